@@ -1,0 +1,22 @@
+// Small operations on UTF-16 text that every module needs.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+char16_t FoldCase(char16_t unit); // simple upper case of a BMP character, the same on every system
+bool EqualIgnoringCase(std::u16string_view a, std::u16string_view b);
+bool StartsWithIgnoringCase(std::u16string_view text, std::u16string_view start);
+
+std::u16string_view TrimBlanks(std::u16string_view text); // blanks (U+0020) only
+std::vector<std::u16string> Split(std::u16string_view text, std::u16string_view separator); // "" gives {""}
+std::u16string Join(const std::vector<std::u16string>& parts, std::u16string_view separator);
+std::u16string Replace(std::u16string_view text, std::u16string_view from, std::u16string_view to);
+
+// The number at the start of a text, after blanks: sign, digits, one ".", digits. 0 when there is none.
+double NumericValue(std::u16string_view text);
+std::int32_t WholeNumber(std::u16string_view text); // NumericValue, a half rounded to even, kept in 32 bits
+std::int32_t RoundToEven(double value);             // kept in 32 bits; 0 for a NaN
+std::u16string NumberText(std::int64_t value);

@@ -1,0 +1,13 @@
+// UTF-8 and UTF-16.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+bool IsValidUtf8(std::string_view bytes); // no surrogates, no overlong forms, at most U+10FFFF
+
+// Each byte that is no part of a valid sequence becomes `replacement`.
+std::u16string Utf8ToUtf16(std::string_view bytes, char16_t replacement = u'\uFFFD');
+
+// A lone surrogate becomes U+FFFD.
+std::string Utf16ToUtf8(std::u16string_view text);

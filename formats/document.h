@@ -1,0 +1,84 @@
+// A styled text: what the RTF reader makes, what a view of our own shows and what the RTF writer writes.
+//
+// The text is UTF-16. u'\n' ends a paragraph, u'\v' breaks a line inside one, u'\t' is a tab, U+FFFC stands
+// for a picture. In a table every cell ends with U+0007 (it ends the cell's last paragraph) and every row
+// with one u'\n' of its own after its last cell.
+#pragma once
+
+#include "platform/geometry.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+enum class Script : std::uint8_t { Normal, Superscript, Subscript };
+
+struct CharStyle {
+    std::uint16_t font = 0;       // index in Document::fonts
+    std::uint16_t halfPoints = 24;
+    Color foreground = 0, background = 0;
+    bool autoForeground = true, autoBackground = true; // none given: the reader's own
+    bool bold = false, italic = false, underline = false, strikethrough = false;
+    bool rightToLeft = false;
+    Script script = Script::Normal;
+    std::uint16_t link = 0;       // 1-based index in Document::links, 0 for none
+    bool operator==(const CharStyle&) const = default;
+};
+
+struct ParagraphStyle {
+    Alignment alignment = Alignment::Left;
+    bool rightToLeft = false;
+    std::int32_t leftIndent = 0, rightIndent = 0, firstLineIndent = 0; // twips; the first is relative to left
+    std::int32_t spaceBefore = 0, spaceAfter = 0;                       // twips
+    std::int32_t lineSpacing = 0; // twips; 0 single, < 0 exactly, > 0 at least; see lineSpacingIsMultiple
+    bool lineSpacingIsMultiple = false; // lineSpacing is then in 240ths of a line
+    std::vector<std::int32_t> tabStops; // twips from the left edge, ascending
+    bool operator==(const ParagraphStyle&) const = default;
+};
+
+// From `start` up to the next run's start (or the end of the text) the style of this index holds.
+// A paragraph has the style that holds at its terminating character.
+struct StyleRun {
+    TextPos start = 0;
+    std::uint32_t style = 0;
+};
+
+enum class PictureFormat : std::uint8_t { Png, Jpeg, Other };
+
+struct Picture {
+    TextPos position = 0; // of its U+FFFC
+    PictureFormat format = PictureFormat::Other;
+    std::int32_t widthTwips = 0, heightTwips = 0; // as it is to be shown; 0 when the file does not say
+    std::string bytes;                            // the image file; empty for Other
+};
+
+struct TableCell {
+    TextPos start = 0, end = 0;   // `end` is just past its U+0007
+    std::int32_t rightEdge = 0;   // twips from the row's left edge
+    std::uint16_t columnSpan = 1; // cells merged into this one horizontally
+    bool mergedAbove = false;     // belongs to the cell above; its own text is not shown
+    bool borderLeft = false, borderTop = false, borderRight = false, borderBottom = false;
+    Color background = 0;
+    bool autoBackground = true;
+};
+
+struct TableRow {
+    TextPos start = 0, end = 0; // `end` is just past the row's u'\n'
+    std::int32_t leftEdge = 0;  // twips, may be negative
+    std::int32_t cellGap = 0;   // twips, half the space between cells
+    bool rightToLeft = false;
+    std::vector<TableCell> cells; // in logical order
+};
+
+struct Document {
+    std::u16string text;
+    std::vector<std::u16string> fonts{u""}; // 0 is the document's default; "" is the reader's own
+    std::vector<CharStyle> charStyles{CharStyle{}};
+    std::vector<ParagraphStyle> paragraphStyles{ParagraphStyle{}};
+    std::vector<StyleRun> charRuns{StyleRun{}};      // ascending starts, the first at 0
+    std::vector<StyleRun> paragraphRuns{StyleRun{}}; // likewise
+    std::vector<std::u16string> links;               // addresses
+    std::vector<Picture> pictures;                   // ascending positions
+    std::vector<TableRow> rows;                      // ascending, never nested
+    std::int32_t defaultTab = 720;                   // twips
+};

@@ -1,0 +1,48 @@
+// The port of the file system.
+#pragma once
+
+#include "platform/clock.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+// Paths are full paths as text. A name on disk that is not valid text reaches the core with "?" for each
+// undecipherable byte or character, and no file is found under such a path.
+enum class FileStamp { Creation = 0, LastAccess = 1, LastWrite = 2 };
+
+enum class ReadStatus { Ok, NotFound, NotAFile, Denied, TooLarge, Failed };
+
+// Identity and version of a file's content, to tell whether a copy in memory is still true.
+struct FileVersion {
+    std::uint64_t device = 0, id = 0, size = 0;
+    std::int64_t lastWrite = 0; // nanoseconds
+    bool operator==(const FileVersion&) const = default;
+};
+
+class Files {
+  public:
+    virtual ~Files() = default;
+
+    virtual char16_t Separator() const = 0;
+    // True for anything but a directory whose attributes can be read; false on any error.
+    virtual bool FileExists(const std::u16string& path) const = 0;
+    virtual bool FolderExists(const std::u16string& path) const = 0;
+    virtual bool FolderIsWritable(const std::u16string& path) const = 0;
+    virtual bool CreateFolder(const std::u16string& path) = 0; // with its parents
+    // Whether two existing paths name one and the same file; false when either cannot be read.
+    virtual bool SameFile(const std::u16string& a, const std::u16string& b) const = 0;
+    virtual std::optional<FileVersion> Version(const std::u16string& path) const = 0;
+
+    // Reads a whole regular file; never waits (a pipe or a device is NotAFile). A file of more than
+    // `limit` bytes is TooLarge and `bytes` stays as it was, as on any failure.
+    virtual ReadStatus Read(const std::u16string& path, std::uint64_t limit, std::string& bytes) const = 0;
+    // Puts `bytes` in the place of the file in one step: after a crash at any moment the old or the new
+    // content is there. Keeps the file's read-only attribute, and its last-write time when asked.
+    // False when it could not be done; the old content is then untouched.
+    virtual bool Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) = 0;
+
+    virtual std::optional<DateTime> Stamp(const std::u16string& path, FileStamp) const = 0; // local time
+    virtual bool SetStamp(const std::u16string& path, const DateTime& local, FileStamp) = 0;
+};

@@ -1,0 +1,20 @@
+// Plain values that several ports share.
+#pragma once
+
+#include <cstdint>
+
+// A rectangle in screen pixels.
+struct Rect {
+    int left = 0, top = 0, width = 0, height = 0;
+    bool operator==(const Rect&) const = default;
+};
+
+// A colour in blue-green-red byte order: 0x00BBGGRR.
+using Color = std::uint32_t;
+
+// A position or a length in a text: UTF-16 code units from its start, a paragraph break counts one.
+using TextPos = std::int32_t;
+
+enum class Alignment { Left = 0, Right = 1, Center = 2, Justified = 3 };
+
+enum class Pointer { Default = 0, Hourglass = 11 };

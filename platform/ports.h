@@ -1,0 +1,43 @@
+// All ports of one back end, as the form receives them.
+#pragma once
+
+#include "platform/clock.h"
+#include "platform/dialogs.h"
+#include "platform/files.h"
+#include "platform/html_view.h"
+#include "platform/locale.h"
+#include "platform/menu_bar.h"
+#include "platform/registry.h"
+#include "platform/shell.h"
+#include "platform/status_bar.h"
+#include "platform/text_view.h"
+#include "platform/timer.h"
+#include "platform/version_info.h"
+#include "platform/window.h"
+
+#include <memory>
+
+// Where the program stands and how it was started.
+struct Launch {
+    std::u16string programFolder;  // without a separator at its end
+    std::u16string executableName; // base name, without extension
+    std::u16string userDataFolder; // for a program folder that cannot be written
+    std::u16string commandLine;    // the path of a book as a full path, or ""
+};
+
+struct Ports {
+    Launch launch;
+    std::unique_ptr<Window> window;
+    std::unique_ptr<MenuBar> menuBar;
+    std::unique_ptr<StatusBar> statusBar;
+    std::unique_ptr<TextView> textView;
+    std::unique_ptr<HtmlView> htmlView; // may be null: this front has no HTML engine
+    std::unique_ptr<Dialogs> dialogs;
+    std::unique_ptr<Timer> saveTimer;
+    std::unique_ptr<Shell> shell;
+    std::unique_ptr<Registry> registry;
+    std::unique_ptr<Files> files;
+    std::unique_ptr<VersionInfo> versionInfo;
+    std::unique_ptr<Locale> locale;
+    std::unique_ptr<Clock> clock;
+};

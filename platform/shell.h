@@ -1,0 +1,14 @@
+// The port of the desktop: other programs, and this one's other instances.
+#pragma once
+
+#include <string>
+
+class Shell {
+  public:
+    virtual ~Shell() = default;
+    // The program that edits plain text when the user has chosen none: a full path.
+    virtual std::u16string DefaultTextEditor() const = 0;
+    // Takes the lock of this name for the life of the process; false while another process holds it.
+    // The lock dies with its process, however that ends.
+    virtual bool BecomeOnlyInstance(const std::u16string& name) = 0;
+};

@@ -1,0 +1,74 @@
+// The port of the text view: one read-only, styled text with a caret, a selection and scrolling by lines.
+#pragma once
+
+#include "platform/geometry.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct ViewFont {
+    std::u16string name;
+    double size = 0; // points; 0 means the view's own default
+    int charset = 0; // Windows font character set number
+    bool bold = false, italic = false, underline = false, strikethrough = false;
+    bool operator==(const ViewFont&) const = default;
+};
+
+struct LineSpan {
+    TextPos start = 0, length = 0; // length without the paragraph break
+};
+
+// Positions outside the text are moved to its nearest end by every function. No function fails:
+// a view that cannot do something shows what it can.
+class TextView {
+  public:
+    virtual ~TextView() = default;
+
+    // Content. Both forget selection and scrolling: caret at 0, first line on top.
+    // Plain text may hold any line ends ("\r\n", "\n", "\r"): each becomes one paragraph break.
+    virtual void LoadPlainText(std::u16string text) = 0;
+    // RTF bytes; text without a code page of its own is read in `systemCodePage`. What can be read of
+    // broken input is shown.
+    virtual void LoadRichText(std::string bytes, int systemCodePage) = 0;
+    virtual TextPos TextLength() const = 0;
+    virtual std::u16string TextRange(TextPos start, TextPos length) const = 0;
+
+    // Caret and selection. `Select` scrolls nothing; a length of 0 is a bare caret.
+    virtual void Select(TextPos start, TextPos length) = 0;
+    virtual TextPos SelStart() const = 0;
+    virtual TextPos SelLength() const = 0;
+
+    // Lines as they are shown now, found by a character in them. The line asked for is exact at the top
+    // even before the window is first shown, and stays the top line when the size changes.
+    virtual TextPos FirstVisibleChar() const = 0; // first character of the top visible line
+    virtual LineSpan LineAround(TextPos position) const = 0;
+    virtual void ScrollLineToTop(TextPos position) = 0;
+
+    // Look. `SetFont` sets the font that a text without one of its own is shown in; `ApplyFontToAll`
+    // gives that font to the whole text loaded now, over what the file says, until the next load.
+    virtual void SetFont(const ViewFont&) = 0;
+    virtual void ApplyFontToAll() = 0;
+    // Automatic colour on: the text keeps the colours its file gives it. Off: `SetTextColor`'s for all.
+    virtual bool AutoColor() const = 0;
+    virtual void SetAutoColor(bool) = 0;
+    virtual Color TextColor() const = 0;
+    virtual void SetTextColor(Color) = 0;
+    virtual Color BackColor() const = 0;
+    virtual void SetBackColor(Color) = 0;
+    // Alignment of every paragraph, over what the file says, until the next load.
+    virtual void SetAlignment(Alignment) = 0;
+    // In twips; 0 wraps at the view's edge, else lines break at this width.
+    virtual void SetRightMargin(int twips) = 0;
+
+    virtual void SetBounds(const Rect&) = 0; // in the container panel
+    virtual void SetVisible(bool) = 0;
+    virtual void SetPointer(Pointer) = 0;
+    virtual void FocusView() = 0;
+
+    // Files dropped on the view, as full paths, in the order of the drop; a character that the system's
+    // names can hold but UTF-16 cannot arrives as "?".
+    std::function<void(const std::vector<std::u16string>&)> onFilesDropped;
+};

@@ -1,0 +1,47 @@
+// The port of the main window: frame, state, title, font measure and the events of the form.
+#pragma once
+
+#include "platform/geometry.h"
+#include "platform/text_view.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+enum class WindowState { Normal = 0, Minimized = 1, Maximized = 2 };
+
+// Key codes are Windows virtual-key codes on every system.
+enum ShiftMask { ShiftKey = 1, CtrlKey = 2, AltKey = 4 };
+
+struct WindowEvents {
+    std::function<void()> onResize;                     // moved, resized or changed state
+    std::function<void()> onUnload;                     // closing; the window goes after it returns
+    std::function<void(int keyCode, int shift)> onKeyDown;
+    std::function<void(int keyCode, int shift)> onKeyUp;
+};
+
+class Window {
+  public:
+    virtual ~Window() = default;
+
+    virtual void SetEvents(WindowEvents) = 0;
+    virtual void Open() = 0;  // shows the window for the first time
+    virtual void Close() = 0; // as the user's close does: `onUnload`, then gone
+
+    virtual WindowState State() const = 0;
+    virtual void SetState(WindowState) = 0;
+    // The rectangle the window has now, with its frame, in pixels of the screen; meaningful while the
+    // state is normal. `Move` is for the normal state.
+    virtual Rect Bounds() const = 0;
+    virtual void Move(const Rect&) = 0;
+    virtual int InnerWidth() const = 0;  // pixels inside frame and menu
+    virtual int InnerHeight() const = 0;
+    virtual double TwipsPerPixelX() const = 0; // 15 at 96 dpi
+    virtual double TwipsPerPixelY() const = 0;
+
+    virtual void SetTitle(std::u16string_view) = 0;
+    virtual void ApplySystemFont() = 0;                       // the menu font becomes the window's
+    virtual double TextWidth(std::u16string_view) const = 0;  // pixels, in the window's font
+    virtual void SetPanelBounds(const Rect&) = 0;             // the container of both views
+    virtual ViewFont DefaultViewFont() const = 0;
+};
