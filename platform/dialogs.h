@@ -7,7 +7,7 @@ enum class MessageIcon { None, Information, Question, Exclamation };
 enum class MessageButtons { Ok, OkCancel };
 
 struct Message {
-    std::u16string text;  // lines end in CR LF
+    std::u16string text; // lines end in CR LF
     std::u16string title;
     MessageIcon icon = MessageIcon::None;
     MessageButtons buttons = MessageButtons::Ok;

@@ -3,13 +3,14 @@
 
 #include "platform/clock.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 
-// Paths are full paths as text. A name on disk that is not valid text reaches the core with "?" for each
-// undecipherable byte or character, and no file is found under such a path.
+// Paths are full paths as text. A name on disk that is not valid text reaches the core with "?" for
+// each undecipherable byte or character, and no file is found under such a path.
 enum class FileStamp { Creation = 0, LastAccess = 1, LastWrite = 2 };
 
 enum class ReadStatus { Ok, NotFound, NotAFile, Denied, TooLarge, Failed };
@@ -37,12 +38,18 @@ class Files {
 
     // Reads a whole regular file; never waits (a pipe or a device is NotAFile). A file of more than
     // `limit` bytes is TooLarge and `bytes` stays as it was, as on any failure.
-    virtual ReadStatus Read(const std::u16string& path, std::uint64_t limit, std::string& bytes) const = 0;
-    // Puts `bytes` in the place of the file in one step: after a crash at any moment the old or the new
-    // content is there. Keeps the file's read-only attribute, and its last-write time when asked.
-    // False when it could not be done; the old content is then untouched.
+    virtual ReadStatus Read(const std::u16string& path, std::uint64_t limit,
+                            std::string& bytes) const = 0;
+    // The first bytes of a regular file, `count` at most: what can be told of it without reading it
+    // whole.
+    virtual ReadStatus ReadStart(const std::u16string& path, std::size_t count,
+                                 std::string& bytes) const = 0;
+    // Puts `bytes` in the place of the file in one step: after a crash at any moment the old or the
+    // new content is there. Keeps the file's read-only attribute, and its last-write time when
+    // asked. False when it could not be done; the old content is then untouched.
     virtual bool Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) = 0;
 
-    virtual std::optional<DateTime> Stamp(const std::u16string& path, FileStamp) const = 0; // local time
+    virtual std::optional<DateTime> Stamp(const std::u16string& path,
+                                          FileStamp) const = 0; // local time
     virtual bool SetStamp(const std::u16string& path, const DateTime& local, FileStamp) = 0;
 };

@@ -5,7 +5,8 @@
 
 #include <string>
 
-// A front without an HTML engine has none of these; the core then says so when an HTML book is opened.
+// A front without an HTML engine has none of these; the core then says so when an HTML book is
+// opened.
 class HtmlView {
   public:
     virtual ~HtmlView() = default;

@@ -6,7 +6,8 @@
 #include <string>
 #include <vector>
 
-// One element of a menu. Its caption's access key is marked with "&"; what follows a tab stands at the right.
+// One element of a menu. Its caption's access key is marked with "&"; what follows a tab stands at
+// the right.
 struct MenuItem {
     std::u16string caption;
     std::u16string tag; // storage of the program's own, never shown
@@ -15,6 +16,7 @@ struct MenuItem {
     bool visible = true;
     bool heading = false; // bold and inert
     bool radio = false;   // its check mark is a bullet
+    bool literal = false; // an "&" in the caption is just that (a path, a title, a name)
     int helpContextId = 0;
 
     bool IsSeparator() const { return caption == u"-"; }
@@ -41,8 +43,8 @@ class MenuBar {
   public:
     virtual ~MenuBar() = default;
 
-    // Shows the top-level menus of the model, which outlives this object. The back end reads the items
-    // anew each time a menu opens; `Refresh` is for a change of the top level itself.
+    // Shows the top-level menus of the model, which outlives this object. The back end reads the
+    // items anew each time a menu opens; `Refresh` is for a change of the top level itself.
     virtual void Attach(const std::vector<MenuArray*>& topLevel, MenuEvents) = 0;
     virtual void Refresh() = 0;
 };

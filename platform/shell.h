@@ -8,7 +8,10 @@ class Shell {
     virtual ~Shell() = default;
     // The program that edits plain text when the user has chosen none: a full path.
     virtual std::u16string DefaultTextEditor() const = 0;
-    // Takes the lock of this name for the life of the process; false while another process holds it.
-    // The lock dies with its process, however that ends.
+    // Starts a program, detached and without a shell between, with one argument that reaches it as
+    // it is. Nothing is told of failure.
+    virtual void OpenWith(const std::u16string& program, const std::u16string& argument) = 0;
+    // Takes the lock of this name for the life of the process; false while another process holds
+    // it. The lock dies with its process, however that ends.
     virtual bool BecomeOnlyInstance(const std::u16string& name) = 0;
 };

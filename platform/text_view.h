@@ -1,4 +1,5 @@
-// The port of the text view: one read-only, styled text with a caret, a selection and scrolling by lines.
+// The port of the text view: one read-only, styled text with a caret, a selection and scrolling by
+// lines.
 #pragma once
 
 #include "platform/geometry.h"
@@ -30,8 +31,8 @@ class TextView {
     // Content. Both forget selection and scrolling: caret at 0, first line on top.
     // Plain text may hold any line ends ("\r\n", "\n", "\r"): each becomes one paragraph break.
     virtual void LoadPlainText(std::u16string text) = 0;
-    // RTF bytes; text without a code page of its own is read in `systemCodePage`. What can be read of
-    // broken input is shown.
+    // RTF bytes; text without a code page of its own is read in `systemCodePage`. What can be read
+    // of broken input is shown.
     virtual void LoadRichText(std::string bytes, int systemCodePage) = 0;
     virtual TextPos TextLength() const = 0;
     virtual std::u16string TextRange(TextPos start, TextPos length) const = 0;
@@ -41,17 +42,19 @@ class TextView {
     virtual TextPos SelStart() const = 0;
     virtual TextPos SelLength() const = 0;
 
-    // Lines as they are shown now, found by a character in them. The line asked for is exact at the top
-    // even before the window is first shown, and stays the top line when the size changes.
+    // Lines as they are shown now, found by a character in them. The line asked for is exact at the
+    // top even before the window is first shown, and stays the top line when the size changes.
     virtual TextPos FirstVisibleChar() const = 0; // first character of the top visible line
     virtual LineSpan LineAround(TextPos position) const = 0;
     virtual void ScrollLineToTop(TextPos position) = 0;
 
-    // Look. `SetFont` sets the font that a text without one of its own is shown in; `ApplyFontToAll`
-    // gives that font to the whole text loaded now, over what the file says, until the next load.
+    // Look. `SetFont` sets the font that a text without one of its own is shown in;
+    // `ApplyFontToAll` gives that font to the whole text loaded now, over what the file says, until
+    // the next load.
     virtual void SetFont(const ViewFont&) = 0;
     virtual void ApplyFontToAll() = 0;
-    // Automatic colour on: the text keeps the colours its file gives it. Off: `SetTextColor`'s for all.
+    // Automatic colour on: the text keeps the colours its file gives it. Off: `SetTextColor`'s for
+    // all.
     virtual bool AutoColor() const = 0;
     virtual void SetAutoColor(bool) = 0;
     virtual Color TextColor() const = 0;
@@ -68,7 +71,7 @@ class TextView {
     virtual void SetPointer(Pointer) = 0;
     virtual void FocusView() = 0;
 
-    // Files dropped on the view, as full paths, in the order of the drop; a character that the system's
-    // names can hold but UTF-16 cannot arrives as "?".
+    // Files dropped on the view, as full paths, in the order of the drop; a character that the
+    // system's names can hold but UTF-16 cannot arrives as "?".
     std::function<void(const std::vector<std::u16string>&)> onFilesDropped;
 };

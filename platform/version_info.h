@@ -12,5 +12,6 @@ class VersionInfo {
   public:
     virtual ~VersionInfo() = default;
     virtual ProgramVersion OwnVersion() const = 0;
-    virtual std::u16string FileDescription(const std::u16string& program) const = 0; // "" if it has none
+    virtual std::u16string
+    FileDescription(const std::u16string& program) const = 0; // "" if it has none
 };

@@ -14,8 +14,8 @@ enum class WindowState { Normal = 0, Minimized = 1, Maximized = 2 };
 enum ShiftMask { ShiftKey = 1, CtrlKey = 2, AltKey = 4 };
 
 struct WindowEvents {
-    std::function<void()> onResize;                     // moved, resized or changed state
-    std::function<void()> onUnload;                     // closing; the window goes after it returns
+    std::function<void()> onResize; // moved, resized or changed state
+    std::function<void()> onUnload; // closing; the window goes after it returns
     std::function<void(int keyCode, int shift)> onKeyDown;
     std::function<void(int keyCode, int shift)> onKeyUp;
 };
@@ -30,18 +30,18 @@ class Window {
 
     virtual WindowState State() const = 0;
     virtual void SetState(WindowState) = 0;
-    // The rectangle the window has now, with its frame, in pixels of the screen; meaningful while the
-    // state is normal. `Move` is for the normal state.
+    // The rectangle the window has now, with its frame, in pixels of the screen; meaningful while
+    // the state is normal. `Move` is for the normal state.
     virtual Rect Bounds() const = 0;
     virtual void Move(const Rect&) = 0;
-    virtual int InnerWidth() const = 0;  // pixels inside frame and menu
+    virtual int InnerWidth() const = 0; // pixels inside frame and menu
     virtual int InnerHeight() const = 0;
     virtual double TwipsPerPixelX() const = 0; // 15 at 96 dpi
     virtual double TwipsPerPixelY() const = 0;
 
     virtual void SetTitle(std::u16string_view) = 0;
-    virtual void ApplySystemFont() = 0;                       // the menu font becomes the window's
-    virtual double TextWidth(std::u16string_view) const = 0;  // pixels, in the window's font
-    virtual void SetPanelBounds(const Rect&) = 0;             // the container of both views
+    virtual void ApplySystemFont() = 0;                      // the menu font becomes the window's
+    virtual double TextWidth(std::u16string_view) const = 0; // pixels, in the window's font
+    virtual void SetPanelBounds(const Rect&) = 0;            // the container of both views
     virtual ViewFont DefaultViewFont() const = 0;
 };

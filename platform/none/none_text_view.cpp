@@ -1,0 +1,74 @@
+#include "platform/none/none_text_view.h"
+
+#include "formats/rtf_reader.h"
+
+#include <algorithm>
+
+namespace {
+bool IsLowSurrogate(char16_t unit) {
+    return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+} // namespace
+
+void NoneTextView::LoadPlainText(std::u16string text) {
+    std::size_t to = 0;
+    for (std::size_t from = 0; from < text.size(); ++from) {
+        const bool crLf = text[from] == u'\r' && from + 1 < text.size() && text[from + 1] == u'\n';
+        if (crLf) ++from;
+        text[to++] = text[from] == u'\r' ? u'\n' : text[from];
+    }
+    text.resize(to);
+    Load(std::move(text));
+}
+
+void NoneTextView::LoadRichText(std::string bytes, int systemCodePage) {
+    Load(ReadRtf(bytes, systemCodePage).text);
+}
+
+void NoneTextView::Load(std::u16string text) {
+    text_ = std::move(text);
+    selStart_ = selLength_ = anchor_ = 0;
+    ++loads;
+}
+
+TextPos NoneTextView::TextLength() const {
+    return static_cast<TextPos>(text_.size());
+}
+
+TextPos NoneTextView::Clamp(TextPos position) const {
+    return std::clamp(position, 0, TextLength());
+}
+
+std::u16string NoneTextView::TextRange(TextPos start, TextPos length) const {
+    const TextPos from = Clamp(start);
+    return text_.substr(from, std::clamp(length, 0, TextLength() - from));
+}
+
+void NoneTextView::Select(TextPos start, TextPos length) {
+    selStart_ = Clamp(start);
+    selLength_ = std::clamp(length, 0, TextLength() - selStart_);
+}
+
+TextPos NoneTextView::Columns() const {
+    const int pixels = rightMargin_ > 0 ? rightMargin_ / 15 : bounds_.width;
+    return std::max(2, pixels / CellWidth);
+}
+
+LineSpan NoneTextView::LineAround(TextPos position) const {
+    const TextPos at = Clamp(position);
+    const auto paragraphBreak = at == 0 ? std::u16string::npos : text_.rfind(u'\n', at - 1);
+    TextPos start =
+        paragraphBreak == std::u16string::npos ? 0 : static_cast<TextPos>(paragraphBreak) + 1;
+    const TextPos end = static_cast<TextPos>(std::min(text_.find(u'\n', at), text_.size()));
+    for (;;) {
+        TextPos next = start + Columns();
+        if (next < end && IsLowSurrogate(text_[next])) --next;
+        if (next > at || next >= end) return {start, std::min(next, end) - start};
+        start = next;
+    }
+}
+
+void NoneTextView::ScrollLineToTop(TextPos position) {
+    anchor_ = LineAround(position).start;
+    ++scrolls;
+}

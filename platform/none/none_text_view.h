@@ -1,0 +1,64 @@
+// The headless text view: lines of a fixed number of columns, and a memory of what it was asked.
+#pragma once
+
+#include "platform/text_view.h"
+
+class NoneTextView : public TextView {
+  public:
+    // A character cell of 8 by 16 pixels.
+    static constexpr int CellWidth = 8, CellHeight = 16;
+
+    void LoadPlainText(std::u16string text) override;
+    void LoadRichText(std::string bytes, int systemCodePage) override;
+    TextPos TextLength() const override;
+    std::u16string TextRange(TextPos start, TextPos length) const override;
+
+    void Select(TextPos start, TextPos length) override;
+    TextPos SelStart() const override { return selStart_; }
+    TextPos SelLength() const override { return selLength_; }
+
+    TextPos FirstVisibleChar() const override { return LineAround(anchor_).start; }
+    LineSpan LineAround(TextPos position) const override;
+    void ScrollLineToTop(TextPos position) override;
+
+    void SetFont(const ViewFont& font) override { font_ = font; }
+    void ApplyFontToAll() override { ++fontApplications; }
+    bool AutoColor() const override { return autoColor_; }
+    void SetAutoColor(bool on) override { autoColor_ = on; }
+    Color TextColor() const override { return textColor_; }
+    void SetTextColor(Color color) override { textColor_ = color; }
+    Color BackColor() const override { return backColor_; }
+    void SetBackColor(Color color) override { backColor_ = color; }
+    void SetAlignment(Alignment alignment) override { alignment_ = alignment; }
+    void SetRightMargin(int twips) override { rightMargin_ = twips; }
+
+    void SetBounds(const Rect& bounds) override { bounds_ = bounds; }
+    void SetVisible(bool visible) override { visible_ = visible; }
+    void SetPointer(Pointer pointer) override { pointer_ = pointer; }
+    void FocusView() override {}
+
+    // What was asked, for tests.
+    int loads = 0, scrolls = 0, fontApplications = 0;
+    const ViewFont& Font() const { return font_; }
+    Alignment ShownAlignment() const { return alignment_; }
+    int RightMargin() const { return rightMargin_; }
+    const Rect& Bounds() const { return bounds_; }
+    bool Visible() const { return visible_; }
+    Pointer ShownPointer() const { return pointer_; }
+
+  private:
+    void Load(std::u16string text);
+    TextPos Clamp(TextPos position) const;
+    TextPos Columns() const;
+
+    std::u16string text_;
+    TextPos selStart_ = 0, selLength_ = 0;
+    TextPos anchor_ = 0; // a character of the top line
+    ViewFont font_;
+    bool autoColor_ = false, visible_ = true;
+    Color textColor_ = 0, backColor_ = 0xFFFFFF;
+    Alignment alignment_ = Alignment::Left;
+    int rightMargin_ = 0;
+    Rect bounds_{0, 0, 640, 400};
+    Pointer pointer_ = Pointer::Default;
+};
