@@ -32,16 +32,6 @@ char32_t SequenceValue(const unsigned char* at, int length) {
     }
 }
 
-char16_t* PutUtf16(char32_t value, char16_t* out) {
-    if (value < 0x10000) {
-        *out++ = static_cast<char16_t>(value);
-    } else {
-        *out++ = static_cast<char16_t>(0xD7C0 + (value >> 10));
-        *out++ = static_cast<char16_t>(0xDC00 + (value & 0x3FF));
-    }
-    return out;
-}
-
 // Exact for valid UTF-8: each sequence has one byte that continues none, and the longest make a
 // pair.
 std::size_t Utf16Length(std::string_view bytes) {
