@@ -72,6 +72,8 @@ int FillHistory(MainForm& form, const std::vector<std::u16string>& records) {
     for (int i = 0; i < static_cast<int>(records.size()); ++i) {
         if (i == list.Count()) AddMenuItem(list);
         list[i].tag = records[i];
+        if (records[i].find(u'=') == std::u16string::npos)
+            list[i].tag += u'='; // a path alone is a record, too
         list[i].checked = false;
         list[i].visible = true;
         SetHistoryCaption(form, i);

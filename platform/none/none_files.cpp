@@ -102,6 +102,14 @@ ReadStatus NoneFiles::Read(const std::u16string& path, std::uint64_t limit,
     return ReadStatus::Ok;
 }
 
+ReadStatus NoneFiles::ReadStart(const std::u16string& path, std::size_t count,
+                                std::string& bytes) const {
+    std::string whole;
+    const ReadStatus status = Read(path, ~std::uint64_t{0}, whole);
+    if (status == ReadStatus::Ok) bytes = whole.substr(0, count);
+    return status;
+}
+
 bool NoneFiles::Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) {
     const bool done = WriteOver(path, bytes, keepFileTime);
     replaceCalls.push_back({path, std::string(bytes), keepFileTime, done});

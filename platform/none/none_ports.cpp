@@ -31,11 +31,12 @@ Ports MakeNonePorts() {
     ports.saveTimer = std::make_unique<NoneTimer>();
     ports.shell = std::make_unique<NoneShell>();
     ports.registry = std::make_unique<NoneRegistry>();
-    ports.files = std::make_unique<NoneFiles>();
+    auto clock = std::make_unique<NoneClock>();
+    ports.files = std::make_unique<NoneFiles>(*clock);
+    ports.clock = std::move(clock);
     auto versionInfo = std::make_unique<NoneVersionInfo>();
     versionInfo->version = {u"The Company", u"Norvaset", u"", u"", u"", u"", 2, 5, 12};
     ports.versionInfo = std::move(versionInfo);
     ports.locale = std::make_unique<NoneLocale>();
-    ports.clock = std::make_unique<NoneClock>();
     return ports;
 }
