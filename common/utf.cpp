@@ -71,17 +71,22 @@ void AppendUtf8(char32_t value, std::string& bytes) {
 
 } // namespace
 
-bool IsValidUtf8(std::string_view bytes) {
-    const auto* at = reinterpret_cast<const unsigned char*>(bytes.data());
-    const unsigned char* const end = at + bytes.size();
+std::size_t ValidUtf8Length(std::string_view bytes) {
+    const auto* const start = reinterpret_cast<const unsigned char*>(bytes.data());
+    const unsigned char* const end = start + bytes.size();
+    const unsigned char* at = start;
     while (at != end) {
         at += AsciiLength(at, end);
         if (at == end) break;
         const int length = SequenceLength(at, end);
-        if (length == 0) return false;
+        if (length == 0) break;
         at += length;
     }
-    return true;
+    return static_cast<std::size_t>(at - start);
+}
+
+bool IsValidUtf8(std::string_view bytes) {
+    return ValidUtf8Length(bytes) == bytes.size();
 }
 
 std::u16string Utf8ToUtf16(std::string_view bytes, char16_t replacement) {
