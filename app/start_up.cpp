@@ -104,8 +104,7 @@ void Form_Unload(MainForm& form) {
 }
 
 void toSave_Timer(MainForm& form) {
-    const double ticks = NumericValue(form.toSaveTag) + 1;
-    const int next = static_cast<int>(ticks) % 60;
+    const int next = (WholeNumber(form.toSaveTag) % 60 + 1) % 60;
     form.toSaveTag = NumberText(next);
     if (next == 0) SaveBookState(form, 0);
 }

@@ -30,7 +30,7 @@ int AddBook(MainForm& form, const std::u16string& path, int kind) {
     SaveBookState(form, 0);
     form.menu.mFileEdit[0].tag = NumberText(kind);
     const int added = AddHistoryItem(form, NewRecord(form, path, kind));
-    SaveBookState(form, added);
+    SaveNewBookState(form, added);
     SetHistoryCaption(form, added);
     SyncRemoveMenu(form, added);
     return added;
@@ -49,7 +49,8 @@ std::u16string InitialFolder(const MainForm& form, std::u16string path,
     const char16_t separator = form.ports.files->Separator();
     if (path.ends_with(separator)) path += u"-.-";
     const auto end = path.rfind(separator);
-    std::u16string folder = end == std::u16string::npos ? u"" : path.substr(0, end + 1);
+    std::u16string folder = end == std::u16string::npos ? u"" : path.substr(0, end);
+    if (end == 0) folder = separator;
     if (folder.empty()) folder = fallback;
     const bool gone = !form.ports.files->FolderExists(folder);
     return gone ? form.ports.launch.rootFolder : folder;

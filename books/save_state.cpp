@@ -24,19 +24,24 @@ void TakeLook(const MainForm& form, BookRecord& record) {
     record[Field::Align] = NumberText(CheckedItem(form.menu.mViewAlign));
     record[Field::ForeColor] = NumberText(form.textColor);
 }
-} // namespace
 
-void SaveBookState(MainForm& form, int index) {
-    if (index == 0 && !IsBookShown(form))
-        return; // the first of the list was never opened: nothing to keep
+void UpdateRecord(MainForm& form, int index, bool takesPlace) {
     BookRecord record = BookRecord::Parse(form.menu.mFileList[index].tag);
     record[Field::Access] = StoredDateTime(form.ports.clock->Now());
     record[Field::Charset] = NumberText(form.viewFont.charset);
     record[Field::BackColor] = NumberText(form.ports.textView->BackColor());
     if (record.Number(Field::Filter) != HtmlBook) {
         TakeLook(form, record);
-        if (index == 0) record[Field::LastPos] = NumberText(FirstVisibleChar(*form.ports.textView));
+        if (takesPlace) record[Field::LastPos] = NumberText(FirstVisibleChar(*form.ports.textView));
     }
     form.menu.mFileList[index].tag = record.ToText();
     SaveHistoryItem(form, index);
 }
+} // namespace
+
+void SaveBookState(MainForm& form, int index) {
+    if (index == 0 && !IsBookShown(form)) return; // the first of the list was never opened: nothing to keep
+    UpdateRecord(form, index, index == 0);
+}
+
+void SaveNewBookState(MainForm& form, int index) { UpdateRecord(form, index, false); }

@@ -32,7 +32,9 @@ Ports MakeNonePorts() {
     ports.shell = std::make_unique<NoneShell>();
     ports.registry = std::make_unique<NoneRegistry>();
     auto clock = std::make_unique<NoneClock>();
-    ports.files = std::make_unique<NoneFiles>(*clock);
+    auto files = std::make_unique<NoneFiles>(*clock);
+    files->AddFolder(ports.launch.programFolder);
+    ports.files = std::move(files);
     ports.clock = std::move(clock);
     auto versionInfo = std::make_unique<NoneVersionInfo>();
     versionInfo->version = {u"The Company", u"Norvaset", u"", u"", u"", u"", 2, 5, 12};

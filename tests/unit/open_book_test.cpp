@@ -57,7 +57,7 @@ TEST_CASE("open: rich text in capitals is told from its content, for All Files o
     test.PutBook(u"/b/b.log");
     OpenByDialog(test, u"/b/b.log", 1);
     CHECK(test.Record(0)[Field::Filter] == u"0"); // the filter says so
-    CHECK(test.Dialogs().openRequests[1].initialFolder == u"/b/");
+    CHECK(test.Dialogs().openRequests[1].initialFolder == u"/b");
 }
 
 TEST_CASE("open: a cancelled dialog changes nothing") {
@@ -130,7 +130,7 @@ TEST_CASE("open: a new book has its size, the present look, no place, and starts
     CHECK(record[Field::LastPos] == u"");
     CHECK(record[Field::Access] == u"2026:01:02:03:04:05");
     CHECK(test.View().FirstVisibleChar() == 0);
-    CHECK(test.Record(1)[Field::LastPos] == u"493"); // the book left keeps its place
+    CHECK(test.Record(1)[Field::LastPos] == u"494"); // the book left keeps its place
     CHECK(test.Menu().mBookmark[0].enabled);
 }
 
@@ -323,8 +323,8 @@ TEST_CASE("open: 8-bit text is read in the code page of the book's charset") {
 TEST_CASE("open: a dialog's first folder") {
     TestForm test;
     test.Files().AddFolder(u"/b/x");
-    CHECK(InitialFolder(test.form, u"/b/x/a.txt", u"/") == u"/b/x/");
-    CHECK(InitialFolder(test.form, u"/b/x/", u"/") == u"/b/x/");
+    CHECK(InitialFolder(test.form, u"/b/x/a.txt", u"/") == u"/b/x");
+    CHECK(InitialFolder(test.form, u"/b/x/", u"/") == u"/b/x");
     CHECK(InitialFolder(test.form, u"", u"/b") == u"/b");
     CHECK(InitialFolder(test.form, u"/gone/a.txt", u"/b") == u"/");
 }

@@ -8,6 +8,7 @@
 #include "common/list_persistence.h"
 #include "common/menu_items.h"
 #include "platform/none/none_ports.h"
+#include "show_text.h"
 
 #include <string>
 #include <vector>
