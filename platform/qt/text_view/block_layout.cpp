@@ -1,0 +1,140 @@
+#include "platform/qt/text_view/block_layout.h"
+
+#include "platform/qt/text_view/row_layout.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace {
+const ParagraphLayout& ParagraphOf(const BlockLayout& layout, LineRef line) {
+    return layout.paragraphs[line.paragraph];
+}
+
+bool FirstInCell(const BlockLayout& layout, std::size_t paragraph) {
+    return paragraph == 0 ||
+           layout.paragraphs[paragraph].cell != layout.paragraphs[paragraph - 1].cell;
+}
+
+bool LastInCell(const BlockLayout& layout, std::size_t paragraph) {
+    return paragraph + 1 == layout.paragraphs.size() || FirstInCell(layout, paragraph + 1);
+}
+
+BlockLayout LayOutSingle(const LayoutContext& context, const TextBlock& block) {
+    const bool last = EndsParagraph(context.document, block);
+    const bool atEnd = block.end == TextPos(context.document.text.size());
+    const ParagraphPart part{
+        block.start,   block.end - (last ? 1 : 0), StartsParagraph(context.document, block),
+        last || atEnd, context.breakWidth,         context.viewWidth};
+    BlockLayout layout;
+    layout.block = block;
+    layout.paragraphs.push_back(LayOutParagraph(context, part));
+    layout.height = layout.paragraphs.front().Height();
+    layout.width = layout.paragraphs.front().width;
+    return layout;
+}
+
+int Distance(int at, int from, int to) {
+    return at < from ? from - at : at >= to ? at - to + 1 : 0;
+}
+
+// The paragraph nearest to a point: first by column, then by height.
+std::size_t NearestParagraph(const BlockLayout& layout, QPoint point) {
+    std::size_t nearest = 0;
+    auto least = std::pair(std::numeric_limits<int>::max(), 0);
+    for (std::size_t i = 0; i < layout.paragraphs.size(); ++i) {
+        const ParagraphLayout& paragraph = layout.paragraphs[i];
+        std::pair distance(0, Distance(point.y(), paragraph.origin.y(),
+                                       paragraph.origin.y() + paragraph.Height()));
+        if (!layout.cells.empty()) {
+            const QRect& box = layout.cells[paragraph.cell].box;
+            distance.first = Distance(point.x(), box.left(), box.left() + box.width());
+        }
+        if (distance < least) {
+            least = distance;
+            nearest = i;
+        }
+    }
+    return nearest;
+}
+
+int LineIndexAt(const ParagraphLayout& paragraph, int y) {
+    const auto last = paragraph.tops.end() - 1;
+    const auto after = std::upper_bound(paragraph.tops.begin() + 1, last, y);
+    return int(after - paragraph.tops.begin()) - 1;
+}
+} // namespace
+
+BlockLayout LayOutBlock(const LayoutContext& context, const TextBlock& block) {
+    return block.row ? LayOutRow(context, block) : LayOutSingle(context, block);
+}
+
+LineRef LineOf(const BlockLayout& layout, TextPos position) {
+    const auto& all = layout.paragraphs;
+    const auto after =
+        std::upper_bound(all.begin() + 1, all.end(), position,
+                         [](TextPos at, const ParagraphLayout& p) { return at < p.start; });
+    const std::size_t index = std::size_t(after - all.begin()) - 1;
+    return {index, all[index].LineOf(position)};
+}
+
+TextPos LineStart(const BlockLayout& layout, LineRef line) {
+    return ParagraphOf(layout, line).LineStart(line.line);
+}
+
+TextPos LineEnd(const BlockLayout& layout, LineRef line) {
+    return ParagraphOf(layout, line).LineEnd(line.line);
+}
+
+int LineTop(const BlockLayout& layout, LineRef line) {
+    if (line.line == 0 && FirstInCell(layout, line.paragraph)) return 0;
+    const ParagraphLayout& paragraph = ParagraphOf(layout, line);
+    return paragraph.origin.y() + paragraph.tops[line.line];
+}
+
+int LineBottom(const BlockLayout& layout, LineRef line) {
+    const ParagraphLayout& paragraph = ParagraphOf(layout, line);
+    if (line.line + 1 == paragraph.LineCount() && LastInCell(layout, line.paragraph))
+        return layout.height;
+    return paragraph.origin.y() + paragraph.tops[line.line + 1];
+}
+
+LineRef LineAtHeight(const BlockLayout& layout, int y) {
+    LineRef lowest;
+    int lowestTop = -1;
+    for (std::size_t i = 0; i < layout.paragraphs.size(); ++i) {
+        const ParagraphLayout& paragraph = layout.paragraphs[i];
+        const LineRef line{i, LineIndexAt(paragraph, y - paragraph.origin.y())};
+        const int top = LineTop(layout, line);
+        if (top > y || top <= lowestTop) continue;
+        lowest = line;
+        lowestTop = top;
+    }
+    return lowest;
+}
+
+TextPos PositionAt(const BlockLayout& layout, QPoint point) {
+    const std::size_t index = NearestParagraph(layout, point);
+    const ParagraphLayout& paragraph = layout.paragraphs[index];
+    const LineRef line{index, LineIndexAt(paragraph, point.y() - paragraph.origin.y())};
+    return PositionInLine(layout, line, point.x());
+}
+
+TextPos PositionInLine(const BlockLayout& layout, LineRef ref, int x) {
+    const ParagraphLayout& paragraph = ParagraphOf(layout, ref);
+    const QTextLine line = paragraph.text->lineAt(ref.line);
+    const TextPos position = paragraph.start + line.xToCursor(x - paragraph.origin.x());
+    // Behind the last character of a wrapped line is already the next line.
+    const TextPos end = LineEnd(layout, ref);
+    if (position < end || ref.line + 1 == paragraph.LineCount()) return position;
+    return paragraph.start + paragraph.text->previousCursorPosition(end - paragraph.start);
+}
+
+QRect CaretBox(const BlockLayout& layout, TextPos position) {
+    const LineRef ref = LineOf(layout, position);
+    const ParagraphLayout& paragraph = ParagraphOf(layout, ref);
+    const TextPos at = std::clamp(position, paragraph.start, paragraph.end) - paragraph.start;
+    const QTextLine line = paragraph.text->lineAt(ref.line);
+    const int x = int(std::floor(line.cursorToX(at)));
+    return QRect(x, int(line.y()), 1, int(std::ceil(line.height()))).translated(paragraph.origin);
+}

@@ -1,0 +1,44 @@
+// A block laid out: one paragraph, or the cells of a table row side by side.
+#pragma once
+
+#include "platform/qt/text_view/paragraph_layout.h"
+#include "platform/qt/text_view/text_blocks.h"
+
+#include <QRect>
+
+#include <vector>
+
+struct CellLayout {
+    QRect box; // in the block
+    const TableCell* cell = nullptr;
+};
+
+struct BlockLayout {
+    TextBlock block;
+    int height = 0, width = 0;
+    std::vector<CellLayout> cells;           // none but in a table row
+    std::vector<ParagraphLayout> paragraphs; // never empty, by ascending start
+};
+
+struct LineRef {
+    std::size_t paragraph = 0;
+    int line = 0;
+    bool operator==(const LineRef&) const = default;
+};
+
+BlockLayout LayOutBlock(const LayoutContext& context, const TextBlock& block);
+
+LineRef LineOf(const BlockLayout& layout, TextPos position); // the nearest, for a hidden character
+TextPos LineStart(const BlockLayout& layout, LineRef line);
+TextPos LineEnd(const BlockLayout& layout, LineRef line); // without the paragraph break
+
+// The lines of a block tile its height, so that scrolling by lines leaves no part out: a block's
+// first line begins at its top. In a table row they overlap where cells are side by side.
+int LineTop(const BlockLayout& layout, LineRef line);
+int LineBottom(const BlockLayout& layout, LineRef line);
+LineRef LineAtHeight(const BlockLayout& layout, int y); // the lowest line that begins at or above y
+
+// The caret position nearest to a point, and where the caret at a position is drawn.
+TextPos PositionAt(const BlockLayout& layout, QPoint point);
+TextPos PositionInLine(const BlockLayout& layout, LineRef line, int x);
+QRect CaretBox(const BlockLayout& layout, TextPos position);

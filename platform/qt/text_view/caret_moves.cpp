@@ -1,0 +1,147 @@
+#include "platform/qt/text_view/caret_moves.h"
+
+#include <QTextBoundaryFinder>
+
+#include <algorithm>
+
+namespace {
+// A paragraph of a laid-out block, with the caret's place in it.
+struct Place {
+    TextLayouts::Layout layout;
+    LineRef line;
+    TextPos at = 0; // in the paragraph
+
+    Place(TextLayouts& layouts, TextPos position)
+        : layout(layouts.At(position)), line(LineOf(*layout, position)) {
+        at = std::clamp(position, Paragraph().start, Paragraph().end) - Paragraph().start;
+    }
+    const ParagraphLayout& Paragraph() const { return layout->paragraphs[line.paragraph]; }
+    QTextLayout& Text() const { return *Paragraph().text; }
+    TextPos Position(int inParagraph) const { return Paragraph().start + inParagraph; }
+};
+
+bool RightToLeft(const Place& place) {
+    return place.Text().textOption().textDirection() == Qt::RightToLeft;
+}
+
+// Before the last character of a piece that no paragraph break ends: behind it is the next piece.
+TextPos LastPosition(const ParagraphLayout& paragraph, TextPos nextStart) {
+    if (paragraph.end < nextStart || paragraph.end == paragraph.start) return paragraph.end;
+    const int length = paragraph.end - paragraph.start;
+    return paragraph.start + paragraph.text->previousCursorPosition(length);
+}
+
+TextPos NextParagraph(TextLayouts& layouts, const Place& place) {
+    const std::size_t next = place.line.paragraph + 1;
+    if (next < place.layout->paragraphs.size()) return place.layout->paragraphs[next].start;
+    const auto after = layouts.After(place.layout);
+    return after ? after->block.start : place.Paragraph().end;
+}
+
+TextPos PreviousParagraph(TextLayouts& layouts, const Place& place) {
+    const TextPos start = place.Paragraph().start;
+    if (place.line.paragraph > 0)
+        return LastPosition(place.layout->paragraphs[place.line.paragraph - 1], start);
+    const auto before = layouts.Before(place.layout);
+    return before ? LastPosition(before->paragraphs.back(), start) : start;
+}
+
+TextPos Forward(TextLayouts& layouts, const Place& place, QTextLayout::CursorMode mode) {
+    const int to = place.Text().nextCursorPosition(place.at, mode);
+    return to == place.at ? NextParagraph(layouts, place) : place.Position(to);
+}
+
+TextPos Backward(TextLayouts& layouts, const Place& place, QTextLayout::CursorMode mode) {
+    const int to = place.Text().previousCursorPosition(place.at, mode);
+    return to == place.at ? PreviousParagraph(layouts, place) : place.Position(to);
+}
+
+// The same cell's line `step` lines further, or none.
+bool StepLine(Place& place, int step) {
+    const int line = place.line.line + step;
+    if (line >= 0 && line < place.Paragraph().LineCount()) {
+        place.line.line = line;
+        return true;
+    }
+    const auto& all = place.layout->paragraphs;
+    const std::size_t other = place.line.paragraph + std::size_t(step); // wraps below 0
+    if (other >= all.size() || all[other].cell != place.Paragraph().cell) return false;
+    place.line = {other, step > 0 ? 0 : all[other].LineCount() - 1};
+    return true;
+}
+} // namespace
+
+TextPos CaretLeft(TextLayouts& layouts, TextPos position) {
+    const Place place(layouts, position);
+    const int to = place.Text().leftCursorPosition(place.at);
+    if (to != place.at) return place.Position(to);
+    return RightToLeft(place) ? NextParagraph(layouts, place) : PreviousParagraph(layouts, place);
+}
+
+TextPos CaretRight(TextLayouts& layouts, TextPos position) {
+    const Place place(layouts, position);
+    const int to = place.Text().rightCursorPosition(place.at);
+    if (to != place.at) return place.Position(to);
+    return RightToLeft(place) ? PreviousParagraph(layouts, place) : NextParagraph(layouts, place);
+}
+
+TextPos WordLeft(TextLayouts& layouts, TextPos position) {
+    const Place place(layouts, position);
+    return RightToLeft(place) ? Forward(layouts, place, QTextLayout::SkipWords)
+                              : Backward(layouts, place, QTextLayout::SkipWords);
+}
+
+TextPos WordRight(TextLayouts& layouts, TextPos position) {
+    const Place place(layouts, position);
+    return RightToLeft(place) ? Backward(layouts, place, QTextLayout::SkipWords)
+                              : Forward(layouts, place, QTextLayout::SkipWords);
+}
+
+TextPos CaretUp(TextLayouts& layouts, TextPos position, int x) {
+    Place place(layouts, position);
+    if (StepLine(place, -1)) return PositionInLine(*place.layout, place.line, x);
+    const auto before = layouts.Before(place.layout);
+    return before ? PositionAt(*before, QPoint(x, before->height - 1)) : position;
+}
+
+TextPos CaretDown(TextLayouts& layouts, TextPos position, int x) {
+    Place place(layouts, position);
+    if (StepLine(place, 1)) return PositionInLine(*place.layout, place.line, x);
+    const auto after = layouts.After(place.layout);
+    return after ? PositionAt(*after, QPoint(x, 0)) : position;
+}
+
+TextPos CaretHome(TextLayouts& layouts, TextPos position) {
+    const Place place(layouts, position);
+    return LineStart(*place.layout, place.line);
+}
+
+TextPos CaretEnd(TextLayouts& layouts, TextPos position) {
+    const Place place(layouts, position);
+    const TextPos end = LineEnd(*place.layout, place.line);
+    const bool wrapped = place.line.line + 1 < place.Paragraph().LineCount();
+    const bool cut = end == place.layout->block.end && end > LineStart(*place.layout, place.line) &&
+                     end < TextPos(layouts.Text().text.size()); // in an over-long paragraph
+    if (!wrapped && !cut) return end;
+    return place.Position(place.Text().previousCursorPosition(end - place.Paragraph().start));
+}
+
+TextSpan WordAround(TextLayouts& layouts, TextPos position) {
+    const Place place(layouts, position);
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Word, place.Text().text());
+    finder.setPosition(place.at);
+    const qsizetype length = place.Text().text().size();
+    const qsizetype from =
+        finder.isAtBoundary() && place.at < length ? place.at : finder.toPreviousBoundary();
+    const qsizetype to = finder.toNextBoundary();
+    return {place.Position(int(std::max<qsizetype>(from, 0))),
+            place.Position(int(to < 0 ? length : to))};
+}
+
+TextSpan ParagraphAround(TextLayouts& layouts, TextPos position) {
+    const Place place(layouts, position);
+    TextSpan span{place.Paragraph().start, place.Paragraph().end};
+    const auto& text = layouts.Text().text;
+    if (span.end < TextPos(text.size()) && text[span.end] == u'\n') ++span.end;
+    return span;
+}

@@ -1,0 +1,104 @@
+#include "platform/qt/text_view/char_formats.h"
+
+#include "platform/qt/text_view/style_runs.h"
+
+#include <QGuiApplication>
+
+#include <algorithm>
+
+namespace {
+constexpr double smallestFont = 1, largestFont = 1638; // points
+
+QString FontName(const std::u16string& name) {
+    return name.empty() ? QGuiApplication::font().family() : QString::fromStdU16String(name);
+}
+
+double FontSize(double points) {
+    return std::clamp(points, smallestFont, largestFont);
+}
+} // namespace
+
+QFont MakeFont(const ViewFont& font) {
+    QFont result(FontName(font.name));
+    const double usual = QGuiApplication::font().pointSizeF();
+    result.setPointSizeF(FontSize(font.size > 0 ? font.size : usual > 0 ? usual : 10));
+    result.setBold(font.bold);
+    result.setItalic(font.italic);
+    result.setUnderline(font.underline);
+    result.setStrikeOut(font.strikethrough);
+    return result;
+}
+
+QColor PlainTextColor(const ViewLook& look, const QPalette& palette) {
+    if (!look.autoColor) return ToQColor(look.textColor);
+    const QColor back = ToQColor(look.backColor), usual = palette.color(QPalette::Text);
+    return Contrast(usual, back) ? usual : ReadableOn(back);
+}
+
+CharFormats::CharFormats(const Document& document, const ViewLook& look, const QPalette& palette)
+    : document_(document), look_(look), palette_(palette) {
+    Reset();
+}
+
+void CharFormats::Reset() {
+    formats_.assign(document_.charStyles.size(), std::nullopt);
+}
+
+const QTextCharFormat& CharFormats::FormatAt(TextPos position) {
+    return Format(StyleAt(document_.charRuns, position));
+}
+
+QList<QTextLayout::FormatRange> CharFormats::Ranges(TextPos start, TextPos end) {
+    QList<QTextLayout::FormatRange> ranges;
+    const auto& runs = document_.charRuns;
+    for (std::size_t i = RunAt(runs, start); i < runs.size() && runs[i].start < end; ++i) {
+        const TextPos from = std::max(start, runs[i].start);
+        const TextPos to = i + 1 < runs.size() ? std::min(end, runs[i + 1].start) : end;
+        if (from < to) ranges.append({from - start, to - from, Format(runs[i].style)});
+    }
+    return ranges;
+}
+
+const QTextCharFormat& CharFormats::Format(std::uint32_t style) {
+    auto& format = formats_[std::min<std::size_t>(style, formats_.size() - 1)];
+    if (!format) format = MakeFormat(document_.charStyles[&format - formats_.data()]);
+    return *format;
+}
+
+QTextCharFormat CharFormats::MakeFormat(const CharStyle& style) const {
+    QFont font = StyleFont(style);
+    if (style.link != 0) font.setUnderline(true);
+    QTextCharFormat format;
+    format.setFont(font);
+    if (style.script == Script::Superscript)
+        format.setVerticalAlignment(QTextCharFormat::AlignSuperScript);
+    if (style.script == Script::Subscript)
+        format.setVerticalAlignment(QTextCharFormat::AlignSubScript);
+    if (!style.autoBackground) format.setBackground(ToQColor(style.background));
+    if (const auto foreground = Foreground(style)) format.setForeground(*foreground);
+    return format;
+}
+
+QFont CharFormats::StyleFont(const CharStyle& style) const {
+    if (look_.fontForAll) return MakeFont(look_.font);
+    const auto& fonts = document_.fonts;
+    const std::u16string& name = style.font < fonts.size() ? fonts[style.font] : fonts.front();
+    QFont font(FontName(name.empty() ? look_.font.name : name));
+    font.setPointSizeF(FontSize(style.halfPoints / 2.0));
+    font.setBold(style.bold);
+    font.setItalic(style.italic);
+    font.setUnderline(style.underline);
+    font.setStrikeOut(style.strikethrough);
+    return font;
+}
+
+// None: the view's own text colour, which the painter knows.
+std::optional<QColor> CharFormats::Foreground(const CharStyle& style) const {
+    if (!look_.autoColor) return std::nullopt;
+    const QColor back = ToQColor(style.autoBackground ? look_.backColor : style.background);
+    const QColor link = palette_.color(QPalette::Link);
+    if (style.link != 0 && Contrast(link, back)) return link;
+    if (!style.autoForeground) return ToQColor(style.foreground);
+    if (!style.autoBackground) return ReadableOn(back);
+    return std::nullopt;
+}

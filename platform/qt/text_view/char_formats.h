@@ -1,0 +1,39 @@
+// From the document's character styles and the view's look to what a QTextLayout is given.
+#pragma once
+
+#include "formats/document.h"
+#include "platform/qt/text_view/view_look.h"
+
+#include <QFont>
+#include <QPalette>
+#include <QTextLayout>
+
+#include <optional>
+#include <vector>
+
+QFont MakeFont(const ViewFont& font);
+
+// The colour of text that has none of its own.
+QColor PlainTextColor(const ViewLook& look, const QPalette& palette);
+
+class CharFormats {
+  public:
+    // All are observed. `Reset` when one of them has changed.
+    CharFormats(const Document& document, const ViewLook& look, const QPalette& palette);
+    void Reset();
+
+    // What holds at one character, and the runs between two, which count from `start`.
+    const QTextCharFormat& FormatAt(TextPos position);
+    QList<QTextLayout::FormatRange> Ranges(TextPos start, TextPos end);
+
+  private:
+    const QTextCharFormat& Format(std::uint32_t style);
+    QTextCharFormat MakeFormat(const CharStyle& style) const;
+    QFont StyleFont(const CharStyle& style) const;
+    std::optional<QColor> Foreground(const CharStyle& style) const;
+
+    const Document& document_;
+    const ViewLook& look_;
+    const QPalette& palette_;
+    std::vector<std::optional<QTextCharFormat>> formats_; // by style, made when first needed
+};

@@ -1,0 +1,137 @@
+#include "platform/qt/text_view/paragraph_layout.h"
+
+#include "platform/qt/text_view/paragraph_shape.h"
+
+#include <QFontMetricsF>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+// Pictures stand in the text as this character, made invisible and as wide as the picture by letter
+// spacing: it has no direction of its own, and a line may break at either side of it.
+constexpr char16_t pictureStandIn = u'\u2014';
+
+// As QTextLayout wants it: one character for each of the document's.
+QString LayoutText(const LayoutContext& context, const ParagraphPart& part,
+                   const std::vector<PlacedPicture>& pictures) {
+    QString text(reinterpret_cast<const QChar*>(context.document.text.data()) + part.start,
+                 part.end - part.start);
+    for (QChar& unit : text)
+        if (unit == u'\v' || (unit == u'\a' && !context.plain)) unit = QChar::LineSeparator;
+    for (const PlacedPicture& picture : pictures)
+        text[picture.position - part.start] = pictureStandIn;
+    return text;
+}
+
+QTextLayout::FormatRange PictureFormatRange(const LayoutContext& context,
+                                            const PlacedPicture& picture, TextPos start) {
+    QTextCharFormat format = context.formats.FormatAt(picture.position);
+    QFont font = format.font();
+    font.setPointSizeF(1);
+    font.setUnderline(false);
+    font.setStrikeOut(false);
+    const double own = QFontMetricsF(font, context.device).horizontalAdvance(pictureStandIn);
+    font.setLetterSpacing(QFont::AbsoluteSpacing, std::max(0.0, picture.size.width() - own));
+    format.setFont(font);
+    format.setForeground(Qt::transparent);
+    return {picture.position - start, 1, format};
+}
+
+std::vector<PlacedPicture> PlacePictures(const LayoutContext& context, const ParagraphPart& part,
+                                         int width) {
+    std::vector<PlacedPicture> placed;
+    const auto& all = context.document.pictures;
+    auto picture = std::lower_bound(all.begin(), all.end(), part.start,
+                                    [](const Picture& p, TextPos at) { return p.position < at; });
+    for (; picture != all.end() && picture->position < part.end; ++picture)
+        placed.push_back({picture->position, PictureSize(context, *picture, width)});
+    return placed;
+}
+
+void PrepareText(const LayoutContext& context, const ParagraphPart& part,
+                 const ParagraphShape& shape, ParagraphLayout& result) {
+    const QFont font =
+        context.plain ? MakeFont(context.look.font) : context.formats.FormatAt(part.end).font();
+    result.text = std::make_unique<QTextLayout>(LayoutText(context, part, result.pictures), font,
+                                                context.device);
+    result.text->setTextOption(shape.option);
+    result.text->setCacheEnabled(true); // shaped once, painted often
+    if (context.plain) return;
+    auto formats = context.formats.Ranges(part.start, part.end);
+    for (const PlacedPicture& picture : result.pictures)
+        formats.append(PictureFormatRange(context, picture, part.start));
+    result.text->setFormats(formats);
+}
+
+int TallestPicture(const ParagraphLayout& paragraph, const QTextLine& line) {
+    const TextPos from = paragraph.start + line.textStart(), to = from + line.textLength();
+    int tallest = 0;
+    for (const PlacedPicture& picture : paragraph.pictures)
+        if (picture.position >= from && picture.position < to)
+            tallest = std::max(tallest, picture.size.height());
+    return tallest;
+}
+
+// Lays out one line whose slot starts at `top`; returns the slot's height.
+int PlaceLine(QTextLine line, const ParagraphShape& shape, ParagraphLayout& paragraph, int top) {
+    const int indent = paragraph.tops.empty() ? shape.firstIndent : shape.indent;
+    const int edge = shape.rightToLeft ? shape.farIndent : indent;
+    const int indents = indent + shape.farIndent;
+    line.setPosition(QPointF(edge, 0)); // tab stops are measured from the paragraph's edge
+    line.setLineWidth(std::max(1, shape.breakWidth - indents));
+
+    const int ascent = std::max(int(std::ceil(line.ascent())), TallestPicture(paragraph, line));
+    const int height = shape.LineHeight(ascent + int(std::ceil(line.descent())));
+    const int baseline = top + height - int(std::ceil(line.descent()));
+    const int room = shape.alignWidth - indents - int(std::ceil(line.naturalTextWidth()));
+    const int shift = shape.AlignmentShift(std::max(0, room));
+    line.setPosition(QPointF(edge + shift, baseline - line.ascent()));
+    paragraph.width =
+        std::max(paragraph.width, edge + shift + int(std::ceil(line.naturalTextWidth())));
+    return height;
+}
+} // namespace
+
+int LayoutContext::Pixels(std::int32_t twips) const {
+    constexpr int most = 22 * 1440; // the longest measure of a page
+    return int(std::lround(std::clamp(twips, -most, most) * pixelsPerTwip));
+}
+
+TextPos ParagraphLayout::LineEnd(int line) const {
+    return line + 1 < LineCount() ? LineStart(line + 1) : end;
+}
+
+int ParagraphLayout::LineOf(TextPos position) const {
+    const TextPos at = std::clamp(position, start, end) - start;
+    int low = 0, high = LineCount() - 1; // the last line that starts at or before `at`
+    while (low < high) {
+        const int middle = (low + high + 1) / 2;
+        if (text->lineAt(middle).textStart() <= at)
+            low = middle;
+        else
+            high = middle - 1;
+    }
+    return low;
+}
+
+ParagraphLayout LayOutParagraph(const LayoutContext& context, const ParagraphPart& part) {
+    const ParagraphShape shape = ShapeOf(context, part);
+    ParagraphLayout result;
+    result.start = part.start;
+    result.end = part.end;
+    result.pictures = PlacePictures(context, part, shape.TextWidth());
+    PrepareText(context, part, shape, result);
+
+    int top = shape.spaceBefore;
+    result.text->beginLayout();
+    for (QTextLine line = result.text->createLine(); line.isValid();
+         line = result.text->createLine()) {
+        const int height = PlaceLine(line, shape, result, top);
+        result.tops.push_back(result.tops.empty() ? 0 : top);
+        top += height;
+    }
+    result.text->endLayout();
+    result.tops.push_back(top + shape.spaceAfter);
+    return result;
+}

@@ -1,0 +1,132 @@
+#include "platform/qt/text_view/paragraph_shape.h"
+
+#include "platform/qt/text_view/style_runs.h"
+
+#include <QFontMetricsF>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+constexpr int leastTextWidth = 64; // pixels left to the text however large the indents are
+constexpr int tallestPicture = 4096;
+constexpr int plainTabSpaces = 8;
+
+// A plain text's paragraph goes the way of its first strong character.
+bool StartsRightToLeft(const LayoutContext& context, const ParagraphPart& part) {
+    return QStringView(context.document.text.data() + part.start, part.end - part.start)
+        .isRightToLeft();
+}
+
+// The alignment as it is seen. What the user sets holds for the eye; a file's "left" is where a
+// paragraph begins, so it follows the direction.
+Alignment SeenAlignment(const ViewLook& look, const ParagraphStyle& style, bool rightToLeft) {
+    if (look.alignment) return *look.alignment;
+    if (style.alignment == Alignment::Left && rightToLeft) return Alignment::Right;
+    return style.alignment;
+}
+
+void SetIndents(const LayoutContext& context, const ParagraphStyle& style,
+                const ParagraphPart& part, ParagraphShape& shape) {
+    const int left = std::max(0, context.Pixels(style.leftIndent));
+    const int right = std::max(0, context.Pixels(style.rightIndent));
+    const int most = std::max(0, shape.alignWidth - leastTextWidth);
+    shape.indent = std::min(shape.rightToLeft ? right : left, most);
+    shape.farIndent = std::min(shape.rightToLeft ? left : right, most - shape.indent);
+    const int first = part.first ? context.Pixels(style.firstLineIndent) : 0;
+    shape.firstIndent = std::clamp(shape.indent + first, 0, most - shape.farIndent);
+}
+
+void SetSpacing(const LayoutContext& context, const ParagraphStyle& style,
+                const ParagraphPart& part, ParagraphShape& shape) {
+    if (part.first) shape.spaceBefore = std::max(0, context.Pixels(style.spaceBefore));
+    if (part.last) shape.spaceAfter = std::max(0, context.Pixels(style.spaceAfter));
+    if (style.lineSpacingIsMultiple && style.lineSpacing != 0)
+        shape.lineFactor = std::clamp(std::abs(style.lineSpacing / 240.0), 0.5, 20.0);
+    else if (style.lineSpacing < 0)
+        shape.exactLine = std::max(1, context.Pixels(-std::max(style.lineSpacing, -0x7FFFFFFF)));
+    else
+        shape.leastLine = context.Pixels(style.lineSpacing);
+}
+
+void SetTabs(const LayoutContext& context, const ParagraphStyle& style, ParagraphShape& shape) {
+    const double usual = context.Pixels(context.document.defaultTab);
+    shape.option.setTabStopDistance(std::max(1.0, usual));
+    QList<QTextOption::Tab> tabs;
+    for (const std::int32_t stop : style.tabStops)
+        tabs.append({double(context.Pixels(stop)), QTextOption::LeftTab});
+    // A first line that hangs out to the left has a stop where the other lines begin.
+    if (shape.firstIndent < shape.indent) tabs.append({double(shape.indent), QTextOption::LeftTab});
+    std::sort(tabs.begin(), tabs.end(),
+              [](const auto& a, const auto& b) { return a.position < b.position; });
+    shape.option.setTabs(tabs);
+}
+
+void SetPlainTabs(const LayoutContext& context, ParagraphShape& shape) {
+    const QFontMetricsF metrics(MakeFont(context.look.font), context.device);
+    shape.option.setTabStopDistance(
+        std::max(1.0, plainTabSpaces * metrics.horizontalAdvance(u' ')));
+}
+
+void SetDirection(ParagraphShape& shape) {
+    const bool justified = shape.alignment == Alignment::Justified;
+    shape.option.setTextDirection(shape.rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    // Only justification is left to the layout: the rest is done where the width is known to be
+    // seen.
+    shape.option.setAlignment(justified && shape.breakWidth <= shape.alignWidth ? Qt::AlignJustify
+                                                                                : Qt::AlignLeft);
+    shape.option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+}
+} // namespace
+
+int ParagraphShape::TextWidth() const {
+    return std::max(1, alignWidth - std::max(indent, firstIndent) - farIndent);
+}
+
+int ParagraphShape::LineHeight(int natural) const {
+    if (exactLine > 0) return exactLine;
+    const int height = int(std::lround(natural * lineFactor));
+    return std::max({1, height, leastLine});
+}
+
+int ParagraphShape::AlignmentShift(int room) const {
+    switch (alignment) {
+    case Alignment::Left: return 0;
+    case Alignment::Right: return room;
+    case Alignment::Center: return room / 2;
+    case Alignment::Justified: break; // done by the layout, unless there is no width to fill
+    }
+    const bool done = option.alignment() & Qt::AlignJustify;
+    return rightToLeft && !done ? room : 0;
+}
+
+ParagraphShape ShapeOf(const LayoutContext& context, const ParagraphPart& part) {
+    ParagraphShape shape;
+    shape.breakWidth = std::max(part.breakWidth, 1);
+    shape.alignWidth = std::max(part.alignWidth, 1);
+    const Document& document = context.document;
+    const auto index = StyleAt(document.paragraphRuns, part.end);
+    const ParagraphStyle& style =
+        document.paragraphStyles[std::min<std::size_t>(index, document.paragraphStyles.size() - 1)];
+    shape.rightToLeft = context.plain ? StartsRightToLeft(context, part) : style.rightToLeft;
+    shape.alignment = SeenAlignment(context.look, style, shape.rightToLeft);
+    SetDirection(shape);
+    if (context.plain) {
+        SetPlainTabs(context, shape);
+        return shape;
+    }
+    SetIndents(context, style, part, shape);
+    SetSpacing(context, style, part, shape);
+    SetTabs(context, style, shape);
+    return shape;
+}
+
+QSize PictureSize(const LayoutContext& context, const Picture& picture, int width) {
+    QSize size(context.Pixels(picture.widthTwips), context.Pixels(picture.heightTwips));
+    if (size.isEmpty()) size = context.pictures.NaturalSize(picture);
+    if (size.isEmpty()) size = QSize(32, 32);
+    const QSize most(std::max(1, width), tallestPicture);
+    if (size.width() > most.width() || size.height() > most.height())
+        size.scale(most, Qt::KeepAspectRatio);
+    return size.expandedTo(QSize(1, 1));
+}

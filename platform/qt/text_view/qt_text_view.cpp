@@ -1,0 +1,158 @@
+#include "platform/qt/text_view/qt_text_view.h"
+
+#include "formats/rtf_reader.h"
+#include "platform/qt/text_view/line_ends.h"
+#include "platform/qt/text_view/text_widget.h"
+
+#include <algorithm>
+
+QtTextView::QtTextView(QWidget* parent) : widget_(new TextWidget(parent)) {
+    widget_->onFilesDropped = [this](const std::vector<std::u16string>& paths) {
+        if (onFilesDropped) onFilesDropped(paths);
+    };
+}
+
+QtTextView::~QtTextView() {
+    delete widget_;
+}
+
+QWidget* QtTextView::Widget() const {
+    return widget_;
+}
+
+int QtTextView::LayoutsMade() const {
+    return widget_->Layouts().LayoutsMade();
+}
+
+void QtTextView::LoadPlainText(std::u16string text) {
+    UnifyLineEnds(text);
+    Document document;
+    document.text = std::move(text);
+    Show(std::move(document), true);
+}
+
+void QtTextView::LoadRichText(std::string bytes, int systemCodePage) {
+    LoadDocument(ReadRtf(bytes, systemCodePage));
+}
+
+void QtTextView::LoadDocument(Document document) {
+    Show(std::move(document), false);
+}
+
+void QtTextView::Show(Document document, bool plain) {
+    if (document.text.size() > std::size_t(longestText)) document.text.resize(longestText);
+    ViewLook look = widget_->Look();
+    look.fontForAll = false;
+    look.alignment.reset();
+    widget_->SetLook(look);
+    widget_->ShowText(std::move(document), plain);
+}
+
+TextPos QtTextView::TextLength() const {
+    return TextPos(widget_->Text().text.size());
+}
+
+std::u16string QtTextView::TextRange(TextPos start, TextPos length) const {
+    const TextPos from = std::clamp(start, 0, TextLength());
+    return widget_->Text().text.substr(from, std::clamp(length, 0, TextLength() - from));
+}
+
+void QtTextView::Select(TextPos start, TextPos length) {
+    const TextPos from = std::clamp(start, 0, TextLength());
+    widget_->Select(from, from + std::clamp(length, 0, TextLength() - from));
+}
+
+TextPos QtTextView::SelStart() const {
+    return widget_->SelStart();
+}
+
+TextPos QtTextView::SelLength() const {
+    return widget_->SelEnd() - widget_->SelStart();
+}
+
+TextPos QtTextView::FirstVisibleChar() const {
+    return widget_->Scroller().FirstVisibleChar();
+}
+
+LineSpan QtTextView::LineAround(TextPos position) const {
+    const auto layout = widget_->Layouts().At(position);
+    const LineRef line = LineOf(*layout, position);
+    const TextPos start = LineStart(*layout, line);
+    return {start, LineEnd(*layout, line) - start};
+}
+
+void QtTextView::ScrollLineToTop(TextPos position) {
+    widget_->Scroller().ShowLine(position);
+    widget_->ShowScrolled();
+}
+
+void QtTextView::SetFont(const ViewFont& font) {
+    ViewLook look = widget_->Look();
+    look.font = font;
+    widget_->SetLook(look);
+}
+
+void QtTextView::ApplyFontToAll() {
+    ViewLook look = widget_->Look();
+    look.fontForAll = true;
+    widget_->SetLook(look);
+}
+
+bool QtTextView::AutoColor() const {
+    return widget_->Look().autoColor;
+}
+
+void QtTextView::SetAutoColor(bool on) {
+    ViewLook look = widget_->Look();
+    look.autoColor = on;
+    widget_->SetLook(look);
+}
+
+Color QtTextView::TextColor() const {
+    return widget_->Look().textColor;
+}
+
+void QtTextView::SetTextColor(Color color) {
+    ViewLook look = widget_->Look();
+    look.textColor = color;
+    widget_->SetLook(look);
+}
+
+Color QtTextView::BackColor() const {
+    return widget_->Look().backColor;
+}
+
+void QtTextView::SetBackColor(Color color) {
+    ViewLook look = widget_->Look();
+    look.backColor = color;
+    widget_->SetLook(look);
+}
+
+void QtTextView::SetAlignment(Alignment alignment) {
+    ViewLook look = widget_->Look();
+    look.alignment = alignment;
+    widget_->SetLook(look);
+}
+
+void QtTextView::SetRightMargin(int twips) {
+    ViewLook look = widget_->Look();
+    look.rightMargin = twips;
+    widget_->SetLook(look);
+}
+
+void QtTextView::SetBounds(const Rect& bounds) {
+    widget_->setGeometry(bounds.left, bounds.top, bounds.width, bounds.height);
+}
+
+void QtTextView::SetVisible(bool visible) {
+    widget_->setVisible(visible);
+}
+
+void QtTextView::SetPointer(Pointer pointer) {
+    widget_->viewport()->setCursor(pointer == Pointer::Hourglass ? Qt::WaitCursor
+                                                                 : Qt::IBeamCursor);
+}
+
+void QtTextView::FocusView() {
+    widget_->setFocus();
+}

@@ -1,0 +1,55 @@
+// The text view on Qt Widgets: lays out only what is seen, so a book of any size opens at once.
+#pragma once
+
+#include "platform/text_view.h"
+
+#include <QPointer>
+
+class QWidget;
+class TextWidget;
+
+class QtTextView : public TextView {
+  public:
+    explicit QtTextView(QWidget* parent);
+    ~QtTextView() override;
+    QtTextView(const QtTextView&) = delete;
+    QtTextView& operator=(const QtTextView&) = delete;
+
+    QWidget* Widget() const;
+    int LayoutsMade() const; // blocks laid out since the view was made
+
+    void LoadPlainText(std::u16string text) override;
+    void LoadRichText(std::string bytes, int systemCodePage) override;
+    void LoadDocument(struct Document document); // what LoadRichText shows once it is read
+    TextPos TextLength() const override;
+    std::u16string TextRange(TextPos start, TextPos length) const override;
+
+    void Select(TextPos start, TextPos length) override;
+    TextPos SelStart() const override;
+    TextPos SelLength() const override;
+
+    TextPos FirstVisibleChar() const override;
+    LineSpan LineAround(TextPos position) const override;
+    void ScrollLineToTop(TextPos position) override;
+
+    void SetFont(const ViewFont& font) override;
+    void ApplyFontToAll() override;
+    bool AutoColor() const override;
+    void SetAutoColor(bool on) override;
+    Color TextColor() const override;
+    void SetTextColor(Color color) override;
+    Color BackColor() const override;
+    void SetBackColor(Color color) override;
+    void SetAlignment(Alignment alignment) override;
+    void SetRightMargin(int twips) override;
+
+    void SetBounds(const Rect& bounds) override;
+    void SetVisible(bool visible) override;
+    void SetPointer(Pointer pointer) override;
+    void FocusView() override;
+
+  private:
+    void Show(Document document, bool plain);
+
+    QPointer<TextWidget> widget_; // null when its parent has deleted it
+};

@@ -1,0 +1,33 @@
+// The blocks that a text is laid out in: a paragraph, a table row, or a piece of an over-long
+// paragraph.
+//
+// A block is found by looking at the text around a position, never by an index of the whole text,
+// so nothing is built when a book is opened and a gigabyte of empty lines costs no memory.
+#pragma once
+
+#include "formats/document.h"
+
+struct TextBlock {
+    TextPos start = 0, end = 0;    // `end` is past the paragraph break
+    const TableRow* row = nullptr; // for a table row; observed in the document
+};
+
+// Paragraphs longer than this are cut into pieces of at most twice this length. A piece is laid out
+// like a paragraph of its own: its last line may be short and is not justified.
+constexpr TextPos pieceLength = 16 * 1024;
+
+// Longer texts are cut off: positions, and what is computed with them, must fit in 32 bits.
+constexpr TextPos longestText = 0x7FFFFFFF - 4 * pieceLength;
+
+// A longer row is shown as paragraphs, cell after cell.
+constexpr TextPos longestRow = 32 * 1024;
+
+// The block that holds `position`, which must be in the text or at its end. After a last paragraph
+// break (and in an empty text) there is one more block, an empty one.
+TextBlock BlockAt(const Document& document, TextPos position);
+
+bool IsLastBlock(const Document& document, const TextBlock& block);
+
+// Whether a paragraph starts or ends where the block does: not so inside an over-long one.
+bool StartsParagraph(const Document& document, const TextBlock& block);
+bool EndsParagraph(const Document& document, const TextBlock& block);

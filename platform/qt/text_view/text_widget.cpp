@@ -1,0 +1,228 @@
+#include "platform/qt/text_view/text_widget.h"
+
+#include "platform/qt/text_view/text_painter.h"
+
+#include <QEvent>
+#include <QFontMetrics>
+#include <QGuiApplication>
+#include <QPaintEvent>
+#include <QScrollBar>
+#include <QStyleHints>
+#include <QTimerEvent>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+constexpr int sideMargin = 6;       // pixels between the view's edge and the text
+constexpr int widestLine = 1 << 24; // pixels; Qt's fixed point numbers hold twice as much
+} // namespace
+
+TextWidget::TextWidget(QWidget* parent)
+    : QAbstractScrollArea(parent), palette_(palette()), formats_(document_, look_, palette_),
+      pictures_(document_), context_{document_, look_, formats_, pictures_}, layouts_(context_),
+      scroller_(layouts_) {
+    setFrameShape(NoFrame);
+    setFocusPolicy(Qt::StrongFocus);
+    setAcceptDrops(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    viewport()->setCursor(Qt::IBeamCursor);
+    viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+    context_.device = viewport();
+    verticalScrollBar()->installEventFilter(this);
+    connect(verticalScrollBar(), &QScrollBar::actionTriggered, this,
+            [this](int action) { VerticalAction(action); });
+}
+
+void TextWidget::ShowText(Document document, bool plain) {
+    document_ = std::move(document);
+    context_.plain = plain;
+    anchor_ = caret_ = 0;
+    wantedX_.reset();
+    pictures_.Forget();
+    scroller_.ShowLine(0);
+    horizontalScrollBar()->setValue(0);
+    Relayout();
+}
+
+void TextWidget::SetLook(const ViewLook& look) {
+    look_ = look;
+    Relayout();
+}
+
+void TextWidget::Relayout() {
+    formats_.Reset();
+    layouts_.Forget();
+    scroller_.LayoutsChanged();
+    viewport()->update();
+}
+
+int TextWidget::BreakWidth(int viewWidth) const {
+    if (look_.rightMargin <= 0) return viewWidth;
+    return int(std::clamp(look_.rightMargin * context_.pixelsPerTwip, 1.0, double(widestLine)));
+}
+
+// A hidden widget gets no resize events: so its size is looked at when it matters.
+void TextWidget::Fit() {
+    context_.pixelsPerTwip = logicalDpiX() / 1440.0;
+    const int room = std::max(1, maximumViewportSize().width() - 2 * sideMargin);
+    const int breakWidth = BreakWidth(room), viewWidth = std::min(room, breakWidth);
+    setHorizontalScrollBarPolicy(breakWidth > room ? Qt::ScrollBarAlwaysOn
+                                                   : Qt::ScrollBarAlwaysOff);
+    const int height = std::max(1, maximumViewportSize().height());
+    if (height != scroller_.ViewHeight()) {
+        scroller_.SetViewHeight(height);
+        scroller_.LayoutsChanged();
+    }
+    if (breakWidth == context_.breakWidth && viewWidth == context_.viewWidth) return;
+    context_.breakWidth = breakWidth;
+    context_.viewWidth = viewWidth;
+    Relayout();
+}
+
+TextScroller& TextWidget::Scroller() {
+    Fit();
+    return scroller_;
+}
+
+TextLayouts& TextWidget::Layouts() {
+    Fit();
+    return layouts_;
+}
+
+void TextWidget::Select(TextPos anchor, TextPos caret) {
+    const TextPos size = TextPos(document_.text.size());
+    anchor_ = std::clamp(anchor, 0, size);
+    caret_ = std::clamp(caret, 0, size);
+    RestartBlinking();
+    viewport()->update();
+}
+
+int TextWidget::LineHeight() const {
+    return std::max(1, QFontMetrics(MakeFont(look_.font), context_.device).height());
+}
+
+int TextWidget::ColumnX(int viewportX) const {
+    return viewportX - sideMargin + horizontalScrollBar()->value();
+}
+
+TextPos TextWidget::PositionAtPoint(QPoint point) {
+    const TextHeight height = Scroller().Moved(scroller_.Top(), point.y());
+    return PositionAt(*layouts_.At(height.block), QPoint(ColumnX(point.x()), height.y));
+}
+
+QRect TextWidget::CaretRect() {
+    const auto top = Scroller().ViewTopOf(caret_);
+    if (!top) return {};
+    return CaretBox(*layouts_.At(caret_), caret_).translated(-ColumnX(0), *top);
+}
+
+void TextWidget::ShowScrolled() {
+    viewport()->update();
+}
+
+void TextWidget::paintEvent(QPaintEvent* event) {
+    const TextHeight top = Scroller().Top();
+    QPainter painter(viewport());
+    painter.fillRect(event->rect(), ToQColor(look_.backColor));
+
+    const auto group = hasFocus() ? QPalette::Active : QPalette::Inactive;
+    const TextPaint paint{context_,
+                          PlainTextColor(look_, palette_),
+                          palette_.color(group, QPalette::HighlightedText),
+                          palette_.color(group, QPalette::Highlight),
+                          SelStart(),
+                          SelEnd()};
+    const int last = event->rect().bottom();
+    std::vector<std::pair<TextLayouts::Layout, QPoint>> shown;
+    auto layout = layouts_.At(top.block);
+    for (int y = -top.y; layout && y <= last; layout = layouts_.After(layout)) {
+        if (y + layout->height >= event->rect().top())
+            shown.emplace_back(layout, QPoint(-ColumnX(0), y));
+        y += layout->height;
+    }
+    for (const auto& [block, origin] : shown)
+        PaintBackground(painter, *block, origin);
+    for (const auto& [block, origin] : shown)
+        PaintBlock(painter, paint, *block, origin, event->rect());
+    if (caretOn_ && hasFocus()) painter.fillRect(CaretRect(), CaretColor());
+    UpdateScrollBars();
+}
+
+QColor TextWidget::CaretColor() const {
+    const QColor text = PlainTextColor(look_, palette_), back = ToQColor(look_.backColor);
+    return Contrast(text, back) ? text : ReadableOn(back);
+}
+
+// Done when painting: then the shown blocks are laid out anyway, and a book that is only opened and
+// scrolled to its place is not laid out twice.
+void TextWidget::UpdateScrollBars() {
+    QScrollBar& vertical = *verticalScrollBar();
+    if (!vertical.isSliderDown()) {
+        const TextPos value = scroller_.TopAsChar();
+        const TextPos page = scroller_.BottomAsChar() - value;
+        vertical.setRange(0, std::max(value, scroller_.LastTopAsChar()));
+        vertical.setPageStep(std::max(1, page));
+        vertical.setValue(value);
+    }
+    const int width = viewport()->width();
+    horizontalScrollBar()->setRange(0, std::max(0, layouts_.Width() + 2 * sideMargin - width));
+    horizontalScrollBar()->setPageStep(width);
+    horizontalScrollBar()->setSingleStep(LineHeight());
+}
+
+void TextWidget::VerticalAction(int action) {
+    QScrollBar& bar = *verticalScrollBar();
+    switch (action) {
+    case QAbstractSlider::SliderSingleStepAdd: Scroller().ScrollLines(1, LineHeight()); break;
+    case QAbstractSlider::SliderSingleStepSub: Scroller().ScrollLines(-1, LineHeight()); break;
+    case QAbstractSlider::SliderPageStepAdd: Scroller().ScrollPages(1, LineHeight()); break;
+    case QAbstractSlider::SliderPageStepSub: Scroller().ScrollPages(-1, LineHeight()); break;
+    default: Scroller().ScrollToChar(bar.sliderPosition()); break;
+    }
+    if (!bar.isSliderDown()) bar.setSliderPosition(scroller_.TopAsChar());
+    ShowScrolled();
+}
+
+void TextWidget::resizeEvent(QResizeEvent*) {
+    Fit();
+}
+
+// The vertical bar is handled by its actions; the horizontal one needs only a repaint.
+void TextWidget::scrollContentsBy(int dx, int) {
+    if (dx != 0) viewport()->update();
+}
+
+void TextWidget::changeEvent(QEvent* event) {
+    QAbstractScrollArea::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange && event->type() != QEvent::FontChange) return;
+    palette_ = palette();
+    Relayout();
+}
+
+void TextWidget::RestartBlinking() {
+    caretOn_ = true;
+    const int flash = QGuiApplication::styleHints()->cursorFlashTime();
+    if (hasFocus() && flash > 0)
+        blink_.start(flash / 2, this);
+    else
+        blink_.stop();
+}
+
+void TextWidget::timerEvent(QTimerEvent* event) {
+    if (event->timerId() == autoScroll_.timerId()) return AutoScroll();
+    if (event->timerId() != blink_.timerId()) return QAbstractScrollArea::timerEvent(event);
+    caretOn_ = !caretOn_;
+    viewport()->update(CaretRect());
+}
+
+void TextWidget::focusInEvent(QFocusEvent*) {
+    RestartBlinking();
+    viewport()->update();
+}
+
+void TextWidget::focusOutEvent(QFocusEvent*) {
+    RestartBlinking();
+    viewport()->update();
+}

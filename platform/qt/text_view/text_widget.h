@@ -1,0 +1,101 @@
+// The widget of the text view: lays out, paints and moves about in one document.
+#pragma once
+
+#include "platform/qt/text_view/caret_moves.h"
+#include "platform/qt/text_view/text_scroller.h"
+
+#include <QAbstractScrollArea>
+#include <QBasicTimer>
+#include <QElapsedTimer>
+
+#include <functional>
+#include <optional>
+
+class TextWidget : public QAbstractScrollArea {
+  public:
+    explicit TextWidget(QWidget* parent);
+
+    void ShowText(Document document, bool plain); // from its start, caret at 0
+    const Document& Text() const { return document_; }
+    const ViewLook& Look() const { return look_; }
+    void SetLook(const ViewLook& look);
+
+    void Select(TextPos anchor, TextPos caret); // moved into the text
+    TextPos SelStart() const { return std::min(anchor_, caret_); }
+    TextPos SelEnd() const { return std::max(anchor_, caret_); }
+
+    // Laid out for the size that the widget has now, shown or not.
+    TextScroller& Scroller();
+    TextLayouts& Layouts();
+    TextPos PositionAtPoint(QPoint point); // of the viewport; the nearest one
+    QRect CaretRect();                     // in the viewport; null when it is not in view
+    void ShowScrolled();                   // after the scroller was used
+
+    std::function<void(const std::vector<std::u16string>&)> onFilesDropped;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void changeEvent(QEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+  private:
+    enum class Granularity { Character, Word, Paragraph };
+
+    void Fit();
+    void Relayout();
+    int BreakWidth(int viewWidth) const;
+    int LineHeight() const; // of the view's own font
+    int ColumnX(int viewportX) const;
+    void UpdateScrollBars();
+    void VerticalAction(int action);
+    void RestartBlinking();
+    QColor CaretColor() const;
+
+    bool ScrollKey(int key, Qt::KeyboardModifiers modifiers);
+    bool CaretKey(int key, Qt::KeyboardModifiers modifiers);
+    std::optional<TextPos> KeyTarget(int key, bool control);
+    TextPos VerticalTarget(int key);
+    TextPos PageTarget(int pages);
+    void MoveCaret(TextPos position, bool extend);
+    void RevealCaret();
+
+    TextSpan UnitAround(TextPos position);
+    void ExtendByMouse(QPoint point);
+    void SelectUnit(TextPos position, Granularity granularity);
+    void AutoScroll();
+    void ScrollByWheel(int angle);
+
+    Document document_;
+    ViewLook look_;
+    QPalette palette_; // the widget's, where the formats can observe it
+    CharFormats formats_;
+    PictureStore pictures_;
+    LayoutContext context_;
+    TextLayouts layouts_;
+    TextScroller scroller_;
+
+    TextPos anchor_ = 0, caret_ = 0; // of the selection; equal when there is none
+    std::optional<int> wantedX_;     // of the caret while it moves up and down
+    Granularity granularity_ = Granularity::Character;
+    TextSpan firstUnit_; // what a drag started with
+    QPoint mouse_;
+    QElapsedTimer sinceDoubleClick_;
+    QBasicTimer blink_, autoScroll_;
+    bool caretOn_ = false;
+    int wheelRest_ = 0; // lines of a turn less than a notch, times `notch`
+};
