@@ -119,9 +119,14 @@ QMargins QtWindow::FrameMargins() const {
 }
 
 void QtWindow::MoveInside(const QMargins& frame) {
-    move(asked_->left, asked_->top);
-    resize(Extent(asked_->width, frame.left() + frame.right()),
-           Extent(asked_->height, frame.top() + frame.bottom()));
+    const QSize inside(Extent(asked_->width, frame.left() + frame.right()),
+                       Extent(asked_->height, frame.top() + frame.bottom()));
+    if (frame.isNull()) {
+        move(asked_->left, asked_->top); // the corner of the frame, once there is one
+        resize(inside);
+    } else {
+        setGeometry(QRect(QPoint(asked_->left + frame.left(), asked_->top + frame.top()), inside));
+    }
 }
 
 // The frame becomes known only when the window manager has put it around the window.
