@@ -21,6 +21,17 @@ inline std::size_t AsciiLength(const unsigned char* at, const unsigned char* sto
     return static_cast<std::size_t>(at - start);
 }
 
+// Writes a character as one unit or two; returns where the next one goes.
+inline char16_t* PutUtf16(char32_t value, char16_t* out) {
+    if (value < 0x10000) {
+        *out++ = static_cast<char16_t>(value);
+    } else {
+        *out++ = static_cast<char16_t>(0xD7C0 + (value >> 10));
+        *out++ = static_cast<char16_t>(0xDC00 + (value & 0x3FF));
+    }
+    return out;
+}
+
 // `step(at, stop, end, out)` moves `at` and `out` past at least one character, a byte or more each
 // for every unit written. It begins none at `stop` or later, but may read on to `end`, 7 bytes
 // beyond `stop` at most.

@@ -1,36 +1,68 @@
-// The profile-file (INI) engine: sections, keys and values of one file held in memory, edited in place with
-// everything else (comments, order, spelling) kept. The rules are those of the private-profile functions.
+// The profile-file (INI) engine: sections, keys and values of one file held in memory, edited in
+// place with everything else (comments, order, spelling) kept. The rules are those of the
+// private-profile functions.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+// Names are compared without case. Blanks around names, values and lines (all units up to U+0020)
+// do not count. The first of several sections or keys of one name is the one that is read and
+// written.
+//
+// Any text may be asked for or written; what a file cannot hold is changed or left out, so that no
+// write spoils another entry: CR, LF and NUL become blanks, "]" in a section's name becomes "}",
+// and a key that is empty, has a "=" or begins with ";" or "[" is never found and not written.
 class ProfileFile {
   public:
     ProfileFile() = default;
-    // `bytes` as on disk: UTF-8 with or without a mark, UTF-16 with one; else text in `ansiCodePage`, whose
-    // decoder the caller gives. Any bytes at all are accepted.
+    // `bytes` as on disk: UTF-8 with or without a mark, UTF-16 with one; else text in
+    // `ansiCodePage`, whose decoder the caller gives. Any bytes at all are accepted, a NUL among
+    // them is a character like others.
     using Decoder = std::u16string (*)(int codePage, std::string_view bytes);
     static ProfileFile Parse(std::string_view bytes, int ansiCodePage, Decoder);
 
-    // The value of the first key of this name in the first section of this name, names compared without
-    // case, both trimmed; one pair of quotes around a value is taken off.
+    // The value of a key; one pair of quotes around it, single or double, is taken off.
     std::optional<std::u16string> Value(std::u16string_view section, std::u16string_view key) const;
-    // The lines of a section as the section function gives them: "key=value" trimmed, no comments, no blanks.
+    // The lines of a section as the section function gives them: "key=value" trimmed, no comments,
+    // no blanks, quotes left on. A line without "=" is listed too.
     std::vector<std::u16string> SectionLines(std::u16string_view section) const;
-    std::vector<std::u16string> SectionNames() const;
+    std::vector<std::u16string> SectionNames() const; // in file order, with duplicates
 
-    // Replaces the value in place, or appends the key at the end of the section (made at the end of the file).
+    // Replaces the value in place, or appends the key at the end of the section (made at the end of
+    // the file).
     void SetValue(std::u16string_view section, std::u16string_view key, std::u16string_view value);
     void RemoveKey(std::u16string_view section, std::u16string_view key);
-    // Replaces all lines of the section by these.
+    // Replaces the entries of the section by these lines. Its comments stay and stand first. A line
+    // that would not be listed (blank, a comment, the head of a section) is left out.
     void SetSection(std::u16string_view section, const std::vector<std::u16string>& lines);
-    void RemoveSection(std::u16string_view section);
+    void RemoveSection(std::u16string_view section); // its comments stay
 
-    std::string ToBytes() const; // UTF-8, CR LF line ends
+    // UTF-8. New lines end in CR LF; what was not changed is as it came.
+    const std::string& ToBytes() const { return text_; }
 
   private:
-    std::vector<std::u16string> lines_; // without line ends
+    struct Section {
+        std::u16string foldedName;
+        std::size_t header = 0, body = 0,
+                    end = 0; // offsets in `text_` of the lines; `end` is the next header
+    };
+    struct Entry {
+        std::size_t begin = 0, value = 0, end = 0,
+                    next = 0; // offsets: line, after "=", line end, next line
+    };
+
+    void Index();
+    std::size_t FindSection(std::u16string_view name) const; // index, or the number of sections
+    std::size_t FindOrAddSection(std::u16string_view name);
+    std::optional<Entry> FindKey(const Section&, std::u16string_view key) const;
+    std::size_t EndOfEntries(const Section&) const; // after its last line that is not blank
+    std::string Comments(const Section&) const;
+    void Splice(std::size_t section, std::size_t at, std::size_t length, std::string_view bytes);
+
+    std::string text_; // valid UTF-8, as it goes to disk
+    std::vector<Section> sections_;
 };

@@ -32,16 +32,6 @@ char32_t SequenceValue(const unsigned char* at, int length) {
     }
 }
 
-char16_t* PutUtf16(char32_t value, char16_t* out) {
-    if (value < 0x10000) {
-        *out++ = static_cast<char16_t>(value);
-    } else {
-        *out++ = static_cast<char16_t>(0xD7C0 + (value >> 10));
-        *out++ = static_cast<char16_t>(0xDC00 + (value & 0x3FF));
-    }
-    return out;
-}
-
 // Exact for valid UTF-8: each sequence has one byte that continues none, and the longest make a
 // pair.
 std::size_t Utf16Length(std::string_view bytes) {
@@ -81,17 +71,22 @@ void AppendUtf8(char32_t value, std::string& bytes) {
 
 } // namespace
 
-bool IsValidUtf8(std::string_view bytes) {
-    const auto* at = reinterpret_cast<const unsigned char*>(bytes.data());
-    const unsigned char* const end = at + bytes.size();
+std::size_t ValidUtf8Length(std::string_view bytes) {
+    const auto* const start = reinterpret_cast<const unsigned char*>(bytes.data());
+    const unsigned char* const end = start + bytes.size();
+    const unsigned char* at = start;
     while (at != end) {
         at += AsciiLength(at, end);
         if (at == end) break;
         const int length = SequenceLength(at, end);
-        if (length == 0) return false;
+        if (length == 0) break;
         at += length;
     }
-    return true;
+    return static_cast<std::size_t>(at - start);
+}
+
+bool IsValidUtf8(std::string_view bytes) {
+    return ValidUtf8Length(bytes) == bytes.size();
 }
 
 std::u16string Utf8ToUtf16(std::string_view bytes, char16_t replacement) {

@@ -23,6 +23,7 @@ struct Launch {
     std::u16string executableName; // base name, without extension
     std::u16string userDataFolder; // for a program folder that cannot be written
     std::u16string commandLine;    // the path of a book as a full path, or ""
+    std::u16string rootFolder;     // where a dialog starts when no other folder is known
 };
 
 struct Ports {

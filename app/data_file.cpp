@@ -1,0 +1,46 @@
+#include "app/data_file.h"
+
+#include "app/main_form.h"
+#include "common/text.h"
+#include "formats/code_pages.h"
+
+namespace {
+std::u16string DecodePage(int codePage, std::string_view bytes) {
+    std::u16string text;
+    DecodeCodePage(codePage, bytes, text);
+    return text;
+}
+} // namespace
+
+std::u16string ProgramFile(const Files& files, const Launch& launch, std::u16string_view ending) {
+    std::u16string path = launch.programFolder + files.Separator() + launch.executableName;
+    return path += ending;
+}
+
+std::u16string ResolveDataFilePath(Files& files, const Launch& launch) {
+    const std::u16string beside = ProgramFile(files, launch, u".dat");
+    if (files.FileExists(beside) || files.FolderIsWritable(launch.programFolder)) return beside;
+    files.CreateFolder(launch.userDataFolder);
+    return launch.userDataFolder + files.Separator() + launch.executableName + u".dat";
+}
+
+std::unique_ptr<IniFile> OpenDataFile(MainForm& form) {
+    return std::make_unique<IniFile>(*form.ports.files, form.DataFilePath,
+                                     form.ports.locale->AnsiCodePage(), DecodePage);
+}
+
+void WriteScheme(IniFile& file) {
+    // The last fields stand here in an order of their own; records keep the size before the title.
+    const std::u16string names =
+        u"Path,Access,Filter,FontName,FontSize,Charset,Bold,Italic,Underline,"
+        u"Strikethru,Wrap,Align,ForeColor,BackColor,LastPos,Title,Size,Marks";
+    const auto comma = names.find(u',');
+    const std::u16string rest = Replace(names.substr(comma + 1), u",", u">=<");
+    IniWriteString(file, u"Scheme", u"<" + names.substr(0, comma) + u">", u"<" + rest + u">");
+    IniWriteString(file, u"Scheme", u"<Marks>:", u"<SelStart>,<SelLength>|...");
+}
+
+int RegWriteValue(Registry& registry, const std::u16string& key, const std::u16string& name,
+                  const std::u16string& text) {
+    return registry.Read(key, name) == text ? 0 : registry.Write(key, name, text);
+}

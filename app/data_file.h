@@ -1,0 +1,27 @@
+// Where the data file is, and what start-up writes into it.
+#pragma once
+
+#include "common/ini_file.h"
+#include "platform/ports.h"
+
+#include <memory>
+#include <string>
+
+struct MainForm;
+
+// Beside the program when its folder can be written or already holds a data file, else in the
+// user's own data folder, which is then made.
+std::u16string ResolveDataFilePath(Files&, const Launch&);
+
+// The path of the program with another ending, for example ".hlp".
+std::u16string ProgramFile(const Files&, const Launch&, std::u16string_view ending);
+
+std::unique_ptr<IniFile> OpenDataFile(MainForm&);
+
+// The section that explains the file to a person who opens it.
+void WriteScheme(IniFile&);
+
+// The value of a registry entry under the local machine's root is written only when it differs.
+// Returns the system's error code, 0 on success.
+int RegWriteValue(Registry&, const std::u16string& key, const std::u16string& name,
+                  const std::u16string& text);

@@ -1,0 +1,13 @@
+// From native events to handlers.
+#pragma once
+
+#include <functional>
+
+struct MainForm;
+
+// Gives the ports the form's handlers.
+void ConnectEvents(MainForm&);
+
+// Runs a command unless another one is running (it may be waiting for a dialog); then it is left
+// out. No exception leaves it: lack of memory is told to the user.
+void RunCommand(MainForm&, const std::function<void()>& command);

@@ -1,0 +1,39 @@
+// The main form: it owns every port, every menu item and all state of the running program.
+#pragma once
+
+#include "app/menu_tree.h"
+#include "common/ini_file.h"
+#include "platform/ports.h"
+#include "shell/date_texts.h"
+#include "shell/layout.h"
+
+#include <memory>
+#include <string>
+
+struct MainForm {
+    explicit MainForm(Ports);
+
+    Ports ports;
+    MenuTree menu;
+
+    std::u16string productTitle;
+    std::u16string DataFilePath;
+    std::u16string HelpFilePath;
+    std::unique_ptr<IniFile> dataFile; // at DataFilePath; set by start-up
+
+    ViewFont viewFont;   // the present font of the text view, between record and view
+    Color textColor = 0; // the text colour in force, also while a file's own colours show
+    DateNames dateNames;
+    WindowPlacement placement;
+    int resizeNesting = 0;
+    std::u16string toSaveTag; // the autosave's tick counter, as text
+
+    bool ProfileSwitching = false; // start-up's first switch into a profile
+    bool ProfileChanging = false;  // a switch into a profile is running
+    bool Refreshing = false;       // the shown book is being reloaded
+    bool OpeningBook = false;      // a book from outside the list is being shown
+    bool LoadingBook = false;      // the history click handler is running
+
+    bool started = false;  // false in a second instance, which saves nothing
+    bool handling = false; // a command is running, perhaps waiting for a dialog
+};

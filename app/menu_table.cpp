@@ -1,0 +1,151 @@
+// The one table of the menus. A row of an array that a row before has named adds an element to it.
+#include "app/menu_tree.h"
+
+#include "app/main_form.h"
+#include "app/profiles.h"
+#include "books/history_list.h"
+#include "books/housekeeping.h"
+#include "books/open_book.h"
+
+#include <algorithm>
+
+namespace {
+enum class Kind {
+    Top,     // a top-level menu; its handler runs before it opens
+    Item,    // a command of the menu above
+    Sub,     // a submenu of the menu above
+    SubItem, // an item of the submenu above
+};
+
+struct Row {
+    Kind kind;
+    MenuArray MenuTree::*array;
+    const char* name;
+    const char16_t* caption;
+    MenuHandler handler = nullptr;
+    bool literal = false;
+};
+
+#define ROW(kind, name, ...)                                                                       \
+    { Kind::kind, &MenuTree::name, #name, __VA_ARGS__ }
+
+constexpr const char16_t* removeHeading = u"Click on item to remove from the list:";
+
+const Row rows[] = {
+    ROW(Top, mFile, u"&File", mFile_Click),
+    ROW(Item, mFileOpen, u"&Open File...", mFileOpen_Click),
+    ROW(Item, mFileEdit, u"Open in &Editor...", mFileEdit_Click),
+    ROW(Item, mFileSeparator1, u"-"),
+    ROW(Item, mFileNonFound, u"Remove &non-found Files", mFileNonFound_Click),
+    ROW(Sub, mFileRemove, u"&Remove"),
+    ROW(SubItem, mFileRemovePlaceholder, removeHeading),
+    ROW(SubItem, mFileRemovePlaceholder, u"-"),
+    ROW(SubItem, mFileRemoveList, u"...", mFileRemoveList_Click, true),
+    ROW(Item, mFileSeparator, u"-"),
+    ROW(Item, mFileList, u"...", mFileList_Click, true),
+    ROW(Item, mFileSeparator3, u"-"),
+    ROW(Item, mFileExit, u"E&xit", mFileExit_Click),
+
+    ROW(Top, mEdit, u"&Edit"),
+    ROW(Item, mEditCopy, u"&Copy"),
+    ROW(Item, mEditCopyRTF, u"C&opy as RTF"),
+    ROW(Item, mEditSeparator1, u"-"),
+    ROW(Item, mEditAll, u"Select &All"),
+    ROW(Item, mEditSeparator2, u"-"),
+    ROW(Item, mEditFind, u"&Find..."),
+    ROW(Item, mEditNext, u"Find &Next"),
+    ROW(Item, mEditSeparator3, u"-"),
+    ROW(Item, mEditTitle, u"Set &Selection as Caption"),
+
+    ROW(Top, mView, u"&View"),
+    ROW(Item, mViewRefresh, u"R&efresh"),
+    ROW(Item, mViewSeparator1, u"-"),
+    ROW(Item, mViewBackground, u"&Background Color..."),
+    ROW(Item, mViewFont, u"&Font..."),
+    ROW(Item, mViewSeparator2, u"-"),
+    ROW(Item, mViewFontSize, u"Font Size +"),
+    ROW(Item, mViewFontSize, u"Font Size \u2013"),
+    ROW(Item, mViewSeparator3, u"-"),
+    ROW(Item, mViewAlign, u"Align &Left"),
+    ROW(Item, mViewAlign, u"Align &Right"),
+    ROW(Item, mViewAlign, u"&Center"),
+    ROW(Item, mViewSeparator4, u"-"),
+    ROW(Item, mViewWordWrap, u"Word &Wrap"),
+
+    ROW(Top, mBookmark, u"&Bookmark"),
+    ROW(Item, mBookmarkNew, u"Defi&ne"),
+    ROW(Item, mBookmarkSeparator1, u"-"),
+    ROW(Item, mBookmarkNext, u"Ne&xt"),
+    ROW(Item, mBookmarkPrev, u"&Previous"),
+    ROW(Item, mBookmarkLast, u"&Last Unmarked Position"),
+    ROW(Item, mBookmarkSeparator2, u"-"),
+    ROW(Item, mBookmarkClearAll, u"Clear &All"),
+    ROW(Sub, mBookmarkDelete, u"&Delete"),
+    ROW(SubItem, mBookmarkDeletePlaceholder, removeHeading),
+    ROW(SubItem, mBookmarkDeletePlaceholder, u"-"),
+    ROW(SubItem, mBookmarkDeleteList, u"...", nullptr, true),
+    ROW(Item, mBookmarkSeparator, u"-"),
+    ROW(Item, mBookmarkList, u"...", nullptr, true),
+
+    ROW(Top, mUser, u"&Profile", mUser_Click),
+    ROW(Item, mUserNew, u"Add &New..."),
+    ROW(Sub, mUserDelete, u"&Remove"),
+    ROW(SubItem, mUserDeletePlaceholder, removeHeading),
+    ROW(SubItem, mUserDeletePlaceholder, u"-"),
+    ROW(SubItem, mUserDeleteList, u"...", nullptr, true),
+    ROW(Item, mUserSeparator, u"-"),
+    ROW(Item, mProfileList, u"&Default", mProfileList_Click, true),
+
+    ROW(Top, mOptions, u"&Options"),
+    ROW(Item, mOptionsTitle, u"&Filename in Window Title"),
+    ROW(Item, mOptionsTitle, u"&Caption in Window Title"),
+    ROW(Item, mOptionsSeparator1, u"-"),
+    ROW(Item, mOptionsFileColor, u"&Use Text Color of RTF files"),
+    ROW(Item, mOptionsSeparator2, u"-"),
+    ROW(Item, mOptionsEditor, u"Set &TXT Editor..."),
+    ROW(Item, mOptionsEditor, u"Set &RTF Editor..."),
+    ROW(Item, mOptionsEditor, u"Set &HTM Editor..."),
+
+    ROW(Top, mHelp, u"&Help"),
+    ROW(Item, mHelpTopics, u"&Help Topics..."),
+    ROW(Item, mHelpSeparator1, u"-"),
+    ROW(Item, mHelpUpdate, u"Check for &Update..."),
+    ROW(Item, mHelpWeb, u"Visit the Web&page..."),
+    ROW(Item, mHelpMail, u"Feed&back..."),
+    ROW(Item, mHelpSeparator2, u"-"),
+    ROW(Item, mHelpAbout, u"&About..."),
+};
+
+// A command that does not exist yet is shown greyed.
+bool CanBeChosen(const Row& row) {
+    return row.handler || row.kind == Kind::Top || row.kind == Kind::Sub;
+}
+} // namespace
+
+MenuTree::MenuTree() {
+    MenuArray *top = nullptr, *sub = nullptr;
+    for (const Row& row : rows) {
+        MenuArray& array = this->*row.array;
+        if (array.items.empty()) {
+            array.name = row.name;
+            if (row.kind == Kind::Item || row.kind == Kind::Sub) top->children.push_back(&array);
+            if (row.kind == Kind::SubItem) sub->children.push_back(&array);
+            if (row.kind == Kind::Top) top = &array;
+            if (row.kind == Kind::Sub) sub = &array;
+        }
+        MenuItem& item = array.items.emplace_back();
+        item.caption = row.caption;
+        item.literal = row.literal;
+        item.enabled = CanBeChosen(row);
+    }
+    mViewWordWrap[0].checked = true; // the text view starts with wrapped lines
+}
+
+std::vector<MenuArray*> MenuTree::TopLevel() {
+    return {&mFile, &mEdit, &mView, &mBookmark, &mUser, &mOptions, &mHelp};
+}
+
+MenuHandler HandlerOf(const MenuArray& array) {
+    const auto row = std::ranges::find(rows, array.name, &Row::name);
+    return row == std::end(rows) ? nullptr : row->handler;
+}

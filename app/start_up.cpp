@@ -1,0 +1,111 @@
+#include "app/start_up.h"
+
+#include "app/data_file.h"
+#include "app/events.h"
+#include "app/main_form.h"
+#include "app/profiles.h"
+#include "app/version_text.h"
+#include "books/charsets.h"
+#include "books/save_state.h"
+#include "common/list_persistence.h"
+#include "common/menu_items.h"
+#include "common/text.h"
+#include "shell/options.h"
+
+namespace {
+void SetUpMenus(MenuTree& menu) {
+    menu.mFileList[0].caption = menu.mBookmarkList[0].caption = u"";
+    menu.mFileList[0].visible = menu.mBookmarkList[0].visible = false;
+    menu.mFileRemove[0].enabled = false;
+    menu.mUserDeleteList[0].enabled = false;
+    menu.mViewAlign[2].visible = false; // centred text is not offered
+
+    SetMenuShortcutText(menu.mFileExit[0], u"Alt+F4");
+    SetMenuShortcutText(menu.mHelpTopics[0], u"F1");
+    SetMenuShortcutText(menu.mViewFontSize[0], u"Ctrl+ +");
+    SetMenuShortcutText(menu.mViewFontSize[1], u"Ctrl+ \u2013");
+    SetMenuShortcutText(menu.mBookmarkLast[0], u"Alt+F2");
+
+    menu.mFileRemovePlaceholder[0].heading = true;
+    menu.mBookmarkDeletePlaceholder[0].heading = true;
+    menu.mUserDeletePlaceholder[0].heading = true;
+
+    CheckRadioItem(0, menu.mViewAlign);
+    CheckRadioItem(0, menu.mOptionsTitle);
+}
+
+void Register(MainForm& form) {
+    const ProgramVersion version = form.ports.versionInfo->OwnVersion();
+    const std::u16string key = u"SOFTWARE\\" + version.company + u"\\" + version.title;
+    RegWriteValue(*form.ports.registry, key, u"", form.ports.launch.programFolder);
+    RegWriteValue(*form.ports.registry, key, u"CurrentVersion", VersionText(version, false));
+}
+
+void SetUpViews(MainForm& form) {
+    form.ports.statusBar->SetPanels({{u"Common", PanelStyle::Text, true},
+                                     {u"Pagination", PanelStyle::Text, false},
+                                     {u"Date", PanelStyle::Date, false}});
+    form.ports.statusBar->SetHeight(18);
+    form.viewFont = form.ports.window->DefaultViewFont();
+    form.viewFont.charset = CodePageToCharset(form.ports.locale->AnsiCodePage());
+    form.ports.textView->SetFont(form.viewFont);
+    form.ports.window->ApplySystemFont();
+}
+
+// The profile names in order, at least "Default".
+void FillProfileMenus(MainForm& form) {
+    auto profiles = Split(LoadListFromSection(*form.dataFile, u"mProfileList"), u"\r\n");
+    if (profiles.front().empty()) profiles = {u"Default"};
+    MenuTree& menu = form.menu;
+    menu.mProfileList[0].caption = menu.mUserDeleteList[0].caption = profiles.front();
+    for (std::size_t i = 1; i < profiles.size(); ++i) {
+        AddMenuItem(menu.mProfileList, profiles[i]);
+        AddMenuItem(menu.mUserDeleteList, profiles[i]);
+    }
+}
+} // namespace
+
+bool Form_Load(MainForm& form) {
+    const Launch& launch = form.ports.launch;
+    form.DataFilePath = ResolveDataFilePath(*form.ports.files, launch);
+    if (!form.ports.shell->BecomeOnlyInstance(form.DataFilePath)) return false;
+    form.started = true;
+    form.dataFile = OpenDataFile(form);
+    {
+        IniBatch oneWrite(*form.dataFile); // start-up's own entries, written in one step
+        SetUpMenus(form.menu);
+        Register(form);
+        form.HelpFilePath = ProgramFile(*form.ports.files, launch, u".hlp");
+        form.ports.dialogs->SetHelpFile(form.HelpFilePath);
+        SetUpViews(form);
+        form.dateNames = BuildPaddedDateNames(*form.ports.locale, [&](std::u16string_view text) {
+            return form.ports.window->TextWidth(text);
+        });
+        WriteScheme(*form.dataFile);
+        LoadEditors(form);
+        form.menu.mUser[0].tag = IniReadString(*form.dataFile, u"mProfileList", u"0");
+        FillProfileMenus(form);
+        ConnectEvents(form);
+    }
+    form.ProfileSwitching = true;
+    mProfileList_Click(form, 0);
+    form.ProfileSwitching = false;
+    form.ports.window->Open();
+    form.ports.saveTimer->Start(1000,
+                                [&form] { RunCommand(form, [&form] { toSave_Timer(form); }); });
+    return true;
+}
+
+void Form_Unload(MainForm& form) {
+    if (!form.started) return;
+    IniBatch oneWrite(*form.dataFile);
+    SaveBookState(form, 0);
+    SaveWindowPlacement(form);
+}
+
+void toSave_Timer(MainForm& form) {
+    const double ticks = NumericValue(form.toSaveTag) + 1;
+    const int next = static_cast<int>(ticks) % 60;
+    form.toSaveTag = NumberText(next);
+    if (next == 0) SaveBookState(form, 0);
+}

@@ -1,0 +1,45 @@
+#include "books/book_kind.h"
+
+#include "common/text.h"
+#include "formats/rtf_reader.h"
+
+#include <algorithm>
+
+const std::u16string_view bookFilter = u"Text Files (*.txt)|*.txt|Rich Text Files (*.rtf)|*.rtf|"
+                                       u"HTML Files (*.htm)|*.htm|All Files (*.*)|*.*|";
+
+std::vector<std::u16string> GetFilterPatterns(std::u16string_view filter) {
+    std::vector<std::u16string> patterns;
+    const auto pieces = Split(filter, u"|");
+    for (std::size_t i = 1; i < pieces.size(); i += 2)
+        patterns.push_back(pieces[i]);
+    return patterns;
+}
+
+bool MatchesPattern(std::u16string_view text, std::u16string_view pattern) {
+    if (pattern == u"*.*") return true; // means any name, also one without a dot
+    std::size_t t = 0, p = 0, star = std::u16string_view::npos, resume = 0;
+    while (t < text.size()) {
+        if (p < pattern.size() && pattern[p] == u'*') {
+            star = p++;
+            resume = t;
+        } else if (p < pattern.size() &&
+                   (pattern[p] == u'?' || FoldCase(pattern[p]) == FoldCase(text[t]))) {
+            ++p, ++t;
+        } else if (star != std::u16string_view::npos) {
+            p = star + 1;
+            t = ++resume;
+        } else {
+            return false;
+        }
+    }
+    return std::ranges::all_of(pattern.substr(p), [](char16_t unit) { return unit == u'*'; });
+}
+
+int KindOfBook(std::u16string_view path, std::string_view firstBytes) {
+    if (LooksLikeRtf(firstBytes)) return RichTextBook;
+    const auto patterns = GetFilterPatterns(bookFilter);
+    const auto match = std::ranges::find_if(
+        patterns, [&](const std::u16string& pattern) { return MatchesPattern(path, pattern); });
+    return static_cast<int>(match - patterns.begin());
+}

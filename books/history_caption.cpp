@@ -1,0 +1,29 @@
+#include "books/history_caption.h"
+
+#include "common/text.h"
+#include "reading/text_routines.h"
+
+namespace {
+constexpr std::size_t longestTitle = 41, cutTitle = 40; // a title of just 41 units is kept whole
+
+std::u16string Kilobytes(const std::u16string& size) {
+    return u"(" + NumberText(RoundToEven(NumericValue(size) / 1024)) + u"K) ";
+}
+
+std::u16string ShownTitle(const std::u16string& stored) {
+    std::u16string title = DecodeCharRefs(stored);
+    if (title.size() > longestTitle) title.resize(cutTitle);
+    return title;
+}
+} // namespace
+
+std::u16string HistoryCaption(const BookRecord& record, const DateNames& names,
+                              const DateTime& now) {
+    std::u16string caption(TrimBlanks(record[Field::Access]));
+    if (!caption.empty())
+        caption = u"[" + FormatListDate(ParseStoredDateTime(caption, now), names) + u"] ";
+    if (!record[Field::Size].empty()) caption += Kilobytes(record[Field::Size]);
+    caption += record.Path();
+    if (!record[Field::Title].empty()) caption += u"\t= " + ShownTitle(record[Field::Title]);
+    return caption;
+}

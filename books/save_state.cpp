@@ -1,0 +1,42 @@
+#include "books/save_state.h"
+
+#include "app/main_form.h"
+#include "books/book_record.h"
+#include "books/history_list.h"
+#include "common/menu_items.h"
+#include "common/text.h"
+#include "reading/caret.h"
+
+namespace {
+std::u16string FlagText(bool on) {
+    return on ? u"1" : u"0";
+}
+
+void TakeLook(const MainForm& form, BookRecord& record) {
+    const ViewFont& font = form.viewFont;
+    record[Field::FontName] = Replace(font.name, u"=", u"");
+    record[Field::FontSize] = NumberText(RoundToEven(font.size));
+    record[Field::Bold] = FlagText(font.bold);
+    record[Field::Italic] = FlagText(font.italic);
+    record[Field::Underline] = FlagText(font.underline);
+    record[Field::Strikethru] = FlagText(font.strikethrough);
+    record[Field::Wrap] = FlagText(form.menu.mViewWordWrap[0].checked);
+    record[Field::Align] = NumberText(CheckedItem(form.menu.mViewAlign));
+    record[Field::ForeColor] = NumberText(form.textColor);
+}
+} // namespace
+
+void SaveBookState(MainForm& form, int index) {
+    if (index == 0 && !IsBookShown(form))
+        return; // the first of the list was never opened: nothing to keep
+    BookRecord record = BookRecord::Parse(form.menu.mFileList[index].tag);
+    record[Field::Access] = StoredDateTime(form.ports.clock->Now());
+    record[Field::Charset] = NumberText(form.viewFont.charset);
+    record[Field::BackColor] = NumberText(form.ports.textView->BackColor());
+    if (record.Number(Field::Filter) != HtmlBook) {
+        TakeLook(form, record);
+        if (index == 0) record[Field::LastPos] = NumberText(FirstVisibleChar(*form.ports.textView));
+    }
+    form.menu.mFileList[index].tag = record.ToText();
+    SaveHistoryItem(form, index);
+}

@@ -1,0 +1,109 @@
+// Showing the book of a history item: file and record become what is on the screen.
+#include "app/main_form.h"
+#include "books/book_file.h"
+#include "books/book_record.h"
+#include "books/charsets.h"
+#include "books/history_list.h"
+#include "books/open_book.h"
+#include "books/save_state.h"
+#include "common/text.h"
+#include "formats/plain_text.h"
+#include "formats/rtf_reader.h"
+#include "reading/bookmarks.h"
+#include "reading/caret.h"
+#include "reading/formatting.h"
+#include "shell/layout.h"
+#include "shell/window_title.h"
+
+#include <algorithm>
+
+namespace {
+// The font a record asks for; hand-edited values are kept within what a font can be.
+ViewFont FontOf(const MainForm& form, const BookRecord& record) {
+    constexpr int largestSize = 1638; // points, the most that a rich-edit control takes
+    ViewFont font = form.ports.window->DefaultViewFont();
+    const int size = record.Number(Field::FontSize);
+    if (!record[Field::FontName].empty()) font.name = record[Field::FontName];
+    if (size > 0) font.size = std::min(size, largestSize);
+    font.charset = std::clamp(record.Number(Field::Charset), 0, 255);
+    font.bold = record.Flag(Field::Bold);
+    font.italic = record.Flag(Field::Italic);
+    font.underline = record.Flag(Field::Underline);
+    font.strikethrough = record.Flag(Field::Strikethru);
+    return font;
+}
+
+Color ColorOf(const std::u16string& field, Color fallback) {
+    return field.empty() ? fallback : static_cast<Color>(WholeNumber(field)) & 0xFFFFFF;
+}
+
+void LoadText(MainForm& form, const BookRecord& record, std::string bytes) {
+    TextView& view = *form.ports.textView;
+    const int systemPage = form.ports.locale->AnsiCodePage();
+    if (LooksLikeRtf(bytes)) return view.LoadRichText(std::move(bytes), systemPage);
+    const int bookPage = CharsetToCodePage(record.Number(Field::Charset));
+    DecodedText decoded = DecodePlainText(bytes, bookPage, systemPage);
+    bytes = std::string(); // a large book is not held twice
+    view.LoadPlainText(std::move(decoded.text));
+}
+
+void ShowInTextView(MainForm& form, const BookRecord& record, std::string bytes) {
+    TextView& view = *form.ports.textView;
+    form.viewFont = FontOf(form, record);
+    view.SetVisible(true);
+    if (form.ports.htmlView) form.ports.htmlView->SetVisible(false);
+    view.SetPointer(Pointer::Hourglass);
+    view.SetBackColor(ColorOf(record[Field::BackColor], defaultBackColor));
+    view.SetFont(form.viewFont);
+    ApplyFont(form, true);
+    SetWordWrap(form, record.Flag(Field::Wrap));
+    LoadText(form, record, std::move(bytes));
+    ApplyTextColor(form, ColorOf(record[Field::ForeColor], defaultTextColor), true);
+    ApplyAlignment(form, record.Number(Field::Align), true);
+    ScrollCaretToTop(view, record.Number(Field::LastPos));
+    view.SetPointer(Pointer::Default);
+    LayOutForm(form);
+}
+
+void MakeFirst(MainForm& form, int index) {
+    const bool keepsOldState = form.ProfileSwitching || form.Refreshing || form.OpeningBook;
+    if (!keepsOldState) SaveBookState(form, 0);
+    MoveHistoryItemToTop(form, index);
+    SyncRemoveMenu(form, HistoryCount(form) - 1);
+}
+
+// The bytes of the book to show, read before anything changes: of one that cannot be read the user
+// is told and the book on the screen stays.
+std::optional<std::string> ReadBookToShow(MainForm& form, int index) {
+    const BookRecord record = BookRecord::Parse(form.menu.mFileList[index].tag);
+    if (record.Number(Field::Filter) == HtmlBook && !form.ports.htmlView) {
+        ShowBookMessage(form, record.Path() + u"\r\nThis program has no view for HTML books.");
+        return std::nullopt;
+    }
+    form.ports.textView->SetPointer(Pointer::Hourglass);
+    auto bytes = ReadBookFile(form, record.Path());
+    form.ports.textView->SetPointer(Pointer::Default);
+    if (!bytes) SetHistoryCaption(form, index);
+    return bytes;
+}
+} // namespace
+
+void mFileList_Click(MainForm& form, int index) {
+    if (index == 0 && IsBookShown(form)) return;
+    auto bytes = ReadBookToShow(form, index);
+    if (!bytes) return;
+
+    form.LoadingBook = true;
+    if (index >= 1) MakeFirst(form, index);
+    form.ports.textView->LoadPlainText(u"");
+    if (!form.ProfileChanging && !form.Refreshing) SaveHistoryList(form);
+    MenuTree& menu = form.menu;
+    menu.mFileList[0].checked = true;
+    menu.mBookmark[0].enabled = true;
+    const BookRecord record = BookRecord::Parse(menu.mFileList[0].tag);
+    menu.mFileEdit[0].tag = record[Field::Filter];
+    ShowInTextView(form, record, std::move(*bytes));
+    UpdateWindowTitle(form);
+    LoadBookmarks(form, record[Field::Marks]);
+    form.LoadingBook = false;
+}

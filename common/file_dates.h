@@ -1,0 +1,17 @@
+// Questions about files and their dates.
+#pragma once
+
+#include "platform/files.h"
+
+#include <optional>
+#include <string>
+
+bool FileExists(const Files&,
+                const std::u16string& path); // false for "", a folder, or on any error
+
+// Local time. A stamp that the system does not keep is answered with the last write; none if that
+// fails too.
+std::optional<DateTime> GetFileDate(const Files&, const std::u16string& path, FileStamp);
+
+// Sets one stamp when it differs; the others stay. False when it could not be done.
+bool SetFileDate(Files&, const std::u16string& path, const DateTime& local, FileStamp);

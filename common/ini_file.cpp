@@ -1,0 +1,144 @@
+#include "common/ini_file.h"
+
+#include "common/text.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <utility>
+
+namespace {
+
+constexpr std::uint64_t LargestFile =
+    256u << 20; // bytes; far above any history, far below a memory's end
+constexpr std::size_t LongestString = 32766, LongestNumber = 254; // UTF-16 units
+constexpr int OneAsFixed = 10000;                                 // four decimals
+
+std::int64_t ToFixed(double value) {
+    const double scaled = std::nearbyint(value * OneAsFixed);
+    if (std::isnan(scaled)) return 0;
+    if (scaled >= 0x1p63) return std::numeric_limits<std::int64_t>::max();
+    if (scaled <= -0x1p63) return std::numeric_limits<std::int64_t>::min();
+    return static_cast<std::int64_t>(scaled);
+}
+
+double FromFixed(std::int64_t fixed) {
+    return static_cast<double>(fixed) / OneAsFixed;
+}
+
+// "-2.05": a point whatever the locale, no zeros at the end.
+std::u16string FixedText(std::int64_t fixed) {
+    std::u16string text = fixed < 0 ? u"-" : u"";
+    text += NumberText(std::abs(fixed / OneAsFixed));
+    std::int64_t fraction = std::abs(fixed % OneAsFixed);
+    if (fraction == 0) return text;
+    text += u'.';
+    for (; fraction != 0; fraction = fraction * 10 % OneAsFixed) {
+        text += static_cast<char16_t>(u'0' + fraction * 10 / OneAsFixed);
+    }
+    return text;
+}
+
+std::u16string CutTo(std::u16string text, std::size_t length) {
+    if (text.size() <= length) return text;
+    const bool splitsPair =
+        (text[length - 1] & 0xFC00) == 0xD800 && (text[length] & 0xFC00) == 0xDC00;
+    text.resize(splitsPair ? length - 1 : length);
+    return text;
+}
+
+// Blanks at the end of a default are lost on the way, those within the quotes of a value are not.
+std::u16string ReadCut(IniFile& file, std::u16string_view section, std::u16string_view key,
+                       std::u16string_view fallback, std::size_t length) {
+    if (auto value = file.Content().Value(section, key)) return CutTo(std::move(*value), length);
+    fallback = fallback.substr(0, fallback.find_last_not_of(u' ') + 1);
+    return CutTo(std::u16string(fallback), length);
+}
+
+IniFile::WriteMode ModeFor(bool keepFileTime, bool always) {
+    if (keepFileTime) return IniFile::WriteMode::KeepTime;
+    return always ? IniFile::WriteMode::Always : IniFile::WriteMode::NewTime;
+}
+
+} // namespace
+
+IniFile::IniFile(Files& files, std::u16string path, int ansiCodePage, ProfileFile::Decoder decoder)
+    : files_(files), path_(std::move(path)), ansiCodePage_(ansiCodePage), decoder_(decoder) {}
+
+const ProfileFile& IniFile::Content() {
+    Refresh();
+    return content_;
+}
+
+void IniFile::Refresh() {
+    if (before_ || path_.empty()) return;
+    // The version is taken first: a change between the two calls then shows as a new version next
+    // time.
+    const auto version = files_.Version(path_);
+    if (version && version == version_) return;
+    std::string bytes;
+    status_ = files_.Read(path_, LargestFile, bytes);
+    version_ = status_ == ReadStatus::Ok ? version : std::nullopt;
+    content_ = ProfileFile::Parse(bytes, ansiCodePage_, decoder_);
+}
+
+void IniFile::Change(WriteMode mode, const std::function<void(ProfileFile&)>& edit) {
+    if (path_.empty()) return;
+    Refresh();
+    if (status_ != ReadStatus::Ok && status_ != ReadStatus::NotFound) return;
+    if (!before_) before_ = content_.ToBytes();
+    edit(content_);
+    keepTime_ = keepTime_ && mode == WriteMode::KeepTime;
+    always_ = always_ || mode == WriteMode::Always;
+    if (batches_ == 0) WriteChanges();
+}
+
+void IniFile::EndBatch() {
+    if (--batches_ == 0 && before_) WriteChanges();
+}
+
+void IniFile::WriteChanges() {
+    const std::string& bytes = content_.ToBytes();
+    if (always_ || bytes != *before_) {
+        const bool written = files_.Replace(path_, bytes, keepTime_);
+        // After a failure the next read shows what is really on disk.
+        version_ = written ? files_.Version(path_) : std::nullopt;
+        if (written) status_ = ReadStatus::Ok;
+    }
+    before_.reset();
+    keepTime_ = true;
+    always_ = false;
+}
+
+std::u16string IniReadString(IniFile& file, std::u16string_view section, std::u16string_view key,
+                             std::u16string_view fallback) {
+    const std::u16string value = ReadCut(file, section, key, fallback, LongestString);
+    return value.substr(std::min(value.find_first_not_of(u' '), value.size()));
+}
+
+double IniReadNumber(IniFile& file, std::u16string_view section, std::u16string_view key,
+                     double fallback, int* charactersRead) {
+    std::u16string value;
+    if (!file.Path().empty() && !section.empty() && !key.empty()) {
+        value = ReadCut(file, section, key, FixedText(ToFixed(fallback)), LongestNumber);
+    }
+    if (charactersRead) *charactersRead = static_cast<int>(value.size());
+    return FromFixed(ToFixed(NumericValue(value)));
+}
+
+void IniWriteString(IniFile& file, std::u16string_view section, std::u16string_view key,
+                    std::u16string_view value, bool keepFileTime) {
+    if (!value.empty() && IniReadString(file, section, key) == value) return;
+    file.Change(ModeFor(keepFileTime, value.empty()), [&](ProfileFile& content) {
+        content.SetValue(section, key, value.empty() ? u" " : value);
+    });
+}
+
+void IniWriteNumber(IniFile& file, std::u16string_view section, std::u16string_view key,
+                    double value, bool keepFileTime) {
+    const std::int64_t fixed = ToFixed(value);
+    if (fixed != 0 && ToFixed(IniReadNumber(file, section, key)) == fixed) return;
+    file.Change(ModeFor(keepFileTime, fixed == 0),
+                [&](ProfileFile& content) { content.SetValue(section, key, FixedText(fixed)); });
+}

@@ -1,0 +1,29 @@
+// Menu items at run time: adding, captions with a note after a tab, radio groups.
+#pragma once
+
+#include "platform/menu_bar.h"
+
+#include <string>
+#include <string_view>
+
+// Appends an element to the array, with the text of `shortcut` ("keycode.shift") after its caption
+// when one is given. A help context of 0 is none. The element is literal when the array's first
+// item is.
+MenuItem& AddMenuItem(MenuArray&, const std::u16string& caption = u"",
+                      const std::u16string& shortcut = u"", const std::u16string& tag = u"",
+                      int helpContextId = 0, bool checked = false, bool visible = true);
+
+// The caption up to its first tab.
+std::u16string_view BaseCaption(const MenuItem&);
+
+// Puts `text` after the caption's tab in place of what stands there; "" takes tab and text away.
+void SetMenuShortcutText(MenuItem&, std::u16string_view text);
+
+// Checks the item with a bullet and unchecks all others of the group.
+void CheckRadioItem(int index, MenuArray&);
+
+// The index of the checked item, 0 when there is none.
+int CheckedItem(const MenuArray&);
+
+// A caption without its access-key marks and dots, as a dialog's title.
+std::u16string DialogTitle(const MenuItem&);

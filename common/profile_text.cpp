@@ -1,0 +1,112 @@
+#include "common/profile_text.h"
+
+#include "common/text.h"
+#include "common/utf.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr bool IsBlank(char16_t unit) {
+    return unit <= u' ';
+}
+
+std::u16string_view TrimUnits(std::u16string_view text) {
+    while (!text.empty() && IsBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && IsBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+// The code point at `at`, which moves behind it. The text is known to be valid UTF-8.
+char32_t TakeCodePoint(std::string_view text, std::size_t& at) {
+    const auto lead = static_cast<unsigned char>(text[at++]);
+    if (lead < 0x80) return lead;
+    const int more = lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
+    char32_t codePoint = lead & (0x3Fu >> more);
+    for (int i = 0; i < more; ++i) {
+        codePoint = codePoint << 6 | (static_cast<unsigned char>(text[at++]) & 0x3Fu);
+    }
+    return codePoint;
+}
+
+} // namespace
+
+LineWalk::LineWalk(std::string_view text, std::size_t begin, std::size_t end)
+    : text_(text.substr(0, end)), next_(begin), lf_(text_.find('\n', begin)),
+      cr_(text_.find('\r', begin)) {}
+
+bool LineWalk::Next() {
+    if (next_ >= text_.size()) return false;
+    begin_ = next_;
+    if (lf_ < begin_) lf_ = text_.find('\n', begin_);
+    if (cr_ < begin_) cr_ = text_.find('\r', begin_);
+    end_ = std::min({lf_, cr_, text_.size()});
+    const bool crLf = cr_ == end_ && lf_ == end_ + 1;
+    next_ = std::min(end_ + (crLf ? 2 : 1), text_.size());
+    return true;
+}
+
+std::string_view TrimLine(std::string_view text) {
+    while (!text.empty() && static_cast<unsigned char>(text.front()) <= ' ')
+        text.remove_prefix(1);
+    while (!text.empty() && static_cast<unsigned char>(text.back()) <= ' ')
+        text.remove_suffix(1);
+    return text;
+}
+
+std::string_view HeaderName(std::string_view header) {
+    header.remove_prefix(1);
+    return TrimLine(header.substr(0, header.find(']')));
+}
+
+std::string_view WithoutQuotes(std::string_view text) {
+    if (text.size() < 2 || text.front() != text.back()) return text;
+    if (text.front() != '"' && text.front() != '\'') return text;
+    return text.substr(1, text.size() - 2);
+}
+
+std::u16string FoldedName(std::string_view name) {
+    std::u16string folded = Utf8ToUtf16(name);
+    std::transform(folded.begin(), folded.end(), folded.begin(), FoldCase);
+    return folded;
+}
+
+bool NameIs(std::string_view name, std::u16string_view foldedName) {
+    std::size_t at = 0;
+    for (std::size_t i = 0; i < foldedName.size(); ++i) {
+        if (at == name.size()) return false;
+        const char32_t codePoint = TakeCodePoint(name, at);
+        if (codePoint < 0x10000) {
+            if (FoldCase(static_cast<char16_t>(codePoint)) != foldedName[i]) return false;
+            continue;
+        }
+        const char32_t offset = codePoint - 0x10000;
+        if (foldedName[i] != static_cast<char16_t>(0xD800 + (offset >> 10))) return false;
+        if (++i == foldedName.size()) return false;
+        if (foldedName[i] != static_cast<char16_t>(0xDC00 + (offset & 0x3FF))) return false;
+    }
+    return at == name.size();
+}
+
+std::u16string OnOneLine(std::u16string_view text) {
+    std::u16string line(text);
+    for (char16_t& unit : line) {
+        if (unit == u'\r' || unit == u'\n' || unit == u'\0') unit = u' ';
+    }
+    return line;
+}
+
+std::string SectionNameOnDisk(std::u16string_view name) {
+    std::u16string onDisk = OnOneLine(TrimUnits(name));
+    std::replace(onDisk.begin(), onDisk.end(), u']', u'}');
+    return Utf16ToUtf8(onDisk);
+}
+
+std::string KeyOnDisk(std::u16string_view key) {
+    const std::u16string_view trimmed = TrimUnits(key);
+    if (trimmed.empty() || trimmed.front() == u';' || trimmed.front() == u'[') return {};
+    if (trimmed.find(u'=') != std::u16string_view::npos) return {};
+    return Utf16ToUtf8(OnOneLine(trimmed));
+}

@@ -1,0 +1,42 @@
+#include "platform/none/none_ports.h"
+
+namespace {
+const char16_t* const months[] = {u"January",   u"February", u"March",    u"April",
+                                  u"May",       u"June",     u"July",     u"August",
+                                  u"September", u"October",  u"November", u"December"};
+const char16_t* const days[] = {u"Sunday",   u"Monday", u"Tuesday", u"Wednesday",
+                                u"Thursday", u"Friday", u"Saturday"};
+
+std::u16string NameOf(std::u16string name, bool full) {
+    return full ? name : name.substr(0, 3);
+}
+} // namespace
+
+std::u16string NoneLocale::MonthName(int month, bool full) const {
+    return NameOf(months[month - 1], full);
+}
+
+std::u16string NoneLocale::DayName(int weekday, bool full) const {
+    return NameOf(days[weekday - 1], full);
+}
+
+Ports MakeNonePorts() {
+    Ports ports;
+    ports.launch = {u"/app", u"Norvaset", u"/home/reader/.local/share/Norvaset", u"", u"/"};
+    ports.window = std::make_unique<NoneWindow>();
+    ports.menuBar = std::make_unique<NoneMenuBar>();
+    ports.statusBar = std::make_unique<NoneStatusBar>();
+    ports.textView = std::make_unique<NoneTextView>();
+    ports.dialogs = std::make_unique<NoneDialogs>();
+    ports.saveTimer = std::make_unique<NoneTimer>();
+    ports.shell = std::make_unique<NoneShell>();
+    ports.registry = std::make_unique<NoneRegistry>();
+    auto clock = std::make_unique<NoneClock>();
+    ports.files = std::make_unique<NoneFiles>(*clock);
+    ports.clock = std::move(clock);
+    auto versionInfo = std::make_unique<NoneVersionInfo>();
+    versionInfo->version = {u"The Company", u"Norvaset", u"", u"", u"", u"", 2, 5, 12};
+    ports.versionInfo = std::move(versionInfo);
+    ports.locale = std::make_unique<NoneLocale>();
+    return ports;
+}

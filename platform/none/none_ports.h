@@ -1,0 +1,132 @@
+// The headless back end: every port in memory, for tests and fuzzers.
+#pragma once
+
+#include "platform/none/none_clock.h"
+#include "platform/none/none_files.h"
+#include "platform/none/none_text_view.h"
+#include "platform/none/none_window.h"
+#include "platform/ports.h"
+
+#include <map>
+#include <vector>
+
+class NoneMenuBar : public MenuBar {
+  public:
+    void Attach(const std::vector<MenuArray*>& top, MenuEvents events) override {
+        topLevel = top;
+        events_ = std::move(events);
+    }
+    void Refresh() override {}
+    void Open(MenuArray& menu) { events_.onOpening(menu); }
+    // As a user does: nothing happens on an item that is greyed or hidden.
+    void Click(MenuArray& array, int index = 0) {
+        if (array[index].enabled && array[index].visible) events_.onClick(array, index);
+    }
+    std::vector<MenuArray*> topLevel;
+
+  private:
+    MenuEvents events_;
+};
+
+class NoneStatusBar : public StatusBar {
+  public:
+    void SetPanels(const std::vector<StatusPanel>& given) override { panels = given; }
+    int Height() const override { return height; }
+    void SetHeight(int pixels) override { height = pixels; }
+    void SetBounds(const Rect& given) override { bounds = given; }
+    std::vector<StatusPanel> panels;
+    int height = 0;
+    Rect bounds;
+};
+
+// Answers what a test has prepared, and keeps what was shown.
+class NoneDialogs : public Dialogs {
+  public:
+    OpenFileAnswer OpenFile(const OpenFileRequest& request) override {
+        openRequests.push_back(request);
+        if (whileOpen) whileOpen();
+        return openAnswer;
+    }
+    DialogResult ShowMessage(const Message& message) override {
+        messages.push_back(message);
+        if (whileOpen) whileOpen();
+        return messageAnswer;
+    }
+    void SetHelpFile(const std::u16string& path) override { helpFile = path; }
+    std::vector<OpenFileRequest> openRequests;
+    OpenFileAnswer openAnswer;
+    std::vector<Message> messages;
+    DialogResult messageAnswer = DialogResult::Ok;
+    std::u16string helpFile;
+    std::function<void()> whileOpen; // what happens around while a dialog waits
+};
+
+class NoneTimer : public Timer {
+  public:
+    void Start(int milliseconds, std::function<void()> onTick) override {
+        interval = milliseconds;
+        onTick_ = std::move(onTick);
+    }
+    void Stop() override { onTick_ = nullptr; }
+    void Tick(int times = 1) {
+        for (int i = 0; i < times && onTick_; ++i)
+            onTick_();
+    }
+    int interval = 0;
+
+  private:
+    std::function<void()> onTick_;
+};
+
+class NoneShell : public Shell {
+  public:
+    std::u16string DefaultTextEditor() const override { return u"/bin/plain-editor"; }
+    void OpenWith(const std::u16string& program, const std::u16string& argument) override {
+        started.emplace_back(program, argument);
+    }
+    bool BecomeOnlyInstance(const std::u16string& name) override {
+        instanceName = name;
+        return !otherInstanceRuns;
+    }
+    std::vector<std::pair<std::u16string, std::u16string>> started;
+    std::u16string instanceName;
+    bool otherInstanceRuns = false;
+};
+
+class NoneRegistry : public Registry {
+  public:
+    std::u16string Read(const std::u16string& key, const std::u16string& name) const override {
+        const auto value = values.find({key, name});
+        return value == values.end() ? u"" : value->second;
+    }
+    int Write(const std::u16string& key, const std::u16string& name,
+              const std::u16string& text) override {
+        values[{key, name}] = text;
+        ++writes;
+        return 0;
+    }
+    std::map<std::pair<std::u16string, std::u16string>, std::u16string> values;
+    int writes = 0;
+};
+
+class NoneVersionInfo : public VersionInfo {
+  public:
+    ProgramVersion OwnVersion() const override { return version; }
+    std::u16string FileDescription(const std::u16string& program) const override {
+        const auto description = descriptions.find(program);
+        return description == descriptions.end() ? u"" : description->second;
+    }
+    ProgramVersion version;
+    std::map<std::u16string, std::u16string> descriptions;
+};
+
+class NoneLocale : public Locale {
+  public:
+    int AnsiCodePage() const override { return codePage; }
+    std::u16string MonthName(int month, bool full) const override;
+    std::u16string DayName(int weekday, bool full) const override;
+    int codePage = 1252;
+};
+
+// All of them, with a program in "/app" whose folder can be written.
+Ports MakeNonePorts();

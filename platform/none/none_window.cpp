@@ -1,0 +1,38 @@
+#include "platform/none/none_window.h"
+
+void NoneWindow::Close() {
+    if (closed) return;
+    closed = true;
+    if (events_.onUnload) events_.onUnload();
+}
+
+void NoneWindow::SetState(WindowState state) {
+    if (state == state_) return;
+    state_ = state;
+    if (events_.onResize) events_.onResize();
+}
+
+void NoneWindow::Move(const Rect& bounds) {
+    ++moves;
+    DragTo(bounds);
+}
+
+void NoneWindow::DragTo(const Rect& bounds) {
+    if (bounds == bounds_) return;
+    bounds_ = bounds;
+    if (events_.onResize) events_.onResize();
+}
+
+double NoneWindow::TextWidth(std::u16string_view text) const {
+    double width = 0;
+    for (const char16_t unit : text)
+        width += unit == u' ' ? 3 : unit == u'M' ? 9 : unit == u'i' ? 2 : 6;
+    return width;
+}
+
+ViewFont NoneWindow::DefaultViewFont() const {
+    ViewFont font;
+    font.name = u"Plain";
+    font.size = 10;
+    return font;
+}

@@ -1,0 +1,43 @@
+// The headless window: a rectangle, a state and a title.
+#pragma once
+
+#include "platform/window.h"
+
+class NoneWindow : public Window {
+  public:
+    void SetEvents(WindowEvents events) override { events_ = std::move(events); }
+    void Open() override { open = true; }
+    void Close() override;
+
+    WindowState State() const override { return state_; }
+    void SetState(WindowState) override;
+    Rect Bounds() const override { return bounds_; }
+    void Move(const Rect&) override;
+    int InnerWidth() const override { return bounds_.width; }
+    int InnerHeight() const override { return bounds_.height - MenuHeight; }
+    double TwipsPerPixelX() const override { return twipsPerPixel; }
+    double TwipsPerPixelY() const override { return twipsPerPixel; }
+
+    void SetTitle(std::u16string_view text) override { title = text; }
+    void ApplySystemFont() override { systemFontApplied = true; }
+    double TextWidth(std::u16string_view) const override;
+    void SetPanelBounds(const Rect& bounds) override { panel = bounds; }
+    ViewFont DefaultViewFont() const override;
+
+    const WindowEvents& Events() const { return events_; }
+
+    // A user's doing, with the event it causes.
+    void DragTo(const Rect&);
+
+    static constexpr int MenuHeight = 20;
+    double twipsPerPixel = 15;
+    bool open = false, closed = false, systemFontApplied = false;
+    int moves = 0;
+    std::u16string title;
+    Rect panel;
+
+  private:
+    WindowEvents events_;
+    WindowState state_ = WindowState::Normal;
+    Rect bounds_{100, 80, 800, 600};
+};

@@ -1,0 +1,15 @@
+// The clock on POSIX, and local time.
+#pragma once
+
+#include "platform/clock.h"
+
+#include <ctime>
+#include <optional>
+
+DateTime LocalTime(std::time_t);
+std::optional<std::time_t> TimeFromLocal(const DateTime&); // none for a date that is none
+
+class PosixClock : public Clock {
+  public:
+    DateTime Now() const override { return LocalTime(std::time(nullptr)); }
+};

@@ -1,0 +1,143 @@
+#include "platform/posix/posix_files.h"
+
+#include "platform/posix/file_descriptor.h"
+#include "platform/posix/posix_clock.h"
+#include "platform/posix/posix_paths.h"
+#include "platform/posix/posix_replace.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <new>
+
+namespace {
+
+std::optional<struct stat> StatusOf(const std::u16string& path) {
+    const auto native = NativePath(path);
+    struct stat status {};
+    if (!native || stat(native->c_str(), &status) != 0) return std::nullopt;
+    return status;
+}
+
+ReadStatus StatusOfError(int error) {
+    switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+    case ENAMETOOLONG: return ReadStatus::NotFound;
+    case EACCES:
+    case EPERM: return ReadStatus::Denied;
+    default: return ReadStatus::Failed;
+    }
+}
+
+// Reads on to the end, wherever that is by now: the file may grow or shrink meanwhile.
+ReadStatus ReadToEnd(int file, std::uint64_t sizeNow, std::uint64_t limit, std::string& bytes) {
+    std::string content;
+    std::size_t used = 0;
+    for (;;) {
+        if (used > limit) return ReadStatus::TooLarge;
+        // One byte more than there should be, so that the end is seen.
+        if (used == content.size())
+            content.resize(std::max<std::size_t>(sizeNow, used) * 5 / 4 + 1);
+        const ssize_t got = read(file, content.data() + used, content.size() - used);
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) return StatusOfError(errno);
+        if (got == 0) break;
+        used += static_cast<std::size_t>(got);
+    }
+    content.resize(used);
+    bytes = std::move(content);
+    return ReadStatus::Ok;
+}
+
+} // namespace
+
+bool PosixFiles::FileExists(const std::u16string& path) const {
+    const auto status = StatusOf(path);
+    return status && !S_ISDIR(status->st_mode);
+}
+
+bool PosixFiles::FolderExists(const std::u16string& path) const {
+    const auto status = StatusOf(path);
+    return status && S_ISDIR(status->st_mode);
+}
+
+bool PosixFiles::FolderIsWritable(const std::u16string& path) const {
+    return FolderExists(path) &&
+           faccessat(AT_FDCWD, NativePath(path)->c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+}
+
+bool PosixFiles::CreateFolder(const std::u16string& path) {
+    const auto native = NativePath(path);
+    if (!native) return false;
+    for (std::size_t slash = 0; slash != native->npos;) {
+        slash = native->find('/', slash + 1);
+        mkdir(native->substr(0, slash).c_str(), 0700); // most are there already
+    }
+    return FolderExists(path);
+}
+
+bool PosixFiles::SameFile(const std::u16string& a, const std::u16string& b) const {
+    const auto first = StatusOf(a), second = StatusOf(b);
+    return first && second && first->st_dev == second->st_dev && first->st_ino == second->st_ino;
+}
+
+std::optional<FileVersion> PosixFiles::Version(const std::u16string& path) const {
+    const auto status = StatusOf(path);
+    if (!status) return std::nullopt;
+    return FileVersion{status->st_dev, status->st_ino, static_cast<std::uint64_t>(status->st_size),
+                       status->st_mtim.tv_sec * 1'000'000'000 + status->st_mtim.tv_nsec};
+}
+
+ReadStatus PosixFiles::Read(const std::u16string& path, std::uint64_t limit,
+                            std::string& bytes) const {
+    const auto native = NativePath(path);
+    if (!native) return ReadStatus::NotFound;
+    // Asked before it is opened, because opening a device or a pipe can do something by itself.
+    struct stat status {};
+    if (stat(native->c_str(), &status) != 0) return StatusOfError(errno);
+    if (!S_ISREG(status.st_mode)) return ReadStatus::NotAFile;
+    const FileDescriptor file(open(native->c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
+    if (!file.IsOpen()) return StatusOfError(errno);
+    if (fstat(file.Number(), &status) != 0) return StatusOfError(errno);
+    if (!S_ISREG(status.st_mode)) return ReadStatus::NotAFile;
+    const auto size = static_cast<std::uint64_t>(status.st_size);
+    if (size > limit) return ReadStatus::TooLarge;
+    try {
+        return ReadToEnd(file.Number(), size, limit, bytes);
+    } catch (const std::bad_alloc&) {
+        return ReadStatus::TooLarge;
+    }
+}
+
+bool PosixFiles::Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) {
+    const auto native = NativePath(path);
+    if (!native) return false;
+    if (replaced_.insert(*native).second) RemoveLeftovers(*native);
+    return ReplaceInOneStep(*native, bytes, keepFileTime);
+}
+
+std::optional<DateTime> PosixFiles::Stamp(const std::u16string& path, FileStamp which) const {
+    const auto native = NativePath(path);
+    struct statx status {};
+    if (!native ||
+        statx(AT_FDCWD, native->c_str(), 0, STATX_BASIC_STATS | STATX_BTIME, &status) != 0) {
+        return std::nullopt;
+    }
+    if (which == FileStamp::Creation && !(status.stx_mask & STATX_BTIME)) return std::nullopt;
+    const auto& stamp = which == FileStamp::Creation     ? status.stx_btime
+                        : which == FileStamp::LastAccess ? status.stx_atime
+                                                         : status.stx_mtime;
+    return LocalTime(stamp.tv_sec);
+}
+
+bool PosixFiles::SetStamp(const std::u16string& path, const DateTime& local, FileStamp which) {
+    const auto native = NativePath(path);
+    const auto time = TimeFromLocal(local);
+    if (!native || !time || which == FileStamp::Creation) return false;
+    timespec times[2] = {{0, UTIME_OMIT}, {0, UTIME_OMIT}};
+    times[which == FileStamp::LastAccess ? 0 : 1] = {*time, 0};
+    return utimensat(AT_FDCWD, native->c_str(), times, 0) == 0;
+}

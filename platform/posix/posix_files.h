@@ -1,0 +1,27 @@
+// Files on POSIX.
+#pragma once
+
+#include "platform/files.h"
+
+#include <set>
+#include <string>
+
+// A creation time is known where the file system keeps one, and cannot be set.
+class PosixFiles : public Files {
+  public:
+    char16_t Separator() const override { return u'/'; }
+    bool FileExists(const std::u16string& path) const override;
+    bool FolderExists(const std::u16string& path) const override;
+    bool FolderIsWritable(const std::u16string& path) const override;
+    bool CreateFolder(const std::u16string& path) override; // for the user alone
+    bool SameFile(const std::u16string& a, const std::u16string& b) const override;
+    std::optional<FileVersion> Version(const std::u16string& path) const override;
+    ReadStatus Read(const std::u16string& path, std::uint64_t limit,
+                    std::string& bytes) const override;
+    bool Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) override;
+    std::optional<DateTime> Stamp(const std::u16string& path, FileStamp) const override;
+    bool SetStamp(const std::u16string& path, const DateTime& local, FileStamp) override;
+
+  private:
+    std::set<std::string> replaced_; // whose leftovers have been removed
+};

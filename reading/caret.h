@@ -1,0 +1,21 @@
+// The caret, the selection and the top line of the text view, also in right-to-left charsets.
+#pragma once
+
+#include "platform/text_view.h"
+
+#include <optional>
+#include <string>
+
+bool IsRightToLeftCharset(int charset); // 177, 178, 179
+
+// Puts the caret at `position`, when given, and brings its line to the top.
+void ScrollCaretToTop(TextView&, std::optional<TextPos> position = std::nullopt);
+
+// The first character of the top visible line: the reading position.
+TextPos FirstVisibleChar(const TextView&);
+
+// The caret; for a right-to-left charset the selection's end mirrored within its line.
+TextPos LogicalCaretPos(const TextView&, int charset);
+
+// The selected text; for a right-to-left charset taken from the mirrored caret.
+std::u16string SelectedTextLogical(const TextView&, int charset);

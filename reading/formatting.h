@@ -1,0 +1,15 @@
+// The look of the text view: every setting holds for the whole text.
+#pragma once
+
+#include "platform/geometry.h"
+
+struct MainForm;
+
+constexpr Color defaultTextColor = 0x000000, defaultBackColor = 0xFFFFFF;
+
+// With `noRestore` the caller scrolls afterwards; else the line of the caret goes to the top again.
+void ApplyFont(MainForm&, bool noRestore); // the form's view font
+void ApplyTextColor(MainForm&, Color, bool noRestore);
+void ApplyAlignment(MainForm&, int index,
+                    bool noRestore); // as the items of the alignment menu; others count as 0
+void SetWordWrap(MainForm&, bool wrap);

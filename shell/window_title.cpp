@@ -1,0 +1,31 @@
+#include "shell/window_title.h"
+
+#include "app/main_form.h"
+#include "books/book_record.h"
+#include "books/charsets.h"
+#include "books/history_list.h"
+#include "common/menu_items.h"
+#include "common/text.h"
+#include "reading/text_routines.h"
+
+namespace {
+// A title bar may show the system's own script only; a caption in another one gives way to the
+// path.
+bool ShowsFileName(const MainForm& form, const BookRecord& record) {
+    const bool fileNameWanted = CheckedItem(form.menu.mOptionsTitle) == 0;
+    const int codePage = CharsetToCodePage(form.viewFont.charset);
+    return record[Field::Title].empty() || fileNameWanted ||
+           codePage != form.ports.locale->AnsiCodePage();
+}
+} // namespace
+
+void UpdateWindowTitle(MainForm& form) {
+    std::u16string title = form.productTitle + u" [" + form.menu.mUser[0].tag + u"]";
+    if (IsBookShown(form)) {
+        const BookRecord record = BookRecord::Parse(form.menu.mFileList[0].tag);
+        title += u" - ";
+        title += ShowsFileName(form, record) ? record.Path()
+                                             : DecodeCharRefs(TrimBlanks(record[Field::Title]));
+    }
+    form.ports.window->SetTitle(title);
+}

@@ -1,0 +1,151 @@
+#include "test_form.h"
+
+#include "books/history_caption.h"
+#include "books/open_book.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+std::u16string CaptionOf(const std::u16string& record) {
+    DateNames names;
+    names.ShortMonthNames.fill(u"Jul ");
+    return HistoryCaption(BookRecord::Parse(record), names, {2026, 11, 21});
+}
+
+std::u16string WithTitle(std::size_t length) {
+    return u"/b=" + std::u16string(15, u'=') + std::u16string(length, u'x');
+}
+
+std::string ThreeBooks() {
+    return "[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n"
+           "/b/0.txt=2021:07:04:18:05:30=0\r\n/b/1.txt=2021:07:04:18:05:30=0\r\n"
+           "/b/2.txt=2021:07:04:18:05:30=0\r\n";
+}
+} // namespace
+
+TEST_CASE("record: any number of fields becomes 18") {
+    CHECK(BookRecord::Parse(u"/b=1=2").ToText() == u"/b=1=2" + std::u16string(15, u'='));
+    const BookRecord longOne =
+        BookRecord::Parse(u"0=1=2=3=4=5=6=7=8=9=10=11=12=13=14=15=16=17=18=19");
+    CHECK(longOne.ToText() == u"0=1=2=3=4=5=6=7=8=9=10=11=12=13=14=15=16=17");
+    CHECK(longOne[Field::Size] == u"15");
+    CHECK(longOne[Field::Title] == u"16");
+    CHECK(longOne[Field::Marks] == u"17");
+    CHECK(BookRecord::Parse(u"").ToText() == std::u16string(17, u'='));
+    CHECK(KeyToPath(PathToKey(u"/a=b/c=.txt")) == u"/a=b/c=.txt");
+}
+
+TEST_CASE("history caption: date, size, path and title") {
+    CHECK(CaptionOf(u"/b/s.txt=2021:7:4:18:5:30=0============2048==") == u"/b/s.txt");
+    CHECK(CaptionOf(u"/b=2021:7:4:18:5:30=0=============125952=The &#233;nd=") ==
+          u"[2021 Jul  04] (123K) /b\t= The \u00E9nd");
+    const std::pair<const char16_t*, const char16_t*> sizes[] = {
+        {u"2048", u"(2K) /b"}, {u"511", u"(0K) /b"}, {u"2560", u"(2K) /b"}, {u"3584", u"(4K) /b"},
+        {u"513", u"(1K) /b"},  {u"0", u"(0K) /b"},   {u"", u"/b"},
+    };
+    for (const auto& [size, caption] : sizes)
+        CHECK(CaptionOf(u"/b==0=============" + std::u16string(size) + u"==") == caption);
+}
+
+TEST_CASE("history caption: a malformed access time shows today") {
+    CHECK(CaptionOf(u"/b=soon") == u"[2026 Jul  21] /b");
+}
+
+TEST_CASE("history caption: a title is cut to 40 only above 41") {
+    CHECK(CaptionOf(WithTitle(41)) == u"/b\t= " + std::u16string(41, u'x'));
+    CHECK(CaptionOf(WithTitle(42)) == u"/b\t= " + std::u16string(40, u'x'));
+    CHECK(CaptionOf(WithTitle(60)) == u"/b\t= " + std::u16string(40, u'x'));
+}
+
+TEST_CASE("history: a missing book is greyed and the File menu offers to remove it") {
+    TestForm test;
+    test.PutDataFile(ThreeBooks());
+    test.PutBook(u"/b/0.txt");
+    test.PutBook(u"/b/2.txt");
+    REQUIRE(test.Start());
+    CHECK_FALSE(test.Menu().mFileList[1].enabled);
+    CHECK(test.Menu().mFileList[2].enabled);
+    test.Menus().Open(test.Menu().mFile);
+    CHECK(test.Menu().mFileNonFound[0].enabled);
+    test.Menus().Click(test.Menu().mFileNonFound);
+    CHECK(test.Order() == std::vector<std::u16string>{u"/b/0.txt", u"/b/2.txt"});
+    CHECK(LoadSectionLines(*test.form.dataFile, u"A\\mFileList").size() == 2);
+    test.Menus().Open(test.Menu().mFile);
+    CHECK_FALSE(test.Menu().mFileNonFound[0].enabled);
+}
+
+TEST_CASE("history: an empty list hides its item and separator and closes the remove submenu") {
+    TestForm test;
+    REQUIRE(test.Start());
+    SyncRemoveMenu(test.form, -1);
+    CHECK_FALSE(test.Menu().mFileList[0].visible);
+    CHECK_FALSE(test.Menu().mFileSeparator[0].visible);
+    CHECK_FALSE(test.Menu().mFileRemove[0].enabled);
+    test.Menus().Open(test.Menu().mFile);
+    CHECK_FALSE(test.Menu().mFileNonFound[0].enabled);
+    CHECK_FALSE(test.Menu().mFileEdit[0].enabled);
+}
+
+TEST_CASE("history: removing books, the last one and the shown one") {
+    TestForm test;
+    test.PutDataFile(ThreeBooks());
+    for (const char16_t* path : {u"/b/0.txt", u"/b/1.txt", u"/b/2.txt"})
+        test.PutBook(path, "text");
+    REQUIRE(test.Start());
+    test.Menus().Click(test.Menu().mFileRemoveList, 1);
+    CHECK(test.Order() == std::vector<std::u16string>{u"/b/0.txt", u"/b/2.txt"});
+    CHECK(test.Menu().mFileRemoveList[1].caption == u"/b/2.txt");
+    const int loads = test.View().loads;
+    test.Menus().Click(test.Menu().mFileRemoveList, 0); // the shown one: its text stays
+    CHECK(test.View().loads == loads);
+    CHECK(test.Order() == std::vector<std::u16string>{u"/b/2.txt"});
+    CHECK(test.Menu().mFileList[0].checked);
+    test.Menus().Click(test.Menu().mFileRemoveList, 0);
+    CHECK_FALSE(test.Menu().mFileList[0].visible);
+    CHECK_FALSE(test.Menu().mFileSeparator[0].visible);
+    CHECK_FALSE(test.Menu().mFileRemove[0].enabled);
+}
+
+TEST_CASE("history: the editor is offered for a known kind whose editor and book exist") {
+    TestForm test;
+    test.PutBook(u"/b/a book.txt");
+    test.PutBook(u"/b/a.log");
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/a book.txt", -1);
+    test.Menus().Open(test.Menu().mFile);
+    CHECK_FALSE(test.Menu().mFileEdit[0].enabled); // no such program
+    test.PutBook(u"/bin/plain-editor");
+    test.Menus().Open(test.Menu().mFile);
+    CHECK(test.Menu().mFileEdit[0].enabled);
+    test.Menus().Click(test.Menu().mFileEdit);
+    REQUIRE(test.Shell().started.size() == 1);
+    CHECK(test.Shell().started[0].second == u"/b/a book.txt");
+    OpenBook(test.form, u"/b/a.log", -1);
+    test.Menus().Open(test.Menu().mFile);
+    CHECK_FALSE(test.Menu().mFileEdit[0].enabled); // a kind without an editor
+}
+
+TEST_CASE("history: two books whose names differ only in case stay two") {
+    TestForm test;
+    test.PutBook(u"/b/Book.txt", NumberedLines(300));
+    test.PutBook(u"/b/book.txt", NumberedLines(300));
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/Book.txt", -1);
+    OpenBook(test.form, u"/b/book.txt", -1);
+    test.View().ScrollLineToTop(700);
+    test.Close();
+    TestForm next(test);
+    REQUIRE(next.Start());
+    CHECK(next.Order() == std::vector<std::u16string>{u"/b/book.txt", u"/b/Book.txt"});
+    CHECK(next.Record(0)[Field::LastPos] != u"0");
+    CHECK(next.Record(1)[Field::LastPos] == u"0");
+}
+
+TEST_CASE("history: a hand-edited section keeps every line that names a book") {
+    TestForm test;
+    test.PutDataFile("[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n/b/only-a-path\r\n"
+                     "; a comment\r\n/b/five=2021:1:1:1:1:1=0=Serif=14\r\n"
+                     "/b/twenty=1=2=3=4=5=6=7=8=9=10=11=12=13=14=15=16=17=18=19\r\n");
+    REQUIRE(test.Start());
+    CHECK(test.Order() == std::vector<std::u16string>{u"/b/only-a-path", u"/b/five", u"/b/twenty"});
+}

@@ -1,0 +1,131 @@
+#include "test_form.h"
+
+#include "books/open_book.h"
+#include "shell/window_title.h"
+
+#include <doctest/doctest.h>
+
+TEST_CASE("layout: status bar, panel and views fill the window") {
+    TestForm test;
+    REQUIRE(test.Start());
+    test.Window().DragTo({5, 6, 400, 320});
+    CHECK(test.Status().bounds == Rect{0, 282, 400, 18});
+    CHECK(test.Window().panel == Rect{0, 0, 400, 282});
+    CHECK(test.View().Bounds() == Rect{2, 0, 394, 278});
+    CHECK(test.form.placement == WindowPlacement{0, 75, 90, 6000, 4800});
+}
+
+TEST_CASE("layout: minimising moves nothing, and leaving it lands on the normal rectangle") {
+    TestForm test;
+    REQUIRE(test.Start());
+    test.Window().DragTo({5, 6, 400, 320});
+    const Rect before = test.View().Bounds();
+    test.Window().SetState(WindowState::Minimized);
+    CHECK(test.form.placement.State == 1);
+    CHECK(test.View().Bounds() == before);
+    test.Window().DragTo(
+        {-32000, -32000, 1, 1}); // where some window managers put a minimised window
+    test.Window().SetState(WindowState::Normal);
+    CHECK(test.Window().Bounds() == Rect{5, 6, 400, 320});
+    CHECK(test.View().Bounds() == before);
+}
+
+TEST_CASE("layout: closed while maximised, the last normal rectangle and state 2 are kept") {
+    TestForm test;
+    REQUIRE(test.Start());
+    test.Window().DragTo({5, 6, 400, 320});
+    test.Window().SetState(WindowState::Maximized);
+    test.Window().DragTo({0, 0, 1280, 900});
+    CHECK(test.form.placement == WindowPlacement{2, 75, 90, 6000, 4800});
+    test.Close();
+    const std::string data = test.DataFile();
+    CHECK(data.find("[Default]\r\nLeft=5\r\nTop=6\r\nWidth=400\r\nHeight=320\r\nState=2\r\n") !=
+          std::string::npos);
+    TestForm next(test);
+    REQUIRE(next.Start());
+    CHECK(next.Window().State() == WindowState::Maximized);
+    next.Window().SetState(WindowState::Normal);
+    CHECK(next.Window().Bounds() == Rect{5, 6, 400, 320});
+}
+
+TEST_CASE("layout: a resize from inside the handler does not lay out again") {
+    TestForm test;
+    REQUIRE(test.Start());
+    test.form.resizeNesting = 1;
+    const Rect before = test.View().Bounds();
+    test.Window().DragTo({0, 0, 300, 200});
+    CHECK(test.View().Bounds() == before);
+    CHECK(test.form.resizeNesting == 1);
+}
+
+TEST_CASE("layout: at 120 dpi a stored width of 800 is 9600 twips") {
+    TestForm test;
+    test.PutDataFile("[mProfileList]\r\n0=A\r\n[A]\r\nLeft=1\r\nTop=2\r\nWidth=800\r\nHeight="
+                     "500\r\nState=0\r\n");
+    test.Window().twipsPerPixel = 12;
+    REQUIRE(test.Start());
+    CHECK(test.form.placement.Width == 9600);
+    CHECK(test.Window().Bounds() == Rect{1, 2, 800, 500});
+    test.Close();
+    CHECK(test.DataFile().find("Width=800\r\n") != std::string::npos);
+}
+
+TEST_CASE("layout: a profile without a placement keeps the window where it is") {
+    TestForm test;
+    test.Window().DragTo({50, 60, 700, 500});
+    REQUIRE(test.Start());
+    CHECK(test.Window().Bounds() == Rect{50, 60, 700, 500});
+    CHECK(test.form.placement.State == 0);
+}
+
+TEST_CASE("layout: wild stored numbers do not get to the window system") {
+    TestForm test;
+    test.PutDataFile("[mProfileList]\r\n0=A\r\n[A]\r\nLeft=1e300\r\nTop=-99999999\r\nWidth="
+                     "x\r\nHeight=\r\nState=77\r\n");
+    REQUIRE(test.Start());
+    CHECK(test.Window().Bounds().left <= 32767);
+    CHECK(test.Window().Bounds().top >= -32767);
+    CHECK(test.Window().State() == WindowState::Normal);
+}
+
+namespace {
+std::u16string TitleFor(TestForm& test, const char* record) {
+    test.PutDataFile(std::string("[mProfileList]\r\n0=Anna\r\n[Anna\\mFileList]\r\n") + record +
+                     "\r\n");
+    test.PutBook(u"/b/a.txt");
+    REQUIRE(test.Start());
+    return test.Window().title;
+}
+} // namespace
+
+TEST_CASE("title: the caption, where it is wanted and can be shown, else the path") {
+    const char* captioned = "/b/a.txt=1=0=Serif=12=0=0=0=0=0=1=0=0=0=0=9= A &#233;tude =";
+    TestForm shown;
+    CHECK(TitleFor(shown, captioned) == u"Norvaset [Anna] - A \u00E9tude");
+    CheckRadioItem(0, shown.Menu().mOptionsTitle);
+    UpdateWindowTitle(shown.form);
+    CHECK(shown.Window().title == u"Norvaset [Anna] - /b/a.txt");
+    TestForm none;
+    CHECK(TitleFor(none, "/b/a.txt=1=0=Serif=12=0=0=0=0=0=1=0=0=0=0=9==") ==
+          u"Norvaset [Anna] - /b/a.txt");
+    TestForm cyrillic;
+    CHECK(TitleFor(cyrillic, "/b/a.txt=1=0=Serif=12=204=0=0=0=0=1=0=0=0=0=9=Caption=") ==
+          u"Norvaset [Anna] - /b/a.txt");
+    TestForm atHome;
+    atHome.Locale().codePage = 1251;
+    CHECK(TitleFor(atHome, "/b/a.txt=1=0=Serif=12=204=0=0=0=0=1=0=0=0=0=9=Caption=") ==
+          u"Norvaset [Anna] - Caption");
+    TestForm shortRecord;
+    CHECK(TitleFor(shortRecord, "/b/a.txt=1") == u"Norvaset [Anna] - /b/a.txt");
+}
+
+TEST_CASE("options: an editor is described by its version information, else by its name") {
+    TestForm test;
+    test.PutDataFile(
+        "[fwMain]\r\nmOptionsEditor-0=/bin/MyEdit.EXE\r\nmOptionsEditor-1=/bin/writer\r\n");
+    static_cast<NoneVersionInfo&>(*test.form.ports.versionInfo).descriptions[u"/bin/writer"] =
+        u"The Writer";
+    REQUIRE(test.Start());
+    CHECK(test.Menu().mOptionsEditor[0].caption == u"Set &TXT Editor...\t[myedit.exe]");
+    CHECK(test.Menu().mOptionsEditor[1].caption == u"Set &RTF Editor...\t[The Writer]");
+}

@@ -1,0 +1,117 @@
+#include "app/menu_tree.h"
+#include "common/key_names.h"
+#include "common/menu_items.h"
+
+#include <doctest/doctest.h>
+
+TEST_CASE("shortcuts: a specification becomes its display text") {
+    const std::pair<const char16_t*, const char16_t*> table[] = {
+        {u"70.2", u"Ctrl+F"},
+        {u"112.0", u"F1"},
+        {u"17.2", u"Ctrl"},
+        {u"107.6", u"Alt+Ctrl+Num +"},
+        {u"16.1", u"Shift"},
+        {u"18.4", u"Alt"},
+        {u"65.7", u"Alt+Ctrl+Shift+A"},
+        {u"48.0", u"0"},
+        {u"105.0", u"Num 9"},
+        {u"123.4", u"Alt+F12"},
+        {u"222.1", u"Shift+Apostrophe"},
+        {u"3.0", u"Cancel"},
+        {u"93.0", u"App"},
+        {u"46.2", u"Ctrl+Del"},
+    };
+    for (const auto& [specification, text] : table)
+        CHECK(GetShortcutText(specification) == text);
+}
+
+TEST_CASE("shortcuts: the text of a caption is replaced, never appended") {
+    MenuItem item;
+    item.caption = u"Set &TXT Editor...\t[notepad.exe]";
+    SetMenuShortcutText(item, u"");
+    CHECK(item.caption == u"Set &TXT Editor...");
+    SetMenuShortcutText(item, u"F1");
+    SetMenuShortcutText(item, u"F2");
+    CHECK(item.caption == u"Set &TXT Editor...\tF2");
+    CHECK(BaseCaption(item) == u"Set &TXT Editor...");
+    CHECK(DialogTitle(item) == u"Set TXT Editor");
+}
+
+TEST_CASE("menu items: an added item takes what it is given") {
+    MenuArray array{"list", {MenuItem{}}, {}};
+    const MenuItem& item = AddMenuItem(array, u"Find", u"70.2", u"tag", 7, true, false);
+    CHECK(array.Count() == 2);
+    CHECK(item.caption == u"Find\tCtrl+F");
+    CHECK(item.tag == u"tag");
+    CHECK(item.helpContextId == 7);
+    CHECK(item.checked);
+    CHECK_FALSE(item.visible);
+}
+
+TEST_CASE("menu items: a radio group has one checked item") {
+    MenuArray group{"group", {MenuItem{}, MenuItem{}, MenuItem{}}, {}};
+    CheckRadioItem(2, group);
+    CheckRadioItem(1, group);
+    CHECK_FALSE(group[0].checked);
+    CHECK(group[1].checked);
+    CHECK_FALSE(group[2].checked);
+    CHECK(group[0].radio);
+    CHECK(CheckedItem(group) == 1);
+}
+
+TEST_CASE("menu tree: before start-up every list holds its one element") {
+    MenuTree menu;
+    for (const MenuArray* list : {&menu.mFileList, &menu.mFileRemoveList, &menu.mBookmarkList,
+                                  &menu.mBookmarkDeleteList, &menu.mUserDeleteList}) {
+        REQUIRE(list->Count() == 1);
+        CHECK(list->items[0].caption == u"...");
+    }
+    REQUIRE(menu.mProfileList.Count() == 1);
+    CHECK(menu.mProfileList[0].caption == u"&Default");
+}
+
+TEST_CASE("menu tree: a separator follows the heading of each remove submenu") {
+    MenuTree menu;
+    for (const MenuArray* heading : {&menu.mFileRemovePlaceholder, &menu.mBookmarkDeletePlaceholder,
+                                     &menu.mUserDeletePlaceholder}) {
+        REQUIRE(heading->Count() == 2);
+        CHECK(heading->items[0].caption == u"Click on item to remove from the list:");
+        CHECK(heading->items[1].IsSeparator());
+    }
+}
+
+namespace {
+int Position(const std::vector<MenuArray*>& arrays, const MenuArray& wanted) {
+    int position = 0;
+    for (const MenuArray* array : arrays) {
+        if (array == &wanted) return position;
+        position += array->Count();
+    }
+    return -1;
+}
+} // namespace
+
+TEST_CASE("menu tree: the lists and radio groups stand at their positions") {
+    MenuTree menu;
+    const auto top = menu.TopLevel();
+    CHECK(Position(top, menu.mFile) == 0);
+    CHECK(Position(top, menu.mHelp) == 6);
+    CHECK(Position(menu.mFile.children, menu.mFileList) == 6);
+    CHECK(Position(menu.mFile.children, menu.mFileRemove) == 4);
+    CHECK(Position(menu.mFileRemove.children, menu.mFileRemoveList) == 2);
+    CHECK(Position(menu.mBookmark.children, menu.mBookmarkList) == 9);
+    CHECK(Position(menu.mBookmark.children, menu.mBookmarkDelete) == 7);
+    CHECK(Position(menu.mBookmarkDelete.children, menu.mBookmarkDeleteList) == 2);
+    CHECK(Position(menu.mUser.children, menu.mUserDelete) == 1);
+    CHECK(Position(menu.mUserDelete.children, menu.mUserDeleteList) == 2);
+    CHECK(Position(menu.mView.children, menu.mViewAlign) == 8);
+    CHECK(Position(menu.mOptions.children, menu.mOptionsTitle) == 0);
+}
+
+TEST_CASE("menu tree: names, captions and order are the golden ones") {
+    MenuTree menu;
+    CHECK(menu.mEditTitle[0].caption == u"Set &Selection as Caption");
+    CHECK(menu.mViewFontSize[1].caption == u"Font Size \u2013");
+    CHECK(menu.mOptionsEditor[2].caption == u"Set &HTM Editor...");
+    CHECK(menu.mUserNew.name == "mUserNew");
+}

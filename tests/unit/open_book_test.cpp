@@ -1,0 +1,330 @@
+#include "test_form.h"
+
+#include "books/book_kind.h"
+#include "books/charsets.h"
+#include "books/open_book.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+void OpenByDialog(TestForm& test, const std::u16string& path, int filterIndex) {
+    test.Dialogs().openAnswer = {DialogResult::Ok, path, filterIndex};
+    test.Menus().Click(test.Menu().mFileOpen);
+}
+} // namespace
+
+TEST_CASE("charsets: names, pages and character sets") {
+    CHECK(CharsetCodePage("windows-1251") == 1251);
+    CHECK(CharsetCodePage("shift_jis") == 932);
+    CHECK(CharsetCodePage("johab") == 1361);
+    for (const char* other : {"UTF-8", "utf-8", "iso-8859-1", "Windows-1251", "windows-1259", ""})
+        CHECK(CharsetCodePage(other) == 1200);
+    CHECK(CodePageToCharset(1200) == 0);
+    CHECK(CodePageToCharset(437) == 0);
+    CHECK(CodePageToCharset(1251) == 204);
+    CHECK(CharsetToCodePage(254) == 437);
+    CHECK(CharsetToCodePage(1) == 0);
+    for (const int page :
+         {1252, 932, 949, 1361, 936, 950, 1253, 1254, 1258, 1255, 1256, 1257, 1251, 874, 1250})
+        CHECK(CharsetToCodePage(CodePageToCharset(page)) == page);
+}
+
+TEST_CASE("book kind: from the first line, else from the name") {
+    CHECK(GetFilterPatterns(bookFilter) ==
+          std::vector<std::u16string>{u"*.txt", u"*.rtf", u"*.htm", u"*.*"});
+    CHECK(KindOfBook(u"/b/a.txt", "{\\RTF1 x}") == RichTextBook);
+    CHECK(KindOfBook(u"/b/a.TXT", "plain") == TextBook);
+    CHECK(KindOfBook(u"/b/a.rtf", "plain") == RichTextBook);
+    CHECK(KindOfBook(u"/b/a.htm", "<html>") == HtmlBook);
+    CHECK(KindOfBook(u"/b/a.log", "") == OtherBook);
+    CHECK(KindOfBook(u"/b/README", "") == OtherBook);
+    CHECK(MatchesPattern(u"abcabd", u"a*abd"));
+    CHECK(MatchesPattern(u"abc", u"?b*"));
+    CHECK_FALSE(MatchesPattern(u"abc", u"b*"));
+}
+
+TEST_CASE("open: rich text in capitals is told from its content, for All Files only") {
+    TestForm test;
+    test.PutBook(u"/b/a.txt", "{\\RTF1 Hello}");
+    REQUIRE(test.Start());
+    OpenByDialog(test, u"/b/a.txt", 4);
+    CHECK(test.Record(0)[Field::Filter] == u"1");
+    CHECK(test.View().TextRange(0, 99) == u"Hello");
+    REQUIRE(test.Dialogs().openRequests.size() == 1);
+    CHECK(test.Dialogs().openRequests[0].title == u"Open File");
+    CHECK(test.Dialogs().openRequests[0].filter == bookFilter);
+    CHECK(test.Dialogs().openRequests[0].initialFolder == u"/");
+    test.PutBook(u"/b/b.log");
+    OpenByDialog(test, u"/b/b.log", 1);
+    CHECK(test.Record(0)[Field::Filter] == u"0"); // the filter says so
+    CHECK(test.Dialogs().openRequests[1].initialFolder == u"/b/");
+}
+
+TEST_CASE("open: a cancelled dialog changes nothing") {
+    TestForm test;
+    test.PutBook(u"/b/a.txt");
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/a.txt", -1);
+    const auto writes = test.Files().replaceCalls.size();
+    test.Menus().Click(test.Menu().mFileOpen);
+    CHECK(test.Files().replaceCalls.size() == writes);
+    CHECK(test.Order().size() == 1);
+}
+
+TEST_CASE("open: a dropped file of another kind opens in the text view, further ones are left") {
+    TestForm test;
+    test.PutBook(u"/b/a.log", "a log");
+    test.PutBook(u"/b/b.txt");
+    REQUIRE(test.Start());
+    test.View().onFilesDropped({u"/b/a.log", u"/b/b.txt"});
+    CHECK(test.Record(0)[Field::Filter] == u"3");
+    CHECK(test.Menu().mFileEdit[0].tag == u"3");
+    CHECK(test.View().TextRange(0, 99) == u"a log");
+    CHECK(test.Order().size() == 1);
+    test.View().onFilesDropped({});
+    CHECK(test.Order().size() == 1);
+}
+
+TEST_CASE("open: the shown book again does nothing at all") {
+    TestForm test;
+    test.PutBook(u"/b/a.txt");
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/a.txt", -1);
+    const int loads = test.View().loads;
+    const auto writes = test.Files().replaceCalls.size();
+    OpenBook(test.form, u"/b/a.txt", -1);
+    CHECK(test.View().loads == loads);
+    CHECK(test.Files().replaceCalls.size() == writes);
+}
+
+TEST_CASE("open: a listed book moves to the top and the place of the one left is not saved") {
+    TestForm test;
+    for (const char16_t* path : {u"/b/a.txt", u"/b/b.txt"})
+        test.PutBook(path, NumberedLines(300));
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/a.txt", -1);
+    OpenBook(test.form, u"/b/b.txt", -1);
+    test.View().ScrollLineToTop(500);
+    OpenBook(test.form, u"/b/a.txt", -1);
+    CHECK(test.Order() == std::vector<std::u16string>{u"/b/a.txt", u"/b/b.txt"});
+    CHECK(test.Record(1)[Field::LastPos] == u"");
+}
+
+TEST_CASE("open: a new book has its size, the present look, no place, and starts at the top") {
+    TestForm test;
+    test.PutBook(u"/b/a.txt", NumberedLines(300));
+    test.PutBook(u"/b/b.txt", "12345");
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/a.txt", -1);
+    test.View().ScrollLineToTop(500);
+    OpenBook(test.form, u"/b/b.txt", -1);
+    const BookRecord record = test.Record(0);
+    CHECK(record[Field::Size] == u"5");
+    CHECK(record[Field::FontName] == u"Plain");
+    CHECK(record[Field::FontSize] == u"10");
+    CHECK(record[Field::Charset] == u"0");
+    CHECK(record[Field::Wrap] == u"1");
+    CHECK(record[Field::Align] == u"0");
+    CHECK(record[Field::ForeColor] == u"0");
+    CHECK(record[Field::BackColor] == u"16777215");
+    CHECK(record[Field::LastPos] == u"");
+    CHECK(record[Field::Access] == u"2026:01:02:03:04:05");
+    CHECK(test.View().FirstVisibleChar() == 0);
+    CHECK(test.Record(1)[Field::LastPos] == u"493"); // the book left keeps its place
+    CHECK(test.Menu().mBookmark[0].enabled);
+}
+
+TEST_CASE("open: history item 3 comes first, the others keep their order") {
+    TestForm test;
+    REQUIRE(test.Start());
+    for (const char16_t* path : {u"/4", u"/3", u"/2", u"/1", u"/0"}) {
+        test.PutBook(path);
+        OpenBook(test.form, path, 0);
+    }
+    test.Menus().Click(test.Menu().mFileList, 3);
+    CHECK(test.Order() == std::vector<std::u16string>{u"/3", u"/0", u"/1", u"/2", u"/4"});
+    CHECK(test.Menu().mFileList[0].checked);
+    for (int i = 1; i < 5; ++i)
+        CHECK_FALSE(test.Menu().mFileList[i].checked);
+    TestForm next((test.Close(), test));
+    REQUIRE(next.Start());
+    CHECK(next.Order() == std::vector<std::u16string>{u"/3", u"/0", u"/1", u"/2", u"/4"});
+}
+
+TEST_CASE(
+    "open: a book with an equals sign in its name is stored with an asterisk, and added again") {
+    TestForm test;
+    test.PutBook(u"/b/e=mc2.txt", "energy");
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/e=mc2.txt", -1);
+    CHECK(test.View().TextRange(0, 6) == u"energy");
+    CHECK(test.Menu().mFileList[0].tag.starts_with(u"/b/e*mc2.txt="));
+    CHECK(test.Menu().mFileList[0].caption.ends_with(u"/b/e=mc2.txt"));
+    CHECK(test.DataFile().find("/b/e*mc2.txt=") != std::string::npos);
+    OpenBook(test.form, u"/b/e=mc2.txt", -1);
+    CHECK(HistoryCount(test.form) == 2);
+    test.Close();
+    TestForm next(test);
+    REQUIRE(next.Start());
+    CHECK(next.View().TextRange(0, 6) == u"energy");
+}
+
+TEST_CASE("open: what cannot be opened is told, and nothing changes") {
+    TestForm test;
+    test.PutBook(u"/b/a.txt", "shown");
+    test.PutBook(u"/b/locked.txt");
+    test.PutBook(u"/b/huge.txt");
+    test.PutBook(u"/b/pipe");
+    test.Files().AddFolder(u"/b/folder");
+    test.Files().readFailure = {{u"/b/locked.txt", ReadStatus::Denied},
+                                {u"/b/huge.txt", ReadStatus::TooLarge},
+                                {u"/b/pipe", ReadStatus::NotAFile}};
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/a.txt", -1);
+    const std::pair<const char16_t*, const char16_t*> table[] = {
+        {u"/b/none.txt", u"/b/none.txt\r\nfile not found."},
+        {u"", u"\r\nfile not found."},
+        {u"/b/folder", u"/b/folder\r\nfile not found."},
+        {u"/b/w?.txt", u"Undecipherable file name:\r\n/b/w?.txt\r\n"
+                       u"Rename the file before opening in this application."},
+        {u"/b/*.txt", u"Undecipherable file name:\r\n/b/*.txt\r\n"
+                      u"Rename the file before opening in this application."},
+        {u"/b/two\nlines", u"Undecipherable file name:\r\n/b/two\nlines\r\n"
+                           u"Rename the file before opening in this application."},
+        {u"/b/blank ", u"Undecipherable file name:\r\n/b/blank \r\n"
+                       u"Rename the file before opening in this application."},
+        {u"/b/locked.txt", u"/b/locked.txt\r\ncannot be read: access is denied."},
+        {u"/b/huge.txt", u"/b/huge.txt\r\nis too large: a book may have up to 256 MB."},
+        {u"/b/pipe", u"/b/pipe\r\nis not a file that can be read as a book."},
+    };
+    const std::string before = test.DataFile();
+    for (const auto& [path, text] : table) {
+        OpenBook(test.form, path, -1);
+        REQUIRE_FALSE(test.Dialogs().messages.empty());
+        const Message& message = test.Dialogs().messages.back();
+        CHECK(message.text == text);
+        CHECK(message.title == u"Norvaset Message");
+        CHECK(message.icon == MessageIcon::Exclamation);
+        CHECK(message.helpButton);
+        CHECK(message.helpTopic == "mFileOpen");
+    }
+    CHECK(test.Dialogs().messages.size() == std::size(table));
+    CHECK(test.DataFile() == before);
+    CHECK(test.Order() == std::vector<std::u16string>{u"/b/a.txt"});
+    CHECK(test.View().TextRange(0, 9) == u"shown");
+}
+
+TEST_CASE("open: names that trouble a data file open and come back as themselves") {
+    for (const char16_t* path :
+         {u"/b/[section].txt", u"/b/;comment.txt", u"/b/a;b.txt", u"/b/\"q\".txt",
+          u"/b/\u05D0\u4E2D\U0001F4D6 #&.txt", u"/b/it's.txt"}) {
+        TestForm test;
+        test.PutBook(path, NumberedLines(300));
+        REQUIRE(test.Start());
+        OpenBook(test.form, path, -1);
+        test.View().ScrollLineToTop(100);
+        test.Close();
+        TestForm next(test);
+        REQUIRE(next.Start());
+        CHECK(next.Order() == std::vector<std::u16string>{path});
+        CHECK(next.View().FirstVisibleChar() > 90);
+    }
+}
+
+TEST_CASE("open: a book that vanished while the list still offers it leaves the shown one") {
+    TestForm test;
+    test.PutBook(u"/b/a.txt", "first");
+    test.PutBook(u"/b/b.txt", "second");
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/a.txt", -1);
+    OpenBook(test.form, u"/b/b.txt", -1);
+    test.Files().Remove(u"/b/a.txt");
+    test.Menus().Click(test.Menu().mFileList, 1);
+    CHECK(test.Dialogs().messages.back().text == u"/b/a.txt\r\nfile not found.");
+    CHECK(test.View().TextRange(0, 9) == u"second");
+    CHECK(test.Order() == std::vector<std::u16string>{u"/b/b.txt", u"/b/a.txt"});
+    CHECK_FALSE(test.Menu().mFileList[1].enabled);
+}
+
+TEST_CASE("open: an HTML book without an HTML view is told, and the shown book stays") {
+    TestForm test;
+    test.PutBook(u"/b/a.txt", "shown");
+    test.PutBook(u"/b/p.htm", "<html>");
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/a.txt", -1);
+    OpenBook(test.form, u"/b/p.htm", -1);
+    REQUIRE(test.Dialogs().messages.size() == 1);
+    CHECK(test.Dialogs().messages[0].text ==
+          u"/b/p.htm\r\nThis program has no view for HTML books.");
+    CHECK(test.View().TextRange(0, 9) == u"shown");
+}
+
+TEST_CASE("open: the look of a record is shown as set") {
+    TestForm test;
+    test.PutDataFile("[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n/b/"
+                     "a.txt=2021:1:1:1:1:1=0=Serif=14=204=1=0=1=0=0=1="
+                     "255=65280=20=9==5,3|30,2\r\n");
+    test.PutBook(u"/b/a.txt", NumberedLines(100));
+    REQUIRE(test.Start());
+    ViewFont font;
+    font.name = u"Serif";
+    font.size = 14;
+    font.charset = 204;
+    font.bold = font.underline = true;
+    CHECK(test.View().Font() == font);
+    CHECK(test.View().TextColor() == 255);
+    CHECK(test.View().BackColor() == 65280);
+    CHECK(test.View().ShownAlignment() == Alignment::Right);
+    CHECK(test.Menu().mViewAlign[1].checked);
+    CHECK_FALSE(test.Menu().mViewWordWrap[0].checked);
+    CHECK(test.View().RightMargin() == 491520);
+    CHECK(test.View().FirstVisibleChar() == 14);
+    CHECK(test.View().ShownPointer() == Pointer::Default);
+    REQUIRE(test.Menu().mBookmarkList.Count() == 2);
+    CHECK(test.Menu().mBookmarkList[0].caption == u"0 l");
+    CHECK(test.Menu().mBookmarkDeleteList[1].caption == test.Menu().mBookmarkList[1].caption);
+    CHECK(test.Menu().mBookmark[0].tag == u"-1");
+    CHECK(test.Record(0)[Field::Marks] == u"5,3|30,2");
+}
+
+TEST_CASE("open: wild values in a record are kept within what can be shown") {
+    TestForm test;
+    test.PutDataFile(
+        "[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n/b/a.txt=x=y==999999999999=-5=x=2=-1=9=9=77="
+        "=-1=99999999999=q==|||x,y|-5,-9|1,2,3|0,999999999|\r\n");
+    test.PutBook(u"/b/a.txt", "short");
+    REQUIRE(test.Start());
+    CHECK(test.View().Font().size <= 1638);
+    CHECK(test.View().Font().charset >= 0);
+    CHECK(test.View().ShownAlignment() == Alignment::Left);
+    CHECK(test.View().TextRange(0, 9) == u"short");
+    CHECK(test.View().FirstVisibleChar() == 0);
+    test.Close();
+    CHECK(test.DataFile().find("/b/a.txt=2026:") != std::string::npos);
+}
+
+TEST_CASE("open: a record of a path alone shows a readable book") {
+    TestForm test;
+    test.PutDataFile("[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n/b/a.txt\r\n");
+    test.PutBook(u"/b/a.txt", "text");
+    REQUIRE(test.Start());
+    CHECK(test.View().TextColor() != test.View().BackColor());
+    CHECK(test.View().Font().size > 0);
+}
+
+TEST_CASE("open: 8-bit text is read in the code page of the book's charset") {
+    TestForm test;
+    test.PutDataFile("[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n/b/a.txt==0===204\r\n");
+    test.PutBook(u"/b/a.txt", "\xCF\xF0\xE8\xE2\xE5\xF2");
+    REQUIRE(test.Start());
+    CHECK(test.View().TextRange(0, 9) == u"\u041F\u0440\u0438\u0432\u0435\u0442");
+}
+
+TEST_CASE("open: a dialog's first folder") {
+    TestForm test;
+    test.Files().AddFolder(u"/b/x");
+    CHECK(InitialFolder(test.form, u"/b/x/a.txt", u"/") == u"/b/x/");
+    CHECK(InitialFolder(test.form, u"/b/x/", u"/") == u"/b/x/");
+    CHECK(InitialFolder(test.form, u"", u"/b") == u"/b");
+    CHECK(InitialFolder(test.form, u"/gone/a.txt", u"/b") == u"/");
+}

@@ -1,0 +1,121 @@
+#include "test_form.h"
+
+#include "app/profiles.h"
+#include "books/open_book.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+std::vector<std::u16string> Captions(const MenuArray& list) {
+    std::vector<std::u16string> captions;
+    for (const MenuItem& item : list.items)
+        captions.push_back(item.caption);
+    return captions;
+}
+
+constexpr const char* threeProfiles = "[mProfileList]\r\n0=A\r\n1=B\r\n2=C\r\n";
+} // namespace
+
+TEST_CASE("profiles: without a list there is Default alone") {
+    TestForm test;
+    test.PutDataFile("[Other]\r\nx=1\r\n");
+    REQUIRE(test.Start());
+    CHECK(Captions(test.Menu().mProfileList) == std::vector<std::u16string>{u"Default"});
+}
+
+TEST_CASE("profiles: a chosen one moves to the top, the others keep their order") {
+    TestForm test;
+    test.PutDataFile(threeProfiles);
+    REQUIRE(test.Start());
+    CHECK(test.Menu().mUser[0].tag == u"A");
+    test.Menus().Click(test.Menu().mProfileList, 2);
+    CHECK(Captions(test.Menu().mProfileList) == std::vector<std::u16string>{u"C", u"A", u"B"});
+    CHECK(Captions(test.Menu().mUserDeleteList) == std::vector<std::u16string>{u"C", u"A", u"B"});
+    CHECK_FALSE(test.Menu().mUserDeleteList[0].enabled);
+    CHECK(test.Menu().mUserDeleteList[1].enabled);
+    CHECK(test.Menu().mUser[0].tag == u"C");
+    CHECK(test.DataFile().find("[mProfileList]\r\n0=C\r\n1=A\r\n2=B\r\n") != std::string::npos);
+}
+
+TEST_CASE("profiles: the ticked one does nothing and writes nothing") {
+    TestForm test;
+    test.PutDataFile(threeProfiles);
+    REQUIRE(test.Start());
+    const auto writes = test.Files().replaceCalls.size();
+    test.Menus().Click(test.Menu().mProfileList, 0);
+    CHECK(test.Files().replaceCalls.size() == writes);
+}
+
+TEST_CASE("profiles: removing is offered only when there are two") {
+    TestForm one;
+    REQUIRE(one.Start());
+    one.Menus().Open(one.Menu().mUser);
+    CHECK_FALSE(one.Menu().mUserDelete[0].enabled);
+    TestForm three;
+    three.PutDataFile(threeProfiles);
+    REQUIRE(three.Start());
+    three.Menus().Open(three.Menu().mUser);
+    CHECK(three.Menu().mUserDelete[0].enabled);
+}
+
+TEST_CASE("profiles: each has its own history, window place and options") {
+    TestForm test;
+    test.PutDataFile("[mProfileList]\r\n0=A\r\n1=B\r\n"
+                     "[B]\r\nLeft=10\r\nTop=20\r\nWidth=300\r\nHeight=400\r\nState=0\r\n"
+                     "mOptionsTitle=0\r\nmOptionsFileColor=1\r\n"
+                     "[B\\mFileList]\r\n/b/of-b.txt=2021:07:04:18:05:30=0\r\n");
+    test.PutBook(u"/b/of-a.txt");
+    test.PutBook(u"/b/of-b.txt");
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/of-a.txt", -1);
+    const Rect placeOfA = test.Window().Bounds();
+    test.Menus().Click(test.Menu().mProfileList, 1);
+    CHECK(test.Order() == std::vector<std::u16string>{u"/b/of-b.txt"});
+    CHECK(test.Window().Bounds() == Rect{10, 20, 300, 400});
+    CHECK(test.Menu().mOptionsTitle[0].checked);
+    CHECK(test.Menu().mOptionsFileColor[0].checked);
+    CHECK(test.View().AutoColor());
+    test.Menus().Click(test.Menu().mProfileList, 1);
+    CHECK(test.Order() == std::vector<std::u16string>{u"/b/of-a.txt"});
+    CHECK(test.Window().Bounds() == placeOfA);
+    CHECK(test.Menu().mOptionsTitle[1].checked);
+    CHECK_FALSE(test.Menu().mOptionsFileColor[0].checked);
+}
+
+TEST_CASE("profiles: a reader without books does not see another's book") {
+    TestForm test;
+    test.PutDataFile(threeProfiles);
+    test.PutBook(u"/b/secret.txt", "secret");
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/secret.txt", -1);
+    test.Menus().Click(test.Menu().mProfileList, 1);
+    CHECK(test.View().TextLength() == 0);
+    CHECK(test.Window().title == u"Norvaset [B]");
+    CHECK(test.DataFile().find("[B\\mFileList]") == std::string::npos);
+}
+
+TEST_CASE("profiles: a book on the command line opens again in each profile switched to") {
+    TestForm test;
+    test.PutDataFile(threeProfiles);
+    test.PutBook(u"/b/given.txt");
+    test.form.ports.launch.commandLine = u"/b/given.txt";
+    REQUIRE(test.Start());
+    CHECK(test.Window().title == u"Norvaset [A] - /b/given.txt");
+    test.Menus().Click(test.Menu().mProfileList, 1);
+    CHECK(test.Window().title == u"Norvaset [B] - /b/given.txt");
+    CHECK(test.Order() == std::vector<std::u16string>{u"/b/given.txt"});
+}
+
+TEST_CASE("profiles: a missing book at the top keeps its record when another is opened") {
+    TestForm test;
+    test.PutDataFile(
+        "[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n"
+        "/stick/away.txt=2021:07:04:18:05:30=0=Serif=12=0=0=0=0=0=1=0=0=16777215=777=9==\r\n"
+        "/b/here.txt=2021:07:04:18:05:30=0\r\n");
+    test.PutBook(u"/b/here.txt");
+    REQUIRE(test.Start());
+    CHECK(test.Order() == std::vector<std::u16string>{u"/b/here.txt", u"/stick/away.txt"});
+    CHECK(test.Record(1)[Field::LastPos] == u"777");
+    test.Close();
+    CHECK(test.DataFile().find("=777=9=") != std::string::npos);
+}

@@ -1,0 +1,115 @@
+#include "test_form.h"
+
+#include "books/open_book.h"
+#include "books/save_state.h"
+
+#include <doctest/doctest.h>
+
+TEST_CASE("save: place and look go into the record and the data file") {
+    TestForm test;
+    test.PutBook(u"/b/a.txt", NumberedLines(300));
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/a.txt", -1);
+    test.form.viewFont.name = u"Old Serif";
+    test.form.viewFont.size = 12.5;
+    test.form.viewFont.italic = true;
+    test.form.viewFont.charset = 177;
+    test.form.textColor = 0x0000FF;
+    test.View().SetBackColor(0x00FF00);
+    test.View().ScrollLineToTop(100);
+    test.Clock().now = {2027, 8, 9, 10, 11, 12};
+    SaveBookState(test.form, 0);
+    const std::u16string record =
+        u"/b/a.txt=2027:08:09:10:11:12=0=Old Serif=12=177=0=1=0=0=1=0=255=65280=" +
+        test.Record(0)[Field::LastPos] + u"=2590==";
+    CHECK(test.Menu().mFileList[0].tag == record);
+    CHECK(LoadSectionLines(*test.form.dataFile, u"Default\\mFileList").at(0) == record);
+    CHECK(test.Record(0).Number(Field::LastPos) == test.View().FirstVisibleChar());
+}
+
+TEST_CASE("save: a new record gets no place") {
+    TestForm test;
+    REQUIRE(test.Start());
+    for (const char16_t* path : {u"/0", u"/1", u"/2"}) {
+        test.PutBook(path, NumberedLines(100));
+        OpenBook(test.form, path, 0);
+    }
+    test.View().ScrollLineToTop(50);
+    const int added = AddHistoryItem(test.form, u"/3==0");
+    SaveBookState(test.form, added);
+    CHECK(added == 3);
+    CHECK(test.Record(3)[Field::LastPos] == u"");
+    CHECK(test.Record(3)[Field::FontName] == u"Plain");
+}
+
+TEST_CASE("save: records come out with 18 fields") {
+    TestForm test;
+    test.PutDataFile("[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n"
+                     "/b/a.txt=2021:1:1:1:1:1=0=Serif=14\r\n"
+                     "/b/b.txt=1=0=3=4=5=6=7=8=9=10=11=12=13=14=15=16=17=18=19\r\n");
+    test.PutBook(u"/b/a.txt");
+    test.PutBook(u"/b/b.txt");
+    REQUIRE(test.Start());
+    SaveBookState(test.form, 0);
+    test.Menus().Click(test.Menu().mFileList, 1);
+    SaveBookState(test.form, 0);
+    for (const auto& line : LoadSectionLines(*test.form.dataFile, u"A\\mFileList"))
+        CHECK(std::count(line.begin(), line.end(), u'=') == 17);
+    CHECK(test.Record(0)[Field::Title] == u"16");
+    CHECK(test.Record(1)[Field::FontName] == u"Serif");
+}
+
+TEST_CASE("save: an HTML record keeps what only the HTML view knows") {
+    TestForm test;
+    test.PutBook(u"/b/a.txt");
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/a.txt", -1);
+    // As if the page were still loading: only time, charset and background are taken.
+    test.Menu().mFileList[0].tag = u"/b/p.htm=old=2=Web=-2=0=0=0=0=0=1=0=5=6=1200=9=Page=1,2";
+    test.form.viewFont.charset = 204;
+    test.View().SetBackColor(7);
+    SaveBookState(test.form, 0);
+    CHECK(test.Menu().mFileList[0].tag ==
+          u"/b/p.htm=2026:01:02:03:04:05=2=Web=-2=204=0=0=0=0=1=0=5=7=1200=9=Page=1,2");
+}
+
+TEST_CASE("save: nothing is saved while no book is shown") {
+    TestForm test;
+    test.PutDataFile("[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n/gone.txt=2021:1:1:1:1:1=0\r\n");
+    REQUIRE(test.Start());
+    const std::string before = test.DataFile();
+    test.Timer().Tick(60);
+    CHECK(test.DataFile() == before);
+}
+
+TEST_CASE("save: a failing disk leaves the old data file, and the next save brings it up to date") {
+    TestForm test;
+    test.PutBook(u"/b/a.txt", NumberedLines(100));
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/a.txt", -1);
+    const std::string before = test.DataFile();
+    test.Files().failReplace = true;
+    test.View().ScrollLineToTop(80);
+    test.Timer().Tick(60);
+    CHECK(test.DataFile() == before);
+    test.Files().failReplace = false;
+    test.Timer().Tick(60);
+    TestForm next(test);
+    REQUIRE(next.Start());
+    CHECK(next.View().FirstVisibleChar() == test.View().FirstVisibleChar());
+}
+
+TEST_CASE("save: the data file is as it was when a book is left and opened again without reading") {
+    TestForm test;
+    test.PutBook(u"/b/a.txt", NumberedLines(300));
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/a.txt", -1);
+    test.View().ScrollLineToTop(700);
+    test.Close();
+    TestForm second(test);
+    REQUIRE(second.Start());
+    second.Close();
+    TestForm third(second);
+    REQUIRE(third.Start());
+    CHECK(third.View().FirstVisibleChar() == test.View().FirstVisibleChar());
+}

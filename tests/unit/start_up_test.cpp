@@ -1,0 +1,200 @@
+#include "test_form.h"
+
+#include "books/open_book.h"
+
+#include <doctest/doctest.h>
+
+TEST_CASE("start-up: the first run makes a data file with the scheme and the one profile") {
+    TestForm test;
+    REQUIRE(test.Start());
+    CHECK(test.form.DataFilePath == TestForm::dataPath);
+    CHECK(test.form.HelpFilePath == u"/app/Norvaset.hlp");
+    CHECK(test.Dialogs().helpFile == test.form.HelpFilePath);
+    CHECK(test.DataFile() ==
+          "[Scheme]\r\n"
+          "<Path>=<Access>=<Filter>=<FontName>=<FontSize>=<Charset>=<Bold>=<Italic>=<Underline>="
+          "<Strikethru>=<Wrap>=<Align>=<ForeColor>=<BackColor>=<LastPos>=<Title>=<Size>=<Marks>\r\n"
+          "<Marks>:=<SelStart>,<SelLength>|...\r\n"
+          "[mProfileList]\r\n"
+          "0=Default\r\n");
+    CHECK(test.Menu().mUser[0].tag == u"Default");
+    CHECK(test.Menu().mProfileList.Count() == 1);
+    CHECK(test.Menu().mProfileList[0].checked);
+    CHECK(HistoryCount(test.form) == 0);
+    CHECK_FALSE(test.Menu().mFileList[0].visible);
+    CHECK(test.Window().open);
+    CHECK(test.Window().title == u"Norvaset [Default]");
+}
+
+TEST_CASE(
+    "start-up: editor 0 has a default, the others are unset and nothing is written for them") {
+    TestForm test;
+    REQUIRE(test.Start());
+    CHECK(test.Menu().mOptionsEditor[0].tag == u"/bin/plain-editor");
+    CHECK(test.Menu().mOptionsEditor[0].caption == u"Set &TXT Editor...\t[plain-editor]");
+    CHECK(test.Menu().mOptionsEditor[1].tag == u"");
+    CHECK(test.Menu().mOptionsEditor[2].caption == u"Set &HTM Editor...");
+    CHECK(test.DataFile().find("mOptionsEditor") == std::string::npos);
+}
+
+TEST_CASE("start-up: menu captions, headings and hidden items") {
+    TestForm test;
+    REQUIRE(test.Start());
+    CHECK(test.Menu().mFileExit[0].caption == u"E&xit\tAlt+F4");
+    CHECK(test.Menu().mHelpTopics[0].caption == u"&Help Topics...\tF1");
+    CHECK(test.Menu().mViewFontSize[0].caption == u"Font Size +\tCtrl+ +");
+    CHECK(test.Menu().mViewFontSize[1].caption == u"Font Size \u2013\tCtrl+ \u2013");
+    CHECK(test.Menu().mBookmarkLast[0].caption == u"&Last Unmarked Position\tAlt+F2");
+    CHECK(test.Menu().mFileRemovePlaceholder[0].heading);
+    CHECK(test.Menu().mBookmarkDeletePlaceholder[0].heading);
+    CHECK(test.Menu().mUserDeletePlaceholder[0].heading);
+    CHECK_FALSE(test.Menu().mViewAlign[2].visible);
+    CHECK(test.Menu().mViewAlign[0].checked);
+    CHECK(test.Menu().mOptionsTitle[1].checked); // the profile's default
+    CHECK_FALSE(test.Menu().mBookmark[0].enabled);
+    CHECK(test.Status().height == 18);
+    REQUIRE(test.Status().panels.size() == 3);
+    CHECK(test.Status().panels[0].key == u"Common");
+    CHECK(test.Status().panels[1].key == u"Pagination");
+    CHECK(test.Status().panels[2].key == u"Date");
+    CHECK(test.Status().panels[2].style == PanelStyle::Date);
+    CHECK(test.Window().systemFontApplied);
+}
+
+TEST_CASE("start-up: the registry is written only when it differs") {
+    TestForm first;
+    REQUIRE(first.Start());
+    const std::u16string key = u"SOFTWARE\\The Company\\Norvaset";
+    CHECK(first.Registry().Read(key, u"") == u"/app");
+    CHECK(first.Registry().Read(key, u"CurrentVersion") == u"2.05.0012");
+    CHECK(first.Registry().writes == 2);
+    first.Close();
+    TestForm second(first);
+    REQUIRE(second.Start());
+    CHECK(second.Registry().writes == 2);
+}
+
+TEST_CASE("start-up: a second instance reads and writes nothing") {
+    TestForm test;
+    test.Shell().otherInstanceRuns = true;
+    CHECK_FALSE(test.Start());
+    CHECK(test.Shell().instanceName == TestForm::dataPath);
+    test.Close();
+    CHECK(test.Files().readCalls.empty());
+    CHECK(test.Files().replaceCalls.empty());
+    CHECK(test.Registry().writes == 0);
+    CHECK_FALSE(test.Window().open);
+}
+
+TEST_CASE("start-up: a run without a change writes only the state it leaves") {
+    TestForm first;
+    first.PutBook(u"/b/a.txt");
+    REQUIRE(first.Start());
+    OpenBook(first.form, u"/b/a.txt", -1);
+    first.Close();
+    TestForm second(first);
+    const auto writes = second.Files().replaceCalls.size();
+    REQUIRE(second.Start());
+    CHECK(second.Files().replaceCalls.size() == writes); // opening the last book changes nothing
+}
+
+TEST_CASE("start-up: the program's folder is used when it can be written or holds a data file") {
+    TestForm readOnly;
+    readOnly.Files().readOnlyFolders.insert(u"/app");
+    REQUIRE(readOnly.Start());
+    CHECK(readOnly.form.DataFilePath == u"/home/reader/.local/share/Norvaset/Norvaset.dat");
+
+    TestForm portable;
+    portable.PutDataFile("[mProfileList]\r\n0=Anna\r\n");
+    portable.Files().readOnlyFolders.insert(u"/app");
+    REQUIRE(portable.Start());
+    CHECK(portable.form.DataFilePath == TestForm::dataPath);
+    CHECK(portable.Menu().mUser[0].tag == u"Anna");
+}
+
+TEST_CASE("autosave: nothing for 59 ticks, then the state, then from the start again") {
+    TestForm test;
+    test.PutBook(u"/b/a.txt", NumberedLines(500));
+    REQUIRE(test.Start());
+    CHECK(test.Timer().interval == 1000);
+    OpenBook(test.form, u"/b/a.txt", -1);
+    const std::string before = test.DataFile();
+    test.View().ScrollLineToTop(300);
+    test.Timer().Tick(59);
+    CHECK(test.DataFile() == before);
+    test.Timer().Tick();
+    const std::string saved = test.DataFile();
+    CHECK(saved != before);
+    CHECK(test.form.toSaveTag == u"0");
+    test.View().ScrollLineToTop(600);
+    test.Timer().Tick(59);
+    CHECK(test.DataFile() == saved);
+    test.Timer().Tick();
+    CHECK(test.DataFile() != saved);
+}
+
+TEST_CASE("autosave: a counter that is no number starts again") {
+    TestForm test;
+    REQUIRE(test.Start());
+    test.form.toSaveTag = u"soon";
+    test.Timer().Tick();
+    CHECK(test.form.toSaveTag == u"1");
+    test.form.toSaveTag = u"1e99";
+    test.Timer().Tick();
+    CHECK(test.form.toSaveTag == u"1");
+}
+
+TEST_CASE("autosave: held back while a command waits for a dialog") {
+    TestForm test;
+    test.PutBook(u"/b/a.txt");
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/a.txt", -1);
+    test.form.toSaveTag = u"58";
+    test.Dialogs().whileOpen = [&] { test.Timer().Tick(5); };
+    test.Menus().Click(test.Menu().mFileOpen);
+    CHECK(test.form.toSaveTag == u"58");
+    test.Timer().Tick();
+    CHECK(test.form.toSaveTag == u"59");
+}
+
+TEST_CASE("shutdown: saves place and placement in one write") {
+    TestForm test;
+    test.PutBook(u"/b/a.txt", NumberedLines(500));
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/a.txt", -1);
+    test.View().ScrollLineToTop(1000);
+    const auto writes = test.Files().replaceCalls.size();
+    test.Close();
+    CHECK(test.Files().replaceCalls.size() == writes + 1);
+    TestForm next(test);
+    REQUIRE(next.Start());
+    CHECK(next.View().FirstVisibleChar() == test.View().FirstVisibleChar());
+}
+
+TEST_CASE("start-up: a book on the command line opens in place of the last one") {
+    TestForm first;
+    first.PutBook(u"/b/a.txt");
+    first.PutBook(u"/b/given.txt");
+    REQUIRE(first.Start());
+    OpenBook(first.form, u"/b/a.txt", -1);
+    first.Close();
+    TestForm second(first);
+    second.form.ports.launch.commandLine = u"/b/given.txt";
+    REQUIRE(second.Start());
+    CHECK(second.Order() == std::vector<std::u16string>{u"/b/given.txt", u"/b/a.txt"});
+    CHECK(second.Menu().mFileList[0].checked);
+}
+
+TEST_CASE("start-up: a missing book on the command line is told, and the last one opens") {
+    TestForm first;
+    first.PutBook(u"/b/a.txt");
+    REQUIRE(first.Start());
+    OpenBook(first.form, u"/b/a.txt", -1);
+    first.Close();
+    TestForm second(first);
+    second.form.ports.launch.commandLine = u"/b/none.txt";
+    REQUIRE(second.Start());
+    REQUIRE(second.Dialogs().messages.size() == 1);
+    CHECK(second.Dialogs().messages[0].text == u"/b/none.txt\r\nfile not found.");
+    CHECK(second.Window().title == u"Norvaset [Default] - /b/a.txt");
+}

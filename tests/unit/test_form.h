@@ -1,0 +1,75 @@
+// A main form on the headless back end, with its fakes at hand.
+#pragma once
+
+#include "app/main_form.h"
+#include "app/start_up.h"
+#include "books/book_record.h"
+#include "books/history_list.h"
+#include "common/list_persistence.h"
+#include "common/menu_items.h"
+#include "platform/none/none_ports.h"
+
+#include <string>
+#include <vector>
+
+class TestForm {
+  public:
+    TestForm() : form(MakeNonePorts()) {}
+
+    // The next run of the program: on the files and the registry that `earlier` left when it ended.
+    explicit TestForm(TestForm& earlier) : form(MakeNonePorts()) {
+        earlierClock_ = std::move(earlier.form.ports.clock);
+        earlierFileClock_ = std::move(earlier.earlierClock_);
+        form.ports.files = std::move(earlier.form.ports.files);
+        form.ports.registry = std::move(earlier.form.ports.registry);
+    }
+
+    bool Start() { return Form_Load(form); }
+    void Close() { Window().Close(); }
+
+    void PutBook(const std::u16string& path, std::string_view bytes = "Once upon a time.\n") {
+        Files().AddFile(path, bytes);
+    }
+    // Writes a data file before the start.
+    void PutDataFile(std::string_view bytes) { Files().AddFile(dataPath, bytes); }
+    std::string DataFile() const {
+        return static_cast<const NoneFiles&>(*form.ports.files).Bytes(dataPath);
+    }
+    std::vector<std::u16string> Order() const { // the paths of the history list
+        std::vector<std::u16string> paths;
+        for (int i = 0; i < HistoryCount(form); ++i)
+            paths.push_back(GetBookPath(form, i));
+        return paths;
+    }
+    BookRecord Record(int index) const { return BookRecord::Parse(form.menu.mFileList[index].tag); }
+
+    NoneWindow& Window() { return static_cast<NoneWindow&>(*form.ports.window); }
+    NoneMenuBar& Menus() { return static_cast<NoneMenuBar&>(*form.ports.menuBar); }
+    NoneTextView& View() { return static_cast<NoneTextView&>(*form.ports.textView); }
+    NoneDialogs& Dialogs() { return static_cast<NoneDialogs&>(*form.ports.dialogs); }
+    NoneTimer& Timer() { return static_cast<NoneTimer&>(*form.ports.saveTimer); }
+    NoneShell& Shell() { return static_cast<NoneShell&>(*form.ports.shell); }
+    NoneRegistry& Registry() { return static_cast<NoneRegistry&>(*form.ports.registry); }
+    NoneFiles& Files() { return static_cast<NoneFiles&>(*form.ports.files); }
+    NoneClock& Clock() { return static_cast<NoneClock&>(*form.ports.clock); }
+    NoneStatusBar& Status() { return static_cast<NoneStatusBar&>(*form.ports.statusBar); }
+    NoneLocale& Locale() { return static_cast<NoneLocale&>(*form.ports.locale); }
+    MenuTree& Menu() { return form.menu; }
+
+    static constexpr const char16_t* dataPath = u"/app/Norvaset.dat";
+
+  private:
+    std::unique_ptr<::Clock> earlierClock_,
+        earlierFileClock_; // the files' own; they outlive the files
+
+  public:
+    MainForm form;
+};
+
+// A text of `lines` lines, "line 0", "line 1", ...
+inline std::string NumberedLines(int lines) {
+    std::string text;
+    for (int i = 0; i < lines; ++i)
+        text += "line " + std::to_string(i) + "\n";
+    return text;
+}
