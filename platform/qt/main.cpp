@@ -1,4 +1,5 @@
 #include "app/main_form.h"
+#include "app/start_up.h"
 #include "platform/qt/qt_ports.h"
 
 #include <QApplication>

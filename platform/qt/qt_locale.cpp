@@ -1,6 +1,5 @@
 #include "platform/qt/qt_locale.h"
 
-#include "formats/code_pages.h"
 #include "platform/qt/ansi_code_page.h"
 #include "platform/qt/qt_text.h"
 
@@ -35,11 +34,4 @@ std::u16string QtLocale::MonthName(int month, bool full) const {
 std::u16string QtLocale::DayName(int weekday, bool full) const {
     const int fromMonday = weekday == 1 ? 7 : weekday - 1; // Qt's week begins with Monday, 1
     return FromQt(QLocale::system().dayName(fromMonday, NameForm(full)));
-}
-
-int SystemFontCharset() {
-    const int codePage = AnsiCodePageOf(CharacterLocale());
-    for (int charset = 0; charset < 256; ++charset)
-        if (CodePageOfFontCharset(charset) == codePage) return charset;
-    return 0;
 }

@@ -9,6 +9,3 @@ class QtLocale final : public Locale {
     std::u16string MonthName(int month, bool full) const override;
     std::u16string DayName(int weekday, bool full) const override;
 };
-
-// The Windows font character set that goes with the system's ANSI code page.
-int SystemFontCharset();

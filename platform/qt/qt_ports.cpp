@@ -1,8 +1,8 @@
 #include "platform/qt/qt_ports.h"
 
-#include "common/utf.h"
 #include "platform/posix/posix_clock.h"
 #include "platform/posix/posix_files.h"
+#include "platform/posix/posix_paths.h"
 #include "platform/qt/launch.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_locale.h"
@@ -33,7 +33,8 @@ Launch ThisLaunch(int argc, char** argv) {
     launch.programFolder = FromQt(QCoreApplication::applicationDirPath());
     launch.executableName = u"" PRODUCT_TITLE;
     launch.userDataFolder = FromQt(userData + QStringLiteral("/" PRODUCT_TITLE));
-    launch.commandLine = Utf8ToUtf16(book, u'?');
+    launch.commandLine = PathFromNative(book);
+    launch.rootFolder = FromQt(QDir::homePath());
     return launch;
 }
 

@@ -1,14 +1,9 @@
 #include "platform/qt/qt_shell.h"
 
-#include "platform/posix/posix_instance_lock.h"
 #include "platform/qt/qt_text.h"
 
 #include <QProcess>
 #include <QStandardPaths>
-
-QtShell::QtShell() = default;
-
-QtShell::~QtShell() = default;
 
 std::u16string QtShell::DefaultTextEditor() const {
     const QString opener = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
@@ -20,6 +15,5 @@ void QtShell::OpenWith(const std::u16string& program, const std::u16string& argu
 }
 
 bool QtShell::BecomeOnlyInstance(const std::u16string& name) {
-    lock_ = std::make_unique<PosixInstanceLock>(name);
-    return lock_->IsHeld();
+    return lock_.Acquire(name);
 }

@@ -2,7 +2,6 @@
 
 #include "platform/qt/handler.h"
 #include "platform/qt/key_codes.h"
-#include "platform/qt/qt_locale.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/window_icon.h"
 
@@ -40,7 +39,16 @@ QtWindow::QtWindow()
     settling_.setSingleShot(true);
     settling_.callOnTimeout([this] { Settle(); });
     connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { CloseFromSystem(); });
-    resize(800, 600);
+    TakeDefaultPlace();
+}
+
+// A page of comfortable width in the middle of the screen.
+void QtWindow::TakeDefaultPlace() {
+    QRect place(0, 0, 860, 960);
+    const QRect available = screen()->availableGeometry();
+    place.setSize(place.size().boundedTo(available.size() * 0.9));
+    place.moveCenter(available.center());
+    setGeometry(place);
 }
 
 void QtWindow::AdoptMenuBar(QMenuBar* menuBar) {
@@ -188,7 +196,6 @@ ViewFont QtWindow::DefaultViewFont() const {
     ViewFont viewFont;
     viewFont.name = FromQt(info.family());
     viewFont.size = info.pointSizeF();
-    viewFont.charset = SystemFontCharset();
     return viewFont;
 }
 

@@ -51,6 +51,7 @@ class QtWindow final : public QWidget, public Window {
     bool eventFilter(QObject*, QEvent*) override;
 
   private:
+    void TakeDefaultPlace();
     bool KeyEvent(const QKeyEvent&);
     QMargins FrameMargins() const;
     void MoveInside(const QMargins& frame);
