@@ -1,0 +1,55 @@
+// The frame of every byte decoder: ASCII eight bytes at a time, and appending to the text in pieces
+// that stay in the processor's cache. So memory is touched only for the text there is, and a step
+// never asks whether it has room.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <string_view>
+
+// The number of ASCII bytes at the start of [at, stop), counted in whole groups of eight.
+inline std::size_t AsciiLength(const unsigned char* at, const unsigned char* stop) {
+    const unsigned char* const start = at;
+    for (; stop - at >= 8; at += 8) {
+        std::uint64_t group;
+        std::memcpy(&group, at, 8);
+        if ((group & 0x8080808080808080u) != 0) break;
+    }
+    return static_cast<std::size_t>(at - start);
+}
+
+// Writes a character as one unit or two; returns where the next one goes.
+inline char16_t* PutUtf16(char32_t value, char16_t* out) {
+    if (value < 0x10000) {
+        *out++ = static_cast<char16_t>(value);
+    } else {
+        *out++ = static_cast<char16_t>(0xD7C0 + (value >> 10));
+        *out++ = static_cast<char16_t>(0xDC00 + (value & 0x3FF));
+    }
+    return out;
+}
+
+// `step(at, stop, end, out)` moves `at` and `out` past at least one character, a byte or more each
+// for every unit written. It begins none at `stop` or later, but may read on to `end`, 7 bytes
+// beyond `stop` at most.
+template <class Step>
+void DecodeInPieces(std::string_view bytes, std::u16string& text, Step step) {
+    constexpr std::ptrdiff_t pieceBytes = 8192;
+    char16_t piece[pieceBytes + 8];
+    const auto* at = reinterpret_cast<const unsigned char*>(bytes.data());
+    const unsigned char* const end = at + bytes.size();
+    while (at != end) {
+        const unsigned char* const stop = at + std::min(pieceBytes, end - at);
+        char16_t* out = piece;
+        while (at < stop) {
+            const unsigned char* const other = at + AsciiLength(at, stop);
+            out = std::copy(at, other, out);
+            at = other;
+            if (at < stop) step(at, stop, end, out);
+        }
+        text.append(piece, out);
+    }
+}

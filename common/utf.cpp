@@ -1,0 +1,118 @@
+#include "common/utf.h"
+
+#include "common/decode_pieces.h"
+
+namespace {
+
+// The length of the well-formed sequence at `at` (Unicode, table 3-7), 0 when there is none before
+// `end`.
+int SequenceLength(const unsigned char* at, const unsigned char* end) {
+    const unsigned lead = at[0];
+    if (lead < 0x80) return 1;
+    const int length = lead < 0xC2 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 0;
+    if (length == 0 || end - at < length) return 0;
+
+    // The second byte shuts out overlong forms, surrogates and what is above U+10FFFF.
+    const unsigned low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
+    const unsigned high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
+    if (at[1] < low || at[1] > high) return 0;
+    for (int i = 2; i < length; ++i)
+        if ((at[i] & 0xC0) != 0x80) return 0;
+    return length;
+}
+
+char32_t SequenceValue(const unsigned char* at, int length) {
+    switch (length) {
+    case 1: return at[0];
+    case 2: return (at[0] & 0x1Fu) << 6 | (at[1] & 0x3Fu);
+    case 3: return (at[0] & 0x0Fu) << 12 | (at[1] & 0x3Fu) << 6 | (at[2] & 0x3Fu);
+    default:
+        return (at[0] & 0x07u) << 18 | (at[1] & 0x3Fu) << 12 | (at[2] & 0x3Fu) << 6 |
+               (at[3] & 0x3Fu);
+    }
+}
+
+// Exact for valid UTF-8: each sequence has one byte that continues none, and the longest make a
+// pair.
+std::size_t Utf16Length(std::string_view bytes) {
+    std::size_t length = 0;
+    for (const char c : bytes) {
+        const auto byte = static_cast<unsigned char>(c);
+        length += static_cast<std::size_t>((byte & 0xC0) != 0x80) + (byte >= 0xF0);
+    }
+    return length;
+}
+
+bool IsHighSurrogate(char16_t unit) {
+    return (unit & 0xFC00) == 0xD800;
+}
+bool IsLowSurrogate(char16_t unit) {
+    return (unit & 0xFC00) == 0xDC00;
+}
+
+void AppendUtf8(char32_t value, std::string& bytes) {
+    const auto put = [&](char32_t byte) { bytes += static_cast<char>(byte); };
+    if (value < 0x80) {
+        put(value);
+    } else if (value < 0x800) {
+        put(0xC0 | value >> 6);
+        put(0x80 | (value & 0x3F));
+    } else if (value < 0x10000) {
+        put(0xE0 | value >> 12);
+        put(0x80 | (value >> 6 & 0x3F));
+        put(0x80 | (value & 0x3F));
+    } else {
+        put(0xF0 | value >> 18);
+        put(0x80 | (value >> 12 & 0x3F));
+        put(0x80 | (value >> 6 & 0x3F));
+        put(0x80 | (value & 0x3F));
+    }
+}
+
+} // namespace
+
+bool IsValidUtf8(std::string_view bytes) {
+    const auto* at = reinterpret_cast<const unsigned char*>(bytes.data());
+    const unsigned char* const end = at + bytes.size();
+    while (at != end) {
+        at += AsciiLength(at, end);
+        if (at == end) break;
+        const int length = SequenceLength(at, end);
+        if (length == 0) return false;
+        at += length;
+    }
+    return true;
+}
+
+std::u16string Utf8ToUtf16(std::string_view bytes, char16_t replacement) {
+    std::u16string text;
+    text.reserve(Utf16Length(bytes));
+    DecodeInPieces(bytes, text,
+                   [replacement](const unsigned char*& at, const unsigned char*,
+                                 const unsigned char* end, char16_t*& out) {
+                       const int length = SequenceLength(at, end);
+                       if (length == 0) {
+                           *out++ = replacement;
+                           ++at;
+                       } else {
+                           out = PutUtf16(SequenceValue(at, length), out);
+                           at += length;
+                       }
+                   });
+    return text;
+}
+
+std::string Utf16ToUtf8(std::u16string_view text) {
+    std::string bytes;
+    bytes.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char16_t unit = text[i];
+        if (IsHighSurrogate(unit) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
+            AppendUtf8(0x10000u + ((unit & 0x3FFu) << 10 | (text[i + 1] & 0x3FFu)), bytes);
+            ++i;
+        } else {
+            AppendUtf8(IsHighSurrogate(unit) || IsLowSurrogate(unit) ? 0xFFFD : unit, bytes);
+        }
+    }
+    return bytes;
+}

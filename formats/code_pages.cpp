@@ -1,0 +1,106 @@
+#include "formats/code_pages.h"
+
+#include "common/decode_pieces.h"
+#include "common/utf.h"
+#include "formats/code_page_gb18030.h"
+#include "formats/code_page_tables.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+constexpr int utf8Page = 65001;
+constexpr int gb18030Page = 54936;
+constexpr int gbkPage = 936;
+constexpr int fallbackPage = 1252;
+
+template <class Page, std::size_t count>
+const Page* FindPage(const Page (&pages)[count], int codePage) {
+    const auto* const found = std::find_if(std::begin(pages), std::end(pages),
+                                           [=](const Page& page) { return page.page == codePage; });
+    return found == std::end(pages) ? nullptr : found;
+}
+
+const SingleBytePage* FindSingleBytePage(int codePage) {
+    return FindPage(singleBytePages, codePage);
+}
+
+// 936 is read with all that GB18030 adds, so both share a table.
+const DoubleBytePage* FindDoubleBytePage(int codePage) {
+    return FindPage(doubleBytePages, codePage == gb18030Page ? gbkPage : codePage);
+}
+
+void DecodeSingleBytes(const SingleBytePage& page, std::string_view bytes, std::u16string& text) {
+    // Eight at a time after a group that is not all ASCII: in most scripts the next one will not be
+    // either.
+    DecodeInPieces(bytes, text,
+                   [&page](const unsigned char*& at, const unsigned char* stop,
+                           const unsigned char*, char16_t*& out) {
+                       const std::ptrdiff_t count = std::min<std::ptrdiff_t>(8, stop - at);
+                       for (std::ptrdiff_t i = 0; i < count; ++i)
+                           out[i] = at[i] < 0x80 ? at[i] : page.units[at[i] - 0x80];
+                       at += count;
+                       out += count;
+                   });
+}
+
+struct Character {
+    char32_t value;
+    int length; // in bytes
+};
+
+// The character at a lead byte. A second byte that cannot follow it is left to be read by itself,
+// and so is an ASCII one of a pair without a meaning: a stray lead byte eats no letter and no line
+// end.
+Character DecodePair(const DoubleBytePage& page, const unsigned char* at,
+                     const unsigned char* end) {
+    if (page.page == gbkPage && end - at >= 4 && IsFourByteSequence(at))
+        return {FourByteCharacter(at), 4};
+    if (end - at < 2 || at[1] < page.firstTrail || at[1] - page.firstTrail >= page.trailCount)
+        return {undefinedUnit, 1};
+    const int row = at[0] - page.firstLead;
+    const char16_t unit = page.pairs[row * page.trailCount + (at[1] - page.firstTrail)];
+    return {unit, unit == undefinedUnit && at[1] < 0x80 ? 1 : 2};
+}
+
+void DecodeDoubleBytes(const DoubleBytePage& page, std::string_view bytes, std::u16string& text) {
+    DecodeInPieces(bytes, text,
+                   [&page](const unsigned char*& at, const unsigned char* stop,
+                           const unsigned char* end, char16_t*& out) {
+                       do {
+                           const unsigned char byte = *at;
+                           const char16_t unit = byte < 0x80 ? byte : page.units[byte - 0x80];
+                           if (byte < 0x80 || unit != leadUnit) {
+                               *out++ = unit;
+                               ++at;
+                           } else {
+                               const Character character = DecodePair(page, at, end);
+                               out = PutUtf16(character.value, out);
+                               at += character.length;
+                           }
+                       } while (at < stop && *at >= 0x80);
+                   });
+}
+
+} // namespace
+
+bool HasCodePage(int codePage) {
+    return codePage == utf8Page || FindSingleBytePage(codePage) || FindDoubleBytePage(codePage);
+}
+
+void DecodeCodePage(int codePage, std::string_view bytes, std::u16string& text) {
+    if (codePage == utf8Page)
+        text += Utf8ToUtf16(bytes);
+    else if (const DoubleBytePage* pairs = FindDoubleBytePage(codePage))
+        DecodeDoubleBytes(*pairs, bytes, text);
+    else if (const SingleBytePage* single = FindSingleBytePage(codePage))
+        DecodeSingleBytes(*single, bytes, text);
+    else
+        DecodeCodePage(fallbackPage, bytes, text);
+}
+
+bool IsLeadByte(int codePage, unsigned char byte) {
+    const DoubleBytePage* page = FindDoubleBytePage(codePage);
+    return page && byte >= 0x80 && page->units[byte - 0x80] == leadUnit;
+}
