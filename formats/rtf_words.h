@@ -23,8 +23,6 @@ enum class RtfFamily : std::uint8_t {
 // state.
 enum class RtfDestination : std::uint8_t {
     Body,
-    Note,      // shown after the body
-    ShapeText, // shown in the paragraph that the shape is anchored in
     Skip,
     Fonts,
     Colors,
@@ -37,7 +35,10 @@ enum class RtfDestination : std::uint8_t {
     NestedRowProperties,
 
     Transparent,        // as the group around it
-    Return,             // as around the group of \upr, \object or \shp
+    UnicodeHalf,        // as around \upr, for us
+    ObjectResult,       // as around \object
+    Note,               // a footnote's text
+    ShapeText,          // shown in the paragraph that the shape is anchored in
     FieldResult,        // as the group around it, with the field's link
     FallbackPicture,    // a picture for readers that do not know \shppict
     ShapePropertyValue, // may hold the shape's picture
