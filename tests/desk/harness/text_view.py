@@ -14,22 +14,22 @@ def view_top(picture):
     return next((y for y in range(10, picture.height - 100) if begins(y)), None)
 
 
-def top_strip(picture):
-    """The first lines of the view; None while nothing is drawn there."""
+def top_strip(picture, height=STRIP_HEIGHT):
+    """The first rows of the view; None while nothing is drawn there."""
     top = view_top(picture)
     if top is None:
         return None
-    strip = picture.crop(MARGIN_X, top, picture.width - SCROLL_BAR, top + STRIP_HEIGHT)
+    strip = picture.crop(MARGIN_X, top, picture.width - SCROLL_BAR, top + height)
     return None if strip.is_plain() else strip
 
 
-def settled_strip(reader):
-    """The first lines, once two pictures in a row show the same."""
+def settled_strip(reader, height=STRIP_HEIGHT):
+    """The first rows, once two pictures in a row show the same."""
     last = None
 
     def same_again():
         nonlocal last
-        before, last = last, top_strip(reader.picture())
+        before, last = last, top_strip(reader.picture(), height)
         return before and last and last.looks_like(before)
     wait_for(same_again, "a picture that stays")
     return last
