@@ -56,6 +56,7 @@ class ProfileFile {
     };
 
     void Index();
+    void FinishLastLine();
     std::size_t FindSection(std::u16string_view name) const; // index, or the number of sections
     std::size_t FindOrAddSection(std::u16string_view name);
     std::optional<Entry> FindKey(const Section&, std::u16string_view key) const;
