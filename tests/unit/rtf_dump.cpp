@@ -30,13 +30,15 @@ std::string ParagraphText(const ParagraphStyle& style) {
             Number("first", style.firstLineIndent) + Number("before", style.spaceBefore) +
             Number("after", style.spaceAfter);
     text += Number(style.lineSpacingIsMultiple ? "lines/240" : "line", style.lineSpacing);
-    for (const std::int32_t stop : style.tabStops) text += Number("tab", stop);
+    for (const std::int32_t stop : style.tabStops)
+        text += Number("tab", stop);
     return text;
 }
 
 std::string CharText(const Document& document, const CharStyle& style) {
-    std::string text = "\"" + Utf16ToUtf8(document.fonts[style.font]) + "\" " +
-                       std::to_string(style.halfPoints) + "/2";
+    std::string text = "\"";
+    text += Utf16ToUtf8(document.fonts[style.font]) + "\" ";
+    text += std::to_string(style.halfPoints) + "/2";
     if (style.bold) text += " bold";
     if (style.italic) text += " italic";
     if (style.underline) text += " underline";
@@ -75,7 +77,8 @@ std::string DumpText(const Document& document, TextPos start, TextPos end, const
         while (at < paragraphEnd) {
             const CharStyle& style = CharStyleAt(document, at);
             const TextPos runStart = at;
-            while (at < paragraphEnd && CharStyleAt(document, at) == style) ++at;
+            while (at < paragraphEnd && CharStyleAt(document, at) == style)
+                ++at;
             const std::u16string_view run(document.text.data() + runStart, at - runStart);
             lines += indent + ("  " + CharText(document, style)) + " | " + Visible(run) + "\n";
         }
@@ -98,7 +101,8 @@ std::string DumpCell(const Document& document, const TableCell& cell) {
 std::string DumpRow(const Document& document, const TableRow& row) {
     std::string lines = "row" + Number("left", row.leftEdge) + Number("gap", row.cellGap) +
                         (row.rightToLeft ? " rtl\n" : "\n");
-    for (const TableCell& cell : row.cells) lines += DumpCell(document, cell);
+    for (const TableCell& cell : row.cells)
+        lines += DumpCell(document, cell);
     return lines;
 }
 
@@ -120,6 +124,7 @@ std::string DumpDocument(const Document& document) {
         at = row.end;
     }
     lines += DumpText(document, at, static_cast<TextPos>(document.text.size()), "");
-    for (const Picture& picture : document.pictures) lines += DumpPicture(picture);
+    for (const Picture& picture : document.pictures)
+        lines += DumpPicture(picture);
     return lines;
 }

@@ -17,7 +17,8 @@ std::string ReadText(std::string_view rtf, int systemCodePage = 1252) {
     return Utf16ToUtf8(document.text);
 }
 
-template <std::size_t count> void CheckTexts(const TextCase (&cases)[count]) {
+template <std::size_t count>
+void CheckTexts(const TextCase (&cases)[count]) {
     for (const auto& [rtf, text] : cases) {
         CAPTURE(rtf);
         CHECK(ReadText(rtf) == text);
@@ -27,9 +28,8 @@ template <std::size_t count> void CheckTexts(const TextCase (&cases)[count]) {
 } // namespace
 
 TEST_CASE("rtf reader: tells rich text by its start") {
-    for (const std::string_view good :
-         {"{\\rtf1}", "{\\rtf", "{\\RTF1}", " \r\n\t{\\rtf1}", "\xEF\xBB\xBF{\\rtf1}",
-          "\xEF\xBB\xBF\n{\\Rtf1}"}) {
+    for (const std::string_view good : {"{\\rtf1}", "{\\rtf", "{\\RTF1}", " \r\n\t{\\rtf1}",
+                                        "\xEF\xBB\xBF{\\rtf1}", "\xEF\xBB\xBF\n{\\Rtf1}"}) {
         CAPTURE(good);
         CHECK(LooksLikeRtf(good));
     }
@@ -155,7 +155,10 @@ TEST_CASE("rtf reader: characters of several bytes in all their spellings") {
         {"{\\rtf1\\ansicpg932\\'83e\\'83X}", "テス"},
         {"{\\rtf1\\ansicpg932\\'83\r\ne\\'83\r\nX}", "テス"},
         {"{\\rtf1\\ansicpg932 \x83\x65\x83\x58}", "テス"},
-        {"{\\rtf1\\ansicpg932 a\x83\\'65" "b\\'83\x58" "c}", "aテbスc"},
+        {"{\\rtf1\\ansicpg932 a\x83\\'65"
+         "b\\'83\x58"
+         "c}",
+         "aテbスc"},
         {"{\\rtf1\\ansicpg932\\'83\\\\}", "ソ"},
         {"{\\rtf1\\ansicpg932\\'83\\'5c}", "ソ"},
         {"{\\rtf1\\ansicpg932\\'b1\\'b2}", "ｱｲ"},
@@ -173,10 +176,11 @@ TEST_CASE("rtf reader: characters of several bytes in all their spellings") {
 }
 
 TEST_CASE("rtf reader: font names are read in the font's own characters") {
-    const Document document = ReadRtf("{\\rtf1\\ansi\\deff1{\\fonttbl{\\f0\\fcharset204 \\'cf{\\*\\falt x};}"
-                                      "{\\f1 {\\*\\panose 02}Main;}{\\f2\\u1050?  ;}{\\f3 Main;}{\\f4 no end}}"
-                                      "\\f0 a\\f1 b\\f2 c\\f3 d\\f4 e}",
-                                      1252);
+    const Document document =
+        ReadRtf("{\\rtf1\\ansi\\deff1{\\fonttbl{\\f0\\fcharset204 \\'cf{\\*\\falt x};}"
+                "{\\f1 {\\*\\panose 02}Main;}{\\f2\\u1050?  ;}{\\f3 Main;}{\\f4 no end}}"
+                "\\f0 a\\f1 b\\f2 c\\f3 d\\f4 e}",
+                1252);
     const std::vector<std::u16string> names{u"Main", u"П", u"К", u"no end"};
     CHECK(document.fonts == names);
     const std::u16string expected[] = {u"П", u"Main", u"К", u"Main", u"no end"};

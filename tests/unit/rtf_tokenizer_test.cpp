@@ -46,7 +46,9 @@ TEST_CASE("rtf tokenizer: groups, words, symbols and text") {
         {"\\li-x", "word li; text -x; "},
         {"\\u-5?", "word u -5; text ?; "},
         {"a\r\nb", "text a; text b; "},
-        {"a\x01\x02" "b", "text a; text b; "},
+        {"a\x01\x02"
+         "b",
+         "text a; text b; "},
         {std::string_view("a\0b", 3), "text a; text b; "},
         {"a\tb", "text a; symbol \t; text b; "},
         {"\\\r\nx\\\nx\\\rx", "symbol \n; text x; symbol \n; text x; symbol \n; text x; "},
@@ -74,9 +76,11 @@ TEST_CASE("rtf tokenizer: groups, words, symbols and text") {
 
 TEST_CASE("rtf tokenizer: bytes that name no character end in no recursion") {
     std::string rtf;
-    for (int i = 0; i < 1'000'000; ++i) rtf += "\\'";
+    for (int i = 0; i < 1'000'000; ++i)
+        rtf += "\\'";
     RtfTokenizer tokenizer(rtf);
     std::size_t count = 0;
-    while (tokenizer.Next().kind == RtfToken::Kind::Symbol) ++count;
+    while (tokenizer.Next().kind == RtfToken::Kind::Symbol)
+        ++count;
     CHECK(count == 1'000'000);
 }
