@@ -8,7 +8,10 @@
 namespace {
 
 Document Read(const std::string& body) {
-    Document document = ReadRtf("{\\rtf1{\\colortbl;\\red255;}" + body + "}", 1252);
+    std::string rtf = "{\\rtf1{\\colortbl;\\red255;}";
+    rtf += body;
+    rtf += '}';
+    Document document = ReadRtf(rtf, 1252);
     CAPTURE(body);
     CHECK(document_check::FirstFault(document) == "");
     return document;
