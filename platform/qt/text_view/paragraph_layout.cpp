@@ -78,7 +78,6 @@ int PlaceLine(QTextLine line, const ParagraphShape& shape, ParagraphLayout& para
     const int indent = paragraph.tops.empty() ? shape.firstIndent : shape.indent;
     const int edge = shape.rightToLeft ? shape.farIndent : indent;
     const int indents = indent + shape.farIndent;
-    line.setPosition(QPointF(edge, 0)); // tab stops are measured from the paragraph's edge
     line.setLineWidth(std::max(1, shape.breakWidth - indents));
 
     const int ascent = std::max(int(std::ceil(line.ascent())), TallestPicture(paragraph, line));

@@ -95,6 +95,7 @@ void TextWidget::Select(TextPos anchor, TextPos caret) {
     const TextPos size = TextPos(document_.text.size());
     anchor_ = std::clamp(anchor, 0, size);
     caret_ = std::clamp(caret, 0, size);
+    wantedX_.reset();
     RestartBlinking();
     viewport()->update();
 }
