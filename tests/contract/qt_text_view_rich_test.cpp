@@ -37,8 +37,8 @@ Document TableDocument(int rows, std::u16string_view before = u"Above.\n") {
     return document;
 }
 
-std::string Png(int width, int height, QColor color) {
-    QImage image(width, height, QImage::Format_RGB32);
+std::string Png(int width, int height, QColor color, QImage::Format format = QImage::Format_RGB32) {
+    QImage image(width, height, format);
     image.fill(color);
     QByteArray bytes;
     QBuffer buffer(&bytes);
@@ -193,9 +193,7 @@ TEST_CASE("qt text view: a picture takes the room that its file asks for") {
 
 TEST_CASE("qt text view: pictures of no given size, too wide, broken or huge") {
     const std::string png = Png(40, 20, Qt::magenta);
-    // A header that declares 60000 x 60000 pixels.
-    std::string bomb = png;
-    bomb.replace(16, 8, std::string("\0\0\xEA\x60\0\0\xEA\x60", 8));
+    const std::string bomb = Png(9000, 8000, Qt::magenta, QImage::Format_Mono); // 72 megapixels
     struct {
         const char* what;
         Picture picture;

@@ -182,8 +182,8 @@ TEST_CASE("qt text view: dropped paths keep the bytes that UTF-16 can hold") {
         {"http://example.invalid/x\nfile://elsewhere/y\n\nfile:relative", {}},
         {"", {}},
     };
-    for (const auto& [list, paths] : cases) {
-        CAPTURE(list);
-        CHECK(DroppedPaths(list) == paths);
+    for (const auto& c : cases) {
+        CAPTURE(c.list);
+        CHECK(DroppedPaths(c.list) == c.paths);
     }
 }

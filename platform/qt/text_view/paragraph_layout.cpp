@@ -73,8 +73,25 @@ int TallestPicture(const ParagraphLayout& paragraph, const QTextLine& line) {
     return tallest;
 }
 
+// A justified line that reads to the left would leave the room of the blanks behind its last word
+// at its beginning, where it is seen.
+int JustificationError(const LayoutContext& context, const ParagraphShape& shape,
+                       const ParagraphLayout& paragraph, const QTextLine& line) {
+    const bool justified = shape.option.alignment() & Qt::AlignJustify;
+    const int end = line.textStart() + line.textLength();
+    const QString text = paragraph.text->text();
+    if (!justified || !shape.rightToLeft || end >= text.size()) return 0;
+    int blanks = 0;
+    while (blanks < line.textLength() && text[end - 1 - blanks] == u' ')
+        ++blanks;
+    const QFont font = context.plain ? paragraph.text->font()
+                                     : context.formats.FormatAt(paragraph.start + end - 1).font();
+    return qRound(blanks * QFontMetricsF(font, context.device).horizontalAdvance(u' '));
+}
+
 // Lays out one line whose slot starts at `top`; returns the slot's height.
-int PlaceLine(QTextLine line, const ParagraphShape& shape, ParagraphLayout& paragraph, int top) {
+int PlaceLine(const LayoutContext& context, QTextLine line, const ParagraphShape& shape,
+              ParagraphLayout& paragraph, int top) {
     const int indent = paragraph.tops.empty() ? shape.firstIndent : shape.indent;
     const int edge = shape.rightToLeft ? shape.farIndent : indent;
     const int indents = indent + shape.farIndent;
@@ -84,7 +101,8 @@ int PlaceLine(QTextLine line, const ParagraphShape& shape, ParagraphLayout& para
     const int height = shape.LineHeight(ascent + int(std::ceil(line.descent())));
     const int baseline = top + height - int(std::ceil(line.descent()));
     const int room = shape.alignWidth - indents - int(std::ceil(line.naturalTextWidth()));
-    const int shift = shape.AlignmentShift(std::max(0, room));
+    const int shift = shape.AlignmentShift(std::max(0, room)) +
+                      JustificationError(context, shape, paragraph, line);
     line.setPosition(QPointF(edge + shift, baseline - line.ascent()));
     paragraph.width =
         std::max(paragraph.width, edge + shift + int(std::ceil(line.naturalTextWidth())));
@@ -126,7 +144,7 @@ ParagraphLayout LayOutParagraph(const LayoutContext& context, const ParagraphPar
     result.text->beginLayout();
     for (QTextLine line = result.text->createLine(); line.isValid();
          line = result.text->createLine()) {
-        const int height = PlaceLine(line, shape, result, top);
+        const int height = PlaceLine(context, line, shape, result, top);
         result.tops.push_back(result.tops.empty() ? 0 : top);
         top += height;
     }
