@@ -109,6 +109,15 @@ TEST_CASE("qt text view: a row wider than the view is made narrower as a whole")
     CHECK(right.x() < 200);
 }
 
+TEST_CASE("qt text view: a right-to-left row begins at the right") {
+    Document document = TableDocument(1);
+    document.rows[0].rightToLeft = true;
+    QtViewBench bench;
+    bench.view.LoadDocument(document);
+    CHECK(CaretAt(bench, 7).x() > CaretAt(bench, 12).x());
+    CHECK(CaretAt(bench, 7).x() < 500);
+}
+
 TEST_CASE("qt text view: clicks and keys stay in their cell") {
     QtViewBench bench;
     bench.view.LoadDocument(TableDocument(2));

@@ -6,10 +6,11 @@
 
 #include <doctest/doctest.h>
 
-#include <QImage>
+#include <QDragEnterEvent>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QTextLayout>
-#include <QWheelEvent>
+#include <QUrl>
 
 #include <random>
 
@@ -103,6 +104,31 @@ TEST_CASE("qt text view: a text without breaks is laid out in pieces") {
     }
 }
 
+TEST_CASE("qt text view: blocks tile the text and are the same from wherever they are found") {
+    std::mt19937 random(99); // NOLINT
+    for (const unsigned rarity : {50u, 5'000u, 40'000u, 1'000'000u}) {
+        Document document;
+        for (int i = 0; i < 200'000; ++i)
+            document.text += random() % rarity == 0 ? u'\n' : random() % 7 == 0 ? u' ' : u'x';
+        const TextPos size = TextPos(document.text.size());
+        TextPos start = 0;
+        for (;;) {
+            const TextBlock block = BlockAt(document, start);
+            REQUIRE(block.start == start);
+            CHECK(block.end - block.start <= 2 * pieceLength);
+            const TextPos middle = start + TextPos(random() % unsigned(block.end - start + 1)) - 1;
+            for (const TextPos inside : {std::max(start, middle), std::max(start, block.end - 1)}) {
+                CHECK(BlockAt(document, inside).start == block.start);
+                CHECK(BlockAt(document, inside).end == block.end);
+            }
+            if (IsLastBlock(document, block)) break;
+            REQUIRE(block.end > start);
+            start = block.end;
+        }
+        CHECK(BlockAt(document, size).end == size);
+    }
+}
+
 TEST_CASE("qt text view: selecting a huge text and moving in it lays out next to nothing") {
     QtViewBench bench;
     bench.view.LoadPlainText(RepeatedText(u"Some line.\n\n", 1'000'000));
@@ -186,4 +212,24 @@ TEST_CASE("qt text view: dropped paths keep the bytes that UTF-16 can hold") {
         CAPTURE(c.list);
         CHECK(DroppedPaths(c.list) == c.paths);
     }
+}
+
+TEST_CASE("qt text view: a drop of files is reported in its order, another is refused") {
+    QtViewBench bench;
+    std::vector<std::u16string> dropped;
+    bench.view.onFilesDropped = [&](const auto& paths) { dropped = paths; };
+    QMimeData files, text;
+    files.setUrls({QUrl("file:///b%FF.txt"), QUrl("file:///a b.txt"), QUrl("http://a.invalid/")});
+    text.setText("only text");
+    const auto accepts = [&](const QMimeData& data) {
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        enter.setAccepted(false);
+        QCoreApplication::sendEvent(bench.Widget().viewport(), &enter);
+        return enter.isAccepted();
+    };
+    CHECK_FALSE(accepts(text));
+    CHECK(accepts(files));
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(bench.Widget().viewport(), &drop);
+    CHECK(dropped == std::vector<std::u16string>{u"/b?.txt", u"/a b.txt"});
 }

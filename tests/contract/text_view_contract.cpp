@@ -101,6 +101,22 @@ TEST_CASE("text view: every line end becomes one paragraph break") {
     });
 }
 
+TEST_CASE("text view: rich text is shown as far as it can be read") {
+    OnEachBackEnd([](TextView& view) {
+        view.LoadRichText("{\\rtf1\\ansi one {\\b two}\\par three\\u8364?}", 1252);
+        CHECK(view.TextRange(0, 14) == u"one two\nthree\u20AC");
+        view.ScrollLineToTop(10);
+        CHECK(view.FirstVisibleChar() == 8);
+        for (const char* broken :
+             {"", "{\\rtf1", "{\\rtf1 {{{ text", "}}}", "{\\rtf1 \\pict\\bin999 x"}) {
+            CAPTURE(broken);
+            view.LoadRichText(broken, 1252);
+            view.ScrollLineToTop(view.TextLength());
+            CHECK(view.FirstVisibleChar() <= view.TextLength());
+        }
+    });
+}
+
 TEST_CASE("text view: positions outside the text are moved to its nearest end") {
     constexpr TextPos far = std::numeric_limits<TextPos>::max();
     OnEachBackEnd([&](TextView& view) {

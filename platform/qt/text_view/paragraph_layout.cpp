@@ -12,6 +12,13 @@ namespace {
 // spacing: it has no direction of its own, and a line may break at either side of it.
 constexpr char16_t pictureStandIn = u'\u2014';
 
+// The first picture at or behind a position.
+template <class Pictures>
+auto FirstFrom(const Pictures& pictures, TextPos position) {
+    return std::lower_bound(pictures.begin(), pictures.end(), position,
+                            [](const auto& picture, TextPos at) { return picture.position < at; });
+}
+
 // As QTextLayout wants it: one character for each of the document's.
 QString LayoutText(const LayoutContext& context, const ParagraphPart& part,
                    const std::vector<PlacedPicture>& pictures) {
@@ -35,6 +42,7 @@ QTextLayout::FormatRange PictureFormatRange(const LayoutContext& context,
     font.setLetterSpacing(QFont::AbsoluteSpacing, std::max(0.0, picture.size.width() - own));
     format.setFont(font);
     format.setForeground(Qt::transparent);
+    format.setVerticalAlignment(QTextCharFormat::AlignNormal);
     return {picture.position - start, 1, format};
 }
 
@@ -42,8 +50,7 @@ std::vector<PlacedPicture> PlacePictures(const LayoutContext& context, const Par
                                          int width) {
     std::vector<PlacedPicture> placed;
     const auto& all = context.document.pictures;
-    auto picture = std::lower_bound(all.begin(), all.end(), part.start,
-                                    [](const Picture& p, TextPos at) { return p.position < at; });
+    auto picture = FirstFrom(all, part.start);
     for (; picture != all.end() && picture->position < part.end; ++picture)
         placed.push_back({picture->position, PictureSize(context, *picture, width)});
     return placed;
@@ -67,9 +74,9 @@ void PrepareText(const LayoutContext& context, const ParagraphPart& part,
 int TallestPicture(const ParagraphLayout& paragraph, const QTextLine& line) {
     const TextPos from = paragraph.start + line.textStart(), to = from + line.textLength();
     int tallest = 0;
-    for (const PlacedPicture& picture : paragraph.pictures)
-        if (picture.position >= from && picture.position < to)
-            tallest = std::max(tallest, picture.size.height());
+    auto picture = FirstFrom(paragraph.pictures, from);
+    for (; picture != paragraph.pictures.end() && picture->position < to; ++picture)
+        tallest = std::max(tallest, picture->size.height());
     return tallest;
 }
 
