@@ -2,6 +2,8 @@
 
 #include "common/decode_pieces.h"
 
+#include <algorithm>
+
 namespace {
 
 // The length of the well-formed sequence at `at` (Unicode, table 3-7), 0 when there is none before
@@ -78,9 +80,11 @@ std::size_t ValidUtf8Length(std::string_view bytes) {
     while (at != end) {
         at += AsciiLength(at, end);
         if (at == end) break;
-        const int length = SequenceLength(at, end);
-        if (length == 0) break;
-        at += length;
+        do {
+            const int length = SequenceLength(at, end);
+            if (length == 0) return static_cast<std::size_t>(at - start);
+            at += length;
+        } while (at != end && *at >= 0x80);
     }
     return static_cast<std::size_t>(at - start);
 }
@@ -93,16 +97,14 @@ std::u16string Utf8ToUtf16(std::string_view bytes, char16_t replacement) {
     std::u16string text;
     text.reserve(Utf16Length(bytes));
     DecodeInPieces(bytes, text,
-                   [replacement](const unsigned char*& at, const unsigned char*,
+                   [replacement](const unsigned char*& at, const unsigned char* stop,
                                  const unsigned char* end, char16_t*& out) {
-                       const int length = SequenceLength(at, end);
-                       if (length == 0) {
-                           *out++ = replacement;
-                           ++at;
-                       } else {
-                           out = PutUtf16(SequenceValue(at, length), out);
-                           at += length;
-                       }
+                       do {
+                           const int length = SequenceLength(at, end);
+                           out =
+                               PutUtf16(length == 0 ? replacement : SequenceValue(at, length), out);
+                           at += std::max(length, 1);
+                       } while (at < stop && *at >= 0x80);
                    });
     return text;
 }

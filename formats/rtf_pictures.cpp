@@ -63,6 +63,7 @@ std::int32_t RtfPictureReader::ShownTwips(const Extent& extent) const {
 Picture RtfPictureReader::Take() {
     picture_.widthTwips = ShownTwips(width_);
     picture_.heightTwips = ShownTwips(height_);
+    if (picture_.format == PictureFormat::Other) picture_.bytes.clear(); // its kind came late
     if (picture_.bytes.empty()) picture_.format = PictureFormat::Other;
     picture_.bytes.shrink_to_fit();
     return std::exchange(picture_, {});

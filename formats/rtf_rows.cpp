@@ -111,7 +111,8 @@ TableRow RtfRowBuilder::MakeRow() const {
         cell.start = open.start;
         cell.end = open.end;
         cell.columnSpan = open.columnSpan;
-        cell.rightEdge = left + undefinedCellWidth;
+        cell.rightEdge =
+            std::max(left, std::min(left + undefinedCellWidth, maxRtfTwips - row.leftEdge));
         const std::size_t last = open.definition + open.columnSpan - 1u;
         if (last < definition.cells.size()) {
             const RtfCellDefinition& first = definition.cells[open.definition];

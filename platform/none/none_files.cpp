@@ -55,6 +55,17 @@ std::string NoneFiles::Bytes(const std::u16string& path) const {
     return file ? file->bytes : std::string();
 }
 
+std::vector<std::u16string> NoneFiles::NamesIn(const std::u16string& folder) const {
+    std::set<std::u16string> paths = folders_;
+    for (const auto& [path, file] : files_)
+        paths.insert(path);
+    std::vector<std::u16string> names;
+    for (const std::u16string& path : paths) {
+        if (FolderOf(path) == folder) names.push_back(path.substr(folder.size() + 1));
+    }
+    return names;
+}
+
 bool NoneFiles::FileExists(const std::u16string& path) const {
     return Find(path) != nullptr;
 }

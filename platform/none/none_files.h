@@ -28,6 +28,8 @@ class NoneFiles : public Files {
     void Remove(const std::u16string& path);
     void EditInPlace(const std::u16string& path, std::string_view bytes); // as an editor's save
     File* Find(const std::u16string& path);
+    std::vector<std::u16string>
+    NamesIn(const std::u16string& folder) const;         // files and folders, sorted
     std::string Bytes(const std::u16string& path) const; // "" if missing
 
     char16_t separator = u'/';

@@ -7,6 +7,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -32,15 +33,43 @@ ReadStatus StatusOfError(int error) {
     }
 }
 
+// A regular file open for reading, or why there is none.
+struct RegularFile {
+    explicit RegularFile(const std::u16string& path) : descriptor(Open(path)) {}
+
+    ReadStatus status = ReadStatus::NotFound;
+    std::uint64_t size = 0;
+    FileDescriptor descriptor;
+
+  private:
+    int Open(const std::u16string& path);
+};
+
+int RegularFile::Open(const std::u16string& path) {
+    const auto native = NativePath(path);
+    if (!native) return -1;
+    // Asked before it is opened, because opening a device or a pipe can do something by itself.
+    struct stat found {};
+    int file = -1;
+    if (stat(native->c_str(), &found) != 0 ||
+        (S_ISREG(found.st_mode) &&
+         ((file = open(native->c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY)) < 0 ||
+          fstat(file, &found) != 0))) {
+        status = StatusOfError(errno);
+        return file;
+    }
+    status = S_ISREG(found.st_mode) ? ReadStatus::Ok : ReadStatus::NotAFile;
+    size = static_cast<std::uint64_t>(found.st_size);
+    return file;
+}
+
 // Reads on to the end, wherever that is by now: the file may grow or shrink meanwhile.
 ReadStatus ReadToEnd(int file, std::uint64_t sizeNow, std::uint64_t limit, std::string& bytes) {
-    std::string content;
+    std::string content(sizeNow + 1, '\0'); // one byte more than there should be, to see the end
     std::size_t used = 0;
     for (;;) {
         if (used > limit) return ReadStatus::TooLarge;
-        // One byte more than there should be, so that the end is seen.
-        if (used == content.size())
-            content.resize(std::max<std::size_t>(sizeNow, used) * 5 / 4 + 1);
+        if (used == content.size()) content.resize(used * 5 / 4 + 4096);
         const ssize_t got = read(file, content.data() + used, content.size() - used);
         if (got < 0 && errno == EINTR) continue;
         if (got < 0) return StatusOfError(errno);
@@ -93,23 +122,26 @@ std::optional<FileVersion> PosixFiles::Version(const std::u16string& path) const
 
 ReadStatus PosixFiles::Read(const std::u16string& path, std::uint64_t limit,
                             std::string& bytes) const {
-    const auto native = NativePath(path);
-    if (!native) return ReadStatus::NotFound;
-    // Asked before it is opened, because opening a device or a pipe can do something by itself.
-    struct stat status {};
-    if (stat(native->c_str(), &status) != 0) return StatusOfError(errno);
-    if (!S_ISREG(status.st_mode)) return ReadStatus::NotAFile;
-    const FileDescriptor file(open(native->c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
-    if (!file.IsOpen()) return StatusOfError(errno);
-    if (fstat(file.Number(), &status) != 0) return StatusOfError(errno);
-    if (!S_ISREG(status.st_mode)) return ReadStatus::NotAFile;
-    const auto size = static_cast<std::uint64_t>(status.st_size);
-    if (size > limit) return ReadStatus::TooLarge;
+    const RegularFile file(path);
+    if (file.status != ReadStatus::Ok) return file.status;
+    if (file.size > limit) return ReadStatus::TooLarge;
     try {
-        return ReadToEnd(file.Number(), size, limit, bytes);
+        return ReadToEnd(file.descriptor.Number(), file.size, limit, bytes);
     } catch (const std::bad_alloc&) {
         return ReadStatus::TooLarge;
     }
+}
+
+ReadStatus PosixFiles::ReadStart(const std::u16string& path, std::size_t count,
+                                 std::string& bytes) const {
+    const RegularFile file(path);
+    if (file.status != ReadStatus::Ok) return file.status;
+    std::string start(count, '\0');
+    const ssize_t got = pread(file.descriptor.Number(), start.data(), count, 0);
+    if (got < 0) return StatusOfError(errno);
+    start.resize(static_cast<std::size_t>(got));
+    bytes = std::move(start);
+    return ReadStatus::Ok;
 }
 
 bool PosixFiles::Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) {

@@ -18,6 +18,8 @@ class PosixFiles : public Files {
     std::optional<FileVersion> Version(const std::u16string& path) const override;
     ReadStatus Read(const std::u16string& path, std::uint64_t limit,
                     std::string& bytes) const override;
+    ReadStatus ReadStart(const std::u16string& path, std::size_t count,
+                         std::string& bytes) const override;
     bool Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) override;
     std::optional<DateTime> Stamp(const std::u16string& path, FileStamp) const override;
     bool SetStamp(const std::u16string& path, const DateTime& local, FileStamp) override;

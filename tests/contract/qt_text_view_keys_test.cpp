@@ -200,3 +200,21 @@ TEST_CASE("qt text view: the wheel scrolls three lines, with Ctrl it is left to 
     bench.view.ScrollLineToTop(bench.view.FirstVisibleChar());
     CHECK(bench.view.FirstVisibleChar() == 5);
 }
+
+TEST_CASE("qt text view: the caret shows while the view has the focus") {
+    QtViewBench bench;
+    bench.view.LoadPlainText(u"");
+    const auto caretShown = [&] {
+        const QRect caret = bench.Widget().CaretRect();
+        const QImage image = bench.Widget().viewport()->grab().toImage();
+        return image.pixelColor(caret.center()) == QColor(Qt::black);
+    };
+    CHECK_FALSE(caretShown());
+    bench.view.Widget()->activateWindow();
+    bench.view.FocusView();
+    QCoreApplication::processEvents();
+    REQUIRE(bench.view.Widget()->hasFocus());
+    CHECK(caretShown());
+    bench.view.Widget()->clearFocus();
+    CHECK_FALSE(caretShown());
+}

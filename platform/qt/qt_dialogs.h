@@ -1,0 +1,21 @@
+// The dialogs on Qt.
+#pragma once
+
+#include "platform/dialogs.h"
+
+#include <QString>
+
+class QWidget;
+
+class QtDialogs final : public Dialogs {
+  public:
+    explicit QtDialogs(QWidget* owner);
+
+    OpenFileAnswer OpenFile(const OpenFileRequest&) override;
+    DialogResult ShowMessage(const Message&) override;
+    void SetHelpFile(const std::u16string& path) override;
+
+  private:
+    QWidget* owner_;
+    QString helpFile_;
+};

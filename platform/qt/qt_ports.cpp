@@ -1,0 +1,60 @@
+#include "platform/qt/qt_ports.h"
+
+#include "platform/posix/posix_clock.h"
+#include "platform/posix/posix_files.h"
+#include "platform/posix/posix_paths.h"
+#include "platform/qt/launch.h"
+#include "platform/qt/qt_dialogs.h"
+#include "platform/qt/qt_locale.h"
+#include "platform/qt/qt_menu_bar.h"
+#include "platform/qt/qt_registry.h"
+#include "platform/qt/qt_shell.h"
+#include "platform/qt/qt_status_bar.h"
+#include "platform/qt/qt_text.h"
+#include "platform/qt/qt_timer.h"
+#include "platform/qt/qt_version_info.h"
+#include "platform/qt/qt_window.h"
+#include "platform/qt/text_view/qt_text_view.h"
+#include "product.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+
+namespace {
+
+Launch ThisLaunch(int argc, char** argv) {
+    const QString userData = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    const std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
+    const std::string book =
+        BookPathBytes(arguments, QFile::encodeName(QDir::currentPath()).toStdString());
+    Launch launch;
+    launch.programFolder = FromQt(QCoreApplication::applicationDirPath());
+    launch.executableName = u"" PRODUCT_TITLE;
+    launch.userDataFolder = FromQt(userData + QStringLiteral("/" PRODUCT_TITLE));
+    launch.commandLine = PathFromNative(book);
+    launch.rootFolder = FromQt(QDir::homePath());
+    return launch;
+}
+
+} // namespace
+
+Ports MakeQtPorts(int argc, char** argv) {
+    auto window = std::make_unique<QtWindow>();
+    Ports ports;
+    ports.launch = ThisLaunch(argc, argv);
+    ports.menuBar = std::make_unique<QtMenuBar>(*window);
+    ports.statusBar = std::make_unique<QtStatusBar>(window->InnerArea());
+    ports.textView = std::make_unique<QtTextView>(window->ViewArea());
+    ports.dialogs = std::make_unique<QtDialogs>(window.get());
+    ports.saveTimer = std::make_unique<QtTimer>();
+    ports.shell = std::make_unique<QtShell>();
+    ports.registry = std::make_unique<QtRegistry>();
+    ports.files = std::make_unique<PosixFiles>();
+    ports.versionInfo = std::make_unique<QtVersionInfo>();
+    ports.locale = std::make_unique<QtLocale>();
+    ports.clock = std::make_unique<PosixClock>();
+    ports.window = std::move(window);
+    return ports;
+}

@@ -1,0 +1,19 @@
+#include "platform/qt/qt_shell.h"
+
+#include "platform/qt/qt_text.h"
+
+#include <QProcess>
+#include <QStandardPaths>
+
+std::u16string QtShell::DefaultTextEditor() const {
+    const QString opener = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
+    return opener.isEmpty() ? u"/usr/bin/xdg-open" : FromQt(opener);
+}
+
+void QtShell::OpenWith(const std::u16string& program, const std::u16string& argument) {
+    QProcess::startDetached(ToQt(program), {ToQt(argument)});
+}
+
+bool QtShell::BecomeOnlyInstance(const std::u16string& name) {
+    return lock_.Acquire(name);
+}

@@ -1,0 +1,15 @@
+// The desktop of a free system.
+#pragma once
+
+#include "platform/posix/posix_instance_lock.h"
+#include "platform/shell.h"
+
+class QtShell final : public Shell {
+  public:
+    std::u16string DefaultTextEditor() const override; // the desktop's opener of files
+    void OpenWith(const std::u16string& program, const std::u16string& argument) override;
+    bool BecomeOnlyInstance(const std::u16string& name) override;
+
+  private:
+    InstanceLock lock_;
+};

@@ -1,0 +1,261 @@
+#include "platform/qt/qt_window.h"
+
+#include "platform/qt/handler.h"
+#include "platform/qt/key_codes.h"
+#include "platform/qt/qt_text.h"
+#include "platform/qt/window_icon.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFontInfo>
+#include <QFontMetricsF>
+#include <QFrame>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QScreen>
+#include <QTimer>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int panelBorder = 2;       // pixels; the core's layout of the views counts on it
+constexpr int largestExtent = 16384; // pixels; beyond it X11 and the drawing buffers give up
+constexpr int settlingTime = 300;    // milliseconds; window managers answer within a few
+constexpr int stateDelay = 50;       // milliseconds
+constexpr double twipsPerInch = 1440;
+
+int Extent(int asked, int frame) {
+    return std::clamp(asked - frame, 1, largestExtent);
+}
+
+} // namespace
+
+QtWindow::QtWindow()
+    : inner_(new QWidget(this)), panel_(new QFrame(inner_)), views_(new QWidget(panel_)),
+      exitSignals_([this] { CloseFromSystem(); }) {
+    panel_->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    settling_.setSingleShot(true);
+    settling_.callOnTimeout([this] { Settle(); });
+    connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { CloseFromSystem(); });
+    TakeDefaultPlace();
+}
+
+// A page of comfortable width in the middle of the screen.
+void QtWindow::TakeDefaultPlace() {
+    QRect place(0, 0, 860, 960);
+    const QRect available = screen()->availableGeometry();
+    place.setSize(place.size().boundedTo(available.size() * 0.9));
+    place.moveCenter(available.center());
+    setGeometry(place);
+}
+
+void QtWindow::AdoptMenuBar(QMenuBar* menuBar) {
+    menuBar_ = menuBar;
+    LayOut();
+}
+
+void QtWindow::LayOut() {
+    const int menuHeight = menuBar_ ? menuBar_->heightForWidth(width()) : 0;
+    if (menuBar_) menuBar_->setGeometry(0, 0, width(), menuHeight);
+    const QRect innerArea(0, menuHeight, width(), std::max(0, height() - menuHeight));
+    if (innerArea == inner_->geometry()) return;
+    inner_->setGeometry(innerArea);
+    ReportResize();
+}
+
+void QtWindow::SetEvents(WindowEvents events) {
+    events_ = std::move(events);
+}
+
+void QtWindow::Open() {
+    show();
+    activateWindow(); // a screen without a window manager gives the keyboard to nobody unasked
+    windowHandle()->installEventFilter(this);
+    if (asked_) settling_.start(settlingTime);
+    ShowIconWhenIdle(*this);
+}
+
+void QtWindow::Close() {
+    close();
+}
+
+void QtWindow::CloseFromSystem() {
+    while (QWidget* menu = QApplication::activePopupWidget())
+        if (!menu->close()) break;
+    if (QWidget* dialog = QApplication::activeModalWidget()) {
+        dialog->close();
+        // The handler that waits for the dialog comes first, and may open another.
+        QTimer::singleShot(0, this, &QtWindow::CloseFromSystem);
+        return;
+    }
+    close();
+}
+
+WindowState QtWindow::State() const {
+    if (isMinimized()) return WindowState::Minimized;
+    return isMaximized() || isFullScreen() ? WindowState::Maximized : WindowState::Normal;
+}
+
+void QtWindow::SetState(WindowState state) {
+    switch (state) {
+    case WindowState::Normal: setWindowState(Qt::WindowNoState); break;
+    case WindowState::Minimized: setWindowState(windowState() | Qt::WindowMinimized); break;
+    case WindowState::Maximized: setWindowState(Qt::WindowMaximized); break;
+    }
+}
+
+Rect QtWindow::Bounds() const {
+    if (asked_) return *asked_;
+    const QRect frame = windowHandle() ? windowHandle()->frameGeometry() : geometry();
+    return {frame.x(), frame.y(), frame.width(), frame.height()};
+}
+
+void QtWindow::Move(const Rect& bounds) {
+    asked_ = bounds;
+    framed_ = FrameMargins();
+    MoveInside(framed_);
+    if (isVisible())
+        settling_.start(settlingTime);
+    else
+        LayOut(); // a hidden window hears of its size only when it is shown
+}
+
+QMargins QtWindow::FrameMargins() const {
+    return windowHandle() ? windowHandle()->frameMargins() : QMargins();
+}
+
+void QtWindow::MoveInside(const QMargins& frame) {
+    const QSize inside(Extent(asked_->width, frame.left() + frame.right()),
+                       Extent(asked_->height, frame.top() + frame.bottom()));
+    if (frame.isNull()) {
+        move(asked_->left, asked_->top); // the corner of the frame, once there is one
+        resize(inside);
+    } else {
+        setGeometry(QRect(QPoint(asked_->left + frame.left(), asked_->top + frame.top()), inside));
+    }
+}
+
+// The frame becomes known only when the window manager has put it around the window.
+void QtWindow::AllowForFrame() {
+    if (!asked_ || !isVisible() || State() != WindowState::Normal) return;
+    if (const QMargins frame = FrameMargins(); std::exchange(framed_, frame) != frame)
+        MoveInside(frame);
+}
+
+// From now on the window is where it is, whatever was asked.
+void QtWindow::Settle() {
+    if (asked_ && FrameMargins() != framed_ && State() == WindowState::Normal) {
+        AllowForFrame();
+        settling_.start(settlingTime);
+        return;
+    }
+    if (const auto asked = std::exchange(asked_, {}); asked != Bounds()) ReportResize();
+}
+
+int QtWindow::InnerWidth() const {
+    return inner_->width();
+}
+
+int QtWindow::InnerHeight() const {
+    return inner_->height();
+}
+
+double QtWindow::TwipsPerPixelX() const {
+    return twipsPerInch / logicalDpiX();
+}
+
+double QtWindow::TwipsPerPixelY() const {
+    return twipsPerInch / logicalDpiY();
+}
+
+void QtWindow::SetTitle(std::u16string_view title) {
+    // Qt reads "[*]" in a title as the place of its mark for changed documents, and "[*][*]" as the
+    // text.
+    setWindowTitle(ToQt(title).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
+}
+
+void QtWindow::ApplySystemFont() {
+    setFont(QApplication::font("QMenu"));
+}
+
+double QtWindow::TextWidth(std::u16string_view text) const {
+    return QFontMetricsF(font()).horizontalAdvance(ToQt(text));
+}
+
+void QtWindow::SetPanelBounds(const Rect& bounds) {
+    panel_->setGeometry(bounds.left, bounds.top, bounds.width, bounds.height);
+    views_->setGeometry(panel_->rect().marginsRemoved(
+        QMargins(panelBorder, panelBorder, panelBorder, panelBorder)));
+}
+
+ViewFont QtWindow::DefaultViewFont() const {
+    const QFontInfo info(
+        QApplication::font()); // the font in use behind an alias such as "Sans Serif"
+    ViewFont viewFont;
+    viewFont.name = FromQt(info.family());
+    viewFont.size = info.pointSizeF();
+    return viewFont;
+}
+
+void QtWindow::moveEvent(QMoveEvent*) {
+    AllowForFrame();
+    ReportResize();
+}
+
+void QtWindow::resizeEvent(QResizeEvent*) {
+    AllowForFrame();
+    LayOut();
+}
+
+void QtWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange) ReportResize();
+}
+
+void QtWindow::closeEvent(QCloseEvent* event) {
+    event->accept();
+    if (!std::exchange(unloaded_, true)) CallHandler(events_.onUnload);
+}
+
+// Keys pass here before the view that has the focus sees them.
+bool QtWindow::eventFilter(QObject* object, QEvent* event) {
+    if (object == windowHandle() &&
+        (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease))
+        return KeyEvent(static_cast<const QKeyEvent&>(*event));
+    return QWidget::eventFilter(object, event);
+}
+
+bool QtWindow::KeyEvent(const QKeyEvent& event) {
+    if (QApplication::activePopupWidget()) return false; // an open menu has the keyboard
+    const bool pressed = event.type() == QEvent::KeyPress;
+    const int shift = ShiftMaskOf(event.modifiers());
+    if (pressed && event.key() == Qt::Key_F4 && shift == AltKey) {
+        close(); // comes here only where no window manager takes the key
+        return true;
+    }
+    const int code = VirtualKeyCode(event.key(), event.modifiers(), event.nativeScanCode());
+    if (code == 0) return false;
+    if (pressed) {
+        heldKey_ = {code, shift};
+        CallHandler(events_.onKeyDown, code, shift);
+    } else if (!event.isAutoRepeat()) { // a held key goes up once
+        // "Ctrl and +" is that also for a hand that lets Ctrl go first.
+        const int heldShift = code == heldKey_.code ? heldKey_.shift : 0;
+        CallHandler(events_.onKeyUp, code, shift | heldShift);
+    }
+    return false;
+}
+
+// Some window managers send the size of a maximised window before they say that it is maximised.
+// Such a size must not be taken for the window's own, so it is reported a moment later.
+void QtWindow::ReportResize() {
+    const bool mayBeMaximized =
+        !asked_ && isVisible() && State() == WindowState::Normal &&
+        windowHandle()->frameGeometry().contains(screen()->availableGeometry());
+    if (mayBeMaximized)
+        QTimer::singleShot(stateDelay, this, [this] { CallHandler(events_.onResize); });
+    else
+        CallHandler(events_.onResize);
+}

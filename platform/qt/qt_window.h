@@ -1,0 +1,77 @@
+// The main window on Qt: frame and menu bar, and inside them the inner area that the core lays out.
+#pragma once
+
+#include "platform/qt/exit_signals.h"
+#include "platform/window.h"
+
+#include <QMargins>
+#include <QTimer>
+#include <QWidget>
+
+#include <optional>
+
+class QFrame;
+class QMenuBar;
+
+class QtWindow final : public QWidget, public Window {
+  public:
+    QtWindow();
+
+    QWidget* InnerArea() const { return inner_; } // parent of the status bar
+    QWidget* ViewArea() const { return views_; }  // parent of both views, inside the panel's border
+    void AdoptMenuBar(QMenuBar*);
+    void LayOut(); // places menu bar and inner area; reports when the inner area changed
+
+    // The system wants the program to end: open menus and dialogs are cancelled, then the window
+    // closes as by its user.
+    void CloseFromSystem();
+
+    void SetEvents(WindowEvents) override;
+    void Open() override;
+    void Close() override;
+    WindowState State() const override;
+    void SetState(WindowState) override;
+    Rect Bounds() const override;
+    void Move(const Rect&) override;
+    int InnerWidth() const override;
+    int InnerHeight() const override;
+    double TwipsPerPixelX() const override;
+    double TwipsPerPixelY() const override;
+    void SetTitle(std::u16string_view) override;
+    void ApplySystemFont() override;
+    double TextWidth(std::u16string_view) const override;
+    void SetPanelBounds(const Rect&) override;
+    ViewFont DefaultViewFont() const override;
+
+  protected:
+    void moveEvent(QMoveEvent*) override;
+    void resizeEvent(QResizeEvent*) override;
+    void changeEvent(QEvent*) override;
+    void closeEvent(QCloseEvent*) override;
+    bool eventFilter(QObject*, QEvent*) override;
+
+  private:
+    void TakeDefaultPlace();
+    bool KeyEvent(const QKeyEvent&);
+    QMargins FrameMargins() const;
+    void MoveInside(const QMargins& frame);
+    void AllowForFrame();
+    void Settle();
+    void ReportResize();
+
+    QWidget* inner_;
+    QFrame* panel_;
+    QWidget* views_;
+    QMenuBar* menuBar_ = nullptr;
+    WindowEvents events_;
+    // The rectangle asked for stands for the window's own until the window manager has had its say:
+    // what the window system tells in between is partly old and partly without the frame.
+    std::optional<Rect> asked_;
+    QMargins framed_; // the frame that the window's size allows for while `asked_` stands
+    QTimer settling_;
+    struct {
+        int code = 0, shift = 0;
+    } heldKey_; // the key that went down last
+    bool unloaded_ = false;
+    ExitSignals exitSignals_;
+};

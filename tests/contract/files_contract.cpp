@@ -1,0 +1,171 @@
+#include "files_contract.h"
+
+#include <doctest/doctest.h>
+
+#include <initializer_list>
+
+namespace {
+
+constexpr std::uint64_t NoLimit = 1u << 30;
+constexpr DateTime LongAgo{1999, 12, 31, 23, 59, 58};
+
+void CheckQuestions(FilesUnderTest& test) {
+    Files& files = test.Port();
+    const std::u16string file = test.Path(u"a.txt"), folder = test.Path(u"folder");
+    REQUIRE(files.Replace(file, "x", false));
+    REQUIRE(files.CreateFolder(folder));
+    CHECK(files.FileExists(file));
+    CHECK_FALSE(files.FolderExists(file));
+    CHECK_FALSE(files.FolderIsWritable(file));
+    CHECK_FALSE(files.FileExists(folder));
+    CHECK(files.FolderExists(folder));
+    CHECK(files.FolderIsWritable(folder));
+    for (const std::u16string& path :
+         {std::u16string(), test.Path(u"none"), test.Path(u"?"), test.Path(u"\uFFFD"),
+          test.Path(u"a?txt"), test.Path(std::u16string(1, u'\0')), test.Path(u"none/a.txt")}) {
+        CHECK_FALSE(files.FileExists(path));
+        CHECK_FALSE(files.FolderExists(path));
+        CHECK_FALSE(files.FolderIsWritable(path));
+        CHECK_FALSE(files.Version(path));
+        CHECK_FALSE(files.Stamp(path, FileStamp::LastWrite));
+        CHECK_FALSE(files.SetStamp(path, LongAgo, FileStamp::LastWrite));
+        CHECK_FALSE(files.SameFile(path, path));
+        std::string bytes = "as it was";
+        CHECK(files.Read(path, NoLimit, bytes) == ReadStatus::NotFound);
+        CHECK(bytes == "as it was");
+    }
+    CHECK(files.SameFile(file, file));
+    CHECK_FALSE(files.SameFile(file, folder));
+}
+
+void CheckFolders(FilesUnderTest& test) {
+    Files& files = test.Port();
+    const std::u16string deep = test.Path(u"one") + files.Separator() + u"two";
+    CHECK(files.CreateFolder(deep));
+    CHECK(files.CreateFolder(deep));
+    CHECK(files.FolderExists(test.Path(u"one")));
+    CHECK(files.FolderExists(deep));
+    REQUIRE(files.Replace(test.Path(u"file"), "", false));
+    CHECK_FALSE(files.CreateFolder(test.Path(u"file")));
+    CHECK_FALSE(files.CreateFolder(test.Path(u"file") + files.Separator() + u"sub"));
+    CHECK_FALSE(files.CreateFolder(u""));
+    CHECK_FALSE(files.CreateFolder(test.Path(u"a?b")));
+}
+
+void CheckReading(FilesUnderTest& test) {
+    Files& files = test.Port();
+    const std::u16string file = test.Path(u"all bytes");
+    std::string content;
+    for (int i = 0; i < 100'000; ++i)
+        content += static_cast<char>(i);
+    REQUIRE(files.Replace(file, content, false));
+    std::string bytes = "as it was";
+    CHECK(files.Read(file, content.size() - 1, bytes) == ReadStatus::TooLarge);
+    CHECK(files.Read(test.Root(), NoLimit, bytes) == ReadStatus::NotAFile);
+    CHECK(bytes == "as it was");
+    CHECK(files.Read(file, content.size(), bytes) == ReadStatus::Ok);
+    CHECK((bytes == content));
+    REQUIRE(files.Replace(file, "", false));
+    CHECK(files.Read(file, 0, bytes) == ReadStatus::Ok);
+    CHECK(bytes.empty());
+}
+
+void CheckReplacing(FilesUnderTest& test) {
+    Files& files = test.Port();
+    const std::u16string file = test.Path(u"Книга “1”.dat");
+    for (const std::size_t size : {std::size_t(10), std::size_t(3'000'000), std::size_t(0)}) {
+        CHECK(files.Replace(file, std::string(size, 'x'), false));
+        std::string bytes;
+        CHECK(files.Read(file, NoLimit, bytes) == ReadStatus::Ok);
+        CHECK((bytes == std::string(size, 'x')));
+    }
+    CHECK(test.NamesIn(test.Root()) == std::vector<std::u16string>{u"Книга “1”.dat"});
+
+    CHECK_FALSE(files.Replace(test.Path(u"none") + files.Separator() + u"a", "x", false));
+    CHECK_FALSE(files.Replace(test.Path(u"a?b"), "x", false));
+    CHECK_FALSE(files.Replace(u"", "x", false));
+    REQUIRE(files.CreateFolder(test.Path(u"folder")));
+    CHECK_FALSE(files.Replace(test.Path(u"folder"), "x", false));
+    CHECK(test.NamesIn(test.Root()).size() == 2);
+}
+
+void CheckAttributes(FilesUnderTest& test) {
+    Files& files = test.Port();
+    const std::u16string file = test.Path(u"a.dat");
+    CHECK(files.Replace(file, "old", true)); // there is no time to keep yet
+    CHECK_FALSE(test.IsReadOnly(file));
+    test.MakeReadOnly(file);
+    REQUIRE(files.SetStamp(file, LongAgo, FileStamp::LastWrite));
+    const auto before = files.Version(file);
+
+    CHECK(files.Replace(file, "new", true));
+    CHECK(test.IsReadOnly(file));
+    CHECK(files.Stamp(file, FileStamp::LastWrite) == LongAgo);
+    CHECK(files.Version(file)->lastWrite == before->lastWrite);
+
+    CHECK(files.Replace(file, "newer", false));
+    CHECK(test.IsReadOnly(file));
+    CHECK(files.Stamp(file, FileStamp::LastWrite) != LongAgo);
+    std::string bytes;
+    CHECK(files.Read(file, NoLimit, bytes) == ReadStatus::Ok);
+    CHECK(bytes == "newer");
+}
+
+void CheckVersions(FilesUnderTest& test) {
+    Files& files = test.Port();
+    const std::u16string file = test.Path(u"a.dat"), other = test.Path(u"b.dat");
+    REQUIRE(files.Replace(file, "1", false));
+    const auto first = files.Version(file);
+    CHECK(first);
+    CHECK(files.Version(file) == first);
+    REQUIRE(files.Replace(other, "1", false));
+    CHECK(files.Version(other) != first);
+    CHECK_FALSE(files.SameFile(file, other));
+    REQUIRE(files.Replace(file, "22", true)); // seen even though the time is the same
+    const auto second = files.Version(file);
+    CHECK(second != first);
+    CHECK(second->size == 2);
+    REQUIRE(files.SetStamp(file, LongAgo, FileStamp::LastWrite));
+    CHECK(files.Version(file) != second);
+}
+
+void CheckStamps(FilesUnderTest& test) {
+    Files& files = test.Port();
+    const std::u16string file = test.Path(u"a.dat");
+    REQUIRE(files.Replace(file, "1", false));
+    const DateTime summer{2020, 7, 1, 12, 0, 0};
+    CHECK(files.SetStamp(file, LongAgo, FileStamp::LastWrite));
+    CHECK(files.SetStamp(file, summer, FileStamp::LastAccess));
+    CHECK(files.Stamp(file, FileStamp::LastWrite) == LongAgo);
+    CHECK(files.Stamp(file, FileStamp::LastAccess) == summer);
+    if (const auto creation = files.Stamp(file, FileStamp::Creation)) CHECK(creation->year > 2020);
+    std::string bytes;
+    CHECK(files.Read(file, NoLimit, bytes) == ReadStatus::Ok);
+    CHECK(bytes == "1");
+}
+
+} // namespace
+
+void CheckFilesContract(FilesUnderTest& test) {
+    SUBCASE("questions about what is there and what is not") {
+        CheckQuestions(test);
+    }
+    SUBCASE("making folders") {
+        CheckFolders(test);
+    }
+    SUBCASE("reading") {
+        CheckReading(test);
+    }
+    SUBCASE("replacing") {
+        CheckReplacing(test);
+    }
+    SUBCASE("replacing keeps attributes") {
+        CheckAttributes(test);
+    }
+    SUBCASE("versions") {
+        CheckVersions(test);
+    }
+    SUBCASE("stamps") {
+        CheckStamps(test);
+    }
+}

@@ -1,0 +1,23 @@
+// What every back end's files must do.
+#pragma once
+
+#include "platform/files.h"
+
+#include <string>
+#include <vector>
+
+// One back end with a writable, empty folder.
+class FilesUnderTest {
+  public:
+    virtual ~FilesUnderTest() = default;
+    virtual Files& Port() = 0;
+    virtual std::u16string Root() = 0;
+    virtual void MakeReadOnly(const std::u16string& file) = 0;
+    virtual bool IsReadOnly(const std::u16string& file) = 0;
+    virtual std::vector<std::u16string> NamesIn(const std::u16string& folder) = 0; // sorted
+
+    std::u16string Path(const std::u16string& name) { return Root() + Port().Separator() + name; }
+};
+
+// To be called from a test case, which doctest runs again for each part with a new back end.
+void CheckFilesContract(FilesUnderTest&);

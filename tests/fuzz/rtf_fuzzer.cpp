@@ -1,0 +1,36 @@
+// Any bytes as RTF: the document is sound, and what the writer makes of it reads as the same text.
+#include "formats/rtf_reader.h"
+#include "formats/rtf_writer.h"
+#include "tests/document_check.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+void Require(bool holds, const char* what, const std::string& detail = "") {
+    if (holds) return;
+    std::fprintf(stderr, "%s: %s\n", what, detail.c_str());
+    std::abort();
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    const Document document = ReadRtf(bytes, 1251);
+    Require(document.text.size() <= size, "more text than bytes");
+    const std::string fault = document_check::FirstFault(document);
+    Require(fault.empty(), "document", fault);
+
+    const Document again = ReadRtf(WriteRtf(document), 1252);
+    Require(again.text == document.text, "rewritten text");
+    Require(again.rows.size() == document.rows.size(), "rewritten rows");
+    Require(again.pictures.size() == document.pictures.size(), "rewritten pictures");
+
+    const auto textSize = static_cast<TextPos>(document.text.size());
+    const Document part = ReadRtf(WriteRtf(document, textSize / 3, textSize / 3), 1252);
+    const std::string partFault = document_check::FirstFault(part);
+    Require(partFault.empty(), "part", partFault);
+    return 0;
+}
