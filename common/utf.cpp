@@ -2,6 +2,8 @@
 
 #include "common/decode_pieces.h"
 
+#include <algorithm>
+
 namespace {
 
 // The length of the well-formed sequence at `at` (Unicode, table 3-7), 0 when there is none before
@@ -71,33 +73,38 @@ void AppendUtf8(char32_t value, std::string& bytes) {
 
 } // namespace
 
-bool IsValidUtf8(std::string_view bytes) {
-    const auto* at = reinterpret_cast<const unsigned char*>(bytes.data());
-    const unsigned char* const end = at + bytes.size();
+std::size_t ValidUtf8Length(std::string_view bytes) {
+    const auto* const start = reinterpret_cast<const unsigned char*>(bytes.data());
+    const unsigned char* const end = start + bytes.size();
+    const unsigned char* at = start;
     while (at != end) {
         at += AsciiLength(at, end);
         if (at == end) break;
-        const int length = SequenceLength(at, end);
-        if (length == 0) return false;
-        at += length;
+        do {
+            const int length = SequenceLength(at, end);
+            if (length == 0) return static_cast<std::size_t>(at - start);
+            at += length;
+        } while (at != end && *at >= 0x80);
     }
-    return true;
+    return static_cast<std::size_t>(at - start);
+}
+
+bool IsValidUtf8(std::string_view bytes) {
+    return ValidUtf8Length(bytes) == bytes.size();
 }
 
 std::u16string Utf8ToUtf16(std::string_view bytes, char16_t replacement) {
     std::u16string text;
     text.reserve(Utf16Length(bytes));
     DecodeInPieces(bytes, text,
-                   [replacement](const unsigned char*& at, const unsigned char*,
+                   [replacement](const unsigned char*& at, const unsigned char* stop,
                                  const unsigned char* end, char16_t*& out) {
-                       const int length = SequenceLength(at, end);
-                       if (length == 0) {
-                           *out++ = replacement;
-                           ++at;
-                       } else {
-                           out = PutUtf16(SequenceValue(at, length), out);
-                           at += length;
-                       }
+                       do {
+                           const int length = SequenceLength(at, end);
+                           out =
+                               PutUtf16(length == 0 ? replacement : SequenceValue(at, length), out);
+                           at += std::max(length, 1);
+                       } while (at < stop && *at >= 0x80);
                    });
     return text;
 }

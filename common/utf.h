@@ -1,10 +1,14 @@
 // UTF-8 and UTF-16.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
-bool IsValidUtf8(std::string_view bytes); // no surrogates, no overlong forms, at most U+10FFFF
+// The length in bytes of the longest valid beginning: no surrogates, no overlong forms, at most
+// U+10FFFF.
+std::size_t ValidUtf8Length(std::string_view bytes);
+bool IsValidUtf8(std::string_view bytes);
 
 // Each byte that is no part of a valid sequence becomes `replacement`.
 std::u16string Utf8ToUtf16(std::string_view bytes, char16_t replacement = u'\uFFFD');

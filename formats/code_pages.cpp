@@ -90,7 +90,9 @@ bool HasCodePage(int codePage) {
 }
 
 void DecodeCodePage(int codePage, std::string_view bytes, std::u16string& text) {
-    if (codePage == utf8Page)
+    if (codePage == utf8Page && text.empty())
+        text = Utf8ToUtf16(bytes); // a whole book is not held twice
+    else if (codePage == utf8Page)
         text += Utf8ToUtf16(bytes);
     else if (const DoubleBytePage* pairs = FindDoubleBytePage(codePage))
         DecodeDoubleBytes(*pairs, bytes, text);

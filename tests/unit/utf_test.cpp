@@ -53,6 +53,8 @@ TEST_CASE("utf: UTF-8 is checked and decoded") {
         CHECK(Utf8ToUtf16(c.bytes, u'?') == c.text);
     }
     CHECK(Utf8ToUtf16("\xFF") == u"\uFFFD");
+    CHECK(ValidUtf8Length("12345678\xD0\x96\xD0") == 10);
+    CHECK(ValidUtf8Length("\xFF!") == 0);
 }
 
 TEST_CASE("utf: a sequence is read whole wherever it stands") {

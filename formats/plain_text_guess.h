@@ -1,0 +1,17 @@
+// What a plain-text file without a byte-order mark seems to be, told from its bytes.
+#pragma once
+
+#include "formats/plain_text_wide.h"
+
+#include <optional>
+#include <string_view>
+
+// The byte order when the bytes are UTF-16 text, told by the zero bytes of its blanks, line ends
+// and Latin letters. Text with a NUL character and binary data are not taken for it.
+std::optional<ByteOrder> GuessUtf16(std::string_view bytes);
+
+// Valid UTF-8, also when it ends within a sequence as a file that was cut does.
+bool LooksLikeUtf8(std::string_view bytes);
+
+// Whether bytes that are said to be windows-1251 are Russian in KOI8-R.
+bool LooksLikeKoi8(std::string_view bytes);

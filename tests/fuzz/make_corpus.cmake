@@ -1,0 +1,12 @@
+# Copies a fuzzer's seeds to its corpus: cmake -DCORPUS=... -DOWN_SEEDS=... -DREAL_BOOKS=... -DFOLDERS=... -P ...
+file(MAKE_DIRECTORY ${CORPUS})
+file(GLOB SEEDS ${OWN_SEEDS}/*)
+foreach(FOLDER IN LISTS FOLDERS)
+    file(GLOB BOOKS ${REAL_BOOKS}/${FOLDER}/*)
+    list(APPEND SEEDS ${BOOKS})
+endforeach()
+foreach(SEED IN LISTS SEEDS)
+    if(NOT IS_DIRECTORY ${SEED})
+        file(COPY ${SEED} DESTINATION ${CORPUS} NO_SOURCE_PERMISSIONS)
+    endif()
+endforeach()
