@@ -8,10 +8,6 @@ namespace {
 
 constexpr std::int32_t undefinedCellWidth = 1440; // twips, of a cell that has no \cellx
 
-std::int32_t ClampRtfTwips(std::int32_t value) {
-    return std::clamp(value, -maxRtfTwips, maxRtfTwips);
-}
-
 } // namespace
 
 void RtfRowDefinition::Apply(const RtfWordEntry& entry, std::int32_t parameter,

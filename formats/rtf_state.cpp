@@ -28,10 +28,6 @@ void SetFontSize(CharStyle& style, std::int32_t halfPoints) {
         style.halfPoints = static_cast<std::uint16_t>(std::min(halfPoints, maxRtfHalfPoints));
 }
 
-std::int32_t ClampRtfTwips(std::int32_t value) {
-    return std::clamp(value, -maxRtfTwips, maxRtfTwips);
-}
-
 void AddTabStop(std::vector<std::int32_t>& stops, std::int32_t position) {
     if (position <= 0 || stops.size() == maxRtfTabStops) return;
     const auto place = std::lower_bound(stops.begin(), stops.end(), position);
