@@ -158,10 +158,10 @@ void CheckCost(MakeFile makeFile) {
 } // namespace
 
 TEST_CASE("rtf limits: memory is at most ten times the file and a constant") {
-    for (const auto& [start, piece] : nastyFiles) {
-        CAPTURE(start);
-        CAPTURE(piece);
-        CheckCost([&](std::size_t size) { return Repeat(start, piece, size); });
+    for (const auto& c : nastyFiles) {
+        CAPTURE(c.start);
+        CAPTURE(c.piece);
+        CheckCost([&](std::size_t size) { return Repeat(c.start, c.piece, size); });
     }
 }
 
@@ -179,9 +179,10 @@ TEST_CASE("rtf limits: fonts, styles and links that all differ cost no more") {
         {"{\\rtf1 ", "\\ansicpg", "\\'e9"},
         {"{\\rtf1 ", "\\u", "?"},
     };
-    for (const auto& [start, before, after] : cases) {
-        CAPTURE(before);
-        CheckCost([&](std::size_t size) { return DifferentPieces(start, before, after, size); });
+    for (const auto& c : cases) {
+        CAPTURE(c.before);
+        CheckCost(
+            [&](std::size_t size) { return DifferentPieces(c.start, c.before, c.after, size); });
     }
 }
 

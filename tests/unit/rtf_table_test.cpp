@@ -67,9 +67,9 @@ TEST_CASE("rtf tables: which text becomes rows and cells") {
          "[a\tb\nc|\n]"},
         {"{\\footnote a\\cell b\\cell\\row c}", "a\tb\t\nc\n"},
     };
-    for (const auto& [body, text] : cases) {
-        CAPTURE(body);
-        CHECK(Rows(body) == text);
+    for (const auto& c : cases) {
+        CAPTURE(c.body);
+        CHECK(Rows(c.body) == c.text);
     }
 }
 
