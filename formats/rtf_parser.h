@@ -1,6 +1,7 @@
 // The RTF reader's walk over the tokens: groups, destinations, and who takes which word and text.
 #pragma once
 
+#include "formats/rtf_limits.h"
 #include "formats/rtf_pictures.h"
 #include "formats/rtf_rows.h"
 #include "formats/rtf_state.h"
@@ -53,6 +54,8 @@ class RtfParser {
     bool SkipsFallback();
     std::u16string* Sink();
     int CodePageOfText() const;
+    RtfSymbolSet SymbolsOfText() const;
+    const RtfFont* FontOfText() const { return State().font ? State().font : fonts_.Default(); }
 
     RtfState& State() { return stack_.back(); }
     const RtfState& State() const { return stack_.back(); }
@@ -75,8 +78,8 @@ class RtfParser {
 
     RtfFontTable fonts_;
     RtfColorTable colors_;
-    RtfStyleSet<CharStyle> charStyles_;
-    RtfStyleSet<ParagraphStyle> paragraphStyles_;
+    RtfStyleSet<CharStyle, maxRtfCharStyles> charStyles_;
+    RtfStyleSet<ParagraphStyle, maxRtfParagraphStyles> paragraphStyles_;
     RtfTextDecoder decoder_;
     int codePage_; // of text in a font without one
     std::int32_t defaultTab_ = 720;
