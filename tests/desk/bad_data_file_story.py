@@ -49,7 +49,7 @@ class BadDataFile(Story):
     def test_a_line_of_a_megabyte(self):
         long = b"x" * (1 << 20)
         for content in (long, b"[Default]\r\n" + long + b"=1\r\n", b"[" + long + b"]\r\n",
-                        b"[mProfileList]\r\n0=Default\r\n[Default\\mFileList]\r\n/" + long + b"=1\r\n"):
+                        data_file_bytes("/" + "x" * len(long) + "=1")):
             with self.subTest(start=content[:30]):
                 self.assert_usable(content)
 

@@ -77,7 +77,7 @@ class Impatience(Story):
                     self.assertTrue(self.program.is_alive())
                 self.calm_down()
                 self.program.close()
-                self.assertEqual(sorted(self.program.data().paths()), sorted([self.book, self.other]))
+                self.assertEqual({self.book, self.other}, set(self.program.data().paths()))
                 self.program.start()
         self.program.close()
 

@@ -1,4 +1,4 @@
-"""The program is killed at any moment: the next start opens a book at the place of its last save."""
+"""Killed at any moment, the program opens its book at the place of the last save."""
 import os
 import random
 import time

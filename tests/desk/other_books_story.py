@@ -7,7 +7,7 @@ from harness.coming_back import ComingBack
 from harness.story import main
 from harness.text_view import settled_strip, wait_for_strip
 
-CUT_LINE = 60  # pixels: the highest line, with a picture in it, that a page of rich text begins with
+CUT_LINE = 60  # pixels: the highest line that a page of rich text begins with, a picture in it
 CYRILLIC, HEBREW, ARABIC = 204, 177, 178  # font character sets
 
 
@@ -55,8 +55,8 @@ class OtherBooks(ComingBack):
         self.own_book("arabic", "cp1256", Charset=ARABIC, from_right=True)
 
     def test_charset_of_the_record_shows_the_right_letters(self):
-        for script, page, charset in (("cyrillic", "cp1251", CYRILLIC), ("hebrew", "cp1255", HEBREW),
-                                      ("arabic", "cp1256", ARABIC)):
+        for script, page, charset in (("cyrillic", "cp1251", CYRILLIC),
+                                      ("hebrew", "cp1255", HEBREW), ("arabic", "cp1256", ARABIC)):
             with self.subTest(script=script):
                 reader = self.reader(script)
                 texts = books.lines(script, 100)

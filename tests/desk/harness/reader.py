@@ -1,4 +1,4 @@
-"""The program under test, driven as a person does: by keys, the mouse, files and the window manager."""
+"""The program under test, driven as a person does: by keys, files and the window manager."""
 import os
 import re
 import shutil

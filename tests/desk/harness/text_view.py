@@ -7,7 +7,7 @@ STRIP_HEIGHT = 40   # two lines in the default font
 
 
 def view_top(picture):
-    """The first row of the view: where the plain margin begins that is as wide as the view is high."""
+    """The first row of the view: where its plain margin begins."""
     def begins(y):
         colour = picture.pixel(MARGIN_X, y)
         return all(picture.pixel(MARGIN_X, y + i) == colour for i in range(1, 100))
