@@ -55,13 +55,17 @@ class Impatience(Story):
                             chance.choice((1, 30)), button)
 
     def calm_down(self):
+        """Leaves whatever menu or dialog is still open."""
         def is_alone():
-            if len(self.program.windows()) > 1 or not self.program.is_active():
-                self.program.key("Escape")
-                self.screen.xdotool("windowactivate", self.program.window)
+            if not self.program.is_waiting():
                 return False
-            return True
+            if len(self.program.windows()) == 1 and self.program.is_active():
+                return True
+            self.program.key("Escape")
+            self.screen.xdotool("windowactivate", self.program.window)
+            return False
         wait_for(is_alone, "the window to be left alone")
+        self.program.finish_keys()
 
     def test_hammering(self):
         for seed in (1, 2, 3):

@@ -88,6 +88,11 @@ class Reader:
     def is_alive(self):
         return self.process.poll() is None
 
+    def is_waiting(self):
+        """Whether the program sleeps: it has handled every key sent so far."""
+        with open(f"/proc/{self.process.pid}/stat", encoding="ascii") as file:
+            return file.read().rsplit(")", 1)[1].split()[0] == "S"
+
     def stop(self):
         """Ends what a failed part of a story left."""
         if self.process and self.is_alive():
