@@ -14,6 +14,7 @@ namespace {
 
 // A signal handler may touch little more than these: it writes a byte into the pipe, which wakes
 // the loop.
+// It stays open to the end: a late signal may still write into the pipe.
 std::array<int, 2> wakePipe = {-1, -1};
 
 void WriteByte(int) {
@@ -46,8 +47,4 @@ ExitSignals::ExitSignals(std::function<void()> onSignal) {
     });
     for (const int signal : {SIGTERM, SIGINT, SIGHUP})
         Catch(signal);
-}
-
-ExitSignals::~ExitSignals() {
-    // The pipe stays: a late signal may still write into it.
 }
