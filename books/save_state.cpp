@@ -6,6 +6,7 @@
 #include "common/menu_items.h"
 #include "common/text.h"
 #include "reading/caret.h"
+#include "reading/find.h"
 
 namespace {
 std::u16string FlagText(bool on) {
@@ -35,13 +36,18 @@ void UpdateRecord(MainForm& form, int index, bool takesPlace) {
         if (takesPlace) record[Field::LastPos] = NumberText(FirstVisibleChar(*form.ports.textView));
     }
     form.menu.mFileList[index].tag = record.ToText();
+    IniBatch oneWrite(*form.dataFile);
     SaveHistoryItem(form, index);
+    if (index == 0) SaveFindHistory(form, record[Field::Path]);
 }
 } // namespace
 
 void SaveBookState(MainForm& form, int index) {
-    if (index == 0 && !IsBookShown(form)) return; // the first of the list was never opened: nothing to keep
+    if (index == 0 && !IsBookShown(form))
+        return; // the first of the list was never opened: nothing to keep
     UpdateRecord(form, index, index == 0);
 }
 
-void SaveNewBookState(MainForm& form, int index) { UpdateRecord(form, index, false); }
+void SaveNewBookState(MainForm& form, int index) {
+    UpdateRecord(form, index, false);
+}

@@ -11,6 +11,7 @@
 #include "formats/rtf_reader.h"
 #include "reading/bookmarks.h"
 #include "reading/caret.h"
+#include "reading/find.h"
 #include "reading/formatting.h"
 #include "shell/layout.h"
 #include "shell/window_title.h"
@@ -40,9 +41,11 @@ Color ColorOf(const std::u16string& field, Color fallback) {
 void LoadText(MainForm& form, const BookRecord& record, std::string bytes) {
     TextView& view = *form.ports.textView;
     const int systemPage = form.ports.locale->AnsiCodePage();
+    form.shownCodePage = 0;
     if (LooksLikeRtf(bytes)) return view.LoadRichText(std::move(bytes), systemPage);
     const int bookPage = CharsetToCodePage(record.Number(Field::Charset));
     DecodedText decoded = DecodePlainText(bytes, bookPage, systemPage);
+    form.shownCodePage = decoded.codePage;
     bytes = std::string(); // a large book is not held twice
     view.LoadPlainText(std::move(decoded.text));
 }
@@ -104,6 +107,7 @@ void mFileList_Click(MainForm& form, int index) {
     menu.mFileEdit[0].tag = record[Field::Filter];
     ShowInTextView(form, record, std::move(*bytes));
     UpdateWindowTitle(form);
+    LoadFindHistory(form);
     LoadBookmarks(form, record[Field::Marks]);
     form.LoadingBook = false;
 }
