@@ -40,8 +40,7 @@ class IniFile {
     const ProfileFile::Decoder decoder_;
 
     ProfileFile content_;
-    std::optional<FileVersion>
-        version_; // of the file that `content_` was read from; none: read anew
+    std::optional<FileVersion> version_; // of what `content_` was read from; none: read anew
     ReadStatus status_ = ReadStatus::NotFound;
 
     int batches_ = 0;

@@ -25,10 +25,6 @@ std::string BytesAsUtf8(std::string_view bytes, int ansiCodePage, ProfileFile::D
     return Utf16ToUtf8(decoder(ansiCodePage, bytes));
 }
 
-bool EndsInsideLine(std::string_view text) {
-    return !text.empty() && text.back() != '\n' && text.back() != '\r';
-}
-
 } // namespace
 
 ProfileFile ProfileFile::Parse(std::string_view bytes, int ansiCodePage, Decoder decoder) {
@@ -51,6 +47,17 @@ void ProfileFile::Index() {
     }
 }
 
+// Makes room for a line after the last one.
+void ProfileFile::FinishLastLine() {
+    if (text_.empty() || text_.back() == '\n' || text_.back() == '\r') return;
+    const std::size_t before = text_.size();
+    text_ += "\r\n";
+    if (sections_.empty()) return;
+    Section& last = sections_.back();
+    if (last.body == before) last.body = text_.size(); // the unfinished line was its header
+    last.end = text_.size();
+}
+
 std::size_t ProfileFile::FindSection(std::u16string_view name) const {
     const std::u16string folded = FoldedName(SectionNameOnDisk(name));
     std::size_t index = 0;
@@ -62,10 +69,7 @@ std::size_t ProfileFile::FindSection(std::u16string_view name) const {
 std::size_t ProfileFile::FindOrAddSection(std::u16string_view name) {
     const std::size_t index = FindSection(name);
     if (index < sections_.size()) return index;
-    if (EndsInsideLine(text_)) {
-        text_ += "\r\n";
-        if (!sections_.empty()) sections_.back().end = text_.size();
-    }
+    FinishLastLine();
     const std::size_t header = text_.size();
     const std::string onDisk = SectionNameOnDisk(name);
     text_ += "[" + onDisk + "]\r\n";
@@ -106,7 +110,7 @@ std::string ProfileFile::Comments(const Section& section) const {
     while (walk.Next()) {
         if (!IsComment(TrimLine(walk.Line()))) continue;
         comments.append(text_, walk.LineBegin(), walk.LineNext() - walk.LineBegin());
-        if (EndsInsideLine(comments)) comments += "\r\n";
+        if (walk.LineEnd() == walk.LineNext()) comments += "\r\n"; // the last of the file
     }
     return comments;
 }
@@ -174,9 +178,8 @@ void ProfileFile::SetValue(std::u16string_view section, std::u16string_view key,
         Splice(index, entry->value, entry->end - entry->value, bytes);
         return;
     }
-    const std::size_t at = EndOfEntries(sections_[index]);
-    const bool insideLine = EndsInsideLine(std::string_view(text_).substr(0, at));
-    Splice(index, at, 0, (insideLine ? "\r\n" : "") + keyOnDisk + "=" + bytes + "\r\n");
+    if (EndOfEntries(sections_[index]) == text_.size()) FinishLastLine();
+    Splice(index, EndOfEntries(sections_[index]), 0, keyOnDisk + "=" + bytes + "\r\n");
 }
 
 void ProfileFile::RemoveKey(std::u16string_view section, std::u16string_view key) {
@@ -197,12 +200,9 @@ void ProfileFile::SetSection(std::u16string_view section,
         if (trimmed.empty() || IsComment(trimmed) || IsHeader(trimmed)) continue;
         block += line + "\r\n";
     }
+    if (!block.empty() && sections_[index].body == text_.size()) FinishLastLine();
     const std::size_t body = sections_[index].body;
-    const std::size_t end = EndOfEntries(sections_[index]);
-    if (!block.empty() && EndsInsideLine(std::string_view(text_).substr(0, body))) {
-        block.insert(0, "\r\n");
-    }
-    Splice(index, body, end - body, block);
+    Splice(index, body, EndOfEntries(sections_[index]) - body, block);
 }
 
 void ProfileFile::RemoveSection(std::u16string_view section) {

@@ -45,17 +45,19 @@ class ProfileFile {
     const std::string& ToBytes() const { return text_; }
 
   private:
+    // Offsets in `text_`.
     struct Section {
         std::u16string foldedName;
-        std::size_t header = 0, body = 0,
-                    end = 0; // offsets in `text_` of the lines; `end` is the next header
+        std::size_t header = 0, body = 0; // the line "[Name]" and the one after it
+        std::size_t end = 0;              // the next header
     };
     struct Entry {
-        std::size_t begin = 0, value = 0, end = 0,
-                    next = 0; // offsets: line, after "=", line end, next line
+        std::size_t begin = 0, value = 0; // the line, and what follows its "="
+        std::size_t end = 0, next = 0;    // without and with the line end
     };
 
     void Index();
+    void FinishLastLine();
     std::size_t FindSection(std::u16string_view name) const; // index, or the number of sections
     std::size_t FindOrAddSection(std::u16string_view name);
     std::optional<Entry> FindKey(const Section&, std::u16string_view key) const;

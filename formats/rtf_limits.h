@@ -16,8 +16,10 @@ constexpr std::size_t maxRtfFontNameLength =
     128; // names have 31 characters at most; some files give several
 constexpr std::size_t maxRtfColors = 65'536;
 
-// A colourful book has some hundreds of each kind. Text beyond has the default style.
-constexpr std::size_t maxRtfStyles = 16'384;
+// A colourful book has some hundreds of each kind, and each link's text is a style of its own. Text
+// beyond has the default style.
+constexpr std::size_t maxRtfCharStyles = 65'536;
+constexpr std::size_t maxRtfParagraphStyles = 16'384;
 
 // Word processors write 64 tab stops at most.
 constexpr std::size_t maxRtfTabStops = 64;

@@ -1,7 +1,6 @@
 #include "formats/rtf_parser.h"
 
 #include "formats/code_pages.h"
-#include "formats/rtf_limits.h"
 
 #include <algorithm>
 #include <utility>

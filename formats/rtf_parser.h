@@ -1,6 +1,7 @@
 // The RTF reader's walk over the tokens: groups, destinations, and who takes which word and text.
 #pragma once
 
+#include "formats/rtf_limits.h"
 #include "formats/rtf_pictures.h"
 #include "formats/rtf_rows.h"
 #include "formats/rtf_state.h"
@@ -75,8 +76,8 @@ class RtfParser {
 
     RtfFontTable fonts_;
     RtfColorTable colors_;
-    RtfStyleSet<CharStyle> charStyles_;
-    RtfStyleSet<ParagraphStyle> paragraphStyles_;
+    RtfStyleSet<CharStyle, maxRtfCharStyles> charStyles_;
+    RtfStyleSet<ParagraphStyle, maxRtfParagraphStyles> paragraphStyles_;
     RtfTextDecoder decoder_;
     int codePage_; // of text in a font without one
     std::int32_t defaultTab_ = 720;

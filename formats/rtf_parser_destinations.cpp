@@ -1,7 +1,6 @@
 #include "formats/rtf_parser.h"
 
 #include "formats/rtf_fields.h"
-#include "formats/rtf_limits.h"
 
 void RtfParser::EnterDestination(RtfDestination destination) {
     RtfState& state = State();

@@ -1,7 +1,5 @@
 #include "formats/rtf_parser.h"
 
-#include "formats/rtf_limits.h"
-
 #include <algorithm>
 #include <string>
 #include <utility>

@@ -2,15 +2,15 @@
 // default.
 #pragma once
 
-#include "formats/rtf_limits.h"
-
+#include <cstddef>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 std::size_t HashOf(const struct CharStyle& style);
 std::size_t HashOf(const struct ParagraphStyle& style);
 
-template <typename Style>
+template <typename Style, std::size_t limit>
 class RtfStyleSet {
   public:
     RtfStyleSet() : slots_(64) { IndexOf(Style{}); }
@@ -19,7 +19,7 @@ class RtfStyleSet {
         if (!styles_.empty() && styles_[last_] == style) return last_;
         std::uint32_t& slot = SlotOf(style);
         if (slot == 0) {
-            if (styles_.size() == maxRtfStyles) return 0;
+            if (styles_.size() == limit) return 0;
             styles_.push_back(style);
             last_ = static_cast<std::uint32_t>(styles_.size() - 1);
             slot = last_ + 1;

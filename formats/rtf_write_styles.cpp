@@ -3,7 +3,8 @@
 namespace {
 
 std::string Word(const char* name, std::int64_t parameter) {
-    return '\\' + (name + std::to_string(parameter));
+    std::string word = "\\";
+    return word.append(name).append(std::to_string(parameter));
 }
 
 std::string WordUnlessZero(const char* name, std::int32_t parameter) {

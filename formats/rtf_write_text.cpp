@@ -58,7 +58,9 @@ void RtfTextWriter::WriteText(TextPos start, TextPos end, bool inTable,
     }
     if (!terminator.empty()) UseCharStyle(charStyles_.At(end));
     rtf_ += terminator;
-    CloseLink(); // paragraph words in its group would end with it
+    // Paragraph words in a group would end with it.
+    CloseRun();
+    CloseLink();
 }
 
 void RtfTextWriter::UseParagraphStyle(std::uint32_t style, bool inTable) {
@@ -70,13 +72,24 @@ void RtfTextWriter::UseParagraphStyle(std::uint32_t style, bool inTable) {
 
 void RtfTextWriter::UseCharStyle(std::uint32_t style) {
     if (style == charStyle_) return;
+    CloseRun();
     const CharStyle& words = document_.charStyles[style];
     if (words.link != link_) {
         CloseLink();
         if (words.link != 0) OpenLink(words.link);
     }
+    // Some readers wait for the end of a superscript's group: it might hold a footnote.
+    isRunOpen_ = words.script != Script::Normal;
+    if (isRunOpen_) rtf_ += '{';
     rtf_ += CharStyleWords(words, tables_) + ' ';
     charStyle_ = style;
+}
+
+void RtfTextWriter::CloseRun() {
+    if (!isRunOpen_) return;
+    rtf_ += '}';
+    isRunOpen_ = false;
+    charStyle_ = none;
 }
 
 void RtfTextWriter::OpenLink(std::uint16_t link) {

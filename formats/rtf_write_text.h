@@ -21,6 +21,7 @@ class RtfTextWriter {
     void WriteText(TextPos start, TextPos end, bool inTable, std::string_view terminator);
     void UseParagraphStyle(std::uint32_t style, bool inTable);
     void UseCharStyle(std::uint32_t style);
+    void CloseRun();
     void OpenLink(std::uint16_t link);
     void CloseLink();
     void WriteRun(TextPos start, TextPos end);
@@ -37,6 +38,7 @@ class RtfTextWriter {
     static constexpr std::uint32_t none = 0xFFFF'FFFF;
     std::uint32_t charStyle_ = none, paragraphStyle_ = none;
     bool inTable_ = false;
+    bool isRunOpen_ = false; // a group of its own
     std::uint16_t link_ = 0;
 };
 

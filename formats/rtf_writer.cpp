@@ -1,6 +1,7 @@
 #include "formats/rtf_writer.h"
 
 #include "formats/rtf_write_text.h"
+#include "product.h"
 
 #include <algorithm>
 
@@ -13,6 +14,7 @@ std::string WriteRtf(const Document& document, TextPos start, TextPos length) {
     std::string rtf = "{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0\\deftab";
     rtf += std::to_string(document.defaultTab) + '\n';
     rtf += tables.FontTable() + '\n' + tables.ColorTable() + '\n';
+    rtf += "{\\*\\generator " PRODUCT_TITLE ";}\n";
     RtfTextWriter(document, tables, rtf).Write(start, end);
     return rtf + '}';
 }

@@ -103,8 +103,9 @@ inline std::string FirstFault(const Document& document) {
 }
 
 inline std::uint32_t StyleAt(const std::vector<StyleRun>& runs, TextPos position) {
-    const auto after = std::upper_bound(runs.begin(), runs.end(), position,
-                                        [](TextPos p, const StyleRun& run) { return p < run.start; });
+    const auto after =
+        std::upper_bound(runs.begin(), runs.end(), position,
+                         [](TextPos p, const StyleRun& run) { return p < run.start; });
     return std::prev(after)->style;
 }
 
@@ -159,8 +160,10 @@ inline bool IsSame(const Picture& a, const Picture& b) {
 inline std::vector<TextPos> RunStarts(const Document& a, const Document& b) {
     std::vector<TextPos> starts;
     for (const Document* document : {&a, &b}) {
-        for (const StyleRun& run : document->charRuns) starts.push_back(run.start);
-        for (const StyleRun& run : document->paragraphRuns) starts.push_back(run.start);
+        for (const StyleRun& run : document->charRuns)
+            starts.push_back(run.start);
+        for (const StyleRun& run : document->paragraphRuns)
+            starts.push_back(run.start);
     }
     return starts;
 }

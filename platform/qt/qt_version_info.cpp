@@ -36,7 +36,10 @@ ProgramVersion QtVersionInfo::OwnVersion() const {
 std::u16string QtVersionInfo::FileDescription(const std::u16string& program) const {
     const QString name = QFileInfo(ToQt(program)).fileName();
     if (name.isEmpty()) return {};
-    QFile file(QStandardPaths::locate(QStandardPaths::ApplicationsLocation, name + ".desktop"));
+    const QString entry =
+        QStandardPaths::locate(QStandardPaths::ApplicationsLocation, name + ".desktop");
+    if (entry.isEmpty()) return {}; // most programs have none
+    QFile file(entry);
     if (!file.open(QIODevice::ReadOnly)) return {};
     const QByteArray bytes = file.read(entryLimit);
     const QByteArray locale = QLocale::system().name().toUtf8();

@@ -53,7 +53,7 @@ long FilesIn(const std::string& folder) {
 } // namespace
 
 TEST_CASE("killed at any moment, the data file holds one whole state") {
-    constexpr int kills = 300;
+    constexpr int kills = 200;
     const TemporaryFolder folder;
     const std::u16string path = PathFromNative(folder.path + "/Norvaset.dat");
     SharedNumber written;

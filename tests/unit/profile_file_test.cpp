@@ -148,6 +148,19 @@ TEST_CASE("profile file: sections after a changed one are still found") {
     CHECK(file.ToBytes() == "[a]\r\nx=\r\n[c]\r\n");
 }
 
+TEST_CASE("profile file: a header without a line end is finished for good") {
+    ProfileFile file = Parse("[a]");
+    file.SetValue(u"b", u"y", u"2");
+    file.SetSection(u"a", {});
+    CHECK(file.ToBytes() == "[a]\r\n[b]\r\ny=2\r\n");
+
+    file = Parse("[a]");
+    file.SetValue(u"a", u"x", u"1");
+    file.SetValue(u"b", u"y", u"2");
+    file.SetSection(u"a", {});
+    CHECK(file.ToBytes() == "[a]\r\n[b]\r\ny=2\r\n");
+}
+
 TEST_CASE("profile file: a name or value never spoils the file") {
     ProfileFile file = Parse("[s]\r\na=1\r\n[t]\r\nb=2\r\n");
     const std::string before = file.ToBytes();

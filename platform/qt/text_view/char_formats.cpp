@@ -94,11 +94,11 @@ QFont CharFormats::StyleFont(const CharStyle& style) const {
 
 // None: the view's own text colour, which the painter knows.
 std::optional<QColor> CharFormats::Foreground(const CharStyle& style) const {
-    if (!look_.autoColor) return std::nullopt;
     const QColor back = ToQColor(style.autoBackground ? look_.backColor : style.background);
     const QColor link = palette_.color(QPalette::Link);
-    if (style.link != 0 && Contrast(link, back)) return link;
-    if (!style.autoForeground) return ToQColor(style.foreground);
-    if (!style.autoBackground) return ReadableOn(back);
-    return std::nullopt;
+    if (look_.autoColor && style.link != 0 && Contrast(link, back)) return link;
+    if (look_.autoColor && !style.autoForeground) return ToQColor(style.foreground);
+    if (style.autoBackground || Contrast(PlainTextColor(look_, palette_), back))
+        return std::nullopt;
+    return ReadableOn(back);
 }

@@ -12,6 +12,13 @@ namespace {
 // spacing: it has no direction of its own, and a line may break at either side of it.
 constexpr char16_t pictureStandIn = u'\u2014';
 
+// The first picture at or behind a position.
+template <class Pictures>
+auto FirstFrom(const Pictures& pictures, TextPos position) {
+    return std::lower_bound(pictures.begin(), pictures.end(), position,
+                            [](const auto& picture, TextPos at) { return picture.position < at; });
+}
+
 // As QTextLayout wants it: one character for each of the document's.
 QString LayoutText(const LayoutContext& context, const ParagraphPart& part,
                    const std::vector<PlacedPicture>& pictures) {
@@ -35,6 +42,7 @@ QTextLayout::FormatRange PictureFormatRange(const LayoutContext& context,
     font.setLetterSpacing(QFont::AbsoluteSpacing, std::max(0.0, picture.size.width() - own));
     format.setFont(font);
     format.setForeground(Qt::transparent);
+    format.setVerticalAlignment(QTextCharFormat::AlignNormal);
     return {picture.position - start, 1, format};
 }
 
@@ -42,8 +50,7 @@ std::vector<PlacedPicture> PlacePictures(const LayoutContext& context, const Par
                                          int width) {
     std::vector<PlacedPicture> placed;
     const auto& all = context.document.pictures;
-    auto picture = std::lower_bound(all.begin(), all.end(), part.start,
-                                    [](const Picture& p, TextPos at) { return p.position < at; });
+    auto picture = FirstFrom(all, part.start);
     for (; picture != all.end() && picture->position < part.end; ++picture)
         placed.push_back({picture->position, PictureSize(context, *picture, width)});
     return placed;
@@ -67,25 +74,42 @@ void PrepareText(const LayoutContext& context, const ParagraphPart& part,
 int TallestPicture(const ParagraphLayout& paragraph, const QTextLine& line) {
     const TextPos from = paragraph.start + line.textStart(), to = from + line.textLength();
     int tallest = 0;
-    for (const PlacedPicture& picture : paragraph.pictures)
-        if (picture.position >= from && picture.position < to)
-            tallest = std::max(tallest, picture.size.height());
+    auto picture = FirstFrom(paragraph.pictures, from);
+    for (; picture != paragraph.pictures.end() && picture->position < to; ++picture)
+        tallest = std::max(tallest, picture->size.height());
     return tallest;
 }
 
+// A justified line that reads to the left would leave the room of the blanks behind its last word
+// at its beginning, where it is seen.
+int JustificationError(const LayoutContext& context, const ParagraphShape& shape,
+                       const ParagraphLayout& paragraph, const QTextLine& line) {
+    const bool justified = shape.option.alignment() & Qt::AlignJustify;
+    const int end = line.textStart() + line.textLength();
+    const QString text = paragraph.text->text();
+    if (!justified || !shape.rightToLeft || end >= text.size()) return 0;
+    int blanks = 0;
+    while (blanks < line.textLength() && text[end - 1 - blanks] == u' ')
+        ++blanks;
+    const QFont font = context.plain ? paragraph.text->font()
+                                     : context.formats.FormatAt(paragraph.start + end - 1).font();
+    return qRound(blanks * QFontMetricsF(font, context.device).horizontalAdvance(u' '));
+}
+
 // Lays out one line whose slot starts at `top`; returns the slot's height.
-int PlaceLine(QTextLine line, const ParagraphShape& shape, ParagraphLayout& paragraph, int top) {
+int PlaceLine(const LayoutContext& context, QTextLine line, const ParagraphShape& shape,
+              ParagraphLayout& paragraph, int top) {
     const int indent = paragraph.tops.empty() ? shape.firstIndent : shape.indent;
     const int edge = shape.rightToLeft ? shape.farIndent : indent;
     const int indents = indent + shape.farIndent;
-    line.setPosition(QPointF(edge, 0)); // tab stops are measured from the paragraph's edge
     line.setLineWidth(std::max(1, shape.breakWidth - indents));
 
     const int ascent = std::max(int(std::ceil(line.ascent())), TallestPicture(paragraph, line));
     const int height = shape.LineHeight(ascent + int(std::ceil(line.descent())));
     const int baseline = top + height - int(std::ceil(line.descent()));
     const int room = shape.alignWidth - indents - int(std::ceil(line.naturalTextWidth()));
-    const int shift = shape.AlignmentShift(std::max(0, room));
+    const int shift = shape.AlignmentShift(std::max(0, room)) +
+                      JustificationError(context, shape, paragraph, line);
     line.setPosition(QPointF(edge + shift, baseline - line.ascent()));
     paragraph.width =
         std::max(paragraph.width, edge + shift + int(std::ceil(line.naturalTextWidth())));
@@ -127,7 +151,7 @@ ParagraphLayout LayOutParagraph(const LayoutContext& context, const ParagraphPar
     result.text->beginLayout();
     for (QTextLine line = result.text->createLine(); line.isValid();
          line = result.text->createLine()) {
-        const int height = PlaceLine(line, shape, result, top);
+        const int height = PlaceLine(context, line, shape, result, top);
         result.tops.push_back(result.tops.empty() ? 0 : top);
         top += height;
     }

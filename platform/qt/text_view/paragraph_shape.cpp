@@ -11,6 +11,7 @@ namespace {
 constexpr int leastTextWidth = 64; // pixels left to the text however large the indents are
 constexpr int tallestPicture = 4096;
 constexpr int plainTabSpaces = 8;
+constexpr int leastTab = 4, mostUsualTabs = 200;
 
 // A plain text's paragraph goes the way of its first strong character.
 bool StartsRightToLeft(const LayoutContext& context, const ParagraphPart& part) {
@@ -49,17 +50,25 @@ void SetSpacing(const LayoutContext& context, const ParagraphStyle& style,
         shape.leastLine = context.Pixels(style.lineSpacing);
 }
 
+// The layout measures tab stops from where a line begins. So here they are told from where the
+// first line does: there nearly all tabs are.
 void SetTabs(const LayoutContext& context, const ParagraphStyle& style, ParagraphShape& shape) {
-    const double usual = context.Pixels(context.document.defaultTab);
-    shape.option.setTabStopDistance(std::max(1.0, usual));
-    QList<QTextOption::Tab> tabs;
+    std::vector<int> stops; // from the paragraph's edge
     for (const std::int32_t stop : style.tabStops)
-        tabs.append({double(context.Pixels(stop)), QTextOption::LeftTab});
+        stops.push_back(context.Pixels(stop));
     // A first line that hangs out to the left has a stop where the other lines begin.
-    if (shape.firstIndent < shape.indent) tabs.append({double(shape.indent), QTextOption::LeftTab});
-    std::sort(tabs.begin(), tabs.end(),
-              [](const auto& a, const auto& b) { return a.position < b.position; });
+    if (shape.firstIndent < shape.indent) stops.push_back(shape.indent);
+    std::sort(stops.begin(), stops.end());
+    const int usual = std::max(leastTab, context.Pixels(context.document.defaultTab));
+    int stop = stops.empty() ? 0 : stops.back() / usual * usual;
+    for (int i = 0; i < mostUsualTabs && stop < shape.breakWidth; ++i)
+        stops.push_back(stop += usual);
+    QList<QTextOption::Tab> tabs;
+    for (const int each : stops)
+        if (each > shape.firstIndent)
+            tabs.append({qreal(each - shape.firstIndent), QTextOption::LeftTab});
     shape.option.setTabs(tabs);
+    shape.option.setTabStopDistance(usual);
 }
 
 void SetPlainTabs(const LayoutContext& context, ParagraphShape& shape) {

@@ -77,6 +77,12 @@ void PaintBorders(QPainter& painter, const TextPaint& paint, const CellLayout& c
         painter.drawLine(box.left(), box.top(), right, box.top());
     if (cell.cell->borderBottom) painter.drawLine(box.left(), bottom, right, bottom);
 }
+// The text colour is chosen for the view's background; a cell may have another.
+QColor TextColorIn(const TextPaint& paint, const BlockLayout& layout, std::size_t cell) {
+    if (layout.cells.empty() || layout.cells[cell].cell->autoBackground) return paint.text;
+    const QColor back = ToQColor(layout.cells[cell].cell->background);
+    return Contrast(paint.text, back) ? paint.text : ReadableOn(back);
+}
 } // namespace
 
 void PaintBackground(QPainter& painter, const BlockLayout& layout, QPoint origin) {
@@ -92,7 +98,7 @@ void PaintBlock(QPainter& painter, const TextPaint& paint, const BlockLayout& la
     for (const ParagraphLayout& paragraph : layout.paragraphs) {
         const QPoint at = origin + paragraph.origin;
         if (at.y() > clip.bottom() || at.y() + paragraph.Height() < clip.top()) continue;
-        painter.setPen(paint.text);
+        painter.setPen(TextColorIn(paint, layout, paragraph.cell));
         PaintSelectedBreak(painter, paint, paragraph, at);
         paragraph.text->draw(&painter, at, Selection(paint, paragraph), clip);
         PaintPictures(painter, paint, paragraph, at, clip);

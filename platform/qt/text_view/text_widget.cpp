@@ -65,7 +65,9 @@ int TextWidget::BreakWidth(int viewWidth) const {
 
 // A hidden widget gets no resize events: so its size is looked at when it matters.
 void TextWidget::Fit() {
-    context_.pixelsPerTwip = logicalDpiX() / 1440.0;
+    const double pixelsPerTwip = logicalDpiX() / 1440.0;
+    const bool sameScreen = pixelsPerTwip == context_.pixelsPerTwip;
+    context_.pixelsPerTwip = pixelsPerTwip;
     const int room = std::max(1, maximumViewportSize().width() - 2 * sideMargin);
     const int breakWidth = BreakWidth(room), viewWidth = std::min(room, breakWidth);
     setHorizontalScrollBarPolicy(breakWidth > room ? Qt::ScrollBarAlwaysOn
@@ -75,7 +77,8 @@ void TextWidget::Fit() {
         scroller_.SetViewHeight(height);
         scroller_.LayoutsChanged();
     }
-    if (breakWidth == context_.breakWidth && viewWidth == context_.viewWidth) return;
+    const bool sameWidth = breakWidth == context_.breakWidth && viewWidth == context_.viewWidth;
+    if (sameScreen && sameWidth) return;
     context_.breakWidth = breakWidth;
     context_.viewWidth = viewWidth;
     Relayout();
@@ -95,6 +98,7 @@ void TextWidget::Select(TextPos anchor, TextPos caret) {
     const TextPos size = TextPos(document_.text.size());
     anchor_ = std::clamp(anchor, 0, size);
     caret_ = std::clamp(caret, 0, size);
+    wantedX_.reset();
     RestartBlinking();
     viewport()->update();
 }

@@ -66,18 +66,17 @@ TextPos TextWidget::VerticalTarget(int key) {
 // to its end.
 TextPos TextWidget::PageTarget(int pages) {
     const QRect caret = CaretRect();
-    const int y =
-        caret.isNull() ? 0 : std::clamp(caret.center().y(), 0, scroller_.ViewHeight() - 1);
+    const int lowest = std::max(0, scroller_.ViewHeight() - LineHeight()); // of a line seen whole
+    const int y = caret.isNull() ? 0 : std::clamp(caret.center().y(), 0, lowest);
     const TextHeight before = scroller_.Top();
     scroller_.ScrollPages(pages, LineHeight());
-    if (scroller_.Top() == before) return pages < 0 ? 0 : TextPos(document_.text.size());
-    const TextHeight height = scroller_.Moved(scroller_.Top(), y);
-    return PositionAt(*layouts_.At(height.block), QPoint(*wantedX_, height.y));
+    const TextPos target = PositionAtPoint(QPoint(*wantedX_ - ColumnX(0), y));
+    if (scroller_.Top() != before && target != caret_) return target;
+    return pages < 0 ? 0 : TextPos(document_.text.size());
 }
 
 void TextWidget::MoveCaret(TextPos position, bool extend) {
     Select(extend ? anchor_ : position, position);
-    wantedX_.reset();
     RevealCaret();
 }
 

@@ -28,7 +28,6 @@ void TextWidget::mousePressEvent(QMouseEvent* event) {
         (point - mouse_).manhattanLength() < QGuiApplication::styleHints()->startDragDistance();
     sinceDoubleClick_.invalidate();
     mouse_ = point;
-    wantedX_.reset();
     const TextPos position = PositionAtPoint(point);
     if (third) return SelectUnit(position, Granularity::Paragraph);
     granularity_ = Granularity::Character;

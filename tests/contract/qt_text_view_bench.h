@@ -1,0 +1,43 @@
+// What the tests of the Qt text view share.
+#pragma once
+
+#include "platform/qt/text_view/qt_text_view.h"
+#include "platform/qt/text_view/text_widget.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+#include <string>
+
+struct QtViewBench {
+    QtTextView view{nullptr};
+
+    explicit QtViewBench(int width = 500, int height = 400) {
+        view.SetBounds({0, 0, width, height});
+        view.SetVisible(true);
+    }
+    TextWidget& Widget() { return static_cast<TextWidget&>(*view.Widget()); }
+    // Whether the view used the key.
+    bool Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QKeyEvent event(QEvent::KeyPress, key, modifiers);
+        event.setAccepted(false);
+        QCoreApplication::sendEvent(view.Widget(), &event);
+        return event.isAccepted();
+    }
+    void Mouse(QEvent::Type type, QPoint at, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        const bool moves = type == QEvent::MouseMove, released = type == QEvent::MouseButtonRelease;
+        QMouseEvent event(type, at, Widget().viewport()->mapToGlobal(at),
+                          moves ? Qt::NoButton : Qt::LeftButton,
+                          released ? Qt::NoButton : Qt::LeftButton, modifiers);
+        QCoreApplication::sendEvent(Widget().viewport(), &event);
+    }
+};
+
+inline std::u16string RepeatedText(std::u16string_view part, int times) {
+    std::u16string text;
+    text.reserve(part.size() * std::size_t(times));
+    for (int i = 0; i < times; ++i)
+        text += part;
+    return text;
+}

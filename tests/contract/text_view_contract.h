@@ -1,0 +1,16 @@
+// The back ends of the text view that this build's contract tests run on.
+#pragma once
+
+#include "platform/text_view.h"
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+struct TextViewBackEnd {
+    const char* name;
+    std::function<std::unique_ptr<TextView>()> make; // not shown yet
+};
+
+// Defined once in each test program.
+std::vector<TextViewBackEnd> TextViewBackEnds();

@@ -1,0 +1,66 @@
+"""Reading on in a book, closing, and coming back to the same line."""
+import os
+import re
+
+from harness.data_file import data_file_bytes, record_line
+from harness.story import Story
+from harness.text_view import STRIP_HEIGHT, settled_strip, top_strip
+from harness.wait import wait_for
+
+COMPARED = 300  # pixels of the top lines when the window has another width
+
+
+class ComingBack(Story):
+    def prepare(self, reader, path, width=860, height=700, **fields):
+        """A data file that knows the book, with these fields, and the window's size."""
+        record = record_line(path, **({"Size": os.path.getsize(path), "Wrap": 1} | fields))
+        with open(reader.data_path, "wb") as file:
+            file.write(data_file_bytes(record, Left=40, Top=30, Width=width, Height=height))
+
+    def read_on(self, reader, path, pages, slack=0):
+        """Goes some pages on and closes; returns the first lines then, with `slack` rows more."""
+        reader.start(path)
+        reader.wait_for_book(path)
+        first_page = settled_strip(reader)
+        reader.press("Next", pages)
+        strip = settled_strip(reader, STRIP_HEIGHT + slack)
+        top = strip.crop(0, 0, strip.width, STRIP_HEIGHT)
+        self.assertFalse(top.looks_like(first_page), "the page did not turn")
+        reader.close()
+        self.assertGreater(self.book_record(reader, path)["LastPos"], 0)
+        return strip
+
+    def come_back(self, reader, path, strip, from_right=False):
+        """Starts without arguments and finds `strip` at the top; in a window of another width
+        its left (or right) part. Where the strip has slack, its first line may have been cut by
+        the view's edge, and the next one is at the top now. Closing again keeps the place."""
+        place = self.book_record(reader, path)["LastPos"]
+        reader.start()
+        reader.wait_for_book(path)
+
+        def shows_it():
+            now = top_strip(reader.picture())
+            return now and _begins_with(strip, now, from_right)
+        wait_for(shows_it, "the same lines at the top as before")
+        reader.close()
+        self.assertEqual(self.book_record(reader, path)["LastPos"], place)
+
+    def set_size(self, reader, width, height):
+        """As if the window had been left with this size."""
+        text = reader.data_bytes().decode()
+        text = re.sub(r"(?m)^Width=.*?(?=\r)", f"Width={width}", text)
+        text = re.sub(r"(?m)^Height=.*?(?=\r)", f"Height={height}", text)
+        with open(reader.data_path, "wb") as file:
+            file.write(text.encode())
+
+
+def _begins_with(strip, now, from_right):
+    if now.width != strip.width:
+        strip, now = _part(strip, from_right), _part(now, from_right)
+    return any(now.looks_like(strip.crop(0, top, strip.width, top + now.height))
+               for top in range(strip.height - now.height + 1))
+
+
+def _part(strip, from_right):
+    left = strip.width - COMPARED if from_right else 0
+    return strip.crop(left, 0, left + COMPARED, strip.height)

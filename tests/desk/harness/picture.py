@@ -1,0 +1,61 @@
+"""Pictures of a window, compared pixel by pixel."""
+import subprocess
+
+CARET_WIDTH = 3  # pixels; the caret may be on in one picture and off in the other
+
+
+class Picture:
+    def __init__(self, width, height, pixels):
+        """`pixels`: three bytes each, row after row."""
+        self.width, self.height, self.pixels = width, height, pixels
+
+    def pixel(self, x, y):
+        at = 3 * (y * self.width + x)
+        return self.pixels[at:at + 3]
+
+    def row(self, y, left=0, right=None):
+        at, right = y * self.width, self.width if right is None else right
+        return self.pixels[3 * (at + left):3 * (at + right)]
+
+    def crop(self, left, top, right, bottom):
+        rows = [self.row(y, left, right) for y in range(top, bottom)]
+        return Picture(right - left, bottom - top, b"".join(rows))
+
+    def columns_unlike(self, other):
+        """The columns that differ from a picture of the same size; None for another size."""
+        if (self.width, self.height) != (other.width, other.height):
+            return None
+        columns = set()
+        for y in range(self.height):
+            mine, others = self.row(y), other.row(y)
+            if mine != others:
+                columns |= {i // 3 for i in range(len(mine)) if mine[i] != others[i]}
+        return columns
+
+    def looks_like(self, other):
+        """The same but for a caret."""
+        columns = self.columns_unlike(other)
+        if columns is None:
+            return False
+        return not columns or max(columns) - min(columns) < CARET_WIDTH
+
+    def is_plain(self):
+        return self.pixels == self.pixels[:3] * (self.width * self.height)
+
+
+def grab(screen, window):
+    """The picture of a window, or None while it cannot be taken."""
+    done = subprocess.run(["import", "-silent", "-window", str(window), "-depth", "8", "ppm:-"],
+                          env=screen.environment, capture_output=True, check=False)
+    header = done.stdout.split(b"\n", 3)
+    if done.returncode != 0 or len(header) != 4:
+        return None
+    width, height = map(int, header[1].split())
+    pixels = header[3]
+    return Picture(width, height, pixels) if len(pixels) == 3 * width * height else None
+
+
+def keep(screen, window, path):
+    """Keeps a picture for a person to look at; "root" is the whole screen."""
+    subprocess.run(["import", "-silent", "-window", str(window), path], env=screen.environment,
+                   check=False)

@@ -1,0 +1,191 @@
+"""The program under test, driven as a person does: by keys, the mouse, files and the window manager."""
+import os
+import re
+import shutil
+import signal
+import subprocess
+
+from harness.data_file import DataFile
+from harness.picture import grab
+from harness.wait import wait_for
+
+PROGRAM = os.environ.get("NORVASET_PROGRAM", "")
+NOBODY = 65534
+
+
+class Reader:
+    def __init__(self, screen, folder, as_nobody=False):
+        """A copy of the program in `folder`, so that its data file lies there, too."""
+        self.screen, self.folder, self.as_nobody = screen, folder, as_nobody
+        self.process = self.window = None
+        self.program = os.path.join(folder, "Norvaset")
+        self.data_path = self.program + ".dat"
+        self.home = os.path.join(folder, "home")
+        self.runtime = os.path.join(folder, "runtime")
+        for path in (self.home, self.runtime):
+            os.makedirs(path, mode=0o700)
+        shutil.copy(PROGRAM, self.program)
+        if as_nobody:
+            for path in (folder, self.home, self.runtime):
+                os.chown(path, NOBODY, NOBODY)
+
+    # Starting and ending
+
+    def launch(self, *arguments):
+        """Starts the process and waits for nothing."""
+        command = [self.program, *arguments]
+        if self.as_nobody:
+            ids = ["--reuid", str(NOBODY), "--regid", str(NOBODY), "--clear-groups"]
+            command = ["setpriv", *ids, *command]
+        environment = self.screen.environment | {
+            "HOME": self.home, "XDG_RUNTIME_DIR": self.runtime,
+            "XDG_DATA_HOME": os.path.join(self.home, "share")}
+        with open(os.path.join(self.folder, "messages.log"), "ab") as messages:
+            return subprocess.Popen(command, env=environment, cwd=self.home,
+                                    stdin=subprocess.DEVNULL, stdout=messages, stderr=messages)
+
+    def start(self, *arguments):
+        self.process = self.launch(*arguments)
+        return self.wait_for_window()
+
+    def wait_for_window(self):
+        self.window = wait_for(self.main_window, "the main window")
+        wait_for(self.is_active, "the window to have the keyboard")
+        return self
+
+    def close(self):
+        """By the window manager, as a click on the window's close button."""
+        self.activate()
+        self.key("alt+F4")
+        self.wait_for_end()
+
+    def terminate(self):
+        self.process.send_signal(signal.SIGTERM)
+        self.wait_for_end()
+
+    def kill(self):
+        self.process.kill()
+        self.process.wait()
+
+    def wait_for_end(self):
+        wait_for(lambda: self.process.poll() is not None, "the end of the program")
+        if self.process.returncode != 0:
+            raise AssertionError(f"the program ended with {self.process.returncode}")
+        if self.messages():
+            raise AssertionError("the program complained:\n" + self.messages())
+
+    def is_alive(self):
+        return self.process.poll() is None
+
+    def stop(self):
+        """Whatever a story left."""
+        if self.process and self.is_alive():
+            self.kill()
+
+    def messages(self):
+        with open(os.path.join(self.folder, "messages.log"), errors="replace") as file:
+            return file.read()
+
+    # Windows
+
+    def _search(self, *arguments):
+        if not self.is_alive():
+            raise AssertionError(f"the program ended by itself with {self.process.returncode}:\n"
+                                 + self.messages())
+        return [int(window) for window in self.screen.xdotool(
+            "search", "--onlyvisible", "--all", "--pid", self.process.pid, *arguments).split()]
+
+    def main_window(self):
+        return next(iter(self._search("--name", r"^Norvaset \[")), None)
+
+    def message_box(self):
+        return next(iter(self._search("--name", "^Norvaset Message$")), None)
+
+    def popups(self):
+        """The open menus, in no order."""
+        return [window for window in self._search("--name", ".*")
+                if "_NET_WM_WINDOW_TYPE_POPUP_MENU" in self.property("_NET_WM_WINDOW_TYPE", window)
+                or "_NET_WM_WINDOW_TYPE_DROPDOWN_MENU"
+                in self.property("_NET_WM_WINDOW_TYPE", window)]
+
+    def property(self, name, window=None):
+        return self.screen.output("xprop", "-id", str(window or self.window), name)
+
+    def title(self):
+        return self.screen.xdotool("getwindowname", self.window).rstrip("\n")
+
+    def is_active(self, window=None):
+        return self.screen.xdotool("getactivewindow").strip() == str(window or self.window)
+
+    def activate(self):
+        self.screen.xdotool("windowactivate", self.window)
+        wait_for(self.is_active, "the window to become active")
+
+    def rectangle(self):
+        """Left, top, width and height of the inside of the window, on the screen."""
+        text = self.screen.output("xwininfo", "-id", str(self.window))
+        names = ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")
+        return tuple(int(re.search(name + r":\s*(-?\d+)", text)[1]) for name in names)
+
+    def resize(self, width, height):
+        self.screen.xdotool("windowsize", self.window, width, height)
+        wait_for(lambda: self.rectangle()[2:] == (width, height), "the new size")
+
+    def minimise(self):
+        self.screen.xdotool("windowminimize", self.window)
+        wait_for(lambda: "window state: Iconic" in self.property("WM_STATE"), "the icon")
+
+    # Keys, menus and messages
+
+    def key(self, *keys):
+        self.screen.xdotool("key", "--delay", 0, *keys)
+
+    def press(self, key, times):
+        """A key many times, in portions that an input queue holds."""
+        while times > 0:
+            self.key(*[key] * min(times, 20))
+            times -= 20
+        self.finish_keys()
+
+    def open_menu(self, letter):
+        self.key("alt+" + letter)
+        return wait_for(self.popups, f"the menu of Alt+{letter}")[0]
+
+    def close_menu(self):
+        self.key("Escape")
+        wait_for(lambda: not self.popups(), "the menu to close")
+
+    def finish_keys(self):
+        """All keys sent so far have had their effect: they come in order, and a menu shows."""
+        self.open_menu("h")
+        self.close_menu()
+
+    def choose_book(self, index, count):
+        """Chooses the history item `index` of `count` from the File menu, from its lower end."""
+        self.open_menu("f")
+        self.key(*["Up"] * (1 + count - index), "Return")
+
+    def wait_for_message(self):
+        return wait_for(self.message_box, "a message box")
+
+    def answer_message(self, key="Return"):
+        box = self.wait_for_message()
+        wait_for(lambda: self.is_active(box), "the message box to have the keyboard")
+        self.key(key)
+        wait_for(lambda: not self.message_box(), "the message box to close")
+
+    # What is to be seen and read
+
+    def picture(self):
+        return wait_for(lambda: grab(self.screen, self.window), "a picture of the window")
+
+    def data_bytes(self):
+        with open(self.data_path, "rb") as file:
+            return file.read()
+
+    def data(self):
+        return DataFile(self.data_bytes().decode())
+
+    def wait_for_book(self, path):
+        wait_for(lambda: self.title() == "Norvaset [Default] - " + path,
+                 f"the title to name {path}")

@@ -1,0 +1,69 @@
+"""A screen of the story's own: an X server without a monitor, and a window manager."""
+import os
+import subprocess
+
+from harness.wait import wait_for
+
+TOOLS = ["Xvfb", "openbox", "xdotool", "xprop", "xwininfo", "xclip", "import"]
+SIZE = (1280, 1024)
+OPENBOX_RULES = os.path.join(os.path.dirname(__file__), "openbox.xml")
+
+
+class Screen:
+    def __init__(self, folder):
+        """`folder` takes the home of the window manager and the servers' messages."""
+        self.folder = folder
+        self.environment = {
+            "PATH": os.environ["PATH"],
+            "HOME": folder,
+            "LANG": "C.UTF-8",
+            "DBUS_SESSION_BUS_ADDRESS": "unix:path=/nonexistent",  # else one would be started
+        }
+        self._processes = []
+        self._start_server()
+        self._start_window_manager()
+
+    def _start_server(self):
+        read, write = os.pipe()
+        size = f"{SIZE[0]}x{SIZE[1]}x24"
+        # Without access control: a reader may run as another user.
+        self._spawn(["Xvfb", "-displayfd", str(write), "-screen", "0", size, "-ac", "-noreset",
+                     "-nolisten", "tcp"], pass_fds=[write])
+        os.close(write)
+        with os.fdopen(read) as answer:
+            number = answer.readline().strip()
+        if not number:
+            raise AssertionError("the X server did not start")
+        self.environment["DISPLAY"] = ":" + number
+
+    def _start_window_manager(self):
+        self._spawn(["openbox", "--config-file", OPENBOX_RULES])
+        wait_for(lambda: "window id" in self.output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
+                 "the window manager")
+
+    def _spawn(self, command, **options):
+        with open(os.path.join(self.folder, command[0] + ".log"), "wb") as log:
+            self._processes.append(subprocess.Popen(
+                command, env=self.environment, stdin=subprocess.DEVNULL, stdout=log, stderr=log,
+                **options))
+
+    def output(self, *command):
+        """What a tool prints, "" when it fails."""
+        done = subprocess.run(command, env=self.environment, stdin=subprocess.DEVNULL,
+                              stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
+        return done.stdout.decode(errors="replace") if done.returncode == 0 else ""
+
+    def xdotool(self, *arguments):
+        return self.output("xdotool", *map(str, arguments))
+
+    def stop(self):
+        for process in reversed(self._processes):
+            process.terminate()
+            process.wait()
+
+
+def missing_tools():
+    def found(tool):
+        return any(os.access(os.path.join(folder, tool), os.X_OK)
+                   for folder in os.environ["PATH"].split(os.pathsep))
+    return [tool for tool in TOOLS if not found(tool)]

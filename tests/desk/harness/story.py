@@ -1,0 +1,78 @@
+"""The base of the stories: a screen for each file of them, a folder and readers for each story."""
+import os
+import shutil
+import sys
+import tempfile
+import unittest
+
+from harness.picture import keep
+from harness.reader import PROGRAM, Reader
+from harness.screen import Screen, missing_tools
+
+REAL_BOOKS = os.environ.get("REAL_BOOKS", "")
+FAILURES = os.environ.get("DESK_FAILURES", tempfile.gettempdir())  # where pictures of them are kept
+SKIPPED = 77  # tells ctest that nothing was tested
+
+
+class Story(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.screen_folder = _open_folder()
+        cls.screen = Screen(cls.screen_folder)
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.screen.stop()
+        shutil.rmtree(cls.screen_folder, ignore_errors=True)
+
+    def run(self, result=None):
+        self.folder, self.readers = _open_folder(), []
+        failures = len(result.failures) + len(result.errors)
+        super().run(result)
+        if len(result.failures) + len(result.errors) > failures:
+            self._keep_picture()
+        for reader in self.readers:
+            reader.stop()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def _keep_picture(self):
+        os.makedirs(FAILURES, exist_ok=True)
+        path = os.path.join(FAILURES, self.id().removeprefix("__main__.") + ".png")
+        keep(self.screen, "root", path)
+        print("the screen of this failure:", path, file=sys.stderr)
+
+    def reader(self, name="program", as_nobody=False):
+        folder = os.path.join(self.folder, name)
+        os.mkdir(folder)
+        self.readers.append(Reader(self.screen, folder, as_nobody))
+        return self.readers[-1]
+
+    def path(self, name):
+        return os.path.join(self.folder, name)
+
+    def real_book(self, name):
+        path = os.path.join(REAL_BOOKS, name)
+        if not os.path.isfile(path):
+            self.skipTest(f"REAL_BOOKS does not hold {name}")
+        return os.path.realpath(path)
+
+    def book_record(self, reader, path):
+        """The record of the book shown last, which must be this one."""
+        record = reader.data().records()[0]
+        self.assertEqual(record["Path"], path.replace("=", "*"))
+        return record
+
+
+def _open_folder():
+    """A new folder that another user may look into; its name holds nothing unusual."""
+    folder = tempfile.mkdtemp(prefix="desk-", dir="/tmp")
+    os.chmod(folder, 0o755)
+    return os.path.realpath(folder)
+
+
+def main():
+    missing = missing_tools()
+    if missing or not os.access(PROGRAM, os.X_OK):
+        print("skipped; not found:", ", ".join(missing) or "the program, NORVASET_PROGRAM")
+        sys.exit(SKIPPED)
+    unittest.main(verbosity=2)

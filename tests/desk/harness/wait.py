@@ -1,0 +1,17 @@
+"""Waiting for a condition: the only way in which the stories let time pass."""
+import time
+
+DEADLINE = 30  # seconds; met in a fraction of one unless the machine is very busy
+INTERVAL = 0.02
+
+
+def wait_for(condition, what, deadline=DEADLINE):
+    """Returns the first true value of `condition()`; fails with `what` after the deadline."""
+    end = time.monotonic() + deadline
+    while True:
+        value = condition()
+        if value:
+            return value
+        if time.monotonic() > end:
+            raise AssertionError(f"waited {deadline} s in vain for {what}")
+        time.sleep(INTERVAL)

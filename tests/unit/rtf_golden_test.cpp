@@ -1,0 +1,32 @@
+#include "formats/rtf_reader.h"
+#include "formats/rtf_writer.h"
+#include "tests/document_check.h"
+#include "tests/unit/golden.h"
+#include "tests/unit/rtf_dump.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+
+constexpr const char* goldenNames[] = {"characters", "paragraphs", "table", "objects"};
+
+Document ReadGolden(const std::string& name) {
+    const std::string rtf = ReadWholeFile(SOURCE_FOLDER "/tests/golden/rtf/" + name + ".rtf");
+    REQUIRE(LooksLikeRtf(rtf));
+    return ReadRtf(rtf, 1252);
+}
+
+} // namespace
+
+TEST_CASE("rtf golden: what the reader makes of our own files") {
+    for (const std::string name : goldenNames) {
+        const Document document = ReadGolden(name);
+        CHECK(document_check::FirstFault(document) == "");
+        CheckGolden("rtf/" + name + ".expected", DumpDocument(document));
+    }
+}
+
+TEST_CASE("rtf golden: what the writer makes of them") {
+    for (const std::string name : goldenNames)
+        CheckGolden("rtf/" + name + ".written", WriteRtf(ReadGolden(name)));
+}

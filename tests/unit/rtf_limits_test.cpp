@@ -1,0 +1,229 @@
+// What a file that means harm costs: memory in proportion to its size, and no more time than an
+// honest one.
+#include "formats/rtf_limits.h"
+#include "formats/rtf_reader.h"
+#include "tests/document_check.h"
+
+#include <doctest/doctest.h>
+
+#include <atomic>
+#include <chrono>
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+// Every allocation has its size before it.
+constexpr std::size_t headerSize = alignof(std::max_align_t);
+std::atomic<std::size_t> allocatedBytes = 0, peakBytes = 0;
+
+void* AllocateCounted(std::size_t size) {
+    void* const block = std::malloc(size + headerSize);
+    if (!block) throw std::bad_alloc();
+    *static_cast<std::size_t*>(block) = size;
+    const std::size_t now = allocatedBytes += size;
+    if (now > peakBytes) peakBytes = now;
+    return static_cast<char*>(block) + headerSize;
+}
+
+void FreeCounted(void* pointer) {
+    if (!pointer) return;
+    void* const block = static_cast<char*>(pointer) - headerSize;
+    allocatedBytes -= *static_cast<std::size_t*>(block);
+    std::free(block);
+}
+
+} // namespace
+
+void* operator new(std::size_t size) {
+    return AllocateCounted(size);
+}
+void* operator new[](std::size_t size) {
+    return AllocateCounted(size);
+}
+void operator delete(void* pointer) noexcept {
+    FreeCounted(pointer);
+}
+void operator delete[](void* pointer) noexcept {
+    FreeCounted(pointer);
+}
+void operator delete(void* pointer, std::size_t) noexcept {
+    FreeCounted(pointer);
+}
+void operator delete[](void* pointer, std::size_t) noexcept {
+    FreeCounted(pointer);
+}
+
+namespace {
+
+struct Cost {
+    std::size_t bytes = 0;
+    double seconds = 0;
+};
+
+Cost CostOfReading(const std::string& rtf) {
+    const std::size_t before = allocatedBytes;
+    peakBytes = before;
+    const auto start = std::chrono::steady_clock::now();
+    const Document document = ReadRtf(rtf, 1252);
+    const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
+    const Cost cost{peakBytes - before, time.count()};
+    CHECK(document_check::FirstFault(document) == "");
+    return cost;
+}
+
+std::string Repeat(const std::string& start, const std::string& piece, std::size_t size) {
+    std::string rtf = start;
+    while (rtf.size() < size)
+        rtf += piece;
+    return rtf;
+}
+
+struct NastyFile {
+    std::string start, piece;
+};
+
+const NastyFile nastyFiles[] = {
+    {"{\\rtf1 ", "x"},
+    {"{\\rtf1 ", "\xE9"},
+    {"{\\rtf1\\ansicpg932 ", "\x83\x65"},
+    {"{\\rtf1\\ansicpg65001 ", "\xE2\x82\xAC"},
+    {"{\\rtf1\\ansicpg65001 ", "\xE2x"},
+    {"{\\rtf1 ", "\\b0\\b1x"},
+    {"{\\rtf1 ", "{\\b.}."},
+    {"{\\rtf1 ", "{\\b.\\qc\\\n}.\\\n"},
+    {"{\\rtf1 ", "\\\n"},
+    {"{\\rtf1 ", "{"},
+    {"{\\rtf1 ", "{}"},
+    {"{\\rtf1\\tx1\\tx2\\tx3\\tx4\\tx5\\tx6\\tx7\\tx8\\tx9", "{}"},
+    {"{\\rtf1 ", "}"},
+    {"{\\rtf1 ", "{\\*\\x"},
+    {"{\\rtf1 ", "\\u1x"},
+    {"{\\rtf1\\uc0 ", "\\u9"},
+    {"{\\rtf1 ", "\\u-10179?"},
+    {"{\\rtf1 ", "\\'e9"},
+    {"{\\rtf1 ", "\\'"},
+    {"{\\rtf1{\\pict\\pngblip ", "41"},
+    {"{\\rtf1 ", "{\\pict}"},
+    {"{\\rtf1 ", "{\\pict\\pngblip 4}"},
+    {"{\\rtf1 ", "{\\pict\\picwgoal1}"},
+    {"{\\rtf1 ", "{\\pict\\jpegblip\\bin99999999 "},
+    {"{\\rtf1 ", "\\trowd"},
+    {"{\\rtf1\\trowd", "\\cellx1"},
+    {"{\\rtf1 ", "\\cell"},
+    {"{\\rtf1 ", "\\row"},
+    {"{\\rtf1 ", "\\cell\\row"},
+    {"{\\rtf1\\intbl ", "\\cell\\cell\\row"},
+    {"{\\rtf1\\intbl ", "\\cell\\pard\\par\\intbl"},
+    {"{\\rtf1\\trowd\\cellx1\\clmrg\\cellx2", "\\cell\\cell x\\row"},
+    {"{\\rtf1 ", "\\nestcell\\nestrow"},
+    {"{\\rtf1{\\fonttbl", "{\\f1 a;}"},
+    {"{\\rtf1{\\fonttbl\\f1 ", "a"},
+    {"{\\rtf1{\\colortbl", ";"},
+    {"{\\rtf1 ", "\\tx9"},
+    {"{\\rtf1 ", "{\\field{\\*\\fldinst HYPERLINK a}{\\fldrslt b}}"},
+    {"{\\rtf1{\\*\\fldinst ", "\\\\"},
+    {"{\\rtf1 ", "{\\footnote x}"},
+    {"{\\rtf1{\\footnote ", "{\\b.}."},
+    {"{\\rtf1{\\footnote ", "x"},
+    {"{\\rtf1 ", "{\\upr{x}{\\*\\ud y}}"},
+    {"{\\rtf1 ", "\\chftn"},
+    {"{\\rtf1\\v ", "x\\par"},
+};
+
+// Pieces that differ from each other: fonts, colours, styles.
+std::string DifferentPieces(const std::string& start, const std::string& before,
+                            const std::string& after, std::size_t size) {
+    std::string rtf = start;
+    for (int i = 0; rtf.size() < size; ++i)
+        rtf += before + std::to_string(i) + after;
+    return rtf;
+}
+
+const std::size_t nastySize = 2'000'000;
+const std::size_t constantCost = 16'000'000;
+
+} // namespace
+
+TEST_CASE("rtf limits: memory is at most ten times the file and a constant") {
+    for (const auto& [start, piece] : nastyFiles) {
+        CAPTURE(start);
+        CAPTURE(piece);
+        const Cost cost = CostOfReading(Repeat(start, piece, nastySize));
+        CHECK(cost.bytes <= 10 * nastySize + constantCost);
+        CHECK(cost.seconds < 5);
+    }
+    for (const auto& [before, after] : {std::pair<std::string, std::string>{"\\fs", "x"},
+                                        {"{\\f", " a;}"},
+                                        {"\\li", "\\par"},
+                                        {"\\tx", "\\par"},
+                                        {"{\\field{\\*\\fldinst HYPERLINK ", "}{\\fldrslt b}}"},
+                                        {"\\ansicpg", "\\'e9"},
+                                        {"\\u", "?"}}) {
+        CAPTURE(before);
+        CHECK(CostOfReading(DifferentPieces("{\\rtf1{\\fonttbl", before, after, nastySize)).bytes <=
+              10 * nastySize + constantCost);
+        CHECK(CostOfReading(DifferentPieces("{\\rtf1 ", before, after, nastySize)).bytes <=
+              10 * nastySize + constantCost);
+    }
+}
+
+TEST_CASE("rtf limits: what a byte costs in the long run") {
+    // Twice the size costs at most ten bytes more for each byte more: constants stay out of it.
+    for (const auto& [start, piece] : nastyFiles) {
+        CAPTURE(start);
+        CAPTURE(piece);
+        const Cost one = CostOfReading(Repeat(start, piece, nastySize * 2));
+        const Cost two = CostOfReading(Repeat(start, piece, nastySize * 3));
+        if (two.bytes > one.bytes) CHECK((two.bytes - one.bytes) / nastySize <= 10);
+    }
+}
+
+TEST_CASE("rtf limits: groups beyond the deepest share its state") {
+    const std::string rtf = "{\\rtf1 " + std::string(maxRtfDepth, '{') + "\\b a{\\i b}c" +
+                            std::string(maxRtfDepth, '}') + "d}e";
+    const Document document = ReadRtf(rtf, 1252);
+    CHECK(document.text == u"abcd");
+    CHECK(document_check::CharStyleAt(document, 0).bold);
+    CHECK_FALSE(document_check::CharStyleAt(document, 3).bold);
+}
+
+TEST_CASE("rtf limits: styles beyond the last are the default") {
+    std::string rtf = "{\\rtf1 ";
+    for (std::size_t i = 0; i < maxRtfParagraphStyles + 10; ++i)
+        rtf += std::string("\\pard\\li").append(std::to_string(i + 1)).append("\\par ");
+    for (std::size_t i = 0; i < maxRtfCharStyles + 10; ++i) {
+        // Sixteen faces of a size, in both scripts.
+        const std::string up = i % 2 ? "\\b" : "\\b0", lean = i / 2 % 2 ? "\\i" : "\\i0";
+        const std::string line = i / 4 % 2 ? "\\ul" : "\\ul0",
+                          cut = i / 8 % 2 ? "\\strike" : "\\strike0";
+        const std::string script = i / 16 % 2 ? "\\sub" : "\\super";
+        rtf += up + lean + line + cut + script;
+        rtf.append("\\fs").append(std::to_string(i / 32 + 1)).append(" x");
+    }
+    const Document document = ReadRtf(rtf, 1252);
+    CHECK(document_check::FirstFault(document) == "");
+    CHECK(document.charStyles.size() == maxRtfCharStyles);
+    CHECK(document.paragraphStyles.size() == maxRtfParagraphStyles);
+    const auto last = static_cast<TextPos>(document.text.size()) - 1;
+    CHECK(document_check::CharStyleAt(document, last) == CharStyle{});
+    const ParagraphStyle& beyond =
+        document_check::ParagraphStyleAt(document, static_cast<TextPos>(maxRtfParagraphStyles));
+    CHECK(beyond == ParagraphStyle{});
+}
+
+TEST_CASE("rtf limits: links and pictures beyond the last are left out") {
+    std::string links = "{\\rtf1 ", pictures = "{\\rtf1 ";
+    for (std::size_t i = 0; i < maxRtfLinks + 2; ++i)
+        links += "{\\field{\\*\\fldinst HYPERLINK a" + std::to_string(i) + "}{\\fldrslt b}}";
+    for (std::size_t i = 0; i < maxRtfPictures + 2; ++i)
+        pictures += "{\\pict\\pngblip 41}";
+    const Document linked = ReadRtf(links, 1252);
+    CHECK(linked.links.size() == maxRtfLinks);
+    const bool isLastRight = document_check::LinkAt(linked, 65'534) == u"a65534";
+    CHECK(isLastRight);
+    const bool isNextNone = document_check::LinkAt(linked, 65'535) == u"";
+    CHECK(isNextNone);
+    CHECK(document_check::FirstFault(linked) == "");
+    CHECK(ReadRtf(pictures, 1252).pictures.size() == maxRtfPictures);
+}

@@ -1,0 +1,175 @@
+// Pictures, links and footnotes that the reader finds in a text.
+#include "common/utf.h"
+#include "formats/rtf_fields.h"
+#include "formats/rtf_limits.h"
+#include "formats/rtf_reader.h"
+#include "tests/document_check.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+
+Document Read(const std::string& body) {
+    Document document = ReadRtf("{\\rtf1 " + body + "}", 1252);
+    CAPTURE(body);
+    CHECK(document_check::FirstFault(document) == "");
+    return document;
+}
+
+} // namespace
+
+TEST_CASE("rtf pictures: kinds, bytes and sizes") {
+    struct {
+        std::string words;
+        PictureFormat format;
+        std::string bytes;
+        std::int32_t width, height;
+    } const cases[] = {
+        {"\\pngblip 8950", PictureFormat::Png, "\x89P", 0, 0},
+        {"\\pngblip\n8 9\n5\n0", PictureFormat::Png, "\x89P", 0, 0},
+        {"\\pngblip 89505", PictureFormat::Png, "\x89P", 0, 0},
+        {"\\jpegblip\\bin4 {\\}}", PictureFormat::Jpeg, "{\\}}", 0, 0},
+        {"\\jpegblip{\\*\\blipuid 00ff}41", PictureFormat::Jpeg, "A", 0, 0},
+        {"\\pngblip", PictureFormat::Other, "", 0, 0},
+        {"\\wmetafile8\\picw2540\\pich1270 0102", PictureFormat::Other, "", 1440, 720},
+        {"\\wmetafile8\\picw1\\pich1\\picwgoal30\\pichgoal40 01", PictureFormat::Other, "", 30, 40},
+        {"\\emfblip 01", PictureFormat::Other, "", 0, 0},
+        {"\\picwgoal100\\pichgoal200\\picscalex50\\picscaley200\\pngblip 41", PictureFormat::Png,
+         "A", 50, 400},
+        {"\\picw100\\pich200\\pngblip 41", PictureFormat::Png, "A", 0, 0},
+        {"\\picwgoal2147483647\\picscalex2147483647\\pichgoal-9\\pngblip 41", PictureFormat::Png,
+         "A", maxRtfTwips, 0},
+        {"\\picwgoal100\\picscalex0\\picscaley-5\\pichgoal9\\pngblip 41", PictureFormat::Png, "A",
+         100, 9},
+    };
+    for (const auto& [words, format, bytes, width, height] : cases) {
+        CAPTURE(words);
+        const Document document = Read("a{\\pict" + words + "}b");
+        CHECK(Utf16ToUtf8(document.text) == "a\uFFFCb");
+        REQUIRE(document.pictures.size() == 1);
+        const Picture& picture = document.pictures[0];
+        CHECK(picture.position == 1);
+        CHECK(picture.format == format);
+        CHECK(picture.bytes == bytes);
+        CHECK(picture.widthTwips == width);
+        CHECK(picture.heightTwips == height);
+    }
+}
+
+TEST_CASE("rtf pictures: which of several is shown") {
+    struct {
+        std::string body;
+        std::size_t pictures;
+    } const cases[] = {
+        {"{\\*\\shppict{\\pict\\pngblip 41}}{\\nonshppict{\\pict\\wmetafile8 00}}", 1},
+        {"{\\nonshppict{\\pict\\pngblip 41}}", 1},
+        {"{\\object{\\*\\objdata 00}{\\result{\\pict\\pngblip 41}}}", 1},
+        {"{\\object{\\pict\\pngblip 41}}", 0},
+        {"{\\v{\\pict\\pngblip 41}}", 0},
+        {"{\\*\\unknown{\\pict\\pngblip 41}}", 0},
+        {"{\\shp{\\*\\shpinst{\\sp{\\sn pib}{\\sv{\\pict\\pngblip 41}}}}{\\shprslt{\\pict 41}}}",
+         1},
+        {"{\\shp{\\*\\shpinst{\\sp{\\sn fillBlip}{\\sv{\\pict\\pngblip 41}}}}}", 0},
+        {"{\\*\\listpicture{\\pict\\pngblip 41}}", 0},
+    };
+    for (const auto& [body, pictures] : cases) {
+        CAPTURE(body);
+        const Document document = Read(body);
+        CHECK(document.pictures.size() == pictures);
+        CHECK(document.text.size() == pictures);
+    }
+}
+
+TEST_CASE("rtf pictures: an unfinished one shows what there is") {
+    const Document document = ReadRtf("{\\rtf1 a{\\pict\\jpegblip 4142", 1252);
+    REQUIRE(document.pictures.size() == 1);
+    CHECK(document.pictures[0].bytes == "AB");
+    const Document binary = ReadRtf("{\\rtf1 a{\\pict\\jpegblip\\bin99 AB", 1252);
+    REQUIRE(binary.pictures.size() == 1);
+    CHECK(binary.pictures[0].bytes == "AB");
+}
+
+TEST_CASE("rtf fields: the address of a link") {
+    struct {
+        std::u16string_view instruction, address;
+    } const cases[] = {
+        {u"HYPERLINK \"http://a.b/c\"", u"http://a.b/c"},
+        {u" hyperlink  \"http://a.b/c\" ", u"http://a.b/c"},
+        {u"HYPERLINK http://a.b/c", u"http://a.b/c"},
+        {u"HYPERLINK \"a\" \\l \"place\"", u"a#place"},
+        {u"HYPERLINK \\l \"place\"", u"#place"},
+        {u"HYPERLINK \\l place", u"#place"},
+        {u"HYPERLINK \\o \"a tip\" \"a\" \\t \"_blank\" \\n", u"a"},
+        {u"HYPERLINK \"C:\\\\a b\\\\\\\"c\\\"\"", u"C:\\a b\\\"c\""},
+        {u"HYPERLINK \"a", u"a"},
+        {u"HYPERLINK \"a\\", u"a\\"},
+        {u"HYPERLINK \\l", u""},
+        {u"HYPERLINK", u""},
+        {u"", u""},
+        {u"PAGE \\* MERGEFORMAT", u""},
+        {u"INCLUDEPICTURE \"a\"", u""},
+    };
+    for (const auto& [instruction, address] : cases) {
+        CAPTURE(Utf16ToUtf8(instruction));
+        CHECK(LinkOfField(instruction) == address);
+    }
+    for (const std::u16string_view address : {u"http://a", u"#place", u"a \"b\" \\c", u"а#б"})
+        CHECK(LinkOfField(FieldOfLink(address)) == address);
+}
+
+TEST_CASE("rtf fields: a link holds for its result, other fields show theirs") {
+    const Document document =
+        Read("a{\\field{\\*\\fldinst{HYPERLINK \"u\"}}{\\fldrslt{\\b b}\\plain c}}d"
+             "{\\field{\\*\\fldinst PAGE}{\\fldrslt 7}}"
+             "{\\field{\\*\\fldinst HYPERLINK \"v\" \\\\l \"w\"}{\\fldrslt e}}f");
+    CHECK(document.text == u"abcd7ef");
+    const std::u16string links[] = {u"", u"u", u"u", u"", u"", u"v#w", u""};
+    for (TextPos i = 0; i < 7; ++i)
+        CHECK(document_check::LinkAt(document, i) == links[i]);
+}
+
+TEST_CASE("rtf fields: links that follow each other to one place are one") {
+    const std::string link = "{\\field{\\*\\fldinst HYPERLINK \"u\"}{\\fldrslt a}}";
+    CHECK(Read(link + link).links.size() == 1);
+}
+
+TEST_CASE("rtf fields: a field in a field") {
+    const Document document =
+        Read("{\\field{\\*\\fldinst HYPERLINK \"u\"}{\\fldrslt a{\\field{\\*\\fldinst PAGE}"
+             "{\\fldrslt 7}}b}}c");
+    CHECK(document.text == u"a7bc");
+    CHECK(document_check::LinkAt(document, 1) == u"u");
+    CHECK(document_check::LinkAt(document, 2) == u"u");
+    CHECK(document_check::LinkAt(document, 3) == u"");
+}
+
+TEST_CASE("rtf notes: stand after the text, with their numbers") {
+    struct {
+        std::string body, text;
+    } const cases[] = {
+        {"a{\\super\\chftn{\\footnote\\pard\\plain{\\super\\chftn} one}}b\\par c\\par",
+         "a1b\nc\n1 one\n"},
+        {"a\\chftn{\\footnote\\chftn x\\par y}b\\chftn{\\footnote\\chftn z\\par}",
+         "a1b2\n1x\ny\n2z\n"},
+        {"a*{\\footnote * x}b", "a*b\n* x\n"},
+        {"{\\trowd\\cellx9\\intbl a\\chftn{\\footnote\\chftn x}\\cell\\row}", "a1\a\n1x\n"},
+        {"a{\\*\\footnote x}b", "ab\nx\n"},
+        {"a{\\footnote", "a"},
+    };
+    for (const auto& [body, text] : cases) {
+        CAPTURE(body);
+        CHECK(Utf16ToUtf8(Read(body).text) == text);
+    }
+}
+
+TEST_CASE("rtf notes: keep their styles and pictures") {
+    const Document document =
+        Read("\\qc a\\par{\\footnote\\pard\\qr\\b b{\\pict\\pngblip 41}\\par}");
+    CHECK(document.text == u"a\nb\uFFFC\n");
+    CHECK(document_check::CharStyleAt(document, 2).bold);
+    CHECK_FALSE(document_check::CharStyleAt(document, 1).bold);
+    CHECK(document_check::ParagraphStyleAt(document, 1).alignment == Alignment::Center);
+    CHECK(document_check::ParagraphStyleAt(document, 4).alignment == Alignment::Right);
+    REQUIRE(document.pictures.size() == 1);
+    CHECK(document.pictures[0].position == 3);
+}

@@ -1,0 +1,194 @@
+// What of a file is text, and in which characters.
+#include "common/utf.h"
+#include "formats/rtf_reader.h"
+#include "tests/document_check.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+
+struct TextCase {
+    std::string_view rtf, text;
+};
+
+std::string ReadText(std::string_view rtf, int systemCodePage = 1252) {
+    const Document document = ReadRtf(rtf, systemCodePage);
+    CHECK(document_check::FirstFault(document) == "");
+    return Utf16ToUtf8(document.text);
+}
+
+template <std::size_t count>
+void CheckTexts(const TextCase (&cases)[count]) {
+    for (const auto& [rtf, text] : cases) {
+        CAPTURE(rtf);
+        CHECK(ReadText(rtf) == text);
+    }
+}
+
+} // namespace
+
+TEST_CASE("rtf reader: tells rich text by its start") {
+    for (const std::string_view good : {"{\\rtf1}", "{\\rtf", "{\\RTF1}", " \r\n\t{\\rtf1}",
+                                        "\xEF\xBB\xBF{\\rtf1}", "\xEF\xBB\xBF\n{\\Rtf1}"}) {
+        CAPTURE(good);
+        CHECK(LooksLikeRtf(good));
+    }
+    for (const std::string_view bad : {"", "{", "{\\rt", "\\rtf1", "x{\\rtf1}", "{ \\rtf1}",
+                                       "{{\\rtf1}}", "\xEF\xBB{\\rtf1}", "   "}) {
+        CAPTURE(bad);
+        CHECK_FALSE(LooksLikeRtf(bad));
+    }
+}
+
+TEST_CASE("rtf reader: what is text") {
+    CheckTexts({
+        {"{\\rtf1 A\\par}", "A\n"},
+        {"{\\rtf1 A}", "A"},
+        {"{\\rtf1 A\\par B}", "A\nB"},
+        {"{\\rtf1\r\nA\r\nB\\par\r\n}", "AB\n"},
+        {"\xEF\xBB\xBF {\\rtf1 A}", "A"},
+        {"{\\rtf1 A}B{C}", "A"},
+        {"{\\rtf1 A", "A"},
+        {"{\\rtf1 A{\\b B", "AB"},
+        {"{\\rtf1 A}}}B", "A"},
+        {"{\\rtf1 a\\{b\\}c\\\\d}", "a{b}c\\d"},
+        {"{\\rtf1 a\\line b\\lbr3 c\\tab d\te}", "a\vb\vc\td\te"},
+        {"{\\rtf1 a\\\nb\\\r\nc}", "a\nb\nc"},
+        {"{\\rtf1 a\\page b\\sect\\par c\\page\\page d}", "a\nb\n\nc\nd"},
+        {"{\\rtf1 \\emdash\\endash\\emspace\\enspace\\qmspace x}", "—–\u2003\u2002\u2005x"},
+        {"{\\rtf1 \\lquote\\rquote\\ldblquote\\rdblquote\\bullet}", "‘’“”•"},
+        {"{\\rtf1 \\~\\-\\_\\zwj\\zwnj\\zwbo\\zwnbo\\ltrmark\\rtlmark}",
+         "\u00A0\u00AD\u2011\u200D\u200C\u200B\u2060\u200E\u200F"},
+        {"{\\rtf1 a\\unknown1 b\\|c\\:d}", "abcd"},
+        {"{\\rtf1 a{\\v hidden\\par}b\\v c\\v0 d\\v e\\plain f}", "abdf"},
+        {"{\\rtf1 a\\bin3 }}}b}", "ab"},
+        {"not rich text", ""},
+        {"", ""},
+    });
+}
+
+TEST_CASE("rtf reader: what is not shown") {
+    CheckTexts({
+        {"{\\rtf1{\\fonttbl{\\f0 Arial;}}{\\colortbl;\\red1;}{\\stylesheet{\\s0 Normal;}}A}", "A"},
+        {"{\\rtf1{\\info{\\title T}{\\author A}}{\\*\\generator G;}{\\header h\\par}{\\footer f}A}",
+         "A"},
+        {"{\\rtf1 a{\\*\\unknown x{y}\\par}b}", "ab"},
+        {"{\\rtf1 a{\\*\\b x}b}", "ab"},
+        {"{\\rtf1 a{\\*\\unknown\\bin2 }}x}b}", "ab"},
+        {"{\\rtf1 a{\\xe index}{\\tc contents}{\\*\\bkmkstart m}b{\\*\\bkmkend m}}", "ab"},
+        {"{\\rtf1 a{\\*\\atnid x}{\\annotation note}b}", "ab"},
+        {"{\\rtf1{\\*\\pn\\pnlvlblt{\\pntxtb b}}{\\pntext\\f0\\'b7\\tab}a}", "·\ta"},
+        {"{\\rtf1{\\listtext\\pard 1.\\tab}a}", "1.\ta"},
+        {"{\\rtf1{\\upr{ansi}{\\*\\ud{\\u1050?}}}a}", "Кa"},
+        {"{\\rtf1{\\object\\objemb{\\*\\objdata 00}{\\result{shown}}lost}a}", "showna"},
+        {"{\\rtf1{\\shp{\\*\\shpinst{\\sp{\\sn x}{\\sv y}}{\\shptxt in\\par}}{\\shprslt out}}a}",
+         "in\va"},
+    });
+}
+
+TEST_CASE("rtf reader: unicode characters and what stands for them elsewhere") {
+    CheckTexts({
+        {"{\\rtf1\\u8364?x}", "€x"},
+        {"{\\rtf1\\u8364 ?x}", "€x"},
+        {"{\\rtf1\\u-4064?x}", "\uF020x"},
+        {"{\\rtf1\\u8364\\'80x}", "€x"},
+        {"{\\rtf1\\uc0\\u8364 x}", "€x"},
+        {"{\\rtf1\\uc2\\u8364\\'a2\\'e3x}", "€x"},
+        {"{\\rtf1\\uc2\\u8364 ab{\\uc0\\u8364 c}\\u8364 de}", "€€c€"},
+        {"{\\rtf1{\\uc0\\u8364 a}\\u8364 bc}", "€a€c"},
+        {"{\\rtf1\\uc3\\u8364 a}b", "€"},
+        {"{\\rtf1\\uc3{\\u8364 a}b}", "€b"},
+        {"{\\rtf1\\u8212\\emdash x}", "—x"},
+        {"{\\rtf1\\u8212\\b x}", "—"},
+        {"{\\rtf1\\uc1\\u1050\\u1050?x}", "ККx"},
+        {"{\\rtf1\\u8364\\bin3 abcx}", "€x"},
+        {"{\\rtf1\\u-10179?\\u-8704?x}", "😀x"},
+        {"{\\rtf1\\u55357?\\u56832?x}", "😀x"},
+        {"{\\rtf1\\u128512?x}", "😀x"},
+        {"{\\rtf1\\u-10179?x}", "\uFFFDx"},
+        {"{\\rtf1\\u-10179?\\par x}", "\uFFFD\nx"},
+        {"{\\rtf1 x\\u-10179?}", "x\uFFFD"},
+        {"{\\rtf1\\u-8704?x}", "\uFFFDx"},
+        {"{\\rtf1\\u-10179?\\u-10179?\\u-8704?x}", "\uFFFD😀x"},
+        {"{\\rtf1\\u0?\\u7?\\u31?x}", "x"},
+        {"{\\rtf1\\u10?\\u13?\\u11?\\u9?x}", "\v\v\v\tx"},
+        {"{\\rtf1\\u-4?x}", "\uFFFDx"},
+        {"{\\rtf1\\u99999999?x}", "\uFFFDx"},
+        {"{\\rtf1\\uc-5\\u8364 x}", "€x"},
+    });
+}
+
+TEST_CASE("rtf reader: code pages of the document") {
+    CheckTexts({
+        {"{\\rtf1\\ansi\\ansicpg1251\\'cf\\'f0}", "Пр"},
+        {"{\\rtf1\\ansi\\ansicpg1251 \xCF\xF0}", "Пр"},
+        {"{\\rtf1\\mac\\'8e}", "é"},
+        {"{\\rtf1\\pc\\'82}", "é"},
+        {"{\\rtf1\\pca\\'d0}", "ð"},
+        {"{\\rtf1\\ansi\\'e9}", "é"},
+        {"{\\rtf1\\ansi\\ansicpg0\\'e9}", "é"},
+        {"{\\rtf1\\ansi\\ansicpg4711\\'e9}", "é"},
+        {"{\\rtf1\\ansicpg65001\\'c3\\'a9 \xC3\xA9\xE2\x82\xAC}", "é é€"},
+        {"{\\rtf1\\ansicpg65001 \xC3x\xE2\x82}", "\uFFFDx\uFFFD\uFFFD"},
+    });
+    CHECK(ReadText("{\\rtf1\\'cf}", 1251) == "П");
+    CHECK(ReadText("{\\rtf1\\ansi\\'cf}", 1251) == "П");
+    CHECK(ReadText("{\\rtf1\\ansi\\ansicpg1252\\'cf}", 1251) == "Ï");
+}
+
+TEST_CASE("rtf reader: code pages of fonts") {
+    CheckTexts({
+        {"{\\rtf1\\ansicpg1252{\\fonttbl{\\f0\\fcharset204 A;}{\\f1 B;}}\\f0\\'cf\\f1\\'cf}", "ПÏ"},
+        {"{\\rtf1\\ansicpg1252\\deff3{\\fonttbl{\\f3\\fcharset204 A;}}\\'cf{\\f9\\'cf}}", "ПП"},
+        {"{\\rtf1\\ansicpg1251{\\fonttbl{\\f0\\fcharset0 A;}}\\f0\\'cf}", "Ï"},
+        {"{\\rtf1{\\fonttbl{\\f0\\fcharset128\\cpg1251 A;}}\\f0\\'cf}", "П"},
+        {"{\\rtf1{\\fonttbl{\\f0\\cpg1251\\fcharset128 A;}}\\f0\\'cf}", "П"},
+        {"{\\rtf1{\\fonttbl\\f0\\fcharset204 A;\\f1\\fcharset161 B;}\\f0\\'cf\\f1\\'cf}", "ПΟ"},
+        {"{\\rtf1{\\fonttbl{\\f0\\fcharset204 A;}}{\\f0\\'cf}\\plain\\'cf}", "ПП"},
+        {"{\\rtf1{\\fonttbl{\\f0\\fcharset204 A;}{\\f1 B;}}\\f1{\\f0\\'cf}\\'cf}", "ПÏ"},
+    });
+}
+
+TEST_CASE("rtf reader: characters of several bytes in all their spellings") {
+    CheckTexts({
+        {"{\\rtf1\\ansicpg932\\'83\\'65\\'83\\'58}", "テス"},
+        {"{\\rtf1\\ansicpg932\\'83e\\'83X}", "テス"},
+        {"{\\rtf1\\ansicpg932\\'83\r\ne\\'83\r\nX}", "テス"},
+        {"{\\rtf1\\ansicpg932 \x83\x65\x83\x58}", "テス"},
+        {"{\\rtf1\\ansicpg932 a\x83\\'65"
+         "b\\'83\x58"
+         "c}",
+         "aテbスc"},
+        {"{\\rtf1\\ansicpg932\\'83\\\\}", "ソ"},
+        {"{\\rtf1\\ansicpg932\\'83\\'5c}", "ソ"},
+        {"{\\rtf1\\ansicpg932\\'b1\\'b2}", "ｱｲ"},
+        {"{\\rtf1\\ansicpg932\\'83\\par x}", "\uFFFD\nx"},
+        {"{\\rtf1\\ansicpg932\\'83}", "\uFFFD"},
+        {"{\\rtf1\\ansicpg932{\\'83}e}", "\uFFFDe"},
+        {"{\\rtf1\\ansicpg932\\'83\\u8364?e}", "\uFFFD€e"},
+        {"{\\rtf1\\ansicpg949\\'b8\\'bc\\'c0\\'ba}", "맑은"},
+        {"{\\rtf1\\ansicpg936\\'d6\\'d0\\'b9\\'fa}", "中国"},
+        {"{\\rtf1\\ansicpg54936\\'81\\'30\\'81\\'30 x}", "\u0080 x"},
+        {"{\\rtf1\\ansicpg950\\'a4\\'a4\\'a4\\'e5}", "中文"},
+        {"{\\rtf1{\\fonttbl{\\f0\\fcharset134 A;}{\\f1\\fcharset204 B;}}\\f0\\'d6\\f1\\'d0}",
+         "\uFFFDР"},
+    });
+}
+
+TEST_CASE("rtf reader: font names are read in the font's own characters") {
+    const Document document =
+        ReadRtf("{\\rtf1\\ansi\\deff1{\\fonttbl{\\f0\\fcharset204 \\'cf{\\*\\falt x};}"
+                "{\\f1 {\\*\\panose 02}Main;}{\\f2\\u1050?  ;}{\\f3 Main;}{\\f4 no end}}"
+                "\\f0 a\\f1 b\\f2 c\\f3 d\\f4 e}",
+                1252);
+    const std::vector<std::u16string> names{u"Main", u"П", u"К", u"no end"};
+    CHECK(document.fonts == names);
+    const std::u16string expected[] = {u"П", u"Main", u"К", u"Main", u"no end"};
+    for (TextPos i = 0; i < 5; ++i)
+        CHECK(document.fonts[document_check::CharStyleAt(document, i).font] == expected[i]);
+}
+
+TEST_CASE("rtf reader: the default font may be named after the table") {
+    const Document document = ReadRtf("{\\rtf1{\\fonttbl{\\f4 Four;}{\\f5 Five;}}\\deff5 a}", 1252);
+    CHECK(document.fonts[document_check::CharStyleAt(document, 0).font] == u"Five");
+}
