@@ -43,4 +43,7 @@ constexpr std::size_t maxRtfFieldLength =
 
 // The largest page is 22 inches wide and high.
 constexpr std::int32_t maxRtfTwips = 22 * 1440;
+constexpr std::int32_t ClampRtfTwips(std::int32_t twips) {
+    return twips < -maxRtfTwips ? -maxRtfTwips : twips > maxRtfTwips ? maxRtfTwips : twips;
+}
 constexpr std::int32_t maxRtfHalfPoints = 2 * 1638;

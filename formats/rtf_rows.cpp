@@ -8,18 +8,14 @@ namespace {
 
 constexpr std::int32_t undefinedCellWidth = 1440; // twips, of a cell that has no \cellx
 
-std::int32_t Twips(std::int32_t value) {
-    return std::clamp(value, -maxRtfTwips, maxRtfTwips);
-}
-
 } // namespace
 
 void RtfRowDefinition::Apply(const RtfWordEntry& entry, std::int32_t parameter,
                              const RtfColorTable& colors) {
     switch (entry.word) {
     case RtfWord::RowDefaults: *this = {}; break;
-    case RtfWord::RowLeftEdge: leftEdge = Twips(parameter); break;
-    case RtfWord::CellGap: cellGap = std::max(0, Twips(parameter)); break;
+    case RtfWord::RowLeftEdge: leftEdge = ClampRtfTwips(parameter); break;
+    case RtfWord::CellGap: cellGap = std::max(0, ClampRtfTwips(parameter)); break;
     case RtfWord::RowDirection: rightToLeft = entry.value != 0; break;
     case RtfWord::MergedLeft: next_.mergedLeft = true; break;
     case RtfWord::MergedAbove: next_.mergedAbove = true; break;
@@ -29,7 +25,7 @@ void RtfRowDefinition::Apply(const RtfWordEntry& entry, std::int32_t parameter,
         if (border_ != RowBorder::None) next_.borders[static_cast<int>(border_)] = entry.value != 0;
         break;
     case RtfWord::CellRightEdge:
-        next_.rightEdge = Twips(parameter);
+        next_.rightEdge = ClampRtfTwips(parameter);
         if (cells.size() < maxRtfRowCells) cells.push_back(next_);
         next_ = {};
         border_ = RowBorder::None;

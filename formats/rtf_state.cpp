@@ -28,10 +28,6 @@ void SetFontSize(CharStyle& style, std::int32_t halfPoints) {
         style.halfPoints = static_cast<std::uint16_t>(std::min(halfPoints, maxRtfHalfPoints));
 }
 
-std::int32_t Twips(std::int32_t value) {
-    return std::clamp(value, -maxRtfTwips, maxRtfTwips);
-}
-
 void AddTabStop(std::vector<std::int32_t>& stops, std::int32_t position) {
     if (position <= 0 || stops.size() == maxRtfTabStops) return;
     const auto place = std::lower_bound(stops.begin(), stops.end(), position);
@@ -87,12 +83,12 @@ void ApplyParagraphWord(RtfState& state, const RtfWordEntry& entry, bool hasPara
         state.inTable = false;
         break;
     case RtfWord::Align: style.alignment = static_cast<Alignment>(entry.value); break;
-    case RtfWord::LeftIndent: style.leftIndent = Twips(parameter); break;
-    case RtfWord::RightIndent: style.rightIndent = Twips(parameter); break;
-    case RtfWord::FirstLineIndent: style.firstLineIndent = Twips(parameter); break;
-    case RtfWord::SpaceBefore: style.spaceBefore = std::max(0, Twips(parameter)); break;
-    case RtfWord::SpaceAfter: style.spaceAfter = std::max(0, Twips(parameter)); break;
-    case RtfWord::LineSpacing: style.lineSpacing = Twips(parameter); break;
+    case RtfWord::LeftIndent: style.leftIndent = ClampRtfTwips(parameter); break;
+    case RtfWord::RightIndent: style.rightIndent = ClampRtfTwips(parameter); break;
+    case RtfWord::FirstLineIndent: style.firstLineIndent = ClampRtfTwips(parameter); break;
+    case RtfWord::SpaceBefore: style.spaceBefore = std::max(0, ClampRtfTwips(parameter)); break;
+    case RtfWord::SpaceAfter: style.spaceAfter = std::max(0, ClampRtfTwips(parameter)); break;
+    case RtfWord::LineSpacing: style.lineSpacing = ClampRtfTwips(parameter); break;
     case RtfWord::LineSpacingIsMultiple: style.lineSpacingIsMultiple = on; break;
     case RtfWord::ParagraphDirection: style.rightToLeft = entry.value != 0; break;
     case RtfWord::TabStop: AddTabStop(style.tabStops, parameter); break;

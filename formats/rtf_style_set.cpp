@@ -1,7 +1,5 @@
 #include "formats/rtf_style_set.h"
 
-#include "formats/document.h"
-
 #include <initializer_list>
 
 namespace {

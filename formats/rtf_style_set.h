@@ -2,13 +2,15 @@
 // default.
 #pragma once
 
+#include "formats/document.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <utility>
 #include <vector>
 
-std::size_t HashOf(const struct CharStyle& style);
-std::size_t HashOf(const struct ParagraphStyle& style);
+std::size_t HashOf(const CharStyle& style);
+std::size_t HashOf(const ParagraphStyle& style);
 
 template <typename Style, std::size_t limit>
 class RtfStyleSet {

@@ -8,6 +8,7 @@
 #include <memory>
 
 class MenuStyle;
+class ModelMenu;
 class QMenu;
 class QMenuBar;
 class QtWindow;
@@ -22,8 +23,7 @@ class QtMenuBar final : public QObject, public MenuBar {
 
   private:
     QMenu* AddMenu(QWidget* parent, const MenuItem& item, MenuArray& array);
-    void Fill(QMenu&, const MenuArray&);
-    void AddItem(QMenu&, MenuArray&, int index);
+    void Fill(ModelMenu&, const MenuArray&);
     void PrepareMenu(QMenu&);
 
     QtWindow& window_;

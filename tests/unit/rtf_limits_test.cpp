@@ -6,6 +6,7 @@
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <cstdlib>
@@ -140,42 +141,48 @@ std::string DifferentPieces(const std::string& start, const std::string& before,
     return rtf;
 }
 
-const std::size_t nastySize = 2'000'000;
-const std::size_t constantCost = 16'000'000;
+constexpr std::size_t nastySize = 1'000'000;
+constexpr std::size_t constantCost = 16'000'000;
+constexpr std::size_t costPerByte = 10;
+
+// Twice the size shows what a byte costs without the constants.
+template <typename MakeFile>
+void CheckCost(MakeFile makeFile) {
+    const Cost one = CostOfReading(makeFile(nastySize));
+    const Cost two = CostOfReading(makeFile(2 * nastySize));
+    CHECK(one.bytes <= costPerByte * nastySize + constantCost);
+    CHECK(two.bytes <= costPerByte * nastySize + std::max(one.bytes, constantCost));
+    CHECK(two.seconds < 5);
+}
 
 } // namespace
 
 TEST_CASE("rtf limits: memory is at most ten times the file and a constant") {
-    for (const auto& [start, piece] : nastyFiles) {
-        CAPTURE(start);
-        CAPTURE(piece);
-        const Cost cost = CostOfReading(Repeat(start, piece, nastySize));
-        CHECK(cost.bytes <= 10 * nastySize + constantCost);
-        CHECK(cost.seconds < 5);
-    }
-    for (const auto& [before, after] : {std::pair<std::string, std::string>{"\\fs", "x"},
-                                        {"{\\f", " a;}"},
-                                        {"\\li", "\\par"},
-                                        {"\\tx", "\\par"},
-                                        {"{\\field{\\*\\fldinst HYPERLINK ", "}{\\fldrslt b}}"},
-                                        {"\\ansicpg", "\\'e9"},
-                                        {"\\u", "?"}}) {
-        CAPTURE(before);
-        CHECK(CostOfReading(DifferentPieces("{\\rtf1{\\fonttbl", before, after, nastySize)).bytes <=
-              10 * nastySize + constantCost);
-        CHECK(CostOfReading(DifferentPieces("{\\rtf1 ", before, after, nastySize)).bytes <=
-              10 * nastySize + constantCost);
+    for (const auto& c : nastyFiles) {
+        CAPTURE(c.start);
+        CAPTURE(c.piece);
+        CheckCost([&](std::size_t size) { return Repeat(c.start, c.piece, size); });
     }
 }
 
-TEST_CASE("rtf limits: what a byte costs in the long run") {
-    // Twice the size costs at most ten bytes more for each byte more: constants stay out of it.
-    for (const auto& [start, piece] : nastyFiles) {
-        CAPTURE(start);
-        CAPTURE(piece);
-        const Cost one = CostOfReading(Repeat(start, piece, nastySize * 2));
-        const Cost two = CostOfReading(Repeat(start, piece, nastySize * 3));
-        if (two.bytes > one.bytes) CHECK((two.bytes - one.bytes) / nastySize <= 10);
+TEST_CASE("rtf limits: fonts, styles and links that all differ cost no more") {
+    struct {
+        std::string start, before, after;
+    } const cases[] = {
+        {"{\\rtf1 ", "\\fs", "x"},
+        {"{\\rtf1 ", "\\cf1\\b\\fs", "x\\b0 y\\i z\\i0\\li7\\par"},
+        {"{\\rtf1{\\fonttbl", "{\\f", " a;}"},
+        {"{\\rtf1{\\fonttbl", "{\\f1 a", ";}"},
+        {"{\\rtf1 ", "\\li", "\\par"},
+        {"{\\rtf1 ", "\\tx", "\\par"},
+        {"{\\rtf1 ", "{\\field{\\*\\fldinst HYPERLINK ", "}{\\fldrslt b}}"},
+        {"{\\rtf1 ", "\\ansicpg", "\\'e9"},
+        {"{\\rtf1 ", "\\u", "?"},
+    };
+    for (const auto& c : cases) {
+        CAPTURE(c.before);
+        CheckCost(
+            [&](std::size_t size) { return DifferentPieces(c.start, c.before, c.after, size); });
     }
 }
 

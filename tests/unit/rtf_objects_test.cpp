@@ -42,17 +42,17 @@ TEST_CASE("rtf pictures: kinds, bytes and sizes") {
         {"\\picwgoal100\\picscalex0\\picscaley-5\\pichgoal9\\pngblip 41", PictureFormat::Png, "A",
          100, 9},
     };
-    for (const auto& [words, format, bytes, width, height] : cases) {
-        CAPTURE(words);
-        const Document document = Read("a{\\pict" + words + "}b");
+    for (const auto& c : cases) {
+        CAPTURE(c.words);
+        const Document document = Read("a{\\pict" + c.words + "}b");
         CHECK(Utf16ToUtf8(document.text) == "a\uFFFCb");
         REQUIRE(document.pictures.size() == 1);
         const Picture& picture = document.pictures[0];
         CHECK(picture.position == 1);
-        CHECK(picture.format == format);
-        CHECK(picture.bytes == bytes);
-        CHECK(picture.widthTwips == width);
-        CHECK(picture.heightTwips == height);
+        CHECK(picture.format == c.format);
+        CHECK(picture.bytes == c.bytes);
+        CHECK(picture.widthTwips == c.width);
+        CHECK(picture.heightTwips == c.height);
     }
 }
 
@@ -72,11 +72,11 @@ TEST_CASE("rtf pictures: which of several is shown") {
         {"{\\shp{\\*\\shpinst{\\sp{\\sn fillBlip}{\\sv{\\pict\\pngblip 41}}}}}", 0},
         {"{\\*\\listpicture{\\pict\\pngblip 41}}", 0},
     };
-    for (const auto& [body, pictures] : cases) {
-        CAPTURE(body);
-        const Document document = Read(body);
-        CHECK(document.pictures.size() == pictures);
-        CHECK(document.text.size() == pictures);
+    for (const auto& c : cases) {
+        CAPTURE(c.body);
+        const Document document = Read(c.body);
+        CHECK(document.pictures.size() == c.pictures);
+        CHECK(document.text.size() == c.pictures);
     }
 }
 
@@ -109,9 +109,9 @@ TEST_CASE("rtf fields: the address of a link") {
         {u"PAGE \\* MERGEFORMAT", u""},
         {u"INCLUDEPICTURE \"a\"", u""},
     };
-    for (const auto& [instruction, address] : cases) {
-        CAPTURE(Utf16ToUtf8(instruction));
-        CHECK(LinkOfField(instruction) == address);
+    for (const auto& c : cases) {
+        CAPTURE(Utf16ToUtf8(c.instruction));
+        CHECK(LinkOfField(c.instruction) == c.address);
     }
     for (const std::u16string_view address : {u"http://a", u"#place", u"a \"b\" \\c", u"а#б"})
         CHECK(LinkOfField(FieldOfLink(address)) == address);
@@ -156,9 +156,9 @@ TEST_CASE("rtf notes: stand after the text, with their numbers") {
         {"a{\\*\\footnote x}b", "ab\nx\n"},
         {"a{\\footnote", "a"},
     };
-    for (const auto& [body, text] : cases) {
-        CAPTURE(body);
-        CHECK(Utf16ToUtf8(Read(body).text) == text);
+    for (const auto& c : cases) {
+        CAPTURE(c.body);
+        CHECK(Utf16ToUtf8(Read(c.body).text) == c.text);
     }
 }
 

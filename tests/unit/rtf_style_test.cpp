@@ -82,11 +82,11 @@ TEST_CASE("rtf reader: words that change characters") {
         {"{\\b a}x", [](CharStyle&) {}},
         {"{\\b{\\i a}x}", [](CharStyle& s) { s.bold = true; }},
     };
-    for (const auto& [body, change] : cases) {
-        CAPTURE(body);
+    for (const auto& c : cases) {
+        CAPTURE(c.body);
         CharStyle expected;
-        change(expected);
-        CHECK(LastCharStyle(body) == expected);
+        c.change(expected);
+        CHECK(LastCharStyle(c.body) == expected);
     }
 }
 
@@ -134,11 +134,11 @@ TEST_CASE("rtf reader: words that change paragraphs") {
              s.firstLineIndent = -maxRtfTwips;
          }},
     };
-    for (const auto& [body, change] : cases) {
-        CAPTURE(body);
+    for (const auto& c : cases) {
+        CAPTURE(c.body);
         ParagraphStyle expected;
-        change(expected);
-        CHECK(FirstParagraphStyle(body) == expected);
+        c.change(expected);
+        CHECK(FirstParagraphStyle(c.body) == expected);
     }
 }
 

@@ -29,8 +29,8 @@ std::string Rows(const std::string& body) {
     const Document document = Read(body);
     std::string text = TextOf(document);
     for (auto row = document.rows.rbegin(); row != document.rows.rend(); ++row) {
-        text.insert(static_cast<std::size_t>(row->end), "]");
-        text.insert(static_cast<std::size_t>(row->start), "[");
+        text.insert(static_cast<std::size_t>(row->end), 1, ']');
+        text.insert(static_cast<std::size_t>(row->start), 1, '[');
     }
     return text;
 }
@@ -67,9 +67,9 @@ TEST_CASE("rtf tables: which text becomes rows and cells") {
          "[a\tb\nc|\n]"},
         {"{\\footnote a\\cell b\\cell\\row c}", "a\tb\t\nc\n"},
     };
-    for (const auto& [body, text] : cases) {
-        CAPTURE(body);
-        CHECK(Rows(body) == text);
+    for (const auto& c : cases) {
+        CAPTURE(c.body);
+        CHECK(Rows(c.body) == c.text);
     }
 }
 

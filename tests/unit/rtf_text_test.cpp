@@ -19,9 +19,9 @@ std::string ReadText(std::string_view rtf, int systemCodePage = 1252) {
 
 template <std::size_t count>
 void CheckTexts(const TextCase (&cases)[count]) {
-    for (const auto& [rtf, text] : cases) {
-        CAPTURE(rtf);
-        CHECK(ReadText(rtf) == text);
+    for (const auto& c : cases) {
+        CAPTURE(c.rtf);
+        CHECK(ReadText(c.rtf) == c.text);
     }
 }
 

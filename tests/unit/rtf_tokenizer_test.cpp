@@ -68,9 +68,9 @@ TEST_CASE("rtf tokenizer: groups, words, symbols and text") {
         {"\\B\\b", "word B; word b; "},
         {"\xE9\xFF", "text \xE9\xFF; "},
     };
-    for (const auto& [rtf, tokens] : cases) {
-        CAPTURE(rtf);
-        CHECK(Tokens(rtf) == tokens);
+    for (const auto& c : cases) {
+        CAPTURE(c.rtf);
+        CHECK(Tokens(c.rtf) == c.tokens);
     }
 }
 

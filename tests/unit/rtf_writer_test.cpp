@@ -243,12 +243,12 @@ TEST_CASE("rtf writer: whole rows are a table, parts of rows are paragraphs") {
         {5, 2, u"\n", 0},
         {14, 2, u"d\n", 0},
     };
-    for (const auto& [start, length, text, rows] : cases) {
-        CAPTURE(start);
-        CAPTURE(length);
-        const Document part = ReadAgain(document, start, length);
-        CHECK(part.text == text);
-        CHECK(part.rows.size() == rows);
+    for (const auto& c : cases) {
+        CAPTURE(c.start);
+        CAPTURE(c.length);
+        const Document part = ReadAgain(document, c.start, c.length);
+        CHECK(part.text == c.text);
+        CHECK(part.rows.size() == c.rows);
     }
 }
 
