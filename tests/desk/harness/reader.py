@@ -103,10 +103,9 @@ class Reader:
 
     def popups(self):
         """The open menus, in no order."""
-        return [window for window in self._search("--name", ".*")
-                if "_NET_WM_WINDOW_TYPE_POPUP_MENU" in self.property("_NET_WM_WINDOW_TYPE", window)
-                or "_NET_WM_WINDOW_TYPE_DROPDOWN_MENU"
-                in self.property("_NET_WM_WINDOW_TYPE", window)]
+        return [window for window in self._search()
+                if window != self.window and "Override Redirect State: yes"
+                in self.screen.output("xwininfo", "-id", str(window))]
 
     def property(self, name, window=None):
         return self.screen.output("xprop", "-id", str(window or self.window), name)
