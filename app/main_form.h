@@ -29,6 +29,7 @@ struct MainForm {
     std::u16string findText; // the last text searched for, "" for none yet
     FindOptions findOptions;
     std::vector<std::u16string> findHistory; // of the shown book, newest first
+    int newBookmark = -1; // defined just now: stands out when the Bookmark menu opens next
     DateNames dateNames;
     WindowPlacement placement;
     int resizeNesting = 0;

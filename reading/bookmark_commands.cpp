@@ -8,6 +8,7 @@
 #include "reading/text_routines.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 constexpr TextPos longestMark = 80,
@@ -59,8 +60,9 @@ void mBookmark_Click(MainForm& form, int) {
     menu.mBookmarkNext[0].enabled = InRange(current, 0, count - 2, true);
     menu.mBookmarkPrev[0].enabled = InRange(current, 1, count - 1, true);
     menu.mBookmarkLast[0].enabled = !menu.mBookmarkLast[0].tag.empty();
-    for (MenuItem& item : menu.mBookmarkList.items)
-        item.standard = false;
+    const int fresh = std::exchange(form.newBookmark, -1);
+    for (int i = 0; i < count; ++i)
+        menu.mBookmarkList[i].standard = i == fresh;
 }
 
 void mBookmarkNew_Click(MainForm& form, int) {
@@ -72,8 +74,8 @@ void mBookmarkNew_Click(MainForm& form, int) {
     const int index = PlaceMark(list, start);
     list[index].tag = NumberText(start) + u',' + NumberText(length);
     RefreshBookmarkMenu(form, -1, false);
+    form.newBookmark = index;
     form.ports.menuBar->ShowMenu(form.menu.mBookmark);
-    list[index].standard = true;
 }
 
 void mBookmarkNext_Click(MainForm& form, int) {

@@ -43,8 +43,12 @@ TEST_CASE("bookmarks: defined out of order they are kept in order") {
     CHECK(test.Menu().mBookmarkList[1].caption == u"8 line"); // a line end shows as a blank
     CHECK(test.Menu().mBookmarkDeleteList.Count() == 5);
     CHECK(test.Menu().mBookmarkDeleteList[4].caption == test.Menu().mBookmarkList[4].caption);
-    CHECK(test.Menus().shown == &test.Menu().mBookmark);
-    CHECK(test.Menu().mBookmarkList[3].standard); // the last one defined
+    REQUIRE(test.Menus().shown == &test.Menu().mBookmark);
+    test.Menus().Open(*test.Menus().shown);
+    for (int i = 0; i < 5; ++i)
+        CHECK(test.Menu().mBookmarkList[i].standard == (i == 3)); // the last one defined
+    test.Menus().Open(test.Menu().mBookmark);
+    CHECK_FALSE(test.Menu().mBookmarkList[3].standard);
     test.Close();
     TestForm next(test);
     REQUIRE(next.Start());
