@@ -16,8 +16,8 @@
 
 namespace {
 
-constexpr double smallestSize = 1, largestSize = 1638; // points
-constexpr int sampleHeight = 90, swatchWidth = 32;     // pixels
+constexpr double smallestSize = 1, largestSize = 1638;                // points
+constexpr int sampleWidth = 300, sampleHeight = 90, swatchWidth = 32; // pixels
 
 // A whole size is shown as one.
 class SizeBox final : public QDoubleSpinBox {
@@ -114,6 +114,7 @@ void FontDialog::AddSample(QFormLayout& form) {
     sample_->setTextFormat(Qt::PlainText);
     sample_->setAlignment(Qt::AlignCenter);
     sample_->setFixedHeight(sampleHeight);
+    sample_->setMinimumWidth(sampleWidth);
     sample_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     sample_->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     sample_->setAutoFillBackground(true);

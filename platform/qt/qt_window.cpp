@@ -26,6 +26,7 @@ constexpr int largestExtent = 16384; // pixels; beyond it X11 and the drawing bu
 constexpr int settlingTime = 300;    // milliseconds; window managers answer within a few
 constexpr int stateDelay = 50;       // milliseconds
 constexpr int notch = 120;           // of a wheel, in eighths of a degree
+constexpr double readingSize = 12;   // points
 constexpr double twipsPerInch = 1440;
 
 int Extent(int asked, int frame) {
@@ -193,11 +194,10 @@ void QtWindow::SetPanelBounds(const Rect& bounds) {
 }
 
 ViewFont QtWindow::DefaultViewFont() const {
-    const QFontInfo info(
-        QApplication::font()); // the font in use behind an alias such as "Sans Serif"
+    const QFontInfo serif(QFont("Serif")); // the face in use behind the alias
     ViewFont viewFont;
-    viewFont.name = FromQt(info.family());
-    viewFont.size = info.pointSizeF();
+    viewFont.name = FromQt(serif.family());
+    viewFont.size = readingSize;
     return viewFont;
 }
 
