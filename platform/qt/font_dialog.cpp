@@ -6,6 +6,7 @@
 #include "platform/qt/text_view/char_formats.h"
 
 #include <QCheckBox>
+#include <QCompleter>
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
 #include <QFontComboBox>
@@ -54,6 +55,8 @@ FontDialog::FontDialog(QWidget* parent, const ViewFont& font, Color color)
 
 void FontDialog::AddFaceAndStyle(QFormLayout& form) {
     face_ = new QFontComboBox;
+    // Inline completion would take the Enter key, which is to confirm the dialog.
+    face_->completer()->setCompletionMode(QCompleter::PopupCompletion);
     shownFace_ = ToQt(given_.name);
     if (const int index = face_->findText(shownFace_, Qt::MatchFixedString); index >= 0)
         face_->setCurrentIndex(index);
