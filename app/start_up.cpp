@@ -11,6 +11,7 @@
 #include "common/list_persistence.h"
 #include "common/menu_items.h"
 #include "common/text.h"
+#include "reading/keyboard.h"
 #include "shell/options.h"
 
 namespace {
@@ -75,6 +76,7 @@ bool Form_Load(MainForm& form) {
     {
         IniBatch oneWrite(*form.dataFile); // start-up's own entries, written in one step
         SetUpMenus(form.menu);
+        ShowShortcuts(form);
         Register(form);
         form.HelpFilePath = ProgramFile(*form.ports.files, launch, u".hlp");
         form.ports.dialogs->SetHelpFile(form.HelpFilePath);
