@@ -55,16 +55,17 @@ class Impatience(Story):
                             chance.choice((1, 30)), button)
 
     def calm_down(self):
-        """Leaves whatever menu or dialog is still open."""
+        """Leaves whatever menu or dialog is still open; then the program answers to a key."""
         def is_alone():
-            if not self.program.is_waiting():
-                return False
-            if len(self.program.windows()) == 1 and self.program.is_active():
+            if len(self.program.windows()) > 1:
+                self.program.key("Escape")
+            elif not self.program.is_active():
+                self.screen.xdotool("windowactivate", self.program.window)
+            else:
                 return True
-            self.program.key("Escape")
-            self.screen.xdotool("windowactivate", self.program.window)
             return False
-        wait_for(is_alone, "the window to be left alone")
+        wait_for(lambda: self.program.is_waiting() and is_alone() and self.program.is_waiting(),
+                 "the window to be left alone")
         self.program.finish_keys()
 
     def test_hammering(self):

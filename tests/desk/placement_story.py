@@ -48,7 +48,14 @@ class Placement(Story):
     def toggle_maximised(self):
         was = self.is_maximised()
         self.program.key("super+m")
-        wait_for(lambda: self.is_maximised() != was, "the other state")
+        wait_for(lambda: self.is_maximised() != was and self.program.is_waiting(),
+                 "the other state")
+
+    def minimise_and_restore(self):
+        self.program.minimise()
+        wait_for(self.program.is_waiting, "the program to see that")
+        self.program.activate()
+        wait_for(self.program.is_waiting, "the program to see that")
 
     def test_moved_and_resized(self):
         for rectangle in ((100, 120, 640, 480), (300, 50, 500, 700), (37, 41, 333, 222)):
@@ -97,8 +104,7 @@ class Placement(Story):
 
     def test_minimised_and_restored(self):
         normal = self.place(150, 90, 600, 500)
-        self.program.minimise()
-        self.program.activate()
+        self.minimise_and_restore()
         self.wait_for_rectangle(normal)
         self.program.close()
         self.assertEqual(self.program.data().value("Default", "State"), "0")
@@ -123,8 +129,7 @@ class Placement(Story):
     def test_minimised_from_maximised(self):
         normal = self.place(150, 90, 600, 500)
         self.toggle_maximised()
-        self.program.minimise()
-        self.program.activate()
+        self.minimise_and_restore()
         wait_for(self.is_maximised, "the maximised window")
         self.toggle_maximised()
         self.wait_for_rectangle(normal)

@@ -7,6 +7,7 @@ import subprocess
 
 from harness.data_file import DataFile
 from harness.picture import grab
+from harness.screen import is_asleep
 from harness.wait import wait_for
 
 PROGRAM = os.environ.get("NORVASET_PROGRAM", "")
@@ -89,9 +90,8 @@ class Reader:
         return self.process.poll() is None
 
     def is_waiting(self):
-        """Whether the program sleeps: it has handled every key sent so far."""
-        with open(f"/proc/{self.process.pid}/stat", encoding="ascii") as file:
-            return file.read().rsplit(")", 1)[1].split()[0] == "S"
+        """Whether the program has handled everything that happened to it so far."""
+        return self.screen.is_quiet() and is_asleep(self.process)
 
     def stop(self):
         """Ends what a failed part of a story left."""

@@ -56,10 +56,19 @@ class Screen:
     def xdotool(self, *arguments):
         return self.output("xdotool", *map(str, arguments))
 
+    def is_quiet(self):
+        """Whether the X server and the window manager have done all that was asked so far."""
+        return all(is_asleep(process) for process in self._processes)
+
     def stop(self):
         for process in reversed(self._processes):
             process.terminate()
             process.wait()
+
+
+def is_asleep(process):
+    with open(f"/proc/{process.pid}/stat", encoding="ascii") as file:
+        return file.read().rsplit(")", 1)[1].split()[0] == "S"
 
 
 def missing_tools():
