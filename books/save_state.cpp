@@ -40,8 +40,11 @@ void UpdateRecord(MainForm& form, int index, bool takesPlace) {
 } // namespace
 
 void SaveBookState(MainForm& form, int index) {
-    if (index == 0 && !IsBookShown(form)) return; // the first of the list was never opened: nothing to keep
+    if (index == 0 && !IsBookShown(form))
+        return; // the first of the list was never opened: nothing to keep
     UpdateRecord(form, index, index == 0);
 }
 
-void SaveNewBookState(MainForm& form, int index) { UpdateRecord(form, index, false); }
+void SaveNewBookState(MainForm& form, int index) {
+    UpdateRecord(form, index, false);
+}

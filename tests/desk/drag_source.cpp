@@ -25,6 +25,12 @@ class RawAddresses final : public QMimeData {
     QByteArray addresses_;
 };
 
+// To the story, line by line.
+void Say(const char* word) {
+    std::puts(word);
+    std::fflush(stdout);
+}
+
 class DragSource final : public QWidget {
   public:
     explicit DragSource(QByteArray addresses) : addresses_(std::move(addresses)) {}
@@ -34,11 +40,11 @@ class DragSource final : public QWidget {
         if (!(event->buttons() & Qt::LeftButton)) return;
         auto* drag = new QDrag(this);
         drag->setMimeData(new RawAddresses(addresses_));
-        std::puts("dragging");
-        std::fflush(stdout);
-        const Qt::DropAction action = drag->exec(Qt::CopyAction | Qt::MoveAction);
-        std::puts(action == Qt::IgnoreAction ? "refused" : "dropped");
-        std::fflush(stdout);
+        connect(drag, &QDrag::actionChanged, this, [](Qt::DropAction action) {
+            Say(action == Qt::IgnoreAction ? "unwanted" : "welcome");
+        });
+        Say("dragging");
+        Say(drag->exec(Qt::CopyAction) == Qt::IgnoreAction ? "refused" : "dropped");
     }
 
   private:

@@ -1,0 +1,20 @@
+"""What a menu shows, from its picture."""
+
+FRAME = 4        # pixels at each side without text
+LOWEST_TEXT = 6  # rows; what is lower is a separator
+WHITE = 255
+
+
+def row_darkness(picture):
+    """For each item that has a caption, from the top: how dark its darkest pixel is, 0 to 255.
+    The marked item counts as dark."""
+    result, height, darkest = [], 0, 0
+    for y in range(FRAME, picture.height - FRAME):
+        row = picture.row(y, FRAME, picture.width - FRAME)
+        if row == row[:3] * (len(row) // 3):
+            if height >= LOWEST_TEXT:
+                result.append(darkest)
+            height, darkest = 0, 0
+        else:
+            height, darkest = height + 1, max(darkest, WHITE - min(row))
+    return result

@@ -1,0 +1,74 @@
+"""The program is killed at any moment: the next start opens a book at the place of its last save."""
+import os
+import random
+import time
+
+from harness import books
+from harness.data_file import data_file_bytes, record_line
+from harness.story import Story, main
+from harness.wait import wait_for
+
+KILLS, SEED = 20, 71
+LONGEST_LIFE = 0.6  # seconds of reading before a kill
+
+
+class Kill(Story):
+    def setUp(self):
+        self.chance = random.Random(SEED)
+        self.program = self.reader()
+        self.books = [books.write_book(self.path(name), books.lines("latin", 50000))
+                      for name in ("lanterns.txt", "quay.txt")]
+        records = [record_line(path, Wrap=1) for path in self.books]
+        with open(self.program.data_path, "wb") as file:
+            file.write(data_file_bytes(*records))
+
+    def places(self):
+        """Both books' places; that the data file is whole is checked on the way."""
+        data = self.program.data()
+        self.assertEqual(data.value("mProfileList", "0"), "Default")
+        self.assertEqual(sorted(data.paths()), sorted(self.books))
+        return {record["Path"]: record["LastPos"] for record in data.records()}
+
+    def switch_books(self):
+        """The other book, which comes first by this, and the shown one is saved."""
+        self.program.choose_book(1, len(self.books))
+
+    def assert_opens_at_saved_place(self):
+        """Switching to the other book without reading saves the place that was opened."""
+        saved, shown = self.places(), self.program.data().paths()[0]
+        self.program.start()
+        self.program.wait_for_book(shown)
+        self.switch_books()
+        wait_for(lambda: self.program.data().paths()[0] != shown, "the other book to come first")
+        self.assertEqual(self.places(), saved)
+        self.assertEqual([], [name for name in os.listdir(self.program.folder)
+                              if name.endswith(".new")], "a killed write left something")
+
+    def read_until_killed(self):
+        end = time.monotonic() + self.chance.uniform(0, LONGEST_LIFE)
+        while time.monotonic() < end:
+            self.program.key(*["Next"] * self.chance.randint(1, 5))
+            if self.chance.random() < 0.7:
+                self.program.key("alt+f", "Up", "Up", "Return")
+        self.program.kill()
+
+    def test_while_reading_and_switching_books(self):
+        seen = set()
+        for _ in range(KILLS):
+            self.assert_opens_at_saved_place()
+            self.read_until_killed()
+            seen.add(tuple(self.places().values()))
+        self.assertGreater(len(seen), KILLS // 4, "hardly any kill came after a save")
+
+    def test_while_starting(self):
+        saved = self.places()
+        for _ in range(KILLS):
+            self.program.process = self.program.launch()
+            time.sleep(self.chance.uniform(0, 0.3))
+            self.program.kill()
+            self.assertEqual(self.places(), saved)
+        self.assert_opens_at_saved_place()
+
+
+if __name__ == "__main__":
+    main()

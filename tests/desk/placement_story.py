@@ -1,0 +1,135 @@
+"""The window comes back where it was."""
+from harness.story import Story, main
+from harness.wait import wait_for
+
+MAXIMISED = "_NET_WM_STATE_MAXIMIZED_VERT, _NET_WM_STATE_MAXIMIZED_HORZ"
+
+
+class Placement(Story):
+    def setUp(self):
+        self.program = self.reader().start()
+
+    def wait_until_settled(self):
+        """For a moment after the start the window takes the window manager's doings for answers to
+        its own wishes. Its icon, which it shows last, tells that this is over."""
+        wait_for(lambda: "Icon (16 x 16)" in self.program.property("_NET_WM_ICON"), "the icon")
+
+    def place(self, left, top, width, height):
+        self.wait_until_settled()
+        self.program.resize(width, height)
+        before = self.program.rectangle()[:2]
+        self.screen.xdotool("windowmove", self.program.window, left, top)
+        wait_for(lambda: self.program.rectangle()[:2] != before, "the window to move")
+        return self.settled_rectangle()
+
+    def settled_rectangle(self):
+        """The rectangle that the program knows, too: it has answered since."""
+        self.program.finish_keys()
+        return self.program.rectangle()
+
+    def frame(self):
+        """The rectangle with the frame."""
+        text = self.program.property("_NET_FRAME_EXTENTS").split("=")[1]
+        left, right, top, bottom = map(int, text.split(","))
+        x, y, width, height = self.program.rectangle()
+        return x - left, y - top, width + left + right, height + top + bottom
+
+    def stored(self):
+        data = self.program.data()
+        return tuple(int(data.value("Default", key)) for key in ("Left", "Top", "Width", "Height"))
+
+    def wait_for_rectangle(self, rectangle):
+        wait_for(lambda: self.program.rectangle() == rectangle,
+                 f"the window to be at {rectangle}, not {self.program.rectangle()}")
+
+    def is_maximised(self):
+        return MAXIMISED in self.program.property("_NET_WM_STATE")
+
+    def toggle_maximised(self):
+        was = self.is_maximised()
+        self.program.key("super+m")
+        wait_for(lambda: self.is_maximised() != was, "the other state")
+
+    def test_moved_and_resized(self):
+        for rectangle in ((100, 120, 640, 480), (300, 50, 500, 700), (37, 41, 333, 222)):
+            with self.subTest(rectangle=rectangle):
+                now, frame = self.place(*rectangle), self.frame()
+                self.assertEqual(now[2:], rectangle[2:])
+                self.program.close()
+                self.assertEqual(self.stored(), frame)
+                self.assertEqual(self.program.data().value("Default", "State"), "0")
+                self.program.start()
+                self.wait_for_rectangle(now)
+        self.program.close()
+        self.assertEqual(self.stored(), frame)
+
+    def test_many_starts_do_not_move_it(self):
+        now = self.place(200, 200, 500, 400)
+        for _ in range(4):
+            self.program.close()
+            self.program.start()
+            self.wait_for_rectangle(now)
+        self.program.close()
+
+    def test_closed_right_after_the_start(self):
+        now = self.place(200, 200, 500, 400)
+        self.program.close()
+        for _ in range(4):
+            self.program.process = self.program.launch()
+            self.program.window = wait_for(self.program.main_window, "the window")
+            self.program.terminate()
+        self.program.start()
+        self.wait_for_rectangle(now)
+        self.program.close()
+
+    def test_maximised(self):
+        normal, frame = self.place(150, 90, 600, 500), self.frame()
+        self.toggle_maximised()
+        self.program.close()
+        self.assertEqual(self.program.data().value("Default", "State"), "2")
+        self.assertEqual(self.stored(), frame)
+        self.program.start()
+        wait_for(self.is_maximised, "the maximised window")
+        self.toggle_maximised()
+        self.wait_for_rectangle(normal)
+        self.program.close()
+        self.assertEqual(self.stored(), frame)
+
+    def test_minimised_and_restored(self):
+        normal = self.place(150, 90, 600, 500)
+        self.program.minimise()
+        self.program.activate()
+        self.wait_for_rectangle(normal)
+        self.program.close()
+        self.assertEqual(self.program.data().value("Default", "State"), "0")
+
+    def test_closed_while_minimised(self):
+        normal, frame = self.place(150, 90, 600, 500), self.frame()
+        self.program.minimise()
+        self.program.terminate()
+        self.assertEqual(self.program.data().value("Default", "State"), "1")
+        self.assertEqual(self.stored(), frame)
+        self.program.process = self.program.launch()
+        self.program.window = int(wait_for(self.any_main_window, "the window").split()[0])
+        self.screen.xdotool("windowactivate", self.program.window)
+        self.wait_for_rectangle(normal)
+        self.program.close()
+
+    def any_main_window(self):
+        """Also a minimised one."""
+        return self.screen.xdotool("search", "--all", "--pid", self.program.process.pid, "--name",
+                                   r"^Norvaset \[")
+
+    def test_minimised_from_maximised(self):
+        normal = self.place(150, 90, 600, 500)
+        self.toggle_maximised()
+        self.program.minimise()
+        self.program.activate()
+        wait_for(self.is_maximised, "the maximised window")
+        self.toggle_maximised()
+        self.wait_for_rectangle(normal)
+        self.program.close()
+
+
+if __name__ == "__main__":
+    main()
