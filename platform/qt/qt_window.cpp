@@ -239,13 +239,14 @@ bool QtWindow::eventFilter(QObject* object, QEvent* event) {
 }
 
 bool QtWindow::KeyEvent(const QKeyEvent& event) {
-    if (QApplication::activePopupWidget()) return false; // an open menu has the keyboard
     const bool pressed = event.type() == QEvent::KeyPress;
     const int shift = ShiftMaskOf(event.modifiers());
     if (pressed && event.key() == Qt::Key_F4 && shift == AltKey) {
-        close(); // comes here only where no window manager takes the key
+        // Comes here only where no window manager takes the key, or cannot because a menu is open.
+        CloseFromSystem();
         return true;
     }
+    if (QApplication::activePopupWidget()) return false; // an open menu has the keyboard
     const int code = VirtualKeyCode(event.key(), event.modifiers(), event.nativeScanCode());
     if (code == 0) return false;
     if (pressed) {
