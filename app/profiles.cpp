@@ -3,6 +3,7 @@
 #include "app/main_form.h"
 #include "books/history_list.h"
 #include "books/open_book.h"
+#include "common/flag_scope.h"
 #include "common/list_persistence.h"
 #include "common/menu_items.h"
 #include "common/text.h"
@@ -62,7 +63,7 @@ void SyncProfileDeleteMenu(MainForm& form) {
 
 void mProfileList_Click(MainForm& form, int index) {
     if (form.menu.mProfileList[index].checked) return;
-    form.ProfileChanging = true;
+    const FlagScope changing(form.ProfileChanging);
     form.menu.mProfileList[0].checked = true;
     MakeCurrent(form, index);
     SyncProfileDeleteMenu(form);
@@ -72,5 +73,4 @@ void mProfileList_Click(MainForm& form, int index) {
     const int book = LoadHistory(form);
     if (book >= 0) mFileList_Click(form, book);
     if (!IsBookShown(form)) ShowNoBook(form);
-    form.ProfileChanging = false;
 }

@@ -7,6 +7,7 @@
 #include "app/version_text.h"
 #include "books/charsets.h"
 #include "books/save_state.h"
+#include "common/flag_scope.h"
 #include "common/list_persistence.h"
 #include "common/menu_items.h"
 #include "common/text.h"
@@ -89,9 +90,10 @@ bool Form_Load(MainForm& form) {
         FillProfileMenus(form);
         ConnectEvents(form);
     }
-    form.ProfileSwitching = true;
-    mProfileList_Click(form, 0);
-    form.ProfileSwitching = false;
+    RunCommand(form, [&form] {
+        const FlagScope switching(form.ProfileSwitching);
+        mProfileList_Click(form, 0);
+    });
     form.ports.window->Open();
     form.ports.saveTimer->Start(1000,
                                 [&form] { RunCommand(form, [&form] { toSave_Timer(form); }); });

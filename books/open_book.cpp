@@ -5,6 +5,7 @@
 #include "books/book_kind.h"
 #include "books/history_list.h"
 #include "books/save_state.h"
+#include "common/flag_scope.h"
 #include "common/menu_items.h"
 #include "common/text.h"
 
@@ -39,9 +40,8 @@ int AddBook(MainForm& form, const std::u16string& path, int kind) {
 void OpenBook(MainForm& form, const std::u16string& path, int kind) {
     const int index = AddBook(form, path, kind);
     if (index < 0) return;
-    form.OpeningBook = true;
+    const FlagScope opening(form.OpeningBook);
     mFileList_Click(form, index);
-    form.OpeningBook = false;
 }
 
 std::u16string InitialFolder(const MainForm& form, std::u16string path,

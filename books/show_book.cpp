@@ -6,6 +6,7 @@
 #include "books/history_list.h"
 #include "books/open_book.h"
 #include "books/save_state.h"
+#include "common/flag_scope.h"
 #include "common/text.h"
 #include "formats/plain_text.h"
 #include "formats/rtf_reader.h"
@@ -96,18 +97,18 @@ void mFileList_Click(MainForm& form, int index) {
     auto bytes = ReadBookToShow(form, index);
     if (!bytes) return;
 
-    form.LoadingBook = true;
+    const FlagScope loading(form.LoadingBook);
     if (index >= 1) MakeFirst(form, index);
     form.ports.textView->LoadPlainText(u"");
     if (!form.ProfileChanging && !form.Refreshing) SaveHistoryList(form);
     MenuTree& menu = form.menu;
-    menu.mFileList[0].checked = true;
+    menu.mFileList[0].checked = false; // so that a book that memory does not hold keeps its record
     menu.mBookmark[0].enabled = true;
     const BookRecord record = BookRecord::Parse(menu.mFileList[0].tag);
     menu.mFileEdit[0].tag = record[Field::Filter];
     ShowInTextView(form, record, std::move(*bytes));
+    menu.mFileList[0].checked = true;
     UpdateWindowTitle(form);
     LoadFindHistory(form);
     LoadBookmarks(form, record[Field::Marks]);
-    form.LoadingBook = false;
 }

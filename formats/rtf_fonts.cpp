@@ -10,10 +10,13 @@ void RtfFontTable::Begin(std::int32_t number) {
     font_ = {};
     number_ = number;
     hasOpenFont_ = true;
+    hasSymbols_ = false;
     name_.clear();
 }
 
 void RtfFontTable::SetCharset(std::int32_t charset) {
+    constexpr std::int32_t symbolCharset = 2;
+    hasSymbols_ = charset == symbolCharset;
     if (font_.codePage == 0) font_.codePage = CodePageOfFontCharset(charset); // \cpg wins
 }
 
@@ -42,6 +45,7 @@ void RtfFontTable::Add(std::u16string name) {
     if (fonts_.size() == maxRtfFonts || names_.size() == maxRtfFonts) return;
     name = TrimBlanks(name);
     if (number_ == defaultNumber_) names_[0] = name;
+    font_.symbols = hasSymbols_ ? SymbolSetOfFont(name) : RtfSymbolSet::None;
     if (name != names_[0]) font_.index = IndexOfName(name);
     fonts_.insert_or_assign(number_, font_);
 }

@@ -1,6 +1,7 @@
 // The font and colour tables of rich text (RTF 1.9.1).
 #pragma once
 
+#include "formats/rtf_symbols.h"
 #include "platform/geometry.h"
 
 #include <cstdint>
@@ -9,8 +10,9 @@
 #include <vector>
 
 struct RtfFont {
-    std::uint16_t index = 0; // in Document::fonts
-    int codePage = 0;        // of text in this font; 0 for the document's
+    std::uint16_t index = 0;                   // in Document::fonts
+    int codePage = 0;                          // of text in this font; 0 for the document's
+    RtfSymbolSet symbols = RtfSymbolSet::None; // instead of a code page
 };
 
 class RtfFontTable {
@@ -41,7 +43,7 @@ class RtfFontTable {
     std::int32_t defaultNumber_ = 0;
     RtfFont font_;
     std::int32_t number_ = 0;
-    bool hasOpenFont_ = false;
+    bool hasOpenFont_ = false, hasSymbols_ = false;
     std::u16string name_;
 };
 

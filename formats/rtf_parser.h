@@ -54,6 +54,8 @@ class RtfParser {
     bool SkipsFallback();
     std::u16string* Sink();
     int CodePageOfText() const;
+    RtfSymbolSet SymbolsOfText() const;
+    const RtfFont* FontOfText() const { return State().font ? State().font : fonts_.Default(); }
 
     RtfState& State() { return stack_.back(); }
     const RtfState& State() const { return stack_.back(); }

@@ -19,9 +19,15 @@ int RtfParser::CodePageOfText() const {
     int page = 0;
     if (State().destination == RtfDestination::Fonts)
         page = fonts_.CodePageOfName();
-    else if (const RtfFont* font = State().font ? State().font : fonts_.Default())
+    else if (const RtfFont* font = FontOfText())
         page = font->codePage;
     return page != 0 ? page : codePage_;
+}
+
+RtfSymbolSet RtfParser::SymbolsOfText() const {
+    const RtfFont* const font =
+        State().destination == RtfDestination::Body ? FontOfText() : nullptr;
+    return font ? font->symbols : RtfSymbolSet::None;
 }
 
 // Where text of the current group goes, nullptr for nowhere. Asked for only when there is some.
@@ -81,6 +87,11 @@ void RtfParser::AddBytes(std::string_view bytes) {
     const bool isBody = State().destination == RtfDestination::Body;
     if (!isBody)
         bytes = bytes.substr(0, maxRtfFieldLength - std::min(maxRtfFieldLength, sink->size()));
+    if (const RtfSymbolSet symbols = SymbolsOfText(); symbols != RtfSymbolSet::None) {
+        for (const char c : bytes)
+            sink->push_back(SymbolOfByte(symbols, static_cast<unsigned char>(c)));
+        return;
+    }
     decoder_.Decode(CodePageOfText(), bytes, *sink);
     if (State().destination == RtfDestination::Fonts) fonts_.EndNames();
 }
@@ -122,6 +133,8 @@ void RtfParser::TakeUnicodeUnit(char16_t unit) {
         AddUnit(u'\uFFFD'); // nothing of its own, or what stands for a picture
     else if (unit == u'\n' || unit == u'\r' || unit == u'\v')
         AddUnit(u'\v');
+    else if (IsSymbolUnit(unit) && SymbolsOfText() != RtfSymbolSet::None)
+        AddUnit(SymbolOfByte(SymbolsOfText(), static_cast<unsigned char>(unit & 0xFF)));
     else if (unit >= 0x20 || unit == u'\t')
         AddUnit(unit);
 }

@@ -21,6 +21,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 namespace {
@@ -32,7 +33,7 @@ Launch ThisLaunch(int argc, char** argv) {
         BookPathBytes(arguments, QFile::encodeName(QDir::currentPath()).toStdString());
     Launch launch;
     launch.programFolder = FromQt(QCoreApplication::applicationDirPath());
-    launch.executableName = u"" PRODUCT_TITLE;
+    launch.executableName = FromQt(QFileInfo(QCoreApplication::applicationFilePath()).fileName());
     launch.userDataFolder = FromQt(userData + QStringLiteral("/" PRODUCT_TITLE));
     launch.commandLine = PathFromNative(book);
     launch.rootFolder = FromQt(QDir::homePath());

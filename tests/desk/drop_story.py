@@ -21,8 +21,9 @@ class Drop(Story):
         with open(listed, "wb") as file:
             file.write(b"".join(address + b"\r\n" for address in addresses))
         left, top, width, height = self.program.rectangle()
-        with Drag(self.screen, listed) as drag:
-            drag.drop_at(left + width // 2, top + height // 2)
+        drag = Drag(self.screen, listed)
+        self.addCleanup(drag.stop)
+        drag.drop_at(left + width // 2, top + height // 2)
 
     def address(self, path, safe="/"):
         return ("file://" + urllib.parse.quote(os.fsencode(path), safe)).encode()
@@ -67,6 +68,7 @@ class Drop(Story):
                 self.drop(self.address(path))
                 self.program.answer_message("Escape")
         self.drop(b"https://norvaset.example/book.txt")
+        self.program.activate()
         self.program.finish_keys()
         self.assertFalse(self.program.message_box())
         self.assert_opened(self.book)

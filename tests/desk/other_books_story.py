@@ -7,7 +7,7 @@ from harness.coming_back import ComingBack
 from harness.story import main
 from harness.text_view import settled_strip, wait_for_strip
 
-CUT_LINE = 20  # pixels of a line that may be hidden above the view's edge after a page of rich text
+CUT_LINE = 60  # pixels: the highest line, with a picture in it, that a page of rich text begins with
 CYRILLIC, HEBREW, ARABIC = 204, 177, 178  # font character sets
 
 

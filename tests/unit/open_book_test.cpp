@@ -6,6 +6,8 @@
 
 #include <doctest/doctest.h>
 
+#include <new>
+
 namespace {
 void OpenByDialog(TestForm& test, const std::u16string& path, int filterIndex) {
     test.Dialogs().openAnswer = {DialogResult::Ok, path, filterIndex};
@@ -327,4 +329,33 @@ TEST_CASE("open: a dialog's first folder") {
     CHECK(InitialFolder(test.form, u"/b/x/", u"/") == u"/b/x");
     CHECK(InitialFolder(test.form, u"", u"/b") == u"/b");
     CHECK(InitialFolder(test.form, u"/gone/a.txt", u"/b") == u"/");
+}
+
+namespace {
+// A view whose memory runs out on a text of this length.
+class SmallTextView : public NoneTextView {
+  public:
+    void LoadPlainText(std::u16string text) override {
+        if (text.size() > 1000) throw std::bad_alloc();
+        NoneTextView::LoadPlainText(std::move(text));
+    }
+};
+} // namespace
+
+TEST_CASE("open: a book that memory does not hold is told, and keeps its record") {
+    TestForm test;
+    test.form.ports.textView = std::make_unique<SmallTextView>();
+    test.PutDataFile("[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n/b/"
+                     "a.txt=2021:1:1:1:1:1=0=Serif=14=0=0=0=0=0=1=0=0"
+                     "=16777215=77=9==\r\n");
+    test.PutBook(u"/b/a.txt", NumberedLines(300));
+    REQUIRE(test.Start());
+    REQUIRE(test.Dialogs().messages.size() == 1);
+    CHECK(test.Dialogs().messages[0].text == u"There is not enough memory for this.");
+    CHECK_FALSE(test.form.LoadingBook);
+    CHECK_FALSE(test.form.ProfileChanging);
+    CHECK_FALSE(test.form.ProfileSwitching);
+    test.Timer().Tick(60);
+    test.Close();
+    CHECK(test.DataFile().find("=77=9==") != std::string::npos);
 }

@@ -44,7 +44,7 @@ TEST_CASE("rtf pictures: kinds, bytes and sizes") {
     };
     for (const auto& c : cases) {
         CAPTURE(c.words);
-        const Document document = Read("a{\\pict" + c.words + "}b");
+        const Document document = Read(std::string("a{\\pict") + c.words + "}b");
         CHECK(Utf16ToUtf8(document.text) == "a\uFFFCb");
         REQUIRE(document.pictures.size() == 1);
         const Picture& picture = document.pictures[0];

@@ -175,6 +175,28 @@ TEST_CASE("rtf reader: characters of several bytes in all their spellings") {
     });
 }
 
+TEST_CASE("rtf reader: fonts of symbols") {
+    const std::string start = "{\\rtf1{\\fonttbl{\\f0 A;}{\\f1\\fcharset2 Symbol;}"
+                              "{\\f2\\fcharset2 Wingdings;}{\\f3\\fcharset2 Other;}"
+                              "{\\f4\\fcharset0 Symbol;}}";
+    struct {
+        std::string_view body, text;
+    } const cases[] = {
+        {"{\\f1 abW \\'b7\\'a5}a", "αβΩ •∞a"},
+        {"{\\f1\\u-3913?\\u8226?\\u61537?}\\u-3913?", "••α\uF0B7"},
+        {"{\\f1\\'ff\\'7f\\'20~}", "\uF0FF\uF07F ∼"},
+        {"{\\f1 \\{\\\\\\}}", "{∴}"},
+        {"{\\f2 nl\\'a7\\'fcX}a", "■●▪✓\uF058a"},
+        {"{\\f3 a\\'b7}", "a·"},
+        {"{\\f4 a\\'b7}", "a·"},
+        {"{\\pntext\\f1\\'b7\\tab}a", "•\ta"},
+    };
+    for (const auto& c : cases) {
+        CAPTURE(c.body);
+        CHECK(ReadText(start + std::string(c.body) + "}") == c.text);
+    }
+}
+
 TEST_CASE("rtf reader: font names are read in the font's own characters") {
     const Document document =
         ReadRtf("{\\rtf1\\ansi\\deff1{\\fonttbl{\\f0\\fcharset204 \\'cf{\\*\\falt x};}"

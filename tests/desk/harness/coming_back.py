@@ -18,7 +18,8 @@ class ComingBack(Story):
             file.write(data_file_bytes(record, Left=40, Top=30, Width=width, Height=height))
 
     def read_on(self, reader, path, pages, slack=0):
-        """Goes some pages on and closes; returns the first lines then, with `slack` rows more."""
+        """Goes some pages on and closes; returns the first lines then, with `slack` rows more for a
+        first line that is cut."""
         reader.start(path)
         reader.wait_for_book(path)
         first_page = settled_strip(reader)
@@ -31,16 +32,15 @@ class ComingBack(Story):
         return strip
 
     def come_back(self, reader, path, strip, from_right=False):
-        """Starts without arguments and finds `strip` at the top; in a window of another width
-        its left (or right) part. Where the strip has slack, its first line may have been cut by
-        the view's edge, and the next one is at the top now. Closing again keeps the place."""
+        """Starts without arguments and finds `strip` at the top; in a window of another width its
+        left (or right) part. Closing again keeps the place."""
         place = self.book_record(reader, path)["LastPos"]
         reader.start()
         reader.wait_for_book(path)
 
         def shows_it():
-            now = top_strip(reader.picture())
-            return now and _begins_with(strip, now, from_right)
+            now = top_strip(reader.picture(), strip.height)
+            return now and _same_top(strip, now, from_right)
         wait_for(shows_it, "the same lines at the top as before")
         reader.close()
         self.assertEqual(self.book_record(reader, path)["LastPos"], place)
@@ -54,11 +54,16 @@ class ComingBack(Story):
             file.write(text.encode())
 
 
-def _begins_with(strip, now, from_right):
+def _same_top(strip, now, from_right):
+    """Where the strips have slack, the first line may have been cut by the view's edge; then that
+    line or the next one is at the top now, and one strip shows the beginning of the other."""
     if now.width != strip.width:
         strip, now = _part(strip, from_right), _part(now, from_right)
-    return any(now.looks_like(strip.crop(0, top, strip.width, top + now.height))
-               for top in range(strip.height - now.height + 1))
+    height = STRIP_HEIGHT
+    return any(one.crop(0, top, one.width, top + height).looks_like(
+                   other.crop(0, 0, other.width, height))
+               for one, other in ((strip, now), (now, strip))
+               for top in range(one.height - height + 1))
 
 
 def _part(strip, from_right):

@@ -8,7 +8,7 @@ DRAG_SOURCE = os.environ.get("DRAG_SOURCE", "")
 
 
 class Drag:
-    """In use: `with Drag(screen, file_of_addresses) as drag: drag.drop_at(x, y)`."""
+    """The target asks for the addresses after the drop: so `stop` comes when it has them."""
 
     def __init__(self, screen, addresses_file):
         self.screen, self.heard = screen, ""
@@ -16,10 +16,7 @@ class Drag:
                                         stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         os.set_blocking(self.process.stdout.fileno(), False)
 
-    def __enter__(self):
-        return self
-
-    def __exit__(self, *error):
+    def stop(self):
         self.screen.xdotool("mouseup", 1)
         self.process.kill()
         self.process.wait()

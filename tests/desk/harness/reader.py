@@ -22,12 +22,22 @@ class Reader:
         self.data_path = self.program + ".dat"
         self.home = os.path.join(folder, "home")
         self.runtime = os.path.join(folder, "runtime")
-        for path in (self.home, self.runtime):
-            os.makedirs(path, mode=0o700)
+        self.tools = os.path.join(folder, "tools")
+        for path in (self.home, self.runtime, self.tools):
+            os.makedirs(path, mode=0o755 if path == self.tools else 0o700)
+        self._make_opener()
         shutil.copy(PROGRAM, self.program)
         if as_nobody:
             for path in (folder, self.home, self.runtime):
                 os.chown(path, NOBODY, NOBODY)
+
+    def _make_opener(self):
+        """In place of the desktop's: it only writes down what it was to open."""
+        self.opened_path = os.path.join(self.home, "opened")
+        opener = os.path.join(self.tools, "xdg-open")
+        with open(opener, "w", encoding="ascii") as file:
+            file.write(f'#!/bin/sh\nprintf "%s\\n" "$@" >> {self.opened_path}\n')
+        os.chmod(opener, 0o755)
 
     # Starting and ending
 
@@ -36,15 +46,16 @@ class Reader:
         command = [self.program, *arguments]
         if self.as_nobody:
             ids = ["--reuid", str(NOBODY), "--regid", str(NOBODY), "--clear-groups"]
-            command = ["setpriv", *ids, *command]
+            command = [shutil.which("setpriv"), *ids, *command]
         environment = self.screen.environment | {
-            "HOME": self.home, "XDG_RUNTIME_DIR": self.runtime,
+            "PATH": self.tools, "HOME": self.home, "XDG_RUNTIME_DIR": self.runtime,
             "XDG_DATA_HOME": os.path.join(self.home, "share")}
         with open(os.path.join(self.folder, "messages.log"), "ab") as messages:
             return subprocess.Popen(command, env=environment, cwd=self.home,
                                     stdin=subprocess.DEVNULL, stdout=messages, stderr=messages)
 
     def start(self, *arguments):
+        self.stop()
         self.process = self.launch(*arguments)
         return self.wait_for_window()
 
@@ -77,8 +88,13 @@ class Reader:
     def is_alive(self):
         return self.process.poll() is None
 
+    def is_waiting(self):
+        """Whether the program sleeps: it has handled every key sent so far."""
+        with open(f"/proc/{self.process.pid}/stat", encoding="ascii") as file:
+            return file.read().rsplit(")", 1)[1].split()[0] == "S"
+
     def stop(self):
-        """Whatever a story left."""
+        """Ends what a failed part of a story left."""
         if self.process and self.is_alive():
             self.kill()
 
@@ -88,7 +104,8 @@ class Reader:
 
     # Windows
 
-    def _search(self, *arguments):
+    def windows(self, *arguments):
+        """The windows on the screen, minimised ones left out."""
         if not self.is_alive():
             raise AssertionError(f"the program ended by itself with {self.process.returncode}:\n"
                                  + self.messages())
@@ -96,14 +113,14 @@ class Reader:
             "search", "--onlyvisible", "--all", "--pid", self.process.pid, *arguments).split()]
 
     def main_window(self):
-        return next(iter(self._search("--name", r"^Norvaset \[")), None)
+        return next(iter(self.windows("--name", r"^Norvaset \[")), None)
 
     def message_box(self):
-        return next(iter(self._search("--name", "^Norvaset Message$")), None)
+        return next(iter(self.windows("--name", "^Norvaset Message$")), None)
 
     def popups(self):
         """The open menus, in no order."""
-        return [window for window in self._search()
+        return [window for window in self.windows()
                 if window != self.window and "Override Redirect State: yes"
                 in self.screen.output("xwininfo", "-id", str(window))]
 

@@ -1,4 +1,5 @@
 """The base of the stories: a screen for each file of them, a folder and readers for each story."""
+import contextlib
 import os
 import shutil
 import sys
@@ -26,7 +27,7 @@ class Story(unittest.TestCase):
         shutil.rmtree(cls.screen_folder, ignore_errors=True)
 
     def run(self, result=None):
-        self.folder, self.readers = _open_folder(), []
+        self.folder, self.readers, self.picture_kept = _open_folder(), [], False
         failures = len(result.failures) + len(result.errors)
         super().run(result)
         if len(result.failures) + len(result.errors) > failures:
@@ -35,7 +36,22 @@ class Story(unittest.TestCase):
             reader.stop()
         shutil.rmtree(self.folder, ignore_errors=True)
 
+    @contextlib.contextmanager
+    def subTest(self, **parameters):
+        """Keeps the picture of its failure before the story goes on."""
+        with super().subTest(**parameters):
+            try:
+                yield
+            except unittest.SkipTest:
+                raise
+            except Exception:
+                self._keep_picture()
+                raise
+
     def _keep_picture(self):
+        if self.picture_kept:
+            return  # the first one tells most
+        self.picture_kept = True
         os.makedirs(FAILURES, exist_ok=True)
         path = os.path.join(FAILURES, self.id().removeprefix("__main__.") + ".png")
         keep(self.screen, "root", path)
