@@ -129,7 +129,7 @@ TEST_CASE("window: a title shows its brackets and stars") {
 
 TEST_CASE("menu bar: a menu shows what the model says when it opens") {
     QtWindow window;
-    QtMenuBar menuBar(window);
+    QtMenuBar menuBar(window, [] { return QPoint(); });
     MenuArray file = Array({u"&File"}), list = Array({u"old"}), line = Array({u"-"});
     MenuArray remove = Array({u"&Remove"}), removeList = Array({u"x"});
     remove.children = {&removeList};
@@ -167,7 +167,7 @@ TEST_CASE("menu bar: a menu shows what the model says when it opens") {
 
 TEST_CASE("menu bar: every item of a long list can be chosen, and the widest decides the width") {
     QtWindow window;
-    QtMenuBar menuBar(window);
+    QtMenuBar menuBar(window, [] { return QPoint(); });
     MenuArray file = Array({u"&File"}), list;
     for (int i = 0; i < 5000; ++i)
         list.items.emplace_back().caption = u"book";
