@@ -18,7 +18,7 @@ std::u16string ProgramFile(const Files& files, const Launch& launch, std::u16str
 }
 
 std::u16string ResolveDataFilePath(Files& files, const Launch& launch) {
-    const std::u16string beside = ProgramFile(files, launch, u".dat");
+    std::u16string beside = ProgramFile(files, launch, u".dat");
     if (files.FileExists(beside) || files.FolderIsWritable(launch.programFolder)) return beside;
     files.CreateFolder(launch.userDataFolder);
     return launch.userDataFolder + files.Separator() + launch.executableName + u".dat";

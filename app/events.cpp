@@ -4,6 +4,8 @@
 #include "app/start_up.h"
 #include "books/book_file.h"
 #include "books/open_book.h"
+#include "reading/edit.h"
+#include "reading/keyboard.h"
 
 #include <exception>
 #include <new>
@@ -32,6 +34,13 @@ void ConnectEvents(MainForm& form) {
     WindowEvents events;
     events.onResize = [&form] { fwMain_Resize(form); };
     events.onUnload = [&form] { Form_Unload(form); };
+    events.onKeyDown = [&form](int key, int shift) {
+        RunCommand(form, [&] { Form_KeyDown(form, key, shift); });
+    };
+    events.onKeyUp = [&form](int key, int shift) {
+        RunCommand(form, [&] { Form_KeyUp(form, key, shift); });
+    };
+    events.onZoom = [&form](int steps) { RunCommand(form, [&] { fwMain_Zoom(form, steps); }); };
     form.ports.window->SetEvents(events);
 
     MenuEvents menuEvents;
@@ -39,6 +48,9 @@ void ConnectEvents(MainForm& form) {
     menuEvents.onClick = [&form](MenuArray& array, int index) { RunHandler(form, array, index); };
     form.ports.menuBar->Attach(form.menu.TopLevel(), menuEvents);
 
+    form.ports.textView->onContextMenu = [&form] {
+        RunCommand(form, [&] { rtMain_ContextMenu(form); });
+    };
     form.ports.textView->onFilesDropped = [&form](const std::vector<std::u16string>& paths) {
         RunCommand(form, [&] { rtMain_FilesDropped(form, paths); });
     };

@@ -9,6 +9,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 struct MainForm {
     explicit MainForm(Ports);
@@ -23,6 +24,12 @@ struct MainForm {
 
     ViewFont viewFont;   // the present font of the text view, between record and view
     Color textColor = 0; // the text colour in force, also while a file's own colours show
+    int shownCodePage =
+        0; // what the shown plain text was decoded with; 0 for Unicode and rich text
+    std::u16string findText; // the last text searched for, "" for none yet
+    FindOptions findOptions;
+    std::vector<std::u16string> findHistory; // of the shown book, newest first
+    int newBookmark = -1; // defined just now: stands out when the Bookmark menu opens next
     DateNames dateNames;
     WindowPlacement placement;
     int resizeNesting = 0;

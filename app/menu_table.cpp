@@ -6,6 +6,10 @@
 #include "books/history_list.h"
 #include "books/housekeeping.h"
 #include "books/open_book.h"
+#include "reading/bookmarks.h"
+#include "reading/edit.h"
+#include "reading/find.h"
+#include "reading/view_commands.h"
 
 #include <algorithm>
 
@@ -46,46 +50,46 @@ const Row rows[] = {
     ROW(Item, mFileSeparator3, u"-"),
     ROW(Item, mFileExit, u"E&xit", mFileExit_Click),
 
-    ROW(Top, mEdit, u"&Edit"),
-    ROW(Item, mEditCopy, u"&Copy"),
-    ROW(Item, mEditCopyRTF, u"C&opy as RTF"),
+    ROW(Top, mEdit, u"&Edit", mEdit_Click),
+    ROW(Item, mEditCopy, u"&Copy", mEditCopy_Click),
+    ROW(Item, mEditCopyRTF, u"C&opy as RTF", mEditCopyRTF_Click),
     ROW(Item, mEditSeparator1, u"-"),
-    ROW(Item, mEditAll, u"Select &All"),
+    ROW(Item, mEditAll, u"Select &All", mEditAll_Click),
     ROW(Item, mEditSeparator2, u"-"),
-    ROW(Item, mEditFind, u"&Find..."),
-    ROW(Item, mEditNext, u"Find &Next"),
+    ROW(Item, mEditFind, u"&Find...", mEditFind_Click),
+    ROW(Item, mEditNext, u"Find &Next", mEditNext_Click),
     ROW(Item, mEditSeparator3, u"-"),
-    ROW(Item, mEditTitle, u"Set &Selection as Caption"),
+    ROW(Item, mEditTitle, u"Set &Selection as Caption", mEditTitle_Click),
 
-    ROW(Top, mView, u"&View"),
-    ROW(Item, mViewRefresh, u"R&efresh"),
+    ROW(Top, mView, u"&View", mView_Click),
+    ROW(Item, mViewRefresh, u"R&efresh", mViewRefresh_Click),
     ROW(Item, mViewSeparator1, u"-"),
-    ROW(Item, mViewBackground, u"&Background Color..."),
-    ROW(Item, mViewFont, u"&Font..."),
+    ROW(Item, mViewBackground, u"&Background Color...", mViewBackground_Click),
+    ROW(Item, mViewFont, u"&Font...", mViewFont_Click),
     ROW(Item, mViewSeparator2, u"-"),
-    ROW(Item, mViewFontSize, u"Font Size +"),
-    ROW(Item, mViewFontSize, u"Font Size \u2013"),
+    ROW(Item, mViewFontSize, u"Font Size +", mViewFontSize_Click),
+    ROW(Item, mViewFontSize, u"Font Size \u2013", mViewFontSize_Click),
     ROW(Item, mViewSeparator3, u"-"),
-    ROW(Item, mViewAlign, u"Align &Left"),
-    ROW(Item, mViewAlign, u"Align &Right"),
-    ROW(Item, mViewAlign, u"&Center"),
+    ROW(Item, mViewAlign, u"Align &Left", mViewAlign_Click),
+    ROW(Item, mViewAlign, u"Align &Right", mViewAlign_Click),
+    ROW(Item, mViewAlign, u"&Center", mViewAlign_Click),
     ROW(Item, mViewSeparator4, u"-"),
-    ROW(Item, mViewWordWrap, u"Word &Wrap"),
+    ROW(Item, mViewWordWrap, u"Word &Wrap", mViewWordWrap_Click),
 
-    ROW(Top, mBookmark, u"&Bookmark"),
-    ROW(Item, mBookmarkNew, u"Defi&ne"),
+    ROW(Top, mBookmark, u"&Bookmark", mBookmark_Click),
+    ROW(Item, mBookmarkNew, u"Defi&ne", mBookmarkNew_Click),
     ROW(Item, mBookmarkSeparator1, u"-"),
-    ROW(Item, mBookmarkNext, u"Ne&xt"),
-    ROW(Item, mBookmarkPrev, u"&Previous"),
-    ROW(Item, mBookmarkLast, u"&Last Unmarked Position"),
+    ROW(Item, mBookmarkNext, u"Ne&xt", mBookmarkNext_Click),
+    ROW(Item, mBookmarkPrev, u"&Previous", mBookmarkPrev_Click),
+    ROW(Item, mBookmarkLast, u"&Last Unmarked Position", mBookmarkLast_Click),
     ROW(Item, mBookmarkSeparator2, u"-"),
-    ROW(Item, mBookmarkClearAll, u"Clear &All"),
+    ROW(Item, mBookmarkClearAll, u"Clear &All", mBookmarkClearAll_Click),
     ROW(Sub, mBookmarkDelete, u"&Delete"),
     ROW(SubItem, mBookmarkDeletePlaceholder, removeHeading),
     ROW(SubItem, mBookmarkDeletePlaceholder, u"-"),
-    ROW(SubItem, mBookmarkDeleteList, u"...", nullptr, true),
+    ROW(SubItem, mBookmarkDeleteList, u"...", mBookmarkDeleteList_Click, true),
     ROW(Item, mBookmarkSeparator, u"-"),
-    ROW(Item, mBookmarkList, u"...", nullptr, true),
+    ROW(Item, mBookmarkList, u"...", mBookmarkList_Click, true),
 
     ROW(Top, mUser, u"&Profile", mUser_Click),
     ROW(Item, mUserNew, u"Add &New..."),

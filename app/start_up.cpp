@@ -11,6 +11,7 @@
 #include "common/list_persistence.h"
 #include "common/menu_items.h"
 #include "common/text.h"
+#include "reading/keyboard.h"
 #include "shell/options.h"
 
 namespace {
@@ -73,8 +74,10 @@ bool Form_Load(MainForm& form) {
     form.started = true;
     form.dataFile = OpenDataFile(form);
     {
-        IniBatch oneWrite(*form.dataFile); // start-up's own entries, written in one step
+        // A flush to the disk can take as long as all the rest: one for what start-up writes.
+        IniBatch oneWrite(*form.dataFile);
         SetUpMenus(form.menu);
+        ShowShortcuts(form);
         Register(form);
         form.HelpFilePath = ProgramFile(*form.ports.files, launch, u".hlp");
         form.ports.dialogs->SetHelpFile(form.HelpFilePath);
@@ -87,11 +90,11 @@ bool Form_Load(MainForm& form) {
         form.menu.mUser[0].tag = IniReadString(*form.dataFile, u"mProfileList", u"0");
         FillProfileMenus(form);
         ConnectEvents(form);
+        RunCommand(form, [&form] {
+            const FlagScope switching(form.ProfileSwitching);
+            mProfileList_Click(form, 0);
+        });
     }
-    RunCommand(form, [&form] {
-        const FlagScope switching(form.ProfileSwitching);
-        mProfileList_Click(form, 0);
-    });
     form.ports.window->Open();
     form.ports.saveTimer->Start(1000,
                                 [&form] { RunCommand(form, [&form] { toSave_Timer(form); }); });

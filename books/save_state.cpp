@@ -6,6 +6,7 @@
 #include "common/menu_items.h"
 #include "common/text.h"
 #include "reading/caret.h"
+#include "reading/find.h"
 
 namespace {
 std::u16string FlagText(bool on) {
@@ -35,7 +36,9 @@ void UpdateRecord(MainForm& form, int index, bool takesPlace) {
         if (takesPlace) record[Field::LastPos] = NumberText(FirstVisibleChar(*form.ports.textView));
     }
     form.menu.mFileList[index].tag = record.ToText();
+    IniBatch oneWrite(*form.dataFile);
     SaveHistoryItem(form, index);
+    if (index == 0) SaveFindHistory(form, record[Field::Path]);
 }
 } // namespace
 

@@ -12,6 +12,7 @@
 #include "formats/rtf_reader.h"
 #include "reading/bookmarks.h"
 #include "reading/caret.h"
+#include "reading/find.h"
 #include "reading/formatting.h"
 #include "shell/layout.h"
 #include "shell/window_title.h"
@@ -41,9 +42,11 @@ Color ColorOf(const std::u16string& field, Color fallback) {
 void LoadText(MainForm& form, const BookRecord& record, std::string bytes) {
     TextView& view = *form.ports.textView;
     const int systemPage = form.ports.locale->AnsiCodePage();
+    form.shownCodePage = 0;
     if (LooksLikeRtf(bytes)) return view.LoadRichText(std::move(bytes), systemPage);
     const int bookPage = CharsetToCodePage(record.Number(Field::Charset));
     DecodedText decoded = DecodePlainText(bytes, bookPage, systemPage);
+    form.shownCodePage = decoded.codePage;
     bytes = std::string(); // a large book is not held twice
     view.LoadPlainText(std::move(decoded.text));
 }
@@ -106,5 +109,6 @@ void mFileList_Click(MainForm& form, int index) {
     ShowInTextView(form, record, std::move(*bytes));
     menu.mFileList[0].checked = true;
     UpdateWindowTitle(form);
+    LoadFindHistory(form);
     LoadBookmarks(form, record[Field::Marks]);
 }

@@ -68,6 +68,8 @@ DecodedText DecodePlainText(std::string_view bytes, int bookCodePage, int system
         decoded.text.reserve(bytes.size());
         DecodeCodePage(decoded.codePage, bytes, decoded.text);
     }
-    std::replace(decoded.text.begin(), decoded.text.end(), u'\0', u'\uFFFD');
+    // A NUL needs a zero byte, and those are found sooner than the NUL. Wide text is full of them.
+    if (bytes.find('\0') != bytes.npos)
+        std::replace(decoded.text.begin(), decoded.text.end(), u'\0', u'\uFFFD');
     return decoded;
 }

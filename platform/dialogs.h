@@ -1,7 +1,11 @@
 // The port of the dialogs: modal, owned by the main window.
 #pragma once
 
+#include "platform/geometry.h"
+#include "platform/text_view.h"
+
 #include <string>
+#include <vector>
 
 enum class MessageIcon { None, Information, Question, Exclamation };
 enum class MessageButtons { Ok, OkCancel };
@@ -32,11 +36,39 @@ struct OpenFileAnswer {
     int filterIndex = 1;
 };
 
+struct ColorAnswer {
+    DialogResult result = DialogResult::Cancel;
+    Color color = 0;
+};
+
+struct FontAnswer {
+    DialogResult result = DialogResult::Cancel;
+    ViewFont font; // its charset is the chosen script
+    Color color = 0;
+};
+
+struct FindRequest {
+    std::u16string title;
+    ViewFont font; // of the text to find, so that its script can be read
+    std::u16string text;
+    bool wholeWord = false, matchCase = false;
+    std::vector<std::u16string> history; // past searches, newest first
+};
+
+struct FindAnswer {
+    DialogResult result = DialogResult::Cancel;
+    std::u16string text;
+    bool wholeWord = false, matchCase = false;
+};
+
 class Dialogs {
   public:
     virtual ~Dialogs() = default;
 
     virtual OpenFileAnswer OpenFile(const OpenFileRequest&) = 0;
+    virtual ColorAnswer ChooseColor(const std::u16string& title, Color start) = 0;
+    virtual FontAnswer ChooseFont(const std::u16string& title, const ViewFont&, Color) = 0;
+    virtual FindAnswer AskFind(const FindRequest&) = 0;
     virtual DialogResult ShowMessage(const Message&) = 0; // Cancel also when closed
     virtual void SetHelpFile(const std::u16string& path) = 0;
 };

@@ -14,9 +14,10 @@ struct MenuItem {
     bool enabled = true;
     bool checked = false;
     bool visible = true;
-    bool heading = false; // bold and inert
-    bool radio = false;   // its check mark is a bullet
-    bool literal = false; // an "&" in the caption is just that (a path, a title, a name)
+    bool standard = false; // the default item of its menu: bold
+    bool heading = false;  // bold and inert
+    bool radio = false;    // its check mark is a bullet
+    bool literal = false;  // an "&" in the caption is just that (a path, a title, a name)
     int helpContextId = 0;
 
     bool IsSeparator() const { return caption == u"-"; }
@@ -47,4 +48,9 @@ class MenuBar {
     // items anew each time a menu opens; `Refresh` is for a change of the top level itself.
     virtual void Attach(const std::vector<MenuArray*>& topLevel, MenuEvents) = 0;
     virtual void Refresh() = 0;
+    // Opens a top-level menu at its title, as a click there does. It comes back at once; the menu
+    // opens when the event being handled is done with.
+    virtual void ShowMenu(MenuArray& topLevel) = 0;
+    // Shows these items as a context menu at the pointer (or the caret), and comes back at once.
+    virtual void ShowContextMenu(const std::vector<MenuArray*>& items) = 0;
 };

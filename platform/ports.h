@@ -1,6 +1,7 @@
 // All ports of one back end, as the form receives them.
 #pragma once
 
+#include "platform/clipboard.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
@@ -34,6 +35,7 @@ struct Ports {
     std::unique_ptr<TextView> textView;
     std::unique_ptr<HtmlView> htmlView; // may be null: this front has no HTML engine
     std::unique_ptr<Dialogs> dialogs;
+    std::unique_ptr<Clipboard> clipboard;
     std::unique_ptr<Timer> saveTimer;
     std::unique_ptr<Shell> shell;
     std::unique_ptr<Registry> registry;

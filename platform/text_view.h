@@ -22,6 +22,10 @@ struct LineSpan {
     TextPos start = 0, length = 0; // length without the paragraph break
 };
 
+struct FindOptions {
+    bool wholeWord = false, matchCase = false;
+};
+
 // Positions outside the text are moved to its nearest end by every function. No function fails:
 // a view that cannot do something shows what it can.
 class TextView {
@@ -41,6 +45,15 @@ class TextView {
     virtual void Select(TextPos start, TextPos length) = 0;
     virtual TextPos SelStart() const = 0;
     virtual TextPos SelLength() const = 0;
+    // Whether `SelStart` counts from a line's end while the font's charset is a right-to-left one.
+    // A view of our own counts logically; some rich-edit controls do not.
+    virtual bool MirrorsRightToLeft() const = 0;
+
+    // The first place of `what` that begins at or after `start`, and ends at or before the text's
+    // end; -1 when there is none. Selects nothing.
+    virtual TextPos Find(std::u16string_view what, TextPos start, FindOptions) const = 0;
+    // The selection as RTF source, pure ASCII.
+    virtual std::string SelectionAsRtf() const = 0;
 
     // Lines as they are shown now, found by a character in them. The line asked for is exact at the
     // top even before the window is first shown, and stays the top line when the size changes.
@@ -71,6 +84,8 @@ class TextView {
     virtual void SetPointer(Pointer) = 0;
     virtual void FocusView() = 0;
 
+    // A context menu is asked for, at the pointer or from the keyboard.
+    std::function<void()> onContextMenu;
     // Files dropped on the view, as full paths, in the order of the drop; a character that the
     // system's names can hold but UTF-16 cannot arrives as "?".
     std::function<void(const std::vector<std::u16string>&)> onFilesDropped;

@@ -18,6 +18,7 @@ struct WindowEvents {
     std::function<void()> onUnload; // closing; the window goes after it returns
     std::function<void(int keyCode, int shift)> onKeyDown;
     std::function<void(int keyCode, int shift)> onKeyUp;
+    std::function<void(int steps)> onZoom; // Ctrl and the wheel, up is positive
 };
 
 class Window {

@@ -14,8 +14,11 @@ void ScrollCaretToTop(TextView&, std::optional<TextPos> position = std::nullopt)
 // The first character of the top visible line: the reading position.
 TextPos FirstVisibleChar(const TextView&);
 
-// The caret; for a right-to-left charset the selection's end mirrored within its line.
+// Whether the view reports the caret of this charset counted from the line's other end.
+bool CountsMirrored(const TextView&, int charset);
+
+// The caret; where the view counts mirrored, the selection's end mirrored back within its line.
 TextPos LogicalCaretPos(const TextView&, int charset);
 
-// The selected text; for a right-to-left charset taken from the mirrored caret.
+// The selected text, taken from the logical caret.
 std::u16string SelectedTextLogical(const TextView&, int charset);

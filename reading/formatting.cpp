@@ -6,12 +6,14 @@
 #include "reading/caret.h"
 
 namespace {
-// Runs a change of the whole text, and then puts the line of the caret back to the top.
+// Runs a change of the whole text; the caret and the line at the top stay where they are.
 template <typename Change>
 void ApplyToWholeText(TextView& view, bool noRestore, Change change) {
-    const TextPos caret = view.SelStart();
+    const TextPos caret = view.SelStart(), top = FirstVisibleChar(view);
     change();
-    if (!noRestore) ScrollCaretToTop(view, caret);
+    if (noRestore) return;
+    view.Select(caret, 0);
+    view.ScrollLineToTop(top);
 }
 } // namespace
 

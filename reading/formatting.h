@@ -7,7 +7,7 @@ struct MainForm;
 
 constexpr Color defaultTextColor = 0x000000, defaultBackColor = 0xFFFFFF;
 
-// With `noRestore` the caller scrolls afterwards; else the line of the caret goes to the top again.
+// With `noRestore` the caller scrolls afterwards; else caret and top line stay where they are.
 void ApplyFont(MainForm&, bool noRestore); // the form's view font
 void ApplyTextColor(MainForm&, Color, bool noRestore);
 void ApplyAlignment(MainForm&, int index,

@@ -28,6 +28,7 @@ Ports MakeNonePorts() {
     ports.statusBar = std::make_unique<NoneStatusBar>();
     ports.textView = std::make_unique<NoneTextView>();
     ports.dialogs = std::make_unique<NoneDialogs>();
+    ports.clipboard = std::make_unique<NoneClipboard>();
     ports.saveTimer = std::make_unique<NoneTimer>();
     ports.shell = std::make_unique<NoneShell>();
     ports.registry = std::make_unique<NoneRegistry>();

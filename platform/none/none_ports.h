@@ -8,6 +8,7 @@
 #include "platform/ports.h"
 
 #include <map>
+#include <optional>
 #include <vector>
 
 class NoneMenuBar : public MenuBar {
@@ -17,12 +18,15 @@ class NoneMenuBar : public MenuBar {
         events_ = std::move(events);
     }
     void Refresh() override {}
+    void ShowMenu(MenuArray& menu) override { shown = &menu; } // the test opens it
+    void ShowContextMenu(const std::vector<MenuArray*>& items) override { contextItems = items; }
     void Open(MenuArray& menu) { events_.onOpening(menu); }
     // As a user does: nothing happens on an item that is greyed or hidden.
     void Click(MenuArray& array, int index = 0) {
         if (array[index].enabled && array[index].visible) events_.onClick(array, index);
     }
-    std::vector<MenuArray*> topLevel;
+    std::vector<MenuArray*> topLevel, contextItems;
+    MenuArray* shown = nullptr;
 
   private:
     MenuEvents events_;
@@ -47,6 +51,19 @@ class NoneDialogs : public Dialogs {
         if (whileOpen) whileOpen();
         return openAnswer;
     }
+    ColorAnswer ChooseColor(const std::u16string& title, Color start) override {
+        colorRequests.emplace_back(title, start);
+        return colorAnswer;
+    }
+    FontAnswer ChooseFont(const std::u16string& title, const ViewFont& font, Color color) override {
+        fontRequests.emplace_back(title, font);
+        if (fontAnswer) return *fontAnswer;
+        return {DialogResult::Ok, font, color}; // confirmed as it is
+    }
+    FindAnswer AskFind(const FindRequest& request) override {
+        findRequests.push_back(request);
+        return findAnswer;
+    }
     DialogResult ShowMessage(const Message& message) override {
         messages.push_back(message);
         if (whileOpen) whileOpen();
@@ -55,10 +72,22 @@ class NoneDialogs : public Dialogs {
     void SetHelpFile(const std::u16string& path) override { helpFile = path; }
     std::vector<OpenFileRequest> openRequests;
     OpenFileAnswer openAnswer;
+    std::vector<std::pair<std::u16string, Color>> colorRequests;
+    ColorAnswer colorAnswer;
+    std::vector<std::pair<std::u16string, ViewFont>> fontRequests;
+    std::optional<FontAnswer> fontAnswer;
+    std::vector<FindRequest> findRequests;
+    FindAnswer findAnswer;
     std::vector<Message> messages;
     DialogResult messageAnswer = DialogResult::Ok;
     std::u16string helpFile;
     std::function<void()> whileOpen; // what happens around while a dialog waits
+};
+
+class NoneClipboard : public Clipboard {
+  public:
+    void SetText(const std::u16string& given) override { text = given; }
+    std::u16string text;
 };
 
 class NoneTimer : public Timer {

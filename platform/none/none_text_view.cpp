@@ -1,6 +1,8 @@
 #include "platform/none/none_text_view.h"
 
+#include "common/find_text.h"
 #include "formats/rtf_reader.h"
+#include "formats/rtf_writer.h"
 
 #include <algorithm>
 
@@ -47,6 +49,18 @@ std::u16string NoneTextView::TextRange(TextPos start, TextPos length) const {
 void NoneTextView::Select(TextPos start, TextPos length) {
     selStart_ = Clamp(start);
     selLength_ = std::clamp(length, 0, TextLength() - selStart_);
+}
+
+TextPos NoneTextView::Find(std::u16string_view what, TextPos start, FindOptions options) const {
+    const std::size_t found =
+        FindText(text_, what, static_cast<std::size_t>(Clamp(start)), options);
+    return found == std::u16string::npos ? -1 : static_cast<TextPos>(found);
+}
+
+std::string NoneTextView::SelectionAsRtf() const {
+    Document document;
+    document.text = text_;
+    return WriteRtf(document, selStart_, selLength_);
 }
 
 TextPos NoneTextView::Columns() const {

@@ -16,6 +16,9 @@ class NoneTextView : public TextView {
     void Select(TextPos start, TextPos length) override;
     TextPos SelStart() const override { return selStart_; }
     TextPos SelLength() const override { return selLength_; }
+    bool MirrorsRightToLeft() const override { return mirrorsRightToLeft; }
+    TextPos Find(std::u16string_view what, TextPos start, FindOptions) const override;
+    std::string SelectionAsRtf() const override;
 
     TextPos FirstVisibleChar() const override { return LineAround(anchor_).start; }
     LineSpan LineAround(TextPos position) const override;
@@ -36,6 +39,8 @@ class NoneTextView : public TextView {
     void SetVisible(bool visible) override { visible_ = visible; }
     void SetPointer(Pointer pointer) override { pointer_ = pointer; }
     void FocusView() override {}
+
+    bool mirrorsRightToLeft = false; // as a test wants it
 
     // What was asked, for tests.
     int loads = 0, scrolls = 0, fontApplications = 0;

@@ -12,8 +12,8 @@
 
 namespace {
 
-// A signal handler may touch little more than these: it writes a byte into the pipe, which wakes
-// the loop.
+// A signal handler may touch little more than these: it writes a byte into the pipe, which wakes the
+// loop. The pipe stays open to the end, because a late signal may still write into it.
 std::array<int, 2> wakePipe = {-1, -1};
 
 void WriteByte(int) {
@@ -46,8 +46,4 @@ ExitSignals::ExitSignals(std::function<void()> onSignal) {
     });
     for (const int signal : {SIGTERM, SIGINT, SIGHUP})
         Catch(signal);
-}
-
-ExitSignals::~ExitSignals() {
-    // The pipe stays: a late signal may still write into it.
 }

@@ -11,7 +11,4 @@
 class ExitSignals final : public QObject {
   public:
     explicit ExitSignals(std::function<void()> onSignal);
-    ~ExitSignals() override;
-    ExitSignals(const ExitSignals&) = delete;
-    ExitSignals& operator=(const ExitSignals&) = delete;
 };

@@ -36,7 +36,7 @@ std::string PathOfAddress(std::string_view address) {
 
 // Without "." and "..", unless that would lead elsewhere because a folder on the way is a link.
 std::filesystem::path Shortened(const std::filesystem::path& path) {
-    const std::filesystem::path plain = path.lexically_normal();
+    std::filesystem::path plain = path.lexically_normal();
     std::error_code error;
     if (plain == path || !std::filesystem::exists(path, error)) return plain;
     return std::filesystem::equivalent(plain, path, error) ? plain : path;

@@ -1,6 +1,9 @@
 #include "platform/qt/qt_dialogs.h"
 
+#include "platform/qt/color_dialog.h"
 #include "platform/qt/file_filter.h"
+#include "platform/qt/find_dialog.h"
+#include "platform/qt/font_dialog.h"
 #include "platform/qt/qt_text.h"
 
 #include <QDesktopServices>
@@ -69,6 +72,23 @@ OpenFileAnswer QtDialogs::OpenFile(const OpenFileRequest& request) {
         std::max(1, static_cast<int>(filters.indexOf(dialog.selectedNameFilter())) + 1);
     answer.result = DialogResult::Ok;
     return answer;
+}
+
+ColorAnswer QtDialogs::ChooseColor(const std::u16string& title, Color start) {
+    return AskColor(owner_, ToQt(title), start);
+}
+
+FontAnswer QtDialogs::ChooseFont(const std::u16string& title, const ViewFont& font, Color color) {
+    FontDialog dialog(owner_, font, color);
+    dialog.setWindowTitle(ToQt(title));
+    if (dialog.exec() != QDialog::Accepted) return {DialogResult::Cancel, font, color};
+    return {DialogResult::Ok, dialog.Chosen(), dialog.ChosenColor()};
+}
+
+FindAnswer QtDialogs::AskFind(const FindRequest& request) {
+    FindDialog dialog(owner_, request);
+    if (dialog.exec() != QDialog::Accepted) return {};
+    return dialog.Answer();
 }
 
 DialogResult QtDialogs::ShowMessage(const Message& message) {

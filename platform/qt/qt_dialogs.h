@@ -12,6 +12,9 @@ class QtDialogs final : public Dialogs {
     explicit QtDialogs(QWidget* owner);
 
     OpenFileAnswer OpenFile(const OpenFileRequest&) override;
+    ColorAnswer ChooseColor(const std::u16string& title, Color start) override;
+    FontAnswer ChooseFont(const std::u16string& title, const ViewFont&, Color) override;
+    FindAnswer AskFind(const FindRequest&) override;
     DialogResult ShowMessage(const Message&) override;
     void SetHelpFile(const std::u16string& path) override;
 

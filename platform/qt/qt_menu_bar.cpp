@@ -5,13 +5,14 @@
 #include "platform/qt/model_menu.h"
 #include "platform/qt/qt_window.h"
 
+#include <QApplication>
 #include <QMenuBar>
 
-QtMenuBar::QtMenuBar(QtWindow& window) : window_(window), bar_(new QMenuBar(&window)) {
-    connect(bar_, &QMenuBar::triggered, this, [this](QAction* action) {
-        if (const auto* item = dynamic_cast<const ItemAction*>(action))
-            CallHandler(events_.onClick, item->array, item->index);
-    });
+#include <algorithm>
+
+QtMenuBar::QtMenuBar(QtWindow& window, std::function<QPoint()> contextPoint)
+    : window_(window), contextPoint_(std::move(contextPoint)), bar_(new QMenuBar(&window)) {
+    connect(bar_, &QMenuBar::triggered, this, &QtMenuBar::Choose);
     window_.AdoptMenuBar(bar_);
 }
 
@@ -40,6 +41,30 @@ void QtMenuBar::Refresh() {
         action->setVisible(item.visible);
     }
     window_.LayOut();
+}
+
+void QtMenuBar::Choose(const QAction* action) {
+    if (const auto* item = dynamic_cast<const ItemAction*>(action))
+        CallHandler(events_.onClick, item->array, item->index);
+}
+
+// The menu opens when the event loop comes round: its own opening is an event for the form.
+void QtMenuBar::ShowMenu(MenuArray& topLevel) {
+    const auto show = [this, &topLevel] {
+        const auto place = std::ranges::find(topLevel_, &topLevel) - topLevel_.begin();
+        if (place == std::ssize(topLevel_) || QApplication::activePopupWidget()) return;
+        bar_->setActiveAction(menus_[static_cast<std::size_t>(place)]->menuAction());
+    };
+    QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
+}
+
+void QtMenuBar::ShowContextMenu(const std::vector<MenuArray*>& items) {
+    contextMenu_ = std::make_unique<ModelMenu>(&window_);
+    PrepareMenu(*contextMenu_);
+    for (MenuArray* array : items)
+        contextMenu_->AddArray(*array);
+    connect(contextMenu_.get(), &QMenu::triggered, this, &QtMenuBar::Choose);
+    contextMenu_->popup(contextPoint_());
 }
 
 // A menu or submenu without its items: these are made when it opens.

@@ -4,6 +4,7 @@
 #include "platform/posix/posix_files.h"
 #include "platform/posix/posix_paths.h"
 #include "platform/qt/launch.h"
+#include "platform/qt/qt_clipboard.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_locale.h"
 #include "platform/qt/qt_menu_bar.h"
@@ -20,6 +21,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 namespace {
@@ -31,7 +33,7 @@ Launch ThisLaunch(int argc, char** argv) {
         BookPathBytes(arguments, QFile::encodeName(QDir::currentPath()).toStdString());
     Launch launch;
     launch.programFolder = FromQt(QCoreApplication::applicationDirPath());
-    launch.executableName = u"" PRODUCT_TITLE;
+    launch.executableName = FromQt(QFileInfo(QCoreApplication::applicationFilePath()).fileName());
     launch.userDataFolder = FromQt(userData + QStringLiteral("/" PRODUCT_TITLE));
     launch.commandLine = PathFromNative(book);
     launch.rootFolder = FromQt(QDir::homePath());
@@ -42,11 +44,14 @@ Launch ThisLaunch(int argc, char** argv) {
 
 Ports MakeQtPorts(int argc, char** argv) {
     auto window = std::make_unique<QtWindow>();
+    auto textView = std::make_unique<QtTextView>(window->ViewArea());
     Ports ports;
     ports.launch = ThisLaunch(argc, argv);
-    ports.menuBar = std::make_unique<QtMenuBar>(*window);
+    ports.menuBar = std::make_unique<QtMenuBar>(
+        *window, [view = textView.get()] { return view->ContextMenuPoint(); });
     ports.statusBar = std::make_unique<QtStatusBar>(window->InnerArea());
-    ports.textView = std::make_unique<QtTextView>(window->ViewArea());
+    ports.textView = std::move(textView);
+    ports.clipboard = std::make_unique<QtClipboard>();
     ports.dialogs = std::make_unique<QtDialogs>(window.get());
     ports.saveTimer = std::make_unique<QtTimer>();
     ports.shell = std::make_unique<QtShell>();

@@ -14,6 +14,7 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QTimer>
+#include <QWheelEvent>
 #include <QWindow>
 
 #include <algorithm>
@@ -24,6 +25,8 @@ constexpr int panelBorder = 2;       // pixels; the core's layout of the views c
 constexpr int largestExtent = 16384; // pixels; beyond it X11 and the drawing buffers give up
 constexpr int settlingTime = 300;    // milliseconds; window managers answer within a few
 constexpr int stateDelay = 50;       // milliseconds
+constexpr int notch = 120;           // of a wheel, in eighths of a degree
+constexpr double readingSize = 12;   // points
 constexpr double twipsPerInch = 1440;
 
 int Extent(int asked, int frame) {
@@ -191,11 +194,10 @@ void QtWindow::SetPanelBounds(const Rect& bounds) {
 }
 
 ViewFont QtWindow::DefaultViewFont() const {
-    const QFontInfo info(
-        QApplication::font()); // the font in use behind an alias such as "Sans Serif"
+    const QFontInfo serif(QFont("Serif")); // the face in use behind the alias
     ViewFont viewFont;
-    viewFont.name = FromQt(info.family());
-    viewFont.size = info.pointSizeF();
+    viewFont.name = FromQt(serif.family());
+    viewFont.size = readingSize;
     return viewFont;
 }
 
@@ -219,6 +221,15 @@ void QtWindow::closeEvent(QCloseEvent* event) {
     if (!std::exchange(unloaded_, true)) CallHandler(events_.onUnload);
 }
 
+// The views leave a wheel with Ctrl to the window.
+void QtWindow::wheelEvent(QWheelEvent* event) {
+    if (!(event->modifiers() & Qt::ControlModifier)) return event->ignore();
+    zoomRest_ += event->angleDelta().y();
+    const int steps = zoomRest_ / notch;
+    zoomRest_ -= steps * notch;
+    if (steps != 0) CallHandler(events_.onZoom, steps);
+}
+
 // Keys pass here before the view that has the focus sees them.
 bool QtWindow::eventFilter(QObject* object, QEvent* event) {
     if (object == windowHandle() &&
@@ -228,13 +239,14 @@ bool QtWindow::eventFilter(QObject* object, QEvent* event) {
 }
 
 bool QtWindow::KeyEvent(const QKeyEvent& event) {
-    if (QApplication::activePopupWidget()) return false; // an open menu has the keyboard
     const bool pressed = event.type() == QEvent::KeyPress;
     const int shift = ShiftMaskOf(event.modifiers());
     if (pressed && event.key() == Qt::Key_F4 && shift == AltKey) {
-        close(); // comes here only where no window manager takes the key
+        // Comes here only where no window manager takes the key, or cannot because a menu is open.
+        CloseFromSystem();
         return true;
     }
+    if (QApplication::activePopupWidget()) return false; // an open menu has the keyboard
     const int code = VirtualKeyCode(event.key(), event.modifiers(), event.nativeScanCode());
     if (code == 0) return false;
     if (pressed) {

@@ -48,6 +48,7 @@ class QtWindow final : public QWidget, public Window {
     void resizeEvent(QResizeEvent*) override;
     void changeEvent(QEvent*) override;
     void closeEvent(QCloseEvent*) override;
+    void wheelEvent(QWheelEvent*) override;
     bool eventFilter(QObject*, QEvent*) override;
 
   private:
@@ -71,7 +72,8 @@ class QtWindow final : public QWidget, public Window {
     QTimer settling_;
     struct {
         int code = 0, shift = 0;
-    } heldKey_; // the key that went down last
+    } heldKey_;        // the key that went down last
+    int zoomRest_ = 0; // a turn of the wheel of less than a notch, in eighths of a degree
     bool unloaded_ = false;
     ExitSignals exitSignals_;
 };

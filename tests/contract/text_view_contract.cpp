@@ -7,17 +7,6 @@
 #include <limits>
 
 namespace {
-using View = std::unique_ptr<TextView>;
-
-void OnEachBackEnd(const std::function<void(TextView&)>& check) {
-    for (const TextViewBackEnd& backEnd : TextViewBackEnds()) {
-        CAPTURE(backEnd.name);
-        const View view = backEnd.make();
-        view->SetBounds({0, 0, 400, 300});
-        check(*view);
-    }
-}
-
 std::u16string Repeated(std::u16string_view part, int times) {
     std::u16string text;
     for (int i = 0; i < times; ++i)

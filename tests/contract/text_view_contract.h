@@ -3,6 +3,8 @@
 
 #include "platform/text_view.h"
 
+#include <doctest/doctest.h>
+
 #include <functional>
 #include <memory>
 #include <vector>
@@ -14,3 +16,12 @@ struct TextViewBackEnd {
 
 // Defined once in each test program.
 std::vector<TextViewBackEnd> TextViewBackEnds();
+
+inline void OnEachBackEnd(const std::function<void(TextView&)>& check) {
+    for (const TextViewBackEnd& backEnd : TextViewBackEnds()) {
+        CAPTURE(backEnd.name);
+        const std::unique_ptr<TextView> view = backEnd.make();
+        view->SetBounds({0, 0, 400, 300});
+        check(*view);
+    }
+}

@@ -64,6 +64,7 @@ TEST_CASE("caret: a line already at the top stays there") {
 TEST_CASE("caret: mirrored within its line for right-to-left charsets only") {
     NoneTextView view;
     view.LoadPlainText(u"first\n\u05D0\u05D1\u05D2\u05D3\u05D4 end");
+    view.mirrorsRightToLeft = true;
     view.Select(8, 0); // two units into a line of nine that starts at 6
     for (const int charset : {177, 178, 179})
         CHECK(LogicalCaretPos(view, charset) == 6 + 9 - 2);
@@ -73,4 +74,7 @@ TEST_CASE("caret: mirrored within its line for right-to-left charsets only") {
     CHECK(LogicalCaretPos(view, 177) == 6 + 9 - 4);
     CHECK(SelectedTextLogical(view, 0) == u"\u05D2\u05D3");
     CHECK(SelectedTextLogical(view, 177) == view.TextRange(11, 2));
+    view.mirrorsRightToLeft = false;
+    CHECK(LogicalCaretPos(view, 177) == 8);
+    CHECK(SelectedTextLogical(view, 177) == u"\u05D2\u05D3");
 }

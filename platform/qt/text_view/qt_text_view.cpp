@@ -1,12 +1,30 @@
 #include "platform/qt/text_view/qt_text_view.h"
 
+#include "common/find_text.h"
 #include "formats/rtf_reader.h"
+#include "formats/rtf_writer.h"
 #include "platform/qt/text_view/line_ends.h"
 #include "platform/qt/text_view/text_widget.h"
 
 #include <algorithm>
+#include <cmath>
+
+namespace {
+CharStyle PlainStyle(const ViewFont& font) {
+    CharStyle style;
+    style.halfPoints = static_cast<std::uint16_t>(std::lround(2 * MakeFont(font).pointSizeF()));
+    style.bold = font.bold;
+    style.italic = font.italic;
+    style.underline = font.underline;
+    style.strikethrough = font.strikethrough;
+    return style;
+}
+} // namespace
 
 QtTextView::QtTextView(QWidget* parent) : widget_(new TextWidget(parent)) {
+    widget_->onContextMenu = [this] {
+        if (onContextMenu) onContextMenu();
+    };
     widget_->onFilesDropped = [this](const std::vector<std::u16string>& paths) {
         if (onFilesDropped) onFilesDropped(paths);
     };
@@ -18,6 +36,10 @@ QtTextView::~QtTextView() {
 
 QWidget* QtTextView::Widget() const {
     return widget_;
+}
+
+QPoint QtTextView::ContextMenuPoint() const {
+    return widget_->ContextMenuPoint();
 }
 
 int QtTextView::LayoutsMade() const {
@@ -68,6 +90,21 @@ TextPos QtTextView::SelStart() const {
 
 TextPos QtTextView::SelLength() const {
     return widget_->SelEnd() - widget_->SelStart();
+}
+
+TextPos QtTextView::Find(std::u16string_view what, TextPos start, FindOptions options) const {
+    const auto from = static_cast<std::size_t>(std::clamp(start, 0, TextLength()));
+    const std::size_t found = FindText(widget_->Text().text, what, from, options);
+    return found == std::u16string_view::npos ? -1 : static_cast<TextPos>(found);
+}
+
+std::string QtTextView::SelectionAsRtf() const {
+    if (!widget_->IsPlain()) return WriteRtf(widget_->Text(), SelStart(), SelLength());
+    Document document;
+    document.text = TextRange(SelStart(), SelLength());
+    document.fonts = {widget_->Look().font.name};
+    document.charStyles = {PlainStyle(widget_->Look().font)};
+    return WriteRtf(document);
 }
 
 TextPos QtTextView::FirstVisibleChar() const {

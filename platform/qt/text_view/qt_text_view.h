@@ -3,6 +3,7 @@
 
 #include "platform/text_view.h"
 
+#include <QPoint>
 #include <QPointer>
 
 class QWidget;
@@ -16,7 +17,8 @@ class QtTextView : public TextView {
     QtTextView& operator=(const QtTextView&) = delete;
 
     QWidget* Widget() const;
-    int LayoutsMade() const; // blocks laid out since the view was made
+    QPoint ContextMenuPoint() const; // where on the screen the last one was asked for
+    int LayoutsMade() const;         // blocks laid out since the view was made
 
     void LoadPlainText(std::u16string text) override;
     void LoadRichText(std::string bytes, int systemCodePage) override;
@@ -27,6 +29,9 @@ class QtTextView : public TextView {
     void Select(TextPos start, TextPos length) override;
     TextPos SelStart() const override;
     TextPos SelLength() const override;
+    bool MirrorsRightToLeft() const override { return false; }
+    TextPos Find(std::u16string_view what, TextPos start, FindOptions options) const override;
+    std::string SelectionAsRtf() const override;
 
     TextPos FirstVisibleChar() const override;
     LineSpan LineAround(TextPos position) const override;

@@ -17,6 +17,7 @@ class TextWidget : public QAbstractScrollArea {
 
     void ShowText(Document document, bool plain); // from its start, caret at 0
     const Document& Text() const { return document_; }
+    bool IsPlain() const { return context_.plain; }
     const ViewLook& Look() const { return look_; }
     void SetLook(const ViewLook& look);
 
@@ -31,6 +32,9 @@ class TextWidget : public QAbstractScrollArea {
     QRect CaretRect();                     // in the viewport; null when it is not in view
     void ShowScrolled();                   // after the scroller was used
 
+    QPoint ContextMenuPoint() const { return contextPoint_; } // of the last one asked for, global
+
+    std::function<void()> onContextMenu;
     std::function<void(const std::vector<std::u16string>&)> onFilesDropped;
 
   protected:
@@ -47,6 +51,7 @@ class TextWidget : public QAbstractScrollArea {
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -67,6 +72,7 @@ class TextWidget : public QAbstractScrollArea {
     QColor CaretColor() const;
 
     bool ScrollKey(int key, Qt::KeyboardModifiers modifiers);
+    bool MenuKey(int key, Qt::KeyboardModifiers modifiers);
     bool CaretKey(int key, Qt::KeyboardModifiers modifiers);
     std::optional<TextPos> KeyTarget(int key, bool control);
     TextPos VerticalTarget(int key);
@@ -75,6 +81,7 @@ class TextWidget : public QAbstractScrollArea {
     void RevealCaret();
 
     TextSpan UnitAround(TextPos position);
+    void AskForContextMenu(QPoint point); // of the viewport
     void ExtendByMouse(QPoint point);
     void SelectUnit(TextPos position, Granularity granularity);
     void AutoScroll();
@@ -93,7 +100,7 @@ class TextWidget : public QAbstractScrollArea {
     std::optional<int> wantedX_;     // of the caret while it moves up and down
     Granularity granularity_ = Granularity::Character;
     TextSpan firstUnit_; // what a drag started with
-    QPoint mouse_;
+    QPoint mouse_, contextPoint_;
     QElapsedTimer sinceDoubleClick_;
     QBasicTimer blink_, autoScroll_;
     bool caretOn_ = false;

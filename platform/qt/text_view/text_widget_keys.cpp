@@ -8,7 +8,16 @@
 
 void TextWidget::keyPressEvent(QKeyEvent* event) {
     const auto modifiers = event->modifiers() & ~(Qt::KeypadModifier | Qt::GroupSwitchModifier);
-    event->setAccepted(ScrollKey(event->key(), modifiers) || CaretKey(event->key(), modifiers));
+    const int key = event->key();
+    event->setAccepted(ScrollKey(key, modifiers) || MenuKey(key, modifiers) ||
+                       CaretKey(key, modifiers));
+}
+
+// The Menu key comes as an event of its own.
+bool TextWidget::MenuKey(int key, Qt::KeyboardModifiers modifiers) {
+    if (key != Qt::Key_F10 || modifiers != Qt::ShiftModifier) return false;
+    AskForContextMenu(CaretRect().bottomLeft());
+    return true;
 }
 
 bool TextWidget::ScrollKey(int key, Qt::KeyboardModifiers modifiers) {

@@ -2,6 +2,7 @@
 #include "platform/qt/text_view/dropped_paths.h"
 #include "platform/qt/text_view/text_widget.h"
 
+#include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QGuiApplication>
 #include <QMimeData>
@@ -92,6 +93,23 @@ void TextWidget::AutoScroll() {
     horizontalScrollBar()->setValue(horizontalScrollBar()->value() + right);
     ExtendByMouse(mouse_);
     ShowScrolled();
+}
+
+// A click outside the selection moves the caret there first.
+void TextWidget::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+    if (event->reason() != QContextMenuEvent::Mouse)
+        return AskForContextMenu(CaretRect().bottomLeft());
+    const TextPos position = PositionAtPoint(event->pos());
+    if (position < SelStart() || position >= SelEnd()) Select(position, position);
+    AskForContextMenu(event->pos());
+}
+
+void TextWidget::AskForContextMenu(QPoint point) {
+    const QRect inside = viewport()->rect(); // the caret may be elsewhere
+    contextPoint_ = viewport()->mapToGlobal(QPoint(std::clamp(point.x(), 0, inside.right()),
+                                                   std::clamp(point.y(), 0, inside.bottom())));
+    if (onContextMenu) onContextMenu();
 }
 
 // Ctrl with the wheel is the window's business.

@@ -21,6 +21,10 @@ inline QColor ToQColor(Color color) {
     return QColor(int(color & 0xFF), int(color >> 8 & 0xFF), int(color >> 16 & 0xFF));
 }
 
+inline Color FromQColor(const QColor& color) {
+    return Color(color.blue()) << 16 | Color(color.green()) << 8 | Color(color.red());
+}
+
 // Black or white, whichever is easier to read on `background`.
 inline QColor ReadableOn(const QColor& background) {
     return qGray(background.rgb()) < 128 ? Qt::white : Qt::black;

@@ -118,6 +118,12 @@ class Reader:
     def message_box(self):
         return next(iter(self.windows("--name", "^Norvaset Message$")), None)
 
+    def window_named(self, title):
+        return next(iter(self.windows("--name", f"^{title}$")), None)
+
+    def window_exists(self, window):
+        return window in self.windows()
+
     def popups(self):
         """The open menus, in no order."""
         return [window for window in self.windows()

@@ -1,0 +1,146 @@
+// The commands of the Bookmark menu.
+#include "app/main_form.h"
+#include "books/history_list.h"
+#include "common/menu_items.h"
+#include "common/text.h"
+#include "reading/bookmarks.h"
+#include "reading/caret.h"
+#include "reading/text_routines.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+constexpr TextPos longestMark = 80,
+                  ownLength = 81; // a mark without a fitting selection gets the second
+
+TextPos StartOf(const MenuItem& item) {
+    return WholeNumber(item.tag.substr(0, item.tag.find(u',')));
+}
+
+int CurrentBookmark(const MainForm& form) {
+    return WholeNumber(form.menu.mBookmark[0].tag);
+}
+
+void ClearChecks(MenuArray& list) {
+    for (MenuItem& item : list.items)
+        item.checked = false;
+}
+
+// The index of the mark at `start`, which is put in its place when it is new.
+int PlaceMark(MenuArray& list, TextPos start) {
+    const bool empty = list[0].tag.empty();
+    int index = 0;
+    while (!empty && index < list.Count() && StartOf(list[index]) < start)
+        ++index;
+    const bool known = !empty && index < list.Count() && StartOf(list[index]) == start;
+    if (known || empty) return index;
+    AddMenuItem(list);
+    for (int i = list.Count() - 1; i > index; --i)
+        list[i].tag = list[i - 1].tag;
+    return index;
+}
+
+// Next and Previous leave the last unmarked position as it was.
+void GoKeepingLast(MainForm& form, int index) {
+    const std::u16string last = form.menu.mBookmarkLast[0].tag;
+    mBookmarkList_Click(form, index);
+    form.menu.mBookmarkLast[0].tag = last;
+}
+} // namespace
+
+void mBookmark_Click(MainForm& form, int) {
+    MenuTree& menu = form.menu;
+    const TextView& view = *form.ports.textView;
+    const int count = menu.mBookmarkList.Count(), current = CurrentBookmark(form);
+    menu.mBookmarkNew[0].enabled =
+        IsBookShown(form) && view.TextLength() > 0 && view.SelStart() > 0;
+    menu.mBookmarkDelete[0].enabled = menu.mBookmarkClearAll[0].enabled =
+        menu.mBookmarkList[0].visible;
+    menu.mBookmarkNext[0].enabled = InRange(current, 0, count - 2, true);
+    menu.mBookmarkPrev[0].enabled = InRange(current, 1, count - 1, true);
+    menu.mBookmarkLast[0].enabled = !menu.mBookmarkLast[0].tag.empty();
+    const int fresh = std::exchange(form.newBookmark, -1);
+    for (int i = 0; i < count; ++i)
+        menu.mBookmarkList[i].standard = i == fresh;
+}
+
+void mBookmarkNew_Click(MainForm& form, int) {
+    const TextView& view = *form.ports.textView;
+    const TextPos start = view.SelStart(), selected = view.SelLength();
+    if (start == 0) return;
+    const TextPos length = InRange(selected, 1, longestMark, true) ? selected : ownLength;
+    MenuArray& list = form.menu.mBookmarkList;
+    const int index = PlaceMark(list, start);
+    list[index].tag = NumberText(start) + u',' + NumberText(length);
+    RefreshBookmarkMenu(form, -1, false);
+    form.newBookmark = index;
+    form.ports.menuBar->ShowMenu(form.menu.mBookmark);
+}
+
+void mBookmarkNext_Click(MainForm& form, int) {
+    const int current = CurrentBookmark(form);
+    if (InRange(current, 0, form.menu.mBookmarkList.Count() - 2, true))
+        GoKeepingLast(form, current + 1);
+}
+
+void mBookmarkPrev_Click(MainForm& form, int) {
+    const int current = CurrentBookmark(form);
+    if (InRange(current, 1, form.menu.mBookmarkList.Count() - 1, true))
+        GoKeepingLast(form, current - 1);
+}
+
+void mBookmarkLast_Click(MainForm& form, int) {
+    std::u16string& last = form.menu.mBookmarkLast[0].tag;
+    if (last.empty()) return;
+    ClearChecks(form.menu.mBookmarkList);
+    ScrollCaretToTop(*form.ports.textView, WholeNumber(last));
+    last = form.menu.mBookmark[0].tag = u"";
+}
+
+void mBookmarkClearAll_Click(MainForm& form, int) {
+    Message question;
+    question.text =
+        u"All bookmarks for this book will be lost.\r\nAre you sure you wish to continue?";
+    question.title = form.productTitle;
+    question.icon = MessageIcon::Question;
+    question.buttons = MessageButtons::OkCancel;
+    question.cancelIsDefault = true;
+    if (form.ports.dialogs->ShowMessage(question) != DialogResult::Ok) return;
+    MenuArray& list = form.menu.mBookmarkList;
+    list.items.resize(1);
+    list[0].caption = list[0].tag = u"";
+    list[0].checked = false;
+    RefreshBookmarkMenu(form, -1, false);
+    form.menu.mBookmark[0].tag = u"";
+}
+
+void mBookmarkDeleteList_Click(MainForm& form, int index) {
+    MenuArray& list = form.menu.mBookmarkList;
+    if (list.Count() == 1) {
+        list[0].caption = list[0].tag = u"";
+        list[0].checked = false;
+    } else {
+        list.items.erase(list.items.begin() + index);
+    }
+    RefreshBookmarkMenu(form, -1, false);
+    std::u16string& current = form.menu.mBookmark[0].tag;
+    if (!current.empty() && WholeNumber(current) == index) current = u"";
+}
+
+void mBookmarkList_Click(MainForm& form, int index) {
+    TextView& view = *form.ports.textView;
+    MenuTree& menu = form.menu;
+    menu.mBookmarkLast[0].tag = NumberText(FirstVisibleChar(view));
+    menu.mBookmark[0].tag = NumberText(index);
+    ClearChecks(menu.mBookmarkList);
+    menu.mBookmarkList[index].checked = true;
+    const auto parts = Split(menu.mBookmarkList[index].tag, u",");
+    if (parts.size() != 2) return;
+    const TextPos length = std::max(WholeNumber(parts[1]), 0);
+    ScrollCaretToTop(view, WholeNumber(parts[0]));
+    view.Select(view.SelStart(), length);
+    // The highlight begins one character before the mark; a mark at 0 cannot be defined.
+    const TextPos start = LogicalCaretPos(view, form.viewFont.charset) - 1;
+    view.Select(std::max(start, 0), length);
+}

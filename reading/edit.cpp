@@ -1,0 +1,64 @@
+#include "reading/edit.h"
+
+#include "app/main_form.h"
+#include "books/book_record.h"
+#include "books/history_list.h"
+#include "books/save_state.h"
+#include "common/text.h"
+#include "reading/bookmarks.h"
+#include "reading/caret.h"
+#include "reading/text_routines.h"
+#include "shell/window_title.h"
+
+#include <algorithm>
+
+void mEdit_Click(MainForm& form, int) {
+    const TextView& view = *form.ports.textView;
+    MenuTree& menu = form.menu;
+    menu.mEditCopyRTF[0].caption = u"C&opy as RTF";
+    menu.mEditAll[0].enabled = view.TextLength() > 0;
+    const bool selected = view.SelLength() > 0;
+    menu.mEditCopy[0].enabled = menu.mEditCopyRTF[0].enabled = selected;
+    menu.mEditTitle[0].enabled = selected && IsBookShown(form);
+    menu.mEditFind[0].enabled = menu.mEditAll[0].enabled;
+    menu.mEditNext[0].enabled = menu.mEditAll[0].enabled && !form.findText.empty();
+}
+
+void mEditCopy_Click(MainForm& form, int) {
+    std::u16string text = SelectedTextLogical(*form.ports.textView, form.viewFont.charset);
+    std::ranges::replace(text, u'\v', u'\n');
+    std::ranges::replace(text, u'\x07', u'\t'); // the end of a table's cell
+    form.ports.clipboard->SetText(text);
+}
+
+void mEditCopyRTF_Click(MainForm& form, int) {
+    const std::string source = form.ports.textView->SelectionAsRtf();
+    form.ports.clipboard->SetText(std::u16string(source.begin(), source.end()));
+}
+
+void mEditAll_Click(MainForm& form, int) {
+    form.ports.textView->Select(0, form.ports.textView->TextLength());
+}
+
+void mEditTitle_Click(MainForm& form, int) {
+    const TextView& view = *form.ports.textView;
+    std::u16string caption = view.TextRange(view.SelStart(), view.SelLength());
+    std::ranges::replace_if(
+        caption, [](char16_t unit) { return unit < u' '; }, u' ');
+    BookRecord record = BookRecord::Parse(form.menu.mFileList[0].tag);
+    record[Field::Title] = Replace(TrimBlanks(EncodeNonAscii(caption)), u"=", u"&#61;");
+    form.menu.mFileList[0].tag = record.ToText();
+    SaveBookState(form, 0);
+    SetHistoryCaption(form, 0);
+    UpdateWindowTitle(form);
+}
+
+void rtMain_ContextMenu(MainForm& form) {
+    MenuTree& menu = form.menu;
+    mEdit_Click(form, 0);
+    mBookmark_Click(form, 0);
+    form.ports.menuBar->ShowContextMenu({&menu.mEditCopy, &menu.mEditCopyRTF, &menu.mEditSeparator1,
+                                         &menu.mEditAll, &menu.mEditSeparator2, &menu.mEditFind,
+                                         &menu.mEditNext, &menu.mEditSeparator3, &menu.mEditTitle,
+                                         &menu.mBookmarkNew});
+}

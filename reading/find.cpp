@@ -1,0 +1,94 @@
+#include "reading/find.h"
+
+#include "app/main_form.h"
+#include "books/book_record.h"
+#include "common/menu_items.h"
+#include "common/text.h"
+#include "reading/caret.h"
+#include "reading/text_routines.h"
+
+#include <algorithm>
+
+namespace {
+constexpr std::size_t mostSearches = 20;
+constexpr double dialogFontSize = 8; // points: the book's face and script, small
+
+std::u16string FindSection(const MainForm& form, const std::u16string& recordKey) {
+    return form.menu.mUser[0].tag + u"\\" + recordKey;
+}
+
+// "|" separates searches, so one inside a search is stored as a reference, as is what a line cannot
+// hold.
+std::u16string Stored(const std::u16string& search) {
+    std::u16string stored;
+    for (const char16_t unit : search) {
+        const bool plain = unit > u' ' && unit != u'|' && unit != u'&';
+        stored += plain ? std::u16string(1, unit) : u"&#" + NumberText(unit) + u";";
+    }
+    return stored;
+}
+
+void Remember(MainForm& form, const std::u16string& search) {
+    auto& history = form.findHistory;
+    std::erase(history, search);
+    history.insert(history.begin(), search);
+    if (history.size() > mostSearches) history.resize(mostSearches);
+}
+
+// Where the view counts a right-to-left line from its other end, the highlight moves onto the
+// match.
+void SelectLogically(TextView& view, int charset) {
+    if (!CountsMirrored(view, charset)) return;
+    const TextPos length = view.SelLength();
+    view.Select(std::max<TextPos>(LogicalCaretPos(view, charset) - 1, 0), length);
+}
+} // namespace
+
+void LoadFindHistory(MainForm& form) {
+    form.findHistory.clear();
+    const std::u16string key(RecordKey(form.menu.mFileList[0].tag));
+    const auto stored = IniReadString(*form.dataFile, FindSection(form, key), u"HistFind");
+    for (const std::u16string& search : Split(stored, u"|"))
+        if (!search.empty() && form.findHistory.size() < mostSearches)
+            form.findHistory.push_back(DecodeCharRefs(search));
+}
+
+void SaveFindHistory(MainForm& form, const std::u16string& recordKey) {
+    if (recordKey.empty() || form.findHistory.empty()) return;
+    std::vector<std::u16string> stored;
+    for (const std::u16string& search : form.findHistory)
+        stored.push_back(Stored(search));
+    IniWriteString(*form.dataFile, FindSection(form, recordKey), u"HistFind", Join(stored, u"|"));
+}
+
+void mEditFind_Click(MainForm& form, int) {
+    const TextView& view = *form.ports.textView;
+    if (view.SelLength() > 0) form.findText = SelectedTextLogical(view, form.viewFont.charset);
+    FindRequest request;
+    request.title = DialogTitle(form.menu.mEditFind[0]);
+    request.font = form.viewFont;
+    request.font.size = dialogFontSize;
+    request.text = form.findText;
+    request.wholeWord = form.findOptions.wholeWord;
+    request.matchCase = form.findOptions.matchCase;
+    request.history = form.findHistory;
+    const FindAnswer answer = form.ports.dialogs->AskFind(request);
+    if (answer.result != DialogResult::Ok) return;
+    form.findText = answer.text;
+    form.findOptions = {answer.wholeWord, answer.matchCase};
+    if (!form.findText.empty()) mEditNext_Click(form, 0);
+}
+
+void mEditNext_Click(MainForm& form, int) {
+    if (form.findText.empty()) return mEditFind_Click(form, 0);
+    TextView& view = *form.ports.textView;
+    const int charset = form.viewFont.charset;
+    Remember(form, form.findText);
+    const TextPos start = LogicalCaretPos(view, charset) + view.SelLength();
+    TextPos found = view.Find(form.findText, start, form.findOptions);
+    if (found < 0) found = view.Find(form.findText, 0, form.findOptions);
+    if (found < 0) return;
+    view.Select(found, static_cast<TextPos>(form.findText.size()));
+    SelectLogically(view, charset);
+    ScrollCaretToTop(view);
+}

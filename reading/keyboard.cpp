@@ -1,0 +1,64 @@
+#include "reading/keyboard.h"
+
+#include "app/main_form.h"
+#include "common/key_names.h"
+#include "common/menu_items.h"
+#include "common/text.h"
+#include "reading/bookmarks.h"
+#include "reading/view_commands.h"
+
+#include <cstdlib>
+
+namespace {
+struct Shortcut {
+    int key, shift;
+    MenuArray MenuTree::*menu; // its opening decides whether the command can be chosen
+    MenuArray MenuTree::*command;
+};
+
+constexpr Shortcut shortcuts[] = {
+    {'O', CtrlKey, &MenuTree::mFile, &MenuTree::mFileOpen},
+    {'C', CtrlKey, &MenuTree::mEdit, &MenuTree::mEditCopy},
+    {'A', CtrlKey, &MenuTree::mEdit, &MenuTree::mEditAll},
+    {'F', CtrlKey, &MenuTree::mEdit, &MenuTree::mEditFind},
+    {114, 0, &MenuTree::mEdit, &MenuTree::mEditNext},    // F3
+    {116, 0, &MenuTree::mView, &MenuTree::mViewRefresh}, // F5
+    {'D', CtrlKey, &MenuTree::mBookmark, &MenuTree::mBookmarkNew},
+};
+
+enum Key { KeyF2 = 113, KeyF4 = 115, NumPlus = 107, NumMinus = 109, Equals = 187, Minus = 189 };
+
+bool Choose(MainForm& form, MenuArray& menu, MenuArray& command) {
+    const MenuHandler opening = HandlerOf(menu), click = HandlerOf(command);
+    if (opening && menu[0].enabled) opening(form, 0);
+    if (!click || !menu[0].enabled || !command[0].enabled) return false;
+    click(form, 0);
+    return true;
+}
+} // namespace
+
+void ShowShortcuts(MainForm& form) {
+    for (const Shortcut& shortcut : shortcuts) {
+        const std::u16string specification =
+            NumberText(shortcut.key) + u'.' + NumberText(shortcut.shift);
+        SetMenuShortcutText((form.menu.*shortcut.command)[0], GetShortcutText(specification));
+    }
+}
+
+void Form_KeyDown(MainForm& form, int keyCode, int shift) {
+    for (const Shortcut& shortcut : shortcuts)
+        if (shortcut.key == keyCode && shortcut.shift == shift)
+            Choose(form, form.menu.*shortcut.menu, form.menu.*shortcut.command);
+    if (keyCode == KeyF4 && shift == AltKey) form.ports.window->Close();
+}
+
+void Form_KeyUp(MainForm& form, int keyCode, int shift) {
+    if (shift & CtrlKey && (keyCode == NumPlus || keyCode == Equals)) mViewFontSize_Click(form, 0);
+    if (shift & CtrlKey && (keyCode == NumMinus || keyCode == Minus)) mViewFontSize_Click(form, 1);
+    if (shift & AltKey && keyCode == KeyF2) mBookmarkLast_Click(form, 0);
+}
+
+void fwMain_Zoom(MainForm& form, int steps) {
+    for (int i = 0; i < std::abs(steps); ++i)
+        mViewFontSize_Click(form, steps > 0 ? 0 : 1);
+}

@@ -1,0 +1,11 @@
+// Keys: shortcuts of menu commands, the font size and the last unmarked position.
+#pragma once
+
+struct MainForm;
+
+void Form_KeyDown(MainForm&, int keyCode, int shift);
+void Form_KeyUp(MainForm&, int keyCode, int shift);
+void fwMain_Zoom(MainForm&, int steps); // Ctrl and the wheel; each step is one point
+
+// Puts the shortcut texts into the captions of their commands.
+void ShowShortcuts(MainForm&);

@@ -1,0 +1,104 @@
+#include "reading/view_commands.h"
+
+#include "app/main_form.h"
+#include "books/book_file.h"
+#include "books/history_list.h"
+#include "books/open_book.h"
+#include "books/save_state.h"
+#include "common/menu_items.h"
+#include "reading/caret.h"
+#include "reading/charset_change.h"
+#include "reading/formatting.h"
+#include "shell/window_title.h"
+
+#include <algorithm>
+
+namespace {
+// The view shows the hourglass while one lives.
+class Hourglass {
+  public:
+    explicit Hourglass(TextView& view) : view_(view) { view_.SetPointer(Pointer::Hourglass); }
+    ~Hourglass() { view_.SetPointer(Pointer::Default); }
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+
+  private:
+    TextView& view_;
+};
+
+constexpr double smallestSize = 1, largestSize = 1638; // points, what a font can have
+
+void TakeFont(MainForm& form, const ViewFont& chosen) {
+    const int oldCharset = form.viewFont.charset;
+    form.viewFont = chosen;
+    if (chosen.charset != oldCharset) ReadInCharset(form);
+    ApplyFont(form, false);
+    if (chosen.charset != oldCharset && IsRightToLeftCharset(chosen.charset))
+        ApplyAlignment(form, CheckedItem(form.menu.mViewAlign), false);
+}
+} // namespace
+
+void mView_Click(MainForm& form, int) {
+    MenuTree& menu = form.menu;
+    menu.mViewRefresh[0].enabled = IsBookShown(form);
+    menu.mViewFont[0].enabled = menu.mViewWordWrap[0].enabled = true;
+    for (MenuItem& item : menu.mViewAlign.items)
+        item.enabled = menu.mViewFont[0].enabled;
+}
+
+void mViewRefresh_Click(MainForm& form, int) {
+    for (int i = 0; i < HistoryCount(form); ++i)
+        form.menu.mFileList[i].enabled = form.ports.files->FileExists(GetBookPath(form, i));
+    // Read once before the view is given up: a file that has gone leaves the text on the screen.
+    if (!IsBookShown(form) || !ExamineBookFile(form, GetBookPath(form, 0))) return;
+    SaveBookState(form, 0);
+    form.menu.mFileList[0].checked = false;
+    form.Refreshing = true;
+    mFileList_Click(form, 0);
+    form.Refreshing = false;
+    form.menu.mFileList[0].checked = true;
+}
+
+void mViewBackground_Click(MainForm& form, int) {
+    TextView& view = *form.ports.textView;
+    const auto title = DialogTitle(form.menu.mViewBackground[0]);
+    const ColorAnswer answer = form.ports.dialogs->ChooseColor(title, view.BackColor());
+    if (answer.result != DialogResult::Ok || answer.color == view.BackColor()) return;
+    view.SetBackColor(answer.color);
+    SaveBookState(form, 0);
+}
+
+void mViewFont_Click(MainForm& form, int) {
+    TextView& view = *form.ports.textView;
+    const auto title = DialogTitle(form.menu.mViewFont[0]);
+    const FontAnswer answer = form.ports.dialogs->ChooseFont(title, form.viewFont, form.textColor);
+    const bool newFont = answer.font != form.viewFont, newColor = answer.color != form.textColor;
+    if (answer.result != DialogResult::Ok || (!newFont && !newColor)) return;
+    const Hourglass hourglass(view);
+    if (newFont) TakeFont(form, answer.font);
+    if (newColor) ApplyTextColor(form, answer.color, false);
+    SaveBookState(form, 0);
+    UpdateWindowTitle(form);
+}
+
+void mViewFontSize_Click(MainForm& form, int index) {
+    TextView& view = *form.ports.textView;
+    const double size = std::clamp(form.viewFont.size + 1 - 2 * index, smallestSize, largestSize);
+    if (size == form.viewFont.size) return;
+    const Hourglass hourglass(view);
+    form.viewFont.size = size;
+    ApplyFont(form, false);
+    SaveBookState(form, 0);
+}
+
+void mViewAlign_Click(MainForm& form, int index) {
+    if (form.menu.mViewAlign[index].checked) return;
+    const Hourglass hourglass(*form.ports.textView);
+    ApplyAlignment(form, index, false);
+    SaveBookState(form, 0);
+}
+
+void mViewWordWrap_Click(MainForm& form, int) {
+    SetWordWrap(form, !form.menu.mViewWordWrap[0].checked);
+    SaveBookState(form, 0);
+}

@@ -1,0 +1,127 @@
+"""Bookmarks: defined out of order, kept, walked through with the menu's keys, and taken away."""
+from harness import books
+from harness.clipboard import copied
+from harness.picture import grab
+from harness.story import Story, main
+from harness.text_view import settled_strip
+from harness.wait import wait_for
+
+MARKED = [120, 40, 200, 80, 160]  # lines, in the order in which they are marked
+LENGTH = 81                       # of a mark without a selection
+COLOURED = 60                     # between the channels of a pixel that is no shade of grey
+
+
+class Bookmarks(Story):
+    def setUp(self):
+        self.lines = books.lines("latin", 400)
+        self.text = "\n".join(self.lines) + "\n"
+        self.book = books.write_book(self.path("lanterns.txt"), self.lines)
+        self.program = self.reader().start(self.book)
+        self.program.wait_for_book(self.book)
+
+    def start_of(self, line):
+        return sum(len(text) + 1 for text in self.lines[:line])
+
+    def marks(self):
+        return self.book_record(self.program, self.book)["Marks"]
+
+    def define(self, line):
+        """Marks the line and returns the picture of the menu that shows the mark."""
+        self.program.key("ctrl+Home")
+        self.program.press("Down", line)
+        self.program.key("Escape", "ctrl+d")  # out of the menu bar, where a closed menu leaves it
+        menu = wait_for(self.program.popups, "the Bookmark menu")[0]
+        picture = wait_for(lambda: grab(self.screen, menu), "a picture of the menu")
+        self.program.close_menu()
+        self.program.key("Escape")
+        return picture
+
+    def define_all(self):
+        for line in MARKED:
+            self.define(line)
+        self.assertEqual(self.marks(), self.expected(MARKED))
+
+    def expected(self, lines):
+        return "|".join(f"{self.start_of(line)},{LENGTH}" for line in sorted(lines))
+
+    def choose(self, *keys):
+        self.program.open_menu("b")
+        self.program.key(*keys)
+        wait_for(lambda: not self.program.popups(), "the menu to close")
+
+    def line_shown(self):
+        """The number of the marked line that is highlighted; the highlight begins before it."""
+        text = copied(self.program)
+        self.assertEqual(len(text), LENGTH)
+        self.assertTrue(text.startswith("\n"))
+        return next(i for i, line in enumerate(self.lines) if text[1:].startswith(line[:20]))
+
+    def test_defined_out_of_order_and_walked_through(self):
+        self.define_all()
+        self.program.close()
+        self.assertEqual(self.marks(), self.expected(MARKED))
+
+        self.program.start()
+        self.program.wait_for_book(self.book)
+        before = settled_strip(self.program)
+        marked = sorted(MARKED)
+        self.choose("Up", "Up", "Up", "Return")  # the third of the five
+        self.assertEqual(self.line_shown(), marked[2])
+        self.assert_highlighted(before)
+        for keys, place in (("x", 3), ("x", 4), ("p", 3)):
+            self.choose(keys)
+            self.assertEqual(self.line_shown(), marked[place])
+        self.choose("l")  # where no mark was followed yet
+        self.assertTrue(settled_strip(self.program).looks_like(before))
+        self.program.close()
+
+    def assert_highlighted(self, before):
+        self.assertLess(_coloured(before), 100)
+        self.assertGreater(_coloured(settled_strip(self.program)), 2000)
+
+    def test_place_of_a_mark_is_the_place_left(self):
+        self.define_all()
+        self.choose("Up", "Return")
+        self.assertEqual(self.line_shown(), max(MARKED))
+        self.program.close()
+        self.assertEqual(self.book_record(self.program, self.book)["LastPos"],
+                         self.start_of(max(MARKED)))
+
+    def test_new_mark_stands_out(self):
+        self.define(10)
+        bold = self.define(20)
+        menu = self.program.open_menu("b")
+        usual = wait_for(lambda: grab(self.screen, menu), "a picture of the menu")
+        self.program.close_menu()
+        self.assertGreater(_ink(bold), _ink(usual))
+        self.program.close()
+
+    def test_taking_away(self):
+        self.define_all()
+        self.program.open_menu("b")
+        self.program.key("d")
+        wait_for(lambda: len(self.program.popups()) == 2, "the submenu")
+        self.program.key("Up", "Return")
+        left = sorted(MARKED)[:-1]
+        wait_for(lambda: self.marks() == self.expected(left), "the last mark to go")
+        self.choose("a")
+        self.program.answer_message("Return")  # which keeps them
+        self.assertEqual(self.marks(), self.expected(left))
+        self.choose("a")
+        self.program.answer_message("alt+o")
+        wait_for(lambda: self.marks() == "", "all marks to go")
+        self.program.close()
+
+
+def _coloured(picture):
+    pixels = picture.pixels
+    return sum(max(pixels[i:i + 3]) - min(pixels[i:i + 3]) > COLOURED
+               for i in range(0, len(pixels), 3))
+
+
+def _ink(picture):
+    return sum(value < 128 for value in picture.pixels[::3])
+
+
+if __name__ == "__main__":
+    main()

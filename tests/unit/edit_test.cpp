@@ -1,0 +1,169 @@
+#include "test_form.h"
+
+#include "common/text.h"
+
+#include "books/open_book.h"
+#include "common/find_text.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+struct Reading : TestForm {
+    explicit Reading(std::string_view text) {
+        PutBook(u"/b/a.txt", text);
+        Start();
+        OpenBook(form, u"/b/a.txt", -1);
+    }
+    void Choose(MenuArray& command) {
+        Menus().Open(Menu().mEdit);
+        Menus().Click(command);
+    }
+    void Find(const std::u16string& text, bool wholeWord = false, bool matchCase = false) {
+        Dialogs().findAnswer = {DialogResult::Ok, text, wholeWord, matchCase};
+        Choose(Menu().mEditFind);
+    }
+    std::u16string Clip() { return static_cast<NoneClipboard&>(*form.ports.clipboard).text; }
+};
+} // namespace
+
+TEST_CASE("find text: words, cases and ends") {
+    struct Case {
+        const char16_t *text, *what;
+        std::size_t start;
+        FindOptions options;
+        std::size_t found;
+    };
+    constexpr auto none = std::u16string_view::npos;
+    const Case table[] = {
+        {u"one two one", u"one", 0, {}, 0},
+        {u"one two one", u"one", 1, {}, 8},
+        {u"one two one", u"one", 9, {}, none},
+        {u"Stone one", u"one", 0, {true, false}, 6},
+        {u"ONE", u"one", 0, {}, 0},
+        {u"ONE one", u"one", 0, {false, true}, 4},
+        {u"\u041C\u0438\u0440", u"\u043C\u0418\u0420", 0, {}, 0},
+        {u"\u041C\u0438\u0440\u043D\u043E", u"\u043C\u0438\u0440", 0, {true, false}, none},
+        {u"a.b", u".", 0, {true, false}, 1},
+        {u"abc", u"", 0, {}, none},
+        {u"", u"a", 0, {}, none},
+        {u"abc", u"abcd", 0, {}, none},
+        {u"abc", u"c", 3, {}, none},
+        {u"abc", u"c", 99, {}, none},
+        {u"aab", u"ab", 0, {}, 1},
+        {u"x_one one", u"one", 0, {true, true}, 6},
+    };
+    for (const Case& test : table)
+        CHECK(FindText(test.text, test.what, test.start, test.options) == test.found);
+}
+
+TEST_CASE("edit: what can be chosen follows text and selection") {
+    Reading test("one two");
+    test.Menus().Open(test.Menu().mEdit);
+    CHECK(test.Menu().mEditAll[0].enabled);
+    CHECK(test.Menu().mEditFind[0].enabled);
+    CHECK_FALSE(test.Menu().mEditCopy[0].enabled);
+    CHECK_FALSE(test.Menu().mEditCopyRTF[0].enabled);
+    CHECK_FALSE(test.Menu().mEditTitle[0].enabled);
+    CHECK_FALSE(test.Menu().mEditNext[0].enabled);
+    test.View().Select(0, 3);
+    test.Menus().Open(test.Menu().mEdit);
+    CHECK(test.Menu().mEditCopy[0].enabled);
+    CHECK(test.Menu().mEditCopyRTF[0].enabled);
+    CHECK(test.Menu().mEditTitle[0].enabled);
+    Reading empty("");
+    empty.Menus().Open(empty.Menu().mEdit);
+    CHECK_FALSE(empty.Menu().mEditAll[0].enabled);
+    CHECK_FALSE(empty.Menu().mEditFind[0].enabled);
+}
+
+TEST_CASE("edit: copies the text, and its source as text") {
+    Reading test("one two");
+    test.View().Select(4, 3);
+    test.Choose(test.Menu().mEditCopy);
+    CHECK(test.Clip() == u"two");
+    test.Choose(test.Menu().mEditCopyRTF);
+    CHECK(test.Clip().starts_with(u"{\\rtf"));
+    CHECK(test.Clip().find(u"two") != std::u16string::npos);
+    test.Choose(test.Menu().mEditAll);
+    CHECK(test.View().SelLength() == 7);
+}
+
+TEST_CASE("find: from behind the selection, and around the end") {
+    Reading test("one two one three one");
+    test.Find(u"one");
+    CHECK(test.View().SelStart() == 0);
+    CHECK(test.View().SelLength() == 3);
+    test.Choose(test.Menu().mEditNext);
+    CHECK(test.View().SelStart() == 8);
+    test.Choose(test.Menu().mEditNext);
+    CHECK(test.View().SelStart() == 18);
+    test.Choose(test.Menu().mEditNext);
+    CHECK(test.View().SelStart() == 0);
+    test.Find(u"nowhere");
+    CHECK(test.View().SelStart() == 0);
+    CHECK(test.Dialogs().messages.empty());
+}
+
+TEST_CASE("find: next without a text asks for one, with the selection as its start") {
+    Reading test("one two");
+    test.View().Select(4, 3);
+    test.Window().Events().onKeyDown(114, 0); // greyed in the menu, so the key does nothing either
+    CHECK(test.Dialogs().findRequests.empty());
+    test.Choose(test.Menu().mEditFind);
+    REQUIRE(test.Dialogs().findRequests.size() == 1);
+    CHECK(test.Dialogs().findRequests[0].text == u"two");
+    CHECK(test.Dialogs().findRequests[0].font.name == u"Plain");
+    CHECK(test.Dialogs().findRequests[0].font.size == 8);
+    CHECK(test.Dialogs().findRequests[0].title == u"Find");
+}
+
+TEST_CASE("find: past searches are kept with the book, newest first, at most 20") {
+    Reading test("text");
+    for (int i = 0; i < 25; ++i)
+        test.Find(u"word" + NumberText(i));
+    test.Find(u"a|b & \u0416");
+    test.Find(u"word24");
+    CHECK(test.form.findHistory.size() == 20);
+    test.Close();
+    TestForm next(test);
+    REQUIRE(next.Start());
+    REQUIRE(next.form.findHistory.size() == 20);
+    CHECK(next.form.findHistory[0] == u"word24");
+    CHECK(next.form.findHistory[1] == u"a|b & \u0416");
+    CHECK(next.form.findHistory[2] == u"word23");
+    CHECK(next.DataFile().find("[Default\\/b/a.txt]") != std::string::npos);
+    CHECK(next.DataFile().find("HistFind=") != std::string::npos);
+    next.PutBook(u"/b/other.txt");
+    OpenBook(next.form, u"/b/other.txt", -1);
+    CHECK(next.form.findHistory.empty());
+}
+
+TEST_CASE("find: a right-to-left charset on a view that counts mirrored") {
+    Reading test("abc def");
+    test.form.viewFont.charset = 177;
+    test.View().mirrorsRightToLeft = true;
+    test.Find(u"def");
+    CHECK(test.View().SelLength() == 3);
+    CHECK(test.View().SelStart() == 0); // 4 mirrored, one before it, and never before the text
+}
+
+TEST_CASE("caption: encoded, and shown in list and title") {
+    Reading test("x = \xD0\x9A\xF0\x9F\x93\x96 y");
+    test.View().Select(0, 9);
+    test.Choose(test.Menu().mEditTitle);
+    CHECK(test.Record(0)[Field::Title] == u"x &#61; &#1050;&#55357;&#56534; y");
+    CHECK(test.Menu().mFileList[0].caption.ends_with(u"\t= x = \u041A\U0001F4D6 y"));
+    CHECK(test.Window().title == u"Norvaset [Default] - x = \u041A\U0001F4D6 y");
+    test.Close();
+    CHECK(test.DataFile().find("x &#61; &#1050;&#55357;&#56534; y=") != std::string::npos);
+}
+
+TEST_CASE("context menu: the commands that apply") {
+    Reading test("one two");
+    test.View().Select(4, 3);
+    test.View().onContextMenu();
+    REQUIRE(test.Menus().contextItems.size() == 10);
+    CHECK(test.Menus().contextItems[0] == &test.Menu().mEditCopy);
+    CHECK(test.Menu().mEditCopy[0].enabled);
+    CHECK(test.Menu().mBookmarkNew[0].enabled);
+}

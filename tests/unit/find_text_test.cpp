@@ -1,0 +1,56 @@
+#include "common/find_text.h"
+#include "common/text.h"
+
+#include <doctest/doctest.h>
+
+#include <map>
+#include <random>
+#include <string>
+
+namespace {
+std::size_t FindSimply(std::u16string_view text, std::u16string_view what, std::size_t start) {
+    for (std::size_t at = start; at + what.size() <= text.size(); ++at)
+        if (EqualIgnoringCase(text.substr(at, what.size()), what)) return at;
+    return std::u16string_view::npos;
+}
+
+std::u16string RandomText(std::mt19937& random, std::size_t length) {
+    constexpr std::u16string_view letters = u"aAbB sS\u017F\u03C3\u03C2\u03A3";
+    std::u16string text(length, u' ');
+    for (char16_t& unit : text)
+        unit = letters[random() % letters.size()];
+    return text;
+}
+} // namespace
+
+TEST_CASE("find text: the same as a simple search, in texts of all lengths") {
+    std::mt19937 random(7);
+    for (std::size_t length = 0; length < 200; ++length) {
+        const std::u16string text = RandomText(random, length);
+        for (std::size_t size = 1; size < 5; ++size) {
+            const std::u16string what = RandomText(random, size);
+            const std::size_t start = random() % (length + 1);
+            CHECK(FindText(text, what, start, {}) == FindSimply(text, what, start));
+            CHECK(FindText(text, what, start, {false, true}) == text.find(what, start));
+        }
+    }
+}
+
+TEST_CASE("find text: a match at each place around the borders of what is searched at once") {
+    for (std::size_t at = 0; at < 150; ++at) {
+        std::u16string text(150, u'-');
+        CHECK(FindText(text + u"Xy", u"xY", at, {}) == 150);
+        text.replace(at, 1, u"Xy");
+        CHECK(FindText(text, u"xY", 0, {}) == at);
+    }
+}
+
+TEST_CASE("find text: no character has more than four forms that differ in case") {
+    std::map<char16_t, int> forms;
+    for (char32_t unit = 0; unit <= 0xFFFF; ++unit)
+        ++forms[FoldCase(static_cast<char16_t>(unit))];
+    for (const auto& [folded, count] : forms) {
+        CAPTURE(static_cast<int>(folded));
+        CHECK(count <= 4);
+    }
+}

@@ -1,0 +1,204 @@
+#include "test_form.h"
+
+#include "books/open_book.h"
+#include "reading/charset_change.h"
+#include "reading/formatting.h"
+#include "reading/keyboard.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+struct Reading : TestForm {
+    explicit Reading(std::string_view text = NumberedLines(300)) {
+        PutBook(u"/b/a.txt", text);
+        Start();
+        OpenBook(form, u"/b/a.txt", -1);
+    }
+    void Choose(MenuArray& command, int index = 0) {
+        Menus().Open(Menu().mView);
+        Menus().Click(command, index);
+    }
+    std::size_t Writes() { return Files().replaceCalls.size(); }
+};
+} // namespace
+
+TEST_CASE("view: cancelled or unchanged choices change and write nothing") {
+    Reading test;
+    const auto writes = test.Writes();
+    const std::string before = test.DataFile();
+    test.Choose(test.Menu().mViewFont); // confirmed as it was
+    test.Dialogs().fontAnswer = FontAnswer{DialogResult::Cancel, {}, 5};
+    test.Choose(test.Menu().mViewFont);
+    test.Choose(test.Menu().mViewBackground);
+    test.Dialogs().colorAnswer = {DialogResult::Ok, test.View().BackColor()};
+    test.Choose(test.Menu().mViewBackground);
+    test.Choose(test.Menu().mViewAlign, 0); // already checked
+    CHECK(test.Writes() == writes);
+    CHECK(test.DataFile() == before);
+    CHECK(test.Dialogs().fontRequests[0].first == u"Font");
+    CHECK(test.Dialogs().colorRequests[0].first == u"Background Color");
+}
+
+TEST_CASE("view: every setting is kept with its book") {
+    Reading test;
+    ViewFont font = test.form.viewFont;
+    font.name = u"Old Serif";
+    font.bold = true;
+    test.Dialogs().fontAnswer = FontAnswer{DialogResult::Ok, font, 0x0000FF};
+    test.Choose(test.Menu().mViewFont);
+    test.Dialogs().colorAnswer = {DialogResult::Ok, 0x00FF00};
+    test.Choose(test.Menu().mViewBackground);
+    test.Choose(test.Menu().mViewAlign, 1);
+    test.Choose(test.Menu().mViewWordWrap);
+    test.Choose(test.Menu().mViewFontSize, 0);
+    const BookRecord record = test.Record(0);
+    CHECK(record[Field::FontName] == u"Old Serif");
+    CHECK(record[Field::FontSize] == u"11");
+    CHECK(record[Field::Bold] == u"1");
+    CHECK(record[Field::ForeColor] == u"255");
+    CHECK(record[Field::BackColor] == u"65280");
+    CHECK(record[Field::Align] == u"1");
+    CHECK(record[Field::Wrap] == u"0");
+    test.Close();
+    TestForm next(test);
+    REQUIRE(next.Start());
+    CHECK(next.Record(0)[Field::FontName] == u"Old Serif");
+    CHECK(next.View().Font().size == 11);
+    CHECK(next.View().RightMargin() == 491520);
+    CHECK(next.View().ShownAlignment() == Alignment::Right);
+}
+
+TEST_CASE("view: the top line and the caret stay where they are") {
+    Reading test;
+    test.View().Select(400, 0);
+    test.View().ScrollLineToTop(900);
+    const TextPos top = test.View().FirstVisibleChar();
+    test.Choose(test.Menu().mViewFontSize, 1);
+    test.Choose(test.Menu().mViewAlign, 1);
+    ApplyTextColor(test.form, 7, false);
+    CHECK(test.View().FirstVisibleChar() == top);
+    CHECK(test.View().SelStart() == 400);
+    CHECK(test.View().ShownPointer() == Pointer::Default);
+}
+
+TEST_CASE("view: the colours of rich text are kept only when wanted") {
+    Reading test;
+    test.View().SetTextColor(1);
+    test.Menu().mOptionsFileColor[0].checked = true;
+    ApplyTextColor(test.form, 9, true);
+    CHECK(test.View().AutoColor());
+    CHECK(test.View().TextColor() == 1);
+    test.Menu().mOptionsFileColor[0].checked = false;
+    ApplyTextColor(test.form, 9, true);
+    CHECK_FALSE(test.View().AutoColor());
+    CHECK(test.View().TextColor() == 9);
+}
+
+TEST_CASE("view: a right-to-left charset applies the alignment again") {
+    Reading test;
+    ViewFont font = test.form.viewFont;
+    for (const int charset : {177, 178}) {
+        test.View().SetAlignment(Alignment::Justified); // so that applying it again is seen
+        font.charset = charset;
+        test.Dialogs().fontAnswer = FontAnswer{DialogResult::Ok, font, 0};
+        test.Choose(test.Menu().mViewFont);
+        CHECK(test.View().ShownAlignment() == Alignment::Left);
+    }
+    test.View().SetAlignment(Alignment::Justified);
+    font.size = 20; // staying on one does not
+    test.Dialogs().fontAnswer = FontAnswer{DialogResult::Ok, font, 0};
+    test.Choose(test.Menu().mViewFont);
+    CHECK(test.View().ShownAlignment() == Alignment::Justified);
+}
+
+TEST_CASE("view: the font size stays within what a font can be") {
+    Reading test;
+    for (int i = 0; i < 30; ++i)
+        test.Choose(test.Menu().mViewFontSize, 1);
+    CHECK(test.form.viewFont.size == 1);
+    test.form.viewFont.size = 1638;
+    test.Choose(test.Menu().mViewFontSize, 0);
+    CHECK(test.form.viewFont.size == 1638);
+}
+
+TEST_CASE("view: refresh reads the file again and keeps the place") {
+    Reading test;
+    test.View().ScrollLineToTop(900);
+    const TextPos top = test.View().FirstVisibleChar();
+    test.PutBook(u"/b/a.txt", NumberedLines(400));
+    test.Choose(test.Menu().mViewRefresh);
+    CHECK(test.View().TextLength() > 2590);
+    CHECK(test.View().FirstVisibleChar() == top);
+    test.Files().Remove(u"/b/a.txt");
+    test.Choose(test.Menu().mViewRefresh);
+    CHECK(test.Dialogs().messages.back().text == u"/b/a.txt\r\nfile not found.");
+    CHECK(test.View().TextLength() > 2590);
+    CHECK(test.Menu().mFileList[0].checked);
+    CHECK_FALSE(test.Menu().mFileList[0].enabled);
+}
+
+TEST_CASE("charset: positions move to the same bytes") {
+    // Two letters of two bytes, a line end of two, then "ab": in 932 and byte by byte.
+    const std::string bytes = "\x93\xFA\x96\x7B\r\nab";
+    CHECK(PositionsInCodePage(bytes, 932, 1252, {0, 1, 2, 3, 4, 5, 99}) ==
+          std::vector<TextPos>{0, 2, 4, 5, 6, 7, 7});
+    CHECK(PositionsInCodePage(bytes, 1252, 932, {7, 5, 4, 2, 0}) ==
+          std::vector<TextPos>{5, 3, 2, 1, 0});
+    CHECK(PositionsInCodePage("", 932, 1252, {0, 5}) == std::vector<TextPos>{0, 0});
+}
+
+TEST_CASE("charset: wrong letters are put right by the script chosen, and the place stays") {
+    std::string text;
+    for (int i = 0; i < 200; ++i)
+        text += "\xCF\xF0\xE8\xE2\xE5\xF2 " + std::to_string(i) + "\r\n";
+    Reading test(text);
+    test.View().ScrollLineToTop(900);
+    const TextPos top = test.View().FirstVisibleChar();
+    CHECK(test.View().TextRange(top, 2) == u"\u00CF\u00F0");
+    ViewFont font = test.form.viewFont;
+    font.charset = 204;
+    test.Dialogs().fontAnswer = FontAnswer{DialogResult::Ok, font, 0};
+    test.Choose(test.Menu().mViewFont);
+    CHECK(test.View().FirstVisibleChar() == top);
+    CHECK(test.View().TextRange(top, 6) == u"\u041F\u0440\u0438\u0432\u0435\u0442");
+    CHECK(test.Record(0)[Field::Charset] == u"204");
+    test.Close();
+    TestForm next(test);
+    REQUIRE(next.Start());
+    CHECK(next.View().TextRange(top, 6) == u"\u041F\u0440\u0438\u0432\u0435\u0442");
+}
+
+TEST_CASE("charset: a book in Unicode is not touched") {
+    Reading test("\xD0\x9F\xD1\x80\xD0\xB8");
+    const int loads = test.View().loads;
+    ViewFont font = test.form.viewFont;
+    font.charset = 204;
+    test.Dialogs().fontAnswer = FontAnswer{DialogResult::Ok, font, 0};
+    test.Choose(test.Menu().mViewFont);
+    CHECK(test.View().loads == loads);
+    CHECK(test.View().TextRange(0, 9) == u"\u041F\u0440\u0438");
+}
+
+TEST_CASE("keys: font size on key up, shortcuts on key down, Alt+F2 without a position") {
+    Reading test;
+    const auto up = [&](int key, int shift) { test.Window().Events().onKeyUp(key, shift); };
+    const auto down = [&](int key, int shift) { test.Window().Events().onKeyDown(key, shift); };
+    up(187, CtrlKey);
+    up(107, CtrlKey);
+    CHECK(test.form.viewFont.size == 12);
+    up(189, CtrlKey);
+    up(109, CtrlKey);
+    up(48, CtrlKey); // Ctrl+0 does nothing here
+    down(187, CtrlKey);
+    CHECK(test.form.viewFont.size == 10);
+    up(113, AltKey);
+    CHECK(test.View().SelStart() == 0);
+    test.Window().Events().onZoom(2);
+    CHECK(test.form.viewFont.size == 12);
+    down('A', CtrlKey);
+    CHECK(test.View().SelLength() == test.View().TextLength());
+    CHECK(test.Menu().mEditAll[0].caption == u"Select &All\tCtrl+A");
+    CHECK(test.Menu().mEditNext[0].caption == u"Find &Next\tF3");
+    down(115, AltKey);
+    CHECK(test.Window().closed);
+}
