@@ -1,9 +1,9 @@
 #include "platform/qt/find_dialog.h"
 
+#include "platform/qt/check_box.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/text_view/char_formats.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -17,8 +17,8 @@ constexpr int textWidth = 40; // letters of the given font
 
 FindDialog::FindDialog(QWidget* parent, const FindRequest& request)
     : QDialog(parent), given_(request.text), text_(new QComboBox),
-      wholeWord_(new QCheckBox(tr("Match &whole word only"))),
-      matchCase_(new QCheckBox(tr("Match &case"))) {
+      wholeWord_(new CheckBox(tr("Match &whole word only"))),
+      matchCase_(new CheckBox(tr("Match &case"))) {
     setWindowTitle(ToQt(request.title));
     text_->setEditable(true);
     text_->setInsertPolicy(QComboBox::NoInsert);
@@ -28,6 +28,8 @@ FindDialog::FindDialog(QWidget* parent, const FindRequest& request)
     text_->setMinimumContentsLength(textWidth);
     for (const std::u16string& search : request.history)
         text_->addItem(ToQt(search));
+    text_->setCurrentIndex(
+        text_->findText(ToQt(request.text), Qt::MatchFixedString | Qt::MatchCaseSensitive));
     text_->setEditText(ToQt(request.text));
     shown_ = text_->currentText();
     text_->lineEdit()->selectAll();

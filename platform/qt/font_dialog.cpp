@@ -1,12 +1,11 @@
 #include "platform/qt/font_dialog.h"
 
+#include "platform/qt/check_box.h"
 #include "platform/qt/color_dialog.h"
 #include "platform/qt/font_scripts.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/text_view/char_formats.h"
 
-#include <QCheckBox>
-#include <QCompleter>
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
 #include <QFontComboBox>
@@ -17,7 +16,8 @@
 
 namespace {
 
-constexpr double smallestSize = 1, largestSize = 1638;                // points
+constexpr double smallestSize = 1, largestSize = 1638; // points
+constexpr int longestFaceList = 14;
 constexpr int sampleWidth = 300, sampleHeight = 90, swatchWidth = 32; // pixels
 
 // A whole size is shown as one.
@@ -55,13 +55,13 @@ FontDialog::FontDialog(QWidget* parent, const ViewFont& font, Color color)
 
 void FontDialog::AddFaceAndStyle(QFormLayout& form) {
     face_ = new QFontComboBox;
-    // Inline completion would take the Enter key, which is to confirm the dialog.
-    face_->completer()->setCompletionMode(QCompleter::PopupCompletion);
-    shownFace_ = ToQt(given_.name);
-    if (const int index = face_->findText(shownFace_, Qt::MatchFixedString); index >= 0)
-        face_->setCurrentIndex(index);
-    face_->setEditText(shownFace_);
-    connect(face_, &QComboBox::editTextChanged, this, &FontDialog::ShowSample);
+    face_->setEditable(false);
+    face_->setStyleSheet(QStringLiteral("combobox-popup: 0")); // a list below, not over the screen
+    face_->setMaxVisibleItems(longestFaceList);
+    face_->setPlaceholderText(ToQt(given_.name)); // shown of a face that is not installed
+    face_->setCurrentIndex(face_->findText(ToQt(given_.name), Qt::MatchFixedString));
+    shownFace_ = face_->currentIndex();
+    connect(face_, &QComboBox::currentIndexChanged, this, &FontDialog::ShowSample);
     form.addRow(tr("&Font:"), face_);
 
     style_ = new QComboBox;
@@ -82,9 +82,9 @@ void FontDialog::AddSize(QFormLayout& form) {
 }
 
 void FontDialog::AddEffects(QFormLayout& form) {
-    strikethrough_ = new QCheckBox(tr("Stri&keout"));
+    strikethrough_ = new CheckBox(tr("Stri&keout"));
     strikethrough_->setChecked(given_.strikethrough);
-    underline_ = new QCheckBox(tr("&Underline"));
+    underline_ = new CheckBox(tr("&Underline"));
     underline_->setChecked(given_.underline);
     for (QCheckBox* box : {strikethrough_, underline_})
         connect(box, &QCheckBox::toggled, this, &FontDialog::ShowSample);
@@ -126,7 +126,7 @@ void FontDialog::AddSample(QFormLayout& form) {
 
 ViewFont FontDialog::Chosen() const {
     ViewFont font = given_;
-    if (face_->currentText() != shownFace_) font.name = FromQt(face_->currentText().trimmed());
+    if (face_->currentIndex() != shownFace_) font.name = FromQt(face_->currentText());
     if (size_->value() != shownSize_) font.size = size_->value();
     font.charset = script_->currentData().toInt();
     font.bold = style_->currentIndex() / 2;

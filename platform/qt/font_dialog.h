@@ -41,6 +41,6 @@ class FontDialog final : public QDialog {
     QPushButton* colorButton_;
     QComboBox* script_;
     QLabel* sample_;
-    QString shownFace_;    // as it is shown untouched
+    int shownFace_ = -1;   // as it is shown untouched: an index
     double shownSize_ = 0; // likewise
 };

@@ -24,7 +24,7 @@ class Charset(Story):
         wrong = self.lines[0].encode("cp1251").decode("cp1252")
         self.assertEqual(self.first_line(), wrong)
         dialog = self.font_dialog()
-        dialog.key("alt+p")
+        dialog.key("alt+r")
         dialog.type("cyr")
         dialog.close()
         self.assertEqual(self.first_line(), self.lines[0])
@@ -49,16 +49,16 @@ class Charset(Story):
 
     def test_another_face_and_size(self):
         dialog = self.font_dialog()
-        dialog.type("DejaVu Sans Mono")
-        dialog.key("Tab", "Down", "alt+z", "ctrl+a")
+        dialog.type("dej")
+        dialog.key("alt+s", "Down", "alt+z", "ctrl+a")
         dialog.type("17")
         dialog.key("alt+u")
         dialog.close()
         self.program.close()
         record = self.book_record(self.program, self.book)
-        self.assertEqual([record[name] for name in ("FontName", "FontSize", "Italic", "Bold",
-                                                    "Underline", "Strikethru")],
-                         ["DejaVu Sans Mono", "17", "1", "0", "1", "0"])
+        self.assertTrue(record["FontName"].startswith("DejaVu "))
+        names = ("FontSize", "Italic", "Bold", "Underline", "Strikethru")
+        self.assertEqual([record[name] for name in names], ["17", "1", "0", "1", "0"])
 
 
 if __name__ == "__main__":
