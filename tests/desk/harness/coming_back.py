@@ -31,16 +31,16 @@ class ComingBack(Story):
         self.assertGreater(self.book_record(reader, path)["LastPos"], 0)
         return strip
 
-    def come_back(self, reader, path, strip, from_right=False):
+    def come_back(self, reader, path, strip):
         """Starts without arguments and finds `strip` at the top; in a window of another width its
-        left (or right) part. Closing again keeps the place."""
+        left part. Closing again keeps the place."""
         place = self.book_record(reader, path)["LastPos"]
         reader.start()
         reader.wait_for_book(path)
 
         def shows_it():
             now = top_strip(reader.picture(), strip.height)
-            return now and _same_top(strip, now, from_right)
+            return now and _same_top(strip, now)
         wait_for(shows_it, "the same lines at the top as before")
         reader.close()
         self.assertEqual(self.book_record(reader, path)["LastPos"], place)
@@ -54,11 +54,11 @@ class ComingBack(Story):
             file.write(text.encode())
 
 
-def _same_top(strip, now, from_right):
+def _same_top(strip, now):
     """Where the strips have slack, the first line may have been cut by the view's edge; then that
     line or the next one is at the top now, and one strip shows the beginning of the other."""
     if now.width != strip.width:
-        strip, now = _part(strip, from_right), _part(now, from_right)
+        strip, now = _part(strip), _part(now)
     height = STRIP_HEIGHT
     return any(one.crop(0, top, one.width, top + height).looks_like(
                    other.crop(0, 0, other.width, height))
@@ -66,6 +66,5 @@ def _same_top(strip, now, from_right):
                for top in range(one.height - height + 1))
 
 
-def _part(strip, from_right):
-    left = strip.width - COMPARED if from_right else 0
-    return strip.crop(left, 0, left + COMPARED, strip.height)
+def _part(strip):
+    return strip.crop(0, 0, COMPARED, strip.height)
