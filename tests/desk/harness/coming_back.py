@@ -58,7 +58,7 @@ def _same_top(strip, now):
     """Where the strips have slack, the first line may have been cut by the view's edge; then that
     line or the next one is at the top now, and one strip shows the beginning of the other."""
     if now.width != strip.width:
-        strip, now = _left_part(strip), _left_part(now)
+        strip, now = _part(strip), _part(now)
     height = STRIP_HEIGHT
     return any(one.crop(0, top, one.width, top + height).looks_like(
                    other.crop(0, 0, other.width, height))
@@ -66,5 +66,5 @@ def _same_top(strip, now):
                for top in range(one.height - height + 1))
 
 
-def _left_part(strip):
+def _part(strip):
     return strip.crop(0, 0, COMPARED, strip.height)
