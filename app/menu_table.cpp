@@ -10,6 +10,7 @@
 #include "reading/edit.h"
 #include "reading/find.h"
 #include "reading/view_commands.h"
+#include "shell/options.h"
 
 #include <algorithm>
 
@@ -92,23 +93,23 @@ const Row rows[] = {
     ROW(Item, mBookmarkList, u"...", mBookmarkList_Click, true),
 
     ROW(Top, mUser, u"&Profile", mUser_Click),
-    ROW(Item, mUserNew, u"Add &New..."),
+    ROW(Item, mUserNew, u"Add &New...", mUserNew_Click),
     ROW(Sub, mUserDelete, u"&Remove"),
     ROW(SubItem, mUserDeletePlaceholder, removeHeading),
     ROW(SubItem, mUserDeletePlaceholder, u"-"),
-    ROW(SubItem, mUserDeleteList, u"...", nullptr, true),
+    ROW(SubItem, mUserDeleteList, u"...", mUserDeleteList_Click, true),
     ROW(Item, mUserSeparator, u"-"),
     ROW(Item, mProfileList, u"&Default", mProfileList_Click, true),
 
     ROW(Top, mOptions, u"&Options"),
-    ROW(Item, mOptionsTitle, u"&Filename in Window Title"),
-    ROW(Item, mOptionsTitle, u"&Caption in Window Title"),
+    ROW(Item, mOptionsTitle, u"&Filename in Window Title", mOptionsTitle_Click),
+    ROW(Item, mOptionsTitle, u"&Caption in Window Title", mOptionsTitle_Click),
     ROW(Item, mOptionsSeparator1, u"-"),
-    ROW(Item, mOptionsFileColor, u"&Use Text Color of RTF files"),
+    ROW(Item, mOptionsFileColor, u"&Use Text Color of RTF files", mOptionsFileColor_Click),
     ROW(Item, mOptionsSeparator2, u"-"),
-    ROW(Item, mOptionsEditor, u"Set &TXT Editor..."),
-    ROW(Item, mOptionsEditor, u"Set &RTF Editor..."),
-    ROW(Item, mOptionsEditor, u"Set &HTM Editor..."),
+    ROW(Item, mOptionsEditor, u"Set &TXT Editor...", mOptionsEditor_Click),
+    ROW(Item, mOptionsEditor, u"Set &RTF Editor...", mOptionsEditor_Click),
+    ROW(Item, mOptionsEditor, u"Set &HTM Editor...", mOptionsEditor_Click),
 
     ROW(Top, mHelp, u"&Help"),
     ROW(Item, mHelpTopics, u"&Help Topics..."),

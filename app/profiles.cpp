@@ -10,6 +10,8 @@
 #include "shell/options.h"
 #include "shell/window_title.h"
 
+#include <algorithm>
+
 namespace {
 // Makes item `index` the current profile: the first of the list, the others keep their order.
 void MakeCurrent(MainForm& form, int index) {
@@ -73,4 +75,60 @@ void mProfileList_Click(MainForm& form, int index) {
     const int book = LoadHistory(form);
     if (book >= 0) mFileList_Click(form, book);
     if (!IsBookShown(form)) ShowNoBook(form);
+}
+
+namespace {
+// The answer's first line without its blanks.
+std::u16string ProfileName(const std::u16string& answer) {
+    std::u16string name = answer.substr(0, answer.find(u'\n'));
+    std::erase_if(name, [](char16_t unit) { return unit == u' ' || unit == u'\r'; });
+    return name;
+}
+
+// Sections of the data file are named after the profile: "\\" leads to those of its books, a "]"
+// ends a section's name, and quotes around a value are not part of it.
+bool IsSupportedName(const std::u16string& name) {
+    const bool quoted = name.starts_with(u'"') || name.starts_with(u'\'');
+    return !quoted && std::ranges::none_of(name, [](char16_t unit) {
+        return unit == u'?' || unit == u'\\' || unit == u'[' || unit == u']' || unit < u' ';
+    });
+}
+
+// The profile's place in the list; a new one is added at its end.
+int FindOrAddProfile(MenuTree& menu, const std::u16string& name) {
+    for (int i = 0; i < menu.mProfileList.Count(); ++i)
+        if (EqualIgnoringCase(menu.mProfileList[i].caption, name)) return i;
+    AddMenuItem(menu.mProfileList, name);
+    AddMenuItem(menu.mUserDeleteList, name);
+    return menu.mProfileList.Count() - 1;
+}
+} // namespace
+
+void mUserNew_Click(MainForm& form, int) {
+    const auto title = Replace(form.menu.mUserNew[0].caption, u"&", u"");
+    const auto name = ProfileName(form.ports.dialogs->AskText(title, u"Enter new user name:"));
+    if (!IsSupportedName(name)) {
+        Message message;
+        message.text = u"You tried to use unsupported character(s).";
+        message.title = form.productTitle;
+        message.icon = MessageIcon::Information;
+        form.ports.dialogs->ShowMessage(message);
+        return;
+    }
+    if (name.empty() || EqualIgnoringCase(name, form.menu.mUser[0].tag)) return;
+    mProfileList_Click(form, FindOrAddProfile(form.menu, name));
+}
+
+void mUserDeleteList_Click(MainForm& form, int index) {
+    Message question;
+    question.text = u"All data of the profile will be lost.\r\nAre you sure you wish to continue?";
+    question.title = form.productTitle;
+    question.icon = MessageIcon::Question;
+    question.buttons = MessageButtons::OkCancel;
+    question.cancelIsDefault = true;
+    if (form.ports.dialogs->ShowMessage(question) != DialogResult::Ok) return;
+    MenuArray& list = form.menu.mProfileList;
+    list.items.erase(list.items.begin() + index);
+    SyncProfileDeleteMenu(form);
+    SaveListToSection(*form.dataFile, u"mProfileList", list);
 }

@@ -66,6 +66,8 @@ class Dialogs {
     virtual ~Dialogs() = default;
 
     virtual OpenFileAnswer OpenFile(const OpenFileRequest&) = 0;
+    // One line of text; "" when cancelled.
+    virtual std::u16string AskText(const std::u16string& title, const std::u16string& prompt) = 0;
     virtual ColorAnswer ChooseColor(const std::u16string& title, Color start) = 0;
     virtual FontAnswer ChooseFont(const std::u16string& title, const ViewFont&, Color) = 0;
     virtual FindAnswer AskFind(const FindRequest&) = 0;

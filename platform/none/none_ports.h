@@ -51,6 +51,10 @@ class NoneDialogs : public Dialogs {
         if (whileOpen) whileOpen();
         return openAnswer;
     }
+    std::u16string AskText(const std::u16string& title, const std::u16string& prompt) override {
+        textRequests.emplace_back(title, prompt);
+        return textAnswer;
+    }
     ColorAnswer ChooseColor(const std::u16string& title, Color start) override {
         colorRequests.emplace_back(title, start);
         return colorAnswer;
@@ -72,6 +76,8 @@ class NoneDialogs : public Dialogs {
     void SetHelpFile(const std::u16string& path) override { helpFile = path; }
     std::vector<OpenFileRequest> openRequests;
     OpenFileAnswer openAnswer;
+    std::vector<std::pair<std::u16string, std::u16string>> textRequests;
+    std::u16string textAnswer;
     std::vector<std::pair<std::u16string, Color>> colorRequests;
     ColorAnswer colorAnswer;
     std::vector<std::pair<std::u16string, ViewFont>> fontRequests;

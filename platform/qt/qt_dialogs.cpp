@@ -9,6 +9,7 @@
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QUrl>
@@ -72,6 +73,13 @@ OpenFileAnswer QtDialogs::OpenFile(const OpenFileRequest& request) {
         std::max(1, static_cast<int>(filters.indexOf(dialog.selectedNameFilter())) + 1);
     answer.result = DialogResult::Ok;
     return answer;
+}
+
+std::u16string QtDialogs::AskText(const std::u16string& title, const std::u16string& prompt) {
+    QInputDialog dialog(owner_);
+    dialog.setWindowTitle(ToQt(title));
+    dialog.setLabelText(ToQt(prompt));
+    return dialog.exec() == QDialog::Accepted ? FromQt(dialog.textValue()) : std::u16string();
 }
 
 ColorAnswer QtDialogs::ChooseColor(const std::u16string& title, Color start) {

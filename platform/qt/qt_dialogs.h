@@ -12,6 +12,7 @@ class QtDialogs final : public Dialogs {
     explicit QtDialogs(QWidget* owner);
 
     OpenFileAnswer OpenFile(const OpenFileRequest&) override;
+    std::u16string AskText(const std::u16string& title, const std::u16string& prompt) override;
     ColorAnswer ChooseColor(const std::u16string& title, Color start) override;
     FontAnswer ChooseFont(const std::u16string& title, const ViewFont&, Color) override;
     FindAnswer AskFind(const FindRequest&) override;

@@ -119,3 +119,71 @@ TEST_CASE("profiles: a missing book at the top keeps its record when another is 
     test.Close();
     CHECK(test.DataFile().find("=777=9=") != std::string::npos);
 }
+
+namespace {
+void AddProfile(TestForm& test, const std::u16string& name) {
+    test.Dialogs().textAnswer = name;
+    test.Menus().Click(test.Menu().mUserNew);
+}
+} // namespace
+
+TEST_CASE("profiles: a new name loses its blanks; an old one is switched to, in any case") {
+    TestForm test;
+    REQUIRE(test.Start());
+    AddProfile(test, u" Anna Maria \nsecond line");
+    CHECK(test.Dialogs().textRequests[0].first == u"Add New...");
+    CHECK(test.Dialogs().textRequests[0].second == u"Enter new user name:");
+    CHECK(Captions(test.Menu().mProfileList) ==
+          std::vector<std::u16string>{u"AnnaMaria", u"Default"});
+    AddProfile(test, u"annamaria"); // the current one
+    CHECK(test.Menu().mProfileList.Count() == 2);
+    AddProfile(test, u"Bo");
+    AddProfile(test, u"ANNAMARIA");
+    CHECK(Captions(test.Menu().mProfileList) ==
+          std::vector<std::u16string>{u"AnnaMaria", u"Bo", u"Default"});
+    AddProfile(test, u"");
+    CHECK(test.Menu().mProfileList.Count() == 3);
+}
+
+TEST_CASE("profiles: names that the data file cannot hold are refused") {
+    TestForm test;
+    REQUIRE(test.Start());
+    const auto writes = test.Files().replaceCalls.size();
+    for (const char16_t* name : {u"who?", u"A\\mFileList", u"a]", u"[a", u"\"a\""}) {
+        AddProfile(test, name);
+        CHECK(test.Dialogs().messages.back().text == u"You tried to use unsupported character(s).");
+        CHECK(test.Dialogs().messages.back().title == u"Norvaset");
+        CHECK(test.Dialogs().messages.back().icon == MessageIcon::Information);
+    }
+    CHECK(test.Menu().mProfileList.Count() == 1);
+    CHECK(test.Files().replaceCalls.size() == writes);
+}
+
+TEST_CASE(
+    "profiles: removing asks, closes the gap and keeps the data for a later one of that name") {
+    TestForm test;
+    test.PutDataFile(threeProfiles);
+    test.PutBook(u"/b/of-c.txt");
+    REQUIRE(test.Start());
+    test.Menus().Click(test.Menu().mProfileList, 2);
+    OpenBook(test.form, u"/b/of-c.txt", -1);
+    test.Window().DragTo({11, 22, 333, 444});
+    CHECK(Captions(test.Menu().mProfileList) == std::vector<std::u16string>{u"C", u"A", u"B"});
+    test.Menus().Click(test.Menu().mUserDeleteList, 0); // the current one is greyed
+    CHECK(test.Dialogs().messages.empty());
+    test.Dialogs().messageAnswer = DialogResult::Cancel;
+    test.Menus().Click(test.Menu().mUserDeleteList, 1);
+    CHECK(test.Menu().mProfileList.Count() == 3);
+    CHECK(test.Dialogs().messages[0].text ==
+          u"All data of the profile will be lost.\r\nAre you sure you wish to continue?");
+    test.Dialogs().messageAnswer = DialogResult::Ok;
+    test.Menus().Click(test.Menu().mUserDeleteList, 1);
+    CHECK(Captions(test.Menu().mProfileList) == std::vector<std::u16string>{u"C", u"B"});
+    CHECK(Captions(test.Menu().mUserDeleteList) == std::vector<std::u16string>{u"C", u"B"});
+    CHECK(test.DataFile().find("[mProfileList]\r\n0=C\r\n1=B\r\n") != std::string::npos);
+    test.Menus().Click(test.Menu().mProfileList, 1);
+    test.Menus().Click(test.Menu().mUserDeleteList, 1);
+    AddProfile(test, u"C");
+    CHECK(test.Order() == std::vector<std::u16string>{u"/b/of-c.txt"});
+    CHECK(test.Window().Bounds() == Rect{11, 22, 333, 444});
+}

@@ -1,0 +1,68 @@
+#include "test_form.h"
+
+#include "books/open_book.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+struct Reading : TestForm {
+    Reading() {
+        PutBook(u"/b/a.txt", NumberedLines(300));
+        Start();
+        OpenBook(form, u"/b/a.txt", -1);
+    }
+};
+} // namespace
+
+TEST_CASE("options: the title mode is a radio pair, kept per profile") {
+    Reading test;
+    test.Menus().Click(test.Menu().mOptionsTitle, 0);
+    CHECK(test.Menu().mOptionsTitle[0].checked);
+    CHECK_FALSE(test.Menu().mOptionsTitle[1].checked);
+    CHECK(test.DataFile().find("mOptionsTitle=0\r\n") != std::string::npos);
+    test.Menus().Click(test.Menu().mOptionsTitle,
+                       1); // a book without a caption still shows its path
+    CHECK(test.Window().title == u"Norvaset [Default] - /b/a.txt");
+    CHECK(test.DataFile().find("mOptionsTitle=1\r\n") != std::string::npos);
+}
+
+TEST_CASE(
+    "options: colours of rich text on loads the book again at its place, off only recolours") {
+    Reading test;
+    test.View().ScrollLineToTop(900);
+    const TextPos top = test.View().FirstVisibleChar();
+    const int loads = test.View().loads;
+    test.Menus().Click(test.Menu().mOptionsFileColor);
+    CHECK(test.View().loads > loads);
+    CHECK(test.View().AutoColor());
+    CHECK(test.View().FirstVisibleChar() == top);
+    CHECK(test.Menu().mFileList[0].checked);
+    CHECK(test.DataFile().find("mOptionsFileColor=1\r\n") != std::string::npos);
+    const int loadsOn = test.View().loads;
+    test.Menus().Click(test.Menu().mOptionsFileColor);
+    CHECK(test.View().loads == loadsOn);
+    CHECK_FALSE(test.View().AutoColor());
+    CHECK(test.DataFile().find("mOptionsFileColor=0\r\n") != std::string::npos);
+}
+
+TEST_CASE("options: an editor is chosen, kept for all profiles, and cancelled without a trace") {
+    Reading test;
+    test.Files().AddFolder(u"/tools");
+    const auto writes = test.Files().replaceCalls.size();
+    test.Menus().Click(test.Menu().mOptionsEditor, 1);
+    CHECK(test.Files().replaceCalls.size() == writes);
+    test.Dialogs().openAnswer = {DialogResult::Ok, u"/tools/MyEdit.exe", 1};
+    test.Menus().Click(test.Menu().mOptionsEditor, 1);
+    CHECK(test.Menu().mOptionsEditor[1].caption == u"Set &RTF Editor...\t[myedit.exe]");
+    CHECK(test.DataFile().find("[fwMain]\r\nmOptionsEditor-1=/tools/MyEdit.exe\r\n") !=
+          std::string::npos);
+    test.Menus().Click(test.Menu().mOptionsEditor, 1);
+    const OpenFileRequest& request = test.Dialogs().openRequests.back();
+    CHECK(request.title == u"Set RTF Editor");
+    CHECK(request.filter == u"Programs (*.exe)|*.exe|All Files (*.*)|*.*");
+    CHECK(request.fileName == u"/tools/MyEdit.exe");
+    CHECK(request.initialFolder == u"/tools");
+    test.Menu().mOptionsEditor[1].tag = u"/tools/";
+    test.Menus().Click(test.Menu().mOptionsEditor, 1);
+    CHECK(test.Dialogs().openRequests.back().initialFolder == u"/tools");
+}
