@@ -38,8 +38,12 @@ Forms FormsOf(char16_t unit, bool matchCase) {
     return forms;
 }
 
-bool IsOneOf(char16_t unit, const Forms& forms) {
-    return (unit == forms[0]) | (unit == forms[1]) | (unit == forms[2]) | (unit == forms[3]);
+// 1 or 0, without a branch, so that the compiler can ask for several units at once.
+unsigned IsOneOf(char16_t unit, const Forms& forms) {
+    unsigned found = 0;
+    for (const char16_t form : forms)
+        found |= unsigned{unit == form};
+    return found;
 }
 
 class Search {
@@ -76,14 +80,13 @@ std::size_t Search::From(std::size_t start) const {
     return std::u16string_view::npos;
 }
 
-// Looks for the first and the last unit at their distance, without a branch: so the compiler makes
-// it do several places at once, and few blocks pass.
+// Looks for the first and the last unit at their distance: few blocks pass.
 bool Search::MayBeginInBlock(std::size_t block) const {
     const char16_t *const begins = text_.data() + block, *const ends = begins + what_.size() - 1;
     const Forms first = first_, last = last_; // told from the text that is read
     unsigned found = 0;
     for (std::size_t i = 0; i < blockSize; ++i)
-        found |= static_cast<unsigned>(IsOneOf(begins[i], first) & IsOneOf(ends[i], last));
+        found |= IsOneOf(begins[i], first) & IsOneOf(ends[i], last);
     return found != 0;
 }
 

@@ -87,7 +87,8 @@ TEST_CASE("text view: a selection as rich text reads as the same text") {
     OnEachBackEnd([&](TextView& view) {
         const TextPos size = static_cast<TextPos>(text.size());
         const TextPos stretches[][2] = {{0, size}, {4, 7}, {10, 21}, {size - 6, 6}, {3, 0}};
-        for (const auto& [start, length] : stretches) {
+        for (const auto& stretch : stretches) {
+            const TextPos start = stretch[0], length = stretch[1];
             CAPTURE(start);
             view.LoadPlainText(text);
             view.Select(start, length);

@@ -49,8 +49,8 @@ TEST_CASE("find text: no character has more than four forms that differ in case"
     std::map<char16_t, int> forms;
     for (char32_t unit = 0; unit <= 0xFFFF; ++unit)
         ++forms[FoldCase(static_cast<char16_t>(unit))];
-    for (const auto& [folded, count] : forms) {
-        CAPTURE(static_cast<int>(folded));
-        CHECK(count <= 4);
+    for (const auto& folded : forms) {
+        CAPTURE(static_cast<int>(folded.first));
+        CHECK(folded.second <= 4);
     }
 }
