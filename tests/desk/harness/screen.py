@@ -4,7 +4,7 @@ import subprocess
 
 from harness.wait import wait_for
 
-TOOLS = ["Xvfb", "openbox", "xdotool", "xprop", "xwininfo", "import"]
+TOOLS = ["Xvfb", "openbox", "xdotool", "xprop", "xwininfo", "xclip", "import"]
 SIZE = (1280, 1024)
 OPENBOX_RULES = os.path.join(os.path.dirname(__file__), "openbox.xml")
 
