@@ -41,10 +41,24 @@ int LoadHistory(MainForm& form) {
     const int given = AddBook(form, commandLine, -1);
     return given < 0 ? firstFound : given;
 }
+
 // One reader's book does not stay on the screen of another.
 void ShowNoBook(MainForm& form) {
     form.ports.textView->LoadPlainText(u"");
     UpdateWindowTitle(form);
+}
+
+void SwitchTo(MainForm& form, int index) {
+    const FlagScope changing(form.ProfileChanging);
+    form.menu.mProfileList[0].checked = true;
+    MakeCurrent(form, index);
+    SyncProfileDeleteMenu(form);
+    RestorePlacement(form);
+    LoadProfileOptions(form);
+    form.menu.mBookmark[0].enabled = false;
+    const int book = LoadHistory(form);
+    if (book >= 0) mFileList_Click(form, book);
+    if (!IsBookShown(form)) ShowNoBook(form);
 }
 } // namespace
 
@@ -65,16 +79,9 @@ void SyncProfileDeleteMenu(MainForm& form) {
 
 void mProfileList_Click(MainForm& form, int index) {
     if (form.menu.mProfileList[index].checked) return;
-    const FlagScope changing(form.ProfileChanging);
-    form.menu.mProfileList[0].checked = true;
-    MakeCurrent(form, index);
-    SyncProfileDeleteMenu(form);
-    RestorePlacement(form);
-    LoadProfileOptions(form);
-    form.menu.mBookmark[0].enabled = false;
-    const int book = LoadHistory(form);
-    if (book >= 0) mFileList_Click(form, book);
-    if (!IsBookShown(form)) ShowNoBook(form);
+    SwitchTo(form, index);
+    // A book given at the start has come to the top of a list that was not written meanwhile.
+    if (!form.ports.launch.commandLine.empty() && IsBookShown(form)) SaveHistoryList(form);
 }
 
 namespace {

@@ -183,6 +183,10 @@ TEST_CASE("start-up: a book on the command line opens in place of the last one")
     REQUIRE(second.Start());
     CHECK(second.Order() == std::vector<std::u16string>{u"/b/given.txt", u"/b/a.txt"});
     CHECK(second.Menu().mFileList[0].checked);
+    second.Close();
+    TestForm third(second); // and it is the last one read from now on
+    REQUIRE(third.Start());
+    CHECK(third.Window().title == u"Norvaset [Default] - /b/given.txt");
 }
 
 TEST_CASE("start-up: a missing book on the command line is told, and the last one opens") {
