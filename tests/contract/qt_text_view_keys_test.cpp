@@ -218,3 +218,17 @@ TEST_CASE("qt text view: the caret shows while the view has the focus") {
     bench.view.Widget()->clearFocus();
     CHECK_FALSE(caretShown());
 }
+
+TEST_CASE("qt text view: a window made larger at the end of the book is not left blank") {
+    QtViewBench bench(500, 20);
+    bench.view.LoadPlainText(RepeatedText(u"a line\n", 500));
+    bench.Press(Qt::Key_End, Qt::ControlModifier);
+    const TextPos whenSmall = bench.view.FirstVisibleChar();
+    CHECK(whenSmall > 7 * 497);
+    bench.view.SetBounds({0, 0, 500, 400});
+    CHECK(bench.view.FirstVisibleChar() < 7 * 490); // the lines above came into view
+    bench.view.SetBounds({0, 0, 500, 20});
+    bench.view.ScrollLineToTop(7 * 499); // a place that was asked for stays at the top
+    bench.view.SetBounds({0, 0, 500, 400});
+    CHECK(bench.view.FirstVisibleChar() == 7 * 499);
+}

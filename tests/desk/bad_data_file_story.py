@@ -89,7 +89,7 @@ class BadDataFile(Story):
         self.program.wait_for_book(other)
         self.program.close()
         self.assertEqual(stat.S_IMODE(os.stat(self.program.data_path).st_mode), READ_ONLY)
-        self.assertEqual(self.program.data().paths(), [self.book, other])
+        self.assertEqual(self.program.data().paths(), [other, self.book])
 
     def test_a_folder_that_cannot_be_written(self):
         if os.getuid() != 0:

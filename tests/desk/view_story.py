@@ -13,7 +13,7 @@ class View(ComingBack):
         self.first = books.write_book(self.path("anchor.txt"), books.long_paragraphs("latin", 300))
         self.second = books.write_book(self.path("bridge.txt"), books.lines("accents", 300))
         self.program = self.reader()
-        for path in (self.first, self.second):
+        for path in (self.second, self.first):
             self.program.start(path)
             self.program.wait_for_book(path)
             self.program.close()

@@ -14,6 +14,11 @@ TextScroller::TextScroller(TextLayouts& layouts) : layouts_(layouts) {}
 void TextScroller::ShowLine(TextPos position) {
     position_ = std::clamp(position, 0, TextPos(layouts_.Text().text.size()));
     hidden_ = 0;
+    placed_ = true;
+}
+
+void TextScroller::SettleAtEnd() {
+    if (!placed_ && Top() > LastTop()) SetTop(LastTop());
 }
 
 TextPos TextScroller::FirstVisibleChar() {
@@ -114,6 +119,7 @@ void TextScroller::SetTop(TextHeight top) {
     const LineRef line = LineAtHeight(*layout, top.y);
     position_ = LineStart(*layout, line);
     hidden_ = std::clamp(top.y - LineTop(*layout, line), 0, LineHeight(*layout, line) - 1);
+    placed_ = false;
 }
 
 // A top line cut by at most so many pixels, above or below, is shown whole. Not at the end of the

@@ -19,6 +19,9 @@ class TextScroller {
     void SetViewHeight(int pixels) { viewHeight_ = std::max(1, pixels); }
     int ViewHeight() const { return viewHeight_; }
     void LayoutsChanged() { bottomKnown_ = false; }
+    // After a change of size: where the reader had scrolled to the end, the last line stays at the
+    // bottom instead of going up with the top.
+    void SettleAtEnd();
 
     // The line of `position` exactly at the top, also where the text below does not fill the view.
     void ShowLine(TextPos position);
@@ -52,6 +55,7 @@ class TextScroller {
     TextLayouts& layouts_;
     TextPos position_ = 0; // a character of the top line
     int hidden_ = 0;       // pixels of that line above the view's edge
+    bool placed_ = true;   // by ShowLine, which may leave room below the text
     int viewHeight_ = 1;
     TextHeight lastTop_; // as long as bottomKnown_
     bool bottomKnown_ = false;

@@ -73,15 +73,19 @@ void TextWidget::Fit() {
     setHorizontalScrollBarPolicy(breakWidth > room ? Qt::ScrollBarAlwaysOn
                                                    : Qt::ScrollBarAlwaysOff);
     const int height = std::max(1, maximumViewportSize().height());
-    if (height != scroller_.ViewHeight()) {
+    const bool sameHeight = height == scroller_.ViewHeight();
+    if (!sameHeight) {
         scroller_.SetViewHeight(height);
         scroller_.LayoutsChanged();
     }
     const bool sameWidth = breakWidth == context_.breakWidth && viewWidth == context_.viewWidth;
-    if (sameScreen && sameWidth) return;
-    context_.breakWidth = breakWidth;
-    context_.viewWidth = viewWidth;
-    Relayout();
+    if (sameScreen && sameWidth && sameHeight) return;
+    if (!sameScreen || !sameWidth) {
+        context_.breakWidth = breakWidth;
+        context_.viewWidth = viewWidth;
+        Relayout();
+    }
+    scroller_.SettleAtEnd();
 }
 
 TextScroller& TextWidget::Scroller() {
