@@ -7,6 +7,7 @@
 #include "common/list_persistence.h"
 #include "common/menu_items.h"
 #include "common/text.h"
+#include "shell/confirm.h"
 #include "shell/options.h"
 #include "shell/window_title.h"
 
@@ -127,13 +128,7 @@ void mUserNew_Click(MainForm& form, int) {
 }
 
 void mUserDeleteList_Click(MainForm& form, int index) {
-    Message question;
-    question.text = u"All data of the profile will be lost.\r\nAre you sure you wish to continue?";
-    question.title = form.productTitle;
-    question.icon = MessageIcon::Question;
-    question.buttons = MessageButtons::OkCancel;
-    question.cancelIsDefault = true;
-    if (form.ports.dialogs->ShowMessage(question) != DialogResult::Ok) return;
+    if (!ConfirmLoss(form, u"All data of the profile will be lost.")) return;
     MenuArray& list = form.menu.mProfileList;
     list.items.erase(list.items.begin() + index);
     SyncProfileDeleteMenu(form);

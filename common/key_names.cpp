@@ -40,11 +40,11 @@ std::u16string KeyName(int keyCode) {
     return key == std::end(namedKeys) ? u"" : key->name;
 }
 
-std::u16string GetShortcutText(std::u16string_view specification) {
-    const auto firstDot = specification.find(u'.'), lastDot = specification.rfind(u'.');
-    const int key = WholeNumber(specification.substr(0, firstDot));
+std::u16string GetShortcutText(std::u16string_view keyAndShift) {
+    const auto firstDot = keyAndShift.find(u'.'), lastDot = keyAndShift.rfind(u'.');
+    const int key = WholeNumber(keyAndShift.substr(0, firstDot));
     const int shift =
-        lastDot == std::u16string_view::npos ? 0 : WholeNumber(specification.substr(lastDot + 1));
+        lastDot == std::u16string_view::npos ? 0 : WholeNumber(keyAndShift.substr(lastDot + 1));
     std::u16string text;
     if ((shift & 4) && key != 18) text += u"Alt+";
     if ((shift & 2) && key != 17) text += u"Ctrl+";

@@ -9,4 +9,4 @@ std::u16string KeyName(int keyCode);
 
 // The display text of "keycode.shift": 70.2 gives "Ctrl+F". The shift mask adds 1 for Shift, 2 for
 // Ctrl, 4 for Alt.
-std::u16string GetShortcutText(std::u16string_view specification);
+std::u16string GetShortcutText(std::u16string_view keyAndShift);

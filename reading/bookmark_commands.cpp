@@ -6,6 +6,7 @@
 #include "reading/bookmarks.h"
 #include "reading/caret.h"
 #include "reading/text_routines.h"
+#include "shell/confirm.h"
 
 #include <algorithm>
 #include <utility>
@@ -99,14 +100,7 @@ void mBookmarkLast_Click(MainForm& form, int) {
 }
 
 void mBookmarkClearAll_Click(MainForm& form, int) {
-    Message question;
-    question.text =
-        u"All bookmarks for this book will be lost.\r\nAre you sure you wish to continue?";
-    question.title = form.productTitle;
-    question.icon = MessageIcon::Question;
-    question.buttons = MessageButtons::OkCancel;
-    question.cancelIsDefault = true;
-    if (form.ports.dialogs->ShowMessage(question) != DialogResult::Ok) return;
+    if (!ConfirmLoss(form, u"All bookmarks for this book will be lost.")) return;
     MenuArray& list = form.menu.mBookmarkList;
     list.items.resize(1);
     list[0].caption = list[0].tag = u"";

@@ -39,9 +39,9 @@ bool Choose(MainForm& form, MenuArray& menu, MenuArray& command) {
 
 void ShowShortcuts(MainForm& form) {
     for (const Shortcut& shortcut : shortcuts) {
-        const std::u16string specification =
+        const std::u16string keyAndShift =
             NumberText(shortcut.key) + u'.' + NumberText(shortcut.shift);
-        SetMenuShortcutText((form.menu.*shortcut.command)[0], GetShortcutText(specification));
+        SetMenuShortcutText((form.menu.*shortcut.command)[0], GetShortcutText(keyAndShift));
     }
 }
 

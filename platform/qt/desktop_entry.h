@@ -1,4 +1,4 @@
-// Desktop entry files (Desktop Entry Specification 1.5): what an installed program calls itself.
+// Desktop entry files (freedesktop.org, version 1.5): what an installed program calls itself.
 #pragma once
 
 #include <string>

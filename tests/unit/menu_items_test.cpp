@@ -4,7 +4,7 @@
 
 #include <doctest/doctest.h>
 
-TEST_CASE("shortcuts: a specification becomes its display text") {
+TEST_CASE("shortcuts: a key and its shift mask become its display text") {
     const std::pair<const char16_t*, const char16_t*> table[] = {
         {u"70.2", u"Ctrl+F"},
         {u"112.0", u"F1"},
@@ -21,8 +21,8 @@ TEST_CASE("shortcuts: a specification becomes its display text") {
         {u"93.0", u"App"},
         {u"46.2", u"Ctrl+Del"},
     };
-    for (const auto& [specification, text] : table)
-        CHECK(GetShortcutText(specification) == text);
+    for (const auto& [keyAndShift, text] : table)
+        CHECK(GetShortcutText(keyAndShift) == text);
 }
 
 TEST_CASE("shortcuts: the text of a caption is replaced, never appended") {
