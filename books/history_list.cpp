@@ -33,7 +33,8 @@ std::u16string GetBookPath(const MainForm& form, int index) {
 }
 
 bool IsBookShown(const MainForm& form) {
-    return form.menu.mFileList[0].checked;
+    const MenuItem& first = form.menu.mFileList[0];
+    return first.checked && !first.tag.empty();
 }
 
 int HistoryCount(const MainForm& form) {

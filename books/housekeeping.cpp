@@ -2,7 +2,6 @@
 
 #include "app/main_form.h"
 #include "books/history_list.h"
-#include "books/open_book.h"
 #include "common/text.h"
 
 void mFileNonFound_Click(MainForm& form, int) {
@@ -21,16 +20,16 @@ void mFileNonFound_Click(MainForm& form, int) {
 void mFileRemoveList_Click(MainForm& form, int index) {
     MenuArray& list = form.menu.mFileList;
     const int count = HistoryCount(form);
+    // Item 0 keeps its check mark, so the view goes on with the removed book, whose record stays in
+    // the data file until the list is next written.
+    const bool shownRemoved = index == 0 && IsBookShown(form);
     for (int i = index; i + 1 < count; ++i) {
         list[i].tag = list[i + 1].tag;
         SetHistoryCaption(form, i);
     }
     if (count <= 1) list[0].tag = list[0].caption = u"";
     SyncRemoveMenu(form, count - 2);
-    if (index != 0)
-        SaveHistoryList(form);
-    else
-        mFileList_Click(form, 0); // item 0 is still checked: the view keeps the removed book
+    if (!shownRemoved) SaveHistoryList(form);
 }
 
 void mFileEdit_Click(MainForm& form, int) {

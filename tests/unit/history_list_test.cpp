@@ -148,3 +148,26 @@ TEST_CASE("history: a hand-edited section keeps every line that names a book") {
     REQUIRE(test.Start());
     CHECK(test.Order() == std::vector<std::u16string>{u"/b/only-a-path", u"/b/five", u"/b/twenty"});
 }
+
+TEST_CASE("history: after the last book is removed, saving leaves no nameless record behind") {
+    TestForm test;
+    test.PutBook(u"/b/0.txt");
+    test.PutBook(u"/b/1.txt");
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/0.txt", -1);
+    test.Menus().Click(test.Menu().mFileRemoveList, 0);
+    test.Timer().Tick(60);
+    CHECK(HistoryCount(test.form) == 0);
+    OpenBook(test.form, u"/b/1.txt", -1);
+    CHECK(test.Order() == std::vector<std::u16string>{u"/b/1.txt"});
+}
+
+TEST_CASE("history: the only book, missing, is removed without a word") {
+    TestForm test;
+    test.PutDataFile("[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n/gone.txt=1=0\r\n");
+    REQUIRE(test.Start());
+    test.Menus().Click(test.Menu().mFileRemoveList, 0);
+    CHECK(test.Dialogs().messages.empty());
+    CHECK(test.Order().empty());
+    CHECK(test.DataFile().find("/gone.txt") == std::string::npos);
+}

@@ -19,8 +19,8 @@ class TestForm {
 
     // The next run of the program: on the files and the registry that `earlier` left when it ended.
     explicit TestForm(TestForm& earlier) : form(MakeNonePorts()) {
-        earlierClock_ = std::move(earlier.form.ports.clock);
-        earlierFileClock_ = std::move(earlier.earlierClock_);
+        earlierClocks_ = std::move(earlier.earlierClocks_);
+        earlierClocks_.push_back(std::move(earlier.form.ports.clock));
         form.ports.files = std::move(earlier.form.ports.files);
         form.ports.registry = std::move(earlier.form.ports.registry);
     }
@@ -60,8 +60,7 @@ class TestForm {
     static constexpr const char16_t* dataPath = u"/app/Norvaset.dat";
 
   private:
-    std::unique_ptr<::Clock> earlierClock_,
-        earlierFileClock_; // the files' own; they outlive the files
+    std::vector<std::unique_ptr<::Clock>> earlierClocks_; // the files have one of them
 
   public:
     MainForm form;
