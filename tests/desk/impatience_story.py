@@ -57,7 +57,10 @@ class Impatience(Story):
     def calm_down(self):
         """Leaves whatever menu or dialog is still open; then the program answers to a key."""
         def is_alone():
-            if len(self.program.windows()) > 1:
+            others = [one for one in self.program.windows() if one != self.program.window]
+            if others:
+                # Hammering may have left the keyboard with nobody.
+                self.screen.xdotool("windowfocus", others[-1])
                 self.program.key("Escape")
             elif not self.program.is_active():
                 self.screen.xdotool("windowactivate", self.program.window)
