@@ -46,6 +46,7 @@ int LoadHistory(MainForm& form) {
 // One reader's book does not stay on the screen of another.
 void ShowNoBook(MainForm& form) {
     form.ports.textView->LoadPlainText(u"");
+    form.ports.menuBar->Refresh(); // no bookmarks without a book
     UpdateWindowTitle(form);
 }
 

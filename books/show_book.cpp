@@ -14,6 +14,7 @@
 #include "reading/caret.h"
 #include "reading/find.h"
 #include "reading/formatting.h"
+#include "reading/hourglass.h"
 #include "shell/layout.h"
 #include "shell/window_title.h"
 
@@ -56,7 +57,7 @@ void ShowInTextView(MainForm& form, const BookRecord& record, std::string bytes)
     form.viewFont = FontOf(form, record);
     view.SetVisible(true);
     if (form.ports.htmlView) form.ports.htmlView->SetVisible(false);
-    view.SetPointer(Pointer::Hourglass);
+    const Hourglass hourglass(view);
     view.SetBackColor(ColorOf(record[Field::BackColor], defaultBackColor));
     view.SetFont(form.viewFont);
     ApplyFont(form, true);
@@ -65,7 +66,6 @@ void ShowInTextView(MainForm& form, const BookRecord& record, std::string bytes)
     ApplyTextColor(form, ColorOf(record[Field::ForeColor], defaultTextColor), true);
     ApplyAlignment(form, record.Number(Field::Align), true);
     ScrollCaretToTop(view, record.Number(Field::LastPos));
-    view.SetPointer(Pointer::Default);
     LayOutForm(form);
 }
 
@@ -84,9 +84,8 @@ std::optional<std::string> ReadBookToShow(MainForm& form, int index) {
         ShowBookMessage(form, record.Path() + u"\r\nThis program has no view for HTML books.");
         return std::nullopt;
     }
-    form.ports.textView->SetPointer(Pointer::Hourglass);
+    const Hourglass hourglass(*form.ports.textView);
     auto bytes = ReadBookFile(form, record.Path());
-    form.ports.textView->SetPointer(Pointer::Default);
     if (!bytes) SetHistoryCaption(form, index);
     return bytes;
 }
@@ -111,4 +110,5 @@ void mFileList_Click(MainForm& form, int index) {
     UpdateWindowTitle(form);
     LoadFindHistory(form);
     LoadBookmarks(form, record[Field::Marks]);
+    form.ports.menuBar->Refresh();
 }

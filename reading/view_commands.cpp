@@ -9,23 +9,12 @@
 #include "reading/caret.h"
 #include "reading/charset_change.h"
 #include "reading/formatting.h"
+#include "reading/hourglass.h"
 #include "shell/window_title.h"
 
 #include <algorithm>
 
 namespace {
-// The view shows the hourglass while one lives.
-class Hourglass {
-  public:
-    explicit Hourglass(TextView& view) : view_(view) { view_.SetPointer(Pointer::Hourglass); }
-    ~Hourglass() { view_.SetPointer(Pointer::Default); }
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-
-  private:
-    TextView& view_;
-};
-
 constexpr double smallestSize = 1, largestSize = 1638; // points, what a font can have
 
 void TakeFont(MainForm& form, const ViewFont& chosen) {

@@ -17,7 +17,12 @@ class NoneMenuBar : public MenuBar {
         topLevel = top;
         events_ = std::move(events);
     }
-    void Refresh() override {}
+    // What a user sees of the top level, not what the model says by now.
+    void Refresh() override {
+        enabled.clear();
+        for (const MenuArray* menu : topLevel)
+            enabled.push_back((*menu)[0].enabled);
+    }
     void ShowMenu(MenuArray& menu) override { shown = &menu; } // the test opens it
     void ShowContextMenu(const std::vector<MenuArray*>& items) override { contextItems = items; }
     void Open(MenuArray& menu) { events_.onOpening(menu); }
@@ -26,6 +31,7 @@ class NoneMenuBar : public MenuBar {
         if (array[index].enabled && array[index].visible) events_.onClick(array, index);
     }
     std::vector<MenuArray*> topLevel, contextItems;
+    std::vector<bool> enabled;
     MenuArray* shown = nullptr;
 
   private:

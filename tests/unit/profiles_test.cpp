@@ -91,7 +91,10 @@ TEST_CASE("profiles: a reader without books does not see another's book") {
     test.Menus().Click(test.Menu().mProfileList, 1);
     CHECK(test.View().TextLength() == 0);
     CHECK(test.Window().title == u"Norvaset [B]");
+    CHECK_FALSE(test.Menus().enabled.at(3)); // the Bookmark menu, as the bar shows it
     CHECK(test.DataFile().find("[B\\mFileList]") == std::string::npos);
+    OpenBook(test.form, u"/b/secret.txt", -1);
+    CHECK(test.Menus().enabled.at(3));
 }
 
 TEST_CASE("profiles: a book on the command line opens again in each profile switched to") {
