@@ -1,0 +1,9 @@
+#include "platform/windows/win_clock.h"
+
+#include "platform/windows/win32.h"
+
+DateTime WinClock::Now() const {
+    SYSTEMTIME now = {};
+    GetLocalTime(&now);
+    return {now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond};
+}

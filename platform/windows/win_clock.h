@@ -1,0 +1,9 @@
+// The system's clock.
+#pragma once
+
+#include "platform/clock.h"
+
+class WinClock : public Clock {
+  public:
+    DateTime Now() const override;
+};

@@ -1,0 +1,3 @@
+// The contract tests of the Windows back ends.
+#define DOCTEST_CONFIG_IMPLEMENT_WITH_MAIN
+#include <doctest/doctest.h>
