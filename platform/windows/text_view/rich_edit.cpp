@@ -35,7 +35,7 @@ LPARAM ToLParam(T& value) {
 RichEdit::RichEdit(HWND parent) {
     constexpr DWORD style = WS_CHILD | WS_CLIPSIBLINGS | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE |
                             ES_READONLY | ES_NOHIDESEL | ES_AUTOVSCROLL | ES_AUTOHSCROLL |
-                            ES_NOOLEDRAGDROP;
+                            ES_NOOLEDRAGDROP | ES_DISABLENOSCROLL;
     const wchar_t* const name = RichEditClass();
     if (!name) return;
     window_ = CreateWindowExW(0, name, L"", style, 0, 0, 0, 0, parent, nullptr,
@@ -153,6 +153,7 @@ void RichEdit::SetBackColor(Color color) {
 }
 
 void RichEdit::SetRightMargin(int twips) {
+    Send(EM_SHOWSCROLLBAR, SB_HORZ, twips > 0);
     if (twips <= 0 || twips > widestColumn) {
         Send(EM_SETTARGETDEVICE, 0, twips > 0 ? 1 : 0); // 1: lines do not wrap at all
         return;

@@ -12,6 +12,7 @@ void WinTextView::SetFont(const ViewFont& font) {
 }
 
 void WinTextView::ApplyFontToAll() {
+    if (look_.fontForAll) return;
     look_.fontForAll = true;
     if (!plain_) KeepingTop([this] { control_->FormatAll(FontFormat(look_.font)); });
 }
@@ -31,7 +32,7 @@ void WinTextView::SetTextColor(Color color) {
 void WinTextView::SetBackColor(Color color) {
     const auto before = ReadableAutoColor(look_.backColor);
     look_.backColor = color;
-    control_->SetBackColor(color);
+    if (filled_) control_->SetBackColor(color);
     if (look_.autoColor && ReadableAutoColor(color) != before) Recolor();
 }
 
@@ -55,8 +56,6 @@ void WinTextView::SetAlignment(Alignment alignment) {
 
 void WinTextView::SetRightMargin(int twips) {
     if (twips == look_.rightMargin) return;
-    KeepingTop([&] {
-        look_.rightMargin = twips;
-        control_->SetRightMargin(twips);
-    });
+    look_.rightMargin = twips;
+    KeepingTop([&] { control_->SetRightMargin(twips); });
 }
