@@ -138,9 +138,9 @@ POINT RichEdit::PointOf(TextPos position) const {
     return {point.x, point.y};
 }
 
-void RichEdit::FormatAll(const CHARFORMAT2W& format) {
+void RichEdit::SetDefaultFormat(const CHARFORMAT2W& format) {
     CHARFORMAT2W copy = format;
-    Send(EM_SETCHARFORMAT, Length() > 0 ? SCF_ALL : SCF_DEFAULT, ToLParam(copy));
+    Send(EM_SETCHARFORMAT, SCF_DEFAULT, ToLParam(copy));
 }
 
 void RichEdit::FormatSelectedParagraphs(const PARAFORMAT2& format) {

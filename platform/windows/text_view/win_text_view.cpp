@@ -69,18 +69,26 @@ void WinTextView::FillControl() const {
     Place(*control_);
     control_->SetBackColor(look_.backColor);
     control_->SetRightMargin(look_.rightMargin);
-    control_->FormatAll(FontFormat(look_.font));
-    control_->FormatAll(ColorFormat(look_));
-    if (plain_) {
-        control_->FormatSelectedParagraphs(
-            AlignmentFormat(look_.alignment.value_or(Alignment::Left)));
-        control_->StreamPlain(ToControlText(document_.text));
-    } else {
-        control_->StreamRtf(WriteRtf(Dressed(document_, look_)));
-    }
+    control_->SetDefaultFormat(FontFormat(look_.font));
+    control_->SetDefaultFormat(ColorFormat(look_));
+    StreamDocument();
     const bool same = plain_ && control_->Length() == TextLength();
     map_ = same ? TextMap() : TextMap(document_.text, control_->Text());
     roomBelow_ = 0;
+}
+
+// Plain text takes no alignment with it.
+void WinTextView::StreamDocument() const {
+    if (!plain_) return control_->StreamRtf(DressedRtf(document_, look_));
+    std::u16string text = ToControlText(document_.text);
+    if (look_.alignment.value_or(Alignment::Left) == Alignment::Left)
+        return control_->StreamPlain(text);
+    std::replace(text.begin(), text.end(), u'\r', u'\n');
+    Document document;
+    document.text = std::move(text);
+    TextLook look = look_;
+    look.fontForAll = true;
+    control_->StreamRtf(DressedRtf(document, look));
 }
 
 void WinTextView::TakeOldPlace(const RichEdit* old) const {
@@ -89,13 +97,14 @@ void WinTextView::TakeOldPlace(const RichEdit* old) const {
     if (focused) ::SetFocus(control_->Handle());
 }
 
-// The same text in another look, where the control has no way back to what the file says.
+// The same text in another look.
 void WinTextView::Refill() {
     if (!filled_) return;
     selStart_ = SelStart();
     selEnd_ = selStart_ + SelLength();
     top_ = CurrentTop();
-    Fill();
+    filled_ = false;
+    PostFillDue(control_->Handle());
 }
 
 void WinTextView::Place(RichEdit& control) const {
@@ -153,7 +162,11 @@ std::string WinTextView::SelectionAsRtf() const {
 void WinTextView::SetBounds(const Rect& bounds) {
     if (bounds == bounds_) return;
     bounds_ = bounds;
-    KeepingTop([this] { Place(*control_); });
+    if (!filled_) return;
+    const Top top = CurrentTop();
+    const RichEditPause pause(*control_);
+    Place(*control_);
+    ShowTop(top.position, top.asked);
 }
 
 void WinTextView::SetVisible(bool visible) {

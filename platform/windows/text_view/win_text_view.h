@@ -1,7 +1,7 @@
 // The text view on the system's rich-edit control. Each text gets a control of its own: a fresh one
 // is filled unseen and takes the old one's place, which costs less than to empty the old one. That
-// is put off until something is asked of it, or the message loop runs, so that a look set just
-// after loading costs no second layout.
+// is put off until something is asked of it, or the message loop runs, so that loading a text and
+// giving it a look costs one layout.
 #pragma once
 
 #include "platform/text_view.h"
@@ -69,11 +69,10 @@ class WinTextView : public TextView {
     RichEdit& Control() const; // with the text in it
     void Fill() const;
     void FillControl() const;
+    void StreamDocument() const;
     void TakeOldPlace(const RichEdit* old) const;
     void Refill();
     void Place(RichEdit& control) const;
-    void Recolor();
-    void KeepingTop(const std::function<void()>& change);
     void KeepingScroll(const std::function<void()>& change) const;
 
     bool IsAsPlaced() const;

@@ -91,14 +91,6 @@ void WinTextView::MakeRoomBelow(int twips) const {
     });
 }
 
-void WinTextView::KeepingTop(const std::function<void()>& change) {
-    if (!filled_) return; // it will be made so
-    const Top top = CurrentTop();
-    const RichEditPause pause(*control_);
-    change();
-    ShowTop(top.position, top.asked);
-}
-
 // The control would bring the caret into view.
 void WinTextView::KeepingScroll(const std::function<void()>& change) const {
     const RichEditPause pause(*control_);
