@@ -6,6 +6,7 @@
 #include "books/open_book.h"
 #include "reading/edit.h"
 #include "reading/keyboard.h"
+#include "shell/help.h"
 
 #include <exception>
 #include <new>
@@ -47,6 +48,9 @@ void ConnectEvents(MainForm& form) {
     menuEvents.onOpening = [&form](MenuArray& menu) { RunHandler(form, menu, 0); };
     menuEvents.onClick = [&form](MenuArray& array, int index) { RunHandler(form, array, index); };
     form.ports.menuBar->Attach(form.menu.TopLevel(), menuEvents);
+
+    // Not a command of its own: it comes while one waits for its message.
+    form.ports.dialogs->onHelp = [&form](const std::string& topic) { OpenHelp(form, topic); };
 
     form.ports.textView->onContextMenu = [&form] {
         RunCommand(form, [&] { rtMain_ContextMenu(form); });

@@ -24,6 +24,7 @@ constexpr Shortcut shortcuts[] = {
     {114, 0, &MenuTree::mEdit, &MenuTree::mEditNext},    // F3
     {116, 0, &MenuTree::mView, &MenuTree::mViewRefresh}, // F5
     {'D', CtrlKey, &MenuTree::mBookmark, &MenuTree::mBookmarkNew},
+    {112, 0, &MenuTree::mHelp, &MenuTree::mHelpTopics}, // F1
 };
 
 enum Key { KeyF2 = 113, KeyF4 = 115, NumPlus = 107, NumMinus = 109, Equals = 187, Minus = 189 };
