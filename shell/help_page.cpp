@@ -31,7 +31,7 @@ HelpPageWriter::HelpPageWriter() {
     page_.charStyles = {Letters(22, false), Letters(22, true), Letters(34, true),
                         Letters(26, true)};
     // In the order of HelpParagraph; twips.
-    page_.paragraphStyles = {Spaced(0, 160),     Spaced(200, 80),    Spaced(0, 120),
+    page_.paragraphStyles = {Spaced(0, 160),     Spaced(200, 40),    Spaced(60, 100),
                              Spaced(0, 60, 360), Spaced(0, 60, 360), Spaced(0, 60, 2800)};
     page_.charRuns.clear();
     page_.paragraphRuns.clear();

@@ -20,6 +20,11 @@ namespace {
 constexpr QSize usualSize(940, 680);
 constexpr int listWidth = 300;
 constexpr int westernCodePage = 1252; // never needed: the pages are ASCII
+
+// Lack of memory must not reach Qt.
+void Guarded(const std::function<void()>& act) {
+    CallHandler(act);
+}
 } // namespace
 
 HelpWidget::HelpWidget(const HelpContents& contents)
@@ -82,7 +87,7 @@ void HelpWidget::ShowContents(const HelpContents& contents, int page) {
 }
 
 void HelpWidget::ShowTypedFor(const QString& typed) {
-    CallHandler([&] {
+    Guarded([&] {
         if (typed.trimmed().isEmpty()) {
             const int page = shownPage_;
             list_->ShowTitles(contents_.titles);
@@ -96,7 +101,7 @@ void HelpWidget::ShowTypedFor(const QString& typed) {
 
 void HelpWidget::ShowRow(int row) {
     if (row < 0) return;
-    CallHandler([&] {
+    Guarded([&] {
         const HelpFinding* finding = list_->Finding(row);
         ShowPage(finding ? finding->page : row);
         if (!finding) return;
@@ -145,6 +150,7 @@ QtHelpWindow::~QtHelpWindow() {
 }
 
 void QtHelpWindow::Show(const HelpContents& contents, int page) {
+    if (widget_ && widget_->isHidden()) delete widget_; // closed, and about to go
     if (!widget_) widget_ = new HelpWidget(contents);
     widget_->ShowContents(contents, page);
     widget_->show();
@@ -152,7 +158,7 @@ void QtHelpWindow::Show(const HelpContents& contents, int page) {
 }
 
 bool QtHelpWindow::Raise() {
-    if (!widget_) return false;
+    if (!widget_ || widget_->isHidden()) return false;
     widget_->setWindowState(widget_->windowState() & ~Qt::WindowMinimized);
     widget_->raise();
     widget_->activateWindow();
