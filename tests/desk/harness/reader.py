@@ -11,6 +11,7 @@ from harness.screen import is_asleep
 from harness.wait import wait_for
 
 PROGRAM = os.environ.get("NORVASET_PROGRAM", "")
+BESIDE = ("Norvaset.hlp", "norvaset-web.so")  # what the program has beside it
 NOBODY = 65534
 
 
@@ -28,6 +29,8 @@ class Reader:
             os.makedirs(path, mode=0o755 if path == self.tools else 0o700)
         self._make_opener()
         shutil.copy(PROGRAM, self.program)
+        for name in BESIDE:
+            shutil.copy(os.path.join(os.path.dirname(PROGRAM), name), folder)
         if as_nobody:
             for path in (folder, self.home, self.runtime):
                 os.chown(path, NOBODY, NOBODY)
@@ -101,6 +104,14 @@ class Reader:
     def messages(self):
         with open(os.path.join(self.folder, "messages.log"), errors="replace") as file:
             return file.read()
+
+    def opened(self):
+        """What was handed to the desktop's opener so far."""
+        try:
+            with open(self.opened_path, encoding="utf-8") as file:
+                return file.read().splitlines()
+        except FileNotFoundError:
+            return []
 
     # Windows
 
