@@ -187,9 +187,10 @@ TEST_CASE("web fetch: goes where it is sent only by the rules it started with") 
 }
 
 TEST_CASE("web fetch: a circle of redirections ends") {
-    LoopbackServer server(RedirectsTo("/again"));
-    CHECK(Fails(QUrl(server.Address() + "/f")));
-    CHECK(server.requests.size() < 10);
+    QElapsedTimer time;
+    time.start();
+    CHECK(Fails(RedirectsTo("/again")));
+    CHECK(time.elapsed() < fetchTime / 2);
 }
 
 TEST_CASE("web fetch: https with a certificate that can be trusted, and no other") {

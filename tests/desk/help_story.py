@@ -84,7 +84,7 @@ class Help(Story):
         self.assertTrue(self.program.message_box())
         self.program.key("Escape")
         wait_for(lambda: not self.program.window_exists(window), "the help to close")
-        self.program.answer_message()
+        self.program.answer_message("Escape")
         self.program.wait_for_window()
         self.program.close()
 

@@ -18,9 +18,10 @@ def words_shown(screen, window):
     """The text of the window, squeezed; "" while it cannot be read."""
     picture = subprocess.run(["import", "-silent", "-window", str(window), "-colorspace", "gray",
                               "-resize", ENLARGED, "png:-"],
-                             env=screen.environment | {"OMP_THREAD_LIMIT": "1"})
+                             env=screen.environment, capture_output=True, check=False)
     if picture.returncode != 0:
         return ""
-    read = subprocess.run(["tesseract", "-", "-", "--psm", "11"], input=picture.stdout, capture_output=True, check=False,
-                          env=screen.environment | {"OMP_THREAD_LIMIT": "1"})
+    read = subprocess.run(["tesseract", "-", "-", "--psm", "11"], input=picture.stdout,
+                          env=screen.environment | {"OMP_THREAD_LIMIT": "1"},
+                          capture_output=True, check=False)
     return squeezed(read.stdout.decode(errors="replace"))
