@@ -59,6 +59,31 @@ class Profiles(Story):
         sizes = [self.program.data().records(name)[0]["FontSize"] for name in ("Default", "BoDerek")]
         self.assertEqual(sizes, ["12", "14"])
 
+    def test_each_has_a_window_place_of_its_own(self):
+        self.program.start()
+        self.program.wait_for_book(self.mine)
+        self.resize(700, 500)
+        self.add("Ann")
+        self.wait_for_title("Norvaset [Ann]")
+        self.program.close()
+        self.program.start()
+        self.resize(900, 600)
+        for title, size in (("Default", (700, 500)), ("Ann", (900, 600))) * 2:
+            self.choose_second_profile()
+            wait_for(lambda: f"[{title}]" in self.program.title(), f"the profile {title}")
+            wait_for(lambda: self.program.rectangle()[2:] == size, f"the size of {title}")
+        self.program.close()
+        self.program.start()
+        wait_for(lambda: self.program.rectangle()[2:] == (900, 600), "Ann's size after a restart")
+        self.program.close()
+
+    def resize(self, width, height):
+        """Once the window has settled: just after a placement it takes the window manager's doings
+        for answers to its own wishes."""
+        wait_for(lambda: "Icon (16 x 16)" in self.program.property("_NET_WM_ICON"), "the icon")
+        self.program.resize(width, height)
+        self.program.finish_keys()
+
     def test_a_name_that_cannot_be(self):
         self.program.start()
         self.program.wait_for_book(self.mine)

@@ -17,6 +17,7 @@ class Screen:
             "PATH": os.environ["PATH"],
             "HOME": folder,
             "LANG": "C.UTF-8",
+            "GSETTINGS_BACKEND": "memory",
             "DBUS_SESSION_BUS_ADDRESS": "unix:path=/nonexistent",  # else one would be started
         }
         self._processes = []
