@@ -10,7 +10,7 @@
 #include <QVBoxLayout>
 
 namespace {
-constexpr QSize textSize(480, 70); // pixels: a few short lines
+constexpr QSize textSize(480, 60); // pixels: a few short lines in small letters
 constexpr int westernCodePage = 1252;
 } // namespace
 
@@ -23,7 +23,8 @@ RichMessage::RichMessage(QWidget* parent, const std::string& rtf,
     auto* view = qobject_cast<QAbstractScrollArea*>(text_->Widget());
     view->setFrameShape(QFrame::NoFrame);
     view->setFocusPolicy(Qt::NoFocus);
-    view->setMinimumSize(textSize);
+    view->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    view->setFixedSize(textSize);
 
     auto* row = new QDialogButtonBox;
     int number = 0;
