@@ -41,7 +41,8 @@ std::optional<PageMark> MarkInPage(MainForm& form) {
 }
 
 std::vector<std::u16string> PageExcerpts(MainForm& form, const std::vector<std::u16string>& tags) {
-    if (!HasPageBody(form)) return {};
+    const bool none = tags.empty() || tags.front().empty();
+    if (none || !HasPageBody(form)) return {};
     std::vector<PageSpan> spans;
     for (const std::u16string& tag : tags) {
         const auto parts = Split(tag, u",");
