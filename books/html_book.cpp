@@ -58,9 +58,8 @@ int PageCharset(const HtmlView& html) {
 // One line of bounded length, without what separates the fields of a record.
 std::u16string StoredTitle(const std::u16string& title) {
     constexpr std::size_t longestTitle = 1000; // units; more than any caption shows
-    std::u16string decoded = DecodeCharRefs(std::u16string_view(title).substr(0, longestTitle));
-    std::ranges::replace_if(
-        decoded, [](char16_t unit) { return unit < u' ' || unit == 0x7F; }, u' ');
+    const auto decoded =
+        OneLine(DecodeCharRefs(std::u16string_view(title).substr(0, longestTitle)));
     return Replace(TrimBlanks(decoded), u"=", u"&#61;");
 }
 

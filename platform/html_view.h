@@ -12,10 +12,12 @@
 #include <vector>
 
 // Characters of a page are counted in the text of its body, in UTF-16 units from 0:
-// - Text nodes in document order, but nothing inside these elements: script, style, template,
-//   noscript, noframes, title, select, textarea, iframe, object, audio, video, canvas, svg, math,
-//   or an element with the attribute `hidden`. Names decide, not computed styles: a place stays the
-//   same whatever the style sheet, the width and the zoom. Pictures and fields count nothing.
+// - Text nodes in document order. These elements count nothing with all that is in them, not even
+// as
+//   blocks: script, style, template, noscript, noframes, title, select, textarea, iframe, object,
+//   audio, video, canvas, svg, math, and any with the attribute `hidden`. Names decide, not
+//   computed styles: a place stays the same whatever the style sheet, the width and the zoom.
+//   Pictures and fields count nothing.
 // - A run of blanks, tabs, line feeds, form feeds and carriage returns counts as one U+0020, also
 //   across elements, and as nothing at the text's start, at its end and beside a break. Inside
 //   `pre` each counts by itself. U+00A0 is a character like any other.
@@ -24,7 +26,8 @@
 //   Block elements: address article aside blockquote center dd details dialog dir div dl dt
 //   fieldset figcaption figure footer form frameset h1 h2 h3 h4 h5 h6 header hgroup hr legend li
 //   main menu nav ol p pre section summary table caption thead tbody tfoot tr td th ul.
-// An engine with text ranges of its own may count breaks its way, but all functions agree.
+// tests/contract/page_text_cases.h has examples. An engine with text ranges of its own may count
+// breaks its way, but all functions agree.
 struct PageSpan {
     TextPos start = 0, length = 0;
     bool operator==(const PageSpan&) const = default;

@@ -96,7 +96,7 @@ void mBookmarkNew_Click(MainForm& form, int) {
     MenuArray& list = form.menu.mBookmarkList;
     const int index = PlaceMark(list, mark->span.start);
     list[index].tag = NumberText(mark->span.start) + u',' + NumberText(mark->span.length);
-    list[index].caption = mark->excerpt;
+    list[index].caption = OneLine(mark->excerpt);
     RefreshBookmarkMenu(form, -1, false);
     form.newBookmark = index;
     form.ports.menuBar->ShowMenu(form.menu.mBookmark);

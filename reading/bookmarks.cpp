@@ -6,6 +6,7 @@
 #include "common/menu_items.h"
 #include "common/text.h"
 #include "reading/page_marks.h"
+#include "reading/text_routines.h"
 
 #include <algorithm>
 
@@ -44,10 +45,8 @@ void CaptionBookmarks(MainForm& form) {
     excerpts.resize(list.items.size());
     for (int i = 0; i < list.Count(); ++i) {
         if (i == deleteList.Count()) AddMenuItem(deleteList);
-        std::u16string& excerpt = excerpts[static_cast<std::size_t>(i)];
-        std::ranges::replace_if(
-            excerpt, [](char16_t unit) { return unit < u' '; }, u' '); // a caption is one line
-        if (!excerpt.empty()) list[i].caption = excerpt;
+        const std::u16string& excerpt = excerpts[static_cast<std::size_t>(i)];
+        if (!excerpt.empty()) list[i].caption = OneLine(excerpt);
         deleteList[i].caption = list[i].caption;
     }
     deleteList.items.resize(list.items.size());

@@ -56,10 +56,8 @@ void mEditAll_Click(MainForm& form, int) {
 void mEditTitle_Click(MainForm& form, int) {
     const TextView& view = *form.ports.textView;
     const bool page = IsPageShown(form);
-    std::u16string caption = page ? form.ports.htmlView->SelectedText()
-                                  : view.TextRange(view.SelStart(), view.SelLength());
-    std::ranges::replace_if(
-        caption, [](char16_t unit) { return unit < u' '; }, u' ');
+    const auto caption = OneLine(page ? form.ports.htmlView->SelectedText()
+                                      : view.TextRange(view.SelStart(), view.SelLength()));
     if (page && TrimBlanks(caption).empty()) return;
     BookRecord record = BookRecord::Parse(form.menu.mFileList[0].tag);
     record[Field::Title] = Replace(TrimBlanks(EncodeNonAscii(caption)), u"=", u"&#61;");
