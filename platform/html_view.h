@@ -13,8 +13,7 @@
 
 // Characters of a page are counted in the text of its body, in UTF-16 units from 0:
 // - Text nodes in document order. These elements count nothing with all that is in them, not even
-// as
-//   blocks: script, style, template, noscript, noframes, title, select, textarea, iframe, object,
+//   a break: script, style, template, noscript, noframes, title, select, textarea, iframe, object,
 //   audio, video, canvas, svg, math, and any with the attribute `hidden`. Names decide, not
 //   computed styles: a place stays the same whatever the style sheet, the width and the zoom.
 //   Pictures and fields count nothing.
