@@ -141,6 +141,9 @@ class HtmlView {
     // The user followed a link that leads out of the page. `path` is the full path of a local file,
     // "" for any other address.
     std::function<void(const std::u16string& url, const std::u16string& path)> onLink;
+    // The user followed a link into the same page, which was scrolled to `fromTop` before. Never
+    // while an order or a question of this view runs.
+    std::function<void(int fromTop)> onJump;
     // As the text view's.
     std::function<void(const std::vector<std::u16string>& paths)> onFilesDropped;
 };
