@@ -1,5 +1,6 @@
 #include "platform/windows/win_ports.h"
 
+#include "platform/windows/text_view/win_text_view.h"
 #include "platform/windows/win_clipboard.h"
 #include "platform/windows/win_clock.h"
 #include "platform/windows/win_dialogs.h"
@@ -10,7 +11,6 @@
 #include "platform/windows/win_registry.h"
 #include "platform/windows/win_shell.h"
 #include "platform/windows/win_status_bar.h"
-#include "platform/windows/win_text_view.h"
 #include "platform/windows/win_timer.h"
 #include "platform/windows/win_version_info.h"
 #include "platform/windows/win_window.h"

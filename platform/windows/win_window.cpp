@@ -153,7 +153,8 @@ void WinWindow::SetTitle(std::u16string_view title) {
 }
 
 void WinWindow::ApplySystemFont() {
-    font_.reset(CreateFontIndirectW(&MetricsAt(DpiOf(Handle())).lfMenuFont));
+    const NONCLIENTMETRICSW metrics = MetricsAt(DpiOf(Handle()));
+    font_.reset(CreateFontIndirectW(&metrics.lfMenuFont));
 }
 
 double WinWindow::TextWidth(std::u16string_view text) const {
@@ -182,7 +183,9 @@ LRESULT WinWindow::Answer(HWND window, UINT message, WPARAM wParam, LPARAM lPara
         // A place from a larger desktop is taken as it stands.
         reinterpret_cast<MINMAXINFO*>(lParam)->ptMaxTrackSize = {largestExtent, largestExtent};
         return 0;
-    case WM_DROPFILES: TakeDrop(reinterpret_cast<HDROP>(wParam)); return 0;
+    case WM_DROPFILES:
+        CallHandler(onFilesDropped, TakeDroppedFiles(reinterpret_cast<HDROP>(wParam)));
+        return 0;
     case WM_TIMER:
         if (wParam == closeTimer) CloseWhenPossible();
         return 0;
@@ -214,11 +217,6 @@ void WinWindow::TakeResolution(const RECT& suggested) {
     if (font_) ApplySystemFont();
     Move(ToRect(suggested));
     CallHandler(events_.onResize); // also for a window whose rectangle stays
-}
-
-void WinWindow::TakeDrop(HDROP drop) {
-    const std::vector<std::u16string> paths = TakeDroppedFiles(drop);
-    CallHandler(onFilesDropped, paths);
 }
 
 bool WinWindow::PassMessage(MSG& message) {

@@ -53,7 +53,6 @@ class WinWindow final : public Window {
     void FocusView();
     void ReportChange();
     void TakeResolution(const RECT& suggested);
-    void TakeDrop(HDROP);
     void CloseWhenPossible();
     void Unload();
 
