@@ -9,7 +9,7 @@ class WinVersionInfo final : public VersionInfo {
     std::u16string FileDescription(const std::u16string& program) const override;
 };
 
-// One value of a file's version information: "FileVersion" as its four numbers "1.00.0000.0",
+// One value of a file's version information: "FileVersion" as its four numbers "1.00.0.0000",
 // "Language" as four hexadecimal digits, or a text under the first language of the file, such as
 // "ProductName". "" for a file without it.
 std::u16string GetFileVersionString(const std::u16string& path, const std::u16string& key);
