@@ -32,17 +32,11 @@ class RegistryKey {
     HKEY key_ = nullptr;
 };
 
-// A 32-bit program on 64-bit Windows uses the registry of the 64-bit programs, every other the
-// 32-bit one; so all builds of the program meet in one place on each system.
+// The program announces itself in the registry of the programs of the other width: what looks for
+// it need not be built as it is. A system of one width knows one registry only.
 REGSAM View() {
-    using IsWow64 = BOOL(WINAPI*)(HANDLE, BOOL*);
-    const HMODULE kernel = GetModuleHandleW(L"kernel32");
-    const FARPROC found = kernel ? GetProcAddress(kernel, "IsWow64Process") : nullptr;
-    IsWow64 isWow64 = nullptr;
-    static_assert(sizeof isWow64 == sizeof found);
-    std::memcpy(&isWow64, &found, sizeof found);
-    BOOL answer = FALSE;
-    const bool narrow = isWow64 && isWow64(GetCurrentProcess(), &answer) && answer;
+    BOOL narrow = FALSE; // a 32-bit program on a 64-bit system
+    IsWow64Process(GetCurrentProcess(), &narrow);
     return narrow ? KEY_WOW64_64KEY : KEY_WOW64_32KEY;
 }
 
@@ -103,7 +97,7 @@ int WinRegistry::Write(const std::u16string& key, const std::u16string& name,
     // An empty value and a missing one read alike.
     if (Read(key, name) == text) return ERROR_SUCCESS;
     const std::wstring path = ToWide(key), value = ToWide(text);
-    LSTATUS status = RegistryKey().Create(path, KEY_ALL_ACCESS); // in the default view as well
+    LSTATUS status = RegistryKey().Create(path, KEY_ALL_ACCESS); // in its own view as well
     if (status != ERROR_SUCCESS) return status;
     RegistryKey created;
     status = created.Create(path, KEY_ALL_ACCESS | View());

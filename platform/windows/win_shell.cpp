@@ -8,6 +8,8 @@
 
 namespace {
 
+constexpr DWORD ElevationRequired = 740; // by a name that not every SDK has
+
 // The handles are ours alone: the program inherits none, and nobody waits for it.
 bool StartProgram(const std::wstring& program, const std::wstring& argument) {
     std::wstring commandLine = QuotedArgument(program) + L' ' + QuotedArgument(argument);
@@ -49,7 +51,7 @@ void WinShell::OpenWith(const std::u16string& program, const std::u16string& arg
     const std::wstring file = ToWide(program);
     if (StartProgram(file, ToWide(argument))) return;
     const DWORD error = GetLastError();
-    if (error == ERROR_BAD_EXE_FORMAT || error == ERROR_ELEVATION_REQUIRED)
+    if (error == ERROR_BAD_EXE_FORMAT || error == ElevationRequired)
         OpenByShell(file, ToWide(argument));
 }
 
