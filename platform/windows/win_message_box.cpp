@@ -7,25 +7,29 @@ namespace {
 
 constexpr int AppIcon = 1; // a resource of the executable
 
-// The system puts message boxes in the middle of the screen. This puts the next dialog of the
-// thread over its owner instead.
-class CenterNextDialog {
+// A message box while it is open. The system puts it in the middle of the screen, this over its
+// owner. Neither the hook nor the call for help is told which box it is about.
+class OpenBox {
   public:
-    explicit CenterNextDialog(HWND owner) : outer_(current) {
-        owner_ = owner;
+    OpenBox(HWND owner, const std::function<void()>& onHelp)
+        : outer_(current), owner_(owner), onHelp_(onHelp),
+          hook_(SetWindowsHookExW(WH_CBT, OnWindow, nullptr, GetCurrentThreadId())) {
         current = this;
-        hook_ = SetWindowsHookExW(WH_CBT, OnWindow, nullptr, GetCurrentThreadId());
     }
-    ~CenterNextDialog() {
+    ~OpenBox() {
         Unhook();
         current = outer_;
     }
-    CenterNextDialog(const CenterNextDialog&) = delete;
-    CenterNextDialog& operator=(const CenterNextDialog&) = delete;
+    OpenBox(const OpenBox&) = delete;
+    OpenBox& operator=(const OpenBox&) = delete;
+
+    static void CALLBACK OnHelp(HELPINFO*) {
+        if (current && current->onHelp_) current->onHelp_();
+    }
 
   private:
     static LRESULT CALLBACK OnWindow(int code, WPARAM window, LPARAM details) {
-        if (code == HCBT_ACTIVATE) {
+        if (code == HCBT_ACTIVATE && current) {
             current->Unhook();
             CenterOver(reinterpret_cast<HWND>(window), current->owner_);
             return 0;
@@ -37,26 +41,23 @@ class CenterNextDialog {
         hook_ = nullptr;
     }
 
-    // The hook is told nothing but the window.
-    static thread_local CenterNextDialog* current;
-    CenterNextDialog* const outer_;
-    HWND owner_ = nullptr;
-    HHOOK hook_ = nullptr;
+    static thread_local OpenBox* current;
+    OpenBox* const outer_;
+    const HWND owner_;
+    const std::function<void()>& onHelp_;
+    HHOOK hook_;
 };
 
-thread_local CenterNextDialog* CenterNextDialog::current = nullptr;
+thread_local OpenBox* OpenBox::current = nullptr;
 
-void CALLBACK OnHelp(HELPINFO* help) {
-    const auto& onHelp = *reinterpret_cast<const std::function<void()>*>(help->dwContextId);
-    if (onHelp) onHelp();
-}
-
-int Show(MSGBOXPARAMSW parameters, const std::u16string& text, const std::u16string& title) {
+int Show(MSGBOXPARAMSW parameters, const std::u16string& text, const std::u16string& title,
+         const std::function<void()>& onHelp) {
     const std::wstring wideText = ToWide(text), wideTitle = ToWide(title);
     parameters.cbSize = sizeof parameters;
     parameters.lpszText = wideText.c_str();
     parameters.lpszCaption = wideTitle.c_str();
-    const CenterNextDialog centered(parameters.hwndOwner);
+    const OpenBox box(parameters.hwndOwner, onHelp);
+    parameters.lpfnMsgBoxCallback = OpenBox::OnHelp;
     return MessageBoxIndirectW(&parameters);
 }
 
@@ -67,9 +68,7 @@ int ShowMessageBox(HWND owner, const std::u16string& text, const std::u16string&
     MSGBOXPARAMSW parameters = {};
     parameters.hwndOwner = owner;
     parameters.dwStyle = style;
-    parameters.lpfnMsgBoxCallback = OnHelp;
-    parameters.dwContextHelpId = reinterpret_cast<DWORD_PTR>(&onHelp);
-    return Show(parameters, text, title);
+    return Show(parameters, text, title, onHelp);
 }
 
 int ShowMessageBoxWithAppIcon(HWND owner, const std::u16string& text, const std::u16string& title,
@@ -79,5 +78,5 @@ int ShowMessageBoxWithAppIcon(HWND owner, const std::u16string& text, const std:
     parameters.hInstance = GetModuleHandleW(nullptr);
     parameters.dwStyle = style | MB_USERICON;
     parameters.lpszIcon = MAKEINTRESOURCEW(AppIcon);
-    return Show(parameters, text, title);
+    return Show(parameters, text, title, nullptr);
 }
