@@ -31,6 +31,18 @@ bool IsMenuOpen() {
     return GetGUIThreadInfo(GetCurrentThreadId(), &thread) && (thread.flags & GUI_INMENUMODE);
 }
 
+// The one window of ours that can be used while the others wait for it; null for none.
+HWND OpenDialog() {
+    HWND dialog = nullptr;
+    const auto look = [](HWND window, LPARAM found) -> BOOL {
+        if (!IsWindowVisible(window) || !IsWindowEnabled(window)) return TRUE;
+        *reinterpret_cast<HWND*>(found) = window;
+        return FALSE;
+    };
+    EnumThreadWindows(GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&dialog));
+    return dialog;
+}
+
 } // namespace
 
 WinWindow::WinWindow()
@@ -89,7 +101,7 @@ void WinWindow::CloseWhenPossible() {
     if (IsMenuOpen())
         EndMenu();
     else if (!IsWindowEnabled(Handle()))
-        PostMessageW(GetWindow(Handle(), GW_ENABLEDPOPUP), WM_CLOSE, 0, 0);
+        PostMessageW(OpenDialog(), WM_CLOSE, 0, 0);
     else
         return Close();
     SetTimer(Handle(), closeTimer, closeDelay, nullptr);
