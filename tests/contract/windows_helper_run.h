@@ -1,7 +1,9 @@
 // Running the helper and waiting for what it says.
 #pragma once
 
+#include "platform/windows/win_arguments.h"
 #include "platform/windows/win_files.h"
+#include "platform/windows/win_handle.h"
 #include "platform/windows/win_text.h"
 #include "temporary_folder_windows.h"
 #include "windows_helper.h"
@@ -39,4 +41,34 @@ class HelperRun {
   private:
     TemporaryFolder folder_;
     const std::wstring output_ = folder_.path + L"\\said";
+};
+
+// A helper that goes on until it is killed, at the latest with this object.
+class HelperProcess {
+  public:
+    HelperProcess(const wchar_t* does, const std::wstring& argument) {
+        HelperRun helper(does);
+        std::wstring line = L"helper " + QuotedArgument(argument);
+        STARTUPINFOW start = {};
+        start.cb = sizeof start;
+        PROCESS_INFORMATION started = {};
+        REQUIRE(CreateProcessW(HelperPath().c_str(), line.data(), nullptr, nullptr, FALSE, 0,
+                               nullptr, nullptr, &start, &started));
+        CloseHandle(started.hThread);
+        process_ = WinHandle(started.hProcess);
+        answer = helper.Answer();
+    }
+    ~HelperProcess() { Kill(); }
+
+    void Kill() {
+        if (!process_.IsOpen()) return;
+        TerminateProcess(process_.Get(), 1);
+        WaitForSingleObject(process_.Get(), INFINITE);
+        process_.Close();
+    }
+
+    std::wstring answer; // the first
+
+  private:
+    WinHandle process_;
 };

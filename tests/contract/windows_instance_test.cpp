@@ -1,43 +1,8 @@
-#include "platform/windows/win_handle.h"
 #include "platform/windows/win_instance_name.h"
 #include "platform/windows/win_shell.h"
 #include "windows_helper_run.h"
 
 #include <doctest/doctest.h>
-
-namespace {
-
-// A process that takes the lock and then waits for its end.
-class Holder {
-  public:
-    explicit Holder(const std::wstring& dataFile) {
-        HelperRun helper(HelperHolds);
-        std::wstring line = L"helper \"" + dataFile + L"\"";
-        STARTUPINFOW start = {};
-        start.cb = sizeof start;
-        PROCESS_INFORMATION started = {};
-        REQUIRE(CreateProcessW(HelperPath().c_str(), line.data(), nullptr, nullptr, FALSE, 0,
-                               nullptr, nullptr, &start, &started));
-        CloseHandle(started.hThread);
-        process_ = WinHandle(started.hProcess);
-        hasLock = helper.Answer() == L"yes";
-    }
-    ~Holder() { Kill(); }
-
-    void Kill() {
-        if (!process_.IsOpen()) return;
-        TerminateProcess(process_.Get(), 1);
-        WaitForSingleObject(process_.Get(), INFINITE);
-        process_.Close();
-    }
-
-    bool hasLock = false;
-
-  private:
-    WinHandle process_;
-};
-
-} // namespace
 
 TEST_CASE("windows instance: one at a time for a data file") {
     const TemporaryFolder data;
@@ -48,7 +13,7 @@ TEST_CASE("windows instance: one at a time for a data file") {
         CHECK(first.BecomeOnlyInstance(file)); // it has it already
         CHECK_FALSE(WinShell().BecomeOnlyInstance(file));
         CHECK(WinShell().BecomeOnlyInstance(FromWide(data.path) + u"\\Other.dat"));
-        CHECK_FALSE(Holder(ToWide(file)).hasLock);
+        CHECK(HelperProcess(HelperHolds, ToWide(file)).answer == L"no");
     }
     CHECK(WinShell().BecomeOnlyInstance(file));
     CHECK(NamesInFolder(data.path).empty()); // nothing is needed beside the data file
@@ -57,8 +22,8 @@ TEST_CASE("windows instance: one at a time for a data file") {
 TEST_CASE("windows instance: the lock dies with a killed process") {
     const TemporaryFolder data;
     const std::wstring file = data.path + L"\\Norvaset.dat";
-    Holder holder(file);
-    CHECK(holder.hasLock);
+    HelperProcess holder(HelperHolds, file);
+    CHECK(holder.answer == L"yes");
     CHECK_FALSE(WinShell().BecomeOnlyInstance(FromWide(file)));
     holder.Kill();
     CHECK(WinShell().BecomeOnlyInstance(FromWide(file)));

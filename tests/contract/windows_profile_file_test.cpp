@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr unsigned FileCount = 2'000, OperationsPerFile = 4;
+constexpr unsigned FileCount = 2'000, OperationsPerFile = 4, QuestionCount = 2;
 constexpr std::size_t BufferSize = 32'767; // units: more than any section here has
 
 using Lines = std::vector<std::u16string>;
@@ -151,7 +151,7 @@ void Compare(const std::wstring& path, Generator& names) {
     const ProfileFile engine = EngineOn(path);
     SystemProfile system(path);
     INFO(engine.ToBytes());
-    for (int i = 0; i < 2; ++i) {
+    for (unsigned i = 0; i < QuestionCount; ++i) {
         const std::string section = names.Section(), key = names.Key();
         CAPTURE(section);
         CAPTURE(key);
@@ -173,6 +173,13 @@ void CompareEngines(const ProfileFile& a, const ProfileFile& b) {
         CHECK((a.SectionLines(Unicode(section)) == b.SectionLines(Unicode(section))));
 }
 
+bool HasSeveral(const ProfileFile& file, const std::string& section) {
+    int count = 0;
+    for (const std::u16string& name : file.SectionNames())
+        count += _stricmp(Narrow(name).c_str(), section.c_str()) == 0;
+    return count > 1;
+}
+
 // The same change by both, in a file of each.
 void Change(ProfileFile& engine, SystemProfile& system, Generator& choose) {
     const std::string section = choose.Section(), key = choose.Key();
@@ -180,6 +187,9 @@ void Change(ProfileFile& engine, SystemProfile& system, Generator& choose) {
         engine.RemoveKey(Unicode(section), Unicode(key));
         system.Set(Wide(section), Wide(key).c_str(), nullptr);
     } else if (choose.OneIn(12)) {
+        // The second of several comes to light. To rewrite the first leaves it as it is here, and
+        // empties it under Wine; nobody documents that.
+        if (HasSeveral(engine, section)) return;
         engine.RemoveSection(Unicode(section));
         system.Set(Wide(section), nullptr, nullptr);
     } else if (choose.OneIn(3)) {
@@ -216,6 +226,22 @@ TEST_CASE("windows profile file: engine and system read the same") {
     }
 }
 
+TEST_CASE("windows profile file: a file in the system's code page") {
+    const TemporaryFolder folder;
+    const std::wstring theirs = folder.path + L"\\theirs.ini", ours = folder.path + L"\\ours.ini";
+    const std::string letters = "caf\xE9 \xC0 la carte \xFC";
+    Write(theirs, "[" + letters + "]\r\n" + letters + "=" + letters + "\r\n");
+    const std::u16string unicode = DecodeAnsi(0, letters);
+    CHECK((EngineOn(theirs).Value(unicode, unicode) == unicode));
+    SystemProfile system(theirs);
+    CHECK((system.Value(ToWide(unicode), ToWide(unicode)) == unicode));
+
+    SystemProfile written(ours);
+    written.Set(ToWide(unicode), ToWide(unicode).c_str(), ToWide(unicode).c_str());
+    CHECK((EngineOn(ours).Value(unicode, unicode) == unicode));
+    CHECK((EngineOn(ours).SectionLines(unicode) == Lines{unicode + u"=" + unicode}));
+}
+
 TEST_CASE("windows profile file: each reads what the other wrote") {
     const TemporaryFolder folder;
     for (unsigned seed = 0; seed < FileCount; ++seed) {
@@ -223,21 +249,20 @@ TEST_CASE("windows profile file: each reads what the other wrote") {
         Generator generate(seed);
         const std::string before = generate.File();
         INFO(before);
-        const std::wstring theirs = folder.path + L"\\" + std::to_wstring(seed) + L".system.ini";
+        const std::wstring start = folder.path + L"\\" + std::to_wstring(seed);
+        const std::wstring ours = start + L".ini", theirs = start + L".system.ini";
         Write(theirs, before);
         ProfileFile engine = ProfileFile::Parse(before, 0, DecodeAnsi);
         SystemProfile system(theirs);
         for (unsigned i = 0; i < OperationsPerFile; ++i) {
             Change(engine, system, generate);
-            const std::wstring ours =
-                folder.path + L"\\" + std::to_wstring(seed * OperationsPerFile + i) + L".ini";
-            Write(ours, engine.ToBytes());
-            Generator names = generate; // the same questions about both
-            Compare(ours, names);
-            Compare(theirs, generate);
-            CompareEngines(EngineOn(ours), EngineOn(theirs));
-            DeleteFileW(ours.c_str());
+            CompareEngines(engine, EngineOn(theirs));
         }
+        Write(ours, engine.ToBytes());
+        Generator names = generate; // the same questions about both
+        Compare(ours, names);
+        Compare(theirs, generate);
+        DeleteFileW(ours.c_str());
         DeleteFileW(theirs.c_str());
     }
 }
