@@ -223,6 +223,20 @@ TEST_CASE("windows menu bar: no menu opens over a dialog, nor a grey one") {
     CHECK(bench.log.empty());
 }
 
+TEST_CASE("windows menu bar: the key of an access letter chooses, whatever it types") {
+    Bench bench;
+    MenuArray file = Array({u"&File"}), edit = Array({u"&Edit"}), list = Array({u"one", u"t&wo"});
+    file.children = edit.children = {&list};
+    bench.Attach({&file, &edit});
+    const auto answer = [&](wchar_t character, HMENU menu) {
+        return SendMessageW(bench.window.Handle(), WM_MENUCHAR, MAKEWPARAM(character, MF_POPUP),
+                            reinterpret_cast<LPARAM>(menu));
+    };
+    CHECK(answer(L'e', bench.Bar()) == MAKELRESULT(1, MNC_EXECUTE));
+    CHECK(answer(L'w', bench.Opened(0)) == MAKELRESULT(1, MNC_EXECUTE));
+    CHECK(HIWORD(answer(L'q', bench.Bar())) == MNC_IGNORE);
+}
+
 TEST_CASE("windows menu bar: access keys are read from captions") {
     MenuItem item;
     for (const auto& [caption, key] :
