@@ -29,7 +29,8 @@ TEST_CASE("windows launch: it says where the program stands") {
     const Launch launch = ThisLaunch();
     CHECK(launch.executableName == u"contract_tests_windows");
     CHECK_FALSE(launch.programFolder.ends_with(u"\\"));
-    CHECK(GetFileAttributesW(ToWide(launch.programFolder).c_str()) & FILE_ATTRIBUTE_DIRECTORY);
+    const DWORD attributes = GetFileAttributesW(ToWide(launch.programFolder).c_str());
+    CHECK((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0);
     CHECK(launch.userDataFolder.ends_with(u"\\Norvaset"));
     CHECK_FALSE(launch.rootFolder.empty());
 }
