@@ -11,6 +11,7 @@ from harness.screen import is_asleep
 from harness.wait import wait_for
 from harness.wine import ON_WINE, PROGRAM, end_prefix, make_prefix, shown_path, wine_environment
 
+BESIDE = ("Norvaset.hlp", "norvaset-web.so")  # what a program has beside it, on some systems
 NOBODY = 65534
 
 
@@ -29,6 +30,10 @@ class Reader:
             os.makedirs(path, mode=0o755 if path == self.tools else 0o700)
         self._make_opener()
         shutil.copy(PROGRAM, self.program)
+        for name in BESIDE:
+            path = os.path.join(os.path.dirname(PROGRAM), name)
+            if os.path.exists(path):
+                shutil.copy(path, folder)
         if ON_WINE:
             make_prefix(self.prefix, dots_per_inch)
         if as_nobody:
@@ -116,6 +121,14 @@ class Reader:
     def messages(self):
         with open(os.path.join(self.folder, "messages.log"), errors="replace") as file:
             return file.read()
+
+    def opened(self):
+        """What was handed to the desktop's opener so far."""
+        try:
+            with open(self.opened_path, encoding="utf-8") as file:
+                return file.read().splitlines()
+        except FileNotFoundError:
+            return []
 
     # Windows
 
