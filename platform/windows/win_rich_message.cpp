@@ -46,6 +46,9 @@ void WinRichMessage::OnInit() {
         place.top, place.right - place.left, place.bottom - place.top, Window(),
         reinterpret_cast<HMENU>(static_cast<UINT_PTR>(Text)), GetModuleHandleW(nullptr), nullptr);
     SendMessageW(text, EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(GetSysColor(COLOR_3DFACE)));
+    // For a text without a face of its own; the control's is bold.
+    SendMessageW(text, WM_SETFONT, static_cast<WPARAM>(SendMessageW(Window(), WM_GETFONT, 0, 0)),
+                 FALSE);
     SETTEXTEX asRtf = {ST_DEFAULT, CP_ACP};
     SendMessageW(text, EM_SETTEXTEX, reinterpret_cast<WPARAM>(&asRtf),
                  reinterpret_cast<LPARAM>(rtf_->c_str()));
