@@ -10,7 +10,7 @@ int WinDialog::Run(HWND owner, const std::u16string& title, short width, short h
     const INT_PTR result = DialogBoxIndirectParamW(
         GetModuleHandleW(nullptr), reinterpret_cast<const DLGTEMPLATE*>(words.data()), owner,
         Procedure, reinterpret_cast<LPARAM>(this));
-    return result == IDOK || result == IDCANCEL ? static_cast<int>(result) : 0;
+    return result > 0 ? static_cast<int>(result) : 0;
 }
 
 INT_PTR CALLBACK WinDialog::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

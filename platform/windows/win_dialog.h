@@ -22,7 +22,8 @@ struct DialogControl {
 // A modal dialog, owned and centred. One that is derived from it fills its controls and reads them.
 class WinDialog {
   public:
-    // IDOK or IDCANCEL; 0 when it could not be shown. `width` and `height` in dialog units.
+    // IDOK, IDCANCEL or what it was closed with; 0 when it could not be shown. `width` and `height`
+    // in dialog units.
     int Run(HWND owner, const std::u16string& title, short width, short height,
             const std::vector<DialogControl>&);
 
@@ -30,8 +31,10 @@ class WinDialog {
     ~WinDialog() = default;
     virtual void OnInit() = 0;
     virtual void OnCommand(WORD /*control*/, WORD /*notification*/) {}
-    virtual void OnConfirm() = 0; // Enter or its button; only while IDOK's button is enabled
+    virtual void OnConfirm() {} // Enter or its button; only while IDOK's button is enabled
 
+    HWND Window() const { return window_; }
+    void Close(int result) const { EndDialog(window_, result); }
     HWND Control(int id) const { return GetDlgItem(window_, id); }
     std::wstring Text(int id) const;
     void SetText(int id, const std::u16string&) const;

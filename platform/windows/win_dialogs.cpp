@@ -5,10 +5,9 @@
 #include "platform/windows/win_find_dialog.h"
 #include "platform/windows/win_font_dialog.h"
 #include "platform/windows/win_message_box.h"
+#include "platform/windows/win_rich_message.h"
 #include "platform/windows/win_text.h"
 #include "platform/windows/win_text_dialog.h"
-
-#include <shellapi.h>
 
 namespace {
 
@@ -22,30 +21,20 @@ UINT StyleOf(const Message& message) {
     case MessageIcon::Information: return style | MB_ICONINFORMATION;
     case MessageIcon::Question: return style | MB_ICONQUESTION;
     case MessageIcon::Exclamation: return style | MB_ICONEXCLAMATION;
+    case MessageIcon::Critical: return style | MB_ICONERROR;
+    case MessageIcon::Application: return style | MB_USERICON;
     }
     return style;
 }
 
-void OpenDocument(HWND owner, const std::u16string& path) {
-    const std::wstring file = ToWide(path);
-    if (file.empty()) return;
-    SHELLEXECUTEINFOW request = {};
-    request.cbSize = sizeof request;
-    request.fMask = SEE_MASK_FLAG_NO_UI;
-    request.hwnd = owner;
-    request.lpVerb = L"open";
-    request.lpFile = file.c_str();
-    request.nShow = SW_SHOWNORMAL;
-    ShellExecuteExW(&request);
+// A message about the help may come while another message waits: then it belongs to that.
+HWND InFront(HWND owner) {
+    return owner ? GetLastActivePopup(owner) : nullptr;
 }
 
 } // namespace
 
 WinDialogs::WinDialogs(HWND owner) : owner_(owner) {}
-
-void WinDialogs::SetHelpFile(const std::u16string& path) {
-    helpFile_ = path;
-}
 
 OpenFileAnswer WinDialogs::OpenFile(const OpenFileRequest& request) {
     return AskFile(owner_, request);
@@ -68,14 +57,16 @@ FindAnswer WinDialogs::AskFind(const FindRequest& request) {
 }
 
 DialogResult WinDialogs::ShowMessage(const Message& message) {
-    const auto showHelp = [this, &message] {
-        if (onHelp)
-            onHelp(helpFile_, message.helpTopic);
-        else
-            OpenDocument(owner_, helpFile_);
+    const auto help = [this, &message] {
+        if (onHelp) onHelp(message.helpTopic);
     };
     const int button =
-        ShowMessageBox(owner_, message.text, message.title, StyleOf(message), showHelp);
+        ShowMessageBox(InFront(owner_), message.text, message.title, StyleOf(message), help);
     if (button == 0) return DialogResult::Failed;
     return button == IDOK ? DialogResult::Ok : DialogResult::Cancel;
+}
+
+int WinDialogs::ShowRichMessage(const std::string& rtf, const std::u16string& title,
+                                const std::vector<std::u16string>& buttons) {
+    return WinRichMessage().Ask(owner_, rtf, title, buttons);
 }

@@ -50,33 +50,25 @@ class OpenBox {
 
 thread_local OpenBox* OpenBox::current = nullptr;
 
-int Show(MSGBOXPARAMSW parameters, const std::u16string& text, const std::u16string& title,
-         const std::function<void()>& onHelp) {
-    const std::wstring wideText = ToWide(text), wideTitle = ToWide(title);
-    parameters.cbSize = sizeof parameters;
-    parameters.lpszText = wideText.c_str();
-    parameters.lpszCaption = wideTitle.c_str();
-    const OpenBox box(parameters.hwndOwner, onHelp);
-    parameters.lpfnMsgBoxCallback = OpenBox::OnHelp;
-    return MessageBoxIndirectW(&parameters);
-}
-
 } // namespace
 
 int ShowMessageBox(HWND owner, const std::u16string& text, const std::u16string& title, UINT style,
                    const std::function<void()>& onHelp) {
+    const std::wstring wideText = ToWide(text), wideTitle = ToWide(title);
     MSGBOXPARAMSW parameters = {};
+    parameters.cbSize = sizeof parameters;
     parameters.hwndOwner = owner;
+    parameters.hInstance = GetModuleHandleW(nullptr);
+    parameters.lpszText = wideText.c_str();
+    parameters.lpszCaption = wideTitle.c_str();
     parameters.dwStyle = style;
-    return Show(parameters, text, title, onHelp);
+    parameters.lpszIcon = MAKEINTRESOURCEW(AppIcon); // looked at with MB_USERICON only
+    parameters.lpfnMsgBoxCallback = OpenBox::OnHelp;
+    const OpenBox box(owner, onHelp);
+    return MessageBoxIndirectW(&parameters);
 }
 
 int ShowMessageBoxWithAppIcon(HWND owner, const std::u16string& text, const std::u16string& title,
                               UINT style) {
-    MSGBOXPARAMSW parameters = {};
-    parameters.hwndOwner = owner;
-    parameters.hInstance = GetModuleHandleW(nullptr);
-    parameters.dwStyle = style | MB_USERICON;
-    parameters.lpszIcon = MAKEINTRESOURCEW(AppIcon);
-    return Show(parameters, text, title, nullptr);
+    return ShowMessageBox(owner, text, title, style | MB_USERICON);
 }

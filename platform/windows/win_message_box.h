@@ -6,8 +6,9 @@
 #include <functional>
 #include <string>
 
-// `style` as of MessageBoxW, and what it answers: the pressed button (IDOK...). `onHelp` runs when
-// the Help button of MB_HELP is pressed; the box stays open.
+// `style` as of MessageBoxW (MB_USERICON is the program's own icon), and what it answers: the
+// pressed button (IDOK...). `onHelp` runs when the Help button of MB_HELP is pressed; the box stays
+// open.
 int ShowMessageBox(HWND owner, const std::u16string& text, const std::u16string& title, UINT style,
                    const std::function<void()>& onHelp = nullptr);
 

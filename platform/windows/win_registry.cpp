@@ -1,6 +1,7 @@
 #include "platform/windows/win_registry.h"
 
 #include "platform/windows/win32.h"
+#include "platform/windows/win_locale.h"
 #include "platform/windows/win_text.h"
 
 #include <cstring>
@@ -49,8 +50,9 @@ std::u16string WideData(const std::string& data) {
 }
 
 std::u16string AnsiData(const std::string& data) {
-    std::wstring text(data.size(), L'\0'); // never longer
-    const int length = MultiByteToWideChar(CP_ACP, 0, data.data(), static_cast<int>(data.size()),
+    const auto codePage = static_cast<UINT>(WinLocale().AnsiCodePage()); // the process has UTF-8
+    std::wstring text(data.size(), L'\0');                               // never longer
+    const int length = MultiByteToWideChar(codePage, 0, data.data(), static_cast<int>(data.size()),
                                            text.data(), static_cast<int>(text.size()));
     return FromWide(text.substr(0, static_cast<std::size_t>(length)));
 }

@@ -1,5 +1,6 @@
 #include "platform/windows/win_shell.h"
 
+#include "common/web_address.h"
 #include "platform/windows/win_arguments.h"
 #include "platform/windows/win_instance_name.h"
 #include "platform/windows/win_text.h"
@@ -26,15 +27,14 @@ bool StartProgram(const std::wstring& program, const std::wstring& argument) {
     return true;
 }
 
-// For what is no program itself (a shortcut to one), and for one that must ask for more rights.
-void OpenByShell(const std::wstring& program, const std::wstring& argument) {
-    const std::wstring quoted = QuotedArgument(argument);
+// The desktop knows what to do with the file: a program, a shortcut to one, an address.
+void OpenByShell(const std::wstring& file, const std::wstring& parameters) {
     SHELLEXECUTEINFOW request = {};
     request.cbSize = sizeof request;
     request.fMask = SEE_MASK_FLAG_NO_UI;
     request.lpVerb = L"open";
-    request.lpFile = program.c_str();
-    request.lpParameters = quoted.c_str();
+    request.lpFile = file.c_str();
+    request.lpParameters = parameters.c_str();
     request.nShow = SW_SHOWNORMAL;
     ShellExecuteExW(&request);
 }
@@ -51,8 +51,13 @@ void WinShell::OpenWith(const std::u16string& program, const std::u16string& arg
     const std::wstring file = ToWide(program);
     if (StartProgram(file, ToWide(argument))) return;
     const DWORD error = GetLastError();
+    // A shortcut to a program, or one that must ask for more rights.
     if (error == ERROR_BAD_EXE_FORMAT || error == ElevationRequired)
-        OpenByShell(file, ToWide(argument));
+        OpenByShell(file, QuotedArgument(ToWide(argument)));
+}
+
+void WinShell::OpenAddress(const std::u16string& address) {
+    if (IsWebOrMailAddress(address)) OpenByShell(ToWide(address), {});
 }
 
 bool WinShell::BecomeOnlyInstance(const std::u16string& name) {

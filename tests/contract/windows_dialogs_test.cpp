@@ -2,6 +2,7 @@
 #include "platform/windows/win_dialogs.h"
 #include "platform/windows/win_find_dialog.h"
 #include "platform/windows/win_message_box.h"
+#include "platform/windows/win_rich_message.h"
 #include "platform/windows/win_text.h"
 #include "platform/windows/win_text_dialog.h"
 #include "runs_under_wine.h"
@@ -71,13 +72,11 @@ TEST_CASE("windows dialogs: which button a message begins with, and what closing
     }
 }
 
-TEST_CASE("windows dialogs: the help button opens the topic, and the message stays") {
-    WinDialogs dialogs(nullptr);
-    dialogs.SetHelpFile(u"C:\\Norvaset.htm");
-    std::vector<std::pair<std::u16string, std::string>> opened;
-    dialogs.onHelp = [&](const std::u16string& file, const std::string& topic) {
-        opened.emplace_back(file, topic);
-    };
+TEST_CASE("windows dialogs: the help button tells the topic, and the message stays") {
+    const OwnerWindow owner(ownerPlace);
+    WinDialogs dialogs(owner.Get());
+    std::vector<std::string> asked;
+    dialogs.onHelp = [&](const std::string& topic) { asked.push_back(topic); };
     Message message;
     message.text = u"x";
     message.helpButton = true;
@@ -88,14 +87,57 @@ TEST_CASE("windows dialogs: the help button opens the topic, and the message sta
         HELPINFO f1 = {}; // the other way there; the button does nothing under Wine
         f1.cbSize = sizeof f1;
         if (RunsUnderWine()) SendMessageW(box, WM_HELP, 0, reinterpret_cast<LPARAM>(&f1));
-        CHECK(opened.size() == 1);
+        CHECK(asked == std::vector<std::string>{"mFileOpen"});
         CHECK(IsWindowVisible(box));
         PressButton(box, IDOK);
     });
     CHECK(dialogs.ShowMessage(message) == DialogResult::Ok);
-    REQUIRE(opened.size() == 1);
-    CHECK(opened[0].first == u"C:\\Norvaset.htm");
-    CHECK(opened[0].second == "mFileOpen");
+}
+
+TEST_CASE("windows dialogs: a message that comes while another waits belongs to that") {
+    const OwnerWindow owner(ownerPlace);
+    WinDialogs dialogs(owner.Get());
+    Message first, second;
+    first.icon = MessageIcon::Critical;
+    second.icon = MessageIcon::Application;
+    const WhileOpen shown([&](HWND box) {
+        {
+            const WhileOpen inner([&](HWND nested) {
+                CHECK(nested != box);
+                CHECK(GetWindow(nested, GW_OWNER) == box);
+                CHECK_FALSE(IsWindowEnabled(box));
+                PressButton(nested, IDOK);
+            });
+            CHECK(dialogs.ShowMessage(second) == DialogResult::Ok);
+        }
+        CHECK(IsWindowEnabled(box));
+        CHECK_FALSE(IsWindowEnabled(owner.Get()));
+        PressButton(box, IDOK);
+    });
+    CHECK(dialogs.ShowMessage(first) == DialogResult::Ok);
+}
+
+TEST_CASE("windows dialogs: a message of rich text gives the number of the button") {
+    const OwnerWindow owner(ownerPlace);
+    WinDialogs dialogs(owner.Get());
+    const auto ask = [&](const std::function<void(HWND)>& act) {
+        const WhileOpen shown(act);
+        return dialogs.ShowRichMessage("{\\rtf1\\ansi some {\\ul text}\\'e9}", u"Title",
+                                       {u"Cancel", u"Download"});
+    };
+    using Rich = WinRichMessage;
+    CHECK(ask([&](HWND dialog) {
+              CHECK((WindowText(dialog) == L"Title"));
+              CHECK((TextOf(dialog, Rich::FirstButton) == L"Cancel"));
+              CHECK((TextOf(dialog, Rich::FirstButton + 1) == L"Download"));
+              CHECK((TextOf(dialog, Rich::Text) == L"some text\u00E9"));
+              CHECK(DistanceOfMiddles(dialog, owner.Get()) <= 2);
+              PressButton(dialog, Rich::FirstButton);
+          }) == 1);
+    CHECK(ask([](HWND dialog) { PressButton(dialog, Rich::FirstButton + 1); }) == 2);
+    CHECK(ask([](HWND) { PressKey(VK_RETURN); }) == 1);
+    CHECK(ask([](HWND) { PressKey(VK_ESCAPE); }) == 0);
+    CHECK(ask([](HWND dialog) { PostMessageW(dialog, WM_CLOSE, 0, 0); }) == 0);
 }
 
 TEST_CASE("windows dialogs: a message box with the program's icon, or without one") {

@@ -26,6 +26,15 @@ std::u16string DecodeAnsi(int, std::string_view bytes) {
     return FromWide(text);
 }
 
+std::string EncodeAnsi(const std::u16string& text) {
+    const std::wstring wide = ToWide(text);
+    std::string bytes(wide.size() * 4, '\0');
+    bytes.resize(static_cast<std::size_t>(
+        WideCharToMultiByte(CP_ACP, 0, wide.data(), static_cast<int>(wide.size()), bytes.data(),
+                            static_cast<int>(bytes.size()), nullptr, nullptr)));
+    return bytes;
+}
+
 // The system's functions on one file.
 class SystemProfile {
   public:
@@ -229,9 +238,11 @@ TEST_CASE("windows profile file: engine and system read the same") {
 TEST_CASE("windows profile file: a file in the system's code page") {
     const TemporaryFolder folder;
     const std::wstring theirs = folder.path + L"\\theirs.ini", ours = folder.path + L"\\ours.ini";
-    const std::string letters = "caf\xE9 \xC0 la carte \xFC";
+    // UTF-8 where a manifest or the user's settings say so.
+    const std::u16string unicode = u"caf\u00E9 \u00C0 la carte \u00FC";
+    const std::string letters = EncodeAnsi(unicode);
+    REQUIRE(DecodeAnsi(0, letters) == unicode);
     Write(theirs, "[" + letters + "]\r\n" + letters + "=" + letters + "\r\n");
-    const std::u16string unicode = DecodeAnsi(0, letters);
     CHECK((EngineOn(theirs).Value(unicode, unicode) == unicode));
     SystemProfile system(theirs);
     CHECK((system.Value(ToWide(unicode), ToWide(unicode)) == unicode));

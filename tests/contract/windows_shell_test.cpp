@@ -69,6 +69,8 @@ TEST_CASE("windows shell: a program of a name full of blanks, and one that is no
     REQUIRE(CopyFileW(HelperPath().c_str(), program.c_str(), TRUE));
     WinShell().OpenWith(FromWide(folder.path) + u"\\none.exe", u"x");
     WinShell().OpenWith(u"", u"x");
+    WinShell().OpenAddress(FromWide(program)); // neither web nor mail
+    WinShell().OpenAddress(u"file:///" + FromWide(program));
     WinShell().OpenWith(FromWide(program), u"a b");
     CHECK((helper.Answer() == L"1:a b")); // and nothing was started before
 }

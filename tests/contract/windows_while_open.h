@@ -12,7 +12,8 @@
 
 class WhileOpen {
   public:
-    // Acts on the first dialog of this thread that is shown, once.
+    // Acts on the first dialog of this thread that is shown and can be used, once. An act may wait
+    // for a further dialog in the same way.
     explicit WhileOpen(std::function<void(HWND)> act) {
         waiting = {std::move(act)};
         timer_ = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, Look);
@@ -30,7 +31,9 @@ class WhileOpen {
     static BOOL CALLBACK TakeDialog(HWND window, LPARAM found) {
         wchar_t name[16] = {};
         GetClassNameW(window, name, 16);
-        if (std::wstring(name) != L"#32770" || !IsWindowVisible(window)) return TRUE;
+        if (std::wstring(name) != L"#32770" || !IsWindowVisible(window) ||
+            !IsWindowEnabled(window)) // waits for another
+            return TRUE;
         *reinterpret_cast<HWND*>(found) = window;
         return FALSE;
     }
