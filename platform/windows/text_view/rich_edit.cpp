@@ -109,9 +109,9 @@ TextPos RichEdit::LineStart(LONG line) const {
     return static_cast<TextPos>(Send(EM_LINEINDEX, static_cast<WPARAM>(line)));
 }
 
-TextPos RichEdit::LineEnd(LONG line) const {
+TextPos RichEdit::NextLineStart(LONG line, TextPos start) const {
     const TextPos next = LineStart(line + 1);
-    return next > LineStart(line) ? next : Length();
+    return next > start ? next : Length();
 }
 
 LONG RichEdit::FirstVisibleLine() const {

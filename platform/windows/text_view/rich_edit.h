@@ -29,7 +29,7 @@ class RichEdit {
 
     LONG LineOf(TextPos position) const;
     TextPos LineStart(LONG line) const;
-    TextPos LineEnd(LONG line) const; // where the next line starts, or the text's end
+    TextPos NextLineStart(LONG line, TextPos start) const; // or the end of the text
     LONG FirstVisibleLine() const;
     void ScrollLines(LONG lines); // as far as there are any
     POINT ScrollPoint() const;

@@ -5,7 +5,6 @@
 
 namespace {
 constexpr TextPos widestGap = 64;    // units of both sides together
-constexpr std::size_t proof = 8;     // units that agree after a gap
 constexpr int mostTries = 5'000'000; // in looking for gaps, of a few units each
 constexpr TextPos endless = std::numeric_limits<TextPos>::max();
 
@@ -14,29 +13,48 @@ constexpr TextPos endless = std::numeric_limits<TextPos>::max();
 bool Same(char16_t book, char16_t control) {
     switch (book) {
     case u'\n': return control == u'\r' || control == u'\n';
-    case u'\v': return control == u'\v' || control == u'\r' || control == u'\n';
+    case u'\v': return control == u'\v' || control == u'\r' || control == u'\n' || control == u' ';
     case u'\a': return control == u'\a' || control == u'\t';
     case u'\uFFFC': return control == u'\uFFFC' || control == u' ';
     default: return book == control;
     }
 }
 
-bool Agree(std::u16string_view book, std::u16string_view control) {
+// What controls put around rows and cells.
+bool IsMark(char16_t control) {
+    return std::u16string_view(u"\r\n\a\t\uFFF9\uFFFB").find(control) != std::u16string_view::npos;
+}
+
+bool IsLeftOutOften(char16_t book) { // a picture, a soft hyphen
+    return book == u'\uFFFC' || book == u'\u00AD';
+}
+
+// Whether what follows is the same again, `proof` units of it or up to an end.
+bool Agree(std::u16string_view book, std::u16string_view control, std::size_t proof) {
     const std::size_t size = std::min({proof, book.size(), control.size()});
     if (size == 0) return book.size() == control.size();
     return std::equal(book.begin(), book.begin() + size, control.begin(), Same);
 }
 } // namespace
 
-// Of the shortest gaps the one that loses least of the book.
+// The shortest one, of those that are usual or else of any.
 TextMap::Gap TextMap::FindGap(std::u16string_view book, std::u16string_view control, int& tries) {
-    for (TextPos both = 1; both <= widestGap; ++both)
-        for (TextPos lost = 0; lost <= both; ++lost) {
-            const TextPos added = both - lost;
-            ++tries;
-            if (std::size_t(lost) > book.size() || std::size_t(added) > control.size()) continue;
-            if (Agree(book.substr(lost), control.substr(added))) return {lost, added};
-        }
+    constexpr std::size_t littleProof = 2, muchProof = 8;
+    const auto usual = static_cast<TextPos>(
+        std::find_if_not(control.begin(), control.end(), IsMark) - control.begin());
+    const auto leftOut = static_cast<TextPos>(
+        std::find_if_not(book.begin(), book.end(), IsLeftOutOften) - book.begin());
+    for (const bool any : {false, true})
+        for (TextPos both = 1; both <= widestGap; ++both)
+            for (TextPos lost = 0; lost <= both; ++lost) {
+                const TextPos added = both - lost;
+                ++tries;
+                if (!any && (lost > leftOut || added > usual)) continue;
+                if (std::size_t(lost) > book.size() || std::size_t(added) > control.size())
+                    continue;
+                if (Agree(book.substr(lost), control.substr(added), any ? muchProof : littleProof))
+                    return {lost, added};
+            }
     return {1, 1}; // another character in its place
 }
 

@@ -110,7 +110,9 @@ TextPos WinTextView::SelStart() const {
 }
 
 TextPos WinTextView::SelLength() const {
-    return Clamp(map_.ToBook(control_->Selection().cpMax)) - SelStart();
+    const CHARRANGE range = control_->Selection();
+    if (range.cpMax <= range.cpMin) return 0;
+    return Clamp(map_.ToBook(range.cpMax - 1) + 1) - SelStart(); // without what is left out there
 }
 
 TextPos WinTextView::Find(std::u16string_view what, TextPos start, FindOptions options) const {

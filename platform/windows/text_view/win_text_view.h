@@ -74,6 +74,7 @@ class WinTextView : public TextView {
     bool IsAsPlaced() const;
     Top CurrentTop() const;
     void ShowTop(TextPos position, bool asked);
+    bool NeedsRoom(LONG line) const;
     bool ScrollTo(LONG line);
     void MakeRoomBelow(int twips);
     TextPos Clamp(TextPos position) const;

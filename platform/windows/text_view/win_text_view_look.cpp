@@ -5,9 +5,9 @@
 void WinTextView::SetFont(const ViewFont& font) {
     if (font == look_.font) return;
     look_.font = font;
-    if (plain_ || document_.text.empty())
+    if (plain_ || look_.fontForAll)
         KeepingTop([this] { control_->FormatAll(FontFormat(look_.font)); });
-    else if (!look_.fontForAll && !NamesOwnFonts(document_))
+    else if (!NamesOwnFonts(document_))
         Refill();
 }
 

@@ -12,8 +12,8 @@ int TwipsOfHeight(HWND window, int pixels) {
 
 LineSpan WinTextView::LineAround(TextPos position) const {
     const LONG line = control_->LineOf(map_.ToControl(Clamp(position)));
-    const TextPos start = Clamp(map_.ToBook(control_->LineStart(line)));
-    TextPos end = Clamp(map_.ToBook(control_->LineEnd(line)));
+    const TextPos first = control_->LineStart(line), start = Clamp(map_.ToBook(first));
+    TextPos end = Clamp(map_.ToBook(control_->NextLineStart(line, first)));
     if (end > start && document_.text[static_cast<std::size_t>(end - 1)] == u'\n') --end;
     return {start, end - start};
 }
@@ -45,13 +45,19 @@ WinTextView::Top WinTextView::CurrentTop() const {
 // that the reader had scrolled to goes down with the text's end instead.
 void WinTextView::ShowTop(TextPos position, bool asked) {
     const auto line = [&] { return control_->LineOf(map_.ToControl(position)); };
-    MakeRoomBelow(0);
+    if (roomBelow_ > 0 && !(asked && NeedsRoom(line()))) MakeRoomBelow(0);
     bool reached = ScrollTo(line());
     if (!reached && asked) {
         MakeRoomBelow(TwipsOfHeight(control_->Handle(), bounds_.height));
         reached = ScrollTo(line());
     }
     top_ = {position, asked, reached, control_->FirstVisibleLine(), control_->ScrollPoint()};
+}
+
+// Whether the text from the line on does not fill the view.
+bool WinTextView::NeedsRoom(LONG line) const {
+    const LONG top = control_->PointOf(control_->LineStart(line)).y;
+    return control_->PointOf(control_->Length()).y - top < bounds_.height;
 }
 
 // Exactly, also where the control had a part of the line above its edge.
