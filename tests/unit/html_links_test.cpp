@@ -62,13 +62,13 @@ TEST_CASE("html links: Alt+Left goes back, within the page and to the page befor
 TEST_CASE("html links: a page opened from the menu has no way back") {
     HtmlForm test;
     test.PutPage(u"/b/p.htm");
-    test.PutPage(u"/b/two.html");
+    test.PutPage(u"/b/two.htm");
     REQUIRE(test.Start());
     test.OpenLoaded(u"/b/p.htm");
     test.Page().onJump(100);
-    test.OpenLoaded(u"/b/two.html");
+    test.OpenLoaded(u"/b/two.htm");
     test.Press(37, AltKey);
-    CHECK(test.Page().navigations.back() == u"/b/two.html");
+    CHECK(test.Page().navigations.back() == u"/b/two.htm");
 }
 
 TEST_CASE(
