@@ -12,9 +12,8 @@
 #include <vector>
 
 // Characters of a page are counted in the text of its body, in UTF-16 units from 0:
-// - Text nodes in document order. These elements count nothing with all that is in them, not even
-// as
-//   blocks: script, style, template, noscript, noframes, title, select, textarea, iframe, object,
+// - Text nodes in document order. These elements count nothing with all that is in them, and are no
+//   blocks either: script, style, template, noscript, noframes, title, select, textarea, iframe, object,
 //   audio, video, canvas, svg, math, and any with the attribute `hidden`. Names decide, not
 //   computed styles: a place stays the same whatever the style sheet, the width and the zoom.
 //   Pictures and fields count nothing.
@@ -80,6 +79,9 @@ constexpr int longestPageWait = 3000; // milliseconds
 class HtmlView {
   public:
     virtual ~HtmlView() = default;
+
+    // Whether pages can be shown at all, as far as that is known without loading the engine.
+    virtual bool IsAvailable() const { return true; }
 
     // Orders for the page. `Navigate` gives up the page before: no event of it comes any more, and
     // there is no body until `onLoaded`, which brings `page` back, the caller's number for this
