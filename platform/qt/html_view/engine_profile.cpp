@@ -32,6 +32,19 @@ class VariableScope {
     bool wasSet_;
 };
 
+// The engine tells of every start, of the sandbox that root does without, and, as a warning, that
+// it found no graphics driver, which nobody asked it to use.
+class QuietStart {
+  public:
+    QuietStart() {
+        QLoggingCategory::setFilterRules(
+            QStringLiteral("qt.webenginecontext*=false\ndefault.warning=false"));
+    }
+    ~QuietStart() { QLoggingCategory::setFilterRules({}); }
+    QuietStart(const QuietStart&) = delete;
+    QuietStart& operator=(const QuietStart&) = delete;
+};
+
 QByteArray EngineFlags() {
     QByteArray flags = qgetenv("QTWEBENGINE_CHROMIUM_FLAGS");
     // No name is ever looked up and no address reached, whatever a page makes the engine wish for.
@@ -87,8 +100,7 @@ void MakePassive(QWebEngineSettings& settings) {
 } // namespace
 
 std::unique_ptr<QWebEngineProfile> MakeEngineProfile(FolderGuard& guard, int ansiCodePage) {
-    // The engine tells of every start and of the sandbox that root does without.
-    QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext*=false"));
+    const QuietStart quiet;
     // Drawn by the processor: a page of text needs no more, comes up two to four times as soon
     // where the graphics driver is one in software, and no driver can take the program with it.
     QQuickWindow::setSceneGraphBackend(QStringLiteral("software"));
