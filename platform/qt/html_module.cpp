@@ -37,11 +37,10 @@ bool HasUserNamespaces() {
 
 // The engine asks this context for its format, even where it draws without OpenGL; the attribute
 // that would make one at start-up costs every start some 45 ms. It is never created, so no driver
-// is loaded.
+// is loaded; and never deleted, as the engine ends after all else.
 void ProvideShareContext() {
     if (QOpenGLContext::globalShareContext()) return;
-    static QOpenGLContext context;
-    qt_gl_set_global_share_context(&context);
+    qt_gl_set_global_share_context(new QOpenGLContext);
 }
 } // namespace
 
