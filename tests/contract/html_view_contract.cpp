@@ -129,6 +129,21 @@ TEST_CASE("html view: a load tells once, and only of the page asked for last") {
     });
 }
 
+TEST_CASE("html view: who is told of a load may order and ask at once") {
+    OnEachBackEnd([](PageTest& test) {
+        std::u16string text;
+        test.view.onLoaded = [&](int, const std::u16string&) {
+            test.view.SendZoomKey(true);
+            test.view.ScrollTo(0, 300);
+            text = test.Text({0, 9});
+        };
+        test.Navigate(test.Write("page.htm", NumberedLines(200)));
+        REQUIRE(test.WaitFor([&] { return !text.empty(); }));
+        CHECK(text == u"line 0000");
+        CHECK(test.view.ScrollTop() == 300);
+    });
+}
+
 TEST_CASE("html view: charsets and files of all kinds") {
     struct {
         const char *name, *bytes, *charset;

@@ -36,7 +36,7 @@ class Html(HtmlStory):
         self.program.press("Next", pages)
         self.program.key("Escape")
         settled_strip(self.program)
-        self.click(200, 300)
+        self.click(200 + 30 * before, 300)  # elsewhere: two clicks at one place select a word
         self.program.finish_keys()
         self.program.key("Escape")
         self.program.key("ctrl+d")

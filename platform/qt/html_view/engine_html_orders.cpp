@@ -6,17 +6,17 @@
 
 #include <QVariant>
 
-void EngineHtmlView::Order(const QString& expression) {
-    if (!kept_.body) return;
-    calls_->Call(expression, [this, scrolls = scrolls_,
-                              alive = QPointer<QObject>(page_.get())](const QVariant& state) {
-        if (alive && alive == page_.get()) TakeState(state, scrolls);
-    });
-}
+#include <algorithm>
+#include <limits>
 
-void EngineHtmlView::OrderScroll(const QString& expression) {
-    ++scrolls_;
-    Order(expression);
+// `changes` says that what is kept may be another afterwards: an older state does not count then.
+void EngineHtmlView::Order(const QString& expression, bool changes) {
+    if (!kept_.body) return;
+    if (changes) ++changes_;
+    calls_->Call(expression, [this, asked = changes_,
+                              alive = QPointer<QObject>(page_.get())](const QVariant& state) {
+        if (alive && alive == page_.get() && asked == changes_) TakeState(state);
+    });
 }
 
 // What happens many times before the page has answered is asked for once.
@@ -27,16 +27,16 @@ void EngineHtmlView::Refresh() {
         page_.get(),
         [this] {
             refreshing_ = false;
-            Order(QStringLiteral("state()"));
+            Order(QStringLiteral("state()"), false);
         },
         Qt::QueuedConnection);
 }
 
-void EngineHtmlView::TakeState(const QVariant& state, int scrolls) {
+void EngineHtmlView::TakeState(const QVariant& state) {
     const QVariantList list = state.toList();
     if (list.size() != 6) return;
     const auto number = [&list](int i) { return list[i].toInt(); };
-    if (scrolls == scrolls_) kept_.scrollTop = number(0);
+    kept_.scrollTop = number(0);
     kept_.viewHeight = number(1);
     kept_.topMargin = number(2);
     kept_.selection = {{number(3), number(4)}, number(5)};
@@ -45,18 +45,22 @@ void EngineHtmlView::TakeState(const QVariant& state, int scrolls) {
 void EngineHtmlView::ScrollTo(int left, int top) {
     if (!kept_.body) return;
     kept_.scrollTop = std::max(top, 0);
-    OrderScroll(QStringLiteral("scrollTo(%1, %2)").arg(left).arg(top));
+    Order(QStringLiteral("scrollTo(%1, %2)").arg(left).arg(top));
 }
 
 void EngineHtmlView::ScrollSpanToTop(const PageSpan& span) {
-    OrderScroll(QStringLiteral("scrollSpanToTop(%1)").arg(span.start));
+    Order(QStringLiteral("scrollSpanToTop(%1)").arg(span.start));
 }
 
+// A command that asks for the selection at once finds what was ordered.
 void EngineHtmlView::Select(const PageSpan& span) {
-    OrderScroll(QStringLiteral("select(%1, %2)").arg(span.start).arg(span.length));
+    if (!kept_.body) return;
+    kept_.selection.span = span;
+    Order(QStringLiteral("select(%1, %2)").arg(span.start).arg(span.length));
 }
 
 void EngineHtmlView::SelectAll() {
+    if (kept_.text) kept_.selection.span = {0, std::numeric_limits<TextPos>::max()};
     Order(QStringLiteral("selectAll()"));
 }
 

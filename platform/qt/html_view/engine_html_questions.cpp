@@ -83,7 +83,7 @@ std::optional<PageMatch> EngineHtmlView::FindBehindSelection(std::u16string_view
     if (!FetchText(end)) return std::nullopt;
     const auto state = Ask(QStringLiteral("state()"), end);
     if (!state) return std::nullopt;
-    TakeState(*state, scrolls_);
+    TakeState(*state);
     const PageSpan& selected = kept_.selection.span;
     const TextPos start = selected.start + selected.length;
     const auto found = FindText(*wholeText_, what, static_cast<std::size_t>(start), options);

@@ -14,6 +14,8 @@
 #include <QEvent>
 #include <QVariant>
 
+#include <utility>
+
 EngineHtmlView::EngineHtmlView(QWidget* parent, int ansiCodePage)
     : parent_(parent), ansiCodePage_(ansiCodePage) {
     parent_->window()->installEventFilter(this);
@@ -77,7 +79,7 @@ void EngineHtmlView::LeavePage() {
     kept_ = {};
     wholeText_.reset();
     zoom_ = {};
-    refreshing_ = false;
+    refreshing_ = finished_ = false;
     if (!page_) return;
     page_->disconnect(this);
     focused_ = widget_->isAncestorOf(widget_->window()->focusWidget());
@@ -88,7 +90,7 @@ void EngineHtmlView::LeavePage() {
 }
 
 void EngineHtmlView::Finished(int page) {
-    if (kept_.body) return; // of a frame that has loaded something else
+    if (std::exchange(finished_, true)) return;
     calls_->LoadScript();
     calls_->SetZoom(zoom_.Factor(), widget_->devicePixelRatioF());
     calls_->Call(QStringLiteral("facts()"),
@@ -99,14 +101,21 @@ void EngineHtmlView::Finished(int page) {
 
 void EngineHtmlView::Loaded(int page, const QVariant& facts) {
     const QVariantList list = facts.toList();
-    if (list.size() == 4 && !kept_.body) {
+    if (list.size() == 4) { // a document that is no page has no body
         kept_.body = true;
         kept_.charset = list[0].toString().toStdString();
         kept_.title = FromQt(list[1].toString());
         kept_.text = list[2].toBool();
-        TakeState(list[3], scrolls_);
+        TakeState(list[3]);
     }
-    CallHandler(onLoaded, page, FromQt(page_->url().toString(QUrl::FullyEncoded)));
+    // Not from within the engine's own call: it takes no other one until that has returned, and who
+    // is told may ask.
+    QMetaObject::invokeMethod(
+        page_.get(),
+        [this, page] {
+            CallHandler(onLoaded, page, FromQt(page_->url().toString(QUrl::FullyEncoded)));
+        },
+        Qt::QueuedConnection);
 }
 
 void EngineHtmlView::Gone() {

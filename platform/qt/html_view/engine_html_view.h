@@ -75,10 +75,9 @@ class EngineHtmlView final : public QObject, public HtmlView {
     void FollowLink(const QUrl&);
     void RunCommand(int command);
     void Zoom(int steps);
-    void Order(const QString& expression);
-    void OrderScroll(const QString& expression);
+    void Order(const QString& expression, bool changes = true);
     void Refresh();
-    void TakeState(const QVariant& state, int scrolls);
+    void TakeState(const QVariant& state);
     std::optional<QVariant> Ask(const QString& expression,
                                 QDeadlineTimer end = QDeadlineTimer(longestPageWait));
     bool FetchText(QDeadlineTimer end);
@@ -94,8 +93,8 @@ class EngineHtmlView final : public QObject, public HtmlView {
     ZoomLadder zoom_;
     Kept kept_;
     std::optional<std::u16string> wholeText_; // of the page, once a search has needed it
-    int scrolls_ = 0;                         // ordered; an older state tells no new offset
-    bool refreshing_ = false, visible_ = false, focused_ = false;
+    int changes_ = 0;                         // ordered so far
+    bool finished_ = false, refreshing_ = false, visible_ = false, focused_ = false;
     Rect bounds_;
     Wait* wait_ = nullptr;
 };

@@ -3,6 +3,7 @@ import os
 import shutil
 import unittest
 
+from harness.clipboard import clipboard
 from harness.story import Story
 from harness.text_view import STRIP_HEIGHT, top_strip
 from harness.wait import wait_for
@@ -54,6 +55,13 @@ class HtmlStory(Story):
                 for place in range(max(0, top - SLACK), top + SLACK + 1)
                 if place + line.height <= now.height)
         wait_for(shows_it, "the same lines at the top as before")
+
+    def whole_text(self, reader):
+        """As it is copied, once the page is there; a page of no text never is."""
+        def take():
+            reader.key("ctrl+a", "ctrl+c")
+            return clipboard(self.screen)
+        return wait_for(take, "the page's text")
 
     def record(self, reader, path):
         reader.key("Escape")
