@@ -171,24 +171,54 @@ TEST_CASE("windows html view: a right click outside the selection is a left pres
 
 namespace {
 
-// A drop of files as the system's shell offers it.
-ComPtr<IDataObject> FilesAsData(const wchar_t* path) {
-    ComPtr<IDataObject> data;
-    CHECK(SUCCEEDED(
-        SHCreateDataObject(nullptr, 0, nullptr, nullptr, __uuidof(IDataObject), data.PutVoid())));
-    const std::size_t size = sizeof(DROPFILES) + (wcslen(path) + 2) * sizeof(wchar_t);
-    STGMEDIUM medium = {};
-    medium.tymed = TYMED_HGLOBAL;
-    medium.hGlobal = GlobalAlloc(GHND, size);
-    auto* files = static_cast<DROPFILES*>(GlobalLock(medium.hGlobal));
-    files->pFiles = sizeof(DROPFILES);
-    files->fWide = TRUE;
-    wcscpy(reinterpret_cast<wchar_t*>(files + 1), path);
-    GlobalUnlock(medium.hGlobal);
-    FORMATETC format = {CF_HDROP, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
-    CHECK(SUCCEEDED(data->SetData(&format, &medium, TRUE)));
-    return data;
-}
+// One file, as a drop offers it.
+class DroppedFile final : public ComObject<IDataObject> {
+  public:
+    explicit DroppedFile(std::wstring path) : path_(std::move(path)) {}
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** found) noexcept override {
+        return AnswerQuery<IDataObject>(this, id, found);
+    }
+    HRESULT STDMETHODCALLTYPE GetData(FORMATETC* format, STGMEDIUM* medium) noexcept override {
+        if (QueryGetData(format) != S_OK) return DV_E_FORMATETC;
+        const std::size_t size = sizeof(DROPFILES) + (path_.size() + 2) * sizeof(wchar_t);
+        medium->tymed = TYMED_HGLOBAL;
+        medium->hGlobal = GlobalAlloc(GHND, size);
+        auto* files = static_cast<DROPFILES*>(GlobalLock(medium->hGlobal));
+        files->pFiles = sizeof(DROPFILES);
+        files->fWide = TRUE;
+        std::copy(path_.begin(), path_.end(), reinterpret_cast<wchar_t*>(files + 1));
+        GlobalUnlock(medium->hGlobal);
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE QueryGetData(FORMATETC* format) noexcept override {
+        return format->cfFormat == CF_HDROP ? S_OK : DV_E_FORMATETC;
+    }
+    HRESULT STDMETHODCALLTYPE GetDataHere(FORMATETC*, STGMEDIUM*) noexcept override {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE GetCanonicalFormatEtc(FORMATETC*, FORMATETC*) noexcept override {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE SetData(FORMATETC*, STGMEDIUM*, BOOL) noexcept override {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE EnumFormatEtc(DWORD, IEnumFORMATETC**) noexcept override {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE DAdvise(FORMATETC*, DWORD, IAdviseSink*, DWORD*) noexcept override {
+        return OLE_E_ADVISENOTSUPPORTED;
+    }
+    HRESULT STDMETHODCALLTYPE DUnadvise(DWORD) noexcept override {
+        return OLE_E_ADVISENOTSUPPORTED;
+    }
+    HRESULT STDMETHODCALLTYPE EnumDAdvise(IEnumSTATDATA**) noexcept override {
+        return OLE_E_ADVISENOTSUPPORTED;
+    }
+
+  private:
+    std::wstring path_;
+};
 
 } // namespace
 
@@ -198,7 +228,7 @@ TEST_CASE("windows html view: files dropped on the page are the window's") {
     CHECK(shown.engine.takesDrops);
     const auto target = ComPtr<IDropTarget>::Adopt(shown.engine.DropTarget());
     REQUIRE(target);
-    const auto data = FilesAsData(L"C:\\books\\b.rtf");
+    const auto data = ComPtr<IDataObject>::Adopt(new DroppedFile(L"C:\\books\\b.rtf"));
     DWORD effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
     CHECK(target->DragEnter(data.Get(), 0, {}, &effect) == S_OK);
     CHECK(effect == DROPEFFECT_COPY);

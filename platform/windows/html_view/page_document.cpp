@@ -60,12 +60,12 @@ PageDocument::PageDocument(IDispatch* document) : document_(Query<IHTMLDocument2
     ComPtr<IHTMLElement> body;
     if (!document_ || FAILED(document_->get_body(body.Put()))) return;
     if (!Query<IHTMLBodyElement>(body)) return;
-    body_ = Query<IDispatch>(body);
-    scroller_ = FindScroller(document_.Get(), body_.Get());
+    scroller_ = FindScroller(document_.Get(), body.Get());
+    if (scroller_) body_ = Query<IDispatch>(body);
 }
 
 bool PageDocument::HasBody() const {
-    return body_ && scroller_;
+    return static_cast<bool>(body_);
 }
 
 std::optional<std::wstring> PageDocument::Charset() const {

@@ -2,7 +2,28 @@
 
 #include "platform/windows/html_view/addresses.h"
 
+#include "platform/windows/html_view/urlmon.h"
+
 #include <new>
+
+namespace {
+
+// The system's handler of files, made without asking COM: loads run on threads of the engine's that
+// it knows nothing of.
+ComPtr<IInternetProtocol> SystemFileProtocol() {
+    constexpr CLSID fileProtocol = {
+        0x79eac9e7, 0xbaf9, 0x11ce, {0x8c, 0x82, 0x00, 0xaa, 0x00, 0x4b, 0xa9, 0x0b}};
+    const auto getClass = UrlmonFunction<LPFNGETCLASSOBJECT>("DllGetClassObject");
+    ComPtr<IClassFactory> factory;
+    ComPtr<IInternetProtocol> protocol;
+    if (!getClass || FAILED(getClass(fileProtocol, __uuidof(IClassFactory), factory.PutVoid())))
+        return {};
+    if (FAILED(factory->CreateInstance(nullptr, __uuidof(IInternetProtocol), protocol.PutVoid())))
+        return {};
+    return protocol;
+}
+
+} // namespace
 
 HRESULT RefusingProtocols::QueryInterface(REFIID id, void** found) noexcept {
     return AnswerQuery<IClassFactory>(this, id, found);
@@ -58,46 +79,52 @@ ULONG RefusingProtocol::Release() noexcept {
     return outer_->Release();
 }
 
-HRESULT RefusingProtocol::Start(LPCWSTR url, IInternetProtocolSink* sink, IInternetBindInfo*, DWORD,
-                                HANDLE_PTR) noexcept {
-    if (url && IsWithinReach(url, bookHost_)) return INET_E_USE_DEFAULT_PROTOCOLHANDLER;
-    if (sink) sink->ReportResult(INET_E_RESOURCE_NOT_FOUND, 0, nullptr);
-    return INET_E_RESOURCE_NOT_FOUND;
+HRESULT RefusingProtocol::Start(LPCWSTR url, IInternetProtocolSink* sink,
+                                IInternetBindInfo* bindInfo, DWORD flags,
+                                HANDLE_PTR reserved) noexcept {
+    if (!url || !IsWithinReach(url, bookHost_)) {
+        if (sink) sink->ReportResult(INET_E_RESOURCE_NOT_FOUND, 0, nullptr);
+        return INET_E_RESOURCE_NOT_FOUND;
+    }
+    system_ = SystemFileProtocol();
+    if (!system_) return INET_E_USE_DEFAULT_PROTOCOLHANDLER;
+    return system_->Start(url, sink, bindInfo, flags, reserved);
 }
 
-HRESULT RefusingProtocol::Continue(PROTOCOLDATA*) noexcept {
-    return S_OK;
+HRESULT RefusingProtocol::Continue(PROTOCOLDATA* data) noexcept {
+    return system_ ? system_->Continue(data) : S_OK;
 }
 
-HRESULT RefusingProtocol::Abort(HRESULT, DWORD) noexcept {
-    return S_OK;
+HRESULT RefusingProtocol::Abort(HRESULT reason, DWORD options) noexcept {
+    return system_ ? system_->Abort(reason, options) : S_OK;
 }
 
-HRESULT RefusingProtocol::Terminate(DWORD) noexcept {
-    return S_OK;
+HRESULT RefusingProtocol::Terminate(DWORD options) noexcept {
+    return system_ ? system_->Terminate(options) : S_OK;
 }
 
 HRESULT RefusingProtocol::Suspend() noexcept {
-    return E_NOTIMPL;
+    return system_ ? system_->Suspend() : E_NOTIMPL;
 }
 
 HRESULT RefusingProtocol::Resume() noexcept {
-    return E_NOTIMPL;
+    return system_ ? system_->Resume() : E_NOTIMPL;
 }
 
-HRESULT RefusingProtocol::Read(void*, ULONG, ULONG* read) noexcept {
+HRESULT RefusingProtocol::Read(void* buffer, ULONG size, ULONG* read) noexcept {
+    if (system_) return system_->Read(buffer, size, read);
     if (read) *read = 0;
     return S_FALSE; // the end
 }
 
-HRESULT RefusingProtocol::Seek(LARGE_INTEGER, DWORD, ULARGE_INTEGER*) noexcept {
-    return E_NOTIMPL;
+HRESULT RefusingProtocol::Seek(LARGE_INTEGER offset, DWORD origin, ULARGE_INTEGER* place) noexcept {
+    return system_ ? system_->Seek(offset, origin, place) : E_NOTIMPL;
 }
 
-HRESULT RefusingProtocol::LockRequest(DWORD) noexcept {
-    return S_OK;
+HRESULT RefusingProtocol::LockRequest(DWORD options) noexcept {
+    return system_ ? system_->LockRequest(options) : S_OK;
 }
 
 HRESULT RefusingProtocol::UnlockRequest() noexcept {
-    return S_OK;
+    return system_ ? system_->UnlockRequest() : S_OK;
 }

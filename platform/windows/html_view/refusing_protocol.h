@@ -1,5 +1,5 @@
-// A protocol handler that refuses addresses of other machines and leaves the others to the
-// system's handlers.
+// A protocol handler that refuses addresses of other machines and hands files of this one to the
+// system's handler.
 #pragma once
 
 #include "platform/windows/html_view/com_object.h"
@@ -20,8 +20,7 @@ class RefusingProtocols final : public ComObject<IClassFactory> {
     std::wstring bookHost_;
 };
 
-// One load. It is made inside another object: the system gives a load to its own handler only if
-// ours can be aggregated.
+// One load. The system may make it inside another object; only then it takes a load back.
 class RefusingProtocol final : public IInternetProtocol {
   public:
     RefusingProtocol(IUnknown* outer, std::wstring bookHost);
@@ -62,4 +61,5 @@ class RefusingProtocol final : public IInternetProtocol {
     InnerUnknown inner_{*this};
     IUnknown* outer_; // not counted, by the rules of aggregation
     std::wstring bookHost_;
+    ComPtr<IInternetProtocol> system_; // while it loads a file
 };

@@ -75,7 +75,8 @@ void AddReading(TableOf<IHTMLTxtRange>& table) {
     };
     table.get_htmlText = [](IHTMLTxtRange* self, BSTR* text) -> HRESULT {
         return Of(self).World().Answer("range.htmlText", [&] {
-            *text = SysAllocString((L"<P>" + TextOf(Of(self)) + L"</P>").c_str());
+            const std::wstring inside = TextOf(Of(self));
+            *text = SysAllocString(inside.empty() ? L"" : (L"<P>" + inside + L"</P>").c_str());
         });
     };
     table.duplicate = [](IHTMLTxtRange* self, IHTMLTxtRange** copy) -> HRESULT {
