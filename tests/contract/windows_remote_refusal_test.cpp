@@ -3,6 +3,7 @@
 
 #include "platform/windows/html_view/remote_refusal.h"
 #include "platform/windows/html_view/urlmon.h"
+#include "tests/contract/windows_listener.h"
 
 #include <doctest/doctest.h>
 
@@ -34,43 +35,6 @@ std::wstring FileWith(const std::string& text) {
     return path;
 }
 
-// A server of this machine that only tells whether anybody came.
-class Listener {
-  public:
-    Listener() {
-        WSADATA data;
-        WSAStartup(MAKEWORD(2, 2), &data);
-        socket_ = socket(AF_INET, SOCK_STREAM, 0);
-        sockaddr_in address = {};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        bind(socket_, reinterpret_cast<sockaddr*>(&address), sizeof address);
-        listen(socket_, 5);
-        int size = sizeof address;
-        getsockname(socket_, reinterpret_cast<sockaddr*>(&address), &size);
-        port_ = ntohs(address.sin_port);
-        u_long nonBlocking = 1;
-        ioctlsocket(socket_, static_cast<long>(FIONBIO), &nonBlocking);
-    }
-    ~Listener() {
-        closesocket(socket_);
-        WSACleanup();
-    }
-    std::wstring Address() const {
-        return L"http://127.0.0.1:" + std::to_wstring(port_) + L"/a.png";
-    }
-    bool WasAsked() const {
-        const SOCKET caller = accept(socket_, nullptr, nullptr);
-        if (caller == INVALID_SOCKET) return false;
-        closesocket(caller);
-        return true;
-    }
-
-  private:
-    SOCKET socket_;
-    int port_;
-};
-
 struct OleForTest {
     OleForTest() { OleInitialize(nullptr); }
     ~OleForTest() { OleUninitialize(); }
@@ -87,7 +51,9 @@ TEST_CASE("remote refusal: files of this machine load, other machines are not as
         const RemoteRefusal refusal(L"");
         CHECK(ReadAddress(url) == "local text");
         const Listener listener;
-        CHECK(ReadAddress(listener.Address()) == "refused");
+        const std::string address = listener.Address();
+        const std::wstring server(address.begin(), address.end());
+        CHECK(ReadAddress(server) == "refused");
         CHECK_FALSE(listener.WasAsked());
         CHECK(ReadAddress(L"file://norvaset.invalid/share/a.png") == "refused");
     }
