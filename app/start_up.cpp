@@ -102,10 +102,11 @@ bool Form_Load(MainForm& form) {
 }
 
 void Form_Unload(MainForm& form) {
-    if (!form.started) return;
+    if (!form.started || form.closed) return;
     IniBatch oneWrite(*form.dataFile);
     SaveBookState(form, 0);
     SaveWindowPlacement(form);
+    form.closed = true;
 }
 
 void toSave_Timer(MainForm& form) {

@@ -4,56 +4,23 @@
 #include "app/data_file.h"
 #include "app/main_form.h"
 #include "app/start_up.h"
+#include "bench/bench_folder.h"
 #include "bench/stopwatch.h"
 #include "books/book_record.h"
 #include "books/history_list.h"
 #include "books/save_state.h"
 #include "common/list_persistence.h"
 #include "common/text.h"
-#include "common/utf.h"
 #include "formats/plain_text.h"
 #include "formats/rtf_reader.h"
-#include "platform/none/none_ports.h"
-#include "platform/posix/posix_clock.h"
-#include "platform/posix/posix_files.h"
 
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 namespace {
 
 constexpr int books = 5000;
 constexpr int windowsLatin = 1252;
 const std::u16string section = u"Default\\mFileList";
-
-// A new folder under the system's own for such things, gone at the end.
-class TemporaryFolder {
-  public:
-    TemporaryFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "core_bench.XXXXXX").string();
-        if (!mkdtemp(name.data())) std::exit(EXIT_FAILURE);
-        path = name;
-    }
-    ~TemporaryFolder() {
-        std::error_code error;
-        std::filesystem::remove_all(path, error);
-    }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    std::filesystem::path path;
-};
-
-std::string ReadFile(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-void WriteFile(const std::filesystem::path& path, const std::string& bytes) {
-    std::ofstream(path, std::ios::binary) << bytes;
-}
 
 // Many small books, and the data file that remembers them all.
 void MakeHistory(const std::filesystem::path& folder) {
@@ -65,15 +32,6 @@ void MakeHistory(const std::filesystem::path& folder) {
                 std::to_string(i * 17) + "=18=A title=" + std::to_string(i) + ",5|\r\n";
     }
     WriteFile(folder / "Norvaset.dat", data);
-}
-
-// The headless program with its data file and books on the disk.
-Ports PortsIn(const std::filesystem::path& folder) {
-    Ports ports = MakeNonePorts();
-    ports.launch.programFolder = Utf8ToUtf16(folder.string());
-    ports.files = std::make_unique<PosixFiles>();
-    ports.clock = std::make_unique<PosixClock>();
-    return ports;
 }
 
 std::u16string DecodeLatin(int, std::string_view bytes) {

@@ -12,10 +12,11 @@
 #include <vector>
 
 // Characters of a page are counted in the text of its body, in UTF-16 units from 0:
-// - Text nodes in document order, but nothing inside these elements: script, style, template,
-//   noscript, noframes, title, select, textarea, iframe, object, audio, video, canvas, svg, math,
-//   or an element with the attribute `hidden`. Names decide, not computed styles: a place stays the
-//   same whatever the style sheet, the width and the zoom. Pictures and fields count nothing.
+// - Text nodes in document order. These elements count nothing with all that is in them, and are no
+//   blocks either: script, style, template, noscript, noframes, title, select, textarea, iframe, object,
+//   audio, video, canvas, svg, math, and any with the attribute `hidden`. Names decide, not
+//   computed styles: a place stays the same whatever the style sheet, the width and the zoom.
+//   Pictures and fields count nothing.
 // - A run of blanks, tabs, line feeds, form feeds and carriage returns counts as one U+0020, also
 //   across elements, and as nothing at the text's start, at its end and beside a break. Inside
 //   `pre` each counts by itself. U+00A0 is a character like any other.
@@ -24,7 +25,8 @@
 //   Block elements: address article aside blockquote center dd details dialog dir div dl dt
 //   fieldset figcaption figure footer form frameset h1 h2 h3 h4 h5 h6 header hgroup hr legend li
 //   main menu nav ol p pre section summary table caption thead tbody tfoot tr td th ul.
-// An engine with text ranges of its own may count breaks its way, but all functions agree.
+// tests/contract/page_text_cases.h has examples. An engine with text ranges of its own may count
+// breaks its way, but all functions agree.
 struct PageSpan {
     TextPos start = 0, length = 0;
     bool operator==(const PageSpan&) const = default;
@@ -55,7 +57,7 @@ enum PageCommand {
 constexpr int longestPageWait = 3000; // milliseconds
 
 // The engine may live in another process, so there are three kinds of functions.
-// Orders return at once and are carried out in the order given.
+// Orders return at once and are carried out in the order given; no event comes from within one.
 // Kept values are answered at once, never from a wait: also while a page loads, while the window
 // closes, and after the engine has gone (then they are the last ones known).
 // Questions may wait for the page, `longestPageWait` at most, and then answer their failure value.
@@ -78,9 +80,13 @@ class HtmlView {
   public:
     virtual ~HtmlView() = default;
 
+    // Whether pages can be shown at all, as far as that is known without loading the engine.
+    virtual bool IsAvailable() const { return true; }
+
     // Orders for the page. `Navigate` gives up the page before: no event of it comes any more, and
     // there is no body until `onLoaded`, which brings `page` back, the caller's number for this
-    // load. A file that cannot be shown may have no `onLoaded` at all.
+    // load. A file that cannot be shown may have no `onLoaded` at all. Zoom keys not yet told of
+    // are dropped.
     virtual void Navigate(const std::u16string& path, int page) = 0;
     virtual void Clear() = 0; // no page; frees what the last one took. No event comes of it
 
@@ -91,8 +97,9 @@ class HtmlView {
     virtual void Select(const PageSpan&) = 0; // and scrolls as little as it takes to show its start
     virtual void SelectAll() = 0;
     virtual void SetBackColor(std::uint32_t redGreenBlue) = 0; // 0x00RRGGBB, of the body's style
-    // One keystroke of Ctrl and "+" (larger) or "-": the page zooms one step, and the window's
-    // `onKeyDown` is told of 187 or 189 with Ctrl, once for each, after this call has returned.
+    // One keystroke of Ctrl and "+" (larger) or "-": the page zooms one step, which orders given
+    // afterwards find done. The window's `onKeyDown` is told of 187 or 189 with Ctrl, once for each
+    // call and after it has returned.
     virtual void SendZoomKey(bool larger) = 0;
 
     // Kept values of the page.
@@ -121,13 +128,14 @@ class HtmlView {
     virtual TextPos StartAtTop() = 0;
 
     virtual void SetBounds(const Rect&) = 0; // in the container panel
-    virtual void SetVisible(bool) = 0;
+    virtual void SetVisible(bool) = 0;       // hidden at first
     virtual void FocusView() = 0;
 
     // The document of `page` is complete, laid out at normal size and scrolled to its start. `url`
     // is its address as the engine has it. Comes once for a page, never for a frame in it.
     std::function<void(int page, const std::u16string& url)> onLoaded;
-    // The engine has died, or the page with it. The next `Navigate` starts anew.
+    // The engine has died, or the page with it; never told of a page given up. The next `Navigate`
+    // starts anew.
     std::function<void()> onGone;
     // The user chose a command of the view's context menu (a PageCommand); nothing else happens
     // but for printing. A right click outside the selection first puts the caret there, as a press

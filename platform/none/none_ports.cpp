@@ -27,6 +27,7 @@ Ports MakeNonePorts() {
     ports.menuBar = std::make_unique<NoneMenuBar>();
     ports.statusBar = std::make_unique<NoneStatusBar>();
     ports.textView = std::make_unique<NoneTextView>();
+    ports.htmlView = std::make_unique<NoneHtmlView>();
     ports.dialogs = std::make_unique<NoneDialogs>();
     ports.clipboard = std::make_unique<NoneClipboard>();
     ports.saveTimer = std::make_unique<NoneTimer>();

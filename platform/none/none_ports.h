@@ -3,6 +3,7 @@
 
 #include "platform/none/none_clock.h"
 #include "platform/none/none_files.h"
+#include "platform/none/none_html_view.h"
 #include "platform/none/none_text_view.h"
 #include "platform/none/none_window.h"
 #include "platform/ports.h"

@@ -5,6 +5,7 @@ from harness import books
 from harness.menu_picture import row_darkness
 from harness.picture import grab
 from harness.story import Story, main
+from harness.text_view import settled_strip
 from harness.wait import wait_for
 
 COMMANDS = 4  # of the File menu above the history
@@ -91,6 +92,21 @@ class History(Story):
         self.program.key("Up", "Up", "Return")
         self.wait_for_history([self.history[i] for i in (0, 1, 2, 4)])
         self.program.close()
+
+    def test_removing_the_shown_book(self):
+        self.program.start()
+        self.program.wait_for_book(self.history[0])
+        shown = settled_strip(self.program)
+        self.program.open_menu("f")
+        self.program.key("r")
+        wait_for(lambda: len(self.program.popups()) == 2, "the submenu")
+        self.program.key("Home", "Return")
+        self.program.finish_keys()
+        self.assertTrue(settled_strip(self.program).looks_like(shown), "its text stays")
+        self.program.choose_book(3, len(self.history) - 1)
+        self.program.wait_for_book(self.history[4])
+        self.program.close()
+        self.assertNotIn(self.history[0], self.program.data().paths())
 
 
 if __name__ == "__main__":

@@ -3,6 +3,7 @@ from harness import books
 from harness.dialog import Dialog
 from harness.story import Story, main
 from harness.wait import wait_for
+from harness.wine import shown_path
 
 
 class Profiles(Story):
@@ -27,7 +28,7 @@ class Profiles(Story):
         dialog = Dialog(self.program, "Open File", "ctrl+o")
         dialog.type(path)
         dialog.close()
-        self.wait_for_title(f"Norvaset [BoDerek] - {path}")
+        self.wait_for_title(f"Norvaset [BoDerek] - {shown_path(path)}")
 
     def choose_second_profile(self):
         """The last item of the Profile menu."""
@@ -44,7 +45,7 @@ class Profiles(Story):
         self.program.finish_keys()
 
         self.choose_second_profile()
-        self.wait_for_title(f"Norvaset [Default] - {self.mine}")
+        self.wait_for_title(f"Norvaset [Default] - {shown_path(self.mine)}")
         self.program.close()
         data = self.program.data()
         self.assertEqual(data.paths("Default"), [self.mine])
@@ -52,12 +53,37 @@ class Profiles(Story):
         self.assertEqual([data.value("mProfileList", key) for key in "01"], ["Default", "BoDerek"])
 
         self.program.start()
-        self.wait_for_title(f"Norvaset [Default] - {self.mine}")
+        self.wait_for_title(f"Norvaset [Default] - {shown_path(self.mine)}")
         self.choose_second_profile()
-        self.wait_for_title(f"Norvaset [BoDerek] - {self.yours}")
+        self.wait_for_title(f"Norvaset [BoDerek] - {shown_path(self.yours)}")
         self.program.close()
         sizes = [self.program.data().records(name)[0]["FontSize"] for name in ("Default", "BoDerek")]
         self.assertEqual(sizes, ["12", "14"])
+
+    def test_each_has_a_window_place_of_its_own(self):
+        self.program.start()
+        self.program.wait_for_book(self.mine)
+        self.resize(700, 500)
+        self.add("Ann")
+        self.wait_for_title("Norvaset [Ann]")
+        self.program.close()
+        self.program.start()
+        self.resize(900, 600)
+        for title, size in (("Default", (700, 500)), ("Ann", (900, 600))) * 2:
+            self.choose_second_profile()
+            wait_for(lambda: f"[{title}]" in self.program.title(), f"the profile {title}")
+            wait_for(lambda: self.program.rectangle()[2:] == size, f"the size of {title}")
+        self.program.close()
+        self.program.start()
+        wait_for(lambda: self.program.rectangle()[2:] == (900, 600), "Ann's size after a restart")
+        self.program.close()
+
+    def resize(self, width, height):
+        """Once the window has settled: just after a placement it takes the window manager's doings
+        for answers to its own wishes."""
+        wait_for(lambda: "Icon (16 x 16)" in self.program.property("_NET_WM_ICON"), "the icon")
+        self.program.resize(width, height)
+        self.program.finish_keys()
 
     def test_a_name_that_cannot_be(self):
         self.program.start()
