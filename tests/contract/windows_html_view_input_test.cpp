@@ -100,7 +100,7 @@ TEST_CASE("windows html view: zooms by keys, back to normal, and anew for each p
         shown.view->Normalize(keypad);
         CHECK(keypad.wParam == VK_OEM_PLUS);
         CHECK(shown.view->TranslateKey(keypad));
-        CHECK(shown.engine.zoom == normal * 5 / 4);
+        CHECK(shown.engine.zoom == normal * 11 / 10);
         CHECK(shown.view->TranslateKey(KeyDown(inner, '0')));
         CHECK(shown.engine.zoom == normal);
     }
@@ -111,7 +111,7 @@ TEST_CASE("windows html view: zooms by keys, back to normal, and anew for each p
     for (int i = 0; i < 10; ++i)
         shown.view->SendZoomKey(false);
     CHECK(shown.engine.zoom == normal / 4);
-    for (int i = 0; i < 9; ++i)
+    for (int i = 0; i < 4; ++i)
         shown.view->SendZoomKey(true);
     CHECK(shown.engine.zoom == normal * 3 / 4);
     shown.Load(2);
@@ -153,9 +153,8 @@ TEST_CASE("windows html view: a right click outside the selection is a left pres
         shown.engine.messages.clear();
         SendMessageW(
             shown.engine.Inner(), WM_RBUTTONUP, MK_CONTROL,
-            MAKELPARAM(MulDiv(StandIn::Margin + column * StandIn::CellWidth + 1, percent, 100),
-                       MulDiv(StandIn::Margin + StandIn::Border + line * StandIn::LineHeight + 1,
-                              percent, 100)));
+            MAKELPARAM(MulDiv(StandIn::Edge + column * StandIn::CellWidth + 1, percent, 100),
+                       MulDiv(StandIn::Edge + line * StandIn::LineHeight + 1, percent, 100)));
         return shown.engine.messages;
     };
     auto messages = click(2, 3);

@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr int topMargin = StandIn::Margin + StandIn::Border;
+constexpr int topMargin = StandIn::Edge;
 
 TextPos StartOfLine(const std::wstring& text, int line) {
     std::size_t start = 0;
@@ -148,7 +148,7 @@ TEST_CASE("windows html view: finds behind the selection, to the end only") {
     CHECK(found({.wholeWord = true}) == 17);
     const auto match = shown.view->FindBehindSelection(u"ONE", {.wholeWord = true});
     REQUIRE(match);
-    CHECK(match->left == StandIn::Margin + 5 * StandIn::CellWidth);
+    CHECK(match->left == StandIn::Edge + 5 * StandIn::CellWidth);
     CHECK(match->top - match->searchTop == StandIn::LineHeight);
     CHECK(std::ranges::count(shown.engine.calls, "range.findText ONE flags 2") == 1);
     shown.view->Select(match->span);
@@ -193,8 +193,10 @@ TEST_CASE("windows html view: the control ends with the window, and the values s
     DestroyWindow(shown.parent);
     CHECK(shown.engine.living == 0);
     CHECK(shown.view->ScrollTop() == 320);
-    CHECK_FALSE(shown.view->HasBody());
+    CHECK(shown.view->HasBody());
+    CHECK(shown.view->TextsOf({{0, 1}}).empty());
     shown.view->SetBounds({0, 0, 10, 10});
     shown.view->Navigate(u"C:\\books\\a.htm", 3); // nowhere to show it
+    CHECK_FALSE(shown.view->HasBody());
     CHECK(shown.engine.living == 0);
 }

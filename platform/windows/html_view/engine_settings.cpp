@@ -15,6 +15,8 @@ constexpr wchar_t modeKey[] =
 // version 7, which knows little of today's style sheets and counts in pixels of the screen.
 constexpr DWORD mode = 10000;
 
+constexpr wchar_t controlKey[] = L"CLSID\\{8856F961-340A-11D0-A96B-00C04FD705A2}\\InProcServer32";
+
 std::wstring ProgramName() {
     wchar_t path[MAX_PATH * 4] = {};
     const DWORD length = GetModuleFileNameW(nullptr, path, ARRAYSIZE(path));
@@ -24,6 +26,16 @@ std::wstring ProgramName() {
 }
 
 } // namespace
+
+bool IsEngineInstalled() {
+    wchar_t path[MAX_PATH] = {};
+    const UINT length = GetSystemDirectoryW(path, MAX_PATH);
+    if (length == 0 || length >= MAX_PATH) return false;
+    const std::wstring engine = std::wstring(path, length) + L"\\mshtml.dll";
+    if (GetFileAttributesW(engine.c_str()) == INVALID_FILE_ATTRIBUTES) return false;
+    return RegGetValueW(HKEY_CLASSES_ROOT, controlKey, nullptr, RRF_RT_ANY, nullptr, nullptr,
+                        nullptr) == ERROR_SUCCESS;
+}
 
 void LockEngineDown() {
     const auto setFeature =

@@ -3,6 +3,8 @@
 
 #include <string>
 
+bool IsEngineInstalled(); // as far as the files and the registry tell
+
 // Switches on the engine's locks for local pages, for this process only.
 void LockEngineDown();
 

@@ -27,6 +27,10 @@ WinHtmlView::~WinHtmlView() {
     LoseControl();
 }
 
+bool WinHtmlView::IsAvailable() const {
+    return control_ || IsEngineInstalled();
+}
+
 void WinHtmlView::Navigate(const std::u16string& path, int page) {
     LeavePage();
     page_ = page;
@@ -115,7 +119,8 @@ void WinHtmlView::TakePage(const std::wstring& url) {
     load_ = document_ ? Load::Complete : Load::None;
     if (!document_) return;
     inner_.Attach(window_.Handle());
-    ZoomTo(0); // the control goes on with the size of the page before
+    kept_.hasBody = document_.HasBody();
+    Zoom(0); // the control goes on with the size of the page before
     if (GetFocus() == window_.Handle()) TakeKeyboard();
     if (onLoaded) onLoaded(page_, FromWide(url));
 }

@@ -8,6 +8,7 @@
 #include "platform/windows/html_view/page_document.h"
 #include "platform/windows/html_view/page_text.h"
 #include "platform/windows/html_view/page_window.h"
+#include "platform/windows/html_view/page_zoom.h"
 #include "platform/windows/html_view/remote_refusal.h"
 
 #include <deque>
@@ -28,6 +29,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     // The keystroke of `SendZoomKey`, for the window's `onKeyDown`.
     std::function<void(int keyCode, int shift)> onZoomKey;
 
+    bool IsAvailable() const override;
     void Navigate(const std::u16string& path, int page) override;
     void Clear() override;
     void ScrollTo(int left, int top) override;
@@ -37,7 +39,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     void SetBackColor(std::uint32_t redGreenBlue) override;
     void SendZoomKey(bool larger) override;
 
-    bool HasBody() const override { return document_.HasBody(); }
+    bool HasBody() const override { return kept_.hasBody; }
     bool HasText() const override;
     std::string Charset() const override;
     std::u16string Title() const override;
@@ -61,7 +63,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
 
     // The last answers of the page, for when it gives none.
     struct Kept {
-        bool hasText = false;
+        bool hasBody = false, hasText = false;
         std::string charset;
         std::u16string title;
         int scrollTop = 0, viewHeight = 0, topMargin = 0;
@@ -86,7 +88,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     void TakePage(const std::wstring& url);
     void ShowMenu(POINT);
     void ReportLink(const std::wstring& url);
-    void ZoomTo(int step);
+    void Zoom(int steps); // 0: back to normal
     int ZoomPercent() const;
     bool IsOfView(HWND) const;
 
@@ -105,7 +107,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     std::wstring bookHost_;
     int page_ = 0;
     Load load_ = Load::None;
-    int zoomStep_ = 0;
+    PageZoom zoom_;
     PageDocument document_;
     mutable Kept kept_;
 };

@@ -8,9 +8,7 @@
 
 namespace {
 
-constexpr int normalPercent = 100, percentOfStep = 25;     // as the engine's own keys step
 constexpr int smallestPercent = 10, largestPercent = 1000; // of the engine
-constexpr int farthestStep = 100; // beyond both: the way back takes as many steps as the way there
 constexpr int usualDpi = 96;
 
 int DpiOfScreen() {
@@ -45,7 +43,7 @@ bool WinHtmlView::TranslateKey(const MSG& message) {
     case PageKey::Scrolls: return control_->TakeKey(message);
     case PageKey::Zooms: {
         const int main = WithoutKeypad(key);
-        ZoomTo(main == '0' ? 0 : zoomStep_ + (main == VK_OEM_PLUS ? 1 : -1));
+        Zoom(main == '0' ? 0 : main == VK_OEM_PLUS ? 1 : -1);
         return true;
     }
     case PageKey::Other: break;
@@ -56,22 +54,22 @@ bool WinHtmlView::TranslateKey(const MSG& message) {
 // A real keystroke would go to whatever window has the keyboard when it arrives, with whatever
 // keys are held there.
 void WinHtmlView::SendZoomKey(bool larger) {
-    ZoomTo(zoomStep_ + (larger ? 1 : -1));
+    Zoom(larger ? 1 : -1);
     const int key = larger ? VK_OEM_PLUS : VK_OEM_MINUS;
     Later([this, key] {
         if (onZoomKey) onZoomKey(key, CtrlKey);
     });
 }
 
-void WinHtmlView::ZoomTo(int step) {
-    zoomStep_ = std::clamp(step, -farthestStep, farthestStep);
+void WinHtmlView::Zoom(int steps) {
+    zoom_.Move(steps);
     if (control_) control_->SetZoom(ZoomPercent());
 }
 
 // For the engine, 100 is one pixel of the screen for each of the page.
 int WinHtmlView::ZoomPercent() const {
-    const int percent = std::max(normalPercent + zoomStep_ * percentOfStep, percentOfStep);
-    return std::clamp(MulDiv(percent, DpiOfScreen(), usualDpi), smallestPercent, largestPercent);
+    return std::clamp(MulDiv(zoom_.Percent(), DpiOfScreen(), usualDpi), smallestPercent,
+                      largestPercent);
 }
 
 bool WinHtmlView::IsInSelection(POINT pixels) const {

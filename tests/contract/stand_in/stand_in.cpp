@@ -56,9 +56,23 @@ HRESULT StandIn::Answer(const std::string& call, const std::function<void()>& wo
     return Count(work);
 }
 
+bool StandIn::IsLoading() const {
+    return browser && browser->isLoading;
+}
+
+// A zoom of 100 is one pixel of the screen for each of the page.
+int StandIn::ViewHeight() const {
+    return MulDiv(windowHeight, 100, zoom > 0 ? zoom : 100);
+}
+
 void StandIn::FinishLoading() {
     if (!browser || browser->url.empty()) return;
-    browser->ReplaceDocument(MakeDocument(*this, pages[browser->url]));
+    browser->isLoading = false;
+    const auto known = pages.find(browser->url);
+    const StandInPage page = known != pages.end() ? known->second
+                             : readPage           ? readPage(browser->url)
+                                                  : StandInPage();
+    browser->ReplaceDocument(MakeDocument(*this, page));
     browser->Fire(DISPID_DOCUMENTCOMPLETE,
                   {DispatchVariant(browser->Self()), TextVariant(browser->url)});
 }

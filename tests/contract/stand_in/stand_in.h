@@ -32,7 +32,8 @@ class StandInBrowser;
 // What a test sets up, does and looks at.
 class StandIn {
   public:
-    static constexpr int LineHeight = 16, CellWidth = 8, Margin = 8, Border = 2; // CSS pixels
+    static constexpr int LineHeight = 20, CellWidth = 8;                 // CSS pixels
+    static constexpr int Margin = 6, Border = 2, Edge = Margin + Border; // of the body
 
     StandIn() = default;
     StandIn(const StandIn&) = delete;
@@ -40,11 +41,13 @@ class StandIn {
 
     HRESULT Make(IUnknown** control); // the factory
 
-    std::map<std::wstring, StandInPage> pages; // by address
-    int failingCall = 0;                       // counted from 1; 0: none
+    std::map<std::wstring, StandInPage> pages;                    // by address
+    std::function<StandInPage(const std::wstring& url)> readPage; // for those not among them
+    int failingCall = 0;                                          // counted from 1; 0: none
     bool hasFailed = false;
 
     // The user and the engine. `Follow` answers whether the engine was allowed to go there.
+    bool IsLoading() const;
     void FinishLoading();
     bool Follow(const std::wstring& url, bool inFrame = false, bool sendsForm = false);
     bool FollowToNewWindow(const std::wstring& url);
@@ -74,7 +77,8 @@ class StandIn {
     bool Fails();
 
     StandInBrowser* browser = nullptr; // while it lives
-    int viewWidth = 0, viewHeight = 0; // CSS pixels
+    int ViewHeight() const;            // CSS pixels
+    int windowHeight = 0;
 };
 
 std::string Narrow(std::wstring_view);

@@ -48,10 +48,8 @@ TableOf<IOleInPlaceObject>& InPlaceTable() {
         made.SetObjectRects = [](IOleInPlaceObject* self, const RECT* place,
                                  const RECT*) -> HRESULT {
             StandIn& world = Of(self).World();
-            return world.Answer("object.SetObjectRects", [&] {
-                world.viewWidth = place->right - place->left;
-                world.viewHeight = place->bottom - place->top;
-            });
+            return world.Answer("object.SetObjectRects",
+                                [&] { world.windowHeight = place->bottom - place->top; });
         };
         return made;
     }();

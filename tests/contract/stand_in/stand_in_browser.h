@@ -32,6 +32,7 @@ class StandInBrowser : public CObject {
     IDispatch* sink = nullptr;
     IDispatch* document = nullptr;
     std::wstring url;
+    bool isLoading = false;
     HWND outer = nullptr, inner = nullptr;
 };
 

@@ -19,20 +19,20 @@ int StandInContent::LineStart(int line) const {
 }
 
 int StandInContent::TopOf(int position) const {
-    return StandIn::Border + StandIn::Margin + LineOf(position) * StandIn::LineHeight;
+    return StandIn::Edge + LineOf(position) * StandIn::LineHeight;
 }
 
 int StandInContent::LeftOf(int position) const {
-    return StandIn::Margin + (position - LineStart(LineOf(position))) * StandIn::CellWidth;
+    return StandIn::Edge + (position - LineStart(LineOf(position))) * StandIn::CellWidth;
 }
 
 int StandInContent::At(int left, int top) const {
     const int line = std::max(top - TopOf(0), 0) / StandIn::LineHeight;
     const int start = LineStart(line), end = std::max(LineStart(line + 1) - 1, start);
-    return std::min(start + std::max(left - StandIn::Margin, 0) / StandIn::CellWidth, end);
+    return std::min(start + std::max(left - StandIn::Edge, 0) / StandIn::CellWidth, end);
 }
 
 int StandInContent::LargestTop(int viewHeight) const {
-    const int height = TopOf(Length()) + StandIn::LineHeight + StandIn::Margin + StandIn::Border;
+    const int height = TopOf(Length()) + StandIn::LineHeight + StandIn::Edge;
     return std::max(height - viewHeight, 0);
 }

@@ -87,7 +87,7 @@ TableOf<IHTMLElement2>& LayoutTable() {
         };
         made.get_clientHeight = [](IHTMLElement2* self, long* height) -> HRESULT {
             StandIn& world = ObjectOf<Element>(self).World();
-            return world.Answer("clientHeight", [&] { *height = world.viewHeight; });
+            return world.Answer("clientHeight", [&] { *height = world.ViewHeight(); });
         };
         made.get_currentStyle = [](IHTMLElement2* self, IHTMLCurrentStyle** style) -> HRESULT {
             StandIn& world = ObjectOf<Element>(self).World();

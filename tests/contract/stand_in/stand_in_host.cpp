@@ -79,15 +79,15 @@ HRESULT StandInBrowser::Activate() {
     if (frame) frame->lpVtbl->Release(frame);
     place->lpVtbl->Release(place);
     if (FAILED(result)) return result;
-    World().viewWidth = rect.right;
-    World().viewHeight = rect.bottom;
+    World().windowHeight = rect.bottom;
     MakeWindows(window);
     return S_OK;
 }
 
 void StandInBrowser::Load(const std::wstring& address) {
     url = address;
-    if (!Announce(address, Self(), false)) url.clear();
+    isLoading = Announce(address, Self(), false);
+    if (!isLoading) url.clear();
 }
 
 bool StandInBrowser::Announce(const std::wstring& address, IDispatch* target, bool sends) {
