@@ -68,6 +68,7 @@ TEST_CASE("windows html view: downloads and pages of errors are refused") {
     HandlePostedMessages();
     CHECK(shown.loaded.empty());
     CHECK_FALSE(shown.view->HasBody());
+    CHECK(shown.engine.living == 0); // a text stands in its place
 }
 
 TEST_CASE("addresses: paths and addresses of files") {

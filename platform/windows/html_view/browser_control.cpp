@@ -4,7 +4,11 @@
 
 #include <docobj.h>
 
+// The control alone can be there without the engine that shows its pages, and would stay empty.
 HRESULT MakeSystemBrowser(IUnknown** control) {
+    static const HMODULE engine =
+        LoadLibraryExW(L"mshtml.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    if (!engine) return HRESULT_FROM_WIN32(ERROR_MOD_NOT_FOUND);
     return CoCreateInstance(__uuidof(WebBrowser), nullptr, CLSCTX_INPROC_SERVER, __uuidof(IUnknown),
                             reinterpret_cast<void**>(control));
 }

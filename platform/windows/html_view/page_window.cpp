@@ -73,9 +73,14 @@ void PageWindow::Paint() {
     InflateRect(&place, -margin, -margin);
     SetBkMode(device, TRANSPARENT);
     SetTextColor(device, GetSysColor(COLOR_WINDOWTEXT));
-    const HGDIOBJ before = SelectObject(device, GetStockObject(DEFAULT_GUI_FONT));
+    NONCLIENTMETRICSW metrics = {};
+    metrics.cbSize = sizeof metrics;
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    const HFONT font = CreateFontIndirectW(&metrics.lfMessageFont);
+    const HGDIOBJ before = SelectObject(device, font);
     DrawTextW(device, notice_.c_str(), static_cast<int>(notice_.size()), &place,
               DT_WORDBREAK | DT_NOPREFIX);
     SelectObject(device, before);
+    DeleteObject(font);
     EndPaint(handle_, &paint);
 }

@@ -44,6 +44,10 @@ void WinHtmlView::Navigate(const std::u16string& path, int page) {
     if (!OpenControl()) return window_.SetNotice(noEngine);
     load_ = Load::Asked;
     if (!url_.empty() && control_->Load(url_)) return window_.SetNotice(L"");
+    GiveUpPage();
+}
+
+void WinHtmlView::GiveUpPage() {
     Clear();
     window_.SetNotice(notLoaded);
 }
@@ -103,7 +107,9 @@ void WinHtmlView::PageComplete(const std::wstring& url) {
 }
 
 void WinHtmlView::PageFailed() {
-    if (load_ != Load::Complete) load_ = Load::None;
+    if (load_ == Load::Complete) return;
+    load_ = Load::None;
+    Later([this] { GiveUpPage(); });
 }
 
 void WinHtmlView::EngineGone() {
@@ -116,8 +122,8 @@ void WinHtmlView::EngineGone() {
 void WinHtmlView::TakePage(const std::wstring& url) {
     if (load_ != Load::Loading) return;
     document_ = PageDocument(control_->Document().Get());
-    load_ = document_ ? Load::Complete : Load::None;
-    if (!document_) return;
+    if (!document_) return GiveUpPage();
+    load_ = Load::Complete;
     inner_.Attach(window_.Handle());
     kept_.hasBody = document_.HasBody();
     Zoom(0); // the control goes on with the size of the page before

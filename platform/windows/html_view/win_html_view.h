@@ -81,6 +81,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     bool IsInSelection(POINT pixels) const override;
 
     void LeavePage();
+    void GiveUpPage(); // which cannot be loaded
     bool OpenControl();
     void LoseControl();
     void TakeKeyboard();
