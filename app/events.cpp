@@ -4,11 +4,13 @@
 #include "app/start_up.h"
 #include "books/book_file.h"
 #include "books/html_book.h"
+#include "books/html_links.h"
 #include "books/open_book.h"
 #include "books/save_state.h"
 #include "reading/edit.h"
 #include "reading/keyboard.h"
 #include "reading/zoom.h"
+#include "shell/help.h"
 
 #include <exception>
 #include <new>
@@ -60,9 +62,10 @@ void ConnectHtmlView(MainForm& form) {
     html.onCommand = [&form](int number) {
         RunCommand(form, [&] { wbMain_Command(form, number); });
     };
-    html.onLink = [&form](const std::u16string&, const std::u16string& path) {
-        RunCommand(form, [&] { wbMain_Link(form, path); });
+    html.onLink = [&form](const std::u16string& url, const std::u16string& path) {
+        RunCommand(form, [&] { wbMain_Link(form, url, path); });
     };
+    html.onJump = [&form](int fromTop) { wbMain_Jump(form, fromTop); };
     html.onFilesDropped = [&form](const std::vector<std::u16string>& paths) {
         RunCommand(form, [&] { rtMain_FilesDropped(form, paths); });
     };
@@ -90,6 +93,9 @@ void ConnectEvents(MainForm& form) {
     menuEvents.onOpening = [&form](MenuArray& menu) { RunHandler(form, menu, 0); };
     menuEvents.onClick = [&form](MenuArray& array, int index) { RunHandler(form, array, index); };
     form.ports.menuBar->Attach(form.menu.TopLevel(), menuEvents);
+
+    // Not a command of its own: it comes while one waits for its message.
+    form.ports.dialogs->onHelp = [&form](const std::string& topic) { OpenHelp(form, topic); };
 
     form.ports.textView->onContextMenu = [&form] {
         RunCommand(form, [&] { rtMain_ContextMenu(form); });

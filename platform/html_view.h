@@ -12,8 +12,8 @@
 #include <vector>
 
 // Characters of a page are counted in the text of its body, in UTF-16 units from 0:
-// - Text nodes in document order. These elements count nothing with all that is in them, and are no
-//   blocks either: script, style, template, noscript, noframes, title, select, textarea, iframe, object,
+// - Text nodes in document order. These elements count nothing with all that is in them, not even
+//   a break: script, style, template, noscript, noframes, title, select, textarea, iframe, object,
 //   audio, video, canvas, svg, math, and any with the attribute `hidden`. Names decide, not
 //   computed styles: a place stays the same whatever the style sheet, the width and the zoom.
 //   Pictures and fields count nothing.
@@ -144,6 +144,9 @@ class HtmlView {
     // The user followed a link that leads out of the page. `path` is the full path of a local file,
     // "" for any other address.
     std::function<void(const std::u16string& url, const std::u16string& path)> onLink;
+    // The user followed a link into the same page, which was scrolled to `fromTop` before. Never
+    // while an order or a question of this view runs.
+    std::function<void(int fromTop)> onJump;
     // As the text view's.
     std::function<void(const std::vector<std::u16string>& paths)> onFilesDropped;
 };

@@ -37,6 +37,7 @@ void QtHtmlView::ConnectEngine() {
         CallHandler(onGone);
     };
     engine_->onCommand = [this](int command) { CallHandler(onCommand, command); };
+    engine_->onJump = [this](int fromTop) { CallHandler(onJump, fromTop); };
     engine_->onLink = [this](const std::u16string& url, const std::u16string& path) {
         CallHandler(onLink, url, path);
     };

@@ -33,6 +33,10 @@ TEST_CASE("html marks: refused at the beginning of the book only") {
     test.Page().Select({0, 0});
     test.Page().ScrollByHand(160);
     CHECK(test.CanDefine());
+    test.Page().ScrollSpanToTop({700, 1});
+    test.Page().Select({700, 1}); // the first line of the view, but not of the book
+    CHECK(test.Page().Selection().top == test.Page().TopMargin());
+    CHECK(test.CanDefine());
     test.Choose(test.Menu().mView, test.Menu().mViewRefresh);
     CHECK_FALSE(test.CanDefine());     // no body
     CHECK(test.Page().questions == 0); // an opening menu waits for nothing

@@ -59,6 +59,10 @@ void EngineHtmlView::ConnectPage(int page) {
     connect(
         page_.get(), &QWebEnginePage::renderProcessTerminated, this, [this] { Gone(); },
         Qt::QueuedConnection);
+    // Within the page: told before the page has scrolled.
+    connect(page_.get(), &QWebEnginePage::urlChanged, this, [this] {
+        if (kept_.body) CallHandler(onJump, ScrollTop());
+    });
     connect(page_.get(), &QWebEnginePage::scrollPositionChanged, this, [this] { Refresh(); });
     connect(page_.get(), &QWebEnginePage::contentsSizeChanged, this, [this] { Refresh(); });
     connect(page_.get(), &QWebEnginePage::selectionChanged, this, [this] { Refresh(); });

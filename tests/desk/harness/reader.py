@@ -11,6 +11,7 @@ from harness.screen import is_asleep
 from harness.wait import wait_for
 from harness.wine import ON_WINE, PROGRAM, end_prefix, make_prefix, shown_path, wine_environment
 
+BESIDE = ("Norvaset.hlp", "norvaset-web.so")  # what a program has beside it, on some systems
 NOBODY = 65534
 
 
@@ -29,6 +30,10 @@ class Reader:
             os.makedirs(path, mode=0o755 if path == self.tools else 0o700)
         self._make_opener()
         shutil.copy(PROGRAM, self.program)
+        for name in BESIDE:
+            path = os.path.join(os.path.dirname(PROGRAM), name)
+            if os.path.exists(path):
+                shutil.copy(path, folder)
         if ON_WINE:
             make_prefix(self.prefix, dots_per_inch)
         if as_nobody:
@@ -49,12 +54,12 @@ class Reader:
         """Starts the process and waits for nothing."""
         command = [self.program, *arguments]
         if ON_WINE:
-            command = ["wine", self.program, *map(_argument, arguments)]
+            command = [shutil.which("wine"), self.program, *map(_argument, arguments)]
         if self.as_nobody:
             ids = ["--reuid", str(NOBODY), "--regid", str(NOBODY), "--clear-groups"]
             command = [shutil.which("setpriv"), *ids, *command]
         environment = self.screen.environment | {
-            "PATH": self.tools, "HOME": self.home, "XDG_RUNTIME_DIR": self.runtime,
+            "PATH": self.tools + (os.pathsep + os.environ["PATH"] if ON_WINE else ""), "HOME": self.home, "XDG_RUNTIME_DIR": self.runtime,
             "XDG_DATA_HOME": os.path.join(self.home, "share")} | wine_environment(self.prefix)
         with open(os.path.join(self.folder, "messages.log"), "ab") as messages:
             return subprocess.Popen(command, env=environment, cwd=self.home,
@@ -116,6 +121,14 @@ class Reader:
     def messages(self):
         with open(os.path.join(self.folder, "messages.log"), errors="replace") as file:
             return file.read()
+
+    def opened(self):
+        """What was handed to the desktop's opener so far."""
+        try:
+            with open(self.opened_path, encoding="utf-8") as file:
+                return file.read().splitlines()
+        except FileNotFoundError:
+            return []
 
     # Windows
 
@@ -189,7 +202,8 @@ class Reader:
         return wait_for(self.popups, f"the menu of Alt+{letter}")[0]
 
     def close_menu(self):
-        self.key("Escape")
+        # On Windows the bar keeps the keyboard when its menu has gone.
+        self.key(*["Escape"] * (2 if ON_WINE else 1))
         wait_for(lambda: not self.popups(), "the menu to close")
 
     def finish_keys(self):

@@ -1,0 +1,41 @@
+#include "platform/windows/win_ports.h"
+
+#include "platform/windows/text_view/win_text_view.h"
+#include "platform/windows/win_clipboard.h"
+#include "platform/windows/win_clock.h"
+#include "platform/windows/win_dialogs.h"
+#include "platform/windows/win_files.h"
+#include "platform/windows/win_launch.h"
+#include "platform/windows/win_locale.h"
+#include "platform/windows/win_menu_bar.h"
+#include "platform/windows/win_registry.h"
+#include "platform/windows/win_shell.h"
+#include "platform/windows/win_status_bar.h"
+#include "platform/windows/win_timer.h"
+#include "platform/windows/win_version_info.h"
+#include "platform/windows/win_window.h"
+
+Ports MakeWinPorts() {
+    auto window = std::make_unique<WinWindow>();
+    auto textView = std::make_unique<WinTextView>(window->ViewArea());
+    window->onFilesDropped = [view = textView.get()](const std::vector<std::u16string>& paths) {
+        if (view->onFilesDropped) view->onFilesDropped(paths);
+    };
+    Ports ports;
+    ports.launch = ThisLaunch();
+    ports.menuBar = std::make_unique<WinMenuBar>(
+        window->Handle(), [view = textView.get()] { return view->ContextMenuPoint(); });
+    ports.statusBar = std::make_unique<WinStatusBar>(window->Handle());
+    ports.textView = std::move(textView);
+    ports.clipboard = std::make_unique<WinClipboard>();
+    ports.dialogs = std::make_unique<WinDialogs>(window->Handle());
+    ports.saveTimer = std::make_unique<WinTimer>(window->Handle());
+    ports.shell = std::make_unique<WinShell>();
+    ports.registry = std::make_unique<WinRegistry>();
+    ports.files = std::make_unique<WinFiles>();
+    ports.versionInfo = std::make_unique<WinVersionInfo>();
+    ports.locale = std::make_unique<WinLocale>();
+    ports.clock = std::make_unique<WinClock>();
+    ports.window = std::move(window);
+    return ports;
+}
