@@ -3,6 +3,7 @@
 
 #include "platform/window.h"
 #include "platform/windows/html_view/page_keys.h"
+#include "platform/windows/win_dpi.h"
 
 #include <algorithm>
 
@@ -10,13 +11,6 @@ namespace {
 
 constexpr int smallestPercent = 10, largestPercent = 1000; // of the engine
 constexpr int usualDpi = 96;
-
-int DpiOfScreen() {
-    const HDC screen = GetDC(nullptr);
-    const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
-    ReleaseDC(nullptr, screen);
-    return dpi;
-}
 
 bool IsKey(UINT message) {
     return message == WM_KEYDOWN || message == WM_KEYUP;
@@ -68,7 +62,7 @@ void WinHtmlView::Zoom(int steps) {
 
 // For the engine, 100 is one pixel of the screen for each of the page.
 int WinHtmlView::ZoomPercent() const {
-    return std::clamp(MulDiv(zoom_.Percent(), DpiOfScreen(), usualDpi), smallestPercent,
+    return std::clamp(MulDiv(zoom_.Percent(), DpiOf(window_.Handle()), usualDpi), smallestPercent,
                       largestPercent);
 }
 
