@@ -97,7 +97,12 @@ bool WinHtmlView::MayLoad(const std::wstring& url, Target target, bool sends) {
     }
     if (load_ == Load::Loading && target == Target::Frame) return IsWithinReach(url, bookHost_);
     if (load_ != Load::Complete) return false; // a redirection
-    if (target == Target::Page && IsPlaceInPage(url, url_)) return true;
+    if (target == Target::Page && IsPlaceInPage(url, url_)) {
+        Later([this, top = ScrollTop()] {
+            if (onJump) onJump(top);
+        });
+        return true;
+    }
     Later([this, url] { ReportLink(url); });
     return false;
 }

@@ -46,7 +46,6 @@ RichEdit::RichEdit(HWND parent) {
     Send(EM_AUTOURLDETECT, 0);
     // A font that lacks a script is replaced for it; Latin text keeps the font it was given.
     Send(EM_SETLANGOPTIONS, 0, IMF_AUTOFONT);
-    Send(EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(sideMargin, sideMargin));
     AllowPicturesOnly(window_);
 }
 
@@ -56,6 +55,16 @@ RichEdit::~RichEdit() {
 
 LRESULT RichEdit::Send(UINT message, WPARAM wParam, LPARAM lParam) const {
     return window_ ? SendMessageW(window_, message, wParam, lParam) : 0;
+}
+
+// By the rectangle of the text: not every version of the control knows of margins.
+void RichEdit::Place(const Rect& bounds) {
+    SetWindowPos(window_, nullptr, bounds.left, bounds.top, bounds.width, bounds.height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    RECT text = {};
+    GetClientRect(window_, &text);
+    InflateRect(&text, -std::min(sideMargin, static_cast<int>(text.right) / 4), 0);
+    Send(EM_SETRECTNP, 0, ToLParam(text));
 }
 
 void RichEdit::StreamPlain(std::u16string_view text) {

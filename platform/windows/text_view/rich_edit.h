@@ -39,6 +39,7 @@ class RichEdit {
     void SetDefaultFormat(const CHARFORMAT2W& format); // of the plain text to come
     void FormatSelectedParagraphs(const PARAFORMAT2& format);
     void SetBackColor(Color color);
+    void Place(const Rect& bounds); // in its parent; the text keeps a margin at the sides
     void SetRightMargin(int twips); // 0 wraps at the control's edge
 
   private:

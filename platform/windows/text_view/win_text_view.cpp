@@ -108,8 +108,7 @@ void WinTextView::Refill() {
 }
 
 void WinTextView::Place(RichEdit& control) const {
-    SetWindowPos(control.Handle(), nullptr, bounds_.left, bounds_.top, bounds_.width,
-                 bounds_.height, SWP_NOZORDER | SWP_NOACTIVATE);
+    control.Place(bounds_);
 }
 
 TextPos WinTextView::TextLength() const {
