@@ -123,8 +123,9 @@ TEST_CASE("windows text view: the font for all holds over the file's until the n
     CHECK(FormatAt(view, 0).yHeight == 300);
     view.LoadPlainText(u"plain");
     CHECK(FormatAt(view, 0).yHeight == 350);
-    view.SetFont({u"Arial", 9});
+    view.SetFont({u"Courier New", 9});
     CHECK(FormatAt(view, 0).yHeight == 180);
+    CHECK(std::wstring(FormatAt(view, 0).szFaceName) == L"Courier New");
 }
 
 TEST_CASE("windows text view: the alignment set holds until the next load") {
