@@ -166,6 +166,7 @@ TEST_CASE("windows update check: nobody answers, or not in the language asked fo
     LoopbackServer server(Always("200 OK", file));
     const std::u16string address = server.Address();
     CHECK(Fails(u"https" + address.substr(4) + u"/f"));
+    CHECK_FALSE(server.Requests()[0].starts_with("G")); // it did not even ask in the open
     server.Close();
     CHECK(Fails(address + u"/f"));
 }
