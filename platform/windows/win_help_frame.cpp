@@ -111,8 +111,7 @@ LRESULT HelpFrame::Answer(HWND window, UINT message, WPARAM wParam, LPARAM lPara
                                                                  Scaled(leastSize.cy)};
         return 0;
     case WM_SETCURSOR:
-        // Of this window's own area only the gap between the halves is seen.
-        if (reinterpret_cast<HWND>(wParam) != window || LOWORD(lParam) != HTCLIENT) break;
+        if (LOWORD(lParam) != HTCLIENT || !IsOverGap()) break;
         SetCursor(LoadCursorW(nullptr, IDC_SIZEWE));
         return TRUE;
     }
@@ -120,10 +119,22 @@ LRESULT HelpFrame::Answer(HWND window, UINT message, WPARAM wParam, LPARAM lPara
     return DefWindowProcW(window, message, wParam, lParam);
 }
 
+bool HelpFrame::IsOverGap() const {
+    POINT mouse = {};
+    RECT left = {}, right = {};
+    GetCursorPos(&mouse);
+    GetWindowRect(search_, &left);
+    GetWindowRect(panel_->Handle(), &right);
+    return mouse.x >= left.right && mouse.x < right.left && mouse.y >= right.top &&
+           mouse.y < right.bottom;
+}
+
 // The gap between the halves can be moved.
 bool HelpFrame::TakeMouse(UINT message, LPARAM place) {
     switch (message) {
-    case WM_LBUTTONDOWN: SetCapture(Handle()); return true;
+    case WM_LBUTTONDOWN:
+        if (IsOverGap()) SetCapture(Handle());
+        return true;
     case WM_LBUTTONUP: ReleaseCapture(); return true;
     case WM_MOUSEMOVE:
         if (GetCapture() != Handle()) return true;

@@ -22,6 +22,7 @@ class HelpFrame {
     enum Half { Search, List, Page }; // in the order of Tab
 
     LRESULT Answer(HWND, UINT, WPARAM, LPARAM);
+    bool IsOverGap() const; // the mouse
     bool TakeMouse(UINT message, LPARAM);
     void OnCommand(int control, int notification);
     void TakeSystemLook();
