@@ -11,7 +11,8 @@
 namespace {
 
 constexpr SIZE usualSize = {940, 680}, leastSize = {420, 260}; // pixels at 96 dpi
-constexpr int usualLeftWidth = 300, leastHalf = 120, margin = 6, fieldEdges = 8;
+constexpr int usualLeftWidth = 300, leastHalf = 120;
+constexpr int margin = 6, pageMargin = 12, fieldEdges = 8;
 constexpr double readingSize = 11; // points
 constexpr int searchId = 100, listId = 101;
 
@@ -28,6 +29,14 @@ HWND MakeSearchField(HWND parent) {
 void MakeName(HWND parent, const wchar_t* name) {
     CreateWindowExW(0, L"STATIC", name, WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, parent, nullptr,
                     GetModuleHandleW(nullptr), nullptr);
+}
+
+// Paper around the page.
+LRESULT AnswerAsPaper(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != WM_ERASEBKGND) return DefWindowProcW(window, message, wParam, lParam);
+    RECT inner = {};
+    GetClientRect(window, &inner);
+    return FillRect(reinterpret_cast<HDC>(wParam), &inner, GetSysColorBrush(COLOR_WINDOW));
 }
 
 std::u16string TextOf(HWND field) {
@@ -50,8 +59,10 @@ HelpFrame::HelpFrame()
     search_ = MakeSearchField(Handle());
     MakeName(Handle(), L"Topics");
     list_ = std::make_unique<WinHelpList>(Handle(), listId);
-    panel_ = std::make_unique<WinNativeWindow>(WinNativeWindow::Kind{
-        L"NorvasetHelpPage", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, WS_EX_CLIENTEDGE, Handle()});
+    panel_ = std::make_unique<WinNativeWindow>(
+        WinNativeWindow::Kind{L"NorvasetHelpPage", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0,
+                              Handle()},
+        AnswerAsPaper);
     text_ = std::make_unique<WinTextView>(panel_->Handle());
     text_->SetAutoColor(true);
     text_->SetVisible(true);
@@ -169,19 +180,20 @@ void HelpFrame::TakeSystemLook() {
     LayOut();
 }
 
+// The page reaches to the window's edges.
 void HelpFrame::LayOut() {
     RECT inner = {};
     GetClientRect(Handle(), &inner);
-    const int gap = Scaled(margin), width = inner.right, height = inner.bottom - 2 * gap;
+    const int gap = Scaled(margin), width = inner.right, height = inner.bottom;
     const int least = Scaled(leastHalf);
     const int left = std::clamp(Scaled(leftWidth_), least, std::max(least, width - least));
     const int field = TextExtent(search_, font_.get(), L"0").cy + Scaled(fieldEdges);
-    const int page = left + 2 * gap, below = field + gap;
+    const int listTop = field + 2 * gap, page = left + 2 * gap;
     MoveWindow(search_, gap, gap, left, field, TRUE);
-    MoveWindow(list_->Handle(), gap, gap + below, left, std::max(0, height - below), TRUE);
-    MoveWindow(panel_->Handle(), page, gap, std::max(0, width - page - gap), std::max(0, height),
-               TRUE);
+    MoveWindow(list_->Handle(), gap, listTop, left, std::max(0, height - listTop - gap), TRUE);
+    MoveWindow(panel_->Handle(), page, 0, std::max(0, width - page), height, TRUE);
     list_->FitRows();
-    GetClientRect(panel_->Handle(), &inner);
-    text_->SetBounds({0, 0, inner.right, inner.bottom});
+    const int side = Scaled(pageMargin), above = Scaled(margin);
+    text_->SetBounds(
+        {side, above, std::max(0, width - page - side), std::max(0, height - 2 * above)});
 }

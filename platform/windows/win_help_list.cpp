@@ -6,7 +6,8 @@
 
 namespace {
 
-constexpr int padding = 5;      // pixels around a finding at 96 dpi; a title has less above
+constexpr int padding = 5;      // pixels around a row at 96 dpi
+constexpr int titlePadding = 3; // above and below a title
 constexpr int tallestRow = 255; // what the control takes
 
 HelpRow RowOf(const HelpFinding& finding) {
@@ -88,7 +89,7 @@ void WinHelpList::FitRows() {
     textWidth_ = frame.right - frame.left - edges - 2 * Scaled(padding);
     const HDC context = GetDC(list_);
     for (std::size_t i = 0; i < rows_.size(); ++i) {
-        const int around = Scaled(findings_.empty() ? padding / 2 : padding);
+        const int around = Scaled(findings_.empty() ? titlePadding : padding);
         const int height = rows_[i].Height(context, Fonts(), textWidth_) + 2 * around;
         SendMessageW(list_, LB_SETITEMHEIGHT, i, std::min(height, tallestRow));
     }
@@ -126,7 +127,7 @@ void WinHelpList::Draw(const DRAWITEMSTRUCT& item) const {
     const int color = chosen ? COLOR_HIGHLIGHTTEXT : empty_ ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT;
     SetTextColor(item.hDC, GetSysColor(color));
     RECT place = item.rcItem;
-    InflateRect(&place, -Scaled(padding), -Scaled(findings_.empty() ? padding / 2 : padding));
+    InflateRect(&place, -Scaled(padding), -Scaled(findings_.empty() ? titlePadding : padding));
     place.right = place.left + textWidth_;
     rows_[item.itemID].Draw(item.hDC, Fonts(), place);
     if ((item.itemState & ODS_FOCUS) && !(item.itemState & ODS_NOFOCUSRECT))
