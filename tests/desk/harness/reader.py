@@ -201,8 +201,11 @@ class Reader:
         self.finish_keys()
 
     def open_menu(self, letter):
+        # Under Wine a menu that was chosen from may still be on its way out.
+        leaving = self.popups() if ON_WINE else []
         self.key("alt+" + letter)
-        return wait_for(self.popups, f"the menu of Alt+{letter}")[0]
+        return wait_for(lambda: [menu for menu in self.popups() if menu not in leaving],
+                        f"the menu of Alt+{letter}")[0]
 
     def close_menu(self):
         # On Windows the bar keeps the keyboard when its menu has gone.
