@@ -20,6 +20,7 @@ PageTest::PageTest(HtmlViewBench& given)
     view.onLink = [this](const std::u16string& url, const std::u16string& path) {
         links.emplace_back(url, path);
     };
+    view.onJump = [this](int fromTop) { jumps.push_back(fromTop); };
     view.onGone = [this] { ++gone; };
 }
 

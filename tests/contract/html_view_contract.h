@@ -55,6 +55,7 @@ class PageTest {
     std::filesystem::path folder;
     std::vector<std::pair<int, std::u16string>> loaded;
     std::vector<std::pair<std::u16string, std::u16string>> links;
+    std::vector<int> jumps;
     int gone = 0, page = 0;
 };
 

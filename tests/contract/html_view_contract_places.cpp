@@ -177,6 +177,8 @@ TEST_CASE("html view: links") {
         follow();
         REQUIRE(test.WaitFor([&] { return test.view.ScrollTop() > 2000; }));
         CHECK(test.links.size() == 3);
+        REQUIRE(test.WaitFor([&] { return !test.jumps.empty(); }));
+        CHECK(test.jumps == std::vector<int>{0});
         CHECK(test.loaded.size() == 1);
         CHECK(test.view.Title().empty());
     });

@@ -43,6 +43,7 @@ std::optional<QVariant> EngineHtmlView::Ask(const QString& expression, QDeadline
     QTimer::singleShot(static_cast<int>(end.remainingTime()), &wait->loop, &QEventLoop::quit);
     wait->loop.exec();
     wait_ = nullptr;
+    TellJump();
     return wait->answer && wait->answer->isValid() ? wait->answer : std::nullopt;
 }
 

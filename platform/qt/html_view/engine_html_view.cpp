@@ -59,9 +59,11 @@ void EngineHtmlView::ConnectPage(int page) {
     connect(
         page_.get(), &QWebEnginePage::renderProcessTerminated, this, [this] { Gone(); },
         Qt::QueuedConnection);
-    // Within the page: told before the page has scrolled.
+    // Within the page, which has not scrolled yet.
     connect(page_.get(), &QWebEnginePage::urlChanged, this, [this] {
-        if (kept_.body) CallHandler(onJump, ScrollTop());
+        if (!kept_.body) return;
+        jumpedFrom_ = ScrollTop();
+        TellJump();
     });
     connect(page_.get(), &QWebEnginePage::scrollPositionChanged, this, [this] { Refresh(); });
     connect(page_.get(), &QWebEnginePage::contentsSizeChanged, this, [this] { Refresh(); });
@@ -82,6 +84,7 @@ void EngineHtmlView::LeavePage() {
     EndWait();
     kept_ = {};
     wholeText_.reset();
+    jumpedFrom_.reset();
     zoom_ = {};
     refreshing_ = finished_ = false;
     if (!page_) return;
@@ -138,6 +141,18 @@ void EngineHtmlView::FollowLink(const QUrl& address) {
     QMetaObject::invokeMethod(
         page_.get(),
         [this, url, path] { CallHandler(onLink, url, path ? Utf8ToUtf16(*path, u'?') : u""); },
+        Qt::QueuedConnection);
+}
+
+// Not from within the engine's own call, and not while a question waits: its end comes back here.
+void EngineHtmlView::TellJump() {
+    if (!jumpedFrom_ || !page_) return;
+    QMetaObject::invokeMethod(
+        page_.get(),
+        [this] {
+            if (wait_ || !jumpedFrom_) return;
+            CallHandler(onJump, *std::exchange(jumpedFrom_, std::nullopt));
+        },
         Qt::QueuedConnection);
 }
 

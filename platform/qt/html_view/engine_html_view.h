@@ -73,6 +73,7 @@ class EngineHtmlView final : public QObject, public HtmlView {
     void Loaded(int page, const QVariant& facts);
     void Gone();
     void FollowLink(const QUrl&);
+    void TellJump();
     void RunCommand(int command);
     void Zoom(int steps);
     void Order(const QString& expression, bool changes = true);
@@ -93,7 +94,8 @@ class EngineHtmlView final : public QObject, public HtmlView {
     ZoomLadder zoom_;
     Kept kept_;
     std::optional<std::u16string> wholeText_; // of the page, once a search has needed it
-    int changes_ = 0;                         // ordered so far
+    std::optional<int> jumpedFrom_; // offset before a jump in the page that is still to be told
+    int changes_ = 0;               // ordered so far
     bool finished_ = false, refreshing_ = false, visible_ = false, focused_ = false;
     Rect bounds_;
     Wait* wait_ = nullptr;
