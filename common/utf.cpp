@@ -1,6 +1,7 @@
 #include "common/utf.h"
 
 #include "common/decode_pieces.h"
+#include "common/sum_over_bytes.h"
 
 #include <algorithm>
 
@@ -32,17 +33,6 @@ char32_t SequenceValue(const unsigned char* at, int length) {
         return (at[0] & 0x07u) << 18 | (at[1] & 0x3Fu) << 12 | (at[2] & 0x3Fu) << 6 |
                (at[3] & 0x3Fu);
     }
-}
-
-// Exact for valid UTF-8: each sequence has one byte that continues none, and the longest make a
-// pair.
-std::size_t Utf16Length(std::string_view bytes) {
-    std::size_t length = 0;
-    for (const char c : bytes) {
-        const auto byte = static_cast<unsigned char>(c);
-        length += static_cast<std::size_t>((byte & 0xC0) != 0x80) + (byte >= 0xF0);
-    }
-    return length;
 }
 
 bool IsHighSurrogate(char16_t unit) {
@@ -91,6 +81,20 @@ std::size_t ValidUtf8Length(std::string_view bytes) {
 
 bool IsValidUtf8(std::string_view bytes) {
     return ValidUtf8Length(bytes) == bytes.size();
+}
+
+// Each sequence has one byte that continues none, and the longest make a pair.
+std::size_t Utf16Length(std::string_view bytes) {
+    return SumOverBytes(
+        bytes, [](const unsigned char* at) { return ((*at & 0xC0) != 0x80) + (*at >= 0xF0); });
+}
+
+std::size_t Utf8CharacterEnd(std::string_view bytes, std::size_t place) {
+    // Three bytes at most stand behind the first of a sequence: what continues a fourth is in none.
+    const std::size_t last = std::min(place + 3, bytes.size());
+    while (place < last && (static_cast<unsigned char>(bytes[place]) & 0xC0) == 0x80)
+        ++place;
+    return place;
 }
 
 std::u16string Utf8ToUtf16(std::string_view bytes, char16_t replacement) {

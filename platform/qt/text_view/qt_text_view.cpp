@@ -1,9 +1,9 @@
 #include "platform/qt/text_view/qt_text_view.h"
 
 #include "common/find_text.h"
+#include "common/line_ends.h"
 #include "formats/rtf_reader.h"
 #include "formats/rtf_writer.h"
-#include "platform/qt/text_view/line_ends.h"
 #include "platform/qt/text_view/text_widget.h"
 
 #include <algorithm>
