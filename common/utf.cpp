@@ -79,8 +79,45 @@ std::size_t ValidUtf8Length(std::string_view bytes) {
     return static_cast<std::size_t>(at - start);
 }
 
+namespace {
+// Whether something is wrong at this byte, told from it and the three before it. Only comparisons
+// of bytes, no branch: the compiler looks at many bytes at once.
+unsigned char IsWrongAt(const unsigned char* at) {
+    // Signed, and ordered as the bytes are: that is what processors compare.
+    const auto place = [](unsigned byte) {
+        return static_cast<signed char>(static_cast<unsigned char>(byte ^ 0x80));
+    };
+    const signed char now = place(at[0]), before = place(at[-1]);
+    const bool wanted = (before >= place(0xC0)) | (place(at[-2]) >= place(0xE0)) |
+                        (place(at[-3]) >= place(0xF0));
+    const bool continues = (now >= place(0x80)) & (now < place(0xC0));
+    const bool never = (now == place(0xC0)) | (now == place(0xC1)) | (now >= place(0xF5));
+    const bool overlong = ((before == place(0xE0)) & (now < place(0xA0))) |
+                          ((before == place(0xF0)) & (now < place(0x90)));
+    const bool outside = ((before == place(0xED)) & (now >= place(0xA0))) |
+                         ((before == place(0xF4)) & (now >= place(0x90)));
+    return static_cast<unsigned char>((wanted ^ continues) | never | overlong | outside);
+}
+} // namespace
+
 bool IsValidUtf8(std::string_view bytes) {
-    return ValidUtf8Length(bytes) == bytes.size();
+    constexpr std::size_t most = 4096;
+    const auto* const start = reinterpret_cast<const unsigned char*>(bytes.data());
+    const std::size_t size = bytes.size();
+    // The ends are looked at slowly: there are no three bytes before, or a sequence may be cut.
+    if (size < 8) return ValidUtf8Length(bytes) == size;
+    std::size_t at = ValidUtf8Length(bytes.substr(0, 4));
+    if (at < 4) at += ValidUtf8Length(bytes.substr(at, 4));
+    if (at < 3) return false;
+    while (at < size) {
+        const std::size_t end = std::min(size, at + most);
+        unsigned char wrong = 0;
+        for (; at < end; ++at)
+            wrong |= IsWrongAt(start + at);
+        if (wrong) return false;
+    }
+    const std::size_t last = size - 3;
+    return start[size - 1] < 0xC0 && start[size - 2] < 0xE0 && start[last] < 0xF0;
 }
 
 // Each sequence has one byte that continues none, and the longest make a pair.
