@@ -3,15 +3,32 @@
 #include "app/main_form.h"
 #include "app/start_up.h"
 #include "books/book_file.h"
+#include "books/html_book.h"
 #include "books/open_book.h"
+#include "books/save_state.h"
 #include "reading/edit.h"
 #include "reading/keyboard.h"
+#include "reading/zoom.h"
+#include "shell/help.h"
 
 #include <exception>
 #include <new>
+#include <optional>
+#include <utility>
+
+namespace {
+// What happened to the page while a command ran is taken in when that is done: without it the book
+// would never be brought to its place.
+void TakePageEvents(MainForm& form) {
+    if (form.handling) return;
+    if (const auto url = std::exchange(form.page.arrivedUrl, std::nullopt))
+        RunCommand(form, [&] { wbMain_DocumentComplete(form, *url); });
+    if (std::exchange(form.page.gone, false)) RunCommand(form, [&] { wbMain_Gone(form); });
+}
+} // namespace
 
 void RunCommand(MainForm& form, const std::function<void()>& command) {
-    if (form.handling) return;
+    if (form.handling || form.closed) return;
     form.handling = true;
     try {
         command();
@@ -21,12 +38,35 @@ void RunCommand(MainForm& form, const std::function<void()>& command) {
         ShowBookMessage(form, u"The command could not be completed.");
     }
     form.handling = false;
+    TakePageEvents(form);
 }
 
 namespace {
 void RunHandler(MainForm& form, const MenuArray& array, int index) {
     if (const MenuHandler handler = HandlerOf(array))
         RunCommand(form, [&] { handler(form, index); });
+}
+
+void ConnectHtmlView(MainForm& form) {
+    HtmlView& html = *form.ports.htmlView;
+    html.onLoaded = [&form](int load, const std::u16string& url) {
+        if (load != form.page.load) return; // of a page left meanwhile
+        form.page.arrivedUrl = url;
+        TakePageEvents(form);
+    };
+    html.onGone = [&form] {
+        form.page.gone = true;
+        TakePageEvents(form);
+    };
+    html.onCommand = [&form](int number) {
+        RunCommand(form, [&] { wbMain_Command(form, number); });
+    };
+    html.onLink = [&form](const std::u16string&, const std::u16string& path) {
+        RunCommand(form, [&] { wbMain_Link(form, path); });
+    };
+    html.onFilesDropped = [&form](const std::vector<std::u16string>& paths) {
+        RunCommand(form, [&] { rtMain_FilesDropped(form, paths); });
+    };
 }
 } // namespace
 
@@ -35,7 +75,11 @@ void ConnectEvents(MainForm& form) {
     events.onResize = [&form] { fwMain_Resize(form); };
     events.onUnload = [&form] { Form_Unload(form); };
     events.onKeyDown = [&form](int key, int shift) {
-        RunCommand(form, [&] { Form_KeyDown(form, key, shift); });
+        const bool zoomed = CountZoomKey(form, key, shift);
+        RunCommand(form, [&] {
+            if (zoomed) SaveBookState(form, 0);
+            Form_KeyDown(form, key, shift);
+        });
     };
     events.onKeyUp = [&form](int key, int shift) {
         RunCommand(form, [&] { Form_KeyUp(form, key, shift); });
@@ -48,10 +92,14 @@ void ConnectEvents(MainForm& form) {
     menuEvents.onClick = [&form](MenuArray& array, int index) { RunHandler(form, array, index); };
     form.ports.menuBar->Attach(form.menu.TopLevel(), menuEvents);
 
+    // Not a command of its own: it comes while one waits for its message.
+    form.ports.dialogs->onHelp = [&form](const std::string& topic) { OpenHelp(form, topic); };
+
     form.ports.textView->onContextMenu = [&form] {
         RunCommand(form, [&] { rtMain_ContextMenu(form); });
     };
     form.ports.textView->onFilesDropped = [&form](const std::vector<std::u16string>& paths) {
         RunCommand(form, [&] { rtMain_FilesDropped(form, paths); });
     };
+    if (form.ports.htmlView) ConnectHtmlView(form);
 }

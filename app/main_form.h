@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/menu_tree.h"
+#include "books/html_book.h"
 #include "common/ini_file.h"
 #include "platform/ports.h"
 #include "shell/date_texts.h"
@@ -25,7 +26,8 @@ struct MainForm {
     ViewFont viewFont;   // the present font of the text view, between record and view
     Color textColor = 0; // the text colour in force, also while a file's own colours show
     int shownCodePage =
-        0; // what the shown plain text was decoded with; 0 for Unicode and rich text
+        0;         // what the shown plain text was decoded with; 0 for Unicode and rich text
+    HtmlPage page; // of the shown book, when that is an HTML book
     std::u16string findText; // the last text searched for, "" for none yet
     FindOptions findOptions;
     std::vector<std::u16string> findHistory; // of the shown book, newest first
@@ -42,5 +44,6 @@ struct MainForm {
     bool LoadingBook = false;      // the history click handler is running
 
     bool started = false;  // false in a second instance, which saves nothing
+    bool closed = false;   // the window has gone: nothing may wait or ask any more
     bool handling = false; // a command is running, perhaps waiting for a dialog
 };

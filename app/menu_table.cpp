@@ -10,7 +10,11 @@
 #include "reading/edit.h"
 #include "reading/find.h"
 #include "reading/view_commands.h"
+#include "shell/about.h"
+#include "shell/help.h"
 #include "shell/options.h"
+#include "shell/product_web.h"
+#include "shell/update_check.h"
 
 #include <algorithm>
 
@@ -112,13 +116,13 @@ const Row rows[] = {
     ROW(Item, mOptionsEditor, u"Set &HTM Editor...", mOptionsEditor_Click),
 
     ROW(Top, mHelp, u"&Help"),
-    ROW(Item, mHelpTopics, u"&Help Topics..."),
+    ROW(Item, mHelpTopics, u"&Help Topics...", mHelpTopics_Click),
     ROW(Item, mHelpSeparator1, u"-"),
-    ROW(Item, mHelpUpdate, u"Check for &Update..."),
-    ROW(Item, mHelpWeb, u"Visit the Web&page..."),
-    ROW(Item, mHelpMail, u"Feed&back..."),
+    ROW(Item, mHelpUpdate, u"Check for &Update...", mHelpUpdate_Click),
+    ROW(Item, mHelpWeb, u"Visit the Web&page...", mHelpWeb_Click),
+    ROW(Item, mHelpMail, u"Feed&back...", mHelpMail_Click),
     ROW(Item, mHelpSeparator2, u"-"),
-    ROW(Item, mHelpAbout, u"&About..."),
+    ROW(Item, mHelpAbout, u"&About...", mHelpAbout_Click),
 };
 
 // A command that does not exist yet is shown greyed.

@@ -2,6 +2,7 @@
 
 #include "app/main_form.h"
 #include "books/history_list.h"
+#include "books/html_book.h"
 #include "books/open_book.h"
 #include "common/flag_scope.h"
 #include "common/list_persistence.h"
@@ -45,6 +46,7 @@ int LoadHistory(MainForm& form) {
 
 // One reader's book does not stay on the screen of another.
 void ShowNoBook(MainForm& form) {
+    LeavePage(form);
     form.ports.textView->LoadPlainText(u"");
     form.ports.menuBar->Refresh(); // no bookmarks without a book
     UpdateWindowTitle(form);

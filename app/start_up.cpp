@@ -4,7 +4,6 @@
 #include "app/events.h"
 #include "app/main_form.h"
 #include "app/profiles.h"
-#include "app/version_text.h"
 #include "books/charsets.h"
 #include "books/save_state.h"
 #include "common/flag_scope.h"
@@ -13,6 +12,7 @@
 #include "common/text.h"
 #include "reading/keyboard.h"
 #include "shell/options.h"
+#include "shell/version_text.h"
 
 namespace {
 void SetUpMenus(MenuTree& menu) {
@@ -23,7 +23,6 @@ void SetUpMenus(MenuTree& menu) {
     menu.mViewAlign[2].visible = false; // centred text is not offered
 
     SetMenuShortcutText(menu.mFileExit[0], u"Alt+F4");
-    SetMenuShortcutText(menu.mHelpTopics[0], u"F1");
     SetMenuShortcutText(menu.mViewFontSize[0], u"Ctrl+ +");
     SetMenuShortcutText(menu.mViewFontSize[1], u"Ctrl+ \u2013");
     SetMenuShortcutText(menu.mBookmarkLast[0], u"Alt+F2");
@@ -80,7 +79,6 @@ bool Form_Load(MainForm& form) {
         ShowShortcuts(form);
         Register(form);
         form.HelpFilePath = ProgramFile(*form.ports.files, launch, u".hlp");
-        form.ports.dialogs->SetHelpFile(form.HelpFilePath);
         SetUpViews(form);
         form.dateNames = BuildPaddedDateNames(*form.ports.locale, [&](std::u16string_view text) {
             return form.ports.window->TextWidth(text);
@@ -102,10 +100,11 @@ bool Form_Load(MainForm& form) {
 }
 
 void Form_Unload(MainForm& form) {
-    if (!form.started) return;
+    if (!form.started || form.closed) return;
     IniBatch oneWrite(*form.dataFile);
     SaveBookState(form, 0);
     SaveWindowPlacement(form);
+    form.closed = true;
 }
 
 void toSave_Timer(MainForm& form) {

@@ -32,6 +32,38 @@ int CharsetCodePage(std::string_view name) {
     return page == std::end(namedPages) ? unicodePage : page->codePage;
 }
 
+namespace {
+struct Alias {
+    std::string_view name, tableName;
+};
+
+// Names that mean a page of the table, or one that its characters are the most part of.
+constexpr Alias aliases[] = {
+    {"gbk", "euc-cn"},
+    {"gb2312", "euc-cn"},
+    {"gb18030", "euc-cn"},
+    {"x-gbk", "euc-cn"},
+    {"hz-gb-2312", "euc-cn"},
+    {"windows-31j", "shift_jis"},
+    {"shift-jis", "shift_jis"},
+    {"x-sjis", "shift_jis"},
+    {"ks_c_5601-1987", "euc-kr"},
+    {"windows-949", "euc-kr"},
+    {"big5-hkscs", "big5"},
+    {"tis-620", "windows-874"},
+    {"iso-8859-11", "windows-874"},
+    {"ibm437", "pc437"},
+};
+} // namespace
+
+std::string CharsetTableName(std::string_view engineName) {
+    std::string name(engineName);
+    for (char& letter : name)
+        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+    const auto alias = std::ranges::find(aliases, name, &Alias::name);
+    return alias == std::end(aliases) ? name : std::string(alias->tableName);
+}
+
 int CodePageToCharset(int codePage) {
     const auto pair = std::ranges::find(pairs, codePage, &Pair::codePage);
     return pair == std::end(pairs) ? 0 : pair->charset;

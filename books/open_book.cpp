@@ -29,7 +29,6 @@ int AddBook(MainForm& form, const std::u16string& path, int kind) {
 
     if (kind < 0) kind = KindOfBook(path, *firstBytes);
     SaveBookState(form, 0);
-    form.menu.mFileEdit[0].tag = NumberText(kind);
     const int added = AddHistoryItem(form, NewRecord(form, path, kind));
     SaveNewBookState(form, added);
     SetHistoryCaption(form, added);

@@ -3,6 +3,7 @@
 #include "app/main_form.h"
 #include "books/book_record.h"
 #include "books/history_list.h"
+#include "books/html_book.h"
 #include "common/menu_items.h"
 #include "common/text.h"
 #include "reading/caret.h"
@@ -31,7 +32,9 @@ void UpdateRecord(MainForm& form, int index, bool takesPlace) {
     record[Field::Access] = StoredDateTime(form.ports.clock->Now());
     record[Field::Charset] = NumberText(form.viewFont.charset);
     record[Field::BackColor] = NumberText(form.ports.textView->BackColor());
-    if (record.Number(Field::Filter) != HtmlBook) {
+    if (record.Number(Field::Filter) == HtmlBook) {
+        TakePageState(form, record, takesPlace);
+    } else if (!takesPlace || !IsPageShown(form)) { // a page tells nothing of a book of text
         TakeLook(form, record);
         if (takesPlace) record[Field::LastPos] = NumberText(FirstVisibleChar(*form.ports.textView));
     }

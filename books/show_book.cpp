@@ -4,6 +4,7 @@
 #include "books/book_record.h"
 #include "books/charsets.h"
 #include "books/history_list.h"
+#include "books/html_book.h"
 #include "books/open_book.h"
 #include "books/save_state.h"
 #include "common/flag_scope.h"
@@ -55,8 +56,8 @@ void LoadText(MainForm& form, const BookRecord& record, std::string bytes) {
 void ShowInTextView(MainForm& form, const BookRecord& record, std::string bytes) {
     TextView& view = *form.ports.textView;
     form.viewFont = FontOf(form, record);
+    LeavePage(form);
     view.SetVisible(true);
-    if (form.ports.htmlView) form.ports.htmlView->SetVisible(false);
     const Hourglass hourglass(view);
     view.SetBackColor(ColorOf(record[Field::BackColor], defaultBackColor));
     view.SetFont(form.viewFont);
@@ -80,12 +81,14 @@ void MakeFirst(MainForm& form, int index) {
 // is told and the book on the screen stays.
 std::optional<std::string> ReadBookToShow(MainForm& form, int index) {
     const BookRecord record = BookRecord::Parse(form.menu.mFileList[index].tag);
-    if (record.Number(Field::Filter) == HtmlBook && !form.ports.htmlView) {
+    const bool html = record.Number(Field::Filter) == HtmlBook;
+    if (html && !form.ports.htmlView) {
         ShowBookMessage(form, record.Path() + u"\r\nThis program has no view for HTML books.");
         return std::nullopt;
     }
     const Hourglass hourglass(*form.ports.textView);
-    auto bytes = ReadBookFile(form, record.Path());
+    // The engine reads a page by itself; here it is only seen that it can.
+    auto bytes = html ? ExamineBookFile(form, record.Path()) : ReadBookFile(form, record.Path());
     if (!bytes) SetHistoryCaption(form, index);
     return bytes;
 }
@@ -105,7 +108,10 @@ void mFileList_Click(MainForm& form, int index) {
     menu.mBookmark[0].enabled = true;
     const BookRecord record = BookRecord::Parse(menu.mFileList[0].tag);
     menu.mFileEdit[0].tag = record[Field::Filter];
-    ShowInTextView(form, record, std::move(*bytes));
+    if (record.Number(Field::Filter) == HtmlBook)
+        ShowInHtmlView(form, record, ColorOf(record[Field::BackColor], defaultBackColor));
+    else
+        ShowInTextView(form, record, std::move(*bytes));
     menu.mFileList[0].checked = true;
     UpdateWindowTitle(form);
     LoadFindHistory(form);

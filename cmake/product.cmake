@@ -10,4 +10,4 @@ set(PRODUCT_MAIL "mailto:feedback@norvaset.example")
 # The web site comes first and the mail address second: the program splits this text at ", ".
 set(PRODUCT_COMMENTS "${PRODUCT_WEB_SITE}, ${PRODUCT_MAIL}")
 set(PRODUCT_COPYRIGHT "Copyright (c) 2026 ${PRODUCT_COMPANY}")
-set(PRODUCT_TRADEMARKS "Norvaset is a trademark of ${PRODUCT_COMPANY}")
+set(PRODUCT_TRADEMARKS "${PRODUCT_TITLE}") # the About box is titled "About " and this

@@ -4,10 +4,18 @@
 #include "platform/geometry.h"
 #include "platform/text_view.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
-enum class MessageIcon { None, Information, Question, Exclamation };
+enum class MessageIcon {
+    None,
+    Information,
+    Question,
+    Exclamation,
+    Critical,
+    Application, // the program's own
+};
 enum class MessageButtons { Ok, OkCancel };
 
 struct Message {
@@ -16,7 +24,7 @@ struct Message {
     MessageIcon icon = MessageIcon::None;
     MessageButtons buttons = MessageButtons::Ok;
     bool cancelIsDefault = false;
-    bool helpButton = false; // opens the help at `helpTopic`
+    bool helpButton = false; // calls `onHelp` with `helpTopic`; the message stays
     std::string helpTopic;
 };
 
@@ -72,5 +80,11 @@ class Dialogs {
     virtual FontAnswer ChooseFont(const std::u16string& title, const ViewFont&, Color) = 0;
     virtual FindAnswer AskFind(const FindRequest&) = 0;
     virtual DialogResult ShowMessage(const Message&) = 0; // Cancel also when closed
-    virtual void SetHelpFile(const std::u16string& path) = 0;
+    // A short rich text (RTF, pure ASCII) and buttons from the left. Returns the number of the
+    // button that was pressed, from 1; 0 when closed without one. The first is the default button.
+    virtual int ShowRichMessage(const std::string& rtf, const std::u16string& title,
+                                const std::vector<std::u16string>& buttons) = 0;
+
+    // The Help button of a message was pressed. May show a message itself.
+    std::function<void(const std::string& topic)> onHelp;
 };

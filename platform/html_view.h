@@ -2,15 +2,145 @@
 #pragma once
 
 #include "platform/geometry.h"
+#include "platform/text_view.h"
 
+#include <cstdint>
+#include <functional>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
-// A front without an HTML engine has none of these; the core then says so when an HTML book is
-// opened.
+// Characters of a page are counted in the text of its body, in UTF-16 units from 0:
+// - Text nodes in document order. These elements count nothing with all that is in them, not even
+//   a break: script, style, template, noscript, noframes, title, select, textarea, iframe, object,
+//   audio, video, canvas, svg, math, and any with the attribute `hidden`. Names decide, not
+//   computed styles: a place stays the same whatever the style sheet, the width and the zoom.
+//   Pictures and fields count nothing.
+// - A run of blanks, tabs, line feeds, form feeds and carriage returns counts as one U+0020, also
+//   across elements, and as nothing at the text's start, at its end and beside a break. Inside
+//   `pre` each counts by itself. U+00A0 is a character like any other.
+// - `br` is one U+000A. Start and end of a block element are one U+000A between the text before and
+//   after, however many meet; none at the text's start, at its end and beside another U+000A.
+//   Block elements: address article aside blockquote center dd details dialog dir div dl dt
+//   fieldset figcaption figure footer form frameset h1 h2 h3 h4 h5 h6 header hgroup hr legend li
+//   main menu nav ol p pre section summary table caption thead tbody tfoot tr td th ul.
+// tests/contract/page_text_cases.h has examples. An engine with text ranges of its own may count
+// breaks its way, but all functions agree.
+struct PageSpan {
+    TextPos start = 0, length = 0;
+    bool operator==(const PageSpan&) const = default;
+};
+
+// Lengths in CSS pixels. `top` is where the span's first line begins, from the top edge of the
+// view: negative when it is scrolled out above.
+struct PageSelection {
+    PageSpan span; // a length of 0 is a bare caret; without one: {0, 0}
+    int top = 0;
+};
+
+struct PageMatch {
+    PageSpan span;
+    int left = 0, top = 0; // of its first character, from the left and top edges of the view
+    int searchTop = 0;     // top of the line that the search began in, from the same edge
+};
+
+// The commands of the view's own context menu, as its engine numbers them.
+enum PageCommand {
+    CopyCommand = 15,
+    SelectAllCommand = 31,
+    PrintCommand = 27, // the view prints by itself; the event only tells of it
+    FindCommand = 67,
+    OpenCommand = 2000,
+};
+
+constexpr int longestPageWait = 3000; // milliseconds
+
+// The engine may live in another process, so there are three kinds of functions.
+// Orders return at once and are carried out in the order given; no event comes from within one.
+// Kept values are answered at once, never from a wait: also while a page loads, while the window
+// closes, and after the engine has gone (then they are the last ones known).
+// Questions may wait for the page, `longestPageWait` at most, and then answer their failure value.
+// While one waits, events keep coming; the close of the window, `onGone` and a second question (it
+// fails) end the wait at once. Without a body every question answers its failure value at once.
+//
+// The page is local and passive: its scripts do not run, nothing is fetched from other machines, no
+// window or dialog opens, and it goes nowhere but by `Navigate`. A link into the same page scrolls;
+// any other link that the user follows is `onLink`; a redirection is left out.
+//
+// The engine is loaded by the first `Navigate`, not before.
+//
+// Keys pressed in the view are events of the window, as with the text view: it is told first, by
+// `onKeyDown` and `onKeyUp`. The view then does the scrolling and the selecting, and zooms one step
+// for Ctrl with 187 or 189 and back to normal for Ctrl with 48 ("+", "-", "0"; those of the numeric
+// keypad arrive as these); it does not act on any other key with Ctrl or on function keys, so that
+// no command comes twice. Ctrl and the wheel are the window's `onZoom`; the view does not zoom
+// then.
 class HtmlView {
   public:
     virtual ~HtmlView() = default;
 
-    virtual void SetBounds(const Rect&) = 0;
-    virtual void SetVisible(bool) = 0;
+    // Orders for the page. `Navigate` gives up the page before: no event of it comes any more, and
+    // there is no body until `onLoaded`, which brings `page` back, the caller's number for this
+    // load. A file that cannot be shown may have no `onLoaded` at all. Zoom keys not yet told of
+    // are dropped.
+    virtual void Navigate(const std::u16string& path, int page) = 0;
+    virtual void Clear() = 0; // no page; frees what the last one took. No event comes of it
+
+    virtual void ScrollTo(int left, int top) = 0; // offsets of the body; as far as the page goes
+    // Brings the line in which the span begins to the top of the view (the body's top margin above
+    // it), and the left edge to the left.
+    virtual void ScrollSpanToTop(const PageSpan&) = 0;
+    virtual void Select(const PageSpan&) = 0; // and scrolls as little as it takes to show its start
+    virtual void SelectAll() = 0;
+    virtual void SetBackColor(std::uint32_t redGreenBlue) = 0; // 0x00RRGGBB, of the body's style
+    // One keystroke of Ctrl and "+" (larger) or "-": the page zooms one step, which orders given
+    // afterwards find done. The window's `onKeyDown` is told of 187 or 189 with Ctrl, once for each
+    // call and after it has returned.
+    virtual void SendZoomKey(bool larger) = 0;
+
+    // Kept values of the page.
+    virtual bool HasBody() const = 0;         // from just before `onLoaded` on
+    virtual bool HasText() const = 0;         // any character, by the count above
+    virtual std::string Charset() const = 0;  // as the engine names it, "" without a page
+    virtual std::u16string Title() const = 0; // of the document, "" when it has none
+    // The body's vertical offset. After `ScrollTo` it is what was asked for until the page says how
+    // far it went, so that it never answers the place before.
+    virtual int ScrollTop() const = 0;
+    virtual int ViewHeight() const = 0; // CSS pixels of the page that are seen at a time
+    virtual int TopMargin() const = 0;  // of the body with its border: above the first line
+    virtual PageSelection Selection() const = 0;
+
+    // Questions.
+    // The texts of spans, in order and as many; a span outside the text gives what is inside. The
+    // failure value is an empty list.
+    virtual std::vector<std::u16string> TextsOf(const std::vector<PageSpan>&) = 0;
+    virtual std::u16string SelectedText() = 0;    // "" on failure
+    virtual std::u16string SelectionAsHtml() = 0; // the source of what is selected; "" on failure
+    // The first place of `what` behind the selection, up to the text's end; nothing on failure,
+    // too.
+    virtual std::optional<PageMatch> FindBehindSelection(std::u16string_view what, FindOptions) = 0;
+    // The character at the left end of the view's first line, just below the top margin; -1 on
+    // failure.
+    virtual TextPos StartAtTop() = 0;
+
+    virtual void SetBounds(const Rect&) = 0; // in the container panel
+    virtual void SetVisible(bool) = 0;       // hidden at first
+    virtual void FocusView() = 0;
+
+    // The document of `page` is complete, laid out at normal size and scrolled to its start. `url`
+    // is its address as the engine has it. Comes once for a page, never for a frame in it.
+    std::function<void(int page, const std::u16string& url)> onLoaded;
+    // The engine has died, or the page with it; never told of a page given up. The next `Navigate`
+    // starts anew.
+    std::function<void()> onGone;
+    // The user chose a command of the view's context menu (a PageCommand); nothing else happens
+    // but for printing. A right click outside the selection first puts the caret there, as a press
+    // of the left button does.
+    std::function<void(int command)> onCommand;
+    // The user followed a link that leads out of the page. `path` is the full path of a local file,
+    // "" for any other address.
+    std::function<void(const std::u16string& url, const std::u16string& path)> onLink;
+    // As the text view's.
+    std::function<void(const std::vector<std::u16string>& paths)> onFilesDropped;
 };

@@ -5,6 +5,7 @@
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
+#include "platform/help_window.h"
 #include "platform/html_view.h"
 #include "platform/locale.h"
 #include "platform/menu_bar.h"
@@ -13,6 +14,7 @@
 #include "platform/status_bar.h"
 #include "platform/text_view.h"
 #include "platform/timer.h"
+#include "platform/update_check.h"
 #include "platform/version_info.h"
 #include "platform/window.h"
 
@@ -23,6 +25,7 @@ struct Launch {
     std::u16string programFolder;  // without a separator at its end
     std::u16string executableName; // base name, without extension
     std::u16string userDataFolder; // for a program folder that cannot be written
+    std::u16string sharedFolder;   // of an installation, for what is not beside the program; or ""
     std::u16string commandLine;    // the path of a book as a full path, or ""
     std::u16string rootFolder;     // where a dialog starts when no other folder is known
 };
@@ -35,12 +38,14 @@ struct Ports {
     std::unique_ptr<TextView> textView;
     std::unique_ptr<HtmlView> htmlView; // may be null: this front has no HTML engine
     std::unique_ptr<Dialogs> dialogs;
+    std::unique_ptr<HelpWindow> helpWindow;
     std::unique_ptr<Clipboard> clipboard;
     std::unique_ptr<Timer> saveTimer;
     std::unique_ptr<Shell> shell;
     std::unique_ptr<Registry> registry;
     std::unique_ptr<Files> files;
     std::unique_ptr<VersionInfo> versionInfo;
+    std::unique_ptr<UpdateCheck> updateCheck;
     std::unique_ptr<Locale> locale;
     std::unique_ptr<Clock> clock;
 };

@@ -5,10 +5,12 @@
 #include "common/text.h"
 #include "reading/bookmarks.h"
 #include "reading/caret.h"
+#include "reading/page_marks.h"
 #include "reading/text_routines.h"
 #include "shell/confirm.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace {
@@ -37,9 +39,33 @@ int PlaceMark(MenuArray& list, TextPos start) {
     const bool known = !empty && index < list.Count() && StartOf(list[index]) == start;
     if (known || empty) return index;
     AddMenuItem(list);
-    for (int i = list.Count() - 1; i > index; --i)
+    for (int i = list.Count() - 1; i > index; --i) {
         list[i].tag = list[i - 1].tag;
+        list[i].caption = list[i - 1].caption;
+    }
     return index;
+}
+
+bool CanDefine(const MainForm& form) {
+    const TextView& view = *form.ports.textView;
+    return IsPageShown(form) ? CanMarkPage(form) : view.TextLength() > 0 && view.SelStart() > 0;
+}
+
+std::optional<PageMark> MarkInText(const TextView& view) {
+    const TextPos start = view.SelStart(), selected = view.SelLength();
+    if (start == 0) return std::nullopt;
+    return PageMark{{start, InRange(selected, 1, longestMark, true) ? selected : ownLength}, u""};
+}
+
+// A page goes nowhere while it loads.
+bool CanGo(const MainForm& form) {
+    return !IsPageShown(form) || HasPageBody(form);
+}
+
+// The place in the book as Last Unmarked Position keeps it.
+int ViewPosition(const MainForm& form) {
+    return IsPageShown(form) ? form.ports.htmlView->ScrollTop()
+                             : FirstVisibleChar(*form.ports.textView);
 }
 
 // Next and Previous leave the last unmarked position as it was.
@@ -52,10 +78,8 @@ void GoKeepingLast(MainForm& form, int index) {
 
 void mBookmark_Click(MainForm& form, int) {
     MenuTree& menu = form.menu;
-    const TextView& view = *form.ports.textView;
     const int count = menu.mBookmarkList.Count(), current = CurrentBookmark(form);
-    menu.mBookmarkNew[0].enabled =
-        IsBookShown(form) && view.TextLength() > 0 && view.SelStart() > 0;
+    menu.mBookmarkNew[0].enabled = IsBookShown(form) && CanDefine(form);
     menu.mBookmarkDelete[0].enabled = menu.mBookmarkClearAll[0].enabled =
         menu.mBookmarkList[0].visible;
     menu.mBookmarkNext[0].enabled = InRange(current, 0, count - 2, true);
@@ -67,13 +91,12 @@ void mBookmark_Click(MainForm& form, int) {
 }
 
 void mBookmarkNew_Click(MainForm& form, int) {
-    const TextView& view = *form.ports.textView;
-    const TextPos start = view.SelStart(), selected = view.SelLength();
-    if (start == 0) return;
-    const TextPos length = InRange(selected, 1, longestMark, true) ? selected : ownLength;
+    const auto mark = IsPageShown(form) ? MarkInPage(form) : MarkInText(*form.ports.textView);
+    if (!mark) return;
     MenuArray& list = form.menu.mBookmarkList;
-    const int index = PlaceMark(list, start);
-    list[index].tag = NumberText(start) + u',' + NumberText(length);
+    const int index = PlaceMark(list, mark->span.start);
+    list[index].tag = NumberText(mark->span.start) + u',' + NumberText(mark->span.length);
+    list[index].caption = OneLine(mark->excerpt);
     RefreshBookmarkMenu(form, -1, false);
     form.newBookmark = index;
     form.ports.menuBar->ShowMenu(form.menu.mBookmark);
@@ -93,9 +116,12 @@ void mBookmarkPrev_Click(MainForm& form, int) {
 
 void mBookmarkLast_Click(MainForm& form, int) {
     std::u16string& last = form.menu.mBookmarkLast[0].tag;
-    if (last.empty()) return;
+    if (last.empty() || !CanGo(form)) return;
     ClearChecks(form.menu.mBookmarkList);
-    ScrollCaretToTop(*form.ports.textView, WholeNumber(last));
+    if (IsPageShown(form))
+        form.ports.htmlView->ScrollTo(0, WholeNumber(last));
+    else
+        ScrollCaretToTop(*form.ports.textView, WholeNumber(last));
     last = form.menu.mBookmark[0].tag = u"";
 }
 
@@ -122,19 +148,29 @@ void mBookmarkDeleteList_Click(MainForm& form, int index) {
     if (!current.empty() && WholeNumber(current) == index) current = u"";
 }
 
-void mBookmarkList_Click(MainForm& form, int index) {
+namespace {
+void GoToTextMark(MainForm& form, const PageSpan& span) {
     TextView& view = *form.ports.textView;
+    ScrollCaretToTop(view, span.start);
+    view.Select(view.SelStart(), span.length);
+    // The highlight begins one character before the mark; a mark at 0 cannot be defined.
+    const TextPos start = LogicalCaretPos(view, form.viewFont.charset) - 1;
+    view.Select(std::max(start, 0), span.length);
+}
+} // namespace
+
+void mBookmarkList_Click(MainForm& form, int index) {
+    if (!CanGo(form)) return;
     MenuTree& menu = form.menu;
-    menu.mBookmarkLast[0].tag = NumberText(FirstVisibleChar(view));
+    menu.mBookmarkLast[0].tag = NumberText(ViewPosition(form));
     menu.mBookmark[0].tag = NumberText(index);
     ClearChecks(menu.mBookmarkList);
     menu.mBookmarkList[index].checked = true;
     const auto parts = Split(menu.mBookmarkList[index].tag, u",");
     if (parts.size() != 2) return;
-    const TextPos length = std::max(WholeNumber(parts[1]), 0);
-    ScrollCaretToTop(view, WholeNumber(parts[0]));
-    view.Select(view.SelStart(), length);
-    // The highlight begins one character before the mark; a mark at 0 cannot be defined.
-    const TextPos start = LogicalCaretPos(view, form.viewFont.charset) - 1;
-    view.Select(std::max(start, 0), length);
+    const PageSpan span{std::max(WholeNumber(parts[0]), 0), std::max(WholeNumber(parts[1]), 0)};
+    if (IsPageShown(form))
+        GoToPageMark(form, span);
+    else
+        GoToTextMark(form, span);
 }

@@ -5,6 +5,8 @@
 #include "books/save_state.h"
 #include "common/menu_items.h"
 #include "common/text.h"
+#include "reading/page_marks.h"
+#include "reading/text_routines.h"
 
 #include <algorithm>
 
@@ -12,33 +14,42 @@ namespace {
 constexpr TextPos longestExcerpt =
     81; // units; a mark without a selection of its own has this length
 
-// The marked text on one line; "" for a tag that is not two numbers.
-std::u16string Excerpt(const MainForm& form, const std::u16string& tag) {
+// The marked text; "" for a tag that is not two numbers.
+std::u16string TextExcerpt(const MainForm& form, const std::u16string& tag) {
     const auto parts = Split(tag, u",");
     if (parts.size() != 2) return u"";
     const TextPos length = std::min(WholeNumber(parts[1]), longestExcerpt);
-    std::u16string text =
-        form.ports.textView->TextRange(std::max(WholeNumber(parts[0]), 0), length);
-    std::ranges::replace_if(
-        text, [](char16_t unit) { return unit < u' '; }, u' ');
-    return text;
+    return form.ports.textView->TextRange(std::max(WholeNumber(parts[0]), 0), length);
 }
 
-void CaptionBookmarks(MainForm& form) {
-    MenuArray &list = form.menu.mBookmarkList, &deleteList = form.menu.mBookmarkDeleteList;
-    for (int i = 0; i < list.Count(); ++i) {
-        if (i == deleteList.Count()) AddMenuItem(deleteList);
-        const std::u16string excerpt = Excerpt(form, list[i].tag);
-        if (!excerpt.empty()) list[i].caption = deleteList[i].caption = excerpt;
-    }
-    deleteList.items.resize(list.items.size());
+// One for each tag; none at all when the page does not answer.
+std::vector<std::u16string> Excerpts(MainForm& form, const std::vector<std::u16string>& tags) {
+    if (IsPageShown(form)) return PageExcerpts(form, tags);
+    std::vector<std::u16string> excerpts;
+    for (const std::u16string& tag : tags)
+        excerpts.push_back(TextExcerpt(form, tag));
+    return excerpts;
 }
 
-std::u16string JoinedTags(const MenuArray& list) {
+std::vector<std::u16string> Tags(const MenuArray& list) {
     std::vector<std::u16string> tags;
     for (const MenuItem& item : list.items)
         tags.push_back(item.tag);
-    return Join(tags, u"|");
+    return tags;
+}
+
+// A mark without an excerpt keeps its caption.
+void CaptionBookmarks(MainForm& form) {
+    MenuArray &list = form.menu.mBookmarkList, &deleteList = form.menu.mBookmarkDeleteList;
+    auto excerpts = Excerpts(form, Tags(list));
+    excerpts.resize(list.items.size());
+    for (int i = 0; i < list.Count(); ++i) {
+        if (i == deleteList.Count()) AddMenuItem(deleteList);
+        const std::u16string& excerpt = excerpts[static_cast<std::size_t>(i)];
+        if (!excerpt.empty()) list[i].caption = OneLine(excerpt);
+        deleteList[i].caption = list[i].caption;
+    }
+    deleteList.items.resize(list.items.size());
 }
 } // namespace
 
@@ -63,9 +74,9 @@ void RefreshBookmarkMenu(MainForm& form, int keepUpTo, bool noSave) {
     MenuArray& list = menu.mBookmarkList;
     if (keepUpTo >= 0 && list.Count() > keepUpTo + 1) list.items.resize(keepUpTo + 1);
     list[0].visible = menu.mBookmarkSeparator[0].visible = !list[0].tag.empty();
-    CaptionBookmarks(form);
     BookRecord record = BookRecord::Parse(menu.mFileList[0].tag);
-    record[Field::Marks] = JoinedTags(list);
+    record[Field::Marks] = Join(Tags(list), u"|");
     menu.mFileList[0].tag = record.ToText();
+    CaptionBookmarks(form); // may wait for a page, and the window may close meanwhile
     if (!noSave) SaveBookState(form, 0);
 }

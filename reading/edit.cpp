@@ -13,18 +13,29 @@
 #include <algorithm>
 
 void mEdit_Click(MainForm& form, int) {
-    const TextView& view = *form.ports.textView;
     MenuTree& menu = form.menu;
-    menu.mEditCopyRTF[0].caption = u"C&opy as RTF";
-    menu.mEditAll[0].enabled = view.TextLength() > 0;
-    const bool selected = view.SelLength() > 0;
+    const bool page = IsPageShown(form);
+    menu.mEditCopyRTF[0].caption = page ? u"C&opy as HTML" : u"C&opy as RTF";
+    menu.mEditAll[0].enabled = page ? HasPageBody(form) && form.ports.htmlView->HasText()
+                                    : form.ports.textView->TextLength() > 0;
+    const bool selected =
+        page ? HasPageBody(form) && form.ports.htmlView->Selection().span.length > 0
+             : form.ports.textView->SelLength() > 0;
     menu.mEditCopy[0].enabled = menu.mEditCopyRTF[0].enabled = selected;
     menu.mEditTitle[0].enabled = selected && IsBookShown(form);
     menu.mEditFind[0].enabled = menu.mEditAll[0].enabled;
     menu.mEditNext[0].enabled = menu.mEditAll[0].enabled && !form.findText.empty();
 }
 
+namespace {
+// What the page does not answer leaves the clipboard as it is.
+void CopyFromPage(MainForm& form, const std::u16string& text) {
+    if (!text.empty()) form.ports.clipboard->SetText(text);
+}
+} // namespace
+
 void mEditCopy_Click(MainForm& form, int) {
+    if (IsPageShown(form)) return CopyFromPage(form, form.ports.htmlView->SelectedText());
     std::u16string text = SelectedTextLogical(*form.ports.textView, form.viewFont.charset);
     std::ranges::replace(text, u'\v', u'\n');
     std::ranges::replace(text, u'\x07', u'\t'); // the end of a table's cell
@@ -32,19 +43,22 @@ void mEditCopy_Click(MainForm& form, int) {
 }
 
 void mEditCopyRTF_Click(MainForm& form, int) {
+    if (IsPageShown(form)) return CopyFromPage(form, form.ports.htmlView->SelectionAsHtml());
     const std::string source = form.ports.textView->SelectionAsRtf();
     form.ports.clipboard->SetText(std::u16string(source.begin(), source.end()));
 }
 
 void mEditAll_Click(MainForm& form, int) {
+    if (IsPageShown(form)) return form.ports.htmlView->SelectAll();
     form.ports.textView->Select(0, form.ports.textView->TextLength());
 }
 
 void mEditTitle_Click(MainForm& form, int) {
     const TextView& view = *form.ports.textView;
-    std::u16string caption = view.TextRange(view.SelStart(), view.SelLength());
-    std::ranges::replace_if(
-        caption, [](char16_t unit) { return unit < u' '; }, u' ');
+    const bool page = IsPageShown(form);
+    const auto caption = OneLine(page ? form.ports.htmlView->SelectedText()
+                                      : view.TextRange(view.SelStart(), view.SelLength()));
+    if (page && TrimBlanks(caption).empty()) return;
     BookRecord record = BookRecord::Parse(form.menu.mFileList[0].tag);
     record[Field::Title] = Replace(TrimBlanks(EncodeNonAscii(caption)), u"=", u"&#61;");
     form.menu.mFileList[0].tag = record.ToText();

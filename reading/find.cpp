@@ -61,9 +61,26 @@ void SaveFindHistory(MainForm& form, const std::u16string& recordKey) {
     IniWriteString(*form.dataFile, FindSection(form, recordKey), u"HistFind", Join(stored, u"|"));
 }
 
+namespace {
+std::u16string SelectedText(MainForm& form) {
+    return IsPageShown(form) ? form.ports.htmlView->SelectedText()
+                             : SelectedTextLogical(*form.ports.textView, form.viewFont.charset);
+}
+
+// To the end of the page only, and nothing is said when there is no further place.
+void FindNextInPage(MainForm& form) {
+    HtmlView& html = *form.ports.htmlView;
+    const auto match = html.FindBehindSelection(form.findText, form.findOptions);
+    if (!match) return;
+    html.ScrollTo(match->left, match->top - match->searchTop);
+    html.Select(match->span); // shows it, where the distance alone does not lead there
+}
+} // namespace
+
 void mEditFind_Click(MainForm& form, int) {
-    const TextView& view = *form.ports.textView;
-    if (view.SelLength() > 0) form.findText = SelectedTextLogical(view, form.viewFont.charset);
+    const std::u16string selected = SelectedText(form);
+    if (form.closed) return; // while the page was asked
+    if (!selected.empty()) form.findText = selected;
     FindRequest request;
     request.title = DialogTitle(form.menu.mEditFind[0]);
     request.font = form.viewFont;
@@ -81,9 +98,10 @@ void mEditFind_Click(MainForm& form, int) {
 
 void mEditNext_Click(MainForm& form, int) {
     if (form.findText.empty()) return mEditFind_Click(form, 0);
+    Remember(form, form.findText);
+    if (IsPageShown(form)) return FindNextInPage(form);
     TextView& view = *form.ports.textView;
     const int charset = form.viewFont.charset;
-    Remember(form, form.findText);
     const TextPos start = LogicalCaretPos(view, charset) + view.SelLength();
     TextPos found = view.Find(form.findText, start, form.findOptions);
     if (found < 0) found = view.Find(form.findText, 0, form.findOptions);

@@ -1,10 +1,13 @@
 #include "reading/keyboard.h"
 
 #include "app/main_form.h"
+#include "books/open_book.h"
 #include "common/key_names.h"
 #include "common/menu_items.h"
 #include "common/text.h"
 #include "reading/bookmarks.h"
+#include "reading/edit.h"
+#include "reading/find.h"
 #include "reading/view_commands.h"
 
 #include <cstdlib>
@@ -24,6 +27,7 @@ constexpr Shortcut shortcuts[] = {
     {114, 0, &MenuTree::mEdit, &MenuTree::mEditNext},    // F3
     {116, 0, &MenuTree::mView, &MenuTree::mViewRefresh}, // F5
     {'D', CtrlKey, &MenuTree::mBookmark, &MenuTree::mBookmarkNew},
+    {112, 0, &MenuTree::mHelp, &MenuTree::mHelpTopics}, // F1
 };
 
 enum Key { KeyF2 = 113, KeyF4 = 115, NumPlus = 107, NumMinus = 109, Equals = 187, Minus = 189 };
@@ -53,9 +57,20 @@ void Form_KeyDown(MainForm& form, int keyCode, int shift) {
 }
 
 void Form_KeyUp(MainForm& form, int keyCode, int shift) {
-    if (shift & CtrlKey && (keyCode == NumPlus || keyCode == Equals)) mViewFontSize_Click(form, 0);
-    if (shift & CtrlKey && (keyCode == NumMinus || keyCode == Minus)) mViewFontSize_Click(form, 1);
+    const bool sizesText = shift & CtrlKey && !IsPageShown(form); // a page zooms by itself
+    if (sizesText && (keyCode == NumPlus || keyCode == Equals)) mViewFontSize_Click(form, 0);
+    if (sizesText && (keyCode == NumMinus || keyCode == Minus)) mViewFontSize_Click(form, 1);
     if (shift & AltKey && keyCode == KeyF2) mBookmarkLast_Click(form, 0);
+}
+
+void wbMain_Command(MainForm& form, int number) {
+    switch (number) {
+    case FindCommand: return mEditFind_Click(form, 0);
+    case SelectAllCommand: return mEditAll_Click(form, 0);
+    case CopyCommand: return mEditCopy_Click(form, 0);
+    case OpenCommand: return mFileOpen_Click(form, 0);
+    default: return; // printing is the view's own
+    }
 }
 
 void fwMain_Zoom(MainForm& form, int steps) {

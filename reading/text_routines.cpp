@@ -3,6 +3,8 @@
 #include "common/text.h"
 #include "formats/code_pages.h"
 
+#include <algorithm>
+
 std::int32_t IndexInArray(std::u16string_view value, const std::vector<std::u16string>& array,
                           CompareMode mode) {
     if (value.empty()) return -1;
@@ -45,6 +47,12 @@ std::u16string EncodePageText(std::string_view bytes, int codePage, int systemCo
     std::u16string text;
     DecodeCodePage(codePage == 0 ? systemCodePage : codePage, bytes, text);
     return EncodeNonAscii(text, maxLength);
+}
+
+std::u16string OneLine(std::u16string text) {
+    std::ranges::replace_if(
+        text, [](char16_t unit) { return unit < u' ' || unit == 0x7F; }, u' ');
+    return text;
 }
 
 namespace {

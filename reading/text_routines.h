@@ -34,6 +34,8 @@ std::u16string EncodeNonAscii(std::u16string_view text, int maxLength = 0);
 std::u16string EncodePageText(std::string_view bytes, int codePage, int systemCodePage,
                               int maxLength);
 
+std::u16string OneLine(std::u16string text); // control characters become blanks
+
 // "&#" decimal ";" and "&#x" hexadecimal ";" become the characters they stand for; a number that is
 // no character stays as it is written.
 std::u16string DecodeCharRefs(std::u16string_view text);

@@ -10,6 +10,8 @@
 #include "reading/charset_change.h"
 #include "reading/formatting.h"
 #include "reading/hourglass.h"
+#include "reading/zoom.h"
+#include "shell/colors.h"
 #include "shell/window_title.h"
 
 #include <algorithm>
@@ -30,7 +32,7 @@ void TakeFont(MainForm& form, const ViewFont& chosen) {
 void mView_Click(MainForm& form, int) {
     MenuTree& menu = form.menu;
     menu.mViewRefresh[0].enabled = IsBookShown(form);
-    menu.mViewFont[0].enabled = menu.mViewWordWrap[0].enabled = true;
+    menu.mViewFont[0].enabled = menu.mViewWordWrap[0].enabled = !IsPageShown(form);
     for (MenuItem& item : menu.mViewAlign.items)
         item.enabled = menu.mViewFont[0].enabled;
 }
@@ -54,6 +56,7 @@ void mViewBackground_Click(MainForm& form, int) {
     const ColorAnswer answer = form.ports.dialogs->ChooseColor(title, view.BackColor());
     if (answer.result != DialogResult::Ok || answer.color == view.BackColor()) return;
     view.SetBackColor(answer.color);
+    if (HasPageBody(form)) form.ports.htmlView->SetBackColor(SwapColorOrder(answer.color));
     SaveBookState(form, 0);
 }
 
@@ -71,6 +74,10 @@ void mViewFont_Click(MainForm& form, int) {
 }
 
 void mViewFontSize_Click(MainForm& form, int index) {
+    if (IsPageShown(form)) {
+        ZoomPage(form, index == 0);
+        return SaveBookState(form, 0);
+    }
     TextView& view = *form.ports.textView;
     const double size = std::clamp(form.viewFont.size + 1 - 2 * index, smallestSize, largestSize);
     if (size == form.viewFont.size) return;

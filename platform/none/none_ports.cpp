@@ -22,12 +22,15 @@ std::u16string NoneLocale::DayName(int weekday, bool full) const {
 
 Ports MakeNonePorts() {
     Ports ports;
-    ports.launch = {u"/app", u"Norvaset", u"/home/reader/.local/share/Norvaset", u"", u"/"};
+    ports.launch = {u"/app", u"Norvaset", u"/home/reader/.local/share/Norvaset", u"/share/norvaset",
+                    u"",     u"/"};
     ports.window = std::make_unique<NoneWindow>();
     ports.menuBar = std::make_unique<NoneMenuBar>();
     ports.statusBar = std::make_unique<NoneStatusBar>();
     ports.textView = std::make_unique<NoneTextView>();
+    ports.htmlView = std::make_unique<NoneHtmlView>();
     ports.dialogs = std::make_unique<NoneDialogs>();
+    ports.helpWindow = std::make_unique<NoneHelpWindow>();
     ports.clipboard = std::make_unique<NoneClipboard>();
     ports.saveTimer = std::make_unique<NoneTimer>();
     ports.shell = std::make_unique<NoneShell>();
@@ -40,6 +43,7 @@ Ports MakeNonePorts() {
     auto versionInfo = std::make_unique<NoneVersionInfo>();
     versionInfo->version = {u"The Company", u"Norvaset", u"", u"", u"", u"", 2, 5, 12};
     ports.versionInfo = std::move(versionInfo);
+    ports.updateCheck = std::make_unique<NoneUpdateCheck>();
     ports.locale = std::make_unique<NoneLocale>();
     return ports;
 }

@@ -3,6 +3,7 @@
 
 #include "platform/none/none_clock.h"
 #include "platform/none/none_files.h"
+#include "platform/none/none_html_view.h"
 #include "platform/none/none_text_view.h"
 #include "platform/none/none_window.h"
 #include "platform/ports.h"
@@ -79,7 +80,11 @@ class NoneDialogs : public Dialogs {
         if (whileOpen) whileOpen();
         return messageAnswer;
     }
-    void SetHelpFile(const std::u16string& path) override { helpFile = path; }
+    int ShowRichMessage(const std::string& rtf, const std::u16string& title,
+                        const std::vector<std::u16string>& buttons) override {
+        richMessages.push_back({rtf, title, buttons});
+        return richMessageAnswer;
+    }
     std::vector<OpenFileRequest> openRequests;
     OpenFileAnswer openAnswer;
     std::vector<std::pair<std::u16string, std::u16string>> textRequests;
@@ -92,8 +97,30 @@ class NoneDialogs : public Dialogs {
     FindAnswer findAnswer;
     std::vector<Message> messages;
     DialogResult messageAnswer = DialogResult::Ok;
-    std::u16string helpFile;
+    struct RichMessage {
+        std::string rtf;
+        std::u16string title;
+        std::vector<std::u16string> buttons;
+    };
+    std::vector<RichMessage> richMessages;
+    int richMessageAnswer = 0;
     std::function<void()> whileOpen; // what happens around while a dialog waits
+};
+
+class NoneHelpWindow : public HelpWindow {
+  public:
+    void Show(const HelpContents& given, int at) override {
+        contents = given;
+        page = at;
+        open = true;
+    }
+    bool Raise() override {
+        raised += open;
+        return open;
+    }
+    HelpContents contents;
+    int page = -1, raised = 0;
+    bool open = false;
 };
 
 class NoneClipboard : public Clipboard {
@@ -125,11 +152,13 @@ class NoneShell : public Shell {
     void OpenWith(const std::u16string& program, const std::u16string& argument) override {
         started.emplace_back(program, argument);
     }
+    void OpenAddress(const std::u16string& address) override { opened.push_back(address); }
     bool BecomeOnlyInstance(const std::u16string& name) override {
         instanceName = name;
         return !otherInstanceRuns;
     }
     std::vector<std::pair<std::u16string, std::u16string>> started;
+    std::vector<std::u16string> opened;
     std::u16string instanceName;
     bool otherInstanceRuns = false;
 };
@@ -159,6 +188,18 @@ class NoneVersionInfo : public VersionInfo {
     }
     ProgramVersion version;
     std::map<std::u16string, std::u16string> descriptions;
+};
+
+class NoneUpdateCheck : public UpdateCheck {
+  public:
+    FetchAnswer Fetch(const std::u16string& address) override {
+        fetched.push_back(address);
+        if (whileFetching) whileFetching();
+        return answer;
+    }
+    std::vector<std::u16string> fetched;
+    FetchAnswer answer;
+    std::function<void()> whileFetching;
 };
 
 class NoneLocale : public Locale {

@@ -4,26 +4,31 @@
 #include "platform/qt/file_filter.h"
 #include "platform/qt/find_dialog.h"
 #include "platform/qt/font_dialog.h"
+#include "platform/qt/handler.h"
 #include "platform/qt/qt_text.h"
+#include "platform/qt/rich_message.h"
+#include "platform/qt/window_icon.h"
 
-#include <QDesktopServices>
+#include <QApplication>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QUrl>
 
 #include <algorithm>
 
 namespace {
 
+constexpr int iconSize = 64; // pixels
+
 QMessageBox::Icon NativeIcon(MessageIcon icon) {
     switch (icon) {
+    case MessageIcon::Application:
     case MessageIcon::None: return QMessageBox::NoIcon;
     case MessageIcon::Information: return QMessageBox::Information;
     case MessageIcon::Question: return QMessageBox::Question;
     case MessageIcon::Exclamation: return QMessageBox::Warning;
+    case MessageIcon::Critical: return QMessageBox::Critical;
     }
     return QMessageBox::NoIcon;
 }
@@ -36,21 +41,16 @@ void AddButtons(QMessageBox& box, const Message& message) {
                                                                     : QMessageBox::Ok);
 }
 
-// The box stays open while the user reads the help.
-void AddHelpButton(QMessageBox& box, const QString& helpFile) {
-    QPushButton* help = box.addButton(QMessageBox::Help);
-    help->setEnabled(QFileInfo(helpFile).isFile());
-    help->disconnect(); // from the box, which would close
-    QObject::connect(help, &QPushButton::clicked, &box,
-                     [helpFile] { QDesktopServices::openUrl(QUrl::fromLocalFile(helpFile)); });
-}
-
 } // namespace
 
 QtDialogs::QtDialogs(QWidget* owner) : owner_(owner) {}
 
-void QtDialogs::SetHelpFile(const std::u16string& path) {
-    helpFile_ = ToQt(path);
+// The box stays open while the user reads the help.
+void QtDialogs::AddHelpButton(QMessageBox& box, const std::string& topic) const {
+    QPushButton* help = box.addButton(QMessageBox::Help);
+    help->disconnect(); // from the box, which would close
+    QObject::connect(help, &QPushButton::clicked, &box,
+                     [this, topic] { CallHandler(onHelp, topic); });
 }
 
 OpenFileAnswer QtDialogs::OpenFile(const OpenFileRequest& request) {
@@ -100,12 +100,23 @@ FindAnswer QtDialogs::AskFind(const FindRequest& request) {
 }
 
 DialogResult QtDialogs::ShowMessage(const Message& message) {
-    QMessageBox box(owner_);
+    // A message about the help may come while another message waits.
+    QWidget* waiting = QApplication::activeModalWidget();
+    QMessageBox box(waiting ? waiting : owner_);
+    box.setWindowModality(Qt::WindowModal); // the help window can be used meanwhile
     box.setWindowTitle(ToQt(message.title));
     box.setTextFormat(Qt::PlainText);
     box.setText(ToQt(message.text).replace(QLatin1String("\r\n"), QLatin1String("\n")));
     box.setIcon(NativeIcon(message.icon));
+    if (message.icon == MessageIcon::Application) box.setIconPixmap(ProgramIcon().pixmap(iconSize));
     AddButtons(box, message);
-    if (message.helpButton) AddHelpButton(box, helpFile_);
+    if (message.helpButton) AddHelpButton(box, message.helpTopic);
     return box.exec() == QMessageBox::Ok ? DialogResult::Ok : DialogResult::Cancel;
+}
+
+int QtDialogs::ShowRichMessage(const std::string& rtf, const std::u16string& title,
+                               const std::vector<std::u16string>& buttons) {
+    RichMessage message(owner_, rtf, buttons);
+    message.setWindowTitle(ToQt(title));
+    return message.Ask();
 }

@@ -3,8 +3,6 @@
 
 #include "platform/dialogs.h"
 
-#include <QString>
-
 class QWidget;
 
 class QtDialogs final : public Dialogs {
@@ -17,9 +15,11 @@ class QtDialogs final : public Dialogs {
     FontAnswer ChooseFont(const std::u16string& title, const ViewFont&, Color) override;
     FindAnswer AskFind(const FindRequest&) override;
     DialogResult ShowMessage(const Message&) override;
-    void SetHelpFile(const std::u16string& path) override;
+    int ShowRichMessage(const std::string& rtf, const std::u16string& title,
+                        const std::vector<std::u16string>& buttons) override;
 
   private:
+    void AddHelpButton(class QMessageBox& box, const std::string& topic) const;
+
     QWidget* owner_;
-    QString helpFile_;
 };

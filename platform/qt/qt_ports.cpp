@@ -6,6 +6,7 @@
 #include "platform/qt/launch.h"
 #include "platform/qt/qt_clipboard.h"
 #include "platform/qt/qt_dialogs.h"
+#include "platform/qt/qt_help_window.h"
 #include "platform/qt/qt_locale.h"
 #include "platform/qt/qt_menu_bar.h"
 #include "platform/qt/qt_registry.h"
@@ -13,6 +14,7 @@
 #include "platform/qt/qt_status_bar.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/qt_timer.h"
+#include "platform/qt/qt_update_check.h"
 #include "platform/qt/qt_version_info.h"
 #include "platform/qt/qt_window.h"
 #include "platform/qt/text_view/qt_text_view.h"
@@ -26,6 +28,12 @@
 
 namespace {
 
+// A folder of the installation whose programs' folder this program is in.
+QString Installed(const QString& folder) {
+    return QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../") +
+                           folder);
+}
+
 Launch ThisLaunch(int argc, char** argv) {
     const QString userData = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     const std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
@@ -35,6 +43,7 @@ Launch ThisLaunch(int argc, char** argv) {
     launch.programFolder = FromQt(QCoreApplication::applicationDirPath());
     launch.executableName = FromQt(QFileInfo(QCoreApplication::applicationFilePath()).fileName());
     launch.userDataFolder = FromQt(userData + QStringLiteral("/" PRODUCT_TITLE));
+    launch.sharedFolder = FromQt(Installed(QStringLiteral("share/norvaset")));
     launch.commandLine = PathFromNative(book);
     launch.rootFolder = FromQt(QDir::homePath());
     return launch;
@@ -53,11 +62,14 @@ Ports MakeQtPorts(int argc, char** argv) {
     ports.textView = std::move(textView);
     ports.clipboard = std::make_unique<QtClipboard>();
     ports.dialogs = std::make_unique<QtDialogs>(window.get());
+    ports.helpWindow = std::make_unique<QtHelpWindow>();
     ports.saveTimer = std::make_unique<QtTimer>();
     ports.shell = std::make_unique<QtShell>();
     ports.registry = std::make_unique<QtRegistry>();
     ports.files = std::make_unique<PosixFiles>();
     ports.versionInfo = std::make_unique<QtVersionInfo>();
+    ports.updateCheck = std::make_unique<QtUpdateCheck>(QStringList{
+        QCoreApplication::applicationDirPath(), Installed(QStringLiteral("lib/norvaset"))});
     ports.locale = std::make_unique<QtLocale>();
     ports.clock = std::make_unique<PosixClock>();
     ports.window = std::move(window);

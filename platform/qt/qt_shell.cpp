@@ -1,5 +1,6 @@
 #include "platform/qt/qt_shell.h"
 
+#include "common/web_address.h"
 #include "platform/qt/qt_text.h"
 
 #include <QProcess>
@@ -12,6 +13,11 @@ std::u16string QtShell::DefaultTextEditor() const {
 
 void QtShell::OpenWith(const std::u16string& program, const std::u16string& argument) {
     QProcess::startDetached(ToQt(program), {ToQt(argument)});
+}
+
+void QtShell::OpenAddress(const std::u16string& address) {
+    // The opener of files opens addresses, too.
+    if (IsWebOrMailAddress(address)) OpenWith(DefaultTextEditor(), address);
 }
 
 bool QtShell::BecomeOnlyInstance(const std::u16string& name) {

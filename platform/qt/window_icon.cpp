@@ -1,6 +1,5 @@
 #include "platform/qt/window_icon.h"
 
-#include <QIcon>
 #include <QTimer>
 #include <QWidget>
 
@@ -8,14 +7,14 @@ namespace {
 
 constexpr int afterFirstPaint = 300; // milliseconds
 
+} // namespace
+
 QIcon ProgramIcon() {
     QIcon icon;
     for (const int size : {16, 32, 48, 64, 128})
         icon.addFile(QStringLiteral(":/icons/norvaset-%1.png").arg(size), QSize(size, size));
     return icon;
 }
-
-} // namespace
 
 void ShowIconWhenIdle(QWidget& window) {
     QTimer::singleShot(afterFirstPaint, &window,

@@ -13,10 +13,12 @@
 #include <QFontComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
 #include <QTimer>
 
+#include <algorithm>
 #include <functional>
 
 namespace {
@@ -176,6 +178,79 @@ TEST_CASE("qt dialogs: a search confirmed untouched is exactly the one given") {
         CHECK(answer.wholeWord);
         CHECK_FALSE(answer.matchCase);
     }
+}
+
+TEST_CASE("qt dialogs: a message, its lines and its icon") {
+    QtDialogs dialogs(nullptr);
+    const std::pair<MessageIcon, QMessageBox::Icon> icons[] = {
+        {MessageIcon::None, QMessageBox::NoIcon},
+        {MessageIcon::Information, QMessageBox::Information},
+        {MessageIcon::Question, QMessageBox::Question},
+        {MessageIcon::Exclamation, QMessageBox::Warning},
+        {MessageIcon::Critical, QMessageBox::Critical},
+    };
+    for (const auto& [icon, native] : icons) {
+        Message message;
+        message.text = u"<b>two\r\nlines";
+        message.title = u"Title";
+        message.icon = icon;
+        WhileOpen([native = native](QDialog& dialog) {
+            const auto& box = dynamic_cast<QMessageBox&>(dialog);
+            CHECK(box.text() == "<b>two\nlines");
+            CHECK(box.textFormat() == Qt::PlainText);
+            CHECK(box.windowTitle() == "Title");
+            CHECK(box.icon() == native);
+            Confirm(dialog);
+        });
+        CHECK(dialogs.ShowMessage(message) == DialogResult::Ok);
+    }
+}
+
+TEST_CASE("qt dialogs: the Help button tells the topic, and the message stays") {
+    QtDialogs dialogs(nullptr);
+    std::vector<std::string> asked;
+    dialogs.onHelp = [&asked](const std::string& topic) { asked.push_back(topic); };
+    Message message;
+    message.helpButton = true;
+    message.helpTopic = "mFileOpen";
+    WhileOpen([&asked](QDialog& dialog) {
+        QPushButton* help = nullptr;
+        for (QPushButton* button : dialog.findChildren<QPushButton*>())
+            if (!button->isDefault()) help = button;
+        REQUIRE(help);
+        help->click();
+        help->click();
+        CHECK(asked == std::vector<std::string>{"mFileOpen", "mFileOpen"});
+        CHECK(dialog.isVisible());
+        CHECK(dialog.windowModality() == Qt::WindowModal); // the help window is not held up
+        Press(dialog, Qt::Key_Escape);
+    });
+    CHECK(dialogs.ShowMessage(message) == DialogResult::Ok);
+}
+
+TEST_CASE("qt dialogs: a message of rich text gives the number of the button") {
+    QtDialogs dialogs(nullptr);
+    const auto ask = [&dialogs](const std::function<void(QDialog&)>& act) {
+        WhileOpen(act);
+        return dialogs.ShowRichMessage("{\\rtf1 some {\\ul text}}", u"Title",
+                                       {u"Cancel", u"Download"});
+    };
+    const auto buttons = [](QDialog& dialog) {
+        auto list = dialog.findChildren<QPushButton*>();
+        std::ranges::sort(list, {}, [](const QPushButton* button) { return button->x(); });
+        return list;
+    };
+    CHECK(ask([&](QDialog& dialog) {
+              CHECK(dialog.windowTitle() == "Title");
+              REQUIRE(buttons(dialog).size() == 2);
+              CHECK(buttons(dialog)[0]->text() == "Cancel");
+              CHECK(buttons(dialog)[0]->isDefault());
+              buttons(dialog)[0]->click();
+          }) == 1);
+    CHECK(ask([&](QDialog& dialog) { buttons(dialog)[1]->click(); }) == 2);
+    CHECK(ask([](QDialog& dialog) { Confirm(dialog); }) == 1);
+    CHECK(ask([](QDialog& dialog) { Press(dialog, Qt::Key_Escape); }) == 0);
+    CHECK(ask([](QDialog& dialog) { dialog.close(); }) == 0);
 }
 
 TEST_CASE("qt clipboard: holds the text as plain text and nothing else") {

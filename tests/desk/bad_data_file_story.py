@@ -7,6 +7,7 @@ from harness import books
 from harness.data_file import data_file_bytes, record_line
 from harness.story import Story, main
 from harness.wait import wait_for
+from harness.wine import shown_path
 
 SEED = 5
 READ_ONLY = 0o444
@@ -22,7 +23,7 @@ class BadDataFile(Story):
             file.write(content)
         self.program.start(self.book)
         self.program.wait_for_window()
-        wait_for(lambda: self.program.title().endswith("] - " + self.book), "the book")
+        wait_for(lambda: self.program.title().endswith("] - " + shown_path(self.book)), "the book")
 
     def assert_usable(self, content):
         """The book opens, and its place is kept."""
@@ -32,7 +33,7 @@ class BadDataFile(Story):
         text = self.program.data_bytes().decode()
         self.assertIn(self.book + "=", text)
         self.program.start(self.book)
-        wait_for(lambda: self.program.title().endswith("] - " + self.book), "the book")
+        wait_for(lambda: self.program.title().endswith("] - " + shown_path(self.book)), "the book")
         self.program.close()
 
     def test_random_bytes(self):

@@ -5,6 +5,7 @@ import shutil
 from harness import books
 from harness.data_file import data_file_bytes, record_line
 from harness.story import Story, main
+from harness.wine import shown_path
 
 GIGABYTE = 1 << 30
 
@@ -137,7 +138,7 @@ class BadPath(Story):
         os.remove(other)
         self.program.choose_book(1, 2)
         self.program.answer_message()
-        self.assertEqual(self.program.title(), "Norvaset [Default] - " + self.book)
+        self.assertEqual(self.program.title(), "Norvaset [Default] - " + shown_path(self.book))
         self.program.close()
 
     def test_without_permission(self):

@@ -3,6 +3,7 @@ from harness import books
 from harness.clipboard import copied
 from harness.dialog import Dialog
 from harness.story import Story, main
+from harness.wine import shown_path
 
 PLACES = {100: "a Zephyr from the west", 500: "the zephyrine evening", 900: "no zephyr at all"}
 
@@ -42,7 +43,7 @@ class Find(Story):
         self.program.close()
         record = self.book_record(self.program, self.book)
         self.assertEqual(record["LastPos"], sum(len(line) + 1 for line in self.lines[:500]))
-        self.assertEqual(self.program.data().value("Default\\" + self.book, "HistFind"), "zephyr")
+        self.assertEqual(self.program.data().value("Default\\" + shown_path(self.book), "HistFind"), "zephyr")
 
     def test_whole_words_in_one_case(self):
         self.find("zephyr", "alt+w", "alt+c")

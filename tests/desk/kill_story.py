@@ -7,6 +7,7 @@ from harness import books
 from harness.data_file import data_file_bytes, record_line
 from harness.story import Story, main
 from harness.wait import wait_for
+from harness.wine import found_path
 
 KILLS, SEED = 20, 71
 LONGEST_LIFE = 0.6  # seconds of reading before a kill
@@ -27,7 +28,7 @@ class Kill(Story):
         data = self.program.data()
         self.assertEqual(data.value("mProfileList", "0"), "Default")
         self.assertEqual(sorted(data.paths()), sorted(self.books))
-        return {record["Path"]: record["LastPos"] for record in data.records()}
+        return {found_path(record["Path"]): record["LastPos"] for record in data.records()}
 
     def switch_books(self):
         """The other book, which comes first by this, and the shown one is saved."""

@@ -3,6 +3,7 @@ from harness import books
 from harness.dialog import Dialog
 from harness.story import Story, main
 from harness.wait import wait_for
+from harness.wine import shown_path
 
 
 class Profiles(Story):
@@ -27,7 +28,7 @@ class Profiles(Story):
         dialog = Dialog(self.program, "Open File", "ctrl+o")
         dialog.type(path)
         dialog.close()
-        self.wait_for_title(f"Norvaset [BoDerek] - {path}")
+        self.wait_for_title(f"Norvaset [BoDerek] - {shown_path(path)}")
 
     def choose_second_profile(self):
         """The last item of the Profile menu."""
@@ -44,7 +45,7 @@ class Profiles(Story):
         self.program.finish_keys()
 
         self.choose_second_profile()
-        self.wait_for_title(f"Norvaset [Default] - {self.mine}")
+        self.wait_for_title(f"Norvaset [Default] - {shown_path(self.mine)}")
         self.program.close()
         data = self.program.data()
         self.assertEqual(data.paths("Default"), [self.mine])
@@ -52,9 +53,9 @@ class Profiles(Story):
         self.assertEqual([data.value("mProfileList", key) for key in "01"], ["Default", "BoDerek"])
 
         self.program.start()
-        self.wait_for_title(f"Norvaset [Default] - {self.mine}")
+        self.wait_for_title(f"Norvaset [Default] - {shown_path(self.mine)}")
         self.choose_second_profile()
-        self.wait_for_title(f"Norvaset [BoDerek] - {self.yours}")
+        self.wait_for_title(f"Norvaset [BoDerek] - {shown_path(self.yours)}")
         self.program.close()
         sizes = [self.program.data().records(name)[0]["FontSize"] for name in ("Default", "BoDerek")]
         self.assertEqual(sizes, ["12", "14"])

@@ -4,6 +4,7 @@ import subprocess
 
 from harness import books
 from harness.story import Story, main
+from harness.wine import shown_path
 
 SOON = 5  # seconds; an idle machine needs a fraction of one
 
@@ -34,7 +35,7 @@ class SecondInstance(Story):
         self.assert_ends_at_once()
         self.assert_ends_at_once(self.second)
         self.assert_ends_at_once(self.path("missing.txt"))
-        self.assertEqual(self.running.title(), "Norvaset [Default] - " + self.first)
+        self.assertEqual(self.running.title(), "Norvaset [Default] - " + shown_path(self.first))
         self.running.close()
         self.assertEqual(self.running.data().paths(), [self.first])
 

@@ -3,6 +3,7 @@ from harness import books
 from harness.coming_back import ComingBack
 from harness.story import main
 from harness.text_view import settled_strip, wait_for_strip
+from harness.wine import shown_path
 
 USUAL = {"FontSize": "12", "Wrap": "1", "Align": "0"}
 CHANGED = {"FontSize": "15", "Wrap": "0", "Align": "1"}
@@ -19,7 +20,7 @@ class View(ComingBack):
             self.program.close()
 
     def look(self, path):
-        record = next(r for r in self.program.data().records() if r["Path"] == path)
+        record = next(r for r in self.program.data().records() if r["Path"] == shown_path(path))
         return {name: record[name] for name in USUAL}
 
     def choose(self, key):

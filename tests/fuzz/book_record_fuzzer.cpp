@@ -37,6 +37,9 @@ void Run(std::string& dataFile, bool bookIsFirst) {
     files.AddFile(bookPath, "Once upon a time there was\na book.\n");
     Require(Form_Load(form));
     if (bookIsFirst) Require(GetBookPath(form, 0) == bookPath);
+    auto& html = static_cast<NoneHtmlView&>(*form.ports.htmlView); // the record may say so
+    html.pages[bookPath] = {u"Once upon a time there was\na book.", u"A = B", "windows-1251"};
+    if (!html.navigations.empty()) html.FinishLoading();
     static_cast<NoneTimer&>(*form.ports.saveTimer).Tick(60);
     form.ports.window->Close();
     dataFile = files.Bytes(dataPath);

@@ -250,6 +250,7 @@ TEST_CASE("open: a book that vanished while the list still offers it leaves the 
 
 TEST_CASE("open: an HTML book without an HTML view is told, and the shown book stays") {
     TestForm test;
+    test.form.ports.htmlView.reset();
     test.PutBook(u"/b/a.txt", "shown");
     test.PutBook(u"/b/p.htm", "<html>");
     REQUIRE(test.Start());
@@ -259,6 +260,7 @@ TEST_CASE("open: an HTML book without an HTML view is told, and the shown book s
     CHECK(test.Dialogs().messages[0].text ==
           u"/b/p.htm\r\nThis program has no view for HTML books.");
     CHECK(test.View().TextRange(0, 9) == u"shown");
+    CHECK(test.Menu().mFileEdit[0].tag == u"0"); // the kind of the book that stays
 }
 
 TEST_CASE("open: the look of a record is shown as set") {

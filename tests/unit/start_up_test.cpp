@@ -9,7 +9,6 @@ TEST_CASE("start-up: the first run makes a data file with the scheme and the one
     REQUIRE(test.Start());
     CHECK(test.form.DataFilePath == TestForm::dataPath);
     CHECK(test.form.HelpFilePath == u"/app/Norvaset.hlp");
-    CHECK(test.Dialogs().helpFile == test.form.HelpFilePath);
     CHECK(test.DataFile() ==
           "[Scheme]\r\n"
           "<Path>=<Access>=<Filter>=<FontName>=<FontSize>=<Charset>=<Bold>=<Italic>=<Underline>="

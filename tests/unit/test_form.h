@@ -47,7 +47,11 @@ class TestForm {
     NoneWindow& Window() { return static_cast<NoneWindow&>(*form.ports.window); }
     NoneMenuBar& Menus() { return static_cast<NoneMenuBar&>(*form.ports.menuBar); }
     NoneTextView& View() { return static_cast<NoneTextView&>(*form.ports.textView); }
+    NoneHtmlView& Page() { return static_cast<NoneHtmlView&>(*form.ports.htmlView); }
     NoneDialogs& Dialogs() { return static_cast<NoneDialogs&>(*form.ports.dialogs); }
+    NoneHelpWindow& Help() { return static_cast<NoneHelpWindow&>(*form.ports.helpWindow); }
+    NoneUpdateCheck& Update() { return static_cast<NoneUpdateCheck&>(*form.ports.updateCheck); }
+    NoneVersionInfo& Version() { return static_cast<NoneVersionInfo&>(*form.ports.versionInfo); }
     NoneTimer& Timer() { return static_cast<NoneTimer&>(*form.ports.saveTimer); }
     NoneShell& Shell() { return static_cast<NoneShell&>(*form.ports.shell); }
     NoneRegistry& Registry() { return static_cast<NoneRegistry&>(*form.ports.registry); }

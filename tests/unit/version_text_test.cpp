@@ -1,4 +1,4 @@
-#include "app/version_text.h"
+#include "shell/version_text.h"
 
 #include <doctest/doctest.h>
 

@@ -1,4 +1,6 @@
 """Reading the data file as a person would check it, strictly: a line that is not whole fails."""
+from harness.wine import found_path, shown_path
+
 FIELDS = ["Path", "Access", "Filter", "FontName", "FontSize", "Charset", "Bold", "Italic",
           "Underline", "Strikethru", "Wrap", "Align", "ForeColor", "BackColor", "LastPos", "Size",
           "Title", "Marks"]
@@ -27,7 +29,7 @@ class DataFile:
         return [_record(key, rest) for key, rest in self.sections.get(profile + "\\mFileList", [])]
 
     def paths(self, profile="Default"):
-        return [record["Path"].replace("*", "=") for record in self.records(profile)]
+        return [found_path(record["Path"].replace("*", "=")) for record in self.records(profile)]
 
 
 def _record(key, rest):
@@ -43,7 +45,7 @@ def _record(key, rest):
 def record_line(path, **fields):
     """A record as it stands in the data file."""
     values = {name: "" for name in FIELDS} | {"Filter": "0"} | fields
-    values["Path"] = path.replace("=", "*")
+    values["Path"] = shown_path(path).replace("=", "*")
     return "=".join(str(values[name]) for name in FIELDS)
 
 

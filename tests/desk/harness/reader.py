@@ -9,18 +9,20 @@ from harness.data_file import DataFile
 from harness.picture import grab
 from harness.screen import is_asleep
 from harness.wait import wait_for
+from harness.wine import ON_WINE, PROGRAM, end_prefix, make_prefix, shown_path, wine_environment
 
-PROGRAM = os.environ.get("NORVASET_PROGRAM", "")
+BESIDE = ("Norvaset.hlp", "norvaset-web.so")  # what a program has beside it, on some systems
 NOBODY = 65534
 
 
 class Reader:
-    def __init__(self, screen, folder, as_nobody=False):
+    def __init__(self, screen, folder, as_nobody=False, dots_per_inch=96):
         """A copy of the program in `folder`, so that its data file lies there, too."""
         self.screen, self.folder, self.as_nobody = screen, folder, as_nobody
         self.process = self.window = None
-        self.program = os.path.join(folder, "Norvaset")
-        self.data_path = self.program + ".dat"
+        self.program = os.path.join(folder, os.path.basename(PROGRAM))
+        self.data_path = os.path.join(folder, "Norvaset.dat")
+        self.prefix = os.path.join(folder, "wine")
         self.home = os.path.join(folder, "home")
         self.runtime = os.path.join(folder, "runtime")
         self.tools = os.path.join(folder, "tools")
@@ -28,6 +30,12 @@ class Reader:
             os.makedirs(path, mode=0o755 if path == self.tools else 0o700)
         self._make_opener()
         shutil.copy(PROGRAM, self.program)
+        for name in BESIDE:
+            path = os.path.join(os.path.dirname(PROGRAM), name)
+            if os.path.exists(path):
+                shutil.copy(path, folder)
+        if ON_WINE:
+            make_prefix(self.prefix, dots_per_inch)
         if as_nobody:
             for path in (folder, self.home, self.runtime):
                 os.chown(path, NOBODY, NOBODY)
@@ -45,12 +53,14 @@ class Reader:
     def launch(self, *arguments):
         """Starts the process and waits for nothing."""
         command = [self.program, *arguments]
+        if ON_WINE:
+            command = ["wine", self.program, *map(_argument, arguments)]
         if self.as_nobody:
             ids = ["--reuid", str(NOBODY), "--regid", str(NOBODY), "--clear-groups"]
             command = [shutil.which("setpriv"), *ids, *command]
         environment = self.screen.environment | {
             "PATH": self.tools, "HOME": self.home, "XDG_RUNTIME_DIR": self.runtime,
-            "XDG_DATA_HOME": os.path.join(self.home, "share")}
+            "XDG_DATA_HOME": os.path.join(self.home, "share")} | wine_environment(self.prefix)
         with open(os.path.join(self.folder, "messages.log"), "ab") as messages:
             return subprocess.Popen(command, env=environment, cwd=self.home,
                                     stdin=subprocess.DEVNULL, stdout=messages, stderr=messages)
@@ -72,7 +82,12 @@ class Reader:
         self.wait_for_end()
 
     def terminate(self):
-        self.process.send_signal(signal.SIGTERM)
+        """As the system asks a program to end."""
+        if ON_WINE:
+            self.screen.output("env", f"WINEPREFIX={self.prefix}", "WINEDEBUG=-all", "wine",
+                               "taskkill", "/IM", "Norvaset.exe")
+        else:
+            self.process.send_signal(signal.SIGTERM)
         self.wait_for_end()
 
     def kill(self):
@@ -98,9 +113,22 @@ class Reader:
         if self.process and self.is_alive():
             self.kill()
 
+    def clean_up(self):
+        self.stop()
+        if ON_WINE:
+            end_prefix(self.prefix, self.screen.environment)
+
     def messages(self):
         with open(os.path.join(self.folder, "messages.log"), errors="replace") as file:
             return file.read()
+
+    def opened(self):
+        """What was handed to the desktop's opener so far."""
+        try:
+            with open(self.opened_path, encoding="utf-8") as file:
+                return file.read().splitlines()
+        except FileNotFoundError:
+            return []
 
     # Windows
 
@@ -209,5 +237,9 @@ class Reader:
         return DataFile(self.data_bytes().decode())
 
     def wait_for_book(self, path):
-        wait_for(lambda: self.title() == "Norvaset [Default] - " + path,
+        wait_for(lambda: self.title() == "Norvaset [Default] - " + shown_path(path),
                  f"the title to name {path}")
+
+
+def _argument(argument):
+    return shown_path(argument) if argument.startswith("/") else argument

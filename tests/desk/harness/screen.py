@@ -72,8 +72,8 @@ def is_asleep(process):
         return file.read().rsplit(")", 1)[1].split()[0] == "S"
 
 
-def missing_tools():
+def missing_tools(others):
     def found(tool):
         return any(os.access(os.path.join(folder, tool), os.X_OK)
                    for folder in os.environ["PATH"].split(os.pathsep))
-    return [tool for tool in TOOLS if not found(tool)]
+    return [tool for tool in TOOLS + others if not found(tool)]

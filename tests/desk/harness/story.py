@@ -7,8 +7,9 @@ import tempfile
 import unittest
 
 from harness.picture import keep
-from harness.reader import PROGRAM, Reader
+from harness.reader import Reader
 from harness.screen import Screen, missing_tools
+from harness.wine import ON_WINE, PROGRAM, shown_path
 
 REAL_BOOKS = os.environ.get("REAL_BOOKS", "")
 FAILURES = os.environ.get("DESK_FAILURES", tempfile.gettempdir())  # where pictures of them are kept
@@ -33,7 +34,7 @@ class Story(unittest.TestCase):
         if len(result.failures) + len(result.errors) > failures:
             self._keep_picture()
         for reader in self.readers:
-            reader.stop()
+            reader.clean_up()
         shutil.rmtree(self.folder, ignore_errors=True)
 
     @contextlib.contextmanager
@@ -57,10 +58,10 @@ class Story(unittest.TestCase):
         keep(self.screen, "root", path)
         print("the screen of this failure:", path, file=sys.stderr)
 
-    def reader(self, name="program", as_nobody=False):
+    def reader(self, name="program", **options):
         folder = os.path.join(self.folder, name)
         os.mkdir(folder)
-        self.readers.append(Reader(self.screen, folder, as_nobody))
+        self.readers.append(Reader(self.screen, folder, **options))
         return self.readers[-1]
 
     def path(self, name):
@@ -75,7 +76,7 @@ class Story(unittest.TestCase):
     def book_record(self, reader, path):
         """The record of the book shown last, which must be this one."""
         record = reader.data().records()[0]
-        self.assertEqual(record["Path"], path.replace("=", "*"))
+        self.assertEqual(record["Path"], shown_path(path).replace("=", "*"))
         return record
 
 
@@ -87,7 +88,7 @@ def _open_folder():
 
 
 def main():
-    missing = missing_tools()
+    missing = missing_tools(["wine"] if ON_WINE else [])
     if missing or not os.access(PROGRAM, os.X_OK):
         print("skipped; not found:", ", ".join(missing) or "the program, NORVASET_PROGRAM")
         sys.exit(SKIPPED)

@@ -1,0 +1,133 @@
+#include "books/html_book.h"
+
+#include "app/main_form.h"
+#include "books/book_file.h"
+#include "books/book_kind.h"
+#include "books/charsets.h"
+#include "books/history_list.h"
+#include "books/open_book.h"
+#include "books/save_state.h"
+#include "common/text.h"
+#include "reading/bookmarks.h"
+#include "reading/text_routines.h"
+#include "reading/zoom.h"
+#include "shell/colors.h"
+#include "shell/window_title.h"
+
+#include <algorithm>
+
+bool IsPageShown(const MainForm& form) {
+    return !form.page.path.empty();
+}
+
+bool HasPageBody(const MainForm& form) {
+    return IsPageShown(form) && form.page.restored && form.ports.htmlView->HasBody();
+}
+
+void ShowInHtmlView(MainForm& form, const BookRecord& record, Color backColor) {
+    HtmlView& html = *form.ports.htmlView;
+    const int load = form.page.load + 1;
+    form.page = {};
+    form.page.load = load;
+    form.page.path = record.Path();
+    html.SetVisible(true);
+    form.ports.textView->SetVisible(false);
+    form.ports.textView->SetBackColor(backColor);
+    form.shownCodePage = 0;
+    SetZoomStep(form, record.Number(Field::FontSize));
+    html.Navigate(form.page.path, load);
+    html.FocusView();
+}
+
+void LeavePage(MainForm& form) {
+    if (!IsPageShown(form)) return;
+    const int load = form.page.load; // numbers are not used again
+    form.page = {};
+    form.page.load = load;
+    form.ports.htmlView->Clear();
+    form.ports.htmlView->SetVisible(false);
+    form.ports.textView->SetVisible(true);
+    form.ports.textView->FocusView();
+}
+
+namespace {
+int PageCharset(const HtmlView& html) {
+    return CodePageToCharset(CharsetCodePage(CharsetTableName(html.Charset())));
+}
+
+// One line of bounded length, without what separates the fields of a record.
+std::u16string StoredTitle(const std::u16string& title) {
+    constexpr std::size_t longestTitle = 1000; // units; more than any caption shows
+    const auto decoded =
+        OneLine(DecodeCharRefs(std::u16string_view(title).substr(0, longestTitle)));
+    return Replace(TrimBlanks(decoded), u"=", u"&#61;");
+}
+
+// Not when the shown book has been removed from the list, where another one is the first now.
+bool IsPageOfFirstRecord(const MainForm& form) {
+    return IsPageShown(form) && form.page.path == GetBookPath(form, 0);
+}
+
+void TakeDocumentIntoRecord(MainForm& form) {
+    const HtmlView& html = *form.ports.htmlView;
+    BookRecord record = BookRecord::Parse(form.menu.mFileList[0].tag);
+    record[Field::Charset] = NumberText(PageCharset(html));
+    record[Field::Title] = StoredTitle(html.Title());
+    form.menu.mFileList[0].tag = record.ToText();
+    SetHistoryCaption(form, 0);
+    UpdateWindowTitle(form);
+}
+
+void BringToPlace(MainForm& form) {
+    HtmlView& html = *form.ports.htmlView;
+    html.SetBackColor(SwapColorOrder(form.ports.textView->BackColor()));
+    // Another size lays the page out anew: the place is one of the page as it was read.
+    ApplyZoomStep(form);
+    if (IsPageOfFirstRecord(form)) {
+        const BookRecord record = BookRecord::Parse(form.menu.mFileList[0].tag);
+        html.ScrollTo(0, std::max(record.Number(Field::LastPos), 0));
+    }
+    form.page.restored = true;
+}
+} // namespace
+
+void wbMain_DocumentComplete(MainForm& form, const std::u16string& url) {
+    if (url.empty() || url == u"http:///" || !IsPageShown(form) || form.page.restored) return;
+    const bool listed = IsPageOfFirstRecord(form);
+    if (listed) TakeDocumentIntoRecord(form);
+    BringToPlace(form);
+    if (listed) RefreshBookmarkMenu(form, -1, true); // last, as it may wait for the page
+}
+
+void TakePageState(const MainForm& form, BookRecord& record, bool takesPlace) {
+    if (!HasPageBody(form)) return;
+    if (takesPlace && !IsPageOfFirstRecord(form)) return;
+    const HtmlView& html = *form.ports.htmlView;
+    record[Field::FontSize] = NumberText(ZoomStep(form));
+    record[Field::Charset] = NumberText(PageCharset(html));
+    if (takesPlace) record[Field::LastPos] = NumberText(html.ScrollTop());
+}
+
+void wbMain_Gone(MainForm& form) {
+    if (!IsPageShown(form)) return;
+    SaveBookState(form, 0);
+    form.page.restored = false;
+    ShowBookMessage(form, form.page.path +
+                              u"\r\nThe page can no longer be shown. Refresh (F5) loads it again.");
+}
+
+namespace {
+// A page may lead to pictures and archives, too: those are no books.
+int KindOfLink(const std::u16string& path) {
+    for (const char16_t* pattern : {u"*.htm", u"*.html", u"*.xhtml"})
+        if (MatchesPattern(path, pattern)) return HtmlBook;
+    return KindOfBook(path, "");
+}
+} // namespace
+
+void wbMain_Link(MainForm& form, const std::u16string& path) {
+    const int kind = KindOfLink(path);
+    if (path.empty() || kind == OtherBook) return;
+    SaveBookState(form, 0);
+    OpenBook(form, path, kind == HtmlBook ? kind : -1);
+}

@@ -1,0 +1,130 @@
+#include "platform/none/none_html_view.h"
+
+#include "common/find_text.h"
+
+#include <algorithm>
+
+void NoneHtmlView::Navigate(const std::u16string& path, int page) {
+    Forget();
+    navigations.push_back(path);
+    loads.push_back(page);
+}
+
+void NoneHtmlView::Clear() {
+    Forget();
+    ++clears;
+}
+
+void NoneHtmlView::Forget() {
+    document_ = {};
+    loaded_ = dead_ = false;
+    scrollTop_ = 0;
+    selection_ = {};
+}
+
+void NoneHtmlView::FinishLoading() {
+    const std::u16string path = navigations.back();
+    document_ = pages[path];
+    loaded_ = true;
+    onLoaded(loads.back(), u"file://" + path);
+}
+
+void NoneHtmlView::Die() {
+    dead_ = true;
+    onGone();
+}
+
+bool NoneHtmlView::Ask() {
+    ++questions;
+    if (whileAsked) whileAsked();
+    return answers && !dead_ && HasBody();
+}
+
+PageSpan NoneHtmlView::Inside(const PageSpan& span) const {
+    const TextPos start = std::clamp(span.start, 0, Length());
+    return {start, std::clamp(span.length, 0, Length() - start)};
+}
+
+std::u16string NoneHtmlView::TextOf(const PageSpan& span) const {
+    const PageSpan inside = Inside(span);
+    return document_.text.substr(inside.start, inside.length);
+}
+
+int NoneHtmlView::LineOf(TextPos position) const {
+    const auto end = document_.text.begin() + std::clamp(position, 0, Length());
+    return static_cast<int>(std::count(document_.text.begin(), end, u'\n'));
+}
+
+int NoneHtmlView::TopOf(TextPos position) const {
+    return Margin + LineOf(position) * LineHeight;
+}
+
+int NoneHtmlView::Within(int top) const {
+    const int height = TopOf(Length()) + LineHeight + Margin;
+    return std::clamp(top, 0, std::max(height - ViewHeight(), 0));
+}
+
+void NoneHtmlView::ScrollTo(int left, int top) {
+    scrolls.emplace_back(left, top);
+    scrollTop_ = Within(top);
+}
+
+void NoneHtmlView::ScrollSpanToTop(const PageSpan& span) {
+    ScrollTo(0, TopOf(span.start) - Margin);
+}
+
+void NoneHtmlView::Select(const PageSpan& span) {
+    selection_ = Inside(span);
+    const int top = TopOf(selection_.start);
+    if (top < scrollTop_) scrollTop_ = Within(top);
+    if (top + LineHeight > scrollTop_ + ViewHeight())
+        scrollTop_ = Within(top + LineHeight - ViewHeight());
+}
+
+void NoneHtmlView::SelectAll() {
+    selection_ = {0, Length()};
+}
+
+PageSelection NoneHtmlView::Selection() const {
+    return {selection_, TopOf(selection_.start) - scrollTop_};
+}
+
+std::vector<std::u16string> NoneHtmlView::TextsOf(const std::vector<PageSpan>& spans) {
+    std::vector<std::u16string> texts;
+    if (!Ask()) return texts;
+    for (const PageSpan& span : spans)
+        texts.push_back(TextOf(span));
+    return texts;
+}
+
+std::u16string NoneHtmlView::SelectedText() {
+    return Ask() ? TextOf(selection_) : u"";
+}
+
+std::u16string NoneHtmlView::SelectionAsHtml() {
+    return Ask() ? u"<p>" + TextOf(selection_) + u"</p>" : u"";
+}
+
+std::optional<PageMatch> NoneHtmlView::FindBehindSelection(std::u16string_view what,
+                                                           FindOptions options) {
+    if (!Ask()) return std::nullopt;
+    const TextPos start = selection_.start + selection_.length;
+    const auto found = FindText(document_.text, what, static_cast<std::size_t>(start), options);
+    if (found == std::u16string::npos) return std::nullopt;
+    const auto position = static_cast<TextPos>(found);
+    const auto lineStart = document_.text.rfind(u'\n', found) + 1; // 0 on the first line
+    PageMatch match;
+    match.span = {position, static_cast<TextPos>(what.size())};
+    match.left = Margin + static_cast<int>(found - lineStart) * CellWidth;
+    match.top = TopOf(position) - scrollTop_;
+    match.searchTop = TopOf(start) - scrollTop_;
+    return match;
+}
+
+TextPos NoneHtmlView::StartAtTop() {
+    if (!Ask()) return -1;
+    TextPos start = 0;
+    while (start < Length() && TopOf(start) < scrollTop_ + Margin)
+        ++start;
+    return start;
+}

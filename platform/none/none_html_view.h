@@ -1,0 +1,83 @@
+// The headless HTML view: pages of plain lines that a test puts under their paths, and a memory of
+// what it was asked.
+#pragma once
+
+#include "platform/html_view.h"
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+struct NonePage {
+    std::u16string text; // by the count of html_view.h; each line of it is one line of the page
+    std::u16string title;
+    std::string charset = "UTF-8";
+    bool hasBody = true;
+};
+
+class NoneHtmlView : public HtmlView {
+  public:
+    static constexpr int LineHeight = 16, CellWidth = 8, Margin = 8; // CSS pixels
+
+    // What a test sets up and does.
+    std::map<std::u16string, NonePage> pages; // by path
+    bool answers = true;                      // false: every question runs out of time
+    std::function<void()> whileAsked;         // what happens around while a question waits
+    void FinishLoading();                     // of the page navigated to last
+    void Die();
+    void ScrollByHand(int top) { scrollTop_ = Within(top); }
+
+    void Navigate(const std::u16string& path, int page) override;
+    void Clear() override;
+    void ScrollTo(int left, int top) override;
+    void ScrollSpanToTop(const PageSpan&) override;
+    void Select(const PageSpan&) override;
+    void SelectAll() override;
+    void SetBackColor(std::uint32_t redGreenBlue) override { backColors.push_back(redGreenBlue); }
+    void SendZoomKey(bool larger) override { zoomKeys.push_back(larger); }
+
+    bool HasBody() const override { return loaded_ && document_.hasBody; }
+    bool HasText() const override { return HasBody() && !document_.text.empty(); }
+    std::string Charset() const override { return loaded_ ? document_.charset : ""; }
+    std::u16string Title() const override { return loaded_ ? document_.title : u""; }
+    int ScrollTop() const override { return scrollTop_; }
+    int ViewHeight() const override { return bounds.height; }
+    int TopMargin() const override { return Margin; }
+    PageSelection Selection() const override;
+
+    std::vector<std::u16string> TextsOf(const std::vector<PageSpan>&) override;
+    std::u16string SelectedText() override;
+    std::u16string SelectionAsHtml() override;
+    std::optional<PageMatch> FindBehindSelection(std::u16string_view what, FindOptions) override;
+    TextPos StartAtTop() override;
+
+    void SetBounds(const Rect& given) override { bounds = given; }
+    void SetVisible(bool given) override { visible = given; }
+    void FocusView() override { ++focused; }
+
+    // What was asked, in order.
+    std::vector<std::u16string> navigations;
+    std::vector<int> loads; // their numbers
+    std::vector<bool> zoomKeys;
+    std::vector<std::uint32_t> backColors;
+    std::vector<std::pair<int, int>> scrolls; // left, top
+    int questions = 0, focused = 0, clears = 0;
+    bool visible = false;
+    Rect bounds{0, 0, 640, 400};
+
+  private:
+    bool Ask(); // false when the page does not answer
+    TextPos Length() const { return static_cast<TextPos>(document_.text.size()); }
+    PageSpan Inside(const PageSpan&) const;
+    std::u16string TextOf(const PageSpan&) const;
+    int LineOf(TextPos position) const;
+    int TopOf(TextPos position) const; // from the page's top edge
+    int Within(int top) const;
+    void Forget();
+
+    NonePage document_;
+    bool loaded_ = false, dead_ = false;
+    int scrollTop_ = 0;
+    PageSpan selection_;
+};

@@ -1,0 +1,6 @@
+// What the program calls in the module, by its name.
+#include "platform/qt/web_fetch/web_fetch.h"
+
+extern "C" Q_DECL_EXPORT void NorvasetFetch(const QString& address, FetchAnswer& answer) {
+    answer = FetchFromWeb(QUrl(address, QUrl::StrictMode));
+}

@@ -1,0 +1,101 @@
+#include "shell/update_check.h"
+
+#include "app/main_form.h"
+#include "formats/rtf_write_tables.h"
+#include "reading/hourglass.h"
+#include "shell/product_web.h"
+#include "shell/version_text.h"
+
+#include <array>
+#include <charconv>
+
+namespace {
+constexpr std::string_view before = "{\"version\":\"", after = "\"}\n";
+constexpr int largestNumber = 65'535; // what a version resource can hold
+
+// The number at the start of the text, which it is taken from; -1 when there is none. A number is
+// written in one way only.
+int TakeNumber(std::string_view& text) {
+    int number = -1;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    const auto length = static_cast<std::size_t>(end - text.data());
+    if (error != std::errc() || number < 0 || number > largestNumber || text[0] == '-') return -1;
+    if (text[0] == '0' && length > 1) return -1;
+    text.remove_prefix(length);
+    return number;
+}
+
+void Tell(MainForm& form, MessageIcon icon, const std::u16string& text) {
+    Message message;
+    message.icon = icon;
+    message.title = form.productTitle;
+    message.text = text;
+    form.ports.dialogs->ShowMessage(message);
+}
+
+void Offer(MainForm& form, const ProgramVersion& own, const std::u16string& newVersion) {
+    const std::u16string setup =
+        ProductAddress(own) + form.ports.launch.executableName + u"_Setup.exe";
+    const int pressed = form.ports.dialogs->ShowRichMessage(
+        UpdateOffer(newVersion, setup), form.productTitle, {u"Cancel", u"Download"});
+    if (pressed == 2) OpenWebAddress(form, setup);
+}
+
+FetchAnswer Fetch(MainForm& form, const std::u16string& address) {
+    const Hourglass hourglass(*form.ports.textView);
+    return form.ports.updateCheck->Fetch(address);
+}
+} // namespace
+
+std::u16string UpdateAddress(const ProgramVersion& version, const std::u16string& executableName) {
+    return ProductAddress(version) + executableName + u".js";
+}
+
+std::optional<VersionNumbers> ParseUpdateFile(std::string_view bytes) {
+    if (!bytes.starts_with(before) || !bytes.ends_with(after)) return std::nullopt;
+    bytes.remove_prefix(before.size());
+    std::array<int, 3> numbers{};
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        numbers[i] = TakeNumber(bytes);
+        const std::string_view follows = i + 1 < numbers.size() ? "." : after;
+        if (numbers[i] < 0 || !bytes.starts_with(follows)) return std::nullopt;
+        bytes.remove_prefix(follows.size());
+    }
+    if (!bytes.empty()) return std::nullopt;
+    return VersionNumbers{numbers[0], numbers[1], numbers[2]};
+}
+
+UpdateResult CompareVersions(const ProgramVersion& own, std::string_view updateFile) {
+    const auto newest = ParseUpdateFile(updateFile);
+    if (!newest) return {};
+    ProgramVersion version;
+    version.major = newest->major;
+    version.minor = newest->minor;
+    version.revision = newest->revision;
+    const bool isNewer = *newest > VersionNumbers{own.major, own.minor, own.revision};
+    return {isNewer ? 1 : 0, VersionText(version, true)};
+}
+
+std::string UpdateOffer(std::u16string_view newVersion, std::u16string_view setupAddress) {
+    std::string rtf = "{\\rtf1\\ansi{\\colortbl;\\red0\\green0\\blue255;}\\f0\\fs16 Version ";
+    AppendRtfText(rtf, newVersion);
+    rtf += " is now available to download:\\par \\cf1{\\ul ";
+    AppendRtfText(rtf, setupAddress);
+    return rtf += "}}";
+}
+
+void mHelpUpdate_Click(MainForm& form, int) {
+    const ProgramVersion own = form.ports.versionInfo->OwnVersion();
+    const FetchAnswer answer = Fetch(form, UpdateAddress(own, form.ports.launch.executableName));
+    if (answer.status == FetchStatus::Abandoned) return;
+    const UpdateResult check =
+        answer.status == FetchStatus::Ok ? CompareVersions(own, answer.bytes) : UpdateResult();
+    switch (check.result) {
+    case -1:
+        return Tell(form, MessageIcon::Critical,
+                    u"Remote resource is not accessible now.\r\nPlease try later.");
+    case 0:
+        return Tell(form, MessageIcon::Information, u"Your copy of the application is up to date.");
+    case 1: return Offer(form, own, check.newVersion);
+    }
+}

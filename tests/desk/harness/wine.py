@@ -1,0 +1,53 @@
+"""Wine: the Windows program's names for files, and a Windows installation for each reader."""
+import os
+import re
+import shutil
+import subprocess
+
+PROGRAM = os.environ.get("NORVASET_PROGRAM", "")
+ON_WINE = PROGRAM.endswith(".exe")
+TEMPLATE = os.environ.get("WINE_TEMPLATE", "")  # a Wine prefix that scripts/wine has made
+
+
+def shown_path(path):
+    """A file's name as the program shows and stores it."""
+    return "Z:" + path.replace("/", "\\") if ON_WINE else path
+
+
+def found_path(name):
+    """The file of a name that the program has stored."""
+    return name[2:].replace("\\", "/") if ON_WINE and name[:2].upper() == "Z:" else name
+
+
+def make_prefix(folder, dots_per_inch):
+    """A Wine prefix of a reader's own: the system's files are links, the registry is a copy."""
+    os.makedirs(os.path.join(folder, "dosdevices"))
+    os.symlink("../drive_c", os.path.join(folder, "dosdevices", "c:"))
+    os.symlink("/", os.path.join(folder, "dosdevices", "z:"))
+    subprocess.run(["cp", "-as", os.path.join(TEMPLATE, "drive_c"), folder], check=True)
+    for name in ("system.reg", "user.reg", "userdef.reg", ".update-timestamp"):
+        shutil.copy(os.path.join(TEMPLATE, name), folder)
+    _set_resolution(os.path.join(folder, "user.reg"), dots_per_inch)
+
+
+def _set_resolution(registry, dots_per_inch):
+    with open(registry, encoding="utf-8", errors="surrogateescape") as file:
+        text = file.read()
+    line = f'"LogPixels"=dword:{dots_per_inch:08x}\n'
+    text = re.sub(r'"LogPixels"=.*\n', "", text)
+    text = re.sub(r"(\[Control Panel\\\\Desktop\][^\n]*\n(?:#[^\n]*\n)*)",
+                  lambda match: match[1] + line, text)
+    with open(registry, "w", encoding="utf-8", errors="surrogateescape") as file:
+        file.write(text)
+
+
+def wine_environment(prefix):
+    return {"WINEPREFIX": prefix, "WINEDEBUG": "-all",
+            "WINEDLLOVERRIDES": "mscoree,mshtml=;winemenubuilder.exe=d"}
+
+
+def end_prefix(prefix, variables):
+    """Ends what runs in this prefix, and nothing else."""
+    subprocess.run([shutil.which("wineserver") or "/usr/lib/wine/wineserver64", "-k"],
+                   env=variables | wine_environment(prefix), check=False,
+                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)

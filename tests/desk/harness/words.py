@@ -1,0 +1,27 @@
+"""The words that a window shows, read off the screen."""
+import shutil
+import subprocess
+
+ENLARGED = "300%"  # small letters are read badly
+
+
+def can_read():
+    return shutil.which("tesseract") is not None
+
+
+def squeezed(text):
+    """Without blanks, which are not always seen where they are."""
+    return "".join(text.split())
+
+
+def words_shown(screen, window):
+    """The text of the window, squeezed; "" while it cannot be read."""
+    picture = subprocess.run(["import", "-silent", "-window", str(window), "-colorspace", "gray",
+                              "-resize", ENLARGED, "png:-"],
+                             env=screen.environment, capture_output=True, check=False)
+    if picture.returncode != 0:
+        return ""
+    read = subprocess.run(["tesseract", "-", "-", "--psm", "11"], input=picture.stdout,
+                          env=screen.environment | {"OMP_THREAD_LIMIT": "1"},
+                          capture_output=True, check=False)
+    return squeezed(read.stdout.decode(errors="replace"))
