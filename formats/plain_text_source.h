@@ -12,7 +12,7 @@
 #include <vector>
 
 // The rest of a longer file is left out: positions have 32 bits.
-constexpr std::uint64_t largestPlainText = 2'000'000'000; // bytes
+constexpr std::uint64_t largestPlainText = std::uint64_t{1900} << 20; // bytes
 
 class PlainTextSource : public TextSource {
   public:

@@ -160,6 +160,17 @@ TEST_CASE("text source: a position's byte and back") {
     CHECK(empty.PositionOf(5) == 0);
 }
 
+TEST_CASE("text source: positions move to the same bytes in another code page") {
+    // Two letters of two bytes, a line end of two, then "ab": in 932 and byte by byte.
+    const auto bytes = Reader("\x93\xFA\x96\x7B\r\nab");
+    const PlainTextSource pairs(bytes, 932, 1252, 3), single(bytes, 1252, 1252, 2);
+    const TextPos inPairs[] = {0, 1, 2, 3, 4, 5, 99}, inSingle[] = {0, 2, 4, 5, 6, 7, 7};
+    for (std::size_t i = 0; i < std::size(inPairs); ++i) {
+        CHECK(single.PositionOf(pairs.ByteOf(inPairs[i])) == inSingle[i]);
+        CHECK(pairs.PositionOf(single.ByteOf(inSingle[i])) == std::min(inPairs[i], 5));
+    }
+}
+
 TEST_CASE("text source: breaks are found across pieces") {
     const PlainTextSource source(Reader("ab\ncdefgh\nij"), 0, 1252, 2);
     CHECK(source.FirstBreak(0, 99) == 2);
