@@ -63,6 +63,27 @@ std::string FirstBytes(const FileReader& file, std::uint64_t count) {
     bytes.resize(file.ReadAt(0, bytes.data(), bytes.size()));
     return bytes;
 }
+
+BookContent InMemory(std::string bytes) {
+    if (LooksLikeRtf(bytes)) return {std::move(bytes), nullptr};
+    return {"", std::make_shared<BytesReader>(std::move(bytes))};
+}
+
+// A file that is not taken into memory as it comes.
+ReadStatus OpenLarge(const MainForm& form, const std::u16string& path, BookContent& content,
+                     std::uint64_t& limit) {
+    ReadStatus status = ReadStatus::Failed;
+    std::shared_ptr<const FileReader> file = form.ports.files->Open(path, status);
+    if (!file) return status;
+    const bool rich = LooksLikeRtf(FirstBytes(*file, examinedBytes));
+    limit = rich ? largestBook : form.ports.textView->LargestText();
+    if (file->Size() > limit) return ReadStatus::TooLarge;
+    if (rich)
+        content.richText = FirstBytes(*file, limit);
+    else
+        content.plainText = std::move(file);
+    return ReadStatus::Ok;
+}
 } // namespace
 
 std::optional<std::string> ExamineBookFile(MainForm& form, const std::u16string& path) {
@@ -86,19 +107,13 @@ std::optional<std::string> ExamineBookFile(MainForm& form, const std::u16string&
 }
 
 std::optional<BookContent> ReadBookFile(MainForm& form, const std::u16string& path) {
-    ReadStatus status = ReadStatus::Failed;
-    std::shared_ptr<const FileReader> file = form.ports.files->Open(path, status);
-    const std::string start = file ? FirstBytes(*file, examinedBytes) : std::string();
-    if (file && start.empty() && file->Size() > 0) status = ReadStatus::Failed;
-    const bool rich = LooksLikeRtf(start);
-    const std::uint64_t limit = rich ? largestBook : form.ports.textView->LargestText();
-    if (status == ReadStatus::Ok && file->Size() > limit) status = ReadStatus::TooLarge;
-    if (status != ReadStatus::Ok) {
-        TellWhyNot(form, path, status, limit);
-        return std::nullopt;
-    }
-    if (rich) return BookContent{FirstBytes(*file, limit), nullptr};
-    if (file->Size() <= steadySize)
-        file = std::make_shared<BytesReader>(FirstBytes(*file, steadySize));
-    return BookContent{"", std::move(file)};
+    std::string bytes;
+    ReadStatus status = form.ports.files->Read(path, steadySize, bytes);
+    if (status == ReadStatus::Ok) return InMemory(std::move(bytes));
+    BookContent content;
+    std::uint64_t limit = largestBook;
+    if (status == ReadStatus::TooLarge) status = OpenLarge(form, path, content, limit);
+    if (status == ReadStatus::Ok) return content;
+    TellWhyNot(form, path, status, limit);
+    return std::nullopt;
 }
