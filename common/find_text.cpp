@@ -142,8 +142,41 @@ bool AsciiSearch::IsAt(std::string_view bytes, std::size_t at) const {
     return true;
 }
 
+void AsciiSearch::LearnFrom(std::string_view sample) {
+    constexpr std::size_t oftenEnoughForBlocks = 64; // one byte of so many
+    std::array<std::size_t, 0x100> counts{};
+    for (const char byte : sample)
+        ++counts[static_cast<unsigned char>(byte)];
+    std::size_t least = sample.size() / oftenEnoughForBlocks;
+    rarest_ = std::string::npos;
+    for (std::size_t i = 0; i < what_.size(); ++i) {
+        const auto one = static_cast<unsigned char>(what_[i]);
+        const auto other = static_cast<unsigned char>(other_[i]);
+        const std::size_t count = counts[one] + (one == other ? 0 : counts[other]);
+        if (count >= least) continue;
+        least = count;
+        rarest_ = i;
+    }
+}
+
 bool AsciiSearch::IsIn(std::string_view bytes) const {
     if (what_.size() > bytes.size()) return false;
+    if (rarest_ == std::string::npos) return IsInBlocks(bytes);
+    const char one = what_[rarest_], other = other_[rarest_];
+    return IsAround(one, bytes) || (other != one && IsAround(other, bytes));
+}
+
+bool AsciiSearch::IsAround(char letter, std::string_view bytes) const {
+    const std::size_t behind = what_.size() - rarest_; // bytes from the letter to the end
+    for (std::size_t at = bytes.find(letter, rarest_); at != std::string_view::npos;
+         at = bytes.find(letter, at + 1)) {
+        if (bytes.size() - at < behind) return false;
+        if (IsAt(bytes, at - rarest_)) return true;
+    }
+    return false;
+}
+
+bool AsciiSearch::IsInBlocks(std::string_view bytes) const {
     const std::array first{what_.front(), other_.front()}, last{what_.back(), other_.back()};
     const std::size_t end = bytes.size() - what_.size() + 1;
     for (std::size_t start = 0; start < end;) {

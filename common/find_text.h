@@ -37,10 +37,15 @@ class AsciiSearch {
     AsciiSearch(std::u16string_view what, FindOptions options);
 
     bool IsEmpty() const { return what_.empty(); }
+    // Prepares for bytes like these: looks for the letter that is rarest in them.
+    void LearnFrom(std::string_view sample);
     bool IsIn(std::string_view bytes) const;
 
   private:
     bool IsAt(std::string_view bytes, std::size_t at) const;
+    bool IsAround(char letter, std::string_view bytes) const;
+    bool IsInBlocks(std::string_view bytes) const;
 
-    std::string what_, other_; // the other case of each letter, unless case matters
+    std::string what_, other_;               // the other case of each letter, unless case matters
+    std::size_t rarest_ = std::string::npos; // its place in the search, when it is rare enough
 };

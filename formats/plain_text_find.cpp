@@ -19,8 +19,9 @@ TextPos PlainTextSource::Find(std::u16string_view what, TextPos start, FindOptio
     if (what.empty() || what.size() > static_cast<std::size_t>(Length() - start)) return -1;
     const auto length = static_cast<TextPos>(what.size());
     const TextSearch search(what, options);
-    const AsciiSearch sieve(KeepsAscii(form_.encoding) ? what : std::u16string_view(), options);
+    AsciiSearch sieve(KeepsAscii(form_.encoding) ? what : std::u16string_view(), options);
     std::string buffer;
+    if (!sieve.IsEmpty()) sieve.LearnFrom(BytesFrom(PieceWith(start), 0, buffer));
     for (std::size_t piece = PieceWith(start); piece + 1 < marks_.size(); ++piece) {
         const std::size_t reach = mostBytesOfUnit * what.size();
         if (!sieve.IsEmpty() && !sieve.IsIn(BytesFrom(piece, reach, buffer))) continue;
