@@ -80,23 +80,26 @@ std::size_t ValidUtf8Length(std::string_view bytes) {
 }
 
 namespace {
+// A byte as a signed number in the same order, which is what processors compare.
+constexpr signed char Place(unsigned char byte) {
+    return static_cast<signed char>(byte ^ 0x80);
+}
+
 // Whether something is wrong at this byte, told from it and the three before it. Only comparisons
 // of bytes, no branch: the compiler looks at many bytes at once.
-unsigned char IsWrongAt(const unsigned char* at) {
-    // Signed, and ordered as the bytes are: that is what processors compare.
-    const auto place = [](unsigned byte) {
-        return static_cast<signed char>(static_cast<unsigned char>(byte ^ 0x80));
-    };
-    const signed char now = place(at[0]), before = place(at[-1]);
-    const bool wanted = (before >= place(0xC0)) | (place(at[-2]) >= place(0xE0)) |
-                        (place(at[-3]) >= place(0xF0));
-    const bool continues = (now >= place(0x80)) & (now < place(0xC0));
-    const bool never = (now == place(0xC0)) | (now == place(0xC1)) | (now >= place(0xF5));
-    const bool overlong = ((before == place(0xE0)) & (now < place(0xA0))) |
-                          ((before == place(0xF0)) & (now < place(0x90)));
-    const bool outside = ((before == place(0xED)) & (now >= place(0xA0))) |
-                         ((before == place(0xF4)) & (now >= place(0x90)));
-    return static_cast<unsigned char>((wanted ^ continues) | never | overlong | outside);
+bool IsWrongAt(const unsigned char* at) {
+    constexpr signed char p80 = Place(0x80), p90 = Place(0x90), pA0 = Place(0xA0);
+    constexpr signed char pC0 = Place(0xC0), pC1 = Place(0xC1), pE0 = Place(0xE0);
+    constexpr signed char pED = Place(0xED), pF0 = Place(0xF0), pF4 = Place(0xF4);
+    constexpr signed char pF5 = Place(0xF5);
+    const signed char now = Place(at[0]), first = Place(at[-1]), second = Place(at[-2]);
+    const signed char third = Place(at[-3]); // before it
+    const bool wanted = (first >= pC0) | (second >= pE0) | (third >= pF0);
+    const bool continues = (now >= p80) & (now < pC0);
+    const bool never = (now == pC0) | (now == pC1) | (now >= pF5);
+    const bool overlong = ((first == pE0) & (now < pA0)) | ((first == pF0) & (now < p90));
+    const bool outside = ((first == pED) & (now >= pA0)) | ((first == pF4) & (now >= p90));
+    return (wanted ^ continues) | never | overlong | outside;
 }
 } // namespace
 
@@ -113,7 +116,7 @@ bool IsValidUtf8(std::string_view bytes) {
         const std::size_t end = std::min(size, at + most);
         unsigned char wrong = 0;
         for (; at < end; ++at)
-            wrong |= IsWrongAt(start + at);
+            wrong = static_cast<unsigned char>(wrong | IsWrongAt(start + at));
         if (wrong) return false;
     }
     const std::size_t last = size - 3;
