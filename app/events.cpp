@@ -4,6 +4,7 @@
 #include "app/start_up.h"
 #include "books/book_file.h"
 #include "books/html_book.h"
+#include "books/html_links.h"
 #include "books/open_book.h"
 #include "books/save_state.h"
 #include "reading/edit.h"
@@ -61,9 +62,10 @@ void ConnectHtmlView(MainForm& form) {
     html.onCommand = [&form](int number) {
         RunCommand(form, [&] { wbMain_Command(form, number); });
     };
-    html.onLink = [&form](const std::u16string&, const std::u16string& path) {
-        RunCommand(form, [&] { wbMain_Link(form, path); });
+    html.onLink = [&form](const std::u16string& url, const std::u16string& path) {
+        RunCommand(form, [&] { wbMain_Link(form, url, path); });
     };
+    html.onJump = [&form](int fromTop) { wbMain_Jump(form, fromTop); };
     html.onFilesDropped = [&form](const std::vector<std::u16string>& paths) {
         RunCommand(form, [&] { rtMain_FilesDropped(form, paths); });
     };

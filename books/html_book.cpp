@@ -115,19 +115,3 @@ void wbMain_Gone(MainForm& form) {
     ShowBookMessage(form, form.page.path +
                               u"\r\nThe page can no longer be shown. Refresh (F5) loads it again.");
 }
-
-namespace {
-// A page may lead to pictures and archives, too: those are no books.
-int KindOfLink(const std::u16string& path) {
-    for (const char16_t* pattern : {u"*.htm", u"*.html", u"*.xhtml"})
-        if (MatchesPattern(path, pattern)) return HtmlBook;
-    return KindOfBook(path, "");
-}
-} // namespace
-
-void wbMain_Link(MainForm& form, const std::u16string& path) {
-    const int kind = KindOfLink(path);
-    if (path.empty() || kind == OtherBook) return;
-    SaveBookState(form, 0);
-    OpenBook(form, path, kind == HtmlBook ? kind : -1);
-}

@@ -6,14 +6,21 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 struct MainForm;
+
+struct PagePlace {
+    std::u16string path; // of the page
+    int top = 0;         // its vertical offset
+};
 
 struct HtmlPage {
     std::u16string path;   // of the shown book; "" while no HTML book is shown
     int load = 0;          // number of its load; one that comes back with another is of a page left
     bool restored = false; // loaded and brought to its place: only then its place can be kept
     int pendingZoomKeys = 0; // sent to the view and not yet seen to arrive
+    std::vector<PagePlace> trail; // where links were followed that led here, the last at the end
 
     // What happened to the page while a command ran, for when that is done.
     std::optional<std::u16string> arrivedUrl;
@@ -34,4 +41,3 @@ void TakePageState(const MainForm&, BookRecord&, bool takesPlace);
 
 void wbMain_DocumentComplete(MainForm&, const std::u16string& url);
 void wbMain_Gone(MainForm&);
-void wbMain_Link(MainForm&, const std::u16string& path); // "" for an address that is no local file

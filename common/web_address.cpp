@@ -11,6 +11,13 @@ bool IsUnreserved(char byte) {
     return (lower >= 'a' && lower <= 'z') || (byte >= '0' && byte <= '9') || byte == '-' ||
            byte == '.' || byte == '_' || byte == '~';
 }
+
+bool IsPlain(std::u16string_view address) {
+    return std::ranges::all_of(address, [](char16_t unit) {
+        return unit > u' ' && unit < 0x7F &&
+               std::u16string_view(u"\"'`<>\\^{|}").find(unit) == std::u16string_view::npos;
+    });
+}
 } // namespace
 
 bool IsWebOrMailAddress(std::u16string_view address) {
@@ -18,10 +25,18 @@ bool IsWebOrMailAddress(std::u16string_view address) {
         return address.size() > scheme.size() && StartsWithIgnoringCase(address, scheme);
     };
     if (!begins(u"https://") && !begins(u"http://") && !begins(u"mailto:")) return false;
-    return std::ranges::all_of(address, [](char16_t unit) {
-        return unit > u' ' && unit < 0x7F &&
-               std::u16string_view(u"\"'`<>\\^{|}").find(unit) == std::u16string_view::npos;
-    });
+    return IsPlain(address);
+}
+
+bool IsProgramAddress(std::u16string_view address) {
+    constexpr std::u16string_view unsafe[] = {u"javascript", u"vbscript", u"data",       u"blob",
+                                              u"file",       u"about",    u"view-source"};
+    const std::u16string_view scheme = address.substr(0, address.find(u':'));
+    if (scheme.size() < 2 || scheme.size() == address.size()) return false; // one letter: a drive
+    const auto isUnsafe = [scheme](std::u16string_view name) {
+        return scheme.size() == name.size() && StartsWithIgnoringCase(scheme, name);
+    };
+    return IsPlain(address) && std::ranges::none_of(unsafe, isUnsafe);
 }
 
 std::u16string PercentEncoded(std::u16string_view text) {

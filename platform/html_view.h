@@ -80,6 +80,9 @@ class HtmlView {
   public:
     virtual ~HtmlView() = default;
 
+    // Whether pages can be shown at all, as far as that is known without loading the engine.
+    virtual bool IsAvailable() const { return true; }
+
     // Orders for the page. `Navigate` gives up the page before: no event of it comes any more, and
     // there is no body until `onLoaded`, which brings `page` back, the caller's number for this
     // load. A file that cannot be shown may have no `onLoaded` at all. Zoom keys not yet told of
@@ -141,6 +144,9 @@ class HtmlView {
     // The user followed a link that leads out of the page. `path` is the full path of a local file,
     // "" for any other address.
     std::function<void(const std::u16string& url, const std::u16string& path)> onLink;
+    // The user followed a link into the same page, which was scrolled to `fromTop` before. Never
+    // while an order or a question of this view runs.
+    std::function<void(int fromTop)> onJump;
     // As the text view's.
     std::function<void(const std::vector<std::u16string>& paths)> onFilesDropped;
 };

@@ -11,8 +11,8 @@ class Shell {
     // Starts a program, detached and without a shell between, with one argument that reaches it as
     // it is. Nothing is told of failure.
     virtual void OpenWith(const std::u16string& program, const std::u16string& argument) = 0;
-    // Gives a web or mail address (https:, http:, mailto:) to the program that the desktop has for
-    // it. Any other address is not opened. Nothing is told of failure.
+    // Gives an address to the program that the desktop has for its scheme. What
+    // `IsProgramAddress` does not take is not opened. Nothing is told of failure.
     virtual void OpenAddress(const std::u16string& address) = 0;
     // Takes the lock of this name for the life of the process; false while another process holds
     // it. The lock dies with its process, however that ends.

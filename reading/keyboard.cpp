@@ -1,6 +1,7 @@
 #include "reading/keyboard.h"
 
 #include "app/main_form.h"
+#include "books/html_links.h"
 #include "books/open_book.h"
 #include "common/key_names.h"
 #include "common/menu_items.h"
@@ -30,7 +31,7 @@ constexpr Shortcut shortcuts[] = {
     {112, 0, &MenuTree::mHelp, &MenuTree::mHelpTopics}, // F1
 };
 
-enum Key { KeyF2 = 113, KeyF4 = 115, NumPlus = 107, NumMinus = 109, Equals = 187, Minus = 189 };
+enum Key { KeyLeft = 37, KeyF2 = 113, KeyF4 = 115, NumPlus = 107, NumMinus = 109, Equals = 187, Minus = 189 };
 
 bool Choose(MainForm& form, MenuArray& menu, MenuArray& command) {
     const MenuHandler opening = HandlerOf(menu), click = HandlerOf(command);
@@ -53,6 +54,7 @@ void Form_KeyDown(MainForm& form, int keyCode, int shift) {
     for (const Shortcut& shortcut : shortcuts)
         if (shortcut.key == keyCode && shortcut.shift == shift)
             Choose(form, form.menu.*shortcut.menu, form.menu.*shortcut.command);
+    if (keyCode == KeyLeft && shift == AltKey) GoBackAlongLinks(form);
     if (keyCode == KeyF4 && shift == AltKey) form.ports.window->Close();
 }
 

@@ -17,7 +17,7 @@ void QtShell::OpenWith(const std::u16string& program, const std::u16string& argu
 
 void QtShell::OpenAddress(const std::u16string& address) {
     // The opener of files opens addresses, too.
-    if (IsWebOrMailAddress(address)) OpenWith(DefaultTextEditor(), address);
+    if (IsProgramAddress(address)) OpenWith(DefaultTextEditor(), address);
 }
 
 bool QtShell::BecomeOnlyInstance(const std::u16string& name) {

@@ -167,7 +167,8 @@ void CheckStamps(FilesUnderTest& test) {
     CHECK(files.SetStamp(file, summer, FileStamp::LastAccess));
     CHECK(files.Stamp(file, FileStamp::LastWrite) == LongAgo);
     CHECK(files.Stamp(file, FileStamp::LastAccess) == summer);
-    if (const auto creation = files.Stamp(file, FileStamp::Creation)) CHECK(creation->year > 2020);
+    const auto creation = files.Stamp(file, FileStamp::Creation);
+    if (creation && test.KnowsCreationTimes()) CHECK(creation->year > 2020);
     std::string bytes;
     CHECK(files.Read(file, NoLimit, bytes) == ReadStatus::Ok);
     CHECK(bytes == "1");

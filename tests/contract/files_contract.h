@@ -15,6 +15,8 @@ class FilesUnderTest {
     virtual void MakeReadOnly(const std::u16string& file) = 0;
     virtual bool IsReadOnly(const std::u16string& file) = 0;
     virtual std::vector<std::u16string> NamesIn(const std::u16string& folder) = 0; // sorted
+    // False where the system makes up a creation time from the others.
+    virtual bool KnowsCreationTimes() { return true; }
 
     std::u16string Path(const std::u16string& name) { return Root() + Port().Separator() + name; }
 };

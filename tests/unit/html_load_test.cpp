@@ -245,31 +245,3 @@ TEST_CASE("html load: a page whose file is gone or barred is told, and the shown
     test.Autosave();
     CHECK(test.Record(0)[Field::LastPos] == u"300");
 }
-
-TEST_CASE("html load: links go to other books, which become books of their own") {
-    HtmlForm test;
-    test.PutPage(u"/b/p.htm");
-    test.PutPage(u"/b/two.html");
-    test.PutBook(u"/b/notes.txt");
-    test.PutBook(u"/b/map.png");
-    REQUIRE(test.Start());
-    test.OpenLoaded(u"/b/p.htm");
-    test.Page().ScrollByHand(640);
-    for (const char16_t* path : {u"", u"/b/map.png"}) {
-        test.Page().onLink(u"x:y", path);
-        CHECK(test.Order() == std::vector<std::u16string>{u"/b/p.htm"});
-    }
-    test.Page().onLink(u"file:///b/two.html", u"/b/two.html");
-    CHECK(test.Page().navigations.back() == u"/b/two.html");
-    CHECK(test.Record(0)[Field::Filter] == u"2");
-    CHECK(test.Record(1)[Field::LastPos] == u"640");
-    test.Page().FinishLoading();
-    test.Page().ScrollByHand(320);
-    test.Page().onLink(u"file:///b/p.htm", u"/b/p.htm"); // a book of the list by now
-    CHECK(test.Record(1)[Field::LastPos] == u"320");
-    test.Page().FinishLoading();
-    CHECK(test.Page().ScrollTop() == 640);
-    test.Page().onLink(u"file:///b/notes.txt", u"/b/notes.txt");
-    CHECK(test.View().Visible());
-    CHECK(test.Order().size() == 3);
-}

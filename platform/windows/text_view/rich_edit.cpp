@@ -1,0 +1,186 @@
+#include "platform/windows/text_view/rich_edit.h"
+
+#include "platform/windows/text_view/ole_callback.h"
+#include "platform/windows/text_view/rich_edit_class.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+constexpr WPARAM utf16 = 1200;
+constexpr int widestColumn = 22 * 1440; // twips; the widest page of the word processors
+constexpr int sideMargin = 6;           // pixels between the edge and the text
+
+struct Source {
+    const char* bytes;
+    std::size_t size;
+};
+
+DWORD CALLBACK ReadSource(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* given) {
+    Source& source = *reinterpret_cast<Source*>(cookie);
+    const std::size_t size = std::min(source.size, static_cast<std::size_t>(std::max(0L, wanted)));
+    std::memcpy(buffer, source.bytes, size);
+    source.bytes += size;
+    source.size -= size;
+    *given = static_cast<LONG>(size);
+    return 0;
+}
+
+template <class T>
+LPARAM ToLParam(T& value) {
+    return reinterpret_cast<LPARAM>(&value);
+}
+} // namespace
+
+RichEdit::RichEdit(HWND parent) {
+    constexpr DWORD style = WS_CHILD | WS_CLIPSIBLINGS | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE |
+                            ES_READONLY | ES_NOHIDESEL | ES_AUTOVSCROLL | ES_AUTOHSCROLL |
+                            ES_NOOLEDRAGDROP | ES_DISABLENOSCROLL;
+    const wchar_t* const name = RichEditClass();
+    if (!name) return;
+    window_ = CreateWindowExW(0, name, L"", style, 0, 0, 0, 0, parent, nullptr,
+                              GetModuleHandleW(nullptr), nullptr);
+    Send(EM_EXLIMITTEXT, 0, 0x7FFFFFFE);
+    Send(EM_SETUNDOLIMIT, 0);
+    Send(EM_SETEVENTMASK, 0, 0);
+    Send(EM_AUTOURLDETECT, 0);
+    // A font that lacks a script is replaced for it; Latin text keeps the font it was given.
+    Send(EM_SETLANGOPTIONS, 0, IMF_AUTOFONT);
+    AllowPicturesOnly(window_);
+}
+
+RichEdit::~RichEdit() {
+    if (window_) DestroyWindow(window_);
+}
+
+LRESULT RichEdit::Send(UINT message, WPARAM wParam, LPARAM lParam) const {
+    return window_ ? SendMessageW(window_, message, wParam, lParam) : 0;
+}
+
+// By the rectangle of the text: not every version of the control knows of margins.
+void RichEdit::Place(const Rect& bounds) {
+    SetWindowPos(window_, nullptr, bounds.left, bounds.top, bounds.width, bounds.height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    RECT text = {};
+    GetClientRect(window_, &text);
+    InflateRect(&text, -std::min(sideMargin, static_cast<int>(text.right) / 4), 0);
+    Send(EM_SETRECTNP, 0, ToLParam(text));
+}
+
+void RichEdit::StreamPlain(std::u16string_view text) {
+    Stream(SF_TEXT | SF_UNICODE, text.data(), text.size() * sizeof(char16_t));
+}
+
+void RichEdit::StreamRtf(std::string_view rtf) {
+    Stream(SF_RTF, rtf.data(), rtf.size());
+}
+
+void RichEdit::Stream(WPARAM format, const void* bytes, std::size_t size) {
+    Source source{static_cast<const char*>(bytes), size};
+    EDITSTREAM stream = {};
+    stream.dwCookie = reinterpret_cast<DWORD_PTR>(&source);
+    stream.pfnCallback = ReadSource;
+    Send(EM_STREAMIN, format, ToLParam(stream));
+}
+
+TextPos RichEdit::Length() const {
+    GETTEXTLENGTHEX how = {};
+    how.flags = GTL_NUMCHARS | GTL_PRECISE;
+    how.codepage = utf16;
+    return static_cast<TextPos>(
+        std::max<LRESULT>(0, Send(EM_GETTEXTLENGTHEX, reinterpret_cast<WPARAM>(&how))));
+}
+
+std::u16string RichEdit::Text() const {
+    std::wstring text(static_cast<std::size_t>(Length()) + 1, L'\0'); // the end's zero
+    TEXTRANGEW range = {};
+    range.chrg = {0, static_cast<LONG>(text.size() - 1)};
+    range.lpstrText = text.data();
+    const auto read = static_cast<std::size_t>(Send(EM_GETTEXTRANGE, 0, ToLParam(range)));
+    return std::u16string(text.begin(), text.begin() + std::min(read, text.size() - 1));
+}
+
+CHARRANGE RichEdit::Selection() const {
+    CHARRANGE range = {};
+    Send(EM_EXGETSEL, 0, ToLParam(range));
+    return range;
+}
+
+void RichEdit::Select(CHARRANGE range) {
+    Send(EM_EXSETSEL, 0, ToLParam(range));
+}
+
+LONG RichEdit::LineOf(TextPos position) const {
+    return static_cast<LONG>(Send(EM_EXLINEFROMCHAR, 0, position));
+}
+
+TextPos RichEdit::LineStart(LONG line) const {
+    return static_cast<TextPos>(Send(EM_LINEINDEX, static_cast<WPARAM>(line)));
+}
+
+TextPos RichEdit::NextLineStart(LONG line, TextPos start) const {
+    const TextPos next = LineStart(line + 1);
+    return next > start ? next : Length();
+}
+
+LONG RichEdit::FirstVisibleLine() const {
+    return static_cast<LONG>(Send(EM_GETFIRSTVISIBLELINE));
+}
+
+void RichEdit::ScrollLines(LONG lines) {
+    Send(EM_LINESCROLL, 0, lines);
+}
+
+POINT RichEdit::ScrollPoint() const {
+    POINT point = {};
+    Send(EM_GETSCROLLPOS, 0, ToLParam(point));
+    return point;
+}
+
+void RichEdit::ScrollToPoint(POINT point) {
+    Send(EM_SETSCROLLPOS, 0, ToLParam(point));
+}
+
+POINT RichEdit::PointOf(TextPos position) const {
+    POINTL point = {};
+    Send(EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&point), position);
+    return {point.x, point.y};
+}
+
+void RichEdit::SetDefaultFormat(const CHARFORMAT2W& format) {
+    CHARFORMAT2W copy = format;
+    Send(EM_SETCHARFORMAT, SCF_DEFAULT, ToLParam(copy));
+}
+
+void RichEdit::FormatSelectedParagraphs(const PARAFORMAT2& format) {
+    PARAFORMAT2 copy = format;
+    Send(EM_SETPARAFORMAT, 0, ToLParam(copy));
+}
+
+void RichEdit::SetBackColor(Color color) {
+    Send(EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(color));
+}
+
+void RichEdit::SetRightMargin(int twips) {
+    Send(EM_SHOWSCROLLBAR, SB_HORZ, twips > 0);
+    if (twips <= 0 || twips > widestColumn) {
+        Send(EM_SETTARGETDEVICE, 0, twips > 0 ? 1 : 0); // 1: lines do not wrap at all
+        return;
+    }
+    // The control keeps the device and deletes it.
+    const HDC screen = CreateDCW(L"DISPLAY", nullptr, nullptr, nullptr);
+    if (!Send(EM_SETTARGETDEVICE, reinterpret_cast<WPARAM>(screen), twips)) DeleteDC(screen);
+}
+
+RichEditPause::RichEditPause(RichEdit& control)
+    : control_(control), visible_(IsWindowVisible(control.Handle())) {
+    // Only where it is seen: the end of the pause would show a hidden window.
+    if (visible_) SendMessageW(control_.Handle(), WM_SETREDRAW, FALSE, 0);
+}
+
+RichEditPause::~RichEditPause() {
+    if (!visible_) return;
+    SendMessageW(control_.Handle(), WM_SETREDRAW, TRUE, 0);
+    RedrawWindow(control_.Handle(), nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+}

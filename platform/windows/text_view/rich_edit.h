@@ -1,0 +1,63 @@
+// One rich-edit control: its messages under names of ours. Positions are the control's own, which
+// count everything that it holds, a paragraph break as one.
+#pragma once
+
+#include "platform/text_view.h"
+#include "platform/windows/win32.h"
+
+#include <richedit.h>
+
+class RichEdit {
+  public:
+    // A hidden, empty child of `parent`; without a handle when the system cannot make one.
+    explicit RichEdit(HWND parent);
+    ~RichEdit();
+    RichEdit(const RichEdit&) = delete;
+    RichEdit& operator=(const RichEdit&) = delete;
+
+    HWND Handle() const { return window_; }
+
+    // Into an empty control.
+    void StreamPlain(std::u16string_view text); // as ToControlText makes it
+    void StreamRtf(std::string_view rtf);
+
+    TextPos Length() const;
+    std::u16string Text() const;
+
+    CHARRANGE Selection() const;
+    void Select(CHARRANGE range); // may scroll to the caret
+
+    LONG LineOf(TextPos position) const;
+    TextPos LineStart(LONG line) const;
+    TextPos NextLineStart(LONG line, TextPos start) const; // or the end of the text
+    LONG FirstVisibleLine() const;
+    void ScrollLines(LONG lines); // as far as there are any
+    POINT ScrollPoint() const;
+    void ScrollToPoint(POINT point);
+    POINT PointOf(TextPos position) const; // of the client area
+
+    void SetDefaultFormat(const CHARFORMAT2W& format); // of the plain text to come
+    void FormatSelectedParagraphs(const PARAFORMAT2& format);
+    void SetBackColor(Color color);
+    void Place(const Rect& bounds); // in its parent; the text keeps a margin at the sides
+    void SetRightMargin(int twips); // 0 wraps at the control's edge
+
+  private:
+    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+    void Stream(WPARAM format, const void* bytes, std::size_t size);
+
+    HWND window_ = nullptr;
+};
+
+// Keeps a visible control from painting while it lives.
+class RichEditPause {
+  public:
+    explicit RichEditPause(RichEdit& control);
+    ~RichEditPause();
+    RichEditPause(const RichEditPause&) = delete;
+    RichEditPause& operator=(const RichEditPause&) = delete;
+
+  private:
+    RichEdit& control_;
+    bool visible_;
+};

@@ -1,0 +1,127 @@
+#include "platform/windows/text_view/text_input.h"
+
+#include "platform/windows/text_view/text_keys.h"
+#include "platform/windows/win_text.h"
+
+#include <commctrl.h>
+#include <ole2.h>
+#include <shellapi.h>
+#include <windowsx.h>
+
+#include <algorithm>
+
+namespace {
+constexpr UINT_PTR subclassId = 1;
+constexpr UINT fillDue = WM_APP + 0x51; // the control has none of its own there
+
+std::vector<std::u16string> PathsOf(HDROP drop) {
+    std::vector<std::u16string> paths;
+    const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
+    for (UINT i = 0; i < count; ++i) {
+        std::wstring path(DragQueryFileW(drop, i, nullptr, 0) + std::size_t(1), L'\0');
+        path.resize(DragQueryFileW(drop, i, path.data(), static_cast<UINT>(path.size())));
+        paths.push_back(FromWide(path));
+    }
+    DragFinish(drop);
+    return paths;
+}
+
+// Below the caret, within the control.
+POINT CaretPoint(HWND window) {
+    CHARRANGE selection = {};
+    SendMessageW(window, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&selection));
+    POINTL caret = {};
+    SendMessageW(window, EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&caret), selection.cpMax);
+    RECT inside = {};
+    GetClientRect(window, &inside);
+    POINT point = {std::clamp(caret.x, 0L, std::max(0L, inside.right - 1)),
+                   std::clamp(caret.y, 0L, std::max(0L, inside.bottom - 1))};
+    ClientToScreen(window, &point);
+    return point;
+}
+
+void TurnZoomWheel(TextInputEvents& events, int turn) {
+    events.wheelRest += turn;
+    const int steps = events.wheelRest / WHEEL_DELTA;
+    events.wheelRest -= steps * WHEEL_DELTA;
+    if (steps != 0 && events.onZoomWheel) events.onZoomWheel(steps);
+}
+
+void AskForContextMenu(TextInputEvents& events, HWND window, LPARAM where) {
+    const bool byKeyboard = where == -1;
+    if (!events.onContextMenu) return;
+    events.onContextMenu(byKeyboard ? CaretPoint(window)
+                                    : POINT{GET_X_LPARAM(where), GET_Y_LPARAM(where)});
+}
+
+// The control's own menus and the system's would both come of a right click passed on.
+void RightClick(TextInputEvents& events, HWND window, LPARAM where) {
+    POINT point = {GET_X_LPARAM(where), GET_Y_LPARAM(where)};
+    ClientToScreen(window, &point);
+    if (events.onContextMenu) events.onContextMenu(point);
+}
+
+// Whether the message is dealt with here.
+bool Take(TextInputEvents& events, HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_MOUSEWHEEL:
+        if (!(GET_KEYSTATE_WPARAM(wParam) & MK_CONTROL)) return false;
+        TurnZoomWheel(events, GET_WHEEL_DELTA_WPARAM(wParam));
+        return true;
+    case WM_RBUTTONUP: RightClick(events, window, lParam); return true;
+    case WM_CONTEXTMENU: AskForContextMenu(events, window, lParam); return true;
+    case WM_DROPFILES: {
+        const auto paths = PathsOf(reinterpret_cast<HDROP>(wParam));
+        if (events.onFilesDropped) events.onFilesDropped(paths);
+        return true;
+    }
+    case WM_SETCURSOR:
+        if (events.pointer != Pointer::Hourglass || LOWORD(lParam) != HTCLIENT) return false;
+        SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+        return true;
+    case fillDue: // destroys this window
+        if (events.onFillDue) events.onFillDue();
+        return true;
+    case WM_CHAR:
+    case WM_UNICHAR:
+    case WM_CUT:
+    case WM_PASTE:
+    case WM_CLEAR:
+    case WM_UNDO:
+    case EM_UNDO:
+    case EM_REDO:
+    case EM_PASTESPECIAL: return true;
+    case WM_KEYDOWN:
+    case WM_SYSKEYDOWN: return TakeTextKey(window, static_cast<int>(wParam));
+    case WM_KEYUP: return TakeTextKeyUp(window, static_cast<int>(wParam));
+    default: return false;
+    }
+}
+
+LRESULT CALLBACK TextProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                               DWORD_PTR data) {
+    if (message == WM_NCDESTROY) RemoveWindowSubclass(window, TextProcedure, subclassId);
+    if (Take(*reinterpret_cast<TextInputEvents*>(data), window, message, wParam, lParam))
+        return message == WM_SETCURSOR;
+    return DefSubclassProc(window, message, wParam, lParam);
+}
+} // namespace
+
+void AttachInput(RichEdit& control, TextInputEvents& events) {
+    if (!control.Handle()) return;
+    SetWindowSubclass(control.Handle(), TextProcedure, subclassId,
+                      reinterpret_cast<DWORD_PTR>(&events));
+    RevokeDragDrop(control.Handle()); // it would take the files' place
+    DragAcceptFiles(control.Handle(), TRUE);
+}
+
+void PostFillDue(HWND control) {
+    PostMessageW(control, fillDue, 0, 0);
+}
+
+void ShowPointer(HWND control) {
+    POINT mouse = {};
+    if (!GetCursorPos(&mouse) || WindowFromPoint(mouse) != control) return;
+    SendMessageW(control, WM_SETCURSOR, reinterpret_cast<WPARAM>(control),
+                 MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+}

@@ -1,0 +1,23 @@
+// What a rich-edit control of a reader does with keys, mouse and drops: it reads and copies, and
+// neither edits nor zooms nor beeps.
+#pragma once
+
+#include "platform/windows/text_view/rich_edit.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+// What the control reports; lives longer than it.
+struct TextInputEvents {
+    std::function<void(POINT onScreen)> onContextMenu;
+    std::function<void(const std::vector<std::u16string>& paths)> onFilesDropped;
+    std::function<void(int steps)> onZoomWheel;
+    std::function<void()> onFillDue;
+    Pointer pointer = Pointer::Default;
+    int wheelRest = 0; // of turns with Ctrl, less than a notch
+};
+
+void AttachInput(RichEdit& control, TextInputEvents& events);
+void PostFillDue(HWND control); // `onFillDue` will be called by the message loop
+void ShowPointer(HWND control); // when the mouse is over it

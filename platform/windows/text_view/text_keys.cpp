@@ -1,0 +1,71 @@
+#include "platform/windows/text_view/text_keys.h"
+
+#include <richedit.h>
+
+namespace {
+bool IsDown(int key) {
+    return GetKeyState(key) < 0;
+}
+
+bool MovesCaret(int key) {
+    return key >= VK_PRIOR && key <= VK_DOWN;
+}
+
+// With Ctrl the control would align, space, number and change the case of paragraphs.
+bool IsControlsOwn(int key, bool control) {
+    switch (key) {
+    case VK_SHIFT:
+    case VK_CONTROL:
+    case VK_MENU: return true;
+    case 'A':
+    case 'C':
+    case VK_INSERT: return control;
+    default: return MovesCaret(key);
+    }
+}
+
+CHARRANGE Selection(HWND control) {
+    CHARRANGE range = {};
+    SendMessageW(control, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&range));
+    return range;
+}
+
+// Where the caret cannot go further the control would beep.
+bool IsAtEnd(HWND control, int key) {
+    const CHARRANGE selection = Selection(control);
+    const bool extend = IsDown(VK_SHIFT);
+    if (selection.cpMin != selection.cpMax && !extend) return false;
+    GETTEXTLENGTHEX how = {};
+    how.flags = GTL_NUMCHARS | GTL_PRECISE;
+    how.codepage = 1200;
+    const LRESULT length =
+        SendMessageW(control, EM_GETTEXTLENGTHEX, reinterpret_cast<WPARAM>(&how), 0);
+    if (key == VK_LEFT || key == VK_UP) return selection.cpMax == 0;
+    if (key == VK_RIGHT || key == VK_DOWN) return selection.cpMin >= length;
+    return false;
+}
+
+void AskForContextMenu(HWND control) {
+    SendMessageW(control, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control), -1);
+}
+} // namespace
+
+bool TakeTextKey(HWND control, int key) {
+    if (key == VK_F10) {
+        if (!IsDown(VK_SHIFT)) return false; // the menu bar's
+        AskForContextMenu(control);
+        return true;
+    }
+    if (IsDown(VK_MENU)) return key == VK_BACK || key == 'X'; // undo, and a character by its code
+    if (key == VK_SPACE && !IsDown(VK_CONTROL)) {
+        SendMessageW(control, EM_SCROLL, IsDown(VK_SHIFT) ? SB_PAGEUP : SB_PAGEDOWN, 0);
+        return true;
+    }
+    return !IsControlsOwn(key, IsDown(VK_CONTROL)) || IsAtEnd(control, key);
+}
+
+bool TakeTextKeyUp(HWND control, int key) {
+    if (key != VK_APPS) return false;
+    AskForContextMenu(control);
+    return true;
+}

@@ -1,0 +1,98 @@
+#include "platform/windows/text_view/text_map.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+constexpr TextPos widestGap = 64;    // units of both sides together
+constexpr int mostTries = 5'000'000; // in looking for gaps, of a few units each
+constexpr TextPos endless = std::numeric_limits<TextPos>::max();
+
+// Controls end cells with U+0007, or with a tab, and show a picture that they cannot read as a
+// blank.
+bool Same(char16_t book, char16_t control) {
+    switch (book) {
+    case u'\n': return control == u'\r' || control == u'\n';
+    case u'\v': return control == u'\v' || control == u'\r' || control == u'\n' || control == u' ';
+    case u'\a': return control == u'\a' || control == u'\t';
+    case u'\uFFFC': return control == u'\uFFFC' || control == u' ';
+    default: return book == control;
+    }
+}
+
+// What controls put around rows and cells.
+bool IsMark(char16_t control) {
+    return std::u16string_view(u"\r\n\a\t\uFFF9\uFFFB").find(control) != std::u16string_view::npos;
+}
+
+bool IsLeftOutOften(char16_t book) { // a picture, a soft hyphen
+    return book == u'\uFFFC' || book == u'\u00AD';
+}
+
+// Whether what follows is the same again, `proof` units of it or up to an end.
+bool Agree(std::u16string_view book, std::u16string_view control, std::size_t proof) {
+    const std::size_t size = std::min({proof, book.size(), control.size()});
+    if (size == 0) return book.size() == control.size();
+    return std::equal(book.begin(), book.begin() + size, control.begin(), Same);
+}
+} // namespace
+
+// The shortest one, of those that are usual or else of any.
+TextMap::Gap TextMap::FindGap(std::u16string_view book, std::u16string_view control, int& tries) {
+    constexpr std::size_t littleProof = 2, muchProof = 8;
+    const auto usual = static_cast<TextPos>(
+        std::find_if_not(control.begin(), control.end(), IsMark) - control.begin());
+    const auto leftOut = static_cast<TextPos>(
+        std::find_if_not(book.begin(), book.end(), IsLeftOutOften) - book.begin());
+    for (const bool any : {false, true})
+        for (TextPos both = 1; both <= widestGap; ++both)
+            for (TextPos lost = 0; lost <= both; ++lost) {
+                const TextPos added = both - lost;
+                ++tries;
+                if (!any && (lost > leftOut || added > usual)) continue;
+                if (std::size_t(lost) > book.size() || std::size_t(added) > control.size())
+                    continue;
+                if (Agree(book.substr(lost), control.substr(added), any ? muchProof : littleProof))
+                    return {lost, added};
+            }
+    return {1, 1}; // another character in its place
+}
+
+TextMap::TextMap(std::u16string_view book, std::u16string_view control) {
+    TextPos inBook = 0, inControl = 0;
+    int tries = 0;
+    for (;;) {
+        const auto bookRest = book.substr(inBook), controlRest = control.substr(inControl);
+        const auto ends = std::mismatch(bookRest.begin(), bookRest.end(), controlRest.begin(),
+                                        controlRest.end(), Same);
+        const auto length = static_cast<TextPos>(ends.first - bookRest.begin());
+        const bool last =
+            ends.first == bookRest.end() || ends.second == controlRest.end() || tries > mostTries;
+        pieces_.push_back({inBook, inControl, last ? endless : length});
+        if (last) return;
+        const Gap gap = FindGap(bookRest.substr(length), controlRest.substr(length), tries);
+        if (gap.book == gap.control) // replaced, the places stay
+            pieces_.back().length += gap.book;
+        inBook += length + gap.book;
+        inControl += length + gap.control;
+    }
+}
+
+TextPos TextMap::Map(const std::vector<Piece>& pieces, TextPos position, TextPos Piece::*from,
+                     TextPos Piece::*to) {
+    if (pieces.empty()) return position;
+    auto next = std::upper_bound(pieces.begin(), pieces.end(), position,
+                                 [from](TextPos at, const Piece& p) { return at < p.*from; });
+    if (next == pieces.begin()) return pieces.front().*to;
+    const Piece& piece = *(next - 1);
+    const TextPos within = position - piece.*from;
+    return within < piece.length || next == pieces.end() ? piece.*to + within : (*next).*to;
+}
+
+TextPos TextMap::ToControl(TextPos position) const {
+    return Map(pieces_, position, &Piece::book, &Piece::control);
+}
+
+TextPos TextMap::ToBook(TextPos position) const {
+    return Map(pieces_, position, &Piece::control, &Piece::book);
+}

@@ -1,0 +1,183 @@
+#include "platform/windows/text_view/win_text_view.h"
+
+#include "common/find_text.h"
+#include "formats/rtf_reader.h"
+#include "formats/rtf_writer.h"
+#include "platform/windows/text_view/control_text.h"
+
+#include <algorithm>
+
+WinTextView::WinTextView(HWND parent) : parent_(parent) {
+    input_.onContextMenu = [this](POINT point) {
+        contextPoint_ = point;
+        if (onContextMenu) onContextMenu();
+    };
+    input_.onFilesDropped = [this](const std::vector<std::u16string>& paths) {
+        if (onFilesDropped) onFilesDropped(paths);
+    };
+    input_.onZoomWheel = [this](int steps) {
+        if (onZoomWheel) onZoomWheel(steps);
+    };
+    input_.onFillDue = [this] { Control(); };
+    Control();
+}
+
+WinTextView::~WinTextView() = default;
+
+void WinTextView::LoadPlainText(std::u16string text) {
+    UnifyLineEnds(text);
+    Document document;
+    document.text = std::move(text);
+    Load(std::move(document), true);
+}
+
+// Not the file's own bytes: our reader decides what the text of a book is, as on every system, and
+// hostile files end there.
+void WinTextView::LoadRichText(std::string bytes, int systemCodePage) {
+    Load(ReadRtf(bytes, systemCodePage), false);
+}
+
+void WinTextView::Load(Document document, bool plain) {
+    document_ = std::move(document);
+    plain_ = plain;
+    look_.fontForAll = false;
+    look_.alignment.reset();
+    top_ = {};
+    selStart_ = selEnd_ = 0;
+    filled_ = false;
+    PostFillDue(control_->Handle());
+}
+
+RichEdit& WinTextView::Control() const {
+    if (!filled_) Fill();
+    return *control_;
+}
+
+void WinTextView::Fill() const {
+    const std::unique_ptr<RichEdit> old = std::move(control_);
+    control_ = std::make_unique<RichEdit>(parent_);
+    filled_ = true;
+    FillControl();
+    control_->Select({map_.ToControl(selStart_), map_.ToControl(selEnd_)});
+    ShowTop(top_.position, top_.asked);
+    AttachInput(*control_, input_);
+    TakeOldPlace(old.get());
+}
+
+// Format and size first, so that the text is laid out once.
+void WinTextView::FillControl() const {
+    Place(*control_);
+    control_->SetBackColor(look_.backColor);
+    control_->SetRightMargin(look_.rightMargin);
+    control_->SetDefaultFormat(FontFormat(look_.font));
+    control_->SetDefaultFormat(ColorFormat(look_));
+    StreamDocument();
+    const bool same = plain_ && control_->Length() == TextLength();
+    map_ = same ? TextMap() : TextMap(document_.text, control_->Text());
+    roomBelow_ = 0;
+}
+
+// Plain text takes no alignment with it.
+void WinTextView::StreamDocument() const {
+    if (!plain_) return control_->StreamRtf(DressedRtf(document_, look_));
+    std::u16string text = ToControlText(document_.text);
+    if (look_.alignment.value_or(Alignment::Left) == Alignment::Left)
+        return control_->StreamPlain(text);
+    std::replace(text.begin(), text.end(), u'\r', u'\n');
+    Document document;
+    document.text = std::move(text);
+    TextLook look = look_;
+    look.fontForAll = true;
+    control_->StreamRtf(DressedRtf(document, look));
+}
+
+void WinTextView::TakeOldPlace(const RichEdit* old) const {
+    const bool focused = old && old->Handle() && GetFocus() == old->Handle();
+    if (visible_) ShowWindow(control_->Handle(), SW_SHOWNA);
+    if (focused) ::SetFocus(control_->Handle());
+}
+
+// The same text in another look.
+void WinTextView::Refill() {
+    if (!filled_) return;
+    selStart_ = SelStart();
+    selEnd_ = selStart_ + SelLength();
+    top_ = CurrentTop();
+    filled_ = false;
+    PostFillDue(control_->Handle());
+}
+
+void WinTextView::Place(RichEdit& control) const {
+    control.Place(bounds_);
+}
+
+TextPos WinTextView::TextLength() const {
+    return static_cast<TextPos>(document_.text.size());
+}
+
+TextPos WinTextView::Clamp(TextPos position) const {
+    return std::clamp(position, 0, TextLength());
+}
+
+std::u16string WinTextView::TextRange(TextPos start, TextPos length) const {
+    const TextPos from = Clamp(start);
+    return document_.text.substr(from, std::clamp(length, 0, TextLength() - from));
+}
+
+void WinTextView::Select(TextPos start, TextPos length) {
+    const TextPos from = Clamp(start), to = from + std::clamp(length, 0, TextLength() - from);
+    RichEdit& control = Control();
+    KeepingScroll([&] { control.Select({map_.ToControl(from), map_.ToControl(to)}); });
+}
+
+TextPos WinTextView::SelStart() const {
+    return Clamp(map_.ToBook(Control().Selection().cpMin));
+}
+
+TextPos WinTextView::SelLength() const {
+    const CHARRANGE range = Control().Selection();
+    if (range.cpMax <= range.cpMin) return 0;
+    return Clamp(map_.ToBook(range.cpMax - 1) + 1) - SelStart(); // without what is left out there
+}
+
+TextPos WinTextView::Find(std::u16string_view what, TextPos start, FindOptions options) const {
+    const auto from = static_cast<std::size_t>(Clamp(start));
+    const std::size_t found = FindText(document_.text, what, from, options);
+    return found == std::u16string_view::npos ? -1 : static_cast<TextPos>(found);
+}
+
+// By our own writer: the same on every system, and without the control's marks.
+std::string WinTextView::SelectionAsRtf() const {
+    if (!plain_) return WriteRtf(document_, SelStart(), SelLength());
+    Document selected;
+    selected.text = TextRange(SelStart(), SelLength());
+    TextLook look = look_;
+    look.fontForAll = look.autoColor = true;
+    look.backColor = 0xFFFFFF;
+    look.alignment.reset();
+    return WriteRtf(Dressed(std::move(selected), look));
+}
+
+void WinTextView::SetBounds(const Rect& bounds) {
+    if (bounds == bounds_) return;
+    bounds_ = bounds;
+    if (!filled_) return;
+    const Top top = CurrentTop();
+    const RichEditPause pause(*control_);
+    Place(*control_);
+    ShowTop(top.position, top.asked);
+}
+
+void WinTextView::SetVisible(bool visible) {
+    visible_ = visible;
+    ShowWindow(Control().Handle(), visible ? SW_SHOWNA : SW_HIDE);
+}
+
+void WinTextView::SetPointer(Pointer pointer) {
+    input_.pointer = pointer;
+    ShowPointer(control_->Handle());
+}
+
+void WinTextView::FocusView() {
+    ::SetFocus(control_->Handle());
+}

@@ -1,0 +1,104 @@
+// Lines and scrolling of the text view.
+#include "platform/windows/text_view/win_text_view.h"
+
+namespace {
+int TwipsOfHeight(HWND window, int pixels) {
+    const HDC screen = GetDC(window);
+    const int twips = MulDiv(pixels, 1440, GetDeviceCaps(screen, LOGPIXELSY));
+    ReleaseDC(window, screen);
+    return twips;
+}
+} // namespace
+
+LineSpan WinTextView::LineAround(TextPos position) const {
+    const RichEdit& control = Control();
+    const LONG line = control.LineOf(map_.ToControl(Clamp(position)));
+    const TextPos first = control.LineStart(line), start = Clamp(map_.ToBook(first));
+    TextPos end = Clamp(map_.ToBook(control.NextLineStart(line, first)));
+    if (end > start && document_.text[static_cast<std::size_t>(end - 1)] == u'\n') --end;
+    return {start, end - start};
+}
+
+TextPos WinTextView::FirstVisibleChar() const {
+    const RichEdit& control = Control();
+    if (IsAsPlaced() && (top_.asked || top_.reached)) return LineAround(top_.position).start;
+    return Clamp(map_.ToBook(control.LineStart(control.FirstVisibleLine())));
+}
+
+void WinTextView::ScrollLineToTop(TextPos position) {
+    const RichEditPause pause(Control());
+    ShowTop(Clamp(position), true);
+}
+
+bool WinTextView::IsAsPlaced() const {
+    const POINT now = control_->ScrollPoint();
+    return now.y == top_.scrolled.y && control_->FirstVisibleLine() == top_.line;
+}
+
+WinTextView::Top WinTextView::CurrentTop() const {
+    if (IsAsPlaced() && (top_.asked || top_.reached)) return top_;
+    Top top;
+    top.position = FirstVisibleChar();
+    top.asked = false;
+    return top;
+}
+
+// Where the text below does not fill the view, room is made for a line that was asked for. A line
+// that the reader had scrolled to goes down with the text's end instead.
+void WinTextView::ShowTop(TextPos position, bool asked) const {
+    const auto line = [&] { return control_->LineOf(map_.ToControl(position)); };
+    if (roomBelow_ > 0 && !(asked && NeedsRoom(line()))) MakeRoomBelow(0);
+    bool reached = ScrollTo(line());
+    if (!reached && asked) {
+        MakeRoomBelow(TwipsOfHeight(control_->Handle(), bounds_.height));
+        reached = ScrollTo(line());
+    }
+    top_ = {position, asked, reached, control_->FirstVisibleLine(), control_->ScrollPoint()};
+}
+
+// Whether the text from the line on does not fill the view.
+bool WinTextView::NeedsRoom(LONG line) const {
+    const LONG top = control_->PointOf(control_->LineStart(line)).y;
+    return control_->PointOf(control_->Length()).y - top < bounds_.height;
+}
+
+// Exactly, also where the control had a part of the line above its edge.
+bool WinTextView::ScrollTo(LONG line) const {
+    constexpr int mostTries = 3; // some controls lay out the lines between only on the way
+    for (int i = 0; i < mostTries && control_->FirstVisibleLine() != line; ++i)
+        control_->ScrollLines(line - control_->FirstVisibleLine());
+    const LONG hidden = -control_->PointOf(control_->LineStart(line)).y;
+    if (control_->FirstVisibleLine() == line && hidden > 0) {
+        const POINT now = control_->ScrollPoint();
+        control_->ScrollToPoint({now.x, now.y - hidden});
+    }
+    return control_->FirstVisibleLine() == line;
+}
+
+void WinTextView::MakeRoomBelow(int twips) const {
+    if (twips == roomBelow_) return;
+    roomBelow_ = twips;
+    PARAFORMAT2 format = {};
+    format.cbSize = sizeof format;
+    format.dwMask = PFM_SPACEAFTER;
+    format.dySpaceAfter = twips;
+    KeepingScroll([&] {
+        const CHARRANGE selection = control_->Selection();
+        const TextPos end = control_->Length();
+        control_->Select({end, end});
+        control_->FormatSelectedParagraphs(format);
+        control_->Select(selection);
+    });
+}
+
+// The control would bring the caret into view.
+void WinTextView::KeepingScroll(const std::function<void()>& change) const {
+    const RichEditPause pause(*control_);
+    const LONG line = control_->FirstVisibleLine();
+    const POINT before = control_->ScrollPoint();
+    change();
+    if (control_->FirstVisibleLine() != line)
+        control_->ScrollLines(line - control_->FirstVisibleLine());
+    const POINT after = control_->ScrollPoint();
+    if (after.x != before.x || after.y != before.y) control_->ScrollToPoint(before);
+}

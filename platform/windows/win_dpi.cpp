@@ -1,0 +1,66 @@
+#include "platform/windows/win_dpi.h"
+
+#include <array>
+
+namespace {
+
+// A function that the oldest Windows we run on does not have.
+template <typename Function>
+Function* FindFunction(const wchar_t* module, const char* name) {
+    const HMODULE handle = GetModuleHandleW(module);
+    const auto found = handle ? GetProcAddress(handle, name) : nullptr;
+    return reinterpret_cast<Function*>(reinterpret_cast<void*>(found));
+}
+
+int SystemDpi() {
+    const HDC screen = GetDC(nullptr);
+    const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
+    ReleaseDC(nullptr, screen);
+    return dpi;
+}
+
+} // namespace
+
+// GetDpiForWindow came with Windows 10. Before it the resolution of the main screen stands for all.
+int DpiOf(HWND window) {
+    static const auto dpiForWindow = FindFunction<UINT WINAPI(HWND)>(L"user32", "GetDpiForWindow");
+    const int dpi = dpiForWindow ? static_cast<int>(dpiForWindow(window)) : 0;
+    return dpi > 0 ? dpi : SystemDpi();
+}
+
+NONCLIENTMETRICSW MetricsAt(int dpi) {
+    static const auto parametersForDpi = FindFunction<BOOL WINAPI(UINT, UINT, void*, UINT, UINT)>(
+        L"user32", "SystemParametersInfoForDpi");
+    NONCLIENTMETRICSW metrics = {};
+    metrics.cbSize = sizeof metrics;
+    if (parametersForDpi && parametersForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0,
+                                             static_cast<UINT>(dpi)))
+        return metrics;
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    return metrics;
+}
+
+SIZE TextExtent(HWND window, HFONT font, std::wstring_view text) {
+    SIZE extent = {};
+    const HDC context = GetDC(window);
+    const HGDIOBJ previous = SelectObject(context, font);
+    GetTextExtentPoint32W(context, text.data(), static_cast<int>(text.size()), &extent);
+    SelectObject(context, previous);
+    ReleaseDC(window, context);
+    return extent;
+}
+
+bool IsFontInstalled(const wchar_t* name) {
+    LOGFONTW font = {};
+    font.lfCharSet = DEFAULT_CHARSET;
+    lstrcpynW(font.lfFaceName, name, LF_FACESIZE);
+    bool found = false;
+    const auto report = [](const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM answer) -> int {
+        *reinterpret_cast<bool*>(answer) = true;
+        return 0;
+    };
+    const HDC screen = GetDC(nullptr);
+    EnumFontFamiliesExW(screen, &font, report, reinterpret_cast<LPARAM>(&found), 0);
+    ReleaseDC(nullptr, screen);
+    return found;
+}

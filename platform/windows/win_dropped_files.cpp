@@ -1,0 +1,15 @@
+#include "platform/windows/win_dropped_files.h"
+
+#include "platform/windows/win_text.h"
+
+std::vector<std::u16string> TakeDroppedFiles(HDROP drop) {
+    std::vector<std::u16string> paths;
+    const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
+    for (UINT i = 0; i < count; ++i) {
+        std::wstring path(DragQueryFileW(drop, i, nullptr, 0), L'\0');
+        DragQueryFileW(drop, i, path.data(), static_cast<UINT>(path.size()) + 1);
+        paths.push_back(FromWide(path));
+    }
+    DragFinish(drop);
+    return paths;
+}

@@ -1,0 +1,11 @@
+// The files of a drop.
+#pragma once
+
+#include "platform/windows/win32.h"
+
+#include <shellapi.h>
+
+#include <string>
+#include <vector>
+
+std::vector<std::u16string> TakeDroppedFiles(HDROP); // full paths in their order; ends the drop

@@ -1,0 +1,30 @@
+// Files on Windows.
+#pragma once
+
+#include "platform/files.h"
+
+#include <set>
+#include <string>
+
+// Paths may be longer than 260 characters and may have "/" for "\"; devices are no files. Other
+// programs may read, write, rename or delete a file while it is read here.
+class WinFiles final : public Files {
+  public:
+    char16_t Separator() const override { return u'\\'; }
+    bool FileExists(const std::u16string& path) const override;
+    bool FolderExists(const std::u16string& path) const override;
+    bool FolderIsWritable(const std::u16string& path) const override;
+    bool CreateFolder(const std::u16string& path) override;
+    bool SameFile(const std::u16string& a, const std::u16string& b) const override;
+    std::optional<FileVersion> Version(const std::u16string& path) const override;
+    ReadStatus Read(const std::u16string& path, std::uint64_t limit,
+                    std::string& bytes) const override;
+    ReadStatus ReadStart(const std::u16string& path, std::size_t count,
+                         std::string& bytes) const override;
+    bool Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) override;
+    std::optional<DateTime> Stamp(const std::u16string& path, FileStamp) const override;
+    bool SetStamp(const std::u16string& path, const DateTime& local, FileStamp) override;
+
+  private:
+    std::set<std::wstring> replaced_; // whose leftovers have been removed
+};

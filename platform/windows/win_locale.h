@@ -1,0 +1,11 @@
+// The user's locale on Windows.
+#pragma once
+
+#include "platform/locale.h"
+
+class WinLocale final : public Locale {
+  public:
+    int AnsiCodePage() const override;
+    std::u16string MonthName(int month, bool full) const override;
+    std::u16string DayName(int weekday, bool full) const override;
+};

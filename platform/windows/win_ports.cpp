@@ -1,0 +1,62 @@
+#include "platform/windows/win_ports.h"
+
+#include "platform/windows/html_view/win_html_view.h"
+#include "platform/windows/text_view/win_text_view.h"
+#include "platform/windows/win_clipboard.h"
+#include "platform/windows/win_clock.h"
+#include "platform/windows/win_dialogs.h"
+#include "platform/windows/win_files.h"
+#include "platform/windows/win_help_window.h"
+#include "platform/windows/win_launch.h"
+#include "platform/windows/win_locale.h"
+#include "platform/windows/win_menu_bar.h"
+#include "platform/windows/win_registry.h"
+#include "platform/windows/win_shell.h"
+#include "platform/windows/win_status_bar.h"
+#include "platform/windows/win_timer.h"
+#include "platform/windows/win_update_check.h"
+#include "platform/windows/win_version_info.h"
+#include "platform/windows/win_window.h"
+
+namespace {
+
+std::unique_ptr<WinHtmlView> MakeHtmlView(WinWindow& window) {
+    auto view = std::make_unique<WinHtmlView>(window.ViewArea());
+    window.normalizeKey = [html = view.get()](MSG& message) { html->Normalize(message); };
+    window.takeKey = [html = view.get()](const MSG& message) {
+        return html->TranslateKey(message);
+    };
+    view->onZoomKey = [&window](int keyCode, int shift) { window.TellKeyDown(keyCode, shift); };
+    return view;
+}
+
+} // namespace
+
+Ports MakeWinPorts() {
+    auto window = std::make_unique<WinWindow>();
+    auto textView = std::make_unique<WinTextView>(window->ViewArea());
+    window->onFilesDropped = [view = textView.get()](const std::vector<std::u16string>& paths) {
+        if (view->onFilesDropped) view->onFilesDropped(paths);
+    };
+    Ports ports;
+    ports.launch = ThisLaunch();
+    ports.menuBar = std::make_unique<WinMenuBar>(
+        window->Handle(), [view = textView.get()] { return view->ContextMenuPoint(); });
+    ports.statusBar = std::make_unique<WinStatusBar>(window->Handle());
+    ports.textView = std::move(textView);
+    ports.htmlView = MakeHtmlView(*window);
+    ports.clipboard = std::make_unique<WinClipboard>();
+    ports.dialogs = std::make_unique<WinDialogs>(window->Handle());
+    ports.helpWindow = std::make_unique<WinHelpWindow>();
+    ports.saveTimer = std::make_unique<WinTimer>(window->Handle());
+    ports.shell = std::make_unique<WinShell>();
+    ports.registry = std::make_unique<WinRegistry>();
+    ports.files = std::make_unique<WinFiles>();
+    ports.versionInfo = std::make_unique<WinVersionInfo>();
+    ports.updateCheck = std::make_unique<WinUpdateCheck>(
+        [main = window.get()](MSG& message) { return main->PassMessage(message); });
+    ports.locale = std::make_unique<WinLocale>();
+    ports.clock = std::make_unique<WinClock>();
+    ports.window = std::move(window);
+    return ports;
+}

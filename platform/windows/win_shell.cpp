@@ -1,0 +1,72 @@
+#include "platform/windows/win_shell.h"
+
+#include "common/web_address.h"
+#include "platform/windows/win_arguments.h"
+#include "platform/windows/win_instance_name.h"
+#include "platform/windows/win_text.h"
+
+#include <shellapi.h>
+
+namespace {
+
+constexpr DWORD ElevationRequired = 740; // by a name that not every SDK has
+
+// The handles are ours alone: the program inherits none, and nobody waits for it.
+bool StartProgram(const std::wstring& program, const std::wstring& argument) {
+    std::wstring commandLine = QuotedArgument(program) + L' ' + QuotedArgument(argument);
+    STARTUPINFOW start = {};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION started = {};
+    if (!CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE,
+                        CREATE_DEFAULT_ERROR_MODE | CREATE_NEW_PROCESS_GROUP, nullptr, nullptr,
+                        &start, &started)) {
+        return false;
+    }
+    CloseHandle(started.hThread);
+    CloseHandle(started.hProcess);
+    return true;
+}
+
+// The desktop knows what to do with the file: a program, a shortcut to one, an address.
+void OpenByShell(const std::wstring& file, const std::wstring& parameters) {
+    SHELLEXECUTEINFOW request = {};
+    request.cbSize = sizeof request;
+    request.fMask = SEE_MASK_FLAG_NO_UI;
+    request.lpVerb = L"open";
+    request.lpFile = file.c_str();
+    request.lpParameters = parameters.c_str();
+    request.nShow = SW_SHOWNORMAL;
+    ShellExecuteExW(&request);
+}
+
+} // namespace
+
+std::u16string WinShell::DefaultTextEditor() const {
+    std::wstring folder(MAX_PATH, L'\0');
+    folder.resize(GetSystemDirectoryW(folder.data(), MAX_PATH));
+    return FromWide(folder + L"\\notepad.exe");
+}
+
+void WinShell::OpenWith(const std::u16string& program, const std::u16string& argument) {
+    const std::wstring file = ToWide(program);
+    if (StartProgram(file, ToWide(argument))) return;
+    const DWORD error = GetLastError();
+    // A shortcut to a program, or one that must ask for more rights.
+    if (error == ERROR_BAD_EXE_FORMAT || error == ElevationRequired)
+        OpenByShell(file, QuotedArgument(ToWide(argument)));
+}
+
+void WinShell::OpenAddress(const std::u16string& address) {
+    if (IsWebOrMailAddress(address)) OpenByShell(ToWide(address), {});
+}
+
+bool WinShell::BecomeOnlyInstance(const std::u16string& name) {
+    if (lock_.IsOpen()) return true;
+    WinHandle mutex(CreateMutexW(nullptr, FALSE, InstanceLockName(ToWide(name)).c_str()));
+    const DWORD error = GetLastError();
+    // Denied: it belongs to an instance of more rights.
+    if (mutex.IsOpen() ? error == ERROR_ALREADY_EXISTS : error == ERROR_ACCESS_DENIED) return false;
+    // Where none can be made at all: a reader that starts twice is better than one that never does.
+    lock_ = std::move(mutex);
+    return true;
+}

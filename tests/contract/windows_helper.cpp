@@ -1,0 +1,50 @@
+// Another program, started by the tests. It is told what to do by its environment, because its
+// command line is what is tested.
+#include "windows_helper.h"
+
+#include "platform/windows/win_files.h"
+#include "platform/windows/win_shell.h"
+#include "platform/windows/win_text.h"
+
+#include <shellapi.h>
+
+#include <iterator>
+#include <string_view>
+
+namespace {
+
+std::wstring Variable(const wchar_t* name) {
+    wchar_t value[32'767] = {};
+    GetEnvironmentVariableW(name, value, static_cast<DWORD>(std::size(value)));
+    return value;
+}
+
+void Tell(const std::wstring& text) {
+    const std::string_view bytes(reinterpret_cast<const char*>(text.data()),
+                                 text.size() * sizeof(wchar_t));
+    WinFiles().Replace(FromWide(Variable(HelperOutput)), bytes, false);
+}
+
+[[noreturn]] void ReplaceForever(const std::u16string& path) {
+    WinFiles files;
+    for (int round = 0;; ++round) {
+        files.Replace(path, std::string(HelperBytes, round % 2 == 0 ? 'a' : 'b'), true);
+        if (round == 0) Tell(L"begun");
+    }
+}
+
+} // namespace
+
+int main() {
+    int count = 0;
+    wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
+    const std::wstring argument = count > 1 ? arguments[1] : L"";
+    if (Variable(HelperDoes) == HelperTells) {
+        Tell(std::to_wstring(count - 1) + L":" + argument);
+        return 0;
+    }
+    if (Variable(HelperDoes) == HelperReplaces) ReplaceForever(FromWide(argument));
+    WinShell shell;
+    Tell(shell.BecomeOnlyInstance(FromWide(argument)) ? L"yes" : L"no");
+    Sleep(INFINITE);
+}

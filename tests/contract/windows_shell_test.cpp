@@ -1,0 +1,82 @@
+#include "platform/windows/win_arguments.h"
+#include "platform/windows/win_shell.h"
+#include "windows_helper_run.h"
+
+#include <doctest/doctest.h>
+
+#include <shellapi.h>
+
+#include <memory>
+
+namespace {
+
+const wchar_t* const arguments[] = {
+    L"C:\\books\\Walden.txt",
+    L"C:\\books\\War and Peace.txt",
+    L"",
+    L" ",
+    L"\\",
+    L"ends in a backslash\\",
+    L"C:\\my books\\\\",
+    L"\"",
+    L"\\\"",
+    L"\"quoted\"",
+    L"a\"b c\\\"d\\\\\"e \\ f\\\\ ",
+    L"tab\tnew line\nend",
+    L"%PATH% & | < > ^ ' `",
+    L"\u0411\u0443\u043B\u0433\u0430\u043A\u043E\u0432 \u05E9\u05DC\u05D5\u05DD \U0001D11E",
+    L"/switch --option=\"x\"",
+};
+
+} // namespace
+
+TEST_CASE("windows arguments: the system reads what was quoted") {
+    for (const wchar_t* argument : arguments) {
+        int count = 0;
+        const std::wstring line = L"program " + QuotedArgument(argument) + L" next";
+        const std::unique_ptr<wchar_t*, HLOCAL (*)(HLOCAL)> read(
+            CommandLineToArgvW(line.c_str(), &count),
+            reinterpret_cast<HLOCAL (*)(HLOCAL)>(LocalFree));
+        REQUIRE(count == 3);
+        CHECK((std::wstring(read.get()[1]) == argument));
+        CHECK((std::wstring(read.get()[2]) == L"next"));
+    }
+}
+
+TEST_CASE("windows arguments: quotes only where they must be") {
+    CHECK((QuotedArgument(L"C:\\books\\a.txt") == L"C:\\books\\a.txt"));
+    CHECK((QuotedArgument(L"C:\\my books\\") == L"\"C:\\my books\\\\\""));
+    CHECK((QuotedArgument(L"") == L"\"\""));
+}
+
+TEST_CASE("windows shell: an argument reaches a program as it is") {
+    HelperRun helper(HelperTells);
+    const std::u16string program = FromWide(HelperPath());
+    for (const wchar_t* argument : arguments) {
+        WinShell().OpenWith(program, FromWide(argument));
+        CHECK((helper.Answer() == std::wstring(L"1:") + argument));
+    }
+    const std::wstring longest(30'000, L'x');
+    WinShell().OpenWith(program, FromWide(longest));
+    CHECK((helper.Answer() == L"1:" + longest));
+}
+
+TEST_CASE("windows shell: a program of a name full of blanks, and one that is not there") {
+    HelperRun helper(HelperTells);
+    const TemporaryFolder folder;
+    const std::wstring program =
+        folder.path + L"\\my \u0440\u0435\u0434\u0430\u043A\u0442\u043E\u0440.exe";
+    REQUIRE(CopyFileW(HelperPath().c_str(), program.c_str(), TRUE));
+    WinShell().OpenWith(FromWide(folder.path) + u"\\none.exe", u"x");
+    WinShell().OpenWith(u"", u"x");
+    WinShell().OpenAddress(FromWide(program)); // neither web nor mail
+    WinShell().OpenAddress(u"file:///" + FromWide(program));
+    WinShell().OpenWith(FromWide(program), u"a b");
+    CHECK((helper.Answer() == L"1:a b")); // and nothing was started before
+}
+
+TEST_CASE("windows shell: the default editor is there") {
+    const std::u16string editor = WinShell().DefaultTextEditor();
+    CHECK(editor.ends_with(u"\\notepad.exe"));
+    CHECK(WinFiles().FileExists(editor));
+}

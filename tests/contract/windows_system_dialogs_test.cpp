@@ -1,0 +1,145 @@
+// The system's dialogs, as our ports use them.
+#include "platform/windows/win_dialogs.h"
+#include "platform/windows/win_files.h"
+#include "platform/windows/win_text.h"
+#include "temporary_folder_windows.h"
+#include "windows_while_open.h"
+
+#include <doctest/doctest.h>
+
+#include <colordlg.h>
+#include <dlgs.h>
+
+namespace {
+
+const ViewFont fonts[] = {
+    {u"DejaVu Serif", 12, 0},
+    {u"DejaVu Serif", 12.5, 204, true, false, false, true},
+    {u"A Face That Nobody Has", 9.75, 177, false, true, true, false},
+    {u"A Face of a Name Longer Than the System Allows", 11.123456, 77},
+    {u"", 0, 1},
+    {u"DejaVu Sans", 2000, 255, true, true, true, true},
+};
+
+void Confirm(HWND dialog) {
+    PressButton(dialog, IDOK);
+}
+
+} // namespace
+
+TEST_CASE("windows dialogs: a font confirmed untouched is exactly the one given") {
+    WinDialogs dialogs(nullptr);
+    for (const ViewFont& font : fonts)
+        for (const Color color : {0x000000u, 0xFFFFFFu, 0x123456u}) {
+            CAPTURE(font.size);
+            CAPTURE(color);
+            const WhileOpen shown([](HWND dialog) {
+                CHECK((WindowText(dialog) == L"Font"));
+                Confirm(dialog);
+            });
+            const FontAnswer answer = dialogs.ChooseFont(u"Font", font, color);
+            CHECK(answer.result == DialogResult::Ok);
+            CHECK(answer.font == font);
+            CHECK(answer.color == color);
+        }
+}
+
+TEST_CASE("windows dialogs: what is changed of a font, and nothing else") {
+    WinDialogs dialogs(nullptr);
+    const ViewFont given = fonts[1];
+    {
+        const WhileOpen shown([](HWND dialog) {
+            SetDlgItemTextW(dialog, cmb3, L"37"); // no size of the list
+            SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(cmb3, CBN_EDITCHANGE),
+                         reinterpret_cast<LPARAM>(GetDlgItem(dialog, cmb3)));
+            Confirm(dialog);
+        });
+        ViewFont expected = given;
+        expected.size = 37;
+        const FontAnswer answer = dialogs.ChooseFont(u"", given, 0x123456);
+        CHECK(answer.font.size == 37);
+        CHECK(answer.font == expected);
+        CHECK(answer.color == 0x123456);
+    }
+    const WhileOpen shown([](HWND dialog) {
+        SendDlgItemMessageW(dialog, chx1, BM_CLICK, 0, 0);
+        SendDlgItemMessageW(dialog, chx2, BM_CLICK, 0, 0);
+        SendDlgItemMessageW(dialog, cmb4, CB_SETCURSEL, 0, 0); // black
+        SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(cmb4, CBN_SELCHANGE),
+                     reinterpret_cast<LPARAM>(GetDlgItem(dialog, cmb4)));
+        Confirm(dialog);
+    });
+    ViewFont expected = given;
+    expected.underline = !given.underline;
+    expected.strikethrough = !given.strikethrough;
+    const FontAnswer answer = dialogs.ChooseFont(u"", given, 0x123456);
+    CHECK(answer.font == expected);
+    CHECK(answer.color == 0);
+}
+
+TEST_CASE("windows dialogs: a colour confirmed untouched is exactly the one given") {
+    const OwnerWindow owner({300, 200, 900, 700});
+    WinDialogs dialogs(owner.Get());
+    for (const Color color : {0x000000u, 0xFFFFFFu, 0x123456u, 0xFEDCBAu, 0x010203u}) {
+        CAPTURE(color);
+        const WhileOpen shown([&](HWND dialog) {
+            CHECK((WindowText(dialog) == L"Background"));
+            CHECK(DistanceOfMiddles(dialog, owner.Get()) <= 2);
+            CHECK_FALSE(IsWindowEnabled(owner.Get()));
+            Confirm(dialog);
+        });
+        const ColorAnswer answer = dialogs.ChooseColor(u"Background", color);
+        CHECK(answer.result == DialogResult::Ok);
+        CHECK(answer.color == color);
+    }
+    const WhileOpen shown([](HWND dialog) {
+        SetDlgItemInt(dialog, COLOR_RED, 10, FALSE);
+        SetDlgItemInt(dialog, COLOR_GREEN, 20, FALSE);
+        SetDlgItemInt(dialog, COLOR_BLUE, 30, FALSE);
+        Confirm(dialog);
+    });
+    CHECK(dialogs.ChooseColor(u"", 0).color == 0x1E140A);
+}
+
+TEST_CASE("windows dialogs: cancelled") {
+    WinDialogs dialogs(nullptr);
+    const auto giveUp = [](HWND dialog) { PressButton(dialog, IDCANCEL); };
+    {
+        const WhileOpen shown(giveUp);
+        CHECK(dialogs.ChooseFont(u"", fonts[0], 0).result == DialogResult::Cancel);
+    }
+    {
+        const WhileOpen shown(giveUp);
+        CHECK(dialogs.ChooseColor(u"", 0).result == DialogResult::Cancel);
+    }
+    const WhileOpen shown(giveUp);
+    CHECK(dialogs.OpenFile({}).result == DialogResult::Cancel);
+}
+
+TEST_CASE("windows dialogs: a file is chosen") {
+    const TemporaryFolder folder;
+    const std::u16string root = FromWide(folder.path), name = u"Война и мир “1”.rtf";
+    REQUIRE(WinFiles().Replace(root + u"\\" + name, "x", false));
+    OpenFileRequest request;
+    request.title = u"Open";
+    request.filter = u"Text Files (*.txt)|*.txt|Rich Text Files (*.rtf)|*.rtf|All Files (*.*)|*.*|";
+    request.filterIndex = 2;
+    wchar_t before[MAX_PATH] = {}, after[MAX_PATH] = {};
+    GetCurrentDirectoryW(MAX_PATH, before);
+    for (const std::u16string& first : {std::u16string(), name, std::u16string(u"a?b:\"c")}) {
+        request.initialFolder = root;
+        request.fileName = first;
+        const WhileOpen shown([&](HWND dialog) {
+            CHECK((WindowText(dialog) == L"Open"));
+            const int box = GetDlgItem(dialog, cmb13) ? cmb13 : edt1;
+            SetDlgItemTextW(dialog, box, ToWide(name).c_str());
+            PressButton(dialog, IDOK);
+        });
+        const OpenFileAnswer answer = WinDialogs(nullptr).OpenFile(request);
+        CHECK(answer.result == DialogResult::Ok);
+        CHECK(answer.filterIndex == 2);
+        CHECK(WinFiles().SameFile(answer.fileName, root + u"\\" + name));
+    }
+    GetCurrentDirectoryW(MAX_PATH, after);
+    CHECK((std::wstring(before) == after));
+}

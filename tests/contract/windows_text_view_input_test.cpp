@@ -1,0 +1,168 @@
+// Keys, mouse and drops of the text view on the system's control.
+#include "platform/windows/text_view/win_text_view.h"
+#include "platform/windows/win_text.h"
+#include "tests/contract/windows_text_view_bench.h"
+
+#include <doctest/doctest.h>
+#include <shellapi.h>
+#include <shlobj.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+struct Bench {
+    WinTextView view{HiddenWindow()};
+
+    Bench() {
+        view.SetBounds({0, 0, 400, 300});
+        std::u16string text;
+        for (int i = 0; i < 200; ++i)
+            text += u"some line\n";
+        view.LoadPlainText(text);
+    }
+    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+        return SendMessageW(view.Handle(), message, wParam, lParam);
+    }
+    std::u16string Shown() {
+        const auto size = static_cast<std::size_t>(view.TextLength());
+        std::wstring text(size + 2, L'\0'); // one more than there should be, and the zero
+        TEXTRANGEW range = {{0, LONG(size + 1)}, text.data()};
+        text.resize(
+            static_cast<std::size_t>(Send(EM_GETTEXTRANGE, 0, reinterpret_cast<LPARAM>(&range))));
+        std::replace(text.begin(), text.end(), L'\r', L'\n');
+        return FromWide(text);
+    }
+    void Press(int key) {
+        Send(WM_KEYDOWN, key);
+        Send(WM_KEYUP, key);
+    }
+};
+
+HDROP DropOf(const std::wstring& paths) { // each ends with a zero
+    const std::size_t size = (paths.size() + 1) * sizeof(wchar_t);
+    const HGLOBAL memory = GlobalAlloc(GHND, sizeof(DROPFILES) + size);
+    auto* const files = static_cast<DROPFILES*>(GlobalLock(memory));
+    files->pFiles = sizeof(DROPFILES);
+    files->fWide = TRUE;
+    std::memcpy(files + 1, paths.data(), paths.size() * sizeof(wchar_t));
+    GlobalUnlock(memory);
+    return static_cast<HDROP>(memory);
+}
+} // namespace
+
+TEST_CASE("windows text view: typing, pasting and cutting change nothing") {
+    Bench bench;
+    const std::u16string before = bench.view.TextRange(0, bench.view.TextLength());
+    bench.view.Select(3, 5);
+    for (const int key : {int('X'), int(VK_DELETE), int(VK_BACK), int(VK_RETURN), int(VK_TAB)})
+        bench.Press(key);
+    for (const wchar_t unit : L"x\b\r\t\x16\x18")
+        bench.Send(WM_CHAR, unit);
+    for (const UINT message : {UINT(WM_PASTE), UINT(WM_CUT), UINT(WM_CLEAR), UINT(WM_UNDO)})
+        bench.Send(message);
+    {
+        const HeldKey control(VK_CONTROL);
+        for (const int key : {'V', 'X', 'Z', 'Y', 'E', 'R', 'L', 'J', '1', '2'})
+            bench.Press(key);
+    }
+    CHECK(bench.Shown() == before);
+    CHECK(bench.view.SelStart() == 3);
+    CHECK(bench.view.SelLength() == 5);
+    PARAFORMAT2 format = {};
+    format.cbSize = sizeof format;
+    bench.Send(EM_GETPARAFORMAT, 0, reinterpret_cast<LPARAM>(&format));
+    CHECK(format.wAlignment == PFA_LEFT);
+}
+
+TEST_CASE("windows text view: keys move the caret and select") {
+    Bench bench;
+    WinTextView& view = bench.view;
+    bench.Press(VK_RIGHT);
+    CHECK(view.SelStart() == 1);
+    bench.Press(VK_DOWN);
+    CHECK(view.SelStart() == 11);
+    bench.Press(VK_END);
+    CHECK(view.SelStart() == 19);
+    {
+        const HeldKey control(VK_CONTROL);
+        bench.Press(VK_END);
+        CHECK(view.SelStart() == view.TextLength());
+        bench.Press(VK_RIGHT);
+        CHECK(view.SelStart() == view.TextLength());
+        bench.Press(VK_HOME);
+        CHECK(view.SelStart() == 0);
+        bench.Press('A');
+        CHECK(view.SelLength() == view.TextLength());
+    }
+}
+
+TEST_CASE("windows text view: Space scrolls a page and leaves the caret") {
+    Bench bench;
+    bench.Press(VK_SPACE);
+    CHECK(bench.view.FirstVisibleChar() > 50);
+    CHECK(bench.view.SelStart() == 0);
+    const HeldKey shift(VK_SHIFT);
+    bench.Press(VK_SPACE);
+    CHECK(bench.view.FirstVisibleChar() == 0);
+}
+
+TEST_CASE("windows text view: the wheel with Ctrl is the window's, in whole steps") {
+    Bench bench;
+    std::vector<int> steps;
+    bench.view.onZoomWheel = [&](int s) { steps.push_back(s); };
+    for (const int turn : {120, -240, 60, 60})
+        bench.Send(WM_MOUSEWHEEL, MAKEWPARAM(MK_CONTROL, turn));
+    CHECK(steps == std::vector<int>{1, -2, 1});
+    int numerator = 0, denominator = 0;
+    bench.Send(EM_GETZOOM, reinterpret_cast<WPARAM>(&numerator),
+               reinterpret_cast<LPARAM>(&denominator));
+    CHECK(numerator == denominator);
+    CHECK(bench.view.FirstVisibleChar() == 0);
+}
+
+TEST_CASE("windows text view: a context menu is asked for by mouse and keyboard") {
+    Bench bench;
+    int asked = 0;
+    bench.view.onContextMenu = [&] { ++asked; };
+    POINT corner = {10, 20};
+    ClientToScreen(bench.view.Handle(), &corner);
+    bench.Send(WM_RBUTTONUP, 0, MAKELPARAM(10, 20));
+    CHECK(asked == 1);
+    CHECK(bench.view.ContextMenuPoint().x == corner.x);
+    CHECK(bench.view.ContextMenuPoint().y == corner.y);
+    bench.Press(VK_APPS);
+    CHECK(asked == 2);
+    RECT inside = {};
+    GetWindowRect(bench.view.Handle(), &inside);
+    CHECK(PtInRect(&inside, bench.view.ContextMenuPoint()));
+    const HeldKey shift(VK_SHIFT);
+    bench.Press(VK_F10);
+    CHECK(asked == 3);
+}
+
+TEST_CASE("windows text view: dropped files are reported in their order") {
+    Bench bench;
+    std::vector<std::u16string> dropped;
+    bench.view.onFilesDropped = [&](const std::vector<std::u16string>& paths) { dropped = paths; };
+    using namespace std::string_literals;
+    const std::wstring paths = L"C:\\b.txt\0C:\\\u0416 \xD834\xDD1E.rtf\0"s;
+    bench.Send(WM_DROPFILES, reinterpret_cast<WPARAM>(DropOf(paths)));
+    CHECK(dropped == std::vector<std::u16string>{u"C:\\b.txt", u"C:\\\u0416 \U0001D11E.rtf"});
+}
+
+TEST_CASE("windows text view: the hourglass is over the text while it is asked for") {
+    Bench bench;
+    const auto shown = [&] {
+        SetCursor(LoadCursorW(nullptr, IDC_ARROW));
+        bench.Send(WM_SETCURSOR, reinterpret_cast<WPARAM>(bench.view.Handle()),
+                   MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+        return GetCursor();
+    };
+    bench.view.SetPointer(Pointer::Hourglass);
+    CHECK(shown() == LoadCursorW(nullptr, IDC_WAIT));
+    bench.view.LoadPlainText(u"another text");
+    CHECK(shown() == LoadCursorW(nullptr, IDC_WAIT));
+    bench.view.SetPointer(Pointer::Default);
+    CHECK(shown() != LoadCursorW(nullptr, IDC_WAIT));
+}
