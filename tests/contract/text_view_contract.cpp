@@ -1,6 +1,9 @@
 // What every text view must do.
 #include "tests/contract/text_view_contract.h"
 
+#include "common/line_ends.h"
+#include "formats/plain_text_source.h"
+
 #include <doctest/doctest.h>
 
 #include <algorithm>
@@ -90,6 +93,33 @@ TEST_CASE("text view: every line end becomes one paragraph break") {
             CHECK(view.TextLength() == TextPos(expected.size()));
             CHECK(All(view) == expected);
         }
+    });
+}
+
+TEST_CASE("text view: a text that is read as it is needed answers like one in memory") {
+    std::string bytes;
+    for (int i = 0; i < 3000; ++i)
+        bytes += "line " + std::to_string(i) + " caf\xC3\xA9 \xF0\x9D\x84\x9E\r\n";
+    std::u16string text = DecodePlainText(bytes, 0, 1252).text;
+    UnifyLineEnds(text);
+    OnEachBackEnd([&](TextView& view) {
+        view.LoadPlainText(u"another");
+        view.Select(2, 3);
+        const auto file = std::make_shared<BytesReader>(bytes);
+        view.LoadText(std::make_shared<PlainTextSource>(file, 0, 1252, 100));
+        CHECK(view.LargestText() >= bytes.size());
+        CHECK(view.TextLength() == TextPos(text.size()));
+        CHECK((All(view) == text));
+        CHECK(view.SelStart() == 0);
+        CHECK(view.SelLength() == 0);
+        CHECK(view.FirstVisibleChar() == 0);
+        const TextPos at = TextPos(text.find(u"line 2000"));
+        CHECK(view.Find(u"LINE 2000", 0, {true, false}) == at);
+        view.ScrollLineToTop(at + 3);
+        CHECK(view.FirstVisibleChar() == at);
+        CHECK(view.LineAround(at + 3).start == at);
+        view.Select(at, 9);
+        CHECK(view.SelectionAsRtf().find("line 2000") != std::string::npos);
     });
 }
 
