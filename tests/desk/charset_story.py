@@ -1,8 +1,11 @@
 """An 8-bit book that opened in the wrong script is put right in the font dialog, by keyboard."""
+import unittest
+
 from harness import books
 from harness.clipboard import copied
 from harness.dialog import Dialog
 from harness.story import Story, main
+from harness.wine import ON_WINE
 
 
 class Charset(Story):
