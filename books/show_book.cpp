@@ -82,7 +82,7 @@ void MakeFirst(MainForm& form, int index) {
 std::optional<std::string> ReadBookToShow(MainForm& form, int index) {
     const BookRecord record = BookRecord::Parse(form.menu.mFileList[index].tag);
     const bool html = record.Number(Field::Filter) == HtmlBook;
-    if (html && !form.ports.htmlView) {
+    if (html && !(form.ports.htmlView && form.ports.htmlView->IsAvailable())) {
         ShowBookMessage(form, record.Path() + u"\r\nThis program has no view for HTML books.");
         return std::nullopt;
     }
