@@ -67,7 +67,7 @@ class DebianPackages(PackageTest):
         return subprocess.run([*self.as_user, "unshare", "--user", "true"], check=False).returncode == 0
 
     def page(self):
-        path = os.path.join(self.folder, "Page.html")
+        path = os.path.join(self.folder, "Page.htm")
         with open(path, "w", encoding="ascii") as file:
             file.write("<title>Lanterns</title><p>It was a bright day.\n")
         return path
