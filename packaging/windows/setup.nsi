@@ -1,5 +1,6 @@
 ; The installer for Windows, and its uninstaller. docs/packages.md lists their switches.
-; From the command line of makensis: PRODUCT_FOLDER with the texts made by CMake, PROGRAM_FOLDER, ICON, SETUP.
+; From the command line of makensis: PRODUCT_FOLDER with the texts made by CMake, PROGRAM_FOLDER, ICON, PICTURE for the
+; last page (high as that is on a screen of 192 dpi), SETUP.
 Target amd64-unicode
 SetCompressor /SOLID lzma
 !include "${PRODUCT_FOLDER}/product.nsh"
@@ -30,9 +31,12 @@ SetCompressor /SOLID lzma
 Name "${PRODUCT_TITLE}"
 OutFile "${SETUP}"
 BrandingText "${PRODUCT_TITLE} ${PRODUCT_VERSION}"
+SpaceTexts none
 ManifestDPIAware true
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${PICTURE}"
+!define MUI_WELCOMEFINISHPAGE_BITMAP_STRETCH AspectFitHeight
 
 VIProductVersion "${PRODUCT_VERSION}.0"
 VIFileVersion "${PRODUCT_VERSION}.0"
@@ -163,5 +167,5 @@ Function un.RemoveAnnouncement
         DeleteRegKey /ifnosubkeys /ifnovalues HKLM "Software\${PRODUCT_COMPANY}\${PRODUCT_TITLE}"
         DeleteRegKey /ifnosubkeys /ifnovalues HKLM "Software\${PRODUCT_COMPANY}"
     ${EndIf}
-    SetRegView lastused
+    SetRegView 64
 FunctionEnd
