@@ -6,6 +6,7 @@
 #include "platform/windows/win_clock.h"
 #include "platform/windows/win_dialogs.h"
 #include "platform/windows/win_files.h"
+#include "platform/windows/win_help_window.h"
 #include "platform/windows/win_launch.h"
 #include "platform/windows/win_locale.h"
 #include "platform/windows/win_menu_bar.h"
@@ -13,6 +14,7 @@
 #include "platform/windows/win_shell.h"
 #include "platform/windows/win_status_bar.h"
 #include "platform/windows/win_timer.h"
+#include "platform/windows/win_update_check.h"
 #include "platform/windows/win_version_info.h"
 #include "platform/windows/win_window.h"
 
@@ -45,11 +47,14 @@ Ports MakeWinPorts() {
     ports.htmlView = MakeHtmlView(*window);
     ports.clipboard = std::make_unique<WinClipboard>();
     ports.dialogs = std::make_unique<WinDialogs>(window->Handle());
+    ports.helpWindow = std::make_unique<WinHelpWindow>();
     ports.saveTimer = std::make_unique<WinTimer>(window->Handle());
     ports.shell = std::make_unique<WinShell>();
     ports.registry = std::make_unique<WinRegistry>();
     ports.files = std::make_unique<WinFiles>();
     ports.versionInfo = std::make_unique<WinVersionInfo>();
+    ports.updateCheck = std::make_unique<WinUpdateCheck>(
+        [main = window.get()](MSG& message) { return main->PassMessage(message); });
     ports.locale = std::make_unique<WinLocale>();
     ports.clock = std::make_unique<WinClock>();
     ports.window = std::move(window);

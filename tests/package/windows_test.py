@@ -30,10 +30,10 @@ class WindowsTest(PackageTest):
                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False, timeout=60)
         return done.stdout.decode(errors="replace"), done.returncode
 
-    def registered(self, key, name=""):
-        """A text or number in the registry, None where there is none."""
-        text, code = self.wine("reg", "query", key, *(["/v", name] if name else ["/ve"]))
-        return text.strip().splitlines()[-1].split("    ")[-1] if code == 0 else None
+    def registered(self, key):
+        """The names and values of a registry key, "(Default)" for the one without a name."""
+        lines = self.wine("reg", "query", key)[0].splitlines()
+        return {part[0]: part[2] for part in (line[4:].split("    ", 2) for line in lines) if len(part) == 3}
 
     def wait_for_wine(self):
         """Until no program runs; then Wine has written the registry down."""
@@ -48,6 +48,7 @@ class WindowsTest(PackageTest):
     def read(self, program):
         process = self.start(["wine", program, shown_path(self.book)], wine_environment(self.prefix))
         wait_for(lambda: "Book.txt" in self.title(), "the book")
+        self.look_into_help()
         return process
 
     def assert_holds(self, folder, *names):
@@ -95,8 +96,7 @@ class Setup(WindowsTest):
         folder = os.path.join(self.drive, "Program Files", "My books")
         self.assertTrue(self.start_menu_entry("ProgramData"))
         self.assert_is_listed("HKLM")
-        self.assert_is_offered("HKLM")
-        self.assertEqual(self.registered(r"HKLM\Software\Classes\.txt"), "txtfile", "still the default")
+        self.assertEqual(self.registered(r"HKLM\Software\Classes\.txt")["(Default)"], "txtfile", "still the default")
 
         self.close(self.read(os.path.join(folder, "Norvaset.exe")))
         self.assert_tells_of_book(os.path.join(folder, "Norvaset.dat")) # Wine lets everybody write there
@@ -104,7 +104,7 @@ class Setup(WindowsTest):
         self.assertFalse(os.path.exists(folder))
         self.assertFalse(self.start_menu_entry("ProgramData"))
         self.assertEqual(self.traces(), [])
-        self.assertEqual(self.registered(r"HKLM\Software\Classes\.txt"), "txtfile")
+        self.assertEqual(self.registered(r"HKLM\Software\Classes\.txt")["(Default)"], "txtfile")
 
     def programs_of_user(self):
         return glob.glob(os.path.join(self.drive, "users/*/AppData/Local/Programs/Norvaset"))[0]
@@ -115,21 +115,23 @@ class Setup(WindowsTest):
 
     def assert_is_listed(self, root):
         """In the list of programs."""
-        key = root + "\\" + UNINSTALL
-        self.assertEqual(self.registered(key, "DisplayName"), "Norvaset")
-        self.assertRegex(self.registered(key, "DisplayVersion"), r"^\d+\.\d+\.\d+$")
-        self.assertTrue(self.registered(key, "Publisher"))
-        self.assertTrue(self.registered(key, "DisplayIcon").endswith(r"\Norvaset.exe,0"))
-        self.assertIn("Uninstall.exe", self.registered(key, "QuietUninstallString"))
-        self.assertGreater(int(self.registered(key, "EstimatedSize"), 16), 1000)
+        entry = self.registered(root + "\\" + UNINSTALL)
+        self.assertEqual(entry["DisplayName"], "Norvaset")
+        self.assertRegex(entry["DisplayVersion"], r"^\d+\.\d+\.\d+$")
+        self.assertTrue(entry["Publisher"])
+        self.assertTrue(entry["DisplayIcon"].endswith(r"\Norvaset.exe,0"))
+        self.assertIn("Uninstall.exe", entry["QuietUninstallString"])
+        self.assertGreater(int(entry["EstimatedSize"], 16), 1000)
 
     def assert_is_offered(self, root):
         """Under "Open with"."""
         classes = root + r"\Software\Classes"
-        for ending, kind in ((".txt", "text"), (".rtf", "richtext"), (".htm", "html"), (".html", "html")):
-            self.assertIsNotNone(self.registered(f"{classes}\\{ending}\\OpenWithProgids", f"Norvaset.{kind}"))
-            self.assertIn('Norvaset.exe" "%1"', self.registered(f"{classes}\\Norvaset.{kind}\\shell\\open\\command"))
-        self.assertIsNotNone(self.registered(classes + r"\Applications\Norvaset.exe\SupportedTypes", ".htm"))
+        kinds = {".txt": "text", ".rtf": "richtext", ".htm": "html", ".html": "html"}
+        self.assertEqual(set(self.registered(classes + r"\Applications\Norvaset.exe\SupportedTypes")), set(kinds))
+        for ending, kind in kinds.items():
+            self.assertIn("Norvaset." + kind, self.registered(f"{classes}\\{ending}\\OpenWithProgids"))
+            command = self.registered(f"{classes}\\Norvaset.{kind}\\shell\\open\\command")["(Default)"]
+            self.assertIn('Norvaset.exe" "%1"', command)
 
 
 class Portable(WindowsTest):

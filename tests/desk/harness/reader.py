@@ -165,7 +165,10 @@ class Reader:
         return self.screen.xdotool("getwindowname", self.window).rstrip("\n")
 
     def is_active(self, window=None):
-        return self.screen.xdotool("getactivewindow").strip() == str(window or self.window)
+        """Whether the window has the keyboard; Wine takes it a moment after it was given it."""
+        asked = ["getactivewindow", "getwindowfocus"] if ON_WINE else ["getactivewindow"]
+        return all(self.screen.xdotool(question).strip() == str(window or self.window)
+                   for question in asked)
 
     def activate(self):
         self.screen.xdotool("windowactivate", self.window)
