@@ -53,11 +53,16 @@ class BadPath(Story):
             with self.subTest(path=path):
                 self.assert_told(path)
 
-    def test_too_large(self):
+    def test_a_gigabyte_of_nothing(self):
         path = self.path("zeros.txt")
         with open(path, "wb") as file:
             file.truncate(GIGABYTE)
-        self.assert_told(path)
+        self.program.start(path)
+        self.program.wait_for_book(path)
+        self.program.key("ctrl+End")
+        self.program.finish_keys()
+        self.program.close()
+        self.assertEqual(self.book_record(self.program, path)["Size"], GIGABYTE)
 
     def test_names_that_the_data_file_cannot_keep(self):
         names = [b"star*.txt", b"question?.txt", b"new\nline.txt", b"tab\t.txt", b"byte\xff.txt",

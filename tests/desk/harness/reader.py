@@ -13,6 +13,8 @@ from harness.wine import ON_WINE, PROGRAM, end_prefix, make_prefix, shown_path, 
 
 BESIDE = ("Norvaset.hlp", "norvaset-web.so")  # what a program has beside it, on some systems
 NOBODY = 65534
+# What the engine for pages says on a screen without a graphics card, on some of its starts.
+ENGINE_NOISE = "No suitable graphics backend found\n"
 
 
 class Reader:
