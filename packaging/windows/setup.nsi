@@ -1,9 +1,9 @@
 ; The installer for Windows, and its uninstaller. docs/packages.md lists their switches.
-; From the command line of makensis: PRODUCT_FOLDER with the texts made by CMake, PROGRAM_FOLDER, ICON, PICTURE for the
-; last page (high as that is on a screen of 192 dpi), SETUP.
+; From the command line of makensis: PRODUCT, the texts made by CMake; FOLDER of the program; ICON; PICTURE for the last
+; page, as high as that is on a screen of 192 dpi; SETUP, which it makes.
 Target amd64-unicode
 SetCompressor /SOLID lzma
-!include "${PRODUCT_FOLDER}/product.nsh"
+!include "${PRODUCT}"
 
 !define PROGRAM "${PRODUCT_TITLE}.exe"
 !define HELP_FILE "${PRODUCT_TITLE}.hlp"
@@ -79,9 +79,9 @@ FunctionEnd
 Section "-Program" SectionProgram
     Call WaitForReader
     SetOutPath $INSTDIR
-    File "${PROGRAM_FOLDER}/${PROGRAM}"
-    File "${PROGRAM_FOLDER}/${HELP_FILE}"
-    File "${PRODUCT_FOLDER}/License.txt"
+    File "${FOLDER}/${PROGRAM}"
+    File "${FOLDER}/${HELP_FILE}"
+    File "${FOLDER}/License.txt"
     WriteUninstaller "$INSTDIR\${UNINSTALLER}"
     CreateShortcut "$SMPROGRAMS\${PRODUCT_TITLE}.lnk" "$INSTDIR\${PROGRAM}" "" "" 0 SW_SHOWNORMAL "" \
         "${PRODUCT_DESCRIPTION}"
