@@ -36,8 +36,15 @@ bool MatchesPattern(std::u16string_view text, std::u16string_view pattern) {
     return std::ranges::all_of(pattern.substr(p), [](char16_t unit) { return unit == u'*'; });
 }
 
+// The filter's pattern names the short form of old file systems only.
+bool IsPageName(std::u16string_view path) {
+    return MatchesPattern(path, u"*.htm") || MatchesPattern(path, u"*.html") ||
+           MatchesPattern(path, u"*.xhtml");
+}
+
 int KindOfBook(std::u16string_view path, std::string_view firstBytes) {
     if (LooksLikeRtf(firstBytes)) return RichTextBook;
+    if (IsPageName(path)) return HtmlBook;
     const auto patterns = GetFilterPatterns(bookFilter);
     const auto match = std::ranges::find_if(
         patterns, [&](const std::u16string& pattern) { return MatchesPattern(path, pattern); });

@@ -13,13 +13,6 @@
 namespace {
 constexpr std::size_t longestTrail = 100;
 
-// A page may lead to pictures and archives, too: those are no books.
-int KindOfLink(const std::u16string& path) {
-    for (const char16_t* pattern : {u"*.htm", u"*.html", u"*.xhtml"})
-        if (MatchesPattern(path, pattern)) return HtmlBook;
-    return KindOfBook(path, "");
-}
-
 std::vector<PagePlace> TrailFromHere(const MainForm& form, int top) {
     std::vector<PagePlace> trail = form.page.trail;
     if (trail.size() == longestTrail) trail.erase(trail.begin());
@@ -45,8 +38,8 @@ void FollowOut(MainForm& form, const std::u16string& url) {
 
 void wbMain_Link(MainForm& form, const std::u16string& url, const std::u16string& path) {
     if (path.empty()) return FollowOut(form, url);
-    const int kind = KindOfLink(path);
-    if (kind == OtherBook) return;
+    const int kind = KindOfBook(path, "");
+    if (kind == OtherBook) return; // a picture or an archive is no book
     OpenOnTrail(form, path, kind, TrailFromHere(form, form.ports.htmlView->ScrollTop()));
 }
 

@@ -245,3 +245,14 @@ TEST_CASE("html load: a page whose file is gone or barred is told, and the shown
     test.Autosave();
     CHECK(test.Record(0)[Field::LastPos] == u"300");
 }
+
+TEST_CASE("html load: a page is told by any of its usual endings") {
+    for (const char16_t* path : {u"/b/p.htm", u"/b/p.HTML", u"/b/p.xhtml"}) {
+        HtmlForm test;
+        test.PutPage(path);
+        REQUIRE(test.Start());
+        test.OpenLoaded(path);
+        CHECK(test.Page().navigations == std::vector<std::u16string>{path});
+        CHECK(test.Record(0)[Field::Filter] == u"2");
+    }
+}
