@@ -1,9 +1,12 @@
 // A web server on this computer that speaks TLS, with a certificate that nobody but itself has
-// signed: the host's openssl, which Wine can start. It answers every path with a page.
+// signed: the host's openssl, which Wine can start. It answers "/f" with a file of status 200.
 #pragma once
 
 #include "loopback_server_windows.h"
 #include "temporary_folder_windows.h"
+
+#include <filesystem>
+#include <fstream>
 
 class TlsServer {
   public:
@@ -24,10 +27,13 @@ class TlsServer {
             GetFileAttributesExW(certificate.c_str(), GetFileExInfoStandard, &made);
             return made.nFileSizeLow > 0;
         });
+        std::ofstream(std::filesystem::path(folder_.path) / L"f", std::ios::binary)
+            << AnswerBytes("200 OK", "file"); // with its head
         // It ends by itself, because Wine gives no handle to end it by.
-        Start(L"openssl s_server -quiet -www -naccept 8 -key key.pem -cert certificate.pem -accept "
-              L"127.0.0.1:" +
-              std::to_wstring(port_));
+        Start(
+            L"openssl s_server -quiet -HTTP -naccept 8 -key key.pem -cert certificate.pem -accept "
+            L"127.0.0.1:" +
+            std::to_wstring(port_));
         running_ = Try([this] { return Connects(); });
     }
     ~TlsServer() {
