@@ -4,13 +4,20 @@
 #include "platform/files.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 
 struct MainForm;
 
-// Positions are 32-bit and the text in memory is twice as large as most files.
+// Rich text and pages are held in memory. How much plain text can be shown the view says.
 constexpr std::uint64_t largestBook = 256u << 20; // bytes
+
+// A book's file as it is read: rich text whole, plain text when it is needed.
+struct BookContent {
+    std::string richText;
+    std::shared_ptr<const FileReader> plainText; // null for rich text
+};
 
 // Whether the path can be the key of a record and come back as itself.
 bool IsStorablePath(const std::u16string& path);
@@ -19,7 +26,7 @@ bool IsStorablePath(const std::u16string& path);
 // The user has then been told.
 std::optional<std::string> ExamineBookFile(MainForm&, const std::u16string& path);
 
-// The whole file; nothing when it cannot be read. The user has then been told.
-std::optional<std::string> ReadBookFile(MainForm&, const std::u16string& path);
+// Opens the file; nothing when it cannot be read. The user has then been told.
+std::optional<BookContent> ReadBookFile(MainForm&, const std::u16string& path);
 
 void ShowBookMessage(MainForm&, const std::u16string& text); // exclamation, with a Help button

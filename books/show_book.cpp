@@ -9,8 +9,7 @@
 #include "books/save_state.h"
 #include "common/flag_scope.h"
 #include "common/text.h"
-#include "formats/plain_text.h"
-#include "formats/rtf_reader.h"
+#include "formats/plain_text_source.h"
 #include "reading/bookmarks.h"
 #include "reading/caret.h"
 #include "reading/find.h"
@@ -41,19 +40,18 @@ Color ColorOf(const std::u16string& field, Color fallback) {
     return field.empty() ? fallback : static_cast<Color>(WholeNumber(field)) & 0xFFFFFF;
 }
 
-void LoadText(MainForm& form, const BookRecord& record, std::string bytes) {
+void LoadText(MainForm& form, const BookRecord& record, BookContent content) {
     TextView& view = *form.ports.textView;
     const int systemPage = form.ports.locale->AnsiCodePage();
     form.shownCodePage = 0;
-    if (LooksLikeRtf(bytes)) return view.LoadRichText(std::move(bytes), systemPage);
+    if (!content.plainText) return view.LoadRichText(std::move(content.richText), systemPage);
     const int bookPage = CharsetToCodePage(record.Number(Field::Charset));
-    DecodedText decoded = DecodePlainText(bytes, bookPage, systemPage);
-    form.shownCodePage = decoded.codePage;
-    bytes = std::string(); // a large book is not held twice
-    view.LoadPlainText(std::move(decoded.text));
+    auto text = std::make_shared<PlainTextSource>(content.plainText, bookPage, systemPage);
+    form.shownCodePage = text->CodePage();
+    view.LoadText(std::move(text));
 }
 
-void ShowInTextView(MainForm& form, const BookRecord& record, std::string bytes) {
+void ShowInTextView(MainForm& form, const BookRecord& record, BookContent content) {
     TextView& view = *form.ports.textView;
     form.viewFont = FontOf(form, record);
     LeavePage(form);
@@ -63,7 +61,7 @@ void ShowInTextView(MainForm& form, const BookRecord& record, std::string bytes)
     view.SetFont(form.viewFont);
     ApplyFont(form, true);
     SetWordWrap(form, record.Flag(Field::Wrap));
-    LoadText(form, record, std::move(bytes));
+    LoadText(form, record, std::move(content));
     ApplyTextColor(form, ColorOf(record[Field::ForeColor], defaultTextColor), true);
     ApplyAlignment(form, record.Number(Field::Align), true);
     ScrollCaretToTop(view, record.Number(Field::LastPos));
@@ -77,27 +75,30 @@ void MakeFirst(MainForm& form, int index) {
     SyncRemoveMenu(form, HistoryCount(form) - 1);
 }
 
-// The bytes of the book to show, read before anything changes: of one that cannot be read the user
+// The book to show, opened before anything changes: of one that cannot be read the user
 // is told and the book on the screen stays.
-std::optional<std::string> ReadBookToShow(MainForm& form, int index) {
+std::optional<BookContent> ReadBookToShow(MainForm& form, int index) {
     const BookRecord record = BookRecord::Parse(form.menu.mFileList[index].tag);
     const bool html = record.Number(Field::Filter) == HtmlBook;
-    if (html && !form.ports.htmlView) {
+    if (html && !(form.ports.htmlView && form.ports.htmlView->IsAvailable())) {
         ShowBookMessage(form, record.Path() + u"\r\nThis program has no view for HTML books.");
         return std::nullopt;
     }
     const Hourglass hourglass(*form.ports.textView);
-    // The engine reads a page by itself; here it is only seen that it can.
-    auto bytes = html ? ExamineBookFile(form, record.Path()) : ReadBookFile(form, record.Path());
-    if (!bytes) SetHistoryCaption(form, index);
-    return bytes;
+    std::optional<BookContent> content;
+    if (!html)
+        content = ReadBookFile(form, record.Path());
+    else if (ExamineBookFile(form, record.Path()))
+        content = BookContent(); // the engine reads a page by itself; here it is seen that it can
+    if (!content) SetHistoryCaption(form, index);
+    return content;
 }
 } // namespace
 
 void mFileList_Click(MainForm& form, int index) {
     if (index == 0 && IsBookShown(form)) return;
-    auto bytes = ReadBookToShow(form, index);
-    if (!bytes) return;
+    auto content = ReadBookToShow(form, index);
+    if (!content) return;
 
     const FlagScope loading(form.LoadingBook);
     if (index >= 1) MakeFirst(form, index);
@@ -111,7 +112,7 @@ void mFileList_Click(MainForm& form, int index) {
     if (record.Number(Field::Filter) == HtmlBook)
         ShowInHtmlView(form, record, ColorOf(record[Field::BackColor], defaultBackColor));
     else
-        ShowInTextView(form, record, std::move(*bytes));
+        ShowInTextView(form, record, std::move(*content));
     menu.mFileList[0].checked = true;
     UpdateWindowTitle(form);
     LoadFindHistory(form);

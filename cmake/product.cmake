@@ -3,6 +3,7 @@ set(PRODUCT_TITLE "Norvaset")
 set(PRODUCT_VERSION_MAJOR 1)
 set(PRODUCT_VERSION_MINOR 0)
 set(PRODUCT_VERSION_REVISION 0)
+set(PRODUCT_DATE "2026-11-21") # of this version
 set(PRODUCT_COMPANY "Norvaset Founders")
 set(PRODUCT_DESCRIPTION "Reader for text, rich text and HTML books")
 set(PRODUCT_WEB_SITE "https://norvaset.example")

@@ -12,13 +12,25 @@
 
 // The number of ASCII bytes at the start of [at, stop), counted in whole groups of eight.
 inline std::size_t AsciiLength(const unsigned char* at, const unsigned char* stop) {
+    constexpr std::uint64_t highBits = 0x8080808080808080u;
     const unsigned char* const start = at;
+    std::uint64_t groups[4];
+    for (; stop - at >= 32; at += 32) {
+        std::memcpy(groups, at, 32);
+        if (((groups[0] | groups[1] | groups[2] | groups[3]) & highBits) != 0) break;
+    }
     for (; stop - at >= 8; at += 8) {
-        std::uint64_t group;
-        std::memcpy(&group, at, 8);
-        if ((group & 0x8080808080808080u) != 0) break;
+        std::memcpy(groups, at, 8);
+        if ((groups[0] & highBits) != 0) break;
     }
     return static_cast<std::size_t>(at - start);
+}
+
+inline bool IsAscii(std::string_view bytes) {
+    const auto* const start = reinterpret_cast<const unsigned char*>(bytes.data());
+    const std::string_view rest = bytes.substr(AsciiLength(start, start + bytes.size()));
+    return std::all_of(rest.begin(), rest.end(),
+                       [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
 }
 
 // Writes a character as one unit or two; returns where the next one goes.

@@ -1,6 +1,7 @@
 #include "common/utf.h"
 
 #include "common/decode_pieces.h"
+#include "common/sum_over_bytes.h"
 
 #include <algorithm>
 
@@ -32,17 +33,6 @@ char32_t SequenceValue(const unsigned char* at, int length) {
         return (at[0] & 0x07u) << 18 | (at[1] & 0x3Fu) << 12 | (at[2] & 0x3Fu) << 6 |
                (at[3] & 0x3Fu);
     }
-}
-
-// Exact for valid UTF-8: each sequence has one byte that continues none, and the longest make a
-// pair.
-std::size_t Utf16Length(std::string_view bytes) {
-    std::size_t length = 0;
-    for (const char c : bytes) {
-        const auto byte = static_cast<unsigned char>(c);
-        length += static_cast<std::size_t>((byte & 0xC0) != 0x80) + (byte >= 0xF0);
-    }
-    return length;
 }
 
 bool IsHighSurrogate(char16_t unit) {
@@ -89,8 +79,62 @@ std::size_t ValidUtf8Length(std::string_view bytes) {
     return static_cast<std::size_t>(at - start);
 }
 
+namespace {
+// A byte as a signed number in the same order, which is what processors compare.
+constexpr signed char Place(unsigned char byte) {
+    return static_cast<signed char>(byte ^ 0x80);
+}
+
+// Whether something is wrong at this byte, told from it and the three before it. Only comparisons
+// of bytes, no branch: the compiler looks at many bytes at once.
+bool IsWrongAt(const unsigned char* at) {
+    constexpr signed char p80 = Place(0x80), p90 = Place(0x90), pA0 = Place(0xA0);
+    constexpr signed char pC0 = Place(0xC0), pC1 = Place(0xC1), pE0 = Place(0xE0);
+    constexpr signed char pED = Place(0xED), pF0 = Place(0xF0), pF4 = Place(0xF4);
+    constexpr signed char pF5 = Place(0xF5);
+    const signed char now = Place(at[0]), first = Place(at[-1]), second = Place(at[-2]);
+    const signed char third = Place(at[-3]); // before it
+    const bool wanted = (first >= pC0) | (second >= pE0) | (third >= pF0);
+    const bool continues = (now >= p80) & (now < pC0);
+    const bool never = (now == pC0) | (now == pC1) | (now >= pF5);
+    const bool overlong = ((first == pE0) & (now < pA0)) | ((first == pF0) & (now < p90));
+    const bool outside = ((first == pED) & (now >= pA0)) | ((first == pF4) & (now >= p90));
+    return (wanted ^ continues) | never | overlong | outside;
+}
+} // namespace
+
 bool IsValidUtf8(std::string_view bytes) {
-    return ValidUtf8Length(bytes) == bytes.size();
+    constexpr std::size_t most = 4096;
+    const auto* const start = reinterpret_cast<const unsigned char*>(bytes.data());
+    const std::size_t size = bytes.size();
+    // The ends are looked at slowly: there are no three bytes before, or a sequence may be cut.
+    if (size < 8) return ValidUtf8Length(bytes) == size;
+    std::size_t at = ValidUtf8Length(bytes.substr(0, 4));
+    if (at < 4) at += ValidUtf8Length(bytes.substr(at, 4));
+    if (at < 3) return false;
+    while (at < size) {
+        const std::size_t end = std::min(size, at + most);
+        unsigned char wrong = 0;
+        for (; at < end; ++at)
+            wrong = static_cast<unsigned char>(wrong | IsWrongAt(start + at));
+        if (wrong) return false;
+    }
+    const std::size_t last = size - 3;
+    return start[size - 1] < 0xC0 && start[size - 2] < 0xE0 && start[last] < 0xF0;
+}
+
+// Each sequence has one byte that continues none, and the longest make a pair.
+std::size_t Utf16Length(std::string_view bytes) {
+    return SumOverBytes(
+        bytes, [](const unsigned char* at) { return ((*at & 0xC0) != 0x80) + (*at >= 0xF0); });
+}
+
+std::size_t Utf8CharacterEnd(std::string_view bytes, std::size_t place) {
+    // Three bytes at most stand behind the first of a sequence: what continues a fourth is in none.
+    const std::size_t last = std::min(place + 3, bytes.size());
+    while (place < last && (static_cast<unsigned char>(bytes[place]) & 0xC0) == 0x80)
+        ++place;
+    return place;
 }
 
 std::u16string Utf8ToUtf16(std::string_view bytes, char16_t replacement) {

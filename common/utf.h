@@ -10,6 +10,11 @@
 std::size_t ValidUtf8Length(std::string_view bytes);
 bool IsValidUtf8(std::string_view bytes);
 
+// The number of UTF-16 units of valid UTF-8.
+std::size_t Utf16Length(std::string_view bytes);
+// The next place from `place` on, which is not behind the bytes, that is in no valid sequence.
+std::size_t Utf8CharacterEnd(std::string_view bytes, std::size_t place);
+
 // Each byte that is no part of a valid sequence becomes `replacement`.
 std::u16string Utf8ToUtf16(std::string_view bytes, char16_t replacement = u'\uFFFD');
 

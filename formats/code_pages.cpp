@@ -102,6 +102,23 @@ void DecodeCodePage(int codePage, std::string_view bytes, std::u16string& text) 
         DecodeCodePage(fallbackPage, bytes, text);
 }
 
+bool IsSingleBytePage(int codePage) {
+    return codePage != utf8Page && !FindDoubleBytePage(codePage);
+}
+
+std::size_t CharacterEnd(int codePage, std::string_view bytes, std::size_t place) {
+    if (codePage == utf8Page) return Utf8CharacterEnd(bytes, place);
+    const DoubleBytePage* page = FindDoubleBytePage(codePage);
+    if (!page) return place;
+    const auto* const start = reinterpret_cast<const unsigned char*>(bytes.data());
+    const unsigned char *at = start, *const end = start + bytes.size();
+    while (at < start + place) {
+        const bool leads = *at >= 0x80 && page->units[*at - 0x80] == leadUnit;
+        at += leads ? DecodePair(*page, at, end).length : 1;
+    }
+    return static_cast<std::size_t>(at - start);
+}
+
 bool IsLeadByte(int codePage, unsigned char byte) {
     const DoubleBytePage* page = FindDoubleBytePage(codePage);
     return page && byte >= 0x80 && page->units[byte - 0x80] == leadUnit;

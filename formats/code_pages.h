@@ -4,17 +4,26 @@
 #include <string>
 #include <string_view>
 
-// Whether `DecodeCodePage` knows this page: 437, 850, 852, 866, 874, 932, 936, 949, 950, 1250 to 1258, 1361,
-// 10000 (Mac Roman), 10001 (Mac Japanese), 10006 (Mac Greek), 10007 (Mac Cyrillic), 10029 (Mac Latin 2),
-// 10081 (Mac Turkish), 20866 (KOI8-R), 28592 to 28605 (ISO 8859), 54936 (GB18030), 65001 (UTF-8).
+// Whether `DecodeCodePage` knows this page: 437, 850, 852, 866, 874, 932, 936, 949, 950, 1250 to
+// 1258, 1361, 10000 (Mac Roman), 10001 (Mac Japanese), 10006 (Mac Greek), 10007 (Mac Cyrillic),
+// 10029 (Mac Latin 2), 10081 (Mac Turkish), 20866 (KOI8-R), 28592 to 28605 (ISO 8859), 54936
+// (GB18030), 65001 (UTF-8).
 bool HasCodePage(int codePage);
 
-// Appends the text of `bytes`. A byte or sequence without a meaning becomes one U+FFFD, and so does a lead
-// byte at the end. An unknown page is read as 1252. 936 also reads what GB18030 adds.
+// Appends the text of `bytes`. A byte or sequence without a meaning becomes one U+FFFD, and so does
+// a lead byte at the end. An unknown page is read as 1252. 936 also reads what GB18030 adds.
 void DecodeCodePage(int codePage, std::string_view bytes, std::u16string& text);
+
+// Whether every byte is one unit.
+bool IsSingleBytePage(int codePage);
 
 // Whether this byte begins a double-byte character of the page (false for single-byte pages).
 bool IsLeadByte(int codePage, unsigned char byte);
+
+// Where the character ends that holds the byte before `place`, when `bytes` begins with a whole
+// character: so a long text is cut into parts that decode by themselves. `place` must not be behind
+// the bytes.
+std::size_t CharacterEnd(int codePage, std::string_view bytes, std::size_t place);
 
 // The page of a Windows font character set number, 0 when it has none of its own (see charsets).
 // 77 gives 10000, 78 gives 10001, 254 gives 437 and so on, as RTF's \fcharset needs.

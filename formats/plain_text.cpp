@@ -30,46 +30,50 @@ constexpr ByteOrderMark byteOrderMarks[] = {
     {"\xFE\xFF"sv, TextEncoding::Utf16BigEndian},
 };
 
-// The encoding that the bytes themselves show. Takes a byte-order mark off.
-std::optional<TextEncoding> EncodingOf(std::string_view& bytes) {
-    for (const ByteOrderMark& mark : byteOrderMarks) {
-        if (!bytes.starts_with(mark.bytes)) continue;
-        bytes.remove_prefix(mark.bytes.size());
-        return mark.encoding;
-    }
-    if (const std::optional<ByteOrder> order = GuessUtf16(bytes))
-        return *order == ByteOrder::Little ? TextEncoding::Utf16LittleEndian
-                                           : TextEncoding::Utf16BigEndian;
-    if (LooksLikeUtf8(bytes)) return TextEncoding::Utf8;
-    return std::nullopt;
-}
-
-std::u16string DecodeUnicode(TextEncoding encoding, std::string_view bytes) {
-    switch (encoding) {
+std::u16string DecodeEncoded(const PlainTextForm& form, std::string_view bytes) {
+    switch (form.encoding) {
+    case TextEncoding::Utf8: return Utf8ToUtf16(bytes);
     case TextEncoding::Utf16LittleEndian: return DecodeUtf16(bytes, ByteOrder::Little);
     case TextEncoding::Utf16BigEndian: return DecodeUtf16(bytes, ByteOrder::Big);
     case TextEncoding::Utf32LittleEndian: return DecodeUtf32(bytes, ByteOrder::Little);
     case TextEncoding::Utf32BigEndian: return DecodeUtf32(bytes, ByteOrder::Big);
-    default: return Utf8ToUtf16(bytes);
+    case TextEncoding::CodePage: break;
     }
+    std::u16string text;
+    text.reserve(bytes.size());
+    DecodeCodePage(form.codePage, bytes, text);
+    return text;
 }
 
 } // namespace
 
-DecodedText DecodePlainText(std::string_view bytes, int bookCodePage, int systemCodePage) {
-    DecodedText decoded;
-    if (const std::optional<TextEncoding> encoding = EncodingOf(bytes)) {
-        decoded.encoding = *encoding;
-        decoded.text = DecodeUnicode(*encoding, bytes);
-    } else {
-        decoded.encoding = TextEncoding::CodePage;
-        decoded.codePage = bookCodePage != 0 ? bookCodePage : systemCodePage;
-        if (decoded.codePage == cyrillicPage && LooksLikeKoi8(bytes)) decoded.codePage = koi8Page;
-        decoded.text.reserve(bytes.size());
-        DecodeCodePage(decoded.codePage, bytes, decoded.text);
-    }
+std::optional<PlainTextForm> MarkedForm(std::string_view sample) {
+    for (const ByteOrderMark& mark : byteOrderMarks)
+        if (sample.starts_with(mark.bytes))
+            return PlainTextForm{mark.encoding, 0, mark.bytes.size()};
+    const std::optional<ByteOrder> order = GuessUtf16(sample);
+    if (!order) return std::nullopt;
+    return PlainTextForm{*order == ByteOrder::Little ? TextEncoding::Utf16LittleEndian
+                                                     : TextEncoding::Utf16BigEndian};
+}
+
+PlainTextForm CodePageForm(std::string_view sample, int bookCodePage, int systemCodePage) {
+    const int page = bookCodePage != 0 ? bookCodePage : systemCodePage;
+    const bool koi8 = page == cyrillicPage && LooksLikeKoi8(sample);
+    return {TextEncoding::CodePage, koi8 ? koi8Page : page};
+}
+
+std::u16string DecodeAs(const PlainTextForm& form, std::string_view bytes) {
+    std::u16string text = DecodeEncoded(form, bytes);
     // A NUL needs a zero byte, and those are found sooner than the NUL. Wide text is full of them.
-    if (bytes.find('\0') != bytes.npos)
-        std::replace(decoded.text.begin(), decoded.text.end(), u'\0', u'\uFFFD');
-    return decoded;
+    if (bytes.find('\0') != bytes.npos) std::replace(text.begin(), text.end(), u'\0', u'\uFFFD');
+    return text;
+}
+
+DecodedText DecodePlainText(std::string_view bytes, int bookCodePage, int systemCodePage) {
+    std::optional<PlainTextForm> form = MarkedForm(bytes);
+    if (!form && LooksLikeUtf8(bytes)) form = PlainTextForm();
+    if (!form) form = CodePageForm(bytes, bookCodePage, systemCodePage);
+    bytes.remove_prefix(form->markLength);
+    return {DecodeAs(*form, bytes), form->encoding, form->codePage};
 }

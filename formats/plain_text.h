@@ -1,17 +1,43 @@
 // Bytes of a plain-text book become text here, and nowhere else.
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
-enum class TextEncoding { Utf8, Utf16LittleEndian, Utf16BigEndian, Utf32LittleEndian, Utf32BigEndian, CodePage };
-
-struct DecodedText {
-    std::u16string text; // line ends as in the file; NUL and undecodable bytes are U+FFFD; no byte-order mark
-    TextEncoding encoding = TextEncoding::Utf8;
-    int codePage = 0;    // for TextEncoding::CodePage
+enum class TextEncoding {
+    Utf8,
+    Utf16LittleEndian,
+    Utf16BigEndian,
+    Utf32LittleEndian,
+    Utf32BigEndian,
+    CodePage
 };
 
-// In this order: a byte-order mark; UTF-16 without one, told by its zero bytes; valid UTF-8; `bookCodePage` when
-// it is not 0; `systemCodePage`.
+struct DecodedText {
+    std::u16string
+        text; // line ends as in the file; NUL and undecodable bytes are U+FFFD; no byte-order mark
+    TextEncoding encoding = TextEncoding::Utf8;
+    int codePage = 0; // for TextEncoding::CodePage
+};
+
+// How the bytes of a book are text.
+struct PlainTextForm {
+    TextEncoding encoding = TextEncoding::Utf8;
+    int codePage = 0;           // for TextEncoding::CodePage
+    std::size_t markLength = 0; // of the byte-order mark, in bytes
+};
+
+// In this order: a byte-order mark; UTF-16 without one, told by its zero bytes; valid UTF-8;
+// `bookCodePage` when it is not 0; `systemCodePage`.
 DecodedText DecodePlainText(std::string_view bytes, int bookCodePage, int systemCodePage);
+
+// The same in steps, for bytes that memory does not hold as a whole, from a sample of their start.
+// First what a mark or zero bytes show; when that is nothing, the text is UTF-8 if all bytes are,
+// else what CodePageForm says.
+std::optional<PlainTextForm> MarkedForm(std::string_view sample);
+PlainTextForm CodePageForm(std::string_view sample, int bookCodePage, int systemCodePage);
+
+// Bytes without the mark, all or a part that decodes by itself. Line ends stay.
+std::u16string DecodeAs(const PlainTextForm& form, std::string_view bytes);

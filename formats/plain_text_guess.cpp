@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr std::size_t sampleBytes = 1 << 20; // enough to tell, whatever the size of the book
-
 bool IsAsciiLetter(unsigned byte) {
     return (byte | 0x20) >= 'a' && (byte | 0x20) <= 'z';
 }
@@ -52,7 +50,18 @@ std::size_t LatinUnitsOfUtf16(std::string_view sample, ByteOrder order) {
     return latin * 512 < count ? 0 : latin; // even a paragraph of ideographs has a line end
 }
 
-bool IsCutSequence(std::string_view bytes) {
+} // namespace
+
+std::optional<ByteOrder> GuessUtf16(std::string_view bytes) {
+    const std::string_view sample = bytes.substr(0, guessSample);
+    if (sample.find('\0') == std::string_view::npos) return std::nullopt;
+    const std::size_t little = LatinUnitsOfUtf16(sample, ByteOrder::Little);
+    const std::size_t big = LatinUnitsOfUtf16(sample, ByteOrder::Big);
+    if (little == 0 && big == 0) return std::nullopt;
+    return little >= big ? ByteOrder::Little : ByteOrder::Big;
+}
+
+bool IsCutUtf8Sequence(std::string_view bytes) {
     const auto lead = static_cast<unsigned char>(bytes[0]);
     const std::size_t length = lead < 0xC2 || lead > 0xF4 ? 0
                                : lead < 0xE0              ? 2
@@ -63,23 +72,12 @@ bool IsCutSequence(std::string_view bytes) {
            });
 }
 
-} // namespace
-
-std::optional<ByteOrder> GuessUtf16(std::string_view bytes) {
-    const std::string_view sample = bytes.substr(0, sampleBytes);
-    if (sample.find('\0') == std::string_view::npos) return std::nullopt;
-    const std::size_t little = LatinUnitsOfUtf16(sample, ByteOrder::Little);
-    const std::size_t big = LatinUnitsOfUtf16(sample, ByteOrder::Big);
-    if (little == 0 && big == 0) return std::nullopt;
-    return little >= big ? ByteOrder::Little : ByteOrder::Big;
-}
-
 bool LooksLikeUtf8(std::string_view bytes) {
     const std::size_t valid = ValidUtf8Length(bytes);
     if (valid == bytes.size()) return true;
     // ASCII with one letter of a code page at the end would pass too, so there must be a whole
     // sequence.
-    return IsCutSequence(bytes.substr(valid)) &&
+    return IsCutUtf8Sequence(bytes.substr(valid)) &&
            std::any_of(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(valid),
                        [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
 }
@@ -101,7 +99,7 @@ bool LooksLikeKoi8(std::string_view bytes) {
 
     std::size_t lower = 0, upper = 0, in1251 = 0,
                 inKoi8 = 0; // of 0xC0 to 0xDF, of 0xE0 to 0xFF, common letters
-    for (const char c : bytes.substr(0, sampleBytes)) {
+    for (const char c : bytes.substr(0, guessSample)) {
         const auto byte = static_cast<unsigned char>(c);
         if (byte < 0xC0) continue;
         ++(byte < 0xE0 ? lower : upper);

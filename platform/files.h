@@ -2,9 +2,11 @@
 #pragma once
 
 #include "platform/clock.h"
+#include "platform/file_reader.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -44,6 +46,15 @@ class Files {
     // whole.
     virtual ReadStatus ReadStart(const std::u16string& path, std::size_t count,
                                  std::string& bytes) const = 0;
+    // Opens a regular file of any size, to be read in parts. The reader keeps to this file also
+    // when another takes its place or it is deleted; null when it cannot be opened, with the reason
+    // in `status`. A back end that has nothing better reads it whole.
+    virtual std::unique_ptr<FileReader> Open(const std::u16string& path, ReadStatus& status) const {
+        std::string bytes;
+        status = Read(path, std::uint64_t{256} << 20, bytes);
+        if (status != ReadStatus::Ok) return nullptr;
+        return std::make_unique<BytesReader>(std::move(bytes));
+    }
     // Puts `bytes` in the place of the file in one step: after a crash at any moment the old or the
     // new content is there. Keeps the file's read-only attribute, and its last-write time when
     // asked. False when it could not be done; the old content is then untouched.

@@ -80,6 +80,9 @@ class HtmlView {
   public:
     virtual ~HtmlView() = default;
 
+    // Whether pages can be shown at all, as far as that is known without loading the engine.
+    virtual bool IsAvailable() const { return true; }
+
     // Orders for the page. `Navigate` gives up the page before: no event of it comes any more, and
     // there is no body until `onLoaded`, which brings `page` back, the caller's number for this
     // load. A file that cannot be shown may have no `onLoaded` at all. Zoom keys not yet told of

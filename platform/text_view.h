@@ -2,10 +2,11 @@
 // lines.
 #pragma once
 
-#include "platform/geometry.h"
+#include "platform/text_source.h"
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,19 +23,21 @@ struct LineSpan {
     TextPos start = 0, length = 0; // length without the paragraph break
 };
 
-struct FindOptions {
-    bool wholeWord = false, matchCase = false;
-};
-
 // Positions outside the text are moved to its nearest end by every function. No function fails:
 // a view that cannot do something shows what it can.
 class TextView {
   public:
     virtual ~TextView() = default;
 
-    // Content. Both forget selection and scrolling: caret at 0, first line on top.
+    // Content. All three forget selection and scrolling: caret at 0, first line on top.
     // Plain text may hold any line ends ("\r\n", "\n", "\r"): each becomes one paragraph break.
     virtual void LoadPlainText(std::u16string text) = 0;
+    // Plain text that is read as it is needed; never null. A view that needs the whole takes it.
+    virtual void LoadText(std::shared_ptr<const TextSource> text) {
+        LoadPlainText(text->Range(0, text->Length()));
+    }
+    // The largest file, in bytes, whose text `LoadText` shows.
+    virtual std::uint64_t LargestText() const { return std::uint64_t{256} << 20; }
     // RTF bytes; text without a code page of its own is read in `systemCodePage`. What can be read
     // of broken input is shown.
     virtual void LoadRichText(std::string bytes, int systemCodePage) = 0;

@@ -32,10 +32,26 @@ namespace {
 void CopyFromPage(MainForm& form, const std::u16string& text) {
     if (!text.empty()) form.ports.clipboard->SetText(text);
 }
+
+constexpr TextPos longestCopy = 128'000'000; // units: the clipboard holds it in memory, twice
+constexpr TextPos longestCaption = 4096;
+
+// Else the user is told, and the clipboard stays as it is.
+bool CanCopy(MainForm& form) {
+    if (form.ports.textView->SelLength() <= longestCopy) return true;
+    Message message;
+    message.text =
+        u"The selection is too long to be copied:\r\nup to 128 million characters can be.";
+    message.title = form.productTitle + u" Message";
+    message.icon = MessageIcon::Exclamation;
+    form.ports.dialogs->ShowMessage(message);
+    return false;
+}
 } // namespace
 
 void mEditCopy_Click(MainForm& form, int) {
     if (IsPageShown(form)) return CopyFromPage(form, form.ports.htmlView->SelectedText());
+    if (!CanCopy(form)) return;
     std::u16string text = SelectedTextLogical(*form.ports.textView, form.viewFont.charset);
     std::ranges::replace(text, u'\v', u'\n');
     std::ranges::replace(text, u'\x07', u'\t'); // the end of a table's cell
@@ -44,6 +60,7 @@ void mEditCopy_Click(MainForm& form, int) {
 
 void mEditCopyRTF_Click(MainForm& form, int) {
     if (IsPageShown(form)) return CopyFromPage(form, form.ports.htmlView->SelectionAsHtml());
+    if (!CanCopy(form)) return;
     const std::string source = form.ports.textView->SelectionAsRtf();
     form.ports.clipboard->SetText(std::u16string(source.begin(), source.end()));
 }
@@ -56,8 +73,9 @@ void mEditAll_Click(MainForm& form, int) {
 void mEditTitle_Click(MainForm& form, int) {
     const TextView& view = *form.ports.textView;
     const bool page = IsPageShown(form);
+    const TextPos length = std::min(view.SelLength(), longestCaption);
     const auto caption = OneLine(page ? form.ports.htmlView->SelectedText()
-                                      : view.TextRange(view.SelStart(), view.SelLength()));
+                                      : view.TextRange(view.SelStart(), length));
     if (page && TrimBlanks(caption).empty()) return;
     BookRecord record = BookRecord::Parse(form.menu.mFileList[0].tag);
     record[Field::Title] = Replace(TrimBlanks(EncodeNonAscii(caption)), u"=", u"&#61;");

@@ -11,7 +11,8 @@
 
 namespace {
 constexpr std::size_t mostSearches = 20;
-constexpr double dialogFontSize = 8; // points: the book's face and script, small
+constexpr TextPos longestSearch = 64 * 1024; // taken from the selection
+constexpr double dialogFontSize = 8;         // points: the book's face and script, small
 
 std::u16string FindSection(const MainForm& form, const std::u16string& recordKey) {
     return form.menu.mUser[0].tag + u"\\" + recordKey;
@@ -62,9 +63,12 @@ void SaveFindHistory(MainForm& form, const std::u16string& recordKey) {
 }
 
 namespace {
+// What a search starts from; nothing when more is selected than anybody looks for.
 std::u16string SelectedText(MainForm& form) {
-    return IsPageShown(form) ? form.ports.htmlView->SelectedText()
-                             : SelectedTextLogical(*form.ports.textView, form.viewFont.charset);
+    if (IsPageShown(form)) return form.ports.htmlView->SelectedText();
+    const TextView& view = *form.ports.textView;
+    return view.SelLength() > longestSearch ? std::u16string()
+                                            : SelectedTextLogical(view, form.viewFont.charset);
 }
 
 // To the end of the page only, and nothing is said when there is no further place.

@@ -1,6 +1,7 @@
 #include "platform/none/none_text_view.h"
 
 #include "common/find_text.h"
+#include "common/line_ends.h"
 #include "formats/rtf_reader.h"
 #include "formats/rtf_writer.h"
 
@@ -13,13 +14,7 @@ bool IsLowSurrogate(char16_t unit) {
 } // namespace
 
 void NoneTextView::LoadPlainText(std::u16string text) {
-    std::size_t to = 0;
-    for (std::size_t from = 0; from < text.size(); ++from) {
-        const bool crLf = text[from] == u'\r' && from + 1 < text.size() && text[from + 1] == u'\n';
-        if (crLf) ++from;
-        text[to++] = text[from] == u'\r' ? u'\n' : text[from];
-    }
-    text.resize(to);
+    UnifyLineEnds(text);
     Load(std::move(text));
 }
 

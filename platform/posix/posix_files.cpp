@@ -2,6 +2,7 @@
 
 #include "platform/posix/file_descriptor.h"
 #include "platform/posix/posix_clock.h"
+#include "platform/posix/posix_file_reader.h"
 #include "platform/posix/posix_paths.h"
 #include "platform/posix/posix_replace.h"
 
@@ -142,6 +143,13 @@ ReadStatus PosixFiles::ReadStart(const std::u16string& path, std::size_t count,
     start.resize(static_cast<std::size_t>(got));
     bytes = std::move(start);
     return ReadStatus::Ok;
+}
+
+std::unique_ptr<FileReader> PosixFiles::Open(const std::u16string& path, ReadStatus& status) const {
+    RegularFile file(path);
+    status = file.status;
+    if (status != ReadStatus::Ok) return nullptr;
+    return std::make_unique<PosixFileReader>(std::move(file.descriptor), file.size);
 }
 
 bool PosixFiles::Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) {

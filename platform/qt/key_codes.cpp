@@ -103,6 +103,15 @@ int VirtualKeyCode(int key, Qt::KeyboardModifiers modifiers, std::uint32_t scanC
     return CharacterCode(key, modifiers & Qt::ShiftModifier, scanCode);
 }
 
+int MainBlockZoomKey(int code) {
+    switch (code) {
+    case 96: return '0';
+    case 107: return plusKey;
+    case 109: return minusKey;
+    default: return code;
+    }
+}
+
 int ShiftMaskOf(Qt::KeyboardModifiers modifiers) {
     return (modifiers & Qt::ShiftModifier ? ShiftKey : 0) |
            (modifiers & Qt::ControlModifier ? CtrlKey : 0) |

@@ -10,4 +10,7 @@
 // `scanCode` is the native one of X11 and Wayland (evdev's plus 8), or 0 where there is none.
 int VirtualKeyCode(int key, Qt::KeyboardModifiers modifiers, std::uint32_t scanCode);
 
+// Of the keypad's "+", "-" and "0" that of the main block's; any other code as it is.
+int MainBlockZoomKey(int code);
+
 int ShiftMaskOf(Qt::KeyboardModifiers modifiers); // a sum of ShiftMask values

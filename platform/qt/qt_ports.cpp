@@ -7,6 +7,7 @@
 #include "platform/qt/qt_clipboard.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_help_window.h"
+#include "platform/qt/qt_html_view.h"
 #include "platform/qt/qt_locale.h"
 #include "platform/qt/qt_menu_bar.h"
 #include "platform/qt/qt_registry.h"
@@ -60,6 +61,7 @@ Ports MakeQtPorts(int argc, char** argv) {
         *window, [view = textView.get()] { return view->ContextMenuPoint(); });
     ports.statusBar = std::make_unique<QtStatusBar>(window->InnerArea());
     ports.textView = std::move(textView);
+    ports.htmlView = std::make_unique<QtHtmlView>(*window);
     ports.clipboard = std::make_unique<QtClipboard>();
     ports.dialogs = std::make_unique<QtDialogs>(window.get());
     ports.helpWindow = std::make_unique<QtHelpWindow>();

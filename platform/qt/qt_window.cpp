@@ -247,7 +247,7 @@ bool QtWindow::KeyEvent(const QKeyEvent& event) {
         return true;
     }
     if (QApplication::activePopupWidget()) return false; // an open menu has the keyboard
-    const int code = VirtualKeyCode(event.key(), event.modifiers(), event.nativeScanCode());
+    const int code = CodeOf(event);
     if (code == 0) return false;
     if (pressed) {
         heldKey_ = {code, shift};
@@ -258,6 +258,17 @@ bool QtWindow::KeyEvent(const QKeyEvent& event) {
         CallHandler(events_.onKeyUp, code, shift | heldShift);
     }
     return false;
+}
+
+int QtWindow::CodeOf(const QKeyEvent& event) const {
+    const int code = VirtualKeyCode(event.key(), event.modifiers(), event.nativeScanCode());
+    const bool zooms =
+        page_ && page_->isAncestorOf(focusWidget()) && event.modifiers() & Qt::ControlModifier;
+    return zooms ? MainBlockZoomKey(code) : code;
+}
+
+void QtWindow::TellKeyDown(int code, int shift) {
+    CallHandler(events_.onKeyDown, code, shift);
 }
 
 // Some window managers send the size of a maximised window before they say that it is maximised.

@@ -22,6 +22,11 @@ class QtWindow final : public QWidget, public Window {
     void AdoptMenuBar(QMenuBar*);
     void LayOut(); // places menu bar and inner area; reports when the inner area changed
 
+    // While this widget or one in it has the keyboard, the keypad's zoom keys are told as those of
+    // the main block.
+    void AdoptPage(QWidget* page) { page_ = page; }
+    void TellKeyDown(int code, int shift); // a key that the program presses itself
+
     // The system wants the program to end: open menus and dialogs are cancelled, then the window
     // closes as by its user.
     void CloseFromSystem();
@@ -54,6 +59,7 @@ class QtWindow final : public QWidget, public Window {
   private:
     void TakeDefaultPlace();
     bool KeyEvent(const QKeyEvent&);
+    int CodeOf(const QKeyEvent&) const;
     QMargins FrameMargins() const;
     void MoveInside(const QMargins& frame);
     void AllowForFrame();
@@ -64,6 +70,7 @@ class QtWindow final : public QWidget, public Window {
     QFrame* panel_;
     QWidget* views_;
     QMenuBar* menuBar_ = nullptr;
+    QWidget* page_ = nullptr;
     WindowEvents events_;
     // The rectangle asked for stands for the window's own until the window manager has had its say:
     // what the window system tells in between is partly old and partly without the frame.

@@ -19,7 +19,9 @@ void LoadLibrariesFromSystemOnly() {
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     LoadLibrariesFromSystemOnly();
-    OleInitialize(nullptr); // for drops and the system's dialogs
+    SetErrorMode(
+        SEM_FAILCRITICALERRORS); // an empty drive is an error to us, not a box of the system's
+    OleInitialize(nullptr);      // for drops and the system's dialogs
     {
         MainForm form(MakeWinPorts());
         if (Form_Load(form)) RunMessageLoop(static_cast<WinWindow&>(*form.ports.window));

@@ -99,11 +99,21 @@ void WinMenuBar::ShowContextMenu(const std::vector<MenuArray*>& items) {
     PostMessageW(frame_, openContextMenuMessage, 0, 0);
 }
 
+// A menu that a shortcut with Ctrl has opened takes no key for one with Ctrl.
+static void ForgetHeldCtrl() {
+    BYTE keys[256];
+    if (!GetKeyboardState(keys)) return;
+    for (const int key : {VK_CONTROL, VK_LCONTROL, VK_RCONTROL})
+        keys[key] = static_cast<BYTE>(keys[key] & 0x7F);
+    SetKeyboardState(keys);
+}
+
 // By its access key, which every top-level menu has: so its neighbours can be reached from it.
 void WinMenuBar::OpenMenu(const MenuArray* topLevel) {
     const auto title = std::ranges::find(titles_, topLevel, &Title::array);
     if (title == titles_.end() || !title->visible || !title->enabled || !CanOpenMenu(frame_))
         return;
+    ForgetHeldCtrl();
     SendMessageW(frame_, WM_SYSCOMMAND, SC_KEYMENU, AccessKey((*title->array)[0]));
 }
 

@@ -1,5 +1,6 @@
 #include "platform/windows/win_ports.h"
 
+#include "platform/windows/html_view/win_html_view.h"
 #include "platform/windows/text_view/win_text_view.h"
 #include "platform/windows/win_clipboard.h"
 #include "platform/windows/win_clock.h"
@@ -17,6 +18,20 @@
 #include "platform/windows/win_version_info.h"
 #include "platform/windows/win_window.h"
 
+namespace {
+
+std::unique_ptr<WinHtmlView> MakeHtmlView(WinWindow& window) {
+    auto view = std::make_unique<WinHtmlView>(window.ViewArea());
+    window.normalizeKey = [html = view.get()](MSG& message) { html->Normalize(message); };
+    window.takeKey = [html = view.get()](const MSG& message) {
+        return html->TranslateKey(message);
+    };
+    view->onZoomKey = [&window](int keyCode, int shift) { window.TellKeyDown(keyCode, shift); };
+    return view;
+}
+
+} // namespace
+
 Ports MakeWinPorts() {
     auto window = std::make_unique<WinWindow>();
     auto textView = std::make_unique<WinTextView>(window->ViewArea());
@@ -29,6 +44,7 @@ Ports MakeWinPorts() {
         window->Handle(), [view = textView.get()] { return view->ContextMenuPoint(); });
     ports.statusBar = std::make_unique<WinStatusBar>(window->Handle());
     ports.textView = std::move(textView);
+    ports.htmlView = MakeHtmlView(*window);
     ports.clipboard = std::make_unique<WinClipboard>();
     ports.dialogs = std::make_unique<WinDialogs>(window->Handle());
     ports.helpWindow = std::make_unique<WinHelpWindow>();

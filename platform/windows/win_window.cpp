@@ -231,14 +231,20 @@ void WinWindow::TakeResolution(const RECT& suggested) {
     CallHandler(events_.onResize); // also for a window whose rectangle stays
 }
 
+void WinWindow::TellKeyDown(int keyCode, int shift) {
+    CallHandler(events_.onKeyDown, keyCode, shift);
+}
+
 bool WinWindow::PassMessage(MSG& message) {
     const bool ours = Handle() && (message.hwnd == Handle() || IsChild(Handle(), message.hwnd));
     if (!ours) return true;
     if (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST) {
         const bool isKey = message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN ||
                            message.message == WM_KEYUP || message.message == WM_SYSKEYUP;
-        if (isKey) input_.Key(message, events_);
-        return true;
+        if (!isKey) return true;
+        if (normalizeKey) normalizeKey(message);
+        input_.Key(message, events_);
+        return !(takeKey && Handle() && takeKey(message));
     }
     if (message.message != WM_MOUSEWHEEL) return true;
     if (GET_KEYSTATE_WPARAM(message.wParam) & MK_CONTROL) {

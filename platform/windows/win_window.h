@@ -19,6 +19,12 @@ class WinWindow final : public Window {
     HWND ViewArea() const { return panel_.Handle(); }                       // parent of both views
     std::function<void(const std::vector<std::u16string>&)> onFilesDropped; // full paths
 
+    // For a view that has its own ways with keys: `normalizeKey` comes before the form is told of a
+    // key, `takeKey` after; true when the view is done with the message.
+    std::function<void(MSG&)> normalizeKey;
+    std::function<bool(const MSG&)> takeKey;
+    void TellKeyDown(int keyCode, int shift); // as if it had been pressed
+
     // Every message of the program's loop passes here first: keys are told to the form, and the
     // wheel finds the view. False when the message is done with.
     bool PassMessage(MSG&);

@@ -70,6 +70,35 @@ void CheckReading(FilesUnderTest& test) {
     CHECK(bytes.empty());
 }
 
+std::string ReadPart(const FileReader& file, std::uint64_t offset, std::size_t count) {
+    std::string bytes(count, '\0');
+    bytes.resize(file.ReadAt(offset, bytes.data(), count));
+    return bytes;
+}
+
+void CheckOpening(FilesUnderTest& test) {
+    Files& files = test.Port();
+    const std::u16string file = test.Path(u"parts");
+    ReadStatus status = ReadStatus::Failed;
+    REQUIRE(files.Replace(file, "0123456789", false));
+    const std::unique_ptr<FileReader> reader = files.Open(file, status);
+    CHECK(status == ReadStatus::Ok);
+    REQUIRE(reader);
+    CHECK(reader->Size() == 10);
+    CHECK(ReadPart(*reader, 0, 4) == "0123");
+    CHECK(ReadPart(*reader, 7, 99) == "789");
+    CHECK(ReadPart(*reader, 10, 1).empty());
+    CHECK(ReadPart(*reader, ~std::uint64_t{0} >> 1, 1).empty());
+    CHECK(ReadPart(*reader, 3, 0).empty());
+
+    REQUIRE(files.Replace(file, "other", false)); // the reader keeps to the file it was given
+    CHECK(ReadPart(*reader, 2, 3) == "234");
+    for (const std::u16string& path : {test.Root(), test.Path(u"none"), test.Path(u"?")}) {
+        CHECK_FALSE(files.Open(path, status));
+        CHECK(status == (path == test.Root() ? ReadStatus::NotAFile : ReadStatus::NotFound));
+    }
+}
+
 void CheckReplacing(FilesUnderTest& test) {
     Files& files = test.Port();
     const std::u16string file = test.Path(u"Книга “1”.dat");
@@ -156,6 +185,9 @@ void CheckFilesContract(FilesUnderTest& test) {
     }
     SUBCASE("reading") {
         CheckReading(test);
+    }
+    SUBCASE("opening") {
+        CheckOpening(test);
     }
     SUBCASE("replacing") {
         CheckReplacing(test);

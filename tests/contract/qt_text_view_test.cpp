@@ -2,6 +2,7 @@
 // gives.
 #include "tests/contract/qt_text_view_bench.h"
 
+#include "common/string_text.h"
 #include "platform/qt/text_view/dropped_paths.h"
 
 #include <doctest/doctest.h>
@@ -107,25 +108,26 @@ TEST_CASE("qt text view: a text without breaks is laid out in pieces") {
 TEST_CASE("qt text view: blocks tile the text and are the same from wherever they are found") {
     std::mt19937 random(99); // NOLINT
     for (const unsigned rarity : {50u, 5'000u, 40'000u, 1'000'000u}) {
-        Document document;
+        std::u16string units;
         for (int i = 0; i < 200'000; ++i)
-            document.text += random() % rarity == 0 ? u'\n' : random() % 7 == 0 ? u' ' : u'x';
-        const TextPos size = TextPos(document.text.size());
+            units += random() % rarity == 0 ? u'\n' : random() % 7 == 0 ? u' ' : u'x';
+        const StringText text(units);
+        const TextPos size = text.Length();
         TextPos start = 0;
         for (;;) {
-            const TextBlock block = BlockAt(document, start);
+            const TextBlock block = BlockAt(text, {}, start);
             REQUIRE(block.start == start);
             CHECK(block.end - block.start <= 2 * pieceLength);
             const TextPos middle = start + TextPos(random() % unsigned(block.end - start + 1)) - 1;
             for (const TextPos inside : {std::max(start, middle), std::max(start, block.end - 1)}) {
-                CHECK(BlockAt(document, inside).start == block.start);
-                CHECK(BlockAt(document, inside).end == block.end);
+                CHECK(BlockAt(text, {}, inside).start == block.start);
+                CHECK(BlockAt(text, {}, inside).end == block.end);
             }
-            if (IsLastBlock(document, block)) break;
+            if (IsLastBlock(text, block)) break;
             REQUIRE(block.end > start);
             start = block.end;
         }
-        CHECK(BlockAt(document, size).end == size);
+        CHECK(BlockAt(text, {}, size).end == size);
     }
 }
 

@@ -9,3 +9,8 @@ std::vector<TextViewBackEnd> TextViewBackEnds() {
         {"windows", [] { return std::make_unique<WinTextView>(HiddenWindow()); }},
     };
 }
+
+// Wine's control takes a time that grows with the square of a paragraph.
+int TextViewSampleShare() {
+    return IsWine() ? 5 : 1;
+}

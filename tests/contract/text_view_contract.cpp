@@ -1,6 +1,9 @@
 // What every text view must do.
 #include "tests/contract/text_view_contract.h"
 
+#include "common/line_ends.h"
+#include "formats/plain_text_source.h"
+
 #include <doctest/doctest.h>
 
 #include <algorithm>
@@ -24,20 +27,23 @@ struct NamedText {
 };
 
 const std::vector<NamedText>& Texts() {
+    static const int share = TextViewSampleShare();
     static const std::vector<NamedText> texts{
         {"empty", u""},
         {"one break", u"\n"},
         {"short, no break at the end", u"one\n\nthree"},
         {"short, break at the end", u"one\ntwo\n"},
-        {"wrapped lines", Repeated(Repeated(u"some words in a row ", 40) + u"\n", 60)},
-        {"one long word", Repeated(u"x", 5000)},
-        {"tabs and blanks", Repeated(u"\ta  b \t c\n   \n", 100)},
+        {"wrapped lines", Repeated(Repeated(u"some words in a row ", 40) + u"\n", 60 / share)},
+        {"one long word", Repeated(u"x", 5000 / share)},
+        {"tabs and blanks", Repeated(u"\ta  b \t c\n   \n", 100 / share)},
         {"Hebrew",
-         Repeated(Repeated(u"\u05E9\u05DC\u05D5\u05DD \u05E2\u05D5\u05DC\u05DD ", 40) + u"\n", 30)},
+         Repeated(Repeated(u"\u05E9\u05DC\u05D5\u05DD \u05E2\u05D5\u05DC\u05DD ", 40) + u"\n",
+                  30 / share)},
         {"Arabic and Latin",
-         Repeated(u"\u0645\u0631\u062D\u0628\u0627 hello 123 \u0643\u062A\u0627\u0628\n", 100)},
-        {"surrogate pairs", Repeated(Repeated(u"\U0001D11E\U00020000", 90) + u"\n", 20)},
-        {"undecodable", Repeated(u"\uFFFD", 3000)},
+         Repeated(u"\u0645\u0631\u062D\u0628\u0627 hello 123 \u0643\u062A\u0627\u0628\n",
+                  100 / share)},
+        {"surrogate pairs", Repeated(Repeated(u"\U0001D11E\U00020000", 90) + u"\n", 20 / share)},
+        {"undecodable", Repeated(u"\uFFFD", 3000 / share)},
     };
     return texts;
 }
@@ -87,6 +93,33 @@ TEST_CASE("text view: every line end becomes one paragraph break") {
             CHECK(view.TextLength() == TextPos(expected.size()));
             CHECK(All(view) == expected);
         }
+    });
+}
+
+TEST_CASE("text view: a text that is read as it is needed answers like one in memory") {
+    std::string bytes;
+    for (int i = 0; i < 3000; ++i)
+        bytes += "line " + std::to_string(i) + " caf\xC3\xA9 \xF0\x9D\x84\x9E\r\n";
+    std::u16string text = DecodePlainText(bytes, 0, 1252).text;
+    UnifyLineEnds(text);
+    OnEachBackEnd([&](TextView& view) {
+        view.LoadPlainText(u"another");
+        view.Select(2, 3);
+        const auto file = std::make_shared<BytesReader>(bytes);
+        view.LoadText(std::make_shared<PlainTextSource>(file, 0, 1252, 100));
+        CHECK(view.LargestText() >= bytes.size());
+        CHECK(view.TextLength() == TextPos(text.size()));
+        CHECK((All(view) == text));
+        CHECK(view.SelStart() == 0);
+        CHECK(view.SelLength() == 0);
+        CHECK(view.FirstVisibleChar() == 0);
+        const TextPos at = TextPos(text.find(u"line 2000"));
+        CHECK(view.Find(u"LINE 2000", 0, {true, false}) == at);
+        view.ScrollLineToTop(at + 3);
+        CHECK(view.FirstVisibleChar() == at);
+        CHECK(view.LineAround(at + 3).start == at);
+        view.Select(at, 9);
+        CHECK(view.SelectionAsRtf().find("line 2000") != std::string::npos);
     });
 }
 

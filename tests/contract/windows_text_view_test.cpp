@@ -123,8 +123,9 @@ TEST_CASE("windows text view: the font for all holds over the file's until the n
     CHECK(FormatAt(view, 0).yHeight == 300);
     view.LoadPlainText(u"plain");
     CHECK(FormatAt(view, 0).yHeight == 350);
-    view.SetFont({u"Arial", 9});
+    view.SetFont({u"Courier New", 9});
     CHECK(FormatAt(view, 0).yHeight == 180);
+    CHECK(std::wstring(FormatAt(view, 0).szFaceName) == L"Courier New");
 }
 
 TEST_CASE("windows text view: the alignment set holds until the next load") {
@@ -137,9 +138,30 @@ TEST_CASE("windows text view: the alignment set holds until the next load") {
     CHECK(AlignmentAt(view, 12) == PFA_RIGHT);
     view.LoadPlainText(u"one\ntwo");
     CHECK(AlignmentAt(view, 5) == PFA_LEFT);
-    view.SetAlignment(Alignment::Center);
+    view.SetAlignment(Alignment::Center); // in the text shown
     CHECK(AlignmentAt(view, 0) == PFA_CENTER);
     CHECK(AlignmentAt(view, 5) == PFA_CENTER);
+}
+
+TEST_CASE("windows text view: a look set between loading and showing is that of the text") {
+    WinTextView view(HiddenWindow());
+    for (const bool plain : {true, false}) {
+        CAPTURE(plain);
+        if (plain)
+            view.LoadPlainText(u"one\ntwo and more\nthree");
+        else
+            view.LoadRichText(colored, 1252);
+        view.SetFont({u"Courier New", 21, 0, true});
+        view.ApplyFontToAll();
+        view.SetTextColor(plain ? 0x112233 : 0x445566);
+        view.SetAlignment(Alignment::Right);
+        const CHARFORMAT2W format = FormatAt(view, 12);
+        CHECK(std::wstring(format.szFaceName) == L"Courier New");
+        CHECK(format.yHeight == 420);
+        CHECK(format.crTextColor == view.TextColor());
+        CHECK(AlignmentAt(view, 0) == PFA_RIGHT);
+        CHECK(AlignmentAt(view, 12) == PFA_RIGHT);
+    }
 }
 
 TEST_CASE("windows text view: what the reader scrolls counts, not what was asked for") {
@@ -168,11 +190,30 @@ TEST_CASE("windows text view: a new text keeps the keyboard and the place of the
     view.FocusView();
     const bool hadFocus = GetFocus() == view.Handle();
     view.LoadPlainText(u"text");
-    CHECK((GetFocus() == view.Handle()) == hadFocus);
+    const HWND shown = view.Handle();
+    CHECK((GetFocus() == shown) == hadFocus);
     CHECK((GetWindowLongW(view.Handle(), GWL_STYLE) & WS_VISIBLE) != 0);
     RECT place = {};
     GetWindowRect(view.Handle(), &place);
     MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
     CHECK(place.left == 10);
     CHECK(place.bottom == 220);
+}
+
+TEST_CASE("windows text view: a text shows when the message loop runs, though nobody asks for it") {
+    const HWND parent = CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW, 0, 0, 300, 200,
+                                        nullptr, nullptr, nullptr, nullptr);
+    {
+        WinTextView view(parent);
+        view.LoadPlainText(u"seen");
+        MSG message = {};
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+            DispatchMessageW(&message);
+        wchar_t text[16] = {};
+        GetWindowTextW(GetWindow(parent, GW_CHILD), text, 16);
+        CHECK(std::wstring(text) == L"seen");
+        CHECK(GetWindow(GetWindow(parent, GW_CHILD), GW_HWNDNEXT) == nullptr);
+    }
+    CHECK(GetWindow(parent, GW_CHILD) == nullptr);
+    DestroyWindow(parent);
 }

@@ -31,7 +31,7 @@ class BadDataFile(Story):
         self.program.press("Next", 3)
         self.program.close()
         text = self.program.data_bytes().decode()
-        self.assertIn(self.book + "=", text)
+        self.assertIn(shown_path(self.book) + "=", text)
         self.program.start(self.book)
         wait_for(lambda: self.program.title().endswith("] - " + shown_path(self.book)), "the book")
         self.program.close()

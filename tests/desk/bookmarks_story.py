@@ -141,7 +141,7 @@ def _lower_half(menu):
 
 
 def _ink(picture):
-    return sum(value < 128 for value in picture.pixels[::3])
+    return sum(255 - value for value in picture.pixels[::3])
 
 
 if __name__ == "__main__":

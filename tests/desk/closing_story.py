@@ -1,8 +1,10 @@
 """However the program is asked to end, the place is kept."""
 import signal
+import unittest
 
 from harness import books
 from harness.story import Story, main
+from harness.wine import ON_WINE
 
 
 class Closing(Story):
@@ -18,6 +20,7 @@ class Closing(Story):
         place = self.book_record(reader, self.book)["LastPos"]
         self.assertIn(books.line_at("\n".join(self.texts), place), self.texts[50:])
 
+    @unittest.skipIf(ON_WINE, "Windows has no signals")
     def test_signals_that_ask_to_end(self):
         for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
             with self.subTest(signal=number):

@@ -1,4 +1,5 @@
 // The decoder of plain text: any bytes, read as themselves and in every code page.
+#include "common/utf.h"
 #include "formats/code_pages.h"
 #include "formats/plain_text.h"
 
@@ -35,6 +36,7 @@ bool HasLoneSurrogate(std::u16string_view text) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    Require(IsValidUtf8(bytes) == (ValidUtf8Length(bytes) == size));
     for (const int page : {0, 932, 936, 1251}) {
         const DecodedText decoded = DecodePlainText(bytes, page, 1252);
         Require(decoded.text.find(u'\0') == std::u16string::npos);

@@ -167,3 +167,36 @@ TEST_CASE("context menu: the commands that apply") {
     CHECK(test.Menu().mEditCopy[0].enabled);
     CHECK(test.Menu().mBookmarkNew[0].enabled);
 }
+
+namespace {
+// Says that this much is selected, and answers no question about it.
+class VastSelection : public NoneTextView {
+  public:
+    TextPos SelLength() const override { return 1 << 30; }
+    std::u16string TextRange(TextPos, TextPos length) const override {
+        CHECK(length <= 4096);
+        return u"caption";
+    }
+    std::string SelectionAsRtf() const override {
+        FAIL("asked for a gigabyte");
+        return {};
+    }
+};
+} // namespace
+
+TEST_CASE("edit: a vast selection is not copied, looked for or made a caption as a whole") {
+    Reading test("text");
+    test.form.ports.textView = std::make_unique<VastSelection>();
+    test.Choose(test.Menu().mEditCopy);
+    test.Choose(test.Menu().mEditCopyRTF);
+    REQUIRE(test.Dialogs().messages.size() == 2);
+    CHECK(test.Dialogs().messages[0].text ==
+          u"The selection is too long to be copied:\r\nup to 128 million characters can be.");
+    CHECK(test.Clip().empty());
+    test.form.findText = u"before";
+    test.Dialogs().findAnswer = {};
+    test.Choose(test.Menu().mEditFind);
+    CHECK(test.form.findText == u"before");
+    test.Choose(test.Menu().mEditTitle);
+    CHECK(test.Record(0)[Field::Title] == u"caption");
+}

@@ -2,6 +2,9 @@
 
 #include <doctest/doctest.h>
 
+#include <iterator>
+#include <random>
+
 #include <string>
 
 namespace {
@@ -55,6 +58,36 @@ TEST_CASE("utf: UTF-8 is checked and decoded") {
     CHECK(Utf8ToUtf16("\xFF") == u"\uFFFD");
     CHECK(ValidUtf8Length("12345678\xD0\x96\xD0") == 10);
     CHECK(ValidUtf8Length("\xFF!") == 0);
+}
+
+TEST_CASE("utf: many bytes at once are checked like one after the other") {
+    for (const Utf8Case& c : utf8Cases)
+        for (std::size_t before = 0; before < 40; ++before)
+            for (const std::size_t behind : {0, 1, 3, 30, 5000}) {
+                const std::string bytes =
+                    std::string(before, 'x') + std::string(c.bytes) + std::string(behind, 'y');
+                CAPTURE(before);
+                CAPTURE(behind);
+                CHECK(IsValidUtf8(bytes) == c.valid);
+            }
+    std::mt19937 random(11); // NOLINT: the same bytes every time
+    const std::string_view parts[] = {"a",
+                                      "\xC3\xA9",
+                                      "\xE2\x82\xAC",
+                                      "\xF0\x9D\x84\x9E",
+                                      "\xED\x9F\xBF",
+                                      "\xE0\xA0\x80",
+                                      "\xF4\x8F\xBF\xBF",
+                                      "\xC2\x80"};
+    for (int round = 0; round < 20'000; ++round) {
+        std::string bytes;
+        for (std::size_t i = random() % 12; i > 0; --i)
+            bytes += parts[random() % std::size(parts)];
+        if (!bytes.empty() && round % 3)
+            bytes[random() % bytes.size()] = static_cast<char>(random());
+        if (!bytes.empty() && round % 2) bytes.pop_back();
+        CHECK(IsValidUtf8(bytes) == (ValidUtf8Length(bytes) == bytes.size()));
+    }
 }
 
 TEST_CASE("utf: a sequence is read whole wherever it stands") {

@@ -1,7 +1,6 @@
 #include "test_form.h"
 
 #include "books/open_book.h"
-#include "reading/charset_change.h"
 #include "reading/formatting.h"
 #include "reading/keyboard.h"
 
@@ -135,16 +134,6 @@ TEST_CASE("view: refresh reads the file again and keeps the place") {
     CHECK(test.View().TextLength() > 2590);
     CHECK(test.Menu().mFileList[0].checked);
     CHECK_FALSE(test.Menu().mFileList[0].enabled);
-}
-
-TEST_CASE("charset: positions move to the same bytes") {
-    // Two letters of two bytes, a line end of two, then "ab": in 932 and byte by byte.
-    const std::string bytes = "\x93\xFA\x96\x7B\r\nab";
-    CHECK(PositionsInCodePage(bytes, 932, 1252, {0, 1, 2, 3, 4, 5, 99}) ==
-          std::vector<TextPos>{0, 2, 4, 5, 6, 7, 7});
-    CHECK(PositionsInCodePage(bytes, 1252, 932, {7, 5, 4, 2, 0}) ==
-          std::vector<TextPos>{5, 3, 2, 1, 0});
-    CHECK(PositionsInCodePage("", 932, 1252, {0, 5}) == std::vector<TextPos>{0, 0});
 }
 
 TEST_CASE("charset: wrong letters are put right by the script chosen, and the place stays") {

@@ -21,10 +21,10 @@ bool LastInCell(const BlockLayout& layout, std::size_t paragraph) {
 }
 
 BlockLayout LayOutSingle(const LayoutContext& context, const TextBlock& block) {
-    const bool last = EndsParagraph(context.document, block);
-    const bool atEnd = block.end == TextPos(context.document.text.size());
+    const bool last = EndsParagraph(*context.text, block);
+    const bool atEnd = block.end == context.text->Length();
     const ParagraphPart part{
-        block.start,   block.end - (last ? 1 : 0), StartsParagraph(context.document, block),
+        block.start,   block.end - (last ? 1 : 0), StartsParagraph(*context.text, block),
         last || atEnd, context.breakWidth,         context.viewWidth};
     BlockLayout layout;
     layout.block = block;

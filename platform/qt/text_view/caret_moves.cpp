@@ -121,7 +121,7 @@ TextPos CaretEnd(TextLayouts& layouts, TextPos position) {
     const TextPos end = LineEnd(*place.layout, place.line);
     const bool wrapped = place.line.line + 1 < place.Paragraph().LineCount();
     const bool cut = end == place.layout->block.end && end > LineStart(*place.layout, place.line) &&
-                     end < TextPos(layouts.Text().text.size()); // in an over-long paragraph
+                     end < layouts.Text().Length(); // in an over-long paragraph
     if (!wrapped && !cut) return end;
     return place.Position(place.Text().previousCursorPosition(end - place.Paragraph().start));
 }
@@ -141,7 +141,7 @@ TextSpan WordAround(TextLayouts& layouts, TextPos position) {
 TextSpan ParagraphAround(TextLayouts& layouts, TextPos position) {
     const Place place(layouts, position);
     TextSpan span{place.Paragraph().start, place.Paragraph().end};
-    const auto& text = layouts.Text().text;
-    if (span.end < TextPos(text.size()) && text[span.end] == u'\n') ++span.end;
+    const TextSource& text = layouts.Text();
+    if (span.end < text.Length() && text.UnitAt(span.end) == u'\n') ++span.end;
     return span;
 }

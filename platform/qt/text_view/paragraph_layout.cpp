@@ -20,14 +20,17 @@ auto FirstFrom(const Pictures& pictures, TextPos position) {
 }
 
 // As QTextLayout wants it: one character for each of the document's.
-QString LayoutText(const LayoutContext& context, const ParagraphPart& part,
-                   const std::vector<PlacedPicture>& pictures) {
-    QString text(reinterpret_cast<const QChar*>(context.document.text.data()) + part.start,
-                 part.end - part.start);
+QString LayoutText(const LayoutContext& context, const ParagraphPart& part) {
+    QString text;
+    text.reserve(part.end - part.start);
+    for (TextPos from = part.start; from < part.end;) {
+        const TextPiece piece = context.text->PieceAt(from);
+        const TextPos end = std::min(part.end, piece.End());
+        text.append(QStringView(piece.units.data() + (from - piece.start), end - from));
+        from = end;
+    }
     for (QChar& unit : text)
         if (unit == u'\v' || (unit == u'\a' && !context.plain)) unit = QChar::LineSeparator;
-    for (const PlacedPicture& picture : pictures)
-        text[picture.position - part.start] = pictureStandIn;
     return text;
 }
 
@@ -57,11 +60,12 @@ std::vector<PlacedPicture> PlacePictures(const LayoutContext& context, const Par
 }
 
 void PrepareText(const LayoutContext& context, const ParagraphPart& part,
-                 const ParagraphShape& shape, ParagraphLayout& result) {
+                 const ParagraphShape& shape, QString text, ParagraphLayout& result) {
+    for (const PlacedPicture& picture : result.pictures)
+        text[picture.position - part.start] = pictureStandIn;
     const QFont font =
         context.plain ? MakeFont(context.look.font) : context.formats.FormatAt(part.end).font();
-    result.text = std::make_unique<QTextLayout>(LayoutText(context, part, result.pictures), font,
-                                                context.device);
+    result.text = std::make_unique<QTextLayout>(text, font, context.device);
     result.text->setTextOption(shape.option);
     result.text->setCacheEnabled(true); // shaped once, painted often
     if (context.plain) return;
@@ -140,12 +144,13 @@ int ParagraphLayout::LineOf(TextPos position) const {
 }
 
 ParagraphLayout LayOutParagraph(const LayoutContext& context, const ParagraphPart& part) {
-    const ParagraphShape shape = ShapeOf(context, part);
+    const QString text = LayoutText(context, part);
+    const ParagraphShape shape = ShapeOf(context, part, text);
     ParagraphLayout result;
     result.start = part.start;
     result.end = part.end;
     result.pictures = PlacePictures(context, part, shape.TextWidth());
-    PrepareText(context, part, shape, result);
+    PrepareText(context, part, shape, text, result);
 
     int top = shape.spaceBefore;
     result.text->beginLayout();

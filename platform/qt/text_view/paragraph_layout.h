@@ -4,6 +4,7 @@
 #include "formats/document.h"
 #include "platform/qt/text_view/char_formats.h"
 #include "platform/qt/text_view/picture_store.h"
+#include "platform/text_source.h"
 
 #include <QPoint>
 #include <QSize>
@@ -14,10 +15,11 @@
 
 // What every layout of a text depends on. All is observed.
 struct LayoutContext {
-    const Document& document;
+    const Document& document; // styles, rows and pictures; its own text may not be what is shown
     const ViewLook& look;
     CharFormats& formats;
     PictureStore& pictures;
+    const TextSource* text = nullptr;
     QPaintDevice* device = nullptr; // gives fonts their resolution
     bool plain = true;              // plain text: the view's font holds, directions are found out
     int viewWidth = 1;              // pixels; lines are aligned in it

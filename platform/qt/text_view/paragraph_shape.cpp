@@ -13,12 +13,6 @@ constexpr int tallestPicture = 4096;
 constexpr int plainTabSpaces = 8;
 constexpr int leastTab = 4, mostUsualTabs = 200;
 
-// A plain text's paragraph goes the way of its first strong character.
-bool StartsRightToLeft(const LayoutContext& context, const ParagraphPart& part) {
-    return QStringView(context.document.text.data() + part.start, part.end - part.start)
-        .isRightToLeft();
-}
-
 // The alignment as it is seen. What the user sets holds for the eye; a file's "left" is where a
 // paragraph begins, so it follows the direction.
 Alignment SeenAlignment(const ViewLook& look, const ParagraphStyle& style, bool rightToLeft) {
@@ -109,7 +103,7 @@ int ParagraphShape::AlignmentShift(int room) const {
     return rightToLeft && !done ? room : 0;
 }
 
-ParagraphShape ShapeOf(const LayoutContext& context, const ParagraphPart& part) {
+ParagraphShape ShapeOf(const LayoutContext& context, const ParagraphPart& part, QStringView text) {
     ParagraphShape shape;
     shape.breakWidth = std::max(part.breakWidth, 1);
     shape.alignWidth = std::max(part.alignWidth, 1);
@@ -117,7 +111,8 @@ ParagraphShape ShapeOf(const LayoutContext& context, const ParagraphPart& part) 
     const auto index = StyleAt(document.paragraphRuns, part.end);
     const ParagraphStyle& style =
         document.paragraphStyles[std::min<std::size_t>(index, document.paragraphStyles.size() - 1)];
-    shape.rightToLeft = context.plain ? StartsRightToLeft(context, part) : style.rightToLeft;
+    // A plain text's paragraph goes the way of its first strong character.
+    shape.rightToLeft = context.plain ? text.isRightToLeft() : style.rightToLeft;
     shape.alignment = SeenAlignment(context.look, style, shape.rightToLeft);
     SetDirection(shape);
     if (context.plain) {

@@ -21,7 +21,7 @@ struct ParagraphShape {
     int AlignmentShift(int room) const; // how far a line with `room` pixels left moves to the right
 };
 
-ParagraphShape ShapeOf(const LayoutContext& context, const ParagraphPart& part);
+ParagraphShape ShapeOf(const LayoutContext& context, const ParagraphPart& part, QStringView text);
 
 // As the file wants it, scaled down to `width` and to what a cache can hold.
 QSize PictureSize(const LayoutContext& context, const Picture& picture, int width);

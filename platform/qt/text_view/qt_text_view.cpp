@@ -1,9 +1,9 @@
 #include "platform/qt/text_view/qt_text_view.h"
 
-#include "common/find_text.h"
+#include "common/line_ends.h"
+#include "formats/plain_text_source.h"
 #include "formats/rtf_reader.h"
 #include "formats/rtf_writer.h"
-#include "platform/qt/text_view/line_ends.h"
 #include "platform/qt/text_view/text_widget.h"
 
 #include <algorithm>
@@ -61,22 +61,35 @@ void QtTextView::LoadDocument(Document document) {
     Show(std::move(document), false);
 }
 
+void QtTextView::LoadText(std::shared_ptr<const TextSource> text) {
+    ForgetFormatting();
+    widget_->ShowText(std::move(text));
+}
+
+std::uint64_t QtTextView::LargestText() const {
+    return largestPlainText;
+}
+
 void QtTextView::Show(Document document, bool plain) {
     if (document.text.size() > std::size_t(longestText)) document.text.resize(longestText);
+    ForgetFormatting();
+    widget_->ShowText(std::move(document), plain);
+}
+
+void QtTextView::ForgetFormatting() {
     ViewLook look = widget_->Look();
     look.fontForAll = false;
     look.alignment.reset();
     widget_->SetLook(look);
-    widget_->ShowText(std::move(document), plain);
 }
 
 TextPos QtTextView::TextLength() const {
-    return TextPos(widget_->Text().text.size());
+    return widget_->Source().Length();
 }
 
 std::u16string QtTextView::TextRange(TextPos start, TextPos length) const {
     const TextPos from = std::clamp(start, 0, TextLength());
-    return widget_->Text().text.substr(from, std::clamp(length, 0, TextLength() - from));
+    return widget_->Source().Range(from, from + std::clamp(length, 0, TextLength() - from));
 }
 
 void QtTextView::Select(TextPos start, TextPos length) {
@@ -93,9 +106,7 @@ TextPos QtTextView::SelLength() const {
 }
 
 TextPos QtTextView::Find(std::u16string_view what, TextPos start, FindOptions options) const {
-    const auto from = static_cast<std::size_t>(std::clamp(start, 0, TextLength()));
-    const std::size_t found = FindText(widget_->Text().text, what, from, options);
-    return found == std::u16string_view::npos ? -1 : static_cast<TextPos>(found);
+    return widget_->Source().Find(what, std::clamp(start, 0, TextLength()), options);
 }
 
 std::string QtTextView::SelectionAsRtf() const {

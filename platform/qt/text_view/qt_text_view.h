@@ -21,6 +21,8 @@ class QtTextView : public TextView {
     int LayoutsMade() const;         // blocks laid out since the view was made
 
     void LoadPlainText(std::u16string text) override;
+    void LoadText(std::shared_ptr<const TextSource> text) override;
+    std::uint64_t LargestText() const override;
     void LoadRichText(std::string bytes, int systemCodePage) override;
     void LoadDocument(struct Document document); // what LoadRichText shows once it is read
     TextPos TextLength() const override;
@@ -54,6 +56,7 @@ class QtTextView : public TextView {
     void FocusView() override;
 
   private:
+    void ForgetFormatting();
     void Show(Document document, bool plain);
 
     QPointer<TextWidget> widget_; // null when its parent has deleted it

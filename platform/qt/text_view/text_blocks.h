@@ -6,6 +6,7 @@
 #pragma once
 
 #include "formats/document.h"
+#include "platform/text_source.h"
 
 struct TextBlock {
     TextPos start = 0, end = 0;    // `end` is past the paragraph break
@@ -24,10 +25,10 @@ constexpr TextPos longestRow = 32 * 1024;
 
 // The block that holds `position`, which must be in the text or at its end. After a last paragraph
 // break (and in an empty text) there is one more block, an empty one.
-TextBlock BlockAt(const Document& document, TextPos position);
+TextBlock BlockAt(const TextSource& text, const std::vector<TableRow>& rows, TextPos position);
 
-bool IsLastBlock(const Document& document, const TextBlock& block);
+bool IsLastBlock(const TextSource& text, const TextBlock& block);
 
 // Whether a paragraph starts or ends where the block does: not so inside an over-long one.
-bool StartsParagraph(const Document& document, const TextBlock& block);
-bool EndsParagraph(const Document& document, const TextBlock& block);
+bool StartsParagraph(const TextSource& text, const TextBlock& block);
+bool EndsParagraph(const TextSource& text, const TextBlock& block);

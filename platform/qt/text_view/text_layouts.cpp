@@ -21,8 +21,8 @@ void TextLayouts::Forget() {
 }
 
 TextLayouts::Layout TextLayouts::At(TextPos position) {
-    const TextPos size = TextPos(Text().text.size());
-    const TextBlock block = BlockAt(Text(), std::clamp(position, 0, size));
+    const TextPos place = std::clamp(position, 0, Text().Length());
+    const TextBlock block = BlockAt(Text(), context_.document.rows, place);
     if (const auto known = byStart_.find(block.start); known != byStart_.end()) {
         recent_.splice(recent_.begin(), recent_, known->second);
         return recent_.front();

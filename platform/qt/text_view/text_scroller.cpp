@@ -12,7 +12,7 @@ int LineHeight(const BlockLayout& layout, LineRef line) {
 TextScroller::TextScroller(TextLayouts& layouts) : layouts_(layouts) {}
 
 void TextScroller::ShowLine(TextPos position) {
-    position_ = std::clamp(position, 0, TextPos(layouts_.Text().text.size()));
+    position_ = std::clamp(position, 0, layouts_.Text().Length());
     hidden_ = 0;
     placed_ = true;
 }
@@ -107,7 +107,7 @@ std::optional<int> TextScroller::ViewTopOf(TextPos position) {
 
 TextHeight TextScroller::LastTop() {
     if (!bottomKnown_) {
-        const auto last = layouts_.At(TextPos(layouts_.Text().text.size()));
+        const auto last = layouts_.At(layouts_.Text().Length());
         lastTop_ = Moved({last->block.start, last->height}, -viewHeight_);
         bottomKnown_ = true;
     }

@@ -1,5 +1,6 @@
 #include "platform/qt/text_view/text_widget.h"
 
+#include "common/string_text.h"
 #include "platform/qt/text_view/text_painter.h"
 
 #include <QEvent>
@@ -19,7 +20,8 @@ constexpr int widestLine = 1 << 24; // pixels; Qt's fixed point numbers hold twi
 } // namespace
 
 TextWidget::TextWidget(QWidget* parent)
-    : QAbstractScrollArea(parent), palette_(palette()), formats_(document_, look_, palette_),
+    : QAbstractScrollArea(parent), text_(std::make_shared<StringText>(document_.text)),
+      palette_(palette()), formats_(document_, look_, palette_),
       pictures_(document_), context_{document_, look_, formats_, pictures_}, layouts_(context_),
       scroller_(layouts_) {
     setFrameShape(NoFrame);
@@ -30,6 +32,7 @@ TextWidget::TextWidget(QWidget* parent)
     viewport()->setCursor(Qt::IBeamCursor);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     context_.device = viewport();
+    context_.text = text_.get();
     verticalScrollBar()->installEventFilter(this);
     connect(verticalScrollBar(), &QScrollBar::actionTriggered, this,
             [this](int action) { VerticalAction(action); });
@@ -37,7 +40,20 @@ TextWidget::TextWidget(QWidget* parent)
 
 void TextWidget::ShowText(Document document, bool plain) {
     document_ = std::move(document);
+    text_ = std::make_shared<StringText>(document_.text);
     context_.plain = plain;
+    ShowFromStart();
+}
+
+void TextWidget::ShowText(std::shared_ptr<const TextSource> text) {
+    document_ = Document();
+    text_ = std::move(text);
+    context_.plain = true;
+    ShowFromStart();
+}
+
+void TextWidget::ShowFromStart() {
+    context_.text = text_.get();
     anchor_ = caret_ = 0;
     wantedX_.reset();
     pictures_.Forget();
@@ -99,7 +115,7 @@ TextLayouts& TextWidget::Layouts() {
 }
 
 void TextWidget::Select(TextPos anchor, TextPos caret) {
-    const TextPos size = TextPos(document_.text.size());
+    const TextPos size = text_->Length();
     anchor_ = std::clamp(anchor, 0, size);
     caret_ = std::clamp(caret, 0, size);
     wantedX_.reset();

@@ -15,8 +15,11 @@ class TextWidget : public QAbstractScrollArea {
   public:
     explicit TextWidget(QWidget* parent);
 
-    void ShowText(Document document, bool plain); // from its start, caret at 0
-    const Document& Text() const { return document_; }
+    // Each from its start, caret at 0. A text alone is plain.
+    void ShowText(Document document, bool plain);
+    void ShowText(std::shared_ptr<const TextSource> text);
+    const TextSource& Source() const { return *text_; }
+    const Document& Text() const { return document_; } // its text may not be what is shown
     bool IsPlain() const { return context_.plain; }
     const ViewLook& Look() const { return look_; }
     void SetLook(const ViewLook& look);
@@ -61,6 +64,7 @@ class TextWidget : public QAbstractScrollArea {
   private:
     enum class Granularity { Character, Word, Paragraph };
 
+    void ShowFromStart();
     void Fit();
     void Relayout();
     int BreakWidth(int viewWidth) const;
@@ -88,6 +92,7 @@ class TextWidget : public QAbstractScrollArea {
     void ScrollByWheel(int angle);
 
     Document document_;
+    std::shared_ptr<const TextSource> text_; // of the document, or another
     ViewLook look_;
     QPalette palette_; // the widget's, where the formats can observe it
     CharFormats formats_;

@@ -51,7 +51,7 @@ std::optional<TextPos> TextWidget::KeyTarget(int key, bool control) {
     case Qt::Key_Left: return control ? WordLeft(layouts_, caret_) : CaretLeft(layouts_, caret_);
     case Qt::Key_Right: return control ? WordRight(layouts_, caret_) : CaretRight(layouts_, caret_);
     case Qt::Key_Home: return control ? 0 : CaretHome(layouts_, caret_);
-    case Qt::Key_End: return control ? TextPos(document_.text.size()) : CaretEnd(layouts_, caret_);
+    case Qt::Key_End: return control ? text_->Length() : CaretEnd(layouts_, caret_);
     case Qt::Key_Up:
     case Qt::Key_Down:
     case Qt::Key_PageUp:
@@ -81,7 +81,7 @@ TextPos TextWidget::PageTarget(int pages) {
     scroller_.ScrollPages(pages, LineHeight());
     const TextPos target = PositionAtPoint(QPoint(*wantedX_ - ColumnX(0), y));
     if (scroller_.Top() != before && target != caret_) return target;
-    return pages < 0 ? 0 : TextPos(document_.text.size());
+    return pages < 0 ? 0 : text_->Length();
 }
 
 void TextWidget::MoveCaret(TextPos position, bool extend) {

@@ -35,7 +35,7 @@ LPARAM ToLParam(T& value) {
 RichEdit::RichEdit(HWND parent) {
     constexpr DWORD style = WS_CHILD | WS_CLIPSIBLINGS | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE |
                             ES_READONLY | ES_NOHIDESEL | ES_AUTOVSCROLL | ES_AUTOHSCROLL |
-                            ES_NOOLEDRAGDROP;
+                            ES_NOOLEDRAGDROP | ES_DISABLENOSCROLL;
     const wchar_t* const name = RichEditClass();
     if (!name) return;
     window_ = CreateWindowExW(0, name, L"", style, 0, 0, 0, 0, parent, nullptr,
@@ -46,7 +46,6 @@ RichEdit::RichEdit(HWND parent) {
     Send(EM_AUTOURLDETECT, 0);
     // A font that lacks a script is replaced for it; Latin text keeps the font it was given.
     Send(EM_SETLANGOPTIONS, 0, IMF_AUTOFONT);
-    Send(EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(sideMargin, sideMargin));
     AllowPicturesOnly(window_);
 }
 
@@ -56,6 +55,16 @@ RichEdit::~RichEdit() {
 
 LRESULT RichEdit::Send(UINT message, WPARAM wParam, LPARAM lParam) const {
     return window_ ? SendMessageW(window_, message, wParam, lParam) : 0;
+}
+
+// By the rectangle of the text: not every version of the control knows of margins.
+void RichEdit::Place(const Rect& bounds) {
+    SetWindowPos(window_, nullptr, bounds.left, bounds.top, bounds.width, bounds.height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    RECT text = {};
+    GetClientRect(window_, &text);
+    InflateRect(&text, -std::min(sideMargin, static_cast<int>(text.right) / 4), 0);
+    Send(EM_SETRECTNP, 0, ToLParam(text));
 }
 
 void RichEdit::StreamPlain(std::u16string_view text) {
@@ -138,9 +147,9 @@ POINT RichEdit::PointOf(TextPos position) const {
     return {point.x, point.y};
 }
 
-void RichEdit::FormatAll(const CHARFORMAT2W& format) {
+void RichEdit::SetDefaultFormat(const CHARFORMAT2W& format) {
     CHARFORMAT2W copy = format;
-    Send(EM_SETCHARFORMAT, Length() > 0 ? SCF_ALL : SCF_DEFAULT, ToLParam(copy));
+    Send(EM_SETCHARFORMAT, SCF_DEFAULT, ToLParam(copy));
 }
 
 void RichEdit::FormatSelectedParagraphs(const PARAFORMAT2& format) {
@@ -153,6 +162,7 @@ void RichEdit::SetBackColor(Color color) {
 }
 
 void RichEdit::SetRightMargin(int twips) {
+    Send(EM_SHOWSCROLLBAR, SB_HORZ, twips > 0);
     if (twips <= 0 || twips > widestColumn) {
         Send(EM_SETTARGETDEVICE, 0, twips > 0 ? 1 : 0); // 1: lines do not wrap at all
         return;

@@ -17,7 +17,7 @@ class RichEdit {
 
     HWND Handle() const { return window_; }
 
-    // Into an empty control. A format given to an empty control is that of the plain text to come.
+    // Into an empty control.
     void StreamPlain(std::u16string_view text); // as ToControlText makes it
     void StreamRtf(std::string_view rtf);
 
@@ -36,9 +36,10 @@ class RichEdit {
     void ScrollToPoint(POINT point);
     POINT PointOf(TextPos position) const; // of the client area
 
-    void FormatAll(const CHARFORMAT2W& format);
+    void SetDefaultFormat(const CHARFORMAT2W& format); // of the plain text to come
     void FormatSelectedParagraphs(const PARAFORMAT2& format);
     void SetBackColor(Color color);
+    void Place(const Rect& bounds); // in its parent; the text keeps a margin at the sides
     void SetRightMargin(int twips); // 0 wraps at the control's edge
 
   private:

@@ -12,6 +12,7 @@
 
 namespace {
 constexpr UINT_PTR subclassId = 1;
+constexpr UINT fillDue = WM_APP + 0x51; // the control has none of its own there
 
 std::vector<std::u16string> PathsOf(HDROP drop) {
     std::vector<std::u16string> paths;
@@ -78,6 +79,9 @@ bool Take(TextInputEvents& events, HWND window, UINT message, WPARAM wParam, LPA
         if (events.pointer != Pointer::Hourglass || LOWORD(lParam) != HTCLIENT) return false;
         SetCursor(LoadCursorW(nullptr, IDC_WAIT));
         return true;
+    case fillDue: // destroys this window
+        if (events.onFillDue) events.onFillDue();
+        return true;
     case WM_CHAR:
     case WM_UNICHAR:
     case WM_CUT:
@@ -109,6 +113,10 @@ void AttachInput(RichEdit& control, TextInputEvents& events) {
                       reinterpret_cast<DWORD_PTR>(&events));
     RevokeDragDrop(control.Handle()); // it would take the files' place
     DragAcceptFiles(control.Handle(), TRUE);
+}
+
+void PostFillDue(HWND control) {
+    PostMessageW(control, fillDue, 0, 0);
 }
 
 void ShowPointer(HWND control) {

@@ -13,9 +13,11 @@ struct TextInputEvents {
     std::function<void(POINT onScreen)> onContextMenu;
     std::function<void(const std::vector<std::u16string>& paths)> onFilesDropped;
     std::function<void(int steps)> onZoomWheel;
+    std::function<void()> onFillDue;
     Pointer pointer = Pointer::Default;
     int wheelRest = 0; // of turns with Ctrl, less than a notch
 };
 
 void AttachInput(RichEdit& control, TextInputEvents& events);
+void PostFillDue(HWND control); // `onFillDue` will be called by the message loop
 void ShowPointer(HWND control); // when the mouse is over it

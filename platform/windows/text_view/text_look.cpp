@@ -1,5 +1,7 @@
 #include "platform/windows/text_view/text_look.h"
 
+#include "formats/rtf_writer.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -74,19 +76,6 @@ CHARFORMAT2W ColorFormat(const TextLook& look) {
     return format;
 }
 
-PARAFORMAT2 AlignmentFormat(Alignment alignment) {
-    PARAFORMAT2 format = {};
-    format.cbSize = sizeof format;
-    format.dwMask = PFM_ALIGNMENT;
-    switch (alignment) {
-    case Alignment::Right: format.wAlignment = PFA_RIGHT; break;
-    case Alignment::Center: format.wAlignment = PFA_CENTER; break;
-    case Alignment::Justified: format.wAlignment = PFA_JUSTIFY; break;
-    default: format.wAlignment = PFA_LEFT;
-    }
-    return format;
-}
-
 std::optional<Color> ReadableAutoColor(Color background) {
     if (Contrast(GetSysColor(COLOR_WINDOWTEXT), background)) return std::nullopt;
     return Gray(background) < 128 ? 0xFFFFFF : 0x000000;
@@ -107,6 +96,19 @@ Document Dressed(Document document, const TextLook& look) {
         for (ParagraphStyle& style : document.paragraphStyles)
             style.alignment = *look.alignment;
     return document;
+}
+
+// The view's font has a character set, which our documents do not know.
+std::string DressedRtf(const Document& document, const TextLook& look) {
+    std::string rtf = WriteRtf(Dressed(document, look));
+    if (!look.fontForAll) return rtf;
+    constexpr std::string_view family = "\\fnil";
+    const std::string charset = "\\fcharset" + std::to_string(look.font.charset);
+    const std::size_t tableEnd = rtf.find("{\\colortbl");
+    for (std::size_t at = rtf.rfind(family, tableEnd); at != rtf.npos && at > 0;
+         at = rtf.rfind(family, at - 1))
+        rtf.insert(at + family.size(), charset);
+    return rtf;
 }
 
 bool NamesOwnFonts(const Document& document) {

@@ -8,6 +8,7 @@
 #include <richedit.h>
 
 #include <optional>
+#include <string>
 
 struct TextLook {
     ViewFont font;
@@ -21,7 +22,6 @@ struct TextLook {
 CHARFORMAT2W FontFormat(const ViewFont& font);
 // Of a text without colours of its own.
 CHARFORMAT2W ColorFormat(const TextLook& look);
-PARAFORMAT2 AlignmentFormat(Alignment alignment);
 
 // The text colour where the file gives none: the system's, unless it cannot be read on this
 // background; none for the system's.
@@ -29,4 +29,5 @@ std::optional<Color> ReadableAutoColor(Color background);
 
 // The document as it is to be seen: font and colours over what it says. Links are text.
 Document Dressed(Document document, const TextLook& look);
+std::string DressedRtf(const Document& document, const TextLook& look); // of that, for the control
 bool NamesOwnFonts(const Document& document); // nowhere asks for the reader's own

@@ -18,14 +18,11 @@ WinTextView::WinTextView(HWND parent) : parent_(parent) {
     input_.onZoomWheel = [this](int steps) {
         if (onZoomWheel) onZoomWheel(steps);
     };
-    Load({}, true);
+    input_.onFillDue = [this] { Control(); };
+    Control();
 }
 
 WinTextView::~WinTextView() = default;
-
-HWND WinTextView::Handle() const {
-    return control_->Handle();
-}
 
 void WinTextView::LoadPlainText(std::u16string text) {
     UnifyLineEnds(text);
@@ -45,46 +42,73 @@ void WinTextView::Load(Document document, bool plain) {
     plain_ = plain;
     look_.fontForAll = false;
     look_.alignment.reset();
-    Fill();
-    ShowTop(0, true);
+    top_ = {};
+    selStart_ = selEnd_ = 0;
+    filled_ = false;
+    PostFillDue(control_->Handle());
+}
+
+RichEdit& WinTextView::Control() const {
+    if (!filled_) Fill();
+    return *control_;
+}
+
+void WinTextView::Fill() const {
+    const std::unique_ptr<RichEdit> old = std::move(control_);
+    control_ = std::make_unique<RichEdit>(parent_);
+    filled_ = true;
+    FillControl();
+    control_->Select({map_.ToControl(selStart_), map_.ToControl(selEnd_)});
+    ShowTop(top_.position, top_.asked);
+    AttachInput(*control_, input_);
+    TakeOldPlace(old.get());
 }
 
 // Format and size first, so that the text is laid out once.
-void WinTextView::Fill() {
-    auto fresh = std::make_unique<RichEdit>(parent_);
-    AttachInput(*fresh, input_);
-    Place(*fresh);
-    fresh->SetBackColor(look_.backColor);
-    fresh->SetRightMargin(look_.rightMargin);
-    fresh->FormatAll(FontFormat(look_.font));
-    fresh->FormatAll(ColorFormat(look_));
-    if (plain_)
-        fresh->StreamPlain(ToControlText(document_.text));
-    else
-        fresh->StreamRtf(WriteRtf(Dressed(document_, look_)));
-    const bool same = plain_ && fresh->Length() == TextLength();
-    map_ = same ? TextMap() : TextMap(document_.text, fresh->Text());
-    fresh->Select({0, 0});
+void WinTextView::FillControl() const {
+    Place(*control_);
+    control_->SetBackColor(look_.backColor);
+    control_->SetRightMargin(look_.rightMargin);
+    control_->SetDefaultFormat(FontFormat(look_.font));
+    control_->SetDefaultFormat(ColorFormat(look_));
+    StreamDocument();
+    const bool same = plain_ && control_->Length() == TextLength();
+    map_ = same ? TextMap() : TextMap(document_.text, control_->Text());
     roomBelow_ = 0;
-
-    const bool focused = control_ && control_->Handle() && GetFocus() == control_->Handle();
-    if (visible_) ShowWindow(fresh->Handle(), SW_SHOWNA);
-    if (focused) SetFocus(fresh->Handle());
-    control_ = std::move(fresh);
 }
 
-// The same text in another look, where the control has no way back to what the file says.
+// Plain text takes no alignment with it.
+void WinTextView::StreamDocument() const {
+    if (!plain_) return control_->StreamRtf(DressedRtf(document_, look_));
+    std::u16string text = ToControlText(document_.text);
+    if (look_.alignment.value_or(Alignment::Left) == Alignment::Left)
+        return control_->StreamPlain(text);
+    std::replace(text.begin(), text.end(), u'\r', u'\n');
+    Document document;
+    document.text = std::move(text);
+    TextLook look = look_;
+    look.fontForAll = true;
+    control_->StreamRtf(DressedRtf(document, look));
+}
+
+void WinTextView::TakeOldPlace(const RichEdit* old) const {
+    const bool focused = old && old->Handle() && GetFocus() == old->Handle();
+    if (visible_) ShowWindow(control_->Handle(), SW_SHOWNA);
+    if (focused) ::SetFocus(control_->Handle());
+}
+
+// The same text in another look.
 void WinTextView::Refill() {
-    const TextPos start = SelStart(), length = SelLength();
-    const Top top = CurrentTop();
-    Fill();
-    ShowTop(top.position, top.asked);
-    Select(start, length);
+    if (!filled_) return;
+    selStart_ = SelStart();
+    selEnd_ = selStart_ + SelLength();
+    top_ = CurrentTop();
+    filled_ = false;
+    PostFillDue(control_->Handle());
 }
 
 void WinTextView::Place(RichEdit& control) const {
-    SetWindowPos(control.Handle(), nullptr, bounds_.left, bounds_.top, bounds_.width,
-                 bounds_.height, SWP_NOZORDER | SWP_NOACTIVATE);
+    control.Place(bounds_);
 }
 
 TextPos WinTextView::TextLength() const {
@@ -102,15 +126,16 @@ std::u16string WinTextView::TextRange(TextPos start, TextPos length) const {
 
 void WinTextView::Select(TextPos start, TextPos length) {
     const TextPos from = Clamp(start), to = from + std::clamp(length, 0, TextLength() - from);
-    KeepingScroll([&] { control_->Select({map_.ToControl(from), map_.ToControl(to)}); });
+    RichEdit& control = Control();
+    KeepingScroll([&] { control.Select({map_.ToControl(from), map_.ToControl(to)}); });
 }
 
 TextPos WinTextView::SelStart() const {
-    return Clamp(map_.ToBook(control_->Selection().cpMin));
+    return Clamp(map_.ToBook(Control().Selection().cpMin));
 }
 
 TextPos WinTextView::SelLength() const {
-    const CHARRANGE range = control_->Selection();
+    const CHARRANGE range = Control().Selection();
     if (range.cpMax <= range.cpMin) return 0;
     return Clamp(map_.ToBook(range.cpMax - 1) + 1) - SelStart(); // without what is left out there
 }
@@ -135,15 +160,17 @@ std::string WinTextView::SelectionAsRtf() const {
 
 void WinTextView::SetBounds(const Rect& bounds) {
     if (bounds == bounds_) return;
-    KeepingTop([&] {
-        bounds_ = bounds;
-        Place(*control_);
-    });
+    bounds_ = bounds;
+    if (!filled_) return;
+    const Top top = CurrentTop();
+    const RichEditPause pause(*control_);
+    Place(*control_);
+    ShowTop(top.position, top.asked);
 }
 
 void WinTextView::SetVisible(bool visible) {
     visible_ = visible;
-    ShowWindow(control_->Handle(), visible ? SW_SHOWNA : SW_HIDE);
+    ShowWindow(Control().Handle(), visible ? SW_SHOWNA : SW_HIDE);
 }
 
 void WinTextView::SetPointer(Pointer pointer) {

@@ -1,5 +1,7 @@
 // The text view on the system's rich-edit control. Each text gets a control of its own: a fresh one
-// is filled unseen and takes the old one's place, which costs less than to empty the old one.
+// is filled unseen and takes the old one's place, which costs less than to empty the old one. That
+// is put off until something is asked of it, or the message loop runs, so that loading a text and
+// giving it a look costs one layout.
 #pragma once
 
 #include "platform/text_view.h"
@@ -17,7 +19,7 @@ class WinTextView : public TextView {
     WinTextView(const WinTextView&) = delete;
     WinTextView& operator=(const WinTextView&) = delete;
 
-    HWND Handle() const;                                     // of the text shown now
+    HWND Handle() const { return Control().Handle(); }       // of the text shown now
     POINT ContextMenuPoint() const { return contextPoint_; } // of the last one, on the screen
     std::function<void(int steps)> onZoomWheel;              // Ctrl and the wheel, up is positive
 
@@ -64,31 +66,37 @@ class WinTextView : public TextView {
     };
 
     void Load(Document document, bool plain);
-    void Fill();
+    RichEdit& Control() const; // with the text in it
+    void Fill() const;
+    void FillControl() const;
+    void StreamDocument() const;
+    void TakeOldPlace(const RichEdit* old) const;
     void Refill();
     void Place(RichEdit& control) const;
-    void Recolor();
-    void KeepingTop(const std::function<void()>& change);
-    void KeepingScroll(const std::function<void()>& change);
+    void KeepingScroll(const std::function<void()>& change) const;
 
     bool IsAsPlaced() const;
     Top CurrentTop() const;
-    void ShowTop(TextPos position, bool asked);
+    void ShowTop(TextPos position, bool asked) const;
     bool NeedsRoom(LONG line) const;
-    bool ScrollTo(LONG line);
-    void MakeRoomBelow(int twips);
+    bool ScrollTo(LONG line) const;
+    void MakeRoomBelow(int twips) const;
     TextPos Clamp(TextPos position) const;
 
     HWND parent_;
     Document document_;
     bool plain_ = true;
     TextLook look_;
-    Rect bounds_;
+    Rect bounds_{0, 0, 640, 400}; // a view of no width would cost dear to lay out
     bool visible_ = false;
     POINT contextPoint_ = {};
-    TextInputEvents input_;
-    std::unique_ptr<RichEdit> control_;
-    TextMap map_;
-    Top top_;
-    int roomBelow_ = 0; // twips after the text, so that its last lines can be at the top
+    mutable TextInputEvents input_;
+
+    // Of the text as it is shown.
+    mutable std::unique_ptr<RichEdit> control_;
+    mutable bool filled_ = false; // else it still shows what was there before
+    mutable TextMap map_;
+    mutable Top top_;
+    mutable int roomBelow_ = 0; // twips after the text, so that its last lines can be at the top
+    TextPos selStart_ = 0, selEnd_ = 0; // once it is filled
 };

@@ -11,20 +11,22 @@ int TwipsOfHeight(HWND window, int pixels) {
 } // namespace
 
 LineSpan WinTextView::LineAround(TextPos position) const {
-    const LONG line = control_->LineOf(map_.ToControl(Clamp(position)));
-    const TextPos first = control_->LineStart(line), start = Clamp(map_.ToBook(first));
-    TextPos end = Clamp(map_.ToBook(control_->NextLineStart(line, first)));
+    const RichEdit& control = Control();
+    const LONG line = control.LineOf(map_.ToControl(Clamp(position)));
+    const TextPos first = control.LineStart(line), start = Clamp(map_.ToBook(first));
+    TextPos end = Clamp(map_.ToBook(control.NextLineStart(line, first)));
     if (end > start && document_.text[static_cast<std::size_t>(end - 1)] == u'\n') --end;
     return {start, end - start};
 }
 
 TextPos WinTextView::FirstVisibleChar() const {
+    const RichEdit& control = Control();
     if (IsAsPlaced() && (top_.asked || top_.reached)) return LineAround(top_.position).start;
-    return Clamp(map_.ToBook(control_->LineStart(control_->FirstVisibleLine())));
+    return Clamp(map_.ToBook(control.LineStart(control.FirstVisibleLine())));
 }
 
 void WinTextView::ScrollLineToTop(TextPos position) {
-    const RichEditPause pause(*control_);
+    const RichEditPause pause(Control());
     ShowTop(Clamp(position), true);
 }
 
@@ -43,7 +45,7 @@ WinTextView::Top WinTextView::CurrentTop() const {
 
 // Where the text below does not fill the view, room is made for a line that was asked for. A line
 // that the reader had scrolled to goes down with the text's end instead.
-void WinTextView::ShowTop(TextPos position, bool asked) {
+void WinTextView::ShowTop(TextPos position, bool asked) const {
     const auto line = [&] { return control_->LineOf(map_.ToControl(position)); };
     if (roomBelow_ > 0 && !(asked && NeedsRoom(line()))) MakeRoomBelow(0);
     bool reached = ScrollTo(line());
@@ -61,7 +63,7 @@ bool WinTextView::NeedsRoom(LONG line) const {
 }
 
 // Exactly, also where the control had a part of the line above its edge.
-bool WinTextView::ScrollTo(LONG line) {
+bool WinTextView::ScrollTo(LONG line) const {
     constexpr int mostTries = 3; // some controls lay out the lines between only on the way
     for (int i = 0; i < mostTries && control_->FirstVisibleLine() != line; ++i)
         control_->ScrollLines(line - control_->FirstVisibleLine());
@@ -73,7 +75,7 @@ bool WinTextView::ScrollTo(LONG line) {
     return control_->FirstVisibleLine() == line;
 }
 
-void WinTextView::MakeRoomBelow(int twips) {
+void WinTextView::MakeRoomBelow(int twips) const {
     if (twips == roomBelow_) return;
     roomBelow_ = twips;
     PARAFORMAT2 format = {};
@@ -89,15 +91,8 @@ void WinTextView::MakeRoomBelow(int twips) {
     });
 }
 
-void WinTextView::KeepingTop(const std::function<void()>& change) {
-    const Top top = CurrentTop();
-    const RichEditPause pause(*control_);
-    change();
-    ShowTop(top.position, top.asked);
-}
-
 // The control would bring the caret into view.
-void WinTextView::KeepingScroll(const std::function<void()>& change) {
+void WinTextView::KeepingScroll(const std::function<void()>& change) const {
     const RichEditPause pause(*control_);
     const LONG line = control_->FirstVisibleLine();
     const POINT before = control_->ScrollPoint();

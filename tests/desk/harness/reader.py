@@ -54,12 +54,12 @@ class Reader:
         """Starts the process and waits for nothing."""
         command = [self.program, *arguments]
         if ON_WINE:
-            command = ["wine", self.program, *map(_argument, arguments)]
+            command = [shutil.which("wine"), self.program, *map(_argument, arguments)]
         if self.as_nobody:
             ids = ["--reuid", str(NOBODY), "--regid", str(NOBODY), "--clear-groups"]
             command = [shutil.which("setpriv"), *ids, *command]
         environment = self.screen.environment | {
-            "PATH": self.tools, "HOME": self.home, "XDG_RUNTIME_DIR": self.runtime,
+            "PATH": self.tools + (os.pathsep + os.environ["PATH"] if ON_WINE else ""), "HOME": self.home, "XDG_RUNTIME_DIR": self.runtime,
             "XDG_DATA_HOME": os.path.join(self.home, "share")} | wine_environment(self.prefix)
         with open(os.path.join(self.folder, "messages.log"), "ab") as messages:
             return subprocess.Popen(command, env=environment, cwd=self.home,
@@ -165,7 +165,10 @@ class Reader:
         return self.screen.xdotool("getwindowname", self.window).rstrip("\n")
 
     def is_active(self, window=None):
-        return self.screen.xdotool("getactivewindow").strip() == str(window or self.window)
+        """Whether the window has the keyboard; Wine takes it a moment after it was given it."""
+        asked = ["getactivewindow", "getwindowfocus"] if ON_WINE else ["getactivewindow"]
+        return all(self.screen.xdotool(question).strip() == str(window or self.window)
+                   for question in asked)
 
     def activate(self):
         self.screen.xdotool("windowactivate", self.window)
@@ -198,11 +201,15 @@ class Reader:
         self.finish_keys()
 
     def open_menu(self, letter):
+        # Under Wine a menu that was chosen from may still be on its way out.
+        leaving = self.popups() if ON_WINE else []
         self.key("alt+" + letter)
-        return wait_for(self.popups, f"the menu of Alt+{letter}")[0]
+        return wait_for(lambda: [menu for menu in self.popups() if menu not in leaving],
+                        f"the menu of Alt+{letter}")[0]
 
     def close_menu(self):
-        self.key("Escape")
+        # On Windows the bar keeps the keyboard when its menu has gone.
+        self.key(*["Escape"] * (2 if ON_WINE else 1))
         wait_for(lambda: not self.popups(), "the menu to close")
 
     def finish_keys(self):

@@ -1,4 +1,4 @@
-#include "platform/qt/text_view/line_ends.h"
+#include "common/line_ends.h"
 
 void UnifyLineEnds(std::u16string& text) {
     std::size_t to = text.find(u'\r');

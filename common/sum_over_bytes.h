@@ -1,0 +1,29 @@
+// Counting something in bytes at the speed of the memory.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+// The sum of weight(at) for each byte, `at` pointing to it; no weight is above 2. Many are added at
+// once: a sum of its own for each of 32 neighbours, which is taken before it can overflow.
+template <class Weight>
+std::size_t SumOverBytes(std::string_view bytes, Weight weight) {
+    constexpr std::size_t lanes = 32, mostRounds = 127;
+    const auto* at = reinterpret_cast<const unsigned char*>(bytes.data());
+    const auto* const end = at + bytes.size();
+    std::size_t sum = 0;
+    while (static_cast<std::size_t>(end - at) >= lanes) {
+        std::uint8_t sums[lanes] = {};
+        const std::size_t rounds = std::min(mostRounds, static_cast<std::size_t>(end - at) / lanes);
+        for (std::size_t round = 0; round < rounds; ++round, at += lanes)
+            for (std::size_t lane = 0; lane < lanes; ++lane)
+                sums[lane] = static_cast<std::uint8_t>(sums[lane] + weight(at + lane));
+        for (const std::uint8_t each : sums)
+            sum += each;
+    }
+    for (; at != end; ++at)
+        sum += static_cast<std::size_t>(weight(at));
+    return sum;
+}

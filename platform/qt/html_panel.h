@@ -1,0 +1,28 @@
+// The place of the page in the window: takes dropped files, and can show a line of text instead.
+#pragma once
+
+#include <QWidget>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+class QLabel;
+
+class HtmlPanel : public QWidget {
+  public:
+    explicit HtmlPanel(QWidget* parent); // hidden at first
+
+    void ShowNotice(const QString&);
+    void HideNotice();
+
+    std::function<void(const std::vector<std::u16string>& paths)> onFilesDropped;
+
+  protected:
+    void dragEnterEvent(QDragEnterEvent*) override;
+    void dropEvent(QDropEvent*) override;
+    void resizeEvent(QResizeEvent*) override;
+
+  private:
+    QLabel* notice_;
+};

@@ -1,0 +1,188 @@
+#include "platform/qt/html_view/engine_html_view.h"
+
+#include "common/utf.h"
+#include "platform/qt/handler.h"
+#include "platform/qt/html_view/engine_profile.h"
+#include "platform/qt/html_view/file_address.h"
+#include "platform/qt/html_view/page_calls.h"
+#include "platform/qt/html_view/page_widget.h"
+#include "platform/qt/html_view/printing.h"
+#include "platform/qt/html_view/reader_page.h"
+#include "platform/qt/qt_text.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QVariant>
+
+#include <utility>
+
+EngineHtmlView::EngineHtmlView(QWidget* parent, int ansiCodePage)
+    : parent_(parent), ansiCodePage_(ansiCodePage) {
+    parent_->window()->installEventFilter(this);
+}
+
+EngineHtmlView::~EngineHtmlView() {
+    LeavePage();
+    // Pages have to go before what they share.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void EngineHtmlView::Navigate(const std::u16string& path, int page) {
+    LeavePage();
+    const std::string bytes = Utf16ToUtf8(path);
+    guard_.SetBook(bytes);
+    MakePage();
+    ConnectPage(page);
+    page_->Load(FileAddress(bytes));
+}
+
+void EngineHtmlView::Clear() {
+    LeavePage();
+    guard_.SetBook({});
+}
+
+void EngineHtmlView::MakePage() {
+    if (!profile_) profile_ = MakeEngineProfile(guard_, ansiCodePage_);
+    page_ = std::make_unique<ReaderPage>(profile_.get(), guard_);
+    calls_ = std::make_unique<PageCalls>(*page_);
+    widget_ = std::make_unique<PageWidget>(page_.get(), parent_);
+    SetBounds(bounds_);
+    SetVisible(visible_);
+    if (focused_) widget_->setFocus();
+}
+
+void EngineHtmlView::ConnectPage(int page) {
+    page_->onLink = [this](const QUrl& address) { FollowLink(address); };
+    connect(page_.get(), &QWebEnginePage::loadFinished, this, [this, page](bool done) {
+        if (done) Finished(page);
+    });
+    connect(
+        page_.get(), &QWebEnginePage::renderProcessTerminated, this, [this] { Gone(); },
+        Qt::QueuedConnection);
+    // Within the page, which has not scrolled yet.
+    connect(page_.get(), &QWebEnginePage::urlChanged, this, [this] {
+        if (!kept_.body) return;
+        jumpedFrom_ = ScrollTop();
+        TellJump();
+    });
+    connect(page_.get(), &QWebEnginePage::scrollPositionChanged, this, [this] { Refresh(); });
+    connect(page_.get(), &QWebEnginePage::contentsSizeChanged, this, [this] { Refresh(); });
+    connect(page_.get(), &QWebEnginePage::selectionChanged, this, [this] { Refresh(); });
+    widget_->onTouched = [this] { Refresh(); };
+    widget_->onZoomKey = [this](int steps) { Zoom(steps); };
+    widget_->onCommand = [this](int command) { RunCommand(command); };
+    widget_->hasSelection = [this] { return kept_.selection.span.length > 0; };
+    widget_->hasText = [this] { return kept_.text; };
+    widget_->onContextPress = [this](QPoint point) {
+        const double factor = zoom_.Factor();
+        Order(QStringLiteral("placeCaret(%1, %2)").arg(point.x() / factor).arg(point.y() / factor));
+    };
+}
+
+// May be called from an event of the page itself.
+void EngineHtmlView::LeavePage() {
+    EndWait();
+    kept_ = {};
+    wholeText_.reset();
+    jumpedFrom_.reset();
+    zoom_ = {};
+    refreshing_ = finished_ = false;
+    if (!page_) return;
+    page_->disconnect(this);
+    focused_ = widget_->isAncestorOf(widget_->window()->focusWidget());
+    widget_->hide();
+    calls_.reset();
+    widget_.release()->deleteLater();
+    page_.release()->deleteLater();
+}
+
+void EngineHtmlView::Finished(int page) {
+    if (std::exchange(finished_, true)) return;
+    calls_->LoadScript();
+    calls_->SetZoom(zoom_.Factor(), widget_->devicePixelRatioF());
+    calls_->Call(QStringLiteral("facts()"),
+                 [this, page, alive = QPointer<QObject>(page_.get())](const QVariant& facts) {
+                     if (alive && alive == page_.get()) Loaded(page, facts);
+                 });
+}
+
+void EngineHtmlView::Loaded(int page, const QVariant& facts) {
+    const QVariantList list = facts.toList();
+    if (list.size() == 4) { // a document that is no page has no body
+        kept_.body = true;
+        kept_.charset = list[0].toString().toStdString();
+        kept_.title = FromQt(list[1].toString());
+        kept_.text = list[2].toBool();
+        TakeState(list[3]);
+    }
+    // Not from within the engine's own call: it takes no other one until that has returned, and who
+    // is told may ask.
+    QMetaObject::invokeMethod(
+        page_.get(),
+        [this, page] {
+            CallHandler(onLoaded, page, FromQt(page_->url().toString(QUrl::FullyEncoded)));
+        },
+        Qt::QueuedConnection);
+}
+
+void EngineHtmlView::Gone() {
+    if (!page_) return;
+    const Kept last = kept_;
+    LeavePage();
+    kept_ = last;
+    kept_.body = false;
+    CallHandler(onGone);
+}
+
+void EngineHtmlView::FollowLink(const QUrl& address) {
+    const auto path = LocalPathOf(address);
+    const std::u16string url = FromQt(address.toString(QUrl::FullyEncoded));
+    // Not from within the engine's own question whether to go there.
+    QMetaObject::invokeMethod(
+        page_.get(),
+        [this, url, path] { CallHandler(onLink, url, path ? Utf8ToUtf16(*path, u'?') : u""); },
+        Qt::QueuedConnection);
+}
+
+// Not from within the engine's own call, and not while a question waits: its end comes back here.
+void EngineHtmlView::TellJump() {
+    if (!jumpedFrom_ || !page_) return;
+    QMetaObject::invokeMethod(
+        page_.get(),
+        [this] {
+            if (wait_ || !jumpedFrom_) return;
+            CallHandler(onJump, *std::exchange(jumpedFrom_, std::nullopt));
+        },
+        Qt::QueuedConnection);
+}
+
+void EngineHtmlView::RunCommand(int command) {
+    if (command == PrintCommand) PrintPage(*widget_);
+    CallHandler(onCommand, command);
+}
+
+void EngineHtmlView::Zoom(int steps) {
+    if (!page_) return;
+    zoom_.Move(steps);
+    if (!kept_.body) return; // takes effect when the document is there
+    calls_->SetZoom(zoom_.Factor(), widget_->devicePixelRatioF());
+    Refresh();
+}
+
+void EngineHtmlView::SendZoomKey(bool larger) {
+    Zoom(larger ? 1 : -1);
+}
+
+void EngineHtmlView::SetBounds(const Rect& bounds) {
+    bounds_ = bounds;
+    if (widget_) widget_->setGeometry(bounds.left, bounds.top, bounds.width, bounds.height);
+}
+
+void EngineHtmlView::SetVisible(bool visible) {
+    visible_ = visible;
+    if (widget_) widget_->setVisible(visible);
+}
+
+void EngineHtmlView::FocusView() {
+    if (widget_) widget_->setFocus();
+}

@@ -1,0 +1,82 @@
+#include "platform/qt/html_view/page_calls.h"
+
+#include <QFile>
+#include <QPointer>
+#include <QWebEnginePage>
+#include <QWebEngineScript>
+
+#include <cmath>
+
+namespace {
+constexpr int longestZoom = 1000; // milliseconds; a page takes a few
+constexpr int askAgain = 2;       // milliseconds
+
+QString Source(const char* name) {
+    QFile file(QLatin1String(":/norvaset/") + QLatin1String(name));
+    file.open(QIODevice::ReadOnly);
+    return QString::fromUtf8(file.readAll());
+}
+} // namespace
+
+PageCalls::PageCalls(QWebEnginePage& page) : page_(page) {
+    again_.setSingleShot(true);
+    again_.callOnTimeout([this] { AskForRatio(); });
+}
+
+void PageCalls::LoadScript() {
+    page_.runJavaScript(Source("page_text.js") + Source("page_script.js"),
+                        QWebEngineScript::ApplicationWorld);
+}
+
+void PageCalls::Call(const QString& expression, Answer answer) {
+    steps_.push_back({expression, std::move(answer)});
+    Proceed();
+}
+
+void PageCalls::SetZoom(double factor, double screenRatio) {
+    const bool joins = !steps_.empty() && steps_.back().expression.isEmpty();
+    if (!joins) steps_.emplace_back();
+    steps_.back().factor = factor;
+    steps_.back().pixelRatio = factor * screenRatio;
+    Proceed();
+}
+
+// The engine keeps calls in order, but a new size takes another way to the page and may be
+// overtaken: the page is asked until it has it.
+void PageCalls::Proceed() {
+    while (!zooming_ && !steps_.empty()) {
+        if (steps_.front().expression.isEmpty()) {
+            zooming_ = true;
+            zoomEnd_.setRemainingTime(longestZoom);
+            page_.setZoomFactor(steps_.front().factor);
+            AskForRatio();
+            return;
+        }
+        const Step step = std::move(steps_.front());
+        steps_.pop_front();
+        Run(step);
+    }
+}
+
+void PageCalls::Run(const Step& step) {
+    const QString source = QStringLiteral("norvaset.") + step.expression;
+    if (step.answer)
+        page_.runJavaScript(source, QWebEngineScript::ApplicationWorld, step.answer);
+    else
+        page_.runJavaScript(source, QWebEngineScript::ApplicationWorld);
+}
+
+void PageCalls::AskForRatio() {
+    const auto answered = [this, alive = QPointer<PageCalls>(this)](const QVariant& ratio) {
+        if (!alive) return;
+        const Step& step = steps_.front();
+        if (std::abs(ratio.toDouble() - step.pixelRatio) > 0.01 && !zoomEnd_.hasExpired()) {
+            page_.setZoomFactor(step.factor); // the last of steps given meanwhile
+            return again_.start(askAgain);
+        }
+        steps_.pop_front();
+        zooming_ = false;
+        Proceed();
+    };
+    Run({QStringLiteral("pixelRatio()"), answered});
+}

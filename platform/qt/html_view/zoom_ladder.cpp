@@ -1,0 +1,17 @@
+#include "platform/qt/html_view/zoom_ladder.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+constexpr std::array percents = {25,  33,  50,  67,  75,  80,  90,  100, 110,
+                                 125, 150, 175, 200, 250, 300, 400, 500};
+}
+
+double ZoomLadder::Factor() const {
+    return percents[static_cast<unsigned>(place_)] / 100.0;
+}
+
+void ZoomLadder::Move(int steps) {
+    place_ = steps == 0 ? normal : std::clamp(place_ + steps, 0, int{percents.size()} - 1);
+}

@@ -1,0 +1,55 @@
+// The HTML view on Qt: the place of the page in the window. The engine is in a module of its own,
+// which the first page loads.
+#pragma once
+
+#include "platform/html_view.h"
+
+#include <memory>
+
+class HtmlPanel;
+class QtWindow;
+
+class QtHtmlView final : public HtmlView {
+  public:
+    explicit QtHtmlView(QtWindow&); // which lives longer
+    ~QtHtmlView() override;
+
+    bool IsAvailable() const override;
+    void Navigate(const std::u16string& path, int page) override;
+    void Clear() override;
+    void ScrollTo(int left, int top) override;
+    void ScrollSpanToTop(const PageSpan&) override;
+    void Select(const PageSpan&) override;
+    void SelectAll() override;
+    void SetBackColor(std::uint32_t redGreenBlue) override;
+    void SendZoomKey(bool larger) override;
+
+    bool HasBody() const override;
+    bool HasText() const override;
+    std::string Charset() const override;
+    std::u16string Title() const override;
+    int ScrollTop() const override;
+    int ViewHeight() const override;
+    int TopMargin() const override;
+    PageSelection Selection() const override;
+
+    std::vector<std::u16string> TextsOf(const std::vector<PageSpan>&) override;
+    std::u16string SelectedText() override;
+    std::u16string SelectionAsHtml() override;
+    std::optional<PageMatch> FindBehindSelection(std::u16string_view what, FindOptions) override;
+    TextPos StartAtTop() override;
+
+    void SetBounds(const Rect&) override;
+    void SetVisible(bool) override;
+    void FocusView() override;
+
+  private:
+    bool LoadEngine();
+    void ConnectEngine();
+
+    QtWindow& window_;
+    HtmlPanel* panel_; // the window deletes it
+    std::unique_ptr<HtmlView> engine_;
+    int load_ = 0; // of the page asked for last
+    bool focused_ = false;
+};

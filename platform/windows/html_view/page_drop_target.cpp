@@ -1,0 +1,64 @@
+#include "platform/windows/html_view/page_drop_target.h"
+
+#include "platform/windows/win_text.h"
+
+#include <shellapi.h>
+
+namespace {
+
+FORMATETC FileList() {
+    return {CF_HDROP, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
+}
+
+std::vector<std::u16string> PathsIn(IDataObject* data) {
+    std::vector<std::u16string> paths;
+    FORMATETC format = FileList();
+    STGMEDIUM medium = {};
+    if (!data || FAILED(data->GetData(&format, &medium))) return paths;
+    const auto drop = static_cast<HDROP>(medium.hGlobal);
+    const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
+    for (UINT i = 0; i < count; ++i) {
+        std::wstring path(DragQueryFileW(drop, i, nullptr, 0), L'\0');
+        DragQueryFileW(drop, i, path.data(), static_cast<UINT>(path.size()) + 1);
+        paths.push_back(FromWide(path));
+    }
+    ReleaseStgMedium(&medium);
+    return paths;
+}
+
+} // namespace
+
+HRESULT PageDropTarget::QueryInterface(REFIID id, void** found) noexcept {
+    return AnswerQuery<IDropTarget>(this, id, found);
+}
+
+HRESULT PageDropTarget::DragEnter(IDataObject* data, DWORD, POINTL, DWORD* effect) noexcept {
+    FORMATETC format = FileList();
+    hasFiles_ = owner_ && data && data->QueryGetData(&format) == S_OK;
+    return Show(effect);
+}
+
+HRESULT PageDropTarget::DragOver(DWORD, POINTL, DWORD* effect) noexcept {
+    return Show(effect);
+}
+
+HRESULT PageDropTarget::DragLeave() noexcept {
+    hasFiles_ = false;
+    return S_OK;
+}
+
+HRESULT PageDropTarget::Drop(IDataObject* data, DWORD, POINTL, DWORD* effect) noexcept {
+    const HRESULT shown = Show(effect);
+    const std::vector<std::u16string> paths = PathsIn(data);
+    if (owner_ && !paths.empty()) owner_->FilesDropped(paths);
+    hasFiles_ = false;
+    return shown;
+}
+
+// The file stays where it is, whatever the source offers.
+HRESULT PageDropTarget::Show(DWORD* effect) const {
+    if (!effect) return E_POINTER;
+    *effect = hasFiles_ ? *effect & (DROPEFFECT_COPY | DROPEFFECT_LINK) : DROPEFFECT_NONE;
+    if (*effect & DROPEFFECT_COPY) *effect = DROPEFFECT_COPY;
+    return S_OK;
+}

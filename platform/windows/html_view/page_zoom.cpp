@@ -1,0 +1,19 @@
+#include "platform/windows/html_view/page_zoom.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr std::array percents = {25,  33,  50,  67,  75,  80,  90,  100, 110,
+                                 125, 150, 175, 200, 250, 300, 400, 500};
+
+} // namespace
+
+int PageZoom::Percent() const {
+    return percents[static_cast<unsigned>(place_)];
+}
+
+void PageZoom::Move(int steps) {
+    place_ = steps == 0 ? normal : std::clamp(place_ + steps, 0, int{percents.size()} - 1);
+}

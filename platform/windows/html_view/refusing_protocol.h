@@ -1,0 +1,65 @@
+// A protocol handler that refuses addresses of other machines and hands files of this one to the
+// system's handler.
+#pragma once
+
+#include "platform/windows/html_view/com_object.h"
+
+#include <urlmon.h>
+
+#include <string>
+
+class RefusingProtocols final : public ComObject<IClassFactory> {
+  public:
+    explicit RefusingProtocols(std::wstring bookHost) : bookHost_(std::move(bookHost)) {}
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) noexcept override;
+    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID, void**) noexcept override;
+    HRESULT STDMETHODCALLTYPE LockServer(BOOL) noexcept override;
+
+  private:
+    std::wstring bookHost_;
+};
+
+// One load. The system may make it inside another object; only then it takes a load back.
+class RefusingProtocol final : public IInternetProtocol {
+  public:
+    RefusingProtocol(IUnknown* outer, std::wstring bookHost);
+    IUnknown* Inner() { return &inner_; } // the reference that its maker has
+    RefusingProtocol(const RefusingProtocol&) = delete;
+    RefusingProtocol& operator=(const RefusingProtocol&) = delete;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) noexcept override;
+    ULONG STDMETHODCALLTYPE AddRef() noexcept override;
+    ULONG STDMETHODCALLTYPE Release() noexcept override;
+
+    HRESULT STDMETHODCALLTYPE Start(LPCWSTR url, IInternetProtocolSink*, IInternetBindInfo*, DWORD,
+                                    HANDLE_PTR) noexcept override;
+    HRESULT STDMETHODCALLTYPE Continue(PROTOCOLDATA*) noexcept override;
+    HRESULT STDMETHODCALLTYPE Abort(HRESULT, DWORD) noexcept override;
+    HRESULT STDMETHODCALLTYPE Terminate(DWORD) noexcept override;
+    HRESULT STDMETHODCALLTYPE Suspend() noexcept override;
+    HRESULT STDMETHODCALLTYPE Resume() noexcept override;
+    HRESULT STDMETHODCALLTYPE Read(void*, ULONG, ULONG* read) noexcept override;
+    HRESULT STDMETHODCALLTYPE Seek(LARGE_INTEGER, DWORD, ULARGE_INTEGER*) noexcept override;
+    HRESULT STDMETHODCALLTYPE LockRequest(DWORD) noexcept override;
+    HRESULT STDMETHODCALLTYPE UnlockRequest() noexcept override;
+
+  private:
+    ~RefusingProtocol() = default;
+
+    // Counts for this object alone; all else about its identity is the outer object's.
+    struct InnerUnknown final : IUnknown {
+        explicit InnerUnknown(RefusingProtocol& whole) : whole_(whole) {}
+        HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) noexcept override;
+        ULONG STDMETHODCALLTYPE AddRef() noexcept override;
+        ULONG STDMETHODCALLTYPE Release() noexcept override;
+        RefusingProtocol& whole_;
+    };
+
+    // The engine loads on threads of its own, too.
+    LONG count_ = 1;
+    InnerUnknown inner_{*this};
+    IUnknown* outer_; // not counted, by the rules of aggregation
+    std::wstring bookHost_;
+    ComPtr<IInternetProtocol> system_; // while it loads a file
+};

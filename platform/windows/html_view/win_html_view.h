@@ -1,0 +1,114 @@
+// The HTML view on Windows: the system's browser control.
+#pragma once
+
+#include "platform/html_view.h"
+#include "platform/windows/html_view/browser_control.h"
+#include "platform/windows/html_view/engine_settings.h"
+#include "platform/windows/html_view/inner_window.h"
+#include "platform/windows/html_view/page_document.h"
+#include "platform/windows/html_view/page_text.h"
+#include "platform/windows/html_view/page_window.h"
+#include "platform/windows/html_view/page_zoom.h"
+#include "platform/windows/html_view/remote_refusal.h"
+
+#include <deque>
+
+// The engine runs in this process and on this thread, so no question waits. What the engine tells
+// is passed on by a posted message: no handler runs inside a call of the engine's, and it may
+// navigate or clear.
+class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
+  public:
+    explicit WinHtmlView(HWND parent, BrowserFactory = MakeSystemBrowser);
+    ~WinHtmlView() override;
+
+    // For the program's message loop. `Normalize` comes first: with Ctrl held, a key of the numeric
+    // keypad becomes that of the main block. Then the window tells the form, and `TranslateKey`
+    // carries out what is the view's; true when the message is done with.
+    void Normalize(MSG&) const;
+    bool TranslateKey(const MSG&);
+    // The keystroke of `SendZoomKey`, for the window's `onKeyDown`.
+    std::function<void(int keyCode, int shift)> onZoomKey;
+
+    bool IsAvailable() const override;
+    void Navigate(const std::u16string& path, int page) override;
+    void Clear() override;
+    void ScrollTo(int left, int top) override;
+    void ScrollSpanToTop(const PageSpan&) override;
+    void Select(const PageSpan&) override;
+    void SelectAll() override;
+    void SetBackColor(std::uint32_t redGreenBlue) override;
+    void SendZoomKey(bool larger) override;
+
+    bool HasBody() const override { return kept_.hasBody; }
+    bool HasText() const override;
+    std::string Charset() const override;
+    std::u16string Title() const override;
+    int ScrollTop() const override;
+    int ViewHeight() const override;
+    int TopMargin() const override;
+    PageSelection Selection() const override;
+
+    std::vector<std::u16string> TextsOf(const std::vector<PageSpan>&) override;
+    std::u16string SelectedText() override;
+    std::u16string SelectionAsHtml() override;
+    std::optional<PageMatch> FindBehindSelection(std::u16string_view what, FindOptions) override;
+    TextPos StartAtTop() override;
+
+    void SetBounds(const Rect&) override;
+    void SetVisible(bool) override;
+    void FocusView() override;
+
+  private:
+    enum class Load { None, Asked, Loading, Complete };
+
+    // The last answers of the page, for when it gives none.
+    struct Kept {
+        bool hasBody = false, hasText = false;
+        std::string charset;
+        std::u16string title;
+        int scrollTop = 0, viewHeight = 0, topMargin = 0;
+        PageSelection selection;
+        PageRange measured; // the selection that `selection.span` was counted for
+    };
+
+    bool MayLoad(const std::wstring& url, Target, bool sends) override;
+    void PageComplete(const std::wstring& url) override;
+    void PageFailed() override;
+    void EngineGone() override;
+    void MenuWanted(POINT) override;
+    void FilesDropped(const std::vector<std::u16string>& paths) override;
+    void Commanded(int command) override;
+    bool IsInSelection(POINT pixels) const override;
+
+    void LeavePage();
+    void GiveUpPage(); // which cannot be loaded
+    bool OpenControl();
+    void LoseControl();
+    void TakeKeyboard();
+    void ScrollIntoView(TextPos start);
+    void TakePage(const std::wstring& url);
+    void ShowMenu(POINT);
+    void ReportLink(const std::wstring& url);
+    void Zoom(int steps); // 0: back to normal
+    int ZoomPercent() const;
+    bool IsOfView(HWND) const;
+
+    void Later(std::function<void()>); // not when the page is left before
+    void RunPosted();
+
+    BrowserFactory make_;
+    std::deque<std::function<void()>> posted_;
+    PageWindow window_;
+    InnerWindow inner_;
+    std::unique_ptr<DocumentMode> mode_;     // from the first page on
+    std::unique_ptr<RemoteRefusal> refusal_; // while there is a control
+    std::unique_ptr<BrowserControl> control_;
+
+    std::wstring url_; // of the page, as we asked for it
+    std::wstring bookHost_;
+    int page_ = 0;
+    Load load_ = Load::None;
+    PageZoom zoom_;
+    PageDocument document_;
+    mutable Kept kept_;
+};

@@ -1,0 +1,96 @@
+// The keyboard, the zoom and the window of the HTML view.
+#include "platform/windows/html_view/win_html_view.h"
+
+#include "platform/window.h"
+#include "platform/windows/html_view/page_keys.h"
+#include "platform/windows/win_dpi.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int smallestPercent = 10, largestPercent = 1000; // of the engine
+constexpr int usualDpi = 96;
+
+bool IsKey(UINT message) {
+    return message == WM_KEYDOWN || message == WM_KEYUP;
+}
+
+} // namespace
+
+bool WinHtmlView::IsOfView(HWND window) const {
+    const HWND host = window_.Handle();
+    return host && (window == host || IsChild(host, window));
+}
+
+void WinHtmlView::Normalize(MSG& message) const {
+    if (!IsKey(message.message) || !IsOfView(message.hwnd)) return;
+    if (!(ShiftOfMessage() & CtrlKey)) return;
+    message.wParam = static_cast<WPARAM>(WithoutKeypad(static_cast<int>(message.wParam)));
+}
+
+bool WinHtmlView::TranslateKey(const MSG& message) {
+    if (message.message != WM_KEYDOWN || !control_ || !IsOfView(message.hwnd)) return false;
+    const int key = static_cast<int>(message.wParam);
+    switch (MeaningOf(key, ShiftOfMessage())) {
+    case PageKey::Refused: return true;
+    case PageKey::Scrolls: return control_->TakeKey(message);
+    case PageKey::Zooms: {
+        const int main = WithoutKeypad(key);
+        Zoom(main == '0' ? 0 : main == VK_OEM_PLUS ? 1 : -1);
+        return true;
+    }
+    case PageKey::Other: break;
+    }
+    return false;
+}
+
+// A real keystroke would go to whatever window has the keyboard when it arrives, with whatever
+// keys are held there.
+void WinHtmlView::SendZoomKey(bool larger) {
+    Zoom(larger ? 1 : -1);
+    const int key = larger ? VK_OEM_PLUS : VK_OEM_MINUS;
+    Later([this, key] {
+        if (onZoomKey) onZoomKey(key, CtrlKey);
+    });
+}
+
+void WinHtmlView::Zoom(int steps) {
+    zoom_.Move(steps);
+    if (control_) control_->SetZoom(ZoomPercent());
+}
+
+// For the engine, 100 is one pixel of the screen for each of the page.
+int WinHtmlView::ZoomPercent() const {
+    return std::clamp(MulDiv(zoom_.Percent(), DpiOf(window_.Handle()), usualDpi), smallestPercent,
+                      largestPercent);
+}
+
+bool WinHtmlView::IsInSelection(POINT pixels) const {
+    const PageRange selection = document_.SelectedText();
+    if (TextOf(selection).value_or(u"").empty()) return false;
+    const int percent = ZoomPercent();
+    return IsInside(
+        RangeAt(document_, MulDiv(pixels.x, 100, percent), MulDiv(pixels.y, 100, percent)),
+        selection);
+}
+
+void WinHtmlView::SetBounds(const Rect& bounds) {
+    SetWindowPos(window_.Handle(), nullptr, bounds.left, bounds.top, bounds.width, bounds.height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void WinHtmlView::SetVisible(bool visible) {
+    ShowWindow(window_.Handle(), visible ? SW_SHOWNA : SW_HIDE);
+}
+
+void WinHtmlView::FocusView() {
+    SetFocus(window_.Handle());
+}
+
+// The window has it already; a page that is there takes it over.
+void WinHtmlView::TakeKeyboard() {
+    if (!control_ || !inner_.Handle()) return;
+    control_->TakeKeyboard();
+    SetFocus(inner_.Handle());
+}

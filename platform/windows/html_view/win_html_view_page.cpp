@@ -1,0 +1,129 @@
+// The page that is shown: its orders, kept values and questions.
+#include "platform/windows/html_view/win_html_view.h"
+
+#include "platform/windows/win_text.h"
+
+namespace {
+
+template <typename Value>
+const Value& Renew(Value& kept, const std::optional<Value>& now) {
+    if (now) kept = *now;
+    return kept;
+}
+
+} // namespace
+
+void WinHtmlView::ScrollTo(int left, int top) {
+    kept_.scrollTop = top;
+    document_.ScrollTo(left, top);
+}
+
+void WinHtmlView::ScrollSpanToTop(const PageSpan& span) {
+    const auto place = PlaceOf(RangeOf(document_, span));
+    const auto scrolled = document_.ScrollTop();
+    if (place && scrolled) ScrollTo(0, place->top + *scrolled - TopMargin());
+}
+
+void WinHtmlView::Select(const PageSpan& span) {
+    if (SelectRange(RangeOf(document_, span))) ScrollIntoView(span.start);
+}
+
+void WinHtmlView::ScrollIntoView(TextPos start) {
+    const PageRange first = RangeOf(document_, {start, 1});
+    const auto place = PlaceOf(first);
+    const auto height = HeightOf(first);
+    const auto left = document_.ScrollLeft(), top = document_.ScrollTop();
+    if (!place || !height || !left || !top) return;
+    const int below = place->top + *height - ViewHeight();
+    if (place->top < 0)
+        ScrollTo(*left, *top + place->top);
+    else if (below > 0)
+        ScrollTo(*left, *top + below);
+}
+
+void WinHtmlView::SelectAll() {
+    SelectRange(document_.WholeText());
+}
+
+void WinHtmlView::SetBackColor(std::uint32_t redGreenBlue) {
+    document_.SetBackColor(redGreenBlue);
+}
+
+bool WinHtmlView::HasText() const {
+    if (const PageRange text = document_.WholeText()) kept_.hasText = HasCharacterBehindStart(text);
+    return kept_.hasText;
+}
+
+std::string WinHtmlView::Charset() const {
+    if (const auto charset = document_.Charset()) {
+        kept_.charset.clear();
+        for (const wchar_t unit : *charset)
+            kept_.charset += unit < 0x80 ? static_cast<char>(unit) : '?';
+    }
+    return kept_.charset;
+}
+
+std::u16string WinHtmlView::Title() const {
+    if (const auto title = document_.Title()) kept_.title = FromWide(*title);
+    return kept_.title;
+}
+
+int WinHtmlView::ScrollTop() const {
+    return Renew(kept_.scrollTop, document_.ScrollTop());
+}
+
+int WinHtmlView::ViewHeight() const {
+    return Renew(kept_.viewHeight, document_.ViewHeight());
+}
+
+int WinHtmlView::TopMargin() const {
+    return Renew(kept_.topMargin, document_.TopMargin());
+}
+
+// Counting goes through the text before the selection: not again while it stays the same.
+PageSelection WinHtmlView::Selection() const {
+    const PageRange range = document_.SelectedText();
+    if (!range) return kept_.selection;
+    if (!IsSame(range, kept_.measured)) {
+        const auto span = SpanOf(range);
+        if (!span) return kept_.selection;
+        kept_.selection.span = *span;
+        kept_.measured = range;
+    }
+    if (const auto place = PlaceOf(range)) kept_.selection.top = place->top;
+    return kept_.selection;
+}
+
+std::vector<std::u16string> WinHtmlView::TextsOf(const std::vector<PageSpan>& spans) {
+    std::vector<std::u16string> texts;
+    for (const PageSpan& span : spans) {
+        auto text = TextOf(RangeOf(document_, span));
+        if (!text) return {};
+        texts.push_back(std::move(*text));
+    }
+    return texts;
+}
+
+std::u16string WinHtmlView::SelectedText() {
+    return TextOf(document_.SelectedText()).value_or(u"");
+}
+
+std::u16string WinHtmlView::SelectionAsHtml() {
+    return HtmlOf(document_.SelectedText()).value_or(u"");
+}
+
+std::optional<PageMatch> WinHtmlView::FindBehindSelection(std::u16string_view what,
+                                                          FindOptions options) {
+    if (what.empty()) return std::nullopt;
+    const PageRange rest = RestBehind(document_, document_.SelectedText());
+    const auto from = PlaceOf(rest);
+    if (!from || !FindIn(rest, what, options)) return std::nullopt;
+    const auto span = SpanOf(rest);
+    const auto place = PlaceOf(rest);
+    if (!span || !place) return std::nullopt;
+    return PageMatch{*span, place->left, place->top, from->top};
+}
+
+TextPos WinHtmlView::StartAtTop() {
+    return StartOf(RangeAt(document_, 0, TopMargin())).value_or(-1);
+}

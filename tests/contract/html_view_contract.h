@@ -1,0 +1,72 @@
+// The back ends of the HTML view that this build's contract tests run on, each in a window of its
+// own.
+#pragma once
+
+#include "platform/html_view.h"
+
+#include <doctest/doctest.h>
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+class HtmlViewBench {
+  public:
+    virtual ~HtmlViewBench() = default;
+    virtual HtmlView& View() = 0; // 600 x 400 pixels, shown, with the keyboard
+    virtual void LetEventsCome() = 0;
+    virtual void Press(int keyCode, int shift) = 0; // a key down and up, as by the user
+    virtual void CloseWindow() = 0;
+    virtual void KillEngine() = 0; // the process that shows the page
+    virtual double PixelRatio() = 0;
+
+    std::vector<std::pair<int, int>> keysDown; // that the window was told of: code and shift
+};
+
+struct HtmlViewBackEnd {
+    const char* name;
+    std::function<std::unique_ptr<HtmlViewBench>()> make;
+};
+
+// Defined once in each test program.
+std::vector<HtmlViewBackEnd> HtmlViewBackEnds();
+
+// A bench, a folder of pages, and what the view told.
+class PageTest {
+  public:
+    explicit PageTest(HtmlViewBench&);
+    ~PageTest();
+
+    std::filesystem::path Write(const std::string& name, std::string_view bytes) const;
+    void Navigate(const std::filesystem::path&);
+    // Writes a page, loads it and waits for that.
+    void Open(std::string_view body, std::string_view head = "");
+    bool WaitFor(const std::function<bool()>& condition) const; // false after ten seconds
+    // Lets all orders given so far take place.
+    void Settle() { view.TextsOf({{0, 1}}); }
+    std::u16string Text(PageSpan span = {0, 1 << 30});
+
+    HtmlViewBench& bench;
+    HtmlView& view;
+    std::filesystem::path folder;
+    std::vector<std::pair<int, std::u16string>> loaded;
+    std::vector<std::pair<std::u16string, std::u16string>> links;
+    std::vector<int> jumps;
+    int gone = 0, page = 0;
+};
+
+inline void OnEachBackEnd(const std::function<void(PageTest&)>& check) {
+    for (const HtmlViewBackEnd& backEnd : HtmlViewBackEnds()) {
+        CAPTURE(backEnd.name);
+        const std::unique_ptr<HtmlViewBench> bench = backEnd.make();
+        PageTest test(*bench);
+        check(test);
+    }
+}
+
+// Paragraphs "line 0000" to "line <count - 1>", each on a line of its own.
+std::string NumberedLines(int count);

@@ -1,0 +1,201 @@
+// What every HTML view must do with places: scrolling, selecting, finding, zooming, following
+// links.
+#include "tests/contract/html_view_contract.h"
+
+#include <cmath>
+
+namespace {
+constexpr const char* plainMargins = "<style>body{margin:8px}p{margin:0;line-height:20px}</style>";
+constexpr TextPos lineLength = 10; // "line 0000" and its break
+
+PageSpan Line(int number) {
+    return {number * lineLength, lineLength - 1};
+}
+
+constexpr int tabKey = 9, returnKey = 13, pageDown = 34, zeroKey = '0', copyKey = 'C';
+constexpr int plusKey = 187, minusKey = 189, ctrl = 2;
+} // namespace
+
+TEST_CASE("html view: scrolls as far as the page goes") {
+    OnEachBackEnd([](PageTest& test) {
+        test.Open(NumberedLines(200), plainMargins);
+        CHECK(test.view.ScrollTop() == 0);
+        CHECK(test.view.TopMargin() == 8);
+        CHECK(test.view.ViewHeight() == 400);
+        test.view.ScrollTo(0, 1200);
+        CHECK(test.view.ScrollTop() == 1200);
+        test.Settle();
+        CHECK(test.view.ScrollTop() == 1200);
+        test.view.ScrollTo(0, 1 << 20);
+        CHECK(test.view.ScrollTop() == 1 << 20); // until the page says otherwise
+        test.Settle();
+        CHECK(test.view.ScrollTop() == 200 * 20 + 16 - 400);
+        test.view.ScrollTo(0, -5);
+        test.Settle();
+        CHECK(test.view.ScrollTop() == 0);
+    });
+}
+
+TEST_CASE("html view: brings a line to the top, and knows the character there") {
+    OnEachBackEnd([](PageTest& test) {
+        test.Open(NumberedLines(200), plainMargins);
+        for (const int line : {0, 1, 57, 120}) {
+            CAPTURE(line);
+            test.view.ScrollSpanToTop(Line(line));
+            CHECK(test.view.StartAtTop() == line * lineLength);
+            CHECK(std::abs(test.view.ScrollTop() - line * 20) <= 2); // the box of the letters
+        }
+    });
+}
+
+TEST_CASE("html view: selects, and shows where the selection starts") {
+    OnEachBackEnd([](PageTest& test) {
+        test.Open(NumberedLines(200), plainMargins);
+        CHECK(test.view.Selection().span == PageSpan{});
+        CHECK(test.view.Selection().top == test.view.TopMargin());
+        CHECK(test.view.SelectedText().empty());
+        test.view.Select(Line(3));
+        CHECK(test.view.SelectedText() == u"line 0003");
+        CHECK(test.view.ScrollTop() == 0); // seen already
+        test.view.Select(Line(100));
+        CHECK(test.view.SelectedText() == u"line 0100");
+        CHECK(test.view.Selection().span == Line(100));
+        CHECK(test.view.Selection().top > 300);
+        CHECK(test.view.Selection().top < 400);
+        test.view.ScrollTo(0, 3000);
+        test.Settle();
+        CHECK(test.view.Selection().top < 0);
+        test.view.Select({50, 0});
+        test.Settle();
+        CHECK(test.view.Selection().span == PageSpan{50, 0});
+        CHECK(std::abs(test.view.Selection().top) <= 2);
+    });
+}
+
+TEST_CASE("html view: texts of spans inside, across and outside the text") {
+    OnEachBackEnd([](PageTest& test) {
+        test.Open(NumberedLines(3));
+        const std::vector<std::u16string> expected{u"line 0001", u"0\nl", u"line 0002", u"", u""};
+        CHECK(test.view.TextsOf({Line(1), {8, 3}, {20, 100}, {500, 3}, {4, 0}}) == expected);
+    });
+}
+
+TEST_CASE("html view: finds behind the selection, up to the end") {
+    OnEachBackEnd([](PageTest& test) {
+        test.Open(NumberedLines(200) + "<p>Word words</p>", plainMargins);
+        const auto first = test.view.FindBehindSelection(u"LINE 01", {});
+        REQUIRE(first.has_value());
+        CHECK(first->span == PageSpan{1000, 7});
+        CHECK(std::abs(first->top - 2008) <= 2);
+        CHECK(first->left == 8);
+        CHECK(first->searchTop == 8);
+        test.view.Select(first->span);
+        const auto second = test.view.FindBehindSelection(u"line 01", {});
+        REQUIRE(second.has_value());
+        CHECK(second->span.start == 1010);
+        CHECK(second->top - second->searchTop == 20);
+        CHECK_FALSE(test.view.FindBehindSelection(u"LINE", {.matchCase = true}).has_value());
+        CHECK_FALSE(test.view.FindBehindSelection(u"line 0000", {}).has_value()); // no way round
+        CHECK(test.view.FindBehindSelection(u"word", {.wholeWord = true})->span.start == 2000);
+        CHECK_FALSE(test.view.FindBehindSelection(u"wor", {.wholeWord = true}).has_value());
+        CHECK_FALSE(test.view.FindBehindSelection(u"", {}).has_value());
+    });
+}
+
+TEST_CASE("html view: the source of the selection") {
+    OnEachBackEnd([](PageTest& test) {
+        test.Open("<p>one <b>two <i>three</i></b></p><p>four</p>");
+        CHECK(test.view.SelectionAsHtml().empty());
+        test.view.Select({4, 3});
+        CHECK(test.view.SelectionAsHtml() == u"<p><b>two</b></p>");
+        test.view.Select({4, 14});
+        CHECK(test.view.SelectionAsHtml() == u"<p><b>two <i>three</i></b></p><p>four</p>");
+    });
+}
+
+TEST_CASE("html view: zoom keys of the program are carried out in order and told afterwards") {
+    OnEachBackEnd([](PageTest& test) {
+        test.Open(NumberedLines(400), plainMargins);
+        test.bench.keysDown.clear();
+        for (int i = 0; i < 3; ++i)
+            test.view.SendZoomKey(true); // 110, 125, 150
+        test.view.ScrollTo(0, 1500);
+        CHECK(test.bench.keysDown.empty());
+        test.Settle();
+        CHECK(test.view.ScrollTop() == 1500);
+        CHECK(std::abs(test.view.ViewHeight() - 400 / 1.5) <= 1);
+        const std::vector<std::pair<int, int>> told(3, {plusKey, ctrl});
+        CHECK(test.bench.keysDown == told);
+        test.view.SendZoomKey(false);
+        REQUIRE(test.WaitFor([&] { return std::abs(test.view.ViewHeight() - 320) <= 1; }));
+        CHECK(test.bench.keysDown.back() == std::pair{minusKey, ctrl});
+        test.Open("another page is at normal size");
+        CHECK(test.view.ViewHeight() == 400);
+    });
+}
+
+TEST_CASE("html view: keys of the user scroll and zoom, and the window is told of all") {
+    OnEachBackEnd([](PageTest& test) {
+        test.Open(NumberedLines(400), plainMargins);
+        test.bench.keysDown.clear();
+        test.bench.Press(pageDown, 0);
+        REQUIRE(test.WaitFor([&] { return test.view.ScrollTop() > 200; }));
+        test.bench.Press(plusKey, ctrl);
+        REQUIRE(test.WaitFor([&] { return test.view.ViewHeight() < 370; }));
+        test.bench.Press(zeroKey, ctrl);
+        REQUIRE(test.WaitFor([&] { return test.view.ViewHeight() == 400; }));
+        test.bench.Press(copyKey, ctrl);
+        const std::vector<std::pair<int, int>> told{
+            {pageDown, 0}, {plusKey, ctrl}, {zeroKey, ctrl}, {copyKey, ctrl}};
+        CHECK(test.bench.keysDown == told);
+    });
+}
+
+TEST_CASE("html view: links") {
+    OnEachBackEnd([](PageTest& test) {
+        test.Write("other.htm", "other");
+        test.Open("<a href='other.htm#x'>1</a> <a href='http://a.b/c'>2</a>"
+                  "<a href='other.htm' target=_blank>3</a>"
+                  "<a href='javascript:document.title=1'>4</a> <a href='#end'>5</a>"
+                  "<p style='height:3000px'></p><p id=end>end");
+        const auto follow = [&] {
+            test.bench.Press(tabKey, 0);
+            test.bench.Press(returnKey, 0);
+        };
+        const std::u16string other = (test.folder / "other.htm").u16string();
+        follow();
+        REQUIRE(test.WaitFor([&] { return test.links.size() == 1; }));
+        CHECK(test.links[0].first.ends_with(u"/other.htm#x"));
+        CHECK(test.links[0].second == other);
+        follow();
+        REQUIRE(test.WaitFor([&] { return test.links.size() == 2; }));
+        CHECK(test.links[1] == std::pair<std::u16string, std::u16string>{u"http://a.b/c", u""});
+        follow();
+        REQUIRE(test.WaitFor([&] { return test.links.size() == 3; }));
+        CHECK(test.links[2].second == other);
+        follow();
+        follow();
+        REQUIRE(test.WaitFor([&] { return test.view.ScrollTop() > 2000; }));
+        CHECK(test.links.size() == 3);
+        REQUIRE(test.WaitFor([&] { return !test.jumps.empty(); }));
+        CHECK(test.jumps == std::vector<int>{0});
+        CHECK(test.loaded.size() == 1);
+        CHECK(test.view.Title().empty());
+    });
+}
+
+TEST_CASE("html view: frames of the folder show, others and redirections do not") {
+    OnEachBackEnd([](PageTest& test) {
+        test.Write("inner.htm", "<body bgcolor=red>inner");
+        test.Open("<iframe src='inner.htm'></iframe><iframe src='/etc/hostname'></iframe>outer",
+                  "<meta http-equiv=refresh content='0;url=inner.htm'>");
+        const auto loads = test.loaded.size();
+        test.view.SelectAll();
+        CHECK(test.view.SelectedText() == u"outer");
+        for (int i = 0; i < 50; ++i)
+            test.bench.LetEventsCome();
+        CHECK(test.loaded.size() == loads);
+        CHECK(test.links.empty());
+        CHECK(test.Text() == u"outer");
+    });
+}

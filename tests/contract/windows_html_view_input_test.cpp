@@ -1,0 +1,242 @@
+// Keys, clicks, commands and drops of the HTML view.
+#include "tests/contract/windows_html_view_fixture.h"
+
+#include "platform/window.h"
+#include "platform/windows/html_view/page_keys.h"
+
+#include <shlobj.h>
+
+#include <algorithm>
+
+namespace {
+
+// Ctrl, as the thread's key messages see it.
+struct HeldCtrl {
+    HeldCtrl() { Set(0x80); }
+    ~HeldCtrl() { Set(0); }
+    static void Set(BYTE state) {
+        BYTE keys[256] = {};
+        GetKeyboardState(keys);
+        keys[VK_CONTROL] = keys[VK_LCONTROL] = state;
+        SetKeyboardState(keys);
+    }
+};
+
+MSG KeyDown(HWND window, WPARAM key) {
+    MSG message = {};
+    message.hwnd = window;
+    message.message = WM_KEYDOWN;
+    message.wParam = key;
+    return message;
+}
+
+int NormalZoom() {
+    const HDC screen = GetDC(nullptr);
+    const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
+    ReleaseDC(nullptr, screen);
+    return MulDiv(100, dpi, 96);
+}
+
+} // namespace
+
+TEST_CASE("page keys: which ones the view acts on") {
+    const struct {
+        int key, shift;
+        PageKey meaning;
+    } table[] = {
+        {VK_DOWN, 0, PageKey::Scrolls},
+        {VK_NEXT, ShiftKey, PageKey::Scrolls},
+        {VK_END, CtrlKey, PageKey::Scrolls},
+        {VK_TAB, 0, PageKey::Scrolls},
+        {VK_OEM_PLUS, CtrlKey, PageKey::Zooms},
+        {VK_SUBTRACT, CtrlKey, PageKey::Zooms},
+        {VK_NUMPAD0, CtrlKey, PageKey::Zooms},
+        {'0', CtrlKey, PageKey::Zooms},
+        {'F', CtrlKey, PageKey::Refused},
+        {'O', CtrlKey, PageKey::Refused},
+        {'N', CtrlKey, PageKey::Refused},
+        {'P', CtrlKey, PageKey::Refused},
+        {VK_F5, 0, PageKey::Refused},
+        {VK_F1, 0, PageKey::Refused},
+        {VK_BROWSER_BACK, 0, PageKey::Refused},
+        {VK_CONTROL, CtrlKey, PageKey::Other},
+        {VK_LEFT, AltKey, PageKey::Other},
+        {VK_F2, AltKey, PageKey::Other},
+        {'E', CtrlKey | AltKey, PageKey::Other},
+        {VK_BACK, 0, PageKey::Other},
+        {'A', 0, PageKey::Other},
+        {VK_OEM_PLUS, 0, PageKey::Other},
+    };
+    for (const auto& row : table) {
+        CAPTURE(row.key);
+        CAPTURE(row.shift);
+        CHECK(MeaningOf(row.key, row.shift) == row.meaning);
+    }
+}
+
+TEST_CASE("windows html view: commands of the window come once, keys of the view reach it") {
+    ShownView shown;
+    shown.Open(L"text");
+    const HWND inner = shown.engine.Inner();
+    CHECK_FALSE(shown.view->TranslateKey(KeyDown(shown.parent, VK_F5)));
+    CHECK(shown.view->TranslateKey(KeyDown(inner, VK_F5)));
+    CHECK(shown.view->TranslateKey(KeyDown(inner, VK_DOWN)));
+    CHECK(shown.engine.lastKey.wParam == VK_DOWN);
+    CHECK_FALSE(shown.view->TranslateKey(KeyDown(inner, 'A')));
+    HeldCtrl ctrl;
+    CHECK(shown.view->TranslateKey(KeyDown(inner, 'F')));
+    CHECK(shown.engine.lastKey.wParam == VK_DOWN);
+}
+
+TEST_CASE("windows html view: zooms by keys, back to normal, and anew for each page") {
+    ShownView shown;
+    shown.Open(L"text");
+    const HWND inner = shown.engine.Inner();
+    const int normal = NormalZoom();
+    CHECK(shown.engine.zoom == normal);
+    {
+        HeldCtrl ctrl;
+        MSG keypad = KeyDown(inner, VK_ADD);
+        shown.view->Normalize(keypad);
+        CHECK(keypad.wParam == VK_OEM_PLUS);
+        CHECK(shown.view->TranslateKey(keypad));
+        CHECK(shown.engine.zoom == normal * 11 / 10);
+        CHECK(shown.view->TranslateKey(KeyDown(inner, '0')));
+        CHECK(shown.engine.zoom == normal);
+    }
+    MSG plain = KeyDown(inner, VK_ADD);
+    shown.view->Normalize(plain);
+    CHECK(plain.wParam == VK_ADD);
+    CHECK(shown.keys.empty());
+    for (int i = 0; i < 10; ++i)
+        shown.view->SendZoomKey(false);
+    CHECK(shown.engine.zoom == normal / 4);
+    for (int i = 0; i < 4; ++i)
+        shown.view->SendZoomKey(true);
+    CHECK(shown.engine.zoom == normal * 3 / 4);
+    shown.Load(2);
+    CHECK(shown.engine.zoom == normal);
+}
+
+TEST_CASE("windows html view: its own zoom keystroke is told after the order") {
+    ShownView shown;
+    shown.Open(L"text");
+    shown.view->SendZoomKey(true);
+    shown.view->SendZoomKey(false);
+    CHECK(shown.keys.empty());
+    HandlePostedMessages();
+    CHECK(shown.keys == std::vector<std::pair<int, int>>{{187, CtrlKey}, {189, CtrlKey}});
+    CHECK(shown.engine.zoom == NormalZoom());
+}
+
+TEST_CASE("windows html view: commands of the page's window run ours, only printing its own") {
+    ShownView shown;
+    shown.Open(L"text");
+    for (const WPARAM command : {67, 31, 15, 2000, 27, 2139})
+        SendMessageW(shown.engine.Inner(), WM_COMMAND, command, 0);
+    HandlePostedMessages();
+    CHECK(shown.commands ==
+          std::vector<int>{FindCommand, SelectAllCommand, CopyCommand, OpenCommand, PrintCommand});
+    REQUIRE(shown.engine.messages.size() == 1);
+    CHECK(shown.engine.messages[0].wParam == PrintCommand);
+    SendMessageW(shown.engine.Inner(), WM_APPCOMMAND, 0,
+                 MAKELPARAM(0, APPCOMMAND_BROWSER_BACKWARD));
+    SendMessageW(shown.engine.Inner(), WM_XBUTTONUP, MAKEWPARAM(0, XBUTTON1), 0);
+    CHECK(shown.engine.messages.size() == 1);
+}
+
+TEST_CASE("windows html view: a right click outside the selection is a left press first") {
+    ShownView shown;
+    shown.Open(Lines(20));
+    const auto click = [&](int column, int line) {
+        const int percent = NormalZoom();
+        shown.engine.messages.clear();
+        SendMessageW(
+            shown.engine.Inner(), WM_RBUTTONUP, MK_CONTROL,
+            MAKELPARAM(MulDiv(StandIn::Edge + column * StandIn::CellWidth + 1, percent, 100),
+                       MulDiv(StandIn::Edge + line * StandIn::LineHeight + 1, percent, 100)));
+        return shown.engine.messages;
+    };
+    auto messages = click(2, 3);
+    REQUIRE(messages.size() == 2);
+    CHECK(messages[0].message == 513);
+    CHECK(messages[1].message == 517);
+    CHECK(messages[0].wParam == messages[1].wParam);
+    CHECK(messages[0].lParam == messages[1].lParam);
+    shown.view->Select({0, 5});
+    CHECK(click(2, 0).size() == 1);
+    CHECK(click(2, 1).size() == 2);
+}
+
+namespace {
+
+// One file, as a drop offers it.
+class DroppedFile final : public ComObject<IDataObject> {
+  public:
+    explicit DroppedFile(std::wstring path) : path_(std::move(path)) {}
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** found) noexcept override {
+        return AnswerQuery<IDataObject>(this, id, found);
+    }
+    HRESULT STDMETHODCALLTYPE GetData(FORMATETC* format, STGMEDIUM* medium) noexcept override {
+        if (QueryGetData(format) != S_OK) return DV_E_FORMATETC;
+        const std::size_t size = sizeof(DROPFILES) + (path_.size() + 2) * sizeof(wchar_t);
+        medium->tymed = TYMED_HGLOBAL;
+        medium->hGlobal = GlobalAlloc(GHND, size);
+        auto* files = static_cast<DROPFILES*>(GlobalLock(medium->hGlobal));
+        files->pFiles = sizeof(DROPFILES);
+        files->fWide = TRUE;
+        std::copy(path_.begin(), path_.end(), reinterpret_cast<wchar_t*>(files + 1));
+        GlobalUnlock(medium->hGlobal);
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE QueryGetData(FORMATETC* format) noexcept override {
+        return format->cfFormat == CF_HDROP ? S_OK : DV_E_FORMATETC;
+    }
+    HRESULT STDMETHODCALLTYPE GetDataHere(FORMATETC*, STGMEDIUM*) noexcept override {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE GetCanonicalFormatEtc(FORMATETC*, FORMATETC*) noexcept override {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE SetData(FORMATETC*, STGMEDIUM*, BOOL) noexcept override {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE EnumFormatEtc(DWORD, IEnumFORMATETC**) noexcept override {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE DAdvise(FORMATETC*, DWORD, IAdviseSink*, DWORD*) noexcept override {
+        return OLE_E_ADVISENOTSUPPORTED;
+    }
+    HRESULT STDMETHODCALLTYPE DUnadvise(DWORD) noexcept override {
+        return OLE_E_ADVISENOTSUPPORTED;
+    }
+    HRESULT STDMETHODCALLTYPE EnumDAdvise(IEnumSTATDATA**) noexcept override {
+        return OLE_E_ADVISENOTSUPPORTED;
+    }
+
+  private:
+    std::wstring path_;
+};
+
+} // namespace
+
+TEST_CASE("windows html view: files dropped on the page are the window's") {
+    ShownView shown;
+    shown.Open(L"text");
+    CHECK(shown.engine.takesDrops);
+    const auto target = ComPtr<IDropTarget>::Adopt(shown.engine.DropTarget());
+    REQUIRE(target);
+    const auto data = ComPtr<IDataObject>::Adopt(new DroppedFile(L"C:\\books\\b.rtf"));
+    DWORD effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
+    CHECK(target->DragEnter(data.Get(), 0, {}, &effect) == S_OK);
+    CHECK(effect == DROPEFFECT_COPY);
+    CHECK(target->Drop(data.Get(), 0, {}, &effect) == S_OK);
+    CHECK(shown.drops.empty());
+    HandlePostedMessages();
+    CHECK(shown.drops == std::vector<std::vector<std::u16string>>{{u"C:\\books\\b.rtf"}});
+    shown.view.reset();
+    CHECK(target->Drop(data.Get(), 0, {}, &effect) == S_OK); // the engine may ask late
+    HandlePostedMessages();
+    CHECK(shown.drops.size() == 1);
+}

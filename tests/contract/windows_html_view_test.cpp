@@ -1,0 +1,202 @@
+#include "tests/contract/windows_html_view_fixture.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int topMargin = StandIn::Edge;
+
+TextPos StartOfLine(const std::wstring& text, int line) {
+    std::size_t start = 0;
+    for (; line > 0; --line)
+        start = text.find(L'\n', start) + 1;
+    return static_cast<TextPos>(start);
+}
+
+} // namespace
+
+TEST_CASE("windows html view: no control is made before the first page") {
+    ShownView shown;
+    CHECK(shown.engine.callCount == 0);
+    CHECK_FALSE(shown.view->HasBody());
+    CHECK(shown.view->Charset() == "");
+    CHECK(shown.view->TextsOf({{0, 1}}).empty());
+    CHECK(shown.view->StartAtTop() == -1);
+    CHECK_FALSE(shown.view->FindBehindSelection(u"a", {}));
+}
+
+TEST_CASE("windows html view: a page is loaded once and tells what it is") {
+    ShownView shown;
+    shown.Book() = {L"some text", L"A title", L"windows-1251"};
+    shown.view->Navigate(u"C:\\books\\a.htm", 7);
+    CHECK_FALSE(shown.view->HasBody());
+    shown.engine.FinishLoading();
+    CHECK(shown.loaded.empty()); // no handler runs inside a call of the engine's
+    HandlePostedMessages();
+    CHECK(shown.loaded == std::vector<int>{7});
+    CHECK(shown.url == u"file:///C:/books/a.htm");
+    CHECK(shown.view->HasBody());
+    CHECK(shown.view->HasText());
+    CHECK(shown.view->Title() == u"A title");
+    CHECK(shown.view->Charset() == "windows-1251");
+    CHECK(shown.view->ScrollTop() == 0);
+    CHECK(shown.view->ViewHeight() == ShownView::Height);
+    CHECK(shown.view->TopMargin() == topMargin);
+    shown.engine.FinishLoading(); // as after a jump inside the page
+    HandlePostedMessages();
+    CHECK(shown.loaded.size() == 1);
+}
+
+TEST_CASE("windows html view: nothing is heard of a page that was left") {
+    ShownView shown;
+    shown.view->Navigate(u"C:\\books\\a.htm", 1);
+    shown.engine.FinishLoading();
+    shown.view->Navigate(u"C:\\books\\b.htm", 2);
+    HandlePostedMessages();
+    CHECK(shown.loaded.empty());
+    shown.engine.FinishLoading();
+    HandlePostedMessages();
+    CHECK(shown.loaded == std::vector<int>{2});
+    shown.view->Clear();
+    HandlePostedMessages();
+    CHECK(shown.loaded.size() == 1);
+    CHECK(shown.engine.living == 0);
+    CHECK_FALSE(shown.view->HasBody());
+}
+
+TEST_CASE("windows html view: a page without a body or text") {
+    ShownView shown;
+    shown.Open(L"");
+    CHECK(shown.view->HasBody());
+    CHECK_FALSE(shown.view->HasText());
+    shown.Book().hasBody = false; // a frame set
+    shown.Open(L"text");
+    CHECK(shown.loaded.size() == 2);
+    CHECK_FALSE(shown.view->HasBody());
+    CHECK(shown.view->TextsOf({{0, 2}}).empty());
+}
+
+TEST_CASE("windows html view: scrolls as far as the page goes, in both layouts") {
+    for (const bool standards : {true, false}) {
+        CAPTURE(standards);
+        ShownView shown;
+        shown.Book().followsStandards = standards;
+        shown.Open(Lines(200));
+        shown.view->ScrollTo(0, 1200);
+        CHECK(shown.view->ScrollTop() == 1200);
+        shown.view->ScrollTo(0, 1000000);
+        const int largest = 2 * topMargin + 200 * StandIn::LineHeight - ShownView::Height;
+        CHECK(shown.view->ScrollTop() == largest);
+        CHECK(shown.view->TopMargin() == topMargin);
+    }
+}
+
+TEST_CASE("windows html view: a span's line comes to the top, its texts come in order") {
+    ShownView shown;
+    const std::wstring text = Lines(200);
+    shown.Open(text);
+    const TextPos start = StartOfLine(text, 50);
+    shown.view->ScrollSpanToTop({start + 2, 3});
+    CHECK(shown.view->ScrollTop() == 50 * StandIn::LineHeight);
+    CHECK(shown.view->StartAtTop() == start);
+    const auto end = static_cast<TextPos>(text.size());
+    const auto texts = shown.view->TextsOf({{start, 7}, {0, 8}, {end - 2, 80}, {end + 9, 4}});
+    CHECK(texts == std::vector<std::u16string>{u"line 50", u"line 0\nl", u"99", u""});
+}
+
+TEST_CASE("windows html view: the selection is counted from the start and seen from the top") {
+    ShownView shown;
+    const std::wstring text = Lines(200);
+    shown.Open(text);
+    CHECK(shown.view->Selection().span == PageSpan{0, 0});
+    CHECK(shown.view->Selection().top == shown.view->TopMargin());
+    const PageSpan span{StartOfLine(text, 3) + 1, 4};
+    shown.view->Select(span);
+    CHECK(shown.view->ScrollTop() == 0);
+    CHECK(shown.view->Selection().span == span);
+    CHECK(shown.view->Selection().top == topMargin + 3 * StandIn::LineHeight);
+    CHECK(shown.view->SelectedText() == u"ine ");
+    CHECK(shown.view->SelectionAsHtml() == u"<P>ine </P>");
+    shown.view->ScrollTo(0, 500);
+    CHECK(shown.view->Selection().top == topMargin + 3 * StandIn::LineHeight - 500);
+    shown.view->SelectAll();
+    CHECK(shown.view->Selection().span == PageSpan{0, static_cast<TextPos>(text.size())});
+}
+
+TEST_CASE("windows html view: selecting scrolls as little as it takes") {
+    ShownView shown;
+    const std::wstring text = Lines(200);
+    shown.Open(text);
+    shown.view->Select({StartOfLine(text, 100), 2});
+    const int bottom = topMargin + 101 * StandIn::LineHeight;
+    CHECK(shown.view->ScrollTop() == bottom - ShownView::Height);
+    shown.view->Select({StartOfLine(text, 40), 2});
+    CHECK(shown.view->ScrollTop() == topMargin + 40 * StandIn::LineHeight);
+}
+
+TEST_CASE("windows html view: finds behind the selection, to the end only") {
+    ShownView shown;
+    shown.Open(L"One\ntwo one\nbone one");
+    const auto found = [&](FindOptions options) {
+        const auto match = shown.view->FindBehindSelection(u"one", options);
+        return match ? match->span.start : -1;
+    };
+    CHECK(found({}) == 0);
+    CHECK(found({.matchCase = true}) == 8);
+    shown.view->Select({8, 3});
+    CHECK(found({}) == 13);
+    CHECK(found({.wholeWord = true}) == 17);
+    const auto match = shown.view->FindBehindSelection(u"ONE", {.wholeWord = true});
+    REQUIRE(match);
+    CHECK(match->left == StandIn::Edge + 5 * StandIn::CellWidth);
+    CHECK(match->top - match->searchTop == StandIn::LineHeight);
+    CHECK(std::ranges::count(shown.engine.calls, "range.findText ONE flags 2") == 1);
+    shown.view->Select(match->span);
+    CHECK(found({}) == -1);
+    CHECK(shown.view->Selection().span == match->span);
+}
+
+TEST_CASE("windows html view: the background is told in red, green and blue") {
+    ShownView shown;
+    shown.Open(L"text");
+    shown.view->SetBackColor(0x0A1BFF);
+    CHECK(shown.engine.backColor == L"#0A1BFF");
+}
+
+TEST_CASE("windows html view: the last values are kept when the engine goes") {
+    ShownView shown;
+    shown.Book().title = L"Kept";
+    shown.Open(Lines(100));
+    shown.view->ScrollTo(0, 320);
+    shown.view->Select({700, 3});
+    CHECK(shown.view->Title() == u"Kept");
+    const int top = shown.view->ScrollTop();
+    const PageSelection selection = shown.view->Selection();
+    shown.engine.Quit();
+    HandlePostedMessages();
+    CHECK(shown.gone == 1);
+    CHECK(shown.engine.living == 0);
+    CHECK(shown.view->ScrollTop() == top);
+    CHECK(shown.view->Selection().span == selection.span);
+    CHECK(shown.view->Title() == u"Kept");
+    CHECK(shown.view->SelectedText() == u"");
+    shown.Open(L"anew", 2);
+    CHECK(shown.loaded.back() == 2);
+    CHECK(shown.view->HasBody());
+}
+
+TEST_CASE("windows html view: the control ends with the window, and the values stay") {
+    ShownView shown;
+    shown.Open(Lines(100));
+    shown.view->ScrollTo(0, 320);
+    CHECK(shown.view->ScrollTop() == 320);
+    DestroyWindow(shown.parent);
+    CHECK(shown.engine.living == 0);
+    CHECK(shown.view->ScrollTop() == 320);
+    CHECK(shown.view->HasBody());
+    CHECK(shown.view->TextsOf({{0, 1}}).empty());
+    shown.view->SetBounds({0, 0, 10, 10});
+    shown.view->Navigate(u"C:\\books\\a.htm", 3); // nowhere to show it
+    CHECK_FALSE(shown.view->HasBody());
+    CHECK(shown.engine.living == 0);
+}

@@ -1,0 +1,75 @@
+"""Stories of HTML books: a page takes its time, and its title says when it is there."""
+import os
+import shutil
+import unittest
+
+from harness.clipboard import clipboard
+from harness.story import Story
+from harness.text_view import STRIP_HEIGHT, top_strip
+from harness.wait import wait_for
+from harness.wine import ON_WINE, PROGRAM
+
+SLACK = 2  # pixels: the record has whole pixels of a page at normal size, a zoomed page others
+MODULE = "libnorvaset-html.so"
+PAGE = ('<!DOCTYPE html>\n<html><head><meta charset="utf-8"><title>{title}</title>{head}</head>\n'
+        "<body>\n{body}</body></html>\n")
+
+
+def write_page(path, body, title="Lanterns", head=""):
+    with open(path, "w", encoding="utf-8") as file:
+        file.write(PAGE.format(title=title, head=head, body=body))
+    return path
+
+
+def paragraphs(lines):
+    return "".join(f"<p>{line}</p>\n" for line in lines)
+
+
+class HtmlStory(Story):
+    @classmethod
+    def setUpClass(cls):
+        if ON_WINE:
+            raise unittest.SkipTest("Wine has no HTML engine here")
+        super().setUpClass()
+
+    def reader(self, *arguments, **options):
+        reader = super().reader(*arguments, **options)
+        shutil.copy(os.path.join(os.path.dirname(PROGRAM), MODULE), reader.folder)
+        return reader
+
+    def open(self, path, title, reader=None):
+        reader = reader or self.reader()
+        reader.start(path)
+        reader.wait_for_book(title)
+        return reader
+
+    def wait_for_place(self, reader, strip):
+        """The first whole line of this strip at its place, but for the slack."""
+        top, bottom = _first_line(strip)
+        line = strip.crop(0, top, strip.width, bottom)
+
+        def shows_it():
+            now = top_strip(reader.picture(), STRIP_HEIGHT + SLACK)
+            return now and any(
+                now.crop(0, place, now.width, place + line.height).looks_like(line)
+                for place in range(max(0, top - SLACK), top + SLACK + 1)
+                if place + line.height <= now.height)
+        wait_for(shows_it, "the same lines at the top as before")
+
+    def whole_text(self, reader):
+        """As it is copied, once the page is there; a page of no text never is."""
+        def take():
+            reader.key("ctrl+a", "ctrl+c")
+            return clipboard(self.screen)
+        return wait_for(take, "the page's text")
+
+    def record(self, reader, path):
+        reader.key("Escape")
+        return self.book_record(reader, path)
+
+
+def _first_line(strip):
+    """The rows of the first line that is not cut."""
+    plain = [strip.crop(0, y, strip.width, y + 1).is_plain() for y in range(strip.height)]
+    top = next(y for y in range(1, strip.height) if plain[y - 1] and not plain[y])
+    return top, next((y for y in range(top, strip.height) if plain[y]), strip.height)

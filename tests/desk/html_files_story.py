@@ -1,0 +1,127 @@
+"""HTML files as they are found on disks: old charsets, missing parts, frames, no HTML at all, and
+very much of it."""
+import os
+import random
+
+from harness import books
+from harness.html_story import HtmlStory, paragraphs, write_page
+from harness.story import main
+from harness.wait import wait_for
+
+CYRILLIC, JAPANESE = "204", "128"  # font character sets
+PARAGRAPHS_OF_50_MB = 130000
+
+
+class HtmlFiles(HtmlStory):
+    def write(self, name, text, encoding):
+        with open(self.path(name), "wb") as file:
+            file.write(text if isinstance(text, bytes) else text.encode(encoding))
+        return self.path(name)
+
+    def test_charsets(self):
+        for script, encoding, name, charset in (("cyrillic", "cp1251", "windows-1251", CYRILLIC),
+                                                ("japanese", "shift_jis", "Shift_JIS", JAPANESE),
+                                                ("accents", "utf-16", "utf-16", "0")):
+            with self.subTest(encoding=encoding):
+                lines = [" ".join(line.split()) for line in books.lines(script, 50)]
+                title = books.SENTENCES[script][:8].strip()
+                page = (f'<meta charset="{name}"><title>{title}</title>'
+                        f"<body>{paragraphs(lines)}")
+                path = self.write(encoding + ".htm", page, encoding)
+                reader = self.open(path, title, self.reader(encoding))
+                self.assertEqual(self.whole_text(reader), "\n".join(lines))
+                reader.close()
+                self.assertEqual(self.book_record(reader, path)["Charset"], charset)
+
+    def test_missing_parts(self):
+        for name, source, text in (("bare", "the miller's daughter", "the miller's daughter"),
+                                   ("untitled", "<body><p>one<p>two", "one\ntwo"),
+                                   ("bodiless", "<title></title><p>one", "one")):
+            with self.subTest(name=name):
+                path = self.write(name + ".htm", source, "ascii")
+                reader = self.open(path, path, self.reader(name))
+                self.assertEqual(self.whole_text(reader), text)
+                reader.close()
+
+    def test_no_text_at_all(self):
+        noise = random.Random(7).randbytes(300000)
+        for name, content in (("empty", b""), ("titled", b"<title>Quay</title>"), ("noise", noise)):
+            with self.subTest(name=name):
+                path = self.write(name + ".htm", content, None)
+                reader = self.reader(name)
+                reader.start(path)
+                reader.wait_for_book("Quay" if name == "titled" else path)
+                reader.key("ctrl+a", "ctrl+plus", "Next", "ctrl+d")
+                reader.finish_keys()
+                reader.close()
+                self.book_record(reader, path)
+
+    def test_frames(self):
+        write_page(self.path("left.htm"), '<a href="right.htm">to the right</a>', "Left",
+                   "<style>body{background:#0f0}</style>")
+        write_page(self.path("right.htm"), "<p>right</p>", "Right",
+                   "<style>body{background:#00f}</style>")
+        path = self.write("frames.htm", "<title>Both</title><frameset cols='50%,*'>"
+                          "<frame src='left.htm'><frame src='right.htm'></frameset>", "ascii")
+        reader = self.open(path, "Both")
+        _, _, width, height = reader.rectangle()
+        wait_for(lambda: [reader.picture().pixel(x, height // 2).hex()
+                          for x in (width // 4, width * 3 // 4)] == ["00ff00", "0000ff"],
+                 "both frames")
+        reader.key("Tab", "Return")
+        reader.wait_for_book("Right")
+        reader.close()
+        self.book_record(reader, self.path("right.htm"))
+
+    def test_a_link_to_another_book(self):
+        text = books.write_book(self.path("next.txt"), books.lines("latin", 50))
+        path = write_page(self.path("first.htm"), '<a href="next.txt">on</a>', "First")
+        reader = self.open(path, "First")
+        reader.key("Tab", "Return")
+        reader.wait_for_book(text)
+        reader.choose_book(1, 2)
+        reader.wait_for_book("First")
+        reader.close()
+
+    def test_the_engine_dies(self):
+        path = write_page(self.path("book.htm"), paragraphs(books.lines("latin", 500)))
+        reader = self.open(path, "Lanterns")
+        for pid in _pages(reader.process.pid):
+            os.kill(pid, 9)
+        reader.answer_message()
+        self.assertTrue(reader.is_alive())
+        reader.key("F5")
+        self.assertTrue(self.whole_text(reader).startswith("00001"))
+        reader.close()
+
+    def test_a_program_without_its_engine(self):
+        path = write_page(self.path("book.htm"), "<p>one</p>")
+        reader = self.reader()
+        os.remove(os.path.join(reader.folder, "libnorvaset-html.so"))
+        reader.process = reader.launch(path)
+        reader.answer_message()
+        reader.wait_for_window()
+        reader.close()
+
+    def test_50_megabytes(self):
+        path = write_page(self.path("long.htm"),
+                          paragraphs(books.long_paragraphs("latin", PARAGRAPHS_OF_50_MB)), "Long")
+        self.assertGreater(os.path.getsize(path), 50_000_000)
+        reader = self.reader()
+        reader.start(path)
+        wait_for(lambda: "Long" in reader.title(), "the title", 200)
+        reader.key("Next", "Next")
+        reader.close()
+        self.assertGreater(self.book_record(reader, path)["LastPos"], 0)
+
+
+def _pages(process):
+    """What the engine's own processes have forked."""
+    def children(parent):
+        with open(f"/proc/{parent}/task/{parent}/children", encoding="ascii") as file:
+            return [int(pid) for pid in file.read().split()]
+    return [pid for child in children(process) for pid in children(child)]
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,249 @@
+#include "formats/plain_text_source.h"
+
+#include "common/find_text.h"
+#include "common/line_ends.h"
+#include "common/utf.h"
+
+#include <doctest/doctest.h>
+
+#include <algorithm>
+#include <random>
+#include <vector>
+
+namespace {
+std::shared_ptr<BytesReader> Reader(std::string bytes) {
+    return std::make_shared<BytesReader>(std::move(bytes));
+}
+
+std::u16string Whole(const std::string& bytes, int page) {
+    std::u16string text = DecodePlainText(bytes, page, 1252).text;
+    UnifyLineEnds(text);
+    return text;
+}
+
+std::u16string All(const TextSource& source) {
+    return source.Range(0, source.Length());
+}
+
+std::string Wide(std::u16string_view text, int unitBytes, bool bigEndian) {
+    std::string bytes;
+    for (const char16_t unit : text)
+        for (int i = 0; i < unitBytes; ++i) {
+            const int place = bigEndian ? unitBytes - 1 - i : i;
+            bytes += place == 0 ? char(unit & 0xFF) : place == 1 ? char(unit >> 8) : '\0';
+        }
+    return bytes;
+}
+
+struct Sample {
+    const char* name;
+    int page;
+    std::vector<std::string> parts;
+};
+
+// What a text of each encoding is made of; drawn at random, so that pieces end everywhere.
+const std::vector<Sample>& Samples() {
+    static const std::vector<Sample> samples{
+        {"ASCII", 0, {"word ", "\r\n", "\r", "\n", "a"}},
+        {"ASCII with NUL",
+         0,
+         {"plain words without a wide look ", "\r\n", std::string(1, '\0'), "x"}},
+        {"UTF-8", 0, {"a", "\xC3\xA9", "\xE2\x82\xAC", "\xF0\x9D\x84\x9E", "\r\n", "\r", "\n"}},
+        {"UTF-8 with a mark, broken",
+         0,
+         {"a", "\xC3", "\x80", "\xE2\x82", "\xF0\x9D\x84", "\xF0\x9D\x84\x9E", "\r\n", "\xFF",
+          "\r"}},
+        {"1252", 1252, {"caf\xE9 ", "\x80", "\x81", "\r\n", "\r", "\n"}},
+        {"1251, unknown page as 1252", 99, {"\xCF\xF0\xE8\xE2\xE5\xF2", "\r\n", "\r"}},
+        {"KOI8 said to be 1251", 1251, {"\xF0\xD2\xC9\xD7\xC5\xD4 ", "\xCF\xCF\xC5 ", "\r\n"}},
+        {"932", 932, {"\x93\xFA", "\x96\x7B", "a", "\x93", "\r\n", "\xB1", "\r", "\x81\x20"}},
+        {"936",
+         936,
+         {"\xC4\xE3", "\x81\x30\x81\x30", "\x90\x30\x81\x30", "\x81\x30", "\r\n", "a", "\xFF"}},
+        {"949", 949, {"\xB0\xA1", "b", "\xB0", "\r\n", "\n"}},
+        {"950", 950, {"\xA4\xA4", "\xA4", "c", "\r\n"}},
+        {"UTF-8 page",
+         65001,
+         {"\xC3\xA9", "\x80", "\xFF", "\r\n", "\xE2\x82\xAC", "\x80\x80\x80\x80"}},
+    };
+    return samples;
+}
+
+std::string Drawn(const Sample& sample, std::mt19937& random, std::size_t length) {
+    std::string bytes;
+    if (std::string_view(sample.name).starts_with("UTF-8 with")) bytes = "\xEF\xBB\xBF";
+    while (bytes.size() < length)
+        bytes += sample.parts[random() % sample.parts.size()];
+    return bytes;
+}
+
+void CheckSame(const std::string& bytes, int page, std::size_t pieceBytes) {
+    const std::u16string expected = Whole(bytes, page);
+    const PlainTextSource source(Reader(bytes), page, 1252, pieceBytes);
+    REQUIRE(source.Length() == TextPos(expected.size()));
+    CHECK(All(source) == expected);
+    CHECK(source.CodePage() == DecodePlainText(bytes, page, 1252).codePage);
+    TextPos from = 0;
+    while (from < source.Length()) {
+        const TextPiece piece = source.PieceAt(from);
+        REQUIRE(piece.start == from);
+        REQUIRE(!piece.units.empty());
+        from = piece.End();
+    }
+}
+} // namespace
+
+TEST_CASE("text source: pieces of any size join to the whole decoding") {
+    std::mt19937 random(7); // NOLINT: the same texts every time
+    for (const Sample& sample : Samples()) {
+        CAPTURE(sample.name);
+        for (std::size_t length = 0; length < 120; ++length) {
+            const std::string bytes = Drawn(sample, random, length);
+            CAPTURE(bytes);
+            for (const std::size_t pieceBytes : {1u, 2u, 3u, 5u, 8u, 16u, 31u, 64u})
+                CheckSame(bytes, sample.page, pieceBytes);
+            if (!bytes.empty()) CheckSame(bytes.substr(0, bytes.size() - 1), sample.page, 7);
+        }
+    }
+}
+
+TEST_CASE("text source: wide text, cut in pairs and line ends, with and without a mark") {
+    std::mt19937 random(8); // NOLINT
+    const std::u16string parts[] = {u"a ",         u"\r\n",       u"\r",    u"\n",
+                                    u"\U0001D11E", u"\U00020000", u"\u4E2D"};
+    for (int round = 0; round < 60; ++round) {
+        std::u16string text;
+        while (text.size() < 40)
+            text += parts[random() % std::size(parts)];
+        if (round % 3 == 0)
+            text[random() % text.size()] = u'\xD834'; // alone, or in the wrong place
+        if (round % 5 == 0) text[random() % text.size()] = u'\xDD1E';
+        for (const bool big : {false, true})
+            for (const int unit : {2, 4})
+                for (const bool mark : {true, false}) {
+                    std::string bytes = Wide(mark ? u"\uFEFF" + text : text, unit, big);
+                    for (const std::size_t pieceBytes : {1u, 2u, 3u, 4u, 6u, 10u, 64u}) {
+                        CheckSame(bytes, 0, pieceBytes);
+                        CheckSame(bytes.substr(0, bytes.size() - 1), 0, pieceBytes);
+                    }
+                }
+    }
+}
+
+TEST_CASE("text source: UTF-8 is told by all bytes, and may end within a character") {
+    const std::string utf8 = "na\xC3\xAFve and more of it ";
+    for (const std::string& bytes : std::vector<std::string>{
+             utf8 + "\xE2\x82", utf8 + "\xFF", "only ascii \xE2\x82", utf8 + "\xE2\x82 goes on",
+             std::string(200, 'x') + "\xF0\x9D\x84", utf8 + std::string(200, 'x') + "\xF0\x9D\x84"})
+        for (std::size_t pieceBytes = 1; pieceBytes < 40; ++pieceBytes)
+            CheckSame(bytes, 1251, pieceBytes);
+}
+
+TEST_CASE("text source: a position's byte and back") {
+    const std::string bytes = "\x93\xFA\x96\x7B\r\nab\x81\x30\n";
+    for (const std::size_t pieceBytes : {1u, 3u, 4u, 100u}) {
+        const PlainTextSource source(Reader(bytes), 932, 1252, pieceBytes);
+        const std::uint64_t places[] = {0, 2, 4, 6, 7, 8, 9, 10};
+        REQUIRE(source.Length() == 8);
+        for (TextPos position = 0; position < 8; ++position) {
+            CHECK(source.ByteOf(position) == places[position]);
+            CHECK(source.PositionOf(places[position]) == position);
+        }
+        CHECK(source.ByteOf(-3) == 0);
+        CHECK(source.ByteOf(99) == bytes.size());
+        CHECK(source.PositionOf(99) == 8);
+        CHECK(source.PositionOf(1) == 1);
+    }
+    const PlainTextSource empty(Reader(""), 932, 1252);
+    CHECK(empty.Length() == 0);
+    CHECK(empty.ByteOf(5) == 0);
+    CHECK(empty.PositionOf(5) == 0);
+}
+
+TEST_CASE("text source: positions move to the same bytes in another code page") {
+    // Two letters of two bytes, a line end of two, then "ab": in 932 and byte by byte.
+    const auto bytes = Reader("\x93\xFA\x96\x7B\r\nab");
+    const PlainTextSource pairs(bytes, 932, 1252, 3), single(bytes, 1252, 1252, 2);
+    const TextPos inPairs[] = {0, 1, 2, 3, 4, 5, 99}, inSingle[] = {0, 2, 4, 5, 6, 7, 7};
+    for (std::size_t i = 0; i < std::size(inPairs); ++i) {
+        CHECK(single.PositionOf(pairs.ByteOf(inPairs[i])) == inSingle[i]);
+        CHECK(pairs.PositionOf(single.ByteOf(inSingle[i])) == std::min(inPairs[i], 5));
+    }
+}
+
+TEST_CASE("text source: breaks are found across pieces") {
+    const PlainTextSource source(Reader("ab\ncdefgh\nij"), 0, 1252, 2);
+    CHECK(source.FirstBreak(0, 99) == 2);
+    CHECK(source.FirstBreak(3, 99) == 9);
+    CHECK(source.FirstBreak(3, 9) == -1);
+    CHECK(source.FirstBreak(10, 99) == -1);
+    CHECK(source.FirstBreak(-5, 3) == 2);
+    CHECK(source.LastBreak(0, 99) == 9);
+    CHECK(source.LastBreak(0, 9) == 2);
+    CHECK(source.LastBreak(3, 9) == -1);
+    CHECK(source.LastBreak(-5, 2) == -1);
+    CHECK(source.UnitAt(4) == u'd');
+    CHECK(source.Range(-4, 3) == u"ab\n");
+    CHECK(source.Range(8, 2) == u"");
+}
+
+TEST_CASE("text source: finds what the whole text has") {
+    std::mt19937 random(9); // NOLINT
+    const std::string parts[] = {"Ka", "ks",   "\xE2\x84\xAA", "\xC5\xBF", "a ",
+                                 "ab", "\r\n", "\xC3\xA9",     "_"};
+    for (int round = 0; round < 400; ++round) {
+        std::string bytes;
+        const std::size_t length = 1 + random() % 80;
+        while (bytes.size() < length)
+            bytes += parts[random() % std::size(parts)];
+        const std::u16string text = Whole(bytes, 0);
+        const PlainTextSource source(Reader(bytes), 0, 1252, 1 + random() % 20);
+        for (const std::u16string what : {u"k", u"ka", u"aba", u"a\na", u"\u00E9a", u"s", u"abs",
+                                          u"a ab", u"kaab a", u"AB", u"\n", u"\r"})
+            for (const FindOptions options :
+                 {FindOptions{}, {true, false}, {false, true}, {true, true}})
+                for (const TextPos start : {0, 3, source.Length() / 2, source.Length()}) {
+                    const std::size_t at = FindText(
+                        text, what, std::size_t(std::min(start, source.Length())), options);
+                    const TextPos expected = at == text.npos ? -1 : TextPos(at);
+                    CHECK(source.Find(what, start, options) == expected);
+                }
+        CHECK(source.Find(text, 0, {}) == 0);
+        CHECK(source.Find(text + u"x", 0, {}) == -1);
+    }
+}
+
+namespace {
+// A file whose end, or all that is in it, changes after it was opened.
+class ChangingFile : public FileReader {
+  public:
+    explicit ChangingFile(std::string now) : bytes(std::move(now)), size_(bytes.size()) {}
+    std::uint64_t Size() const override { return size_; }
+    std::size_t ReadAt(std::uint64_t offset, char* to, std::size_t count) const override {
+        return offset < bytes.size() ? bytes.copy(to, count, std::size_t(offset)) : 0;
+    }
+    std::string bytes;
+
+  private:
+    std::uint64_t size_;
+};
+} // namespace
+
+TEST_CASE("text source: a file that shrinks or changes keeps its length in positions") {
+    std::string bytes;
+    for (int i = 0; i < 200; ++i)
+        bytes += "line \xC3\xA9 " + std::to_string(i) + "\r\n";
+    for (const std::string& later :
+         {std::string(), bytes.substr(0, 700), std::string(bytes.size(), '\xC3'),
+          std::string(bytes.size(), '\n'), std::string(bytes.size(), 'x')}) {
+        const auto file = std::make_shared<ChangingFile>(bytes);
+        const PlainTextSource source(file, 0, 1252, 64);
+        const TextPos length = source.Length();
+        file->bytes = later;
+        CHECK(source.Length() == length);
+        CHECK(All(source).size() == std::size_t(length));
+        CHECK(source.Find(u"line 99999", 0, {}) == -1);
+        CHECK(source.ByteOf(length / 2) <= bytes.size());
+        CHECK(source.PositionOf(bytes.size() / 2) <= length);
+    }
+}
