@@ -12,7 +12,7 @@ namespace {
 
 constexpr SIZE usualSize = {940, 680}, leastSize = {420, 260}; // pixels at 96 dpi
 constexpr int usualLeftWidth = 300, leastHalf = 120;
-constexpr int margin = 6, pageMargin = 12, fieldEdges = 8;
+constexpr int margin = 6, fieldEdges = 8;
 constexpr double readingSize = 11; // points
 constexpr int searchId = 100, listId = 101;
 
@@ -195,7 +195,5 @@ void HelpFrame::LayOut() {
     MoveWindow(panel_->Handle(), page, 0, std::max(0, width - page), height, TRUE);
     InvalidateRect(panel_->Handle(), nullptr, TRUE); // where the list was on the way, too
     list_->FitRows();
-    const int side = Scaled(pageMargin), above = Scaled(margin);
-    text_->SetBounds(
-        {side, above, std::max(0, width - page - side), std::max(0, height - 2 * above)});
+    text_->SetBounds({gap, gap, std::max(0, width - page - gap), std::max(0, height - 2 * gap)});
 }
