@@ -12,7 +12,7 @@ namespace {
 
 constexpr SIZE usualSize = {940, 680}, leastSize = {420, 260}; // pixels at 96 dpi
 constexpr int usualLeftWidth = 300, leastHalf = 120;
-constexpr int margin = 6, pageMargin = 12, fieldEdges = 8;
+constexpr int margin = 6, fieldEdges = 8;
 constexpr double readingSize = 11; // points
 constexpr int searchId = 100, listId = 101;
 
@@ -60,7 +60,8 @@ HelpFrame::HelpFrame()
     MakeName(Handle(), L"Topics");
     list_ = std::make_unique<WinHelpList>(Handle(), listId);
     panel_ = std::make_unique<WinNativeWindow>(
-        WinNativeWindow::Kind{L"NorvasetHelpPage", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0,
+        WinNativeWindow::Kind{L"NorvasetHelpPage",
+                              WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0,
                               Handle()},
         AnswerAsPaper);
     text_ = std::make_unique<WinTextView>(panel_->Handle());
@@ -192,8 +193,7 @@ void HelpFrame::LayOut() {
     MoveWindow(search_, gap, gap, left, field, TRUE);
     MoveWindow(list_->Handle(), gap, listTop, left, std::max(0, height - listTop - gap), TRUE);
     MoveWindow(panel_->Handle(), page, 0, std::max(0, width - page), height, TRUE);
+    InvalidateRect(panel_->Handle(), nullptr, TRUE); // where the list was on the way, too
     list_->FitRows();
-    const int side = Scaled(pageMargin), above = Scaled(margin);
-    text_->SetBounds(
-        {side, above, std::max(0, width - page - side), std::max(0, height - 2 * above)});
+    text_->SetBounds({gap, gap, std::max(0, width - page - gap), std::max(0, height - 2 * gap)});
 }

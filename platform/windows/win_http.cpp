@@ -23,6 +23,7 @@ std::optional<WinHttp> Load() {
                           Find(library, "WinHttpSendRequest", http.SendRequest) &&
                           Find(library, "WinHttpReceiveResponse", http.ReceiveResponse) &&
                           Find(library, "WinHttpQueryHeaders", http.QueryHeaders) &&
+                          Find(library, "WinHttpQueryDataAvailable", http.QueryDataAvailable) &&
                           Find(library, "WinHttpReadData", http.ReadData) &&
                           Find(library, "WinHttpCloseHandle", http.CloseHandle);
     return complete ? std::optional(http) : std::nullopt;

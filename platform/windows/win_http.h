@@ -18,6 +18,7 @@ struct WinHttp {
     decltype(&::WinHttpSendRequest) SendRequest;
     decltype(&::WinHttpReceiveResponse) ReceiveResponse;
     decltype(&::WinHttpQueryHeaders) QueryHeaders;
+    decltype(&::WinHttpQueryDataAvailable) QueryDataAvailable;
     decltype(&::WinHttpReadData) ReadData;
     decltype(&::WinHttpCloseHandle) CloseHandle;
 };

@@ -31,7 +31,7 @@ bool IsRedirectionStatus(const std::wstring& status) {
 // What the system's threads have reported, for ours to look at.
 struct WebRequest::Reports {
     struct Report {
-        DWORD status, size;
+        DWORD status, size; // bytes that can be read, or were
     };
 
     void Add(Report report) {
@@ -123,9 +123,13 @@ bool WebRequest::Watch() {
 }
 
 // On a thread of the system's, or within one of our calls.
-void CALLBACK WebRequest::OnReport(HINTERNET, DWORD_PTR context, DWORD status, void*, DWORD size) {
+void CALLBACK WebRequest::OnReport(HINTERNET, DWORD_PTR context, DWORD status, void* details,
+                                   DWORD size) {
     auto* reports = reinterpret_cast<std::shared_ptr<Reports>*>(context);
     switch (status) {
+    case WINHTTP_CALLBACK_STATUS_DATA_AVAILABLE:
+        (*reports)->Add({status, *static_cast<const DWORD*>(details)});
+        break;
     case WINHTTP_CALLBACK_STATUS_SENDREQUEST_COMPLETE:
     case WINHTTP_CALLBACK_STATUS_HEADERS_AVAILABLE:
     case WINHTTP_CALLBACK_STATUS_READ_COMPLETE:
@@ -145,6 +149,7 @@ bool WebRequest::Take(DWORD status, DWORD size) {
     case WINHTTP_CALLBACK_STATUS_SENDREQUEST_COMPLETE:
         return http_.ReceiveResponse(request_.get(), nullptr);
     case WINHTTP_CALLBACK_STATUS_HEADERS_AVAILABLE: return TakeHead();
+    case WINHTTP_CALLBACK_STATUS_DATA_AVAILABLE: return size > 0 ? Read(size) : TakeEnd();
     case WINHTTP_CALLBACK_STATUS_READ_COMPLETE: return TakeBytes(size);
     default: return false;
     }
@@ -154,22 +159,25 @@ bool WebRequest::TakeHead() {
     const std::wstring status = Field(WINHTTP_QUERY_STATUS_CODE);
     if (IsRedirectionStatus(status)) location_ = Field(WINHTTP_QUERY_LOCATION);
     announcedLength_ = Field(WINHTTP_QUERY_CONTENT_LENGTH);
-    return status == L"200" && Read();
+    return status == L"200" && http_.QueryDataAvailable(request_.get(), nullptr);
 }
 
-bool WebRequest::Read() {
-    return http_.ReadData(request_.get(), reports_->buffer.data(),
-                          static_cast<DWORD>(reports_->buffer.size()), nullptr);
+// No more than there is: some systems wait for the rest within the call.
+bool WebRequest::Read(DWORD size) {
+    const DWORD most = std::min(size, static_cast<DWORD>(reports_->buffer.size()));
+    return http_.ReadData(request_.get(), reports_->buffer.data(), most, nullptr);
 }
 
 bool WebRequest::TakeBytes(std::size_t size) {
-    if (size == 0) {
-        whole_ = announcedLength_.empty() || announcedLength_ == std::to_wstring(bytes_.size());
-        return false;
-    }
+    if (size == 0) return TakeEnd();
     if (size > fetchLimit - bytes_.size()) return false;
     bytes_.append(reports_->buffer.data(), size);
-    return Read();
+    return http_.QueryDataAvailable(request_.get(), nullptr);
+}
+
+bool WebRequest::TakeEnd() {
+    whole_ = announcedLength_.empty() || announcedLength_ == std::to_wstring(bytes_.size());
+    return false;
 }
 
 std::wstring WebRequest::Field(DWORD name) const {

@@ -25,7 +25,8 @@ class WebRequest {
   private:
     struct Reports;
 
-    static void CALLBACK OnReport(HINTERNET, DWORD_PTR context, DWORD status, void*, DWORD size);
+    static void CALLBACK OnReport(HINTERNET, DWORD_PTR context, DWORD status, void* details,
+                                  DWORD size);
     bool Open(const WebTarget&, int timeLimit);
     bool Ask(bool secure);
     bool Watch();
@@ -33,7 +34,8 @@ class WebRequest {
     bool Take(DWORD status, DWORD size);
     bool TakeHead();
     bool TakeBytes(std::size_t size);
-    bool Read();
+    bool TakeEnd();
+    bool Read(DWORD size);
     std::wstring Field(DWORD name) const; // "" when there is none
 
     const WinHttp& http_;

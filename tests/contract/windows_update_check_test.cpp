@@ -5,6 +5,7 @@
 #include "platform/windows/win_native_window.h"
 #include "platform/windows/win_text.h"
 #include "platform/windows/win_web_target.h"
+#include "tls_server_windows.h"
 
 #include <doctest/doctest.h>
 
@@ -169,6 +170,17 @@ TEST_CASE("windows update check: nobody answers, or not in the language asked fo
     CHECK_FALSE(server.Requests()[0].starts_with("G")); // it did not even ask in the open
     server.Close();
     CHECK(Fails(address + u"/f"));
+}
+
+TEST_CASE("windows update check: https with a certificate that nobody vouches for fails") {
+    const TlsServer server;
+    if (!server.IsRunning()) {
+        MESSAGE("skipped: no openssl to serve with");
+        return;
+    }
+    const ULONGLONG start = GetTickCount64();
+    CHECK(Fails(server.Address() + u"/f"));
+    CHECK(GetTickCount64() - start < fetchTime / 2); // it was refused, not waited for
 }
 
 TEST_CASE("windows update check: at most 64 KB") {
