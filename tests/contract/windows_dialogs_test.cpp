@@ -41,7 +41,7 @@ TEST_CASE("windows dialogs: a message over its owner, which waits") {
             CHECK((WindowText(box) == L"Norvaset Message"));
             CHECK_FALSE(IsWindowEnabled(owner.Get()));
             CHECK(GetWindow(box, GW_OWNER) == owner.Get());
-            CHECK(DistanceOfMiddles(box, owner.Get()) <= 2);
+            CHECK(owner.DistanceTo(box) <= 2);
             CHECK_FALSE(GetDlgItem(box, IDHELP));
             CHECK_FALSE(GetDlgItem(box, IDCANCEL));
             PressButton(box, IDOK);
@@ -131,7 +131,7 @@ TEST_CASE("windows dialogs: a message of rich text gives the number of the butto
               CHECK((TextOf(dialog, Rich::FirstButton) == L"Cancel"));
               CHECK((TextOf(dialog, Rich::FirstButton + 1) == L"Download"));
               CHECK((TextOf(dialog, Rich::Text) == L"some text\u00E9"));
-              CHECK(DistanceOfMiddles(dialog, owner.Get()) <= 2);
+              CHECK(owner.DistanceTo(dialog) <= 2);
               PressButton(dialog, Rich::FirstButton);
           }) == 1);
     CHECK(ask([](HWND dialog) { PressButton(dialog, Rich::FirstButton + 1); }) == 2);
@@ -158,7 +158,7 @@ TEST_CASE("windows dialogs: a line of text is asked for") {
             CHECK((TextOf(dialog, IDOK) == L"OK"));
             CHECK((TextOf(dialog, IDCANCEL) == L"Cancel"));
             CHECK(GetFocus() == GetDlgItem(dialog, WinTextDialog::Line));
-            CHECK(DistanceOfMiddles(dialog, owner.Get()) <= 2);
+            CHECK(owner.DistanceTo(dialog) <= 2);
             CHECK_FALSE(IsWindowEnabled(owner.Get()));
             SetDlgItemTextW(dialog, WinTextDialog::Line, L"Анна = \U0001D11E");
             PressKey(VK_RETURN);
@@ -201,7 +201,7 @@ TEST_CASE("windows dialogs: what to find is asked for") {
         const HWND what = GetDlgItem(dialog, Find::What);
         CHECK((WindowText(dialog) == L"Find"));
         CHECK((TextOf(dialog, IDOK) == L"&Find"));
-        CHECK(DistanceOfMiddles(dialog, owner.Get()) <= 2);
+        CHECK(owner.DistanceTo(dialog) <= 2);
         CHECK(DefaultButton(dialog) == IDOK);
         CHECK_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDOK)));
         CHECK(GetFocus() == EditOf(dialog));

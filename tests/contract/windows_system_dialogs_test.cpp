@@ -84,7 +84,7 @@ TEST_CASE("windows dialogs: a colour confirmed untouched is exactly the one give
         CAPTURE(color);
         const WhileOpen shown([&](HWND dialog) {
             CHECK((WindowText(dialog) == L"Background"));
-            CHECK(DistanceOfMiddles(dialog, owner.Get()) <= 2);
+            CHECK(owner.DistanceTo(dialog) <= 2);
             CHECK_FALSE(IsWindowEnabled(owner.Get()));
             Confirm(dialog);
         });

@@ -5,6 +5,7 @@
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <utility>
@@ -16,6 +17,9 @@ class WhileOpen {
     // for a further dialog in the same way.
     explicit WhileOpen(std::function<void(HWND)> act) {
         waiting = {std::move(act)};
+        MSG quit; // of a window that an earlier test closed: no dialog would stay open
+        while (PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) {
+        }
         timer_ = SetTimer(nullptr, 0, USER_TIMER_MINIMUM, Look);
         CHECK(timer_ != 0);
     }
@@ -70,11 +74,20 @@ inline void PressKey(WPARAM key) {
     PostMessageW(focus, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
 }
 
+// How far the middles of two rectangles are from each other, in pixels.
+inline int DistanceOfMiddles(const RECT& first, const RECT& second) {
+    const auto apart = [](LONG one, LONG other) { return one > other ? one - other : other - one; };
+    return static_cast<int>(apart(first.left + first.right, second.left + second.right) +
+                            apart(first.top + first.bottom, second.top + second.bottom)) /
+           2;
+}
+
 // A window that owns dialogs, at this place.
 class OwnerWindow {
   public:
     explicit OwnerWindow(const RECT& place)
-        : window_(CreateWindowExW(0, L"STATIC", L"Owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
+        : place_(place),
+          window_(CreateWindowExW(0, L"STATIC", L"Owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
                                   place.left, place.top, place.right - place.left,
                                   place.bottom - place.top, nullptr, nullptr, nullptr, nullptr)) {
         REQUIRE(window_);
@@ -83,18 +96,16 @@ class OwnerWindow {
     OwnerWindow(const OwnerWindow&) = delete;
     OwnerWindow& operator=(const OwnerWindow&) = delete;
     HWND Get() const { return window_; }
+    // From the middle of a dialog to its own, where it is or was made: a window manager may move it
+    // when the dialog is there already.
+    int DistanceTo(HWND dialog) const {
+        RECT now = {}, other = {};
+        GetWindowRect(window_, &now);
+        GetWindowRect(dialog, &other);
+        return std::min(DistanceOfMiddles(now, other), DistanceOfMiddles(place_, other));
+    }
 
   private:
+    RECT place_;
     HWND window_;
 };
-
-// How far the middles of two windows are from each other, in pixels.
-inline int DistanceOfMiddles(HWND a, HWND b) {
-    RECT first = {}, second = {};
-    GetWindowRect(a, &first);
-    GetWindowRect(b, &second);
-    const auto apart = [](LONG one, LONG other) { return one > other ? one - other : other - one; };
-    return static_cast<int>(apart(first.left + first.right, second.left + second.right) +
-                            apart(first.top + first.bottom, second.top + second.bottom)) /
-           2;
-}

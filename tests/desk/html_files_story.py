@@ -110,7 +110,12 @@ class HtmlFiles(HtmlStory):
         reader = self.reader()
         reader.start(path)
         wait_for(lambda: "Long" in reader.title(), "the title", 200)
-        reader.key("Next", "Next")
+        first = reader.picture()
+
+        def turned():
+            reader.key("Next")
+            return not reader.picture().looks_like(first)
+        wait_for(turned, "the next page", 100)
         reader.close()
         self.assertGreater(self.book_record(reader, path)["LastPos"], 0)
 

@@ -34,10 +34,24 @@ void FreeCounted(void* pointer) {
     std::free(block);
 }
 
+void* AllocateOrNull(std::size_t size) noexcept {
+    try {
+        return AllocateCounted(size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
 } // namespace
 
 void* operator new(std::size_t size) {
     return AllocateCounted(size);
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return AllocateOrNull(size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+    return AllocateOrNull(size);
 }
 void* operator new[](std::size_t size) {
     return AllocateCounted(size);

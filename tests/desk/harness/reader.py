@@ -122,7 +122,7 @@ class Reader:
 
     def messages(self):
         with open(os.path.join(self.folder, "messages.log"), errors="replace") as file:
-            return file.read()
+            return file.read().replace(ENGINE_NOISE, "").strip()
 
     def opened(self):
         """What was handed to the desktop's opener so far."""
