@@ -26,7 +26,7 @@ class Profiles(Story):
 
     def open_by_dialog(self, path):
         dialog = Dialog(self.program, "Open File", "ctrl+o")
-        dialog.type(path)
+        dialog.type(shown_path(path))
         dialog.close()
         self.wait_for_title(f"Norvaset [BoDerek] - {shown_path(path)}")
 
