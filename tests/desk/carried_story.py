@@ -1,0 +1,99 @@
+"""A data file carried from one system to the other and back: the books open at the same character."""
+import os
+import re
+import shutil
+import signal
+import subprocess
+
+from harness import books
+from harness.story import Story, main
+from harness.wait import wait_for
+from harness.wine import ON_WINE
+
+LINUX_PROGRAM = os.environ.get("LINUX_PROGRAM", "")
+LONGEST_LINE = 200  # characters of a line on either system
+
+
+class Carried(Story):
+    def setUp(self):
+        if not ON_WINE or not os.access(LINUX_PROGRAM, os.X_OK):
+            self.skipTest("the programs of both systems are not built")
+        self.windows = self.reader()
+        self.linux = os.path.join(self.windows.folder, "Norvaset")
+        shutil.copy(LINUX_PROGRAM, self.linux)
+
+    def place(self, path):
+        """Of the only record, which must be this book's."""
+        (record,) = self.windows.data().records()
+        self.assertIn(os.path.basename(path), record["Path"])
+        return record["LastPos"]
+
+    def carry(self, path, to_linux):
+        """The same book lies somewhere else on the other system."""
+        names = [path, "Z:" + path.replace("/", "\\")]
+        old, new = reversed(names) if to_linux else names
+        data = self.windows.data_bytes()
+        self.assertIn(old.encode(), data)
+        with open(self.windows.data_path, "wb") as file:
+            file.write(data.replace(old.encode(), new.encode()))
+
+    def on_linux(self, path, pages):
+        environment = self.screen.environment | {
+            "HOME": self.windows.home, "XDG_RUNTIME_DIR": self.windows.runtime}
+        process = subprocess.Popen([self.linux], env=environment, stdin=subprocess.DEVNULL,
+                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        try:
+            def window():
+                return self.screen.xdotool("search", "--onlyvisible", "--all", "--pid",
+                                           process.pid, "--name",
+                                           re.sub(r"\W", ".", os.path.basename(path))).strip()
+            found = wait_for(window, "the window on Linux").split()[0]
+            wait_for(lambda: self.screen.xdotool("getactivewindow").strip() == found,
+                     "the window to be active")
+            if pages:
+                self.screen.xdotool("key", "--delay", 50, *["Next"] * pages)
+        finally:
+            process.send_signal(signal.SIGTERM)
+            process.wait(30)
+
+    def to_and_fro(self, path, slack):
+        self.windows.start(path)
+        self.windows.wait_for_book(path)
+        self.windows.press("Next", 4)
+        self.windows.close()
+        place = self.place(path)
+        self.assertGreater(place, 0)
+
+        self.carry(path, to_linux=True)
+        self.on_linux(path, pages=0)
+        self.assert_same(self.place(path), place, slack)
+        self.on_linux(path, pages=4)
+        further = self.place(path)
+        self.assertGreater(further, place)
+
+        self.carry(path, to_linux=False)
+        self.windows.start()
+        self.windows.wait_for_book(path)
+        self.windows.close()
+        self.assert_same(self.place(path), further, slack)
+
+    def assert_same(self, now, place, slack):
+        """The line on top holds the place; where lines break elsewhere it begins before it."""
+        self.assertLessEqual(now, place)
+        self.assertGreaterEqual(now, place - slack)
+
+    def test_plain_text(self):
+        path = books.write_book(self.path("lanterns.txt"), books.lines("latin", 2000))
+        self.to_and_fro(path, 0)
+
+    def test_rich_text(self):
+        path = books.write_rtf_book(self.path("lanterns.rtf"), books.lines("latin", 1000))
+        self.to_and_fro(path, 0)
+
+    def test_real_rich_text(self):
+        name = "rtf/Essays, a chapter with pictures and tables (word processor).rtf"
+        self.to_and_fro(self.real_book(name), LONGEST_LINE)
+
+
+if __name__ == "__main__":
+    main()
