@@ -2,7 +2,7 @@
 
 #include "platform/windows/win_text.h"
 
-std::vector<std::u16string> TakeDroppedFiles(HDROP drop) {
+std::vector<std::u16string> DroppedFiles(HDROP drop) {
     std::vector<std::u16string> paths;
     const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
     for (UINT i = 0; i < count; ++i) {
@@ -10,6 +10,11 @@ std::vector<std::u16string> TakeDroppedFiles(HDROP drop) {
         DragQueryFileW(drop, i, path.data(), static_cast<UINT>(path.size()) + 1);
         paths.push_back(FromWide(path));
     }
+    return paths;
+}
+
+std::vector<std::u16string> TakeDroppedFiles(HDROP drop) {
+    std::vector<std::u16string> paths = DroppedFiles(drop);
     DragFinish(drop);
     return paths;
 }

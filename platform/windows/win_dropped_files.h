@@ -8,4 +8,5 @@
 #include <string>
 #include <vector>
 
-std::vector<std::u16string> TakeDroppedFiles(HDROP); // full paths in their order; ends the drop
+std::vector<std::u16string> DroppedFiles(HDROP);     // full paths in their order
+std::vector<std::u16string> TakeDroppedFiles(HDROP); // and ends the drop

@@ -27,6 +27,15 @@ bool CanOpenMenu(HWND frame) {
     return IsWindowEnabled(frame) && !(thread.flags & GUI_INMENUMODE);
 }
 
+// A menu that a shortcut with Ctrl has opened takes no key for one with Ctrl.
+void ForgetHeldCtrl() {
+    BYTE keys[256];
+    if (!GetKeyboardState(keys)) return;
+    for (const int key : {VK_CONTROL, VK_LCONTROL, VK_RCONTROL})
+        keys[key] = static_cast<BYTE>(keys[key] & 0x7F);
+    SetKeyboardState(keys);
+}
+
 } // namespace
 
 WinMenuBar::WinMenuBar(HWND frame, std::function<POINT()> contextPoint)
@@ -97,15 +106,6 @@ void WinMenuBar::ShowContextMenu(const std::vector<MenuArray*>& items) {
     contextAt_ = contextPoint_();
     NotifyByPosition(contextMenu_);
     PostMessageW(frame_, openContextMenuMessage, 0, 0);
-}
-
-// A menu that a shortcut with Ctrl has opened takes no key for one with Ctrl.
-static void ForgetHeldCtrl() {
-    BYTE keys[256];
-    if (!GetKeyboardState(keys)) return;
-    for (const int key : {VK_CONTROL, VK_LCONTROL, VK_RCONTROL})
-        keys[key] = static_cast<BYTE>(keys[key] & 0x7F);
-    SetKeyboardState(keys);
 }
 
 // By its access key, which every top-level menu has: so its neighbours can be reached from it.

@@ -1,6 +1,6 @@
 #include "platform/windows/html_view/page_drop_target.h"
 
-#include "platform/windows/win_text.h"
+#include "platform/windows/win_dropped_files.h"
 
 #include <shellapi.h>
 
@@ -15,13 +15,7 @@ std::vector<std::u16string> PathsIn(IDataObject* data) {
     FORMATETC format = FileList();
     STGMEDIUM medium = {};
     if (!data || FAILED(data->GetData(&format, &medium))) return paths;
-    const auto drop = static_cast<HDROP>(medium.hGlobal);
-    const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
-    for (UINT i = 0; i < count; ++i) {
-        std::wstring path(DragQueryFileW(drop, i, nullptr, 0), L'\0');
-        DragQueryFileW(drop, i, path.data(), static_cast<UINT>(path.size()) + 1);
-        paths.push_back(FromWide(path));
-    }
+    paths = DroppedFiles(static_cast<HDROP>(medium.hGlobal));
     ReleaseStgMedium(&medium);
     return paths;
 }

@@ -1,7 +1,7 @@
 #include "platform/windows/text_view/text_input.h"
 
 #include "platform/windows/text_view/text_keys.h"
-#include "platform/windows/win_text.h"
+#include "platform/windows/win_dropped_files.h"
 
 #include <commctrl.h>
 #include <ole2.h>
@@ -13,18 +13,6 @@
 namespace {
 constexpr UINT_PTR subclassId = 1;
 constexpr UINT fillDue = WM_APP + 0x51; // the control has none of its own there
-
-std::vector<std::u16string> PathsOf(HDROP drop) {
-    std::vector<std::u16string> paths;
-    const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
-    for (UINT i = 0; i < count; ++i) {
-        std::wstring path(DragQueryFileW(drop, i, nullptr, 0) + std::size_t(1), L'\0');
-        path.resize(DragQueryFileW(drop, i, path.data(), static_cast<UINT>(path.size())));
-        paths.push_back(FromWide(path));
-    }
-    DragFinish(drop);
-    return paths;
-}
 
 // Below the caret, within the control.
 POINT CaretPoint(HWND window) {
@@ -71,7 +59,7 @@ bool Take(TextInputEvents& events, HWND window, UINT message, WPARAM wParam, LPA
     case WM_RBUTTONUP: RightClick(events, window, lParam); return true;
     case WM_CONTEXTMENU: AskForContextMenu(events, window, lParam); return true;
     case WM_DROPFILES: {
-        const auto paths = PathsOf(reinterpret_cast<HDROP>(wParam));
+        const auto paths = TakeDroppedFiles(reinterpret_cast<HDROP>(wParam));
         if (events.onFilesDropped) events.onFilesDropped(paths);
         return true;
     }
