@@ -1,5 +1,6 @@
 #include "platform/qt/qt_window.h"
 
+#include "platform/qt/accessible_parts.h"
 #include "platform/qt/handler.h"
 #include "platform/qt/key_codes.h"
 #include "platform/qt/qt_text.h"
@@ -38,6 +39,7 @@ int Extent(int asked, int frame) {
 QtWindow::QtWindow()
     : inner_(new QWidget(this)), panel_(new QFrame(inner_)), views_(new QWidget(panel_)),
       exitSignals_([this] { CloseFromSystem(); }) {
+    InstallAccessibleParts();
     panel_->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     settling_.setSingleShot(true);
     settling_.callOnTimeout([this] { Settle(); });
