@@ -79,7 +79,7 @@ bool BecomesSeen() {
     return seen > 0;
 }
 
-// A text of one and a half milliard units that nobody holds: the number of each line is in it.
+// A text of 1,500 million units that nobody holds: the number of each line is in it.
 class EndlessText : public TextSource {
   public:
     static constexpr TextPos lineLength = 64, pieceUnits = 64 * 1024;

@@ -15,6 +15,8 @@ BESIDE = ("Norvaset.hlp", "norvaset-web.so")  # what a program has beside it, on
 NOBODY = 65534
 # What the engine for pages says on a screen without a graphics card, on some of its starts.
 ENGINE_NOISE = "No suitable graphics backend found\n"
+# And Qt, of a key, when a screen reader's bus takes longer than a tenth of a second.
+KEY_NOISE = re.compile(r"^QSpiApplication::keyEventError .*\n", re.MULTILINE)
 
 
 class Reader:
@@ -122,7 +124,7 @@ class Reader:
 
     def messages(self):
         with open(os.path.join(self.folder, "messages.log"), errors="replace") as file:
-            return file.read().replace(ENGINE_NOISE, "").strip()
+            return KEY_NOISE.sub("", file.read()).replace(ENGINE_NOISE, "").strip()
 
     def opened(self):
         """What was handed to the desktop's opener so far."""
