@@ -128,3 +128,38 @@ TEST_CASE("qt window: a shortcut arrives once, whatever the keyboard's layout") 
     press(Qt::Key_C, placeOfComma); // a Latin layout with other places
     CHECK(keys == std::vector<std::pair<int, int>>(4, {'C', CtrlKey}));
 }
+
+TEST_CASE("qt menu bar: the keyboard goes back to the view, and only the bar's keys are its own") {
+    Bench bench;
+    std::vector<int> told;
+    WindowEvents events;
+    events.onKeyDown = [&](int code, int) { told.push_back(code); };
+    bench.window.SetEvents(events);
+    QWidget view(bench.window.InnerArea());
+    view.setFocusPolicy(Qt::StrongFocus);
+    view.show();
+    QApplication::processEvents(); // the window becomes the active one
+    auto* bar = bench.window.findChild<QMenuBar*>();
+    const auto pressInBar = [&](int key, Qt::KeyboardModifiers modifiers) {
+        view.setFocus();
+        bar->setFocus(Qt::MenuBarFocusReason);
+        REQUIRE(bar->hasFocus());
+        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(type, key, modifiers);
+            QApplication::sendEvent(bench.window.windowHandle(), &event);
+        }
+    };
+    pressInBar(Qt::Key_PageDown, Qt::NoModifier);
+    CHECK(view.hasFocus());
+    pressInBar(Qt::Key_Plus, Qt::ControlModifier);
+    CHECK(view.hasFocus());
+    CHECK(told == std::vector<int>{34, 187});
+
+    // As after Alt and a letter in the bar itself: Qt takes that for the place to go back to.
+    for (int i = 0; i < 2; ++i) {
+        pressInBar(Qt::Key_Escape, Qt::NoModifier);
+        QApplication::processEvents();
+        CHECK(view.hasFocus());
+    }
+    CHECK(told.size() == 2);
+}

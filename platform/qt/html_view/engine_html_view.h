@@ -7,6 +7,7 @@
 #include "platform/qt/html_view/zoom_ladder.h"
 
 #include <QDeadlineTimer>
+#include <QEventLoop>
 #include <QObject>
 #include <QPointer>
 
@@ -14,7 +15,6 @@
 
 class PageCalls;
 class PageWidget;
-class QEventLoop;
 class QVariant;
 class QWebEngineProfile;
 class QWidget;
@@ -80,7 +80,8 @@ class EngineHtmlView final : public QObject, public HtmlView {
     void Refresh();
     void TakeState(const QVariant& state);
     std::optional<QVariant> Ask(const QString& expression,
-                                QDeadlineTimer end = QDeadlineTimer(longestPageWait));
+                                QDeadlineTimer end = QDeadlineTimer(longestPageWait),
+                                QEventLoop::ProcessEventsFlags = QEventLoop::AllEvents);
     bool FetchText(QDeadlineTimer end);
     void EndWait();
 
