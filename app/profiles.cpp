@@ -47,6 +47,7 @@ int LoadHistory(MainForm& form) {
 // One reader's book does not stay on the screen of another.
 void ShowNoBook(MainForm& form) {
     LeavePage(form);
+    form.shownPath = u"";
     form.ports.textView->LoadPlainText(u"");
     form.ports.menuBar->Refresh(); // no bookmarks without a book
     UpdateWindowTitle(form);

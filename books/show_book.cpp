@@ -106,6 +106,7 @@ void mFileList_Click(MainForm& form, int index) {
     if (!form.ProfileChanging && !form.Refreshing) SaveHistoryList(form);
     MenuTree& menu = form.menu;
     menu.mFileList[0].checked = false; // so that a book that memory does not hold keeps its record
+    form.shownPath = u"";
     menu.mBookmark[0].enabled = true;
     const BookRecord record = BookRecord::Parse(menu.mFileList[0].tag);
     menu.mFileEdit[0].tag = record[Field::Filter];
@@ -114,6 +115,7 @@ void mFileList_Click(MainForm& form, int index) {
     else
         ShowInTextView(form, record, std::move(*content));
     menu.mFileList[0].checked = true;
+    form.shownPath = record.Path();
     UpdateWindowTitle(form);
     LoadFindHistory(form);
     LoadBookmarks(form, record[Field::Marks]);

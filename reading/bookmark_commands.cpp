@@ -79,7 +79,7 @@ void GoKeepingLast(MainForm& form, int index) {
 void mBookmark_Click(MainForm& form, int) {
     MenuTree& menu = form.menu;
     const int count = menu.mBookmarkList.Count(), current = CurrentBookmark(form);
-    menu.mBookmarkNew[0].enabled = IsBookShown(form) && CanDefine(form);
+    menu.mBookmarkNew[0].enabled = IsShownBookListed(form) && CanDefine(form);
     menu.mBookmarkDelete[0].enabled = menu.mBookmarkClearAll[0].enabled =
         menu.mBookmarkList[0].visible;
     menu.mBookmarkNext[0].enabled = InRange(current, 0, count - 2, true);
