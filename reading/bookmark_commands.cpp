@@ -21,8 +21,9 @@ TextPos StartOf(const MenuItem& item) {
     return WholeNumber(item.tag.substr(0, item.tag.find(u',')));
 }
 
+// The one last gone to; the first when there is none, also in a book just opened (its tag is -1).
 int CurrentBookmark(const MainForm& form) {
-    return WholeNumber(form.menu.mBookmark[0].tag);
+    return std::max(WholeNumber(form.menu.mBookmark[0].tag), 0);
 }
 
 void ClearChecks(MenuArray& list) {

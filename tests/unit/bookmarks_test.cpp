@@ -80,7 +80,12 @@ TEST_CASE("bookmarks: next counts from 0 when there is no current one") {
     Reading test;
     test.Define(100);
     test.Define(200);
-    test.Menu().mBookmark[0].tag = u"";
+    SUBCASE("in a book just opened") {
+        CHECK(test.Menu().mBookmark[0].tag == u"-1");
+    }
+    SUBCASE("after it was let go of") {
+        test.Menu().mBookmark[0].tag = u"";
+    }
     test.Menus().Open(test.Menu().mBookmark);
     CHECK(test.Menu().mBookmarkNext[0].enabled);
     CHECK_FALSE(test.Menu().mBookmarkPrev[0].enabled);
