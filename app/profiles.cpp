@@ -47,7 +47,6 @@ int LoadHistory(MainForm& form) {
 // One reader's book does not stay on the screen of another.
 void ShowNoBook(MainForm& form) {
     LeavePage(form);
-    form.shownPath = u"";
     form.ports.textView->LoadPlainText(u"");
     form.ports.menuBar->Refresh(); // no bookmarks without a book
     UpdateWindowTitle(form);
@@ -61,6 +60,7 @@ void SwitchTo(MainForm& form, int index) {
     RestorePlacement(form);
     LoadProfileOptions(form);
     form.menu.mBookmark[0].enabled = false;
+    form.shownPath = u""; // what the view shows is another reader's
     const int book = LoadHistory(form);
     if (book >= 0) mFileList_Click(form, book);
     if (!IsBookShown(form)) ShowNoBook(form);

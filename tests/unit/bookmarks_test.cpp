@@ -125,6 +125,21 @@ TEST_CASE("bookmarks: the last unmarked position is the one before the last jump
     CHECK_FALSE(test.Menu().mBookmarkList[0].checked);
 }
 
+TEST_CASE("bookmarks: the last unmarked position is one of the shown book") {
+    Reading test;
+    test.PutBook(u"/b/b.txt", NumberedLines(300));
+    test.Define(500);
+    test.Choose(test.Menu().mBookmarkList);
+    const std::u16string last = test.Menu().mBookmarkLast[0].tag;
+    CHECK(last != u"");
+    test.Menus().Open(test.Menu().mView);
+    test.Menus().Click(test.Menu().mViewRefresh);
+    CHECK(test.Menu().mBookmarkLast[0].tag == last);
+    OpenBook(test.form, u"/b/b.txt", -1);
+    test.Menus().Open(test.Menu().mBookmark);
+    CHECK_FALSE(test.Menu().mBookmarkLast[0].enabled);
+}
+
 TEST_CASE("bookmarks: deleting the only one hides item and separator") {
     Reading test;
     test.Define(100);
