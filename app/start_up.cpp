@@ -73,6 +73,7 @@ bool Form_Load(MainForm& form) {
     form.DataFilePath = ResolveDataFilePath(*form.ports.files, launch);
     if (!form.ports.shell->BecomeOnlyInstance(form.DataFilePath)) return false;
     form.started = true;
+    TakeOverDataFile(form);
     form.dataFile = OpenDataFile(form);
     {
         // A flush to the disk can take as long as all the rest: one for what start-up writes.

@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr std::uint64_t LargestFile =
-    256u << 20; // bytes; far above any history, far below a memory's end
 constexpr std::size_t LongestString = 32766, LongestNumber = 254; // UTF-16 units
 constexpr int OneAsFixed = 10000;                                 // four decimals
 
@@ -78,7 +76,7 @@ void IniFile::Refresh() {
     const auto version = files_.Version(path_);
     if (version && version == version_) return;
     std::string bytes;
-    status_ = files_.Read(path_, LargestFile, bytes);
+    status_ = files_.Read(path_, largestDataFile, bytes);
     version_ = status_ == ReadStatus::Ok ? version : std::nullopt;
     content_ = ProfileFile::Parse(bytes, ansiCodePage_, decoder_);
 }
