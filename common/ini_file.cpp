@@ -1,6 +1,7 @@
 #include "common/ini_file.h"
 
 #include "common/text.h"
+#include "common/utf.h"
 
 #include <algorithm>
 #include <cmath>
@@ -40,8 +41,7 @@ std::u16string FixedText(std::int64_t fixed) {
 
 std::u16string CutTo(std::u16string text, std::size_t length) {
     if (text.size() <= length) return text;
-    const bool splitsPair =
-        (text[length - 1] & 0xFC00) == 0xD800 && (text[length] & 0xFC00) == 0xDC00;
+    const bool splitsPair = IsHighSurrogate(text[length - 1]) && IsLowSurrogate(text[length]);
     text.resize(splitsPair ? length - 1 : length);
     return text;
 }
