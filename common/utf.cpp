@@ -35,13 +35,6 @@ char32_t SequenceValue(const unsigned char* at, int length) {
     }
 }
 
-bool IsHighSurrogate(char16_t unit) {
-    return (unit & 0xFC00) == 0xD800;
-}
-bool IsLowSurrogate(char16_t unit) {
-    return (unit & 0xFC00) == 0xDC00;
-}
-
 void AppendUtf8(char32_t value, std::string& bytes) {
     const auto put = [&](char32_t byte) { bytes += static_cast<char>(byte); };
     if (value < 0x80) {

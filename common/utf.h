@@ -5,6 +5,20 @@
 #include <string>
 #include <string_view>
 
+// A character above U+FFFF is a pair of units, a high and a low one.
+constexpr bool IsHighSurrogate(char16_t unit) {
+    return (unit & 0xFC00) == 0xD800;
+}
+constexpr bool IsLowSurrogate(char16_t unit) {
+    return (unit & 0xFC00) == 0xDC00;
+}
+constexpr char16_t HighSurrogateOf(char32_t character) {
+    return static_cast<char16_t>(0xD7C0 + (character >> 10));
+}
+constexpr char16_t LowSurrogateOf(char32_t character) {
+    return static_cast<char16_t>(0xDC00 + (character & 0x3FF));
+}
+
 // The length in bytes of the longest valid beginning: no surrogates, no overlong forms, at most
 // U+10FFFF.
 std::size_t ValidUtf8Length(std::string_view bytes);

@@ -1,6 +1,7 @@
 #include "platform/windows/text_view/win_text_view.h"
 
 #include "common/find_text.h"
+#include "common/line_ends.h"
 #include "formats/rtf_reader.h"
 #include "formats/rtf_writer.h"
 #include "platform/windows/text_view/control_text.h"
