@@ -13,8 +13,14 @@ from harness.wine import ON_WINE, PROGRAM, end_prefix, make_prefix, shown_path, 
 
 BESIDE = ("Norvaset.hlp", "norvaset-web.so")  # what a program has beside it, on some systems
 NOBODY = 65534
-# What the engine for pages says on a screen without a graphics card, on some of its starts.
-ENGINE_NOISE = "No suitable graphics backend found\n"
+NOISE = (
+    # The engine for pages, on a screen without a graphics card, on some of its starts.
+    "No suitable graphics backend found",
+    # Qt, for a menu that opens again before the X server has told it that it was closed.
+    "QXcbWindow::setNetWmStateOnUnmappedWindow() called on mapped window",
+    # Wine's dialog of files, for a drive that is a folder.
+    "wine: Read access denied for device",
+)
 
 
 class Reader:
@@ -122,7 +128,8 @@ class Reader:
 
     def messages(self):
         with open(os.path.join(self.folder, "messages.log"), errors="replace") as file:
-            return file.read().replace(ENGINE_NOISE, "").strip()
+            lines = [line for line in file if not any(noise in line for noise in NOISE)]
+        return "".join(lines).strip()
 
     def opened(self):
         """What was handed to the desktop's opener so far."""
