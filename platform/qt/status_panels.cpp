@@ -32,7 +32,9 @@ void StatusPanels::SetPanels(const std::vector<StatusPanel>& panels) {
 
 void StatusPanels::RenewDate() {
     const QString today = QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat);
-    if (std::exchange(date_, today) != today) update();
+    if (std::exchange(date_, today) == today) return;
+    setAccessibleName(date_);
+    update();
 }
 
 int StatusPanels::PanelWidth(const StatusPanel& panel) const {

@@ -119,6 +119,21 @@ TEST_CASE("title: the caption, where it is wanted and can be shown, else the pat
     CHECK(TitleFor(shortRecord, "/b/a.txt=1") == u"Norvaset [Anna] - /b/a.txt");
 }
 
+TEST_CASE("title: the text is called by its caption, in any script, else by the name of its file") {
+    TestForm captioned;
+    TitleFor(captioned, "/b/a.txt=1=0=Serif=12=204=0=0=0=0=1=0=0=0=0=9= A &#233;tude =");
+    CHECK(captioned.View().Name() == u"A \u00E9tude");
+    CheckRadioItem(0, captioned.Menu().mOptionsTitle);
+    UpdateWindowTitle(captioned.form);
+    CHECK(captioned.View().Name() == u"A \u00E9tude");
+    TestForm none;
+    TitleFor(none, "/b/a.txt=1");
+    CHECK(none.View().Name() == u"a.txt");
+    TestForm noBook;
+    REQUIRE(noBook.Start());
+    CHECK(noBook.View().Name() == u"");
+}
+
 TEST_CASE("options: an editor is described by its version information, else by its name") {
     TestForm test;
     test.PutDataFile(

@@ -18,6 +18,8 @@ NOISE = (
     "No suitable graphics backend found",
     # Qt, for a menu that opens again before the X server has told it that it was closed.
     "QXcbWindow::setNetWmStateOnUnmappedWindow() called on mapped window",
+    # And of a key, when a screen reader's bus takes longer than a tenth of a second.
+    "QSpiApplication::keyEventError",
     # Wine's dialog of files, for a drive that is a folder.
     "wine: Read access denied for device",
 )
