@@ -70,7 +70,7 @@ TEST_CASE("html layout: the place asked for is kept whatever the zoom, also over
     });
 }
 
-TEST_CASE("html layout: the close of the window finds what was ordered done") {
+TEST_CASE("html layout: what was ordered is done when the window closes") {
     OnEachBackEnd([](PageTest& test) {
         test.Open(LongParagraphs(3000), noMargins);
         ScrollToMiddle(test);
