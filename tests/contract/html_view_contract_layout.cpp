@@ -54,6 +54,20 @@ TEST_CASE("html layout: at its start a page stays there when it is zoomed") {
     });
 }
 
+TEST_CASE("html layout: a page comes at normal size, whatever was pressed while it loaded") {
+    OnEachBackEnd([](PageTest& test) {
+        test.Navigate(test.Write("page.htm", NumberedLines(200)));
+        test.view.SendZoomKey(true);
+        test.bench.Press(187, 2); // Ctrl and "+"
+        test.view.SendZoomKey(true);
+        REQUIRE(test.WaitFor([&] { return !test.loaded.empty(); }));
+        test.Settle();
+        CHECK(test.view.ViewHeight() == 400);
+        test.view.SendZoomKey(true); // one step from normal
+        CHECK(test.WaitFor([&] { return std::abs(test.view.ViewHeight() - 400 / 1.1) <= 1; }));
+    });
+}
+
 TEST_CASE("html layout: the place asked for is kept whatever the zoom, also over and over") {
     OnEachBackEnd([](PageTest& test) {
         for (int larger = 0; larger < 5; ++larger) {
@@ -70,7 +84,7 @@ TEST_CASE("html layout: the place asked for is kept whatever the zoom, also over
     });
 }
 
-TEST_CASE("html layout: the close of the window finds what was ordered done") {
+TEST_CASE("html layout: what was ordered is done when the window closes") {
     OnEachBackEnd([](PageTest& test) {
         test.Open(LongParagraphs(3000), noMargins);
         ScrollToMiddle(test);

@@ -15,10 +15,7 @@ constexpr wchar_t notLoaded[] = L"This book cannot be loaded.";
 } // namespace
 
 WinHtmlView::WinHtmlView(HWND parent, BrowserFactory make)
-    : make_(std::move(make)), window_(parent, {[this] {
-                                                   if (control_) control_->FitWindow();
-                                               },
-                                               [this] { TakeKeyboard(); },
+    : make_(std::move(make)), window_(parent, {[this] { FitWindow(); }, [this] { TakeKeyboard(); },
                                                [this] { LoseControl(); }, [this] { RunPosted(); }}),
       inner_(*this) {}
 
@@ -65,6 +62,7 @@ void WinHtmlView::LeavePage() {
     load_ = Load::None;
     inner_.Detach();
     document_ = {};
+    heldPlace_ = {};
     kept_ = {};
     url_.clear();
 }
@@ -85,6 +83,7 @@ void WinHtmlView::LoseControl() {
     load_ = Load::None;
     inner_.Detach();
     document_ = {};
+    heldPlace_ = {};
     kept_.measured = {};
     control_.reset();
 }

@@ -4,6 +4,7 @@
 #include "platform/html_view.h"
 #include "platform/windows/html_view/browser_control.h"
 #include "platform/windows/html_view/engine_settings.h"
+#include "platform/windows/html_view/held_place.h"
 #include "platform/windows/html_view/inner_window.h"
 #include "platform/windows/html_view/page_document.h"
 #include "platform/windows/html_view/page_text.h"
@@ -85,6 +86,8 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     bool OpenControl();
     void LoseControl();
     void TakeKeyboard();
+    void LayOutAnew(const std::function<void()>& change); // the line at the top stays there
+    void FitWindow();
     void ScrollIntoView(TextPos start);
     void TakePage(const std::wstring& url);
     void ShowMenu(POINT);
@@ -109,6 +112,8 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     int page_ = 0;
     Load load_ = Load::None;
     PageZoom zoom_;
+    int zoomPercent_ = 0; // that the control was given last
     PageDocument document_;
+    HeldPlace heldPlace_;
     mutable Kept kept_;
 };
