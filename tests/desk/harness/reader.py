@@ -230,6 +230,7 @@ class Reader:
         """Chooses the history item `index` of `count` from the File menu, from its lower end."""
         self.open_menu("f")
         self.key(*["Up"] * (1 + count - index), "Return")
+        wait_for(lambda: not self.popups(), "the menu to close")
 
     def wait_for_message(self):
         return wait_for(self.message_box, "a message box")
