@@ -51,10 +51,11 @@ class Reader:
     def _make_opener(self):
         """In place of the desktop's: it only writes down what it was to open."""
         self.opened_path = os.path.join(self.home, "opened")
-        opener = os.path.join(self.tools, "xdg-open")
-        with open(opener, "w", encoding="ascii") as file:
-            file.write(f'#!/bin/sh\nprintf "%s\\n" "$@" >> {self.opened_path}\n')
-        os.chmod(opener, 0o755)
+        for name in ("xdg-open", "xdg-email"):  # Wine has its own for mail
+            opener = os.path.join(self.tools, name)
+            with open(opener, "w", encoding="ascii") as file:
+                file.write(f'#!/bin/sh\nprintf "%s\\n" "$@" >> {self.opened_path}\n')
+            os.chmod(opener, 0o755)
 
     # Starting and ending
 
