@@ -1,4 +1,5 @@
 """The program under test, driven as a person does: by keys, files and the window manager."""
+import glob
 import os
 import re
 import shutil
@@ -9,7 +10,8 @@ from harness.data_file import DataFile
 from harness.picture import grab
 from harness.screen import is_asleep
 from harness.wait import wait_for
-from harness.wine import ON_WINE, PROGRAM, end_prefix, make_prefix, shown_path, wine_environment
+from harness.wine import (ON_WINE, PROGRAM, end_prefix, give_prefix, make_prefix, shown_path,
+                          wine_environment)
 
 BESIDE = ("Norvaset.hlp", "norvaset-web.so")  # what a program has beside it, on some systems
 NOBODY = 65534
@@ -49,14 +51,17 @@ class Reader:
         if as_nobody:
             for path in (folder, self.home, self.runtime):
                 os.chown(path, NOBODY, NOBODY)
+            if ON_WINE:
+                give_prefix(self.prefix, NOBODY)
 
     def _make_opener(self):
         """In place of the desktop's: it only writes down what it was to open."""
         self.opened_path = os.path.join(self.home, "opened")
-        opener = os.path.join(self.tools, "xdg-open")
-        with open(opener, "w", encoding="ascii") as file:
-            file.write(f'#!/bin/sh\nprintf "%s\\n" "$@" >> {self.opened_path}\n')
-        os.chmod(opener, 0o755)
+        for name in ("xdg-open", "xdg-email"):  # Wine has its own for mail
+            opener = os.path.join(self.tools, name)
+            with open(opener, "w", encoding="ascii") as file:
+                file.write(f'#!/bin/sh\nprintf "%s\\n" "$@" >> {self.opened_path}\n')
+            os.chmod(opener, 0o755)
 
     # Starting and ending
 
@@ -154,6 +159,11 @@ class Reader:
     def main_window(self):
         return next(iter(self.windows("--name", r"^Norvaset \[")), None)
 
+    def hidden_window(self):
+        """The main window, be it on the screen or not."""
+        return self.screen.xdotool("search", "--all", "--pid", self.process.pid, "--name",
+                                   r"^Norvaset \[").strip()
+
     def message_box(self):
         return next(iter(self.windows("--name", "^Norvaset Message$")), None)
 
@@ -232,6 +242,7 @@ class Reader:
         """Chooses the history item `index` of `count` from the File menu, from its lower end."""
         self.open_menu("f")
         self.key(*["Up"] * (1 + count - index), "Return")
+        wait_for(lambda: not self.popups(), "the menu to close")
 
     def wait_for_message(self):
         return wait_for(self.message_box, "a message box")
@@ -243,6 +254,14 @@ class Reader:
         wait_for(lambda: not self.message_box(), "the message box to close")
 
     # What is to be seen and read
+
+    def user_data_path(self):
+        """The data file of a reader who may not write into the program's folder."""
+        if not ON_WINE:
+            return os.path.join(self.home, "share/Norvaset/Norvaset.dat")
+        users = os.path.join(self.prefix, "drive_c/users")
+        (found,) = glob.glob(users + "/*/AppData/Roaming/Norvaset/Norvaset.dat")
+        return found
 
     def picture(self):
         return wait_for(lambda: grab(self.screen, self.window), "a picture of the window")
