@@ -32,6 +32,7 @@ class Reader:
         """A copy of the program in `folder`, so that its data file lies there, too."""
         self.screen, self.folder, self.as_nobody = screen, folder, as_nobody
         self.process = self.window = None
+        self.variables = {}  # of the program's environment, over the usual ones
         self.program = os.path.join(folder, os.path.basename(PROGRAM))
         self.data_path = os.path.join(folder, "Norvaset.dat")
         self.prefix = os.path.join(folder, "wine")
@@ -75,7 +76,7 @@ class Reader:
             command = [shutil.which("setpriv"), *ids, *command]
         environment = self.screen.environment | {
             "PATH": self.tools + (os.pathsep + os.environ["PATH"] if ON_WINE else ""), "HOME": self.home, "XDG_RUNTIME_DIR": self.runtime,
-            "XDG_DATA_HOME": os.path.join(self.home, "share")} | wine_environment(self.prefix)
+            "XDG_DATA_HOME": os.path.join(self.home, "share")} | wine_environment(self.prefix) | self.variables
         with open(os.path.join(self.folder, "messages.log"), "ab") as messages:
             return subprocess.Popen(command, env=environment, cwd=self.home,
                                     stdin=subprocess.DEVNULL, stdout=messages, stderr=messages)
