@@ -14,7 +14,7 @@ namespace {
 bool ShowsFileName(const MainForm& form, const BookRecord& record) {
     const bool fileNameWanted = CheckedItem(form.menu.mOptionsTitle) == 0;
     const int codePage = CharsetToCodePage(form.viewFont.charset);
-    return record[Field::Title].empty() || fileNameWanted ||
+    return !IsShownBookListed(form) || record[Field::Title].empty() || fileNameWanted ||
            codePage != form.ports.locale->AnsiCodePage();
 }
 
@@ -31,7 +31,7 @@ void UpdateWindowTitle(MainForm& form) {
     if (IsBookShown(form)) {
         const BookRecord record = BookRecord::Parse(form.menu.mFileList[0].tag);
         title += u" - ";
-        title += ShowsFileName(form, record) ? record.Path()
+        title += ShowsFileName(form, record) ? form.shownPath
                                              : DecodeCharRefs(TrimBlanks(record[Field::Title]));
         spoken = SpokenName(form, record);
     }
