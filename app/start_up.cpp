@@ -46,7 +46,7 @@ void SetUpViews(MainForm& form) {
     form.ports.statusBar->SetPanels({{u"Common", PanelStyle::Text, true},
                                      {u"Pagination", PanelStyle::Text, false},
                                      {u"Date", PanelStyle::Date, false}});
-    form.ports.statusBar->SetHeight(18);
+    FitStatusBar(form);
     form.viewFont = form.ports.window->DefaultViewFont();
     form.viewFont.charset = CodePageToCharset(form.ports.locale->AnsiCodePage());
     form.ports.textView->SetFont(form.viewFont);

@@ -87,7 +87,8 @@ void BringToPlace(MainForm& form) {
 } // namespace
 
 void wbMain_DocumentComplete(MainForm& form, const std::u16string& url) {
-    if (url.empty() || url == u"http:///" || !IsPageShown(form) || form.page.restored) return;
+    const bool nothing = url.empty() || EqualIgnoringCase(url, u"http:///");
+    if (nothing || !IsPageShown(form) || form.page.restored) return;
     const bool listed = IsShownBookListed(form);
     if (listed) TakeDocumentIntoRecord(form);
     BringToPlace(form);

@@ -32,5 +32,8 @@ std::size_t Utf8CharacterEnd(std::string_view bytes, std::size_t place);
 // Each byte that is no part of a valid sequence becomes `replacement`.
 std::u16string Utf8ToUtf16(std::string_view bytes, char16_t replacement = u'\uFFFD');
 
+// The character at the start of a text that is not empty; a lone surrogate is itself.
+char32_t FirstCharacter(std::u16string_view text);
+
 // A lone surrogate becomes U+FFFD.
 std::string Utf16ToUtf8(std::u16string_view text);

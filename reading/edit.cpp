@@ -74,8 +74,9 @@ void mEditTitle_Click(MainForm& form, int) {
     const TextView& view = *form.ports.textView;
     const bool page = IsPageShown(form);
     const TextPos length = std::min(view.SelLength(), longestCaption);
-    const auto caption = OneLine(page ? form.ports.htmlView->SelectedText()
-                                      : view.TextRange(view.SelStart(), length));
+    const auto selected = page ? form.ports.htmlView->SelectedText().substr(0, longestCaption)
+                               : view.TextRange(view.SelStart(), length);
+    const auto caption = OneLine(selected);
     if (page && TrimBlanks(caption).empty()) return;
     BookRecord record = BookRecord::Parse(form.menu.mFileList[0].tag);
     record[Field::Title] = Replace(TrimBlanks(EncodeNonAscii(caption)), u"=", u"&#61;");

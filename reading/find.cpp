@@ -66,10 +66,11 @@ void SaveFindHistory(MainForm& form, const std::u16string& recordKey) {
 namespace {
 // What a search starts from; nothing when more is selected than anybody looks for.
 std::u16string SelectedText(MainForm& form) {
-    if (IsPageShown(form)) return form.ports.htmlView->SelectedText();
     const TextView& view = *form.ports.textView;
-    return view.SelLength() > longestSearch ? std::u16string()
-                                            : SelectedTextLogical(view, form.viewFont.charset);
+    HtmlView* page = IsPageShown(form) ? form.ports.htmlView.get() : nullptr;
+    const TextPos length = page ? page->Selection().span.length : view.SelLength();
+    if (length > longestSearch) return u"";
+    return page ? page->SelectedText() : SelectedTextLogical(view, form.viewFont.charset);
 }
 
 // To the end of the page only, and nothing is said when there is no further place.

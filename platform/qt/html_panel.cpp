@@ -14,6 +14,7 @@ HtmlPanel::HtmlPanel(QWidget* parent) : QWidget(parent), notice_(new QLabel(this
     setAcceptDrops(true);
     notice_->setAlignment(Qt::AlignCenter);
     notice_->setWordWrap(true);
+    notice_->setAutoFillBackground(true);
     notice_->hide();
     hide();
 }

@@ -2,12 +2,12 @@
 #include "common/find_text.h"
 #include "platform/qt/html_view/engine_html_view.h"
 #include "platform/qt/html_view/page_calls.h"
+#include "platform/qt/html_view/page_watch.h"
 #include "platform/qt/html_view/page_widget.h"
 #include "platform/qt/html_view/reader_page.h"
 #include "platform/qt/qt_text.h"
 
 #include <QEvent>
-#include <QEventLoop>
 #include <QTimer>
 #include <QVariant>
 
@@ -20,18 +20,25 @@ void EngineHtmlView::EndWait() {
     if (wait_) wait_->loop.quit();
 }
 
+// What is written down when the window closes is where the page is then: it may still be laying
+// itself out for a zoom, or scrolling for a key.
 bool EngineHtmlView::eventFilter(QObject*, QEvent* event) {
-    if (event->type() == QEvent::Close) EndWait();
+    if (event->type() != QEvent::Close) return false;
+    EndWait();
+    const auto state = Ask(QStringLiteral("state()"), QDeadlineTimer(longestPageWait),
+                           QEventLoop::ExcludeUserInputEvents);
+    if (state) TakeState(*state);
     return false;
 }
 
 // A question asked while another one waits ends that one, too.
-std::optional<QVariant> EngineHtmlView::Ask(const QString& expression, QDeadlineTimer end) {
+std::optional<QVariant> EngineHtmlView::Ask(const QString& expression, QDeadlineTimer end,
+                                            QEventLoop::ProcessEventsFlags events) {
     if (wait_) {
         EndWait();
         return std::nullopt;
     }
-    if (!kept_.body) return std::nullopt;
+    if (!CanCall() || watch_->IsSilent()) return std::nullopt;
     const auto wait = std::make_shared<Wait>();
     wait_ = wait.get();
     calls_->Call(expression, [weak = std::weak_ptr(wait)](const QVariant& answer) {
@@ -41,7 +48,7 @@ std::optional<QVariant> EngineHtmlView::Ask(const QString& expression, QDeadline
         waiting->loop.quit();
     });
     QTimer::singleShot(static_cast<int>(end.remainingTime()), &wait->loop, &QEventLoop::quit);
-    wait->loop.exec();
+    wait->loop.exec(events);
     wait_ = nullptr;
     TellJump();
     return wait->answer && wait->answer->isValid() ? wait->answer : std::nullopt;

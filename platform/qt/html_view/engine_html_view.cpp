@@ -5,6 +5,7 @@
 #include "platform/qt/html_view/engine_profile.h"
 #include "platform/qt/html_view/file_address.h"
 #include "platform/qt/html_view/page_calls.h"
+#include "platform/qt/html_view/page_watch.h"
 #include "platform/qt/html_view/page_widget.h"
 #include "platform/qt/html_view/printing.h"
 #include "platform/qt/html_view/reader_page.h"
@@ -45,6 +46,7 @@ void EngineHtmlView::MakePage() {
     if (!profile_) profile_ = MakeEngineProfile(guard_, ansiCodePage_);
     page_ = std::make_unique<ReaderPage>(profile_.get(), guard_);
     calls_ = std::make_unique<PageCalls>(*page_);
+    watch_ = std::make_unique<PageWatch>(*page_);
     widget_ = std::make_unique<PageWidget>(page_.get(), parent_);
     SetBounds(bounds_);
     SetVisible(visible_);
@@ -57,8 +59,12 @@ void EngineHtmlView::ConnectPage(int page) {
         if (done) Finished(page);
     });
     connect(
-        page_.get(), &QWebEnginePage::renderProcessTerminated, this, [this] { Gone(); },
+        page_.get(), &QWebEnginePage::renderProcessTerminated, this,
+        [this, dead = page_.get()] {
+            if (dead == page_.get()) Gone(); // it may have been left meanwhile
+        },
         Qt::QueuedConnection);
+    watch_->onChange = [this] { TellAnswering(); };
     // Within the page, which has not scrolled yet.
     connect(page_.get(), &QWebEnginePage::urlChanged, this, [this] {
         if (!kept_.body) return;
@@ -90,8 +96,10 @@ void EngineHtmlView::LeavePage() {
     if (!page_) return;
     page_->disconnect(this);
     focused_ = widget_->isAncestorOf(widget_->window()->focusWidget());
+    page_->EndProcess();
     widget_->hide();
     calls_.reset();
+    watch_.reset();
     widget_.release()->deleteLater();
     page_.release()->deleteLater();
 }
@@ -130,8 +138,14 @@ void EngineHtmlView::Gone() {
     const Kept last = kept_;
     LeavePage();
     kept_ = last;
-    kept_.body = false;
     CallHandler(onGone);
+}
+
+void EngineHtmlView::TellAnswering() {
+    const bool answers = !watch_->IsSilent();
+    if (!answers) EndWait();
+    widget_->SetDeaf(!answers); // else it would act on all the keys when it answers again
+    CallHandler(onAnswering, answers);
 }
 
 void EngineHtmlView::FollowLink(const QUrl& address) {
@@ -162,9 +176,8 @@ void EngineHtmlView::RunCommand(int command) {
 }
 
 void EngineHtmlView::Zoom(int steps) {
-    if (!page_) return;
+    if (!page_ || !kept_.body) return; // a page comes at normal size
     zoom_.Move(steps);
-    if (!kept_.body) return; // takes effect when the document is there
     calls_->SetZoom(zoom_.Factor(), widget_->devicePixelRatioF());
     Refresh();
 }

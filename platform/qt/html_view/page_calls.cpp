@@ -8,7 +8,7 @@
 #include <cmath>
 
 namespace {
-constexpr int longestZoom = 1000; // milliseconds; a page takes a few
+constexpr int longestZoom = 1000; // milliseconds from the first answer; a page takes a few
 constexpr int askAgain = 2;       // milliseconds
 
 QString Source(const char* name) {
@@ -47,9 +47,9 @@ void PageCalls::Proceed() {
     while (!zooming_ && !steps_.empty()) {
         if (steps_.front().expression.isEmpty()) {
             zooming_ = true;
-            zoomEnd_.setRemainingTime(longestZoom);
-            page_.setZoomFactor(steps_.front().factor);
-            AskForRatio();
+            Run({"holdPlace()", [this, alive = QPointer<PageCalls>(this)](const QVariant&) {
+                     if (alive) StartZoom();
+                 }});
             return;
         }
         const Step step = std::move(steps_.front());
@@ -66,14 +66,22 @@ void PageCalls::Run(const Step& step) {
         page_.runJavaScript(source, QWebEngineScript::ApplicationWorld);
 }
 
+void PageCalls::StartZoom() {
+    zoomEnd_ = QDeadlineTimer(QDeadlineTimer::Forever);
+    page_.setZoomFactor(steps_.front().factor);
+    AskForRatio();
+}
+
 void PageCalls::AskForRatio() {
     const auto answered = [this, alive = QPointer<PageCalls>(this)](const QVariant& ratio) {
         if (!alive) return;
         const Step& step = steps_.front();
+        if (zoomEnd_.isForever()) zoomEnd_.setRemainingTime(longestZoom);
         if (std::abs(ratio.toDouble() - step.pixelRatio) > 0.01 && !zoomEnd_.hasExpired()) {
             page_.setZoomFactor(step.factor); // the last of steps given meanwhile
             return again_.start(askAgain);
         }
+        Run({"backToPlace()", {}});
         steps_.pop_front();
         zooming_ = false;
         Proceed();

@@ -4,6 +4,7 @@
 
 #include <QWebEngineNewWindowRequest>
 
+#include <csignal>
 #include <utility>
 
 ReaderPage::ReaderPage(QWebEngineProfile* profile, const FolderGuard& guard)
@@ -17,6 +18,11 @@ ReaderPage::ReaderPage(QWebEngineProfile* profile, const FolderGuard& guard)
 void ReaderPage::Load(const QUrl& book) {
     due_ = book;
     load(book);
+}
+
+void ReaderPage::EndProcess() {
+    if (const auto process = static_cast<pid_t>(renderProcessPid()); process > 0)
+        kill(process, SIGKILL);
 }
 
 bool ReaderPage::acceptNavigationRequest(const QUrl& address, NavigationType type,

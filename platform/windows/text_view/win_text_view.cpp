@@ -13,11 +13,8 @@ WinTextView::WinTextView(HWND parent) : parent_(parent) {
         contextPoint_ = point;
         if (onContextMenu) onContextMenu();
     };
-    input_.onFilesDropped = [this](const std::vector<std::u16string>& paths) {
-        if (onFilesDropped) onFilesDropped(paths);
-    };
-    input_.onZoomWheel = [this](int steps) {
-        if (onZoomWheel) onZoomWheel(steps);
+    input_.onDrop = [this](HWND control, std::vector<std::u16string> paths) {
+        drops_.Add(control, std::move(paths));
     };
     input_.onFillDue = [this] { Control(); };
     Control();
@@ -81,12 +78,11 @@ void WinTextView::FillControl() const {
 // Plain text takes no alignment with it.
 void WinTextView::StreamDocument() const {
     if (!plain_) return control_->StreamRtf(DressedRtf(document_, look_));
-    std::u16string text = ToControlText(document_.text);
     if (look_.alignment.value_or(Alignment::Left) == Alignment::Left)
-        return control_->StreamPlain(text);
-    std::replace(text.begin(), text.end(), u'\r', u'\n');
+        return control_->StreamPlain(document_.text);
     Document document;
-    document.text = std::move(text);
+    document.text = ToControlText(document_.text);
+    std::replace(document.text.begin(), document.text.end(), u'\r', u'\n');
     TextLook look = look_;
     look.fontForAll = true;
     control_->StreamRtf(DressedRtf(document, look));
