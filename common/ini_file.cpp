@@ -11,11 +11,11 @@
 
 namespace {
 
-constexpr std::size_t LongestString = 32766, LongestNumber = 254; // UTF-16 units
-constexpr int OneAsFixed = 10000;                                 // four decimals
+constexpr std::size_t longestString = 32766, longestNumber = 254; // UTF-16 units
+constexpr int oneAsFixed = 10000;                                 // four decimals
 
 std::int64_t ToFixed(double value) {
-    const double scaled = std::nearbyint(value * OneAsFixed);
+    const double scaled = std::nearbyint(value * oneAsFixed);
     if (std::isnan(scaled)) return 0;
     if (scaled >= 0x1p63) return std::numeric_limits<std::int64_t>::max();
     if (scaled <= -0x1p63) return std::numeric_limits<std::int64_t>::min();
@@ -23,18 +23,18 @@ std::int64_t ToFixed(double value) {
 }
 
 double FromFixed(std::int64_t fixed) {
-    return static_cast<double>(fixed) / OneAsFixed;
+    return static_cast<double>(fixed) / oneAsFixed;
 }
 
 // "-2.05": a point whatever the locale, no zeros at the end.
 std::u16string FixedText(std::int64_t fixed) {
     std::u16string text = fixed < 0 ? u"-" : u"";
-    text += NumberText(std::abs(fixed / OneAsFixed));
-    std::int64_t fraction = std::abs(fixed % OneAsFixed);
+    text += NumberText(std::abs(fixed / oneAsFixed));
+    std::int64_t fraction = std::abs(fixed % oneAsFixed);
     if (fraction == 0) return text;
     text += u'.';
-    for (; fraction != 0; fraction = fraction * 10 % OneAsFixed) {
-        text += static_cast<char16_t>(u'0' + fraction * 10 / OneAsFixed);
+    for (; fraction != 0; fraction = fraction * 10 % oneAsFixed) {
+        text += static_cast<char16_t>(u'0' + fraction * 10 / oneAsFixed);
     }
     return text;
 }
@@ -111,7 +111,7 @@ void IniFile::WriteChanges() {
 
 std::u16string IniReadString(IniFile& file, std::u16string_view section, std::u16string_view key,
                              std::u16string_view fallback) {
-    const std::u16string value = ReadCut(file, section, key, fallback, LongestString);
+    const std::u16string value = ReadCut(file, section, key, fallback, longestString);
     return value.substr(std::min(value.find_first_not_of(u' '), value.size()));
 }
 
@@ -119,7 +119,7 @@ double IniReadNumber(IniFile& file, std::u16string_view section, std::u16string_
                      double fallback, int* charactersRead) {
     std::u16string value;
     if (!file.Path().empty() && !section.empty() && !key.empty()) {
-        value = ReadCut(file, section, key, FixedText(ToFixed(fallback)), LongestNumber);
+        value = ReadCut(file, section, key, FixedText(ToFixed(fallback)), longestNumber);
     }
     if (charactersRead) *charactersRead = static_cast<int>(value.size());
     return FromFixed(ToFixed(NumericValue(value)));

@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
+constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 
 std::u16string DecodeUtf16(std::string_view bytes, bool bigEndian) {
     std::u16string text;
@@ -36,7 +36,7 @@ ProfileFile ProfileFile::Parse(std::string_view bytes, int ansiCodePage, Decoder
 
 void ProfileFile::Index() {
     sections_.clear();
-    const std::size_t start = text_.starts_with(Utf8Mark) ? Utf8Mark.size() : 0;
+    const std::size_t start = text_.starts_with(utf8Mark) ? utf8Mark.size() : 0;
     LineWalk walk(text_, start, text_.size());
     while (walk.Next()) {
         const std::string_view line = TrimLine(walk.Line());

@@ -14,8 +14,8 @@
 #include <utility>
 
 namespace {
-constexpr TextPos longestMark = 80,
-                  ownLength = 81; // a mark without a fitting selection gets the second
+constexpr TextPos longestMark = 80;
+constexpr TextPos ownLength = 81; // of a mark without a fitting selection
 
 TextPos StartOf(const MenuItem& item) {
     return WholeNumber(item.tag.substr(0, item.tag.find(u',')));

@@ -12,8 +12,7 @@
 #include <algorithm>
 
 namespace {
-constexpr TextPos longestExcerpt =
-    81; // units; a mark without a selection of its own has this length
+constexpr TextPos longestExcerpt = 81; // units; a mark without a selection has this length
 
 // The marked text; "" for a tag that is not two numbers.
 std::u16string TextExcerpt(const MainForm& form, const std::u16string& tag) {
