@@ -9,9 +9,9 @@
 #include "books/save_state.h"
 #include "common/text.h"
 #include "reading/bookmarks.h"
+#include "reading/page_colors.h"
 #include "reading/text_routines.h"
 #include "reading/zoom.h"
-#include "shell/colors.h"
 #include "shell/window_title.h"
 
 #include <algorithm>
@@ -75,7 +75,7 @@ void TakeDocumentIntoRecord(MainForm& form) {
 
 void BringToPlace(MainForm& form) {
     HtmlView& html = *form.ports.htmlView;
-    html.SetBackColor(SwapColorOrder(form.ports.textView->BackColor()));
+    PaintPage(form);
     // Another size lays the page out anew: the place is one of the page as it was read.
     ApplyZoomStep(form);
     if (IsShownBookListed(form)) {

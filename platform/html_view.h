@@ -45,6 +45,11 @@ struct PageMatch {
     int searchTop = 0;     // top of the line that the search began in, from the same edge
 };
 
+// Of a page's body, by the page itself: 0x00RRGGBB.
+struct PageColors {
+    std::uint32_t letters = 0x000000, paper = 0xFFFFFF;
+};
+
 // The commands of the view's own context menu, as its engine numbers them.
 enum PageCommand {
     CopyCommand = 15,
@@ -99,6 +104,9 @@ class HtmlView {
     virtual void Select(const PageSpan&) = 0; // and scrolls as little as it takes to show its start
     virtual void SelectAll() = 0;
     virtual void SetBackColor(std::uint32_t redGreenBlue) = 0; // 0x00RRGGBB, of the body's style
+    // Of the body's style, too: of letters that the page gives no other colour. Nothing: the page's
+    // own.
+    virtual void SetLetterColor(std::optional<std::uint32_t> redGreenBlue) = 0;
     // One keystroke of Ctrl and "+" (larger) or "-": the page zooms one step, which orders given
     // afterwards find done. The line at the top stays there. The window's `onKeyDown` is told of
     // 187 or 189 with Ctrl, once for each call and after it has returned.
@@ -109,6 +117,7 @@ class HtmlView {
     virtual bool HasText() const = 0;         // any character, by the count above
     virtual std::string Charset() const = 0;  // as the engine names it, "" without a page
     virtual std::u16string Title() const = 0; // of the document, "" when it has none
+    virtual PageColors OwnColors() const = 0; // before any order; black on white where not known
     // The body's vertical offset. After `ScrollTo` it is what was asked for until the page says how
     // far it went, so that it never answers the place before.
     virtual int ScrollTop() const = 0;

@@ -11,8 +11,8 @@
 #include "reading/charset_change.h"
 #include "reading/formatting.h"
 #include "reading/hourglass.h"
+#include "reading/page_colors.h"
 #include "reading/zoom.h"
-#include "shell/colors.h"
 #include "shell/window_title.h"
 
 #include <algorithm>
@@ -65,7 +65,7 @@ void mViewBackground_Click(MainForm& form, int) {
     const ColorAnswer answer = form.ports.dialogs->ChooseColor(title, view.BackColor());
     if (answer.result != DialogResult::Ok || answer.color == view.BackColor()) return;
     view.SetBackColor(answer.color);
-    if (HasPageBody(form)) form.ports.htmlView->SetBackColor(SwapColorOrder(answer.color));
+    if (HasPageBody(form)) PaintPage(form);
     SaveBookState(form, 0);
 }
 

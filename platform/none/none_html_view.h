@@ -14,6 +14,7 @@ struct NonePage {
     std::u16string title;
     std::string charset = "UTF-8";
     bool hasBody = true;
+    PageColors colors;
 };
 
 class NoneHtmlView : public HtmlView {
@@ -35,12 +36,14 @@ class NoneHtmlView : public HtmlView {
     void Select(const PageSpan&) override;
     void SelectAll() override;
     void SetBackColor(std::uint32_t redGreenBlue) override { backColors.push_back(redGreenBlue); }
+    void SetLetterColor(std::optional<std::uint32_t> given) override { letterColor = given; }
     void SendZoomKey(bool larger) override { zoomKeys.push_back(larger); }
 
     bool HasBody() const override { return loaded_ && document_.hasBody; }
     bool HasText() const override { return HasBody() && !document_.text.empty(); }
     std::string Charset() const override { return loaded_ ? document_.charset : ""; }
     std::u16string Title() const override { return loaded_ ? document_.title : u""; }
+    PageColors OwnColors() const override { return document_.colors; }
     int ScrollTop() const override { return scrollTop_; }
     int ViewHeight() const override { return bounds.height; }
     int TopMargin() const override { return Margin; }
@@ -61,6 +64,7 @@ class NoneHtmlView : public HtmlView {
     std::vector<int> loads; // their numbers
     std::vector<bool> zoomKeys;
     std::vector<std::uint32_t> backColors;
+    std::optional<std::uint32_t> letterColor; // the last one
     std::vector<std::pair<int, int>> scrolls; // left, top
     int questions = 0, focused = 0, clears = 0;
     bool visible = false;

@@ -101,6 +101,10 @@ void QtHtmlView::SetBackColor(std::uint32_t redGreenBlue) {
     if (engine_) engine_->SetBackColor(redGreenBlue);
 }
 
+void QtHtmlView::SetLetterColor(std::optional<std::uint32_t> redGreenBlue) {
+    if (engine_) engine_->SetLetterColor(redGreenBlue);
+}
+
 bool QtHtmlView::HasBody() const {
     return engine_ && engine_->HasBody();
 }
@@ -115,6 +119,10 @@ std::string QtHtmlView::Charset() const {
 
 std::u16string QtHtmlView::Title() const {
     return engine_ ? engine_->Title() : u"";
+}
+
+PageColors QtHtmlView::OwnColors() const {
+    return engine_ ? engine_->OwnColors() : PageColors{};
 }
 
 int QtHtmlView::ScrollTop() const {

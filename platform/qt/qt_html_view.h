@@ -23,12 +23,14 @@ class QtHtmlView final : public HtmlView {
     void Select(const PageSpan&) override;
     void SelectAll() override;
     void SetBackColor(std::uint32_t redGreenBlue) override;
+    void SetLetterColor(std::optional<std::uint32_t> redGreenBlue) override;
     void SendZoomKey(bool larger) override;
 
     bool HasBody() const override;
     bool HasText() const override;
     std::string Charset() const override;
     std::u16string Title() const override;
+    PageColors OwnColors() const override;
     int ScrollTop() const override;
     int ViewHeight() const override;
     int TopMargin() const override;

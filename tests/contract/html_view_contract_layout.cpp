@@ -136,3 +136,28 @@ TEST_CASE("html layout: a page that scrolls inside an element scrolls as a whole
         }
     });
 }
+
+TEST_CASE("html layout: a page's own colours, and letters in another one") {
+    const struct {
+        const char *head, *body;
+        std::uint32_t letters, paper;
+    } cases[] = {
+        {"", "text", 0x000000, 0xFFFFFF},
+        {"<style>body{color:#eee;background:#123}</style>", "text", 0xEEEEEE, 0x112233},
+        {"<style>html{background:#123;color:silver}</style>", "text", 0xC0C0C0, 0x112233},
+        {"<style>body{background:rgba(9,9,9,0)}</style>", "text", 0x000000, 0xFFFFFF},
+    };
+    OnEachBackEnd([&](PageTest& test) {
+        for (const auto& sample : cases) {
+            CAPTURE(sample.head);
+            test.Open(sample.body, sample.head);
+            CHECK(test.view.OwnColors().letters == sample.letters);
+            CHECK(test.view.OwnColors().paper == sample.paper);
+            test.view.SetBackColor(0x808080);
+            test.view.SetLetterColor(0xFF0000);
+            test.view.SetLetterColor(std::nullopt);
+            test.Settle();
+            CHECK(test.view.OwnColors().letters == sample.letters); // as loaded
+        }
+    });
+}

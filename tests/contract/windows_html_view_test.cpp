@@ -1,5 +1,7 @@
 #include "tests/contract/windows_html_view_fixture.h"
 
+#include "platform/windows/html_view/own_colors.h"
+
 #include <algorithm>
 
 namespace {
@@ -190,6 +192,42 @@ TEST_CASE("windows html view: the background is told in red, green and blue") {
     shown.Open(L"text");
     shown.view->SetBackColor(0x0A1BFF);
     CHECK(shown.engine.backColor == L"#0A1BFF");
+}
+
+TEST_CASE("windows html view: colours as a computed style says them") {
+    const struct {
+        const wchar_t* text;
+        std::optional<std::uint32_t> color;
+    } table[] = {
+        {L"rgb(1, 2, 3)", 0x010203},
+        {L"rgb(255,128,0)", 0xFF8000},
+        {L"#0A1BFF", 0x0A1BFF},
+        {L"rgba(1, 2, 3, 0.5)", 0x010203},
+        {L"rgba(1, 2, 3, 0)", {}},
+        {L"transparent", {}},
+        {L"", {}},
+        {L"rgb(1, 2", {}},
+        {L"#12", {}},
+    };
+    for (const auto& row : table)
+        CHECK(ColorOfStyle(row.text) == row.color);
+}
+
+TEST_CASE("windows html view: a page's own colours, and letters in another one") {
+    ShownView shown;
+    shown.Open(L"text");
+    CHECK(shown.view->OwnColors().letters == 0x000000);
+    CHECK(shown.view->OwnColors().paper == 0xFFFFFF);
+    shown.Book().letters = L"rgb(238, 238, 238)";
+    shown.Book().rootPaper = L"rgb(16, 32, 48)";
+    shown.engine.letterColor = L"silver"; // in the body's style attribute
+    shown.Open(L"text");
+    CHECK(shown.view->OwnColors().letters == 0xEEEEEE);
+    CHECK(shown.view->OwnColors().paper == 0x102030);
+    shown.view->SetLetterColor(0x010203);
+    CHECK(shown.engine.letterColor == L"#010203");
+    shown.view->SetLetterColor(std::nullopt);
+    CHECK(shown.engine.letterColor == L"silver");
 }
 
 TEST_CASE("windows html view: the last values are kept when the engine goes") {

@@ -54,11 +54,11 @@ class Html(HtmlStory):
         dialog.type(text)
         dialog.close()
 
-    def color_background(self):
+    def color_background(self, color=BACKGROUND):
         self.program.open_menu("v")
         dialog = Dialog(self.program, "Background Color.*", "b")
         dialog.key("alt+h", "ctrl+a")
-        dialog.type(BACKGROUND)
+        dialog.type(color)
         dialog.key("Tab")
         dialog.close()
 
@@ -92,6 +92,21 @@ class Html(HtmlStory):
         again = self.book_record(self.program, self.book)
         for name in ("FontSize", "BackColor", "Marks", "Title", "Charset", "LastPos"):
             self.assertEqual(again[name], left[name], name)
+
+    def letters(self):
+        """The colour of the first line that differs most from the background's."""
+        strip, paper = settled_strip(self.program), int(self.background(), 16) & 0xff
+        return max(strip.pixels, key=lambda value: abs(value - paper))
+
+    def test_letters_can_be_read_at_night(self):
+        self.assertEqual(self.letters(), 0)
+        self.color_background("#101010")
+        wait_for(lambda: self.background() == "101010", "the page's colour")
+        wait_for(lambda: self.letters() == 255, "white letters")
+        self.color_background("#fffff0")
+        wait_for(lambda: self.background() == "fffff0", "the page's colour")
+        wait_for(lambda: self.letters() == 0, "black letters")
+        self.program.close()
 
     def test_marks_are_walked_through(self):
         for pages in (2, 3, 4):

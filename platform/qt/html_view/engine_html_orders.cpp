@@ -65,8 +65,17 @@ void EngineHtmlView::SelectAll() {
     Order(QStringLiteral("selectAll()"));
 }
 
+namespace {
+QString ColorName(std::uint32_t redGreenBlue) {
+    return QStringLiteral("#%1").arg(redGreenBlue & 0xFFFFFF, 6, 16, QLatin1Char('0'));
+}
+} // namespace
+
 void EngineHtmlView::SetBackColor(std::uint32_t redGreenBlue) {
-    const QString color =
-        QStringLiteral("#%1").arg(redGreenBlue & 0xFFFFFF, 6, 16, QLatin1Char('0'));
-    Order(QStringLiteral("setBackColor('%1')").arg(color));
+    Order(QStringLiteral("setBackColor('%1')").arg(ColorName(redGreenBlue)));
+}
+
+void EngineHtmlView::SetLetterColor(std::optional<std::uint32_t> redGreenBlue) {
+    const QString color = redGreenBlue ? ColorName(*redGreenBlue) : QString();
+    Order(QStringLiteral("setLetterColor('%1')").arg(color));
 }

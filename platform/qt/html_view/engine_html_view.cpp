@@ -116,12 +116,13 @@ void EngineHtmlView::Finished(int page) {
 
 void EngineHtmlView::Loaded(int page, const QVariant& facts) {
     const QVariantList list = facts.toList();
-    if (list.size() == 4) { // a document that is no page has no body
+    if (list.size() == 6) { // a document that is no page has no body
         kept_.body = true;
         kept_.charset = list[0].toString().toStdString();
         kept_.title = FromQt(list[1].toString());
         kept_.text = list[2].toBool();
-        TakeState(list[3]);
+        kept_.colors = {list[3].toUInt(), list[4].toUInt()};
+        TakeState(list[5]);
     }
     // Not from within the engine's own call: it takes no other one until that has returned, and who
     // is told may ask.

@@ -33,12 +33,14 @@ class EngineHtmlView final : public QObject, public EngineView {
     void Select(const PageSpan&) override;
     void SelectAll() override;
     void SetBackColor(std::uint32_t redGreenBlue) override;
+    void SetLetterColor(std::optional<std::uint32_t> redGreenBlue) override;
     void SendZoomKey(bool larger) override; // the caller tells the window
 
     bool HasBody() const override { return kept_.body; }
     bool HasText() const override { return kept_.text; }
     std::string Charset() const override { return kept_.charset; }
     std::u16string Title() const override { return kept_.title; }
+    PageColors OwnColors() const override { return kept_.colors; }
     int ScrollTop() const override { return kept_.scrollTop; }
     int ViewHeight() const override { return kept_.viewHeight; }
     int TopMargin() const override { return kept_.topMargin; }
@@ -62,6 +64,7 @@ class EngineHtmlView final : public QObject, public EngineView {
         bool body = false, text = false;
         std::string charset;
         std::u16string title;
+        PageColors colors;
         int scrollTop = 0, viewHeight = 0, topMargin = 0;
         PageSelection selection;
     };

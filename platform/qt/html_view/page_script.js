@@ -62,6 +62,18 @@ const reader = (() => {
     }
   }
 
+  let ownLetters = ""; // the body's colour in its style attribute
+  function ownColors() {
+    ownLetters = document.body.style.color;
+    const number = css => {
+      const [red, green, blue, opacity = 1] = css.match(/[\d.]+/g) || [];
+      return opacity > 0 && blue ? red << 16 | green << 8 | blue : null;
+    };
+    const paper = element => number(getComputedStyle(element).backgroundColor);
+    return [number(getComputedStyle(document.body).color) ?? 0,
+      paper(document.body) ?? paper(document.documentElement) ?? 0xffffff];
+  }
+
   // What the document says of itself. Also takes out of it what a press of a key or a click would
   // change or open.
   function facts() {
@@ -72,7 +84,7 @@ const reader = (() => {
       field.disabled = true;
     for (const element of document.querySelectorAll("[contenteditable]"))
       element.removeAttribute("contenteditable");
-    return [document.characterSet, document.title, pageText.hasAny(), state()];
+    return [document.characterSet, document.title, pageText.hasAny(), ...ownColors(), state()];
   }
 
   // The engine cuts a place to the screen's pixels: it is given the nearest one.
@@ -110,6 +122,11 @@ const reader = (() => {
   }
   function setBackColor(color) {
     document.body.style.backgroundColor = color;
+    return state();
+  }
+
+  function setLetterColor(color) {
+    document.body.style.color = color || ownLetters;
     return state();
   }
 
@@ -175,7 +192,8 @@ const reader = (() => {
   }
 
   return {
-    facts, state, holdPlace, backToPlace, scrollTo, scrollSpanToTop, select, selectAll, setBackColor, placeCaret,
+    facts, state, holdPlace, backToPlace, scrollTo, scrollSpanToTop, select, selectAll, setBackColor, setLetterColor,
+    placeCaret,
     startAtTop, matchAt, selectionHtml,
     selectedText: () => {
       const {start, length} = selectedSpan();

@@ -12,13 +12,16 @@ bool FollowsStandards(IHTMLDocument2* document) {
     return modern && SUCCEEDED(modern->get_compatMode(mode.Put())) && mode.View() == L"CSS1Compat";
 }
 
-// By the standards a page scrolls by its root element, in the old way by its body.
-ComPtr<IHTMLElement2> FindScroller(IHTMLDocument2* document, IDispatch* body) {
-    if (!FollowsStandards(document)) return Query<IHTMLElement2>(body);
+ComPtr<IDispatch> RootOf(IHTMLDocument2* document) {
     const auto tree = Query<IHTMLDocument3>(document);
     ComPtr<IHTMLElement> root;
     if (!tree || FAILED(tree->get_documentElement(root.Put()))) return {};
-    return Query<IHTMLElement2>(root);
+    return Query<IDispatch>(root);
+}
+
+// By the standards a page scrolls by its root element, in the old way by its body.
+ComPtr<IHTMLElement2> FindScroller(IHTMLDocument2* document, IDispatch* body) {
+    return Query<IHTMLElement2>(FollowsStandards(document) ? RootOf(document).Get() : body);
 }
 
 // A number, or a text that begins with one: "15", "8px".
@@ -54,6 +57,19 @@ std::optional<int> BorderOf(IDispatch* body) {
     return static_cast<int>(border);
 }
 
+ComPtr<IHTMLStyle> StyleOf(const ComPtr<IDispatch>& body) {
+    const auto element = Query<IHTMLElement>(body);
+    ComPtr<IHTMLStyle> style;
+    if (!element || FAILED(element->get_style(style.Put()))) return {};
+    return style;
+}
+
+std::wstring ColorName(std::uint32_t redGreenBlue) {
+    wchar_t name[8] = {};
+    std::swprintf(name, 8, L"#%06X", static_cast<unsigned>(redGreenBlue & 0xFFFFFF));
+    return name;
+}
+
 } // namespace
 
 PageDocument::PageDocument(IDispatch* document) : document_(Query<IHTMLDocument2>(document)) {
@@ -62,6 +78,9 @@ PageDocument::PageDocument(IDispatch* document) : document_(Query<IHTMLDocument2
     if (!Query<IHTMLBodyElement>(body)) return;
     scroller_ = FindScroller(document_.Get(), body.Get());
     if (scroller_) body_ = Query<IDispatch>(body);
+    Variant letters;
+    if (const auto style = StyleOf(body_); style && SUCCEEDED(style->get_color(letters.Put())))
+        ownLetters_ = TextOf(&letters.Get());
 }
 
 bool PageDocument::HasBody() const {
@@ -114,13 +133,27 @@ bool PageDocument::ScrollTo(int left, int top) {
 }
 
 bool PageDocument::SetBackColor(std::uint32_t redGreenBlue) {
-    const auto element = Query<IHTMLElement>(body_);
-    ComPtr<IHTMLStyle> style;
-    if (!element || FAILED(element->get_style(style.Put())) || !style) return false;
-    wchar_t text[8] = {};
-    std::swprintf(text, 8, L"#%06X", static_cast<unsigned>(redGreenBlue & 0xFFFFFF));
-    Variant color{std::wstring_view(text)};
-    return SUCCEEDED(style->put_backgroundColor(color.Get()));
+    const auto style = StyleOf(body_);
+    const Variant color(ColorName(redGreenBlue));
+    return style && SUCCEEDED(style->put_backgroundColor(color.Get()));
+}
+
+bool PageDocument::SetLetterColor(std::optional<std::uint32_t> redGreenBlue) {
+    const auto style = StyleOf(body_);
+    const Variant color(redGreenBlue ? ColorName(*redGreenBlue) : ownLetters_);
+    return style && SUCCEEDED(style->put_color(color.Get()));
+}
+
+// Engines older than version 9 have none.
+ComPtr<IHTMLCSSStyleDeclaration> PageDocument::ComputedStyle(bool ofBody) const {
+    ComPtr<IHTMLWindow2> window;
+    if (!body_ || FAILED(document_->get_parentWindow(window.Put()))) return {};
+    const auto modern = Query<IHTMLWindow7>(window);
+    const auto node = Query<IHTMLDOMNode>(ofBody ? body_ : RootOf(document_.Get()));
+    ComPtr<IHTMLCSSStyleDeclaration> style;
+    if (!modern || !node || FAILED(modern->getComputedStyle(node.Get(), nullptr, style.Put())))
+        return {};
+    return style;
 }
 
 ComPtr<IHTMLTxtRange> PageDocument::WholeText() const {

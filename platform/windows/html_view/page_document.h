@@ -26,7 +26,10 @@ class PageDocument {
     std::optional<int> TopMargin() const;
 
     bool ScrollTo(int left, int top);
-    bool SetBackColor(std::uint32_t redGreenBlue); // 0x00RRGGBB
+    bool SetBackColor(std::uint32_t redGreenBlue);                  // 0x00RRGGBB
+    bool SetLetterColor(std::optional<std::uint32_t> redGreenBlue); // nothing: the page's own
+    // The style of the body or of the root element as it came about; null without one.
+    ComPtr<IHTMLCSSStyleDeclaration> ComputedStyle(bool ofBody) const;
 
     ComPtr<IHTMLTxtRange> WholeText() const;
     ComPtr<IHTMLTxtRange> SelectedText() const; // null when what is selected is no text
@@ -34,5 +37,6 @@ class PageDocument {
   private:
     ComPtr<IHTMLDocument2> document_;
     ComPtr<IDispatch> body_;
+    std::wstring ownLetters_;        // the body's colour in its style attribute
     ComPtr<IHTMLElement2> scroller_; // the element that the page scrolls by
 };

@@ -1,6 +1,7 @@
 #include "platform/windows/html_view/win_html_view.h"
 
 #include "platform/windows/html_view/addresses.h"
+#include "platform/windows/html_view/own_colors.h"
 #include "platform/windows/html_view/page_menu.h"
 #include "platform/windows/win_text.h"
 
@@ -130,6 +131,7 @@ void WinHtmlView::TakePage(const std::wstring& url) {
     load_ = Load::Complete;
     inner_.Attach(window_.Handle());
     kept_.hasBody = document_.HasBody();
+    kept_.colors = ColorsOf(document_);
     Zoom(0); // the control goes on with the size of the page before
     if (GetFocus() == window_.Handle()) TakeKeyboard();
     if (onLoaded) onLoaded(page_, FromWide(url));

@@ -39,12 +39,14 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     void Select(const PageSpan&) override;
     void SelectAll() override;
     void SetBackColor(std::uint32_t redGreenBlue) override;
+    void SetLetterColor(std::optional<std::uint32_t> redGreenBlue) override;
     void SendZoomKey(bool larger) override;
 
     bool HasBody() const override { return kept_.hasBody; }
     bool HasText() const override;
     std::string Charset() const override;
     std::u16string Title() const override;
+    PageColors OwnColors() const override { return kept_.colors; }
     int ScrollTop() const override;
     int ViewHeight() const override;
     int TopMargin() const override;
@@ -68,6 +70,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
         bool hasBody = false, hasText = false;
         std::string charset;
         std::u16string title;
+        PageColors colors;
         int scrollTop = 0, viewHeight = 0, topMargin = 0;
         PageSelection selection;
         PageRange measured; // the selection that `selection.span` was counted for

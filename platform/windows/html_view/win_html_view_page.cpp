@@ -49,6 +49,10 @@ void WinHtmlView::SetBackColor(std::uint32_t redGreenBlue) {
     document_.SetBackColor(redGreenBlue);
 }
 
+void WinHtmlView::SetLetterColor(std::optional<std::uint32_t> redGreenBlue) {
+    document_.SetLetterColor(redGreenBlue);
+}
+
 bool WinHtmlView::HasText() const {
     if (const PageRange text = document_.WholeText()) kept_.hasText = HasCharacterBehindStart(text);
     return kept_.hasText;

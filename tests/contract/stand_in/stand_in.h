@@ -19,6 +19,7 @@ struct StandInPage {
     std::wstring charset = L"utf-8";
     bool hasBody = true;
     bool followsStandards = true;
+    std::wstring letters = L"rgb(0, 0, 0)", paper = L"transparent", rootPaper = L"transparent";
 };
 
 struct StandInMessage {
@@ -70,7 +71,7 @@ class StandIn {
     std::map<DWORD, DWORD> policies; // of the actions asked for when activated
     bool silent = false, takesDrops = false;
     int zoom = 0;
-    std::wstring backColor;
+    std::wstring backColor, letterColor;
     MSG lastKey = {};
 
     // For the stand-in's objects: remembers, fails when it is this call's turn, else does it.

@@ -29,7 +29,14 @@ class Part : public CObject {
     Facet<Interface> facet;
 };
 
-using PageWindow2 = Part<IHTMLWindow2>;
+class PageWindow2 : public CObject {
+  public:
+    PageWindow2(StandIn& world, StandInContent& shared);
+    StandInContent& content;
+    Facet<IHTMLWindow2> facet;
+    Facet<IHTMLWindow7> modern;
+};
+
 using Selection = Part<IHTMLSelectionObject>;
 
 TableOf<IHTMLWindow2>& WindowTable() {
@@ -48,6 +55,27 @@ TableOf<IHTMLWindow2>& WindowTable() {
         return made;
     }();
     return table;
+}
+
+TableOf<IHTMLWindow7>& ModernWindowTable() {
+    static TableOf<IHTMLWindow7> table = [] {
+        auto made = EmptyTable<IHTMLWindow7>();
+        made.getComputedStyle = [](IHTMLWindow7* self, IHTMLDOMNode* node, BSTR,
+                                   IHTMLCSSStyleDeclaration** style) -> HRESULT {
+            return ObjectOf<PageWindow2>(self).World().Count(
+                [&] { *style = MakeComputedStyle(node); });
+        };
+        return made;
+    }();
+    return table;
+}
+
+PageWindow2::PageWindow2(StandIn& world, StandInContent& shared)
+    : CObject(world), content(shared), facet(this, WindowTable()),
+      modern(this, ModernWindowTable()) {
+    Offer(IID_IUnknown, &facet);
+    Offer(IID_IHTMLWindow2, &facet);
+    Offer(IID_IHTMLWindow7, &modern);
 }
 
 TableOf<IHTMLSelectionObject>& SelectionTable() {
@@ -91,10 +119,8 @@ TableOf<IHTMLDocument2>& DocumentTable() {
         };
         made.get_parentWindow = [](IHTMLDocument2* self, IHTMLWindow2** window) -> HRESULT {
             Document& document = Of(self);
-            return document.World().Count([&] {
-                *window =
-                    &(new PageWindow2(document.World(), document.content, WindowTable()))->facet;
-            });
+            return document.World().Count(
+                [&] { *window = &(new PageWindow2(document.World(), document.content))->facet; });
         };
         made.get_selection = [](IHTMLDocument2* self, IHTMLSelectionObject** selection) -> HRESULT {
             Document& document = Of(self);

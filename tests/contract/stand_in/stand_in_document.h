@@ -23,4 +23,5 @@ struct StandInContent {
 
 IDispatch* MakeDocument(StandIn&, const StandInPage&);
 IHTMLTxtRange* MakeRange(StandIn&, StandInContent&, int start, int end);
+IHTMLCSSStyleDeclaration* MakeComputedStyle(IHTMLDOMNode*);
 IHTMLElement* MakeElement(StandIn&, StandInContent&, bool isBody); // the body, or the root

@@ -19,6 +19,18 @@ TableOf<IHTMLStyle>& StyleTable() {
             return world.Answer("style.backgroundColor " + Narrow(V_BSTR(&color)),
                                 [&] { world.backColor = V_BSTR(&color); });
         };
+        made.put_color = [](IHTMLStyle* self, VARIANT color) -> HRESULT {
+            StandIn& world = ObjectOf<Style>(self).World();
+            return world.Answer("style.color " + Narrow(V_BSTR(&color)),
+                                [&] { world.letterColor = V_BSTR(&color); });
+        };
+        made.get_color = [](IHTMLStyle* self, VARIANT* color) -> HRESULT {
+            StandIn& world = ObjectOf<Style>(self).World();
+            return world.Count([&] {
+                V_VT(color) = VT_BSTR;
+                V_BSTR(color) = SysAllocString(world.letterColor.c_str());
+            });
+        };
         return made;
     }();
     return table;
@@ -48,11 +60,53 @@ class Element : public CObject {
     Element(StandIn& world, StandInContent& content, bool isBody);
 
     StandInContent& content;
-    bool scrolls;
+    bool isBody, scrolls;
     Facet<IHTMLElement> element;
     Facet<IHTMLElement2> layout;
     Facet<IHTMLBodyElement> body;
+    Facet<IHTMLDOMNode> node;
 };
+
+class ComputedStyle : public CObject {
+  public:
+    ComputedStyle(StandIn& world, const Element& element);
+    std::wstring letters, paper;
+    Facet<IHTMLCSSStyleDeclaration> style;
+};
+
+HRESULT Tell(IHTMLCSSStyleDeclaration* self, std::wstring ComputedStyle::*part, VARIANT* text) {
+    ComputedStyle& computed = ObjectOf<ComputedStyle>(self);
+    return computed.World().Count([&] {
+        V_VT(text) = VT_BSTR;
+        V_BSTR(text) = SysAllocString((computed.*part).c_str());
+    });
+}
+
+TableOf<IHTMLCSSStyleDeclaration>& ComputedStyleTable() {
+    static TableOf<IHTMLCSSStyleDeclaration> table = [] {
+        auto made = EmptyTable<IHTMLCSSStyleDeclaration>();
+        made.get_color = [](IHTMLCSSStyleDeclaration* self, VARIANT* color) -> HRESULT {
+            return Tell(self, &ComputedStyle::letters, color);
+        };
+        made.get_backgroundColor = [](IHTMLCSSStyleDeclaration* self, VARIANT* color) -> HRESULT {
+            return Tell(self, &ComputedStyle::paper, color);
+        };
+        return made;
+    }();
+    return table;
+}
+
+ComputedStyle::ComputedStyle(StandIn& world, const Element& element)
+    : CObject(world), letters(element.content.page.letters),
+      paper(element.isBody ? element.content.page.paper : element.content.page.rootPaper),
+      style(this, ComputedStyleTable()) {
+    Offer(IID_IUnknown, &style);
+}
+
+TableOf<IHTMLDOMNode>& NodeTable() {
+    static TableOf<IHTMLDOMNode> table = EmptyTable<IHTMLDOMNode>();
+    return table;
+}
 
 TableOf<IHTMLElement>& ElementTable() {
     static TableOf<IHTMLElement> table = [] {
@@ -122,17 +176,24 @@ TableOf<IHTMLBodyElement>& BodyTable() {
     return table;
 }
 
-Element::Element(StandIn& world, StandInContent& shared, bool isBody)
-    : CObject(world), content(shared), scrolls(shared.page.followsStandards != isBody),
-      element(this, ElementTable()), layout(this, LayoutTable()), body(this, BodyTable()) {
+Element::Element(StandIn& world, StandInContent& shared, bool givenIsBody)
+    : CObject(world), content(shared), isBody(givenIsBody),
+      scrolls(shared.page.followsStandards != isBody), element(this, ElementTable()),
+      layout(this, LayoutTable()), body(this, BodyTable()), node(this, NodeTable()) {
     Offer(IID_IUnknown, &element);
     Offer(IID_IDispatch, &element);
     Offer(IID_IHTMLElement, &element);
     Offer(IID_IHTMLElement2, &layout);
+    Offer(IID_IHTMLDOMNode, &node);
     if (isBody && shared.page.hasBody) Offer(IID_IHTMLBodyElement, &body);
 }
 
 } // namespace
+
+IHTMLCSSStyleDeclaration* MakeComputedStyle(IHTMLDOMNode* node) {
+    const Element& element = ObjectOf<Element>(node);
+    return &(new ComputedStyle(ObjectOf<Element>(node).World(), element))->style;
+}
 
 IHTMLElement* MakeElement(StandIn& world, StandInContent& content, bool isBody) {
     return &(new Element(world, content, isBody))->element;
