@@ -9,7 +9,8 @@ from harness.data_file import DataFile
 from harness.picture import grab
 from harness.screen import is_asleep
 from harness.wait import wait_for
-from harness.wine import ON_WINE, PROGRAM, end_prefix, make_prefix, shown_path, wine_environment
+from harness.wine import (ON_WINE, PROGRAM, end_prefix, give_prefix, make_prefix, shown_path,
+                          wine_environment)
 
 BESIDE = ("Norvaset.hlp", "norvaset-web.so")  # what a program has beside it, on some systems
 NOBODY = 65534
@@ -47,6 +48,8 @@ class Reader:
         if as_nobody:
             for path in (folder, self.home, self.runtime):
                 os.chown(path, NOBODY, NOBODY)
+            if ON_WINE:
+                give_prefix(self.prefix, NOBODY)
 
     def _make_opener(self):
         """In place of the desktop's: it only writes down what it was to open."""
@@ -152,6 +155,11 @@ class Reader:
 
     def main_window(self):
         return next(iter(self.windows("--name", r"^Norvaset \[")), None)
+
+    def hidden_window(self):
+        """The main window, be it on the screen or not."""
+        return self.screen.xdotool("search", "--all", "--pid", self.process.pid, "--name",
+                                   r"^Norvaset \[").strip()
 
     def message_box(self):
         return next(iter(self.windows("--name", "^Norvaset Message$")), None)
