@@ -74,18 +74,25 @@ class HtmlDrop(HtmlStory):
         self.program.close()
         self.assertEqual(self.program.data().paths(), [self.book])
 
-    def test_dragged_within_the_page(self):
-        left, top, _, _ = self.program.rectangle()
-        self.program.key("ctrl+a")  # so that text is dragged, too
-        for x, y in (LINK, IMAGE, TEXT):
-            with self.subTest(x=x, y=y):
-                self.screen.xdotool("mousemove", left + x, top + y, "mousedown", 1)
-                for step in range(1, 31):
-                    self.screen.xdotool("mousemove", left + x + 10 * step, top + y + 10 * step)
-                wait_for(self.is_dragging, "the drag")
-                self.screen.xdotool("mouseup", 1)
-                wait_for(lambda: not self.is_dragging(), "the drop")
+    def test_a_link_and_a_picture_dragged_within_the_page(self):
+        for place in (LINK, IMAGE):
+            with self.subTest(place=place):
+                self.drag_within(*place)
         self.assert_stays()
+
+    def test_text_dragged_within_the_page(self):
+        self.whole_text(self.program)
+        self.drag_within(*TEXT)
+        self.assert_stays()
+
+    def drag_within(self, x, y):
+        left, top, _, _ = self.program.rectangle()
+        self.screen.xdotool("mousemove", left + x, top + y, "mousedown", 1)
+        for step in range(1, 31):
+            self.screen.xdotool("mousemove", left + x + 10 * step, top + y + 10 * step)
+        wait_for(self.is_dragging, "the drag")
+        self.screen.xdotool("mouseup", 1)
+        wait_for(lambda: not self.is_dragging(), "the drop")
 
     def is_dragging(self):
         """The picture of what is dragged is a window of the program's own, under the mouse."""
