@@ -34,7 +34,8 @@ void HtmlPanel::resizeEvent(QResizeEvent*) {
 }
 
 void HtmlPanel::dragEnterEvent(QDragEnterEvent* event) {
-    if (event->mimeData()->hasFormat(uriList)) event->acceptProposedAction();
+    const bool ofThisPage = event->source(); // a link or a picture in it: no book to open
+    if (!ofThisPage && event->mimeData()->hasFormat(uriList)) event->acceptProposedAction();
 }
 
 void HtmlPanel::dropEvent(QDropEvent* event) {

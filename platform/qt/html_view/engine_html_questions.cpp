@@ -4,6 +4,7 @@
 #include "platform/qt/html_view/page_calls.h"
 #include "platform/qt/html_view/page_watch.h"
 #include "platform/qt/html_view/page_widget.h"
+#include "platform/qt/html_view/print_job.h"
 #include "platform/qt/html_view/reader_page.h"
 #include "platform/qt/qt_text.h"
 

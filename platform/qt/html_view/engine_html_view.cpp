@@ -7,7 +7,7 @@
 #include "platform/qt/html_view/page_calls.h"
 #include "platform/qt/html_view/page_watch.h"
 #include "platform/qt/html_view/page_widget.h"
-#include "platform/qt/html_view/printing.h"
+#include "platform/qt/html_view/print_job.h"
 #include "platform/qt/html_view/reader_page.h"
 #include "platform/qt/qt_text.h"
 
@@ -94,9 +94,10 @@ void EngineHtmlView::LeavePage() {
     zoom_ = {};
     refreshing_ = finished_ = false;
     if (!page_) return;
+    if (print_) print_->PageLeft();
     page_->disconnect(this);
     focused_ = widget_->isAncestorOf(widget_->window()->focusWidget());
-    page_->EndProcess();
+    page_->TakeProcessAlong();
     widget_->hide();
     calls_.reset();
     watch_.reset();
@@ -172,7 +173,10 @@ void EngineHtmlView::TellJump() {
 }
 
 void EngineHtmlView::RunCommand(int command) {
-    if (command == PrintCommand) PrintPage(*widget_);
+    if (command == PrintCommand) {
+        print_ = new PrintJob(*widget_);
+        print_->AskHow();
+    }
     CallHandler(onCommand, command);
 }
 

@@ -16,6 +16,7 @@
 class PageCalls;
 class PageWatch;
 class PageWidget;
+class PrintJob;
 class QVariant;
 class QWebEngineProfile;
 class QWidget;
@@ -99,6 +100,7 @@ class EngineHtmlView final : public QObject, public EngineView {
     std::unique_ptr<PageCalls> calls_;
     std::unique_ptr<PageWatch> watch_;
     std::unique_ptr<PageWidget> widget_;
+    QPointer<PrintJob> print_; // the last one
     ZoomLadder zoom_;
     Kept kept_;
     std::optional<std::u16string> wholeText_; // of the page, once a search has needed it

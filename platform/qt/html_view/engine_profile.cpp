@@ -95,6 +95,7 @@ void MakePassive(QWebEngineSettings& settings) {
          {Settings::LocalContentCanAccessFileUrls, Settings::PlaybackRequiresUserGesture,
           Settings::WebRTCPublicInterfacesOnly})
         settings.setAttribute(attribute, true);
+    settings.setAttribute(Settings::PrintElementBackgrounds, false); // they are of the screen
     settings.setUnknownUrlSchemePolicy(Settings::DisallowUnknownUrlSchemes);
 }
 } // namespace

@@ -20,9 +20,10 @@ void ReaderPage::Load(const QUrl& book) {
     load(book);
 }
 
-void ReaderPage::EndProcess() {
-    if (const auto process = static_cast<pid_t>(renderProcessPid()); process > 0)
-        kill(process, SIGKILL);
+// Not before: with a print under way the engine does not survive that a process ends first.
+void ReaderPage::TakeProcessAlong() {
+    const auto process = static_cast<pid_t>(renderProcessPid());
+    if (process > 0) connect(this, &QObject::destroyed, [process] { kill(process, SIGKILL); });
 }
 
 bool ReaderPage::acceptNavigationRequest(const QUrl& address, NavigationType type,
