@@ -49,7 +49,8 @@ std::vector<TextPos> WholeLayout(const std::u16string& text, TextPos start, Text
 }
 
 int TextWidth(QtViewBench& bench) {
-    return bench.Widget().maximumViewportSize().width() - 12; // the margins
+    const int whole = bench.Widget().maximumViewportSize().width();
+    return whole - 2 * std::max(6, whole / 40); // the margins
 }
 } // namespace
 
