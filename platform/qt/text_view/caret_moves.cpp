@@ -21,7 +21,7 @@ struct Place {
 };
 
 bool RightToLeft(const Place& place) {
-    return place.Text().textOption().textDirection() == Qt::RightToLeft;
+    return place.Paragraph().IsRightToLeft();
 }
 
 // Before the last character of a piece that no paragraph break ends: behind it is the next piece.
@@ -100,6 +100,9 @@ TextPos WordRight(TextLayouts& layouts, TextPos position) {
 TextPos CaretUp(TextLayouts& layouts, TextPos position, int x) {
     Place place(layouts, position);
     if (StepLine(place, -1)) return PositionInLine(*place.layout, place.line, x);
+    const int top =
+        place.layout->cells.empty() ? 0 : place.layout->cells[place.Paragraph().cell].box.top();
+    if (top > 0) return PositionAt(*place.layout, QPoint(x, top - 1));
     const auto before = layouts.Before(place.layout);
     return before ? PositionAt(*before, QPoint(x, before->height - 1)) : position;
 }
@@ -107,6 +110,8 @@ TextPos CaretUp(TextLayouts& layouts, TextPos position, int x) {
 TextPos CaretDown(TextLayouts& layouts, TextPos position, int x) {
     Place place(layouts, position);
     if (StepLine(place, 1)) return PositionInLine(*place.layout, place.line, x);
+    const int bottom = CellBottom(*place.layout, place.Paragraph().cell);
+    if (bottom < place.layout->height) return PositionAt(*place.layout, QPoint(x, bottom));
     const auto after = layouts.After(place.layout);
     return after ? PositionAt(*after, QPoint(x, 0)) : position;
 }
@@ -119,10 +124,7 @@ TextPos CaretHome(TextLayouts& layouts, TextPos position) {
 TextPos CaretEnd(TextLayouts& layouts, TextPos position) {
     const Place place(layouts, position);
     const TextPos end = LineEnd(*place.layout, place.line);
-    const bool wrapped = place.line.line + 1 < place.Paragraph().LineCount();
-    const bool cut = end == place.layout->block.end && end > LineStart(*place.layout, place.line) &&
-                     end < layouts.Text().Length(); // in an over-long paragraph
-    if (!wrapped && !cut) return end;
+    if (!GoesOn(*place.layout, place.line)) return end;
     return place.Position(place.Text().previousCursorPosition(end - place.Paragraph().start));
 }
 
@@ -140,7 +142,13 @@ TextSpan WordAround(TextLayouts& layouts, TextPos position) {
 
 TextSpan ParagraphAround(TextLayouts& layouts, TextPos position) {
     const Place place(layouts, position);
-    TextSpan span{place.Paragraph().start, place.Paragraph().end};
+    const auto& all = place.layout->paragraphs;
+    std::size_t first = place.line.paragraph, last = first;
+    while (first > 0 && all[first - 1].continues)
+        --first;
+    while (last + 1 < all.size() && all[last].continues)
+        ++last;
+    TextSpan span{all[first].start, all[last].end};
     const TextSource& text = layouts.Text();
     if (span.end < text.Length() && text.UnitAt(span.end) == u'\n') ++span.end;
     return span;

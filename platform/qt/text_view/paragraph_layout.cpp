@@ -1,5 +1,6 @@
 #include "platform/qt/text_view/paragraph_layout.h"
 
+#include "platform/qt/text_view/capitals.h"
 #include "platform/qt/text_view/paragraph_shape.h"
 
 #include <QFontMetricsF>
@@ -63,15 +64,18 @@ void PrepareText(const LayoutContext& context, const ParagraphPart& part,
                  const ParagraphShape& shape, QString text, ParagraphLayout& result) {
     for (const PlacedPicture& picture : result.pictures)
         text[picture.position - part.start] = pictureStandIn;
+    QList<QTextLayout::FormatRange> formats;
+    if (!context.plain) {
+        formats = context.formats.Ranges(part.start, part.end);
+        ShowCapitals(context, part.start, text, formats);
+    }
+    for (const PlacedPicture& picture : result.pictures)
+        formats.append(PictureFormatRange(context, picture, part.start));
     const QFont font =
         context.plain ? MakeFont(context.look.font) : context.formats.FormatAt(part.end).font();
     result.text = std::make_unique<QTextLayout>(text, font, context.device);
     result.text->setTextOption(shape.option);
     result.text->setCacheEnabled(true); // shaped once, painted often
-    if (context.plain) return;
-    auto formats = context.formats.Ranges(part.start, part.end);
-    for (const PlacedPicture& picture : result.pictures)
-        formats.append(PictureFormatRange(context, picture, part.start));
     result.text->setFormats(formats);
 }
 
@@ -84,40 +88,105 @@ int TallestPicture(const ParagraphLayout& paragraph, const QTextLine& line) {
     return tallest;
 }
 
-// A justified line that reads to the left would leave the room of the blanks behind its last word
-// at its beginning, where it is seen.
-int JustificationError(const LayoutContext& context, const ParagraphShape& shape,
-                       const ParagraphLayout& paragraph, const QTextLine& line) {
-    const bool justified = shape.option.alignment() & Qt::AlignJustify;
+// Where the text goes to the left the layout puts the blanks at a line's end before the line, and
+// cuts off what would be left of 0. So the lines stand right of it.
+constexpr int roomForBlanks = 1 << 14; // pixels
+
+double BlanksBefore(const QTextLine& line) {
+    return line.naturalTextRect().left() - line.cursorToX(line.textStart() + line.textLength());
+}
+
+// Only blanks between words are stretched. A line that a break ends keeps its width, and so does
+// one with a tab: what stands behind it would leave its column.
+bool IsStretched(const ParagraphLayout& paragraph, const QTextLine& line) {
     const int end = line.textStart() + line.textLength();
     const QString text = paragraph.text->text();
-    if (!justified || !shape.rightToLeft || end >= text.size()) return 0;
-    int blanks = 0;
-    while (blanks < line.textLength() && text[end - 1 - blanks] == u' ')
-        ++blanks;
-    const QFont font = context.plain ? paragraph.text->font()
-                                     : context.formats.FormatAt(paragraph.start + end - 1).font();
-    return qRound(blanks * QFontMetricsF(font, context.device).horizontalAdvance(u' '));
+    if (end >= text.size() || text[end - 1] == QChar::LineSeparator) return false;
+    const QStringView words =
+        QStringView(text).sliced(line.textStart(), line.textLength()).trimmed();
+    return words.contains(u' ') && !words.contains(u'\t');
+}
+
+// Lays a line out once more at another width, unless it would break elsewhere then.
+void ChangeWidth(QTextLine& line, double width) {
+    const double before = line.width();
+    const int length = line.textLength();
+    line.setLineWidth(width);
+    if (line.textLength() != length) line.setLineWidth(before);
+}
+
+// Breaks the line; returns how far its text is from the edge where lines begin.
+int BreakLine(const ParagraphShape& shape, const ParagraphLayout& paragraph, QTextLine& line) {
+    const int indent = paragraph.tops.empty() ? shape.firstIndent : shape.indent;
+    const int indents = indent + shape.farIndent;
+    const int edge = shape.rightToLeft ? shape.farIndent : indent;
+    line.setLineWidth(std::max(1, shape.breakWidth - indents));
+    const bool stretched = shape.justified && IsStretched(paragraph, line);
+    if (shape.justified && !stretched) ChangeWidth(line, line.naturalTextWidth());
+    if (stretched && shape.rightToLeft) {
+        line.setPosition(QPointF(roomForBlanks, 0));
+        const double blanks = BlanksBefore(line);
+        line.setPosition(QPointF(0, 0)); // what tab stops are measured from
+        ChangeWidth(line, line.width() + blanks);
+    }
+    const int room = shape.alignWidth - indents - int(std::ceil(line.naturalTextWidth()));
+    return stretched ? edge : edge + shape.AlignmentShift(std::max(0, room));
 }
 
 // Lays out one line whose slot starts at `top`; returns the slot's height.
-int PlaceLine(const LayoutContext& context, QTextLine line, const ParagraphShape& shape,
-              ParagraphLayout& paragraph, int top) {
-    const int indent = paragraph.tops.empty() ? shape.firstIndent : shape.indent;
-    const int edge = shape.rightToLeft ? shape.farIndent : indent;
-    const int indents = indent + shape.farIndent;
-    line.setLineWidth(std::max(1, shape.breakWidth - indents));
-
+int PlaceLine(const ParagraphShape& shape, ParagraphLayout& paragraph, QTextLine line, int top) {
+    const int left = BreakLine(shape, paragraph, line);
     const int ascent = std::max(int(std::ceil(line.ascent())), TallestPicture(paragraph, line));
-    const int height = shape.LineHeight(ascent + int(std::ceil(line.descent())));
-    const int baseline = top + height - int(std::ceil(line.descent()));
-    const int room = shape.alignWidth - indents - int(std::ceil(line.naturalTextWidth()));
-    const int shift = shape.AlignmentShift(std::max(0, room)) +
-                      JustificationError(context, shape, paragraph, line);
-    line.setPosition(QPointF(edge + shift, baseline - line.ascent()));
-    paragraph.width =
-        std::max(paragraph.width, edge + shift + int(std::ceil(line.naturalTextWidth())));
+    const int descent = int(std::ceil(line.descent()));
+    const int height = shape.LineHeight(ascent + descent + std::max(0, qRound(line.leading())));
+    const int baseline = top + height - descent;
+    line.setPosition(QPointF(left - paragraph.origin.x(), baseline - line.ascent()));
+    paragraph.width = std::max(paragraph.width, left + int(std::ceil(line.naturalTextWidth())));
     return height;
+}
+bool HasTab(const QTextLayout& text, const QTextLine& line) {
+    const QString all = text.text();
+    return QStringView(all).sliced(line.textStart(), line.textLength()).contains(u'\t');
+}
+
+// Lays out lines up to one with a tab that is not the first: the layout puts what stands behind a
+// tab in its right place only in its first line. The line not wanted stays in it, out of sight.
+void PlaceLines(const ParagraphShape& shape, ParagraphLayout& result) {
+    constexpr int outOfSight = 1 << 24; // pixels
+    const bool tabs = result.text->text().contains(u'\t');
+    int top = shape.spaceBefore;
+    result.text->beginLayout();
+    for (QTextLine line = result.text->createLine(); line.isValid();
+         line = result.text->createLine()) {
+        const int height = PlaceLine(shape, result, line, top);
+        if (tabs && line.lineNumber() > 0 && HasTab(*result.text, line)) {
+            line.setPosition(QPointF(0, outOfSight));
+            result.end = result.start + line.textStart();
+            result.continues = true;
+            break;
+        }
+        result.tops.push_back(result.tops.empty() ? 0 : top);
+        top += height;
+    }
+    result.text->endLayout();
+    result.tops.push_back(top);
+}
+
+ParagraphLayout LayOutPart(const LayoutContext& context, const ParagraphPart& part,
+                           const ParagraphShape& shape, const QString& text) {
+    ParagraphLayout result;
+    result.start = part.start;
+    result.end = part.end;
+    result.continues = !part.last;
+    result.pictures = PlacePictures(context, part, shape.TextWidth());
+    PrepareText(context, part, shape, text, result);
+    if (shape.rightToLeft) result.origin.setX(-roomForBlanks);
+    PlaceLines(shape, result);
+    result.spaceBefore = shape.spaceBefore;
+    if (result.end == part.end) result.spaceAfter = shape.spaceAfter;
+    result.tops.back() += result.spaceAfter;
+    result.pictures.erase(FirstFrom(result.pictures, result.end), result.pictures.end());
+    return result;
 }
 } // namespace
 
@@ -151,24 +220,56 @@ QRect ParagraphLayout::PictureBox(const PlacedPicture& picture) const {
     return {base - QPoint(0, picture.size.height()), picture.size};
 }
 
-ParagraphLayout LayOutParagraph(const LayoutContext& context, const ParagraphPart& part) {
-    const QString text = LayoutText(context, part);
-    const ParagraphShape shape = ShapeOf(context, part, text);
-    ParagraphLayout result;
-    result.start = part.start;
-    result.end = part.end;
-    result.pictures = PlacePictures(context, part, shape.TextWidth());
-    PrepareText(context, part, shape, text, result);
+int ParagraphLayout::BottomWithoutSpace(int line) const {
+    return line + 1 < LineCount() ? tops[line + 1] : tops.back() - spaceAfter;
+}
 
-    int top = shape.spaceBefore;
-    result.text->beginLayout();
-    for (QTextLine line = result.text->createLine(); line.isValid();
-         line = result.text->createLine()) {
-        const int height = PlaceLine(context, line, shape, result, top);
-        result.tops.push_back(result.tops.empty() ? 0 : top);
-        top += height;
+// The layout forgets the blanks before a line, and that only those of the line end it.
+TextPos ParagraphLayout::PositionInLine(int index, int x) const {
+    const QTextLine line = text->lineAt(index);
+    const int first = line.textStart(), last = LineEnd(index) - start;
+    if (!IsRightToLeft()) return start + line.xToCursor(x);
+    int at = line.xToCursor(x + BlanksBefore(line));
+    const auto distance = [&](int position) { return std::abs(line.cursorToX(position) - x); };
+    for (int next = at; next < last; at = next) {
+        next = text->nextCursorPosition(at);
+        if (next == at || next > last || distance(next) >= distance(at)) break;
     }
-    result.text->endLayout();
-    result.tops.push_back(top + shape.spaceAfter);
-    return result;
+    for (int before = at; before > first; at = before) {
+        before = text->previousCursorPosition(at);
+        if (before == at || before < first || distance(before) >= distance(at)) break;
+    }
+    return start + at;
+}
+
+QRectF ParagraphLayout::TextBox(int index) const {
+    const QTextLine line = text->lineAt(index);
+    QRectF box = line.naturalTextRect();
+    const bool stretched = box.width() > line.naturalTextWidth();
+    if (stretched && IsRightToLeft()) box.setWidth(box.width() - BlanksBefore(line));
+    return box;
+}
+
+TextPos ParagraphLayout::CharacterInLine(int index, double x) const {
+    const QTextLine line = text->lineAt(index);
+    const double blanks = IsRightToLeft() ? BlanksBefore(line) : 0;
+    return start + line.xToCursor(x + blanks, QTextLine::CursorOnCharacter);
+}
+
+std::vector<ParagraphLayout> LayOutParagraph(const LayoutContext& context,
+                                             const ParagraphPart& part) {
+    std::vector<ParagraphLayout> layouts;
+    ParagraphPart rest = part;
+    QString text = LayoutText(context, part);
+    for (int y = 0;;) {
+        const ParagraphShape shape = ShapeOf(context, rest, text);
+        ParagraphLayout& layout = layouts.emplace_back(LayOutPart(context, rest, shape, text));
+        layout.origin.ry() += y;
+        y += layout.Height();
+        if (layout.end == part.end) return layouts;
+        text.remove(0, layout.end - rest.start);
+        rest.start = layout.end;
+        rest.first = false;
+        rest.rightToLeft = shape.rightToLeft;
+    }
 }
