@@ -113,12 +113,6 @@ BlockLayout LayOutBlock(const LayoutContext& context, const TextBlock& block) {
     return block.rows.empty() ? LayOutSingle(context, block) : LayOutRows(context, block);
 }
 
-bool GoesOn(const BlockLayout& layout, LineRef line) {
-    const ParagraphLayout& paragraph = ParagraphOf(layout, line);
-    if (line.line + 1 < paragraph.LineCount()) return true;
-    return paragraph.continues && paragraph.end > LineStart(layout, line);
-}
-
 int CellBottom(const BlockLayout& layout, std::size_t cell) {
     if (layout.cells.empty()) return layout.height;
     const QRect& box = layout.cells[cell].box;
@@ -180,20 +174,18 @@ TextPos PositionAt(const BlockLayout& layout, QPoint point, PointMeans means) {
 TextPos PositionInLine(const BlockLayout& layout, LineRef ref, int x, PointMeans means) {
     const ParagraphLayout& paragraph = ParagraphOf(layout, ref);
     const int inLine = x - paragraph.origin.x();
-    const TextPos position = means == QTextLine::CursorOnCharacter
-                                 ? paragraph.CharacterInLine(ref.line, inLine)
-                                 : paragraph.PositionInLine(ref.line, inLine);
-    // Behind the last character of a wrapped line is already the next line.
-    const TextPos end = LineEnd(layout, ref);
-    if (position < end || !GoesOn(layout, ref)) return position;
-    return paragraph.start + paragraph.text->previousCursorPosition(end - paragraph.start);
+    return means == QTextLine::CursorOnCharacter ? paragraph.CharacterInLine(ref.line, inLine)
+                                                 : paragraph.PositionInLine(ref.line, inLine);
 }
 
 QRect CaretBox(const BlockLayout& layout, TextPos position) {
-    const Place place = PlaceOf(layout, position);
-    const int x = int(std::floor(place.line.cursorToX(place.at)));
-    return QRect(x, int(place.line.y()), 1, int(std::ceil(place.line.height())))
-        .translated(place.paragraph.origin);
+    const LineRef ref = LineOf(layout, position);
+    const ParagraphLayout& paragraph = ParagraphOf(layout, ref);
+    const TextPos at = std::clamp(position, paragraph.start, paragraph.end);
+    const QTextLine line = paragraph.text->lineAt(ref.line);
+    const int x = int(std::floor(paragraph.X(ref.line, at)));
+    return QRect(x, int(std::floor(line.y())), 1, int(std::ceil(line.height())))
+        .translated(paragraph.origin);
 }
 
 QRect CharacterBox(const BlockLayout& layout, TextPos position) {

@@ -33,9 +33,6 @@ BlockLayout LayOutBlock(const LayoutContext& context, const TextBlock& block);
 LineRef LineOf(const BlockLayout& layout, TextPos position); // the nearest, for a hidden character
 TextPos LineStart(const BlockLayout& layout, LineRef line);
 TextPos LineEnd(const BlockLayout& layout, LineRef line); // without the paragraph break
-// Whether the line does not end its paragraph: then the place behind its last character is already
-// in the next line.
-bool GoesOn(const BlockLayout& layout, LineRef line);
 
 // The lines of a block tile its height, so that scrolling by lines leaves no part out: the first
 // line of a block or a cell begins at its top. In a table row they overlap where cells are side by

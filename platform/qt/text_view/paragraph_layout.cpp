@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 // Pictures stand in the text as this character, made invisible and as wide as the picture by letter
@@ -88,12 +89,33 @@ int TallestPicture(const ParagraphLayout& paragraph, const QTextLine& line) {
     return tallest;
 }
 
-// Where the text goes to the left the layout puts the blanks at a line's end before the line, and
-// cuts off what would be left of 0. So the lines stand right of it.
+// Where a paragraph goes to the left the blanks at a line's end are drawn nowhere, but the layout
+// tells the places of characters as if they were, and as if they were left of the line. It cuts off
+// what would be left of 0: so such lines stand right of it.
 constexpr int roomForBlanks = 1 << 14; // pixels
 
-double BlanksBefore(const QTextLine& line) {
-    return line.naturalTextRect().left() - line.cursorToX(line.textStart() + line.textLength());
+struct BlanksAtEnd {
+    int start = std::numeric_limits<int>::max(); // in the layout
+    double left = 0, width = 0;                  // as the layout tells
+    bool outside = true;                         // left of the text
+};
+
+// Where the blanks at the end of a wrapped line begin.
+int TextEnd(const QString& text, int start, int lineEnd) {
+    int end = lineEnd;
+    while (end > start && text[end - 1].isSpace() && text[end - 1] != QChar::LineSeparator)
+        --end;
+    return lineEnd < text.size() ? end : lineEnd;
+}
+
+BlanksAtEnd BlanksOf(const QTextLayout& layout, const QTextLine& line) {
+    const bool leftwards = layout.textOption().textDirection() == Qt::RightToLeft;
+    const int start = line.textStart(), lineEnd = start + line.textLength();
+    const QString text = layout.text();
+    if (!leftwards || lineEnd == text.size()) return {}; // the last line's are part of it
+    const int end = TextEnd(text, start, lineEnd);
+    const double first = line.cursorToX(end), last = line.cursorToX(lineEnd);
+    return {end, std::min(first, last), std::abs(last - first), last <= first};
 }
 
 // Only blanks between words are stretched. A line that a break ends keeps its width, and so does
@@ -125,7 +147,7 @@ int BreakLine(const ParagraphShape& shape, const ParagraphLayout& paragraph, QTe
     if (shape.justified && !stretched) ChangeWidth(line, line.naturalTextWidth());
     if (stretched && shape.rightToLeft) {
         line.setPosition(QPointF(roomForBlanks, 0));
-        const double blanks = BlanksBefore(line);
+        const double blanks = BlanksOf(*paragraph.text, line).width;
         line.setPosition(QPointF(0, 0)); // what tab stops are measured from
         ChangeWidth(line, line.width() + blanks);
     }
@@ -144,6 +166,7 @@ int PlaceLine(const ParagraphShape& shape, ParagraphLayout& paragraph, QTextLine
     paragraph.width = std::max(paragraph.width, left + int(std::ceil(line.naturalTextWidth())));
     return height;
 }
+
 bool HasTab(const QTextLayout& text, const QTextLine& line) {
     const QString all = text.text();
     return QStringView(all).sliced(line.textStart(), line.textLength()).contains(u'\t');
@@ -224,36 +247,71 @@ int ParagraphLayout::BottomWithoutSpace(int line) const {
     return line + 1 < LineCount() ? tops[line + 1] : tops.back() - spaceAfter;
 }
 
-// The layout forgets the blanks before a line, and that only those of the line end it.
-TextPos ParagraphLayout::PositionInLine(int index, int x) const {
+double ParagraphLayout::X(int index, TextPos position) const {
     const QTextLine line = text->lineAt(index);
-    const int first = line.textStart(), last = LineEnd(index) - start;
-    if (!IsRightToLeft()) return start + line.xToCursor(x);
-    int at = line.xToCursor(x + BlanksBefore(line));
-    const auto distance = [&](int position) { return std::abs(line.cursorToX(position) - x); };
-    for (int next = at; next < last; at = next) {
-        next = text->nextCursorPosition(at);
-        if (next == at || next > last || distance(next) >= distance(at)) break;
-    }
-    for (int before = at; before > first; at = before) {
-        before = text->previousCursorPosition(at);
-        if (before == at || before < first || distance(before) >= distance(at)) break;
-    }
-    return start + at;
+    const BlanksAtEnd blanks = BlanksOf(*text, line);
+    const bool inBlanks = position - start > blanks.start;
+    if (inBlanks && !blanks.outside) return blanks.left + blanks.width;
+    const double x = line.cursorToX(position - start);
+    return !inBlanks && blanks.width > 0 && x <= blanks.left ? x + blanks.width : x;
+}
+
+// As the layout wants to be asked for what is drawn at `x`.
+double ParagraphLayout::ToldX(int index, double x) const {
+    const QTextLine line = text->lineAt(index);
+    const BlanksAtEnd blanks = BlanksOf(*text, line);
+    return x < blanks.left + blanks.width ? x : x + blanks.width;
+}
+
+// What the layout says is often not the nearest place: it loses its way behind marks and ligatures,
+// and may even leave the line or split a character.
+TextPos ParagraphLayout::PositionInLine(int index, int x) const {
+    const TextPos first = LineStart(index), last = LastPlace(index);
+    const TextPos told = start + text->lineAt(index).xToCursor(ToldX(index, x));
+    TextPos at = std::clamp(told, first, last);
+    if (!text->isValidCursorPosition(at - start)) at = std::max(first, PlaceBefore(at));
+    TextPos nearest = at;
+    double least = std::abs(X(index, at) - x);
+    // Whether it is worth while to look on behind a place; some characters have no width.
+    const auto leadsOn = [&](TextPos place) {
+        const double distance = std::abs(X(index, place) - x);
+        if (distance > least) return false;
+        if (distance < least) nearest = place;
+        least = distance;
+        return true;
+    };
+    const TextPos from = at;
+    for (TextPos next = NextPlace(at); next > at && next <= last && leadsOn(next);
+         next = NextPlace(at))
+        at = next;
+    at = from;
+    for (TextPos before = PlaceBefore(at); before < at && before >= first && leadsOn(before);
+         before = PlaceBefore(at))
+        at = before;
+    return nearest;
+}
+
+TextPos ParagraphLayout::LastPlace(int line) const {
+    const bool ends = line + 1 == LineCount() && !(continues && end > LineStart(line));
+    return ends ? end : PlaceBefore(LineEnd(line));
+}
+
+TextPos ParagraphLayout::BlanksStart(int index) const {
+    const QTextLine line = text->lineAt(index);
+    const int lineStart = line.textStart();
+    return start + TextEnd(text->text(), lineStart, lineStart + line.textLength());
 }
 
 QRectF ParagraphLayout::TextBox(int index) const {
     const QTextLine line = text->lineAt(index);
     QRectF box = line.naturalTextRect();
     const bool stretched = box.width() > line.naturalTextWidth();
-    if (stretched && IsRightToLeft()) box.setWidth(box.width() - BlanksBefore(line));
+    if (stretched) box.setWidth(box.width() - BlanksOf(*text, line).width);
     return box;
 }
 
 TextPos ParagraphLayout::CharacterInLine(int index, double x) const {
-    const QTextLine line = text->lineAt(index);
-    const double blanks = IsRightToLeft() ? BlanksBefore(line) : 0;
-    return start + line.xToCursor(x + blanks, QTextLine::CursorOnCharacter);
+    return start + text->lineAt(index).xToCursor(ToldX(index, x), QTextLine::CursorOnCharacter);
 }
 
 std::vector<ParagraphLayout> LayOutParagraph(const LayoutContext& context,

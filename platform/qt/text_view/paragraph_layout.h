@@ -58,14 +58,27 @@ struct ParagraphLayout {
     TextPos LineEnd(int line) const; // where the next line starts, or `end`
     int LineOf(TextPos position) const;
     QRect PictureBox(const PlacedPicture& picture) const; // measured from the origin
+    // Of the caret in a line: where the paragraph goes on, the place behind the line's last
+    // character is already in the next one.
+    TextPos LastPlace(int line) const;
+    TextPos BlanksStart(int line) const; // of those at a wrapped line's end; else where it ends
     int TopWithoutSpace(int line) const { return line == 0 ? spaceBefore : tops[line]; }
     int BottomWithoutSpace(int line) const;
     bool IsRightToLeft() const { return text->textOption().textDirection() == Qt::RightToLeft; }
-    QRectF TextBox(int line) const; // of its text, without the blanks at its end
+    QRectF TextBox(int line) const;             // of its text, without the blanks at its end
+    double X(int line, TextPos position) const; // where the caret stands, measured from the origin
     // The caret's place in a line that is nearest to `x`, measured from the origin, and the
     // character that is drawn there.
     TextPos PositionInLine(int line, int x) const;
     TextPos CharacterInLine(int line, double x) const;
+    // The next place of the caret in the paragraph and the one before; the same at its ends.
+    TextPos NextPlace(TextPos at) const { return start + text->nextCursorPosition(at - start); }
+    TextPos PlaceBefore(TextPos at) const {
+        return start + text->previousCursorPosition(at - start);
+    }
+
+  private:
+    double ToldX(int line, double x) const;
 };
 
 struct ParagraphPart {

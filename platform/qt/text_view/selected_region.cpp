@@ -35,6 +35,7 @@ struct Part {
         const int x = int(std::floor(left)), top = paragraph.TopWithoutSpace(index);
         return {x, top, int(std::ceil(right)) - x, paragraph.BottomWithoutSpace(index) - top};
     }
+    double X(int at) const { return paragraph.X(index, paragraph.start + at); }
     bool IsWholeLine() const {
         return from == line.textStart() && to == line.textStart() + line.textLength();
     }
@@ -71,14 +72,13 @@ QRegion SelectedInLine(const Part& part, const QRect& clip) {
     const QRectF text = part.paragraph.TextBox(part.index);
     if (part.IsWholeLine()) return part.Band(text.left(), text.right());
     if (!part.GoesOneWay()) return SelectedColumns(part, clip);
-    const auto [left, right] =
-        std::minmax(part.line.cursorToX(part.from), part.line.cursorToX(part.to));
+    const auto [left, right] = std::minmax({part.X(part.from), part.X(part.to)});
     return part.Band(left, right);
 }
 
 QRect SelectedBreak(const Part& part) {
     const qreal width = part.line.height() / 4;
-    const qreal x = part.line.cursorToX(part.paragraph.end - part.paragraph.start);
+    const qreal x = part.X(part.paragraph.end - part.paragraph.start);
     return part.paragraph.IsRightToLeft() ? part.Band(x - width, x) : part.Band(x, x + width);
 }
 } // namespace

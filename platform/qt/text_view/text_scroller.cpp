@@ -71,9 +71,9 @@ void TextScroller::Reveal(TextPos position) {
     TextHeight from{layout->block.start, LineTop(*layout, line)};
     TextHeight to{layout->block.start, LineBottom(*layout, line)};
     if (to.y - from.y > viewHeight_) {
-        const QRect caret = CaretBox(*layout, position);
-        from.y = caret.top();
-        to.y = caret.top() + caret.height();
+        const QRect caret = CaretBox(*layout, position); // it may be higher than its line
+        from.y = std::max(from.y, caret.top());
+        to.y = std::min(to.y, caret.top() + caret.height());
     }
     if (from < Top())
         ShowHeight(from);

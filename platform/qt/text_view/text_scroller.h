@@ -33,7 +33,7 @@ class TextScroller {
     // A page up or down, to a line's top, so that nothing is passed unseen: one line of that height
     // stays in view, more where lines are higher.
     void ScrollPage(bool down, int lineHeight);
-    void Reveal(TextPos position);               // by the least that shows the line of `position`
+    void Reveal(TextPos position); // by the least that shows the line of `position`
 
     // Whether the line of `position` is higher than the view and a part of it is seen.
     bool IsHighAndSeen(TextPos position);

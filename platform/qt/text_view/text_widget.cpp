@@ -214,19 +214,19 @@ void TextWidget::paintEvent(QPaintEvent* event) {
                           palette_.color(group, QPalette::Highlight),
                           SelStart(),
                           SelEnd()};
-    std::vector<std::pair<TextLayouts::Layout, QPoint>> shown;
+    std::vector<std::pair<TextLayouts::Layout, int>> shown;
     auto layout = layouts_.At(top.block);
     for (int y = -top.y; layout && y <= clip.bottom(); layout = layouts_.After(layout)) {
-        if (y + layout->height >= clip.top()) shown.emplace_back(layout, QPoint(-ColumnX(0), y));
+        if (y + layout->height >= clip.top()) shown.emplace_back(layout, y);
         y += layout->height;
     }
-    for (const auto& [block, origin] : shown)
-        PaintBackground(painter, *block, origin);
-    for (const auto& [block, origin] : shown)
-        PaintBlock(painter, paint, *block, origin, clip);
+    UpdateScrollBars(); // now the lines are known that say how far to the right there is anything
+    for (const auto& [block, y] : shown)
+        PaintBackground(painter, *block, QPoint(-ColumnX(0), y));
+    for (const auto& [block, y] : shown)
+        PaintBlock(painter, paint, *block, QPoint(-ColumnX(0), y), clip);
     const auto caret = caretOn_ && hasFocus() ? CaretInView() : std::nullopt;
     if (caret) painter.fillRect(*caret, CaretColor());
-    UpdateScrollBars();
 }
 
 QColor TextWidget::CaretColor() const {
