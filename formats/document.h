@@ -14,6 +14,9 @@
 
 enum class Script : std::uint8_t { Normal, Superscript, Subscript };
 
+// How letters are shown; the text keeps them as they were written.
+enum class Capitals : std::uint8_t { AsWritten, All, Small };
+
 struct CharStyle {
     std::uint16_t font = 0; // index in Document::fonts
     std::uint16_t halfPoints = 24;
@@ -22,6 +25,7 @@ struct CharStyle {
     bool bold = false, italic = false, underline = false, strikethrough = false;
     bool rightToLeft = false;
     Script script = Script::Normal;
+    Capitals capitals = Capitals::AsWritten;
     std::uint16_t link = 0; // 1-based index in Document::links, 0 for none
     bool operator==(const CharStyle&) const = default;
 };

@@ -21,9 +21,7 @@ void RtfRowDefinition::Apply(const RtfWordEntry& entry, std::int32_t parameter,
     case RtfWord::MergedAbove: next_.mergedAbove = true; break;
     case RtfWord::CellBackground: next_.background = colors.At(parameter); break;
     case RtfWord::BorderSide: border_ = static_cast<RowBorder>(entry.value); break;
-    case RtfWord::Border:
-        if (border_ != RowBorder::None) next_.borders[static_cast<int>(border_)] = entry.value != 0;
-        break;
+    case RtfWord::Border: ApplyBorder(entry.value != 0 ? RtfBorder::Line : RtfBorder::None); break;
     case RtfWord::CellRightEdge:
         next_.rightEdge = ClampRtfTwips(parameter);
         if (cells.size() < maxRtfRowCells) cells.push_back(next_);
@@ -32,6 +30,19 @@ void RtfRowDefinition::Apply(const RtfWordEntry& entry, std::int32_t parameter,
         break;
     default: break;
     }
+}
+
+void RtfRowDefinition::ApplyBorder(RtfBorder border) {
+    if (border_ == RowBorder::None) return;
+    (border_ < RowBorder::RowLeft ? next_.borders : borders)[static_cast<int>(border_)] = border;
+}
+
+bool RtfRowDefinition::HasLine(RtfBorder cell, RowBorder outer, RowBorder inner,
+                               bool isInside) const {
+    const RtfBorder inside = isInside ? borders[static_cast<int>(inner)] : RtfBorder::Unsaid;
+    for (const RtfBorder border : {cell, inside, borders[static_cast<int>(outer)]})
+        if (border != RtfBorder::Unsaid) return border == RtfBorder::Line;
+    return false;
 }
 
 void RtfRowBuilder::BeforeParagraphEnd(RtfStory& story, bool inTable) {
@@ -86,6 +97,7 @@ void RtfRowBuilder::EndRow(RtfStory& story, std::uint32_t charStyle, std::uint32
     if (cells_.empty()) return;
     if (rows_.size() < maxRtfRows) {
         story.EndParagraph(u'\n', charStyle, paragraphStyle);
+        PutRowBelow();
         rows_.push_back(MakeRow());
     } else {
         Abandon(story);
@@ -93,7 +105,35 @@ void RtfRowBuilder::EndRow(RtfStory& story, std::uint32_t charStyle, std::uint32
     Close();
 }
 
-TableRow RtfRowBuilder::MakeRow() const {
+// The row above is not the table's last one: its lower border is an inner one.
+void RtfRowBuilder::PutRowBelow() {
+    if (rows_.empty() || rows_.back().end != rowStart_) return;
+    TableRow& above = rows_.back();
+    for (const std::size_t cell : openBottoms_)
+        above.cells[cell].borderBottom = definition.HasLine(RtfBorder::Unsaid, RowBorder::RowBottom,
+                                                            RowBorder::InnerHorizontal, true);
+}
+
+void RtfRowBuilder::SetBorders(TableCell& cell, const OpenCell& open, bool isFirstRow) {
+    const std::size_t last = open.definition + open.columnSpan - 1u;
+    const bool isSaid = last < definition.cells.size();
+    const auto said = [&](std::size_t index, RowBorder side) {
+        return isSaid ? definition.cells[index].borders[static_cast<int>(side)] : RtfBorder::Unsaid;
+    };
+    cell.borderLeft = definition.HasLine(said(open.definition, RowBorder::Left), RowBorder::RowLeft,
+                                         RowBorder::InnerVertical, &open != &cells_.front());
+    cell.borderRight = definition.HasLine(said(last, RowBorder::Right), RowBorder::RowRight,
+                                          RowBorder::InnerVertical, &open != &cells_.back());
+    cell.borderTop = definition.HasLine(said(open.definition, RowBorder::Top), RowBorder::RowTop,
+                                        RowBorder::InnerHorizontal, !isFirstRow);
+    const RtfBorder bottom = said(open.definition, RowBorder::Bottom);
+    cell.borderBottom =
+        definition.HasLine(bottom, RowBorder::RowBottom, RowBorder::InnerHorizontal, false);
+    if (bottom == RtfBorder::Unsaid)
+        openBottoms_.push_back(static_cast<std::size_t>(&open - cells_.data()));
+}
+
+TableRow RtfRowBuilder::MakeRow() {
     TableRow row;
     row.start = rowStart_;
     row.end = cells_.back().end + 1;
@@ -101,6 +141,8 @@ TableRow RtfRowBuilder::MakeRow() const {
     row.cellGap = definition.cellGap;
     row.rightToLeft = definition.rightToLeft;
     row.cells.reserve(cells_.size());
+    openBottoms_.clear();
+    const bool isFirstRow = rows_.empty() || rows_.back().end != rowStart_;
     std::int32_t left = 0;
     for (const OpenCell& open : cells_) {
         TableCell& cell = row.cells.emplace_back();
@@ -115,13 +157,10 @@ TableRow RtfRowBuilder::MakeRow() const {
             const RtfCellDefinition& end = definition.cells[last];
             cell.rightEdge = std::max(left, end.rightEdge - row.leftEdge);
             cell.mergedAbove = first.mergedAbove;
-            cell.borderLeft = first.borders[static_cast<int>(RowBorder::Left)];
-            cell.borderTop = first.borders[static_cast<int>(RowBorder::Top)];
-            cell.borderBottom = first.borders[static_cast<int>(RowBorder::Bottom)];
-            cell.borderRight = end.borders[static_cast<int>(RowBorder::Right)];
             cell.background = first.background.value;
             cell.autoBackground = first.background.isAutomatic;
         }
+        SetBorders(cell, open, isFirstRow);
         left = cell.rightEdge;
     }
     return row;

@@ -6,10 +6,12 @@
 #include "formats/rtf_story.h"
 #include "formats/rtf_words.h"
 
+enum class RtfBorder : std::uint8_t { Unsaid, None, Line };
+
 struct RtfCellDefinition {
     std::int32_t rightEdge = 0; // twips from the page's left margin
     bool mergedLeft = false, mergedAbove = false;
-    bool borders[4]{}; // by RowBorder
+    RtfBorder borders[4]{}; // by RowBorder
     RtfColor background;
 };
 
@@ -17,11 +19,16 @@ struct RtfCellDefinition {
 struct RtfRowDefinition {
     std::int32_t leftEdge = 0, cellGap = 0; // twips
     bool rightToLeft = false;
+    RtfBorder borders[static_cast<int>(RowBorder::None)]{}; // by RowBorder; those of cells unused
     std::vector<RtfCellDefinition> cells;
 
     void Apply(const RtfWordEntry& entry, std::int32_t parameter, const RtfColorTable& colors);
+    // Whether there is a line on a side where cells may say nothing: then the inner border of the
+    // row holds, and at its outside, or where it says nothing either, the outer one.
+    bool HasLine(RtfBorder cell, RowBorder outer, RowBorder inner, bool isInside) const;
 
   private:
+    void ApplyBorder(RtfBorder border);
     RtfCellDefinition next_; // the cell whose \cellx is still to come
     RowBorder border_ = RowBorder::None;
 };
@@ -48,11 +55,14 @@ class RtfRowBuilder {
     void Close();
     void Abandon(RtfStory& story);
     bool JoinsLastCell(std::size_t definitionIndex) const;
-    TableRow MakeRow() const;
+    TableRow MakeRow();
+    void SetBorders(TableCell& cell, const OpenCell& open, bool isFirstRow);
+    void PutRowBelow();
 
     std::vector<TableRow> rows_;
     bool isOpen_ = false;
     TextPos rowStart_ = 0;
     std::vector<OpenCell> cells_;
     std::size_t nextDefinition_ = 0;
+    std::vector<std::size_t> openBottoms_; // cells of the last row whose lower border is not said
 };

@@ -23,6 +23,13 @@ void SetFont(RtfState& state, const RtfFont* font) {
     state.chars.font = font ? font->index : 0;
 }
 
+void SetCapitals(CharStyle& style, Capitals capitals, bool on) {
+    if (on)
+        style.capitals = capitals;
+    else if (style.capitals == capitals)
+        style.capitals = Capitals::AsWritten;
+}
+
 void SetFontSize(CharStyle& style, std::int32_t halfPoints) {
     if (halfPoints > 0)
         style.halfPoints = static_cast<std::uint16_t>(std::min(halfPoints, maxRtfHalfPoints));
@@ -48,6 +55,7 @@ void ApplyCharacterWord(RtfState& state, const RtfWordEntry& entry, bool hasPara
     case RtfWord::Underline: style.underline = on; break;
     case RtfWord::NoUnderline: style.underline = false; break;
     case RtfWord::Strike: style.strikethrough = on; break;
+    case RtfWord::Capitals: SetCapitals(style, static_cast<Capitals>(entry.value), on); break;
     case RtfWord::Hidden: state.isHidden = on; break;
     case RtfWord::Superscript:
     case RtfWord::Raised: SetScript(style, Script::Superscript, on); break;

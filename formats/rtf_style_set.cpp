@@ -18,7 +18,8 @@ std::size_t Mix(std::initializer_list<std::int64_t> values) {
 std::size_t HashOf(const CharStyle& style) {
     const int flags = style.autoForeground | style.autoBackground << 1 | style.bold << 2 |
                       style.italic << 3 | style.underline << 4 | style.strikethrough << 5 |
-                      style.rightToLeft << 6 | static_cast<int>(style.script) << 7;
+                      style.rightToLeft << 6 | static_cast<int>(style.script) << 7 |
+                      static_cast<int>(style.capitals) << 9;
     return Mix(
         {style.font, style.halfPoints, style.foreground, style.background, flags, style.link});
 }

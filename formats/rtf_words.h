@@ -62,6 +62,7 @@ enum class RtfWord : std::uint8_t {
     Underline,
     NoUnderline,
     Strike,
+    Capitals, // `value` is the Capitals
     Hidden,
     Superscript,
     Subscript,
@@ -122,8 +123,21 @@ enum class RtfWord : std::uint8_t {
     FallbackLength,
 };
 
-// The border that the border words after it speak of; of what is no cell, none.
-enum class RowBorder : std::uint8_t { Left, Top, Right, Bottom, None };
+// The border that the border words after it speak of: of a cell, of all cells of a row that say
+// nothing themselves (between them the inner ones), or of what is no table, none.
+enum class RowBorder : std::uint8_t {
+    Left,
+    Top,
+    Right,
+    Bottom,
+    RowLeft,
+    RowTop,
+    RowRight,
+    RowBottom,
+    InnerHorizontal,
+    InnerVertical,
+    None
+};
 
 struct RtfWordEntry {
     std::string_view name;

@@ -30,6 +30,8 @@ std::string CharStyleWords(const CharStyle& style, const RtfWriteTables& tables)
     if (style.italic) rtf += "\\i";
     if (style.underline) rtf += "\\ul";
     if (style.strikethrough) rtf += "\\strike";
+    if (style.capitals == Capitals::All) rtf += "\\caps";
+    if (style.capitals == Capitals::Small) rtf += "\\scaps";
     if (style.script == Script::Superscript) rtf += "\\super";
     if (style.script == Script::Subscript) rtf += "\\sub";
     if (style.rightToLeft) rtf += "\\rtlch";

@@ -9,6 +9,7 @@
 #include <QMouseEvent>
 #include <QTextLayout>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -20,7 +21,10 @@ struct QtViewBench {
         view.SetVisible(true);
     }
     TextWidget& Widget() { return static_cast<TextWidget&>(*view.Widget()); }
-    int TextWidth() { return Widget().maximumViewportSize().width() - 12; } // but for the margins
+    int TextWidth() { // but for the margins
+        const int whole = Widget().maximumViewportSize().width();
+        return whole - 2 * std::max(6, whole / 40);
+    }
     // Whether the view used the key.
     bool Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QKeyEvent event(QEvent::KeyPress, key, modifiers);

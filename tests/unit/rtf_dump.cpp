@@ -46,6 +46,8 @@ std::string CharText(const Document& document, const CharStyle& style) {
     if (style.rightToLeft) text += " rtl";
     if (style.script == Script::Superscript) text += " super";
     if (style.script == Script::Subscript) text += " sub";
+    if (style.capitals == Capitals::All) text += " caps";
+    if (style.capitals == Capitals::Small) text += " small caps";
     text += ColorText("color", style.autoForeground, style.foreground);
     text += ColorText("back", style.autoBackground, style.background);
     if (style.link != 0) text += " -> " + Utf16ToUtf8(document.links[style.link - 1u]);

@@ -103,14 +103,56 @@ TEST_CASE("rtf tables: what the words say about a row") {
     CHECK(row.cells[2].rightEdge > second.rightEdge); // has no \cellx
 }
 
-TEST_CASE("rtf tables: borders of paragraphs and whole rows are no borders of cells") {
-    const Document document = Read("\\trowd\\trbrdrt\\brdrs\\cellx1\\cellx2\\clbrdrt\\brdrs\\cellx3"
+TEST_CASE("rtf tables: borders of paragraphs are no borders of cells") {
+    const Document document = Read("\\trowd\\cellx1\\cellx2\\clbrdrt\\brdrs\\cellx3"
                                    "\\pard\\intbl\\brdrb\\brdrs a\\cell b\\cell c\\cell\\row");
     REQUIRE(document.rows.size() == 1);
     CHECK_FALSE(document.rows[0].cells[0].borderTop);
     CHECK_FALSE(document.rows[0].cells[1].borderTop);
     CHECK(document.rows[0].cells[2].borderTop);
     CHECK_FALSE(document.rows[0].cells[2].borderBottom);
+}
+
+// The borders of each cell, row by row.
+std::string Borders(const std::string& body) {
+    std::string text;
+    for (const TableRow& row : Read(body).rows) {
+        for (const TableCell& cell : row.cells) {
+            if (cell.borderLeft) text += 'L';
+            if (cell.borderTop) text += 'T';
+            if (cell.borderRight) text += 'R';
+            if (cell.borderBottom) text += 'B';
+            text += '|';
+        }
+        text += '\n';
+    }
+    return text;
+}
+
+TEST_CASE("rtf tables: a row's borders hold for its cells that say nothing") {
+    const std::string row = "\\cellx1\\cellx2\\pard\\intbl a\\cell b\\cell\\row";
+    const std::string box =
+        "\\trowd\\trbrdrt\\brdrs\\trbrdrl\\brdrs\\trbrdrb\\brdrs\\trbrdrr\\brdrs";
+    struct {
+        std::string body, borders;
+    } const cases[] = {
+        {box + row, "LTRB|LTRB|\n"}, // nothing said of inner ones
+        {box + "\\trbrdrv\\brdrnone" + row, "LTB|TRB|\n"},
+        {box + "\\trbrdrv\\brdrs" + row, "LTRB|LTRB|\n"},
+        {box + "\\trbrdrv\\brdrnone\\trbrdrh\\brdrnone" + row + row + row,
+         "LT|TR|\nL|R|\nLB|RB|\n"},
+        {"\\trowd\\trbrdrh\\brdrs" + row + row, "B|B|\nT|T|\n"},
+        {"\\trowd\\trbrdrh\\brdrs" + row + "\\pard x\\par" + row, "||\n||\n"},
+        {box + "\\clbrdrt\\brdrnone\\clbrdrb\\brdrtbl" + row + row, "LR|LTRB|\nLR|LTRB|\n"},
+        {"\\trowd\\trbrdrv\\brdrs\\clmgf\\cellx1\\clmrg\\cellx2\\cellx3\\intbl a\\cell\\cell "
+         "b\\cell\\row",
+         "R|L|\n"},
+        {box + "\\trowd" + row, "||\n"},
+    };
+    for (const auto& c : cases) {
+        CAPTURE(c.body);
+        CHECK(Borders(c.body) == c.borders);
+    }
 }
 
 TEST_CASE("rtf tables: merged cells are one as wide as all of them") {

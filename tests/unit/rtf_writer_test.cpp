@@ -65,6 +65,7 @@ class DocumentMaker {
         style.strikethrough = Maybe();
         style.rightToLeft = Maybe();
         style.script = static_cast<Script>(Below(3));
+        style.capitals = static_cast<Capitals>(Below(3));
         style.link = static_cast<std::uint16_t>(Maybe() ? Below(4) : 0);
         style.autoForeground = !Maybe();
         if (!style.autoForeground) style.foreground = random_() & 0xFFFFFF;

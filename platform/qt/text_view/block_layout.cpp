@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <tuple>
 
 namespace {
 const ParagraphLayout& ParagraphOf(const BlockLayout& layout, LineRef line) {
@@ -26,14 +27,19 @@ bool LastInCell(const BlockLayout& layout, std::size_t paragraph) {
 BlockLayout LayOutSingle(const LayoutContext& context, const TextBlock& block) {
     const bool last = EndsParagraph(*context.text, block);
     const bool atEnd = block.end == context.text->Length();
-    const ParagraphPart part{
-        block.start,   block.end - (last ? 1 : 0), StartsParagraph(*context.text, block),
-        last || atEnd, context.breakWidth,         context.viewWidth};
+    const ParagraphPart part{.start = block.start,
+                             .end = block.end - (last ? 1 : 0),
+                             .first = StartsParagraph(*context.text, block),
+                             .last = last || atEnd,
+                             .breakWidth = context.breakWidth,
+                             .alignWidth = context.viewWidth};
     BlockLayout layout;
     layout.block = block;
-    layout.paragraphs.push_back(LayOutParagraph(context, part));
-    layout.height = layout.paragraphs.front().Height();
-    layout.width = layout.paragraphs.front().width;
+    layout.paragraphs = LayOutParagraph(context, part);
+    for (const ParagraphLayout& paragraph : layout.paragraphs) {
+        layout.height += paragraph.Height();
+        layout.width = std::max(layout.width, paragraph.width);
+    }
     return layout;
 }
 
@@ -41,17 +47,21 @@ int Distance(int at, int from, int to) {
     return at < from ? from - at : at >= to ? at - to + 1 : 0;
 }
 
-// The paragraph nearest to a point: first by column, then by height.
+// The paragraph nearest to a point: first by row and column, then by height.
 std::size_t NearestParagraph(const BlockLayout& layout, QPoint point) {
     std::size_t nearest = 0;
-    auto least = std::pair(std::numeric_limits<int>::max(), 0);
+    auto least = std::tuple(std::numeric_limits<int>::max(), 0, 0);
     for (std::size_t i = 0; i < layout.paragraphs.size(); ++i) {
         const ParagraphLayout& paragraph = layout.paragraphs[i];
-        std::pair distance(0, Distance(point.y(), paragraph.origin.y(),
-                                       paragraph.origin.y() + paragraph.Height()));
+        std::tuple distance(
+            0, 0,
+            Distance(point.y(), paragraph.origin.y(), paragraph.origin.y() + paragraph.Height()));
         if (!layout.cells.empty()) {
-            const QRect& box = layout.cells[paragraph.cell].box;
-            distance.first = Distance(point.x(), box.left(), box.left() + box.width());
+            const CellLayout& cell = layout.cells[paragraph.cell];
+            if (cell.hidden) continue;
+            const QRect& box = cell.box;
+            std::get<0>(distance) = Distance(point.y(), box.top(), box.top() + box.height());
+            std::get<1>(distance) = Distance(point.x(), box.left(), box.left() + box.width());
         }
         if (distance < least) {
             least = distance;
@@ -100,7 +110,13 @@ std::pair<double, double> GlyphEdges(const Place& place) {
 } // namespace
 
 BlockLayout LayOutBlock(const LayoutContext& context, const TextBlock& block) {
-    return block.row ? LayOutRow(context, block) : LayOutSingle(context, block);
+    return block.rows.empty() ? LayOutSingle(context, block) : LayOutRows(context, block);
+}
+
+int CellBottom(const BlockLayout& layout, std::size_t cell) {
+    if (layout.cells.empty()) return layout.height;
+    const QRect& box = layout.cells[cell].box;
+    return box.top() + box.height();
 }
 
 LineRef LineOf(const BlockLayout& layout, TextPos position) {
@@ -121,15 +137,16 @@ TextPos LineEnd(const BlockLayout& layout, LineRef line) {
 }
 
 int LineTop(const BlockLayout& layout, LineRef line) {
-    if (line.line == 0 && FirstInCell(layout, line.paragraph)) return 0;
     const ParagraphLayout& paragraph = ParagraphOf(layout, line);
+    if (line.line == 0 && FirstInCell(layout, line.paragraph))
+        return layout.cells.empty() ? 0 : layout.cells[paragraph.cell].box.top();
     return paragraph.origin.y() + paragraph.tops[line.line];
 }
 
 int LineBottom(const BlockLayout& layout, LineRef line) {
     const ParagraphLayout& paragraph = ParagraphOf(layout, line);
     if (line.line + 1 == paragraph.LineCount() && LastInCell(layout, line.paragraph))
-        return layout.height;
+        return CellBottom(layout, paragraph.cell);
     return paragraph.origin.y() + paragraph.tops[line.line + 1];
 }
 
@@ -156,19 +173,19 @@ TextPos PositionAt(const BlockLayout& layout, QPoint point, PointMeans means) {
 
 TextPos PositionInLine(const BlockLayout& layout, LineRef ref, int x, PointMeans means) {
     const ParagraphLayout& paragraph = ParagraphOf(layout, ref);
-    const QTextLine line = paragraph.text->lineAt(ref.line);
-    const TextPos position = paragraph.start + line.xToCursor(x - paragraph.origin.x(), means);
-    // Behind the last character of a wrapped line is already the next line.
-    const TextPos end = LineEnd(layout, ref);
-    if (position < end || ref.line + 1 == paragraph.LineCount()) return position;
-    return paragraph.start + paragraph.text->previousCursorPosition(end - paragraph.start);
+    const int inLine = x - paragraph.origin.x();
+    return means == QTextLine::CursorOnCharacter ? paragraph.CharacterInLine(ref.line, inLine)
+                                                 : paragraph.PositionInLine(ref.line, inLine);
 }
 
 QRect CaretBox(const BlockLayout& layout, TextPos position) {
-    const Place place = PlaceOf(layout, position);
-    const int x = int(std::floor(place.line.cursorToX(place.at)));
-    return QRect(x, int(place.line.y()), 1, int(std::ceil(place.line.height())))
-        .translated(place.paragraph.origin);
+    const LineRef ref = LineOf(layout, position);
+    const ParagraphLayout& paragraph = ParagraphOf(layout, ref);
+    const TextPos at = std::clamp(position, paragraph.start, paragraph.end);
+    const QTextLine line = paragraph.text->lineAt(ref.line);
+    const int x = int(std::floor(paragraph.X(ref.line, at)));
+    return QRect(x, int(std::floor(line.y())), 1, int(std::ceil(line.height())))
+        .translated(paragraph.origin);
 }
 
 QRect CharacterBox(const BlockLayout& layout, TextPos position) {

@@ -1,4 +1,4 @@
-// A block laid out: one paragraph, or the cells of a table row side by side.
+// A block laid out: one paragraph, or the cells of table rows side by side.
 #pragma once
 
 #include "platform/qt/text_view/paragraph_layout.h"
@@ -11,12 +11,14 @@
 struct CellLayout {
     QRect box; // in the block
     const TableCell* cell = nullptr;
+    const TableCell* lowest = nullptr; // of those merged into it; usually itself
+    bool hidden = false;               // merged into the cell above
 };
 
 struct BlockLayout {
     TextBlock block;
     int height = 0, width = 0;
-    std::vector<CellLayout> cells;           // none but in a table row
+    std::vector<CellLayout> cells;           // none but in table rows
     std::vector<ParagraphLayout> paragraphs; // never empty, by ascending start
 };
 
@@ -32,10 +34,12 @@ LineRef LineOf(const BlockLayout& layout, TextPos position); // the nearest, for
 TextPos LineStart(const BlockLayout& layout, LineRef line);
 TextPos LineEnd(const BlockLayout& layout, LineRef line); // without the paragraph break
 
-// The lines of a block tile its height, so that scrolling by lines leaves no part out: a block's
-// first line begins at its top. In a table row they overlap where cells are side by side.
+// The lines of a block tile its height, so that scrolling by lines leaves no part out: the first
+// line of a block or a cell begins at its top. In a table row they overlap where cells are side by
+// side.
 int LineTop(const BlockLayout& layout, LineRef line);
 int LineBottom(const BlockLayout& layout, LineRef line);
+int CellBottom(const BlockLayout& layout, std::size_t cell);
 LineRef LineAtHeight(const BlockLayout& layout, int y); // the lowest line that begins at or above y
 
 // The caret position nearest to a point, or the character there; and where the caret at a position

@@ -21,14 +21,16 @@ struct Place {
 };
 
 bool RightToLeft(const Place& place) {
-    return place.Text().textOption().textDirection() == Qt::RightToLeft;
+    return place.Paragraph().IsRightToLeft();
 }
 
-// Before the last character of a piece that no paragraph break ends: behind it is the next piece.
-TextPos LastPosition(const ParagraphLayout& paragraph, TextPos nextStart) {
+// Before the last character or word of a part that no paragraph break ends: behind it is the next
+// part.
+TextPos LastPosition(const ParagraphLayout& paragraph, TextPos nextStart,
+                     QTextLayout::CursorMode mode) {
     if (paragraph.end < nextStart || paragraph.end == paragraph.start) return paragraph.end;
     const int length = paragraph.end - paragraph.start;
-    return paragraph.start + paragraph.text->previousCursorPosition(length);
+    return paragraph.start + paragraph.text->previousCursorPosition(length, mode);
 }
 
 TextPos NextParagraph(TextLayouts& layouts, const Place& place) {
@@ -38,22 +40,50 @@ TextPos NextParagraph(TextLayouts& layouts, const Place& place) {
     return after ? after->block.start : place.Paragraph().end;
 }
 
-TextPos PreviousParagraph(TextLayouts& layouts, const Place& place) {
+TextPos PreviousParagraph(TextLayouts& layouts, const Place& place,
+                          QTextLayout::CursorMode mode = QTextLayout::SkipCharacters) {
     const TextPos start = place.Paragraph().start;
     if (place.line.paragraph > 0)
-        return LastPosition(place.layout->paragraphs[place.line.paragraph - 1], start);
+        return LastPosition(place.layout->paragraphs[place.line.paragraph - 1], start, mode);
     const auto before = layouts.Before(place.layout);
-    return before ? LastPosition(before->paragraphs.back(), start) : start;
+    return before ? LastPosition(before->paragraphs.back(), start, mode) : start;
 }
 
+// A word may begin with a mark of the blank before it: then behind the whole character.
 TextPos Forward(TextLayouts& layouts, const Place& place, QTextLayout::CursorMode mode) {
     const int to = place.Text().nextCursorPosition(place.at, mode);
-    return to == place.at ? NextParagraph(layouts, place) : place.Position(to);
+    if (to == place.at) return NextParagraph(layouts, place);
+    const bool whole = place.Text().isValidCursorPosition(to);
+    return whole ? place.Position(to) : place.Paragraph().NextPlace(place.Position(to));
 }
 
 TextPos Backward(TextLayouts& layouts, const Place& place, QTextLayout::CursorMode mode) {
     const int to = place.Text().previousCursorPosition(place.at, mode);
-    return to == place.at ? PreviousParagraph(layouts, place) : place.Position(to);
+    if (to == place.at) return PreviousParagraph(layouts, place, mode);
+    const bool whole = place.Text().isValidCursorPosition(to);
+    return whole ? place.Position(to) : place.Paragraph().PlaceBefore(place.Position(to));
+}
+
+using Step = int (QTextLayout::*)(int) const;
+
+// To the place beside, where the paragraph has one. Where text goes both ways the layout does not
+// know the blanks at a line's end, and steps into characters.
+TextPos SideStep(const Place& place, Step step, bool forward) {
+    const ParagraphLayout& paragraph = place.Paragraph();
+    const TextPos from = paragraph.start + place.at;
+    const TextPos blanks = paragraph.BlanksStart(place.line.line);
+    if (from >= blanks) return forward ? paragraph.NextPlace(from) : paragraph.PlaceBefore(from);
+    int at = place.at;
+    do {
+        const int to = (place.Text().*step)(at);
+        if (to == at) return from;
+        at = to;
+    } while (!place.Text().isValidCursorPosition(at));
+    const TextPos to = paragraph.start + at;
+    if (to >= paragraph.LineEnd(place.line.line)) return std::min(to, blanks);
+    if (to >= paragraph.LineStart(place.line.line)) return to;
+    const int above = place.line.line - 1;
+    return paragraph.BlanksStart(above) < from ? paragraph.LastPlace(above) : to;
 }
 
 // The same cell's line `step` lines further, or none.
@@ -73,15 +103,15 @@ bool StepLine(Place& place, int step) {
 
 TextPos CaretLeft(TextLayouts& layouts, TextPos position) {
     const Place place(layouts, position);
-    const int to = place.Text().leftCursorPosition(place.at);
-    if (to != place.at) return place.Position(to);
+    const TextPos to = SideStep(place, &QTextLayout::leftCursorPosition, RightToLeft(place));
+    if (to != place.Position(place.at)) return to;
     return RightToLeft(place) ? NextParagraph(layouts, place) : PreviousParagraph(layouts, place);
 }
 
 TextPos CaretRight(TextLayouts& layouts, TextPos position) {
     const Place place(layouts, position);
-    const int to = place.Text().rightCursorPosition(place.at);
-    if (to != place.at) return place.Position(to);
+    const TextPos to = SideStep(place, &QTextLayout::rightCursorPosition, !RightToLeft(place));
+    if (to != place.Position(place.at)) return to;
     return RightToLeft(place) ? PreviousParagraph(layouts, place) : NextParagraph(layouts, place);
 }
 
@@ -100,6 +130,9 @@ TextPos WordRight(TextLayouts& layouts, TextPos position) {
 TextPos CaretUp(TextLayouts& layouts, TextPos position, int x) {
     Place place(layouts, position);
     if (StepLine(place, -1)) return PositionInLine(*place.layout, place.line, x);
+    const int top =
+        place.layout->cells.empty() ? 0 : place.layout->cells[place.Paragraph().cell].box.top();
+    if (top > 0) return PositionAt(*place.layout, QPoint(x, top - 1));
     const auto before = layouts.Before(place.layout);
     return before ? PositionAt(*before, QPoint(x, before->height - 1)) : position;
 }
@@ -107,6 +140,8 @@ TextPos CaretUp(TextLayouts& layouts, TextPos position, int x) {
 TextPos CaretDown(TextLayouts& layouts, TextPos position, int x) {
     Place place(layouts, position);
     if (StepLine(place, 1)) return PositionInLine(*place.layout, place.line, x);
+    const int bottom = CellBottom(*place.layout, place.Paragraph().cell);
+    if (bottom < place.layout->height) return PositionAt(*place.layout, QPoint(x, bottom));
     const auto after = layouts.After(place.layout);
     return after ? PositionAt(*after, QPoint(x, 0)) : position;
 }
@@ -118,12 +153,7 @@ TextPos CaretHome(TextLayouts& layouts, TextPos position) {
 
 TextPos CaretEnd(TextLayouts& layouts, TextPos position) {
     const Place place(layouts, position);
-    const TextPos end = LineEnd(*place.layout, place.line);
-    const bool wrapped = place.line.line + 1 < place.Paragraph().LineCount();
-    const bool cut = end == place.layout->block.end && end > LineStart(*place.layout, place.line) &&
-                     end < layouts.Text().Length(); // in an over-long paragraph
-    if (!wrapped && !cut) return end;
-    return place.Position(place.Text().previousCursorPosition(end - place.Paragraph().start));
+    return place.Paragraph().LastPlace(place.line.line);
 }
 
 TextSpan WordAround(TextLayouts& layouts, TextPos position) {
@@ -140,7 +170,13 @@ TextSpan WordAround(TextLayouts& layouts, TextPos position) {
 
 TextSpan ParagraphAround(TextLayouts& layouts, TextPos position) {
     const Place place(layouts, position);
-    TextSpan span{place.Paragraph().start, place.Paragraph().end};
+    const auto& all = place.layout->paragraphs;
+    std::size_t first = place.line.paragraph, last = first;
+    while (first > 0 && all[first - 1].continues)
+        --first;
+    while (last + 1 < all.size() && all[last].continues)
+        ++last;
+    TextSpan span{all[first].start, all[last].end};
     const TextSource& text = layouts.Text();
     if (span.end < text.Length() && text.UnitAt(span.end) == u'\n') ++span.end;
     return span;

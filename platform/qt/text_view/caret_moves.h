@@ -9,7 +9,8 @@ TextPos CaretRight(TextLayouts& layouts, TextPos position);
 TextPos WordLeft(TextLayouts& layouts, TextPos position);
 TextPos WordRight(TextLayouts& layouts, TextPos position);
 
-// To the line above or below in the same table cell, else in the block above or below, near `x`.
+// To the line above or below in the same table cell, else in the row or block above or below, near
+// `x`.
 TextPos CaretUp(TextLayouts& layouts, TextPos position, int x);
 TextPos CaretDown(TextLayouts& layouts, TextPos position, int x);
 

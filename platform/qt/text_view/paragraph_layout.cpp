@@ -1,11 +1,13 @@
 #include "platform/qt/text_view/paragraph_layout.h"
 
+#include "platform/qt/text_view/capitals.h"
 #include "platform/qt/text_view/paragraph_shape.h"
 
 #include <QFontMetricsF>
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 // Pictures stand in the text as this character, made invisible and as wide as the picture by letter
@@ -63,15 +65,18 @@ void PrepareText(const LayoutContext& context, const ParagraphPart& part,
                  const ParagraphShape& shape, QString text, ParagraphLayout& result) {
     for (const PlacedPicture& picture : result.pictures)
         text[picture.position - part.start] = pictureStandIn;
+    QList<QTextLayout::FormatRange> formats;
+    if (!context.plain) {
+        formats = context.formats.Ranges(part.start, part.end);
+        ShowCapitals(context, part.start, text, formats);
+    }
+    for (const PlacedPicture& picture : result.pictures)
+        formats.append(PictureFormatRange(context, picture, part.start));
     const QFont font =
         context.plain ? MakeFont(context.look.font) : context.formats.FormatAt(part.end).font();
     result.text = std::make_unique<QTextLayout>(text, font, context.device);
     result.text->setTextOption(shape.option);
     result.text->setCacheEnabled(true); // shaped once, painted often
-    if (context.plain) return;
-    auto formats = context.formats.Ranges(part.start, part.end);
-    for (const PlacedPicture& picture : result.pictures)
-        formats.append(PictureFormatRange(context, picture, part.start));
     result.text->setFormats(formats);
 }
 
@@ -84,40 +89,127 @@ int TallestPicture(const ParagraphLayout& paragraph, const QTextLine& line) {
     return tallest;
 }
 
-// A justified line that reads to the left would leave the room of the blanks behind its last word
-// at its beginning, where it is seen.
-int JustificationError(const LayoutContext& context, const ParagraphShape& shape,
-                       const ParagraphLayout& paragraph, const QTextLine& line) {
-    const bool justified = shape.option.alignment() & Qt::AlignJustify;
+// Where a paragraph goes to the left the blanks at a line's end are drawn nowhere, but the layout
+// tells the places of characters as if they were, and as if they were left of the line. It cuts off
+// what would be left of 0: so such lines stand right of it.
+constexpr int roomForBlanks = 1 << 14; // pixels
+
+struct BlanksAtEnd {
+    int start = std::numeric_limits<int>::max(); // in the layout
+    double left = 0, width = 0;                  // as the layout tells
+    bool outside = true;                         // left of the text
+};
+
+// Where the blanks at the end of a wrapped line begin.
+int TextEnd(const QString& text, int start, int lineEnd) {
+    int end = lineEnd;
+    while (end > start && text[end - 1].isSpace() && text[end - 1] != QChar::LineSeparator)
+        --end;
+    return lineEnd < text.size() ? end : lineEnd;
+}
+
+BlanksAtEnd BlanksOf(const QTextLayout& layout, const QTextLine& line) {
+    const bool leftwards = layout.textOption().textDirection() == Qt::RightToLeft;
+    const int start = line.textStart(), lineEnd = start + line.textLength();
+    const QString text = layout.text();
+    if (!leftwards || lineEnd == text.size()) return {}; // the last line's are part of it
+    const int end = TextEnd(text, start, lineEnd);
+    const double first = line.cursorToX(end), last = line.cursorToX(lineEnd);
+    return {end, std::min(first, last), std::abs(last - first), last <= first};
+}
+
+// Only blanks between words are stretched. A line that a break ends keeps its width, and so does
+// one with a tab: what stands behind it would leave its column.
+bool IsStretched(const ParagraphLayout& paragraph, const QTextLine& line) {
     const int end = line.textStart() + line.textLength();
     const QString text = paragraph.text->text();
-    if (!justified || !shape.rightToLeft || end >= text.size()) return 0;
-    int blanks = 0;
-    while (blanks < line.textLength() && text[end - 1 - blanks] == u' ')
-        ++blanks;
-    const QFont font = context.plain ? paragraph.text->font()
-                                     : context.formats.FormatAt(paragraph.start + end - 1).font();
-    return qRound(blanks * QFontMetricsF(font, context.device).horizontalAdvance(u' '));
+    if (end >= text.size() || text[end - 1] == QChar::LineSeparator) return false;
+    const QStringView words =
+        QStringView(text).sliced(line.textStart(), line.textLength()).trimmed();
+    return words.contains(u' ') && !words.contains(u'\t');
+}
+
+// Lays a line out once more at another width, unless it would break elsewhere then.
+void ChangeWidth(QTextLine& line, double width) {
+    const double before = line.width();
+    const int length = line.textLength();
+    line.setLineWidth(width);
+    if (line.textLength() != length) line.setLineWidth(before);
+}
+
+// Breaks the line; returns how far its text is from the edge where lines begin.
+int BreakLine(const ParagraphShape& shape, const ParagraphLayout& paragraph, QTextLine& line) {
+    const int indent = paragraph.tops.empty() ? shape.firstIndent : shape.indent;
+    const int indents = indent + shape.farIndent;
+    const int edge = shape.rightToLeft ? shape.farIndent : indent;
+    line.setLineWidth(std::max(1, shape.breakWidth - indents));
+    const bool stretched = shape.justified && IsStretched(paragraph, line);
+    if (shape.justified && !stretched) ChangeWidth(line, line.naturalTextWidth());
+    if (stretched && shape.rightToLeft) {
+        line.setPosition(QPointF(roomForBlanks, 0));
+        const double blanks = BlanksOf(*paragraph.text, line).width;
+        line.setPosition(QPointF(0, 0)); // what tab stops are measured from
+        ChangeWidth(line, line.width() + blanks);
+    }
+    const int room = shape.alignWidth - indents - int(std::ceil(line.naturalTextWidth()));
+    return stretched ? edge : edge + shape.AlignmentShift(std::max(0, room));
 }
 
 // Lays out one line whose slot starts at `top`; returns the slot's height.
-int PlaceLine(const LayoutContext& context, QTextLine line, const ParagraphShape& shape,
-              ParagraphLayout& paragraph, int top) {
-    const int indent = paragraph.tops.empty() ? shape.firstIndent : shape.indent;
-    const int edge = shape.rightToLeft ? shape.farIndent : indent;
-    const int indents = indent + shape.farIndent;
-    line.setLineWidth(std::max(1, shape.breakWidth - indents));
-
+int PlaceLine(const ParagraphShape& shape, ParagraphLayout& paragraph, QTextLine line, int top) {
+    const int left = BreakLine(shape, paragraph, line);
     const int ascent = std::max(int(std::ceil(line.ascent())), TallestPicture(paragraph, line));
-    const int height = shape.LineHeight(ascent + int(std::ceil(line.descent())));
-    const int baseline = top + height - int(std::ceil(line.descent()));
-    const int room = shape.alignWidth - indents - int(std::ceil(line.naturalTextWidth()));
-    const int shift = shape.AlignmentShift(std::max(0, room)) +
-                      JustificationError(context, shape, paragraph, line);
-    line.setPosition(QPointF(edge + shift, baseline - line.ascent()));
-    paragraph.width =
-        std::max(paragraph.width, edge + shift + int(std::ceil(line.naturalTextWidth())));
+    const int descent = int(std::ceil(line.descent()));
+    const int height = shape.LineHeight(ascent + descent + std::max(0, qRound(line.leading())));
+    const int baseline = top + height - descent;
+    line.setPosition(QPointF(left - paragraph.origin.x(), baseline - line.ascent()));
+    paragraph.width = std::max(paragraph.width, left + int(std::ceil(line.naturalTextWidth())));
     return height;
+}
+
+bool HasTab(const QTextLayout& text, const QTextLine& line) {
+    const QString all = text.text();
+    return QStringView(all).sliced(line.textStart(), line.textLength()).contains(u'\t');
+}
+
+// Lays out lines up to one with a tab that is not the first: the layout puts what stands behind a
+// tab in its right place only in its first line. The line not wanted stays in it, out of sight.
+void PlaceLines(const ParagraphShape& shape, ParagraphLayout& result) {
+    constexpr int outOfSight = 1 << 24; // pixels
+    const bool tabs = result.text->text().contains(u'\t');
+    int top = shape.spaceBefore;
+    result.text->beginLayout();
+    for (QTextLine line = result.text->createLine(); line.isValid();
+         line = result.text->createLine()) {
+        const int height = PlaceLine(shape, result, line, top);
+        if (tabs && line.lineNumber() > 0 && HasTab(*result.text, line)) {
+            line.setPosition(QPointF(0, outOfSight));
+            result.end = result.start + line.textStart();
+            result.continues = true;
+            break;
+        }
+        result.tops.push_back(result.tops.empty() ? 0 : top);
+        top += height;
+    }
+    result.text->endLayout();
+    result.tops.push_back(top);
+}
+
+ParagraphLayout LayOutPart(const LayoutContext& context, const ParagraphPart& part,
+                           const ParagraphShape& shape, const QString& text) {
+    ParagraphLayout result;
+    result.start = part.start;
+    result.end = part.end;
+    result.continues = !part.last;
+    result.pictures = PlacePictures(context, part, shape.TextWidth());
+    PrepareText(context, part, shape, text, result);
+    if (shape.rightToLeft) result.origin.setX(-roomForBlanks);
+    PlaceLines(shape, result);
+    result.spaceBefore = shape.spaceBefore;
+    if (result.end == part.end) result.spaceAfter = shape.spaceAfter;
+    result.tops.back() += result.spaceAfter;
+    result.pictures.erase(FirstFrom(result.pictures, result.end), result.pictures.end());
+    return result;
 }
 } // namespace
 
@@ -151,24 +243,91 @@ QRect ParagraphLayout::PictureBox(const PlacedPicture& picture) const {
     return {base - QPoint(0, picture.size.height()), picture.size};
 }
 
-ParagraphLayout LayOutParagraph(const LayoutContext& context, const ParagraphPart& part) {
-    const QString text = LayoutText(context, part);
-    const ParagraphShape shape = ShapeOf(context, part, text);
-    ParagraphLayout result;
-    result.start = part.start;
-    result.end = part.end;
-    result.pictures = PlacePictures(context, part, shape.TextWidth());
-    PrepareText(context, part, shape, text, result);
+int ParagraphLayout::BottomWithoutSpace(int line) const {
+    return line + 1 < LineCount() ? tops[line + 1] : tops.back() - spaceAfter;
+}
 
-    int top = shape.spaceBefore;
-    result.text->beginLayout();
-    for (QTextLine line = result.text->createLine(); line.isValid();
-         line = result.text->createLine()) {
-        const int height = PlaceLine(context, line, shape, result, top);
-        result.tops.push_back(result.tops.empty() ? 0 : top);
-        top += height;
+double ParagraphLayout::X(int index, TextPos position) const {
+    const QTextLine line = text->lineAt(index);
+    const BlanksAtEnd blanks = BlanksOf(*text, line);
+    const bool inBlanks = position - start > blanks.start;
+    if (inBlanks && !blanks.outside) return blanks.left + blanks.width;
+    const double x = line.cursorToX(position - start);
+    return !inBlanks && blanks.width > 0 && x <= blanks.left ? x + blanks.width : x;
+}
+
+// As the layout wants to be asked for what is drawn at `x`.
+double ParagraphLayout::ToldX(int index, double x) const {
+    const QTextLine line = text->lineAt(index);
+    const BlanksAtEnd blanks = BlanksOf(*text, line);
+    return x < blanks.left + blanks.width ? x : x + blanks.width;
+}
+
+// What the layout says is often not the nearest place: it loses its way behind marks and ligatures,
+// and may even leave the line or split a character.
+TextPos ParagraphLayout::PositionInLine(int index, int x) const {
+    const TextPos first = LineStart(index), last = LastPlace(index);
+    const TextPos told = start + text->lineAt(index).xToCursor(ToldX(index, x));
+    TextPos at = std::clamp(told, first, last);
+    if (!text->isValidCursorPosition(at - start)) at = std::max(first, PlaceBefore(at));
+    TextPos nearest = at;
+    double least = std::abs(X(index, at) - x);
+    // Whether it is worth while to look on behind a place; some characters have no width.
+    const auto leadsOn = [&](TextPos place) {
+        const double distance = std::abs(X(index, place) - x);
+        if (distance > least) return false;
+        if (distance < least) nearest = place;
+        least = distance;
+        return true;
+    };
+    const TextPos from = at;
+    for (TextPos next = NextPlace(at); next > at && next <= last && leadsOn(next);
+         next = NextPlace(at))
+        at = next;
+    at = from;
+    for (TextPos before = PlaceBefore(at); before < at && before >= first && leadsOn(before);
+         before = PlaceBefore(at))
+        at = before;
+    return nearest;
+}
+
+TextPos ParagraphLayout::LastPlace(int line) const {
+    const bool ends = line + 1 == LineCount() && !(continues && end > LineStart(line));
+    return ends ? end : PlaceBefore(LineEnd(line));
+}
+
+TextPos ParagraphLayout::BlanksStart(int index) const {
+    const QTextLine line = text->lineAt(index);
+    const int lineStart = line.textStart();
+    return start + TextEnd(text->text(), lineStart, lineStart + line.textLength());
+}
+
+QRectF ParagraphLayout::TextBox(int index) const {
+    const QTextLine line = text->lineAt(index);
+    QRectF box = line.naturalTextRect();
+    const bool stretched = box.width() > line.naturalTextWidth();
+    if (stretched) box.setWidth(box.width() - BlanksOf(*text, line).width);
+    return box;
+}
+
+TextPos ParagraphLayout::CharacterInLine(int index, double x) const {
+    return start + text->lineAt(index).xToCursor(ToldX(index, x), QTextLine::CursorOnCharacter);
+}
+
+std::vector<ParagraphLayout> LayOutParagraph(const LayoutContext& context,
+                                             const ParagraphPart& part) {
+    std::vector<ParagraphLayout> layouts;
+    ParagraphPart rest = part;
+    QString text = LayoutText(context, part);
+    for (int y = 0;;) {
+        const ParagraphShape shape = ShapeOf(context, rest, text);
+        ParagraphLayout& layout = layouts.emplace_back(LayOutPart(context, rest, shape, text));
+        layout.origin.ry() += y;
+        y += layout.Height();
+        if (layout.end == part.end) return layouts;
+        text.remove(0, layout.end - rest.start);
+        rest.start = layout.end;
+        rest.first = false;
+        rest.rightToLeft = shape.rightToLeft;
     }
-    result.text->endLayout();
-    result.tops.push_back(top + shape.spaceAfter);
-    return result;
 }

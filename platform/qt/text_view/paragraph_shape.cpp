@@ -3,15 +3,19 @@
 #include "platform/qt/text_view/style_runs.h"
 
 #include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QScreen>
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
-constexpr int leastTextWidth = 64; // pixels left to the text however large the indents are
-constexpr int tallestPicture = 4096;
+constexpr std::int32_t leastTextWidth = 960; // twips left to the text however large the indents are
+constexpr std::int32_t unknownPicture = 480; // twips; the side of one whose size nobody knows
+constexpr std::int32_t leastTab = 60;        // twips
+constexpr int mostUsualTabs = 200;
+constexpr int tallestPicture = 4096; // pixels
 constexpr int plainTabSpaces = 8;
-constexpr int leastTab = 4, mostUsualTabs = 200;
 
 // The alignment as it is seen. What the user sets holds for the eye; a file's "left" is where a
 // paragraph begins, so it follows the direction.
@@ -25,7 +29,7 @@ void SetIndents(const LayoutContext& context, const ParagraphStyle& style,
                 const ParagraphPart& part, ParagraphShape& shape) {
     const int left = std::max(0, context.Pixels(style.leftIndent));
     const int right = std::max(0, context.Pixels(style.rightIndent));
-    const int most = std::max(0, shape.alignWidth - leastTextWidth);
+    const int most = std::max(0, shape.alignWidth - context.Pixels(leastTextWidth));
     shape.indent = std::min(shape.rightToLeft ? right : left, most);
     shape.farIndent = std::min(shape.rightToLeft ? left : right, most - shape.indent);
     const int first = part.first ? context.Pixels(style.firstLineIndent) : 0;
@@ -44,8 +48,15 @@ void SetSpacing(const LayoutContext& context, const ParagraphStyle& style,
         shape.leastLine = context.Pixels(style.lineSpacing);
 }
 
-// The layout measures tab stops from where a line begins. So here they are told from where the
-// first line does: there nearly all tabs are.
+// The layout takes tab stops to be measures of the first screen and makes them those of its device.
+double TabStop(const LayoutContext& context, double pixels) {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    const double usual = screen ? qRound(screen->logicalDotsPerInchY()) : 0;
+    return usual > 0 ? pixels * usual / context.device->logicalDpiY() : pixels;
+}
+
+// The layout measures tab stops from where each line begins. So they are told from where the first
+// line does: it is the only one of its layout with tabs.
 void SetTabs(const LayoutContext& context, const ParagraphStyle& style, ParagraphShape& shape) {
     std::vector<int> stops; // from the paragraph's edge
     for (const std::int32_t stop : style.tabStops)
@@ -53,22 +64,24 @@ void SetTabs(const LayoutContext& context, const ParagraphStyle& style, Paragrap
     // A first line that hangs out to the left has a stop where the other lines begin.
     if (shape.firstIndent < shape.indent) stops.push_back(shape.indent);
     std::sort(stops.begin(), stops.end());
-    const int usual = std::max(leastTab, context.Pixels(context.document.defaultTab));
+    const int usual = context.Pixels(std::max(leastTab, context.document.defaultTab));
     int stop = stops.empty() ? 0 : stops.back() / usual * usual;
     for (int i = 0; i < mostUsualTabs && stop < shape.breakWidth; ++i)
         stops.push_back(stop += usual);
+    // The layout takes left for right where the text goes to the left.
+    const auto type = shape.rightToLeft ? QTextOption::RightTab : QTextOption::LeftTab;
     QList<QTextOption::Tab> tabs;
     for (const int each : stops)
         if (each > shape.firstIndent)
-            tabs.append({qreal(each - shape.firstIndent), QTextOption::LeftTab});
+            tabs.append({TabStop(context, each - shape.firstIndent), type});
     shape.option.setTabs(tabs);
-    shape.option.setTabStopDistance(usual);
+    shape.option.setTabStopDistance(TabStop(context, usual));
 }
 
 void SetPlainTabs(const LayoutContext& context, ParagraphShape& shape) {
     const QFontMetricsF metrics(MakeFont(context.look.font), context.device);
-    shape.option.setTabStopDistance(
-        std::max(1.0, plainTabSpaces * metrics.horizontalAdvance(u' ')));
+    const double distance = std::max(1.0, plainTabSpaces * metrics.horizontalAdvance(u' '));
+    shape.option.setTabStopDistance(TabStop(context, distance));
 }
 
 void SetDirection(ParagraphShape& shape) {
@@ -76,8 +89,8 @@ void SetDirection(ParagraphShape& shape) {
     shape.option.setTextDirection(shape.rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
     // Only justification is left to the layout: the rest is done where the width is known to be
     // seen.
-    shape.option.setAlignment(justified && shape.breakWidth <= shape.alignWidth ? Qt::AlignJustify
-                                                                                : Qt::AlignLeft);
+    shape.justified = justified && shape.breakWidth <= shape.alignWidth;
+    shape.option.setAlignment(shape.justified ? Qt::AlignJustify : Qt::AlignLeft);
     shape.option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
 }
 } // namespace
@@ -97,10 +110,9 @@ int ParagraphShape::AlignmentShift(int room) const {
     case Alignment::Left: return 0;
     case Alignment::Right: return room;
     case Alignment::Center: return room / 2;
-    case Alignment::Justified: break; // done by the layout, unless there is no width to fill
+    case Alignment::Justified: break; // of a line that is not stretched
     }
-    const bool done = option.alignment() & Qt::AlignJustify;
-    return rightToLeft && !done ? room : 0;
+    return rightToLeft ? room : 0;
 }
 
 ParagraphShape ShapeOf(const LayoutContext& context, const ParagraphPart& part, QStringView text) {
@@ -112,7 +124,8 @@ ParagraphShape ShapeOf(const LayoutContext& context, const ParagraphPart& part, 
     const ParagraphStyle& style =
         document.paragraphStyles[std::min<std::size_t>(index, document.paragraphStyles.size() - 1)];
     // A plain text's paragraph goes the way of its first strong character.
-    shape.rightToLeft = context.plain ? text.isRightToLeft() : style.rightToLeft;
+    shape.rightToLeft =
+        part.rightToLeft.value_or(context.plain ? text.isRightToLeft() : style.rightToLeft);
     shape.alignment = SeenAlignment(context.look, style, shape.rightToLeft);
     SetDirection(shape);
     if (context.plain) {
@@ -127,8 +140,9 @@ ParagraphShape ShapeOf(const LayoutContext& context, const ParagraphPart& part, 
 
 QSize PictureSize(const LayoutContext& context, const Picture& picture, int width) {
     QSize size(context.Pixels(picture.widthTwips), context.Pixels(picture.heightTwips));
-    if (size.isEmpty()) size = context.pictures.NaturalSize(picture);
-    if (size.isEmpty()) size = QSize(32, 32);
+    const double naturalScale = 15 * context.pixelsPerTwip; // pictures count in 96ths of an inch
+    if (size.isEmpty()) size = context.pictures.NaturalSize(picture) * naturalScale;
+    if (size.isEmpty()) size = QSize(1, 1) * context.Pixels(unknownPicture);
     const QSize most(std::max(1, width), tallestPicture);
     if (size.width() > most.width() || size.height() > most.height())
         size.scale(most, Qt::KeepAspectRatio);

@@ -13,12 +13,13 @@ struct ParagraphShape {
     int spaceBefore = 0, spaceAfter = 0;
     int exactLine = 0, leastLine = 0; // 0: none
     double lineFactor = 1;
+    bool justified = false; // lines are stretched where they can be
     int breakWidth = 1, alignWidth = 1;
     QTextOption option;
 
     int TextWidth() const; // of a line that keeps within the view
     int LineHeight(int natural) const;
-    int AlignmentShift(int room) const; // how far a line with `room` pixels left moves to the right
+    int AlignmentShift(int room) const; // how far a line with `room` pixels left moves right
 };
 
 ParagraphShape ShapeOf(const LayoutContext& context, const ParagraphPart& part, QStringView text);

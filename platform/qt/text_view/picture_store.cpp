@@ -55,17 +55,14 @@ QSize PictureStore::NaturalSize(const Picture& picture) {
     return size;
 }
 
-QPixmap PictureStore::Pixmap(const Picture& picture, QSize size, qreal ratio) {
-    const QSize wanted = size * ratio;
+QPixmap PictureStore::Pixmap(const Picture& picture, QSize size) {
     const QPixmap* known = pixmaps_.object(picture.position);
-    if (known && (known->isNull() || known->size() == wanted)) return *known;
+    if (known && (known->isNull() || known->size() == size)) return *known;
     QPixmap pixmap;
     const QImage image = PictureReader(picture).Image();
-    if (!image.isNull() && !wanted.isEmpty()) {
-        pixmap = QPixmap::fromImage(
-            image.scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-        pixmap.setDevicePixelRatio(ratio);
-    }
+    if (!image.isNull() && !size.isEmpty())
+        pixmap =
+            QPixmap::fromImage(image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
     const int kilobytes = 1 + int(qint64(pixmap.width()) * pixmap.height() * 4 / 1024);
     pixmaps_.insert(picture.position, new QPixmap(pixmap), kilobytes);
     return pixmap;

@@ -16,9 +16,8 @@ class PictureStore {
     const Picture* At(TextPos position) const;
     // In pixels of the file, read from its first bytes; empty when they cannot be read.
     QSize NaturalSize(const Picture& picture);
-    // Scaled to `size` for a screen of `ratio` device pixels to a pixel; null when it cannot be
-    // decoded.
-    QPixmap Pixmap(const Picture& picture, QSize size, qreal ratio);
+    // Scaled to `size`; null when it cannot be decoded.
+    QPixmap Pixmap(const Picture& picture, QSize size);
 
   private:
     const Document& document_;

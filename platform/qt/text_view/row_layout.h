@@ -1,6 +1,6 @@
-// A table row laid out.
+// Table rows laid out.
 #pragma once
 
 #include "platform/qt/text_view/block_layout.h"
 
-BlockLayout LayOutRow(const LayoutContext& context, const TextBlock& block);
+BlockLayout LayOutRows(const LayoutContext& context, const TextBlock& block);

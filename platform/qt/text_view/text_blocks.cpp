@@ -56,24 +56,53 @@ TextPos PieceEnd(const TextSource& text, TextPos position) {
     return end;
 }
 
-const TableRow* RowAt(const std::vector<TableRow>& rows, TextPos position) {
-    auto row = std::upper_bound(rows.begin(), rows.end(), position,
-                                [](TextPos at, const TableRow& r) { return at < r.start; });
-    if (row == rows.begin()) return nullptr;
-    --row;
-    const bool shown = position < row->end && !row->cells.empty();
-    return shown && row->end - row->start <= longestRow ? &*row : nullptr;
+using Rows = std::span<const TableRow>;
+
+bool IsShownAsRow(const TableRow& row) {
+    return !row.cells.empty() && row.end - row.start <= longestRow;
+}
+
+// Whether the row shares a cell with the one before it.
+bool IsJoined(const std::vector<TableRow>& rows, std::size_t index) {
+    if (index == 0 || index >= rows.size()) return false;
+    const TableRow &above = rows[index - 1], &row = rows[index];
+    return above.end == row.start && IsShownAsRow(above) && IsShownAsRow(row) &&
+           std::any_of(row.cells.begin(), row.cells.end(),
+                       [](const TableCell& cell) { return cell.mergedAbove; });
+}
+
+// The row and those that it is joined with; only itself where they are too long together.
+Rows JoinedRows(const std::vector<TableRow>& rows, std::size_t index) {
+    std::size_t first = index, last = index;
+    const auto fits = [&] {
+        return last - first < mostJoinedRows && rows[last].end - rows[first].start <= longestRow;
+    };
+    while (fits() && IsJoined(rows, first))
+        --first;
+    while (fits() && IsJoined(rows, last + 1))
+        ++last;
+    return fits() ? Rows(rows).subspan(first, last - first + 1) : Rows(rows).subspan(index, 1);
+}
+
+Rows RowsAt(const std::vector<TableRow>& rows, TextPos position) {
+    const auto after = std::upper_bound(rows.begin(), rows.end(), position,
+                                        [](TextPos at, const TableRow& r) { return at < r.start; });
+    if (after == rows.begin()) return {};
+    const auto row = after - 1;
+    if (position >= row->end || !IsShownAsRow(*row)) return {};
+    return JoinedRows(rows, std::size_t(row - rows.begin()));
 }
 } // namespace
 
 TextBlock BlockAt(const TextSource& text, const std::vector<TableRow>& rows, TextPos position) {
     const TextPos size = text.Length();
     if (position >= size) {
-        if (size == 0 || text.UnitAt(size - 1) == u'\n') return {size, size, nullptr};
+        if (size == 0 || text.UnitAt(size - 1) == u'\n') return {size, size, {}};
         position = size - 1;
     }
-    if (const TableRow* row = RowAt(rows, position)) return {row->start, row->end, row};
-    return {PieceStart(text, position), PieceEnd(text, position), nullptr};
+    if (const Rows joined = RowsAt(rows, position); !joined.empty())
+        return {joined.front().start, joined.back().end, joined};
+    return {PieceStart(text, position), PieceEnd(text, position), {}};
 }
 
 bool IsLastBlock(const TextSource& text, const TextBlock& block) {

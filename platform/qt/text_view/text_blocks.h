@@ -1,5 +1,5 @@
 // The blocks that a text is laid out in: a paragraph, a table row, or a piece of an over-long
-// paragraph.
+// paragraph. Rows that share a cell merged from one to the next are one block.
 //
 // A block is found by looking at the text around a position, never by an index of the whole text,
 // so nothing is built when a book is opened and a gigabyte of empty lines costs no memory.
@@ -8,9 +8,11 @@
 #include "formats/document.h"
 #include "platform/text_source.h"
 
+#include <span>
+
 struct TextBlock {
-    TextPos start = 0, end = 0;    // `end` is past the paragraph break
-    const TableRow* row = nullptr; // for a table row; observed in the document
+    TextPos start = 0, end = 0;     // `end` is past the paragraph break
+    std::span<const TableRow> rows; // none for a paragraph; observed in the document
 };
 
 // Paragraphs longer than this are cut into pieces of at most twice this length. A piece is laid out
@@ -20,8 +22,10 @@ constexpr TextPos pieceLength = 16 * 1024;
 // Longer texts are cut off: positions, and what is computed with them, must fit in 32 bits.
 constexpr TextPos longestText = 0x7FFFFFFF - 4 * pieceLength;
 
-// A longer row is shown as paragraphs, cell after cell.
+// A longer row is shown as paragraphs, cell after cell. Rows that share cells and are longer or
+// more than this together stand each by itself.
 constexpr TextPos longestRow = 32 * 1024;
+constexpr std::size_t mostJoinedRows = 256;
 
 // The block that holds `position`, which must be in the text or at its end. After a last paragraph
 // break (and in an empty text) there is one more block, an empty one.

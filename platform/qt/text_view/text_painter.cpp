@@ -1,55 +1,61 @@
 #include "platform/qt/text_view/text_painter.h"
 
+#include "platform/qt/text_view/selected_region.h"
 #include "platform/qt/text_view/view_look.h"
 
 #include <algorithm>
 
 namespace {
-QList<QTextLayout::FormatRange> Selection(const TextPaint& paint,
-                                          const ParagraphLayout& paragraph) {
-    const TextPos from = std::max(paint.selectionStart, paragraph.start);
-    const TextPos to = std::min(paint.selectionEnd, paragraph.end);
-    if (from >= to) return {};
-    QTextCharFormat format;
-    format.setBackground(paint.selectionBack);
-    format.setForeground(paint.selectionText);
-    return {{from - paragraph.start, to - from, format}};
+// A colour between two, nearer to the first. No colour is laid over another, so that lines that
+// meet are nowhere darker.
+QColor Between(const QColor& a, const QColor& b) {
+    const auto mix = [](int x, int y) { return (3 * x + 2 * y) / 5; };
+    return QColor(mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue()));
 }
 
-// A selected paragraph break shows as a blank behind the last line.
-void PaintSelectedBreak(QPainter& painter, const TextPaint& paint, const ParagraphLayout& paragraph,
-                        QPoint origin) {
-    if (paragraph.end < paint.selectionStart || paragraph.end >= paint.selectionEnd) return;
-    const QTextLine line = paragraph.text->lineAt(paragraph.LineCount() - 1);
-    const qreal width = line.height() / 4;
-    const qreal x = line.cursorToX(paragraph.end - paragraph.start);
-    const bool leftwards = paragraph.text->textOption().textDirection() == Qt::RightToLeft;
-    painter.fillRect(
-        QRectF(leftwards ? x - width : x, line.y(), width, line.height()).translated(origin),
-        paint.selectionBack);
-}
-
-void PaintPlaceholder(QPainter& painter, const TextPaint& paint, const QRect& box) {
-    QColor frame = paint.text;
-    frame.setAlphaF(0.4f);
-    painter.setPen(frame);
-    painter.drawRect(box.adjusted(0, 0, -1, -1));
+// A frame just inside the box.
+void PaintFrame(QPainter& painter, const QRect& box, int thick, const QColor& color) {
+    for (const QRect& side :
+         {box.adjusted(0, 0, 0, thick - box.height()), box.adjusted(0, box.height() - thick, 0, 0),
+          box.adjusted(0, 0, thick - box.width(), 0), box.adjusted(box.width() - thick, 0, 0, 0)})
+        painter.fillRect(side, color);
 }
 
 void PaintPicture(QPainter& painter, const TextPaint& paint, const PlacedPicture& placed,
                   const QRect& box) {
     const Picture* picture = paint.context.pictures.At(placed.position);
-    const qreal ratio = painter.device()->devicePixelRatioF();
     const QPixmap pixmap =
-        picture ? paint.context.pictures.Pixmap(*picture, placed.size, ratio) : QPixmap();
+        picture ? paint.context.pictures.Pixmap(*picture, placed.size) : QPixmap();
+    const QColor back = ToQColor(paint.context.look.backColor);
     if (pixmap.isNull())
-        PaintPlaceholder(painter, paint, box);
+        PaintFrame(painter, box, paint.context.Hairline(), Between(back, paint.text));
     else
         painter.drawPixmap(box.topLeft(), pixmap);
     if (placed.position < paint.selectionStart || placed.position >= paint.selectionEnd) return;
     QColor veil = paint.selectionBack;
     veil.setAlphaF(0.5f);
     painter.fillRect(box, veil);
+}
+
+// The selected part is drawn by itself, in its own colours.
+void PaintText(QPainter& painter, const TextPaint& paint, const ParagraphLayout& paragraph,
+               QPoint origin, const QRect& clip) {
+    const QRegion selected = SelectedRegion(paragraph, paint.selectionStart, paint.selectionEnd,
+                                            clip.translated(-origin));
+    if (selected.isEmpty()) return paragraph.text->draw(&painter, origin, {}, clip);
+    const QTextOption usual = paragraph.text->textOption();
+    QTextOption oneColor = usual;
+    oneColor.setFlags(usual.flags() | QTextOption::SuppressColors);
+    painter.save();
+    painter.setClipRegion(QRegion(clip).subtracted(selected.translated(origin)));
+    paragraph.text->draw(&painter, origin, {}, clip);
+    painter.setClipRegion(selected.translated(origin));
+    painter.fillRect(clip, paint.selectionBack);
+    painter.setPen(paint.selectionText);
+    paragraph.text->setTextOption(oneColor);
+    paragraph.text->draw(&painter, origin, {}, clip);
+    paragraph.text->setTextOption(usual);
+    painter.restore();
 }
 
 void PaintPictures(QPainter& painter, const TextPaint& paint, const ParagraphLayout& paragraph,
@@ -60,19 +66,20 @@ void PaintPictures(QPainter& painter, const TextPaint& paint, const ParagraphLay
     }
 }
 
+// Along the box's edges, to the right of and below them: so the borders of neighbours coincide.
 void PaintBorders(QPainter& painter, const TextPaint& paint, const CellLayout& cell,
                   QPoint origin) {
-    const QRect box = cell.box.translated(origin);
-    const int right = box.left() + box.width(), bottom = box.top() + box.height();
-    QColor line = paint.text;
-    line.setAlphaF(0.6f);
-    painter.setPen(line);
-    if (cell.cell->borderLeft) painter.drawLine(box.left(), box.top(), box.left(), bottom);
-    if (cell.cell->borderRight) painter.drawLine(right, box.top(), right, bottom);
-    if (cell.cell->borderTop && !cell.cell->mergedAbove)
-        painter.drawLine(box.left(), box.top(), right, box.top());
-    if (cell.cell->borderBottom) painter.drawLine(box.left(), bottom, right, bottom);
+    const int thick = paint.context.Hairline();
+    const QRect box = cell.box.translated(origin).adjusted(0, 0, thick, thick);
+    const QRect top(box.left(), box.top(), box.width(), thick);
+    const QRect left(box.left(), box.top(), thick, box.height());
+    const QColor line = Between(paint.text, ToQColor(paint.context.look.backColor));
+    if (cell.cell->borderTop) painter.fillRect(top, line);
+    if (cell.cell->borderLeft) painter.fillRect(left, line);
+    if (cell.cell->borderRight) painter.fillRect(left.translated(cell.box.width(), 0), line);
+    if (cell.lowest->borderBottom) painter.fillRect(top.translated(0, cell.box.height()), line);
 }
+
 // The text colour is chosen for the view's background; a cell may have another.
 QColor TextColorIn(const TextPaint& paint, const BlockLayout& layout, std::size_t cell) {
     if (layout.cells.empty() || layout.cells[cell].cell->autoBackground) return paint.text;
@@ -83,20 +90,20 @@ QColor TextColorIn(const TextPaint& paint, const BlockLayout& layout, std::size_
 
 void PaintBackground(QPainter& painter, const BlockLayout& layout, QPoint origin) {
     for (const CellLayout& cell : layout.cells)
-        if (!cell.cell->autoBackground)
+        if (!cell.cell->autoBackground && !cell.hidden)
             painter.fillRect(cell.box.translated(origin), ToQColor(cell.cell->background));
 }
 
 void PaintBlock(QPainter& painter, const TextPaint& paint, const BlockLayout& layout, QPoint origin,
                 const QRect& clip) {
     for (const CellLayout& cell : layout.cells)
-        PaintBorders(painter, paint, cell, origin);
+        if (!cell.hidden) PaintBorders(painter, paint, cell, origin);
     for (const ParagraphLayout& paragraph : layout.paragraphs) {
         const QPoint at = origin + paragraph.origin;
-        if (at.y() > clip.bottom() || at.y() + paragraph.Height() < clip.top()) continue;
+        const bool seen = at.y() <= clip.bottom() && at.y() + paragraph.Height() >= clip.top();
+        if (!seen || (!layout.cells.empty() && layout.cells[paragraph.cell].hidden)) continue;
         painter.setPen(TextColorIn(paint, layout, paragraph.cell));
-        PaintSelectedBreak(painter, paint, paragraph, at);
-        paragraph.text->draw(&painter, at, Selection(paint, paragraph), clip);
+        PaintText(painter, paint, paragraph, at, clip);
         PaintPictures(painter, paint, paragraph, at, clip);
     }
 }

@@ -18,7 +18,7 @@ void TextScroller::ShowLine(TextPos position) {
 }
 
 void TextScroller::SettleAtEnd() {
-    if (!placed_ && Top() > LastTop()) SetTop(LastTop());
+    if (!placed_ && Top() > LastTop()) ShowHeight(LastTop());
 }
 
 TextPos TextScroller::FirstVisibleChar() {
@@ -34,17 +34,35 @@ TextPos TextScroller::FirstVisibleChar() {
 void TextScroller::ScrollBy(int pixels) {
     const TextHeight top = Top(), last = LastTop();
     if (pixels > 0 && top >= last) return;
-    SetTop(std::min(Moved(top, pixels), std::max(top, last)));
+    ShowHeight(std::min(Moved(top, pixels), std::max(top, last)));
 }
 
 void TextScroller::ScrollLines(int lines, int lineHeight) {
+    const TextHeight from = Top();
     ScrollBy(lines * lineHeight);
-    SnapToLine(lineHeight / 2);
+    const TextHeight to = Top();
+    const Line line = LineAt(to);
+    // A high picture is passed by pixels. At the text's end its last line is what matters.
+    if (to == from || to >= LastTop() || 2 * line.height > viewHeight_) return;
+    const bool nearTop = 2 * (to.y - line.top.y) <= line.height;
+    const bool useTop = lines < 0 ? nearTop || line.bottom >= from : nearTop && line.top > from;
+    ShowHeight(useTop ? line.top : std::min(line.bottom, LastTop()));
 }
 
-void TextScroller::ScrollPages(int pages, int lineHeight) {
-    ScrollBy(pages * std::max(lineHeight, viewHeight_ - lineHeight));
-    SnapToLine(lineHeight / 2);
+void TextScroller::ScrollPage(bool down, int lineHeight) {
+    const TextHeight from = Top();
+    const int page = std::max(lineHeight, viewHeight_ - lineHeight);
+    ScrollBy(down ? page : -page);
+    const TextHeight to = Top();
+    if (to == from || to >= LastTop()) return;
+    const Line line = LineAt(to);
+    if (down) {
+        const bool seenWhole = line.bottom <= Moved(from, viewHeight_);
+        ShowHeight(line.top > from ? line.top : seenWhole ? std::min(line.bottom, LastTop()) : to);
+    } else if (line.top < to) {
+        const bool willBeSeenWhole = line.top >= Moved(from, -viewHeight_);
+        ShowHeight(line.bottom < from ? line.bottom : willBeSeenWhole ? line.top : to);
+    }
 }
 
 void TextScroller::Reveal(TextPos position) {
@@ -53,14 +71,24 @@ void TextScroller::Reveal(TextPos position) {
     TextHeight from{layout->block.start, LineTop(*layout, line)};
     TextHeight to{layout->block.start, LineBottom(*layout, line)};
     if (to.y - from.y > viewHeight_) {
-        const QRect caret = CaretBox(*layout, position);
-        from.y = caret.top();
-        to.y = caret.top() + caret.height();
+        const QRect caret = CaretBox(*layout, position); // it may be higher than its line
+        from.y = std::max(from.y, caret.top());
+        to.y = std::min(to.y, caret.top() + caret.height());
     }
     if (from < Top())
-        SetTop(from);
+        ShowHeight(from);
     else if (to > Moved(Top(), viewHeight_))
-        SetTop(Moved(to, -viewHeight_));
+        ShowHeight(Moved(to, -viewHeight_));
+}
+
+bool TextScroller::IsHighAndSeen(TextPos position) {
+    const auto layout = layouts_.At(position);
+    const LineRef line = LineOf(*layout, position);
+    const TextHeight top = Top();
+    const TextPos block = layout->block.start;
+    return LineHeight(*layout, line) > viewHeight_ &&
+           TextHeight{block, LineBottom(*layout, line)} > top &&
+           TextHeight{block, LineTop(*layout, line)} < Moved(top, viewHeight_);
 }
 
 TextHeight TextScroller::Top() {
@@ -93,6 +121,21 @@ TextPos TextScroller::LineStartAt(TextHeight height) {
     return LineStart(*layout, LineAtHeight(*layout, height.y));
 }
 
+TextScroller::Line TextScroller::LineAt(TextHeight height) {
+    const auto layout = layouts_.At(height.block);
+    const LineRef line = LineAtHeight(*layout, height.y);
+    const int top = LineTop(*layout, line), bottom = LineBottom(*layout, line);
+    const TextPos block = layout->block.start;
+    return {{block, top}, Moved({block, bottom}, 0), std::max(1, bottom - top)};
+}
+
+TextHeight TextScroller::InWholeLine(int below) {
+    const TextHeight top = Top(), at = Moved(top, below);
+    const Line line = LineAt(at);
+    if (line.bottom > Moved(top, viewHeight_) && line.top > top) return Moved(line.top, -1);
+    return line.top < top && line.height < viewHeight_ ? line.bottom : at;
+}
+
 std::optional<int> TextScroller::ViewTopOf(TextPos position) {
     const TextHeight top = Top();
     auto layout = layouts_.At(top.block);
@@ -114,26 +157,12 @@ TextHeight TextScroller::LastTop() {
     return lastTop_;
 }
 
-void TextScroller::SetTop(TextHeight top) {
+void TextScroller::ShowHeight(TextHeight top) {
     const auto layout = layouts_.At(top.block);
     const LineRef line = LineAtHeight(*layout, top.y);
     position_ = LineStart(*layout, line);
     hidden_ = std::clamp(top.y - LineTop(*layout, line), 0, LineHeight(*layout, line) - 1);
     placed_ = false;
-}
-
-// A top line cut by at most so many pixels, above or below, is shown whole. Not at the end of the
-// text, where the last line is what matters.
-void TextScroller::SnapToLine(int within) {
-    const TextHeight top = Top();
-    if (top >= LastTop()) return;
-    const auto layout = layouts_.At(top.block);
-    const LineRef line = LineOf(*layout, position_);
-    const int above = top.y - LineTop(*layout, line), below = LineHeight(*layout, line) - above;
-    if (above <= within)
-        hidden_ = 0;
-    else if (below <= within)
-        SetTop(std::min(Moved(top, below), LastTop()));
 }
 
 TextPos TextScroller::AsChar(TextHeight height) {
@@ -158,7 +187,7 @@ TextPos TextScroller::LastTopAsChar() {
 
 void TextScroller::ScrollToChar(TextPos position) {
     if (position >= LastTopAsChar()) {
-        SetTop(LastTop());
+        ShowHeight(LastTop());
         return;
     }
     const auto layout = layouts_.At(position);
@@ -166,5 +195,5 @@ void TextScroller::ScrollToChar(TextPos position) {
     const TextPos start = LineStart(*layout, line), length = LineEnd(*layout, line) - start;
     const int part =
         length > 0 ? int(std::int64_t(position - start) * LineHeight(*layout, line) / length) : 0;
-    SetTop({layout->block.start, LineTop(*layout, line) + part});
+    ShowHeight({layout->block.start, LineTop(*layout, line) + part});
 }

@@ -30,12 +30,20 @@ class TextScroller {
     // The reader's own scrolling: between the first line at the top and the last one at the bottom.
     void ScrollBy(int pixels);
     void ScrollLines(int lines, int lineHeight); // by so many lines of that height, to a line's top
-    void ScrollPages(int pages, int lineHeight); // a line less than the view
-    void Reveal(TextPos position);               // by the least that shows the line of `position`
+    // A page up or down, to a line's top, so that nothing is passed unseen: one line of that height
+    // stays in view, more where lines are higher.
+    void ScrollPage(bool down, int lineHeight);
+    void Reveal(TextPos position); // by the least that shows the line of `position`
+
+    // Whether the line of `position` is higher than the view and a part of it is seen.
+    bool IsHighAndSeen(TextPos position);
+    void ShowHeight(TextHeight top); // at the view's top edge
 
     TextHeight Top();
     TextHeight Moved(TextHeight from, int pixels); // kept within the text
     TextPos LineStartAt(TextHeight height);
+    // So many pixels below the view's top edge, or in the nearest line that is seen whole.
+    TextHeight InWholeLine(int below);
     // Pixels from the view's top edge to the top of the block that holds `position`; none when no
     // part of the block is seen.
     std::optional<int> ViewTopOf(TextPos position);
@@ -47,9 +55,12 @@ class TextScroller {
     void ScrollToChar(TextPos position);
 
   private:
+    struct Line {
+        TextHeight top, bottom;
+        int height = 0;
+    };
+    Line LineAt(TextHeight height);
     TextHeight LastTop(); // with the text's last line at the bottom of the view
-    void SetTop(TextHeight top);
-    void SnapToLine(int within);
     TextPos AsChar(TextHeight height);
 
     TextLayouts& layouts_;

@@ -14,10 +14,22 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
-constexpr int sideMargin = 6;       // pixels between the view's edge and the text
+constexpr int leastMargin = 6, marginShare = 40; // of the widget's pixels, and of its width
 constexpr int widestLine = 1 << 24; // pixels; Qt's fixed point numbers hold twice as much
+constexpr double metresPerInch = 0.0254;
+
+// Makes the painter count in the screen's pixels from now on; returns the way from the widget's to
+// them. The widget may begin within one.
+QTransform UseScreenPixels(QPainter& painter, double pixelRatio) {
+    painter.scale(1 / pixelRatio, 1 / pixelRatio);
+    const QTransform toScreen = painter.deviceTransform();
+    painter.translate(std::round(toScreen.dx()) - toScreen.dx(),
+                      std::round(toScreen.dy()) - toScreen.dy());
+    return QTransform::fromScale(pixelRatio, pixelRatio);
+}
 } // namespace
 
 TextWidget::TextWidget(QWidget* parent)
@@ -33,7 +45,8 @@ TextWidget::TextWidget(QWidget* parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     viewport()->setCursor(Qt::IBeamCursor);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
-    context_.device = viewport();
+    context_.device = &screen_;
+    MeasureScreen();
     context_.text = text_.get();
     verticalScrollBar()->installEventFilter(this);
     connect(verticalScrollBar(), &QScrollBar::actionTriggered, this,
@@ -87,16 +100,25 @@ int TextWidget::BreakWidth(int viewWidth) const {
     return int(std::clamp(look_.rightMargin * context_.pixelsPerTwip, 1.0, double(widestLine)));
 }
 
+// Whether the screen has another resolution than before.
+bool TextWidget::MeasureScreen() {
+    pixelRatio_ = devicePixelRatioF();
+    screen_.setDotsPerMeterX(qRound(logicalDpiX() * pixelRatio_ / metresPerInch));
+    screen_.setDotsPerMeterY(qRound(logicalDpiY() * pixelRatio_ / metresPerInch));
+    const double pixelsPerTwip = logicalDpiX() * pixelRatio_ / 1440;
+    return std::exchange(context_.pixelsPerTwip, pixelsPerTwip) != pixelsPerTwip;
+}
+
 // A hidden widget gets no resize events: so its size is looked at when it matters.
 void TextWidget::Fit() {
-    const double pixelsPerTwip = logicalDpiX() / 1440.0;
-    const bool sameScreen = pixelsPerTwip == context_.pixelsPerTwip;
-    context_.pixelsPerTwip = pixelsPerTwip;
-    const int room = std::max(1, maximumViewportSize().width() - 2 * sideMargin);
+    const bool sameScreen = !MeasureScreen();
+    const int whole = Pixels(maximumViewportSize().width());
+    margin_ = std::max(Pixels(leastMargin), whole / marginShare);
+    const int room = std::max(1, whole - 2 * margin_);
     const int breakWidth = BreakWidth(room), viewWidth = std::min(room, breakWidth);
     setHorizontalScrollBarPolicy(breakWidth > room ? Qt::ScrollBarAlwaysOn
                                                    : Qt::ScrollBarAlwaysOff);
-    const int height = std::max(1, maximumViewportSize().height());
+    const int height = std::max(1, Pixels(maximumViewportSize().height()));
     const bool sameHeight = height == scroller_.ViewHeight();
     if (!sameHeight) {
         scroller_.SetViewHeight(height);
@@ -137,25 +159,39 @@ int TextWidget::LineHeight() const {
     return std::max(1, QFontMetrics(MakeFont(look_.font), context_.device).height());
 }
 
-int TextWidget::ColumnX(int viewportX) const {
-    return viewportX - sideMargin + horizontalScrollBar()->value();
+int TextWidget::ColumnX(int viewX) const {
+    return viewX - margin_ + horizontalScrollBar()->value();
 }
 
 TextPos TextWidget::PositionAtPoint(QPoint point) {
-    const TextHeight height = Scroller().Moved(scroller_.Top(), point.y());
-    return PositionAt(*layouts_.At(height.block), QPoint(ColumnX(point.x()), height.y));
+    const TextHeight height = Scroller().Moved(scroller_.Top(), Pixels(point.y()));
+    return PositionAt(*layouts_.At(height.block), QPoint(ColumnX(Pixels(point.x())), height.y));
+}
+
+std::optional<QRect> TextWidget::CaretInView() {
+    const auto top = Scroller().ViewTopOf(caret_);
+    if (!top) return std::nullopt;
+    QRect box = CaretBox(*layouts_.At(caret_), caret_).translated(-ColumnX(0), *top);
+    box.setWidth(context_.Hairline());
+    return box;
 }
 
 TextPos TextWidget::CharacterAtPoint(QPoint point) {
-    const TextHeight height = Scroller().Moved(scroller_.Top(), point.y());
-    return PositionAt(*layouts_.At(height.block), QPoint(ColumnX(point.x()), height.y),
+    const TextHeight height = Scroller().Moved(scroller_.Top(), Pixels(point.y()));
+    return PositionAt(*layouts_.At(height.block), QPoint(ColumnX(Pixels(point.x())), height.y),
                       QTextLine::CursorOnCharacter);
 }
 
+QRect TextWidget::InWidget(const QRect& box) const {
+    return QTransform::fromScale(1 / pixelRatio_, 1 / pixelRatio_)
+        .mapRect(QRectF(box))
+        .toAlignedRect();
+}
+
 QRect TextWidget::CaretRect() {
-    const auto top = Scroller().ViewTopOf(caret_);
-    if (!top) return {};
-    return CaretBox(*layouts_.At(caret_), caret_).translated(-ColumnX(0), *top);
+    const auto box = CaretInView();
+    if (!box) return {};
+    return InWidget(*box);
 }
 
 void TextWidget::ShowScrolled() {
@@ -168,6 +204,8 @@ void TextWidget::paintEvent(QPaintEvent* event) {
     const TextHeight top = Scroller().Top();
     QPainter painter(viewport());
     painter.fillRect(event->rect(), ToQColor(look_.backColor));
+    const QRect clip =
+        UseScreenPixels(painter, pixelRatio_).mapRect(QRectF(event->rect())).toAlignedRect();
 
     const auto group = hasFocus() ? QPalette::Active : QPalette::Inactive;
     const TextPaint paint{context_,
@@ -176,20 +214,19 @@ void TextWidget::paintEvent(QPaintEvent* event) {
                           palette_.color(group, QPalette::Highlight),
                           SelStart(),
                           SelEnd()};
-    const int last = event->rect().bottom();
-    std::vector<std::pair<TextLayouts::Layout, QPoint>> shown;
+    std::vector<std::pair<TextLayouts::Layout, int>> shown;
     auto layout = layouts_.At(top.block);
-    for (int y = -top.y; layout && y <= last; layout = layouts_.After(layout)) {
-        if (y + layout->height >= event->rect().top())
-            shown.emplace_back(layout, QPoint(-ColumnX(0), y));
+    for (int y = -top.y; layout && y <= clip.bottom(); layout = layouts_.After(layout)) {
+        if (y + layout->height >= clip.top()) shown.emplace_back(layout, y);
         y += layout->height;
     }
-    for (const auto& [block, origin] : shown)
-        PaintBackground(painter, *block, origin);
-    for (const auto& [block, origin] : shown)
-        PaintBlock(painter, paint, *block, origin, event->rect());
-    if (caretOn_ && hasFocus()) painter.fillRect(CaretRect(), CaretColor());
-    UpdateScrollBars();
+    UpdateScrollBars(); // now the lines are known that say how far to the right there is anything
+    for (const auto& [block, y] : shown)
+        PaintBackground(painter, *block, QPoint(-ColumnX(0), y));
+    for (const auto& [block, y] : shown)
+        PaintBlock(painter, paint, *block, QPoint(-ColumnX(0), y), clip);
+    const auto caret = caretOn_ && hasFocus() ? CaretInView() : std::nullopt;
+    if (caret) painter.fillRect(*caret, CaretColor());
 }
 
 QColor TextWidget::CaretColor() const {
@@ -208,8 +245,8 @@ void TextWidget::UpdateScrollBars() {
         vertical.setPageStep(std::max(1, page));
         vertical.setValue(value);
     }
-    const int width = viewport()->width();
-    horizontalScrollBar()->setRange(0, std::max(0, layouts_.Width() + 2 * sideMargin - width));
+    const int width = ViewWidth();
+    horizontalScrollBar()->setRange(0, std::max(0, layouts_.Width() + 2 * margin_ - width));
     horizontalScrollBar()->setPageStep(width);
     horizontalScrollBar()->setSingleStep(LineHeight());
 }
@@ -219,8 +256,8 @@ void TextWidget::VerticalAction(int action) {
     switch (action) {
     case QAbstractSlider::SliderSingleStepAdd: Scroller().ScrollLines(1, LineHeight()); break;
     case QAbstractSlider::SliderSingleStepSub: Scroller().ScrollLines(-1, LineHeight()); break;
-    case QAbstractSlider::SliderPageStepAdd: Scroller().ScrollPages(1, LineHeight()); break;
-    case QAbstractSlider::SliderPageStepSub: Scroller().ScrollPages(-1, LineHeight()); break;
+    case QAbstractSlider::SliderPageStepAdd: Scroller().ScrollPage(true, LineHeight()); break;
+    case QAbstractSlider::SliderPageStepSub: Scroller().ScrollPage(false, LineHeight()); break;
     default: Scroller().ScrollToChar(bar.sliderPosition()); break;
     }
     if (!bar.isSliderDown()) bar.setSliderPosition(scroller_.TopAsChar());

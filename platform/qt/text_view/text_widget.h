@@ -1,4 +1,5 @@
-// The widget of the text view: lays out, paints and moves about in one document.
+// The widget of the text view: lays out, paints and moves about in one document. All that is laid
+// out or scrolled counts in the screen's own pixels, what Qt is told or tells in the widget's.
 #pragma once
 
 #include "platform/qt/text_view/caret_moves.h"
@@ -7,6 +8,7 @@
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
 #include <QElapsedTimer>
+#include <QImage>
 
 #include <functional>
 #include <optional>
@@ -78,9 +80,14 @@ class TextWidget : public QAbstractScrollArea {
     void TellSeen();
     void Fit();
     void Relayout();
+    bool MeasureScreen();
     int BreakWidth(int viewWidth) const;
     int LineHeight() const; // of the view's own font
-    int ColumnX(int viewportX) const;
+    int Pixels(int ofWidget) const { return int(ofWidget * pixelRatio_); }
+    QRect InWidget(const QRect& box) const;
+    int ViewWidth() const { return Pixels(viewport()->width()); }
+    int ColumnX(int viewX) const;
+    std::optional<QRect> CaretInView();
     void UpdateScrollBars();
     void VerticalAction(int action);
     void RestartBlinking();
@@ -91,7 +98,7 @@ class TextWidget : public QAbstractScrollArea {
     bool CaretKey(int key, Qt::KeyboardModifiers modifiers);
     std::optional<TextPos> KeyTarget(int key, bool control);
     TextPos VerticalTarget(int key);
-    TextPos PageTarget(int pages);
+    TextPos PageTarget(bool down);
     void MoveCaret(TextPos position, bool extend);
 
     TextSpan UnitAround(TextPos position);
@@ -107,6 +114,9 @@ class TextWidget : public QAbstractScrollArea {
     QPalette palette_; // the widget's, where the formats can observe it
     CharFormats formats_;
     PictureStore pictures_;
+    QImage screen_{1, 1, QImage::Format_Mono}; // has the resolution of the screen's own pixels
+    double pixelRatio_ = 1;                    // of them to the widget's
+    int margin_ = 0;                           // between the view's edges and the text
     LayoutContext context_;
     TextLayouts layouts_;
     TextScroller scroller_;

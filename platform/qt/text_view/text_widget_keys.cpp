@@ -22,7 +22,7 @@ bool TextWidget::MenuKey(int key, Qt::KeyboardModifiers modifiers) {
 
 bool TextWidget::ScrollKey(int key, Qt::KeyboardModifiers modifiers) {
     if (key != Qt::Key_Space || (modifiers & ~Qt::ShiftModifier)) return false;
-    Scroller().ScrollPages(modifiers & Qt::ShiftModifier ? -1 : 1, LineHeight());
+    Scroller().ScrollPage(!(modifiers & Qt::ShiftModifier), LineHeight());
     ShowScrolled();
     return true;
 }
@@ -39,10 +39,13 @@ bool TextWidget::CaretKey(int key, Qt::KeyboardModifiers modifiers) {
     const auto target = KeyTarget(key, control);
     if (!target) return false;
     const std::optional<int> column = wantedX_;
+    const bool page = key == Qt::Key_PageUp || key == Qt::Key_PageDown;
+    // A page within a line too high for the view may show it without the caret.
+    const bool shown = page && scroller_.IsHighAndSeen(*target);
+    const TextHeight top = scroller_.Top();
     MoveCaret(*target, extend);
-    if (key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp ||
-        key == Qt::Key_PageDown)
-        wantedX_ = column;
+    if (shown) scroller_.ShowHeight(top);
+    if (page || key == Qt::Key_Up || key == Qt::Key_Down) wantedX_ = column;
     return true;
 }
 
@@ -67,21 +70,22 @@ TextPos TextWidget::VerticalTarget(int key) {
     switch (key) {
     case Qt::Key_Up: return CaretUp(layouts_, caret_, *wantedX_);
     case Qt::Key_Down: return CaretDown(layouts_, caret_, *wantedX_);
-    default: return PageTarget(key == Qt::Key_PageDown ? 1 : -1);
+    default: return PageTarget(key == Qt::Key_PageDown);
     }
 }
 
 // The caret keeps its place in the view while the text moves; where the text cannot move, it goes
 // to its end.
-TextPos TextWidget::PageTarget(int pages) {
-    const QRect caret = CaretRect();
-    const int lowest = std::max(0, scroller_.ViewHeight() - LineHeight()); // of a line seen whole
-    const int y = caret.isNull() ? 0 : std::clamp(caret.center().y(), 0, lowest);
+TextPos TextWidget::PageTarget(bool down) {
+    const auto caret = CaretInView();
+    const int lowest = std::max(0, scroller_.ViewHeight() - 1);
+    const int y = caret ? std::clamp(caret->center().y(), 0, lowest) : 0;
     const TextHeight before = scroller_.Top();
-    scroller_.ScrollPages(pages, LineHeight());
-    const TextPos target = PositionAtPoint(QPoint(*wantedX_ - ColumnX(0), y));
-    if (scroller_.Top() != before && target != caret_) return target;
-    return pages < 0 ? 0 : text_->Length();
+    scroller_.ScrollPage(down, LineHeight());
+    const TextHeight height = scroller_.InWholeLine(y);
+    const TextPos target = PositionAt(*layouts_.At(height.block), QPoint(*wantedX_, height.y));
+    if (scroller_.Top() != before) return target;
+    return down ? text_->Length() : 0;
 }
 
 void TextWidget::MoveCaret(TextPos position, bool extend) {
@@ -94,7 +98,7 @@ void TextWidget::Reveal(TextPos position) {
     QScrollBar& bar = *horizontalScrollBar();
     if (horizontalScrollBarPolicy() == Qt::ScrollBarAlwaysOn) {
         const int x = CaretBox(*layouts_.At(position), position).x() - ColumnX(0);
-        const int width = viewport()->width(), margin = std::min(width / 4, 4 * LineHeight());
+        const int width = ViewWidth(), margin = std::min(width / 4, 4 * LineHeight());
         bar.setMaximum(std::max(bar.maximum(), bar.value() + x + margin - width));
         if (x < margin) bar.setValue(bar.value() + x - margin);
         if (x > width - margin) bar.setValue(bar.value() + x - width + margin);

@@ -89,8 +89,8 @@ void TextWidget::AutoScroll() {
     const QRect inside = viewport()->rect();
     const int below = std::max(0, mouse_.y() - inside.bottom()) - std::max(0, -mouse_.y());
     const int right = std::max(0, mouse_.x() - inside.right()) - std::max(0, -mouse_.x());
-    Scroller().ScrollBy(below);
-    horizontalScrollBar()->setValue(horizontalScrollBar()->value() + right);
+    Scroller().ScrollBy(Pixels(below));
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() + Pixels(right));
     ExtendByMouse(mouse_);
     ShowScrolled();
 }
@@ -117,8 +117,8 @@ void TextWidget::wheelEvent(QWheelEvent* event) {
     if (event->modifiers() & Qt::ControlModifier) return event->ignore();
     const QPoint pixels = event->pixelDelta(), angle = event->angleDelta();
     if (!pixels.isNull()) {
-        Scroller().ScrollBy(-pixels.y());
-        horizontalScrollBar()->setValue(horizontalScrollBar()->value() - pixels.x());
+        Scroller().ScrollBy(-Pixels(pixels.y()));
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() - Pixels(pixels.x()));
     } else if (std::abs(angle.x()) > std::abs(angle.y())) {
         const int step = angle.x() * linesPerNotch * LineHeight() / notch;
         horizontalScrollBar()->setValue(horizontalScrollBar()->value() - step);

@@ -76,8 +76,8 @@ QRect TextWidget::CharacterRect(TextPos position) {
     if (!isVisible()) return {};
     const TextSpan& seen = SeenBlocks();
     const QSize line(1, LineHeight());
-    if (position < seen.start) return {QPoint(0, -2 * line.height()), line};
+    if (position < seen.start) return InWidget({QPoint(0, -2 * line.height()), line});
     const auto top = position < seen.end ? scroller_.ViewTopOf(position) : std::nullopt;
-    if (!top) return {QPoint(0, height() + line.height()), line};
-    return CharacterBox(*layouts_.At(position), position).translated(-ColumnX(0), *top);
+    if (!top) return InWidget({QPoint(0, Pixels(height()) + line.height()), line});
+    return InWidget(CharacterBox(*layouts_.At(position), position).translated(-ColumnX(0), *top));
 }

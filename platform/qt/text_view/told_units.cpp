@@ -23,8 +23,11 @@ TextSpan CellParagraphAt(const TextSource& text, const TableRow& row, TextPos po
 
 TextSpan ParagraphAt(TextLayouts& layouts, TextPos position) {
     const TextBlock block = BlockAt(layouts.Text(), layouts.Context().document.rows, position);
-    if (block.row) return CellParagraphAt(layouts.Text(), *block.row, position);
-    return {block.start, block.end};
+    if (block.rows.empty()) return {block.start, block.end};
+    const auto behind =
+        std::upper_bound(block.rows.begin() + 1, block.rows.end(), position,
+                         [](TextPos at, const TableRow& row) { return at < row.start; });
+    return CellParagraphAt(layouts.Text(), *(behind - 1), position);
 }
 
 TextSpan LineAt(TextLayouts& layouts, TextPos position) {
