@@ -1,5 +1,7 @@
 #include "platform/windows/win_file_reader.h"
 
+#include <algorithm>
+
 // Not mapped into memory: bytes of a share that has gone would then end the program.
 std::size_t WinFileReader::ReadAt(std::uint64_t offset, char* to, std::size_t count) const {
     constexpr std::size_t largestPiece = 1u << 24;
