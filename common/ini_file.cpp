@@ -1,6 +1,7 @@
 #include "common/ini_file.h"
 
 #include "common/text.h"
+#include "common/utf.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,8 +11,6 @@
 
 namespace {
 
-constexpr std::uint64_t LargestFile =
-    256u << 20; // bytes; far above any history, far below a memory's end
 constexpr std::size_t LongestString = 32766, LongestNumber = 254; // UTF-16 units
 constexpr int OneAsFixed = 10000;                                 // four decimals
 
@@ -42,8 +41,7 @@ std::u16string FixedText(std::int64_t fixed) {
 
 std::u16string CutTo(std::u16string text, std::size_t length) {
     if (text.size() <= length) return text;
-    const bool splitsPair =
-        (text[length - 1] & 0xFC00) == 0xD800 && (text[length] & 0xFC00) == 0xDC00;
+    const bool splitsPair = IsHighSurrogate(text[length - 1]) && IsLowSurrogate(text[length]);
     text.resize(splitsPair ? length - 1 : length);
     return text;
 }
@@ -78,7 +76,7 @@ void IniFile::Refresh() {
     const auto version = files_.Version(path_);
     if (version && version == version_) return;
     std::string bytes;
-    status_ = files_.Read(path_, LargestFile, bytes);
+    status_ = files_.Read(path_, largestDataFile, bytes);
     version_ = status_ == ReadStatus::Ok ? version : std::nullopt;
     content_ = ProfileFile::Parse(bytes, ansiCodePage_, decoder_);
 }

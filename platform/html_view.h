@@ -75,9 +75,9 @@ constexpr int longestPageWait = 3000; // milliseconds
 // Keys pressed in the view are events of the window, as with the text view: it is told first, by
 // `onKeyDown` and `onKeyUp`. The view then does the scrolling and the selecting, and zooms one step
 // for Ctrl with 187 or 189 and back to normal for Ctrl with 48 ("+", "-", "0"; those of the numeric
-// keypad arrive as these); it does not act on any other key with Ctrl or on function keys, so that
-// no command comes twice. Ctrl and the wheel are the window's `onZoom`; the view does not zoom
-// then.
+// keypad arrive as these); the line at the top stays there. It does not act on any other key with
+// Ctrl or on function keys, so that no command comes twice. Ctrl and the wheel are the window's
+// `onZoom`; the view does not zoom then.
 class HtmlView {
   public:
     virtual ~HtmlView() = default;
@@ -100,8 +100,8 @@ class HtmlView {
     virtual void SelectAll() = 0;
     virtual void SetBackColor(std::uint32_t redGreenBlue) = 0; // 0x00RRGGBB, of the body's style
     // One keystroke of Ctrl and "+" (larger) or "-": the page zooms one step, which orders given
-    // afterwards find done. The window's `onKeyDown` is told of 187 or 189 with Ctrl, once for each
-    // call and after it has returned.
+    // afterwards find done. The line at the top stays there. The window's `onKeyDown` is told of
+    // 187 or 189 with Ctrl, once for each call and after it has returned.
     virtual void SendZoomKey(bool larger) = 0;
 
     // Kept values of the page.

@@ -22,7 +22,7 @@ void mEdit_Click(MainForm& form, int) {
         page ? HasPageBody(form) && form.ports.htmlView->Selection().span.length > 0
              : form.ports.textView->SelLength() > 0;
     menu.mEditCopy[0].enabled = menu.mEditCopyRTF[0].enabled = selected;
-    menu.mEditTitle[0].enabled = selected && IsBookShown(form);
+    menu.mEditTitle[0].enabled = selected && IsShownBookListed(form);
     menu.mEditFind[0].enabled = menu.mEditAll[0].enabled;
     menu.mEditNext[0].enabled = menu.mEditAll[0].enabled && !form.findText.empty();
 }
@@ -74,8 +74,9 @@ void mEditTitle_Click(MainForm& form, int) {
     const TextView& view = *form.ports.textView;
     const bool page = IsPageShown(form);
     const TextPos length = std::min(view.SelLength(), longestCaption);
-    const auto caption = OneLine(page ? form.ports.htmlView->SelectedText()
-                                      : view.TextRange(view.SelStart(), length));
+    const auto selected = page ? form.ports.htmlView->SelectedText().substr(0, longestCaption)
+                               : view.TextRange(view.SelStart(), length);
+    const auto caption = OneLine(selected);
     if (page && TrimBlanks(caption).empty()) return;
     BookRecord record = BookRecord::Parse(form.menu.mFileList[0].tag);
     record[Field::Title] = Replace(TrimBlanks(EncodeNonAscii(caption)), u"=", u"&#61;");

@@ -19,11 +19,12 @@ std::u16string FindSection(const MainForm& form, const std::u16string& recordKey
 }
 
 // "|" separates searches, so one inside a search is stored as a reference, as is what a line cannot
-// hold.
+// hold, and quotes, which around the value would not be part of it.
 std::u16string Stored(const std::u16string& search) {
+    constexpr std::u16string_view special = u"|&\"'";
     std::u16string stored;
     for (const char16_t unit : search) {
-        const bool plain = unit > u' ' && unit != u'|' && unit != u'&';
+        const bool plain = unit > u' ' && special.find(unit) == special.npos;
         stored += plain ? std::u16string(1, unit) : u"&#" + NumberText(unit) + u";";
     }
     return stored;
@@ -65,10 +66,11 @@ void SaveFindHistory(MainForm& form, const std::u16string& recordKey) {
 namespace {
 // What a search starts from; nothing when more is selected than anybody looks for.
 std::u16string SelectedText(MainForm& form) {
-    if (IsPageShown(form)) return form.ports.htmlView->SelectedText();
     const TextView& view = *form.ports.textView;
-    return view.SelLength() > longestSearch ? std::u16string()
-                                            : SelectedTextLogical(view, form.viewFont.charset);
+    HtmlView* page = IsPageShown(form) ? form.ports.htmlView.get() : nullptr;
+    const TextPos length = page ? page->Selection().span.length : view.SelLength();
+    if (length > longestSearch) return u"";
+    return page ? page->SelectedText() : SelectedTextLogical(view, form.viewFont.charset);
 }
 
 // To the end of the page only, and nothing is said when there is no further place.

@@ -5,6 +5,7 @@
 #include "books/history_list.h"
 #include "books/open_book.h"
 #include "books/save_state.h"
+#include "common/flag_scope.h"
 #include "common/menu_items.h"
 #include "reading/caret.h"
 #include "reading/charset_change.h"
@@ -44,9 +45,8 @@ void mViewRefresh_Click(MainForm& form, int) {
     if (!IsBookShown(form) || !ExamineBookFile(form, GetBookPath(form, 0))) return;
     SaveBookState(form, 0);
     form.menu.mFileList[0].checked = false;
-    form.Refreshing = true;
+    const FlagScope refreshing(form.Refreshing);
     mFileList_Click(form, 0);
-    form.Refreshing = false;
     form.menu.mFileList[0].checked = true;
 }
 

@@ -47,7 +47,9 @@ void ZoomPage(MainForm& form, bool larger) {
 
 bool CountZoomKey(MainForm& form, int keyCode, int shift) {
     const auto step = StepOfKey(keyCode);
-    if (!(shift & CtrlKey) || !step || form.page.path.empty()) return false;
+    // Ctrl with Alt types a character on some keyboards.
+    const bool zooms = (shift & (CtrlKey | AltKey)) == CtrlKey;
+    if (!zooms || !step || form.page.path.empty()) return false;
     if (form.page.pendingZoomKeys > 0) {
         --form.page.pendingZoomKeys;
         return false;

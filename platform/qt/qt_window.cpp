@@ -1,5 +1,7 @@
 #include "platform/qt/qt_window.h"
 
+#include "platform/qt/accessible_parts.h"
+#include "platform/qt/bar_keyboard.h"
 #include "platform/qt/handler.h"
 #include "platform/qt/key_codes.h"
 #include "platform/qt/qt_text.h"
@@ -38,12 +40,15 @@ int Extent(int asked, int frame) {
 QtWindow::QtWindow()
     : inner_(new QWidget(this)), panel_(new QFrame(inner_)), views_(new QWidget(panel_)),
       exitSignals_([this] { CloseFromSystem(); }) {
+    InstallAccessibleParts();
     panel_->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     settling_.setSingleShot(true);
     settling_.callOnTimeout([this] { Settle(); });
     connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { CloseFromSystem(); });
     TakeDefaultPlace();
 }
+
+QtWindow::~QtWindow() = default;
 
 // A page of comfortable width in the middle of the screen.
 void QtWindow::TakeDefaultPlace() {
@@ -56,6 +61,7 @@ void QtWindow::TakeDefaultPlace() {
 
 void QtWindow::AdoptMenuBar(QMenuBar* menuBar) {
     menuBar_ = menuBar;
+    barKeyboard_ = std::make_unique<BarKeyboard>(*menuBar);
     LayOut();
 }
 
@@ -247,6 +253,7 @@ bool QtWindow::KeyEvent(const QKeyEvent& event) {
         return true;
     }
     if (QApplication::activePopupWidget()) return false; // an open menu has the keyboard
+    if (barKeyboard_ && barKeyboard_->Takes(event)) return false;
     const int code = CodeOf(event);
     if (code == 0) return false;
     if (pressed) {

@@ -8,14 +8,17 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <memory>
 #include <optional>
 
+class BarKeyboard;
 class QFrame;
 class QMenuBar;
 
 class QtWindow final : public QWidget, public Window {
   public:
     QtWindow();
+    ~QtWindow() override;
 
     QWidget* InnerArea() const { return inner_; } // parent of the status bar
     QWidget* ViewArea() const { return views_; }  // parent of both views, inside the panel's border
@@ -70,6 +73,7 @@ class QtWindow final : public QWidget, public Window {
     QFrame* panel_;
     QWidget* views_;
     QMenuBar* menuBar_ = nullptr;
+    std::unique_ptr<BarKeyboard> barKeyboard_;
     QWidget* page_ = nullptr;
     WindowEvents events_;
     // The rectangle asked for stands for the window's own until the window manager has had its say:

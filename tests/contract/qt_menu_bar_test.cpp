@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QWheelEvent>
 #include <QWindow>
@@ -77,6 +78,37 @@ TEST_CASE("qt menu bar: a menu asked for twice opens once") {
     Bench::Shown()->close();
 }
 
+TEST_CASE("qt menu bar: a window that is given the keyboard takes it from an open menu") {
+    QWidget help;
+    QLineEdit field(&help);
+    field.setFocus();
+    help.show(); // and the window manager takes its time before it gives it the keyboard
+    Bench bench;
+    QApplication::processEvents();
+    REQUIRE(QApplication::activeWindow() == &bench.window);
+    bench.bar.ShowMenu(bench.top);
+    QApplication::processEvents();
+    REQUIRE(Bench::Shown());
+    help.activateWindow();
+    QApplication::processEvents();
+    CHECK_FALSE(Bench::Shown());
+    CHECK(QApplication::activeWindow() == &help);
+    CHECK(field.hasFocus());
+}
+
+TEST_CASE("qt menu bar: a menu stays when the keyboard comes to its window later") {
+    Bench bench;
+    bench.bar.ShowMenu(bench.top);
+    QApplication::processEvents();
+    REQUIRE(Bench::Shown());
+    QMenu* menu = Bench::Shown();
+    bench.window.windowHandle()->requestActivate();
+    QApplication::processEvents();
+    CHECK(Bench::Shown() == menu);
+    CHECK(QApplication::activeWindow() == &bench.window);
+    menu->close();
+}
+
 TEST_CASE("qt menu bar: a context menu is shown at once, where it was asked for") {
     Bench bench;
     bench.bar.ShowContextMenu({&bench.heading, &bench.marks});
@@ -127,4 +159,39 @@ TEST_CASE("qt window: a shortcut arrives once, whatever the keyboard's layout") 
     press(0x05D1, placeOfC);        // Hebrew
     press(Qt::Key_C, placeOfComma); // a Latin layout with other places
     CHECK(keys == std::vector<std::pair<int, int>>(4, {'C', CtrlKey}));
+}
+
+TEST_CASE("qt menu bar: the keyboard goes back to the view, and only the bar's keys are its own") {
+    Bench bench;
+    std::vector<int> told;
+    WindowEvents events;
+    events.onKeyDown = [&](int code, int) { told.push_back(code); };
+    bench.window.SetEvents(events);
+    QWidget view(bench.window.InnerArea());
+    view.setFocusPolicy(Qt::StrongFocus);
+    view.show();
+    QApplication::processEvents(); // the window becomes the active one
+    auto* bar = bench.window.findChild<QMenuBar*>();
+    const auto pressInBar = [&](int key, Qt::KeyboardModifiers modifiers) {
+        view.setFocus();
+        bar->setFocus(Qt::MenuBarFocusReason);
+        REQUIRE(bar->hasFocus());
+        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(type, key, modifiers);
+            QApplication::sendEvent(bench.window.windowHandle(), &event);
+        }
+    };
+    pressInBar(Qt::Key_PageDown, Qt::NoModifier);
+    CHECK(view.hasFocus());
+    pressInBar(Qt::Key_Plus, Qt::ControlModifier);
+    CHECK(view.hasFocus());
+    CHECK(told == std::vector<int>{34, 187});
+
+    // As after Alt and a letter in the bar itself: Qt takes that for the place to go back to.
+    for (int i = 0; i < 2; ++i) {
+        pressInBar(Qt::Key_Escape, Qt::NoModifier);
+        QApplication::processEvents();
+        CHECK(view.hasFocus());
+    }
+    CHECK(told.size() == 2);
 }

@@ -156,6 +156,35 @@ TEST_CASE("windows html view: finds behind the selection, to the end only") {
     CHECK(shown.view->Selection().span == match->span);
 }
 
+TEST_CASE("windows html view: a selection at the start is on the first line, whatever its margin") {
+    ShownView shown;
+    shown.engine.ownMargin = 12;
+    shown.Open(Lines(100));
+    CHECK(shown.view->Selection().top == shown.view->TopMargin());
+    shown.view->ScrollTo(0, 100);
+    CHECK(shown.view->Selection().top == shown.view->TopMargin() - 100);
+}
+
+TEST_CASE("windows html view: the line at the top stays there in another size or window") {
+    ShownView shown;
+    shown.Open(Lines(300));
+    shown.engine.pushedByLayout = 500;
+    shown.view->SendZoomKey(true);
+    shown.view->SetBounds({0, 0, ShownView::Width / 2, ShownView::Height});
+    CHECK(shown.view->ScrollTop() == 0); // at the start it stays there
+    shown.view->ScrollTo(0, 3010);
+    const TextPos top = shown.view->StartAtTop();
+    shown.view->SendZoomKey(true);
+    CHECK(shown.view->ScrollTop() == 3510);
+    shown.view->SetBounds({0, 0, ShownView::Width, ShownView::Height});
+    CHECK(shown.view->ScrollTop() == 4010);
+    CHECK(shown.view->StartAtTop() == top);
+    shown.view->ScrollTo(0, 2000);
+    shown.engine.pushedByLayout = -700;
+    shown.view->SendZoomKey(false);
+    CHECK(shown.view->ScrollTop() == 1300);
+}
+
 TEST_CASE("windows html view: the background is told in red, green and blue") {
     ShownView shown;
     shown.Open(L"text");

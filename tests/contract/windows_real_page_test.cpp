@@ -97,15 +97,15 @@ TEST_CASE("real page: is loaded, read, marked, searched, scrolled and zoomed") {
     }
     const OleForTest ole;
     const Folder folder;
-    for (const char* doctype : {"<!DOCTYPE html>", ""}) {
-        CAPTURE(doctype);
+    for (const char* start : {"<!DOCTYPE html><html><head>", "<html><head>",
+                              "<!DOCTYPE html><html><head>"
+                              "<meta http-equiv=X-UA-Compatible content='IE=edge'>"}) {
+        CAPTURE(start);
         RealView real;
-        real.Load(
-            folder.Write(L"a b.htm", std::string(doctype) +
-                                         "<html><head><meta charset=windows-1251><title>A &amp; "
-                                         "b</title></head><body>" +
-                                         Paragraphs(300) + "</body></html>"),
-            1);
+        real.Load(folder.Write(L"a b.htm", start + ("<meta charset=windows-1251><title>A &amp; "
+                                                    "b</title></head><body>" +
+                                                    Paragraphs(300) + "</body></html>")),
+                  1);
         REQUIRE(real.loaded.size() == 1);
         CHECK(real.view.Title() == u"A & b");
         CHECK(real.view.Charset() == "windows-1251");
@@ -126,9 +126,11 @@ TEST_CASE("real page: is loaded, read, marked, searched, scrolled and zoomed") {
         CHECK(std::abs(real.view.StartAtTop() - match->span.start) <= 10);
         CHECK_FALSE(real.view.FindBehindSelection(u"line 149", {}));
         const int before = real.view.ViewHeight();
+        const TextPos top = real.view.StartAtTop();
         real.view.SendZoomKey(true);
         HandlePostedMessages();
         CHECK(real.view.ViewHeight() < before);
+        CHECK(real.view.StartAtTop() == top);
     }
 }
 

@@ -131,6 +131,18 @@ class Html(HtmlStory):
         wait_for(lambda: self.record(self.program, self.book)["FontSize"] == "1", "one step")
         self.program.close()
 
+    def test_keys_after_a_menu_was_left(self):
+        self.program.finish_keys()  # the bar has the keyboard now, but for keys that are none of its
+        strip = settled_strip(self.program)
+        self.program.key("Next")
+        wait_for(lambda: not settled_strip(self.program).looks_like(strip), "the next page")
+        self.program.finish_keys()
+        strip = settled_strip(self.program)
+        self.program.key("ctrl+plus")
+        wait_for(lambda: not settled_strip(self.program).looks_like(strip), "larger letters")
+        self.program.close()
+        self.assertEqual(self.book_record(self.program, self.book)["FontSize"], "1")
+
     def test_context_menu(self):
         left, top, _, _ = self.program.rectangle()
         self.screen.xdotool("mousemove", left + 200, top + 300, "click", 3)

@@ -3,6 +3,7 @@ from harness import books
 from harness.coming_back import ComingBack
 from harness.story import main
 from harness.text_view import settled_strip, wait_for_strip
+from harness.wait import wait_for
 from harness.wine import shown_path
 
 USUAL = {"FontSize": "12", "Wrap": "1", "Align": "0"}
@@ -61,6 +62,20 @@ class View(ComingBack):
         wait_for_strip(self.program, strip)
         self.program.close()
         self.assertEqual(self.look(self.first), CHANGED)
+
+    def test_a_menu_that_was_left_does_not_keep_the_keyboard(self):
+        self.program.start()
+        self.program.wait_for_book(self.first)
+        top = settled_strip(self.program)
+        self.program.open_menu("h")
+        self.program.key("Escape")
+        wait_for(lambda: not self.program.popups(), "the menu to close")
+        self.program.open_menu("v")  # from the bar, which has the keyboard
+        self.program.key("Escape")
+        wait_for(lambda: not self.program.popups(), "the menu to close")
+        self.program.key("Escape", "Next")
+        wait_for(lambda: not settled_strip(self.program).looks_like(top), "the next page")
+        self.program.close()
 
     def test_wheel_with_ctrl(self):
         self.program.start()

@@ -71,6 +71,22 @@ TEST_CASE("html find: the text selected is offered, else the one before") {
     CHECK(test.Dialogs().findRequests[1].font.size == 8);
 }
 
+TEST_CASE("html find: a selection longer than anybody looks for is not offered, nor asked for") {
+    HtmlForm test;
+    NonePage page;
+    page.text = std::u16string(100'000, u'a');
+    test.PutPage(u"/b/p.htm", page);
+    REQUIRE(test.Start());
+    test.OpenLoaded(u"/b/p.htm");
+    test.form.findText = u"before";
+    test.Page().SelectAll();
+    const int questions = test.Page().questions;
+    test.Dialogs().findAnswer.result = DialogResult::Cancel;
+    test.Choose(test.Menu().mEdit, test.Menu().mEditFind);
+    CHECK(test.Dialogs().findRequests.back().text == u"before");
+    CHECK(test.Page().questions == questions);
+}
+
 TEST_CASE("html find: with an empty text the dialog opens") {
     Reading test;
     test.Press(114, 0); // F3 is greyed then
@@ -140,4 +156,15 @@ TEST_CASE("html caption: the selection in references, trimmed, on one line") {
     test.Page().Select({0, 1}); // blanks alone are no caption
     test.Choose(test.Menu().mEdit, test.Menu().mEditTitle);
     CHECK(test.Record(0)[Field::Title] == u"&#1050; &#61; &#55357;&#56534; b");
+}
+
+TEST_CASE("html caption: of a whole book only its beginning") {
+    Reading test;
+    NonePage page;
+    page.text = u"\u041A" + std::u16string(5000, u'a') + u"end";
+    test.PutPage(u"/b/q.htm", page);
+    test.OpenLoaded(u"/b/q.htm");
+    test.Page().SelectAll();
+    test.Choose(test.Menu().mEdit, test.Menu().mEditTitle);
+    CHECK(test.Record(0)[Field::Title] == u"&#1050;" + std::u16string(4095, u'a'));
 }

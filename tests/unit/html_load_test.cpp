@@ -60,7 +60,7 @@ TEST_CASE("html load: the view changes, and the page is brought to what the reco
 }
 
 TEST_CASE("html load: addresses without a document are nothing") {
-    for (const char16_t* url : {u"", u"http:///"}) {
+    for (const char16_t* url : {u"", u"http:///", u"HTTP:///"}) {
         HtmlForm test;
         test.PutPage(u"/b/p.htm");
         REQUIRE(test.Start());

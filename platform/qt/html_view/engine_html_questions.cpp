@@ -9,7 +9,6 @@
 #include "platform/qt/qt_text.h"
 
 #include <QEvent>
-#include <QEventLoop>
 #include <QTimer>
 #include <QVariant>
 
@@ -22,13 +21,20 @@ void EngineHtmlView::EndWait() {
     if (wait_) wait_->loop.quit();
 }
 
+// What is written down when the window closes is where the page is then: it may still be laying
+// itself out for a zoom, or scrolling for a key.
 bool EngineHtmlView::eventFilter(QObject*, QEvent* event) {
-    if (event->type() == QEvent::Close) EndWait();
+    if (event->type() != QEvent::Close) return false;
+    EndWait();
+    const auto state = Ask(QStringLiteral("state()"), QDeadlineTimer(longestPageWait),
+                           QEventLoop::ExcludeUserInputEvents);
+    if (state) TakeState(*state);
     return false;
 }
 
 // A question asked while another one waits ends that one, too.
-std::optional<QVariant> EngineHtmlView::Ask(const QString& expression, QDeadlineTimer end) {
+std::optional<QVariant> EngineHtmlView::Ask(const QString& expression, QDeadlineTimer end,
+                                            QEventLoop::ProcessEventsFlags events) {
     if (wait_) {
         EndWait();
         return std::nullopt;
@@ -43,7 +49,7 @@ std::optional<QVariant> EngineHtmlView::Ask(const QString& expression, QDeadline
         waiting->loop.quit();
     });
     QTimer::singleShot(static_cast<int>(end.remainingTime()), &wait->loop, &QEventLoop::quit);
-    wait->loop.exec();
+    wait->loop.exec(events);
     wait_ = nullptr;
     TellJump();
     return wait->answer && wait->answer->isValid() ? wait->answer : std::nullopt;

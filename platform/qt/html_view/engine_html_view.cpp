@@ -180,9 +180,8 @@ void EngineHtmlView::RunCommand(int command) {
 }
 
 void EngineHtmlView::Zoom(int steps) {
-    if (!page_) return;
+    if (!page_ || !kept_.body) return; // a page comes at normal size
     zoom_.Move(steps);
-    if (!kept_.body) return; // takes effect when the document is there
     calls_->SetZoom(zoom_.Factor(), widget_->devicePixelRatioF());
     Refresh();
 }

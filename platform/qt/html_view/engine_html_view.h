@@ -7,6 +7,7 @@
 #include "platform/qt/html_view/zoom_ladder.h"
 
 #include <QDeadlineTimer>
+#include <QEventLoop>
 #include <QObject>
 #include <QPointer>
 
@@ -16,7 +17,6 @@ class PageCalls;
 class PageWatch;
 class PageWidget;
 class PrintJob;
-class QEventLoop;
 class QVariant;
 class QWebEngineProfile;
 class QWidget;
@@ -84,7 +84,8 @@ class EngineHtmlView final : public QObject, public EngineView {
     void Refresh();
     void TakeState(const QVariant& state);
     std::optional<QVariant> Ask(const QString& expression,
-                                QDeadlineTimer end = QDeadlineTimer(longestPageWait));
+                                QDeadlineTimer end = QDeadlineTimer(longestPageWait),
+                                QEventLoop::ProcessEventsFlags = QEventLoop::AllEvents);
     bool FetchText(QDeadlineTimer end);
     void EndWait();
 

@@ -47,9 +47,9 @@ void PageCalls::Proceed() {
     while (!zooming_ && !steps_.empty()) {
         if (steps_.front().expression.isEmpty()) {
             zooming_ = true;
-            zoomEnd_ = QDeadlineTimer(QDeadlineTimer::Forever);
-            page_.setZoomFactor(steps_.front().factor);
-            AskForRatio();
+            Run({"holdPlace()", [this, alive = QPointer<PageCalls>(this)](const QVariant&) {
+                     if (alive) StartZoom();
+                 }});
             return;
         }
         const Step step = std::move(steps_.front());
@@ -66,6 +66,12 @@ void PageCalls::Run(const Step& step) {
         page_.runJavaScript(source, QWebEngineScript::ApplicationWorld);
 }
 
+void PageCalls::StartZoom() {
+    zoomEnd_ = QDeadlineTimer(QDeadlineTimer::Forever);
+    page_.setZoomFactor(steps_.front().factor);
+    AskForRatio();
+}
+
 void PageCalls::AskForRatio() {
     const auto answered = [this, alive = QPointer<PageCalls>(this)](const QVariant& ratio) {
         if (!alive) return;
@@ -75,6 +81,7 @@ void PageCalls::AskForRatio() {
             page_.setZoomFactor(step.factor); // the last of steps given meanwhile
             return again_.start(askAgain);
         }
+        Run({"backToPlace()", {}});
         steps_.pop_front();
         zooming_ = false;
         Proceed();

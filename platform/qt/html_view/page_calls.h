@@ -19,7 +19,8 @@ class PageCalls : public QObject {
 
     void LoadScript(); // once the document is there; before it no call succeeds
     void Call(const QString& expression, Answer = {});
-    void SetZoom(double factor, double screenRatio); // calls after it find the page laid out so
+    // The line at the top stays there. Calls after it find the page laid out so.
+    void SetZoom(double factor, double screenRatio);
 
   private:
     struct Step {
@@ -30,6 +31,7 @@ class PageCalls : public QObject {
 
     void Proceed();
     void Run(const Step&);
+    void StartZoom();
     void AskForRatio();
 
     QWebEnginePage& page_;

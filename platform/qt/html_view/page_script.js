@@ -26,10 +26,48 @@ const reader = (() => {
       span.start, span.length, lineTop(span.start)];
   }
 
+  // What is laid out only when it comes into view would make every place another one.
+  function layOutAll() {
+    const mayDefer = sheet => {
+      try {
+        return [...sheet.cssRules].some(rule => rule.cssText.includes("content-visibility"));
+      } catch {
+        return true; // a file's rules are not told
+      }
+    };
+    const defers = [...document.styleSheets].some(mayDefer) ||
+      document.querySelector("[style*=content-visibility]");
+    if (!defers) return;
+    const sheet = new CSSStyleSheet();
+    sheet.replaceSync("* {content-visibility: visible !important}");
+    document.adoptedStyleSheets = [...document.adoptedStyleSheets, sheet];
+  }
+
+  // Of a page that scrolls inside an element only the page's own scrolling is known and kept: such
+  // an element, and all around it, becomes as high as what is in it.
+  function openInnerScroller() {
+    const {scrollHeight, clientWidth, clientHeight} = scroller();
+    if (scrollHeight > clientHeight) return;
+    const scrolls = element => element.scrollHeight > element.clientHeight &&
+      element.clientHeight > clientHeight / 2 &&
+      /auto|scroll/.test(getComputedStyle(element).overflowY);
+    let element = document.elementFromPoint(clientWidth / 2, clientHeight / 2);
+    while (element && !scrolls(element)) element = element.parentElement;
+    for (; element; element = element.parentElement) {
+      const {style} = element;
+      for (const name of ["height", "max-height"]) style.setProperty(name, "max-content", "important");
+      style.setProperty("overflow", "visible", "important");
+      if (getComputedStyle(element).position === "fixed")
+        style.setProperty("position", "absolute", "important");
+    }
+  }
+
   // What the document says of itself. Also takes out of it what a press of a key or a click would
   // change or open.
   function facts() {
     if (!document.body) return null;
+    layOutAll();
+    openInnerScroller();
     for (const field of document.querySelectorAll("input[type=file], input[type=color]"))
       field.disabled = true;
     for (const element of document.querySelectorAll("[contenteditable]"))
@@ -37,8 +75,10 @@ const reader = (() => {
     return [document.characterSet, document.title, pageText.hasAny(), state()];
   }
 
+  // The engine cuts a place to the screen's pixels: it is given the nearest one.
   function jump(left, top) {
-    window.scrollTo({left, top, behavior: "instant"});
+    const pixel = Math.round(top * devicePixelRatio) + 0.01;
+    window.scrollTo({left, top: pixel / devicePixelRatio, behavior: "instant"});
   }
   function scrollTo(left, top) {
     jump(left, top);
@@ -94,6 +134,22 @@ const reader = (() => {
     return 0;
   }
 
+  // The line at the top of the view, while the page gets another size. Until it is scrolled it is
+  // held by the same character: the start of its line would lead farther back each time.
+  let held = null;
+  function holdPlace() {
+    const {scrollTop} = scroller();
+    if (held && held.scrollTop === scrollTop) return;
+    const start = scrollTop > 0 ? startAtTop() : -1;
+    held = {start, top: start < 0 ? 0 : pageText.boxAt(start).top};
+  }
+  function backToPlace() {
+    const {start, top} = held, {scrollLeft, scrollTop} = scroller();
+    jump(scrollLeft, start < 0 ? 0 : scrollTop + pageText.boxAt(start).top - top);
+    held.scrollTop = scroller().scrollTop;
+    return state();
+  }
+
   function matchAt(start, searchStart) {
     const box = pageText.boxAt(start);
     return [Math.round(box.left), lineTop(start), lineTop(searchStart)];
@@ -119,7 +175,7 @@ const reader = (() => {
   }
 
   return {
-    facts, state, scrollTo, scrollSpanToTop, select, selectAll, setBackColor, placeCaret,
+    facts, state, holdPlace, backToPlace, scrollTo, scrollSpanToTop, select, selectAll, setBackColor, placeCaret,
     startAtTop, matchAt, selectionHtml,
     selectedText: () => {
       const {start, length} = selectedSpan();

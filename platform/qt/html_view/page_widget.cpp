@@ -65,6 +65,7 @@ bool PageWidget::eventFilter(QObject* object, QEvent* event) {
 bool PageWidget::KeyEvent(const QKeyEvent& event) {
     const int key = event.key();
     if (!(event.modifiers() & Qt::ControlModifier)) return IsFunctionKey(key);
+    if (event.modifiers() & Qt::AltModifier) return !IsMovingKey(key);
     switch (key) {
     case Qt::Key_Plus:
     case Qt::Key_Equal: onZoomKey(1); break;

@@ -16,6 +16,10 @@ constexpr DWORD downloads = DLCTL_DLIMAGES | DLCTL_NO_SCRIPTS | DLCTL_NO_JAVA |
                             DLCTL_NO_RUNACTIVEXCTLS | DLCTL_NO_DLACTIVEXCTLS | DLCTL_NO_BEHAVIORS |
                             DLCTL_NO_CLIENTPULL | DLCTL_FORCEOFFLINE | DLCTL_SILENT;
 
+// CGID_DocHostCommandHandler, which not every library of ids has.
+constexpr GUID ofDocuments = {
+    0xf38bc242, 0xb950, 0x11d1, {0x89, 0x18, 0x00, 0xc0, 0x4f, 0xc2, 0xc8, 0x36}};
+
 void PutBool(VARIANT& result, bool value) {
     V_VT(&result) = VT_BOOL;
     V_BOOL(&result) = value ? VARIANT_TRUE : VARIANT_FALSE;
@@ -67,7 +71,9 @@ HRESULT BrowserSite::QueryStatus(const GUID*, ULONG, OLECMD[], OLECMDTEXT*) noex
     return OLECMDERR_E_NOTSUPPORTED;
 }
 
-HRESULT BrowserSite::Exec(const GUID*, DWORD command, DWORD, VARIANT*, VARIANT* result) noexcept {
+HRESULT BrowserSite::Exec(const GUID* group, DWORD command, DWORD, VARIANT*,
+                          VARIANT* result) noexcept {
+    if (!group || *group != ofDocuments) return OLECMDERR_E_UNKNOWNGROUP;
     if (command != OLECMDID_SHOWSCRIPTERROR && command != OLECMDID_SHOWMESSAGE)
         return OLECMDERR_E_NOTSUPPORTED;
     if (result) PutBool(*result, true); // go on

@@ -15,10 +15,7 @@ constexpr wchar_t notLoaded[] = L"This book cannot be loaded.";
 } // namespace
 
 WinHtmlView::WinHtmlView(HWND parent, BrowserFactory make)
-    : make_(std::move(make)), window_(parent, {[this] {
-                                                   if (control_) control_->FitWindow();
-                                               },
-                                               [this] { TakeKeyboard(); },
+    : make_(std::move(make)), window_(parent, {[this] { FitWindow(); }, [this] { TakeKeyboard(); },
                                                [this] { LoseControl(); }, [this] { RunPosted(); }}),
       inner_(*this) {}
 
@@ -65,6 +62,7 @@ void WinHtmlView::LeavePage() {
     load_ = Load::None;
     inner_.Detach();
     document_ = {};
+    heldPlace_ = {};
     kept_ = {};
     url_.clear();
 }
@@ -85,6 +83,7 @@ void WinHtmlView::LoseControl() {
     load_ = Load::None;
     inner_.Detach();
     document_ = {};
+    heldPlace_ = {};
     kept_.measured = {};
     control_.reset();
 }
@@ -142,9 +141,7 @@ void WinHtmlView::ReportLink(const std::wstring& url) {
 }
 
 void WinHtmlView::FilesDropped(const std::vector<std::u16string>& paths) {
-    Later([this, paths] {
-        if (onFilesDropped) onFilesDropped(paths);
-    });
+    drops_.Add(window_.Handle(), paths);
 }
 
 void WinHtmlView::MenuWanted(POINT place) {

@@ -4,12 +4,14 @@
 #include "platform/html_view.h"
 #include "platform/windows/html_view/browser_control.h"
 #include "platform/windows/html_view/engine_settings.h"
+#include "platform/windows/html_view/held_place.h"
 #include "platform/windows/html_view/inner_window.h"
 #include "platform/windows/html_view/page_document.h"
 #include "platform/windows/html_view/page_text.h"
 #include "platform/windows/html_view/page_window.h"
 #include "platform/windows/html_view/page_zoom.h"
 #include "platform/windows/html_view/remote_refusal.h"
+#include "platform/windows/win_drops.h"
 
 #include <deque>
 
@@ -85,6 +87,8 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     bool OpenControl();
     void LoseControl();
     void TakeKeyboard();
+    void LayOutAnew(const std::function<void()>& change); // the line at the top stays there
+    void FitWindow();
     void ScrollIntoView(TextPos start);
     void TakePage(const std::wstring& url);
     void ShowMenu(POINT);
@@ -98,6 +102,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
 
     BrowserFactory make_;
     std::deque<std::function<void()>> posted_;
+    WinDrops drops_{onFilesDropped};
     PageWindow window_;
     InnerWindow inner_;
     std::unique_ptr<DocumentMode> mode_;     // from the first page on
@@ -109,6 +114,8 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     int page_ = 0;
     Load load_ = Load::None;
     PageZoom zoom_;
+    int zoomPercent_ = 0; // that the control was given last
     PageDocument document_;
+    HeldPlace heldPlace_;
     mutable Kept kept_;
 };

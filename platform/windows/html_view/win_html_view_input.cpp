@@ -57,7 +57,24 @@ void WinHtmlView::SendZoomKey(bool larger) {
 
 void WinHtmlView::Zoom(int steps) {
     zoom_.Move(steps);
-    if (control_) control_->SetZoom(ZoomPercent());
+    LayOutAnew([this] {
+        zoomPercent_ = ZoomPercent();
+        if (control_) control_->SetZoom(zoomPercent_);
+    });
+}
+
+// The window may have come to a screen of another resolution, too.
+void WinHtmlView::FitWindow() {
+    if (!control_) return;
+    LayOutAnew([this] { control_->FitWindow(); });
+    if (document_ && ZoomPercent() != zoomPercent_)
+        LayOutAnew([this] { control_->SetZoom(zoomPercent_ = ZoomPercent()); });
+}
+
+void WinHtmlView::LayOutAnew(const std::function<void()>& change) {
+    heldPlace_.Hold(document_, TopMargin());
+    change();
+    heldPlace_.ComeBack(document_);
 }
 
 // For the engine, 100 is one pixel of the screen for each of the page.

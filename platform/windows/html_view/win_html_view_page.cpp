@@ -90,7 +90,11 @@ PageSelection WinHtmlView::Selection() const {
         kept_.selection.span = *span;
         kept_.measured = range;
     }
-    if (const auto place = PlaceOf(range)) kept_.selection.top = place->top;
+    // The text's first line begins below the margin, whatever its own margins.
+    if (kept_.selection.span.start == 0)
+        kept_.selection.top = TopMargin() - ScrollTop();
+    else if (const auto place = PlaceOf(range))
+        kept_.selection.top = place->top;
     return kept_.selection;
 }
 

@@ -43,7 +43,9 @@ class StandIn {
 
     std::map<std::wstring, StandInPage> pages;                    // by address
     std::function<StandInPage(const std::wstring& url)> readPage; // for those not among them
-    int failingCall = 0;                                          // counted from 1; 0: none
+    int ownMargin = 0;      // CSS pixels, of the first paragraph
+    int pushedByLayout = 0; // how much lower the text gets with each new size of letters or window
+    int failingCall = 0;    // counted from 1; 0: none
     bool hasFailed = false;
 
     // The user and the engine. `Follow` answers whether the engine was allowed to go there.
@@ -79,6 +81,7 @@ class StandIn {
     StandInBrowser* browser = nullptr; // while it lives
     int ViewHeight() const;            // CSS pixels
     int windowHeight = 0;
+    int textTop = 0; // how much lower than at first the text begins
 };
 
 std::string Narrow(std::wstring_view);

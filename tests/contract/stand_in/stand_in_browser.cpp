@@ -48,8 +48,10 @@ TableOf<IOleInPlaceObject>& InPlaceTable() {
         made.SetObjectRects = [](IOleInPlaceObject* self, const RECT* place,
                                  const RECT*) -> HRESULT {
             StandIn& world = Of(self).World();
-            return world.Answer("object.SetObjectRects",
-                                [&] { world.windowHeight = place->bottom - place->top; });
+            return world.Answer("object.SetObjectRects", [&] {
+                world.windowHeight = place->bottom - place->top;
+                world.textTop += world.pushedByLayout;
+            });
         };
         return made;
     }();
@@ -109,7 +111,9 @@ TableOf<IWebBrowser2>& BrowserTable() {
             const long argument = in ? V_I4(in) : 0;
             return world.Answer(
                 "browser.ExecWB " + std::to_string(command) + " " + std::to_string(argument), [&] {
-                    if (command == OLECMDID_OPTICAL_ZOOM) world.zoom = static_cast<int>(argument);
+                    if (command != OLECMDID_OPTICAL_ZOOM) return;
+                    world.zoom = static_cast<int>(argument);
+                    world.textTop += world.pushedByLayout;
                 });
         };
         return made;

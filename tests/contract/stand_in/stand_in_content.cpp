@@ -19,7 +19,8 @@ int StandInContent::LineStart(int line) const {
 }
 
 int StandInContent::TopOf(int position) const {
-    return StandIn::Edge + LineOf(position) * StandIn::LineHeight;
+    const int first = StandIn::Edge + world.ownMargin + world.textTop;
+    return first + LineOf(position) * StandIn::LineHeight;
 }
 
 int StandInContent::LeftOf(int position) const {

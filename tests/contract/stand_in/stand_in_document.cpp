@@ -136,9 +136,8 @@ TableOf<IHTMLDocument5>& ModernTable() {
 }
 
 Document::Document(StandIn& world, const StandInPage& page)
-    : CObject(world), document(this, DocumentTable()), tree(this, TreeTable()),
-      modern(this, ModernTable()) {
-    content.page = page;
+    : CObject(world), content{world, page}, document(this, DocumentTable()),
+      tree(this, TreeTable()), modern(this, ModernTable()) {
     Offer(IID_IUnknown, &document);
     Offer(IID_IDispatch, &document);
     Offer(IID_IHTMLDocument2, &document);

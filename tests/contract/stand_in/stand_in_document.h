@@ -7,6 +7,7 @@
 
 // What the document, its body and its ranges share.
 struct StandInContent {
+    const StandIn& world;
     StandInPage page;
     int scrollLeft = 0, scrollTop = 0;
     int selectionStart = 0, selectionEnd = 0;

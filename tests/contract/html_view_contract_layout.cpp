@@ -1,0 +1,138 @@
+// What every HTML view must do with places when the page is laid out anew.
+#include "tests/contract/html_view_contract.h"
+
+#include <cmath>
+
+namespace {
+// Paragraphs of several lines: other letters and another width break them elsewhere.
+std::string LongParagraphs(int count) {
+    std::string source;
+    for (int i = 0; i < count; ++i) {
+        source += "<p>" + std::to_string(i);
+        for (int word = 0; word < 60; ++word)
+            source += " word" + std::to_string(i * 60 + word);
+    }
+    return source;
+}
+
+void ScrollToMiddle(PageTest& test) {
+    test.view.ScrollTo(0, 1 << 20);
+    test.Settle();
+    test.view.ScrollTo(0, test.view.ScrollTop() / 2);
+    test.Settle();
+}
+
+constexpr const char* noMargins = "<style>body,p{margin:0}p{line-height:20px}</style>";
+} // namespace
+
+TEST_CASE("html layout: the line at the top stays there when the page is zoomed") {
+    OnEachBackEnd([](PageTest& test) {
+        test.Open(LongParagraphs(200), noMargins);
+        ScrollToMiddle(test);
+        const int place = test.view.ScrollTop();
+        const TextPos top = test.view.StartAtTop();
+        for (const bool larger : {true, true, true, false, false, false, false, true}) {
+            test.view.SendZoomKey(larger);
+            const TextPos now = test.view.StartAtTop();
+            CAPTURE(now - top);
+            CHECK(now <= top);
+            CHECK(test.Text({now, top - now}).find(u'\n') == std::u16string::npos);
+            CHECK(top - now < 80); // in the line that the character has got into
+        }
+        CHECK(test.view.StartAtTop() == top); // at normal size again
+        CHECK(std::abs(test.view.ScrollTop() - place) <= 1);
+    });
+}
+
+TEST_CASE("html layout: at its start a page stays there when it is zoomed") {
+    OnEachBackEnd([](PageTest& test) {
+        test.Open(LongParagraphs(50), "<style>body{padding-top:10vw}</style>");
+        for (int i = 0; i < 3; ++i)
+            test.view.SendZoomKey(true);
+        test.Settle();
+        CHECK(test.view.ScrollTop() == 0);
+    });
+}
+
+TEST_CASE("html layout: a page comes at normal size, whatever was pressed while it loaded") {
+    OnEachBackEnd([](PageTest& test) {
+        test.Navigate(test.Write("page.htm", NumberedLines(200)));
+        test.view.SendZoomKey(true);
+        test.bench.Press(187, 2); // Ctrl and "+"
+        test.view.SendZoomKey(true);
+        REQUIRE(test.WaitFor([&] { return !test.loaded.empty(); }));
+        test.Settle();
+        CHECK(test.view.ViewHeight() == 400);
+        test.view.SendZoomKey(true); // one step from normal
+        CHECK(test.WaitFor([&] { return std::abs(test.view.ViewHeight() - 400 / 1.1) <= 1; }));
+    });
+}
+
+TEST_CASE("html layout: the place asked for is kept whatever the zoom, also over and over") {
+    OnEachBackEnd([](PageTest& test) {
+        for (int larger = 0; larger < 5; ++larger) {
+            test.Open(LongParagraphs(100), noMargins);
+            for (int i = 0; i < larger; ++i)
+                test.view.SendZoomKey(true);
+            for (const int place : {1209, 1210, 1211, 1213, 1217, 1726}) {
+                CAPTURE(place);
+                test.view.ScrollTo(0, place);
+                test.Settle();
+                CHECK(test.view.ScrollTop() == place);
+            }
+        }
+    });
+}
+
+TEST_CASE("html layout: what was ordered is done when the window closes") {
+    OnEachBackEnd([](PageTest& test) {
+        test.Open(LongParagraphs(3000), noMargins);
+        ScrollToMiddle(test);
+        const int place = test.view.ScrollTop();
+        test.view.SendZoomKey(true);
+        test.view.SendZoomKey(true);
+        test.bench.CloseWindow();
+        CHECK(test.view.ScrollTop() > place + 1000); // the lines have become shorter
+    });
+}
+
+TEST_CASE("html layout: what a page lays out only when it is seen is laid out at once") {
+    OnEachBackEnd([](PageTest& test) {
+        std::string body;
+        for (int i = 0; i < 100; ++i)
+            body += "<div>" + LongParagraphs(1) + "</div>";
+        test.Open(body, noMargins);
+        test.view.ScrollTo(0, 1 << 20);
+        test.Settle();
+        const int end = test.view.ScrollTop();
+        test.Open(body,
+                  std::string(noMargins) +
+                      "<style>div{content-visibility:auto;contain-intrinsic-size:9px}</style>");
+        test.view.ScrollTo(0, 1 << 20);
+        test.Settle();
+        CHECK(test.view.ScrollTop() == end);
+    });
+}
+
+TEST_CASE("html layout: a page that scrolls inside an element scrolls as a whole") {
+    const char* const styles[] = {
+        "html{overflow:hidden;height:100%}body{overflow:auto;height:100%}",
+        "html,body{overflow:hidden;height:100%}main{overflow:auto;height:100%}",
+        "main{overflow-y:scroll;height:100vh}",
+        "body{overflow:hidden}main{overflow:auto;position:fixed;top:0;bottom:0;left:0;right:0}",
+        "body{display:flex;flex-direction:column;height:100vh}main{flex:1;min-height:0;"
+        "overflow:auto}",
+    };
+    OnEachBackEnd([&](PageTest& test) {
+        for (const char* style : styles) {
+            CAPTURE(style);
+            test.Open("<main>" + LongParagraphs(100) + "</main>",
+                      std::string(noMargins) + "<style>" + style + "</style>");
+            test.view.ScrollTo(0, 2000);
+            test.Settle();
+            CHECK(test.view.ScrollTop() == 2000);
+            CHECK(test.view.ViewHeight() == 400);
+            CHECK(test.view.StartAtTop() > 1000);
+        }
+    });
+}
