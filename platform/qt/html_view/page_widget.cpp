@@ -7,6 +7,8 @@
 #include <QKeyEvent>
 #include <QMenu>
 
+#include <utility>
+
 namespace {
 bool IsMovingKey(int key) {
     switch (key) {
@@ -45,7 +47,9 @@ bool PageWidget::eventFilter(QObject* object, QEvent* event) {
     case QEvent::ShortcutOverride: // would keep the window's commands from their keys
         event->ignore();
         return true;
-    case QEvent::KeyPress: return KeyEvent(static_cast<const QKeyEvent&>(*event)) || deaf_;
+    case QEvent::KeyPress:
+        pressedRight_ = false;
+        return KeyEvent(static_cast<const QKeyEvent&>(*event)) || deaf_;
     case QEvent::InputMethod:
         if (deaf_) return true;
         break;
@@ -53,6 +57,9 @@ bool PageWidget::eventFilter(QObject* object, QEvent* event) {
         if (!(static_cast<QWheelEvent*>(event)->modifiers() & Qt::ControlModifier)) break;
         event->ignore(); // goes up to the window
         return true;
+    case QEvent::MouseButtonPress:
+        pressedRight_ = static_cast<QMouseEvent*>(event)->button() == Qt::RightButton;
+        break;
     case QEvent::KeyRelease:
     case QEvent::MouseButtonRelease:
         if (onTouched) QMetaObject::invokeMethod(this, onTouched, Qt::QueuedConnection);
@@ -64,7 +71,8 @@ bool PageWidget::eventFilter(QObject* object, QEvent* event) {
 
 bool PageWidget::KeyEvent(const QKeyEvent& event) {
     const int key = event.key();
-    if (!(event.modifiers() & Qt::ControlModifier)) return IsFunctionKey(key);
+    const bool asksForMenu = key == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier;
+    if (!(event.modifiers() & Qt::ControlModifier)) return IsFunctionKey(key) && !asksForMenu;
     if (event.modifiers() & Qt::AltModifier) return !IsMovingKey(key);
     switch (key) {
     case Qt::Key_Plus:
@@ -78,7 +86,7 @@ bool PageWidget::KeyEvent(const QKeyEvent& event) {
 }
 
 void PageWidget::contextMenuEvent(QContextMenuEvent* event) {
-    onContextPress(event->pos());
+    if (std::exchange(pressedRight_, false)) onContextPress(event->pos());
     menu_ = std::make_unique<QMenu>(this);
     AddCommand(tr("&Copy"), CopyCommand, hasSelection());
     AddCommand(tr("Select &All"), SelectAllCommand, hasText());

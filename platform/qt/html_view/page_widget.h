@@ -17,7 +17,7 @@ class PageWidget : public QWebEngineView {
 
     std::function<void(int steps)> onZoomKey;   // 0: back to normal
     std::function<void()> onTouched;            // a key or a button went up
-    std::function<void(QPoint)> onContextPress; // before the menu shows
+    std::function<void(QPoint)> onContextPress; // before the menu of a click shows
     std::function<void(int command)> onCommand; // a PageCommand
     std::function<bool()> hasSelection, hasText;
 
@@ -32,4 +32,6 @@ class PageWidget : public QWebEngineView {
 
     std::unique_ptr<QMenu> menu_; // the one shown last
     bool deaf_ = false;
+    bool pressedRight_ =
+        false; // the mouse asks for the menu, not a key: that leaves the caret alone
 };
