@@ -5,6 +5,8 @@
 #include "formats/code_pages.h"
 
 namespace {
+constexpr const char16_t* dataFileEnding = u".dat";
+
 std::u16string DecodePage(int codePage, std::string_view bytes) {
     std::u16string text;
     DecodeCodePage(codePage, bytes, text);
@@ -18,10 +20,19 @@ std::u16string ProgramFile(const Files& files, const Launch& launch, std::u16str
 }
 
 std::u16string ResolveDataFilePath(Files& files, const Launch& launch) {
-    std::u16string beside = ProgramFile(files, launch, u".dat");
-    if (files.FileExists(beside) || files.FolderIsWritable(launch.programFolder)) return beside;
+    if (files.FolderIsWritable(launch.programFolder))
+        return ProgramFile(files, launch, dataFileEnding);
     files.CreateFolder(launch.userDataFolder);
-    return launch.userDataFolder + files.Separator() + launch.executableName + u".dat";
+    return launch.userDataFolder + files.Separator() + launch.executableName + dataFileEnding;
+}
+
+void TakeOverDataFile(MainForm& form) {
+    Files& files = *form.ports.files;
+    const std::u16string beside = ProgramFile(files, form.ports.launch, dataFileEnding);
+    if (form.DataFilePath == beside || files.FileExists(form.DataFilePath)) return;
+    std::string bytes;
+    if (files.Read(beside, largestDataFile, bytes) == ReadStatus::Ok)
+        files.Replace(form.DataFilePath, bytes, false);
 }
 
 std::unique_ptr<IniFile> OpenDataFile(MainForm& form) {

@@ -9,12 +9,16 @@
 
 struct MainForm;
 
-// Beside the program when its folder can be written or already holds a data file, else in the
-// user's own data folder, which is then made.
+// Beside the program when its folder can be written, else in the user's own data folder, which is
+// then made.
 std::u16string ResolveDataFilePath(Files&, const Launch&);
 
 // The path of the program with another ending, for example ".hlp".
 std::u16string ProgramFile(const Files&, const Launch&, std::u16string_view ending);
+
+// What stands beside a program whose folder cannot be written is what a user's own data file begins
+// with: there nothing that is read from now on could be kept.
+void TakeOverDataFile(MainForm&);
 
 std::unique_ptr<IniFile> OpenDataFile(MainForm&);
 

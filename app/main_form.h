@@ -23,12 +23,12 @@ struct MainForm {
     std::u16string HelpFilePath;
     std::unique_ptr<IniFile> dataFile; // at DataFilePath; set by start-up
 
-    ViewFont viewFont;   // the present font of the text view, between record and view
-    Color textColor = 0; // the text colour in force, also while a file's own colours show
-    int shownCodePage =
-        0;         // what the shown plain text was decoded with; 0 for Unicode and rich text
-    HtmlPage page; // of the shown book, when that is an HTML book
-    std::u16string findText; // the last text searched for, "" for none yet
+    ViewFont viewFont;        // the present font of the text view, between record and view
+    Color textColor = 0;      // the text colour in force, also while a file's own colours show
+    std::u16string shownPath; // of the book in the view; "" for none
+    int shownCodePage = 0;    // of the plain text in the view; 0 for Unicode and rich text
+    HtmlPage page;            // of the shown book, when that is an HTML book
+    std::u16string findText;  // the last text searched for, "" for none yet
     FindOptions findOptions;
     std::vector<std::u16string> findHistory; // of the shown book, newest first
     int newBookmark = -1; // defined just now: stands out when the Bookmark menu opens next

@@ -25,7 +25,7 @@ void MakeCurrent(MainForm& form, int index) {
     for (int k = index; k >= 1; --k)
         list[k].caption = list[k - 1].caption;
     list[0].caption = current;
-    SaveListToSection(*form.dataFile, u"mProfileList", list);
+    SaveListToSection(*form.dataFile, profileListSection, list);
 }
 
 void RestorePlacement(MainForm& form) {
@@ -60,6 +60,7 @@ void SwitchTo(MainForm& form, int index) {
     RestorePlacement(form);
     LoadProfileOptions(form);
     form.menu.mBookmark[0].enabled = false;
+    form.shownPath = u""; // what the view shows is another reader's
     const int book = LoadHistory(form);
     if (book >= 0) mFileList_Click(form, book);
     if (!IsBookShown(form)) ShowNoBook(form);
@@ -105,6 +106,14 @@ bool IsSupportedName(const std::u16string& name) {
     });
 }
 
+void RefuseName(MainForm& form, const std::u16string& reason) {
+    Message message;
+    message.text = reason;
+    message.title = form.productTitle;
+    message.icon = MessageIcon::Information;
+    form.ports.dialogs->ShowMessage(message);
+}
+
 // The profile's place in the list; a new one is added at its end.
 int FindOrAddProfile(MenuTree& menu, const std::u16string& name) {
     for (int i = 0; i < menu.mProfileList.Count(); ++i)
@@ -118,14 +127,10 @@ int FindOrAddProfile(MenuTree& menu, const std::u16string& name) {
 void mUserNew_Click(MainForm& form, int) {
     const auto title = Replace(form.menu.mUserNew[0].caption, u"&", u"");
     const auto name = ProfileName(form.ports.dialogs->AskText(title, u"Enter new user name:"));
-    if (!IsSupportedName(name)) {
-        Message message;
-        message.text = u"You tried to use unsupported character(s).";
-        message.title = form.productTitle;
-        message.icon = MessageIcon::Information;
-        form.ports.dialogs->ShowMessage(message);
-        return;
-    }
+    if (!IsSupportedName(name))
+        return RefuseName(form, u"You tried to use unsupported character(s).");
+    if (EqualIgnoringCase(name, profileListSection)) // its settings would become profiles
+        return RefuseName(form, u"This name is used by the program itself.");
     if (name.empty() || EqualIgnoringCase(name, form.menu.mUser[0].tag)) return;
     mProfileList_Click(form, FindOrAddProfile(form.menu, name));
 }
@@ -135,5 +140,5 @@ void mUserDeleteList_Click(MainForm& form, int index) {
     MenuArray& list = form.menu.mProfileList;
     list.items.erase(list.items.begin() + index);
     SyncProfileDeleteMenu(form);
-    SaveListToSection(*form.dataFile, u"mProfileList", list);
+    SaveListToSection(*form.dataFile, profileListSection, list);
 }

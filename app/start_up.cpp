@@ -46,7 +46,7 @@ void SetUpViews(MainForm& form) {
     form.ports.statusBar->SetPanels({{u"Common", PanelStyle::Text, true},
                                      {u"Pagination", PanelStyle::Text, false},
                                      {u"Date", PanelStyle::Date, false}});
-    form.ports.statusBar->SetHeight(18);
+    FitStatusBar(form);
     form.viewFont = form.ports.window->DefaultViewFont();
     form.viewFont.charset = CodePageToCharset(form.ports.locale->AnsiCodePage());
     form.ports.textView->SetFont(form.viewFont);
@@ -55,8 +55,10 @@ void SetUpViews(MainForm& form) {
 
 // The profile names in order, at least "Default".
 void FillProfileMenus(MainForm& form) {
-    auto profiles = Split(LoadListFromSection(*form.dataFile, u"mProfileList"), u"\r\n");
-    if (profiles.front().empty()) profiles = {u"Default"};
+    std::vector<std::u16string> profiles;
+    LoadListFromSection(*form.dataFile, profileListSection, &profiles);
+    std::erase(profiles, u"");
+    if (profiles.empty()) profiles = {u"Default"};
     MenuTree& menu = form.menu;
     menu.mProfileList[0].caption = menu.mUserDeleteList[0].caption = profiles.front();
     for (std::size_t i = 1; i < profiles.size(); ++i) {
@@ -71,6 +73,7 @@ bool Form_Load(MainForm& form) {
     form.DataFilePath = ResolveDataFilePath(*form.ports.files, launch);
     if (!form.ports.shell->BecomeOnlyInstance(form.DataFilePath)) return false;
     form.started = true;
+    TakeOverDataFile(form);
     form.dataFile = OpenDataFile(form);
     {
         // A flush to the disk can take as long as all the rest: one for what start-up writes.
@@ -85,7 +88,7 @@ bool Form_Load(MainForm& form) {
         });
         WriteScheme(*form.dataFile);
         LoadEditors(form);
-        form.menu.mUser[0].tag = IniReadString(*form.dataFile, u"mProfileList", u"0");
+        form.menu.mUser[0].tag = IniReadString(*form.dataFile, profileListSection, u"0");
         FillProfileMenus(form);
         ConnectEvents(form);
         RunCommand(form, [&form] {

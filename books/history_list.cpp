@@ -37,6 +37,10 @@ bool IsBookShown(const MainForm& form) {
     return first.checked && !first.tag.empty();
 }
 
+bool IsShownBookListed(const MainForm& form) {
+    return IsBookShown(form) && GetBookPath(form, 0) == form.shownPath;
+}
+
 int HistoryCount(const MainForm& form) {
     const MenuArray& list = form.menu.mFileList;
     return list.Count() == 1 && list[0].tag.empty() ? 0 : list.Count();

@@ -15,8 +15,12 @@ void SyncRemoveMenu(MainForm&, int last);
 
 std::u16string GetBookPath(const MainForm&, int index); // "" for an item without a record
 
-// Whether history item 0 is the book in the view, and not just the first of the list.
+// Whether history item 0 stands for the book in the view, and is not just the first of the list.
 bool IsBookShown(const MainForm&);
+
+// Whether its record is that of the book in the view. Not so once that book has been taken off the
+// list: item 0 is then its neighbour, whose place and look are not to be seen.
+bool IsShownBookListed(const MainForm&);
 
 // The items that hold a record.
 int HistoryCount(const MainForm&);

@@ -34,6 +34,7 @@ void mFileRemoveList_Click(MainForm& form, int index) {
 
 void mFileEdit_Click(MainForm& form, int) {
     const auto kind = static_cast<std::size_t>(WholeNumber(form.menu.mFileEdit[0].tag));
+    // By its true path: under the key's an editor would begin a new file.
     form.ports.shell->OpenWith(form.menu.mOptionsEditor[kind].tag, GetBookPath(form, 0));
 }
 

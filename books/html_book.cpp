@@ -63,11 +63,6 @@ std::u16string StoredTitle(const std::u16string& title) {
     return Replace(TrimBlanks(decoded), u"=", u"&#61;");
 }
 
-// Not when the shown book has been removed from the list, where another one is the first now.
-bool IsPageOfFirstRecord(const MainForm& form) {
-    return IsPageShown(form) && form.page.path == GetBookPath(form, 0);
-}
-
 void TakeDocumentIntoRecord(MainForm& form) {
     const HtmlView& html = *form.ports.htmlView;
     BookRecord record = BookRecord::Parse(form.menu.mFileList[0].tag);
@@ -83,7 +78,7 @@ void BringToPlace(MainForm& form) {
     PaintPage(form);
     // Another size lays the page out anew: the place is one of the page as it was read.
     ApplyZoomStep(form);
-    if (IsPageOfFirstRecord(form)) {
+    if (IsShownBookListed(form)) {
         const BookRecord record = BookRecord::Parse(form.menu.mFileList[0].tag);
         html.ScrollTo(0, std::max(record.Number(Field::LastPos), 0));
     }
@@ -94,7 +89,7 @@ void BringToPlace(MainForm& form) {
 void wbMain_DocumentComplete(MainForm& form, const std::u16string& url) {
     const bool nothing = url.empty() || EqualIgnoringCase(url, u"http:///");
     if (nothing || !IsPageShown(form) || form.page.restored) return;
-    const bool listed = IsPageOfFirstRecord(form);
+    const bool listed = IsShownBookListed(form);
     if (listed) TakeDocumentIntoRecord(form);
     BringToPlace(form);
     if (listed) RefreshBookmarkMenu(form, -1, true); // last, as it may wait for the page
@@ -102,7 +97,6 @@ void wbMain_DocumentComplete(MainForm& form, const std::u16string& url) {
 
 void TakePageState(const MainForm& form, BookRecord& record, bool takesPlace) {
     if (!HasPageBody(form)) return;
-    if (takesPlace && !IsPageOfFirstRecord(form)) return;
     const HtmlView& html = *form.ports.htmlView;
     record[Field::FontSize] = NumberText(ZoomStep(form));
     record[Field::Charset] = NumberText(PageCharset(html));

@@ -19,7 +19,7 @@ struct HtmlPage {
     std::u16string path;   // of the shown book; "" while no HTML book is shown
     int load = 0;          // number of its load; one that comes back with another is of a page left
     bool restored = false; // loaded and brought to its place: only then its place can be kept
-    int pendingZoomKeys = 0; // sent to the view and not yet seen to arrive
+    int pendingZoomKeys = 0;      // sent to the view and not yet seen to arrive
     std::vector<PagePlace> trail; // where links were followed that led here, the last at the end
 
     // What happened to the page while a command ran, for when that is done.

@@ -34,7 +34,7 @@ void UpdateRecord(MainForm& form, int index, bool takesPlace) {
     record[Field::BackColor] = NumberText(form.ports.textView->BackColor());
     if (record.Number(Field::Filter) == HtmlBook) {
         TakePageState(form, record, takesPlace);
-    } else if (!takesPlace || !IsPageShown(form)) { // a page tells nothing of a book of text
+    } else {
         TakeLook(form, record);
         if (takesPlace) record[Field::LastPos] = NumberText(FirstVisibleChar(*form.ports.textView));
     }
@@ -46,8 +46,7 @@ void UpdateRecord(MainForm& form, int index, bool takesPlace) {
 } // namespace
 
 void SaveBookState(MainForm& form, int index) {
-    if (index == 0 && !IsBookShown(form))
-        return; // the first of the list was never opened: nothing to keep
+    if (index == 0 && !IsShownBookListed(form)) return;
     UpdateRecord(form, index, index == 0);
 }
 

@@ -3,8 +3,9 @@
 
 struct MainForm;
 
-// Updates the record of history item `index` from the views and writes it. Index 0 is the shown book (nothing
-// is done when none is shown); the record of another index gets the present look but no position.
+// Updates the record of history item `index` from the views and writes it. Index 0 is the shown
+// book; nothing is done when the view shows none, or one that is not in the list any more. The
+// record of another index gets the present look but no position.
 void SaveBookState(MainForm&, int index);
 
 // The same for a record just made: the present look and no position, at any index.

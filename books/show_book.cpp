@@ -19,6 +19,7 @@
 #include "shell/window_title.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 // The font a record asks for; hand-edited values are kept within what a font can be.
@@ -106,6 +107,7 @@ void mFileList_Click(MainForm& form, int index) {
     if (!form.ProfileChanging && !form.Refreshing) SaveHistoryList(form);
     MenuTree& menu = form.menu;
     menu.mFileList[0].checked = false; // so that a book that memory does not hold keeps its record
+    const std::u16string pathBefore = std::exchange(form.shownPath, u"");
     menu.mBookmark[0].enabled = true;
     const BookRecord record = BookRecord::Parse(menu.mFileList[0].tag);
     menu.mFileEdit[0].tag = record[Field::Filter];
@@ -114,6 +116,8 @@ void mFileList_Click(MainForm& form, int index) {
     else
         ShowInTextView(form, record, std::move(*content));
     menu.mFileList[0].checked = true;
+    form.shownPath = record.Path();
+    if (form.shownPath != pathBefore) menu.mBookmarkLast[0].tag = u""; // a place in that book
     UpdateWindowTitle(form);
     LoadFindHistory(form);
     LoadBookmarks(form, record[Field::Marks]);

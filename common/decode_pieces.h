@@ -3,6 +3,8 @@
 // never asks whether it has room.
 #pragma once
 
+#include "common/utf.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -38,8 +40,8 @@ inline char16_t* PutUtf16(char32_t value, char16_t* out) {
     if (value < 0x10000) {
         *out++ = static_cast<char16_t>(value);
     } else {
-        *out++ = static_cast<char16_t>(0xD7C0 + (value >> 10));
-        *out++ = static_cast<char16_t>(0xDC00 + (value & 0x3FF));
+        *out++ = HighSurrogateOf(value);
+        *out++ = LowSurrogateOf(value);
     }
     return out;
 }

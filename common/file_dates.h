@@ -6,8 +6,8 @@
 #include <optional>
 #include <string>
 
-bool FileExists(const Files&,
-                const std::u16string& path); // false for "", a folder, or on any error
+// False for "", a folder, or on any error.
+bool FileExists(const Files&, const std::u16string& path);
 
 // Local time. A stamp that the system does not keep is answered with the last write; none if that
 // fails too.

@@ -3,9 +3,9 @@
 #include "common/text.h"
 
 #include <algorithm>
-#include <array>
+#include <cstdlib>
+#include <utility>
 
-namespace {
 bool IsWordUnit(char16_t unit) {
     const bool digit = unit >= u'0' && unit <= u'9';
     const bool letter = (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z');
@@ -16,6 +16,7 @@ bool IsWordUnit(char16_t unit) {
     return digit || letter || foreign || unit == u'_';
 }
 
+namespace {
 bool StandsAlone(std::u16string_view text, std::size_t at, std::size_t length) {
     const bool joinedBefore = at > 0 && IsWordUnit(text[at - 1]) && IsWordUnit(text[at]);
     const std::size_t end = at + length;
@@ -24,16 +25,17 @@ bool StandsAlone(std::u16string_view text, std::size_t at, std::size_t length) {
     return !joinedBefore && !joinedBehind;
 }
 
-template <std::size_t most>
-std::array<char16_t, most> FormsOf(char16_t unit, bool matchCase) {
-    std::array<char16_t, most> forms;
-    forms.fill(unit);
-    if (matchCase) return forms;
-    std::size_t count = 0;
-    for (char32_t other = 0; other <= 0xFFFF && count < most; ++other)
-        if (FoldCase(static_cast<char16_t>(other)) == FoldCase(unit))
-            forms[count++] = static_cast<char16_t>(other);
-    return forms;
+// Each unit that is folded to another one, behind that one, in order.
+using Fold = std::pair<char16_t, char16_t>;
+
+std::vector<Fold> AllFolds() {
+    std::vector<Fold> folds;
+    for (char32_t unit = 0; unit <= 0xFFFF; ++unit) {
+        const char16_t folded = FoldCase(static_cast<char16_t>(unit));
+        if (folded != unit) folds.emplace_back(folded, static_cast<char16_t>(unit));
+    }
+    std::sort(folds.begin(), folds.end());
+    return folds;
 }
 
 constexpr std::size_t blockSize = 32;
@@ -41,26 +43,50 @@ constexpr std::size_t blockSize = 32;
 // Whether one of the first forms stands in the 32 units from `begins` on and one of the last ones
 // at the same place from `ends` on: few blocks of a text pass. Without a branch, so that the
 // compiler can ask for several units at once.
-template <class Unit, std::size_t most>
-bool MayBeginInBlock(const Unit* begins, const Unit* ends, std::array<Unit, most> first,
-                     std::array<Unit, most> last) {
-    Unit found = 0;
+template <std::size_t most>
+bool MayBeginInBlock(const char16_t* begins, const char16_t* ends, std::array<char16_t, most> first,
+                     std::array<char16_t, most> last) {
+    char16_t found = 0;
     for (std::size_t i = 0; i < blockSize; ++i) {
-        Unit begin = 0, end = 0;
+        char16_t begin = 0, end = 0;
         for (std::size_t form = 0; form < most; ++form) {
-            begin = static_cast<Unit>(begin | (begins[i] == first[form]));
-            end = static_cast<Unit>(end | (ends[i] == last[form]));
+            begin = static_cast<char16_t>(begin | (begins[i] == first[form]));
+            end = static_cast<char16_t>(end | (ends[i] == last[form]));
         }
-        found = static_cast<Unit>(found | (begin & end));
+        found = static_cast<char16_t>(found | (begin & end));
     }
     return found != 0;
 }
 
-template <class Unit, std::size_t most>
-bool IsOneOf(Unit unit, const std::array<Unit, most>& forms) {
+template <std::size_t most>
+bool IsOneOf(char16_t unit, const std::array<char16_t, most>& forms) {
     return std::find(forms.begin(), forms.end(), unit) != forms.end();
 }
+
+template <std::size_t most>
+std::array<char16_t, most> FormsOf(char16_t unit, bool matchCase) {
+    std::array<char16_t, most> forms;
+    forms.fill(unit);
+    if (matchCase) return forms;
+    const std::vector<char16_t> all = CaseForms(unit);
+    std::copy_n(all.begin(), std::min(all.size(), most), forms.begin());
+    return forms;
+}
 } // namespace
+
+std::vector<char16_t> CaseForms(char16_t unit) {
+    static const std::vector<Fold> folds = AllFolds();
+    const char16_t folded = FoldCase(unit);
+    std::vector<char16_t> forms;
+    if (FoldCase(folded) == folded) forms.push_back(folded);
+    for (auto at = std::lower_bound(folds.begin(), folds.end(), Fold{folded, 0});
+         at != folds.end() && at->first == folded; ++at)
+        forms.push_back(at->second);
+    std::stable_sort(forms.begin(), forms.end(), [folded](char16_t a, char16_t b) {
+        return std::abs(a - folded) < std::abs(b - folded);
+    });
+    return forms;
+}
 
 TextSearch::TextSearch(std::u16string_view what, FindOptions options)
     : what_(what), options_(options) {
@@ -95,100 +121,4 @@ std::size_t TextSearch::FindIn(std::u16string_view text, std::size_t start) cons
 std::size_t FindText(std::u16string_view text, std::u16string_view what, std::size_t start,
                      FindOptions options) {
     return TextSearch(what, options).FindIn(text, start);
-}
-
-namespace {
-constexpr std::size_t asciiUnits = 0x80;
-
-// Marks the ASCII units that stand for themselves in the bytes: not line ends, which the text has
-// only one of, not the NUL, which it has not; nor those of which a foreign letter is another form.
-std::array<bool, asciiUnits> OwnBytes(bool matchCase) {
-    std::array<bool, asciiUnits> own;
-    own.fill(true);
-    own[0] = own['\n'] = own['\r'] = false;
-    if (matchCase) return own;
-    std::array<bool, asciiUnits> foreign{};
-    for (char32_t other = asciiUnits; other <= 0xFFFF; ++other)
-        if (const char16_t folded = FoldCase(static_cast<char16_t>(other)); folded < asciiUnits)
-            foreign[folded] = true;
-    for (std::size_t unit = 0; unit < asciiUnits; ++unit)
-        if (foreign[FoldCase(static_cast<char16_t>(unit))]) own[unit] = false;
-    return own;
-}
-} // namespace
-
-AsciiSearch::AsciiSearch(std::u16string_view what, FindOptions options) {
-    const auto own = OwnBytes(options.matchCase);
-    std::string run;
-    for (const char16_t unit : what) {
-        if (unit < asciiUnits && own[unit])
-            run += static_cast<char>(unit);
-        else
-            run.clear();
-        if (run.size() > what_.size()) what_ = run;
-    }
-    other_ = what_;
-    if (options.matchCase) return;
-    for (std::size_t i = 0; i < what_.size(); ++i) {
-        const bool capital = what_[i] >= 'A' && what_[i] <= 'Z';
-        const bool small = what_[i] >= 'a' && what_[i] <= 'z';
-        if (capital || small) other_[i] = static_cast<char>(what_[i] ^ 0x20);
-    }
-}
-
-bool AsciiSearch::IsAt(std::string_view bytes, std::size_t at) const {
-    for (std::size_t i = 0; i < what_.size(); ++i)
-        if (bytes[at + i] != what_[i] && bytes[at + i] != other_[i]) return false;
-    return true;
-}
-
-void AsciiSearch::LearnFrom(std::string_view sample) {
-    constexpr std::size_t oftenEnoughForBlocks = 64; // one byte of so many
-    std::array<std::size_t, 0x100> counts{};
-    for (const char byte : sample)
-        ++counts[static_cast<unsigned char>(byte)];
-    std::size_t least = sample.size() / oftenEnoughForBlocks;
-    rarest_ = std::string::npos;
-    for (std::size_t i = 0; i < what_.size(); ++i) {
-        const auto one = static_cast<unsigned char>(what_[i]);
-        const auto other = static_cast<unsigned char>(other_[i]);
-        const std::size_t count = counts[one] + (one == other ? 0 : counts[other]);
-        if (count >= least) continue;
-        least = count;
-        rarest_ = i;
-    }
-}
-
-bool AsciiSearch::IsIn(std::string_view bytes) const {
-    if (what_.size() > bytes.size()) return false;
-    if (rarest_ == std::string::npos) return IsInBlocks(bytes);
-    const char one = what_[rarest_], other = other_[rarest_];
-    return IsAround(one, bytes) || (other != one && IsAround(other, bytes));
-}
-
-bool AsciiSearch::IsAround(char letter, std::string_view bytes) const {
-    const std::size_t behind = what_.size() - rarest_; // bytes from the letter to the end
-    for (std::size_t at = bytes.find(letter, rarest_); at != std::string_view::npos;
-         at = bytes.find(letter, at + 1)) {
-        if (bytes.size() - at < behind) return false;
-        if (IsAt(bytes, at - rarest_)) return true;
-    }
-    return false;
-}
-
-bool AsciiSearch::IsInBlocks(std::string_view bytes) const {
-    const std::array first{what_.front(), other_.front()}, last{what_.back(), other_.back()};
-    const std::size_t end = bytes.size() - what_.size() + 1;
-    for (std::size_t start = 0; start < end;) {
-        const std::size_t blockEnd = std::min(start + blockSize, end);
-        const char* const begins = bytes.data() + start;
-        const bool whole = blockEnd - start == blockSize;
-        if (whole && !MayBeginInBlock(begins, begins + what_.size() - 1, first, last)) {
-            start = blockEnd;
-            continue;
-        }
-        for (; start < blockEnd; ++start)
-            if (IsOneOf(bytes[start], first) && IsAt(bytes, start)) return true;
-    }
-    return false;
 }

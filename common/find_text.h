@@ -6,6 +6,15 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <vector>
+
+// The units that differ from one only in case, itself among them. The one that FoldCase gives is
+// first, and nearer ones come before others: a letter's two usual cases before what is seldom seen.
+std::vector<char16_t> CaseForms(char16_t unit);
+
+// Whether a unit belongs to a word. A match is a whole word when none of its ends and the unit
+// beside it both do.
+bool IsWordUnit(char16_t unit);
 
 // A search made ready, for a text that is looked through in parts.
 class TextSearch {
@@ -17,8 +26,7 @@ class TextSearch {
     std::size_t FindIn(std::u16string_view text, std::size_t start) const;
 
   private:
-    // The units that differ from one only in case, itself among them. No unit has more than these.
-    using Forms = std::array<char16_t, 4>;
+    using Forms = std::array<char16_t, 4>; // no unit has more
 
     bool IsAt(std::u16string_view text, std::size_t at) const;
 
@@ -29,23 +37,3 @@ class TextSearch {
 
 std::size_t FindText(std::u16string_view text, std::u16string_view what, std::size_t start,
                      FindOptions options);
-
-// The same for the ASCII part of a search, in the bytes that a text is made of: a sieve for places
-// where nothing can be found. It is empty when the search has no such part.
-class AsciiSearch {
-  public:
-    AsciiSearch(std::u16string_view what, FindOptions options);
-
-    bool IsEmpty() const { return what_.empty(); }
-    // Prepares for bytes like these: looks for the letter that is rarest in them.
-    void LearnFrom(std::string_view sample);
-    bool IsIn(std::string_view bytes) const;
-
-  private:
-    bool IsAt(std::string_view bytes, std::size_t at) const;
-    bool IsAround(char letter, std::string_view bytes) const;
-    bool IsInBlocks(std::string_view bytes) const;
-
-    std::string what_, other_;               // the other case of each letter, unless case matters
-    std::size_t rarest_ = std::string::npos; // its place in the search, when it is rare enough
-};

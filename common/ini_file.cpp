@@ -1,6 +1,7 @@
 #include "common/ini_file.h"
 
 #include "common/text.h"
+#include "common/utf.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,13 +11,11 @@
 
 namespace {
 
-constexpr std::uint64_t LargestFile =
-    256u << 20; // bytes; far above any history, far below a memory's end
-constexpr std::size_t LongestString = 32766, LongestNumber = 254; // UTF-16 units
-constexpr int OneAsFixed = 10000;                                 // four decimals
+constexpr std::size_t longestString = 32766, longestNumber = 254; // UTF-16 units
+constexpr int oneAsFixed = 10000;                                 // four decimals
 
 std::int64_t ToFixed(double value) {
-    const double scaled = std::nearbyint(value * OneAsFixed);
+    const double scaled = std::nearbyint(value * oneAsFixed);
     if (std::isnan(scaled)) return 0;
     if (scaled >= 0x1p63) return std::numeric_limits<std::int64_t>::max();
     if (scaled <= -0x1p63) return std::numeric_limits<std::int64_t>::min();
@@ -24,26 +23,25 @@ std::int64_t ToFixed(double value) {
 }
 
 double FromFixed(std::int64_t fixed) {
-    return static_cast<double>(fixed) / OneAsFixed;
+    return static_cast<double>(fixed) / oneAsFixed;
 }
 
 // "-2.05": a point whatever the locale, no zeros at the end.
 std::u16string FixedText(std::int64_t fixed) {
     std::u16string text = fixed < 0 ? u"-" : u"";
-    text += NumberText(std::abs(fixed / OneAsFixed));
-    std::int64_t fraction = std::abs(fixed % OneAsFixed);
+    text += NumberText(std::abs(fixed / oneAsFixed));
+    std::int64_t fraction = std::abs(fixed % oneAsFixed);
     if (fraction == 0) return text;
     text += u'.';
-    for (; fraction != 0; fraction = fraction * 10 % OneAsFixed) {
-        text += static_cast<char16_t>(u'0' + fraction * 10 / OneAsFixed);
+    for (; fraction != 0; fraction = fraction * 10 % oneAsFixed) {
+        text += static_cast<char16_t>(u'0' + fraction * 10 / oneAsFixed);
     }
     return text;
 }
 
 std::u16string CutTo(std::u16string text, std::size_t length) {
     if (text.size() <= length) return text;
-    const bool splitsPair =
-        (text[length - 1] & 0xFC00) == 0xD800 && (text[length] & 0xFC00) == 0xDC00;
+    const bool splitsPair = IsHighSurrogate(text[length - 1]) && IsLowSurrogate(text[length]);
     text.resize(splitsPair ? length - 1 : length);
     return text;
 }
@@ -78,7 +76,7 @@ void IniFile::Refresh() {
     const auto version = files_.Version(path_);
     if (version && version == version_) return;
     std::string bytes;
-    status_ = files_.Read(path_, LargestFile, bytes);
+    status_ = files_.Read(path_, largestDataFile, bytes);
     version_ = status_ == ReadStatus::Ok ? version : std::nullopt;
     content_ = ProfileFile::Parse(bytes, ansiCodePage_, decoder_);
 }
@@ -113,7 +111,7 @@ void IniFile::WriteChanges() {
 
 std::u16string IniReadString(IniFile& file, std::u16string_view section, std::u16string_view key,
                              std::u16string_view fallback) {
-    const std::u16string value = ReadCut(file, section, key, fallback, LongestString);
+    const std::u16string value = ReadCut(file, section, key, fallback, longestString);
     return value.substr(std::min(value.find_first_not_of(u' '), value.size()));
 }
 
@@ -121,7 +119,7 @@ double IniReadNumber(IniFile& file, std::u16string_view section, std::u16string_
                      double fallback, int* charactersRead) {
     std::u16string value;
     if (!file.Path().empty() && !section.empty() && !key.empty()) {
-        value = ReadCut(file, section, key, FixedText(ToFixed(fallback)), LongestNumber);
+        value = ReadCut(file, section, key, FixedText(ToFixed(fallback)), longestNumber);
     }
     if (charactersRead) *charactersRead = static_cast<int>(value.size());
     return FromFixed(ToFixed(NumericValue(value)));

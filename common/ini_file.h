@@ -4,10 +4,13 @@
 #include "common/profile_file.h"
 #include "platform/files.h"
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+
+constexpr std::uint64_t largestDataFile = 256u << 20; // bytes; far above any history
 
 // No function reports an error: a file that is missing or cannot be read yields the defaults, a
 // write that fails is lost. A file that is there and cannot be read is never written over.

@@ -97,7 +97,7 @@ std::u16string LoadListFromSection(IniFile& file, std::u16string_view section,
         target.push_back({std::u16string(value.substr(0, at)),
                           hasData ? WholeNumber(value.substr(at + separator.size())) : 0});
     }
-    return Join(values, LineBreak);
+    return Join(values, lineBreak);
 }
 
 std::vector<std::u16string> LoadSectionLines(IniFile& file, std::u16string_view section) {

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-inline constexpr std::u16string_view LineBreak = u"\r\n";
+inline constexpr std::u16string_view lineBreak = u"\r\n";
 
 struct ListItem {
     std::u16string text;
@@ -32,13 +32,13 @@ void SaveListToSection(IniFile&, std::u16string_view section, const MenuArray&,
 // The lines of a text; one that has a "=" is the whole line of the section, any other gets its
 // "index=". The empty text has no lines.
 void SaveListToSection(IniFile&, std::u16string_view section, std::u16string_view text,
-                       std::u16string_view lineSeparator = LineBreak);
+                       std::u16string_view lineSeparator = lineBreak);
 
 // The values (what follows the first "=" of a line) joined by `lineSeparator`; `target`, if any,
 // receives them too. All are empty when there is no such section.
 std::u16string LoadListFromSection(IniFile&, std::u16string_view section,
                                    std::vector<std::u16string>* target = nullptr,
-                                   std::u16string_view lineSeparator = LineBreak);
+                                   std::u16string_view lineSeparator = lineBreak);
 // The same; each value is split at its last `separator` into text and data (0 when there is none).
 std::u16string LoadListFromSection(IniFile&, std::u16string_view section,
                                    std::vector<ListItem>& target, std::u16string_view separator);
@@ -48,9 +48,9 @@ std::vector<std::u16string> LoadSectionLines(IniFile&, std::u16string_view secti
 
 // As the functions above on a text and a list, except that saving sets the file's last-write time.
 void SaveSectionText(IniFile&, std::u16string_view section, std::u16string_view text,
-                     std::u16string_view lineSeparator = LineBreak);
+                     std::u16string_view lineSeparator = lineBreak);
 void SaveSectionText(IniFile&, std::u16string_view section,
                      const std::vector<std::u16string>& texts);
 std::u16string LoadSectionText(IniFile&, std::u16string_view section,
                                std::vector<std::u16string>* target = nullptr,
-                               std::u16string_view lineSeparator = LineBreak);
+                               std::u16string_view lineSeparator = lineBreak);

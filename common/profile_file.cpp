@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
+constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 
 std::u16string DecodeUtf16(std::string_view bytes, bool bigEndian) {
     std::u16string text;
@@ -36,7 +36,7 @@ ProfileFile ProfileFile::Parse(std::string_view bytes, int ansiCodePage, Decoder
 
 void ProfileFile::Index() {
     sections_.clear();
-    const std::size_t start = text_.starts_with(Utf8Mark) ? Utf8Mark.size() : 0;
+    const std::size_t start = text_.starts_with(utf8Mark) ? utf8Mark.size() : 0;
     LineWalk walk(text_, start, text_.size());
     while (walk.Next()) {
         const std::string_view line = TrimLine(walk.Line());
@@ -90,7 +90,7 @@ std::optional<ProfileFile::Entry> ProfileFile::FindKey(const Section& section,
         // No key begins with ";", so a comment is never taken for one.
         if (!NameIs(TrimLine(line.substr(0, equals)), folded)) continue;
         const std::size_t value = walk.LineBegin() + equals + 1;
-        return Entry{walk.LineBegin(), value, walk.LineEnd(), walk.LineNext()};
+        return Entry{value, walk.LineEnd()};
     }
     return std::nullopt;
 }
@@ -182,14 +182,6 @@ void ProfileFile::SetValue(std::u16string_view section, std::u16string_view key,
     Splice(index, EndOfEntries(sections_[index]), 0, keyOnDisk + "=" + bytes + "\r\n");
 }
 
-void ProfileFile::RemoveKey(std::u16string_view section, std::u16string_view key) {
-    const std::size_t index = FindSection(section);
-    if (index == sections_.size()) return;
-    if (const auto entry = FindKey(sections_[index], key)) {
-        Splice(index, entry->begin, entry->next - entry->begin, {});
-    }
-}
-
 void ProfileFile::SetSection(std::u16string_view section,
                              const std::vector<std::u16string>& lines) {
     const std::size_t index = FindOrAddSection(section);
@@ -203,13 +195,4 @@ void ProfileFile::SetSection(std::u16string_view section,
     if (!block.empty() && sections_[index].body == text_.size()) FinishLastLine();
     const std::size_t body = sections_[index].body;
     Splice(index, body, EndOfEntries(sections_[index]) - body, block);
-}
-
-void ProfileFile::RemoveSection(std::u16string_view section) {
-    const std::size_t index = FindSection(section);
-    if (index == sections_.size()) return;
-    const Section& removed = sections_[index];
-    const std::string comments = Comments(removed);
-    text_.replace(removed.header, removed.end - removed.header, comments);
-    Index();
 }

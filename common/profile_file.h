@@ -35,11 +35,9 @@ class ProfileFile {
     // Replaces the value in place, or appends the key at the end of the section (made at the end of
     // the file).
     void SetValue(std::u16string_view section, std::u16string_view key, std::u16string_view value);
-    void RemoveKey(std::u16string_view section, std::u16string_view key);
     // Replaces the entries of the section by these lines. Its comments stay and stand first. A line
     // that would not be listed (blank, a comment, the head of a section) is left out.
     void SetSection(std::u16string_view section, const std::vector<std::u16string>& lines);
-    void RemoveSection(std::u16string_view section); // its comments stay
 
     // UTF-8. New lines end in CR LF; what was not changed is as it came.
     const std::string& ToBytes() const { return text_; }
@@ -52,8 +50,7 @@ class ProfileFile {
         std::size_t end = 0;              // the next header
     };
     struct Entry {
-        std::size_t begin = 0, value = 0; // the line, and what follows its "="
-        std::size_t end = 0, next = 0;    // without and with the line end
+        std::size_t value = 0, end = 0; // what follows the "=", and where its line ends
     };
 
     void Index();

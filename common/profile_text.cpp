@@ -82,10 +82,8 @@ bool NameIs(std::string_view name, std::u16string_view foldedName) {
             if (FoldCase(static_cast<char16_t>(codePoint)) != foldedName[i]) return false;
             continue;
         }
-        const char32_t offset = codePoint - 0x10000;
-        if (foldedName[i] != static_cast<char16_t>(0xD800 + (offset >> 10))) return false;
-        if (++i == foldedName.size()) return false;
-        if (foldedName[i] != static_cast<char16_t>(0xDC00 + (offset & 0x3FF))) return false;
+        if (foldedName[i] != HighSurrogateOf(codePoint)) return false;
+        if (++i == foldedName.size() || foldedName[i] != LowSurrogateOf(codePoint)) return false;
     }
     return at == name.size();
 }

@@ -11,12 +11,13 @@ bool EqualIgnoringCase(std::u16string_view a, std::u16string_view b);
 bool StartsWithIgnoringCase(std::u16string_view text, std::u16string_view start);
 
 std::u16string_view TrimBlanks(std::u16string_view text); // blanks (U+0020) only
-std::vector<std::u16string> Split(std::u16string_view text, std::u16string_view separator); // "" gives {""}
+// "" gives {""}.
+std::vector<std::u16string> Split(std::u16string_view text, std::u16string_view separator);
 std::u16string Join(const std::vector<std::u16string>& parts, std::u16string_view separator);
 std::u16string Replace(std::u16string_view text, std::u16string_view from, std::u16string_view to);
 
-// The number at the start of a text, after blanks: sign, digits, one ".", digits. 0 when there is none.
+// The number at the start of a text, after blanks: sign, digits, one ".", digits; else 0.
 double NumericValue(std::u16string_view text);
-std::int32_t WholeNumber(std::u16string_view text); // NumericValue, a half rounded to even, kept in 32 bits
-std::int32_t RoundToEven(double value);             // kept in 32 bits; 0 for a NaN
+std::int32_t WholeNumber(std::u16string_view text); // the same, by RoundToEven
+std::int32_t RoundToEven(double value); // a half to the even one; kept in 32 bits; 0 for a NaN
 std::u16string NumberText(std::int64_t value);

@@ -35,13 +35,6 @@ char32_t SequenceValue(const unsigned char* at, int length) {
     }
 }
 
-bool IsHighSurrogate(char16_t unit) {
-    return (unit & 0xFC00) == 0xD800;
-}
-bool IsLowSurrogate(char16_t unit) {
-    return (unit & 0xFC00) == 0xDC00;
-}
-
 void AppendUtf8(char32_t value, std::string& bytes) {
     const auto put = [&](char32_t byte) { bytes += static_cast<char>(byte); };
     if (value < 0x80) {
@@ -153,17 +146,19 @@ std::u16string Utf8ToUtf16(std::string_view bytes, char16_t replacement) {
     return text;
 }
 
+char32_t FirstCharacter(std::u16string_view text) {
+    const bool pair = text.size() > 1 && IsHighSurrogate(text[0]) && IsLowSurrogate(text[1]);
+    return pair ? 0x10000u + ((text[0] & 0x3FFu) << 10 | (text[1] & 0x3FFu)) : text[0];
+}
+
 std::string Utf16ToUtf8(std::u16string_view text) {
     std::string bytes;
     bytes.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const char16_t unit = text[i];
-        if (IsHighSurrogate(unit) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
-            AppendUtf8(0x10000u + ((unit & 0x3FFu) << 10 | (text[i + 1] & 0x3FFu)), bytes);
-            ++i;
-        } else {
-            AppendUtf8(IsHighSurrogate(unit) || IsLowSurrogate(unit) ? 0xFFFD : unit, bytes);
-        }
+        const char32_t character = FirstCharacter(text.substr(i));
+        const bool alone = character >= 0xD800 && character < 0xE000;
+        AppendUtf8(alone ? 0xFFFD : character, bytes);
+        i += character >= 0x10000;
     }
     return bytes;
 }

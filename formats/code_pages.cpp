@@ -102,6 +102,40 @@ void DecodeCodePage(int codePage, std::string_view bytes, std::u16string& text) 
         DecodeCodePage(fallbackPage, bytes, text);
 }
 
+namespace {
+void AddSingleBytes(const char16_t (&units)[128], char32_t character,
+                    std::vector<std::string>& sequences) {
+    if (character < 0x80) sequences.emplace_back(1, static_cast<char>(character));
+    for (std::size_t i = 0; i < std::size(units); ++i)
+        if (units[i] == character && units[i] != leadUnit)
+            sequences.emplace_back(1, static_cast<char>(0x80 + i));
+}
+
+void AddPairs(const DoubleBytePage& page, char32_t character, std::vector<std::string>& sequences) {
+    for (int lead = page.firstLead; lead < 0x100; ++lead) {
+        if (page.units[lead - 0x80] != leadUnit) continue;
+        const char16_t* const row = page.pairs + (lead - page.firstLead) * page.trailCount;
+        for (int i = 0; i < page.trailCount; ++i)
+            if (row[i] == character)
+                sequences.push_back(
+                    {static_cast<char>(lead), static_cast<char>(page.firstTrail + i)});
+    }
+}
+} // namespace
+
+std::vector<std::string> CodePageBytes(int codePage, std::u16string_view character) {
+    if (codePage == utf8Page) return {Utf16ToUtf8(character)};
+    const DoubleBytePage* const pairs = FindDoubleBytePage(codePage);
+    const SingleBytePage* const single = FindSingleBytePage(codePage);
+    if (!pairs && !single) return CodePageBytes(fallbackPage, character);
+    std::vector<std::string> sequences;
+    const char32_t value = FirstCharacter(character);
+    AddSingleBytes(pairs ? pairs->units : single->units, value, sequences);
+    if (pairs) AddPairs(*pairs, value, sequences);
+    if (pairs && pairs->page == gbkPage) AddFourByteSequences(value, sequences);
+    return sequences;
+}
+
 bool IsSingleBytePage(int codePage) {
     return codePage != utf8Page && !FindDoubleBytePage(codePage);
 }

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 // Whether `DecodeCodePage` knows this page: 437, 850, 852, 866, 874, 932, 936, 949, 950, 1250 to
 // 1258, 1361, 10000 (Mac Roman), 10001 (Mac Japanese), 10006 (Mac Greek), 10007 (Mac Cyrillic),
@@ -13,6 +14,10 @@ bool HasCodePage(int codePage);
 // Appends the text of `bytes`. A byte or sequence without a meaning becomes one U+FFFD, and so does
 // a lead byte at the end. An unknown page is read as 1252. 936 also reads what GB18030 adds.
 void DecodeCodePage(int codePage, std::string_view bytes, std::u16string& text);
+
+// All byte sequences that `DecodeCodePage` reads as this character, a unit or a surrogate pair, but
+// not U+FFFD. Most characters have one or none.
+std::vector<std::string> CodePageBytes(int codePage, std::u16string_view character);
 
 // Whether every byte is one unit.
 bool IsSingleBytePage(int codePage);

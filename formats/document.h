@@ -1,8 +1,9 @@
-// A styled text: what the RTF reader makes, what a view of our own shows and what the RTF writer writes.
+// A styled text: what the RTF reader makes, what a view of our own shows and what the RTF writer
+// writes.
 //
-// The text is UTF-16. u'\n' ends a paragraph, u'\v' breaks a line inside one, u'\t' is a tab, U+FFFC stands
-// for a picture. In a table every cell ends with U+0007 (it ends the cell's last paragraph) and every row
-// with one u'\n' of its own after its last cell.
+// The text is UTF-16. u'\n' ends a paragraph, u'\v' breaks a line inside one, u'\t' is a tab,
+// U+FFFC stands for a picture. In a table every cell ends with U+0007 (it ends the cell's last
+// paragraph) and every row with one u'\n' of its own after its last cell.
 #pragma once
 
 #include "platform/geometry.h"
@@ -14,24 +15,25 @@
 enum class Script : std::uint8_t { Normal, Superscript, Subscript };
 
 struct CharStyle {
-    std::uint16_t font = 0;       // index in Document::fonts
+    std::uint16_t font = 0; // index in Document::fonts
     std::uint16_t halfPoints = 24;
     Color foreground = 0, background = 0;
     bool autoForeground = true, autoBackground = true; // none given: the reader's own
     bool bold = false, italic = false, underline = false, strikethrough = false;
     bool rightToLeft = false;
     Script script = Script::Normal;
-    std::uint16_t link = 0;       // 1-based index in Document::links, 0 for none
+    std::uint16_t link = 0; // 1-based index in Document::links, 0 for none
     bool operator==(const CharStyle&) const = default;
 };
 
 struct ParagraphStyle {
     Alignment alignment = Alignment::Left;
     bool rightToLeft = false;
-    std::int32_t leftIndent = 0, rightIndent = 0, firstLineIndent = 0; // twips; the first is relative to left
-    std::int32_t spaceBefore = 0, spaceAfter = 0;                       // twips
-    std::int32_t lineSpacing = 0; // twips; 0 single, < 0 exactly, > 0 at least; see lineSpacingIsMultiple
-    bool lineSpacingIsMultiple = false; // lineSpacing is then in 240ths of a line
+    // Twips; the first line's is relative to the left one.
+    std::int32_t leftIndent = 0, rightIndent = 0, firstLineIndent = 0;
+    std::int32_t spaceBefore = 0, spaceAfter = 0;
+    std::int32_t lineSpacing = 0;       // twips; 0 single, < 0 exactly, > 0 at least
+    bool lineSpacingIsMultiple = false; // it is then in 240ths of a line
     std::vector<std::int32_t> tabStops; // twips from the left edge, ascending
     bool operator==(const ParagraphStyle&) const = default;
 };
@@ -48,7 +50,7 @@ enum class PictureFormat : std::uint8_t { Png, Jpeg, Other };
 struct Picture {
     TextPos position = 0; // of its U+FFFC
     PictureFormat format = PictureFormat::Other;
-    std::int32_t widthTwips = 0, heightTwips = 0; // as it is to be shown; 0 when the file does not say
+    std::int32_t widthTwips = 0, heightTwips = 0; // to be shown in; 0 when the file does not say
     std::string bytes;                            // the image file; empty for Other
 };
 

@@ -15,9 +15,9 @@ enum class TextEncoding {
     CodePage
 };
 
+// Line ends are as in the file; NUL and undecodable bytes are U+FFFD; there is no byte-order mark.
 struct DecodedText {
-    std::u16string
-        text; // line ends as in the file; NUL and undecodable bytes are U+FFFD; no byte-order mark
+    std::u16string text;
     TextEncoding encoding = TextEncoding::Utf8;
     int codePage = 0; // for TextEncoding::CodePage
 };

@@ -1,46 +1,39 @@
 // Finding in a plain text that is not in memory.
-#include "common/find_text.h"
+#include "formats/likely_places.h"
 #include "formats/plain_text_source.h"
 
 #include <algorithm>
 
-namespace {
-constexpr std::size_t mostBytesOfUnit = 4;
-
-bool KeepsAscii(TextEncoding encoding) {
-    return encoding == TextEncoding::Utf8 || encoding == TextEncoding::CodePage;
-}
-} // namespace
-
-// A match that begins in a piece may end behind it, and whether it is a whole word shows one unit
-// further. Bytes are looked through first: in most pieces nothing needs to be decoded.
+// Bytes are looked through first: most pieces need not be decoded.
 TextPos PlainTextSource::Find(std::u16string_view what, TextPos start, FindOptions options) const {
     start = std::clamp(start, 0, Length());
     if (what.empty() || what.size() > static_cast<std::size_t>(Length() - start)) return -1;
-    const auto length = static_cast<TextPos>(what.size());
+    EncodedSearch encoded(form_, what, options);
+    if (encoded.IsHopeless()) return -1;
     const TextSearch search(what, options);
-    AsciiSearch sieve(KeepsAscii(form_.encoding) ? what : std::u16string_view(), options);
-    std::string buffer;
-    if (!sieve.IsEmpty()) sieve.LearnFrom(BytesFrom(PieceWith(start), 0, buffer));
-    for (std::size_t piece = PieceWith(start); piece + 1 < marks_.size(); ++piece) {
-        const std::size_t reach = mostBytesOfUnit * what.size();
-        if (!sieve.IsEmpty() && !sieve.IsIn(BytesFrom(piece, reach, buffer))) continue;
-        const TextPos begin = std::max(start, marks_[piece].position);
-        const TextPos from = std::max(begin - 1, 0), end = marks_[piece + 1].position;
-        const std::u16string text = Range(from, end + std::min(length, Length() - end));
-        const std::size_t at = search.FindIn(text, static_cast<std::size_t>(begin - from));
-        const TextPos found = from + static_cast<TextPos>(at);
-        if (at != std::u16string::npos && found < end) return found;
+    const auto length = static_cast<TextPos>(what.size());
+    std::size_t piece = PieceWith(start);
+    LikelyPlaces places(*file_, encoded, {marks_.front().byte, marks_.back().byte},
+                        marks_[piece].byte);
+    while (const auto place = places.Next()) {
+        const std::uint64_t reach = std::min(*place, std::uint64_t{encoded.Reach()});
+        piece = std::max(piece, PieceWithByte(*place - reach));
+        for (; marks_[piece].byte <= *place; ++piece)
+            if (const TextPos found = FindIn(piece, search, start, length); found >= 0)
+                return found;
+        places.SkipTo(marks_[piece].byte);
     }
     return -1;
 }
 
-// The bytes of a piece and as many behind it; they are in `buffer`.
-std::string_view PlainTextSource::BytesFrom(std::size_t piece, std::size_t behind,
-                                            std::string& buffer) const {
-    const std::uint64_t from = marks_[piece].byte;
-    const std::uint64_t end = std::min(marks_[piece + 1].byte + behind, marks_.back().byte);
-    const auto count = static_cast<std::size_t>(end - from);
-    if (buffer.size() < count) buffer.resize(count);
-    return std::string_view(buffer.data(), file_->ReadAt(from, buffer.data(), count));
+// The first match that begins in the piece. It may end behind it, and whether it is a whole word
+// shows one unit further.
+TextPos PlainTextSource::FindIn(std::size_t piece, const TextSearch& search, TextPos start,
+                                TextPos length) const {
+    const TextPos begin = std::max(start, marks_[piece].position);
+    const TextPos from = std::max(begin - 1, 0), end = marks_[piece + 1].position;
+    const std::u16string text = Range(from, end + std::min(length, Length() - end));
+    const std::size_t at = search.FindIn(text, static_cast<std::size_t>(begin - from));
+    const TextPos found = from + static_cast<TextPos>(at);
+    return at != std::u16string::npos && found < end ? found : -1;
 }

@@ -26,8 +26,7 @@ std::size_t UnitBytes(TextEncoding encoding) {
 // Whether a text may not be cut between two wide units.
 bool BelongTogether(std::u16string_view text) {
     if (text.size() != 2) return false;
-    const bool pair = (text[0] & 0xFC00) == 0xD800 && (text[1] & 0xFC00) == 0xDC00;
-    return pair || text == u"\r\n";
+    return (IsHighSurrogate(text[0]) && IsLowSurrogate(text[1])) || text == u"\r\n";
 }
 
 std::size_t WidePieceEnd(const PlainTextForm& form, std::string_view bytes, std::size_t wanted) {

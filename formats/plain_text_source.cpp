@@ -63,6 +63,14 @@ std::size_t PlainTextSource::PieceWith(TextPos position) const {
     return static_cast<std::size_t>(after - marks_.begin()) - 1;
 }
 
+// Of a byte before the text, the first.
+std::size_t PlainTextSource::PieceWithByte(std::uint64_t byte) const {
+    const auto after =
+        std::upper_bound(marks_.begin() + 1, marks_.end() - 1, byte,
+                         [](std::uint64_t wanted, const Mark& mark) { return wanted < mark.byte; });
+    return static_cast<std::size_t>(after - marks_.begin()) - 1;
+}
+
 std::string PlainTextSource::BytesBetween(std::uint64_t from, std::uint64_t to) const {
     const std::uint64_t end = std::min({to, file_->Size(), largestPlainText});
     std::string bytes(static_cast<std::size_t>(end - std::min(from, end)), '\0');
@@ -92,11 +100,12 @@ TextPiece PlainTextSource::PieceAt(TextPos position) const {
 
 // Halves the piece, always at the end of a character, until one character is left.
 std::uint64_t PlainTextSource::ByteOf(TextPos position) const {
+    position = std::max(position, 0);
     if (position >= Length()) return marks_.back().byte;
     const std::size_t piece = PieceWith(position);
     const std::string bytes = BytesBetween(marks_[piece].byte, marks_[piece + 1].byte);
     std::string_view part = bytes;
-    std::size_t before = static_cast<std::size_t>(std::max(position, 0) - marks_[piece].position);
+    std::size_t before = static_cast<std::size_t>(position - marks_[piece].position);
     while (!part.empty()) {
         const std::size_t half = part.size() > 2 * cutLookahead ? part.size() / 2 : 1;
         const std::size_t end = PieceEnd(form_, part, half);
@@ -114,16 +123,14 @@ std::uint64_t PlainTextSource::ByteOf(TextPos position) const {
 }
 
 TextPos PlainTextSource::PositionOf(std::uint64_t byte) const {
+    if (byte <= marks_.front().byte) return 0;
     if (byte >= marks_.back().byte) return Length();
-    const auto after =
-        std::upper_bound(marks_.begin(), marks_.end() - 1, byte,
-                         [](std::uint64_t wanted, const Mark& mark) { return wanted < mark.byte; });
-    if (after == marks_.begin()) return 0;
-    const Mark &from = *(after - 1), &to = *after;
-    const std::string bytes = BytesBetween(from.byte, to.byte);
+    const std::size_t piece = PieceWithByte(byte);
+    const Mark& from = marks_[piece];
+    if (byte == from.byte) return from.position;
+    const std::string bytes = BytesBetween(from.byte, marks_[piece + 1].byte);
     const std::size_t end =
         std::min<std::size_t>(static_cast<std::size_t>(byte - from.byte), bytes.size());
     const std::string_view before(bytes.data(), PieceEnd(form_, bytes, end));
-    return end == 0 ? from.position
-                    : from.position + static_cast<TextPos>(Measure(form_, before).units);
+    return from.position + static_cast<TextPos>(Measure(form_, before).units);
 }

@@ -14,6 +14,8 @@
 // The rest of a longer file is left out: positions have 32 bits.
 constexpr std::uint64_t largestPlainText = std::uint64_t{1900} << 20; // bytes
 
+class TextSearch;
+
 class PlainTextSource : public TextSource {
   public:
     // Reads the whole file once to know its length in units and where its pieces begin. The text is
@@ -46,9 +48,11 @@ class PlainTextSource : public TextSource {
 
     bool MarkPieces(bool onlyUtf8);
     std::size_t PieceWith(TextPos position) const;
+    std::size_t PieceWithByte(std::uint64_t byte) const;
     std::string BytesBetween(std::uint64_t from, std::uint64_t to) const;
     std::u16string Decode(std::size_t piece) const;
-    std::string_view BytesFrom(std::size_t piece, std::size_t behind, std::string& buffer) const;
+    TextPos FindIn(std::size_t piece, const TextSearch& search, TextPos start,
+                   TextPos length) const;
 
     std::shared_ptr<const FileReader> file_;
     std::size_t pieceBytes_;

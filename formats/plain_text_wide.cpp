@@ -1,6 +1,7 @@
 #include "formats/plain_text_wide.h"
 
 #include "common/decode_pieces.h"
+#include "common/utf.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -11,12 +12,6 @@ constexpr char16_t replacement = u'\uFFFD';
 
 bool IsSurrogate(char32_t value) {
     return value >= 0xD800 && value < 0xE000;
-}
-bool IsHighSurrogate(char16_t unit) {
-    return (unit & 0xFC00) == 0xD800;
-}
-bool IsLowSurrogate(char16_t unit) {
-    return (unit & 0xFC00) == 0xDC00;
 }
 
 template <int size>

@@ -12,8 +12,8 @@ constexpr std::size_t maxRtfDepth = 500;
 
 // Character styles hold the font's index in 16 bits; real tables have some hundreds.
 constexpr std::size_t maxRtfFonts = 4096;
-constexpr std::size_t maxRtfFontNameLength =
-    128; // names have 31 characters at most; some files give several
+// Names have 31 characters at most; some files give several.
+constexpr std::size_t maxRtfFontNameLength = 128;
 constexpr std::size_t maxRtfColors = 65'536;
 
 // A colourful book has some hundreds of each kind, and each link's text is a style of its own. Text
@@ -38,8 +38,7 @@ constexpr std::size_t maxRtfPictureBytes = std::size_t{1} << 29; // of all pictu
 
 // Character styles hold the link's index in 16 bits.
 constexpr std::size_t maxRtfLinks = 65'535;
-constexpr std::size_t maxRtfFieldLength =
-    4096; // UTF-16 units of a field's instruction: a long address
+constexpr std::size_t maxRtfFieldLength = 4096; // units of an instruction: a long address
 
 // The largest page is 22 inches wide and high.
 constexpr std::int32_t maxRtfTwips = 22 * 1440;

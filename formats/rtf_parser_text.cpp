@@ -1,19 +1,10 @@
 #include "formats/rtf_parser.h"
 
+#include "common/utf.h"
+
 #include <algorithm>
 #include <string>
 #include <utility>
-
-namespace {
-
-constexpr bool IsHighSurrogate(char16_t unit) {
-    return (unit & 0xFC00) == 0xD800;
-}
-constexpr bool IsLowSurrogate(char16_t unit) {
-    return (unit & 0xFC00) == 0xDC00;
-}
-
-} // namespace
 
 int RtfParser::CodePageOfText() const {
     int page = 0;
@@ -117,8 +108,9 @@ void RtfParser::TakeUnicode(std::int32_t parameter) {
     // Writers give a unit as it is or as a signed 16-bit number, some a character beyond the BMP.
     if (parameter < 0x10000) return TakeUnicodeUnit(static_cast<char16_t>(parameter & 0xFFFF));
     if (parameter > 0x10FFFF) return TakeUnicodeUnit(u'\uFFFD');
-    TakeUnicodeUnit(static_cast<char16_t>(0xD7C0 + (parameter >> 10)));
-    TakeUnicodeUnit(static_cast<char16_t>(0xDC00 | (parameter & 0x3FF)));
+    const auto character = static_cast<char32_t>(parameter);
+    TakeUnicodeUnit(HighSurrogateOf(character));
+    TakeUnicodeUnit(LowSurrogateOf(character));
 }
 
 void RtfParser::TakeUnicodeUnit(char16_t unit) {

@@ -27,12 +27,10 @@ constexpr auto hexDigits = [] {
     std::array<signed char, 256> table{};
     for (auto& value : table)
         value = -1;
-    for (int i = 0; i < 10; ++i)
-        table[static_cast<std::size_t>('0' + i)] = static_cast<signed char>(i);
-    for (int i = 0; i < 6; ++i) {
-        table[static_cast<std::size_t>('a' + i)] = static_cast<signed char>(10 + i);
-        table[static_cast<std::size_t>('A' + i)] = static_cast<signed char>(10 + i);
-    }
+    for (std::size_t i = 0; i < 10; ++i)
+        table['0' + i] = static_cast<signed char>(i);
+    for (std::size_t i = 0; i < 6; ++i)
+        table['a' + i] = table['A' + i] = static_cast<signed char>(10 + i);
     return table;
 }();
 

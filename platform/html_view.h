@@ -67,7 +67,9 @@ constexpr int longestPageWait = 3000; // milliseconds
 // closes, and after the engine has gone (then they are the last ones known).
 // Questions may wait for the page, `longestPageWait` at most, and then answer their failure value.
 // While one waits, events keep coming; the close of the window, `onGone` and a second question (it
-// fails) end the wait at once. Without a body every question answers its failure value at once.
+// fails) end the wait at once. Without a body every question answers its failure value at once, and
+// so it does while the page is known to hang. That is said in the page's place; its values are
+// kept, and when it answers again it comes back and carries out what was ordered meanwhile.
 //
 // The page is local and passive: its scripts do not run, nothing is fetched from other machines, no
 // window or dialog opens, and it goes nowhere but by `Navigate`. A link into the same page scrolls;

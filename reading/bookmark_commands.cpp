@@ -14,15 +14,16 @@
 #include <utility>
 
 namespace {
-constexpr TextPos longestMark = 80,
-                  ownLength = 81; // a mark without a fitting selection gets the second
+constexpr TextPos longestMark = 80;
+constexpr TextPos ownLength = 81; // of a mark without a fitting selection
 
 TextPos StartOf(const MenuItem& item) {
     return WholeNumber(item.tag.substr(0, item.tag.find(u',')));
 }
 
+// The one last gone to; the first when there is none, also in a book just opened (its tag is -1).
 int CurrentBookmark(const MainForm& form) {
-    return WholeNumber(form.menu.mBookmark[0].tag);
+    return std::max(WholeNumber(form.menu.mBookmark[0].tag), 0);
 }
 
 void ClearChecks(MenuArray& list) {
@@ -79,7 +80,7 @@ void GoKeepingLast(MainForm& form, int index) {
 void mBookmark_Click(MainForm& form, int) {
     MenuTree& menu = form.menu;
     const int count = menu.mBookmarkList.Count(), current = CurrentBookmark(form);
-    menu.mBookmarkNew[0].enabled = IsBookShown(form) && CanDefine(form);
+    menu.mBookmarkNew[0].enabled = IsShownBookListed(form) && CanDefine(form);
     menu.mBookmarkDelete[0].enabled = menu.mBookmarkClearAll[0].enabled =
         menu.mBookmarkList[0].visible;
     menu.mBookmarkNext[0].enabled = InRange(current, 0, count - 2, true);

@@ -2,6 +2,7 @@
 
 #include "app/main_form.h"
 #include "books/book_record.h"
+#include "books/history_list.h"
 #include "books/save_state.h"
 #include "common/menu_items.h"
 #include "common/text.h"
@@ -11,8 +12,7 @@
 #include <algorithm>
 
 namespace {
-constexpr TextPos longestExcerpt =
-    81; // units; a mark without a selection of its own has this length
+constexpr TextPos longestExcerpt = 81; // units; a mark without a selection has this length
 
 // The marked text; "" for a tag that is not two numbers.
 std::u16string TextExcerpt(const MainForm& form, const std::u16string& tag) {
@@ -74,9 +74,11 @@ void RefreshBookmarkMenu(MainForm& form, int keepUpTo, bool noSave) {
     MenuArray& list = menu.mBookmarkList;
     if (keepUpTo >= 0 && list.Count() > keepUpTo + 1) list.items.resize(keepUpTo + 1);
     list[0].visible = menu.mBookmarkSeparator[0].visible = !list[0].tag.empty();
-    BookRecord record = BookRecord::Parse(menu.mFileList[0].tag);
-    record[Field::Marks] = Join(Tags(list), u"|");
-    menu.mFileList[0].tag = record.ToText();
+    if (IsShownBookListed(form)) {
+        BookRecord record = BookRecord::Parse(menu.mFileList[0].tag);
+        record[Field::Marks] = Join(Tags(list), u"|");
+        menu.mFileList[0].tag = record.ToText();
+    }
     CaptionBookmarks(form); // may wait for a page, and the window may close meanwhile
     if (!noSave) SaveBookState(form, 0);
 }

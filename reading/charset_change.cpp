@@ -3,7 +3,6 @@
 #include "app/main_form.h"
 #include "books/book_file.h"
 #include "books/charsets.h"
-#include "books/history_list.h"
 #include "common/text.h"
 #include "formats/plain_text_source.h"
 #include "reading/bookmarks.h"
@@ -36,8 +35,8 @@ void MoveBookmarks(MenuArray& list, const TextPos* places) {
 } // namespace
 
 void ReadInCharset(MainForm& form) {
-    if (form.shownCodePage == 0 || !IsBookShown(form)) return;
-    const auto content = ReadBookFile(form, GetBookPath(form, 0));
+    if (form.shownCodePage == 0 || form.shownPath.empty()) return;
+    const auto content = ReadBookFile(form, form.shownPath);
     if (!content || !content->plainText) return;
     const int bookPage = CharsetToCodePage(form.viewFont.charset);
     auto text = std::make_shared<PlainTextSource>(content->plainText, bookPage,

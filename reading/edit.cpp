@@ -22,7 +22,7 @@ void mEdit_Click(MainForm& form, int) {
         page ? HasPageBody(form) && form.ports.htmlView->Selection().span.length > 0
              : form.ports.textView->SelLength() > 0;
     menu.mEditCopy[0].enabled = menu.mEditCopyRTF[0].enabled = selected;
-    menu.mEditTitle[0].enabled = selected && IsBookShown(form);
+    menu.mEditTitle[0].enabled = selected && IsShownBookListed(form);
     menu.mEditFind[0].enabled = menu.mEditAll[0].enabled;
     menu.mEditNext[0].enabled = menu.mEditAll[0].enabled && !form.findText.empty();
 }

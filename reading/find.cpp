@@ -19,11 +19,12 @@ std::u16string FindSection(const MainForm& form, const std::u16string& recordKey
 }
 
 // "|" separates searches, so one inside a search is stored as a reference, as is what a line cannot
-// hold.
+// hold, and quotes, which around the value would not be part of it.
 std::u16string Stored(const std::u16string& search) {
+    constexpr std::u16string_view special = u"|&\"'";
     std::u16string stored;
     for (const char16_t unit : search) {
-        const bool plain = unit > u' ' && unit != u'|' && unit != u'&';
+        const bool plain = unit > u' ' && special.find(unit) == special.npos;
         stored += plain ? std::u16string(1, unit) : u"&#" + NumberText(unit) + u";";
     }
     return stored;

@@ -10,5 +10,5 @@ void mEditNext_Click(MainForm&, int); // from behind the selection, once around 
 
 // The searches of the shown book, under its own section of the data file.
 void LoadFindHistory(MainForm&);
-void SaveFindHistory(MainForm&,
-                     const std::u16string& recordKey); // nothing is written when there are none
+// Nothing is written when there are none.
+void SaveFindHistory(MainForm&, const std::u16string& recordKey);

@@ -10,6 +10,6 @@ constexpr Color defaultTextColor = 0x000000, defaultBackColor = 0xFFFFFF;
 // With `noRestore` the caller scrolls afterwards; else caret and top line stay where they are.
 void ApplyFont(MainForm&, bool noRestore); // the form's view font
 void ApplyTextColor(MainForm&, Color, bool noRestore);
-void ApplyAlignment(MainForm&, int index,
-                    bool noRestore); // as the items of the alignment menu; others count as 0
+// `index` as the items of the alignment menu; others count as 0.
+void ApplyAlignment(MainForm&, int index, bool noRestore);
 void SetWordWrap(MainForm&, bool wrap);

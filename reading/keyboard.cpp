@@ -25,13 +25,11 @@ constexpr Shortcut shortcuts[] = {
     {'C', CtrlKey, &MenuTree::mEdit, &MenuTree::mEditCopy},
     {'A', CtrlKey, &MenuTree::mEdit, &MenuTree::mEditAll},
     {'F', CtrlKey, &MenuTree::mEdit, &MenuTree::mEditFind},
-    {114, 0, &MenuTree::mEdit, &MenuTree::mEditNext},    // F3
-    {116, 0, &MenuTree::mView, &MenuTree::mViewRefresh}, // F5
+    {F3Key, 0, &MenuTree::mEdit, &MenuTree::mEditNext},
+    {F5Key, 0, &MenuTree::mView, &MenuTree::mViewRefresh},
     {'D', CtrlKey, &MenuTree::mBookmark, &MenuTree::mBookmarkNew},
-    {112, 0, &MenuTree::mHelp, &MenuTree::mHelpTopics}, // F1
+    {F1Key, 0, &MenuTree::mHelp, &MenuTree::mHelpTopics},
 };
-
-enum Key { KeyLeft = 37, KeyF2 = 113, KeyF4 = 115, NumPlus = 107, NumMinus = 109, Equals = 187, Minus = 189 };
 
 bool Choose(MainForm& form, MenuArray& menu, MenuArray& command) {
     const MenuHandler opening = HandlerOf(menu), click = HandlerOf(command);
@@ -54,15 +52,15 @@ void Form_KeyDown(MainForm& form, int keyCode, int shift) {
     for (const Shortcut& shortcut : shortcuts)
         if (shortcut.key == keyCode && shortcut.shift == shift)
             Choose(form, form.menu.*shortcut.menu, form.menu.*shortcut.command);
-    if (keyCode == KeyLeft && shift == AltKey) GoBackAlongLinks(form);
-    if (keyCode == KeyF4 && shift == AltKey) form.ports.window->Close();
+    if (keyCode == LeftKey && shift == AltKey) GoBackAlongLinks(form);
+    if (keyCode == F4Key && shift == AltKey) form.ports.window->Close();
 }
 
 void Form_KeyUp(MainForm& form, int keyCode, int shift) {
     const bool sizesText = shift & CtrlKey && !IsPageShown(form); // a page zooms by itself
-    if (sizesText && (keyCode == NumPlus || keyCode == Equals)) mViewFontSize_Click(form, 0);
-    if (sizesText && (keyCode == NumMinus || keyCode == Minus)) mViewFontSize_Click(form, 1);
-    if (shift & AltKey && keyCode == KeyF2) mBookmarkLast_Click(form, 0);
+    if (sizesText && (keyCode == NumPlusKey || keyCode == PlusKey)) mViewFontSize_Click(form, 0);
+    if (sizesText && (keyCode == NumMinusKey || keyCode == MinusKey)) mViewFontSize_Click(form, 1);
+    if (shift & AltKey && keyCode == F2Key) mBookmarkLast_Click(form, 0);
 }
 
 void wbMain_Command(MainForm& form, int number) {

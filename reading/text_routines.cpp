@@ -1,6 +1,7 @@
 #include "reading/text_routines.h"
 
 #include "common/text.h"
+#include "common/utf.h"
 #include "formats/code_pages.h"
 
 #include <algorithm>
@@ -65,8 +66,8 @@ int DigitValue(char16_t unit) {
 
 void AppendCharacter(std::uint32_t character, std::u16string& text) {
     if (character > 0xFFFF) {
-        text += static_cast<char16_t>(0xD7C0 + (character >> 10));
-        text += static_cast<char16_t>(0xDC00 + (character & 0x3FF));
+        text += HighSurrogateOf(character);
+        text += LowSurrogateOf(character);
     } else {
         text += static_cast<char16_t>(character);
     }

@@ -5,6 +5,7 @@
 #include "books/history_list.h"
 #include "books/open_book.h"
 #include "books/save_state.h"
+#include "common/flag_scope.h"
 #include "common/menu_items.h"
 #include "reading/caret.h"
 #include "reading/charset_change.h"
@@ -31,23 +32,31 @@ void TakeFont(MainForm& form, const ViewFont& chosen) {
 
 void mView_Click(MainForm& form, int) {
     MenuTree& menu = form.menu;
-    menu.mViewRefresh[0].enabled = IsBookShown(form);
+    menu.mViewRefresh[0].enabled = HistoryCount(form) > 0;
     menu.mViewFont[0].enabled = menu.mViewWordWrap[0].enabled = !IsPageShown(form);
     for (MenuItem& item : menu.mViewAlign.items)
         item.enabled = menu.mViewFont[0].enabled;
 }
 
-void mViewRefresh_Click(MainForm& form, int) {
-    for (int i = 0; i < HistoryCount(form); ++i)
-        form.menu.mFileList[i].enabled = form.ports.files->FileExists(GetBookPath(form, i));
+namespace {
+void ReloadBook(MainForm& form) {
     // Read once before the view is given up: a file that has gone leaves the text on the screen.
-    if (!IsBookShown(form) || !ExamineBookFile(form, GetBookPath(form, 0))) return;
+    if (!ExamineBookFile(form, GetBookPath(form, 0))) return;
     SaveBookState(form, 0);
     form.menu.mFileList[0].checked = false;
-    form.Refreshing = true;
+    const FlagScope refreshing(form.Refreshing);
     mFileList_Click(form, 0);
-    form.Refreshing = false;
     form.menu.mFileList[0].checked = true;
+}
+} // namespace
+
+void mViewRefresh_Click(MainForm& form, int) {
+    MenuArray& list = form.menu.mFileList;
+    for (int i = 0; i < HistoryCount(form); ++i)
+        list[i].enabled = form.ports.files->FileExists(GetBookPath(form, i));
+    if (IsBookShown(form)) return ReloadBook(form);
+    // All books were out of reach at the start, perhaps on a stick that is there now.
+    if (HistoryCount(form) > 0 && list[0].enabled) mFileList_Click(form, 0);
 }
 
 void mViewBackground_Click(MainForm& form, int) {

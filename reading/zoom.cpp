@@ -13,9 +13,9 @@ constexpr int farthestStep = 100; // far beyond what an engine zooms: a bound fo
 // What a key with Ctrl multiplies into the step, as the view zooms: back, in, out.
 std::optional<int> StepOfKey(int keyCode) {
     switch (keyCode) {
-    case 48: return 0;   // "0"
-    case 187: return 1;  // "+" of the main block
-    case 189: return -1; // "-" of the main block
+    case '0': return 0;
+    case PlusKey: return 1;
+    case MinusKey: return -1;
     default: return std::nullopt;
     }
 }

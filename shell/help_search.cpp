@@ -3,6 +3,7 @@
 #include "common/text.h"
 
 #include <algorithm>
+#include <bit>
 
 namespace {
 constexpr std::size_t mostWords = 16;
@@ -125,13 +126,6 @@ void MakeExcerpt(HelpFinding& finding, std::u16string_view text, const Paragraph
     }
 }
 
-int CountBits(unsigned bits) {
-    int count = 0;
-    for (; bits; bits &= bits - 1)
-        ++count;
-    return count;
-}
-
 Candidate Judge(const HelpTopic& topic, const std::vector<std::u16string>& query) {
     const std::vector<Paragraph> paragraphs = ParagraphsOf(topic.page, query);
     Candidate candidate;
@@ -142,9 +136,9 @@ Candidate Judge(const HelpTopic& topic, const std::vector<std::u16string>& query
         candidate.score += Score(topic.page, paragraph);
         // The title stands above the excerpt anyway.
         if (paragraph.start == 0 || !paragraph.words) continue;
-        if (!best || CountBits(paragraph.words) > CountBits(best->words)) best = &paragraph;
+        if (!best || std::popcount(paragraph.words) > std::popcount(best->words)) best = &paragraph;
     }
-    candidate.words = CountBits(words);
+    candidate.words = std::popcount(words);
     if (candidate.words == 0) return candidate;
     const Paragraph& shown = best ? *best : paragraphs.size() > 1 ? paragraphs[1] : paragraphs[0];
     const std::vector<Hit>& hits = best ? best->hits : paragraphs[0].hits;

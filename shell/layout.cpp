@@ -4,6 +4,7 @@
 #include "common/text.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 int Twips(int pixels, double perPixel) {
@@ -50,9 +51,16 @@ void fwMain_Resize(MainForm& form) {
     --form.resizeNesting;
 }
 
+void FitStatusBar(MainForm& form) {
+    constexpr double twips = 18 * 15; // 18 pixels at 96 dpi
+    const auto pixels = static_cast<int>(std::lround(twips / form.ports.window->TwipsPerPixelY()));
+    if (form.ports.statusBar->Height() != pixels) form.ports.statusBar->SetHeight(pixels);
+}
+
 void LayOutForm(MainForm& form) {
     const Window& window = *form.ports.window;
     if (window.State() == WindowState::Minimized) return;
+    FitStatusBar(form); // the window may have come to another screen
     const int width = window.InnerWidth(), innerHeight = window.InnerHeight();
     const int statusHeight = form.ports.statusBar->Height();
     const int height = std::max(innerHeight - statusHeight, 0);

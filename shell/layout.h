@@ -12,6 +12,7 @@ struct WindowPlacement {
 };
 
 void fwMain_Resize(MainForm&); // moved, resized or changed state
+void FitStatusBar(MainForm&);  // gives it the height that goes with the screen's resolution
 void LayOutForm(MainForm&);    // places status bar, panel and views; nothing while minimised
 
 // In the section of the current profile, in pixels.

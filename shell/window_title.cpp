@@ -14,18 +14,27 @@ namespace {
 bool ShowsFileName(const MainForm& form, const BookRecord& record) {
     const bool fileNameWanted = CheckedItem(form.menu.mOptionsTitle) == 0;
     const int codePage = CharsetToCodePage(form.viewFont.charset);
-    return record[Field::Title].empty() || fileNameWanted ||
+    return !IsShownBookListed(form) || record[Field::Title].empty() || fileNameWanted ||
            codePage != form.ports.locale->AnsiCodePage();
+}
+
+// Title or file name: what one would say of the book.
+std::u16string SpokenName(const MainForm& form, const BookRecord& record) {
+    const std::u16string title = DecodeCharRefs(TrimBlanks(record[Field::Title]));
+    const std::u16string path = record.Path();
+    return title.empty() ? path.substr(path.rfind(form.ports.files->Separator()) + 1) : title;
 }
 } // namespace
 
 void UpdateWindowTitle(MainForm& form) {
-    std::u16string title = form.productTitle + u" [" + form.menu.mUser[0].tag + u"]";
+    std::u16string spoken, title = form.productTitle + u" [" + form.menu.mUser[0].tag + u"]";
     if (IsBookShown(form)) {
         const BookRecord record = BookRecord::Parse(form.menu.mFileList[0].tag);
         title += u" - ";
-        title += ShowsFileName(form, record) ? record.Path()
+        title += ShowsFileName(form, record) ? form.shownPath
                                              : DecodeCharRefs(TrimBlanks(record[Field::Title]));
+        spoken = SpokenName(form, record);
     }
+    form.ports.textView->SetName(spoken);
     form.ports.window->SetTitle(title);
 }

@@ -2,16 +2,11 @@
 
 #include "common/find_text.h"
 #include "common/line_ends.h"
+#include "common/utf.h"
 #include "formats/rtf_reader.h"
 #include "formats/rtf_writer.h"
 
 #include <algorithm>
-
-namespace {
-bool IsLowSurrogate(char16_t unit) {
-    return unit >= 0xDC00 && unit <= 0xDFFF;
-}
-} // namespace
 
 void NoneTextView::LoadPlainText(std::u16string text) {
     UnifyLineEnds(text);

@@ -39,6 +39,7 @@ class NoneTextView : public TextView {
     void SetVisible(bool visible) override { visible_ = visible; }
     void SetPointer(Pointer pointer) override { pointer_ = pointer; }
     void FocusView() override {}
+    void SetName(std::u16string_view name) override { name_ = name; }
 
     bool mirrorsRightToLeft = false; // as a test wants it
 
@@ -49,6 +50,7 @@ class NoneTextView : public TextView {
     int RightMargin() const { return rightMargin_; }
     const Rect& Bounds() const { return bounds_; }
     bool Visible() const { return visible_; }
+    const std::u16string& Name() const { return name_; }
     Pointer ShownPointer() const { return pointer_; }
 
   private:
@@ -56,7 +58,7 @@ class NoneTextView : public TextView {
     TextPos Clamp(TextPos position) const;
     TextPos Columns() const;
 
-    std::u16string text_;
+    std::u16string text_, name_;
     TextPos selStart_ = 0, selLength_ = 0;
     TextPos anchor_ = 0; // a character of the top line
     ViewFont font_;

@@ -82,8 +82,11 @@ void HelpList::ShowTitles(const std::vector<std::u16string>& titles) {
 void HelpList::ShowFindings(std::vector<HelpFinding> findings) {
     clear();
     findings_ = std::move(findings);
-    for (const HelpFinding& finding : findings_)
-        addItem(ToQt(finding.title)); // what a screen reader says
+    for (const HelpFinding& finding : findings_) {
+        auto* item = new QListWidgetItem(ToQt(finding.title), this);
+        // What a screen reader says behind the title.
+        item->setData(Qt::AccessibleDescriptionRole, ToQt(finding.excerpt));
+    }
     if (findings_.empty()) {
         addItem(tr("Nothing was found."));
         item(0)->setFlags(Qt::NoItemFlags);

@@ -14,6 +14,7 @@ HtmlPanel::HtmlPanel(QWidget* parent) : QWidget(parent), notice_(new QLabel(this
     setAcceptDrops(true);
     notice_->setAlignment(Qt::AlignCenter);
     notice_->setWordWrap(true);
+    notice_->setAutoFillBackground(true);
     notice_->hide();
     hide();
 }
@@ -33,7 +34,8 @@ void HtmlPanel::resizeEvent(QResizeEvent*) {
 }
 
 void HtmlPanel::dragEnterEvent(QDragEnterEvent* event) {
-    if (event->mimeData()->hasFormat(uriList)) event->acceptProposedAction();
+    const bool ofThisPage = event->source(); // a link or a picture in it: no book to open
+    if (!ofThisPage && event->mimeData()->hasFormat(uriList)) event->acceptProposedAction();
 }
 
 void HtmlPanel::dropEvent(QDropEvent* event) {

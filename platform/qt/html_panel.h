@@ -13,7 +13,7 @@ class HtmlPanel : public QWidget {
   public:
     explicit HtmlPanel(QWidget* parent); // hidden at first
 
-    void ShowNotice(const QString&);
+    void ShowNotice(const QString&); // over the page
     void HideNotice();
 
     std::function<void(const std::vector<std::u16string>& paths)> onFilesDropped;

@@ -115,6 +115,7 @@ void HelpWidget::ShowRow(int row) {
 void HelpWidget::ShowPage(int page) {
     if (page < 0 || page >= std::ssize(contents_.titles)) return;
     text_->LoadRichText(contents_.page(page), westernCodePage);
+    text_->SetName(contents_.titles[std::size_t(page)]);
     shownPage_ = page;
 }
 

@@ -36,11 +36,20 @@ void QtHtmlView::ConnectEngine() {
         panel_->ShowNotice(HtmlPanel::tr("This page can no longer be shown."));
         CallHandler(onGone);
     };
+    engine_->onAnswering = [this](bool answers) { ShowWhetherAnswers(answers); };
     engine_->onCommand = [this](int command) { CallHandler(onCommand, command); };
     engine_->onJump = [this](int fromTop) { CallHandler(onJump, fromTop); };
     engine_->onLink = [this](const std::u16string& url, const std::u16string& path) {
         CallHandler(onLink, url, path);
     };
+}
+
+void QtHtmlView::ShowWhetherAnswers(bool answers) {
+    if (answers)
+        panel_->HideNotice();
+    else
+        panel_->ShowNotice(HtmlPanel::tr(
+            "This page does not answer. It comes back when it does.\nRefresh (F5) loads it anew."));
 }
 
 void QtHtmlView::Navigate(const std::u16string& path, int page) {

@@ -6,6 +6,7 @@
 
 #include <memory>
 
+class EngineView;
 class HtmlPanel;
 class QtWindow;
 
@@ -48,10 +49,11 @@ class QtHtmlView final : public HtmlView {
   private:
     bool LoadEngine();
     void ConnectEngine();
+    void ShowWhetherAnswers(bool answers);
 
     QtWindow& window_;
     HtmlPanel* panel_; // the window deletes it
-    std::unique_ptr<HtmlView> engine_;
+    std::unique_ptr<EngineView> engine_;
     int load_ = 0; // of the page asked for last
     bool focused_ = false;
 };

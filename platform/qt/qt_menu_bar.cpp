@@ -1,5 +1,6 @@
 #include "platform/qt/qt_menu_bar.h"
 
+#include "platform/qt/active_window.h"
 #include "platform/qt/handler.h"
 #include "platform/qt/menu_style.h"
 #include "platform/qt/model_menu.h"
@@ -7,12 +8,14 @@
 
 #include <QApplication>
 #include <QMenuBar>
+#include <QWindow>
 
 #include <algorithm>
 
 QtMenuBar::QtMenuBar(QtWindow& window, std::function<QPoint()> contextPoint)
     : window_(window), contextPoint_(std::move(contextPoint)), bar_(new QMenuBar(&window)) {
     connect(bar_, &QMenuBar::triggered, this, &QtMenuBar::Choose);
+    connect(qApp, &QGuiApplication::focusWindowChanged, this, TakeNoteOfActiveWindow);
     window_.AdoptMenuBar(bar_);
 }
 

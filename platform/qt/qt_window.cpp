@@ -1,5 +1,6 @@
 #include "platform/qt/qt_window.h"
 
+#include "platform/qt/accessible_parts.h"
 #include "platform/qt/bar_keyboard.h"
 #include "platform/qt/handler.h"
 #include "platform/qt/key_codes.h"
@@ -39,6 +40,7 @@ int Extent(int asked, int frame) {
 QtWindow::QtWindow()
     : inner_(new QWidget(this)), panel_(new QFrame(inner_)), views_(new QWidget(panel_)),
       exitSignals_([this] { CloseFromSystem(); }) {
+    InstallAccessibleParts();
     panel_->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     settling_.setSingleShot(true);
     settling_.callOnTimeout([this] { Settle(); });

@@ -10,8 +10,9 @@
 
 namespace {
 
-constexpr int gap = 2, inset = 6, textPanelWidth = 120; // pixels
-constexpr int longestStaleDate = 30'000; // milliseconds, also after the machine has slept
+constexpr int gap = 2;                         // pixels
+constexpr int inset = 6, textPanelWidth = 120; // pixels at 96 dpi
+constexpr int longestStaleDate = 30'000;       // milliseconds, also after the machine has slept
 
 } // namespace
 
@@ -32,12 +33,16 @@ void StatusPanels::SetPanels(const std::vector<StatusPanel>& panels) {
 
 void StatusPanels::RenewDate() {
     const QString today = QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat);
-    if (std::exchange(date_, today) != today) update();
+    if (std::exchange(date_, today) == today) return;
+    setAccessibleName(date_);
+    update();
 }
 
 int StatusPanels::PanelWidth(const StatusPanel& panel) const {
-    if (panel.style == PanelStyle::Date) return fontMetrics().horizontalAdvance(date_) + 2 * inset;
-    return panel.spring ? 0 : textPanelWidth;
+    const auto scaled = [this](int pixels) { return pixels * logicalDpiX() / 96; };
+    if (panel.style == PanelStyle::Date)
+        return fontMetrics().horizontalAdvance(date_) + 2 * scaled(inset);
+    return panel.spring ? 0 : scaled(textPanelWidth);
 }
 
 void StatusPanels::paintEvent(QPaintEvent*) {

@@ -1,15 +1,17 @@
 #include "platform/windows/win_dpi.h"
 
+#include "platform/windows/win_system_library.h"
+
 #include <array>
 
 namespace {
 
-// A function that the oldest Windows we run on does not have.
+// A function that the oldest Windows we run on does not have: null there.
 template <typename Function>
-Function* FindFunction(const wchar_t* module, const char* name) {
-    const HMODULE handle = GetModuleHandleW(module);
-    const auto found = handle ? GetProcAddress(handle, name) : nullptr;
-    return reinterpret_cast<Function*>(reinterpret_cast<void*>(found));
+Function* UserFunction(const char* name) {
+    Function* function = nullptr;
+    FindFunction(GetModuleHandleW(L"user32"), name, function);
+    return function;
 }
 
 int SystemDpi() {
@@ -23,14 +25,14 @@ int SystemDpi() {
 
 // GetDpiForWindow came with Windows 10. Before it the resolution of the main screen stands for all.
 int DpiOf(HWND window) {
-    static const auto dpiForWindow = FindFunction<UINT WINAPI(HWND)>(L"user32", "GetDpiForWindow");
+    static const auto dpiForWindow = UserFunction<UINT WINAPI(HWND)>("GetDpiForWindow");
     const int dpi = dpiForWindow ? static_cast<int>(dpiForWindow(window)) : 0;
     return dpi > 0 ? dpi : SystemDpi();
 }
 
 NONCLIENTMETRICSW MetricsAt(int dpi) {
-    static const auto parametersForDpi = FindFunction<BOOL WINAPI(UINT, UINT, void*, UINT, UINT)>(
-        L"user32", "SystemParametersInfoForDpi");
+    static const auto parametersForDpi =
+        UserFunction<BOOL WINAPI(UINT, UINT, void*, UINT, UINT)>("SystemParametersInfoForDpi");
     NONCLIENTMETRICSW metrics = {};
     metrics.cbSize = sizeof metrics;
     if (parametersForDpi && parametersForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0,

@@ -8,7 +8,8 @@ std::vector<std::u16string> DroppedFiles(HDROP drop) {
     for (UINT i = 0; i < count; ++i) {
         std::wstring path(DragQueryFileW(drop, i, nullptr, 0), L'\0');
         DragQueryFileW(drop, i, path.data(), static_cast<UINT>(path.size()) + 1);
-        paths.push_back(FromWide(path));
+        // Wine makes a name of nothing from a drop of web addresses only.
+        if (!path.empty()) paths.push_back(FromWide(path));
     }
     return paths;
 }

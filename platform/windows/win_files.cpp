@@ -1,5 +1,6 @@
 #include "platform/windows/win_files.h"
 
+#include "platform/windows/win_file_reader.h"
 #include "platform/windows/win_file_times.h"
 #include "platform/windows/win_handle.h"
 #include "platform/windows/win_paths.h"
@@ -187,6 +188,13 @@ ReadStatus WinFiles::ReadStart(const std::u16string& path, std::size_t count,
     start.resize(got);
     bytes = std::move(start);
     return ReadStatus::Ok;
+}
+
+std::unique_ptr<FileReader> WinFiles::Open(const std::u16string& path, ReadStatus& status) const {
+    RegularFile file(path);
+    status = file.status;
+    if (status != ReadStatus::Ok) return nullptr;
+    return std::make_unique<WinFileReader>(std::move(file.handle), file.size);
 }
 
 bool WinFiles::Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) {

@@ -21,6 +21,7 @@ class WinFiles final : public Files {
                     std::string& bytes) const override;
     ReadStatus ReadStart(const std::u16string& path, std::size_t count,
                          std::string& bytes) const override;
+    std::unique_ptr<FileReader> Open(const std::u16string& path, ReadStatus&) const override;
     bool Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) override;
     std::optional<DateTime> Stamp(const std::u16string& path, FileStamp) const override;
     bool SetStamp(const std::u16string& path, const DateTime& local, FileStamp) override;

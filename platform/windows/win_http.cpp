@@ -1,31 +1,28 @@
 #include "platform/windows/win_http.h"
 
+#include "platform/windows/win_system_library.h"
+
 #include <optional>
 
 namespace {
 
-template <typename Function>
-bool Find(HMODULE library, const char* name, Function& function) {
-    function = reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(library, name)));
-    return function != nullptr;
-}
-
 // It stays loaded: its threads may still be at work when a request is given up.
 std::optional<WinHttp> Load() {
-    const HMODULE library = LoadLibraryExW(L"winhttp.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    const HMODULE library = LoadSystemLibrary(L"winhttp.dll");
     WinHttp http = {};
-    const bool complete = library && Find(library, "WinHttpOpen", http.Open) &&
-                          Find(library, "WinHttpConnect", http.Connect) &&
-                          Find(library, "WinHttpOpenRequest", http.OpenRequest) &&
-                          Find(library, "WinHttpSetOption", http.SetOption) &&
-                          Find(library, "WinHttpSetTimeouts", http.SetTimeouts) &&
-                          Find(library, "WinHttpSetStatusCallback", http.SetStatusCallback) &&
-                          Find(library, "WinHttpSendRequest", http.SendRequest) &&
-                          Find(library, "WinHttpReceiveResponse", http.ReceiveResponse) &&
-                          Find(library, "WinHttpQueryHeaders", http.QueryHeaders) &&
-                          Find(library, "WinHttpQueryDataAvailable", http.QueryDataAvailable) &&
-                          Find(library, "WinHttpReadData", http.ReadData) &&
-                          Find(library, "WinHttpCloseHandle", http.CloseHandle);
+    const bool complete =
+        FindFunction(library, "WinHttpOpen", http.Open) &&
+        FindFunction(library, "WinHttpConnect", http.Connect) &&
+        FindFunction(library, "WinHttpOpenRequest", http.OpenRequest) &&
+        FindFunction(library, "WinHttpSetOption", http.SetOption) &&
+        FindFunction(library, "WinHttpSetTimeouts", http.SetTimeouts) &&
+        FindFunction(library, "WinHttpSetStatusCallback", http.SetStatusCallback) &&
+        FindFunction(library, "WinHttpSendRequest", http.SendRequest) &&
+        FindFunction(library, "WinHttpReceiveResponse", http.ReceiveResponse) &&
+        FindFunction(library, "WinHttpQueryHeaders", http.QueryHeaders) &&
+        FindFunction(library, "WinHttpQueryDataAvailable", http.QueryDataAvailable) &&
+        FindFunction(library, "WinHttpReadData", http.ReadData) &&
+        FindFunction(library, "WinHttpCloseHandle", http.CloseHandle);
     return complete ? std::optional(http) : std::nullopt;
 }
 

@@ -1,5 +1,6 @@
 #include "platform/windows/win_rich_message.h"
 
+#include "platform/windows/text_view/rich_edit_class.h"
 #include "platform/windows/win_text.h"
 
 #include <richedit.h>
@@ -33,7 +34,6 @@ std::vector<DialogControl> Controls(const std::vector<std::u16string>& buttons) 
 int WinRichMessage::Ask(HWND owner, const std::string& rtf, const std::u16string& title,
                         const std::vector<std::u16string>& buttons) {
     rtf_ = &rtf;
-    LoadLibraryExW(L"msftedit.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32); // has the text's class
     const int pressed = Run(owner, title, Width, Height, Controls(buttons));
     return pressed >= FirstButton ? pressed - FirstButton + 1 : 0;
 }
@@ -42,7 +42,7 @@ void WinRichMessage::OnInit() {
     RECT place = {Edge, Edge, Edge + Inner, Edge + TextHeight};
     MapDialogRect(Window(), &place);
     const HWND text = CreateWindowExW(
-        0, MSFTEDIT_CLASS, L"", WS_CHILD | WS_VISIBLE | ES_MULTILINE | ES_READONLY, place.left,
+        0, RichEditClass(), L"", WS_CHILD | WS_VISIBLE | ES_MULTILINE | ES_READONLY, place.left,
         place.top, place.right - place.left, place.bottom - place.top, Window(),
         reinterpret_cast<HMENU>(static_cast<UINT_PTR>(Text)), GetModuleHandleW(nullptr), nullptr);
     SendMessageW(text, EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(GetSysColor(COLOR_3DFACE)));

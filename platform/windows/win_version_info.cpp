@@ -3,6 +3,7 @@
 #include "platform/windows/win32.h"
 #include "platform/windows/win_paths.h"
 #include "platform/windows/win_text.h"
+#include "platform/windows/win_version_functions.h"
 #include "product.h"
 
 #include <cstddef>
@@ -15,11 +16,13 @@ namespace {
 
 // The version resource of a file; empty for none.
 std::vector<std::byte> VersionBlock(const std::u16string& path) {
+    const WinVersionFunctions* const version = LoadVersionFunctions();
     const auto native = NativePath(path);
+    if (!version || !native) return {};
     DWORD ignored = 0;
-    const DWORD size = native ? GetFileVersionInfoSizeW(native->c_str(), &ignored) : 0;
+    const DWORD size = version->Size(native->c_str(), &ignored);
     std::vector<std::byte> block(size);
-    if (size != 0 && !GetFileVersionInfoW(native->c_str(), 0, size, block.data())) block.clear();
+    if (size != 0 && !version->Read(native->c_str(), 0, size, block.data())) block.clear();
     return block;
 }
 
@@ -28,8 +31,8 @@ template <typename T>
 const T* Entry(const std::vector<std::byte>& block, const std::wstring& name, UINT& length) {
     void* place = nullptr;
     length = 0;
-    if (block.empty() || !VerQueryValueW(block.data(), name.c_str(), &place, &length))
-        return nullptr;
+    if (block.empty()) return nullptr; // so there is a library, once there is a block
+    if (!LoadVersionFunctions()->Query(block.data(), name.c_str(), &place, &length)) return nullptr;
     return static_cast<const T*>(place);
 }
 

@@ -196,7 +196,7 @@ LRESULT WinWindow::Answer(HWND window, UINT message, WPARAM wParam, LPARAM lPara
         reinterpret_cast<MINMAXINFO*>(lParam)->ptMaxTrackSize = {largestExtent, largestExtent};
         return 0;
     case WM_DROPFILES:
-        CallHandler(onFilesDropped, TakeDroppedFiles(reinterpret_cast<HDROP>(wParam)));
+        drops_.Add(window, TakeDroppedFiles(reinterpret_cast<HDROP>(wParam)));
         return 0;
     case WM_TIMER:
         if (wParam == closeTimer) CloseWhenPossible();

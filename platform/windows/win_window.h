@@ -3,6 +3,7 @@
 
 #include "platform/window.h"
 #include "platform/windows/win_dpi.h"
+#include "platform/windows/win_drops.h"
 #include "platform/windows/win_input.h"
 #include "platform/windows/win_native_window.h"
 
@@ -15,9 +16,9 @@ class WinWindow final : public Window {
     WinWindow();
     ~WinWindow() override;
 
-    HWND Handle() const { return frame_.Handle(); }                         // null once closed
-    HWND ViewArea() const { return panel_.Handle(); }                       // parent of both views
-    std::function<void(const std::vector<std::u16string>&)> onFilesDropped; // full paths
+    HWND Handle() const { return frame_.Handle(); }   // null once closed
+    HWND ViewArea() const { return panel_.Handle(); } // parent of both views
+    WinDrops::Tell onFilesDropped;                    // full paths
 
     // For a view that has its own ways with keys: `normalizeKey` comes before the form is told of a
     // key, `takeKey` after; true when the view is done with the message.
@@ -64,6 +65,7 @@ class WinWindow final : public Window {
 
     WindowEvents events_;
     WinInput input_;
+    WinDrops drops_{onFilesDropped};
     WinFont font_;                                  // null: the one of the device
     Shown shown_;                                   // as last reported
     WindowState stateToOpen_ = WindowState::Normal; // until it is open

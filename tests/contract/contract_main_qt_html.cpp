@@ -8,8 +8,10 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QWindow>
 
+#include <algorithm>
 #include <csignal>
 #include <fstream>
 #include <sstream>
@@ -65,17 +67,26 @@ class QtBench final : public HtmlViewBench {
         }
     }
 
-    // Those that the engine's own children have forked.
-    void KillEngine() override {
+    void KillEngine() override { SendToEngine(SIGKILL); }
+    void HangEngine(bool hangs) override { SendToEngine(hangs ? SIGSTOP : SIGCONT); }
+    bool SaysHang() override {
+        const auto labels = window_.findChildren<QLabel*>();
+        return std::ranges::any_of(labels, [](const QLabel* label) {
+            return label->isVisible() && label->text().contains(QLatin1String("does not answer"));
+        });
+    }
+
+  private:
+    // To those that the engine's own children have forked.
+    static void SendToEngine(int signal) {
         const int self = static_cast<int>(QCoreApplication::applicationPid());
         for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
             const int process = std::atoi(entry.path().filename().c_str());
             const int parent = process > 0 ? ParentOf(process) : 0;
-            if (parent > 0 && parent != self && ParentOf(parent) == self) kill(process, SIGKILL);
+            if (parent > 0 && parent != self && ParentOf(parent) == self) kill(process, signal);
         }
     }
 
-  private:
     QtWindow window_;
     QtHtmlView view_{window_};
 };

@@ -3,7 +3,10 @@
 
 #include "platform/files.h"
 
+#include <doctest/doctest.h>
+
 #include <string>
+#include <string_view>
 #include <vector>
 
 // One back end with a writable, empty folder.
@@ -15,6 +18,10 @@ class FilesUnderTest {
     virtual void MakeReadOnly(const std::u16string& file) = 0;
     virtual bool IsReadOnly(const std::u16string& file) = 0;
     virtual std::vector<std::u16string> NamesIn(const std::u16string& folder) = 0; // sorted
+    // As another program does it that saves a file of this name.
+    virtual void TakeThePlaceOf(const std::u16string& file, std::string_view bytes) {
+        REQUIRE(Port().Replace(file, bytes, false));
+    }
     // False where the system makes up a creation time from the others.
     virtual bool KnowsCreationTimes() { return true; }
 

@@ -9,6 +9,8 @@
 
 #include <doctest/doctest.h>
 
+#include <winioctl.h>
+
 namespace {
 
 constexpr std::uint64_t NoLimit = 1u << 30;
@@ -28,6 +30,11 @@ class WinUnderTest : public FilesUnderTest {
         for (const std::wstring& name : NamesInFolder(ToWide(folder)))
             names.push_back(FromWide(name));
         return names;
+    }
+    // Not every Windows puts a file in the place of one that is being read.
+    void TakeThePlaceOf(const std::u16string& file, std::string_view bytes) override {
+        REQUIRE(MoveFileW(ToWide(file).c_str(), ToWide(file + u".old").c_str()));
+        REQUIRE(files_.Replace(file, bytes, false));
     }
     bool KnowsCreationTimes() override { return !RunsUnderWine(); }
 
@@ -176,6 +183,63 @@ TEST_CASE("windows files: another program has the book open") {
     CHECK(test.Port().Version(file));
     CHECK_FALSE(test.Port().Replace(file, "new", false));
     CHECK(test.NamesIn(test.Root()).size() == 1); // and no temporary file
+}
+
+TEST_CASE("windows files: what another program may do while a book is being read") {
+    WinUnderTest test;
+    const std::u16string file = test.Path(u"a.txt"), renamed = test.Path(u"b.txt");
+    REQUIRE(test.Port().Replace(file, "0123456789", false));
+    ReadStatus status = ReadStatus::Failed;
+    const std::unique_ptr<FileReader> reader = test.Port().Open(file, status);
+    REQUIRE(reader);
+    const auto part = [&](std::uint64_t offset) {
+        char bytes[4] = {};
+        return std::string(bytes, reader->ReadAt(offset, bytes, sizeof bytes));
+    };
+    {
+        const WinHandle writer = OpenAs(file, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ);
+        REQUIRE(writer.IsOpen());
+        DWORD written = 0;
+        CHECK(WriteFile(writer.Get(), "abcd", 4, &written, nullptr));
+        CHECK(part(2) == "cd45");
+        CHECK(SetFilePointer(writer.Get(), 6, nullptr, FILE_BEGIN) == 6);
+        CHECK(SetEndOfFile(writer.Get()));
+        CHECK(part(4) == "45");
+        CHECK(part(6).empty());
+    }
+    CHECK(MoveFileW(ToWide(file).c_str(), ToWide(renamed).c_str()));
+    CHECK(part(0) == "abcd");
+    CHECK(DeleteFileW(ToWide(renamed).c_str()));
+    CHECK(part(0) == "abcd");
+    CHECK(reader->Size() == 10);
+    CHECK_FALSE(test.Port().Open(u"NUL", status));
+    CHECK(status == ReadStatus::NotAFile);
+}
+
+TEST_CASE("windows files: a place far behind 4 GB is read where it is") {
+    WinUnderTest test;
+    const std::u16string path = test.Path(u"large");
+    constexpr std::uint64_t place = (std::uint64_t{5} << 30) + 3;
+    {
+        const WinHandle file(CreateFileW(ToWide(path).c_str(), GENERIC_WRITE, 0, nullptr,
+                                         CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+        REQUIRE(file.IsOpen());
+        DWORD done = 0; // only a few bytes of it are on the disk where the file system can
+        DeviceIoControl(file.Get(), FSCTL_SET_SPARSE, nullptr, 0, nullptr, 0, &done, nullptr);
+        LARGE_INTEGER end = {};
+        end.QuadPart = place;
+        REQUIRE(SetFilePointerEx(file.Get(), end, nullptr, FILE_BEGIN));
+        REQUIRE(WriteFile(file.Get(), "end", 3, &done, nullptr));
+    }
+    ReadStatus status = ReadStatus::Failed;
+    const std::unique_ptr<FileReader> reader = test.Port().Open(path, status);
+    REQUIRE(reader);
+    CHECK(reader->Size() == place + 3);
+    char bytes[8] = {};
+    CHECK(reader->ReadAt(place, bytes, sizeof bytes) == 3);
+    CHECK(std::string(bytes, 3) == "end");
+    CHECK(reader->ReadAt(3, bytes, sizeof bytes) == 8);
+    CHECK(std::string(bytes, 3) == std::string(3, '\0'));
 }
 
 TEST_CASE("windows files: attributes of all kinds are kept, and the time of creation") {

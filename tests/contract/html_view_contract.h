@@ -6,6 +6,7 @@
 
 #include <doctest/doctest.h>
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -22,6 +23,9 @@ class HtmlViewBench {
     virtual void Press(int keyCode, int shift) = 0; // a key down and up, as by the user
     virtual void CloseWindow() = 0;
     virtual void KillEngine() = 0; // the process that shows the page
+    // That process answers nothing, until it does again; on a back end that has one.
+    virtual void HangEngine(bool) {}
+    virtual bool SaysHang() { return false; } // in the page's place
     virtual double PixelRatio() = 0;
 
     std::vector<std::pair<int, int>> keysDown; // that the window was told of: code and shift
@@ -45,7 +49,9 @@ class PageTest {
     void Navigate(const std::filesystem::path&);
     // Writes a page, loads it and waits for that.
     void Open(std::string_view body, std::string_view head = "");
-    bool WaitFor(const std::function<bool()>& condition) const; // false after ten seconds
+    // False when the time is over.
+    bool WaitFor(const std::function<bool()>& condition,
+                 std::chrono::seconds longest = std::chrono::seconds(10)) const;
     // Lets all orders given so far take place.
     void Settle() { view.TextsOf({{0, 1}}); }
     std::u16string Text(PageSpan span = {0, 1 << 30});

@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QWheelEvent>
 #include <QWindow>
@@ -75,6 +76,37 @@ TEST_CASE("qt menu bar: a menu asked for twice opens once") {
     REQUIRE(Bench::Shown());
     CHECK(bench.log.size() == 1);
     Bench::Shown()->close();
+}
+
+TEST_CASE("qt menu bar: a window that is given the keyboard takes it from an open menu") {
+    QWidget help;
+    QLineEdit field(&help);
+    field.setFocus();
+    help.show(); // and the window manager takes its time before it gives it the keyboard
+    Bench bench;
+    QApplication::processEvents();
+    REQUIRE(QApplication::activeWindow() == &bench.window);
+    bench.bar.ShowMenu(bench.top);
+    QApplication::processEvents();
+    REQUIRE(Bench::Shown());
+    help.activateWindow();
+    QApplication::processEvents();
+    CHECK_FALSE(Bench::Shown());
+    CHECK(QApplication::activeWindow() == &help);
+    CHECK(field.hasFocus());
+}
+
+TEST_CASE("qt menu bar: a menu stays when the keyboard comes to its window later") {
+    Bench bench;
+    bench.bar.ShowMenu(bench.top);
+    QApplication::processEvents();
+    REQUIRE(Bench::Shown());
+    QMenu* menu = Bench::Shown();
+    bench.window.windowHandle()->requestActivate();
+    QApplication::processEvents();
+    CHECK(Bench::Shown() == menu);
+    CHECK(QApplication::activeWindow() == &bench.window);
+    menu->close();
 }
 
 TEST_CASE("qt menu bar: a context menu is shown at once, where it was asked for") {

@@ -7,8 +7,10 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QTextLayout>
 
 #include <string>
+#include <vector>
 
 struct QtViewBench {
     QtTextView view{nullptr};
@@ -18,6 +20,7 @@ struct QtViewBench {
         view.SetVisible(true);
     }
     TextWidget& Widget() { return static_cast<TextWidget&>(*view.Widget()); }
+    int TextWidth() { return Widget().maximumViewportSize().width() - 12; } // but for the margins
     // Whether the view used the key.
     bool Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QKeyEvent event(QEvent::KeyPress, key, modifiers);
@@ -40,4 +43,25 @@ inline std::u16string RepeatedText(std::u16string_view part, int times) {
     for (int i = 0; i < times; ++i)
         text += part;
     return text;
+}
+
+// Starts of the lines of one paragraph, laid out as a whole.
+inline std::vector<TextPos> WholeLayout(const std::u16string& text, TextPos start, TextPos end,
+                                        int width, QWidget* device) {
+    QTextLayout layout(QString::fromStdU16String(text.substr(start, end - start)), MakeFont({}),
+                       device);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    option.setTextDirection(layout.text().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+    const QFontMetricsF metrics(MakeFont({}), device);
+    option.setTabStopDistance(8 * metrics.horizontalAdvance(u' '));
+    layout.setTextOption(option);
+    layout.beginLayout();
+    std::vector<TextPos> starts;
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        starts.push_back(start + line.textStart());
+    }
+    layout.endLayout();
+    return starts;
 }

@@ -2,6 +2,7 @@
 #include "tests/contract/qt_text_view_bench.h"
 
 #include "formats/document.h"
+#include "platform/qt/text_view/char_formats.h"
 
 #include <doctest/doctest.h>
 
@@ -254,6 +255,28 @@ TEST_CASE("qt text view: the font for all holds over the file's until the next l
     bench.view.SetFont(small);
     bench.view.LoadDocument(TwoStyles());
     CHECK(CaretAt(bench, 8).height() == own);
+}
+
+TEST_CASE("qt text view: of a file with thousands of fonts a bounded number is looked for") {
+    Document document;
+    document.fonts = {u"Serif"};
+    document.charStyles.clear();
+    for (std::uint16_t i = 1; i <= 3000; ++i) {
+        document.fonts.push_back(u"Font" + QString::number(i).toStdU16String());
+        document.charStyles.emplace_back().font = i;
+    }
+    const ViewLook look;
+    const QPalette palette;
+    CharFormats formats(document, look, palette);
+    QStringList families;
+    for (std::uint32_t i = 0; i < 3000; ++i) {
+        document.charRuns = {{0, i}};
+        families += formats.FormatAt(0).font().family();
+    }
+    CHECK(families.front() == "Font1");
+    CHECK(families.back() == "Serif");
+    families.removeDuplicates();
+    CHECK(families.size() <= 250);
 }
 
 TEST_CASE("qt text view: the alignment set holds until the next load") {

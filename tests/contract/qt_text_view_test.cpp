@@ -10,7 +10,6 @@
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QScrollBar>
-#include <QTextLayout>
 #include <QUrl>
 
 #include <random>
@@ -26,31 +25,6 @@ std::u16string RandomText(std::mt19937& random, int length) {
         text += pieces[random() % std::size(pieces)];
     return text;
 }
-
-// Starts of the lines of one paragraph, laid out as a whole.
-std::vector<TextPos> WholeLayout(const std::u16string& text, TextPos start, TextPos end, int width,
-                                 QWidget* device) {
-    QTextLayout layout(QString::fromStdU16String(text.substr(start, end - start)), MakeFont({}),
-                       device);
-    QTextOption option;
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    option.setTextDirection(layout.text().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
-    const QFontMetricsF metrics(MakeFont({}), device);
-    option.setTabStopDistance(8 * metrics.horizontalAdvance(u' '));
-    layout.setTextOption(option);
-    layout.beginLayout();
-    std::vector<TextPos> starts;
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(width);
-        starts.push_back(start + line.textStart());
-    }
-    layout.endLayout();
-    return starts;
-}
-
-int TextWidth(QtViewBench& bench) {
-    return bench.Widget().maximumViewportSize().width() - 12; // the margins
-}
 } // namespace
 
 TEST_CASE("qt text view: its lines are those of whole paragraphs laid out") {
@@ -59,7 +33,7 @@ TEST_CASE("qt text view: its lines are those of whole paragraphs laid out") {
         const std::u16string text = RandomText(random, 400);
         QtViewBench bench(80 + int(random() % 600), 200);
         bench.view.LoadPlainText(text);
-        const int width = TextWidth(bench);
+        const int width = bench.TextWidth();
         TextPos start = 0;
         while (start <= TextPos(text.size())) {
             const auto lineBreak = text.find(u'\n', start);

@@ -3,8 +3,7 @@
 
 #include "platform/window.h"
 #include "platform/windows/html_view/page_keys.h"
-
-#include <shlobj.h>
+#include "tests/contract/windows_drop.h"
 
 #include <algorithm>
 
@@ -180,14 +179,8 @@ class DroppedFile final : public ComObject<IDataObject> {
     }
     HRESULT STDMETHODCALLTYPE GetData(FORMATETC* format, STGMEDIUM* medium) noexcept override {
         if (QueryGetData(format) != S_OK) return DV_E_FORMATETC;
-        const std::size_t size = sizeof(DROPFILES) + (path_.size() + 2) * sizeof(wchar_t);
         medium->tymed = TYMED_HGLOBAL;
-        medium->hGlobal = GlobalAlloc(GHND, size);
-        auto* files = static_cast<DROPFILES*>(GlobalLock(medium->hGlobal));
-        files->pFiles = sizeof(DROPFILES);
-        files->fWide = TRUE;
-        std::copy(path_.begin(), path_.end(), reinterpret_cast<wchar_t*>(files + 1));
-        GlobalUnlock(medium->hGlobal);
+        medium->hGlobal = DroppedMemory(path_ + L'\0');
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE QueryGetData(FORMATETC* format) noexcept override {

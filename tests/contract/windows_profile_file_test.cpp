@@ -182,26 +182,10 @@ void CompareEngines(const ProfileFile& a, const ProfileFile& b) {
         CHECK((a.SectionLines(Unicode(section)) == b.SectionLines(Unicode(section))));
 }
 
-bool HasSeveral(const ProfileFile& file, const std::string& section) {
-    int count = 0;
-    for (const std::u16string& name : file.SectionNames())
-        count += _stricmp(Narrow(name).c_str(), section.c_str()) == 0;
-    return count > 1;
-}
-
 // The same change by both, in a file of each.
 void Change(ProfileFile& engine, SystemProfile& system, Generator& choose) {
     const std::string section = choose.Section(), key = choose.Key();
-    if (choose.OneIn(8)) {
-        engine.RemoveKey(Unicode(section), Unicode(key));
-        system.Set(Wide(section), Wide(key).c_str(), nullptr);
-    } else if (choose.OneIn(12)) {
-        // The second of several comes to light. To rewrite the first leaves it as it is here, and
-        // empties it under Wine; nobody documents that.
-        if (HasSeveral(engine, section)) return;
-        engine.RemoveSection(Unicode(section));
-        system.Set(Wide(section), nullptr, nullptr);
-    } else if (choose.OneIn(3)) {
+    if (choose.OneIn(3)) {
         std::vector<std::string> lines;
         while (!choose.OneIn(4))
             lines.push_back(choose.Key() + "=" + choose.Value());

@@ -4,6 +4,8 @@
 
 #include <doctest/doctest.h>
 
+#include <commctrl.h>
+
 namespace {
 CHARFORMAT2W FormatAt(WinTextView& view, TextPos position) {
     view.Select(position, 1);
@@ -47,6 +49,52 @@ TEST_CASE("windows text view: characters that mean something to the control keep
         CHECK(view.SelLength() == 1);
         const bool letter = text[at] >= u'a' && text[at] <= u'z';
         if (letter) CHECK(SelectedByControl(view, at, 1) == text.substr(at, 1));
+    }
+}
+
+namespace {
+constexpr UINT_PTR coarseId = 100;
+
+// Makes the control tell and take scroll positions as the system's does for a text that is more
+// than 65535 pixels high: in steps of many.
+LRESULT CALLBACK CoarseScrolling(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                 DWORD_PTR) {
+    constexpr LONG step = 100; // pixels
+    POINT* const point = reinterpret_cast<POINT*>(lParam);
+    POINT exact = {};
+    if (message == EM_SETSCROLLPOS) {
+        exact = {point->x, point->y * step};
+        return DefSubclassProc(window, message, wParam, reinterpret_cast<LPARAM>(&exact));
+    }
+    const LRESULT answer = DefSubclassProc(window, message, wParam, lParam);
+    if (message == EM_GETSCROLLPOS) point->y /= step;
+    return answer;
+}
+} // namespace
+
+TEST_CASE("windows text view: a line comes exactly to the top of a text of any height") {
+    WinTextView view(HiddenWindow());
+    view.SetBounds({0, 0, 400, 300});
+    std::u16string text;
+    for (int i = 1000; i < 2000; ++i)
+        text += u"a line\n"; // 7 units
+    view.LoadPlainText(text);
+    view.ScrollLineToTop(500 * 7);
+    const auto first = [&] { return SendMessageW(view.Handle(), EM_GETFIRSTVISIBLELINE, 0, 0); };
+    for (int i = 0; i < 5; ++i) {
+        POINT point = {};
+        SendMessageW(view.Handle(), EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&point));
+        point.y += 7; // a part of a line, as by the mouse
+        SendMessageW(view.Handle(), EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&point));
+        SetWindowSubclass(view.Handle(), CoarseScrolling, coarseId, 0);
+        const TextPos top = view.FirstVisibleChar();
+        CAPTURE(top);
+        view.Select(3, 2); // out of sight
+        CHECK(view.FirstVisibleChar() == top);
+        view.ScrollLineToTop(top);
+        CHECK(first() == top / 7);
+        CHECK(view.FirstVisibleChar() == top);
+        RemoveWindowSubclass(view.Handle(), CoarseScrolling, coarseId);
     }
 }
 

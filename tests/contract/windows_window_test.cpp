@@ -1,6 +1,8 @@
 // The main window on Windows.
 #include "platform/windows/win_window.h"
+#include "tests/contract/windows_drop.h"
 #include "tests/contract/windows_message_pump.h"
+#include "tests/contract/windows_while_open.h"
 
 #include <doctest/doctest.h>
 
@@ -9,6 +11,7 @@
 namespace {
 
 using KeyList = std::vector<std::pair<int, int>>;
+using Paths = std::vector<std::u16string>;
 
 struct Bench {
     WinWindow window;
@@ -204,6 +207,68 @@ TEST_CASE("windows window: the keyboard goes to the view that shows") {
     bench.window.Open();
     SetFocus(bench.window.Handle());
     CHECK(GetFocus() == shown);
+}
+
+TEST_CASE("windows window: a drop is answered at once, then told with the window in front") {
+    Bench bench;
+    bench.window.Open();
+    const OwnerWindow other({300, 300, 500, 400}); // whose files these are, and the keyboard
+    SetForegroundWindow(other.Get());
+    REQUIRE(Becomes([&] { return GetForegroundWindow() == other.Get(); }));
+    std::vector<std::u16string> dropped;
+    HWND inFront = nullptr;
+    bench.window.onFilesDropped = [&](const std::vector<std::u16string>& paths) {
+        dropped = paths;
+        inFront = GetForegroundWindow();
+    };
+    using namespace std::string_literals;
+    SendMessageW(bench.window.Handle(), WM_DROPFILES, DropOf(L"C:\\b.txt\0"s), 0);
+    CHECK(dropped.empty());
+    CHECK(GetForegroundWindow() == other.Get());
+    CHECK(Becomes([&] { return !dropped.empty(); }));
+    CHECK(dropped == std::vector<std::u16string>{u"C:\\b.txt"});
+    CHECK(inFront == bench.window.Handle());
+}
+
+TEST_CASE("windows window: a drop of no files changes nothing") {
+    Bench bench;
+    bench.window.Open();
+    const OwnerWindow other({300, 300, 500, 400});
+    SetForegroundWindow(other.Get());
+    REQUIRE(Becomes([&] { return GetForegroundWindow() == other.Get(); }));
+    int told = 0;
+    bench.window.onFilesDropped = [&](const auto& paths) {
+        told += paths == Paths{u"C:\\c"} ? 1 : 9;
+    };
+    using namespace std::string_literals;
+    for (const std::wstring& paths : {L""s, L"\0"s})
+        SendMessageW(bench.window.Handle(), WM_DROPFILES, DropOf(paths), 0);
+    MSG message;
+    CHECK_FALSE(PeekMessageW(&message, nullptr, WM_APP, WM_APP, PM_NOREMOVE));
+    CHECK(GetForegroundWindow() == other.Get());
+    SendMessageW(bench.window.Handle(), WM_DROPFILES, DropOf(L"C:\\c\0"s), 0);
+    CHECK(Becomes([&] { return told != 0; }));
+    CHECK(told == 1);
+}
+
+TEST_CASE("windows window: a message about a drop has the keyboard") {
+    Bench bench;
+    bench.window.Open();
+    const OwnerWindow other({300, 300, 500, 400});
+    SetForegroundWindow(other.Get());
+    REQUIRE(Becomes([&] { return GetForegroundWindow() == other.Get(); }));
+    int answer = 0;
+    bench.window.onFilesDropped = [&](const std::vector<std::u16string>&) {
+        const WhileOpen press([](HWND box) {
+            CHECK(GetForegroundWindow() == box);
+            PressKey(VK_ESCAPE);
+        });
+        answer = MessageBoxW(bench.window.Handle(), L"Well?", L"Asked", MB_OKCANCEL);
+    };
+    using namespace std::string_literals;
+    SendMessageW(bench.window.Handle(), WM_DROPFILES, DropOf(L"C:\\b.txt\0"s), 0);
+    CHECK(Becomes([&] { return answer != 0; }));
+    CHECK(answer == IDCANCEL);
 }
 
 TEST_CASE("windows window: text is measured in the menu font, and units follow the resolution") {

@@ -1,16 +1,17 @@
 """The program starts with whatever it finds in place of its data file."""
 import os
 import random
-import stat
+import unittest
 
 from harness import books
 from harness.data_file import data_file_bytes, record_line
 from harness.story import Story, main
 from harness.wait import wait_for
-from harness.wine import shown_path
+from harness.wine import ON_WINE, shown_path
 
 SEED = 5
 READ_ONLY = 0o444
+RIGHTS = 0o666 if ON_WINE else 0o777  # Wine makes the right to run it out of others
 
 
 class BadDataFile(Story):
@@ -18,11 +19,16 @@ class BadDataFile(Story):
         self.program = self.reader()
         self.book = books.write_book(self.path("lanterns.txt"), books.lines("latin", 500))
 
-    def start_with(self, content):
+    def write(self, content):
         with open(self.program.data_path, "wb") as file:
             file.write(content)
+
+    def start_with(self, content):
+        self.write(content)
         self.program.start(self.book)
-        self.program.wait_for_window()
+        self.wait_for_title()
+
+    def wait_for_title(self):
         wait_for(lambda: self.program.title().endswith("] - " + shown_path(self.book)), "the book")
 
     def assert_usable(self, content):
@@ -33,7 +39,7 @@ class BadDataFile(Story):
         text = self.program.data_bytes().decode()
         self.assertIn(shown_path(self.book) + "=", text)
         self.program.start(self.book)
-        wait_for(lambda: self.program.title().endswith("] - " + shown_path(self.book)), "the book")
+        self.wait_for_title()
         self.program.close()
 
     def test_random_bytes(self):
@@ -68,14 +74,17 @@ class BadDataFile(Story):
             with self.subTest(value=value):
                 record = record_line(self.book, **dict.fromkeys(names, value))
                 place = dict.fromkeys(("Left", "Top", "Width", "Height"), value)
-                self.start_with(data_file_bytes(record, State=77, **place))
+                self.write(data_file_bytes(record, State=77, **place))
+                self.program.process = self.program.launch(self.book)
+                # Wine does not show the X server a window that is wholly outside the screen.
+                self.program.window = wait_for(self.program.hidden_window, "the window")
+                self.wait_for_title()
                 self.program.terminate()
 
     def test_the_ansi_code_page(self):
         book = books.write_book(self.path("été.txt"), books.lines("accents", 100))
         content = data_file_bytes(record_line(book, Wrap=1, LastPos=0)).decode().encode("cp1252")
-        with open(self.program.data_path, "wb") as file:
-            file.write(content)
+        self.write(content)
         self.program.start()
         self.program.wait_for_book(book)
         self.program.close()
@@ -89,9 +98,10 @@ class BadDataFile(Story):
         self.program.start(other)
         self.program.wait_for_book(other)
         self.program.close()
-        self.assertEqual(stat.S_IMODE(os.stat(self.program.data_path).st_mode), READ_ONLY)
+        self.assertEqual(os.stat(self.program.data_path).st_mode & RIGHTS, READ_ONLY)
         self.assertEqual(self.program.data().paths(), [other, self.book])
 
+    @unittest.skipIf(ON_WINE, "Wine says of every folder that it can be written")
     def test_a_folder_that_cannot_be_written(self):
         if os.getuid() != 0:
             self.skipTest("only root can run the program as another user")
@@ -103,7 +113,7 @@ class BadDataFile(Story):
         program.wait_for_book(self.book)
         program.close()
         self.assertFalse(os.path.exists(program.data_path))
-        program.data_path = os.path.join(program.home, "share/Norvaset/Norvaset.dat")
+        program.data_path = program.user_data_path()
         self.assertEqual(program.data().paths(), [self.book])
         program.start()
         program.wait_for_book(self.book)

@@ -2,30 +2,64 @@
 import os
 import shutil
 import signal
+import unittest
+import unittest.mock
 
 from harness import books
 from harness.data_file import data_file_bytes, record_line
 from harness.story import Story, main
 from harness.wait import wait_for
+from harness.wine import ON_WINE, shown_path
+
+HELPER = os.environ.get("WINDOWS_HELPER", "")  # writes down its number of arguments and the first
 
 
 class Editor(Story):
-    def opened(self, program):
-        """What was handed to the desktop's opener."""
-        if not os.path.exists(program.opened_path):
-            return ""
-        with open(program.opened_path, encoding="utf-8") as file:
-            return file.read()
+    def prepare(self, program, book, editor=None, kind=0):
+        """A data file that knows the book and, for its kind, this editor."""
+        with open(program.data_path, "wb") as file:
+            file.write(data_file_bytes(record_line(book, Wrap=1, Filter=kind)))
+            if editor:
+                file.write(f"[fwMain]\r\nmOptionsEditor-{kind}={editor}\r\n".encode())
 
+    def choose_editor(self, program):
+        program.open_menu("f")
+        program.key("e")
+
+    def wait_for_editor(self, kind, title):
+        """The process of the editor whose window shows the book."""
+        def window():
+            found = self.screen.xdotool("search", "--onlyvisible", "--class", kind).split()
+            return next((one for one in found
+                         if title in self.screen.xdotool("getwindowname", one)), None)
+        shown = wait_for(window, "the editor's window with the book")
+        return int(self.screen.xdotool("getwindowpid", shown))
+
+    def assert_lives_on(self, process):
+        os.kill(process, 0)
+        os.kill(process, signal.SIGTERM)
+
+    @unittest.skipIf(ON_WINE, "there the default is a program of the system")
     def test_text_opens_with_the_desktops_program(self):
         book = books.write_book(self.path("two words – é.txt"), books.lines("latin", 100))
         program = self.reader().start(book)
         program.wait_for_book(book)
-        program.open_menu("f")
-        program.key("e")
-        wait_for(lambda: self.opened(program) == book + "\n", "the editor to be started")
+        self.choose_editor(program)
+        wait_for(lambda: program.opened() == [book], "the editor to be started")
         program.close()
 
+    @unittest.skipUnless(ON_WINE, "the desktop's opener is told of elsewhere")
+    def test_text_opens_with_the_systems_editor(self):
+        book = books.write_book(self.path("two words – é.txt"), books.lines("latin", 100))
+        program = self.reader().start(book)
+        program.wait_for_book(book)
+        self.choose_editor(program)
+        process = self.wait_for_editor("notepad.exe", os.path.basename(book))
+        program.activate()
+        program.close()
+        self.assert_lives_on(process)
+
+    @unittest.skipIf(ON_WINE, "the systems' names differ")
     def test_a_real_editor(self):
         """The reader's own choice of program, and the book in that program's window."""
         editor = shutil.which("mousepad")
@@ -33,39 +67,51 @@ class Editor(Story):
             self.skipTest("mousepad is not installed")
         book = books.write_book(self.path("it's \"mine\" $HOME; `x`.txt"), books.lines("latin", 100))
         program = self.reader()
-        with open(program.data_path, "wb") as file:
-            file.write(data_file_bytes(record_line(book, Wrap=1)))
-            file.write(f"[fwMain]\r\nmOptionsEditor-0={editor}\r\n".encode())
+        self.prepare(program, book, editor)
         program.start()
         program.wait_for_book(book)
-        program.open_menu("f")
-        program.key("e")
-        title = os.path.basename(book)
-
-        def editor_window():
-            windows = self.screen.xdotool("search", "--onlyvisible", "--class", "mousepad").split()
-            return next((w for w in windows
-                         if title in self.screen.xdotool("getwindowname", w)), None)
-        window = wait_for(editor_window, "the editor's window with the book")
-        process = int(self.screen.xdotool("getwindowpid", window))
+        self.choose_editor(program)
+        process = self.wait_for_editor("mousepad", os.path.basename(book))
         program.activate()
         program.close()
-        os.kill(process, 0)  # it lives on without the reader
-        os.kill(process, signal.SIGTERM)
+        self.assert_lives_on(process)
+
+    @unittest.skipUnless(ON_WINE, "the systems' names differ")
+    def test_an_editor_gets_the_path_as_one_argument(self):
+        editor, said = self.path("my editor.exe"), self.path("said")
+        shutil.copy(HELPER, editor)
+        program = self.reader()
+        variables = {"NORVASET_HELPER_DOES": "tells", "NORVASET_HELPER_OUTPUT": shown_path(said)}
+        names = ("it's 'mine' %HOME%; `x` & é.txt", "-switch.txt", "two  blanks.rtf")
+        for name in names:
+            with self.subTest(name=name), \
+                    unittest.mock.patch.dict(self.screen.environment, variables):
+                rich = name.endswith(".rtf")
+                write = books.write_rtf_book if rich else books.write_book
+                book = write(self.path(name), books.lines("latin", 100))
+                self.prepare(program, book, shown_path(editor), kind=int(rich))
+                program.start()
+                program.wait_for_book(book)
+                self.choose_editor(program)
+                wait_for(lambda: os.path.exists(said), "the editor to be started")
+                with open(said, encoding="utf-16-le") as file:
+                    self.assertEqual(file.read(), "1:" + shown_path(book))
+                os.remove(said)
+                program.close()
 
     def test_greyed_without_an_editor_or_a_book(self):
         book = books.write_rtf_book(self.path("lanterns.rtf"), books.lines("latin", 100))
         program = self.reader()
-        with open(program.data_path, "wb") as file:
-            file.write(data_file_bytes(record_line(book, Wrap=1, Filter=1)))
+        self.prepare(program, book, kind=1)
         for _ in ("with a book that has no editor", "without a book"):
             program.start()
             program.open_menu("f")
             program.key("e")
             program.close_menu()
             program.finish_keys()
+            self.assertEqual(program.windows(), [program.window])
             program.close()
-            self.assertEqual(self.opened(program), "")
+            self.assertEqual(program.opened(), [])
             if os.path.exists(book):
                 os.remove(book)
 

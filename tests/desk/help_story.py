@@ -70,10 +70,23 @@ class Help(Story):
         self.program.activate()
         self.program.press("Next", 3)  # reading goes on beside it
         self.program.key("F1")
-        self.assertEqual(self.wait_for_help(), window)
-        self.program.activate()
+        if ON_WINE:  # it gives the help the keyboard, and the screen does not hear of it
+            self.close_dialog(window, "Escape")
+        else:
+            self.assertEqual(self.wait_for_help(), window)
+            self.program.activate()
         self.program.close()  # and the help with it
         self.assertGreater(self.book_record(self.program, self.book)["LastPos"], 0)
+
+    def test_a_menu_opened_while_it_comes_up(self):
+        """The help gets the keyboard, and the menu goes."""
+        self.start()
+        for _ in range(5):
+            self.program.key("F1", "alt+f")
+            window = self.wait_for_help()
+            wait_for(lambda: not self.program.popups(), "the menu to close")
+            self.close_dialog(window, "Escape")
+        self.program.close()
 
     def test_the_help_button_of_a_message(self):
         self.start()
@@ -81,7 +94,7 @@ class Help(Story):
         self.program.process = self.program.launch(self.path("what?.txt"))
         box = self.program.wait_for_message()
         wait_for(lambda: self.program.is_active(box), "the message box to have the keyboard")
-        self.program.key("Tab", "space")
+        self.program.key(*["F1"] if ON_WINE else ["Tab", "space"])  # Wine's button does nothing
         window = self.wait_for_help()
         self.wait_for_words(window, "There are four ways")
         self.assertTrue(self.program.message_box())
@@ -130,7 +143,6 @@ class Help(Story):
             self.program.close()
         self.assertGreater(self.book_record(self.program, self.book)["LastPos"], 0)
 
-    @unittest.skipIf(ON_WINE, "the opener of these stories is a free desktop's")
     def test_web_page_and_mail(self):
         self.start()
         self.choose("p")

@@ -4,6 +4,7 @@ import os
 import random
 
 from harness import books
+from harness.engine import pages
 from harness.html_story import HtmlStory, paragraphs, write_page
 from harness.story import main
 from harness.wait import wait_for
@@ -86,7 +87,7 @@ class HtmlFiles(HtmlStory):
     def test_the_engine_dies(self):
         path = write_page(self.path("book.htm"), paragraphs(books.lines("latin", 500)))
         reader = self.open(path, "Lanterns")
-        for pid in _pages(reader.process.pid):
+        for pid in pages(reader):
             os.kill(pid, 9)
         reader.answer_message()
         self.assertTrue(reader.is_alive())
@@ -118,14 +119,6 @@ class HtmlFiles(HtmlStory):
         wait_for(turned, "the next page", 100)
         reader.close()
         self.assertGreater(self.book_record(reader, path)["LastPos"], 0)
-
-
-def _pages(process):
-    """What the engine's own processes have forked."""
-    def children(parent):
-        with open(f"/proc/{parent}/task/{parent}/children", encoding="ascii") as file:
-            return [int(pid) for pid in file.read().split()]
-    return [pid for child in children(process) for pid in children(child)]
 
 
 if __name__ == "__main__":

@@ -1,4 +1,5 @@
 """An impatient user hammers on keys and mouse: the program takes it and closes cleanly."""
+import contextlib
 import random
 import time
 
@@ -14,6 +15,7 @@ KEYS = ["Next", "Prior", "Up", "Down", "Left", "Right", "Home", "End", "ctrl+Hom
 # What chooses "Exit" is not among the keys: no Return, and no blank while a menu may be open. Three
 # Escapes leave any menu.
 ALONE = ["Escape"] * 3
+LEAVING = ["Escape"] * 4
 PHRASES = [["alt+f", "o"], [*ALONE, "space"], [*ALONE, "shift+space"], ["alt+f", "r"],
            ["super+m"]]
 
@@ -54,22 +56,26 @@ class Impatience(Story):
         self.screen.xdotool("mousemove", x, y, "click", "--repeat", chance.randint(1, 4), "--delay",
                             chance.choice((1, 30)), button)
 
+    def others(self):
+        """The windows over or beside the main one, the lowest first."""
+        return [window for window in self.program.windows() if window != self.program.window]
+
     def calm_down(self):
-        """Leaves whatever menu or dialog is still open; then the program answers to a key."""
-        def is_alone():
-            others = [one for one in self.program.windows() if one != self.program.window]
-            if others:
-                # Hammering may have left the keyboard with nobody.
-                self.screen.xdotool("windowfocus", others[-1])
-                self.program.key("Escape")
-            elif not self.program.is_active():
-                self.screen.xdotool("windowactivate", self.program.window)
-            else:
-                return True
-            return False
-        wait_for(lambda: self.program.is_waiting() and is_alone() and self.program.is_waiting(),
-                 "the window to be left alone")
+        wait_for(self.is_left_alone, "the window to be left alone", deadline=120)
+        wait_for(self.program.is_active, "the window to have the keyboard")
         self.program.finish_keys()
+
+    def is_left_alone(self):
+        """Leaves the menu, dialog or help on top. Keys are answered in order: so when a dialog that
+        hammering never opens comes alone, all that was done before has been answered."""
+        others, dialog = self.others(), self.program.window_named("Find")
+        self.screen.xdotool("windowactivate", others[-1] if others else self.program.window)
+        self.program.key(*LEAVING)
+        if not others:
+            self.program.key("ctrl+f")
+        with contextlib.suppress(AssertionError):  # what opened late has taken the keys
+            wait_for(lambda: self.others() != others, "an answer", deadline=10)
+        return others == [dialog] and not self.others()
 
     def test_hammering(self):
         for seed in (1, 2, 3):

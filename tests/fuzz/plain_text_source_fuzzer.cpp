@@ -15,8 +15,18 @@ void Require(bool holds) {
     if (!holds) std::abort();
 }
 
+// A stretch of the text, some of it in other cases.
+std::u16string SearchFrom(const std::u16string& text, std::size_t from) {
+    std::u16string what = text.substr(from, 1 + from % 11);
+    for (std::size_t i = from % 3; i < what.size(); i += 3) {
+        const auto forms = CaseForms(what[i]);
+        what[i] = forms[(from + i) % forms.size()];
+    }
+    return what;
+}
+
 void CheckFind(const PlainTextSource& source, const std::u16string& text, std::size_t from) {
-    const std::u16string what = text.substr(from, 1 + from % 7);
+    const std::u16string what = SearchFrom(text, from);
     for (const bool wholeWord : {false, true})
         for (const bool matchCase : {false, true}) {
             const FindOptions options{wholeWord, matchCase};
@@ -38,7 +48,7 @@ void CheckBytes(const PlainTextSource& source, TextPos position) {
 // The first byte says how large a piece is and which code page a book without a mark has.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size == 0) return 0;
-    constexpr int pages[] = {0, 932, 936, 1251, 949, 1361, 65001, 1252};
+    constexpr int pages[] = {0, 932, 936, 1251, 949, 1361, 65001, 10001};
     const std::string bytes(reinterpret_cast<const char*>(data) + 1, size - 1);
     const int page = pages[data[0] % 8];
     const DecodedText decoded = DecodePlainText(bytes, page, 1252);

@@ -102,11 +102,10 @@ void SetSection(ProfileFile& file, const std::u16string& section, FuzzedDataProv
 void Change(ProfileFile& file, FuzzedDataProvider& data) {
     const std::u16string section = SectionName(data, file);
     auto before = AllLines(file);
-    const int change = data.ConsumeIntegralInRange(0, 9);
-    if (change < 6) SetValue(file, section, data);
-    if (change == 6 || change == 7) SetSection(file, section, data);
-    if (change == 8) file.RemoveKey(section, KeyName(data, file.SectionLines(section)));
-    if (change == 9) file.RemoveSection(section);
+    if (data.ConsumeIntegralInRange(0, 7) < 6)
+        SetValue(file, section, data);
+    else
+        SetSection(file, section, data);
 
     auto after = AllLines(file);
     before.erase(Fold(section));

@@ -16,8 +16,10 @@ def output(*command):
     return subprocess.run(command, check=True, capture_output=True, text=True).stdout
 
 
-def dpkg(*arguments):
-    subprocess.run([*SUDO, "dpkg", *arguments], check=True, stdout=subprocess.DEVNULL)
+def apt_get(*arguments):
+    """Waits while another program installs something."""
+    command = [*SUDO, "apt-get", "-qq", "--yes", "-o", "DPkg::Lock::Timeout=300", *arguments]
+    subprocess.run(command, check=True, stdout=subprocess.DEVNULL)
 
 
 def is_installed(name):
@@ -27,7 +29,7 @@ def is_installed(name):
 def purge_what_is_left():
     left = [name for name in reversed(NAMES) if is_installed(name)]
     if left:
-        dpkg("--purge", *left)
+        apt_get("purge", *left)
 
 
 def files_of(name):
@@ -39,7 +41,7 @@ def files_of(name):
 class DebianPackages(PackageTest):
     def test_install_read_and_purge(self):
         self.addCleanup(purge_what_is_left)
-        dpkg("--install", *(package(name + "_*.deb") for name in NAMES))
+        apt_get("install", "--no-install-recommends", *(package(name + "_*.deb") for name in NAMES))
         installed = [path for name in NAMES for path in files_of(name)]
         self.assertIn("/usr/bin/Norvaset", installed)
 
@@ -47,7 +49,7 @@ class DebianPackages(PackageTest):
         self.read(self.book, "Book.txt")
         if self.may_have_name_spaces():
             self.read(self.page(), "Lanterns")
-        dpkg("--purge", *reversed(NAMES))
+        apt_get("purge", *reversed(NAMES))
         self.assertEqual([path for path in installed if os.path.lexists(path)], [])
         self.assertFalse(os.path.exists("/usr/bin/Norvaset.dat"))
         data_file = os.path.join(self.home, ".local/share/Norvaset/Norvaset.dat")

@@ -80,7 +80,12 @@ TEST_CASE("bookmarks: next counts from 0 when there is no current one") {
     Reading test;
     test.Define(100);
     test.Define(200);
-    test.Menu().mBookmark[0].tag = u"";
+    SUBCASE("in a book just opened") {
+        CHECK(test.Menu().mBookmark[0].tag == u"-1");
+    }
+    SUBCASE("after it was let go of") {
+        test.Menu().mBookmark[0].tag = u"";
+    }
     test.Menus().Open(test.Menu().mBookmark);
     CHECK(test.Menu().mBookmarkNext[0].enabled);
     CHECK_FALSE(test.Menu().mBookmarkPrev[0].enabled);
@@ -118,6 +123,21 @@ TEST_CASE("bookmarks: the last unmarked position is the one before the last jump
     CHECK(test.Menu().mBookmarkLast[0].tag == u"");
     CHECK(test.Menu().mBookmark[0].tag == u"");
     CHECK_FALSE(test.Menu().mBookmarkList[0].checked);
+}
+
+TEST_CASE("bookmarks: the last unmarked position is one of the shown book") {
+    Reading test;
+    test.PutBook(u"/b/b.txt", NumberedLines(300));
+    test.Define(500);
+    test.Choose(test.Menu().mBookmarkList);
+    const std::u16string last = test.Menu().mBookmarkLast[0].tag;
+    CHECK(last != u"");
+    test.Menus().Open(test.Menu().mView);
+    test.Menus().Click(test.Menu().mViewRefresh);
+    CHECK(test.Menu().mBookmarkLast[0].tag == last);
+    OpenBook(test.form, u"/b/b.txt", -1);
+    test.Menus().Open(test.Menu().mBookmark);
+    CHECK_FALSE(test.Menu().mBookmarkLast[0].enabled);
 }
 
 TEST_CASE("bookmarks: deleting the only one hides item and separator") {

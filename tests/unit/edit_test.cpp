@@ -138,6 +138,17 @@ TEST_CASE("find: past searches are kept with the book, newest first, at most 20"
     CHECK(next.form.findHistory.empty());
 }
 
+TEST_CASE("find: a search in quotes comes back with them") {
+    for (const char16_t* search : {u"\"he said\"", u"'tis'", u"&#34;"}) {
+        Reading test("text");
+        test.Find(search);
+        test.Close();
+        TestForm next(test);
+        REQUIRE(next.Start());
+        CHECK(next.form.findHistory == std::vector<std::u16string>{search});
+    }
+}
+
 TEST_CASE("find: a right-to-left charset on a view that counts mirrored") {
     Reading test("abc def");
     test.form.viewFont.charset = 177;

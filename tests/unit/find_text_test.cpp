@@ -5,6 +5,7 @@
 
 #include <map>
 #include <random>
+#include <set>
 #include <string>
 
 namespace {
@@ -45,12 +46,20 @@ TEST_CASE("find text: a match at each place around the borders of what is search
     }
 }
 
-TEST_CASE("find text: no character has more than four forms that differ in case") {
-    std::map<char16_t, int> forms;
+TEST_CASE("find text: the forms of a unit are those that are folded to the same") {
+    std::map<char16_t, std::set<char16_t>> groups;
     for (char32_t unit = 0; unit <= 0xFFFF; ++unit)
-        ++forms[FoldCase(static_cast<char16_t>(unit))];
-    for (const auto& folded : forms) {
-        CAPTURE(static_cast<int>(folded.first));
-        CHECK(folded.second <= 4);
+        groups[FoldCase(static_cast<char16_t>(unit))].insert(static_cast<char16_t>(unit));
+    for (const auto& [folded, units] : groups) {
+        CAPTURE(static_cast<int>(folded));
+        CHECK(units.size() <= 4); // what a search has room for
+        for (const char16_t unit : units) {
+            const std::vector<char16_t> forms = CaseForms(unit);
+            CHECK(std::set<char16_t>(forms.begin(), forms.end()) == units);
+            CHECK(forms.size() == units.size());
+        }
     }
+    CHECK(CaseForms(u's') == std::vector<char16_t>{u'S', u's', u'\u017F'});
+    CHECK(CaseForms(u'\u03B9') ==
+          std::vector<char16_t>{u'\u0399', u'\u03B9', u'\u0345', u'\u1FBE'});
 }

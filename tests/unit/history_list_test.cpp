@@ -105,6 +105,44 @@ TEST_CASE("history: removing books, the last one and the shown one") {
     CHECK_FALSE(test.Menu().mFileRemove[0].enabled);
 }
 
+TEST_CASE("history: the neighbour of a shown book taken off the list keeps its record") {
+    const std::string neighbour = "/b/1.txt=2021:07:04:18:05:30=0=Serif=14=0=0=0=0=0=1=0=0=16777215"
+                                  "=500=2590=Caption=100,6";
+    TestForm test;
+    test.PutDataFile("[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n"
+                     "/b/0.txt=2021:07:04:18:05:30=0=Plain=10=0=0=0=0=0=1=0=0=16777215=0=2590==20,6"
+                     "\r\n" +
+                     neighbour + "\r\n");
+    test.PutBook(u"/b/0.txt", NumberedLines(300));
+    test.PutBook(u"/b/1.txt", NumberedLines(300));
+    REQUIRE(test.Start());
+    MenuTree& menu = test.Menu();
+    SUBCASE("by the reader") {
+        test.Menus().Click(menu.mFileRemoveList, 0);
+    }
+    SUBCASE("because its file has gone") {
+        test.Files().Remove(u"/b/0.txt");
+        SetHistoryCaption(test.form, 0);
+        test.Menus().Open(menu.mFile);
+        test.Menus().Click(menu.mFileNonFound);
+    }
+    REQUIRE(test.Order() == std::vector<std::u16string>{u"/b/1.txt"});
+    test.View().Select(900, 6);
+    test.View().ScrollLineToTop(900);
+    test.Menus().Open(menu.mView);
+    test.Menus().Click(menu.mViewFontSize, 0);
+    test.Menus().Open(menu.mEdit);
+    CHECK_FALSE(menu.mEditTitle[0].enabled);
+    test.Menus().Open(menu.mBookmark);
+    CHECK_FALSE(menu.mBookmarkNew[0].enabled);
+    test.Menus().Click(menu.mBookmarkDeleteList, 0);
+    test.Menus().Click(menu.mOptionsTitle, 1);
+    CHECK(test.Window().title == u"Norvaset [A] - /b/0.txt");
+    test.Timer().Tick(60);
+    test.Close();
+    CHECK(test.DataFile().find(neighbour + "\r\n") != std::string::npos);
+}
+
 TEST_CASE("history: the editor is offered for a known kind whose editor and book exist") {
     TestForm test;
     test.PutBook(u"/b/a book.txt");

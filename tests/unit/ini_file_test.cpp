@@ -276,9 +276,9 @@ TEST_CASE("ini file: a batch is one write") {
         IniWriteString(store.ini, u"s", u"a", u"3");
     }
     CHECK(store.Writes() == 2);
-    store.ini.Change(KeepTime, [](ProfileFile& file) { file.RemoveKey(u"s", u"c"); });
+    store.ini.Change(KeepTime, [](ProfileFile& file) { file.SetSection(u"s", {u"a=3"}); });
     CHECK(store.files.replaceCalls.back().keepFileTime);
-    CHECK(store.Bytes() == "[s]\r\na=3\r\nb=4\r\n");
+    CHECK(store.Bytes() == "[s]\r\na=3\r\n");
 }
 
 TEST_CASE("file dates: existence and stamps") {

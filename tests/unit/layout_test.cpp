@@ -15,6 +15,24 @@ TEST_CASE("layout: status bar, panel and views fill the window") {
     CHECK(test.form.placement == WindowPlacement{0, 75, 90, 6000, 4800});
 }
 
+TEST_CASE("layout: the status bar is as high as ever on a screen of any resolution") {
+    TestForm test;
+    REQUIRE(test.Start());
+    struct {
+        double dpi;
+        int height;
+    } const cases[] = {{120, 23}, {144, 27}, {192, 36}, {96, 18}};
+    for (const auto& row : cases) {
+        CAPTURE(row.dpi);
+        test.Window().twipsPerPixel = 1440 / row.dpi; // while it runs: moved to another screen
+        test.Window().DragTo({5, 6, 400, 320});
+        fwMain_Resize(test.form);
+        const int inner = test.Window().InnerHeight();
+        CHECK(test.Status().bounds == Rect{0, inner - row.height, 400, row.height});
+        CHECK(test.Window().panel == Rect{0, 0, 400, inner - row.height});
+    }
+}
+
 TEST_CASE("layout: minimising moves nothing, and leaving it lands on the normal rectangle") {
     TestForm test;
     REQUIRE(test.Start());
@@ -117,6 +135,21 @@ TEST_CASE("title: the caption, where it is wanted and can be shown, else the pat
           u"Norvaset [Anna] - Caption");
     TestForm shortRecord;
     CHECK(TitleFor(shortRecord, "/b/a.txt=1") == u"Norvaset [Anna] - /b/a.txt");
+}
+
+TEST_CASE("title: the text is called by its caption, in any script, else by the name of its file") {
+    TestForm captioned;
+    TitleFor(captioned, "/b/a.txt=1=0=Serif=12=204=0=0=0=0=1=0=0=0=0=9= A &#233;tude =");
+    CHECK(captioned.View().Name() == u"A \u00E9tude");
+    CheckRadioItem(0, captioned.Menu().mOptionsTitle);
+    UpdateWindowTitle(captioned.form);
+    CHECK(captioned.View().Name() == u"A \u00E9tude");
+    TestForm none;
+    TitleFor(none, "/b/a.txt=1");
+    CHECK(none.View().Name() == u"a.txt");
+    TestForm noBook;
+    REQUIRE(noBook.Start());
+    CHECK(noBook.View().Name() == u"");
 }
 
 TEST_CASE("options: an editor is described by its version information, else by its name") {

@@ -361,3 +361,19 @@ TEST_CASE("open: a book that memory does not hold is told, and keeps its record"
     test.Close();
     CHECK(test.DataFile().find("=77=9==") != std::string::npos);
 }
+
+TEST_CASE("open: a refresh that memory does not hold leaves no flag behind") {
+    TestForm test;
+    test.form.ports.textView = std::make_unique<SmallTextView>();
+    test.PutBook(u"/b/a.txt", "short");
+    test.PutBook(u"/b/b.txt", "another");
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/a.txt", -1);
+    test.PutBook(u"/b/a.txt", NumberedLines(300));
+    test.Menus().Open(test.Menu().mView);
+    test.Menus().Click(test.Menu().mViewRefresh);
+    REQUIRE(test.Dialogs().messages.size() == 1);
+    CHECK_FALSE(test.form.Refreshing);
+    OpenBook(test.form, u"/b/b.txt", -1);
+    CHECK(test.DataFile().find("\r\n/b/b.txt=2026") < test.DataFile().find("\r\n/b/a.txt="));
+}

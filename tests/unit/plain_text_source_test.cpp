@@ -1,8 +1,6 @@
 #include "formats/plain_text_source.h"
 
-#include "common/find_text.h"
-#include "common/line_ends.h"
-#include "common/utf.h"
+#include "text_samples.h"
 
 #include <doctest/doctest.h>
 
@@ -11,72 +9,6 @@
 #include <vector>
 
 namespace {
-std::shared_ptr<BytesReader> Reader(std::string bytes) {
-    return std::make_shared<BytesReader>(std::move(bytes));
-}
-
-std::u16string Whole(const std::string& bytes, int page) {
-    std::u16string text = DecodePlainText(bytes, page, 1252).text;
-    UnifyLineEnds(text);
-    return text;
-}
-
-std::u16string All(const TextSource& source) {
-    return source.Range(0, source.Length());
-}
-
-std::string Wide(std::u16string_view text, int unitBytes, bool bigEndian) {
-    std::string bytes;
-    for (const char16_t unit : text)
-        for (int i = 0; i < unitBytes; ++i) {
-            const int place = bigEndian ? unitBytes - 1 - i : i;
-            bytes += place == 0 ? char(unit & 0xFF) : place == 1 ? char(unit >> 8) : '\0';
-        }
-    return bytes;
-}
-
-struct Sample {
-    const char* name;
-    int page;
-    std::vector<std::string> parts;
-};
-
-// What a text of each encoding is made of; drawn at random, so that pieces end everywhere.
-const std::vector<Sample>& Samples() {
-    static const std::vector<Sample> samples{
-        {"ASCII", 0, {"word ", "\r\n", "\r", "\n", "a"}},
-        {"ASCII with NUL",
-         0,
-         {"plain words without a wide look ", "\r\n", std::string(1, '\0'), "x"}},
-        {"UTF-8", 0, {"a", "\xC3\xA9", "\xE2\x82\xAC", "\xF0\x9D\x84\x9E", "\r\n", "\r", "\n"}},
-        {"UTF-8 with a mark, broken",
-         0,
-         {"a", "\xC3", "\x80", "\xE2\x82", "\xF0\x9D\x84", "\xF0\x9D\x84\x9E", "\r\n", "\xFF",
-          "\r"}},
-        {"1252", 1252, {"caf\xE9 ", "\x80", "\x81", "\r\n", "\r", "\n"}},
-        {"1251, unknown page as 1252", 99, {"\xCF\xF0\xE8\xE2\xE5\xF2", "\r\n", "\r"}},
-        {"KOI8 said to be 1251", 1251, {"\xF0\xD2\xC9\xD7\xC5\xD4 ", "\xCF\xCF\xC5 ", "\r\n"}},
-        {"932", 932, {"\x93\xFA", "\x96\x7B", "a", "\x93", "\r\n", "\xB1", "\r", "\x81\x20"}},
-        {"936",
-         936,
-         {"\xC4\xE3", "\x81\x30\x81\x30", "\x90\x30\x81\x30", "\x81\x30", "\r\n", "a", "\xFF"}},
-        {"949", 949, {"\xB0\xA1", "b", "\xB0", "\r\n", "\n"}},
-        {"950", 950, {"\xA4\xA4", "\xA4", "c", "\r\n"}},
-        {"UTF-8 page",
-         65001,
-         {"\xC3\xA9", "\x80", "\xFF", "\r\n", "\xE2\x82\xAC", "\x80\x80\x80\x80"}},
-    };
-    return samples;
-}
-
-std::string Drawn(const Sample& sample, std::mt19937& random, std::size_t length) {
-    std::string bytes;
-    if (std::string_view(sample.name).starts_with("UTF-8 with")) bytes = "\xEF\xBB\xBF";
-    while (bytes.size() < length)
-        bytes += sample.parts[random() % sample.parts.size()];
-    return bytes;
-}
-
 void CheckSame(const std::string& bytes, int page, std::size_t pieceBytes) {
     const std::u16string expected = Whole(bytes, page);
     const PlainTextSource source(Reader(bytes), page, 1252, pieceBytes);
@@ -185,32 +117,6 @@ TEST_CASE("text source: breaks are found across pieces") {
     CHECK(source.UnitAt(4) == u'd');
     CHECK(source.Range(-4, 3) == u"ab\n");
     CHECK(source.Range(8, 2) == u"");
-}
-
-TEST_CASE("text source: finds what the whole text has") {
-    std::mt19937 random(9); // NOLINT
-    const std::string parts[] = {"Ka", "ks",   "\xE2\x84\xAA", "\xC5\xBF", "a ",
-                                 "ab", "\r\n", "\xC3\xA9",     "_"};
-    for (int round = 0; round < 400; ++round) {
-        std::string bytes;
-        const std::size_t length = 1 + random() % 80;
-        while (bytes.size() < length)
-            bytes += parts[random() % std::size(parts)];
-        const std::u16string text = Whole(bytes, 0);
-        const PlainTextSource source(Reader(bytes), 0, 1252, 1 + random() % 20);
-        for (const std::u16string what : {u"k", u"ka", u"aba", u"a\na", u"\u00E9a", u"s", u"abs",
-                                          u"a ab", u"kaab a", u"AB", u"\n", u"\r"})
-            for (const FindOptions options :
-                 {FindOptions{}, {true, false}, {false, true}, {true, true}})
-                for (const TextPos start : {0, 3, source.Length() / 2, source.Length()}) {
-                    const std::size_t at = FindText(
-                        text, what, std::size_t(std::min(start, source.Length())), options);
-                    const TextPos expected = at == text.npos ? -1 : TextPos(at);
-                    CHECK(source.Find(what, start, options) == expected);
-                }
-        CHECK(source.Find(text, 0, {}) == 0);
-        CHECK(source.Find(text + u"x", 0, {}) == -1);
-    }
 }
 
 namespace {

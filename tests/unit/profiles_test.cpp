@@ -23,6 +23,15 @@ TEST_CASE("profiles: without a list there is Default alone") {
     CHECK(Captions(test.Menu().mProfileList) == std::vector<std::u16string>{u"Default"});
 }
 
+TEST_CASE("profiles: an entry without a name does not take the others along") {
+    TestForm test;
+    test.PutDataFile("[mProfileList]\r\n0=\r\n1=Anna\r\n2=\r\n3=Bo\r\n");
+    REQUIRE(test.Start());
+    CHECK(Captions(test.Menu().mProfileList) == std::vector<std::u16string>{u"Anna", u"Bo"});
+    CHECK(test.Menu().mUser[0].tag == u"Anna");
+    CHECK(test.DataFile().find("[mProfileList]\r\n0=Anna\r\n1=Bo\r\n") != std::string::npos);
+}
+
 TEST_CASE("profiles: a chosen one moves to the top, the others keep their order") {
     TestForm test;
     test.PutDataFile(threeProfiles);
@@ -158,6 +167,8 @@ TEST_CASE("profiles: names that the data file cannot hold are refused") {
         CHECK(test.Dialogs().messages.back().title == u"Norvaset");
         CHECK(test.Dialogs().messages.back().icon == MessageIcon::Information);
     }
+    AddProfile(test, u"MProfileList");
+    CHECK(test.Dialogs().messages.back().text == u"This name is used by the program itself.");
     CHECK(test.Menu().mProfileList.Count() == 1);
     CHECK(test.Files().replaceCalls.size() == writes);
 }

@@ -66,6 +66,7 @@ TEST_CASE("save: an HTML record keeps what only the HTML view knows") {
     OpenBook(test.form, u"/b/a.txt", -1);
     // As if the page were still loading: only time, charset and background are taken.
     test.Menu().mFileList[0].tag = u"/b/p.htm=old=2=Web=-2=0=0=0=0=0=1=0=5=6=1200=9=Page=1,2";
+    test.form.shownPath = u"/b/p.htm";
     test.form.viewFont.charset = 204;
     test.View().SetBackColor(7);
     SaveBookState(test.form, 0);

@@ -97,18 +97,29 @@ TEST_CASE("start-up: a run without a change writes only the state it leaves") {
     CHECK(second.Files().replaceCalls.size() == writes); // opening the last book changes nothing
 }
 
-TEST_CASE("start-up: the program's folder is used when it can be written or holds a data file") {
+TEST_CASE("start-up: the user's folder is used when the program's cannot be written") {
     TestForm readOnly;
     readOnly.Files().readOnlyFolders.insert(u"/app");
     REQUIRE(readOnly.Start());
     CHECK(readOnly.form.DataFilePath == u"/home/reader/.local/share/Norvaset/Norvaset.dat");
+}
 
-    TestForm portable;
-    portable.PutDataFile("[mProfileList]\r\n0=Anna\r\n");
-    portable.Files().readOnlyFolders.insert(u"/app");
-    REQUIRE(portable.Start());
-    CHECK(portable.form.DataFilePath == TestForm::dataPath);
-    CHECK(portable.Menu().mUser[0].tag == u"Anna");
+TEST_CASE("start-up: a data file beside the program that cannot be written is taken over once") {
+    const std::string beside = "[mProfileList]\r\n0=Anna\r\n[Anna\\mFileList]\r\n/b/a.txt==0\r\n";
+    TestForm first;
+    first.PutDataFile(beside);
+    first.PutBook(u"/b/a.txt", NumberedLines(300));
+    first.Files().readOnlyFolders.insert(u"/app");
+    REQUIRE(first.Start());
+    CHECK(first.form.DataFilePath == u"/home/reader/.local/share/Norvaset/Norvaset.dat");
+    CHECK(first.Window().title == u"Norvaset [Anna] - /b/a.txt");
+    first.View().ScrollLineToTop(900);
+    const TextPos top = first.View().FirstVisibleChar();
+    first.Close();
+    CHECK(first.DataFile() == beside);
+    TestForm second(first);
+    REQUIRE(second.Start());
+    CHECK(second.View().FirstVisibleChar() == top);
 }
 
 TEST_CASE("autosave: nothing for 59 ticks, then the state, then from the start again") {

@@ -136,6 +136,31 @@ TEST_CASE("view: refresh reads the file again and keeps the place") {
     CHECK_FALSE(test.Menu().mFileList[0].enabled);
 }
 
+TEST_CASE("view: refresh finds the books of a stick that was away at the start") {
+    TestForm test;
+    test.PutDataFile("[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n/s/a.txt==0\r\n/s/b.txt==0\r\n");
+    REQUIRE(test.Start());
+    const auto refresh = [&] {
+        test.Menus().Open(test.Menu().mView);
+        CHECK(test.Menu().mViewRefresh[0].enabled);
+        test.Menus().Click(test.Menu().mViewRefresh);
+    };
+    refresh();
+    CHECK(test.Dialogs().messages.empty());
+    CHECK(test.Window().title == u"Norvaset [A]");
+    test.PutBook(u"/s/b.txt", "second");
+    refresh();
+    CHECK(test.Menu().mFileList[1].enabled);
+    CHECK(test.Window().title == u"Norvaset [A]");
+    test.PutBook(u"/s/a.txt", "first");
+    refresh();
+    CHECK(test.Window().title == u"Norvaset [A] - /s/a.txt");
+    TestForm empty;
+    REQUIRE(empty.Start());
+    empty.Menus().Open(empty.Menu().mView);
+    CHECK_FALSE(empty.Menu().mViewRefresh[0].enabled);
+}
+
 TEST_CASE("charset: wrong letters are put right by the script chosen, and the place stays") {
     std::string text;
     for (int i = 0; i < 200; ++i)

@@ -1,7 +1,9 @@
 // The orders for the page, and what is kept of it afterwards.
 #include "platform/qt/html_view/engine_html_view.h"
 #include "platform/qt/html_view/page_calls.h"
+#include "platform/qt/html_view/page_watch.h"
 #include "platform/qt/html_view/page_widget.h"
+#include "platform/qt/html_view/print_job.h"
 #include "platform/qt/html_view/reader_page.h"
 
 #include <QVariant>
@@ -11,7 +13,7 @@
 
 // `changes` says that what is kept may be another afterwards: an older state does not count then.
 void EngineHtmlView::Order(const QString& expression, bool changes) {
-    if (!kept_.body) return;
+    if (!CanCall()) return;
     if (changes) ++changes_;
     calls_->Call(expression, [this, asked = changes_,
                               alive = QPointer<QObject>(page_.get())](const QVariant& state) {
@@ -21,7 +23,7 @@ void EngineHtmlView::Order(const QString& expression, bool changes) {
 
 // What happens many times before the page has answered is asked for once.
 void EngineHtmlView::Refresh() {
-    if (!kept_.body || refreshing_) return;
+    if (!CanCall() || refreshing_) return;
     refreshing_ = true;
     QMetaObject::invokeMethod(
         page_.get(),
@@ -43,7 +45,7 @@ void EngineHtmlView::TakeState(const QVariant& state) {
 }
 
 void EngineHtmlView::ScrollTo(int left, int top) {
-    if (!kept_.body) return;
+    if (!CanCall()) return;
     kept_.scrollTop = std::max(top, 0);
     Order(QStringLiteral("scrollTo(%1, %2)").arg(left).arg(top));
 }
@@ -54,13 +56,13 @@ void EngineHtmlView::ScrollSpanToTop(const PageSpan& span) {
 
 // A command that asks for the selection at once finds what was ordered.
 void EngineHtmlView::Select(const PageSpan& span) {
-    if (!kept_.body) return;
+    if (!CanCall()) return;
     kept_.selection.span = span;
     Order(QStringLiteral("select(%1, %2)").arg(span.start).arg(span.length));
 }
 
 void EngineHtmlView::SelectAll() {
-    if (kept_.text) kept_.selection.span = {0, std::numeric_limits<TextPos>::max()};
+    if (CanCall() && kept_.text) kept_.selection.span = {0, std::numeric_limits<TextPos>::max()};
     Order(QStringLiteral("selectAll()"));
 }
 

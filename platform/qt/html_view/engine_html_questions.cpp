@@ -2,7 +2,9 @@
 #include "common/find_text.h"
 #include "platform/qt/html_view/engine_html_view.h"
 #include "platform/qt/html_view/page_calls.h"
+#include "platform/qt/html_view/page_watch.h"
 #include "platform/qt/html_view/page_widget.h"
+#include "platform/qt/html_view/print_job.h"
 #include "platform/qt/html_view/reader_page.h"
 #include "platform/qt/qt_text.h"
 
@@ -37,7 +39,7 @@ std::optional<QVariant> EngineHtmlView::Ask(const QString& expression, QDeadline
         EndWait();
         return std::nullopt;
     }
-    if (!kept_.body) return std::nullopt;
+    if (!CanCall() || watch_->IsSilent()) return std::nullopt;
     const auto wait = std::make_shared<Wait>();
     wait_ = wait.get();
     calls_->Call(expression, [weak = std::weak_ptr(wait)](const QVariant& answer) {

@@ -5,8 +5,9 @@
 #include "platform/qt/html_view/engine_profile.h"
 #include "platform/qt/html_view/file_address.h"
 #include "platform/qt/html_view/page_calls.h"
+#include "platform/qt/html_view/page_watch.h"
 #include "platform/qt/html_view/page_widget.h"
-#include "platform/qt/html_view/printing.h"
+#include "platform/qt/html_view/print_job.h"
 #include "platform/qt/html_view/reader_page.h"
 #include "platform/qt/qt_text.h"
 
@@ -45,6 +46,7 @@ void EngineHtmlView::MakePage() {
     if (!profile_) profile_ = MakeEngineProfile(guard_, ansiCodePage_);
     page_ = std::make_unique<ReaderPage>(profile_.get(), guard_);
     calls_ = std::make_unique<PageCalls>(*page_);
+    watch_ = std::make_unique<PageWatch>(*page_);
     widget_ = std::make_unique<PageWidget>(page_.get(), parent_);
     SetBounds(bounds_);
     SetVisible(visible_);
@@ -57,8 +59,12 @@ void EngineHtmlView::ConnectPage(int page) {
         if (done) Finished(page);
     });
     connect(
-        page_.get(), &QWebEnginePage::renderProcessTerminated, this, [this] { Gone(); },
+        page_.get(), &QWebEnginePage::renderProcessTerminated, this,
+        [this, dead = page_.get()] {
+            if (dead == page_.get()) Gone(); // it may have been left meanwhile
+        },
         Qt::QueuedConnection);
+    watch_->onChange = [this] { TellAnswering(); };
     // Within the page, which has not scrolled yet.
     connect(page_.get(), &QWebEnginePage::urlChanged, this, [this] {
         if (!kept_.body) return;
@@ -88,10 +94,13 @@ void EngineHtmlView::LeavePage() {
     zoom_ = {};
     refreshing_ = finished_ = false;
     if (!page_) return;
+    if (print_) print_->PageLeft();
     page_->disconnect(this);
     focused_ = widget_->isAncestorOf(widget_->window()->focusWidget());
+    page_->TakeProcessAlong();
     widget_->hide();
     calls_.reset();
+    watch_.reset();
     widget_.release()->deleteLater();
     page_.release()->deleteLater();
 }
@@ -131,8 +140,14 @@ void EngineHtmlView::Gone() {
     const Kept last = kept_;
     LeavePage();
     kept_ = last;
-    kept_.body = false;
     CallHandler(onGone);
+}
+
+void EngineHtmlView::TellAnswering() {
+    const bool answers = !watch_->IsSilent();
+    if (!answers) EndWait();
+    widget_->SetDeaf(!answers); // else it would act on all the keys when it answers again
+    CallHandler(onAnswering, answers);
 }
 
 void EngineHtmlView::FollowLink(const QUrl& address) {
@@ -158,7 +173,10 @@ void EngineHtmlView::TellJump() {
 }
 
 void EngineHtmlView::RunCommand(int command) {
-    if (command == PrintCommand) PrintPage(*widget_);
+    if (command == PrintCommand) {
+        print_ = new PrintJob(*widget_);
+        print_->AskHow();
+    }
     CallHandler(onCommand, command);
 }
 

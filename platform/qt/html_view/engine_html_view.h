@@ -2,8 +2,8 @@
 // the port keeps of it is asked for after each order and each change that the engine tells of.
 #pragma once
 
-#include "platform/html_view.h"
 #include "platform/qt/html_view/folder_guard.h"
+#include "platform/qt/html_view/html_plug_in.h"
 #include "platform/qt/html_view/zoom_ladder.h"
 
 #include <QDeadlineTimer>
@@ -14,13 +14,15 @@
 #include <memory>
 
 class PageCalls;
+class PageWatch;
 class PageWidget;
+class PrintJob;
 class QVariant;
 class QWebEngineProfile;
 class QWidget;
 class ReaderPage;
 
-class EngineHtmlView final : public QObject, public HtmlView {
+class EngineHtmlView final : public QObject, public EngineView {
   public:
     EngineHtmlView(QWidget* parent, int ansiCodePage);
     ~EngineHtmlView() override;
@@ -75,6 +77,8 @@ class EngineHtmlView final : public QObject, public HtmlView {
     void Finished(int page);
     void Loaded(int page, const QVariant& facts);
     void Gone();
+    void TellAnswering();
+    bool CanCall() const { return page_ && kept_.body; }
     void FollowLink(const QUrl&);
     void TellJump();
     void RunCommand(int command);
@@ -94,7 +98,9 @@ class EngineHtmlView final : public QObject, public HtmlView {
     std::unique_ptr<QWebEngineProfile> profile_;
     std::unique_ptr<ReaderPage> page_; // null without a page; lives longer than its widget
     std::unique_ptr<PageCalls> calls_;
+    std::unique_ptr<PageWatch> watch_;
     std::unique_ptr<PageWidget> widget_;
+    QPointer<PrintJob> print_; // the last one
     ZoomLadder zoom_;
     Kept kept_;
     std::optional<std::u16string> wholeText_; // of the page, once a search has needed it

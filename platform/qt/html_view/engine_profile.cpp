@@ -95,6 +95,7 @@ void MakePassive(QWebEngineSettings& settings) {
          {Settings::LocalContentCanAccessFileUrls, Settings::PlaybackRequiresUserGesture,
           Settings::WebRTCPublicInterfacesOnly})
         settings.setAttribute(attribute, true);
+    settings.setAttribute(Settings::PrintElementBackgrounds, false); // they are of the screen
     settings.setUnknownUrlSchemePolicy(Settings::DisallowUnknownUrlSchemes);
 }
 } // namespace
@@ -106,6 +107,8 @@ std::unique_ptr<QWebEngineProfile> MakeEngineProfile(FolderGuard& guard, int ans
     QQuickWindow::setSceneGraphBackend(QStringLiteral("software"));
     const VariableScope backend("QT_QUICK_BACKEND", "software");
     const VariableScope flags("QTWEBENGINE_CHROMIUM_FLAGS", EngineFlags());
+    // Else the engine tells screen readers nothing of a page. It does so only while there are any.
+    const VariableScope accessibility("QTWEBENGINE_ENABLE_LINUX_ACCESSIBILITY", "1");
     auto profile = std::make_unique<QWebEngineProfile>(); // without a name: off the record
     profile->setUrlRequestInterceptor(&guard);
     profile->setSpellCheckEnabled(false);

@@ -4,6 +4,6 @@
 
 #include <QtGlobal>
 
-extern "C" Q_DECL_EXPORT HtmlView* NorvasetMakeHtmlView(QWidget* parent, int ansiCodePage) {
+extern "C" Q_DECL_EXPORT EngineView* NorvasetMakeHtmlView(QWidget* parent, int ansiCodePage) {
     return new EngineHtmlView(parent, ansiCodePage);
 }

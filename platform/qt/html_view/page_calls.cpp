@@ -8,7 +8,7 @@
 #include <cmath>
 
 namespace {
-constexpr int longestZoom = 1000; // milliseconds; a page takes a few
+constexpr int longestZoom = 1000; // milliseconds from the first answer; a page takes a few
 constexpr int askAgain = 2;       // milliseconds
 
 QString Source(const char* name) {
@@ -67,7 +67,7 @@ void PageCalls::Run(const Step& step) {
 }
 
 void PageCalls::StartZoom() {
-    zoomEnd_.setRemainingTime(longestZoom);
+    zoomEnd_ = QDeadlineTimer(QDeadlineTimer::Forever);
     page_.setZoomFactor(steps_.front().factor);
     AskForRatio();
 }
@@ -76,6 +76,7 @@ void PageCalls::AskForRatio() {
     const auto answered = [this, alive = QPointer<PageCalls>(this)](const QVariant& ratio) {
         if (!alive) return;
         const Step& step = steps_.front();
+        if (zoomEnd_.isForever()) zoomEnd_.setRemainingTime(longestZoom);
         if (std::abs(ratio.toDouble() - step.pixelRatio) > 0.01 && !zoomEnd_.hasExpired()) {
             page_.setZoomFactor(step.factor); // the last of steps given meanwhile
             return again_.start(askAgain);

@@ -45,7 +45,10 @@ bool PageWidget::eventFilter(QObject* object, QEvent* event) {
     case QEvent::ShortcutOverride: // would keep the window's commands from their keys
         event->ignore();
         return true;
-    case QEvent::KeyPress: return KeyEvent(static_cast<const QKeyEvent&>(*event));
+    case QEvent::KeyPress: return KeyEvent(static_cast<const QKeyEvent&>(*event)) || deaf_;
+    case QEvent::InputMethod:
+        if (deaf_) return true;
+        break;
     case QEvent::Wheel:
         if (!(static_cast<QWheelEvent*>(event)->modifiers() & Qt::ControlModifier)) break;
         event->ignore(); // goes up to the window

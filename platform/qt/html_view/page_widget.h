@@ -13,6 +13,8 @@ class PageWidget : public QWebEngineView {
     PageWidget(QWebEnginePage*, QWidget* parent);
     ~PageWidget() override;
 
+    void SetDeaf(bool deaf) { deaf_ = deaf; } // keys do not reach the page
+
     std::function<void(int steps)> onZoomKey;   // 0: back to normal
     std::function<void()> onTouched;            // a key or a button went up
     std::function<void(QPoint)> onContextPress; // before the menu shows
@@ -29,4 +31,5 @@ class PageWidget : public QWebEngineView {
     void AddCommand(const QString& caption, int command, bool enabled);
 
     std::unique_ptr<QMenu> menu_; // the one shown last
+    bool deaf_ = false;
 };

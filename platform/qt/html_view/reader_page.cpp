@@ -4,6 +4,7 @@
 
 #include <QWebEngineNewWindowRequest>
 
+#include <csignal>
 #include <utility>
 
 ReaderPage::ReaderPage(QWebEngineProfile* profile, const FolderGuard& guard)
@@ -17,6 +18,12 @@ ReaderPage::ReaderPage(QWebEngineProfile* profile, const FolderGuard& guard)
 void ReaderPage::Load(const QUrl& book) {
     due_ = book;
     load(book);
+}
+
+// Not before: with a print under way the engine does not survive that a process ends first.
+void ReaderPage::TakeProcessAlong() {
+    const auto process = static_cast<pid_t>(renderProcessPid());
+    if (process > 0) connect(this, &QObject::destroyed, [process] { kill(process, SIGKILL); });
 }
 
 bool ReaderPage::acceptNavigationRequest(const QUrl& address, NavigationType type,

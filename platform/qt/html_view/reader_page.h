@@ -13,6 +13,9 @@ class ReaderPage : public QWebEnginePage {
     ReaderPage(QWebEngineProfile*, const FolderGuard&);
 
     void Load(const QUrl& book);
+    // What shows the page ends when the page is deleted. Left to itself a process that hangs would
+    // outlive the page, and the program.
+    void TakeProcessAlong();
 
     std::function<void(const QUrl&)> onLink; // out of the page, by the user
 

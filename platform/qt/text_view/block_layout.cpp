@@ -2,6 +2,9 @@
 
 #include "platform/qt/text_view/row_layout.h"
 
+#include <QGlyphRun>
+#include <QRawFont>
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -63,6 +66,37 @@ int LineIndexAt(const ParagraphLayout& paragraph, int y) {
     const auto after = std::upper_bound(paragraph.tops.begin() + 1, last, y);
     return int(after - paragraph.tops.begin()) - 1;
 }
+
+struct Place {
+    const ParagraphLayout& paragraph;
+    TextPos at; // in the paragraph
+    QTextLine line;
+};
+
+Place PlaceOf(const BlockLayout& layout, TextPos position) {
+    const LineRef ref = LineOf(layout, position);
+    const ParagraphLayout& paragraph = ParagraphOf(layout, ref);
+    const TextPos at = std::clamp(position, paragraph.start, paragraph.end) - paragraph.start;
+    return {paragraph, at, paragraph.text->lineAt(ref.line)};
+}
+
+// Not where the caret stands beside the character: between two directions that may be elsewhere.
+std::pair<double, double> GlyphEdges(const Place& place) {
+    const int next = place.paragraph.text->nextCursorPosition(place.at);
+    double left = std::numeric_limits<double>::max(), right = 0;
+    for (const QGlyphRun& run : place.line.glyphRuns(place.at, next - place.at)) {
+        const auto places = run.positions();
+        const auto advances = run.rawFont().advancesForGlyphIndexes(run.glyphIndexes());
+        for (qsizetype i = 0; i < std::min(places.size(), advances.size()); ++i) {
+            left = std::min(left, places[i].x());
+            right = std::max(right, places[i].x() + advances[i].x());
+        }
+    }
+    if (left < right) return {left, right};
+    // A tab or a break.
+    return std::minmax(
+        {place.line.cursorToX(place.at), place.line.cursorToX(place.at, QTextLine::Trailing)});
+}
 } // namespace
 
 BlockLayout LayOutBlock(const LayoutContext& context, const TextBlock& block) {
@@ -113,17 +147,17 @@ LineRef LineAtHeight(const BlockLayout& layout, int y) {
     return lowest;
 }
 
-TextPos PositionAt(const BlockLayout& layout, QPoint point) {
+TextPos PositionAt(const BlockLayout& layout, QPoint point, PointMeans means) {
     const std::size_t index = NearestParagraph(layout, point);
     const ParagraphLayout& paragraph = layout.paragraphs[index];
     const LineRef line{index, LineIndexAt(paragraph, point.y() - paragraph.origin.y())};
-    return PositionInLine(layout, line, point.x());
+    return PositionInLine(layout, line, point.x(), means);
 }
 
-TextPos PositionInLine(const BlockLayout& layout, LineRef ref, int x) {
+TextPos PositionInLine(const BlockLayout& layout, LineRef ref, int x, PointMeans means) {
     const ParagraphLayout& paragraph = ParagraphOf(layout, ref);
     const QTextLine line = paragraph.text->lineAt(ref.line);
-    const TextPos position = paragraph.start + line.xToCursor(x - paragraph.origin.x());
+    const TextPos position = paragraph.start + line.xToCursor(x - paragraph.origin.x(), means);
     // Behind the last character of a wrapped line is already the next line.
     const TextPos end = LineEnd(layout, ref);
     if (position < end || ref.line + 1 == paragraph.LineCount()) return position;
@@ -131,10 +165,21 @@ TextPos PositionInLine(const BlockLayout& layout, LineRef ref, int x) {
 }
 
 QRect CaretBox(const BlockLayout& layout, TextPos position) {
-    const LineRef ref = LineOf(layout, position);
-    const ParagraphLayout& paragraph = ParagraphOf(layout, ref);
-    const TextPos at = std::clamp(position, paragraph.start, paragraph.end) - paragraph.start;
-    const QTextLine line = paragraph.text->lineAt(ref.line);
-    const int x = int(std::floor(line.cursorToX(at)));
-    return QRect(x, int(line.y()), 1, int(std::ceil(line.height()))).translated(paragraph.origin);
+    const Place place = PlaceOf(layout, position);
+    const int x = int(std::floor(place.line.cursorToX(place.at)));
+    return QRect(x, int(place.line.y()), 1, int(std::ceil(place.line.height())))
+        .translated(place.paragraph.origin);
+}
+
+QRect CharacterBox(const BlockLayout& layout, TextPos position) {
+    const Place place = PlaceOf(layout, position);
+    const ParagraphLayout& paragraph = place.paragraph;
+    for (const PlacedPicture& picture : paragraph.pictures)
+        if (picture.position == position)
+            return paragraph.PictureBox(picture).translated(paragraph.origin);
+    const auto [left, right] = GlyphEdges(place);
+    QRect box = CaretBox(layout, position);
+    box.setLeft(paragraph.origin.x() + int(std::floor(left)));
+    box.setWidth(std::max(1, int(std::ceil(right) - std::floor(left))));
+    return box;
 }

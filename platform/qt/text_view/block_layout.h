@@ -38,7 +38,12 @@ int LineTop(const BlockLayout& layout, LineRef line);
 int LineBottom(const BlockLayout& layout, LineRef line);
 LineRef LineAtHeight(const BlockLayout& layout, int y); // the lowest line that begins at or above y
 
-// The caret position nearest to a point, and where the caret at a position is drawn.
-TextPos PositionAt(const BlockLayout& layout, QPoint point);
-TextPos PositionInLine(const BlockLayout& layout, LineRef line, int x);
+// The caret position nearest to a point, or the character there; and where the caret at a position
+// and the character behind it are drawn.
+using PointMeans = QTextLine::CursorPosition;
+TextPos PositionAt(const BlockLayout& layout, QPoint point,
+                   PointMeans means = QTextLine::CursorBetweenCharacters);
+TextPos PositionInLine(const BlockLayout& layout, LineRef line, int x,
+                       PointMeans means = QTextLine::CursorBetweenCharacters);
 QRect CaretBox(const BlockLayout& layout, TextPos position);
+QRect CharacterBox(const BlockLayout& layout, TextPos position);

@@ -9,6 +9,10 @@
 namespace {
 constexpr double smallestFont = 1, largestFont = 1638; // points
 
+// A colourful book has some tens. For each that is not installed the system looks for another,
+// which takes milliseconds; text in fonts beyond is shown in the document's default.
+constexpr std::size_t mostFamilies = 200;
+
 QString FontName(const std::u16string& name) {
     return name.empty() ? QGuiApplication::font().family() : QString::fromStdU16String(name);
 }
@@ -65,7 +69,7 @@ const QTextCharFormat& CharFormats::Format(std::uint32_t style) {
     return *format;
 }
 
-QTextCharFormat CharFormats::MakeFormat(const CharStyle& style) const {
+QTextCharFormat CharFormats::MakeFormat(const CharStyle& style) {
     QFont font = StyleFont(style);
     if (style.link != 0) font.setUnderline(true);
     QTextCharFormat format;
@@ -79,11 +83,17 @@ QTextCharFormat CharFormats::MakeFormat(const CharStyle& style) const {
     return format;
 }
 
-QFont CharFormats::StyleFont(const CharStyle& style) const {
-    if (look_.fontForAll) return MakeFont(look_.font);
+const std::u16string& CharFormats::Family(const CharStyle& style) {
     const auto& fonts = document_.fonts;
-    const std::u16string& name = style.font < fonts.size() ? fonts[style.font] : fonts.front();
-    QFont font(FontName(name.empty() ? look_.font.name : name));
+    const std::uint16_t wanted = style.font < fonts.size() ? style.font : std::uint16_t{0};
+    if (families_.size() < mostFamilies) families_.insert(wanted);
+    const std::u16string& name = fonts[families_.contains(wanted) ? wanted : 0];
+    return name.empty() ? look_.font.name : name;
+}
+
+QFont CharFormats::StyleFont(const CharStyle& style) {
+    if (look_.fontForAll) return MakeFont(look_.font);
+    QFont font(FontName(Family(style)));
     font.setPointSizeF(FontSize(style.halfPoints / 2.0));
     font.setBold(style.bold);
     font.setItalic(style.italic);

@@ -8,7 +8,10 @@
 #include <QPalette>
 #include <QTextLayout>
 
+#include <cstdint>
 #include <optional>
+#include <set>
+#include <string>
 #include <vector>
 
 QFont MakeFont(const ViewFont& font);
@@ -28,12 +31,14 @@ class CharFormats {
 
   private:
     const QTextCharFormat& Format(std::uint32_t style);
-    QTextCharFormat MakeFormat(const CharStyle& style) const;
-    QFont StyleFont(const CharStyle& style) const;
+    QTextCharFormat MakeFormat(const CharStyle& style);
+    const std::u16string& Family(const CharStyle& style);
+    QFont StyleFont(const CharStyle& style);
     std::optional<QColor> Foreground(const CharStyle& style) const;
 
     const Document& document_;
     const ViewLook& look_;
     const QPalette& palette_;
     std::vector<std::optional<QTextCharFormat>> formats_; // by style, made when first needed
+    std::set<std::uint16_t> families_;                    // of the document's fonts, used so far
 };

@@ -143,6 +143,14 @@ int ParagraphLayout::LineOf(TextPos position) const {
     return low;
 }
 
+QRect ParagraphLayout::PictureBox(const PlacedPicture& picture) const {
+    const int at = picture.position - start;
+    const QTextLine line = text->lineAt(LineOf(picture.position));
+    const double left = std::min(line.cursorToX(at), line.cursorToX(at, QTextLine::Trailing));
+    const QPoint base = QPointF(left, line.y() + line.ascent()).toPoint();
+    return {base - QPoint(0, picture.size.height()), picture.size};
+}
+
 ParagraphLayout LayOutParagraph(const LayoutContext& context, const ParagraphPart& part) {
     const QString text = LayoutText(context, part);
     const ParagraphShape shape = ShapeOf(context, part, text);

@@ -7,6 +7,7 @@
 #include "platform/text_source.h"
 
 #include <QPoint>
+#include <QRect>
 #include <QSize>
 #include <QTextLayout>
 
@@ -51,6 +52,7 @@ struct ParagraphLayout {
     TextPos LineStart(int line) const { return start + text->lineAt(line).textStart(); }
     TextPos LineEnd(int line) const; // where the next line starts, or `end`
     int LineOf(TextPos position) const;
+    QRect PictureBox(const PlacedPicture& picture) const; // measured from the origin
 };
 
 struct ParagraphPart {

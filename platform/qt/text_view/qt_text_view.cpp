@@ -204,3 +204,7 @@ void QtTextView::SetPointer(Pointer pointer) {
 void QtTextView::FocusView() {
     widget_->setFocus();
 }
+
+void QtTextView::SetName(std::u16string_view name) {
+    widget_->setAccessibleName(QStringView(name).toString());
+}

@@ -54,6 +54,7 @@ class QtTextView : public TextView {
     void SetVisible(bool visible) override;
     void SetPointer(Pointer pointer) override;
     void FocusView() override;
+    void SetName(std::u16string_view name) override;
 
   private:
     void ForgetFormatting();

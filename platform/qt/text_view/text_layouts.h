@@ -14,6 +14,7 @@ class TextLayouts {
     explicit TextLayouts(const LayoutContext& context); // observed
     void Forget(); // the text, its look or its width has changed
 
+    const LayoutContext& Context() const { return context_; }
     const TextSource& Text() const { return *context_.text; }
     Layout At(TextPos position);         // of the block that holds `position`, moved into the text
     Layout After(const Layout& layout);  // null behind the last

@@ -55,11 +55,7 @@ void PaintPicture(QPainter& painter, const TextPaint& paint, const PlacedPicture
 void PaintPictures(QPainter& painter, const TextPaint& paint, const ParagraphLayout& paragraph,
                    QPoint origin, const QRect& clip) {
     for (const PlacedPicture& placed : paragraph.pictures) {
-        const int at = placed.position - paragraph.start;
-        const QTextLine line = paragraph.text->lineAt(paragraph.LineOf(placed.position));
-        const qreal left = std::min(line.cursorToX(at), line.cursorToX(at, QTextLine::Trailing));
-        const QPoint base = QPointF(left, line.y() + line.ascent()).toPoint() + origin;
-        const QRect box(base - QPoint(0, placed.size.height()), placed.size);
+        const QRect box = paragraph.PictureBox(placed).translated(origin);
         if (box.intersects(clip)) PaintPicture(painter, paint, placed, box);
     }
 }

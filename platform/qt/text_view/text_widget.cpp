@@ -1,6 +1,7 @@
 #include "platform/qt/text_view/text_widget.h"
 
 #include "common/string_text.h"
+#include "platform/qt/text_view/accessible_text.h"
 #include "platform/qt/text_view/text_painter.h"
 
 #include <QEvent>
@@ -24,6 +25,7 @@ TextWidget::TextWidget(QWidget* parent)
       palette_(palette()), formats_(document_, look_, palette_),
       pictures_(document_), context_{document_, look_, formats_, pictures_}, layouts_(context_),
       scroller_(layouts_) {
+    AccessibleText::Install();
     setFrameShape(NoFrame);
     setFocusPolicy(Qt::StrongFocus);
     setAcceptDrops(true);
@@ -39,27 +41,31 @@ TextWidget::TextWidget(QWidget* parent)
 }
 
 void TextWidget::ShowText(Document document, bool plain) {
+    const QString toldBefore = ToldBeginning();
     document_ = std::move(document);
     text_ = std::make_shared<StringText>(document_.text);
     context_.plain = plain;
-    ShowFromStart();
+    ShowFromStart(toldBefore);
 }
 
 void TextWidget::ShowText(std::shared_ptr<const TextSource> text) {
+    const QString toldBefore = ToldBeginning();
     document_ = Document();
     text_ = std::move(text);
     context_.plain = true;
-    ShowFromStart();
+    ShowFromStart(toldBefore);
 }
 
-void TextWidget::ShowFromStart() {
+void TextWidget::ShowFromStart(const QString& toldBefore) {
     context_.text = text_.get();
-    anchor_ = caret_ = 0;
+    const TextPos anchorBefore = std::exchange(anchor_, 0), caretBefore = std::exchange(caret_, 0);
     wantedX_.reset();
     pictures_.Forget();
     scroller_.ShowLine(0);
     horizontalScrollBar()->setValue(0);
     Relayout();
+    TellOtherText(toldBefore);
+    TellSelection(anchorBefore, caretBefore);
 }
 
 void TextWidget::SetLook(const ViewLook& look) {
@@ -71,7 +77,9 @@ void TextWidget::Relayout() {
     formats_.Reset();
     layouts_.Forget();
     scroller_.LayoutsChanged();
+    seenBlocks_.reset();
     viewport()->update();
+    TellSeenSoon();
 }
 
 int TextWidget::BreakWidth(int viewWidth) const {
@@ -93,6 +101,7 @@ void TextWidget::Fit() {
     if (!sameHeight) {
         scroller_.SetViewHeight(height);
         scroller_.LayoutsChanged();
+        seenBlocks_.reset();
     }
     const bool sameWidth = breakWidth == context_.breakWidth && viewWidth == context_.viewWidth;
     if (sameScreen && sameWidth && sameHeight) return;
@@ -116,11 +125,12 @@ TextLayouts& TextWidget::Layouts() {
 
 void TextWidget::Select(TextPos anchor, TextPos caret) {
     const TextPos size = text_->Length();
-    anchor_ = std::clamp(anchor, 0, size);
-    caret_ = std::clamp(caret, 0, size);
+    const TextPos anchorBefore = std::exchange(anchor_, std::clamp(anchor, 0, size));
+    const TextPos caretBefore = std::exchange(caret_, std::clamp(caret, 0, size));
     wantedX_.reset();
     RestartBlinking();
     viewport()->update();
+    TellSelection(anchorBefore, caretBefore);
 }
 
 int TextWidget::LineHeight() const {
@@ -136,6 +146,12 @@ TextPos TextWidget::PositionAtPoint(QPoint point) {
     return PositionAt(*layouts_.At(height.block), QPoint(ColumnX(point.x()), height.y));
 }
 
+TextPos TextWidget::CharacterAtPoint(QPoint point) {
+    const TextHeight height = Scroller().Moved(scroller_.Top(), point.y());
+    return PositionAt(*layouts_.At(height.block), QPoint(ColumnX(point.x()), height.y),
+                      QTextLine::CursorOnCharacter);
+}
+
 QRect TextWidget::CaretRect() {
     const auto top = Scroller().ViewTopOf(caret_);
     if (!top) return {};
@@ -143,7 +159,9 @@ QRect TextWidget::CaretRect() {
 }
 
 void TextWidget::ShowScrolled() {
+    seenBlocks_.reset();
     viewport()->update();
+    TellSeenSoon();
 }
 
 void TextWidget::paintEvent(QPaintEvent* event) {
@@ -236,14 +254,10 @@ void TextWidget::RestartBlinking() {
 
 void TextWidget::timerEvent(QTimerEvent* event) {
     if (event->timerId() == autoScroll_.timerId()) return AutoScroll();
+    if (event->timerId() == tellSeen_.timerId()) return TellSeen();
     if (event->timerId() != blink_.timerId()) return QAbstractScrollArea::timerEvent(event);
     caretOn_ = !caretOn_;
     viewport()->update(CaretRect());
-}
-
-void TextWidget::focusInEvent(QFocusEvent*) {
-    RestartBlinking();
-    viewport()->update();
 }
 
 void TextWidget::focusOutEvent(QFocusEvent*) {

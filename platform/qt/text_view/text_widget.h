@@ -27,13 +27,18 @@ class TextWidget : public QAbstractScrollArea {
     void Select(TextPos anchor, TextPos caret); // moved into the text
     TextPos SelStart() const { return std::min(anchor_, caret_); }
     TextPos SelEnd() const { return std::max(anchor_, caret_); }
+    TextPos Caret() const { return caret_; } // one end of the selection
 
     // Laid out for the size that the widget has now, shown or not.
     TextScroller& Scroller();
     TextLayouts& Layouts();
     TextPos PositionAtPoint(QPoint point); // of the viewport; the nearest one
-    QRect CaretRect();                     // in the viewport; null when it is not in view
-    void ShowScrolled();                   // after the scroller was used
+    TextPos CharacterAtPoint(QPoint point);
+    QRect CaretRect(); // in the viewport; null when it is not in view
+    // In the viewport; somewhere above or below it when it is not in view. Null in a hidden widget.
+    QRect CharacterRect(TextPos position);
+    void Reveal(TextPos position); // scrolls to it
+    void ShowScrolled();           // after the scroller was used
 
     QPoint ContextMenuPoint() const { return contextPoint_; } // of the last one asked for, global
 
@@ -64,7 +69,13 @@ class TextWidget : public QAbstractScrollArea {
   private:
     enum class Granularity { Character, Word, Paragraph };
 
-    void ShowFromStart();
+    void ShowFromStart(const QString& toldBefore);
+    const TextSpan& SeenBlocks();
+    void TellSelection(TextPos anchorBefore, TextPos caretBefore);
+    QString ToldBeginning() const;
+    void TellOtherText(const QString& toldBefore);
+    void TellSeenSoon();
+    void TellSeen();
     void Fit();
     void Relayout();
     int BreakWidth(int viewWidth) const;
@@ -82,7 +93,6 @@ class TextWidget : public QAbstractScrollArea {
     TextPos VerticalTarget(int key);
     TextPos PageTarget(int pages);
     void MoveCaret(TextPos position, bool extend);
-    void RevealCaret();
 
     TextSpan UnitAround(TextPos position);
     void AskForContextMenu(QPoint point); // of the viewport
@@ -107,7 +117,8 @@ class TextWidget : public QAbstractScrollArea {
     TextSpan firstUnit_; // what a drag started with
     QPoint mouse_, contextPoint_;
     QElapsedTimer sinceDoubleClick_;
-    QBasicTimer blink_, autoScroll_;
+    QBasicTimer blink_, autoScroll_, tellSeen_;
+    std::optional<TextSpan> seenBlocks_;
     bool caretOn_ = false;
     int wheelRest_ = 0; // lines of a turn less than a notch, times `notch`
 };

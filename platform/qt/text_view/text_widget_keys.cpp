@@ -86,14 +86,14 @@ TextPos TextWidget::PageTarget(int pages) {
 
 void TextWidget::MoveCaret(TextPos position, bool extend) {
     Select(extend ? anchor_ : position, position);
-    RevealCaret();
+    Reveal(caret_);
 }
 
-void TextWidget::RevealCaret() {
-    Scroller().Reveal(caret_);
+void TextWidget::Reveal(TextPos position) {
+    Scroller().Reveal(position);
     QScrollBar& bar = *horizontalScrollBar();
     if (horizontalScrollBarPolicy() == Qt::ScrollBarAlwaysOn) {
-        const int x = CaretBox(*layouts_.At(caret_), caret_).x() - ColumnX(0);
+        const int x = CaretBox(*layouts_.At(position), position).x() - ColumnX(0);
         const int width = viewport()->width(), margin = std::min(width / 4, 4 * LineHeight());
         bar.setMaximum(std::max(bar.maximum(), bar.value() + x + margin - width));
         if (x < margin) bar.setValue(bar.value() + x - margin);

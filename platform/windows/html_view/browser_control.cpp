@@ -1,13 +1,13 @@
 #include "platform/windows/html_view/browser_control.h"
 
 #include "platform/windows/html_view/com_values.h"
+#include "platform/windows/win_system_library.h"
 
 #include <docobj.h>
 
 // The control alone can be there without the engine that shows its pages, and would stay empty.
 HRESULT MakeSystemBrowser(IUnknown** control) {
-    static const HMODULE engine =
-        LoadLibraryExW(L"mshtml.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    static const HMODULE engine = LoadSystemLibrary(L"mshtml.dll");
     if (!engine) return HRESULT_FROM_WIN32(ERROR_MOD_NOT_FOUND);
     return CoCreateInstance(__uuidof(WebBrowser), nullptr, CLSCTX_INPROC_SERVER, __uuidof(IUnknown),
                             reinterpret_cast<void**>(control));

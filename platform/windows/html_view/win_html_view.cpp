@@ -143,9 +143,7 @@ void WinHtmlView::ReportLink(const std::wstring& url) {
 }
 
 void WinHtmlView::FilesDropped(const std::vector<std::u16string>& paths) {
-    Later([this, paths] {
-        if (onFilesDropped) onFilesDropped(paths);
-    });
+    drops_.Add(window_.Handle(), paths);
 }
 
 void WinHtmlView::MenuWanted(POINT place) {

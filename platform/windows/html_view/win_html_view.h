@@ -11,6 +11,7 @@
 #include "platform/windows/html_view/page_window.h"
 #include "platform/windows/html_view/page_zoom.h"
 #include "platform/windows/html_view/remote_refusal.h"
+#include "platform/windows/win_drops.h"
 
 #include <deque>
 
@@ -104,6 +105,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
 
     BrowserFactory make_;
     std::deque<std::function<void()>> posted_;
+    WinDrops drops_{onFilesDropped};
     PageWindow window_;
     InnerWindow inner_;
     std::unique_ptr<DocumentMode> mode_;     // from the first page on

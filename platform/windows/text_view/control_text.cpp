@@ -20,20 +20,6 @@ char16_t ControlUnit(char16_t unit) {
 }
 } // namespace
 
-void UnifyLineEnds(std::u16string& text) {
-    std::size_t to = text.find(u'\r');
-    if (to == std::u16string::npos) return;
-    for (std::size_t from = to; from < text.size(); ++from) {
-        char16_t unit = text[from];
-        if (unit == u'\r') {
-            if (from + 1 < text.size() && text[from + 1] == u'\n') ++from;
-            unit = u'\n';
-        }
-        text[to++] = unit;
-    }
-    text.resize(to);
-}
-
 std::u16string ToControlText(std::u16string_view text) {
     std::u16string result(text.size(), u'\0');
     std::transform(text.begin(), text.end(), result.begin(), ControlUnit);

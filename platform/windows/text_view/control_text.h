@@ -4,9 +4,6 @@
 #include <string>
 #include <string_view>
 
-// "\r\n" and "\r" as "\n", in place.
-void UnifyLineEnds(std::u16string& text);
-
 // A text of "\n" breaks, unit for unit, in what the control keeps as one unit each: it would drop,
 // join or give a meaning of its own to some.
 std::u16string ToControlText(std::u16string_view text);

@@ -5,20 +5,23 @@
 #include <richole.h>
 
 namespace {
+// IID_IRichEditOleCallback, which not every library of the system's identifiers has.
+constexpr IID callbackId = {0x00020D03, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+
 // One for all controls, of no state: its reference count is of no use.
 class PictureCallback : public IRichEditOleCallback {
   public:
-    STDMETHODIMP QueryInterface(REFIID id, void** object) override {
+    STDMETHODIMP QueryInterface(REFIID id, void** object) noexcept override {
         *object = nullptr;
-        if (id != IID_IUnknown && id != IID_IRichEditOleCallback) return E_NOINTERFACE;
+        if (id != IID_IUnknown && id != callbackId) return E_NOINTERFACE;
         *object = this;
         return S_OK;
     }
-    STDMETHODIMP_(ULONG) AddRef() override { return 1; }
-    STDMETHODIMP_(ULONG) Release() override { return 1; }
+    STDMETHODIMP_(ULONG) AddRef() noexcept override { return 1; }
+    STDMETHODIMP_(ULONG) Release() noexcept override { return 1; }
 
     // In memory: a picture of a text needs one to be shown.
-    STDMETHODIMP GetNewStorage(IStorage** storage) override {
+    STDMETHODIMP GetNewStorage(IStorage** storage) noexcept override {
         *storage = nullptr;
         ILockBytes* memory = nullptr;
         const HRESULT made = CreateILockBytesOnHGlobal(nullptr, TRUE, &memory);
@@ -28,27 +31,30 @@ class PictureCallback : public IRichEditOleCallback {
         memory->Release();
         return opened;
     }
-    STDMETHODIMP QueryInsertObject(CLSID* kind, IStorage*, LONG) override {
+    STDMETHODIMP QueryInsertObject(CLSID* kind, IStorage*, LONG) noexcept override {
         const bool picture = *kind == CLSID_NULL || *kind == CLSID_StaticMetafile ||
                              *kind == CLSID_StaticDib || *kind == CLSID_Picture_EnhMetafile;
         return picture ? S_OK : S_FALSE;
     }
-    STDMETHODIMP QueryAcceptData(LPDATAOBJECT, CLIPFORMAT*, DWORD, BOOL, HGLOBAL) override {
+    STDMETHODIMP QueryAcceptData(LPDATAOBJECT, CLIPFORMAT*, DWORD, BOOL,
+                                 HGLOBAL) noexcept override {
         return E_FAIL;
     }
     STDMETHODIMP GetInPlaceContext(LPOLEINPLACEFRAME*, LPOLEINPLACEUIWINDOW*,
-                                   LPOLEINPLACEFRAMEINFO) override {
+                                   LPOLEINPLACEFRAMEINFO) noexcept override {
         return E_NOTIMPL;
     }
-    STDMETHODIMP ShowContainerUI(BOOL) override { return S_OK; }
-    STDMETHODIMP DeleteObject(LPOLEOBJECT) override { return S_OK; }
-    STDMETHODIMP ContextSensitiveHelp(BOOL) override { return S_OK; }
-    STDMETHODIMP GetClipboardData(CHARRANGE*, DWORD, LPDATAOBJECT*) override { return E_NOTIMPL; }
-    STDMETHODIMP GetDragDropEffect(BOOL, DWORD, LPDWORD effect) override {
+    STDMETHODIMP ShowContainerUI(BOOL) noexcept override { return S_OK; }
+    STDMETHODIMP DeleteObject(LPOLEOBJECT) noexcept override { return S_OK; }
+    STDMETHODIMP ContextSensitiveHelp(BOOL) noexcept override { return S_OK; }
+    STDMETHODIMP GetClipboardData(CHARRANGE*, DWORD, LPDATAOBJECT*) noexcept override {
+        return E_NOTIMPL;
+    }
+    STDMETHODIMP GetDragDropEffect(BOOL, DWORD, LPDWORD effect) noexcept override {
         *effect = DROPEFFECT_NONE;
         return S_OK;
     }
-    STDMETHODIMP GetContextMenu(WORD, LPOLEOBJECT, CHARRANGE*, HMENU*) override {
+    STDMETHODIMP GetContextMenu(WORD, LPOLEOBJECT, CHARRANGE*, HMENU*) noexcept override {
         return E_NOTIMPL;
     }
 };

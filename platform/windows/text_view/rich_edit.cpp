@@ -1,29 +1,44 @@
 #include "platform/windows/text_view/rich_edit.h"
 
+#include "platform/windows/text_view/control_text.h"
 #include "platform/windows/text_view/ole_callback.h"
 #include "platform/windows/text_view/rich_edit_class.h"
 
 #include <algorithm>
-#include <cstring>
+#include <exception>
+#include <utility>
 
 namespace {
 constexpr WPARAM utf16 = 1200;
 constexpr int widestColumn = 22 * 1440; // twips; the widest page of the word processors
 constexpr int sideMargin = 6;           // pixels between the edge and the text
 
-struct Source {
-    const char* bytes;
-    std::size_t size;
+// What the control reads. An empty portion is the end.
+struct Portions {
+    const std::function<std::string_view()>& next;
+    std::string_view rest;
+    std::exception_ptr failure;
+
+    std::size_t Give(char* buffer, std::size_t wanted) {
+        if (rest.empty()) rest = next();
+        const std::size_t size = rest.copy(buffer, wanted);
+        rest.remove_prefix(size);
+        return size;
+    }
 };
 
-DWORD CALLBACK ReadSource(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* given) {
-    Source& source = *reinterpret_cast<Source*>(cookie);
-    const std::size_t size = std::min(source.size, static_cast<std::size_t>(std::max(0L, wanted)));
-    std::memcpy(buffer, source.bytes, size);
-    source.bytes += size;
-    source.size -= size;
-    *given = static_cast<LONG>(size);
-    return 0;
+// Nothing is thrown through the control; its reading ends instead.
+DWORD CALLBACK ReadPortion(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* given) {
+    Portions& portions = *reinterpret_cast<Portions*>(cookie);
+    try {
+        *given = static_cast<LONG>(
+            portions.Give(reinterpret_cast<char*>(buffer), static_cast<std::size_t>(wanted)));
+        return 0;
+    } catch (...) {
+        portions.failure = std::current_exception();
+        *given = 0;
+        return ERROR_NOT_ENOUGH_MEMORY;
+    }
 }
 
 template <class T>
@@ -67,20 +82,28 @@ void RichEdit::Place(const Rect& bounds) {
     Send(EM_SETRECTNP, 0, ToLParam(text));
 }
 
+// Piece by piece: a large text need not be there once more.
 void RichEdit::StreamPlain(std::u16string_view text) {
-    Stream(SF_TEXT | SF_UNICODE, text.data(), text.size() * sizeof(char16_t));
+    constexpr std::size_t pieceUnits = 64 * 1024;
+    std::u16string portion;
+    Stream(SF_TEXT | SF_UNICODE, [&]() -> std::string_view {
+        portion = ToControlText(text.substr(0, pieceUnits));
+        text.remove_prefix(portion.size());
+        return {reinterpret_cast<const char*>(portion.data()), portion.size() * sizeof(char16_t)};
+    });
 }
 
 void RichEdit::StreamRtf(std::string_view rtf) {
-    Stream(SF_RTF, rtf.data(), rtf.size());
+    Stream(SF_RTF, [&] { return std::exchange(rtf, {}); });
 }
 
-void RichEdit::Stream(WPARAM format, const void* bytes, std::size_t size) {
-    Source source{static_cast<const char*>(bytes), size};
+void RichEdit::Stream(WPARAM format, const std::function<std::string_view()>& nextPortion) {
+    Portions portions{nextPortion, {}, nullptr};
     EDITSTREAM stream = {};
-    stream.dwCookie = reinterpret_cast<DWORD_PTR>(&source);
-    stream.pfnCallback = ReadSource;
+    stream.dwCookie = reinterpret_cast<DWORD_PTR>(&portions);
+    stream.pfnCallback = ReadPortion;
     Send(EM_STREAMIN, format, ToLParam(stream));
+    if (portions.failure) std::rethrow_exception(portions.failure);
 }
 
 TextPos RichEdit::Length() const {

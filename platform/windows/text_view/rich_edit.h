@@ -7,6 +7,10 @@
 
 #include <richedit.h>
 
+#include <functional>
+#include <string>
+#include <string_view>
+
 class RichEdit {
   public:
     // A hidden, empty child of `parent`; without a handle when the system cannot make one.
@@ -18,7 +22,7 @@ class RichEdit {
     HWND Handle() const { return window_; }
 
     // Into an empty control.
-    void StreamPlain(std::u16string_view text); // as ToControlText makes it
+    void StreamPlain(std::u16string_view text); // by ToControlText
     void StreamRtf(std::string_view rtf);
 
     TextPos Length() const;
@@ -44,7 +48,7 @@ class RichEdit {
 
   private:
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
-    void Stream(WPARAM format, const void* bytes, std::size_t size);
+    void Stream(WPARAM format, const std::function<std::string_view()>& nextPortion);
 
     HWND window_ = nullptr;
 };

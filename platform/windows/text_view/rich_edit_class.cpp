@@ -1,13 +1,8 @@
 #include "platform/windows/text_view/rich_edit_class.h"
 
-#include "platform/windows/win32.h"
+#include "platform/windows/win_system_library.h"
 
 namespace {
-// From the system's own folder only, so that no file beside a book or the program is taken for it.
-bool LoadSystemLibrary(const wchar_t* name) {
-    return LoadLibraryExW(name, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32) != nullptr;
-}
-
 const wchar_t* LoadRichEdit() {
     if (LoadSystemLibrary(L"msftedit.dll")) return L"RICHEDIT50W";
     if (LoadSystemLibrary(L"riched20.dll")) return L"RichEdit20W";

@@ -2,6 +2,7 @@
 
 #include "platform/windows/text_view/text_keys.h"
 #include "platform/windows/win_dropped_files.h"
+#include "platform/windows/win_handler.h"
 
 #include <commctrl.h>
 #include <ole2.h>
@@ -28,13 +29,6 @@ POINT CaretPoint(HWND window) {
     return point;
 }
 
-void TurnZoomWheel(TextInputEvents& events, int turn) {
-    events.wheelRest += turn;
-    const int steps = events.wheelRest / WHEEL_DELTA;
-    events.wheelRest -= steps * WHEEL_DELTA;
-    if (steps != 0 && events.onZoomWheel) events.onZoomWheel(steps);
-}
-
 void AskForContextMenu(TextInputEvents& events, HWND window, LPARAM where) {
     const bool byKeyboard = where == -1;
     if (!events.onContextMenu) return;
@@ -52,23 +46,18 @@ void RightClick(TextInputEvents& events, HWND window, LPARAM where) {
 // Whether the message is dealt with here.
 bool Take(TextInputEvents& events, HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-    case WM_MOUSEWHEEL:
-        if (!(GET_KEYSTATE_WPARAM(wParam) & MK_CONTROL)) return false;
-        TurnZoomWheel(events, GET_WHEEL_DELTA_WPARAM(wParam));
-        return true;
+    case WM_MOUSEWHEEL: return (GET_KEYSTATE_WPARAM(wParam) & MK_CONTROL) != 0; // it would zoom
     case WM_RBUTTONUP: RightClick(events, window, lParam); return true;
     case WM_CONTEXTMENU: AskForContextMenu(events, window, lParam); return true;
-    case WM_DROPFILES: {
-        const auto paths = TakeDroppedFiles(reinterpret_cast<HDROP>(wParam));
-        if (events.onFilesDropped) events.onFilesDropped(paths);
+    case WM_DROPFILES:
+        events.onDrop(window, TakeDroppedFiles(reinterpret_cast<HDROP>(wParam)));
         return true;
-    }
     case WM_SETCURSOR:
         if (events.pointer != Pointer::Hourglass || LOWORD(lParam) != HTCLIENT) return false;
         SetCursor(LoadCursorW(nullptr, IDC_WAIT));
         return true;
     case fillDue: // destroys this window
-        if (events.onFillDue) events.onFillDue();
+        CallHandler(events.onFillDue);
         return true;
     case WM_CHAR:
     case WM_UNICHAR:

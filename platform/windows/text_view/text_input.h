@@ -11,11 +11,9 @@
 // What the control reports; lives longer than it.
 struct TextInputEvents {
     std::function<void(POINT onScreen)> onContextMenu;
-    std::function<void(const std::vector<std::u16string>& paths)> onFilesDropped;
-    std::function<void(int steps)> onZoomWheel;
+    std::function<void(HWND control, std::vector<std::u16string> paths)> onDrop;
     std::function<void()> onFillDue;
     Pointer pointer = Pointer::Default;
-    int wheelRest = 0; // of turns with Ctrl, less than a notch
 };
 
 void AttachInput(RichEdit& control, TextInputEvents& events);

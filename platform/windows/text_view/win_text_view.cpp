@@ -1,6 +1,7 @@
 #include "platform/windows/text_view/win_text_view.h"
 
 #include "common/find_text.h"
+#include "common/line_ends.h"
 #include "formats/rtf_reader.h"
 #include "formats/rtf_writer.h"
 #include "platform/windows/text_view/control_text.h"
@@ -12,11 +13,8 @@ WinTextView::WinTextView(HWND parent) : parent_(parent) {
         contextPoint_ = point;
         if (onContextMenu) onContextMenu();
     };
-    input_.onFilesDropped = [this](const std::vector<std::u16string>& paths) {
-        if (onFilesDropped) onFilesDropped(paths);
-    };
-    input_.onZoomWheel = [this](int steps) {
-        if (onZoomWheel) onZoomWheel(steps);
+    input_.onDrop = [this](HWND control, std::vector<std::u16string> paths) {
+        drops_.Add(control, std::move(paths));
     };
     input_.onFillDue = [this] { Control(); };
     Control();
@@ -80,12 +78,11 @@ void WinTextView::FillControl() const {
 // Plain text takes no alignment with it.
 void WinTextView::StreamDocument() const {
     if (!plain_) return control_->StreamRtf(DressedRtf(document_, look_));
-    std::u16string text = ToControlText(document_.text);
     if (look_.alignment.value_or(Alignment::Left) == Alignment::Left)
-        return control_->StreamPlain(text);
-    std::replace(text.begin(), text.end(), u'\r', u'\n');
+        return control_->StreamPlain(document_.text);
     Document document;
-    document.text = std::move(text);
+    document.text = ToControlText(document_.text);
+    std::replace(document.text.begin(), document.text.end(), u'\r', u'\n');
     TextLook look = look_;
     look.fontForAll = true;
     control_->StreamRtf(DressedRtf(document, look));

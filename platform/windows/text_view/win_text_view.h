@@ -8,6 +8,7 @@
 #include "platform/windows/text_view/text_input.h"
 #include "platform/windows/text_view/text_look.h"
 #include "platform/windows/text_view/text_map.h"
+#include "platform/windows/win_drops.h"
 
 #include <memory>
 #include <optional>
@@ -21,7 +22,6 @@ class WinTextView : public TextView {
 
     HWND Handle() const { return Control().Handle(); }       // of the text shown now
     POINT ContextMenuPoint() const { return contextPoint_; } // of the last one, on the screen
-    std::function<void(int steps)> onZoomWheel;              // Ctrl and the wheel, up is positive
 
     void LoadPlainText(std::u16string text) override;
     void LoadRichText(std::string bytes, int systemCodePage) override;
@@ -80,6 +80,7 @@ class WinTextView : public TextView {
     void ShowTop(TextPos position, bool asked) const;
     bool NeedsRoom(LONG line) const;
     bool ScrollTo(LONG line) const;
+    void ScrollToPointIn(LONG line, POINT point) const;
     void MakeRoomBelow(int twips) const;
     TextPos Clamp(TextPos position) const;
 
@@ -91,6 +92,7 @@ class WinTextView : public TextView {
     bool visible_ = false;
     POINT contextPoint_ = {};
     mutable TextInputEvents input_;
+    WinDrops drops_{onFilesDropped};
 
     // Of the text as it is shown.
     mutable std::unique_ptr<RichEdit> control_;

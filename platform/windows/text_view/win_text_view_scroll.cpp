@@ -70,9 +70,16 @@ bool WinTextView::ScrollTo(LONG line) const {
     const LONG hidden = -control_->PointOf(control_->LineStart(line)).y;
     if (control_->FirstVisibleLine() == line && hidden > 0) {
         const POINT now = control_->ScrollPoint();
-        control_->ScrollToPoint({now.x, now.y - hidden});
+        ScrollToPointIn(line, {now.x, now.y - hidden});
     }
     return control_->FirstVisibleLine() == line;
+}
+
+// The control tells and takes places in 16 bits: in a long text one step is many lines.
+void WinTextView::ScrollToPointIn(LONG line, POINT point) const {
+    control_->ScrollToPoint(point);
+    if (control_->FirstVisibleLine() != line)
+        control_->ScrollLines(line - control_->FirstVisibleLine());
 }
 
 void WinTextView::MakeRoomBelow(int twips) const {
@@ -100,5 +107,5 @@ void WinTextView::KeepingScroll(const std::function<void()>& change) const {
     if (control_->FirstVisibleLine() != line)
         control_->ScrollLines(line - control_->FirstVisibleLine());
     const POINT after = control_->ScrollPoint();
-    if (after.x != before.x || after.y != before.y) control_->ScrollToPoint(before);
+    if (after.x != before.x || after.y != before.y) ScrollToPointIn(line, before);
 }

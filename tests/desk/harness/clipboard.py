@@ -12,12 +12,12 @@ def clipboard(screen):
 
 def copied(reader, *keys):
     """What the keys copy, in another program's hands while the reader runs on."""
-    _fill(reader.screen)
+    fill(reader.screen)
     reader.key(*keys or ["ctrl+c"])
     return wait_for(lambda: (text := clipboard(reader.screen)) != NOTHING and text, "a copy")
 
 
-def _fill(screen):
+def fill(screen):
     subprocess.run(["xclip", "-selection", "clipboard"], env=screen.environment, check=True,
                    input=NOTHING.encode(), stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
     wait_for(lambda: clipboard(screen) == NOTHING, "the clipboard to be filled")

@@ -4,9 +4,10 @@ from harness.wait import wait_for
 
 class Dialog:
     def __init__(self, reader, title, *keys):
-        """The dialog of this title, which the keys open."""
+        """The dialog of this title, which the keys open; without keys it is open."""
         self.reader = reader
-        reader.key(*keys)
+        if keys:
+            reader.key(*keys)
         self.window = wait_for(lambda: reader.window_named(title), f"the dialog {title}")
         wait_for(lambda: reader.is_active(self.window), "the dialog to have the keyboard")
 

@@ -1,4 +1,5 @@
 """The program under test, driven as a person does: by keys, files and the window manager."""
+import glob
 import os
 import re
 import shutil
@@ -9,12 +10,21 @@ from harness.data_file import DataFile
 from harness.picture import grab
 from harness.screen import is_asleep
 from harness.wait import wait_for
-from harness.wine import ON_WINE, PROGRAM, end_prefix, make_prefix, shown_path, wine_environment
+from harness.wine import (ON_WINE, PROGRAM, end_prefix, give_prefix, make_prefix, shown_path,
+                          wine_environment)
 
 BESIDE = ("Norvaset.hlp", "norvaset-web.so")  # what a program has beside it, on some systems
 NOBODY = 65534
-# What the engine for pages says on a screen without a graphics card, on some of its starts.
-ENGINE_NOISE = "No suitable graphics backend found\n"
+NOISE = (
+    # The engine for pages, on a screen without a graphics card, on some of its starts.
+    "No suitable graphics backend found",
+    # Qt, for a menu that opens again before the X server has told it that it was closed.
+    "QXcbWindow::setNetWmStateOnUnmappedWindow() called on mapped window",
+    # And of a key, when a screen reader's bus takes longer than a tenth of a second.
+    "QSpiApplication::keyEventError",
+    # Wine's dialog of files, for a drive that is a folder.
+    "wine: Read access denied for device",
+)
 
 
 class Reader:
@@ -22,6 +32,7 @@ class Reader:
         """A copy of the program in `folder`, so that its data file lies there, too."""
         self.screen, self.folder, self.as_nobody = screen, folder, as_nobody
         self.process = self.window = None
+        self.variables = {}  # of the program's environment, over the usual ones
         self.program = os.path.join(folder, os.path.basename(PROGRAM))
         self.data_path = os.path.join(folder, "Norvaset.dat")
         self.prefix = os.path.join(folder, "wine")
@@ -41,14 +52,17 @@ class Reader:
         if as_nobody:
             for path in (folder, self.home, self.runtime):
                 os.chown(path, NOBODY, NOBODY)
+            if ON_WINE:
+                give_prefix(self.prefix, NOBODY)
 
     def _make_opener(self):
         """In place of the desktop's: it only writes down what it was to open."""
         self.opened_path = os.path.join(self.home, "opened")
-        opener = os.path.join(self.tools, "xdg-open")
-        with open(opener, "w", encoding="ascii") as file:
-            file.write(f'#!/bin/sh\nprintf "%s\\n" "$@" >> {self.opened_path}\n')
-        os.chmod(opener, 0o755)
+        for name in ("xdg-open", "xdg-email"):  # Wine has its own for mail
+            opener = os.path.join(self.tools, name)
+            with open(opener, "w", encoding="ascii") as file:
+                file.write(f'#!/bin/sh\nprintf "%s\\n" "$@" >> {self.opened_path}\n')
+            os.chmod(opener, 0o755)
 
     # Starting and ending
 
@@ -62,7 +76,7 @@ class Reader:
             command = [shutil.which("setpriv"), *ids, *command]
         environment = self.screen.environment | {
             "PATH": self.tools + (os.pathsep + os.environ["PATH"] if ON_WINE else ""), "HOME": self.home, "XDG_RUNTIME_DIR": self.runtime,
-            "XDG_DATA_HOME": os.path.join(self.home, "share")} | wine_environment(self.prefix)
+            "XDG_DATA_HOME": os.path.join(self.home, "share")} | wine_environment(self.prefix) | self.variables
         with open(os.path.join(self.folder, "messages.log"), "ab") as messages:
             return subprocess.Popen(command, env=environment, cwd=self.home,
                                     stdin=subprocess.DEVNULL, stdout=messages, stderr=messages)
@@ -122,7 +136,8 @@ class Reader:
 
     def messages(self):
         with open(os.path.join(self.folder, "messages.log"), errors="replace") as file:
-            return file.read().replace(ENGINE_NOISE, "").strip()
+            lines = [line for line in file if not any(noise in line for noise in NOISE)]
+        return "".join(lines).strip()
 
     def opened(self):
         """What was handed to the desktop's opener so far."""
@@ -144,6 +159,11 @@ class Reader:
 
     def main_window(self):
         return next(iter(self.windows("--name", r"^Norvaset \[")), None)
+
+    def hidden_window(self):
+        """The main window, be it on the screen or not."""
+        return self.screen.xdotool("search", "--all", "--pid", self.process.pid, "--name",
+                                   r"^Norvaset \[").strip()
 
     def message_box(self):
         return next(iter(self.windows("--name", "^Norvaset Message$")), None)
@@ -223,6 +243,7 @@ class Reader:
         """Chooses the history item `index` of `count` from the File menu, from its lower end."""
         self.open_menu("f")
         self.key(*["Up"] * (1 + count - index), "Return")
+        wait_for(lambda: not self.popups(), "the menu to close")
 
     def wait_for_message(self):
         return wait_for(self.message_box, "a message box")
@@ -234,6 +255,14 @@ class Reader:
         wait_for(lambda: not self.message_box(), "the message box to close")
 
     # What is to be seen and read
+
+    def user_data_path(self):
+        """The data file of a reader who may not write into the program's folder."""
+        if not ON_WINE:
+            return os.path.join(self.home, "share/Norvaset/Norvaset.dat")
+        users = os.path.join(self.prefix, "drive_c/users")
+        (found,) = glob.glob(users + "/*/AppData/Roaming/Norvaset/Norvaset.dat")
+        return found
 
     def picture(self):
         return wait_for(lambda: grab(self.screen, self.window), "a picture of the window")

@@ -30,6 +30,14 @@ def make_prefix(folder, dots_per_inch):
     _set_resolution(os.path.join(folder, "user.reg"), dots_per_inch)
 
 
+def give_prefix(folder, user):
+    """Wine runs only in a prefix of its user's own."""
+    os.chown(folder, user, user)
+    for place, folders, files in os.walk(folder):
+        for name in folders + files:
+            os.chown(os.path.join(place, name), user, user, follow_symlinks=False)
+
+
 def _set_resolution(registry, dots_per_inch):
     with open(registry, encoding="utf-8", errors="surrogateescape") as file:
         text = file.read()

@@ -1,0 +1,205 @@
+"""A book as it is read by those who do not see the screen."""
+import sys
+
+from harness import books
+from harness import screen_reader as eyes
+from harness.clipboard import copied
+from harness.html_story import HtmlStory, paragraphs, write_page
+from harness.story import SKIPPED, main
+from harness.wait import wait_for
+
+LINE_LENGTH = 64  # bytes of the numbered lines of a large book, with the line feed
+LARGE = 100 * 2**20 // LINE_LENGTH  # lines
+MOST_AT_ONCE = 256 * 1024  # units that one answer holds
+TEXT = "document frame"
+KINDS = (eyes.WORD, eyes.SENTENCE, eyes.LINE, eyes.CHARACTER)
+
+
+class Accessible(HtmlStory):
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.listener = eyes.ScreenReader(cls.screen)
+        cls.listener.listen("object:text-caret-moved", "object:text-selection-changed",
+                            "object:text-changed", "object:state-changed:focused", "object:property-change:accessible-name")
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.listener.stop()
+        super().tearDownClass()
+
+    def open_text(self, path, **options):
+        """A reader of this book, and the book as it is told."""
+        program = self.reader(**options).start(path)
+        program.wait_for_book(path)
+        return program, self.told(program)
+
+    def told(self, program):
+        return eyes.find(self.listener.window(program.process), TEXT)
+
+    def book(self, name, texts):
+        path = books.write_book(self.path(name), texts)
+        program, told = self.open_text(path)
+        return program, told, "".join(text + "\n" for text in texts)
+
+    def test_a_book_is_read_from_its_first_to_its_last_line(self):
+        program, told, text = self.book("lanterns.txt", books.long_paragraphs("accents", 15))
+        self.assertEqual(told.get_name(), "lanterns.txt")
+        self.assertLessEqual({"focusable", "focused", "read-only", "multi-line", "showing"},
+                             eyes.states(told))
+        self.assertEqual(told.get_character_count(), len(text))
+        self.assertEqual(told.get_text(0, -1), text)
+        for kind in KINDS:
+            self.assertEqual("".join(eyes.read_on(told, 0, kind)), text)
+        lines = list(eyes.read_on(told, 0, eyes.LINE))
+        self.assertGreater(len(lines), 30)  # of the screen, not of the file
+        self.assertEqual(list(eyes.read_on(told, 0, eyes.WORD, 3)), ["00001  ", "l'été", ", "])
+        told_paragraph = eyes.paragraph_at(told, 400)
+        self.assertIn(told_paragraph, (None, text[:text.index("\n", 400) + 1]
+                                       [text.rfind("\n", 0, 400) + 1:]))
+        program.close()
+
+    def test_caret_and_selection_are_heard_and_set(self):
+        program, told, text = self.book("lanterns.txt", books.lines("latin", 3000))
+        second = text.index("\n") + 1
+        self.listener.heard()
+        program.key("Down")
+        self.hear("object:text-caret-moved", second)
+        self.assertEqual(told.get_caret_offset(), second)
+        program.key("shift+End")
+        self.hear("object:text-selection-changed")
+        selection = told.get_selection(0)
+        self.assertEqual(text[selection.start_offset:selection.end_offset],
+                         text[second:].split("\n", 1)[0])
+
+        far = text.index("\n01500 ") + 1
+        told.set_caret_offset(far)
+        self.hear("object:text-caret-moved", far)
+        self.assertEqual(told.get_n_selections(), 0)
+        left, top, width, height = program.rectangle()
+        x, y, _, line_height = eyes.box(told, far)
+        self.assertTrue(left <= x < left + width and top <= y < top + height - line_height)
+        self.assertEqual(eyes.offset_at(told, x + 2, y + line_height // 2), far)
+        self.assertGreater(eyes.box(told, len(text) - 2)[1], top + height)  # further down
+        self.assertLess(eyes.box(told, 0)[1], top)
+
+        told.set_selection(0, far, far + 20)
+        self.assertEqual(copied(program), text[far:far + 20])
+        told.remove_selection(0)
+        self.assertEqual(told.get_n_selections(), 0)
+        program.close()
+
+    def hear(self, kind, number=None):
+        self.listener.wait_for_event(
+            lambda heard, detail: heard == kind and number in (None, detail), kind)
+
+    def test_the_text_is_called_by_its_caption(self):
+        program, told, text = self.book("lanterns.txt", books.lines("latin", 20))
+        told.set_selection(0, 6, 6 + 19)
+        window = self.listener.window(program.process)
+        menu = eyes.find(window, "menu item", "Edit")
+        eyes.press(menu)
+        eyes.find(menu, "menu item", "Set Selection as Caption")
+        self.listener.heard()
+        program.key("s")
+        caption = text[6:6 + 19].strip()
+        # The keyboard is said to be in the text again.
+        self.hear("object:state-changed:focused", 1)
+        wait_for(lambda: told.get_name() == caption, "the text to be called by its caption")
+        self.assertIn("focused", eyes.states(told))
+        program.close()
+
+    def test_another_book_is_told_of(self):
+        program, _, text = self.book("lanterns.txt", books.lines("latin", 20))
+        program.close()
+        other = books.write_book(self.path("other.txt"), ["Another book."])
+        program.start(other).wait_for_book(other)
+        told = self.told(program)
+        self.choose_the_book_before(program)
+        self.hear("object:text-changed:insert", len(text))
+        wait_for(lambda: told.get_name() == "lanterns.txt", "the other book's name")
+        self.assertEqual(told.get_text(0, -1), text)
+        program.close()
+
+    def choose_the_book_before(self, program):
+        """From the File menu, opened without keys."""
+        eyes.press(eyes.find(self.listener.window(program.process), "menu item", "File"))
+        wait_for(program.popups, "the File menu")
+        self.listener.heard()
+        program.key("Up", "Up", "Return")  # above Exit: the books, the latest first
+
+    def test_a_table_is_read_cell_by_cell(self):
+        path = books.write_rtf_book(self.path("lanterns.rtf"), books.lines("latin", 10))
+        program, told = self.open_text(path)
+        text = told.get_text(0, -1)
+        self.assertTrue(text.endswith("\n\ufffc\nrow 9\t00010\t\n"), text[-40:])
+        lines = list(eyes.read_on(told, 0, eyes.LINE))
+        self.assertEqual(lines[-3:], ["\ufffc\n", "row 9\t", "00010\t\n"])
+        row = len(text) - len("row 9\t00010\t\n")
+        first, second = eyes.box(told, row), eyes.box(told, row + len("row 9\t"))
+        self.assertEqual(first[1], second[1])
+        self.assertGreater(second[0], first[0] + 100)
+        program.close()
+
+    def test_the_middle_of_a_large_book(self):
+        def line(number):
+            return f"line {number:08} ".ljust(LINE_LENGTH - 1, "x") + "\n"
+        path = self.path("large.txt")
+        with open(path, "w", encoding="ascii") as file:
+            for start in range(0, LARGE, 4096):
+                file.write("".join(line(n) for n in range(start, min(start + 4096, LARGE))))
+        program, told = self.open_text(path)
+        self.assertEqual(told.get_character_count(), LARGE * LINE_LENGTH)
+        middle = LARGE // 2
+        at = middle * LINE_LENGTH
+        self.assertEqual(told.get_text(at, at + 2 * LINE_LENGTH), line(middle) + line(middle + 1))
+        self.assertEqual(eyes.at(told, at + 5, eyes.WORD)[0], f"{middle:08} ")
+        told.set_caret_offset(at)
+        self.assertEqual(eyes.at(told, told.get_caret_offset(), eyes.SENTENCE)[0], line(middle))
+        self.assertEqual(list(eyes.read_on(told, at, eyes.LINE, 3)),
+                         [line(middle + i) for i in range(3)])
+        self.assertEqual(len(told.get_text(0, -1)), MOST_AT_ONCE)
+        program.close()
+
+    def test_hebrew_is_read_in_its_order_and_found_on_its_side(self):
+        program, told, text = self.book("lanterns.txt", books.lines("hebrew", 30))
+        self.assertEqual(told.get_text(0, -1), text)
+        self.assertEqual("".join(eyes.read_on(told, 0, eyes.WORD)), text)
+        place = text.index("הפנסים")
+        first, second = eyes.box(told, place), eyes.box(told, place + 1)
+        self.assertGreater(first[0], second[0])
+        self.assertEqual(eyes.offset_at(told, first[0] + first[2] // 2, first[1] + 5), place)
+        program.close()
+
+    def test_emoji_are_whole(self):
+        family, flag = "\U0001F468\u200D\U0001F469\u200D\U0001F467", "\U0001F1EB\U0001F1EE"
+        program, told, text = self.book("smile.txt", [f"a\U0001F600b {family} c {flag} d",
+                                                      "e\u0301 and \U0001D11E."])
+        characters = list(eyes.read_on(told, 0, eyes.CHARACTER))
+        self.assertEqual("".join(characters), text)
+        self.assertLessEqual({"\U0001F600", family, flag, "e\u0301", "\U0001D11E"},
+                             set(characters))
+        for kind in KINDS:
+            self.assertEqual("".join(eyes.read_on(told, 0, kind)), text)
+        program.close()
+
+    def test_a_page_is_read_too(self):
+        page = write_page(self.path("lanterns.htm"), "<h1>The quay</h1>" + paragraphs(
+            ["The miller counted.", "She found twelve."]))
+        program, _, text = self.book("lanterns.txt", books.lines("latin", 20))
+        program.close()
+        program = self.open(page, "Lanterns", program)
+        document = eyes.find(self.listener.window(program.process), "document web", "Lanterns")
+        self.assertTrue(eyes.find(document, "heading", "The quay"))
+        self.assertTrue(eyes.find(document, "label", "She found twelve."))
+        self.choose_the_book_before(program)
+        self.hear("object:text-changed:insert", len(text))
+        self.assertEqual(self.told(program).get_text(0, -1), text)
+        program.close()
+
+
+if __name__ == "__main__":
+    if not eyes.is_installed():
+        print("skipped; not found: what a screen reader needs")
+        sys.exit(SKIPPED)
+    main()

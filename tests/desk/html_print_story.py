@@ -1,0 +1,119 @@
+"""Printing a page into a PDF file, and what goes wrong with it."""
+import os
+import shutil
+import subprocess
+import unittest
+
+from harness import books
+from harness.engine import Hang, engine, wait_for_ends
+from harness.html_story import HtmlStory, paragraphs, write_page
+from harness.story import main
+from harness.wait import wait_for
+
+COUNT = 3000
+MESSAGE = "^Norvaset Message$"
+
+
+@unittest.skipUnless(shutil.which("pdftotext"), "poppler-utils is not installed")
+class HtmlPrint(HtmlStory):
+    def setUp(self):
+        self.lines = [" ".join(line.split()) for line in books.lines("latin", COUNT)]
+        self.book = write_page(self.path("book.htm"), paragraphs(self.lines), "Quay/lights",
+                               "<style>body{background:#ffe0c0}</style>")
+        self.program = self.open(self.book, "Quay/lights")
+        self.pdf = os.path.join(self.program.home, "Quay lights.pdf")
+
+    def ask(self):
+        left, top, _, _ = self.program.rectangle()
+        self.screen.xdotool("mousemove", left + 200, top + 300, "click", 3)
+        wait_for(self.program.popups, "the page's menu")
+        self.program.key("p")
+        dialog = wait_for(lambda: self.program.window_named("Print"), "the print dialog")
+        wait_for(lambda: self.program.is_active(dialog), "the dialog to have the keyboard")
+
+    def wait_until_alone(self):
+        wait_for(lambda: self.program.windows() == [self.program.window], "all dialogs to close")
+        self.program.activate()
+
+    def print(self):
+        self.ask()
+        self.program.key("Return")
+
+    def text(self):
+        done = subprocess.run(["pdftotext", "-layout", self.pdf, "-"], capture_output=True, check=True)
+        return [" ".join(line.split()) for line in done.stdout.decode().splitlines() if line.strip()]
+
+    def test_into_a_file(self):
+        self.print()
+        wait_for(lambda: os.path.exists(self.pdf), "the file")
+        self.wait_until_alone()
+        self.assertEqual([line.strip("\f ") for line in self.text()], self.lines)
+        self.program.close()
+
+    def test_cancelled(self):
+        self.ask()
+        self.program.key("Escape")
+        self.wait_until_alone()
+        self.program.close()
+        self.assertFalse(os.path.exists(self.pdf))
+
+    def wait_for_progress(self, dialog_before):
+        return wait_for(lambda: next((w for w in self.program.windows("--name", "^Print$")
+                                      if w != dialog_before), None), "word that it prints")
+
+    def print_hanging(self):
+        self.ask()
+        dialog = self.program.window_named("Print")
+        hang = Hang(self, self.program)
+        self.program.key("Return")
+        progress = self.wait_for_progress(dialog)
+        wait_for(lambda: self.program.is_active(progress), "it to have the keyboard")
+        return hang
+
+    def test_a_page_that_hangs_is_printed_when_it_answers(self):
+        hang = self.print_hanging()
+        hang.end()
+        wait_for(lambda: os.path.exists(self.pdf), "the file")
+        self.wait_until_alone()
+        self.program.close()
+
+    def test_what_cannot_be_written(self):
+        hang = self.print_hanging()
+        os.mkdir(self.pdf)  # now that the dialog has found that it can be
+        hang.end()
+        self.program.answer_message()
+        self.wait_until_alone()
+        self.program.close()
+
+    def test_given_up_while_the_page_hangs(self):
+        hang = self.print_hanging()
+        self.program.key("Escape")
+        self.wait_until_alone()
+        self.program.key("F5")  # ends the process, which the engine must survive
+        wait_for_ends(hang.pids)
+        self.whole_text(self.program)
+        self.program.close()
+        self.assertFalse(os.path.exists(self.pdf))
+
+    def test_the_page_dies_while_it_prints(self):
+        hang = self.print_hanging()
+        hang.kill()
+        # That it was not printed, and that it can no longer be shown.
+        wait_for(lambda: len(self.program.windows("--name", MESSAGE)) == 2, "both messages")
+
+        def answered():
+            self.program.key("Return")
+            return self.program.windows() == [self.program.window]
+        wait_for(answered, "the messages to close")
+        self.program.close()
+
+    def test_closing_while_it_prints(self):
+        self.print_hanging()
+        processes = engine(self.program)
+        self.program.terminate()
+        wait_for_ends(processes)
+        self.assertFalse(os.path.exists(self.pdf))
+
+
+if __name__ == "__main__":
+    main()
