@@ -68,6 +68,27 @@ TEST_CASE("html layout: a page comes at normal size, whatever was pressed while 
     });
 }
 
+TEST_CASE("html layout: keys beyond the largest size count, so that their sum leads to the same") {
+    OnEachBackEnd([](PageTest& test) {
+        const auto send = [&](bool larger, int times) {
+            for (int i = 0; i < times; ++i)
+                test.view.SendZoomKey(larger);
+        };
+        const auto comesTo = [&](int percent) {
+            return test.WaitFor(
+                [&] { return std::abs(test.view.ViewHeight() - 40000 / percent) <= 1; });
+        };
+        test.Open(NumberedLines(400));
+        send(true, 12);
+        CHECK(comesTo(500));
+        send(false, 4);
+        CHECK(comesTo(400));
+        test.Open(NumberedLines(400)); // left and come back
+        send(true, 8);
+        CHECK(comesTo(400));
+    });
+}
+
 TEST_CASE("html layout: the place asked for is kept whatever the zoom, also over and over") {
     OnEachBackEnd([](PageTest& test) {
         for (int larger = 0; larger < 5; ++larger) {

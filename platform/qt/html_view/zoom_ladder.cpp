@@ -9,9 +9,10 @@ constexpr std::array percents = {25,  33,  50,  67,  75,  80,  90,  100, 110,
 }
 
 double ZoomLadder::Factor() const {
-    return percents[static_cast<unsigned>(place_)] / 100.0;
+    const int place = std::clamp(normal + steps_, 0, int{percents.size()} - 1);
+    return percents[static_cast<unsigned>(place)] / 100.0;
 }
 
 void ZoomLadder::Move(int steps) {
-    place_ = steps == 0 ? normal : std::clamp(place_ + steps, 0, int{percents.size()} - 1);
+    steps_ = steps == 0 ? 0 : std::clamp(steps_ + steps, -farthest, farthest);
 }

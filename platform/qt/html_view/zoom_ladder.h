@@ -1,12 +1,14 @@
-// The sizes that one zoom key leads to from another, as browsers have them.
+// The sizes that one zoom key leads to from another, as browsers have them. Keys beyond the last
+// size count: as many lead back, and a page that comes again with their sum has the size that it
+// had.
 #pragma once
 
 class ZoomLadder {
   public:
     double Factor() const;
-    void Move(int steps); // as far as the ladder goes; 0 leads back to normal
+    void Move(int steps); // 0 leads back to normal
 
   private:
-    static constexpr int normal = 7;
-    int place_ = normal;
+    static constexpr int normal = 7, farthest = 100;
+    int steps_ = 0;
 };

@@ -1,13 +1,14 @@
 // The sizes that one zoom key leads to from another. They are the same on all systems, so that a
-// book moved to another one is shown in the size that it was left in.
+// book moved to another one is shown in the size that it was left in. Keys beyond the last size
+// count: as many lead back, and a page that comes again with their sum has the size that it had.
 #pragma once
 
 class PageZoom {
   public:
     int Percent() const;
-    void Move(int steps); // as far as the sizes go; 0 leads back to normal
+    void Move(int steps); // 0 leads back to normal
 
   private:
-    static constexpr int normal = 7;
-    int place_ = normal;
+    static constexpr int normal = 7, farthest = 100;
+    int steps_ = 0;
 };
