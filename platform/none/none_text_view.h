@@ -40,7 +40,10 @@ class NoneTextView : public TextView {
     void SetPointer(Pointer pointer) override { pointer_ = pointer; }
     void FocusView() override {}
 
-    bool mirrorsRightToLeft = false; // as a test wants it
+    // As a test wants it.
+    bool mirrorsRightToLeft = false;
+    std::function<void()> whileFinding;           // when set, a search is given up after it
+    mutable std::vector<Pointer> pointersOfFinds; // shown during each search
 
     // What was asked, for tests.
     int loads = 0, scrolls = 0, fontApplications = 0;
