@@ -9,9 +9,10 @@ class StringText : public TextSource {
 
     TextPos Length() const override { return static_cast<TextPos>(text_.size()); }
     TextPiece PieceAt(TextPos) const override { return {0, text_}; }
-    TextPos Find(std::u16string_view what, TextPos start, FindOptions options) const override {
+    TextPos FindWhile(std::u16string_view what, TextPos start, FindOptions options,
+                      const std::function<bool()>&) const override {
         const std::size_t at = FindText(text_, what, static_cast<std::size_t>(start), options);
-        return at == std::u16string_view::npos ? -1 : static_cast<TextPos>(at);
+        return at == std::u16string_view::npos ? notFound : static_cast<TextPos>(at);
     }
 
   private:

@@ -123,10 +123,13 @@ std::size_t Utf16Length(std::string_view bytes) {
 }
 
 std::size_t Utf8CharacterEnd(std::string_view bytes, std::size_t place) {
-    // Three bytes at most stand behind the first of a sequence: what continues a fourth is in none.
-    const std::size_t last = std::min(place + 3, bytes.size());
-    while (place < last && (static_cast<unsigned char>(bytes[place]) & 0xC0) == 0x80)
-        ++place;
+    constexpr std::size_t mostBefore = 3; // bytes of a sequence
+    const auto* const start = reinterpret_cast<const unsigned char*>(bytes.data());
+    for (std::size_t before = 1; before <= std::min(mostBefore, place); ++before) {
+        const unsigned char* const first = start + place - before;
+        const auto length = static_cast<std::size_t>(SequenceLength(first, start + bytes.size()));
+        if (length > before) return place - before + length;
+    }
     return place;
 }
 

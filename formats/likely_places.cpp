@@ -14,14 +14,16 @@ constexpr std::uint64_t longestUnit = 4; // bytes
 } // namespace
 
 LikelyPlaces::LikelyPlaces(const FileReader& file, EncodedSearch& search, ByteRange text,
-                           std::uint64_t start)
-    : file_(file), search_(search), text_(text),
+                           std::uint64_t start, const std::function<bool()>& goesOn)
+    : file_(file), search_(search), text_(text), goesOn_(goesOn),
       buffer_(std::make_unique_for_overwrite<char[]>(mostRead + 2 * search.Margin() + longestUnit)),
       toSearch_{start, start}, toRead_(leastRead) {}
 
 bool LikelyPlaces::ReadMore() {
     const std::uint64_t start = toSearch_.from;
     if (start >= text_.to) return false;
+    givenUp_ = !goesOn_();
+    if (givenUp_) return false;
     const std::uint64_t before = std::min<std::uint64_t>(start - text_.from, search_.Margin());
     base_ = start - before;
     base_ -= (base_ - text_.from) % longestUnit;

@@ -5,6 +5,7 @@
 #include "platform/file_reader.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -16,14 +17,16 @@ struct ByteRange {
 
 class LikelyPlaces {
   public:
-    // Both are observed. The text is what is behind a byte-order mark.
-    LikelyPlaces(const FileReader& file, EncodedSearch& search, ByteRange text,
-                 std::uint64_t start);
+    // All are observed. The text is what is behind a byte-order mark. Whether to go on is asked for
+    // each megabyte.
+    LikelyPlaces(const FileReader& file, EncodedSearch& search, ByteRange text, std::uint64_t start,
+                 const std::function<bool()>& goesOn);
 
     // The next place, from the start on. Each match that begins at the start or behind it has one
     // among its bytes.
     std::optional<std::uint64_t> Next();
     void SkipTo(std::uint64_t byte);
+    bool IsGivenUp() const { return givenUp_; } // so there was no next one
 
   private:
     bool ReadMore();
@@ -32,11 +35,13 @@ class LikelyPlaces {
     const FileReader& file_;
     EncodedSearch& search_;
     ByteRange text_;
+    const std::function<bool()>& goesOn_;
     std::unique_ptr<char[]> buffer_;
-    std::string_view bytes_;          // read last
-    std::uint64_t base_ = 0;          // where they are in the file
-    ByteRange toSearch_;              // of them, but for the places already known
-    std::size_t toRead_ = 0;          // the next time
+    std::string_view bytes_; // read last
+    std::uint64_t base_ = 0; // where they are in the file
+    ByteRange toSearch_;     // of them, but for the places already known
+    std::size_t toRead_ = 0; // the next time
+    bool givenUp_ = false;
     bool cut_ = false;                // the file has become shorter
     std::vector<std::size_t> places_; // in `bytes_`
     std::size_t nextPlace_ = 0;

@@ -11,10 +11,11 @@ namespace {
 constexpr std::size_t mostDecoded = 8; // pieces kept: a screen needs one or two
 
 // UTF-8 but for a sequence cut by the end of the file; not so when nothing else shows that it is.
-bool IsCutUtf8(std::string_view lastPiece, bool asciiSoFar) {
-    const std::size_t valid = ValidUtf8Length(lastPiece);
-    const bool ascii = asciiSoFar && IsAscii(lastPiece.substr(0, valid));
-    return !ascii && IsCutUtf8Sequence(lastPiece.substr(valid));
+bool IsCutUtf8(std::string_view lastBytes, bool asciiSoFar) {
+    const std::size_t valid = ValidUtf8Length(lastBytes);
+    if (valid == lastBytes.size()) return false;
+    const bool ascii = asciiSoFar && IsAscii(lastBytes.substr(0, valid));
+    return !ascii && IsCutUtf8Sequence(lastBytes.substr(valid));
 }
 } // namespace
 
@@ -36,7 +37,7 @@ bool PlainTextSource::MarkPieces(bool onlyUtf8) {
     const std::uint64_t size = std::min(file_->Size(), largestPlainText);
     std::string buffer(pieceBytes_ + cutLookahead, '\0');
     Mark mark{form_.markLength, 0};
-    bool ascii = true;
+    bool ascii = true, cut = false; // within a sequence, whose bytes may be in several pieces
     marks_.clear();
     while (mark.byte < size) {
         const auto most =
@@ -45,8 +46,10 @@ bool PlainTextSource::MarkPieces(bool onlyUtf8) {
         if (bytes.empty()) break; // the file has become shorter
         const std::string_view piece = bytes.substr(0, PieceEnd(form_, bytes, pieceBytes_));
         const PieceMeasure measure = Measure(form_, piece);
-        const bool last = mark.byte + piece.size() >= size;
-        if (onlyUtf8 && !measure.utf8 && !(last && IsCutUtf8(piece, ascii))) return false;
+        if (onlyUtf8 && !measure.utf8 && !cut) {
+            cut = mark.byte + bytes.size() >= size && IsCutUtf8(bytes, ascii);
+            if (!cut) return false;
+        }
         ascii = ascii && measure.ascii;
         marks_.push_back(mark);
         mark.byte += piece.size();

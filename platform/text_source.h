@@ -4,12 +4,16 @@
 #include "platform/geometry.h"
 
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <string_view>
 
 struct FindOptions {
     bool wholeWord = false, matchCase = false;
 };
+
+// What a search answers when nothing is found, and when it was told to stop.
+constexpr TextPos notFound = -1, findGivenUp = -2;
 
 // A stretch of a text, as long as the source keeps at hand.
 struct TextPiece {
@@ -28,8 +32,13 @@ class TextSource {
     // The piece with the character at `position`, which is in the text. Its units may be gone after
     // the next call of any function.
     virtual TextPiece PieceAt(TextPos position) const = 0;
-    // The first place of `what` that begins at or after `start`; -1 when there is none.
-    virtual TextPos Find(std::u16string_view what, TextPos start, FindOptions) const = 0;
+    // The first place of `what` that begins at or after `start`. A long search asks now and then
+    // whether it is to go on; the source may be used meanwhile, but not for another search.
+    virtual TextPos FindWhile(std::u16string_view what, TextPos start, FindOptions,
+                              const std::function<bool()>& goesOn) const = 0;
+    TextPos Find(std::u16string_view what, TextPos start, FindOptions options) const {
+        return FindWhile(what, start, options, [] { return true; });
+    }
 
     char16_t UnitAt(TextPos position) const;
     std::u16string Range(TextPos start, TextPos end) const; // each moved into the text

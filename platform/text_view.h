@@ -53,7 +53,9 @@ class TextView {
     virtual bool MirrorsRightToLeft() const = 0;
 
     // The first place of `what` that begins at or after `start`, and ends at or before the text's
-    // end; -1 when there is none. Selects nothing.
+    // end; `notFound` when there is none. Selects nothing. A view whose search can take long keeps
+    // the window drawn meanwhile and answers `findGivenUp` when the user presses Escape or closes
+    // the window; other keys and the mouse do nothing then.
     virtual TextPos Find(std::u16string_view what, TextPos start, FindOptions) const = 0;
     // The selection as RTF source, pure ASCII.
     virtual std::string SelectionAsRtf() const = 0;

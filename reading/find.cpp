@@ -5,6 +5,7 @@
 #include "common/menu_items.h"
 #include "common/text.h"
 #include "reading/caret.h"
+#include "reading/hourglass.h"
 #include "reading/text_routines.h"
 
 #include <algorithm>
@@ -81,6 +82,14 @@ void FindNextInPage(MainForm& form) {
     html.ScrollTo(match->left, match->top - match->searchTop);
     html.Select(match->span); // shows it, where the distance alone does not lead there
 }
+
+// To the end of the text, then from its start.
+TextPos FindAround(MainForm& form, TextPos start) {
+    TextView& view = *form.ports.textView;
+    const Hourglass hourglass(view);
+    const TextPos found = view.Find(form.findText, start, form.findOptions);
+    return found == notFound ? view.Find(form.findText, 0, form.findOptions) : found;
+}
 } // namespace
 
 void mEditFind_Click(MainForm& form, int) {
@@ -109,9 +118,8 @@ void mEditNext_Click(MainForm& form, int) {
     TextView& view = *form.ports.textView;
     const int charset = form.viewFont.charset;
     const TextPos start = LogicalCaretPos(view, charset) + view.SelLength();
-    TextPos found = view.Find(form.findText, start, form.findOptions);
-    if (found < 0) found = view.Find(form.findText, 0, form.findOptions);
-    if (found < 0) return;
+    const TextPos found = FindAround(form, start);
+    if (found < 0 || form.closed) return; // closed while a long search went on
     view.Select(found, static_cast<TextPos>(form.findText.size()));
     SelectLogically(view, charset);
     ScrollCaretToTop(view);

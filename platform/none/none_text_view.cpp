@@ -42,6 +42,11 @@ void NoneTextView::Select(TextPos start, TextPos length) {
 }
 
 TextPos NoneTextView::Find(std::u16string_view what, TextPos start, FindOptions options) const {
+    pointersOfFinds.push_back(pointer_);
+    if (whileFinding) {
+        whileFinding();
+        return findGivenUp;
+    }
     const std::size_t found =
         FindText(text_, what, static_cast<std::size_t>(Clamp(start)), options);
     return found == std::u16string::npos ? -1 : static_cast<TextPos>(found);

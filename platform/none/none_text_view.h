@@ -41,7 +41,10 @@ class NoneTextView : public TextView {
     void FocusView() override {}
     void SetName(std::u16string_view name) override { name_ = name; }
 
-    bool mirrorsRightToLeft = false; // as a test wants it
+    // As a test wants it.
+    bool mirrorsRightToLeft = false;
+    std::function<void()> whileFinding;           // when set, a search is given up after it
+    mutable std::vector<Pointer> pointersOfFinds; // shown during each search
 
     // What was asked, for tests.
     int loads = 0, scrolls = 0, fontApplications = 0;

@@ -267,6 +267,21 @@ TEST_CASE("plain text find: a letter that the encoding has not is nowhere") {
     CHECK(latin.Find(u"\U0001D11E", 0, {}) == -1);
 }
 
+TEST_CASE("plain text find: is given up when it is told to, also where all is decoded") {
+    std::string bytes = "\xC3\xA9";
+    while (bytes.size() < 5'000'000)
+        bytes += "one two\n\n";
+    const PlainTextSource source(Reader(bytes + "end"), 0, 1252);
+    for (const std::u16string what : {u"end", u"\n\n\n"}) {
+        int asked = 0;
+        const auto goesOn = [&asked] { return ++asked < 4; };
+        CHECK(source.FindWhile(what, 0, {}, goesOn) == findGivenUp);
+        CHECK(asked == 4);
+        const TextPos expected = what == u"end" ? source.Length() - 3 : notFound;
+        CHECK(source.FindWhile(what, 0, {}, [] { return true; }) == expected);
+    }
+}
+
 namespace {
 class ShrunkFile : public BytesReader {
   public:

@@ -92,6 +92,21 @@ TEST_CASE("text source: a position's byte and back") {
     CHECK(empty.PositionOf(5) == 0);
 }
 
+TEST_CASE("text source: each byte that continues nothing has a position of its own") {
+    const std::string bytes = "a\x80\x80\x80\x80\x80\xC3\xA9\x96\xF0\x9D\x84\x9E\xFF\x80z";
+    const std::uint64_t places[] = {0, 1, 2, 3, 4, 5, 6, 8, 9, 9, 13, 14, 15};
+    for (const std::size_t pieceBytes : {1u, 2u, 3u, 5u, 19u, 100u}) {
+        const PlainTextSource source(Reader(bytes), 65001, 1252, pieceBytes);
+        REQUIRE(source.Length() == TextPos(std::size(places)));
+        for (TextPos position = 0; position < source.Length(); ++position) {
+            CAPTURE(position);
+            CHECK(source.ByteOf(position) == places[position]);
+            const bool secondOfPair = position > 0 && places[position] == places[position - 1];
+            CHECK(source.PositionOf(places[position]) == position - secondOfPair);
+        }
+    }
+}
+
 TEST_CASE("text source: positions move to the same bytes in another code page") {
     // Two letters of two bytes, a line end of two, then "ab": in 932 and byte by byte.
     const auto bytes = Reader("\x93\xFA\x96\x7B\r\nab");

@@ -4,6 +4,7 @@
 #include "formats/plain_text_source.h"
 #include "formats/rtf_reader.h"
 #include "formats/rtf_writer.h"
+#include "platform/qt/text_view/long_work.h"
 #include "platform/qt/text_view/text_widget.h"
 
 #include <algorithm>
@@ -106,7 +107,9 @@ TextPos QtTextView::SelLength() const {
 }
 
 TextPos QtTextView::Find(std::u16string_view what, TextPos start, FindOptions options) const {
-    return widget_->Source().Find(what, std::clamp(start, 0, TextLength()), options);
+    LongWork work;
+    return widget_->Source().FindWhile(what, std::clamp(start, 0, TextLength()), options,
+                                       [&work] { return work.GoesOn(); });
 }
 
 std::string QtTextView::SelectionAsRtf() const {
