@@ -96,7 +96,10 @@ class EndlessText : public TextSource {
         }
         return {start, units_};
     }
-    TextPos Find(std::u16string_view, TextPos, FindOptions) const override { return -1; }
+    TextPos FindWhile(std::u16string_view, TextPos, FindOptions,
+                      const std::function<bool()>&) const override {
+        return -1;
+    }
 
     static std::u16string Line(TextPos number) {
         std::u16string line =
