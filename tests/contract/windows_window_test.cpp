@@ -245,7 +245,6 @@ TEST_CASE("windows window: a drop of no files changes nothing") {
         SendMessageW(bench.window.Handle(), WM_DROPFILES, DropOf(paths), 0);
     MSG message;
     CHECK_FALSE(PeekMessageW(&message, nullptr, WM_APP, WM_APP, PM_NOREMOVE));
-    CHECK(GetForegroundWindow() == other.Get());
     SendMessageW(bench.window.Handle(), WM_DROPFILES, DropOf(L"C:\\c\0"s), 0);
     CHECK(Becomes([&] { return told != 0; }));
     CHECK(told == 1);
