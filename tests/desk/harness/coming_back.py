@@ -7,7 +7,8 @@ from harness.story import Story
 from harness.text_view import STRIP_HEIGHT, settled_strip, top_strip
 from harness.wait import wait_for
 
-COMPARED = 300  # pixels of the top lines when the window has another width
+COMPARED = 300     # pixels of the top lines when the window has another width
+MARGIN_CHANGE = 8  # pixels that the text may stand further left in a narrower window
 
 
 class ComingBack(Story):
@@ -58,7 +59,11 @@ def _same_top(strip, now):
     """Where the strips have slack, the first line may have been cut by the view's edge; then that
     line or the next one is at the top now, and one strip shows the beginning of the other."""
     if now.width != strip.width:
-        strip, now = _part(strip), _part(now)
+        return any(_same_rows(_part(strip, shift), _part(now)) for shift in range(MARGIN_CHANGE + 1))
+    return _same_rows(strip, now)
+
+
+def _same_rows(strip, now):
     height = STRIP_HEIGHT
     return any(one.crop(0, top, one.width, top + height).looks_like(
                    other.crop(0, 0, other.width, height))
@@ -66,5 +71,5 @@ def _same_top(strip, now):
                for top in range(one.height - height + 1))
 
 
-def _part(strip):
-    return strip.crop(0, 0, COMPARED, strip.height)
+def _part(strip, left=0):
+    return strip.crop(left, 0, left + COMPARED, strip.height)

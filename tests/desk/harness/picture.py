@@ -21,23 +21,19 @@ class Picture:
         rows = [self.row(y, left, right) for y in range(top, bottom)]
         return Picture(right - left, bottom - top, b"".join(rows))
 
-    def columns_unlike(self, other):
-        """The columns that differ from a picture of the same size; None for another size."""
+    def looks_like(self, other):
+        """The same but for a caret."""
         if (self.width, self.height) != (other.width, other.height):
-            return None
-        columns = set()
+            return False
+        left, right = self.width, -1  # the columns that differ so far
         for y in range(self.height):
             mine, others = self.row(y), other.row(y)
             if mine != others:
-                columns |= {i // 3 for i in range(len(mine)) if mine[i] != others[i]}
-        return columns
-
-    def looks_like(self, other):
-        """The same but for a caret."""
-        columns = self.columns_unlike(other)
-        if columns is None:
-            return False
-        return not columns or max(columns) - min(columns) < CARET_WIDTH
+                unlike = [i // 3 for i in range(len(mine)) if mine[i] != others[i]]
+                left, right = min(left, unlike[0]), max(right, unlike[-1])
+                if right - left >= CARET_WIDTH:
+                    return False
+        return True
 
     def is_plain(self):
         return self.pixels == self.pixels[:3] * (self.width * self.height)
