@@ -59,7 +59,7 @@ constexpr UINT_PTR coarseId = 100;
 // than 65535 pixels high: in steps of many.
 LRESULT CALLBACK CoarseScrolling(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                                  DWORD_PTR) {
-    constexpr LONG step = 100; // pixels
+    constexpr LONG step = 97; // pixels, no multiple of a line
     POINT* const point = reinterpret_cast<POINT*>(lParam);
     POINT exact = {};
     if (message == EM_SETSCROLLPOS) {
@@ -70,22 +70,40 @@ LRESULT CALLBACK CoarseScrolling(HWND window, UINT message, WPARAM wParam, LPARA
     if (message == EM_GETSCROLLPOS) point->y /= step;
     return answer;
 }
+
+// Of a place of plain text, in pixels below the view's upper edge.
+LONG HeightOf(const WinTextView& view, TextPos position) {
+    POINTL point = {};
+    SendMessageW(view.Handle(), EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&point), position);
+    return point.y;
+}
+} // namespace
+
+namespace {
+void LoadThousandLines(WinTextView& view) {
+    view.SetBounds({0, 0, 400, 300});
+    std::u16string text;
+    for (int i = 0; i < 1000; ++i)
+        text += u"a line\n"; // 7 units
+    view.LoadPlainText(text);
+}
+
+// Part of a line down, as by the mouse.
+void ScrollALittle(WinTextView& view) {
+    POINT point = {};
+    SendMessageW(view.Handle(), EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&point));
+    point.y += 7;
+    SendMessageW(view.Handle(), EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&point));
+}
 } // namespace
 
 TEST_CASE("windows text view: a line comes exactly to the top of a text of any height") {
     WinTextView view(HiddenWindow());
-    view.SetBounds({0, 0, 400, 300});
-    std::u16string text;
-    for (int i = 1000; i < 2000; ++i)
-        text += u"a line\n"; // 7 units
-    view.LoadPlainText(text);
+    LoadThousandLines(view);
     view.ScrollLineToTop(500 * 7);
     const auto first = [&] { return SendMessageW(view.Handle(), EM_GETFIRSTVISIBLELINE, 0, 0); };
     for (int i = 0; i < 5; ++i) {
-        POINT point = {};
-        SendMessageW(view.Handle(), EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&point));
-        point.y += 7; // a part of a line, as by the mouse
-        SendMessageW(view.Handle(), EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&point));
+        ScrollALittle(view);
         SetWindowSubclass(view.Handle(), CoarseScrolling, coarseId, 0);
         const TextPos top = view.FirstVisibleChar();
         CAPTURE(top);
@@ -94,6 +112,20 @@ TEST_CASE("windows text view: a line comes exactly to the top of a text of any h
         view.ScrollLineToTop(top);
         CHECK(first() == top / 7);
         CHECK(view.FirstVisibleChar() == top);
+        RemoveWindowSubclass(view.Handle(), CoarseScrolling, coarseId);
+    }
+}
+
+TEST_CASE("windows text view: a line that the edge cuts comes whole to the top of a high text") {
+    WinTextView view(HiddenWindow());
+    LoadThousandLines(view);
+    for (const TextPos line : {300, 500, 700}) {
+        view.ScrollLineToTop(line * 7);
+        ScrollALittle(view);
+        CHECK(HeightOf(view, line * 7) < 0);
+        SetWindowSubclass(view.Handle(), CoarseScrolling, coarseId, 0);
+        view.ScrollLineToTop(line * 7);
+        CHECK(HeightOf(view, line * 7) == 0);
         RemoveWindowSubclass(view.Handle(), CoarseScrolling, coarseId);
     }
 }

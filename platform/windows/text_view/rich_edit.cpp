@@ -164,6 +164,10 @@ void RichEdit::ScrollToPoint(POINT point) {
     Send(EM_SETSCROLLPOS, 0, ToLParam(point));
 }
 
+void RichEdit::ScrollToCaret() {
+    Send(EM_SCROLLCARET);
+}
+
 POINT RichEdit::PointOf(TextPos position) const {
     POINTL point = {};
     Send(EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&point), position);

@@ -80,6 +80,7 @@ class WinTextView : public TextView {
     void ShowTop(TextPos position, bool asked) const;
     bool NeedsRoom(LONG line) const;
     bool ScrollTo(LONG line) const;
+    void ShowWhole(TextPos lineStart) const;
     void ScrollToPointIn(LONG line, POINT point) const;
     void MakeRoomBelow(int twips) const;
     TextPos Clamp(TextPos position) const;

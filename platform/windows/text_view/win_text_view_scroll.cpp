@@ -67,12 +67,22 @@ bool WinTextView::ScrollTo(LONG line) const {
     constexpr int mostTries = 3; // some controls lay out the lines between only on the way
     for (int i = 0; i < mostTries && control_->FirstVisibleLine() != line; ++i)
         control_->ScrollLines(line - control_->FirstVisibleLine());
-    const LONG hidden = -control_->PointOf(control_->LineStart(line)).y;
-    if (control_->FirstVisibleLine() == line && hidden > 0) {
+    const TextPos start = control_->LineStart(line);
+    const auto hidden = [&] { return -control_->PointOf(start).y; };
+    if (control_->FirstVisibleLine() == line && hidden() > 0) {
         const POINT now = control_->ScrollPoint();
-        ScrollToPointIn(line, {now.x, now.y - hidden});
+        ScrollToPointIn(line, {now.x, now.y - hidden()});
+        if (hidden() > 0) ShowWhole(start);
     }
     return control_->FirstVisibleLine() == line;
+}
+
+// The line that begins there, cut by the view's upper edge, where places are too coarse for it.
+void WinTextView::ShowWhole(TextPos lineStart) const {
+    const CHARRANGE selection = control_->Selection();
+    control_->Select({lineStart, lineStart});
+    control_->ScrollToCaret();
+    control_->Select(selection);
 }
 
 // The control tells and takes places in 16 bits: in a long text one step is many lines.
