@@ -1,9 +1,11 @@
 """The clipboard, as another program sees it."""
 import subprocess
+import time
 
 from harness.wait import wait_for
 
 NOTHING = "nothing was copied"
+AGAIN = 3  # seconds after which a key is taken for lost
 
 
 def clipboard(screen):
@@ -11,10 +13,22 @@ def clipboard(screen):
 
 
 def copied(reader, *keys):
-    """What the keys copy, in another program's hands while the reader runs on."""
+    """What the keys copy, in another program's hands while the reader runs on. Without keys it is
+    Ctrl+C, as often as it takes: no command is taken while another one waits for a page."""
     fill(reader.screen)
     reader.key(*keys or ["ctrl+c"])
-    return wait_for(lambda: (text := clipboard(reader.screen)) != NOTHING and text, "a copy")
+    pressed = time.monotonic()
+
+    def copy():
+        nonlocal pressed
+        text = clipboard(reader.screen)
+        if text and text != NOTHING:
+            return text
+        if not keys and time.monotonic() - pressed > AGAIN:
+            reader.key("ctrl+c")
+            pressed = time.monotonic()
+        return None
+    return wait_for(copy, "a copy")
 
 
 def fill(screen):
