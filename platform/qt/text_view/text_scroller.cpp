@@ -195,5 +195,5 @@ void TextScroller::ScrollToChar(TextPos position) {
     const TextPos start = LineStart(*layout, line), length = LineEnd(*layout, line) - start;
     const int part =
         length > 0 ? int(std::int64_t(position - start) * LineHeight(*layout, line) / length) : 0;
-    ShowHeight({layout->block.start, LineTop(*layout, line) + part});
+    ShowHeight(Moved({layout->block.start, LineTop(*layout, line)}, part));
 }
