@@ -117,6 +117,19 @@ TEST_CASE("qt text view: End and the arrows at the seam of two pieces of a long 
     CHECK(bench.view.SelStart() == seam - 1);
 }
 
+TEST_CASE("qt text view: the arrows step over a line that is only its end") {
+    QtViewBench bench;
+    bench.view.LoadPlainText(u"\v\u05D0\u05D1\v\u05D2\u05D3\nend"); // goes to the left
+    for (const TextPos place : {1, 2, 3, 4}) {
+        bench.Press(Qt::Key_Left);
+        CHECK(bench.view.SelStart() == place);
+    }
+    for (const TextPos place : {3, 2, 1, 0}) {
+        bench.Press(Qt::Key_Right);
+        CHECK(bench.view.SelStart() == place);
+    }
+}
+
 TEST_CASE("qt text view: keys scroll so that the caret is seen") {
     QtViewBench bench(500, 200);
     bench.view.LoadPlainText(RepeatedText(u"line\n", 1000));

@@ -66,6 +66,14 @@ TextPos Backward(TextLayouts& layouts, const Place& place, QTextLayout::CursorMo
 
 using Step = int (QTextLayout::*)(int) const;
 
+// From a line's edge, where the layout sees no way on: a line that is nothing but its separator.
+TextPos BesideLine(const Place& place, TextPos from, bool forward) {
+    const ParagraphLayout& paragraph = place.Paragraph();
+    const int line = place.line.line;
+    if (forward) return line + 1 < paragraph.LineCount() ? paragraph.LineEnd(line) : from;
+    return line > 0 ? paragraph.LastPlace(line - 1) : from;
+}
+
 // To the place beside, where the paragraph has one. Where text goes both ways the layout does not
 // know the blanks at a line's end, and steps into characters.
 TextPos SideStep(const Place& place, Step step, bool forward) {
@@ -76,7 +84,7 @@ TextPos SideStep(const Place& place, Step step, bool forward) {
     int at = place.at;
     do {
         const int to = (place.Text().*step)(at);
-        if (to == at) return from;
+        if (to == at) return BesideLine(place, from, forward);
         at = to;
     } while (!place.Text().isValidCursorPosition(at));
     const TextPos to = paragraph.start + at;

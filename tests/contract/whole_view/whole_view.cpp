@@ -225,12 +225,17 @@ TextPos WholeView::Next(bool forward, QTextLayout::CursorMode mode) const {
     const auto& all = whole_.paragraphs;
     const WholeParagraph& paragraph = all[index];
     const int at = std::clamp(caret, paragraph.start, paragraph.end) - paragraph.start;
+    const bool words = mode == QTextLayout::SkipWords; // may end within a character
     if (forward) {
-        const int to = paragraph.text->nextCursorPosition(at, mode);
+        int to = paragraph.text->nextCursorPosition(at, mode);
+        if (words && !paragraph.text->isValidCursorPosition(to))
+            to = paragraph.text->nextCursorPosition(to);
         if (to != at) return paragraph.start + to;
         return index + 1 < all.size() ? all[index + 1].start : paragraph.end;
     }
-    const int to = paragraph.text->previousCursorPosition(at, mode);
+    int to = paragraph.text->previousCursorPosition(at, mode);
+    if (words && !paragraph.text->isValidCursorPosition(to))
+        to = paragraph.text->previousCursorPosition(to);
     if (to != at) return paragraph.start + to;
     if (index == 0) return paragraph.start;
     const WholeParagraph& before = all[index - 1];
