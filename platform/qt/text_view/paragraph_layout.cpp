@@ -155,9 +155,19 @@ int BreakLine(const ParagraphShape& shape, const ParagraphLayout& paragraph, QTe
     return stretched ? edge : edge + shape.AlignmentShift(std::max(0, room));
 }
 
+// A line that ends at a soft hyphen shows it from when the layout is first asked for its glyphs,
+// and then tells other places: so it is asked at once.
+void ShowHyphen(const QTextLayout& text, const QTextLine& line) {
+    const QString all = text.text();
+    const int start = line.textStart();
+    if (QStringView(all).sliced(start, line.textLength()).contains(QChar::SoftHyphen))
+        line.glyphRuns(start, 1);
+}
+
 // Lays out one line whose slot starts at `top`; returns the slot's height.
 int PlaceLine(const ParagraphShape& shape, ParagraphLayout& paragraph, QTextLine line, int top) {
     const int left = BreakLine(shape, paragraph, line);
+    ShowHyphen(*paragraph.text, line);
     const int ascent = std::max(int(std::ceil(line.ascent())), TallestPicture(paragraph, line));
     const int descent = int(std::ceil(line.descent()));
     const int height = shape.LineHeight(ascent + descent + std::max(0, qRound(line.leading())));

@@ -270,6 +270,7 @@ WholeLaidOut LayOutSome(const WholeSetting& setting, const WholePart& part,
         top += height;
     }
     out.text->endLayout();
+    out.text->glyphRuns(); // shows the hyphens at lines' ends, which changes the places of the rest
     out.height = top + (out.end == part.end ? shape.after : 0);
     return out;
 }
