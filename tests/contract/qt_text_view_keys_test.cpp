@@ -130,6 +130,20 @@ TEST_CASE("qt text view: the arrows step over a line that is only its end") {
     }
 }
 
+TEST_CASE("qt text view: the arrows step over each blank with an accent at a line's end") {
+    QtViewBench bench(15, 400); // a letter in each line
+    bench.view.LoadPlainText(u"\u05D0 \u0301 \u0301 \u05D1\u05D2");
+    REQUIRE(bench.view.LineAround(0).length == 6);
+    for (const TextPos place : {1, 3, 5, 6}) {
+        bench.Press(Qt::Key_Left);
+        CHECK(bench.view.SelStart() == place);
+    }
+    for (const TextPos place : {5, 3, 1, 0}) {
+        bench.Press(Qt::Key_Right);
+        CHECK(bench.view.SelStart() == place);
+    }
+}
+
 TEST_CASE("qt text view: keys scroll so that the caret is seen") {
     QtViewBench bench(500, 200);
     bench.view.LoadPlainText(RepeatedText(u"line\n", 1000));

@@ -18,3 +18,16 @@ TEST_CASE("qt text view: the hyphen at a line's end has its width before it is p
         after.push_back(CaretBox(layout, at).x());
     CHECK(before == after);
 }
+
+TEST_CASE("qt text view: words before a no-break space at a line's end are found where they are") {
+    const std::u16string text = u"\u05D0\v" + RepeatedText(u"ab\u00A0", 10);
+    for (int width = 16; width < 60; ++width) {
+        QtViewBench bench(width, 400);
+        bench.view.LoadPlainText(text);
+        const BlockLayout& layout = *bench.Widget().Layouts().At(0);
+        for (TextPos at = 3; at < bench.view.TextLength(); at += 3) {
+            INFO("character ", at, ", width ", width);
+            CHECK(CaretBox(layout, at).x() == CharacterBox(layout, at).left());
+        }
+    }
+}

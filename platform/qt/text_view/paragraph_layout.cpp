@@ -100,20 +100,30 @@ struct BlanksAtEnd {
     bool outside = true;                         // left of the text
 };
 
+// Whether the layout leaves a character out at the end of a wrapped line, with the marks on it.
+bool IsBlank(QChar unit) {
+    return unit.isSpace() && unit.decompositionTag() != QChar::NoBreak && unit != u'\t' &&
+           unit != QChar::LineSeparator;
+}
+
 // Where the blanks at the end of a wrapped line begin.
-int TextEnd(const QString& text, int start, int lineEnd) {
+int TextEnd(const QTextLayout& layout, const QTextLine& line) {
+    const QString text = layout.text();
+    const int start = line.textStart(), lineEnd = start + line.textLength();
     int end = lineEnd;
-    while (end > start && text[end - 1].isSpace() && text[end - 1] != QChar::LineSeparator)
-        --end;
-    return lineEnd < text.size() ? end : lineEnd;
+    while (lineEnd < text.size() && end > start) { // the last line's are part of it
+        const int before = layout.previousCursorPosition(end);
+        if (!IsBlank(text[before])) break;
+        end = std::max(start, before);
+    }
+    return end;
 }
 
 BlanksAtEnd BlanksOf(const QTextLayout& layout, const QTextLine& line) {
     const bool leftwards = layout.textOption().textDirection() == Qt::RightToLeft;
-    const int start = line.textStart(), lineEnd = start + line.textLength();
-    const QString text = layout.text();
-    if (!leftwards || lineEnd == text.size()) return {}; // the last line's are part of it
-    const int end = TextEnd(text, start, lineEnd);
+    const int lineEnd = line.textStart() + line.textLength();
+    if (!leftwards || lineEnd == layout.text().size()) return {};
+    const int end = TextEnd(layout, line);
     const double first = line.cursorToX(end), last = line.cursorToX(lineEnd);
     return {end, std::min(first, last), std::abs(last - first), last <= first};
 }
@@ -307,9 +317,7 @@ TextPos ParagraphLayout::LastPlace(int line) const {
 }
 
 TextPos ParagraphLayout::BlanksStart(int index) const {
-    const QTextLine line = text->lineAt(index);
-    const int lineStart = line.textStart();
-    return start + TextEnd(text->text(), lineStart, lineStart + line.textLength());
+    return start + TextEnd(*text, text->lineAt(index));
 }
 
 QRectF ParagraphLayout::TextBox(int index) const {

@@ -161,7 +161,8 @@ void Rewidth(QTextLine& line, double width) {
 }
 
 // Where text begins from the edge where lines do.
-int Break(const Shape& shape, const WholePart& part, const QString& text, QTextLine& line) {
+int Break(const Shape& shape, const WholePart& part, const QTextLayout& layout, QTextLine& line) {
+    const QString text = layout.text();
     const int indent = line.lineNumber() == 0 ? shape.firstIndent : shape.indent;
     const int edge = shape.rightToLeft ? shape.farIndent : indent;
     line.setLineWidth(std::max(1, part.breakWidth - indent - shape.farIndent));
@@ -169,7 +170,7 @@ int Break(const Shape& shape, const WholePart& part, const QString& text, QTextL
     if (shape.stretches && !stretched) Rewidth(line, line.naturalTextWidth());
     if (stretched && shape.rightToLeft) {
         line.setPosition(QPointF(farRight, 0));
-        const double blanks = WholeBlanks(line, text, true).width;
+        const double blanks = WholeBlanks(line, layout, true).width;
         line.setPosition(QPointF(0, 0));
         Rewidth(line, line.width() + blanks);
     }
@@ -250,7 +251,7 @@ WholeLaidOut LayOutSome(const WholeSetting& setting, const WholePart& part,
     int top = shape.before;
     out.text->beginLayout();
     for (QTextLine line = out.text->createLine(); line.isValid(); line = out.text->createLine()) {
-        const int left = Break(shape, part, text, line);
+        const int left = Break(shape, part, *out.text, line);
         if (line.lineNumber() > 0 &&
             text.mid(line.textStart(), line.textLength()).contains(u'\t')) {
             out.end = part.start + line.textStart();
@@ -288,13 +289,16 @@ QFont WholeFont(const ViewFont& font) {
     return result;
 }
 
-WholeBlanksAtEnd WholeBlanks(const QTextLine& line, const QString& text, bool rightToLeft) {
+WholeBlanksAtEnd WholeBlanks(const QTextLine& line, const QTextLayout& layout, bool rightToLeft) {
+    const QString text = layout.text();
     const int lineEnd = line.textStart() + line.textLength();
     WholeBlanksAtEnd blanks{lineEnd, 0, 0};
     if (!rightToLeft || lineEnd == text.size()) return blanks;
-    while (blanks.start > line.textStart() && text[blanks.start - 1].isSpace() &&
-           text[blanks.start - 1] != QChar::LineSeparator)
-        --blanks.start;
+    static const QString kept = QStringLiteral("\t\u00A0\u2007\u202F\u2028");
+    for (int at = lineEnd; at > line.textStart(); blanks.start = at) {
+        at = layout.previousCursorPosition(at);
+        if (!text[at].isSpace() || kept.contains(text[at])) break;
+    }
     blanks.from = line.cursorToX(blanks.start);
     blanks.width = std::abs(line.cursorToX(lineEnd) - blanks.from);
     return blanks;

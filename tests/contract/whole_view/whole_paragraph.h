@@ -31,7 +31,7 @@ struct WholeBlanksAtEnd {
     int start = 0; // in the layout
     double from = 0, width = 0;
 };
-WholeBlanksAtEnd WholeBlanks(const QTextLine& line, const QString& text, bool rightToLeft);
+WholeBlanksAtEnd WholeBlanks(const QTextLine& line, const QTextLayout& layout, bool rightToLeft);
 
 std::vector<WholeLaidOut> LayOutWholePart(const WholeSetting& setting, const WholePart& part);
 

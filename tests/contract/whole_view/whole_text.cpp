@@ -269,8 +269,7 @@ double WholeText::X(const WholeLine& line, TextPos position) const {
     const WholeParagraph& paragraph = paragraphs[line.paragraph];
     const int at = std::clamp(position, paragraph.start, paragraph.end) - paragraph.start;
     const QTextLine text = line.Text(*this);
-    const WholeBlanksAtEnd blanks =
-        WholeBlanks(text, paragraph.text->text(), paragraph.rightToLeft);
+    const WholeBlanksAtEnd blanks = WholeBlanks(text, *paragraph.text, paragraph.rightToLeft);
     const int end = text.textStart() + text.textLength();
     double x = text.cursorToX(at);
     const bool goesRight = blanks.width > 0 && text.cursorToX(end) > blanks.from;
