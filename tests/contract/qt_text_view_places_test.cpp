@@ -31,3 +31,19 @@ TEST_CASE("qt text view: words before a no-break space at a line's end are found
         }
     }
 }
+
+TEST_CASE("qt text view: words before a tab at a line's end are found where they are") {
+    const std::u16string text = u"\u05D0\u05D1\u05D2\t\u05D3\u05D4";
+    int tabs = 0; // at lines' ends
+    for (int width = 40; width < 120; ++width) {
+        QtViewBench bench(width, 400);
+        bench.view.LoadPlainText(text);
+        tabs += bench.view.LineAround(4).start == 4;
+        const BlockLayout& layout = *bench.Widget().Layouts().At(0);
+        for (TextPos at = 0; at < 3; ++at) {
+            INFO("character ", at, ", width ", width);
+            CHECK(std::abs(CaretBox(layout, at).x() - CharacterBox(layout, at).right()) <= 1);
+        }
+    }
+    CHECK(tabs > 0);
+}

@@ -98,11 +98,12 @@ struct BlanksAtEnd {
     int start = std::numeric_limits<int>::max(); // in the layout
     double left = 0, width = 0;                  // as the layout tells
     bool outside = true;                         // left of the text
+    double shift = 0; // of what the layout tells: it takes a tab among them for another width
 };
 
 // Whether the layout leaves a character out at the end of a wrapped line, with the marks on it.
 bool IsBlank(QChar unit) {
-    return unit.isSpace() && unit.decompositionTag() != QChar::NoBreak && unit != u'\t' &&
+    return unit.isSpace() && unit.decompositionTag() != QChar::NoBreak &&
            unit != QChar::LineSeparator;
 }
 
@@ -119,13 +120,27 @@ int TextEnd(const QTextLayout& layout, const QTextLine& line) {
     return end;
 }
 
-BlanksAtEnd BlanksOf(const QTextLayout& layout, const QTextLine& line) {
-    const bool leftwards = layout.textOption().textDirection() == Qt::RightToLeft;
+BlanksAtEnd BlanksFrom(const QTextLine& line, int from) {
     const int lineEnd = line.textStart() + line.textLength();
-    if (!leftwards || lineEnd == layout.text().size()) return {};
+    if (from == lineEnd) return {};
+    const double first = line.cursorToX(from), last = line.cursorToX(lineEnd);
+    const bool outside = last <= first;
+    const double shift = outside ? line.naturalTextRect().left() - first : 0;
+    return {from, std::min(first, last), std::abs(last - first), outside, shift};
+}
+
+BlanksAtEnd BlanksOf(const QTextLayout& layout, const QTextLine& line) {
+    const QString text = layout.text();
+    const bool leftwards = layout.textOption().textDirection() == Qt::RightToLeft;
+    const int start = line.textStart(), lineEnd = start + line.textLength();
+    if (!leftwards || lineEnd == text.size()) return {};
     const int end = TextEnd(layout, line);
-    const double first = line.cursorToX(end), last = line.cursorToX(lineEnd);
-    return {end, std::min(first, last), std::abs(last - first), last <= first};
+    const int behindTab = start + int(text.sliced(start, lineEnd - start).lastIndexOf(u'\t')) + 1;
+    if (behindTab <= end) return BlanksFrom(line, end);
+    // A tab that the line has room for is part of its text.
+    const BlanksAtEnd behind = BlanksFrom(line, behindTab);
+    const double leftOut = line.naturalTextRect().left() - line.cursorToX(lineEnd);
+    return leftOut < behind.width + 0.5 ? behind : BlanksFrom(line, end);
 }
 
 // Only blanks between words are stretched. A line that a break ends keeps its width, and so does
@@ -177,7 +192,6 @@ void ShowHyphen(const QTextLayout& text, const QTextLine& line) {
 // Lays out one line whose slot starts at `top`; returns the slot's height.
 int PlaceLine(const ParagraphShape& shape, ParagraphLayout& paragraph, QTextLine line, int top) {
     const int left = BreakLine(shape, paragraph, line);
-    ShowHyphen(*paragraph.text, line);
     const int ascent = std::max(int(std::ceil(line.ascent())), TallestPicture(paragraph, line));
     const int descent = int(std::ceil(line.descent()));
     const int height = shape.LineHeight(ascent + descent + std::max(0, qRound(line.leading())));
@@ -208,6 +222,7 @@ void PlaceLines(const ParagraphShape& shape, ParagraphLayout& result) {
             result.continues = true;
             break;
         }
+        ShowHyphen(*result.text, line);
         result.tops.push_back(result.tops.empty() ? 0 : top);
         top += height;
     }
@@ -272,15 +287,15 @@ double ParagraphLayout::X(int index, TextPos position) const {
     const BlanksAtEnd blanks = BlanksOf(*text, line);
     const bool inBlanks = position - start > blanks.start;
     if (inBlanks && !blanks.outside) return blanks.left + blanks.width;
-    const double x = line.cursorToX(position - start);
-    return !inBlanks && blanks.width > 0 && x <= blanks.left ? x + blanks.width : x;
+    const double x = line.cursorToX(position - start) + blanks.shift;
+    return !inBlanks && !blanks.outside && x <= blanks.left ? x + blanks.width : x;
 }
 
 // As the layout wants to be asked for what is drawn at `x`.
 double ParagraphLayout::ToldX(int index, double x) const {
     const QTextLine line = text->lineAt(index);
     const BlanksAtEnd blanks = BlanksOf(*text, line);
-    return x < blanks.left + blanks.width ? x : x + blanks.width;
+    return x < blanks.left + blanks.width + blanks.shift ? x : x + blanks.width;
 }
 
 // What the layout says is often not the nearest place: it loses its way behind marks and ligatures,

@@ -258,6 +258,7 @@ WholeLaidOut LayOutSome(const WholeSetting& setting, const WholePart& part,
             out.goesOn = true;
             break;
         }
+        line.glyphRuns(); // shows the hyphen at its end, which changes the places of the rest
         int ascent = int(std::ceil(line.ascent()));
         const int descent = int(std::ceil(line.descent()));
         for (const Placed& placed : pictures)
@@ -271,7 +272,6 @@ WholeLaidOut LayOutSome(const WholeSetting& setting, const WholePart& part,
         top += height;
     }
     out.text->endLayout();
-    out.text->glyphRuns(); // shows the hyphens at lines' ends, which changes the places of the rest
     out.height = top + (out.end == part.end ? shape.after : 0);
     return out;
 }
@@ -294,13 +294,17 @@ WholeBlanksAtEnd WholeBlanks(const QTextLine& line, const QTextLayout& layout, b
     const int lineEnd = line.textStart() + line.textLength();
     WholeBlanksAtEnd blanks{lineEnd, 0, 0};
     if (!rightToLeft || lineEnd == text.size()) return blanks;
-    static const QString kept = QStringLiteral("\t\u00A0\u2007\u202F\u2028");
+    static const QString kept = QStringLiteral("\u00A0\u2007\u202F\u2028");
+    const double last = line.cursorToX(lineEnd);
+    const double leftOut = line.naturalTextRect().left() - last;
     for (int at = lineEnd; at > line.textStart(); blanks.start = at) {
         at = layout.previousCursorPosition(at);
         if (!text[at].isSpace() || kept.contains(text[at])) break;
+        const bool hasRoom = leftOut < line.cursorToX(at + 1) - last + 0.5;
+        if (text[at] == u'\t' && hasRoom) break; // it is part of the line's text
     }
     blanks.from = line.cursorToX(blanks.start);
-    blanks.width = std::abs(line.cursorToX(lineEnd) - blanks.from);
+    blanks.width = std::abs(last - blanks.from);
     return blanks;
 }
 

@@ -273,6 +273,7 @@ double WholeText::X(const WholeLine& line, TextPos position) const {
     const int end = text.textStart() + text.textLength();
     double x = text.cursorToX(at);
     const bool goesRight = blanks.width > 0 && text.cursorToX(end) > blanks.from;
+    if (blanks.width > 0 && !goesRight) x += text.naturalTextRect().left() - blanks.from;
     if (goesRight && at > blanks.start) x = blanks.from + blanks.width;
     if (goesRight && at <= blanks.start && x <= blanks.from) x += blanks.width;
     return paragraph.origin.x() + x;
