@@ -47,3 +47,33 @@ TEST_CASE("qt text view: words before a tab at a line's end are found where they
     }
     CHECK(tabs > 0);
 }
+
+TEST_CASE(
+    "qt text view: the caret before a line's first word of another direction is in that line") {
+    const std::u16string text = u"some words \u05D0\u05D1\u05D2\u05D3 and so on";
+    constexpr TextPos word = 11;
+    int times = 0; // that it begins a line
+    for (int width = 40; width < 160; ++width) {
+        QtViewBench bench(width, 400);
+        bench.view.LoadPlainText(text);
+        if (bench.view.LineAround(word).start != word) continue;
+        ++times;
+        CAPTURE(width);
+        const BlockLayout& layout = *bench.Widget().Layouts().At(0);
+        CHECK(std::abs(CaretBox(layout, word).x() - CharacterBox(layout, word).right()) <= 1);
+    }
+    CHECK(times > 0);
+}
+
+TEST_CASE("qt text view: the caret among ligatures of another direction is beside its letters") {
+    QtViewBench bench(800, 400);
+    const std::u16string words = u"office fluffy office";
+    bench.view.LoadPlainText(u"\u05D0 " + words + u" \u05D1");
+    const BlockLayout& layout = *bench.Widget().Layouts().At(0);
+    for (TextPos at = 3; at < TextPos(2 + words.size()); ++at) {
+        CAPTURE(at);
+        const QRect box = CharacterBox(layout, at);
+        CHECK(CaretBox(layout, at).x() >= box.left() - 1);
+        CHECK(CaretBox(layout, at).x() <= box.right() + 1);
+    }
+}

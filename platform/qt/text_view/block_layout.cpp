@@ -1,9 +1,7 @@
 #include "platform/qt/text_view/block_layout.h"
 
+#include "platform/qt/text_view/line_places.h"
 #include "platform/qt/text_view/row_layout.h"
-
-#include <QGlyphRun>
-#include <QRawFont>
 
 #include <algorithm>
 #include <cmath>
@@ -91,18 +89,9 @@ Place PlaceOf(const BlockLayout& layout, TextPos position) {
 }
 
 // Not where the caret stands beside the character: between two directions that may be elsewhere.
-std::pair<double, double> GlyphEdges(const Place& place) {
-    const int next = place.paragraph.text->nextCursorPosition(place.at);
-    double left = std::numeric_limits<double>::max(), right = 0;
-    for (const QGlyphRun& run : place.line.glyphRuns(place.at, next - place.at)) {
-        const auto places = run.positions();
-        const auto advances = run.rawFont().advancesForGlyphIndexes(run.glyphIndexes());
-        for (qsizetype i = 0; i < std::min(places.size(), advances.size()); ++i) {
-            left = std::min(left, places[i].x());
-            right = std::max(right, places[i].x() + advances[i].x());
-        }
-    }
-    if (left < right) return {left, right};
+std::pair<double, double> EdgesOf(const Place& place) {
+    if (const auto drawn = GlyphsAt(*place.paragraph.text, place.line, place.at))
+        return {drawn->left, drawn->right};
     // A tab or a break.
     return std::minmax(
         {place.line.cursorToX(place.at), place.line.cursorToX(place.at, QTextLine::Trailing)});
@@ -194,7 +183,7 @@ QRect CharacterBox(const BlockLayout& layout, TextPos position) {
     for (const PlacedPicture& picture : paragraph.pictures)
         if (picture.position == position)
             return paragraph.PictureBox(picture).translated(paragraph.origin);
-    const auto [left, right] = GlyphEdges(place);
+    const auto [left, right] = EdgesOf(place);
     QRect box = CaretBox(layout, position);
     box.setLeft(paragraph.origin.x() + int(std::floor(left)));
     box.setWidth(std::max(1, int(std::ceil(right) - std::floor(left))));

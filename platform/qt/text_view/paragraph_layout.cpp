@@ -1,13 +1,13 @@
 #include "platform/qt/text_view/paragraph_layout.h"
 
 #include "platform/qt/text_view/capitals.h"
+#include "platform/qt/text_view/line_places.h"
 #include "platform/qt/text_view/paragraph_shape.h"
 
 #include <QFontMetricsF>
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace {
 // Pictures stand in the text as this character, made invisible and as wide as the picture by letter
@@ -89,59 +89,9 @@ int TallestPicture(const ParagraphLayout& paragraph, const QTextLine& line) {
     return tallest;
 }
 
-// Where a paragraph goes to the left the blanks at a line's end are drawn nowhere, but the layout
-// tells the places of characters as if they were, and as if they were left of the line. It cuts off
-// what would be left of 0: so such lines stand right of it.
+// The layout cuts off places left of 0, where it takes blanks to be (see line_places.h): so lines
+// of a paragraph that goes to the left stand right of it.
 constexpr int roomForBlanks = 1 << 14; // pixels
-
-struct BlanksAtEnd {
-    int start = std::numeric_limits<int>::max(); // in the layout
-    double left = 0, width = 0;                  // as the layout tells
-    bool outside = true;                         // left of the text
-    double shift = 0; // of what the layout tells: it takes a tab among them for another width
-};
-
-// Whether the layout leaves a character out at the end of a wrapped line, with the marks on it.
-bool IsBlank(QChar unit) {
-    return unit.isSpace() && unit.decompositionTag() != QChar::NoBreak &&
-           unit != QChar::LineSeparator;
-}
-
-// Where the blanks at the end of a wrapped line begin.
-int TextEnd(const QTextLayout& layout, const QTextLine& line) {
-    const QString text = layout.text();
-    const int start = line.textStart(), lineEnd = start + line.textLength();
-    int end = lineEnd;
-    while (lineEnd < text.size() && end > start) { // the last line's are part of it
-        const int before = layout.previousCursorPosition(end);
-        if (!IsBlank(text[before])) break;
-        end = std::max(start, before);
-    }
-    return end;
-}
-
-BlanksAtEnd BlanksFrom(const QTextLine& line, int from) {
-    const int lineEnd = line.textStart() + line.textLength();
-    if (from == lineEnd) return {};
-    const double first = line.cursorToX(from), last = line.cursorToX(lineEnd);
-    const bool outside = last <= first;
-    const double shift = outside ? line.naturalTextRect().left() - first : 0;
-    return {from, std::min(first, last), std::abs(last - first), outside, shift};
-}
-
-BlanksAtEnd BlanksOf(const QTextLayout& layout, const QTextLine& line) {
-    const QString text = layout.text();
-    const bool leftwards = layout.textOption().textDirection() == Qt::RightToLeft;
-    const int start = line.textStart(), lineEnd = start + line.textLength();
-    if (!leftwards || lineEnd == text.size()) return {};
-    const int end = TextEnd(layout, line);
-    const int behindTab = start + int(text.sliced(start, lineEnd - start).lastIndexOf(u'\t')) + 1;
-    if (behindTab <= end) return BlanksFrom(line, end);
-    // A tab that the line has room for is part of its text.
-    const BlanksAtEnd behind = BlanksFrom(line, behindTab);
-    const double leftOut = line.naturalTextRect().left() - line.cursorToX(lineEnd);
-    return leftOut < behind.width + 0.5 ? behind : BlanksFrom(line, end);
-}
 
 // Only blanks between words are stretched. A line that a break ends keeps its width, and so does
 // one with a tab: what stands behind it would leave its column.
@@ -172,7 +122,7 @@ int BreakLine(const ParagraphShape& shape, const ParagraphLayout& paragraph, QTe
     if (shape.justified && !stretched) ChangeWidth(line, line.naturalTextWidth());
     if (stretched && shape.rightToLeft) {
         line.setPosition(QPointF(roomForBlanks, 0));
-        const double blanks = BlanksOf(*paragraph.text, line).width;
+        const double blanks = BlanksWidth(*paragraph.text, line);
         line.setPosition(QPointF(0, 0)); // what tab stops are measured from
         ChangeWidth(line, line.width() + blanks);
     }
@@ -282,27 +232,16 @@ int ParagraphLayout::BottomWithoutSpace(int line) const {
     return line + 1 < LineCount() ? tops[line + 1] : tops.back() - spaceAfter;
 }
 
-double ParagraphLayout::X(int index, TextPos position) const {
-    const QTextLine line = text->lineAt(index);
-    const BlanksAtEnd blanks = BlanksOf(*text, line);
-    const bool inBlanks = position - start > blanks.start;
-    if (inBlanks && !blanks.outside) return blanks.left + blanks.width;
-    const double x = line.cursorToX(position - start) + blanks.shift;
-    return !inBlanks && !blanks.outside && x <= blanks.left ? x + blanks.width : x;
-}
-
-// As the layout wants to be asked for what is drawn at `x`.
-double ParagraphLayout::ToldX(int index, double x) const {
-    const QTextLine line = text->lineAt(index);
-    const BlanksAtEnd blanks = BlanksOf(*text, line);
-    return x < blanks.left + blanks.width + blanks.shift ? x : x + blanks.width;
+double ParagraphLayout::X(int line, TextPos position) const {
+    return CaretX(*text, text->lineAt(line), position - start);
 }
 
 // What the layout says is often not the nearest place: it loses its way behind marks and ligatures,
 // and may even leave the line or split a character.
 TextPos ParagraphLayout::PositionInLine(int index, int x) const {
     const TextPos first = LineStart(index), last = LastPlace(index);
-    const TextPos told = start + text->lineAt(index).xToCursor(ToldX(index, x));
+    const QTextLine line = text->lineAt(index);
+    const TextPos told = start + line.xToCursor(AskedX(*text, line, x));
     TextPos at = std::clamp(told, first, last);
     if (!text->isValidCursorPosition(at - start)) at = std::max(first, PlaceBefore(at));
     TextPos nearest = at;
@@ -339,12 +278,13 @@ QRectF ParagraphLayout::TextBox(int index) const {
     const QTextLine line = text->lineAt(index);
     QRectF box = line.naturalTextRect();
     const bool stretched = box.width() > line.naturalTextWidth();
-    if (stretched) box.setWidth(box.width() - BlanksOf(*text, line).width);
+    if (stretched) box.setWidth(box.width() - BlanksWidth(*text, line));
     return box;
 }
 
 TextPos ParagraphLayout::CharacterInLine(int index, double x) const {
-    return start + text->lineAt(index).xToCursor(ToldX(index, x), QTextLine::CursorOnCharacter);
+    const QTextLine line = text->lineAt(index);
+    return start + line.xToCursor(AskedX(*text, line, x), QTextLine::CursorOnCharacter);
 }
 
 std::vector<ParagraphLayout> LayOutParagraph(const LayoutContext& context,

@@ -76,9 +76,6 @@ struct ParagraphLayout {
     TextPos PlaceBefore(TextPos at) const {
         return start + text->previousCursorPosition(at - start);
     }
-
-  private:
-    double ToldX(int line, double x) const;
 };
 
 struct ParagraphPart {

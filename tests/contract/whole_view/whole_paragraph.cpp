@@ -1,5 +1,7 @@
 #include "tests/contract/whole_view/whole_paragraph.h"
 
+#include "tests/contract/whole_view/whole_places.h"
+
 #include <QBuffer>
 #include <QFontMetricsF>
 #include <QGuiApplication>
@@ -170,7 +172,7 @@ int Break(const Shape& shape, const WholePart& part, const QTextLayout& layout, 
     if (shape.stretches && !stretched) Rewidth(line, line.naturalTextWidth());
     if (stretched && shape.rightToLeft) {
         line.setPosition(QPointF(farRight, 0));
-        const double blanks = WholeBlanks(line, layout, true).width;
+        const double blanks = WholeBlanks(line, layout, true).Width();
         line.setPosition(QPointF(0, 0));
         Rewidth(line, line.width() + blanks);
     }
@@ -287,25 +289,6 @@ QFont WholeFont(const ViewFont& font) {
     result.setUnderline(font.underline);
     result.setStrikeOut(font.strikethrough);
     return result;
-}
-
-WholeBlanksAtEnd WholeBlanks(const QTextLine& line, const QTextLayout& layout, bool rightToLeft) {
-    const QString text = layout.text();
-    const int lineEnd = line.textStart() + line.textLength();
-    WholeBlanksAtEnd blanks{lineEnd, 0, 0};
-    if (!rightToLeft || lineEnd == text.size()) return blanks;
-    static const QString kept = QStringLiteral("\u00A0\u2007\u202F\u2028");
-    const double last = line.cursorToX(lineEnd);
-    const double leftOut = line.naturalTextRect().left() - last;
-    for (int at = lineEnd; at > line.textStart(); blanks.start = at) {
-        at = layout.previousCursorPosition(at);
-        if (!text[at].isSpace() || kept.contains(text[at])) break;
-        const bool hasRoom = leftOut < line.cursorToX(at + 1) - last + 0.5;
-        if (text[at] == u'\t' && hasRoom) break; // it is part of the line's text
-    }
-    blanks.from = line.cursorToX(blanks.start);
-    blanks.width = std::abs(last - blanks.from);
-    return blanks;
 }
 
 std::vector<WholeLaidOut> LayOutWholePart(const WholeSetting& setting, const WholePart& part) {

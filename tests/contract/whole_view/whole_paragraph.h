@@ -25,14 +25,6 @@ struct WholeLaidOut {
     std::unique_ptr<QTextLayout> text;
 };
 
-// The blanks at the end of a line of a paragraph that goes to the left: where Qt takes them to begin,
-// from which it reads on to the left or, wrongly, to the right.
-struct WholeBlanksAtEnd {
-    int start = 0; // in the layout
-    double from = 0, width = 0;
-};
-WholeBlanksAtEnd WholeBlanks(const QTextLine& line, const QTextLayout& layout, bool rightToLeft);
-
 std::vector<WholeLaidOut> LayOutWholePart(const WholeSetting& setting, const WholePart& part);
 
 // As it is shown in a line of `width` pixels.

@@ -1,6 +1,7 @@
 #include "tests/contract/whole_view/whole_text.h"
 
 #include "tests/contract/whole_view/whole_paragraph.h"
+#include "tests/contract/whole_view/whole_places.h"
 
 #include <algorithm>
 #include <cmath>
@@ -264,19 +265,11 @@ const WholeLine& WholeText::LineAt(int y) const {
     return *found;
 }
 
-// Blanks at a line's end are not drawn, so what Qt takes to be left of them is nearer to the rest.
 double WholeText::X(const WholeLine& line, TextPos position) const {
     const WholeParagraph& paragraph = paragraphs[line.paragraph];
     const int at = std::clamp(position, paragraph.start, paragraph.end) - paragraph.start;
-    const QTextLine text = line.Text(*this);
-    const WholeBlanksAtEnd blanks = WholeBlanks(text, *paragraph.text, paragraph.rightToLeft);
-    const int end = text.textStart() + text.textLength();
-    double x = text.cursorToX(at);
-    const bool goesRight = blanks.width > 0 && text.cursorToX(end) > blanks.from;
-    if (blanks.width > 0 && !goesRight) x += text.naturalTextRect().left() - blanks.from;
-    if (goesRight && at > blanks.start) x = blanks.from + blanks.width;
-    if (goesRight && at <= blanks.start && x <= blanks.from) x += blanks.width;
-    return paragraph.origin.x() + x;
+    return paragraph.origin.x() +
+           WholeX(line.Text(*this), *paragraph.text, paragraph.rightToLeft, at);
 }
 
 WholeText LayOutWhole(const WholeSetting& setting) {
