@@ -240,6 +240,7 @@ double ParagraphLayout::X(int line, TextPos position) const {
 // and may even leave the line or split a character.
 TextPos ParagraphLayout::PositionInLine(int index, int x) const {
     const TextPos first = LineStart(index), last = LastPlace(index);
+    if (last < first) return last; // in the line are only marks of a letter above
     const QTextLine line = text->lineAt(index);
     const TextPos told = start + line.xToCursor(AskedX(*text, line, x));
     TextPos at = std::clamp(told, first, last);

@@ -161,6 +161,15 @@ TextPos WholeView::LastPlace(const WholeLine& line) const {
 
 bool WholeView::GoesOneWay(const WholeLine& line) const {
     const WholeParagraph& paragraph = whole_.ParagraphOf(line);
+    const QString before = paragraph.text->text().first(line.start - paragraph.start);
+    for (qsizetype i = before.size() - 1; i >= 0; --i) { // digits go the way of what is before them
+        const QChar::Direction direction = before[i].direction();
+        if (direction == QChar::DirL && !before[i].isSurrogate()) break;
+        if (direction == QChar::DirR || direction == QChar::DirAL) {
+            if (!paragraph.rightToLeft) return false;
+            break;
+        }
+    }
     for (const QChar unit :
          paragraph.text->text().mid(line.start - paragraph.start, line.end - line.start)) {
         const QChar::Direction direction = unit.direction();
@@ -190,6 +199,7 @@ std::string WholeView::Describe(const WholeLine& line) const {
 
 bool WholeView::MayBe(const WholeLine& line, int x, TextPos position) const {
     const TextPos last = LastPlace(line);
+    if (last < line.start) return position == last; // only marks of a letter in the line above
     if (position < line.start || position > last) return false;
     if (!GoesOneWay(line)) return true;
     const WholeParagraph& paragraph = whole_.ParagraphOf(line);
