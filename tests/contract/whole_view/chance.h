@@ -1,0 +1,15 @@
+// What a test does by chance, the same each time for one seed.
+#pragma once
+
+#include <algorithm>
+#include <random>
+
+using Random = std::mt19937;
+
+inline int Below(Random& random, int bound) {
+    return int(random() % unsigned(std::max(1, bound)));
+}
+
+inline bool OneIn(Random& random, int times) {
+    return Below(random, times) == 0;
+}
