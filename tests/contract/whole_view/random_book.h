@@ -2,8 +2,8 @@
 #pragma once
 
 #include "formats/document.h"
+#include "tests/contract/whole_view/chance.h"
 
-#include <random>
 #include <string>
 
 struct RandomBook {
@@ -15,4 +15,4 @@ struct RandomBook {
 };
 
 // One of each kind in turn, by `number`.
-RandomBook MakeBook(std::mt19937& random, int number);
+RandomBook MakeBook(Random& random, int number);

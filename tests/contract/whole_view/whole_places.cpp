@@ -27,6 +27,12 @@ double ToldX(const QTextLine& line, const QTextLayout& layout, bool rightToLeft,
     return x <= blanks.from ? x + blanks.Width() : x;
 }
 
+bool GoesItsWay(const QString& text, int at, bool rightToLeft) {
+    const auto direction = at < text.size() ? text[at].direction() : QChar::DirON;
+    if (rightToLeft) return direction == QChar::DirR || direction == QChar::DirAL;
+    return direction == QChar::DirL && !text[at].isSurrogate();
+}
+
 struct Drawn {
     double left = 0, right = 0;
     bool rightToLeft = false;
@@ -77,6 +83,7 @@ WholeBlanksAtEnd WholeBlanks(const QTextLine& line, const QTextLayout& layout, b
 // Where that is in the line before, or goes the same way, nothing but its own edge is meant.
 double WholeX(const QTextLine& line, const QTextLayout& layout, bool rightToLeft, int at) {
     const double x = ToldX(line, layout, rightToLeft, at);
+    if (GoesItsWay(layout.text(), at, rightToLeft)) return x;
     const auto drawn = DrawnAt(line, layout, at);
     if (!drawn || drawn->rightToLeft == rightToLeft) return x;
     const auto before = DrawnAt(line, layout, layout.previousCursorPosition(at));
