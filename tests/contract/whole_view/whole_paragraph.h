@@ -26,6 +26,3 @@ struct WholeLaidOut {
 };
 
 std::vector<WholeLaidOut> LayOutWholePart(const WholeSetting& setting, const WholePart& part);
-
-// As it is shown in a line of `width` pixels.
-QSize WholePictureSize(const WholeSetting& setting, const Picture& picture, int width);

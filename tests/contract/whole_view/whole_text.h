@@ -9,6 +9,7 @@
 #include <QRect>
 #include <QTextLayout>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -35,6 +36,7 @@ struct WholeLine {
     int inkTop = 0, inkBottom = 0; // without the space around the paragraph
     std::size_t paragraph = 0;     // index in WholeText::paragraphs
     int index = 0;                 // of the QTextLine
+    int Height() const { return std::max(1, bottom - top); }
     QTextLine Text(const struct WholeText& text) const;
 };
 
