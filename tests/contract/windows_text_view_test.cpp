@@ -130,6 +130,22 @@ TEST_CASE("windows text view: a line that the edge cuts comes whole to the top o
     }
 }
 
+TEST_CASE("windows text view: a line comes to the top where lines have many heights") {
+    std::string rtf = "{\\rtf1\\ansi ";
+    for (int i = 0; i < 300; ++i)
+        rtf +=
+            "{\\fs" + std::to_string(i % 10 == 0 ? 200 : 10 + i % 7) + " line}\\par\n"; // 5 units
+    WinTextView view(HiddenWindow());
+    view.SetBounds({0, 0, 400, 300});
+    view.LoadRichText(rtf + "}", 1252);
+    for (const TextPos line : {200, 57, 58, 250, 3}) {
+        CAPTURE(line);
+        view.ScrollLineToTop(line * 5);
+        CHECK(HeightOf(view, line * 5) == 0);
+        CHECK(view.FirstVisibleChar() == line * 5);
+    }
+}
+
 TEST_CASE("windows text view: places of rich text are those of its reader") {
     WinTextView view(HiddenWindow());
     view.SetBounds({0, 0, 800, 300});

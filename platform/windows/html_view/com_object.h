@@ -1,7 +1,7 @@
 // What the COM objects of our own have in common.
 #pragma once
 
-#include "platform/windows/html_view/com_ptr.h"
+#include "platform/windows/com_ptr.h"
 
 // Counts the references to an object that is born with one, and ends it with the last. The engine
 // may count on threads of its own.

@@ -2,7 +2,7 @@
 // answer at once.
 #pragma once
 
-#include "platform/windows/html_view/com_ptr.h"
+#include "platform/windows/com_ptr.h"
 
 #include <mshtml.h>
 

@@ -1,8 +1,11 @@
 #include "platform/windows/text_view/rich_edit.h"
 
+#include "platform/windows/com_ptr.h"
 #include "platform/windows/text_view/control_text.h"
 #include "platform/windows/text_view/ole_callback.h"
 #include "platform/windows/text_view/rich_edit_class.h"
+
+#include <tom.h>
 
 #include <algorithm>
 #include <exception>
@@ -10,6 +13,9 @@
 
 namespace {
 constexpr WPARAM utf16 = 1200;
+// ITextDocument, which not every compiler's headers tell.
+constexpr GUID textDocument = {
+    0x8CC497C0, 0xA1DF, 0x11CE, {0x80, 0x98, 0x00, 0xAA, 0x00, 0x47, 0xBE, 0x5D}};
 constexpr int widestColumn = 22 * 1440; // twips; the widest page of the word processors
 constexpr int sideMargin = 6;           // pixels between the edge and the text
 
@@ -164,8 +170,14 @@ void RichEdit::ScrollToPoint(POINT point) {
     Send(EM_SETSCROLLPOS, 0, ToLParam(point));
 }
 
-void RichEdit::ScrollToCaret() {
-    Send(EM_SCROLLCARET);
+void RichEdit::BringIntoView(TextPos position) {
+    ComPtr<IUnknown> ole;
+    if (!Send(EM_GETOLEINTERFACE, 0, reinterpret_cast<LPARAM>(ole.Put())) || !ole) return;
+    ComPtr<ITextDocument> document;
+    ComPtr<ITextRange> range;
+    if (FAILED(ole->QueryInterface(textDocument, document.PutVoid()))) return;
+    if (FAILED(document->Range(position, position, range.Put())) || !range) return;
+    range->ScrollIntoView(tomStart);
 }
 
 POINT RichEdit::PointOf(TextPos position) const {

@@ -38,7 +38,7 @@ class RichEdit {
     void ScrollLines(LONG lines); // as far as there are any
     POINT ScrollPoint() const;
     void ScrollToPoint(POINT point);
-    void ScrollToCaret(); // no further than it takes to see it
+    void BringIntoView(TextPos position); // scrolls no further than it takes; not without its OLE
     POINT PointOf(TextPos position) const; // of the client area
 
     void SetDefaultFormat(const CHARFORMAT2W& format); // of the plain text to come

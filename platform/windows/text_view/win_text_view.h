@@ -79,8 +79,8 @@ class WinTextView : public TextView {
     Top CurrentTop() const;
     void ShowTop(TextPos position, bool asked) const;
     bool NeedsRoom(LONG line) const;
+    void Approach(LONG line) const;
     bool ScrollTo(LONG line) const;
-    void ShowWhole(TextPos lineStart) const;
     void ScrollToPointIn(LONG line, POINT point) const;
     void MakeRoomBelow(int twips) const;
     TextPos Clamp(TextPos position) const;

@@ -62,34 +62,34 @@ bool WinTextView::NeedsRoom(LONG line) const {
     return control_->PointOf(control_->Length()).y - top < bounds_.height;
 }
 
-// Exactly, also where the control had a part of the line above its edge.
-bool WinTextView::ScrollTo(LONG line) const {
-    constexpr int mostTries = 3; // some controls lay out the lines between only on the way
+// By lines, which may be of other heights than the control thinks; some controls lay out the lines
+// between only on the way.
+void WinTextView::Approach(LONG line) const {
+    constexpr int mostTries = 10;
     for (int i = 0; i < mostTries && control_->FirstVisibleLine() != line; ++i)
         control_->ScrollLines(line - control_->FirstVisibleLine());
-    const TextPos start = control_->LineStart(line);
-    const auto hidden = [&] { return -control_->PointOf(start).y; };
-    if (control_->FirstVisibleLine() == line && hidden() > 0) {
-        const POINT now = control_->ScrollPoint();
-        ScrollToPointIn(line, {now.x, now.y - hidden()});
-        if (hidden() > 0) ShowWhole(start);
-    }
-    return control_->FirstVisibleLine() == line;
 }
 
-// The line that begins there, cut by the view's upper edge, where places are too coarse for it.
-void WinTextView::ShowWhole(TextPos lineStart) const {
-    const CHARRANGE selection = control_->Selection();
-    control_->Select({lineStart, lineStart});
-    control_->ScrollToCaret();
-    control_->Select(selection);
+// Exactly, where the control counts pixels or can bring the line into view.
+bool WinTextView::ScrollTo(LONG line) const {
+    Approach(line);
+    const TextPos start = control_->LineStart(line);
+    const auto hidden = [&] { return -control_->PointOf(start).y; };
+    if (hidden() != 0) {
+        const POINT now = control_->ScrollPoint();
+        ScrollToPointIn(line, {now.x, now.y - hidden()});
+    }
+    if (hidden() > 0 && control_->FirstVisibleLine() == line) {
+        control_->BringIntoView(start);
+        Approach(line); // some controls go elsewhere
+    }
+    return control_->FirstVisibleLine() == line;
 }
 
 // The control tells and takes places in 16 bits: in a long text one step is many lines.
 void WinTextView::ScrollToPointIn(LONG line, POINT point) const {
     control_->ScrollToPoint(point);
-    if (control_->FirstVisibleLine() != line)
-        control_->ScrollLines(line - control_->FirstVisibleLine());
+    Approach(line);
 }
 
 void WinTextView::MakeRoomBelow(int twips) const {
@@ -114,8 +114,7 @@ void WinTextView::KeepingScroll(const std::function<void()>& change) const {
     const LONG line = control_->FirstVisibleLine();
     const POINT before = control_->ScrollPoint();
     change();
-    if (control_->FirstVisibleLine() != line)
-        control_->ScrollLines(line - control_->FirstVisibleLine());
+    Approach(line);
     const POINT after = control_->ScrollPoint();
     if (after.x != before.x || after.y != before.y) ScrollToPointIn(line, before);
 }
