@@ -177,6 +177,15 @@ TEST_CASE("accessible text: a random stretch of the text is told as it is") {
     CHECK(bench.Text().text(100'000, 200'000).isEmpty());
 }
 
+TEST_CASE("accessible text: a stretch that begins with a byte order mark is told whole") {
+    AccessibleBench bench;
+    for (const char16_t mark : {u'\uFEFF', u'\uFFFE'}) {
+        const std::u16string units = std::u16string(u"ab") + mark + u"cd";
+        bench.view.LoadPlainText(units);
+        CHECK(bench.Text().text(2, 5) == TextOf(units).mid(2));
+    }
+}
+
 TEST_CASE("accessible text: at the end of a text, in an empty one, and outside") {
     const Boundary all[] = {QAccessible::CharBoundary, QAccessible::WordBoundary,
                             QAccessible::SentenceBoundary, QAccessible::LineBoundary,

@@ -80,7 +80,8 @@ TextSpan UnitAt(TextLayouts& layouts, TextPos position, TextUnit unit) {
 }
 
 QString ToldText(const LayoutContext& context, TextSpan span) {
-    QString text = QString::fromStdU16String(context.text->Range(span.start, span.end));
+    const std::u16string units = context.text->Range(span.start, span.end);
+    QString text = QStringView(units).toString(); // fromStdU16String takes byte order marks away
     for (QChar& unit : text) {
         if (unit == u'\v') unit = u'\n';
         if (unit == u'\a' && !context.plain) unit = u'\t';
