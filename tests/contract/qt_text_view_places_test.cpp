@@ -1,6 +1,8 @@
 // Where the text view on Qt finds characters: what the toolkit leaves to whoever asks it.
 #include "tests/contract/qt_text_view_bench.h"
 
+#include "platform/qt/text_view/selected_region.h"
+
 #include <doctest/doctest.h>
 
 TEST_CASE("qt text view: the hyphen at a line's end has its width before it is painted") {
@@ -76,4 +78,31 @@ TEST_CASE("qt text view: the caret among ligatures of another direction is besid
         CHECK(CaretBox(layout, at).x() >= box.left() - 1);
         CHECK(CaretBox(layout, at).x() <= box.right() + 1);
     }
+}
+
+TEST_CASE("qt text view: what is selected in a line of two directions is where it is drawn") {
+    const std::u16string texts[] = {
+        u"a \u05D0\u05D1\u05D2\u05D3\u05D4\u05D5\u05D6\u05D7 111 222 b",
+        u"\u05D0\u05D1 word, \u05D2\u05D3 12 34 and more",
+        u"some \u0645\u0631\u062D 56 \u05D0 thing",
+    };
+    for (const std::u16string& text : texts)
+        for (int width = 40; width < 240; width += 3) {
+            QtViewBench bench(width, 400);
+            bench.view.LoadPlainText(text);
+            const BlockLayout& layout = *bench.Widget().Layouts().At(0);
+            const ParagraphLayout& paragraph = layout.paragraphs[0];
+            const TextPos length = bench.view.TextLength();
+            for (TextPos from = 0; from < length; from += 2) {
+                const TextPos to = std::min(length, from + 5);
+                const QRegion region =
+                    SelectedRegion(paragraph, from, to, QRect(0, 0, 40000, 5000));
+                for (TextPos at = 0; at < length; ++at) {
+                    if (text[std::size_t(at)] == u' ') continue;
+                    INFO("character ", at, ", selected from ", from, ", width ", width);
+                    const QPoint center = CharacterBox(layout, at).center() - paragraph.origin;
+                    CHECK(region.contains(center) == (at >= from && at < to));
+                }
+            }
+        }
 }

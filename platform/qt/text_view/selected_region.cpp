@@ -1,5 +1,9 @@
 #include "platform/qt/text_view/selected_region.h"
 
+#include "platform/qt/text_view/line_places.h"
+
+#include <QGlyphRun>
+
 #include <algorithm>
 #include <cmath>
 
@@ -24,6 +28,16 @@ bool GoesTheWay(uint character, bool leftwards) {
     }
 }
 
+// Whether the last letter of a text goes to the left; as told where there is none.
+bool EndsLeftwards(QStringView text, bool ifNone) {
+    for (qsizetype i = text.size() - 1; i >= 0; --i) {
+        const QChar::Direction direction = text[i].direction();
+        if (direction == QChar::DirL && !text[i].isSurrogate()) return false;
+        if (direction == QChar::DirR || direction == QChar::DirAL) return true;
+    }
+    return ifNone;
+}
+
 // The selected part of one line, and the paragraph that the line is in.
 struct Part {
     const ParagraphLayout& paragraph;
@@ -39,39 +53,38 @@ struct Part {
     bool IsWholeLine() const {
         return from == line.textStart() && to == line.textStart() + line.textLength();
     }
+    // Digits that begin a line go the way of the words before it.
     bool GoesOneWay() const {
         const QString all = paragraph.text->text();
         const auto text = QStringView(all).sliced(line.textStart(), line.textLength()).toUcs4();
         const bool leftwards = paragraph.IsRightToLeft();
+        const auto before = QStringView(all).first(line.textStart());
+        if (EndsLeftwards(before, leftwards) != leftwards) return false;
         return std::all_of(text.begin(), text.end(),
                            [&](uint unit) { return GoesTheWay(unit, leftwards); });
     }
 };
 
-// Where a line goes both ways, each column is asked for its character.
-QRegion SelectedColumns(const Part& part, const QRect& clip) {
-    const QRectF text = part.paragraph.TextBox(part.index);
-    const int last = std::min(clip.right(), int(std::ceil(text.right())) - 1);
+// Where a line goes both ways it is selected where its glyphs are drawn. Tabs have none.
+QRegion SelectedGlyphs(const Part& part) {
     QRegion region;
-    int start = 0, end = 0;
-    for (int x = std::max(clip.left(), int(std::floor(text.left()))); x <= last; ++x) {
-        const TextPos at =
-            part.paragraph.CharacterInLine(part.index, x + 0.5) - part.paragraph.start;
-        if (at < part.from || at >= part.to) continue;
-        if (x != end) {
-            if (end > start) region += part.Band(start, end);
-            start = x;
-        }
-        end = x + 1;
+    for (const QGlyphRun& run : part.line.glyphRuns(part.from, part.to - part.from))
+        region += part.Band(run.boundingRect().left(), run.boundingRect().right());
+    const QString text = part.paragraph.text->text();
+    const int end = std::min(part.to, TextEnd(*part.paragraph.text, part.line));
+    for (int at = part.from; at < end; ++at) {
+        if (text[at] != u'\t') continue;
+        const auto [left, right] =
+            std::minmax({part.line.cursorToX(at), part.line.cursorToX(at, QTextLine::Trailing)});
+        region += part.Band(left, right);
     }
-    if (end > start) region += part.Band(start, end);
     return region;
 }
 
-QRegion SelectedInLine(const Part& part, const QRect& clip) {
+QRegion SelectedInLine(const Part& part) {
     const QRectF text = part.paragraph.TextBox(part.index);
     if (part.IsWholeLine()) return part.Band(text.left(), text.right());
-    if (!part.GoesOneWay()) return SelectedColumns(part, clip);
+    if (!part.GoesOneWay()) return SelectedGlyphs(part);
     const auto [left, right] = std::minmax({part.X(part.from), part.X(part.to)});
     return part.Band(left, right);
 }
@@ -94,7 +107,7 @@ QRegion SelectedRegion(const ParagraphLayout& paragraph, TextPos start, TextPos 
         const TextPos to = std::min(end, paragraph.LineEnd(i));
         const Part part{paragraph, i, paragraph.text->lineAt(i), from - paragraph.start,
                         to - paragraph.start};
-        if (from < to) region += SelectedInLine(part, clip);
+        if (from < to) region += SelectedInLine(part);
         const bool breakSelected = start <= paragraph.end && paragraph.end < end;
         if (i + 1 == lines && breakSelected && !paragraph.continues) region += SelectedBreak(part);
     }
