@@ -80,6 +80,20 @@ TEST_CASE("qt text view: the caret among ligatures of another direction is besid
     }
 }
 
+TEST_CASE("qt text view: the caret at a line's end is beside a last word of another direction") {
+    const std::u16string text = u"a " + RepeatedText(u"\u05D0\u05D1\u05D2\u05D3 ", 6) + u"b";
+    for (int width = 60; width < 160; ++width) {
+        QtViewBench bench(width, 400);
+        bench.view.LoadPlainText(text);
+        const BlockLayout& layout = *bench.Widget().Layouts().At(0);
+        for (TextPos end = 6; end + 2 < bench.view.TextLength(); end += 5) {
+            if (bench.view.LineAround(end + 1).start != end + 1) continue;
+            INFO("before the blank ", end, ", width ", width);
+            CHECK(std::abs(CaretBox(layout, end).x() - CharacterBox(layout, end - 1).left()) <= 1);
+        }
+    }
+}
+
 TEST_CASE("qt text view: what is selected in a line of two directions is where it is drawn") {
     const std::u16string texts[] = {
         u"a \u05D0\u05D1\u05D2\u05D3\u05D4\u05D5\u05D6\u05D7 111 222 b",

@@ -73,6 +73,20 @@ bool SurelyGoes(QChar unit, bool leftwards) {
                      : direction == QChar::DirL && !unit.isSurrogate();
 }
 
+// Where a paragraph goes to the right, but the word before a line's last blanks to the left: the
+// layout takes these to be left of the word.
+std::optional<double> EndOfLeftwardWord(const QTextLayout& layout, const QTextLine& line, int at) {
+    const QString text = layout.text();
+    if (GoesLeft(layout) || at >= text.size() || !IsBlank(text[at])) return std::nullopt;
+    const int end = TextEnd(layout, line);
+    const int lineEnd = line.textStart() + line.textLength();
+    if (at < end || at >= lineEnd || end <= line.textStart()) return std::nullopt;
+    if (text.sliced(end, lineEnd - end).contains(u'\t'))
+        return std::nullopt; // it goes to the right
+    const auto last = GlyphsAt(layout, line, layout.previousCursorPosition(end));
+    return last && last->leftwards ? std::optional(last->left) : std::nullopt;
+}
+
 // What is drawn for a character that goes the other way than its paragraph.
 std::optional<GlyphEdges> OppositeGlyphs(const QTextLayout& layout, const QTextLine& line, int at) {
     const bool leftwards = GoesLeft(layout);
@@ -117,6 +131,7 @@ double BlanksWidth(const QTextLayout& layout, const QTextLine& line) {
 // Between two directions the layout tells a place beside the neighbour. It looks for that also in
 // the line before, and in a run with ligatures beside the wrong character.
 double CaretX(const QTextLayout& layout, const QTextLine& line, int at) {
+    if (const auto end = EndOfLeftwardWord(layout, line, at)) return *end;
     const double x = ToldX(layout, line, at);
     const auto glyphs = at > 0 ? OppositeGlyphs(layout, line, at) : std::nullopt;
     if (!glyphs) return x;

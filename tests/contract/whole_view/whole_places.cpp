@@ -33,6 +33,25 @@ bool GoesItsWay(const QString& text, int at, bool rightToLeft) {
     return direction == QChar::DirL && !text[at].isSurrogate();
 }
 
+bool IsLeftOut(QChar unit) {
+    static const QString kept = QStringLiteral("\u00A0\u2007\u202F\u2028");
+    return unit.isSpace() && !kept.contains(unit);
+}
+
+// Of the blanks behind a wrapped line's words; none where there is a tab among them.
+std::optional<int> BlanksStart(const QTextLine& line, const QTextLayout& layout) {
+    const QString text = layout.text();
+    const int lineEnd = line.textStart() + line.textLength();
+    if (lineEnd == text.size()) return std::nullopt;
+    int start = lineEnd;
+    for (int at = lineEnd; at > line.textStart(); start = at) {
+        at = layout.previousCursorPosition(at);
+        if (text[at] == u'\t') return std::nullopt;
+        if (!IsLeftOut(text[at])) break;
+    }
+    return start > line.textStart() ? std::optional(start) : std::nullopt;
+}
+
 struct Drawn {
     double left = 0, right = 0;
     bool rightToLeft = false;
@@ -64,12 +83,11 @@ WholeBlanksAtEnd WholeBlanks(const QTextLine& line, const QTextLayout& layout, b
     const int lineEnd = line.textStart() + line.textLength();
     WholeBlanksAtEnd blanks{lineEnd, 0, 0};
     if (!rightToLeft || lineEnd == text.size()) return blanks;
-    static const QString kept = QStringLiteral("\u00A0\u2007\u202F\u2028");
     const double last = line.cursorToX(lineEnd);
     const double leftOut = line.naturalTextRect().left() - last;
     for (int at = lineEnd; at > line.textStart(); blanks.start = at) {
         at = layout.previousCursorPosition(at);
-        if (!text[at].isSpace() || kept.contains(text[at])) break;
+        if (!IsLeftOut(text[at])) break;
         const bool hasRoom = leftOut < line.cursorToX(at + 1) - last + 0.5;
         if (text[at] == u'\t' && hasRoom) break; // it is part of the line's text
     }
@@ -82,6 +100,11 @@ WholeBlanksAtEnd WholeBlanks(const QTextLine& line, const QTextLayout& layout, b
 // A character that goes the other way than its paragraph is told to be beside the one before it.
 // Where that is in the line before, or goes the same way, nothing but its own edge is meant.
 double WholeX(const QTextLine& line, const QTextLayout& layout, bool rightToLeft, int at) {
+    const auto blanks = BlanksStart(line, layout);
+    if (!rightToLeft && blanks && at >= *blanks && at < line.textStart() + line.textLength()) {
+        const auto word = DrawnAt(line, layout, layout.previousCursorPosition(*blanks));
+        if (word && word->rightToLeft) return word->left; // Qt takes the blanks to be left of it
+    }
     const double x = ToldX(line, layout, rightToLeft, at);
     if (GoesItsWay(layout.text(), at, rightToLeft)) return x;
     const auto drawn = DrawnAt(line, layout, at);
