@@ -7,6 +7,12 @@ import subprocess
 PROGRAM = os.environ.get("NORVASET_PROGRAM", "")
 ON_WINE = PROGRAM.endswith(".exe")
 TEMPLATE = os.environ.get("WINE_TEMPLATE", "")  # a Wine prefix that scripts/wine has made
+# Those that the harness stands in for; by itself Wine prefers /usr/bin/open where it is installed.
+OPENERS = """
+[Software\\\\Wine\\\\WineBrowser]
+"Browsers"="xdg-open"
+"Mailers"="xdg-email"
+"""
 
 
 def shown_path(path):
@@ -28,6 +34,8 @@ def make_prefix(folder, dots_per_inch):
     for name in ("system.reg", "user.reg", "userdef.reg", ".update-timestamp"):
         shutil.copy(os.path.join(TEMPLATE, name), folder)
     _set_resolution(os.path.join(folder, "user.reg"), dots_per_inch)
+    with open(os.path.join(folder, "user.reg"), "a", encoding="ascii") as file:
+        file.write(OPENERS)
 
 
 def give_prefix(folder, user):
