@@ -341,3 +341,19 @@ TEST_CASE("qt text view: absurd measures of a file do no harm") {
         CHECK(bench.view.SelStart() == bench.view.TextLength());
     }
 }
+
+// More than Qt keeps: valgrind tells where one is used that was dropped.
+TEST_CASE("qt text view: paragraphs of hundreds of fonts") {
+    QtViewBench bench(200, 400);
+    std::string rtf = "{\\rtf1\\ansi{\\fonttbl{\\f0 DejaVu Serif;}{\\f1 Noto Sans;}}";
+    for (int i = 0; i < 600; ++i)
+        rtf += "{\\f" + std::to_string(i % 2) + "\\fs" + std::to_string(8 + i % 151) +
+               (i % 3 ? "" : "\\i") + (i % 7 ? "" : "\\super") + " a\\u1488?\\u20013?}" +
+               (i % 20 ? "" : "\\par ");
+    bench.view.LoadRichText(rtf + "}", 1252);
+    for (TextPos at = 0; at < bench.view.TextLength(); at += 20) {
+        const LineSpan line = bench.view.LineAround(at);
+        REQUIRE(line.start <= at);
+        REQUIRE(line.start + line.length >= at);
+    }
+}

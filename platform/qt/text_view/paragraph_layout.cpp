@@ -1,6 +1,7 @@
 #include "platform/qt/text_view/paragraph_layout.h"
 
 #include "platform/qt/text_view/capitals.h"
+#include "platform/qt/text_view/held_fonts.h"
 #include "platform/qt/text_view/line_places.h"
 #include "platform/qt/text_view/paragraph_shape.h"
 
@@ -77,6 +78,7 @@ void PrepareText(const LayoutContext& context, const ParagraphPart& part,
     result.text = std::make_unique<QTextLayout>(text, font, context.device);
     result.text->setTextOption(shape.option);
     result.text->setCacheEnabled(true); // shaped once, painted often
+    result.fonts = HeldFonts(result.text->font(), formats);
     result.text->setFormats(formats);
 }
 

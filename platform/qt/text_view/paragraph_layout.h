@@ -50,6 +50,7 @@ struct ParagraphLayout {
     int spaceBefore = 0, spaceAfter = 0; // of the first and the last line
     bool continues = false;              // what comes next is of the same paragraph
     std::vector<PlacedPicture> pictures;
+    std::vector<QFont> fonts; // held for the text
     std::unique_ptr<QTextLayout> text;
 
     int Height() const { return tops.back(); }

@@ -76,6 +76,7 @@ void WholeMaker::Add(const WholePart& part, QPoint origin, QRect cell, bool hidd
         paragraph.block = whole.blocks.size();
         paragraph.firstLine = whole.lines.size();
         paragraph.lineCount = out.places.size();
+        paragraph.fonts = std::move(out.fonts);
         paragraph.text = std::move(out.text);
         for (std::size_t i = 0; i < out.places.size(); ++i) {
             const WholeSlot& slot = out.places[i];

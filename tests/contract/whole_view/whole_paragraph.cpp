@@ -1,5 +1,6 @@
 #include "tests/contract/whole_view/whole_paragraph.h"
 
+#include "platform/qt/text_view/held_fonts.h"
 #include "tests/contract/whole_view/whole_places.h"
 #include "tests/contract/whole_view/whole_shape.h"
 #include "tests/contract/whole_view/whole_style.h"
@@ -120,6 +121,7 @@ WholeLaidOut LayOutSome(const WholeSetting& setting, const WholePart& part,
     out.rightToLeft = shape.rightToLeft;
     out.shift = QPointF(shape.rightToLeft ? -farRight : 0, 0);
     out.text = Prepared(setting, part, shape, pictures);
+    out.fonts = HeldFonts(out.text->font(), out.text->formats());
     const QString text = out.text->text();
     int top = shape.before;
     out.text->beginLayout();

@@ -22,6 +22,7 @@ struct WholeLaidOut {
     QPointF shift;
     int height = 0;
     std::vector<WholeSlot> places;
+    std::vector<QFont> fonts; // held for the text
     std::unique_ptr<QTextLayout> text;
 };
 

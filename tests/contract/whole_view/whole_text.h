@@ -48,6 +48,7 @@ struct WholeParagraph {
     QRect cell; // null for none
     int cellNumber = -1;
     std::size_t block = 0, firstLine = 0, lineCount = 0;
+    std::vector<QFont> fonts; // held for the text
     std::unique_ptr<QTextLayout> text;
 };
 
