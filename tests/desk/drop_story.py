@@ -3,7 +3,7 @@ import os
 import urllib.parse
 
 from harness import books
-from harness.drag import DRAG_SOURCE, Drag
+from harness.drag import DRAG_SOURCE, drop
 from harness.story import Story, main
 from harness.wine import ON_WINE
 
@@ -18,15 +18,6 @@ class Drop(Story):
 
     def write(self, name):
         return books.write_book(self.path(name), books.lines("latin", 500))
-
-    def drop(self, *addresses):
-        listed = self.path("addresses")
-        with open(listed, "wb") as file:
-            file.write(b"".join(address + b"\r\n" for address in addresses))
-        left, top, width, height = self.program.rectangle()
-        drag = Drag(self.screen, listed)
-        self.addCleanup(drag.stop)
-        drag.drop_at(left + width // 2, top + height // 2)
 
     def address(self, path, safe="/"):
         return ("file://" + urllib.parse.quote(os.fsencode(path), safe)).encode()
@@ -45,39 +36,39 @@ class Drop(Story):
 
     def test_the_first_of_several(self):
         first, second = self.write("quay.txt"), self.write("miller.txt")
-        self.drop(self.address(first), self.address(second))
+        drop(self, self.address(first), self.address(second))
         self.assert_opened(first)
         self.assertEqual(self.program.data().paths(), [first, self.book])
 
     def test_names_with_percents_and_other_scripts(self):
         path = self.write("100% 25%41 – мельник #粉屋 𝄞?.txt".replace("?", ""))
-        self.drop(self.address(path))
+        drop(self, self.address(path))
         self.assert_opened(path)
 
     def test_unescaped_bytes(self):
         path = self.write("café au lait.txt")
-        self.drop(b"file://" + os.fsencode(path))
+        drop(self, b"file://" + os.fsencode(path))
         self.assert_opened(path)
 
     def test_a_host_and_what_is_no_file(self):
         path = self.write("quay.txt")
-        self.drop(b"# a remark", b"https://norvaset.example/book.txt",
+        drop(self, b"# a remark", b"https://norvaset.example/book.txt",
                   b"file://localhost" + os.fsencode(path))
         self.assert_opened(path)
 
     def test_a_name_that_cannot_be_deciphered(self):
         with open(os.fsencode(self.path("quay")) + b"-\xff.txt", "wb") as file:
             file.write(b"dark\r\n")
-        self.drop(self.address(self.path("quay")) + b"-%FF.txt")
+        drop(self, self.address(self.path("quay")) + b"-%FF.txt")
         self.answer_message()
         self.assert_opened(self.book)
 
     def test_what_cannot_be_opened(self):
         for path in (self.path("missing.txt"), self.folder, "/dev/null"):
             with self.subTest(path=path):
-                self.drop(self.address(path))
+                drop(self, self.address(path))
                 self.answer_message("Escape")
-        self.drop(b"https://norvaset.example/book.txt")
+        drop(self, b"https://norvaset.example/book.txt")
         self.program.activate()
         self.program.finish_keys()
         self.assertFalse(self.program.message_box())

@@ -1,7 +1,6 @@
 """Real HTML books: read on to the middle, zoomed, coloured, marked, searched, named, copied, and found again
 as they were left."""
 from harness.clipboard import copied
-from harness.dialog import Dialog
 from harness.html_story import HtmlStory
 from harness.story import main
 from harness.text_view import settled_strip
@@ -57,12 +56,7 @@ class HtmlBooks(HtmlStory):
         self.wait_for_another(before, "larger letters")
 
     def color_background(self):
-        self.program.open_menu("v")
-        dialog = Dialog(self.program, "Background Color.*", "b")
-        dialog.key("alt+h", "ctrl+a")
-        dialog.type(BACKGROUND)
-        dialog.key("Tab")
-        dialog.close()
+        self.pick_background(self.program, BACKGROUND)
         wait_for(lambda: self.program.picture().pixel(5, 300).hex() == BACKGROUND[1:], "the colour",
                  PATIENCE)
 
@@ -75,16 +69,6 @@ class HtmlBooks(HtmlStory):
         wait_for(self.program.popups, "the Bookmark menu", PATIENCE)
         self.program.close_menu()
         wait_for(lambda: len(self.marks()) == before + 1, "a mark more")
-
-    def choose(self, menu, *keys):
-        self.program.open_menu(menu)
-        self.program.key(*keys)
-        wait_for(lambda: not self.program.popups(), "the menu to close")
-
-    def find(self, text):
-        dialog = Dialog(self.program, "Find", "ctrl+f")
-        dialog.type(text)
-        dialog.close()
 
     def read(self, name, pages, searched):
         title = self.open_real(name)

@@ -3,7 +3,7 @@ import os
 import urllib.parse
 
 from harness import books
-from harness.drag import Drag
+from harness.drag import drop
 from harness.html_story import HtmlStory, paragraphs, write_page
 from harness.story import main
 from harness.wait import wait_for
@@ -25,15 +25,6 @@ class HtmlDrop(HtmlStory):
                                BODY + paragraphs(books.lines("latin", LINES)))
         self.program = self.open(self.book, "Lanterns")
 
-    def drop(self, *addresses):
-        listed = self.path("addresses")
-        with open(listed, "wb") as file:
-            file.write(b"".join(address + b"\r\n" for address in addresses))
-        left, top, width, height = self.program.rectangle()
-        drag = Drag(self.screen, listed)
-        self.addCleanup(drag.stop)
-        drag.drop_at(left + width // 2, top + height // 2)
-
     def address(self, path):
         return ("file://" + urllib.parse.quote(path)).encode()
 
@@ -43,14 +34,14 @@ class HtmlDrop(HtmlStory):
         for path, title in ((text, text), (self.book, "Lanterns"), (rich, rich),
                             (self.book, "Lanterns"), (self.other, "Other")):
             with self.subTest(path=path):
-                self.drop(self.address(path))
+                drop(self, self.address(path))
                 self.program.wait_for_book(title)
         self.program.close()
         self.assertEqual(self.program.data().paths(), [self.other, self.book, rich, text])
 
     def test_the_first_of_several(self):
         text = books.write_book(self.path("text.txt"), books.lines("latin", LINES))
-        self.drop(self.address(self.other), self.address(text))
+        drop(self, self.address(self.other), self.address(text))
         self.program.wait_for_book("Other")
         self.program.close()
         self.assertEqual(self.program.data().paths(), [self.other, self.book])
@@ -58,9 +49,9 @@ class HtmlDrop(HtmlStory):
     def test_what_cannot_be_opened(self):
         for path in (self.path("missing.htm"), self.folder):
             with self.subTest(path=path):
-                self.drop(self.address(path))
+                drop(self, self.address(path))
                 self.program.answer_message("Escape")
-        self.drop(b"https://norvaset.example/book.htm")
+        drop(self, b"https://norvaset.example/book.htm")
         self.assert_stays()
 
     def assert_stays(self):

@@ -43,12 +43,12 @@ class HtmlHang(HtmlStory):
     def open_hanging(self, reader=None):
         """Goes to a place and hangs there: the reader, the hang and what was seen."""
         reader = self.open(self.book, "Lanterns", reader)
-        self.find(reader, "00200")
+        self.find_in(reader, "00200")
         self.assertEqual(copied(reader), "00200")  # it is there
         strip = settled_strip(reader)
         return reader, Hang(self, reader), strip
 
-    def find(self, reader, text):
+    def find_in(self, reader, text):
         def opens():  # no command is taken while one waits for the page
             reader.key("ctrl+f")
             return reader.window_named("Find")
@@ -94,23 +94,18 @@ class HtmlHang(HtmlStory):
     def give_commands(self, reader):
         for keys in ("ctrl+c", "ctrl+d", "F3", "alt+Left", "alt+F2"):
             reader.key(keys)
-            self.find(reader, "quay")
+            self.find_in(reader, "quay")
         for menu, letter in (("e", "o"), ("e", "s"), ("v", "w"), ("v", "l"), ("b", "n")):
-            self.find(reader, "quay")
+            self.find_in(reader, "quay")
             reader.open_menu(menu)
             reader.key(letter, "Escape", "Escape")
             wait_for(lambda: not reader.popups(), "the menu to close")
-        self.find(reader, "quay")
+        self.find_in(reader, "quay")
 
     def test_sizes_and_colours_wait_for_the_page(self):
         reader, hang, _ = self.open_hanging()
         reader.key("ctrl+plus", "ctrl+plus", "ctrl+KP_Add", "ctrl+minus")
-        reader.open_menu("v")
-        dialog = Dialog(reader, "Background Color.*", "b")
-        dialog.key("alt+h", "ctrl+a")
-        dialog.type("#ffe0c0")
-        dialog.key("Tab")
-        dialog.close()
+        self.pick_background(reader, "#ffe0c0")
         self.assertEqual(self.record(reader, self.book)["FontSize"], "2")
         hang.end()
         wait_for(lambda: reader.picture().pixel(5, 300).hex() == "ffe0c0", "the page's colour")

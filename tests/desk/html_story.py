@@ -1,7 +1,6 @@
 """An HTML book: read on, marked, searched, copied, and found again as it was left."""
 from harness import books
 from harness.clipboard import copied
-from harness.dialog import Dialog
 from harness.html_story import HtmlStory, paragraphs, write_page
 from harness.story import main
 from harness.text_view import settled_strip
@@ -44,30 +43,12 @@ class Html(HtmlStory):
         self.program.close_menu()
         wait_for(lambda: len(self.marks()) == before + 1, "a mark more")
 
-    def choose(self, menu, *keys):
-        self.program.open_menu(menu)
-        self.program.key(*keys)
-        wait_for(lambda: not self.program.popups(), "the menu to close")
-
-    def find(self, text):
-        dialog = Dialog(self.program, "Find", "ctrl+f")
-        dialog.type(text)
-        dialog.close()
-
-    def color_background(self, color=BACKGROUND):
-        self.program.open_menu("v")
-        dialog = Dialog(self.program, "Background Color.*", "b")
-        dialog.key("alt+h", "ctrl+a")
-        dialog.type(color)
-        dialog.key("Tab")
-        dialog.close()
-
     def background(self):
         return self.program.picture().pixel(5, 300).hex()
 
     def test_left_and_found_again(self):
         self.program.key("ctrl+plus", "ctrl+plus")
-        self.color_background()
+        self.pick_background(self.program, BACKGROUND)
         wait_for(lambda: self.background() == BACKGROUND[1:], "the page's colour")
         for pages in (3, 4, 5):
             self.define(pages)
@@ -100,10 +81,10 @@ class Html(HtmlStory):
 
     def test_letters_can_be_read_at_night(self):
         self.assertEqual(self.letters(), 0)
-        self.color_background("#101010")
+        self.pick_background(self.program, "#101010")
         wait_for(lambda: self.background() == "101010", "the page's colour")
         wait_for(lambda: self.letters() == 255, "white letters")
-        self.color_background("#fffff0")
+        self.pick_background(self.program, "#fffff0")
         wait_for(lambda: self.background() == "fffff0", "the page's colour")
         wait_for(lambda: self.letters() == 0, "black letters")
         self.program.close()

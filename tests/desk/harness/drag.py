@@ -48,3 +48,14 @@ class Drag:
             self.screen.xdotool("mousemove", "--window", window, 80, 80)
             return self.says("dragging")
         wait_for(move_until_dragging, "the drag to begin")
+
+
+def drop(story, *addresses):
+    """Drops these addresses of files on the middle of the story's program."""
+    listed = story.path("addresses")
+    with open(listed, "wb") as file:
+        file.write(b"".join(address + b"\r\n" for address in addresses))
+    left, top, width, height = story.program.rectangle()
+    drag = Drag(story.screen, listed)
+    story.addCleanup(drag.stop)
+    drag.drop_at(left + width // 2, top + height // 2)

@@ -4,6 +4,7 @@ import shutil
 import unittest
 
 from harness.clipboard import clipboard
+from harness.dialog import Dialog
 from harness.story import Story
 from harness.text_view import STRIP_HEIGHT, top_strip
 from harness.wait import wait_for
@@ -62,6 +63,24 @@ class HtmlStory(Story):
             reader.key("ctrl+a", "ctrl+c")
             return clipboard(self.screen)
         return wait_for(take, "the page's text")
+
+    def choose(self, menu, *keys):
+        self.program.open_menu(menu)
+        self.program.key(*keys)
+        wait_for(lambda: not self.program.popups(), "the menu to close")
+
+    def find(self, text):
+        dialog = Dialog(self.program, "Find", "ctrl+f")
+        dialog.type(text)
+        dialog.close()
+
+    def pick_background(self, reader, color):
+        reader.open_menu("v")
+        dialog = Dialog(reader, "Background Color.*", "b")
+        dialog.key("alt+h", "ctrl+a")
+        dialog.type(color)
+        dialog.key("Tab")
+        dialog.close()
 
     def record(self, reader, path):
         reader.key("Escape")
