@@ -1,5 +1,6 @@
 #include "app/data_file.h"
 
+#include "app/data_trouble.h"
 #include "app/main_form.h"
 #include "common/text.h"
 #include "formats/code_pages.h"
@@ -19,9 +20,18 @@ std::u16string ProgramFile(const Files& files, const Launch& launch, std::u16str
     return path += ending;
 }
 
+namespace {
+// In a folder for everybody's temporary files nobody's state is safe, and a program's folder that
+// cannot be written keeps none.
+bool KeepsData(const Files& files, const std::u16string& folder) {
+    return files.FolderIsWritable(folder) && !files.FolderIsPublic(folder);
+}
+} // namespace
+
 std::u16string ResolveDataFilePath(Files& files, const Launch& launch) {
-    if (files.FolderIsWritable(launch.programFolder))
-        return ProgramFile(files, launch, dataFileEnding);
+    const std::u16string beside = ProgramFile(files, launch, dataFileEnding);
+    const bool ofOther = files.FileExists(beside) && !files.MayReplace(beside);
+    if (KeepsData(files, launch.programFolder) && !ofOther) return beside;
     files.CreateFolder(launch.userDataFolder);
     return launch.userDataFolder + files.Separator() + launch.executableName + dataFileEnding;
 }
@@ -30,6 +40,10 @@ void TakeOverDataFile(MainForm& form) {
     Files& files = *form.ports.files;
     const std::u16string beside = ProgramFile(files, form.ports.launch, dataFileEnding);
     if (form.DataFilePath == beside || files.FileExists(form.DataFilePath)) return;
+    if (KeepsData(files, form.ports.launch.programFolder)) {
+        form.besideOfOther = beside; // another user's own state, and no beginning for this one's
+        return;
+    }
     std::string bytes;
     if (files.Read(beside, largestDataFile, bytes) == ReadStatus::Ok)
         files.Replace(form.DataFilePath, bytes, false);
@@ -38,6 +52,32 @@ void TakeOverDataFile(MainForm& form) {
 std::unique_ptr<IniFile> OpenDataFile(MainForm& form) {
     return std::make_unique<IniFile>(*form.ports.files, form.DataFilePath,
                                      form.ports.locale->AnsiCodePage(), DecodePage);
+}
+
+namespace {
+constexpr int attempts = 10, betweenAttempts = 100; // milliseconds; together a second
+}
+
+void ReadDataFile(MainForm& form) {
+    IniFile& file = *form.dataFile;
+    for (int i = 1; i < attempts && file.IsUnread(); ++i) {
+        form.ports.clock->Wait(betweenAttempts);
+        if (file.TryRead() == ReadStatus::NotAFile) return; // no wait makes one of it
+    }
+}
+
+void WriteDataFileAtLast(MainForm& form) {
+    for (int i = 1; i < attempts && !form.dataFile->Flush(); ++i)
+        form.ports.clock->Wait(betweenAttempts);
+    if (!form.dataFile->Flush()) TellDataFileTrouble(form, form.dataFile->Trouble());
+}
+
+void TellStartTrouble(MainForm& form) {
+    if (!form.besideOfOther.empty()) TellOtherUsersDataFile(form, form.besideOfOther);
+    const IniTrouble trouble = form.dataFile->Trouble();
+    const bool unwritable =
+        trouble == IniTrouble::None && !form.ports.files->MayReplace(form.DataFilePath);
+    TellDataFileTrouble(form, unwritable ? IniTrouble::NotWritten : trouble);
 }
 
 void WriteScheme(IniFile& file) {

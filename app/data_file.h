@@ -22,6 +22,15 @@ void TakeOverDataFile(MainForm&);
 
 std::unique_ptr<IniFile> OpenDataFile(MainForm&);
 
+// Reads it for the first time. A file that another program holds just now, as backup, sync and
+// virus scanners do, is tried again for a while.
+void ReadDataFile(MainForm&);
+// The same for what has to be written when the program ends; what could not be is told to the user.
+void WriteDataFileAtLast(MainForm&);
+
+// What start-up found out about the file, in one message, when the window is there.
+void TellStartTrouble(MainForm&);
+
 // The section that explains the file to a person who opens it.
 void WriteScheme(IniFile&);
 

@@ -7,12 +7,12 @@
 #include "books/html_links.h"
 #include "books/open_book.h"
 #include "books/save_state.h"
+#include "common/flag_scope.h"
 #include "reading/edit.h"
 #include "reading/keyboard.h"
 #include "reading/zoom.h"
 #include "shell/help.h"
 
-#include <exception>
 #include <new>
 #include <optional>
 #include <utility>
@@ -28,17 +28,28 @@ void TakePageEvents(MainForm& form) {
 }
 } // namespace
 
+namespace {
+// A message takes memory, too: where there is none even for that, nothing is said.
+void TellFailure(MainForm& form, const char16_t* text) noexcept {
+    try {
+        ShowBookMessage(form, text);
+    } catch (...) { // the program goes on
+    }
+}
+} // namespace
+
 void RunCommand(MainForm& form, const std::function<void()>& command) {
     if (form.handling || form.closed) return;
-    form.handling = true;
-    try {
-        command();
-    } catch (const std::bad_alloc&) {
-        ShowBookMessage(form, u"There is not enough memory for this.");
-    } catch (const std::exception&) {
-        ShowBookMessage(form, u"The command could not be completed.");
+    {
+        const FlagScope handling(form.handling);
+        try {
+            command();
+        } catch (const std::bad_alloc&) {
+            TellFailure(form, u"There is not enough memory for this.");
+        } catch (...) {
+            TellFailure(form, u"The command could not be completed.");
+        }
     }
-    form.handling = false;
     TakePageEvents(form);
 }
 

@@ -1,6 +1,7 @@
 // The main form: it owns every port, every menu item and all state of the running program.
 #pragma once
 
+#include "app/data_trouble.h"
 #include "app/menu_tree.h"
 #include "books/html_book.h"
 #include "common/ini_file.h"
@@ -22,6 +23,10 @@ struct MainForm {
     std::u16string DataFilePath;
     std::u16string HelpFilePath;
     std::unique_ptr<IniFile> dataFile; // at DataFilePath; set by start-up
+    // The lists as the data file held them when they were last read or written here.
+    ListLines profilesInFile, historyInFile;
+    ToldTrouble toldTrouble;
+    std::u16string besideOfOther; // the data file beside the program, when it is another user's
 
     ViewFont viewFont;        // the present font of the text view, between record and view
     Color textColor = 0;      // the text colour in force, also while a file's own colours show

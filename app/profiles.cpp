@@ -1,6 +1,8 @@
 #include "app/profiles.h"
 
+#include "app/late_data_file.h"
 #include "app/main_form.h"
+#include "app/profile_list.h"
 #include "books/history_list.h"
 #include "books/html_book.h"
 #include "books/open_book.h"
@@ -15,6 +17,20 @@
 #include <algorithm>
 
 namespace {
+void SaveProfileList(MainForm& form) {
+    ListLines names;
+    for (const MenuItem& profile : form.menu.mProfileList.items)
+        names.push_back(profile.caption);
+    SaveProfileNames(*form.dataFile, names, form.profilesInFile);
+    // Another program may have added some.
+    MenuArray& list = form.menu.mProfileList;
+    for (std::size_t i = 0; i < form.profilesInFile.size(); ++i) {
+        if (i == list.items.size()) AddMenuItem(list);
+        list[i].caption = form.profilesInFile[i];
+    }
+    SyncProfileDeleteMenu(form);
+}
+
 // Makes item `index` the current profile: the first of the list, the others keep their order.
 void MakeCurrent(MainForm& form, int index) {
     MenuArray& list = form.menu.mProfileList;
@@ -25,7 +41,7 @@ void MakeCurrent(MainForm& form, int index) {
     for (int k = index; k >= 1; --k)
         list[k].caption = list[k - 1].caption;
     list[0].caption = current;
-    SaveListToSection(*form.dataFile, profileListSection, list);
+    SaveProfileList(form);
 }
 
 void RestorePlacement(MainForm& form) {
@@ -34,10 +50,27 @@ void RestorePlacement(MainForm& form) {
     LayOutForm(form);
 }
 
+// Books that were opened before the list could be read.
+void AddMissingRecords(MainForm& form, const std::vector<std::u16string>& records) {
+    for (const std::u16string& text : records) {
+        const BookRecord record = BookRecord::Parse(text);
+        int index = FindInHistory(form, record.Path());
+        if (index < 0) index = AddHistoryItem(form, text);
+        BookRecord stored = BookRecord::Parse(form.menu.mFileList[index].tag);
+        stored[Field::Marks] = JoinedMarks(stored[Field::Marks], record[Field::Marks]);
+        form.menu.mFileList[index].tag = stored.ToText();
+        SetHistoryCaption(form, index);
+    }
+    if (!records.empty()) SyncRemoveMenu(form, HistoryCount(form) - 1);
+}
+
 // The history index of the book to open, or -1.
-int LoadHistory(MainForm& form) {
-    const int firstFound =
-        FillHistory(form, LoadSectionLines(*form.dataFile, HistorySection(form)));
+int LoadHistory(MainForm& form, const std::vector<std::u16string>& records,
+                const std::u16string& shown) {
+    form.historyInFile = LoadSectionLines(*form.dataFile, HistorySection(form));
+    const int firstFound = FillHistory(form, form.historyInFile);
+    AddMissingRecords(form, records);
+    if (!shown.empty()) return FindInHistory(form, shown);
     const std::u16string& commandLine = form.ports.launch.commandLine;
     if (commandLine.empty()) return firstFound;
     const int given = AddBook(form, commandLine, -1);
@@ -52,7 +85,8 @@ void ShowNoBook(MainForm& form) {
     UpdateWindowTitle(form);
 }
 
-void SwitchTo(MainForm& form, int index) {
+void SwitchTo(MainForm& form, int index, const std::vector<std::u16string>& records = {},
+              const std::u16string& shown = u"") {
     const FlagScope changing(form.ProfileChanging);
     form.menu.mProfileList[0].checked = true;
     MakeCurrent(form, index);
@@ -61,11 +95,43 @@ void SwitchTo(MainForm& form, int index) {
     LoadProfileOptions(form);
     form.menu.mBookmark[0].enabled = false;
     form.shownPath = u""; // what the view shows is another reader's
-    const int book = LoadHistory(form);
+    const int book = LoadHistory(form, records, shown);
     if (book >= 0) mFileList_Click(form, book);
     if (!IsBookShown(form)) ShowNoBook(form);
 }
+
+// Without the data file there is nothing to switch to.
+bool RefusedWhileUnread(MainForm& form) {
+    if (!form.dataFile->IsUnread()) return false;
+    form.toldTrouble.unread = false;
+    TellDataFileTrouble(form, IniTrouble::Unread);
+    return true;
+}
 } // namespace
+
+void LoadProfileList(MainForm& form) {
+    form.profilesInFile = LoadProfileNames(*form.dataFile);
+    ListLines names = form.profilesInFile;
+    if (names.empty()) names = {u"Default"};
+    MenuTree& menu = form.menu;
+    menu.mUser[0].tag = IniReadString(*form.dataFile, profileListSection, u"0");
+    menu.mProfileList.items.resize(1);
+    menu.mUserDeleteList.items.resize(1);
+    menu.mProfileList[0].caption = menu.mUserDeleteList[0].caption = names.front();
+    for (std::size_t i = 1; i < names.size(); ++i) {
+        AddMenuItem(menu.mProfileList, names[i]);
+        AddMenuItem(menu.mUserDeleteList, names[i]);
+    }
+}
+
+void EnterProfile(MainForm& form, const std::vector<std::u16string>& records,
+                  const std::u16string& shown) {
+    const FlagScope switching(form.ProfileSwitching);
+    SwitchTo(form, 0, records, shown);
+    // A book that came to the top of a list that was not written meanwhile.
+    const bool moved = !records.empty() || !form.ports.launch.commandLine.empty();
+    if (moved && IsBookShown(form)) SaveHistoryList(form);
+}
 
 void mUser_Click(MainForm& form, int) {
     form.menu.mUserDelete[0].enabled = form.menu.mProfileList.Count() > 1;
@@ -83,7 +149,7 @@ void SyncProfileDeleteMenu(MainForm& form) {
 }
 
 void mProfileList_Click(MainForm& form, int index) {
-    if (form.menu.mProfileList[index].checked) return;
+    if (form.menu.mProfileList[index].checked || RefusedWhileUnread(form)) return;
     SwitchTo(form, index);
     // A book given at the start has come to the top of a list that was not written meanwhile.
     if (!form.ports.launch.commandLine.empty() && IsBookShown(form)) SaveHistoryList(form);
@@ -125,6 +191,7 @@ int FindOrAddProfile(MenuTree& menu, const std::u16string& name) {
 } // namespace
 
 void mUserNew_Click(MainForm& form, int) {
+    if (RefusedWhileUnread(form)) return;
     const auto title = Replace(form.menu.mUserNew[0].caption, u"&", u"");
     const auto name = ProfileName(form.ports.dialogs->AskText(title, u"Enter new user name:"));
     if (!IsSupportedName(name))
@@ -136,9 +203,10 @@ void mUserNew_Click(MainForm& form, int) {
 }
 
 void mUserDeleteList_Click(MainForm& form, int index) {
+    if (RefusedWhileUnread(form)) return;
     if (!ConfirmLoss(form, u"All data of the profile will be lost.")) return;
     MenuArray& list = form.menu.mProfileList;
     list.items.erase(list.items.begin() + index);
     SyncProfileDeleteMenu(form);
-    SaveListToSection(*form.dataFile, profileListSection, list);
+    SaveProfileList(form);
 }

@@ -1,12 +1,19 @@
 // Profiles: each reader's own history, window place and options.
 #pragma once
 
-#include <string_view>
+#include <string>
+#include <vector>
 
 struct MainForm;
 
-// Of the data file: the names of the profiles, the current one first.
-constexpr std::u16string_view profileListSection = u"mProfileList";
+// Fills the Profile menu from the data file, at least with "Default", and takes the current name.
+void LoadProfileList(MainForm&);
+
+// The first switch into a profile, that of item 0. `records` are of books that were opened before
+// the data file could be read: they come into its list where they are not in it. `shown` is the
+// path of the one on the screen, or "": then the list, or the command line, says what is shown.
+void EnterProfile(MainForm&, const std::vector<std::u16string>& records = {},
+                  const std::u16string& shown = u"");
 
 void mUser_Click(MainForm&, int);                 // the Profile menu opens
 void mProfileList_Click(MainForm&, int index);    // switches to that profile

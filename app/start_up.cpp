@@ -2,12 +2,12 @@
 
 #include "app/data_file.h"
 #include "app/events.h"
+#include "app/late_data_file.h"
 #include "app/main_form.h"
 #include "app/profiles.h"
+#include "books/book_file.h"
 #include "books/charsets.h"
 #include "books/save_state.h"
-#include "common/flag_scope.h"
-#include "common/list_persistence.h"
 #include "common/menu_items.h"
 #include "common/text.h"
 #include "reading/keyboard.h"
@@ -53,28 +53,28 @@ void SetUpViews(MainForm& form) {
     form.ports.window->ApplySystemFont();
 }
 
-// The profile names in order, at least "Default".
-void FillProfileMenus(MainForm& form) {
-    std::vector<std::u16string> profiles;
-    LoadListFromSection(*form.dataFile, profileListSection, &profiles);
-    std::erase(profiles, u"");
-    if (profiles.empty()) profiles = {u"Default"};
-    MenuTree& menu = form.menu;
-    menu.mProfileList[0].caption = menu.mUserDeleteList[0].caption = profiles.front();
-    for (std::size_t i = 1; i < profiles.size(); ++i) {
-        AddMenuItem(menu.mProfileList, profiles[i]);
-        AddMenuItem(menu.mUserDeleteList, profiles[i]);
+} // namespace
+
+namespace {
+// A second program of this user ends without a word, as the first one is on the screen.
+bool Claim(MainForm& form) {
+    const InstanceClaim claim = form.ports.shell->ClaimDataFile(form.DataFilePath);
+    if (claim.result == InstanceClaim::Result::SomebodyElse) {
+        ShowBookMessage(form, form.DataFilePath + u"\r\nis in use by " + claim.holder +
+                                  u". Close " + form.productTitle + u" there first.");
     }
+    return claim.IsGranted();
 }
 } // namespace
 
 bool Form_Load(MainForm& form) {
     const Launch& launch = form.ports.launch;
     form.DataFilePath = ResolveDataFilePath(*form.ports.files, launch);
-    if (!form.ports.shell->BecomeOnlyInstance(form.DataFilePath)) return false;
+    if (!Claim(form)) return false;
     form.started = true;
     TakeOverDataFile(form);
     form.dataFile = OpenDataFile(form);
+    ReadDataFile(form);
     {
         // A flush to the disk can take as long as all the rest: one for what start-up writes.
         IniBatch oneWrite(*form.dataFile);
@@ -88,15 +88,13 @@ bool Form_Load(MainForm& form) {
         });
         WriteScheme(*form.dataFile);
         LoadEditors(form);
-        form.menu.mUser[0].tag = IniReadString(*form.dataFile, profileListSection, u"0");
-        FillProfileMenus(form);
+        LoadProfileList(form);
         ConnectEvents(form);
-        RunCommand(form, [&form] {
-            const FlagScope switching(form.ProfileSwitching);
-            mProfileList_Click(form, 0);
-        });
+        RunCommand(form, [&form] { EnterProfile(form); });
+        oneWrite.Commit();
     }
     form.ports.window->Open();
+    RunCommand(form, [&form] { TellStartTrouble(form); });
     form.ports.saveTimer->Start(1000,
                                 [&form] { RunCommand(form, [&form] { toSave_Timer(form); }); });
     return true;
@@ -107,10 +105,14 @@ void Form_Unload(MainForm& form) {
     IniBatch oneWrite(*form.dataFile);
     SaveBookState(form, 0);
     SaveWindowPlacement(form);
-    form.closed = true;
+    oneWrite.Commit();
+    form.closed = true; // nothing may begin while the last message waits
+    WriteDataFileAtLast(form);
 }
 
 void toSave_Timer(MainForm& form) {
+    TakeUpLateDataFile(form);
+    WatchDataFile(form);
     const int next = (WholeNumber(form.toSaveTag) % 60 + 1) % 60;
     form.toSaveTag = NumberText(next);
     if (next == 0) SaveBookState(form, 0);

@@ -118,16 +118,38 @@ void SaveHistoryItem(MainForm& form, int index) {
     if (SharesKeyInOtherCase(form.menu.mFileList, index)) return SaveHistoryList(form);
     const std::u16string rest = key.size() < record.size() ? record.substr(key.size() + 1) : u"";
     IniWriteString(*form.dataFile, HistorySection(form), key, rest);
+    const auto inFile = std::ranges::find(form.historyInFile, key, KeyOfLine);
+    if (inFile != form.historyInFile.end())
+        *inFile = record;
+    else
+        form.historyInFile.push_back(record);
 }
 
-void SaveHistoryList(MainForm& form) {
-    std::u16string lines;
-    for (const MenuItem& item : form.menu.mFileList.items) {
-        if (item.tag.empty()) continue;
-        if (!lines.empty()) lines += u"\r\n";
-        lines += item.tag;
+namespace {
+// What another program has put into the list comes into the menu, behind the shown book.
+void ShowMergedList(MainForm& form, const ListLines& lines) {
+    MenuArray& list = form.menu.mFileList;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        if (i == list.items.size()) AddMenuItem(list);
+        if (list[i].tag == lines[i]) continue;
+        list[i].tag = lines[i];
+        list[i].visible = true;
+        SetHistoryCaption(form, static_cast<int>(i));
     }
-    SaveListToSection(*form.dataFile, HistorySection(form), lines);
+    SyncRemoveMenu(form, static_cast<int>(lines.size()) - 1);
+}
+} // namespace
+
+void SaveHistoryList(MainForm& form) {
+    const std::u16string section = HistorySection(form);
+    ListLines records;
+    for (const MenuItem& item : form.menu.mFileList.items)
+        if (!item.tag.empty()) records.push_back(item.tag);
+    const ListLines theirs = LoadSectionLines(*form.dataFile, section);
+    ListLines merged = MergedList(form.historyInFile, records, theirs, KeyOfLine);
+    form.dataFile->MergeSection(section, theirs, merged);
+    if (merged != records) ShowMergedList(form, merged);
+    form.historyInFile = std::move(merged);
 }
 
 std::u16string HistorySection(const MainForm& form) {

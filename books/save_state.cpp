@@ -42,6 +42,7 @@ void UpdateRecord(MainForm& form, int index, bool takesPlace) {
     IniBatch oneWrite(*form.dataFile);
     SaveHistoryItem(form, index);
     if (index == 0) SaveFindHistory(form, record[Field::Path]);
+    oneWrite.Commit();
 }
 } // namespace
 

@@ -1,62 +1,14 @@
 #include "common/ini_file.h"
 
-#include "common/text.h"
-#include "common/utf.h"
-
 #include <algorithm>
-#include <cmath>
-#include <cstdint>
-#include <limits>
 #include <utility>
 
 namespace {
 
-constexpr std::size_t longestString = 32766, longestNumber = 254; // UTF-16 units
-constexpr int oneAsFixed = 10000;                                 // four decimals
-
-std::int64_t ToFixed(double value) {
-    const double scaled = std::nearbyint(value * oneAsFixed);
-    if (std::isnan(scaled)) return 0;
-    if (scaled >= 0x1p63) return std::numeric_limits<std::int64_t>::max();
-    if (scaled <= -0x1p63) return std::numeric_limits<std::int64_t>::min();
-    return static_cast<std::int64_t>(scaled);
-}
-
-double FromFixed(std::int64_t fixed) {
-    return static_cast<double>(fixed) / oneAsFixed;
-}
-
-// "-2.05": a point whatever the locale, no zeros at the end.
-std::u16string FixedText(std::int64_t fixed) {
-    std::u16string text = fixed < 0 ? u"-" : u"";
-    text += NumberText(std::abs(fixed / oneAsFixed));
-    std::int64_t fraction = std::abs(fixed % oneAsFixed);
-    if (fraction == 0) return text;
-    text += u'.';
-    for (; fraction != 0; fraction = fraction * 10 % oneAsFixed) {
-        text += static_cast<char16_t>(u'0' + fraction * 10 / oneAsFixed);
-    }
-    return text;
-}
-
-std::u16string CutTo(std::u16string text, std::size_t length) {
-    if (text.size() <= length) return text;
-    const bool splitsPair = IsHighSurrogate(text[length - 1]) && IsLowSurrogate(text[length]);
-    text.resize(splitsPair ? length - 1 : length);
-    return text;
-}
-
-// Blanks at the end of a default are lost on the way, those within the quotes of a value are not.
-std::u16string ReadCut(IniFile& file, std::u16string_view section, std::u16string_view key,
-                       std::u16string_view fallback, std::size_t length) {
-    if (auto value = file.Content().Value(section, key)) return CutTo(std::move(*value), length);
-    fallback = fallback.substr(0, fallback.find_last_not_of(u' ') + 1);
-    return CutTo(std::u16string(fallback), length);
-}
-
-IniFile::WriteMode ModeFor(bool keepFileTime, bool always) {
-    if (keepFileTime) return IniFile::WriteMode::KeepTime;
-    return always ? IniFile::WriteMode::Always : IniFile::WriteMode::NewTime;
+// A file that is being written by somebody else may be empty for a moment.
+bool HoldsNothing(std::string_view bytes) {
+    return std::ranges::all_of(bytes,
+                               [](char byte) { return static_cast<unsigned char>(byte) <= ' '; });
 }
 
 } // namespace
@@ -64,79 +16,129 @@ IniFile::WriteMode ModeFor(bool keepFileTime, bool always) {
 IniFile::IniFile(Files& files, std::u16string path, int ansiCodePage, ProfileFile::Decoder decoder)
     : files_(files), path_(std::move(path)), ansiCodePage_(ansiCodePage), decoder_(decoder) {}
 
+bool IniFile::IsUnread() {
+    Refresh();
+    return unread_;
+}
+
+ReadStatus IniFile::TryRead() {
+    unread_ = false;
+    version_.reset();
+    if (status_ && *status_ != ReadStatus::Ok) status_.reset();
+    Refresh();
+    return status_.value_or(ReadStatus::NotFound);
+}
+
+IniTrouble IniFile::Trouble() const {
+    if (unread_) return IniTrouble::Unread;
+    const bool readable =
+        !status_ || *status_ == ReadStatus::Ok || *status_ == ReadStatus::NotFound;
+    if (!readable) return IniTrouble::NotRead;
+    return writeFailed_ ? IniTrouble::NotWritten : IniTrouble::None;
+}
+
 const ProfileFile& IniFile::Content() {
     Refresh();
     return content_;
 }
 
+// A folder that is out of reach, on a share or a stick, says nothing of the file in it.
+bool IniFile::FolderIsThere() const {
+    const auto end = path_.rfind(files_.Separator());
+    return end == std::u16string::npos ||
+           files_.FolderExists(path_.substr(0, std::max<std::size_t>(end, 1)));
+}
+
 void IniFile::Refresh() {
-    if (before_ || path_.empty()) return;
+    const bool inBatch = batches_ > 0 && !pending_.empty();
+    if (path_.empty() || unread_ || inBatch) return;
     // The version is taken first: a change between the two calls then shows as a new version next
     // time.
     const auto version = files_.Version(path_);
     if (version && version == version_) return;
     std::string bytes;
-    status_ = files_.Read(path_, largestDataFile, bytes);
-    version_ = status_ == ReadStatus::Ok ? version : std::nullopt;
-    content_ = ProfileFile::Parse(bytes, ansiCodePage_, decoder_);
+    const ReadStatus status = files_.Read(path_, largestDataFile, bytes);
+    version_ = status == ReadStatus::Ok ? version : std::nullopt;
+    TakeRead(status, bytes);
 }
 
-void IniFile::Change(WriteMode mode, const std::function<void(ProfileFile&)>& edit) {
+void IniFile::TakeRead(ReadStatus status, std::string_view bytes) {
+    const bool known = status_.has_value();
+    const bool missing = status == ReadStatus::NotFound && FolderIsThere();
+    if (!known && status != ReadStatus::Ok && !missing) unread_ = true;
+    const bool lost = missing || (status == ReadStatus::Ok && HoldsNothing(bytes));
+    status_ = missing || status != ReadStatus::NotFound ? status : ReadStatus::Failed;
+    if (known && lost) before_.clear();
+    if (status != ReadStatus::Ok || (known && lost)) return; // what was read before stays true
+    content_ = ProfileFile::Parse(bytes, ansiCodePage_, decoder_);
+    if (pending_.empty()) return;
+    before_ = content_.ToBytes();
+    for (const Edit& edit : pending_)
+        edit.apply(content_);
+}
+
+void IniFile::SetValue(WriteMode mode, std::u16string_view section, std::u16string_view key,
+                       std::u16string_view value) {
+    const std::u16string name(section), entry(key), text(value);
+    Change(mode, {name, entry, [=](ProfileFile& file) { file.SetValue(name, entry, text); }});
+}
+
+void IniFile::SetSection(WriteMode mode, std::u16string_view section, ListLines lines) {
+    const std::u16string name(section);
+    Change(mode, {name, u"", [name, lines = std::move(lines)](ProfileFile& file) {
+                      file.SetSection(name, lines);
+                  }});
+}
+
+void IniFile::MergeSection(std::u16string_view section, ListLines base, ListLines lines) {
+    const std::u16string name(section);
+    Change(WriteMode::KeepTime,
+           {name, u"", [name, base = std::move(base), lines = std::move(lines)](ProfileFile& file) {
+                file.SetSection(name, MergedList(base, lines, file.SectionLines(name), KeyOfLine));
+            }});
+}
+
+void IniFile::Change(WriteMode mode, Edit edit) {
     if (path_.empty()) return;
     Refresh();
-    if (status_ != ReadStatus::Ok && status_ != ReadStatus::NotFound) return;
-    if (!before_) before_ = content_.ToBytes();
-    edit(content_);
+    if (unread_) return;
+    if (pending_.empty()) before_ = content_.ToBytes();
+    edit.apply(content_);
+    // An edit makes earlier ones of the same place unnecessary; they are few.
+    std::erase_if(pending_, [&](const Edit& earlier) {
+        return earlier.section == edit.section && (edit.key.empty() || earlier.key == edit.key);
+    });
+    pending_.push_back(std::move(edit));
     keepTime_ = keepTime_ && mode == WriteMode::KeepTime;
     always_ = always_ || mode == WriteMode::Always;
     if (batches_ == 0) WriteChanges();
 }
 
-void IniFile::EndBatch() {
-    if (--batches_ == 0 && before_) WriteChanges();
+bool IniFile::Flush() {
+    if (pending_.empty()) return true;
+    Refresh();
+    return WriteChanges();
 }
 
-void IniFile::WriteChanges() {
+bool IniFile::WriteChanges() {
+    if (unread_ || Trouble() == IniTrouble::NotRead) return false;
     const std::string& bytes = content_.ToBytes();
-    if (always_ || bytes != *before_) {
-        const bool written = files_.Replace(path_, bytes, keepTime_);
-        // After a failure the next read shows what is really on disk.
-        version_ = written ? files_.Version(path_) : std::nullopt;
-        if (written) status_ = ReadStatus::Ok;
+    if (always_ || bytes != before_) {
+        writeFailed_ = !files_.Replace(path_, bytes, keepTime_);
+        if (writeFailed_) return false;
+        version_ = files_.Version(path_);
+        status_ = ReadStatus::Ok;
     }
-    before_.reset();
+    pending_.clear();
+    before_.clear();
     keepTime_ = true;
     always_ = false;
+    return true;
 }
 
-std::u16string IniReadString(IniFile& file, std::u16string_view section, std::u16string_view key,
-                             std::u16string_view fallback) {
-    const std::u16string value = ReadCut(file, section, key, fallback, longestString);
-    return value.substr(std::min(value.find_first_not_of(u' '), value.size()));
-}
-
-double IniReadNumber(IniFile& file, std::u16string_view section, std::u16string_view key,
-                     double fallback, int* charactersRead) {
-    std::u16string value;
-    if (!file.Path().empty() && !section.empty() && !key.empty()) {
-        value = ReadCut(file, section, key, FixedText(ToFixed(fallback)), longestNumber);
-    }
-    if (charactersRead) *charactersRead = static_cast<int>(value.size());
-    return FromFixed(ToFixed(NumericValue(value)));
-}
-
-void IniWriteString(IniFile& file, std::u16string_view section, std::u16string_view key,
-                    std::u16string_view value, bool keepFileTime) {
-    if (!value.empty() && IniReadString(file, section, key) == value) return;
-    file.Change(ModeFor(keepFileTime, value.empty()), [&](ProfileFile& content) {
-        content.SetValue(section, key, value.empty() ? u" " : value);
-    });
-}
-
-void IniWriteNumber(IniFile& file, std::u16string_view section, std::u16string_view key,
-                    double value, bool keepFileTime) {
-    const std::int64_t fixed = ToFixed(value);
-    if (fixed != 0 && ToFixed(IniReadNumber(file, section, key)) == fixed) return;
-    file.Change(ModeFor(keepFileTime, fixed == 0),
-                [&](ProfileFile& content) { content.SetValue(section, key, FixedText(fixed)); });
+bool IniBatch::Commit() {
+    if (committed_) return true;
+    committed_ = true;
+    if (--file_.batches_ > 0 || file_.pending_.empty()) return true;
+    return file_.WriteChanges();
 }

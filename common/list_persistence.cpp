@@ -30,7 +30,7 @@ std::vector<std::u16string> TextLines(std::u16string_view text, std::u16string_v
 
 void ReplaceSection(IniFile& file, std::u16string_view section,
                     const std::vector<std::u16string>& lines, Mode mode) {
-    file.Change(mode, [&](ProfileFile& content) { content.SetSection(section, lines); });
+    file.SetSection(mode, section, lines);
 }
 
 // A line without "=" has been written by hand; all of it is the value.

@@ -1,5 +1,6 @@
 #include "common/profile_file.h"
 
+#include "common/profile_encoding.h"
 #include "common/profile_text.h"
 #include "common/utf.h"
 
@@ -7,43 +8,48 @@ namespace {
 
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 
-std::u16string DecodeUtf16(std::string_view bytes, bool bigEndian) {
-    std::u16string text;
-    text.reserve(bytes.size() / 2);
-    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-        const auto first = static_cast<unsigned char>(bytes[i]);
-        const auto second = static_cast<unsigned char>(bytes[i + 1]);
-        text += static_cast<char16_t>(bigEndian ? first << 8 | second : second << 8 | first);
-    }
-    return text;
-}
-
-std::string BytesAsUtf8(std::string_view bytes, int ansiCodePage, ProfileFile::Decoder decoder) {
-    if (bytes.starts_with("\xFF\xFE")) return Utf16ToUtf8(DecodeUtf16(bytes.substr(2), false));
-    if (bytes.starts_with("\xFE\xFF")) return Utf16ToUtf8(DecodeUtf16(bytes.substr(2), true));
-    if (IsValidUtf8(bytes)) return std::string(bytes);
-    return Utf16ToUtf8(decoder(ansiCodePage, bytes));
+// The text of a line as "key=value" without blanks around either.
+std::string EntryText(std::string_view line) {
+    const std::size_t equals = line.find('=');
+    if (equals == std::string_view::npos) return std::string(line);
+    std::string entry(TrimLine(line.substr(0, equals)));
+    entry += '=';
+    return entry += TrimLine(line.substr(equals + 1));
 }
 
 } // namespace
 
 ProfileFile ProfileFile::Parse(std::string_view bytes, int ansiCodePage, Decoder decoder) {
     ProfileFile file;
-    file.text_ = BytesAsUtf8(bytes, ansiCodePage, decoder);
+    if (const auto order = Utf16OrderOf(bytes))
+        file.text_ = Utf16BytesToUtf8(bytes, *order);
+    else
+        file.text_ = bytes;
+    file.allIsUtf8_ = IsValidUtf8(file.text_);
+    file.ansiCodePage_ = ansiCodePage;
+    file.decoder_ = decoder;
     file.Index();
     return file;
+}
+
+std::string_view ProfileFile::Utf8Of(std::string_view line, std::string& converted) const {
+    if (allIsUtf8_ || IsValidUtf8(line)) return line;
+    converted =
+        Utf16ToUtf8(IsDamagedUtf8(line) ? Utf8ToUtf16(line) : decoder_(ansiCodePage_, line));
+    return converted;
 }
 
 void ProfileFile::Index() {
     sections_.clear();
     const std::size_t start = text_.starts_with(utf8Mark) ? utf8Mark.size() : 0;
     LineWalk walk(text_, start, text_.size());
+    std::string converted;
     while (walk.Next()) {
         const std::string_view line = TrimLine(walk.Line());
         if (!IsHeader(line)) continue;
         if (!sections_.empty()) sections_.back().end = walk.LineBegin();
-        sections_.push_back(
-            {FoldedName(HeaderName(line)), walk.LineBegin(), walk.LineNext(), text_.size()});
+        sections_.push_back({FoldedName(HeaderName(Utf8Of(line, converted))), walk.LineBegin(),
+                             walk.LineNext(), text_.size()});
     }
 }
 
@@ -83,14 +89,15 @@ std::optional<ProfileFile::Entry> ProfileFile::FindKey(const Section& section,
     if (onDisk.empty()) return std::nullopt;
     const std::u16string folded = FoldedName(onDisk);
     LineWalk walk(text_, section.body, section.end);
+    std::string converted;
     while (walk.Next()) {
-        const std::string_view line = walk.Line();
-        const std::size_t equals = line.find('=');
+        const std::size_t equals = walk.Line().find('=');
         if (equals == std::string_view::npos) continue;
+        const std::string_view line = Utf8Of(walk.Line(), converted);
         // No key begins with ";", so a comment is never taken for one.
-        if (!NameIs(TrimLine(line.substr(0, equals)), folded)) continue;
+        if (!NameIs(TrimLine(line.substr(0, line.find('='))), folded)) continue;
         const std::size_t value = walk.LineBegin() + equals + 1;
-        return Entry{value, walk.LineEnd()};
+        return Entry{walk.LineBegin(), value, walk.LineEnd()};
     }
     return std::nullopt;
 }
@@ -102,6 +109,19 @@ std::size_t ProfileFile::EndOfEntries(const Section& section) const {
     LineWalk walk(text_, end - 1, section.end);
     walk.Next();
     return walk.LineNext();
+}
+
+std::map<std::u16string, std::string> ProfileFile::LinesNotUtf8(const Section& section) const {
+    std::map<std::u16string, std::string> lines;
+    if (allIsUtf8_) return lines;
+    LineWalk walk(text_, section.body, section.end);
+    std::string converted;
+    while (walk.Next()) {
+        if (IsValidUtf8(walk.Line())) continue;
+        const std::string_view line = TrimLine(Utf8Of(walk.Line(), converted));
+        lines.emplace(Utf8ToUtf16(EntryText(line)), TrimLine(walk.Line()));
+    }
+    return lines;
 }
 
 std::string ProfileFile::Comments(const Section& section) const {
@@ -133,8 +153,10 @@ std::optional<std::u16string> ProfileFile::Value(std::u16string_view section,
     if (index == sections_.size()) return std::nullopt;
     const auto entry = FindKey(sections_[index], key);
     if (!entry) return std::nullopt;
-    const auto raw = std::string_view(text_).substr(entry->value, entry->end - entry->value);
-    return Utf8ToUtf16(WithoutQuotes(TrimLine(raw)));
+    const std::string_view raw(text_.data() + entry->line, entry->end - entry->line);
+    std::string converted;
+    const std::string_view line = Utf8Of(raw, converted);
+    return Utf8ToUtf16(WithoutQuotes(TrimLine(line.substr(line.find('=') + 1))));
 }
 
 std::vector<std::u16string> ProfileFile::SectionLines(std::u16string_view section) const {
@@ -142,28 +164,22 @@ std::vector<std::u16string> ProfileFile::SectionLines(std::u16string_view sectio
     const std::size_t index = FindSection(section);
     if (index == sections_.size()) return lines;
     LineWalk walk(text_, sections_[index].body, sections_[index].end);
+    std::string converted;
     while (walk.Next()) {
-        const std::string_view line = TrimLine(walk.Line());
+        const std::string_view line = TrimLine(Utf8Of(walk.Line(), converted));
         if (line.empty() || IsComment(line)) continue;
-        const std::size_t equals = line.find('=');
-        if (equals == std::string_view::npos) {
-            lines.push_back(Utf8ToUtf16(line));
-            continue;
-        }
-        std::string entry(TrimLine(line.substr(0, equals)));
-        entry += '=';
-        entry += TrimLine(line.substr(equals + 1));
-        lines.push_back(Utf8ToUtf16(entry));
+        lines.push_back(Utf8ToUtf16(EntryText(line)));
     }
     return lines;
 }
 
 std::vector<std::u16string> ProfileFile::SectionNames() const {
     std::vector<std::u16string> names;
+    std::string converted;
     for (const Section& section : sections_) {
         const auto header =
             std::string_view(text_).substr(section.header, section.body - section.header);
-        names.push_back(Utf8ToUtf16(HeaderName(TrimLine(header))));
+        names.push_back(Utf8ToUtf16(HeaderName(TrimLine(Utf8Of(header, converted)))));
     }
     return names;
 }
@@ -175,7 +191,12 @@ void ProfileFile::SetValue(std::u16string_view section, std::u16string_view key,
     const std::size_t index = FindOrAddSection(section);
     const std::string bytes = Utf16ToUtf8(OnOneLine(value));
     if (const auto entry = FindKey(sections_[index], key)) {
-        Splice(index, entry->value, entry->end - entry->value, bytes);
+        // A line is in one encoding: what stands before the value comes with it.
+        std::string converted;
+        const std::string_view raw(text_.data() + entry->line, entry->end - entry->line);
+        const std::string_view line = Utf8Of(raw, converted);
+        const std::string whole = std::string(line.substr(0, line.find('=') + 1)) + bytes;
+        Splice(index, entry->line, raw.size(), whole);
         return;
     }
     if (EndOfEntries(sections_[index]) == text_.size()) FinishLastLine();
@@ -186,7 +207,12 @@ void ProfileFile::SetSection(std::u16string_view section,
                              const std::vector<std::u16string>& lines) {
     const std::size_t index = FindOrAddSection(section);
     std::string block = Comments(sections_[index]);
+    const auto asTheyCame = LinesNotUtf8(sections_[index]);
     for (const std::u16string& text : lines) {
+        if (const auto old = asTheyCame.find(text); old != asTheyCame.end()) {
+            block += old->second + "\r\n";
+            continue;
+        }
         const std::string line = Utf16ToUtf8(OnOneLine(text));
         const std::string_view trimmed = TrimLine(line);
         if (trimmed.empty() || IsComment(trimmed) || IsHeader(trimmed)) continue;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,8 +20,9 @@
 class ProfileFile {
   public:
     ProfileFile() = default;
-    // `bytes` as on disk: UTF-8 with or without a mark, UTF-16 with one; else text in
-    // `ansiCodePage`, whose decoder the caller gives. Any bytes at all are accepted, a NUL among
+    // `bytes` as on disk: UTF-8 or UTF-16, with or without a mark. A line that is not UTF-8 is text
+    // in `ansiCodePage`, whose decoder the caller gives, unless most of its letters are UTF-8: then
+    // single bytes of it are damaged and become U+FFFD. Any bytes at all are accepted, a NUL among
     // them is a character like others.
     using Decoder = std::u16string (*)(int codePage, std::string_view bytes);
     static ProfileFile Parse(std::string_view bytes, int ansiCodePage, Decoder);
@@ -36,10 +38,12 @@ class ProfileFile {
     // the file).
     void SetValue(std::u16string_view section, std::u16string_view key, std::u16string_view value);
     // Replaces the entries of the section by these lines. Its comments stay and stand first. A line
-    // that would not be listed (blank, a comment, the head of a section) is left out.
+    // that would not be listed (blank, a comment, the head of a section) is left out. One that the
+    // section has already in another encoding keeps its bytes.
     void SetSection(std::u16string_view section, const std::vector<std::u16string>& lines);
 
-    // UTF-8. New lines end in CR LF; what was not changed is as it came.
+    // UTF-8; a line that came in another encoding stays as it came until its value changes. New
+    // lines end in CR LF.
     const std::string& ToBytes() const { return text_; }
 
   private:
@@ -50,18 +54,25 @@ class ProfileFile {
         std::size_t end = 0;              // the next header
     };
     struct Entry {
-        std::size_t value = 0, end = 0; // what follows the "=", and where its line ends
+        std::size_t line = 0;           // where its line begins
+        std::size_t value = 0, end = 0; // what follows the "=", and where the line ends
     };
 
     void Index();
+    // A line as UTF-8; `converted` holds it where it is not.
+    std::string_view Utf8Of(std::string_view line, std::string& converted) const;
     void FinishLastLine();
     std::size_t FindSection(std::u16string_view name) const; // index, or the number of sections
     std::size_t FindOrAddSection(std::u16string_view name);
     std::optional<Entry> FindKey(const Section&, std::u16string_view key) const;
     std::size_t EndOfEntries(const Section&) const; // after its last line that is not blank
     std::string Comments(const Section&) const;
+    std::map<std::u16string, std::string> LinesNotUtf8(const Section&) const;
     void Splice(std::size_t section, std::size_t at, std::size_t length, std::string_view bytes);
 
-    std::string text_; // valid UTF-8, as it goes to disk
+    std::string text_;      // as it goes to disk
+    bool allIsUtf8_ = true; // no line has to be converted; the others are in
+    int ansiCodePage_ = 0;
+    Decoder decoder_ = nullptr;
     std::vector<Section> sections_;
 };

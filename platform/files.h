@@ -33,6 +33,9 @@ class Files {
     virtual bool FileExists(const std::u16string& path) const = 0;
     virtual bool FolderExists(const std::u16string& path) const = 0;
     virtual bool FolderIsWritable(const std::u16string& path) const = 0;
+    // Whether it is one, as for temporary files, in which everybody may make files and each user's
+    // are safe from others only once they are there.
+    virtual bool FolderIsPublic(const std::u16string& path) const = 0;
     virtual bool CreateFolder(const std::u16string& path) = 0; // with its parents
     // Whether two existing paths name one and the same file; false when either cannot be read.
     virtual bool SameFile(const std::u16string& a, const std::u16string& b) const = 0;
@@ -55,9 +58,14 @@ class Files {
         if (status != ReadStatus::Ok) return nullptr;
         return std::make_unique<BytesReader>(std::move(bytes));
     }
+    // Whether this user's rights allow to replace the file, or to make it: not where it is another
+    // user's and this one may not write it.
+    virtual bool MayReplace(const std::u16string& path) const = 0;
     // Puts `bytes` in the place of the file in one step: after a crash at any moment the old or the
     // new content is there. Keeps the file's read-only attribute, and its last-write time when
-    // asked. False when it could not be done; the old content is then untouched.
+    // asked. A new file can be read and written by those who may make files in its folder. False
+    // when it could not be done, or another user's file may not be written; the old content is then
+    // untouched.
     virtual bool Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) = 0;
 
     virtual std::optional<DateTime> Stamp(const std::u16string& path,

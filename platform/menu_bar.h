@@ -17,10 +17,10 @@ struct MenuItem {
     bool standard = false; // the default item of its menu: bold
     bool heading = false;  // bold and inert
     bool radio = false;    // its check mark is a bullet
-    bool literal = false;  // an "&" in the caption is just that (a path, a title, a name)
+    bool literal = false;  // a text of the user's: an "&" or a "-" in it means just that
     int helpContextId = 0;
 
-    bool IsSeparator() const { return caption == u"-"; }
+    bool IsSeparator() const { return caption == u"-" && !literal; }
 };
 
 // A named place in the tree: one item, or an array of items that grows and shrinks, or a submenu

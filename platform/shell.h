@@ -1,6 +1,8 @@
 // The port of the desktop: other programs, and this one's other instances.
 #pragma once
 
+#include "platform/instance.h"
+
 #include <string>
 
 class Shell {
@@ -14,7 +16,7 @@ class Shell {
     // Gives an address to the program that the desktop has for its scheme. What
     // `IsProgramAddress` does not take is not opened. Nothing is told of failure.
     virtual void OpenAddress(const std::u16string& address) = 0;
-    // Takes the lock of this name for the life of the process; false while another process holds
-    // it. The lock dies with its process, however that ends.
-    virtual bool BecomeOnlyInstance(const std::u16string& name) = 0;
+    // Claims the data file for the life of the process. What was granted ends with the process,
+    // however that ends.
+    virtual InstanceClaim ClaimDataFile(const std::u16string& path) = 0;
 };

@@ -86,6 +86,7 @@ void SaveWindowPlacement(MainForm& form) {
     IniWriteNumber(*form.dataFile, section, u"Width", placement.Width / x);
     IniWriteNumber(*form.dataFile, section, u"Height", placement.Height / y);
     IniWriteNumber(*form.dataFile, section, u"State", placement.State);
+    oneWrite.Commit();
 }
 
 WindowPlacement LoadWindowPlacement(MainForm& form) {

@@ -4,12 +4,19 @@
 #include "platform/clock.h"
 
 #include <chrono>
+#include <functional>
 
 class NoneClock : public Clock {
   public:
     DateTime now{2026, 1, 2, 3, 4, 5};
 
     DateTime Now() const override { return now; }
+    void Wait(int milliseconds) override {
+        waited += milliseconds;
+        if (whileWaiting) whileWaiting();
+    }
+    int waited = 0;                     // milliseconds
+    std::function<void()> whileWaiting; // what happens elsewhere meanwhile
 
     void Advance(std::chrono::seconds by) {
         using namespace std::chrono;

@@ -121,6 +121,10 @@ ReadStatus NoneFiles::ReadStart(const std::u16string& path, std::size_t count,
     return status;
 }
 
+bool NoneFiles::MayReplace(const std::u16string& path) const {
+    return IsUsable(path) && FolderIsWritable(FolderOf(path)) && !othersFiles.contains(path);
+}
+
 bool NoneFiles::Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) {
     const bool done = WriteOver(path, bytes, keepFileTime);
     replaceCalls.push_back({path, std::string(bytes), keepFileTime, done});
@@ -128,7 +132,7 @@ bool NoneFiles::Replace(const std::u16string& path, std::string_view bytes, bool
 }
 
 bool NoneFiles::WriteOver(const std::u16string& path, std::string_view bytes, bool keepFileTime) {
-    if (failReplace || !IsUsable(path) || !FolderIsWritable(FolderOf(path))) return false;
+    if (failReplace || !MayReplace(path)) return false;
     if (FolderExists(path)) return false;
     const File* old = Find(path);
     const File before = old ? *old : File();

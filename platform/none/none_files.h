@@ -36,6 +36,8 @@ class NoneFiles : public Files {
     bool failReplace = false;                         // every Replace fails, as on a full disk
     std::map<std::u16string, ReadStatus> readFailure; // for these paths Read answers this
     std::set<std::u16string> readOnlyFolders;         // nothing can be made or replaced in these
+    std::set<std::u16string> publicFolders;           // made for everybody's temporary files
+    std::set<std::u16string> othersFiles;             // of another user, who lets nobody write them
 
     struct ReplaceCall {
         std::u16string path;
@@ -49,6 +51,9 @@ class NoneFiles : public Files {
     bool FileExists(const std::u16string& path) const override;
     bool FolderExists(const std::u16string& path) const override;
     bool FolderIsWritable(const std::u16string& path) const override;
+    bool FolderIsPublic(const std::u16string& path) const override {
+        return publicFolders.contains(path);
+    }
     bool CreateFolder(const std::u16string& path) override;
     bool SameFile(const std::u16string& a, const std::u16string& b) const override;
     std::optional<FileVersion> Version(const std::u16string& path) const override;
@@ -56,6 +61,7 @@ class NoneFiles : public Files {
                     std::string& bytes) const override;
     ReadStatus ReadStart(const std::u16string& path, std::size_t count,
                          std::string& bytes) const override;
+    bool MayReplace(const std::u16string& path) const override;
     bool Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) override;
     std::optional<DateTime> Stamp(const std::u16string& path, FileStamp) const override;
     bool SetStamp(const std::u16string& path, const DateTime& local, FileStamp) override;

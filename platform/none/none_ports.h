@@ -153,14 +153,14 @@ class NoneShell : public Shell {
         started.emplace_back(program, argument);
     }
     void OpenAddress(const std::u16string& address) override { opened.push_back(address); }
-    bool BecomeOnlyInstance(const std::u16string& name) override {
-        instanceName = name;
-        return !otherInstanceRuns;
+    InstanceClaim ClaimDataFile(const std::u16string& path) override {
+        claimedPath = path;
+        return claim;
     }
     std::vector<std::pair<std::u16string, std::u16string>> started;
     std::vector<std::u16string> opened;
-    std::u16string instanceName;
-    bool otherInstanceRuns = false;
+    std::u16string claimedPath;
+    InstanceClaim claim;
 };
 
 class NoneRegistry : public Registry {

@@ -34,6 +34,14 @@ ReadStatus StatusOfError(int error) {
     }
 }
 
+// A link into a folder that is not there, as on a share that is not mounted: the file it means may
+// exist.
+bool LeadsOutOfReach(const std::string& path) {
+    const auto target = FollowLinks(path);
+    struct stat status {};
+    return target && *target != path && stat(FolderOf(*target).c_str(), &status) != 0;
+}
+
 // A regular file open for reading, or why there is none.
 struct RegularFile {
     explicit RegularFile(const std::u16string& path) : descriptor(Open(path)) {}
@@ -57,6 +65,7 @@ int RegularFile::Open(const std::u16string& path) {
          ((file = open(native->c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY)) < 0 ||
           fstat(file, &found) != 0))) {
         status = StatusOfError(errno);
+        if (status == ReadStatus::NotFound && LeadsOutOfReach(*native)) status = ReadStatus::Failed;
         return file;
     }
     status = S_ISREG(found.st_mode) ? ReadStatus::Ok : ReadStatus::NotAFile;
@@ -97,6 +106,12 @@ bool PosixFiles::FolderExists(const std::u16string& path) const {
 bool PosixFiles::FolderIsWritable(const std::u16string& path) const {
     return FolderExists(path) &&
            faccessat(AT_FDCWD, NativePath(path)->c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+}
+
+bool PosixFiles::FolderIsPublic(const std::u16string& path) const {
+    const auto status = StatusOf(path);
+    return status && S_ISDIR(status->st_mode) && (status->st_mode & S_ISVTX) &&
+           (status->st_mode & S_IWOTH);
 }
 
 bool PosixFiles::CreateFolder(const std::u16string& path) {
@@ -150,6 +165,11 @@ std::unique_ptr<FileReader> PosixFiles::Open(const std::u16string& path, ReadSta
     status = file.status;
     if (status != ReadStatus::Ok) return nullptr;
     return std::make_unique<PosixFileReader>(std::move(file.descriptor), file.size);
+}
+
+bool PosixFiles::MayReplace(const std::u16string& path) const {
+    const auto native = NativePath(path);
+    return native && ::MayReplace(*native);
 }
 
 bool PosixFiles::Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) {

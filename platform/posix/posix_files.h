@@ -13,6 +13,7 @@ class PosixFiles : public Files {
     bool FileExists(const std::u16string& path) const override;
     bool FolderExists(const std::u16string& path) const override;
     bool FolderIsWritable(const std::u16string& path) const override;
+    bool FolderIsPublic(const std::u16string& path) const override;
     bool CreateFolder(const std::u16string& path) override; // for the user alone
     bool SameFile(const std::u16string& a, const std::u16string& b) const override;
     std::optional<FileVersion> Version(const std::u16string& path) const override;
@@ -21,6 +22,7 @@ class PosixFiles : public Files {
     ReadStatus ReadStart(const std::u16string& path, std::size_t count,
                          std::string& bytes) const override;
     std::unique_ptr<FileReader> Open(const std::u16string& path, ReadStatus& status) const override;
+    bool MayReplace(const std::u16string& path) const override;
     bool Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) override;
     std::optional<DateTime> Stamp(const std::u16string& path, FileStamp) const override;
     bool SetStamp(const std::u16string& path, const DateTime& local, FileStamp) override;

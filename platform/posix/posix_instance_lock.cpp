@@ -1,70 +1,101 @@
 #include "platform/posix/posix_instance_lock.h"
 
+#include "common/utf.h"
 #include "platform/posix/posix_paths.h"
-#include "product.h"
+#include "platform/posix/posix_sharing.h"
 
 #include <fcntl.h>
+#include <pwd.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
-#include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <memory>
+#include <climits>
 
 namespace {
 
-// A folder that nobody else could have put there or can write into.
-bool IsOwnFolder(const std::string& path) {
-    struct stat status {};
-    return lstat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
-           status.st_uid == geteuid() && (status.st_mode & 022) == 0;
+enum class Locking { Locked, Held, Impossible };
+
+// The user's number, their name and the machine's, a line each.
+std::string Self() {
+    char host[HOST_NAME_MAX + 1] = {};
+    gethostname(host, sizeof host - 1);
+    const uid_t user = geteuid();
+    const passwd* entry = getpwuid(user);
+    const std::string number = std::to_string(user);
+    return number + '\n' + (entry ? entry->pw_name : number) + '\n' + host + '\n';
 }
 
-std::string LockFolder() {
-    const char* runtime = std::getenv("XDG_RUNTIME_DIR");
-    if (runtime && *runtime == '/' && IsOwnFolder(runtime)) return runtime;
-    const std::string own = "/tmp/" PRODUCT_TITLE "-" + std::to_string(geteuid());
-    mkdir(own.c_str(), 0700);
-    return IsOwnFolder(own) ? own : std::string();
+// Without the right to write, as of another user's file, it can still be locked.
+FileDescriptor OpenLockFile(const std::string& path) {
+    constexpr int flags = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY;
+    FileDescriptor file(open(path.c_str(), O_RDWR | O_CREAT | flags, 0600));
+    if (!file.IsOpen()) file = FileDescriptor(open(path.c_str(), O_RDONLY | flags));
+    return file;
 }
 
-std::string RealPath(const std::string& path) {
-    const std::unique_ptr<char, void (*)(void*)> real(realpath(path.c_str(), nullptr), std::free);
-    return real ? std::string(real.get()) : std::string();
-}
-
-// One text for a file by whatever links it is reached, also before it exists.
-std::string Identity(const std::string& path) {
-    if (const std::string file = RealPath(path); !file.empty()) return file;
-    return RealPath(FolderOf(path)) + "/" + NameOf(path);
-}
-
-std::string Hash(const std::string& text) { // FNV-1a, 64 bits
-    std::uint64_t hash = 0xcbf29ce484222325;
-    for (const char byte : text)
-        hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001b3;
-    char digits[17];
-    std::snprintf(digits, sizeof digits, "%016llx", static_cast<unsigned long long>(hash));
-    return digits;
-}
-
-} // namespace
-
-bool InstanceLock::Acquire(const std::u16string& dataFilePath) {
-    const auto path = NativePath(dataFilePath);
-    const std::string folder = LockFolder();
-    if (file_.IsOpen() || !path || folder.empty()) return true;
-    const std::string name = folder + "/" PRODUCT_TITLE "-" + Hash(Identity(*path)) + ".lock";
-    FileDescriptor file(open(name.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
-    if (!file.IsOpen()) return true;
-    fchmod(file.Number(), 01600); // the sticky bit keeps it from the sweep of old runtime files
+Locking Lock(const FileDescriptor& file) {
     int result = 0;
     do {
         result = flock(file.Number(), LOCK_EX | LOCK_NB);
     } while (result != 0 && errno == EINTR);
-    if (result != 0 && errno == EWOULDBLOCK) return false;
-    file_ = std::move(file);
-    return true;
+    if (result == 0) return Locking::Locked;
+    return errno == EWOULDBLOCK ? Locking::Held : Locking::Impossible;
+}
+
+// Whether this is still the file of that name: its holder removes it at the end.
+bool IsAt(const FileDescriptor& file, const std::string& path) {
+    struct stat opened {
+    }, named{};
+    return fstat(file.Number(), &opened) == 0 && lstat(path.c_str(), &named) == 0 &&
+           S_ISREG(opened.st_mode) && opened.st_dev == named.st_dev &&
+           opened.st_ino == named.st_ino;
+}
+
+void WriteSelf(const FileDescriptor& file, const std::string& path) {
+    const std::string self = Self();
+    ShareAsFolder(file.Number(), FolderOf(path));
+    if (ftruncate(file.Number(), 0) != 0) return;
+    [[maybe_unused]] const ssize_t written = pwrite(file.Number(), self.data(), self.size(), 0);
+}
+
+InstanceClaim ClaimOfHolder(const FileDescriptor& file) {
+    constexpr std::size_t longest = 1024;
+    std::string text(longest, '\0');
+    const ssize_t got = pread(file.Number(), text.data(), text.size(), 0);
+    text.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
+    const std::size_t first = text.find('\n'), second = text.find('\n', first + 1);
+    if (second == text.npos || text == Self()) return {InstanceClaim::Result::Own, u""};
+    const std::string name = text.substr(first + 1, second - first - 1);
+    std::string host = text.substr(second + 1);
+    host.resize(std::min(host.find('\n'), host.size()));
+    return {InstanceClaim::Result::SomebodyElse, Utf8ToUtf16(name + " on " + host)};
+}
+
+} // namespace
+
+InstanceLock::~InstanceLock() {
+    if (file_.IsOpen() && IsAt(file_, path_)) unlink(path_.c_str());
+}
+
+InstanceClaim InstanceLock::Acquire(const std::u16string& dataFilePath) {
+    const auto path = NativePath(dataFilePath);
+    const auto target = path ? FollowLinks(*path) : std::nullopt;
+    if (file_.IsOpen() || !target) return {};
+    path_ = *target + ".lock";
+    constexpr int attempts = 10; // each takes a holder that ends just then
+    for (int i = 0; i < attempts; ++i) {
+        FileDescriptor file = OpenLockFile(path_);
+        if (!file.IsOpen()) return {};
+        const Locking locking = Lock(file);
+        if (locking == Locking::Held) return ClaimOfHolder(file);
+        if (locking == Locking::Impossible) return {};
+        if (!IsAt(file, path_)) continue;
+        WriteSelf(file, path_);
+        file_ = std::move(file);
+        return {};
+    }
+    return {};
 }

@@ -2,11 +2,13 @@
 
 #include "platform/posix/file_descriptor.h"
 #include "platform/posix/posix_paths.h"
+#include "platform/posix/posix_sharing.h"
 
 #include <dirent.h>
 #include <fcntl.h>
 #include <signal.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <charconv>
@@ -75,7 +77,8 @@ bool WriteTemporary(const std::string& path, std::string_view bytes, const struc
     FileDescriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
     if (!file.IsOpen()) return false;
     const bool written = WriteAll(file.Number(), bytes) &&
-                         (!old || CopyAttributes(file.Number(), *old, keepFileTime)) &&
+                         (old ? CopyAttributes(file.Number(), *old, keepFileTime)
+                              : ShareAsFolder(file.Number(), FolderOf(path))) &&
                          Flush(file.Number()) && file.Close();
     if (!written) unlink(path.c_str());
     return written;
@@ -83,9 +86,26 @@ bool WriteTemporary(const std::string& path, std::string_view bytes, const struc
 
 } // namespace
 
+bool MayReplace(const std::string& path) {
+    const auto target = FollowLinks(path).value_or(path); // of a loop its rights do not matter
+    const auto may = [](const std::string& name, int rights) {
+        return faccessat(AT_FDCWD, name.c_str(), rights, AT_EACCESS) == 0;
+    };
+    const std::string folder = FolderOf(target);
+    struct stat file {
+    }, place{};
+    if (stat(folder.c_str(), &place) != 0 || !may(folder, W_OK | X_OK)) return false;
+    const uid_t user = geteuid();
+    if (lstat(target.c_str(), &file) != 0) return errno == ENOENT;
+    if (user == 0 || file.st_uid == user) return true;
+    // In a sticky folder nobody but the owners of file and folder may rename over the file.
+    const bool sticky = (place.st_mode & S_ISVTX) && place.st_uid != user;
+    return !sticky && may(target, W_OK);
+}
+
 bool ReplaceInOneStep(const std::string& path, std::string_view bytes, bool keepFileTime) {
     const auto target = FollowLinks(path);
-    if (!target) return false;
+    if (!target || !MayReplace(*target)) return false;
     struct stat old {};
     const bool exists = lstat(target->c_str(), &old) == 0;
     if (exists ? !S_ISREG(old.st_mode) : errno != ENOENT) return false;

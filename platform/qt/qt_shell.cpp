@@ -20,6 +20,6 @@ void QtShell::OpenAddress(const std::u16string& address) {
     if (IsProgramAddress(address)) OpenWith(DefaultTextEditor(), address);
 }
 
-bool QtShell::BecomeOnlyInstance(const std::u16string& name) {
-    return lock_.Acquire(name);
+InstanceClaim QtShell::ClaimDataFile(const std::u16string& path) {
+    return lock_.Acquire(path);
 }

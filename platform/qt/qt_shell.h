@@ -9,7 +9,7 @@ class QtShell final : public Shell {
     std::u16string DefaultTextEditor() const override; // the desktop's opener of files
     void OpenWith(const std::u16string& program, const std::u16string& argument) override;
     void OpenAddress(const std::u16string& address) override;
-    bool BecomeOnlyInstance(const std::u16string& name) override;
+    InstanceClaim ClaimDataFile(const std::u16string& path) override;
 
   private:
     InstanceLock lock_;

@@ -7,3 +7,7 @@ DateTime WinClock::Now() const {
     GetLocalTime(&now);
     return {now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond};
 }
+
+void WinClock::Wait(int milliseconds) {
+    Sleep(static_cast<DWORD>(milliseconds));
+}

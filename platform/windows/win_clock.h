@@ -6,4 +6,5 @@
 class WinClock : public Clock {
   public:
     DateTime Now() const override;
+    void Wait(int milliseconds) override;
 };

@@ -5,6 +5,7 @@
 #include "platform/windows/win_handle.h"
 #include "platform/windows/win_paths.h"
 #include "platform/windows/win_replace.h"
+#include "platform/windows/win_text.h"
 
 #include <algorithm>
 #include <new>
@@ -195,6 +196,14 @@ std::unique_ptr<FileReader> WinFiles::Open(const std::u16string& path, ReadStatu
     status = file.status;
     if (status != ReadStatus::Ok) return nullptr;
     return std::make_unique<WinFileReader>(std::move(file.handle), file.size);
+}
+
+bool WinFiles::MayReplace(const std::u16string& path) const {
+    const auto native = NativePath(path);
+    if (!native || !FolderIsWritable(FromWide(FolderOf(*native)))) return false;
+    // Not the right to write: the read-only attribute would deny that to its owner, too.
+    const WinHandle file = OpenExisting(*native, GENERIC_READ | DELETE);
+    return file.IsOpen() || GetLastError() != ERROR_ACCESS_DENIED;
 }
 
 bool WinFiles::Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) {

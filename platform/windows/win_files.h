@@ -14,6 +14,9 @@ class WinFiles final : public Files {
     bool FileExists(const std::u16string& path) const override;
     bool FolderExists(const std::u16string& path) const override;
     bool FolderIsWritable(const std::u16string& path) const override;
+    bool FolderIsPublic(const std::u16string&) const override {
+        return false;
+    } // its rights say all
     bool CreateFolder(const std::u16string& path) override;
     bool SameFile(const std::u16string& a, const std::u16string& b) const override;
     std::optional<FileVersion> Version(const std::u16string& path) const override;
@@ -22,6 +25,7 @@ class WinFiles final : public Files {
     ReadStatus ReadStart(const std::u16string& path, std::size_t count,
                          std::string& bytes) const override;
     std::unique_ptr<FileReader> Open(const std::u16string& path, ReadStatus&) const override;
+    bool MayReplace(const std::u16string& path) const override;
     bool Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) override;
     std::optional<DateTime> Stamp(const std::u16string& path, FileStamp) const override;
     bool SetStamp(const std::u16string& path, const DateTime& local, FileStamp) override;

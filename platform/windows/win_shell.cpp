@@ -2,7 +2,6 @@
 
 #include "common/web_address.h"
 #include "platform/windows/win_arguments.h"
-#include "platform/windows/win_instance_name.h"
 #include "platform/windows/win_text.h"
 
 #include <shellapi.h>
@@ -60,13 +59,6 @@ void WinShell::OpenAddress(const std::u16string& address) {
     if (IsWebOrMailAddress(address)) OpenByShell(ToWide(address), {});
 }
 
-bool WinShell::BecomeOnlyInstance(const std::u16string& name) {
-    if (lock_.IsOpen()) return true;
-    WinHandle mutex(CreateMutexW(nullptr, FALSE, InstanceLockName(ToWide(name)).c_str()));
-    const DWORD error = GetLastError();
-    // Denied: it belongs to an instance of more rights.
-    if (mutex.IsOpen() ? error == ERROR_ALREADY_EXISTS : error == ERROR_ACCESS_DENIED) return false;
-    // Where none can be made at all: a reader that starts twice is better than one that never does.
-    lock_ = std::move(mutex);
-    return true;
+InstanceClaim WinShell::ClaimDataFile(const std::u16string& path) {
+    return lock_.Acquire(path);
 }

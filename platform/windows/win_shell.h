@@ -2,15 +2,15 @@
 #pragma once
 
 #include "platform/shell.h"
-#include "platform/windows/win_handle.h"
+#include "platform/windows/win_instance_lock.h"
 
 class WinShell final : public Shell {
   public:
     std::u16string DefaultTextEditor() const override;
     void OpenWith(const std::u16string& program, const std::u16string& argument) override;
     void OpenAddress(const std::u16string& address) override;
-    bool BecomeOnlyInstance(const std::u16string& name) override;
+    InstanceClaim ClaimDataFile(const std::u16string& path) override;
 
   private:
-    WinHandle lock_;
+    WinInstanceLock lock_;
 };

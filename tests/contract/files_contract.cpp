@@ -26,6 +26,7 @@ void CheckQuestions(FilesUnderTest& test) {
         CHECK_FALSE(files.FileExists(path));
         CHECK_FALSE(files.FolderExists(path));
         CHECK_FALSE(files.FolderIsWritable(path));
+        CHECK_FALSE(files.FolderIsPublic(path));
         CHECK_FALSE(files.Version(path));
         CHECK_FALSE(files.Stamp(path, FileStamp::LastWrite));
         CHECK_FALSE(files.SetStamp(path, LongAgo, FileStamp::LastWrite));
@@ -110,6 +111,11 @@ void CheckReplacing(FilesUnderTest& test) {
     }
     CHECK(test.NamesIn(test.Root()) == std::vector<std::u16string>{u"Книга “1”.dat"});
 
+    CHECK(files.MayReplace(file));
+    CHECK(files.MayReplace(test.Path(u"none")));
+    CHECK_FALSE(files.MayReplace(test.Path(u"none") + files.Separator() + u"a"));
+    CHECK_FALSE(files.MayReplace(test.Path(u"a?b")));
+    CHECK_FALSE(files.MayReplace(u""));
     CHECK_FALSE(files.Replace(test.Path(u"none") + files.Separator() + u"a", "x", false));
     CHECK_FALSE(files.Replace(test.Path(u"a?b"), "x", false));
     CHECK_FALSE(files.Replace(u"", "x", false));
@@ -127,6 +133,7 @@ void CheckAttributes(FilesUnderTest& test) {
     REQUIRE(files.SetStamp(file, LongAgo, FileStamp::LastWrite));
     const auto before = files.Version(file);
 
+    CHECK(files.MayReplace(file));
     CHECK(files.Replace(file, "new", true));
     CHECK(test.IsReadOnly(file));
     CHECK(files.Stamp(file, FileStamp::LastWrite) == LongAgo);

@@ -1,9 +1,11 @@
+#include "common/text.h"
 #include "common/utf.h"
 #include "files_contract.h"
 #include "platform/posix/posix_clock.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/posix_paths.h"
 #include "temporary_folder_posix.h"
+#include "without_privileges.h"
 
 #include <doctest/doctest.h>
 
@@ -61,20 +63,6 @@ class PosixUnderTest : public FilesUnderTest {
     PosixFiles files_;
 };
 
-// Rights mean nothing to the superuser: for a while this process is somebody else.
-class WithoutPrivileges {
-  public:
-    WithoutPrivileges() {
-        if (wasRoot_) REQUIRE(seteuid(65534) == 0);
-    }
-    ~WithoutPrivileges() {
-        if (wasRoot_) seteuid(0);
-    }
-
-  private:
-    const bool wasRoot_ = geteuid() == 0;
-};
-
 void MakeLink(const std::string& target, const std::string& link) {
     REQUIRE(symlink(target.c_str(), link.c_str()) == 0);
 }
@@ -101,6 +89,53 @@ TEST_CASE("files on POSIX: modes and owners") {
     CHECK(test.Port().Replace(file, "3", false));
     CHECK(test.Status(file).st_uid == 1234);
     CHECK(test.Status(file).st_gid == 5678);
+}
+
+TEST_CASE("files on POSIX: a new file is for those who may write into its folder") {
+    PosixUnderTest test;
+    const struct {
+        mode_t folder, file;
+    } cases[] = {{0700, 0600},  {0755, 0600}, {0770, 0660},
+                 {02775, 0660}, {0777, 0666}, {01777, 0660}};
+    for (const auto& c : cases) {
+        const std::u16string folder = test.Path(u"d" + NumberText(c.folder));
+        REQUIRE(test.Port().CreateFolder(folder));
+        REQUIRE(chmod(test.Native(folder).c_str(), c.folder) == 0);
+        CHECK(test.Port().FolderIsPublic(folder) == (c.folder == 01777));
+        REQUIRE(test.Port().Replace(folder + u"/a", "1", false));
+        CHECK((test.Status(folder + u"/a").st_mode & 07777) == c.file);
+    }
+    if (geteuid() != 0) return;
+    const std::u16string folder = test.Path(u"d" + NumberText(02775));
+    REQUIRE(chown(test.Native(folder).c_str(), 0, 5678) == 0);
+    REQUIRE(test.Port().Replace(folder + u"/b", "1", false));
+    CHECK(test.Status(folder + u"/b").st_gid == 5678);
+}
+
+TEST_CASE("files on POSIX: another user's file") {
+    if (geteuid() != 0) return;
+    PosixUnderTest test;
+    REQUIRE(chmod(test.Native(test.Root()).c_str(), 0777) == 0);
+    const std::u16string file = test.Path(u"a"), shared = test.Path(u"b"), none = test.Path(u"c");
+    REQUIRE(test.Port().Replace(file, "theirs", false));
+    REQUIRE(chmod(test.Native(file).c_str(), 0644) == 0);
+    REQUIRE(test.Port().Replace(shared, "ours", false));
+    REQUIRE(chmod(test.Native(shared).c_str(), 0666) == 0);
+    CHECK(test.Port().MayReplace(file));
+    {
+        const WithoutPrivileges nobody;
+        CHECK_FALSE(test.Port().MayReplace(file));
+        CHECK_FALSE(test.Port().Replace(file, "mine", false));
+        CHECK(test.BytesOf(file) == "theirs");
+        CHECK(test.Port().MayReplace(shared));
+        CHECK(test.Port().Replace(shared, "ours too", false));
+        CHECK(test.Port().MayReplace(none));
+    }
+    CHECK((test.Status(shared).st_mode & 0777) == 0666);
+    REQUIRE(chmod(test.Native(test.Root()).c_str(), 01777) == 0);
+    REQUIRE(chown(test.Native(shared).c_str(), 0, 0) == 0);
+    const WithoutPrivileges nobody;
+    CHECK_FALSE(test.Port().MayReplace(shared)); // in such a folder only its owner may
 }
 
 TEST_CASE("files on POSIX: what is no regular file is neither read nor replaced") {

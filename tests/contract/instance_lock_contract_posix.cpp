@@ -1,8 +1,7 @@
-#include "common/utf.h"
 #include "platform/posix/posix_instance_lock.h"
 #include "platform/posix/posix_paths.h"
-#include "product.h"
 #include "temporary_folder_posix.h"
+#include "without_privileges.h"
 
 #include <doctest/doctest.h>
 
@@ -11,39 +10,34 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <set>
+#include <fstream>
+#include <optional>
+
+namespace fs = std::filesystem;
 
 namespace {
 
-// The lock folder of these tests.
-class RuntimeFolder {
-  public:
-    RuntimeFolder() { setenv("XDG_RUNTIME_DIR", folder_.path.c_str(), 1); }
-    ~RuntimeFolder() { unsetenv("XDG_RUNTIME_DIR"); }
-    const std::string& Path() const { return folder_.path; }
+using Result = InstanceClaim::Result;
 
-  private:
-    TemporaryFolder folder_;
-};
-
-// A process that takes the lock and then waits for its end.
+// A process, of another user where one is given, that takes the lock and then waits for its end.
 class Holder {
   public:
-    explicit Holder(const std::u16string& dataFile) {
+    explicit Holder(const std::u16string& dataFile, uid_t user = 0) {
         int ready[2];
         REQUIRE(pipe(ready) == 0);
         process_ = fork();
         REQUIRE(process_ >= 0);
         if (process_ == 0) {
+            if (user != 0 && setreuid(user, user) != 0) _exit(1);
             InstanceLock lock;
-            const char answer = lock.Acquire(dataFile) ? 'y' : 'n';
+            const char answer = lock.Acquire(dataFile).IsGranted() ? 'y' : 'n';
             if (write(ready[1], &answer, 1) == 1) pause();
             _exit(0);
         }
         char answer = '?';
+        close(ready[1]);
         CHECK(read(ready[0], &answer, 1) == 1);
         close(ready[0]);
-        close(ready[1]);
         hasLock = answer == 'y';
     }
     ~Holder() { Kill(); }
@@ -61,69 +55,108 @@ class Holder {
     pid_t process_ = 0;
 };
 
+Result Claim(const std::u16string& dataFile) {
+    return InstanceLock().Acquire(dataFile).result;
+}
+
 } // namespace
 
 TEST_CASE("instance lock on POSIX: one at a time for a data file") {
-    const RuntimeFolder runtime;
     const TemporaryFolder data;
     const std::u16string file = PathFromNative(data.path + "/Norvaset.dat");
+    {
+        InstanceLock first;
+        CHECK(first.Acquire(file).IsGranted());
+        CHECK(first.Acquire(file).IsGranted()); // it has it already
+        CHECK(Claim(file) == Result::Own);
+        CHECK(Claim(PathFromNative(data.path + "/Other.dat")) == Result::Granted);
+        CHECK_FALSE(Holder(file).hasLock);
+    }
+    CHECK(fs::is_empty(data.path)); // nothing stays beside the data file
+    CHECK(Claim(file) == Result::Granted);
+}
+
+TEST_CASE("instance lock on POSIX: it belongs to the file and to no session") {
+    const TemporaryFolder data, one, other;
+    const std::u16string file = PathFromNative(data.path + "/Norvaset.dat");
+    setenv("XDG_RUNTIME_DIR", one.path.c_str(), 1);
     InstanceLock first;
-    CHECK(first.Acquire(file));
-    CHECK(first.Acquire(file)); // it has it already
-    CHECK_FALSE(InstanceLock().Acquire(file));
-    CHECK(InstanceLock().Acquire(PathFromNative(data.path + "/Other.dat")));
-    CHECK_FALSE(Holder(file).hasLock);
-    first = InstanceLock();
-    CHECK(InstanceLock().Acquire(file));
-    CHECK(std::filesystem::is_empty(data.path)); // nothing is needed beside the data file
+    CHECK(first.Acquire(file).IsGranted());
+    for (const char* session : {other.path.c_str(), "", "/nonexistent"}) {
+        setenv("XDG_RUNTIME_DIR", session, 1);
+        CHECK(Claim(file) == Result::Own);
+    }
+    unsetenv("XDG_RUNTIME_DIR");
+    CHECK(Claim(file) == Result::Own);
 }
 
 TEST_CASE("instance lock on POSIX: it dies with its process") {
-    const RuntimeFolder runtime;
     const TemporaryFolder data;
     const std::u16string file = PathFromNative(data.path + "/Norvaset.dat");
     Holder holder(file);
     CHECK(holder.hasLock);
-    CHECK_FALSE(InstanceLock().Acquire(file));
+    CHECK(Claim(file) == Result::Own);
     holder.Kill();
-    CHECK(InstanceLock().Acquire(file));
+    CHECK(Claim(file) == Result::Granted);
+    CHECK(fs::is_empty(data.path)); // nor what a killed one has left
 }
 
 TEST_CASE("instance lock on POSIX: the same file by another path") {
-    const RuntimeFolder runtime;
     const TemporaryFolder data;
-    std::filesystem::create_directory(data.path + "/real");
-    std::filesystem::create_directory_symlink("real", data.path + "/link");
+    fs::create_directory(data.path + "/real");
+    fs::create_directory_symlink("real", data.path + "/link");
+    fs::create_symlink("real/Norvaset.dat", data.path + "/Norvaset.dat");
     InstanceLock lock;
-    CHECK(lock.Acquire(PathFromNative(data.path + "/real/Norvaset.dat")));
-    CHECK_FALSE(InstanceLock().Acquire(PathFromNative(data.path + "/link/Norvaset.dat")));
-    CHECK_FALSE(InstanceLock().Acquire(PathFromNative(data.path + "/real/../link/Norvaset.dat")));
+    CHECK(lock.Acquire(PathFromNative(data.path + "/real/Norvaset.dat")).IsGranted());
+    for (const char* way : {"/link/Norvaset.dat", "/real/../link/Norvaset.dat", "/Norvaset.dat"})
+        CHECK(Claim(PathFromNative(data.path + way)) == Result::Own);
 }
 
-TEST_CASE("instance lock on POSIX: without a runtime folder of one's own") {
-    namespace fs = std::filesystem;
-    const TemporaryFolder shared, data;
+TEST_CASE("instance lock on POSIX: another user's is told with their name") {
+    if (geteuid() != 0) return;
+    const TemporaryFolder data;
+    REQUIRE(chmod(data.path.c_str(), 0777) == 0);
     const std::u16string file = PathFromNative(data.path + "/Norvaset.dat");
-    const std::string fallback = "/tmp/" PRODUCT_TITLE "-" + std::to_string(geteuid());
-    const auto filesThere = [&] {
-        std::set<fs::path> paths;
-        std::error_code ignored;
-        for (const auto& entry : fs::directory_iterator(fallback, ignored))
-            paths.insert(entry.path());
-        return paths;
-    };
-    const std::set<fs::path> before = filesThere();
-
-    REQUIRE(chmod(shared.path.c_str(), 0777) == 0);
-    setenv("XDG_RUNTIME_DIR", shared.path.c_str(), 1); // others could put things there
+    const Holder holder(file, 65534);
+    REQUIRE(holder.hasLock);
     InstanceLock lock;
-    CHECK(lock.Acquire(file));
-    CHECK_FALSE(InstanceLock().Acquire(file));
-    CHECK(fs::is_empty(shared.path));
-    unsetenv("XDG_RUNTIME_DIR");
-    CHECK_FALSE(InstanceLock().Acquire(file));
+    const InstanceClaim claim = lock.Acquire(file);
+    CHECK(claim.result == Result::SomebodyElse);
+    CHECK(claim.holder.starts_with(u"nobody on "));
+    CHECK(claim.holder.find(u'\n') == claim.holder.npos);
+}
 
-    for (const fs::path& path : filesThere()) {
-        if (!before.contains(path)) fs::remove(path);
+TEST_CASE("instance lock on POSIX: in a folder for one user nobody else can take it") {
+    if (geteuid() != 0) return;
+    const TemporaryFolder data;
+    REQUIRE(chmod(data.path.c_str(), 0755) == 0);
+    const std::u16string file = PathFromNative(data.path + "/Norvaset.dat");
+    InstanceLock lock;
+    {
+        const WithoutPrivileges nobody;
+        InstanceLock stranger;
+        stranger.Acquire(file);
+        CHECK(fs::is_empty(data.path));
     }
+    CHECK(lock.Acquire(file).IsGranted());
+    const WithoutPrivileges nobody;
+    // The file is there and for its owner alone: not even a lock for reading can be had.
+    CHECK(InstanceLock().Acquire(file).IsGranted()); // there is nothing that could be locked
+    CHECK(fs::exists(data.path + "/Norvaset.dat.lock"));
+}
+
+TEST_CASE("instance lock on POSIX: what is no lock file is left alone") {
+    const TemporaryFolder data;
+    const std::string lockFile = data.path + "/Norvaset.dat.lock", other = data.path + "/other";
+    const std::u16string file = PathFromNative(data.path + "/Norvaset.dat");
+    std::ofstream(other) << "not ours";
+    fs::create_symlink(other, lockFile);
+    CHECK(Claim(file) == Result::Granted);
+    CHECK(fs::file_size(other) == 8);
+    fs::remove(lockFile);
+    REQUIRE(mkfifo(lockFile.c_str(), 0600) == 0);
+    CHECK(Claim(file) == Result::Granted); // and does not wait for the other end of a pipe
+    fs::remove(lockFile);
+    fs::create_directory(lockFile);
+    CHECK(Claim(file) == Result::Granted);
 }

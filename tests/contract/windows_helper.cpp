@@ -45,6 +45,6 @@ int main() {
     }
     if (Variable(HelperDoes) == HelperReplaces) ReplaceForever(FromWide(argument));
     WinShell shell;
-    Tell(shell.BecomeOnlyInstance(FromWide(argument)) ? L"yes" : L"no");
+    Tell(shell.ClaimDataFile(FromWide(argument)).IsGranted() ? L"yes" : L"no");
     Sleep(INFINITE);
 }

@@ -34,10 +34,11 @@ inline std::string StateBytes(int number) {
 }
 
 inline void WriteState(IniFile& file, int number) {
-    const IniBatch batch(file);
+    IniBatch batch(file);
     for (int key = 0; key < KeyCount; ++key) {
         IniWriteString(file, StateSection, u"key" + NumberText(key), StateValue(number));
     }
+    batch.Commit();
 }
 
 inline std::u16string NotDecoded(int, std::string_view) {

@@ -1,5 +1,6 @@
 #include "common/file_dates.h"
 #include "common/ini_file.h"
+#include "common/list_persistence.h"
 #include "common/utf.h"
 #include "platform/none/none_clock.h"
 #include "platform/none/none_files.h"
@@ -198,27 +199,71 @@ TEST_CASE("ini file: read once, and again when someone else changed it") {
     CHECK(store.files.readCalls.size() == 2);
     IniWriteString(store.ini, u"s", u"b", u"1");
     CHECK(store.Bytes() == "[s]\r\na=9\r\n; by hand\r\nb=1\r\n");
-
-    store.files.Remove(store.path);
-    CHECK(store.Read(u"a") == "");
-    IniWriteString(store.ini, u"s", u"a", u"1");
-    CHECK(store.Bytes() == "[s]\r\na=1\r\n");
 }
 
-TEST_CASE("ini file: a write that fails is silent and leaves the truth of the disk") {
+TEST_CASE("ini file: what was read comes back when the file has gone or been emptied") {
+    for (const char* left : {static_cast<const char*>(nullptr), "", "\r\n \r\n"}) {
+        Store store("[s]\r\na=1\r\n; by hand\r\n[other]\r\nb=2\r\n");
+        CHECK(store.Read(u"a") == "1");
+        if (left)
+            store.Edit(left);
+        else
+            store.files.Remove(store.path);
+        CHECK(store.Read(u"a") == "1");
+        IniWriteString(store.ini, u"s", u"a", u"3");
+        CHECK(store.Bytes() == "[s]\r\na=3\r\n; by hand\r\n[other]\r\nb=2\r\n");
+    }
+}
+
+TEST_CASE("ini file: what could not be written is written with the next change") {
     Store store("[s]\r\na=1\r\n");
     store.files.failReplace = true;
     IniWriteString(store.ini, u"s", u"a", u"2");
-    CHECK(store.Read(u"a") == "1");
+    CHECK(store.ini.Trouble() == IniTrouble::NotWritten);
+    CHECK(store.Read(u"a") == "2");
     {
         IniBatch batch(store.ini);
         IniWriteString(store.ini, u"s", u"a", u"3");
-        CHECK(store.Read(u"a") == "3");
+        CHECK_FALSE(batch.Commit());
     }
-    CHECK(store.Read(u"a") == "1");
-    store.files.failReplace = false;
-    IniWriteString(store.ini, u"s", u"b", u"4");
-    CHECK(store.Bytes() == "[s]\r\na=1\r\nb=4\r\n");
+    CHECK(store.Bytes() == "[s]\r\na=1\r\n");
+    SUBCASE("another change") {
+        store.files.failReplace = false;
+        IniWriteString(store.ini, u"s", u"b", u"4");
+        CHECK(store.Bytes() == "[s]\r\na=3\r\nb=4\r\n");
+    }
+    SUBCASE("asked to") {
+        CHECK_FALSE(store.ini.Flush());
+        store.files.failReplace = false;
+        CHECK(store.ini.Flush());
+        CHECK(store.Bytes() == "[s]\r\na=3\r\n");
+        const auto writes = store.Writes();
+        CHECK(store.ini.Flush());
+        CHECK(store.Writes() == writes);
+    }
+    SUBCASE("into what another program has made of the file meanwhile") {
+        store.Edit("[s]\r\na=1\r\nc=9\r\n[new]\r\nx=y\r\n");
+        CHECK(store.Read(u"a") == "3");
+        CHECK(store.Read(u"c") == "9");
+        store.files.failReplace = false;
+        CHECK(store.ini.Flush());
+        CHECK(store.Bytes() == "[s]\r\na=3\r\nc=9\r\n[new]\r\nx=y\r\n");
+    }
+    CHECK(store.ini.Trouble() == IniTrouble::None);
+}
+
+TEST_CASE("ini file: a batch that was not committed is written with the next change") {
+    Store store("[s]\r\na=1\r\n");
+    try {
+        IniBatch batch(store.ini);
+        IniWriteString(store.ini, u"s", u"a", u"2");
+        throw 1;
+    } catch (int) {
+    }
+    CHECK(store.Writes() == 0);
+    CHECK(store.Read(u"a") == "2");
+    IniWriteString(store.ini, u"s", u"b", u"3");
+    CHECK(store.Bytes() == "[s]\r\na=2\r\nb=3\r\n");
 }
 
 TEST_CASE("ini file: a file that cannot be read is not written over") {
@@ -228,21 +273,83 @@ TEST_CASE("ini file: a file that cannot be read is not written over") {
         store.files.readFailure[store.path] = status;
         CHECK(store.Read(u"a", u"x") == "x");
         IniWriteString(store.ini, u"s", u"b", u"2");
-        CHECK(store.Writes() == 0);
+        CHECK(store.ini.TryRead() == status);
         store.files.readFailure.clear();
+        // It could be read now, but whoever writes does not know what is in it.
+        IniWriteString(store.ini, u"s", u"b", u"2");
+        store.ini.SetSection(KeepTime, u"s", {u"c=3"});
+        CHECK(store.Writes() == 0);
+        CHECK(store.Read(u"a", u"x") == "x");
+        CHECK(store.ini.IsUnread());
+        CHECK(store.ini.Trouble() == IniTrouble::Unread);
+
+        CHECK(store.ini.TryRead() == ReadStatus::Ok);
+        CHECK_FALSE(store.ini.IsUnread());
         CHECK(store.Read(u"a", u"x") == "1");
         IniWriteString(store.ini, u"s", u"b", u"2");
         CHECK(store.Bytes() == "[s]\r\na=1\r\nb=2\r\n");
     }
 }
 
-TEST_CASE("ini file: a file in another encoding becomes UTF-8 with the first write") {
+TEST_CASE("ini file: in a folder out of reach a file is unread, and not missing") {
+    NoneClock clock;
+    NoneFiles files{clock};
+    IniFile ini(files, u"/share/Norvaset.dat", 1252, FromLatin1);
+    CHECK(ini.IsUnread());
+    files.AddFile(u"/share/Norvaset.dat", "[s]\r\na=1\r\n");
+    IniWriteString(ini, u"s", u"b", u"2");
+    CHECK(files.replaceCalls.empty());
+    CHECK(ini.TryRead() == ReadStatus::Ok);
+    CHECK(IniReadString(ini, u"s", u"a") == u"1");
+
+    files.AddFolder(u"/empty");
+    IniFile fresh(files, u"/empty/Norvaset.dat", 1252, FromLatin1);
+    CHECK_FALSE(fresh.IsUnread());
+    IniFile atRoot(files, u"/Norvaset.dat", 1252, FromLatin1);
+    CHECK(atRoot.TryRead() ==
+          (files.FolderExists(u"/") ? ReadStatus::NotFound : ReadStatus::Failed));
+}
+
+TEST_CASE("ini file: a file that can no longer be read stays as it was read") {
+    Store store("[s]\r\na=1\r\n");
+    CHECK(store.Read(u"a") == "1");
+    store.files.AddFile(store.path, "[s]\r\na=5\r\nb=6\r\n");
+    store.files.readFailure[store.path] = ReadStatus::Denied;
+    CHECK(store.Read(u"a") == "1");
+    IniWriteString(store.ini, u"s", u"c", u"3");
+    CHECK(store.Writes() == 0);
+    CHECK(store.ini.Trouble() == IniTrouble::NotRead);
+    store.files.readFailure.clear();
+    CHECK(store.ini.Flush());
+    CHECK(store.Bytes() == "[s]\r\na=5\r\nb=6\r\nc=3\r\n");
+    CHECK(store.ini.Trouble() == IniTrouble::None);
+}
+
+TEST_CASE("ini file: a list is merged with what another program has made of it, also later on") {
+    Store store("[s]\r\na=1\r\nb=2\r\n");
+    const ListLines base = LoadSectionLines(store.ini, u"s");
+    store.Edit("[s]\r\na=1\r\nb=2\r\nc=3\r\n");
+    SUBCASE("at once") {
+        store.ini.MergeSection(u"s", base, {u"b=4", u"a=1"});
+    }
+    SUBCASE("when it can be written") {
+        store.files.failReplace = true;
+        store.ini.MergeSection(u"s", base, {u"b=4", u"a=1"});
+        store.files.failReplace = false;
+        CHECK(store.ini.Flush());
+    }
+    CHECK(store.Bytes() == "[s]\r\nb=4\r\nc=3\r\na=1\r\n");
+}
+
+TEST_CASE("ini file: a line in another encoding stays as it is until its value changes") {
     Store store("[s]\r\na=caf\xE9\r\n");
     CHECK(store.Read(u"a") == "café");
     IniWriteString(store.ini, u"s", u"a", u"café");
     CHECK(store.Writes() == 0);
     IniWriteString(store.ini, u"s", u"b", u"Ж");
-    CHECK(store.Bytes() == "[s]\r\na=café\r\nb=Ж\r\n");
+    CHECK(store.Bytes() == "[s]\r\na=caf\xE9\r\nb=Ж\r\n");
+    IniWriteString(store.ini, u"s", u"a", u"thé");
+    CHECK(store.Bytes() == "[s]\r\na=thé\r\nb=Ж\r\n");
 }
 
 TEST_CASE("ini file: a batch is one write") {
@@ -256,8 +363,10 @@ TEST_CASE("ini file: a batch is one write") {
             IniBatch inner(store.ini);
             IniWriteNumber(store.ini, u"s", u"b", 3, true);
             CHECK(IniReadNumber(store.ini, u"s", u"b") == 3);
+            CHECK(inner.Commit());
         }
         CHECK(store.Writes() == 0);
+        CHECK(batch.Commit());
     }
     CHECK(store.Writes() == 1);
     CHECK(store.Bytes() == "[s]\r\na=2\r\nb=3\r\n");
@@ -267,6 +376,7 @@ TEST_CASE("ini file: a batch is one write") {
         IniWriteString(store.ini, u"s", u"a", u"3", true);
         IniWriteString(store.ini, u"s", u"b", u"4");
         IniWriteString(store.ini, u"s", u"c", u"5", true);
+        CHECK(batch.Commit());
     }
     CHECK(store.files.Find(store.path)->lastWrite == store.clock.Now());
     {
@@ -274,9 +384,11 @@ TEST_CASE("ini file: a batch is one write") {
         IniBatch changedBack(store.ini);
         IniWriteString(store.ini, u"s", u"a", u"x");
         IniWriteString(store.ini, u"s", u"a", u"3");
+        CHECK(changedBack.Commit());
+        CHECK(nothing.Commit());
     }
     CHECK(store.Writes() == 2);
-    store.ini.Change(KeepTime, [](ProfileFile& file) { file.SetSection(u"s", {u"a=3"}); });
+    store.ini.SetSection(KeepTime, u"s", {u"a=3"});
     CHECK(store.files.replaceCalls.back().keepFileTime);
     CHECK(store.Bytes() == "[s]\r\na=3\r\n");
 }

@@ -131,3 +131,13 @@ TEST_CASE("menu tree: names, captions and order are the golden ones") {
         Describe(*top, 0, lines);
     CheckGolden("menu.txt", lines);
 }
+
+TEST_CASE("menu items: a dash of the user's own is no separator") {
+    MenuTree menu;
+    CHECK(menu.mFileSeparator[0].IsSeparator());
+    for (MenuArray* array : {&menu.mProfileList, &menu.mUserDeleteList, &menu.mBookmarkList,
+                             &menu.mBookmarkDeleteList, &menu.mFileList, &menu.mFileRemoveList}) {
+        AddMenuItem(*array, u"-");
+        CHECK_FALSE(array->items.back().IsSeparator());
+    }
+}

@@ -210,11 +210,37 @@ TEST_CASE("profile file: replacing whole sections") {
 
 TEST_CASE("profile file: bytes of any kind") {
     using namespace std::string_literals;
-    SUBCASE("text that is not UTF-8 becomes UTF-8") {
+    SUBCASE("a line that is not UTF-8 is read, and stays until its value changes") {
         ProfileFile file = Parse("[caf\xE9]\r\nk=\xFC\r\n");
         CHECK(ValueOf(file, u"CAFÉ", u"k") == "ü");
         file.SetValue(u"café", u"new", u"Ж");
-        CHECK(file.ToBytes() == "[café]\r\nk=ü\r\nnew=Ж\r\n");
+        CHECK(file.ToBytes() == "[caf\xE9]\r\nk=\xFC\r\nnew=Ж\r\n");
+        file.SetValue(u"café", u"k", u"Ж");
+        CHECK(file.ToBytes() == "[caf\xE9]\r\nk=Ж\r\nnew=Ж\r\n");
+        CHECK(file.SectionNames() == std::vector<std::u16string>{u"café"});
+    }
+    SUBCASE("one such line changes nothing of the others") {
+        const std::string before = "[s]\r\n; by h\xE4nd\r\nПеро=Чехов\r\n";
+        ProfileFile file = Parse(before + "th\xE9=\xE9t\xE9\r\n");
+        CHECK(ValueOf(file, u"s", u"ПЕРО") == "Чехов");
+        CHECK(ValueOf(file, u"s", u"Thé") == "été");
+        CHECK(Listed(file, u"s") == "Перо=Чехов|thé=été|");
+        file.SetValue(u"s", u"x", u"1");
+        CHECK(file.ToBytes() == before + "th\xE9=\xE9t\xE9\r\nx=1\r\n");
+        file.SetValue(u"s", u"thé", u"чай");
+        CHECK(file.ToBytes() == before + "thé=чай\r\nx=1\r\n");
+        CHECK(ValueOf(Parse(file.ToBytes()), u"s", u"thé") == "чай");
+    }
+    SUBCASE("a section is rewritten around such lines") {
+        ProfileFile file = Parse("[s]\r\n th\xE9 = 1 \r\nb=\xFC\r\nЖ=2\r\n; \xE4\r\n");
+        file.SetSection(u"s", {u"Ж=2", u"thé=1", u"b=ö", u"c=3"});
+        CHECK(file.ToBytes() == "[s]\r\n; \xE4\r\nЖ=2\r\nth\xE9 = 1\r\nb=ö\r\nc=3\r\n");
+    }
+    SUBCASE("a damaged or cut letter spoils no other letter of its line") {
+        CHECK(ValueOf(Parse("[s]\r\nk=Пе\xD1о и ро\xD0"), u"s", u"k") == "Пе\uFFFDо и ро\uFFFD");
+        CHECK(ValueOf(Parse("[s]\r\nk=Пе\x80ро\r\nl=\xE9\r\n"), u"s", u"l") == "é");
+        // As many letters of a code page as of UTF-8: it is the code page's.
+        CHECK(ValueOf(Parse("[s]\r\nk=\xC3\xA9 \xE9"), u"s", u"k") == "Ã© é");
     }
     SUBCASE("UTF-16 with a mark") {
         const std::string little = "\xFF\xFE[\0s\0]\0\n\0k\0=\0\x16\x04"s; // Zhe
@@ -224,6 +250,16 @@ TEST_CASE("profile file: bytes of any kind") {
             CHECK(Parse(bytes).ToBytes() == "[s]\nk=Ж");
         }
         CHECK(Parse("\xFF\xFE\x00\xD8"s).ToBytes() == "\uFFFD");
+    }
+    SUBCASE("UTF-16 without a mark") {
+        const std::string little = "[\0s\0]\0\n\0k\0=\0\x16\x04"s;
+        const std::string big = "\0[\0s\0]\0\n\0k\0=\x04\x16"s;
+        for (const std::string& bytes : {little, big}) {
+            CHECK(ValueOf(Parse(bytes), u"s", u"k") == "Ж");
+            CHECK(Parse(bytes).ToBytes() == "[s]\nk=Ж");
+        }
+        CHECK(Parse("a\0"s).ToBytes() == "a\0"s); // too little to tell
+        CHECK(Parse("a\0b\0\0\0"s).ToBytes() == "a\0b\0\0\0"s);
     }
     SUBCASE("a NUL is a character like others") {
         const std::string bytes = "\0\0[s]\0\nk=a\0b\0\n\0\0\0\n[t]\nx=1\0\0"s;

@@ -201,3 +201,44 @@ TEST_CASE(
     CHECK(test.Order() == std::vector<std::u16string>{u"/b/of-c.txt"});
     CHECK(test.Window().Bounds() == Rect{11, 22, 333, 444});
 }
+
+TEST_CASE("profiles: the list is read in the order of its keys, wherever its lines stand") {
+    const struct {
+        const char* section;
+        std::vector<std::u16string> names;
+    } cases[] = {
+        {"5=Eve\r\n0=Adam\r\n", {u"Adam", u"Eve"}},
+        {"10=c\r\n9=b\r\n0=a\r\n", {u"a", u"b", u"c"}},
+        {"x=last\r\nalone\r\n1=b\r\n0=a\r\n", {u"a", u"b", u"last", u"alone"}},
+        {"0=a\r\n1=\r\n2=A\r\n3=b\r\n", {u"a", u"b"}},
+        {"0=-\r\n1=a=b\r\n", {u"-", u"a=b"}},
+    };
+    for (const auto& c : cases) {
+        CAPTURE(c.section);
+        TestForm test;
+        test.PutDataFile(std::string("[mProfileList]\r\n") + c.section + "[Eve]\r\nLeft=77\r\n");
+        REQUIRE(test.Start());
+        std::vector<std::u16string> names;
+        for (const MenuItem& item : test.Menu().mProfileList.items)
+            names.push_back(item.caption);
+        CHECK(names == c.names);
+        CHECK(test.Menu().mUser[0].tag == c.names[0]);
+        test.Close();
+        CHECK(test.DataFile().find("[Eve]\r\nLeft=77\r\n") != std::string::npos);
+    }
+}
+
+TEST_CASE("profiles: one named - is an item like others, and is kept") {
+    TestForm test;
+    REQUIRE(test.Start());
+    test.Dialogs().textAnswer = u"-";
+    test.Menus().Click(test.Menu().mUserNew);
+    CHECK(test.Menu().mUser[0].tag == u"-");
+    CHECK_FALSE(test.Menu().mProfileList[0].IsSeparator());
+    CHECK(LoadSectionLines(*test.form.dataFile, u"mProfileList") ==
+          std::vector<std::u16string>{u"0=-", u"1=Default"});
+    TestForm next(test);
+    REQUIRE(next.Start());
+    CHECK(next.Menu().mUser[0].tag == u"-");
+    CHECK(next.Menu().mUserDeleteList.Count() == 2);
+}

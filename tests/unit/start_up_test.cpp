@@ -75,9 +75,9 @@ TEST_CASE("start-up: the registry is written only when it differs") {
 
 TEST_CASE("start-up: a second instance reads and writes nothing") {
     TestForm test;
-    test.Shell().otherInstanceRuns = true;
+    test.Shell().claim.result = InstanceClaim::Result::Own;
     CHECK_FALSE(test.Start());
-    CHECK(test.Shell().instanceName == TestForm::dataPath);
+    CHECK(test.Shell().claimedPath == TestForm::dataPath);
     test.Close();
     CHECK(test.Files().readCalls.empty());
     CHECK(test.Files().replaceCalls.empty());
