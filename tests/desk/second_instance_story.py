@@ -57,6 +57,15 @@ class SecondInstance(Story):
         self.assertEqual(other.data().paths(), [self.second])
         self.assertEqual(self.running.data().paths(), [self.first])
 
+    def test_in_another_session(self):
+        """Of the same user: at another screen, or by a remote login."""
+        runtime = self.path("other session")
+        os.mkdir(runtime, 0o700)
+        self.running.variables["XDG_RUNTIME_DIR"] = runtime
+        self.assert_ends_at_once(self.second)
+        self.running.close()
+        self.assertEqual(self.running.data().paths(), [self.first])
+
     def test_a_killed_reader_locks_nobody_out(self):
         self.running.kill()
         self.running.start()

@@ -30,7 +30,8 @@ NOISE = (
 class Reader:
     def __init__(self, screen, folder, as_nobody=False, dots_per_inch=96):
         """A copy of the program in `folder`, so that its data file lies there, too."""
-        self.screen, self.folder, self.as_nobody = screen, folder, as_nobody
+        self.screen, self.folder = screen, folder
+        self.user = NOBODY if as_nobody else None
         self.process = self.window = None
         self.variables = {}  # of the program's environment, over the usual ones
         self.program = os.path.join(folder, os.path.basename(PROGRAM))
@@ -55,6 +56,18 @@ class Reader:
             if ON_WINE:
                 give_prefix(self.prefix, NOBODY)
 
+    def become(self, user):
+        """The next starts are another user's, with a home of their own; not under Wine."""
+        self.user = user
+        self.home = os.path.join(self.folder, f"home of {user}")
+        self.runtime = os.path.join(self.folder, f"runtime of {user}")
+        for path in (self.home, self.runtime):
+            os.makedirs(path, mode=0o700, exist_ok=True)
+            os.chown(path, user, user)
+        messages = os.path.join(self.folder, "messages.log")
+        if os.path.exists(messages):
+            os.chmod(messages, 0o666)
+
     def _make_opener(self):
         """In place of the desktop's: it only writes down what it was to open."""
         self.opened_path = os.path.join(self.home, "opened")
@@ -71,8 +84,8 @@ class Reader:
         command = [self.program, *arguments]
         if ON_WINE:
             command = [shutil.which("wine"), self.program, *map(_argument, arguments)]
-        if self.as_nobody:
-            ids = ["--reuid", str(NOBODY), "--regid", str(NOBODY), "--clear-groups"]
+        if self.user is not None:
+            ids = ["--reuid", str(self.user), "--regid", str(self.user), "--clear-groups"]
             command = [shutil.which("setpriv"), *ids, *command]
         environment = self.screen.environment | {
             "PATH": self.tools + (os.pathsep + os.environ["PATH"] if ON_WINE else ""), "HOME": self.home, "XDG_RUNTIME_DIR": self.runtime,
