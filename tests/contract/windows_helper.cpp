@@ -3,6 +3,7 @@
 #include "windows_helper.h"
 
 #include "platform/windows/win_files.h"
+#include "platform/windows/win_handle.h"
 #include "platform/windows/win_shell.h"
 #include "platform/windows/win_text.h"
 
@@ -44,6 +45,12 @@ int main() {
         return 0;
     }
     if (Variable(HelperDoes) == HelperReplaces) ReplaceForever(FromWide(argument));
+    if (Variable(HelperDoes) == HelperKeeps) {
+        const WinHandle file(CreateFileW(argument.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+                                         FILE_ATTRIBUTE_NORMAL, nullptr));
+        Tell(file.IsOpen() ? L"yes" : L"no");
+        Sleep(INFINITE);
+    }
     WinShell shell;
     Tell(shell.ClaimDataFile(FromWide(argument)).IsGranted() ? L"yes" : L"no");
     Sleep(INFINITE);

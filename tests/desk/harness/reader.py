@@ -79,11 +79,11 @@ class Reader:
 
     # Starting and ending
 
-    def launch(self, *arguments):
-        """Starts the process and waits for nothing."""
-        command = [self.program, *arguments]
+    def launch(self, *arguments, program=None):
+        """Starts the process, or another program in its place, and waits for nothing."""
+        command = [program or self.program, *arguments]
         if ON_WINE:
-            command = [shutil.which("wine"), self.program, *map(_argument, arguments)]
+            command = [shutil.which("wine"), command[0], *map(_argument, arguments)]
         if self.user is not None:
             ids = ["--reuid", str(self.user), "--regid", str(self.user), "--clear-groups"]
             command = [shutil.which("setpriv"), *ids, *command]
