@@ -69,6 +69,7 @@ class KillAnywhere(Story):
             self.program.key("Down", "ctrl+d")  # none can be at the very start
             wait_for(self.program.popups, "the menu with the mark", 5)
             self.program.close_menu()
+            self.program.key("Escape")
         elif keys == "book":
             self.program.open_menu("f")
             self.program.key("Up", "Up", "Return")  # the last of the list, above Exit
