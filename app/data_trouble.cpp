@@ -7,6 +7,8 @@
 
 namespace {
 
+constexpr const char* helpTopic = "trouble";
+
 std::u16string TextOf(const MainForm& form, IniTrouble trouble) {
     const std::u16string& path = form.DataFilePath;
     switch (trouble) {
@@ -40,7 +42,7 @@ bool* ToldFlag(ToldTrouble& told, IniTrouble trouble) {
 void TellDataFileTrouble(MainForm& form, IniTrouble trouble) {
     bool* const told = ToldFlag(form.toldTrouble, trouble);
     if (!told || std::exchange(*told, true)) return;
-    ShowBookMessage(form, TextOf(form, trouble));
+    ShowBookMessage(form, TextOf(form, trouble), helpTopic);
 }
 
 void WatchDataFile(MainForm& form) {
@@ -56,5 +58,6 @@ void TellOtherUsersDataFile(MainForm& form, const std::u16string& path) {
     if (std::exchange(form.toldTrouble.otherUsers, true)) return;
     ShowBookMessage(form,
                     path + u"\r\nbelongs to another user. Your books and settings are kept in\r\n" +
-                        form.DataFilePath);
+                        form.DataFilePath,
+                    helpTopic);
 }

@@ -60,8 +60,10 @@ namespace {
 bool Claim(MainForm& form) {
     const InstanceClaim claim = form.ports.shell->ClaimDataFile(form.DataFilePath);
     if (claim.result == InstanceClaim::Result::SomebodyElse) {
-        ShowBookMessage(form, form.DataFilePath + u"\r\nis in use by " + claim.holder +
-                                  u". Close " + form.productTitle + u" there first.");
+        ShowBookMessage(form,
+                        form.DataFilePath + u"\r\nis in use by " + claim.holder + u". Close " +
+                            form.productTitle + u" there first.",
+                        "trouble");
     }
     return claim.IsGranted();
 }

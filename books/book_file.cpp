@@ -7,13 +7,13 @@
 
 #include <algorithm>
 
-void ShowBookMessage(MainForm& form, const std::u16string& text) {
+void ShowBookMessage(MainForm& form, const std::u16string& text, const char* topic) {
     Message message;
     message.text = text;
     message.title = form.productTitle + u" Message";
     message.icon = MessageIcon::Exclamation;
     message.helpButton = true;
-    message.helpTopic = "mFileOpen";
+    message.helpTopic = topic;
     form.ports.dialogs->ShowMessage(message);
 }
 

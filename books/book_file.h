@@ -29,4 +29,5 @@ std::optional<std::string> ExamineBookFile(MainForm&, const std::u16string& path
 // Opens the file; nothing when it cannot be read. The user has then been told.
 std::optional<BookContent> ReadBookFile(MainForm&, const std::u16string& path);
 
-void ShowBookMessage(MainForm&, const std::u16string& text); // exclamation, with a Help button
+// With an exclamation mark, and a Help button that opens the help at `topic`.
+void ShowBookMessage(MainForm&, const std::u16string& text, const char* topic = "mFileOpen");

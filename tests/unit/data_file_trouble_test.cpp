@@ -58,6 +58,7 @@ TEST_CASE("data file: one that cannot be read is never written over, and its rea
         CHECK(test.Clock().waited <= 1000);
         REQUIRE(test.Dialogs().messages.size() == 1);
         CHECK(Names(test.Told(), u"/app/Norvaset.dat\r\ncannot be read"));
+        CHECK(test.Dialogs().messages[0].helpTopic == "trouble");
         OpenBook(test.form, u"/b/new.txt", -1);
         test.Timer().Tick(120);
         test.Dialogs().textAnswer = u"Carla";
