@@ -168,6 +168,7 @@ void GoToTextMark(MainForm& form, const PageSpan& span) {
     // The highlight begins one character before the mark; a mark at 0 cannot be defined.
     const TextPos start = LogicalCaretPos(view, form.viewFont.charset) - 1;
     view.Select(std::max(start, 0), span.length);
+    view.ScrollIntoViewHorizontally(span.start, span.length);
 }
 } // namespace
 
