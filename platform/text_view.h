@@ -65,6 +65,10 @@ class TextView {
     virtual TextPos FirstVisibleChar() const = 0; // first character of the top visible line
     virtual LineSpan LineAround(TextPos position) const = 0;
     virtual void ScrollLineToTop(TextPos position) = 0;
+    // Where lines are wider than the view: brings the stretch into view horizontally, as far as it
+    // is in the line of `start`; of one wider than the view the beginning. What is in view already
+    // stays where it is, and where the line's beginning can be seen, too, it is.
+    virtual void ScrollIntoViewHorizontally(TextPos start, TextPos length) = 0;
 
     // Look. `SetFont` sets the font that a text without one of its own is shown in;
     // `ApplyFontToAll` gives that font to the whole text loaded now, over what the file says, until

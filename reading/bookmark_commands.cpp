@@ -47,6 +47,15 @@ int PlaceMark(MenuArray& list, TextPos start) {
     return index;
 }
 
+// The marks behind it move up. The check stays where it is, as the current index does.
+void TakeMark(MenuArray& list, int index) {
+    for (int i = index; i + 1 < list.Count(); ++i) {
+        list[i].tag = list[i + 1].tag;
+        list[i].caption = list[i + 1].caption;
+    }
+    list.items.pop_back();
+}
+
 bool CanDefine(const MainForm& form) {
     const TextView& view = *form.ports.textView;
     return IsPageShown(form) ? CanMarkPage(form) : view.TextLength() > 0 && view.SelStart() > 0;
@@ -138,15 +147,17 @@ void mBookmarkClearAll_Click(MainForm& form, int) {
 
 void mBookmarkDeleteList_Click(MainForm& form, int index) {
     MenuArray& list = form.menu.mBookmarkList;
+    std::u16string& current = form.menu.mBookmark[0].tag;
+    const bool isCurrent = !current.empty() && WholeNumber(current) == index;
+    if (isCurrent) ClearChecks(list);
     if (list.Count() == 1) {
         list[0].caption = list[0].tag = u"";
         list[0].checked = false;
     } else {
-        list.items.erase(list.items.begin() + index);
+        TakeMark(list, index);
     }
     RefreshBookmarkMenu(form, -1, false);
-    std::u16string& current = form.menu.mBookmark[0].tag;
-    if (!current.empty() && WholeNumber(current) == index) current = u"";
+    if (isCurrent) current = u"";
 }
 
 namespace {
@@ -157,6 +168,7 @@ void GoToTextMark(MainForm& form, const PageSpan& span) {
     // The highlight begins one character before the mark; a mark at 0 cannot be defined.
     const TextPos start = LogicalCaretPos(view, form.viewFont.charset) - 1;
     view.Select(std::max(start, 0), span.length);
+    view.ScrollIntoViewHorizontally(span.start, span.length);
 }
 } // namespace
 

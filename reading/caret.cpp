@@ -9,6 +9,7 @@ bool IsRightToLeftCharset(int charset) {
 void ScrollCaretToTop(TextView& view, std::optional<TextPos> position) {
     if (position) view.Select(*position, 0);
     view.ScrollLineToTop(view.SelStart());
+    view.ScrollIntoViewHorizontally(view.SelStart(), view.SelLength());
 }
 
 TextPos FirstVisibleChar(const TextView& view) {

@@ -8,7 +8,8 @@
 
 bool IsRightToLeftCharset(int charset); // 177, 178, 179
 
-// Puts the caret at `position`, when given, and brings its line to the top.
+// Puts the caret at `position`, when given, and brings its line to the top, and the caret or the
+// selection into view where the line is wider than that.
 void ScrollCaretToTop(TextView&, std::optional<TextPos> position = std::nullopt);
 
 // The first character of the top visible line: the reading position.

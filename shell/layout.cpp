@@ -20,6 +20,18 @@ WindowState StateOf(int number) {
                          : WindowState::Normal;
 }
 
+// Counts one more while it lives, also where something throws.
+class Nesting {
+  public:
+    explicit Nesting(int& count) : count_(count) { ++count_; }
+    ~Nesting() { --count_; }
+    Nesting(const Nesting&) = delete;
+    Nesting& operator=(const Nesting&) = delete;
+
+  private:
+    int& count_;
+};
+
 void RememberNormalRectangle(MainForm& form) {
     const Window& window = *form.ports.window;
     const Rect bounds = window.Bounds();
@@ -40,7 +52,7 @@ void MoveToPlacement(MainForm& form) {
 
 void fwMain_Resize(MainForm& form) {
     if (form.resizeNesting > 0) return;
-    ++form.resizeNesting;
+    const Nesting nesting(form.resizeNesting);
     const Window& window = *form.ports.window;
     const auto normal = static_cast<int>(WindowState::Normal);
     if (window.State() == WindowState::Normal && form.placement.State != normal)
@@ -48,7 +60,6 @@ void fwMain_Resize(MainForm& form) {
     form.placement.State = static_cast<int>(window.State());
     if (window.State() == WindowState::Normal) RememberNormalRectangle(form);
     LayOutForm(form);
-    --form.resizeNesting;
 }
 
 void FitStatusBar(MainForm& form) {

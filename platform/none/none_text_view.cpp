@@ -20,6 +20,7 @@ void NoneTextView::LoadRichText(std::string bytes, int systemCodePage) {
 void NoneTextView::Load(std::u16string text) {
     text_ = std::move(text);
     selStart_ = selLength_ = anchor_ = 0;
+    scrolledX_ = 0;
     ++loads;
 }
 
@@ -80,4 +81,17 @@ LineSpan NoneTextView::LineAround(TextPos position) const {
 void NoneTextView::ScrollLineToTop(TextPos position) {
     anchor_ = LineAround(position).start;
     ++scrolls;
+}
+
+int NoneTextView::X(TextPos position) const {
+    return (Clamp(position) - LineAround(position).start) * CellWidth - scrolledX_;
+}
+
+void NoneTextView::ScrollIntoViewHorizontally(TextPos start, TextPos length) {
+    const LineSpan line = LineAround(start);
+    const TextPos from = Clamp(start) - line.start;
+    const TextPos to = std::min(from + std::clamp(length, 0, TextLength()), line.length);
+    const int left = from * CellWidth, right = std::max(left + CellWidth, to * CellWidth);
+    if (left >= scrolledX_ && right <= scrolledX_ + bounds_.width) return;
+    scrolledX_ = std::max(0, std::min(left, right - bounds_.width));
 }

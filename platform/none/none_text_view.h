@@ -23,6 +23,7 @@ class NoneTextView : public TextView {
     TextPos FirstVisibleChar() const override { return LineAround(anchor_).start; }
     LineSpan LineAround(TextPos position) const override;
     void ScrollLineToTop(TextPos position) override;
+    void ScrollIntoViewHorizontally(TextPos start, TextPos length) override;
 
     void SetFont(const ViewFont& font) override { font_ = font; }
     void ApplyFontToAll() override { ++fontApplications; }
@@ -51,6 +52,7 @@ class NoneTextView : public TextView {
     const ViewFont& Font() const { return font_; }
     Alignment ShownAlignment() const { return alignment_; }
     int RightMargin() const { return rightMargin_; }
+    int X(TextPos position) const; // of a character in the view, in pixels
     const Rect& Bounds() const { return bounds_; }
     bool Visible() const { return visible_; }
     const std::u16string& Name() const { return name_; }
@@ -69,6 +71,7 @@ class NoneTextView : public TextView {
     Color textColor_ = 0, backColor_ = 0xFFFFFF;
     Alignment alignment_ = Alignment::Left;
     int rightMargin_ = 0;
+    int scrolledX_ = 0; // pixels
     Rect bounds_{0, 0, 640, 400};
     Pointer pointer_ = Pointer::Default;
 };

@@ -12,6 +12,8 @@
 struct TextViewBackEnd {
     const char* name;
     std::function<std::unique_ptr<TextView>()> make; // not shown yet
+    // Of a character, in pixels from the left edge of a view that `make` made.
+    std::function<int(TextView&, TextPos)> x;
 };
 
 // Defined once in each test program.

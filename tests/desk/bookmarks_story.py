@@ -2,6 +2,7 @@
 from harness import books
 from harness.clipboard import copied
 from harness.dialog import Dialog
+from harness.menu_picture import checked_row
 from harness.picture import grab
 from harness.story import Story, main
 from harness.text_view import settled_strip
@@ -9,7 +10,6 @@ from harness.wait import wait_for
 
 MARKED = [120, 40, 200, 80, 160]  # lines, in the order in which they are marked
 LENGTH = 81                       # of a mark without a selection
-COLOURED = 60                     # between the channels of a pixel that is no shade of grey
 
 
 class Bookmarks(Story):
@@ -88,8 +88,8 @@ class Bookmarks(Story):
         self.program.close()
 
     def assert_highlighted(self, before):
-        self.assertLess(_coloured(before), 100)
-        self.assertGreater(_coloured(settled_strip(self.program)), 2000)
+        self.assertLess(before.coloured(), 100)
+        self.assertGreater(settled_strip(self.program).coloured(), 2000)
 
     def test_place_of_a_mark_is_the_place_left(self):
         self.define_all()
@@ -106,6 +106,28 @@ class Bookmarks(Story):
         usual = self.menu_picture(menu)
         self.program.close_menu()
         self.assertGreater(_ink(_lower_half(bold)), _ink(_lower_half(usual)))
+        self.program.close()
+
+    def checked_row(self):
+        row = checked_row(self.menu_picture(self.program.open_menu("b")))
+        self.program.close_menu()
+        return row
+
+    def test_check_is_where_next_and_previous_count_from(self):
+        self.define_all()
+        self.choose("Up", "Up", "Up", "Return")  # the third of the five
+        checked = self.checked_row()
+        self.assertIsNotNone(checked)
+        self.program.open_menu("b")
+        self.program.key("d")
+        wait_for(lambda: len(self.program.popups()) == 2, "the submenu")
+        self.program.key(*["Up"] * len(MARKED), "Return")
+        left = sorted(MARKED)[1:]
+        wait_for(lambda: self.marks() == self.expected(left), "the first mark to go")
+        self.assertEqual(self.checked_row(), checked)
+        self.choose("x")
+        self.assertEqual(self.line_shown(), left[3])
+        self.assertGreater(self.checked_row(), checked)
         self.program.close()
 
     def clear_all(self, *answer):
@@ -127,12 +149,6 @@ class Bookmarks(Story):
         self.clear_all("Left", "Return")
         wait_for(lambda: self.marks() == "", "all marks to go")
         self.program.close()
-
-
-def _coloured(picture):
-    pixels = picture.pixels
-    return sum(max(pixels[i:i + 3]) - min(pixels[i:i + 3]) > COLOURED
-               for i in range(0, len(pixels), 3))
 
 
 def _lower_half(menu):

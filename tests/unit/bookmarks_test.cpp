@@ -167,6 +167,50 @@ TEST_CASE("bookmarks: deleting one of several closes the gap and unsets it as th
     CHECK(test.Menu().mBookmark[0].tag == u"1"); // not adjusted for an earlier one
 }
 
+TEST_CASE("bookmarks: the checked item is the one that next and previous count from") {
+    Reading test;
+    for (const TextPos start : {100, 300, 500, 700, 900})
+        test.Define(start, 6);
+    const auto checked = [&] {
+        std::vector<int> indices;
+        for (int i = 0; i < test.Menu().mBookmarkList.Count(); ++i)
+            if (test.Menu().mBookmarkList[i].checked) indices.push_back(i);
+        return indices;
+    };
+    test.Choose(test.Menu().mBookmarkList, 2);
+    SUBCASE("an earlier one goes") {
+        test.Choose(test.Menu().mBookmarkDeleteList, 0);
+        CHECK(checked() == std::vector{2});
+        test.Choose(test.Menu().mBookmarkNext);
+        CHECK(checked() == std::vector{3});
+        CHECK(test.View().SelStart() == 899);
+    }
+    SUBCASE("a later one goes") {
+        test.Choose(test.Menu().mBookmarkDeleteList, 3);
+        CHECK(checked() == std::vector{2});
+        test.Choose(test.Menu().mBookmarkPrev);
+        CHECK(test.View().SelStart() == 299);
+    }
+    SUBCASE("an earlier one comes") {
+        test.Define(200, 6);
+        CHECK(checked() == std::vector{2});
+        test.Choose(test.Menu().mBookmarkPrev);
+        CHECK(test.View().SelStart() == 199);
+    }
+    SUBCASE("it goes itself") {
+        test.Choose(test.Menu().mBookmarkDeleteList, 2);
+        CHECK(checked().empty());
+    }
+    SUBCASE("the last place goes from under it") {
+        test.Choose(test.Menu().mBookmarkList, 4);
+        test.Choose(test.Menu().mBookmarkDeleteList, 0);
+        CHECK(checked().empty());
+        test.Menus().Open(test.Menu().mBookmark);
+        CHECK_FALSE(test.Menu().mBookmarkNext[0].enabled);
+        CHECK_FALSE(test.Menu().mBookmarkPrev[0].enabled);
+    }
+}
+
 TEST_CASE("bookmarks: clear all asks first") {
     Reading test;
     test.Define(100);

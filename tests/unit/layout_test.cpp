@@ -5,6 +5,16 @@
 
 #include <doctest/doctest.h>
 
+#include <memory>
+#include <new>
+#include <utility>
+
+namespace {
+struct FullStatusBar : NoneStatusBar {
+    int Height() const override { throw std::bad_alloc(); }
+};
+} // namespace
+
 TEST_CASE("layout: status bar, panel and views fill the window") {
     TestForm test;
     REQUIRE(test.Start());
@@ -74,6 +84,16 @@ TEST_CASE("layout: a resize from inside the handler does not lay out again") {
     test.Window().DragTo({0, 0, 300, 200});
     CHECK(test.View().Bounds() == before);
     CHECK(test.form.resizeNesting == 1);
+}
+
+TEST_CASE("layout: one that fails leaves the next resize as it would be") {
+    TestForm test;
+    REQUIRE(test.Start());
+    auto shown = std::exchange(test.form.ports.statusBar, std::make_unique<FullStatusBar>());
+    CHECK_THROWS_AS(test.Window().DragTo({0, 0, 300, 200}), std::bad_alloc);
+    test.form.ports.statusBar = std::move(shown);
+    test.Window().DragTo({5, 6, 400, 320});
+    CHECK(test.View().Bounds() == Rect{2, 0, 394, 278});
 }
 
 TEST_CASE("layout: at 120 dpi a stored width of 800 is 9600 twips") {

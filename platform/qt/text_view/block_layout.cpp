@@ -167,14 +167,18 @@ TextPos PositionInLine(const BlockLayout& layout, LineRef ref, int x, PointMeans
                                                  : paragraph.PositionInLine(ref.line, inLine);
 }
 
+int CaretX(const BlockLayout& layout, LineRef line, TextPos position) {
+    const ParagraphLayout& paragraph = ParagraphOf(layout, line);
+    const TextPos at = std::clamp(position, paragraph.start, paragraph.end);
+    return paragraph.origin.x() + int(std::floor(paragraph.X(line.line, at)));
+}
+
 QRect CaretBox(const BlockLayout& layout, TextPos position) {
     const LineRef ref = LineOf(layout, position);
     const ParagraphLayout& paragraph = ParagraphOf(layout, ref);
-    const TextPos at = std::clamp(position, paragraph.start, paragraph.end);
     const QTextLine line = paragraph.text->lineAt(ref.line);
-    const int x = int(std::floor(paragraph.X(ref.line, at)));
-    return QRect(x, int(std::floor(line.y())), 1, int(std::ceil(line.height())))
-        .translated(paragraph.origin);
+    const int top = paragraph.origin.y() + int(std::floor(line.y()));
+    return QRect(CaretX(layout, ref, position), top, 1, int(std::ceil(line.height())));
 }
 
 QRect CharacterBox(const BlockLayout& layout, TextPos position) {

@@ -49,5 +49,6 @@ TextPos PositionAt(const BlockLayout& layout, QPoint point,
                    PointMeans means = QTextLine::CursorBetweenCharacters);
 TextPos PositionInLine(const BlockLayout& layout, LineRef line, int x,
                        PointMeans means = QTextLine::CursorBetweenCharacters);
+int CaretX(const BlockLayout& layout, LineRef line, TextPos position); // of a place in the line
 QRect CaretBox(const BlockLayout& layout, TextPos position);
 QRect CharacterBox(const BlockLayout& layout, TextPos position);

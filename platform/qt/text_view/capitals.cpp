@@ -26,6 +26,10 @@ QTextLayout::FormatRange Smaller(const QTextCharFormat& format, int start, int e
 }
 } // namespace
 
+bool HasCapital(QChar unit) {
+    return CapitalOf(unit) != unit;
+}
+
 void ShowCapitals(const LayoutContext& context, TextPos start, QString& text,
                   QList<QTextLayout::FormatRange>& formats) {
     const auto& runs = context.document.charRuns;

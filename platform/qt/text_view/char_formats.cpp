@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 constexpr double smallestFont = 1, largestFont = 1638; // points
@@ -12,6 +13,15 @@ constexpr double smallestFont = 1, largestFont = 1638; // points
 // A colourful book has some tens. For each that is not installed the system looks for another,
 // which takes milliseconds; text in fonts beyond is shown in the document's default.
 constexpr std::size_t mostFamilies = 200;
+
+// Each family, size and weight is a font of its own to the system, and takes it half a millisecond.
+// What goes beyond is shown in the document's default font, in the nearest of some twenty sizes.
+constexpr std::size_t mostFonts = 400;
+
+std::uint16_t CoarseSize(std::uint16_t halfPoints) {
+    const double steps = std::round(2 * std::log2(std::max<double>(halfPoints, 2)));
+    return static_cast<std::uint16_t>(std::lround(std::exp2(steps / 2)));
+}
 
 QString FontName(const std::u16string& name) {
     return name.empty() ? QGuiApplication::font().family() : QString::fromStdU16String(name);
@@ -46,6 +56,11 @@ CharFormats::CharFormats(const Document& document, const ViewLook& look, const Q
 
 void CharFormats::Reset() {
     formats_.assign(document_.charStyles.size(), std::nullopt);
+}
+
+void CharFormats::ForgetFonts() {
+    fonts_.clear();
+    families_.clear();
 }
 
 const QTextCharFormat& CharFormats::FormatAt(TextPos position) {
@@ -83,16 +98,27 @@ QTextCharFormat CharFormats::MakeFormat(const CharStyle& style) {
     return format;
 }
 
-const std::u16string& CharFormats::Family(const CharStyle& style) {
-    const auto& fonts = document_.fonts;
-    const std::uint16_t wanted = style.font < fonts.size() ? style.font : std::uint16_t{0};
-    if (families_.size() < mostFamilies) families_.insert(wanted);
-    const std::u16string& name = fonts[families_.contains(wanted) ? wanted : 0];
+// The style in a font that the text is shown in already, or in another one while there are few.
+CharStyle CharFormats::WithinBounds(CharStyle style) {
+    if (style.font >= document_.fonts.size()) style.font = 0;
+    if (families_.size() < mostFamilies) families_.insert(style.font);
+    if (!families_.contains(style.font)) style.font = 0;
+    const FontKey key{style.font, style.halfPoints, style.bold, style.italic};
+    if (fonts_.size() < mostFonts) fonts_.insert(key);
+    if (fonts_.contains(key)) return style;
+    style.font = 0;
+    style.halfPoints = CoarseSize(style.halfPoints);
+    return style;
+}
+
+const std::u16string& CharFormats::Family(const CharStyle& style) const {
+    const std::u16string& name = document_.fonts[style.font];
     return name.empty() ? look_.font.name : name;
 }
 
-QFont CharFormats::StyleFont(const CharStyle& style) {
+QFont CharFormats::StyleFont(const CharStyle& given) {
     if (look_.fontForAll) return MakeFont(look_.font);
+    const CharStyle style = WithinBounds(given);
     QFont font(FontName(Family(style)));
     font.setPointSizeF(FontSize(style.halfPoints / 2.0));
     font.setBold(style.bold);

@@ -12,6 +12,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <tuple>
 #include <vector>
 
 QFont MakeFont(const ViewFont& font);
@@ -24,15 +25,19 @@ class CharFormats {
     // All are observed. `Reset` when one of them has changed.
     CharFormats(const Document& document, const ViewLook& look, const QPalette& palette);
     void Reset();
+    void ForgetFonts(); // which the text so far was shown in
 
     // What holds at one character, and the runs between two, which count from `start`.
     const QTextCharFormat& FormatAt(TextPos position);
     QList<QTextLayout::FormatRange> Ranges(TextPos start, TextPos end);
 
   private:
+    using FontKey = std::tuple<std::uint16_t, std::uint16_t, bool, bool>;
+
     const QTextCharFormat& Format(std::uint32_t style);
     QTextCharFormat MakeFormat(const CharStyle& style);
-    const std::u16string& Family(const CharStyle& style);
+    CharStyle WithinBounds(CharStyle style);
+    const std::u16string& Family(const CharStyle& style) const;
     QFont StyleFont(const CharStyle& style);
     std::optional<QColor> Foreground(const CharStyle& style) const;
 
@@ -40,5 +45,6 @@ class CharFormats {
     const ViewLook& look_;
     const QPalette& palette_;
     std::vector<std::optional<QTextCharFormat>> formats_; // by style, made when first needed
-    std::set<std::uint16_t> families_;                    // of the document's fonts, used so far
+    std::set<FontKey> fonts_;                             // of the document, used so far
+    std::set<std::uint16_t> families_;                    // likewise
 };

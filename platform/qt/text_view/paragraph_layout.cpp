@@ -2,6 +2,7 @@
 
 #include "platform/qt/text_view/capitals.h"
 #include "platform/qt/text_view/held_fonts.h"
+#include "platform/qt/text_view/layout_load.h"
 #include "platform/qt/text_view/line_places.h"
 #include "platform/qt/text_view/paragraph_shape.h"
 
@@ -22,6 +23,32 @@ auto FirstFrom(const Pictures& pictures, TextPos position) {
                             [](const auto& picture, TextPos at) { return picture.position < at; });
 }
 
+// What stands in for a unit that is not shaped: no character joins it, and it has no width. For two
+// units of one character it is one, too, so that the caret does not come between them.
+constexpr char16_t leftOut = u'\u200B';
+constexpr char16_t leftOutPair[] = u"\U000E0001";
+
+bool SetsDirection(char32_t character) {
+    return (character >= 0x202A && character <= 0x202E) ||
+           (character >= 0x2066 && character <= 0x2069);
+}
+
+// Shows of an endless cluster its beginning: the shaper's work on one grows with its square.
+void CutClusters(QString& text) {
+    ClusterLength cluster;
+    for (qsizetype at = 0, next = 0; at < text.size(); at = next) {
+        const bool pair =
+            text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
+        next = at + (pair ? 2 : 1);
+        const char32_t character =
+            pair ? QChar::surrogateToUcs4(text[at], text[at + 1]) : char32_t(text[at].unicode());
+        if (cluster.Add(character) < longestCluster) continue;
+        if (SetsDirection(character)) continue; // to the text's end, if its end were left out
+        text[at] = pair ? leftOutPair[0] : leftOut;
+        if (pair) text[at + 1] = leftOutPair[1];
+    }
+}
+
 // As QTextLayout wants it: one character for each of the document's.
 QString LayoutText(const LayoutContext& context, const ParagraphPart& part) {
     QString text;
@@ -34,6 +61,7 @@ QString LayoutText(const LayoutContext& context, const ParagraphPart& part) {
     }
     for (QChar& unit : text)
         if (unit == u'\v' || (unit == u'\a' && !context.plain)) unit = QChar::LineSeparator;
+    CutClusters(text);
     return text;
 }
 
@@ -52,23 +80,24 @@ QTextLayout::FormatRange PictureFormatRange(const LayoutContext& context,
     return {picture.position - start, 1, format};
 }
 
-std::vector<PlacedPicture> PlacePictures(const LayoutContext& context, const ParagraphPart& part,
+std::vector<PlacedPicture> PlacePictures(const LayoutContext& context, TextPos start, TextPos end,
                                          int width) {
     std::vector<PlacedPicture> placed;
     const auto& all = context.document.pictures;
-    auto picture = FirstFrom(all, part.start);
-    for (; picture != all.end() && picture->position < part.end; ++picture)
+    auto picture = FirstFrom(all, start);
+    for (; picture != all.end() && picture->position < end; ++picture)
         placed.push_back({picture->position, PictureSize(context, *picture, width)});
     return placed;
 }
 
+// `text` is of the part, or of its beginning.
 void PrepareText(const LayoutContext& context, const ParagraphPart& part,
                  const ParagraphShape& shape, QString text, ParagraphLayout& result) {
     for (const PlacedPicture& picture : result.pictures)
         text[picture.position - part.start] = pictureStandIn;
     QList<QTextLayout::FormatRange> formats;
     if (!context.plain) {
-        formats = context.formats.Ranges(part.start, part.end);
+        formats = context.formats.Ranges(part.start, part.start + TextPos(text.size()));
         ShowCapitals(context, part.start, text, formats);
     }
     for (const PlacedPicture& picture : result.pictures)
@@ -159,16 +188,19 @@ bool HasTab(const QTextLayout& text, const QTextLine& line) {
 }
 
 // Lays out lines up to one with a tab that is not the first: the layout puts what stands behind a
-// tab in its right place only in its first line. The line not wanted stays in it, out of sight.
-void PlaceLines(const ParagraphShape& shape, ParagraphLayout& result) {
+// tab in its right place only in its first line. Where the text goes on behind the layout's, its
+// last line may be a part of one, too. The line not wanted stays in it, out of sight.
+void PlaceLines(const ParagraphShape& shape, ParagraphLayout& result, bool goesOn) {
     constexpr int outOfSight = 1 << 24; // pixels
+    const qsizetype length = result.text->text().size();
     const bool tabs = result.text->text().contains(u'\t');
     int top = shape.spaceBefore;
     result.text->beginLayout();
     for (QTextLine line = result.text->createLine(); line.isValid();
          line = result.text->createLine()) {
         const int height = PlaceLine(shape, result, line, top);
-        if (tabs && line.lineNumber() > 0 && HasTab(*result.text, line)) {
+        const bool unfinished = goesOn && line.textStart() + line.textLength() == length;
+        if (line.lineNumber() > 0 && (unfinished || (tabs && HasTab(*result.text, line)))) {
             line.setPosition(QPointF(0, outOfSight));
             result.end = result.start + line.textStart();
             result.continues = true;
@@ -184,14 +216,16 @@ void PlaceLines(const ParagraphShape& shape, ParagraphLayout& result) {
 
 ParagraphLayout LayOutPart(const LayoutContext& context, const ParagraphPart& part,
                            const ParagraphShape& shape, const QString& text) {
+    const TextPos end = part.start + TextPos(text.size());
+    const bool goesOn = end < part.end;
     ParagraphLayout result;
     result.start = part.start;
-    result.end = part.end;
-    result.continues = !part.last;
-    result.pictures = PlacePictures(context, part, shape.TextWidth());
+    result.end = end;
+    result.continues = goesOn || !part.last;
+    result.pictures = PlacePictures(context, part.start, end, shape.TextWidth());
     PrepareText(context, part, shape, text, result);
     if (shape.rightToLeft) result.origin.setX(-roomForBlanks);
-    PlaceLines(shape, result);
+    PlaceLines(shape, result, goesOn);
     result.spaceBefore = shape.spaceBefore;
     if (result.end == part.end) result.spaceAfter = shape.spaceAfter;
     result.tops.back() += result.spaceAfter;
@@ -247,12 +281,15 @@ TextPos ParagraphLayout::PositionInLine(int index, int x) const {
     const TextPos told = start + line.xToCursor(AskedX(*text, line, x));
     TextPos at = std::clamp(told, first, last);
     if (!text->isValidCursorPosition(at - start)) at = std::max(first, PlaceBefore(at));
+    constexpr int mostSteps = 64; // with characters that have no width on both sides
     TextPos nearest = at;
     double least = std::abs(X(index, at) - x);
+    int steps = 0;
     // Whether it is worth while to look on behind a place; some characters have no width.
     const auto leadsOn = [&](TextPos place) {
         const double distance = std::abs(X(index, place) - x);
-        if (distance > least) return false;
+        steps = distance < least ? 0 : steps + 1;
+        if (distance > least || steps > mostSteps) return false;
         if (distance < least) nearest = place;
         least = distance;
         return true;
@@ -262,6 +299,7 @@ TextPos ParagraphLayout::PositionInLine(int index, int x) const {
          next = NextPlace(at))
         at = next;
     at = from;
+    steps = 0;
     for (TextPos before = PlaceBefore(at); before < at && before >= first && leadsOn(before);
          before = PlaceBefore(at))
         at = before;
@@ -290,19 +328,39 @@ TextPos ParagraphLayout::CharacterInLine(int index, double x) const {
     return start + line.xToCursor(AskedX(*text, line, x), QTextLine::CursorOnCharacter);
 }
 
+// A line with tabs is in a layout of its own, which is given so many tabs at first: the layout's
+// work grows with the square of them, and so would ours with all that are left for each line.
+constexpr int leastTabs = 16;
+
+// Behind so many tabs from a position on; the text's end where there are fewer.
+qsizetype EndOfTabs(const QString& text, qsizetype from, int tabs) {
+    while (tabs-- > 0 && from < text.size()) {
+        const qsizetype tab = text.indexOf(u'\t', from);
+        from = tab < 0 ? text.size() : tab + 1;
+    }
+    return from;
+}
+
 std::vector<ParagraphLayout> LayOutParagraph(const LayoutContext& context,
                                              const ParagraphPart& part) {
     std::vector<ParagraphLayout> layouts;
     ParagraphPart rest = part;
-    QString text = LayoutText(context, part);
+    const QString text = LayoutText(context, part);
+    int tabs = leastTabs;
     for (int y = 0;;) {
         const ParagraphShape shape = ShapeOf(context, rest, text);
-        ParagraphLayout& layout = layouts.emplace_back(LayOutPart(context, rest, shape, text));
+        const qsizetype from = rest.start - part.start;
+        const QString ahead = text.sliced(from, EndOfTabs(text, from, tabs) - from);
+        ParagraphLayout layout = LayOutPart(context, rest, shape, ahead);
+        if (layout.end - rest.start == ahead.size() && layout.end < part.end) {
+            tabs *= 2; // the line may go on
+            continue;
+        }
         layout.origin.ry() += y;
         y += layout.Height();
-        if (layout.end == part.end) return layouts;
-        text.remove(0, layout.end - rest.start);
         rest.start = layout.end;
+        layouts.push_back(std::move(layout));
+        if (rest.start == part.end) return layouts;
         rest.first = false;
         rest.rightToLeft = shape.rightToLeft;
     }

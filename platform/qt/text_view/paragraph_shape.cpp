@@ -14,7 +14,8 @@ constexpr std::int32_t leastTextWidth = 960; // twips left to the text however l
 constexpr std::int32_t unknownPicture = 480; // twips; the side of one whose size nobody knows
 constexpr std::int32_t leastTab = 60;        // twips
 constexpr int mostUsualTabs = 200;
-constexpr int tallestPicture = 4096; // pixels
+constexpr std::size_t mostOwnTabs = 200; // of a paragraph; word processors take some 60
+constexpr int tallestPicture = 4096;     // pixels
 constexpr int plainTabSpaces = 8;
 
 // The alignment as it is seen. What the user sets holds for the eye; a file's "left" is where a
@@ -59,8 +60,9 @@ double TabStop(const LayoutContext& context, double pixels) {
 // line does: it is the only one of its layout with tabs.
 void SetTabs(const LayoutContext& context, const ParagraphStyle& style, ParagraphShape& shape) {
     std::vector<int> stops; // from the paragraph's edge
-    for (const std::int32_t stop : style.tabStops)
-        stops.push_back(context.Pixels(stop));
+    const std::size_t own = std::min(style.tabStops.size(), mostOwnTabs);
+    for (std::size_t i = 0; i < own; ++i)
+        stops.push_back(context.Pixels(style.tabStops[i]));
     // A first line that hangs out to the left has a stop where the other lines begin.
     if (shape.firstIndent < shape.indent) stops.push_back(shape.indent);
     std::sort(stops.begin(), stops.end());

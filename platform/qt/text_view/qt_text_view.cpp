@@ -137,6 +137,11 @@ void QtTextView::ScrollLineToTop(TextPos position) {
     widget_->ShowScrolled();
 }
 
+void QtTextView::ScrollIntoViewHorizontally(TextPos start, TextPos length) {
+    const TextPos from = std::clamp(start, 0, TextLength());
+    widget_->RevealHorizontally(from, from + std::clamp(length, 0, TextLength() - from));
+}
+
 void QtTextView::SetFont(const ViewFont& font) {
     ViewLook look = widget_->Look();
     look.font = font;

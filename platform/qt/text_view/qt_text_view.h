@@ -38,6 +38,7 @@ class QtTextView : public TextView {
     TextPos FirstVisibleChar() const override;
     LineSpan LineAround(TextPos position) const override;
     void ScrollLineToTop(TextPos position) override;
+    void ScrollIntoViewHorizontally(TextPos start, TextPos length) override;
 
     void SetFont(const ViewFont& font) override;
     void ApplyFontToAll() override;

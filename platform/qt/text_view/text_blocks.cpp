@@ -1,5 +1,7 @@
 #include "platform/qt/text_view/text_blocks.h"
 
+#include "platform/qt/text_view/layout_load.h"
+
 #include <QChar>
 
 #include <algorithm>
@@ -103,6 +105,54 @@ TextBlock BlockAt(const TextSource& text, const std::vector<TableRow>& rows, Tex
     if (const Rows joined = RowsAt(rows, position); !joined.empty())
         return {joined.front().start, joined.back().end, joined};
     return {PieceStart(text, position), PieceEnd(text, position), {}};
+}
+
+namespace {
+// Of rows that are laid out together.
+constexpr std::size_t mostCells = 1024;
+constexpr TextPos heaviestRows = 4 * 1024;
+
+bool IsTooMuch(const TextSource& text, const Document& document, Rows rows) {
+    std::size_t cells = 0;
+    for (const TableRow& row : rows)
+        cells += row.cells.size();
+    const TextPos start = rows.front().start, end = rows.back().end;
+    return cells > mostCells ||
+           (end - start > heaviestRows && HeavyUnits(text, document, start, end) > heaviestRows);
+}
+
+// The part of a block between the cuts that are nearest to the position.
+TextBlock DensePart(const TextSource& text, const Document& document, const TextBlock& block,
+                    TextPos position) {
+    constexpr TextPos none = -1;
+    const auto cutNear = [&](TextPos grid) {
+        const bool within =
+            grid - densePiece >= block.start && grid < block.end && text.UnitAt(grid) != u'\n';
+        return within && IsDenseBefore(text, document, grid) ? CutBefore(text, grid) : none;
+    };
+    const TextPos next = (position / densePiece + 1) * densePiece;
+    TextBlock part = block;
+    for (TextPos grid = next; grid > block.start && part.start == block.start; grid -= densePiece)
+        if (const TextPos cut = cutNear(grid); cut <= position)
+            part.start = std::max(cut, part.start);
+    for (TextPos grid = next; grid < block.end && part.end == block.end; grid += densePiece)
+        if (const TextPos cut = cutNear(grid); cut > position) part.end = cut;
+    return part;
+}
+} // namespace
+
+TextBlock LayoutBlockAt(const TextSource& text, const Document& document, TextPos position) {
+    TextBlock block = BlockAt(text, document.rows, position);
+    if (block.rows.size() > 1 && IsTooMuch(text, document, block.rows)) {
+        const auto row = std::find_if(block.rows.begin(), block.rows.end() - 1,
+                                      [&](const TableRow& r) { return position < r.end; });
+        block = {row->start, row->end,
+                 block.rows.subspan(std::size_t(row - block.rows.begin()), 1)};
+    }
+    position = std::clamp(position, block.start, std::max(block.start, block.end - 1));
+    if (!block.rows.empty() && !IsTooMuch(text, document, block.rows)) return block;
+    if (!block.rows.empty()) block = {PieceStart(text, position), PieceEnd(text, position), {}};
+    return DensePart(text, document, block, position);
 }
 
 bool IsLastBlock(const TextSource& text, const TextBlock& block) {

@@ -31,6 +31,11 @@ constexpr std::size_t mostJoinedRows = 256;
 // break (and in an empty text) there is one more block, an empty one.
 TextBlock BlockAt(const TextSource& text, const std::vector<TableRow>& rows, TextPos position);
 
+// The block that is laid out at once. Where that of `BlockAt` would be too much work it is a part
+// of it: in a dense text of 2 to 4 K units, in a row with thousands of cells or runs its cells one
+// below the other.
+TextBlock LayoutBlockAt(const TextSource& text, const Document& document, TextPos position);
+
 bool IsLastBlock(const TextSource& text, const TextBlock& block);
 
 // Whether a paragraph starts or ends where the block does: not so inside an over-long one.

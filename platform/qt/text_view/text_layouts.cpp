@@ -1,13 +1,17 @@
 #include "platform/qt/text_view/text_layouts.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
-// A laid-out character takes about 100 bytes, a block about 2 KB.
-constexpr std::size_t mostUnits = 512 * 1024, mostBlocks = 2048;
+// A laid-out character takes about 100 bytes, a paragraph beside its characters some KB.
+constexpr std::size_t mostLoad = 512 * 1024, paragraphLoad = 32, mostBlocks = 2048;
 
-std::size_t Units(const TextLayouts::Layout& layout) {
-    return std::size_t(layout->block.end - layout->block.start);
+std::size_t Load(const TextLayouts::Layout& layout) {
+    std::size_t load = 0;
+    for (const ParagraphLayout& paragraph : layout->paragraphs)
+        load += paragraphLoad + std::size_t(paragraph.text->text().size());
+    return load;
 }
 } // namespace
 
@@ -16,25 +20,32 @@ TextLayouts::TextLayouts(const LayoutContext& context) : context_(context) {}
 void TextLayouts::Forget() {
     byStart_.clear();
     recent_.clear();
-    units_ = 0;
+    load_ = 0;
     width_ = 0;
 }
 
 TextLayouts::Layout TextLayouts::At(TextPos position) {
     const TextPos place = std::clamp(position, 0, Text().Length());
-    const TextBlock block = BlockAt(Text(), context_.document.rows, place);
-    if (const auto known = byStart_.find(block.start); known != byStart_.end()) {
-        recent_.splice(recent_.begin(), recent_, known->second);
-        return recent_.front();
-    }
+    if (const Layout known = Known(place)) return known;
+    const TextBlock block = LayoutBlockAt(Text(), context_.document, place);
     auto layout = std::make_shared<BlockLayout>(LayOutBlock(context_, block));
     ++layoutsMade_;
     width_ = std::max(width_, layout->width);
-    units_ += Units(recent_.emplace_front(std::move(layout)));
+    load_ += Load(recent_.emplace_front(std::move(layout)));
     byStart_[block.start] = recent_.begin();
     const Layout made = recent_.front();
     Trim();
     return made;
+}
+
+TextLayouts::Layout TextLayouts::Known(TextPos position) {
+    const auto after = byStart_.upper_bound(position);
+    if (after == byStart_.begin()) return nullptr;
+    const auto known = std::prev(after)->second;
+    const TextBlock& block = (*known)->block;
+    if (position >= block.end && !IsLastBlock(Text(), block)) return nullptr;
+    recent_.splice(recent_.begin(), recent_, known);
+    return recent_.front();
 }
 
 TextLayouts::Layout TextLayouts::After(const Layout& layout) {
@@ -46,8 +57,8 @@ TextLayouts::Layout TextLayouts::Before(const Layout& layout) {
 }
 
 void TextLayouts::Trim() {
-    while (recent_.size() > 1 && (recent_.size() > mostBlocks || units_ > mostUnits)) {
-        units_ -= Units(recent_.back());
+    while (recent_.size() > 1 && (recent_.size() > mostBlocks || load_ > mostLoad)) {
+        load_ -= Load(recent_.back());
         byStart_.erase(recent_.back()->block.start);
         recent_.pop_back();
     }

@@ -4,8 +4,8 @@
 #include "platform/qt/text_view/block_layout.h"
 
 #include <list>
+#include <map>
 #include <memory>
-#include <unordered_map>
 
 class TextLayouts {
   public:
@@ -25,11 +25,12 @@ class TextLayouts {
     int LayoutsMade() const { return layoutsMade_; }
 
   private:
+    Layout Known(TextPos position); // none when it is not kept
     void Trim();
 
     const LayoutContext& context_;
     std::list<Layout> recent_; // the last used first
-    std::unordered_map<TextPos, std::list<Layout>::iterator> byStart_;
-    std::size_t units_ = 0;
+    std::map<TextPos, std::list<Layout>::iterator> byStart_;
+    std::size_t load_ = 0; // of the kept ones, in laid-out characters
     int width_ = 0, layoutsMade_ = 0;
 };

@@ -74,6 +74,7 @@ void TextWidget::ShowFromStart(const QString& toldBefore) {
     const TextPos anchorBefore = std::exchange(anchor_, 0), caretBefore = std::exchange(caret_, 0);
     wantedX_.reset();
     pictures_.Forget();
+    formats_.ForgetFonts();
     scroller_.ShowLine(0);
     horizontalScrollBar()->setValue(0);
     Relayout();

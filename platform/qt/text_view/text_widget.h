@@ -39,8 +39,9 @@ class TextWidget : public QAbstractScrollArea {
     QRect CaretRect(); // in the viewport; null when it is not in view
     // In the viewport; somewhere above or below it when it is not in view. Null in a hidden widget.
     QRect CharacterRect(TextPos position);
-    void Reveal(TextPos position); // scrolls to it
-    void ShowScrolled();           // after the scroller was used
+    void Reveal(TextPos position);                       // scrolls to it
+    void RevealHorizontally(TextPos start, TextPos end); // as far as they are in one line
+    void ShowScrolled();                                 // after the scroller was used
 
     QPoint ContextMenuPoint() const { return contextPoint_; } // of the last one asked for, global
 
@@ -87,6 +88,8 @@ class TextWidget : public QAbstractScrollArea {
     QRect InWidget(const QRect& box) const;
     int ViewWidth() const { return Pixels(viewport()->width()); }
     int ColumnX(int viewX) const;
+    int RoomBeside() const;
+    void ScrollToX(int x); // of the text, to the view's left edge
     std::optional<QRect> CaretInView();
     void UpdateScrollBars();
     void VerticalAction(int action);

@@ -93,15 +93,41 @@ void TextWidget::MoveCaret(TextPos position, bool extend) {
     Reveal(caret_);
 }
 
+// How much of a line is shown beside what is scrolled to.
+int TextWidget::RoomBeside() const {
+    return std::min(ViewWidth() / 4, 4 * LineHeight());
+}
+
+// The painting knows how far there is anything to the right; until then it may be more.
+void TextWidget::ScrollToX(int x) {
+    QScrollBar& bar = *horizontalScrollBar();
+    bar.setMaximum(std::max(bar.maximum(), x));
+    bar.setValue(x);
+}
+
 void TextWidget::Reveal(TextPos position) {
     Scroller().Reveal(position);
-    QScrollBar& bar = *horizontalScrollBar();
     if (horizontalScrollBarPolicy() == Qt::ScrollBarAlwaysOn) {
         const int x = CaretBox(*layouts_.At(position), position).x() - ColumnX(0);
-        const int width = ViewWidth(), margin = std::min(width / 4, 4 * LineHeight());
-        bar.setMaximum(std::max(bar.maximum(), bar.value() + x + margin - width));
-        if (x < margin) bar.setValue(bar.value() + x - margin);
-        if (x > width - margin) bar.setValue(bar.value() + x - width + margin);
+        const int value = horizontalScrollBar()->value(), room = RoomBeside();
+        if (x < room) ScrollToX(value + x - room);
+        if (x > ViewWidth() - room) ScrollToX(value + x - ViewWidth() + room);
     }
+    ShowScrolled();
+}
+
+void TextWidget::RevealHorizontally(TextPos start, TextPos end) {
+    const auto layout = Layouts().At(start);
+    if (horizontalScrollBarPolicy() != Qt::ScrollBarAlwaysOn) return;
+    const LineRef line = LineOf(*layout, start);
+    const TextPos last = std::min(end, LineEnd(*layout, line));
+    const int from = CaretX(*layout, line, start) - ColumnX(0);
+    const int to = CaretX(*layout, line, last) - ColumnX(0);
+    const auto [left, right] = std::minmax(from, to);
+    const int width = ViewWidth(), room = RoomBeside();
+    if (left >= 0 && right < width) return;
+    const bool endsLeft = to < from && right - left > width - 2 * room;
+    const int toLeft = left - room, toRight = right + room - width;
+    ScrollToX(horizontalScrollBar()->value() + (endsLeft ? toRight : std::min(toLeft, toRight)));
     ShowScrolled();
 }

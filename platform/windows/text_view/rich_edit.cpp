@@ -186,6 +186,12 @@ POINT RichEdit::PointOf(TextPos position) const {
     return {point.x, point.y};
 }
 
+LONG RichEdit::ClientWidth() const {
+    RECT client = {};
+    GetClientRect(window_, &client);
+    return client.right;
+}
+
 void RichEdit::SetDefaultFormat(const CHARFORMAT2W& format) {
     CHARFORMAT2W copy = format;
     Send(EM_SETCHARFORMAT, SCF_DEFAULT, ToLParam(copy));

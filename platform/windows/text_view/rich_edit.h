@@ -38,8 +38,9 @@ class RichEdit {
     void ScrollLines(LONG lines); // as far as there are any
     POINT ScrollPoint() const;
     void ScrollToPoint(POINT point);
-    void BringIntoView(TextPos position); // scrolls no further than it takes; not without its OLE
+    void BringIntoView(TextPos position);  // scrolls no further than it takes; not without its OLE
     POINT PointOf(TextPos position) const; // of the client area
+    LONG ClientWidth() const;
 
     void SetDefaultFormat(const CHARFORMAT2W& format); // of the plain text to come
     void FormatSelectedParagraphs(const PARAFORMAT2& format);

@@ -38,6 +38,7 @@ class WinTextView : public TextView {
     TextPos FirstVisibleChar() const override;
     LineSpan LineAround(TextPos position) const override;
     void ScrollLineToTop(TextPos position) override;
+    void ScrollIntoViewHorizontally(TextPos start, TextPos length) override;
 
     void SetFont(const ViewFont&) override;
     void ApplyFontToAll() override;
@@ -84,6 +85,7 @@ class WinTextView : public TextView {
     void ScrollToPointIn(LONG line, POINT point) const;
     void MakeRoomBelow(int twips) const;
     TextPos Clamp(TextPos position) const;
+    std::pair<LONG, LONG> SpanInLine(TextPos start, TextPos length) const;
 
     HWND parent_;
     Document document_;

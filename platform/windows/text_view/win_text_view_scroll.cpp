@@ -1,6 +1,9 @@
 // Lines and scrolling of the text view.
 #include "platform/windows/text_view/win_text_view.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace {
 int TwipsOfHeight(HWND window, int pixels) {
     const HDC screen = GetDC(window);
@@ -117,4 +120,34 @@ void WinTextView::KeepingScroll(const std::function<void()>& change) const {
     Approach(line);
     const POINT after = control_->ScrollPoint();
     if (after.x != before.x || after.y != before.y) ScrollToPointIn(line, before);
+}
+
+// Where the stretch begins and ends in the line of `start`, in pixels of the client area.
+std::pair<LONG, LONG> WinTextView::SpanInLine(TextPos start, TextPos length) const {
+    const LineSpan line = LineAround(start);
+    const TextPos last = std::min(start + length, line.start + line.length);
+    const POINT from = control_->PointOf(map_.ToControl(start));
+    POINT to = control_->PointOf(map_.ToControl(last));
+    if (to.y != from.y) to = control_->PointOf(map_.ToControl(last) - 1); // the next line's start
+    return {from.x, to.x};
+}
+
+// The control takes places in 16 bits: further to the right it finds its way by itself.
+void WinTextView::ScrollIntoViewHorizontally(TextPos start, TextPos length) {
+    constexpr LONG mostRoom = 64; // pixels of the line shown beside the stretch
+    const RichEditPause pause(Control());
+    const TextPos first = Clamp(start), most = TextLength() - first;
+    const auto span = [&] { return SpanInLine(first, std::clamp(length, 0, most)); };
+    const LONG width = control_->ClientWidth(), room = std::min(width / 4, mostRoom);
+    const auto [from, to] = span();
+    const auto [left, right] = std::minmax(from, to);
+    if (left >= 0 && right < width) return;
+    const Top top = CurrentTop();
+    const POINT now = control_->ScrollPoint();
+    const bool endsLeft = to < from && right - left > width - 2 * room;
+    const LONG by = endsLeft ? right + room - width : std::min(left - room, right + room - width);
+    control_->ScrollToPoint({std::max(0L, now.x + by), now.y});
+    if (const LONG x = span().first; x < 0 || x >= width)
+        control_->BringIntoView(map_.ToControl(first));
+    ShowTop(top.position, top.asked);
 }

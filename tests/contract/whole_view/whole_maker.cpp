@@ -1,12 +1,14 @@
 #include "tests/contract/whole_view/whole_maker.h"
 
+#include "common/string_text.h"
+#include "platform/qt/text_view/layout_load.h"
 #include "tests/contract/whole_view/whole_rows.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
-constexpr TextPos piece = 16 * 1024, blankSearch = 256;
+constexpr TextPos piece = 16 * 1024, densePart = 2 * 1024, blankSearch = 256;
 } // namespace
 
 // Behind the last break there is one more paragraph.
@@ -24,16 +26,21 @@ void WholeMaker::Everything() {
     }
 }
 
-// Long ones are cut where they have gone on for a piece's length at a multiple of it. Tells whether
-// a break ends it.
+// Long ones are cut where they have gone on for a piece's length at a multiple of it, and these in
+// parts where their text is dense. Tells whether a break ends it.
 bool WholeMaker::Paragraph() {
     const std::size_t found = setting.text.find(u'\n', std::size_t(at));
     const bool hasBreak = found != std::u16string::npos;
     const TextPos start = at, textEnd = hasBreak ? TextPos(found) : Size();
-    TextPos from = start;
-    for (TextPos grid = piece; grid < textEnd; grid += piece) {
-        if (grid - piece < start) continue;
+    const StringText source(setting.text);
+    TextPos from = start, pieceStart = start;
+    for (TextPos grid = densePart; grid < textEnd; grid += densePart) {
+        const bool endsPiece = grid % piece == 0 && grid - piece >= start;
+        const bool endsPart =
+            grid - densePart >= pieceStart && IsDenseBefore(source, *setting.document, grid);
+        if (!endsPiece && !endsPart) continue;
         const TextPos cut = Cut(grid);
+        if (endsPiece) pieceStart = cut;
         Piece(from, cut, from == start, false);
         EndBlock(cut, whole.paragraphs.back().bottom - whole.height);
         from = cut;

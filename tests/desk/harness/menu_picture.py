@@ -5,6 +5,21 @@ LOWEST_TEXT = 6  # rows; what is lower is a separator
 WHITE = 255
 
 
+CHECKS = (6, 22)  # columns, left of the captions
+LOWEST_CHECK = 6  # rows
+
+
+def checked_row(picture):
+    """The row where the lowest check mark begins, None without one."""
+    found, height = None, 0
+    for y in range(FRAME, picture.height - FRAME):
+        row = picture.row(y, *CHECKS)
+        height = height + 1 if row != row[:3] * (len(row) // 3) else 0
+        if height == LOWEST_CHECK:
+            found = y - height
+    return found
+
+
 def row_darkness(picture):
     """For each item that has a caption, from the top: how dark its darkest pixel is, 0 to 255.
     The marked item counts as dark."""

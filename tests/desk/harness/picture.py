@@ -1,6 +1,7 @@
 """Pictures of a window, compared pixel by pixel."""
 import subprocess
 
+COLOURED = 60    # between the channels of a pixel that is no shade of grey
 CARET_WIDTH = 3  # pixels; the caret may be on in one picture and off in the other
 
 
@@ -34,6 +35,12 @@ class Picture:
                 if right - left >= CARET_WIDTH:
                     return False
         return True
+
+    def coloured(self):
+        """The pixels that are no shade of grey: in a book of black on white, what is selected."""
+        pixels = self.pixels
+        return sum(max(pixels[i:i + 3]) - min(pixels[i:i + 3]) > COLOURED
+                   for i in range(0, len(pixels), 3))
 
     def is_plain(self):
         return self.pixels == self.pixels[:3] * (self.width * self.height)
