@@ -44,8 +44,10 @@ class Window {
     virtual WindowState State() const = 0;
     virtual void SetState(WindowState) = 0;
     // The rectangle the window has now, with its frame, in pixels of the screen; meaningful while
-    // the state is normal. `Move` is for the normal state.
+    // the state is normal.
     virtual Rect Bounds() const = 0;
+    // For the normal state. A rectangle that no hand could reach (`ReachablePlace`) is shown where
+    // one can; then `Bounds` gives what was asked for until somebody moves or sizes the window.
     virtual void Move(const Rect&) = 0;
     virtual int InnerWidth() const = 0; // pixels inside frame and menu
     virtual int InnerHeight() const = 0;

@@ -14,12 +14,17 @@ void NoneWindow::SetState(WindowState state) {
 
 void NoneWindow::Move(const Rect& bounds) {
     ++moves;
-    DragTo(bounds);
+    const Rect before = Bounds(), shown = ReachablePlace(bounds, screens, 15 / twipsPerPixel);
+    const bool changes = shown != shown_ || bounds != before;
+    shown_ = shown;
+    instead_.reset();
+    if (shown != bounds) instead_ = {bounds, shown};
+    if (changes && events_.onResize) events_.onResize();
 }
 
 void NoneWindow::DragTo(const Rect& bounds) {
-    if (bounds == bounds_) return;
-    bounds_ = bounds;
+    if (bounds == shown_) return;
+    shown_ = bounds;
     if (events_.onResize) events_.onResize();
 }
 

@@ -1,6 +1,7 @@
 // The headless window: a rectangle, a state and a title.
 #pragma once
 
+#include "common/reachable_place.h"
 #include "platform/window.h"
 
 class NoneWindow : public Window {
@@ -11,10 +12,10 @@ class NoneWindow : public Window {
 
     WindowState State() const override { return state_; }
     void SetState(WindowState) override;
-    Rect Bounds() const override { return bounds_; }
+    Rect Bounds() const override { return BoundsAsAsked(instead_, shown_); }
     void Move(const Rect&) override;
-    int InnerWidth() const override { return bounds_.width; }
-    int InnerHeight() const override { return bounds_.height - MenuHeight; }
+    int InnerWidth() const override { return shown_.width; }
+    int InnerHeight() const override { return shown_.height - MenuHeight; }
     double TwipsPerPixelX() const override { return twipsPerPixel; }
     double TwipsPerPixelY() const override { return twipsPerPixel; }
 
@@ -28,16 +29,19 @@ class NoneWindow : public Window {
 
     // A user's doing, with the event it causes.
     void DragTo(const Rect&);
+    const Rect& Shown() const { return shown_; }
 
     static constexpr int MenuHeight = 20;
     double twipsPerPixel = 15;
     bool open = false, closed = false, systemFontApplied = false;
     int moves = 0;
+    std::vector<Rect> screens{{0, 0, 1920, 1080}};
     std::u16string title;
     Rect panel;
 
   private:
     WindowEvents events_;
     WindowState state_ = WindowState::Normal;
-    Rect bounds_{100, 80, 800, 600};
+    Rect shown_{100, 80, 800, 600};
+    std::optional<ShownInstead> instead_;
 };

@@ -23,16 +23,25 @@
 
 namespace {
 
-constexpr int panelBorder = 2;       // pixels; the core's layout of the views counts on it
-constexpr int largestExtent = 16384; // pixels; beyond it X11 and the drawing buffers give up
-constexpr int settlingTime = 300;    // milliseconds; window managers answer within a few
-constexpr int stateDelay = 50;       // milliseconds
-constexpr int notch = 120;           // of a wheel, in eighths of a degree
-constexpr double readingSize = 12;   // points
+constexpr int panelBorder = 2;     // pixels; the core's layout of the views counts on it
+constexpr int settlingTime = 300;  // milliseconds; window managers answer within a few
+constexpr int stateDelay = 50;     // milliseconds
+constexpr int notch = 120;         // of a wheel, in eighths of a degree
+constexpr double readingSize = 12; // points
 constexpr double twipsPerInch = 1440;
+constexpr double usualDpi = 96;
 
-int Extent(int asked, int frame) {
-    return std::clamp(asked - frame, 1, largestExtent);
+std::vector<Rect> Screens() {
+    std::vector<Rect> screens;
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        const QRect free = screen->availableGeometry();
+        screens.push_back({free.x(), free.y(), free.width(), free.height()});
+    }
+    return screens;
+}
+
+bool KnowsPlaces() {
+    return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
 }
 
 } // namespace
@@ -56,6 +65,7 @@ void QtWindow::TakeDefaultPlace() {
     const QRect available = screen()->availableGeometry();
     place.setSize(place.size().boundedTo(available.size() * 0.9));
     place.moveCenter(available.center());
+    corner_ = place.topLeft();
     setGeometry(place);
 }
 
@@ -116,13 +126,21 @@ void QtWindow::SetState(WindowState state) {
 }
 
 Rect QtWindow::Bounds() const {
-    if (asked_) return *asked_;
-    const QRect frame = windowHandle() ? windowHandle()->frameGeometry() : geometry();
+    return asked_ ? *asked_ : BoundsAsAsked(instead_, RealBounds());
+}
+
+Rect QtWindow::RealBounds() const {
+    QRect frame = windowHandle() ? windowHandle()->frameGeometry() : geometry();
+    if (!KnowsPlaces()) frame.moveTopLeft(corner_);
     return {frame.x(), frame.y(), frame.width(), frame.height()};
 }
 
 void QtWindow::Move(const Rect& bounds) {
     asked_ = bounds;
+    instead_.reset();
+    inside_ = insideBefore_ = QSize();
+    shown_ = ReachablePlace(bounds, Screens(), logicalDpiX() / usualDpi);
+    corner_ = QPoint(bounds.left, bounds.top);
     framed_ = FrameMargins();
     MoveInside(framed_);
     if (isVisible())
@@ -136,13 +154,23 @@ QMargins QtWindow::FrameMargins() const {
 }
 
 void QtWindow::MoveInside(const QMargins& frame) {
-    const QSize inside(Extent(asked_->width, frame.left() + frame.right()),
-                       Extent(asked_->height, frame.top() + frame.bottom()));
-    if (frame.isNull()) {
-        move(asked_->left, asked_->top); // the corner of the frame, once there is one
+    const QSize inside(std::max(shown_.width - frame.left() - frame.right(), 1),
+                       std::max(shown_.height - frame.top() - frame.bottom(), 1));
+    const QPoint corner(shown_.left, shown_.top);
+    if (!isVisible()) {
+        move(corner); // of the frame, once there is one
         resize(inside);
+        return;
+    }
+    // Only asked for: a widget that is given a size believes it, and a window manager that refuses
+    // (those that tile do) has nothing new to tell. So the size comes by the window.
+    QWindow& window = *windowHandle();
+    insideBefore_ = std::exchange(inside_, inside);
+    if (frame.isNull()) {
+        window.setFramePosition(corner);
+        window.resize(inside);
     } else {
-        setGeometry(QRect(QPoint(asked_->left + frame.left(), asked_->top + frame.top()), inside));
+        window.setGeometry(QRect(corner + QPoint(frame.left(), frame.top()), inside));
     }
 }
 
@@ -153,6 +181,11 @@ void QtWindow::AllowForFrame() {
         MoveInside(frame);
 }
 
+// Another size that is asked for while one is taken in leaves the window half painted.
+void QtWindow::AllowForFrameSoon() {
+    if (asked_) QMetaObject::invokeMethod(this, &QtWindow::AllowForFrame, Qt::QueuedConnection);
+}
+
 // From now on the window is where it is, whatever was asked.
 void QtWindow::Settle() {
     if (asked_ && FrameMargins() != framed_ && State() == WindowState::Normal) {
@@ -160,7 +193,17 @@ void QtWindow::Settle() {
         settling_.start(settlingTime);
         return;
     }
-    if (const auto asked = std::exchange(asked_, {}); asked != Bounds()) ReportResize();
+    if (!asked_) return;
+    // The window manager may have followed the wishes in another order: as one of the same size as
+    // it has given by itself, the last was none.
+    if (insideBefore_ != inside_ && size() == std::exchange(insideBefore_, inside_)) {
+        MoveInside(framed_);
+        settling_.start(settlingTime);
+        return;
+    }
+    const Rect asked = *std::exchange(asked_, {});
+    if (shown_ != asked) instead_ = {asked, RealBounds()};
+    if (asked != Bounds()) ReportResize();
 }
 
 int QtWindow::InnerWidth() const {
@@ -208,12 +251,12 @@ ViewFont QtWindow::DefaultViewFont() const {
 }
 
 void QtWindow::moveEvent(QMoveEvent*) {
-    AllowForFrame();
+    AllowForFrameSoon();
     ReportResize();
 }
 
 void QtWindow::resizeEvent(QResizeEvent*) {
-    AllowForFrame();
+    AllowForFrameSoon();
     LayOut();
 }
 

@@ -1,6 +1,7 @@
 // The main window on Qt: frame and menu bar, and inside them the inner area that the core lays out.
 #pragma once
 
+#include "common/reachable_place.h"
 #include "platform/qt/exit_signals.h"
 #include "platform/window.h"
 
@@ -64,8 +65,10 @@ class QtWindow final : public QWidget, public Window {
     bool KeyEvent(const QKeyEvent&);
     int CodeOf(const QKeyEvent&) const;
     QMargins FrameMargins() const;
+    Rect RealBounds() const;
     void MoveInside(const QMargins& frame);
     void AllowForFrame();
+    void AllowForFrameSoon();
     void Settle();
     void ReportResize();
 
@@ -79,7 +82,11 @@ class QtWindow final : public QWidget, public Window {
     // The rectangle asked for stands for the window's own until the window manager has had its say:
     // what the window system tells in between is partly old and partly without the frame.
     std::optional<Rect> asked_;
+    Rect shown_;                  // where it is shown
+    QSize inside_, insideBefore_; // asked of the window system, for this frame and for the last one
     QMargins framed_; // the frame that the window's size allows for while `asked_` stands
+    std::optional<ShownInstead> instead_; // of what was asked for, from then on
+    QPoint corner_; // where the window would be, for a window system that doesn't say (Wayland)
     QTimer settling_;
     struct {
         int code = 0, shift = 0;

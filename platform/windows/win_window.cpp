@@ -21,8 +21,17 @@ Rect ToRect(const RECT& rectangle) {
             rectangle.bottom - rectangle.top};
 }
 
-int Extent(int asked) {
-    return std::clamp(asked, 1, largestExtent);
+std::vector<Rect> Screens() {
+    std::vector<Rect> screens;
+    const auto add = [](HMONITOR monitor, HDC, RECT*, LPARAM found) -> BOOL {
+        MONITORINFO info = {};
+        info.cbSize = sizeof info;
+        if (GetMonitorInfoW(monitor, &info))
+            reinterpret_cast<std::vector<Rect>*>(found)->push_back(ToRect(info.rcWork));
+        return TRUE;
+    };
+    EnumDisplayMonitors(nullptr, nullptr, add, reinterpret_cast<LPARAM>(&screens));
+    return screens;
 }
 
 bool IsMenuOpen() {
@@ -132,12 +141,16 @@ Rect WinWindow::Bounds() const {
         bounds = placement.rcNormalPosition;
     else
         GetWindowRect(Handle(), &bounds);
-    return ToRect(bounds);
+    return BoundsAsAsked(instead_, ToRect(bounds));
 }
 
 void WinWindow::Move(const Rect& bounds) {
-    SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, Extent(bounds.width),
-                 Extent(bounds.height), SWP_NOZORDER | SWP_NOACTIVATE);
+    const double scale = static_cast<double>(DpiOf(Handle())) / usualDpi;
+    const Rect shown = ReachablePlace(bounds, Screens(), scale);
+    instead_.reset();
+    if (shown != bounds) instead_ = {bounds, shown};
+    SetWindowPos(Handle(), nullptr, shown.left, shown.top, shown.width, shown.height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 int WinWindow::InnerWidth() const {

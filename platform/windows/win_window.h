@@ -1,6 +1,7 @@
 // The main window on Windows: the frame, and inside it the panel that holds both views.
 #pragma once
 
+#include "common/reachable_place.h"
 #include "platform/window.h"
 #include "platform/windows/win_dpi.h"
 #include "platform/windows/win_drops.h"
@@ -68,6 +69,7 @@ class WinWindow final : public Window {
     WinDrops drops_{onFilesDropped};
     WinFont font_;                                  // null: the one of the device
     Shown shown_;                                   // as last reported
+    std::optional<ShownInstead> instead_;           // of what `Move` asked for
     WindowState stateToOpen_ = WindowState::Normal; // until it is open
     bool open_ = false, unloaded_ = false;
     WinNativeWindow frame_, panel_;

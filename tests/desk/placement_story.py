@@ -1,6 +1,8 @@
 """The window comes back where it was."""
+import re
 import unittest
 
+from harness.screen import SIZE
 from harness.story import Story, main
 from harness.wait import wait_for
 from harness.wine import ON_WINE
@@ -14,14 +16,8 @@ class Placement(Story):
     def setUp(self):
         self.program = self.reader().start()
 
-    def wait_until_settled(self):
-        """For a moment after the start the window takes the window manager's doings for answers to
-        its own wishes. Its icon, which it shows last, tells that this is over."""
-        icon = "Icon (" if ON_WINE else "Icon (16 x 16)"
-        wait_for(lambda: icon in self.program.property("_NET_WM_ICON"), "the icon")
-
     def place(self, left, top, width, height):
-        self.wait_until_settled()
+        self.program.wait_until_settled()
         self.program.resize(width, height)
         before = self.program.rectangle()[:2]
         self.screen.xdotool("windowmove", self.program.window, left, top)
@@ -79,6 +75,51 @@ class Placement(Story):
                 self.wait_for_rectangle(now)
         self.program.close()
         self.assertEqual(self.stored(), frame)
+
+    def edit(self, *rectangle):
+        """By hand, while the program does not run."""
+        text = self.program.data_bytes().decode()
+        for key, value in zip(("Left", "Top", "Width", "Height"), rectangle):
+            text = re.sub(rf"(?m)^{key}=.*?(?=\r)", f"{key}={value}", text)
+        with open(self.program.data_path, "wb") as file:
+            file.write(text.encode())
+
+    def is_within_reach(self):
+        """The whole frame: it is smaller than the screen."""
+        left, top, width, height = self.frame()
+        return (left >= 0 and top >= 0 and left + width <= SIZE[0] and top + height <= SIZE[1]
+                and width >= 160 and height >= 100)
+
+    def test_a_rectangle_that_no_hand_could_reach(self):
+        """What the file says stays there until the user moves or sizes the window."""
+        self.program.close()
+        for rectangle in ((5000, 3000, 700, 500), (300, -2000, 400, 300), (200, 150, 1, 1)):
+            with self.subTest(rectangle=rectangle):
+                self.edit(*rectangle)
+                self.program.start()
+                self.program.wait_until_settled()
+                wait_for(self.is_within_reach, "the window to come within reach")
+                self.toggle_and_close()
+                self.assertEqual(self.stored(), rectangle)
+        self.program.start()
+        moved = self.place(200, 200, 500, 400)
+        frame = self.frame()
+        self.program.close()
+        self.assertEqual(self.stored(), frame)
+        self.program.start()
+        self.wait_for_rectangle(moved)
+        self.program.close()
+
+    def toggle_and_close(self):
+        """Its place is the same after it was minimised and, where the story can, maximised."""
+        shown = self.program.rectangle()
+        self.minimise_and_restore()
+        if not ON_WINE:
+            self.toggle_maximised()
+            self.toggle_maximised()
+        self.wait_for_rectangle(shown)
+        self.settled_rectangle()
+        self.program.close()
 
     def test_many_starts_do_not_move_it(self):
         now = self.place(200, 200, 500, 400)

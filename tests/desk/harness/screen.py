@@ -6,13 +6,19 @@ from harness.wait import wait_for
 
 TOOLS = ["Xvfb", "openbox", "xdotool", "xprop", "xwininfo", "xclip", "import"]
 SIZE = (1280, 1024)
-OPENBOX_RULES = os.path.join(os.path.dirname(__file__), "openbox.xml")
+HERE = os.path.dirname(__file__)
+OPENBOX = ("openbox", "--config-file", os.path.join(HERE, "openbox.xml"))
+I3 = ("i3", "-c", os.path.join(HERE, "i3.conf"))
+RATPOISON = ("ratpoison", "-f", "/dev/null")
+NO_WINDOW_MANAGER = ()
 
 
 class Screen:
-    def __init__(self, folder):
+    def __init__(self, folder, window_manager=OPENBOX):
         """`folder` takes the home of the window manager and the servers' messages."""
-        self.folder = folder
+        self.folder, self.window_manager = folder, window_manager
+        # Others do not say which window is the active one.
+        self.tells_active_window = window_manager in (OPENBOX, I3)
         self.environment = {
             "PATH": os.environ["PATH"],
             "HOME": folder,
@@ -22,7 +28,8 @@ class Screen:
         }
         self._processes = []
         self._start_server()
-        self._start_window_manager()
+        if window_manager:
+            self._start_window_manager()
 
     def _start_server(self):
         read, write = os.pipe()
@@ -38,15 +45,15 @@ class Screen:
         self.environment["DISPLAY"] = ":" + number
 
     def _start_window_manager(self):
-        self._spawn(["openbox", "--config-file", OPENBOX_RULES])
-        wait_for(lambda: "window id" in self.output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
+        self._spawn(self.window_manager)
+        wait_for(lambda: "(ATOM)" in self.output("xprop", "-root", "_NET_SUPPORTED"),
                  "the window manager")
 
     def _spawn(self, command, **options):
         with open(os.path.join(self.folder, command[0] + ".log"), "wb") as log:
             self._processes.append(subprocess.Popen(
-                command, env=self.environment, stdin=subprocess.DEVNULL, stdout=log, stderr=log,
-                **options))
+                command, env=self.environment | {"XDG_RUNTIME_DIR": self.folder},
+                stdin=subprocess.DEVNULL, stdout=log, stderr=log, **options))
 
     def output(self, *command):
         """What a tool prints, "" when it fails."""

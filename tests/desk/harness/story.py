@@ -8,7 +8,7 @@ import unittest
 
 from harness.picture import keep
 from harness.reader import Reader
-from harness.screen import Screen, missing_tools
+from harness.screen import OPENBOX, Screen, missing_tools
 from harness.wine import ON_WINE, PROGRAM, shown_path
 
 REAL_BOOKS = os.environ.get("REAL_BOOKS", "")
@@ -17,10 +17,12 @@ SKIPPED = 77  # tells ctest that nothing was tested
 
 
 class Story(unittest.TestCase):
+    window_manager = OPENBOX
+
     @classmethod
     def setUpClass(cls):
         cls.screen_folder = _open_folder()
-        cls.screen = Screen(cls.screen_folder)
+        cls.screen = Screen(cls.screen_folder, cls.window_manager)
 
     @classmethod
     def tearDownClass(cls):
@@ -87,8 +89,9 @@ def _open_folder():
     return os.path.realpath(folder)
 
 
-def main():
-    missing = missing_tools(["wine"] if ON_WINE else [])
+def main(*tools):
+    """`tools`: programs that these stories need besides the usual ones."""
+    missing = missing_tools([*tools, *(["wine"] if ON_WINE else [])])
     if missing or not os.access(PROGRAM, os.X_OK):
         print("skipped; not found:", ", ".join(missing) or "the program, NORVASET_PROGRAM")
         sys.exit(SKIPPED)

@@ -1,0 +1,91 @@
+// What the port of the main window promises, on every back end.
+#include "tests/contract/window_contract.h"
+
+#include "common/reachable_place.h"
+#include "platform/none/none_window.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+
+constexpr Rect reachable{60, 50, 420, 300}, far{30000, -9000, 500, 400}, tiny{200, 150, 1, 1};
+
+void OnEachWindow(const std::function<void(WindowUnderTest&)>& check) {
+    for (const WindowBackEnd& backEnd : WindowBackEnds()) {
+        CAPTURE(backEnd.name);
+        const std::unique_ptr<WindowUnderTest> window = backEnd.make();
+        check(*window);
+    }
+}
+
+bool IsReachable(WindowUnderTest& test) {
+    return ReachablePlace(test.Shown(), test.Screens(), 1) == test.Shown();
+}
+
+class NoneUnderTest final : public WindowUnderTest {
+  public:
+    Window& Get() override { return window_; }
+    Rect Shown() override { return window_.Shown(); }
+    std::vector<Rect> Screens() override { return window_.screens; }
+    void DragTo(const Rect& bounds) override { window_.DragTo(bounds); }
+    void Settle() override {}
+
+  private:
+    NoneWindow window_;
+};
+
+} // namespace
+
+std::unique_ptr<WindowUnderTest> MakeNoneWindow() {
+    return std::make_unique<NoneUnderTest>();
+}
+
+TEST_CASE("window contract: a rectangle on a screen is the one it has") {
+    OnEachWindow([](WindowUnderTest& test) {
+        Window& window = test.Get();
+        window.Move(reachable);
+        CHECK(window.Bounds() == reachable);
+        window.Open();
+        test.Settle();
+        CHECK(window.Bounds() == reachable);
+        CHECK(test.Shown() == reachable);
+    });
+}
+
+TEST_CASE("window contract: one that no hand could reach is shown where one can") {
+    for (const Rect& asked : {far, tiny})
+        OnEachWindow([&](WindowUnderTest& test) {
+            CAPTURE(asked.left);
+            Window& window = test.Get();
+            window.Move(asked);
+            window.Open();
+            test.Settle();
+            CHECK(IsReachable(test));
+            CHECK(window.Bounds() == asked);
+
+            window.Move(reachable);
+            test.Settle();
+            CHECK(window.Bounds() == reachable);
+            window.Move(asked); // while it is open
+            test.Settle();
+            CHECK(IsReachable(test));
+            CHECK(window.Bounds() == asked);
+        });
+}
+
+TEST_CASE("window contract: what its user makes of it counts, wherever it was asked to be") {
+    OnEachWindow([](WindowUnderTest& test) {
+        Window& window = test.Get();
+        window.Move(far);
+        window.Open();
+        test.Settle();
+        int told = 0;
+        WindowEvents events;
+        events.onResize = [&] { ++told; };
+        window.SetEvents(events);
+        test.DragTo(reachable);
+        test.Settle();
+        CHECK(window.Bounds() == reachable);
+        CHECK(told > 0);
+    });
+}
