@@ -14,7 +14,11 @@ void ShowBookMessage(MainForm& form, const std::u16string& text) {
     message.icon = MessageIcon::Exclamation;
     message.helpButton = true;
     message.helpTopic = "mFileOpen";
-    form.ports.dialogs->ShowMessage(message);
+    ShowMessageOverWindow(form, message);
+}
+
+void TellOfNoHtmlView(MainForm& form, const std::u16string& path) {
+    ShowBookMessage(form, path + u"\r\nThis program has no view for HTML books.");
 }
 
 bool IsStorablePath(const std::u16string& path) {

@@ -30,3 +30,4 @@ std::optional<std::string> ExamineBookFile(MainForm&, const std::u16string& path
 std::optional<BookContent> ReadBookFile(MainForm&, const std::u16string& path);
 
 void ShowBookMessage(MainForm&, const std::u16string& text); // exclamation, with a Help button
+void TellOfNoHtmlView(MainForm&, const std::u16string& path);

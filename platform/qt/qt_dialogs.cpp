@@ -1,7 +1,7 @@
 #include "platform/qt/qt_dialogs.h"
 
 #include "platform/qt/color_dialog.h"
-#include "platform/qt/file_filter.h"
+#include "platform/qt/file_dialog.h"
 #include "platform/qt/find_dialog.h"
 #include "platform/qt/font_dialog.h"
 #include "platform/qt/handler.h"
@@ -10,12 +10,9 @@
 #include "platform/qt/window_icon.h"
 
 #include <QApplication>
-#include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
-
-#include <algorithm>
 
 namespace {
 
@@ -54,25 +51,7 @@ void QtDialogs::AddHelpButton(QMessageBox& box, const std::string& topic) const 
 }
 
 OpenFileAnswer QtDialogs::OpenFile(const OpenFileRequest& request) {
-    QFileDialog dialog(owner_, ToQt(request.title), ToQt(request.initialFolder));
-    const QStringList filters = QtNameFilters(ToQt(request.filter));
-    dialog.setFileMode(QFileDialog::ExistingFile);
-    dialog.setOption(
-        QFileDialog::HideNameFilterDetails); // the names tell the patterns, more legibly
-    dialog.setNameFilters(filters);
-    if (request.filterIndex >= 1 && request.filterIndex <= filters.size())
-        dialog.selectNameFilter(filters[request.filterIndex - 1]);
-    if (!request.fileName.empty()) dialog.selectFile(ToQt(request.fileName));
-
-    OpenFileAnswer answer;
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return answer;
-    // Qt puts U+FFFD for what it cannot decode in a name.
-    answer.fileName = FromQt(dialog.selectedFiles().constFirst());
-    std::ranges::replace(answer.fileName, u'\uFFFD', u'?');
-    answer.filterIndex =
-        std::max(1, static_cast<int>(filters.indexOf(dialog.selectedNameFilter())) + 1);
-    answer.result = DialogResult::Ok;
-    return answer;
+    return AskFile(owner_, request);
 }
 
 std::u16string QtDialogs::AskText(const std::u16string& title, const std::u16string& prompt) {
