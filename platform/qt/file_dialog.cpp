@@ -4,6 +4,7 @@
 #include "platform/qt/qt_text.h"
 
 #include <QDialogButtonBox>
+#include <QEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
