@@ -14,5 +14,6 @@ bool LooksLikeHtml(std::string_view bytes) {
     const std::size_t start = bytes.find_first_not_of(skipped);
     if (start == bytes.npos || bytes[start] != '<') return false;
     const std::size_t next = bytes.find_first_not_of('\0', start + 1);
-    return next != bytes.npos && (IsLetter(bytes[next]) || bytes[next] == '!' || bytes[next] == '?');
+    return next != bytes.npos &&
+           (IsLetter(bytes[next]) || bytes[next] == '!' || bytes[next] == '?');
 }

@@ -3,12 +3,16 @@
 #include "platform/qt/file_filter.h"
 #include "platform/qt/qt_text.h"
 
+#include <QAbstractItemView>
+#include <QCompleter>
 #include <QDialogButtonBox>
 #include <QEvent>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QPushButton>
 
 #include <algorithm>
@@ -32,6 +36,13 @@ class FileDialog final : public QFileDialog {
     int FilterIndex() const { return NumberOfNameFilter(filters_, selectedNameFilter()); }
 
   protected:
+    void accept() override {
+        const QStringList files = selectedFiles();
+        if (const QString typed = TypedFile(); !typed.isEmpty() && files.value(0) != typed)
+            list_->clearSelection(); // which a folder passed on the way to the name may have left
+        QFileDialog::accept();
+    }
+
     void showEvent(QShowEvent* event) override {
         if (!open_) AdoptWidgets();
         QFileDialog::showEvent(event);
@@ -39,6 +50,7 @@ class FileDialog final : public QFileDialog {
 
     bool eventFilter(QObject* object, QEvent* event) override {
         if (object == open_ && event->type() == QEvent::EnabledChange) AllowTypedFile();
+        if (object == completions_ && OpensTyped(*event)) return true;
         return QFileDialog::eventFilter(object, event);
     }
 
@@ -46,25 +58,48 @@ class FileDialog final : public QFileDialog {
     // Those of Qt's own dialog; the desktop's has others, of its own process or toolkit.
     void AdoptWidgets() {
         const auto* buttons = findChild<QDialogButtonBox*>();
-        const auto* name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
         open_ = buttons ? buttons->button(QDialogButtonBox::Open) : nullptr;
-        if (!open_ || !name) return;
+        name_ = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        list_ = findChild<QListView*>(QStringLiteral("listView"));
+        if (!open_ || !name_ || !list_) return;
         open_->installEventFilter(this);
-        connect(name, &QLineEdit::textChanged, this, &FileDialog::AllowTypedFile);
+        connect(name_, &QLineEdit::textChanged, this, &FileDialog::AllowTypedFile);
+        completions_ = name_->completer() ? name_->completer()->popup() : nullptr;
+        if (completions_) completions_->installEventFilter(this);
         auto* label = findChild<QLabel*>(QStringLiteral("fileTypeLabel"));
         auto* types = findChild<QWidget*>(QStringLiteral("fileTypeCombo"));
         if (label && types) label->setBuddy(types);
     }
 
+    // The file whose name or path is in the box; "" for none.
+    QString TypedFile() const {
+        if (!name_ || !list_ || name_->text().isEmpty()) return {};
+        const QFileInfo file(directory(), name_->text());
+        return file.isFile() ? file.absoluteFilePath() : QString();
+    }
+
     // Qt greys the button for a file that the filter hides, but would open it.
     void AllowTypedFile() {
-        if (open_->isEnabled()) return;
-        const QStringList files = selectedFiles();
-        if (!files.isEmpty() && QFileInfo(files.constFirst()).isFile()) open_->setEnabled(true);
+        if (!open_->isEnabled() && !TypedFile().isEmpty()) open_->setEnabled(true);
+    }
+
+    // The list of completions comes up when it has been read, and would take the key for itself:
+    // also from a name that is complete, with nothing picked from the list.
+    bool OpensTyped(const QEvent& event) {
+        if (event.type() != QEvent::KeyPress) return false;
+        const int key = static_cast<const QKeyEvent&>(event).key();
+        const bool confirms = key == Qt::Key_Return || key == Qt::Key_Enter;
+        if (!confirms || completions_->selectionModel()->hasSelection()) return false;
+        completions_->hide();
+        open_->click();
+        return true;
     }
 
     const QStringList filters_;
     QPushButton* open_ = nullptr;
+    QLineEdit* name_ = nullptr;
+    QListView* list_ = nullptr;
+    QAbstractItemView* completions_ = nullptr;
 };
 
 } // namespace

@@ -10,6 +10,8 @@
 #include "platform/qt/window_icon.h"
 
 #include <QApplication>
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
@@ -36,6 +38,18 @@ void AddButtons(QMessageBox& box, const Message& message) {
     box.setDefaultButton(message.cancelIsDefault ? QMessageBox::Cancel : QMessageBox::Ok);
     box.setEscapeButton(message.buttons == MessageButtons::OkCancel ? QMessageBox::Cancel
                                                                     : QMessageBox::Ok);
+}
+
+// Window managers put an icon and up to three buttons beside the title, and cut it where there is
+// no room; Qt allows for less.
+void MakeRoomForTitle(QMessageBox& box) {
+    constexpr int besideTitle = 12; // in heights of a line
+    QFont font = QApplication::font();
+    font.setBold(true);
+    const QFontMetrics metrics(font);
+    const int width = metrics.horizontalAdvance(box.windowTitle()) + besideTitle * metrics.height();
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    if (grid) grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, -1);
 }
 
 } // namespace
@@ -90,6 +104,8 @@ DialogResult QtDialogs::ShowMessage(const Message& message) {
     if (message.icon == MessageIcon::Application) box.setIconPixmap(ProgramIcon().pixmap(iconSize));
     AddButtons(box, message);
     if (message.helpButton) AddHelpButton(box, message.helpTopic);
+    MakeRoomForTitle(box);
+    if (box.windowIcon().isNull()) box.setWindowIcon(ProgramIcon()); // the window's comes when idle
     return box.exec() == QMessageBox::Ok ? DialogResult::Ok : DialogResult::Cancel;
 }
 

@@ -11,9 +11,9 @@ namespace {
 constexpr int usualDpi = 96;
 constexpr int largestExtent = 16384; // pixels; drawing takes no larger ones
 constexpr UINT_PTR closeTimer = 1;
-constexpr UINT closeDelay = 50;    // milliseconds, for a dialog or menu to go away
+constexpr UINT closeDelay = 50;           // milliseconds, for a dialog or menu to go away
 constexpr UINT shownMessage = WM_APP + 3; // the menu bar has those before
-constexpr double readingSize = 12; // points
+constexpr double readingSize = 12;        // points
 constexpr double twipsPerInch = 1440;
 constexpr int pageWidth = 860, pageHeight = 960; // pixels at the usual resolution
 

@@ -146,5 +146,6 @@ TEST_CASE("qt file dialog: the button stays grey for what is no file") {
                       parts.TypeName(name);
                       QApplication::processEvents();
                       CHECK_FALSE(parts.open->isEnabled());
-                  }).result == DialogResult::Cancel);
+                  })
+                  .result == DialogResult::Cancel);
 }

@@ -43,6 +43,11 @@ int main() {
         Tell(std::to_wstring(count - 1) + L":" + argument);
         return 0;
     }
+    if (Variable(HelperDoes) == HelperNames) {
+        const std::wstring own = arguments[0];
+        Tell(own.substr(own.find_last_of(L"\\/") + 1) + L":" + argument);
+        return 0;
+    }
     if (Variable(HelperDoes) == HelperReplaces) ReplaceForever(FromWide(argument));
     WinShell shell;
     Tell(shell.BecomeOnlyInstance(FromWide(argument)) ? L"yes" : L"no");

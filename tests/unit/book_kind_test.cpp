@@ -23,11 +23,11 @@ TEST_CASE("book kind: a name tells the type in whose list it stands") {
     CHECK(ListedPatterns() ==
           std::vector<std::u16string>{u"*.txt", u"*.rtf", u"*.htm;*.html;*.xhtml", u"*.*"});
     const std::pair<const char16_t*, int> table[] = {
-        {u"/b/a.txt", TextBook},   {u"/b/A.TXT", TextBook},    {u"C:\\b\\a.rtf", RichTextBook},
-        {u"/b/a.htm", HtmlBook},   {u"/b/a.HTML", HtmlBook},   {u"/b/a.xhtml", HtmlBook},
-        {u"/b/a.txt.rtf", RichTextBook}, {u".htm", HtmlBook},  {u"/b/a.shtml", OtherBook},
-        {u"/b/a.xhtm", OtherBook}, {u"/b/htm", OtherBook},     {u"/b.txt/a", OtherBook},
-        {u"/b/a.txt ", OtherBook}, {u"", OtherBook},           {u"/b/README", OtherBook},
+        {u"/b/a.txt", TextBook},         {u"/b/A.TXT", TextBook},  {u"C:\\b\\a.rtf", RichTextBook},
+        {u"/b/a.htm", HtmlBook},         {u"/b/a.HTML", HtmlBook}, {u"/b/a.xhtml", HtmlBook},
+        {u"/b/a.txt.rtf", RichTextBook}, {u".htm", HtmlBook},      {u"/b/a.shtml", OtherBook},
+        {u"/b/a.xhtm", OtherBook},       {u"/b/htm", OtherBook},   {u"/b.txt/a", OtherBook},
+        {u"/b/a.txt ", OtherBook},       {u"", OtherBook},         {u"/b/README", OtherBook},
     };
     for (const auto& [path, kind] : table) {
         CAPTURE(std::u16string(path));
@@ -96,8 +96,7 @@ TEST_CASE("book kind: what looks like HTML") {
     using namespace std::string_view_literals;
     for (const std::string_view html :
          {"<html>"sv, "<p>"sv, "<H1>x"sv, "<!DOCTYPE html>"sv, "<!-- a remark -->"sv, "<?xml"sv,
-          "\r\n\t <body>"sv, "\xEF\xBB\xBF<html>"sv, "\xFF\xFE<\0h\0t\0"sv,
-          "\xFE\xFF\0<\0h\0t"sv})
+          "\r\n\t <body>"sv, "\xEF\xBB\xBF<html>"sv, "\xFF\xFE<\0h\0t\0"sv, "\xFE\xFF\0<\0h\0t"sv})
         CHECK(LooksLikeHtml(html));
     for (const std::string_view other :
          {""sv, " "sv, "<"sv, "< p>"sv, "<3"sv, "</p>"sv, "<<guillemets>>"sv, "x<html>"sv,

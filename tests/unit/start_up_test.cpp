@@ -230,7 +230,8 @@ TEST_CASE("start-up: a message waits for the window") {
     CHECK(test.Dialogs().messages.size() == 2);
 }
 
-TEST_CASE("start-up: messages that wait come when a command is done, and not over a closed window") {
+TEST_CASE(
+    "start-up: messages that wait come when a command is done, and not over a closed window") {
     TestForm test;
     test.form.ports.launch.commandLine = u"/b/gone.txt";
     REQUIRE(Form_Load(test.form));
