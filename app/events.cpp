@@ -26,6 +26,12 @@ void TakePageEvents(MainForm& form) {
         RunCommand(form, [&] { wbMain_DocumentComplete(form, *url); });
     if (std::exchange(form.page.gone, false)) RunCommand(form, [&] { wbMain_Gone(form); });
 }
+
+void TakeWaitingMessages(MainForm& form) {
+    const StartMessages& messages = form.startMessages;
+    if (form.handling || !messages.windowShown || messages.waiting.empty()) return;
+    RunCommand(form, [&] { ShowWaitingMessages(form); });
+}
 } // namespace
 
 namespace {
@@ -50,6 +56,7 @@ void RunCommand(MainForm& form, const std::function<void()>& command) {
             TellFailure(form, u"The command could not be completed.");
         }
     }
+    TakeWaitingMessages(form);
     TakePageEvents(form);
 }
 
@@ -85,6 +92,10 @@ void ConnectHtmlView(MainForm& form) {
 
 void ConnectEvents(MainForm& form) {
     WindowEvents events;
+    events.onShown = [&form] {
+        form.startMessages.windowShown = true;
+        TakeWaitingMessages(form);
+    };
     events.onResize = [&form] { fwMain_Resize(form); };
     events.onUnload = [&form] { Form_Unload(form); };
     events.onKeyDown = [&form](int key, int shift) {

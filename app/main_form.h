@@ -8,6 +8,7 @@
 #include "platform/ports.h"
 #include "shell/date_texts.h"
 #include "shell/layout.h"
+#include "shell/start_messages.h"
 
 #include <memory>
 #include <string>
@@ -41,6 +42,7 @@ struct MainForm {
     WindowPlacement placement;
     int resizeNesting = 0;
     std::u16string toSaveTag; // the autosave's tick counter, as text
+    StartMessages startMessages;
 
     bool ProfileSwitching = false; // start-up's first switch into a profile
     bool ProfileChanging = false;  // a switch into a profile is running

@@ -7,14 +7,22 @@
 
 #include <algorithm>
 
-void ShowBookMessage(MainForm& form, const std::u16string& text, const char* topic) {
+Message BookMessage(const MainForm& form, const std::u16string& text, const char* topic) {
     Message message;
     message.text = text;
     message.title = form.productTitle + u" Message";
     message.icon = MessageIcon::Exclamation;
     message.helpButton = true;
     message.helpTopic = topic;
-    form.ports.dialogs->ShowMessage(message);
+    return message;
+}
+
+void ShowBookMessage(MainForm& form, const std::u16string& text, const char* topic) {
+    ShowMessageOverWindow(form, BookMessage(form, text, topic));
+}
+
+void TellOfNoHtmlView(MainForm& form, const std::u16string& path) {
+    ShowBookMessage(form, path + u"\r\nThis program has no view for HTML books.");
 }
 
 bool IsStorablePath(const std::u16string& path) {

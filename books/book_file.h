@@ -1,6 +1,7 @@
 // Reading book files, and telling the user why one cannot be opened.
 #pragma once
 
+#include "platform/dialogs.h"
 #include "platform/files.h"
 
 #include <cstdint>
@@ -29,5 +30,8 @@ std::optional<std::string> ExamineBookFile(MainForm&, const std::u16string& path
 // Opens the file; nothing when it cannot be read. The user has then been told.
 std::optional<BookContent> ReadBookFile(MainForm&, const std::u16string& path);
 
-// With an exclamation mark, and a Help button that opens the help at `topic`.
+// A message with an exclamation mark, and a Help button that opens the help at `topic`.
+Message BookMessage(const MainForm&, const std::u16string& text, const char* topic = "mFileOpen");
+// Shows it, on the window.
 void ShowBookMessage(MainForm&, const std::u16string& text, const char* topic = "mFileOpen");
+void TellOfNoHtmlView(MainForm&, const std::u16string& path);

@@ -1,6 +1,7 @@
 #include "books/book_kind.h"
 
 #include "common/text.h"
+#include "formats/html_start.h"
 #include "formats/rtf_reader.h"
 
 #include <algorithm>
@@ -36,17 +37,37 @@ bool MatchesPattern(std::u16string_view text, std::u16string_view pattern) {
     return std::ranges::all_of(pattern.substr(p), [](char16_t unit) { return unit == u'*'; });
 }
 
-// The filter's pattern names the short form of old file systems only.
-bool IsPageName(std::u16string_view path) {
-    return MatchesPattern(path, u"*.htm") || MatchesPattern(path, u"*.html") ||
-           MatchesPattern(path, u"*.xhtml");
+std::vector<std::u16string> ListedPatterns() {
+    auto patterns = GetFilterPatterns(bookFilter);
+    patterns[HtmlBook] += u";*.html;*.xhtml";
+    return patterns;
+}
+
+int KindOfName(std::u16string_view path) {
+    const auto lists = ListedPatterns();
+    const auto match = std::ranges::find_if(lists, [&](const std::u16string& list) {
+        return std::ranges::any_of(Split(list, u";"), [&](const std::u16string& pattern) {
+            return MatchesPattern(path, pattern);
+        });
+    });
+    return static_cast<int>(match - lists.begin());
 }
 
 int KindOfBook(std::u16string_view path, std::string_view firstBytes) {
-    if (LooksLikeRtf(firstBytes)) return RichTextBook;
-    if (IsPageName(path)) return HtmlBook;
-    const auto patterns = GetFilterPatterns(bookFilter);
-    const auto match = std::ranges::find_if(
-        patterns, [&](const std::u16string& pattern) { return MatchesPattern(path, pattern); });
-    return static_cast<int>(match - patterns.begin());
+    return LooksLikeRtf(firstBytes) ? RichTextBook : KindOfName(path);
+}
+
+int KindOfChoice(std::u16string_view path, int filterIndex) {
+    const int type = filterIndex - 1, named = KindOfName(path);
+    if (type < TextBook || type >= OtherBook) return KindFromFile;
+    return named == OtherBook ? type : named;
+}
+
+int KindOfListedBook(int listed, int asked, std::u16string_view path, std::string_view firstBytes) {
+    if (asked != KindFromFile) return asked;
+    if (listed == RichTextBook || listed == HtmlBook) return listed;
+    const int named = KindOfName(path);
+    const bool certain = (named == RichTextBook && LooksLikeRtf(firstBytes)) ||
+                         (named == HtmlBook && LooksLikeHtml(firstBytes));
+    return certain ? named : listed;
 }

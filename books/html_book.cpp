@@ -16,6 +16,10 @@
 
 #include <algorithm>
 
+bool CanShowPages(const MainForm& form) {
+    return form.ports.htmlView && form.ports.htmlView->IsAvailable();
+}
+
 bool IsPageShown(const MainForm& form) {
     return !form.page.path.empty();
 }

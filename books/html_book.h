@@ -27,8 +27,9 @@ struct HtmlPage {
     bool gone = false;
 };
 
-bool IsPageShown(const MainForm&); // the shown book is an HTML book, loaded or not
-bool HasPageBody(const MainForm&); // and its document is there
+bool CanShowPages(const MainForm&); // this front has an HTML view that works
+bool IsPageShown(const MainForm&);  // the shown book is an HTML book, loaded or not
+bool HasPageBody(const MainForm&);  // and its document is there
 
 // Shows the view and starts to load the book. The rest follows when the document is complete.
 void ShowInHtmlView(MainForm&, const BookRecord&, Color backColor);

@@ -6,12 +6,12 @@
 
 struct MainForm;
 
-// Opens the book at a full path. `kind` is a BookKind, or -1 to tell it from the file. Of a book
-// that cannot be opened the user is told, and nothing changes.
+// Opens the book at a full path. `kind` is a BookKind, or KindFromFile (-1). Of a book that cannot
+// be opened the user is told, and nothing changes.
 void OpenBook(MainForm&, const std::u16string& path, int kind);
 
-// The history index of `path`, added to the list when it is new, without showing it; -1 (said so to
-// the user) when it cannot be opened.
+// The history index of `path`, added to the list when it is new, put right when its kind is another
+// one, without showing it; -1 (said so to the user) when it cannot be opened.
 int AddBook(MainForm&, const std::u16string& path, int kind);
 
 void mFileList_Click(MainForm&, int index); // shows the book of a history item

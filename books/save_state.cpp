@@ -14,7 +14,9 @@ std::u16string FlagText(bool on) {
     return on ? u"1" : u"0";
 }
 
-void TakeLook(const MainForm& form, BookRecord& record) {
+} // namespace
+
+void TakePresentLook(const MainForm& form, BookRecord& record) {
     const ViewFont& font = form.viewFont;
     record[Field::FontName] = Replace(font.name, u"=", u"");
     record[Field::FontSize] = NumberText(RoundToEven(font.size));
@@ -27,6 +29,7 @@ void TakeLook(const MainForm& form, BookRecord& record) {
     record[Field::ForeColor] = NumberText(form.textColor);
 }
 
+namespace {
 void UpdateRecord(MainForm& form, int index, bool takesPlace) {
     BookRecord record = BookRecord::Parse(form.menu.mFileList[index].tag);
     record[Field::Access] = StoredDateTime(form.ports.clock->Now());
@@ -35,7 +38,7 @@ void UpdateRecord(MainForm& form, int index, bool takesPlace) {
     if (record.Number(Field::Filter) == HtmlBook) {
         TakePageState(form, record, takesPlace);
     } else {
-        TakeLook(form, record);
+        TakePresentLook(form, record);
         if (takesPlace) record[Field::LastPos] = NumberText(FirstVisibleChar(*form.ports.textView));
     }
     form.menu.mFileList[index].tag = record.ToText();

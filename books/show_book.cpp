@@ -81,8 +81,8 @@ void MakeFirst(MainForm& form, int index) {
 std::optional<BookContent> ReadBookToShow(MainForm& form, int index) {
     const BookRecord record = BookRecord::Parse(form.menu.mFileList[index].tag);
     const bool html = record.Number(Field::Filter) == HtmlBook;
-    if (html && !(form.ports.htmlView && form.ports.htmlView->IsAvailable())) {
-        ShowBookMessage(form, record.Path() + u"\r\nThis program has no view for HTML books.");
+    if (html && !CanShowPages(form)) {
+        TellOfNoHtmlView(form, record.Path());
         return std::nullopt;
     }
     const Hourglass hourglass(*form.ports.textView);

@@ -33,15 +33,18 @@ enum class DialogResult { Failed = 0, Ok = 1, Cancel = 2 };
 struct OpenFileRequest {
     std::u16string title;
     std::u16string filter; // "Name|pattern|Name|pattern|"
+    // What is listed for each type of the filter, ";" between patterns. A type without patterns
+    // here lists its own.
+    std::vector<std::u16string> listed;
     std::u16string initialFolder;
     std::u16string fileName;
-    int filterIndex = 1; // from 1
+    int filterIndex = 1; // the type that the dialog begins with, from 1
 };
 
 struct OpenFileAnswer {
     DialogResult result = DialogResult::Cancel;
     std::u16string fileName; // full path; see Files for "?"
-    int filterIndex = 1;
+    int filterIndex = 1;     // the type in the dialog's box when the file was chosen
 };
 
 struct ColorAnswer {
@@ -73,6 +76,7 @@ class Dialogs {
   public:
     virtual ~Dialogs() = default;
 
+    // An existing file; one that its type does not list can be chosen by typing its name or path.
     virtual OpenFileAnswer OpenFile(const OpenFileRequest&) = 0;
     // One line of text; "" when cancelled.
     virtual std::u16string AskText(const std::u16string& title, const std::u16string& prompt) = 0;

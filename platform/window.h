@@ -26,6 +26,8 @@ enum VirtualKey {
 enum ShiftMask { ShiftKey = 1, CtrlKey = 2, AltKey = 4 };
 
 struct WindowEvents {
+    // The window has been shown for the first time. Never from within `Open`.
+    std::function<void()> onShown;
     std::function<void()> onResize; // moved, resized or changed state
     std::function<void()> onUnload; // closing; the window goes after it returns
     std::function<void(int keyCode, int shift)> onKeyDown;

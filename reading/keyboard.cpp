@@ -18,6 +18,7 @@ struct Shortcut {
     int key, shift;
     MenuArray MenuTree::*menu; // its opening decides whether the command can be chosen
     MenuArray MenuTree::*command;
+    MenuArray MenuTree::*enabledWith = command; // the item that says whether the key counts
 };
 
 constexpr Shortcut shortcuts[] = {
@@ -25,18 +26,18 @@ constexpr Shortcut shortcuts[] = {
     {'C', CtrlKey, &MenuTree::mEdit, &MenuTree::mEditCopy},
     {'A', CtrlKey, &MenuTree::mEdit, &MenuTree::mEditAll},
     {'F', CtrlKey, &MenuTree::mEdit, &MenuTree::mEditFind},
-    {F3Key, 0, &MenuTree::mEdit, &MenuTree::mEditNext},
+    // Greyed in the menu while there is nothing to find yet: the key then asks for it.
+    {F3Key, 0, &MenuTree::mEdit, &MenuTree::mEditNext, &MenuTree::mEditFind},
     {F5Key, 0, &MenuTree::mView, &MenuTree::mViewRefresh},
     {'D', CtrlKey, &MenuTree::mBookmark, &MenuTree::mBookmarkNew},
     {F1Key, 0, &MenuTree::mHelp, &MenuTree::mHelpTopics},
 };
 
-bool Choose(MainForm& form, MenuArray& menu, MenuArray& command) {
-    const MenuHandler opening = HandlerOf(menu), click = HandlerOf(command);
+void Choose(MainForm& form, const Shortcut& shortcut) {
+    MenuArray& menu = form.menu.*shortcut.menu;
+    const MenuHandler opening = HandlerOf(menu), click = HandlerOf(form.menu.*shortcut.command);
     if (opening && menu[0].enabled) opening(form, 0);
-    if (!click || !menu[0].enabled || !command[0].enabled) return false;
-    click(form, 0);
-    return true;
+    if (click && menu[0].enabled && (form.menu.*shortcut.enabledWith)[0].enabled) click(form, 0);
 }
 } // namespace
 
@@ -50,8 +51,7 @@ void ShowShortcuts(MainForm& form) {
 
 void Form_KeyDown(MainForm& form, int keyCode, int shift) {
     for (const Shortcut& shortcut : shortcuts)
-        if (shortcut.key == keyCode && shortcut.shift == shift)
-            Choose(form, form.menu.*shortcut.menu, form.menu.*shortcut.command);
+        if (shortcut.key == keyCode && shortcut.shift == shift) Choose(form, shortcut);
     if (keyCode == LeftKey && shift == AltKey) GoBackAlongLinks(form);
     if (keyCode == F4Key && shift == AltKey) form.ports.window->Close();
 }

@@ -26,6 +26,9 @@ class NoneWindow : public Window {
     ViewFont DefaultViewFont() const override;
 
     const WindowEvents& Events() const { return events_; }
+    void ComeUp() { // what the event loop does after `Open`
+        if (open && events_.onShown) events_.onShown();
+    }
 
     // A user's doing, with the event it causes.
     void DragTo(const Rect&);

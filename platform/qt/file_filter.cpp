@@ -1,5 +1,9 @@
 #include "platform/qt/file_filter.h"
 
+#include "platform/qt/qt_text.h"
+
+#include <algorithm>
+
 namespace {
 
 QString InAnyCase(const QString& pattern) {
@@ -16,11 +20,14 @@ QString InAnyCase(const QString& pattern) {
 
 } // namespace
 
-QStringList QtNameFilters(const QString& filter) {
-    const QStringList parts = filter.split(QLatin1Char('|'));
+QStringList QtNameFilters(const OpenFileRequest& request) {
+    const QStringList parts = ToQt(request.filter).split(QLatin1Char('|'));
     QStringList filters;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-        QStringList patterns = parts[i + 1].split(QLatin1Char(';'), Qt::SkipEmptyParts);
+        const auto type = static_cast<std::size_t>(i / 2);
+        const bool listsMore = type < request.listed.size() && !request.listed[type].empty();
+        const QString list = listsMore ? ToQt(request.listed[type]) : parts[i + 1];
+        QStringList patterns = list.split(QLatin1Char(';'), Qt::SkipEmptyParts);
         for (QString& pattern : patterns) {
             pattern = pattern.trimmed();
             // Names without a dot count as files of any kind, too.
@@ -29,4 +36,13 @@ QStringList QtNameFilters(const QString& filter) {
         filters += QStringLiteral("%1 (%2)").arg(parts[i], patterns.join(QLatin1Char(' ')));
     }
     return filters;
+}
+
+int NumberOfNameFilter(const QStringList& filters, const QString& selected) {
+    const auto isSelected = [&selected](const QString& filter) {
+        const QString name = filter.left(filter.lastIndexOf(QLatin1String(" (")));
+        return filter == selected || name == selected.trimmed();
+    };
+    const auto found = std::ranges::find_if(filters, isSelected);
+    return static_cast<int>(std::min(found - filters.begin() + 1, filters.size()));
 }

@@ -1,7 +1,7 @@
 #include "platform/qt/qt_dialogs.h"
 
 #include "platform/qt/color_dialog.h"
-#include "platform/qt/file_filter.h"
+#include "platform/qt/file_dialog.h"
 #include "platform/qt/find_dialog.h"
 #include "platform/qt/font_dialog.h"
 #include "platform/qt/handler.h"
@@ -10,12 +10,11 @@
 #include "platform/qt/window_icon.h"
 
 #include <QApplication>
-#include <QFileDialog>
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
-
-#include <algorithm>
 
 namespace {
 
@@ -41,6 +40,18 @@ void AddButtons(QMessageBox& box, const Message& message) {
                                                                     : QMessageBox::Ok);
 }
 
+// Window managers put an icon and up to three buttons beside the title, and cut it where there is
+// no room; Qt allows for less.
+void MakeRoomForTitle(QMessageBox& box) {
+    constexpr int besideTitle = 12; // in heights of a line
+    QFont font = QApplication::font();
+    font.setBold(true);
+    const QFontMetrics metrics(font);
+    const int width = metrics.horizontalAdvance(box.windowTitle()) + besideTitle * metrics.height();
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    if (grid) grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, -1);
+}
+
 } // namespace
 
 QtDialogs::QtDialogs(QWidget* owner) : owner_(owner) {}
@@ -54,25 +65,7 @@ void QtDialogs::AddHelpButton(QMessageBox& box, const std::string& topic) const 
 }
 
 OpenFileAnswer QtDialogs::OpenFile(const OpenFileRequest& request) {
-    QFileDialog dialog(owner_, ToQt(request.title), ToQt(request.initialFolder));
-    const QStringList filters = QtNameFilters(ToQt(request.filter));
-    dialog.setFileMode(QFileDialog::ExistingFile);
-    dialog.setOption(
-        QFileDialog::HideNameFilterDetails); // the names tell the patterns, more legibly
-    dialog.setNameFilters(filters);
-    if (request.filterIndex >= 1 && request.filterIndex <= filters.size())
-        dialog.selectNameFilter(filters[request.filterIndex - 1]);
-    if (!request.fileName.empty()) dialog.selectFile(ToQt(request.fileName));
-
-    OpenFileAnswer answer;
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return answer;
-    // Qt puts U+FFFD for what it cannot decode in a name.
-    answer.fileName = FromQt(dialog.selectedFiles().constFirst());
-    std::ranges::replace(answer.fileName, u'\uFFFD', u'?');
-    answer.filterIndex =
-        std::max(1, static_cast<int>(filters.indexOf(dialog.selectedNameFilter())) + 1);
-    answer.result = DialogResult::Ok;
-    return answer;
+    return AskFile(owner_, request);
 }
 
 std::u16string QtDialogs::AskText(const std::u16string& title, const std::u16string& prompt) {
@@ -111,6 +104,8 @@ DialogResult QtDialogs::ShowMessage(const Message& message) {
     if (message.icon == MessageIcon::Application) box.setIconPixmap(ProgramIcon().pixmap(iconSize));
     AddButtons(box, message);
     if (message.helpButton) AddHelpButton(box, message.helpTopic);
+    MakeRoomForTitle(box);
+    if (box.windowIcon().isNull()) box.setWindowIcon(ProgramIcon()); // the window's comes when idle
     return box.exec() == QMessageBox::Ok ? DialogResult::Ok : DialogResult::Cancel;
 }
 

@@ -93,6 +93,8 @@ void QtWindow::Open() {
     activateWindow(); // a screen without a window manager gives the keyboard to nobody unasked
     windowHandle()->installEventFilter(this);
     if (asked_) settling_.start(settlingTime);
+    QMetaObject::invokeMethod(
+        this, [this] { CallHandler(events_.onShown); }, Qt::QueuedConnection);
     ShowIconWhenIdle(*this);
 }
 

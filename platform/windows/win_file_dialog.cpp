@@ -1,5 +1,6 @@
 #include "platform/windows/win_file_dialog.h"
 
+#include "common/text.h"
 #include "platform/windows/win_text.h"
 
 #include <cderr.h>
@@ -26,11 +27,15 @@ class ComApartment {
     const bool joined_;
 };
 
-// "Name|pattern|Name|pattern|" as the system wants it: a NUL for each "|", and one more.
-std::wstring NativeFilter(const std::u16string& filter) {
-    std::wstring native = ToWide(filter);
-    if (!native.empty() && native.back() != L'|') native += L'|';
-    std::replace(native.begin(), native.end(), L'|', L'\0');
+// Each name and what is listed for it, as the system wants them: a NUL behind each, and one more.
+std::wstring NativeFilter(const OpenFileRequest& request) {
+    const auto parts = Split(request.filter, u"|");
+    std::wstring native;
+    for (std::size_t i = 0; i + 1 < parts.size(); i += 2) {
+        const bool listsMore = i / 2 < request.listed.size() && !request.listed[i / 2].empty();
+        native += ToWide(parts[i]) + L'\0';
+        native += ToWide(listsMore ? request.listed[i / 2] : parts[i + 1]) + L'\0';
+    }
     return native + L'\0';
 }
 
@@ -43,7 +48,7 @@ std::wstring WithBackslashes(const std::u16string& path) {
 
 // The dialog's error, 0 for Cancel; and the answer when there is one.
 DWORD Show(HWND owner, const OpenFileRequest& request, std::wstring name, OpenFileAnswer& answer) {
-    const std::wstring title = ToWide(request.title), filter = NativeFilter(request.filter);
+    const std::wstring title = ToWide(request.title), filter = NativeFilter(request);
     const std::wstring folder = WithBackslashes(request.initialFolder);
     name.resize(LongestPath, L'\0');
     name.back() = L'\0';

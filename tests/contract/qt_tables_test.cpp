@@ -58,9 +58,30 @@ TEST_CASE("desktop entry: the name in the user's language, of the first group on
 }
 
 TEST_CASE("file dialog: filters in Qt's form, whatever the case of a name") {
-    CHECK(QtNameFilters("Text Files (*.txt)|*.txt|Pages|*.htm;*.html|All Files (*.*)|*.*|") ==
-          QStringList{"Text Files (*.txt) (*.[tT][xX][tT])",
-                      "Pages (*.[hH][tT][mM] *.[hH][tT][mM][lL])", "All Files (*.*) (*)"});
-    CHECK(QtNameFilters("").isEmpty());
-    CHECK(QtNameFilters("Name alone").isEmpty());
+    OpenFileRequest request;
+    CHECK(QtNameFilters(request).isEmpty());
+    request.filter = u"Name alone";
+    CHECK(QtNameFilters(request).isEmpty());
+    request.filter = u"Text Files (*.txt)|*.txt|Pages|*.htm|All Files (*.*)|*.*|";
+    CHECK(QtNameFilters(request) == QStringList{"Text Files (*.txt) (*.[tT][xX][tT])",
+                                                "Pages (*.[hH][tT][mM])", "All Files (*.*) (*)"});
+    request.listed = {u"", u"*.htm;*.html"}; // and nothing said of the last
+    CHECK(QtNameFilters(request) == QStringList{"Text Files (*.txt) (*.[tT][xX][tT])",
+                                                "Pages (*.[hH][tT][mM] *.[hH][tT][mM][lL])",
+                                                "All Files (*.*) (*)"});
+}
+
+TEST_CASE("file dialog: which filter is selected, told with its patterns or without") {
+    OpenFileRequest request;
+    request.filter = u"Text Files (*.txt)|*.txt|Pages|*.htm|All Files (*.*)|*.*|";
+    const QStringList filters = QtNameFilters(request);
+    for (int number = 1; number <= 3; ++number) {
+        const QString& filter = filters[number - 1];
+        CHECK(NumberOfNameFilter(filters, filter) == number);
+        CHECK(NumberOfNameFilter(filters, filter.left(filter.lastIndexOf(" ("))) == number);
+        CHECK(NumberOfNameFilter(filters, filter.left(filter.lastIndexOf("("))) == number);
+    }
+    for (const char* none : {"", "Text Files", "Text Files (*.rtf)", "("})
+        CHECK(NumberOfNameFilter(filters, none) == 3);
+    CHECK(NumberOfNameFilter({}, "Pages") == 0);
 }

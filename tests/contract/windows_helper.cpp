@@ -44,6 +44,11 @@ int main() {
         Tell(std::to_wstring(count - 1) + L":" + argument);
         return 0;
     }
+    if (Variable(HelperDoes) == HelperNames) {
+        const std::wstring own = arguments[0];
+        Tell(own.substr(own.find_last_of(L"\\/") + 1) + L":" + argument);
+        return 0;
+    }
     if (Variable(HelperDoes) == HelperReplaces) ReplaceForever(FromWide(argument));
     if (Variable(HelperDoes) == HelperKeeps) {
         const WinHandle file(CreateFileW(argument.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,

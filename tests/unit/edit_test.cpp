@@ -135,14 +135,20 @@ TEST_CASE("find: the window may be closed while it searches") {
 TEST_CASE("find: next without a text asks for one, with the selection as its start") {
     Reading test("one two");
     test.View().Select(4, 3);
-    test.Window().Events().onKeyDown(114, 0); // greyed in the menu, so the key does nothing either
-    CHECK(test.Dialogs().findRequests.empty());
-    test.Choose(test.Menu().mEditFind);
+    test.Menus().Open(test.Menu().mEdit);
+    CHECK_FALSE(test.Menu().mEditNext[0].enabled);
+    test.Window().Events().onKeyDown(F3Key, 0);
     REQUIRE(test.Dialogs().findRequests.size() == 1);
     CHECK(test.Dialogs().findRequests[0].text == u"two");
     CHECK(test.Dialogs().findRequests[0].font.name == u"Plain");
     CHECK(test.Dialogs().findRequests[0].font.size == 8);
     CHECK(test.Dialogs().findRequests[0].title == u"Find");
+}
+
+TEST_CASE("find: in no text F3 asks for nothing") {
+    Reading test("");
+    test.Window().Events().onKeyDown(F3Key, 0);
+    CHECK(test.Dialogs().findRequests.empty());
 }
 
 TEST_CASE("find: past searches are kept with the book, newest first, at most 20") {

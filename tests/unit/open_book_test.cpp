@@ -31,20 +31,6 @@ TEST_CASE("charsets: names, pages and character sets") {
         CHECK(CharsetToCodePage(CodePageToCharset(page)) == page);
 }
 
-TEST_CASE("book kind: from the first line, else from the name") {
-    CHECK(GetFilterPatterns(bookFilter) ==
-          std::vector<std::u16string>{u"*.txt", u"*.rtf", u"*.htm", u"*.*"});
-    CHECK(KindOfBook(u"/b/a.txt", "{\\RTF1 x}") == RichTextBook);
-    CHECK(KindOfBook(u"/b/a.TXT", "plain") == TextBook);
-    CHECK(KindOfBook(u"/b/a.rtf", "plain") == RichTextBook);
-    CHECK(KindOfBook(u"/b/a.htm", "<html>") == HtmlBook);
-    CHECK(KindOfBook(u"/b/a.log", "") == OtherBook);
-    CHECK(KindOfBook(u"/b/README", "") == OtherBook);
-    CHECK(MatchesPattern(u"abcabd", u"a*abd"));
-    CHECK(MatchesPattern(u"abc", u"?b*"));
-    CHECK_FALSE(MatchesPattern(u"abc", u"b*"));
-}
-
 TEST_CASE("open: rich text in capitals is told from its content, for All Files only") {
     TestForm test;
     test.PutBook(u"/b/a.txt", "{\\RTF1 Hello}");
@@ -55,6 +41,7 @@ TEST_CASE("open: rich text in capitals is told from its content, for All Files o
     REQUIRE(test.Dialogs().openRequests.size() == 1);
     CHECK(test.Dialogs().openRequests[0].title == u"Open File");
     CHECK(test.Dialogs().openRequests[0].filter == bookFilter);
+    CHECK(test.Dialogs().openRequests[0].listed == ListedPatterns());
     CHECK(test.Dialogs().openRequests[0].initialFolder == u"/");
     test.PutBook(u"/b/b.log");
     OpenByDialog(test, u"/b/b.log", 1);

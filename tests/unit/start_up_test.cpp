@@ -1,5 +1,6 @@
 #include "test_form.h"
 
+#include "app/events.h"
 #include "books/open_book.h"
 
 #include <doctest/doctest.h>
@@ -211,4 +212,40 @@ TEST_CASE("start-up: a missing book on the command line is told, and the last on
     REQUIRE(second.Dialogs().messages.size() == 1);
     CHECK(second.Dialogs().messages[0].text == u"/b/none.txt\r\nfile not found.");
     CHECK(second.Window().title == u"Norvaset [Default] - /b/a.txt");
+}
+
+TEST_CASE("start-up: a message waits for the window") {
+    TestForm test;
+    test.form.ports.launch.commandLine = u"/b/gone.txt";
+    REQUIRE(Form_Load(test.form));
+    CHECK(test.Window().open);
+    CHECK(test.Dialogs().messages.empty());
+    bool answered = false;
+    test.Dialogs().whileOpen = [&] { answered = test.Window().open && test.form.handling; };
+    test.Window().ComeUp();
+    REQUIRE(test.Dialogs().messages.size() == 1);
+    CHECK(test.Dialogs().messages[0].text == u"/b/gone.txt\r\nfile not found.");
+    CHECK(answered);
+    OpenBook(test.form, u"/b/gone.txt", -1); // later ones come at once
+    CHECK(test.Dialogs().messages.size() == 2);
+}
+
+TEST_CASE(
+    "start-up: messages that wait come when a command is done, and not over a closed window") {
+    TestForm test;
+    test.form.ports.launch.commandLine = u"/b/gone.txt";
+    REQUIRE(Form_Load(test.form));
+    RunCommand(test.form, [&] {
+        test.Window().ComeUp();
+        CHECK(test.Dialogs().messages.empty());
+    });
+    CHECK(test.Dialogs().messages.size() == 1);
+
+    TestForm closed;
+    closed.form.ports.launch.commandLine = u"/b/gone.txt";
+    REQUIRE(Form_Load(closed.form));
+    ShowMessageOverWindow(closed.form, {});
+    closed.Dialogs().whileOpen = [&] { closed.Close(); };
+    closed.Window().ComeUp();
+    CHECK(closed.Dialogs().messages.size() == 1);
 }

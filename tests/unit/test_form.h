@@ -25,7 +25,11 @@ class TestForm {
         form.ports.registry = std::move(earlier.form.ports.registry);
     }
 
-    bool Start() { return Form_Load(form); }
+    bool Start() {
+        const bool runs = Form_Load(form);
+        Window().ComeUp();
+        return runs;
+    }
     void Close() { Window().Close(); }
 
     void PutBook(const std::u16string& path, std::string_view bytes = "Once upon a time.\n") {

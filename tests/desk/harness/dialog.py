@@ -19,5 +19,8 @@ class Dialog:
 
     def close(self, key="Return"):
         self.key(key)
+        self.wait_until_closed()
+
+    def wait_until_closed(self):
         wait_for(lambda: not self.reader.window_exists(self.window), "the dialog to close")
         wait_for(self.reader.is_active, "the reader to have the keyboard again")

@@ -218,9 +218,9 @@ class Reader:
             self.screen.xdotool("windowactivate", self.window)
         wait_for(self.is_active, "the window to become active")
 
-    def rectangle(self):
+    def rectangle(self, window=None):
         """Left, top, width and height of the inside of the window, on the screen."""
-        text = self.screen.output("xwininfo", "-id", str(self.window))
+        text = self.screen.output("xwininfo", "-id", str(window or self.window))
         names = ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")
         return tuple(int(re.search(name + r":\s*(-?\d+)", text)[1]) for name in names)
 
@@ -236,6 +236,14 @@ class Reader:
 
     def key(self, *keys):
         self.screen.xdotool("key", "--delay", 0, *keys)
+
+    def click(self, x, y):
+        self.screen.xdotool("mousemove", x, y, "click", 1)
+
+    def wait_until_idle(self):
+        """Twice in a row: what comes next may be on its way from one to the other."""
+        for _ in range(2):
+            wait_for(self.is_waiting, "the program to be done")
 
     def press(self, key, times):
         """A key many times, in portions that an input queue holds."""

@@ -1,0 +1,58 @@
+"""The dialog of File, Open on either system, by its own type box, list, name and button."""
+from harness.dialog import Dialog
+from harness.wait import wait_for
+from harness.wine import ON_WINE, shown_path
+
+TYPES = ("text", "rich", "page", "all")  # as they stand in the box
+KEYS = dict(zip(TYPES, "trha"))
+
+# Where the parts are: a fraction of the dialog's width, and pixels from its top or (negative) its
+# lower end.
+TYPE_BOX, OPEN_BUTTON, FIRST_FILE = (
+    ((0.57, -32), (0.91, -64), (0.26, 50)) if ON_WINE else ((0.5, -27), (0.92, -58), (0.23, 74)))
+
+
+class OpenDialog(Dialog):
+    def __init__(self, reader):
+        super().__init__(reader, "Open File", "ctrl+o")
+
+    def choose_type(self, name):
+        self.key("alt+t", KEYS[name])
+
+    def pick_type(self, name):
+        """With the mouse, from the list that the box drops down."""
+        self._click(TYPE_BOX)
+        (drop_down,) = wait_for(self.reader.popups, "the types to drop down")
+        left, top, width, height = self.reader.rectangle(drop_down)
+        row = top + int(height / len(TYPES) * (TYPES.index(name) + 0.5))
+
+        def picked():
+            if self.reader.popups():
+                self.reader.click(left + width // 2, row)  # not heard as part of a double click
+            return not self.reader.popups()
+        wait_for(picked, "the types to go")
+
+    def type_name(self, text):
+        self.key("alt+n", "ctrl+a")
+        self.type(text)
+
+    def type_path(self, path):
+        self.type_name(shown_path(path))
+
+    def go_to(self, folder):
+        self.type_path(folder + "/")
+        self.key("Return")
+        self.reader.wait_until_idle()
+        wait_for(lambda: not self.reader.popups(), "the completions to go")
+
+    def click_first_file(self):
+        self._click(FIRST_FILE)
+
+    def press_open(self):
+        self._click(OPEN_BUTTON)
+        self.wait_until_closed()
+
+    def _click(self, place):
+        left, top, width, height = self.reader.rectangle(self.window)
+        across, down = place
+        self.reader.click(left + int(across * width), top + down + (height if down < 0 else 0))
