@@ -1,11 +1,9 @@
 // A web server on this computer for one test, as bad as the test wants it. It runs on a thread of
-// its own, because a fetch waits in the test's.
+// its own, because a fetch waits in the test's; none of its calls waits longer than its limit, and
+// all end with the test.
 #pragma once
 
-#include "platform/windows/win32.h"
-
-#include <winsock2.h>
-#include <ws2tcpip.h>
+#include "limited_socket_windows.h"
 
 #include <atomic>
 #include <functional>
@@ -17,56 +15,46 @@
 // A connection while it is answered.
 class LoopbackConnection {
   public:
-    LoopbackConnection(SOCKET socket, const std::atomic<bool>& ending)
-        : socket_(socket), ending_(ending) {}
+    explicit LoopbackConnection(const LimitedSocket& socket) : socket_(socket) {}
 
     // False when nobody listens any more, or the test ends.
-    bool Send(const std::string& bytes) const {
-        return !ending_ && send(socket_, bytes.data(), static_cast<int>(bytes.size()), 0) > 0;
-    }
+    bool Send(const std::string& bytes) const { return socket_.Send(bytes); }
     // Until the other side hangs up or the test ends.
     void WaitUntilClosed() const {
-        char byte = 0;
-        while (!ending_ && recv(socket_, &byte, 1, 0) > 0) {
+        char unit = 0;
+        while (socket_.Receive(unit)) {
         }
     }
     // As far as it has the looks of one.
     std::string Head() const {
         std::string head;
-        char byte = 0;
+        char unit = 0;
         while (head.find("\r\n\r\n") == head.npos && (head.empty() || head[0] == 'G') &&
-               recv(socket_, &byte, 1, 0) > 0)
-            head += byte;
+               socket_.Receive(unit))
+            head += unit;
         return head;
     }
 
   private:
-    SOCKET socket_;
-    const std::atomic<bool>& ending_;
+    const LimitedSocket& socket_;
 };
 
 class LoopbackServer {
   public:
     using Answer = std::function<void(const LoopbackConnection&, const std::string& path)>;
 
-    explicit LoopbackServer(Answer answer) : answer_(std::move(answer)) {
-        WSADATA details = {};
-        WSAStartup(MAKEWORD(2, 2), &details);
-        listener_ = socket(AF_INET, SOCK_STREAM, 0);
-        sockaddr_in place = {};
-        place.sin_family = AF_INET;
-        place.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        bind(listener_, reinterpret_cast<sockaddr*>(&place), sizeof place);
+    explicit LoopbackServer(Answer answer, int callLimit = serverCallLimit)
+        : answer_(std::move(answer)), limits_{ending_, callLimit},
+          listener_(socket(AF_INET, SOCK_STREAM, 0), limits_) {
+        sockaddr_in place = LoopbackPlace(0);
+        bind(listener_.Handle(), reinterpret_cast<sockaddr*>(&place), sizeof place);
         int size = sizeof place;
-        getsockname(listener_, reinterpret_cast<sockaddr*>(&place), &size);
+        getsockname(listener_.Handle(), reinterpret_cast<sockaddr*>(&place), &size);
         port_ = ntohs(place.sin_port);
-        listen(listener_, SOMAXCONN);
+        listen(listener_.Handle(), SOMAXCONN);
         thread_ = std::thread([this] { Serve(); });
     }
-    ~LoopbackServer() {
-        Close();
-        WSACleanup();
-    }
+    ~LoopbackServer() { Close(); }
     LoopbackServer(const LoopbackServer&) = delete;
     LoopbackServer& operator=(const LoopbackServer&) = delete;
 
@@ -78,51 +66,42 @@ class LoopbackServer {
     // Refuses from now on.
     void Close() {
         if (ending_.exchange(true)) return;
-        {
-            const std::lock_guard guard(lock_);
-            if (open_ != INVALID_SOCKET) shutdown(open_, SD_BOTH);
-        }
-        shutdown(listener_, SD_BOTH);
-        closesocket(listener_);
         thread_.join();
+        listener_.Close();
     }
+    int Connections() const { return connections_; }
     std::vector<std::string> Requests() const { // the heads of all, in order
         const std::lock_guard guard(lock_);
         return requests_;
     }
 
   private:
-    void SetOpen(SOCKET socket) {
-        const std::lock_guard guard(lock_);
-        open_ = socket;
-    }
     void Serve() {
-        for (;;) {
-            const SOCKET socket = accept(listener_, nullptr, nullptr);
-            if (socket == INVALID_SOCKET || ending_) return;
-            SetOpen(socket);
-            const LoopbackConnection connection(socket, ending_);
-            const std::string head = connection.Head();
-            if (!head.empty()) {
-                {
-                    const std::lock_guard guard(lock_);
-                    requests_.push_back(head);
-                }
-                const std::size_t path = head.find(' ') + 1;
-                answer_(connection, head.substr(path, head.find(' ', path) - path));
-            }
-            SetOpen(INVALID_SOCKET);
-            shutdown(socket, SD_SEND);
-            closesocket(socket);
+        while (!ending_) {
+            const LimitedSocket client(listener_.Accept(), limits_);
+            if (client.IsOpen()) AnswerTo(LoopbackConnection(client));
         }
     }
+    void AnswerTo(const LoopbackConnection& connection) {
+        ++connections_;
+        const std::string head = connection.Head();
+        if (head.empty()) return;
+        {
+            const std::lock_guard guard(lock_);
+            requests_.push_back(head);
+        }
+        const std::size_t path = head.find(' ') + 1;
+        answer_(connection, head.substr(path, head.find(' ', path) - path));
+    }
 
+    Winsock winsock_;
     Answer answer_;
     std::atomic<bool> ending_ = false;
+    std::atomic<int> connections_ = 0;
     mutable std::mutex lock_; // of what the thread shares
     std::vector<std::string> requests_;
-    SOCKET open_ = INVALID_SOCKET;
-    SOCKET listener_;
+    CallLimits limits_;
+    LimitedSocket listener_;
     int port_ = 0;
     std::thread thread_;
 };

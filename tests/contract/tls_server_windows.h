@@ -15,8 +15,6 @@ class TlsServer {
             LoopbackServer unused([](const LoopbackConnection&, const std::string&) {});
             port_ = unused.Port();
         }
-        WSADATA details = {};
-        WSAStartup(MAKEWORD(2, 2), &details);
         if (!Start(L"openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:prime256v1 -nodes "
                    L"-days 2 -subj /CN=127.0.0.1 -addext subjectAltName=IP:127.0.0.1 "
                    L"-keyout key.pem -out certificate.pem"))
@@ -29,16 +27,16 @@ class TlsServer {
         });
         std::ofstream(std::filesystem::path(folder_.path) / L"f", std::ios::binary)
             << AnswerBytes("200 OK", "file"); // with its head
-        // It ends by itself, because Wine gives no handle to end it by.
-        Start(
-            L"openssl s_server -quiet -HTTP -naccept 8 -key key.pem -cert certificate.pem -accept "
-            L"127.0.0.1:" +
-            std::to_wstring(port_));
+        // It ends by itself, because Wine gives no handle to end it by: after some connections,
+        // and when one of them hangs.
+        Start(L"timeout 60 openssl s_server -quiet -HTTP -naccept 8 -key key.pem -cert "
+              L"certificate.pem -accept "
+              L"127.0.0.1:" +
+              std::to_wstring(port_));
         running_ = Try([this] { return Connects(); });
     }
     ~TlsServer() {
         if (running_) Try([this] { return !Connects(); });
-        WSACleanup();
     }
     TlsServer(const TlsServer&) = delete;
     TlsServer& operator=(const TlsServer&) = delete;
@@ -51,26 +49,20 @@ class TlsServer {
 
   private:
     bool Start(std::wstring commandLine) const {
+        const std::wstring program = commandLine.substr(0, commandLine.find(L' '));
         STARTUPINFOW start = {};
         start.cb = sizeof start;
         PROCESS_INFORMATION started = {};
-        if (!CreateProcessW(L"Z:\\usr\\bin\\openssl", commandLine.data(), nullptr, nullptr, FALSE,
-                            0, nullptr, folder_.path.c_str(), &start, &started))
+        if (!CreateProcessW((L"Z:\\usr\\bin\\" + program).c_str(), commandLine.data(), nullptr,
+                            nullptr, FALSE, 0, nullptr, folder_.path.c_str(), &start, &started))
             return false;
         if (started.hProcess) CloseHandle(started.hProcess);
         if (started.hThread) CloseHandle(started.hThread);
         return true;
     }
     bool Connects() const {
-        const SOCKET socket = ::socket(AF_INET, SOCK_STREAM, 0);
-        sockaddr_in place = {};
-        place.sin_family = AF_INET;
-        place.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        place.sin_port = htons(static_cast<u_short>(port_));
-        const bool connected =
-            connect(socket, reinterpret_cast<sockaddr*>(&place), sizeof place) == 0;
-        closesocket(socket);
-        return connected;
+        const LimitedSocket socket(::socket(AF_INET, SOCK_STREAM, 0), {ending_, connectLimit});
+        return socket.Connect(port_);
     }
     // Whether it comes true within five seconds.
     template <typename Condition>
@@ -83,6 +75,10 @@ class TlsServer {
         return true;
     }
 
+    static constexpr int connectLimit = 1000; // milliseconds
+
+    Winsock winsock_;
+    std::atomic<bool> ending_ = false;
     TemporaryFolder folder_;
     int port_ = 0;
     bool running_ = false;

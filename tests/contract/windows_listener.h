@@ -1,41 +1,17 @@
-// A server of this machine that only tells whether anybody came. Include it after winsock2.h, which
-// has to come before windows.h.
+// A server of this machine that only tells whether anybody came, and hangs up: who asks it in vain
+// does not wait for an answer. Include it before what includes windows.h, which winsock2.h has to
+// come before.
 #pragma once
 
-#include <winsock2.h>
-
-#include <string>
+#include "tests/contract/loopback_server_windows.h"
 
 class Listener {
   public:
-    Listener() {
-        WSADATA data;
-        WSAStartup(MAKEWORD(2, 2), &data);
-        socket_ = socket(AF_INET, SOCK_STREAM, 0);
-        sockaddr_in address = {};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        bind(socket_, reinterpret_cast<sockaddr*>(&address), sizeof address);
-        listen(socket_, 5);
-        int size = sizeof address;
-        getsockname(socket_, reinterpret_cast<sockaddr*>(&address), &size);
-        port_ = ntohs(address.sin_port);
-        u_long nonBlocking = 1;
-        ioctlsocket(socket_, static_cast<long>(FIONBIO), &nonBlocking);
+    std::string Address() const {
+        return "http://127.0.0.1:" + std::to_string(server_.Port()) + "/";
     }
-    ~Listener() {
-        closesocket(socket_);
-        WSACleanup();
-    }
-    std::string Address() const { return "http://127.0.0.1:" + std::to_string(port_) + "/"; }
-    bool WasAsked() const {
-        const SOCKET caller = accept(socket_, nullptr, nullptr);
-        if (caller == INVALID_SOCKET) return false;
-        closesocket(caller);
-        return true;
-    }
+    bool WasAsked() const { return server_.Connections() > 0; }
 
   private:
-    SOCKET socket_;
-    int port_;
+    LoopbackServer server_{[](const LoopbackConnection&, const std::string&) {}};
 };

@@ -74,7 +74,7 @@ class HtmlSafety(HtmlStory):
         return True
 
     def test_the_server_would_notice(self):
-        socket.create_connection(self.server.getsockname()).close()
+        socket.create_connection(self.server.getsockname(), timeout=10).close()
         self.assertTrue(self.was_called())
         self.assertFalse(self.was_called())
 

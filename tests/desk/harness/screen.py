@@ -6,6 +6,7 @@ from harness.wait import wait_for
 
 TOOLS = ["Xvfb", "openbox", "xdotool", "xprop", "xwininfo", "xclip", "import"]
 SIZE = (1280, 1024)
+TOOL_TIME = 60  # seconds, for a tool that waits for another program's answer
 HERE = os.path.dirname(__file__)
 OPENBOX = ("openbox", "--config-file", os.path.join(HERE, "openbox.xml"))
 I3 = ("i3", "-c", os.path.join(HERE, "i3.conf"))
@@ -56,9 +57,13 @@ class Screen:
                 stdin=subprocess.DEVNULL, stdout=log, stderr=log, **options))
 
     def output(self, *command):
-        """What a tool prints, "" when it fails."""
-        done = subprocess.run(command, env=self.environment, stdin=subprocess.DEVNULL,
-                              stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
+        """What a tool prints, "" when it fails or a program that it asks does not answer."""
+        try:
+            done = subprocess.run(command, env=self.environment, stdin=subprocess.DEVNULL,
+                                  stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False,
+                                  timeout=TOOL_TIME)
+        except subprocess.TimeoutExpired:
+            return ""
         return done.stdout.decode(errors="replace") if done.returncode == 0 else ""
 
     def xdotool(self, *arguments):
