@@ -122,6 +122,7 @@ void ConnectEvents(MainForm& form) {
     form.ports.textView->onContextMenu = [&form] {
         RunCommand(form, [&] { rtMain_ContextMenu(form); });
     };
+    form.ports.textView->onCopy = [&form] { RunCommand(form, [&form] { rtMain_Copy(form); }); };
     form.ports.textView->onFilesDropped = [&form](const std::vector<std::u16string>& paths) {
         RunCommand(form, [&] { rtMain_FilesDropped(form, paths); });
     };

@@ -50,6 +50,7 @@ void SetUpViews(MainForm& form) {
     form.viewFont = form.ports.window->DefaultViewFont();
     form.viewFont.charset = CodePageToCharset(form.ports.locale->AnsiCodePage());
     form.ports.textView->SetFont(form.viewFont);
+    form.ports.textView->SetVisible(true); // from the first moment one of the two views is
     form.ports.window->ApplySystemFont();
 }
 

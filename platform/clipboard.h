@@ -6,6 +6,7 @@
 class Clipboard {
   public:
     virtual ~Clipboard() = default;
-    // Replaces what is there by Unicode text. Nothing is told of failure.
+    // Replaces what is there by Unicode text, and by nothing else: its lines end in "\n" here, and
+    // as the system's programs expect it there. Nothing is told of failure.
     virtual void SetText(const std::u16string&) = 0;
 };

@@ -97,6 +97,9 @@ class TextView {
 
     // A context menu is asked for, at the pointer or from the keyboard.
     std::function<void()> onContextMenu;
+    // Another program asks for a copy of the selection, on a system where one can. The view copies
+    // nothing by itself, not by a key either.
+    std::function<void()> onCopy;
     // Files dropped on the view, as full paths, in the order of the drop; a character that the
     // system's names can hold but UTF-16 cannot arrives as "?".
     std::function<void(const std::vector<std::u16string>&)> onFilesDropped;

@@ -13,6 +13,7 @@ enum class WindowState { Normal = 0, Minimized = 1, Maximized = 2 };
 // Key codes are Windows virtual-key codes on every system; letters and digits are their own.
 enum VirtualKey {
     LeftKey = 37,
+    InsertKey = 45,
     NumPlusKey = 107,
     NumMinusKey = 109,
     F1Key = 112,

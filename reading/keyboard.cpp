@@ -11,6 +11,7 @@
 #include "reading/find.h"
 #include "reading/view_commands.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace {
@@ -33,6 +34,9 @@ constexpr Shortcut shortcuts[] = {
     {F1Key, 0, &MenuTree::mHelp, &MenuTree::mHelpTopics},
 };
 
+// The older key of the same command, which menus do not show.
+constexpr Shortcut olderCopy = {InsertKey, CtrlKey, &MenuTree::mEdit, &MenuTree::mEditCopy};
+
 void Choose(MainForm& form, const Shortcut& shortcut) {
     MenuArray& menu = form.menu.*shortcut.menu;
     const MenuHandler opening = HandlerOf(menu), click = HandlerOf(form.menu.*shortcut.command);
@@ -50,8 +54,11 @@ void ShowShortcuts(MainForm& form) {
 }
 
 void Form_KeyDown(MainForm& form, int keyCode, int shift) {
-    for (const Shortcut& shortcut : shortcuts)
+    const auto choose = [&](const Shortcut& shortcut) {
         if (shortcut.key == keyCode && shortcut.shift == shift) Choose(form, shortcut);
+    };
+    std::ranges::for_each(shortcuts, choose);
+    choose(olderCopy);
     if (keyCode == LeftKey && shift == AltKey) GoBackAlongLinks(form);
     if (keyCode == F4Key && shift == AltKey) form.ports.window->Close();
 }
@@ -61,6 +68,10 @@ void Form_KeyUp(MainForm& form, int keyCode, int shift) {
     if (sizesText && (keyCode == NumPlusKey || keyCode == PlusKey)) mViewFontSize_Click(form, 0);
     if (sizesText && (keyCode == NumMinusKey || keyCode == MinusKey)) mViewFontSize_Click(form, 1);
     if (shift & AltKey && keyCode == F2Key) mBookmarkLast_Click(form, 0);
+}
+
+void rtMain_Copy(MainForm& form) {
+    Choose(form, olderCopy);
 }
 
 void wbMain_Command(MainForm& form, int number) {

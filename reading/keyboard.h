@@ -7,6 +7,7 @@ void Form_KeyDown(MainForm&, int keyCode, int shift);
 void Form_KeyUp(MainForm&, int keyCode, int shift);
 void fwMain_Zoom(MainForm&, int steps); // Ctrl and the wheel; each step is one point
 
+void rtMain_Copy(MainForm&);                // Edit > Copy, asked for by another program
 void wbMain_Command(MainForm&, int number); // of the HTML view's context menu, a PageCommand
 
 // Puts the shortcut texts into the captions of their commands.

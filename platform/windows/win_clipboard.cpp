@@ -2,7 +2,7 @@
 
 #include "platform/windows/win32.h"
 
-#include <cstring>
+#include <cstddef>
 
 namespace {
 
@@ -19,16 +19,31 @@ bool OpenTheClipboard() {
     return true;
 }
 
+// Lines end in two characters in all programs of the system.
+bool NeedsReturn(const std::u16string& text, std::size_t place) {
+    return text[place] == u'\n' && (place == 0 || text[place - 1] != u'\r');
+}
+
+std::size_t ReturnsNeeded(const std::u16string& text) {
+    std::size_t needed = 0;
+    for (std::size_t i = 0; i < text.size(); ++i)
+        needed += NeedsReturn(text, i);
+    return needed;
+}
+
 // The text with its NUL in memory of the kind that the clipboard takes; null when there is none.
 HGLOBAL ClipboardMemory(const std::u16string& text) {
-    const std::size_t bytes = (text.size() + 1) * sizeof(char16_t);
-    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, bytes);
-    void* const place = memory ? GlobalLock(memory) : nullptr;
+    const std::size_t units = text.size() + ReturnsNeeded(text) + 1;
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, units * sizeof(char16_t));
+    auto* place = memory ? static_cast<char16_t*>(GlobalLock(memory)) : nullptr;
     if (!place) {
         GlobalFree(memory);
         return nullptr;
     }
-    std::memcpy(place, text.c_str(), bytes);
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (NeedsReturn(text, i)) *place++ = u'\r';
+        *place++ = text[i];
+    }
     GlobalUnlock(memory);
     return memory;
 }

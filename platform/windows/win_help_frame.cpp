@@ -67,6 +67,7 @@ HelpFrame::HelpFrame()
     text_ = std::make_unique<WinTextView>(panel_->Handle());
     text_->SetAutoColor(true);
     text_->SetVisible(true);
+    text_->onCopy = [this] { CopySelection(); };
     ListenTo(search_);
     ListenTo(list_->Handle());
     TakeSystemLook();

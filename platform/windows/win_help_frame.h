@@ -38,6 +38,7 @@ class HelpFrame {
     static LRESULT CALLBACK OnControl(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR self);
     bool TakeKey(HWND control, int key);
     bool TakeSearchKey(int key);
+    void CopySelection() const;
     HWND Control(Half) const;
     Half Focused() const;
     void Focus(Half);

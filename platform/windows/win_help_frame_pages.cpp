@@ -1,6 +1,8 @@
 // What the help window shows, and its keys.
 #include "platform/windows/win_help_frame.h"
 
+#include "platform/windows/win_clipboard.h"
+
 #include <commctrl.h>
 
 #include <array>
@@ -94,8 +96,18 @@ bool HelpFrame::TakeKey(HWND control, int key) {
     case VK_RETURN:
         if (control != text_->Handle()) Focus(Page);
         return true;
+    case 'C':
+    case VK_INSERT:
+        if (!IsDown(VK_CONTROL) || control != text_->Handle()) return false;
+        CopySelection();
+        return true;
     default: return control == search_ && TakeSearchKey(key);
     }
+}
+
+void HelpFrame::CopySelection() const {
+    if (text_->SelLength() == 0) return;
+    WinClipboard().SetText(text_->TextRange(text_->SelStart(), text_->SelLength()));
 }
 
 // From the search field the page can be turned, and the list be entered.

@@ -22,12 +22,17 @@ std::u16string ClipboardText() {
 } // namespace
 
 TEST_CASE("windows clipboard: holds the text as it is") {
-    const std::u16string texts[] = {u"Ab\u00E9\u0416\n\t\r\n\U0001D11E", u"x", u"",
+    const std::u16string texts[] = {u"Ab\u00E9\u0416\r\t\r\n\U0001D11E", u"x", u"",
                                     std::u16string(1'000'000, u'я')};
     for (const std::u16string& text : texts) {
         WinClipboard().SetText(text);
         CHECK((ClipboardText() == text));
     }
+}
+
+TEST_CASE("windows clipboard: lines end as in all programs of the system") {
+    WinClipboard().SetText(u"\none\n\ntwo\r\nthree\n");
+    CHECK((ClipboardText() == u"\r\none\r\n\r\ntwo\r\nthree\r\n"));
 }
 
 TEST_CASE("windows clipboard: nothing of what was there before stays") {

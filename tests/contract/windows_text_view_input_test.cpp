@@ -1,11 +1,14 @@
 // Keys, mouse and drops of the text view on the system's control.
 #include "platform/windows/text_view/win_text_view.h"
+#include "platform/windows/win_clipboard.h"
 #include "platform/windows/win_text.h"
 #include "tests/contract/windows_drop.h"
 #include "tests/contract/windows_message_pump.h"
 #include "tests/contract/windows_text_view_bench.h"
 
 #include <doctest/doctest.h>
+
+#include <ole2.h>
 
 #include <algorithm>
 
@@ -32,11 +35,25 @@ struct Bench {
         std::replace(text.begin(), text.end(), L'\r', L'\n');
         return FromWide(text);
     }
+    // Of the selection.
+    std::string CharacterFormat() {
+        CHARFORMAT2W format = {};
+        format.cbSize = sizeof format;
+        Send(EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
+        return {reinterpret_cast<const char*>(&format), sizeof format};
+    }
     void Press(int key) {
         Send(WM_KEYDOWN, key);
         Send(WM_KEYUP, key);
     }
 };
+
+// What the control would format, change or select with, but for those of commands that it knows.
+constexpr int keysWithControl[] = {
+    'V',      'X',     'Z',       'Y',       'E',       'R',          'L',           'J',
+    'B',      'I',     'U',       'T',       'M',       'H',          'K',           'N',
+    'Q',      'S',     'W',       '1',       '2',       '5',          '8',           VK_OEM_PLUS,
+    VK_SPACE, VK_BACK, VK_DELETE, VK_RETURN, VK_INSERT, VK_OEM_COMMA, VK_OEM_PERIOD, VK_OEM_7};
 
 } // namespace
 
@@ -44,6 +61,7 @@ TEST_CASE("windows text view: typing, pasting and cutting change nothing") {
     Bench bench;
     const std::u16string before = bench.view.TextRange(0, bench.view.TextLength());
     bench.view.Select(3, 5);
+    const std::string formatBefore = bench.CharacterFormat();
     for (const int key : {int('X'), int(VK_DELETE), int(VK_BACK), int(VK_RETURN), int(VK_TAB)})
         bench.Press(key);
     for (const wchar_t unit : L"x\b\r\t\x16\x18")
@@ -52,7 +70,12 @@ TEST_CASE("windows text view: typing, pasting and cutting change nothing") {
         bench.Send(message);
     {
         const HeldKey control(VK_CONTROL);
-        for (const int key : {'V', 'X', 'Z', 'Y', 'E', 'R', 'L', 'J', '1', '2'})
+        for (const int key : keysWithControl)
+            bench.Press(key);
+        const HeldKey shift(VK_SHIFT);
+        for (const int key : keysWithControl)
+            bench.Press(key);
+        for (const int key : {VK_SHIFT, VK_CONTROL})
             bench.Press(key);
     }
     CHECK(bench.Shown() == before);
@@ -62,6 +85,37 @@ TEST_CASE("windows text view: typing, pasting and cutting change nothing") {
     format.cbSize = sizeof format;
     bench.Send(EM_GETPARAFORMAT, 0, reinterpret_cast<LPARAM>(&format));
     CHECK(format.wAlignment == PFA_LEFT);
+    CHECK(format.wNumbering == 0);
+    CHECK(format.bLineSpacingRule == 0);
+    CHECK((format.wEffects & PFE_RTLPARA) == 0);
+    CHECK(bench.CharacterFormat() == formatBefore);
+}
+
+TEST_CASE("windows text view: the control copies nothing by itself") {
+    Bench bench;
+    int asked = 0;
+    bench.view.onCopy = [&asked] { ++asked; };
+    WinClipboard().SetText(u"before");
+    bench.view.Select(3, 5);
+    {
+        const HeldKey control(VK_CONTROL);
+        for (const int key : {int('C'), int(VK_INSERT), int('X')})
+            bench.Press(key);
+    }
+    CHECK(asked == 0); // keys of commands are the form's
+    bench.Send(WM_COPY);
+    CHECK(asked == 1);
+    bench.Send(WM_CUT);
+    CHECK(asked == 1);
+    CHECK(IsClipboardFormatAvailable(CF_UNICODETEXT));
+    CHECK_FALSE(IsClipboardFormatAvailable(RegisterClipboardFormatW(CF_RTF)));
+}
+
+TEST_CASE("windows text view: nothing can be dragged out of the text or dropped into it") {
+    Bench bench;
+    CHECK((GetWindowLongPtrW(bench.view.Handle(), GWL_STYLE) & ES_NOOLEDRAGDROP) != 0);
+    CHECK(RevokeDragDrop(bench.view.Handle()) == DRAGDROP_E_NOTREGISTERED);
+    CHECK(bench.Send(EM_CANPASTE) == 0);
 }
 
 TEST_CASE("windows text view: keys move the caret and select") {

@@ -88,6 +88,30 @@ TEST_CASE("edit: copies the text, and its source as text") {
     CHECK(test.View().SelLength() == 7);
 }
 
+TEST_CASE("edit: every way to a copy is the one command, which follows the selection") {
+    Reading test("one two");
+    auto& clip = static_cast<NoneClipboard&>(*test.form.ports.clipboard).text;
+    const std::function<void()> ways[] = {
+        [&] { test.Window().Events().onKeyDown('C', CtrlKey); },
+        [&] { test.Window().Events().onKeyDown(InsertKey, CtrlKey); },
+        [&] { test.form.ports.textView->onCopy(); },
+    };
+    for (const auto& copy : ways) {
+        clip = u"before";
+        test.form.ports.textView->Select(0, 0);
+        copy();
+        CHECK(clip == u"before");
+        test.form.ports.textView->Select(4, 3);
+        copy();
+        CHECK(clip == u"two");
+    }
+    clip = u"before";
+    test.Window().Events().onKeyDown('C', CtrlKey | ShiftKey);
+    test.Window().Events().onKeyDown(InsertKey, ShiftKey);
+    CHECK(clip == u"before");
+    CHECK(test.Menu().mEditCopy[0].caption == u"&Copy\tCtrl+C");
+}
+
 TEST_CASE("find: from behind the selection, and around the end") {
     Reading test("one two one three one");
     test.Find(u"one");

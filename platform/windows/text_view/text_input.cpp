@@ -59,6 +59,7 @@ bool Take(TextInputEvents& events, HWND window, UINT message, WPARAM wParam, LPA
     case fillDue: // destroys this window
         CallHandler(events.onFillDue);
         return true;
+    case WM_COPY: CallHandler(events.onCopy); return true;
     case WM_CHAR:
     case WM_UNICHAR:
     case WM_CUT:

@@ -1,5 +1,5 @@
-// What a rich-edit control of a reader does with keys, mouse and drops: it reads and copies, and
-// neither edits nor zooms nor beeps.
+// What a rich-edit control of a reader does with keys, mouse and drops: it reads, and neither
+// edits nor zooms nor beeps, nor copies by itself.
 #pragma once
 
 #include "platform/windows/text_view/rich_edit.h"
@@ -12,6 +12,7 @@
 struct TextInputEvents {
     std::function<void(POINT onScreen)> onContextMenu;
     std::function<void(HWND control, std::vector<std::u16string> paths)> onDrop;
+    std::function<void()> onCopy;
     std::function<void()> onFillDue;
     Pointer pointer = Pointer::Default;
 };

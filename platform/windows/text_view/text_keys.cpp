@@ -11,15 +11,12 @@ bool MovesCaret(int key) {
     return key >= VK_PRIOR && key <= VK_DOWN;
 }
 
-// With Ctrl the control would align, space, number and change the case of paragraphs.
+// With Ctrl the control would align, space, number and change the case of paragraphs, and copy in
+// formats of its own; Ctrl and Shift alone, let go of, would turn the direction of a paragraph.
 bool IsControlsOwn(int key, bool control) {
     switch (key) {
-    case VK_SHIFT:
-    case VK_CONTROL:
     case VK_MENU: return true;
-    case 'A':
-    case 'C':
-    case VK_INSERT: return control;
+    case 'A': return control && !IsDown(VK_SHIFT);
     default: return MovesCaret(key);
     }
 }
@@ -56,7 +53,10 @@ bool TakeTextKey(HWND control, int key) {
         AskForContextMenu(control);
         return true;
     }
-    if (IsDown(VK_MENU)) return key == VK_BACK || key == 'X'; // undo, and a character by its code
+    if (IsDown(VK_MENU)) { // undo, a character by its code, and with Ctrl what a keyboard types
+        const bool types = IsDown(VK_CONTROL) && key != VK_MENU;
+        return types || key == VK_BACK || key == 'X';
+    }
     if (key == VK_SPACE && !IsDown(VK_CONTROL)) {
         SendMessageW(control, EM_SCROLL, IsDown(VK_SHIFT) ? SB_PAGEUP : SB_PAGEDOWN, 0);
         return true;
@@ -65,6 +65,7 @@ bool TakeTextKey(HWND control, int key) {
 }
 
 bool TakeTextKeyUp(HWND control, int key) {
+    if (key == VK_SHIFT || key == VK_CONTROL) return true;
     if (key != VK_APPS) return false;
     AskForContextMenu(control);
     return true;

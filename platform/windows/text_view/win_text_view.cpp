@@ -16,6 +16,9 @@ WinTextView::WinTextView(HWND parent) : parent_(parent) {
     input_.onDrop = [this](HWND control, std::vector<std::u16string> paths) {
         drops_.Add(control, std::move(paths));
     };
+    input_.onCopy = [this] {
+        if (onCopy) onCopy();
+    };
     input_.onFillDue = [this] { Control(); };
     Control();
 }

@@ -5,6 +5,7 @@ import time
 from harness.wait import wait_for
 
 NOTHING = "nothing was copied"
+COPIES = {"ctrl+c", "ctrl+Insert"}
 AGAIN = 3  # seconds after which a key is taken for lost
 
 
@@ -14,19 +15,23 @@ def clipboard(screen):
 
 def copied(reader, *keys):
     """What the keys copy, in another program's hands while the reader runs on. Without keys it is
-    Ctrl+C, as often as it takes: no command is taken while another one waits for a page."""
-    fill(reader.screen)
-    reader.key(*keys or ["ctrl+c"])
-    pressed = time.monotonic()
+    Ctrl+C. A copy is asked for as often as it takes: no command is taken while another one waits for
+    a page, and Wine may take the filling in after the copy."""
+    keys = keys or ("ctrl+c",)
+
+    def press():
+        fill(reader.screen)
+        reader.key(*keys)
+        return time.monotonic()
+    pressed = press()
 
     def copy():
         nonlocal pressed
         text = clipboard(reader.screen)
         if text and text != NOTHING:
             return text
-        if not keys and time.monotonic() - pressed > AGAIN:
-            reader.key("ctrl+c")
-            pressed = time.monotonic()
+        if COPIES.issuperset(keys) and time.monotonic() - pressed > AGAIN:
+            pressed = press()
         return None
     return wait_for(copy, "a copy")
 
