@@ -1,4 +1,5 @@
-"""A data file carried from one system to the other and back: the books open at the same character."""
+"""A data file carried from one system to the other and back: the books open at the same character.
+And a folder with both programs, in which each finds its own books again."""
 import os
 import re
 import shutil
@@ -6,7 +7,9 @@ import signal
 import subprocess
 
 from harness import books
+from harness.dialog import Dialog
 from harness.story import Story, main
+from harness.text_view import settled_strip, wait_for_strip
 from harness.wait import wait_for
 from harness.wine import ON_WINE
 
@@ -93,6 +96,74 @@ class Carried(Story):
     def test_real_rich_text(self):
         name = "rtf/Essays, a chapter with pictures and tables (word processor).rtf"
         self.to_and_fro(self.real_book(name), LONGEST_LINE)
+
+
+class Stick(Story):
+    """A folder with the programs and a book, which lies somewhere else on each system."""
+    def setUp(self):
+        if not ON_WINE or not os.access(LINUX_PROGRAM, os.X_OK):
+            self.skipTest("the programs of both systems are not built")
+        self.place = self.path("drive")
+        os.mkdir(self.place)
+        self.windows = self.reader("windows", program_folder=self.place)
+        self.plug_in("media")
+        self.linux = self.reader("linux", program_folder=self.place, program=LINUX_PROGRAM)
+        books.write_book(self.book(), books.lines("latin", 1000))
+
+    def plug_in(self, name):
+        os.rename(self.place, self.path(name))
+        self.place = self.path(name)
+
+    def book(self):
+        return os.path.join(self.place, "lanterns.txt")
+
+    def start(self, reader):
+        self.plug_in("drive" if reader == self.windows else "media")
+        reader.start()
+
+    def read_for_the_first_time(self, reader):
+        """By the dialog; returns the lines on top at the end."""
+        self.start(reader)
+        wait_for(lambda: reader.title() == "Norvaset [Default]", "no book")
+        dialog = Dialog(reader, "Open File", "ctrl+o")
+        dialog.type(reader.shown_path(self.book()))
+        dialog.close()
+        reader.wait_for_book(self.book())
+        return self.read_on(reader)
+
+    def come_back(self, reader, strip):
+        self.start(reader)
+        reader.wait_for_book(self.book())
+        wait_for_strip(reader, strip)
+        return self.read_on(reader)
+
+    def read_on(self, reader):
+        before = settled_strip(reader)
+        reader.key("Next", "Next", "Next", "ctrl+plus")
+        wait_for(lambda: not settled_strip(reader).looks_like(before), "the next pages")
+        reader.finish_keys()
+        strip = settled_strip(reader)
+        reader.close()
+        return strip
+
+    def to_and_fro(self, first, second):
+        place = self.read_for_the_first_time(first)
+        other_place = self.read_for_the_first_time(second)
+        self.come_back(first, place)
+        self.come_back(second, other_place)
+        data = second.data()
+        self.assertEqual([record["FontSize"] for record in data.records()], ["14", "14"])
+        self.assertEqual([record["Path"] for record in data.records()],
+                         [reader.shown_path(os.path.join(os.path.dirname(reader.data_path),
+                                                         "lanterns.txt"))
+                          for reader in (second, first)])
+        self.assertEqual(data.value("mProfileList", "0"), "Default")
+
+    def test_from_windows(self):
+        self.to_and_fro(self.windows, self.linux)
+
+    def test_from_linux(self):
+        self.to_and_fro(self.linux, self.windows)
 
 
 if __name__ == "__main__":

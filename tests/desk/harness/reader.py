@@ -10,7 +10,7 @@ from harness.data_file import DataFile
 from harness.picture import grab
 from harness.screen import is_asleep
 from harness.wait import wait_for
-from harness.wine import (ON_WINE, PROGRAM, end_prefix, give_prefix, make_prefix, shown_path,
+from harness.wine import (PROGRAM, end_prefix, give_prefix, make_prefix, shown_path,
                           wine_environment)
 
 BESIDE = ("Norvaset.hlp", "norvaset-web.so")  # what a program has beside it, on some systems
@@ -28,14 +28,18 @@ NOISE = (
 
 
 class Reader:
-    def __init__(self, screen, folder, as_nobody=False, dots_per_inch=96):
-        """A copy of the program in `folder`, so that its data file lies there, too."""
+    def __init__(self, screen, folder, as_nobody=False, dots_per_inch=96, program=PROGRAM,
+                 program_folder=None):
+        """A copy of the program in `folder`, or in one that it shares with others; its data file
+        lies beside it."""
         self.screen, self.folder = screen, folder
         self.user = NOBODY if as_nobody else None
         self.process = self.window = None
         self.variables = {}  # of the program's environment, over the usual ones
-        self.program = os.path.join(folder, os.path.basename(PROGRAM))
-        self.data_path = os.path.join(folder, "Norvaset.dat")
+        self.on_wine = program.endswith(".exe")
+        beside = program_folder or folder
+        self.program = os.path.join(beside, os.path.basename(program))
+        self.data_path = os.path.join(beside, "Norvaset.dat")
         self.prefix = os.path.join(folder, "wine")
         self.home = os.path.join(folder, "home")
         self.runtime = os.path.join(folder, "runtime")
@@ -43,17 +47,17 @@ class Reader:
         for path in (self.home, self.runtime, self.tools):
             os.makedirs(path, mode=0o755 if path == self.tools else 0o700)
         self._make_opener()
-        shutil.copy(PROGRAM, self.program)
+        shutil.copy(program, self.program)
         for name in BESIDE:
-            path = os.path.join(os.path.dirname(PROGRAM), name)
+            path = os.path.join(os.path.dirname(program), name)
             if os.path.exists(path):
-                shutil.copy(path, folder)
-        if ON_WINE:
+                shutil.copy(path, beside)
+        if self.on_wine:
             make_prefix(self.prefix, dots_per_inch)
         if as_nobody:
             for path in (folder, self.home, self.runtime):
                 os.chown(path, NOBODY, NOBODY)
-            if ON_WINE:
+            if self.on_wine:
                 give_prefix(self.prefix, NOBODY)
 
     def become(self, user):
@@ -82,13 +86,13 @@ class Reader:
     def launch(self, *arguments, program=None):
         """Starts the process, or another program in its place, and waits for nothing."""
         command = [program or self.program, *arguments]
-        if ON_WINE:
-            command = [shutil.which("wine"), command[0], *map(_argument, arguments)]
+        if self.on_wine:
+            command = [shutil.which("wine"), command[0], *map(self._argument, arguments)]
         if self.user is not None:
             ids = ["--reuid", str(self.user), "--regid", str(self.user), "--clear-groups"]
             command = [shutil.which("setpriv"), *ids, *command]
         environment = self.screen.environment | {
-            "PATH": self.tools + (os.pathsep + os.environ["PATH"] if ON_WINE else ""), "HOME": self.home, "XDG_RUNTIME_DIR": self.runtime,
+            "PATH": self.tools + (os.pathsep + os.environ["PATH"] if self.on_wine else ""), "HOME": self.home, "XDG_RUNTIME_DIR": self.runtime,
             "XDG_DATA_HOME": os.path.join(self.home, "share")} | wine_environment(self.prefix) | self.variables
         with open(os.path.join(self.folder, "messages.log"), "ab") as messages:
             return subprocess.Popen(command, env=environment, cwd=self.home,
@@ -118,7 +122,7 @@ class Reader:
 
     def terminate(self):
         """As the system asks a program to end."""
-        if ON_WINE:
+        if self.on_wine:
             self.screen.output("env", f"WINEPREFIX={self.prefix}", "WINEDEBUG=-all", "wine",
                                "taskkill", "/IM", "Norvaset.exe")
         else:
@@ -150,7 +154,7 @@ class Reader:
 
     def clean_up(self):
         self.stop()
-        if ON_WINE:
+        if self.on_wine:
             end_prefix(self.prefix, self.screen.environment)
 
     def messages(self):
@@ -208,7 +212,7 @@ class Reader:
     def is_active(self, window=None):
         """Whether the window has the keyboard; Wine takes it a moment after it was given it."""
         asked = ["getactivewindow"] if self.screen.tells_active_window else []
-        if ON_WINE or not asked:
+        if self.on_wine or not asked:
             asked.append("getwindowfocus")
         return all(self.screen.xdotool(question).strip() == str(window or self.window)
                    for question in asked)
@@ -254,14 +258,14 @@ class Reader:
 
     def open_menu(self, letter):
         # Under Wine a menu that was chosen from may still be on its way out.
-        leaving = self.popups() if ON_WINE else []
+        leaving = self.popups() if self.on_wine else []
         self.key("alt+" + letter)
         return wait_for(lambda: [menu for menu in self.popups() if menu not in leaving],
                         f"the menu of Alt+{letter}")[0]
 
     def close_menu(self):
         # On Windows the bar keeps the keyboard when its menu has gone.
-        self.key(*["Escape"] * (2 if ON_WINE else 1))
+        self.key(*["Escape"] * (2 if self.on_wine else 1))
         wait_for(lambda: not self.popups(), "the menu to close")
 
     def finish_keys(self):
@@ -288,7 +292,7 @@ class Reader:
 
     def user_data_path(self):
         """The data file of a reader who may not write into the program's folder."""
-        if not ON_WINE:
+        if not self.on_wine:
             return os.path.join(self.home, "share/Norvaset/Norvaset.dat")
         users = os.path.join(self.prefix, "drive_c/users")
         (found,) = glob.glob(users + "/*/AppData/Roaming/Norvaset/Norvaset.dat")
@@ -304,10 +308,13 @@ class Reader:
     def data(self):
         return DataFile(self.data_bytes().decode())
 
-    def wait_for_book(self, path):
-        wait_for(lambda: self.title() == "Norvaset [Default] - " + shown_path(path),
+    def shown_path(self, path):
+        """A file's name as this program shows and stores it."""
+        return shown_path(path, self.on_wine)
+
+    def wait_for_book(self, path, profile="Default"):
+        wait_for(lambda: self.title() == f"Norvaset [{profile}] - {self.shown_path(path)}",
                  f"the title to name {path}")
 
-
-def _argument(argument):
-    return shown_path(argument) if argument.startswith("/") else argument
+    def _argument(self, argument):
+        return self.shown_path(argument) if argument.startswith("/") else argument

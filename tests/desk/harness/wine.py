@@ -15,9 +15,9 @@ OPENERS = """
 """
 
 
-def shown_path(path):
+def shown_path(path, on_wine=ON_WINE):
     """A file's name as the program shows and stores it."""
-    return "Z:" + path.replace("/", "\\") if ON_WINE else path
+    return "Z:" + path.replace("/", "\\") if on_wine else path
 
 
 def found_path(name):
