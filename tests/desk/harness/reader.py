@@ -111,7 +111,7 @@ class Reader:
     def wait_until_settled(self):
         """For a moment after the start the window takes the window manager's doings for answers to
         its own wishes. Its icon, which it shows last, tells that this is over."""
-        icon = "Icon (" if ON_WINE else "Icon (16 x 16)"
+        icon = "Icon (" if self.on_wine else "Icon (16 x 16)"
         wait_for(lambda: icon in self.property("_NET_WM_ICON"), "the icon")
 
     def close(self):
