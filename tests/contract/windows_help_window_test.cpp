@@ -1,10 +1,12 @@
 // The help window on Windows.
 #include "platform/windows/win_help_window.h"
 
+#include "platform/windows/win_clipboard.h"
 #include "platform/windows/win_dialogs.h"
 #include "platform/windows/win_dpi.h"
 #include "platform/windows/win_text.h"
 #include "windows_message_pump.h"
+#include "windows_text_view_bench.h"
 #include "windows_while_open.h"
 
 #include <doctest/doctest.h>
@@ -130,6 +132,23 @@ TEST_CASE("windows help window: a search lists what was found, and shows the bes
     CHECK(open.Count() == 3);
     CHECK(open.Row() == 0);
     CHECK(open.Selected().empty());
+}
+
+TEST_CASE("windows help window: a copy of the page is text and nothing else") {
+    const Open open;
+    open.Type(L"hel");
+    REQUIRE(open.Selected() == L"hel");
+    const HeldKey control(VK_CONTROL);
+    for (const WPARAM key : {WPARAM('C'), WPARAM(VK_INSERT)}) {
+        WinClipboard().SetText(u"before");
+        SendMessageW(open.View(), WM_KEYDOWN, key, 1);
+        REQUIRE(OpenClipboard(nullptr));
+        const HANDLE copied = GetClipboardData(CF_UNICODETEXT);
+        CHECK(std::wstring(static_cast<const wchar_t*>(GlobalLock(copied))) == L"hel");
+        GlobalUnlock(copied);
+        CloseClipboard();
+        CHECK_FALSE(IsClipboardFormatAvailable(RegisterClipboardFormatW(CF_RTF)));
+    }
 }
 
 TEST_CASE("windows help window: shown again while open, it is the same window at the new page") {

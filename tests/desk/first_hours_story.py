@@ -2,10 +2,10 @@
 from harness import books
 from harness.clipboard import copied
 from harness.dialog import Dialog
+from harness.open_dialog import OpenDialog
 from harness.story import Story, main
 from harness.text_view import settled_strip, view_top, wait_for_strip
 from harness.wait import wait_for
-from harness.wine import shown_path
 
 PAPER = b"\xff\xff\xff"
 FOUND = 700  # the line that holds what is searched for
@@ -16,14 +16,14 @@ class FirstHours(Story):
         lines = books.lines("latin", 1000)
         lines[FOUND] = "a Zephyr from the west"
         self.mine = books.write_book(self.path("lanterns.txt"), lines)
-        self.yours = books.write_book(self.path("bridge.txt"), books.lines("cyrillic", 800))
+        self.yours = books.write_rtf_book(self.path("bridge.rtf"), books.lines("latin", 400))
         self.lines = lines
         self.program = self.reader()
 
     def open_by_dialog(self, path, profile="Default"):
-        dialog = Dialog(self.program, "Open File", "ctrl+o")
-        dialog.type(shown_path(path))
-        dialog.close()
+        dialog = OpenDialog(self.program)
+        dialog.type_path(path)
+        dialog.press_open()
         self.program.wait_for_book(path, profile)
 
     def turn_pages(self, count):
@@ -157,6 +157,8 @@ class FirstHours(Story):
         data = self.program.data()
         self.assertEqual(data.paths("Default"), [self.mine])
         self.assertEqual(data.paths("Ann"), [self.yours])
+        kinds = [data.records(name)[0]["Filter"] for name in ("Default", "Ann")]
+        self.assertEqual(kinds, ["0", "1"])
 
 
 if __name__ == "__main__":
