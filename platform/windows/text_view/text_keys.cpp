@@ -12,13 +12,14 @@ bool MovesCaret(int key) {
 }
 
 // With Ctrl the control would align, space, number and change the case of paragraphs, and copy in
-// formats of its own; Ctrl and Shift alone, let go of, would turn the direction of a paragraph.
+// formats of its own.
 bool IsControlsOwn(int key, bool control) {
-    switch (key) {
-    case VK_MENU: return true;
-    case 'A': return control && !IsDown(VK_SHIFT);
-    default: return MovesCaret(key);
-    }
+    return key == 'A' ? control && !IsDown(VK_SHIFT) : MovesCaret(key);
+}
+
+// The control may keep account of these by itself.
+bool IsModifier(int key) {
+    return key == VK_SHIFT || key == VK_CONTROL || key == VK_MENU;
 }
 
 CHARRANGE Selection(HWND control) {
@@ -48,15 +49,14 @@ void AskForContextMenu(HWND control) {
 } // namespace
 
 bool TakeTextKey(HWND control, int key) {
+    if (IsModifier(key)) return false;
     if (key == VK_F10) {
         if (!IsDown(VK_SHIFT)) return false; // the menu bar's
         AskForContextMenu(control);
         return true;
     }
-    if (IsDown(VK_MENU)) { // undo, a character by its code, and with Ctrl what a keyboard types
-        const bool types = IsDown(VK_CONTROL) && key != VK_MENU;
-        return types || key == VK_BACK || key == 'X';
-    }
+    if (IsDown(VK_MENU)) // with Ctrl a keyboard types; else undo, and a character by its code
+        return IsDown(VK_CONTROL) || key == VK_BACK || key == 'X';
     if (key == VK_SPACE && !IsDown(VK_CONTROL)) {
         SendMessageW(control, EM_SCROLL, IsDown(VK_SHIFT) ? SB_PAGEUP : SB_PAGEDOWN, 0);
         return true;
@@ -65,7 +65,6 @@ bool TakeTextKey(HWND control, int key) {
 }
 
 bool TakeTextKeyUp(HWND control, int key) {
-    if (key == VK_SHIFT || key == VK_CONTROL) return true;
     if (key != VK_APPS) return false;
     AskForContextMenu(control);
     return true;
