@@ -6,6 +6,7 @@
 #include "books/save_state.h"
 #include "common/text.h"
 #include "common/web_address.h"
+#include "reading/zoom.h"
 #include "shell/confirm.h"
 
 #include <utility>
@@ -22,6 +23,7 @@ std::vector<PagePlace> TrailFromHere(const MainForm& form, int top) {
 
 void OpenOnTrail(MainForm& form, const std::u16string& path, int kind,
                  std::vector<PagePlace> trail) {
+    if (!SettleZoom(form)) return;
     SaveBookState(form, 0);
     OpenBook(form, path, kind == HtmlBook ? kind : -1);
     form.page.trail = std::move(trail);

@@ -17,7 +17,8 @@ constexpr wchar_t notLoaded[] = L"This book cannot be loaded.";
 
 WinHtmlView::WinHtmlView(HWND parent, BrowserFactory make)
     : make_(std::move(make)), window_(parent, {[this] { FitWindow(); }, [this] { TakeKeyboard(); },
-                                               [this] { LoseControl(); }, [this] { RunPosted(); }}),
+                                               [this] { LoseControl(); }, [this] { RunPosted(); },
+                                               [this] { SettleZoom(); }}),
       inner_(*this) {}
 
 WinHtmlView::~WinHtmlView() {
@@ -65,6 +66,7 @@ void WinHtmlView::LeavePage() {
     document_ = {};
     heldPlace_ = {};
     kept_ = {};
+    zoomDue_ = false;
     url_.clear();
 }
 
@@ -133,6 +135,7 @@ void WinHtmlView::TakePage(const std::wstring& url) {
     kept_.hasBody = document_.HasBody();
     kept_.colors = ColorsOf(document_);
     Zoom(0); // the control goes on with the size of the page before
+    SettleZoom();
     if (GetFocus() == window_.Handle()) TakeKeyboard();
     if (onLoaded) onLoaded(page_, FromWide(url));
 }
