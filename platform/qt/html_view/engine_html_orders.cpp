@@ -46,6 +46,7 @@ void EngineHtmlView::TakeState(const QVariant& state) {
     kept_.viewHeight = number(1);
     kept_.topMargin = number(2);
     kept_.selection = {{number(3), number(4)}, number(5)};
+    widget_->SetHasSelection(number(4) > 0);
 }
 
 void EngineHtmlView::ScrollTo(int left, int top) {
