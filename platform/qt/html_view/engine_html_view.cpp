@@ -58,13 +58,15 @@ void EngineHtmlView::ConnectPage(int page) {
     connect(page_.get(), &QWebEnginePage::loadFinished, this, [this, page](bool done) {
         if (done) Finished(page);
     });
-    connect(
-        page_.get(), &QWebEnginePage::renderProcessTerminated, this,
-        [this, dead = page_.get()] {
-            if (dead == page_.get()) Gone(); // it may have been left meanwhile
-        },
-        Qt::QueuedConnection);
+    const auto gone = [this, dead = page_.get()] {
+        if (dead == page_.get()) Gone(); // it may have been left meanwhile
+    };
+    connect(page_.get(), &QWebEnginePage::renderProcessTerminated, this, gone,
+            Qt::QueuedConnection);
     watch_->onChange = [this] { TellAnswering(); };
+    watch_->onTooLarge = [this, gone] { // which ends the watch
+        QMetaObject::invokeMethod(page_.get(), gone, Qt::QueuedConnection);
+    };
     // Within the page, which has not scrolled yet.
     connect(page_.get(), &QWebEnginePage::urlChanged, this, [this] {
         if (!kept_.body) return;
