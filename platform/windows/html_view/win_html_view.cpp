@@ -35,10 +35,11 @@ void WinHtmlView::Navigate(const std::u16string& path, int page) {
     page_ = page;
     const std::wstring file = ToWide(path);
     url_ = UrlOfPath(file);
-    const std::wstring host(HostOfPath(file));
-    if (!refusal_ || host != std::exchange(bookHost_, host)) {
+    bookHost_ = HostOfPath(file);
+    const BookFolder before = std::exchange(folder_, BookFolder(file));
+    if (!refusal_ || folder_ != before) {
         refusal_.reset();
-        refusal_ = std::make_unique<RemoteRefusal>(host);
+        refusal_ = std::make_unique<RemoteRefusal>(folder_);
     }
     if (!OpenControl()) return window_.SetNotice(noEngine);
     load_ = Load::Asked;
@@ -97,7 +98,7 @@ bool WinHtmlView::MayLoad(const std::wstring& url, Target target, bool sends) {
         load_ = Load::Loading;
         return true;
     }
-    if (load_ == Load::Loading && target == Target::Frame) return IsWithinReach(url, bookHost_);
+    if (load_ == Load::Loading && target == Target::Frame) return folder_.Allows(url);
     if (load_ != Load::Complete) return false; // a redirection
     if (target == Target::Page && IsPlaceInPage(url, url_)) {
         Later([this, top = ScrollTop()] {

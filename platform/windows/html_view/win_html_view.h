@@ -114,7 +114,8 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     std::unique_ptr<RemoteRefusal> refusal_; // while there is a control
     std::unique_ptr<BrowserControl> control_;
 
-    std::wstring url_; // of the page, as we asked for it
+    std::wstring url_;  // of the page, as we asked for it
+    BookFolder folder_; // of the page's book
     std::wstring bookHost_;
     int page_ = 0;
     Load load_ = Load::None;
