@@ -24,6 +24,7 @@ void TakePageEvents(MainForm& form) {
     if (form.handling) return;
     if (const auto url = std::exchange(form.page.arrivedUrl, std::nullopt))
         RunCommand(form, [&] { wbMain_DocumentComplete(form, *url); });
+    if (std::exchange(form.page.zoomed, false)) RunCommand(form, [&] { wbMain_Zoomed(form); });
     if (std::exchange(form.page.gone, false)) RunCommand(form, [&] { wbMain_Gone(form); });
 }
 
@@ -71,6 +72,10 @@ void ConnectHtmlView(MainForm& form) {
     html.onLoaded = [&form](int load, const std::u16string& url) {
         if (load != form.page.load) return; // of a page left meanwhile
         form.page.arrivedUrl = url;
+        TakePageEvents(form);
+    };
+    html.onZoomed = [&form] {
+        form.page.zoomed = true;
         TakePageEvents(form);
     };
     html.onGone = [&form] {

@@ -11,6 +11,7 @@
 #include "common/menu_items.h"
 #include "common/text.h"
 #include "reading/keyboard.h"
+#include "reading/zoom.h"
 #include "shell/options.h"
 #include "shell/version_text.h"
 
@@ -105,6 +106,7 @@ bool Form_Load(MainForm& form) {
 
 void Form_Unload(MainForm& form) {
     if (!form.started || form.closed) return;
+    SettleZoom(form);
     IniBatch oneWrite(*form.dataFile);
     SaveBookState(form, 0);
     SaveWindowPlacement(form);

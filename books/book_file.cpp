@@ -2,6 +2,7 @@
 
 #include "app/main_form.h"
 #include "books/book_kind.h"
+#include "common/direction_controls.h"
 #include "common/text.h"
 #include "formats/rtf_reader.h"
 
@@ -9,7 +10,7 @@
 
 Message BookMessage(const MainForm& form, const std::u16string& text, const char* topic) {
     Message message;
-    message.text = text;
+    message.text = WithoutDirectionControls(text); // it may name a file
     message.title = form.productTitle + u" Message";
     message.icon = MessageIcon::Exclamation;
     message.helpButton = true;

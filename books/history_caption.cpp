@@ -1,7 +1,10 @@
 #include "books/history_caption.h"
 
+#include "common/direction_controls.h"
 #include "common/text.h"
 #include "reading/text_routines.h"
+
+#include <utility>
 
 namespace {
 constexpr std::size_t longestTitle = 41, cutTitle = 40; // a title of just 41 units is kept whole
@@ -25,5 +28,5 @@ std::u16string HistoryCaption(const BookRecord& record, const DateNames& names,
     if (!record[Field::Size].empty()) caption += Kilobytes(record[Field::Size]);
     caption += record.Path();
     if (!record[Field::Title].empty()) caption += u"\t= " + ShownTitle(record[Field::Title]);
-    return caption;
+    return WithoutDirectionControls(std::move(caption));
 }

@@ -2,6 +2,7 @@
 
 #include "app/main_form.h"
 #include "books/history_caption.h"
+#include "common/direction_controls.h"
 #include "common/list_persistence.h"
 #include "common/menu_items.h"
 #include "common/text.h"
@@ -22,7 +23,7 @@ void SyncRemoveMenu(MainForm& form, int last) {
     if (menu.mFileRemoveList.items.size() > count) menu.mFileRemoveList.items.resize(count);
     for (int i = 0; i <= last; ++i) {
         if (i == menu.mFileRemoveList.Count()) AddMenuItem(menu.mFileRemoveList);
-        menu.mFileRemoveList[i].caption = GetBookPath(form, i);
+        menu.mFileRemoveList[i].caption = WithoutDirectionControls(GetBookPath(form, i));
     }
     menu.mFileList[0].visible = menu.mFileSeparator[0].visible = menu.mFileRemove[0].enabled =
         last >= 0;

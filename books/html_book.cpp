@@ -80,12 +80,14 @@ void TakeDocumentIntoRecord(MainForm& form) {
 void BringToPlace(MainForm& form) {
     HtmlView& html = *form.ports.htmlView;
     PaintPage(form);
-    // Another size lays the page out anew: the place is one of the page as it was read.
-    ApplyZoomStep(form);
-    if (IsShownBookListed(form)) {
-        const BookRecord record = BookRecord::Parse(form.menu.mFileList[0].tag);
-        html.ScrollTo(0, std::max(record.Number(Field::LastPos), 0));
-    }
+    // Another size lays the page out anew: the place is one of the page in the record's size, and
+    // keys pressed while it loaded come after it.
+    const BookRecord record =
+        IsShownBookListed(form) ? BookRecord::Parse(form.menu.mFileList[0].tag) : BookRecord();
+    const int step = WithinZoomSteps(record.Number(Field::FontSize));
+    ZoomBy(form, step);
+    html.ScrollTo(0, std::max(record.Number(Field::LastPos), 0));
+    ZoomBy(form, ZoomStep(form) - step);
     form.page.restored = true;
 }
 } // namespace
@@ -102,7 +104,7 @@ void wbMain_DocumentComplete(MainForm& form, const std::u16string& url) {
 void TakePageState(const MainForm& form, BookRecord& record, bool takesPlace) {
     if (!HasPageBody(form)) return;
     const HtmlView& html = *form.ports.htmlView;
-    record[Field::FontSize] = NumberText(ZoomStep(form));
+    record[Field::FontSize] = NumberText(takesPlace ? html.ZoomSteps() : ZoomStep(form));
     record[Field::Charset] = NumberText(PageCharset(html));
     if (takesPlace) record[Field::LastPos] = NumberText(html.ScrollTop());
 }

@@ -24,7 +24,7 @@ struct HtmlPage {
 
     // What happened to the page while a command ran, for when that is done.
     std::optional<std::u16string> arrivedUrl;
-    bool gone = false;
+    bool gone = false, zoomed = false;
 };
 
 bool CanShowPages(const MainForm&); // this front has an HTML view that works
@@ -35,9 +35,10 @@ bool HasPageBody(const MainForm&);  // and its document is there
 void ShowInHtmlView(MainForm&, const BookRecord&, Color backColor);
 void LeavePage(MainForm&); // another view, or no book, is shown from now on
 
-// Place, zoom and charset of the page go into the record of history item 0, without a wait. Nothing
-// changes while the page has not been brought to its place, or is that of another book. A record
-// just made (`takesPlace` false) gets the present zoom and charset but no place.
+// Place and zoom, as the page has settled both, and charset go into the record of history item 0,
+// without a wait. Nothing changes while the page has not been brought to its place, or is that of
+// another book. A record just made (`takesPlace` false) gets the zoom asked for last and the
+// charset but no place.
 void TakePageState(const MainForm&, BookRecord&, bool takesPlace);
 
 void wbMain_DocumentComplete(MainForm&, const std::u16string& url);

@@ -10,6 +10,7 @@
 #include "common/flag_scope.h"
 #include "common/menu_items.h"
 #include "common/text.h"
+#include "reading/zoom.h"
 
 #include <algorithm>
 
@@ -46,6 +47,7 @@ int AddBook(MainForm& form, const std::u16string& path, int kind) {
     const int known = FindInHistory(form, path);
     if (known >= 0) return PutKindRight(form, known, kind, *firstBytes) ? known : -1;
 
+    if (!SettleZoom(form)) return -1;
     if (kind == KindFromFile) kind = KindOfBook(path, *firstBytes);
     SaveBookState(form, 0);
     const int added = AddHistoryItem(form, NewRecord(form, path, kind));

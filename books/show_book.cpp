@@ -15,6 +15,7 @@
 #include "reading/find.h"
 #include "reading/formatting.h"
 #include "reading/hourglass.h"
+#include "reading/zoom.h"
 #include "shell/layout.h"
 #include "shell/window_title.h"
 
@@ -99,7 +100,7 @@ std::optional<BookContent> ReadBookToShow(MainForm& form, int index) {
 void mFileList_Click(MainForm& form, int index) {
     if (index == 0 && IsBookShown(form)) return;
     auto content = ReadBookToShow(form, index);
-    if (!content) return;
+    if (!content || !SettleZoom(form)) return;
 
     const FlagScope loading(form.LoadingBook);
     if (index >= 1) MakeFirst(form, index);

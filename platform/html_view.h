@@ -109,7 +109,8 @@ class HtmlView {
     virtual void SetLetterColor(std::optional<std::uint32_t> redGreenBlue) = 0;
     // One keystroke of Ctrl and "+" (larger) or "-": the page zooms one step, which orders given
     // afterwards find done. The line at the top stays there. The window's `onKeyDown` is told of
-    // 187 or 189 with Ctrl, once for each call and after it has returned.
+    // 187 or 189 with Ctrl, once for each call and after it has returned. Steps that come while the
+    // page is laid out for those before are carried out as one.
     virtual void SendZoomKey(bool larger) = 0;
 
     // Kept values of the page.
@@ -121,6 +122,10 @@ class HtmlView {
     // The body's vertical offset. After `ScrollTo` it is what was asked for until the page says how
     // far it went, so that it never answers the place before.
     virtual int ScrollTop() const = 0;
+    // The size that `ScrollTop` counts in, as the sum of zoom keys from normal. Both change
+    // together, when a size is settled: the page is laid out in it and back at its line. Until then
+    // they are the place before, however many keys were pressed.
+    virtual int ZoomSteps() const = 0;
     virtual int ViewHeight() const = 0; // CSS pixels of the page that are seen at a time
     virtual int TopMargin() const = 0;  // of the body with its border: above the first line
     virtual PageSelection Selection() const = 0;
@@ -145,6 +150,8 @@ class HtmlView {
     // The document of `page` is complete, laid out at normal size and scrolled to its start. `url`
     // is its address as the engine has it. Comes once for a page, never for a frame in it.
     std::function<void(int page, const std::u16string& url)> onLoaded;
+    // The size asked for last is settled.
+    std::function<void()> onZoomed;
     // The engine has died, or the page with it; never told of a page given up. The next `Navigate`
     // starts anew.
     std::function<void()> onGone;

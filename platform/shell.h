@@ -16,6 +16,10 @@ class Shell {
     // Gives an address to the program that the desktop has for its scheme. What
     // `IsProgramAddress` does not take is not opened. Nothing is told of failure.
     virtual void OpenAddress(const std::u16string& address) = 0;
+    // Opens a file, by its full path, with the program that the desktop has for its kind. That may
+    // run the file, if it is a program: what may be opened so is for the caller to know. Nothing is
+    // told of failure.
+    virtual void OpenFile(const std::u16string& path) = 0;
     // Claims the data file for the life of the process. What was granted ends with the process,
     // however that ends.
     virtual InstanceClaim ClaimDataFile(const std::u16string& path) = 0;

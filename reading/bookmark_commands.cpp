@@ -1,6 +1,7 @@
 // The commands of the Bookmark menu.
 #include "app/main_form.h"
 #include "books/history_list.h"
+#include "common/direction_controls.h"
 #include "common/menu_items.h"
 #include "common/text.h"
 #include "reading/bookmarks.h"
@@ -106,7 +107,7 @@ void mBookmarkNew_Click(MainForm& form, int) {
     MenuArray& list = form.menu.mBookmarkList;
     const int index = PlaceMark(list, mark->span.start);
     list[index].tag = NumberText(mark->span.start) + u',' + NumberText(mark->span.length);
-    list[index].caption = OneLine(mark->excerpt);
+    list[index].caption = WithoutDirectionControls(OneLine(mark->excerpt));
     RefreshBookmarkMenu(form, -1, false);
     form.newBookmark = index;
     form.ports.menuBar->ShowMenu(form.menu.mBookmark);

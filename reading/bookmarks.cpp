@@ -4,6 +4,7 @@
 #include "books/book_record.h"
 #include "books/history_list.h"
 #include "books/save_state.h"
+#include "common/direction_controls.h"
 #include "common/menu_items.h"
 #include "common/text.h"
 #include "reading/page_marks.h"
@@ -46,7 +47,7 @@ void CaptionBookmarks(MainForm& form) {
     for (int i = 0; i < list.Count(); ++i) {
         if (i == deleteList.Count()) AddMenuItem(deleteList);
         const std::u16string& excerpt = excerpts[static_cast<std::size_t>(i)];
-        if (!excerpt.empty()) list[i].caption = OneLine(excerpt);
+        if (!excerpt.empty()) list[i].caption = WithoutDirectionControls(OneLine(excerpt));
         deleteList[i].caption = list[i].caption;
     }
     deleteList.items.resize(list.items.size());

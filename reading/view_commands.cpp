@@ -41,7 +41,7 @@ void mView_Click(MainForm& form, int) {
 namespace {
 void ReloadBook(MainForm& form) {
     // Read once before the view is given up: a file that has gone leaves the text on the screen.
-    if (!ExamineBookFile(form, GetBookPath(form, 0))) return;
+    if (!ExamineBookFile(form, GetBookPath(form, 0)) || !SettleZoom(form)) return;
     SaveBookState(form, 0);
     form.menu.mFileList[0].checked = false;
     const FlagScope refreshing(form.Refreshing);

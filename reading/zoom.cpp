@@ -1,6 +1,8 @@
 #include "reading/zoom.h"
 
 #include "app/main_form.h"
+#include "books/history_list.h"
+#include "books/save_state.h"
 #include "common/text.h"
 
 #include <algorithm>
@@ -30,19 +32,35 @@ int ZoomStep(const MainForm& form) {
     return WholeNumber(form.menu.mViewFont[0].tag);
 }
 
-void SetZoomStep(MainForm& form, int step) {
-    form.menu.mViewFont[0].tag = NumberText(std::clamp(step, -farthestStep, farthestStep));
+int WithinZoomSteps(int step) {
+    return std::clamp(step, -farthestStep, farthestStep);
 }
 
-void ApplyZoomStep(MainForm& form) {
-    const int step = ZoomStep(form);
-    for (int i = 0; i < std::abs(step); ++i)
-        SendZoomKey(form, step > 0);
+void SetZoomStep(MainForm& form, int step) {
+    form.menu.mViewFont[0].tag = NumberText(WithinZoomSteps(step));
+}
+
+void ZoomBy(MainForm& form, int steps) {
+    for (int i = 0; i < std::abs(steps); ++i)
+        SendZoomKey(form, steps > 0);
 }
 
 void ZoomPage(MainForm& form, bool larger) {
     SetZoomStep(form, ZoomStep(form) + (larger ? 1 : -1));
     SendZoomKey(form, larger);
+}
+
+bool SettleZoom(MainForm& form) {
+    const bool underWay = HasPageBody(form) && form.ports.htmlView->ZoomSteps() != ZoomStep(form);
+    if (underWay) form.ports.htmlView->StartAtTop(); // any question comes behind all orders
+    return !form.closed;
+}
+
+void wbMain_Zoomed(MainForm& form) {
+    if (!IsShownBookListed(form) || !HasPageBody(form)) return;
+    const BookRecord record = BookRecord::Parse(form.menu.mFileList[0].tag);
+    // A page that was brought to its place has the size of its record.
+    if (record.Number(Field::FontSize) != form.ports.htmlView->ZoomSteps()) SaveBookState(form, 0);
 }
 
 bool CountZoomKey(MainForm& form, int keyCode, int shift) {

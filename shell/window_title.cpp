@@ -4,6 +4,7 @@
 #include "books/book_record.h"
 #include "books/charsets.h"
 #include "books/history_list.h"
+#include "common/direction_controls.h"
 #include "common/menu_items.h"
 #include "common/text.h"
 #include "reading/text_routines.h"
@@ -36,5 +37,5 @@ void UpdateWindowTitle(MainForm& form) {
         spoken = SpokenName(form, record);
     }
     form.ports.textView->SetName(spoken);
-    form.ports.window->SetTitle(title);
+    form.ports.window->SetTitle(WithoutDirectionControls(title));
 }

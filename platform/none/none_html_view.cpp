@@ -18,7 +18,7 @@ void NoneHtmlView::Clear() {
 void NoneHtmlView::Forget() {
     document_ = {};
     loaded_ = dead_ = false;
-    scrollTop_ = 0;
+    scrollTop_ = zoomSteps_ = orderedSteps_ = 0;
     selection_ = {};
 }
 
@@ -32,6 +32,22 @@ void NoneHtmlView::FinishLoading() {
 void NoneHtmlView::Die() {
     dead_ = true;
     onGone();
+}
+
+void NoneHtmlView::SendZoomKey(bool larger) {
+    zoomKeys.push_back(larger);
+    ZoomByHand(larger ? 1 : -1);
+}
+
+void NoneHtmlView::ZoomByHand(int steps) {
+    orderedSteps_ = steps == 0 ? 0 : orderedSteps_ + steps;
+    if (zoomsAtOnce) zoomSteps_ = orderedSteps_;
+}
+
+void NoneHtmlView::FinishZoom(int scrollTop) {
+    scrollTop_ = scrollTop;
+    zoomSteps_ = orderedSteps_;
+    onZoomed();
 }
 
 bool NoneHtmlView::Ask() {
@@ -67,6 +83,7 @@ int NoneHtmlView::Within(int top) const {
 void NoneHtmlView::ScrollTo(int left, int top) {
     scrolls.emplace_back(left, top);
     scrollTop_ = Within(top);
+    zoomSteps_ = orderedSteps_;
 }
 
 void NoneHtmlView::ScrollSpanToTop(const PageSpan& span) {

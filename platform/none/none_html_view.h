@@ -27,6 +27,9 @@ class NoneHtmlView : public HtmlView {
     std::function<void()> whileAsked;         // what happens around while a question waits
     void FinishLoading();                     // of the page navigated to last
     void Die();
+    bool zoomsAtOnce = true;        // false: a new size takes until `FinishZoom`
+    void ZoomByHand(int steps);     // 0: back to normal
+    void FinishZoom(int scrollTop); // the page is laid out, and its line at the top is there now
     void ScrollByHand(int top) { scrollTop_ = Within(top); }
 
     void Navigate(const std::u16string& path, int page) override;
@@ -37,7 +40,7 @@ class NoneHtmlView : public HtmlView {
     void SelectAll() override;
     void SetBackColor(std::uint32_t redGreenBlue) override { backColors.push_back(redGreenBlue); }
     void SetLetterColor(std::optional<std::uint32_t> given) override { letterColor = given; }
-    void SendZoomKey(bool larger) override { zoomKeys.push_back(larger); }
+    void SendZoomKey(bool larger) override;
 
     bool HasBody() const override { return loaded_ && document_.hasBody; }
     bool HasText() const override { return HasBody() && !document_.text.empty(); }
@@ -45,6 +48,7 @@ class NoneHtmlView : public HtmlView {
     std::u16string Title() const override { return loaded_ ? document_.title : u""; }
     PageColors OwnColors() const override { return document_.colors; }
     int ScrollTop() const override { return scrollTop_; }
+    int ZoomSteps() const override { return zoomSteps_; }
     int ViewHeight() const override { return bounds.height; }
     int TopMargin() const override { return Margin; }
     PageSelection Selection() const override;
@@ -82,6 +86,7 @@ class NoneHtmlView : public HtmlView {
 
     NonePage document_;
     bool loaded_ = false, dead_ = false;
-    int scrollTop_ = 0;
+    int scrollTop_ = 0, zoomSteps_ = 0;
+    int orderedSteps_ = 0; // by zoom keys so far
     PageSpan selection_;
 };

@@ -153,12 +153,13 @@ class NoneShell : public Shell {
         started.emplace_back(program, argument);
     }
     void OpenAddress(const std::u16string& address) override { opened.push_back(address); }
+    void OpenFile(const std::u16string& path) override { openedFiles.push_back(path); }
     InstanceClaim ClaimDataFile(const std::u16string& path) override {
         claimedPath = path;
         return claim;
     }
     std::vector<std::pair<std::u16string, std::u16string>> started;
-    std::vector<std::u16string> opened;
+    std::vector<std::u16string> opened, openedFiles;
     std::u16string claimedPath;
     InstanceClaim claim;
 };

@@ -36,6 +36,7 @@ void QtHtmlView::ConnectEngine() {
         panel_->ShowNotice(HtmlPanel::tr("This page can no longer be shown."));
         CallHandler(onGone);
     };
+    engine_->onZoomed = [this] { CallHandler(onZoomed); };
     engine_->onAnswering = [this](bool answers) { ShowWhetherAnswers(answers); };
     engine_->onCommand = [this](int command) { CallHandler(onCommand, command); };
     engine_->onJump = [this](int fromTop) { CallHandler(onJump, fromTop); };
@@ -127,6 +128,10 @@ PageColors QtHtmlView::OwnColors() const {
 
 int QtHtmlView::ScrollTop() const {
     return engine_ ? engine_->ScrollTop() : 0;
+}
+
+int QtHtmlView::ZoomSteps() const {
+    return engine_ ? engine_->ZoomSteps() : 0;
 }
 
 int QtHtmlView::ViewHeight() const {

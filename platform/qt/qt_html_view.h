@@ -32,6 +32,7 @@ class QtHtmlView final : public HtmlView {
     std::u16string Title() const override;
     PageColors OwnColors() const override;
     int ScrollTop() const override;
+    int ZoomSteps() const override;
     int ViewHeight() const override;
     int TopMargin() const override;
     PageSelection Selection() const override;

@@ -20,6 +20,10 @@ void QtShell::OpenAddress(const std::u16string& address) {
     if (IsProgramAddress(address)) OpenWith(DefaultTextEditor(), address);
 }
 
+void QtShell::OpenFile(const std::u16string& path) {
+    if (path.starts_with(u'/')) OpenWith(DefaultTextEditor(), path); // else it might be an option
+}
+
 InstanceClaim QtShell::ClaimDataFile(const std::u16string& path) {
     return lock_.Acquire(path);
 }

@@ -9,6 +9,7 @@ class QtShell final : public Shell {
     std::u16string DefaultTextEditor() const override; // the desktop's opener of files
     void OpenWith(const std::u16string& program, const std::u16string& argument) override;
     void OpenAddress(const std::u16string& address) override;
+    void OpenFile(const std::u16string& path) override;
     InstanceClaim ClaimDataFile(const std::u16string& path) override;
 
   private:

@@ -38,6 +38,13 @@ void OpenByShell(const std::wstring& file, const std::wstring& parameters) {
     ShellExecuteExW(&request);
 }
 
+// Whether a program has taken over the scheme. Without one the shell would take the address for the
+// name of a file, and run that.
+bool HasProgram(const std::wstring& scheme) {
+    return RegGetValueW(HKEY_CLASSES_ROOT, scheme.c_str(), L"URL Protocol", RRF_RT_ANY, nullptr,
+                        nullptr, nullptr) == ERROR_SUCCESS;
+}
+
 } // namespace
 
 std::u16string WinShell::DefaultTextEditor() const {
@@ -56,7 +63,17 @@ void WinShell::OpenWith(const std::u16string& program, const std::u16string& arg
 }
 
 void WinShell::OpenAddress(const std::u16string& address) {
-    if (IsWebOrMailAddress(address)) OpenByShell(ToWide(address), {});
+    const std::wstring wide = ToWide(address);
+    if (IsProgramAddress(address) && HasProgram(wide.substr(0, wide.find(L':'))))
+        OpenByShell(wide, {});
+}
+
+void WinShell::OpenFile(const std::u16string& path) {
+    // A drive's or a share's full path; another colon would name a stream in a file, which the
+    // shell takes for a kind of its own.
+    const bool isFull = path.starts_with(u"\\\\") || path.substr(0, 3).ends_with(u":\\");
+    const bool hasStream = path.find(u':', 2) != std::u16string::npos;
+    if (isFull && !hasStream) OpenByShell(ToWide(path), {});
 }
 
 InstanceClaim WinShell::ClaimDataFile(const std::u16string& path) {

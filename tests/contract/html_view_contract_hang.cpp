@@ -69,3 +69,34 @@ TEST_CASE("html view: the next page is shown while one hangs") {
         CHECK(test.gone == 0);
     });
 }
+
+TEST_CASE("html view: while a new size takes its time, size and place stay those before") {
+    OnEachBackEnd([](PageTest& test) {
+        test.Open(NumberedLines(2000), "<style>p{display:inline}</style>"); // in one paragraph
+        test.view.ScrollTo(0, 1500);
+        test.Settle();
+        int zoomed = 0;
+        test.view.onZoomed = [&] { ++zoomed; };
+        test.bench.HangEngine(true);
+        for (int i = 0; i < 6; ++i) {
+            test.view.SendZoomKey(true);
+            test.bench.LetEventsCome(); // in which the view asks for what it keeps
+            test.bench.LetEventsCome();
+            CHECK(test.view.ZoomSteps() == 0);
+            CHECK(test.view.ScrollTop() == 1500);
+        }
+        CHECK(zoomed == 0);
+        test.bench.HangEngine(false);
+        CHECK(test.WaitFor([&] { return test.view.ZoomSteps() == 6; }));
+        CHECK(test.WaitFor([&] { return zoomed > 0; }));
+        CHECK(zoomed <= 2); // keys in a row are one new size, or two as the first is begun at once
+        CHECK(test.view.ScrollTop() != 1500);
+        test.view.SendZoomKey(true);
+        test.view.ScrollTo(0, 2500); // counts in the size that it comes behind
+        CHECK(test.view.ZoomSteps() == 7);
+        CHECK(test.view.ScrollTop() == 2500);
+        test.Settle();
+        CHECK(test.view.ZoomSteps() == 7);
+        CHECK(test.view.ScrollTop() == 2500);
+    });
+}

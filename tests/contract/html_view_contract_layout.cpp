@@ -44,6 +44,28 @@ TEST_CASE("html layout: the line at the top stays there when the page is zoomed"
     });
 }
 
+TEST_CASE("html layout: size and place change together") {
+    OnEachBackEnd([](PageTest& test) {
+        test.Open(LongParagraphs(200), noMargins);
+        ScrollToMiddle(test);
+        const int place = test.view.ScrollTop();
+        int zoomed = 0;
+        test.view.onZoomed = [&] { ++zoomed; };
+        for (int i = 0; i < 4; ++i)
+            test.view.SendZoomKey(true);
+        CHECK(zoomed == 0); // no event comes from within an order
+        CHECK(test.view.ZoomSteps() == 0);
+        CHECK(test.view.ScrollTop() == place);
+        REQUIRE(test.WaitFor([&] { return zoomed > 0 && test.view.ZoomSteps() == 4; }));
+        const int settled = test.view.ScrollTop();
+        CHECK(settled > place); // the lines have become shorter
+        test.Settle();
+        CHECK(test.view.ScrollTop() == settled);
+        test.Open("another page");
+        CHECK(test.view.ZoomSteps() == 0);
+    });
+}
+
 TEST_CASE("html layout: at its start a page stays there when it is zoomed") {
     OnEachBackEnd([](PageTest& test) {
         test.Open(LongParagraphs(50), "<style>body{padding-top:10vw}</style>");

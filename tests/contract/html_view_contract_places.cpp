@@ -184,6 +184,42 @@ TEST_CASE("html view: links") {
     });
 }
 
+TEST_CASE("html view: links of all schemes and to all files are told, and only those followed") {
+    OnEachBackEnd([](PageTest& test) {
+        test.Write("song.mp3", "ID3");
+        test.Write("frame.htm", "<a href='tel:+1'>call</a>");
+        test.Open("<iframe src='mailto:frame@x.y'></iframe><iframe src='foo:frame'></iframe>"
+                  "<a href='mailto:a@b.c?subject=d&amp;attach=e'>1</a> <a href='tel:+12'>2</a> "
+                  "<a href='foo:bar'>3</a> <a href='song.mp3'>4</a> "
+                  "<a href='mailto:f@b.c' target=_blank>5</a> <iframe src='frame.htm'></iframe>",
+                  "<meta http-equiv=refresh content='0;url=mailto:refresh@x.y'>");
+        const std::pair<std::u16string, std::u16string> told[] = {
+            {u"mailto:a@b.c?subject=d&attach=e", u""},
+            {u"tel:+12", u""},
+            {u"foo:bar", u""},
+            {u"", (test.folder / "song.mp3").u16string()},
+            {u"mailto:f@b.c", u""},
+            {u"tel:+1", u""},
+        };
+        while (test.links.size() < std::size(told)) {
+            const auto before = test.links.size();
+            CAPTURE(before);
+            for (int tabs = 0; tabs < 4 && test.links.size() == before; ++tabs) {
+                test.bench.Press(tabKey, 0); // also goes to frames
+                test.bench.Press(returnKey, 0);
+                test.Settle();
+                test.WaitFor([&] { return test.links.size() > before; }, std::chrono::seconds(1));
+            }
+            REQUIRE(test.links.size() == before + 1);
+            const auto& [url, path] = told[before];
+            CHECK(test.links.back().second == path);
+            if (path.empty()) CHECK(test.links.back().first == url);
+        }
+        CHECK(test.loaded.size() == 1);
+        CHECK(test.gone == 0);
+    });
+}
+
 TEST_CASE("html view: frames of the folder show, others and redirections do not") {
     OnEachBackEnd([](PageTest& test) {
         test.Write("inner.htm", "<body bgcolor=red>inner");

@@ -4,6 +4,7 @@
 #include "platform/window.h"
 #include "platform/windows/html_view/page_keys.h"
 #include "tests/contract/windows_drop.h"
+#include "tests/contract/windows_message_pump.h"
 
 #include <algorithm>
 
@@ -27,6 +28,11 @@ MSG KeyDown(HWND window, WPARAM key) {
     message.message = WM_KEYDOWN;
     message.wParam = key;
     return message;
+}
+
+// A question comes behind all orders.
+void Settle(ShownView& shown) {
+    shown.view->StartAtTop();
 }
 
 int NormalZoom() {
@@ -99,8 +105,10 @@ TEST_CASE("windows html view: zooms by keys, back to normal, and anew for each p
         shown.view->Normalize(keypad);
         CHECK(keypad.wParam == VK_OEM_PLUS);
         CHECK(shown.view->TranslateKey(keypad));
+        Settle(shown);
         CHECK(shown.engine.zoom == normal * 11 / 10);
         CHECK(shown.view->TranslateKey(KeyDown(inner, '0')));
+        Settle(shown);
         CHECK(shown.engine.zoom == normal);
     }
     MSG plain = KeyDown(inner, VK_ADD);
@@ -109,9 +117,11 @@ TEST_CASE("windows html view: zooms by keys, back to normal, and anew for each p
     CHECK(shown.keys.empty());
     for (int i = 0; i < 10; ++i)
         shown.view->SendZoomKey(false);
+    Settle(shown);
     CHECK(shown.engine.zoom == normal / 4);
     for (int i = 0; i < 4; ++i)
         shown.view->SendZoomKey(true);
+    Settle(shown);
     CHECK(shown.engine.zoom == normal * 33 / 100); // six steps from normal, as they sum up
     shown.Load(2);
     CHECK(shown.engine.zoom == normal);
@@ -126,6 +136,31 @@ TEST_CASE("windows html view: its own zoom keystroke is told after the order") {
     HandlePostedMessages();
     CHECK(shown.keys == std::vector<std::pair<int, int>>{{187, CtrlKey}, {189, CtrlKey}});
     CHECK(shown.engine.zoom == NormalZoom());
+}
+
+TEST_CASE("windows html view: keys in a row are one new size, and its place comes with it") {
+    ShownView shown;
+    shown.Open(Lines(400));
+    shown.view->ScrollTo(0, 2000);
+    HandlePostedMessages();
+    int told = 0;
+    shown.view->onZoomed = [&] { ++told; };
+    const auto sizes = [&] {
+        return std::ranges::count_if(shown.engine.calls, [](const std::string& call) {
+            return call.find("Exec") != std::string::npos;
+        });
+    };
+    const auto before = sizes();
+    HeldCtrl ctrl;
+    for (int i = 0; i < 4; ++i)
+        CHECK(shown.view->TranslateKey(KeyDown(shown.engine.Inner(), VK_OEM_PLUS)));
+    CHECK(sizes() == before);
+    CHECK(shown.view->ZoomSteps() == 0);
+    CHECK(shown.view->ScrollTop() == 2000);
+    CHECK(Becomes([&] { return told > 0; }));
+    CHECK(sizes() == before + 1);
+    CHECK(shown.view->ZoomSteps() == 4);
+    CHECK(told == 1);
 }
 
 TEST_CASE("windows html view: commands of the page's window run ours, only printing its own") {

@@ -34,6 +34,8 @@ TEST_CASE("windows html view: a page goes nowhere by itself, and links are told"
     CHECK(shown.engine.Follow(L"about:blank", true));
     CHECK_FALSE(shown.engine.Follow(L"http://example.com/frame.htm", true));
     CHECK_FALSE(shown.engine.Follow(L"file://server/share/frame.htm", true));
+    CHECK_FALSE(shown.engine.Follow(L"file:///C:/other/frame.htm", true));
+    CHECK_FALSE(shown.engine.Follow(L"file:///C:/books/../other/frame.htm", true));
     CHECK_FALSE(shown.engine.Follow(L"file:///C:/books/b.htm")); // a redirection
     shown.engine.FinishLoading();
     HandlePostedMessages();

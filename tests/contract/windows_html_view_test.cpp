@@ -177,13 +177,18 @@ TEST_CASE("windows html view: the line at the top stays there in another size or
     shown.view->ScrollTo(0, 3010);
     const TextPos top = shown.view->StartAtTop();
     shown.view->SendZoomKey(true);
+    CHECK(shown.view->ScrollTop() == 3010); // until the size is settled
+    CHECK(shown.view->ZoomSteps() == 1);
+    shown.view->StartAtTop();
     CHECK(shown.view->ScrollTop() == 3510);
+    CHECK(shown.view->ZoomSteps() == 2);
     shown.view->SetBounds({0, 0, ShownView::Width, ShownView::Height});
     CHECK(shown.view->ScrollTop() == 4010);
     CHECK(shown.view->StartAtTop() == top);
     shown.view->ScrollTo(0, 2000);
     shown.engine.pushedByLayout = -700;
     shown.view->SendZoomKey(false);
+    shown.view->StartAtTop();
     CHECK(shown.view->ScrollTop() == 1300);
 }
 

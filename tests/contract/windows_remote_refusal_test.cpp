@@ -3,11 +3,15 @@
 
 #include "platform/windows/html_view/remote_refusal.h"
 #include "platform/windows/html_view/urlmon.h"
+#include "platform/windows/win_files.h"
+#include "platform/windows/win_text.h"
+#include "tests/contract/temporary_folder_windows.h"
 #include "tests/contract/windows_listener.h"
 
 #include <doctest/doctest.h>
 
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -23,16 +27,11 @@ std::string ReadAddress(const std::wstring& url) {
     return std::string(text, read);
 }
 
-std::wstring FileWith(const std::string& text) {
-    wchar_t folder[MAX_PATH] = {}, path[MAX_PATH] = {};
-    GetTempPathW(MAX_PATH, folder);
-    GetTempFileNameW(folder, L"nor", 0, path);
-    const HANDLE file =
-        CreateFileW(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    DWORD written = 0;
-    WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
-    CloseHandle(file);
-    return path;
+// Returns its address.
+std::wstring PutFile(const std::wstring& path, std::string_view text = "local text") {
+    REQUIRE(WinFiles().CreateFolder(FromWide(path.substr(0, path.rfind(L'\\')))));
+    REQUIRE(WinFiles().Replace(FromWide(path), text, false));
+    return L"file:///" + path;
 }
 
 struct OleForTest {
@@ -42,13 +41,26 @@ struct OleForTest {
 
 } // namespace
 
-TEST_CASE("remote refusal: files of this machine load, other machines are not asked") {
+TEST_CASE("remote refusal: files of the book's folder load, others and other machines do not") {
     const OleForTest ole;
-    const std::wstring path = FileWith("local text");
-    const std::wstring url = L"file:///" + path;
-    CHECK(ReadAddress(url) == "local text");
+    const TemporaryFolder folder;
+    const std::wstring path = folder.path + L"\\books\\a.txt", url = PutFile(path);
+    const std::wstring below = PutFile(folder.path + L"\\books\\pictures\\b.txt");
+    const std::wstring beside = PutFile(folder.path + L"\\books of others\\c.txt");
+    const std::wstring above = PutFile(folder.path + L"\\d.txt");
+    for (const std::wstring& address : {url, below, beside, above})
+        CHECK(ReadAddress(address) == "local text");
     {
-        const RemoteRefusal refusal(L"");
+        const RemoteRefusal refusal{BookFolder(path)};
+        CHECK(ReadAddress(below) == "local text");
+        CHECK(ReadAddress(L"file:///" + folder.path + L"\\BOOKS\\A.TXT") == "local text");
+        CHECK(ReadAddress(L"file:///" + folder.path + L"\\books\\pictures\\..\\a.txt") ==
+              "local text");
+        CHECK(ReadAddress(beside) == "refused");
+        CHECK(ReadAddress(above) == "refused");
+        CHECK(ReadAddress(L"file:///" + folder.path + L"\\books\\..\\d.txt") == "refused");
+        CHECK(ReadAddress(L"file:///" + folder.path + L"\\books\\%2E%2E\\d.txt") == "refused");
+        CHECK(ReadAddress(L"file:///C:/windows/win.ini") == "refused");
         CHECK(ReadAddress(url) == "local text");
         const Listener listener;
         const std::string address = listener.Address();
@@ -57,6 +69,27 @@ TEST_CASE("remote refusal: files of this machine load, other machines are not as
         CHECK_FALSE(listener.WasAsked());
         CHECK(ReadAddress(L"file://norvaset.invalid/share/a.png") == "refused");
     }
-    CHECK(ReadAddress(url) == "local text");
-    DeleteFileW(path.c_str());
+    for (const std::wstring& address : {url, below, beside, above})
+        CHECK(ReadAddress(address) == "local text");
+}
+
+TEST_CASE("remote refusal: what a page may load") {
+    const TemporaryFolder folder;
+    PutFile(folder.path + L"\\books\\pictures\\b.txt");
+    const BookFolder book(folder.path + L"\\books\\a.htm");
+    const std::wstring books = L"file:///" + folder.path + L"\\books\\";
+    CHECK(book.Allows(books + L"pictures\\b.txt"));
+    CHECK(book.Allows(books + L"not there.png"));
+    CHECK(book.Allows(L"about:blank"));
+    CHECK(book.Allows(L"data:image/png;base64,AA"));
+    CHECK_FALSE(book.Allows(books + L"pictures")); // would show the folder
+    CHECK_FALSE(book.Allows(books));
+    CHECK_FALSE(book.Allows(L"file://server/share/a.png"));
+    CHECK_FALSE(book.Allows(L"http://a/b.png"));
+    CHECK_FALSE(book.Allows(L""));
+    CHECK_FALSE(BookFolder().Allows(books + L"pictures\\b.txt"));
+    CHECK(BookFolder(L"\\\\norvaset.invalid\\share\\a.htm")
+              .Allows(L"file://Norvaset.Invalid/share/b.png"));
+    CHECK_FALSE(BookFolder(L"\\\\norvaset.invalid\\share\\a.htm")
+                    .Allows(L"file://norvaset.invalid/other/b.png"));
 }

@@ -1,5 +1,6 @@
 #include "platform/windows/win_arguments.h"
 #include "platform/windows/win_shell.h"
+#include "runs_under_wine.h"
 #include "windows_helper_run.h"
 
 #include <doctest/doctest.h>
@@ -73,6 +74,57 @@ TEST_CASE("windows shell: a program of a name full of blanks, and one that is no
     WinShell().OpenAddress(u"file:///" + FromWide(program));
     WinShell().OpenWith(FromWide(program), u"a b");
     CHECK((helper.Answer() == L"1:a b")); // and nothing was started before
+}
+
+namespace {
+
+// A program that has taken over a scheme, or a kind of files, as its setup writes it down.
+class Registered {
+  public:
+    explicit Registered(const std::wstring& name) : key_(L"Software\\Classes\\" + name) {
+        Set(L"\\shell\\open\\command", L"", L"\"" + HelperPath() + L"\" \"%1\"");
+    }
+    ~Registered() { RegDeleteTreeW(root_, key_.c_str()); }
+
+    void IsScheme() { Set(L"", L"URL Protocol", L""); }
+    void IsKind(const std::wstring& name) { Set(L"", L"", name); }
+
+  private:
+    void Set(const std::wstring& below, const wchar_t* name, const std::wstring& text) {
+        RegSetKeyValueW(root_, (key_ + below).c_str(), name, REG_SZ, text.c_str(),
+                        static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
+    }
+    // Wine's classes are those of the machine alone.
+    const HKEY root_ = RunsUnderWine() ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
+    std::wstring key_;
+};
+
+} // namespace
+
+TEST_CASE("windows shell: an address goes to the program that has taken over its scheme") {
+    HelperRun helper(HelperTells);
+    Registered scheme(L"norvasettest"), noScheme(L"norvasetkind");
+    scheme.IsScheme();
+    WinShell().OpenAddress(u"norvasetnone:+1"); // nobody's
+    WinShell().OpenAddress(u"norvasetkind:+1"); // of files
+    WinShell().OpenAddress(u"javascript:norvasettest:+1");
+    WinShell().OpenAddress(u"norvasettest:+49 12");
+    WinShell().OpenAddress(u"norvasettest:+4912");
+    CHECK((helper.Answer() == L"1:norvasettest:+4912")); // and nothing was started before
+}
+
+TEST_CASE("windows shell: a file goes to the program for its kind") {
+    HelperRun helper(HelperTells);
+    const TemporaryFolder folder;
+    const Registered kind(L"norvasettest.song");
+    Registered extension(L".norvasettest");
+    extension.IsKind(L"norvasettest.song");
+    const std::u16string path = FromWide(folder.path) + u"\\a song.norvasettest";
+    REQUIRE(WinFiles().Replace(path, "la la", false));
+    WinShell().OpenFile(u"a song.norvasettest");
+    WinShell().OpenFile(path + u":b.norvasettest");
+    WinShell().OpenFile(path);
+    CHECK((helper.Answer() == L"1:" + ToWide(path)));
 }
 
 TEST_CASE("windows shell: the default editor is there") {

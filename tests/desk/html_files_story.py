@@ -2,15 +2,20 @@
 very much of it."""
 import os
 import random
+import resource
 
 from harness import books
-from harness.engine import pages
+from harness.engine import pages, wait_for_ends
 from harness.html_story import HtmlStory, paragraphs, write_page
 from harness.story import main
 from harness.wait import wait_for
 
 CYRILLIC, JAPANESE = "204", "128"  # font character sets
 PARAGRAPHS_OF_50_MB = 130000
+LIMIT = 500 << 20  # bytes; a page of a few lines takes a fifth
+GROWING = ('<circle r="9"><animate attributeName="r" values="0;900" dur="0.0%ds" '
+           'repeatCount="indefinite"/></circle>')
+HUNGRY = "<svg>" + "".join(GROWING % (number % 9 + 1) for number in range(30000)) + "</svg>"
 
 
 class HtmlFiles(HtmlStory):
@@ -102,6 +107,21 @@ class HtmlFiles(HtmlStory):
         reader.process = reader.launch(path)
         reader.answer_message()
         reader.wait_for_window()
+        reader.close()
+
+    def test_a_page_that_eats_memory(self):
+        path = write_page(self.path("hungry.htm"), HUNGRY, "Hungry")
+        text = books.write_book(self.path("next.txt"), books.lines("latin", 50))
+        limits = resource.getrlimit(resource.RLIMIT_RSS)
+        self.addCleanup(resource.setrlimit, resource.RLIMIT_RSS, limits)
+        resource.setrlimit(resource.RLIMIT_RSS, (LIMIT, limits[1]))  # of the reader, too
+        reader = self.reader().start(path)
+        eaten = wait_for(lambda: pages(reader), "the page's process")
+        reader.answer_message()
+        wait_for_ends(eaten)
+        reader.close()
+        reader.start(text)
+        reader.wait_for_book(text)
         reader.close()
 
     def test_50_megabytes(self):

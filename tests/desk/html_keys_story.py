@@ -3,6 +3,8 @@ from harness import books
 from harness.clipboard import copied
 from harness.dialog import Dialog
 from harness.html_story import HtmlStory, paragraphs, write_page
+from harness.menu_picture import row_darkness
+from harness.picture import grab
 from harness.story import main
 from harness.text_view import settled_strip
 from harness.wait import wait_for
@@ -11,6 +13,7 @@ COUNT = 300
 LEFT_ALONE = ("F7", "F12", "F10", "ctrl+p", "ctrl+r", "ctrl+u", "ctrl+s", "ctrl+w", "ctrl+t", "ctrl+n",
               "ctrl+shift+i", "BackSpace", "alt+Right", "Escape")  # what browsers do something at
 MENUS = "fevbpoh"
+GREYED = 60  # of 255: how much lighter
 
 
 class HtmlKeys(HtmlStory):
@@ -81,6 +84,30 @@ class HtmlKeys(HtmlStory):
         self.assertEqual(self.program.windows(), [self.program.window])
         self.assertTrue(settled_strip(self.program).looks_like(self.top))
         self.assertTrue(self.whole_text(self.program).startswith("to the end"))
+        self.program.close()
+
+    def right_click(self, x, y):
+        left, top, _, _ = self.program.rectangle()
+        self.screen.xdotool("mousemove", left + x, top + y, "click", 3)
+        return wait_for(self.program.popups, "the page's menu")[0]
+
+    def wait_for_copy(self, menu, offered):
+        """Copy, the first item, is as dark as the second or greyed."""
+        def is_so():
+            rows = row_darkness(grab(self.screen, menu))
+            return len(rows) > 1 and (rows[0] > rows[1] - GREYED) == offered
+        wait_for(is_so, f"a menu with Copy {'offered' if offered else 'greyed'}")
+        self.program.key("Escape")
+        wait_for(lambda: not self.program.popups(), "the menu to close")
+
+    def test_the_pages_menu_offers_copy_for_what_is_selected(self):
+        dialog = Dialog(self.program, "Find", "ctrl+f")
+        dialog.type("00007")
+        dialog.close()
+        self.assertEqual(copied(self.program), "00007")
+        self.wait_for_copy(self.right_click(200, 500), offered=False)  # which clears it
+        self.program.key("ctrl+a")
+        self.wait_for_copy(self.right_click(100, 200), offered=True)  # on the selection
         self.program.close()
 
     def test_the_pages_menu_by_keys_keeps_the_selection(self):

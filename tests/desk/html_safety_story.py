@@ -103,6 +103,12 @@ class HtmlSafety(HtmlStory):
         program.close()
         self.assertFalse(self.was_called())
 
+    def test_a_title_turns_nothing_around_it(self):
+        book = write_page(os.path.join(self.folder_of_book, "book.htm"), "<p>text</p>",
+                          "\u202egnp.yauQ\u2066")
+        program = self.open(book, "gnp.yauQ")
+        program.close()
+
     def test_what_lies_in_its_folder_shows(self):
         self.write("inner.htm", '<body bgcolor="#00ff00">')
         self.write("look.css", "body { background: #00ff00; margin: 0 }")

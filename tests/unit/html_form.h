@@ -31,14 +31,24 @@ struct HtmlForm : TestForm {
     void PutHistory(const std::string& lines) {
         PutDataFile("[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n" + lines);
     }
+    // By the user: the window is told first, then the view acts.
     void Press(int key, int shift) {
-        Window().Events().onKeyDown(key, shift);
-        Window().Events().onKeyUp(key, shift);
+        TellWindow(key, shift);
+        const bool zooms = (shift & (CtrlKey | AltKey)) == CtrlKey && Page().HasBody();
+        if (zooms && (key == 187 || key == 189 || key == 48)) {
+            Page().ZoomByHand(key == 48 ? 0 : key == 187 ? 1 : -1);
+            if (Page().zoomsAtOnce) Page().onZoomed();
+        }
     }
     // The keystrokes that the program sent come by the window.
     void DeliverZoomKeys() {
         for (const bool larger : std::exchange(Page().zoomKeys, {}))
-            Press(larger ? 187 : 189, CtrlKey);
+            TellWindow(larger ? 187 : 189, CtrlKey);
+        if (Page().zoomsAtOnce) Page().onZoomed();
+    }
+    void TellWindow(int key, int shift) {
+        Window().Events().onKeyDown(key, shift);
+        Window().Events().onKeyUp(key, shift);
     }
     void Choose(MenuArray& menu, MenuArray& command, int index = 0) {
         Menus().Open(menu);

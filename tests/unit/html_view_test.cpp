@@ -73,8 +73,9 @@ TEST_CASE("html zoom: the user's keys") {
     };
     for (const Case& row : table) {
         Reading test;
-        test.form.menu.mViewFont[0].tag = u"3";
-        test.Autosave();
+        for (int i = 0; i < 3; ++i)
+            test.Choose(test.Menu().mView, test.Menu().mViewFontSize, 0);
+        test.DeliverZoomKeys();
         test.Press(row.key, row.shift);
         CHECK(test.ZoomTag() == row.step);
         CHECK(test.Record(0)[Field::FontSize] == row.step);

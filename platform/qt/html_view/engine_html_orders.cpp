@@ -11,14 +11,17 @@
 #include <algorithm>
 #include <limits>
 
-// `changes` says that what is kept may be another afterwards: an older state does not count then.
-void EngineHtmlView::Order(const QString& expression, bool changes) {
+// What is kept may be another afterwards: an older state does not count any more.
+void EngineHtmlView::Order(const QString& expression) {
     if (!CanCall()) return;
-    if (changes) ++changes_;
-    calls_->Call(expression, [this, asked = changes_,
-                              alive = QPointer<QObject>(page_.get())](const QVariant& state) {
+    ++changes_;
+    calls_->Call(expression, StateTaker());
+}
+
+std::function<void(const QVariant&)> EngineHtmlView::StateTaker() {
+    return [this, asked = changes_, alive = QPointer<QObject>(page_.get())](const QVariant& state) {
         if (alive && alive == page_.get() && asked == changes_) TakeState(state);
-    });
+    };
 }
 
 // What happens many times before the page has answered is asked for once.
@@ -29,7 +32,7 @@ void EngineHtmlView::Refresh() {
         page_.get(),
         [this] {
             refreshing_ = false;
-            Order(QStringLiteral("state()"), false);
+            calls_->AskState(StateTaker());
         },
         Qt::QueuedConnection);
 }
@@ -39,14 +42,17 @@ void EngineHtmlView::TakeState(const QVariant& state) {
     if (list.size() != 6) return;
     const auto number = [&list](int i) { return list[i].toInt(); };
     kept_.scrollTop = number(0);
+    kept_.zoomSteps = calls_->ZoomSteps();
     kept_.viewHeight = number(1);
     kept_.topMargin = number(2);
     kept_.selection = {{number(3), number(4)}, number(5)};
+    widget_->SetHasSelection(number(4) > 0);
 }
 
 void EngineHtmlView::ScrollTo(int left, int top) {
     if (!CanCall()) return;
     kept_.scrollTop = std::max(top, 0);
+    kept_.zoomSteps = zoom_.Steps(); // sizes ordered before are there by then
     Order(QStringLiteral("scrollTo(%1, %2)").arg(left).arg(top));
 }
 

@@ -29,6 +29,7 @@ bool EngineHtmlView::eventFilter(QObject*, QEvent* event) {
     const auto state = Ask(QStringLiteral("state()"), QDeadlineTimer(longestPageWait),
                            QEventLoop::ExcludeUserInputEvents);
     if (state) TakeState(*state);
+    closing_ = true;
     return false;
 }
 
@@ -39,7 +40,7 @@ std::optional<QVariant> EngineHtmlView::Ask(const QString& expression, QDeadline
         EndWait();
         return std::nullopt;
     }
-    if (!CanCall() || watch_->IsSilent()) return std::nullopt;
+    if (!CanCall() || watch_->IsSilent() || closing_) return std::nullopt;
     const auto wait = std::make_shared<Wait>();
     wait_ = wait.get();
     calls_->Call(expression, [weak = std::weak_ptr(wait)](const QVariant& answer) {

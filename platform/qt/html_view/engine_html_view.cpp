@@ -58,13 +58,15 @@ void EngineHtmlView::ConnectPage(int page) {
     connect(page_.get(), &QWebEnginePage::loadFinished, this, [this, page](bool done) {
         if (done) Finished(page);
     });
-    connect(
-        page_.get(), &QWebEnginePage::renderProcessTerminated, this,
-        [this, dead = page_.get()] {
-            if (dead == page_.get()) Gone(); // it may have been left meanwhile
-        },
-        Qt::QueuedConnection);
+    const auto gone = [this, dead = page_.get()] {
+        if (dead == page_.get()) Gone(); // it may have been left meanwhile
+    };
+    connect(page_.get(), &QWebEnginePage::renderProcessTerminated, this, gone,
+            Qt::QueuedConnection);
     watch_->onChange = [this] { TellAnswering(); };
+    watch_->onTooLarge = [this, gone] { // which ends the watch
+        QMetaObject::invokeMethod(page_.get(), gone, Qt::QueuedConnection);
+    };
     // Within the page, which has not scrolled yet.
     connect(page_.get(), &QWebEnginePage::urlChanged, this, [this] {
         if (!kept_.body) return;
@@ -108,7 +110,7 @@ void EngineHtmlView::LeavePage() {
 void EngineHtmlView::Finished(int page) {
     if (std::exchange(finished_, true)) return;
     calls_->LoadScript();
-    calls_->SetZoom(zoom_.Factor(), widget_->devicePixelRatioF());
+    SetPageZoom();
     calls_->Call(QStringLiteral("facts()"),
                  [this, page, alive = QPointer<QObject>(page_.get())](const QVariant& facts) {
                      if (alive && alive == page_.get()) Loaded(page, facts);
@@ -183,8 +185,26 @@ void EngineHtmlView::RunCommand(int command) {
 void EngineHtmlView::Zoom(int steps) {
     if (!page_ || !kept_.body) return; // a page comes at normal size
     zoom_.Move(steps);
-    calls_->SetZoom(zoom_.Factor(), widget_->devicePixelRatioF());
-    Refresh();
+    SetPageZoom();
+}
+
+void EngineHtmlView::SetPageZoom() {
+    calls_->SetZoom(
+        zoom_.Factor(), widget_->devicePixelRatioF(), zoom_.Steps(),
+        [this, changes = changes_, alive = QPointer<QObject>(page_.get())](const QVariant& state) {
+            if (alive && alive == page_.get() && kept_.body) Zoomed(state, changes);
+        });
+}
+
+void EngineHtmlView::Zoomed(const QVariant& state, int changes) {
+    if (changes == changes_) TakeState(state);
+    // Not from within the engine's own call.
+    QMetaObject::invokeMethod(
+        page_.get(),
+        [this] {
+            if (kept_.zoomSteps == zoom_.Steps()) CallHandler(onZoomed);
+        },
+        Qt::QueuedConnection);
 }
 
 void EngineHtmlView::SendZoomKey(bool larger) {

@@ -43,6 +43,7 @@ class EngineHtmlView final : public QObject, public EngineView {
     std::u16string Title() const override { return kept_.title; }
     PageColors OwnColors() const override { return kept_.colors; }
     int ScrollTop() const override { return kept_.scrollTop; }
+    int ZoomSteps() const override { return kept_.zoomSteps; }
     int ViewHeight() const override { return kept_.viewHeight; }
     int TopMargin() const override { return kept_.topMargin; }
     PageSelection Selection() const override { return kept_.selection; }
@@ -66,7 +67,8 @@ class EngineHtmlView final : public QObject, public EngineView {
         std::string charset;
         std::u16string title;
         PageColors colors;
-        int scrollTop = 0, viewHeight = 0, topMargin = 0;
+        int scrollTop = 0, zoomSteps = 0; // change together
+        int viewHeight = 0, topMargin = 0;
         PageSelection selection;
     };
     struct Wait;
@@ -83,7 +85,10 @@ class EngineHtmlView final : public QObject, public EngineView {
     void TellJump();
     void RunCommand(int command);
     void Zoom(int steps);
-    void Order(const QString& expression, bool changes = true);
+    void SetPageZoom();
+    void Zoomed(const QVariant& state, int changes);
+    void Order(const QString& expression);
+    std::function<void(const QVariant&)> StateTaker(); // keeps what an answer says
     void Refresh();
     void TakeState(const QVariant& state);
     std::optional<QVariant> Ask(const QString& expression,
@@ -107,6 +112,7 @@ class EngineHtmlView final : public QObject, public EngineView {
     std::optional<int> jumpedFrom_; // offset before a jump in the page that is still to be told
     int changes_ = 0;               // ordered so far
     bool finished_ = false, refreshing_ = false, visible_ = false, focused_ = false;
+    bool closing_ = false; // the window's last wait is over
     Rect bounds_;
     Wait* wait_ = nullptr;
 };

@@ -96,7 +96,8 @@ void MakePassive(QWebEngineSettings& settings) {
           Settings::WebRTCPublicInterfacesOnly})
         settings.setAttribute(attribute, true);
     settings.setAttribute(Settings::PrintElementBackgrounds, false); // they are of the screen
-    settings.setUnknownUrlSchemePolicy(Settings::DisallowUnknownUrlSchemes);
+    // The strict one drops such a link before `ReaderPage` is asked, which lets none pass.
+    settings.setUnknownUrlSchemePolicy(Settings::AllowUnknownUrlSchemesFromUserInteraction);
 }
 } // namespace
 

@@ -5,11 +5,13 @@
 #include <QWebEnginePage>
 #include <QWebEngineScript>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
 constexpr int longestZoom = 1000; // milliseconds from the first answer; a page takes a few
 constexpr int askAgain = 2;       // milliseconds
+constexpr QLatin1String stateQuestion("state()");
 
 QString Source(const char* name) {
     QFile file(QLatin1String(":/norvaset/") + QLatin1String(name));
@@ -33,11 +35,21 @@ void PageCalls::Call(const QString& expression, Answer answer) {
     Proceed();
 }
 
-void PageCalls::SetZoom(double factor, double screenRatio) {
-    const bool joins = !steps_.empty() && steps_.back().expression.isEmpty();
-    if (!joins) steps_.emplace_back();
-    steps_.back().factor = factor;
-    steps_.back().pixelRatio = factor * screenRatio;
+void PageCalls::AskState(Answer answer) {
+    Call(stateQuestion, std::move(answer));
+}
+
+// Many keys in a row become one new size, or two: the first is begun at once. The state may as well
+// be asked afterwards.
+void PageCalls::SetZoom(double factor, double screenRatio, int steps, Answer settled) {
+    const Step size{{}, std::move(settled), factor, factor * screenRatio, steps};
+    const auto last = std::find_if(steps_.rbegin(), steps_.rend(), [](const Step& step) {
+        return step.expression != stateQuestion;
+    });
+    if (last != steps_.rend() && last->expression.isEmpty())
+        *last = size;
+    else
+        steps_.push_back(size);
     Proceed();
 }
 
@@ -81,10 +93,21 @@ void PageCalls::AskForRatio() {
             page_.setZoomFactor(step.factor); // the last of steps given meanwhile
             return again_.start(askAgain);
         }
-        Run({"backToPlace()", {}});
-        steps_.pop_front();
-        zooming_ = false;
-        Proceed();
+        FinishZoom();
     };
     Run({QStringLiteral("pixelRatio()"), answered});
+}
+
+// Answers come in the order of the calls: those behind this one are of the new size.
+void PageCalls::FinishZoom() {
+    const Step size = std::move(steps_.front());
+    steps_.pop_front();
+    zooming_ = false;
+    Run({QStringLiteral("backToPlace()"),
+         [this, size, alive = QPointer<PageCalls>(this)](const QVariant& state) {
+             if (!alive) return;
+             zoomSteps_ = size.zoomSteps;
+             size.answer(state);
+         }});
+    Proceed();
 }

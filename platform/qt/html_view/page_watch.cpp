@@ -18,6 +18,7 @@ PageWatch::PageWatch(QWebEnginePage& page) : page_(page) {
 
 // Ticks are counted, not time: while this program stands still itself no page is late.
 void PageWatch::Tick() {
+    if (memory_.IsTooMuch(page_.renderProcessPid())) return onTooLarge();
     if (unanswered_ == 0) Ask();
     if (++unanswered_ <= longestSilence || silent_) return;
     silent_ = true;

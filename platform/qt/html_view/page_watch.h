@@ -1,5 +1,8 @@
-// Whether a page answers. The engine tells of a page that has died, but of none that hangs.
+// Whether a page answers, and keeps within its memory. The engine tells of a page that has died, but
+// of none that hangs or eats up the machine.
 #pragma once
+
+#include "platform/qt/html_view/page_memory.h"
 
 #include <QObject>
 #include <QTimer>
@@ -13,7 +16,9 @@ class PageWatch : public QObject {
     explicit PageWatch(QWebEnginePage&); // from now on, also while the page loads
 
     bool IsSilent() const { return silent_; }
-    std::function<void()> onChange; // from the event loop: it is silent now, or is no longer
+    // From the event loop.
+    std::function<void()> onChange;   // it is silent now, or is no longer
+    std::function<void()> onTooLarge; // and shall be given up
 
   private:
     void Tick();
@@ -21,6 +26,7 @@ class PageWatch : public QObject {
     void Hear();
 
     QWebEnginePage& page_;
+    PageMemory memory_;
     QTimer ticks_;
     int unanswered_ = 0; // ticks since the question that waits for its answer, 0 without one
     bool silent_ = false;

@@ -86,9 +86,11 @@ bool PageWidget::KeyEvent(const QKeyEvent& event) {
 }
 
 void PageWidget::contextMenuEvent(QContextMenuEvent* event) {
-    if (std::exchange(pressedRight_, false)) onContextPress(event->pos());
+    const bool isPress = std::exchange(pressedRight_, false);
+    if (isPress) onContextPress(event->pos());
     menu_ = std::make_unique<QMenu>(this);
-    AddCommand(tr("&Copy"), CopyCommand, hasSelection());
+    // Whether the press has cleared the selection the page says in a moment.
+    copy_ = AddCommand(tr("&Copy"), CopyCommand, !isPress && hasSelection());
     AddCommand(tr("Select &All"), SelectAllCommand, hasText());
     AddCommand(tr("&Find..."), FindCommand, hasText());
     AddCommand(tr("&Open..."), OpenCommand, true);
@@ -96,7 +98,12 @@ void PageWidget::contextMenuEvent(QContextMenuEvent* event) {
     menu_->popup(event->globalPos());
 }
 
-void PageWidget::AddCommand(const QString& caption, int command, bool enabled) {
+void PageWidget::SetHasSelection(bool has) {
+    if (menu_ && menu_->isVisible()) copy_->setEnabled(has);
+}
+
+QAction* PageWidget::AddCommand(const QString& caption, int command, bool enabled) {
     QAction* action = menu_->addAction(caption, this, [this, command] { onCommand(command); });
     action->setEnabled(enabled);
+    return action;
 }

@@ -13,6 +13,7 @@ class PageWidget : public QWebEngineView {
     PageWidget(QWebEnginePage*, QWidget* parent);
     ~PageWidget() override;
 
+    void SetHasSelection(bool); // what the menu offers that is open
     void SetDeaf(bool deaf) { deaf_ = deaf; } // keys do not reach the page
 
     std::function<void(int steps)> onZoomKey;   // 0: back to normal
@@ -28,9 +29,10 @@ class PageWidget : public QWebEngineView {
 
   private:
     bool KeyEvent(const QKeyEvent&); // whether the page must not have it
-    void AddCommand(const QString& caption, int command, bool enabled);
+    QAction* AddCommand(const QString& caption, int command, bool enabled);
 
     std::unique_ptr<QMenu> menu_; // the one shown last
+    QAction* copy_ = nullptr;     // in it
     bool deaf_ = false;
     bool pressedRight_ =
         false; // the mouse asks for the menu, not a key: that leaves the caret alone

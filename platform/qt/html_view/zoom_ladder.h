@@ -6,6 +6,7 @@
 class ZoomLadder {
   public:
     double Factor() const;
+    int Steps() const { return steps_; }
     void Move(int steps); // 0 leads back to normal
 
   private:

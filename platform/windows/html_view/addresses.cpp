@@ -54,9 +54,12 @@ std::wstring_view HostOfPath(std::wstring_view path) {
     return path.substr(0, path.find(L'\\'));
 }
 
+bool HasNoPlace(std::wstring_view url) {
+    return StartsWith(url, L"about:") || StartsWith(url, L"data:");
+}
+
 bool IsWithinReach(std::wstring_view url, std::wstring_view bookHost) {
-    for (const wchar_t* placeless : {L"about:", L"data:"})
-        if (StartsWith(url, placeless)) return true;
+    if (HasNoPlace(url)) return true;
     const std::wstring path = PathOfUrl(url);
     if (path.empty()) return false;
     const std::wstring_view host = HostOfPath(path);

@@ -6,6 +6,7 @@ namespace {
 
 constexpr wchar_t className[] = L"NorvasetPage";
 constexpr UINT postedMessage = WM_APP;
+constexpr UINT_PTR quietTimer = 1;
 
 } // namespace
 
@@ -35,6 +36,11 @@ void PageWindow::Post() {
     if (handle_) PostMessageW(handle_, postedMessage, 0, 0);
 }
 
+// The system makes a timer's message only when the queue holds nothing else.
+void PageWindow::TellWhenQuiet() {
+    if (handle_) SetTimer(handle_, quietTimer, USER_TIMER_MINIMUM, nullptr);
+}
+
 LRESULT CALLBACK PageWindow::Receive(HWND window, UINT message, WPARAM wParam,
                                      LPARAM lParam) noexcept {
     if (message == WM_NCCREATE) {
@@ -60,8 +66,14 @@ LRESULT PageWindow::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_DESTROY: CallHandler(events_.onDestroy); return 0;
     case WM_PAINT: Paint(); return 0;
     case postedMessage: CallHandler(events_.onPosted); return 0;
-    default: return DefWindowProcW(handle_, message, wParam, lParam);
+    case WM_TIMER:
+        if (wParam != quietTimer) break;
+        KillTimer(handle_, quietTimer);
+        CallHandler(events_.onQuiet);
+        return 0;
+    default: break;
     }
+    return DefWindowProcW(handle_, message, wParam, lParam);
 }
 
 void PageWindow::Paint() {

@@ -11,6 +11,7 @@ class PageWindow {
     struct Events {
         std::function<void()> onResize, onFocus, onDestroy;
         std::function<void()> onPosted; // for each `Post`, later
+        std::function<void()> onQuiet;  // after `TellWhenQuiet`, once
     };
 
     PageWindow(HWND parent, Events);
@@ -21,6 +22,7 @@ class PageWindow {
     HWND Handle() const { return handle_; } // null once destroyed, as with its parent
     void SetNotice(std::wstring);           // "" shows none
     void Post();
+    void TellWhenQuiet(); // when no key, click or message waits any more
 
   private:
     static LRESULT CALLBACK Receive(HWND, UINT, WPARAM, LPARAM) noexcept;

@@ -1,7 +1,5 @@
 #include "platform/windows/html_view/refusing_protocol.h"
 
-#include "platform/windows/html_view/addresses.h"
-
 #include "platform/windows/html_view/urlmon.h"
 
 #include <new>
@@ -33,7 +31,7 @@ HRESULT RefusingProtocols::CreateInstance(IUnknown* outer, REFIID id, void** mad
     if (!made) return E_POINTER;
     *made = nullptr;
     if (outer && id != __uuidof(IUnknown)) return CLASS_E_NOAGGREGATION;
-    auto* protocol = new (std::nothrow) RefusingProtocol(outer, bookHost_);
+    auto* protocol = new (std::nothrow) RefusingProtocol(outer, folder_);
     if (!protocol) return E_OUTOFMEMORY;
     const auto first = ComPtr<IUnknown>::Adopt(protocol->Inner());
     return first->QueryInterface(id, made);
@@ -43,8 +41,8 @@ HRESULT RefusingProtocols::LockServer(BOOL) noexcept {
     return S_OK;
 }
 
-RefusingProtocol::RefusingProtocol(IUnknown* outer, std::wstring bookHost)
-    : outer_(outer ? outer : &inner_), bookHost_(std::move(bookHost)) {}
+RefusingProtocol::RefusingProtocol(IUnknown* outer, BookFolder folder)
+    : outer_(outer ? outer : &inner_), folder_(std::move(folder)) {}
 
 HRESULT RefusingProtocol::InnerUnknown::QueryInterface(REFIID id, void** found) noexcept {
     if (!found) return E_POINTER;
@@ -82,7 +80,7 @@ ULONG RefusingProtocol::Release() noexcept {
 HRESULT RefusingProtocol::Start(LPCWSTR url, IInternetProtocolSink* sink,
                                 IInternetBindInfo* bindInfo, DWORD flags,
                                 HANDLE_PTR reserved) noexcept {
-    if (!url || !IsWithinReach(url, bookHost_)) {
+    if (!url || !folder_.Allows(url)) {
         if (sink) sink->ReportResult(INET_E_RESOURCE_NOT_FOUND, 0, nullptr);
         return INET_E_RESOURCE_NOT_FOUND;
     }

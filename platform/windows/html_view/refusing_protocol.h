@@ -1,7 +1,8 @@
-// A protocol handler that refuses addresses of other machines and hands files of this one to the
-// system's handler.
+// A protocol handler that hands files of the book's folder to the system's handler and refuses all
+// others.
 #pragma once
 
+#include "platform/windows/html_view/book_folder.h"
 #include "platform/windows/html_view/com_object.h"
 
 #include <urlmon.h>
@@ -10,20 +11,20 @@
 
 class RefusingProtocols final : public ComObject<IClassFactory> {
   public:
-    explicit RefusingProtocols(std::wstring bookHost) : bookHost_(std::move(bookHost)) {}
+    explicit RefusingProtocols(BookFolder folder) : folder_(std::move(folder)) {}
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) noexcept override;
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID, void**) noexcept override;
     HRESULT STDMETHODCALLTYPE LockServer(BOOL) noexcept override;
 
   private:
-    std::wstring bookHost_;
+    BookFolder folder_;
 };
 
 // One load. The system may make it inside another object; only then it takes a load back.
 class RefusingProtocol final : public IInternetProtocol {
   public:
-    RefusingProtocol(IUnknown* outer, std::wstring bookHost);
+    RefusingProtocol(IUnknown* outer, BookFolder folder);
     IUnknown* Inner() { return &inner_; } // the reference that its maker has
     RefusingProtocol(const RefusingProtocol&) = delete;
     RefusingProtocol& operator=(const RefusingProtocol&) = delete;
@@ -60,6 +61,6 @@ class RefusingProtocol final : public IInternetProtocol {
     LONG count_ = 1;
     InnerUnknown inner_{*this};
     IUnknown* outer_; // not counted, by the rules of aggregation
-    std::wstring bookHost_;
+    BookFolder folder_;
     ComPtr<IInternetProtocol> system_; // while it loads a file
 };

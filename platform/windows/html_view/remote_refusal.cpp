@@ -16,8 +16,8 @@ constexpr const wchar_t* schemes[] = {L"file", L"http", L"https",  L"ftp",
 
 } // namespace
 
-RemoteRefusal::RemoteRefusal(const std::wstring& bookHost)
-    : handlers_(ComPtr<IClassFactory>::Adopt(new RefusingProtocols(bookHost))) {
+RemoteRefusal::RemoteRefusal(BookFolder folder)
+    : handlers_(ComPtr<IClassFactory>::Adopt(new RefusingProtocols(std::move(folder)))) {
     const auto getSession = UrlmonFunction<decltype(&CoInternetGetSession)>("CoInternetGetSession");
     if (!getSession || FAILED(getSession(0, session_.Put(), 0))) return;
     for (const wchar_t* scheme : schemes)

@@ -1,8 +1,9 @@
-// Keeps the whole process from loading anything of another machine through the system's URL
-// monikers, which the browser engine loads everything with: pages, frames, pictures, style sheets,
-// fonts.
+// Keeps the whole process from loading anything of another machine, or of this one outside the
+// book's folder, through the system's URL monikers, which the browser engine loads everything with:
+// pages, frames, pictures, style sheets, fonts.
 #pragma once
 
+#include "platform/windows/html_view/book_folder.h"
 #include "platform/windows/html_view/com_object.h"
 
 #include <urlmon.h>
@@ -12,9 +13,8 @@
 
 class RemoteRefusal {
   public:
-    // `bookHost`: the machine that the shown book is on, "" for this one. What the system does not
-    // let us take over is left to the engine's offline mode.
-    explicit RemoteRefusal(const std::wstring& bookHost);
+    // What the system does not let us take over is left to the engine's offline mode.
+    explicit RemoteRefusal(BookFolder folder);
     ~RemoteRefusal();
     RemoteRefusal(const RemoteRefusal&) = delete;
     RemoteRefusal& operator=(const RemoteRefusal&) = delete;

@@ -17,7 +17,8 @@ constexpr wchar_t notLoaded[] = L"This book cannot be loaded.";
 
 WinHtmlView::WinHtmlView(HWND parent, BrowserFactory make)
     : make_(std::move(make)), window_(parent, {[this] { FitWindow(); }, [this] { TakeKeyboard(); },
-                                               [this] { LoseControl(); }, [this] { RunPosted(); }}),
+                                               [this] { LoseControl(); }, [this] { RunPosted(); },
+                                               [this] { SettleZoom(); }}),
       inner_(*this) {}
 
 WinHtmlView::~WinHtmlView() {
@@ -34,10 +35,11 @@ void WinHtmlView::Navigate(const std::u16string& path, int page) {
     page_ = page;
     const std::wstring file = ToWide(path);
     url_ = UrlOfPath(file);
-    const std::wstring host(HostOfPath(file));
-    if (!refusal_ || host != std::exchange(bookHost_, host)) {
+    bookHost_ = HostOfPath(file);
+    const BookFolder before = std::exchange(folder_, BookFolder(file));
+    if (!refusal_ || folder_ != before) {
         refusal_.reset();
-        refusal_ = std::make_unique<RemoteRefusal>(host);
+        refusal_ = std::make_unique<RemoteRefusal>(folder_);
     }
     if (!OpenControl()) return window_.SetNotice(noEngine);
     load_ = Load::Asked;
@@ -65,6 +67,7 @@ void WinHtmlView::LeavePage() {
     document_ = {};
     heldPlace_ = {};
     kept_ = {};
+    zoomDue_ = false;
     url_.clear();
 }
 
@@ -95,7 +98,7 @@ bool WinHtmlView::MayLoad(const std::wstring& url, Target target, bool sends) {
         load_ = Load::Loading;
         return true;
     }
-    if (load_ == Load::Loading && target == Target::Frame) return IsWithinReach(url, bookHost_);
+    if (load_ == Load::Loading && target == Target::Frame) return folder_.Allows(url);
     if (load_ != Load::Complete) return false; // a redirection
     if (target == Target::Page && IsPlaceInPage(url, url_)) {
         Later([this, top = ScrollTop()] {
@@ -133,6 +136,7 @@ void WinHtmlView::TakePage(const std::wstring& url) {
     kept_.hasBody = document_.HasBody();
     kept_.colors = ColorsOf(document_);
     Zoom(0); // the control goes on with the size of the page before
+    SettleZoom();
     if (GetFocus() == window_.Handle()) TakeKeyboard();
     if (onLoaded) onLoaded(page_, FromWide(url));
 }

@@ -48,6 +48,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     std::u16string Title() const override;
     PageColors OwnColors() const override { return kept_.colors; }
     int ScrollTop() const override;
+    int ZoomSteps() const override { return kept_.zoomSteps; }
     int ViewHeight() const override;
     int TopMargin() const override;
     PageSelection Selection() const override;
@@ -71,7 +72,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
         std::string charset;
         std::u16string title;
         PageColors colors;
-        int scrollTop = 0, viewHeight = 0, topMargin = 0;
+        int scrollTop = 0, zoomSteps = 0, viewHeight = 0, topMargin = 0;
         PageSelection selection;
         PageRange measured; // the selection that `selection.span` was counted for
     };
@@ -97,6 +98,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     void ShowMenu(POINT);
     void ReportLink(const std::wstring& url);
     void Zoom(int steps); // 0: back to normal
+    void SettleZoom();    // before whatever depends on the page's size
     int ZoomPercent() const;
     bool IsOfView(HWND) const;
 
@@ -112,12 +114,14 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     std::unique_ptr<RemoteRefusal> refusal_; // while there is a control
     std::unique_ptr<BrowserControl> control_;
 
-    std::wstring url_; // of the page, as we asked for it
+    std::wstring url_;  // of the page, as we asked for it
+    BookFolder folder_; // of the page's book
     std::wstring bookHost_;
     int page_ = 0;
     Load load_ = Load::None;
-    PageZoom zoom_;
-    int zoomPercent_ = 0; // that the control was given last
+    PageZoom zoom_;        // asked for
+    bool zoomDue_ = false; // and not yet carried out
+    int zoomPercent_ = 0;  // that the control was given last
     PageDocument document_;
     HeldPlace heldPlace_;
     mutable Kept kept_;

@@ -6,6 +6,7 @@
 #include "platform/windows/win_dpi.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -55,17 +56,30 @@ void WinHtmlView::SendZoomKey(bool larger) {
     });
 }
 
+// Keys that come while the engine lays the page out are one new size.
 void WinHtmlView::Zoom(int steps) {
     zoom_.Move(steps);
+    zoomDue_ = true;
+    window_.TellWhenQuiet();
+}
+
+void WinHtmlView::SettleZoom() {
+    if (!std::exchange(zoomDue_, false)) return;
     LayOutAnew([this] {
         zoomPercent_ = ZoomPercent();
         if (control_) control_->SetZoom(zoomPercent_);
+    });
+    kept_.zoomSteps = zoom_.Steps();
+    if (load_ != Load::Complete) return;
+    Later([this] {
+        if (onZoomed) onZoomed();
     });
 }
 
 // The window may have come to a screen of another resolution, too.
 void WinHtmlView::FitWindow() {
     if (!control_) return;
+    SettleZoom();
     LayOutAnew([this] { control_->FitWindow(); });
     if (document_ && ZoomPercent() != zoomPercent_)
         LayOutAnew([this] { control_->SetZoom(zoomPercent_ = ZoomPercent()); });
@@ -86,7 +100,7 @@ int WinHtmlView::ZoomPercent() const {
 bool WinHtmlView::IsInSelection(POINT pixels) const {
     const PageRange selection = document_.SelectedText();
     if (TextOf(selection).value_or(u"").empty()) return false;
-    const int percent = ZoomPercent();
+    const int percent = zoomPercent_;
     return IsInside(
         RangeAt(document_, MulDiv(pixels.x, 100, percent), MulDiv(pixels.y, 100, percent)),
         selection);

@@ -14,17 +14,20 @@ const Value& Renew(Value& kept, const std::optional<Value>& now) {
 } // namespace
 
 void WinHtmlView::ScrollTo(int left, int top) {
+    SettleZoom();
     kept_.scrollTop = top;
     document_.ScrollTo(left, top);
 }
 
 void WinHtmlView::ScrollSpanToTop(const PageSpan& span) {
+    SettleZoom();
     const auto place = PlaceOf(RangeOf(document_, span));
     const auto scrolled = document_.ScrollTop();
     if (place && scrolled) ScrollTo(0, place->top + *scrolled - TopMargin());
 }
 
 void WinHtmlView::Select(const PageSpan& span) {
+    SettleZoom();
     if (SelectRange(RangeOf(document_, span))) ScrollIntoView(span.start);
 }
 
@@ -103,6 +106,7 @@ PageSelection WinHtmlView::Selection() const {
 }
 
 std::vector<std::u16string> WinHtmlView::TextsOf(const std::vector<PageSpan>& spans) {
+    SettleZoom();
     std::vector<std::u16string> texts;
     for (const PageSpan& span : spans) {
         auto text = TextOf(RangeOf(document_, span));
@@ -122,6 +126,7 @@ std::u16string WinHtmlView::SelectionAsHtml() {
 
 std::optional<PageMatch> WinHtmlView::FindBehindSelection(std::u16string_view what,
                                                           FindOptions options) {
+    SettleZoom();
     if (what.empty()) return std::nullopt;
     const PageRange rest = RestBehind(document_, document_.SelectedText());
     const auto from = PlaceOf(rest);
@@ -133,5 +138,6 @@ std::optional<PageMatch> WinHtmlView::FindBehindSelection(std::u16string_view wh
 }
 
 TextPos WinHtmlView::StartAtTop() {
+    SettleZoom();
     return StartOf(RangeAt(document_, 0, TopMargin())).value_or(-1);
 }

@@ -1,0 +1,78 @@
+"""A page made larger: its size and the place in it are left and found again together."""
+from harness import books
+from harness.html_story import HtmlStory, paragraphs, write_page
+from harness.story import main
+from harness.text_view import settled_strip
+from harness.wait import wait_for
+
+COUNT = 6000  # paragraphs of six sentences: each new size takes a good part of a second
+PAGES = 20  # from its end
+STEPS = 4
+LARGER = ["ctrl+plus"] * STEPS
+
+
+class HtmlZoom(HtmlStory):
+    def setUp(self):
+        lines = books.long_paragraphs("latin", COUNT)
+        self.book = write_page(self.path("lanterns.htm"), paragraphs(lines))
+        self.other = books.write_book(self.path("quay.txt"), books.lines("latin", 20))
+
+    def zoom_in_the_middle(self, name):
+        """A reader that knows the other book, too, and what it showed before the keys."""
+        self.program = self.reader(name)
+        self.program.start(self.other)
+        self.program.wait_for_book(self.other)
+        self.program.close()
+        self.open(self.book, "Lanterns", self.program)
+        top = settled_strip(self.program)
+        self.program.key("ctrl+End")
+        wait_for(lambda: not settled_strip(self.program).looks_like(top), "the end")
+        self.program.press("Prior", PAGES)
+        self.program.key("Escape")
+        before = settled_strip(self.program)
+        self.program.key(*LARGER)
+        return before
+
+    def size(self):
+        return next(record["FontSize"] for record in self.program.data().records()
+                    if record["Path"] == self.book)
+
+    def wait_for_size(self):
+        wait_for(lambda: self.size() == str(STEPS), "the new size in the record")
+
+    def close_at_once(self):
+        self.program.key("alt+F4")
+        self.program.wait_for_end()
+
+    def kill_when_stored(self):
+        self.wait_for_size()
+        self.program.kill()  # before anything else stores the book
+
+    def terminate(self):
+        self.program.finish_keys()
+        self.program.terminate()
+
+    def open_the_other_book(self):
+        self.program.choose_book(1, 2)
+        self.program.wait_for_book(self.other)
+        self.program.close()
+
+    def test_left_at_once(self):
+        before = self.zoom_in_the_middle("calm")
+        wait_for(lambda: not settled_strip(self.program).looks_like(before), "larger letters")
+        self.wait_for_size()
+        strip = settled_strip(self.program)
+        self.program.close()
+        for leave in (self.kill_when_stored, self.close_at_once, self.terminate,
+                      self.open_the_other_book):
+            with self.subTest(way=leave.__name__):
+                self.zoom_in_the_middle(leave.__name__)
+                leave()
+                self.open(self.book, "Lanterns", self.program)
+                self.wait_for_place(self.program, strip)
+                self.program.close()
+                self.assertEqual(self.size(), str(STEPS))
+
+
+if __name__ == "__main__":
+    main()
