@@ -62,10 +62,9 @@ namespace {
 bool Claim(MainForm& form) {
     const InstanceClaim claim = form.ports.shell->ClaimDataFile(form.DataFilePath);
     if (claim.result == InstanceClaim::Result::SomebodyElse) {
-        ShowBookMessage(form,
-                        form.DataFilePath + u"\r\nis in use by " + claim.holder + u". Close " +
-                            form.productTitle + u" there first.",
-                        "trouble");
+        const std::u16string text = form.DataFilePath + u"\r\nis in use by " + claim.holder +
+                                    u". Close " + form.productTitle + u" there first.";
+        form.ports.dialogs->ShowMessage(BookMessage(form, text, "trouble"));
     }
     return claim.IsGranted();
 }
