@@ -36,7 +36,7 @@ def copied(reader, *keys):
     return wait_for(copy, "a copy")
 
 
-def fill(screen):
+def fill(screen, text=NOTHING):
     subprocess.run(["xclip", "-selection", "clipboard"], env=screen.environment, check=True,
-                   input=NOTHING.encode(), stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-    wait_for(lambda: clipboard(screen) == NOTHING, "the clipboard to be filled")
+                   input=text.encode(), stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    wait_for(lambda: clipboard(screen) == text, "the clipboard to be filled")

@@ -2,11 +2,12 @@
 the list holds of it, and whether it comes back to its place."""
 import os
 import shutil
+import time
 
 from harness import journeys
-from harness.clipboard import clipboard, fill
-from harness.dialog import Dialog
+from harness.clipboard import AGAIN, clipboard, fill
 from harness.html_story import MODULE, SLACK
+from harness.open_dialog import OpenDialog
 from harness.story import Story
 from harness.text_view import settled_strip, top_strip
 from harness.wait import wait_for
@@ -35,9 +36,8 @@ class JourneyStory(Story):
             editor = self._make_editor(name)
             self.program.wait_until_idle()
             self.program.open_menu("o")
-            dialog = Dialog(self.program, "Set .*", key)
-            dialog.key("alt+n", "ctrl+a")
-            dialog.type(shown_path(editor))
+            dialog = OpenDialog(self.program, "Set .*", key)
+            dialog.type_path(editor)
             dialog.close()
 
     def _make_editor(self, name):
@@ -108,11 +108,17 @@ class JourneyStory(Story):
             return ""
 
     def read_on(self):
-        self.program.key("ctrl+Home")
+        """To the second page; a key may be lost while another program comes and goes."""
+        self.program.activate()
+        self.program.key("Escape", "ctrl+Home")  # should the bar still have the keyboard
         first = settled_strip(self.program)
-        self.program.key("Next")
+        pressed = time.monotonic() - AGAIN
 
         def turned():
+            nonlocal pressed
+            if time.monotonic() - pressed > AGAIN:
+                self.program.key("Escape", "Next")
+                pressed = time.monotonic()
             strip = top_strip(self.program.picture())
             return strip and not strip.looks_like(first)
         wait_for(turned, "the next page")

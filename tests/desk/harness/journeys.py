@@ -77,6 +77,8 @@ def first_line(path, kind):
     lines = [line for line in source.splitlines() if line.strip()]
     if kind != PAGE:
         return lines[0]  # of the source
+    if path.endswith(".book"):
+        return lines[0]  # the engine takes an ending that it does not know for one of plain text
     if "<html>" in source:
         return NEITHER if source.startswith(NEITHER) else LINES[0]
     return " ".join(lines[:2])  # the page runs on

@@ -1,5 +1,7 @@
 """The dialog of File, Open on either system, by its own type box, list, name and button."""
+from harness.clipboard import fill
 from harness.dialog import Dialog
+from harness.picture import grab
 from harness.wait import wait_for
 from harness.wine import ON_WINE, shown_path
 
@@ -13,8 +15,9 @@ TYPE_BOX, OPEN_BUTTON, FIRST_FILE = (
 
 
 class OpenDialog(Dialog):
-    def __init__(self, reader):
-        super().__init__(reader, "Open File", "ctrl+o")
+    def __init__(self, reader, title="Open File", *keys):
+        """Without keys those that open a book."""
+        super().__init__(reader, title, *keys or ["ctrl+o"])
 
     def choose_type(self, name):
         self.key("alt+t", KEYS[name])
@@ -32,9 +35,21 @@ class OpenDialog(Dialog):
             return not self.reader.popups()
         wait_for(picked, "the types to go")
 
+    def type_box_picture(self):
+        """What the box shows, without its frame."""
+        picture = wait_for(lambda: grab(self.reader.screen, self.window), "a picture of the dialog")
+        row = picture.height + TYPE_BOX[1]
+        return picture.crop(int(0.16 * picture.width), row - 7, int(0.55 * picture.width), row + 7)
+
     def type_name(self, text):
+        """Pasted on Linux: while Qt's list of completions comes and goes it loses letters that
+        follow each other faster than anybody types."""
         self.key("alt+n", "ctrl+a")
-        self.type(text)
+        if ON_WINE:
+            self.type(text)
+        else:
+            fill(self.reader.screen, text)
+            self.key("ctrl+v")
 
     def type_path(self, path):
         self.type_name(shown_path(path))
