@@ -62,6 +62,7 @@ class QtWindow final : public QWidget, public Window {
 
   private:
     void TakeDefaultPlace();
+    void TakeKeyboardBack();
     bool KeyEvent(const QKeyEvent&);
     int CodeOf(const QKeyEvent&) const;
     QMargins FrameMargins() const;
