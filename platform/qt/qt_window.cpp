@@ -75,6 +75,10 @@ void QtWindow::AdoptMenuBar(QMenuBar* menuBar) {
     LayOut();
 }
 
+void QtWindow::TakeKeyboardFromBar() {
+    if (barKeyboard_) barKeyboard_->GiveBack();
+}
+
 void QtWindow::LayOut() {
     const int menuHeight = menuBar_ ? menuBar_->heightForWidth(width()) : 0;
     if (menuBar_) menuBar_->setGeometry(0, 0, width(), menuHeight);
