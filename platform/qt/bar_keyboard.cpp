@@ -47,5 +47,5 @@ bool BarKeyboard::Takes(const QKeyEvent& event) {
 }
 
 void BarKeyboard::GiveBack() const {
-    if (view_) view_->setFocus(Qt::MenuBarFocusReason);
+    if (view_ && bar_.hasFocus()) view_->setFocus(Qt::MenuBarFocusReason);
 }

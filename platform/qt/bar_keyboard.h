@@ -18,9 +18,9 @@ class BarKeyboard : public QObject {
     // the view that had it, which then gets the key. Keys that go up are never the bar's alone.
     bool Takes(const QKeyEvent&);
 
-  private:
-    void GiveBack() const;
+    void GiveBack() const; // to the view, where the bar has it
 
+  private:
     QMenuBar& bar_;
     QPointer<QWidget> view_; // had the keyboard before the bar
 };

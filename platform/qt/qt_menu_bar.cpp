@@ -56,9 +56,20 @@ void QtMenuBar::ShowMenu(MenuArray& topLevel) {
     const auto show = [this, &topLevel] {
         const auto place = std::ranges::find(topLevel_, &topLevel) - topLevel_.begin();
         if (place == std::ssize(topLevel_) || QApplication::activePopupWidget()) return;
+        openedByProgram_ = true;
         bar_->setActiveAction(menus_[static_cast<std::size_t>(place)]->menuAction());
     };
     QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
+}
+
+// The bar takes the keyboard after its menu has gone, or the menu beside it opens.
+void QtMenuBar::LeaveMenu() {
+    const auto leave = [this] {
+        if (!openedByProgram_ || QApplication::activePopupWidget()) return;
+        openedByProgram_ = false;
+        window_.TakeKeyboardFromBar();
+    };
+    if (openedByProgram_) QMetaObject::invokeMethod(this, leave, Qt::QueuedConnection);
 }
 
 void QtMenuBar::ShowContextMenu(const std::vector<MenuArray*>& items) {
@@ -79,6 +90,7 @@ QMenu* QtMenuBar::AddMenu(QWidget* parent, const MenuItem& item, MenuArray& arra
         if (isTopLevel) CallHandler(events_.onOpening, array);
         Fill(*menu, array);
     });
+    if (isTopLevel) connect(menu, &QMenu::aboutToHide, this, &QtMenuBar::LeaveMenu);
     return menu;
 }
 

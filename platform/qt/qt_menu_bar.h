@@ -33,6 +33,7 @@ class QtMenuBar final : public QObject, public MenuBar {
     void Fill(ModelMenu&, const MenuArray&);
     void PrepareMenu(QMenu&);
     void Choose(const QAction*);
+    void LeaveMenu();
 
     QtWindow& window_;
     std::function<QPoint()> contextPoint_;
@@ -42,4 +43,5 @@ class QtMenuBar final : public QObject, public MenuBar {
     std::vector<MenuArray*> topLevel_;
     std::vector<QMenu*> menus_; // of topLevel_, in order; owned by the bar
     MenuEvents events_;
+    bool openedByProgram_ = false; // the menu that is open, or the one gone to from it
 };

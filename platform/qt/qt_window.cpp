@@ -75,6 +75,10 @@ void QtWindow::AdoptMenuBar(QMenuBar* menuBar) {
     LayOut();
 }
 
+void QtWindow::TakeKeyboardFromBar() {
+    if (barKeyboard_) barKeyboard_->GiveBack();
+}
+
 void QtWindow::LayOut() {
     const int menuHeight = menuBar_ ? menuBar_->heightForWidth(width()) : 0;
     if (menuBar_) menuBar_->setGeometry(0, 0, width(), menuHeight);
@@ -283,10 +287,20 @@ void QtWindow::wheelEvent(QWheelEvent* event) {
 
 // Keys pass here before the view that has the focus sees them.
 bool QtWindow::eventFilter(QObject* object, QEvent* event) {
+    if (object == windowHandle() && event->type() == QEvent::WindowUnblocked) TakeKeyboardBack();
     if (object == windowHandle() &&
         (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease))
         return KeyEvent(static_cast<const QKeyEvent&>(*event));
     return QWidget::eventFilter(object, event);
+}
+
+// When a dialog of ours has gone, no window has the keyboard on a screen without a window manager.
+void QtWindow::TakeKeyboardBack() {
+    if (QGuiApplication::applicationState() != Qt::ApplicationActive) return;
+    const auto activate = [this] {
+        if (!QApplication::activeModalWidget()) activateWindow();
+    };
+    QMetaObject::invokeMethod(this, activate, Qt::QueuedConnection);
 }
 
 bool QtWindow::KeyEvent(const QKeyEvent& event) {

@@ -24,6 +24,7 @@ class QtWindow final : public QWidget, public Window {
     QWidget* InnerArea() const { return inner_; } // parent of the status bar
     QWidget* ViewArea() const { return views_; }  // parent of both views, inside the panel's border
     void AdoptMenuBar(QMenuBar*);
+    void TakeKeyboardFromBar(); // for the view that had it
     void LayOut(); // places menu bar and inner area; reports when the inner area changed
 
     // While this widget or one in it has the keyboard, the keypad's zoom keys are told as those of
@@ -62,6 +63,7 @@ class QtWindow final : public QWidget, public Window {
 
   private:
     void TakeDefaultPlace();
+    void TakeKeyboardBack();
     bool KeyEvent(const QKeyEvent&);
     int CodeOf(const QKeyEvent&) const;
     QMargins FrameMargins() const;

@@ -8,7 +8,8 @@
 
 namespace {
 
-constexpr UINT openMenuMessage = WM_APP + 1, openContextMenuMessage = WM_APP + 2;
+constexpr UINT openMenuMessage = WM_APP + 1, openContextMenuMessage = WM_APP + 2,
+               popupClosedMessage = WM_APP + 3;
 
 // Makes a choice known by menu and position instead of a number.
 void NotifyByPosition(HMENU menu) {
@@ -114,7 +115,21 @@ void WinMenuBar::OpenMenu(const MenuArray* topLevel) {
     if (title == titles_.end() || !title->visible || !title->enabled || !CanOpenMenu(frame_))
         return;
     ForgetHeldCtrl();
+    popups_ = 0;
     SendMessageW(frame_, WM_SYSCOMMAND, SC_KEYMENU, AccessKey((*title->array)[0]));
+    popups_.reset();
+}
+
+// The menu beside this one opens before the message comes round.
+void WinMenuBar::CountPopup(HMENU menu, int change) {
+    if (!popups_ || !menus_.Has(menu)) return;
+    *popups_ += change;
+    if (change < 0) PostMessageW(frame_, popupClosedMessage, 0, 0);
+}
+
+// By itself the bar would keep the keyboard when its menu has been left by Escape.
+void WinMenuBar::LeaveEmptyBar() const {
+    if (popups_ && *popups_ <= 0) EndMenu();
 }
 
 void WinMenuBar::OpenContextMenu() {
@@ -136,7 +151,12 @@ LRESULT CALLBACK WinMenuBar::Receive(HWND window, UINT message, WPARAM wParam, L
 
 bool WinMenuBar::Take(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& answer) {
     switch (message) {
-    case WM_INITMENUPOPUP: Prepare(reinterpret_cast<HMENU>(wParam)); return false;
+    case WM_INITMENUPOPUP:
+        CountPopup(reinterpret_cast<HMENU>(wParam), 1);
+        Prepare(reinterpret_cast<HMENU>(wParam));
+        return false;
+    case WM_UNINITMENUPOPUP: CountPopup(reinterpret_cast<HMENU>(wParam), -1); return false;
+    case popupClosedMessage: LeaveEmptyBar(); return true;
     case WM_MENUCOMMAND: Choose(reinterpret_cast<HMENU>(lParam), wParam); return true;
     case WM_MENUCHAR: return ChooseByKey(LOWORD(wParam), reinterpret_cast<HMENU>(lParam), answer);
     case openMenuMessage: OpenMenu(reinterpret_cast<const MenuArray*>(lParam)); return true;

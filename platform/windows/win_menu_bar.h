@@ -4,6 +4,8 @@
 #include "platform/menu_bar.h"
 #include "platform/windows/win_model_menu.h"
 
+#include <optional>
+
 class WinMenuBar final : public MenuBar {
   public:
     // `contextPoint` tells where on the screen a context menu was asked for.
@@ -31,6 +33,8 @@ class WinMenuBar final : public MenuBar {
     void Choose(HMENU, std::size_t position);
     bool ChooseByKey(wchar_t character, HMENU, LRESULT& answer) const;
     void OpenMenu(const MenuArray*);
+    void CountPopup(HMENU, int change);
+    void LeaveEmptyBar() const;
     void OpenContextMenu();
     MenuPlace PlaceAt(HMENU, std::size_t position) const;
 
@@ -40,6 +44,8 @@ class WinMenuBar final : public MenuBar {
     WinModelMenus menus_;
     std::vector<Title> titles_;
     MenuEvents events_;
+    // While a menu is open that the program opened itself: how many are, with their submenus.
+    std::optional<int> popups_;
     HMENU contextMenu_ = nullptr; // the one asked for last; what was chosen in it is told later
     POINT contextAt_ = {};
 };

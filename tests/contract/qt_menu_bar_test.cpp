@@ -68,6 +68,25 @@ TEST_CASE("qt menu bar: a menu shown by a command opens after it, as by a click"
     Bench::Shown()->close();
 }
 
+TEST_CASE("qt menu bar: one Escape leaves a menu shown by a command") {
+    Bench bench;
+    QLineEdit view(bench.window.ViewArea());
+    view.show();
+    view.setFocus();
+    QApplication::processEvents();
+    for (int i = 0; i < 2; ++i) {
+        bench.bar.ShowMenu(bench.top);
+        QApplication::processEvents();
+        QMenu* menu = Bench::Shown();
+        REQUIRE(menu);
+        QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QApplication::sendEvent(menu, &escape);
+        QApplication::processEvents();
+        CHECK_FALSE(Bench::Shown());
+        CHECK(QApplication::focusWidget() == &view);
+    }
+}
+
 TEST_CASE("qt menu bar: a menu asked for twice opens once") {
     Bench bench;
     bench.bar.ShowMenu(bench.top);

@@ -188,6 +188,19 @@ TEST_CASE("windows menu bar: a menu shown by a command opens after it, and its k
     CHECK(bench.log == std::vector<std::string>{"opening file", "marks 1"});
 }
 
+TEST_CASE("windows menu bar: one Escape leaves a menu shown by a command") {
+    Bench bench;
+    MenuArray file = Array({u"&File"}), edit = Array({u"&Edit"}), list = Array({u"one", u"two"});
+    MenuArray remove = Array({u"&Remove"}), removeList = Array({u"x"});
+    remove.children = {&removeList};
+    file.children = edit.children = {&remove, &list};
+    bench.Attach({&file, &edit});
+    bench.bar.ShowMenu(file);
+    bench.PressInMenu({VK_DOWN, VK_ESCAPE});
+    bench.bar.ShowMenu(file);
+    bench.PressInMenu({VK_LEFT, VK_RIGHT, VK_ESCAPE}); // the menu beside it, and back
+}
+
 TEST_CASE("windows menu bar: a context menu opens after its request and tells what was chosen") {
     Bench bench;
     MenuArray file = Array({u"&File"}), heading = Array({u"Go to:", u"-"});

@@ -33,9 +33,23 @@ class Bookmarks(Story):
         self.program.key("Escape", "ctrl+d")  # out of the menu bar, where a closed menu leaves it
         menu = wait_for(self.program.popups, "the Bookmark menu")[0]
         picture = self.menu_picture(menu)
-        self.program.close_menu()
         self.program.key("Escape")
+        wait_for(lambda: not self.program.popups(), "the menu to close")
         return picture
+
+    def test_one_escape_leads_back_to_the_book(self):
+        """From the menu that the program opened, and from one gone to from there."""
+        for line, keys in ((10, ["Escape"]), (20, ["Right", "Left", "Escape"])):
+            with self.subTest(keys=keys):
+                self.program.key("ctrl+Home")
+                self.program.press("Down", line)
+                self.program.key("Escape", "ctrl+d")
+                wait_for(self.program.popups, "the Bookmark menu")
+                self.program.key(*keys)
+                wait_for(lambda: not self.program.popups(), "the menu to close")
+                self.program.key("Down", "shift+End")  # the bar would open a menu by it
+                self.assertEqual(copied(self.program), self.lines[line + 1])
+        self.program.close()
 
     def menu_picture(self, menu):
         """Once two in a row show the same, and no longer the empty window."""
