@@ -48,6 +48,7 @@ class PlainTextSource : public TextSource {
     };
 
     bool MarkPieces(bool onlyUtf8);
+    PlainTextForm GuessForm(std::string_view start, int bookCodePage, int systemCodePage) const;
     std::size_t PieceWith(TextPos position) const;
     std::size_t PieceWithByte(std::uint64_t byte) const;
     std::string BytesBetween(std::uint64_t from, std::uint64_t to) const;
