@@ -4,6 +4,7 @@
 #include "common/utf.h"
 #include "formats/code_page_gb18030.h"
 #include "formats/code_page_tables.h"
+#include "formats/codepages/escaped_text.h"
 
 #include <algorithm>
 #include <iterator>
@@ -110,7 +111,7 @@ void DecodeDoubleBytes(const DoubleBytePage& page, std::string_view bytes, std::
 } // namespace
 
 bool HasCodePage(int codePage) {
-    return codePage == utf8Page || FindSingleBytePage(codePage) || FindDoubleBytePage(codePage);
+    return codePage == utf8Page || IsEscapedPage(codePage) || FindSingleBytePage(codePage) || FindDoubleBytePage(codePage);
 }
 
 void DecodeCodePage(int codePage, std::string_view bytes, std::u16string& text) {
@@ -118,6 +119,8 @@ void DecodeCodePage(int codePage, std::string_view bytes, std::u16string& text) 
         text = Utf8ToUtf16(bytes); // a whole book is not held twice
     else if (codePage == utf8Page)
         text += Utf8ToUtf16(bytes);
+    else if (IsEscapedPage(codePage))
+        DecodeEscaped(codePage, bytes, text);
     else if (const DoubleBytePage* pairs = FindDoubleBytePage(codePage))
         DecodeDoubleBytes(*pairs, bytes, text);
     else if (const SingleBytePage* single = FindSingleBytePage(codePage)) {

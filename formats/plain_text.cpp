@@ -3,6 +3,7 @@
 #include "common/utf.h"
 #include "formats/code_pages.h"
 #include "formats/codepages/charset_guess.h"
+#include "formats/codepages/escaped_text.h"
 #include "formats/plain_text_guess.h"
 #include "formats/plain_text_wide.h"
 
@@ -49,6 +50,8 @@ std::optional<PlainTextForm> MarkedForm(std::string_view start) {
     for (const ByteOrderMark& mark : byteOrderMarks)
         if (start.starts_with(mark.bytes))
             return PlainTextForm{mark.encoding, 0, mark.bytes.size()};
+    if (const std::optional<int> escaped = EscapedPage(start.substr(0, guessSample)))
+        return PlainTextForm{TextEncoding::CodePage, *escaped};
     const std::optional<ByteOrder> order = GuessUtf16(start);
     if (!order) return std::nullopt;
     return PlainTextForm{*order == ByteOrder::Little ? TextEncoding::Utf16LittleEndian

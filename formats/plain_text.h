@@ -30,7 +30,7 @@ struct PlainTextForm {
     std::size_t markLength = 0; // of the byte-order mark, in bytes
 };
 
-// In this order: a byte-order mark; UTF-16 without one, told by its zero bytes; valid UTF-8;
+// In this order: a byte-order mark; the sequences of ISO-2022; UTF-16 and UTF-32 without a mark; valid UTF-8;
 // `bookCodePage` when it is not 0; what the guess says, which takes `systemCodePage` in doubt. A
 // `bookCodePage` of Windows stands for its script: of a charset of that script the guess tells which.
 DecodedText DecodePlainText(std::string_view bytes, int bookCodePage, int systemCodePage);

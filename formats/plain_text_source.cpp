@@ -2,6 +2,7 @@
 
 #include "common/decode_pieces.h"
 #include "common/utf.h"
+#include "formats/codepages/escaped_text.h"
 #include "formats/plain_text_guess.h"
 #include "formats/plain_text_pieces.h"
 
@@ -25,11 +26,19 @@ PlainTextSource::PlainTextSource(std::shared_ptr<const FileReader> file, int boo
     const std::string start = BytesBetween(0, guessSample);
     if (const auto marked = MarkedForm(start)) {
         form_ = *marked;
+        if (IsEscapedPage(form_.codePage)) ConvertToUtf8();
         MarkPieces(false);
     } else if (!MarkPieces(true)) {
         form_ = GuessForm(start, bookCodePage, systemCodePage);
         MarkPieces(false);
     }
+}
+
+// No piece of such a text decodes by itself. They are relics of mail, so they are small.
+void PlainTextSource::ConvertToUtf8() {
+    constexpr std::uint64_t most = 256 << 20;
+    file_ = std::make_shared<BytesReader>(Utf16ToUtf8(DecodeAs(form_, BytesBetween(0, most))));
+    form_ = {};
 }
 
 // After a run along the pieces that ended at one that is not UTF-8.

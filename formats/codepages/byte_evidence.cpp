@@ -55,7 +55,8 @@ std::size_t StretchEnd(std::string_view bytes, std::size_t high, std::size_t mos
     return end;
 }
 
-void TakeStretches(std::string_view sample, std::size_t most, std::string& text) {
+// Returns how much of the sample is taken or seen to be ASCII.
+std::size_t TakeStretches(std::string_view sample, std::size_t most, std::string& text) {
     const std::size_t limit = text.size() + most;
     std::size_t taken = 0;
     for (std::size_t high = NextHigh(sample, 0); high < sample.size() && text.size() < limit;
@@ -68,6 +69,24 @@ void TakeStretches(std::string_view sample, std::size_t most, std::string& text)
         text += stretch;
         text += '\n';
         taken = std::max(begin + stretch.size(), high + 1);
+    }
+    return text.size() < limit ? sample.size() : taken;
+}
+
+// Behind what was taken, bytes that were hardly met so far: a single letter may tell two charsets apart.
+void TakeRareBytes(std::string_view sample, std::uint8_t (&known)[256], std::string& text) {
+    constexpr std::size_t mostLookedThrough = 128 * 1024, most = 2048;
+    constexpr int enough = 3;
+    sample = sample.substr(0, mostLookedThrough);
+    const std::size_t limit = text.size() + most;
+    for (std::size_t at = NextHigh(sample, 0); at < sample.size() && text.size() < limit;
+         at = NextHigh(sample, at + 1)) {
+        std::uint8_t& count = known[static_cast<unsigned char>(sample[at])];
+        if (count >= enough) continue;
+        ++count;
+        const std::size_t begin = at - std::min(at, around);
+        text += WithoutCutEnds(sample.substr(begin, 2 * around), false, false);
+        text += '\n';
     }
 }
 
@@ -95,13 +114,23 @@ ByteEvidence GatherEvidence(std::span<const std::string_view> samples) {
     ByteEvidence evidence;
     if (samples.empty()) return evidence;
     evidence.text = "\n";
+    std::vector<std::string_view> rests;
     const std::size_t share =
         samples.size() > 1 ? (mostInAll - mostOfStart) / (samples.size() - 1) : mostInAll;
     for (std::size_t i = 0; i < samples.size(); ++i) {
         const bool alone = samples.size() == 1;
         const std::string_view part = WithoutCutEnds(samples[i], i == 0, alone);
-        TakeStretches(part, alone ? mostInAll : i == 0 ? mostOfStart : share, evidence.text);
+        const std::size_t taken =
+            TakeStretches(part, alone ? mostInAll : i == 0 ? mostOfStart : share, evidence.text);
+        rests.push_back(part.substr(taken));
     }
+    std::uint8_t known[256] = {};
+    for (const char byte : evidence.text) {
+        std::uint8_t& count = known[static_cast<unsigned char>(byte)];
+        count = static_cast<std::uint8_t>(std::min(count + 1, 255));
+    }
+    for (const std::string_view rest : rests)
+        TakeRareBytes(rest, known, evidence.text);
     CountPairs(evidence);
     for (const BytePair& pair : evidence.high)
         evidence.seen[pair.first] = evidence.seen[pair.second] = true;

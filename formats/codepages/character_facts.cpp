@@ -58,7 +58,8 @@ struct Signs {
 };
 
 constexpr Signs signs[] = {
-    {u"\u00A0\u2013\u2014\u2019\u2026", SignKind::Free, 7},
+    {u"\u00A0\u2013\u2014\u2026", SignKind::Free, 8},
+    {u"\u2019", SignKind::Joining, 7},
     {u"\u00AB\u201C\u201E\u2018\u060C\u061B\u061F", SignKind::Opening, 7},
     {u"\u00BB\u201D\u00B7\u0387\u05BE", SignKind::Closing, 7},
     {u"\u00A1\u00BF\u201A\u2039\u2116\u00A3\u00A7\u00A9", SignKind::Opening, 9},
@@ -66,7 +67,7 @@ constexpr Signs signs[] = {
     {u"\u00AD\u2022\u200C\u200D\u200E\u200F\u2015\u2017\u20AA\u0E3F", SignKind::Free, 10},
     {u"\u02BC\u0384\u0385\u00B4\u00A8\u00A4\u00A2\u00A5\u00A6\u00AC\u00B1\u00B5\u00B6\u00B8\u00B9\u00BC\u00BE\u00D7\u00F7"
      u"\u00AF\u2020\u2021",
-     SignKind::Odd, 13},
+     SignKind::Odd, 15},
 };
 
 CharacterFacts SignFacts(char16_t unit) {
@@ -82,7 +83,7 @@ CharacterFacts SignFacts(char16_t unit) {
     const bool isPrivate = unit >= 0xE000 && unit < 0xF900;
     facts.impossible = unit < 0xA0 || unit == 0xFFFD || isPrivate;
     facts.kind = frame ? SignKind::Frame : SignKind::Odd;
-    facts.cost = (frame ? 11 : facts.impossible ? 26 : 15) * costsPerBit;
+    facts.cost = (frame ? 11 : facts.impossible ? 26 : 17) * costsPerBit;
     if (unit >= 0x660 && unit < 0x66A) facts.kind = SignKind::Free, facts.cost = 8 * costsPerBit;
     if (unit >= 0xE50 && unit < 0xE5C) facts.kind = SignKind::Free, facts.cost = 8 * costsPerBit;
     return facts;

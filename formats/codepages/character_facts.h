@@ -5,9 +5,10 @@
 
 // Where a sign that is no letter is at home.
 enum class SignKind : std::uint8_t {
-    Free,    // anywhere: dashes, apostrophes, blanks
+    Free,    // anywhere: dashes, blanks
     Opening, // before a word: quotation marks, inverted question marks
     Closing, // behind a word
+    Joining, // behind a letter, before another or none: the apostrophe
     Odd,     // hardly beside a letter
     Frame    // in a row of its like
 };

@@ -34,9 +34,10 @@ TRAINING = (
     "usr/share/help/{}/**/*.page",
     "usr/share/games/fortunes/{}/*",
     "usr/share/man/{}/man[157]/*.gz",
-    "usr/share/locale/{}/LC_MESSAGES/iso_*.mo",
 )
+NAMES_OF_COUNTRIES = "usr/share/locale/{}/LC_MESSAGES/iso_*.mo"
 TRAINING_MORE = {
+    "mt": (NAMES_OF_COUNTRIES,), "sq": (NAMES_OF_COUNTRIES,),
     "en": tuple("usr/share/games/fortunes/" + name for name in
                 ("computers", "cookie", "definitions", "education", "food", "humorists", "kids", "law", "literature",
                  "love", "medicine", "people", "politics", "science", "songs-poems", "wisdom", "work")),

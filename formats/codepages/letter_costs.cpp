@@ -10,9 +10,9 @@
 namespace {
 constexpr int foreignLetterCost = 15 * costsPerBit; // of another script
 constexpr int capitalFirstCost = 2 * costsPerBit, capitalInRowCost = 5, capitalInWordCost = 8 * costsPerBit;
-constexpr int strangeLetterCost = 6 * costsPerBit; // of the script, but not of the language
+constexpr int strangeLetterCost = 8 * costsPerBit; // of the script, but not of the language
 constexpr int scriptChangeCost = 10 * costsPerBit; // within a word
-constexpr int wrongSideCost = 4 * costsPerBit, frameInRowCost = costsPerBit;
+constexpr int wrongSideCost = 5 * costsPerBit, frameInRowCost = costsPerBit;
 
 bool IsAsciiLetter(unsigned char byte) {
     return (byte | 0x20) >= 'a' && (byte | 0x20) <= 'z';
@@ -42,6 +42,7 @@ int SignCost(const CharacterFacts& before, const CharacterFacts& character, bool
     if (character.kind == SignKind::Frame && same) return frameInRowCost;
     int cost = character.cost;
     if (cost != 0 && before.letter != 0 && (opens || odd)) cost += wrongSideCost;
+    if (character.kind == SignKind::Joining && before.letter == 0) cost += wrongSideCost;
     return cost;
 }
 

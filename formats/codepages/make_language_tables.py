@@ -27,6 +27,14 @@ LEVELS = 56
 FIRST_LEVEL = ord("#")  # up to "Z": no quote and no backslash
 BANDS = (32, 96, 224, 480, 992, 2016)  # where each ends
 
+# Letters of the spelling that the texts may hardly have.
+SPELLING = {
+    "fr": "\u0153\u00e6\u00eb\u00fc\u00ff", "fi": "\u00e5\u0161\u017e", "et": "\u0161\u017e", "es": "\u00fc\u00ef",
+    "pt": "\u00fc\u00e0", "it": "\u00ee\u00ef\u00e9\u00ec\u00ed\u00fa", "nl": "\u00eb\u00ef\u00e9\u00e8\u00f6\u00fc\u00e1\u00f3",
+    "sv": "\u00e9\u00e0\u00fc", "da": "\u00e9\u00fc", "nb": "\u00e9\u00f2\u00f4\u00e8", "de": "\u00e9\u00e0", "en": "\u00e9\u00e8\u00ea\u00e7\u00ef\u00eb\u00f6\u00e6",
+    "cy": "\u0177\u0175\u00e2\u00ea\u00ee\u00f4\u00fb\u00ef\u00eb\u00e4\u00f6\u00e1\u00f3", "pl": "\u00e9", "hu": "\u00e4",
+}
+
 COMMA_BELOW = str.maketrans("\u0219\u021b\u0218\u021a", "\u015f\u0163\u015e\u0162")
 TONES = "\u0300\u0301\u0303\u0309\u0323"
 
@@ -58,10 +66,11 @@ def is_letter(character, script):
     return unicodedata.name(character, "").startswith(script)
 
 
-def letters_of(text, script, most):
+def letters_of(text, script, most, spelling):
     counts = Counter(c for c in text if is_letter(c, script))
     total = sum(counts.values())
     letters = [c for c, n in counts.most_common(most) if n >= RAREST * total and n > 2 and ord(c) < 0x10000]
+    letters += [c for c in spelling if c not in letters]
     return letters, sum(counts[c] >= CORE * total for c in letters)
 
 
@@ -76,7 +85,7 @@ def pair_counts(text, letters, script):
 def costs(pairs, size):
     """Of each pair, after its first: smoothed by how common the second is anyway."""
     smoothing = 12.0
-    second = [0.5] * size
+    second = [8.0] * size
     for (a, b), n in pairs.items():
         if (a, b) != (0, 0):
             second[b] += n
@@ -113,7 +122,7 @@ def write_language(file, language, text):
     if language == "vi":
         half = len(text) // 2
         text = text + "\n" + with_loose_tones(text)
-    letters, core = letters_of(text, script, MOST_LETTERS.get(language, 60))
+    letters, core = letters_of(text, script, MOST_LETTERS.get(language, 60), SPELLING.get(language, ""))
     rows = costs(pair_counts(text, letters, script), len(letters) + 2)
     file.write('{"%s", Script::%s, %d, %d, u"%s",\n' % (language, script.capitalize(), len(letters), core,
                                                      literal("".join(letters))))
