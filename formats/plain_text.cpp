@@ -52,6 +52,9 @@ std::optional<PlainTextForm> MarkedForm(std::string_view start) {
             return PlainTextForm{mark.encoding, 0, mark.bytes.size()};
     if (const std::optional<int> escaped = EscapedPage(start.substr(0, guessSample)))
         return PlainTextForm{TextEncoding::CodePage, *escaped};
+    if (const std::optional<ByteOrder> order = GuessUtf32(start))
+        return PlainTextForm{*order == ByteOrder::Little ? TextEncoding::Utf32LittleEndian
+                                                         : TextEncoding::Utf32BigEndian};
     const std::optional<ByteOrder> order = GuessUtf16(start);
     if (!order) return std::nullopt;
     return PlainTextForm{*order == ByteOrder::Little ? TextEncoding::Utf16LittleEndian

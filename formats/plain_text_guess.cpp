@@ -60,6 +60,30 @@ std::optional<ByteOrder> GuessUtf16(std::string_view bytes) {
     return little >= big ? ByteOrder::Little : ByteOrder::Big;
 }
 
+namespace {
+bool IsUtf32(std::string_view sample, ByteOrder order) {
+    for (std::size_t i = 0; i + 4 <= sample.size(); i += 4) {
+        char32_t value = 0;
+        for (std::size_t byte = 0; byte < 4; ++byte)
+            value = value << 8 |
+                    static_cast<unsigned char>(sample[i + (order == ByteOrder::Big ? byte : 3 - byte)]);
+        const bool blank = value >= U'\t' && value <= U'\r';
+        const bool surrogate = value >= 0xD800 && value < 0xE000;
+        if ((value < 0x20 && !blank) || surrogate || value >= 0x110000) return false;
+    }
+    return true;
+}
+} // namespace
+
+std::optional<ByteOrder> GuessUtf32(std::string_view bytes) {
+    constexpr std::size_t least = 16; // bytes
+    const std::string_view sample = bytes.substr(0, 64 * 1024);
+    if (sample.size() < least || sample.find('\0') == sample.npos) return std::nullopt;
+    for (const ByteOrder order : {ByteOrder::Little, ByteOrder::Big})
+        if (IsUtf32(sample, order)) return order;
+    return std::nullopt;
+}
+
 bool IsCutUtf8Sequence(std::string_view bytes) {
     const auto lead = static_cast<unsigned char>(bytes[0]);
     const std::size_t length = lead < 0xC2 || lead > 0xF4 ? 0

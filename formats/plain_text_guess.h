@@ -17,6 +17,9 @@ constexpr std::size_t guessSample = 1 << 20;
 // and Latin letters. Text with a NUL character and binary data are not taken for it.
 std::optional<ByteOrder> GuessUtf16(std::string_view bytes);
 
+// The same for UTF-32, half of which or more are zero bytes.
+std::optional<ByteOrder> GuessUtf32(std::string_view bytes);
+
 // Valid UTF-8, also when it ends within a sequence as a file that was cut does.
 bool LooksLikeUtf8(std::string_view bytes);
 // Whether the bytes are the start of a sequence, and nothing more.

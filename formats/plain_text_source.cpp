@@ -34,6 +34,12 @@ PlainTextSource::PlainTextSource(std::shared_ptr<const FileReader> file, int boo
     }
 }
 
+PlainTextSource::PlainTextSource(std::shared_ptr<const FileReader> file, const PlainTextForm& form,
+                                 std::size_t pieceBytes)
+    : file_(std::move(file)), pieceBytes_(pieceBytes), form_(form) {
+    MarkPieces(false);
+}
+
 // No piece of such a text decodes by itself. They are relics of mail, so they are small.
 void PlainTextSource::ConvertToUtf8() {
     constexpr std::uint64_t most = 256 << 20;

@@ -37,15 +37,28 @@ constexpr CharacterPage characterPages[] = {
     {950, 2, TraditionalChinese}, {51950, 6, TraditionalChinese},
 };
 
-constexpr int systemBits = 5;             // for the system's own page
+// How far the system's own page is ahead: a little always, more where few letters can tell.
+constexpr int systemBits = 5, systemBitsForEach = 1;
+constexpr std::size_t fewBytes = 10;
+constexpr int chosenBits = 10; // besides, for the page of a script that the reader chose
 constexpr int mostBehind = 200 * costsPerBit; // a charset further behind the best is not thinkable
+
+int SystemBits(const ByteEvidence& evidence) {
+    const std::size_t missing = fewBytes - std::min(evidence.highBytes, fewBytes);
+    return systemBits + systemBitsForEach * static_cast<int>(missing);
+}
 
 struct Search {
     const ByteEvidence& evidence;
+    int systemPage;
     std::initializer_list<int> among; // these only, all when there are none
     std::vector<PageCost> found;
     int best = INT_MAX / 2;
 
+    int Handicap(int page, int bits) const {
+        const int chosen = among.size() != 0 ? chosenBits : 0;
+        return (page == systemPage ? -SystemBits(evidence) - chosen : bits) * costsPerBit;
+    }
     bool Asks(int page) const {
         return among.size() == 0 || std::ranges::find(among, page) != among.end();
     }
@@ -56,21 +69,17 @@ struct Search {
     }
 };
 
-int Handicap(int page, int bits, int systemPage) {
-    return (page == systemPage ? -systemBits : bits) * costsPerBit;
-}
-
-void TrySingleBytes(Search& search, int systemPage) {
+void TrySingleBytes(Search& search) {
     const LetterCosts costs(search.evidence);
     for (const RarePage& each : singleBytePages) {
         if (!search.Asks(each.page)) continue;
-        const int handicap = Handicap(each.page, each.bits, systemPage);
+        const int handicap = search.Handicap(each.page, each.bits);
         const auto cost = costs.Cheapest(each.page, UpperHalf(each.page), search.Limit() - handicap);
         if (cost) search.Add({cost->page, cost->cost + handicap, cost->language});
     }
 }
 
-void TryCharacters(Search& search, int systemPage) {
+void TryCharacters(Search& search) {
     std::optional<CharacterCosts> costs[characterModelCount];
     std::u16string text;
     for (const CharacterPage& each : characterPages) {
@@ -79,7 +88,7 @@ void TryCharacters(Search& search, int systemPage) {
         if (!model) model.emplace(each.language);
         text.clear();
         DecodeCodePage(each.page, search.evidence.text, text);
-        const int handicap = Handicap(each.page, each.bits, systemPage);
+        const int handicap = search.Handicap(each.page, each.bits);
         const int limit = search.Limit() - handicap;
         const int cost = model->Cost(text, limit);
         if (cost < limit) search.Add({each.page, cost + handicap, characterModels[each.language].name});
@@ -101,15 +110,16 @@ constexpr std::initializer_list<int> families[] = {
     {932, 51932},
     {949, 1361},
     {950, 51950},
+    {936, 54936},
 };
 
 std::vector<CharsetGuess> Guess(std::span<const std::string_view> samples, int systemPage,
                                 std::initializer_list<int> among) {
     const ByteEvidence evidence = GatherEvidence(samples);
     if (evidence.highBytes == 0) return {{systemPage}};
-    Search search{evidence, among, {}};
-    TrySingleBytes(search, systemPage);
-    TryCharacters(search, systemPage);
+    Search search{evidence, systemPage, among, {}};
+    TrySingleBytes(search);
+    TryCharacters(search);
     std::ranges::stable_sort(search.found, {}, &PageCost::cost);
     std::vector<CharsetGuess> guesses;
     for (const PageCost& each : search.found) {
@@ -131,4 +141,10 @@ int GuessCharsetOfScript(std::span<const std::string_view> samples, int windowsP
     for (const auto& family : families)
         if (*family.begin() == windowsPage) return Guess(samples, windowsPage, family).front().page;
     return windowsPage;
+}
+
+int WindowsPageOfScript(int codePage) {
+    for (const auto& family : families)
+        if (std::ranges::find(family, codePage) != family.end()) return *family.begin();
+    return 0;
 }

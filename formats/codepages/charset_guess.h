@@ -19,3 +19,6 @@ std::vector<CharsetGuess> GuessCharsets(std::span<const std::string_view> sample
 // Of the charsets for the script of a Windows code page the likeliest; that page itself in doubt, and when it is none of
 // Windows.
 int GuessCharsetOfScript(std::span<const std::string_view> samples, int windowsPage);
+
+// That page, of a charset for the same letters; 0 when there is none.
+int WindowsPageOfScript(int codePage);
