@@ -33,6 +33,7 @@ struct MainForm {
     Color textColor = 0;      // the text colour in force, also while a file's own colours show
     std::u16string shownPath; // of the book in the view; "" for none
     int shownCodePage = 0;    // of the plain text in the view; 0 for Unicode and rich text
+    int chosenCodePage = 0;   // by the reader for the shown book; 0: as its letters say
     HtmlPage page;            // of the shown book, when that is an HTML book
     std::u16string findText;  // the last text searched for, "" for none yet
     FindOptions findOptions;

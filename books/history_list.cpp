@@ -157,6 +157,10 @@ std::u16string HistorySection(const MainForm& form) {
     return form.menu.mUser[0].tag + u"\\mFileList";
 }
 
+std::u16string BookSection(const MainForm& form, const std::u16string& recordKey) {
+    return form.menu.mUser[0].tag + u"\\" + recordKey;
+}
+
 void mFile_Click(MainForm& form, int) {
     MenuTree& menu = form.menu;
     const auto& books = menu.mFileList.items;

@@ -46,4 +46,7 @@ void SaveHistoryList(MainForm&);
 
 std::u16string HistorySection(const MainForm&);
 
+// The section of the data file for what a record has no field for.
+std::u16string BookSection(const MainForm&, const std::u16string& recordKey);
+
 void mFile_Click(MainForm&, int); // the File menu opens

@@ -2,6 +2,7 @@
 
 #include "app/main_form.h"
 #include "books/book_record.h"
+#include "books/book_script.h"
 #include "books/history_list.h"
 #include "books/html_book.h"
 #include "common/menu_items.h"
@@ -43,6 +44,8 @@ void UpdateRecord(MainForm& form, int index, bool takesPlace) {
     }
     form.menu.mFileList[index].tag = record.ToText();
     IniBatch oneWrite(*form.dataFile);
+    const bool nothingChosen = index != 0 || form.chosenCodePage == 0;
+    if (nothingChosen && record.Number(Field::Filter) != HtmlBook) KeepNothingChosen(form, record);
     SaveHistoryItem(form, index);
     if (index == 0) SaveFindHistory(form, record[Field::Path]);
     oneWrite.Commit();

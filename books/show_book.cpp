@@ -2,7 +2,7 @@
 #include "app/main_form.h"
 #include "books/book_file.h"
 #include "books/book_record.h"
-#include "books/charsets.h"
+#include "books/book_script.h"
 #include "books/history_list.h"
 #include "books/html_book.h"
 #include "books/open_book.h"
@@ -42,20 +42,25 @@ Color ColorOf(const std::u16string& field, Color fallback) {
     return field.empty() ? fallback : static_cast<Color>(WholeNumber(field)) & 0xFFFFFF;
 }
 
-void LoadText(MainForm& form, const BookRecord& record, BookContent content) {
-    TextView& view = *form.ports.textView;
-    const int systemPage = form.ports.locale->AnsiCodePage();
+// The plain text of a book, nothing of a rich one; its charset is known then, and so is the script of
+// the font.
+std::shared_ptr<PlainTextSource> TextOf(MainForm& form, const BookRecord& record,
+                                        const BookContent& content) {
+    form.chosenCodePage = ChosenCodePage(form, record);
     form.shownCodePage = 0;
-    if (!content.plainText) return view.LoadRichText(std::move(content.richText), systemPage);
-    const int bookPage = CharsetToCodePage(record.Number(Field::Charset));
-    auto text = std::make_shared<PlainTextSource>(content.plainText, bookPage, systemPage);
+    if (!content.plainText) return nullptr;
+    auto text = std::make_shared<PlainTextSource>(content.plainText, form.chosenCodePage,
+                                                  form.ports.locale->AnsiCodePage());
     form.shownCodePage = text->CodePage();
-    view.LoadText(std::move(text));
+    if (form.chosenCodePage == 0 && form.shownCodePage != 0)
+        form.viewFont.charset = ScriptCharset(form.shownCodePage, form.viewFont.charset);
+    return text;
 }
 
 void ShowInTextView(MainForm& form, const BookRecord& record, BookContent content) {
     TextView& view = *form.ports.textView;
     form.viewFont = FontOf(form, record);
+    auto text = TextOf(form, record, content);
     LeavePage(form);
     view.SetVisible(true);
     const Hourglass hourglass(view);
@@ -63,7 +68,10 @@ void ShowInTextView(MainForm& form, const BookRecord& record, BookContent conten
     view.SetFont(form.viewFont);
     ApplyFont(form, true);
     SetWordWrap(form, record.Flag(Field::Wrap));
-    LoadText(form, record, std::move(content));
+    if (text)
+        view.LoadText(std::move(text));
+    else
+        view.LoadRichText(std::move(content.richText), form.ports.locale->AnsiCodePage());
     ApplyTextColor(form, ColorOf(record[Field::ForeColor], defaultTextColor), true);
     ApplyAlignment(form, record.Number(Field::Align), true);
     ScrollCaretToTop(view, record.Number(Field::LastPos));

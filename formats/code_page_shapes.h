@@ -1,5 +1,5 @@
 // The shapes of the generated code page tables. Bytes below 0x80 are ASCII in every page and have
-// no entry.
+// no entry, but for `ControlLetters`.
 #pragma once
 
 #include <cstdint>
@@ -12,6 +12,22 @@ struct SingleBytePage {
     char16_t units[128];
 };
 
+// Letters in place of control characters, for bytes below 0x20; 0: the control character.
+struct ControlLetters {
+    int page;
+    char16_t units[32];
+};
+
+// Sequences longer than two bytes: a lead byte of their own, a byte for the plane when there are several (else
+// `firstPlane` is 0), row and cell from 0xA1 on.
+constexpr int eucRows = 94;
+struct LongSequences {
+    std::uint8_t lead;
+    std::uint8_t firstPlane;
+    std::uint8_t planes;
+    const char16_t* units;
+};
+
 struct DoubleBytePage {
     int page;
     char16_t units[128];   // of the bytes from 0x80 on, `leadUnit` for a lead byte
@@ -19,6 +35,7 @@ struct DoubleBytePage {
     std::uint8_t firstLead;
     std::uint8_t firstTrail;
     std::uint8_t trailCount;
+    const LongSequences* longer;
 };
 
 // Four-byte sequences of GB18030, numbered in their order: from `index` on they are the characters

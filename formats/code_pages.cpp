@@ -4,9 +4,11 @@
 #include "common/utf.h"
 #include "formats/code_page_gb18030.h"
 #include "formats/code_page_tables.h"
+#include "formats/codepages/escaped_text.h"
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 
 namespace {
 
@@ -50,6 +52,19 @@ struct Character {
     int length; // in bytes
 };
 
+// As DecodePair, of a sequence that a pair cannot be.
+std::optional<Character> DecodeLong(const LongSequences& longer, const unsigned char* at,
+                                    const unsigned char* end) {
+    const int length = longer.firstPlane != 0 ? 4 : 3;
+    if (at[0] != longer.lead || end - at < length) return std::nullopt;
+    const int plane = longer.firstPlane != 0 ? at[1] - longer.firstPlane : 0;
+    const int row = at[length - 2] - 0xA1, cell = at[length - 1] - 0xA1;
+    const auto isInside = [](int number, int count) { return number >= 0 && number < count; };
+    if (!isInside(plane, longer.planes) || !isInside(row, eucRows) || !isInside(cell, eucRows))
+        return std::nullopt;
+    return Character{longer.units[(plane * eucRows + row) * eucRows + cell], length};
+}
+
 // The character at a lead byte. A second byte that cannot follow it is left to be read by itself,
 // and so is an ASCII one of a pair without a meaning: a stray lead byte eats no letter and no line
 // end.
@@ -57,11 +72,21 @@ Character DecodePair(const DoubleBytePage& page, const unsigned char* at,
                      const unsigned char* end) {
     if (page.page == gbkPage && end - at >= 4 && IsFourByteSequence(at))
         return {FourByteCharacter(at), 4};
+    if (page.longer)
+        if (const auto character = DecodeLong(*page.longer, at, end)) return *character;
     if (end - at < 2 || at[1] < page.firstTrail || at[1] - page.firstTrail >= page.trailCount)
         return {undefinedUnit, 1};
     const int row = at[0] - page.firstLead;
     const char16_t unit = page.pairs[row * page.trailCount + (at[1] - page.firstTrail)];
     return {unit, unit == undefinedUnit && at[1] < 0x80 ? 1 : 2};
+}
+
+// Nearly every text has none of them.
+void TakeControlLetters(int codePage, std::u16string& text, std::size_t begin) {
+    const ControlLetters* const letters = FindPage(controlLetters, codePage);
+    if (!letters) return;
+    for (std::size_t i = begin; i < text.size(); ++i)
+        if (text[i] < 0x20 && letters->units[text[i]] != 0) text[i] = letters->units[text[i]];
 }
 
 void DecodeDoubleBytes(const DoubleBytePage& page, std::string_view bytes, std::u16string& text) {
@@ -86,7 +111,7 @@ void DecodeDoubleBytes(const DoubleBytePage& page, std::string_view bytes, std::
 } // namespace
 
 bool HasCodePage(int codePage) {
-    return codePage == utf8Page || FindSingleBytePage(codePage) || FindDoubleBytePage(codePage);
+    return codePage == utf8Page || IsEscapedPage(codePage) || FindSingleBytePage(codePage) || FindDoubleBytePage(codePage);
 }
 
 void DecodeCodePage(int codePage, std::string_view bytes, std::u16string& text) {
@@ -94,11 +119,15 @@ void DecodeCodePage(int codePage, std::string_view bytes, std::u16string& text) 
         text = Utf8ToUtf16(bytes); // a whole book is not held twice
     else if (codePage == utf8Page)
         text += Utf8ToUtf16(bytes);
+    else if (IsEscapedPage(codePage))
+        DecodeEscaped(codePage, bytes, text);
     else if (const DoubleBytePage* pairs = FindDoubleBytePage(codePage))
         DecodeDoubleBytes(*pairs, bytes, text);
-    else if (const SingleBytePage* single = FindSingleBytePage(codePage))
+    else if (const SingleBytePage* single = FindSingleBytePage(codePage)) {
+        const std::size_t begin = text.size();
         DecodeSingleBytes(*single, bytes, text);
-    else
+        TakeControlLetters(codePage, text, begin);
+    } else
         DecodeCodePage(fallbackPage, bytes, text);
 }
 
@@ -121,6 +150,27 @@ void AddPairs(const DoubleBytePage& page, char32_t character, std::vector<std::s
                     {static_cast<char>(lead), static_cast<char>(page.firstTrail + i)});
     }
 }
+
+void AddLong(const LongSequences& longer, char32_t character, std::vector<std::string>& sequences) {
+    for (int i = 0; i < longer.planes * eucRows * eucRows; ++i) {
+        if (longer.units[i] != character) continue;
+        std::string sequence(1, static_cast<char>(longer.lead));
+        if (longer.firstPlane != 0)
+            sequence += static_cast<char>(longer.firstPlane + i / (eucRows * eucRows));
+        sequence += static_cast<char>(0xA1 + i / eucRows % eucRows);
+        sequence += static_cast<char>(0xA1 + i % eucRows);
+        sequences.push_back(sequence);
+    }
+}
+
+// A control character that the page has a letter for is not itself.
+void AddControlLetters(const ControlLetters& letters, char32_t character,
+                       std::vector<std::string>& sequences) {
+    if (character < 0x20 && letters.units[character] != 0) sequences.clear();
+    for (std::size_t i = 0; i < std::size(letters.units); ++i)
+        if (letters.units[i] == character && character != 0)
+            sequences.emplace_back(1, static_cast<char>(i));
+}
 } // namespace
 
 std::vector<std::string> CodePageBytes(int codePage, std::u16string_view character) {
@@ -132,8 +182,16 @@ std::vector<std::string> CodePageBytes(int codePage, std::u16string_view charact
     const char32_t value = FirstCharacter(character);
     AddSingleBytes(pairs ? pairs->units : single->units, value, sequences);
     if (pairs) AddPairs(*pairs, value, sequences);
+    if (pairs && pairs->longer) AddLong(*pairs->longer, value, sequences);
+    if (const auto* const letters = FindPage(controlLetters, codePage))
+        AddControlLetters(*letters, value, sequences);
     if (pairs && pairs->page == gbkPage) AddFourByteSequences(value, sequences);
     return sequences;
+}
+
+const char16_t* UpperHalf(int codePage) {
+    const SingleBytePage* const page = FindSingleBytePage(codePage);
+    return page ? page->units : nullptr;
 }
 
 bool IsSingleBytePage(int codePage) {

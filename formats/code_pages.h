@@ -5,10 +5,16 @@
 #include <string_view>
 #include <vector>
 
-// Whether `DecodeCodePage` knows this page: 437, 850, 852, 866, 874, 932, 936, 949, 950, 1250 to
-// 1258, 1361, 10000 (Mac Roman), 10001 (Mac Japanese), 10006 (Mac Greek), 10007 (Mac Cyrillic),
-// 10029 (Mac Latin 2), 10081 (Mac Turkish), 20866 (KOI8-R), 28592 to 28605 (ISO 8859), 54936
-// (GB18030), 65001 (UTF-8).
+// Charsets for which Windows has no number.
+constexpr int visciiPage = 70001;
+constexpr int tcvnPage = 70002;
+
+// Whether `DecodeCodePage` knows this page: of DOS 437, 720, 737, 775, 850, 852, 855, 857, 858, 860 to
+// 866, 869; of Windows 874, 932, 936, 949, 950, 1250 to 1258, 1361; of the Macintosh 10000 (Roman),
+// 10001 (Japanese), 10006 (Greek), 10007 (Cyrillic), 10010 (Romanian), 10029 (Latin 2), 10079
+// (Icelandic), 10081 (Turkish), 10082 (Croatian); 20866 (KOI8-R), 21866 (KOI8-U), 28591 to 28606
+// (ISO 8859), 51932 (EUC-JP), 51950 (EUC-TW), 54936 (GB18030), 65001 (UTF-8), VISCII and TCVN 5712;
+// and, for whole texts only, those of codepages/escaped_text.h.
 bool HasCodePage(int codePage);
 
 // Appends the text of `bytes`. A byte or sequence without a meaning becomes one U+FFFD, and so does
@@ -18,6 +24,9 @@ void DecodeCodePage(int codePage, std::string_view bytes, std::u16string& text);
 // All byte sequences that `DecodeCodePage` reads as this character, a unit or a surrogate pair, but
 // not U+FFFD. Most characters have one or none.
 std::vector<std::string> CodePageBytes(int codePage, std::u16string_view character);
+
+// The 128 characters of the bytes from 0x80 on, of a page of single bytes; nullptr for others.
+const char16_t* UpperHalf(int codePage);
 
 // Whether every byte is one unit.
 bool IsSingleBytePage(int codePage);

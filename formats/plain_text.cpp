@@ -2,6 +2,8 @@
 
 #include "common/utf.h"
 #include "formats/code_pages.h"
+#include "formats/codepages/charset_guess.h"
+#include "formats/codepages/escaped_text.h"
 #include "formats/plain_text_guess.h"
 #include "formats/plain_text_wide.h"
 
@@ -10,9 +12,6 @@
 #include <optional>
 
 namespace {
-
-constexpr int cyrillicPage = 1251;
-constexpr int koi8Page = 20866;
 
 struct ByteOrderMark {
     std::string_view bytes;
@@ -47,20 +46,27 @@ std::u16string DecodeEncoded(const PlainTextForm& form, std::string_view bytes) 
 
 } // namespace
 
-std::optional<PlainTextForm> MarkedForm(std::string_view sample) {
+std::optional<PlainTextForm> MarkedForm(std::string_view start) {
     for (const ByteOrderMark& mark : byteOrderMarks)
-        if (sample.starts_with(mark.bytes))
+        if (start.starts_with(mark.bytes))
             return PlainTextForm{mark.encoding, 0, mark.bytes.size()};
-    const std::optional<ByteOrder> order = GuessUtf16(sample);
+    if (const std::optional<int> escaped = EscapedPage(start.substr(0, guessSample)))
+        return PlainTextForm{TextEncoding::CodePage, *escaped};
+    if (const std::optional<ByteOrder> order = GuessUtf32(start))
+        return PlainTextForm{*order == ByteOrder::Little ? TextEncoding::Utf32LittleEndian
+                                                         : TextEncoding::Utf32BigEndian};
+    const std::optional<ByteOrder> order = GuessUtf16(start);
     if (!order) return std::nullopt;
     return PlainTextForm{*order == ByteOrder::Little ? TextEncoding::Utf16LittleEndian
                                                      : TextEncoding::Utf16BigEndian};
 }
 
-PlainTextForm CodePageForm(std::string_view sample, int bookCodePage, int systemCodePage) {
-    const int page = bookCodePage != 0 ? bookCodePage : systemCodePage;
-    const bool koi8 = page == cyrillicPage && LooksLikeKoi8(sample);
-    return {TextEncoding::CodePage, koi8 ? koi8Page : page};
+PlainTextForm CodePageForm(std::span<const std::string_view> samples, int bookCodePage,
+                           int systemCodePage) {
+    if (bookCodePage != 0)
+        return {TextEncoding::CodePage, GuessCharsetOfScript(samples, bookCodePage)};
+    if (LooksLikeDamagedUtf8(samples)) return {};
+    return {TextEncoding::CodePage, GuessCharsets(samples, systemCodePage).front().page};
 }
 
 std::u16string DecodeAs(const PlainTextForm& form, std::string_view bytes) {
@@ -73,7 +79,12 @@ std::u16string DecodeAs(const PlainTextForm& form, std::string_view bytes) {
 DecodedText DecodePlainText(std::string_view bytes, int bookCodePage, int systemCodePage) {
     std::optional<PlainTextForm> form = MarkedForm(bytes);
     if (!form && LooksLikeUtf8(bytes)) form = PlainTextForm();
-    if (!form) form = CodePageForm(bytes, bookCodePage, systemCodePage);
+    if (!form) {
+        std::vector<std::string_view> samples;
+        for (const SamplePlace& place : SamplePlaces(bytes.size(), ValidUtf8Length(bytes)))
+            samples.push_back(bytes.substr(static_cast<std::size_t>(place.begin), place.length));
+        form = CodePageForm(samples, bookCodePage, systemCodePage);
+    }
     bytes.remove_prefix(form->markLength);
     return {DecodeAs(*form, bytes), form->encoding, form->codePage};
 }

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -29,15 +30,17 @@ struct PlainTextForm {
     std::size_t markLength = 0; // of the byte-order mark, in bytes
 };
 
-// In this order: a byte-order mark; UTF-16 without one, told by its zero bytes; valid UTF-8;
-// `bookCodePage` when it is not 0; `systemCodePage`.
+// In this order: a byte-order mark; the sequences of ISO-2022; UTF-16 and UTF-32 without a mark; valid UTF-8;
+// `bookCodePage` when it is not 0; what the guess says, which takes `systemCodePage` in doubt. A
+// `bookCodePage` of Windows stands for its script: of a charset of that script the guess tells which.
 DecodedText DecodePlainText(std::string_view bytes, int bookCodePage, int systemCodePage);
 
-// The same in steps, for bytes that memory does not hold as a whole, from a sample of their start.
-// First what a mark or zero bytes show; when that is nothing, the text is UTF-8 if all bytes are,
-// else what CodePageForm says.
-std::optional<PlainTextForm> MarkedForm(std::string_view sample);
-PlainTextForm CodePageForm(std::string_view sample, int bookCodePage, int systemCodePage);
+// The same in steps, for bytes that memory does not hold as a whole. First what a mark or zero bytes
+// at the start show; when that is nothing, the text is UTF-8 if all bytes are, else what CodePageForm
+// says of the samples at SamplePlaces.
+std::optional<PlainTextForm> MarkedForm(std::string_view start);
+PlainTextForm CodePageForm(std::span<const std::string_view> samples, int bookCodePage,
+                           int systemCodePage);
 
 // Bytes without the mark, all or a part that decodes by itself. Line ends stay.
 std::u16string DecodeAs(const PlainTextForm& form, std::string_view bytes);

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <initializer_list>
 
 namespace {
 
@@ -61,6 +60,30 @@ std::optional<ByteOrder> GuessUtf16(std::string_view bytes) {
     return little >= big ? ByteOrder::Little : ByteOrder::Big;
 }
 
+namespace {
+bool IsUtf32(std::string_view sample, ByteOrder order) {
+    for (std::size_t i = 0; i + 4 <= sample.size(); i += 4) {
+        char32_t value = 0;
+        for (std::size_t byte = 0; byte < 4; ++byte)
+            value = value << 8 |
+                    static_cast<unsigned char>(sample[i + (order == ByteOrder::Big ? byte : 3 - byte)]);
+        const bool blank = value >= U'\t' && value <= U'\r';
+        const bool surrogate = value >= 0xD800 && value < 0xE000;
+        if ((value < 0x20 && !blank) || surrogate || value >= 0x110000) return false;
+    }
+    return true;
+}
+} // namespace
+
+std::optional<ByteOrder> GuessUtf32(std::string_view bytes) {
+    constexpr std::size_t least = 16; // bytes
+    const std::string_view sample = bytes.substr(0, 64 * 1024);
+    if (sample.size() < least || sample.find('\0') == sample.npos) return std::nullopt;
+    for (const ByteOrder order : {ByteOrder::Little, ByteOrder::Big})
+        if (IsUtf32(sample, order)) return order;
+    return std::nullopt;
+}
+
 bool IsCutUtf8Sequence(std::string_view bytes) {
     const auto lead = static_cast<unsigned char>(bytes[0]);
     const std::size_t length = lead < 0xC2 || lead > 0xF4 ? 0
@@ -82,29 +105,36 @@ bool LooksLikeUtf8(std::string_view bytes) {
                        [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
 }
 
-// Letters 0xC0 to 0xDF are small in KOI8-R and capital in windows-1251, 0xE0 to 0xFF the other way
-// round; and text is mostly small letters. Lest a book in capitals be taken for KOI8-R, its
-// commonest letters must agree: the low five bits of a letter say which one it is in either case,
-// and each encoding has an alphabet order of its own.
-bool LooksLikeKoi8(std::string_view bytes) {
-    const auto letters = [](std::initializer_list<int> numbers) {
-        std::uint32_t set = 0;
-        for (const int number : numbers)
-            set |= 1u << number;
-        return set;
-    };
-    const std::uint32_t common1251 =
-        letters({0x0E, 0x05, 0x00, 0x08, 0x0D, 0x12, 0x11}); // o e a i n t s
-    const std::uint32_t commonKoi8 = letters({0x0F, 0x05, 0x01, 0x09, 0x0E, 0x14, 0x13});
+std::vector<SamplePlace> SamplePlaces(std::uint64_t size, std::uint64_t notUtf8) {
+    constexpr std::size_t sampleSize = 4096;
+    constexpr std::uint64_t sampleCount = 12;
+    std::vector<SamplePlace> places{
+        {0, static_cast<std::size_t>(std::min<std::uint64_t>(size, guessSample))}};
+    if (size <= guessSample) return places;
+    const std::uint64_t last = size - sampleSize;
+    for (std::uint64_t i = 1; i <= sampleCount; ++i)
+        places.push_back({guessSample + (last - guessSample) / sampleCount * i, sampleSize});
+    if (notUtf8 >= guessSample)
+        places.push_back({std::min(notUtf8 - sampleSize / 2, last), sampleSize});
+    return places;
+}
 
-    std::size_t lower = 0, upper = 0, in1251 = 0,
-                inKoi8 = 0; // of 0xC0 to 0xDF, of 0xE0 to 0xFF, common letters
-    for (const char c : bytes.substr(0, guessSample)) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte < 0xC0) continue;
-        ++(byte < 0xE0 ? lower : upper);
-        in1251 += common1251 >> (byte & 0x1F) & 1;
-        inKoi8 += commonKoi8 >> (byte & 0x1F) & 1;
+bool LooksLikeDamagedUtf8(std::span<const std::string_view> samples) {
+    constexpr std::size_t leastSequences = 3, perStray = 8;
+    std::size_t sequences = 0, stray = 0;
+    for (std::string_view rest : samples) {
+        while (!rest.empty() && stray <= 16 + sequences / perStray) {
+            const std::size_t valid = ValidUtf8Length(rest);
+            sequences += valid - Utf16Length(rest.substr(0, valid)) >= 1
+                             ? static_cast<std::size_t>(std::count_if(
+                                   rest.begin(), rest.begin() + static_cast<std::ptrdiff_t>(valid),
+                                   [](char byte) { return static_cast<unsigned char>(byte) >= 0xC0; }))
+                             : 0;
+            rest.remove_prefix(valid);
+            if (rest.empty() || IsCutUtf8Sequence(rest)) break;
+            ++stray;
+            rest.remove_prefix(1);
+        }
     }
-    return lower > upper && inKoi8 > in1251;
+    return sequences >= leastSequences && sequences >= perStray * stray;
 }

@@ -2,6 +2,7 @@
 
 #include "common/decode_pieces.h"
 #include "common/utf.h"
+#include "formats/codepages/escaped_text.h"
 #include "formats/plain_text_guess.h"
 #include "formats/plain_text_pieces.h"
 
@@ -22,17 +23,46 @@ bool IsCutUtf8(std::string_view lastBytes, bool asciiSoFar) {
 PlainTextSource::PlainTextSource(std::shared_ptr<const FileReader> file, int bookCodePage,
                                  int systemCodePage, std::size_t pieceBytes)
     : file_(std::move(file)), pieceBytes_(pieceBytes) {
-    const std::string sample = BytesBetween(0, guessSample);
-    if (const auto marked = MarkedForm(sample)) {
+    const std::string start = BytesBetween(0, guessSample);
+    if (const auto marked = MarkedForm(start)) {
         form_ = *marked;
+        if (IsEscapedPage(form_.codePage)) ConvertToUtf8();
         MarkPieces(false);
     } else if (!MarkPieces(true)) {
-        form_ = CodePageForm(sample, bookCodePage, systemCodePage);
+        form_ = GuessForm(start, bookCodePage, systemCodePage);
         MarkPieces(false);
     }
 }
 
-// False at the first piece that is not UTF-8, when it must be.
+PlainTextSource::PlainTextSource(std::shared_ptr<const FileReader> file, const PlainTextForm& form,
+                                 std::size_t pieceBytes)
+    : file_(std::move(file)), pieceBytes_(pieceBytes), form_(form) {
+    MarkPieces(false);
+}
+
+// No piece of such a text decodes by itself. They are relics of mail, so they are small.
+void PlainTextSource::ConvertToUtf8() {
+    constexpr std::uint64_t most = 256 << 20;
+    file_ = std::make_shared<BytesReader>(Utf16ToUtf8(DecodeAs(form_, BytesBetween(0, most))));
+    form_ = {};
+}
+
+// After a run along the pieces that ended at one that is not UTF-8.
+PlainTextForm PlainTextSource::GuessForm(std::string_view start, int bookCodePage,
+                                         int systemCodePage) const {
+    const std::uint64_t size = std::min(file_->Size(), largestPlainText);
+    const std::uint64_t last = marks_.empty() ? 0 : marks_.back().byte;
+    const std::string piece = BytesBetween(last, last + pieceBytes_ + cutLookahead);
+    std::vector<std::string> read;
+    for (const SamplePlace& place : SamplePlaces(size, last + ValidUtf8Length(piece)))
+        read.push_back(place.begin == 0 ? std::string()
+                                        : BytesBetween(place.begin, place.begin + place.length));
+    std::vector<std::string_view> samples(read.begin(), read.end());
+    samples.front() = start;
+    return CodePageForm(samples, bookCodePage, systemCodePage);
+}
+
+// False at the first piece that is not UTF-8, when it must be; the last mark is its start then.
 bool PlainTextSource::MarkPieces(bool onlyUtf8) {
     const std::uint64_t size = std::min(file_->Size(), largestPlainText);
     std::string buffer(pieceBytes_ + cutLookahead, '\0');
@@ -48,7 +78,10 @@ bool PlainTextSource::MarkPieces(bool onlyUtf8) {
         const PieceMeasure measure = Measure(form_, piece);
         if (onlyUtf8 && !measure.utf8 && !cut) {
             cut = mark.byte + bytes.size() >= size && IsCutUtf8(bytes, ascii);
-            if (!cut) return false;
+            if (!cut) {
+                marks_.push_back(mark);
+                return false;
+            }
         }
         ascii = ascii && measure.ascii;
         marks_.push_back(mark);

@@ -24,6 +24,10 @@ class PlainTextSource : public TextSource {
     PlainTextSource(std::shared_ptr<const FileReader> file, int bookCodePage, int systemCodePage,
                     std::size_t pieceBytes = 64 * 1024);
 
+    // The same of a text whose form is known.
+    PlainTextSource(std::shared_ptr<const FileReader> file, const PlainTextForm& form,
+                    std::size_t pieceBytes = 64 * 1024);
+
     int CodePage() const { return form_.codePage; } // 0 for Unicode
 
     TextPos Length() const override { return marks_.back().position; }
@@ -48,6 +52,8 @@ class PlainTextSource : public TextSource {
     };
 
     bool MarkPieces(bool onlyUtf8);
+    void ConvertToUtf8();
+    PlainTextForm GuessForm(std::string_view start, int bookCodePage, int systemCodePage) const;
     std::size_t PieceWith(TextPos position) const;
     std::size_t PieceWithByte(std::uint64_t byte) const;
     std::string BytesBetween(std::uint64_t from, std::uint64_t to) const;

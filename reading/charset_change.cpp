@@ -2,6 +2,7 @@
 
 #include "app/main_form.h"
 #include "books/book_file.h"
+#include "books/book_script.h"
 #include "books/charsets.h"
 #include "common/text.h"
 #include "formats/plain_text_source.h"
@@ -38,15 +39,16 @@ void ReadInCharset(MainForm& form) {
     if (form.shownCodePage == 0 || form.shownPath.empty()) return;
     const auto content = ReadBookFile(form, form.shownPath);
     if (!content || !content->plainText) return;
-    const int bookPage = CharsetToCodePage(form.viewFont.charset);
-    auto text = std::make_shared<PlainTextSource>(content->plainText, bookPage,
+    ChooseCodePage(form, CharsetToCodePage(form.viewFont.charset));
+    auto text = std::make_shared<PlainTextSource>(content->plainText, form.chosenCodePage,
                                                   form.ports.locale->AnsiCodePage());
     if (text->CodePage() == form.shownCodePage || text->CodePage() == 0) return;
 
     TextView& view = *form.ports.textView;
     std::vector<TextPos> places = BookmarkPlaces(form.menu.mBookmarkList);
     places.insert(places.begin(), {FirstVisibleChar(view), view.SelStart()});
-    const PlainTextSource shown(content->plainText, form.shownCodePage, form.shownCodePage);
+    const PlainTextSource shown(content->plainText,
+                                PlainTextForm{TextEncoding::CodePage, form.shownCodePage});
     for (TextPos& place : places)
         place = text->PositionOf(shown.ByteOf(place));
     form.shownCodePage = text->CodePage();

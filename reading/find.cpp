@@ -2,6 +2,7 @@
 
 #include "app/main_form.h"
 #include "books/book_record.h"
+#include "books/history_list.h"
 #include "common/menu_items.h"
 #include "common/text.h"
 #include "reading/caret.h"
@@ -14,10 +15,6 @@ namespace {
 constexpr std::size_t mostSearches = 20;
 constexpr TextPos longestSearch = 64 * 1024; // taken from the selection
 constexpr double dialogFontSize = 8;         // points: the book's face and script, small
-
-std::u16string FindSection(const MainForm& form, const std::u16string& recordKey) {
-    return form.menu.mUser[0].tag + u"\\" + recordKey;
-}
 
 // "|" separates searches, so one inside a search is stored as a reference, as is what a line cannot
 // hold, and quotes, which around the value would not be part of it.
@@ -50,7 +47,7 @@ void SelectLogically(TextView& view, int charset) {
 void LoadFindHistory(MainForm& form) {
     form.findHistory.clear();
     const std::u16string key(RecordKey(form.menu.mFileList[0].tag));
-    const auto stored = IniReadString(*form.dataFile, FindSection(form, key), u"HistFind");
+    const auto stored = IniReadString(*form.dataFile, BookSection(form, key), u"HistFind");
     for (const std::u16string& search : Split(stored, u"|"))
         if (!search.empty() && form.findHistory.size() < mostSearches)
             form.findHistory.push_back(DecodeCharRefs(search));
@@ -61,7 +58,7 @@ void SaveFindHistory(MainForm& form, const std::u16string& recordKey) {
     std::vector<std::u16string> stored;
     for (const std::u16string& search : form.findHistory)
         stored.push_back(Stored(search));
-    IniWriteString(*form.dataFile, FindSection(form, recordKey), u"HistFind", Join(stored, u"|"));
+    IniWriteString(*form.dataFile, BookSection(form, recordKey), u"HistFind", Join(stored, u"|"));
 }
 
 namespace {

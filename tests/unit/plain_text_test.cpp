@@ -232,6 +232,7 @@ TEST_CASE("plain text: every language in its own charset") {
         const std::string bytes((std::istreambuf_iterator<char>(file)), {});
         const DecodedText decoded = DecodePlainText(bytes, book.codePage, 1252);
         CHECK(decoded.codePage == book.foundPage);
+        CHECK(DecodePlainText(bytes, 0, 1252).text == decoded.text);
         const std::u16string start = book.start;
         CHECK(Utf16ToUtf8(decoded.text.substr(0, start.size())) == Utf16ToUtf8(start));
         CHECK(decoded.text.find(u'\uFFFD') == std::u16string::npos);

@@ -168,8 +168,17 @@ TEST_CASE("charset: wrong letters are put right by the script chosen, and the pl
     Reading test(text);
     test.View().ScrollLineToTop(900);
     const TextPos top = test.View().FirstVisibleChar();
-    CHECK(test.View().TextRange(top, 2) == u"\u00CF\u00F0");
+    CHECK(test.View().TextRange(top, 6) == u"\u041F\u0440\u0438\u0432\u0435\u0442");
+    CHECK(test.form.viewFont.charset == 204); // which the font dialog shows
     ViewFont font = test.form.viewFont;
+    font.charset = 161;
+    test.Dialogs().fontAnswer = FontAnswer{DialogResult::Ok, font, 0};
+    test.Choose(test.Menu().mViewFont);
+    CHECK(test.View().FirstVisibleChar() == top);
+    CHECK(test.View().TextRange(top, 2) == u"\u039F\u03C0");
+    test.Menus().Open(test.Menu().mView);
+    test.Choose(test.Menu().mViewRefresh);
+    CHECK(test.View().TextRange(top, 2) == u"\u039F\u03C0"); // the choice holds against the guess
     font.charset = 204;
     test.Dialogs().fontAnswer = FontAnswer{DialogResult::Ok, font, 0};
     test.Choose(test.Menu().mViewFont);

@@ -1,0 +1,26 @@
+// What of a plain text tells its charset: the bytes that are not ASCII, and what is around them.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct BytePair {
+    unsigned char first, second;
+    int count;
+};
+
+struct ByteEvidence {
+    std::string text;           // stretches of the samples, a line end before and behind each
+    std::size_t highBytes = 0;  // of it, from 0x80 on
+    std::vector<BytePair> high; // pairs with such a byte, commonest first
+    std::vector<BytePair> ascii;
+    bool seen[256] = {}; // anywhere in the samples that were looked through
+};
+
+// From a sample that begins with the text and others from within it; a byte of another sample that
+// begins or ends within a character does not count.
+ByteEvidence GatherEvidence(std::span<const std::string_view> samples);

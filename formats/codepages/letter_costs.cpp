@@ -1,0 +1,158 @@
+#include "formats/codepages/letter_costs.h"
+
+#include "formats/code_pages.h"
+#include "formats/codepages/character_facts.h"
+
+#include <algorithm>
+#include <climits>
+#include <string_view>
+
+namespace {
+constexpr int foreignLetterCost = 15 * costsPerBit; // of another script
+constexpr int capitalFirstCost = 2 * costsPerBit, capitalInRowCost = 5, capitalInWordCost = 8 * costsPerBit;
+constexpr int strangeLetterCost = 8 * costsPerBit; // of the script, but not of the language
+constexpr int scriptChangeCost = 10 * costsPerBit; // within a word
+constexpr int wrongSideCost = 5 * costsPerBit, frameInRowCost = costsPerBit;
+
+bool IsAsciiLetter(unsigned char byte) {
+    return (byte | 0x20) >= 'a' && (byte | 0x20) <= 'z';
+}
+
+// The bytes of a page as characters; `classes` are those of one language.
+struct PageFacts {
+    CharacterFacts facts[256];
+};
+
+PageFacts FactsOfPage(const char16_t* units, const ByteEvidence& evidence) {
+    PageFacts page;
+    for (int byte = 0; byte < 256; ++byte)
+        if (evidence.seen[byte])
+            page.facts[byte] = FactsOf(byte < 0x80 ? static_cast<char16_t>(byte) : units[byte - 0x80]);
+    return page;
+}
+
+int CapitalCost(const CharacterFacts& before, const CharacterFacts& character) {
+    if (!character.capital) return 0;
+    if (before.letter == 0) return capitalFirstCost;
+    return before.capital ? capitalInRowCost : capitalInWordCost;
+}
+
+int SignCost(const CharacterFacts& before, const CharacterFacts& character, bool same) {
+    const bool opens = character.kind == SignKind::Opening, odd = character.kind == SignKind::Odd;
+    if (character.kind == SignKind::Frame && same) return frameInRowCost;
+    int cost = character.cost;
+    if (cost != 0 && before.letter != 0 && (opens || odd)) cost += wrongSideCost;
+    if (character.kind == SignKind::Joining && before.letter == 0) cost += wrongSideCost;
+    return cost;
+}
+
+// What a pair costs in every language: signs, capitals.
+int CommonCost(const PageFacts& page, BytePair pair) {
+    const CharacterFacts &before = page.facts[pair.first], &character = page.facts[pair.second];
+    if (character.letter == 0) return SignCost(before, character, pair.first == pair.second);
+    int cost = CapitalCost(before, character);
+    if (before.letter != 0 && before.script != character.script) cost += scriptChangeCost;
+    const bool closes = before.kind == SignKind::Closing || before.kind == SignKind::Odd;
+    if (before.letter == 0 && before.cost != 0 && closes) cost += wrongSideCost;
+    return cost;
+}
+
+class LanguageReader {
+  public:
+    LanguageReader(const LanguageModel& model, const PageFacts& page, const ByteEvidence& evidence)
+        : model_(model), size_(model.letterCount + 2) {
+        const std::u16string_view letters(model.letters, static_cast<std::size_t>(model.letterCount));
+        for (int byte = 0; byte < 256; ++byte) {
+            if (!evidence.seen[byte]) continue;
+            const CharacterFacts& facts = page.facts[byte];
+            if (facts.letter == 0) continue;
+            if (facts.script != model.script) {
+                foreign_[byte] = byte < 0x80 ? asciiLetterCost : foreignLetterCost;
+                continue;
+            }
+            const auto place = letters.find(facts.letter);
+            classes_[byte] = place == letters.npos ? 1 : static_cast<unsigned char>(place + 2);
+            if (byte >= 0x80 && place == letters.npos) foreign_[byte] = strangeLetterCost;
+        }
+    }
+
+    int Cost(unsigned char first, unsigned char second) const {
+        return model_.costs[classes_[first] * size_ + classes_[second]] - firstCost;
+    }
+    int ForeignCost(unsigned char byte) const { return foreign_[byte]; }
+
+  private:
+    const LanguageModel& model_;
+    int size_;
+    unsigned char classes_[256] = {};
+    int foreign_[256] = {};
+};
+
+bool HasCoreLetters(const LanguageModel& model, int page, const char16_t* units) {
+    if (model.script != Script::Latin) return true;
+    const std::u16string_view letters(model.letters, static_cast<std::size_t>(model.coreLetters));
+    // Vietnamese has too many for a page: tones stand by themselves.
+    if (std::string_view(model.name) == "vi") return page == 1258 || page == visciiPage || page == tcvnPage;
+    return std::ranges::all_of(letters, [=](char16_t letter) {
+        return letter < 0x80 || std::any_of(units, units + 128, [=](char16_t unit) {
+                   return unit >= 0x80 && FactsOf(unit).letter == letter;
+               });
+    });
+}
+} // namespace
+
+int AsciiLettersCost(const ByteEvidence& evidence) {
+    int cost = 0;
+    for (const BytePair& pair : evidence.ascii)
+        if (IsAsciiLetter(pair.second)) cost += pair.count * asciiLetterCost;
+    return AsciiShare(cost);
+}
+
+LetterCosts::LetterCosts(const ByteEvidence& evidence) : evidence_(evidence) {
+    const char16_t none[128] = {};
+    const PageFacts ascii = FactsOfPage(none, evidence);
+    for (const LanguageModel& model : languageModels) {
+        if (model.script != Script::Latin) {
+            asciiCosts_.push_back(AsciiLettersCost(evidence));
+            continue;
+        }
+        const LanguageReader reader(model, ascii, evidence);
+        int cost = 0;
+        for (const BytePair& pair : evidence.ascii)
+            cost += pair.count * (reader.Cost(pair.first, pair.second));
+        asciiCosts_.push_back(AsciiShare(cost));
+    }
+}
+
+std::optional<PageCost> LetterCosts::Cheapest(int page, const char16_t* units, int limit) const {
+    const PageFacts facts = FactsOfPage(units, evidence_);
+    int common = 0;
+    bool scripts[7] = {};
+    for (const BytePair& pair : evidence_.high) {
+        common += pair.count * CommonCost(facts, pair);
+        scripts[static_cast<int>(facts.facts[pair.second].script)] = true;
+    }
+    if (common >= limit) return std::nullopt;
+    std::optional<PageCost> best;
+    for (int language = 0; language < languageCount; ++language) {
+        const LanguageModel& model = languageModels[language];
+        if (!scripts[static_cast<int>(model.script)] && language != 0) continue;
+        if (!HasCoreLetters(model, page, units)) continue;
+        const LanguageReader reader(model, facts, evidence_);
+        const bool backwards = model.script == Script::Hebrew || model.script == Script::Arabic;
+        for (const bool turned : {false, true}) {
+            if (turned && !backwards) break;
+            int cost = common + asciiCosts_[static_cast<std::size_t>(language)];
+            for (const BytePair& pair : evidence_.high) {
+                cost += pair.count * ((turned ? reader.Cost(pair.second, pair.first)
+                                              : reader.Cost(pair.first, pair.second)) +
+                                      reader.ForeignCost(pair.second));
+                if (cost >= limit) break;
+            }
+            if (cost >= limit) continue;
+            limit = cost;
+            best = PageCost{page, cost, model.name};
+        }
+    }
+    return best;
+}
