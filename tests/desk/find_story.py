@@ -64,6 +64,14 @@ class Find(Story):
         self.assertEqual(self.found(), "Zephyr from the west")
         self.program.close()
 
+    def test_f3_asks_when_nothing_has_been_searched_yet(self):
+        dialog = Dialog(self.program, "Find", "F3")
+        dialog.type("zephyr")
+        dialog.close()
+        self.assertEqual(self.found(), "Zephyr from the west")
+        self.assertEqual(self.next(), "zephyrine evening")
+        self.program.close()
+
     def test_escape_changes_nothing(self):
         self.program.key("ctrl+Home", "shift+Right")
         before = copied(self.program)

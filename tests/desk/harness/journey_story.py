@@ -108,16 +108,19 @@ class JourneyStory(Story):
             return ""
 
     def read_on(self):
-        """To the second page; a key may be lost while another program comes and goes."""
+        """To the second page, with a click first, as by a hand that is at the mouse anyway; a key may
+        be lost while another program comes and goes."""
         self.program.activate()
-        self.program.key("Escape", "ctrl+Home")  # should the bar still have the keyboard
+        left, top, width, height = self.program.rectangle()
+        self.program.click(left + width // 2, top + height // 2)
+        self.program.key("ctrl+Home")
         first = settled_strip(self.program)
         pressed = time.monotonic() - AGAIN
 
         def turned():
             nonlocal pressed
             if time.monotonic() - pressed > AGAIN:
-                self.program.key("Escape", "Next")
+                self.program.key("Next")
                 pressed = time.monotonic()
             strip = top_strip(self.program.picture())
             return strip and not strip.looks_like(first)
