@@ -120,7 +120,7 @@ class JourneyStory(Story):
         def turned():
             nonlocal pressed
             if time.monotonic() - pressed > AGAIN:
-                self.program.key("Next")
+                self.program.key("ctrl+Home", "Next")
                 pressed = time.monotonic()
             strip = top_strip(self.program.picture())
             return strip and not strip.looks_like(first)

@@ -63,6 +63,12 @@ class OpenDialog(Dialog):
     def click_first_file(self):
         self._click(FIRST_FILE)
 
+    def wait_until_closed(self):
+        """A message about the file may come at once."""
+        wait_for(lambda: not self.reader.window_exists(self.window), "the dialog to close")
+        wait_for(lambda: self.reader.is_active() or self.reader.message_box(),
+                 "the reader or its message to have the keyboard")
+
     def press_open(self):
         self._click(OPEN_BUTTON)
         self.wait_until_closed()
