@@ -5,7 +5,7 @@ from harness.story import main
 from harness.text_view import settled_strip
 from harness.wait import wait_for
 
-COUNT = 6000  # paragraphs of six sentences: each new size takes a good part of a second
+COUNT = 1500  # paragraphs of six sentences: far from the end of the time that leaving a page may take
 PAGES = 20  # from its end
 STEPS = 4
 LARGER = ["ctrl+plus"] * STEPS

@@ -96,8 +96,9 @@ TEST_CASE("change of kind: place, marks, size and title of either view come back
     test.OpenByDialog(text, 1);
     test.OpenByDialog(text, 3);
     REQUIRE(IsPageShown(test.form));
+    for (int i = 0; i < 2; ++i)
+        ZoomPage(test.form, false);
     test.Page().ScrollByHand(1600);
-    SetZoomStep(test.form, -2);
     test.Choose(test.Menu().mBookmark, test.Menu().mBookmarkNew);
     const auto pageMarks = test.Record(0)[Field::Marks];
     REQUIRE_FALSE(pageMarks.empty());

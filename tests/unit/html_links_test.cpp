@@ -145,15 +145,21 @@ TEST_CASE("html links: what is looked at or listened to goes to the desktop, aft
         {u"/b/song.mp3", "ID3\x04", true},
         {u"/b/song.flac", "fLaC", true},
         {u"/b/sound.wav", "RIFF1234WAVEfmt ", true},
-        {u"/b/film.mp4", zeros + "\x20" "ftypisom", true},
+        {u"/b/film.mp4",
+         zeros + "\x20"
+                 "ftypisom",
+         true},
         {u"/b/map.pdf", "%PDF-1.4", true},
-        {u"/b/map.png", "#!/bin/sh\n", false},            // a script of this name
-        {u"/b/map.jpg", "MZ\x90", false},                 // a program
+        {u"/b/map.png", "#!/bin/sh\n", false},              // a script of this name
+        {u"/b/map.jpg", "MZ\x90", false},                   // a program
         {u"/b/song.mp3", "[Desktop Entry]\nExec=x", false}, // which starts one
         {u"/b/song.desktop", "ID3\x04", false},
         {u"/b/map.png.exe", "\x89PNG\r\n\x1A\n", false},
         {u"/b/map.svg", "<svg>", false}, // may hold scripts
-        {u"/b/run", "\x7F" "ELF", false},
+        {u"/b/run",
+         "\x7F"
+         "ELF",
+         false},
         {u"/b/run.sh", "#!/bin/sh\n", false},
         {u"/b/archive.zip", "PK\x03\x04", false},
         {u"/b/map.png", "", false},
