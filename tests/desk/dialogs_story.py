@@ -1,89 +1,150 @@
-"""The dialogs that Qt draws, by their own widgets: keys and mouse."""
+"""Dialogs that the system or Qt draws, driven by the keys of their own controls."""
 from harness import books
 from harness.clipboard import copied
+from harness.color_dialog import ColorDialog
 from harness.dialog import Dialog
+from harness.font_dialog import FontDialog
 from harness.story import Story, main
+from harness.text_view import view_top
 from harness.wait import wait_for
 
-GREEK = "161"  # the number of the character set
-# Points of the dialogs, from the right and lower edges where negative.
-OK = -137, -24
-SIZE_UP, STRIKEOUT = (-19, 81), (69, 117)
-FIRST_SWATCH = 24, 46  # black
-MATCH_CASE, FIND = (18, -58), (-137, -24)
+PLACES = {100: "a Zephyr from the west", 500: "the zephyrine evening", 900: "no zephyr at all"}
+PAPER = (160, 192, 224)
+
+
+def color_reference(red, green, blue):
+    """As the record has it."""
+    return str(red | green << 8 | blue << 16)
 
 
 class Dialogs(Story):
     def setUp(self):
-        lines = [*books.lines("latin", 300), "The Miller himself"]
-        self.book = books.write_book(self.path("lanterns.txt"), lines)
+        lines = books.lines("latin", 1200)
+        for line, text in PLACES.items():
+            lines[line] = text
+        self.book = books.write_book(self.path("winds.txt"), lines)
         self.program = self.reader().start(self.book)
         self.program.wait_for_book(self.book)
 
-    def open(self, letter, title):
-        self.program.open_menu("v")
-        return Dialog(self.program, title, letter)
-
-    def wait_for_end(self, dialog):
-        wait_for(lambda: not self.program.window_exists(dialog.window), "the dialog to close")
-        wait_for(self.program.is_active, "the reader to have the keyboard again")
-
-    def record_after_closing(self):
-        self.program.close()
+    def record(self):
         return self.book_record(self.program, self.book)
 
-    def click_in(self, dialog, x, y):
-        """At this point of the dialog; from its right or lower edge where negative."""
-        text = self.screen.xdotool("getwindowgeometry", "--shell", dialog.window)
-        at = dict(line.split("=") for line in text.split())
-        x, y = x % int(at["WIDTH"]), y % int(at["HEIGHT"])
-        self.screen.xdotool("mousemove", "--window", dialog.window, x, y, "click", 1)
+    def wait_for_field(self, name, value):
+        wait_for(lambda: self.record()[name] == value, f"{name} to become {value}")
 
-    def test_font_and_script_by_keys(self):
-        font = self.open("f", "Font")
-        font.key("alt+z", "ctrl+a", "2", "0", "alt+s", "b", "alt+u", "alt+r", "g", "r")
-        font.close()
-        record = self.record_after_closing()
-        shown = {name: record[name] for name in ("FontSize", "Bold", "Underline", "Charset")}
-        self.assertEqual(shown, {"FontSize": "20", "Bold": "1", "Underline": "1", "Charset": GREEK})
+    def test_font(self):
+        dialog = FontDialog(self.program)
+        dialog.press("face", "Down", "Down")
+        dialog.press("style", "Down")
+        dialog.set_size("17")
+        dialog.press("underline")
+        dialog.press("strikeout")
+        face = self.record()["FontName"]
+        dialog.close()
+        self.wait_for_field("FontSize", "17")
+        record = self.record()
+        self.assertNotIn(record["FontName"], ("", face))
+        self.assertEqual([record[name] for name in ("Underline", "Strikethru")], ["1", "1"])
+        self.assertIn("1", (record["Bold"], record["Italic"]))
 
-    def test_font_by_mouse(self):
-        font = self.open("f", "Font")
-        self.click_in(font, *SIZE_UP)
-        self.click_in(font, *STRIKEOUT)
-        self.click_in(font, *OK)
-        self.wait_for_end(font)
-        record = self.record_after_closing()
-        self.assertEqual((record["FontSize"], record["Strikethru"]), ("13", "1"))
+        before = {name: record[name] for name in record if name != "Access"}
+        dialog = FontDialog(self.program)  # it shows what was chosen
+        dialog.press("underline")
+        dialog.close()
+        self.wait_for_field("Underline", "0")
+        record = self.record()
+        self.assertEqual({name: record[name] for name in before}, before | {"Underline": "0"})
+        dialog = FontDialog(self.program)
+        dialog.set_size("9")
+        dialog.close("Escape")
+        self.program.close()
+        self.assertEqual(self.record()["FontSize"], "17")
 
-    def test_find_options_by_mouse(self):
-        find = Dialog(self.program, "Find", "ctrl+f")
-        find.type("Miller")
-        self.click_in(find, *MATCH_CASE)
-        self.click_in(find, *FIND)
-        self.wait_for_end(find)
-        self.assertEqual(copied(self.program), "Miller")  # without it, one of the lines before
+    def test_background(self):
+        self.program.open_menu("v")
+        dialog = ColorDialog(self.program, "Background Color", "b")
+        dialog.set(*PAPER)
+        dialog.close()
+        self.wait_for_field("BackColor", color_reference(*PAPER))
+        wait_for(lambda: self.pixel_of_paper() == bytes(PAPER), "the new paper")
+        self.program.open_menu("v")
+        dialog = ColorDialog(self.program, "Background Color", "b")
+        dialog.set(1, 2, 3)
+        dialog.close("Escape")
+        self.program.close()
+        self.assertEqual(self.record()["BackColor"], color_reference(*PAPER))
+
+    def pixel_of_paper(self):
+        picture = self.program.picture()
+        top = view_top(picture)
+        return top and picture.pixel(picture.width - 60, top + 10)
+
+    def find(self, *keys, text=None, end="Return"):
+        dialog = Dialog(self.program, "Find", "ctrl+f")
+        if text:
+            dialog.type(text)
+        dialog.key(*keys)
+        dialog.close(end)
+
+    def line_found(self):
+        """What is selected and the rest of its line."""
+        self.program.key("shift+End")
+        return copied(self.program)
+
+    def test_find_options(self):
+        whole, case = ["Tab", "space"], ["Tab", "space"]
+        self.find(*whole, *case, text="zephyr", end="Escape")
+        self.find(*whole, *case, text="zephyr", end="alt+f")
+        self.assertEqual(copied(self.program), "zephyr")
+        self.assertEqual(self.line_found(), "zephyr at all")
+        self.find("alt+w", text="zephyr")  # the options are as they were left
+        self.assertEqual(self.line_found(), "zephyrine evening")
+        self.find("alt+c", text="zephyr")
+        self.assertEqual(self.line_found(), "zephyr at all")
+        self.program.key("F3")
+        self.assertEqual(self.line_found(), "Zephyr from the west")
         self.program.close()
 
-    def test_font_given_up(self):
-        font = self.open("f", "Font")
-        font.key("alt+z", "ctrl+a", "3", "0")
-        font.close("Escape")
-        self.assertEqual(self.record_after_closing()["FontSize"], "12")
+    def ask_for_name(self):
+        self.program.open_menu("p")
+        return Dialog(self.program, "Add New...", "n")
 
-    def test_colour_by_mouse(self):
-        colour = self.open("b", "Background Color")
-        self.click_in(colour, *FIRST_SWATCH)
-        self.click_in(colour, *OK)
-        self.wait_for_end(colour)
-        self.assertEqual(self.record_after_closing()["BackColor"], "0")
+    def profiles(self):
+        data = self.program.data()
+        return [value for key, value in data.sections["mProfileList"]]
 
-    def test_colour_by_keys(self):
-        colour = self.open("b", "Background Color")
-        colour.key("alt+h", "ctrl+a")
-        colour.type("#ffe0c0")
-        colour.close()
-        self.assertEqual(self.record_after_closing()["BackColor"], str(0xC0E0FF))
+    def test_name(self):
+        dialog = self.ask_for_name()
+        dialog.type("Ann")
+        dialog.close("Escape")
+        dialog = self.ask_for_name()
+        dialog.type("Ann")
+        dialog.key("Tab", "Tab")
+        dialog.close("space")  # Cancel
+        self.assertEqual(self.profiles(), ["Default"])
+        dialog = self.ask_for_name()
+        dialog.type("An")
+        dialog.key("Left")
+        dialog.type("n")
+        dialog.key("Tab")
+        dialog.close("space")  # OK
+        wait_for(lambda: "[Ann]" in self.program.title(), "the new profile")
+        self.assertEqual(self.profiles(), ["Ann", "Default"])
+        self.ask_about_removing("Escape")
+        self.ask_about_removing("Return")  # Cancel is the one that Return presses
+        self.ask_about_removing("Left", "space")
+        wait_for(lambda: self.profiles() == ["Ann"], "the profile to go")
+        self.program.close()
+
+    def ask_about_removing(self, *answer):
+        """The last profile of the submenu."""
+        self.assertEqual(self.profiles(), ["Ann", "Default"])
+        self.program.open_menu("p")
+        self.program.key("r")
+        wait_for(lambda: len(self.program.popups()) == 2, "the submenu")
+        question = Dialog(self.program, "Norvaset", "Up", "Return")
+        question.key(*answer[:-1])
+        question.close(answer[-1])
 
 
 if __name__ == "__main__":
