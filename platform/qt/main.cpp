@@ -1,6 +1,7 @@
 #include "app/main_form.h"
 #include "app/start_up.h"
 #include "platform/qt/font_setup.h"
+#include "platform/qt/plugin_paths.h"
 #include "platform/qt/qt_ports.h"
 
 #include <QApplication>
@@ -9,6 +10,7 @@ int main(int argc, char** argv) {
     // The bar is drawn by the program itself: asking the desktop for a global one costs start-up
     // time, and such a bar would read long menus in full.
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
+    KeepPluginsFromProgramFolder();
     FontSetup fonts;
     const QApplication application(argc, argv);
     fonts.Finish();

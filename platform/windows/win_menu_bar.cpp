@@ -121,8 +121,8 @@ void WinMenuBar::OpenMenu(const MenuArray* topLevel) {
 }
 
 // The menu beside this one opens before the message comes round.
-void WinMenuBar::CountPopup(HMENU menu, int change) {
-    if (!popups_ || !menus_.Has(menu)) return;
+void WinMenuBar::CountPopup(int change) {
+    if (!popups_) return;
     *popups_ += change;
     if (change < 0) PostMessageW(frame_, popupClosedMessage, 0, 0);
 }
@@ -152,10 +152,10 @@ LRESULT CALLBACK WinMenuBar::Receive(HWND window, UINT message, WPARAM wParam, L
 bool WinMenuBar::Take(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& answer) {
     switch (message) {
     case WM_INITMENUPOPUP:
-        CountPopup(reinterpret_cast<HMENU>(wParam), 1);
+        CountPopup(1);
         Prepare(reinterpret_cast<HMENU>(wParam));
         return false;
-    case WM_UNINITMENUPOPUP: CountPopup(reinterpret_cast<HMENU>(wParam), -1); return false;
+    case WM_UNINITMENUPOPUP: CountPopup(-1); return false;
     case popupClosedMessage: LeaveEmptyBar(); return true;
     case WM_MENUCOMMAND: Choose(reinterpret_cast<HMENU>(lParam), wParam); return true;
     case WM_MENUCHAR: return ChooseByKey(LOWORD(wParam), reinterpret_cast<HMENU>(lParam), answer);

@@ -33,7 +33,7 @@ class WinMenuBar final : public MenuBar {
     void Choose(HMENU, std::size_t position);
     bool ChooseByKey(wchar_t character, HMENU, LRESULT& answer) const;
     void OpenMenu(const MenuArray*);
-    void CountPopup(HMENU, int change);
+    void CountPopup(int change);
     void LeaveEmptyBar() const;
     void OpenContextMenu();
     MenuPlace PlaceAt(HMENU, std::size_t position) const;
@@ -44,7 +44,7 @@ class WinMenuBar final : public MenuBar {
     WinModelMenus menus_;
     std::vector<Title> titles_;
     MenuEvents events_;
-    // While a menu is open that the program opened itself: how many are, with their submenus.
+    // While a menu is open that the program opened itself: how many are, the system's too.
     std::optional<int> popups_;
     HMENU contextMenu_ = nullptr; // the one asked for last; what was chosen in it is told later
     POINT contextAt_ = {};

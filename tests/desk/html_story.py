@@ -43,6 +43,15 @@ class Html(HtmlStory):
         self.program.close_menu()
         wait_for(lambda: len(self.marks()) == before + 1, "a mark more")
 
+    def test_one_escape_leads_back_to_the_page(self):
+        """From the menu that the program opens over a new mark."""
+        self.define(2)
+        strip = settled_strip(self.program)
+        self.program.key(*["Down"] * 5)  # the bar would open a menu by it
+        wait_for(lambda: not settled_strip(self.program).looks_like(strip), "the page to scroll")
+        self.assertEqual(self.program.popups(), [])
+        self.program.close()
+
     def background(self):
         return self.program.picture().pixel(5, 300).hex()
 
