@@ -132,6 +132,7 @@ class Bookmarks(Story):
         for line in near:
             self.define(line)
         self.choose("Up", "Up", "Up", "Return")  # the second of the four
+        self.assertEqual(self.line_shown(), near[1])
         checked = self.checked_row()
         self.assertIsNotNone(checked)
         self.program.open_menu("b")
