@@ -12,11 +12,11 @@ constexpr double smallestFont = 1, largestFont = 1638; // points
 
 // A colourful book has some tens. For each that is not installed the system looks for another,
 // which takes milliseconds; text in fonts beyond is shown in the document's default.
-constexpr std::size_t mostFamilies = 200;
+constexpr std::size_t mostFamilies = 100;
 
 // Each family, size and weight is a font of its own to the system, and takes it half a millisecond.
 // What goes beyond is shown in the document's default font, in the nearest of some twenty sizes.
-constexpr std::size_t mostFonts = 400;
+constexpr std::size_t mostFonts = 250;
 
 std::uint16_t CoarseSize(std::uint16_t halfPoints) {
     const double steps = std::round(2 * std::log2(std::max<double>(halfPoints, 2)));
@@ -56,6 +56,7 @@ CharFormats::CharFormats(const Document& document, const ViewLook& look, const Q
 
 void CharFormats::Reset() {
     formats_.assign(document_.charStyles.size(), std::nullopt);
+    last_.reset();
 }
 
 void CharFormats::ForgetFonts() {
@@ -80,8 +81,16 @@ QList<QTextLayout::FormatRange> CharFormats::Ranges(TextPos start, TextPos end) 
 
 const QTextCharFormat& CharFormats::Format(std::uint32_t style) {
     auto& format = formats_[std::min<std::size_t>(style, formats_.size() - 1)];
-    if (!format) format = MakeFormat(document_.charStyles[&format - formats_.data()]);
+    if (!format) format = FormatFor(document_.charStyles[&format - formats_.data()]);
     return *format;
+}
+
+// Links alone make a style for each: they share a format where they look the same.
+QTextCharFormat CharFormats::FormatFor(const CharStyle& style) {
+    CharStyle look = style;
+    look.link = std::min<std::uint16_t>(look.link, 1);
+    if (!last_ || last_->first != look) last_ = {look, MakeFormat(look)};
+    return last_->second;
 }
 
 QTextCharFormat CharFormats::MakeFormat(const CharStyle& style) {

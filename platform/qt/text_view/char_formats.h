@@ -13,6 +13,7 @@
 #include <set>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 QFont MakeFont(const ViewFont& font);
@@ -35,6 +36,7 @@ class CharFormats {
     using FontKey = std::tuple<std::uint16_t, std::uint16_t, bool, bool>;
 
     const QTextCharFormat& Format(std::uint32_t style);
+    QTextCharFormat FormatFor(const CharStyle& style);
     QTextCharFormat MakeFormat(const CharStyle& style);
     CharStyle WithinBounds(CharStyle style);
     const std::u16string& Family(const CharStyle& style) const;
@@ -44,7 +46,8 @@ class CharFormats {
     const Document& document_;
     const ViewLook& look_;
     const QPalette& palette_;
-    std::vector<std::optional<QTextCharFormat>> formats_; // by style, made when first needed
-    std::set<FontKey> fonts_;                             // of the document, used so far
-    std::set<std::uint16_t> families_;                    // likewise
+    std::vector<std::optional<QTextCharFormat>> formats_;       // by style, made when first needed
+    std::optional<std::pair<CharStyle, QTextCharFormat>> last_; // made
+    std::set<FontKey> fonts_;                                   // of the document, used so far
+    std::set<std::uint16_t> families_;                          // likewise
 };

@@ -1,11 +1,15 @@
 #include "platform/qt/text_view/held_fonts.h"
 
 #include <QFontMetricsF>
+#include <QSet>
 
 std::vector<QFont> HeldFonts(const QFont& layoutFont,
                              const QList<QTextLayout::FormatRange>& formats) {
     std::vector<QFont> fonts;
-    const auto hold = [&fonts](const QFont& font) {
+    QSet<QFont> held;
+    const auto hold = [&](const QFont& font) {
+        if (held.contains(font)) return;
+        held.insert(font);
         fonts.push_back(font);
         QFontMetricsF(font).ascent(); // loads it into what the copies share
     };

@@ -34,6 +34,12 @@ bool JoinsNext(char32_t character) {
            QChar::combiningClass(character) == virama;
 }
 
+bool IsInNoFont(char32_t character) {
+    if (character < 0x300) return false;
+    const QChar::Category category = QChar::category(character);
+    return category == QChar::Other_PrivateUse || category == QChar::Other_NotAssigned;
+}
+
 // Of the scripts that write blanks between words; others may break anywhere.
 bool IsLetterOfWord(char32_t character) {
     return character > u' ' && character < 0x0900 && character != u'-' && character != 0xAD;
@@ -58,7 +64,8 @@ class UnitCounter {
     void AddCharacter(char32_t character, TextPos units) {
         wordLength_ = IsLetterOfWord(character) ? wordLength_ + units : 0;
         const bool piledUp = cluster_.Add(character) >= longestCluster;
-        if (piledUp || character == u'\t' || wordLength_ > longestWord) heavy_ += units;
+        const bool rare = units > 1 || IsInNoFont(character); // sought in one font after the other
+        if (piledUp || rare || character == u'\t' || wordLength_ > longestWord) heavy_ += units;
     }
 
     ClusterLength cluster_;

@@ -1,7 +1,7 @@
 // How much work a stretch of text is to lay out, told by its heavy units: those that cost many
 // times what a letter of a book does, in time or in memory. A letter of a run of its own, a
-// picture, a tab, and what piles up on one place (marks, joined characters, characters without a
-// width) or lets a line break nowhere.
+// picture, a tab, a character of two units or of no font, and what piles up on one place (marks,
+// joined characters, characters without a width) or lets a line break nowhere.
 #pragma once
 
 #include "formats/document.h"

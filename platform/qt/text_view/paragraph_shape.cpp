@@ -70,12 +70,14 @@ void SetTabs(const LayoutContext& context, const ParagraphStyle& style, Paragrap
     int stop = stops.empty() ? 0 : stops.back() / usual * usual;
     for (int i = 0; i < mostUsualTabs && stop < shape.breakWidth; ++i)
         stops.push_back(stop += usual);
-    // The layout takes left for right where the text goes to the left.
-    const auto type = shape.rightToLeft ? QTextOption::RightTab : QTextOption::LeftTab;
+    // One that aligns a delimiter which is nowhere in the text is one for what stands behind it, in
+    // either direction. For a plain one the layout measures all text behind each tab, in vain.
+    constexpr char16_t nowhere = u'\uFFFF';
     QList<QTextOption::Tab> tabs;
     for (const int each : stops)
         if (each > shape.firstIndent)
-            tabs.append({TabStop(context, each - shape.firstIndent), type});
+            tabs.append({TabStop(context, each - shape.firstIndent), QTextOption::DelimiterTab,
+                         QChar(nowhere)});
     shape.option.setTabs(tabs);
     shape.option.setTabStopDistance(TabStop(context, usual));
 }

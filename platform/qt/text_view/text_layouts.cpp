@@ -4,13 +4,14 @@
 #include <iterator>
 
 namespace {
-// A laid-out character takes about 100 bytes, a paragraph beside its characters some KB.
+// A laid-out character takes about 100 bytes, a run as much again, a paragraph some KB.
 constexpr std::size_t mostLoad = 512 * 1024, paragraphLoad = 32, mostBlocks = 2048;
 
 std::size_t Load(const TextLayouts::Layout& layout) {
     std::size_t load = 0;
     for (const ParagraphLayout& paragraph : layout->paragraphs)
-        load += paragraphLoad + std::size_t(paragraph.text->text().size());
+        load += paragraphLoad + std::size_t(paragraph.text->text().size()) +
+                std::size_t(paragraph.text->formats().size());
     return load;
 }
 } // namespace
