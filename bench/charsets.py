@@ -2,7 +2,7 @@
 """How often the charset of a plain text is guessed right, beside other detectors, on texts that no table was made from.
 
 Usage: charsets.py PROGRAM FOLDER [--cuts N] [--slow N] [--only WORD] [--wrong] [--table]
-PROGRAM is build/linux/charset_guesses; FOLDER has the unpacked packages of formats/codepages/language_texts.py. N cuts
+PROGRAM is build/linux/charset_guesses; FOLDER has the held-out packages of formats/codepages/language_texts.py. N cuts
 are made for each language and charset; --slow takes that many of them for the detectors written in Python.
 
 Right: the decoded text is equal, character by character. Undecided, of the others: they say nothing.

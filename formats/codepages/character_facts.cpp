@@ -83,7 +83,7 @@ CharacterFacts SignFacts(char16_t unit) {
     const bool isPrivate = unit >= 0xE000 && unit < 0xF900;
     facts.impossible = unit < 0xA0 || unit == 0xFFFD || isPrivate;
     facts.kind = frame ? SignKind::Frame : SignKind::Odd;
-    facts.cost = (frame ? 13 : facts.impossible ? 26 : 17) * costsPerBit;
+    facts.cost = (frame ? 17 : facts.impossible ? 26 : 17) * costsPerBit;
     if (unit >= 0x660 && unit < 0x66A) facts.kind = SignKind::Free, facts.cost = 8 * costsPerBit;
     if (unit >= 0xE50 && unit < 0xE5C) facts.kind = SignKind::Free, facts.cost = 8 * costsPerBit;
     return facts;

@@ -38,14 +38,22 @@ constexpr CharacterPage characterPages[] = {
 };
 
 // How far the system's own page is ahead: a little always, more where few letters can tell.
-constexpr int systemBits = 5, systemBitsForEach = 1;
-constexpr std::size_t fewBytes = 10;
-constexpr int chosenBits = 10; // besides, for the page of a script that the reader chose
+constexpr int systemBits = 5, systemBitsForEach = 6;
+constexpr std::size_t fewBytes = 5;
+constexpr int chosenBits = 25; // besides, for the page of a script that the reader chose
 constexpr int mostBehind = 200 * costsPerBit; // a charset further behind the best is not thinkable
 
 int SystemBits(const ByteEvidence& evidence) {
     const std::size_t missing = fewBytes - std::min(evidence.highBytes, fewBytes);
     return systemBits + systemBitsForEach * static_cast<int>(missing);
+}
+
+// A character or two of thousands are soon found in bytes that are something else.
+int FewCharactersBits(const ByteEvidence& evidence) {
+    constexpr std::size_t fewOfCharacters = 10;
+    constexpr int bitsForEach = 3;
+    const std::size_t missing = fewOfCharacters - std::min(evidence.highBytes, fewOfCharacters);
+    return bitsForEach * static_cast<int>(missing);
 }
 
 struct Search {
@@ -88,7 +96,8 @@ void TryCharacters(Search& search) {
         if (!model) model.emplace(each.language);
         text.clear();
         DecodeCodePage(each.page, search.evidence.text, text);
-        const int handicap = search.Handicap(each.page, each.bits);
+        const int handicap =
+            search.Handicap(each.page, each.bits + FewCharactersBits(search.evidence));
         const int limit = search.Limit() - handicap;
         const int cost = model->Cost(text, limit);
         if (cost < limit) search.Add({each.page, cost + handicap, characterModels[each.language].name});

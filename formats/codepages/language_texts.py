@@ -1,17 +1,19 @@
 """Running text of many languages, from what Debian packages bring.
 
-The packages are unpacked into a folder, not installed:
-    apt-get download PACKAGE...; dpkg-deb -x PACKAGE.deb FOLDER
-
-TRAINING is what the letter tables are made from, HELD_OUT what the guess is measured with; no text is in both.
+Usage: language_texts.py FOLDER [--held-out] fetches the packages by apt-get and unpacks them into a folder; nothing is
+installed. TRAINING is what the letter tables are made from, HELD_OUT what the guess is measured with; no text is in both.
 """
 
+import argparse
 import gettext
 import glob
 import gzip
 import html
 import os
 import re
+import subprocess
+import sys
+import tempfile
 
 # Language: the folder names that packages have for it.
 LANGUAGES = {
@@ -54,6 +56,24 @@ HELD_OUT = (
     "usr/share/locale/{}/LC_MESSAGES/gnucash.mo",
     "usr/share/locale/{}/LC_MESSAGES/aptitude.mo",
 )
+
+# Of Debian 12, with the versions that the tables were made from.
+PACKAGES = {
+    **dict.fromkeys(("libreoffice-l10n-" + name for name in (
+        "ar be bg ca cs cy da de el eo es et fi fr ga he hr hu is it ja ko lt lv mk nb nl pl pt ro ru sk sl sr sv th tr uk "
+        "vi zh-cn zh-tw").split()), "4:7.4.7-1+deb12u14"),
+    **dict.fromkeys(("manpages-" + name for name in (
+        "cs da de el es fi fr it mk nb nl pt-br ro ru sr sv uk vi").split()), "4.18.1-1"),
+    "manpages-hu": "1:4.18.1-1", "manpages-pl": "1:4.18.1-1", "manpages-ja": "0.5.0.0.20221215+dfsg-1",
+    "manpages-tr": "2.0.6-2", "manpages-zh": "1.6.4.0-1",
+    "fortunes": "1:1.99.1-7.3", "fortunes-bg": "1.4", "fortunes-br": "20220821", "fortunes-cs": "2.0.9-1.1",
+    "fortunes-de": "0.35-1", "fortunes-eo": "20020729b-1.1", "fortunes-es": "1.36", "fortunes-ga": "0.10+nmu1",
+    "fortunes-it": "1.99-4.1", "fortunes-pl": "0.0.20130525-3", "fortunes-ru": "1.52-3.1", "fortunes-zh": "2.98",
+    "vlc-l10n": "3.0.24-0+deb12u1", "gnome-user-docs": "43.0-2", "iso-codes": "4.15.0-1",
+}
+HELD_OUT_PACKAGES = ("wesnoth-1.16-data", "debian-handbook", "installation-guide-amd64", "gimp-data", "gnucash-common",
+                     "aptitude-common")
+FETCHED = "fetched"  # the file of a folder that names the packages in it, with their versions
 
 LEAST_SENTENCE = 12  # characters: shorter messages are words of menus
 
@@ -154,3 +174,46 @@ def training_text(root, language, most=500000):
 
 def held_out_texts(root, language, most=400000):
     return translated(root, language, HELD_OUT, most)
+
+
+def fetched(folder):
+    """The packages in a folder and their versions."""
+    try:
+        with open(os.path.join(folder, FETCHED), encoding="ascii") as file:
+            return dict(line.split() for line in file)
+    except OSError:
+        return {}
+
+
+def missing(folder):
+    there = fetched(folder)
+    return [package for package, version in PACKAGES.items() if there.get(package) != version]
+
+
+def fetch(folder, packages):
+    os.makedirs(folder, exist_ok=True)
+    with tempfile.TemporaryDirectory() as downloads:
+        subprocess.run(["apt-get", "download", *packages], cwd=downloads, check=True, stdout=subprocess.DEVNULL,
+                       stderr=subprocess.DEVNULL)
+        with open(os.path.join(folder, FETCHED), "a", encoding="ascii") as file:
+            for name in sorted(os.listdir(downloads)):
+                path = os.path.join(downloads, name)
+                subprocess.run(["dpkg-deb", "-x", path, folder], check=True)
+                facts = subprocess.run(["dpkg-deb", "-W", path], capture_output=True, text=True, check=True)
+                file.write(facts.stdout.replace("\t", " "))
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("folder")
+    parser.add_argument("--held-out", action="store_true", help="the texts that the guess is measured with, too")
+    options = parser.parse_args()
+    fetch(options.folder, missing(options.folder))
+    if options.held_out:
+        fetch(options.folder + "-held-out", HELD_OUT_PACKAGES)
+    for package in missing(options.folder):
+        print("another version than the tables were made from:", package, file=sys.stderr)
+
+
+if __name__ == "__main__":
+    main()

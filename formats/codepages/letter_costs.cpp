@@ -38,7 +38,8 @@ int CapitalCost(const CharacterFacts& before, const CharacterFacts& character) {
 }
 
 int SignCost(const CharacterFacts& before, const CharacterFacts& character, bool same) {
-    const bool opens = character.kind == SignKind::Opening, odd = character.kind == SignKind::Odd;
+    const bool opens = character.kind == SignKind::Opening;
+    const bool odd = character.kind == SignKind::Odd || character.kind == SignKind::Frame;
     if (character.kind == SignKind::Frame && same) return frameInRowCost;
     int cost = character.cost;
     if (cost != 0 && before.letter != 0 && (opens || odd)) cost += wrongSideCost;
@@ -52,7 +53,8 @@ int CommonCost(const PageFacts& page, BytePair pair) {
     if (character.letter == 0) return SignCost(before, character, pair.first == pair.second);
     int cost = CapitalCost(before, character);
     if (before.letter != 0 && before.script != character.script) cost += scriptChangeCost;
-    const bool closes = before.kind == SignKind::Closing || before.kind == SignKind::Odd;
+    const bool closes = before.kind == SignKind::Closing || before.kind == SignKind::Odd ||
+                        before.kind == SignKind::Frame;
     if (before.letter == 0 && before.cost != 0 && closes) cost += wrongSideCost;
     return cost;
 }

@@ -64,6 +64,20 @@ TEST_CASE("code pages: letters of every page") {
         {28605, "\xA4", u"\u20AC"},
         {54936, "\xBC\xF2", u"\u7B80"},
         {65001, "\xD0\x96", u"\u0416"},
+        {720, "\xA0", u"\u0628"},
+        {737, "\x98", u"\u03B1"},
+        {775, "\xD0", u"\u0105"},
+        {855, "\xA0", u"\u0430"},
+        {857, "\xA7", u"\u011F"},
+        {858, "\xD5", u"\u20AC"},
+        {862, "\x80", u"\u05D0"},
+        {864, "\xE1", u"\uFED3"},
+        {21866, "\xA4", u"\u0454"},
+        {28606, "\xBA", u"\u0219"},
+        {51932, "\xA4\xA2\x8E\xB1\x8F\xB0\xA1\xAD\xA1", u"\u3042\uFF71\u4E02\u2460"},
+        {51950, "\xC4\xA1\x8E\xA2\xA1\xA1", u"\u4E00\u4E42"},
+        {visciiPage, "\xAA\x02", u"\u1EBF\u1EB2"},
+        {tcvnPage, "\xD5\x01", u"\u1EBF\u00DA"},
     };
     for (const PageCase& c : cases) {
         CAPTURE(c.page);
