@@ -51,6 +51,7 @@ void ChangeKind(MainForm& form, int index, int kind) {
     record[Field::Filter] = NumberText(kind);
     item.tag = record.ToText();
     SaveHistoryItem(form, index);
+    oneWrite.Commit();
     SetHistoryCaption(form, index);
     if (!shown) return;
     item.checked = false;

@@ -45,9 +45,9 @@ int AddBook(MainForm& form, const std::u16string& path, int kind) {
     const auto firstBytes = ExamineBookFile(form, path);
     if (!firstBytes) return -1;
     const int known = FindInHistory(form, path);
+    if (!SettleZoom(form)) return -1;
     if (known >= 0) return PutKindRight(form, known, kind, *firstBytes) ? known : -1;
 
-    if (!SettleZoom(form)) return -1;
     if (kind == KindFromFile) kind = KindOfBook(path, *firstBytes);
     SaveBookState(form, 0);
     const int added = AddHistoryItem(form, NewRecord(form, path, kind));
