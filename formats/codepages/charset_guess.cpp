@@ -38,7 +38,7 @@ constexpr CharacterPage characterPages[] = {
 };
 
 // How far the system's own page is ahead: a little always, more where few letters can tell.
-constexpr int systemBits = 5, systemBitsForEach = 6;
+constexpr int systemBits = 5, systemBitsForEach = 2;
 constexpr std::size_t fewBytes = 5;
 constexpr int chosenBits = 25; // besides, for the page of a script that the reader chose
 constexpr int mostBehind = 200 * costsPerBit; // a charset further behind the best is not thinkable

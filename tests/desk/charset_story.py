@@ -1,10 +1,18 @@
-"""An 8-bit book that opened in the wrong script is put right in the font dialog, by keyboard."""
+"""Books in many charsets open in the right letters at once; one too short for that is put right in the
+font dialog, by keyboard."""
 from harness import books
 from harness.clipboard import copied
 from harness.font_dialog import FontDialog
 from harness.story import Story, main
 
 SCRIPTS = 10  # at most, with the same first letter
+
+
+# As a writer of the charset would, which Python does not know.
+VIETNAMESE = "Ngày xửa ngày xưa có một ông vua già, ông có ba người con trai."
+VIETNAMESE_IN_VISCII = (b"Ng\xe0y x\xd8a ng\xe0y x\xdfa c\xf3 m\xb5t \xf4ng vua gi\xe0, \xf4ng c\xf3 ba "
+                        b"ng\xdf\xb6i con trai.")
+UKRAINIAN = "Жили собі дід та баба, і була в них курочка ряба; знесла вона їм яєчко."
 
 
 class Charset(Story):
@@ -29,9 +37,30 @@ class Charset(Story):
                 return
         self.fail("no script makes the letters right")
 
+    def test_right_at_once(self):
+        self.assertEqual(self.first_line(), self.lines[0])
+        self.program.close()
+        texts = {"dos": (self.lines[0], self.lines[0].encode("cp866")),
+                 "japanese": (books.lines("japanese", 1)[0], books.lines("japanese", 1)[0].encode("euc_jp")),
+                 "ukrainian": (UKRAINIAN, UKRAINIAN.encode("koi8_u")),
+                 "vietnamese": (VIETNAMESE, VIETNAMESE_IN_VISCII)}
+        for name, (text, data) in texts.items():
+            with self.subTest(name):
+                self.book = self.path(name + ".txt")
+                with open(self.book, "wb") as file:
+                    file.write(data + b"\r\n")
+                self.program.start(self.book)
+                self.program.wait_for_book(self.book)
+                self.assertEqual(self.first_line(), text)
+                self.program.close()
+
     def test_put_right(self):
-        wrong = self.lines[0].encode("cp1251").decode("cp1252")
-        self.assertEqual(self.first_line(), wrong)
+        self.program.close()
+        self.lines = ["Ж"]
+        self.book = books.write_book(self.path("short.txt"), self.lines, "cp1251")
+        self.program.start(self.book)
+        self.program.wait_for_book(self.book)
+        self.assertEqual(self.first_line(), "Æ")
         self.try_scripts()
         self.program.close()
         self.assertEqual(self.book_record(self.program, self.book)["Charset"], "204")
