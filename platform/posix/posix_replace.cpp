@@ -60,6 +60,11 @@ bool Flush(int file) {
     return errno == EINVAL || errno == ENOSYS || errno == ENOTSUP; // a file system without a disk
 }
 
+// The mode, where the file system has modes of its own: on many a stick it has none to keep.
+bool SetMode(int file, mode_t mode) {
+    return fchmod(file, mode) == 0 || errno == EPERM || errno == ENOTSUP || errno == ENOSYS;
+}
+
 // Owner before mode: a change of owner clears bits of the mode.
 bool CopyAttributes(int file, const struct stat& old, bool keepFileTime) {
     mode_t mode = old.st_mode & 07777;
@@ -67,7 +72,7 @@ bool CopyAttributes(int file, const struct stat& old, bool keepFileTime) {
         fchown(file, static_cast<uid_t>(-1), old.st_gid) != 0) {
         mode = (mode & ~070u) | (mode & 07u) << 3; // another group may do no more than others
     }
-    if (fchmod(file, mode) != 0) return false;
+    if (!SetMode(file, mode)) return false;
     const timespec times[2] = {{0, UTIME_OMIT}, old.st_mtim};
     return !keepFileTime || futimens(file, times) == 0;
 }
@@ -76,9 +81,9 @@ bool WriteTemporary(const std::string& path, std::string_view bytes, const struc
                     bool keepFileTime) {
     FileDescriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
     if (!file.IsOpen()) return false;
+    if (!old) ShareAsFolder(file.Number(), FolderOf(path));
     const bool written = WriteAll(file.Number(), bytes) &&
-                         (old ? CopyAttributes(file.Number(), *old, keepFileTime)
-                              : ShareAsFolder(file.Number(), FolderOf(path))) &&
+                         (!old || CopyAttributes(file.Number(), *old, keepFileTime)) &&
                          Flush(file.Number()) && file.Close();
     if (!written) unlink(path.c_str());
     return written;
