@@ -62,7 +62,8 @@ TEST_CASE("bookmarks: the length of a mark") {
     test.Define(20, 200);
     test.Define(30, 80);
     test.Define(40, 81);
-    CHECK(test.Marks() == u"10,81|20,81|30,80|40,81");
+    test.Define(50, 1);
+    CHECK(test.Marks() == u"10,81|20,81|30,80|40,81|50,1");
 }
 
 TEST_CASE("bookmarks: none at the beginning of the book, none without a book") {

@@ -65,11 +65,13 @@ TEST_CASE("edit: what can be chosen follows text and selection") {
     CHECK_FALSE(test.Menu().mEditCopyRTF[0].enabled);
     CHECK_FALSE(test.Menu().mEditTitle[0].enabled);
     CHECK_FALSE(test.Menu().mEditNext[0].enabled);
-    test.View().Select(0, 3);
-    test.Menus().Open(test.Menu().mEdit);
-    CHECK(test.Menu().mEditCopy[0].enabled);
-    CHECK(test.Menu().mEditCopyRTF[0].enabled);
-    CHECK(test.Menu().mEditTitle[0].enabled);
+    for (const TextPos length : {1, 3}) {
+        test.View().Select(0, length);
+        test.Menus().Open(test.Menu().mEdit);
+        CHECK(test.Menu().mEditCopy[0].enabled);
+        CHECK(test.Menu().mEditCopyRTF[0].enabled);
+        CHECK(test.Menu().mEditTitle[0].enabled);
+    }
     Reading empty("");
     empty.Menus().Open(empty.Menu().mEdit);
     CHECK_FALSE(empty.Menu().mEditAll[0].enabled);

@@ -20,7 +20,8 @@ TEST_CASE("html edit: what can be chosen follows body, text and selection") {
         bool all, copy;
     };
     for (const Case& row : {Case{false, true, 0, false, false}, Case{true, false, 0, false, false},
-                            Case{true, true, 0, true, false}, Case{true, true, 3, true, true}}) {
+                            Case{true, true, 0, true, false}, Case{true, true, 1, true, true},
+                            Case{true, true, 3, true, true}}) {
         HtmlForm test;
         NonePage page;
         page.hasBody = row.hasBody;

@@ -209,3 +209,18 @@ TEST_CASE("html titles: controls of direction turn neither the title nor the men
     test.Press('D', CtrlKey);
     CHECK(test.Menu().mBookmarkList[0].caption.find(u'\u202E') == std::u16string::npos);
 }
+
+TEST_CASE("html links: the way back is a hundred links long, the oldest are forgotten") {
+    HtmlForm test;
+    test.PutPage(u"/b/p.htm");
+    REQUIRE(test.Start());
+    test.OpenLoaded(u"/b/p.htm");
+    for (int link = 1; link <= 102; ++link)
+        test.Page().onJump(10 * link);
+    for (int back = 102; back > 2; --back) {
+        test.Press(37, AltKey);
+        CHECK(test.Page().ScrollTop() == 10 * back);
+    }
+    test.Press(37, AltKey);
+    CHECK(test.Page().ScrollTop() == 30); // the first two are gone
+}

@@ -53,6 +53,8 @@ TEST_CASE("layout: minimising moves nothing, and leaving it lands on the normal 
     CHECK(test.View().Bounds() == before);
     test.Window().DragTo(
         {-32000, -32000, 1, 1}); // where some window managers put a minimised window
+    CHECK(test.View().Bounds() == before);
+    CHECK(test.form.placement == WindowPlacement{1, 75, 90, 6000, 4800});
     test.Window().SetState(WindowState::Normal);
     CHECK(test.Window().Bounds() == Rect{5, 6, 400, 320});
     CHECK(test.View().Bounds() == before);

@@ -66,3 +66,22 @@ TEST_CASE("options: an editor is chosen, kept for all profiles, and cancelled wi
     test.Menus().Click(test.Menu().mOptionsEditor, 1);
     CHECK(test.Dialogs().openRequests.back().initialFolder == u"/tools");
 }
+
+TEST_CASE("options: numbers that the program would not write") {
+    const struct {
+        const char* value;
+        int title;
+        bool fileColors;
+    } cases[] = {
+        {"0", 0, false}, {"1", 1, true}, {"2", 1, false}, {"-1", 1, false}, {"x", 0, false}};
+    for (const auto& c : cases) {
+        CAPTURE(std::string(c.value));
+        TestForm test;
+        const std::string value = c.value;
+        test.PutDataFile("[mProfileList]\r\n0=A\r\n[A]\r\nmOptionsTitle=" + value +
+                         "\r\nmOptionsFileColor=" + value + "\r\n");
+        REQUIRE(test.Start());
+        CHECK(CheckedItem(test.Menu().mOptionsTitle) == c.title);
+        CHECK(test.Menu().mOptionsFileColor[0].checked == c.fileColors);
+    }
+}

@@ -195,3 +195,19 @@ TEST_CASE("rtf tables: each cell's paragraphs have their own style") {
     CHECK(document_check::ParagraphStyleAt(document, 3).alignment == Alignment::Right);
     CHECK(document_check::ParagraphStyleAt(document, 6).alignment == Alignment::Left);
 }
+
+TEST_CASE(
+    "rtf tables: more cells than a row can have join the last one, which spans no more columns") {
+    std::string definition = "\\trowd", cells;
+    for (std::size_t i = 0; i < maxRtfRowCells; ++i)
+        definition += "\\cellx" + std::to_string(10 * (i + 1));
+    for (std::size_t i = 0; i < maxRtfRowCells + 3; ++i)
+        cells += "\\intbl x\\cell";
+    const Document document = Read(definition + cells + "\\row");
+    REQUIRE(document.rows.size() == 1);
+    const TableRow& row = document.rows.front();
+    REQUIRE(row.cells.size() == maxRtfRowCells);
+    CHECK(row.cells.back().columnSpan == 1);
+    CHECK(row.cells.back().rightEdge == static_cast<std::int32_t>(10 * maxRtfRowCells));
+    CHECK(row.cells.back().end - row.cells.back().start == 8); // "x\nx\nx\nx\a"
+}
