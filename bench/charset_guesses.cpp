@@ -1,6 +1,6 @@
-// Decodes texts as a book is decoded, for comparisons by bench/charsets.py: from the standard input the length of each (four
-// bytes, little-endian) and its bytes; to the standard output the same of its text in UTF-8, after a line with the code
-// page (0 for Unicode).
+// Decodes texts as a book is decoded, for comparisons by bench/charsets.py: from the standard input
+// the length of each (four bytes, little-endian) and its bytes; to the standard output the same of
+// its text in UTF-8, after a line with the code page (0 for Unicode).
 #include "common/utf.h"
 #include "formats/plain_text.h"
 

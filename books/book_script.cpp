@@ -42,6 +42,18 @@ void KeepNothingChosen(MainForm& form, const BookRecord& record) {
     IniWriteString(*form.dataFile, BookSection(form, key), std::u16string(codePageKey), u"0");
 }
 
+void KeepGuessedScript(MainForm& form) {
+    if (form.chosenCodePage != 0 || form.shownCodePage == 0) return;
+    MenuItem& item = form.menu.mFileList[0];
+    BookRecord record = BookRecord::Parse(item.tag);
+    if (record.Number(Field::Charset) == form.viewFont.charset) return;
+    record[Field::Charset] = NumberText(form.viewFont.charset);
+    item.tag = record.ToText();
+    IniBatch oneWrite(*form.dataFile);
+    KeepNothingChosen(form, record);
+    SaveHistoryItem(form, 0);
+}
+
 int ScriptCharset(int codePage, int present) {
     const int page = WindowsPageOfScript(codePage);
     if (page == 0 || CharsetToCodePage(present) == page) return present;

@@ -42,8 +42,8 @@ Color ColorOf(const std::u16string& field, Color fallback) {
     return field.empty() ? fallback : static_cast<Color>(WholeNumber(field)) & 0xFFFFFF;
 }
 
-// The plain text of a book, nothing of a rich one; its charset is known then, and so is the script of
-// the font.
+// The plain text of a book, nothing of a rich one; its charset is known then, and so is the script
+// of the font.
 std::shared_ptr<PlainTextSource> TextOf(MainForm& form, const BookRecord& record,
                                         const BookContent& content) {
     form.chosenCodePage = ChosenCodePage(form, record);
@@ -76,6 +76,7 @@ void ShowInTextView(MainForm& form, const BookRecord& record, BookContent conten
     ApplyAlignment(form, record.Number(Field::Align), true);
     ScrollCaretToTop(view, record.Number(Field::LastPos));
     LayOutForm(form);
+    KeepGuessedScript(form);
 }
 
 void MakeFirst(MainForm& form, int index) {

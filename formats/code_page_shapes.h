@@ -18,8 +18,8 @@ struct ControlLetters {
     char16_t units[32];
 };
 
-// Sequences longer than two bytes: a lead byte of their own, a byte for the plane when there are several (else
-// `firstPlane` is 0), row and cell from 0xA1 on.
+// Sequences longer than two bytes: a lead byte of their own, a byte for the plane when there are
+// several (else `firstPlane` is 0), row and cell from 0xA1 on.
 constexpr int eucRows = 94;
 struct LongSequences {
     std::uint8_t lead;

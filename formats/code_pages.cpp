@@ -111,7 +111,8 @@ void DecodeDoubleBytes(const DoubleBytePage& page, std::string_view bytes, std::
 } // namespace
 
 bool HasCodePage(int codePage) {
-    return codePage == utf8Page || IsEscapedPage(codePage) || FindSingleBytePage(codePage) || FindDoubleBytePage(codePage);
+    return codePage == utf8Page || IsEscapedPage(codePage) || FindSingleBytePage(codePage) ||
+           FindDoubleBytePage(codePage);
 }
 
 void DecodeCodePage(int codePage, std::string_view bytes, std::u16string& text) {

@@ -9,12 +9,12 @@
 constexpr int visciiPage = 70001;
 constexpr int tcvnPage = 70002;
 
-// Whether `DecodeCodePage` knows this page: of DOS 437, 720, 737, 775, 850, 852, 855, 857, 858, 860 to
-// 866, 869; of Windows 874, 932, 936, 949, 950, 1250 to 1258, 1361; of the Macintosh 10000 (Roman),
-// 10001 (Japanese), 10006 (Greek), 10007 (Cyrillic), 10010 (Romanian), 10029 (Latin 2), 10079
-// (Icelandic), 10081 (Turkish), 10082 (Croatian); 20866 (KOI8-R), 21866 (KOI8-U), 28591 to 28606
-// (ISO 8859), 51932 (EUC-JP), 51950 (EUC-TW), 54936 (GB18030), 65001 (UTF-8), VISCII and TCVN 5712;
-// and, for whole texts only, those of codepages/escaped_text.h.
+// Whether `DecodeCodePage` knows this page: of DOS 437, 720, 737, 775, 850, 852, 855, 857, 858, 860
+// to 866, 869; of Windows 874, 932, 936, 949, 950, 1250 to 1258, 1361; of the Macintosh 10000
+// (Roman), 10001 (Japanese), 10006 (Greek), 10007 (Cyrillic), 10010 (Romanian), 10029 (Latin 2),
+// 10079 (Icelandic), 10081 (Turkish), 10082 (Croatian); 20866 (KOI8-R), 21866 (KOI8-U), 28591 to
+// 28606 (ISO 8859), 51932 (EUC-JP), 51950 (EUC-TW), 54936 (GB18030), 65001 (UTF-8), VISCII and TCVN
+// 5712; and, for whole texts only, those of codepages/escaped_text.h.
 bool HasCodePage(int codePage);
 
 // Appends the text of `bytes`. A byte or sequence without a meaning becomes one U+FFFD, and so does

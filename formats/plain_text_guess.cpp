@@ -65,8 +65,8 @@ bool IsUtf32(std::string_view sample, ByteOrder order) {
     for (std::size_t i = 0; i + 4 <= sample.size(); i += 4) {
         char32_t value = 0;
         for (std::size_t byte = 0; byte < 4; ++byte)
-            value = value << 8 |
-                    static_cast<unsigned char>(sample[i + (order == ByteOrder::Big ? byte : 3 - byte)]);
+            value = value << 8 | static_cast<unsigned char>(
+                                     sample[i + (order == ByteOrder::Big ? byte : 3 - byte)]);
         const bool blank = value >= U'\t' && value <= U'\r';
         const bool surrogate = value >= 0xD800 && value < 0xE000;
         if ((value < 0x20 && !blank) || surrogate || value >= 0x110000) return false;
@@ -125,11 +125,12 @@ bool LooksLikeDamagedUtf8(std::span<const std::string_view> samples) {
     for (std::string_view rest : samples) {
         while (!rest.empty() && stray <= 16 + sequences / perStray) {
             const std::size_t valid = ValidUtf8Length(rest);
-            sequences += valid - Utf16Length(rest.substr(0, valid)) >= 1
-                             ? static_cast<std::size_t>(std::count_if(
-                                   rest.begin(), rest.begin() + static_cast<std::ptrdiff_t>(valid),
-                                   [](char byte) { return static_cast<unsigned char>(byte) >= 0xC0; }))
-                             : 0;
+            sequences +=
+                valid - Utf16Length(rest.substr(0, valid)) >= 1
+                    ? static_cast<std::size_t>(std::count_if(
+                          rest.begin(), rest.begin() + static_cast<std::ptrdiff_t>(valid),
+                          [](char byte) { return static_cast<unsigned char>(byte) >= 0xC0; }))
+                    : 0;
             rest.remove_prefix(valid);
             if (rest.empty() || IsCutUtf8Sequence(rest)) break;
             ++stray;

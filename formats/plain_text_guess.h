@@ -26,8 +26,8 @@ bool LooksLikeUtf8(std::string_view bytes);
 bool IsCutUtf8Sequence(std::string_view bytes);
 
 // Where a text of this size is looked into for its charset: the start and, of a longer one, places
-// through all of it, because a licence in another language may stand before a book. `notUtf8` is the
-// first byte that is not UTF-8.
+// through all of it, because a licence in another language may stand before a book. `notUtf8` is
+// the first byte that is not UTF-8.
 struct SamplePlace {
     std::uint64_t begin = 0;
     std::size_t length = 0; // in bytes

@@ -14,7 +14,8 @@ bool IsHigh(char byte) {
     return static_cast<unsigned char>(byte) >= 0x80;
 }
 
-// No byte below 0x30 is part of a longer sequence, except in GB18030 a digit, which is not looked for.
+// No byte below 0x30 is part of a longer sequence, except in GB18030 a digit, which is not looked
+// for.
 bool IsBoundary(char byte) {
     return static_cast<unsigned char>(byte) < 0x30;
 }
@@ -46,8 +47,8 @@ std::size_t NextHigh(std::string_view bytes, std::size_t from) {
     return from;
 }
 
-// The end of a stretch in which at most `2 * around` ASCII bytes stand in a row, `most` bytes from its
-// start at most.
+// The end of a stretch in which at most `2 * around` ASCII bytes stand in a row, `most` bytes from
+// its start at most.
 std::size_t StretchEnd(std::string_view bytes, std::size_t high, std::size_t most) {
     std::size_t end = high + 1;
     for (std::size_t at = end; at < bytes.size() && at < end + 2 * around && at < most; ++at)
@@ -64,7 +65,8 @@ std::size_t TakeStretches(std::string_view sample, std::size_t most, std::string
         const std::size_t begin = std::max(taken, high - std::min(high, around));
         const std::size_t wanted = StretchEnd(sample, high, begin + (limit - text.size()));
         // A stretch that the limit cuts ends where a character does.
-        std::string_view stretch = sample.substr(begin, std::min(wanted + around, sample.size()) - begin);
+        std::string_view stretch =
+            sample.substr(begin, std::min(wanted + around, sample.size()) - begin);
         if (wanted >= begin + (limit - text.size())) stretch = WithoutCutEnds(stretch, true, false);
         text += stretch;
         text += '\n';
@@ -73,7 +75,8 @@ std::size_t TakeStretches(std::string_view sample, std::size_t most, std::string
     return text.size() < limit ? sample.size() : taken;
 }
 
-// Behind what was taken, bytes that were hardly met so far: a single letter may tell two charsets apart.
+// Behind what was taken, bytes that were hardly met so far: a single letter may tell two charsets
+// apart.
 void TakeRareBytes(std::string_view sample, std::uint8_t (&known)[256], std::string& text) {
     constexpr std::size_t mostLookedThrough = 128 * 1024, most = 2048;
     constexpr int enough = 3;
@@ -120,8 +123,11 @@ ByteEvidence GatherEvidence(std::span<const std::string_view> samples) {
     for (std::size_t i = 0; i < samples.size(); ++i) {
         const bool alone = samples.size() == 1;
         const std::string_view part = WithoutCutEnds(samples[i], i == 0, alone);
-        const std::size_t taken =
-            TakeStretches(part, alone ? mostInAll : i == 0 ? mostOfStart : share, evidence.text);
+        const std::size_t taken = TakeStretches(part,
+                                                alone    ? mostInAll
+                                                : i == 0 ? mostOfStart
+                                                         : share,
+                                                evidence.text);
         rests.push_back(part.substr(taken));
     }
     std::uint8_t known[256] = {};

@@ -17,13 +17,14 @@ struct RarePage {
 };
 
 constexpr RarePage singleBytePages[] = {
-    {1252, 0},  {1251, 0},  {1250, 1},  {1253, 0},  {1254, 1},  {1255, 0},  {1256, 0},  {1257, 1},
-    {1258, 1},  {874, 0},   {20866, 1}, {21866, 2}, {28591, 3}, {28592, 2}, {28593, 5}, {28594, 4},
-    {28595, 3}, {28596, 3}, {28597, 2}, {28598, 2}, {28599, 3}, {28600, 6}, {28601, 2}, {28603, 3},
-    {28604, 6}, {28605, 2}, {28606, 4}, {437, 5},   {720, 6},   {737, 4},   {775, 5},   {850, 4},
-    {852, 4},   {855, 5},   {857, 5},   {858, 5},   {860, 6},   {861, 6},   {862, 4},   {863, 6},
-    {864, 15},   {865, 6},   {866, 3},   {869, 6},   {10000, 5}, {10006, 6}, {10007, 5}, {10010, 8},
-    {10029, 5}, {10079, 8}, {10081, 7}, {10082, 8}, {visciiPage, 4},        {tcvnPage, 4},
+    {1252, 0},  {1251, 0},  {1250, 1},  {1253, 0},       {1254, 1},     {1255, 0},  {1256, 0},
+    {1257, 1},  {1258, 1},  {874, 0},   {20866, 1},      {21866, 2},    {28591, 3}, {28592, 2},
+    {28593, 5}, {28594, 4}, {28595, 3}, {28596, 3},      {28597, 2},    {28598, 2}, {28599, 3},
+    {28600, 6}, {28601, 2}, {28603, 3}, {28604, 6},      {28605, 2},    {28606, 4}, {437, 5},
+    {720, 6},   {737, 4},   {775, 5},   {850, 4},        {852, 4},      {855, 5},   {857, 5},
+    {858, 5},   {860, 6},   {861, 6},   {862, 4},        {863, 6},      {864, 15},  {865, 6},
+    {866, 3},   {869, 6},   {10000, 5}, {10006, 6},      {10007, 5},    {10010, 8}, {10029, 5},
+    {10079, 8}, {10081, 7}, {10082, 8}, {visciiPage, 4}, {tcvnPage, 4},
 };
 
 struct CharacterPage {
@@ -32,9 +33,14 @@ struct CharacterPage {
 };
 
 constexpr CharacterPage characterPages[] = {
-    {932, 2, Japanese},           {51932, 2, Japanese},           {949, 2, Korean},
-    {1361, 6, Korean},            {936, 2, SimplifiedChinese},    {936, 4, TraditionalChinese},
-    {950, 2, TraditionalChinese}, {51950, 6, TraditionalChinese},
+    {932, 2, Japanese},
+    {51932, 2, Japanese},
+    {949, 2, Korean},
+    {1361, 6, Korean},
+    {936, 2, SimplifiedChinese},
+    {936, 4, TraditionalChinese},
+    {950, 2, TraditionalChinese},
+    {51950, 6, TraditionalChinese},
 };
 
 // How far the system's own page is ahead: a little always, more where few letters can tell.
@@ -82,7 +88,8 @@ void TrySingleBytes(Search& search) {
     for (const RarePage& each : singleBytePages) {
         if (!search.Asks(each.page)) continue;
         const int handicap = search.Handicap(each.page, each.bits);
-        const auto cost = costs.Cheapest(each.page, UpperHalf(each.page), search.Limit() - handicap);
+        const auto cost =
+            costs.Cheapest(each.page, UpperHalf(each.page), search.Limit() - handicap);
         if (cost) search.Add({cost->page, cost->cost + handicap, cost->language});
     }
 }
@@ -100,7 +107,8 @@ void TryCharacters(Search& search) {
             search.Handicap(each.page, each.bits + FewCharactersBits(search.evidence));
         const int limit = search.Limit() - handicap;
         const int cost = model->Cost(text, limit);
-        if (cost < limit) search.Add({each.page, cost + handicap, characterModels[each.language].name});
+        if (cost < limit)
+            search.Add({each.page, cost + handicap, characterModels[each.language].name});
     }
 }
 

@@ -19,12 +19,12 @@ using namespace std::string_view_literals;
 
 // RFC 1468, 1554, 1557, 1922.
 constexpr Sequence sequences[] = {
-    {"\x1B(B"sv, Set::Ascii, false},     {"\x1B(J"sv, Set::Roman, false},
-    {"\x1B(I"sv, Set::Katakana, false},  {"\x1B$@"sv, Set::Jis0208, false},
-    {"\x1B$B"sv, Set::Jis0208, false},   {"\x1B$(D"sv, Set::Jis0212, false},
-    {"\x1B$A"sv, Set::Gb2312, false},    {"\x1B$(C"sv, Set::Ksc5601, false},
-    {"\x1B$)C"sv, Set::Ksc5601, true},   {"\x1B$)A"sv, Set::Gb2312, true},
-    {"\x1B$)G"sv, Set::Cns1, true},      {"\x1B$*H"sv, Set::Cns2, true},
+    {"\x1B(B"sv, Set::Ascii, false},    {"\x1B(J"sv, Set::Roman, false},
+    {"\x1B(I"sv, Set::Katakana, false}, {"\x1B$@"sv, Set::Jis0208, false},
+    {"\x1B$B"sv, Set::Jis0208, false},  {"\x1B$(D"sv, Set::Jis0212, false},
+    {"\x1B$A"sv, Set::Gb2312, false},   {"\x1B$(C"sv, Set::Ksc5601, false},
+    {"\x1B$)C"sv, Set::Ksc5601, true},  {"\x1B$)A"sv, Set::Gb2312, true},
+    {"\x1B$)G"sv, Set::Cns1, true},     {"\x1B$*H"sv, Set::Cns2, true},
 };
 constexpr char shiftOut = '\x0E', shiftIn = '\x0F';
 constexpr std::string_view singleShift = "\x1BN"; // one pair of CNS plane 2

@@ -1,5 +1,5 @@
-// Charsets that switch between ASCII and pairs of bytes by sequences in the text: ISO-2022 and HZ. All their bytes are
-// ASCII, and what a byte means is told by all that stand before it.
+// Charsets that switch between ASCII and pairs of bytes by sequences in the text: ISO-2022 and HZ.
+// All their bytes are ASCII, and what a byte means is told by all that stand before it.
 #pragma once
 
 #include <optional>
@@ -11,7 +11,8 @@ constexpr int iso2022JpPage = 50220, iso2022KrPage = 50225, iso2022CnPage = 5022
 
 bool IsEscapedPage(int codePage);
 
-// The charset whose sequences are in the text, when all of it can be read so. `start` may end anywhere.
+// The charset whose sequences are in the text, when all of it can be read so. `start` may end
+// anywhere.
 std::optional<int> EscapedPage(std::string_view start);
 
 // Appends the text. What has no meaning becomes U+FFFD.

@@ -1,5 +1,5 @@
-// How likely letters follow each other in many languages. The tables are made by make_language_tables.py
-// from running text.
+// How likely letters follow each other in many languages. The tables are made by
+// make_language_tables.py from running text.
 #pragma once
 
 #include <cstdint>
@@ -19,7 +19,7 @@ struct LanguageModel {
     const char* name;
     Script script;
     int letterCount;
-    int coreLetters; // the first ones, which every charset for the language has
+    int coreLetters;         // the first ones, which every charset for the language has
     const char16_t* letters; // small ones, commonest first
     const char* costs;
 };

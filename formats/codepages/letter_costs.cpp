@@ -9,7 +9,8 @@
 
 namespace {
 constexpr int foreignLetterCost = 15 * costsPerBit; // of another script
-constexpr int capitalFirstCost = 2 * costsPerBit, capitalInRowCost = 5, capitalInWordCost = 8 * costsPerBit;
+constexpr int capitalFirstCost = 2 * costsPerBit, capitalInRowCost = 5,
+              capitalInWordCost = 8 * costsPerBit;
 constexpr int strangeLetterCost = 8 * costsPerBit; // of the script, but not of the language
 constexpr int scriptChangeCost = 10 * costsPerBit; // within a word
 constexpr int wrongSideCost = 5 * costsPerBit, frameInRowCost = costsPerBit;
@@ -27,7 +28,8 @@ PageFacts FactsOfPage(const char16_t* units, const ByteEvidence& evidence) {
     PageFacts page;
     for (int byte = 0; byte < 256; ++byte)
         if (evidence.seen[byte])
-            page.facts[byte] = FactsOf(byte < 0x80 ? static_cast<char16_t>(byte) : units[byte - 0x80]);
+            page.facts[byte] =
+                FactsOf(byte < 0x80 ? static_cast<char16_t>(byte) : units[byte - 0x80]);
     return page;
 }
 
@@ -63,7 +65,8 @@ class LanguageReader {
   public:
     LanguageReader(const LanguageModel& model, const PageFacts& page, const ByteEvidence& evidence)
         : model_(model), size_(model.letterCount + 2) {
-        const std::u16string_view letters(model.letters, static_cast<std::size_t>(model.letterCount));
+        const std::u16string_view letters(model.letters,
+                                          static_cast<std::size_t>(model.letterCount));
         for (int byte = 0; byte < 256; ++byte) {
             if (!evidence.seen[byte]) continue;
             const CharacterFacts& facts = page.facts[byte];
@@ -94,7 +97,8 @@ bool HasCoreLetters(const LanguageModel& model, int page, const char16_t* units)
     if (model.script != Script::Latin) return true;
     const std::u16string_view letters(model.letters, static_cast<std::size_t>(model.coreLetters));
     // Vietnamese has too many for a page: tones stand by themselves.
-    if (std::string_view(model.name) == "vi") return page == 1258 || page == visciiPage || page == tcvnPage;
+    if (std::string_view(model.name) == "vi")
+        return page == 1258 || page == visciiPage || page == tcvnPage;
     return std::ranges::all_of(letters, [=](char16_t letter) {
         return letter < 0x80 || std::any_of(units, units + 128, [=](char16_t unit) {
                    return unit >= 0x80 && FactsOf(unit).letter == letter;

@@ -7,12 +7,12 @@
 
 struct PageCost {
     int page = 0;
-    int cost = 0;               // in `costsPerBit`; the smaller, the likelier
-    const char* language = "";  // of the model that fits best
+    int cost = 0;              // in `costsPerBit`; the smaller, the likelier
+    const char* language = ""; // of the model that fits best
 };
 
-// The best of all languages that the page is for; nothing when `limit` is exceeded by each. `units` are the page's
-// characters from 0x80 on.
+// The best of all languages that the page is for; nothing when `limit` is exceeded by each. `units`
+// are the page's characters from 0x80 on.
 class LetterCosts {
   public:
     explicit LetterCosts(const ByteEvidence& evidence);
@@ -25,6 +25,9 @@ class LetterCosts {
 
 // What an ASCII letter costs in languages that have others.
 constexpr int asciiLetterCost = 20;
-// Of text in ASCII only half counts: it tells the language, but names and quotations stand anywhere.
-constexpr int AsciiShare(int cost) { return cost / 2; }
+// Of text in ASCII only half counts: it tells the language, but names and quotations stand
+// anywhere.
+constexpr int AsciiShare(int cost) {
+    return cost / 2;
+}
 int AsciiLettersCost(const ByteEvidence& evidence);

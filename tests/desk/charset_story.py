@@ -45,7 +45,7 @@ class Charset(Story):
                  "ukrainian": (UKRAINIAN, UKRAINIAN.encode("koi8_u")),
                  "vietnamese": (VIETNAMESE, VIETNAMESE_IN_VISCII)}
         for name, (text, data) in texts.items():
-            with self.subTest(name):
+            with self.subTest(name=name):
                 self.book = self.path(name + ".txt")
                 with open(self.book, "wb") as file:
                     file.write(data + b"\r\n")

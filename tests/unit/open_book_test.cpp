@@ -367,7 +367,8 @@ TEST_CASE("open: a refresh that memory does not hold leaves no flag behind") {
 
 namespace {
 // "called" in French, and a Greek and a Russian sentence of the same bytes' charsets.
-constexpr std::string_view french = "Elle l'a appel\xE9\x65, et l'\xE9t\xE9 a \xE9t\xE9 tr\xE8s beau.\n";
+constexpr std::string_view french =
+    "Elle l'a appel\xE9\x65, et l'\xE9t\xE9 a \xE9t\xE9 tr\xE8s beau.\n";
 constexpr std::string_view greek = "\xCC\xE9\xE1 \xF6\xEF\xF1\xDC \xEA\xE9 \xDD\xED\xE1\xED "
                                    "\xEA\xE1\xE9\xF1\xFC \xE6\xEF\xFD\xF3\xE5 \xDD\xED\xE1\xF2 "
                                    "\xE2\xE1\xF3\xE9\xEB\xE9\xDC\xF2.\n";
@@ -422,8 +423,9 @@ TEST_CASE("script: a killed program leaves no choice behind that nobody made") {
 TEST_CASE("script: a record of an older version is read in the script of its number") {
     TestForm test;
     test.PutBook(u"/b/french.txt", french);
-    test.PutDataFile("[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n/b/french.txt=2026:01:01:01:01:01=0"
-                     "=Serif=12=161=0=0=0=0=1=0=0=0=0=0==\r\n");
+    test.PutDataFile(
+        "[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n/b/french.txt=2026:01:01:01:01:01=0"
+        "=Serif=12=161=0=0=0=0=1=0=0=0=0=0==\r\n");
     REQUIRE(test.Start());
     CHECK(Shown(test).starts_with(u"Elle l'a appel\u03B9e"));
     ChooseScript(test, 0);
