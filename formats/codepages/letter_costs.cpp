@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <iterator>
 #include <string_view>
 
 namespace {
@@ -93,17 +94,25 @@ class LanguageReader {
     int foreign_[256] = {};
 };
 
-bool HasCoreLetters(const LanguageModel& model, int page, const char16_t* units) {
+struct PageLetters {
+    explicit PageLetters(const char16_t* units) {
+        for (int i = 0; i < 128; ++i)
+            letters[i] = FactsOf(units[i]).letter;
+    }
+    bool Have(char16_t letter) const {
+        return letter < 0x80 || std::ranges::find(letters, letter) != std::end(letters);
+    }
+
+    char16_t letters[128];
+};
+
+bool HasCoreLetters(const LanguageModel& model, int page, const PageLetters& letters) {
     if (model.script != Script::Latin) return true;
-    const std::u16string_view letters(model.letters, static_cast<std::size_t>(model.coreLetters));
     // Vietnamese has too many for a page: tones stand by themselves.
     if (std::string_view(model.name) == "vi")
         return page == 1258 || page == visciiPage || page == tcvnPage;
-    return std::ranges::all_of(letters, [=](char16_t letter) {
-        return letter < 0x80 || std::any_of(units, units + 128, [=](char16_t unit) {
-                   return unit >= 0x80 && FactsOf(unit).letter == letter;
-               });
-    });
+    return std::all_of(model.letters, model.letters + model.coreLetters,
+                       [&](char16_t letter) { return letters.Have(letter); });
 }
 } // namespace
 
@@ -139,11 +148,12 @@ std::optional<PageCost> LetterCosts::Cheapest(int page, const char16_t* units, i
         scripts[static_cast<int>(facts.facts[pair.second].script)] = true;
     }
     if (common >= limit) return std::nullopt;
+    const PageLetters letters(units);
     std::optional<PageCost> best;
     for (int language = 0; language < languageCount; ++language) {
         const LanguageModel& model = languageModels[language];
         if (!scripts[static_cast<int>(model.script)] && language != 0) continue;
-        if (!HasCoreLetters(model, page, units)) continue;
+        if (!HasCoreLetters(model, page, letters)) continue;
         const LanguageReader reader(model, facts, evidence_);
         const bool backwards = model.script == Script::Hebrew || model.script == Script::Arabic;
         for (const bool turned : {false, true}) {
