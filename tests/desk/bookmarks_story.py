@@ -47,6 +47,7 @@ class Bookmarks(Story):
                 wait_for(self.program.popups, "the Bookmark menu")
                 self.program.key(*keys)
                 wait_for(lambda: not self.program.popups(), "the menu to close")
+                self.program.wait_until_idle()  # between one menu and the next there is none, either
                 self.program.key("Down", "shift+End")  # the bar would open a menu by it
                 self.assertEqual(copied(self.program), self.lines[line + 1])
         self.program.close()

@@ -1,5 +1,5 @@
 """Each sort of book by File, Open with each of its types: typed, and clicked in the list."""
-from harness import journeys
+from harness import books, journeys
 from harness.journey_story import JourneyStory
 from harness.open_dialog import OpenDialog
 from harness.story import main
@@ -18,15 +18,16 @@ class DialogJourneys(JourneyStory):
         self.come_back()
 
     def clicked(self, chosen):
-        """The folder holds them all; the dialog lists those of the type, in this order."""
-        self.start()
+        """The folder holds them all; the dialog lists those of the type, in this order. It begins
+        there, as a book of the same folder is open: a hidden one, which it does not list."""
         all_books = self.books("clicked " + chosen)
+        first = books.write_book(self.path("books/.first.txt"), books.lines("latin", 400))
+        self.start(first)
+        self.arrive(first, 0)
         listed = [path for path, kind in all_books.items() if kind is not None]
         for number, path in enumerate(listed):
             with self.subTest(path=path):
                 dialog = OpenDialog(self.program)
-                if number == 0:  # later it begins there
-                    dialog.go_to(self.path("books"))
                 dialog.pick_type(chosen)
                 dialog.click_first_file()
                 dialog.key(*["Down"] * number)

@@ -54,12 +54,6 @@ class OpenDialog(Dialog):
     def type_path(self, path):
         self.type_name(shown_path(path))
 
-    def go_to(self, folder):
-        self.type_path(folder + "/")
-        self.key("Return")
-        self.reader.wait_until_idle()
-        wait_for(lambda: not self.reader.popups(), "the completions to go")
-
     def click_first_file(self):
         self._click(FIRST_FILE)
 
