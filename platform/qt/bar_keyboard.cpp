@@ -24,9 +24,10 @@ bool IsBarKey(const QKeyEvent& event) {
 }
 } // namespace
 
+// Not what had it just before the bar: that may be a menu, a window of its own.
 BarKeyboard::BarKeyboard(QMenuBar& bar) : bar_(bar) {
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, const QWidget* now) {
-        if (now == &bar_ && before && before != &bar_) view_ = before;
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget*, QWidget* now) {
+        if (now && now != &bar_ && now->window() == bar_.window()) view_ = now;
     });
 }
 

@@ -22,5 +22,5 @@ class BarKeyboard : public QObject {
 
   private:
     QMenuBar& bar_;
-    QPointer<QWidget> view_; // had the keyboard before the bar
+    QPointer<QWidget> view_; // had the keyboard last, of all but the bar
 };
