@@ -98,7 +98,7 @@ class Keyboard(Story):
 
     def test_link(self):
         if not self.pages:
-            self.skipTest("no engine for pages")
+            self.skipTest("Wine has no engine for pages")
         self.program.close()
         self.program.start(self.pages[0])
         self.arrive(self.pages[0])
