@@ -44,6 +44,16 @@ def cells(way):
     return column
 
 
+def told(way, on_wine):
+    """The cells of this way that the stories tell: all; under Wine, where a drop takes long, every
+    other row is dropped on a text and the rows between on a page."""
+    column = cells(way)
+    if not on_wine or not way.startswith("drop"):
+        return column
+    return {name: kind for number, (name, kind) in enumerate(column.items())
+            if number % 2 == (way == "drop on page")}
+
+
 def write(folder, name):
     """The book of this row: its sort and what tells of it are in its name."""
     path = os.path.join(folder, name)

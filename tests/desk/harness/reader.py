@@ -24,6 +24,8 @@ NOISE = (
     "QSpiApplication::keyEventError",
     # Wine's dialog of files, for a drive that is a folder.
     "wine: Read access denied for device",
+    # A process of Wine's services, in the ntoskrnl.exe of Wine 8.0, as a busy machine starts it.
+    "at address 000000031CA",
 )
 
 
