@@ -122,6 +122,7 @@ Section "un.${PRODUCT_TITLE}" SectionUninstall
     Delete "$INSTDIR\${PROGRAM}"
     Delete "$INSTDIR\${HELP_FILE}"
     Delete "$INSTDIR\License.txt"
+    Delete "$INSTDIR\${DATA_FILE}.lock" ; of a program that was killed
     Delete "$INSTDIR\${UNINSTALLER}"
     Delete "$SMPROGRAMS\${PRODUCT_TITLE}.lnk"
     !insertmacro WithdrawProgram
@@ -135,6 +136,7 @@ Section /o "un.History, bookmarks and settings" SectionData
     Delete "$INSTDIR\${DATA_FILE}.*.new" ; of a program that was killed while it wrote
     Delete "$APPDATA\${PRODUCT_TITLE}\${DATA_FILE}"
     Delete "$APPDATA\${PRODUCT_TITLE}\${DATA_FILE}.*.new"
+    Delete "$APPDATA\${PRODUCT_TITLE}\${DATA_FILE}.lock"
     RMDir "$APPDATA\${PRODUCT_TITLE}"
 SectionEnd
 

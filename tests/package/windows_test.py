@@ -79,7 +79,7 @@ class Setup(WindowsTest):
         process = self.read(os.path.join(folder, "Norvaset.exe"))
         self.assertEqual(self.setup(), IN_USE)
         self.assertEqual(self.wine(os.path.join(folder, "Uninstall.exe"), "/S", "_?=" + shown_path(folder))[1], IN_USE)
-        self.assert_holds(folder, "Norvaset.dat", *installed)
+        self.assert_holds(folder, "Norvaset.dat", "Norvaset.dat.lock", *installed)
         self.close(process)
         self.assertEqual(self.setup(), 0, "again, as for an update")
 
