@@ -21,7 +21,7 @@ std::optional<ByteOrder> Utf16OrderOf(std::string_view bytes) {
     if (bytes.starts_with("\xFF\xFE")) return ByteOrder::LittleEndian;
     if (bytes.starts_with("\xFE\xFF")) return ByteOrder::BigEndian;
     const std::string_view start = bytes.substr(0, std::min(bytes.size(), examinedBytes) & ~1u);
-    const std::size_t many = std::max<std::size_t>(start.size() / 8, 2); // a quarter of the units
+    const std::size_t many = std::max<std::size_t>(start.size() / 4, 2); // half of the units
     const bool first = HasZeros(start, 0, 1), second = HasZeros(start, 1, 1);
     if (!first && second && HasZeros(start, 1, many)) return ByteOrder::LittleEndian;
     if (first && !second && HasZeros(start, 0, many)) return ByteOrder::BigEndian;
@@ -35,7 +35,8 @@ std::string Utf16BytesToUtf8(std::string_view bytes, ByteOrder order) {
         const auto first = static_cast<unsigned char>(bytes[i]);
         const auto second = static_cast<unsigned char>(bytes[i + 1]);
         const bool big = order == ByteOrder::BigEndian;
-        text += static_cast<char16_t>(big ? first << 8 | second : second << 8 | first);
+        const auto unit = static_cast<char16_t>(big ? first << 8 | second : second << 8 | first);
+        text += unit == u'\0' ? u' ' : unit; // with zeros the UTF-8 could be taken for UTF-16 again
     }
     if (text.starts_with(u'\uFEFF')) text.erase(0, 1);
     return Utf16ToUtf8(text);

@@ -1,15 +1,13 @@
 #include "platform/windows/win_menu_bar.h"
 
 #include "platform/windows/win_handler.h"
+#include "platform/windows/win_window_messages.h"
 
 #include <commctrl.h>
 
 #include <algorithm>
 
 namespace {
-
-constexpr UINT openMenuMessage = WM_APP + 1, openContextMenuMessage = WM_APP + 2,
-               popupClosedMessage = WM_APP + 3;
 
 // Makes a choice known by menu and position instead of a number.
 void NotifyByPosition(HMENU menu) {
@@ -97,7 +95,7 @@ bool WinMenuBar::UpdateTitle(Title& title, UINT position) {
 
 // The menu opens when its message comes round: its own opening is an event for the form.
 void WinMenuBar::ShowMenu(MenuArray& topLevel) {
-    PostMessageW(frame_, openMenuMessage, 0, reinterpret_cast<LPARAM>(&topLevel));
+    PostMessageW(frame_, OpenMenuMessage, 0, reinterpret_cast<LPARAM>(&topLevel));
 }
 
 void WinMenuBar::ShowContextMenu(const std::vector<MenuArray*>& items) {
@@ -106,7 +104,7 @@ void WinMenuBar::ShowContextMenu(const std::vector<MenuArray*>& items) {
     contextMenu_ = menus_.AddMenu(items);
     contextAt_ = contextPoint_();
     NotifyByPosition(contextMenu_);
-    PostMessageW(frame_, openContextMenuMessage, 0, 0);
+    PostMessageW(frame_, OpenContextMenuMessage, 0, 0);
 }
 
 // By its access key, which every top-level menu has: so its neighbours can be reached from it.
@@ -124,7 +122,7 @@ void WinMenuBar::OpenMenu(const MenuArray* topLevel) {
 void WinMenuBar::CountPopup(int change) {
     if (!popups_) return;
     *popups_ += change;
-    if (change < 0) PostMessageW(frame_, popupClosedMessage, 0, 0);
+    if (change < 0) PostMessageW(frame_, PopupClosedMessage, 0, 0);
 }
 
 // By itself the bar would keep the keyboard when its menu has been left by Escape.
@@ -156,11 +154,11 @@ bool WinMenuBar::Take(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& answe
         Prepare(reinterpret_cast<HMENU>(wParam));
         return false;
     case WM_UNINITMENUPOPUP: CountPopup(-1); return false;
-    case popupClosedMessage: LeaveEmptyBar(); return true;
+    case PopupClosedMessage: LeaveEmptyBar(); return true;
     case WM_MENUCOMMAND: Choose(reinterpret_cast<HMENU>(lParam), wParam); return true;
     case WM_MENUCHAR: return ChooseByKey(LOWORD(wParam), reinterpret_cast<HMENU>(lParam), answer);
-    case openMenuMessage: OpenMenu(reinterpret_cast<const MenuArray*>(lParam)); return true;
-    case openContextMenuMessage: OpenContextMenu(); return true;
+    case OpenMenuMessage: OpenMenu(reinterpret_cast<const MenuArray*>(lParam)); return true;
+    case OpenContextMenuMessage: OpenContextMenu(); return true;
     default: return false;
     }
 }

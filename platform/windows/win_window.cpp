@@ -3,6 +3,7 @@
 #include "platform/windows/win_dropped_files.h"
 #include "platform/windows/win_handler.h"
 #include "platform/windows/win_text.h"
+#include "platform/windows/win_window_messages.h"
 
 #include <algorithm>
 
@@ -11,9 +12,8 @@ namespace {
 constexpr int usualDpi = 96;
 constexpr int largestExtent = 16384; // pixels; drawing takes no larger ones
 constexpr UINT_PTR closeTimer = 1;
-constexpr UINT closeDelay = 50;           // milliseconds, for a dialog or menu to go away
-constexpr UINT shownMessage = WM_APP + 3; // the menu bar has those before
-constexpr double readingSize = 12;        // points
+constexpr UINT closeDelay = 50;    // milliseconds, for a dialog or menu to go away
+constexpr double readingSize = 12; // points
 constexpr double twipsPerInch = 1440;
 constexpr int pageWidth = 860, pageHeight = 960; // pixels at the usual resolution
 
@@ -92,7 +92,7 @@ void WinWindow::Open() {
     open_ = true;
     ShowWindow(Handle(), commands[static_cast<int>(stateToOpen_)]);
     UpdateWindow(Handle());
-    PostMessageW(Handle(), shownMessage, 0, 0);
+    PostMessageW(Handle(), ShownMessage, 0, 0);
 }
 
 void WinWindow::Close() {
@@ -217,7 +217,7 @@ LRESULT WinWindow::Answer(HWND window, UINT message, WPARAM wParam, LPARAM lPara
         if (wParam == closeTimer) CloseWhenPossible();
         return 0;
     case WM_CLOSE: CloseWhenPossible(); return 0;
-    case shownMessage: CallHandler(events_.onShown); return 0;
+    case ShownMessage: CallHandler(events_.onShown); return 0;
     case WM_ENDSESSION:
         // The process may be gone as soon as this returns, whatever is open.
         if (wParam) Unload();
