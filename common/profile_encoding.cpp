@@ -20,6 +20,7 @@ bool HasZeros(std::string_view bytes, std::size_t first, std::size_t wanted) {
 std::optional<ByteOrder> Utf16OrderOf(std::string_view bytes) {
     if (bytes.starts_with("\xFF\xFE")) return ByteOrder::LittleEndian;
     if (bytes.starts_with("\xFE\xFF")) return ByteOrder::BigEndian;
+    if (bytes.starts_with("\xEF\xBB\xBF")) return std::nullopt;
     const std::string_view start = bytes.substr(0, std::min(bytes.size(), examinedBytes) & ~1u);
     const std::size_t many = std::max<std::size_t>(start.size() / 4, 2); // half of the units
     const bool first = HasZeros(start, 0, 1), second = HasZeros(start, 1, 1);

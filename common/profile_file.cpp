@@ -53,6 +53,13 @@ void ProfileFile::Index() {
     }
 }
 
+// Zeros among the text could make a reader take it for UTF-16; behind the mark of UTF-8 none does.
+void ProfileFile::KeepApartFromUtf16() {
+    if (!Utf16OrderOf(text_)) return;
+    text_.insert(0, utf8Mark);
+    Index();
+}
+
 // Makes room for a line after the last one.
 void ProfileFile::FinishLastLine() {
     if (text_.empty() || text_.back() == '\n' || text_.back() == '\r') return;
@@ -197,10 +204,11 @@ void ProfileFile::SetValue(std::u16string_view section, std::u16string_view key,
         const std::string_view line = Utf8Of(raw, converted);
         const std::string whole = std::string(line.substr(0, line.find('=') + 1)) + bytes;
         Splice(index, entry->line, raw.size(), whole);
-        return;
+        return KeepApartFromUtf16();
     }
     if (EndOfEntries(sections_[index]) == text_.size()) FinishLastLine();
     Splice(index, EndOfEntries(sections_[index]), 0, keyOnDisk + "=" + bytes + "\r\n");
+    KeepApartFromUtf16();
 }
 
 void ProfileFile::SetSection(std::u16string_view section,
@@ -221,4 +229,5 @@ void ProfileFile::SetSection(std::u16string_view section,
     if (!block.empty() && sections_[index].body == text_.size()) FinishLastLine();
     const std::size_t body = sections_[index].body;
     Splice(index, body, EndOfEntries(sections_[index]) - body, block);
+    KeepApartFromUtf16();
 }

@@ -62,6 +62,7 @@ class ProfileFile {
     // A line as UTF-8; `converted` holds it where it is not.
     std::string_view Utf8Of(std::string_view line, std::string& converted) const;
     void FinishLastLine();
+    void KeepApartFromUtf16();
     std::size_t FindSection(std::u16string_view name) const; // index, or the number of sections
     std::size_t FindOrAddSection(std::u16string_view name);
     std::optional<Entry> FindKey(const Section&, std::u16string_view key) const;
