@@ -33,9 +33,7 @@ void TakeWaitingMessages(MainForm& form) {
     if (form.handling || !messages.windowShown || messages.waiting.empty()) return;
     RunCommand(form, [&] { ShowWaitingMessages(form); });
 }
-} // namespace
 
-namespace {
 // A message takes memory, too: where there is none even for that, nothing is said.
 void TellFailure(MainForm& form, const char16_t* text) noexcept {
     try {

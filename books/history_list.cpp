@@ -146,9 +146,7 @@ void SaveHistoryList(MainForm& form) {
     ListLines records;
     for (const MenuItem& item : form.menu.mFileList.items)
         if (!item.tag.empty()) records.push_back(item.tag);
-    const ListLines theirs = LoadSectionLines(*form.dataFile, section);
-    ListLines merged = MergedList(form.historyInFile, records, theirs, KeyOfLine);
-    form.dataFile->MergeSection(section, theirs, merged);
+    ListLines merged = form.dataFile->MergeSection(section, form.historyInFile, records);
     if (merged != records) ShowMergedList(form, merged);
     form.historyInFile = std::move(merged);
 }

@@ -90,12 +90,19 @@ void IniFile::SetSection(WriteMode mode, std::u16string_view section, ListLines 
                   }});
 }
 
-void IniFile::MergeSection(std::u16string_view section, ListLines base, ListLines lines) {
+ListLines IniFile::MergeSection(std::u16string_view section, const ListLines& base,
+                                const ListLines& lines) {
+    if (IsUnread()) return lines;
     const std::u16string name(section);
+    ListLines theirs = content_.SectionLines(name);
+    ListLines merged = MergedList(base, lines, theirs, KeyOfLine);
+    // Merged anew where another program writes before this can be written.
     Change(WriteMode::KeepTime,
-           {name, u"", [name, base = std::move(base), lines = std::move(lines)](ProfileFile& file) {
-                file.SetSection(name, MergedList(base, lines, file.SectionLines(name), KeyOfLine));
+           {name, u"", [name, merged, theirs = std::move(theirs)](ProfileFile& file) {
+                file.SetSection(name,
+                                MergedList(theirs, merged, file.SectionLines(name), KeyOfLine));
             }});
+    return merged;
 }
 
 void IniFile::Change(WriteMode mode, Edit edit) {

@@ -55,8 +55,10 @@ class IniFile {
                   std::u16string_view value);
     void SetSection(WriteMode, std::u16string_view section, ListLines lines);
     // Replaces a section of "key=value" lines that held `base` when it was last read or written
-    // here by `lines`, merged with what it holds by now. The file's time stays.
-    void MergeSection(std::u16string_view section, ListLines base, ListLines lines);
+    // here by `lines`, merged with what it holds by now. The file's time stays. Returns the merged
+    // lines; `lines` itself while the file is unread.
+    ListLines MergeSection(std::u16string_view section, const ListLines& base,
+                           const ListLines& lines);
 
     // Writes what could not be written before; whether nothing is left to write.
     bool Flush();
