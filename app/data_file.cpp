@@ -45,7 +45,7 @@ void TakeOverDataFile(MainForm& form) {
         return;
     }
     std::string bytes;
-    if (files.Read(beside, largestDataFile, bytes) == ReadStatus::Ok)
+    if (files.Read(beside, maxDataFileSize, bytes) == ReadStatus::Ok)
         files.Replace(form.DataFilePath, bytes, false);
 }
 

@@ -80,8 +80,8 @@ void ConnectHtmlView(MainForm& form) {
         form.page.gone = true;
         TakePageEvents(form);
     };
-    html.onCommand = [&form](int number) {
-        RunCommand(form, [&] { wbMain_Command(form, number); });
+    html.onCommand = [&form](PageCommand command) {
+        RunCommand(form, [&] { wbMain_Command(form, command); });
     };
     html.onLink = [&form](const std::u16string& url, const std::u16string& path) {
         RunCommand(form, [&] { wbMain_Link(form, url, path); });

@@ -41,11 +41,11 @@ constexpr std::size_t examinedBytes = 512; // of the start, to tell the kind
 // A text of this size or less is taken into memory: there nobody changes it while it is read.
 constexpr std::uint64_t steadySize = 8u << 20; // bytes
 
-std::uint64_t LargestBook(const MainForm& form, const std::u16string& path,
+std::uint64_t MaxBookSize(const MainForm& form, const std::u16string& path,
                           std::string_view start) {
     const int kind = KindOfBook(path, start);
     const bool inMemory = kind == RichTextBook || kind == HtmlBook;
-    return inMemory ? largestBook : form.ports.textView->LargestText();
+    return inMemory ? maxBookSize : form.ports.textView->MaxTextSize();
 }
 
 std::u16string Reason(ReadStatus status, std::uint64_t limit) {
@@ -63,7 +63,7 @@ std::u16string Reason(ReadStatus status, std::uint64_t limit) {
 }
 
 void TellWhyNot(MainForm& form, const std::u16string& path, ReadStatus status,
-                std::uint64_t limit = largestBook) {
+                std::uint64_t limit = maxBookSize) {
     ShowBookMessage(form, path + u"\r\n" + Reason(status, limit));
 }
 
@@ -85,7 +85,7 @@ ReadStatus OpenLarge(const MainForm& form, const std::u16string& path, BookConte
     std::shared_ptr<const FileReader> file = form.ports.files->Open(path, status);
     if (!file) return status;
     const bool rich = LooksLikeRtf(FirstBytes(*file, examinedBytes));
-    limit = rich ? largestBook : form.ports.textView->LargestText();
+    limit = rich ? maxBookSize : form.ports.textView->MaxTextSize();
     if (file->Size() > limit) return ReadStatus::TooLarge;
     if (rich)
         content.richText = FirstBytes(*file, limit);
@@ -105,7 +105,7 @@ std::optional<std::string> ExamineBookFile(MainForm& form, const std::u16string&
     std::string start;
     ReadStatus status = ReadStatus::NotFound;
     if (files.FileExists(path)) status = files.ReadStart(path, examinedBytes, start);
-    const std::uint64_t limit = LargestBook(form, path, start);
+    const std::uint64_t limit = MaxBookSize(form, path, start);
     if (status == ReadStatus::Ok) {
         const auto version = files.Version(path);
         if (version && version->size > limit) status = ReadStatus::TooLarge;
@@ -120,7 +120,7 @@ std::optional<BookContent> ReadBookFile(MainForm& form, const std::u16string& pa
     ReadStatus status = form.ports.files->Read(path, steadySize, bytes);
     if (status == ReadStatus::Ok) return InMemory(std::move(bytes));
     BookContent content;
-    std::uint64_t limit = largestBook;
+    std::uint64_t limit = maxBookSize;
     if (status == ReadStatus::TooLarge) status = OpenLarge(form, path, content, limit);
     if (status == ReadStatus::Ok) return content;
     TellWhyNot(form, path, status, limit);

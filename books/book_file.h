@@ -12,7 +12,7 @@
 struct MainForm;
 
 // Rich text and pages are held in memory. How much plain text can be shown the view says.
-constexpr std::uint64_t largestBook = 256u << 20; // bytes
+constexpr std::uint64_t maxBookSize = 256u << 20; // bytes
 
 // A book's file as it is read: rich text whole, plain text when it is needed.
 struct BookContent {

@@ -7,7 +7,7 @@
 #include <utility>
 
 namespace {
-constexpr std::size_t longestTitle = 41, cutTitle = 40; // a title of just 41 units is kept whole
+constexpr std::size_t maxTitleLength = 41, cutTitle = 40; // a title of just 41 units is kept whole
 
 std::u16string Kilobytes(const std::u16string& size) {
     return u"(" + NumberText(RoundToEven(NumericValue(size) / 1024)) + u"K) ";
@@ -15,7 +15,7 @@ std::u16string Kilobytes(const std::u16string& size) {
 
 std::u16string ShownTitle(const std::u16string& stored) {
     std::u16string title = DecodeCharRefs(stored);
-    if (title.size() > longestTitle) title.resize(cutTitle);
+    if (title.size() > maxTitleLength) title.resize(cutTitle);
     return title;
 }
 } // namespace

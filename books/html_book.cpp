@@ -61,9 +61,9 @@ int PageCharset(const HtmlView& html) {
 
 // One line of bounded length, without what separates the fields of a record.
 std::u16string StoredTitle(const std::u16string& title) {
-    constexpr std::size_t longestTitle = 1000; // units; more than any caption shows
+    constexpr std::size_t maxTitleLength = 1000; // units; more than any caption shows
     const auto decoded =
-        OneLine(DecodeCharRefs(std::u16string_view(title).substr(0, longestTitle)));
+        OneLine(DecodeCharRefs(std::u16string_view(title).substr(0, maxTitleLength)));
     return Replace(TrimBlanks(decoded), u"=", u"&#61;");
 }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "books/book_record.h"
-#include "platform/geometry.h"
+#include "common/geometry.h"
 
 #include <optional>
 #include <string>

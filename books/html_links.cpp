@@ -14,11 +14,11 @@
 #include <utility>
 
 namespace {
-constexpr std::size_t longestTrail = 100;
+constexpr std::size_t maxTrailLength = 100;
 
 std::vector<PagePlace> TrailFromHere(const MainForm& form, int top) {
     std::vector<PagePlace> trail = form.page.trail;
-    if (trail.size() == longestTrail) trail.erase(trail.begin());
+    if (trail.size() == maxTrailLength) trail.erase(trail.begin());
     trail.push_back({form.page.path, top});
     return trail;
 }
@@ -32,9 +32,9 @@ void OpenOnTrail(MainForm& form, const std::u16string& path, int kind,
 }
 
 bool ConfirmProgram(MainForm& form, const std::u16string& where) {
-    constexpr std::size_t longestShown = 300;
+    constexpr std::size_t maxShownLength = 300;
     return ConfirmLoss(form, u"This link leads to another program:\r\n" +
-                                 WithoutDirectionControls(where.substr(0, longestShown)));
+                                 WithoutDirectionControls(where.substr(0, maxShownLength)));
 }
 
 void FollowOut(MainForm& form, const std::u16string& url) {

@@ -25,11 +25,11 @@
 namespace {
 // The font a record asks for; hand-edited values are kept within what a font can be.
 ViewFont FontOf(const MainForm& form, const BookRecord& record) {
-    constexpr int largestSize = 1638; // points, the most that a rich-edit control takes
+    constexpr int maxSize = 1638; // points, the most that a rich-edit control takes
     ViewFont font = form.ports.window->DefaultViewFont();
     const int size = record.Number(Field::FontSize);
     if (!record[Field::FontName].empty()) font.name = record[Field::FontName];
-    if (size > 0) font.size = std::min(size, largestSize);
+    if (size > 0) font.size = std::min(size, maxSize);
     font.charset = std::clamp(record.Number(Field::Charset), 0, 255);
     font.bold = record.Flag(Field::Bold);
     font.italic = record.Flag(Field::Italic);

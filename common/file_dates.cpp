@@ -5,11 +5,11 @@ bool FileExists(const Files& files, const std::u16string& path) {
 }
 
 std::optional<DateTime> GetFileDate(const Files& files, const std::u16string& path,
-                                    FileStamp which) {
-    if (const auto date = files.Stamp(path, which)) return date;
-    return files.Stamp(path, FileStamp::LastWrite);
+                                    FileTime which) {
+    if (const auto date = files.Time(path, which)) return date;
+    return files.Time(path, FileTime::LastWrite);
 }
 
-bool SetFileDate(Files& files, const std::u16string& path, const DateTime& local, FileStamp which) {
-    return files.Stamp(path, which) == local || files.SetStamp(path, local, which);
+bool SetFileDate(Files& files, const std::u16string& path, const DateTime& local, FileTime which) {
+    return files.Time(path, which) == local || files.SetTime(path, local, which);
 }

@@ -11,7 +11,7 @@ bool FileExists(const Files&, const std::u16string& path);
 
 // Local time. A stamp that the system does not keep is answered with the last write; none if that
 // fails too.
-std::optional<DateTime> GetFileDate(const Files&, const std::u16string& path, FileStamp);
+std::optional<DateTime> GetFileDate(const Files&, const std::u16string& path, FileTime);
 
 // Sets one stamp when it differs; the others stay. False when it could not be done.
-bool SetFileDate(Files&, const std::u16string& path, const DateTime& local, FileStamp);
+bool SetFileDate(Files&, const std::u16string& path, const DateTime& local, FileTime);

@@ -1,7 +1,7 @@
 // Finding a stretch of text.
 #pragma once
 
-#include "platform/text_source.h"
+#include "common/text_source.h"
 
 #include <array>
 #include <string>

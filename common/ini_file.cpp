@@ -57,7 +57,7 @@ void IniFile::Refresh() {
     const auto version = files_.Version(path_);
     if (version && version == version_) return;
     std::string bytes;
-    const ReadStatus status = files_.Read(path_, largestDataFile, bytes);
+    const ReadStatus status = files_.Read(path_, maxDataFileSize, bytes);
     version_ = status == ReadStatus::Ok ? version : std::nullopt;
     TakeRead(status, bytes);
 }

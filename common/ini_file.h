@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-constexpr std::uint64_t largestDataFile = 256u << 20; // bytes; far above any history
+constexpr std::uint64_t maxDataFileSize = 256u << 20; // bytes; far above any history
 
 // What keeps a program from its data file.
 enum class IniTrouble {

@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr std::size_t longestString = 32766, longestNumber = 254; // UTF-16 units
-constexpr int oneAsFixed = 10000;                                 // four decimals
+constexpr std::size_t maxStringLength = 32766, maxNumberLength = 254; // UTF-16 units
+constexpr int oneAsFixed = 10000;                                     // four decimals
 
 std::int64_t ToFixed(double value) {
     const double scaled = std::nearbyint(value * oneAsFixed);
@@ -63,7 +63,7 @@ IniFile::WriteMode ModeFor(bool keepFileTime, bool always) {
 
 std::u16string IniReadString(IniFile& file, std::u16string_view section, std::u16string_view key,
                              std::u16string_view fallback) {
-    const std::u16string value = ReadCut(file, section, key, fallback, longestString);
+    const std::u16string value = ReadCut(file, section, key, fallback, maxStringLength);
     return value.substr(std::min(value.find_first_not_of(u' '), value.size()));
 }
 
@@ -71,7 +71,7 @@ double IniReadNumber(IniFile& file, std::u16string_view section, std::u16string_
                      double fallback, int* charactersRead) {
     std::u16string value;
     if (!file.Path().empty() && !section.empty() && !key.empty()) {
-        value = ReadCut(file, section, key, FixedText(ToFixed(fallback)), longestNumber);
+        value = ReadCut(file, section, key, FixedText(ToFixed(fallback)), maxNumberLength);
     }
     if (charactersRead) *charactersRead = static_cast<int>(value.size());
     return FromFixed(ToFixed(NumericValue(value)));

@@ -7,10 +7,10 @@
 namespace {
 
 // Pixels of the screen.
-constexpr int farthest = 32767;      // where window systems can place
-constexpr int largestExtent = 16384; // beyond it X11 and the drawing buffers give up
+constexpr int farthest = 32767;  // where window systems can place
+constexpr int maxExtent = 16384; // beyond it X11 and the drawing buffers give up
 // Pixels at 96 dpi.
-constexpr double leastWidth = 160, leastHeight = 100;
+constexpr double minWidth = 160, minHeight = 100;
 constexpr double titleHeight = 30;
 constexpr double margin = 8; // at the screen's edges, for a frame that the window does not know of
 constexpr double gripWidth = 80, gripHeight = 12; // of the title, for a hand
@@ -60,8 +60,8 @@ Rect ReachablePlace(const Rect& asked, const std::vector<Rect>& screens, double 
     const auto pixels = [&](double at96) { return static_cast<int>(std::lround(at96 * scale)); };
     const Rect place{std::clamp(asked.left, -farthest, farthest),
                      std::clamp(asked.top, -farthest, farthest),
-                     std::clamp(asked.width, pixels(leastWidth), largestExtent),
-                     std::clamp(asked.height, pixels(leastHeight), largestExtent)};
+                     std::clamp(asked.width, pixels(minWidth), maxExtent),
+                     std::clamp(asked.height, pixels(minHeight), maxExtent)};
     const Rect title{place.left, place.top, place.width, pixels(titleHeight)};
     const auto hasTitle = [&](const Rect& screen) {
         const Rect shown = Common(title, screen);

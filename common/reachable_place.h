@@ -1,7 +1,7 @@
 // Where a window is shown whose rectangle no hand could reach.
 #pragma once
 
-#include "platform/geometry.h"
+#include "common/geometry.h"
 
 #include <optional>
 #include <vector>

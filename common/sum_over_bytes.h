@@ -10,13 +10,13 @@
 // once: a sum of its own for each of 32 neighbours, which is taken before it can overflow.
 template <class Weight>
 std::size_t SumOverBytes(std::string_view bytes, Weight weight) {
-    constexpr std::size_t lanes = 32, mostRounds = 127;
+    constexpr std::size_t lanes = 32, maxRounds = 127;
     const auto* at = reinterpret_cast<const unsigned char*>(bytes.data());
     const auto* const end = at + bytes.size();
     std::size_t sum = 0;
     while (static_cast<std::size_t>(end - at) >= lanes) {
         std::uint8_t sums[lanes] = {};
-        const std::size_t rounds = std::min(mostRounds, static_cast<std::size_t>(end - at) / lanes);
+        const std::size_t rounds = std::min(maxRounds, static_cast<std::size_t>(end - at) / lanes);
         for (std::size_t round = 0; round < rounds; ++round, at += lanes)
             for (std::size_t lane = 0; lane < lanes; ++lane)
                 sums[lane] = static_cast<std::uint8_t>(sums[lane] + weight(at + lane));

@@ -123,9 +123,9 @@ std::size_t Utf16Length(std::string_view bytes) {
 }
 
 std::size_t Utf8CharacterEnd(std::string_view bytes, std::size_t place) {
-    constexpr std::size_t mostBefore = 3; // bytes of a sequence
+    constexpr std::size_t maxBefore = 3; // bytes of a sequence
     const auto* const start = reinterpret_cast<const unsigned char*>(bytes.data());
-    for (std::size_t before = 1; before <= std::min(mostBefore, place); ++before) {
+    for (std::size_t before = 1; before <= std::min(maxBefore, place); ++before) {
         const unsigned char* const first = start + place - before;
         const auto length = static_cast<std::size_t>(SequenceLength(first, start + bytes.size()));
         if (length > before) return place - before + length;

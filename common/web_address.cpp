@@ -25,9 +25,9 @@ bool IsScheme(std::u16string_view scheme) {
         return (unit | 0x20) >= u'a' && (unit | 0x20) <= u'z';
     };
     return isLetter(scheme.front()) && std::ranges::all_of(scheme, [&](char16_t unit) {
-        return isLetter(unit) || (unit >= u'0' && unit <= u'9') || unit == u'+' || unit == u'-' ||
-               unit == u'.';
-    });
+               return isLetter(unit) || (unit >= u'0' && unit <= u'9') || unit == u'+' ||
+                      unit == u'-' || unit == u'.';
+           });
 }
 
 void AppendEncoded(std::u16string& encoded, char byte) {

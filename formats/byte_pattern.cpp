@@ -4,7 +4,7 @@
 #include <bit>
 
 namespace {
-constexpr int mostMaskedBits = 3; // of a byte
+constexpr int maxMaskedBits = 3; // of a byte
 
 MaskedByte JoinedByte(MaskedByte a, MaskedByte b) {
     const int mask = a.mask | b.mask | (a.value ^ b.value);
@@ -24,7 +24,7 @@ std::optional<BytePattern> Joined(const BytePattern& a, const BytePattern& b) {
     BytePattern joined(a.size());
     std::transform(a.begin(), a.end(), b.begin(), joined.begin(), JoinedByte);
     const bool loose = std::any_of(joined.begin(), joined.end(), [](MaskedByte byte) {
-        return std::popcount(byte.mask) > mostMaskedBits;
+        return std::popcount(byte.mask) > maxMaskedBits;
     });
     return loose ? std::nullopt : std::optional(joined);
 }

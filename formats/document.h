@@ -6,7 +6,7 @@
 // paragraph) and every row with one u'\n' of its own after its last cell.
 #pragma once
 
-#include "platform/geometry.h"
+#include "common/geometry.h"
 
 #include <cstdint>
 #include <string>

@@ -7,10 +7,10 @@
 #include <optional>
 
 namespace {
-constexpr std::size_t mostUnits = 64; // of a search that are looked for in the bytes
+constexpr std::size_t maxUnits = 64; // of a search that are looked for in the bytes
 
 FindOptions OptionsOfStart(std::u16string_view what, FindOptions options) {
-    if (what.size() > mostUnits) options.wholeWord = false; // the start alone is no word
+    if (what.size() > maxUnits) options.wholeWord = false; // the start alone is no word
     return options;
 }
 
@@ -74,11 +74,11 @@ Run LongestRun(const std::vector<LetterBytes>& letters, const ByteSample& sample
 // what they are in the text; nothing where that cannot be told.
 std::optional<std::size_t> DecodableFrom(const PlainTextForm& form, std::string_view bytes,
                                          std::size_t wanted, bool fromStart) {
-    constexpr std::size_t longestUnit = 4, longestLine = 4096; // that is looked back along
+    constexpr std::size_t maxUnitSize = 4, maxLineLength = 4096; // that is looked back along
     const bool pairs = form.encoding == TextEncoding::CodePage && !IsSingleBytePage(form.codePage);
-    if (!pairs) return wanted - wanted % longestUnit;
+    if (!pairs) return wanted - wanted % maxUnitSize;
     // Which bytes are pairs is only sure behind a line end.
-    const std::size_t begin = wanted - std::min(wanted, longestLine);
+    const std::size_t begin = wanted - std::min(wanted, maxLineLength);
     const std::size_t lineEnd = bytes.substr(begin, wanted - begin).find_last_of("\r\n");
     if (lineEnd != bytes.npos) return begin + lineEnd + 1;
     return begin == 0 && fromStart ? std::optional(begin) : std::nullopt;
@@ -87,8 +87,8 @@ std::optional<std::size_t> DecodableFrom(const PlainTextForm& form, std::string_
 
 EncodedSearch::EncodedSearch(const PlainTextForm& form, std::u16string_view what,
                              FindOptions options)
-    : form_(form), search_(what.substr(0, mostUnits), OptionsOfStart(what, options)),
-      letters_(BytesOfLetters(form, what.substr(0, mostUnits), options.matchCase)), borders_(form) {
+    : form_(form), search_(what.substr(0, maxUnits), OptionsOfStart(what, options)),
+      letters_(BytesOfLetters(form, what.substr(0, maxUnits), options.matchCase)), borders_(form) {
     for (const LetterBytes& letter : letters_)
         most_ += letter.most;
     if (!OptionsOfStart(what, options).wholeWord || what.empty()) return;

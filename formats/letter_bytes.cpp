@@ -53,8 +53,8 @@ void AddForm(std::vector<BytePattern>& patterns, const BytePattern& form) {
 }
 
 LetterBytes BytesOfLetter(const PlainTextForm& form, std::u16string_view letter, bool matchCase) {
-    constexpr std::size_t mostBytesOfAmbiguous = 8; // a line end of two units in UTF-32
-    if (IsAmbiguous(letter)) return {{}, true, mostBytesOfAmbiguous};
+    constexpr std::size_t maxAmbiguousBytes = 8; // a line end of two units in UTF-32
+    if (IsAmbiguous(letter)) return {{}, true, maxAmbiguousBytes};
     LetterBytes result;
     const auto add = [&](std::u16string_view each) {
         for (const std::string& bytes : BytesOf(form, each)) {

@@ -1,8 +1,8 @@
 // Goes through the file of a plain text for places where something looked for is likely to stand.
 #pragma once
 
+#include "common/file_reader.h"
 #include "formats/encoded_search.h"
-#include "platform/file_reader.h"
 
 #include <cstdint>
 #include <functional>

@@ -120,7 +120,7 @@ std::vector<SamplePlace> SamplePlaces(std::uint64_t size, std::uint64_t notUtf8)
 }
 
 bool LooksLikeDamagedUtf8(std::span<const std::string_view> samples) {
-    constexpr std::size_t leastSequences = 3, perStray = 8;
+    constexpr std::size_t minSequences = 3, perStray = 8;
     std::size_t sequences = 0, stray = 0;
     for (std::string_view rest : samples) {
         while (!rest.empty() && stray <= 16 + sequences / perStray) {
@@ -137,5 +137,5 @@ bool LooksLikeDamagedUtf8(std::span<const std::string_view> samples) {
             rest.remove_prefix(1);
         }
     }
-    return sequences >= leastSequences && sequences >= perStray * stray;
+    return sequences >= minSequences && sequences >= perStray * stray;
 }

@@ -9,7 +9,7 @@
 #include <algorithm>
 
 namespace {
-constexpr std::size_t mostDecoded = 8; // pieces kept: a screen needs one or two
+constexpr std::size_t maxDecoded = 8; // pieces kept: a screen needs one or two
 
 // UTF-8 but for a sequence cut by the end of the file; not so when nothing else shows that it is.
 bool IsCutUtf8(std::string_view lastBytes, bool asciiSoFar) {
@@ -50,7 +50,7 @@ void PlainTextSource::ConvertToUtf8() {
 // After a run along the pieces that ended at one that is not UTF-8.
 PlainTextForm PlainTextSource::GuessForm(std::string_view start, int bookCodePage,
                                          int systemCodePage) const {
-    const std::uint64_t size = std::min(file_->Size(), largestPlainText);
+    const std::uint64_t size = std::min(file_->Size(), maxPlainTextSize);
     const std::uint64_t last = marks_.empty() ? 0 : marks_.back().byte;
     const std::string piece = BytesBetween(last, last + pieceBytes_ + cutLookahead);
     std::vector<std::string> read;
@@ -64,7 +64,7 @@ PlainTextForm PlainTextSource::GuessForm(std::string_view start, int bookCodePag
 
 // False at the first piece that is not UTF-8, when it must be; the last mark is its start then.
 bool PlainTextSource::MarkPieces(bool onlyUtf8) {
-    const std::uint64_t size = std::min(file_->Size(), largestPlainText);
+    const std::uint64_t size = std::min(file_->Size(), maxPlainTextSize);
     std::string buffer(pieceBytes_ + cutLookahead, '\0');
     Mark mark{form_.markLength, 0};
     bool ascii = true, cut = false; // within a sequence, whose bytes may be in several pieces
@@ -108,7 +108,7 @@ std::size_t PlainTextSource::PieceWithByte(std::uint64_t byte) const {
 }
 
 std::string PlainTextSource::BytesBetween(std::uint64_t from, std::uint64_t to) const {
-    const std::uint64_t end = std::min({to, file_->Size(), largestPlainText});
+    const std::uint64_t end = std::min({to, file_->Size(), maxPlainTextSize});
     std::string bytes(static_cast<std::size_t>(end - std::min(from, end)), '\0');
     bytes.resize(file_->ReadAt(from, bytes.data(), bytes.size()));
     return bytes;
@@ -129,7 +129,7 @@ TextPiece PlainTextSource::PieceAt(TextPos position) const {
         decoded_.splice(decoded_.begin(), decoded_, known);
     } else {
         decoded_.push_front({wanted, Decode(wanted)});
-        if (decoded_.size() > mostDecoded) decoded_.pop_back();
+        if (decoded_.size() > maxDecoded) decoded_.pop_back();
     }
     return {marks_[wanted].position, decoded_.front().text};
 }

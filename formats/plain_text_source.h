@@ -2,9 +2,9 @@
 // is decoded when it is needed.
 #pragma once
 
+#include "common/file_reader.h"
+#include "common/text_source.h"
 #include "formats/plain_text.h"
-#include "platform/file_reader.h"
-#include "platform/text_source.h"
 
 #include <cstdint>
 #include <list>
@@ -12,7 +12,7 @@
 #include <vector>
 
 // The rest of a longer file is left out: positions have 32 bits.
-constexpr std::uint64_t largestPlainText = std::uint64_t{1900} << 20; // bytes
+constexpr std::uint64_t maxPlainTextSize = std::uint64_t{1900} << 20; // bytes
 
 class TextSearch;
 

@@ -1,8 +1,8 @@
 // The font and colour tables of rich text (RTF 1.9.1).
 #pragma once
 
+#include "common/geometry.h"
 #include "formats/rtf_symbols.h"
-#include "platform/geometry.h"
 
 #include <cstdint>
 #include <string>

@@ -1,7 +1,7 @@
 // The port of the dialogs: modal, owned by the main window.
 #pragma once
 
-#include "platform/geometry.h"
+#include "common/geometry.h"
 #include "platform/text_view.h"
 
 #include <functional>

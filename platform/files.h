@@ -1,8 +1,8 @@
 // The port of the file system.
 #pragma once
 
+#include "common/file_reader.h"
 #include "platform/clock.h"
-#include "platform/file_reader.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -13,7 +13,7 @@
 
 // Paths are full paths as text. A name on disk that is not valid text reaches the core with "?" for
 // each undecipherable byte or character, and no file is found under such a path.
-enum class FileStamp { Creation = 0, LastAccess = 1, LastWrite = 2 };
+enum class FileTime { Creation = 0, LastAccess = 1, LastWrite = 2 };
 
 enum class ReadStatus { Ok, NotFound, NotAFile, Denied, TooLarge, Failed };
 
@@ -68,7 +68,7 @@ class Files {
     // untouched.
     virtual bool Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) = 0;
 
-    virtual std::optional<DateTime> Stamp(const std::u16string& path,
-                                          FileStamp) const = 0; // local time
-    virtual bool SetStamp(const std::u16string& path, const DateTime& local, FileStamp) = 0;
+    virtual std::optional<DateTime> Time(const std::u16string& path,
+                                         FileTime) const = 0; // local time
+    virtual bool SetTime(const std::u16string& path, const DateTime& local, FileTime) = 0;
 };

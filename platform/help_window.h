@@ -1,7 +1,7 @@
 // The port of the help window: beside the main window, which goes on working meanwhile.
 #pragma once
 
-#include "platform/geometry.h"
+#include "common/geometry.h"
 
 #include <functional>
 #include <string>

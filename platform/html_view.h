@@ -1,7 +1,7 @@
 // The port of the HTML view: one page in a browser engine.
 #pragma once
 
-#include "platform/geometry.h"
+#include "common/geometry.h"
 #include "platform/text_view.h"
 
 #include <cstdint>
@@ -47,25 +47,20 @@ struct PageMatch {
 
 // Of a page's body, by the page itself: 0x00RRGGBB.
 struct PageColors {
-    std::uint32_t letters = 0x000000, paper = 0xFFFFFF;
+    std::uint32_t text = 0x000000, background = 0xFFFFFF;
 };
 
-// The commands of the view's own context menu, as its engine numbers them.
-enum PageCommand {
-    CopyCommand = 15,
-    SelectAllCommand = 31,
-    PrintCommand = 27, // the view prints by itself; the event only tells of it
-    FindCommand = 67,
-    OpenCommand = 2000,
-};
+// The commands of the view's own context menu. The view prints by itself; the event only tells of
+// it.
+enum class PageCommand { Copy, SelectAll, Print, Find, Open };
 
-constexpr int longestPageWait = 3000; // milliseconds
+constexpr int maxPageWait = 3000; // milliseconds
 
 // The engine may live in another process, so there are three kinds of functions.
 // Orders return at once and are carried out in the order given; no event comes from within one.
 // Kept values are answered at once, never from a wait: also while a page loads, while the window
 // closes, and after the engine has gone (then they are the last ones known).
-// Questions may wait for the page, `longestPageWait` at most, and then answer their failure value.
+// Questions may wait for the page, `maxPageWait` at most, and then answer their failure value.
 // While one waits, events keep coming; the close of the window, `onGone` and a second question (it
 // fails) end the wait at once. Without a body every question answers its failure value at once, and
 // so it does while the page is known to hang. That is said in the page's place; its values are
@@ -79,7 +74,7 @@ constexpr int longestPageWait = 3000; // milliseconds
 //
 // Keys pressed in the view are events of the window, as with the text view: it is told first, by
 // `onKeyDown` and `onKeyUp`. The view then does the scrolling and the selecting, and zooms one step
-// for Ctrl with 187 or 189 and back to normal for Ctrl with 48 ("+", "-", "0"; those of the numeric
+// for Ctrl with `PlusKey` or `MinusKey` and back to normal for Ctrl with "0" (those of the numeric
 // keypad arrive as these); the line at the top stays there. It does not act on any other key with
 // Ctrl or on function keys, so that no command comes twice. Ctrl and the wheel are the window's
 // `onZoom`; the view does not zoom then.
@@ -104,13 +99,13 @@ class HtmlView {
     virtual void Select(const PageSpan&) = 0; // and scrolls as little as it takes to show its start
     virtual void SelectAll() = 0;
     virtual void SetBackColor(std::uint32_t redGreenBlue) = 0; // 0x00RRGGBB, of the body's style
-    // Of the body's style, too: of letters that the page gives no other colour. Nothing: the page's
+    // Of the body's style, too: of text that the page gives no other colour. Nothing: the page's
     // own.
-    virtual void SetLetterColor(std::optional<std::uint32_t> redGreenBlue) = 0;
+    virtual void SetTextColor(std::optional<std::uint32_t> redGreenBlue) = 0;
     // One keystroke of Ctrl and "+" (larger) or "-": the page zooms one step, which orders given
     // afterwards find done. The line at the top stays there. The window's `onKeyDown` is told of
-    // 187 or 189 with Ctrl, once for each call and after it has returned. Steps that come while the
-    // page is laid out for those before are carried out as one.
+    // `PlusKey` or `MinusKey` with Ctrl, once for each call and after it has returned. Steps that
+    // come while the page is laid out for those before are carried out as one.
     virtual void SendZoomKey(bool larger) = 0;
 
     // Kept values of the page.
@@ -155,10 +150,10 @@ class HtmlView {
     // The engine has died, or the page with it; never told of a page given up. The next `Navigate`
     // starts anew.
     std::function<void()> onGone;
-    // The user chose a command of the view's context menu (a PageCommand); nothing else happens
-    // but for printing. A right click outside the selection first puts the caret there, as a press
-    // of the left button does.
-    std::function<void(int command)> onCommand;
+    // The user chose a command of the view's context menu; nothing else happens but for printing. A
+    // right click outside the selection first puts the caret there, as a press of the left button
+    // does.
+    std::function<void(PageCommand)> onCommand;
     // The user followed a link that leads out of the page. `path` is the full path of a local file,
     // "" for any other address.
     std::function<void(const std::u16string& url, const std::u16string& path)> onLink;

@@ -1,39 +1,10 @@
-// The port of the menu bar, and the menu model that it mirrors.
+// The port of the menu bar, which mirrors the menu model.
 #pragma once
 
-#include <deque>
+#include "common/menu_model.h"
+
 #include <functional>
-#include <string>
 #include <vector>
-
-// One element of a menu. Its caption's access key is marked with "&"; what follows a tab stands at
-// the right.
-struct MenuItem {
-    std::u16string caption;
-    std::u16string tag; // storage of the program's own, never shown
-    bool enabled = true;
-    bool checked = false;
-    bool visible = true;
-    bool standard = false; // the default item of its menu: bold
-    bool heading = false;  // bold and inert
-    bool radio = false;    // its check mark is a bullet
-    bool literal = false;  // a text of the user's: an "&" or a "-" in it means just that
-    int helpContextId = 0;
-
-    bool IsSeparator() const { return caption == u"-" && !literal; }
-};
-
-// A named place in the tree: one item, or an array of items that grows and shrinks, or a submenu
-// (one item that opens `children`).
-struct MenuArray {
-    std::string name;
-    std::deque<MenuItem> items;
-    std::vector<MenuArray*> children; // in order; owned by the form
-
-    MenuItem& operator[](std::size_t index) { return items[index]; }
-    const MenuItem& operator[](std::size_t index) const { return items[index]; }
-    int Count() const { return static_cast<int>(items.size()); }
-};
 
 struct MenuEvents {
     std::function<void(MenuArray&)> onOpening;          // just before a top-level menu is shown

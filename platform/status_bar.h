@@ -1,7 +1,7 @@
 // The port of the status bar: panels with keys; a date panel keeps itself current.
 #pragma once
 
-#include "platform/geometry.h"
+#include "common/geometry.h"
 
 #include <string>
 #include <vector>

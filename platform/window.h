@@ -1,7 +1,8 @@
 // The port of the main window: frame, state, title, font measure and the events of the form.
 #pragma once
 
-#include "platform/geometry.h"
+#include "common/geometry.h"
+#include "common/keys.h"
 #include "platform/text_view.h"
 
 #include <functional>
@@ -9,22 +10,6 @@
 #include <string_view>
 
 enum class WindowState { Normal = 0, Minimized = 1, Maximized = 2 };
-
-// Key codes are Windows virtual-key codes on every system; letters and digits are their own.
-enum VirtualKey {
-    LeftKey = 37,
-    InsertKey = 45,
-    NumPlusKey = 107,
-    NumMinusKey = 109,
-    F1Key = 112,
-    F2Key = 113,
-    F3Key = 114,
-    F4Key = 115,
-    F5Key = 116,
-    PlusKey = 187, // of the main block
-    MinusKey = 189,
-};
-enum ShiftMask { ShiftKey = 1, CtrlKey = 2, AltKey = 4 };
 
 struct WindowEvents {
     // The window has been shown for the first time. Never from within `Open`.

@@ -15,7 +15,7 @@
 #include <utility>
 
 namespace {
-constexpr TextPos longestMark = 80;
+constexpr TextPos maxMarkLength = 80;
 constexpr TextPos ownLength = 81; // of a mark without a fitting selection
 
 TextPos StartOf(const MenuItem& item) {
@@ -65,7 +65,7 @@ bool CanDefine(const MainForm& form) {
 std::optional<PageMark> MarkInText(const TextView& view) {
     const TextPos start = view.SelStart(), selected = view.SelLength();
     if (start == 0) return std::nullopt;
-    return PageMark{{start, InRange(selected, 1, longestMark, true) ? selected : ownLength}, u""};
+    return PageMark{{start, InRange(selected, 1, maxMarkLength, true) ? selected : ownLength}, u""};
 }
 
 // A page goes nowhere while it loads.
@@ -98,7 +98,7 @@ void mBookmark_Click(MainForm& form, int) {
     menu.mBookmarkLast[0].enabled = !menu.mBookmarkLast[0].tag.empty();
     const int fresh = std::exchange(form.newBookmark, -1);
     for (int i = 0; i < count; ++i)
-        menu.mBookmarkList[i].standard = i == fresh;
+        menu.mBookmarkList[i].isDefault = i == fresh;
 }
 
 void mBookmarkNew_Click(MainForm& form, int) {

@@ -13,13 +13,13 @@
 #include <algorithm>
 
 namespace {
-constexpr TextPos longestExcerpt = 81; // units; a mark without a selection has this length
+constexpr TextPos maxExcerptLength = 81; // units; a mark without a selection has this length
 
 // The marked text; "" for a tag that is not two numbers.
 std::u16string TextExcerpt(const MainForm& form, const std::u16string& tag) {
     const auto parts = Split(tag, u",");
     if (parts.size() != 2) return u"";
-    const TextPos length = std::min(WholeNumber(parts[1]), longestExcerpt);
+    const TextPos length = std::min(WholeNumber(parts[1]), maxExcerptLength);
     return form.ports.textView->TextRange(std::max(WholeNumber(parts[0]), 0), length);
 }
 

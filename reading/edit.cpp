@@ -33,12 +33,12 @@ void CopyFromPage(MainForm& form, const std::u16string& text) {
     if (!text.empty()) form.ports.clipboard->SetText(text);
 }
 
-constexpr TextPos longestCopy = 128'000'000; // units: the clipboard holds it in memory, twice
-constexpr TextPos longestCaption = 4096;
+constexpr TextPos maxCopyLength = 128'000'000; // units: the clipboard holds it in memory, twice
+constexpr TextPos maxCaptionLength = 4096;
 
 // Else the user is told, and the clipboard stays as it is.
 bool CanCopy(MainForm& form) {
-    if (form.ports.textView->SelLength() <= longestCopy) return true;
+    if (form.ports.textView->SelLength() <= maxCopyLength) return true;
     Message message;
     message.text =
         u"The selection is too long to be copied:\r\nup to 128 million characters can be.";
@@ -73,8 +73,8 @@ void mEditAll_Click(MainForm& form, int) {
 void mEditTitle_Click(MainForm& form, int) {
     const TextView& view = *form.ports.textView;
     const bool page = IsPageShown(form);
-    const TextPos length = std::min(view.SelLength(), longestCaption);
-    const auto selected = page ? form.ports.htmlView->SelectedText().substr(0, longestCaption)
+    const TextPos length = std::min(view.SelLength(), maxCaptionLength);
+    const auto selected = page ? form.ports.htmlView->SelectedText().substr(0, maxCaptionLength)
                                : view.TextRange(view.SelStart(), length);
     const auto caption = OneLine(selected);
     if (page && TrimBlanks(caption).empty()) return;

@@ -12,9 +12,9 @@
 #include <algorithm>
 
 namespace {
-constexpr std::size_t mostSearches = 20;
-constexpr TextPos longestSearch = 64 * 1024; // taken from the selection
-constexpr double dialogFontSize = 8;         // points: the book's face and script, small
+constexpr std::size_t maxSearches = 20;
+constexpr TextPos maxSearchLength = 64 * 1024; // taken from the selection
+constexpr double dialogFontSize = 8;           // points: the book's face and script, small
 
 // "|" separates searches, so one inside a search is stored as a reference, as is what a line cannot
 // hold, and quotes, which around the value would not be part of it.
@@ -32,7 +32,7 @@ void Remember(MainForm& form, const std::u16string& search) {
     auto& history = form.findHistory;
     std::erase(history, search);
     history.insert(history.begin(), search);
-    if (history.size() > mostSearches) history.resize(mostSearches);
+    if (history.size() > maxSearches) history.resize(maxSearches);
 }
 
 // Where the view counts a right-to-left line from its other end, the highlight moves onto the
@@ -49,7 +49,7 @@ void LoadFindHistory(MainForm& form) {
     const std::u16string key(RecordKey(form.menu.mFileList[0].tag));
     const auto stored = IniReadString(*form.dataFile, BookSection(form, key), u"HistFind");
     for (const std::u16string& search : Split(stored, u"|"))
-        if (!search.empty() && form.findHistory.size() < mostSearches)
+        if (!search.empty() && form.findHistory.size() < maxSearches)
             form.findHistory.push_back(DecodeCharRefs(search));
 }
 
@@ -67,7 +67,7 @@ std::u16string SelectedText(MainForm& form) {
     const TextView& view = *form.ports.textView;
     HtmlView* page = IsPageShown(form) ? form.ports.htmlView.get() : nullptr;
     const TextPos length = page ? page->Selection().span.length : view.SelLength();
-    if (length > longestSearch) return u"";
+    if (length > maxSearchLength) return u"";
     return page ? page->SelectedText() : SelectedTextLogical(view, form.viewFont.charset);
 }
 

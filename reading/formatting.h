@@ -1,7 +1,7 @@
 // The look of the text view: every setting holds for the whole text.
 #pragma once
 
-#include "platform/geometry.h"
+#include "common/geometry.h"
 
 struct MainForm;
 

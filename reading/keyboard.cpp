@@ -74,13 +74,13 @@ void rtMain_Copy(MainForm& form) {
     Choose(form, olderCopy);
 }
 
-void wbMain_Command(MainForm& form, int number) {
-    switch (number) {
-    case FindCommand: return mEditFind_Click(form, 0);
-    case SelectAllCommand: return mEditAll_Click(form, 0);
-    case CopyCommand: return mEditCopy_Click(form, 0);
-    case OpenCommand: return mFileOpen_Click(form, 0);
-    default: return; // printing is the view's own
+void wbMain_Command(MainForm& form, PageCommand command) {
+    switch (command) {
+    case PageCommand::Find: return mEditFind_Click(form, 0);
+    case PageCommand::SelectAll: return mEditAll_Click(form, 0);
+    case PageCommand::Copy: return mEditCopy_Click(form, 0);
+    case PageCommand::Open: return mFileOpen_Click(form, 0);
+    case PageCommand::Print: return; // the view's own
     }
 }
 

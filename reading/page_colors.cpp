@@ -26,9 +26,9 @@ double Contrast(std::uint32_t a, std::uint32_t b) {
 }
 } // namespace
 
-std::optional<std::uint32_t> ReadableLetters(const PageColors& own, std::uint32_t background) {
-    const double contrast = Contrast(own.letters, background);
-    if (contrast >= readable || contrast >= Contrast(own.letters, own.paper)) return std::nullopt;
+std::optional<std::uint32_t> ReadableTextColor(const PageColors& own, std::uint32_t background) {
+    const double contrast = Contrast(own.text, background);
+    if (contrast >= readable || contrast >= Contrast(own.text, own.background)) return std::nullopt;
     return Contrast(black, background) > Contrast(white, background) ? black : white;
 }
 
@@ -36,5 +36,5 @@ void PaintPage(MainForm& form) {
     HtmlView& page = *form.ports.htmlView;
     const std::uint32_t background = SwapColorOrder(form.ports.textView->BackColor());
     page.SetBackColor(background);
-    page.SetLetterColor(ReadableLetters(page.OwnColors(), background));
+    page.SetTextColor(ReadableTextColor(page.OwnColors(), background));
 }

@@ -10,6 +10,6 @@ struct MainForm;
 
 // The colour for letters that would be hard to see on `background`, though not on the page's own
 // paper; nothing where the page's own colour will do. All colours are 0x00RRGGBB.
-std::optional<std::uint32_t> ReadableLetters(const PageColors& own, std::uint32_t background);
+std::optional<std::uint32_t> ReadableTextColor(const PageColors& own, std::uint32_t background);
 
 void PaintPage(MainForm&); // which has a body

@@ -7,7 +7,7 @@
 #include <algorithm>
 
 namespace {
-constexpr TextPos longestMark = 80;
+constexpr TextPos maxMarkLength = 80;
 
 // What is marked, before it is known how much text is there; nothing without an answer.
 std::optional<PageSpan> SpanToMark(HtmlView& html) {
@@ -15,11 +15,11 @@ std::optional<PageSpan> SpanToMark(HtmlView& html) {
     if (InRange(selection.top, 0, html.ViewHeight(), false)) {
         const PageSpan& span = selection.span;
         return PageSpan{span.start,
-                        span.length == 0 ? longestMark : std::min(span.length, longestMark)};
+                        span.length == 0 ? maxMarkLength : std::min(span.length, maxMarkLength)};
     }
     const TextPos start = html.StartAtTop();
     if (start < 0) return std::nullopt;
-    return PageSpan{start, longestMark};
+    return PageSpan{start, maxMarkLength};
 }
 } // namespace
 
@@ -36,7 +36,7 @@ std::optional<PageMark> MarkInPage(MainForm& form) {
     if (!span) return std::nullopt;
     const auto texts = html.TextsOf({*span});
     if (texts.size() != 1) return std::nullopt;
-    const std::u16string excerpt = texts[0].substr(0, longestMark);
+    const std::u16string excerpt = texts[0].substr(0, maxMarkLength);
     return PageMark{{span->start, static_cast<TextPos>(excerpt.size())}, excerpt};
 }
 
@@ -49,7 +49,7 @@ std::vector<std::u16string> PageExcerpts(MainForm& form, const std::vector<std::
         PageSpan span; // of no length for what is no bookmark
         if (parts.size() == 2)
             span = {std::max(WholeNumber(parts[0]), 0),
-                    std::clamp(WholeNumber(parts[1]), 0, longestMark)};
+                    std::clamp(WholeNumber(parts[1]), 0, maxMarkLength)};
         spans.push_back(span);
     }
     auto texts = form.ports.htmlView->TextsOf(spans);

@@ -18,7 +18,7 @@
 #include <algorithm>
 
 namespace {
-constexpr double smallestSize = 1, largestSize = 1638; // points, what a font can have
+constexpr double minSize = 1, maxSize = 1638; // points, what a font can have
 
 void TakeFont(MainForm& form, const ViewFont& chosen) {
     const int oldCharset = form.viewFont.charset;
@@ -88,7 +88,7 @@ void mViewFontSize_Click(MainForm& form, int index) {
         return SaveBookState(form, 0);
     }
     TextView& view = *form.ports.textView;
-    const double size = std::clamp(form.viewFont.size + 1 - 2 * index, smallestSize, largestSize);
+    const double size = std::clamp(form.viewFont.size + 1 - 2 * index, minSize, maxSize);
     if (size == form.viewFont.size) return;
     const Hourglass hourglass(view);
     form.viewFont.size = size;

@@ -10,7 +10,7 @@
 #include <optional>
 
 namespace {
-constexpr int farthestStep = 100; // far beyond what an engine zooms: a bound for edited records
+constexpr int maxZoomStep = 100; // far beyond what an engine zooms: a bound for edited records
 
 // What a key with Ctrl multiplies into the step, as the view zooms: back, in, out.
 std::optional<int> StepOfKey(int keyCode) {
@@ -33,7 +33,7 @@ int ZoomStep(const MainForm& form) {
 }
 
 int WithinZoomSteps(int step) {
-    return std::clamp(step, -farthestStep, farthestStep);
+    return std::clamp(step, -maxZoomStep, maxZoomStep);
 }
 
 void SetZoomStep(MainForm& form, int step) {

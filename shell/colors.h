@@ -1,7 +1,7 @@
 // Colours as texts and in the other byte order.
 #pragma once
 
-#include "platform/geometry.h"
+#include "common/geometry.h"
 
 #include <cstdint>
 #include <string>

@@ -40,7 +40,7 @@ void OpenHelp(MainForm& form, const std::string& topic) {
     const std::u16string path =
         FindHelpFile(files, form.HelpFilePath, form.ports.launch.sharedFolder);
     std::string bytes;
-    const ReadStatus status = files.Read(path, largestHelpFile, bytes);
+    const ReadStatus status = files.Read(path, maxHelpFileSize, bytes);
     std::optional<HelpBook> book;
     if (status == ReadStatus::Ok) book = ParseHelpFile(bytes);
     if (!book) return TellHelpIsMissing(form, path, status != ReadStatus::NotFound);

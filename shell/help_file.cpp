@@ -112,7 +112,7 @@ void TopicReader::FinishTopic() {
 } // namespace
 
 std::optional<HelpBook> ParseHelpFile(std::string_view bytes) {
-    if (bytes.size() > largestHelpFile || !IsValidUtf8(bytes) || TakeLine(bytes) != firstLine)
+    if (bytes.size() > maxHelpFileSize || !IsValidUtf8(bytes) || TakeLine(bytes) != firstLine)
         return std::nullopt;
     TopicReader reader;
     while (!bytes.empty()) {

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-constexpr std::size_t largestHelpFile = 1 << 20; // bytes
+constexpr std::size_t maxHelpFileSize = 1 << 20; // bytes
 
 struct HelpTopic {
     std::vector<std::string> ids; // by which messages and the program ask for it

@@ -6,7 +6,7 @@
 #include <bit>
 
 namespace {
-constexpr std::size_t mostWords = 16;
+constexpr std::size_t maxWords = 16;
 constexpr TextPos excerptLength = 110, excerptLead = 30; // units; the lead is before the first word
 constexpr int titleWeight = 24, headingWeight = 6, wholeWordBonus = 2, countedPerParagraph = 3;
 
@@ -53,7 +53,7 @@ std::vector<Word> WordsOf(std::u16string_view text) {
 std::vector<std::u16string> QueryWords(std::u16string_view typed) {
     std::vector<std::u16string> query;
     for (Word& word : WordsOf(typed.substr(0, 1000)))
-        if (query.size() < mostWords && std::ranges::find(query, word.folded) == query.end())
+        if (query.size() < maxWords && std::ranges::find(query, word.folded) == query.end())
             query.push_back(std::move(word.folded));
     return query;
 }
@@ -93,7 +93,7 @@ bool IsHeading(const Document& page, const Paragraph& paragraph) {
 
 int Score(const Document& page, const Paragraph& paragraph) {
     int score = 0;
-    std::vector<int> counts(mostWords);
+    std::vector<int> counts(maxWords);
     const bool isHeading = IsHeading(page, paragraph);
     const int weight = paragraph.start == 0 ? titleWeight : isHeading ? headingWeight : 1;
     for (const Hit& hit : paragraph.hits)
@@ -152,13 +152,13 @@ Candidate Judge(const HelpTopic& topic, const std::vector<std::u16string>& query
 std::vector<HelpFinding> SearchHelp(const HelpBook& book, std::u16string_view typed) {
     const std::vector<std::u16string> query = QueryWords(typed);
     std::vector<Candidate> candidates;
-    int mostFound = 1;
+    int maxFound = 1;
     for (std::size_t i = 0; i < book.topics.size(); ++i) {
         candidates.push_back(Judge(book.topics[i], query));
         candidates.back().finding.page = static_cast<int>(i);
-        mostFound = std::max(mostFound, candidates.back().words);
+        maxFound = std::max(maxFound, candidates.back().words);
     }
-    std::erase_if(candidates, [mostFound](const Candidate& c) { return c.words < mostFound; });
+    std::erase_if(candidates, [maxFound](const Candidate& c) { return c.words < maxFound; });
     std::ranges::stable_sort(candidates, std::ranges::greater(), &Candidate::score);
     std::vector<HelpFinding> findings;
     for (Candidate& candidate : candidates)

@@ -11,7 +11,7 @@
 
 namespace {
 constexpr std::string_view before = "{\"version\":\"", after = "\"}\n";
-constexpr int largestNumber = 65'535; // what a version resource can hold
+constexpr int maxNumber = 65'535; // what a version resource can hold
 
 // The number at the start of the text, which it is taken from; -1 when there is none. A number is
 // written in one way only.
@@ -19,7 +19,7 @@ int TakeNumber(std::string_view& text) {
     int number = -1;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     const auto length = static_cast<std::size_t>(end - text.data());
-    if (error != std::errc() || number < 0 || number > largestNumber || text[0] == '-') return -1;
+    if (error != std::errc() || number < 0 || number > maxNumber || text[0] == '-') return -1;
     if (text[0] == '0' && length > 1) return -1;
     text.remove_prefix(length);
     return number;

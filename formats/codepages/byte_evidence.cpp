@@ -6,8 +6,8 @@
 #include <memory>
 
 namespace {
-constexpr std::size_t mostOfStart = 6 * 1024; // bytes of evidence from the first sample
-constexpr std::size_t mostInAll = 12 * 1024;
+constexpr std::size_t maxFromStart = 6 * 1024; // bytes of evidence from the first sample
+constexpr std::size_t maxTotal = 12 * 1024;
 constexpr std::size_t around = 24; // ASCII bytes that are taken before and behind others
 
 bool IsHigh(char byte) {
@@ -78,9 +78,9 @@ std::size_t TakeStretches(std::string_view sample, std::size_t most, std::string
 // Behind what was taken, bytes that were hardly met so far: a single letter may tell two charsets
 // apart.
 void TakeRareBytes(std::string_view sample, std::uint8_t (&known)[256], std::string& text) {
-    constexpr std::size_t mostLookedThrough = 128 * 1024, most = 2048;
+    constexpr std::size_t maxScanned = 128 * 1024, most = 2048;
     constexpr int enough = 3;
-    sample = sample.substr(0, mostLookedThrough);
+    sample = sample.substr(0, maxScanned);
     const std::size_t limit = text.size() + most;
     for (std::size_t at = NextHigh(sample, 0); at < sample.size() && text.size() < limit;
          at = NextHigh(sample, at + 1)) {
@@ -119,13 +119,13 @@ ByteEvidence GatherEvidence(std::span<const std::string_view> samples) {
     evidence.text = "\n";
     std::vector<std::string_view> rests;
     const std::size_t share =
-        samples.size() > 1 ? (mostInAll - mostOfStart) / (samples.size() - 1) : mostInAll;
+        samples.size() > 1 ? (maxTotal - maxFromStart) / (samples.size() - 1) : maxTotal;
     for (std::size_t i = 0; i < samples.size(); ++i) {
         const bool alone = samples.size() == 1;
         const std::string_view part = WithoutCutEnds(samples[i], i == 0, alone);
         const std::size_t taken = TakeStretches(part,
-                                                alone    ? mostInAll
-                                                : i == 0 ? mostOfStart
+                                                alone    ? maxTotal
+                                                : i == 0 ? maxFromStart
                                                          : share,
                                                 evidence.text);
         rests.push_back(part.substr(taken));

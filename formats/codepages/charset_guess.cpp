@@ -47,7 +47,8 @@ constexpr CharacterPage characterPages[] = {
 constexpr int systemBits = 5, systemBitsForEach = 2;
 constexpr std::size_t fewBytes = 5;
 constexpr int chosenBits = 25; // besides, for the page of a script that the reader chose
-constexpr int mostBehind = 200 * costsPerBit; // a charset further behind the best is not thinkable
+constexpr int maxCostBehindBest =
+    200 * costsPerBit; // a charset further behind the best is not thinkable
 
 int SystemBits(const ByteEvidence& evidence) {
     const std::size_t missing = fewBytes - std::min(evidence.highBytes, fewBytes);
@@ -76,7 +77,7 @@ struct Search {
     bool Asks(int page) const {
         return among.size() == 0 || std::ranges::find(among, page) != among.end();
     }
-    int Limit() const { return best + mostBehind; }
+    int Limit() const { return best + maxCostBehindBest; }
     void Add(PageCost cost) {
         best = std::min(best, cost.cost);
         found.push_back(cost);

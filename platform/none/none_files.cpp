@@ -148,23 +148,23 @@ bool NoneFiles::WriteOver(const std::u16string& path, std::string_view bytes, bo
     return true;
 }
 
-std::optional<DateTime> NoneFiles::Stamp(const std::u16string& path, FileStamp which) const {
+std::optional<DateTime> NoneFiles::Time(const std::u16string& path, FileTime which) const {
     const File* file = Find(path);
     if (!file) return std::nullopt;
     switch (which) {
-    case FileStamp::Creation: return file->creation;
-    case FileStamp::LastAccess: return file->lastAccess;
-    case FileStamp::LastWrite: break;
+    case FileTime::Creation: return file->creation;
+    case FileTime::LastAccess: return file->lastAccess;
+    case FileTime::LastWrite: break;
     }
     return file->lastWrite;
 }
 
-bool NoneFiles::SetStamp(const std::u16string& path, const DateTime& local, FileStamp which) {
+bool NoneFiles::SetTime(const std::u16string& path, const DateTime& local, FileTime which) {
     File* file = Find(path);
     if (!file) return false;
-    if (which == FileStamp::Creation) file->creation = local;
-    if (which == FileStamp::LastAccess) file->lastAccess = local;
-    if (which == FileStamp::LastWrite) {
+    if (which == FileTime::Creation) file->creation = local;
+    if (which == FileTime::LastAccess) file->lastAccess = local;
+    if (which == FileTime::LastWrite) {
         file->lastWrite = local;
         file->writeNumber = ++lastWriteNumber_;
     }

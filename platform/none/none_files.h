@@ -63,8 +63,8 @@ class NoneFiles : public Files {
                          std::string& bytes) const override;
     bool MayReplace(const std::u16string& path) const override;
     bool Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) override;
-    std::optional<DateTime> Stamp(const std::u16string& path, FileStamp) const override;
-    bool SetStamp(const std::u16string& path, const DateTime& local, FileStamp) override;
+    std::optional<DateTime> Time(const std::u16string& path, FileTime) const override;
+    bool SetTime(const std::u16string& path, const DateTime& local, FileTime) override;
 
   private:
     std::u16string FolderOf(const std::u16string& path) const; // "" for one at the root

@@ -39,7 +39,7 @@ class NoneHtmlView : public HtmlView {
     void Select(const PageSpan&) override;
     void SelectAll() override;
     void SetBackColor(std::uint32_t redGreenBlue) override { backColors.push_back(redGreenBlue); }
-    void SetLetterColor(std::optional<std::uint32_t> given) override { letterColor = given; }
+    void SetTextColor(std::optional<std::uint32_t> given) override { letterColor = given; }
     void SendZoomKey(bool larger) override;
 
     bool HasBody() const override { return loaded_ && document_.hasBody; }

@@ -1,7 +1,7 @@
 // An open file read in parts, on POSIX.
 #pragma once
 
-#include "platform/file_reader.h"
+#include "common/file_reader.h"
 #include "platform/posix/file_descriptor.h"
 
 class PosixFileReader : public FileReader {

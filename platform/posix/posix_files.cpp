@@ -179,25 +179,25 @@ bool PosixFiles::Replace(const std::u16string& path, std::string_view bytes, boo
     return ReplaceInOneStep(*native, bytes, keepFileTime);
 }
 
-std::optional<DateTime> PosixFiles::Stamp(const std::u16string& path, FileStamp which) const {
+std::optional<DateTime> PosixFiles::Time(const std::u16string& path, FileTime which) const {
     const auto native = NativePath(path);
     struct statx status {};
     if (!native ||
         statx(AT_FDCWD, native->c_str(), 0, STATX_BASIC_STATS | STATX_BTIME, &status) != 0) {
         return std::nullopt;
     }
-    if (which == FileStamp::Creation && !(status.stx_mask & STATX_BTIME)) return std::nullopt;
-    const auto& stamp = which == FileStamp::Creation     ? status.stx_btime
-                        : which == FileStamp::LastAccess ? status.stx_atime
-                                                         : status.stx_mtime;
+    if (which == FileTime::Creation && !(status.stx_mask & STATX_BTIME)) return std::nullopt;
+    const auto& stamp = which == FileTime::Creation     ? status.stx_btime
+                        : which == FileTime::LastAccess ? status.stx_atime
+                                                        : status.stx_mtime;
     return LocalTime(stamp.tv_sec);
 }
 
-bool PosixFiles::SetStamp(const std::u16string& path, const DateTime& local, FileStamp which) {
+bool PosixFiles::SetTime(const std::u16string& path, const DateTime& local, FileTime which) {
     const auto native = NativePath(path);
     const auto time = TimeFromLocal(local);
-    if (!native || !time || which == FileStamp::Creation) return false;
+    if (!native || !time || which == FileTime::Creation) return false;
     timespec times[2] = {{0, UTIME_OMIT}, {0, UTIME_OMIT}};
-    times[which == FileStamp::LastAccess ? 0 : 1] = {*time, 0};
+    times[which == FileTime::LastAccess ? 0 : 1] = {*time, 0};
     return utimensat(AT_FDCWD, native->c_str(), times, 0) == 0;
 }

@@ -30,8 +30,8 @@ std::string NameOf(const std::string& path) {
 }
 
 std::optional<std::string> FollowLinks(std::string path) {
-    constexpr int longestChain = 40; // as the system itself allows
-    for (int i = 0; i < longestChain; ++i) {
+    constexpr int maxChainLength = 40; // as the system itself allows
+    for (int i = 0; i < maxChainLength; ++i) {
         char target[PATH_MAX];
         const ssize_t length = readlink(path.c_str(), target, sizeof target);
         if (length <= 0 || length == sizeof target) return path; // no link

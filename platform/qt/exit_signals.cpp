@@ -12,8 +12,8 @@
 
 namespace {
 
-// A signal handler may touch little more than these: it writes a byte into the pipe, which wakes the
-// loop. The pipe stays open to the end, because a late signal may still write into it.
+// A signal handler may touch little more than these: it writes a byte into the pipe, which wakes
+// the loop. The pipe stays open to the end, because a late signal may still write into it.
 std::array<int, 2> wakePipe = {-1, -1};
 
 void WriteByte(int) {

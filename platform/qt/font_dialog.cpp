@@ -16,8 +16,8 @@
 
 namespace {
 
-constexpr double smallestSize = 1, largestSize = 1638; // points
-constexpr int longestFaceList = 14;
+constexpr double minSize = 1, maxSize = 1638; // points
+constexpr int maxFaceListLength = 14;
 constexpr int sampleWidth = 300, sampleHeight = 90, swatchWidth = 32; // pixels
 
 // A whole size is shown as one.
@@ -57,7 +57,7 @@ void FontDialog::AddFaceAndStyle(QFormLayout& form) {
     face_ = new QFontComboBox;
     face_->setEditable(false);
     face_->setStyleSheet(QStringLiteral("combobox-popup: 0")); // a list below, not over the screen
-    face_->setMaxVisibleItems(longestFaceList);
+    face_->setMaxVisibleItems(maxFaceListLength);
     face_->setPlaceholderText(ToQt(given_.name)); // shown of a face that is not installed
     face_->setCurrentIndex(face_->findText(ToQt(given_.name), Qt::MatchFixedString));
     shownFace_ = face_->currentIndex();
@@ -74,7 +74,7 @@ void FontDialog::AddFaceAndStyle(QFormLayout& form) {
 void FontDialog::AddSize(QFormLayout& form) {
     size_ = new SizeBox;
     size_->setDecimals(2);
-    size_->setRange(smallestSize, largestSize);
+    size_->setRange(minSize, maxSize);
     size_->setValue(MakeFont(given_).pointSizeF());
     shownSize_ = size_->value();
     connect(size_, &QDoubleSpinBox::valueChanged, this, &FontDialog::ShowSample);

@@ -1,13 +1,11 @@
 #include "platform/qt/key_codes.h"
 
-#include "platform/window.h"
+#include "common/keys.h"
 
 #include <algorithm>
 #include <array>
 
 namespace {
-
-constexpr int plusKey = 187, minusKey = 189;
 
 struct KeyCode {
     int key, code;
@@ -36,8 +34,8 @@ constexpr std::array keypadKeys = {
 
 // Characters that carry their code with them wherever a layout puts them.
 constexpr std::array characterKeys = {
-    KeyCode{Qt::Key_Equal, plusKey},  KeyCode{Qt::Key_Plus, plusKey},
-    KeyCode{Qt::Key_Minus, minusKey}, KeyCode{Qt::Key_Underscore, minusKey},
+    KeyCode{Qt::Key_Equal, PlusKey},  KeyCode{Qt::Key_Plus, PlusKey},
+    KeyCode{Qt::Key_Minus, MinusKey}, KeyCode{Qt::Key_Underscore, MinusKey},
     KeyCode{Qt::Key_Semicolon, 186},  KeyCode{Qt::Key_Comma, 188},
     KeyCode{Qt::Key_Period, 190},     KeyCode{Qt::Key_Slash, 191},
     KeyCode{Qt::Key_QuoteLeft, 192},  KeyCode{Qt::Key_BracketLeft, 219},
@@ -52,7 +50,7 @@ struct KeyRow {
 };
 
 constexpr std::array keyRows = {
-    KeyRow{10, {'1', '2', '3', '4', '5', '6', '7', '8', '9', '0', minusKey, plusKey}},
+    KeyRow{10, {'1', '2', '3', '4', '5', '6', '7', '8', '9', '0', MinusKey, PlusKey}},
     KeyRow{24, {'Q', 'W', 'E', 'R', 'T', 'Y', 'U', 'I', 'O', 'P', 219, 221}},
     KeyRow{38, {'A', 'S', 'D', 'F', 'G', 'H', 'J', 'K', 'L', 186, 222, 192}},
     KeyRow{51, {220, 'Z', 'X', 'C', 'V', 'B', 'N', 'M', 188, 190, 191, 0}},
@@ -86,7 +84,7 @@ int CharacterCode(int key, bool shifted, std::uint32_t scanCode) {
     // but a plain "-" or "=" typed there (as in France) means the sign.
     if (IsDigit(byPlace)) {
         const int sign = shifted ? 0 : Find(characterKeys, key);
-        return sign == plusKey || sign == minusKey ? sign : byPlace;
+        return sign == PlusKey || sign == MinusKey ? sign : byPlace;
     }
     if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9))
         return key; // Qt's numbers of these are their characters'
@@ -106,8 +104,8 @@ int VirtualKeyCode(int key, Qt::KeyboardModifiers modifiers, std::uint32_t scanC
 int MainBlockZoomKey(int code) {
     switch (code) {
     case 96: return '0';
-    case 107: return plusKey;
-    case 109: return minusKey;
+    case 107: return PlusKey;
+    case 109: return MinusKey;
     default: return code;
     }
 }

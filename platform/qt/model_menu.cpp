@@ -58,7 +58,7 @@ QString NativeCaption(const MenuItem& item) {
 
 void ShowState(QAction& action, const MenuItem& item, const QFont& font) {
     action.setEnabled(item.enabled && !item.heading);
-    if (item.heading || (item.standard && item.enabled)) { // MenuStyle knows a heading by it
+    if (item.heading || (item.isDefault && item.enabled)) { // MenuStyle knows a heading by it
         QFont bold = font;
         bold.setBold(true);
         action.setFont(bold);
@@ -88,7 +88,7 @@ void ModelMenu::AddItem(MenuArray& array, int index, bool withText) {
         return;
     }
     auto* action = new ItemAction(this, array, index);
-    if (withText || item.standard) action->setText(action->Caption());
+    if (withText || item.isDefault) action->setText(action->Caption());
     ShowState(*action, item, font());
     addAction(action);
 }

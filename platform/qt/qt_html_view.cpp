@@ -38,7 +38,7 @@ void QtHtmlView::ConnectEngine() {
     };
     engine_->onZoomed = [this] { CallHandler(onZoomed); };
     engine_->onAnswering = [this](bool answers) { ShowWhetherAnswers(answers); };
-    engine_->onCommand = [this](int command) { CallHandler(onCommand, command); };
+    engine_->onCommand = [this](PageCommand command) { CallHandler(onCommand, command); };
     engine_->onJump = [this](int fromTop) { CallHandler(onJump, fromTop); };
     engine_->onLink = [this](const std::u16string& url, const std::u16string& path) {
         CallHandler(onLink, url, path);
@@ -73,7 +73,7 @@ void QtHtmlView::Clear() {
 
 void QtHtmlView::SendZoomKey(bool larger) {
     if (engine_) engine_->SendZoomKey(larger);
-    const int code = larger ? 187 : 189;
+    const int code = larger ? PlusKey : MinusKey;
     QMetaObject::invokeMethod(
         panel_,
         [this, code, load = load_] {
@@ -102,8 +102,8 @@ void QtHtmlView::SetBackColor(std::uint32_t redGreenBlue) {
     if (engine_) engine_->SetBackColor(redGreenBlue);
 }
 
-void QtHtmlView::SetLetterColor(std::optional<std::uint32_t> redGreenBlue) {
-    if (engine_) engine_->SetLetterColor(redGreenBlue);
+void QtHtmlView::SetTextColor(std::optional<std::uint32_t> redGreenBlue) {
+    if (engine_) engine_->SetTextColor(redGreenBlue);
 }
 
 bool QtHtmlView::HasBody() const {

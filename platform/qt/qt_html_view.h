@@ -23,7 +23,7 @@ class QtHtmlView final : public HtmlView {
     void Select(const PageSpan&) override;
     void SelectAll() override;
     void SetBackColor(std::uint32_t redGreenBlue) override;
-    void SetLetterColor(std::optional<std::uint32_t> redGreenBlue) override;
+    void SetTextColor(std::optional<std::uint32_t> redGreenBlue) override;
     void SendZoomKey(bool larger) override;
 
     bool HasBody() const override;

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int gap = 2;                         // pixels
 constexpr int inset = 6, textPanelWidth = 120; // pixels at 96 dpi
-constexpr int longestStaleDate = 30'000;       // milliseconds, also after the machine has slept
+constexpr int dateRefreshInterval = 30'000;    // milliseconds, also after the machine has slept
 
 } // namespace
 
@@ -26,7 +26,7 @@ void StatusPanels::SetPanels(const std::vector<StatusPanel>& panels) {
     if (std::ranges::any_of(
             panels_, [](const StatusPanel& panel) { return panel.style == PanelStyle::Date; })) {
         RenewDate();
-        dateTimer_.start(longestStaleDate);
+        dateTimer_.start(dateRefreshInterval);
     }
     update();
 }

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr std::size_t LongestPath = 32'768; // units, with the NUL: the system's own limit
+constexpr std::size_t MaxPathLength = 32'768; // units, with the NUL: the system's own limit
 
 // The dialog asks the desktop's objects, and they need this of the thread.
 class ComApartment {
@@ -50,7 +50,7 @@ std::wstring WithBackslashes(const std::u16string& path) {
 DWORD Show(HWND owner, const OpenFileRequest& request, std::wstring name, OpenFileAnswer& answer) {
     const std::wstring title = ToWide(request.title), filter = NativeFilter(request);
     const std::wstring folder = WithBackslashes(request.initialFolder);
-    name.resize(LongestPath, L'\0');
+    name.resize(MaxPathLength, L'\0');
     name.back() = L'\0';
     OPENFILENAMEW dialog = {};
     dialog.lStructSize = sizeof dialog;

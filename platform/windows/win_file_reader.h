@@ -1,7 +1,7 @@
 // An open file read in parts, on Windows.
 #pragma once
 
-#include "platform/file_reader.h"
+#include "common/file_reader.h"
 #include "platform/windows/win_handle.h"
 
 class WinFileReader : public FileReader {

@@ -93,13 +93,13 @@ RegularFile::RegularFile(const std::u16string& path) {
 
 // Reads on to the end, wherever that is by now: the file may grow or shrink meanwhile.
 ReadStatus ReadToEnd(HANDLE file, std::uint64_t sizeNow, std::uint64_t limit, std::string& bytes) {
-    constexpr std::size_t largestPiece = 1u << 24;
+    constexpr std::size_t maxPiece = 1u << 24;
     std::string content(sizeNow + 1, '\0'); // one byte more than there should be, to see the end
     std::size_t used = 0;
     for (;;) {
         if (used > limit) return ReadStatus::TooLarge;
         if (used == content.size()) content.resize(used * 5 / 4 + 4096);
-        const auto piece = static_cast<DWORD>(std::min(content.size() - used, largestPiece));
+        const auto piece = static_cast<DWORD>(std::min(content.size() - used, maxPiece));
         DWORD got = 0;
         if (!ReadFile(file, content.data() + used, piece, &got, nullptr))
             return StatusOfError(GetLastError());
@@ -213,19 +213,19 @@ bool WinFiles::Replace(const std::u16string& path, std::string_view bytes, bool 
     return ReplaceInOneStep(*native, bytes, keepFileTime);
 }
 
-std::optional<DateTime> WinFiles::Stamp(const std::u16string& path, FileStamp which) const {
+std::optional<DateTime> WinFiles::Time(const std::u16string& path, FileTime which) const {
     const auto information = InformationOf(OpenExisting(path, FILE_READ_ATTRIBUTES));
     if (!information) return std::nullopt;
-    return LocalTime(which == FileStamp::Creation     ? information->ftCreationTime
-                     : which == FileStamp::LastAccess ? information->ftLastAccessTime
-                                                      : information->ftLastWriteTime);
+    return LocalTime(which == FileTime::Creation     ? information->ftCreationTime
+                     : which == FileTime::LastAccess ? information->ftLastAccessTime
+                                                     : information->ftLastWriteTime);
 }
 
-bool WinFiles::SetStamp(const std::u16string& path, const DateTime& local, FileStamp which) {
+bool WinFiles::SetTime(const std::u16string& path, const DateTime& local, FileTime which) {
     const auto time = FileTimeFromLocal(local);
     const WinHandle file = OpenExisting(path, FILE_WRITE_ATTRIBUTES);
     if (!time || !file.IsOpen()) return false;
-    const auto when = [&](FileStamp stamp) { return which == stamp ? &*time : nullptr; };
-    return SetFileTime(file.Get(), when(FileStamp::Creation), when(FileStamp::LastAccess),
-                       when(FileStamp::LastWrite));
+    const auto when = [&](FileTime stamp) { return which == stamp ? &*time : nullptr; };
+    return SetFileTime(file.Get(), when(FileTime::Creation), when(FileTime::LastAccess),
+                       when(FileTime::LastWrite));
 }

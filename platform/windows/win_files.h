@@ -27,8 +27,8 @@ class WinFiles final : public Files {
     std::unique_ptr<FileReader> Open(const std::u16string& path, ReadStatus&) const override;
     bool MayReplace(const std::u16string& path) const override;
     bool Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) override;
-    std::optional<DateTime> Stamp(const std::u16string& path, FileStamp) const override;
-    bool SetStamp(const std::u16string& path, const DateTime& local, FileStamp) override;
+    std::optional<DateTime> Time(const std::u16string& path, FileTime) const override;
+    bool SetTime(const std::u16string& path, const DateTime& local, FileTime) override;
 
   private:
     std::set<std::wstring> replaced_; // whose leftovers have been removed

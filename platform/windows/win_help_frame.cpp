@@ -10,8 +10,8 @@
 
 namespace {
 
-constexpr SIZE usualSize = {940, 680}, leastSize = {420, 260}; // pixels at 96 dpi
-constexpr int usualLeftWidth = 300, leastHalf = 120;
+constexpr SIZE usualSize = {940, 680}, minSize = {420, 260}; // pixels at 96 dpi
+constexpr int usualLeftWidth = 300, minHalf = 120;
 constexpr int margin = 6, fieldEdges = 8;
 constexpr double readingSize = 11; // points
 constexpr int searchId = 100, listId = 101;
@@ -120,8 +120,8 @@ LRESULT HelpFrame::Answer(HWND window, UINT message, WPARAM wParam, LPARAM lPara
         return 0;
     }
     case WM_GETMINMAXINFO:
-        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {Scaled(leastSize.cx),
-                                                                 Scaled(leastSize.cy)};
+        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {Scaled(minSize.cx),
+                                                                 Scaled(minSize.cy)};
         return 0;
     case WM_SETCURSOR:
         if (LOWORD(lParam) != HTCLIENT || !IsOverGap()) break;
@@ -187,7 +187,7 @@ void HelpFrame::LayOut() {
     RECT inner = {};
     GetClientRect(Handle(), &inner);
     const int gap = Scaled(margin), width = inner.right, height = inner.bottom;
-    const int least = Scaled(leastHalf);
+    const int least = Scaled(minHalf);
     const int left = std::clamp(Scaled(leftWidth_), least, std::max(least, width - least));
     const int field = TextExtent(search_, font_.get(), L"0").cy + Scaled(fieldEdges);
     const int listTop = field + 2 * gap, page = left + 2 * gap;

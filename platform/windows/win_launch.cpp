@@ -11,11 +11,11 @@
 namespace {
 
 // The longest path of the system; a path that does not fit is none.
-constexpr DWORD longestPath = 32768;
+constexpr DWORD maxPathLength = 32768;
 
 std::wstring ProgramPath() {
-    std::wstring path(longestPath, L'\0');
-    path.resize(GetModuleFileNameW(nullptr, path.data(), longestPath));
+    std::wstring path(maxPathLength, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, path.data(), maxPathLength));
     return path;
 }
 
@@ -43,9 +43,9 @@ std::u16string BookPath(const std::vector<std::wstring>& arguments) {
     for (const std::wstring& argument : arguments)
         path += (path.empty() ? L"" : L" ") + argument;
     if (path.empty()) return {};
-    std::wstring full(longestPath, L'\0');
-    const DWORD length = GetFullPathNameW(path.c_str(), longestPath, full.data(), nullptr);
-    return FromWide(full.substr(0, length < longestPath ? length : 0));
+    std::wstring full(maxPathLength, L'\0');
+    const DWORD length = GetFullPathNameW(path.c_str(), maxPathLength, full.data(), nullptr);
+    return FromWide(full.substr(0, length < maxPathLength ? length : 0));
 }
 
 Launch ThisLaunch() {

@@ -5,19 +5,19 @@
 
 namespace {
 
-constexpr int LongestName = 80; // units, with the NUL: what the system allows
+constexpr int MaxNameLength = 80; // units, with the NUL: what the system allows
 
 // Dates are Gregorian here, whatever calendar the user's own are in.
 std::u16string CalendarName(CALTYPE type) {
-    wchar_t name[LongestName] = {};
-    GetCalendarInfoEx(LOCALE_NAME_USER_DEFAULT, CAL_GREGORIAN, nullptr, type, name, LongestName,
+    wchar_t name[MaxNameLength] = {};
+    GetCalendarInfoEx(LOCALE_NAME_USER_DEFAULT, CAL_GREGORIAN, nullptr, type, name, MaxNameLength,
                       nullptr);
     return FromWide(name);
 }
 
 std::u16string LocaleName(LCTYPE type) {
-    wchar_t name[LongestName] = {};
-    GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, type, name, LongestName);
+    wchar_t name[MaxNameLength] = {};
+    GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, type, name, MaxNameLength);
     return FromWide(name);
 }
 

@@ -11,7 +11,7 @@ UINT TypeOf(const MenuItem& item) {
 
 UINT StateOf(const MenuItem& item) {
     if (item.heading) return MFS_DEFAULT | MF_DISABLED; // bold; inert without being grey
-    const UINT standard = item.standard && item.enabled ? MFS_DEFAULT : 0;
+    const UINT standard = item.isDefault && item.enabled ? MFS_DEFAULT : 0;
     return standard | (item.enabled ? MFS_ENABLED : MFS_GRAYED) | (item.checked ? MFS_CHECKED : 0);
 }
 

@@ -10,7 +10,7 @@ namespace {
 constexpr std::wstring_view Verbatim = L"\\\\?\\", VerbatimServer = L"\\\\?\\UNC\\";
 constexpr std::wstring_view Server = L"\\\\", Device = L"\\\\.\\";
 // A folder's path must leave room for a name of 8.3 characters in it.
-constexpr std::size_t LongestPlainPath = MAX_PATH - 13;
+constexpr std::size_t MaxPlainPathLength = MAX_PATH - 13;
 
 bool EqualsIgnoringCase(std::wstring_view a, std::wstring_view b) {
     return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(),
@@ -70,7 +70,7 @@ std::optional<std::wstring> NativePath(const std::u16string& path) {
     if (NamesNothing(wide)) return std::nullopt;
     const std::wstring full = FullPath(wide);
     if (full.empty() || IsDevice(full)) return std::nullopt;
-    if (full.size() <= LongestPlainPath || full.starts_with(Verbatim)) return full;
+    if (full.size() <= MaxPlainPathLength || full.starts_with(Verbatim)) return full;
     if (full.starts_with(Server)) {
         return std::wstring(VerbatimServer).append(full, Server.size());
     }

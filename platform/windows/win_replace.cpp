@@ -21,8 +21,8 @@ std::wstring TemporaryName(const std::wstring& target) {
 
 // The process id between ".": none when it is anything but a number.
 std::optional<DWORD> NumberOf(std::wstring_view digits) {
-    constexpr std::size_t mostDigits = 10;
-    if (digits.empty() || digits.size() > mostDigits) return std::nullopt;
+    constexpr std::size_t maxDigits = 10;
+    if (digits.empty() || digits.size() > maxDigits) return std::nullopt;
     unsigned long long number = 0;
     for (const wchar_t digit : digits) {
         if (digit < L'0' || digit > L'9') return std::nullopt;
@@ -97,9 +97,9 @@ std::optional<OldFile> OldFileAt(const std::wstring& path) {
 }
 
 bool WriteAll(HANDLE file, std::string_view bytes) {
-    constexpr std::size_t largestPiece = 1u << 24;
+    constexpr std::size_t maxPiece = 1u << 24;
     while (!bytes.empty()) {
-        const auto piece = static_cast<DWORD>(std::min(bytes.size(), largestPiece));
+        const auto piece = static_cast<DWORD>(std::min(bytes.size(), maxPiece));
         DWORD written = 0;
         if (!WriteFile(file, bytes.data(), piece, &written, nullptr) || written == 0) return false;
         bytes.remove_prefix(written);

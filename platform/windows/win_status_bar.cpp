@@ -9,7 +9,7 @@ namespace {
 
 constexpr int inset = 6, textPanelWidth = 120; // pixels at 96 dpi
 constexpr int edges = 3;                       // pixels above and below a panel's text together
-constexpr int longestStaleDate = 30'000;       // milliseconds, also after the machine has slept
+constexpr int dateRefreshInterval = 30'000;    // milliseconds, also after the machine has slept
 
 HWND MakeControl(HWND parent) {
     INITCOMMONCONTROLSEX classes = {sizeof classes, ICC_BAR_CLASSES};
@@ -39,7 +39,7 @@ void WinStatusBar::SetPanels(const std::vector<StatusPanel>& panels) {
     PlacePanels();
     dateTimer_.Stop();
     if (std::ranges::find(panels_, PanelStyle::Date, &StatusPanel::style) != panels_.end())
-        dateTimer_.Start(longestStaleDate, [this] { ShowDate(); });
+        dateTimer_.Start(dateRefreshInterval, [this] { ShowDate(); });
 }
 
 void WinStatusBar::SetHeight(int pixels) {

@@ -5,7 +5,7 @@
 #include "platform/windows/win_web_request.h"
 
 namespace {
-constexpr int mostRedirections = 5;
+constexpr int maxRedirections = 5;
 } // namespace
 
 FetchAnswer WinUpdateCheck::Fetch(const std::u16string& address) {
@@ -14,7 +14,7 @@ FetchAnswer WinUpdateCheck::Fetch(const std::u16string& address) {
     bool late = false;
     WinTimer timer(nullptr);
     timer.Start(timeLimit_, [&late] { late = true; });
-    for (int i = 0; http && target && i <= mostRedirections; ++i) {
+    for (int i = 0; http && target && i <= maxRedirections; ++i) {
         const WebRequest request(*http, *target, timeLimit_);
         if (!HandleMessagesUntil([&] { return request.IsFinished() || late; }))
             return {FetchStatus::Abandoned, {}};

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr DWORD longestAddress = 2048; // more than any that we publish
+constexpr DWORD maxAddressLength = 2048; // more than any that we publish
 
 bool HasOnlyAddressCharacters(std::wstring_view address) {
     const auto isOther = [](wchar_t c) { return c <= L' ' || c == 0x7F || c == L'\\'; };
@@ -75,7 +75,8 @@ bool TakeAuthority(std::wstring_view authority, WebTarget& target) {
 std::optional<WebTarget> ParseWebTarget(std::wstring_view address) {
     WebTarget target;
     target.address = address;
-    if (address.size() > longestAddress || !HasOnlyAddressCharacters(address)) return std::nullopt;
+    if (address.size() > maxAddressLength || !HasOnlyAddressCharacters(address))
+        return std::nullopt;
     target.secure = TakePrefix(address, L"https://");
     if (!target.secure && !TakePrefix(address, L"http://")) return std::nullopt;
     const std::size_t end = std::min(address.find_first_of(L"/?#"), address.size());
@@ -89,9 +90,9 @@ std::optional<WebTarget> ParseWebTarget(std::wstring_view address) {
 }
 
 std::optional<WebTarget> RedirectedTarget(const WebTarget& from, const std::wstring& location) {
-    if (location.empty() || location.size() > longestAddress) return std::nullopt;
-    std::wstring whole(longestAddress + 1, L'\0');
-    DWORD length = longestAddress + 1;
+    if (location.empty() || location.size() > maxAddressLength) return std::nullopt;
+    std::wstring whole(maxAddressLength + 1, L'\0');
+    DWORD length = maxAddressLength + 1;
     if (FAILED(UrlCombineW(from.address.c_str(), location.c_str(), whole.data(), &length, 0)))
         return std::nullopt;
     whole.resize(length);

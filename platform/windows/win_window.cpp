@@ -10,7 +10,7 @@
 namespace {
 
 constexpr int usualDpi = 96;
-constexpr int largestExtent = 16384; // pixels; drawing takes no larger ones
+constexpr int maxExtent = 16384; // pixels; drawing takes no larger ones
 constexpr UINT_PTR closeTimer = 1;
 constexpr UINT closeDelay = 50;    // milliseconds, for a dialog or menu to go away
 constexpr double readingSize = 12; // points
@@ -208,7 +208,7 @@ LRESULT WinWindow::Answer(HWND window, UINT message, WPARAM wParam, LPARAM lPara
     case WM_DPICHANGED: TakeResolution(*reinterpret_cast<const RECT*>(lParam)); return 0;
     case WM_GETMINMAXINFO:
         // A place from a larger desktop is taken as it stands.
-        reinterpret_cast<MINMAXINFO*>(lParam)->ptMaxTrackSize = {largestExtent, largestExtent};
+        reinterpret_cast<MINMAXINFO*>(lParam)->ptMaxTrackSize = {maxExtent, maxExtent};
         return 0;
     case WM_DROPFILES:
         drops_.Add(window, TakeDroppedFiles(reinterpret_cast<HDROP>(wParam)));

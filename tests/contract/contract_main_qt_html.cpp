@@ -22,7 +22,7 @@ int QtKey(int code) {
     case 9: return Qt::Key_Tab;
     case 13: return Qt::Key_Return;
     case 34: return Qt::Key_PageDown;
-    case 187: return Qt::Key_Plus;
+    case PlusKey: return Qt::Key_Plus;
     default: return code; // letters and digits
     }
 }

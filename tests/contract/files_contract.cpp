@@ -28,8 +28,8 @@ void CheckQuestions(FilesUnderTest& test) {
         CHECK_FALSE(files.FolderIsWritable(path));
         CHECK_FALSE(files.FolderIsPublic(path));
         CHECK_FALSE(files.Version(path));
-        CHECK_FALSE(files.Stamp(path, FileStamp::LastWrite));
-        CHECK_FALSE(files.SetStamp(path, LongAgo, FileStamp::LastWrite));
+        CHECK_FALSE(files.Time(path, FileTime::LastWrite));
+        CHECK_FALSE(files.SetTime(path, LongAgo, FileTime::LastWrite));
         CHECK_FALSE(files.SameFile(path, path));
         std::string bytes = "as it was";
         CHECK(files.Read(path, NoLimit, bytes) == ReadStatus::NotFound);
@@ -130,18 +130,18 @@ void CheckAttributes(FilesUnderTest& test) {
     CHECK(files.Replace(file, "old", true)); // there is no time to keep yet
     CHECK_FALSE(test.IsReadOnly(file));
     test.MakeReadOnly(file);
-    REQUIRE(files.SetStamp(file, LongAgo, FileStamp::LastWrite));
+    REQUIRE(files.SetTime(file, LongAgo, FileTime::LastWrite));
     const auto before = files.Version(file);
 
     CHECK(files.MayReplace(file));
     CHECK(files.Replace(file, "new", true));
     CHECK(test.IsReadOnly(file));
-    CHECK(files.Stamp(file, FileStamp::LastWrite) == LongAgo);
+    CHECK(files.Time(file, FileTime::LastWrite) == LongAgo);
     CHECK(files.Version(file)->lastWrite == before->lastWrite);
 
     CHECK(files.Replace(file, "newer", false));
     CHECK(test.IsReadOnly(file));
-    CHECK(files.Stamp(file, FileStamp::LastWrite) != LongAgo);
+    CHECK(files.Time(file, FileTime::LastWrite) != LongAgo);
     std::string bytes;
     CHECK(files.Read(file, NoLimit, bytes) == ReadStatus::Ok);
     CHECK(bytes == "newer");
@@ -161,7 +161,7 @@ void CheckVersions(FilesUnderTest& test) {
     const auto second = files.Version(file);
     CHECK(second != first);
     CHECK(second->size == 2);
-    REQUIRE(files.SetStamp(file, LongAgo, FileStamp::LastWrite));
+    REQUIRE(files.SetTime(file, LongAgo, FileTime::LastWrite));
     CHECK(files.Version(file) != second);
 }
 
@@ -170,11 +170,11 @@ void CheckStamps(FilesUnderTest& test) {
     const std::u16string file = test.Path(u"a.dat");
     REQUIRE(files.Replace(file, "1", false));
     const DateTime summer{2020, 7, 1, 12, 0, 0};
-    CHECK(files.SetStamp(file, LongAgo, FileStamp::LastWrite));
-    CHECK(files.SetStamp(file, summer, FileStamp::LastAccess));
-    CHECK(files.Stamp(file, FileStamp::LastWrite) == LongAgo);
-    CHECK(files.Stamp(file, FileStamp::LastAccess) == summer);
-    const auto creation = files.Stamp(file, FileStamp::Creation);
+    CHECK(files.SetTime(file, LongAgo, FileTime::LastWrite));
+    CHECK(files.SetTime(file, summer, FileTime::LastAccess));
+    CHECK(files.Time(file, FileTime::LastWrite) == LongAgo);
+    CHECK(files.Time(file, FileTime::LastAccess) == summer);
+    const auto creation = files.Time(file, FileTime::Creation);
     if (creation && test.KnowsCreationTimes()) CHECK(creation->year > 2020);
     std::string bytes;
     CHECK(files.Read(file, NoLimit, bytes) == ReadStatus::Ok);

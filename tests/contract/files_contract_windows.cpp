@@ -129,8 +129,8 @@ TEST_CASE("windows files: a path of any length") {
     CHECK(test.Port().Replace(file, "2", true));
     CHECK(test.Port().FileExists(file));
     CHECK(test.BytesOf(file) == "2");
-    CHECK(test.Port().SetStamp(file, {2001, 2, 3, 4, 5, 6}, FileStamp::LastWrite));
-    CHECK(test.Port().Stamp(file, FileStamp::LastWrite) == DateTime{2001, 2, 3, 4, 5, 6});
+    CHECK(test.Port().SetTime(file, {2001, 2, 3, 4, 5, 6}, FileTime::LastWrite));
+    CHECK(test.Port().Time(file, FileTime::LastWrite) == DateTime{2001, 2, 3, 4, 5, 6});
     std::string bytes;
     CHECK(test.Port().Read(file + std::u16string(40'000, u'x'), NoLimit, bytes) ==
           ReadStatus::NotFound);
@@ -248,11 +248,11 @@ TEST_CASE("windows files: attributes of all kinds are kept, and the time of crea
     REQUIRE(test.Port().Replace(file, "old", false));
     constexpr DWORD marks = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_READONLY;
     REQUIRE(SetFileAttributesW(ToWide(file).c_str(), marks));
-    const auto creation = test.Port().Stamp(file, FileStamp::Creation);
+    const auto creation = test.Port().Time(file, FileTime::Creation);
     CHECK(test.Port().Replace(file, "new", false));
     CHECK((test.Attributes(file) & marks) == marks);
     CHECK(test.BytesOf(file) == "new");
-    CHECK(test.Port().Stamp(file, FileStamp::Creation) == creation);
+    CHECK(test.Port().Time(file, FileTime::Creation) == creation);
 }
 
 TEST_CASE("windows files: names that are no text") {

@@ -2,6 +2,7 @@
 // own.
 #pragma once
 
+#include "common/keys.h"
 #include "platform/html_view.h"
 
 #include <doctest/doctest.h>

@@ -4,7 +4,7 @@
 #include <cmath>
 
 namespace {
-constexpr std::chrono::seconds longestSilence(60);
+constexpr std::chrono::seconds maxSilence(60);
 constexpr int pageDown = 34;
 } // namespace
 
@@ -16,7 +16,7 @@ TEST_CASE("html view: a page that hangs is told of, keeps its values and answers
         test.Settle();
         test.bench.HangEngine(true);
         CHECK(test.view.SelectedText().empty()); // after a wait
-        REQUIRE(test.WaitFor([&] { return test.bench.SaysHang(); }, longestSilence));
+        REQUIRE(test.WaitFor([&] { return test.bench.SaysHang(); }, maxSilence));
         CHECK(test.view.HasBody());
         CHECK(test.view.Title() == u"Hung");
         CHECK(test.view.ScrollTop() == 1000);
@@ -42,7 +42,7 @@ TEST_CASE("html view: a page that has hung carries out what was ordered, and no 
         for (int i = 0; i < 3; ++i)
             test.view.SendZoomKey(true); // 110, 125, 150
         test.view.ScrollTo(0, 1500);
-        REQUIRE(test.WaitFor([&] { return test.bench.SaysHang(); }, longestSilence));
+        REQUIRE(test.WaitFor([&] { return test.bench.SaysHang(); }, maxSilence));
         test.bench.Press(pageDown, 0);
         CHECK(test.view.ScrollTop() == 1500);
         test.bench.HangEngine(false);

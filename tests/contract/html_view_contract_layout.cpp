@@ -80,7 +80,7 @@ TEST_CASE("html layout: a page comes at normal size, whatever was pressed while 
     OnEachBackEnd([](PageTest& test) {
         test.Navigate(test.Write("page.htm", NumberedLines(200)));
         test.view.SendZoomKey(true);
-        test.bench.Press(187, 2); // Ctrl and "+"
+        test.bench.Press(PlusKey, 2); // Ctrl and "+"
         test.view.SendZoomKey(true);
         REQUIRE(test.WaitFor([&] { return !test.loaded.empty(); }));
         test.Settle();
@@ -194,13 +194,13 @@ TEST_CASE("html layout: a page's own colours, and letters in another one") {
         for (const auto& sample : cases) {
             CAPTURE(sample.head);
             test.Open(sample.body, sample.head);
-            CHECK(test.view.OwnColors().letters == sample.letters);
-            CHECK(test.view.OwnColors().paper == sample.paper);
+            CHECK(test.view.OwnColors().text == sample.letters);
+            CHECK(test.view.OwnColors().background == sample.paper);
             test.view.SetBackColor(0x808080);
-            test.view.SetLetterColor(0xFF0000);
-            test.view.SetLetterColor(std::nullopt);
+            test.view.SetTextColor(0xFF0000);
+            test.view.SetTextColor(std::nullopt);
             test.Settle();
-            CHECK(test.view.OwnColors().letters == sample.letters); // as loaded
+            CHECK(test.view.OwnColors().text == sample.letters); // as loaded
         }
     });
 }

@@ -197,8 +197,8 @@ TEST_CASE("accessible text: a very long text is told in parts, each as fast as o
     text->pieces = 0;
     const int layouts = bench.view.LayoutsMade();
 
-    CHECK(told.text(0, -1).size() == AccessibleText::mostToldAtOnce);
-    CHECK(told.text(middle, length).size() == AccessibleText::mostToldAtOnce);
+    CHECK(told.text(0, -1).size() == AccessibleText::maxAnswerLength);
+    CHECK(told.text(middle, length).size() == AccessibleText::maxAnswerLength);
     CHECK(told.text(length - 100, -1).size() == 100);
     int start = 0, end = 0;
     const QString line = QString::fromStdU16String(EndlessText::Line(middle / 64));
@@ -211,7 +211,7 @@ TEST_CASE("accessible text: a very long text is told in parts, each as fast as o
     CHECK(
         told.textAtOffset(middle + 3, QAccessible::LineBoundary, &start, &end).startsWith("This"));
     const QString all = told.textAtOffset(middle, QAccessible::NoBoundary, &start, &end);
-    CHECK(all.size() == AccessibleText::mostToldAtOnce);
+    CHECK(all.size() == AccessibleText::maxAnswerLength);
     CHECK(start <= middle);
     CHECK(end > middle);
     CHECK(told.attributes(middle, &start, &end).contains("font-size"));

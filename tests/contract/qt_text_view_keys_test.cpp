@@ -118,7 +118,7 @@ TEST_CASE("qt text view: End and the arrows at the seam of two pieces of a long 
 }
 
 TEST_CASE("qt text view: the arrows step over a line that is only its end") {
-    QtViewBench bench(15, 400); // a character in each line
+    QtViewBench bench(15, 400);                        // a character in each line
     bench.view.LoadPlainText(u"\v \u05E2\u05D5\nend"); // goes to the left
     for (const TextPos place : {1, 2, 3, 4}) {
         bench.Press(Qt::Key_Left);

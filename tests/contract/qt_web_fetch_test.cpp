@@ -128,7 +128,8 @@ TEST_CASE("web fetch: anything but a whole answer of status 200 fails") {
     CHECK(Fails(sends(QByteArray(1000, '\0'))));
     CHECK(Fails(sends("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\n" + file))); // cut off
     // Qt takes a broken chunk for the end.
-    LoopbackServer chunks(sends("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\nzz\r\n" + file));
+    LoopbackServer chunks(
+        sends("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\nzz\r\n" + file));
     CHECK(FetchFromWeb(QUrl(chunks.Address())).bytes.empty());
 
     LoopbackServer refusing(Always("200 OK", file));

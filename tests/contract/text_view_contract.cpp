@@ -107,7 +107,7 @@ TEST_CASE("text view: a text that is read as it is needed answers like one in me
         view.Select(2, 3);
         const auto file = std::make_shared<BytesReader>(bytes);
         view.LoadText(std::make_shared<PlainTextSource>(file, 0, 1252, 100));
-        CHECK(view.LargestText() >= bytes.size());
+        CHECK(view.MaxTextSize() >= bytes.size());
         CHECK(view.TextLength() == TextPos(text.size()));
         CHECK((All(view) == text));
         CHECK(view.SelStart() == 0);

@@ -16,7 +16,7 @@ Answers ReadABook(ShownView& shown) {
     WinHtmlView& view = *shown.view;
     shown.Open(Lines(60));
     view.SetBackColor(0xFFEEDD);
-    view.SetLetterColor(0x001122);
+    view.SetTextColor(0x001122);
     view.SendZoomKey(true);
     view.ScrollTo(0, 200);
     view.HasText();

@@ -22,7 +22,7 @@ struct ShownView {
     std::unique_ptr<WinHtmlView> view;
     std::vector<int> loaded;
     std::u16string url;
-    std::vector<int> commands;
+    std::vector<PageCommand> commands;
     std::vector<std::pair<std::u16string, std::u16string>> links; // url, path
     std::vector<std::vector<std::u16string>> drops;
     std::vector<std::pair<int, int>> keys;
@@ -38,7 +38,7 @@ struct ShownView {
             loaded.push_back(page);
             url = address;
         };
-        view->onCommand = [this](int command) { commands.push_back(command); };
+        view->onCommand = [this](PageCommand command) { commands.push_back(command); };
         view->onLink = [this](const std::u16string& to, const std::u16string& path) {
             links.emplace_back(to, path);
         };

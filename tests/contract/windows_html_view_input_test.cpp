@@ -134,7 +134,7 @@ TEST_CASE("windows html view: its own zoom keystroke is told after the order") {
     shown.view->SendZoomKey(false);
     CHECK(shown.keys.empty());
     HandlePostedMessages();
-    CHECK(shown.keys == std::vector<std::pair<int, int>>{{187, CtrlKey}, {189, CtrlKey}});
+    CHECK(shown.keys == std::vector<std::pair<int, int>>{{PlusKey, CtrlKey}, {MinusKey, CtrlKey}});
     CHECK(shown.engine.zoom == NormalZoom());
 }
 
@@ -169,10 +169,11 @@ TEST_CASE("windows html view: commands of the page's window run ours, only print
     for (const WPARAM command : {67, 31, 15, 2000, 27, 2139})
         SendMessageW(shown.engine.Inner(), WM_COMMAND, command, 0);
     HandlePostedMessages();
-    CHECK(shown.commands ==
-          std::vector<int>{FindCommand, SelectAllCommand, CopyCommand, OpenCommand, PrintCommand});
+    CHECK(shown.commands == std::vector<PageCommand>{PageCommand::Find, PageCommand::SelectAll,
+                                                     PageCommand::Copy, PageCommand::Open,
+                                                     PageCommand::Print});
     REQUIRE(shown.engine.messages.size() == 1);
-    CHECK(shown.engine.messages[0].wParam == PrintCommand);
+    CHECK(shown.engine.messages[0].wParam == 27);
     SendMessageW(shown.engine.Inner(), WM_APPCOMMAND, 0,
                  MAKELPARAM(0, APPCOMMAND_BROWSER_BACKWARD));
     SendMessageW(shown.engine.Inner(), WM_XBUTTONUP, MAKEWPARAM(0, XBUTTON1), 0);

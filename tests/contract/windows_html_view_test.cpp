@@ -221,17 +221,17 @@ TEST_CASE("windows html view: colours as a computed style says them") {
 TEST_CASE("windows html view: a page's own colours, and letters in another one") {
     ShownView shown;
     shown.Open(L"text");
-    CHECK(shown.view->OwnColors().letters == 0x000000);
-    CHECK(shown.view->OwnColors().paper == 0xFFFFFF);
+    CHECK(shown.view->OwnColors().text == 0x000000);
+    CHECK(shown.view->OwnColors().background == 0xFFFFFF);
     shown.Book().letters = L"rgb(238, 238, 238)";
     shown.Book().rootPaper = L"rgb(16, 32, 48)";
     shown.engine.letterColor = L"silver"; // in the body's style attribute
     shown.Open(L"text");
-    CHECK(shown.view->OwnColors().letters == 0xEEEEEE);
-    CHECK(shown.view->OwnColors().paper == 0x102030);
-    shown.view->SetLetterColor(0x010203);
+    CHECK(shown.view->OwnColors().text == 0xEEEEEE);
+    CHECK(shown.view->OwnColors().background == 0x102030);
+    shown.view->SetTextColor(0x010203);
     CHECK(shown.engine.letterColor == L"#010203");
-    shown.view->SetLetterColor(std::nullopt);
+    shown.view->SetTextColor(std::nullopt);
     CHECK(shown.engine.letterColor == L"silver");
 }
 

@@ -96,7 +96,7 @@ TEST_CASE("windows menu bar: a menu shows what the model says when it opens") {
     list.name = "list";
     list[0].heading = list[1].literal = list[1].checked = list[4].checked = list[4].radio = true;
     list[2].visible = list[3].enabled = false;
-    list[4].standard = true;
+    list[4].isDefault = true;
     const HMENU menu = bench.Opened(0);
     REQUIRE(GetMenuItemCount(menu) == 6);
     CHECK(ItemAt(menu, 0).state == (MFS_DEFAULT | MF_DISABLED));

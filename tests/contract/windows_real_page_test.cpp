@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr ULONGLONG longestLoad = 20000; // milliseconds
+constexpr ULONGLONG maxLoadTime = 20000; // milliseconds
 
 bool HasEngine() {
     const HMODULE engine = LoadLibraryExW(L"mshtml.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
@@ -19,7 +19,7 @@ bool HasEngine() {
 }
 
 void HandleMessagesUntil(const std::function<bool()>& done) {
-    const ULONGLONG end = GetTickCount64() + longestLoad;
+    const ULONGLONG end = GetTickCount64() + maxLoadTime;
     while (!done() && GetTickCount64() < end) {
         MsgWaitForMultipleObjects(0, nullptr, FALSE, 50, QS_ALLINPUT);
         HandlePostedMessages();

@@ -46,9 +46,9 @@ TEST_CASE("bookmarks: defined out of order they are kept in order") {
     REQUIRE(test.Menus().shown == &test.Menu().mBookmark);
     test.Menus().Open(*test.Menus().shown);
     for (int i = 0; i < 5; ++i)
-        CHECK(test.Menu().mBookmarkList[i].standard == (i == 3)); // the last one defined
+        CHECK(test.Menu().mBookmarkList[i].isDefault == (i == 3)); // the last one defined
     test.Menus().Open(test.Menu().mBookmark);
-    CHECK_FALSE(test.Menu().mBookmarkList[3].standard);
+    CHECK_FALSE(test.Menu().mBookmarkList[3].isDefault);
     test.Close();
     TestForm next(test);
     REQUIRE(next.Start());

@@ -91,7 +91,7 @@ TEST_CASE("help file: what is not whole is damaged") {
         "help 1\n= a: T\n| key\n= end\n",
         "help 1\n= a: T\n\xFF\n= end\n",
         good + "more\n",
-        "help 1\n= a: T\n" + std::string(largestHelpFile, 'x') + "\n= end\n",
+        "help 1\n= a: T\n" + std::string(maxHelpFileSize, 'x') + "\n= end\n",
     };
     for (const std::string& bytes : bad)
         CHECK_FALSE_MESSAGE(ParseHelpFile(bytes), bytes.substr(0, 40));

@@ -35,15 +35,15 @@ struct HtmlForm : TestForm {
     void Press(int key, int shift) {
         TellWindow(key, shift);
         const bool zooms = (shift & (CtrlKey | AltKey)) == CtrlKey && Page().HasBody();
-        if (zooms && (key == 187 || key == 189 || key == 48)) {
-            Page().ZoomByHand(key == 48 ? 0 : key == 187 ? 1 : -1);
+        if (zooms && (key == PlusKey || key == MinusKey || key == 48)) {
+            Page().ZoomByHand(key == 48 ? 0 : key == PlusKey ? 1 : -1);
             if (Page().zoomsAtOnce) Page().onZoomed();
         }
     }
     // The keystrokes that the program sent come by the window.
     void DeliverZoomKeys() {
         for (const bool larger : std::exchange(Page().zoomKeys, {}))
-            TellWindow(larger ? 187 : 189, CtrlKey);
+            TellWindow(larger ? PlusKey : MinusKey, CtrlKey);
         if (Page().zoomsAtOnce) Page().onZoomed();
     }
     void TellWindow(int key, int shift) {

@@ -190,7 +190,7 @@ TEST_CASE("html load: reopened exactly as it was left") {
     REQUIRE(test.Start());
     test.OpenLoaded(u"/b/p.htm");
     test.Page().ScrollByHand(777);
-    test.Press(189, CtrlKey);
+    test.Press(MinusKey, CtrlKey);
     OpenBook(test.form, u"/b/a.txt", -1);
     CHECK(test.View().Visible());
     CHECK_FALSE(test.Page().visible);
@@ -220,7 +220,7 @@ TEST_CASE("html load: a new book takes the present zoom, its size and no place")
     CHECK(test.Record(0)[Field::FontSize] == u"");
     CHECK(test.Record(0)[Field::LastPos] == u"");
     test.Page().FinishLoading();
-    test.Press(187, CtrlKey);
+    test.Press(PlusKey, CtrlKey);
     test.Page().ScrollByHand(400);
     OpenBook(test.form, u"/b/q.htm", -1);
     CHECK(test.Record(0)[Field::FontSize] == u"1");

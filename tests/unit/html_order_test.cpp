@@ -235,7 +235,7 @@ TEST_CASE("html order: while a question waits nothing else starts") {
         test.Press('O', CtrlKey);
         test.Menus().Click(test.Menu().mFileList, 1);
         test.Autosave();
-        test.Page().onCommand(FindCommand);
+        test.Page().onCommand(PageCommand::Find);
     };
     const auto record = test.Menu().mFileList[0].tag;
     test.Choose(test.Menu().mEdit, test.Menu().mEditCopy);
@@ -251,7 +251,7 @@ TEST_CASE("html order: a zoom key of the user counts also while a question waits
     test.Page().FinishLoading();
     test.DeliverZoomKeys();
     test.Page().Select({50, 6});
-    test.Page().whileAsked = [&] { test.Press(187, CtrlKey); };
+    test.Page().whileAsked = [&] { test.Press(PlusKey, CtrlKey); };
     test.Choose(test.Menu().mEdit, test.Menu().mEditCopy);
     test.Autosave();
     CHECK(test.Record(0)[Field::FontSize] == u"2");

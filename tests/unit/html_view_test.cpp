@@ -55,7 +55,7 @@ TEST_CASE("html zoom: keys that arrive under a dialog are counted off, too") {
     test.Dialogs().whileOpen = [&] { test.DeliverZoomKeys(); };
     test.Menus().Click(test.Menu().mFileOpen);
     CHECK(test.form.page.pendingZoomKeys == 0);
-    test.Press(187, CtrlKey);
+    test.Press(PlusKey, CtrlKey);
     CHECK(test.ZoomTag() == u"2");
 }
 
@@ -65,10 +65,10 @@ TEST_CASE("html zoom: the user's keys") {
         const char16_t* step; // from 3
     };
     const Case table[] = {
-        {187, CtrlKey, u"4"},         {189, CtrlKey, u"2"},
-        {48, CtrlKey, u"0"},          {187, 0, u"3"},
-        {189, AltKey, u"3"},          {49, CtrlKey, u"3"},
-        {107, CtrlKey, u"3"},         {187, CtrlKey | ShiftKey, u"4"},
+        {PlusKey, CtrlKey, u"4"},     {MinusKey, CtrlKey, u"2"},
+        {48, CtrlKey, u"0"},          {PlusKey, 0, u"3"},
+        {MinusKey, AltKey, u"3"},     {49, CtrlKey, u"3"},
+        {107, CtrlKey, u"3"},         {PlusKey, CtrlKey | ShiftKey, u"4"},
         {48, CtrlKey | AltKey, u"3"}, // types a character on some keyboards
     };
     for (const Case& row : table) {
@@ -88,9 +88,9 @@ TEST_CASE("html zoom: in a text the keys size the font when they go up") {
     Reading test;
     OpenBook(test.form, u"/b/a.txt", -1);
     test.form.menu.mViewFont[0].tag = u"3";
-    test.Window().Events().onKeyDown(187, CtrlKey);
+    test.Window().Events().onKeyDown(PlusKey, CtrlKey);
     CHECK(test.form.viewFont.size == 10);
-    test.Window().Events().onKeyUp(187, CtrlKey);
+    test.Window().Events().onKeyUp(PlusKey, CtrlKey);
     CHECK(test.form.viewFont.size == 11);
     test.Press(48, CtrlKey);
     CHECK(test.form.viewFont.size == 11);
@@ -113,7 +113,7 @@ TEST_CASE("html zoom: keys of a page left do not swallow those of the next") {
     CHECK(test.form.page.pendingZoomKeys == 1);
     test.Page().zoomKeys.erase(test.Page().zoomKeys.begin());
     test.DeliverZoomKeys();
-    test.Press(187, CtrlKey);
+    test.Press(PlusKey, CtrlKey);
     CHECK(test.ZoomTag() == u"2");
 }
 
@@ -137,17 +137,16 @@ TEST_CASE("html background: goes to the page with red and blue exchanged") {
 TEST_CASE("html commands: those of the view's menu are the program's") {
     Reading test;
     test.Page().Select({5, 2});
-    test.Page().onCommand(CopyCommand);
+    test.Page().onCommand(PageCommand::Copy);
     CHECK(test.Clip() == u"0\n");
-    test.Page().onCommand(PrintCommand);
-    test.Page().onCommand(12345);
+    test.Page().onCommand(PageCommand::Print);
     CHECK(test.Dialogs().findRequests.empty());
     CHECK(test.Dialogs().openRequests.empty());
-    test.Page().onCommand(FindCommand);
+    test.Page().onCommand(PageCommand::Find);
     CHECK(test.Dialogs().findRequests.size() == 1);
-    test.Page().onCommand(OpenCommand);
+    test.Page().onCommand(PageCommand::Open);
     CHECK(test.Dialogs().openRequests.size() == 1);
-    test.Page().onCommand(SelectAllCommand);
+    test.Page().onCommand(PageCommand::SelectAll);
     CHECK(test.Page().Selection().span.length ==
           static_cast<TextPos>(HtmlForm::LongPage().text.size()));
 }

@@ -30,10 +30,10 @@ struct Zooming : HtmlForm {
 
 TEST_CASE("html zoom: the record has size and place of one moment") {
     Zooming test;
-    test.Press(187, CtrlKey);
+    test.Press(PlusKey, CtrlKey);
     CHECK(test.ZoomTag() == u"1");
     CHECK(test.Pair() == u"0 at 640");
-    test.Press(187, CtrlKey);
+    test.Press(PlusKey, CtrlKey);
     test.Autosave();
     CHECK(test.Pair() == u"0 at 640");
     test.Page().FinishZoom(900);
@@ -47,7 +47,7 @@ TEST_CASE("html zoom: the record has size and place of one moment") {
 
 TEST_CASE("html zoom: a size that settles under a dialog is stored when that is done") {
     Zooming test;
-    test.Press(187, CtrlKey);
+    test.Press(PlusKey, CtrlKey);
     test.Dialogs().whileOpen = [&] { test.Page().FinishZoom(900); };
     test.Menus().Click(test.Menu().mFileOpen);
     CHECK(test.Pair() == u"1 at 900");
@@ -69,7 +69,7 @@ TEST_CASE("html zoom: before a page is left its size settles") {
             Zooming test;
             if (answers) test.SettleWhenAsked(900);
             test.Page().answers = answers;
-            test.Press(187, CtrlKey);
+            test.Press(PlusKey, CtrlKey);
             leave(test);
             const int index = test.Order()[0] == u"/b/p.htm" ? 0 : 1;
             CHECK(test.Order()[static_cast<std::size_t>(index)] == u"/b/p.htm");
@@ -89,7 +89,7 @@ TEST_CASE("html zoom: keys pressed while a page loads come after its place") {
     test.PutHistory("/b/p.htm=2021:1:1:1:1:1=2==2=0=0=0=0=0=1=0=0=16711680=1200=6=Old=\r\n");
     test.PutPage(u"/b/p.htm");
     REQUIRE(test.Start());
-    test.Press(187, CtrlKey);
+    test.Press(PlusKey, CtrlKey);
     CHECK(test.ZoomTag() == u"3");
     CHECK(test.Record(0)[Field::FontSize] == u"2");
     test.Page().zoomsAtOnce = false;

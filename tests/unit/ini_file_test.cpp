@@ -404,12 +404,12 @@ TEST_CASE("file dates: existence and stamps") {
 
     const DateTime date{1999, 12, 31, 23, 59, 58};
     const DateTime now = store.clock.Now();
-    CHECK(SetFileDate(files, store.path, date, FileStamp::LastAccess));
-    CHECK(GetFileDate(files, store.path, FileStamp::LastAccess) == date);
-    CHECK(GetFileDate(files, store.path, FileStamp::LastWrite) == now);
+    CHECK(SetFileDate(files, store.path, date, FileTime::LastAccess));
+    CHECK(GetFileDate(files, store.path, FileTime::LastAccess) == date);
+    CHECK(GetFileDate(files, store.path, FileTime::LastWrite) == now);
     const auto version = files.Version(store.path);
-    CHECK(SetFileDate(files, store.path, now, FileStamp::LastWrite));
+    CHECK(SetFileDate(files, store.path, now, FileTime::LastWrite));
     CHECK(files.Version(store.path) == version); // equal: not set again
-    CHECK_FALSE(GetFileDate(files, u"/none", FileStamp::Creation));
-    CHECK_FALSE(SetFileDate(files, u"/none", date, FileStamp::LastWrite));
+    CHECK_FALSE(GetFileDate(files, u"/none", FileTime::Creation));
+    CHECK_FALSE(SetFileDate(files, u"/none", date, FileTime::LastWrite));
 }

@@ -24,9 +24,9 @@ TEST_CASE("page colours: letters change only where the reader's background would
         {{0x0000FF, 0xFFFFFF}, 0x0000FF, 0xFFFFFF},
     };
     for (const Case& row : table) {
-        CAPTURE(row.own.letters);
+        CAPTURE(row.own.text);
         CAPTURE(row.background);
-        CHECK(ReadableLetters(row.own, row.background) == row.letters);
+        CHECK(ReadableTextColor(row.own, row.background) == row.letters);
     }
 }
 

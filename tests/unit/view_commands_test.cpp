@@ -206,13 +206,13 @@ TEST_CASE("keys: font size on key up, shortcuts on key down, Alt+F2 without a po
     Reading test;
     const auto up = [&](int key, int shift) { test.Window().Events().onKeyUp(key, shift); };
     const auto down = [&](int key, int shift) { test.Window().Events().onKeyDown(key, shift); };
-    up(187, CtrlKey);
+    up(PlusKey, CtrlKey);
     up(107, CtrlKey);
     CHECK(test.form.viewFont.size == 12);
-    up(189, CtrlKey);
+    up(MinusKey, CtrlKey);
     up(109, CtrlKey);
     up(48, CtrlKey); // Ctrl+0 does nothing here
-    down(187, CtrlKey);
+    down(PlusKey, CtrlKey);
     CHECK(test.form.viewFont.size == 10);
     up(113, AltKey);
     CHECK(test.View().SelStart() == 0);

@@ -82,7 +82,7 @@ void EngineHtmlView::SetBackColor(std::uint32_t redGreenBlue) {
     Order(QStringLiteral("setBackColor('%1')").arg(ColorName(redGreenBlue)));
 }
 
-void EngineHtmlView::SetLetterColor(std::optional<std::uint32_t> redGreenBlue) {
+void EngineHtmlView::SetTextColor(std::optional<std::uint32_t> redGreenBlue) {
     const QString color = redGreenBlue ? ColorName(*redGreenBlue) : QString();
     Order(QStringLiteral("setLetterColor('%1')").arg(color));
 }

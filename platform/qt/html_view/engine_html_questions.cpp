@@ -26,7 +26,7 @@ void EngineHtmlView::EndWait() {
 bool EngineHtmlView::eventFilter(QObject*, QEvent* event) {
     if (event->type() != QEvent::Close) return false;
     EndWait();
-    const auto state = Ask(QStringLiteral("state()"), QDeadlineTimer(longestPageWait),
+    const auto state = Ask(QStringLiteral("state()"), QDeadlineTimer(maxPageWait),
                            QEventLoop::ExcludeUserInputEvents);
     if (state) TakeState(*state);
     closing_ = true;
@@ -89,7 +89,7 @@ bool EngineHtmlView::FetchText(QDeadlineTimer end) {
 std::optional<PageMatch> EngineHtmlView::FindBehindSelection(std::u16string_view asked,
                                                              FindOptions options) {
     const std::u16string what(asked); // its owner may change it while the page is waited for
-    const QDeadlineTimer end(longestPageWait);
+    const QDeadlineTimer end(maxPageWait);
     if (!FetchText(end)) return std::nullopt;
     const auto state = Ask(QStringLiteral("state()"), end);
     if (!state) return std::nullopt;

@@ -78,7 +78,7 @@ void EngineHtmlView::ConnectPage(int page) {
     connect(page_.get(), &QWebEnginePage::selectionChanged, this, [this] { Refresh(); });
     widget_->onTouched = [this] { Refresh(); };
     widget_->onZoomKey = [this](int steps) { Zoom(steps); };
-    widget_->onCommand = [this](int command) { RunCommand(command); };
+    widget_->onCommand = [this](PageCommand command) { RunCommand(command); };
     widget_->hasSelection = [this] { return kept_.selection.span.length > 0; };
     widget_->hasText = [this] { return kept_.text; };
     widget_->onContextPress = [this](QPoint point) {
@@ -174,8 +174,8 @@ void EngineHtmlView::TellJump() {
         Qt::QueuedConnection);
 }
 
-void EngineHtmlView::RunCommand(int command) {
-    if (command == PrintCommand) {
+void EngineHtmlView::RunCommand(PageCommand command) {
+    if (command == PageCommand::Print) {
         print_ = new PrintJob(*widget_);
         print_->AskHow();
     }

@@ -34,7 +34,7 @@ class EngineHtmlView final : public QObject, public EngineView {
     void Select(const PageSpan&) override;
     void SelectAll() override;
     void SetBackColor(std::uint32_t redGreenBlue) override;
-    void SetLetterColor(std::optional<std::uint32_t> redGreenBlue) override;
+    void SetTextColor(std::optional<std::uint32_t> redGreenBlue) override;
     void SendZoomKey(bool larger) override; // the caller tells the window
 
     bool HasBody() const override { return kept_.body; }
@@ -83,7 +83,7 @@ class EngineHtmlView final : public QObject, public EngineView {
     bool CanCall() const { return page_ && kept_.body; }
     void FollowLink(const QUrl&);
     void TellJump();
-    void RunCommand(int command);
+    void RunCommand(PageCommand);
     void Zoom(int steps);
     void SetPageZoom();
     void Zoomed(const QVariant& state, int changes);
@@ -92,7 +92,7 @@ class EngineHtmlView final : public QObject, public EngineView {
     void Refresh();
     void TakeState(const QVariant& state);
     std::optional<QVariant> Ask(const QString& expression,
-                                QDeadlineTimer end = QDeadlineTimer(longestPageWait),
+                                QDeadlineTimer end = QDeadlineTimer(maxPageWait),
                                 QEventLoop::ProcessEventsFlags = QEventLoop::AllEvents);
     bool FetchText(QDeadlineTimer end);
     void EndWait();

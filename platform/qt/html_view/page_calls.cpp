@@ -9,7 +9,7 @@
 #include <cmath>
 
 namespace {
-constexpr int longestZoom = 1000; // milliseconds from the first answer; a page takes a few
+constexpr int maxZoomTime = 1000; // milliseconds from the first answer; a page takes a few
 constexpr int askAgain = 2;       // milliseconds
 constexpr QLatin1String stateQuestion("state()");
 
@@ -88,7 +88,7 @@ void PageCalls::AskForRatio() {
     const auto answered = [this, alive = QPointer<PageCalls>(this)](const QVariant& ratio) {
         if (!alive) return;
         const Step& step = steps_.front();
-        if (zoomEnd_.isForever()) zoomEnd_.setRemainingTime(longestZoom);
+        if (zoomEnd_.isForever()) zoomEnd_.setRemainingTime(maxZoomTime);
         if (std::abs(ratio.toDouble() - step.pixelRatio) > 0.01 && !zoomEnd_.hasExpired()) {
             page_.setZoomFactor(step.factor); // the last of steps given meanwhile
             return again_.start(askAgain);

@@ -10,14 +10,14 @@
 namespace {
 // A page of 50 MB takes 2 GB. The engine itself ends at some 4 GB of text and elements, but not for
 // what it paints.
-constexpr std::int64_t mostForAnyPage = std::int64_t{4} << 30;
+constexpr std::int64_t maxForAnyPage = std::int64_t{4} << 30;
 
 // Half of the machine at most, so that what else runs is not driven out of it. Also what the user
 // has set for resident memory (ulimit -m), which the system itself does not hold.
 std::int64_t Limit() {
     const std::int64_t machine =
         static_cast<std::int64_t>(sysconf(_SC_PHYS_PAGES)) * sysconf(_SC_PAGESIZE);
-    std::int64_t limit = machine > 0 ? std::min(mostForAnyPage, machine / 2) : mostForAnyPage;
+    std::int64_t limit = machine > 0 ? std::min(maxForAnyPage, machine / 2) : maxForAnyPage;
     rlimit set = {};
     if (getrlimit(RLIMIT_RSS, &set) == 0 && set.rlim_cur < static_cast<rlim_t>(limit))
         limit = static_cast<std::int64_t>(set.rlim_cur);

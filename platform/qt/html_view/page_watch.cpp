@@ -8,7 +8,7 @@ namespace {
 constexpr int tick = 1000; // milliseconds
 // In ticks. A page of 50 MB is busy for two or three at a stretch while it loads and for twelve
 // when it gets another size; on a slow machine that may be told of as a hang, and is no harm.
-constexpr int longestSilence = 20;
+constexpr int maxSilence = 20;
 } // namespace
 
 PageWatch::PageWatch(QWebEnginePage& page) : page_(page) {
@@ -20,7 +20,7 @@ PageWatch::PageWatch(QWebEnginePage& page) : page_(page) {
 void PageWatch::Tick() {
     if (memory_.IsTooMuch(page_.renderProcessPid())) return onTooLarge();
     if (unanswered_ == 0) Ask();
-    if (++unanswered_ <= longestSilence || silent_) return;
+    if (++unanswered_ <= maxSilence || silent_) return;
     silent_ = true;
     onChange();
 }

@@ -1,5 +1,5 @@
-// Whether a page answers, and keeps within its memory. The engine tells of a page that has died, but
-// of none that hangs or eats up the machine.
+// Whether a page answers, and keeps within its memory. The engine tells of a page that has died,
+// but of none that hangs or eats up the machine.
 #pragma once
 
 #include "platform/qt/html_view/page_memory.h"

@@ -90,11 +90,11 @@ void PageWidget::contextMenuEvent(QContextMenuEvent* event) {
     if (isPress) onContextPress(event->pos());
     menu_ = std::make_unique<QMenu>(this);
     // Whether the press has cleared the selection the page says in a moment.
-    copy_ = AddCommand(tr("&Copy"), CopyCommand, !isPress && hasSelection());
-    AddCommand(tr("Select &All"), SelectAllCommand, hasText());
-    AddCommand(tr("&Find..."), FindCommand, hasText());
-    AddCommand(tr("&Open..."), OpenCommand, true);
-    AddCommand(tr("&Print..."), PrintCommand, true);
+    copy_ = AddCommand(tr("&Copy"), PageCommand::Copy, !isPress && hasSelection());
+    AddCommand(tr("Select &All"), PageCommand::SelectAll, hasText());
+    AddCommand(tr("&Find..."), PageCommand::Find, hasText());
+    AddCommand(tr("&Open..."), PageCommand::Open, true);
+    AddCommand(tr("&Print..."), PageCommand::Print, true);
     menu_->popup(event->globalPos());
 }
 
@@ -102,7 +102,7 @@ void PageWidget::SetHasSelection(bool has) {
     if (menu_ && menu_->isVisible()) copy_->setEnabled(has);
 }
 
-QAction* PageWidget::AddCommand(const QString& caption, int command, bool enabled) {
+QAction* PageWidget::AddCommand(const QString& caption, PageCommand command, bool enabled) {
     QAction* action = menu_->addAction(caption, this, [this, command] { onCommand(command); });
     action->setEnabled(enabled);
     return action;

@@ -23,7 +23,7 @@ QString Sides(const QPrinter& printer) {
 } // namespace
 
 QString DocumentName(const QString& title) {
-    constexpr qsizetype longestName = 60; // units, so that no file system's limit is met
+    constexpr qsizetype maxNameLength = 60; // units, so that no file system's limit is met
     QString name;
     for (const QChar unit : title) {
         const bool plain = unit.isPrint() && unit != QLatin1Char('/') && unit != QChar(0xFFFD);
@@ -32,7 +32,7 @@ QString DocumentName(const QString& title) {
     name = name.simplified();
     while (name.startsWith(QLatin1Char('.'))) // would be hidden, or a folder
         name.remove(0, 1);
-    name.truncate(longestName);
+    name.truncate(maxNameLength);
     if (!name.isEmpty() && name.back().isHighSurrogate()) name.chop(1);
     return name.trimmed();
 }

@@ -147,16 +147,16 @@ QString AccessibleText::text(int start, int end) const {
     const TextPos nearestEnd = end < 0 ? 0 : characterCount();
     const auto [from, to] = std::minmax({Place(start).value_or(nearestStart), //
                                          Place(end).value_or(nearestEnd)});
-    if (to - from <= mostToldAtOnce) return ToldText(View().Layouts().Context(), {from, to});
-    const TextPos cut = BeforeCharacter(View().Source(), from + mostToldAtOnce);
+    if (to - from <= maxAnswerLength) return ToldText(View().Layouts().Context(), {from, to});
+    const TextPos cut = BeforeCharacter(View().Source(), from + maxAnswerLength);
     return ToldText(View().Layouts().Context(), {from, cut});
 }
 
 TextSpan AccessibleText::StretchAt(TextPos position, QAccessible::TextBoundaryType type) const {
     if (type != QAccessible::NoBoundary) return UnitAt(View().Layouts(), position, UnitOf(type));
     const TextSource& text = View().Source();
-    const TextPos start = position / mostToldAtOnce * mostToldAtOnce;
-    const TextPos end = std::min(text.Length() - start, mostToldAtOnce) + start;
+    const TextPos start = position / maxAnswerLength * maxAnswerLength;
+    const TextPos end = std::min(text.Length() - start, maxAnswerLength) + start;
     return {BeforeCharacter(text, start), BeforeCharacter(text, end)};
 }
 

@@ -11,11 +11,11 @@ class TextWidget;
 
 // Offsets count UTF-16 units, as everywhere in Qt; -1 stands for the text's length and -2 for the
 // caret. No call takes longer for a long text than for a short one, so that a book of a gigabyte
-// can be read too: for this a call returns at most `mostToldAtOnce` units, and the stretches are
+// can be read too: for this a call returns at most `maxAnswerLength` units, and the stretches are
 // those of `UnitAt`.
 class AccessibleText final : public QAccessibleWidget, public QAccessibleTextInterface {
   public:
-    static constexpr TextPos mostToldAtOnce = 256 * 1024;
+    static constexpr TextPos maxAnswerLength = 256 * 1024;
 
     explicit AccessibleText(TextWidget& view);
 

@@ -8,15 +8,15 @@
 #include <cmath>
 
 namespace {
-constexpr double smallestFont = 1, largestFont = 1638; // points
+constexpr double minFont = 1, maxFont = 1638; // points
 
 // A colourful book has some tens. For each that is not installed the system looks for another,
 // which takes milliseconds; text in fonts beyond is shown in the document's default.
-constexpr std::size_t mostFamilies = 100;
+constexpr std::size_t maxFamilies = 100;
 
 // Each family, size and weight is a font of its own to the system, and takes it half a millisecond.
 // What goes beyond is shown in the document's default font, in the nearest of some twenty sizes.
-constexpr std::size_t mostFonts = 250;
+constexpr std::size_t maxFonts = 250;
 
 std::uint16_t CoarseSize(std::uint16_t halfPoints) {
     const double steps = std::round(2 * std::log2(std::max<double>(halfPoints, 2)));
@@ -28,7 +28,7 @@ QString FontName(const std::u16string& name) {
 }
 
 double FontSize(double points) {
-    return std::clamp(points, smallestFont, largestFont);
+    return std::clamp(points, minFont, maxFont);
 }
 } // namespace
 
@@ -110,10 +110,10 @@ QTextCharFormat CharFormats::MakeFormat(const CharStyle& style) {
 // The style in a font that the text is shown in already, or in another one while there are few.
 CharStyle CharFormats::WithinBounds(CharStyle style) {
     if (style.font >= document_.fonts.size()) style.font = 0;
-    if (families_.size() < mostFamilies) families_.insert(style.font);
+    if (families_.size() < maxFamilies) families_.insert(style.font);
     if (!families_.contains(style.font)) style.font = 0;
     const FontKey key{style.font, style.halfPoints, style.bold, style.italic};
-    if (fonts_.size() < mostFonts) fonts_.insert(key);
+    if (fonts_.size() < maxFonts) fonts_.insert(key);
     if (fonts_.contains(key)) return style;
     style.font = 0;
     style.halfPoints = CoarseSize(style.halfPoints);

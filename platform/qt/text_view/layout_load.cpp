@@ -6,7 +6,7 @@
 #include <algorithm>
 
 namespace {
-constexpr TextPos longestWord = 512; // units without a place where a line may break
+constexpr TextPos maxWordLength = 512; // units without a place where a line may break
 
 bool IsExtender(char32_t character) {
     if (character >= u' ' && character < 0x7F) return false;
@@ -63,9 +63,9 @@ class UnitCounter {
   private:
     void AddCharacter(char32_t character, TextPos units) {
         wordLength_ = IsLetterOfWord(character) ? wordLength_ + units : 0;
-        const bool piledUp = cluster_.Add(character) >= longestCluster;
+        const bool piledUp = cluster_.Add(character) >= maxClusterLength;
         const bool rare = units > 1 || IsInNoFont(character); // sought in one font after the other
-        if (piledUp || rare || character == u'\t' || wordLength_ > longestWord) heavy_ += units;
+        if (piledUp || rare || character == u'\t' || wordLength_ > maxWordLength) heavy_ += units;
     }
 
     ClusterLength cluster_;

@@ -4,8 +4,8 @@
 // joined characters, characters without a width) or lets a line break nowhere.
 #pragma once
 
+#include "common/text_source.h"
 #include "formats/document.h"
-#include "platform/text_source.h"
 
 #include <QChar>
 
@@ -22,7 +22,7 @@ class ClusterLength {
 
 // More units of a cluster than this are not shaped together. The longest sequences of emoji have
 // some twenty, and stream-safe text at most 30 marks on a letter.
-constexpr int longestCluster = 32;
+constexpr int maxClusterLength = 32;
 
 TextPos HeavyUnits(const TextSource& text, const Document& document, TextPos start, TextPos end);
 

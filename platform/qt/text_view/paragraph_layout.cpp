@@ -42,7 +42,7 @@ void CutClusters(QString& text) {
         next = at + (pair ? 2 : 1);
         const char32_t character =
             pair ? QChar::surrogateToUcs4(text[at], text[at + 1]) : char32_t(text[at].unicode());
-        if (cluster.Add(character) < longestCluster) continue;
+        if (cluster.Add(character) < maxClusterLength) continue;
         if (SetsDirection(character)) continue; // to the text's end, if its end were left out
         text[at] = pair ? leftOutPair[0] : leftOut;
         if (pair) text[at + 1] = leftOutPair[1];
@@ -281,7 +281,7 @@ TextPos ParagraphLayout::PositionInLine(int index, int x) const {
     const TextPos told = start + line.xToCursor(AskedX(*text, line, x));
     TextPos at = std::clamp(told, first, last);
     if (!text->isValidCursorPosition(at - start)) at = std::max(first, PlaceBefore(at));
-    constexpr int mostSteps = 64; // with characters that have no width on both sides
+    constexpr int maxSteps = 64; // with characters that have no width on both sides
     TextPos nearest = at;
     double least = std::abs(X(index, at) - x);
     int steps = 0;
@@ -289,7 +289,7 @@ TextPos ParagraphLayout::PositionInLine(int index, int x) const {
     const auto leadsOn = [&](TextPos place) {
         const double distance = std::abs(X(index, place) - x);
         steps = distance < least ? 0 : steps + 1;
-        if (distance > least || steps > mostSteps) return false;
+        if (distance > least || steps > maxSteps) return false;
         if (distance < least) nearest = place;
         least = distance;
         return true;
@@ -330,7 +330,7 @@ TextPos ParagraphLayout::CharacterInLine(int index, double x) const {
 
 // A line with tabs is in a layout of its own, which is given so many tabs at first: the layout's
 // work grows with the square of them, and so would ours with all that are left for each line.
-constexpr int leastTabs = 16;
+constexpr int minTabs = 16;
 
 // Behind so many tabs from a position on; the text's end where there are fewer.
 qsizetype EndOfTabs(const QString& text, qsizetype from, int tabs) {
@@ -346,7 +346,7 @@ std::vector<ParagraphLayout> LayOutParagraph(const LayoutContext& context,
     std::vector<ParagraphLayout> layouts;
     ParagraphPart rest = part;
     const QString text = LayoutText(context, part);
-    int tabs = leastTabs;
+    int tabs = minTabs;
     for (int y = 0;;) {
         const ParagraphShape shape = ShapeOf(context, rest, text);
         const qsizetype from = rest.start - part.start;

@@ -1,10 +1,10 @@
 // One paragraph laid out in lines.
 #pragma once
 
+#include "common/text_source.h"
 #include "formats/document.h"
 #include "platform/qt/text_view/char_formats.h"
 #include "platform/qt/text_view/picture_store.h"
-#include "platform/text_source.h"
 
 #include <QPoint>
 #include <QRect>

@@ -10,12 +10,12 @@
 #include <cmath>
 
 namespace {
-constexpr std::int32_t leastTextWidth = 960; // twips left to the text however large the indents are
+constexpr std::int32_t minTextWidth = 960;   // twips left to the text however large the indents are
 constexpr std::int32_t unknownPicture = 480; // twips; the side of one whose size nobody knows
-constexpr std::int32_t leastTab = 60;        // twips
-constexpr int mostUsualTabs = 200;
-constexpr std::size_t mostOwnTabs = 200; // of a paragraph; word processors take some 60
-constexpr int tallestPicture = 4096;     // pixels
+constexpr std::int32_t minTab = 60;          // twips
+constexpr int maxDefaultTabs = 200;
+constexpr std::size_t maxCustomTabs = 200; // of a paragraph; word processors take some 60
+constexpr int tallestPicture = 4096;       // pixels
 constexpr int plainTabSpaces = 8;
 
 // The alignment as it is seen. What the user sets holds for the eye; a file's "left" is where a
@@ -30,7 +30,7 @@ void SetIndents(const LayoutContext& context, const ParagraphStyle& style,
                 const ParagraphPart& part, ParagraphShape& shape) {
     const int left = std::max(0, context.Pixels(style.leftIndent));
     const int right = std::max(0, context.Pixels(style.rightIndent));
-    const int most = std::max(0, shape.alignWidth - context.Pixels(leastTextWidth));
+    const int most = std::max(0, shape.alignWidth - context.Pixels(minTextWidth));
     shape.indent = std::min(shape.rightToLeft ? right : left, most);
     shape.farIndent = std::min(shape.rightToLeft ? left : right, most - shape.indent);
     const int first = part.first ? context.Pixels(style.firstLineIndent) : 0;
@@ -46,7 +46,7 @@ void SetSpacing(const LayoutContext& context, const ParagraphStyle& style,
     else if (style.lineSpacing < 0)
         shape.exactLine = std::max(1, context.Pixels(-std::max(style.lineSpacing, -0x7FFFFFFF)));
     else
-        shape.leastLine = context.Pixels(style.lineSpacing);
+        shape.minLine = context.Pixels(style.lineSpacing);
 }
 
 // The layout takes tab stops to be measures of the first screen and makes them those of its device.
@@ -60,15 +60,15 @@ double TabStop(const LayoutContext& context, double pixels) {
 // line does: it is the only one of its layout with tabs.
 void SetTabs(const LayoutContext& context, const ParagraphStyle& style, ParagraphShape& shape) {
     std::vector<int> stops; // from the paragraph's edge
-    const std::size_t own = std::min(style.tabStops.size(), mostOwnTabs);
+    const std::size_t own = std::min(style.tabStops.size(), maxCustomTabs);
     for (std::size_t i = 0; i < own; ++i)
         stops.push_back(context.Pixels(style.tabStops[i]));
     // A first line that hangs out to the left has a stop where the other lines begin.
     if (shape.firstIndent < shape.indent) stops.push_back(shape.indent);
     std::sort(stops.begin(), stops.end());
-    const int usual = context.Pixels(std::max(leastTab, context.document.defaultTab));
+    const int usual = context.Pixels(std::max(minTab, context.document.defaultTab));
     int stop = stops.empty() ? 0 : stops.back() / usual * usual;
-    for (int i = 0; i < mostUsualTabs && stop < shape.breakWidth; ++i)
+    for (int i = 0; i < maxDefaultTabs && stop < shape.breakWidth; ++i)
         stops.push_back(stop += usual);
     // One that aligns a delimiter which is nowhere in the text is one for what stands behind it, in
     // either direction. For a plain one the layout measures all text behind each tab, in vain.
@@ -106,7 +106,7 @@ int ParagraphShape::TextWidth() const {
 int ParagraphShape::LineHeight(int natural) const {
     if (exactLine > 0) return exactLine;
     const int height = int(std::lround(natural * lineFactor));
-    return std::max({1, height, leastLine});
+    return std::max({1, height, minLine});
 }
 
 int ParagraphShape::AlignmentShift(int room) const {

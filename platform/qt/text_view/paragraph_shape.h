@@ -11,7 +11,7 @@ struct ParagraphShape {
     // From the edge where lines begin, for the first line and the others, and from the far edge.
     int firstIndent = 0, indent = 0, farIndent = 0;
     int spaceBefore = 0, spaceAfter = 0;
-    int exactLine = 0, leastLine = 0; // 0: none
+    int exactLine = 0, minLine = 0; // 0: none
     double lineFactor = 1;
     bool justified = false; // lines are stretched where they can be
     int breakWidth = 1, alignWidth = 1;

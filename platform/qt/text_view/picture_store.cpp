@@ -6,7 +6,7 @@
 #include <algorithm>
 
 namespace {
-constexpr qint64 mostPixels = 64 * 1024 * 1024; // a file may declare more than memory can hold
+constexpr qint64 maxPixels = 64 * 1024 * 1024; // a file may declare more than memory can hold
 constexpr int cacheKilobytes = 64 * 1024, cachedSizes = 4096;
 
 class PictureReader {
@@ -19,7 +19,7 @@ class PictureReader {
         if (picture.format != PictureFormat::Other) size_ = reader_.size();
     }
     bool Readable() const {
-        return size_.isValid() && qint64(size_.width()) * size_.height() <= mostPixels;
+        return size_.isValid() && qint64(size_.width()) * size_.height() <= maxPixels;
     }
     QSize Size() const { return Readable() ? size_ : QSize(); }
     QImage Image() { return Readable() ? reader_.read() : QImage(); }

@@ -67,12 +67,12 @@ void QtTextView::LoadText(std::shared_ptr<const TextSource> text) {
     widget_->ShowText(std::move(text));
 }
 
-std::uint64_t QtTextView::LargestText() const {
-    return largestPlainText;
+std::uint64_t QtTextView::MaxTextSize() const {
+    return maxPlainTextSize;
 }
 
 void QtTextView::Show(Document document, bool plain) {
-    if (document.text.size() > std::size_t(longestText)) document.text.resize(longestText);
+    if (document.text.size() > std::size_t(maxTextLength)) document.text.resize(maxTextLength);
     ForgetFormatting();
     widget_->ShowText(std::move(document), plain);
 }

@@ -22,7 +22,7 @@ class QtTextView : public TextView {
 
     void LoadPlainText(std::u16string text) override;
     void LoadText(std::shared_ptr<const TextSource> text) override;
-    std::uint64_t LargestText() const override;
+    std::uint64_t MaxTextSize() const override;
     void LoadRichText(std::string bytes, int systemCodePage) override;
     void LoadDocument(struct Document document); // what LoadRichText shows once it is read
     TextPos TextLength() const override;

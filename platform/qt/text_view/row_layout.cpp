@@ -5,7 +5,7 @@
 
 namespace {
 // In twips; the margin is above and below.
-constexpr std::int32_t leastCellWidth = 360, cellMargin = 30;
+constexpr std::int32_t minCellWidth = 360, cellMargin = 30;
 
 // A cell of the rows that are laid out, with what its height depends on.
 struct RowCell {
@@ -21,7 +21,7 @@ std::vector<int> CellEdges(const LayoutContext& context, const TableRow& row, in
     int edge = 0;
     for (const TableCell& cell : row.cells) {
         edge = std::max(context.Pixels(cell.rightEdge) - context.Pixels(row.leftEdge),
-                        edge + context.Pixels(leastCellWidth));
+                        edge + context.Pixels(minCellWidth));
         edges.push_back(edge);
     }
     const double scale = std::min(1.0, double(most) / std::max(1, edge));
@@ -62,7 +62,7 @@ int PlaceCells(const LayoutContext& context, const TextBlock& block, std::size_t
     const std::vector<int> edges = CellEdges(context, row, width);
     const int total = edges.back(), room = std::max(0, width - total);
     const int offset = std::clamp(context.Pixels(row.leftEdge), 0, room);
-    const int widestGap = 4 * context.Pixels(leastCellWidth);
+    const int widestGap = 4 * context.Pixels(minCellWidth);
     const auto above = CellsAbove(cells, index);
     for (std::size_t i = 0; i < row.cells.size(); ++i) {
         const int from = i == 0 ? 0 : edges[i - 1], cellWidth = edges[i] - from;

@@ -61,7 +61,7 @@ TextPos PieceEnd(const TextSource& text, TextPos position) {
 using Rows = std::span<const TableRow>;
 
 bool IsShownAsRow(const TableRow& row) {
-    return !row.cells.empty() && row.end - row.start <= longestRow;
+    return !row.cells.empty() && row.end - row.start <= maxRowLength;
 }
 
 // Whether the row shares a cell with the one before it.
@@ -77,7 +77,7 @@ bool IsJoined(const std::vector<TableRow>& rows, std::size_t index) {
 Rows JoinedRows(const std::vector<TableRow>& rows, std::size_t index) {
     std::size_t first = index, last = index;
     const auto fits = [&] {
-        return last - first < mostJoinedRows && rows[last].end - rows[first].start <= longestRow;
+        return last - first < maxJoinedRows && rows[last].end - rows[first].start <= maxRowLength;
     };
     while (fits() && IsJoined(rows, first))
         --first;
@@ -109,7 +109,7 @@ TextBlock BlockAt(const TextSource& text, const std::vector<TableRow>& rows, Tex
 
 namespace {
 // Of rows that are laid out together.
-constexpr std::size_t mostCells = 1024;
+constexpr std::size_t maxCells = 1024;
 constexpr TextPos heaviestRows = 4 * 1024;
 
 bool IsTooMuch(const TextSource& text, const Document& document, Rows rows) {
@@ -117,7 +117,7 @@ bool IsTooMuch(const TextSource& text, const Document& document, Rows rows) {
     for (const TableRow& row : rows)
         cells += row.cells.size();
     const TextPos start = rows.front().start, end = rows.back().end;
-    return cells > mostCells ||
+    return cells > maxCells ||
            (end - start > heaviestRows && HeavyUnits(text, document, start, end) > heaviestRows);
 }
 

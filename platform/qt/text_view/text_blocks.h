@@ -5,8 +5,8 @@
 // so nothing is built when a book is opened and a gigabyte of empty lines costs no memory.
 #pragma once
 
+#include "common/text_source.h"
 #include "formats/document.h"
-#include "platform/text_source.h"
 
 #include <span>
 
@@ -20,12 +20,12 @@ struct TextBlock {
 constexpr TextPos pieceLength = 16 * 1024;
 
 // Longer texts are cut off: positions, and what is computed with them, must fit in 32 bits.
-constexpr TextPos longestText = 0x7FFFFFFF - 4 * pieceLength;
+constexpr TextPos maxTextLength = 0x7FFFFFFF - 4 * pieceLength;
 
 // A longer row is shown as paragraphs, cell after cell. Rows that share cells and are longer or
 // more than this together stand each by itself.
-constexpr TextPos longestRow = 32 * 1024;
-constexpr std::size_t mostJoinedRows = 256;
+constexpr TextPos maxRowLength = 32 * 1024;
+constexpr std::size_t maxJoinedRows = 256;
 
 // The block that holds `position`, which must be in the text or at its end. After a last paragraph
 // break (and in an empty text) there is one more block, an empty one.

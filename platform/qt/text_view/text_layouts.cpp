@@ -5,7 +5,7 @@
 
 namespace {
 // A laid-out character takes about 100 bytes, a run as much again, a paragraph some KB.
-constexpr std::size_t mostLoad = 512 * 1024, paragraphLoad = 32, mostBlocks = 2048;
+constexpr std::size_t maxLoad = 512 * 1024, paragraphLoad = 32, maxBlocks = 2048;
 
 std::size_t Load(const TextLayouts::Layout& layout) {
     std::size_t load = 0;
@@ -58,7 +58,7 @@ TextLayouts::Layout TextLayouts::Before(const Layout& layout) {
 }
 
 void TextLayouts::Trim() {
-    while (recent_.size() > 1 && (recent_.size() > mostBlocks || load_ > mostLoad)) {
+    while (recent_.size() > 1 && (recent_.size() > maxBlocks || load_ > maxLoad)) {
         load_ -= Load(recent_.back());
         byStart_.erase(recent_.back()->block.start);
         recent_.pop_back();

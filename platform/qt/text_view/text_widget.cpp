@@ -17,7 +17,7 @@
 #include <utility>
 
 namespace {
-constexpr int leastMargin = 6, marginShare = 40; // of the widget's pixels, and of its width
+constexpr int minMargin = 6, marginShare = 40; // of the widget's pixels, and of its width
 constexpr int widestLine = 1 << 24; // pixels; Qt's fixed point numbers hold twice as much
 constexpr double metresPerInch = 0.0254;
 
@@ -114,7 +114,7 @@ bool TextWidget::MeasureScreen() {
 void TextWidget::Fit() {
     const bool sameScreen = !MeasureScreen();
     const int whole = Pixels(maximumViewportSize().width());
-    margin_ = std::max(Pixels(leastMargin), whole / marginShare);
+    margin_ = std::max(Pixels(minMargin), whole / marginShare);
     const int room = std::max(1, whole - 2 * margin_);
     const int breakWidth = BreakWidth(room), viewWidth = std::min(room, breakWidth);
     setHorizontalScrollBarPolicy(breakWidth > room ? Qt::ScrollBarAlwaysOn

@@ -12,7 +12,7 @@
 #include <memory>
 
 namespace {
-constexpr int mostRedirections = 5;
+constexpr int maxRedirections = 5;
 
 bool IsThisComputer(const QUrl& url) {
     return url.host() == QLatin1String("localhost") || QHostAddress(url.host()).isLoopback();
@@ -46,7 +46,7 @@ QNetworkRequest RequestFor(const QUrl& address) {
     QNetworkRequest request(address);
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                          QNetworkRequest::UserVerifiedRedirectPolicy);
-    request.setMaximumRedirectsAllowed(mostRedirections);
+    request.setMaximumRedirectsAllowed(maxRedirections);
     for (const auto attribute :
          {QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::CookieSaveControlAttribute,
           QNetworkRequest::AuthenticationReuseAttribute})

@@ -1,6 +1,6 @@
 #include "platform/windows/html_view/inner_window.h"
 
-#include "platform/html_view.h"
+#include "platform/windows/html_view/page_menu.h"
 
 #include <commctrl.h>
 #include <windowsx.h>
@@ -15,11 +15,6 @@ HWND FindInner(HWND host) {
          {L"Shell Embedding", L"Shell DocObject View", L"Internet Explorer_Server"})
         if (window) window = FindWindowExW(window, nullptr, name, nullptr);
     return window;
-}
-
-bool IsPageCommand(int command) {
-    return command == CopyCommand || command == SelectAllCommand || command == FindCommand ||
-           command == OpenCommand || command == PrintCommand;
 }
 
 } // namespace
@@ -68,11 +63,11 @@ LRESULT InnerWindow::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
 // The engine carries out no command but printing. Notes of the page's fields, which are windows of
 // their own, are none.
 LRESULT InnerWindow::Command(WPARAM wParam, LPARAM lParam) {
-    const int command = LOWORD(wParam);
+    const auto command = PageCommandOf(LOWORD(wParam));
     const HWND window = window_;
     if (lParam != 0) return DefSubclassProc(window, WM_COMMAND, wParam, lParam);
-    if (IsPageCommand(command)) owner_.Commanded(command);
-    return command == PrintCommand ? DefSubclassProc(window, WM_COMMAND, wParam, lParam) : 0;
+    if (command) owner_.Commanded(*command);
+    return command == PageCommand::Print ? DefSubclassProc(window, WM_COMMAND, wParam, lParam) : 0;
 }
 
 // A press that nothing follows puts the caret there. The engine then holds the mouse to extend a

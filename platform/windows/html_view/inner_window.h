@@ -1,13 +1,14 @@
 // The engine's own window inside the control: its commands and clicks, before it takes them itself.
 #pragma once
 
+#include "platform/html_view.h"
 #include "platform/windows/win32.h"
 
 class InnerWindow {
   public:
     class Owner {
       public:
-        virtual void Commanded(int command) = 0;            // a PageCommand
+        virtual void Commanded(PageCommand) = 0;
         virtual bool IsInSelection(POINT pixels) const = 0; // from the window's upper left
 
       protected:

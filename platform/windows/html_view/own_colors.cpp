@@ -34,7 +34,7 @@ PageColors ColorsOf(const PageDocument& document) {
     auto paper = ColorIn(body, &IHTMLCSSStyleDeclaration::get_backgroundColor);
     if (!paper) paper = ColorIn(root, &IHTMLCSSStyleDeclaration::get_backgroundColor);
     PageColors colors;
-    colors.letters = ColorIn(body, &IHTMLCSSStyleDeclaration::get_color).value_or(colors.letters);
-    colors.paper = paper.value_or(colors.paper);
+    colors.text = ColorIn(body, &IHTMLCSSStyleDeclaration::get_color).value_or(colors.text);
+    colors.background = paper.value_or(colors.background);
     return colors;
 }

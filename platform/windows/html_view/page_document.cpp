@@ -138,7 +138,7 @@ bool PageDocument::SetBackColor(std::uint32_t redGreenBlue) {
     return style && SUCCEEDED(style->put_backgroundColor(color.Get()));
 }
 
-bool PageDocument::SetLetterColor(std::optional<std::uint32_t> redGreenBlue) {
+bool PageDocument::SetTextColor(std::optional<std::uint32_t> redGreenBlue) {
     const auto style = StyleOf(body_);
     const Variant color(redGreenBlue ? ColorName(*redGreenBlue) : ownLetters_);
     return style && SUCCEEDED(style->put_color(color.Get()));

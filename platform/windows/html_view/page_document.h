@@ -26,8 +26,8 @@ class PageDocument {
     std::optional<int> TopMargin() const;
 
     bool ScrollTo(int left, int top);
-    bool SetBackColor(std::uint32_t redGreenBlue);                  // 0x00RRGGBB
-    bool SetLetterColor(std::optional<std::uint32_t> redGreenBlue); // nothing: the page's own
+    bool SetBackColor(std::uint32_t redGreenBlue);                // 0x00RRGGBB
+    bool SetTextColor(std::optional<std::uint32_t> redGreenBlue); // nothing: the page's own
     // The style of the body or of the root element as it came about; null without one.
     ComPtr<IHTMLCSSStyleDeclaration> ComputedStyle(bool ofBody) const;
 

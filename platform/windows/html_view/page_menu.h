@@ -1,7 +1,13 @@
-// The context menu of a page.
+// The context menu of a page, and its commands as the engine numbers them (mshtmcid.h).
 #pragma once
 
+#include "platform/html_view.h"
 #include "platform/windows/win32.h"
 
-// The PageCommand that the user chose at `place` on the screen, 0 for none.
-int AskPageCommand(HWND owner, POINT place, bool hasText, bool hasSelection);
+#include <optional>
+
+std::optional<PageCommand> PageCommandOf(int number); // nothing for any other of the engine's
+int NumberOf(PageCommand);
+
+// What the user chose at `place` on the screen.
+std::optional<PageCommand> AskPageCommand(HWND owner, POINT place, bool hasText, bool hasSelection);

@@ -156,12 +156,13 @@ void WinHtmlView::MenuWanted(POINT place) {
 
 // A command goes the way that the engine's own menu sends it.
 void WinHtmlView::ShowMenu(POINT place) {
-    const int command = AskPageCommand(window_.Handle(), place, HasText(), !SelectedText().empty());
-    if (command == 0) return;
-    if (inner_.Handle()) SendMessageW(inner_.Handle(), WM_COMMAND, static_cast<WPARAM>(command), 0);
+    const auto command =
+        AskPageCommand(window_.Handle(), place, HasText(), !SelectedText().empty());
+    if (command && inner_.Handle())
+        SendMessageW(inner_.Handle(), WM_COMMAND, static_cast<WPARAM>(NumberOf(*command)), 0);
 }
 
-void WinHtmlView::Commanded(int command) {
+void WinHtmlView::Commanded(PageCommand command) {
     Later([this, command] {
         if (onCommand) onCommand(command);
     });

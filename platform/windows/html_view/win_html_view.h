@@ -39,7 +39,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     void Select(const PageSpan&) override;
     void SelectAll() override;
     void SetBackColor(std::uint32_t redGreenBlue) override;
-    void SetLetterColor(std::optional<std::uint32_t> redGreenBlue) override;
+    void SetTextColor(std::optional<std::uint32_t> redGreenBlue) override;
     void SendZoomKey(bool larger) override;
 
     bool HasBody() const override { return kept_.hasBody; }
@@ -83,7 +83,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     void EngineGone() override;
     void MenuWanted(POINT) override;
     void FilesDropped(const std::vector<std::u16string>& paths) override;
-    void Commanded(int command) override;
+    void Commanded(PageCommand) override;
     bool IsInSelection(POINT pixels) const override;
 
     void LeavePage();

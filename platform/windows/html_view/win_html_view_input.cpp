@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int smallestPercent = 10, largestPercent = 1000; // of the engine
+constexpr int minPercent = 10, maxPercent = 1000; // of the engine
 constexpr int usualDpi = 96;
 
 bool IsKey(UINT message) {
@@ -93,8 +93,8 @@ void WinHtmlView::LayOutAnew(const std::function<void()>& change) {
 
 // For the engine, 100 is one pixel of the screen for each of the page.
 int WinHtmlView::ZoomPercent() const {
-    return std::clamp(MulDiv(zoom_.Percent(), DpiOf(window_.Handle()), usualDpi), smallestPercent,
-                      largestPercent);
+    return std::clamp(MulDiv(zoom_.Percent(), DpiOf(window_.Handle()), usualDpi), minPercent,
+                      maxPercent);
 }
 
 bool WinHtmlView::IsInSelection(POINT pixels) const {

@@ -52,8 +52,8 @@ void WinHtmlView::SetBackColor(std::uint32_t redGreenBlue) {
     document_.SetBackColor(redGreenBlue);
 }
 
-void WinHtmlView::SetLetterColor(std::optional<std::uint32_t> redGreenBlue) {
-    document_.SetLetterColor(redGreenBlue);
+void WinHtmlView::SetTextColor(std::optional<std::uint32_t> redGreenBlue) {
+    document_.SetTextColor(redGreenBlue);
 }
 
 bool WinHtmlView::HasText() const {

@@ -6,7 +6,7 @@
 #include <cmath>
 
 namespace {
-constexpr double smallestFont = 1, largestFont = 1638, usualFont = 10; // points
+constexpr double minFont = 1, maxFont = 1638, usualFont = 10; // points
 
 int Gray(Color color) {
     return int((color & 0xFF) * 11 + (color >> 8 & 0xFF) * 16 + (color >> 16 & 0xFF) * 5) / 32;
@@ -17,7 +17,7 @@ bool Contrast(Color a, Color b) {
 }
 
 double PointSize(const ViewFont& font) {
-    return std::clamp(font.size > 0 ? font.size : usualFont, smallestFont, largestFont);
+    return std::clamp(font.size > 0 ? font.size : usualFont, minFont, maxFont);
 }
 
 std::u16string FaceName(const ViewFont& font) {

@@ -4,8 +4,8 @@
 #include <limits>
 
 namespace {
-constexpr TextPos widestGap = 64;    // units of both sides together
-constexpr int mostTries = 5'000'000; // in looking for gaps, of a few units each
+constexpr TextPos widestGap = 64;   // units of both sides together
+constexpr int maxTries = 5'000'000; // in looking for gaps, of a few units each
 constexpr TextPos endless = std::numeric_limits<TextPos>::max();
 
 // Controls end cells with U+0007, or with a tab, and show a picture that they cannot read as a
@@ -67,7 +67,7 @@ TextMap::TextMap(std::u16string_view book, std::u16string_view control) {
                                         controlRest.end(), Same);
         const auto length = static_cast<TextPos>(ends.first - bookRest.begin());
         const bool last =
-            ends.first == bookRest.end() || ends.second == controlRest.end() || tries > mostTries;
+            ends.first == bookRest.end() || ends.second == controlRest.end() || tries > maxTries;
         pieces_.push_back({inBook, inControl, last ? endless : length});
         if (last) return;
         const Gap gap = FindGap(bookRest.substr(length), controlRest.substr(length), tries);

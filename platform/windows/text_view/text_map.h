@@ -2,7 +2,7 @@
 // keeps marks of its own (around the rows of tables) or left something out (a picture).
 #pragma once
 
-#include "platform/geometry.h"
+#include "common/geometry.h"
 
 #include <string_view>
 #include <vector>

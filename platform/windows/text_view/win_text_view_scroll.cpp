@@ -68,8 +68,8 @@ bool WinTextView::NeedsRoom(LONG line) const {
 // By lines, which may be of other heights than the control thinks; some controls lay out the lines
 // between only on the way.
 void WinTextView::Approach(LONG line) const {
-    constexpr int mostTries = 10;
-    for (int i = 0; i < mostTries && control_->FirstVisibleLine() != line; ++i)
+    constexpr int maxTries = 10;
+    for (int i = 0; i < maxTries && control_->FirstVisibleLine() != line; ++i)
         control_->ScrollLines(line - control_->FirstVisibleLine());
 }
 
@@ -134,11 +134,11 @@ std::pair<LONG, LONG> WinTextView::SpanInLine(TextPos start, TextPos length) con
 
 // The control takes places in 16 bits: further to the right it finds its way by itself.
 void WinTextView::ScrollIntoViewHorizontally(TextPos start, TextPos length) {
-    constexpr LONG mostRoom = 64; // pixels of the line shown beside the stretch
+    constexpr LONG maxRoom = 64; // pixels of the line shown beside the stretch
     const RichEditPause pause(Control());
     const TextPos first = Clamp(start), most = TextLength() - first;
     const auto span = [&] { return SpanInLine(first, std::clamp(length, 0, most)); };
-    const LONG width = control_->ClientWidth(), room = std::min(width / 4, mostRoom);
+    const LONG width = control_->ClientWidth(), room = std::min(width / 4, maxRoom);
     const auto [from, to] = span();
     const auto [left, right] = std::minmax(from, to);
     if (left >= 0 && right < width) return;

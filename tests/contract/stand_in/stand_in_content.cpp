@@ -33,7 +33,7 @@ int StandInContent::At(int left, int top) const {
     return std::min(start + std::max(left - StandIn::Edge, 0) / StandIn::CellWidth, end);
 }
 
-int StandInContent::LargestTop(int viewHeight) const {
+int StandInContent::MaxTop(int viewHeight) const {
     const int height = TopOf(Length()) + StandIn::LineHeight + StandIn::Edge;
     return std::max(height - viewHeight, 0);
 }

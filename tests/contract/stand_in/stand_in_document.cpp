@@ -47,7 +47,7 @@ TableOf<IHTMLWindow2>& WindowTable() {
             const std::string call =
                 "window.scrollTo " + std::to_string(left) + " " + std::to_string(top);
             return window.World().Answer(call, [&] {
-                const int largest = window.content.LargestTop(window.World().ViewHeight());
+                const int largest = window.content.MaxTop(window.World().ViewHeight());
                 window.content.scrollTop = std::clamp(static_cast<int>(top), 0, largest);
                 window.content.scrollLeft = std::max(static_cast<int>(left), 0);
             });

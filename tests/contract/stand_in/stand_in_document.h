@@ -18,7 +18,7 @@ struct StandInContent {
     int TopOf(int position) const; // from the page's top edge
     int LeftOf(int position) const;
     int At(int left, int top) const; // the character there
-    int LargestTop(int viewHeight) const;
+    int MaxTop(int viewHeight) const;
 };
 
 IDispatch* MakeDocument(StandIn&, const StandInPage&);

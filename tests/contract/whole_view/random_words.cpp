@@ -42,21 +42,21 @@ std::u16string Blank(Random& random, int tabs) {
 }
 } // namespace
 
-std::u16string RandomLine(Random& random, int mostWords, int tabs) {
+std::u16string RandomLine(Random& random, int maxWords, int tabs) {
     const Words& words = SomeWords(random);
     std::u16string line = OneIn(random, 6) ? Blank(random, tabs) : u"";
-    for (int i = Below(random, mostWords + 1); i > 0; --i) {
+    for (int i = Below(random, maxWords + 1); i > 0; --i) {
         line += words[random() % words.size()];
         if (i > 1 || OneIn(random, 6)) line += Blank(random, tabs);
     }
     return line;
 }
 
-std::u16string RandomLines(Random& random, int count, int mostWords, int tabs) {
+std::u16string RandomLines(Random& random, int count, int maxWords, int tabs) {
     static const std::u16string ends[] = {u"\n", u"\r\n", u"\r", u"\n\n", u"\r\n\r\n", u"\v"};
     std::u16string text;
     for (int i = 0; i < count; ++i) {
-        text += RandomLine(random, mostWords, tabs);
+        text += RandomLine(random, maxWords, tabs);
         if (i + 1 < count || OneIn(random, 2)) text += ends[random() % std::size(ends)];
     }
     return text;

@@ -6,6 +6,6 @@
 #include <string>
 
 // Some words of one kind, with tabs as often as one in `tabs` blanks.
-std::u16string RandomLine(Random& random, int mostWords, int tabs);
-std::u16string RandomLines(Random& random, int count, int mostWords, int tabs);
+std::u16string RandomLine(Random& random, int maxWords, int tabs);
+std::u16string RandomLines(Random& random, int count, int maxWords, int tabs);
 std::u16string OneLongLine(Random& random); // of many thousand characters, between short ones

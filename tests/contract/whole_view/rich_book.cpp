@@ -63,7 +63,7 @@ class RichBook {
             runs.pop_back();
     }
 
-    void Run(int mostWords) {
+    void Run(int maxWords) {
         CharStyle style;
         style.font = std::uint16_t(Below(random_, 4));
         style.halfPoints = std::uint16_t(OneIn(random_, 12)  ? 120 + Below(random_, 200)
@@ -75,7 +75,7 @@ class RichBook {
         style.script = Script(OneIn(random_, 5) ? Below(random_, 3) : 0);
         style.capitals = Capitals(OneIn(random_, 5) ? Below(random_, 3) : 0);
         Start(made_.charRuns, made_.charStyles, Size(), style);
-        made_.text += RandomLine(random_, mostWords, OneIn(random_, 3) ? 4 : 0);
+        made_.text += RandomLine(random_, maxWords, OneIn(random_, 3) ? 4 : 0);
         if (OneIn(random_, 10)) made_.text += u'\v';
         if (pictures_ && OneIn(random_, 4)) AddPicture();
     }
@@ -95,9 +95,9 @@ class RichBook {
         made_.pictures.push_back(picture);
     }
 
-    void Runs(int mostWords) {
+    void Runs(int maxWords) {
         for (int i = Below(random_, 4); i >= 0; --i)
-            Run(mostWords);
+            Run(maxWords);
     }
 
     ParagraphStyle SomeStyle() {
@@ -124,9 +124,9 @@ class RichBook {
         return style;
     }
 
-    void Paragraph(char16_t terminator, int mostWords = 30) {
+    void Paragraph(char16_t terminator, int maxWords = 30) {
         const TextPos start = Size();
-        if (!OneIn(random_, 5)) Runs(mostWords);
+        if (!OneIn(random_, 5)) Runs(maxWords);
         made_.text += terminator;
         Start(made_.paragraphRuns, made_.paragraphStyles, start, SomeStyle());
     }

@@ -4,9 +4,9 @@
 #include <cmath>
 
 namespace {
-constexpr TextPos longestRow = 32 * 1024;
-constexpr std::size_t mostJoined = 256;
-constexpr int leastCell = 360, cellMargin = 30; // twips
+constexpr TextPos maxRowLength = 32 * 1024;
+constexpr std::size_t maxJoined = 256;
+constexpr int minCell = 360, cellMargin = 30; // twips
 
 struct Cell {
     const TableCell* cell = nullptr;
@@ -29,14 +29,14 @@ std::size_t RowsFrom(const std::vector<TableRow>& rows, std::size_t index) {
     while (end < rows.size() && Joins(rows, end))
         ++end;
     const bool together =
-        end - first <= mostJoined && rows[end - 1].end - rows[first].start <= longestRow;
+        end - first <= maxJoined && rows[end - 1].end - rows[first].start <= maxRowLength;
     return together ? end - first : 1;
 }
 
 std::vector<int> Edges(const WholeSetting& setting, const TableRow& row, int most) {
     std::vector<int> edges{0};
     for (const TableCell& cell : row.cells)
-        edges.push_back(std::max(edges.back() + setting.Pixels(leastCell),
+        edges.push_back(std::max(edges.back() + setting.Pixels(minCell),
                                  setting.Pixels(cell.rightEdge) - setting.Pixels(row.leftEdge)));
     const double scale = std::min(1.0, double(most) / edges.back());
     for (int& edge : edges)
@@ -79,7 +79,7 @@ void Fill(WholeMaker& maker, const TableRow& row, Cell& cell) {
     const WholeSetting& setting = maker.setting;
     WholeText& whole = maker.whole;
     const int gap = std::min(
-        std::clamp(setting.Pixels(row.cellGap), setting.Hairline(), 4 * setting.Pixels(leastCell)),
+        std::clamp(setting.Pixels(row.cellGap), setting.Hairline(), 4 * setting.Pixels(minCell)),
         cell.width / 4);
     const int width = std::max(1, cell.width - 2 * gap), margin = setting.Pixels(cellMargin);
     int y = whole.height + margin;
@@ -138,7 +138,7 @@ void Settle(WholeText& whole, const Cell& cell, int number, int top, int bottom)
 } // namespace
 
 bool WholeRowStands(const TableRow& row) {
-    return !row.cells.empty() && row.end - row.start <= longestRow;
+    return !row.cells.empty() && row.end - row.start <= maxRowLength;
 }
 
 void AddWholeRows(WholeMaker& maker, std::size_t index) {

@@ -1,7 +1,7 @@
 // A text that a view shows without having it as a whole: what a large book is handed over as.
 #pragma once
 
-#include "platform/geometry.h"
+#include "common/geometry.h"
 
 #include <algorithm>
 #include <functional>

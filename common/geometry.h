@@ -1,4 +1,4 @@
-// Plain values that several ports share.
+// Plain values of the screen and of texts.
 #pragma once
 
 #include <cstdint>
@@ -17,4 +17,4 @@ using TextPos = std::int32_t;
 
 enum class Alignment { Left = 0, Right = 1, Center = 2, Justified = 3 };
 
-enum class Pointer { Default = 0, Hourglass = 11 };
+enum class Pointer { Default, Hourglass };
