@@ -1,61 +1,46 @@
 #include "app/data_file.h"
 
-#include "app/data_trouble.h"
+#include "app/book_state.h"
 #include "app/main_form.h"
-#include "common/text.h"
+#include "app/options_menu.h"
+#include "app/profile_menu.h"
+#include "app/shown_book.h"
+#include "datafile/scheme.h"
 #include "formats/code_pages.h"
 
+
 namespace {
-constexpr const char16_t* dataFileEnding = u".dat";
+constexpr const char* helpTopic = "trouble";
+constexpr int attempts = 10, betweenAttempts = 100; // milliseconds; together a second
 
 std::u16string DecodePage(int codePage, std::string_view bytes) {
     std::u16string text;
     DecodeCodePage(codePage, bytes, text);
     return text;
 }
-} // namespace
 
-std::u16string ProgramFile(const Files& files, const Launch& launch, std::u16string_view ending) {
-    std::u16string path = launch.programFolder + files.Separator() + launch.executableName;
-    return path += ending;
-}
-
-namespace {
-// In a folder for everybody's temporary files nobody's state is safe, and a program's folder that
-// cannot be written keeps none.
-bool KeepsData(const Files& files, const std::u16string& folder) {
-    return files.FolderIsWritable(folder) && !files.FolderIsPublic(folder);
-}
-} // namespace
-
-std::u16string ResolveDataFilePath(Files& files, const Launch& launch) {
-    const std::u16string beside = ProgramFile(files, launch, dataFileEnding);
-    const bool ofOther = files.FileExists(beside) && !files.MayReplace(beside);
-    if (KeepsData(files, launch.programFolder) && !ofOther) return beside;
-    files.CreateFolder(launch.userDataFolder);
-    return launch.userDataFolder + files.Separator() + launch.executableName + dataFileEnding;
-}
-
-void TakeOverDataFile(MainForm& form) {
-    Files& files = *form.ports.files;
-    const std::u16string beside = ProgramFile(files, form.ports.launch, dataFileEnding);
-    if (form.DataFilePath == beside || files.FileExists(form.DataFilePath)) return;
-    if (KeepsData(files, form.ports.launch.programFolder)) {
-        form.besideOfOther = beside; // another user's own state, and no beginning for this one's
-        return;
+std::u16string TextOf(const MainForm& form, IniTrouble trouble) {
+    const std::u16string& path = form.DataFilePath;
+    switch (trouble) {
+    case IniTrouble::None: break;
+    case IniTrouble::Unread:
+        return path + u"\r\ncannot be read, so your books and settings are not shown. Nothing is "
+                      u"written over it. As soon as it can be read they come back.";
+    case IniTrouble::NotRead:
+        return path +
+               u"\r\ncan no longer be read. Nothing is written over it. What changes from now "
+               u"on is saved when it can be read again.";
+    case IniTrouble::NotWritten:
+        return path + u"\r\ncannot be written: the place in your book and your settings are not "
+                      u"saved. They will be when it can be written again.";
     }
-    std::string bytes;
-    if (files.Read(beside, maxDataFileSize, bytes) == ReadStatus::Ok)
-        files.Replace(form.DataFilePath, bytes, false);
+    return u"";
 }
+} // namespace
 
 std::unique_ptr<IniFile> OpenDataFile(MainForm& form) {
     return std::make_unique<IniFile>(*form.ports.files, form.DataFilePath,
                                      form.ports.locale->AnsiCodePage(), DecodePage);
-}
-
-namespace {
-constexpr int attempts = 10, betweenAttempts = 100; // milliseconds; together a second
 }
 
 void ReadDataFile(MainForm& form) {
@@ -69,29 +54,51 @@ void ReadDataFile(MainForm& form) {
 void WriteDataFileAtLast(MainForm& form) {
     for (int i = 1; i < attempts && !form.dataFile->Flush(); ++i)
         form.ports.clock->Wait(betweenAttempts);
-    if (!form.dataFile->Flush()) TellDataFileTrouble(form, form.dataFile->Trouble());
+    if (!form.dataFile->Flush()) ReportTrouble(form, form.dataFile->Trouble());
 }
 
-void TellStartTrouble(MainForm& form) {
-    if (!form.besideOfOther.empty()) TellOtherUsersDataFile(form, form.besideOfOther);
+void ReportStartTrouble(MainForm& form, const std::u16string& otherUsersFile) {
+    if (!otherUsersFile.empty())
+        ShowBookMessage(
+            form.messages,
+            otherUsersFile +
+                u"\r\nbelongs to another user. Your books and settings are kept in\r\n" +
+                form.DataFilePath,
+            helpTopic);
     const IniTrouble trouble = form.dataFile->Trouble();
     const bool unwritable =
         trouble == IniTrouble::None && !form.ports.files->MayReplace(form.DataFilePath);
-    TellDataFileTrouble(form, unwritable ? IniTrouble::NotWritten : trouble);
+    ReportTrouble(form, unwritable ? IniTrouble::NotWritten : trouble);
 }
 
-void WriteScheme(IniFile& file) {
-    // The last fields stand here in an order of their own; records keep the size before the title.
-    const std::u16string names =
-        u"Path,Access,Filter,FontName,FontSize,Charset,Bold,Italic,Underline,"
-        u"Strikethru,Wrap,Align,ForeColor,BackColor,LastPos,Title,Size,Marks";
-    const auto comma = names.find(u',');
-    const std::u16string rest = Replace(names.substr(comma + 1), u",", u">=<");
-    IniWriteString(file, u"Scheme", u"<" + names.substr(0, comma) + u">", u"<" + rest + u">");
-    IniWriteString(file, u"Scheme", u"<Marks>:", u"<SelStart>,<SelLength>|...");
+void ReportTrouble(MainForm& form, IniTrouble trouble) {
+    if (trouble == IniTrouble::None || !form.reportedTrouble.reported.insert(trouble).second)
+        return;
+    ShowBookMessage(form.messages, TextOf(form, trouble), helpTopic);
 }
 
-int RegWriteValue(Registry& registry, const std::u16string& key, const std::u16string& name,
-                  const std::u16string& text) {
-    return registry.Read(key, name) == text ? 0 : registry.Write(key, name, text);
+void WatchDataFile(MainForm& form) {
+    constexpr int secondsToReport = 3;
+    int& failed = form.reportedTrouble.failedWrites;
+    if (form.dataFile->Trouble() == IniTrouble::None) failed = 0;
+    if (form.dataFile->Trouble() == IniTrouble::None || failed >= secondsToReport) return;
+    if (form.dataFile->Flush()) return;
+    if (++failed == secondsToReport) ReportTrouble(form, form.dataFile->Trouble());
+}
+
+void AdoptLateDataFile(MainForm& form) {
+    if (!form.dataFile->IsUnread()) return;
+    SaveBookState(form, 0); // into the record only, as nothing is written yet
+    form.dataFile->TryRead();
+    if (form.dataFile->IsUnread()) return;
+    std::vector<std::u16string> openedMeanwhile;
+    for (int i = 0; i < form.history.Count(); ++i)
+        openedMeanwhile.push_back(form.menu.mFileList[i].tag);
+    const std::u16string shown = IsBookShown(form) ? form.book.path : u"";
+    IniBatch oneWrite(*form.dataFile);
+    WriteScheme(*form.dataFile);
+    LoadAllEditors(form);
+    LoadProfileList(form);
+    EnterProfile(form, openedMeanwhile, shown);
+    oneWrite.Commit();
 }

@@ -1,40 +1,41 @@
-// Where the data file is, and what start-up writes into it.
+// The data file of the running program, and what the user is told of it.
 #pragma once
 
-#include "common/ini_file.h"
-#include "platform/ports.h"
+#include "datafile/ini_file.h"
 
 #include <memory>
+#include <set>
 #include <string>
 
 struct MainForm;
 
-// Beside the program when its folder can be written, else in the user's own data folder, which is
-// then made.
-std::u16string ResolveDataFilePath(Files&, const Launch&);
-
-// The path of the program with another ending, for example ".hlp".
-std::u16string ProgramFile(const Files&, const Launch&, std::u16string_view ending);
-
-// What stands beside a program whose folder cannot be written is what a user's own data file begins
-// with: there nothing that is read from now on could be kept.
-void TakeOverDataFile(MainForm&);
+// What the user has been told in this run; each once.
+struct ReportedTrouble {
+    std::set<IniTrouble> reported;
+    int failedWrites = 0; // seconds in which what had to be written could not be
+};
 
 std::unique_ptr<IniFile> OpenDataFile(MainForm&);
 
 // Reads it for the first time. A file that another program holds just now, as backup, sync and
 // virus scanners do, is tried again for a while.
 void ReadDataFile(MainForm&);
-// The same for what has to be written when the program ends; what could not be is told to the user.
+// The same for what has to be written when the program ends; what could not be is reported.
 void WriteDataFileAtLast(MainForm&);
 
-// What start-up found out about the file, in one message, when the window is there.
-void TellStartTrouble(MainForm&);
+// What start-up found out about the file, in one message each, when the window is there.
+// `otherUsersFile` is the one beside the program when it belongs to another user, or "".
+void ReportStartTrouble(MainForm&, const std::u16string& otherUsersFile);
 
-// The section that explains the file to a person who opens it.
-void WriteScheme(IniFile&);
+// One message, if the user has not been told of this.
+void ReportTrouble(MainForm&, IniTrouble);
 
-// The value of a registry entry under the local machine's root is written only when it differs.
-// Returns the system's error code, 0 on success.
-int RegWriteValue(Registry&, const std::u16string& key, const std::u16string& name,
-                  const std::u16string& text);
+// Called each second. What could not be written is tried again for some seconds, because other
+// programs hold a file for a moment; then the user is told.
+void WatchDataFile(MainForm&);
+
+// Called each second: when a file that could not be read at the start can be read by now, the
+// program goes over to what it holds, as a start does. The book on the screen stays; books opened
+// meanwhile are added to the list. Of a book that the list holds already the stored record counts,
+// with the bookmarks made meanwhile.
+void AdoptLateDataFile(MainForm&);

@@ -1,26 +1,23 @@
 #include "app/events.h"
 
+#include "app/book_state.h"
+#include "app/help_menu.h"
+#include "app/keys.h"
+#include "app/links.h"
 #include "app/main_form.h"
 #include "app/start_up.h"
-#include "books/book_file.h"
-#include "books/html_book.h"
-#include "books/html_links.h"
-#include "books/open_book.h"
-#include "books/save_state.h"
+#include "app/view_events.h"
 #include "common/flag_scope.h"
-#include "reading/edit.h"
-#include "reading/keyboard.h"
 #include "reading/zoom.h"
-#include "shell/help.h"
 
 #include <new>
 #include <optional>
 #include <utility>
 
 namespace {
-// What happened to the page while a command ran is taken in when that is done: without it the book
+// What happened to the page while a command ran is handled when that is done: without it the book
 // would never be brought to its place.
-void TakePageEvents(MainForm& form) {
+void HandlePageEvents(MainForm& form) {
     if (form.handling) return;
     if (const auto url = std::exchange(form.page.arrivedUrl, std::nullopt))
         RunCommand(form, [&] { wbMain_DocumentComplete(form, *url); });
@@ -28,16 +25,20 @@ void TakePageEvents(MainForm& form) {
     if (std::exchange(form.page.gone, false)) RunCommand(form, [&] { wbMain_Gone(form); });
 }
 
-void TakeWaitingMessages(MainForm& form) {
-    const StartMessages& messages = form.startMessages;
-    if (form.handling || !messages.windowShown || messages.waiting.empty()) return;
-    RunCommand(form, [&] { ShowWaitingMessages(form); });
+void ShowWaitingMessages(MainForm& form) {
+    if (form.handling || !form.messages.windowShown || form.messages.waiting.empty()) return;
+    RunCommand(form, [&] {
+        for (const Message& message : std::exchange(form.messages.waiting, {})) {
+            if (form.closed) return; // with the message before
+            form.ports.dialogs->ShowMessage(message);
+        }
+    });
 }
 
-// A message takes memory, too: where there is none even for that, nothing is said.
-void TellFailure(MainForm& form, const char16_t* text) noexcept {
+// A message needs memory, too: where there is none even for that, nothing is shown.
+void ReportFailure(MainForm& form, const char16_t* text) noexcept {
     try {
-        ShowBookMessage(form, text);
+        ShowBookMessage(form.messages, text);
     } catch (...) { // the program goes on
     }
 }
@@ -50,13 +51,13 @@ void RunCommand(MainForm& form, const std::function<void()>& command) {
         try {
             command();
         } catch (const std::bad_alloc&) {
-            TellFailure(form, u"There is not enough memory for this.");
+            ReportFailure(form, u"There is not enough memory for this.");
         } catch (...) {
-            TellFailure(form, u"The command could not be completed.");
+            ReportFailure(form, u"The command could not be completed.");
         }
     }
-    TakeWaitingMessages(form);
-    TakePageEvents(form);
+    ShowWaitingMessages(form);
+    HandlePageEvents(form);
 }
 
 namespace {
@@ -70,15 +71,15 @@ void ConnectHtmlView(MainForm& form) {
     html.onLoaded = [&form](int load, const std::u16string& url) {
         if (load != form.page.load) return; // of a page left meanwhile
         form.page.arrivedUrl = url;
-        TakePageEvents(form);
+        HandlePageEvents(form);
     };
     html.onZoomed = [&form] {
         form.page.zoomed = true;
-        TakePageEvents(form);
+        HandlePageEvents(form);
     };
     html.onGone = [&form] {
         form.page.gone = true;
-        TakePageEvents(form);
+        HandlePageEvents(form);
     };
     html.onCommand = [&form](PageCommand command) {
         RunCommand(form, [&] { wbMain_Command(form, command); });
@@ -96,13 +97,13 @@ void ConnectHtmlView(MainForm& form) {
 void ConnectEvents(MainForm& form) {
     WindowEvents events;
     events.onShown = [&form] {
-        form.startMessages.windowShown = true;
-        TakeWaitingMessages(form);
+        form.messages.windowShown = true;
+        ShowWaitingMessages(form);
     };
     events.onResize = [&form] { fwMain_Resize(form); };
     events.onUnload = [&form] { Form_Unload(form); };
     events.onKeyDown = [&form](int key, int shift) {
-        const bool zoomed = CountZoomKey(form, key, shift);
+        const bool zoomed = CountZoomKey(form.page, form.menu.mViewFont[0], key, shift);
         RunCommand(form, [&] {
             if (zoomed) SaveBookState(form, 0);
             Form_KeyDown(form, key, shift);
@@ -125,7 +126,7 @@ void ConnectEvents(MainForm& form) {
     form.ports.textView->onContextMenu = [&form] {
         RunCommand(form, [&] { rtMain_ContextMenu(form); });
     };
-    form.ports.textView->onCopy = [&form] { RunCommand(form, [&form] { rtMain_Copy(form); }); };
+    form.ports.textView->onCopy = [&form] { RunCommand(form, [&form] { ChooseCopy(form); }); };
     form.ports.textView->onFilesDropped = [&form](const std::vector<std::u16string>& paths) {
         RunCommand(form, [&] { rtMain_FilesDropped(form, paths); });
     };

@@ -1,20 +1,13 @@
 // The one table of the menus. A row of an array that a row before has named adds an element to it.
 #include "app/menu_tree.h"
 
-#include "app/main_form.h"
-#include "app/profiles.h"
-#include "books/history_list.h"
-#include "books/housekeeping.h"
-#include "books/open_book.h"
-#include "reading/bookmarks.h"
-#include "reading/edit.h"
-#include "reading/find.h"
-#include "reading/view_commands.h"
-#include "shell/about.h"
-#include "shell/help.h"
-#include "shell/options.h"
-#include "shell/product_web.h"
-#include "shell/update_check.h"
+#include "app/bookmark_menu.h"
+#include "app/edit_menu.h"
+#include "app/file_menu.h"
+#include "app/help_menu.h"
+#include "app/options_menu.h"
+#include "app/profile_menu.h"
+#include "app/view_menu.h"
 
 #include <algorithm>
 

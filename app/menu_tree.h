@@ -1,7 +1,7 @@
 // The menu tree: every menu item of the program by its name, built from one table (menu_table.cpp).
 #pragma once
 
-#include "platform/menu_bar.h"
+#include "common/menu_model.h"
 
 #include <vector>
 

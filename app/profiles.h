@@ -1,4 +1,4 @@
-// Profiles: each reader's own history, window place and options.
+// Switching between profiles.
 #pragma once
 
 #include <string>
@@ -6,17 +6,10 @@
 
 struct MainForm;
 
-// Fills the Profile menu from the data file, at least with "Default", and takes the current name.
-void LoadProfileList(MainForm&);
+// Makes the profile of item `index` the current one: its window place, options and history, and its
+// last book. See EnterProfile for `records` and `shown`.
+void SwitchToProfile(MainForm&, int index, const std::vector<std::u16string>& records = {},
+                     const std::u16string& shown = u"");
 
-// The first switch into a profile, that of item 0. `records` are of books that were opened before
-// the data file could be read: they come into its list where they are not in it. `shown` is the
-// path of the one on the screen, or "": then the list, or the command line, says what is shown.
-void EnterProfile(MainForm&, const std::vector<std::u16string>& records = {},
-                  const std::u16string& shown = u"");
-
-void mUser_Click(MainForm&, int);                 // the Profile menu opens
-void mProfileList_Click(MainForm&, int index);    // switches to that profile
-void mUserNew_Click(MainForm&, int);              // asks for a name, and switches to that profile
-void mUserDeleteList_Click(MainForm&, int index); // takes a name off the list; its data stays
-void SyncProfileDeleteMenu(MainForm&);            // the remove submenu mirrors the profile list
+// Writes the names in the menu, and shows there what another program has added.
+void SaveProfileList(MainForm&);

@@ -1,19 +1,19 @@
 #include "app/start_up.h"
 
+#include "app/book_state.h"
 #include "app/data_file.h"
 #include "app/events.h"
-#include "app/late_data_file.h"
+#include "app/keys.h"
 #include "app/main_form.h"
-#include "app/profiles.h"
-#include "books/book_file.h"
-#include "books/charsets.h"
-#include "books/save_state.h"
+#include "app/options_menu.h"
+#include "app/profile_menu.h"
+#include "app/shown_book.h"
 #include "common/menu_items.h"
-#include "common/text.h"
-#include "reading/keyboard.h"
-#include "reading/zoom.h"
-#include "shell/options.h"
-#include "shell/version_text.h"
+#include "datafile/location.h"
+#include "datafile/scheme.h"
+#include "formats/codepages/charsets.h"
+#include "shell/layout.h"
+#include "shell/registration.h"
 
 namespace {
 void SetUpMenus(MenuTree& menu) {
@@ -36,35 +36,26 @@ void SetUpMenus(MenuTree& menu) {
     CheckRadioItem(0, menu.mOptionsTitle);
 }
 
-void Register(MainForm& form) {
-    const ProgramVersion version = form.ports.versionInfo->OwnVersion();
-    const std::u16string key = u"SOFTWARE\\" + version.company + u"\\" + version.title;
-    RegWriteValue(*form.ports.registry, key, u"", form.ports.launch.programFolder);
-    RegWriteValue(*form.ports.registry, key, u"CurrentVersion", VersionText(version, false));
-}
-
 void SetUpViews(MainForm& form) {
     form.ports.statusBar->SetPanels({{u"Common", PanelStyle::Text, true},
                                      {u"Pagination", PanelStyle::Text, false},
                                      {u"Date", PanelStyle::Date, false}});
-    FitStatusBar(form);
-    form.viewFont = form.ports.window->DefaultViewFont();
-    form.viewFont.charset = CodePageToCharset(form.ports.locale->AnsiCodePage());
-    form.ports.textView->SetFont(form.viewFont);
+    FitStatusBar(*form.ports.statusBar, *form.ports.window);
+    ViewFont& font = form.format.font;
+    font = form.ports.window->DefaultViewFont();
+    font.charset = CodePageToCharset(form.ports.locale->AnsiCodePage());
+    form.ports.textView->SetFont(font);
     form.ports.textView->SetVisible(true); // from the first moment one of the two views is
     form.ports.window->ApplySystemFont();
 }
 
-} // namespace
-
-namespace {
 // A second program of this user ends without a word, as the first one is on the screen.
 bool Claim(MainForm& form) {
     const InstanceClaim claim = form.ports.shell->ClaimDataFile(form.DataFilePath);
     if (claim.result == InstanceClaim::Result::SomebodyElse) {
         const std::u16string text = form.DataFilePath + u"\r\nis in use by " + claim.holder +
-                                    u". Close " + form.productTitle + u" there first.";
-        form.ports.dialogs->ShowMessage(BookMessage(form, text, "trouble"));
+                                    u". Close " + form.messages.productTitle + u" there first.";
+        form.ports.dialogs->ShowMessage(BookMessage(form.messages, text, "trouble"));
     }
     return claim.IsGranted();
 }
@@ -75,7 +66,7 @@ bool Form_Load(MainForm& form) {
     form.DataFilePath = ResolveDataFilePath(*form.ports.files, launch);
     if (!Claim(form)) return false;
     form.started = true;
-    TakeOverDataFile(form);
+    const auto otherUsersFile = TakeOverDataFile(*form.ports.files, launch, form.DataFilePath);
     form.dataFile = OpenDataFile(form);
     ReadDataFile(form);
     {
@@ -83,21 +74,23 @@ bool Form_Load(MainForm& form) {
         IniBatch oneWrite(*form.dataFile);
         SetUpMenus(form.menu);
         ShowShortcuts(form);
-        Register(form);
+        RegisterProgram(*form.ports.registry, form.ports.versionInfo->OwnVersion(),
+                        launch.programFolder);
         form.HelpFilePath = ProgramFile(*form.ports.files, launch, u".hlp");
         SetUpViews(form);
-        form.dateNames = BuildPaddedDateNames(*form.ports.locale, [&](std::u16string_view text) {
-            return form.ports.window->TextWidth(text);
-        });
+        form.history.dateNames =
+            BuildPaddedDateNames(*form.ports.locale, [&](std::u16string_view text) {
+                return form.ports.window->TextWidth(text);
+            });
         WriteScheme(*form.dataFile);
-        LoadEditors(form);
+        LoadAllEditors(form);
         LoadProfileList(form);
         ConnectEvents(form);
         RunCommand(form, [&form] { EnterProfile(form); });
         oneWrite.Commit();
     }
     form.ports.window->Open();
-    RunCommand(form, [&form] { TellStartTrouble(form); });
+    RunCommand(form, [&] { ReportStartTrouble(form, otherUsersFile); });
     form.ports.saveTimer->Start(1000,
                                 [&form] { RunCommand(form, [&form] { toSave_Timer(form); }); });
     return true;
@@ -108,16 +101,16 @@ void Form_Unload(MainForm& form) {
     SettleZoom(form);
     IniBatch oneWrite(*form.dataFile);
     SaveBookState(form, 0);
-    SaveWindowPlacement(form);
+    SaveWindowPlacement(form.placement, *form.dataFile, CurrentProfile(form), *form.ports.window);
     oneWrite.Commit();
     form.closed = true; // nothing may begin while the last message waits
     WriteDataFileAtLast(form);
 }
 
 void toSave_Timer(MainForm& form) {
-    TakeUpLateDataFile(form);
+    constexpr int saveInterval = 60; // seconds
+    AdoptLateDataFile(form);
     WatchDataFile(form);
-    const int next = (WholeNumber(form.toSaveTag) % 60 + 1) % 60;
-    form.toSaveTag = NumberText(next);
-    if (next == 0) SaveBookState(form, 0);
+    form.autosaveTick = (form.autosaveTick + 1) % saveInterval;
+    if (form.autosaveTick == 0) SaveBookState(form, 0);
 }

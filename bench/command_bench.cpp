@@ -6,7 +6,7 @@
 #include "app/start_up.h"
 #include "bench/bench_folder.h"
 #include "bench/stopwatch.h"
-#include "books/history_list.h"
+#include "books/history.h"
 #include "common/find_text.h"
 #include "common/text.h"
 #include "formats/plain_text.h"
@@ -40,8 +40,8 @@ void BenchProfiles() {
     if (!Form_Load(form)) return;
     Heading("Changing the profile, 5,000 books in each", "looking at 5,000 files");
     const double looks = Time([&] {
-        for (int i = 0; i < HistoryCount(form); ++i)
-            Keep(form.ports.files->FileExists(GetBookPath(form, i)));
+        for (int i = 0; i < form.history.Count(); ++i)
+            Keep(form.ports.files->FileExists(GetBookPath(form.history, i)));
     });
     auto& menus = static_cast<NoneMenuBar&>(*form.ports.menuBar);
     // The profile that was left is second.

@@ -7,9 +7,9 @@
 #include "bench/bench_folder.h"
 #include "bench/stopwatch.h"
 #include "books/book_record.h"
-#include "books/history_list.h"
-#include "books/save_state.h"
-#include "common/list_persistence.h"
+#include "books/history.h"
+#include "app/book_state.h"
+#include "datafile/list_persistence.h"
 #include "common/text.h"
 #include "formats/plain_text.h"
 #include "formats/rtf_reader.h"
@@ -66,7 +66,7 @@ void BenchAutosave(const std::filesystem::path& folder) {
         peer);
 
     ProfileFile file = ProfileFile::Parse(data, windowsLatin, DecodeLatin);
-    const std::u16string first = GetBookPath(form, 0), last = GetBookPath(form, books - 1);
+    const std::u16string first = GetBookPath(form.history, 0), last = GetBookPath(form.history, books - 1);
     Row("find and compare the first record", Time([&] { Keep(file.Value(section, first)); }), peer);
     Row("find and compare the last record", Time([&] { Keep(file.Value(section, last)); }), peer);
     int edits = 0;
@@ -88,11 +88,11 @@ void BenchStartUp(const std::filesystem::path& folder) {
     const auto records = LoadSectionLines(*form.dataFile, section);
     Row("list the records", Time([&] { Keep(LoadSectionLines(*form.dataFile, section)); }), copy);
     Row("fill the menu: captions and a look at each file",
-        Time([&] { FillHistory(form, records); }), copy);
+        Time([&] { FillHistory(form.history, records); }), copy);
     const Files& files = *form.ports.files;
     Row("  of which the looks at the files", Time([&] {
-            for (int i = 0; i < HistoryCount(form); ++i)
-                Keep(files.FileExists(GetBookPath(form, i)));
+            for (int i = 0; i < form.history.Count(); ++i)
+                Keep(files.FileExists(GetBookPath(form.history, i)));
         }),
         copy);
 }

@@ -1,31 +1,18 @@
 #include "books/book_file.h"
 
-#include "app/main_form.h"
 #include "books/book_kind.h"
-#include "common/direction_controls.h"
 #include "common/text.h"
 #include "formats/rtf_reader.h"
 
 #include <algorithm>
 
-Message BookMessage(const MainForm& form, const std::u16string& text, const char* topic) {
-    Message message;
-    message.text = WithoutDirectionControls(text); // it may name a file
-    message.title = form.productTitle + u" Message";
-    message.icon = MessageIcon::Exclamation;
-    message.helpButton = true;
-    message.helpTopic = topic;
-    return message;
-}
+namespace {
+constexpr std::size_t examinedBytes = 512; // of the start, to recognise the kind
 
-void ShowBookMessage(MainForm& form, const std::u16string& text, const char* topic) {
-    ShowMessageOverWindow(form, BookMessage(form, text, topic));
-}
+// A text of this size or less is read into memory: there nobody changes it while it is shown.
+constexpr std::uint64_t maxInMemory = 8u << 20; // bytes
 
-void TellOfNoHtmlView(MainForm& form, const std::u16string& path) {
-    ShowBookMessage(form, path + u"\r\nThis program has no view for HTML books.");
-}
-
+// Whether the path can be the key of a record and come back as itself.
 bool IsStorablePath(const std::u16string& path) {
     // "?" stands for what could not be deciphered; "*" would come back as "="; the data file trims
     // blanks and ends a line at a control character.
@@ -35,17 +22,11 @@ bool IsStorablePath(const std::u16string& path) {
     return !badUnit && !path.ends_with(u' ') && !path.starts_with(u' ');
 }
 
-namespace {
-constexpr std::size_t examinedBytes = 512; // of the start, to tell the kind
-
-// A text of this size or less is taken into memory: there nobody changes it while it is read.
-constexpr std::uint64_t steadySize = 8u << 20; // bytes
-
-std::uint64_t MaxBookSize(const MainForm& form, const std::u16string& path,
-                          std::string_view start) {
-    const int kind = KindOfBook(path, start);
-    const bool inMemory = kind == RichTextBook || kind == HtmlBook;
-    return inMemory ? maxBookSize : form.ports.textView->MaxTextSize();
+std::uint64_t MaxSize(const std::u16string& path, std::string_view start,
+                      std::uint64_t maxPlainText) {
+    const BookKind kind = KindOfBook(path, start);
+    const bool inMemory = kind == BookKind::RichText || kind == BookKind::Html;
+    return inMemory ? maxBookSize : maxPlainText;
 }
 
 std::u16string Reason(ReadStatus status, std::uint64_t limit) {
@@ -62,9 +43,9 @@ std::u16string Reason(ReadStatus status, std::uint64_t limit) {
     return u"could not be read.";
 }
 
-void TellWhyNot(MainForm& form, const std::u16string& path, ReadStatus status,
-                std::uint64_t limit = maxBookSize) {
-    ShowBookMessage(form, path + u"\r\n" + Reason(status, limit));
+BookProblem ProblemOf(const std::u16string& path, ReadStatus status, std::uint64_t limit) {
+    if (status == ReadStatus::Ok) return {};
+    return {path + u"\r\n" + Reason(status, limit)};
 }
 
 std::string FirstBytes(const FileReader& file, std::uint64_t count) {
@@ -74,18 +55,18 @@ std::string FirstBytes(const FileReader& file, std::uint64_t count) {
 }
 
 BookContent InMemory(std::string bytes) {
-    if (LooksLikeRtf(bytes)) return {std::move(bytes), nullptr};
-    return {"", std::make_shared<BytesReader>(std::move(bytes))};
+    if (LooksLikeRtf(bytes)) return {{}, std::move(bytes), nullptr};
+    return {{}, "", std::make_shared<BytesReader>(std::move(bytes))};
 }
 
-// A file that is not taken into memory as it comes.
-ReadStatus OpenLarge(const MainForm& form, const std::u16string& path, BookContent& content,
+// A file that is not read into memory as it comes. `limit` becomes the one for its kind.
+ReadStatus OpenLarge(const Files& files, const std::u16string& path, BookContent& content,
                      std::uint64_t& limit) {
     ReadStatus status = ReadStatus::Failed;
-    std::shared_ptr<const FileReader> file = form.ports.files->Open(path, status);
+    std::shared_ptr<const FileReader> file = files.Open(path, status);
     if (!file) return status;
     const bool rich = LooksLikeRtf(FirstBytes(*file, examinedBytes));
-    limit = rich ? maxBookSize : form.ports.textView->MaxTextSize();
+    if (rich) limit = maxBookSize;
     if (file->Size() > limit) return ReadStatus::TooLarge;
     if (rich)
         content.richText = FirstBytes(*file, limit);
@@ -95,34 +76,33 @@ ReadStatus OpenLarge(const MainForm& form, const std::u16string& path, BookConte
 }
 } // namespace
 
-std::optional<std::string> ExamineBookFile(MainForm& form, const std::u16string& path) {
+BookStart ExamineBookFile(const Files& files, const std::u16string& path,
+                          std::uint64_t maxPlainText) {
+    BookStart start;
     if (!IsStorablePath(path)) {
-        ShowBookMessage(form, u"Undecipherable file name:\r\n" + path +
-                                  u"\r\nRename the file before opening in this application.");
-        return std::nullopt;
+        start.problem.text = u"Undecipherable file name:\r\n" + path +
+                             u"\r\nRename the file before opening in this application.";
+        return start;
     }
-    const Files& files = *form.ports.files;
-    std::string start;
     ReadStatus status = ReadStatus::NotFound;
-    if (files.FileExists(path)) status = files.ReadStart(path, examinedBytes, start);
-    const std::uint64_t limit = MaxBookSize(form, path, start);
+    if (files.FileExists(path)) status = files.ReadStart(path, examinedBytes, start.bytes);
+    const std::uint64_t limit = MaxSize(path, start.bytes, maxPlainText);
     if (status == ReadStatus::Ok) {
         const auto version = files.Version(path);
         if (version && version->size > limit) status = ReadStatus::TooLarge;
     }
-    if (status == ReadStatus::Ok) return start;
-    TellWhyNot(form, path, status, limit);
-    return std::nullopt;
+    start.problem = ProblemOf(path, status, limit);
+    return start;
 }
 
-std::optional<BookContent> ReadBookFile(MainForm& form, const std::u16string& path) {
+BookContent ReadBookFile(const Files& files, const std::u16string& path,
+                         std::uint64_t maxPlainText) {
     std::string bytes;
-    ReadStatus status = form.ports.files->Read(path, steadySize, bytes);
+    ReadStatus status = files.Read(path, maxInMemory, bytes);
     if (status == ReadStatus::Ok) return InMemory(std::move(bytes));
     BookContent content;
-    std::uint64_t limit = maxBookSize;
-    if (status == ReadStatus::TooLarge) status = OpenLarge(form, path, content, limit);
-    if (status == ReadStatus::Ok) return content;
-    TellWhyNot(form, path, status, limit);
-    return std::nullopt;
+    std::uint64_t limit = status == ReadStatus::TooLarge ? maxPlainText : maxBookSize;
+    if (status == ReadStatus::TooLarge) status = OpenLarge(files, path, content, limit);
+    content.problem = ProblemOf(path, status, limit);
+    return content;
 }

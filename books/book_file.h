@@ -1,37 +1,33 @@
-// Reading book files, and telling the user why one cannot be opened.
+// Reading book files.
 #pragma once
 
-#include "platform/dialogs.h"
 #include "platform/files.h"
 
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
-
-struct MainForm;
 
 // Rich text and pages are held in memory. How much plain text can be shown the view says.
 constexpr std::uint64_t maxBookSize = 256u << 20; // bytes
 
+// What the user is told when the file cannot be opened as a book; "" when it can.
+struct BookProblem {
+    std::u16string text;
+    explicit operator bool() const { return !text.empty(); }
+};
+
 // A book's file as it is read: rich text whole, plain text when it is needed.
 struct BookContent {
+    BookProblem problem;
     std::string richText;
     std::shared_ptr<const FileReader> plainText; // null for rich text
 };
 
-// Whether the path can be the key of a record and come back as itself.
-bool IsStorablePath(const std::u16string& path);
+struct BookStart {
+    BookProblem problem;
+    std::string bytes; // the first ones of the file, by which its kind is recognised
+};
 
-// The file's first bytes, by which its kind is told; nothing when it cannot be opened as a book.
-// The user has then been told.
-std::optional<std::string> ExamineBookFile(MainForm&, const std::u16string& path);
-
-// Opens the file; nothing when it cannot be read. The user has then been told.
-std::optional<BookContent> ReadBookFile(MainForm&, const std::u16string& path);
-
-// A message with an exclamation mark, and a Help button that opens the help at `topic`.
-Message BookMessage(const MainForm&, const std::u16string& text, const char* topic = "mFileOpen");
-// Shows it, on the window.
-void ShowBookMessage(MainForm&, const std::u16string& text, const char* topic = "mFileOpen");
-void TellOfNoHtmlView(MainForm&, const std::u16string& path);
+// `maxPlainText` is the size of the largest file, in bytes, whose plain text can be shown.
+BookStart ExamineBookFile(const Files&, const std::u16string& path, std::uint64_t maxPlainText);
+BookContent ReadBookFile(const Files&, const std::u16string& path, std::uint64_t maxPlainText);

@@ -39,35 +39,37 @@ bool MatchesPattern(std::u16string_view text, std::u16string_view pattern) {
 
 std::vector<std::u16string> ListedPatterns() {
     auto patterns = GetFilterPatterns(bookFilter);
-    patterns[HtmlBook] += u";*.html;*.xhtml";
+    patterns[static_cast<std::size_t>(BookKind::Html)] += u";*.html;*.xhtml";
     return patterns;
 }
 
-int KindOfName(std::u16string_view path) {
+BookKind KindOfName(std::u16string_view path) {
     const auto lists = ListedPatterns();
     const auto match = std::ranges::find_if(lists, [&](const std::u16string& list) {
         return std::ranges::any_of(Split(list, u";"), [&](const std::u16string& pattern) {
             return MatchesPattern(path, pattern);
         });
     });
-    return static_cast<int>(match - lists.begin());
+    return static_cast<BookKind>(match - lists.begin());
 }
 
-int KindOfBook(std::u16string_view path, std::string_view firstBytes) {
-    return LooksLikeRtf(firstBytes) ? RichTextBook : KindOfName(path);
+BookKind KindOfBook(std::u16string_view path, std::string_view firstBytes) {
+    return LooksLikeRtf(firstBytes) ? BookKind::RichText : KindOfName(path);
 }
 
-int KindOfChoice(std::u16string_view path, int filterIndex) {
-    const int type = filterIndex - 1, named = KindOfName(path);
-    if (type < TextBook || type >= OtherBook) return KindFromFile;
-    return named == OtherBook ? type : named;
+AskedKind KindOfChoice(std::u16string_view path, int filterIndex) {
+    const int type = filterIndex - 1;
+    if (!InRange(type, 0, static_cast<int>(BookKind::Other) - 1, true)) return std::nullopt;
+    const BookKind named = KindOfName(path);
+    return named == BookKind::Other ? static_cast<BookKind>(type) : named;
 }
 
-int KindOfListedBook(int listed, int asked, std::u16string_view path, std::string_view firstBytes) {
-    if (asked != KindFromFile) return asked;
-    if (listed == RichTextBook || listed == HtmlBook) return listed;
-    const int named = KindOfName(path);
-    const bool certain = (named == RichTextBook && LooksLikeRtf(firstBytes)) ||
-                         (named == HtmlBook && LooksLikeHtml(firstBytes));
+BookKind KindOfListedBook(BookKind listed, AskedKind asked, std::u16string_view path,
+                          std::string_view firstBytes) {
+    if (asked) return *asked;
+    if (listed == BookKind::RichText || listed == BookKind::Html) return listed;
+    const BookKind named = KindOfName(path);
+    const bool certain = (named == BookKind::RichText && LooksLikeRtf(firstBytes)) ||
+                         (named == BookKind::Html && LooksLikeHtml(firstBytes));
     return certain ? named : listed;
 }

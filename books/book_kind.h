@@ -3,6 +3,7 @@
 
 #include "books/book_record.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,18 +21,20 @@ bool MatchesPattern(std::u16string_view text, std::u16string_view pattern);
 // short form of old file systems; its pages have longer endings, too.
 std::vector<std::u16string> ListedPatterns();
 
-// The kind that a name tells: the first type whose files are listed by it; OtherBook for any name.
-int KindOfName(std::u16string_view path);
+// The kind that a name tells: the first type whose files are listed by it; Other for any name.
+BookKind KindOfName(std::u16string_view path);
 
 // The kind of a file from its first bytes and its name.
-int KindOfBook(std::u16string_view path, std::string_view firstBytes);
+BookKind KindOfBook(std::u16string_view path, std::string_view firstBytes);
 
-constexpr int KindFromFile = -1; // to be told from the file when it is opened
+// The kind that a book is opened as; nothing: to be told from the file.
+using AskedKind = std::optional<BookKind>;
 
 // The kind of a file chosen while the Open dialog showed this type (from 1): what its name tells,
-// else the type; KindFromFile for all files.
-int KindOfChoice(std::u16string_view path, int filterIndex);
+// else the type; nothing for all files.
+AskedKind KindOfChoice(std::u16string_view path, int filterIndex);
 
 // The kind of a book that is opened as `asked` while the list holds it as `listed`. What was only
 // told from the file changes a text to rich text or HTML where name and content both say so.
-int KindOfListedBook(int listed, int asked, std::u16string_view path, std::string_view firstBytes);
+BookKind KindOfListedBook(BookKind listed, AskedKind asked, std::u16string_view path,
+                          std::string_view firstBytes);

@@ -32,6 +32,16 @@ std::u16string BookRecord::Path() const {
     return KeyToPath((*this)[Field::Path]);
 }
 
+BookKind BookRecord::Kind() const {
+    const int number = Number(Field::Filter);
+    const bool isKind = InRange(number, 0, static_cast<int>(BookKind::Other), true);
+    return isKind ? static_cast<BookKind>(number) : BookKind::Other;
+}
+
+void BookRecord::SetKind(BookKind kind) {
+    (*this)[Field::Filter] = NumberText(static_cast<int>(kind));
+}
+
 std::u16string PathToKey(std::u16string_view path) {
     return Replace(path, u"=", u"*");
 }

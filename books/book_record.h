@@ -27,7 +27,7 @@ enum class Field {
 };
 
 // The kind of a book: the place of its pattern in the Open dialog's filter list.
-enum BookKind { TextBook = 0, RichTextBook = 1, HtmlBook = 2, OtherBook = 3 };
+enum class BookKind { Text, RichText, Html, Other };
 
 class BookRecord {
   public:
@@ -44,6 +44,8 @@ class BookRecord {
     int Number(Field) const; // 0 for an empty field
     bool Flag(Field) const;
     std::u16string Path() const; // as the file system knows it
+    BookKind Kind() const;       // Other for a number that is no kind
+    void SetKind(BookKind);
 
     bool operator==(const BookRecord&) const = default;
 

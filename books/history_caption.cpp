@@ -1,8 +1,8 @@
 #include "books/history_caption.h"
 
+#include "common/char_refs.h"
 #include "common/direction_controls.h"
 #include "common/text.h"
-#include "reading/text_routines.h"
 
 #include <utility>
 

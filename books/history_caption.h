@@ -2,7 +2,7 @@
 #pragma once
 
 #include "books/book_record.h"
-#include "shell/date_texts.h"
+#include "books/date_texts.h"
 
 #include <string>
 

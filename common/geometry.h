@@ -15,6 +15,12 @@ using Color = std::uint32_t;
 // A position or a length in a text: UTF-16 code units from its start, a paragraph break counts one.
 using TextPos = std::int32_t;
 
+// A stretch of a text, in UTF-16 code units.
+struct CharSpan {
+    TextPos start = 0, length = 0;
+    bool operator==(const CharSpan&) const = default;
+};
+
 enum class Alignment { Left = 0, Right = 1, Center = 2, Justified = 3 };
 
 enum class Pointer { Default, Hourglass };

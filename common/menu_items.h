@@ -1,7 +1,7 @@
 // Menu items at run time: adding, captions with a note after a tab, radio groups.
 #pragma once
 
-#include "platform/menu_bar.h"
+#include "common/menu_model.h"
 
 #include <string>
 #include <string_view>

@@ -21,3 +21,10 @@ double NumericValue(std::u16string_view text);
 std::int32_t WholeNumber(std::u16string_view text); // the same, by RoundToEven
 std::int32_t RoundToEven(double value); // a half to the even one; kept in 32 bits; 0 for a NaN
 std::u16string NumberText(std::int64_t value);
+
+// With low > high: false when strict, else as if they were swapped.
+template <typename T>
+constexpr bool InRange(const T& value, const T& low, const T& high, bool strict) {
+    if (low <= high) return low <= value && value <= high;
+    return !strict && high <= value && value <= low;
+}

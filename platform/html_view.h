@@ -27,10 +27,7 @@
 //   main menu nav ol p pre section summary table caption thead tbody tfoot tr td th ul.
 // tests/contract/page_text_cases.h has examples. An engine with text ranges of its own may count
 // breaks its way, but all functions agree.
-struct PageSpan {
-    TextPos start = 0, length = 0;
-    bool operator==(const PageSpan&) const = default;
-};
+using PageSpan = CharSpan;
 
 // Lengths in CSS pixels. `top` is where the span's first line begins, from the top edge of the
 // view: negative when it is scrolled out above.

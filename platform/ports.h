@@ -7,6 +7,7 @@
 #include "platform/files.h"
 #include "platform/help_window.h"
 #include "platform/html_view.h"
+#include "platform/launch.h"
 #include "platform/locale.h"
 #include "platform/menu_bar.h"
 #include "platform/registry.h"
@@ -19,16 +20,6 @@
 #include "platform/window.h"
 
 #include <memory>
-
-// Where the program stands and how it was started.
-struct Launch {
-    std::u16string programFolder;  // without a separator at its end
-    std::u16string executableName; // base name, without extension
-    std::u16string userDataFolder; // for a program folder that cannot be written
-    std::u16string sharedFolder;   // of an installation, for what is not beside the program; or ""
-    std::u16string commandLine;    // the path of a book as a full path, or ""
-    std::u16string rootFolder;     // where a dialog starts when no other folder is known
-};
 
 struct Ports {
     Launch launch;

@@ -1,48 +1,85 @@
 #include "reading/bookmarks.h"
 
-#include "app/main_form.h"
-#include "books/book_record.h"
-#include "books/history_list.h"
-#include "books/save_state.h"
+#include "common/char_refs.h"
 #include "common/direction_controls.h"
 #include "common/menu_items.h"
 #include "common/text.h"
-#include "reading/page_marks.h"
-#include "reading/text_routines.h"
+#include "reading/caret.h"
 
 #include <algorithm>
 
 namespace {
-constexpr TextPos maxExcerptLength = 81; // units; a mark without a selection has this length
+constexpr TextPos maxMarkLength = 80;
+constexpr TextPos standardLength = 81; // of a mark without a fitting selection
 
-// The marked text; "" for a tag that is not two numbers.
-std::u16string TextExcerpt(const MainForm& form, const std::u16string& tag) {
+TextPos StartOf(const std::u16string& tag) {
+    return WholeNumber(std::u16string_view(tag).substr(0, tag.find(u',')));
+}
+} // namespace
+
+std::optional<CharSpan> ParseMark(const std::u16string& tag) {
     const auto parts = Split(tag, u",");
-    if (parts.size() != 2) return u"";
-    const TextPos length = std::min(WholeNumber(parts[1]), maxExcerptLength);
-    return form.ports.textView->TextRange(std::max(WholeNumber(parts[0]), 0), length);
+    if (parts.size() != 2) return std::nullopt;
+    return CharSpan{std::max(WholeNumber(parts[0]), 0), std::max(WholeNumber(parts[1]), 0)};
 }
 
-// One for each tag; none at all when the page does not answer.
-std::vector<std::u16string> Excerpts(MainForm& form, const std::vector<std::u16string>& tags) {
-    if (IsPageShown(form)) return PageExcerpts(form, tags);
-    std::vector<std::u16string> excerpts;
-    for (const std::u16string& tag : tags)
-        excerpts.push_back(TextExcerpt(form, tag));
-    return excerpts;
+std::u16string MarkText(const CharSpan& mark) {
+    return NumberText(mark.start) + u',' + NumberText(mark.length);
 }
 
-std::vector<std::u16string> Tags(const MenuArray& list) {
+std::vector<std::u16string> MarkTags(const Bookmarks& bookmarks) {
     std::vector<std::u16string> tags;
-    for (const MenuItem& item : list.items)
+    for (const MenuItem& item : bookmarks.list.items)
         tags.push_back(item.tag);
     return tags;
 }
 
-// A mark without an excerpt keeps its caption.
-void CaptionBookmarks(MainForm& form) {
-    MenuArray &list = form.menu.mBookmarkList, &deleteList = form.menu.mBookmarkDeleteList;
-    auto excerpts = Excerpts(form, Tags(list));
+std::u16string MarksText(const Bookmarks& bookmarks) {
+    return Join(MarkTags(bookmarks), u"|");
+}
+
+void FillBookmarks(Bookmarks& bookmarks, const std::u16string& marks) {
+    MenuArray& list = bookmarks.list;
+    int count = 0;
+    for (const std::u16string& mark : Split(marks, u"|")) {
+        if (mark.empty()) continue;
+        if (count == list.Count()) AddMenuItem(list);
+        MenuItem& item = list[count++];
+        item.tag = mark;
+        item.caption = u" ";
+        item.checked = false;
+        item.visible = true;
+    }
+    if (count == 0) list[0].caption = list[0].tag = u"";
+    list.items.resize(std::max(count, 1));
+    bookmarks.menu.tag = u"-1";
+}
+
+std::u16string JoinedMarks(const std::u16string& stored, const std::u16string& added) {
+    std::vector<std::u16string> marks = Split(stored, u"|");
+    std::erase(marks, u"");
+    for (const std::u16string& mark : Split(added, u"|")) {
+        const bool known = std::ranges::any_of(
+            marks, [&](const std::u16string& other) { return StartOf(other) == StartOf(mark); });
+        if (!mark.empty() && !known) marks.push_back(mark);
+    }
+    std::ranges::stable_sort(marks, {}, StartOf);
+    return Join(marks, u"|");
+}
+
+std::vector<std::u16string> TextExcerpts(const TextView& view,
+                                         const std::vector<std::u16string>& tags) {
+    std::vector<std::u16string> excerpts;
+    for (const std::u16string& tag : tags) {
+        const auto mark = ParseMark(tag);
+        excerpts.push_back(
+            mark ? view.TextRange(mark->start, std::min(mark->length, standardLength)) : u"");
+    }
+    return excerpts;
+}
+
+void CaptionBookmarks(Bookmarks& bookmarks, std::vector<std::u16string> excerpts) {
+    MenuArray &list = bookmarks.list, &deleteList = bookmarks.deleteList;
     excerpts.resize(list.items.size());
     for (int i = 0; i < list.Count(); ++i) {
         if (i == deleteList.Count()) AddMenuItem(deleteList);
@@ -52,34 +89,59 @@ void CaptionBookmarks(MainForm& form) {
     }
     deleteList.items.resize(list.items.size());
 }
-} // namespace
 
-void LoadBookmarks(MainForm& form, const std::u16string& marks) {
-    MenuArray& list = form.menu.mBookmarkList;
-    int last = -1;
-    for (const std::u16string& mark : Split(marks, u"|")) {
-        if (mark.empty()) continue;
-        if (++last == list.Count()) AddMenuItem(list);
-        list[last].tag = mark;
-        list[last].caption = u" ";
-        list[last].checked = false;
-        list[last].visible = true;
+int PlaceMark(Bookmarks& bookmarks, TextPos start) {
+    MenuArray& list = bookmarks.list;
+    if (bookmarks.IsEmpty()) return 0;
+    int index = 0;
+    while (index < list.Count() && StartOf(list[index].tag) < start)
+        ++index;
+    if (index < list.Count() && StartOf(list[index].tag) == start) return index;
+    AddMenuItem(list);
+    for (int i = list.Count() - 1; i > index; --i) {
+        list[i].tag = list[i - 1].tag;
+        list[i].caption = list[i - 1].caption;
     }
-    if (last < 0) list[0].caption = list[0].tag = u"";
-    RefreshBookmarkMenu(form, std::max(last, 0), true);
-    form.menu.mBookmark[0].tag = u"-1";
+    return index;
 }
 
-void RefreshBookmarkMenu(MainForm& form, int keepUpTo, bool noSave) {
-    MenuTree& menu = form.menu;
-    MenuArray& list = menu.mBookmarkList;
-    if (keepUpTo >= 0 && list.Count() > keepUpTo + 1) list.items.resize(keepUpTo + 1);
-    list[0].visible = menu.mBookmarkSeparator[0].visible = !list[0].tag.empty();
-    if (IsShownBookListed(form)) {
-        BookRecord record = BookRecord::Parse(menu.mFileList[0].tag);
-        record[Field::Marks] = Join(Tags(list), u"|");
-        menu.mFileList[0].tag = record.ToText();
+void RemoveMark(Bookmarks& bookmarks, int index) {
+    MenuArray& list = bookmarks.list;
+    if (list.Count() == 1) return RemoveAllMarks(bookmarks);
+    for (int i = index; i + 1 < list.Count(); ++i) {
+        list[i].tag = list[i + 1].tag;
+        list[i].caption = list[i + 1].caption;
     }
-    CaptionBookmarks(form); // may wait for a page, and the window may close meanwhile
-    if (!noSave) SaveBookState(form, 0);
+    list.items.pop_back();
+}
+
+void RemoveAllMarks(Bookmarks& bookmarks) {
+    MenuArray& list = bookmarks.list;
+    list.items.resize(1);
+    list[0].caption = list[0].tag = u"";
+    list[0].checked = false;
+}
+
+int CurrentBookmark(const Bookmarks& bookmarks) {
+    return std::max(WholeNumber(bookmarks.menu.tag), 0);
+}
+
+void UncheckBookmarks(Bookmarks& bookmarks) {
+    for (MenuItem& item : bookmarks.list.items)
+        item.checked = false;
+}
+
+std::optional<CharSpan> MarkInText(const TextView& view) {
+    const TextPos start = view.SelStart(), selected = view.SelLength();
+    if (start == 0) return std::nullopt;
+    return CharSpan{start, InRange(selected, 1, maxMarkLength, true) ? selected : standardLength};
+}
+
+void GoToTextMark(TextView& view, const CharSpan& mark, int charset) {
+    ScrollCaretToTop(view, mark.start);
+    view.Select(view.SelStart(), mark.length);
+    // The highlight begins one character before the mark; a mark at 0 cannot be defined.
+    const TextPos start = LogicalCaretPos(view, charset) - 1;
+    view.Select(std::max(start, 0), mark.length);
+    view.ScrollIntoViewHorizontally(mark.start, mark.length);
 }

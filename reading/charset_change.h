@@ -1,10 +1,12 @@
-// Choosing another script for an 8-bit book: its bytes are decoded again, and places move to the
+// Another script for a book in a code page: its bytes are decoded again, and places move to the
 // same bytes.
 #pragma once
 
-struct MainForm;
+#include "formats/plain_text_source.h"
 
-// Reads the shown book again in the charset of the view's font, when it is plain text in a code
-// page. Top line, caret and bookmarks stay on the same text. Nothing happens to a book in Unicode
-// or rich text.
-void ReadInCharset(MainForm&);
+#include <memory>
+#include <vector>
+
+// Positions in the text of `file` in one code page, as those of the same bytes in `to`.
+void MovePlaces(std::vector<TextPos>& places, const std::shared_ptr<const FileReader>& file,
+                int fromCodePage, const PlainTextSource& to);

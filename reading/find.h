@@ -1,14 +1,31 @@
-// Find and find next, and the searches remembered for each book.
+// Searches: what was searched for last, and the searches remembered for the shown book.
 #pragma once
 
+#include "platform/html_view.h"
+#include "platform/text_view.h"
+
 #include <string>
+#include <string_view>
+#include <vector>
 
-struct MainForm;
+struct FindState {
+    std::u16string text; // the last one searched for, "" for none yet
+    FindOptions options;
+    std::vector<std::u16string> history; // of the shown book, newest first
+};
 
-void mEditFind_Click(MainForm&, int); // asks for a text and finds it
-void mEditNext_Click(MainForm&, int); // from behind the selection, once around the end
+void RememberSearch(FindState&); // the present text comes to the front of the history
 
-// The searches of the shown book, under its own section of the data file.
-void LoadFindHistory(MainForm&);
-// Nothing is written when there are none.
-void SaveFindHistory(MainForm&, const std::u16string& recordKey);
+// A history as the data file keeps it, in one line, and back.
+std::u16string StoredSearches(const std::vector<std::u16string>& history);
+std::vector<std::u16string> ParseSearches(std::u16string_view stored);
+
+// What a search may start from: the selected text; "" when more is selected than anybody looks for.
+std::u16string SelectedSearch(const TextView&, int charset);
+std::u16string SelectedSearch(HtmlView&);
+
+// The next place behind the selection: in a text once around its end, selected and in view; in a
+// page up to its end only. Nothing changes when there is none, or when a long search is given up.
+// `charset` is the font's.
+void FindNext(TextView&, const FindState&, int charset);
+void FindNext(HtmlView&, const FindState&);

@@ -1,49 +1,42 @@
 #include "reading/formatting.h"
 
-#include "app/main_form.h"
 #include "common/menu_items.h"
 #include "common/text.h"
 #include "reading/caret.h"
 
 namespace {
-// Runs a change of the whole text; the caret and the line at the top stay where they are.
+// Runs a change of the whole text.
 template <typename Change>
-void ApplyToWholeText(TextView& view, bool noRestore, Change change) {
+void ApplyToWholeText(TextView& view, Scrolling scrolling, Change change) {
     const TextPos caret = view.SelStart(), top = FirstVisibleChar(view);
     change();
-    if (noRestore) return;
+    if (scrolling == Scrolling::Leave) return;
     view.Select(caret, 0);
     view.ScrollLineToTop(top);
 }
 } // namespace
 
-void ApplyFont(MainForm& form, bool noRestore) {
-    TextView& view = *form.ports.textView;
-    ApplyToWholeText(view, noRestore, [&] {
-        view.SetFont(form.viewFont);
+void ApplyFont(TextView& view, const ViewFont& font, Scrolling scrolling) {
+    ApplyToWholeText(view, scrolling, [&] {
+        view.SetFont(font);
         view.ApplyFontToAll();
     });
 }
 
-void ApplyTextColor(MainForm& form, Color color, bool noRestore) {
-    TextView& view = *form.ports.textView;
-    const bool keepFileColors = form.menu.mOptionsFileColor[0].checked;
-    form.textColor = color;
+void ApplyTextColor(TextView& view, Color color, bool keepFileColors, Scrolling scrolling) {
     if (view.AutoColor() != keepFileColors) view.SetAutoColor(keepFileColors);
     if (keepFileColors) return;
-    ApplyToWholeText(view, noRestore, [&] { view.SetTextColor(color); });
+    ApplyToWholeText(view, scrolling, [&] { view.SetTextColor(color); });
 }
 
-void ApplyAlignment(MainForm& form, int index, bool noRestore) {
-    TextView& view = *form.ports.textView;
-    if (index < 0 || index >= form.menu.mViewAlign.Count()) index = 0;
-    ApplyToWholeText(view, noRestore, [&] { view.SetAlignment(static_cast<Alignment>(index)); });
-    CheckRadioItem(index, form.menu.mViewAlign);
+void ApplyAlignment(TextView& view, MenuArray& alignItems, int index, Scrolling scrolling) {
+    if (index < 0 || index >= alignItems.Count()) index = 0;
+    ApplyToWholeText(view, scrolling, [&] { view.SetAlignment(static_cast<Alignment>(index)); });
+    CheckRadioItem(index, alignItems);
 }
 
-void SetWordWrap(MainForm& form, bool wrap) {
+void SetWordWrap(TextView& view, const Window& window, MenuItem& wrapItem, bool wrap) {
     constexpr int widePixels = 32768; // no line is as long
-    form.menu.mViewWordWrap[0].checked = wrap;
-    const double twips = widePixels * form.ports.window->TwipsPerPixelX();
-    form.ports.textView->SetRightMargin(wrap ? 0 : RoundToEven(twips));
+    wrapItem.checked = wrap;
+    view.SetRightMargin(wrap ? 0 : RoundToEven(widePixels * window.TwipsPerPixelX()));
 }

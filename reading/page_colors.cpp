@@ -1,14 +1,13 @@
 #include "reading/page_colors.h"
 
-#include "app/main_form.h"
-#include "shell/colors.h"
+#include "common/colors.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
 constexpr std::uint32_t black = 0x000000, white = 0xFFFFFF;
-constexpr double readable = 3; // of contrast, for letters of some size
+constexpr double readable = 3; // of contrast, for text of some size
 
 double Linear(std::uint32_t component) {
     const double share = (component & 0xFF) / 255.0;
@@ -32,9 +31,8 @@ std::optional<std::uint32_t> ReadableTextColor(const PageColors& own, std::uint3
     return Contrast(black, background) > Contrast(white, background) ? black : white;
 }
 
-void PaintPage(MainForm& form) {
-    HtmlView& page = *form.ports.htmlView;
-    const std::uint32_t background = SwapColorOrder(form.ports.textView->BackColor());
-    page.SetBackColor(background);
-    page.SetTextColor(ReadableTextColor(page.OwnColors(), background));
+void PaintPage(HtmlView& page, Color background) {
+    const std::uint32_t color = SwapColorOrder(background);
+    page.SetBackColor(color);
+    page.SetTextColor(ReadableTextColor(page.OwnColors(), color));
 }

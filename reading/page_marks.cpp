@@ -1,8 +1,7 @@
 #include "reading/page_marks.h"
 
-#include "app/main_form.h"
 #include "common/text.h"
-#include "reading/text_routines.h"
+#include "reading/bookmarks.h"
 
 #include <algorithm>
 
@@ -23,41 +22,32 @@ std::optional<PageSpan> SpanToMark(HtmlView& html) {
 }
 } // namespace
 
-bool CanMarkPage(const MainForm& form) {
-    if (!HasPageBody(form)) return false;
-    const HtmlView& html = *form.ports.htmlView;
-    return html.ScrollTop() > 0 || html.Selection().top != html.TopMargin();
+bool CanMarkPage(const HtmlView& view) {
+    return view.ScrollTop() > 0 || view.Selection().top != view.TopMargin();
 }
 
-std::optional<PageMark> MarkInPage(MainForm& form) {
-    if (!HasPageBody(form)) return std::nullopt;
-    HtmlView& html = *form.ports.htmlView;
-    const auto span = SpanToMark(html);
+std::optional<PageMark> MarkInPage(HtmlView& view) {
+    const auto span = SpanToMark(view);
     if (!span) return std::nullopt;
-    const auto texts = html.TextsOf({*span});
+    const auto texts = view.TextsOf({*span});
     if (texts.size() != 1) return std::nullopt;
     const std::u16string excerpt = texts[0].substr(0, maxMarkLength);
     return PageMark{{span->start, static_cast<TextPos>(excerpt.size())}, excerpt};
 }
 
-std::vector<std::u16string> PageExcerpts(MainForm& form, const std::vector<std::u16string>& tags) {
-    const bool none = tags.empty() || tags.front().empty();
-    if (none || !HasPageBody(form)) return {};
+std::vector<std::u16string> PageExcerpts(HtmlView& view, const std::vector<std::u16string>& tags) {
+    if (tags.empty() || tags.front().empty()) return {};
     std::vector<PageSpan> spans;
     for (const std::u16string& tag : tags) {
-        const auto parts = Split(tag, u",");
-        PageSpan span; // of no length for what is no bookmark
-        if (parts.size() == 2)
-            span = {std::max(WholeNumber(parts[0]), 0),
-                    std::clamp(WholeNumber(parts[1]), 0, maxMarkLength)};
-        spans.push_back(span);
+        const auto mark = ParseMark(tag).value_or(PageSpan()); // of no length for what is none
+        spans.push_back({mark.start, std::min(mark.length, maxMarkLength)});
     }
-    auto texts = form.ports.htmlView->TextsOf(spans);
+    auto texts = view.TextsOf(spans);
     if (texts.size() != tags.size()) texts.clear();
     return texts;
 }
 
-void GoToPageMark(MainForm& form, const PageSpan& span) {
-    form.ports.htmlView->Select(span);
-    form.ports.htmlView->ScrollSpanToTop(span);
+void GoToPageMark(HtmlView& view, const PageSpan& span) {
+    view.Select(span);
+    view.ScrollSpanToTop(span);
 }

@@ -7,22 +7,22 @@
 #include <string>
 #include <vector>
 
-struct MainForm;
-
 struct PageMark {
     PageSpan span;
     std::u16string excerpt; // the marked text
 };
 
+// The functions are for a page that has a body.
+
 // Not at the beginning of the book: the selection on the first line of a page not scrolled.
-bool CanMarkPage(const MainForm&);
+bool CanMarkPage(const HtmlView&);
 
 // The selection, 80 characters of it at most or from its caret; those at the top of the view when
 // the selection is scrolled out of sight. Nothing when the page does not answer.
-std::optional<PageMark> MarkInPage(MainForm&);
+std::optional<PageMark> MarkInPage(HtmlView&);
 
 // The text of each bookmark tag ("start,length"), "" for a tag that is not two numbers; an empty
 // list when the page does not answer.
-std::vector<std::u16string> PageExcerpts(MainForm&, const std::vector<std::u16string>& tags);
+std::vector<std::u16string> PageExcerpts(HtmlView&, const std::vector<std::u16string>& tags);
 
-void GoToPageMark(MainForm&, const PageSpan&); // selects it, at the top of the view
+void GoToPageMark(HtmlView&, const PageSpan&); // selects it, at the top of the view

@@ -1,8 +1,6 @@
 #include "reading/zoom.h"
 
-#include "app/main_form.h"
-#include "books/history_list.h"
-#include "books/save_state.h"
+#include "common/keys.h"
 #include "common/text.h"
 
 #include <algorithm>
@@ -21,57 +19,41 @@ std::optional<int> StepOfKey(int keyCode) {
     default: return std::nullopt;
     }
 }
-
-void SendZoomKey(MainForm& form, bool larger) {
-    ++form.page.pendingZoomKeys;
-    form.ports.htmlView->SendZoomKey(larger);
-}
 } // namespace
 
-int ZoomStep(const MainForm& form) {
-    return WholeNumber(form.menu.mViewFont[0].tag);
+int ZoomStep(const MenuItem& fontItem) {
+    return WholeNumber(fontItem.tag);
 }
 
 int WithinZoomSteps(int step) {
     return std::clamp(step, -maxZoomStep, maxZoomStep);
 }
 
-void SetZoomStep(MainForm& form, int step) {
-    form.menu.mViewFont[0].tag = NumberText(WithinZoomSteps(step));
+void SetZoomStep(MenuItem& fontItem, int step) {
+    fontItem.tag = NumberText(WithinZoomSteps(step));
 }
 
-void ZoomBy(MainForm& form, int steps) {
-    for (int i = 0; i < std::abs(steps); ++i)
-        SendZoomKey(form, steps > 0);
+void ZoomBy(HtmlPage& page, HtmlView& view, int steps) {
+    for (int i = 0; i < std::abs(steps); ++i) {
+        ++page.pendingZoomKeys;
+        view.SendZoomKey(steps > 0);
+    }
 }
 
-void ZoomPage(MainForm& form, bool larger) {
-    SetZoomStep(form, ZoomStep(form) + (larger ? 1 : -1));
-    SendZoomKey(form, larger);
+void SettleZoom(HtmlView& view, const MenuItem& fontItem) {
+    // The answer to any question comes after all orders have been carried out.
+    if (view.ZoomSteps() != ZoomStep(fontItem)) view.StartAtTop();
 }
 
-bool SettleZoom(MainForm& form) {
-    const bool underWay = HasPageBody(form) && form.ports.htmlView->ZoomSteps() != ZoomStep(form);
-    if (underWay) form.ports.htmlView->StartAtTop(); // any question comes behind all orders
-    return !form.closed;
-}
-
-void wbMain_Zoomed(MainForm& form) {
-    if (!IsShownBookListed(form) || !HasPageBody(form)) return;
-    const BookRecord record = BookRecord::Parse(form.menu.mFileList[0].tag);
-    // A page that was brought to its place has the size of its record.
-    if (record.Number(Field::FontSize) != form.ports.htmlView->ZoomSteps()) SaveBookState(form, 0);
-}
-
-bool CountZoomKey(MainForm& form, int keyCode, int shift) {
+bool CountZoomKey(HtmlPage& page, MenuItem& fontItem, int keyCode, int shift) {
     const auto step = StepOfKey(keyCode);
     // Ctrl with Alt types a character on some keyboards.
     const bool zooms = (shift & (CtrlKey | AltKey)) == CtrlKey;
-    if (!zooms || !step || form.page.path.empty()) return false;
-    if (form.page.pendingZoomKeys > 0) {
-        --form.page.pendingZoomKeys;
+    if (!zooms || !step || !page.IsShown()) return false;
+    if (page.pendingZoomKeys > 0) {
+        --page.pendingZoomKeys;
         return false;
     }
-    SetZoomStep(form, *step + std::abs(*step) * ZoomStep(form));
+    SetZoomStep(fontItem, *step + std::abs(*step) * ZoomStep(fontItem));
     return true;
 }

@@ -6,20 +6,21 @@
 // together, and keeps the pair before until then.
 #pragma once
 
-struct MainForm;
+#include "common/menu_model.h"
+#include "reading/html_page.h"
 
-int ZoomStep(const MainForm&); // asked for last; in the tag of the Font item, a decimal number
-void SetZoomStep(MainForm&, int);
+// The step asked for last is kept in the tag of View > Font, as a decimal number.
+int ZoomStep(const MenuItem& fontItem);
+void SetZoomStep(MenuItem& fontItem, int);
 int WithinZoomSteps(int step); // of an edited record
 
-void ZoomBy(MainForm&, int steps);     // the page alone
-void ZoomPage(MainForm&, bool larger); // one step, as a command does
+// Keystrokes for the page alone: larger for a positive number, smaller for a negative one.
+void ZoomBy(HtmlPage&, HtmlView&, int steps);
 
-// Before the page is left: lets it settle, so that its size is not lost. Waits a bounded time;
-// false when the window was closed meanwhile.
-bool SettleZoom(MainForm&);
-void wbMain_Zoomed(MainForm&); // it has settled
+// Before a page with a body is left: lets it settle, so that its size is not lost. Waits a bounded
+// time, in which the window may be closed.
+void SettleZoom(HtmlView&, const MenuItem& fontItem);
 
 // Whether this key of the user has zoomed the page. It is counted whatever the program is doing
 // just now, because the view zooms by itself.
-bool CountZoomKey(MainForm&, int keyCode, int shift);
+bool CountZoomKey(HtmlPage&, MenuItem& fontItem, int keyCode, int shift);

@@ -1,9 +1,8 @@
 #include "shell/about.h"
 
-#include "app/main_form.h"
 #include "common/text.h"
-#include "shell/product_web.h"
-#include "shell/version_text.h"
+#include "shell/update/product_web.h"
+#include "shell/update/version_text.h"
 
 std::u16string AboutText(const ProgramVersion& version, const std::u16string& extraText) {
     const std::u16string lineEnd = u"\r\n", mail = CommentsEntry(version, 1);
@@ -15,15 +14,11 @@ std::u16string AboutText(const ProgramVersion& version, const std::u16string& ex
     return text + mail;
 }
 
-void ShowAboutBox(MainForm& form, const std::u16string& extraText) {
-    const ProgramVersion version = form.ports.versionInfo->OwnVersion();
+void ShowAboutBox(Dialogs& dialogs, const ProgramVersion& version,
+                  const std::u16string& extraText) {
     Message message;
     message.title = u"About " + version.trademarks;
     message.text = AboutText(version, extraText);
     message.icon = MessageIcon::Application;
-    form.ports.dialogs->ShowMessage(message);
-}
-
-void mHelpAbout_Click(MainForm& form, int) {
-    ShowAboutBox(form);
+    dialogs.ShowMessage(message);
 }

@@ -1,16 +1,25 @@
-// The options: title mode, colours of rich-text books, external editors.
+// The options that the data file keeps: title mode, colours of rich-text books, external editors.
 #pragma once
+
+#include "common/menu_model.h"
+#include "datafile/ini_file.h"
+#include "platform/files.h"
+#include "platform/shell.h"
+#include "platform/version_info.h"
 
 #include <string>
 
-struct MainForm;
+// Makes `path` the editor of the item, and shows its description in the item's caption.
+void SetEditorItem(MenuItem&, const std::u16string& path, const VersionInfo&, char16_t separator);
 
-// Makes `path` the editor of kind `index`, and shows its description in the item's caption.
-void SetEditorItem(MainForm&, int index, const std::u16string& path);
+// Those of all profiles, one for each kind of book. `fallback` edits plain text where none is
+// chosen.
+void LoadEditors(MenuArray& editors, IniFile&, const std::u16string& fallback, const VersionInfo&,
+                 char16_t separator);
+void SaveEditor(IniFile&, int kind, const std::u16string& path);
 
-void LoadEditors(MainForm&);        // of all profiles, from the data file
-void LoadProfileOptions(MainForm&); // title mode and colours of the current profile
-
-void mOptionsTitle_Click(MainForm&, int index);
-void mOptionsFileColor_Click(MainForm&, int);
-void mOptionsEditor_Click(MainForm&, int index);
+// Title mode (an index, checked) and colours of a profile.
+void LoadProfileOptions(MenuArray& title, MenuItem& fileColor, IniFile&,
+                        const std::u16string& profile);
+void SaveTitleOption(IniFile&, const std::u16string& profile, int index);
+void SaveFileColorOption(IniFile&, const std::u16string& profile, bool on);

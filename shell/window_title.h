@@ -1,9 +1,23 @@
-// The title of the main window.
+// The title of the main window, and the name of the book where it is read aloud.
 #pragma once
 
-struct MainForm;
+#include "books/book_record.h"
 
-// "product [profile] - path", with the book's own title for the path when that is wanted and can be
-// shown; without a book the first part alone.
-// The text view gets the title, else the file's name.
-void UpdateWindowTitle(MainForm&);
+#include <string>
+
+// What of the shown book can stand in the title.
+struct TitledBook {
+    std::u16string path;
+    std::u16string title; // of its own, decoded; "" for none
+};
+
+// The shown book's path and the title of its record.
+TitledBook TitledBookOf(const BookRecord&, const std::u16string& path);
+
+// "product [profile] - path", with the book's own title for the path when that is wanted and there
+// is one; null for no book: the first part alone.
+std::u16string WindowTitle(const std::u16string& product, const std::u16string& profile,
+                           const TitledBook*, bool titleWanted);
+
+// Title or file name: what one would say of the book.
+std::u16string AccessibleBookName(const TitledBook&, char16_t separator);

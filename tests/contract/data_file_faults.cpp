@@ -1,6 +1,6 @@
 #include "data_file_faults.h"
 
-#include "books/open_book.h"
+#include "app/open_book.h"
 #include "common/utf.h"
 #include "tests/unit/test_form.h"
 
@@ -74,7 +74,7 @@ class Program {
     // As a person does who reads for some minutes.
     void Read() {
         for (const char* book : {"first.txt", "second.txt", "first.txt"}) {
-            OpenBook(test_.form, PathOfSystem(folder_ / book), -1);
+            OpenBook(test_.form, PathOfSystem(folder_ / book));
             test_.Timer().Tick(61);
         }
         test_.Menus().Click(test_.Menu().mOptionsTitle, 0);

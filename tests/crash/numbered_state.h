@@ -1,7 +1,7 @@
 // A data file whose whole content follows from one number, so that a mixture of two states shows.
 #pragma once
 
-#include "common/ini_file.h"
+#include "datafile/ini_file.h"
 #include "common/text.h"
 
 #include <string>

@@ -3,7 +3,7 @@
 #include "app/main_form.h"
 #include "app/start_up.h"
 #include "books/book_record.h"
-#include "books/history_list.h"
+#include "books/history.h"
 #include "platform/none/none_ports.h"
 
 #include <cstddef>
@@ -36,7 +36,7 @@ void Run(std::string& dataFile, bool bookIsFirst) {
     files.AddFile(dataPath, dataFile);
     files.AddFile(bookPath, "Once upon a time there was\na book.\n");
     Require(Form_Load(form));
-    if (bookIsFirst) Require(GetBookPath(form, 0) == bookPath);
+    if (bookIsFirst) Require(GetBookPath(form.history, 0) == bookPath);
     auto& html = static_cast<NoneHtmlView&>(*form.ports.htmlView); // the record may say so
     html.pages[bookPath] = {u"Once upon a time there was\na book.", u"A = B", "windows-1251"};
     if (!html.navigations.empty()) html.FinishLoading();

@@ -8,12 +8,12 @@
 TEST_CASE("book kind: from the first line, else from the name") {
     CHECK(GetFilterPatterns(bookFilter) ==
           std::vector<std::u16string>{u"*.txt", u"*.rtf", u"*.htm", u"*.*"});
-    CHECK(KindOfBook(u"/b/a.txt", "{\\RTF1 x}") == RichTextBook);
-    CHECK(KindOfBook(u"/b/a.TXT", "plain") == TextBook);
-    CHECK(KindOfBook(u"/b/a.rtf", "plain") == RichTextBook);
-    CHECK(KindOfBook(u"/b/a.htm", "<html>") == HtmlBook);
-    CHECK(KindOfBook(u"/b/a.log", "") == OtherBook);
-    CHECK(KindOfBook(u"/b/README", "") == OtherBook);
+    CHECK(KindOfBook(u"/b/a.txt", "{\\RTF1 x}") == BookKind::RichText);
+    CHECK(KindOfBook(u"/b/a.TXT", "plain") == BookKind::Text);
+    CHECK(KindOfBook(u"/b/a.rtf", "plain") == BookKind::RichText);
+    CHECK(KindOfBook(u"/b/a.htm", "<html>") == BookKind::Html);
+    CHECK(KindOfBook(u"/b/a.log", "") == BookKind::Other);
+    CHECK(KindOfBook(u"/b/README", "") == BookKind::Other);
     CHECK(MatchesPattern(u"abcabd", u"a*abd"));
     CHECK(MatchesPattern(u"abc", u"?b*"));
     CHECK_FALSE(MatchesPattern(u"abc", u"b*"));
@@ -22,12 +22,15 @@ TEST_CASE("book kind: from the first line, else from the name") {
 TEST_CASE("book kind: a name tells the type in whose list it stands") {
     CHECK(ListedPatterns() ==
           std::vector<std::u16string>{u"*.txt", u"*.rtf", u"*.htm;*.html;*.xhtml", u"*.*"});
-    const std::pair<const char16_t*, int> table[] = {
-        {u"/b/a.txt", TextBook},         {u"/b/A.TXT", TextBook},  {u"C:\\b\\a.rtf", RichTextBook},
-        {u"/b/a.htm", HtmlBook},         {u"/b/a.HTML", HtmlBook}, {u"/b/a.xhtml", HtmlBook},
-        {u"/b/a.txt.rtf", RichTextBook}, {u".htm", HtmlBook},      {u"/b/a.shtml", OtherBook},
-        {u"/b/a.xhtm", OtherBook},       {u"/b/htm", OtherBook},   {u"/b.txt/a", OtherBook},
-        {u"/b/a.txt ", OtherBook},       {u"", OtherBook},         {u"/b/README", OtherBook},
+    const std::pair<const char16_t*, BookKind> table[] = {
+        {u"/b/a.txt", BookKind::Text},         {u"/b/A.TXT", BookKind::Text},
+        {u"C:\\b\\a.rtf", BookKind::RichText}, {u"/b/a.htm", BookKind::Html},
+        {u"/b/a.HTML", BookKind::Html},        {u"/b/a.xhtml", BookKind::Html},
+        {u"/b/a.txt.rtf", BookKind::RichText}, {u".htm", BookKind::Html},
+        {u"/b/a.shtml", BookKind::Other},      {u"/b/a.xhtm", BookKind::Other},
+        {u"/b/htm", BookKind::Other},          {u"/b.txt/a", BookKind::Other},
+        {u"/b/a.txt ", BookKind::Other},       {u"", BookKind::Other},
+        {u"/b/README", BookKind::Other},
     };
     for (const auto& [path, kind] : table) {
         CAPTURE(std::u16string(path));
@@ -38,22 +41,22 @@ TEST_CASE("book kind: a name tells the type in whose list it stands") {
 TEST_CASE("book kind: what is chosen in the dialog, by the type there and by the name") {
     struct Row {
         const char16_t* path;
-        int text, rich, page, all; // with each of the four types
+        AskedKind text, rich, page, all; // with each of the four types
     };
     const Row table[] = {
-        {u"/b/a.txt", TextBook, TextBook, TextBook, KindFromFile},
-        {u"/b/a.rtf", RichTextBook, RichTextBook, RichTextBook, KindFromFile},
-        {u"/b/a.html", HtmlBook, HtmlBook, HtmlBook, KindFromFile},
-        {u"/b/a.log", TextBook, RichTextBook, HtmlBook, KindFromFile},
-        {u"/b/README", TextBook, RichTextBook, HtmlBook, KindFromFile},
+        {u"/b/a.txt", BookKind::Text, BookKind::Text, BookKind::Text, std::nullopt},
+        {u"/b/a.rtf", BookKind::RichText, BookKind::RichText, BookKind::RichText, std::nullopt},
+        {u"/b/a.html", BookKind::Html, BookKind::Html, BookKind::Html, std::nullopt},
+        {u"/b/a.log", BookKind::Text, BookKind::RichText, BookKind::Html, std::nullopt},
+        {u"/b/README", BookKind::Text, BookKind::RichText, BookKind::Html, std::nullopt},
     };
     for (const Row& row : table) {
         CAPTURE(std::u16string(row.path));
-        const int kinds[] = {row.text, row.rich, row.page, row.all};
+        const AskedKind kinds[] = {row.text, row.rich, row.page, row.all};
         for (int type = 1; type <= 4; ++type)
             CHECK(KindOfChoice(row.path, type) == kinds[type - 1]);
         for (const int noType : {-1, 0, 5})
-            CHECK(KindOfChoice(row.path, noType) == KindFromFile);
+            CHECK(KindOfChoice(row.path, noType) == std::nullopt);
     }
 }
 
@@ -62,28 +65,29 @@ TEST_CASE("book kind: of a listed book, opened again") {
     struct Row {
         const char16_t* path;
         const char* start;
-        int listed, asked, kind;
+        BookKind listed;
+        AskedKind asked;
+        BookKind kind;
     };
     const Row table[] = {
         // Asked for: as asked.
-        {u"/a.log", text, TextBook, HtmlBook, HtmlBook},
-        {u"/a.htm", page, HtmlBook, TextBook, TextBook},
-        {u"/a.rtf", text, OtherBook, RichTextBook, RichTextBook},
+        {u"/a.log", text, BookKind::Text, BookKind::Html, BookKind::Html},
+        {u"/a.htm", page, BookKind::Html, BookKind::Text, BookKind::Text},
+        {u"/a.rtf", text, BookKind::Other, BookKind::RichText, BookKind::RichText},
         // Told from the file: a text of the list is put right by name and content together.
-        {u"/a.htm", page, TextBook, KindFromFile, HtmlBook},
-        {u"/a.xhtml", " \n<?xml?>", OtherBook, KindFromFile, HtmlBook},
-        {u"/a.rtf", rich, TextBook, KindFromFile, RichTextBook},
-        {u"/a.htm", text, TextBook, KindFromFile, TextBook},
-        {u"/a.log", page, TextBook, KindFromFile, TextBook},
-        {u"/a.txt", rich, TextBook, KindFromFile, TextBook},
-        {u"/a.htm", rich, TextBook, KindFromFile, TextBook},
-        {u"/a.rtf", page, TextBook, KindFromFile, TextBook},
-        {u"/a.txt", text, OtherBook, KindFromFile, OtherBook},
-        {u"/a.log", text, TextBook, KindFromFile, TextBook},
+        {u"/a.htm", page, BookKind::Text, std::nullopt, BookKind::Html},
+        {u"/a.xhtml", " \n<?xml?>", BookKind::Other, std::nullopt, BookKind::Html},
+        {u"/a.rtf", rich, BookKind::Text, std::nullopt, BookKind::RichText},
+        {u"/a.htm", text, BookKind::Text, std::nullopt, BookKind::Text},
+        {u"/a.log", page, BookKind::Text, std::nullopt, BookKind::Text},
+        {u"/a.txt", rich, BookKind::Text, std::nullopt, BookKind::Text},
+        {u"/a.htm", rich, BookKind::Text, std::nullopt, BookKind::Text},
+        {u"/a.rtf", page, BookKind::Text, std::nullopt, BookKind::Text},
+        {u"/a.txt", text, BookKind::Other, std::nullopt, BookKind::Other},
+        {u"/a.log", text, BookKind::Text, std::nullopt, BookKind::Text},
         // Rich text and pages stay what their readers made of them.
-        {u"/a.txt", text, HtmlBook, KindFromFile, HtmlBook},
-        {u"/a.htm", page, RichTextBook, KindFromFile, RichTextBook},
-        {u"/a.log", text, 77, KindFromFile, 77},
+        {u"/a.txt", text, BookKind::Html, std::nullopt, BookKind::Html},
+        {u"/a.htm", page, BookKind::RichText, std::nullopt, BookKind::RichText},
     };
     for (const Row& row : table) {
         CAPTURE(std::u16string(row.path));

@@ -2,7 +2,8 @@
 
 #include "common/text.h"
 
-#include "books/open_book.h"
+#include "app/bookmark_menu.h"
+#include "app/open_book.h"
 #include "reading/bookmarks.h"
 
 #include <doctest/doctest.h>
@@ -12,7 +13,7 @@ struct Reading : TestForm {
     Reading() {
         PutBook(u"/b/a.txt", NumberedLines(300));
         Start();
-        OpenBook(form, u"/b/a.txt", -1);
+        OpenBook(form, u"/b/a.txt");
     }
     void Define(TextPos start, TextPos length = 0) {
         View().Select(start, length);
@@ -136,7 +137,7 @@ TEST_CASE("bookmarks: the last unmarked position is one of the shown book") {
     test.Menus().Open(test.Menu().mView);
     test.Menus().Click(test.Menu().mViewRefresh);
     CHECK(test.Menu().mBookmarkLast[0].tag == last);
-    OpenBook(test.form, u"/b/b.txt", -1);
+    OpenBook(test.form, u"/b/b.txt");
     test.Menus().Open(test.Menu().mBookmark);
     CHECK_FALSE(test.Menu().mBookmarkLast[0].enabled);
 }

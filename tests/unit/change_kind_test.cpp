@@ -21,7 +21,7 @@ struct Opening : HtmlForm {
         Menus().Click(Menu().mFileOpen);
         if (IsPageShown(form)) Page().FinishLoading();
     }
-    int Kind(int index = 0) const { return Record(index).Number(Field::Filter); }
+    BookKind Kind(int index = 0) const { return Record(index).Kind(); }
 };
 } // namespace
 
@@ -32,10 +32,10 @@ TEST_CASE("change of kind: the dialog begins with the type of the shown book") {
     const std::u16string paths[] = {page, u"/b/r.rtf", text};
     int expected = 1;
     for (const std::u16string& path : paths) {
-        OpenBook(test.form, path, KindFromFile);
+        OpenBook(test.form, path);
         test.Dialogs().openAnswer.result = DialogResult::Cancel;
         test.Menus().Click(test.Menu().mFileOpen);
-        expected = test.Kind() + 1;
+        expected = static_cast<int>(test.Kind()) + 1;
         CHECK(test.Dialogs().openRequests.back().filterIndex == expected);
     }
     CHECK(expected == 4);
@@ -43,27 +43,27 @@ TEST_CASE("change of kind: the dialog begins with the type of the shown book") {
     REQUIRE(first.Start());
     first.OpenByDialog(page, 1);
     CHECK(first.Dialogs().openRequests[0].filterIndex == 1);
-    CHECK(first.Kind() == HtmlBook); // by its name
+    CHECK(first.Kind() == BookKind::Html); // by its name
 }
 
 TEST_CASE("change of kind: a type chosen for a listed book counts, one left alone does not") {
     Opening test;
     REQUIRE(test.Start());
-    OpenBook(test.form, text, KindFromFile);
-    CHECK(test.Kind() == OtherBook);
-    OpenBook(test.form, page, KindFromFile);
+    OpenBook(test.form, text);
+    CHECK(test.Kind() == BookKind::Other);
+    OpenBook(test.form, page);
     test.Page().FinishLoading();
     test.OpenByDialog(text, 3); // where the dialog began, with a page
-    CHECK(test.Kind() == OtherBook);
+    CHECK(test.Kind() == BookKind::Other);
     CHECK(test.Record(0).Path() == text);
     test.OpenByDialog(text, 3);
-    CHECK(test.Kind() == HtmlBook);
+    CHECK(test.Kind() == BookKind::Html);
     CHECK(test.Menu().mFileEdit[0].tag == u"2");
     CHECK(IsPageShown(test.form));
     test.OpenByDialog(text, 4);
-    CHECK(test.Kind() == HtmlBook);
+    CHECK(test.Kind() == BookKind::Html);
     test.OpenByDialog(text, 1);
-    CHECK(test.Kind() == TextBook);
+    CHECK(test.Kind() == BookKind::Text);
     CHECK_FALSE(IsPageShown(test.form));
     CHECK(test.View().TextRange(0, 6) == u"line 0");
 }
@@ -77,27 +77,27 @@ TEST_CASE("change of kind: a page that the list holds as text is put right by dr
         REQUIRE(test.Start());
         if (dropped) test.View().onFilesDropped({page});
         test.Page().FinishLoading();
-        CHECK(test.Kind() == HtmlBook);
+        CHECK(test.Kind() == BookKind::Html);
         CHECK(IsPageShown(test.form));
         CHECK(test.form.ports.htmlView->ScrollTop() == 0);
-        CHECK(ZoomStep(test.form) == 0);
+        CHECK(ZoomStep(test.form.menu.mViewFont[0]) == 0);
         CHECK(test.Record(0)[Field::Marks] == u"");
         test.Close();
         TestForm next(test);
         REQUIRE(next.Start());
-        CHECK(next.Record(0).Number(Field::Filter) == HtmlBook);
+        CHECK(next.Record(0).Kind() == BookKind::Html);
     }
 }
 
 TEST_CASE("change of kind: place, marks, size and title of either view come back with it") {
     Opening test;
     REQUIRE(test.Start());
-    OpenBook(test.form, page, TextBook);
+    OpenBook(test.form, page, BookKind::Text);
     test.OpenByDialog(text, 1);
     test.OpenByDialog(text, 3);
     REQUIRE(IsPageShown(test.form));
     for (int i = 0; i < 2; ++i)
-        ZoomPage(test.form, false);
+        test.Choose(test.Menu().mView, test.Menu().mViewFontSize, 1);
     test.Page().ScrollByHand(1600);
     test.Choose(test.Menu().mBookmark, test.Menu().mBookmarkNew);
     const auto pageMarks = test.Record(0)[Field::Marks];
@@ -116,7 +116,7 @@ TEST_CASE("change of kind: place, marks, size and title of either view come back
 
     test.OpenByDialog(text, 3);
     CHECK(test.Page().ScrollTop() == 1600);
-    CHECK(ZoomStep(test.form) == -2);
+    CHECK(ZoomStep(test.form.menu.mViewFont[0]) == -2);
     CHECK(test.Record(0)[Field::Marks] == pageMarks);
     CHECK(test.Record(0)[Field::Title] == u"A Page");
     test.OpenByDialog(text, 1);
@@ -127,7 +127,7 @@ TEST_CASE("change of kind: place, marks, size and title of either view come back
 TEST_CASE("change of kind: between the kinds of the text view nothing but the kind changes") {
     Opening test;
     REQUIRE(test.Start());
-    OpenBook(test.form, text, KindFromFile);
+    OpenBook(test.form, text);
     test.View().ScrollLineToTop(494);
     test.Choose(test.Menu().mBookmark, test.Menu().mBookmarkNew);
     const BookRecord before = test.Record(0);
@@ -145,7 +145,7 @@ TEST_CASE("change of kind: where pages cannot be shown a book stays what it is")
     Opening test;
     test.form.ports.htmlView.reset();
     REQUIRE(test.Start());
-    OpenBook(test.form, page, TextBook);
+    OpenBook(test.form, page, BookKind::Text);
     const std::string before = test.DataFile();
     test.View().onFilesDropped({page});
     CHECK(test.Dialogs().messages.empty());
@@ -154,7 +154,7 @@ TEST_CASE("change of kind: where pages cannot be shown a book stays what it is")
     REQUIRE(test.Dialogs().messages.size() == 1);
     CHECK(test.Dialogs().messages[0].text ==
           u"/b/p.html\r\nThis program has no view for HTML books.");
-    CHECK(test.Kind() == TextBook);
+    CHECK(test.Kind() == BookKind::Text);
     CHECK(test.DataFile() == before);
     CHECK(test.Menu().mFileList[0].checked);
 }
@@ -162,10 +162,10 @@ TEST_CASE("change of kind: where pages cannot be shown a book stays what it is")
 TEST_CASE("change of kind: a page as text takes the present look, as a new book does") {
     Opening test;
     REQUIRE(test.Start());
-    OpenBook(test.form, page, KindFromFile);
+    OpenBook(test.form, page);
     test.Page().FinishLoading();
     CHECK(test.Record(0)[Field::FontName] == u"");
-    OpenBook(test.form, page, TextBook);
+    OpenBook(test.form, page, BookKind::Text);
     CHECK(test.Record(0)[Field::FontName] == u"Plain");
     CHECK(test.Record(0)[Field::Wrap] == u"1");
     CHECK(test.View().TextRange(0, 6) == u"<html>");

@@ -1,7 +1,7 @@
 // The program on data files that are damaged, edited by hand or not of its own making.
 #include "test_form.h"
 
-#include "books/open_book.h"
+#include "app/open_book.h"
 
 #include <doctest/doctest.h>
 
@@ -21,7 +21,7 @@ std::u16string FirstBook(const std::string& dataFile) {
     test.Timer().Tick(60);
     test.Close();
     TestForm next(test);
-    return next.Start() ? GetBookPath(next.form, 0) : u"did not start again";
+    return next.Start() ? GetBookPath(next.form.history, 0) : u"did not start again";
 }
 } // namespace
 
@@ -74,11 +74,11 @@ TEST_CASE(
     }
     test.PutDataFile(dataFile);
     REQUIRE(test.Start());
-    CHECK(HistoryCount(test.form) == 5000);
-    CHECK(GetBookPath(test.form, 0) == u"/b/1.txt"); // the first that exists
-    CHECK(GetBookPath(test.form, 1) == u"/b/0.txt");
+    CHECK(test.form.history.Count() == 5000);
+    CHECK(GetBookPath(test.form.history, 0) == u"/b/1.txt"); // the first that exists
+    CHECK(GetBookPath(test.form.history, 1) == u"/b/0.txt");
     CHECK(test.Menu().mFileRemoveList.Count() == 5000);
     test.Menus().Click(test.Menu().mFileList, 4999);
-    CHECK(GetBookPath(test.form, 0) == u"/b/4999.txt");
+    CHECK(GetBookPath(test.form.history, 0) == u"/b/4999.txt");
     CHECK(LoadSectionLines(*test.form.dataFile, u"A\\mFileList").size() == 5000);
 }

@@ -1,8 +1,8 @@
 // The program on a data file that cannot be read or written for a while.
 #include "test_form.h"
 
-#include "app/late_data_file.h"
-#include "books/open_book.h"
+#include "app/data_file.h"
+#include "app/open_book.h"
 #include "common/text.h"
 #include "reading/bookmarks.h"
 
@@ -59,7 +59,7 @@ TEST_CASE("data file: one that cannot be read is never written over, and its rea
         REQUIRE(test.Dialogs().messages.size() == 1);
         CHECK(Names(test.Told(), u"/app/Norvaset.dat\r\ncannot be read"));
         CHECK(test.Dialogs().messages[0].helpTopic == "trouble");
-        OpenBook(test.form, u"/b/new.txt", -1);
+        OpenBook(test.form, u"/b/new.txt");
         test.Timer().Tick(120);
         test.Dialogs().textAnswer = u"Carla";
         test.Menus().Click(test.Menu().mUserNew); // nowhere to keep one
@@ -79,7 +79,7 @@ TEST_CASE("data file: when it can be read at last, it is, and nothing of either 
     REQUIRE(test.Start());
     CHECK(test.Window().title == u"Norvaset [Default]");
     SUBCASE("a new book is on the screen") {
-        OpenBook(test.form, u"/b/new.txt", -1);
+        OpenBook(test.form, u"/b/new.txt");
         test.View().ScrollLineToTop(300);
         test.View().Select(310, 5);
         test.Menus().Click(test.Menu().mBookmarkNew);
@@ -97,7 +97,7 @@ TEST_CASE("data file: when it can be read at last, it is, and nothing of either 
         CHECK(test.Record(1)[Field::LastPos] == u"7");
     }
     SUBCASE("a book of the list is on the screen: its place is the stored one") {
-        OpenBook(test.form, u"/b/a.txt", -1);
+        OpenBook(test.form, u"/b/a.txt");
         test.View().Select(310, 5);
         test.Menus().Click(test.Menu().mBookmarkNew);
         test.Allow();
@@ -113,7 +113,7 @@ TEST_CASE("data file: when it can be read at last, it is, and nothing of either 
         CHECK(test.Window().title == u"Norvaset [Anna] - /b/a.txt");
     }
     SUBCASE("it has gone: a new one is made of what is there") {
-        OpenBook(test.form, u"/b/new.txt", -1);
+        OpenBook(test.form, u"/b/new.txt");
         test.Allow();
         test.Files().Remove(test.dataPath);
         test.Timer().Tick();
@@ -141,7 +141,7 @@ TEST_CASE("data file: a write that fails is tried for some seconds, told once, a
     REQUIRE(test.Start());
     SUBCASE("it can be written in time") {
         test.Files().failReplace = true;
-        OpenBook(test.form, u"/b/a.txt", -1);
+        OpenBook(test.form, u"/b/a.txt");
         test.Timer().Tick();
         test.Files().failReplace = false;
         test.Timer().Tick();
@@ -149,7 +149,7 @@ TEST_CASE("data file: a write that fails is tried for some seconds, told once, a
     }
     SUBCASE("it cannot") {
         test.Files().failReplace = true;
-        OpenBook(test.form, u"/b/a.txt", -1);
+        OpenBook(test.form, u"/b/a.txt");
         test.Timer().Tick(200);
         REQUIRE(test.Dialogs().messages.size() == 1);
         CHECK(Names(test.Dialogs().messages[0].text, u"/app/Norvaset.dat\r\ncannot be written"));
@@ -163,7 +163,7 @@ TEST_CASE("data file: what cannot be written when the program ends is told") {
     TestForm test;
     test.PutBook(u"/b/a.txt", NumberedLines(500));
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/a.txt", -1);
+    OpenBook(test.form, u"/b/a.txt");
     test.Files().failReplace = true;
     SUBCASE("for good") {
         test.Close();
@@ -203,7 +203,7 @@ TEST_CASE("data file: another user's beside the program is left alone, which is 
     REQUIRE(test.Dialogs().messages.size() == 1);
     CHECK(Names(test.Dialogs().messages[0].text, u"/app/Norvaset.dat\r\nbelongs to another user"));
     CHECK(test.Window().title == u"Norvaset [Default]"); // their books are not this user's
-    OpenBook(test.form, u"/b/a.txt", -1);
+    OpenBook(test.form, u"/b/a.txt");
     test.Close();
     CHECK(test.DataFile() == stored);
     TestForm next(test);
@@ -247,7 +247,7 @@ TEST_CASE("data file: two programs that use one lose nothing of each other's") {
     theirs.insert(theirs.find("[fwMain]"), "2=Carla\r\n");
     test.Files().EditInPlace(TestForm::dataPath, theirs);
 
-    OpenBook(test.form, u"/b/new.txt", -1);
+    OpenBook(test.form, u"/b/new.txt");
     CHECK(test.Order() ==
           std::vector<std::u16string>{u"/b/new.txt", u"/b/other.txt", u"/b/a.txt", u"/b/gone.txt"});
     CHECK(test.Record(1)[Field::LastPos] == u"33");

@@ -1,6 +1,7 @@
+#include "books/date_texts.h"
+#include "common/colors.h"
+#include "formats/spare_routines.h"
 #include "platform/none/none_ports.h"
-#include "shell/colors.h"
-#include "shell/date_texts.h"
 
 #include <doctest/doctest.h>
 

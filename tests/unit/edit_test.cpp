@@ -2,7 +2,7 @@
 
 #include "common/text.h"
 
-#include "books/open_book.h"
+#include "app/open_book.h"
 #include "common/find_text.h"
 
 #include <doctest/doctest.h>
@@ -12,7 +12,7 @@ struct Reading : TestForm {
     explicit Reading(std::string_view text) {
         PutBook(u"/b/a.txt", text);
         Start();
-        OpenBook(form, u"/b/a.txt", -1);
+        OpenBook(form, u"/b/a.txt");
     }
     void Choose(MenuArray& command) {
         Menus().Open(Menu().mEdit);
@@ -183,19 +183,19 @@ TEST_CASE("find: past searches are kept with the book, newest first, at most 20"
         test.Find(u"word" + NumberText(i));
     test.Find(u"a|b & \u0416");
     test.Find(u"word24");
-    CHECK(test.form.findHistory.size() == 20);
+    CHECK(test.form.find.history.size() == 20);
     test.Close();
     TestForm next(test);
     REQUIRE(next.Start());
-    REQUIRE(next.form.findHistory.size() == 20);
-    CHECK(next.form.findHistory[0] == u"word24");
-    CHECK(next.form.findHistory[1] == u"a|b & \u0416");
-    CHECK(next.form.findHistory[2] == u"word23");
+    REQUIRE(next.form.find.history.size() == 20);
+    CHECK(next.form.find.history[0] == u"word24");
+    CHECK(next.form.find.history[1] == u"a|b & \u0416");
+    CHECK(next.form.find.history[2] == u"word23");
     CHECK(next.DataFile().find("[Default\\/b/a.txt]") != std::string::npos);
     CHECK(next.DataFile().find("HistFind=") != std::string::npos);
     next.PutBook(u"/b/other.txt");
-    OpenBook(next.form, u"/b/other.txt", -1);
-    CHECK(next.form.findHistory.empty());
+    OpenBook(next.form, u"/b/other.txt");
+    CHECK(next.form.find.history.empty());
 }
 
 TEST_CASE("find: a search in quotes comes back with them") {
@@ -205,13 +205,13 @@ TEST_CASE("find: a search in quotes comes back with them") {
         test.Close();
         TestForm next(test);
         REQUIRE(next.Start());
-        CHECK(next.form.findHistory == std::vector<std::u16string>{search});
+        CHECK(next.form.find.history == std::vector<std::u16string>{search});
     }
 }
 
 TEST_CASE("find: a right-to-left charset on a view that counts mirrored") {
     Reading test("abc def");
-    test.form.viewFont.charset = 177;
+    test.form.format.font.charset = 177;
     test.View().mirrorsRightToLeft = true;
     test.Find(u"def");
     CHECK(test.View().SelLength() == 3);
@@ -264,10 +264,10 @@ TEST_CASE("edit: a vast selection is not copied, looked for or made a caption as
     CHECK(test.Dialogs().messages[0].text ==
           u"The selection is too long to be copied:\r\nup to 128 million characters can be.");
     CHECK(test.Clip().empty());
-    test.form.findText = u"before";
+    test.form.find.text = u"before";
     test.Dialogs().findAnswer = {};
     test.Choose(test.Menu().mEditFind);
-    CHECK(test.form.findText == u"before");
+    CHECK(test.form.find.text == u"before");
     test.Choose(test.Menu().mEditTitle);
     CHECK(test.Record(0)[Field::Title] == u"caption");
 }

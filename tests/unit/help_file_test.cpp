@@ -1,5 +1,5 @@
 // The help file: its format, and that the help we ship is whole.
-#include "shell/help_file.h"
+#include "shell/help/help_file.h"
 
 #include "common/text.h"
 #include "common/utf.h"

@@ -1,4 +1,4 @@
-#include "shell/help_search.h"
+#include "shell/help/help_search.h"
 
 #include <doctest/doctest.h>
 

@@ -1,8 +1,9 @@
 // The Help menu on the headless back end.
-#include "shell/help.h"
+#include "shell/help/help_contents.h"
 
-#include "books/open_book.h"
-#include "reading/keyboard.h"
+#include "app/help_menu.h"
+#include "app/keys.h"
+#include "app/open_book.h"
 #include "test_form.h"
 
 #include <doctest/doctest.h>
@@ -66,11 +67,11 @@ TEST_CASE("help: the Help button of a message opens its topic while the message 
         REQUIRE(message.helpButton);
         test.Dialogs().onHelp(message.helpTopic);
     };
-    OpenBook(test.form, u"/b/a?.txt", -1);
+    OpenBook(test.form, u"/b/a?.txt");
     CHECK(test.Help().page == 1);
     CHECK(test.Dialogs().messages.size() == 1);
     test.Help().page = 0;
-    OpenBook(test.form, u"/b/missing.txt", -1); // while the help is still open
+    OpenBook(test.form, u"/b/missing.txt"); // while the help is still open
     CHECK(test.Help().page == 1);
 }
 

@@ -1,7 +1,7 @@
 #include "test_form.h"
 
+#include "app/open_book.h"
 #include "books/history_caption.h"
-#include "books/open_book.h"
 
 #include <doctest/doctest.h>
 
@@ -76,7 +76,7 @@ TEST_CASE("history: a missing book is greyed and the File menu offers to remove 
 TEST_CASE("history: an empty list hides its item and separator and closes the remove submenu") {
     TestForm test;
     REQUIRE(test.Start());
-    SyncRemoveMenu(test.form, -1);
+    SyncRemoveMenu(test.form.history, -1);
     CHECK_FALSE(test.Menu().mFileList[0].visible);
     CHECK_FALSE(test.Menu().mFileSeparator[0].visible);
     CHECK_FALSE(test.Menu().mFileRemove[0].enabled);
@@ -122,7 +122,7 @@ TEST_CASE("history: the neighbour of a shown book taken off the list keeps its r
     }
     SUBCASE("because its file has gone") {
         test.Files().Remove(u"/b/0.txt");
-        SetHistoryCaption(test.form, 0);
+        SetHistoryCaption(test.form.history, 0);
         test.Menus().Open(menu.mFile);
         test.Menus().Click(menu.mFileNonFound);
     }
@@ -148,7 +148,7 @@ TEST_CASE("history: the editor is offered for a known kind whose editor and book
     test.PutBook(u"/b/a book.txt");
     test.PutBook(u"/b/a.log");
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/a book.txt", -1);
+    OpenBook(test.form, u"/b/a book.txt");
     test.Menus().Open(test.Menu().mFile);
     CHECK_FALSE(test.Menu().mFileEdit[0].enabled); // no such program
     test.PutBook(u"/bin/plain-editor");
@@ -157,7 +157,7 @@ TEST_CASE("history: the editor is offered for a known kind whose editor and book
     test.Menus().Click(test.Menu().mFileEdit);
     REQUIRE(test.Shell().started.size() == 1);
     CHECK(test.Shell().started[0].second == u"/b/a book.txt");
-    OpenBook(test.form, u"/b/a.log", -1);
+    OpenBook(test.form, u"/b/a.log");
     test.Menus().Open(test.Menu().mFile);
     CHECK_FALSE(test.Menu().mFileEdit[0].enabled); // a kind without an editor
 }
@@ -167,8 +167,8 @@ TEST_CASE("history: two books whose names differ only in case stay two") {
     test.PutBook(u"/b/Book.txt", NumberedLines(300));
     test.PutBook(u"/b/book.txt", NumberedLines(300));
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/Book.txt", -1);
-    OpenBook(test.form, u"/b/book.txt", -1);
+    OpenBook(test.form, u"/b/Book.txt");
+    OpenBook(test.form, u"/b/book.txt");
     test.View().ScrollLineToTop(700);
     test.Close();
     TestForm next(test);
@@ -192,11 +192,11 @@ TEST_CASE("history: after the last book is removed, saving leaves no nameless re
     test.PutBook(u"/b/0.txt");
     test.PutBook(u"/b/1.txt");
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/0.txt", -1);
+    OpenBook(test.form, u"/b/0.txt");
     test.Menus().Click(test.Menu().mFileRemoveList, 0);
     test.Timer().Tick(60);
-    CHECK(HistoryCount(test.form) == 0);
-    OpenBook(test.form, u"/b/1.txt", -1);
+    CHECK(test.form.history.Count() == 0);
+    OpenBook(test.form, u"/b/1.txt");
     CHECK(test.Order() == std::vector<std::u16string>{u"/b/1.txt"});
 }
 

@@ -2,7 +2,7 @@
 // hold.
 #include "test_form.h"
 
-#include "books/open_book.h"
+#include "app/open_book.h"
 #include "common/text.h"
 
 #include <doctest/doctest.h>
@@ -72,7 +72,7 @@ class Session {
     bool Exists(const std::u16string& path) { return test_->Files().FileExists(path); }
 
     void Open(const std::u16string& path) {
-        OpenBook(test_->form, path, -1);
+        OpenBook(test_->form, path);
         if (!Exists(path)) return;
         const auto known = std::ranges::find(model_.list, path);
         auto index = static_cast<std::size_t>(known - model_.list.begin());

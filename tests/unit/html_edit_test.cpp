@@ -30,7 +30,7 @@ TEST_CASE("html edit: what can be chosen follows body, text and selection") {
         REQUIRE(test.Start());
         test.OpenLoaded(u"/b/p.htm");
         test.Page().Select({0, row.selected});
-        test.form.findText = u"x";
+        test.form.find.text = u"x";
         MenuTree& menu = test.Menu();
         test.Menus().Open(menu.mEdit);
         CHECK(menu.mEditCopyRTF[0].caption == u"C&opy as HTML");
@@ -45,7 +45,7 @@ TEST_CASE("html edit: what can be chosen follows body, text and selection") {
 TEST_CASE("html edit: the caption is that of RTF again in a text") {
     Reading test;
     test.PutBook(u"/b/a.txt");
-    OpenBook(test.form, u"/b/a.txt", -1);
+    OpenBook(test.form, u"/b/a.txt");
     test.Menus().Open(test.Menu().mEdit);
     CHECK(test.Menu().mEditCopyRTF[0].caption == u"C&opy as RTF");
 }
@@ -61,7 +61,7 @@ TEST_CASE("html copy: the text, or the source as text") {
 
 TEST_CASE("html find: the text selected is offered, else the one before") {
     Reading test;
-    test.form.findText = u"before";
+    test.form.find.text = u"before";
     test.Dialogs().findAnswer.result = DialogResult::Cancel;
     test.Choose(test.Menu().mEdit, test.Menu().mEditFind);
     test.Page().Select({0, 4});
@@ -79,7 +79,7 @@ TEST_CASE("html find: a selection longer than anybody looks for is not offered, 
     test.PutPage(u"/b/p.htm", page);
     REQUIRE(test.Start());
     test.OpenLoaded(u"/b/p.htm");
-    test.form.findText = u"before";
+    test.form.find.text = u"before";
     test.Page().SelectAll();
     const int questions = test.Page().questions;
     test.Dialogs().findAnswer.result = DialogResult::Cancel;
@@ -119,7 +119,7 @@ TEST_CASE("html find: forward from the selection, shown, and not around the end"
     CHECK(test.Page().Selection().span == last);
     CHECK(test.Page().scrolls.size() == scrolls);
     CHECK(test.Dialogs().messages.empty());
-    CHECK(test.form.findHistory == std::vector<std::u16string>{u"LINE 29"});
+    CHECK(test.form.find.history == std::vector<std::u16string>{u"LINE 29"});
 }
 
 TEST_CASE("html find: options and history belong to the book") {
@@ -137,7 +137,7 @@ TEST_CASE("html find: options and history belong to the book") {
     HtmlForm next(test);
     next.PutPage(u"/b/p.htm");
     REQUIRE(next.Start());
-    CHECK(next.form.findHistory == std::vector<std::u16string>{u"line 2", u"LINE 2"});
+    CHECK(next.form.find.history == std::vector<std::u16string>{u"line 2", u"LINE 2"});
 }
 
 TEST_CASE("html caption: the selection in references, trimmed, on one line") {

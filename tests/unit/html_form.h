@@ -3,7 +3,7 @@
 
 #include "test_form.h"
 
-#include "books/open_book.h"
+#include "app/open_book.h"
 #include "common/text.h"
 
 #include <utility>
@@ -24,7 +24,7 @@ struct HtmlForm : TestForm {
         Page().pages[path] = page;
     }
     void OpenLoaded(const std::u16string& path) {
-        OpenBook(form, path, -1);
+        OpenBook(form, path);
         Page().FinishLoading();
     }
     // A data file with these history lines in the profile "A".

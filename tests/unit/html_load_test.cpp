@@ -1,6 +1,6 @@
 #include "html_form.h"
 
-#include "books/charsets.h"
+#include "formats/codepages/charsets.h"
 
 #include <doctest/doctest.h>
 
@@ -64,7 +64,7 @@ TEST_CASE("html load: addresses without a document are nothing") {
         HtmlForm test;
         test.PutPage(u"/b/p.htm");
         REQUIRE(test.Start());
-        OpenBook(test.form, u"/b/p.htm", -1);
+        OpenBook(test.form, u"/b/p.htm");
         test.Page().onLoaded(test.Page().loads.back(), url);
         CHECK(test.Record(0)[Field::Title] == u"");
         CHECK(test.Page().scrolls.empty());
@@ -191,7 +191,7 @@ TEST_CASE("html load: reopened exactly as it was left") {
     test.OpenLoaded(u"/b/p.htm");
     test.Page().ScrollByHand(777);
     test.Press(MinusKey, CtrlKey);
-    OpenBook(test.form, u"/b/a.txt", -1);
+    OpenBook(test.form, u"/b/a.txt");
     CHECK(test.View().Visible());
     CHECK_FALSE(test.Page().visible);
     CHECK_FALSE(test.Page().HasBody());
@@ -215,14 +215,14 @@ TEST_CASE("html load: a new book takes the present zoom, its size and no place")
     test.PutPage(u"/b/p.htm");
     test.PutPage(u"/b/q.htm");
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/p.htm", -1);
+    OpenBook(test.form, u"/b/p.htm");
     CHECK(test.Record(0)[Field::Filter] == u"2");
     CHECK(test.Record(0)[Field::FontSize] == u"");
     CHECK(test.Record(0)[Field::LastPos] == u"");
     test.Page().FinishLoading();
     test.Press(PlusKey, CtrlKey);
     test.Page().ScrollByHand(400);
-    OpenBook(test.form, u"/b/q.htm", -1);
+    OpenBook(test.form, u"/b/q.htm");
     CHECK(test.Record(0)[Field::FontSize] == u"1");
     CHECK(test.Record(0)[Field::LastPos] == u"");
     CHECK(test.Record(0)[Field::Size] == u"6");

@@ -79,7 +79,7 @@ TEST_CASE("html marks: sorted, one at a place, named in menu and delete list, wr
     test.DefineAt(20, 6);
     test.DefineAt(60, 5);
     CHECK(test.Marks() == u"20,6|60,5|100,4");
-    CHECK(test.form.newBookmark == 1);
+    CHECK(test.form.bookmarks.defined == 1);
     CHECK(test.Menus().shown == &test.Menu().mBookmark);
     test.DefineAt(60, 9);
     CHECK(test.Marks() == u"20,6|60,9|100,4");

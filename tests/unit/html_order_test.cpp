@@ -16,11 +16,11 @@ struct TwoPages : HtmlForm {
         Start(); // navigates to a.htm
     }
     std::u16string PlaceOf(const std::u16string& path) {
-        for (int i = 0; i < HistoryCount(form); ++i)
-            if (GetBookPath(form, i) == path) return Record(i)[Field::LastPos];
+        for (int i = 0; i < form.history.Count(); ++i)
+            if (GetBookPath(form.history, i) == path) return Record(i)[Field::LastPos];
         return u"not in the list";
     }
-    void Open(const std::u16string& path) { OpenBook(form, path, -1); }
+    void Open(const std::u16string& path) { OpenBook(form, path); }
     void Click(int index) { Menus().Click(Menu().mFileList, index); }
 };
 } // namespace
@@ -28,7 +28,7 @@ struct TwoPages : HtmlForm {
 TEST_CASE(
     "html order: saved before the document is there, only time, charset and background change") {
     TwoPages test;
-    test.form.viewFont.charset = 204;
+    test.form.format.font.charset = 204;
     test.View().SetBackColor(7);
     test.Autosave();
     CHECK(test.Menu().mFileList[0].tag ==
@@ -197,7 +197,7 @@ TEST_CASE("html order: a page that does not answer changes nothing") {
     const auto record = test.Menu().mFileList[0].tag;
     const auto writes = test.Files().replaceCalls.size();
     const auto tops = test.Page().scrolls;
-    test.form.findText = u"line 7";
+    test.form.find.text = u"line 7";
     MenuTree& menu = test.Menu();
     test.Choose(menu.mEdit, menu.mEditCopy);
     test.Choose(menu.mEdit, menu.mEditCopyRTF);

@@ -18,7 +18,7 @@ TEST_CASE("html view: what only a text can have is greyed") {
     Reading test;
     MenuTree& menu = test.Menu();
     for (const bool text : {false, true}) {
-        if (text) OpenBook(test.form, u"/b/a.txt", -1);
+        if (text) OpenBook(test.form, u"/b/a.txt");
         test.Menus().Open(menu.mView);
         CHECK(menu.mViewFont[0].enabled == text);
         CHECK(menu.mViewWordWrap[0].enabled == text);
@@ -39,7 +39,7 @@ TEST_CASE(
     CHECK(test.ZoomTag() == u"2");
     CHECK(test.form.page.pendingZoomKeys == 2);
     CHECK(test.Record(0)[Field::FontSize] == u"2");
-    CHECK(test.form.viewFont.size == 10); // the text's own size stays
+    CHECK(test.form.format.font.size == 10); // the text's own size stays
     test.DeliverZoomKeys();
     CHECK(test.form.page.pendingZoomKeys == 0);
     CHECK(test.ZoomTag() == u"2");
@@ -80,20 +80,20 @@ TEST_CASE("html zoom: the user's keys") {
         CHECK(test.ZoomTag() == row.step);
         CHECK(test.Record(0)[Field::FontSize] == row.step);
         CHECK(test.Page().zoomKeys.empty()); // the view has zoomed by itself
-        CHECK(test.form.viewFont.size == 10);
+        CHECK(test.form.format.font.size == 10);
     }
 }
 
 TEST_CASE("html zoom: in a text the keys size the font when they go up") {
     Reading test;
-    OpenBook(test.form, u"/b/a.txt", -1);
+    OpenBook(test.form, u"/b/a.txt");
     test.form.menu.mViewFont[0].tag = u"3";
     test.Window().Events().onKeyDown(PlusKey, CtrlKey);
-    CHECK(test.form.viewFont.size == 10);
+    CHECK(test.form.format.font.size == 10);
     test.Window().Events().onKeyUp(PlusKey, CtrlKey);
-    CHECK(test.form.viewFont.size == 11);
+    CHECK(test.form.format.font.size == 11);
     test.Press(48, CtrlKey);
-    CHECK(test.form.viewFont.size == 11);
+    CHECK(test.form.format.font.size == 11);
     CHECK(test.ZoomTag() == u"3");
 }
 

@@ -60,7 +60,7 @@ TEST_CASE("html zoom: before a page is left its size settles") {
         [](Zooming& test) { test.Choose(test.Menu().mView, test.Menu().mViewRefresh); },
         [](Zooming& test) {
             test.PutPage(u"/b/new.htm");
-            OpenBook(test.form, u"/b/new.htm", -1);
+            OpenBook(test.form, u"/b/new.htm");
         },
         [](Zooming& test) { test.Close(); },
     };

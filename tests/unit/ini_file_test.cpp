@@ -1,7 +1,7 @@
-#include "common/file_dates.h"
-#include "common/ini_file.h"
-#include "common/list_persistence.h"
 #include "common/utf.h"
+#include "datafile/file_dates.h"
+#include "datafile/ini_file.h"
+#include "datafile/list_persistence.h"
 #include "platform/none/none_clock.h"
 #include "platform/none/none_files.h"
 

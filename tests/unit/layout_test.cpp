@@ -1,6 +1,7 @@
 #include "test_form.h"
 
-#include "books/open_book.h"
+#include "app/open_book.h"
+#include "app/view_events.h"
 #include "shell/window_title.h"
 
 #include <doctest/doctest.h>
@@ -81,11 +82,11 @@ TEST_CASE("layout: closed while maximised, the last normal rectangle and state 2
 TEST_CASE("layout: a resize from inside the handler does not lay out again") {
     TestForm test;
     REQUIRE(test.Start());
-    test.form.resizeNesting = 1;
+    test.form.resizing = 1;
     const Rect before = test.View().Bounds();
     test.Window().DragTo({0, 0, 300, 200});
     CHECK(test.View().Bounds() == before);
-    CHECK(test.form.resizeNesting == 1);
+    CHECK(test.form.resizing == 1);
 }
 
 TEST_CASE("layout: one that fails leaves the next resize as it would be") {

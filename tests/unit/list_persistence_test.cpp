@@ -1,5 +1,5 @@
-#include "common/list_persistence.h"
 #include "common/utf.h"
+#include "datafile/list_persistence.h"
 #include "platform/none/none_clock.h"
 #include "platform/none/none_files.h"
 

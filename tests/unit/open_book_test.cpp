@@ -1,8 +1,10 @@
 #include "test_form.h"
 
+#include "app/file_menu.h"
+#include "app/open_book.h"
 #include "books/book_kind.h"
-#include "books/charsets.h"
-#include "books/open_book.h"
+#include "formats/codepages/charsets.h"
+#include "shell/initial_folder.h"
 
 #include <doctest/doctest.h>
 
@@ -53,7 +55,7 @@ TEST_CASE("open: a cancelled dialog changes nothing") {
     TestForm test;
     test.PutBook(u"/b/a.txt");
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/a.txt", -1);
+    OpenBook(test.form, u"/b/a.txt");
     const auto writes = test.Files().replaceCalls.size();
     test.Menus().Click(test.Menu().mFileOpen);
     CHECK(test.Files().replaceCalls.size() == writes);
@@ -78,10 +80,10 @@ TEST_CASE("open: the shown book again does nothing at all") {
     TestForm test;
     test.PutBook(u"/b/a.txt");
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/a.txt", -1);
+    OpenBook(test.form, u"/b/a.txt");
     const int loads = test.View().loads;
     const auto writes = test.Files().replaceCalls.size();
-    OpenBook(test.form, u"/b/a.txt", -1);
+    OpenBook(test.form, u"/b/a.txt");
     CHECK(test.View().loads == loads);
     CHECK(test.Files().replaceCalls.size() == writes);
 }
@@ -91,10 +93,10 @@ TEST_CASE("open: a listed book moves to the top and the place of the one left is
     for (const char16_t* path : {u"/b/a.txt", u"/b/b.txt"})
         test.PutBook(path, NumberedLines(300));
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/a.txt", -1);
-    OpenBook(test.form, u"/b/b.txt", -1);
+    OpenBook(test.form, u"/b/a.txt");
+    OpenBook(test.form, u"/b/b.txt");
     test.View().ScrollLineToTop(500);
-    OpenBook(test.form, u"/b/a.txt", -1);
+    OpenBook(test.form, u"/b/a.txt");
     CHECK(test.Order() == std::vector<std::u16string>{u"/b/a.txt", u"/b/b.txt"});
     CHECK(test.Record(1)[Field::LastPos] == u"");
 }
@@ -104,9 +106,9 @@ TEST_CASE("open: a new book has its size, the present look, no place, and starts
     test.PutBook(u"/b/a.txt", NumberedLines(300));
     test.PutBook(u"/b/b.txt", "12345");
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/a.txt", -1);
+    OpenBook(test.form, u"/b/a.txt");
     test.View().ScrollLineToTop(500);
-    OpenBook(test.form, u"/b/b.txt", -1);
+    OpenBook(test.form, u"/b/b.txt");
     const BookRecord record = test.Record(0);
     CHECK(record[Field::Size] == u"5");
     CHECK(record[Field::FontName] == u"Plain");
@@ -128,7 +130,7 @@ TEST_CASE("open: history item 3 comes first, the others keep their order") {
     REQUIRE(test.Start());
     for (const char16_t* path : {u"/4", u"/3", u"/2", u"/1", u"/0"}) {
         test.PutBook(path);
-        OpenBook(test.form, path, 0);
+        OpenBook(test.form, path, BookKind::Text);
     }
     test.Menus().Click(test.Menu().mFileList, 3);
     CHECK(test.Order() == std::vector<std::u16string>{u"/3", u"/0", u"/1", u"/2", u"/4"});
@@ -145,13 +147,13 @@ TEST_CASE(
     TestForm test;
     test.PutBook(u"/b/e=mc2.txt", "energy");
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/e=mc2.txt", -1);
+    OpenBook(test.form, u"/b/e=mc2.txt");
     CHECK(test.View().TextRange(0, 6) == u"energy");
     CHECK(test.Menu().mFileList[0].tag.starts_with(u"/b/e*mc2.txt="));
     CHECK(test.Menu().mFileList[0].caption.ends_with(u"/b/e=mc2.txt"));
     CHECK(test.DataFile().find("/b/e*mc2.txt=") != std::string::npos);
-    OpenBook(test.form, u"/b/e=mc2.txt", -1);
-    CHECK(HistoryCount(test.form) == 2);
+    OpenBook(test.form, u"/b/e=mc2.txt");
+    CHECK(test.form.history.Count() == 2);
     test.Close();
     TestForm next(test);
     REQUIRE(next.Start());
@@ -169,7 +171,7 @@ TEST_CASE("open: what cannot be opened is told, and nothing changes") {
                                 {u"/b/huge.txt", ReadStatus::TooLarge},
                                 {u"/b/pipe", ReadStatus::NotAFile}};
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/a.txt", -1);
+    OpenBook(test.form, u"/b/a.txt");
     const std::pair<const char16_t*, const char16_t*> table[] = {
         {u"/b/none.txt", u"/b/none.txt\r\nfile not found."},
         {u"", u"\r\nfile not found."},
@@ -188,7 +190,7 @@ TEST_CASE("open: what cannot be opened is told, and nothing changes") {
     };
     const std::string before = test.DataFile();
     for (const auto& [path, text] : table) {
-        OpenBook(test.form, path, -1);
+        OpenBook(test.form, path);
         REQUIRE_FALSE(test.Dialogs().messages.empty());
         const Message& message = test.Dialogs().messages.back();
         CHECK(message.text == text);
@@ -210,7 +212,7 @@ TEST_CASE("open: names that trouble a data file open and come back as themselves
         TestForm test;
         test.PutBook(path, NumberedLines(300));
         REQUIRE(test.Start());
-        OpenBook(test.form, path, -1);
+        OpenBook(test.form, path);
         test.View().ScrollLineToTop(100);
         test.Close();
         TestForm next(test);
@@ -225,8 +227,8 @@ TEST_CASE("open: a book that vanished while the list still offers it leaves the 
     test.PutBook(u"/b/a.txt", "first");
     test.PutBook(u"/b/b.txt", "second");
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/a.txt", -1);
-    OpenBook(test.form, u"/b/b.txt", -1);
+    OpenBook(test.form, u"/b/a.txt");
+    OpenBook(test.form, u"/b/b.txt");
     test.Files().Remove(u"/b/a.txt");
     test.Menus().Click(test.Menu().mFileList, 1);
     CHECK(test.Dialogs().messages.back().text == u"/b/a.txt\r\nfile not found.");
@@ -241,8 +243,8 @@ TEST_CASE("open: an HTML book without an HTML view is told, and the shown book s
     test.PutBook(u"/b/a.txt", "shown");
     test.PutBook(u"/b/p.htm", "<html>");
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/a.txt", -1);
-    OpenBook(test.form, u"/b/p.htm", -1);
+    OpenBook(test.form, u"/b/a.txt");
+    OpenBook(test.form, u"/b/p.htm");
     REQUIRE(test.Dialogs().messages.size() == 1);
     CHECK(test.Dialogs().messages[0].text ==
           u"/b/p.htm\r\nThis program has no view for HTML books.");
@@ -314,10 +316,10 @@ TEST_CASE("open: 8-bit text is read in the code page of the book's charset") {
 TEST_CASE("open: a dialog's first folder") {
     TestForm test;
     test.Files().AddFolder(u"/b/x");
-    CHECK(InitialFolder(test.form, u"/b/x/a.txt", u"/") == u"/b/x");
-    CHECK(InitialFolder(test.form, u"/b/x/", u"/") == u"/b/x");
-    CHECK(InitialFolder(test.form, u"", u"/b") == u"/b");
-    CHECK(InitialFolder(test.form, u"/gone/a.txt", u"/b") == u"/");
+    CHECK(InitialFolder(test.Files(), u"/b/x/a.txt", u"/", u"/") == u"/b/x");
+    CHECK(InitialFolder(test.Files(), u"/b/x/", u"/", u"/") == u"/b/x");
+    CHECK(InitialFolder(test.Files(), u"", u"/b", u"/") == u"/b");
+    CHECK(InitialFolder(test.Files(), u"/gone/a.txt", u"/b", u"/") == u"/");
 }
 
 namespace {
@@ -355,13 +357,13 @@ TEST_CASE("open: a refresh that memory does not hold leaves no flag behind") {
     test.PutBook(u"/b/a.txt", "short");
     test.PutBook(u"/b/b.txt", "another");
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/a.txt", -1);
+    OpenBook(test.form, u"/b/a.txt");
     test.PutBook(u"/b/a.txt", NumberedLines(300));
     test.Menus().Open(test.Menu().mView);
     test.Menus().Click(test.Menu().mViewRefresh);
     REQUIRE(test.Dialogs().messages.size() == 1);
     CHECK_FALSE(test.form.Refreshing);
-    OpenBook(test.form, u"/b/b.txt", -1);
+    OpenBook(test.form, u"/b/b.txt");
     CHECK(test.DataFile().find("\r\n/b/b.txt=2026") < test.DataFile().find("\r\n/b/a.txt="));
 }
 
@@ -378,7 +380,7 @@ std::u16string Shown(TestForm& test) {
 }
 
 void ChooseScript(TestForm& test, int charset) {
-    ViewFont font = test.form.viewFont;
+    ViewFont font = test.form.format.font;
     font.charset = charset;
     test.Dialogs().fontAnswer = FontAnswer{DialogResult::Ok, font, 0};
     test.Menus().Open(test.Menu().mView);
@@ -391,12 +393,12 @@ TEST_CASE("script: one that was chosen for the shown book does not leak into a n
     test.PutBook(u"/b/short.txt", "\xE1\xE2\xE3");
     test.PutBook(u"/b/french.txt", french);
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/short.txt", -1);
+    OpenBook(test.form, u"/b/short.txt");
     ChooseScript(test, 161);
     CHECK(Shown(test) == u"\u03B1\u03B2\u03B3");
-    OpenBook(test.form, u"/b/french.txt", -1);
+    OpenBook(test.form, u"/b/french.txt");
     CHECK(Shown(test).starts_with(u"Elle l'a appel\u00E9e"));
-    CHECK(test.form.viewFont.charset == 0);
+    CHECK(test.form.format.font.charset == 0);
     test.Close();
     TestForm next(test);
     REQUIRE(next.Start());
@@ -410,9 +412,9 @@ TEST_CASE("script: a killed program leaves no choice behind that nobody made") {
     test.PutBook(u"/b/greek.txt", greek);
     test.PutBook(u"/b/french.txt", french);
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/greek.txt", -1);
+    OpenBook(test.form, u"/b/greek.txt");
     CHECK(Shown(test).starts_with(u"\u039C\u03B9\u03B1 \u03C6\u03BF\u03C1\u03AC"));
-    OpenBook(test.form, u"/b/french.txt", -1);
+    OpenBook(test.form, u"/b/french.txt");
     TestForm next(test); // without closing
     REQUIRE(next.Start());
     CHECK(Shown(next).starts_with(u"Elle l'a appel\u00E9e"));
@@ -441,5 +443,5 @@ TEST_CASE("script: a charset that is kept for the book is just that") {
                      "=Serif=12=204=0=0=0=0=1=0=0=0=0=0==\r\n[A\\/b/a.txt]\r\nCodePage=866\r\n");
     REQUIRE(test.Start());
     CHECK(Shown(test).starts_with(u"\u0440\u0441\u0442 \u0430\u0431"));
-    CHECK(test.form.shownCodePage == 866);
+    CHECK(test.form.book.codePage == 866);
 }

@@ -1,6 +1,6 @@
 #include "test_form.h"
 
-#include "books/open_book.h"
+#include "app/open_book.h"
 
 #include <doctest/doctest.h>
 
@@ -9,7 +9,7 @@ struct Reading : TestForm {
     Reading() {
         PutBook(u"/b/a.txt", NumberedLines(300));
         Start();
-        OpenBook(form, u"/b/a.txt", -1);
+        OpenBook(form, u"/b/a.txt");
     }
 };
 } // namespace

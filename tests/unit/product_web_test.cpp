@@ -1,5 +1,5 @@
 // The web page, the feedback mail and the About box: what the version information makes of them.
-#include "shell/product_web.h"
+#include "shell/update/product_web.h"
 
 #include "common/web_address.h"
 #include "shell/about.h"

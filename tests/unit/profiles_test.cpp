@@ -1,7 +1,7 @@
 #include "test_form.h"
 
-#include "app/profiles.h"
-#include "books/open_book.h"
+#include "app/open_book.h"
+#include "app/profile_menu.h"
 
 #include <doctest/doctest.h>
 
@@ -76,7 +76,7 @@ TEST_CASE("profiles: each has its own history, window place and options") {
     test.PutBook(u"/b/of-a.txt");
     test.PutBook(u"/b/of-b.txt");
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/of-a.txt", -1);
+    OpenBook(test.form, u"/b/of-a.txt");
     const Rect placeOfA = test.Window().Bounds();
     test.Menus().Click(test.Menu().mProfileList, 1);
     CHECK(test.Order() == std::vector<std::u16string>{u"/b/of-b.txt"});
@@ -96,13 +96,13 @@ TEST_CASE("profiles: a reader without books does not see another's book") {
     test.PutDataFile(threeProfiles);
     test.PutBook(u"/b/secret.txt", "secret");
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/secret.txt", -1);
+    OpenBook(test.form, u"/b/secret.txt");
     test.Menus().Click(test.Menu().mProfileList, 1);
     CHECK(test.View().TextLength() == 0);
     CHECK(test.Window().title == u"Norvaset [B]");
     CHECK_FALSE(test.Menus().enabled.at(3)); // the Bookmark menu, as the bar shows it
     CHECK(test.DataFile().find("[B\\mFileList]") == std::string::npos);
-    OpenBook(test.form, u"/b/secret.txt", -1);
+    OpenBook(test.form, u"/b/secret.txt");
     CHECK(test.Menus().enabled.at(3));
 }
 
@@ -180,7 +180,7 @@ TEST_CASE(
     test.PutBook(u"/b/of-c.txt");
     REQUIRE(test.Start());
     test.Menus().Click(test.Menu().mProfileList, 2);
-    OpenBook(test.form, u"/b/of-c.txt", -1);
+    OpenBook(test.form, u"/b/of-c.txt");
     test.Window().DragTo({11, 22, 333, 444});
     CHECK(Captions(test.Menu().mProfileList) == std::vector<std::u16string>{u"C", u"A", u"B"});
     test.Menus().Click(test.Menu().mUserDeleteList, 0); // the current one is greyed

@@ -1,7 +1,7 @@
 #include "test_form.h"
 
-#include "books/open_book.h"
-#include "books/save_state.h"
+#include "app/book_state.h"
+#include "app/open_book.h"
 
 #include <doctest/doctest.h>
 
@@ -9,12 +9,12 @@ TEST_CASE("save: place and look go into the record and the data file") {
     TestForm test;
     test.PutBook(u"/b/a.txt", NumberedLines(300));
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/a.txt", -1);
-    test.form.viewFont.name = u"Old Serif";
-    test.form.viewFont.size = 12.5;
-    test.form.viewFont.italic = true;
-    test.form.viewFont.charset = 177;
-    test.form.textColor = 0x0000FF;
+    OpenBook(test.form, u"/b/a.txt");
+    test.form.format.font.name = u"Old Serif";
+    test.form.format.font.size = 12.5;
+    test.form.format.font.italic = true;
+    test.form.format.font.charset = 177;
+    test.form.format.textColor = 0x0000FF;
     test.View().SetBackColor(0x00FF00);
     test.View().ScrollLineToTop(100);
     test.Clock().now = {2027, 8, 9, 10, 11, 12};
@@ -32,10 +32,10 @@ TEST_CASE("save: a new record gets no place") {
     REQUIRE(test.Start());
     for (const char16_t* path : {u"/0", u"/1", u"/2"}) {
         test.PutBook(path, NumberedLines(100));
-        OpenBook(test.form, path, 0);
+        OpenBook(test.form, path, BookKind::Text);
     }
     test.View().ScrollLineToTop(50);
-    const int added = AddHistoryItem(test.form, u"/3==0");
+    const int added = AddHistoryItem(test.form.history, u"/3==0");
     SaveBookState(test.form, added);
     CHECK(added == 3);
     CHECK(test.Record(3)[Field::LastPos] == u"");
@@ -63,11 +63,11 @@ TEST_CASE("save: an HTML record keeps what only the HTML view knows") {
     TestForm test;
     test.PutBook(u"/b/a.txt");
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/a.txt", -1);
+    OpenBook(test.form, u"/b/a.txt");
     // As if the page were still loading: only time, charset and background are taken.
     test.Menu().mFileList[0].tag = u"/b/p.htm=old=2=Web=-2=0=0=0=0=0=1=0=5=6=1200=9=Page=1,2";
-    test.form.shownPath = u"/b/p.htm";
-    test.form.viewFont.charset = 204;
+    test.form.book.path = u"/b/p.htm";
+    test.form.format.font.charset = 204;
     test.View().SetBackColor(7);
     SaveBookState(test.form, 0);
     CHECK(test.Menu().mFileList[0].tag ==
@@ -87,7 +87,7 @@ TEST_CASE("save: a failing disk leaves the old data file, and the next save brin
     TestForm test;
     test.PutBook(u"/b/a.txt", NumberedLines(100));
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/a.txt", -1);
+    OpenBook(test.form, u"/b/a.txt");
     const std::string before = test.DataFile();
     test.Files().failReplace = true;
     test.View().ScrollLineToTop(80);
@@ -104,7 +104,7 @@ TEST_CASE("save: the data file is as it was when a book is left and opened again
     TestForm test;
     test.PutBook(u"/b/a.txt", NumberedLines(300));
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/a.txt", -1);
+    OpenBook(test.form, u"/b/a.txt");
     test.View().ScrollLineToTop(700);
     test.Close();
     TestForm second(test);

@@ -1,7 +1,7 @@
 #include "test_form.h"
 
 #include "app/events.h"
-#include "books/open_book.h"
+#include "app/open_book.h"
 
 #include <doctest/doctest.h>
 
@@ -20,7 +20,7 @@ TEST_CASE("start-up: the first run makes a data file with the scheme and the one
     CHECK(test.Menu().mUser[0].tag == u"Default");
     CHECK(test.Menu().mProfileList.Count() == 1);
     CHECK(test.Menu().mProfileList[0].checked);
-    CHECK(HistoryCount(test.form) == 0);
+    CHECK(test.form.history.Count() == 0);
     CHECK_FALSE(test.Menu().mFileList[0].visible);
     CHECK(test.Window().open);
     CHECK(test.Window().title == u"Norvaset [Default]");
@@ -90,7 +90,7 @@ TEST_CASE("start-up: a run without a change writes only the state it leaves") {
     TestForm first;
     first.PutBook(u"/b/a.txt");
     REQUIRE(first.Start());
-    OpenBook(first.form, u"/b/a.txt", -1);
+    OpenBook(first.form, u"/b/a.txt");
     first.Close();
     TestForm second(first);
     const auto writes = second.Files().replaceCalls.size();
@@ -128,7 +128,7 @@ TEST_CASE("autosave: nothing for 59 ticks, then the state, then from the start a
     test.PutBook(u"/b/a.txt", NumberedLines(500));
     REQUIRE(test.Start());
     CHECK(test.Timer().interval == 1000);
-    OpenBook(test.form, u"/b/a.txt", -1);
+    OpenBook(test.form, u"/b/a.txt");
     const std::string before = test.DataFile();
     test.View().ScrollLineToTop(300);
     test.Timer().Tick(59);
@@ -136,7 +136,7 @@ TEST_CASE("autosave: nothing for 59 ticks, then the state, then from the start a
     test.Timer().Tick();
     const std::string saved = test.DataFile();
     CHECK(saved != before);
-    CHECK(test.form.toSaveTag == u"0");
+    CHECK(test.form.autosaveTick == 0);
     test.View().ScrollLineToTop(600);
     test.Timer().Tick(59);
     CHECK(test.DataFile() == saved);
@@ -144,35 +144,24 @@ TEST_CASE("autosave: nothing for 59 ticks, then the state, then from the start a
     CHECK(test.DataFile() != saved);
 }
 
-TEST_CASE("autosave: a counter that is no number starts again") {
-    TestForm test;
-    REQUIRE(test.Start());
-    test.form.toSaveTag = u"soon";
-    test.Timer().Tick();
-    CHECK(test.form.toSaveTag == u"1");
-    test.form.toSaveTag = u"99999999999";
-    test.Timer().Tick();
-    CHECK(test.form.toSaveTag.size() <= 2);
-}
-
 TEST_CASE("autosave: held back while a command waits for a dialog") {
     TestForm test;
     test.PutBook(u"/b/a.txt");
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/a.txt", -1);
-    test.form.toSaveTag = u"58";
+    OpenBook(test.form, u"/b/a.txt");
+    test.form.autosaveTick = 58;
     test.Dialogs().whileOpen = [&] { test.Timer().Tick(5); };
     test.Menus().Click(test.Menu().mFileOpen);
-    CHECK(test.form.toSaveTag == u"58");
+    CHECK(test.form.autosaveTick == 58);
     test.Timer().Tick();
-    CHECK(test.form.toSaveTag == u"59");
+    CHECK(test.form.autosaveTick == 59);
 }
 
 TEST_CASE("shutdown: saves place and placement in one write") {
     TestForm test;
     test.PutBook(u"/b/a.txt", NumberedLines(500));
     REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/a.txt", -1);
+    OpenBook(test.form, u"/b/a.txt");
     test.View().ScrollLineToTop(1000);
     const auto writes = test.Files().replaceCalls.size();
     test.Close();
@@ -187,7 +176,7 @@ TEST_CASE("start-up: a book on the command line opens in place of the last one")
     first.PutBook(u"/b/a.txt");
     first.PutBook(u"/b/given.txt");
     REQUIRE(first.Start());
-    OpenBook(first.form, u"/b/a.txt", -1);
+    OpenBook(first.form, u"/b/a.txt");
     first.Close();
     TestForm second(first);
     second.form.ports.launch.commandLine = u"/b/given.txt";
@@ -204,7 +193,7 @@ TEST_CASE("start-up: a missing book on the command line is told, and the last on
     TestForm first;
     first.PutBook(u"/b/a.txt");
     REQUIRE(first.Start());
-    OpenBook(first.form, u"/b/a.txt", -1);
+    OpenBook(first.form, u"/b/a.txt");
     first.Close();
     TestForm second(first);
     second.form.ports.launch.commandLine = u"/b/none.txt";
@@ -226,7 +215,7 @@ TEST_CASE("start-up: a message waits for the window") {
     REQUIRE(test.Dialogs().messages.size() == 1);
     CHECK(test.Dialogs().messages[0].text == u"/b/gone.txt\r\nfile not found.");
     CHECK(answered);
-    OpenBook(test.form, u"/b/gone.txt", -1); // later ones come at once
+    OpenBook(test.form, u"/b/gone.txt"); // later ones come at once
     CHECK(test.Dialogs().messages.size() == 2);
 }
 
@@ -244,7 +233,7 @@ TEST_CASE(
     TestForm closed;
     closed.form.ports.launch.commandLine = u"/b/gone.txt";
     REQUIRE(Form_Load(closed.form));
-    ShowMessageOverWindow(closed.form, {});
+    ShowBookMessage(closed.form.messages, u"another");
     closed.Dialogs().whileOpen = [&] { closed.Close(); };
     closed.Window().ComeUp();
     CHECK(closed.Dialogs().messages.size() == 1);

@@ -2,11 +2,12 @@
 #pragma once
 
 #include "app/main_form.h"
+#include "app/shown_book.h"
 #include "app/start_up.h"
 #include "books/book_record.h"
-#include "books/history_list.h"
-#include "common/list_persistence.h"
+#include "books/history.h"
 #include "common/menu_items.h"
+#include "datafile/list_persistence.h"
 #include "platform/none/none_ports.h"
 #include "show_text.h"
 
@@ -18,11 +19,9 @@ class TestForm {
     TestForm() : form(MakeNonePorts()) {}
 
     // The next run of the program: on the files and the registry that `earlier` left when it ended.
-    explicit TestForm(TestForm& earlier) : form(MakeNonePorts()) {
-        earlierClocks_ = std::move(earlier.earlierClocks_);
+    explicit TestForm(TestForm& earlier)
+        : earlierClocks_(std::move(earlier.earlierClocks_)), form(PortsAfter(earlier.form.ports)) {
         earlierClocks_.push_back(std::move(earlier.form.ports.clock));
-        form.ports.files = std::move(earlier.form.ports.files);
-        form.ports.registry = std::move(earlier.form.ports.registry);
     }
 
     bool Start() {
@@ -42,8 +41,8 @@ class TestForm {
     }
     std::vector<std::u16string> Order() const { // the paths of the history list
         std::vector<std::u16string> paths;
-        for (int i = 0; i < HistoryCount(form); ++i)
-            paths.push_back(GetBookPath(form, i));
+        for (int i = 0; i < form.history.Count(); ++i)
+            paths.push_back(GetBookPath(form.history, i));
         return paths;
     }
     BookRecord Record(int index) const { return BookRecord::Parse(form.menu.mFileList[index].tag); }
@@ -68,6 +67,13 @@ class TestForm {
     static constexpr const char16_t* dataPath = u"/app/Norvaset.dat";
 
   private:
+    static Ports PortsAfter(Ports& earlier) {
+        Ports ports = MakeNonePorts();
+        ports.files = std::move(earlier.files);
+        ports.registry = std::move(earlier.registry);
+        return ports;
+    }
+
     std::vector<std::unique_ptr<::Clock>> earlierClocks_; // the files have one of them
 
   public:

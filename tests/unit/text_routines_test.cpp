@@ -1,6 +1,8 @@
+#include "common/char_refs.h"
+#include "common/text.h"
+#include "formats/spare_routines.h"
 #include "platform/none/none_text_view.h"
 #include "reading/caret.h"
-#include "reading/text_routines.h"
 
 #include <doctest/doctest.h>
 

@@ -1,4 +1,4 @@
-#include "shell/update_check.h"
+#include "shell/update/update_check.h"
 
 #include "test_form.h"
 

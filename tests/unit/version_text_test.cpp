@@ -1,4 +1,4 @@
-#include "shell/version_text.h"
+#include "shell/update/version_text.h"
 
 #include <doctest/doctest.h>
 

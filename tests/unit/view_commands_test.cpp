@@ -1,8 +1,8 @@
 #include "test_form.h"
 
-#include "books/open_book.h"
+#include "app/keys.h"
+#include "app/open_book.h"
 #include "reading/formatting.h"
-#include "reading/keyboard.h"
 
 #include <doctest/doctest.h>
 
@@ -11,7 +11,7 @@ struct Reading : TestForm {
     explicit Reading(std::string_view text = NumberedLines(300)) {
         PutBook(u"/b/a.txt", text);
         Start();
-        OpenBook(form, u"/b/a.txt", -1);
+        OpenBook(form, u"/b/a.txt");
     }
     void Choose(MenuArray& command, int index = 0) {
         Menus().Open(Menu().mView);
@@ -40,7 +40,7 @@ TEST_CASE("view: cancelled or unchanged choices change and write nothing") {
 
 TEST_CASE("view: every setting is kept with its book") {
     Reading test;
-    ViewFont font = test.form.viewFont;
+    ViewFont font = test.form.format.font;
     font.name = u"Old Serif";
     font.bold = true;
     test.Dialogs().fontAnswer = FontAnswer{DialogResult::Ok, font, 0x0000FF};
@@ -74,7 +74,7 @@ TEST_CASE("view: the top line and the caret stay where they are") {
     const TextPos top = test.View().FirstVisibleChar();
     test.Choose(test.Menu().mViewFontSize, 1);
     test.Choose(test.Menu().mViewAlign, 1);
-    ApplyTextColor(test.form, 7, false);
+    ApplyTextColor(test.View(), 7, false, Scrolling::Restore);
     CHECK(test.View().FirstVisibleChar() == top);
     CHECK(test.View().SelStart() == 400);
     CHECK(test.View().ShownPointer() == Pointer::Default);
@@ -83,19 +83,17 @@ TEST_CASE("view: the top line and the caret stay where they are") {
 TEST_CASE("view: the colours of rich text are kept only when wanted") {
     Reading test;
     test.View().SetTextColor(1);
-    test.Menu().mOptionsFileColor[0].checked = true;
-    ApplyTextColor(test.form, 9, true);
+    ApplyTextColor(test.View(), 9, true, Scrolling::Leave);
     CHECK(test.View().AutoColor());
     CHECK(test.View().TextColor() == 1);
-    test.Menu().mOptionsFileColor[0].checked = false;
-    ApplyTextColor(test.form, 9, true);
+    ApplyTextColor(test.View(), 9, false, Scrolling::Leave);
     CHECK_FALSE(test.View().AutoColor());
     CHECK(test.View().TextColor() == 9);
 }
 
 TEST_CASE("view: a right-to-left charset applies the alignment again") {
     Reading test;
-    ViewFont font = test.form.viewFont;
+    ViewFont font = test.form.format.font;
     for (const int charset : {177, 178}) {
         test.View().SetAlignment(Alignment::Justified); // so that applying it again is seen
         font.charset = charset;
@@ -114,10 +112,10 @@ TEST_CASE("view: the font size stays within what a font can be") {
     Reading test;
     for (int i = 0; i < 30; ++i)
         test.Choose(test.Menu().mViewFontSize, 1);
-    CHECK(test.form.viewFont.size == 1);
-    test.form.viewFont.size = 1638;
+    CHECK(test.form.format.font.size == 1);
+    test.form.format.font.size = 1638;
     test.Choose(test.Menu().mViewFontSize, 0);
-    CHECK(test.form.viewFont.size == 1638);
+    CHECK(test.form.format.font.size == 1638);
 }
 
 TEST_CASE("view: refresh reads the file again and keeps the place") {
@@ -169,8 +167,8 @@ TEST_CASE("charset: wrong letters are put right by the script chosen, and the pl
     test.View().ScrollLineToTop(900);
     const TextPos top = test.View().FirstVisibleChar();
     CHECK(test.View().TextRange(top, 6) == u"\u041F\u0440\u0438\u0432\u0435\u0442");
-    CHECK(test.form.viewFont.charset == 204); // which the font dialog shows
-    ViewFont font = test.form.viewFont;
+    CHECK(test.form.format.font.charset == 204); // which the font dialog shows
+    ViewFont font = test.form.format.font;
     font.charset = 161;
     test.Dialogs().fontAnswer = FontAnswer{DialogResult::Ok, font, 0};
     test.Choose(test.Menu().mViewFont);
@@ -194,7 +192,7 @@ TEST_CASE("charset: wrong letters are put right by the script chosen, and the pl
 TEST_CASE("charset: a book in Unicode is not touched") {
     Reading test("\xD0\x9F\xD1\x80\xD0\xB8");
     const int loads = test.View().loads;
-    ViewFont font = test.form.viewFont;
+    ViewFont font = test.form.format.font;
     font.charset = 204;
     test.Dialogs().fontAnswer = FontAnswer{DialogResult::Ok, font, 0};
     test.Choose(test.Menu().mViewFont);
@@ -208,16 +206,16 @@ TEST_CASE("keys: font size on key up, shortcuts on key down, Alt+F2 without a po
     const auto down = [&](int key, int shift) { test.Window().Events().onKeyDown(key, shift); };
     up(PlusKey, CtrlKey);
     up(107, CtrlKey);
-    CHECK(test.form.viewFont.size == 12);
+    CHECK(test.form.format.font.size == 12);
     up(MinusKey, CtrlKey);
     up(109, CtrlKey);
     up(48, CtrlKey); // Ctrl+0 does nothing here
     down(PlusKey, CtrlKey);
-    CHECK(test.form.viewFont.size == 10);
+    CHECK(test.form.format.font.size == 10);
     up(113, AltKey);
     CHECK(test.View().SelStart() == 0);
     test.Window().Events().onZoom(2);
-    CHECK(test.form.viewFont.size == 12);
+    CHECK(test.form.format.font.size == 12);
     down('A', CtrlKey);
     CHECK(test.View().SelLength() == test.View().TextLength());
     CHECK(test.Menu().mEditAll[0].caption == u"Select &All\tCtrl+A");

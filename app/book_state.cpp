@@ -1,0 +1,71 @@
+#include "app/book_state.h"
+
+#include "app/main_form.h"
+#include "app/shown_book.h"
+#include "books/book_script.h"
+#include "books/html_book.h"
+#include "books/record_format.h"
+#include "common/menu_items.h"
+#include "common/text.h"
+#include "reading/caret.h"
+#include "reading/zoom.h"
+
+namespace {
+void StorePage(const MainForm& form, BookRecord& record, bool withPlace) {
+    if (!HasPageBody(form)) return; // not brought to its place, which the record has
+    if (withPlace)
+        StorePagePlace(record, *form.ports.htmlView);
+    else
+        StorePageSize(record, *form.ports.htmlView, ZoomStep(form.menu.mViewFont[0]));
+}
+
+void StoreText(const MainForm& form, BookRecord& record, bool withPlace) {
+    StoreFormat(record, form.format, form.menu.mViewWordWrap[0].checked,
+                CheckedItem(form.menu.mViewAlign));
+    if (withPlace) record[Field::LastPos] = NumberText(FirstVisibleChar(*form.ports.textView));
+}
+
+void SaveSearches(MainForm& form, const std::u16string& bookSection) {
+    if (form.find.history.empty()) return;
+    IniWriteString(*form.dataFile, bookSection, u"HistFind", StoredSearches(form.find.history));
+}
+
+void UpdateRecord(MainForm& form, int index, bool withPlace) {
+    BookRecord record = form.history.Record(index);
+    const bool isPage = record.Kind() == BookKind::Html;
+    record[Field::Access] = StoredDateTime(form.ports.clock->Now());
+    record[Field::Charset] = NumberText(form.format.font.charset);
+    record[Field::BackColor] = NumberText(form.ports.textView->BackColor());
+    if (isPage)
+        StorePage(form, record, withPlace);
+    else
+        StoreText(form, record, withPlace);
+    form.history.SetRecord(index, record);
+
+    IniBatch oneWrite(*form.dataFile);
+    const auto section = BookSection(CurrentProfile(form), record[Field::Path]);
+    const bool nothingChosen = index != 0 || form.book.chosenCodePage == 0;
+    if (nothingChosen && !isPage)
+        StoreNothingChosen(*form.dataFile, section, record, form.ports.locale->AnsiCodePage());
+    SaveHistoryItem(form, index);
+    if (index == 0 && !record[Field::Path].empty()) SaveSearches(form, section);
+    oneWrite.Commit();
+}
+} // namespace
+
+void SaveBookState(MainForm& form, int index) {
+    if (index == 0 && !IsShownBookListed(form)) return;
+    UpdateRecord(form, index, index == 0);
+}
+
+void SaveNewBookState(MainForm& form, int index) {
+    UpdateRecord(form, index, false);
+}
+
+void SaveHistoryList(MainForm& form) {
+    SaveHistoryList(form.history, *form.dataFile, CurrentProfile(form));
+}
+
+void SaveHistoryItem(MainForm& form, int index) {
+    SaveHistoryItem(form.history, *form.dataFile, CurrentProfile(form), index);
+}

@@ -1,0 +1,16 @@
+// Saving what the reader left: place and look of a book, into its record and the data file.
+#pragma once
+
+struct MainForm;
+
+// Updates the record of history item `index` from the views and writes it. Index 0 is the shown
+// book; nothing is done when the view shows none, or one that is not in the list any more. The
+// record of another index gets the present look but no position.
+void SaveBookState(MainForm&, int index);
+
+// The same for a record just made: the present look and no position, at any index.
+void SaveNewBookState(MainForm&, int index);
+
+// Writes the list, or one record, as they are.
+void SaveHistoryList(MainForm&);
+void SaveHistoryItem(MainForm&, int index);

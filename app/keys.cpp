@@ -1,0 +1,72 @@
+#include "app/keys.h"
+
+#include "app/bookmark_menu.h"
+#include "app/links.h"
+#include "app/main_form.h"
+#include "app/shown_book.h"
+#include "app/view_menu.h"
+#include "common/key_names.h"
+#include "common/menu_items.h"
+#include "common/text.h"
+
+#include <algorithm>
+
+namespace {
+struct Shortcut {
+    int key, shift;
+    MenuArray MenuTree::*menu; // its opening decides whether the command can be chosen
+    MenuArray MenuTree::*command;
+    MenuArray MenuTree::*enabledWith = command; // the item that says whether the key counts
+};
+
+constexpr Shortcut shortcuts[] = {
+    {'O', CtrlKey, &MenuTree::mFile, &MenuTree::mFileOpen},
+    {'C', CtrlKey, &MenuTree::mEdit, &MenuTree::mEditCopy},
+    {'A', CtrlKey, &MenuTree::mEdit, &MenuTree::mEditAll},
+    {'F', CtrlKey, &MenuTree::mEdit, &MenuTree::mEditFind},
+    // Greyed in the menu while there is nothing to find yet: the key then asks for it.
+    {F3Key, 0, &MenuTree::mEdit, &MenuTree::mEditNext, &MenuTree::mEditFind},
+    {F5Key, 0, &MenuTree::mView, &MenuTree::mViewRefresh},
+    {'D', CtrlKey, &MenuTree::mBookmark, &MenuTree::mBookmarkNew},
+    {F1Key, 0, &MenuTree::mHelp, &MenuTree::mHelpTopics},
+};
+
+// The older key of the same command, which menus do not show.
+constexpr Shortcut olderCopy = {InsertKey, CtrlKey, &MenuTree::mEdit, &MenuTree::mEditCopy};
+
+void Choose(MainForm& form, const Shortcut& shortcut) {
+    MenuArray& menu = form.menu.*shortcut.menu;
+    const MenuHandler opening = HandlerOf(menu), click = HandlerOf(form.menu.*shortcut.command);
+    if (opening && menu[0].enabled) opening(form, 0);
+    if (click && menu[0].enabled && (form.menu.*shortcut.enabledWith)[0].enabled) click(form, 0);
+}
+} // namespace
+
+void ShowShortcuts(MainForm& form) {
+    for (const Shortcut& shortcut : shortcuts) {
+        const std::u16string keyAndShift =
+            NumberText(shortcut.key) + u'.' + NumberText(shortcut.shift);
+        SetMenuShortcutText((form.menu.*shortcut.command)[0], GetShortcutText(keyAndShift));
+    }
+}
+
+void ChooseCopy(MainForm& form) {
+    Choose(form, olderCopy);
+}
+
+void Form_KeyDown(MainForm& form, int keyCode, int shift) {
+    const auto choose = [&](const Shortcut& shortcut) {
+        if (shortcut.key == keyCode && shortcut.shift == shift) Choose(form, shortcut);
+    };
+    std::ranges::for_each(shortcuts, choose);
+    choose(olderCopy);
+    if (keyCode == LeftKey && shift == AltKey) GoBackAlongLinks(form);
+    if (keyCode == F4Key && shift == AltKey) form.ports.window->Close();
+}
+
+void Form_KeyUp(MainForm& form, int keyCode, int shift) {
+    const bool resizes = shift & CtrlKey && !IsPageShown(form); // a page zooms by itself
+    if (resizes && (keyCode == NumPlusKey || keyCode == PlusKey)) mViewFontSize_Click(form, 0);
+    if (resizes && (keyCode == NumMinusKey || keyCode == MinusKey)) mViewFontSize_Click(form, 1);
+    if (shift & AltKey && keyCode == F2Key) mBookmarkLast_Click(form, 0);
+}

@@ -1,0 +1,154 @@
+// Showing the book of a history item: file and record become what is on the screen.
+#include "app/book_state.h"
+#include "app/bookmark_menu.h"
+#include "app/main_form.h"
+#include "app/open_book.h"
+#include "app/shown_book.h"
+#include "books/book_file.h"
+#include "books/book_script.h"
+#include "books/record_format.h"
+#include "common/flag_scope.h"
+#include "common/text.h"
+#include "formats/plain_text_source.h"
+#include "reading/caret.h"
+#include "reading/hourglass.h"
+#include "reading/zoom.h"
+
+#include <utility>
+
+namespace {
+// The plain text of a book, nothing of a rich one; its charset is known then, and so is the script
+// of the font.
+std::shared_ptr<PlainTextSource> TextOf(MainForm& form, const BookRecord& record,
+                                        const BookContent& content) {
+    const int ansiCodePage = form.ports.locale->AnsiCodePage();
+    ShownBook& book = form.book;
+    const auto section = BookSection(CurrentProfile(form), record[Field::Path]);
+    book.chosenCodePage = ChosenCodePage(*form.dataFile, section, record, ansiCodePage);
+    book.codePage = 0;
+    if (!content.plainText) return nullptr;
+    auto text =
+        std::make_shared<PlainTextSource>(content.plainText, book.chosenCodePage, ansiCodePage);
+    book.codePage = text->CodePage();
+    int& charset = form.format.font.charset;
+    if (book.chosenCodePage == 0 && book.codePage != 0)
+        charset = ScriptCharset(book.codePage, charset);
+    return text;
+}
+
+// What the guess says of the book's script goes into its record, so that the font dialog shows it
+// and an older version of the program reads the book alike.
+void KeepGuessedScript(MainForm& form) {
+    if (form.book.chosenCodePage != 0 || form.book.codePage == 0) return;
+    BookRecord record = form.history.Record(0);
+    if (record.Number(Field::Charset) == form.format.font.charset) return;
+    record[Field::Charset] = NumberText(form.format.font.charset);
+    form.history.SetRecord(0, record);
+    IniBatch oneWrite(*form.dataFile);
+    StoreNothingChosen(*form.dataFile, BookSection(CurrentProfile(form), record[Field::Path]),
+                       record, form.ports.locale->AnsiCodePage());
+    SaveHistoryItem(form, 0);
+}
+
+void ShowInTextView(MainForm& form, const BookRecord& record, BookContent content) {
+    TextView& view = *form.ports.textView;
+    form.format.font = FontOf(record, form.ports.window->DefaultViewFont());
+    form.format.textColor = TextColorOf(record);
+    auto text = TextOf(form, record, content);
+    LeavePage(form);
+    view.SetVisible(true);
+    const Hourglass hourglass(view);
+    view.SetBackColor(BackColorOf(record));
+    view.SetFont(form.format.font);
+    ApplyFont(view, form.format.font, Scrolling::Leave);
+    SetWordWrap(view, *form.ports.window, form.menu.mViewWordWrap[0], record.Flag(Field::Wrap));
+    if (text)
+        view.LoadText(std::move(text));
+    else
+        view.LoadRichText(std::move(content.richText), form.ports.locale->AnsiCodePage());
+    ApplyTextColor(view, form.format.textColor, form.menu.mOptionsFileColor[0].checked,
+                   Scrolling::Leave);
+    ApplyAlignment(view, form.menu.mViewAlign, record.Number(Field::Align), Scrolling::Leave);
+    ScrollCaretToTop(view, record.Number(Field::LastPos));
+    LayOutForm(form);
+    KeepGuessedScript(form);
+}
+
+// The view is shown and starts to load the page. The rest follows when the document is complete.
+void ShowInHtmlView(MainForm& form, const BookRecord& record) {
+    HtmlView& html = *form.ports.htmlView;
+    ResetPage(form.page);
+    ++form.page.load;
+    form.page.path = record.Path();
+    html.SetVisible(true);
+    form.ports.textView->SetVisible(false);
+    form.ports.textView->SetBackColor(BackColorOf(record));
+    form.book.codePage = 0;
+    SetZoomStep(form.menu.mViewFont[0], record.Number(Field::FontSize));
+    html.Navigate(form.page.path, form.page.load);
+    html.FocusView();
+}
+
+void MakeFirst(MainForm& form, int index) {
+    const bool keepsOldState = form.ProfileSwitching || form.Refreshing || form.OpeningBook;
+    if (!keepsOldState) SaveBookState(form, 0);
+    MoveHistoryItemToTop(form.history, index);
+    SyncRemoveMenu(form.history, form.history.Count() - 1);
+}
+
+// The book to show, opened before anything changes.
+BookContent ReadBookToShow(MainForm& form, const BookRecord& record) {
+    const Files& files = *form.ports.files;
+    if (record.Kind() == BookKind::Html && !CanShowPages(form))
+        return {{record.Path() + u"\r\nThis program has no view for HTML books."}, "", nullptr};
+    const Hourglass hourglass(*form.ports.textView);
+    if (record.Kind() != BookKind::Html)
+        return ReadBookFile(files, record.Path(), MaxPlainText(form));
+    // The engine reads a page by itself; here it is seen that it can be read.
+    return {ExamineBookFile(files, record.Path(), MaxPlainText(form)).problem, "", nullptr};
+}
+
+void LoadSearches(MainForm& form, const BookRecord& record) {
+    const auto section = BookSection(CurrentProfile(form), record[Field::Path]);
+    form.find.history = ParseSearches(IniReadString(*form.dataFile, section, u"HistFind"));
+}
+} // namespace
+
+void LeavePage(MainForm& form) {
+    if (!IsPageShown(form)) return;
+    ResetPage(form.page);
+    form.ports.htmlView->Clear();
+    form.ports.htmlView->SetVisible(false);
+    form.ports.textView->SetVisible(true);
+    form.ports.textView->FocusView();
+}
+
+void ShowBook(MainForm& form, int index) {
+    BookContent content = ReadBookToShow(form, form.history.Record(index));
+    if (content.problem) {
+        ShowBookMessage(form.messages, content.problem.text);
+        return SetHistoryCaption(form.history, index);
+    }
+    if (!SettleZoom(form)) return;
+
+    const FlagScope loading(form.LoadingBook);
+    if (index >= 1) MakeFirst(form, index);
+    form.ports.textView->LoadPlainText(u"");
+    if (!form.ProfileChanging && !form.Refreshing) SaveHistoryList(form);
+    ForgetShownBook(form); // so that a book that memory does not hold keeps its record
+    const std::u16string pathBefore = std::exchange(form.book.path, u"");
+    form.bookmarks.menu.enabled = true;
+    const BookRecord record = form.history.Record(0);
+    form.menu.mFileEdit[0].tag = record[Field::Filter];
+    if (record.Kind() == BookKind::Html)
+        ShowInHtmlView(form, record);
+    else
+        ShowInTextView(form, record, std::move(content));
+    form.menu.mFileList[0].checked = true;
+    form.book.path = record.Path();
+    if (form.book.path != pathBefore) form.bookmarks.last.tag = u""; // a place in that book
+    UpdateWindowTitle(form);
+    LoadSearches(form, record);
+    LoadBookmarks(form, record[Field::Marks]);
+    form.ports.menuBar->Refresh();
+}

@@ -1,0 +1,69 @@
+#include "app/shown_book.h"
+
+#include "app/main_form.h"
+#include "common/menu_items.h"
+#include "formats/codepages/charsets.h"
+#include "reading/zoom.h"
+#include "shell/layout.h"
+#include "shell/window_title.h"
+
+const std::u16string& CurrentProfile(const MainForm& form) {
+    return form.menu.mUser[0].tag;
+}
+
+bool IsBookShown(const MainForm& form) {
+    const MenuItem& first = form.menu.mFileList[0];
+    return first.checked && !first.tag.empty();
+}
+
+bool IsShownBookListed(const MainForm& form) {
+    return IsBookShown(form) && GetBookPath(form.history, 0) == form.book.path;
+}
+
+void ForgetShownBook(MainForm& form) {
+    form.menu.mFileList[0].checked = false;
+}
+
+bool CanShowPages(const MainForm& form) {
+    return form.ports.htmlView && form.ports.htmlView->IsAvailable();
+}
+
+bool IsPageShown(const MainForm& form) {
+    return form.page.IsShown();
+}
+
+bool HasPageBody(const MainForm& form) {
+    return form.page.HasBody(form.ports.htmlView.get());
+}
+
+bool SettleZoom(MainForm& form) {
+    if (HasPageBody(form)) SettleZoom(*form.ports.htmlView, form.menu.mViewFont[0]);
+    return !form.closed;
+}
+
+std::uint64_t MaxPlainText(const MainForm& form) {
+    return form.ports.textView->MaxTextSize();
+}
+
+void LayOutForm(MainForm& form) {
+    Ports& ports = form.ports;
+    LayOutWindow(*ports.window, *ports.statusBar, *ports.textView, ports.htmlView.get());
+}
+
+void UpdateWindowTitle(MainForm& form) {
+    const Ports& ports = form.ports;
+    const std::u16string &product = form.messages.productTitle, &profile = CurrentProfile(form);
+    if (!IsBookShown(form)) {
+        ports.textView->SetName(u"");
+        return ports.window->SetTitle(WindowTitle(product, profile, nullptr, false));
+    }
+    // A title bar may show the system's own script only; a title in another one gives way to the
+    // path.
+    const int codePage = CharsetToCodePage(form.format.font.charset);
+    const bool titleWanted =
+        CheckedItem(form.menu.mOptionsTitle) == 1 && codePage == ports.locale->AnsiCodePage();
+    const BookRecord record = IsShownBookListed(form) ? form.history.Record(0) : BookRecord();
+    const TitledBook book = TitledBookOf(record, form.book.path);
+    ports.textView->SetName(AccessibleBookName(book, ports.files->Separator()));
+    ports.window->SetTitle(WindowTitle(product, profile, &book, titleWanted));
+}

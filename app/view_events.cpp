@@ -1,0 +1,102 @@
+#include "app/view_events.h"
+
+#include "app/book_state.h"
+#include "app/bookmark_menu.h"
+#include "app/edit_menu.h"
+#include "app/file_menu.h"
+#include "app/main_form.h"
+#include "app/open_book.h"
+#include "app/shown_book.h"
+#include "app/view_menu.h"
+#include "books/html_book.h"
+#include "common/flag_scope.h"
+#include "common/text.h"
+#include "reading/page_colors.h"
+#include "reading/zoom.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+void fwMain_Resize(MainForm& form) {
+    if (form.resizing) return;
+    const FlagScope resizing(form.resizing);
+    FollowWindow(form.placement, *form.ports.window);
+    LayOutForm(form);
+}
+
+void fwMain_Zoom(MainForm& form, int steps) {
+    for (int i = 0; i < std::abs(steps); ++i)
+        mViewFontSize_Click(form, steps > 0 ? 0 : 1);
+}
+
+void rtMain_ContextMenu(MainForm& form) {
+    MenuTree& menu = form.menu;
+    mEdit_Click(form, 0);
+    mBookmark_Click(form, 0);
+    form.ports.menuBar->ShowContextMenu({&menu.mEditCopy, &menu.mEditCopyRTF, &menu.mEditSeparator1,
+                                         &menu.mEditAll, &menu.mEditSeparator2, &menu.mEditFind,
+                                         &menu.mEditNext, &menu.mEditSeparator3, &menu.mEditTitle,
+                                         &menu.mBookmarkNew});
+}
+
+void rtMain_FilesDropped(MainForm& form, const std::vector<std::u16string>& paths) {
+    if (!paths.empty()) OpenBook(form, paths.front());
+}
+
+namespace {
+void StoreDocument(MainForm& form) {
+    BookRecord record = form.history.Record(0);
+    StoreDocument(record, *form.ports.htmlView);
+    form.history.SetRecord(0, record);
+    SetHistoryCaption(form.history, 0);
+    UpdateWindowTitle(form);
+}
+
+void BringToPlace(MainForm& form) {
+    HtmlView& html = *form.ports.htmlView;
+    PaintPage(html, form.ports.textView->BackColor());
+    // Another size lays the page out anew: the place is one of the page in the record's size, and
+    // keys pressed while it loaded come after it.
+    const BookRecord record = IsShownBookListed(form) ? form.history.Record(0) : BookRecord();
+    const int step = WithinZoomSteps(record.Number(Field::FontSize));
+    ZoomBy(form.page, html, step);
+    html.ScrollTo(0, std::max(record.Number(Field::LastPos), 0));
+    ZoomBy(form.page, html, ZoomStep(form.menu.mViewFont[0]) - step);
+    form.page.restored = true;
+}
+} // namespace
+
+void wbMain_DocumentComplete(MainForm& form, const std::u16string& url) {
+    const bool nothing = url.empty() || EqualIgnoringCase(url, u"http:///");
+    if (nothing || !IsPageShown(form) || form.page.restored) return;
+    const bool listed = IsShownBookListed(form);
+    if (listed) StoreDocument(form);
+    BringToPlace(form);
+    if (listed) RefreshBookmarkMenu(form); // last, as it may wait for the page
+}
+
+void wbMain_Zoomed(MainForm& form) {
+    if (!IsShownBookListed(form) || !HasPageBody(form)) return;
+    // A page that was brought to its place has the size of its record.
+    const int stored = form.history.Record(0).Number(Field::FontSize);
+    if (stored != form.ports.htmlView->ZoomSteps()) SaveBookState(form, 0);
+}
+
+void wbMain_Gone(MainForm& form) {
+    if (!IsPageShown(form)) return;
+    SaveBookState(form, 0);
+    form.page.restored = false;
+    ShowBookMessage(form.messages,
+                    form.page.path +
+                        u"\r\nThe page can no longer be shown. Refresh (F5) loads it again.");
+}
+
+void wbMain_Command(MainForm& form, PageCommand command) {
+    switch (command) {
+    case PageCommand::Find: return mEditFind_Click(form, 0);
+    case PageCommand::SelectAll: return mEditAll_Click(form, 0);
+    case PageCommand::Copy: return mEditCopy_Click(form, 0);
+    case PageCommand::Open: return mFileOpen_Click(form, 0);
+    case PageCommand::Print: return; // the view's own
+    }
+}

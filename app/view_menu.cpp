@@ -1,0 +1,113 @@
+#include "app/view_menu.h"
+
+#include "app/book_state.h"
+#include "app/charset.h"
+#include "app/main_form.h"
+#include "app/open_book.h"
+#include "app/shown_book.h"
+#include "common/menu_items.h"
+#include "reading/caret.h"
+#include "reading/hourglass.h"
+#include "reading/page_colors.h"
+#include "reading/zoom.h"
+
+#include <algorithm>
+
+void mView_Click(MainForm& form, int) {
+    MenuTree& menu = form.menu;
+    menu.mViewRefresh[0].enabled = form.history.Count() > 0;
+    menu.mViewFont[0].enabled = menu.mViewWordWrap[0].enabled = !IsPageShown(form);
+    for (MenuItem& item : menu.mViewAlign.items)
+        item.enabled = menu.mViewFont[0].enabled;
+}
+
+void mViewRefresh_Click(MainForm& form, int) {
+    MenuArray& list = form.menu.mFileList;
+    for (int i = 0; i < form.history.Count(); ++i)
+        list[i].enabled = form.ports.files->FileExists(GetBookPath(form.history, i));
+    if (IsBookShown(form)) return ReloadBook(form);
+    // All books were out of reach at the start, perhaps on a stick that is there now.
+    if (form.history.Count() > 0 && list[0].enabled) ShowBook(form, 0);
+}
+
+void mViewBackground_Click(MainForm& form, int) {
+    TextView& view = *form.ports.textView;
+    const auto title = DialogTitle(form.menu.mViewBackground[0]);
+    const ColorAnswer answer = form.ports.dialogs->ChooseColor(title, view.BackColor());
+    if (answer.result != DialogResult::Ok || answer.color == view.BackColor()) return;
+    view.SetBackColor(answer.color);
+    if (HasPageBody(form)) PaintPage(*form.ports.htmlView, answer.color);
+    SaveBookState(form, 0);
+}
+
+namespace {
+void ChangeFont(MainForm& form, const ViewFont& chosen) {
+    TextView& view = *form.ports.textView;
+    const bool newCharset = chosen.charset != form.format.font.charset;
+    form.format.font = chosen;
+    if (newCharset) ReadInCharset(form);
+    ApplyFont(view, chosen, Scrolling::Restore);
+    if (newCharset && IsRightToLeftCharset(chosen.charset))
+        ApplyAlignment(view, form.menu.mViewAlign, CheckedItem(form.menu.mViewAlign),
+                       Scrolling::Restore);
+}
+} // namespace
+
+void mViewFont_Click(MainForm& form, int) {
+    TextFormat& format = form.format;
+    TextView& view = *form.ports.textView;
+    const auto title = DialogTitle(form.menu.mViewFont[0]);
+    const FontAnswer answer = form.ports.dialogs->ChooseFont(title, format.font, format.textColor);
+    const bool newFont = answer.font != format.font, newColor = answer.color != format.textColor;
+    if (answer.result != DialogResult::Ok || (!newFont && !newColor)) return;
+    const Hourglass hourglass(view);
+    if (newFont) ChangeFont(form, answer.font);
+    format.textColor = answer.color;
+    if (newColor)
+        ApplyTextColor(view, answer.color, form.menu.mOptionsFileColor[0].checked,
+                       Scrolling::Restore);
+    SaveBookState(form, 0);
+    UpdateWindowTitle(form);
+}
+
+namespace {
+void ZoomPage(MainForm& form, int step) {
+    MenuItem& fontItem = form.menu.mViewFont[0];
+    SetZoomStep(fontItem, ZoomStep(fontItem) + step);
+    ZoomBy(form.page, *form.ports.htmlView, step);
+}
+
+// Whether that changes anything.
+bool ResizeText(MainForm& form, int step) {
+    constexpr double minSize = 1, maxSize = 1638; // points, what a font can have
+    double& size = form.format.font.size;
+    const double before = size;
+    size = std::clamp(size + step, minSize, maxSize);
+    if (size == before) return false;
+    const Hourglass hourglass(*form.ports.textView);
+    ApplyFont(*form.ports.textView, form.format.font, Scrolling::Restore);
+    return true;
+}
+} // namespace
+
+void mViewFontSize_Click(MainForm& form, int index) {
+    const int step = index == 0 ? 1 : -1;
+    if (IsPageShown(form))
+        ZoomPage(form, step);
+    else if (!ResizeText(form, step))
+        return;
+    SaveBookState(form, 0);
+}
+
+void mViewAlign_Click(MainForm& form, int index) {
+    if (form.menu.mViewAlign[index].checked) return;
+    const Hourglass hourglass(*form.ports.textView);
+    ApplyAlignment(*form.ports.textView, form.menu.mViewAlign, index, Scrolling::Restore);
+    SaveBookState(form, 0);
+}
+
+void mViewWordWrap_Click(MainForm& form, int) {
+    MenuItem& item = form.menu.mViewWordWrap[0];
+    SetWordWrap(*form.ports.textView, *form.ports.window, item, !item.checked);
+    SaveBookState(form, 0);
+}

@@ -1,0 +1,10 @@
+// A book that turns out to be of another kind, and so is shown in the other view.
+#pragma once
+
+#include "books/book_record.h"
+#include "datafile/ini_file.h"
+
+// A place, marks and a size of the text view mean nothing in the HTML view, and the other way
+// round: what the record has of them is kept aside in the book's own section of the data file, for
+// the day when the kind is changed back, and what was kept aside comes into the record.
+void ExchangeViewState(BookRecord&, IniFile&, const std::u16string& section);

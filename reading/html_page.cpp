@@ -1,0 +1,13 @@
+#include "reading/html_page.h"
+
+void ResetPage(HtmlPage& page) {
+    const int load = page.load;
+    page = {};
+    page.load = load;
+}
+
+void PushPlace(HtmlPage& page, int top) {
+    constexpr std::size_t maxTrailLength = 100;
+    if (page.trail.size() == maxTrailLength) page.trail.erase(page.trail.begin());
+    page.trail.push_back({page.path, top});
+}

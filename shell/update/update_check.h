@@ -1,0 +1,32 @@
+// The check for a newer version.
+#pragma once
+
+#include "platform/version_info.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+// Where the newest version is told; see docs/update-file.md.
+std::u16string UpdateAddress(const ProgramVersion&, const std::u16string& executableName);
+
+// The setup program of the newest version.
+std::u16string SetupAddress(const ProgramVersion&, const std::u16string& executableName);
+
+struct VersionNumbers {
+    int major = 0, minor = 0, revision = 0;
+    auto operator<=>(const VersionNumbers&) const = default;
+};
+
+// Nothing for anything but exactly {"version":"1.2.3"} and one line feed.
+std::optional<VersionNumbers> ParseUpdateFile(std::string_view bytes);
+
+struct UpdateResult {
+    int result = -1; // -1: not known; 0: this version is the newest; 1: there is a newer one
+    std::u16string newVersion; // digits and dots
+};
+
+UpdateResult CompareVersions(const ProgramVersion& own, std::string_view updateFile);
+
+// The offer as rich text: the new version, and the address of its setup program as a link.
+std::string UpdateOffer(std::u16string_view newVersion, std::u16string_view setupAddress);
