@@ -1,44 +1,41 @@
-// Includes point one way: common <- formats <- books, reading, shell <- app, and back ends know the
-// ports only.
+// The folders have one order: each includes what stands below it, and nothing else.
 #include <doctest/doctest.h>
 
+#include <algorithm>
+#include <array>
 #include <filesystem>
 #include <fstream>
-#include <map>
-#include <set>
+#include <functional>
 #include <string>
 
 namespace fs = std::filesystem;
 
 namespace {
-// What the headers of a folder may include, besides itself and the ports' headers.
-const std::map<std::string, std::set<std::string>> headerMay = {
-    {"common", {}},
-    {"formats", {"common"}},
-    {"books", {"common", "formats", "reading", "shell"}},
-    {"reading", {"common", "formats", "books", "shell"}},
-    {"shell", {"common", "formats", "books", "reading"}},
-    {"app", {"common", "formats", "books", "reading", "shell"}},
-    {"platform", {"common", "formats"}},
-};
+// From the bottom up. `platform` are the ports alone; their back ends stand beside the core.
+constexpr std::array<std::string_view, 8> folders = {"common",  "platform", "formats", "datafile",
+                                                     "reading", "books",    "shell",   "app"};
 
-// A source of these may also see the form; the back ends' main.cpp sees the application.
-bool SourceMay(const std::string& folder, const fs::path& source, const std::string& included) {
-    if (folder == "platform")
-        return source.filename() == "main.cpp" && included.starts_with("app/");
-    const bool usesForm = folder == "books" || folder == "reading" || folder == "shell";
-    return usesForm && included == "app/main_form.h";
+int Height(std::string_view folder) {
+    const auto place = std::ranges::find(folders, folder);
+    return place == folders.end() ? -1 : static_cast<int>(place - folders.begin());
 }
 
-bool IsPort(const std::string& included) {
-    return included.starts_with("platform/") && included.find('/', 9) == std::string::npos;
+std::string_view FirstFolder(std::string_view path) {
+    return path.substr(0, path.find('/'));
 }
 
-bool IsAllowed(const std::string& folder, const fs::path& source, const std::string& included) {
-    const std::string target = included.substr(0, included.find('/'));
-    if (!headerMay.contains(target) || target == folder || IsPort(included)) return true;
-    return headerMay.at(folder).contains(target) ||
-           (source.extension() == ".cpp" && SourceMay(folder, source, included));
+bool IsOfBackEnd(std::string_view path) {
+    return path.starts_with("platform/") && path.find('/', 9) != path.npos;
+}
+
+// What may be above and below: the core by its order, without the formats for the ports; a back end
+// the ports, `common` and `formats`, and its main.cpp the form.
+bool MayInclude(const std::string& file, const std::string& included) {
+    if (Height(FirstFolder(included)) < 0) return true; // generated, or of the same folder
+    if (!IsOfBackEnd(file))
+        return !IsOfBackEnd(included) && Height(FirstFolder(included)) <= Height(FirstFolder(file));
+    if (file.ends_with("/main.cpp")) return true;
+    return Height(FirstFolder(included)) <= Height("formats");
 }
 
 std::string IncludedBy(const std::string& line) {
@@ -46,35 +43,59 @@ std::string IncludedBy(const std::string& line) {
     if (!line.starts_with(start)) return "";
     return line.substr(start.size(), line.rfind('"') - start.size());
 }
+
+using LineCheck = std::function<void(const std::string& file, const std::string& line)>;
+
+void ForEachLine(std::string_view folder, const LineCheck& check) {
+    const fs::path source = SOURCE_FOLDER;
+    for (const auto& entry : fs::recursive_directory_iterator(source / folder)) {
+        if (entry.path().extension() != ".h" && entry.path().extension() != ".cpp") continue;
+        std::ifstream file(entry.path());
+        const auto name = fs::relative(entry.path(), source).generic_string();
+        for (std::string line; std::getline(file, line);)
+            check(name, line);
+    }
+}
 } // namespace
 
-TEST_CASE("includes: every module includes what stands below it only") {
-    int seen = 0;
-    for (const auto& [folder, allowed] : headerMay) {
-        for (const auto& entry :
-             fs::recursive_directory_iterator(fs::path(SOURCE_FOLDER) / folder)) {
-            if (entry.path().extension() != ".h" && entry.path().extension() != ".cpp") continue;
-            std::ifstream file(entry.path());
-            for (std::string line; std::getline(file, line);) {
-                const std::string included = IncludedBy(line);
-                if (included.empty()) continue;
-                ++seen;
-                CHECK_MESSAGE(IsAllowed(folder, entry.path(), included),
-                              entry.path().string() << " includes " << included);
-            }
-        }
+TEST_CASE("includes: every folder includes what stands below it only") {
+    int count = 0;
+    for (const std::string_view folder : folders)
+        ForEachLine(folder, [&](const std::string& file, const std::string& line) {
+            const std::string included = IncludedBy(line);
+            if (included.empty()) return;
+            ++count;
+            CHECK_MESSAGE(MayInclude(file, included), file << " includes " << included);
+        });
+    CHECK(count > 100);
+}
+
+TEST_CASE("includes: the rule refuses what it is there to refuse") {
+    CHECK_FALSE(MayInclude("common/text.h", "platform/files.h"));
+    CHECK_FALSE(MayInclude("reading/find.cpp", "app/main_form.h"));
+    CHECK_FALSE(MayInclude("books/history.h", "shell/layout.h"));
+    CHECK_FALSE(MayInclude("app/events.cpp", "platform/qt/qt_ports.h"));
+    CHECK_FALSE(MayInclude("platform/files.h", "formats/document.h"));
+    CHECK_FALSE(MayInclude("platform/qt/qt_ports.cpp", "books/history.h"));
+    CHECK(MayInclude("platform/qt/main.cpp", "app/main_form.h"));
+    CHECK(MayInclude("app/events.cpp", "platform/html_view.h"));
+}
+
+TEST_CASE("includes: the form is known to app alone") {
+    for (const std::string_view folder : folders) {
+        if (folder == "app") continue;
+        ForEachLine(folder, [](const std::string& file, const std::string& line) {
+            const bool knows = line.find("MainForm") != line.npos;
+            CHECK_MESSAGE((!knows || file.ends_with("/main.cpp")), file << ": " << line);
+        });
     }
-    CHECK(seen > 100);
 }
 
 TEST_CASE("includes: systems are told apart under platform only") {
-    for (const auto& [folder, allowed] : headerMay) {
+    for (const std::string_view folder : folders) {
         if (folder == "platform") continue;
-        for (const auto& entry :
-             fs::recursive_directory_iterator(fs::path(SOURCE_FOLDER) / folder)) {
-            std::ifstream file(entry.path());
-            for (std::string line; std::getline(file, line);)
-                CHECK_MESSAGE(line.find("_WIN32") == std::string::npos, entry.path().string());
-        }
+        ForEachLine(folder, [](const std::string& file, const std::string& line) {
+            CHECK_MESSAGE(line.find("_WIN32") == line.npos, file);
+        });
     }
 }
