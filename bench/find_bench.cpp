@@ -6,7 +6,7 @@
 // each counts, by the clock of the processor: so other programs disturb little.
 #include "bench/bench_folder.h"
 #include "bench/stopwatch.h"
-#include "formats/plain_text_source.h"
+#include "formats/plain/plain_text_source.h"
 
 #include <cctype>
 #include <cstring>

@@ -1,8 +1,8 @@
 #include "formats/codepages/charset_guess.h"
 
-#include "formats/code_pages.h"
 #include "formats/codepages/byte_evidence.h"
 #include "formats/codepages/character_costs.h"
+#include "formats/codepages/code_pages.h"
 #include "formats/codepages/letter_costs.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "formats/codepages/escaped_text.h"
 
-#include "formats/code_pages.h"
+#include "formats/codepages/code_pages.h"
 
 #include <algorithm>
 #include <iterator>

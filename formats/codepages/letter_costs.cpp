@@ -1,7 +1,7 @@
 #include "formats/codepages/letter_costs.h"
 
-#include "formats/code_pages.h"
 #include "formats/codepages/character_facts.h"
+#include "formats/codepages/code_pages.h"
 
 #include <algorithm>
 #include <climits>

@@ -1,10 +1,10 @@
 #include "formats/codepages/charset_guess.h"
 
 #include "common/utf.h"
-#include "formats/code_pages.h"
+#include "formats/codepages/code_pages.h"
 #include "formats/codepages/escaped_text.h"
-#include "formats/plain_text.h"
-#include "formats/plain_text_guess.h"
+#include "formats/plain/plain_text.h"
+#include "formats/plain/plain_text_guess.h"
 #include "text_samples.h"
 
 #include <doctest/doctest.h>

@@ -1,4 +1,4 @@
-#include "formats/code_pages.h"
+#include "formats/codepages/code_pages.h"
 
 #include <doctest/doctest.h>
 

@@ -1,4 +1,4 @@
-#include "formats/pattern_search.h"
+#include "formats/plain/pattern_search.h"
 
 #include <doctest/doctest.h>
 

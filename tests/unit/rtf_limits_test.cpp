@@ -1,7 +1,7 @@
 // What a file that means harm costs: memory in proportion to its size, and no more time than an
 // honest one.
-#include "formats/rtf_limits.h"
-#include "formats/rtf_reader.h"
+#include "formats/rtf/rtf_limits.h"
+#include "formats/rtf/rtf_reader.h"
 #include "tests/document_check.h"
 
 #include <doctest/doctest.h>

@@ -1,8 +1,8 @@
 // Pictures, links and footnotes that the reader finds in a text.
 #include "common/utf.h"
-#include "formats/rtf_fields.h"
-#include "formats/rtf_limits.h"
-#include "formats/rtf_reader.h"
+#include "formats/rtf/rtf_fields.h"
+#include "formats/rtf/rtf_limits.h"
+#include "formats/rtf/rtf_reader.h"
 #include "tests/document_check.h"
 
 #include <doctest/doctest.h>

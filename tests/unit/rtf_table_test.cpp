@@ -1,6 +1,6 @@
 #include "common/utf.h"
-#include "formats/rtf_limits.h"
-#include "formats/rtf_reader.h"
+#include "formats/rtf/rtf_limits.h"
+#include "formats/rtf/rtf_reader.h"
 #include "tests/document_check.h"
 
 #include <doctest/doctest.h>

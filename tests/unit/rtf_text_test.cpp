@@ -1,6 +1,6 @@
 // What of a file is text, and in which characters.
 #include "common/utf.h"
-#include "formats/rtf_reader.h"
+#include "formats/rtf/rtf_reader.h"
 #include "tests/document_check.h"
 
 #include <doctest/doctest.h>
