@@ -6,6 +6,7 @@ no codec for are read from iconv_tables.txt.
 
 import os
 import sys
+import unicodedata
 
 UNDEFINED = 0xFFFD
 LEAD = 0  # in a table of single bytes: this one begins a pair
@@ -189,8 +190,10 @@ def write_four_byte_ranges(file):
 
 def main(output):
     with open(output, "w", encoding="ascii", newline="\n") as file:
-        file.write("// Made by formats/codepages/make_code_page_tables.py.\n#pragma once\n\n")
+        file.write("// Made by formats/codepages/make_code_page_tables.py from the codecs of a Python with Unicode %s.\n"
+                   "#pragma once\n\n" % unicodedata.unidata_version)
         file.write('#include "formats/codepages/code_page_shapes.h"\n\n')
+        file.write("// clang-format off\n")
         rows = iconv_rows()
         write_single_byte(file, rows)
         write_double_byte(file, rows)
