@@ -3,6 +3,7 @@
 #include "common/text.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <utility>
 
@@ -64,13 +65,11 @@ bool IsOneOf(char16_t unit, const std::array<char16_t, most>& forms) {
 }
 
 template <std::size_t most>
-std::array<char16_t, most> FormsOf(char16_t unit, bool matchCase) {
-    std::array<char16_t, most> forms;
-    forms.fill(unit);
-    if (matchCase) return forms;
-    const std::vector<char16_t> all = CaseForms(unit);
-    std::copy_n(all.begin(), std::min(all.size(), most), forms.begin());
-    return forms;
+std::array<char16_t, most> First(const std::vector<char16_t>& forms) {
+    std::array<char16_t, most> first;
+    first.fill(forms.front());
+    std::copy_n(forms.begin(), std::min(forms.size(), most), first.begin());
+    return first;
 }
 } // namespace
 
@@ -91,8 +90,11 @@ std::vector<char16_t> CaseForms(char16_t unit) {
 TextSearch::TextSearch(std::u16string_view what, FindOptions options)
     : what_(what), options_(options) {
     if (what.empty()) return;
-    first_ = FormsOf<4>(what.front(), options.matchCase);
-    last_ = FormsOf<4>(what.back(), options.matchCase);
+    const auto forms = [&](char16_t unit) {
+        return options.matchCase ? std::vector{unit} : CaseForms(unit);
+    };
+    first_ = forms(what.front());
+    last_ = forms(what.back());
 }
 
 bool TextSearch::IsAt(std::u16string_view text, std::size_t at) const {
@@ -101,21 +103,31 @@ bool TextSearch::IsAt(std::u16string_view text, std::size_t at) const {
     return !options_.wholeWord || StandsAlone(text, at, what_.size());
 }
 
-std::size_t TextSearch::FindIn(std::u16string_view text, std::size_t start) const {
-    if (what_.empty() || what_.size() > text.size()) return std::u16string_view::npos;
-    const std::size_t end = text.size() - what_.size() + 1; // no match begins here or behind
+template <std::size_t maxForms>
+std::size_t TextSearch::FindWith(std::u16string_view text, std::size_t start) const {
+    const auto first = First<maxForms>(first_), last = First<maxForms>(last_);
+    const std::size_t lastOffset = what_.size() - 1;
+    const std::size_t end = text.size() - lastOffset; // no match begins here or behind
     while (start < end) {
         const std::size_t blockEnd = std::min(start + blockSize, end);
         const char16_t* const begins = text.data() + start;
         const bool whole = blockEnd - start == blockSize;
-        if (whole && !MayBeginInBlock(begins, begins + what_.size() - 1, first_, last_)) {
+        if (whole && !MayBeginInBlock(begins, begins + lastOffset, first, last)) {
             start = blockEnd;
             continue;
         }
         for (; start < blockEnd; ++start)
-            if (IsOneOf(text[start], first_) && IsAt(text, start)) return start;
+            if (IsOneOf(text[start], first) && IsOneOf(text[start + lastOffset], last) &&
+                IsAt(text, start))
+                return start;
     }
     return std::u16string_view::npos;
+}
+
+std::size_t TextSearch::FindIn(std::u16string_view text, std::size_t start) const {
+    if (what_.empty() || what_.size() > text.size()) return std::u16string_view::npos;
+    const bool usual = std::max(first_.size(), last_.size()) <= 2; // nearly every letter
+    return usual ? FindWith<2>(text, start) : FindWith<4>(text, start);
 }
 
 std::size_t FindText(std::u16string_view text, std::u16string_view what, std::size_t start,

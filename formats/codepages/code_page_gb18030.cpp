@@ -22,12 +22,6 @@ unsigned SequenceIndex(const unsigned char* bytes) {
            (bytes[3] - 0x30u);
 }
 
-std::string SequenceOf(unsigned index) {
-    const unsigned bytes[] = {0x81 + index / 12600, 0x30 + index / 1260 % 10,
-                              0x81 + index / 10 % 126, 0x30 + index % 10};
-    return {std::begin(bytes), std::end(bytes)};
-}
-
 } // namespace
 
 bool IsFourByteSequence(const unsigned char* bytes) {
@@ -46,16 +40,4 @@ char32_t FourByteCharacter(const unsigned char* bytes) {
     }
     const bool supplementary = index >= supplementaryIndex && index < supplementaryIndex + 0x100000;
     return supplementary ? 0x10000 + (index - supplementaryIndex) : undefinedUnit;
-}
-
-void AddFourByteSequences(char32_t character, std::vector<std::string>& sequences) {
-    if (character >= 0x10000)
-        sequences.push_back(SequenceOf(supplementaryIndex + (character - 0x10000)));
-    for (const FourByteRange* range = std::begin(fourByteRanges); range != std::end(fourByteRanges);
-         ++range) {
-        const bool last = range + 1 == std::end(fourByteRanges);
-        const unsigned count = (last ? bmpFourBytes : range[1].index) - range->index;
-        if (character >= range->unit && character - range->unit < count)
-            sequences.push_back(SequenceOf(range->index + (character - range->unit)));
-    }
 }

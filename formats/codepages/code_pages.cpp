@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <numeric>
 #include <optional>
 
 namespace {
@@ -34,17 +35,13 @@ const DoubleBytePage* FindDoubleBytePage(int codePage) {
 }
 
 void DecodeSingleBytes(const SingleBytePage& page, std::string_view bytes, std::u16string& text) {
-    // Eight at a time after a group that is not all ASCII: in most scripts the next one will not be
-    // either.
-    DecodeInPieces(bytes, text,
-                   [&page](const unsigned char*& at, const unsigned char* stop,
-                           const unsigned char*, char16_t*& out) {
-                       const std::ptrdiff_t count = std::min<std::ptrdiff_t>(8, stop - at);
-                       for (std::ptrdiff_t i = 0; i < count; ++i)
-                           out[i] = at[i] < 0x80 ? at[i] : page.units[at[i] - 0x80];
-                       at += count;
-                       out += count;
-                   });
+    char16_t units[0x100];
+    std::iota(units, units + 0x80, u'\0');
+    std::copy(std::begin(page.units), std::end(page.units), units + 0x80);
+    const std::size_t begin = text.size();
+    text.resize(begin + bytes.size());
+    std::transform(bytes.begin(), bytes.end(), text.begin() + static_cast<std::ptrdiff_t>(begin),
+                   [&units](char byte) { return units[static_cast<unsigned char>(byte)]; });
 }
 
 struct Character {
@@ -130,64 +127,6 @@ void DecodeCodePage(int codePage, std::string_view bytes, std::u16string& text) 
         TakeControlLetters(codePage, text, begin);
     } else
         DecodeCodePage(fallbackPage, bytes, text);
-}
-
-namespace {
-void AddSingleBytes(const char16_t (&units)[128], char32_t character,
-                    std::vector<std::string>& sequences) {
-    if (character < 0x80) sequences.emplace_back(1, static_cast<char>(character));
-    for (std::size_t i = 0; i < std::size(units); ++i)
-        if (units[i] == character && units[i] != leadUnit)
-            sequences.emplace_back(1, static_cast<char>(0x80 + i));
-}
-
-void AddPairs(const DoubleBytePage& page, char32_t character, std::vector<std::string>& sequences) {
-    for (int lead = page.firstLead; lead < 0x100; ++lead) {
-        if (page.units[lead - 0x80] != leadUnit) continue;
-        const char16_t* const row = page.pairs + (lead - page.firstLead) * page.trailCount;
-        for (int i = 0; i < page.trailCount; ++i)
-            if (row[i] == character)
-                sequences.push_back(
-                    {static_cast<char>(lead), static_cast<char>(page.firstTrail + i)});
-    }
-}
-
-void AddLong(const LongSequences& longer, char32_t character, std::vector<std::string>& sequences) {
-    for (int i = 0; i < longer.planes * eucRows * eucRows; ++i) {
-        if (longer.units[i] != character) continue;
-        std::string sequence(1, static_cast<char>(longer.lead));
-        if (longer.firstPlane != 0)
-            sequence += static_cast<char>(longer.firstPlane + i / (eucRows * eucRows));
-        sequence += static_cast<char>(0xA1 + i / eucRows % eucRows);
-        sequence += static_cast<char>(0xA1 + i % eucRows);
-        sequences.push_back(sequence);
-    }
-}
-
-// A control character that the page has a letter for is not itself.
-void AddControlLetters(const ControlLetters& letters, char32_t character,
-                       std::vector<std::string>& sequences) {
-    if (character < 0x20 && letters.units[character] != 0) sequences.clear();
-    for (std::size_t i = 0; i < std::size(letters.units); ++i)
-        if (letters.units[i] == character && character != 0)
-            sequences.emplace_back(1, static_cast<char>(i));
-}
-} // namespace
-
-std::vector<std::string> CodePageBytes(int codePage, std::u16string_view character) {
-    if (codePage == utf8Page) return {Utf16ToUtf8(character)};
-    const DoubleBytePage* const pairs = FindDoubleBytePage(codePage);
-    const SingleBytePage* const single = FindSingleBytePage(codePage);
-    if (!pairs && !single) return CodePageBytes(fallbackPage, character);
-    std::vector<std::string> sequences;
-    const char32_t value = FirstCharacter(character);
-    AddSingleBytes(pairs ? pairs->units : single->units, value, sequences);
-    if (pairs) AddPairs(*pairs, value, sequences);
-    if (pairs && pairs->longer) AddLong(*pairs->longer, value, sequences);
-    if (const auto* const letters = FindPage(controlLetters, codePage))
-        AddControlLetters(*letters, value, sequences);
-    if (pairs && pairs->page == gbkPage) AddFourByteSequences(value, sequences);
-    return sequences;
 }
 
 const char16_t* UpperHalf(int codePage) {

@@ -3,7 +3,6 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 // Charsets for which Windows has no number.
 constexpr int visciiPage = 70001;
@@ -20,10 +19,6 @@ bool HasCodePage(int codePage);
 // Appends the text of `bytes`. A byte or sequence without a meaning becomes one U+FFFD, and so does
 // a lead byte at the end. An unknown page is read as 1252. 936 also reads what GB18030 adds.
 void DecodeCodePage(int codePage, std::string_view bytes, std::u16string& text);
-
-// All byte sequences that `DecodeCodePage` reads as this character, a unit or a surrogate pair, but
-// not U+FFFD. Most characters have one or none.
-std::vector<std::string> CodePageBytes(int codePage, std::u16string_view character);
 
 // The 128 characters of the bytes from 0x80 on, of a page of single bytes; nullptr for others.
 const char16_t* UpperHalf(int codePage);

@@ -1,30 +1,25 @@
 // Finding in a plain text that is not in memory.
-#include "formats/plain/likely_places.h"
+#include "common/find_text.h"
 #include "formats/plain/plain_text_source.h"
 
 #include <algorithm>
 
-// Bytes are looked through first: most pieces need not be decoded.
 TextPos PlainTextSource::FindWhile(std::u16string_view what, TextPos start, FindOptions options,
                                    const std::function<bool()>& goesOn) const {
+    constexpr std::uint64_t bytesPerQuestion = 1 << 20;
     start = std::clamp(start, 0, Length());
     if (what.empty() || what.size() > static_cast<std::size_t>(Length() - start)) return notFound;
-    EncodedSearch encoded(form_, what, options);
-    if (encoded.IsHopeless()) return notFound;
     const TextSearch search(what, options);
     const auto length = static_cast<TextPos>(what.size());
-    std::size_t piece = PieceWith(start);
-    LikelyPlaces places(*file_, encoded, {marks_.front().byte, marks_.back().byte},
-                        marks_[piece].byte, goesOn);
-    while (const auto place = places.Next()) {
-        const std::uint64_t reach = std::min(*place, std::uint64_t{encoded.Reach()});
-        piece = std::max(piece, PieceWithByte(*place - reach));
-        for (; marks_[piece].byte <= *place; ++piece)
-            if (const TextPos found = FindIn(piece, search, start, length); found >= 0)
-                return found;
-        places.SkipTo(marks_[piece].byte);
+    std::uint64_t nextQuestion = 0;
+    for (std::size_t piece = PieceWith(start); piece + 1 < marks_.size(); ++piece) {
+        if (marks_[piece].byte >= nextQuestion) {
+            if (!goesOn()) return findGivenUp;
+            nextQuestion = marks_[piece].byte + bytesPerQuestion;
+        }
+        if (const TextPos found = FindIn(piece, search, start, length); found >= 0) return found;
     }
-    return places.IsGivenUp() ? findGivenUp : notFound;
+    return notFound;
 }
 
 // The first match that begins in the piece. It may end behind it, and whether it is a whole word
