@@ -7,14 +7,29 @@
 #include <cstdlib>
 #include <utility>
 
+namespace {
+struct UnitRange {
+    char16_t first, last;
+};
+
+// From U+00C0 on nearly all units are letters, marks and digits, but for these blocks and signs:
+// punctuation, currency, arrows and other symbols, and full-width forms of ASCII's signs.
+constexpr UnitRange signs[] = {
+    {0xD7, 0xD7},     {0xF7, 0xF7},     {0x2000, 0x206F}, {0x20A0, 0x20CF}, {0x2190, 0x2BFF},
+    {0x2E00, 0x2E7F}, {0x3000, 0x3004}, {0x3008, 0x3020}, {0x3030, 0x3030}, {0x303D, 0x303F},
+    {0xFE10, 0xFE1F}, {0xFE30, 0xFE6F}, {0xFF01, 0xFF0F}, {0xFF1A, 0xFF20}, {0xFF3B, 0xFF3E},
+    {0xFF40, 0xFF40}, {0xFF5B, 0xFF65}, {0xFFE0, 0xFFFF},
+};
+} // namespace
+
 bool IsWordUnit(char16_t unit) {
     const bool digit = unit >= u'0' && unit <= u'9';
     const bool letter = (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z');
-    // Above Latin-1's signs nearly all units are letters; general punctuation and CJK marks are
-    // not.
-    const bool foreign = unit >= 0xC0 && unit != 0xD7 && unit != 0xF7 &&
-                         !(unit >= 0x2000 && unit <= 0x206F) && !(unit >= 0x3000 && unit <= 0x303F);
-    return digit || letter || foreign || unit == u'_';
+    if (unit < 0xC0)
+        return digit || letter || unit == u'_' || unit == 0xAA || unit == 0xB5 || unit == 0xBA;
+    return std::ranges::none_of(signs, [unit](const UnitRange& range) {
+        return unit >= range.first && unit <= range.last;
+    });
 }
 
 namespace {

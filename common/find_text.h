@@ -11,8 +11,8 @@
 // first, and nearer ones come before others: a letter's two usual cases before what is seldom seen.
 std::vector<char16_t> CaseForms(char16_t unit);
 
-// Whether a unit belongs to a word. A match is a whole word when none of its ends and the unit
-// beside it both do.
+// Whether a unit belongs to a word: letters, digits, marks and "_". A match is a whole word when
+// none of its ends and the unit beside it both do.
 bool IsWordUnit(char16_t unit);
 
 // A search made ready, for a text that is looked through in parts.

@@ -1,11 +1,11 @@
 #include "formats/plain/plain_text.h"
 
 #include "common/utf.h"
+#include "common/utf_wide.h"
 #include "formats/codepages/charset_guess.h"
 #include "formats/codepages/code_pages.h"
 #include "formats/codepages/escaped_text.h"
 #include "formats/plain/plain_text_guess.h"
-#include "formats/plain/plain_text_wide.h"
 
 #include <algorithm>
 #include <iterator>
@@ -32,10 +32,10 @@ constexpr ByteOrderMark byteOrderMarks[] = {
 std::u16string DecodeEncoded(const PlainTextForm& form, std::string_view bytes) {
     switch (form.encoding) {
     case TextEncoding::Utf8: return Utf8ToUtf16(bytes);
-    case TextEncoding::Utf16LittleEndian: return DecodeUtf16(bytes, ByteOrder::Little);
-    case TextEncoding::Utf16BigEndian: return DecodeUtf16(bytes, ByteOrder::Big);
-    case TextEncoding::Utf32LittleEndian: return DecodeUtf32(bytes, ByteOrder::Little);
-    case TextEncoding::Utf32BigEndian: return DecodeUtf32(bytes, ByteOrder::Big);
+    case TextEncoding::Utf16LittleEndian: return DecodeUtf16(bytes, ByteOrder::LittleEndian);
+    case TextEncoding::Utf16BigEndian: return DecodeUtf16(bytes, ByteOrder::BigEndian);
+    case TextEncoding::Utf32LittleEndian: return DecodeUtf32(bytes, ByteOrder::LittleEndian);
+    case TextEncoding::Utf32BigEndian: return DecodeUtf32(bytes, ByteOrder::BigEndian);
     case TextEncoding::CodePage: break;
     }
     std::u16string text;
@@ -53,12 +53,12 @@ std::optional<PlainTextForm> MarkedForm(std::string_view start) {
     if (const std::optional<int> escaped = EscapedPage(start.substr(0, guessSample)))
         return PlainTextForm{TextEncoding::CodePage, *escaped};
     if (const std::optional<ByteOrder> order = GuessUtf32(start))
-        return PlainTextForm{*order == ByteOrder::Little ? TextEncoding::Utf32LittleEndian
-                                                         : TextEncoding::Utf32BigEndian};
+        return PlainTextForm{*order == ByteOrder::LittleEndian ? TextEncoding::Utf32LittleEndian
+                                                               : TextEncoding::Utf32BigEndian};
     const std::optional<ByteOrder> order = GuessUtf16(start);
     if (!order) return std::nullopt;
-    return PlainTextForm{*order == ByteOrder::Little ? TextEncoding::Utf16LittleEndian
-                                                     : TextEncoding::Utf16BigEndian};
+    return PlainTextForm{*order == ByteOrder::LittleEndian ? TextEncoding::Utf16LittleEndian
+                                                           : TextEncoding::Utf16BigEndian};
 }
 
 PlainTextForm CodePageForm(std::span<const std::string_view> samples, int bookCodePage,

@@ -17,8 +17,8 @@ bool IsAsciiLetter(unsigned byte) {
 bool IsSensible(char16_t before, char16_t unit, char16_t after) {
     if (unit < 0x20) return unit >= u'\t' && unit <= u'\r';
     if (unit >= 0x7F && unit < 0xA0) return unit == 0x85; // next line
-    if (unit >= 0xD800 && unit < 0xDC00) return after >= 0xDC00 && after < 0xE000;
-    if (unit >= 0xDC00 && unit < 0xE000) return before >= 0xD800 && before < 0xDC00;
+    if (IsHighSurrogate(unit)) return IsLowSurrogate(after);
+    if (IsLowSurrogate(unit)) return IsHighSurrogate(before);
     return !(unit >= 0xE000 && unit < 0xF900) && unit < 0xFFFE;
 }
 
@@ -28,8 +28,8 @@ std::size_t LatinUnitsOfUtf16(std::string_view sample, ByteOrder order) {
     const auto unitAt = [&](std::size_t i) {
         const auto first = static_cast<unsigned char>(sample[2 * i]);
         const auto second = static_cast<unsigned char>(sample[2 * i + 1]);
-        return static_cast<char16_t>(order == ByteOrder::Little ? second << 8 | first
-                                                                : first << 8 | second);
+        return static_cast<char16_t>(order == ByteOrder::LittleEndian ? second << 8 | first
+                                                                      : first << 8 | second);
     };
     std::size_t latin = 0, letterPairs = 0;
     std::size_t senseless = sample.size() % 2; // half a unit at the end
@@ -54,10 +54,10 @@ std::size_t LatinUnitsOfUtf16(std::string_view sample, ByteOrder order) {
 std::optional<ByteOrder> GuessUtf16(std::string_view bytes) {
     const std::string_view sample = bytes.substr(0, guessSample);
     if (sample.find('\0') == std::string_view::npos) return std::nullopt;
-    const std::size_t little = LatinUnitsOfUtf16(sample, ByteOrder::Little);
-    const std::size_t big = LatinUnitsOfUtf16(sample, ByteOrder::Big);
+    const std::size_t little = LatinUnitsOfUtf16(sample, ByteOrder::LittleEndian);
+    const std::size_t big = LatinUnitsOfUtf16(sample, ByteOrder::BigEndian);
     if (little == 0 && big == 0) return std::nullopt;
-    return little >= big ? ByteOrder::Little : ByteOrder::Big;
+    return little >= big ? ByteOrder::LittleEndian : ByteOrder::BigEndian;
 }
 
 namespace {
@@ -66,10 +66,9 @@ bool IsUtf32(std::string_view sample, ByteOrder order) {
         char32_t value = 0;
         for (std::size_t byte = 0; byte < 4; ++byte)
             value = value << 8 | static_cast<unsigned char>(
-                                     sample[i + (order == ByteOrder::Big ? byte : 3 - byte)]);
+                                     sample[i + (order == ByteOrder::BigEndian ? byte : 3 - byte)]);
         const bool blank = value >= U'\t' && value <= U'\r';
-        const bool surrogate = value >= 0xD800 && value < 0xE000;
-        if ((value < 0x20 && !blank) || surrogate || value >= 0x110000) return false;
+        if ((value < 0x20 && !blank) || IsSurrogate(value) || value >= 0x110000) return false;
     }
     return true;
 }
@@ -79,20 +78,16 @@ std::optional<ByteOrder> GuessUtf32(std::string_view bytes) {
     constexpr std::size_t least = 16; // bytes
     const std::string_view sample = bytes.substr(0, 64 * 1024);
     if (sample.size() < least || sample.find('\0') == sample.npos) return std::nullopt;
-    for (const ByteOrder order : {ByteOrder::Little, ByteOrder::Big})
+    for (const ByteOrder order : {ByteOrder::LittleEndian, ByteOrder::BigEndian})
         if (IsUtf32(sample, order)) return order;
     return std::nullopt;
 }
 
 bool IsCutUtf8Sequence(std::string_view bytes) {
-    const auto lead = static_cast<unsigned char>(bytes[0]);
-    const std::size_t length = lead < 0xC2 || lead > 0xF4 ? 0
-                               : lead < 0xE0              ? 2
-                               : lead < 0xF0              ? 3
-                                                          : 4;
-    return bytes.size() < length && std::all_of(bytes.begin() + 1, bytes.end(), [](char byte) {
-               return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-           });
+    const int length = Utf8SequenceLength(static_cast<unsigned char>(bytes[0]));
+    return bytes.size() < static_cast<std::size_t>(length) &&
+           std::all_of(bytes.begin() + 1, bytes.end(),
+                       [](char byte) { return IsUtf8Continuation(byte); });
 }
 
 bool LooksLikeUtf8(std::string_view bytes) {

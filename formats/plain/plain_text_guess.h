@@ -1,7 +1,7 @@
 // What a plain-text file without a byte-order mark seems to be, told from its bytes.
 #pragma once
 
-#include "formats/plain/plain_text_wide.h"
+#include "common/utf_wide.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,6 +1,7 @@
 #include "formats/plain/plain_text_source.h"
 
 #include "common/decode_pieces.h"
+#include "common/file_limits.h"
 #include "common/utf.h"
 #include "formats/codepages/escaped_text.h"
 #include "formats/plain/plain_text_guess.h"
@@ -42,8 +43,8 @@ PlainTextSource::PlainTextSource(std::shared_ptr<const FileReader> file, const P
 
 // No piece of such a text decodes by itself. They are relics of mail, so they are small.
 void PlainTextSource::ConvertToUtf8() {
-    constexpr std::uint64_t most = 256 << 20;
-    file_ = std::make_shared<BytesReader>(Utf16ToUtf8(DecodeAs(form_, BytesBetween(0, most))));
+    file_ = std::make_shared<BytesReader>(
+        Utf16ToUtf8(DecodeAs(form_, BytesBetween(0, maxFileInMemory))));
     form_ = {};
 }
 

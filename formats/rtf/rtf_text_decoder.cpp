@@ -1,5 +1,6 @@
 #include "formats/rtf/rtf_text_decoder.h"
 
+#include "common/utf.h"
 #include "formats/codepages/code_pages.h"
 
 #include <algorithm>
@@ -10,14 +11,6 @@ constexpr int utf8Page = 65001;
 
 unsigned char Unsigned(char c) {
     return static_cast<unsigned char>(c);
-}
-
-std::size_t Utf8Length(unsigned char lead) {
-    return lead < 0xC2 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 1;
-}
-
-bool IsUtf8Continuation(unsigned char byte) {
-    return (byte & 0xC0) == 0x80;
 }
 
 } // namespace
@@ -65,8 +58,7 @@ std::size_t RtfTextDecoder::DecodeSingleBytes(std::string_view bytes, std::u16st
 }
 
 void RtfTextDecoder::AddPending(char byte, std::u16string& text) {
-    const bool breaksUtf8 =
-        page_->number == utf8Page && IsPending() && !IsUtf8Continuation(Unsigned(byte));
+    const bool breaksUtf8 = page_->number == utf8Page && IsPending() && !IsUtf8Continuation(byte);
     if (breaksUtf8) DecodePending(text);
     pending_[pendingSize_++] = byte;
     if (pendingSize_ == PendingLength()) DecodePending(text);
@@ -83,7 +75,8 @@ void RtfTextDecoder::DecodePending(std::u16string& text) {
 // In GB18030 a digit as the second byte says that two more follow.
 std::size_t RtfTextDecoder::PendingLength() const {
     const unsigned char lead = Unsigned(pending_[0]);
-    if (page_->number == utf8Page) return Utf8Length(lead);
+    if (page_->number == utf8Page)
+        return static_cast<std::size_t>(std::max(Utf8SequenceLength(lead), 1));
     const bool isChinese = page_->number == 936 || page_->number == 54936;
     return isChinese && pendingSize_ >= 2 && pending_[1] >= '0' && pending_[1] <= '9' ? 4 : 2;
 }

@@ -1,4 +1,4 @@
-#include "formats/plain/plain_text_wide.h"
+#include "common/utf_wide.h"
 
 #include "common/decode_pieces.h"
 #include "common/utf.h"
@@ -10,15 +10,11 @@ namespace {
 
 constexpr char16_t replacement = u'\uFFFD';
 
-bool IsSurrogate(char32_t value) {
-    return value >= 0xD800 && value < 0xE000;
-}
-
 template <int size>
 char32_t ReadUnit(const char* bytes, ByteOrder order) {
     char32_t value = 0;
     for (int i = 0; i < size; ++i) {
-        const int from = order == ByteOrder::Big ? i : size - 1 - i;
+        const int from = order == ByteOrder::BigEndian ? i : size - 1 - i;
         value = value << 8 | static_cast<unsigned char>(bytes[from]);
     }
     return value;

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-enum class ByteOrder { Little, Big };
+enum class ByteOrder { LittleEndian, BigEndian };
 
 // A lone surrogate, a number that is no character, and what is left of a cut unit at the end become
 // one U+FFFD each.
