@@ -1,56 +1,9 @@
 #include "formats/rtf/rtf_fields.h"
 
 #include "common/text.h"
+#include "formats/rtf/rtf_field_words.h"
 
 namespace {
-
-bool IsBlank(char16_t c) {
-    return c == u' ' || c == u'\t' || c == u'\v' || c == u'\u00A0';
-}
-
-// Words are separated by blanks or quoted; a backslash in quotes makes the next character plain,
-// out of them it begins a switch.
-class FieldReader {
-  public:
-    explicit FieldReader(std::u16string_view text) : rest_(text) {}
-
-    bool Next() {
-        while (!rest_.empty() && IsBlank(rest_.front()))
-            rest_.remove_prefix(1);
-        word_.clear();
-        isQuoted_ = !rest_.empty() && rest_.front() == u'"';
-        if (rest_.empty()) return false;
-        if (isQuoted_)
-            ReadQuoted();
-        else
-            ReadPlain();
-        return true;
-    }
-    const std::u16string& Word() const { return word_; }
-    bool IsSwitch(char16_t letter) const {
-        return IsAnySwitch() && word_.size() == 2 && FoldCase(word_[1]) == FoldCase(letter);
-    }
-    bool IsAnySwitch() const { return !isQuoted_ && !word_.empty() && word_[0] == u'\\'; }
-
-  private:
-    void ReadQuoted() {
-        rest_.remove_prefix(1);
-        for (; !rest_.empty() && rest_.front() != u'"'; rest_.remove_prefix(1)) {
-            if (rest_.front() == u'\\' && rest_.size() > 1) rest_.remove_prefix(1);
-            word_ += rest_.front();
-        }
-        if (!rest_.empty()) rest_.remove_prefix(1);
-    }
-    void ReadPlain() {
-        for (; !rest_.empty() && !IsBlank(rest_.front()) && rest_.front() != u'"';
-             rest_.remove_prefix(1))
-            word_ += rest_.front();
-    }
-
-    std::u16string_view rest_;
-    std::u16string word_;
-    bool isQuoted_ = false;
-};
 
 std::u16string Quoted(std::u16string_view text) {
     std::u16string quoted = u"\"";
@@ -64,7 +17,7 @@ std::u16string Quoted(std::u16string_view text) {
 } // namespace
 
 std::u16string LinkOfField(std::u16string_view instruction) {
-    FieldReader field(instruction);
+    RtfFieldWords field(instruction);
     if (!field.Next() || !EqualIgnoringCase(field.Word(), u"HYPERLINK")) return {};
     std::u16string address, place;
     while (field.Next()) {

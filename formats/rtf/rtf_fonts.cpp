@@ -44,8 +44,8 @@ void RtfFontTable::End() {
 void RtfFontTable::Add(std::u16string name) {
     if (fonts_.size() == maxRtfFonts || names_.size() == maxRtfFonts) return;
     name = TrimBlanks(name);
-    if (number_ == defaultNumber_) names_[0] = name;
     font_.symbols = hasSymbols_ ? SymbolSetOfFont(name) : RtfSymbolSet::None;
+    if (number_ == defaultNumber_ && font_.symbols == RtfSymbolSet::None) names_[0] = name;
     if (name != names_[0]) font_.index = IndexOfName(name);
     fonts_.insert_or_assign(number_, font_);
 }
@@ -59,7 +59,8 @@ std::uint16_t RtfFontTable::IndexOfName(const std::u16string& name) {
 
 void RtfFontTable::SetDefault(std::int32_t number) {
     defaultNumber_ = number;
-    if (const RtfFont* font = Find(number)) names_[0] = names_[font->index];
+    const RtfFont* const font = Find(number);
+    if (font && font->symbols == RtfSymbolSet::None) names_[0] = names_[font->index];
 }
 
 const RtfFont* RtfFontTable::Find(std::int32_t number) const {

@@ -42,7 +42,7 @@ void RtfParser::TakeToken(const RtfToken& token) {
 }
 
 void RtfParser::OpenGroup() {
-    FinishCharacter();
+    FinishBytes();
     fallbackLeft_ = 0;
     if (stack_.size() == maxRtfDepth) {
         ++sharedDepth_;
@@ -53,12 +53,14 @@ void RtfParser::OpenGroup() {
 }
 
 void RtfParser::CloseGroup() {
-    FinishCharacter();
+    FinishBytes();
     fallbackLeft_ = 0;
     if (sharedDepth_ > 0) {
         --sharedDepth_;
         return;
     }
+    AddFieldText();
+    if (State().opensDestination || stack_.size() == 1) FinishCharacter();
     if (stack_.size() == 1) FinishStories();
     const RtfState ended = std::move(State());
     stack_.pop_back();
@@ -102,8 +104,7 @@ Document RtfParser::TakeDocument() {
 void RtfParser::TakeWord(const RtfToken& token, bool isStarred) {
     if (State().destination == RtfDestination::Skip) return;
     const RtfWordEntry* entry = FindRtfWord(token.text);
-    // The halves of a character beyond the BMP are two \u.
-    if (!entry || entry->word != RtfWord::UnicodeCharacter) FinishCharacter();
+    FinishBytes();
     if (isStarred && (!entry || entry->family != RtfFamily::Destination))
         return EnterDestination(RtfDestination::Skip);
     if (entry) TakeKnownWord(*entry, token);

@@ -33,6 +33,7 @@ class RtfParser {
     void EnterNote();
     void EndDestination(const RtfState& ended);
     void EndField();
+    void AddFieldText();
     void EndNote(const RtfState& ended);
     void EndPicture(const RtfState& ended);
 
@@ -50,6 +51,8 @@ class RtfParser {
     void TakeUnicodeUnit(char16_t unit);
     void AddUnit(char16_t unit);
     void AddBytes(std::string_view bytes);
+    void AddSymbol(unsigned char byte);
+    void FinishBytes();
     void FinishCharacter();
     bool SkipsFallback();
     std::u16string* Sink();
@@ -90,4 +93,11 @@ class RtfParser {
     std::size_t noteCount_ = 0;
     std::u16string fieldInstruction_, shapeProperty_;
     std::vector<std::u16string> links_;
+    // What a field shows if it has no result: it is the group of this depth.
+    struct FieldText {
+        std::u16string text;
+        std::size_t depth = 0;
+        TextPos resultStart = 0;
+    };
+    std::vector<FieldText> fieldTexts_; // of the open groups, ascending depths
 };

@@ -1,6 +1,9 @@
 #include "formats/rtf/rtf_parser.h"
 
+#include "formats/rtf/rtf_field_text.h"
 #include "formats/rtf/rtf_fields.h"
+
+#include <utility>
 
 void RtfParser::EnterDestination(RtfDestination destination) {
     RtfState& state = State();
@@ -14,6 +17,7 @@ void RtfParser::EnterDestination(RtfDestination destination) {
     }
     // What is for other readers leads nowhere.
     if (state.destination == RtfDestination::AnsiHalf) return;
+    if (destination != RtfDestination::Skip) FinishCharacter();
     switch (destination) {
     case RtfDestination::Note: return EnterNote();
     case RtfDestination::ObjectResult: return leave(RtfDestination::Object);
@@ -69,12 +73,28 @@ void RtfParser::EndDestination(const RtfState& ended) {
 }
 
 void RtfParser::EndField() {
+    // Of the innermost field at each depth the last instruction counts.
+    while (!fieldTexts_.empty() && fieldTexts_.back().depth >= stack_.size())
+        fieldTexts_.pop_back();
+    if (IsShown() && sharedDepth_ == 0)
+        if (std::u16string text = TextOfField(fieldInstruction_); !text.empty())
+            fieldTexts_.push_back({std::move(text), stack_.size(), Story().Size()});
     const std::u16string address = LinkOfField(fieldInstruction_);
     // Many fields in a row lead to one place: one for each style of a link's text.
     const bool isNew = !address.empty() && (links_.empty() || links_.back() != address);
     if (isNew && links_.size() < maxRtfLinks) links_.push_back(address);
     const bool isKnown = !address.empty() && links_.back() == address;
     State().fieldLink = isKnown ? static_cast<std::uint16_t>(links_.size()) : std::uint16_t{0};
+}
+
+// At the end of a field whose result is empty or left out.
+void RtfParser::AddFieldText() {
+    if (fieldTexts_.empty() || fieldTexts_.back().depth != stack_.size()) return;
+    const FieldText field = std::move(fieldTexts_.back());
+    fieldTexts_.pop_back();
+    if (Story().Size() != field.resultStart || !IsShown()) return;
+    for (const char16_t unit : field.text)
+        AddUnit(unit);
 }
 
 void RtfParser::EndNote(const RtfState& ended) {

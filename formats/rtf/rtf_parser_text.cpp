@@ -1,5 +1,6 @@
 #include "formats/rtf/rtf_parser.h"
 
+#include "common/decode_pieces.h"
 #include "common/utf.h"
 
 #include <algorithm>
@@ -80,7 +81,7 @@ void RtfParser::AddBytes(std::string_view bytes) {
         bytes = bytes.substr(0, maxRtfFieldLength - std::min(maxRtfFieldLength, sink->size()));
     if (const RtfSymbolSet symbols = SymbolsOfText(); symbols != RtfSymbolSet::None) {
         for (const char c : bytes)
-            sink->push_back(SymbolOfByte(symbols, static_cast<unsigned char>(c)));
+            AddSymbol(static_cast<unsigned char>(c));
         return;
     }
     decoder_.Decode(CodePageOfText(), bytes, *sink);
@@ -95,11 +96,29 @@ void RtfParser::AddUnit(char16_t unit) {
     if (State().destination == RtfDestination::Fonts) fonts_.EndNames();
 }
 
-// Before whatever cannot be a character's next part.
+// A sign that other fonts have is in the font of the text around it, as the state's style says.
+void RtfParser::AddSymbol(unsigned char byte) {
+    const char32_t sign = SymbolOfByte(SymbolsOfText(), byte);
+    const bool isFontsOwn = sign < 0x10000 && IsSymbolUnit(static_cast<char16_t>(sign));
+    const std::uint16_t textFont = State().chars.font;
+    if (isFontsOwn) State().chars.font = FontOfText()->index;
+    char16_t units[2];
+    for (const char16_t *unit = units, *const end = PutUtf16(sign, units); unit != end; ++unit)
+        AddUnit(*unit);
+    State().chars.font = textFont;
+}
+
+// Before whatever cannot be a byte of the same character.
+void RtfParser::FinishBytes() {
+    if (!decoder_.IsPending()) return;
+    if (std::u16string* const sink = Sink()) decoder_.Flush(*sink);
+}
+
+// Before whatever cannot be a character's next part. Between the halves of a pair may be properties
+// and groups, but no text.
 void RtfParser::FinishCharacter() {
-    if (decoder_.IsPending()) {
-        if (std::u16string* const sink = Sink()) decoder_.Flush(*sink);
-    }
+    FinishBytes();
+    if (State().destination == RtfDestination::Skip) return;
     if (std::exchange(highSurrogate_, 0)) AddUnit(u'\uFFFD');
 }
 
@@ -126,7 +145,7 @@ void RtfParser::TakeUnicodeUnit(char16_t unit) {
     else if (unit == u'\n' || unit == u'\r' || unit == u'\v')
         AddUnit(u'\v');
     else if (IsSymbolUnit(unit) && SymbolsOfText() != RtfSymbolSet::None)
-        AddUnit(SymbolOfByte(SymbolsOfText(), static_cast<unsigned char>(unit & 0xFF)));
+        AddSymbol(static_cast<unsigned char>(unit & 0xFF));
     else if (unit >= 0x20 || unit == u'\t')
         AddUnit(unit);
 }

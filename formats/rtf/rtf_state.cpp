@@ -20,7 +20,10 @@ void SetScript(CharStyle& style, Script script, bool on) {
 
 void SetFont(RtfState& state, const RtfFont* font) {
     state.font = font;
-    state.chars.font = font ? font->index : 0;
+    if (!font)
+        state.chars.font = 0;
+    else if (font->symbols == RtfSymbolSet::None)
+        state.chars.font = font->index;
 }
 
 void SetCapitals(CharStyle& style, Capitals capitals, bool on) {

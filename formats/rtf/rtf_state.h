@@ -6,7 +6,7 @@
 #include "formats/rtf/rtf_words.h"
 
 struct RtfState {
-    CharStyle chars;
+    CharStyle chars; // with the last font of text, not of symbols
     bool isHidden = false;
     const RtfFont* font = nullptr; // nullptr for the default one
     ParagraphStyle paragraph;

@@ -2,8 +2,7 @@
 
 #include "common/text.h"
 
-#include <algorithm>
-#include <iterator>
+#include <span>
 
 namespace {
 
@@ -19,45 +18,72 @@ constexpr std::u16string_view greekHigh = u"€ϒ′≤⁄∞ƒ♣♦♥♠↔�
 
 static_assert(greekLow.size() == 0x5F && greekHigh.size() == 0x5F);
 
-// What word processors take for the signs of lists.
-constexpr struct {
-    unsigned char byte;
-    char16_t unit;
-} dingbats[] = {
-    {' ', u' '},  {'J', u'☺'},  {'l', u'●'},  {'n', u'■'},  {'o', u'□'},  {'q', u'❑'},
-    {'r', u'❒'},  {'s', u'⬧'},  {'t', u'⧫'},  {'u', u'◆'},  {'v', u'❖'},  {'w', u'⬥'},
-    {0x9F, u'•'}, {0xA7, u'▪'}, {0xA8, u'◻'}, {0xD8, u'➢'}, {0xDF, u'←'}, {0xE0, u'→'},
-    {0xE8, u'➔'}, {0xF0, u'⇨'}, {0xFB, u'✗'}, {0xFC, u'✓'}, {0xFD, u'☒'}, {0xFE, u'☑'},
+// Runs of signs as other fonts have them, each from a byte on.
+struct SymbolRun {
+    unsigned char first;
+    std::u32string_view signs;
 };
 
-char16_t FontsOwn(unsigned char byte) {
-    return static_cast<char16_t>(0xF000 | byte);
+constexpr SymbolRun wingdings[] = {
+    {0x20, U" ✎✂✁👓🔔📖🕯☎✆✉🖃📪📫📬📭📁📂📄🗏🗐🗄⌛⌨🖰🖲🖳🖴🖫🖬✇"
+           U"✍"},
+    {0x40, U"🖎✌👌👍👎☜☞☝☟🖐☺😐☹💣☠🏳🏱✈☼💧❄🕆✞🕈✠✡☪☯ॐ☸♈"
+           U"♉"},
+    {0x60, U"♊♋♌♍♎♏♐♑♒♓🙰🙵●🔾■□🞐❑❒⬧⧫◆❖⬥⌧⮹⌘🏵🏶❝"
+           U"❞"},
+    {0x80, U"⓪①②③④⑤⑥⑦⑧⑨⑩⓿❶❷❸❹❺❻❼❽❾❿"},
+    {0x9E, U"·•⬝⭘"},
+    {0xA6, U"🔿▪◻"},
+    {0xAB, U"★"},
+    {0xB1, U"⌖"},
+    {0xB5, U"✪✰🕐🕑🕒🕓🕔🕕🕖🕗🕘🕙🕚🕛"},
+    {0xD5, U"⌫⌦"},
+    {0xD8, U"➢"},
+    {0xDF, U"←→↑↓↖↗↙↘"},
+    {0xE8, U"➔"},
+    {0xEF, U"⇦⇨⇧⇩⬄⇳"},
+    {0xFB, U"✗✓☒☑"},
+};
+
+constexpr SymbolRun webdings[] = {
+    {0x20, U" "}, {0x33, U"⏴⏵⏶⏷⏪⏩⏮⏭⏸⏹⏺"},
+    {0x59, U"♥"}, {0x61, U"✔"},
+    {0x63, U"□"}, {0x67, U"■"},
+    {0x69, U"ℹ"}, {0x6E, U"⚫"},
+    {0x73, U"❓"},
+};
+
+char32_t FontsOwn(unsigned char byte) {
+    return 0xF000u | byte;
 }
 
-char16_t GreekOfByte(unsigned char byte) {
+char32_t GreekOfByte(unsigned char byte) {
     if (byte >= 0x20 && byte < 0x7F) return greekLow[byte - 0x20u];
     if (byte >= 0xA0 && byte < 0xFF) return greekHigh[byte - 0xA0u];
     return FontsOwn(byte);
 }
 
-char16_t DingbatOfByte(unsigned char byte) {
-    const auto* const found = std::find_if(std::begin(dingbats), std::end(dingbats),
-                                           [=](const auto& entry) { return entry.byte == byte; });
-    return found == std::end(dingbats) ? FontsOwn(byte) : found->unit;
+char32_t SignOfByte(std::span<const SymbolRun> runs, unsigned char byte) {
+    for (const SymbolRun& run : runs)
+        if (byte >= run.first && byte - run.first < static_cast<int>(run.signs.size()))
+            return run.signs[static_cast<std::size_t>(byte - run.first)];
+    return FontsOwn(byte);
 }
 
 } // namespace
 
 RtfSymbolSet SymbolSetOfFont(std::u16string_view name) {
-    if (EqualIgnoringCase(name, u"Symbol")) return RtfSymbolSet::Greek;
-    if (EqualIgnoringCase(name, u"Wingdings")) return RtfSymbolSet::Dingbats;
+    if (EqualIgnoringCase(name, u"Symbol")) return RtfSymbolSet::Symbol;
+    if (EqualIgnoringCase(name, u"Wingdings")) return RtfSymbolSet::Wingdings;
+    if (EqualIgnoringCase(name, u"Webdings")) return RtfSymbolSet::Webdings;
     return RtfSymbolSet::None;
 }
 
-char16_t SymbolOfByte(RtfSymbolSet set, unsigned char byte) {
+char32_t SymbolOfByte(RtfSymbolSet set, unsigned char byte) {
     switch (set) {
-    case RtfSymbolSet::Greek: return GreekOfByte(byte);
-    case RtfSymbolSet::Dingbats: return DingbatOfByte(byte);
+    case RtfSymbolSet::Symbol: return GreekOfByte(byte);
+    case RtfSymbolSet::Wingdings: return SignOfByte(wingdings, byte);
+    case RtfSymbolSet::Webdings: return SignOfByte(webdings, byte);
     default: return FontsOwn(byte);
     }
 }

@@ -4,14 +4,14 @@
 #include <cstdint>
 #include <string_view>
 
-enum class RtfSymbolSet : std::uint8_t { None, Greek, Dingbats };
+enum class RtfSymbolSet : std::uint8_t { None, Symbol, Wingdings, Webdings };
 
-// The set of a font whose charset says that it has symbols; None for one that we do not know.
+// The set of a font whose charset says that it has symbols; None for one that is not known here.
 RtfSymbolSet SymbolSetOfFont(std::u16string_view name);
 
 // A byte of a text in such a font as a character that other fonts have, too. Where there is none:
 // U+F000 and the byte, as such fonts number their characters.
-char16_t SymbolOfByte(RtfSymbolSet set, unsigned char byte);
+char32_t SymbolOfByte(RtfSymbolSet set, unsigned char byte);
 
 // Whether a unit is numbered so; its low byte is then what `SymbolOfByte` takes.
 constexpr bool IsSymbolUnit(char16_t unit) {

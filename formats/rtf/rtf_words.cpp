@@ -42,8 +42,8 @@ constexpr WordGroup wordGroups[] = {
     To(D::Object, "object"),
     To(D::UnicodeHalf, "ud"),
     To(D::ObjectResult, "result"),
-    To(D::Shape, "shpinst"),
-    To(D::ShapeText, "shptxt"),
+    To(D::Shape, "do shpinst"),
+    To(D::ShapeText, "dptxbxtext shptxt"),
     To(D::ShapePropertyName, "sn"),
     To(D::ShapePropertyValue, "sv"),
     To(D::FallbackPicture, "nonshppict"),
@@ -54,7 +54,7 @@ constexpr WordGroup wordGroups[] = {
     To(D::Skip,
        "aftncn aftnsep aftnsepc annotation atnauthor atndate atnicn atnid atnparent atnref atntime "
        "atrfend atrfstart author bkmkend bkmkstart blipuid buptim category colorschememapping "
-       "comment company creatim datastore do doccomm docvar dptxbxtext falt filetbl fldtype "
+       "comment company creatim datastore doccomm docvar falt filetbl fldtype "
        "fontemb "
        "fontfile footer footerf footerl footerr ftncn ftnsep ftnsepc generator header headerf "
        "headerl headerr hlinkbase info keycode keywords latentstyles listoverridetable listpicture "
