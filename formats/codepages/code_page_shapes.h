@@ -5,7 +5,7 @@
 #include <cstdint>
 
 constexpr char16_t undefinedUnit = u'\uFFFD';
-constexpr char16_t leadUnit = 0; // among single bytes: the byte begins a pair
+constexpr char16_t leadUnit = 0; // in a table of single bytes: the first of two
 
 struct SingleBytePage {
     int page;

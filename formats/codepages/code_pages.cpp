@@ -79,7 +79,7 @@ Character DecodePair(const DoubleBytePage& page, const unsigned char* at,
 }
 
 // Nearly every text has none of them.
-void TakeControlLetters(int codePage, std::u16string& text, std::size_t begin) {
+void ReplaceControlCharacters(int codePage, std::u16string& text, std::size_t begin) {
     const ControlLetters* const letters = FindPage(controlLetters, codePage);
     if (!letters) return;
     for (std::size_t i = begin; i < text.size(); ++i)
@@ -124,7 +124,7 @@ void DecodeCodePage(int codePage, std::string_view bytes, std::u16string& text) 
     else if (const SingleBytePage* single = FindSingleBytePage(codePage)) {
         const std::size_t begin = text.size();
         DecodeSingleBytes(*single, bytes, text);
-        TakeControlLetters(codePage, text, begin);
+        ReplaceControlCharacters(codePage, text, begin);
     } else
         DecodeCodePage(fallbackPage, bytes, text);
 }

@@ -71,7 +71,7 @@ PlainTextForm CodePageForm(std::span<const std::string_view> samples, int bookCo
 
 std::u16string DecodeAs(const PlainTextForm& form, std::string_view bytes) {
     std::u16string text = DecodeEncoded(form, bytes);
-    // A NUL needs a zero byte, and those are found sooner than the NUL. Wide text is full of them.
+    // A NUL needs a zero byte, which are faster to search for. Wide text is full of them.
     if (bytes.find('\0') != bytes.npos) std::replace(text.begin(), text.end(), u'\0', u'\uFFFD');
     return text;
 }

@@ -31,14 +31,14 @@ struct PlainTextForm {
 };
 
 // In this order: a byte-order mark; the sequences of ISO-2022; UTF-16 and UTF-32 without a mark;
-// valid UTF-8; `bookCodePage` when it is not 0; what the guess says, which takes `systemCodePage`
-// in doubt. A `bookCodePage` of Windows stands for its script: of a charset of that script the
-// guess tells which.
+// valid UTF-8; `bookCodePage` when it is not 0; the guessed charset, `systemCodePage`
+// in doubt. A `bookCodePage` of Windows stands for its script: the guess
+// decides among its charsets.
 DecodedText DecodePlainText(std::string_view bytes, int bookCodePage, int systemCodePage);
 
 // The same in steps, for bytes that memory does not hold as a whole. First what a mark or zero
-// bytes at the start show; when that is nothing, the text is UTF-8 if all bytes are, else what
-// CodePageForm says of the samples at SamplePlaces.
+// bytes at the start show; when that is nothing, the text is UTF-8 if all bytes are, else
+// CodePageForm decides by the samples at SamplePlaces.
 std::optional<PlainTextForm> MarkedForm(std::string_view start);
 PlainTextForm CodePageForm(std::span<const std::string_view> samples, int bookCodePage,
                            int systemCodePage);

@@ -83,7 +83,7 @@ std::optional<ByteOrder> GuessUtf32(std::string_view bytes) {
     return std::nullopt;
 }
 
-bool IsCutUtf8Sequence(std::string_view bytes) {
+bool IsTruncatedUtf8Sequence(std::string_view bytes) {
     const int length = Utf8SequenceLength(static_cast<unsigned char>(bytes[0]));
     return bytes.size() < static_cast<std::size_t>(length) &&
            std::all_of(bytes.begin() + 1, bytes.end(),
@@ -95,7 +95,7 @@ bool LooksLikeUtf8(std::string_view bytes) {
     if (valid == bytes.size()) return true;
     // ASCII with one letter of a code page at the end would pass too, so there must be a whole
     // sequence.
-    return IsCutUtf8Sequence(bytes.substr(valid)) &&
+    return IsTruncatedUtf8Sequence(bytes.substr(valid)) &&
            std::any_of(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(valid),
                        [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
 }
@@ -127,7 +127,7 @@ bool LooksLikeDamagedUtf8(std::span<const std::string_view> samples) {
                           [](char byte) { return static_cast<unsigned char>(byte) >= 0xC0; }))
                     : 0;
             rest.remove_prefix(valid);
-            if (rest.empty() || IsCutUtf8Sequence(rest)) break;
+            if (rest.empty() || IsTruncatedUtf8Sequence(rest)) break;
             ++stray;
             rest.remove_prefix(1);
         }

@@ -1,4 +1,4 @@
-// What a plain-text file without a byte-order mark seems to be, told from its bytes.
+// Detects the encoding of a plain-text file without a byte-order mark.
 #pragma once
 
 #include "common/utf_wide.h"
@@ -10,11 +10,11 @@
 #include <string_view>
 #include <vector>
 
-// So many bytes of the start are enough to tell by, whatever the size of the book.
+// Bytes of the start that are examined, whatever the size of the book.
 constexpr std::size_t guessSample = 1 << 20;
 
-// The byte order when the bytes are UTF-16 text, told by the zero bytes of its blanks, line ends
-// and Latin letters. Text with a NUL character and binary data are not taken for it.
+// The byte order when the bytes are UTF-16 text, recognised by the zero bytes of its blanks, line
+// ends and Latin letters. Text with a NUL character and binary data are not.
 std::optional<ByteOrder> GuessUtf16(std::string_view bytes);
 
 // The same for UTF-32, half of which or more are zero bytes.
@@ -23,7 +23,7 @@ std::optional<ByteOrder> GuessUtf32(std::string_view bytes);
 // Valid UTF-8, also when it ends within a sequence as a file that was cut does.
 bool LooksLikeUtf8(std::string_view bytes);
 // Whether the bytes are the start of a sequence, and nothing more.
-bool IsCutUtf8Sequence(std::string_view bytes);
+bool IsTruncatedUtf8Sequence(std::string_view bytes);
 
 // Where a text of this size is looked into for its charset: the start and, of a longer one, places
 // through all of it, because a licence in another language may stand before a book. `notUtf8` is

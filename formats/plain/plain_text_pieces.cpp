@@ -33,7 +33,7 @@ std::size_t WidePieceEnd(const PlainTextForm& form, std::string_view bytes, std:
     const std::size_t unit = UnitBytes(form.encoding);
     const std::size_t end = std::min((wanted + unit - 1) / unit * unit, bytes.size());
     if (end < unit || end + unit > bytes.size()) return end;
-    // A pair stands alone here: neither is told from what is around it. In UTF-32 there is none.
+    // The two units around the end are decoded by themselves. UTF-32 has no pairs.
     const std::string_view around = bytes.substr(end - unit, 2 * unit);
     return BelongTogether(DecodeAs(form, around)) ? end + unit : end;
 }

@@ -13,11 +13,11 @@ namespace {
 constexpr std::size_t maxDecoded = 8; // pieces kept: a screen needs one or two
 
 // UTF-8 but for a sequence cut by the end of the file; not so when nothing else shows that it is.
-bool IsCutUtf8(std::string_view lastBytes, bool asciiSoFar) {
+bool IsTruncatedUtf8(std::string_view lastBytes, bool asciiSoFar) {
     const std::size_t valid = ValidUtf8Length(lastBytes);
     if (valid == lastBytes.size()) return false;
     const bool ascii = asciiSoFar && IsAscii(lastBytes.substr(0, valid));
-    return !ascii && IsCutUtf8Sequence(lastBytes.substr(valid));
+    return !ascii && IsTruncatedUtf8Sequence(lastBytes.substr(valid));
 }
 } // namespace
 
@@ -53,7 +53,7 @@ PlainTextForm PlainTextSource::GuessForm(std::string_view start, int bookCodePag
                                          int systemCodePage) const {
     const std::uint64_t size = std::min(file_->Size(), maxPlainTextSize);
     const std::uint64_t last = marks_.empty() ? 0 : marks_.back().byte;
-    const std::string piece = BytesBetween(last, last + pieceBytes_ + cutLookahead);
+    const std::string piece = BytesBetween(last, last + pieceBytes_ + pieceLookahead);
     std::vector<std::string> read;
     for (const SamplePlace& place : SamplePlaces(size, last + ValidUtf8Length(piece)))
         read.push_back(place.begin == 0 ? std::string()
@@ -66,7 +66,7 @@ PlainTextForm PlainTextSource::GuessForm(std::string_view start, int bookCodePag
 // False at the first piece that is not UTF-8, when it must be; the last mark is its start then.
 bool PlainTextSource::MarkPieces(bool onlyUtf8) {
     const std::uint64_t size = std::min(file_->Size(), maxPlainTextSize);
-    std::string buffer(pieceBytes_ + cutLookahead, '\0');
+    std::string buffer(pieceBytes_ + pieceLookahead, '\0');
     Mark mark{form_.markLength, 0};
     bool ascii = true, cut = false; // within a sequence, whose bytes may be in several pieces
     marks_.clear();
@@ -78,7 +78,7 @@ bool PlainTextSource::MarkPieces(bool onlyUtf8) {
         const std::string_view piece = bytes.substr(0, PieceEnd(form_, bytes, pieceBytes_));
         const PieceMeasure measure = Measure(form_, piece);
         if (onlyUtf8 && !measure.utf8 && !cut) {
-            cut = mark.byte + bytes.size() >= size && IsCutUtf8(bytes, ascii);
+            cut = mark.byte + bytes.size() >= size && IsTruncatedUtf8(bytes, ascii);
             if (!cut) {
                 marks_.push_back(mark);
                 return false;
@@ -144,7 +144,7 @@ std::uint64_t PlainTextSource::ByteOf(TextPos position) const {
     std::string_view part = bytes;
     std::size_t before = static_cast<std::size_t>(position - marks_[piece].position);
     while (!part.empty()) {
-        const std::size_t half = part.size() > 2 * cutLookahead ? part.size() / 2 : 1;
+        const std::size_t half = part.size() > 2 * pieceLookahead ? part.size() / 2 : 1;
         const std::size_t end = PieceEnd(form_, part, half);
         const std::size_t units = Measure(form_, part.substr(0, end)).units;
         if (units <= before) {

@@ -50,8 +50,8 @@ std::u16string TextOfSymbol(RtfFieldWords& words) {
     const auto byte = static_cast<unsigned char>(*code & 0xFF);
     if (symbols != RtfSymbolSet::None) {
         const char32_t sign = SymbolOfByte(symbols, byte);
-        const bool isFontsOwn = sign < 0x10000 && IsSymbolUnit(static_cast<char16_t>(sign));
-        return isFontsOwn ? std::u16string() : TextOfCharacter(sign);
+        const bool isPrivateUse = sign < 0x10000 && IsSymbolFontUnit(static_cast<char16_t>(sign));
+        return isPrivateUse ? std::u16string() : TextOfCharacter(sign);
     }
     if (*code > 0xFF || byte < 0x20) return {};
     std::u16string text;
@@ -59,8 +59,8 @@ std::u16string TextOfSymbol(RtfFieldWords& words) {
     return text;
 }
 
-// An equation in one line. A switch is a backslash, letters and options, then its parts in
-// parentheses; in the parts a backslash makes the character after it plain.
+// An equation in one line. A switch is a backslash, a name and options, then its elements in
+// parentheses; in the elements a backslash escapes the next character.
 class EquationReader {
   public:
     explicit EquationReader(std::u16string_view text) : rest_(text) {}

@@ -1,10 +1,10 @@
-// Fields of rich text that say themselves what they show (RTF 1.9.1): signs, quotations and simple
+// Fields whose result follows from their instruction (RTF 1.9.1): symbols, quotations and simple
 // equations.
 #pragma once
 
 #include <string>
 #include <string_view>
 
-// What the field shows when the file has no result for it: the sign of SYMBOL, the text of QUOTE,
-// the parts of EQ in one line, of what is set over each other the base alone. "" for other fields.
+// The result of a field that has none in the file: the character of SYMBOL, the text of QUOTE, the
+// elements of EQ in one line, of an overstrike (ruby) the base only. "" for other fields.
 std::u16string TextOfField(std::u16string_view instruction);

@@ -17,13 +17,12 @@ struct RtfFont {
 
 class RtfFontTable {
   public:
-    // Building: a font begins, says its charset or code page, its name is collected and ends with
-    // ';'.
+    // Building: a font begins, gets its charset or code page, its name is collected up to ';'.
     void Begin(std::int32_t number);
     void SetCharset(std::int32_t charset);
     void SetCodePage(std::int32_t codePage);
     int CodePageOfName() const { return font_.codePage; }
-    std::u16string& Name() { return name_; } // collected so far; whole ones are taken by `EndNames`
+    std::u16string& Name() { return name_; } // collected so far; `EndNames` adds complete ones
     void EndNames();
     void End(); // of the table: its last name may lack the ';'
 
@@ -31,7 +30,7 @@ class RtfFontTable {
     // nullptr when the table has no such font. Valid as long as the table.
     const RtfFont* Find(std::int32_t number) const;
     const RtfFont* Default() const { return Find(defaultNumber_); }
-    std::vector<std::u16string> TakeNames() { return std::move(names_); }
+    std::vector<std::u16string> ReleaseNames() { return std::move(names_); }
 
   private:
     void Add(std::u16string name);
@@ -54,8 +53,7 @@ struct RtfColor {
 
 class RtfColorTable {
   public:
-    // Building: components as the words \red, \green and \blue say, 0 to 255; a ';' ends each
-    // colour.
+    // Building: components of \red, \green and \blue, 0 to 255; a ';' ends each colour.
     void SetComponent(int shift, std::int32_t value); // 0 for red, 8 for green, 16 for blue
     void EndColor();
     RtfColor At(std::int32_t number) const; // automatic outside the table

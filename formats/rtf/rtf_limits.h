@@ -1,6 +1,6 @@
-// How much the RTF reader accepts of one file. What goes beyond is left out; the text is always
-// read to its end. With these a file costs at most ten bytes of memory for each of its own, and a
-// constant of some megabytes.
+// Limits of the RTF reader. What exceeds them is left out; the text is always read to its end. With
+// these a file costs at most ten bytes of memory for each of its own, and a constant of some
+// megabytes.
 #pragma once
 
 #include <cstddef>

@@ -18,19 +18,19 @@ Document RtfParser::Parse() {
     stack_.emplace_back();
     for (token = tokenizer_.Next(); token.kind != RtfToken::Kind::End && !stack_.empty();
          token = tokenizer_.Next())
-        TakeToken(token);
+        HandleToken(token);
     if (!stack_.empty()) CloseAllGroups();
-    return TakeDocument();
+    return ReleaseDocument();
 }
 
-void RtfParser::TakeToken(const RtfToken& token) {
+void RtfParser::HandleToken(const RtfToken& token) {
     using Kind = RtfToken::Kind;
     const bool isStarred = std::exchange(isStarred_, false);
     switch (token.kind) {
-    case Kind::Text: return TakeText(token.text);
-    case Kind::Hex: return TakeByte(token.byte);
-    case Kind::Word: return TakeWord(token, isStarred);
-    case Kind::Symbol: return TakeSymbol(token.byte);
+    case Kind::Text: return HandleText(token.text);
+    case Kind::Hex: return HandleHexByte(token.byte);
+    case Kind::Word: return HandleWord(token, isStarred);
+    case Kind::Symbol: return HandleSymbol(token.byte);
     case Kind::GroupStart: return OpenGroup();
     case Kind::GroupEnd: return CloseGroup();
     case Kind::Binary:
@@ -85,40 +85,40 @@ void RtfParser::FinishStories() {
     body_.EndLastParagraph(style);
 }
 
-Document RtfParser::TakeDocument() {
+Document RtfParser::ReleaseDocument() {
     Document document;
     body_.text.shrink_to_fit();
     document.text = std::move(body_.text);
     document.charRuns = std::move(body_.charRuns);
     document.paragraphRuns = std::move(body_.paragraphRuns);
     document.pictures = std::move(body_.pictures);
-    document.fonts = fonts_.TakeNames();
-    document.charStyles = charStyles_.Take();
-    document.paragraphStyles = paragraphStyles_.Take();
+    document.fonts = fonts_.ReleaseNames();
+    document.charStyles = charStyles_.Release();
+    document.paragraphStyles = paragraphStyles_.Release();
     document.links = std::move(links_);
-    document.rows = rows_.TakeRows();
+    document.rows = rows_.ReleaseRows();
     document.defaultTab = defaultTab_;
     return document;
 }
 
-void RtfParser::TakeWord(const RtfToken& token, bool isStarred) {
+void RtfParser::HandleWord(const RtfToken& token, bool isStarred) {
     if (State().destination == RtfDestination::Skip) return;
     const RtfWordEntry* entry = FindRtfWord(token.text);
     FinishBytes();
     if (isStarred && (!entry || entry->family != RtfFamily::Destination))
         return EnterDestination(RtfDestination::Skip);
-    if (entry) TakeKnownWord(*entry, token);
+    if (entry) HandleKnownWord(*entry, token);
 }
 
-void RtfParser::TakeKnownWord(const RtfWordEntry& entry, const RtfToken& token) {
+void RtfParser::HandleKnownWord(const RtfWordEntry& entry, const RtfToken& token) {
     const std::int32_t parameter = token.parameter;
     const RtfDestination destination = State().destination;
     switch (entry.family) {
     case RtfFamily::Destination: EnterDestination(static_cast<RtfDestination>(entry.value)); break;
-    case RtfFamily::Literal: TakeLiteral(static_cast<char16_t>(entry.value)); break;
-    case RtfFamily::Break: TakeBreak(entry.word); break;
+    case RtfFamily::Literal: HandleLiteral(static_cast<char16_t>(entry.value)); break;
+    case RtfFamily::Break: HandleBreak(entry.word); break;
     case RtfFamily::Character:
-        if (destination == RtfDestination::Fonts) return TakeFontWord(entry, parameter);
+        if (destination == RtfDestination::Fonts) return HandleFontWord(entry, parameter);
         ApplyCharacterWord(State(), entry, token.hasParameter, parameter, fonts_, colors_);
         break;
     case RtfFamily::Paragraph:
@@ -131,19 +131,19 @@ void RtfParser::TakeKnownWord(const RtfWordEntry& entry, const RtfToken& token) 
     case RtfFamily::Picture:
         if (destination == RtfDestination::Picture) picture_.Apply(entry, parameter);
         break;
-    case RtfFamily::FontTable: TakeFontWord(entry, parameter); break;
-    case RtfFamily::ColorTable: TakeColorWord(entry, parameter); break;
-    case RtfFamily::Document: TakeDocumentWord(entry, parameter); break;
+    case RtfFamily::FontTable: HandleFontWord(entry, parameter); break;
+    case RtfFamily::ColorTable: HandleColorWord(entry, parameter); break;
+    case RtfFamily::Document: HandleDocumentWord(entry, parameter); break;
     case RtfFamily::Unicode:
         if (entry.word == RtfWord::FallbackLength)
             State().fallbackLength = std::max(0, parameter);
         else
-            TakeUnicode(parameter);
+            HandleUnicode(parameter);
         break;
     }
 }
 
-void RtfParser::TakeDocumentWord(const RtfWordEntry& entry, std::int32_t parameter) {
+void RtfParser::HandleDocumentWord(const RtfWordEntry& entry, std::int32_t parameter) {
     switch (entry.word) {
     case RtfWord::CharacterSet:
         if (entry.value != 0) codePage_ = entry.value;
@@ -159,7 +159,7 @@ void RtfParser::TakeDocumentWord(const RtfWordEntry& entry, std::int32_t paramet
     }
 }
 
-void RtfParser::TakeFontWord(const RtfWordEntry& entry, std::int32_t parameter) {
+void RtfParser::HandleFontWord(const RtfWordEntry& entry, std::int32_t parameter) {
     if (State().destination != RtfDestination::Fonts) return;
     switch (entry.word) {
     case RtfWord::Font: fonts_.Begin(parameter); break;
@@ -169,7 +169,7 @@ void RtfParser::TakeFontWord(const RtfWordEntry& entry, std::int32_t parameter) 
     }
 }
 
-void RtfParser::TakeColorWord(const RtfWordEntry& entry, std::int32_t parameter) {
+void RtfParser::HandleColorWord(const RtfWordEntry& entry, std::int32_t parameter) {
     if (State().destination != RtfDestination::Colors) return;
     switch (entry.word) {
     case RtfWord::Red: colors_.SetComponent(0, parameter); break;
@@ -179,18 +179,18 @@ void RtfParser::TakeColorWord(const RtfWordEntry& entry, std::int32_t parameter)
     }
 }
 
-void RtfParser::TakeSymbol(unsigned char symbol) {
+void RtfParser::HandleSymbol(unsigned char symbol) {
     switch (symbol) {
     // These may be the second byte of a character.
     case '\\':
     case '{':
-    case '}': return TakeByte(symbol);
+    case '}': return HandleHexByte(symbol);
     case '*': isStarred_ = true; return;
-    case '\n': return TakeBreak(RtfWord::EndParagraph);
-    case '\t': return TakeLiteral(u'\t');
-    case '~': return TakeLiteral(u'\u00A0');
-    case '-': return TakeLiteral(u'\u00AD');
-    case '_': return TakeLiteral(u'\u2011');
+    case '\n': return HandleBreak(RtfWord::EndParagraph);
+    case '\t': return HandleLiteral(u'\t');
+    case '~': return HandleLiteral(u'\u00A0');
+    case '-': return HandleLiteral(u'\u00AD');
+    case '_': return HandleLiteral(u'\u2011');
     default: return;
     }
 }

@@ -1,4 +1,4 @@
-// The RTF reader's walk over the tokens: groups, destinations, and who takes which word and text.
+// The RTF reader: handles groups, destinations, control words and text.
 #pragma once
 
 #include "formats/rtf/rtf_limits.h"
@@ -19,14 +19,14 @@ class RtfParser {
     void OpenGroup();
     void CloseGroup();
     void CloseAllGroups();
-    void TakeToken(const RtfToken& token);
+    void HandleToken(const RtfToken& token);
 
-    void TakeWord(const RtfToken& token, bool isStarred);
-    void TakeKnownWord(const RtfWordEntry& entry, const RtfToken& token);
-    void TakeDocumentWord(const RtfWordEntry& entry, std::int32_t parameter);
-    void TakeFontWord(const RtfWordEntry& entry, std::int32_t parameter);
-    void TakeColorWord(const RtfWordEntry& entry, std::int32_t parameter);
-    void TakeSymbol(unsigned char symbol);
+    void HandleWord(const RtfToken& token, bool isStarred);
+    void HandleKnownWord(const RtfWordEntry& entry, const RtfToken& token);
+    void HandleDocumentWord(const RtfWordEntry& entry, std::int32_t parameter);
+    void HandleFontWord(const RtfWordEntry& entry, std::int32_t parameter);
+    void HandleColorWord(const RtfWordEntry& entry, std::int32_t parameter);
+    void HandleSymbol(unsigned char symbol);
 
     void EnterDestination(RtfDestination destination);
     void EnterNested(RtfDestination destination);
@@ -37,18 +37,18 @@ class RtfParser {
     void EndNote(const RtfState& ended);
     void EndPicture(const RtfState& ended);
 
-    void TakeBreak(RtfWord word);
+    void HandleBreak(RtfWord word);
     void EndParagraph();
     void EndCell();
     void EndRow();
     void EndNestedRow();
     void AddNoteNumber();
 
-    void TakeText(std::string_view bytes);
-    void TakeByte(unsigned char byte);
-    void TakeLiteral(char16_t unit);
-    void TakeUnicode(std::int32_t parameter);
-    void TakeUnicodeUnit(char16_t unit);
+    void HandleText(std::string_view bytes);
+    void HandleHexByte(unsigned char byte);
+    void HandleLiteral(char16_t unit);
+    void HandleUnicode(std::int32_t parameter);
+    void HandleUnicodeUnit(char16_t unit);
     void AddUnit(char16_t unit);
     void AddBytes(std::string_view bytes);
     void AddSymbol(unsigned char byte);
@@ -70,7 +70,7 @@ class RtfParser {
     std::uint32_t CharStyleNow() { return charStyles_.IndexOf(State().chars); }
     std::uint32_t ParagraphStyleNow() { return paragraphStyles_.IndexOf(State().paragraph); }
     void FinishStories();
-    Document TakeDocument();
+    Document ReleaseDocument();
 
     RtfTokenizer tokenizer_;
     std::vector<RtfState> stack_;

@@ -108,7 +108,7 @@ void RtfParser::EndPicture(const RtfState& ended) {
     if (!isShown || body_.pictures.size() + notes_.pictures.size() >= maxRtfPictures) return;
     RtfStory& story = ended.inNote ? notes_ : body_;
     story.UseCharStyle(charStyles_.IndexOf(ended.chars));
-    Picture& picture = story.pictures.emplace_back(picture_.Take());
+    Picture& picture = story.pictures.emplace_back(picture_.Release());
     picture.position = story.Size();
     story.text.push_back(u'\uFFFC');
 }

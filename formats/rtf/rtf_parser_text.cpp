@@ -22,7 +22,7 @@ RtfSymbolSet RtfParser::SymbolsOfText() const {
     return font ? font->symbols : RtfSymbolSet::None;
 }
 
-// Where text of the current group goes, nullptr for nowhere. Asked for only when there is some.
+// Where text of the current group is appended; nullptr when it is discarded.
 std::u16string* RtfParser::Sink() {
     switch (State().destination) {
     case RtfDestination::Body:
@@ -42,7 +42,7 @@ bool RtfParser::SkipsFallback() {
     return true;
 }
 
-void RtfParser::TakeText(std::string_view bytes) {
+void RtfParser::HandleText(std::string_view bytes) {
     const auto skipped = std::min(bytes.size(), static_cast<std::size_t>(fallbackLeft_));
     fallbackLeft_ -= static_cast<std::int32_t>(skipped);
     bytes.remove_prefix(skipped);
@@ -57,7 +57,7 @@ void RtfParser::TakeText(std::string_view bytes) {
     }
 }
 
-void RtfParser::TakeByte(unsigned char byte) {
+void RtfParser::HandleHexByte(unsigned char byte) {
     if (SkipsFallback()) return;
     const char c = static_cast<char>(byte);
     if (byte >= 0x20)
@@ -66,7 +66,7 @@ void RtfParser::TakeByte(unsigned char byte) {
         AddUnit(u'\t');
 }
 
-void RtfParser::TakeLiteral(char16_t unit) {
+void RtfParser::HandleLiteral(char16_t unit) {
     if (SkipsFallback()) return;
     FinishCharacter();
     AddUnit(unit);
@@ -96,12 +96,13 @@ void RtfParser::AddUnit(char16_t unit) {
     if (State().destination == RtfDestination::Fonts) fonts_.EndNames();
 }
 
-// A sign that other fonts have is in the font of the text around it, as the state's style says.
+// A character that Unicode has is in the font of the surrounding text (the state's style), others
+// are in the symbol font.
 void RtfParser::AddSymbol(unsigned char byte) {
     const char32_t sign = SymbolOfByte(SymbolsOfText(), byte);
-    const bool isFontsOwn = sign < 0x10000 && IsSymbolUnit(static_cast<char16_t>(sign));
+    const bool isPrivateUse = sign < 0x10000 && IsSymbolFontUnit(static_cast<char16_t>(sign));
     const std::uint16_t textFont = State().chars.font;
-    if (isFontsOwn) State().chars.font = FontOfText()->index;
+    if (isPrivateUse) State().chars.font = FontOfText()->index;
     char16_t units[2];
     for (const char16_t *unit = units, *const end = PutUtf16(sign, units); unit != end; ++unit)
         AddUnit(*unit);
@@ -122,17 +123,17 @@ void RtfParser::FinishCharacter() {
     if (std::exchange(highSurrogate_, 0)) AddUnit(u'\uFFFD');
 }
 
-void RtfParser::TakeUnicode(std::int32_t parameter) {
+void RtfParser::HandleUnicode(std::int32_t parameter) {
     fallbackLeft_ = State().fallbackLength;
     // Writers give a unit as it is or as a signed 16-bit number, some a character beyond the BMP.
-    if (parameter < 0x10000) return TakeUnicodeUnit(static_cast<char16_t>(parameter & 0xFFFF));
-    if (parameter > 0x10FFFF) return TakeUnicodeUnit(u'\uFFFD');
+    if (parameter < 0x10000) return HandleUnicodeUnit(static_cast<char16_t>(parameter & 0xFFFF));
+    if (parameter > 0x10FFFF) return HandleUnicodeUnit(u'\uFFFD');
     const auto character = static_cast<char32_t>(parameter);
-    TakeUnicodeUnit(HighSurrogateOf(character));
-    TakeUnicodeUnit(LowSurrogateOf(character));
+    HandleUnicodeUnit(HighSurrogateOf(character));
+    HandleUnicodeUnit(LowSurrogateOf(character));
 }
 
-void RtfParser::TakeUnicodeUnit(char16_t unit) {
+void RtfParser::HandleUnicodeUnit(char16_t unit) {
     if (IsLowSurrogate(unit) && highSurrogate_ != 0) {
         AddUnit(std::exchange(highSurrogate_, 0));
         return AddUnit(unit);
@@ -144,13 +145,13 @@ void RtfParser::TakeUnicodeUnit(char16_t unit) {
         AddUnit(u'\uFFFD'); // nothing of its own, or what stands for a picture
     else if (unit == u'\n' || unit == u'\r' || unit == u'\v')
         AddUnit(u'\v');
-    else if (IsSymbolUnit(unit) && SymbolsOfText() != RtfSymbolSet::None)
+    else if (IsSymbolFontUnit(unit) && SymbolsOfText() != RtfSymbolSet::None)
         AddSymbol(static_cast<unsigned char>(unit & 0xFF));
     else if (unit >= 0x20 || unit == u'\t')
         AddUnit(unit);
 }
 
-void RtfParser::TakeBreak(RtfWord word) {
+void RtfParser::HandleBreak(RtfWord word) {
     FinishCharacter();
     const RtfDestination destination = State().destination;
     const bool isRowEnd =

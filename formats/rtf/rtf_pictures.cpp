@@ -25,12 +25,12 @@ void RtfPictureReader::Apply(const RtfWordEntry& entry, std::int32_t parameter) 
     }
 }
 
-bool RtfPictureReader::TakesBytes() const {
+bool RtfPictureReader::AcceptsBytes() const {
     return picture_.format != PictureFormat::Other && totalBytes_ < maxRtfPictureBytes;
 }
 
 void RtfPictureReader::AddHex(std::string_view digits) {
-    if (!TakesBytes()) return;
+    if (!AcceptsBytes()) return;
     std::string& bytes = picture_.bytes;
     const std::size_t start = bytes.size();
     bytes.resize(start + digits.size() / 2 + 1);
@@ -46,7 +46,7 @@ void RtfPictureReader::AddHex(std::string_view digits) {
 }
 
 void RtfPictureReader::AddBytes(std::string_view bytes) {
-    if (!TakesBytes()) return;
+    if (!AcceptsBytes()) return;
     picture_.bytes += bytes;
     totalBytes_ += bytes.size();
 }
@@ -60,7 +60,7 @@ std::int32_t RtfPictureReader::ShownTwips(const Extent& extent) const {
     return static_cast<std::int32_t>(std::clamp<std::int64_t>(twips, 0, maxRtfTwips));
 }
 
-Picture RtfPictureReader::Take() {
+Picture RtfPictureReader::Release() {
     picture_.widthTwips = ShownTwips(width_);
     picture_.heightTwips = ShownTwips(height_);
     if (picture_.format == PictureFormat::Other) picture_.bytes.clear(); // its kind came late

@@ -1,4 +1,4 @@
-// A picture as rich text tells it (RTF 1.9.1, \pict): its kind, its sizes and its bytes.
+// A picture of rich text (RTF 1.9.1, \pict): its format, its sizes and its bytes.
 #pragma once
 
 #include "formats/document.h"
@@ -12,7 +12,7 @@ class RtfPictureReader {
     void Apply(const RtfWordEntry& entry, std::int32_t parameter);
     void AddHex(std::string_view digits); // other characters between them are passed over
     void AddBytes(std::string_view bytes);
-    Picture Take(); // its position is to be set
+    Picture Release(); // its position is to be set
 
   private:
     struct Extent {
@@ -20,7 +20,7 @@ class RtfPictureReader {
         std::int32_t goal = 0; // twips
         std::int32_t percent = 100;
     };
-    bool TakesBytes() const;
+    bool AcceptsBytes() const;
     std::int32_t ShownTwips(const Extent& extent) const;
 
     Picture picture_;

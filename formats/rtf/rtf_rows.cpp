@@ -37,17 +37,17 @@ void RtfRowDefinition::ApplyBorder(RtfBorder border) {
     (border_ < RowBorder::RowLeft ? next_.borders : borders)[static_cast<int>(border_)] = border;
 }
 
-bool RtfRowDefinition::HasLine(RtfBorder cell, RowBorder outer, RowBorder inner,
-                               bool isInside) const {
-    const RtfBorder inside = isInside ? borders[static_cast<int>(inner)] : RtfBorder::Unsaid;
+bool RtfRowDefinition::HasBorder(RtfBorder cell, RowBorder outer, RowBorder inner,
+                                 bool isInside) const {
+    const RtfBorder inside = isInside ? borders[static_cast<int>(inner)] : RtfBorder::Unspecified;
     for (const RtfBorder border : {cell, inside, borders[static_cast<int>(outer)]})
-        if (border != RtfBorder::Unsaid) return border == RtfBorder::Line;
+        if (border != RtfBorder::Unspecified) return border == RtfBorder::Line;
     return false;
 }
 
 void RtfRowBuilder::BeforeParagraphEnd(RtfStory& story, bool inTable) {
     if (inTable) return Open(story);
-    if (!cells_.empty()) Abandon(story);
+    if (!cells_.empty()) ConvertToText(story);
     Close();
 }
 
@@ -63,7 +63,7 @@ void RtfRowBuilder::Close() {
     nextDefinition_ = 0;
 }
 
-void RtfRowBuilder::Abandon(RtfStory& story) {
+void RtfRowBuilder::ConvertToText(RtfStory& story) {
     for (const OpenCell& cell : cells_)
         story.text[static_cast<std::size_t>(cell.end - 1)] = u'\t';
     story.text[static_cast<std::size_t>(cells_.back().end - 1)] = u'\n';
@@ -97,40 +97,43 @@ void RtfRowBuilder::EndRow(RtfStory& story, std::uint32_t charStyle, std::uint32
     if (cells_.empty()) return;
     if (rows_.size() < maxRtfRows) {
         story.EndParagraph(u'\n', charStyle, paragraphStyle);
-        PutRowBelow();
+        SetBottomBordersAbove();
         rows_.push_back(MakeRow());
     } else {
-        Abandon(story);
+        ConvertToText(story);
     }
     Close();
 }
 
 // The row above is not the table's last one: its lower border is an inner one.
-void RtfRowBuilder::PutRowBelow() {
+void RtfRowBuilder::SetBottomBordersAbove() {
     if (rows_.empty() || rows_.back().end != rowStart_) return;
     TableRow& above = rows_.back();
-    for (const std::size_t cell : openBottoms_)
-        above.cells[cell].borderBottom = definition.HasLine(RtfBorder::Unsaid, RowBorder::RowBottom,
-                                                            RowBorder::InnerHorizontal, true);
+    for (const std::size_t cell : unspecifiedBottoms_)
+        above.cells[cell].borderBottom = definition.HasBorder(
+            RtfBorder::Unspecified, RowBorder::RowBottom, RowBorder::InnerHorizontal, true);
 }
 
 void RtfRowBuilder::SetBorders(TableCell& cell, const OpenCell& open, bool isFirstRow) {
     const std::size_t last = open.definition + open.columnSpan - 1u;
-    const bool isSaid = last < definition.cells.size();
-    const auto said = [&](std::size_t index, RowBorder side) {
-        return isSaid ? definition.cells[index].borders[static_cast<int>(side)] : RtfBorder::Unsaid;
+    const bool isSpecified = last < definition.cells.size();
+    const auto specified = [&](std::size_t index, RowBorder side) {
+        return isSpecified ? definition.cells[index].borders[static_cast<int>(side)]
+                           : RtfBorder::Unspecified;
     };
-    cell.borderLeft = definition.HasLine(said(open.definition, RowBorder::Left), RowBorder::RowLeft,
-                                         RowBorder::InnerVertical, &open != &cells_.front());
-    cell.borderRight = definition.HasLine(said(last, RowBorder::Right), RowBorder::RowRight,
-                                          RowBorder::InnerVertical, &open != &cells_.back());
-    cell.borderTop = definition.HasLine(said(open.definition, RowBorder::Top), RowBorder::RowTop,
-                                        RowBorder::InnerHorizontal, !isFirstRow);
-    const RtfBorder bottom = said(open.definition, RowBorder::Bottom);
+    cell.borderLeft =
+        definition.HasBorder(specified(open.definition, RowBorder::Left), RowBorder::RowLeft,
+                             RowBorder::InnerVertical, &open != &cells_.front());
+    cell.borderRight = definition.HasBorder(specified(last, RowBorder::Right), RowBorder::RowRight,
+                                            RowBorder::InnerVertical, &open != &cells_.back());
+    cell.borderTop =
+        definition.HasBorder(specified(open.definition, RowBorder::Top), RowBorder::RowTop,
+                             RowBorder::InnerHorizontal, !isFirstRow);
+    const RtfBorder bottom = specified(open.definition, RowBorder::Bottom);
     cell.borderBottom =
-        definition.HasLine(bottom, RowBorder::RowBottom, RowBorder::InnerHorizontal, false);
-    if (bottom == RtfBorder::Unsaid)
-        openBottoms_.push_back(static_cast<std::size_t>(&open - cells_.data()));
+        definition.HasBorder(bottom, RowBorder::RowBottom, RowBorder::InnerHorizontal, false);
+    if (bottom == RtfBorder::Unspecified)
+        unspecifiedBottoms_.push_back(static_cast<std::size_t>(&open - cells_.data()));
 }
 
 TableRow RtfRowBuilder::MakeRow() {
@@ -141,7 +144,7 @@ TableRow RtfRowBuilder::MakeRow() {
     row.cellGap = definition.cellGap;
     row.rightToLeft = definition.rightToLeft;
     row.cells.reserve(cells_.size());
-    openBottoms_.clear();
+    unspecifiedBottoms_.clear();
     const bool isFirstRow = rows_.empty() || rows_.back().end != rowStart_;
     std::int32_t left = 0;
     for (const OpenCell& open : cells_) {

@@ -1,12 +1,12 @@
-// Rows of tables as rich text tells them (RTF 1.9.1): what a row looks like is said by words of its
-// own, its cells are paragraphs that end with \cell.
+// Rows of tables in rich text (RTF 1.9.1): the words of the row definition give its
+// properties, its cells are paragraphs that end with \cell.
 #pragma once
 
 #include "formats/rtf/rtf_fonts.h"
 #include "formats/rtf/rtf_story.h"
 #include "formats/rtf/rtf_words.h"
 
-enum class RtfBorder : std::uint8_t { Unsaid, None, Line };
+enum class RtfBorder : std::uint8_t { Unspecified, None, Line };
 
 struct RtfCellDefinition {
     std::int32_t rightEdge = 0; // twips from the page's left margin
@@ -15,7 +15,7 @@ struct RtfCellDefinition {
     RtfColor background;
 };
 
-// What \trowd and the words after it say. Holds until the next \trowd, also for further rows.
+// The row definition: \trowd and the words after it. Applies to all rows up to the next \trowd.
 struct RtfRowDefinition {
     std::int32_t leftEdge = 0, cellGap = 0; // twips
     bool rightToLeft = false;
@@ -23,9 +23,9 @@ struct RtfRowDefinition {
     std::vector<RtfCellDefinition> cells;
 
     void Apply(const RtfWordEntry& entry, std::int32_t parameter, const RtfColorTable& colors);
-    // Whether there is a line on a side where cells may say nothing: then the inner border of the
-    // row holds, and at its outside, or where it says nothing either, the outer one.
-    bool HasLine(RtfBorder cell, RowBorder outer, RowBorder inner, bool isInside) const;
+    // Whether a side has a border. A cell's own one wins, then the row's inner one (between cells),
+    // then the row's outer one.
+    bool HasBorder(RtfBorder cell, RowBorder outer, RowBorder inner, bool isInside) const;
 
   private:
     void ApplyBorder(RtfBorder border);
@@ -43,7 +43,7 @@ class RtfRowBuilder {
     void EndCell(RtfStory& story, std::uint32_t charStyle, std::uint32_t paragraphStyle);
     void EndRow(RtfStory& story, std::uint32_t charStyle, std::uint32_t paragraphStyle);
     void EndText(RtfStory& story) { BeforeParagraphEnd(story, false); }
-    std::vector<TableRow> TakeRows() { return std::move(rows_); }
+    std::vector<TableRow> ReleaseRows() { return std::move(rows_); }
 
   private:
     struct OpenCell {
@@ -53,16 +53,17 @@ class RtfRowBuilder {
     };
     void Open(const RtfStory& story);
     void Close();
-    void Abandon(RtfStory& story);
+    void ConvertToText(RtfStory& story);
     bool JoinsLastCell(std::size_t definitionIndex) const;
     TableRow MakeRow();
     void SetBorders(TableCell& cell, const OpenCell& open, bool isFirstRow);
-    void PutRowBelow();
+    void SetBottomBordersAbove();
 
     std::vector<TableRow> rows_;
     bool isOpen_ = false;
     TextPos rowStart_ = 0;
     std::vector<OpenCell> cells_;
     std::size_t nextDefinition_ = 0;
-    std::vector<std::size_t> openBottoms_; // cells of the last row whose lower border is not said
+    std::vector<std::size_t>
+        unspecifiedBottoms_; // cells of the last row whose lower border is not specified
 };

@@ -20,7 +20,7 @@ struct RtfState {
     std::uint16_t fieldLink = 0;     // for the field's result
 };
 
-// Change the style as a word with its parameter says; no parameter means on.
+// Apply a control word with its parameter to the style; no parameter means on.
 void ApplyCharacterWord(RtfState& state, const RtfWordEntry& entry, bool hasParameter,
                         std::int32_t parameter, const RtfFontTable& fonts,
                         const RtfColorTable& colors);

@@ -32,7 +32,7 @@ class RtfStyleSet {
         return last_;
     }
 
-    std::vector<Style> Take() { return std::move(styles_); }
+    std::vector<Style> Release() { return std::move(styles_); }
 
   private:
     std::uint32_t& SlotOf(const Style& style) {

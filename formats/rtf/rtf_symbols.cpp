@@ -25,11 +25,14 @@ struct SymbolRun {
 };
 
 constexpr SymbolRun wingdings[] = {
-    {0x20, U" ✎✂✁👓🔔📖🕯☎✆✉🖃📪📫📬📭📁📂📄🗏🗐🗄⌛⌨🖰🖲🖳🖴🖫🖬✇"
+    {0x20, U" ✎✂✁👓🔔📖🕯☎✆✉🖃📪📫📬📭📁📂📄🗏🗐🗄⌛⌨🖰🖲🖳🖴🖫🖬"
+           U"✇"
            U"✍"},
-    {0x40, U"🖎✌👌👍👎☜☞☝☟🖐☺😐☹💣☠🏳🏱✈☼💧❄🕆✞🕈✠✡☪☯ॐ☸♈"
+    {0x40, U"🖎✌👌👍👎☜☞☝☟🖐☺😐☹💣☠🏳🏱✈☼💧❄🕆✞🕈✠✡☪☯ॐ☸"
+           U"♈"
            U"♉"},
-    {0x60, U"♊♋♌♍♎♏♐♑♒♓🙰🙵●🔾■□🞐❑❒⬧⧫◆❖⬥⌧⮹⌘🏵🏶❝"
+    {0x60, U"♊♋♌♍♎♏♐♑♒♓🙰🙵●🔾■□🞐❑❒⬧⧫◆❖⬥⌧⮹⌘🏵🏶"
+           U"❝"
            U"❞"},
     {0x80, U"⓪①②③④⑤⑥⑦⑧⑨⑩⓿❶❷❸❹❺❻❼❽❾❿"},
     {0x9E, U"·•⬝⭘"},
@@ -53,21 +56,21 @@ constexpr SymbolRun webdings[] = {
     {0x73, U"❓"},
 };
 
-char32_t FontsOwn(unsigned char byte) {
+char32_t PrivateUseOf(unsigned char byte) {
     return 0xF000u | byte;
 }
 
 char32_t GreekOfByte(unsigned char byte) {
     if (byte >= 0x20 && byte < 0x7F) return greekLow[byte - 0x20u];
     if (byte >= 0xA0 && byte < 0xFF) return greekHigh[byte - 0xA0u];
-    return FontsOwn(byte);
+    return PrivateUseOf(byte);
 }
 
 char32_t SignOfByte(std::span<const SymbolRun> runs, unsigned char byte) {
     for (const SymbolRun& run : runs)
         if (byte >= run.first && byte - run.first < static_cast<int>(run.signs.size()))
             return run.signs[static_cast<std::size_t>(byte - run.first)];
-    return FontsOwn(byte);
+    return PrivateUseOf(byte);
 }
 
 } // namespace
@@ -84,6 +87,6 @@ char32_t SymbolOfByte(RtfSymbolSet set, unsigned char byte) {
     case RtfSymbolSet::Symbol: return GreekOfByte(byte);
     case RtfSymbolSet::Wingdings: return SignOfByte(wingdings, byte);
     case RtfSymbolSet::Webdings: return SignOfByte(webdings, byte);
-    default: return FontsOwn(byte);
+    default: return PrivateUseOf(byte);
     }
 }

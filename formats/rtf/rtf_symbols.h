@@ -1,4 +1,4 @@
-// Text in fonts that have symbols in the places of letters.
+// Symbol fonts: their glyphs stand at the code points of letters.
 #pragma once
 
 #include <cstdint>
@@ -6,14 +6,14 @@
 
 enum class RtfSymbolSet : std::uint8_t { None, Symbol, Wingdings, Webdings };
 
-// The set of a font whose charset says that it has symbols; None for one that is not known here.
+// The set of a font with the symbol charset; None for an unknown font.
 RtfSymbolSet SymbolSetOfFont(std::u16string_view name);
 
 // A byte of a text in such a font as a character that other fonts have, too. Where there is none:
 // U+F000 and the byte, as such fonts number their characters.
 char32_t SymbolOfByte(RtfSymbolSet set, unsigned char byte);
 
-// Whether a unit is numbered so; its low byte is then what `SymbolOfByte` takes.
-constexpr bool IsSymbolUnit(char16_t unit) {
+// Whether a unit is in that private use range; its low byte is what `SymbolOfByte` expects.
+constexpr bool IsSymbolFontUnit(char16_t unit) {
     return unit >= 0xF020 && unit <= 0xF0FF;
 }

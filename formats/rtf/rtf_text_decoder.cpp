@@ -72,7 +72,7 @@ void RtfTextDecoder::DecodePending(std::u16string& text) {
     pendingSize_ = 0;
 }
 
-// In GB18030 a digit as the second byte says that two more follow.
+// In GB18030 a digit as the second byte means that two more follow.
 std::size_t RtfTextDecoder::PendingLength() const {
     const unsigned char lead = Unsigned(pending_[0]);
     if (page_->number == utf8Page)

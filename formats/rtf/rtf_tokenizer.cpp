@@ -58,7 +58,7 @@ RtfToken RtfTokenizer::Next() {
         case '}': token.kind = Kind::GroupEnd; return token;
         case '\\': return ReadControl();
         case '\t': return SymbolToken(c);
-        default: break; // line ends are layout of the file; other control bytes say nothing
+        default: break; // line ends are layout of the file; other control bytes mean nothing
         }
     }
     return {};

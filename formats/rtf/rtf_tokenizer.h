@@ -12,7 +12,7 @@ struct RtfToken {
         Word,   // `text` is the name without its backslash
         Symbol, // `byte` follows the backslash; a line end is '\n'; a bare tab comes as '\t', too
         Text,   // `text` has no control bytes, braces and backslashes
-        Hex,    // `byte` is what \'hh says
+        Hex,    // `byte` is the value of \'hh
         Binary, // `text` is the data of \bin
     };
     Kind kind = Kind::End;

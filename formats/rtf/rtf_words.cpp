@@ -210,7 +210,7 @@ constexpr auto words = [] {
     return entries;
 }();
 
-// Open addressing, a quarter full: an unknown word is mostly told by one look.
+// Open addressing, a quarter full: an unknown word mostly takes one probe.
 constexpr std::size_t slotCount = 1024;
 static_assert(wordCount * 3 < slotCount);
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-// Who takes the word.
+// What a control word applies to.
 enum class RtfFamily : std::uint8_t {
     Destination,
     Literal,   // `value` is a UTF-16 unit
@@ -19,8 +19,8 @@ enum class RtfFamily : std::uint8_t {
     Unicode,
 };
 
-// What a group's text is for. From `Transparent` on: what a word says about it, never a group's own
-// state.
+// The destination of a group's text. From `Transparent` on: meanings of control words that are
+// never a group's own state.
 enum class RtfDestination : std::uint8_t {
     Body,
     Skip,
@@ -123,8 +123,8 @@ enum class RtfWord : std::uint8_t {
     FallbackLength,
 };
 
-// The border that the border words after it speak of: of a cell, of all cells of a row that say
-// nothing themselves (between them the inner ones), or of what is no table, none.
+// The border that the following border words apply to: of a cell; of all cells of a row
+// without borders of their own (between them the inner ones); None for what is not in a table.
 enum class RowBorder : std::uint8_t {
     Left,
     Top,
@@ -146,5 +146,5 @@ struct RtfWordEntry {
     std::int32_t value = 0; // for a destination, the RtfDestination
 };
 
-// nullptr for a word that the reader has no use for. Names tell upper from lower case.
+// nullptr for a word that the reader ignores. Names are case-sensitive.
 const RtfWordEntry* FindRtfWord(std::string_view name);

@@ -34,7 +34,7 @@ class RtfTextWriter {
     StyleCursor charStyles_, paragraphStyles_;
     std::vector<Picture>::const_iterator picture_;
 
-    // What the words written last say; `none` for nothing certain.
+    // The properties written last; `none` when unknown.
     static constexpr std::uint32_t none = 0xFFFF'FFFF;
     std::uint32_t charStyle_ = none, paragraphStyle_ = none;
     bool inTable_ = false;

@@ -1,4 +1,4 @@
-#include "formats/codepages/character_facts.h"
+#include "formats/codepages/character_properties.h"
 
 #include <algorithm>
 #include <iterator>
@@ -7,12 +7,11 @@
 namespace {
 struct Fold {
     char16_t first, last;
-    int step; // 1: capital and small letters alternate, the capital at the even places; -1: at the
-              // odd ones
+    int step; // 1: uppercase at even code points, lowercase at the next; -1: uppercase at odd ones
     int distance;
 };
 
-// Capital letters of the charsets' scripts.
+// Uppercase letters of the charsets' scripts.
 constexpr Fold folds[] = {
     {u'A', u'Z', 0, 32},     {0xC0, 0xD6, 0, 32},     {0xD8, 0xDE, 0, 32},
     {0x100, 0x137, 1, 1},    {0x139, 0x148, -1, 1},   {0x14A, 0x177, 1, 1},
@@ -23,7 +22,7 @@ constexpr Fold folds[] = {
     {0x48A, 0x4BF, 1, 1},    {0x1E00, 0x1E95, 1, 1},  {0x1EA0, 0x1EFF, 1, 1},
 };
 
-char16_t SmallLetter(char16_t unit) {
+char16_t ToLowercase(char16_t unit) {
     if (unit == 0x130) return u'i';
     if (unit == 0x178) return 0xFF;
     const auto* const fold = std::ranges::find_if(
@@ -52,58 +51,61 @@ constexpr Range letterRanges[] = {
     {0x1E00, 0x1EFF, Script::Latin},
 };
 
-struct Signs {
+struct PunctuationGroup {
     std::u16string_view characters;
-    SignKind kind;
+    PunctuationKind kind;
     int bits;
 };
 
-constexpr Signs signs[] = {
-    {u"\u00A0\u2013\u2014\u2026", SignKind::Free, 8},
-    {u"\u2019", SignKind::Joining, 7},
-    {u"\u00AB\u201C\u201E\u2018\u060C\u061B\u061F", SignKind::Opening, 7},
-    {u"\u00BB\u201D\u00B7\u0387\u05BE", SignKind::Closing, 7},
-    {u"\u00A1\u00BF\u201A\u2039\u2116\u00A3\u00A7\u00A9", SignKind::Opening, 9},
-    {u"\u203A\u20AC\u00AE\u2122\u00B0\u00AA\u00BA\u00B2\u00B3\u00BD\u2030", SignKind::Closing, 10},
-    {u"\u00AD\u2022\u200C\u200D\u200E\u200F\u2015\u2017\u20AA\u0E3F", SignKind::Free, 10},
+constexpr PunctuationGroup punctuation[] = {
+    {u"\u00A0\u2013\u2014\u2026", PunctuationKind::Free, 8},
+    {u"\u2019", PunctuationKind::Joining, 7},
+    {u"\u00AB\u201C\u201E\u2018\u060C\u061B\u061F", PunctuationKind::Opening, 7},
+    {u"\u00BB\u201D\u00B7\u0387\u05BE", PunctuationKind::Closing, 7},
+    {u"\u00A1\u00BF\u201A\u2039\u2116\u00A3\u00A7\u00A9", PunctuationKind::Opening, 9},
+    {u"\u203A\u20AC\u00AE\u2122\u00B0\u00AA\u00BA\u00B2\u00B3\u00BD\u2030",
+     PunctuationKind::Closing, 10},
+    {u"\u00AD\u2022\u200C\u200D\u200E\u200F\u2015\u2017\u20AA\u0E3F", PunctuationKind::Free, 10},
     {u"\u02BC\u0384\u0385\u00B4\u00A8\u00A4\u00A2\u00A5\u00A6\u00AC\u00B1\u00B5\u00B6\u00B8\u00B9"
      u"\u00BC\u00BE\u00D7\u00F7"
      u"\u00AF\u2020\u2021",
-     SignKind::Odd, 15},
+     PunctuationKind::Odd, 15},
 };
 
-CharacterFacts SignFacts(char16_t unit) {
-    CharacterFacts facts;
-    if (unit < 0x80) return facts;
-    for (const Signs& group : signs) {
+CharacterProperties PunctuationProperties(char16_t unit) {
+    CharacterProperties properties;
+    if (unit < 0x80) return properties;
+    for (const PunctuationGroup& group : punctuation) {
         if (group.characters.find(unit) == std::u16string_view::npos) continue;
-        facts.kind = group.kind;
-        facts.cost = group.bits * costsPerBit;
-        return facts;
+        properties.kind = group.kind;
+        properties.cost = group.bits * costsPerBit;
+        return properties;
     }
-    const bool frame = unit >= 0x2500 && unit < 0x25A0;
+    const bool boxDrawing = unit >= 0x2500 && unit < 0x25A0;
     const bool isPrivate = unit >= 0xE000 && unit < 0xF900;
-    facts.impossible = unit < 0xA0 || unit == 0xFFFD || isPrivate;
-    facts.kind = frame ? SignKind::Frame : SignKind::Odd;
-    facts.cost = (frame ? 17 : facts.impossible ? 26 : 17) * costsPerBit;
-    if (unit >= 0x660 && unit < 0x66A) facts.kind = SignKind::Free, facts.cost = 8 * costsPerBit;
-    if (unit >= 0xE50 && unit < 0xE5C) facts.kind = SignKind::Free, facts.cost = 8 * costsPerBit;
-    return facts;
+    properties.impossible = unit < 0xA0 || unit == 0xFFFD || isPrivate;
+    properties.kind = boxDrawing ? PunctuationKind::BoxDrawing : PunctuationKind::Odd;
+    properties.cost = (boxDrawing ? 17 : properties.impossible ? 26 : 17) * costsPerBit;
+    if (unit >= 0x660 && unit < 0x66A)
+        properties.kind = PunctuationKind::Free, properties.cost = 8 * costsPerBit;
+    if (unit >= 0xE50 && unit < 0xE5C)
+        properties.kind = PunctuationKind::Free, properties.cost = 8 * costsPerBit;
+    return properties;
 }
 } // namespace
 
-CharacterFacts FactsOf(char16_t unit) {
+CharacterProperties PropertiesOf(char16_t unit) {
     if (unit >= firstArabicForm && unit <= lastArabicForm)
         unit = arabicForms[unit - firstArabicForm];
     const auto* const range = std::ranges::find_if(
         letterRanges, [=](const Range& each) { return unit >= each.first && unit <= each.last; });
-    if (range == std::end(letterRanges)) return SignFacts(unit);
-    CharacterFacts facts;
-    facts.script = range->script;
-    facts.letter = SmallLetter(unit);
-    facts.capital = facts.letter != unit;
+    if (range == std::end(letterRanges)) return PunctuationProperties(unit);
+    CharacterProperties properties;
+    properties.script = range->script;
+    properties.letter = ToLowercase(unit);
+    properties.uppercase = properties.letter != unit;
     // Romanian has a comma below, and in most charsets only the cedilla.
-    if (facts.letter == 0x219) facts.letter = 0x15F;
-    if (facts.letter == 0x21B) facts.letter = 0x163;
-    return facts;
+    if (properties.letter == 0x219) properties.letter = 0x15F;
+    if (properties.letter == 0x21B) properties.letter = 0x163;
+    return properties;
 }
