@@ -6,8 +6,7 @@
 #include "app/profile_menu.h"
 #include "app/shown_book.h"
 #include "datafile/scheme.h"
-#include "formats/code_pages.h"
-
+#include "formats/codepages/code_pages.h"
 
 namespace {
 constexpr const char* helpTopic = "trouble";

@@ -50,6 +50,7 @@ void mEditCopy_Click(MainForm& form, int) {
     std::u16string text = SelectedTextLogical(*form.ports.textView, form.format.font.charset);
     std::ranges::replace(text, u'\v', u'\n');
     std::ranges::replace(text, u'\x07', u'\t'); // the end of a table's cell
+    std::erase(text, u'\uFFFC');                // a picture
     form.ports.clipboard->SetText(text);
 }
 

@@ -9,7 +9,7 @@
 #include "books/record_format.h"
 #include "common/flag_scope.h"
 #include "common/text.h"
-#include "formats/plain_text_source.h"
+#include "formats/plain/plain_text_source.h"
 #include "reading/caret.h"
 #include "reading/hourglass.h"
 #include "reading/zoom.h"

@@ -2,7 +2,7 @@
 // the length of each (four bytes, little-endian) and its bytes; to the standard output the same of
 // its text in UTF-8, after a line with the code page (0 for Unicode).
 #include "common/utf.h"
-#include "formats/plain_text.h"
+#include "formats/plain/plain_text.h"
 
 #include <cstdint>
 #include <cstdio>

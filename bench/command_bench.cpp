@@ -9,7 +9,7 @@
 #include "books/history.h"
 #include "common/find_text.h"
 #include "common/text.h"
-#include "formats/plain_text.h"
+#include "formats/plain/plain_text.h"
 #include "reading/bookmarks.h"
 
 #include <filesystem>

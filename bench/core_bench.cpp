@@ -11,8 +11,8 @@
 #include "app/book_state.h"
 #include "datafile/list_persistence.h"
 #include "common/text.h"
-#include "formats/plain_text.h"
-#include "formats/rtf_reader.h"
+#include "formats/plain/plain_text.h"
+#include "formats/rtf/rtf_reader.h"
 
 #include <filesystem>
 

@@ -4,7 +4,7 @@
 //   view_bench [folder of books]     War and Peace as text is looked for there
 #include "bench/bench_folder.h"
 #include "bench/stopwatch.h"
-#include "formats/plain_text_source.h"
+#include "formats/plain/plain_text_source.h"
 #include "platform/qt/text_view/qt_text_view.h"
 
 #include <QAbstractScrollArea>

@@ -2,7 +2,7 @@
 
 #include "books/book_kind.h"
 #include "common/text.h"
-#include "formats/rtf_reader.h"
+#include "formats/rtf/rtf_reader.h"
 
 #include <algorithm>
 

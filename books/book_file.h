@@ -1,6 +1,7 @@
 // Reading book files.
 #pragma once
 
+#include "common/file_limits.h"
 #include "platform/files.h"
 
 #include <cstdint>
@@ -8,7 +9,7 @@
 #include <string>
 
 // Rich text and pages are held in memory. How much plain text can be shown the view says.
-constexpr std::uint64_t maxBookSize = 256u << 20; // bytes
+constexpr std::uint64_t maxBookSize = maxFileInMemory;
 
 // What the user is told when the file cannot be opened as a book; "" when it can.
 struct BookProblem {

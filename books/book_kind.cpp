@@ -2,7 +2,7 @@
 
 #include "common/text.h"
 #include "formats/html_start.h"
-#include "formats/rtf_reader.h"
+#include "formats/rtf/rtf_reader.h"
 
 #include <algorithm>
 

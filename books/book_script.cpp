@@ -1,9 +1,9 @@
 #include "books/book_script.h"
 
 #include "common/text.h"
-#include "formats/code_pages.h"
 #include "formats/codepages/charset_guess.h"
 #include "formats/codepages/charsets.h"
+#include "formats/codepages/code_pages.h"
 
 namespace {
 constexpr std::u16string_view codePageKey = u"CodePage"; // 0: nothing was chosen

@@ -3,17 +3,33 @@
 #include "common/text.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <utility>
+
+namespace {
+struct UnitRange {
+    char16_t first, last;
+};
+
+// From U+00C0 on nearly all units are letters, marks and digits, but for these blocks and signs:
+// punctuation, currency, arrows and other symbols, and full-width forms of ASCII's signs.
+constexpr UnitRange signs[] = {
+    {0xD7, 0xD7},     {0xF7, 0xF7},     {0x2000, 0x206F}, {0x20A0, 0x20CF}, {0x2190, 0x2BFF},
+    {0x2E00, 0x2E7F}, {0x3000, 0x3004}, {0x3008, 0x3020}, {0x3030, 0x3030}, {0x303D, 0x303F},
+    {0xFE10, 0xFE1F}, {0xFE30, 0xFE6F}, {0xFF01, 0xFF0F}, {0xFF1A, 0xFF20}, {0xFF3B, 0xFF3E},
+    {0xFF40, 0xFF40}, {0xFF5B, 0xFF65}, {0xFFE0, 0xFFFF},
+};
+} // namespace
 
 bool IsWordUnit(char16_t unit) {
     const bool digit = unit >= u'0' && unit <= u'9';
     const bool letter = (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z');
-    // Above Latin-1's signs nearly all units are letters; general punctuation and CJK marks are
-    // not.
-    const bool foreign = unit >= 0xC0 && unit != 0xD7 && unit != 0xF7 &&
-                         !(unit >= 0x2000 && unit <= 0x206F) && !(unit >= 0x3000 && unit <= 0x303F);
-    return digit || letter || foreign || unit == u'_';
+    if (unit < 0xC0)
+        return digit || letter || unit == u'_' || unit == 0xAA || unit == 0xB5 || unit == 0xBA;
+    return std::ranges::none_of(signs, [unit](const UnitRange& range) {
+        return unit >= range.first && unit <= range.last;
+    });
 }
 
 namespace {
@@ -64,13 +80,11 @@ bool IsOneOf(char16_t unit, const std::array<char16_t, most>& forms) {
 }
 
 template <std::size_t most>
-std::array<char16_t, most> FormsOf(char16_t unit, bool matchCase) {
-    std::array<char16_t, most> forms;
-    forms.fill(unit);
-    if (matchCase) return forms;
-    const std::vector<char16_t> all = CaseForms(unit);
-    std::copy_n(all.begin(), std::min(all.size(), most), forms.begin());
-    return forms;
+std::array<char16_t, most> First(const std::vector<char16_t>& forms) {
+    std::array<char16_t, most> first;
+    first.fill(forms.front());
+    std::copy_n(forms.begin(), std::min(forms.size(), most), first.begin());
+    return first;
 }
 } // namespace
 
@@ -91,8 +105,11 @@ std::vector<char16_t> CaseForms(char16_t unit) {
 TextSearch::TextSearch(std::u16string_view what, FindOptions options)
     : what_(what), options_(options) {
     if (what.empty()) return;
-    first_ = FormsOf<4>(what.front(), options.matchCase);
-    last_ = FormsOf<4>(what.back(), options.matchCase);
+    const auto forms = [&](char16_t unit) {
+        return options.matchCase ? std::vector{unit} : CaseForms(unit);
+    };
+    first_ = forms(what.front());
+    last_ = forms(what.back());
 }
 
 bool TextSearch::IsAt(std::u16string_view text, std::size_t at) const {
@@ -101,21 +118,31 @@ bool TextSearch::IsAt(std::u16string_view text, std::size_t at) const {
     return !options_.wholeWord || StandsAlone(text, at, what_.size());
 }
 
-std::size_t TextSearch::FindIn(std::u16string_view text, std::size_t start) const {
-    if (what_.empty() || what_.size() > text.size()) return std::u16string_view::npos;
-    const std::size_t end = text.size() - what_.size() + 1; // no match begins here or behind
+template <std::size_t maxForms>
+std::size_t TextSearch::FindWith(std::u16string_view text, std::size_t start) const {
+    const auto first = First<maxForms>(first_), last = First<maxForms>(last_);
+    const std::size_t lastOffset = what_.size() - 1;
+    const std::size_t end = text.size() - lastOffset; // no match begins here or behind
     while (start < end) {
         const std::size_t blockEnd = std::min(start + blockSize, end);
         const char16_t* const begins = text.data() + start;
         const bool whole = blockEnd - start == blockSize;
-        if (whole && !MayBeginInBlock(begins, begins + what_.size() - 1, first_, last_)) {
+        if (whole && !MayBeginInBlock(begins, begins + lastOffset, first, last)) {
             start = blockEnd;
             continue;
         }
         for (; start < blockEnd; ++start)
-            if (IsOneOf(text[start], first_) && IsAt(text, start)) return start;
+            if (IsOneOf(text[start], first) && IsOneOf(text[start + lastOffset], last) &&
+                IsAt(text, start))
+                return start;
     }
     return std::u16string_view::npos;
+}
+
+std::size_t TextSearch::FindIn(std::u16string_view text, std::size_t start) const {
+    if (what_.empty() || what_.size() > text.size()) return std::u16string_view::npos;
+    const bool usual = std::max(first_.size(), last_.size()) <= 2; // nearly every letter
+    return usual ? FindWith<2>(text, start) : FindWith<4>(text, start);
 }
 
 std::size_t FindText(std::u16string_view text, std::u16string_view what, std::size_t start,

@@ -3,7 +3,6 @@
 
 #include "common/text_source.h"
 
-#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,8 +11,8 @@
 // first, and nearer ones come before others: a letter's two usual cases before what is seldom seen.
 std::vector<char16_t> CaseForms(char16_t unit);
 
-// Whether a unit belongs to a word. A match is a whole word when none of its ends and the unit
-// beside it both do.
+// Whether a unit belongs to a word: letters, digits, marks and "_". A match is a whole word when
+// none of its ends and the unit beside it both do.
 bool IsWordUnit(char16_t unit);
 
 // A search made ready, for a text that is looked through in parts.
@@ -26,13 +25,13 @@ class TextSearch {
     std::size_t FindIn(std::u16string_view text, std::size_t start) const;
 
   private:
-    using Forms = std::array<char16_t, 4>; // no unit has more
-
+    template <std::size_t maxForms>
+    std::size_t FindWith(std::u16string_view text, std::size_t start) const;
     bool IsAt(std::u16string_view text, std::size_t at) const;
 
     std::u16string what_;
     FindOptions options_;
-    Forms first_{}, last_{}; // of the first and the last unit
+    std::vector<char16_t> first_, last_; // case forms of its first and last unit, four at most
 };
 
 std::size_t FindText(std::u16string_view text, std::u16string_view what, std::size_t start,

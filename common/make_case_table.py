@@ -4,6 +4,7 @@ Usage: make_case_table.py OUTPUT. Blocks of 256 characters; the many blocks with
 """
 
 import sys
+import unicodedata
 
 
 def simple_upper(code):
@@ -24,7 +25,8 @@ def main(output):
             blocks.append(shifts)
         block_of.append(blocks.index(shifts))
     with open(output, "w", encoding="ascii", newline="\n") as file:
-        file.write("// Made by common/make_case_table.py.\n#pragma once\n\n#include <cstdint>\n\n")
+        file.write("// Made by common/make_case_table.py from Unicode %s.\n#pragma once\n\n" % unicodedata.unidata_version)
+        file.write("#include <cstdint>\n\n// clang-format off\n")
         file.write("inline constexpr std::uint8_t caseBlockOf[256] = {%s};\n" % ",".join(map(str, block_of)))
         file.write("inline constexpr std::uint16_t caseShift[%d][256] = {\n" % len(blocks))
         file.writelines("{%s},\n" % ",".join(map(str, shifts)) for shifts in blocks)

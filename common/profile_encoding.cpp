@@ -30,15 +30,8 @@ std::optional<ByteOrder> Utf16OrderOf(std::string_view bytes) {
 }
 
 std::string Utf16BytesToUtf8(std::string_view bytes, ByteOrder order) {
-    std::u16string text;
-    text.reserve(bytes.size() / 2);
-    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-        const auto first = static_cast<unsigned char>(bytes[i]);
-        const auto second = static_cast<unsigned char>(bytes[i + 1]);
-        const bool big = order == ByteOrder::BigEndian;
-        const auto unit = static_cast<char16_t>(big ? first << 8 | second : second << 8 | first);
-        text += unit == u'\0' ? u' ' : unit; // with zeros the UTF-8 could be taken for UTF-16 again
-    }
+    std::u16string text = DecodeUtf16(bytes.substr(0, bytes.size() & ~std::size_t{1}), order);
+    std::ranges::replace(text, u'\0', u' '); // else the UTF-8 could be taken for UTF-16 again
     if (text.starts_with(u'\uFEFF')) text.erase(0, 1);
     return Utf16ToUtf8(text);
 }

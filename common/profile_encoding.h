@@ -1,11 +1,11 @@
 // What encoding the bytes of a profile file are in.
 #pragma once
 
+#include "common/utf_wide.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
-
-enum class ByteOrder { LittleEndian, BigEndian };
 
 // The byte order of UTF-16, told by its mark or, without one, by the zeros that ASCII brings: every
 // profile file is full of it. None for all else.

@@ -2,6 +2,7 @@
 
 #include "common/profile_encoding.h"
 #include "common/profile_text.h"
+#include "common/text.h"
 #include "common/utf.h"
 
 namespace {
@@ -12,9 +13,9 @@ constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 std::string EntryText(std::string_view line) {
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos) return std::string(line);
-    std::string entry(TrimLine(line.substr(0, equals)));
+    std::string entry(Trim(line.substr(0, equals)));
     entry += '=';
-    return entry += TrimLine(line.substr(equals + 1));
+    return entry += Trim(line.substr(equals + 1));
 }
 
 } // namespace
@@ -45,7 +46,7 @@ void ProfileFile::Index() {
     LineWalk walk(text_, start, text_.size());
     std::string converted;
     while (walk.Next()) {
-        const std::string_view line = TrimLine(walk.Line());
+        const std::string_view line = Trim(walk.Line());
         if (!IsHeader(line)) continue;
         if (!sections_.empty()) sections_.back().end = walk.LineBegin();
         sections_.push_back({FoldedName(HeaderName(Utf8Of(line, converted))), walk.LineBegin(),
@@ -102,7 +103,7 @@ std::optional<ProfileFile::Entry> ProfileFile::FindKey(const Section& section,
         if (equals == std::string_view::npos) continue;
         const std::string_view line = Utf8Of(walk.Line(), converted);
         // No key begins with ";", so a comment is never taken for one.
-        if (!NameIs(TrimLine(line.substr(0, line.find('='))), folded)) continue;
+        if (!NameIs(Trim(line.substr(0, line.find('='))), folded)) continue;
         const std::size_t value = walk.LineBegin() + equals + 1;
         return Entry{walk.LineBegin(), value, walk.LineEnd()};
     }
@@ -125,8 +126,8 @@ std::map<std::u16string, std::string> ProfileFile::LinesNotUtf8(const Section& s
     std::string converted;
     while (walk.Next()) {
         if (IsValidUtf8(walk.Line())) continue;
-        const std::string_view line = TrimLine(Utf8Of(walk.Line(), converted));
-        lines.emplace(Utf8ToUtf16(EntryText(line)), TrimLine(walk.Line()));
+        const std::string_view line = Trim(Utf8Of(walk.Line(), converted));
+        lines.emplace(Utf8ToUtf16(EntryText(line)), Trim(walk.Line()));
     }
     return lines;
 }
@@ -135,7 +136,7 @@ std::string ProfileFile::Comments(const Section& section) const {
     std::string comments;
     LineWalk walk(text_, section.body, section.end);
     while (walk.Next()) {
-        if (!IsComment(TrimLine(walk.Line()))) continue;
+        if (!IsComment(Trim(walk.Line()))) continue;
         comments.append(text_, walk.LineBegin(), walk.LineNext() - walk.LineBegin());
         if (walk.LineEnd() == walk.LineNext()) comments += "\r\n"; // the last of the file
     }
@@ -163,7 +164,7 @@ std::optional<std::u16string> ProfileFile::Value(std::u16string_view section,
     const std::string_view raw(text_.data() + entry->line, entry->end - entry->line);
     std::string converted;
     const std::string_view line = Utf8Of(raw, converted);
-    return Utf8ToUtf16(WithoutQuotes(TrimLine(line.substr(line.find('=') + 1))));
+    return Utf8ToUtf16(WithoutQuotes(Trim(line.substr(line.find('=') + 1))));
 }
 
 std::vector<std::u16string> ProfileFile::SectionLines(std::u16string_view section) const {
@@ -173,7 +174,7 @@ std::vector<std::u16string> ProfileFile::SectionLines(std::u16string_view sectio
     LineWalk walk(text_, sections_[index].body, sections_[index].end);
     std::string converted;
     while (walk.Next()) {
-        const std::string_view line = TrimLine(Utf8Of(walk.Line(), converted));
+        const std::string_view line = Trim(Utf8Of(walk.Line(), converted));
         if (line.empty() || IsComment(line)) continue;
         lines.push_back(Utf8ToUtf16(EntryText(line)));
     }
@@ -186,7 +187,7 @@ std::vector<std::u16string> ProfileFile::SectionNames() const {
     for (const Section& section : sections_) {
         const auto header =
             std::string_view(text_).substr(section.header, section.body - section.header);
-        names.push_back(Utf8ToUtf16(HeaderName(TrimLine(Utf8Of(header, converted)))));
+        names.push_back(Utf8ToUtf16(HeaderName(Trim(Utf8Of(header, converted)))));
     }
     return names;
 }
@@ -222,7 +223,7 @@ void ProfileFile::SetSection(std::u16string_view section,
             continue;
         }
         const std::string line = Utf16ToUtf8(OnOneLine(text));
-        const std::string_view trimmed = TrimLine(line);
+        const std::string_view trimmed = Trim(line);
         if (trimmed.empty() || IsComment(trimmed) || IsHeader(trimmed)) continue;
         block += line + "\r\n";
     }

@@ -5,34 +5,6 @@
 
 #include <algorithm>
 
-namespace {
-
-constexpr bool IsBlank(char16_t unit) {
-    return unit <= u' ';
-}
-
-std::u16string_view TrimUnits(std::u16string_view text) {
-    while (!text.empty() && IsBlank(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && IsBlank(text.back()))
-        text.remove_suffix(1);
-    return text;
-}
-
-// The code point at `at`, which moves behind it. The text is known to be valid UTF-8.
-char32_t TakeCodePoint(std::string_view text, std::size_t& at) {
-    const auto lead = static_cast<unsigned char>(text[at++]);
-    if (lead < 0x80) return lead;
-    const int more = lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
-    char32_t codePoint = lead & (0x3Fu >> more);
-    for (int i = 0; i < more; ++i) {
-        codePoint = codePoint << 6 | (static_cast<unsigned char>(text[at++]) & 0x3Fu);
-    }
-    return codePoint;
-}
-
-} // namespace
-
 LineWalk::LineWalk(std::string_view text, std::size_t begin, std::size_t end)
     : text_(text.substr(0, end)), next_(begin), lf_(text_.find('\n', begin)),
       cr_(text_.find('\r', begin)) {}
@@ -48,17 +20,9 @@ bool LineWalk::Next() {
     return true;
 }
 
-std::string_view TrimLine(std::string_view text) {
-    while (!text.empty() && static_cast<unsigned char>(text.front()) <= ' ')
-        text.remove_prefix(1);
-    while (!text.empty() && static_cast<unsigned char>(text.back()) <= ' ')
-        text.remove_suffix(1);
-    return text;
-}
-
 std::string_view HeaderName(std::string_view header) {
     header.remove_prefix(1);
-    return TrimLine(header.substr(0, header.find(']')));
+    return Trim(header.substr(0, header.find(']')));
 }
 
 std::string_view WithoutQuotes(std::string_view text) {
@@ -77,7 +41,7 @@ bool NameIs(std::string_view name, std::u16string_view foldedName) {
     std::size_t at = 0;
     for (std::size_t i = 0; i < foldedName.size(); ++i) {
         if (at == name.size()) return false;
-        const char32_t codePoint = TakeCodePoint(name, at);
+        const char32_t codePoint = NextUtf8Character(name, at);
         if (codePoint < 0x10000) {
             if (FoldCase(static_cast<char16_t>(codePoint)) != foldedName[i]) return false;
             continue;
@@ -97,13 +61,13 @@ std::u16string OnOneLine(std::u16string_view text) {
 }
 
 std::string SectionNameOnDisk(std::u16string_view name) {
-    std::u16string onDisk = OnOneLine(TrimUnits(name));
+    std::u16string onDisk = OnOneLine(Trim(name));
     std::replace(onDisk.begin(), onDisk.end(), u']', u'}');
     return Utf16ToUtf8(onDisk);
 }
 
 std::string KeyOnDisk(std::u16string_view key) {
-    const std::u16string_view trimmed = TrimUnits(key);
+    const std::u16string_view trimmed = Trim(key);
     if (trimmed.empty() || trimmed.front() == u';' || trimmed.front() == u'[') return {};
     if (trimmed.find(u'=') != std::u16string_view::npos) return {};
     return Utf16ToUtf8(OnOneLine(trimmed));

@@ -22,8 +22,6 @@ class LineWalk {
     std::size_t lf_, cr_; // the next of each at or after `next_`: each byte is searched once
 };
 
-std::string_view TrimLine(std::string_view text); // all bytes up to U+0020
-
 // Of a trimmed line.
 inline bool IsComment(std::string_view line) {
     return !line.empty() && line.front() == ';';

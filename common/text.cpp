@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
+#include <type_traits>
 
 char16_t FoldCase(char16_t unit) {
     return static_cast<char16_t>(unit + caseShift[caseBlockOf[unit >> 8]][unit & 0xFF]);
@@ -17,6 +19,24 @@ bool StartsWithIgnoringCase(std::u16string_view text, std::u16string_view start)
     return text.size() >= start.size() &&
            std::equal(start.begin(), start.end(), text.begin(),
                       [](char16_t a, char16_t b) { return a == b || FoldCase(a) == FoldCase(b); });
+}
+
+namespace {
+template <class Unit>
+std::basic_string_view<Unit> TrimUnits(std::basic_string_view<Unit> text) {
+    const auto isKept = [](Unit unit) { return std::make_unsigned_t<Unit>(unit) > U' '; };
+    const auto first = std::ranges::find_if(text, isKept);
+    const auto last = std::find_if(text.rbegin(), std::make_reverse_iterator(first), isKept);
+    return {first, last.base()};
+}
+} // namespace
+
+std::u16string_view Trim(std::u16string_view text) {
+    return TrimUnits(text);
+}
+
+std::string_view Trim(std::string_view text) {
+    return TrimUnits(text);
 }
 
 std::u16string_view TrimBlanks(std::u16string_view text) {

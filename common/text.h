@@ -10,6 +10,9 @@ char16_t FoldCase(char16_t unit); // simple upper case of a BMP character, the s
 bool EqualIgnoringCase(std::u16string_view a, std::u16string_view b);
 bool StartsWithIgnoringCase(std::u16string_view text, std::u16string_view start);
 
+// Without the white space and control characters at both ends: all up to U+0020.
+std::u16string_view Trim(std::u16string_view text);
+std::string_view Trim(std::string_view text);
 std::u16string_view TrimBlanks(std::u16string_view text); // blanks (U+0020) only
 // "" gives {""}.
 std::vector<std::u16string> Split(std::u16string_view text, std::u16string_view separator);

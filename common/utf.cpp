@@ -11,9 +11,8 @@ namespace {
 // `end`.
 int SequenceLength(const unsigned char* at, const unsigned char* end) {
     const unsigned lead = at[0];
-    if (lead < 0x80) return 1;
-    const int length = lead < 0xC2 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 0;
-    if (length == 0 || end - at < length) return 0;
+    const int length = Utf8SequenceLength(at[0]);
+    if (length <= 1 || end - at < length) return length == 1 ? 1 : 0;
 
     // The second byte shuts out overlong forms, surrogates and what is above U+10FFFF.
     const unsigned low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
@@ -133,6 +132,13 @@ std::size_t Utf8CharacterEnd(std::string_view bytes, std::size_t place) {
     return place;
 }
 
+char32_t NextUtf8Character(std::string_view bytes, std::size_t& at) {
+    const auto* const lead = reinterpret_cast<const unsigned char*>(bytes.data()) + at;
+    const int length = Utf8SequenceLength(*lead);
+    at += static_cast<std::size_t>(length);
+    return SequenceValue(lead, length);
+}
+
 std::u16string Utf8ToUtf16(std::string_view bytes, char16_t replacement) {
     std::u16string text;
     text.reserve(Utf16Length(bytes));
@@ -159,8 +165,7 @@ std::string Utf16ToUtf8(std::u16string_view text) {
     bytes.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char32_t character = FirstCharacter(text.substr(i));
-        const bool alone = character >= 0xD800 && character < 0xE000;
-        AppendUtf8(alone ? 0xFFFD : character, bytes);
+        AppendUtf8(IsSurrogate(character) ? 0xFFFD : character, bytes);
         i += character >= 0x10000;
     }
     return bytes;

@@ -1,6 +1,7 @@
 // The data file as the program reads and writes it: a profile file on disk and its copy in memory.
 #pragma once
 
+#include "common/file_limits.h"
 #include "common/list_merge.h"
 #include "common/profile_file.h"
 #include "platform/files.h"
@@ -12,7 +13,7 @@
 #include <string_view>
 #include <vector>
 
-constexpr std::uint64_t maxDataFileSize = 256u << 20; // bytes; far above any history
+constexpr std::uint64_t maxDataFileSize = maxFileInMemory; // far above any history
 
 // What keeps a program from its data file.
 enum class IniTrouble {

@@ -14,7 +14,7 @@
 
 enum class Script : std::uint8_t { Normal, Superscript, Subscript };
 
-// How letters are shown; the text keeps them as they were written.
+// Shown as capitals; the text itself stays as written.
 enum class Capitals : std::uint8_t { AsWritten, All, Small };
 
 struct CharStyle {
@@ -54,7 +54,7 @@ enum class PictureFormat : std::uint8_t { Png, Jpeg, Other };
 struct Picture {
     TextPos position = 0; // of its U+FFFC
     PictureFormat format = PictureFormat::Other;
-    std::int32_t widthTwips = 0, heightTwips = 0; // to be shown in; 0 when the file does not say
+    std::int32_t widthTwips = 0, heightTwips = 0; // display size; 0 when the file gives none
     std::string bytes;                            // the image file; empty for Other
 };
 

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
-constexpr std::size_t mediaStart = 16; // bytes of a file that tell
+constexpr std::size_t mediaStart = 16; // bytes at the start of a file that identify it
 
 // A picture, sound, film or PDF, by its name and by its first bytes: some desktops choose the
 // program for a file by the one, some by the other, so that a program or a script that has the name

@@ -2,7 +2,7 @@
 
 #include "common/char_refs.h"
 #include "common/text.h"
-#include "formats/code_pages.h"
+#include "formats/codepages/code_pages.h"
 
 std::int32_t IndexInArray(std::u16string_view value, const std::vector<std::u16string>& array,
                           CompareMode mode) {

@@ -2,6 +2,7 @@
 // lines.
 #pragma once
 
+#include "common/file_limits.h"
 #include "common/text_source.h"
 
 #include <cstdint>
@@ -37,7 +38,7 @@ class TextView {
         LoadPlainText(text->Range(0, text->Length()));
     }
     // The largest file, in bytes, whose text `LoadText` shows.
-    virtual std::uint64_t MaxTextSize() const { return std::uint64_t{256} << 20; }
+    virtual std::uint64_t MaxTextSize() const { return maxFileInMemory; }
     // RTF bytes; text without a code page of its own is read in `systemCodePage`. What can be read
     // of broken input is shown.
     virtual void LoadRichText(std::string bytes, int systemCodePage) = 0;

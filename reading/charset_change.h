@@ -2,7 +2,7 @@
 // same bytes.
 #pragma once
 
-#include "formats/plain_text_source.h"
+#include "formats/plain/plain_text_source.h"
 
 #include <memory>
 #include <vector>

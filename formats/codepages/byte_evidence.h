@@ -1,4 +1,4 @@
-// What of a plain text tells its charset: the bytes that are not ASCII, and what is around them.
+// The evidence for the charset of a plain text: its bytes that are not ASCII, with their context.
 #pragma once
 
 #include <cstddef>

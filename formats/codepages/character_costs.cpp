@@ -42,7 +42,7 @@ int CharacterCosts::Cost(std::u16string_view text, int limit) const {
     int cost = 0;
     char16_t before = u'\n';
     for (const char16_t unit : text) {
-        // As it is counted for charsets of single bytes, where it stands beside other letters.
+        // The same cost as in charsets of single bytes.
         if (IsAsciiLetter(unit))
             cost += before < 0x80 ? AsciiShare(asciiLetterCost) : asciiLetterCost + besideAsciiCost;
         else if (unit >= 0x80 && IsAsciiLetter(before))

@@ -1,8 +1,8 @@
 #include "formats/codepages/charset_guess.h"
 
-#include "formats/code_pages.h"
 #include "formats/codepages/byte_evidence.h"
 #include "formats/codepages/character_costs.h"
+#include "formats/codepages/code_pages.h"
 #include "formats/codepages/letter_costs.h"
 
 #include <algorithm>
@@ -11,7 +11,7 @@
 #include <optional>
 
 namespace {
-// How rare a charset is, in bits: tells only where the text does not.
+// Prior probability of a charset, in bits: decides only where the text does not.
 struct RarePage {
     int page, bits;
 };
@@ -43,19 +43,19 @@ constexpr CharacterPage characterPages[] = {
     {51950, 6, TraditionalChinese},
 };
 
-// How far the system's own page is ahead: a little always, more where few letters can tell.
+// Advantage of the system's own page: a little always, more where the evidence is small.
 constexpr int systemBits = 5, systemBitsForEach = 2;
 constexpr std::size_t fewBytes = 5;
 constexpr int chosenBits = 25; // besides, for the page of a script that the reader chose
 constexpr int maxCostBehindBest =
-    200 * costsPerBit; // a charset further behind the best is not thinkable
+    200 * costsPerBit; // a charset further behind the best is not plausible
 
 int SystemBits(const ByteEvidence& evidence) {
     const std::size_t missing = fewBytes - std::min(evidence.highBytes, fewBytes);
     return systemBits + systemBitsForEach * static_cast<int>(missing);
 }
 
-// A character or two of thousands are soon found in bytes that are something else.
+// Short byte sequences are often valid by chance in a charset of thousands of characters.
 int FewCharactersBits(const ByteEvidence& evidence) {
     constexpr std::size_t fewOfCharacters = 10;
     constexpr int bitsForEach = 3;
@@ -66,16 +66,16 @@ int FewCharactersBits(const ByteEvidence& evidence) {
 struct Search {
     const ByteEvidence& evidence;
     int systemPage;
-    std::initializer_list<int> among; // these only, all when there are none
+    std::initializer_list<int> candidates; // these only, all when there are none
     std::vector<PageCost> found;
     int best = INT_MAX / 2;
 
     int Handicap(int page, int bits) const {
-        const int chosen = among.size() != 0 ? chosenBits : 0;
+        const int chosen = candidates.size() != 0 ? chosenBits : 0;
         return (page == systemPage ? -SystemBits(evidence) - chosen : bits) * costsPerBit;
     }
-    bool Asks(int page) const {
-        return among.size() == 0 || std::ranges::find(among, page) != among.end();
+    bool Includes(int page) const {
+        return candidates.size() == 0 || std::ranges::find(candidates, page) != candidates.end();
     }
     int Limit() const { return best + maxCostBehindBest; }
     void Add(PageCost cost) {
@@ -87,7 +87,7 @@ struct Search {
 void TrySingleBytes(Search& search) {
     const LetterCosts costs(search.evidence);
     for (const RarePage& each : singleBytePages) {
-        if (!search.Asks(each.page)) continue;
+        if (!search.Includes(each.page)) continue;
         const int handicap = search.Handicap(each.page, each.bits);
         const auto cost =
             costs.Cheapest(each.page, UpperHalf(each.page), search.Limit() - handicap);
@@ -99,7 +99,7 @@ void TryCharacters(Search& search) {
     std::optional<CharacterCosts> costs[characterModelCount];
     std::u16string text;
     for (const CharacterPage& each : characterPages) {
-        if (!search.Asks(each.page)) continue;
+        if (!search.Includes(each.page)) continue;
         auto& model = costs[each.language];
         if (!model) model.emplace(each.language);
         text.clear();
@@ -113,7 +113,7 @@ void TryCharacters(Search& search) {
     }
 }
 
-// Charsets for the same letters as a page of Windows, which is the first.
+// Charsets of the same script as a Windows code page, which is the first.
 constexpr std::initializer_list<int> families[] = {
     {1252, 850, 858, 437, 10000, 28605, 28591, 860, 861, 863, 865, 10079, 28604},
     {1250, 28592, 852, 10029, 28606, 10010, 10082},
@@ -132,10 +132,10 @@ constexpr std::initializer_list<int> families[] = {
 };
 
 std::vector<CharsetGuess> Guess(std::span<const std::string_view> samples, int systemPage,
-                                std::initializer_list<int> among) {
+                                std::initializer_list<int> candidates) {
     const ByteEvidence evidence = GatherEvidence(samples);
     if (evidence.highBytes == 0) return {{systemPage}};
-    Search search{evidence, systemPage, among, {}};
+    Search search{evidence, systemPage, candidates, {}};
     TrySingleBytes(search);
     TryCharacters(search);
     std::ranges::stable_sort(search.found, {}, &PageCost::cost);

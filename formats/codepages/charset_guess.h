@@ -1,5 +1,5 @@
-// Which charset the bytes of a plain text without a mark are in: among those that the bytes can be,
-// the one in which they read as a language.
+// Detects the charset of a plain text without a byte-order mark: of those in which its bytes are
+// valid, the one in which they read most like a language.
 #pragma once
 
 #include <span>
@@ -12,13 +12,13 @@ struct CharsetGuess {
     const char* language = "";
 };
 
-// All that are thinkable, likeliest first. The samples are of one text: its start and, of a long
-// one, others from within it. `systemPage` is taken when others are not clearly likelier.
+// All plausible ones, likeliest first. The samples are of one text: its start and, of a long
+// one, others from within it. `systemPage` wins unless another is clearly likelier.
 std::vector<CharsetGuess> GuessCharsets(std::span<const std::string_view> samples, int systemPage);
 
 // Of the charsets for the script of a Windows code page the likeliest; that page itself in doubt,
 // and when it is none of Windows.
 int GuessCharsetOfScript(std::span<const std::string_view> samples, int windowsPage);
 
-// That page, of a charset for the same letters; 0 when there is none.
+// The Windows code page for the script of a charset; 0 when there is none.
 int WindowsPageOfScript(int codePage);

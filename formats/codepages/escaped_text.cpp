@@ -1,6 +1,6 @@
 #include "formats/codepages/escaped_text.h"
 
-#include "formats/code_pages.h"
+#include "formats/codepages/code_pages.h"
 
 #include <algorithm>
 #include <iterator>
@@ -84,13 +84,13 @@ class Reader {
 
     void Read() {
         while (!rest_.empty())
-            if (hz_ ? !TakeHzSequence() : !TakeSequence()) TakeCharacter();
+            if (hz_ ? !ReadHzSequence() : !ReadEscapeSequence()) ReadCharacter();
     }
 
   private:
     void Drop(std::size_t count) { rest_.remove_prefix(count); }
 
-    bool TakeSequence() {
+    bool ReadEscapeSequence() {
         if (const Sequence* const sequence = SequenceAt(rest_)) {
             if (sequence->set == Set::Cns2) {
             } else if (sequence->shifted) {
@@ -112,7 +112,7 @@ class Reader {
         return true;
     }
 
-    bool TakeHzSequence() {
+    bool ReadHzSequence() {
         if (rest_[0] != '~' || rest_.size() < 2) return false;
         const char second = rest_[1];
         if (second != '{' && second != '}' && second != '~' && second != '\n') return false;
@@ -124,7 +124,7 @@ class Reader {
         return true;
     }
 
-    void TakeCharacter() {
+    void ReadCharacter() {
         const Set set = out_ ? shifted_ : set_;
         if (rest_[0] == '\n') set_ = Set::Ascii, out_ = false; // each line begins anew
         if (IsSingle(set) || !IsGraphic(rest_[0])) {

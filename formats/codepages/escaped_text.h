@@ -1,5 +1,5 @@
 // Charsets that switch between ASCII and pairs of bytes by sequences in the text: ISO-2022 and HZ.
-// All their bytes are ASCII, and what a byte means is told by all that stand before it.
+// All their bytes are ASCII; what one means depends on the escape sequences before it.
 #pragma once
 
 #include <optional>

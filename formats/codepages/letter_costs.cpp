@@ -1,7 +1,7 @@
 #include "formats/codepages/letter_costs.h"
 
-#include "formats/code_pages.h"
-#include "formats/codepages/character_facts.h"
+#include "formats/codepages/character_properties.h"
+#include "formats/codepages/code_pages.h"
 
 #include <algorithm>
 #include <climits>
@@ -10,73 +10,78 @@
 
 namespace {
 constexpr int foreignLetterCost = 15 * costsPerBit; // of another script
-constexpr int capitalFirstCost = 2 * costsPerBit, capitalInRowCost = 5,
-              capitalInWordCost = 8 * costsPerBit;
+constexpr int uppercaseFirstCost = 2 * costsPerBit, uppercaseInRowCost = 5,
+              uppercaseInWordCost = 8 * costsPerBit;
 constexpr int strangeLetterCost = 8 * costsPerBit; // of the script, but not of the language
 constexpr int scriptChangeCost = 10 * costsPerBit; // within a word
-constexpr int wrongSideCost = 5 * costsPerBit, frameInRowCost = costsPerBit;
+constexpr int wrongSideCost = 5 * costsPerBit, boxDrawingInRowCost = costsPerBit;
 
 bool IsAsciiLetter(unsigned char byte) {
     return (byte | 0x20) >= 'a' && (byte | 0x20) <= 'z';
 }
 
 // The bytes of a page as characters; `classes` are those of one language.
-struct PageFacts {
-    CharacterFacts facts[256];
+struct PageProperties {
+    CharacterProperties properties[256];
 };
 
-PageFacts FactsOfPage(const char16_t* units, const ByteEvidence& evidence) {
-    PageFacts page;
+PageProperties PropertiesOfPage(const char16_t* units, const ByteEvidence& evidence) {
+    PageProperties page;
     for (int byte = 0; byte < 256; ++byte)
         if (evidence.seen[byte])
-            page.facts[byte] =
-                FactsOf(byte < 0x80 ? static_cast<char16_t>(byte) : units[byte - 0x80]);
+            page.properties[byte] =
+                PropertiesOf(byte < 0x80 ? static_cast<char16_t>(byte) : units[byte - 0x80]);
     return page;
 }
 
-int CapitalCost(const CharacterFacts& before, const CharacterFacts& character) {
-    if (!character.capital) return 0;
-    if (before.letter == 0) return capitalFirstCost;
-    return before.capital ? capitalInRowCost : capitalInWordCost;
+int UppercaseCost(const CharacterProperties& before, const CharacterProperties& character) {
+    if (!character.uppercase) return 0;
+    if (before.letter == 0) return uppercaseFirstCost;
+    return before.uppercase ? uppercaseInRowCost : uppercaseInWordCost;
 }
 
-int SignCost(const CharacterFacts& before, const CharacterFacts& character, bool same) {
-    const bool opens = character.kind == SignKind::Opening;
-    const bool odd = character.kind == SignKind::Odd || character.kind == SignKind::Frame;
-    if (character.kind == SignKind::Frame && same) return frameInRowCost;
+int PunctuationCost(const CharacterProperties& before, const CharacterProperties& character,
+                    bool same) {
+    const bool opens = character.kind == PunctuationKind::Opening;
+    const bool odd =
+        character.kind == PunctuationKind::Odd || character.kind == PunctuationKind::BoxDrawing;
+    if (character.kind == PunctuationKind::BoxDrawing && same) return boxDrawingInRowCost;
     int cost = character.cost;
     if (cost != 0 && before.letter != 0 && (opens || odd)) cost += wrongSideCost;
-    if (character.kind == SignKind::Joining && before.letter == 0) cost += wrongSideCost;
+    if (character.kind == PunctuationKind::Joining && before.letter == 0) cost += wrongSideCost;
     return cost;
 }
 
-// What a pair costs in every language: signs, capitals.
-int CommonCost(const PageFacts& page, BytePair pair) {
-    const CharacterFacts &before = page.facts[pair.first], &character = page.facts[pair.second];
-    if (character.letter == 0) return SignCost(before, character, pair.first == pair.second);
-    int cost = CapitalCost(before, character);
+// The part of a pair's cost that is the same in every language: punctuation, uppercase.
+int CommonCost(const PageProperties& page, BytePair pair) {
+    const CharacterProperties &before = page.properties[pair.first],
+                              &character = page.properties[pair.second];
+    if (character.letter == 0) return PunctuationCost(before, character, pair.first == pair.second);
+    int cost = UppercaseCost(before, character);
     if (before.letter != 0 && before.script != character.script) cost += scriptChangeCost;
-    const bool closes = before.kind == SignKind::Closing || before.kind == SignKind::Odd ||
-                        before.kind == SignKind::Frame;
+    const bool closes = before.kind == PunctuationKind::Closing ||
+                        before.kind == PunctuationKind::Odd ||
+                        before.kind == PunctuationKind::BoxDrawing;
     if (before.letter == 0 && before.cost != 0 && closes) cost += wrongSideCost;
     return cost;
 }
 
 class LanguageReader {
   public:
-    LanguageReader(const LanguageModel& model, const PageFacts& page, const ByteEvidence& evidence)
+    LanguageReader(const LanguageModel& model, const PageProperties& page,
+                   const ByteEvidence& evidence)
         : model_(model), size_(model.letterCount + 2) {
         const std::u16string_view letters(model.letters,
                                           static_cast<std::size_t>(model.letterCount));
         for (int byte = 0; byte < 256; ++byte) {
             if (!evidence.seen[byte]) continue;
-            const CharacterFacts& facts = page.facts[byte];
-            if (facts.letter == 0) continue;
-            if (facts.script != model.script) {
+            const CharacterProperties& properties = page.properties[byte];
+            if (properties.letter == 0) continue;
+            if (properties.script != model.script) {
                 foreign_[byte] = byte < 0x80 ? asciiLetterCost : foreignLetterCost;
                 continue;
             }
-            const auto place = letters.find(facts.letter);
+            const auto place = letters.find(properties.letter);
             classes_[byte] = place == letters.npos ? 1 : static_cast<unsigned char>(place + 2);
             if (byte >= 0x80 && place == letters.npos) foreign_[byte] = strangeLetterCost;
         }
@@ -97,9 +102,9 @@ class LanguageReader {
 struct PageLetters {
     explicit PageLetters(const char16_t* units) {
         for (int i = 0; i < 128; ++i)
-            letters[i] = FactsOf(units[i]).letter;
+            letters[i] = PropertiesOf(units[i]).letter;
     }
-    bool Have(char16_t letter) const {
+    bool Has(char16_t letter) const {
         return letter < 0x80 || std::ranges::find(letters, letter) != std::end(letters);
     }
 
@@ -112,7 +117,7 @@ bool HasCoreLetters(const LanguageModel& model, int page, const PageLetters& let
     if (std::string_view(model.name) == "vi")
         return page == 1258 || page == visciiPage || page == tcvnPage;
     return std::all_of(model.letters, model.letters + model.coreLetters,
-                       [&](char16_t letter) { return letters.Have(letter); });
+                       [&](char16_t letter) { return letters.Has(letter); });
 }
 } // namespace
 
@@ -125,7 +130,7 @@ int AsciiLettersCost(const ByteEvidence& evidence) {
 
 LetterCosts::LetterCosts(const ByteEvidence& evidence) : evidence_(evidence) {
     const char16_t none[128] = {};
-    const PageFacts ascii = FactsOfPage(none, evidence);
+    const PageProperties ascii = PropertiesOfPage(none, evidence);
     for (const LanguageModel& model : languageModels) {
         if (model.script != Script::Latin) {
             asciiCosts_.push_back(AsciiLettersCost(evidence));
@@ -140,12 +145,12 @@ LetterCosts::LetterCosts(const ByteEvidence& evidence) : evidence_(evidence) {
 }
 
 std::optional<PageCost> LetterCosts::Cheapest(int page, const char16_t* units, int limit) const {
-    const PageFacts facts = FactsOfPage(units, evidence_);
+    const PageProperties properties = PropertiesOfPage(units, evidence_);
     int common = 0;
     bool scripts[7] = {};
     for (const BytePair& pair : evidence_.high) {
-        common += pair.count * CommonCost(facts, pair);
-        scripts[static_cast<int>(facts.facts[pair.second].script)] = true;
+        common += pair.count * CommonCost(properties, pair);
+        scripts[static_cast<int>(properties.properties[pair.second].script)] = true;
     }
     if (common >= limit) return std::nullopt;
     const PageLetters letters(units);
@@ -154,14 +159,14 @@ std::optional<PageCost> LetterCosts::Cheapest(int page, const char16_t* units, i
         const LanguageModel& model = languageModels[language];
         if (!scripts[static_cast<int>(model.script)] && language != 0) continue;
         if (!HasCoreLetters(model, page, letters)) continue;
-        const LanguageReader reader(model, facts, evidence_);
-        const bool backwards = model.script == Script::Hebrew || model.script == Script::Arabic;
-        for (const bool turned : {false, true}) {
-            if (turned && !backwards) break;
+        const LanguageReader reader(model, properties, evidence_);
+        const bool isRightToLeft = model.script == Script::Hebrew || model.script == Script::Arabic;
+        for (const bool reversed : {false, true}) {
+            if (reversed && !isRightToLeft) break;
             int cost = common + asciiCosts_[static_cast<std::size_t>(language)];
             for (const BytePair& pair : evidence_.high) {
-                cost += pair.count * ((turned ? reader.Cost(pair.second, pair.first)
-                                              : reader.Cost(pair.first, pair.second)) +
+                cost += pair.count * ((reversed ? reader.Cost(pair.second, pair.first)
+                                                : reader.Cost(pair.first, pair.second)) +
                                       reader.ForeignCost(pair.second));
                 if (cost >= limit) break;
             }

@@ -25,8 +25,7 @@ class LetterCosts {
 
 // What an ASCII letter costs in languages that have others.
 constexpr int asciiLetterCost = 20;
-// Of text in ASCII only half counts: it tells the language, but names and quotations stand
-// anywhere.
+// Text in ASCII has half the weight: it indicates the language, but may be a name or a quotation.
 constexpr int AsciiShare(int cost) {
     return cost / 2;
 }

@@ -27,6 +27,22 @@ LEVELS = 56
 FIRST_LEVEL = ord("#")  # up to "Z": no quote and no backslash
 BANDS = (32, 96, 224, 480, 992, 2016)  # where each ends
 
+LAYOUT = """\
+// Written by make_language_tables.py. Do not edit.
+//
+// arabicForms: the letter that each presentation form from U+FE70 on is a form of.
+//
+// languageModels: for each language its name, its script, the number of its letters, how many of
+// them every charset for it has, the letters, commonest first, and a square of costs. Its rows and
+// columns are classes: 0 what is no letter of the script, 1 any other letter of the script, 2 and on
+// the letters in their order. The character in row a, column b is -log2 of how likely b follows a,
+// in quarters of a bit: '#' is 0, each next ASCII character one more, up to 'Z'.
+//
+// characterModels: for each language of many characters its name and six bands of them, the
+// commonest band first: -log2 of how often one of the band stands, in quarters of a bit, and the
+// characters in the order of their code points.
+"""
+
 # Letters of the spelling that the texts may hardly have.
 SPELLING = {
     "fr": "\u0153\u00e6\u00eb\u00fc\u00ff", "fi": "\u00e5\u0161\u017e", "et": "\u0161\u017e", "es": "\u00fc\u00ef",
@@ -150,7 +166,7 @@ def write_characters(file, language, text):
 def main():
     root, output = sys.argv[1:]
     with open(output, "w", encoding="ascii", newline="\n") as file:
-        file.write("// Written by make_language_tables.py. Do not edit.\n")
+        file.write(LAYOUT)
         file.write('#include "formats/codepages/language_tables.h"\n\n')
         file.write("// clang-format off\n")
         write_arabic_forms(file)

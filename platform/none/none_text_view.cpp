@@ -3,8 +3,8 @@
 #include "common/find_text.h"
 #include "common/line_ends.h"
 #include "common/utf.h"
-#include "formats/rtf_reader.h"
-#include "formats/rtf_writer.h"
+#include "formats/rtf/rtf_reader.h"
+#include "formats/rtf/rtf_writer.h"
 
 #include <algorithm>
 

@@ -1,20 +1,14 @@
 #include "platform/qt/desktop_entry.h"
 
+#include "common/text.h"
+
 namespace {
-
-constexpr std::string_view blanks = " \t\r";
-
-std::string_view Trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
 
 std::string_view TakeLine(std::string_view& text) {
     const std::size_t end = text.find('\n');
     const std::string_view line = text.substr(0, end);
     text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-    return Trimmed(line);
+    return Trim(line);
 }
 
 // How well a key names the program for a locale: 0 not at all, 1 in any language, 2 and 3 in its
@@ -42,9 +36,9 @@ std::string DesktopEntryName(std::string_view file, std::string_view locale) {
         }
         const std::size_t equals = line.find('=');
         if (!inEntry || equals == std::string_view::npos) continue;
-        if (const int fit = Fit(Trimmed(line.substr(0, equals)), locale); fit > bestFit) {
+        if (const int fit = Fit(Trim(line.substr(0, equals)), locale); fit > bestFit) {
             bestFit = fit;
-            name = Trimmed(line.substr(equals + 1));
+            name = Trim(line.substr(equals + 1));
         }
     }
     return name;

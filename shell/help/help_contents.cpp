@@ -1,6 +1,6 @@
 #include "shell/help/help_contents.h"
 
-#include "formats/rtf_writer.h"
+#include "formats/rtf/rtf_writer.h"
 #include "shell/help/help_file.h"
 #include "shell/help/help_search.h"
 

@@ -1,5 +1,6 @@
 #include "shell/help/help_file.h"
 
+#include "common/text.h"
 #include "common/utf.h"
 #include "shell/help/help_page.h"
 
@@ -14,12 +15,6 @@ std::string_view TakeLine(std::string_view& bytes) {
     bytes.remove_prefix(end == bytes.npos ? bytes.size() : end + 1);
     if (line.ends_with('\r')) line.remove_suffix(1);
     return line;
-}
-
-std::string_view Trim(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == text.npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
 // "3. text" begins with a number.

@@ -1,5 +1,6 @@
 #include "shell/help/help_search.h"
 
+#include "common/find_text.h"
 #include "common/text.h"
 
 #include <algorithm>
@@ -31,12 +32,6 @@ struct Candidate {
     HelpFinding finding;
     int words = 0, score = 0;
 };
-
-bool IsWordUnit(char16_t unit) {
-    return unit >= 0xC0 ? unit < 0x2000 || unit >= 0x2E80
-                        : (unit >= u'0' && unit <= u'9') || (unit >= u'A' && unit <= u'Z') ||
-                              (unit >= u'a' && unit <= u'z');
-}
 
 std::vector<Word> WordsOf(std::u16string_view text) {
     std::vector<Word> words;

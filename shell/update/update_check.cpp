@@ -1,6 +1,6 @@
 #include "shell/update/update_check.h"
 
-#include "formats/rtf_write_tables.h"
+#include "formats/rtf/rtf_write_tables.h"
 #include "shell/update/product_web.h"
 #include "shell/update/version_text.h"
 

@@ -3,7 +3,7 @@
 #include "tests/contract/qt_text_view_bench.h"
 
 #include "common/line_ends.h"
-#include "formats/plain_text_source.h"
+#include "formats/plain/plain_text_source.h"
 
 #include <doctest/doctest.h>
 

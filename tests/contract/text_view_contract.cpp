@@ -2,7 +2,7 @@
 #include "tests/contract/text_view_contract.h"
 
 #include "common/line_ends.h"
-#include "formats/plain_text_source.h"
+#include "formats/plain/plain_text_source.h"
 
 #include <doctest/doctest.h>
 

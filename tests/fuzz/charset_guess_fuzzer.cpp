@@ -1,8 +1,8 @@
 // The guess of a charset: any bytes, in one sample or several.
-#include "formats/code_pages.h"
 #include "formats/codepages/charset_guess.h"
+#include "formats/codepages/code_pages.h"
 #include "formats/codepages/escaped_text.h"
-#include "formats/plain_text_guess.h"
+#include "formats/plain/plain_text_guess.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,6 +1,6 @@
 // The help file and the update file: any bytes. What is taken for a help file can be shown and
 // searched.
-#include "formats/rtf_writer.h"
+#include "formats/rtf/rtf_writer.h"
 #include "shell/help/help_search.h"
 #include "shell/update/update_check.h"
 

@@ -1,7 +1,7 @@
 // The decoder of plain text: any bytes, read as themselves and in every code page.
 #include "common/utf.h"
-#include "formats/code_pages.h"
-#include "formats/plain_text.h"
+#include "formats/codepages/code_pages.h"
+#include "formats/plain/plain_text.h"
 
 #include <cstddef>
 #include <cstdint>

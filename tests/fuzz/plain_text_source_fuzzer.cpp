@@ -2,7 +2,7 @@
 // whole gives.
 #include "common/find_text.h"
 #include "common/line_ends.h"
-#include "formats/plain_text_source.h"
+#include "formats/plain/plain_text_source.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -3,7 +3,7 @@
 #include "common/profile_file.h"
 #include "common/profile_text.h"
 #include "common/utf.h"
-#include "formats/code_pages.h"
+#include "formats/codepages/code_pages.h"
 
 #include <fuzzer/FuzzedDataProvider.h>
 

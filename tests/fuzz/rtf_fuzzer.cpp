@@ -1,6 +1,6 @@
 // Any bytes as RTF: the document is sound, and what the writer makes of it reads as the same text.
-#include "formats/rtf_reader.h"
-#include "formats/rtf_writer.h"
+#include "formats/rtf/rtf_reader.h"
+#include "formats/rtf/rtf_writer.h"
 #include "tests/document_check.h"
 
 #include <cstdio>

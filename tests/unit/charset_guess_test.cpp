@@ -1,10 +1,10 @@
 #include "formats/codepages/charset_guess.h"
 
 #include "common/utf.h"
-#include "formats/code_pages.h"
+#include "formats/codepages/code_pages.h"
 #include "formats/codepages/escaped_text.h"
-#include "formats/plain_text.h"
-#include "formats/plain_text_guess.h"
+#include "formats/plain/plain_text.h"
+#include "formats/plain/plain_text_guess.h"
 #include "text_samples.h"
 
 #include <doctest/doctest.h>
@@ -12,12 +12,24 @@
 #include <string>
 
 namespace {
+// Of a character that is one byte or two.
+std::string BytesOf(int page, char16_t unit) {
+    for (int bytes = 0x80; bytes < 0x10000; ++bytes) {
+        const auto first = static_cast<char>(bytes >> 8), second = static_cast<char>(bytes);
+        const std::string sequence = first ? std::string{first, second} : std::string(1, second);
+        std::u16string text;
+        DecodeCodePage(page, sequence, text);
+        if (text == std::u16string(1, unit)) return sequence;
+    }
+    FAIL("the page has no such character");
+    return {};
+}
+
 // As a writer of the charset would.
 std::string Encoded(int page, std::u16string_view text) {
     std::string bytes;
     for (const char16_t unit : text)
-        bytes += unit < 0x80 ? std::string(1, static_cast<char>(unit))
-                             : CodePageBytes(page, {&unit, 1}).at(0);
+        bytes += unit < 0x80 ? std::string(1, static_cast<char>(unit)) : BytesOf(page, unit);
     return bytes;
 }
 

@@ -1,8 +1,7 @@
-#include "formats/code_pages.h"
+#include "formats/codepages/code_pages.h"
 
 #include <doctest/doctest.h>
 
-#include <algorithm>
 #include <string>
 
 namespace {
@@ -201,48 +200,4 @@ TEST_CASE("code pages: the page of a font's character set can be decoded") {
                  {238, 1250}, {254, 437},  {255, 850},  {-1, 0},     {256, 0}};
     for (const auto& c : cases)
         CHECK(CodePageOfFontCharset(c.charset) == c.page);
-}
-
-namespace {
-void CheckBytesOf(int page, const std::string& bytes) {
-    const std::u16string text = Decode(page, bytes);
-    const bool one = text.size() == 1 || (text.size() == 2 && (text[0] & 0xFC00) == 0xD800);
-    if (!one || text == u"\uFFFD" || text == std::u16string(1, u'\0')) return;
-    const auto known = CodePageBytes(page, text);
-    if (std::find(known.begin(), known.end(), bytes) == known.end()) {
-        CAPTURE(page);
-        CAPTURE(bytes);
-        CHECK(false);
-    }
-}
-} // namespace
-
-TEST_CASE("code pages: a character's bytes are all that are decoded as it") {
-    for (const int page : {437, 866, 874, 932, 936, 949, 950, 1251, 1252, 1361, 10001, 10007, 20866,
-                           54936, 65001, 99}) {
-        for (int first = 0; first < 0x100; ++first) {
-            CheckBytesOf(page, std::string(1, static_cast<char>(first)));
-            if (first < 0x80) continue;
-            for (int second = 0x30; second < 0x100; second += 1 + first % 9)
-                CheckBytesOf(page, {static_cast<char>(first), static_cast<char>(second)});
-        }
-        for (char32_t unit = 1; unit < 0xD800; unit += 211) {
-            const std::u16string text(1, static_cast<char16_t>(unit));
-            for (const std::string& bytes : CodePageBytes(page, text))
-                CHECK(Decode(page, bytes) == text);
-        }
-    }
-}
-
-TEST_CASE("code pages: bytes of characters in two places, of four bytes, and of none") {
-    using Bytes = std::vector<std::string>;
-    CHECK(CodePageBytes(10001, u"\\") == Bytes{"\\", "\x80"});
-    CHECK(CodePageBytes(932, u"\u2252") == Bytes{"\x81\xE0", "\x87\x90"});
-    CHECK(CodePageBytes(936, u"\u1E3F") == Bytes{"\xA8\xBC", "\x81\x35\xF4\x37"});
-    CHECK(CodePageBytes(936, u"\U00010000") == Bytes{"\x90\x30\x81\x30"});
-    CHECK(CodePageBytes(936, u"\u0080") == Bytes{"\x81\x30\x81\x30"});
-    CHECK(CodePageBytes(1252, u"\u0430").empty());
-    CHECK(CodePageBytes(932, u"\U00010000").empty());
-    CHECK(CodePageBytes(99, u"\u20AC") == Bytes{"\x80"});
-    CHECK(CodePageBytes(65001, u"\U00010000") == Bytes{"\xF0\x90\x80\x80"});
 }

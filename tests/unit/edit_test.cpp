@@ -90,6 +90,14 @@ TEST_CASE("edit: copies the text, and its source as text") {
     CHECK(test.View().SelLength() == 7);
 }
 
+TEST_CASE(
+    "edit: a copy of text has no place for a picture, and tabs and breaks for what a table has") {
+    Reading test("a\xEF\xBF\xBC b\vc\a");
+    test.Choose(test.Menu().mEditAll);
+    test.Choose(test.Menu().mEditCopy);
+    CHECK(test.Clip() == u"a b\nc\t");
+}
+
 TEST_CASE("edit: every way to a copy is the one command, which follows the selection") {
     Reading test("one two");
     auto& clip = static_cast<NoneClipboard&>(*test.form.ports.clipboard).text;

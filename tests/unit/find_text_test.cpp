@@ -46,6 +46,32 @@ TEST_CASE("find text: a match at each place around the borders of what is search
     }
 }
 
+TEST_CASE("find text: what belongs to a word") {
+    for (const char16_t unit : u"aZ09_\u00AA\u00B5\u00E9\u0301\u0416\u05D0\u0E01\u3005\u3042\u4E00"
+                               u"\uAC00\uFF21\uFF3F\uFF71\U00020000")
+        if (unit != 0) CHECK_MESSAGE(IsWordUnit(unit), static_cast<int>(unit));
+    for (const char16_t unit :
+         u" \n-'.\u00AB\u00B7\u00D7\u00F7\u2019\u2014\u20AC\u2192\u25A0\u2713\u3000"
+         u"\u3001\u300C\uFF0C\uFF1F\uFF65\uFFFC\uFFFD")
+        CHECK_MESSAGE(!IsWordUnit(unit), static_cast<int>(unit)); // the NUL at the end, too
+}
+
+TEST_CASE("find text: a whole word beside signs and letters of any script") {
+    const struct {
+        std::u16string text, what;
+        std::size_t at;
+    } cases[] = {
+        {u"\u2192word\u2190", u"word", 1},
+        {u"2\u00D7word", u"word", 2},
+        {u"\u3001\u65E5\u672C\u3002", u"\u65E5\u672C", 1},
+        {u"sword words word", u"word", 12},
+        {u"\u00E9word", u"word", std::u16string::npos},
+        {u"word_", u"word", std::u16string::npos},
+    };
+    for (const auto& c : cases)
+        CHECK(FindText(c.text, c.what, 0, {true, false}) == c.at);
+}
+
 TEST_CASE("find text: the forms of a unit are those that are folded to the same") {
     std::map<char16_t, std::set<char16_t>> groups;
     for (char32_t unit = 0; unit <= 0xFFFF; ++unit)

@@ -3,8 +3,8 @@
 
 #include "common/text.h"
 #include "common/utf.h"
-#include "formats/rtf_reader.h"
-#include "formats/rtf_writer.h"
+#include "formats/rtf/rtf_reader.h"
+#include "formats/rtf/rtf_writer.h"
 #include "test_form.h"
 
 #include <doctest/doctest.h>

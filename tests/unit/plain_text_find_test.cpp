@@ -167,7 +167,7 @@ std::string BytesBefore(const LongText& text, std::size_t length, std::mt19937& 
 }
 } // namespace
 
-TEST_CASE("plain text find: a match at each place around the borders of what is read at once") {
+TEST_CASE("plain text find: a match at each place around the borders of pieces") {
     std::mt19937 random(11); // NOLINT
     for (const LongText& text : LongTexts())
         for (const std::size_t border : {32u, 64u, 192u})
@@ -191,7 +191,7 @@ TEST_CASE("plain text find: a match at each place around the borders of what is 
             }
 }
 
-TEST_CASE("plain text find: among thousands of places that come to nothing") {
+TEST_CASE("plain text find: among thousands of near matches") {
     struct Case {
         const char *name, *decoy;
         const char* last;
@@ -243,7 +243,7 @@ TEST_CASE("plain text find: pairs are told apart, however far before them the la
     }
 }
 
-TEST_CASE("plain text find: a search longer than what is looked for in the bytes") {
+TEST_CASE("plain text find: a search longer than a word, than a line, and of several pages") {
     std::string bytes = "\xC3\xA9";
     for (int i = 0; i < 3000; ++i)
         bytes += "line " + std::to_string(i) + " of a long text, and so on; ";
@@ -267,7 +267,7 @@ TEST_CASE("plain text find: a letter that the encoding has not is nowhere") {
     CHECK(latin.Find(u"\U0001D11E", 0, {}) == -1);
 }
 
-TEST_CASE("plain text find: is given up when it is told to, also where all is decoded") {
+TEST_CASE("plain text find: is given up when it is told to") {
     std::string bytes = "\xC3\xA9";
     while (bytes.size() < 5'000'000)
         bytes += "one two\n\n";

@@ -1,4 +1,4 @@
-#include "formats/plain_text_source.h"
+#include "formats/plain/plain_text_source.h"
 
 #include "text_samples.h"
 

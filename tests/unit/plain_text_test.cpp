@@ -1,4 +1,4 @@
-#include "formats/plain_text.h"
+#include "formats/plain/plain_text.h"
 
 #include "common/utf.h"
 

@@ -1,5 +1,5 @@
-#include "formats/rtf_reader.h"
-#include "formats/rtf_writer.h"
+#include "formats/rtf/rtf_reader.h"
+#include "formats/rtf/rtf_writer.h"
 #include "tests/document_check.h"
 #include "tests/unit/golden.h"
 #include "tests/unit/rtf_dump.h"

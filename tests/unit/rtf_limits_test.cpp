@@ -1,88 +1,19 @@
-// What a file that means harm costs: memory in proportion to its size, and no more time than an
-// honest one.
-#include "formats/rtf_limits.h"
-#include "formats/rtf_reader.h"
+// What a file that means harm costs: memory in proportion to its size, and as much work with it.
+#include "allocations.h"
+#include "formats/rtf/rtf_limits.h"
+#include "formats/rtf/rtf_reader.h"
 #include "tests/document_check.h"
 
 #include <doctest/doctest.h>
 
 #include <algorithm>
-#include <atomic>
-#include <chrono>
-#include <cstdlib>
-#include <new>
 
 namespace {
 
-// Every allocation has its size before it.
-constexpr std::size_t headerSize = alignof(std::max_align_t);
-std::atomic<std::size_t> allocatedBytes = 0, peakBytes = 0;
-
-void* AllocateCounted(std::size_t size) {
-    void* const block = std::malloc(size + headerSize);
-    if (!block) throw std::bad_alloc();
-    *static_cast<std::size_t*>(block) = size;
-    const std::size_t now = allocatedBytes += size;
-    if (now > peakBytes) peakBytes = now;
-    return static_cast<char*>(block) + headerSize;
-}
-
-void FreeCounted(void* pointer) {
-    if (!pointer) return;
-    void* const block = static_cast<char*>(pointer) - headerSize;
-    allocatedBytes -= *static_cast<std::size_t*>(block);
-    std::free(block);
-}
-
-void* AllocateOrNull(std::size_t size) noexcept {
-    try {
-        return AllocateCounted(size);
-    } catch (const std::bad_alloc&) {
-        return nullptr;
-    }
-}
-
-} // namespace
-
-void* operator new(std::size_t size) {
-    return AllocateCounted(size);
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    return AllocateOrNull(size);
-}
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-    return AllocateOrNull(size);
-}
-void* operator new[](std::size_t size) {
-    return AllocateCounted(size);
-}
-void operator delete(void* pointer) noexcept {
-    FreeCounted(pointer);
-}
-void operator delete[](void* pointer) noexcept {
-    FreeCounted(pointer);
-}
-void operator delete(void* pointer, std::size_t) noexcept {
-    FreeCounted(pointer);
-}
-void operator delete[](void* pointer, std::size_t) noexcept {
-    FreeCounted(pointer);
-}
-
-namespace {
-
-struct Cost {
-    std::size_t bytes = 0;
-    double seconds = 0;
-};
-
-Cost CostOfReading(const std::string& rtf) {
-    const std::size_t before = allocatedBytes;
-    peakBytes = before;
-    const auto start = std::chrono::steady_clock::now();
+AllocationCounts CostOfReading(const std::string& rtf) {
+    AllocationCounter counter;
     const Document document = ReadRtf(rtf, 1252);
-    const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
-    const Cost cost{peakBytes - before, time.count()};
+    const AllocationCounts cost = counter.Counts();
     CHECK(document_check::FirstFault(document) == "");
     return cost;
 }
@@ -162,11 +93,13 @@ constexpr std::size_t costPerByte = 10;
 // Twice the size shows what a byte costs without the constants.
 template <typename MakeFile>
 void CheckCost(MakeFile makeFile) {
-    const Cost one = CostOfReading(makeFile(nastySize));
-    const Cost two = CostOfReading(makeFile(2 * nastySize));
-    CHECK(one.bytes <= costPerByte * nastySize + constantCost);
-    CHECK(two.bytes <= costPerByte * nastySize + std::max(one.bytes, constantCost));
-    CHECK(two.seconds < 5);
+    const AllocationCounts one = CostOfReading(makeFile(nastySize));
+    const AllocationCounts two = CostOfReading(makeFile(2 * nastySize));
+    CHECK(one.peakBytes <= costPerByte * nastySize + constantCost);
+    CHECK(two.peakBytes <= costPerByte * nastySize + std::max(one.peakBytes, constantCost));
+    // What is copied again and again would be four times as much.
+    CHECK(two.allBytes <= 3 * std::max(one.allBytes, constantCost));
+    CHECK(two.count <= 3 * std::max<std::size_t>(one.count, 10'000));
 }
 
 } // namespace

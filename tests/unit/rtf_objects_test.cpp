@@ -1,8 +1,8 @@
 // Pictures, links and footnotes that the reader finds in a text.
 #include "common/utf.h"
-#include "formats/rtf_fields.h"
-#include "formats/rtf_limits.h"
-#include "formats/rtf_reader.h"
+#include "formats/rtf/rtf_fields.h"
+#include "formats/rtf/rtf_limits.h"
+#include "formats/rtf/rtf_reader.h"
 #include "tests/document_check.h"
 
 #include <doctest/doctest.h>
@@ -128,6 +128,59 @@ TEST_CASE("rtf fields: a link holds for its result, other fields show theirs") {
         CHECK(document_check::LinkAt(document, i) == links[i]);
 }
 
+TEST_CASE("rtf fields: without a result, what the instruction says") {
+    const struct {
+        std::string instruction, text;
+    } cases[] = {
+        {"SYMBOL 183 \\\\f \"Symbol\" \\\\s 10 \\\\h", "•"},
+        {"SYMBOL 61623 \\\\f Symbol", "•"},
+        {"symbol 0xE0 \\\\f \"Wingdings\"", "→"},
+        {"SYMBOL 8364 \\\\u", "€"},
+        {"SYMBOL 128512 \\\\u \\\\f \"Any\"", "😀"},
+        {"SYMBOL 233", "é"},
+        {"SYMBOL 7", ""},
+        {"SYMBOL 183 \\\\f \"Other Symbols\"", "·"},
+        {"SYMBOL", ""},
+        {"EQ \\\\* jc2 \\\\* \"Font:MS Mincho\" \\\\* hps10 \\\\o\\\\ad(\\\\s\\\\up "
+         "9(\\u12395?\\u12411?),\\u26085?"
+         "\\u26412?)",
+         "日本"},
+        {"EQ \\\\o(a;b)", "b"},
+        {"EQ \\\\f(1,2) + \\\\r(3,x) = \\\\s\\\\do5(y)", "1/2 + √x = y"},
+        {"EQ \\\\b \\\\bc\\\\[ (\\\\f(a\\\\,b,c))", "a,b/c"},
+        {"EQ \\\\o(", ""},
+        {"EQ ))\\\\", "))"},
+        {"QUOTE \"a b\"", "a b"},
+        {"PAGE", ""},
+        {"HYPERLINK \"u\"", ""},
+    };
+    for (const auto& c : cases) {
+        CAPTURE(c.instruction);
+        const std::string field = "{\\field{\\*\\fldinst{" + c.instruction + "}}";
+        CHECK(Utf16ToUtf8(Read("x" + field + "{\\fldrslt}}y").text) == "x" + c.text + "y");
+        CHECK(Utf16ToUtf8(Read("x" + field + "}y").text) == "x" + c.text + "y");
+        CHECK(Utf16ToUtf8(Read("x" + field + "{\\fldrslt{\\b z}}}y").text) == "xzy");
+    }
+}
+
+TEST_CASE("rtf fields: a sign in place of a result has the style around the field") {
+    const Document document =
+        Read("a{\\b{\\field{\\*\\fldinst SYMBOL 183 \\\\f Symbol}{\\fldrslt }}}b");
+    REQUIRE(document.text == u"a\u2022b");
+    CHECK(document_check::CharStyleAt(document, 1).bold);
+    CHECK_FALSE(document_check::CharStyleAt(document, 2).bold);
+}
+
+TEST_CASE("rtf fields: nested ones without a result") {
+    const std::string sign = "{\\field{\\*\\fldinst SYMBOL 183 \\\\f Symbol}{\\fldrslt}}";
+    CHECK(Read("a{\\field{\\*\\fldinst QUOTE c}{\\fldrslt " + sign + "}}b").text == u"a\u2022b");
+    CHECK(Read("a{\\v " + sign + "}{\\*\\unknown " + sign + "}b").text == u"ab");
+    std::string deep;
+    for (int i = 0; i < 600; ++i)
+        deep += "{\\field{\\*\\fldinst QUOTE c}{\\fldrslt ";
+    CHECK(Read(deep).text.size() <= 1);
+}
+
 TEST_CASE("rtf fields: links that follow each other to one place are one") {
     const std::string link = "{\\field{\\*\\fldinst HYPERLINK \"u\"}{\\fldrslt a}}";
     CHECK(Read(link + link).links.size() == 1);
@@ -172,4 +225,13 @@ TEST_CASE("rtf notes: keep their styles and pictures") {
     CHECK(document_check::ParagraphStyleAt(document, 4).alignment == Alignment::Right);
     REQUIRE(document.pictures.size() == 1);
     CHECK(document.pictures[0].position == 3);
+}
+
+TEST_CASE("rtf shapes: text boxes of old word processors are shown where they are anchored") {
+    const std::string box =
+        "{\\*\\do\\dobxpage\\dobypara\\dptxbx\\dptxlrtb{\\dptxbxtext\\pard in{\\b "
+        "side}\\par two\\par}\\dpx10\\dpxsize20}";
+    CHECK(Read("a" + box + "b\\par c").text == u"ainside\vtwo\vb\nc");
+    CHECK(Read("{\\shp{\\*\\shpinst{\\shptxt new}}{\\shprslt" + box + "}}").text == u"new");
+    CHECK(Read("a{\\*\\do\\dpline\\dpx1}b").text == u"ab");
 }

@@ -1,7 +1,7 @@
 // The reader over files of many writers, each with a description beside it: .xml (its tokens) or
 // .txt (its text).
 #include "common/utf.h"
-#include "formats/rtf_reader.h"
+#include "formats/rtf/rtf_reader.h"
 #include "tests/document_check.h"
 #include "tests/unit/golden.h"
 

@@ -1,6 +1,6 @@
 // The styles that the reader gives to text.
-#include "formats/rtf_limits.h"
-#include "formats/rtf_reader.h"
+#include "formats/rtf/rtf_limits.h"
+#include "formats/rtf/rtf_reader.h"
 #include "tests/document_check.h"
 
 #include <doctest/doctest.h>

@@ -1,6 +1,6 @@
 #include "common/utf.h"
-#include "formats/rtf_limits.h"
-#include "formats/rtf_reader.h"
+#include "formats/rtf/rtf_limits.h"
+#include "formats/rtf/rtf_reader.h"
 #include "tests/document_check.h"
 
 #include <doctest/doctest.h>
@@ -136,7 +136,7 @@ TEST_CASE("rtf tables: a row's borders hold for its cells that say nothing") {
     struct {
         std::string body, borders;
     } const cases[] = {
-        {box + row, "LTRB|LTRB|\n"}, // nothing said of inner ones
+        {box + row, "LTRB|LTRB|\n"}, // inner ones unspecified
         {box + "\\trbrdrv\\brdrnone" + row, "LTB|TRB|\n"},
         {box + "\\trbrdrv\\brdrs" + row, "LTRB|LTRB|\n"},
         {box + "\\trbrdrv\\brdrnone\\trbrdrh\\brdrnone" + row + row + row,

@@ -1,6 +1,6 @@
 // What of a file is text, and in which characters.
 #include "common/utf.h"
-#include "formats/rtf_reader.h"
+#include "formats/rtf/rtf_reader.h"
 #include "tests/document_check.h"
 
 #include <doctest/doctest.h>
@@ -175,10 +175,26 @@ TEST_CASE("rtf reader: characters of several bytes in all their spellings") {
     });
 }
 
+TEST_CASE("rtf reader: properties and groups between the halves of a pair") {
+    CheckTexts({
+        {"{\\rtf1\\u-10179\\'3f\\uc0\\u-8704 x}", "😀x"},
+        {"{\\rtf1{\\fonttbl{\\f1 B;}}\\u-10179?\\f1\\b\\u-8704?x}", "😀x"},
+        {"{\\rtf1{\\u-10179?}{\\u-8704?}x}", "😀x"},
+        {"{\\rtf1{\\uc1\\u-10179?}\\pard\\qc{\\i\\uc0\\u-8704}x}", "😀x"},
+        {"{\\rtf1\\u-10179?{\\*\\unknown ab{c}\\tab}\\u-8704?x}", "😀x"},
+        {"{\\rtf1{\\u-10187?}\\loch\\af0\\hich{\\u-8936?}}", "𝔘"},
+        {"{\\rtf1{\\u-10179?}x\\u-8704?}", "\uFFFDx\uFFFD"},
+        {"{\\rtf1{\\u-10179?}\\tab\\u-8704?}", "\uFFFD\t\uFFFD"},
+        {"{\\rtf1{\\u-10179?}}", "\uFFFD"},
+        {"{\\rtf1 a{\\footnote\\u-10179?}\\u-8704?}", "a\uFFFD\n\uFFFD\n"},
+        {"{\\rtf1{\\field{\\*\\fldinst\\u-10179?}{\\fldrslt\\u-8704?x}}}", "\uFFFDx"},
+    });
+}
+
 TEST_CASE("rtf reader: fonts of symbols") {
     const std::string start = "{\\rtf1{\\fonttbl{\\f0 A;}{\\f1\\fcharset2 Symbol;}"
                               "{\\f2\\fcharset2 Wingdings;}{\\f3\\fcharset2 Other;}"
-                              "{\\f4\\fcharset0 Symbol;}}";
+                              "{\\f4\\fcharset0 Symbol;}{\\f5\\fcharset2 Webdings;}}";
     struct {
         std::string_view body, text;
     } const cases[] = {
@@ -186,7 +202,9 @@ TEST_CASE("rtf reader: fonts of symbols") {
         {"{\\f1\\u-3913?\\u8226?\\u61537?}\\u-3913?", "••α\uF0B7"},
         {"{\\f1\\'ff\\'7f\\'20~}", "\uF0FF\uF07F ∼"},
         {"{\\f1 \\{\\\\\\}}", "{∴}"},
-        {"{\\f2 nl\\'a7\\'fcX}a", "■●▪✓\uF058a"},
+        {"{\\f2 nl\\'a7\\'fcX}a", "■●▪✓✠a"},
+        {"{\\f2 MC\\'8c\\'80}", "💣👍❶⓪"},
+        {"{\\f5 4<=an\\'ff}", "⏵⏹⏺✔⚫\uF0FF"},
         {"{\\f3 a\\'b7}", "a·"},
         {"{\\f4 a\\'b7}", "a·"},
         {"{\\pntext\\f1\\'b7\\tab}a", "•\ta"},
@@ -195,6 +213,26 @@ TEST_CASE("rtf reader: fonts of symbols") {
         CAPTURE(c.body);
         CHECK(ReadText(start + std::string(c.body) + "}") == c.text);
     }
+}
+
+TEST_CASE("rtf reader: a sign of a symbol font is in the font of the text around it") {
+    const Document document =
+        ReadRtf("{\\rtf1\\deff2{\\fonttbl{\\f0 A;}{\\f1\\fcharset2 Symbol;}{\\f2 B;}}"
+                "{\\f1 a}\\f0 b\\f1 c\\u8226?\\'ff\\b d\\plain e\\f1\\plain f}",
+                1252);
+    REQUIRE(document.text == u"\u03B1b\u03C7\u2022\uF0FF\u03B4ef");
+    const std::u16string expected[] = {u"B", u"A", u"A", u"A", u"Symbol", u"A", u"B", u"B"};
+    for (TextPos i = 0; i < 8; ++i) {
+        CAPTURE(i);
+        CHECK(document.fonts[document_check::CharStyleAt(document, i).font] == expected[i]);
+    }
+}
+
+TEST_CASE("rtf reader: a symbol font as the default one names no font of text") {
+    const Document document = ReadRtf("{\\rtf1\\deff0{\\fonttbl{\\f0\\fcharset2 Symbol;}}a}", 1252);
+    CHECK(document.text == u"\u03B1");
+    CHECK(document.fonts[0] == u"");
+    CHECK(document_check::CharStyleAt(document, 0).font == 0);
 }
 
 TEST_CASE("rtf reader: font names are read in the font's own characters") {

@@ -1,4 +1,4 @@
-#include "formats/rtf_tokenizer.h"
+#include "formats/rtf/rtf_tokenizer.h"
 
 #include <doctest/doctest.h>
 #include <string>

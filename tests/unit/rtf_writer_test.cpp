@@ -1,5 +1,5 @@
-#include "formats/rtf_reader.h"
-#include "formats/rtf_writer.h"
+#include "formats/rtf/rtf_reader.h"
+#include "formats/rtf/rtf_writer.h"
 #include "tests/document_check.h"
 #include "tests/unit/golden.h"
 
@@ -263,4 +263,17 @@ TEST_CASE("rtf writer: names only the fonts and colours of the stretch") {
     CHECK(rtf.find("One") == rtf.npos);
     CHECK(rtf.find("\\red2") != rtf.npos);
     CHECK(rtf.find("\\red1") == rtf.npos);
+}
+
+TEST_CASE("rtf writer: signs of symbol fonts come back in the same fonts") {
+    const Document document =
+        ReadRtf("{\\rtf1{\\fonttbl{\\f0 A;}{\\f1\\fcharset2 Symbol;}{\\f2\\fcharset2 Wingdings;}}"
+                "a{\\f1 b\\'b7\\'ff}{\\f2 CP\\'a2}c}",
+                1252);
+    const Document again = ReadAgain(document, 0, -1);
+    CHECK(again.text == u"a\u03B2\u2022\uF0FF\U0001F44D\U0001F3F1\uF0A2c");
+    CHECK(again.text == document.text);
+    for (TextPos i = 0; i < TextPos(document.text.size()); ++i)
+        CHECK(again.fonts[document_check::CharStyleAt(again, i).font] ==
+              document.fonts[document_check::CharStyleAt(document, i).font]);
 }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "common/line_ends.h"
-#include "formats/plain_text_source.h"
+#include "formats/plain/plain_text_source.h"
 
 #include <memory>
 #include <random>

@@ -1,9 +1,9 @@
 #include "platform/qt/text_view/qt_text_view.h"
 
 #include "common/line_ends.h"
-#include "formats/plain_text_source.h"
-#include "formats/rtf_reader.h"
-#include "formats/rtf_writer.h"
+#include "formats/plain/plain_text_source.h"
+#include "formats/rtf/rtf_reader.h"
+#include "formats/rtf/rtf_writer.h"
 #include "platform/qt/text_view/long_work.h"
 #include "platform/qt/text_view/text_widget.h"
 

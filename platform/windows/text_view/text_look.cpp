@@ -1,6 +1,6 @@
 #include "platform/windows/text_view/text_look.h"
 
-#include "formats/rtf_writer.h"
+#include "formats/rtf/rtf_writer.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,8 +2,8 @@
 
 #include "common/find_text.h"
 #include "common/line_ends.h"
-#include "formats/rtf_reader.h"
-#include "formats/rtf_writer.h"
+#include "formats/rtf/rtf_reader.h"
+#include "formats/rtf/rtf_writer.h"
 #include "platform/windows/text_view/control_text.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "tests/contract/whole_view/held.h"
 
 #include "common/line_ends.h"
-#include "formats/plain_text_source.h"
+#include "formats/plain/plain_text_source.h"
 
 #include <doctest/doctest.h>
 

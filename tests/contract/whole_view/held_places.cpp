@@ -1,7 +1,7 @@
 // Lines and places, compared.
 #include "tests/contract/whole_view/held.h"
 
-#include "formats/rtf_reader.h"
+#include "formats/rtf/rtf_reader.h"
 
 #include <doctest/doctest.h>
 

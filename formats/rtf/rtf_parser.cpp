@@ -1,0 +1,196 @@
+#include "formats/rtf/rtf_parser.h"
+
+#include "formats/codepages/code_pages.h"
+
+#include <algorithm>
+#include <utility>
+
+RtfParser::RtfParser(std::string_view bytes, int systemCodePage)
+    : tokenizer_(bytes), codePage_(systemCodePage) {
+    // A file's text is mostly less than half of it; growing to the rest costs one copy.
+    body_.text.reserve(bytes.size() / 2);
+}
+
+Document RtfParser::Parse() {
+    RtfToken token = tokenizer_.Next();
+    while (token.kind != RtfToken::Kind::End && token.kind != RtfToken::Kind::GroupStart)
+        token = tokenizer_.Next();
+    stack_.emplace_back();
+    for (token = tokenizer_.Next(); token.kind != RtfToken::Kind::End && !stack_.empty();
+         token = tokenizer_.Next())
+        HandleToken(token);
+    if (!stack_.empty()) CloseAllGroups();
+    return ReleaseDocument();
+}
+
+void RtfParser::HandleToken(const RtfToken& token) {
+    using Kind = RtfToken::Kind;
+    const bool isStarred = std::exchange(isStarred_, false);
+    switch (token.kind) {
+    case Kind::Text: return HandleText(token.text);
+    case Kind::Hex: return HandleHexByte(token.byte);
+    case Kind::Word: return HandleWord(token, isStarred);
+    case Kind::Symbol: return HandleSymbol(token.byte);
+    case Kind::GroupStart: return OpenGroup();
+    case Kind::GroupEnd: return CloseGroup();
+    case Kind::Binary:
+        if (!SkipsFallback() && State().destination == RtfDestination::Picture)
+            picture_.AddBytes(token.text);
+        return;
+    case Kind::End: return;
+    }
+}
+
+void RtfParser::OpenGroup() {
+    FinishBytes();
+    fallbackLeft_ = 0;
+    if (stack_.size() == maxRtfDepth) {
+        ++sharedDepth_;
+        return;
+    }
+    stack_.push_back(State());
+    State().opensDestination = false;
+}
+
+void RtfParser::CloseGroup() {
+    FinishBytes();
+    fallbackLeft_ = 0;
+    if (sharedDepth_ > 0) {
+        --sharedDepth_;
+        return;
+    }
+    AddFieldText();
+    if (State().opensDestination || stack_.size() == 1) FinishCharacter();
+    if (stack_.size() == 1) FinishStories();
+    const RtfState ended = std::move(State());
+    stack_.pop_back();
+    if (ended.opensDestination && !stack_.empty()) EndDestination(ended);
+}
+
+void RtfParser::CloseAllGroups() {
+    sharedDepth_ = 0;
+    if (!State().inNote)
+        stack_.front().paragraph = State().paragraph; // of the unfinished paragraph
+    while (!stack_.empty())
+        CloseGroup();
+}
+
+void RtfParser::FinishStories() {
+    const std::uint32_t style = ParagraphStyleNow();
+    rows_.EndText(body_);
+    if (!notes_.text.empty()) {
+        if (!body_.AtParagraphStart()) body_.EndParagraph(u'\n', CharStyleNow(), style);
+        body_.Append(std::move(notes_));
+    }
+    body_.EndLastParagraph(style);
+}
+
+Document RtfParser::ReleaseDocument() {
+    Document document;
+    body_.text.shrink_to_fit();
+    document.text = std::move(body_.text);
+    document.charRuns = std::move(body_.charRuns);
+    document.paragraphRuns = std::move(body_.paragraphRuns);
+    document.pictures = std::move(body_.pictures);
+    document.fonts = fonts_.ReleaseNames();
+    document.charStyles = charStyles_.Release();
+    document.paragraphStyles = paragraphStyles_.Release();
+    document.links = std::move(links_);
+    document.rows = rows_.ReleaseRows();
+    document.defaultTab = defaultTab_;
+    return document;
+}
+
+void RtfParser::HandleWord(const RtfToken& token, bool isStarred) {
+    if (State().destination == RtfDestination::Skip) return;
+    const RtfWordEntry* entry = FindRtfWord(token.text);
+    FinishBytes();
+    if (isStarred && (!entry || entry->family != RtfFamily::Destination))
+        return EnterDestination(RtfDestination::Skip);
+    if (entry) HandleKnownWord(*entry, token);
+}
+
+void RtfParser::HandleKnownWord(const RtfWordEntry& entry, const RtfToken& token) {
+    const std::int32_t parameter = token.parameter;
+    const RtfDestination destination = State().destination;
+    switch (entry.family) {
+    case RtfFamily::Destination: EnterDestination(static_cast<RtfDestination>(entry.value)); break;
+    case RtfFamily::Literal: HandleLiteral(static_cast<char16_t>(entry.value)); break;
+    case RtfFamily::Break: HandleBreak(entry.word); break;
+    case RtfFamily::Character:
+        if (destination == RtfDestination::Fonts) return HandleFontWord(entry, parameter);
+        ApplyCharacterWord(State(), entry, token.hasParameter, parameter, fonts_, colors_);
+        break;
+    case RtfFamily::Paragraph:
+        ApplyParagraphWord(State(), entry, token.hasParameter, parameter);
+        break;
+    case RtfFamily::Row:
+        if (destination == RtfDestination::Body && MayHoldTable())
+            rows_.definition.Apply(entry, parameter, colors_);
+        break;
+    case RtfFamily::Picture:
+        if (destination == RtfDestination::Picture) picture_.Apply(entry, parameter);
+        break;
+    case RtfFamily::FontTable: HandleFontWord(entry, parameter); break;
+    case RtfFamily::ColorTable: HandleColorWord(entry, parameter); break;
+    case RtfFamily::Document: HandleDocumentWord(entry, parameter); break;
+    case RtfFamily::Unicode:
+        if (entry.word == RtfWord::FallbackLength)
+            State().fallbackLength = std::max(0, parameter);
+        else
+            HandleUnicode(parameter);
+        break;
+    }
+}
+
+void RtfParser::HandleDocumentWord(const RtfWordEntry& entry, std::int32_t parameter) {
+    switch (entry.word) {
+    case RtfWord::CharacterSet:
+        if (entry.value != 0) codePage_ = entry.value;
+        break;
+    case RtfWord::AnsiCodePage:
+        if (HasCodePage(parameter)) codePage_ = parameter;
+        break;
+    case RtfWord::DefaultFont: fonts_.SetDefault(parameter); break;
+    case RtfWord::DefaultTab:
+        if (parameter > 0) defaultTab_ = std::min(parameter, maxRtfTwips);
+        break;
+    default: break;
+    }
+}
+
+void RtfParser::HandleFontWord(const RtfWordEntry& entry, std::int32_t parameter) {
+    if (State().destination != RtfDestination::Fonts) return;
+    switch (entry.word) {
+    case RtfWord::Font: fonts_.Begin(parameter); break;
+    case RtfWord::FontCharset: fonts_.SetCharset(parameter); break;
+    case RtfWord::FontCodePage: fonts_.SetCodePage(parameter); break;
+    default: break;
+    }
+}
+
+void RtfParser::HandleColorWord(const RtfWordEntry& entry, std::int32_t parameter) {
+    if (State().destination != RtfDestination::Colors) return;
+    switch (entry.word) {
+    case RtfWord::Red: colors_.SetComponent(0, parameter); break;
+    case RtfWord::Green: colors_.SetComponent(8, parameter); break;
+    case RtfWord::Blue: colors_.SetComponent(16, parameter); break;
+    default: break;
+    }
+}
+
+void RtfParser::HandleSymbol(unsigned char symbol) {
+    switch (symbol) {
+    // These may be the second byte of a character.
+    case '\\':
+    case '{':
+    case '}': return HandleHexByte(symbol);
+    case '*': isStarred_ = true; return;
+    case '\n': return HandleBreak(RtfWord::EndParagraph);
+    case '\t': return HandleLiteral(u'\t');
+    case '~': return HandleLiteral(u'\u00A0');
+    case '-': return HandleLiteral(u'\u00AD');
+    case '_': return HandleLiteral(u'\u2011');
+    default: return;
+    }
+}

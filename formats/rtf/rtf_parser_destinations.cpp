@@ -1,0 +1,114 @@
+#include "formats/rtf/rtf_parser.h"
+
+#include "formats/rtf/rtf_field_text.h"
+#include "formats/rtf/rtf_fields.h"
+
+#include <utility>
+
+void RtfParser::EnterDestination(RtfDestination destination) {
+    RtfState& state = State();
+    const auto leave = [&state](RtfDestination left) {
+        if (state.destination == left) state.destination = state.outer;
+    };
+    switch (destination) {
+    case RtfDestination::UnicodeHalf: return leave(RtfDestination::AnsiHalf);
+    case RtfDestination::Transparent: return;
+    default: break;
+    }
+    // What is for other readers leads nowhere.
+    if (state.destination == RtfDestination::AnsiHalf) return;
+    if (destination != RtfDestination::Skip) FinishCharacter();
+    switch (destination) {
+    case RtfDestination::Note: return EnterNote();
+    case RtfDestination::ObjectResult: return leave(RtfDestination::Object);
+    case RtfDestination::ShapeText:
+        leave(RtfDestination::Shape);
+        state.inShape = true;
+        return;
+    case RtfDestination::ShapePropertyValue:
+        if (shapeProperty_ == u"pib") return leave(RtfDestination::Shape);
+        state.destination = RtfDestination::Skip;
+        return;
+    case RtfDestination::FieldResult:
+        if (state.fieldLink != 0) state.chars.link = state.fieldLink;
+        state.fieldLink = 0;
+        return;
+    case RtfDestination::FallbackPicture:
+        if (Story().text.ends_with(u'\uFFFC')) state.destination = RtfDestination::Skip;
+        return;
+    default: return EnterNested(destination);
+    }
+}
+
+void RtfParser::EnterNested(RtfDestination destination) {
+    RtfState& state = State();
+    if (state.destination != destination) state.outer = state.destination;
+    state.destination = destination;
+    state.opensDestination = true;
+    switch (destination) {
+    case RtfDestination::Picture: picture_.Begin(); break;
+    case RtfDestination::FieldInstruction: fieldInstruction_.clear(); break;
+    case RtfDestination::ShapePropertyName: shapeProperty_.clear(); break;
+    default: break;
+    }
+}
+
+void RtfParser::EnterNote() {
+    RtfState& state = State();
+    if (state.destination != RtfDestination::Body || state.inNote) return;
+    state.opensDestination = true;
+    state.inNote = true;
+    state.inShape = false;
+    ++noteCount_;
+}
+
+void RtfParser::EndDestination(const RtfState& ended) {
+    switch (ended.destination) {
+    case RtfDestination::Fonts: fonts_.End(); break;
+    case RtfDestination::FieldInstruction: EndField(); break;
+    case RtfDestination::Picture: EndPicture(ended); break;
+    default: break;
+    }
+    if (ended.inNote && !State().inNote) EndNote(ended);
+}
+
+void RtfParser::EndField() {
+    // Of the innermost field at each depth the last instruction counts.
+    while (!fieldTexts_.empty() && fieldTexts_.back().depth >= stack_.size())
+        fieldTexts_.pop_back();
+    if (IsShown() && sharedDepth_ == 0)
+        if (std::u16string text = TextOfField(fieldInstruction_); !text.empty())
+            fieldTexts_.push_back({std::move(text), stack_.size(), Story().Size()});
+    const std::u16string address = LinkOfField(fieldInstruction_);
+    // Many fields in a row lead to one place: one for each style of a link's text.
+    const bool isNew = !address.empty() && (links_.empty() || links_.back() != address);
+    if (isNew && links_.size() < maxRtfLinks) links_.push_back(address);
+    const bool isKnown = !address.empty() && links_.back() == address;
+    State().fieldLink = isKnown ? static_cast<std::uint16_t>(links_.size()) : std::uint16_t{0};
+}
+
+// At the end of a field whose result is empty or left out.
+void RtfParser::AddFieldText() {
+    if (fieldTexts_.empty() || fieldTexts_.back().depth != stack_.size()) return;
+    const FieldText field = std::move(fieldTexts_.back());
+    fieldTexts_.pop_back();
+    if (Story().Size() != field.resultStart || !IsShown()) return;
+    for (const char16_t unit : field.text)
+        AddUnit(unit);
+}
+
+void RtfParser::EndNote(const RtfState& ended) {
+    if (notes_.AtParagraphStart()) return;
+    notes_.EndParagraph(u'\n', charStyles_.IndexOf(ended.chars),
+                        paragraphStyles_.IndexOf(ended.paragraph));
+}
+
+void RtfParser::EndPicture(const RtfState& ended) {
+    const bool isShown = ended.outer == RtfDestination::Body && !ended.isHidden;
+    if (!isShown || body_.pictures.size() + notes_.pictures.size() >= maxRtfPictures) return;
+    RtfStory& story = ended.inNote ? notes_ : body_;
+    story.UseCharStyle(charStyles_.IndexOf(ended.chars));
+    Picture& picture = story.pictures.emplace_back(picture_.Release());
+    picture.position = story.Size();
+    story.text.push_back(u'\uFFFC');
+}

@@ -1,0 +1,204 @@
+#include "formats/rtf/rtf_parser.h"
+
+#include "common/decode_pieces.h"
+#include "common/utf.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+int RtfParser::CodePageOfText() const {
+    int page = 0;
+    if (State().destination == RtfDestination::Fonts)
+        page = fonts_.CodePageOfName();
+    else if (const RtfFont* font = FontOfText())
+        page = font->codePage;
+    return page != 0 ? page : codePage_;
+}
+
+RtfSymbolSet RtfParser::SymbolsOfText() const {
+    const RtfFont* const font =
+        State().destination == RtfDestination::Body ? FontOfText() : nullptr;
+    return font ? font->symbols : RtfSymbolSet::None;
+}
+
+// Where text of the current group is appended; nullptr when it is discarded.
+std::u16string* RtfParser::Sink() {
+    switch (State().destination) {
+    case RtfDestination::Body:
+        if (State().isHidden) return nullptr;
+        Story().UseCharStyle(CharStyleNow());
+        return &Story().text;
+    case RtfDestination::Fonts: return &fonts_.Name();
+    case RtfDestination::FieldInstruction: return &fieldInstruction_;
+    case RtfDestination::ShapePropertyName: return &shapeProperty_;
+    default: return nullptr;
+    }
+}
+
+bool RtfParser::SkipsFallback() {
+    if (fallbackLeft_ == 0) return false;
+    --fallbackLeft_;
+    return true;
+}
+
+void RtfParser::HandleText(std::string_view bytes) {
+    const auto skipped = std::min(bytes.size(), static_cast<std::size_t>(fallbackLeft_));
+    fallbackLeft_ -= static_cast<std::int32_t>(skipped);
+    bytes.remove_prefix(skipped);
+    if (bytes.empty()) return;
+    switch (State().destination) {
+    case RtfDestination::Picture: return picture_.AddHex(bytes);
+    case RtfDestination::Colors:
+        for (auto ends = std::count(bytes.begin(), bytes.end(), ';'); ends > 0; --ends)
+            colors_.EndColor();
+        return;
+    default: return AddBytes(bytes);
+    }
+}
+
+void RtfParser::HandleHexByte(unsigned char byte) {
+    if (SkipsFallback()) return;
+    const char c = static_cast<char>(byte);
+    if (byte >= 0x20)
+        AddBytes({&c, 1});
+    else if (c == '\t')
+        AddUnit(u'\t');
+}
+
+void RtfParser::HandleLiteral(char16_t unit) {
+    if (SkipsFallback()) return;
+    FinishCharacter();
+    AddUnit(unit);
+}
+
+void RtfParser::AddBytes(std::string_view bytes) {
+    std::u16string* const sink = Sink();
+    if (!sink) return;
+    if (std::exchange(highSurrogate_, 0)) sink->push_back(u'\uFFFD');
+    const bool isBody = State().destination == RtfDestination::Body;
+    if (!isBody)
+        bytes = bytes.substr(0, maxRtfFieldLength - std::min(maxRtfFieldLength, sink->size()));
+    if (const RtfSymbolSet symbols = SymbolsOfText(); symbols != RtfSymbolSet::None) {
+        for (const char c : bytes)
+            AddSymbol(static_cast<unsigned char>(c));
+        return;
+    }
+    decoder_.Decode(CodePageOfText(), bytes, *sink);
+    if (State().destination == RtfDestination::Fonts) fonts_.EndNames();
+}
+
+void RtfParser::AddUnit(char16_t unit) {
+    std::u16string* const sink = Sink();
+    if (!sink) return;
+    if (State().destination != RtfDestination::Body && sink->size() >= maxRtfFieldLength) return;
+    sink->push_back(unit);
+    if (State().destination == RtfDestination::Fonts) fonts_.EndNames();
+}
+
+// A character that Unicode has is in the font of the surrounding text (the state's style), others
+// are in the symbol font.
+void RtfParser::AddSymbol(unsigned char byte) {
+    const char32_t sign = SymbolOfByte(SymbolsOfText(), byte);
+    const bool isPrivateUse = sign < 0x10000 && IsSymbolFontUnit(static_cast<char16_t>(sign));
+    const std::uint16_t textFont = State().chars.font;
+    if (isPrivateUse) State().chars.font = FontOfText()->index;
+    char16_t units[2];
+    for (const char16_t *unit = units, *const end = PutUtf16(sign, units); unit != end; ++unit)
+        AddUnit(*unit);
+    State().chars.font = textFont;
+}
+
+// Before whatever cannot be a byte of the same character.
+void RtfParser::FinishBytes() {
+    if (!decoder_.IsPending()) return;
+    if (std::u16string* const sink = Sink()) decoder_.Flush(*sink);
+}
+
+// Before whatever cannot be a character's next part. Between the halves of a pair may be properties
+// and groups, but no text.
+void RtfParser::FinishCharacter() {
+    FinishBytes();
+    if (State().destination == RtfDestination::Skip) return;
+    if (std::exchange(highSurrogate_, 0)) AddUnit(u'\uFFFD');
+}
+
+void RtfParser::HandleUnicode(std::int32_t parameter) {
+    fallbackLeft_ = State().fallbackLength;
+    // Writers give a unit as it is or as a signed 16-bit number, some a character beyond the BMP.
+    if (parameter < 0x10000) return HandleUnicodeUnit(static_cast<char16_t>(parameter & 0xFFFF));
+    if (parameter > 0x10FFFF) return HandleUnicodeUnit(u'\uFFFD');
+    const auto character = static_cast<char32_t>(parameter);
+    HandleUnicodeUnit(HighSurrogateOf(character));
+    HandleUnicodeUnit(LowSurrogateOf(character));
+}
+
+void RtfParser::HandleUnicodeUnit(char16_t unit) {
+    if (IsLowSurrogate(unit) && highSurrogate_ != 0) {
+        AddUnit(std::exchange(highSurrogate_, 0));
+        return AddUnit(unit);
+    }
+    FinishCharacter();
+    if (IsHighSurrogate(unit))
+        highSurrogate_ = unit;
+    else if (IsLowSurrogate(unit) || unit == u'\uFFFC')
+        AddUnit(u'\uFFFD'); // nothing of its own, or what stands for a picture
+    else if (unit == u'\n' || unit == u'\r' || unit == u'\v')
+        AddUnit(u'\v');
+    else if (IsSymbolFontUnit(unit) && SymbolsOfText() != RtfSymbolSet::None)
+        AddSymbol(static_cast<unsigned char>(unit & 0xFF));
+    else if (unit >= 0x20 || unit == u'\t')
+        AddUnit(unit);
+}
+
+void RtfParser::HandleBreak(RtfWord word) {
+    FinishCharacter();
+    const RtfDestination destination = State().destination;
+    const bool isRowEnd =
+        destination == RtfDestination::NestedRowProperties && word == RtfWord::EndNestedRow;
+    if (destination != RtfDestination::Body && !isRowEnd) return;
+    switch (word) {
+    case RtfWord::EndParagraph: return EndParagraph();
+    case RtfWord::EndPage:
+        if (!Story().AtParagraphStart()) EndParagraph();
+        return;
+    case RtfWord::BreakLine: return AddUnit(u'\v');
+    case RtfWord::EndCell: return EndCell();
+    case RtfWord::EndRow: return EndRow();
+    case RtfWord::EndNestedCell: return AddUnit(u'\t');
+    case RtfWord::EndNestedRow: return EndNestedRow();
+    case RtfWord::NoteNumber: return AddNoteNumber();
+    default: return;
+    }
+}
+
+void RtfParser::EndParagraph() {
+    if (State().isHidden) return;
+    if (State().inShape) return AddUnit(u'\v');
+    if (!State().inNote) rows_.BeforeParagraphEnd(body_, State().inTable);
+    Story().EndParagraph(u'\n', CharStyleNow(), ParagraphStyleNow());
+}
+
+void RtfParser::EndCell() {
+    if (!MayHoldTable()) return AddUnit(u'\t');
+    rows_.EndCell(body_, CharStyleNow(), ParagraphStyleNow());
+}
+
+void RtfParser::EndRow() {
+    if (MayHoldTable()) return rows_.EndRow(body_, CharStyleNow(), ParagraphStyleNow());
+    if (!Story().AtParagraphStart()) EndParagraph();
+}
+
+// A row inside a cell is a paragraph of that cell, its own cells are separated by tabs.
+void RtfParser::EndNestedRow() {
+    RtfStory& story = Story();
+    if (story.AtParagraphStart()) return;
+    if (story.text.back() == u'\t') story.text.pop_back();
+    EndParagraph();
+}
+
+void RtfParser::AddNoteNumber() {
+    const std::size_t number = State().inNote ? noteCount_ : noteCount_ + 1;
+    for (const char digit : std::to_string(number))
+        AddUnit(static_cast<char16_t>(digit));
+}

@@ -1,0 +1,28 @@
+// What a group of rich text has of its own: it begins with what holds around it, and ends with it.
+#pragma once
+
+#include "formats/document.h"
+#include "formats/rtf/rtf_fonts.h"
+#include "formats/rtf/rtf_words.h"
+
+struct RtfState {
+    CharStyle chars; // with the last font of text, not of symbols
+    bool isHidden = false;
+    const RtfFont* font = nullptr; // nullptr for the default one
+    ParagraphStyle paragraph;
+    bool inTable = false;
+
+    RtfDestination destination = RtfDestination::Body;
+    RtfDestination outer = RtfDestination::Body; // around this one
+    bool opensDestination = false;               // the destination ends with this group
+    bool inNote = false, inShape = false;
+    std::int32_t fallbackLength = 1; // \uc: bytes after a \u that other readers show
+    std::uint16_t fieldLink = 0;     // for the field's result
+};
+
+// Apply a control word with its parameter to the style; no parameter means on.
+void ApplyCharacterWord(RtfState& state, const RtfWordEntry& entry, bool hasParameter,
+                        std::int32_t parameter, const RtfFontTable& fonts,
+                        const RtfColorTable& colors);
+void ApplyParagraphWord(RtfState& state, const RtfWordEntry& entry, bool hasParameter,
+                        std::int32_t parameter);

@@ -1,0 +1,136 @@
+#include "formats/rtf/rtf_tokenizer.h"
+
+#include <array>
+#include <limits>
+
+namespace {
+
+using Kind = RtfToken::Kind;
+
+constexpr bool IsLetter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+constexpr bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// Which bytes end a stretch of text: what has a meaning, and control bytes, which have none.
+constexpr auto endsText = [] {
+    std::array<bool, 256> table{};
+    for (std::size_t i = 0; i < 0x20; ++i)
+        table[i] = true;
+    table['\\'] = table['{'] = table['}'] = true;
+    return table;
+}();
+
+constexpr auto hexDigits = [] {
+    std::array<signed char, 256> table{};
+    for (auto& value : table)
+        value = -1;
+    for (std::size_t i = 0; i < 10; ++i)
+        table['0' + i] = static_cast<signed char>(i);
+    for (std::size_t i = 0; i < 6; ++i)
+        table['a' + i] = table['A' + i] = static_cast<signed char>(10 + i);
+    return table;
+}();
+
+RtfToken SymbolToken(char c) {
+    RtfToken token;
+    token.kind = Kind::Symbol;
+    token.byte = static_cast<unsigned char>(c);
+    return token;
+}
+
+} // namespace
+
+int HexDigit(unsigned char byte) {
+    return hexDigits[byte];
+}
+
+RtfToken RtfTokenizer::Next() {
+    while (at_ != end_) {
+        const char c = *at_;
+        if (!endsText[static_cast<unsigned char>(c)]) return ReadText();
+        ++at_;
+        RtfToken token;
+        switch (c) {
+        case '{': token.kind = Kind::GroupStart; return token;
+        case '}': token.kind = Kind::GroupEnd; return token;
+        case '\\': return ReadControl();
+        case '\t': return SymbolToken(c);
+        default: break; // line ends are layout of the file; other control bytes mean nothing
+        }
+    }
+    return {};
+}
+
+RtfToken RtfTokenizer::ReadText() {
+    const char* start = at_;
+    while (at_ != end_ && !endsText[static_cast<unsigned char>(*at_)])
+        ++at_;
+    RtfToken token;
+    token.kind = Kind::Text;
+    token.text = {start, static_cast<std::size_t>(at_ - start)};
+    return token;
+}
+
+RtfToken RtfTokenizer::ReadControl() {
+    if (at_ == end_) return {};
+    if (IsLetter(*at_)) return ReadWord();
+    const char c = *at_++;
+    if (c == '\'') return ReadHex();
+    if (c == '\r') {
+        if (at_ != end_ && *at_ == '\n') ++at_;
+        return SymbolToken('\n');
+    }
+    return SymbolToken(c);
+}
+
+RtfToken RtfTokenizer::ReadHex() {
+    RtfToken token;
+    token.kind = Kind::Hex;
+    for (int digits = 0; digits < 2; ++digits) {
+        const int value = at_ == end_ ? -1 : HexDigit(static_cast<unsigned char>(*at_));
+        if (value < 0)
+            return SymbolToken('\''); // has no meaning; what follows is read as it stands
+        token.byte = static_cast<unsigned char>(token.byte << 4 | value);
+        ++at_;
+    }
+    return token;
+}
+
+RtfToken RtfTokenizer::ReadWord() {
+    const char* start = at_;
+    while (at_ != end_ && IsLetter(*at_))
+        ++at_;
+    RtfToken token;
+    token.kind = Kind::Word;
+    token.text = {start, static_cast<std::size_t>(at_ - start)};
+    ReadParameter(token);
+    if (at_ != end_ && *at_ == ' ') ++at_; // one blank belongs to the word
+    if (token.text == "bin") return ReadBinary(token.parameter);
+    return token;
+}
+
+void RtfTokenizer::ReadParameter(RtfToken& token) {
+    const bool negative = end_ - at_ >= 2 && *at_ == '-' && IsDigit(at_[1]);
+    if (negative) ++at_;
+    std::int64_t value = 0;
+    for (; at_ != end_ && IsDigit(*at_); ++at_) {
+        token.hasParameter = true;
+        value = value * 10 + (*at_ - '0');
+        if (value > std::numeric_limits<std::int32_t>::max())
+            value = std::numeric_limits<std::int32_t>::max();
+    }
+    token.parameter = static_cast<std::int32_t>(negative ? -value : value);
+}
+
+RtfToken RtfTokenizer::ReadBinary(std::int32_t length) {
+    const auto left = static_cast<std::size_t>(end_ - at_);
+    const auto size = length < 0 ? 0 : static_cast<std::size_t>(length);
+    RtfToken token;
+    token.kind = Kind::Binary;
+    token.text = {at_, size < left ? size : left};
+    at_ += token.text.size();
+    return token;
+}

@@ -1,0 +1,243 @@
+#include "formats/rtf/rtf_words.h"
+
+#include "formats/document.h"
+
+#include <array>
+#include <cstddef>
+
+namespace {
+
+using D = RtfDestination;
+using F = RtfFamily;
+using W = RtfWord;
+
+// Words that do the same.
+struct WordGroup {
+    std::string_view names; // separated by blanks
+    RtfFamily family;
+    RtfWord word = W::None;
+    std::int32_t value = 0;
+};
+
+template <typename Enum>
+constexpr WordGroup Valued(std::string_view names, RtfFamily family, RtfWord word, Enum value) {
+    return {names, family, word, static_cast<std::int32_t>(value)};
+}
+
+constexpr WordGroup To(RtfDestination destination, std::string_view names) {
+    return Valued(names, F::Destination, W::None, destination);
+}
+
+constexpr WordGroup Literal(std::string_view name, char16_t unit) {
+    return Valued(name, F::Literal, W::None, unit);
+}
+
+constexpr WordGroup wordGroups[] = {
+    To(D::Fonts, "fonttbl"),
+    To(D::Colors, "colortbl"),
+    To(D::Picture, "pict"),
+    To(D::FieldInstruction, "fldinst"),
+    To(D::FieldResult, "fldrslt"),
+    To(D::AnsiHalf, "upr"),
+    To(D::Object, "object"),
+    To(D::UnicodeHalf, "ud"),
+    To(D::ObjectResult, "result"),
+    To(D::Shape, "do shpinst"),
+    To(D::ShapeText, "dptxbxtext shptxt"),
+    To(D::ShapePropertyName, "sn"),
+    To(D::ShapePropertyValue, "sv"),
+    To(D::FallbackPicture, "nonshppict"),
+    To(D::NestedRowProperties, "nesttableprops"),
+    To(D::Note, "footnote"),
+    To(D::Transparent, "field listtext pntext rtf shp shppict sp"),
+    // Unknown destinations marked \* are skipped anyway; some writers forget the mark.
+    To(D::Skip,
+       "aftncn aftnsep aftnsepc annotation atnauthor atndate atnicn atnid atnparent atnref atntime "
+       "atrfend atrfstart author bkmkend bkmkstart blipuid buptim category colorschememapping "
+       "comment company creatim datastore doccomm docvar falt filetbl fldtype "
+       "fontemb "
+       "fontfile footer footerf footerl footerr ftncn ftnsep ftnsepc generator header headerf "
+       "headerl headerr hlinkbase info keycode keywords latentstyles listoverridetable listpicture "
+       "listtable manager mmathPr nonesttables objalias objclass objdata objname objtime operator "
+       "panose passwordhash pgdsctbl pgptbl picprop pn pnseclvl pntxta pntxtb printim private "
+       "protusertbl revtbl revtim rsidtbl rxe shprslt stylesheet subject tc tcn template themedata "
+       "title txe userprops wgrffmtfilter xe xmlnstbl"),
+
+    Literal("tab", u'\t'),
+    Literal("emspace", u'\u2003'),
+    Literal("enspace", u'\u2002'),
+    Literal("qmspace", u'\u2005'),
+    Literal("endash", u'\u2013'),
+    Literal("emdash", u'\u2014'),
+    Literal("lquote", u'\u2018'),
+    Literal("rquote", u'\u2019'),
+    Literal("ldblquote", u'\u201C'),
+    Literal("rdblquote", u'\u201D'),
+    Literal("bullet", u'\u2022'),
+    Literal("zwbo", u'\u200B'),
+    Literal("zwnj", u'\u200C'),
+    Literal("zwj", u'\u200D'),
+    Literal("ltrmark", u'\u200E'),
+    Literal("rtlmark", u'\u200F'),
+    Literal("zwnbo", u'\u2060'),
+
+    {"par", F::Break, W::EndParagraph},
+    {"column page sect", F::Break, W::EndPage},
+    {"lbr line", F::Break, W::BreakLine},
+    {"cell", F::Break, W::EndCell},
+    {"row", F::Break, W::EndRow},
+    {"nestcell", F::Break, W::EndNestedCell},
+    {"nestrow", F::Break, W::EndNestedRow},
+    {"chftn", F::Break, W::NoteNumber},
+
+    {"plain", F::Character, W::Plain},
+    {"b", F::Character, W::Bold},
+    {"i", F::Character, W::Italic},
+    {"ul uld uldash uldashd uldashdd uldb ulhair ulhwave ulldash ulth ulthd ulthdash ulthdashd "
+     "ulthdashdd ulthldash ululdbwave ulw ulwave",
+     F::Character, W::Underline},
+    {"ulnone", F::Character, W::NoUnderline},
+    {"strike striked", F::Character, W::Strike},
+    Valued("caps", F::Character, W::Capitals, Capitals::All),
+    Valued("scaps", F::Character, W::Capitals, Capitals::Small),
+    {"deleted v", F::Character, W::Hidden},
+    {"super", F::Character, W::Superscript},
+    {"sub", F::Character, W::Subscript},
+    {"nosupersub", F::Character, W::NormalScript},
+    {"up", F::Character, W::Raised},
+    {"dn", F::Character, W::Lowered},
+    {"f", F::Character, W::Font},
+    {"fs", F::Character, W::FontSize},
+    {"cf", F::Character, W::Foreground},
+    {"cb chcbpat highlight", F::Character, W::Background},
+    {"ltrch", F::Character, W::RunDirection, 0},
+    {"rtlch", F::Character, W::RunDirection, 1},
+
+    {"pard", F::Paragraph, W::ParagraphDefaults},
+    Valued("ql", F::Paragraph, W::Align, Alignment::Left),
+    Valued("qr", F::Paragraph, W::Align, Alignment::Right),
+    Valued("qc", F::Paragraph, W::Align, Alignment::Center),
+    Valued("qd qj qk qt", F::Paragraph, W::Align, Alignment::Justified),
+    {"li", F::Paragraph, W::LeftIndent},
+    {"ri", F::Paragraph, W::RightIndent},
+    {"fi", F::Paragraph, W::FirstLineIndent},
+    {"sb", F::Paragraph, W::SpaceBefore},
+    {"sa", F::Paragraph, W::SpaceAfter},
+    {"sl", F::Paragraph, W::LineSpacing},
+    {"slmult", F::Paragraph, W::LineSpacingIsMultiple},
+    {"ltrpar", F::Paragraph, W::ParagraphDirection, 0},
+    {"rtlpar", F::Paragraph, W::ParagraphDirection, 1},
+    {"tx", F::Paragraph, W::TabStop},
+    {"intbl", F::Paragraph, W::InTable},
+
+    {"trowd", F::Row, W::RowDefaults},
+    {"cellx", F::Row, W::CellRightEdge},
+    {"trleft", F::Row, W::RowLeftEdge},
+    {"trgaph trpaddl", F::Row, W::CellGap},
+    {"clmrg", F::Row, W::MergedLeft},
+    {"clvmrg", F::Row, W::MergedAbove},
+    {"clcbpat", F::Row, W::CellBackground},
+    {"ltrrow", F::Row, W::RowDirection, 0},
+    {"rtlrow", F::Row, W::RowDirection, 1},
+    Valued("clbrdrl", F::Row, W::BorderSide, RowBorder::Left),
+    Valued("clbrdrt", F::Row, W::BorderSide, RowBorder::Top),
+    Valued("clbrdrr", F::Row, W::BorderSide, RowBorder::Right),
+    Valued("clbrdrb", F::Row, W::BorderSide, RowBorder::Bottom),
+    Valued("trbrdrl", F::Row, W::BorderSide, RowBorder::RowLeft),
+    Valued("trbrdrt", F::Row, W::BorderSide, RowBorder::RowTop),
+    Valued("trbrdrr", F::Row, W::BorderSide, RowBorder::RowRight),
+    Valued("trbrdrb", F::Row, W::BorderSide, RowBorder::RowBottom),
+    Valued("trbrdrh", F::Row, W::BorderSide, RowBorder::InnerHorizontal),
+    Valued("trbrdrv", F::Row, W::BorderSide, RowBorder::InnerVertical),
+    Valued("box brdrb brdrbar brdrbtw brdrl brdrr brdrt chbrdr cldglu cldgll pgbrdrb pgbrdrl "
+           "pgbrdrr pgbrdrt",
+           F::Row, W::BorderSide, RowBorder::None),
+    {"brdrnil brdrnone brdrtbl", F::Row, W::Border, 0},
+    {"brdrdash brdrdashd brdrdashdd brdrdashdotstr brdrdashsm brdrdb brdrdot brdremboss "
+     "brdrengrave brdrframe brdrhair brdrinset brdroutset brdrs brdrsh brdrth brdrthtnlg "
+     "brdrthtnmg brdrthtnsg brdrtnthlg brdrtnthmg brdrtnthsg brdrtnthtnlg brdrtnthtnmg "
+     "brdrtnthtnsg brdrtriple brdrwavy brdrwavydb",
+     F::Row, W::Border, 1},
+
+    Valued("pngblip", F::Picture, W::PictureKind, PictureFormat::Png),
+    Valued("jpegblip", F::Picture, W::PictureKind, PictureFormat::Jpeg),
+    Valued("dibitmap emfblip macpict pmmetafile wbitmap wmetafile", F::Picture, W::PictureKind,
+           PictureFormat::Other),
+    {"picw", F::Picture, W::PictureWidth},
+    {"pich", F::Picture, W::PictureHeight},
+    {"picwgoal", F::Picture, W::PictureGoalWidth},
+    {"pichgoal", F::Picture, W::PictureGoalHeight},
+    {"picscalex", F::Picture, W::PictureScaleX},
+    {"picscaley", F::Picture, W::PictureScaleY},
+
+    {"fcharset", F::FontTable, W::FontCharset},
+    {"cpg", F::FontTable, W::FontCodePage},
+    {"red", F::ColorTable, W::Red},
+    {"green", F::ColorTable, W::Green},
+    {"blue", F::ColorTable, W::Blue},
+    {"ansi", F::Document, W::CharacterSet, 0},
+    {"mac", F::Document, W::CharacterSet, 10000},
+    {"pc", F::Document, W::CharacterSet, 437},
+    {"pca", F::Document, W::CharacterSet, 850},
+    {"ansicpg", F::Document, W::AnsiCodePage},
+    {"deff", F::Document, W::DefaultFont},
+    {"deftab", F::Document, W::DefaultTab},
+    {"u", F::Unicode, W::UnicodeCharacter},
+    {"uc", F::Unicode, W::FallbackLength},
+};
+
+constexpr std::size_t wordCount = [] {
+    std::size_t count = 0;
+    for (const WordGroup& group : wordGroups) {
+        ++count;
+        for (const char c : group.names)
+            count += c == ' ';
+    }
+    return count;
+}();
+
+constexpr auto words = [] {
+    std::array<RtfWordEntry, wordCount> entries{};
+    std::size_t count = 0;
+    for (const WordGroup& group : wordGroups) {
+        std::string_view names = group.names;
+        while (!names.empty()) {
+            const std::size_t end = names.find(' ');
+            entries[count++] = {names.substr(0, end), group.family, group.word, group.value};
+            names.remove_prefix(end == names.npos ? names.size() : end + 1);
+        }
+    }
+    return entries;
+}();
+
+// Open addressing, a quarter full: an unknown word mostly takes one probe.
+constexpr std::size_t slotCount = 1024;
+static_assert(wordCount * 3 < slotCount);
+
+constexpr std::size_t SlotOf(std::string_view name) {
+    std::uint32_t hash = 2166136261;
+    for (const char c : name)
+        hash = (hash ^ static_cast<unsigned char>(c)) * 16777619;
+    return (hash ^ hash >> 15) % slotCount;
+}
+
+constexpr auto slots = [] {
+    std::array<std::uint16_t, slotCount> table{}; // index of the word plus one, 0 for a free slot
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        std::size_t slot = SlotOf(words[i].name);
+        while (table[slot] != 0)
+            slot = (slot + 1) % slotCount;
+        table[slot] = static_cast<std::uint16_t>(i + 1);
+    }
+    return table;
+}();
+
+} // namespace
+
+const RtfWordEntry* FindRtfWord(std::string_view name) {
+    for (std::size_t slot = SlotOf(name); slots[slot] != 0; slot = (slot + 1) % slotCount) {
+        const RtfWordEntry& entry = words[slots[slot] - 1];
+        if (entry.name == name) return &entry;
+    }
+    return nullptr;
+}

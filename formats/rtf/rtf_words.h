@@ -1,0 +1,150 @@
+// The control words that the RTF reader knows (RTF 1.9.1), and what they are for.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+// What a control word applies to.
+enum class RtfFamily : std::uint8_t {
+    Destination,
+    Literal,   // `value` is a UTF-16 unit
+    Break,     // ends a paragraph, a cell and so on
+    Character, // changes the character style
+    Paragraph,
+    Row,
+    Picture,
+    FontTable,
+    ColorTable,
+    Document,
+    Unicode,
+};
+
+// The destination of a group's text. From `Transparent` on: meanings of control words that are
+// never a group's own state.
+enum class RtfDestination : std::uint8_t {
+    Body,
+    Skip,
+    Fonts,
+    Colors,
+    Picture,
+    FieldInstruction,
+    AnsiHalf, // what \upr gives to readers that do not know Unicode
+    Object,
+    Shape,
+    ShapePropertyName,
+    NestedRowProperties,
+
+    Transparent,        // as the group around it
+    UnicodeHalf,        // as around \upr, for us
+    ObjectResult,       // as around \object
+    Note,               // a footnote's text
+    ShapeText,          // shown in the paragraph that the shape is anchored in
+    FieldResult,        // as the group around it, with the field's link
+    FallbackPicture,    // a picture for readers that do not know \shppict
+    ShapePropertyValue, // may hold the shape's picture
+};
+
+enum class RtfWord : std::uint8_t {
+    None,
+    // Break
+    EndParagraph,
+    EndPage, // ends a paragraph that has begun, too
+    BreakLine,
+    EndCell,
+    EndRow,
+    EndNestedCell,
+    EndNestedRow,
+    NoteNumber,
+    // Character
+    Plain,
+    Bold,
+    Italic,
+    Underline,
+    NoUnderline,
+    Strike,
+    Capitals, // `value` is the Capitals
+    Hidden,
+    Superscript,
+    Subscript,
+    NormalScript,
+    Raised,
+    Lowered,
+    Font,
+    FontSize,
+    Foreground,
+    Background,
+    RunDirection, // `value` is 1 for right to left
+    // Paragraph
+    ParagraphDefaults,
+    Align, // `value` is the Alignment
+    LeftIndent,
+    RightIndent,
+    FirstLineIndent,
+    SpaceBefore,
+    SpaceAfter,
+    LineSpacing,
+    LineSpacingIsMultiple,
+    ParagraphDirection, // `value` is 1 for right to left
+    TabStop,
+    InTable,
+    // Row
+    RowDefaults,
+    CellRightEdge,
+    RowLeftEdge,
+    CellGap,
+    MergedLeft,
+    MergedAbove,
+    BorderSide, // `value` is the RowBorder
+    Border,     // `value` is 0 for no border
+    CellBackground,
+    RowDirection, // `value` is 1 for right to left
+    // Picture
+    PictureKind, // `value` is the PictureFormat
+    PictureWidth,
+    PictureHeight,
+    PictureGoalWidth,
+    PictureGoalHeight,
+    PictureScaleX,
+    PictureScaleY,
+    // FontTable
+    FontCharset,
+    FontCodePage,
+    // ColorTable
+    Red,
+    Green,
+    Blue,
+    // Document
+    CharacterSet, // `value` is the code page, 0 for the system's
+    AnsiCodePage,
+    DefaultFont,
+    DefaultTab,
+    // Unicode
+    UnicodeCharacter,
+    FallbackLength,
+};
+
+// The border that the following border words apply to: of a cell; of all cells of a row
+// without borders of their own (between them the inner ones); None for what is not in a table.
+enum class RowBorder : std::uint8_t {
+    Left,
+    Top,
+    Right,
+    Bottom,
+    RowLeft,
+    RowTop,
+    RowRight,
+    RowBottom,
+    InnerHorizontal,
+    InnerVertical,
+    None
+};
+
+struct RtfWordEntry {
+    std::string_view name;
+    RtfFamily family = RtfFamily::Destination;
+    RtfWord word = RtfWord::None;
+    std::int32_t value = 0; // for a destination, the RtfDestination
+};
+
+// nullptr for a word that the reader ignores. Names are case-sensitive.
+const RtfWordEntry* FindRtfWord(std::string_view name);

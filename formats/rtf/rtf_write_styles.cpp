@@ -1,0 +1,63 @@
+#include "formats/rtf/rtf_write_text.h"
+
+namespace {
+
+std::string Word(const char* name, std::int64_t parameter) {
+    std::string word = "\\";
+    return word.append(name).append(std::to_string(parameter));
+}
+
+std::string WordUnlessZero(const char* name, std::int32_t parameter) {
+    return parameter == 0 ? std::string() : Word(name, parameter);
+}
+
+const char* AlignmentWord(Alignment alignment) {
+    switch (alignment) {
+    case Alignment::Right: return "\\qr";
+    case Alignment::Center: return "\\qc";
+    case Alignment::Justified: return "\\qj";
+    default: return "\\ql";
+    }
+}
+
+} // namespace
+
+std::string CharStyleWords(const CharStyle& style, const RtfWriteTables& tables) {
+    std::string rtf = "\\plain";
+    rtf += Word("f", static_cast<std::int64_t>(tables.FontNumber(style.font)));
+    rtf += Word("fs", style.halfPoints);
+    if (style.bold) rtf += "\\b";
+    if (style.italic) rtf += "\\i";
+    if (style.underline) rtf += "\\ul";
+    if (style.strikethrough) rtf += "\\strike";
+    if (style.capitals == Capitals::All) rtf += "\\caps";
+    if (style.capitals == Capitals::Small) rtf += "\\scaps";
+    if (style.script == Script::Superscript) rtf += "\\super";
+    if (style.script == Script::Subscript) rtf += "\\sub";
+    if (style.rightToLeft) rtf += "\\rtlch";
+    if (!style.autoForeground)
+        rtf += Word("cf", static_cast<std::int64_t>(tables.ColorNumber(style.foreground)));
+    if (!style.autoBackground) {
+        // Older readers know the first, word processors the second.
+        const auto number = static_cast<std::int64_t>(tables.ColorNumber(style.background));
+        rtf += Word("cb", number) + Word("chcbpat", number);
+    }
+    return rtf;
+}
+
+std::string ParagraphStyleWords(const ParagraphStyle& style, bool inTable) {
+    std::string rtf = "\\pard";
+    if (inTable) rtf += "\\intbl";
+    if (style.rightToLeft) rtf += "\\rtlpar";
+    rtf += AlignmentWord(style.alignment);
+    rtf += WordUnlessZero("li", style.leftIndent);
+    rtf += WordUnlessZero("ri", style.rightIndent);
+    rtf += WordUnlessZero("fi", style.firstLineIndent);
+    rtf += WordUnlessZero("sb", style.spaceBefore);
+    rtf += WordUnlessZero("sa", style.spaceAfter);
+    rtf += WordUnlessZero("sl", style.lineSpacing);
+    rtf += WordUnlessZero("slmult", style.lineSpacingIsMultiple);
+    for (const std::int32_t stop : style.tabStops)
+        rtf += Word("tx", stop);
+    return rtf;
+}

@@ -1,0 +1,81 @@
+#include "formats/rtf/rtf_write_tables.h"
+
+#include <algorithm>
+
+namespace {
+
+void AppendNumberedUnit(std::string& rtf, char16_t unit) {
+    rtf += "\\u" + std::to_string(static_cast<std::int16_t>(unit)) + '?';
+}
+
+} // namespace
+
+void AppendRtfText(std::string& rtf, std::u16string_view text) {
+    for (const char16_t unit : text) {
+        switch (unit) {
+        case u'\\':
+        case u'{':
+        case u'}':
+            rtf += '\\';
+            rtf += static_cast<char>(unit);
+            break;
+        case u'\t': rtf += "\\tab "; break;
+        case u'\v': rtf += "\\line "; break;
+        case u'\u00A0': rtf += "\\~"; break;
+        case u'\u00AD': rtf += "\\-"; break;
+        case u'\u2011': rtf += "\\_"; break;
+        default:
+            if (unit >= 0x20 && unit < 0x7F)
+                rtf += static_cast<char>(unit);
+            else
+                AppendNumberedUnit(rtf, unit);
+        }
+    }
+}
+
+RtfWriteTables::RtfWriteTables(const Document& document, TextPos start, TextPos end)
+    : document_(&document) {
+    AddFont(0); // the default one
+    StyleCursor styles(document.charRuns);
+    for (TextPos at = start; at < end; at = styles.RunEnd(end)) {
+        const CharStyle& style = document.charStyles[styles.At(at)];
+        AddFont(style.font);
+        if (!style.autoForeground) AddColor(style.foreground);
+        if (!style.autoBackground) AddColor(style.background);
+    }
+    for (const TableRow& row : document.rows) {
+        if (row.start < start || row.end > end) continue;
+        for (const TableCell& cell : row.cells)
+            if (!cell.autoBackground) AddColor(cell.background);
+    }
+}
+
+void RtfWriteTables::AddFont(std::uint16_t font) {
+    if (fontNumbers_.try_emplace(font, fonts_.size()).second) fonts_.push_back(font);
+}
+
+void RtfWriteTables::AddColor(Color color) {
+    if (colorNumbers_.try_emplace(color, colors_.size() + 1).second) colors_.push_back(color);
+}
+
+std::string RtfWriteTables::FontTable() const {
+    std::string rtf = "{\\fonttbl";
+    for (const std::uint16_t font : fonts_) {
+        std::u16string name = document_->fonts[font];
+        std::erase(name, u';'); // would end the name
+        rtf += "{\\f" + std::to_string(FontNumber(font)) + "\\fnil ";
+        AppendRtfText(rtf, name);
+        rtf += ";}";
+    }
+    return rtf + '}';
+}
+
+std::string RtfWriteTables::ColorTable() const {
+    std::string rtf = "{\\colortbl;";
+    for (const Color color : colors_) {
+        rtf += "\\red" + std::to_string(color & 0xFF);
+        rtf += "\\green" + std::to_string(color >> 8 & 0xFF);
+        rtf += "\\blue" + std::to_string(color >> 16 & 0xFF) + ';';
+    }
+    return rtf + '}';
+}
