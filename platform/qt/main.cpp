@@ -1,8 +1,8 @@
 #include "app/main_form.h"
 #include "app/start_up.h"
-#include "platform/qt/font_setup.h"
-#include "platform/qt/plugin_paths.h"
 #include "platform/qt/qt_ports.h"
+#include "platform/qt/system/font_setup.h"
+#include "platform/qt/system/plugin_paths.h"
 
 #include <QApplication>
 

@@ -1,7 +1,7 @@
 // Where a key takes the caret. Positions in, positions out; nothing scrolls or selects here.
 #pragma once
 
-#include "platform/qt/text_view/text_layouts.h"
+#include "platform/qt/text_view/layout/text_layouts.h"
 
 // One character or word as it is seen: to the left is forward in a right-to-left paragraph.
 TextPos CaretLeft(TextLayouts& layouts, TextPos position);

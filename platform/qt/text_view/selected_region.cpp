@@ -1,6 +1,6 @@
 #include "platform/qt/text_view/selected_region.h"
 
-#include "platform/qt/text_view/line_places.h"
+#include "platform/qt/text_view/layout/line_positions.h"
 
 #include <QGlyphRun>
 

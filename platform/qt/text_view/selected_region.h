@@ -1,7 +1,7 @@
 // What part of a laid-out paragraph a selection covers.
 #pragma once
 
-#include "platform/qt/text_view/paragraph_layout.h"
+#include "platform/qt/text_view/layout/paragraph_layout.h"
 
 #include <QRegion>
 

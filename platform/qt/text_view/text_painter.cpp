@@ -1,7 +1,7 @@
 #include "platform/qt/text_view/text_painter.h"
 
+#include "platform/qt/text_view/layout/view_style.h"
 #include "platform/qt/text_view/selected_region.h"
-#include "platform/qt/text_view/view_look.h"
 
 #include <algorithm>
 

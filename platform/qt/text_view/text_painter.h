@@ -1,7 +1,7 @@
 // Draws laid-out blocks.
 #pragma once
 
-#include "platform/qt/text_view/block_layout.h"
+#include "platform/qt/text_view/layout/block_layout.h"
 
 #include <QPainter>
 #include <QPalette>

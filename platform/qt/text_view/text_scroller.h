@@ -2,7 +2,7 @@
 // elsewhere.
 #pragma once
 
-#include "platform/qt/text_view/text_layouts.h"
+#include "platform/qt/text_view/layout/text_layouts.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 #include "platform/qt/text_view/text_widget.h"
 
 #include "common/string_text.h"
-#include "platform/qt/text_view/accessible_text.h"
+#include "platform/qt/text_view/accessibility/accessible_text.h"
 #include "platform/qt/text_view/text_painter.h"
 
 #include <QEvent>

@@ -1,0 +1,18 @@
+#include "platform/qt/html_view/engine/zoom_ladder.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+constexpr std::array percents = {25,  33,  50,  67,  75,  80,  90,  100, 110,
+                                 125, 150, 175, 200, 250, 300, 400, 500};
+}
+
+double ZoomLadder::Factor() const {
+    const int place = std::clamp(normal + steps_, 0, int{percents.size()} - 1);
+    return percents[static_cast<unsigned>(place)] / 100.0;
+}
+
+void ZoomLadder::Move(int steps) {
+    steps_ = steps == 0 ? 0 : std::clamp(steps_ + steps, -farthest, farthest);
+}

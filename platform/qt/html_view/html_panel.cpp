@@ -1,0 +1,47 @@
+#include "platform/qt/html_view/html_panel.h"
+
+#include "platform/qt/text_view/dropped_paths.h"
+
+#include <QDropEvent>
+#include <QLabel>
+#include <QMimeData>
+
+namespace {
+const QString uriList = QStringLiteral("text/uri-list");
+}
+
+HtmlPanel::HtmlPanel(QWidget* parent) : QWidget(parent), notice_(new QLabel(this)) {
+    setAcceptDrops(true);
+    notice_->setAlignment(Qt::AlignCenter);
+    notice_->setWordWrap(true);
+    notice_->setAutoFillBackground(true);
+    notice_->hide();
+    hide();
+}
+
+void HtmlPanel::ShowNotice(const QString& text) {
+    notice_->setText(text);
+    notice_->raise();
+    notice_->show();
+}
+
+void HtmlPanel::HideNotice() {
+    notice_->hide();
+}
+
+void HtmlPanel::resizeEvent(QResizeEvent*) {
+    notice_->setGeometry(rect());
+}
+
+void HtmlPanel::dragEnterEvent(QDragEnterEvent* event) {
+    const bool ofThisPage = event->source(); // a link or a picture in it: no book to open
+    if (!ofThisPage && event->mimeData()->hasFormat(uriList)) event->acceptProposedAction();
+}
+
+void HtmlPanel::dropEvent(QDropEvent* event) {
+    const auto paths = DroppedPaths(event->mimeData()->data(uriList));
+    if (paths.empty()) return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    if (onFilesDropped) onFilesDropped(paths);
+}

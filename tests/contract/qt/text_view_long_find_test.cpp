@@ -1,0 +1,73 @@
+// A search that takes long in the text view on Qt: the window lives on, and the user can give it
+// up.
+#include "tests/contract/qt/text_view_bench.h"
+
+#include <doctest/doctest.h>
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+namespace {
+constexpr TextPos gaveNoAnswer = -99;
+
+// A text whose search goes on until it is told to stop, or far too long.
+class EndlessText : public TextSource {
+  public:
+    TextPos Length() const override { return static_cast<TextPos>(text_.size()); }
+    TextPiece PieceAt(TextPos) const override { return {0, text_}; }
+    TextPos FindWhile(std::u16string_view, TextPos, FindOptions,
+                      const std::function<bool()>& goesOn) const override {
+        QElapsedTimer timer;
+        timer.start();
+        while (timer.elapsed() < 60'000)
+            if (!goesOn()) return findGivenUp;
+        return gaveNoAnswer;
+    }
+
+  private:
+    std::u16string text_ = RepeatedText(u"a line of it\n", 100);
+};
+
+struct EndlessBench : QtViewBench {
+    EndlessBench() { view.LoadText(std::make_shared<EndlessText>()); }
+
+    void Post(int key) {
+        QCoreApplication::postEvent(view.Widget(),
+                                    new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier));
+    }
+};
+} // namespace
+
+TEST_CASE("long find on Qt: Escape gives it up, other keys do nothing") {
+    EndlessBench bench;
+    bench.view.Select(5, 0);
+    bench.Post(Qt::Key_Right);
+    bench.Post(Qt::Key_Escape);
+    CHECK(bench.view.Find(u"nowhere", 0, {}) == findGivenUp);
+    CHECK(bench.view.SelStart() == 5);
+    CHECK(bench.Press(Qt::Key_Right)); // as before
+    CHECK(bench.view.SelStart() == 6);
+}
+
+TEST_CASE("long find on Qt: closing the window gives it up") {
+    EndlessBench bench;
+    QTimer::singleShot(0, bench.view.Widget(), &QWidget::close);
+    CHECK(bench.view.Find(u"nowhere", 0, {}) == findGivenUp);
+}
+
+TEST_CASE("long find on Qt: the view is drawn meanwhile") {
+    struct Paints : QObject {
+        bool eventFilter(QObject*, QEvent* event) override {
+            count += event->type() == QEvent::Paint;
+            return false;
+        }
+        int count = 0;
+    } paints;
+    EndlessBench bench;
+    QCoreApplication::processEvents();
+    bench.Widget().viewport()->installEventFilter(&paints);
+    bench.Widget().viewport()->update();
+    QTimer::singleShot(0, &paints, [&] { bench.Post(Qt::Key_Escape); });
+    CHECK(bench.view.Find(u"nowhere", 0, {}) == findGivenUp);
+    CHECK(paints.count > 0);
+}
