@@ -29,7 +29,7 @@
 
 namespace {
 
-// A folder of the installation whose programs' folder this program is in.
+// A folder of the same installation prefix.
 QString Installed(const QString& folder) {
     return QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../") +
                            folder);

@@ -1,11 +1,11 @@
-// A check box whose access key counts at once.
+// A check box that toggles at once when its mnemonic is pressed.
 #pragma once
 
 #include <QCheckBox>
 #include <QEvent>
 
-// Qt's own shows itself pressed for a moment first, and what is confirmed sooner than that goes
-// without it.
+// QCheckBox::animateClick() toggles after a delay, and a dialog accepted before that would miss the
+// change.
 class CheckBox final : public QCheckBox {
   public:
     using QCheckBox::QCheckBox;

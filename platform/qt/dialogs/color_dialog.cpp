@@ -1,11 +1,11 @@
 #include "platform/qt/dialogs/color_dialog.h"
 
-#include "platform/qt/text_view/layout/view_style.h"
+#include "platform/qt/qt_color.h"
 
 #include <QColorDialog>
 
-ColorAnswer AskColor(QWidget* parent, const QString& title, Color start) {
-    // Qt keeps them from dialog to dialog.
+ColorAnswer GetColor(QWidget* parent, const QString& title, Color start) {
+    // Qt keeps custom colours for the lifetime of the process.
     for (int i = 0; i < QColorDialog::customCount(); ++i)
         QColorDialog::setCustomColor(i, Qt::white);
     QColorDialog dialog(ToQColor(start), parent);

@@ -1,4 +1,4 @@
-// Asking for a colour.
+// The dialog that selects a colour.
 #pragma once
 
 #include "platform/dialogs.h"
@@ -6,4 +6,4 @@
 class QString;
 class QWidget;
 
-ColorAnswer AskColor(QWidget* parent, const QString& title, Color start);
+ColorAnswer GetColor(QWidget* parent, const QString& title, Color start);

@@ -25,7 +25,8 @@ class FileDialog final : public QFileDialog {
         : QFileDialog(owner, ToQt(request.title), ToQt(request.initialFolder)),
           filters_(QtNameFilters(request)) {
         setFileMode(QFileDialog::ExistingFile);
-        setOption(QFileDialog::HideNameFilterDetails); // the names tell the patterns, more legibly
+        setOption(QFileDialog::HideNameFilterDetails); // the filter names list the patterns in a
+                                                       // more legible form
         setLabelText(QFileDialog::FileType, QStringLiteral("Files of &type:"));
         setNameFilters(filters_);
         if (request.filterIndex >= 1 && request.filterIndex <= filters_.size())
@@ -33,37 +34,37 @@ class FileDialog final : public QFileDialog {
         if (!request.fileName.empty()) selectFile(ToQt(request.fileName));
     }
 
-    int FilterIndex() const { return NumberOfNameFilter(filters_, selectedNameFilter()); }
+    int FilterIndex() const { return NameFilterNumber(filters_, selectedNameFilter()); }
 
   protected:
     void accept() override {
         const QStringList files = selectedFiles();
         if (const QString typed = TypedFile(); !typed.isEmpty() && files.value(0) != typed)
-            list_->clearSelection(); // which a folder passed on the way to the name may have left
+            list_->clearSelection(); // navigating to the folder may have left a selection
         QFileDialog::accept();
     }
 
     void showEvent(QShowEvent* event) override {
-        if (!open_) AdoptWidgets();
+        if (!open_) FindWidgets();
         QFileDialog::showEvent(event);
     }
 
     bool eventFilter(QObject* object, QEvent* event) override {
-        if (object == open_ && event->type() == QEvent::EnabledChange) AllowTypedFile();
-        if (object == completions_ && OpensTyped(*event)) return true;
+        if (object == open_ && event->type() == QEvent::EnabledChange) EnableOpenForTypedFile();
+        if (object == completions_ && HandleCompleterKey(*event)) return true;
         return QFileDialog::eventFilter(object, event);
     }
 
   private:
-    // Those of Qt's own dialog; the desktop's has others, of its own process or toolkit.
-    void AdoptWidgets() {
+    // Only Qt's own dialog has these; the desktop's runs in another process or toolkit.
+    void FindWidgets() {
         const auto* buttons = findChild<QDialogButtonBox*>();
         open_ = buttons ? buttons->button(QDialogButtonBox::Open) : nullptr;
         name_ = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
         list_ = findChild<QListView*>(QStringLiteral("listView"));
         if (!open_ || !name_ || !list_) return;
         open_->installEventFilter(this);
-        connect(name_, &QLineEdit::textChanged, this, &FileDialog::AllowTypedFile);
+        connect(name_, &QLineEdit::textChanged, this, &FileDialog::EnableOpenForTypedFile);
         completions_ = name_->completer() ? name_->completer()->popup() : nullptr;
         if (completions_) completions_->installEventFilter(this);
         auto* label = findChild<QLabel*>(QStringLiteral("fileTypeLabel"));
@@ -71,21 +72,21 @@ class FileDialog final : public QFileDialog {
         if (label && types) label->setBuddy(types);
     }
 
-    // The file whose name or path is in the box; "" for none.
+    // The existing file whose name or path is in the edit box; "" if there is none.
     QString TypedFile() const {
         if (!name_ || !list_ || name_->text().isEmpty()) return {};
         const QFileInfo file(directory(), name_->text());
         return file.isFile() ? file.absoluteFilePath() : QString();
     }
 
-    // Qt greys the button for a file that the filter hides, but would open it.
-    void AllowTypedFile() {
+    // Qt disables the button for a file that the filter hides, although accept() would open it.
+    void EnableOpenForTypedFile() {
         if (!open_->isEnabled() && !TypedFile().isEmpty()) open_->setEnabled(true);
     }
 
-    // The list of completions comes up when it has been read, and would take the key for itself:
-    // also from a name that is complete, with nothing picked from the list.
-    bool OpensTyped(const QEvent& event) {
+    // The completer's popup opens once the folder has been read, and swallows Enter even if no
+    // completion is selected.
+    bool HandleCompleterKey(const QEvent& event) {
         if (event.type() != QEvent::KeyPress) return false;
         const int key = static_cast<const QKeyEvent&>(event).key();
         const bool confirms = key == Qt::Key_Return || key == Qt::Key_Enter;
@@ -104,11 +105,11 @@ class FileDialog final : public QFileDialog {
 
 } // namespace
 
-OpenFileAnswer AskFile(QWidget* owner, const OpenFileRequest& request) {
+OpenFileAnswer GetOpenFile(QWidget* owner, const OpenFileRequest& request) {
     FileDialog dialog(owner, request);
     OpenFileAnswer answer;
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return answer;
-    // Qt puts U+FFFD for what it cannot decode in a name.
+    // Qt uses U+FFFD for bytes that it cannot decode.
     answer.fileName = FromQt(dialog.selectedFiles().constFirst());
     std::ranges::replace(answer.fileName, u'\uFFFD', u'?');
     answer.filterIndex = dialog.FilterIndex();

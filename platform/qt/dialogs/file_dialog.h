@@ -5,4 +5,4 @@
 
 class QWidget;
 
-OpenFileAnswer AskFile(QWidget* owner, const OpenFileRequest&);
+OpenFileAnswer GetOpenFile(QWidget* owner, const OpenFileRequest&);

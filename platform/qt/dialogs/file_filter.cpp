@@ -6,7 +6,7 @@
 
 namespace {
 
-QString InAnyCase(const QString& pattern) {
+QString CaseInsensitivePattern(const QString& pattern) {
     QString result;
     for (const QChar character : pattern) {
         const QChar lower = character.toLower(), upper = character.toUpper();
@@ -25,20 +25,21 @@ QStringList QtNameFilters(const OpenFileRequest& request) {
     QStringList filters;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
         const auto type = static_cast<std::size_t>(i / 2);
-        const bool listsMore = type < request.listed.size() && !request.listed[type].empty();
-        const QString list = listsMore ? ToQt(request.listed[type]) : parts[i + 1];
+        const bool hasList = type < request.listed.size() && !request.listed[type].empty();
+        const QString list = hasList ? ToQt(request.listed[type]) : parts[i + 1];
         QStringList patterns = list.split(QLatin1Char(';'), Qt::SkipEmptyParts);
         for (QString& pattern : patterns) {
             pattern = pattern.trimmed();
-            // Names without a dot count as files of any kind, too.
-            pattern = pattern == QLatin1String("*.*") ? QStringLiteral("*") : InAnyCase(pattern);
+            // "*.*" must match names without a dot, too.
+            pattern = pattern == QLatin1String("*.*") ? QStringLiteral("*")
+                                                      : CaseInsensitivePattern(pattern);
         }
         filters += QStringLiteral("%1 (%2)").arg(parts[i], patterns.join(QLatin1Char(' ')));
     }
     return filters;
 }
 
-int NumberOfNameFilter(const QStringList& filters, const QString& selected) {
+int NameFilterNumber(const QStringList& filters, const QString& selected) {
     const auto isSelected = [&selected](const QString& filter) {
         const QString name = filter.left(filter.lastIndexOf(QLatin1String(" (")));
         return filter == selected || name == selected.trimmed();

@@ -1,14 +1,14 @@
-// Filters of the file dialog in Qt's form.
+// File dialog filters in Qt's notation.
 #pragma once
 
 #include "platform/dialogs.h"
 
 #include <QStringList>
 
-// "Name|pattern|Name|pattern|" and what is listed for each become one "Name (pattern pattern)"
-// each. A pattern fits a name in any case, whichever desktop's dialog reads it.
+// Turns "Name|pattern|Name|pattern|" with the listed patterns into "Name (pattern pattern)" each.
+// The patterns are case-insensitive in the dialog of every desktop.
 QStringList QtNameFilters(const OpenFileRequest&);
 
-// The number, from 1, of the filter that a dialog calls selected: by all of it, or by its name
-// where the patterns are hidden. The last one when it is none of them.
-int NumberOfNameFilter(const QStringList& filters, const QString& selected);
+// The 1-based number of the selected filter, compared as a whole or, if the patterns are hidden, by
+// name. The last one if none matches.
+int NameFilterNumber(const QStringList& filters, const QString& selected);

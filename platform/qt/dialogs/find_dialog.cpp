@@ -12,17 +12,17 @@
 #include <QVBoxLayout>
 
 namespace {
-constexpr int textWidth = 40; // letters of the given font
+constexpr int textWidth = 40; // average characters of the requested font
 } // namespace
 
 FindDialog::FindDialog(QWidget* parent, const FindRequest& request)
-    : QDialog(parent), given_(request.text), text_(new QComboBox),
+    : QDialog(parent), initial_(request.text), text_(new QComboBox),
       wholeWord_(new CheckBox(tr("Match &whole word only"))),
       matchCase_(new CheckBox(tr("Match &case"))) {
     setWindowTitle(ToQt(request.title));
     text_->setEditable(true);
     text_->setInsertPolicy(QComboBox::NoInsert);
-    text_->setCompleter(nullptr); // it would put a search of the past in place of what is typed
+    text_->setCompleter(nullptr); // would replace the typed text by an earlier search
     text_->setFont(MakeFont(request.font));
     text_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     text_->setMinimumContentsLength(textWidth);
@@ -31,7 +31,7 @@ FindDialog::FindDialog(QWidget* parent, const FindRequest& request)
     text_->setCurrentIndex(
         text_->findText(ToQt(request.text), Qt::MatchFixedString | Qt::MatchCaseSensitive));
     text_->setEditText(ToQt(request.text));
-    shown_ = text_->currentText();
+    initialText_ = text_->currentText();
     text_->lineEdit()->selectAll();
     wholeWord_->setChecked(request.wholeWord);
     matchCase_->setChecked(request.matchCase);
@@ -53,13 +53,13 @@ void FindDialog::AddButtons() {
     layout()->addWidget(buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    const auto follow = [find](const QString& text) { find->setEnabled(!text.isEmpty()); };
-    connect(text_, &QComboBox::editTextChanged, find, follow);
-    follow(shown_);
+    const auto updateButton = [find](const QString& text) { find->setEnabled(!text.isEmpty()); };
+    connect(text_, &QComboBox::editTextChanged, find, updateButton);
+    updateButton(initialText_);
 }
 
 FindAnswer FindDialog::Answer() const {
     const QString text = text_->currentText();
-    return {DialogResult::Ok, text == shown_ ? given_ : FromQt(text), wholeWord_->isChecked(),
-            matchCase_->isChecked()};
+    return {DialogResult::Ok, text == initialText_ ? initial_ : FromQt(text),
+            wholeWord_->isChecked(), matchCase_->isChecked()};
 }

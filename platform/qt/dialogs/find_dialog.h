@@ -1,4 +1,4 @@
-// The dialog that asks for a text to find.
+// The dialog that asks for the text to find.
 #pragma once
 
 #include "platform/dialogs.h"
@@ -12,13 +12,14 @@ class FindDialog final : public QDialog {
   public:
     FindDialog(QWidget* parent, const FindRequest&);
 
-    FindAnswer Answer() const; // what the dialog shows now; a text not touched exactly as given
+    FindAnswer
+    Answer() const; // the current input; if the text was not edited, exactly the requested one
 
   private:
     void AddButtons();
 
-    const std::u16string given_;
+    const std::u16string initial_;
     QComboBox* text_;
     QCheckBox *wholeWord_, *matchCase_;
-    QString shown_; // the given text, as one line can show it
+    QString initialText_; // the requested text as a single-line edit shows it
 };

@@ -3,6 +3,7 @@
 #include "platform/qt/dialogs/check_box.h"
 #include "platform/qt/dialogs/color_dialog.h"
 #include "platform/qt/dialogs/font_scripts.h"
+#include "platform/qt/qt_color.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/text_view/layout/char_formats.h"
 
@@ -17,10 +18,10 @@
 namespace {
 
 constexpr double minSize = 1, maxSize = 1638; // points
-constexpr int maxFaceListLength = 14;
+constexpr int maxVisibleFamilies = 14;
 constexpr int sampleWidth = 300, sampleHeight = 90, swatchWidth = 32; // pixels
 
-// A whole size is shown as one.
+// Omits trailing zeros.
 class SizeBox final : public QDoubleSpinBox {
   public:
     using QDoubleSpinBox::QDoubleSpinBox;
@@ -29,7 +30,7 @@ class SizeBox final : public QDoubleSpinBox {
     }
 };
 
-const char16_t* SampleOf(int charset) {
+const char16_t* SampleText(int charset) {
     for (const FontScript& script : FontScripts())
         if (script.charset == charset) return script.sample;
     return FontScripts().front().sample;
@@ -38,9 +39,9 @@ const char16_t* SampleOf(int charset) {
 } // namespace
 
 FontDialog::FontDialog(QWidget* parent, const ViewFont& font, Color color)
-    : QDialog(parent), given_(font), color_(color) {
+    : QDialog(parent), initial_(font), color_(color) {
     auto* form = new QFormLayout(this);
-    AddFaceAndStyle(*form);
+    AddFamilyAndStyle(*form);
     AddSize(*form);
     AddEffects(*form);
     AddScript(*form);
@@ -49,25 +50,26 @@ FontDialog::FontDialog(QWidget* parent, const ViewFont& font, Color color)
     form->addRow(buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    ShowColor();
-    face_->setFocus();
+    UpdateColor();
+    family_->setFocus();
 }
 
-void FontDialog::AddFaceAndStyle(QFormLayout& form) {
-    face_ = new QFontComboBox;
-    face_->setEditable(false);
-    face_->setStyleSheet(QStringLiteral("combobox-popup: 0")); // a list below, not over the screen
-    face_->setMaxVisibleItems(maxFaceListLength);
-    face_->setPlaceholderText(ToQt(given_.name)); // shown of a face that is not installed
-    face_->setCurrentIndex(face_->findText(ToQt(given_.name), Qt::MatchFixedString));
-    shownFace_ = face_->currentIndex();
-    connect(face_, &QComboBox::currentIndexChanged, this, &FontDialog::ShowSample);
-    form.addRow(tr("&Font:"), face_);
+void FontDialog::AddFamilyAndStyle(QFormLayout& form) {
+    family_ = new QFontComboBox;
+    family_->setEditable(false);
+    family_->setStyleSheet(QStringLiteral(
+        "combobox-popup: 0")); // a drop-down list instead of a popup over the whole screen
+    family_->setMaxVisibleItems(maxVisibleFamilies);
+    family_->setPlaceholderText(ToQt(initial_.name)); // shown if the family is not installed
+    family_->setCurrentIndex(family_->findText(ToQt(initial_.name), Qt::MatchFixedString));
+    initialFamily_ = family_->currentIndex();
+    connect(family_, &QComboBox::currentIndexChanged, this, &FontDialog::UpdateSample);
+    form.addRow(tr("&Font:"), family_);
 
     style_ = new QComboBox;
     style_->addItems({tr("Regular"), tr("Italic"), tr("Bold"), tr("Bold Italic")});
-    style_->setCurrentIndex((given_.bold ? 2 : 0) + (given_.italic ? 1 : 0));
-    connect(style_, &QComboBox::currentIndexChanged, this, &FontDialog::ShowSample);
+    style_->setCurrentIndex((initial_.bold ? 2 : 0) + (initial_.italic ? 1 : 0));
+    connect(style_, &QComboBox::currentIndexChanged, this, &FontDialog::UpdateSample);
     form.addRow(tr("&Style:"), style_);
 }
 
@@ -75,22 +77,22 @@ void FontDialog::AddSize(QFormLayout& form) {
     size_ = new SizeBox;
     size_->setDecimals(2);
     size_->setRange(minSize, maxSize);
-    size_->setValue(MakeFont(given_).pointSizeF());
-    shownSize_ = size_->value();
-    connect(size_, &QDoubleSpinBox::valueChanged, this, &FontDialog::ShowSample);
+    size_->setValue(MakeFont(initial_).pointSizeF());
+    initialSize_ = size_->value();
+    connect(size_, &QDoubleSpinBox::valueChanged, this, &FontDialog::UpdateSample);
     form.addRow(tr("Si&ze:"), size_);
 }
 
 void FontDialog::AddEffects(QFormLayout& form) {
     strikethrough_ = new CheckBox(tr("Stri&keout"));
-    strikethrough_->setChecked(given_.strikethrough);
+    strikethrough_->setChecked(initial_.strikethrough);
     underline_ = new CheckBox(tr("&Underline"));
-    underline_->setChecked(given_.underline);
+    underline_->setChecked(initial_.underline);
     for (QCheckBox* box : {strikethrough_, underline_})
-        connect(box, &QCheckBox::toggled, this, &FontDialog::ShowSample);
+        connect(box, &QCheckBox::toggled, this, &FontDialog::UpdateSample);
     colorButton_ = new QPushButton(tr("Co&lor..."));
-    colorButton_->setAutoDefault(false); // Enter confirms the dialog wherever the focus is
-    connect(colorButton_, &QPushButton::clicked, this, &FontDialog::AskForColor);
+    colorButton_->setAutoDefault(false); // Enter accepts the dialog from every widget
+    connect(colorButton_, &QPushButton::clicked, this, &FontDialog::SelectTextColor);
 
     auto* row = new QHBoxLayout;
     row->addWidget(strikethrough_);
@@ -104,14 +106,14 @@ void FontDialog::AddScript(QFormLayout& form) {
     script_ = new QComboBox;
     for (const FontScript& script : FontScripts())
         script_->addItem(tr(script.name), script.charset);
-    if (script_->findData(given_.charset) < 0)
-        script_->addItem(tr("Other (%1)").arg(given_.charset), given_.charset);
-    script_->setCurrentIndex(script_->findData(given_.charset));
-    connect(script_, &QComboBox::currentIndexChanged, this, &FontDialog::ShowSample);
+    if (script_->findData(initial_.charset) < 0)
+        script_->addItem(tr("Other (%1)").arg(initial_.charset), initial_.charset);
+    script_->setCurrentIndex(script_->findData(initial_.charset));
+    connect(script_, &QComboBox::currentIndexChanged, this, &FontDialog::UpdateSample);
     form.addRow(tr("Sc&ript:"), script_);
 }
 
-// Of one height, so that the dialog stays as it is while the size changes.
+// Fixed height, so that the dialog does not change its size with the font's.
 void FontDialog::AddSample(QFormLayout& form) {
     sample_ = new QLabel;
     sample_->setTextFormat(Qt::PlainText);
@@ -124,10 +126,10 @@ void FontDialog::AddSample(QFormLayout& form) {
     form.addRow(tr("Sample:"), sample_);
 }
 
-ViewFont FontDialog::Chosen() const {
-    ViewFont font = given_;
-    if (face_->currentIndex() != shownFace_) font.name = FromQt(face_->currentText());
-    if (size_->value() != shownSize_) font.size = size_->value();
+ViewFont FontDialog::SelectedFont() const {
+    ViewFont font = initial_;
+    if (family_->currentIndex() != initialFamily_) font.name = FromQt(family_->currentText());
+    if (size_->value() != initialSize_) font.size = size_->value();
     font.charset = script_->currentData().toInt();
     font.bold = style_->currentIndex() / 2;
     font.italic = style_->currentIndex() % 2;
@@ -136,27 +138,27 @@ ViewFont FontDialog::Chosen() const {
     return font;
 }
 
-void FontDialog::AskForColor() {
-    const ColorAnswer answer = AskColor(this, tr("Color"), color_);
+void FontDialog::SelectTextColor() {
+    const ColorAnswer answer = GetColor(this, tr("Color"), color_);
     if (answer.result != DialogResult::Ok) return;
     color_ = answer.color;
-    ShowColor();
+    UpdateColor();
 }
 
-void FontDialog::ShowColor() {
+void FontDialog::UpdateColor() {
     QPixmap swatch(swatchWidth, fontMetrics().ascent());
     swatch.fill(ToQColor(color_));
     colorButton_->setIcon(swatch);
     colorButton_->setIconSize(swatch.size());
-    ShowSample();
+    UpdateSample();
 }
 
-void FontDialog::ShowSample() {
-    const QColor text = ToQColor(color_), paper = palette().color(QPalette::Base);
+void FontDialog::UpdateSample() {
+    const QColor text = ToQColor(color_), background = palette().color(QPalette::Base);
     QPalette colors = sample_->palette();
     colors.setColor(QPalette::WindowText, text);
-    colors.setColor(QPalette::Window, Contrast(text, paper) ? paper : ReadableOn(text));
+    colors.setColor(QPalette::Window, HasContrast(text, background) ? background : LegibleOn(text));
     sample_->setPalette(colors);
-    sample_->setFont(MakeFont(Chosen()));
-    sample_->setText(QString::fromUtf16(SampleOf(script_->currentData().toInt())));
+    sample_->setFont(MakeFont(SelectedFont()));
+    sample_->setText(QString::fromUtf16(SampleText(script_->currentData().toInt())));
 }

@@ -1,4 +1,4 @@
-// The dialog that chooses the text's font and colour.
+// The dialog that selects the font and colour of the text.
 #pragma once
 
 #include "platform/dialogs.h"
@@ -17,30 +17,30 @@ class FontDialog final : public QDialog {
   public:
     FontDialog(QWidget* parent, const ViewFont&, Color);
 
-    // What was not touched is exactly as it was given, also a face that is not installed and a size
-    // or a character set that the dialog does not offer.
-    ViewFont Chosen() const;
-    Color ChosenColor() const { return color_; }
+    // What the user did not change is returned exactly as given, even a family that is not
+    // installed or a size or character set that the dialog does not offer.
+    ViewFont SelectedFont() const;
+    Color SelectedColor() const { return color_; }
 
   private:
-    void AddFaceAndStyle(QFormLayout&);
+    void AddFamilyAndStyle(QFormLayout&);
     void AddSize(QFormLayout&);
     void AddEffects(QFormLayout&);
     void AddScript(QFormLayout&);
     void AddSample(QFormLayout&);
-    void AskForColor();
-    void ShowColor();
-    void ShowSample();
+    void SelectTextColor();
+    void UpdateColor();
+    void UpdateSample();
 
-    const ViewFont given_;
+    const ViewFont initial_;
     Color color_;
-    QFontComboBox* face_;
+    QFontComboBox* family_;
     QComboBox* style_;
     QDoubleSpinBox* size_;
     QCheckBox *strikethrough_, *underline_;
     QPushButton* colorButton_;
     QComboBox* script_;
     QLabel* sample_;
-    int shownFace_ = -1;   // as it is shown untouched: an index
-    double shownSize_ = 0; // likewise
+    int initialFamily_ = -1; // index in family_
+    double initialSize_ = 0;
 };

@@ -1,4 +1,4 @@
-// The scripts of fonts: Windows font character sets, by their usual names.
+// Windows font character sets by the usual names of their scripts.
 #pragma once
 
 #include <span>
@@ -6,7 +6,7 @@
 struct FontScript {
     int charset;
     const char* name;
-    const char16_t* sample; // a few letters
+    const char16_t* sample; // a few characters
 };
 
-std::span<const FontScript> FontScripts(); // in the order of a list to choose from
+std::span<const FontScript> FontScripts(); // in display order

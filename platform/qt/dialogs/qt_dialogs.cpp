@@ -5,9 +5,9 @@
 #include "platform/qt/dialogs/find_dialog.h"
 #include "platform/qt/dialogs/font_dialog.h"
 #include "platform/qt/dialogs/rich_message.h"
-#include "platform/qt/handler.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/window/window_icon.h"
+#include "platform/shared/call_handler.h"
 
 #include <QApplication>
 #include <QFontMetrics>
@@ -40,14 +40,15 @@ void AddButtons(QMessageBox& box, const Message& message) {
                                                                     : QMessageBox::Ok);
 }
 
-// Window managers put an icon and up to three buttons beside the title, and cut it where there is
-// no room; Qt allows for less.
-void MakeRoomForTitle(QMessageBox& box) {
-    constexpr int besideTitle = 12; // in heights of a line
+// Window managers put an icon and up to three buttons beside the title and elide it if there is no
+// room; QMessageBox allows for less.
+void WidenForTitle(QMessageBox& box) {
+    constexpr int titleButtons = 12; // in line heights
     QFont font = QApplication::font();
     font.setBold(true);
     const QFontMetrics metrics(font);
-    const int width = metrics.horizontalAdvance(box.windowTitle()) + besideTitle * metrics.height();
+    const int width =
+        metrics.horizontalAdvance(box.windowTitle()) + titleButtons * metrics.height();
     auto* grid = qobject_cast<QGridLayout*>(box.layout());
     if (grid) grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, -1);
 }
@@ -56,16 +57,16 @@ void MakeRoomForTitle(QMessageBox& box) {
 
 QtDialogs::QtDialogs(QWidget* owner) : owner_(owner) {}
 
-// The box stays open while the user reads the help.
+// Clicking Help does not close the box.
 void QtDialogs::AddHelpButton(QMessageBox& box, const std::string& topic) const {
     QPushButton* help = box.addButton(QMessageBox::Help);
-    help->disconnect(); // from the box, which would close
+    help->disconnect(); // the box would close on any button
     QObject::connect(help, &QPushButton::clicked, &box,
                      [this, topic] { CallHandler(onHelp, topic); });
 }
 
 OpenFileAnswer QtDialogs::OpenFile(const OpenFileRequest& request) {
-    return AskFile(owner_, request);
+    return GetOpenFile(owner_, request);
 }
 
 std::u16string QtDialogs::AskText(const std::u16string& title, const std::u16string& prompt) {
@@ -76,14 +77,14 @@ std::u16string QtDialogs::AskText(const std::u16string& title, const std::u16str
 }
 
 ColorAnswer QtDialogs::ChooseColor(const std::u16string& title, Color start) {
-    return AskColor(owner_, ToQt(title), start);
+    return GetColor(owner_, ToQt(title), start);
 }
 
 FontAnswer QtDialogs::ChooseFont(const std::u16string& title, const ViewFont& font, Color color) {
     FontDialog dialog(owner_, font, color);
     dialog.setWindowTitle(ToQt(title));
     if (dialog.exec() != QDialog::Accepted) return {DialogResult::Cancel, font, color};
-    return {DialogResult::Ok, dialog.Chosen(), dialog.ChosenColor()};
+    return {DialogResult::Ok, dialog.SelectedFont(), dialog.SelectedColor()};
 }
 
 FindAnswer QtDialogs::AskFind(const FindRequest& request) {
@@ -93,10 +94,10 @@ FindAnswer QtDialogs::AskFind(const FindRequest& request) {
 }
 
 DialogResult QtDialogs::ShowMessage(const Message& message) {
-    // A message about the help may come while another message waits.
+    // A message of the help may come while another message is open.
     QWidget* waiting = QApplication::activeModalWidget();
     QMessageBox box(waiting ? waiting : owner_);
-    box.setWindowModality(Qt::WindowModal); // the help window can be used meanwhile
+    box.setWindowModality(Qt::WindowModal); // leaves the help window usable
     box.setWindowTitle(ToQt(message.title));
     box.setTextFormat(Qt::PlainText);
     box.setText(ToQt(message.text).replace(QLatin1String("\r\n"), QLatin1String("\n")));
@@ -104,8 +105,9 @@ DialogResult QtDialogs::ShowMessage(const Message& message) {
     if (message.icon == MessageIcon::Application) box.setIconPixmap(ProgramIcon().pixmap(iconSize));
     AddButtons(box, message);
     if (message.helpButton) AddHelpButton(box, message.helpTopic);
-    MakeRoomForTitle(box);
-    if (box.windowIcon().isNull()) box.setWindowIcon(ProgramIcon()); // the window's comes when idle
+    WidenForTitle(box);
+    if (box.windowIcon().isNull())
+        box.setWindowIcon(ProgramIcon()); // the main window sets its own when idle
     return box.exec() == QMessageBox::Ok ? DialogResult::Ok : DialogResult::Cancel;
 }
 
@@ -113,5 +115,5 @@ int QtDialogs::ShowRichMessage(const std::string& rtf, const std::u16string& tit
                                const std::vector<std::u16string>& buttons) {
     RichMessage message(owner_, rtf, buttons);
     message.setWindowTitle(ToQt(title));
-    return message.Ask();
+    return message.Exec();
 }

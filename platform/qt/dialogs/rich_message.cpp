@@ -1,7 +1,7 @@
 #include "platform/qt/dialogs/rich_message.h"
 
+#include "platform/qt/qt_color.h"
 #include "platform/qt/qt_text.h"
-#include "platform/qt/text_view/layout/view_style.h"
 #include "platform/qt/text_view/qt_text_view.h"
 
 #include <QAbstractScrollArea>
@@ -10,7 +10,7 @@
 #include <QVBoxLayout>
 
 namespace {
-constexpr QSize textSize(480, 60); // pixels: a few short lines in small letters
+constexpr QSize textSize(480, 60); // pixels; a few short lines
 constexpr int westernCodePage = 1252;
 } // namespace
 
@@ -29,7 +29,7 @@ RichMessage::RichMessage(QWidget* parent, const std::string& rtf,
     auto* row = new QDialogButtonBox;
     int number = 0;
     for (const std::u16string& caption : buttons) {
-        // One role for all: they stand in the order given.
+        // Buttons of one role keep their order.
         QPushButton* button = row->addButton(ToQt(caption), QDialogButtonBox::ActionRole);
         button->setDefault(++number == 1);
         connect(button, &QPushButton::clicked, this, [this, number] { done(number); });
@@ -42,6 +42,6 @@ RichMessage::RichMessage(QWidget* parent, const std::string& rtf,
 
 RichMessage::~RichMessage() = default;
 
-int RichMessage::Ask() {
+int RichMessage::Exec() {
     return exec();
 }

@@ -1,4 +1,4 @@
-// A message of rich text with buttons of the caller's.
+// A message box with rich text and custom buttons.
 #pragma once
 
 #include <QDialog>
@@ -13,7 +13,7 @@ class RichMessage final : public QDialog {
                 const std::vector<std::u16string>& buttons);
     ~RichMessage() override;
 
-    int Ask(); // the number of the button that was pressed, from 1; 0 for none
+    int Exec(); // the 1-based number of the clicked button; 0 if none
 
   private:
     std::unique_ptr<class QtTextView> text_;

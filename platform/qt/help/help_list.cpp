@@ -7,10 +7,11 @@
 #include <QTextLayout>
 
 namespace {
-constexpr int padding = 5; // pixels around a finding
+constexpr int padding = 5; // pixels around an item
 
-// The title in bold, and below it the excerpt with the words found in bold.
-std::unique_ptr<QTextLayout> LayOut(const HelpFinding& finding, const QFont& font, int width) {
+// The title in bold, and below it the excerpt with the matches in bold.
+std::unique_ptr<QTextLayout> LayOutFinding(const HelpFinding& finding, const QFont& font,
+                                           int width) {
     const QString title = ToQt(finding.title);
     auto layout =
         std::make_unique<QTextLayout>(title + QChar::LineSeparator + ToQt(finding.excerpt), font);
@@ -39,7 +40,7 @@ class FindingDelegate final : public QStyledItemDelegate {
         const HelpFinding* finding = list_.Finding(index.row());
         if (!finding) return QStyledItemDelegate::sizeHint(option, index) + QSize(0, padding);
         const int height =
-            int(LayOut(*finding, list_.font(), TextWidth())->boundingRect().height());
+            int(LayOutFinding(*finding, list_.font(), TextWidth())->boundingRect().height());
         return {TextWidth(), height + 2 * padding};
     }
 
@@ -55,7 +56,7 @@ class FindingDelegate final : public QStyledItemDelegate {
         const auto group = row.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
         painter->setPen(
             row.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text));
-        LayOut(*finding, list_.font(), TextWidth())
+        LayOutFinding(*finding, list_.font(), TextWidth())
             ->draw(painter, QPointF(row.rect.topLeft() + QPoint(padding, padding)));
     }
 
@@ -84,7 +85,7 @@ void HelpList::ShowFindings(std::vector<HelpFinding> findings) {
     findings_ = std::move(findings);
     for (const HelpFinding& finding : findings_) {
         auto* item = new QListWidgetItem(ToQt(finding.title), this);
-        // What a screen reader says behind the title.
+        // Read by screen readers after the title.
         item->setData(Qt::AccessibleDescriptionRole, ToQt(finding.excerpt));
     }
     if (findings_.empty()) {
@@ -99,5 +100,5 @@ const HelpFinding* HelpList::Finding(int row) const {
 
 void HelpList::resizeEvent(QResizeEvent* event) {
     QListWidget::resizeEvent(event);
-    scheduleDelayedItemsLayout(); // other widths, other heights
+    scheduleDelayedItemsLayout(); // item heights depend on the width
 }

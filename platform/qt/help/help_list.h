@@ -1,4 +1,4 @@
-// The list of the help window: the pages, or what a search found with an excerpt of each.
+// The list in the help window: all pages, or search results with excerpts.
 #pragma once
 
 #include "platform/help_window.h"
@@ -11,7 +11,7 @@ class HelpList final : public QListWidget {
 
     void ShowTitles(const std::vector<std::u16string>& titles);
     void ShowFindings(std::vector<HelpFinding> findings);
-    // Of a row of findings; null in a list of titles.
+    // The search result of a row; null in a list of titles.
     const HelpFinding* Finding(int row) const;
 
   protected:

@@ -1,12 +1,12 @@
 #include "platform/qt/help/qt_help_window.h"
 
-#include "platform/qt/handler.h"
 #include "platform/qt/help/help_list.h"
+#include "platform/qt/qt_color.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/system/qt_clipboard.h"
-#include "platform/qt/text_view/layout/view_style.h"
 #include "platform/qt/text_view/qt_text_view.h"
 #include "platform/qt/window/window_icon.h"
+#include "platform/shared/call_handler.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -17,13 +17,13 @@
 #include <QVBoxLayout>
 
 namespace {
-constexpr QSize usualSize(940, 680);
+constexpr QSize defaultSize(940, 680);
 constexpr int listWidth = 300;
-constexpr int westernCodePage = 1252; // never needed: the pages are ASCII
+constexpr int westernCodePage = 1252; // irrelevant: the pages are ASCII
 
-// Lack of memory must not reach Qt.
-void Guarded(const std::function<void()>& act) {
-    CallHandler(act);
+// std::bad_alloc must not reach Qt.
+void CallGuarded(const std::function<void()>& function) {
+    CallHandler(function);
 }
 } // namespace
 
@@ -31,16 +31,16 @@ HelpWidget::HelpWidget(const HelpContents& contents)
     : contents_(contents), search_(new QLineEdit), list_(new HelpList),
       text_(std::make_unique<QtTextView>(this)) {
     setAttribute(Qt::WA_DeleteOnClose);
-    setAttribute(Qt::WA_QuitOnClose, false); // the main window alone ends the program
-    ShowIconWhenIdle(*this);
-    LayOut();
-    TakeColors();
-    ConnectEvents();
+    setAttribute(Qt::WA_QuitOnClose, false); // only closing the main window quits
+    SetIconWhenIdle(*this);
+    CreateLayout();
+    ApplyPalette();
+    ConnectSignals();
 }
 
 HelpWidget::~HelpWidget() = default;
 
-void HelpWidget::LayOut() {
+void HelpWidget::CreateLayout() {
     search_->setPlaceholderText(tr("Search the help"));
     search_->setAccessibleName(search_->placeholderText());
     search_->setClearButtonEnabled(true);
@@ -50,21 +50,21 @@ void HelpWidget::LayOut() {
     column->setContentsMargins({});
     column->addWidget(search_);
     column->addWidget(list_);
-    auto* halves = new QSplitter;
-    halves->addWidget(left);
-    halves->addWidget(text_->Widget());
-    halves->setStretchFactor(1, 1);
-    halves->setChildrenCollapsible(false);
+    auto* splitter = new QSplitter;
+    splitter->addWidget(left);
+    splitter->addWidget(text_->Widget());
+    splitter->setStretchFactor(1, 1);
+    splitter->setChildrenCollapsible(false);
     auto* all = new QVBoxLayout(this);
-    all->addWidget(halves);
-    resize(usualSize.boundedTo(screen()->availableSize() * 0.9));
-    halves->setSizes({listWidth, width() - listWidth});
+    all->addWidget(splitter);
+    resize(defaultSize.boundedTo(screen()->availableSize() * 0.9));
+    splitter->setSizes({listWidth, width() - listWidth});
 }
 
-void HelpWidget::ConnectEvents() {
-    connect(search_, &QLineEdit::textChanged, this, &HelpWidget::ShowTypedFor);
+void HelpWidget::ConnectSignals() {
+    connect(search_, &QLineEdit::textChanged, this, &HelpWidget::UpdateList);
     connect(search_, &QLineEdit::returnPressed, this, [this] { text_->FocusView(); });
-    connect(list_, &QListWidget::currentRowChanged, this, &HelpWidget::ShowRow);
+    connect(list_, &QListWidget::currentRowChanged, this, &HelpWidget::OnRowChanged);
     connect(list_, &QListWidget::itemActivated, this, [this] { text_->FocusView(); });
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
     connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, [this] {
@@ -81,13 +81,13 @@ void HelpWidget::ShowContents(const HelpContents& contents, int page) {
     setWindowTitle(ToQt(contents_.windowTitle));
     shownPage_ = -1;
     search_->clear();
-    ShowTypedFor({});
+    UpdateList({});
     list_->setCurrentRow(page);
     search_->setFocus();
 }
 
-void HelpWidget::ShowTypedFor(const QString& typed) {
-    Guarded([&] {
+void HelpWidget::UpdateList(const QString& typed) {
+    CallGuarded([&] {
         if (typed.trimmed().isEmpty()) {
             const int page = shownPage_;
             list_->ShowTitles(contents_.titles);
@@ -99,14 +99,14 @@ void HelpWidget::ShowTypedFor(const QString& typed) {
     });
 }
 
-void HelpWidget::ShowRow(int row) {
+void HelpWidget::OnRowChanged(int row) {
     if (row < 0) return;
-    Guarded([&] {
+    CallGuarded([&] {
         const HelpFinding* finding = list_->Finding(row);
         ShowPage(finding ? finding->page : row);
         if (!finding) return;
         text_->Select(finding->place.start, finding->place.length);
-        // The title above the first lines stays in view.
+        // Keeps the title in view if the match is near it.
         if (finding->place.start > TextPos(finding->title.size()) + 200)
             text_->ScrollLineToTop(finding->place.start);
     });
@@ -119,7 +119,7 @@ void HelpWidget::ShowPage(int page) {
     shownPage_ = page;
 }
 
-void HelpWidget::TakeColors() {
+void HelpWidget::ApplyPalette() {
     text_->SetBackColor(FromQColor(palette().color(QPalette::Base)));
     text_->SetAutoColor(true);
 }
@@ -129,7 +129,7 @@ void HelpWidget::Copy() const {
     QtClipboard().SetText(text_->TextRange(text_->SelStart(), text_->SelLength()));
 }
 
-// From the search field and the list the page can be turned, and the list be entered.
+// Page Up and Page Down scroll the page from the search field, and Down moves to the list.
 void HelpWidget::keyPressEvent(QKeyEvent* event) {
     QWidget* text = text_->Widget();
     const bool turnsPage = event->key() == Qt::Key_PageDown || event->key() == Qt::Key_PageUp;
@@ -143,7 +143,7 @@ void HelpWidget::keyPressEvent(QKeyEvent* event) {
 
 void HelpWidget::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && text_) TakeColors();
+    if (event->type() == QEvent::PaletteChange && text_) ApplyPalette();
 }
 
 QtHelpWindow::~QtHelpWindow() {
@@ -151,7 +151,7 @@ QtHelpWindow::~QtHelpWindow() {
 }
 
 void QtHelpWindow::Show(const HelpContents& contents, int page) {
-    if (widget_ && widget_->isHidden()) delete widget_; // closed, and about to go
+    if (widget_ && widget_->isHidden()) delete widget_; // closed, with its deletion pending
     if (!widget_) widget_ = new HelpWidget(contents);
     widget_->ShowContents(contents, page);
     widget_->show();

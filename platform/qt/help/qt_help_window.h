@@ -24,12 +24,12 @@ class HelpWidget final : public QWidget {
     void changeEvent(QEvent*) override;
 
   private:
-    void LayOut();
-    void ConnectEvents();
-    void ShowTypedFor(const QString& typed);
-    void ShowRow(int row);
+    void CreateLayout();
+    void ConnectSignals();
+    void UpdateList(const QString& typed);
+    void OnRowChanged(int row);
     void ShowPage(int page);
-    void TakeColors();
+    void ApplyPalette();
     void Copy() const;
 
     HelpContents contents_;
@@ -46,5 +46,5 @@ class QtHelpWindow final : public HelpWindow {
     bool Raise() override;
 
   private:
-    QPointer<HelpWidget> widget_; // null while closed
+    QPointer<HelpWidget> widget_; // null if closed
 };

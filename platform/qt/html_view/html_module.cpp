@@ -17,16 +17,16 @@ extern Q_GUI_EXPORT void qt_gl_set_global_share_context(QOpenGLContext*);
 QT_END_NAMESPACE
 
 namespace {
-// Beside the program, as it is built, or where it is installed.
+// Beside the program as built, or in the installation.
 QString ModulePath() {
     const QString folder = QCoreApplication::applicationDirPath();
-    for (const char* place : {"/libnorvaset-html.so", "/../lib/norvaset/libnorvaset-html.so"})
-        if (const QString path = folder + QLatin1String(place); QFile::exists(path)) return path;
+    for (const char* location : {"/libnorvaset-html.so", "/../lib/norvaset/libnorvaset-html.so"})
+        if (const QString path = folder + QLatin1String(location); QFile::exists(path)) return path;
     return {};
 }
 
-// The engine shuts its processes in with a user namespace, and ends the whole program where the
-// system gives none. Root needs none, having no sandbox at all.
+// Chromium's sandbox needs a user namespace, and aborts the program where none can be created. Root
+// runs without the sandbox.
 bool HasUserNamespaces() {
     if (geteuid() == 0) return true;
     const long child =
@@ -35,22 +35,23 @@ bool HasUserNamespaces() {
     return child > 0 && waitpid(static_cast<pid_t>(child), nullptr, 0) == child;
 }
 
-// The engine asks this context for its format, even where it draws without OpenGL; the attribute
-// that would make one at start-up costs every start some 45 ms. It is never created, so no driver
-// is loaded; and never deleted, as the engine ends after all else.
+// The engine reads the format of the global share context even if it renders without OpenGL, and
+// the attribute AA_ShareOpenGLContexts would cost every start-up 45 ms. So the context is provided
+// here without create(), which loads no driver; it is never deleted, because the engine shuts down
+// last.
 void ProvideShareContext() {
     if (QOpenGLContext::globalShareContext()) return;
     qt_gl_set_global_share_context(new QOpenGLContext);
 }
 } // namespace
 
-bool HtmlModuleCanLoad() {
-    static const bool guarded = HasUserNamespaces();
-    return guarded && !ModulePath().isEmpty();
+bool IsHtmlModuleAvailable() {
+    static const bool canSandbox = HasUserNamespaces();
+    return canSandbox && !ModulePath().isEmpty();
 }
 
 MakeHtmlView* LoadHtmlModule() {
-    if (!HtmlModuleCanLoad()) return nullptr;
+    if (!IsHtmlModuleAvailable()) return nullptr;
     ProvideShareContext();
     QLibrary module(ModulePath());
     const auto make = module.resolve(makeHtmlViewName);

@@ -1,10 +1,10 @@
-// Finding and loading the module of the HTML view.
+// Finds and loads the module of the HTML view.
 #pragma once
 
 #include "platform/qt/html_view/engine/html_plug_in.h"
 
-// Whether the module is installed and its engine can guard itself on this system. Loads nothing.
-bool HtmlModuleCanLoad();
+// Whether the module is installed and its sandbox works on this system. Does not load it.
+bool IsHtmlModuleAvailable();
 
-// Null when it cannot be loaded, which is reported on stderr. It is never unloaded.
+// Null on failure, which is logged. The module is never unloaded.
 MakeHtmlView* LoadHtmlModule();

@@ -4,11 +4,6 @@
 
 #include <QDropEvent>
 #include <QLabel>
-#include <QMimeData>
-
-namespace {
-const QString uriList = QStringLiteral("text/uri-list");
-}
 
 HtmlPanel::HtmlPanel(QWidget* parent) : QWidget(parent), notice_(new QLabel(this)) {
     setAcceptDrops(true);
@@ -34,14 +29,11 @@ void HtmlPanel::resizeEvent(QResizeEvent*) {
 }
 
 void HtmlPanel::dragEnterEvent(QDragEnterEvent* event) {
-    const bool ofThisPage = event->source(); // a link or a picture in it: no book to open
-    if (!ofThisPage && event->mimeData()->hasFormat(uriList)) event->acceptProposedAction();
+    const bool isOfPage = event->source(); // a link or a picture of it is no file to open
+    if (!isOfPage) AcceptFileDrag(*event);
 }
 
 void HtmlPanel::dropEvent(QDropEvent* event) {
-    const auto paths = DroppedPaths(event->mimeData()->data(uriList));
-    if (paths.empty()) return;
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
-    if (onFilesDropped) onFilesDropped(paths);
+    const auto paths = AcceptFileDrop(*event);
+    if (!paths.empty() && onFilesDropped) onFilesDropped(paths);
 }

@@ -1,4 +1,4 @@
-// The place of the page in the window: takes dropped files, and can show a line of text instead.
+// The container of the page: accepts file drops, and can cover the page with a notice.
 #pragma once
 
 #include <QWidget>
@@ -11,7 +11,7 @@ class QLabel;
 
 class HtmlPanel : public QWidget {
   public:
-    explicit HtmlPanel(QWidget* parent); // hidden at first
+    explicit HtmlPanel(QWidget* parent); // initially hidden
 
     void ShowNotice(const QString&); // over the page
     void HideNotice();

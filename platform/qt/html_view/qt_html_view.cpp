@@ -1,21 +1,21 @@
 #include "platform/qt/html_view/qt_html_view.h"
 
-#include "platform/qt/handler.h"
 #include "platform/qt/html_view/html_module.h"
 #include "platform/qt/html_view/html_panel.h"
 #include "platform/qt/system/qt_locale.h"
 #include "platform/qt/window/qt_window.h"
+#include "platform/shared/call_handler.h"
 
 QtHtmlView::QtHtmlView(QtWindow& window)
     : window_(window), panel_(new HtmlPanel(window.ViewArea())) {
-    window.AdoptPage(panel_);
+    window.SetPageWidget(panel_);
     panel_->onFilesDropped = [this](const auto& paths) { CallHandler(onFilesDropped, paths); };
 }
 
 QtHtmlView::~QtHtmlView() = default;
 
 bool QtHtmlView::IsAvailable() const {
-    return engine_ || HtmlModuleCanLoad();
+    return engine_ || IsHtmlModuleAvailable();
 }
 
 bool QtHtmlView::LoadEngine() {
@@ -37,7 +37,7 @@ void QtHtmlView::ConnectEngine() {
         CallHandler(onGone);
     };
     engine_->onZoomed = [this] { CallHandler(onZoomed); };
-    engine_->onAnswering = [this](bool answers) { ShowWhetherAnswers(answers); };
+    engine_->onResponsiveChanged = [this](bool responsive) { OnResponsiveChanged(responsive); };
     engine_->onCommand = [this](PageCommand command) { CallHandler(onCommand, command); };
     engine_->onJump = [this](int fromTop) { CallHandler(onJump, fromTop); };
     engine_->onLink = [this](const std::u16string& url, const std::u16string& path) {
@@ -45,8 +45,8 @@ void QtHtmlView::ConnectEngine() {
     };
 }
 
-void QtHtmlView::ShowWhetherAnswers(bool answers) {
-    if (answers)
+void QtHtmlView::OnResponsiveChanged(bool responsive) {
+    if (responsive)
         panel_->HideNotice();
     else
         panel_->ShowNotice(HtmlPanel::tr(
@@ -77,7 +77,7 @@ void QtHtmlView::SendZoomKey(bool larger) {
     QMetaObject::invokeMethod(
         panel_,
         [this, code, load = load_] {
-            if (load == load_) window_.TellKeyDown(code, CtrlKey);
+            if (load == load_) window_.SendKeyDown(code, CtrlKey);
         },
         Qt::QueuedConnection);
 }

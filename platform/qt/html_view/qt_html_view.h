@@ -1,5 +1,5 @@
-// The HTML view on Qt: the place of the page in the window. The engine is in a module of its own,
-// which the first page loads.
+// The HTML view on Qt: a panel in the window, and in it the view of the engine's module, which is
+// loaded by the first page.
 #pragma once
 
 #include "platform/html_view.h"
@@ -12,7 +12,7 @@ class QtWindow;
 
 class QtHtmlView final : public HtmlView {
   public:
-    explicit QtHtmlView(QtWindow&); // which lives longer
+    explicit QtHtmlView(QtWindow&); // must outlive this object
     ~QtHtmlView() override;
 
     bool IsAvailable() const override;
@@ -50,11 +50,11 @@ class QtHtmlView final : public HtmlView {
   private:
     bool LoadEngine();
     void ConnectEngine();
-    void ShowWhetherAnswers(bool answers);
+    void OnResponsiveChanged(bool responsive);
 
     QtWindow& window_;
-    HtmlPanel* panel_; // the window deletes it
+    HtmlPanel* panel_; // owned by the window
     std::unique_ptr<EngineView> engine_;
-    int load_ = 0; // of the page asked for last
+    int load_ = 0; // caller's number of the last load
     bool focused_ = false;
 };

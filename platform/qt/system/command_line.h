@@ -1,10 +1,10 @@
-// What the command line asks for.
+// The arguments of the program.
 #pragma once
 
 #include <string>
 #include <vector>
 
-// The path of the book, in the bytes of the file system: the arguments joined by blanks, from a
-// "file:" address if it is one, and made absolute against `currentFolder`. "" without arguments.
+// The path of the book, in the bytes of the file system: the arguments joined by spaces (or the
+// path of a "file:" URL), absolute. Relative paths start at `currentFolder`. "" without arguments.
 std::string BookPathBytes(const std::vector<std::string>& arguments,
                           const std::string& currentFolder);

@@ -1,6 +1,6 @@
 #include "platform/qt/system/exit_signals.h"
 
-#include "platform/qt/handler.h"
+#include "platform/shared/call_handler.h"
 
 #include <QSocketNotifier>
 
@@ -12,8 +12,8 @@
 
 namespace {
 
-// A signal handler may touch little more than these: it writes a byte into the pipe, which wakes
-// the loop. The pipe stays open to the end, because a late signal may still write into it.
+// The self-pipe that a signal handler, restricted to async-signal-safe functions, writes a byte to.
+// It is never closed, because a late signal may still write to it.
 std::array<int, 2> wakePipe = {-1, -1};
 
 void WriteByte(int) {
@@ -23,7 +23,7 @@ void WriteByte(int) {
     errno = savedErrno;
 }
 
-void Catch(int signal) {
+void InstallHandler(int signal) {
     struct sigaction current = {};
     if (sigaction(signal, nullptr, &current) == 0 && current.sa_handler == SIG_IGN) return;
     struct sigaction wake = {};
@@ -36,7 +36,7 @@ void Catch(int signal) {
 
 ExitSignals::ExitSignals(std::function<void()> onSignal) {
     if (pipe2(wakePipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
-        return; // signals then end the process as they always did
+        return; // the default action of the signals remains
     auto* notifier = new QSocketNotifier(wakePipe[0], QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, [onSignal = std::move(onSignal)] {
         std::array<char, 16> bytes;
@@ -45,5 +45,5 @@ ExitSignals::ExitSignals(std::function<void()> onSignal) {
         CallHandler(onSignal);
     });
     for (const int signal : {SIGTERM, SIGINT, SIGHUP})
-        Catch(signal);
+        InstallHandler(signal);
 }

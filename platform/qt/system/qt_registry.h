@@ -1,4 +1,4 @@
-// The registry of a system that has none: nothing is kept.
+// The registry of a system without one: nothing is stored.
 #pragma once
 
 #include "platform/registry.h"

@@ -16,12 +16,13 @@ void QtShell::OpenWith(const std::u16string& program, const std::u16string& argu
 }
 
 void QtShell::OpenAddress(const std::u16string& address) {
-    // The opener of files opens addresses, too.
+    // xdg-open opens URLs, too.
     if (IsProgramAddress(address)) OpenWith(DefaultTextEditor(), address);
 }
 
 void QtShell::OpenFile(const std::u16string& path) {
-    if (path.starts_with(u'/')) OpenWith(DefaultTextEditor(), path); // else it might be an option
+    if (path.starts_with(u'/'))
+        OpenWith(DefaultTextEditor(), path); // otherwise it might be parsed as an option
 }
 
 InstanceClaim QtShell::ClaimDataFile(const std::u16string& path) {

@@ -1,4 +1,4 @@
-// The desktop of a free system.
+// The desktop, through the tools of freedesktop.org.
 #pragma once
 
 #include "platform/posix/posix_instance_lock.h"
@@ -6,7 +6,7 @@
 
 class QtShell final : public Shell {
   public:
-    std::u16string DefaultTextEditor() const override; // the desktop's opener of files
+    std::u16string DefaultTextEditor() const override; // xdg-open
     void OpenWith(const std::u16string& program, const std::u16string& argument) override;
     void OpenAddress(const std::u16string& address) override;
     void OpenFile(const std::u16string& path) override;

@@ -1,6 +1,6 @@
 #include "platform/qt/system/qt_timer.h"
 
-#include "platform/qt/handler.h"
+#include "platform/shared/call_handler.h"
 
 #include <QApplication>
 

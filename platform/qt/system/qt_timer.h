@@ -5,8 +5,8 @@
 
 #include <QTimer>
 
-// Drops its ticks while a dialog is open: no second handler starts inside the one that waits for
-// it.
+// Drops ticks while a modal dialog is open, so that no second handler starts within the one that
+// waits for the dialog.
 class QtTimer final : public Timer {
   public:
     void Start(int milliseconds, std::function<void()> onTick) override;

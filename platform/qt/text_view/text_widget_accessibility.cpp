@@ -1,4 +1,4 @@
-// What assistive technology is told by the text widget unasked, and where characters are for it.
+// Accessibility events of the text widget, and the rectangles of characters.
 #include "platform/qt/text_view/accessibility/accessible_units.h"
 #include "platform/qt/text_view/text_widget.h"
 
@@ -6,78 +6,80 @@
 #include <QFocusEvent>
 
 namespace {
-constexpr TextPos toldOfOtherText = 4096; // units of the old and the new text in an event
-constexpr int seenInterval = 100; // milliseconds at least between two events while scrolling
+constexpr TextPos maxEventText =
+    4096; // UTF-16 units of the old and the new text; a client that wants more queries it
+constexpr int visibleDataInterval =
+    100; // milliseconds; the minimum between two events while scrolling
 
-void Tell(QAccessibleEvent&& event) {
+void Notify(QAccessibleEvent&& event) {
     QAccessible::updateAccessibility(&event);
 }
 } // namespace
 
-void TextWidget::TellSelection(TextPos anchorBefore, TextPos caretBefore) {
+void TextWidget::NotifySelectionChanged(TextPos anchorBefore, TextPos caretBefore) {
     if (!QAccessible::isActive()) return;
-    if (caret_ != caretBefore) Tell(QAccessibleTextCursorEvent(this, caret_));
+    if (caret_ != caretBefore) Notify(QAccessibleTextCursorEvent(this, caret_));
     const auto before = std::minmax(anchorBefore, caretBefore), now = std::minmax(anchor_, caret_);
     const bool wasOrIs = before.first != before.second || now.first != now.second;
-    if (wasOrIs && before != now) Tell(QAccessibleTextSelectionEvent(this, SelStart(), SelEnd()));
+    if (wasOrIs && before != now) Notify(QAccessibleTextSelectionEvent(this, SelStart(), SelEnd()));
 }
 
-// A listener that wants more of a long text asks for it.
-QString TextWidget::ToldBeginning() const {
+QString TextWidget::AccessibleBeginning() const {
     if (!QAccessible::isActive()) return {};
-    return ToldText(context_, {0, std::min(text_->Length(), toldOfOtherText)});
+    return AccessibleTextOf(context_, {0, std::min(text_->Length(), maxEventText)});
 }
 
-void TextWidget::TellOtherText(const QString& toldBefore) {
+void TextWidget::NotifyTextChanged(const QString& oldText) {
     if (!QAccessible::isActive()) return;
-    const QString told = ToldBeginning();
-    if (toldBefore.isEmpty() && told.isEmpty()) return;
-    Tell(QAccessibleTextUpdateEvent(this, 0, toldBefore, told));
-    if (!told.isEmpty()) Tell(QAccessibleEvent(this, QAccessible::DocumentLoadComplete));
+    const QString text = AccessibleBeginning();
+    if (oldText.isEmpty() && text.isEmpty()) return;
+    Notify(QAccessibleTextUpdateEvent(this, 0, oldText, text));
+    if (!text.isEmpty()) Notify(QAccessibleEvent(this, QAccessible::DocumentLoadComplete));
 }
 
-void TextWidget::TellSeenSoon() {
-    if (QAccessible::isActive() && !tellSeen_.isActive()) tellSeen_.start(seenInterval, this);
+void TextWidget::ScheduleVisibleDataChanged() {
+    if (QAccessible::isActive() && !visibleDataTimer_.isActive())
+        visibleDataTimer_.start(visibleDataInterval, this);
 }
 
-void TextWidget::TellSeen() {
-    tellSeen_.stop();
-    Tell(QAccessibleEvent(this, QAccessible::VisibleDataChanged));
+void TextWidget::NotifyVisibleDataChanged() {
+    visibleDataTimer_.stop();
+    Notify(QAccessibleEvent(this, QAccessible::VisibleDataChanged));
 }
 
 void TextWidget::focusInEvent(QFocusEvent* event) {
     RestartBlinking();
     viewport()->update();
-    // Qt tells of the keyboard's coming here, but not of its coming back from a menu.
+    // QWidget sends a focus event, but not when the focus returns from a popup.
     if (event->reason() == Qt::PopupFocusReason && QAccessible::isActive())
-        Tell(QAccessibleEvent(this, QAccessible::Focus));
+        Notify(QAccessibleEvent(this, QAccessible::Focus));
 }
 
-// The blocks that are seen, from the first one's start to the last one's end. Kept, because some
-// listeners ask for a long text's characters one by one.
-const TextSpan& TextWidget::SeenBlocks() {
-    if (seenBlocks_) return *seenBlocks_;
-    const TextHeight top = Scroller().Top();
+// From the first visible block's start to the last one's end. Cached, because some screen readers
+// query the characters of a long text one by one.
+const TextSpan& TextWidget::VisibleSpan() {
+    if (visibleSpan_) return *visibleSpan_;
+    const VerticalPos top = Scroller().Top();
     auto layout = layouts_.At(top.block);
-    TextSpan seen{layout->block.start, layout->block.end};
+    TextSpan visible{layout->block.start, layout->block.end};
     for (int y = layout->height - top.y; y < scroller_.ViewHeight(); y += layout->height) {
         const auto after = layouts_.After(layout);
         if (!after) {
-            ++seen.end; // the caret's place behind the last character
+            ++visible.end; // the position behind the last character
             break;
         }
         layout = after;
-        seen.end = layout->block.end;
+        visible.end = layout->block.end;
     }
-    return seenBlocks_.emplace(seen);
+    return visibleSpan_.emplace(visible);
 }
 
 QRect TextWidget::CharacterRect(TextPos position) {
     if (!isVisible()) return {};
-    const TextSpan& seen = SeenBlocks();
+    const TextSpan& visible = VisibleSpan();
     const QSize line(1, LineHeight());
-    if (position < seen.start) return InWidget({QPoint(0, -2 * line.height()), line});
-    const auto top = position < seen.end ? scroller_.ViewTopOf(position) : std::nullopt;
-    if (!top) return InWidget({QPoint(0, Pixels(height()) + line.height()), line});
-    return InWidget(CharacterBox(*layouts_.At(position), position).translated(-ColumnX(0), *top));
+    if (position < visible.start) return ToWidget({QPoint(0, -2 * line.height()), line});
+    const auto top = position < visible.end ? scroller_.BlockTopInView(position) : std::nullopt;
+    if (!top) return ToWidget({QPoint(0, Pixels(height()) + line.height()), line});
+    return ToWidget(CharacterBox(*layouts_.At(position), position).translated(-ToTextX(0), *top));
 }

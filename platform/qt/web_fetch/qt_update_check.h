@@ -1,4 +1,4 @@
-// Fetching from the web on Qt: loads the module that does it when it is first asked for.
+// Fetching from the web on Qt; the first call loads the module.
 #pragma once
 
 #include "platform/update_check.h"
@@ -7,9 +7,10 @@
 
 class QtUpdateCheck final : public UpdateCheck {
   public:
-    // The folders where the module may be, the first one first.
+    // Searched in order for the module.
     explicit QtUpdateCheck(QStringList moduleFolders) : folders_(std::move(moduleFolders)) {}
-    FetchAnswer Fetch(const std::u16string& address) override; // Failed without the module
+    FetchAnswer
+    Fetch(const std::u16string& address) override; // FetchStatus::Failed without the module
 
   private:
     QStringList folders_;

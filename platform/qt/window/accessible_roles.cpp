@@ -1,14 +1,14 @@
 #include "platform/qt/window/accessible_roles.h"
 
-#include "platform/qt/window/status_panels.h"
+#include "platform/qt/window/qt_status_bar.h"
 
 #include <QAccessibleWidget>
 #include <QFrame>
 
 namespace {
 
-// Qt takes a bare widget for a part of a window also where it is the window, in which a screen
-// reader looks for all the rest; and a border around other widgets for a window.
+// Qt reports a plain QWidget as a client area even if it is a window, where a screen reader expects
+// the root of the tree; and a QFrame around other widgets as a border.
 QAccessible::Role RoleOf(const QWidget& widget) {
     const QMetaObject* kind = widget.metaObject();
     if (kind == &QFrame::staticMetaObject) return QAccessible::Pane;
@@ -18,7 +18,7 @@ QAccessible::Role RoleOf(const QWidget& widget) {
     return isStatusBar ? QAccessible::StatusBar : QAccessible::NoRole;
 }
 
-QAccessibleInterface* Make(const QString&, QObject* object) {
+QAccessibleInterface* CreateInterface(const QString&, QObject* object) {
     auto* widget = object->isWidgetType() ? static_cast<QWidget*>(object) : nullptr;
     const QAccessible::Role role = widget ? RoleOf(*widget) : QAccessible::NoRole;
     return role == QAccessible::NoRole ? nullptr : new QAccessibleWidget(widget, role);
@@ -26,6 +26,6 @@ QAccessibleInterface* Make(const QString&, QObject* object) {
 
 } // namespace
 
-void InstallAccessibleParts() {
-    QAccessible::installFactory(Make);
+void InstallAccessibleRoles() {
+    QAccessible::installFactory(CreateInterface);
 }

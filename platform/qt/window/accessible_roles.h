@@ -1,5 +1,5 @@
-// What assistive technology is told of those parts of the windows that Qt does not know.
+// Accessible roles of widgets that Qt reports with an unsuitable one.
 #pragma once
 
-// To be called once the application object is there; again does nothing.
-void InstallAccessibleParts();
+// Call it once the application object exists; further calls do nothing.
+void InstallAccessibleRoles();

@@ -32,7 +32,7 @@ constexpr std::array keypadKeys = {
     KeyCode{Qt::Key_Period, 110},   KeyCode{Qt::Key_Comma, 110}, KeyCode{Qt::Key_Slash, 111},
 };
 
-// Characters that carry their code with them wherever a layout puts them.
+// Characters whose key code does not depend on where the layout puts them.
 constexpr std::array characterKeys = {
     KeyCode{Qt::Key_Equal, PlusKey},  KeyCode{Qt::Key_Plus, PlusKey},
     KeyCode{Qt::Key_Minus, MinusKey}, KeyCode{Qt::Key_Underscore, MinusKey},
@@ -43,10 +43,10 @@ constexpr std::array characterKeys = {
     KeyCode{Qt::Key_Apostrophe, 222},
 };
 
-// The keys of the main block by their place, named as on a United States keyboard.
+// The main block by scan code, with the codes of the US layout.
 struct KeyRow {
     std::uint32_t firstScanCode;
-    std::array<std::uint8_t, 12> codes; // 0 after the row's end
+    std::array<std::uint8_t, 12> codes; // padded with 0
 };
 
 constexpr std::array keyRows = {
@@ -57,12 +57,12 @@ constexpr std::array keyRows = {
 };
 
 template <typename Table>
-int Find(const Table& table, int key) {
+int FindCode(const Table& table, int key) {
     const auto found = std::ranges::find(table, key, &KeyCode::key);
     return found == table.end() ? 0 : found->code;
 }
 
-int CodeByPlace(std::uint32_t scanCode) {
+int CodeByScanCode(std::uint32_t scanCode) {
     for (const KeyRow& row : keyRows)
         if (scanCode >= row.firstScanCode && scanCode < row.firstScanCode + row.codes.size())
             return row.codes[scanCode - row.firstScanCode];
@@ -75,28 +75,28 @@ bool IsDigit(int code) {
 
 int KeypadCode(int key) {
     if (key >= Qt::Key_0 && key <= Qt::Key_9) return 96 + (key - Qt::Key_0);
-    return Find(keypadKeys, key);
+    return FindCode(keypadKeys, key);
 }
 
 int CharacterCode(int key, bool shifted, std::uint32_t scanCode) {
-    const int byPlace = CodeByPlace(scanCode);
-    // The digit row keeps its codes with Shift held and in layouts that type its digits with Shift,
-    // but a plain "-" or "=" typed there (as in France) means the sign.
-    if (IsDigit(byPlace)) {
-        const int sign = shifted ? 0 : Find(characterKeys, key);
-        return sign == PlusKey || sign == MinusKey ? sign : byPlace;
+    const int byScanCode = CodeByScanCode(scanCode);
+    // Digit keys keep their codes with Shift and in layouts where digits need Shift, but an
+    // unshifted "-" or "=" on them (French layout) is the sign.
+    if (IsDigit(byScanCode)) {
+        const int sign = shifted ? 0 : FindCode(characterKeys, key);
+        return sign == PlusKey || sign == MinusKey ? sign : byScanCode;
     }
     if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9))
-        return key; // Qt's numbers of these are their characters'
-    if (const int code = Find(characterKeys, key)) return code;
-    return byPlace;
+        return key; // same values as the virtual-key codes
+    if (const int code = FindCode(characterKeys, key)) return code;
+    return byScanCode;
 }
 
 } // namespace
 
 int VirtualKeyCode(int key, Qt::KeyboardModifiers modifiers, std::uint32_t scanCode) {
     if (key >= Qt::Key_F1 && key <= Qt::Key_F24) return 112 + (key - Qt::Key_F1);
-    if (const int code = Find(namedKeys, key)) return code;
+    if (const int code = FindCode(namedKeys, key)) return code;
     if (modifiers & Qt::KeypadModifier) return KeypadCode(key);
     return CharacterCode(key, modifiers & Qt::ShiftModifier, scanCode);
 }

@@ -1,16 +1,16 @@
-// Windows virtual-key codes of Qt's key events.
+// Windows virtual-key codes for Qt key events.
 #pragma once
 
 #include <Qt>
 
 #include <cstdint>
 
-// The code of a key, 0 when it has none. Keys that type a character are told apart by their place
-// on the keyboard where the layout gives them no Latin letter, so a shortcut works in every layout.
-// `scanCode` is the native one of X11 and Wayland (evdev's plus 8), or 0 where there is none.
+// 0 for a key that has none. If the layout gives a character key no Latin letter, its position
+// decides, so that shortcuts work in every layout. `scanCode` is the native one of X11 and Wayland
+// (evdev code plus 8), or 0 if unknown.
 int VirtualKeyCode(int key, Qt::KeyboardModifiers modifiers, std::uint32_t scanCode);
 
-// Of the keypad's "+", "-" and "0" that of the main block's; any other code as it is.
+// Maps the keypad's "+", "-" and "0" to the main block's; other codes are unchanged.
 int MainBlockZoomKey(int code);
 
 int ShiftMaskOf(Qt::KeyboardModifiers modifiers); // a sum of ShiftMask values

@@ -18,11 +18,11 @@ void MenuStyle::drawControl(ControlElement element, const QStyleOption* option, 
         QProxyStyle::drawControl(element, option, painter, widget);
         return;
     }
-    QStyleOptionMenuItem inert = *item;
-    inert.state &= ~State_Selected;
+    QStyleOptionMenuItem plain = *item;
+    plain.state &= ~State_Selected;
     if (item->font.bold()) {
-        inert.state |= State_Enabled;
-        inert.palette.setCurrentColorGroup(QPalette::Active);
+        plain.state |= State_Enabled;
+        plain.palette.setCurrentColorGroup(QPalette::Active);
     }
-    QProxyStyle::drawControl(element, &inert, painter, widget);
+    QProxyStyle::drawControl(element, &plain, painter, widget);
 }

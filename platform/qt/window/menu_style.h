@@ -1,10 +1,10 @@
-// How menus behave and look where Qt's styles do otherwise than the program's menus need.
+// The style of menus, where Qt's styles differ from what the program's menus need.
 #pragma once
 
 #include <QProxyStyle>
 
 // Long menus scroll, disabled items cannot be selected, and headings (disabled and bold) are not
-// greyed.
+// greyed out.
 class MenuStyle final : public QProxyStyle {
   public:
     int styleHint(StyleHint, const QStyleOption*, const QWidget*, QStyleHintReturn*) const override;

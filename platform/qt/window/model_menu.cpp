@@ -1,34 +1,57 @@
 #include "platform/qt/window/model_menu.h"
 
 #include "platform/qt/qt_text.h"
-#include "platform/qt/window/text_extent.h"
 
 #include <QAccessible>
 #include <QActionGroup>
+#include <QFontMetrics>
 #include <QStyleOptionMenuItem>
 
 #include <algorithm>
 
 namespace {
 
-constexpr int longList = 200;   // items
-constexpr int measuredOnes = 8; // the estimate is off by a few pixels at most
+constexpr int longMenu = 200;    // items
+constexpr int measuredItems = 8; // more than one: the estimate is off by a few pixels
 
-// Which visible items come first by the estimated width of a part of their captions.
+// Sums the advances of single characters, each measured once: accurate enough to find the widest
+// texts.
+class TextExtent {
+  public:
+    explicit TextExtent(const QFont& font) : metrics_(font), widths_(0x10000, unknown) {}
+
+    int Width(std::u16string_view text) { // pixels
+        int sum = 0;
+        for (const char16_t unit : text) {
+            int& width = widths_[unit];
+            if (width == unknown) width = metrics_.horizontalAdvance(QChar(unit));
+            sum += width;
+        }
+        return sum;
+    }
+
+  private:
+    static constexpr int unknown = -1;
+
+    QFontMetrics metrics_;
+    std::vector<int> widths_; // by UTF-16 unit
+};
+
+// Marks the visible items with the greatest estimated width of `part` of their captions.
 template <typename Part>
 void MarkWidest(const MenuArray& array, const Part& part, std::vector<bool>& marked) {
     std::vector<std::pair<int, std::size_t>> widths;
     for (std::size_t i = 0; i < array.items.size(); ++i)
         if (array[i].visible) widths.emplace_back(part(array[i].caption), i);
-    const auto end = widths.begin() + std::min<std::ptrdiff_t>(measuredOnes, std::ssize(widths));
+    const auto end = widths.begin() + std::min<std::ptrdiff_t>(measuredItems, std::ssize(widths));
     std::ranges::partial_sort(widths, end, std::greater<>());
     std::for_each(widths.begin(), end, [&](const auto& width) { marked[width.second] = true; });
 }
 
-// The items that need a text of their own for the menu to become wide enough.
+// The items whose width must be measured for the menu to become wide enough.
 std::vector<bool> ItemsToMeasure(const MenuArray& array, const QFont& font) {
-    // A screen reader reads the texts.
-    if (array.Count() < longList || QAccessible::isActive())
+    // A screen reader reads QAction::text().
+    if (array.Count() < longMenu || QAccessible::isActive())
         return std::vector<bool>(array.items.size(), true);
     std::vector<bool> marked(array.items.size());
     TextExtent extent(font);
@@ -56,9 +79,10 @@ QString NativeCaption(const MenuItem& item) {
     return caption;
 }
 
-void ShowState(QAction& action, const MenuItem& item, const QFont& font) {
+void ApplyState(QAction& action, const MenuItem& item, const QFont& font) {
     action.setEnabled(item.enabled && !item.heading);
-    if (item.heading || (item.isDefault && item.enabled)) { // MenuStyle knows a heading by it
+    if (item.heading ||
+        (item.isDefault && item.enabled)) { // MenuStyle recognises a heading by the bold font
         QFont bold = font;
         bold.setBold(true);
         action.setFont(bold);
@@ -66,7 +90,8 @@ void ShowState(QAction& action, const MenuItem& item, const QFont& font) {
     if (item.checked) {
         action.setCheckable(true);
         if (item.radio)
-            (new QActionGroup(&action))->addAction(&action); // an exclusive item has a bullet
+            (new QActionGroup(&action))
+                ->addAction(&action); // an item of an exclusive group has a radio mark
         action.setChecked(true);
     }
 }
@@ -74,7 +99,7 @@ void ShowState(QAction& action, const MenuItem& item, const QFont& font) {
 ItemAction::ItemAction(QObject* parent, MenuArray& ofArray, int at)
     : QAction(parent), array(ofArray), index(at) {}
 
-void ModelMenu::AddArray(MenuArray& array) {
+void ModelMenu::AddItems(MenuArray& array) {
     const std::vector<bool> withText = ItemsToMeasure(array, font());
     for (int index = 0; index < array.Count(); ++index)
         AddItem(array, index, withText[static_cast<std::size_t>(index)]);
@@ -89,7 +114,7 @@ void ModelMenu::AddItem(MenuArray& array, int index, bool withText) {
     }
     auto* action = new ItemAction(this, array, index);
     if (withText || item.isDefault) action->setText(action->Caption());
-    ShowState(*action, item, font());
+    ApplyState(*action, item, font());
     addAction(action);
 }
 

@@ -1,4 +1,4 @@
-// The native items of a menu that mirrors the model.
+// Native menu items that mirror the menu model.
 #pragma once
 
 #include "platform/menu_bar.h"
@@ -8,7 +8,7 @@
 
 QString NativeCaption(const MenuItem&);
 
-// An item that knows its place in the model.
+// An action that knows its item in the model.
 class ItemAction final : public QAction {
   public:
     ItemAction(QObject* parent, MenuArray& ofArray, int at);
@@ -19,14 +19,14 @@ class ItemAction final : public QAction {
     const int index;
 };
 
-// Shows items without a text of their own by their captions. Qt measures every text when a menu
-// opens, which for thousands takes longer than all the rest: so in a long list only the few that
-// can be the widest have one.
+// Qt measures the text of every action when a menu opens, which for thousands of items dominates
+// the time. So in a long menu only the few items that may be the widest have a text; the others are
+// drawn with the caption from the model.
 class ModelMenu final : public QMenu {
   public:
     using QMenu::QMenu;
 
-    void AddArray(MenuArray&); // its items; of an array without a submenu
+    void AddItems(MenuArray&); // of an array without submenus
 
   protected:
     void initStyleOption(QStyleOptionMenuItem*, const QAction*) const override;
@@ -35,5 +35,5 @@ class ModelMenu final : public QMenu {
     void AddItem(MenuArray&, int index, bool withText);
 };
 
-// How an item is shown, whatever it does.
-void ShowState(QAction&, const MenuItem&, const QFont&);
+// Applies enabled, checked, default and heading to the action.
+void ApplyState(QAction&, const MenuItem&, const QFont&);

@@ -1,10 +1,10 @@
 #include "platform/qt/window/qt_menu_bar.h"
 
-#include "platform/qt/handler.h"
-#include "platform/qt/window/active_window.h"
+#include "platform/qt/window/menu_bar_focus.h"
 #include "platform/qt/window/menu_style.h"
 #include "platform/qt/window/model_menu.h"
 #include "platform/qt/window/qt_window.h"
+#include "platform/shared/call_handler.h"
 
 #include <QApplication>
 #include <QMenuBar>
@@ -12,11 +12,12 @@
 
 #include <algorithm>
 
-QtMenuBar::QtMenuBar(QtWindow& window, std::function<QPoint()> contextPoint)
-    : window_(window), contextPoint_(std::move(contextPoint)), bar_(new QMenuBar(&window)) {
-    connect(bar_, &QMenuBar::triggered, this, &QtMenuBar::Choose);
-    connect(qApp, &QGuiApplication::focusWindowChanged, this, TakeNoteOfActiveWindow);
-    window_.AdoptMenuBar(bar_);
+QtMenuBar::QtMenuBar(QtWindow& window, std::function<QPoint()> contextMenuPosition)
+    : window_(window), contextMenuPosition_(std::move(contextMenuPosition)),
+      bar_(new QMenuBar(&window)) {
+    connect(bar_, &QMenuBar::triggered, this, &QtMenuBar::OnTriggered);
+    connect(qApp, &QGuiApplication::focusWindowChanged, this, ActivateFocusedWindow);
+    window_.SetMenuBar(bar_);
 }
 
 QtMenuBar::~QtMenuBar() = default;
@@ -46,68 +47,68 @@ void QtMenuBar::Refresh() {
     window_.LayOut();
 }
 
-void QtMenuBar::Choose(const QAction* action) {
+void QtMenuBar::OnTriggered(const QAction* action) {
     if (const auto* item = dynamic_cast<const ItemAction*>(action))
         CallHandler(events_.onClick, item->array, item->index);
 }
 
-// The menu opens when the event loop comes round: its own opening is an event for the form.
+// Queued, because opening a menu calls a handler of the form.
 void QtMenuBar::ShowMenu(MenuArray& topLevel) {
     const auto show = [this, &topLevel] {
-        const auto place = std::ranges::find(topLevel_, &topLevel) - topLevel_.begin();
-        if (place == std::ssize(topLevel_) || QApplication::activePopupWidget()) return;
+        const auto position = std::ranges::find(topLevel_, &topLevel) - topLevel_.begin();
+        if (position == std::ssize(topLevel_) || QApplication::activePopupWidget()) return;
         openedByProgram_ = true;
-        bar_->setActiveAction(menus_[static_cast<std::size_t>(place)]->menuAction());
+        bar_->setActiveAction(menus_[static_cast<std::size_t>(position)]->menuAction());
     };
     QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
 }
 
-// The bar takes the keyboard after its menu has gone, or the menu beside it opens.
-void QtMenuBar::LeaveMenu() {
+// Queued, because only then is it known whether the bar has the focus or the next menu has opened.
+void QtMenuBar::OnMenuHidden() {
     const auto leave = [this] {
         if (!openedByProgram_ || QApplication::activePopupWidget()) return;
         openedByProgram_ = false;
-        window_.TakeKeyboardFromBar();
+        window_.RestoreViewFocus();
     };
     if (openedByProgram_) QMetaObject::invokeMethod(this, leave, Qt::QueuedConnection);
 }
 
 void QtMenuBar::ShowContextMenu(const std::vector<MenuArray*>& items) {
     contextMenu_ = std::make_unique<ModelMenu>(&window_);
-    PrepareMenu(*contextMenu_);
+    ApplyStyle(*contextMenu_);
     for (MenuArray* array : items)
-        contextMenu_->AddArray(*array);
-    connect(contextMenu_.get(), &QMenu::triggered, this, &QtMenuBar::Choose);
-    contextMenu_->popup(contextPoint_());
+        contextMenu_->AddItems(*array);
+    connect(contextMenu_.get(), &QMenu::triggered, this, &QtMenuBar::OnTriggered);
+    contextMenu_->popup(contextMenuPosition_());
 }
 
-// A menu or submenu without its items: these are made when it opens.
+// Items are created when the menu opens.
 QMenu* QtMenuBar::AddMenu(QWidget* parent, const MenuItem& item, MenuArray& array) {
     auto* menu = new ModelMenu(NativeCaption(item), parent);
     const bool isTopLevel = parent == bar_;
     connect(menu, &QMenu::aboutToShow, this, [this, menu, &array, isTopLevel] {
-        PrepareMenu(*menu);
+        ApplyStyle(*menu);
         if (isTopLevel) CallHandler(events_.onOpening, array);
-        Fill(*menu, array);
+        Populate(*menu, array);
     });
-    if (isTopLevel) connect(menu, &QMenu::aboutToHide, this, &QtMenuBar::LeaveMenu);
+    if (isTopLevel) connect(menu, &QMenu::aboutToHide, this, &QtMenuBar::OnMenuHidden);
     return menu;
 }
 
-void QtMenuBar::PrepareMenu(QMenu& menu) {
+void QtMenuBar::ApplyStyle(QMenu& menu) {
     if (!style_) style_ = std::make_unique<MenuStyle>();
     if (menu.style() == style_.get()) return;
     menu.setStyle(style_.get());
-    menu.setSeparatorsCollapsible(false); // the model says which separators show
+    menu.setSeparatorsCollapsible(false); // separators are shown and hidden by the model
 }
 
-void QtMenuBar::Fill(ModelMenu& menu, const MenuArray& array) {
+void QtMenuBar::Populate(ModelMenu& menu, const MenuArray& array) {
     menu.clear();
     qDeleteAll(menu.findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
     for (MenuArray* child : array.children) {
         if (child->children.empty())
-            menu.AddArray(*child);
+            menu.AddItems(*child);
         else if (const MenuItem& item = (*child)[0]; item.visible)
-            ShowState(*menu.addMenu(AddMenu(&menu, item, *child)), item, menu.font());
+            ApplyState(*menu.addMenu(AddMenu(&menu, item, *child)), item, menu.font());
     }
 }

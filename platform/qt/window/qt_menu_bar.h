@@ -1,4 +1,4 @@
-// The menu bar on Qt: native menus made from the model each time one opens.
+// The menu bar on Qt: native menus are rebuilt from the model each time one opens.
 #pragma once
 
 #include "platform/menu_bar.h"
@@ -18,9 +18,9 @@ class QtWindow;
 
 class QtMenuBar final : public QObject, public MenuBar {
   public:
-    // The window comes to own the native bar. `contextPoint` tells where on the screen a context
-    // menu was asked for.
-    QtMenuBar(QtWindow& window, std::function<QPoint()> contextPoint);
+    // The window owns the native bar. `contextMenuPosition` returns the global position where a
+    // context menu was requested.
+    QtMenuBar(QtWindow& window, std::function<QPoint()> contextMenuPosition);
     ~QtMenuBar() override;
 
     void Attach(const std::vector<MenuArray*>& topLevel, MenuEvents) override;
@@ -30,18 +30,19 @@ class QtMenuBar final : public QObject, public MenuBar {
 
   private:
     QMenu* AddMenu(QWidget* parent, const MenuItem& item, MenuArray& array);
-    void Fill(ModelMenu&, const MenuArray&);
-    void PrepareMenu(QMenu&);
-    void Choose(const QAction*);
-    void LeaveMenu();
+    void Populate(ModelMenu&, const MenuArray&);
+    void ApplyStyle(QMenu&);
+    void OnTriggered(const QAction*);
+    void OnMenuHidden();
 
     QtWindow& window_;
-    std::function<QPoint()> contextPoint_;
+    std::function<QPoint()> contextMenuPosition_;
     QMenuBar* bar_;
     std::unique_ptr<MenuStyle> style_;
-    std::unique_ptr<ModelMenu> contextMenu_; // the one shown last
+    std::unique_ptr<ModelMenu> contextMenu_; // the last one shown
     std::vector<MenuArray*> topLevel_;
-    std::vector<QMenu*> menus_; // of topLevel_, in order; owned by the bar
+    std::vector<QMenu*> menus_; // same order as topLevel_; owned by the bar
     MenuEvents events_;
-    bool openedByProgram_ = false; // the menu that is open, or the one gone to from it
+    bool openedByProgram_ =
+        false; // the open menu was opened by ShowMenu, or reached from such a menu
 };

@@ -1,4 +1,4 @@
-// The main window on Qt: frame and menu bar, and inside them the inner area that the core lays out.
+// The main window on Qt: frame, menu bar, and below it the inner area, which the core lays out.
 #pragma once
 
 #include "common/reachable_place.h"
@@ -12,7 +12,7 @@
 #include <memory>
 #include <optional>
 
-class BarKeyboard;
+class MenuBarFocus;
 class QFrame;
 class QMenuBar;
 
@@ -22,18 +22,18 @@ class QtWindow final : public QWidget, public Window {
     ~QtWindow() override;
 
     QWidget* InnerArea() const { return inner_; } // parent of the status bar
-    QWidget* ViewArea() const { return views_; }  // parent of both views, inside the panel's border
-    void AdoptMenuBar(QMenuBar*);
-    void TakeKeyboardFromBar(); // for the view that had it
-    void LayOut(); // places menu bar and inner area; reports when the inner area changed
+    QWidget* ViewArea() const { return views_; }  // parent of both views, inside the panel's frame
+    void SetMenuBar(QMenuBar*);
+    void RestoreViewFocus(); // if the menu bar has the focus
+    void LayOut(); // places menu bar and inner area; calls onResize if the inner area has changed
 
-    // While this widget or one in it has the keyboard, the keypad's zoom keys are told as those of
-    // the main block.
-    void AdoptPage(QWidget* page) { page_ = page; }
-    void TellKeyDown(int code, int shift); // a key that the program presses itself
+    // While this widget or a child of it has the focus, the keypad's zoom keys are reported as
+    // those of the main block.
+    void SetPageWidget(QWidget* page) { pageWidget_ = page; }
+    void SendKeyDown(int code, int shift); // a synthesized key press
 
-    // The system wants the program to end: open menus and dialogs are cancelled, then the window
-    // closes as by its user.
+    // On a signal or at logout: cancels open menus and dialogs, then closes the window as its user
+    // would.
     void CloseFromSystem();
 
     void SetEvents(WindowEvents) override;
@@ -62,38 +62,41 @@ class QtWindow final : public QWidget, public Window {
     bool eventFilter(QObject*, QEvent*) override;
 
   private:
-    void TakeDefaultPlace();
-    void TakeKeyboardBack();
-    bool KeyEvent(const QKeyEvent&);
-    int CodeOf(const QKeyEvent&) const;
+    void SetDefaultGeometry();
+    void Reactivate();
+    bool HandleKey(const QKeyEvent&);
+    int KeyCodeOf(const QKeyEvent&) const;
     QMargins FrameMargins() const;
-    Rect RealBounds() const;
-    void MoveInside(const QMargins& frame);
-    void AllowForFrame();
-    void AllowForFrameSoon();
+    Rect FrameBounds() const;
+    void SetClientGeometry(const QMargins& frame);
+    void AdjustForFrame();
+    void ScheduleAdjustForFrame();
+    void StartSettling();
     void Settle();
-    void ReportResize();
+    void NotifyResize();
 
     QWidget* inner_;
     QFrame* panel_;
     QWidget* views_;
     QMenuBar* menuBar_ = nullptr;
-    std::unique_ptr<BarKeyboard> barKeyboard_;
-    QWidget* page_ = nullptr;
+    std::unique_ptr<MenuBarFocus> menuBarFocus_;
+    QWidget* pageWidget_ = nullptr;
     WindowEvents events_;
-    // The rectangle asked for stands for the window's own until the window manager has had its say:
-    // what the window system tells in between is partly old and partly without the frame.
-    std::optional<Rect> asked_;
-    Rect shown_;                  // where it is shown
-    QSize inside_, insideBefore_; // asked of the window system, for this frame and for the last one
-    QMargins framed_; // the frame that the window's size allows for while `asked_` stands
-    std::optional<ShownInstead> instead_; // of what was asked for, from then on
-    QPoint corner_; // where the window would be, for a window system that doesn't say (Wayland)
-    QTimer settling_;
+    // Returned by Bounds() until the window manager has settled the geometry: meanwhile the
+    // reported one is partly outdated and partly without the frame.
+    std::optional<Rect> requested_;
+    Rect reachable_; // requested_, moved to where the user can reach it
+    QSize clientSize_,
+        previousClientSize_; // requested for the current frame margins and for the previous ones
+    QMargins assumedFrame_;  // frame margins that clientSize_ was computed with
+    std::optional<ShownInstead>
+        shownInstead_;     // once settled, if reachable_ differs from what was requested
+    QPoint assumedCorner_; // used where the window system reports no positions (Wayland)
+    QTimer settleTimer_;
     struct {
         int code = 0, shift = 0;
-    } heldKey_;        // the key that went down last
-    int zoomRest_ = 0; // a turn of the wheel of less than a notch, in eighths of a degree
+    } pressedKey_;          // the last key press
+    int zoomRemainder_ = 0; // less than a wheel step, in eighths of a degree
     bool unloaded_ = false;
     ExitSignals exitSignals_;
 };

@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr int afterFirstPaint = 300; // milliseconds
+constexpr int iconDelay = 300; // milliseconds
 
 } // namespace
 
@@ -16,7 +16,6 @@ QIcon ProgramIcon() {
     return icon;
 }
 
-void ShowIconWhenIdle(QWidget& window) {
-    QTimer::singleShot(afterFirstPaint, &window,
-                       [&window] { window.setWindowIcon(ProgramIcon()); });
+void SetIconWhenIdle(QWidget& window) {
+    QTimer::singleShot(iconDelay, &window, [&window] { window.setWindowIcon(ProgramIcon()); });
 }

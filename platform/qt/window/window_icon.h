@@ -7,6 +7,5 @@ class QWidget;
 
 QIcon ProgramIcon();
 
-// Gives the window its icon once it has been painted: reading pictures must not delay its first
-// showing.
-void ShowIconWhenIdle(QWidget& window);
+// Sets the icon after the first paint, because loading the images would delay it.
+void SetIconWhenIdle(QWidget& window);

@@ -1,4 +1,4 @@
-// What the text view on Qt tells a screen reader unasked, and what a very long text costs it.
+// Accessibility events of the text view, and their cost for a very long text.
 #include "platform/qt/text_view/accessibility/accessible_text.h"
 #include "tests/contract/qt/text_view_bench.h"
 
@@ -13,15 +13,15 @@
 #include <functional>
 
 namespace {
-// What was told since a test asked last, and how often that another part of the text is seen.
-std::string heard;
-int seen = 0;
+// Events since the last call of Events(), and the number of VisibleDataChanged.
+std::string events;
+int visible = 0;
 
 std::string Quoted(const QString& text) {
     return '"' + text.toStdString() + '"';
 }
 
-std::string Described(const QAccessibleEvent& event) {
+std::string Describe(const QAccessibleEvent& event) {
     switch (event.type()) {
     case QAccessible::TextCaretMoved:
         return "caret " +
@@ -45,9 +45,9 @@ std::string Described(const QAccessibleEvent& event) {
 }
 
 void Listen(QAccessibleEvent* event) {
-    seen += event->type() == QAccessible::VisibleDataChanged;
-    const std::string told = Described(*event);
-    if (!told.empty()) heard += (heard.empty() ? "" : ", ") + told;
+    visible += event->type() == QAccessible::VisibleDataChanged;
+    const std::string accessible = Describe(*event);
+    if (!accessible.empty()) events += (events.empty() ? "" : ", ") + accessible;
 }
 
 void SetListening(bool on) {
@@ -58,14 +58,14 @@ struct ListeningBench : QtViewBench {
     ListeningBench() {
         SetListening(true);
         QAccessible::installUpdateHandler(Listen);
-        heard.clear();
-        seen = 0;
+        events.clear();
+        visible = 0;
     }
     ~ListeningBench() {
         QAccessible::installUpdateHandler(nullptr);
         SetListening(false);
     }
-    std::string Heard() { return std::exchange(heard, {}); }
+    std::string Events() { return std::exchange(events, {}); }
     QAccessibleTextInterface& Text() {
         return *QAccessible::queryAccessibleInterface(&Widget())->textInterface();
     }
@@ -74,12 +74,12 @@ struct ListeningBench : QtViewBench {
 bool BecomesSeen() {
     QElapsedTimer time;
     time.start();
-    while (seen == 0 && time.elapsed() < 5000)
+    while (visible == 0 && time.elapsed() < 5000)
         QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-    return seen > 0;
+    return visible > 0;
 }
 
-// A text of 1,500 million units that nobody holds: the number of each line is in it.
+// 1,500 million units, generated on demand: each line contains its number.
 class EndlessText : public TextSource {
   public:
     static constexpr TextPos lineLength = 64, pieceUnits = 64 * 1024;
@@ -108,7 +108,7 @@ class EndlessText : public TextSource {
         return line + u'\n';
     }
 
-    mutable int pieces = 0; // asked for
+    mutable int pieces = 0; // requested
 
   private:
     mutable std::u16string units_;
@@ -116,65 +116,65 @@ class EndlessText : public TextSource {
 };
 } // namespace
 
-TEST_CASE("accessible events: caret and selection are told when they change, and only then") {
+TEST_CASE("accessible events: caret and selection are sent when they change, and only then") {
     ListeningBench bench;
     bench.view.LoadPlainText(u"one two three\nfour");
-    bench.Heard();
+    bench.Events();
     bench.Press(Qt::Key_Right);
-    CHECK(bench.Heard() == "caret 1");
+    CHECK(bench.Events() == "caret 1");
     bench.Press(Qt::Key_Right, Qt::ShiftModifier | Qt::ControlModifier);
-    CHECK(bench.Heard() == "caret 4, selection 1 4");
-    bench.view.Select(1, 3); // as it is
-    CHECK(bench.Heard() == "");
+    CHECK(bench.Events() == "caret 4, selection 1 4");
+    bench.view.Select(1, 3); // unchanged
+    CHECK(bench.Events() == "");
     bench.Press(Qt::Key_End);
-    CHECK(bench.Heard() == "caret 13, selection 13 13");
+    CHECK(bench.Events() == "caret 13, selection 13 13");
     bench.Text().setSelection(0, 14, 16);
-    CHECK(bench.Heard() == "caret 16, selection 14 16");
+    CHECK(bench.Events() == "caret 16, selection 14 16");
     bench.Text().removeSelection(0);
-    CHECK(bench.Heard() == "selection 16 16");
+    CHECK(bench.Events() == "selection 16 16");
     bench.view.SetName(u"A Book");
-    CHECK(bench.Heard() == "name");
+    CHECK(bench.Events() == "name");
 }
 
-TEST_CASE("accessible events: another text is told, the beginning of a long one") {
+TEST_CASE("accessible events: a new text is sent, the beginning of a long one") {
     ListeningBench bench;
     bench.view.LoadPlainText(u"the old text");
-    CHECK(bench.Heard() == "text \"\" \"the old text\", loaded");
+    CHECK(bench.Events() == "text \"\" \"the old text\", loaded");
     bench.view.Select(4, 3);
-    bench.Heard();
+    bench.Events();
     bench.view.LoadPlainText(u"");
-    CHECK(bench.Heard() == "text \"the old text\" \"\", caret 0, selection 0 0");
+    CHECK(bench.Events() == "text \"the old text\" \"\", caret 0, selection 0 0");
     bench.view.LoadPlainText(u"");
-    CHECK(bench.Heard() == "");
+    CHECK(bench.Events() == "");
     bench.view.LoadRichText("{\\rtf1 new}", 1252);
-    CHECK(bench.Heard() == "text \"\" \"new\", loaded");
+    CHECK(bench.Events() == "text \"\" \"new\", loaded");
     bench.view.LoadText(std::make_shared<EndlessText>());
-    const std::string last = bench.Heard();
+    const std::string last = bench.Events();
     CHECK(last.starts_with("text \"new\" \"This is line 0 "));
     CHECK(last.size() < 5000);
 }
 
-TEST_CASE("accessible events: scrolling is told, but not at every step") {
+TEST_CASE("accessible events: scrolling is sent, but not at every step") {
     ListeningBench bench;
     bench.view.LoadPlainText(RepeatedText(u"A line of the book.\n", 2000));
     REQUIRE(BecomesSeen());
-    seen = 0;
+    visible = 0;
     for (int i = 0; i < 100; ++i)
         bench.Press(Qt::Key_Space);
-    CHECK(seen == 0); // not yet
+    CHECK(visible == 0); // scheduled only
     REQUIRE(BecomesSeen());
-    CHECK(seen == 1);
+    CHECK(visible == 1);
 }
 
-TEST_CASE("accessible events: the keyboard's coming back from a menu is told") {
+TEST_CASE("accessible events: a focus event is sent when a menu returns the focus") {
     ListeningBench bench;
-    bench.Heard();
+    bench.Events();
     QFocusEvent fromMenu(QEvent::FocusIn, Qt::PopupFocusReason);
     QCoreApplication::sendEvent(&bench.Widget(), &fromMenu);
-    CHECK(bench.Heard() == "focus");
+    CHECK(bench.Events() == "focus");
 }
 
-TEST_CASE("accessible events: nothing is read for them while nobody listens") {
+TEST_CASE("accessible events: the text is not read for events while no client is active") {
     ListeningBench bench;
     const auto text = std::make_shared<EndlessText>();
     SetListening(false);
@@ -186,53 +186,54 @@ TEST_CASE("accessible events: nothing is read for them while nobody listens") {
     CHECK(text->pieces > 0);
 }
 
-TEST_CASE("accessible text: a very long text is told in parts, each as fast as of a short one") {
+TEST_CASE("accessible text: parts of a very long text are read as fast as of a short one") {
     QtViewBench bench;
     const auto text = std::make_shared<EndlessText>();
     bench.view.LoadText(text);
-    QAccessibleTextInterface& told =
+    QAccessibleTextInterface& accessible =
         *QAccessible::queryAccessibleInterface(&bench.Widget())->textInterface();
     const int length = text->Length(), middle = length / 2 / 64 * 64;
-    CHECK(told.characterCount() == length);
+    CHECK(accessible.characterCount() == length);
     text->pieces = 0;
     const int layouts = bench.view.LayoutsMade();
 
-    CHECK(told.text(0, -1).size() == AccessibleText::maxAnswerLength);
-    CHECK(told.text(middle, length).size() == AccessibleText::maxAnswerLength);
-    CHECK(told.text(length - 100, -1).size() == 100);
+    CHECK(accessible.text(0, -1).size() == AccessibleText::maxAnswerLength);
+    CHECK(accessible.text(middle, length).size() == AccessibleText::maxAnswerLength);
+    CHECK(accessible.text(length - 100, -1).size() == 100);
     int start = 0, end = 0;
     const QString line = QString::fromStdU16String(EndlessText::Line(middle / 64));
-    CHECK(told.textAtOffset(middle + 10, QAccessible::ParagraphBoundary, &start, &end) == line);
+    CHECK(accessible.textAtOffset(middle + 10, QAccessible::ParagraphBoundary, &start, &end) ==
+          line);
     CHECK(start == middle);
     CHECK(end == middle + 64);
-    CHECK(told.textAtOffset(middle, QAccessible::WordBoundary, &start, &end) == "This ");
-    CHECK(told.textAfterOffset(middle, QAccessible::WordBoundary, &start, &end) == "is ");
-    CHECK(told.textBeforeOffset(middle, QAccessible::CharBoundary, &start, &end) == "\n");
-    CHECK(
-        told.textAtOffset(middle + 3, QAccessible::LineBoundary, &start, &end).startsWith("This"));
-    const QString all = told.textAtOffset(middle, QAccessible::NoBoundary, &start, &end);
+    CHECK(accessible.textAtOffset(middle, QAccessible::WordBoundary, &start, &end) == "This ");
+    CHECK(accessible.textAfterOffset(middle, QAccessible::WordBoundary, &start, &end) == "is ");
+    CHECK(accessible.textBeforeOffset(middle, QAccessible::CharBoundary, &start, &end) == "\n");
+    CHECK(accessible.textAtOffset(middle + 3, QAccessible::LineBoundary, &start, &end)
+              .startsWith("This"));
+    const QString all = accessible.textAtOffset(middle, QAccessible::NoBoundary, &start, &end);
     CHECK(all.size() == AccessibleText::maxAnswerLength);
     CHECK(start <= middle);
     CHECK(end > middle);
-    CHECK(told.attributes(middle, &start, &end).contains("font-size"));
-    told.setCursorPosition(length);
-    told.setSelection(0, 0, length);
+    CHECK(accessible.attributes(middle, &start, &end).contains("font-size"));
+    accessible.setCursorPosition(length);
+    accessible.setSelection(0, 0, length);
     CHECK(text->pieces < 2000);
     CHECK(bench.view.LayoutsMade() - layouts < 200);
 }
 
-TEST_CASE("accessible text: asking for a long text's characters one by one lays nothing out") {
+TEST_CASE("accessible text: reading a long text by character lays nothing out") {
     QtViewBench bench;
     const auto text = std::make_shared<EndlessText>();
     bench.view.LoadText(text);
-    QAccessibleTextInterface& told =
+    QAccessibleTextInterface& accessible =
         *QAccessible::queryAccessibleInterface(&bench.Widget())->textInterface();
-    told.characterRect(0);
+    accessible.characterRect(0);
     text->pieces = 0;
     const int layouts = bench.view.LayoutsMade();
     QRect all;
     for (int at = 100'000; at < 1'100'000; ++at)
-        all |= told.characterRect(at);
+        all |= accessible.characterRect(at);
     CHECK(all.top() > bench.Widget().height());
     CHECK(text->pieces == 0);
     CHECK(bench.view.LayoutsMade() == layouts);

@@ -1,4 +1,4 @@
-// The windows and dialogs as a screen reader finds them, without a screen.
+// The accessible tree of the windows and dialogs.
 #include "platform/qt/dialogs/find_dialog.h"
 #include "platform/qt/dialogs/font_dialog.h"
 #include "platform/qt/dialogs/qt_dialogs.h"
@@ -17,21 +17,21 @@
 #include <QTimer>
 
 namespace {
-QAccessibleInterface& Told(QObject* object) {
-    auto* told = QAccessible::queryAccessibleInterface(object);
-    REQUIRE(told);
-    return *told;
+QAccessibleInterface& Accessible(QObject* object) {
+    auto* accessible = QAccessible::queryAccessibleInterface(object);
+    REQUIRE(accessible);
+    return *accessible;
 }
 
-// What is said of a control when the keyboard comes to it: the label beside it, else its own name.
-std::string Said(QWidget& widget) {
-    const QAccessibleInterface& told = Told(&widget);
-    const auto labels = told.relations(QAccessible::Label);
-    const QAccessibleInterface& named = labels.empty() ? told : *labels.front().first;
+// The accessible name of a control: that of its label, or else its own.
+std::string NameOf(QWidget& widget) {
+    const QAccessibleInterface& accessible = Accessible(&widget);
+    const auto labels = accessible.relations(QAccessible::Label);
+    const QAccessibleInterface& named = labels.empty() ? accessible : *labels.front().first;
     return named.text(QAccessible::Name).toStdString();
 }
 
-// Of the controls that the Tab key comes to, in its order.
+// The accessible names in tab order.
 std::string TabOrder(QWidget& window) {
     window.show();
     std::string names;
@@ -40,7 +40,7 @@ std::string TabOrder(QWidget& window) {
         widget = widget->nextInFocusChain();
         const bool stops = widget->isVisible() && widget->isEnabled() && !widget->isWindow() &&
                            !widget->focusProxy() && widget->focusPolicy() & Qt::TabFocus;
-        if (stops) names += Said(*widget) + '|';
+        if (stops) names += NameOf(*widget) + '|';
     } while (widget != &window);
     return names;
 }
@@ -57,26 +57,26 @@ HelpContents Contents() {
 }
 } // namespace
 
-TEST_CASE("accessible parts: the main window is a window, and what frames the text is none") {
+TEST_CASE("accessible roles: the main window is a window, and the frame of the text is not") {
     QtWindow window;
     QtStatusBar bar(window.InnerArea());
     StatusPanel date;
     date.style = PanelStyle::Date;
     bar.SetPanels({date});
     window.SetTitle(u"Norvaset - A Book");
-    QAccessibleInterface& told = Told(&window);
-    CHECK(told.role() == QAccessible::Window);
-    CHECK(told.text(QAccessible::Name) == "Norvaset - A Book");
-    CHECK(Told(window.InnerArea()).role() == QAccessible::Client);
-    CHECK(Told(window.ViewArea()->parentWidget()).role() == QAccessible::Pane);
-    QAccessibleInterface* status = Told(window.InnerArea()).child(1);
+    QAccessibleInterface& accessible = Accessible(&window);
+    CHECK(accessible.role() == QAccessible::Window);
+    CHECK(accessible.text(QAccessible::Name) == "Norvaset - A Book");
+    CHECK(Accessible(window.InnerArea()).role() == QAccessible::Client);
+    CHECK(Accessible(window.ViewArea()->parentWidget()).role() == QAccessible::Pane);
+    QAccessibleInterface* status = Accessible(window.InnerArea()).child(1);
     REQUIRE(status);
     CHECK(status->role() == QAccessible::StatusBar);
     CHECK(status->text(QAccessible::Name) ==
           QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat));
 }
 
-TEST_CASE("accessible parts: the controls of a dialog say what they are, in the order of reading") {
+TEST_CASE("accessible roles: controls of a dialog have names, and a tab order") {
     FindRequest request;
     request.text = u"quay";
     FindDialog find(nullptr, request);
@@ -85,7 +85,7 @@ TEST_CASE("accessible parts: the controls of a dialog say what they are, in the 
     CHECK(TabOrder(font) == "Font:|Style:|Size:|Strikeout|Underline|Color...|Script:|OK|Cancel|");
 }
 
-TEST_CASE("accessible parts: the help says what its parts are and which topic is shown") {
+TEST_CASE("accessible roles: the parts of the help and its topic have names") {
     QtHelpWindow window;
     window.Show(Contents(), 1);
     HelpWidget* help = nullptr;
@@ -93,30 +93,30 @@ TEST_CASE("accessible parts: the help says what its parts are and which topic is
         if (auto* shown = dynamic_cast<HelpWidget*>(widget); shown && shown->isVisible())
             help = shown;
     REQUIRE(help);
-    CHECK(Told(help).role() == QAccessible::Window);
+    CHECK(Accessible(help).role() == QAccessible::Window);
     CHECK(TabOrder(*help) == "Search the help|Topics|Two|");
 }
 
-TEST_CASE("accessible parts: what a dialog asks or says is read with it") {
-    const auto whileOpen = [](const std::function<void(QDialog&)>& act) {
-        QTimer::singleShot(0, qApp, [act] {
+TEST_CASE("accessible roles: the text of a dialog is read with it") {
+    const auto whileOpen = [](const std::function<void(QDialog&)>& action) {
+        QTimer::singleShot(0, qApp, [action] {
             auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
             REQUIRE(dialog);
-            act(*dialog);
+            action(*dialog);
             dialog->reject();
         });
     };
     QtDialogs dialogs(nullptr);
     whileOpen([](QDialog& dialog) {
         CHECK(TabOrder(dialog) == "Name of the new profile:|OK|Cancel|");
-        CHECK(Told(&dialog).role() == QAccessible::Dialog);
+        CHECK(Accessible(&dialog).role() == QAccessible::Dialog);
     });
     dialogs.AskText(u"New Profile", u"&Name of the new profile:");
     whileOpen([](QDialog& dialog) {
         CHECK(TabOrder(dialog) == "Update|Later|");
         for (auto* area : dialog.findChildren<QAbstractScrollArea*>()) {
-            CHECK(Told(area).role() == QAccessible::StaticText);
-            CHECK(Told(area).text(QAccessible::Name) == "There is a new version.");
+            CHECK(Accessible(area).role() == QAccessible::StaticText);
+            CHECK(Accessible(area).text(QAccessible::Name) == "There is a new version.");
         }
     });
     dialogs.ShowRichMessage("{\\rtf1 There is a {\\b new} version.\\par}", u"Update",
@@ -125,8 +125,8 @@ TEST_CASE("accessible parts: what a dialog asks or says is read with it") {
     message.title = u"Message";
     message.text = u"The book is gone.";
     whileOpen([](QDialog& dialog) {
-        CHECK(Told(&dialog).role() == QAccessible::AlertMessage);
-        CHECK(Told(dialog.findChild<QWidget*>("qt_msgbox_label")).text(QAccessible::Name) ==
+        CHECK(Accessible(&dialog).role() == QAccessible::AlertMessage);
+        CHECK(Accessible(dialog.findChild<QWidget*>("qt_msgbox_label")).text(QAccessible::Name) ==
               "The book is gone.");
     });
     dialogs.ShowMessage(message);

@@ -1,5 +1,4 @@
-// What a screen reader is told of the text view on Qt: held against a plain model of the whole
-// text.
+// The text interface of the text view, compared with a simple model of the whole text.
 #include "platform/qt/text_view/accessibility/accessible_text.h"
 #include "tests/contract/qt/text_view_bench.h"
 
@@ -14,17 +13,17 @@
 
 namespace {
 using Boundary = QAccessible::TextBoundaryType;
-using Starts = std::vector<TextPos>; // of stretches, and behind the last one the text's length
+using Starts = std::vector<TextPos>; // of units; the last element is the text's length
 
-struct Told {
+struct Unit {
     QString text;
     TextPos start = 0, end = 0;
-    bool operator==(const Told&) const = default;
+    bool operator==(const Unit&) const = default;
 };
-const Told nothing{{}, -1, -1};
+const Unit nothing{{}, -1, -1};
 
-std::ostream& operator<<(std::ostream& out, const Told& told) {
-    return out << told.start << ".." << told.end << " \"" << told.text.toStdString() << '"';
+std::ostream& operator<<(std::ostream& out, const Unit& unit) {
+    return out << unit.start << ".." << unit.end << " \"" << unit.text.toStdString() << '"';
 }
 
 struct AccessibleBench : QtViewBench {
@@ -32,20 +31,20 @@ struct AccessibleBench : QtViewBench {
 
     QAccessibleInterface& Object() { return *QAccessible::queryAccessibleInterface(&Widget()); }
     QAccessibleTextInterface& Text() { return *Object().textInterface(); }
-    Told At(int offset, Boundary type) {
-        Told told;
-        told.text = Text().textAtOffset(offset, type, &told.start, &told.end);
-        return told;
+    Unit At(int offset, Boundary type) {
+        Unit unit;
+        unit.text = Text().textAtOffset(offset, type, &unit.start, &unit.end);
+        return unit;
     }
-    Told Before(int offset, Boundary type) {
-        Told told;
-        told.text = Text().textBeforeOffset(offset, type, &told.start, &told.end);
-        return told;
+    Unit Before(int offset, Boundary type) {
+        Unit unit;
+        unit.text = Text().textBeforeOffset(offset, type, &unit.start, &unit.end);
+        return unit;
     }
-    Told After(int offset, Boundary type) {
-        Told told;
-        told.text = Text().textAfterOffset(offset, type, &told.start, &told.end);
-        return told;
+    Unit After(int offset, Boundary type) {
+        Unit unit;
+        unit.text = Text().textAfterOffset(offset, type, &unit.start, &unit.end);
+        return unit;
     }
 };
 
@@ -78,7 +77,7 @@ std::u16string RandomText(std::mt19937& random, int length) {
     return text;
 }
 
-// The model: all at once, over the whole text.
+// The model, computed for the whole text at once.
 QString TextOf(std::u16string_view units) {
     QString text = QStringView(units).toString();
     return text.replace(u'\v', u'\n').replace(u'\a', u'\t');
@@ -117,7 +116,7 @@ Starts LineStarts(std::u16string text, const Starts& paragraphs, QtViewBench& be
     return starts;
 }
 
-Told Stretch(const QString& text, const Starts& starts, std::size_t index) {
+Unit UnitOf(const QString& text, const Starts& starts, std::size_t index) {
     return {text.mid(starts[index], starts[index + 1] - starts[index]), starts[index],
             starts[index + 1]};
 }
@@ -129,17 +128,16 @@ void CheckStretches(AccessibleBench& bench, const QString& text, Boundary type,
     for (TextPos at = 0; at < text.size(); ++at) {
         if (at == starts[index + 1]) ++index;
         CAPTURE(at);
-        REQUIRE(bench.At(at, type) == Stretch(text, starts, index));
-        REQUIRE(bench.Before(at, type) ==
-                (index == 0 ? nothing : Stretch(text, starts, index - 1)));
+        REQUIRE(bench.At(at, type) == UnitOf(text, starts, index));
+        REQUIRE(bench.Before(at, type) == (index == 0 ? nothing : UnitOf(text, starts, index - 1)));
         REQUIRE(bench.After(at, type) ==
-                (index + 2 == starts.size() ? nothing : Stretch(text, starts, index + 1)));
+                (index + 2 == starts.size() ? nothing : UnitOf(text, starts, index + 1)));
     }
 }
 } // namespace
 
-TEST_CASE("accessible text: its stretches are those of the whole text") {
-    std::mt19937 random(20261); // NOLINT: the same texts every time
+TEST_CASE("accessible text: units are those of the whole text") {
+    std::mt19937 random(20261); // NOLINT: reproducible
     for (int round = 0; round < 40; ++round) {
         const std::u16string units = RandomText(random, 1 + int(random() % 400));
         AccessibleBench bench(80 + int(random() % 600), 200);
@@ -161,7 +159,7 @@ TEST_CASE("accessible text: its stretches are those of the whole text") {
     }
 }
 
-TEST_CASE("accessible text: a random stretch of the text is told as it is") {
+TEST_CASE("accessible text: a random range is returned unchanged") {
     std::mt19937 random(20262); // NOLINT
     AccessibleBench bench;
     const std::u16string units = RandomText(random, 5000);
@@ -177,7 +175,7 @@ TEST_CASE("accessible text: a random stretch of the text is told as it is") {
     CHECK(bench.Text().text(100'000, 200'000).isEmpty());
 }
 
-TEST_CASE("accessible text: a stretch that begins with a byte order mark is told whole") {
+TEST_CASE("accessible text: a range that starts with a byte order mark is complete") {
     AccessibleBench bench;
     for (const char16_t mark : {u'\uFEFF', u'\uFFFE'}) {
         const std::u16string units = std::u16string(u"ab") + mark + u"cd";
@@ -195,15 +193,15 @@ TEST_CASE("accessible text: at the end of a text, in an empty one, and outside")
         CAPTURE(type);
         bench.view.LoadPlainText(u"");
         for (const int offset : {0, -1, -2})
-            CHECK(bench.At(offset, type) == Told{{}, 0, 0});
+            CHECK(bench.At(offset, type) == Unit{{}, 0, 0});
         CHECK(bench.Before(0, type) == nothing);
         CHECK(bench.After(0, type) == nothing);
 
         bench.view.LoadPlainText(u"one\ntwo");
         const bool character = type == QAccessible::CharBoundary;
-        CHECK(bench.At(7, type) == (character ? Told{{}, 7, 7} : Told{"two", 4, 7}));
+        CHECK(bench.At(7, type) == (character ? Unit{{}, 7, 7} : Unit{"two", 4, 7}));
         CHECK(bench.At(-1, type) == bench.At(7, type));
-        CHECK(bench.Before(7, type) == (character ? Told{"o", 6, 7} : Told{"one\n", 0, 4}));
+        CHECK(bench.Before(7, type) == (character ? Unit{"o", 6, 7} : Unit{"one\n", 0, 4}));
         bench.view.Select(5, 0);
         CHECK(bench.At(-2, type) == bench.At(5, type));
         for (const int outside : {8, 1'000'000, -3}) {
@@ -213,8 +211,8 @@ TEST_CASE("accessible text: at the end of a text, in an empty one, and outside")
         }
 
         bench.view.LoadPlainText(u"one\n"); // the caret can stand below it
-        CHECK(bench.At(4, type) == Told{{}, 4, 4});
-        CHECK(bench.Before(4, type) == (character ? Told{"\n", 3, 4} : Told{"one\n", 0, 4}));
+        CHECK(bench.At(4, type) == Unit{{}, 4, 4});
+        CHECK(bench.Before(4, type) == (character ? Unit{"\n", 3, 4} : Unit{"one\n", 0, 4}));
     }
 }
 
@@ -226,15 +224,15 @@ TEST_CASE("accessible text: the words, sentences and lines of an over-long parag
     for (const Boundary type :
          {QAccessible::CharBoundary, QAccessible::WordBoundary, QAccessible::SentenceBoundary,
           QAccessible::LineBoundary, QAccessible::ParagraphBoundary}) {
-        const TextPos from = pieceLength - 300; // over the place where the pieces meet
+        const TextPos from = pieceLength - 300; // across the boundary of two pieces
         TextPos at = type == QAccessible::ParagraphBoundary ? 0 : bench.At(from, type).start;
         for (const TextPos end = at + 600; at < end;) {
-            const Told told = bench.At(at, type);
-            REQUIRE(told.start == at);
-            REQUIRE(told.end > at);
-            REQUIRE(told.end - at <= 2 * pieceLength);
-            REQUIRE(told.text == TextOf(units).mid(at, told.end - at));
-            at = told.end;
+            const Unit unit = bench.At(at, type);
+            REQUIRE(unit.start == at);
+            REQUIRE(unit.end > at);
+            REQUIRE(unit.end - at <= 2 * pieceLength);
+            REQUIRE(unit.text == TextOf(units).mid(at, unit.end - at));
+            at = unit.end;
         }
     }
 }
@@ -247,27 +245,27 @@ TEST_CASE("accessible text: cells of a table have paragraphs and lines of their 
     const QString text = bench.Text().text(0, -1);
     REQUIRE(text == "Above.\none two\tthree\nfour\t\nBelow.");
     for (const Boundary type : {QAccessible::LineBoundary, QAccessible::ParagraphBoundary}) {
-        QStringList stretches;
+        QStringList texts;
         for (TextPos at = 0; at < text.size();) {
-            const Told told = bench.At(at, type);
-            REQUIRE(told.start == at);
-            for (TextPos inside = at; inside < told.end; ++inside)
-                REQUIRE(bench.At(inside, type) == told);
-            stretches << told.text;
-            at = told.end;
+            const Unit unit = bench.At(at, type);
+            REQUIRE(unit.start == at);
+            for (TextPos inside = at; inside < unit.end; ++inside)
+                REQUIRE(bench.At(inside, type) == unit);
+            texts << unit.text;
+            at = unit.end;
         }
-        CHECK(stretches == QStringList{"Above.\n", "one two\t", "three\n", "four\t\n", "Below."});
+        CHECK(texts == QStringList{"Above.\n", "one two\t", "three\n", "four\t\n", "Below."});
     }
-    CHECK(bench.At(8, QAccessible::WordBoundary) == Told{"one ", 7, 11});
-    CHECK(bench.At(13, QAccessible::WordBoundary) == Told{"two\t", 11, 15});
-    // Beside each other on the screen.
+    CHECK(bench.At(8, QAccessible::WordBoundary) == Unit{"one ", 7, 11});
+    CHECK(bench.At(13, QAccessible::WordBoundary) == Unit{"two\t", 11, 15});
+    // Adjacent on the screen.
     const QRect left = bench.Text().characterRect(7), right = bench.Text().characterRect(15);
     CHECK(left.top() == right.top());
     CHECK(left.right() < right.left());
     CHECK(bench.Text().offsetAtPoint(right.center()) == 15);
 }
 
-TEST_CASE("accessible text: a character is found again where it is said to be") {
+TEST_CASE("accessible text: characterRect and offsetAtPoint agree") {
     const std::u16string texts[] = {u"Some words that take more than one line of the view.\nNext.",
                                     u"\u05D0\u05D1\u05D2 \u05D3\u05D4 abc \u05D5\u05D6\n\u05D7",
                                     u"a\U0001F600b e\u0301 \U0001F468\u200D\U0001F469 end"};
@@ -277,24 +275,24 @@ TEST_CASE("accessible text: a character is found again where it is said to be") 
             bench.view.LoadPlainText(units);
             for (TextPos at = 0; at < TextPos(units.size());) {
                 CAPTURE(at);
-                const Told told = bench.At(at, QAccessible::CharBoundary);
+                const Unit unit = bench.At(at, QAccessible::CharBoundary);
                 const QRect box = bench.Text().characterRect(at);
                 CHECK(box.height() > 5);
-                if (!told.text[0].isSpace()) {
+                if (!unit.text[0].isSpace()) {
                     CHECK(box.width() > 2);
                     CHECK(bench.Text().offsetAtPoint(box.center()) == at);
                 }
-                at = told.end;
+                at = unit.end;
             }
         }
 }
 
-TEST_CASE("accessible text: what is not in view is said to be above or below it") {
+TEST_CASE("accessible text: a character out of view is reported above or below it") {
     AccessibleBench bench(400, 300);
     bench.view.LoadPlainText(RepeatedText(u"A line of the book.\n", 2000));
     bench.view.ScrollLineToTop(20'000);
     const QRect view = bench.Object().rect();
-    int seen = 0, before = INT_MIN;
+    int visible = 0, before = INT_MIN;
     for (const TextPos at : {0, 10'000, 19'900, 20'000, 20'040, 20'500, 30'000, 40'000}) {
         CAPTURE(at);
         const QRect box = bench.Text().characterRect(at);
@@ -302,14 +300,14 @@ TEST_CASE("accessible text: what is not in view is said to be above or below it"
         before = box.top();
         if (at < 20'000) CHECK(box.bottom() < view.top());
         if (at > 20'400) CHECK(box.top() > view.bottom());
-        seen += view.contains(box);
+        visible += view.contains(box);
     }
-    CHECK(seen == 2);
+    CHECK(visible == 2);
     CHECK(bench.Text().characterRect(40'001).isNull());
     CHECK(bench.Text().offsetAtPoint(view.center()) > 20'000);
     CHECK(bench.Text().offsetAtPoint(view.topLeft()) == 20'000);
     CHECK(bench.Text().offsetAtPoint(view.topLeft() - QPoint(1, 1)) == -1);
-    // It follows what the reader does, also when nothing is painted in between.
+    // Also after scrolling without a paint event.
     bench.view.ScrollLineToTop(0);
     CHECK(view.contains(bench.Text().characterRect(0)));
     bench.view.SetBounds({0, 0, 400, 1200});
@@ -332,7 +330,7 @@ TEST_CASE("accessible text: caret and selection can be read and set, and come in
     CHECK(text.cursorPosition() == 20'000);
     CHECK(bench.view.SelLength() == 0);
     CHECK_FALSE(bench.Widget().CaretRect().isNull());
-    text.setCursorPosition(20'016); // between the two halves of a character
+    text.setCursorPosition(20'016); // between two surrogates
     CHECK(text.cursorPosition() == 20'015);
     text.setCursorPosition(1'000'000);
     CHECK(text.cursorPosition() == text.characterCount());
@@ -343,14 +341,14 @@ TEST_CASE("accessible text: caret and selection can be read and set, and come in
     CHECK(bench.view.SelStart() == 100);
     CHECK(bench.view.SelLength() == 30);
     CHECK(text.cursorPosition() == 130);
-    text.setSelection(0, 30'000, 29'990); // backwards: the caret is at its beginning
+    text.setSelection(0, 30'000, 29'990); // reversed: the caret is at its start
     CHECK(text.cursorPosition() == 29'990);
     CHECK_FALSE(bench.Widget().CaretRect().isNull());
     text.selection(0, &start, &end);
     CHECK(start == 29'990);
     CHECK(end == 30'000);
     CHECK(text.selectionCount() == 1);
-    text.setSelection(1, 0, 5); // there is only one
+    text.setSelection(1, 0, 5); // only selection 0 exists
     text.removeSelection(1);
     CHECK(bench.view.SelLength() == 10);
     text.removeSelection(0);
@@ -360,7 +358,7 @@ TEST_CASE("accessible text: caret and selection can be read and set, and come in
     CHECK(bench.view.SelLength() == text.characterCount());
 
     text.scrollToSubstring(10'000, 10'030);
-    CHECK(bench.view.SelLength() == text.characterCount()); // it only scrolls
+    CHECK(bench.view.SelLength() == text.characterCount()); // scrolls only
     CHECK(bench.Object().rect().contains(text.characterRect(10'000)));
     CHECK(bench.Object().rect().contains(text.characterRect(10'030)));
 }
@@ -374,13 +372,13 @@ TEST_CASE("accessible text: a picture is one character where it is drawn") {
     picture.widthTwips = picture.heightTwips = 1440;
     document.pictures.push_back(picture);
     bench.view.LoadDocument(document);
-    CHECK(bench.At(1, QAccessible::CharBoundary) == Told{QString(QChar(0xFFFC)), 1, 2});
+    CHECK(bench.At(1, QAccessible::CharBoundary) == Unit{QString(QChar(0xFFFC)), 1, 2});
     const QRect box = bench.Text().characterRect(1);
     CHECK(box.size() == QSize(96, 96));
     CHECK(bench.Text().offsetAtPoint(box.center()) == 1);
 }
 
-TEST_CASE("accessible text: what it is, what it is called, and what belongs to it") {
+TEST_CASE("accessible text: role, name and children") {
     AccessibleBench bench(300, 200);
     bench.view.LoadPlainText(u"word \u05D0 very-long-line " + std::u16string(200, u'x'));
     bench.view.SetName(u"A Book");
@@ -394,7 +392,7 @@ TEST_CASE("accessible text: what it is, what it is called, and what belongs to i
     CHECK(state.focusable);
     CHECK_FALSE(state.editable);
     CHECK(object.rect().size() == QSize(300, 200));
-    REQUIRE(object.childCount() == 1); // the scroll bar, or what it stands in
+    REQUIRE(object.childCount() == 1); // the container of the scroll bar
     CHECK(object.indexOfChild(object.child(0)) == 0);
     CHECK(object.child(0)->child(0)->role() == QAccessible::ScrollBar);
     CHECK(object.child(0)->parent() == &object);
@@ -404,7 +402,7 @@ TEST_CASE("accessible text: what it is, what it is called, and what belongs to i
     bench.Widget().grab();
     CHECK(object.childCount() == 2);
 
-    bench.Widget().setFocusPolicy(Qt::NoFocus); // a message, read out when its dialog opens
+    bench.Widget().setFocusPolicy(Qt::NoFocus); // a message, read when its dialog opens
     bench.view.SetName(u"");
     bench.view.LoadPlainText(u"\nSomething happened.\n");
     CHECK(object.role() == QAccessible::StaticText);

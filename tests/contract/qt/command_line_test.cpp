@@ -2,7 +2,7 @@
 
 #include <doctest/doctest.h>
 
-TEST_CASE("launch: the book's path from the command line") {
+TEST_CASE("command line: the path of the book") {
     struct Row {
         std::vector<std::string> arguments;
         const char* path;

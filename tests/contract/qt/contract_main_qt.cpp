@@ -1,4 +1,4 @@
-// The contract tests of ports whose back ends need Qt's application object.
+// The contract tests of ports whose back ends need a QApplication.
 #define DOCTEST_CONFIG_IMPLEMENT
 #include "platform/none/none_text_view.h"
 #include "platform/qt/text_view/qt_text_view.h"

@@ -1,4 +1,4 @@
-// The contract tests of the HTML view on its real engine, without a screen.
+// The contract tests of the HTML view on the real engine, offscreen.
 #define DOCTEST_CONFIG_IMPLEMENT
 #include "platform/qt/html_view/qt_html_view.h"
 #include "platform/qt/window/qt_window.h"
@@ -77,7 +77,7 @@ class QtBench final : public HtmlViewBench {
     }
 
   private:
-    // To those that the engine's own children have forked.
+    // The renderers, which are children of the engine's zygote processes.
     static void SendToEngine(int signal) {
         const int self = static_cast<int>(QCoreApplication::applicationPid());
         for (const auto& entry : std::filesystem::directory_iterator("/proc")) {

@@ -1,12 +1,10 @@
-// The dialogs and the clipboard on Qt, without a screen.
+// The dialogs on Qt.
 #include "platform/qt/dialogs/qt_dialogs.h"
-#include "platform/qt/system/qt_clipboard.h"
 
 #include <doctest/doctest.h>
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QClipboard>
 #include <QColorDialog>
 #include <QDialog>
 #include <QDoubleSpinBox>
@@ -14,7 +12,6 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QMimeData>
 #include <QPushButton>
 #include <QTimer>
 
@@ -22,12 +19,12 @@
 #include <functional>
 
 namespace {
-// Does this to the dialog that opens next.
-void WhileOpen(const std::function<void(QDialog&)>& act) {
-    QTimer::singleShot(0, qApp, [act] {
+// Calls `action` with the next dialog that opens.
+void WhileOpen(const std::function<void(QDialog&)>& action) {
+    QTimer::singleShot(0, qApp, [action] {
         auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         REQUIRE(dialog);
-        act(*dialog);
+        action(*dialog);
     });
 }
 
@@ -91,7 +88,7 @@ TEST_CASE("qt dialogs: what is changed of a font, and nothing else") {
         for (QCheckBox* box : dialog.findChildren<QCheckBox*>())
             box->toggle();
         auto* face = dialog.findChild<QFontComboBox*>();
-        CHECK(face->currentIndex() == -1); // of a face that is not installed
+        CHECK(face->currentIndex() == -1); // the family is not installed
         CHECK(face->placeholderText() == "A Face That Nobody Has");
         face->setCurrentIndex(face->count() - 1);
         last = face->currentText().toStdU16String();
@@ -105,7 +102,7 @@ TEST_CASE("qt dialogs: what is changed of a font, and nothing else") {
     CHECK(chosen == expected);
 }
 
-TEST_CASE("qt dialogs: Escape gives up") {
+TEST_CASE("qt dialogs: Escape cancels") {
     QtDialogs dialogs(nullptr);
     const auto giveUp = [](QDialog& dialog) { Press(dialog, Qt::Key_Escape); };
     WhileOpen(giveUp);
@@ -132,7 +129,7 @@ TEST_CASE("qt dialogs: a colour confirmed untouched is exactly the one given") {
         CHECK(QColorDialog::customColor(i) == QColor(Qt::white));
 }
 
-TEST_CASE("qt dialogs: what to find is asked for") {
+TEST_CASE("qt dialogs: the text to find is returned with its options") {
     QtDialogs dialogs(nullptr);
     FindRequest request;
     request.title = u"Find";
@@ -146,9 +143,9 @@ TEST_CASE("qt dialogs: what to find is asked for") {
         CHECK(combo->count() == 2);
         CHECK(combo->itemText(0) == "newest");
         CHECK(combo->font().family() == "DejaVu Serif");
-        Press(dialog, Qt::Key_Return); // does nothing yet
+        Press(dialog, Qt::Key_Return); // disabled
         CHECK(dialog.isVisible());
-        Press(dialog, Qt::Key_N, "n"); // not completed to a search of the past
+        Press(dialog, Qt::Key_N, "n"); // no completion from the history
         CHECK(DefaultButton(dialog)->isEnabled());
         Confirm(dialog);
     });
@@ -206,7 +203,7 @@ TEST_CASE("qt dialogs: a message, its lines and its icon") {
     }
 }
 
-TEST_CASE("qt dialogs: the Help button tells the topic, and the message stays") {
+TEST_CASE("qt dialogs: the Help button opens the topic, and the message stays") {
     QtDialogs dialogs(nullptr);
     std::vector<std::string> asked;
     dialogs.onHelp = [&asked](const std::string& topic) { asked.push_back(topic); };
@@ -222,7 +219,7 @@ TEST_CASE("qt dialogs: the Help button tells the topic, and the message stays") 
         help->click();
         CHECK(asked == std::vector<std::string>{"mFileOpen", "mFileOpen"});
         CHECK(dialog.isVisible());
-        CHECK(dialog.windowModality() == Qt::WindowModal); // the help window is not held up
+        CHECK(dialog.windowModality() == Qt::WindowModal); // the help window stays usable
         Press(dialog, Qt::Key_Escape);
     });
     CHECK(dialogs.ShowMessage(message) == DialogResult::Ok);
@@ -230,8 +227,8 @@ TEST_CASE("qt dialogs: the Help button tells the topic, and the message stays") 
 
 TEST_CASE("qt dialogs: a message of rich text gives the number of the button") {
     QtDialogs dialogs(nullptr);
-    const auto ask = [&dialogs](const std::function<void(QDialog&)>& act) {
-        WhileOpen(act);
+    const auto ask = [&dialogs](const std::function<void(QDialog&)>& action) {
+        WhileOpen(action);
         return dialogs.ShowRichMessage("{\\rtf1 some {\\ul text}}", u"Title",
                                        {u"Cancel", u"Download"});
     };
@@ -251,12 +248,4 @@ TEST_CASE("qt dialogs: a message of rich text gives the number of the button") {
     CHECK(ask([](QDialog& dialog) { Confirm(dialog); }) == 1);
     CHECK(ask([](QDialog& dialog) { Press(dialog, Qt::Key_Escape); }) == 0);
     CHECK(ask([](QDialog& dialog) { dialog.close(); }) == 0);
-}
-
-TEST_CASE("qt clipboard: holds the text as plain text and nothing else") {
-    const std::u16string text = u"Ab\u00E9\u0416\n\t\U0001D11E";
-    QtClipboard().SetText(text);
-    CHECK(QGuiApplication::clipboard()->text().toStdU16String() == text);
-    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
-    CHECK(data->formats() == QStringList{"text/plain"});
 }

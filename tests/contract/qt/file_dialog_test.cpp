@@ -1,4 +1,4 @@
-// The file dialog on Qt, by its own widgets.
+// Qt's own file dialog, through its widgets.
 #include "platform/qt/dialogs/qt_dialogs.h"
 #include "tests/contract/temporary_folder_posix.h"
 
@@ -22,7 +22,7 @@ namespace {
 
 constexpr int deadline = 10'000; // milliseconds
 
-// What a person finds in the dialog.
+// The widgets that a user operates.
 struct Parts {
     explicit Parts(QFileDialog& shown)
         : dialog(shown), type(shown.findChild<QComboBox*>("fileTypeCombo")),
@@ -33,7 +33,7 @@ struct Parts {
     }
     void PickType(int index) const {
         type->setCurrentIndex(index);
-        emit type->activated(index); // as by hand
+        emit type->activated(index); // as a user's click does
     }
     void TypeName(const QString& text) const {
         name->setFocus();
@@ -76,11 +76,11 @@ struct Desk {
     QString Path(const QString& name) const {
         return QString::fromStdString(folder.path) + "/" + name;
     }
-    OpenFileAnswer Ask(const std::function<void(const Parts&)>& act) const {
-        QTimer::singleShot(0, qApp, [&act] {
+    OpenFileAnswer Ask(const std::function<void(const Parts&)>& action) const {
+        QTimer::singleShot(0, qApp, [&action] {
             auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
             REQUIRE(dialog);
-            act(Parts(*dialog));
+            action(Parts(*dialog));
             if (dialog->isVisible()) dialog->reject();
         });
         return QtDialogs(nullptr).OpenFile(request);
@@ -96,7 +96,7 @@ const QStringList listed[] = {{"a.txt"},
 
 } // namespace
 
-TEST_CASE("qt file dialog: begins with the type asked for, and tells the one picked in its box") {
+TEST_CASE("qt file dialog: starts with the requested filter, and returns the selected one") {
     Desk desk;
     for (int first = 1; first <= 4; ++first)
         for (int picked = 0; picked <= 4; ++picked) {
@@ -124,7 +124,7 @@ TEST_CASE("qt file dialog: the button opens what the filter hides, by name or pa
         CAPTURE(name.toStdString());
         const OpenFileAnswer answer = desk.Ask([&](const Parts& parts) {
             CHECK(WaitFor([&] { return parts.Listed() == listed[0]; }));
-            parts.TypeName(name.chopped(1)); // not yet a file's, and then it is
+            parts.TypeName(name.chopped(1)); // the name of a folder first
             CHECK_FALSE(parts.open->isEnabled());
             parts.name->insert(name.last(1));
             CHECK(parts.open->isEnabled());

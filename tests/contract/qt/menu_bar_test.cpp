@@ -1,4 +1,4 @@
-// The menus and the window's events on Qt, without a screen.
+// Menus and key events on Qt.
 #include "platform/qt/window/model_menu.h"
 #include "platform/qt/window/qt_menu_bar.h"
 #include "platform/qt/window/qt_window.h"
@@ -16,7 +16,7 @@
 #include <vector>
 
 namespace {
-// A menu of a heading, a separator and three marks, the second of which is the standard one.
+// A menu of a heading, a separator and three bookmarks, of which the second is the default item.
 struct Bench {
     QtWindow window;
     MenuArray top{"top", {MenuItem{u"&Marks", u""}}, {}};
@@ -87,7 +87,7 @@ TEST_CASE("qt menu bar: one Escape leaves a menu shown by a command") {
     }
 }
 
-TEST_CASE("qt menu bar: a menu asked for twice opens once") {
+TEST_CASE("qt menu bar: a menu requested twice opens once") {
     Bench bench;
     bench.bar.ShowMenu(bench.top);
     bench.bar.ShowMenu(bench.top);
@@ -97,11 +97,11 @@ TEST_CASE("qt menu bar: a menu asked for twice opens once") {
     Bench::Shown()->close();
 }
 
-TEST_CASE("qt menu bar: a window that is given the keyboard takes it from an open menu") {
+TEST_CASE("qt menu bar: a window that gets the focus closes an open menu") {
     QWidget help;
     QLineEdit field(&help);
     field.setFocus();
-    help.show(); // and the window manager takes its time before it gives it the keyboard
+    help.show(); // the window manager activates it later
     Bench bench;
     QApplication::processEvents();
     REQUIRE(QApplication::activeWindow() == &bench.window);
@@ -115,7 +115,7 @@ TEST_CASE("qt menu bar: a window that is given the keyboard takes it from an ope
     CHECK(field.hasFocus());
 }
 
-TEST_CASE("qt menu bar: a menu stays when the keyboard comes to its window later") {
+TEST_CASE("qt menu bar: a menu stays open when its own window gets the focus later") {
     Bench bench;
     bench.bar.ShowMenu(bench.top);
     QApplication::processEvents();
@@ -128,7 +128,7 @@ TEST_CASE("qt menu bar: a menu stays when the keyboard comes to its window later
     menu->close();
 }
 
-TEST_CASE("qt menu bar: a context menu is shown at once, where it was asked for") {
+TEST_CASE("qt menu bar: a context menu opens at once, where it was requested") {
     Bench bench;
     bench.bar.ShowContextMenu({&bench.heading, &bench.marks});
     REQUIRE(Bench::Shown());
@@ -143,7 +143,7 @@ TEST_CASE("qt menu bar: a context menu is shown at once, where it was asked for"
     CHECK(bench.log == std::vector<std::string>{"marks 1"});
 }
 
-TEST_CASE("qt window: a wheel with Ctrl zooms by notches") {
+TEST_CASE("qt window: Ctrl+wheel zooms by wheel steps") {
     QtWindow window;
     std::vector<int> steps;
     WindowEvents events;
@@ -158,7 +158,7 @@ TEST_CASE("qt window: a wheel with Ctrl zooms by notches") {
     turn(-240, Qt::ControlModifier);
     turn(120, Qt::NoModifier);
     for (int i = 0; i < 8; ++i)
-        turn(30, Qt::ControlModifier); // a wheel that turns smoothly
+        turn(30, Qt::ControlModifier); // a high-resolution wheel
     CHECK(steps == std::vector<int>{1, -2, 1, 1});
 }
 
@@ -176,11 +176,11 @@ TEST_CASE("qt window: a shortcut arrives once, whatever the keyboard's layout") 
     press(Qt::Key_C, placeOfC);
     press(0x0421, placeOfC);        // Cyrillic
     press(0x05D1, placeOfC);        // Hebrew
-    press(Qt::Key_C, placeOfComma); // a Latin layout with other places
+    press(Qt::Key_C, placeOfComma); // a Latin layout with other positions
     CHECK(keys == std::vector<std::pair<int, int>>(4, {'C', CtrlKey}));
 }
 
-TEST_CASE("qt menu bar: the keyboard goes back to the view, and only the bar's keys are its own") {
+TEST_CASE("qt menu bar: the focus returns to the view, and the bar uses its own keys only") {
     Bench bench;
     std::vector<int> told;
     WindowEvents events;
@@ -189,7 +189,7 @@ TEST_CASE("qt menu bar: the keyboard goes back to the view, and only the bar's k
     QWidget view(bench.window.InnerArea());
     view.setFocusPolicy(Qt::StrongFocus);
     view.show();
-    QApplication::processEvents(); // the window becomes the active one
+    QApplication::processEvents(); // the window is activated
     auto* bar = bench.window.findChild<QMenuBar*>();
     const auto pressInBar = [&](int key, Qt::KeyboardModifiers modifiers) {
         view.setFocus();
@@ -206,7 +206,8 @@ TEST_CASE("qt menu bar: the keyboard goes back to the view, and only the bar's k
     CHECK(view.hasFocus());
     CHECK(told == std::vector<int>{34, PlusKey});
 
-    // As after Alt and a letter in the bar itself: Qt takes that for the place to go back to.
+    // As after Alt and a letter pressed while the bar has the focus: Qt would return the focus
+    // there.
     for (int i = 0; i < 2; ++i) {
         pressInBar(Qt::Key_Escape, Qt::NoModifier);
         QApplication::processEvents();

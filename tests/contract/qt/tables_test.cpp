@@ -1,6 +1,6 @@
 #include "platform/qt/dialogs/file_filter.h"
-#include "platform/qt/system/ansi_code_page.h"
-#include "platform/qt/system/desktop_entry.h"
+#include "platform/qt/system/qt_locale.h"
+#include "platform/qt/system/qt_version_info.h"
 
 #include <doctest/doctest.h>
 
@@ -57,7 +57,7 @@ TEST_CASE("desktop entry: the name in the user's language, of the first group on
     CHECK(DesktopEntryName("[Desktop Entry]\nName=", "de").empty());
 }
 
-TEST_CASE("file dialog: filters in Qt's form, whatever the case of a name") {
+TEST_CASE("file dialog: filters in Qt's notation, case-insensitive") {
     OpenFileRequest request;
     CHECK(QtNameFilters(request).isEmpty());
     request.filter = u"Name alone";
@@ -65,23 +65,23 @@ TEST_CASE("file dialog: filters in Qt's form, whatever the case of a name") {
     request.filter = u"Text Files (*.txt)|*.txt|Pages|*.htm|All Files (*.*)|*.*|";
     CHECK(QtNameFilters(request) == QStringList{"Text Files (*.txt) (*.[tT][xX][tT])",
                                                 "Pages (*.[hH][tT][mM])", "All Files (*.*) (*)"});
-    request.listed = {u"", u"*.htm;*.html"}; // and nothing said of the last
+    request.listed = {u"", u"*.htm;*.html"}; // no patterns for the last filter
     CHECK(QtNameFilters(request) == QStringList{"Text Files (*.txt) (*.[tT][xX][tT])",
                                                 "Pages (*.[hH][tT][mM] *.[hH][tT][mM][lL])",
                                                 "All Files (*.*) (*)"});
 }
 
-TEST_CASE("file dialog: which filter is selected, told with its patterns or without") {
+TEST_CASE("file dialog: the selected filter, with or without its patterns") {
     OpenFileRequest request;
     request.filter = u"Text Files (*.txt)|*.txt|Pages|*.htm|All Files (*.*)|*.*|";
     const QStringList filters = QtNameFilters(request);
     for (int number = 1; number <= 3; ++number) {
         const QString& filter = filters[number - 1];
-        CHECK(NumberOfNameFilter(filters, filter) == number);
-        CHECK(NumberOfNameFilter(filters, filter.left(filter.lastIndexOf(" ("))) == number);
-        CHECK(NumberOfNameFilter(filters, filter.left(filter.lastIndexOf("("))) == number);
+        CHECK(NameFilterNumber(filters, filter) == number);
+        CHECK(NameFilterNumber(filters, filter.left(filter.lastIndexOf(" ("))) == number);
+        CHECK(NameFilterNumber(filters, filter.left(filter.lastIndexOf("("))) == number);
     }
     for (const char* none : {"", "Text Files", "Text Files (*.rtf)", "("})
-        CHECK(NumberOfNameFilter(filters, none) == 3);
-    CHECK(NumberOfNameFilter({}, "Pages") == 0);
+        CHECK(NameFilterNumber(filters, none) == 3);
+    CHECK(NameFilterNumber({}, "Pages") == 0);
 }

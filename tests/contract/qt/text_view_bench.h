@@ -1,4 +1,4 @@
-// What the tests of the Qt text view share.
+// The fixture of the tests of Qt's text view.
 #pragma once
 
 #include "platform/qt/text_view/qt_text_view.h"
@@ -21,11 +21,11 @@ struct QtViewBench {
         view.SetVisible(true);
     }
     TextWidget& Widget() { return static_cast<TextWidget&>(*view.Widget()); }
-    int TextWidth() { // but for the margins
+    int TextWidth() { // without the margins
         const int whole = Widget().maximumViewportSize().width();
         return whole - 2 * std::max(6, whole / 40);
     }
-    // Whether the view used the key.
+    // Whether the view accepted the key.
     bool Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QKeyEvent event(QEvent::KeyPress, key, modifiers);
         event.setAccepted(false);
@@ -49,7 +49,7 @@ inline std::u16string RepeatedText(std::u16string_view part, int times) {
     return text;
 }
 
-// Starts of the lines of one paragraph, laid out as a whole.
+// Line starts of one paragraph in a layout of its whole text.
 inline std::vector<TextPos> WholeLayout(const std::u16string& text, TextPos start, TextPos end,
                                         int width, QWidget* device) {
     QTextLayout layout(QString::fromStdU16String(text.substr(start, end - start)), MakeFont({}),

@@ -1,4 +1,4 @@
-// Copying from the text view on Qt, and its context menu.
+// Copying from the text view, and its context menu.
 #include "tests/contract/qt/text_view_bench.h"
 
 #include <doctest/doctest.h>
@@ -10,7 +10,7 @@ bool Has(const std::string& rtf, const char* words) {
     return rtf.find(words) != std::string::npos;
 }
 
-void AskForMenu(QtViewBench& bench, QContextMenuEvent::Reason reason, QPoint at) {
+void RequestMenu(QtViewBench& bench, QContextMenuEvent::Reason reason, QPoint at) {
     QContextMenuEvent event(reason, at, bench.Widget().viewport()->mapToGlobal(at));
     QCoreApplication::sendEvent(bench.Widget().viewport(), &event);
 }
@@ -43,7 +43,7 @@ TEST_CASE("qt text view: plain text is copied in the view's font, rich text in i
     CHECK_FALSE(Has(rich, "Some Face"));
 }
 
-TEST_CASE("qt text view: a context menu is asked for by mouse and keyboard") {
+TEST_CASE("qt text view: a context menu is requested by mouse and keyboard") {
     QtViewBench bench;
     int asked = 0;
     bench.view.onContextMenu = [&] { ++asked; };
@@ -51,19 +51,19 @@ TEST_CASE("qt text view: a context menu is asked for by mouse and keyboard") {
     const QPoint inOne = PlaceOf(bench, 1), inFive = PlaceOf(bench, 20);
 
     bench.view.Select(0, 7);
-    AskForMenu(bench, QContextMenuEvent::Mouse, inOne); // on the selection, which stays
+    RequestMenu(bench, QContextMenuEvent::Mouse, inOne); // on the selection, which is kept
     CHECK(asked == 1);
     CHECK(bench.view.SelStart() == 0);
     CHECK(bench.view.SelLength() == 7);
     CHECK(bench.view.ContextMenuPoint() == bench.Widget().viewport()->mapToGlobal(inOne));
 
-    AskForMenu(bench, QContextMenuEvent::Mouse, inFive);
+    RequestMenu(bench, QContextMenuEvent::Mouse, inFive);
     CHECK(asked == 2);
     CHECK(bench.view.SelStart() == 20);
     CHECK(bench.view.SelLength() == 0);
 
     bench.view.Select(0, 7);
-    AskForMenu(bench, QContextMenuEvent::Keyboard, inFive); // wherever the pointer is
+    RequestMenu(bench, QContextMenuEvent::Keyboard, inFive); // independent of the pointer
     CHECK(bench.Press(Qt::Key_F10, Qt::ShiftModifier));
     CHECK(asked == 4);
     CHECK(bench.view.SelLength() == 7);

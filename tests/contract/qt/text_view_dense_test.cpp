@@ -1,5 +1,4 @@
-// Texts that cost a shaper many times what a book does: what is seen of them is laid out within
-// bounds, and they stay the texts that they are.
+// Texts that are very costly to shape: layouts stay within bounds, and the text is unchanged.
 #include "common/string_text.h"
 #include "platform/qt/text_view/accessibility/accessible_units.h"
 #include "platform/qt/text_view/layout/layout_cost.h"
@@ -41,8 +40,8 @@ std::vector<DenseText> DenseTexts() {
     };
 }
 
-// Rich texts whose paragraph has a run, or more, for each letter.
-std::string ManyRuns(int count, const std::function<std::string(int)>& run) {
+// A rich text with one paragraph of many runs.
+std::string RichTextOfRuns(int count, const std::function<std::string(int)>& run) {
     std::string rtf = "{\\rtf1\\ansi{\\fonttbl";
     for (int i = 0; i < 1000; ++i)
         rtf += "{\\f" + std::to_string(i) + " Font" + std::to_string(i) + ";}";
@@ -52,8 +51,8 @@ std::string ManyRuns(int count, const std::function<std::string(int)>& run) {
     return rtf + "}";
 }
 
-// What the pages at the text's beginning, middle and end lay out.
-int LayoutsOfAWalk(QtViewBench& bench) {
+// Layouts for pages at the start, in the middle and at the end.
+int LayoutsOfThreePages(QtViewBench& bench) {
     const int before = bench.view.LayoutsMade();
     bench.Widget().grab();
     bench.Press(Qt::Key_End, Qt::ControlModifier);
@@ -79,7 +78,7 @@ qsizetype LongestGrapheme(const QString& text) {
     return longest;
 }
 
-// Of the layouts at the text's beginning, middle and end.
+// Layouts at the start, in the middle and at the end.
 std::vector<TextLayouts::Layout> SomeLayouts(QtViewBench& bench) {
     TextLayouts& layouts = bench.Widget().Layouts();
     const TextPos length = bench.view.TextLength();
@@ -95,7 +94,7 @@ TEST_CASE("qt text view: a dense text is laid out in small parts, wrapped or not
                 QtViewBench bench(width, 400);
                 bench.view.LoadPlainText(dense.text);
                 bench.view.SetRightMargin(margin);
-                CHECK(LayoutsOfAWalk(bench) < 3 * 400 / 10); // lines of three screens
+                CHECK(LayoutsOfThreePages(bench) < 3 * 400 / 10); // the lines of three screens
                 for (const auto& layout : SomeLayouts(bench)) {
                     CHECK(layout->block.end - layout->block.start <= 2 * pieceLength);
                     CHECK(UnitsShaped(*layout) <= 4 * 2 * std::size_t(densePiece) + 1024);
@@ -152,7 +151,8 @@ TEST_CASE("qt text view: the caret does not come between the units of a characte
     CHECK(bench.view.SelStart() > maxClusterLength);
 }
 
-TEST_CASE("qt text view: a screen reader is told the same pieces of a dense paragraph as of any") {
+TEST_CASE(
+    "qt text view: accessible paragraphs of a dense text are the same pieces as of any text") {
     for (const DenseText& dense : DenseTexts()) {
         INFO(std::string(dense.name));
         QtViewBench bench;
@@ -161,13 +161,13 @@ TEST_CASE("qt text view: a screen reader is told the same pieces of a dense para
         const StringText text(dense.text);
         for (const TextPos place : {0, 30'000, 60'000}) {
             const TextBlock block = BlockAt(text, {}, place);
-            const TextSpan told = UnitAt(layouts, place, TextUnit::Paragraph);
-            CHECK(told.start == block.start);
-            CHECK(told.end == block.end);
-            CHECK(told.end - told.start > 2 * densePiece);
+            const TextSpan unit = UnitAt(layouts, place, TextUnit::Paragraph);
+            CHECK(unit.start == block.start);
+            CHECK(unit.end == block.end);
+            CHECK(unit.end - unit.start > 2 * densePiece);
         }
         const TextSpan letter = UnitAt(layouts, 0, TextUnit::Character);
-        const QString shown = ToldText(layouts.Context(), letter);
+        const QString shown = AccessibleTextOf(layouts.Context(), letter);
         CHECK((shown.toStdU16String() == dense.text.substr(0, std::size_t(letter.end))));
     }
 }
@@ -186,7 +186,7 @@ TEST_CASE("qt text view: runs, pictures and small capitals are laid out in small
     for (const auto& run : runs) {
         CAPTURE(run(0));
         QtViewBench bench;
-        bench.view.LoadRichText(ManyRuns(60'000, run), 1252);
+        bench.view.LoadRichText(RichTextOfRuns(60'000, run), 1252);
         for (const auto& layout : SomeLayouts(bench))
             CHECK(layout->block.end - layout->block.start <= 2 * densePiece + 256);
     }
@@ -194,11 +194,11 @@ TEST_CASE("qt text view: runs, pictures and small capitals are laid out in small
 
 TEST_CASE("qt text view: a text is shown in a bounded number of fonts") {
     QtViewBench bench;
-    bench.view.LoadRichText(ManyRuns(60'000,
-                                     [](int i) {
-                                         return "\\f" + std::to_string(i % 1000) + "\\fs" +
-                                                std::to_string(8 + i * 7 % 900) + " x";
-                                     }),
+    bench.view.LoadRichText(RichTextOfRuns(60'000,
+                                           [](int i) {
+                                               return "\\f" + std::to_string(i % 1000) + "\\fs" +
+                                                      std::to_string(8 + i * 7 % 900) + " x";
+                                           }),
                             1252);
     using Key = std::tuple<QString, double, bool, bool>;
     std::set<Key> fonts;

@@ -1,4 +1,4 @@
-// The keys and the mouse of the text view on Qt.
+// Keys, mouse and wheel of the text view.
 #include "tests/contract/qt/text_view_bench.h"
 
 #include <doctest/doctest.h>
@@ -63,7 +63,7 @@ TEST_CASE("qt text view: up and down keep the column") {
     CHECK(bench.view.SelStart() == 9);
 }
 
-TEST_CASE("qt text view: the arrows go where they point in right-to-left text") {
+TEST_CASE("qt text view: arrow keys move visually in right-to-left text") {
     QtViewBench bench;
     bench.view.LoadPlainText(u"\u05D0\u05D1\u05D2 \u05D3\u05D4\nx");
     bench.Press(Qt::Key_Left);
@@ -88,12 +88,12 @@ TEST_CASE("qt text view: Shift extends the selection") {
     bench.Press(Qt::Key_Home, Qt::ShiftModifier | Qt::ControlModifier);
     CHECK(bench.view.SelStart() == 0);
     CHECK(bench.view.SelLength() == 6);
-    bench.Press(Qt::Key_Right); // gives the selection up
+    bench.Press(Qt::Key_Right); // collapses the selection
     CHECK(bench.view.SelStart() == 6);
     CHECK(bench.view.SelLength() == 0);
 }
 
-TEST_CASE("qt text view: a character of two units is passed in one step") {
+TEST_CASE("qt text view: the caret passes a surrogate pair in one step") {
     QtViewBench bench;
     bench.view.LoadPlainText(u"\U0001D11E\U0001D11E");
     bench.Press(Qt::Key_Right);
@@ -118,8 +118,8 @@ TEST_CASE("qt text view: End and the arrows at the seam of two pieces of a long 
 }
 
 TEST_CASE("qt text view: the arrows step over a line that is only its end") {
-    QtViewBench bench(15, 400);                        // a character in each line
-    bench.view.LoadPlainText(u"\v \u05E2\u05D5\nend"); // goes to the left
+    QtViewBench bench(15, 400);                        // one character per line
+    bench.view.LoadPlainText(u"\v \u05E2\u05D5\nend"); // right-to-left
     for (const TextPos place : {1, 2, 3, 4}) {
         bench.Press(Qt::Key_Left);
         CHECK(bench.view.SelStart() == place);
@@ -131,7 +131,7 @@ TEST_CASE("qt text view: the arrows step over a line that is only its end") {
 }
 
 TEST_CASE("qt text view: the arrows step over each blank with an accent at a line's end") {
-    QtViewBench bench(15, 400); // a letter in each line
+    QtViewBench bench(15, 400); // one letter per line
     bench.view.LoadPlainText(u"\u05D0 \u0301 \u0301 \u05D1\u05D2");
     REQUIRE(bench.view.LineAround(0).length == 6);
     for (const TextPos place : {1, 3, 5, 6}) {
@@ -144,7 +144,7 @@ TEST_CASE("qt text view: the arrows step over each blank with an accent at a lin
     }
 }
 
-TEST_CASE("qt text view: keys scroll so that the caret is seen") {
+TEST_CASE("qt text view: keys scroll the caret into view") {
     QtViewBench bench(500, 200);
     bench.view.LoadPlainText(RepeatedText(u"line\n", 1000));
     for (int i = 0; i < 40; ++i)
@@ -169,7 +169,7 @@ TEST_CASE("qt text view: Space scrolls a page and leaves the caret") {
     CHECK(bench.view.FirstVisibleChar() == 0);
 }
 
-TEST_CASE("qt text view: keys that it does not use go on") {
+TEST_CASE("qt text view: keys that it does not use propagate to the window") {
     QtViewBench bench;
     bench.view.LoadPlainText(someLines);
     CHECK_FALSE(bench.Press(Qt::Key_C, Qt::ControlModifier));
@@ -203,7 +203,7 @@ TEST_CASE("qt text view: the mouse places the caret, extends and selects words a
     const QPoint word = at(20);
     bench.Mouse(QEvent::MouseButtonDblClick, word);
     CHECK(bench.view.TextRange(bench.view.SelStart(), bench.view.SelLength()) == u"line");
-    bench.Mouse(QEvent::MouseMove, at(12)); // by words now
+    bench.Mouse(QEvent::MouseMove, at(12)); // by words
     CHECK(bench.view.TextRange(bench.view.SelStart(), bench.view.SelLength()) == u"second line");
     bench.Mouse(QEvent::MouseButtonDblClick, word);
     bench.Mouse(QEvent::MouseButtonPress, word);
@@ -222,7 +222,7 @@ TEST_CASE("qt text view: the wheel scrolls three lines, with Ctrl it is left to 
     CHECK(bench.view.FirstVisibleChar() == 5);
     CHECK_FALSE(Turn(bench, -120, Qt::ControlModifier));
     CHECK(bench.view.FirstVisibleChar() == 5);
-    CHECK(Turn(bench, 0, Qt::NoModifier, QPoint(0, -1))); // a touchpad: by pixels
+    CHECK(Turn(bench, 0, Qt::NoModifier, QPoint(0, -1))); // a touchpad scrolls by pixels
     CHECK(bench.view.FirstVisibleChar() == 5);
     bench.view.ScrollLineToTop(bench.view.FirstVisibleChar());
     CHECK(bench.view.FirstVisibleChar() == 5);
@@ -246,16 +246,16 @@ TEST_CASE("qt text view: the caret shows while the view has the focus") {
     CHECK_FALSE(caretShown());
 }
 
-TEST_CASE("qt text view: a window made larger at the end of the book is not left blank") {
+TEST_CASE("qt text view: a window enlarged at the end of the book has no gap") {
     QtViewBench bench(500, 20);
     bench.view.LoadPlainText(RepeatedText(u"a line\n", 500));
     bench.Press(Qt::Key_End, Qt::ControlModifier);
     const TextPos whenSmall = bench.view.FirstVisibleChar();
     CHECK(whenSmall > 7 * 497);
     bench.view.SetBounds({0, 0, 500, 400});
-    CHECK(bench.view.FirstVisibleChar() < 7 * 490); // the lines above came into view
+    CHECK(bench.view.FirstVisibleChar() < 7 * 490); // lines above became visible
     bench.view.SetBounds({0, 0, 500, 20});
-    bench.view.ScrollLineToTop(7 * 499); // a place that was asked for stays at the top
+    bench.view.ScrollLineToTop(7 * 499); // a position scrolled to stays at the top
     bench.view.SetBounds({0, 0, 500, 400});
     CHECK(bench.view.FirstVisibleChar() == 7 * 499);
 }

@@ -1,4 +1,4 @@
-// Where the text view on Qt finds characters: what the toolkit leaves to whoever asks it.
+// Character positions where QTextLayout's own are wrong.
 #include "tests/contract/qt/text_view_bench.h"
 
 #include "platform/qt/text_view/selected_region.h"
@@ -36,7 +36,7 @@ TEST_CASE("qt text view: words before a no-break space at a line's end are found
 
 TEST_CASE("qt text view: words before a tab at a line's end are found where they are") {
     const std::u16string text = u"\u05D0\u05D1\u05D2\t\u05D3\u05D4";
-    int tabs = 0; // at lines' ends
+    int tabs = 0; // at ends of lines
     for (int width = 40; width < 120; ++width) {
         QtViewBench bench(width, 400);
         bench.view.LoadPlainText(text);
@@ -54,7 +54,7 @@ TEST_CASE(
     "qt text view: the caret before a line's first word of another direction is in that line") {
     const std::u16string text = u"some words \u05D0\u05D1\u05D2\u05D3 and so on";
     constexpr TextPos word = 11;
-    int times = 0; // that it begins a line
+    int times = 0; // at the start of a line
     for (int width = 40; width < 160; ++width) {
         QtViewBench bench(width, 400);
         bench.view.LoadPlainText(text);

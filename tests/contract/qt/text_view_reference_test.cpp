@@ -1,7 +1,7 @@
-// The text view on Qt, which lays out what is seen, held against the slow layout of the whole text:
-// the same lines at the same places, whatever is done to it.
+// The text view, which lays out visible blocks only, compared with the reference layout of the
+// whole text after random input.
 //
-// More of it by hand: NORVASET_VIEW_BOOKS=first-last runs these books instead of the usual ones.
+// NORVASET_VIEW_BOOKS=first-last runs these books instead of the default ones.
 #include "tests/contract/qt/reference_view/reference_comparison.h"
 
 #include <doctest/doctest.h>
@@ -10,27 +10,27 @@
 #include <cstdlib>
 
 namespace {
-void HoldBook(int number) {
+void CompareBook(int number) {
     CAPTURE(number);
     Random random{unsigned(number)};
     RandomBook book = MakeBook(random, number);
     const int steps = book.isLong ? 12 : 40;
-    Held held(random, std::move(book));
-    held.CheckAll();
+    ReferenceComparison comparison(random, std::move(book));
+    comparison.CheckAll();
     for (int step = 0; step < steps; ++step) {
         CAPTURE(step);
-        held.Step();
-        CAPTURE(held.Done());
-        held.CheckPlace();
-        if (step % 4 == 3) held.CheckAll();
+        comparison.Step();
+        CAPTURE(comparison.Done());
+        comparison.CheckPlace();
+        if (step % 4 == 3) comparison.CheckAll();
     }
 }
 } // namespace
 
-TEST_CASE("qt text view: what it shows is what the layout of the whole text shows") {
+TEST_CASE("qt text view: it shows the same as the reference layout of the whole text") {
     int first = 0, last = 24;
     if (const char* books = std::getenv("NORVASET_VIEW_BOOKS"))
         std::sscanf(books, "%d-%d", &first, &last);
     for (int number = first; number <= last; ++number)
-        HoldBook(number);
+        CompareBook(number);
 }

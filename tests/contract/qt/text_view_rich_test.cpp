@@ -1,4 +1,4 @@
-// Styled text, tables and pictures in the text view on Qt.
+// Rich text, tables and pictures in the text view.
 #include "tests/contract/qt/text_view_bench.h"
 
 #include "formats/document.h"
@@ -12,7 +12,7 @@
 #include <limits>
 
 namespace {
-// A table of `rows` rows of two cells: the first has one paragraph, the second two.
+// A table of two columns: the first cell of a row has one paragraph, the second two.
 Document TableDocument(int rows, std::u16string_view before = u"Above.\n") {
     Document document;
     document.text = before;
@@ -119,7 +119,7 @@ TEST_CASE("qt text view: a right-to-left row begins at the right") {
     CHECK(CaretAt(bench, 7).x() < 500);
 }
 
-TEST_CASE("qt text view: clicks and keys stay in their cell") {
+TEST_CASE("qt text view: clicks and keys stay within their cell") {
     QtViewBench bench;
     bench.view.LoadDocument(TableDocument(2));
     const QRect below = CaretAt(bench, 7).translated(0, CaretAt(bench, 7).height());
@@ -189,7 +189,7 @@ TEST_CASE("qt text view: the text of a merged cell is not shown") {
     CHECK(bench.view.TextRange(26, 4) == u"left");
 }
 
-TEST_CASE("qt text view: a picture takes the room that its file asks for") {
+TEST_CASE("qt text view: a picture has the size that its file specifies") {
     Picture picture{0, PictureFormat::Png, 1440, 720, Png(40, 20, Qt::magenta)};
     QtViewBench bench;
     bench.view.LoadDocument(PictureDocument(picture));
@@ -208,7 +208,7 @@ TEST_CASE("qt text view: pictures of no given size, too wide, broken or huge") {
         const char* what;
         Picture picture;
         int width;
-        bool seen;
+        bool visible;
     } const cases[] = {
         {"no size", {0, PictureFormat::Png, 0, 0, png}, 40, true},
         {"too wide", {0, PictureFormat::Png, 30'000, 300, png}, 286, true},
@@ -225,7 +225,7 @@ TEST_CASE("qt text view: pictures of no given size, too wide, broken or huge") {
         bench.view.SetBounds({0, 0, 600 - bench.Widget().maximumViewportSize().width(), 400});
         bench.view.LoadDocument(PictureDocument(c.picture)); // in a view 300 pixels wide
         CHECK(bench.Widget().Layouts().At(0)->paragraphs[0].pictures[0].size.width() == c.width);
-        CHECK((CountPixels(bench, Qt::magenta) > 0) == c.seen);
+        CHECK((CountPixels(bench, Qt::magenta) > 0) == c.visible);
     }
 }
 
@@ -265,9 +265,9 @@ TEST_CASE("qt text view: of a file with thousands of fonts a bounded number is l
         document.fonts.push_back(u"Font" + QString::number(i).toStdU16String());
         document.charStyles.emplace_back().font = i;
     }
-    const ViewLook look;
+    const ViewStyle style;
     const QPalette palette;
-    CharFormats formats(document, look, palette);
+    CharFormats formats(document, style, palette);
     QStringList families;
     for (std::uint32_t i = 0; i < 3000; ++i) {
         document.charRuns = {{0, i}};
@@ -342,7 +342,7 @@ TEST_CASE("qt text view: absurd measures of a file do no harm") {
     }
 }
 
-// More than Qt keeps: valgrind tells where one is used that was dropped.
+// More fonts than Qt caches: ASan or valgrind reports one that is used after Qt has deleted it.
 TEST_CASE("qt text view: paragraphs of hundreds of fonts") {
     QtViewBench bench(200, 400);
     std::string rtf = "{\\rtf1\\ansi{\\fonttbl{\\f0 DejaVu Serif;}{\\f1 Noto Sans;}}";

@@ -1,5 +1,4 @@
-// The text view on Qt over a text in small pieces: it must do exactly what it does over the same
-// text in memory, whatever is asked of it.
+// A text source that returns small pieces: the view must behave as for the same text in memory.
 #include "tests/contract/qt/text_view_bench.h"
 
 #include "common/line_ends.h"
@@ -38,7 +37,7 @@ std::string RandomBytes(Random& random) {
     while (bytes.size() < length)
         bytes += parts[random() % std::size(parts)];
     if (random() % 8 != 0) return bytes;
-    // An over-long paragraph, with blanks or without.
+    // An over-long paragraph, with or without spaces.
     const std::string& filler = parts[random() % 2 == 0 ? 1 : random() % std::size(parts)];
     for (std::size_t size = 0; size < 70'000; size += filler.size())
         bytes += filler;
@@ -102,8 +101,8 @@ void RandomStep(Pair& pair, Random& random) {
 }
 } // namespace
 
-TEST_CASE("qt text view: a text in pieces is shown like the same in memory") {
-    Random random(4242); // NOLINT: the same steps every time
+TEST_CASE("qt text view: a text in pieces is equals the same text in memory") {
+    Random random(4242); // NOLINT: reproducible
     Pair pair;
     for (int round = 0; round < 150; ++round) {
         CAPTURE(round);
@@ -136,7 +135,7 @@ class ShrinkingFile : public FileReader {
 };
 } // namespace
 
-TEST_CASE("qt text view: a file that shrinks while it is read is shown as far as it is there") {
+TEST_CASE("qt text view: a file that shrinks while it is read is shown as far as it exists") {
     std::string bytes;
     for (int i = 0; i < 20'000; ++i)
         bytes += "line " + std::to_string(i) + "\n";

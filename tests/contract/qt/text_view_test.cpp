@@ -1,5 +1,4 @@
-// The text view on Qt: how much it lays out, and that what it lays out is what a whole layout
-// gives.
+// How much the text view lays out, and that it equals the layout of whole paragraphs.
 #include "tests/contract/qt/text_view_bench.h"
 
 #include "common/string_text.h"
@@ -28,7 +27,7 @@ std::u16string RandomText(std::mt19937& random, int length) {
 } // namespace
 
 TEST_CASE("qt text view: its lines are those of whole paragraphs laid out") {
-    std::mt19937 random(20260); // NOLINT: the same texts every time
+    std::mt19937 random(20260); // NOLINT: reproducible
     for (int round = 0; round < 40; ++round) {
         const std::u16string text = RandomText(random, 400);
         QtViewBench bench(80 + int(random() % 600), 200);
@@ -119,7 +118,7 @@ TEST_CASE("qt text view: selecting a huge text and moving in it lays out next to
     CHECK(bench.view.LayoutsMade() - before < 200);
 }
 
-TEST_CASE("qt text view: a caret is found again where it is drawn") {
+TEST_CASE("qt text view: a click on the caret's position returns it") {
     for (const std::u16string_view part :
          {u"some words, \t more\n", u"\u4E2D\u6587\u4E2D\u6587", u"\u05D0\u05D1\u05D2\n", u"\n"})
         for (const int width : {900, 200, 90}) {
@@ -135,7 +134,7 @@ TEST_CASE("qt text view: a caret is found again where it is drawn") {
         }
 }
 
-TEST_CASE("qt text view: the reader's own scrolling stops at the last line") {
+TEST_CASE("qt text view: scrolling by the user stops at the last line") {
     QtViewBench bench(500, 400);
     bench.view.LoadPlainText(RepeatedText(u"line\n", 1000) + u"last");
     TextScroller& scroller = bench.Widget().Scroller();

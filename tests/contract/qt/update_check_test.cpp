@@ -1,5 +1,4 @@
-// The check for a newer version as the program does it, with the module loaded, against a server on
-// this computer.
+// The update check of the program with the real module and a local server.
 #include "app/main_form.h"
 #include "app/start_up.h"
 #include "platform/none/none_ports.h"
@@ -10,7 +9,7 @@
 #include <doctest/doctest.h>
 
 namespace {
-// The form on the headless back end, but with Qt's update check; its version is 2.5.12.
+// A form on the headless back end with Qt's update check, and version 2.5.12.
 struct CheckingForm {
     explicit CheckingForm(const QString& webSite, const char* moduleFolder = MODULE_FOLDER)
         : form(MakeNonePorts()) {
@@ -22,7 +21,7 @@ struct CheckingForm {
         static_cast<NoneMenuBar&>(*form.ports.menuBar).Click(form.menu.mHelpUpdate);
     }
     const NoneDialogs& Dialogs() const { return static_cast<NoneDialogs&>(*form.ports.dialogs); }
-    std::u16string Told() const {
+    std::u16string Describe() const {
         return Dialogs().messages.size() == 1 ? Dialogs().messages[0].text : u"";
     }
     MainForm form;
@@ -41,7 +40,7 @@ std::u16string ToldBy(const QByteArray& body, const QByteArray& status = "200 OK
     });
     const CheckingForm checking(server.Address());
     CHECK(server.requests.size() == 1);
-    return checking.Told();
+    return checking.Describe();
 }
 } // namespace
 
@@ -68,6 +67,6 @@ TEST_CASE("qt update check: a newer version is offered") {
 TEST_CASE("qt update check: without a server, and without the module") {
     LoopbackServer server([](QTcpSocket&, const QByteArray&) {});
     server.Close();
-    CHECK(CheckingForm(server.Address()).Told() == notAccessible);
-    CHECK(CheckingForm(server.Address(), "/nowhere/else").Told() == notAccessible);
+    CHECK(CheckingForm(server.Address()).Describe() == notAccessible);
+    CHECK(CheckingForm(server.Address(), "/nowhere/else").Describe() == notAccessible);
 }

@@ -1,4 +1,4 @@
-// Fetching from the web, against a server on this computer that does all that servers should not.
+// Fetching from a local server that misbehaves in all ways.
 #include "platform/qt/web_fetch/web_fetch.h"
 #include "tests/contract/loopback_server.h"
 
@@ -43,7 +43,7 @@ bool Fails(LoopbackServer::Answer answer, int timeLimit = fetchTime) {
     return Fails(QUrl(server.Address() + "/f"), timeLimit);
 }
 
-// A certificate for 127.0.0.1 that nobody but itself has signed.
+// A self-signed certificate for 127.0.0.1.
 struct SelfSigned {
     SelfSigned() {
         const QString key = folder.filePath("key.pem"), certificate = folder.filePath("cert.pem");
@@ -68,7 +68,7 @@ struct SelfSigned {
     QSslConfiguration configuration;
 };
 
-// This process trusts the certificate while one lives.
+// Trusts the certificate within a scope.
 struct Trust {
     explicit Trust(const QSslCertificate& certificate) {
         QSslConfiguration trusting = before;
@@ -80,7 +80,7 @@ struct Trust {
 };
 } // namespace
 
-TEST_CASE("web fetch: a file as it is, asked for without a word about the user") {
+TEST_CASE("web fetch: a file unchanged, requested without information about the user") {
     LoopbackServer server(Always("200 OK", file, "Set-Cookie: a=b\r\n"));
     const FetchAnswer answer = FetchFromWeb(QUrl(server.Address() + "/f"));
     CHECK(answer.status == FetchStatus::Ok);
@@ -93,7 +93,7 @@ TEST_CASE("web fetch: a file as it is, asked for without a word about the user")
     for (const char* field : {"cookie:", "authorization:", "referer:", "if-modified-since:"})
         CHECK_FALSE(request.contains(field));
     CHECK(FetchFromWeb(QUrl(server.Address() + "/f")).status == FetchStatus::Ok);
-    CHECK(server.requests.size() == 2); // nothing was kept of the first
+    CHECK(server.requests.size() == 2); // no cookie was sent back
     CHECK(server.requests[1] == server.requests[0]);
 }
 
@@ -105,7 +105,7 @@ TEST_CASE("web fetch: only https, and http from this computer") {
         QElapsedTimer time;
         time.start();
         CHECK_MESSAGE(Fails(QUrl(address)), address);
-        CHECK(time.elapsed() < 1000); // it was not even tried
+        CHECK(time.elapsed() < 1000); // no connection was attempted
     }
 }
 
@@ -126,8 +126,8 @@ TEST_CASE("web fetch: anything but a whole answer of status 200 fails") {
     CHECK(Fails(sends("")));
     CHECK(Fails(sends("nonsense\r\n\r\n")));
     CHECK(Fails(sends(QByteArray(1000, '\0'))));
-    CHECK(Fails(sends("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\n" + file))); // cut off
-    // Qt takes a broken chunk for the end.
+    CHECK(Fails(sends("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\n" + file))); // truncated
+    // Qt reports a broken chunk as the end of the data.
     LoopbackServer chunks(
         sends("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\nzz\r\n" + file));
     CHECK(FetchFromWeb(QUrl(chunks.Address())).bytes.empty());
@@ -143,7 +143,7 @@ TEST_CASE("web fetch: at most 64 KB") {
     CHECK(FetchFromWeb(QUrl(server.Address())).bytes == most.toStdString());
     CHECK(Fails(Always("200 OK", most + 'x')));
     CHECK(Fails(Always("200 OK", QByteArray(10 << 20, 'x'))));
-    // One that never ends.
+    // Endless data.
     CHECK(Fails([&most](QTcpSocket& socket, const QByteArray&) {
         QObject::connect(&socket, &QTcpSocket::bytesWritten, &socket, [&socket, &most] {
             if (socket.bytesToWrite() < most.size()) socket.write(most);
@@ -152,12 +152,12 @@ TEST_CASE("web fetch: at most 64 KB") {
     }));
 }
 
-TEST_CASE("web fetch: one time limit for everything") {
+TEST_CASE("web fetch: one timeout for the whole transfer") {
     const auto silent = [](QTcpSocket&, const QByteArray&) {};
     const auto half = [](QTcpSocket& socket, const QByteArray&) {
         socket.write("HTTP/1.1 200 OK\r\nContent-Length: 20\r\n\r\n{");
     };
-    // Each byte comes in time, all together do not.
+    // Each byte arrives in time, but the whole does not.
     const auto slow = [](QTcpSocket& socket, const QByteArray&) {
         socket.write("HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\n");
         auto* timer = new QTimer(&socket);
@@ -173,7 +173,7 @@ TEST_CASE("web fetch: one time limit for everything") {
     }
 }
 
-TEST_CASE("web fetch: goes where it is sent only by the rules it started with") {
+TEST_CASE("web fetch: a redirection is followed by the rules for the first address only") {
     LoopbackServer server(RedirectsTo("/end"));
     CHECK(FetchFromWeb(QUrl(server.Address() + "/f")).bytes == file.toStdString());
     REQUIRE(server.requests.size() == 2);
@@ -184,7 +184,7 @@ TEST_CASE("web fetch: goes where it is sent only by the rules it started with") 
           "http://192.0.2.1/f", "http://norvaset.example/f", "http://a:b@127.0.0.1/end",
           "javascript:1"})
         CHECK_MESSAGE(Fails(RedirectsTo(target)), target);
-    CHECK(Fails(Always("302 Found", file))); // without saying where to
+    CHECK(Fails(Always("302 Found", file))); // without Location
 }
 
 TEST_CASE("web fetch: a circle of redirections ends") {
@@ -208,7 +208,7 @@ TEST_CASE("web fetch: https with a certificate that can be trusted, and no other
     CHECK(FetchFromWeb(address).bytes == file.toStdString());
     CHECK(server.requests.size() == 1);
     QUrl otherName = address;
-    otherName.setHost("localhost"); // which the certificate is not for
+    otherName.setHost("localhost"); // the certificate is for another name
     CHECK(Fails(otherName));
 }
 
@@ -228,7 +228,7 @@ TEST_CASE("web fetch: never from https to http") {
     CHECK(FetchFromWeb(QUrl(upwards.Address() + "/f")).bytes == file.toStdString());
 }
 
-TEST_CASE("web fetch: the program lives on meanwhile, and its end is the end of it") {
+TEST_CASE("web fetch: the event loop runs meanwhile, and quitting ends it") {
     int ticks = 0;
     QTimer timer;
     timer.callOnTimeout([&ticks] { ++ticks; });

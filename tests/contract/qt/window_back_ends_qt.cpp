@@ -30,7 +30,7 @@ class QtUnderTest final : public WindowUnderTest {
         const QRect frame(to.left, to.top, to.width, to.height);
         window.setGeometry(frame.marginsRemoved(window.frameMargins()));
     }
-    // A timer that began later ends later than the window's.
+    // A timer started later than the window's fires later.
     void Settle() override {
         bool over = false;
         QTimer::singleShot(longerThanItSettles, [&] { over = true; });

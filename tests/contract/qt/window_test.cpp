@@ -1,7 +1,7 @@
-// The main window, its menus and its timer, on a screen that nobody sees.
-#include "platform/qt/system/qt_timer.h"
+// The main window and its menus.
 #include "platform/qt/window/qt_menu_bar.h"
 #include "platform/qt/window/qt_window.h"
+#include "tests/contract/qt/event_loop.h"
 
 #include <doctest/doctest.h>
 
@@ -17,14 +17,6 @@
 #include <functional>
 
 namespace {
-
-bool Becomes(const std::function<bool()>& condition) {
-    QElapsedTimer time;
-    time.start();
-    while (!condition() && time.elapsed() < 5000)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-    return condition();
-}
 
 struct Keys {
     std::vector<std::pair<int, int>> down, up;
@@ -79,7 +71,7 @@ TEST_CASE("window: sizes that no screen has do no harm") {
     }
 }
 
-TEST_CASE("window: a close tells once, also when the system asks for it") {
+TEST_CASE("window: closing is reported once, also if the system requests it") {
     QtWindow window;
     Keys keys;
     int unloads = 0;
@@ -91,7 +83,7 @@ TEST_CASE("window: a close tells once, also when the system asks for it") {
     CHECK(unloads == 1);
 }
 
-TEST_CASE("window: the system's end cancels an open dialog first") {
+TEST_CASE("window: a termination signal cancels an open dialog first") {
     QtWindow window;
     Keys keys;
     int unloads = 0;
@@ -100,11 +92,11 @@ TEST_CASE("window: the system's end cancels an open dialog first") {
     QDialog dialog(&window);
     std::raise(SIGHUP);
     CHECK(dialog.exec() == QDialog::Rejected);
-    CHECK(unloads == 0); // what waited for the dialog ends before the window does
+    CHECK(unloads == 0); // the handler that waits for the dialog returns first
     CHECK(Becomes([&] { return unloads == 1; }));
 }
 
-TEST_CASE("window: keys are told with their codes, a held one goes up once") {
+TEST_CASE("window: keys are reported with their codes, an auto-repeated one is released once") {
     QtWindow window;
     Keys keys;
     int unloads = 0;
@@ -113,7 +105,7 @@ TEST_CASE("window: keys are told with their codes, a held one goes up once") {
     Send(window, QEvent::KeyPress, Qt::Key_F2, Qt::AltModifier);
     Send(window, QEvent::KeyRelease, Qt::Key_F2, Qt::AltModifier);
     Send(window, QEvent::KeyPress, Qt::Key_Equal, Qt::ControlModifier);
-    Send(window, QEvent::KeyRelease, Qt::Key_Equal, Qt::NoModifier); // Ctrl was let go first
+    Send(window, QEvent::KeyRelease, Qt::Key_Equal, Qt::NoModifier); // Ctrl was released first
     QKeyEvent repeated(QEvent::KeyRelease, Qt::Key_Down, Qt::NoModifier, {}, true);
     QCoreApplication::sendEvent(window.windowHandle(), &repeated);
     CHECK(keys.down == std::vector<std::pair<int, int>>{{113, AltKey}, {PlusKey, CtrlKey}});
@@ -149,7 +141,7 @@ TEST_CASE("menu bar: a menu shows what the model says when it opens") {
     window.Open();
 
     QMenu* menu = FirstMenu(window);
-    CHECK(menu->actions().isEmpty()); // nothing is made before it is needed
+    CHECK(menu->actions().isEmpty()); // created on demand only
     menu->popup(QPoint(0, 0));
     const QList<QAction*> actions = menu->actions();
     REQUIRE(actions.size() == 5);
@@ -185,22 +177,4 @@ TEST_CASE("menu bar: every item of a long list can be chosen, and the widest dec
     menu->actions()[17]->trigger();
     CHECK(clicked == 17);
     menu->close();
-}
-
-TEST_CASE("timer: it ticks, but not into a handler that waits for a dialog") {
-    QtTimer timer;
-    int ticks = 0;
-    timer.Start(5, [&] { ++ticks; });
-    CHECK(Becomes([&] { return ticks >= 2; }));
-    QDialog dialog;
-    dialog.setModal(true);
-    dialog.show();
-    const int before = ticks;
-    QElapsedTimer time;
-    time.start();
-    CHECK(Becomes([&] { return time.elapsed() > 60; }));
-    CHECK(ticks == before);
-    dialog.close();
-    CHECK(Becomes([&] { return ticks > before; }));
-    timer.Stop();
 }

@@ -1,15 +1,14 @@
 #include "platform/qt/html_view/engine/engine_html_view.h"
 
 #include "common/utf.h"
-#include "platform/qt/handler.h"
 #include "platform/qt/html_view/engine/engine_profile.h"
-#include "platform/qt/html_view/engine/file_address.h"
 #include "platform/qt/html_view/engine/page_calls.h"
-#include "platform/qt/html_view/engine/page_watch.h"
+#include "platform/qt/html_view/engine/page_monitor.h"
 #include "platform/qt/html_view/engine/page_widget.h"
 #include "platform/qt/html_view/engine/print_job.h"
 #include "platform/qt/html_view/engine/reader_page.h"
 #include "platform/qt/qt_text.h"
+#include "platform/shared/call_handler.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -17,36 +16,42 @@
 
 #include <utility>
 
+namespace {
+QUrl FileUrlOf(const std::string& path) {
+    return QUrl::fromEncoded("file://" + QByteArray::fromStdString(path).toPercentEncoding("/"));
+}
+} // namespace
+
 EngineHtmlView::EngineHtmlView(QWidget* parent, int ansiCodePage)
     : parent_(parent), ansiCodePage_(ansiCodePage) {
     parent_->window()->installEventFilter(this);
 }
 
 EngineHtmlView::~EngineHtmlView() {
-    LeavePage();
-    // Pages have to go before what they share.
+    ReleasePage();
+    // Pages must be deleted before their profile.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void EngineHtmlView::Navigate(const std::u16string& path, int page) {
-    LeavePage();
+    ReleasePage();
     const std::string bytes = Utf16ToUtf8(path);
     guard_.SetBook(bytes);
-    MakePage();
+    CreatePage();
     ConnectPage(page);
-    page_->Load(FileAddress(bytes));
+    page_->Load(FileUrlOf(bytes));
 }
 
 void EngineHtmlView::Clear() {
-    LeavePage();
+    ReleasePage();
     guard_.SetBook({});
 }
 
-void EngineHtmlView::MakePage() {
-    if (!profile_) profile_ = MakeEngineProfile(guard_, ansiCodePage_);
+void EngineHtmlView::CreatePage() {
+    if (!profile_) profile_ = CreateEngineProfile(guard_, ansiCodePage_);
     page_ = std::make_unique<ReaderPage>(profile_.get(), guard_);
     calls_ = std::make_unique<PageCalls>(*page_);
-    watch_ = std::make_unique<PageWatch>(*page_);
+    monitor_ = std::make_unique<PageMonitor>(*page_);
     widget_ = std::make_unique<PageWidget>(page_.get(), parent_);
     SetBounds(bounds_);
     SetVisible(visible_);
@@ -54,81 +59,85 @@ void EngineHtmlView::MakePage() {
 }
 
 void EngineHtmlView::ConnectPage(int page) {
-    page_->onLink = [this](const QUrl& address) { FollowLink(address); };
+    page_->onLink = [this](const QUrl& address) { OnLink(address); };
     connect(page_.get(), &QWebEnginePage::loadFinished, this, [this, page](bool done) {
-        if (done) Finished(page);
+        if (done) OnLoadFinished(page);
     });
     const auto gone = [this, dead = page_.get()] {
-        if (dead == page_.get()) Gone(); // it may have been left meanwhile
+        if (dead == page_.get()) OnPageGone(); // may have been replaced since
     };
     connect(page_.get(), &QWebEnginePage::renderProcessTerminated, this, gone,
             Qt::QueuedConnection);
-    watch_->onChange = [this] { TellAnswering(); };
-    watch_->onTooLarge = [this, gone] { // which ends the watch
+    monitor_->onResponsiveChanged = [this] { OnResponsiveChanged(); };
+    monitor_->onMemoryExceeded = [this, gone] { // the monitor stops after it
         QMetaObject::invokeMethod(page_.get(), gone, Qt::QueuedConnection);
     };
-    // Within the page, which has not scrolled yet.
+    // Navigation within the page, which has not scrolled yet.
     connect(page_.get(), &QWebEnginePage::urlChanged, this, [this] {
-        if (!kept_.body) return;
-        jumpedFrom_ = ScrollTop();
-        TellJump();
+        if (!snapshot_.body) return;
+        pendingJump_ = ScrollTop();
+        NotifyJump();
     });
-    connect(page_.get(), &QWebEnginePage::scrollPositionChanged, this, [this] { Refresh(); });
-    connect(page_.get(), &QWebEnginePage::contentsSizeChanged, this, [this] { Refresh(); });
-    connect(page_.get(), &QWebEnginePage::selectionChanged, this, [this] { Refresh(); });
-    widget_->onTouched = [this] { Refresh(); };
+    connect(page_.get(), &QWebEnginePage::scrollPositionChanged, this,
+            [this] { ScheduleStateUpdate(); });
+    connect(page_.get(), &QWebEnginePage::contentsSizeChanged, this,
+            [this] { ScheduleStateUpdate(); });
+    connect(page_.get(), &QWebEnginePage::selectionChanged, this,
+            [this] { ScheduleStateUpdate(); });
+    widget_->onInputReleased = [this] { ScheduleStateUpdate(); };
     widget_->onZoomKey = [this](int steps) { Zoom(steps); };
     widget_->onCommand = [this](PageCommand command) { RunCommand(command); };
-    widget_->hasSelection = [this] { return kept_.selection.span.length > 0; };
-    widget_->hasText = [this] { return kept_.text; };
-    widget_->onContextPress = [this](QPoint point) {
-        const double factor = zoom_.Factor();
-        Order(QStringLiteral("placeCaret(%1, %2)").arg(point.x() / factor).arg(point.y() / factor));
+    widget_->hasSelection = [this] { return snapshot_.selection.span.length > 0; };
+    widget_->hasText = [this] { return snapshot_.text; };
+    widget_->onContextClick = [this](QPoint point) {
+        const double factor = zoom_.Percent() / 100.0;
+        Execute(
+            QStringLiteral("placeCaret(%1, %2)").arg(point.x() / factor).arg(point.y() / factor));
     };
 }
 
-// May be called from an event of the page itself.
-void EngineHtmlView::LeavePage() {
-    EndWait();
-    kept_ = {};
-    wholeText_.reset();
-    jumpedFrom_.reset();
+// May be called from a signal of the page itself.
+void EngineHtmlView::ReleasePage() {
+    CancelQuery();
+    snapshot_ = {};
+    textCache_.reset();
+    pendingJump_.reset();
     zoom_ = {};
-    refreshing_ = finished_ = false;
+    updateScheduled_ = loadFinished_ = false;
     if (!page_) return;
-    if (print_) print_->PageLeft();
+    if (print_) print_->OnPageReleased();
     page_->disconnect(this);
     focused_ = widget_->isAncestorOf(widget_->window()->focusWidget());
-    page_->TakeProcessAlong();
+    page_->KillProcessWhenDestroyed();
     widget_->hide();
     calls_.reset();
-    watch_.reset();
+    monitor_.reset();
     widget_.release()->deleteLater();
     page_.release()->deleteLater();
 }
 
-void EngineHtmlView::Finished(int page) {
-    if (std::exchange(finished_, true)) return;
+void EngineHtmlView::OnLoadFinished(int page) {
+    if (std::exchange(loadFinished_, true)) return;
     calls_->LoadScript();
     SetPageZoom();
-    calls_->Call(QStringLiteral("facts()"),
-                 [this, page, alive = QPointer<QObject>(page_.get())](const QVariant& facts) {
-                     if (alive && alive == page_.get()) Loaded(page, facts);
+    calls_->Call(QStringLiteral("documentInfo()"),
+                 [this, page, alive = QPointer<QObject>(page_.get())](const QVariant& info) {
+                     if (alive && alive == page_.get()) OnDocumentInfo(page, info);
                  });
 }
 
-void EngineHtmlView::Loaded(int page, const QVariant& facts) {
-    const QVariantList list = facts.toList();
-    if (list.size() == 6) { // a document that is no page has no body
-        kept_.body = true;
-        kept_.charset = list[0].toString().toStdString();
-        kept_.title = FromQt(list[1].toString());
-        kept_.text = list[2].toBool();
-        kept_.colors = {list[3].toUInt(), list[4].toUInt()};
-        TakeState(list[5]);
+void EngineHtmlView::OnDocumentInfo(int page, const QVariant& info) {
+    const QVariantList list = info.toList();
+    if (list.size() == 6) { // a document other than HTML has no body
+        snapshot_.body = true;
+        snapshot_.charset = list[0].toString().toStdString();
+        snapshot_.title = FromQt(list[1].toString());
+        snapshot_.text = list[2].toBool();
+        snapshot_.colors = {list[3].toUInt(), list[4].toUInt()};
+        ApplyState(list[5]);
     }
-    // Not from within the engine's own call: it takes no other one until that has returned, and who
-    // is told may ask.
+    // Queued: within its own callback the engine does not start another script, and the handler may
+    // query the page.
     QMetaObject::invokeMethod(
         page_.get(),
         [this, page] {
@@ -137,39 +146,40 @@ void EngineHtmlView::Loaded(int page, const QVariant& facts) {
         Qt::QueuedConnection);
 }
 
-void EngineHtmlView::Gone() {
+void EngineHtmlView::OnPageGone() {
     if (!page_) return;
-    const Kept last = kept_;
-    LeavePage();
-    kept_ = last;
+    const PageSnapshot last = snapshot_;
+    ReleasePage();
+    snapshot_ = last;
     CallHandler(onGone);
 }
 
-void EngineHtmlView::TellAnswering() {
-    const bool answers = !watch_->IsSilent();
-    if (!answers) EndWait();
-    widget_->SetDeaf(!answers); // else it would act on all the keys when it answers again
-    CallHandler(onAnswering, answers);
+void EngineHtmlView::OnResponsiveChanged() {
+    const bool responsive = !monitor_->IsUnresponsive();
+    if (!responsive) CancelQuery();
+    widget_->SetKeysBlocked(
+        !responsive); // else it would process all queued keys once it responds again
+    CallHandler(onResponsiveChanged, responsive);
 }
 
-void EngineHtmlView::FollowLink(const QUrl& address) {
+void EngineHtmlView::OnLink(const QUrl& address) {
     const auto path = LocalPathOf(address);
     const std::u16string url = FromQt(address.toString(QUrl::FullyEncoded));
-    // Not from within the engine's own question whether to go there.
+    // Queued: this is called from acceptNavigationRequest().
     QMetaObject::invokeMethod(
         page_.get(),
         [this, url, path] { CallHandler(onLink, url, path ? Utf8ToUtf16(*path, u'?') : u""); },
         Qt::QueuedConnection);
 }
 
-// Not from within the engine's own call, and not while a question waits: its end comes back here.
-void EngineHtmlView::TellJump() {
-    if (!jumpedFrom_ || !page_) return;
+// Queued: this runs in a callback of the engine. Not during a query, whose end calls this again.
+void EngineHtmlView::NotifyJump() {
+    if (!pendingJump_ || !page_) return;
     QMetaObject::invokeMethod(
         page_.get(),
         [this] {
-            if (wait_ || !jumpedFrom_) return;
-            CallHandler(onJump, *std::exchange(jumpedFrom_, std::nullopt));
+            if (pendingQuery_ || !pendingJump_) return;
+            CallHandler(onJump, *std::exchange(pendingJump_, std::nullopt));
         },
         Qt::QueuedConnection);
 }
@@ -177,32 +187,33 @@ void EngineHtmlView::TellJump() {
 void EngineHtmlView::RunCommand(PageCommand command) {
     if (command == PageCommand::Print) {
         print_ = new PrintJob(*widget_);
-        print_->AskHow();
+        print_->ShowDialog();
     }
     CallHandler(onCommand, command);
 }
 
 void EngineHtmlView::Zoom(int steps) {
-    if (!page_ || !kept_.body) return; // a page comes at normal size
+    if (!page_ || !snapshot_.body) return; // each page loads at its normal size
     zoom_.Move(steps);
     SetPageZoom();
 }
 
 void EngineHtmlView::SetPageZoom() {
-    calls_->SetZoom(
-        zoom_.Factor(), widget_->devicePixelRatioF(), zoom_.Steps(),
-        [this, changes = changes_, alive = QPointer<QObject>(page_.get())](const QVariant& state) {
-            if (alive && alive == page_.get() && kept_.body) Zoomed(state, changes);
-        });
+    calls_->SetZoom(zoom_.Percent() / 100.0, widget_->devicePixelRatioF(), zoom_.Steps(),
+                    [this, revision = revision_,
+                     alive = QPointer<QObject>(page_.get())](const QVariant& state) {
+                        if (alive && alive == page_.get() && snapshot_.body)
+                            OnZoomApplied(state, revision);
+                    });
 }
 
-void EngineHtmlView::Zoomed(const QVariant& state, int changes) {
-    if (changes == changes_) TakeState(state);
-    // Not from within the engine's own call.
+void EngineHtmlView::OnZoomApplied(const QVariant& state, int revision) {
+    if (revision == revision_) ApplyState(state);
+    // Queued: this runs in a callback of the engine.
     QMetaObject::invokeMethod(
         page_.get(),
         [this] {
-            if (kept_.zoomSteps == zoom_.Steps()) CallHandler(onZoomed);
+            if (snapshot_.zoomSteps == zoom_.Steps()) CallHandler(onZoomed);
         },
         Qt::QueuedConnection);
 }

@@ -1,7 +1,7 @@
-// The orders for the page, and what is kept of it afterwards.
+// Commands to the page, and the snapshot of its state that they update.
 #include "platform/qt/html_view/engine/engine_html_view.h"
 #include "platform/qt/html_view/engine/page_calls.h"
-#include "platform/qt/html_view/engine/page_watch.h"
+#include "platform/qt/html_view/engine/page_monitor.h"
 #include "platform/qt/html_view/engine/page_widget.h"
 #include "platform/qt/html_view/engine/print_job.h"
 #include "platform/qt/html_view/engine/reader_page.h"
@@ -11,65 +11,67 @@
 #include <algorithm>
 #include <limits>
 
-// What is kept may be another afterwards: an older state does not count any more.
-void EngineHtmlView::Order(const QString& expression) {
+// Replies to earlier calls no longer update the snapshot.
+void EngineHtmlView::Execute(const QString& expression) {
     if (!CanCall()) return;
-    ++changes_;
-    calls_->Call(expression, StateTaker());
+    ++revision_;
+    calls_->Call(expression, StateHandler());
 }
 
-std::function<void(const QVariant&)> EngineHtmlView::StateTaker() {
-    return [this, asked = changes_, alive = QPointer<QObject>(page_.get())](const QVariant& state) {
-        if (alive && alive == page_.get() && asked == changes_) TakeState(state);
+std::function<void(const QVariant&)> EngineHtmlView::StateHandler() {
+    return [this, revision = revision_,
+            alive = QPointer<QObject>(page_.get())](const QVariant& state) {
+        if (alive && alive == page_.get() && revision == revision_) ApplyState(state);
     };
 }
 
-// What happens many times before the page has answered is asked for once.
-void EngineHtmlView::Refresh() {
-    if (!CanCall() || refreshing_) return;
-    refreshing_ = true;
+// Many events before the reply are answered by one query.
+void EngineHtmlView::ScheduleStateUpdate() {
+    if (!CanCall() || updateScheduled_) return;
+    updateScheduled_ = true;
     QMetaObject::invokeMethod(
         page_.get(),
         [this] {
-            refreshing_ = false;
-            calls_->AskState(StateTaker());
+            updateScheduled_ = false;
+            calls_->QueryState(StateHandler());
         },
         Qt::QueuedConnection);
 }
 
-void EngineHtmlView::TakeState(const QVariant& state) {
+void EngineHtmlView::ApplyState(const QVariant& state) {
     const QVariantList list = state.toList();
     if (list.size() != 6) return;
     const auto number = [&list](int i) { return list[i].toInt(); };
-    kept_.scrollTop = number(0);
-    kept_.zoomSteps = calls_->ZoomSteps();
-    kept_.viewHeight = number(1);
-    kept_.topMargin = number(2);
-    kept_.selection = {{number(3), number(4)}, number(5)};
+    snapshot_.scrollTop = number(0);
+    snapshot_.zoomSteps = calls_->ZoomSteps();
+    snapshot_.viewHeight = number(1);
+    snapshot_.topMargin = number(2);
+    snapshot_.selection = {{number(3), number(4)}, number(5)};
     widget_->SetHasSelection(number(4) > 0);
 }
 
 void EngineHtmlView::ScrollTo(int left, int top) {
     if (!CanCall()) return;
-    kept_.scrollTop = std::max(top, 0);
-    kept_.zoomSteps = zoom_.Steps(); // sizes ordered before are there by then
-    Order(QStringLiteral("scrollTo(%1, %2)").arg(left).arg(top));
+    snapshot_.scrollTop = std::max(top, 0);
+    snapshot_.zoomSteps = zoom_.Steps(); // zoom steps queued before are applied by then
+    Execute(QStringLiteral("scrollTo(%1, %2)").arg(left).arg(top));
 }
 
 void EngineHtmlView::ScrollSpanToTop(const PageSpan& span) {
-    Order(QStringLiteral("scrollSpanToTop(%1)").arg(span.start));
+    Execute(QStringLiteral("scrollSpanToTop(%1)").arg(span.start));
 }
 
-// A command that asks for the selection at once finds what was ordered.
+// Updated at once, so that a command that reads the selection next sees it.
 void EngineHtmlView::Select(const PageSpan& span) {
     if (!CanCall()) return;
-    kept_.selection.span = span;
-    Order(QStringLiteral("select(%1, %2)").arg(span.start).arg(span.length));
+    snapshot_.selection.span = span;
+    Execute(QStringLiteral("select(%1, %2)").arg(span.start).arg(span.length));
 }
 
 void EngineHtmlView::SelectAll() {
-    if (CanCall() && kept_.text) kept_.selection.span = {0, std::numeric_limits<TextPos>::max()};
-    Order(QStringLiteral("selectAll()"));
+    if (CanCall() && snapshot_.text)
+        snapshot_.selection.span = {0, std::numeric_limits<TextPos>::max()};
+    Execute(QStringLiteral("selectAll()"));
 }
 
 namespace {
@@ -79,10 +81,10 @@ QString ColorName(std::uint32_t redGreenBlue) {
 } // namespace
 
 void EngineHtmlView::SetBackColor(std::uint32_t redGreenBlue) {
-    Order(QStringLiteral("setBackColor('%1')").arg(ColorName(redGreenBlue)));
+    Execute(QStringLiteral("setBackColor('%1')").arg(ColorName(redGreenBlue)));
 }
 
 void EngineHtmlView::SetTextColor(std::optional<std::uint32_t> redGreenBlue) {
     const QString color = redGreenBlue ? ColorName(*redGreenBlue) : QString();
-    Order(QStringLiteral("setLetterColor('%1')").arg(color));
+    Execute(QStringLiteral("setTextColor('%1')").arg(color));
 }

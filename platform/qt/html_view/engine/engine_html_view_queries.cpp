@@ -1,8 +1,8 @@
-// The questions to the page, and the wait for its answers.
+// Queries to the page: they run an event loop until the reply arrives.
 #include "common/find_text.h"
 #include "platform/qt/html_view/engine/engine_html_view.h"
 #include "platform/qt/html_view/engine/page_calls.h"
-#include "platform/qt/html_view/engine/page_watch.h"
+#include "platform/qt/html_view/engine/page_monitor.h"
 #include "platform/qt/html_view/engine/page_widget.h"
 #include "platform/qt/html_view/engine/print_job.h"
 #include "platform/qt/html_view/engine/reader_page.h"
@@ -12,55 +12,55 @@
 #include <QTimer>
 #include <QVariant>
 
-struct EngineHtmlView::Wait {
+struct EngineHtmlView::PendingQuery {
     QEventLoop loop;
     std::optional<QVariant> answer;
 };
 
-void EngineHtmlView::EndWait() {
-    if (wait_) wait_->loop.quit();
+void EngineHtmlView::CancelQuery() {
+    if (pendingQuery_) pendingQuery_->loop.quit();
 }
 
-// What is written down when the window closes is where the page is then: it may still be laying
-// itself out for a zoom, or scrolling for a key.
+// A last query when the window closes, because the page may still be applying a zoom or scrolling
+// for a key, and its position is saved next.
 bool EngineHtmlView::eventFilter(QObject*, QEvent* event) {
     if (event->type() != QEvent::Close) return false;
-    EndWait();
-    const auto state = Ask(QStringLiteral("state()"), QDeadlineTimer(maxPageWait),
-                           QEventLoop::ExcludeUserInputEvents);
-    if (state) TakeState(*state);
+    CancelQuery();
+    const auto state = Query(QStringLiteral("state()"), QDeadlineTimer(maxPageWait),
+                             QEventLoop::ExcludeUserInputEvents);
+    if (state) ApplyState(*state);
     closing_ = true;
     return false;
 }
 
-// A question asked while another one waits ends that one, too.
-std::optional<QVariant> EngineHtmlView::Ask(const QString& expression, QDeadlineTimer end,
-                                            QEventLoop::ProcessEventsFlags events) {
-    if (wait_) {
-        EndWait();
+// A nested query fails, and cancels the one that is waiting.
+std::optional<QVariant> EngineHtmlView::Query(const QString& expression, QDeadlineTimer end,
+                                              QEventLoop::ProcessEventsFlags events) {
+    if (pendingQuery_) {
+        CancelQuery();
         return std::nullopt;
     }
-    if (!CanCall() || watch_->IsSilent() || closing_) return std::nullopt;
-    const auto wait = std::make_shared<Wait>();
-    wait_ = wait.get();
-    calls_->Call(expression, [weak = std::weak_ptr(wait)](const QVariant& answer) {
+    if (!CanCall() || monitor_->IsUnresponsive() || closing_) return std::nullopt;
+    const auto query = std::make_shared<PendingQuery>();
+    pendingQuery_ = query.get();
+    calls_->Call(expression, [weak = std::weak_ptr(query)](const QVariant& answer) {
         const auto waiting = weak.lock();
-        if (!waiting) return; // too late
+        if (!waiting) return; // timed out
         waiting->answer = answer;
         waiting->loop.quit();
     });
-    QTimer::singleShot(static_cast<int>(end.remainingTime()), &wait->loop, &QEventLoop::quit);
-    wait->loop.exec(events);
-    wait_ = nullptr;
-    TellJump();
-    return wait->answer && wait->answer->isValid() ? wait->answer : std::nullopt;
+    QTimer::singleShot(static_cast<int>(end.remainingTime()), &query->loop, &QEventLoop::quit);
+    query->loop.exec(events);
+    pendingQuery_ = nullptr;
+    NotifyJump();
+    return query->answer && query->answer->isValid() ? query->answer : std::nullopt;
 }
 
 std::vector<std::u16string> EngineHtmlView::TextsOf(const std::vector<PageSpan>& spans) {
     QStringList pairs;
     for (const PageSpan& span : spans)
         pairs.append(QStringLiteral("[%1,%2]").arg(span.start).arg(span.length));
-    const auto answer = Ask(QStringLiteral("texts([%1])").arg(pairs.join(QLatin1Char(','))));
+    const auto answer = Query(QStringLiteral("texts([%1])").arg(pairs.join(QLatin1Char(','))));
     std::vector<std::u16string> texts;
     if (!answer) return texts;
     for (const QVariant& text : answer->toList())
@@ -69,36 +69,36 @@ std::vector<std::u16string> EngineHtmlView::TextsOf(const std::vector<PageSpan>&
 }
 
 std::u16string EngineHtmlView::SelectedText() {
-    const auto answer = Ask(QStringLiteral("selectedText()"));
+    const auto answer = Query(QStringLiteral("selectedText()"));
     return answer ? FromQt(answer->toString()) : u"";
 }
 
 std::u16string EngineHtmlView::SelectionAsHtml() {
-    const auto answer = Ask(QStringLiteral("selectionHtml()"));
+    const auto answer = Query(QStringLiteral("selectionHtml()"));
     return answer ? FromQt(answer->toString()) : u"";
 }
 
-// The text comes over once and is searched here, by the rules of the text view.
+// The text is transferred once and searched here, by the rules of the text view.
 bool EngineHtmlView::FetchText(QDeadlineTimer end) {
-    if (wholeText_) return true;
-    const auto text = Ask(QStringLiteral("wholeText()"), end);
-    if (text) wholeText_ = FromQt(text->toString());
-    return wholeText_.has_value();
+    if (textCache_) return true;
+    const auto text = Query(QStringLiteral("wholeText()"), end);
+    if (text) textCache_ = FromQt(text->toString());
+    return textCache_.has_value();
 }
 
-std::optional<PageMatch> EngineHtmlView::FindBehindSelection(std::u16string_view asked,
+std::optional<PageMatch> EngineHtmlView::FindBehindSelection(std::u16string_view wanted,
                                                              FindOptions options) {
-    const std::u16string what(asked); // its owner may change it while the page is waited for
+    const std::u16string what(wanted); // a copy, because its owner may change it during a query
     const QDeadlineTimer end(maxPageWait);
     if (!FetchText(end)) return std::nullopt;
-    const auto state = Ask(QStringLiteral("state()"), end);
+    const auto state = Query(QStringLiteral("state()"), end);
     if (!state) return std::nullopt;
-    TakeState(*state);
-    const PageSpan& selected = kept_.selection.span;
+    ApplyState(*state);
+    const PageSpan& selected = snapshot_.selection.span;
     const TextPos start = selected.start + selected.length;
-    const auto found = FindText(*wholeText_, what, static_cast<std::size_t>(start), options);
+    const auto found = FindText(*textCache_, what, static_cast<std::size_t>(start), options);
     if (found == std::u16string::npos) return std::nullopt;
-    const auto place = Ask(QStringLiteral("matchAt(%1, %2)").arg(found).arg(start), end);
+    const auto place = Query(QStringLiteral("matchAt(%1, %2)").arg(found).arg(start), end);
     if (!place) return std::nullopt;
     const QVariantList edges = place->toList();
     if (edges.size() != 3) return std::nullopt;
@@ -109,6 +109,6 @@ std::optional<PageMatch> EngineHtmlView::FindBehindSelection(std::u16string_view
 }
 
 TextPos EngineHtmlView::StartAtTop() {
-    const auto answer = Ask(QStringLiteral("startAtTop()"));
+    const auto answer = Query(QStringLiteral("startAtTop()"));
     return answer ? answer->toInt() : -1;
 }

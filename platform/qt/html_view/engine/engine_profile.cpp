@@ -9,55 +9,55 @@
 #include <unistd.h>
 
 namespace {
-// A variable of the environment with another value for a while, so that no program started later
-// inherits it.
-class VariableScope {
+// Sets an environment variable temporarily, so that no child process started later inherits it.
+class ScopedVariable {
   public:
-    VariableScope(const char* name, const QByteArray& value) : name_(name), before_(qgetenv(name)) {
+    ScopedVariable(const char* name, const QByteArray& value)
+        : name_(name), previous_(qgetenv(name)) {
         wasSet_ = qEnvironmentVariableIsSet(name);
         qputenv(name, value);
     }
-    ~VariableScope() {
+    ~ScopedVariable() {
         if (wasSet_)
-            qputenv(name_, before_);
+            qputenv(name_, previous_);
         else
             qunsetenv(name_);
     }
-    VariableScope(const VariableScope&) = delete;
-    VariableScope& operator=(const VariableScope&) = delete;
+    ScopedVariable(const ScopedVariable&) = delete;
+    ScopedVariable& operator=(const ScopedVariable&) = delete;
 
   private:
     const char* name_;
-    QByteArray before_;
+    QByteArray previous_;
     bool wasSet_;
 };
 
-// The engine tells of every start, of the sandbox that root does without, and, as a warning, that
-// it found no graphics driver, which nobody asked it to use.
-class QuietStart {
+// The engine logs each start, that root has no sandbox, and a warning that it found no graphics
+// driver, which it does not need.
+class EngineLogFilter {
   public:
-    QuietStart() {
+    EngineLogFilter() {
         QLoggingCategory::setFilterRules(
             QStringLiteral("qt.webenginecontext*=false\ndefault.warning=false"));
     }
-    ~QuietStart() { QLoggingCategory::setFilterRules({}); }
-    QuietStart(const QuietStart&) = delete;
-    QuietStart& operator=(const QuietStart&) = delete;
+    ~EngineLogFilter() { QLoggingCategory::setFilterRules({}); }
+    EngineLogFilter(const EngineLogFilter&) = delete;
+    EngineLogFilter& operator=(const EngineLogFilter&) = delete;
 };
 
 QByteArray EngineFlags() {
     QByteArray flags = qgetenv("QTWEBENGINE_CHROMIUM_FLAGS");
-    // No name is ever looked up and no address reached, whatever a page makes the engine wish for.
+    // No host name is resolved and no address connected to, whatever a page requests.
     flags +=
         " --host-resolver-rules=\"MAP * ~NOTFOUND\" --no-proxy-server"
         " --disable-background-networking --disable-component-update --disable-domain-reliability"
         " --disable-sync --no-pings --no-first-run --disable-breakpad --log-level=3";
-    // The engine's sandbox cannot be had by root; for all others it stays on.
+    // Chromium refuses to run its sandbox as root.
     if (geteuid() == 0) flags += " --no-sandbox";
     return flags;
 }
 
-QString CharsetOf(int codePage) {
+QString CharsetName(int codePage) {
     switch (codePage) {
     case 932: return QStringLiteral("Shift_JIS");
     case 936: return QStringLiteral("GBK");
@@ -67,7 +67,7 @@ QString CharsetOf(int codePage) {
     }
 }
 
-void MakePassive(QWebEngineSettings& settings) {
+void DisableActiveContent(QWebEngineSettings& settings) {
     using Settings = QWebEngineSettings;
     for (const auto attribute : {Settings::JavascriptEnabled,
                                  Settings::JavascriptCanOpenWindows,
@@ -95,26 +95,28 @@ void MakePassive(QWebEngineSettings& settings) {
          {Settings::LocalContentCanAccessFileUrls, Settings::PlaybackRequiresUserGesture,
           Settings::WebRTCPublicInterfacesOnly})
         settings.setAttribute(attribute, true);
-    settings.setAttribute(Settings::PrintElementBackgrounds, false); // they are of the screen
-    // The strict one drops such a link before `ReaderPage` is asked, which lets none pass.
+    settings.setAttribute(Settings::PrintElementBackgrounds,
+                          false); // backgrounds are for the screen
+    // The strict policy drops such links before `ReaderPage` sees them, which rejects all
+    // navigation.
     settings.setUnknownUrlSchemePolicy(Settings::AllowUnknownUrlSchemesFromUserInteraction);
 }
 } // namespace
 
-std::unique_ptr<QWebEngineProfile> MakeEngineProfile(FolderGuard& guard, int ansiCodePage) {
-    const QuietStart quiet;
-    // Drawn by the processor: a page of text needs no more, comes up two to four times as soon
-    // where the graphics driver is one in software, and no driver can take the program with it.
+std::unique_ptr<QWebEngineProfile> CreateEngineProfile(FolderGuard& guard, int ansiCodePage) {
+    const EngineLogFilter filter;
+    // Software rendering: enough for a page of text, two to four times as fast to start where the
+    // OpenGL driver is a software one, and no driver can crash the program.
     QQuickWindow::setSceneGraphBackend(QStringLiteral("software"));
-    const VariableScope backend("QT_QUICK_BACKEND", "software");
-    const VariableScope flags("QTWEBENGINE_CHROMIUM_FLAGS", EngineFlags());
-    // Else the engine tells screen readers nothing of a page. It does so only while there are any.
-    const VariableScope accessibility("QTWEBENGINE_ENABLE_LINUX_ACCESSIBILITY", "1");
+    const ScopedVariable backend("QT_QUICK_BACKEND", "software");
+    const ScopedVariable flags("QTWEBENGINE_CHROMIUM_FLAGS", EngineFlags());
+    // Enables the accessibility tree of pages, which is built only while a screen reader runs.
+    const ScopedVariable accessibility("QTWEBENGINE_ENABLE_LINUX_ACCESSIBILITY", "1");
     auto profile = std::make_unique<QWebEngineProfile>(); // without a name: off the record
     profile->setUrlRequestInterceptor(&guard);
     profile->setSpellCheckEnabled(false);
     QWebEngineSettings& settings = *profile->settings();
-    MakePassive(settings);
-    settings.setDefaultTextEncoding(CharsetOf(ansiCodePage));
+    DisableActiveContent(settings);
+    settings.setDefaultTextEncoding(CharsetName(ansiCodePage));
     return profile;
 }

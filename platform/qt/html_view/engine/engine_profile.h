@@ -1,4 +1,4 @@
-// The engine itself: how it is started, and what all pages share.
+// The engine's profile, shared by all pages.
 #pragma once
 
 #include <QWebEngineProfile>
@@ -7,6 +7,5 @@
 
 class FolderGuard;
 
-// Keeps nothing on disk, asks nobody, and loads what the guard allows. The first call starts the
-// engine.
-std::unique_ptr<QWebEngineProfile> MakeEngineProfile(FolderGuard&, int ansiCodePage);
+// Off the record and offline; loads only what the guard allows. The first call starts the engine.
+std::unique_ptr<QWebEngineProfile> CreateEngineProfile(FolderGuard&, int ansiCodePage);

@@ -1,6 +1,6 @@
 #include "platform/qt/html_view/engine/folder_guard.h"
 
-#include "platform/qt/html_view/engine/file_address.h"
+#include "platform/qt/file_url.h"
 
 #include <QLoggingCategory>
 
@@ -8,13 +8,18 @@
 #include <system_error>
 
 namespace {
-// Shows what was refused, with QT_LOGGING_RULES="norvaset.refused.debug=true".
+// Log blocked requests with QT_LOGGING_RULES="norvaset.refused.debug=true".
 Q_LOGGING_CATEGORY(refused, "norvaset.refused", QtInfoMsg)
 
 bool IsInside(const std::filesystem::path& file, const std::filesystem::path& folder) {
     return std::ranges::mismatch(folder, file).in1 == folder.end();
 }
 } // namespace
+
+std::optional<std::string> LocalPathOf(const QUrl& url) {
+    return LocalPathOf(
+        url.adjusted(QUrl::RemoveQuery | QUrl::RemoveFragment).toEncoded().toStdString());
+}
 
 void FolderGuard::SetBook(const std::filesystem::path& path) {
     std::error_code error;
@@ -27,7 +32,7 @@ bool FolderGuard::Allows(const QUrl& address) const {
     if (!path || folder_.empty()) return false;
     std::error_code error;
     const auto file = std::filesystem::canonical(*path, error);
-    // Not a pipe or a device, which may never end.
+    // Reading a pipe or device might never end.
     return !error && std::filesystem::is_regular_file(file, error) && IsInside(file, folder_);
 }
 

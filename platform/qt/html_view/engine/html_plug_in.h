@@ -1,17 +1,17 @@
-// The one door into the module of the HTML view.
+// The entry point of the HTML view's module.
 #pragma once
 
 #include "platform/html_view.h"
 
 class QWidget;
 
-// The view of the module, with what it tells besides the port: to the place that it is shown in.
+// The view of the module, with the events that its panel needs besides the port's.
 class EngineView : public HtmlView {
   public:
-    std::function<void(bool answers)> onAnswering; // the page hangs, or answers again
+    std::function<void(bool responsive)> onResponsiveChanged; // the page hangs, or responds again
 };
 
-// Makes the engine's view in `parent`. `ansiCodePage` is of pages that name no charset. The caller
-// deletes the view, and lets go of no module.
+// Creates the view in `parent`. `ansiCodePage` is for pages that declare no charset. The caller
+// owns the view, and never unloads the module.
 using MakeHtmlView = EngineView*(QWidget* parent, int ansiCodePage);
 constexpr char makeHtmlViewName[] = "NorvasetMakeHtmlView";

@@ -9,9 +9,9 @@
 #include <cmath>
 
 namespace {
-constexpr int maxZoomTime = 1000; // milliseconds from the first answer; a page takes a few
-constexpr int askAgain = 2;       // milliseconds
-constexpr QLatin1String stateQuestion("state()");
+constexpr int zoomTimeout = 1000; // milliseconds since the first reply; a page takes a few
+constexpr int retryInterval = 2;  // milliseconds
+constexpr QLatin1String stateExpression("state()");
 
 QString Source(const char* name) {
     QFile file(QLatin1String(":/norvaset/") + QLatin1String(name));
@@ -21,8 +21,8 @@ QString Source(const char* name) {
 } // namespace
 
 PageCalls::PageCalls(QWebEnginePage& page) : page_(page) {
-    again_.setSingleShot(true);
-    again_.callOnTimeout([this] { AskForRatio(); });
+    retryTimer_.setSingleShot(true);
+    retryTimer_.callOnTimeout([this] { CheckPixelRatio(); });
 }
 
 void PageCalls::LoadScript() {
@@ -30,84 +30,85 @@ void PageCalls::LoadScript() {
                         QWebEngineScript::ApplicationWorld);
 }
 
-void PageCalls::Call(const QString& expression, Answer answer) {
-    steps_.push_back({expression, std::move(answer)});
-    Proceed();
+void PageCalls::Call(const QString& expression, Callback callback) {
+    queue_.push_back({expression, std::move(callback)});
+    ProcessQueue();
 }
 
-void PageCalls::AskState(Answer answer) {
-    Call(stateQuestion, std::move(answer));
+void PageCalls::QueryState(Callback callback) {
+    Call(stateExpression, std::move(callback));
 }
 
-// Many keys in a row become one new size, or two: the first is begun at once. The state may as well
-// be asked afterwards.
-void PageCalls::SetZoom(double factor, double screenRatio, int steps, Answer settled) {
-    const Step size{{}, std::move(settled), factor, factor * screenRatio, steps};
-    const auto last = std::find_if(steps_.rbegin(), steps_.rend(), [](const Step& step) {
-        return step.expression != stateQuestion;
+// Successive zoom keys collapse into one change of size, or two, because the first one starts at
+// once. A pending state query may run after it.
+void PageCalls::SetZoom(double factor, double screenRatio, int steps, Callback onApplied) {
+    const QueuedCall zoom{{}, std::move(onApplied), factor, factor * screenRatio, steps};
+    const auto last = std::find_if(queue_.rbegin(), queue_.rend(), [](const QueuedCall& call) {
+        return call.expression != stateExpression;
     });
-    if (last != steps_.rend() && last->expression.isEmpty())
-        *last = size;
+    if (last != queue_.rend() && last->expression.isEmpty())
+        *last = zoom;
     else
-        steps_.push_back(size);
-    Proceed();
+        queue_.push_back(zoom);
+    ProcessQueue();
 }
 
-// The engine keeps calls in order, but a new size takes another way to the page and may be
-// overtaken: the page is asked until it has it.
-void PageCalls::Proceed() {
-    while (!zooming_ && !steps_.empty()) {
-        if (steps_.front().expression.isEmpty()) {
+// The engine runs scripts in order, but a zoom factor reaches the renderer by another channel and
+// may be overtaken: so the page is polled until it has the new pixel ratio.
+void PageCalls::ProcessQueue() {
+    while (!zooming_ && !queue_.empty()) {
+        if (queue_.front().expression.isEmpty()) {
             zooming_ = true;
-            Run({"holdPlace()", [this, alive = QPointer<PageCalls>(this)](const QVariant&) {
+            RunScript(
+                {"saveScrollAnchor()", [this, alive = QPointer<PageCalls>(this)](const QVariant&) {
                      if (alive) StartZoom();
                  }});
             return;
         }
-        const Step step = std::move(steps_.front());
-        steps_.pop_front();
-        Run(step);
+        const QueuedCall call = std::move(queue_.front());
+        queue_.pop_front();
+        RunScript(call);
     }
 }
 
-void PageCalls::Run(const Step& step) {
-    const QString source = QStringLiteral("norvaset.") + step.expression;
-    if (step.answer)
-        page_.runJavaScript(source, QWebEngineScript::ApplicationWorld, step.answer);
+void PageCalls::RunScript(const QueuedCall& call) {
+    const QString source = QStringLiteral("norvaset.") + call.expression;
+    if (call.callback)
+        page_.runJavaScript(source, QWebEngineScript::ApplicationWorld, call.callback);
     else
         page_.runJavaScript(source, QWebEngineScript::ApplicationWorld);
 }
 
 void PageCalls::StartZoom() {
-    zoomEnd_ = QDeadlineTimer(QDeadlineTimer::Forever);
-    page_.setZoomFactor(steps_.front().factor);
-    AskForRatio();
+    zoomDeadline_ = QDeadlineTimer(QDeadlineTimer::Forever);
+    page_.setZoomFactor(queue_.front().factor);
+    CheckPixelRatio();
 }
 
-void PageCalls::AskForRatio() {
+void PageCalls::CheckPixelRatio() {
     const auto answered = [this, alive = QPointer<PageCalls>(this)](const QVariant& ratio) {
         if (!alive) return;
-        const Step& step = steps_.front();
-        if (zoomEnd_.isForever()) zoomEnd_.setRemainingTime(maxZoomTime);
-        if (std::abs(ratio.toDouble() - step.pixelRatio) > 0.01 && !zoomEnd_.hasExpired()) {
-            page_.setZoomFactor(step.factor); // the last of steps given meanwhile
-            return again_.start(askAgain);
+        const QueuedCall& call = queue_.front();
+        if (zoomDeadline_.isForever()) zoomDeadline_.setRemainingTime(zoomTimeout);
+        if (std::abs(ratio.toDouble() - call.pixelRatio) > 0.01 && !zoomDeadline_.hasExpired()) {
+            page_.setZoomFactor(call.factor); // a later factor may have replaced the first
+            return retryTimer_.start(retryInterval);
         }
         FinishZoom();
     };
-    Run({QStringLiteral("pixelRatio()"), answered});
+    RunScript({QStringLiteral("pixelRatio()"), answered});
 }
 
-// Answers come in the order of the calls: those behind this one are of the new size.
+// Scripts run in order: everything queued from here on sees the new size.
 void PageCalls::FinishZoom() {
-    const Step size = std::move(steps_.front());
-    steps_.pop_front();
+    const QueuedCall zoom = std::move(queue_.front());
+    queue_.pop_front();
     zooming_ = false;
-    Run({QStringLiteral("backToPlace()"),
-         [this, size, alive = QPointer<PageCalls>(this)](const QVariant& state) {
-             if (!alive) return;
-             zoomSteps_ = size.zoomSteps;
-             size.answer(state);
-         }});
-    Proceed();
+    RunScript({QStringLiteral("restoreScrollAnchor()"),
+               [this, zoom, alive = QPointer<PageCalls>(this)](const QVariant& state) {
+                   if (!alive) return;
+                   zoomSteps_ = zoom.zoomSteps;
+                   zoom.callback(state);
+               }});
+    ProcessQueue();
 }

@@ -1,4 +1,4 @@
-// Calls of the reader's script in a page, and changes of its size, carried out in the order given.
+// A queue of script calls and zoom changes for a page, executed in order.
 #pragma once
 
 #include <QDeadlineTimer>
@@ -13,37 +13,37 @@ class QWebEnginePage;
 
 class PageCalls : public QObject {
   public:
-    using Answer = std::function<void(const QVariant&)>;
+    using Callback = std::function<void(const QVariant&)>;
 
     explicit PageCalls(QWebEnginePage&);
 
-    void LoadScript(); // once the document is there; before it no call succeeds
-    void Call(const QString& expression, Answer = {});
-    void AskState(Answer); // may give way to a new size that is set before it is asked
-    // The line at the top stays there. Calls after it find the page laid out so. `steps` is the
-    // caller's name for this size; `settled` gets the state in it, but for sizes that gave way to
-    // one set before they were begun.
-    void SetZoom(double factor, double screenRatio, int steps, Answer settled);
-    int ZoomSteps() const { return zoomSteps_; } // of the size that answers now are of
+    void LoadScript(); // after the document has loaded; earlier calls fail
+    void Call(const QString& expression, Callback = {});
+    void QueryState(Callback); // may be overtaken by a zoom change queued later
+    // Keeps the line at the top. Later calls see the page in the new size. `steps` identifies the
+    // size for ZoomSteps(). `onApplied` receives the page state; it is not called for a size that
+    // was replaced before it was started.
+    void SetZoom(double factor, double screenRatio, int steps, Callback onApplied);
+    int ZoomSteps() const { return zoomSteps_; } // the size that replies now refer to
 
   private:
-    struct Step {
-        QString expression; // "" for a change of size
-        Answer answer;
+    struct QueuedCall {
+        QString expression; // "" for a zoom change
+        Callback callback;
         double factor = 0, pixelRatio = 0;
         int zoomSteps = 0;
     };
 
-    void Proceed();
-    void Run(const Step&);
+    void ProcessQueue();
+    void RunScript(const QueuedCall&);
     void StartZoom();
-    void AskForRatio();
+    void CheckPixelRatio();
     void FinishZoom();
 
     QWebEnginePage& page_;
-    std::deque<Step> steps_;
+    std::deque<QueuedCall> queue_;
     bool zooming_ = false;
     int zoomSteps_ = 0;
-    QDeadlineTimer zoomEnd_;
-    QTimer again_;
+    QDeadlineTimer zoomDeadline_;
+    QTimer retryTimer_;
 };

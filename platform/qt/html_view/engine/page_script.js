@@ -1,5 +1,5 @@
-// The reader's side in a page: what html_view.h orders and asks. Follows page_text.js in one script.
-// Orders answer the state of the page, which is what the view keeps.
+// The commands and queries of html_view.h, executed in the page. Appended to page_text.js.
+// Commands return the state of the page, of which the view keeps a snapshot.
 const reader = (() => {
   const scroller = () => document.scrollingElement || document.documentElement;
   const selection = () => {
@@ -11,12 +11,12 @@ const reader = (() => {
     return range ? pageText.spanOf(range) : {start: 0, length: 0};
   };
 
-  // The body's margin with its border.
+  // Including the border.
   function topMargin() {
     const style = getComputedStyle(document.body);
     return Math.round(parseFloat(style.marginTop) + parseFloat(style.borderTopWidth)) || 0;
   }
-  // The text's first line begins below the margin, whatever its own margins.
+  // The first line starts below the body's margin; margins of its element are ignored.
   const lineTop = count =>
     Math.round(count <= 0 ? topMargin() - scroller().scrollTop : pageText.boxAt(count).top);
 
@@ -26,13 +26,13 @@ const reader = (() => {
       span.start, span.length, lineTop(span.start)];
   }
 
-  // What is laid out only when it comes into view would make every place another one.
-  function layOutAll() {
+  // Elements laid out lazily would shift every position when they scroll into view.
+  function disableContentVisibility() {
     const mayDefer = sheet => {
       try {
         return [...sheet.cssRules].some(rule => rule.cssText.includes("content-visibility"));
       } catch {
-        return true; // a file's rules are not told
+        return true; // rules of a file are not accessible
       }
     };
     const defers = [...document.styleSheets].some(mayDefer) ||
@@ -43,9 +43,9 @@ const reader = (() => {
     document.adoptedStyleSheets = [...document.adoptedStyleSheets, sheet];
   }
 
-  // Of a page that scrolls inside an element only the page's own scrolling is known and kept: such
-  // an element, and all around it, becomes as high as what is in it.
-  function openInnerScroller() {
+  // Only the document's own scroll offset is restored: an element that scrolls in its place, and its
+  // ancestors, are enlarged to the height of their content.
+  function expandInnerScroller() {
     const {scrollHeight, clientWidth, clientHeight} = scroller();
     if (scrollHeight > clientHeight) return;
     const scrolls = element => element.scrollHeight > element.clientHeight &&
@@ -62,24 +62,23 @@ const reader = (() => {
     }
   }
 
-  let ownLetters = ""; // the body's colour in its style attribute
+  let ownTextColor = ""; // the body's, in its style attribute
   function ownColors() {
-    ownLetters = document.body.style.color;
+    ownTextColor = document.body.style.color;
     const number = css => {
       const [red, green, blue, opacity = 1] = css.match(/[\d.]+/g) || [];
       return opacity > 0 && blue ? red << 16 | green << 8 | blue : null;
     };
-    const paper = element => number(getComputedStyle(element).backgroundColor);
+    const background = element => number(getComputedStyle(element).backgroundColor);
     return [number(getComputedStyle(document.body).color) ?? 0,
-      paper(document.body) ?? paper(document.documentElement) ?? 0xffffff];
+      background(document.body) ?? background(document.documentElement) ?? 0xffffff];
   }
 
-  // What the document says of itself. Also takes out of it what a press of a key or a click would
-  // change or open.
-  function facts() {
+  // Also disables what keys or clicks would edit or open.
+  function documentInfo() {
     if (!document.body) return null;
-    layOutAll();
-    openInnerScroller();
+    disableContentVisibility();
+    expandInnerScroller();
     for (const field of document.querySelectorAll("input[type=file], input[type=color]"))
       field.disabled = true;
     for (const element of document.querySelectorAll("[contenteditable]"))
@@ -87,24 +86,24 @@ const reader = (() => {
     return [document.characterSet, document.title, pageText.hasAny(), ...ownColors(), state()];
   }
 
-  // The engine cuts a place to the screen's pixels: it is given the nearest one.
-  function jump(left, top) {
+  // The engine truncates scroll offsets to device pixels: so they are rounded here.
+  function setScrollOffset(left, top) {
     const pixel = Math.round(top * devicePixelRatio) + 0.01;
     window.scrollTo({left, top: pixel / devicePixelRatio, behavior: "instant"});
   }
   function scrollTo(left, top) {
-    jump(left, top);
+    setScrollOffset(left, top);
     return state();
   }
   function scrollSpanToTop(start) {
-    jump(0, scroller().scrollTop + lineTop(start) - topMargin());
+    setScrollOffset(0, scroller().scrollTop + lineTop(start) - topMargin());
     return state();
   }
   function select(start, length) {
     const range = pageText.rangeOf(start, length);
     document.getSelection().setBaseAndExtent(range.startContainer, range.startOffset,
       range.endContainer, range.endOffset);
-    reveal(pageText.boxAt(start));
+    scrollIntoView(pageText.boxAt(start));
     return state();
   }
   const selectAll = () => {
@@ -113,24 +112,24 @@ const reader = (() => {
       range.endContainer, range.endOffset);
     return state();
   };
-  function reveal(box) {
+  function scrollIntoView(box) {
     const nearest = (start, end, size) => start < 0 ? start : Math.min(start, Math.max(0, end - size));
     const {clientWidth, clientHeight, scrollLeft, scrollTop} = scroller();
     const x = nearest(box.left, box.right, clientWidth);
     const y = nearest(box.top, box.bottom, clientHeight);
-    if (x !== 0 || y !== 0) jump(scrollLeft + x, scrollTop + y);
+    if (x !== 0 || y !== 0) setScrollOffset(scrollLeft + x, scrollTop + y);
   }
   function setBackColor(color) {
     document.body.style.backgroundColor = color;
     return state();
   }
 
-  function setLetterColor(color) {
-    document.body.style.color = color || ownLetters;
+  function setTextColor(color) {
+    document.body.style.color = color || ownTextColor;
     return state();
   }
 
-  // Where a right click puts the caret, unless it is on the selection.
+  // A right click moves the caret, unless it is on the selection.
   function placeCaret(x, y) {
     const range = selection();
     const isOn = box => x >= box.left && x < box.right && y >= box.top && y < box.bottom;
@@ -142,7 +141,7 @@ const reader = (() => {
 
   function startAtTop() {
     const top = topMargin();
-    for (let y = top + 1; y < scroller().clientHeight; y += 8) { // over gaps between paragraphs
+    for (let y = top + 1; y < scroller().clientHeight; y += 8) { // skips gaps between paragraphs
       const place = document.caretRangeFromPoint(0, y);
       if (!place || !document.body.contains(place.startContainer)) continue;
       const count = pageText.countAt(place.startContainer, place.startOffset, false);
@@ -151,19 +150,19 @@ const reader = (() => {
     return 0;
   }
 
-  // The line at the top of the view, while the page gets another size. Until it is scrolled it is
-  // held by the same character: the start of its line would lead farther back each time.
-  let held = null;
-  function holdPlace() {
+  // Keeps the line at the top of the view during a zoom. Until the page is scrolled the anchor is the
+  // same character: the start of its line would move further back with each zoom.
+  let scrollAnchor = null;
+  function saveScrollAnchor() {
     const {scrollTop} = scroller();
-    if (held && held.scrollTop === scrollTop) return;
+    if (scrollAnchor && scrollAnchor.scrollTop === scrollTop) return;
     const start = scrollTop > 0 ? startAtTop() : -1;
-    held = {start, top: start < 0 ? 0 : pageText.boxAt(start).top};
+    scrollAnchor = {start, top: start < 0 ? 0 : pageText.boxAt(start).top};
   }
-  function backToPlace() {
-    const {start, top} = held, {scrollLeft, scrollTop} = scroller();
-    jump(scrollLeft, start < 0 ? 0 : scrollTop + pageText.boxAt(start).top - top);
-    held.scrollTop = scroller().scrollTop;
+  function restoreScrollAnchor() {
+    const {start, top} = scrollAnchor, {scrollLeft, scrollTop} = scroller();
+    setScrollOffset(scrollLeft, start < 0 ? 0 : scrollTop + pageText.boxAt(start).top - top);
+    scrollAnchor.scrollTop = scroller().scrollTop;
     return state();
   }
 
@@ -172,7 +171,7 @@ const reader = (() => {
     return [Math.round(box.left), lineTop(start), lineTop(searchStart)];
   }
 
-  // The selected part, in copies of the elements around it that say how it looks.
+  // The selected part, within copies of its ancestors, which determine its style.
   function selectionHtml() {
     const range = selection();
     if (!range || range.collapsed) return "";
@@ -192,9 +191,8 @@ const reader = (() => {
   }
 
   return {
-    facts, state, holdPlace, backToPlace, scrollTo, scrollSpanToTop, select, selectAll, setBackColor, setLetterColor,
-    placeCaret,
-    startAtTop, matchAt, selectionHtml,
+    documentInfo, state, saveScrollAnchor, restoreScrollAnchor, scrollTo, scrollSpanToTop, select, selectAll,
+    setBackColor, setTextColor, placeCaret, startAtTop, matchAt, selectionHtml,
     selectedText: () => {
       const {start, length} = selectedSpan();
       return pageText.part(start, length);

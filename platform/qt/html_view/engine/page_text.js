@@ -1,6 +1,6 @@
-// The text of a page as html_view.h counts it, and the ways between a count and a place in the
-// document. Runs in a world of its own beside a page whose scripts are off, so the document stays
-// as it is and its text is read once.
+// The text of a page with the character offsets that html_view.h defines, and the conversion between
+// offsets and DOM positions. Runs in an isolated world, and scripts of the page are disabled: so the
+// document does not change, and its text is indexed once.
 "use strict";
 const pageText = (() => {
   const names = list => new Set(list.split(" "));
@@ -9,13 +9,13 @@ const pageText = (() => {
     "li main menu nav ol p pre section summary table caption thead tbody tfoot tr td th ul");
   const skippedNames = names("script style template noscript noframes title select textarea " +
     "iframe object audio video canvas svg math");
-  const blanks = /[ \t\n\f\r]+/g;
-  const isBlank = unit => unit === 32 || (unit >= 9 && unit <= 13 && unit !== 11);
+  const whitespace = /[ \t\n\f\r]+/g;
+  const isWhitespace = unit => unit === 32 || (unit >= 9 && unit <= 13 && unit !== 11);
   const isSkipped = element =>
     skippedNames.has(element.localName) || element.hasAttribute("hidden");
 
-  // Tells `visitor` of texts, line breaks and edges of blocks in document order, until one of its
-  // functions answers true. By hand and not by recursion: pages may be nested thousands deep.
+  // Calls `visitor` for text nodes, line breaks and block boundaries in document order, until a call
+  // returns true. Iterative, because pages may be nested thousands of levels deep.
   function walk(root, visitor) {
     let node = root, preDepth = 0;
     const edge = () => blockNames.has(node.localName) && visitor.edge();
@@ -48,38 +48,38 @@ const pageText = (() => {
     }
   }
 
-  // Puts the pieces together: the blank or break due before a piece comes with it, or not at all.
+  // Collects the text. A pending space or break is added only if more text follows.
   class Collector {
-    nodes = []; // the texts that count, and the line breaks
-    starts = []; // of each in the whole text, and where it ends
+    nodes = []; // text nodes that count, and line breaks
+    starts = []; // of each node in the text
     ends = [];
     pieces = [];
     length = 0;
-    due = "";
-    atBreak = true; // a line feed, or nothing at all, stands before
+    pending = "";
+    atBreak = true; // after a line feed, or at the start
 
     edge() {
-      if (!this.atBreak) this.due = "\n";
+      if (!this.atBreak) this.pending = "\n";
     }
     lineBreak(node) {
-      this.add(node, "\n", this.due === "\n");
+      this.add(node, "\n", this.pending === "\n");
     }
     text(node, isPre) {
       if (isPre) {
         if (node.data) this.add(node, node.data, true);
         return;
       }
-      const data = node.data.replace(blanks, " ");
-      if (data.startsWith(" ") && !this.due && !this.atBreak) this.due = " ";
+      const data = node.data.replace(whitespace, " ");
+      if (data.startsWith(" ") && !this.pending && !this.atBreak) this.pending = " ";
       const piece = data.slice(data.startsWith(" ") ? 1 : 0,
         data.endsWith(" ") && data.length > 1 ? -1 : undefined);
       if (!piece) return;
       this.add(node, piece, true);
-      if (data.endsWith(" ")) this.due = " ";
+      if (data.endsWith(" ")) this.pending = " ";
     }
-    add(node, piece, withDue) {
-      if (withDue && this.due) this.push(this.due);
-      this.due = "";
+    add(node, piece, withPending) {
+      if (withPending && this.pending) this.push(this.pending);
+      this.pending = "";
       this.nodes.push(node);
       this.starts.push(this.length);
       this.push(piece);
@@ -92,14 +92,14 @@ const pageText = (() => {
     }
   }
 
-  let kept = null;
+  let cachedIndex = null;
   function index() {
-    if (kept) return kept;
-    kept = new Collector();
-    if (document.body) walk(document.body, kept);
-    kept.text = kept.pieces.join("");
-    kept.pieces = null;
-    return kept;
+    if (cachedIndex) return cachedIndex;
+    cachedIndex = new Collector();
+    if (document.body) walk(document.body, cachedIndex);
+    cachedIndex.text = cachedIndex.pieces.join("");
+    cachedIndex.pieces = null;
+    return cachedIndex;
   }
 
   function hasAny() {
@@ -112,7 +112,7 @@ const pageText = (() => {
     return found;
   }
 
-  // The number of the first element of a rising list that is above `value`.
+  // The index of the first element of an ascending list that is greater than `value`.
   function firstAbove(list, value) {
     let low = 0, high = list.length;
     while (low < high) {
@@ -125,26 +125,26 @@ const pageText = (() => {
 
   const isPreText = node => node.parentElement.closest("pre") !== null;
 
-  // The place in a text node behind so many of its counted characters, and the way back.
+  // Converts a count of characters in a text node to an offset in its data, and back.
   function offsetOf(node, count) {
     if (isPreText(node)) return count;
     const data = node.data;
     let at = 0;
     const skip = () => {
-      while (at < data.length && isBlank(data.charCodeAt(at))) ++at;
+      while (at < data.length && isWhitespace(data.charCodeAt(at))) ++at;
     };
     skip();
     for (; count > 0; --count)
-      if (isBlank(data.charCodeAt(at))) skip();
+      if (isWhitespace(data.charCodeAt(at))) skip();
       else ++at;
     return at;
   }
   function countBefore(node, offset) {
     if (isPreText(node)) return offset;
-    return node.data.slice(0, offset).replace(blanks, " ").replace(/^ /, "").length;
+    return node.data.slice(0, offset).replace(whitespace, " ").replace(/^ /, "").length;
   }
 
-  // Sets one end of `range` (by its methods' names "setStart" or "setEnd") to a count.
+  // `which` is the method "setStart" or "setEnd".
   function setEdge(range, which, count) {
     const {nodes, starts, ends} = index();
     if (nodes.length === 0) return range[which](document.body, 0);
@@ -162,8 +162,8 @@ const pageText = (() => {
     return range;
   }
 
-  // The count of a place in the document. Between texts a start belongs to the next one, an end to
-  // the one before.
+  // The offset of a DOM position. Between text nodes a start belongs to the next one, an end to the
+  // previous one.
   function countAt(container, offset, isEnd) {
     const {nodes, starts, ends} = index();
     const probe = document.createRange();
@@ -186,7 +186,7 @@ const pageText = (() => {
     return {start, length: Math.max(0, end - start)};
   }
 
-  // The box of the character at a count, or of what holds it where it has none itself.
+  // The box of the character at an offset, or of its nearest ancestor with a box.
   function boxAt(count) {
     const {nodes, starts, ends} = index();
     if (nodes.length === 0) return document.body.getBoundingClientRect();

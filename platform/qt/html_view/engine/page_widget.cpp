@@ -10,7 +10,7 @@
 #include <utility>
 
 namespace {
-bool IsMovingKey(int key) {
+bool IsNavigationKey(int key) {
     switch (key) {
     case Qt::Key_Home:
     case Qt::Key_End:
@@ -31,12 +31,12 @@ bool IsFunctionKey(int key) {
 
 PageWidget::PageWidget(QWebEnginePage* page, QWidget* parent) : QWebEngineView(parent) {
     setPage(page);
-    setAcceptDrops(false); // the panel around takes them
+    setAcceptDrops(false); // the panel accepts them
 }
 
 PageWidget::~PageWidget() = default;
 
-// The engine draws into a child and takes its input from it.
+// The engine renders into a child widget, which receives the input events.
 void PageWidget::childEvent(QChildEvent* event) {
     if (event->added()) event->child()->installEventFilter(this);
     QWebEngineView::childEvent(event);
@@ -44,36 +44,36 @@ void PageWidget::childEvent(QChildEvent* event) {
 
 bool PageWidget::eventFilter(QObject* object, QEvent* event) {
     switch (event->type()) {
-    case QEvent::ShortcutOverride: // would keep the window's commands from their keys
+    case QEvent::ShortcutOverride: // accepting it would disable shortcuts of the window
         event->ignore();
         return true;
     case QEvent::KeyPress:
-        pressedRight_ = false;
-        return KeyEvent(static_cast<const QKeyEvent&>(*event)) || deaf_;
+        rightPressed_ = false;
+        return FilterKey(static_cast<const QKeyEvent&>(*event)) || keysBlocked_;
     case QEvent::InputMethod:
-        if (deaf_) return true;
+        if (keysBlocked_) return true;
         break;
     case QEvent::Wheel:
         if (!(static_cast<QWheelEvent*>(event)->modifiers() & Qt::ControlModifier)) break;
-        event->ignore(); // goes up to the window
+        event->ignore(); // propagates to the window
         return true;
     case QEvent::MouseButtonPress:
-        pressedRight_ = static_cast<QMouseEvent*>(event)->button() == Qt::RightButton;
+        rightPressed_ = static_cast<QMouseEvent*>(event)->button() == Qt::RightButton;
         break;
     case QEvent::KeyRelease:
     case QEvent::MouseButtonRelease:
-        if (onTouched) QMetaObject::invokeMethod(this, onTouched, Qt::QueuedConnection);
+        if (onInputReleased) QMetaObject::invokeMethod(this, onInputReleased, Qt::QueuedConnection);
         break;
     default: break;
     }
     return QWebEngineView::eventFilter(object, event);
 }
 
-bool PageWidget::KeyEvent(const QKeyEvent& event) {
+bool PageWidget::FilterKey(const QKeyEvent& event) {
     const int key = event.key();
     const bool asksForMenu = key == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier;
     if (!(event.modifiers() & Qt::ControlModifier)) return IsFunctionKey(key) && !asksForMenu;
-    if (event.modifiers() & Qt::AltModifier) return !IsMovingKey(key);
+    if (event.modifiers() & Qt::AltModifier) return !IsNavigationKey(key);
     switch (key) {
     case Qt::Key_Plus:
     case Qt::Key_Equal: onZoomKey(1); break;
@@ -82,15 +82,15 @@ bool PageWidget::KeyEvent(const QKeyEvent& event) {
     case Qt::Key_0: onZoomKey(0); break;
     default: break;
     }
-    return !IsMovingKey(key);
+    return !IsNavigationKey(key);
 }
 
 void PageWidget::contextMenuEvent(QContextMenuEvent* event) {
-    const bool isPress = std::exchange(pressedRight_, false);
-    if (isPress) onContextPress(event->pos());
+    const bool isClick = std::exchange(rightPressed_, false);
+    if (isClick) onContextClick(event->pos());
     menu_ = std::make_unique<QMenu>(this);
-    // Whether the press has cleared the selection the page says in a moment.
-    copy_ = AddCommand(tr("&Copy"), PageCommand::Copy, !isPress && hasSelection());
+    // The page reports asynchronously whether the click has cleared the selection.
+    copy_ = AddCommand(tr("&Copy"), PageCommand::Copy, !isClick && hasSelection());
     AddCommand(tr("Select &All"), PageCommand::SelectAll, hasText());
     AddCommand(tr("&Find..."), PageCommand::Find, hasText());
     AddCommand(tr("&Open..."), PageCommand::Open, true);

@@ -1,4 +1,4 @@
-// The widget of one page: leaves to the window what is the window's, and has a menu of its own.
+// The widget of one page: passes the window's keys on to it, and has its own context menu.
 #pragma once
 
 #include "platform/html_view.h"
@@ -15,12 +15,12 @@ class PageWidget : public QWebEngineView {
     PageWidget(QWebEnginePage*, QWidget* parent);
     ~PageWidget() override;
 
-    void SetHasSelection(bool);               // what the menu offers that is open
-    void SetDeaf(bool deaf) { deaf_ = deaf; } // keys do not reach the page
+    void SetHasSelection(bool);                                   // updates the open context menu
+    void SetKeysBlocked(bool blocked) { keysBlocked_ = blocked; } // keys do not reach the page
 
-    std::function<void(int steps)> onZoomKey;   // 0: back to normal
-    std::function<void()> onTouched;            // a key or a button went up
-    std::function<void(QPoint)> onContextPress; // before the menu of a click shows
+    std::function<void(int steps)> onZoomKey;   // 0 resets the zoom
+    std::function<void()> onInputReleased;      // a key or mouse button was released
+    std::function<void(QPoint)> onContextClick; // before the context menu of a click opens
     std::function<void(PageCommand)> onCommand;
     std::function<bool()> hasSelection, hasText;
 
@@ -30,12 +30,12 @@ class PageWidget : public QWebEngineView {
     bool eventFilter(QObject*, QEvent*) override;
 
   private:
-    bool KeyEvent(const QKeyEvent&); // whether the page must not have it
+    bool FilterKey(const QKeyEvent&); // whether the event is withheld from the page
     QAction* AddCommand(const QString& caption, PageCommand command, bool enabled);
 
-    std::unique_ptr<QMenu> menu_; // the one shown last
-    QAction* copy_ = nullptr;     // in it
-    bool deaf_ = false;
-    bool pressedRight_ =
-        false; // the mouse asks for the menu, not a key: that leaves the caret alone
+    std::unique_ptr<QMenu> menu_; // the last one shown
+    QAction* copy_ = nullptr;     // in menu_
+    bool keysBlocked_ = false;
+    bool rightPressed_ =
+        false; // the context menu is requested by the mouse, which moves the caret, not by a key
 };

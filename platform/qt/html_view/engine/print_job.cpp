@@ -13,14 +13,14 @@
 #include <QWebEngineView>
 
 namespace {
-constexpr double margin = 15;  // millimetres, unless the user chooses others
-constexpr int shortWork = 400; // milliseconds without a word of it
+constexpr double margin = 15;      // millimetres; the default
+constexpr int progressDelay = 400; // milliseconds before a progress dialog appears
 
-// "" when all is written, else why not. A file that was there before stays until the new one is
-// whole; what is no file, as a device, is not replaced.
-QString WriteWhole(const QString& path, const QByteArray& bytes) {
-    const QFileInfo there(path);
-    if (there.exists() && !there.isFile()) return PrintJob::tr("This is not a file.");
+// Returns "" or the error. An existing file is replaced only when all is written; a device and the
+// like is not replaced.
+QString WriteFileAtomically(const QString& path, const QByteArray& bytes) {
+    const QFileInfo existing(path);
+    if (existing.exists() && !existing.isFile()) return PrintJob::tr("This is not a file.");
     QSaveFile file(path);
     file.setDirectWriteFallback(true);
     const bool written =
@@ -28,7 +28,7 @@ QString WriteWhole(const QString& path, const QByteArray& bytes) {
     return written ? QString() : file.errorString();
 }
 
-void Tell(QWidget* window, const QString& text) {
+void ShowWarning(QWidget* window, const QString& text) {
     auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral(PRODUCT_TITLE " Message"),
                                 text, QMessageBox::Ok, window);
     box->setAttribute(Qt::WA_DeleteOnClose);
@@ -44,59 +44,59 @@ PrintJob::PrintJob(QWebEngineView& view)
 }
 
 PrintJob::~PrintJob() {
-    delete dialog_; // before its printer
+    delete dialog_; // it refers to the printer
     delete progress_;
 }
 
-void PrintJob::AskHow() {
+void PrintJob::ShowDialog() {
     dialog_ = new QPrintDialog(&printer_, window_);
     connect(dialog_, &QDialog::finished, this, [this](int result) {
         if (result == QDialog::Accepted)
-            Begin();
+            Start();
         else
-            End();
+            Finish();
     });
     dialog_->open();
 }
 
-// What goes to the printer already needs no page.
-void PrintJob::PageLeft() {
+// A job that is with the printer needs no page any more.
+void PrintJob::OnPageReleased() {
     view_ = nullptr;
-    if (stage_ == Stage::Making) Fail(tr("The page was left before."));
+    if (stage_ == Stage::Rendering) Fail(tr("The page was left before."));
 }
 
-// A page that hangs is not asked for a PDF: the engine ends the whole program when the process of a
-// page ends that has not begun with it.
-void PrintJob::Begin() {
+// A script is run first, because the engine aborts the program if the renderer process of a hung
+// page dies before it has started on a PDF.
+void PrintJob::Start() {
     if (!view_) return Fail(tr("The page was left before."));
-    stage_ = Stage::Making;
+    stage_ = Stage::Rendering;
     progress_ = new QProgressDialog(tr("Printing..."), tr("Cancel"), 0, 0, window_);
     progress_->setWindowTitle(tr("Print"));
     progress_->setWindowModality(Qt::WindowModal);
     progress_->setCursor(Qt::BusyCursor);
     progress_->setAutoReset(false);
-    QTimer::singleShot(shortWork, this, [this] {
+    QTimer::singleShot(progressDelay, this, [this] {
         if (progress_) progress_->show();
     });
-    connect(progress_, &QProgressDialog::canceled, this, &PrintJob::End);
+    connect(progress_, &QProgressDialog::canceled, this, &PrintJob::Finish);
     view_->page()->runJavaScript(QStringLiteral("0"), QWebEngineScript::ApplicationWorld,
                                  [job = QPointer<PrintJob>(this)](const QVariant&) {
-                                     if (job) QTimer::singleShot(0, job, &PrintJob::MakePages);
+                                     if (job) QTimer::singleShot(0, job, &PrintJob::PrintToPdf);
                                  });
 }
 
-void PrintJob::MakePages() {
-    if (stage_ != Stage::Making) return; // given up
-    const bool some = printer_.printRange() == QPrinter::PageRange;
+void PrintJob::PrintToPdf() {
+    if (stage_ != Stage::Rendering) return; // cancelled
+    const bool isRange = printer_.printRange() == QPrinter::PageRange;
     view_->page()->printToPdf(
         [job = QPointer<PrintJob>(this)](const QByteArray& pdf) {
-            if (job) job->Deliver(pdf);
+            if (job) job->OnPdfReady(pdf);
         },
-        printer_.pageLayout(), some ? printer_.pageRanges() : QPageRanges());
+        printer_.pageLayout(), isRange ? printer_.pageRanges() : QPageRanges());
 }
 
-void PrintJob::Deliver(const QByteArray& pdf) {
-    if (stage_ != Stage::Making) return; // given up
+void PrintJob::OnPdfReady(const QByteArray& pdf) {
+    if (stage_ != Stage::Rendering) return; // cancelled
     stage_ = Stage::Sending;
     if (pdf.isEmpty()) return Fail(tr("No pages came of it."));
     if (printer_.outputFileName().isEmpty())
@@ -106,15 +106,15 @@ void PrintJob::Deliver(const QByteArray& pdf) {
 }
 
 void PrintJob::WriteFile(const QByteArray& pdf) {
-    if (const QString error = WriteWhole(printer_.outputFileName(), pdf); error.isEmpty())
-        End();
+    if (const QString error = WriteFileAtomically(printer_.outputFileName(), pdf); error.isEmpty())
+        Finish();
     else
         Fail(printer_.outputFileName() + QLatin1Char('\n') + error);
 }
 
 void PrintJob::SendToPrinter(const QByteArray& pdf) {
     connect(&sender_, &QProcess::finished, this, [this](int code, QProcess::ExitStatus status) {
-        PrinterAnswered(status == QProcess::NormalExit && code == 0);
+        OnSenderFinished(status == QProcess::NormalExit && code == 0);
     });
     connect(&sender_, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart) Fail(sender_.errorString());
@@ -125,22 +125,22 @@ void PrintJob::SendToPrinter(const QByteArray& pdf) {
     sender_.closeWriteChannel();
 }
 
-void PrintJob::PrinterAnswered(bool taken) {
-    if (taken)
-        End();
+void PrintJob::OnSenderFinished(bool accepted) {
+    if (accepted)
+        Finish();
     else
         Fail(QString::fromLocal8Bit(sender_.readAllStandardError()).trimmed());
 }
 
-void PrintJob::Fail(const QString& why) {
-    if (stage_ == Stage::Over) return;
-    End();
-    Tell(window_, tr("The page could not be printed.") + QLatin1Char('\n') + why);
+void PrintJob::Fail(const QString& reason) {
+    if (stage_ == Stage::Finished) return;
+    Finish();
+    ShowWarning(window_, tr("The page could not be printed.") + QLatin1Char('\n') + reason);
 }
 
-void PrintJob::End() {
-    stage_ = Stage::Over;
-    if (progress_) { // which may be what calls
+void PrintJob::Finish() {
+    stage_ = Stage::Finished;
+    if (progress_) { // may be the sender of the signal
         progress_->hide();
         progress_->deleteLater();
         progress_ = nullptr;

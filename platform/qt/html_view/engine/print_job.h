@@ -1,4 +1,4 @@
-// A page on its way to paper or into a file.
+// Printing a page to a printer or into a file.
 #pragma once
 
 #include <QObject>
@@ -10,32 +10,32 @@ class QPrintDialog;
 class QProgressDialog;
 class QWebEngineView;
 
-// The engine makes a PDF of the page, with letters as letters: drawn by the printer's own engine
-// each page would be one picture. The window owns a job, which deletes itself when it is done or
-// given up; its dialog may stay longer than the page.
+// The engine renders the page as PDF, which keeps text as text: rendered through QPrinter each page
+// would be one picture. The window owns the job, which deletes itself when it has finished or was
+// cancelled; its dialog may stay open longer than the page.
 class PrintJob : public QObject {
   public:
     explicit PrintJob(QWebEngineView&);
     ~PrintJob() override;
 
-    void AskHow(); // and what follows; returns at once
-    void PageLeft();
+    void ShowDialog(); // non-modal; the job goes on from there
+    void OnPageReleased();
 
   private:
-    void Begin();
-    void MakePages();
-    void Deliver(const QByteArray& pdf);
+    void Start();
+    void PrintToPdf();
+    void OnPdfReady(const QByteArray& pdf);
     void WriteFile(const QByteArray& pdf);
     void SendToPrinter(const QByteArray& pdf);
-    void PrinterAnswered(bool taken);
-    void Fail(const QString& why);
-    void End();
+    void OnSenderFinished(bool accepted);
+    void Fail(const QString& reason);
+    void Finish();
 
     QWidget* window_;
-    QWebEngineView* view_; // null when the page was left
+    QWebEngineView* view_; // null once the page was released
     QPrinter printer_;
     QPointer<QPrintDialog> dialog_;
     QPointer<QProgressDialog> progress_;
     QProcess sender_;
-    enum class Stage { Asking, Making, Sending, Over } stage_ = Stage::Asking;
+    enum class Stage { Choosing, Rendering, Sending, Finished } stage_ = Stage::Choosing;
 };

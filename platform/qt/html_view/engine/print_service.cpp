@@ -4,11 +4,11 @@
 #include <QPrinter>
 
 namespace {
-// What the dialog chooses beyond QPrinter's own properties (pages per sheet, odd and even pages,
-// the printer's own options) is kept under this key of the engine, as names and values in turn.
+// The engine property in which QPrintDialog stores options beyond QPrinter's (pages per sheet, odd
+// and even pages, options of the printer), as alternating names and values.
 constexpr auto serviceOptions = QPrintEngine::PrintEnginePropertyKey(0xfe00);
 
-QString Sides(const QPrinter& printer) {
+QString SidesName(const QPrinter& printer) {
     switch (printer.duplex()) {
     case QPrinter::DuplexNone: return QStringLiteral("one-sided");
     case QPrinter::DuplexLongSide: return QStringLiteral("two-sided-long-edge");
@@ -23,14 +23,14 @@ QString Sides(const QPrinter& printer) {
 } // namespace
 
 QString DocumentName(const QString& title) {
-    constexpr qsizetype maxNameLength = 60; // units, so that no file system's limit is met
+    constexpr qsizetype maxNameLength = 60; // UTF-16 units; within every file system's limit
     QString name;
     for (const QChar unit : title) {
         const bool plain = unit.isPrint() && unit != QLatin1Char('/') && unit != QChar(0xFFFD);
         name += plain || unit.isSurrogate() ? unit : QLatin1Char(' ');
     }
     name = name.simplified();
-    while (name.startsWith(QLatin1Char('.'))) // would be hidden, or a folder
+    while (name.startsWith(QLatin1Char('.'))) // a hidden file, or a folder
         name.remove(0, 1);
     name.truncate(maxNameLength);
     if (!name.isEmpty() && name.back().isHighSurrogate()) name.chop(1);
@@ -50,7 +50,7 @@ QStringList PrintArguments(const QPrinter& printer) {
     };
     add(QStringLiteral("document-format"), QStringLiteral("application/pdf"));
     add(QStringLiteral("media"), printer.pageLayout().pageSize().key());
-    add(QStringLiteral("sides"), Sides(printer));
+    add(QStringLiteral("sides"), SidesName(printer));
     add(QStringLiteral("collate"),
         printer.collateCopies() ? QStringLiteral("true") : QStringLiteral("false"));
     if (printer.colorMode() == QPrinter::GrayScale)

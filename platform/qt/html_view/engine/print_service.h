@@ -6,10 +6,10 @@
 
 class QPrinter;
 
-// A title as the name of a document: the dialog makes the name of a file of it. "" for none.
+// A document name for a title; the print dialog proposes it as file name. "" for none.
 QString DocumentName(const QString& title);
 
-// The program that hands a PDF from its standard input to the print service.
+// Sends a PDF from its standard input to the print service.
 constexpr char printProgram[] = "lp";
-// Its arguments for what was chosen in the print dialog, pages left out: those are in the PDF.
+// For the settings of the print dialog. Page ranges are left out: the PDF has only those pages.
 QStringList PrintArguments(const QPrinter&);

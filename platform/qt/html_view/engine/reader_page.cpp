@@ -16,20 +16,20 @@ ReaderPage::ReaderPage(QWebEngineProfile* profile, const FolderGuard& guard)
 }
 
 void ReaderPage::Load(const QUrl& book) {
-    due_ = book;
+    pendingLoad_ = book;
     load(book);
 }
 
-// Not before: with a print under way the engine does not survive that a process ends first.
-void ReaderPage::TakeProcessAlong() {
+// Not earlier: while a PDF is being rendered, the engine does not survive the death of a renderer.
+void ReaderPage::KillProcessWhenDestroyed() {
     const auto process = static_cast<pid_t>(renderProcessPid());
     if (process > 0) connect(this, &QObject::destroyed, [process] { kill(process, SIGKILL); });
 }
 
 bool ReaderPage::acceptNavigationRequest(const QUrl& address, NavigationType type,
                                          bool isMainFrame) {
-    if (isMainFrame && !due_.isEmpty() && address == due_) {
-        due_.clear();
+    if (isMainFrame && !pendingLoad_.isEmpty() && address == pendingLoad_) {
+        pendingLoad_.clear();
         return true;
     }
     if (type == NavigationTypeLinkClicked) {
@@ -37,6 +37,6 @@ bool ReaderPage::acceptNavigationRequest(const QUrl& address, NavigationType typ
         return false;
     }
     const bool loadsFrame = !isMainFrame && type == NavigationTypeOther;
-    const bool isInline = address.scheme() == QLatin1String("about"); // blank, or in its attribute
+    const bool isInline = address.scheme() == QLatin1String("about"); // about:blank or about:srcdoc
     return loadsFrame && (isInline || guard_.Allows(address));
 }

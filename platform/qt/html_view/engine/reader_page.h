@@ -1,4 +1,4 @@
-// One load of a book in the engine: goes nowhere, opens nothing, and tells of links followed.
+// One load of a book: rejects navigation and dialogs, and reports links that the user follows.
 #pragma once
 
 #include <QUrl>
@@ -13,9 +13,9 @@ class ReaderPage : public QWebEnginePage {
     ReaderPage(QWebEngineProfile*, const FolderGuard&);
 
     void Load(const QUrl& book);
-    // What shows the page ends when the page is deleted. Left to itself a process that hangs would
-    // outlive the page, and the program.
-    void TakeProcessAlong();
+    // Kills the renderer process when the page is deleted: a hung one would outlive the page and
+    // the program.
+    void KillProcessWhenDestroyed();
 
     std::function<void(const QUrl&)> onLink; // out of the page, by the user
 
@@ -34,5 +34,5 @@ class ReaderPage : public QWebEnginePage {
 
   private:
     const FolderGuard& guard_;
-    QUrl due_; // the load of our own that has not begun
+    QUrl pendingLoad_; // the load that Load() has started and that is to be accepted
 };

@@ -1,5 +1,6 @@
 #include "platform/qt/text_view/accessibility/accessible_attributes.h"
 
+#include "platform/qt/qt_color.h"
 #include "platform/qt/text_view/accessibility/accessible_units.h"
 #include "platform/qt/text_view/layout/paragraph_shape.h"
 #include "platform/qt/text_view/layout/style_runs.h"
@@ -12,7 +13,7 @@ void Add(QString& all, const char* name, const QString& value) {
     all += QLatin1String(name) + u':' + value + u';';
 }
 
-// A file gives any name; Qt takes the notation apart without looking for escapes.
+// Font names may contain anything, and Qt splits the string without an escape syntax.
 QString WithoutSeparators(QString name) {
     for (QChar& unit : name)
         if (unit == u':' || unit == u';' || unit == u',' || unit == u'=') unit = u' ';
@@ -37,10 +38,11 @@ void AddColors(QString& all, const LayoutContext& context, const QTextCharFormat
                const QPalette& palette) {
     const QBrush text = format.foreground(), back = format.background();
     Add(all, "color",
-        ColorText(text.style() == Qt::NoBrush ? PlainTextColor(context.look, palette)
+        ColorText(text.style() == Qt::NoBrush ? PlainTextColor(context.viewStyle, palette)
                                               : text.color()));
     Add(all, "background-color",
-        ColorText(back.style() == Qt::NoBrush ? ToQColor(context.look.backColor) : back.color()));
+        ColorText(back.style() == Qt::NoBrush ? ToQColor(context.viewStyle.backColor)
+                                              : back.color()));
 }
 
 QString AlignmentName(Alignment alignment) {
@@ -61,8 +63,8 @@ QString PositionName(QTextCharFormat::VerticalAlignment alignment) {
     }
 }
 
-// The character that ends a paragraph, where its style holds; the end of a text without a last
-// break.
+// Paragraph styles apply at the character that ends the paragraph; a text without a final break
+// ends at its length.
 TextPos EndOf(const LayoutContext& context, TextSpan paragraph) {
     const TextSource& text = *context.text;
     const TextPos last = paragraph.end - 1;
@@ -76,12 +78,12 @@ void AddParagraph(QString& all, const LayoutContext& context, TextSpan paragraph
     ParagraphPart part;
     part.start = paragraph.start;
     part.end = EndOf(context, paragraph);
-    const ParagraphShape shape = ShapeOf(context, part, ToldText(context, paragraph));
+    const ParagraphShape shape = ShapeOf(context, part, AccessibleTextOf(context, paragraph));
     Add(all, "text-align", AlignmentName(shape.alignment));
     Add(all, "writing-mode", shape.rightToLeft ? QStringLiteral("rl") : QStringLiteral("lr"));
 }
 
-// The run of one character style.
+// The run of a character style.
 TextSpan StyleSpan(const Document& document, TextPos position) {
     const auto& runs = document.charRuns;
     const std::size_t run = RunAt(runs, position);
@@ -90,20 +92,20 @@ TextSpan StyleSpan(const Document& document, TextPos position) {
 }
 } // namespace
 
-ToldAttributes AttributesAt(TextLayouts& layouts, TextPos position, const QPalette& palette) {
+AccessibleAttributes AttributesAt(TextLayouts& layouts, TextPos position, const QPalette& palette) {
     const LayoutContext& context = layouts.Context();
     const TextSpan paragraph = UnitAt(layouts, position, TextUnit::Paragraph);
-    ToldAttributes told{paragraph, {}};
+    AccessibleAttributes attributes{paragraph, {}};
     QTextCharFormat format;
-    format.setFont(MakeFont(context.look.font));
+    format.setFont(MakeFont(context.viewStyle.font));
     if (!context.plain) {
         const TextSpan run = StyleSpan(context.document, position);
-        told.span = {std::max(paragraph.start, run.start), std::min(paragraph.end, run.end)};
+        attributes.span = {std::max(paragraph.start, run.start), std::min(paragraph.end, run.end)};
         format = context.formats.FormatAt(position);
     }
-    AddFont(told.text, format.font());
-    AddColors(told.text, context, format, palette);
-    Add(told.text, "text-position", PositionName(format.verticalAlignment()));
-    AddParagraph(told.text, context, paragraph);
-    return told;
+    AddFont(attributes.text, format.font());
+    AddColors(attributes.text, context, format, palette);
+    Add(attributes.text, "text-position", PositionName(format.verticalAlignment()));
+    AddParagraph(attributes.text, context, paragraph);
+    return attributes;
 }

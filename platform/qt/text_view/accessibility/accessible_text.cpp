@@ -8,9 +8,9 @@
 #include <algorithm>
 
 namespace {
-// Is asked for every object of the program. Those of the browser engine have no type information
-// that could be asked in turn.
-QAccessibleInterface* Make(const QString&, QObject* object) {
+// Called for every object. The metaObject() of the browser engine's objects is compared only,
+// because they lack the type information for a cast.
+QAccessibleInterface* CreateInterface(const QString&, QObject* object) {
     if (object->metaObject() != &QAbstractScrollArea::staticMetaObject) return nullptr;
     auto* view = dynamic_cast<TextWidget*>(object);
     return view ? new AccessibleText(*view) : nullptr;
@@ -26,8 +26,8 @@ TextUnit UnitOf(QAccessible::TextBoundaryType boundary) {
     }
 }
 
-// Before a character that takes two units, not between them.
-TextPos BeforeCharacter(const TextSource& text, TextPos position) {
+// The start of the character, if the position is between two surrogates.
+TextPos CharacterStart(const TextSource& text, TextPos position) {
     const bool inside = position > 0 && position < text.Length() &&
                         QChar::isLowSurrogate(text.UnitAt(position)) &&
                         QChar::isHighSurrogate(text.UnitAt(position - 1));
@@ -38,14 +38,14 @@ TextPos BeforeCharacter(const TextSource& text, TextPos position) {
 AccessibleText::AccessibleText(TextWidget& view) : QAccessibleWidget(&view) {}
 
 void AccessibleText::Install() {
-    QAccessible::installFactory(Make);
+    QAccessible::installFactory(CreateInterface);
 }
 
 TextWidget& AccessibleText::View() const {
     return *static_cast<TextWidget*>(widget());
 }
 
-// A text that takes no keyboard is a message, which a screen reader says when its dialog opens.
+// A view without a focus policy shows a message, which screen readers read when the dialog opens.
 QAccessible::Role AccessibleText::role() const {
     return View().focusPolicy() == Qt::NoFocus ? QAccessible::StaticText : QAccessible::Document;
 }
@@ -82,8 +82,8 @@ int AccessibleText::childCount() const {
 
 QAccessibleInterface* AccessibleText::child(int index) const {
     const auto bars = ScrollBars();
-    const bool known = index >= 0 && index < std::ssize(bars);
-    return known ? QAccessible::queryAccessibleInterface(bars[std::size_t(index)]) : nullptr;
+    const bool exists = index >= 0 && index < std::ssize(bars);
+    return exists ? QAccessible::queryAccessibleInterface(bars[std::size_t(index)]) : nullptr;
 }
 
 int AccessibleText::indexOfChild(const QAccessibleInterface* child) const {
@@ -93,9 +93,9 @@ int AccessibleText::indexOfChild(const QAccessibleInterface* child) const {
 }
 
 void AccessibleText::selection(int index, int* start, int* end) const {
-    const bool known = index == 0 && selectionCount() == 1;
-    *start = known ? View().SelStart() : 0;
-    *end = known ? View().SelEnd() : 0;
+    const bool exists = index == 0 && selectionCount() == 1;
+    *start = exists ? View().SelStart() : 0;
+    *end = exists ? View().SelEnd() : 0;
 }
 
 int AccessibleText::selectionCount() const {
@@ -112,7 +112,7 @@ void AccessibleText::removeSelection(int index) {
 
 void AccessibleText::setSelection(int index, int start, int end) {
     if (index != 0) return;
-    View().Select(PlaceInText(start), PlaceInText(end));
+    View().Select(ClampedPosition(start), ClampedPosition(end));
     View().Reveal(View().Caret());
 }
 
@@ -121,92 +121,95 @@ int AccessibleText::cursorPosition() const {
 }
 
 void AccessibleText::setCursorPosition(int offset) {
-    const TextPos place = PlaceInText(offset);
-    View().Select(place, place);
-    View().Reveal(place);
+    const TextPos position = ClampedPosition(offset);
+    View().Select(position, position);
+    View().Reveal(position);
 }
 
 int AccessibleText::characterCount() const {
     return View().Source().Length();
 }
 
-std::optional<TextPos> AccessibleText::Place(int offset) const {
+std::optional<TextPos> AccessibleText::PositionOf(int offset) const {
     if (offset == -1) return characterCount();
     if (offset == -2) return cursorPosition();
     if (offset < 0 || offset > characterCount()) return std::nullopt;
     return offset;
 }
 
-TextPos AccessibleText::PlaceInText(int offset) const {
-    const TextPos nearest = offset < 0 ? 0 : characterCount();
-    return BeforeCharacter(View().Source(), Place(offset).value_or(nearest));
+TextPos AccessibleText::ClampedPosition(int offset) const {
+    const TextPos limit = offset < 0 ? 0 : characterCount();
+    return CharacterStart(View().Source(), PositionOf(offset).value_or(limit));
 }
 
 QString AccessibleText::text(int start, int end) const {
-    const TextPos nearestStart = start < 0 ? 0 : characterCount();
-    const TextPos nearestEnd = end < 0 ? 0 : characterCount();
-    const auto [from, to] = std::minmax({Place(start).value_or(nearestStart), //
-                                         Place(end).value_or(nearestEnd)});
-    if (to - from <= maxAnswerLength) return ToldText(View().Layouts().Context(), {from, to});
-    const TextPos cut = BeforeCharacter(View().Source(), from + maxAnswerLength);
-    return ToldText(View().Layouts().Context(), {from, cut});
+    const TextPos startLimit = start < 0 ? 0 : characterCount();
+    const TextPos endLimit = end < 0 ? 0 : characterCount();
+    const auto [from, to] = std::minmax({PositionOf(start).value_or(startLimit), //
+                                         PositionOf(end).value_or(endLimit)});
+    if (to - from <= maxAnswerLength)
+        return AccessibleTextOf(View().Layouts().Context(), {from, to});
+    const TextPos cut = CharacterStart(View().Source(), from + maxAnswerLength);
+    return AccessibleTextOf(View().Layouts().Context(), {from, cut});
 }
 
-TextSpan AccessibleText::StretchAt(TextPos position, QAccessible::TextBoundaryType type) const {
+TextSpan AccessibleText::SpanAt(TextPos position, QAccessible::TextBoundaryType type) const {
     if (type != QAccessible::NoBoundary) return UnitAt(View().Layouts(), position, UnitOf(type));
     const TextSource& text = View().Source();
     const TextPos start = position / maxAnswerLength * maxAnswerLength;
     const TextPos end = std::min(text.Length() - start, maxAnswerLength) + start;
-    return {BeforeCharacter(text, start), BeforeCharacter(text, end)};
+    return {CharacterStart(text, start), CharacterStart(text, end)};
 }
 
-QString AccessibleText::Tell(std::optional<TextSpan> stretch, int* start, int* end) const {
-    *start = stretch ? stretch->start : -1;
-    *end = stretch ? stretch->end : -1;
-    return stretch ? ToldText(View().Layouts().Context(), *stretch) : QString();
+QString AccessibleText::SpanText(std::optional<TextSpan> span, int* start, int* end) const {
+    *start = span ? span->start : -1;
+    *end = span ? span->end : -1;
+    return span ? AccessibleTextOf(View().Layouts().Context(), *span) : QString();
 }
 
 QString AccessibleText::textBeforeOffset(int offset, QAccessible::TextBoundaryType type, int* start,
                                          int* end) const {
-    const auto place = Place(offset);
-    const TextPos behind = place ? StretchAt(*place, type).start : 0;
-    return Tell(behind > 0 ? std::optional(StretchAt(behind - 1, type)) : std::nullopt, start, end);
+    const auto position = PositionOf(offset);
+    const TextPos before = position ? SpanAt(*position, type).start : 0;
+    return SpanText(before > 0 ? std::optional(SpanAt(before - 1, type)) : std::nullopt, start,
+                    end);
 }
 
 QString AccessibleText::textAfterOffset(int offset, QAccessible::TextBoundaryType type, int* start,
                                         int* end) const {
-    const auto place = Place(offset);
-    const TextPos next = place ? StretchAt(*place, type).end : characterCount();
+    const auto position = PositionOf(offset);
+    const TextPos next = position ? SpanAt(*position, type).end : characterCount();
     const bool more = next < characterCount();
-    return Tell(more ? std::optional(StretchAt(next, type)) : std::nullopt, start, end);
+    return SpanText(more ? std::optional(SpanAt(next, type)) : std::nullopt, start, end);
 }
 
 QString AccessibleText::textAtOffset(int offset, QAccessible::TextBoundaryType type, int* start,
                                      int* end) const {
-    const auto place = Place(offset);
-    return Tell(place ? std::optional(StretchAt(*place, type)) : std::nullopt, start, end);
+    const auto position = PositionOf(offset);
+    return SpanText(position ? std::optional(SpanAt(*position, type)) : std::nullopt, start, end);
 }
 
 QString AccessibleText::attributes(int offset, int* start, int* end) const {
-    const auto place = Place(offset);
+    const auto position = PositionOf(offset);
     *start = *end = -1;
-    if (!place) return {};
+    if (!position) return {};
     const TextPos last = std::max(0, characterCount() - 1);
-    const auto told = AttributesAt(View().Layouts(), std::min(*place, last), View().palette());
-    *start = told.span.start;
-    *end = told.span.end;
-    return told.text;
+    const auto attributes =
+        AttributesAt(View().Layouts(), std::min(*position, last), View().palette());
+    *start = attributes.span.start;
+    *end = attributes.span.end;
+    return attributes.text;
 }
 
 void AccessibleText::scrollToSubstring(int start, int end) {
-    View().Reveal(PlaceInText(end));
-    View().Reveal(PlaceInText(start));
+    View().Reveal(ClampedPosition(end));
+    View().Reveal(ClampedPosition(start));
 }
 
 QRect AccessibleText::characterRect(int offset) const {
-    const auto place = Place(offset);
-    if (!place) return {};
-    const QRect box = View().CharacterRect(*place);
+    const auto position = PositionOf(offset);
+    if (!position) return {};
+    const QRect box = View().CharacterRect(*position);
     return box.isNull() ? box : QRect(View().viewport()->mapToGlobal(box.topLeft()), box.size());
 }
 

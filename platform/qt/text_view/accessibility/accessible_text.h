@@ -1,4 +1,4 @@
-// What assistive technology is told of a text widget when it asks.
+// The accessible interface of the text widget.
 #pragma once
 
 #include "platform/qt/text_view/accessibility/accessible_units.h"
@@ -9,29 +9,28 @@
 
 class TextWidget;
 
-// Offsets count UTF-16 units, as everywhere in Qt; -1 stands for the text's length and -2 for the
-// caret. No call takes longer for a long text than for a short one, so that a book of a gigabyte
-// can be read too: for this a call returns at most `maxAnswerLength` units, and the stretches are
-// those of `UnitAt`.
+// Offsets are UTF-16 units as everywhere in Qt; -1 is the text's length and -2 the caret. The cost
+// of a call does not depend on the length of the text, so that a book of a gigabyte can be read: a
+// call returns at most `maxAnswerLength` units, and boundaries are those of `UnitAt`.
 class AccessibleText final : public QAccessibleWidget, public QAccessibleTextInterface {
   public:
     static constexpr TextPos maxAnswerLength = 256 * 1024;
 
     explicit AccessibleText(TextWidget& view);
 
-    // Makes Qt ask for one wherever a text widget is met; costs nothing until somebody does.
+    // Installs the factory for text widgets.
     static void Install();
 
     QAccessible::Role role() const override;
     QAccessible::State state() const override;
     QString text(QAccessible::Text kind) const override;
     void* interface_cast(QAccessible::InterfaceType type) override;
-    // The scroll bars that are seen. What scrolls is this object itself.
+    // The visible scroll bars. The viewport is this object itself.
     int childCount() const override;
     QAccessibleInterface* child(int index) const override;
     int indexOfChild(const QAccessibleInterface* child) const override;
 
-    // One selection, from the anchor to the caret.
+    // A single selection, from the anchor to the caret.
     void selection(int index, int* start, int* end) const override;
     int selectionCount() const override;
     void addSelection(int start, int end) override;
@@ -41,8 +40,8 @@ class AccessibleText final : public QAccessibleWidget, public QAccessibleTextInt
     void setCursorPosition(int offset) override;
 
     int characterCount() const override;
-    QString text(int start, int end) const override; // cut off at what one call returns
-    // For a place outside the text, and where there is no such stretch: "" and -1 twice.
+    QString text(int start, int end) const override; // truncated to maxAnswerLength
+    // "" and -1 twice for an offset outside the text, and where there is no such unit.
     QString textBeforeOffset(int offset, QAccessible::TextBoundaryType, int* start,
                              int* end) const override;
     QString textAfterOffset(int offset, QAccessible::TextBoundaryType, int* start,
@@ -52,16 +51,17 @@ class AccessibleText final : public QAccessibleWidget, public QAccessibleTextInt
     QString attributes(int offset, int* start, int* end) const override;
 
     void scrollToSubstring(int start, int end) override;
-    // One that is not in view is told to be above or below it: screen readers find the lines that
-    // are seen by halving the text.
+    // A character out of view is reported above or below the view: screen readers find the visible
+    // lines by a binary search.
     QRect characterRect(int offset) const override;
-    int offsetAtPoint(const QPoint& point) const override; // the nearest one; -1 outside the view
+    int
+    offsetAtPoint(const QPoint& point) const override; // the nearest character; -1 outside the view
 
   private:
     TextWidget& View() const;
     std::vector<QWidget*> ScrollBars() const;
-    std::optional<TextPos> Place(int offset) const;
-    TextPos PlaceInText(int offset) const;
-    TextSpan StretchAt(TextPos position, QAccessible::TextBoundaryType) const;
-    QString Tell(std::optional<TextSpan> stretch, int* start, int* end) const;
+    std::optional<TextPos> PositionOf(int offset) const;
+    TextPos ClampedPosition(int offset) const;
+    TextSpan SpanAt(TextPos position, QAccessible::TextBoundaryType) const;
+    QString SpanText(std::optional<TextSpan> span, int* start, int* end) const;
 };

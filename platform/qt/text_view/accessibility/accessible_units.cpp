@@ -9,25 +9,25 @@ bool EndsCellParagraph(char16_t unit) {
     return unit == u'\n' || unit == u'\a';
 }
 
-// The row's own break goes with its last cell.
+// The row's own break belongs to its last cell.
 TextSpan CellParagraphAt(const TextSource& text, const TableRow& row, TextPos position) {
     const std::u16string units = text.Range(row.start, row.end);
     const auto begin = units.begin(), last = units.end() - 1;
     const auto at = std::min(begin + (position - row.start), last - (units.size() > 1 ? 1 : 0));
     const auto end = std::find_if(at, last, EndsCellParagraph);
     const auto start = std::find_if(std::reverse_iterator(at), units.rend(), EndsCellParagraph);
-    const TextPos behind = TextPos(end - begin) + 1;
+    const TextPos after = TextPos(end - begin) + 1;
     return {row.start + TextPos(start.base() - begin),
-            row.start + behind + (end + 1 == last ? 1 : 0)};
+            row.start + after + (end + 1 == last ? 1 : 0)};
 }
 
 TextSpan ParagraphAt(TextLayouts& layouts, TextPos position) {
     const TextBlock block = BlockAt(layouts.Text(), layouts.Context().document.rows, position);
     if (block.rows.empty()) return {block.start, block.end};
-    const auto behind =
+    const auto after =
         std::upper_bound(block.rows.begin() + 1, block.rows.end(), position,
                          [](TextPos at, const TableRow& row) { return at < row.start; });
-    return CellParagraphAt(layouts.Text(), *(behind - 1), position);
+    return CellParagraphAt(layouts.Text(), *(after - 1), position);
 }
 
 TextSpan LineAt(TextLayouts& layouts, TextPos position) {
@@ -41,8 +41,8 @@ TextSpan LineAt(TextLayouts& layouts, TextPos position) {
     return {start, next < paragraphs.size() ? paragraphs[next].start : layout->block.end};
 }
 
-// The blanks behind a word go with it.
-bool BeginsUnit(const QString& text, qsizetype boundary, TextUnit unit) {
+// Spaces belong to the preceding word.
+bool StartsUnit(const QString& text, qsizetype boundary, TextUnit unit) {
     return unit != TextUnit::Word || !text[boundary].isSpace();
 }
 
@@ -58,11 +58,11 @@ TextSpan UnitWithin(const QString& text, TextPos at, TextUnit unit) {
     QTextBoundaryFinder finder(BoundaryOf(unit), text);
     finder.setPosition(at);
     qsizetype start = finder.isAtBoundary() ? at : finder.toPreviousBoundary();
-    while (start > 0 && !BeginsUnit(text, start, unit))
+    while (start > 0 && !StartsUnit(text, start, unit))
         start = finder.toPreviousBoundary();
     finder.setPosition(at);
     qsizetype end = finder.toNextBoundary();
-    while (end >= 0 && end < text.size() && !BeginsUnit(text, end, unit))
+    while (end >= 0 && end < text.size() && !StartsUnit(text, end, unit))
         end = finder.toNextBoundary();
     return {TextPos(std::max<qsizetype>(start, 0)), TextPos(end < 0 ? text.size() : end)};
 }
@@ -75,17 +75,17 @@ TextSpan UnitAt(TextLayouts& layouts, TextPos position, TextUnit unit) {
     const TextSpan paragraph = ParagraphAt(layouts, position);
     if (unit == TextUnit::Paragraph || paragraph.start == paragraph.end) return paragraph;
     const TextPos at = std::min(position, paragraph.end - 1) - paragraph.start;
-    const TextSpan within = UnitWithin(ToldText(layouts.Context(), paragraph), at, unit);
+    const TextSpan within = UnitWithin(AccessibleTextOf(layouts.Context(), paragraph), at, unit);
     return {paragraph.start + within.start, paragraph.start + within.end};
 }
 
-QString ToldText(const LayoutContext& context, TextSpan span) {
+QString AccessibleTextOf(const LayoutContext& context, TextSpan span) {
     const std::u16string units = context.text->Range(span.start, span.end);
-    QString text = QStringView(units).toString(); // fromStdU16String takes byte order marks away
+    QString text = QStringView(units).toString(); // fromStdU16String() drops byte order marks
     for (QChar& unit : text) {
         if (unit == u'\v') unit = u'\n';
         if (unit == u'\a' && !context.plain) unit = u'\t';
-        if (unit == u'\0') unit = QChar::ReplacementCharacter; // would end a message
+        if (unit == u'\0') unit = QChar::ReplacementCharacter; // would terminate a D-Bus string
     }
     return text;
 }

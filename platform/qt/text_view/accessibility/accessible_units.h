@@ -1,4 +1,4 @@
-// The stretches of a text that a screen reader asks for: what is said between two keys.
+// Text units for screen readers.
 #pragma once
 
 #include "platform/qt/text_view/caret_moves.h"
@@ -7,13 +7,11 @@
 
 enum class TextUnit { Character, Word, Sentence, Line, Paragraph };
 
-// Those of one kind tile the text: each goes up to where the next one begins, so a word has the
-// blanks behind it and a paragraph its break. Lines are those of the screen. A cell of a table has
-// paragraphs of its own, and an over-long paragraph is told in the pieces that it is laid out in.
-// At the text's end it is the last stretch, but an empty one behind a last break; of characters it
-// is always the empty one.
+// Units of one kind tile the text: each ends where the next one starts, so a word includes the
+// spaces behind it and a paragraph its break. Lines are those on the screen. Table cells have
+// paragraphs of their own, and an over-long paragraph is split as it is laid out. At the text's end
+// it is the last unit, or an empty one behind a final break; for characters always an empty one.
 TextSpan UnitAt(TextLayouts& layouts, TextPos position, TextUnit unit);
 
-// As many units as the text has there, with what stands for a break or for the end of a cell as a
-// listener knows it: a line feed, a tab.
-QString ToldText(const LayoutContext& context, TextSpan span);
+// As many units as the text has there. Line breaks become line feeds and ends of cells tabs.
+QString AccessibleTextOf(const LayoutContext& context, TextSpan span);

@@ -1,7 +1,6 @@
 #include "platform/qt/text_view/layout/block_layout.h"
 
 #include "platform/qt/text_view/layout/line_positions.h"
-#include "platform/qt/text_view/layout/row_layout.h"
 
 #include <algorithm>
 #include <cmath>
@@ -45,10 +44,10 @@ int Distance(int at, int from, int to) {
     return at < from ? from - at : at >= to ? at - to + 1 : 0;
 }
 
-// The paragraph nearest to a point: first by row and column, then by height.
+// By row and column first, then by height.
 std::size_t NearestParagraph(const BlockLayout& layout, QPoint point) {
     std::size_t nearest = 0;
-    auto least = std::tuple(std::numeric_limits<int>::max(), 0, 0);
+    auto minDistance = std::tuple(std::numeric_limits<int>::max(), 0, 0);
     for (std::size_t i = 0; i < layout.paragraphs.size(); ++i) {
         const ParagraphLayout& paragraph = layout.paragraphs[i];
         std::tuple distance(
@@ -61,8 +60,8 @@ std::size_t NearestParagraph(const BlockLayout& layout, QPoint point) {
             std::get<0>(distance) = Distance(point.y(), box.top(), box.top() + box.height());
             std::get<1>(distance) = Distance(point.x(), box.left(), box.left() + box.width());
         }
-        if (distance < least) {
-            least = distance;
+        if (distance < minDistance) {
+            minDistance = distance;
             nearest = i;
         }
     }
@@ -88,11 +87,11 @@ Place PlaceOf(const BlockLayout& layout, TextPos position) {
     return {paragraph, at, paragraph.text->lineAt(ref.line)};
 }
 
-// Not where the caret stands beside the character: between two directions that may be elsewhere.
+// From the glyphs, because between directions the caret may be elsewhere.
 std::pair<double, double> EdgesOf(const Place& place) {
     if (const auto drawn = GlyphsAt(*place.paragraph.text, place.line, place.at))
         return {drawn->left, drawn->right};
-    // A tab or a break.
+    // A tab or a break has no glyphs.
     return std::minmax(
         {place.line.cursorToX(place.at), place.line.cursorToX(place.at, QTextLine::Trailing)});
 }
@@ -153,14 +152,14 @@ LineRef LineAtHeight(const BlockLayout& layout, int y) {
     return lowest;
 }
 
-TextPos PositionAt(const BlockLayout& layout, QPoint point, PointMeans means) {
+TextPos PositionAt(const BlockLayout& layout, QPoint point, HitTest means) {
     const std::size_t index = NearestParagraph(layout, point);
     const ParagraphLayout& paragraph = layout.paragraphs[index];
     const LineRef line{index, LineIndexAt(paragraph, point.y() - paragraph.origin.y())};
     return PositionInLine(layout, line, point.x(), means);
 }
 
-TextPos PositionInLine(const BlockLayout& layout, LineRef ref, int x, PointMeans means) {
+TextPos PositionInLine(const BlockLayout& layout, LineRef ref, int x, HitTest means) {
     const ParagraphLayout& paragraph = ParagraphOf(layout, ref);
     const int inLine = x - paragraph.origin.x();
     return means == QTextLine::CursorOnCharacter ? paragraph.CharacterInLine(ref.line, inLine)

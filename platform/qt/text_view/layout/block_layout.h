@@ -1,4 +1,4 @@
-// A block laid out: one paragraph, or the cells of table rows side by side.
+// A laid-out block: one paragraph, or the cells of table rows.
 #pragma once
 
 #include "platform/qt/text_view/layout/paragraph_layout.h"
@@ -9,16 +9,16 @@
 #include <vector>
 
 struct CellLayout {
-    QRect box; // in the block
+    QRect box; // relative to the block
     const TableCell* cell = nullptr;
-    const TableCell* lowest = nullptr; // of those merged into it; usually itself
-    bool hidden = false;               // merged into the cell above
+    const TableCell* lowest = nullptr; // the last of the merged cells; usually itself
+    bool hidden = false;               // merged with the cell above
 };
 
 struct BlockLayout {
     TextBlock block;
     int height = 0, width = 0;
-    std::vector<CellLayout> cells;           // none but in table rows
+    std::vector<CellLayout> cells;           // of table rows only
     std::vector<ParagraphLayout> paragraphs; // never empty, by ascending start
 };
 
@@ -29,26 +29,28 @@ struct LineRef {
 };
 
 BlockLayout LayOutBlock(const LayoutContext& context, const TextBlock& block);
+BlockLayout LayOutRows(const LayoutContext& context, const TextBlock& block); // of a block of rows
 
-LineRef LineOf(const BlockLayout& layout, TextPos position); // the nearest, for a hidden character
+LineRef LineOf(const BlockLayout& layout,
+               TextPos position); // the nearest one, for a hidden character
 TextPos LineStart(const BlockLayout& layout, LineRef line);
 TextPos LineEnd(const BlockLayout& layout, LineRef line); // without the paragraph break
 
-// The lines of a block tile its height, so that scrolling by lines leaves no part out: the first
-// line of a block or a cell begins at its top. In a table row they overlap where cells are side by
-// side.
+// Lines tile the height of the block, so that scrolling by lines skips nothing: the first line of a
+// block or cell starts at its top. In a table row lines of adjacent cells overlap.
 int LineTop(const BlockLayout& layout, LineRef line);
 int LineBottom(const BlockLayout& layout, LineRef line);
 int CellBottom(const BlockLayout& layout, std::size_t cell);
-LineRef LineAtHeight(const BlockLayout& layout, int y); // the lowest line that begins at or above y
+LineRef LineAtHeight(const BlockLayout& layout, int y); // the lowest line that starts at or above y
 
-// The caret position nearest to a point, or the character there; and where the caret at a position
-// and the character behind it are drawn.
-using PointMeans = QTextLine::CursorPosition;
+// PositionAt returns the nearest caret position, or with CursorOnCharacter the character at the
+// point.
+using HitTest = QTextLine::CursorPosition;
 TextPos PositionAt(const BlockLayout& layout, QPoint point,
-                   PointMeans means = QTextLine::CursorBetweenCharacters);
+                   HitTest means = QTextLine::CursorBetweenCharacters);
 TextPos PositionInLine(const BlockLayout& layout, LineRef line, int x,
-                       PointMeans means = QTextLine::CursorBetweenCharacters);
-int CaretX(const BlockLayout& layout, LineRef line, TextPos position); // of a place in the line
+                       HitTest means = QTextLine::CursorBetweenCharacters);
+int CaretX(const BlockLayout& layout, LineRef line,
+           TextPos position); // the position must be in the line
 QRect CaretBox(const BlockLayout& layout, TextPos position);
 QRect CharacterBox(const BlockLayout& layout, TextPos position);

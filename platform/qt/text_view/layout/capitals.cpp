@@ -3,14 +3,14 @@
 #include "platform/qt/text_view/layout/style_runs.h"
 
 namespace {
-constexpr double smallSize = 0.8; // of the letters around
+constexpr double smallSize = 0.8; // of the surrounding font size
 
-// A letter as large as `unit`, in as many units; itself when it has none.
+// Single-unit uppercase only; `unit` itself if there is none.
 QChar CapitalOf(QChar unit) {
     return QChar(unit.toUpper());
 }
 
-// Where letters of one kind end.
+// The end of the run of units that change, or do not change, in upper case.
 int EndOfSame(const QString& text, int from, int end, bool changes) {
     while (from < end && (CapitalOf(text[from]) != text[from]) == changes)
         ++from;
@@ -30,8 +30,8 @@ bool HasCapital(QChar unit) {
     return CapitalOf(unit) != unit;
 }
 
-void ShowCapitals(const LayoutContext& context, TextPos start, QString& text,
-                  QList<QTextLayout::FormatRange>& formats) {
+void ApplyCapitals(const LayoutContext& context, TextPos start, QString& text,
+                   QList<QTextLayout::FormatRange>& formats) {
     const auto& runs = context.document.charRuns;
     const auto& styles = context.document.charStyles;
     const TextPos textEnd = start + TextPos(text.size());

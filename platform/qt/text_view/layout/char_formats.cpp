@@ -1,5 +1,6 @@
 #include "platform/qt/text_view/layout/char_formats.h"
 
+#include "platform/qt/qt_color.h"
 #include "platform/qt/text_view/layout/style_runs.h"
 
 #include <QGuiApplication>
@@ -8,17 +9,17 @@
 #include <cmath>
 
 namespace {
-constexpr double minFont = 1, maxFont = 1638; // points
+constexpr double minSize = 1, maxSize = 1638; // points
 
-// A colourful book has some tens. For each that is not installed the system looks for another,
-// which takes milliseconds; text in fonts beyond is shown in the document's default.
+// A colourful book has some tens. Each family that is not installed costs milliseconds to
+// substitute; text in further families is shown in the document's default.
 constexpr std::size_t maxFamilies = 100;
 
-// Each family, size and weight is a font of its own to the system, and takes it half a millisecond.
-// What goes beyond is shown in the document's default font, in the nearest of some twenty sizes.
+// Each family, size and weight is a font engine, which costs half a millisecond. Further ones are
+// shown in the document's default family, in the nearest of some twenty sizes.
 constexpr std::size_t maxFonts = 250;
 
-std::uint16_t CoarseSize(std::uint16_t halfPoints) {
+std::uint16_t RoundedSize(std::uint16_t halfPoints) {
     const double steps = std::round(2 * std::log2(std::max<double>(halfPoints, 2)));
     return static_cast<std::uint16_t>(std::lround(std::exp2(steps / 2)));
 }
@@ -28,14 +29,14 @@ QString FontName(const std::u16string& name) {
 }
 
 double FontSize(double points) {
-    return std::clamp(points, minFont, maxFont);
+    return std::clamp(points, minSize, maxSize);
 }
 } // namespace
 
 QFont MakeFont(const ViewFont& font) {
     QFont result(FontName(font.name));
-    const double usual = QGuiApplication::font().pointSizeF();
-    result.setPointSizeF(FontSize(font.size > 0 ? font.size : usual > 0 ? usual : 10));
+    const double standard = QGuiApplication::font().pointSizeF();
+    result.setPointSizeF(FontSize(font.size > 0 ? font.size : standard > 0 ? standard : 10));
     result.setBold(font.bold);
     result.setItalic(font.italic);
     result.setUnderline(font.underline);
@@ -43,23 +44,24 @@ QFont MakeFont(const ViewFont& font) {
     return result;
 }
 
-QColor PlainTextColor(const ViewLook& look, const QPalette& palette) {
-    if (!look.autoColor) return ToQColor(look.textColor);
-    const QColor back = ToQColor(look.backColor), usual = palette.color(QPalette::Text);
-    return Contrast(usual, back) ? usual : ReadableOn(back);
+QColor PlainTextColor(const ViewStyle& viewStyle, const QPalette& palette) {
+    if (!viewStyle.autoColor) return ToQColor(viewStyle.textColor);
+    const QColor back = ToQColor(viewStyle.backColor), standard = palette.color(QPalette::Text);
+    return HasContrast(standard, back) ? standard : LegibleOn(back);
 }
 
-CharFormats::CharFormats(const Document& document, const ViewLook& look, const QPalette& palette)
-    : document_(document), look_(look), palette_(palette) {
+CharFormats::CharFormats(const Document& document, const ViewStyle& viewStyle,
+                         const QPalette& palette)
+    : document_(document), viewStyle_(viewStyle), palette_(palette) {
     Reset();
 }
 
 void CharFormats::Reset() {
     formats_.assign(document_.charStyles.size(), std::nullopt);
-    last_.reset();
+    lastFormat_.reset();
 }
 
-void CharFormats::ForgetFonts() {
+void CharFormats::ClearFonts() {
     fonts_.clear();
     families_.clear();
 }
@@ -85,12 +87,12 @@ const QTextCharFormat& CharFormats::Format(std::uint32_t style) {
     return *format;
 }
 
-// Links alone make a style for each: they share a format where they look the same.
+// Each link has a style of its own, but styles that look the same share a format.
 QTextCharFormat CharFormats::FormatFor(const CharStyle& style) {
-    CharStyle look = style;
-    look.link = std::min<std::uint16_t>(look.link, 1);
-    if (!last_ || last_->first != look) last_ = {look, MakeFormat(look)};
-    return last_->second;
+    CharStyle shared = style;
+    shared.link = std::min<std::uint16_t>(shared.link, 1);
+    if (!lastFormat_ || lastFormat_->first != shared) lastFormat_ = {shared, MakeFormat(shared)};
+    return lastFormat_->second;
 }
 
 QTextCharFormat CharFormats::MakeFormat(const CharStyle& style) {
@@ -107,8 +109,8 @@ QTextCharFormat CharFormats::MakeFormat(const CharStyle& style) {
     return format;
 }
 
-// The style in a font that the text is shown in already, or in another one while there are few.
-CharStyle CharFormats::WithinBounds(CharStyle style) {
+// Limits the number of different fonts.
+CharStyle CharFormats::WithFontLimit(CharStyle style) {
     if (style.font >= document_.fonts.size()) style.font = 0;
     if (families_.size() < maxFamilies) families_.insert(style.font);
     if (!families_.contains(style.font)) style.font = 0;
@@ -116,18 +118,18 @@ CharStyle CharFormats::WithinBounds(CharStyle style) {
     if (fonts_.size() < maxFonts) fonts_.insert(key);
     if (fonts_.contains(key)) return style;
     style.font = 0;
-    style.halfPoints = CoarseSize(style.halfPoints);
+    style.halfPoints = RoundedSize(style.halfPoints);
     return style;
 }
 
 const std::u16string& CharFormats::Family(const CharStyle& style) const {
     const std::u16string& name = document_.fonts[style.font];
-    return name.empty() ? look_.font.name : name;
+    return name.empty() ? viewStyle_.font.name : name;
 }
 
-QFont CharFormats::StyleFont(const CharStyle& given) {
-    if (look_.fontForAll) return MakeFont(look_.font);
-    const CharStyle style = WithinBounds(given);
+QFont CharFormats::StyleFont(const CharStyle& requested) {
+    if (viewStyle_.fontForAll) return MakeFont(viewStyle_.font);
+    const CharStyle style = WithFontLimit(requested);
     QFont font(FontName(Family(style)));
     font.setPointSizeF(FontSize(style.halfPoints / 2.0));
     font.setBold(style.bold);
@@ -137,13 +139,13 @@ QFont CharFormats::StyleFont(const CharStyle& given) {
     return font;
 }
 
-// None: the view's own text colour, which the painter knows.
+// None: the view's text colour, which is the painter's pen.
 std::optional<QColor> CharFormats::Foreground(const CharStyle& style) const {
-    const QColor back = ToQColor(style.autoBackground ? look_.backColor : style.background);
+    const QColor back = ToQColor(style.autoBackground ? viewStyle_.backColor : style.background);
     const QColor link = palette_.color(QPalette::Link);
-    if (look_.autoColor && style.link != 0 && Contrast(link, back)) return link;
-    if (look_.autoColor && !style.autoForeground) return ToQColor(style.foreground);
-    if (style.autoBackground || Contrast(PlainTextColor(look_, palette_), back))
+    if (viewStyle_.autoColor && style.link != 0 && HasContrast(link, back)) return link;
+    if (viewStyle_.autoColor && !style.autoForeground) return ToQColor(style.foreground);
+    if (style.autoBackground || HasContrast(PlainTextColor(viewStyle_, palette_), back))
         return std::nullopt;
-    return ReadableOn(back);
+    return LegibleOn(back);
 }

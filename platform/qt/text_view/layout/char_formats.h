@@ -1,8 +1,8 @@
-// From the document's character styles and the view's look to what a QTextLayout is given.
+// Converts the document's character styles, with the style of the view, to QTextCharFormat.
 #pragma once
 
 #include "formats/document.h"
-#include "platform/qt/text_view/layout/view_style.h"
+#include "platform/shared/view_style.h"
 
 #include <QFont>
 #include <QPalette>
@@ -18,17 +18,17 @@
 
 QFont MakeFont(const ViewFont& font);
 
-// The colour of text that has none of its own.
-QColor PlainTextColor(const ViewLook& look, const QPalette& palette);
+// The colour of text without a colour of its own.
+QColor PlainTextColor(const ViewStyle& viewStyle, const QPalette& palette);
 
 class CharFormats {
   public:
-    // All are observed. `Reset` when one of them has changed.
-    CharFormats(const Document& document, const ViewLook& look, const QPalette& palette);
+    // The arguments must outlive this object. Call `Reset` when one of them has changed.
+    CharFormats(const Document& document, const ViewStyle& viewStyle, const QPalette& palette);
     void Reset();
-    void ForgetFonts(); // which the text so far was shown in
+    void ClearFonts(); // for a new text; see the limits in char_formats.cpp
 
-    // What holds at one character, and the runs between two, which count from `start`.
+    // Ranges are relative to `start`.
     const QTextCharFormat& FormatAt(TextPos position);
     QList<QTextLayout::FormatRange> Ranges(TextPos start, TextPos end);
 
@@ -38,16 +38,16 @@ class CharFormats {
     const QTextCharFormat& Format(std::uint32_t style);
     QTextCharFormat FormatFor(const CharStyle& style);
     QTextCharFormat MakeFormat(const CharStyle& style);
-    CharStyle WithinBounds(CharStyle style);
+    CharStyle WithFontLimit(CharStyle style);
     const std::u16string& Family(const CharStyle& style) const;
     QFont StyleFont(const CharStyle& style);
     std::optional<QColor> Foreground(const CharStyle& style) const;
 
     const Document& document_;
-    const ViewLook& look_;
+    const ViewStyle& viewStyle_;
     const QPalette& palette_;
-    std::vector<std::optional<QTextCharFormat>> formats_;       // by style, made when first needed
-    std::optional<std::pair<CharStyle, QTextCharFormat>> last_; // made
-    std::set<FontKey> fonts_;                                   // of the document, used so far
-    std::set<std::uint16_t> families_;                          // likewise
+    std::vector<std::optional<QTextCharFormat>> formats_; // indexed by style; created on demand
+    std::optional<std::pair<CharStyle, QTextCharFormat>> lastFormat_; // the last one created
+    std::set<FontKey> fonts_;                                         // in use, of the document
+    std::set<std::uint16_t> families_;
 };

@@ -6,7 +6,7 @@
 #include <algorithm>
 
 namespace {
-constexpr TextPos maxWordLength = 512; // units without a place where a line may break
+constexpr TextPos maxWordLength = 512; // units without a line break opportunity
 
 bool IsExtender(char32_t character) {
     if (character >= u' ' && character < 0x7F) return false;
@@ -29,23 +29,23 @@ bool IsLeadingJamo(char32_t character) {
 }
 
 bool JoinsNext(char32_t character) {
-    constexpr unsigned char virama = 9; // a combining class
+    constexpr unsigned char virama = 9; // canonical combining class
     return character == 0x200D || IsLeadingJamo(character) ||
            QChar::combiningClass(character) == virama;
 }
 
-bool IsInNoFont(char32_t character) {
+bool HasNoFont(char32_t character) {
     if (character < 0x300) return false;
     const QChar::Category category = QChar::category(character);
     return category == QChar::Other_PrivateUse || category == QChar::Other_NotAssigned;
 }
 
-// Of the scripts that write blanks between words; others may break anywhere.
+// In scripts that separate words by spaces; others may break anywhere.
 bool IsLetterOfWord(char32_t character) {
     return character > u' ' && character < 0x0900 && character != u'-' && character != 0xAD;
 }
 
-// Reads a stretch and counts what is heavy in it.
+// Counts the costly units of a text.
 class UnitCounter {
   public:
     void Add(char16_t unit) {
@@ -58,22 +58,24 @@ class UnitCounter {
             AddCharacter(unit, 1);
         }
     }
-    TextPos Heavy() const { return heavy_; }
+    TextPos Costly() const { return costly_; }
 
   private:
     void AddCharacter(char32_t character, TextPos units) {
         wordLength_ = IsLetterOfWord(character) ? wordLength_ + units : 0;
-        const bool piledUp = cluster_.Add(character) >= maxClusterLength;
-        const bool rare = units > 1 || IsInNoFont(character); // sought in one font after the other
-        if (piledUp || rare || character == u'\t' || wordLength_ > maxWordLength) heavy_ += units;
+        const bool isDeepInCluster = cluster_.Add(character) >= maxClusterLength;
+        const bool rare =
+            units > 1 || HasNoFont(character); // font fallback tries one font after the other
+        if (isDeepInCluster || rare || character == u'\t' || wordLength_ > maxWordLength)
+            costly_ += units;
     }
 
     ClusterLength cluster_;
-    TextPos wordLength_ = 0, heavy_ = 0;
+    TextPos wordLength_ = 0, costly_ = 0;
     char16_t high_ = 0;
 };
 
-TextPos HeavyInText(const TextSource& text, TextPos start, TextPos end) {
+TextPos CostlyInText(const TextSource& text, TextPos start, TextPos end) {
     UnitCounter counter;
     while (start < end) {
         const TextPiece piece = text.PieceAt(start);
@@ -82,7 +84,7 @@ TextPos HeavyInText(const TextSource& text, TextPos start, TextPos end) {
             counter.Add(piece.units[static_cast<std::size_t>(at - piece.start)]);
         start = to;
     }
-    return counter.Heavy();
+    return counter.Costly();
 }
 
 template <class Items, class Position>
@@ -100,9 +102,9 @@ TextPos CapitalChanges(const TextSource& text, TextPos start, TextPos end) {
     return changes;
 }
 
-// In small capitals each letter that is shown smaller than the one before begins a run, too.
-TextPos HeavyInCapitals(const TextSource& text, const Document& document, TextPos start,
-                        TextPos end) {
+// Each change of size within small capitals starts a new run.
+TextPos CostlyInCapitals(const TextSource& text, const Document& document, TextPos start,
+                         TextPos end) {
     TextPos changes = 0;
     const auto& runs = document.charRuns;
     for (std::size_t i = RunAt(runs, start); i < runs.size() && runs[i].start < end; ++i) {
@@ -123,15 +125,15 @@ int ClusterLength::Add(char32_t character) {
     return before;
 }
 
-TextPos HeavyUnits(const TextSource& text, const Document& document, TextPos start, TextPos end) {
+TextPos CostlyUnits(const TextSource& text, const Document& document, TextPos start, TextPos end) {
     const TextPos runs =
         CountBetween(document.charRuns, start, end, [](const StyleRun& run) { return run.start; });
     const TextPos pictures = CountBetween(document.pictures, start, end,
                                           [](const Picture& picture) { return picture.position; });
-    return runs + pictures + HeavyInText(text, start, end) +
-           HeavyInCapitals(text, document, start, end);
+    return runs + pictures + CostlyInText(text, start, end) +
+           CostlyInCapitals(text, document, start, end);
 }
 
-bool IsDenseBefore(const TextSource& text, const Document& document, TextPos place) {
-    return 4 * HeavyUnits(text, document, place - densePiece, place) >= densePiece;
+bool IsDenseBefore(const TextSource& text, const Document& document, TextPos position) {
+    return 4 * CostlyUnits(text, document, position - densePiece, position) >= densePiece;
 }

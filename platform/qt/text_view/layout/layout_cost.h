@@ -1,7 +1,7 @@
-// How much work a stretch of text is to lay out, told by its heavy units: those that cost many
-// times what a letter of a book does, in time or in memory. A letter of a run of its own, a
-// picture, a tab, a character of two units or of no font, and what piles up on one place (marks,
-// joined characters, characters without a width) or lets a line break nowhere.
+// Estimates the work to lay out a text by counting its costly units, which take many times the time
+// or memory of a letter in a book: a run of one letter, a picture, a tab, a character outside the
+// BMP or in no font, the tail of a long cluster (marks, joiners, zero-width characters), and a word
+// that is too long to break.
 #pragma once
 
 #include "common/text_source.h"
@@ -9,10 +9,10 @@
 
 #include <QChar>
 
-// Counts the units since the last character that stands by itself.
+// Position within the current grapheme cluster.
 class ClusterLength {
   public:
-    // Tells how many units are in front of `character` in its cluster; 0 where it begins one.
+    // Returns the number of units before `character` in its cluster; 0 if it starts one.
     int Add(char32_t character);
 
   private:
@@ -20,13 +20,13 @@ class ClusterLength {
     bool joinsNext_ = false;
 };
 
-// More units of a cluster than this are not shaped together. The longest sequences of emoji have
-// some twenty, and stream-safe text at most 30 marks on a letter.
+// Longer clusters are truncated for shaping. The longest emoji sequences have some twenty units,
+// and stream-safe text has at most 30 marks per letter.
 constexpr int maxClusterLength = 32;
 
-TextPos HeavyUnits(const TextSource& text, const Document& document, TextPos start, TextPos end);
+TextPos CostlyUnits(const TextSource& text, const Document& document, TextPos start, TextPos end);
 
-// Whether so many of the units just before a place are heavy that a paragraph is cut there. Books
-// have runs of a word or two, so theirs are not.
+// Whether so many units before `position` are costly that a paragraph is cut there. Books have runs
+// of a word or two and are not dense.
 constexpr TextPos densePiece = 2 * 1024;
-bool IsDenseBefore(const TextSource& text, const Document& document, TextPos place);
+bool IsDenseBefore(const TextSource& text, const Document& document, TextPos position);

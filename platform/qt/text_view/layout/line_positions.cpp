@@ -8,93 +8,97 @@
 #include <limits>
 
 namespace {
-// Where a paragraph goes to the left the layout tells the places of characters as if the blanks at
-// a line's end were drawn, and as if they were left of the line.
-struct BlanksAtEnd {
+// In a right-to-left paragraph QTextLine reports positions as if trailing spaces were drawn, and to
+// the left of the line.
+struct TrailingSpaces {
     int start = std::numeric_limits<int>::max();
-    double left = 0, width = 0; // as the layout tells
-    bool outside = true;        // left of the text
-    double shift = 0; // of what the layout tells: it takes a tab among them for another width
+    double left = 0, width = 0; // as reported
+    bool isLeftOfText = true;
+    double shift =
+        0; // of reported positions, because a tab among the spaces is measured differently
 };
 
-bool GoesLeft(const QTextLayout& layout) {
+bool IsRightToLeft(const QTextLayout& layout) {
     return layout.textOption().textDirection() == Qt::RightToLeft;
 }
 
-// Whether the layout leaves a character out at the end of a wrapped line, with the marks on it.
-bool IsBlank(QChar unit) {
+// Whether it is collapsed at the end of a wrapped line, including its marks.
+bool IsCollapsibleSpace(QChar unit) {
     return unit.isSpace() && unit.decompositionTag() != QChar::NoBreak &&
            unit != QChar::LineSeparator;
 }
 
-// Of the two places that the layout tells for a line's end one may be in another line.
-double LineEndX(const QTextLayout& layout, const QTextLine& line, double blanksFrom) {
+// Of the two positions reported for a line's end one may be in another line.
+double LineEndX(const QTextLayout& layout, const QTextLine& line, double spacesX) {
     const int lineEnd = line.textStart() + line.textLength();
-    const double told = line.cursorToX(lineEnd);
-    const double behind =
+    const double reported = line.cursorToX(lineEnd);
+    const double after =
         line.cursorToX(layout.previousCursorPosition(lineEnd), QTextLine::Trailing);
-    const double distance = std::abs(behind - blanksFrom);
-    return distance > 0 && distance < std::abs(told - blanksFrom) ? behind : told;
+    const double distance = std::abs(after - spacesX);
+    return distance > 0 && distance < std::abs(reported - spacesX) ? after : reported;
 }
 
-BlanksAtEnd BlanksFrom(const QTextLayout& layout, const QTextLine& line, int from) {
+TrailingSpaces TrailingSpacesFrom(const QTextLayout& layout, const QTextLine& line, int from) {
     if (from == line.textStart() + line.textLength()) return {};
     const double first = line.cursorToX(from), last = LineEndX(layout, line, first);
     if (last == first) return {};
-    const bool outside = last < first;
-    const double shift = outside ? line.naturalTextRect().left() - first : 0;
-    return {from, std::min(first, last), std::abs(last - first), outside, shift};
+    const bool isLeftOfText = last < first;
+    const double shift = isLeftOfText ? line.naturalTextRect().left() - first : 0;
+    return {from, std::min(first, last), std::abs(last - first), isLeftOfText, shift};
 }
 
-BlanksAtEnd BlanksOf(const QTextLayout& layout, const QTextLine& line) {
+TrailingSpaces TrailingSpacesOf(const QTextLayout& layout, const QTextLine& line) {
     const QString text = layout.text();
     const int start = line.textStart(), lineEnd = start + line.textLength();
-    if (!GoesLeft(layout) || lineEnd == text.size()) return {}; // the last line's are part of it
+    if (!IsRightToLeft(layout) || lineEnd == text.size())
+        return {}; // trailing spaces of the last line are part of it
     const int end = TextEnd(layout, line);
-    const int behindTab = start + int(text.sliced(start, lineEnd - start).lastIndexOf(u'\t')) + 1;
-    if (behindTab <= end) return BlanksFrom(layout, line, end);
-    // A tab that the line has room for is part of its text.
-    const BlanksAtEnd behind = BlanksFrom(layout, line, behindTab);
-    const double leftOut = line.naturalTextRect().left() - line.cursorToX(lineEnd);
-    return leftOut < behind.width + 0.5 ? behind : BlanksFrom(layout, line, end);
+    const int afterTab = start + int(text.sliced(start, lineEnd - start).lastIndexOf(u'\t')) + 1;
+    if (afterTab <= end) return TrailingSpacesFrom(layout, line, end);
+    // A tab that fits the line is part of its text.
+    const TrailingSpaces after = TrailingSpacesFrom(layout, line, afterTab);
+    const double omitted = line.naturalTextRect().left() - line.cursorToX(lineEnd);
+    return omitted < after.width + 0.5 ? after : TrailingSpacesFrom(layout, line, end);
 }
 
-double ToldX(const QTextLayout& layout, const QTextLine& line, int at) {
-    const BlanksAtEnd blanks = BlanksOf(layout, line);
-    const bool inBlanks = at > blanks.start;
-    if (inBlanks && !blanks.outside) return blanks.left + blanks.width;
-    const double x = line.cursorToX(at) + blanks.shift;
-    return !inBlanks && !blanks.outside && x <= blanks.left ? x + blanks.width : x;
+double ReportedX(const QTextLayout& layout, const QTextLine& line, int at) {
+    const TrailingSpaces spaces = TrailingSpacesOf(layout, line);
+    const bool inSpaces = at > spaces.start;
+    if (inSpaces && !spaces.isLeftOfText) return spaces.left + spaces.width;
+    const double x = line.cursorToX(at) + spaces.shift;
+    return !inSpaces && !spaces.isLeftOfText && x <= spaces.left ? x + spaces.width : x;
 }
 
-bool SurelyGoes(QChar unit, bool leftwards) {
+bool HasStrongDirection(QChar unit, bool rightToLeft) {
     const QChar::Direction direction = unit.direction();
-    return leftwards ? direction == QChar::DirR || direction == QChar::DirAL
-                     : direction == QChar::DirL && !unit.isSurrogate();
+    return rightToLeft ? direction == QChar::DirR || direction == QChar::DirAL
+                       : direction == QChar::DirL && !unit.isSurrogate();
 }
 
-// Where a paragraph goes to the right, but the word before a line's last blanks to the left: the
-// layout takes these to be left of the word.
-std::optional<double> EndOfLeftwardWord(const QTextLayout& layout, const QTextLine& line, int at) {
+// In a left-to-right paragraph QTextLine reports trailing spaces behind a right-to-left word to the
+// left of it.
+std::optional<double> EndOfRightToLeftWord(const QTextLayout& layout, const QTextLine& line,
+                                           int at) {
     const QString text = layout.text();
-    if (GoesLeft(layout) || at >= text.size() || !IsBlank(text[at])) return std::nullopt;
+    if (IsRightToLeft(layout) || at >= text.size() || !IsCollapsibleSpace(text[at]))
+        return std::nullopt;
     const int end = TextEnd(layout, line);
     const int lineEnd = line.textStart() + line.textLength();
     if (at < end || at >= lineEnd || end <= line.textStart()) return std::nullopt;
     if (text.sliced(end, lineEnd - end).contains(u'\t'))
-        return std::nullopt; // it goes to the right
+        return std::nullopt; // the tab is left-to-right
     const auto last = GlyphsAt(layout, line, layout.previousCursorPosition(end));
-    return last && last->leftwards ? std::optional(last->left) : std::nullopt;
+    return last && last->rightToLeft ? std::optional(last->left) : std::nullopt;
 }
 
-// What is drawn for a character that goes the other way than its paragraph.
+// The glyphs of a character whose direction is opposite to its paragraph's.
 std::optional<GlyphEdges> OppositeGlyphs(const QTextLayout& layout, const QTextLine& line, int at) {
-    const bool leftwards = GoesLeft(layout);
+    const bool rightToLeft = IsRightToLeft(layout);
     const int start = line.textStart();
     if (at < start || at >= start + line.textLength()) return std::nullopt;
-    if (SurelyGoes(layout.text()[at], leftwards)) return std::nullopt;
+    if (HasStrongDirection(layout.text()[at], rightToLeft)) return std::nullopt;
     const auto glyphs = GlyphsAt(layout, line, at);
-    return glyphs && glyphs->leftwards != leftwards ? glyphs : std::nullopt;
+    return glyphs && glyphs->rightToLeft != rightToLeft ? glyphs : std::nullopt;
 }
 } // namespace
 
@@ -107,7 +111,7 @@ std::optional<GlyphEdges> GlyphsAt(const QTextLayout& layout, const QTextLine& l
             edges.left = std::min(edges.left, places[i].x());
             edges.right = std::max(edges.right, places[i].x() + advances[i].x());
         }
-        edges.leftwards = run.isRightToLeft();
+        edges.rightToLeft = run.isRightToLeft();
     }
     return edges.left < edges.right ? std::optional(edges) : std::nullopt;
 }
@@ -118,31 +122,31 @@ int TextEnd(const QTextLayout& layout, const QTextLine& line) {
     int end = lineEnd;
     while (lineEnd < text.size() && end > start) {
         const int before = layout.previousCursorPosition(end);
-        if (!IsBlank(text[before])) break;
+        if (!IsCollapsibleSpace(text[before])) break;
         end = std::max(start, before);
     }
     return end;
 }
 
-double BlanksWidth(const QTextLayout& layout, const QTextLine& line) {
-    return BlanksOf(layout, line).width;
+double TrailingSpacesWidth(const QTextLayout& layout, const QTextLine& line) {
+    return TrailingSpacesOf(layout, line).width;
 }
 
-// Between two directions the layout tells a place beside the neighbour. It looks for that also in
-// the line before, and in a run with ligatures beside the wrong character.
+// Between directions QTextLine reports a position beside the neighbouring character. It may take
+// that from the previous line, or in a run with ligatures from another character.
 double CaretX(const QTextLayout& layout, const QTextLine& line, int at) {
-    if (const auto end = EndOfLeftwardWord(layout, line, at)) return *end;
-    const double x = ToldX(layout, line, at);
+    if (const auto end = EndOfRightToLeftWord(layout, line, at)) return *end;
+    const double x = ReportedX(layout, line, at);
     const auto glyphs = at > 0 ? OppositeGlyphs(layout, line, at) : std::nullopt;
     if (!glyphs) return x;
-    const double edge = glyphs->leftwards ? glyphs->right : glyphs->left;
+    const double edge = glyphs->rightToLeft ? glyphs->right : glyphs->left;
     if (at == line.textStart()) return edge;
     const bool within = OppositeGlyphs(layout, line, layout.previousCursorPosition(at)).has_value();
-    const bool isThere = x > glyphs->left - 0.5 && x < glyphs->right + 0.5;
-    return within && !isThere ? edge : x;
+    const bool isAtGlyph = x > glyphs->left - 0.5 && x < glyphs->right + 0.5;
+    return within && !isAtGlyph ? edge : x;
 }
 
-double AskedX(const QTextLayout& layout, const QTextLine& line, double x) {
-    const BlanksAtEnd blanks = BlanksOf(layout, line);
-    return x < blanks.left + blanks.width + blanks.shift ? x : x + blanks.width;
+double LayoutQueryX(const QTextLayout& layout, const QTextLine& line, double x) {
+    const TrailingSpaces spaces = TrailingSpacesOf(layout, line);
+    return x < spaces.left + spaces.width + spaces.shift ? x : x + spaces.width;
 }

@@ -1,23 +1,23 @@
-// Where the characters of a line are. QTextLine tells it, but not for blanks at a line's end, nor
-// everywhere between two directions. Positions and places are the layout's.
+// Positions of the characters in a line, where QTextLine's are wrong: at trailing spaces, and
+// between text of different directions. All positions are relative to the layout.
 #pragma once
 
 #include <QTextLayout>
 
 #include <optional>
 
-// What is drawn for one character; none for a tab, a break or a blank that is left out.
+// The extent of a character's glyphs; none for a tab, a break or a collapsed space.
 struct GlyphEdges {
     double left = 0, right = 0;
-    bool leftwards = false;
+    bool rightToLeft = false;
 };
 std::optional<GlyphEdges> GlyphsAt(const QTextLayout& layout, const QTextLine& line, int at);
 
-// The blanks at the end of a wrapped line are drawn nowhere. Where they begin, else where the line
-// ends; and the width that they would have in a paragraph that goes to the left, else 0.
+// Trailing spaces of a wrapped line are not drawn. TextEnd is where they start, or the line's end;
+// TrailingSpacesWidth is their width in a right-to-left paragraph, or 0.
 int TextEnd(const QTextLayout& layout, const QTextLine& line);
-double BlanksWidth(const QTextLayout& layout, const QTextLine& line);
+double TrailingSpacesWidth(const QTextLayout& layout, const QTextLine& line);
 
 double CaretX(const QTextLayout& layout, const QTextLine& line, int at);
-// As the line wants to be asked for what is drawn at `x`.
-double AskedX(const QTextLayout& layout, const QTextLine& line, double x);
+// The argument for xToCursor() to find what is drawn at `x`.
+double LayoutQueryX(const QTextLayout& layout, const QTextLine& line, double x);

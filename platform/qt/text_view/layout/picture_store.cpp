@@ -6,8 +6,8 @@
 #include <algorithm>
 
 namespace {
-constexpr qint64 maxPixels = 64 * 1024 * 1024; // a file may declare more than memory can hold
-constexpr int cacheKilobytes = 64 * 1024, cachedSizes = 4096;
+constexpr qint64 maxPixels = 64 * 1024 * 1024; // a file may declare a size that exceeds memory
+constexpr int maxCacheKilobytes = 64 * 1024, maxCachedSizes = 4096;
 
 class PictureReader {
   public:
@@ -33,9 +33,9 @@ class PictureReader {
 } // namespace
 
 PictureStore::PictureStore(const Document& document)
-    : document_(document), pixmaps_(cacheKilobytes), sizes_(cachedSizes) {}
+    : document_(document), pixmaps_(maxCacheKilobytes), sizes_(maxCachedSizes) {}
 
-void PictureStore::Forget() {
+void PictureStore::Clear() {
     pixmaps_.clear();
     sizes_.clear();
 }
@@ -49,15 +49,15 @@ const Picture* PictureStore::At(TextPos position) const {
 }
 
 QSize PictureStore::NaturalSize(const Picture& picture) {
-    if (const QSize* known = sizes_.object(picture.position)) return *known;
+    if (const QSize* cached = sizes_.object(picture.position)) return *cached;
     const QSize size = PictureReader(picture).Size();
     sizes_.insert(picture.position, new QSize(size));
     return size;
 }
 
 QPixmap PictureStore::Pixmap(const Picture& picture, QSize size) {
-    const QPixmap* known = pixmaps_.object(picture.position);
-    if (known && (known->isNull() || known->size() == size)) return *known;
+    const QPixmap* cached = pixmaps_.object(picture.position);
+    if (cached && (cached->isNull() || cached->size() == size)) return *cached;
     QPixmap pixmap;
     const QImage image = PictureReader(picture).Image();
     if (!image.isNull() && !size.isEmpty())

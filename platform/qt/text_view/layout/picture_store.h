@@ -1,4 +1,4 @@
-// The pictures of a document: decoded when first shown, kept while memory allows.
+// The pictures of a document, decoded on demand and cached.
 #pragma once
 
 #include "formats/document.h"
@@ -9,18 +9,18 @@
 
 class PictureStore {
   public:
-    explicit PictureStore(const Document& document); // observed
-    void Forget();                                   // the document has changed
+    explicit PictureStore(const Document& document); // must outlive this object
+    void Clear();                                    // when the document has changed
 
-    // The picture whose character is at `position`, or null.
+    // The picture at a character position, or null.
     const Picture* At(TextPos position) const;
-    // In pixels of the file, read from its first bytes; empty when they cannot be read.
+    // In pixels of the file, from its header; empty if it cannot be read.
     QSize NaturalSize(const Picture& picture);
-    // Scaled to `size`; null when it cannot be decoded.
+    // Scaled to `size`; null if it cannot be decoded.
     QPixmap Pixmap(const Picture& picture, QSize size);
 
   private:
     const Document& document_;
-    QCache<TextPos, QPixmap> pixmaps_; // a null pixmap: was tried and cannot be decoded
+    QCache<TextPos, QPixmap> pixmaps_; // a null pixmap marks one that cannot be decoded
     QCache<TextPos, QSize> sizes_;
 };

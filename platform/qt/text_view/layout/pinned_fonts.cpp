@@ -3,22 +3,22 @@
 #include <QFontMetricsF>
 #include <QSet>
 
-std::vector<QFont> HeldFonts(const QFont& layoutFont,
-                             const QList<QTextLayout::FormatRange>& formats) {
+std::vector<QFont> PinFonts(const QFont& layoutFont,
+                            const QList<QTextLayout::FormatRange>& formats) {
     std::vector<QFont> fonts;
-    QSet<QFont> held;
-    const auto hold = [&](const QFont& font) {
-        if (held.contains(font)) return;
-        held.insert(font);
+    QSet<QFont> known;
+    const auto pin = [&](const QFont& font) {
+        if (known.contains(font)) return;
+        known.insert(font);
         fonts.push_back(font);
-        QFontMetricsF(font).ascent(); // loads it into what the copies share
+        QFontMetricsF(font).ascent(); // loads the engine, which copies of the font share
     };
     for (const QTextLayout::FormatRange& range : formats) {
         QFont font = range.format.font().resolve(layoutFont);
-        hold(font);
+        pin(font);
         if (range.format.verticalAlignment() == QTextCharFormat::AlignNormal) continue;
-        font.setPointSize(font.pointSize() * 2 / 3); // as the layout does
-        hold(font);
+        font.setPointSize(font.pointSize() * 2 / 3); // as QTextLayout does for sub- and superscript
+        pin(font);
     }
     return fonts;
 }

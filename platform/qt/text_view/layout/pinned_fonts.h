@@ -1,5 +1,5 @@
-// Qt 6.4 drops fonts that nobody has when there are some hundreds of them, even one that a layout
-// uses while it breaks a line. So whoever lays out text has its fonts for as long as the layout.
+// When some hundreds of fonts are cached, Qt 6.4 deletes those without a reference, even one that a
+// layout uses while it breaks a line. So a layout keeps copies of its fonts.
 #pragma once
 
 #include <QFont>
@@ -7,6 +7,6 @@
 
 #include <vector>
 
-// The fonts of the formats in a layout of that font, loaded.
-std::vector<QFont> HeldFonts(const QFont& layoutFont,
-                             const QList<QTextLayout::FormatRange>& formats);
+// The fonts of the formats, resolved with the layout's font and loaded.
+std::vector<QFont> PinFonts(const QFont& layoutFont,
+                            const QList<QTextLayout::FormatRange>& formats);

@@ -1,22 +1,22 @@
-#include "platform/qt/text_view/layout/row_layout.h"
+#include "platform/qt/text_view/layout/block_layout.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
-// In twips; the margin is above and below.
+// Twips; the margin is vertical.
 constexpr std::int32_t minCellWidth = 360, cellMargin = 30;
 
-// A cell of the rows that are laid out, with what its height depends on.
+// A cell with what the height of its rows depends on.
 struct RowCell {
     CellLayout layout;
-    std::size_t row = 0, lastRow = 0; // the last of those that it is merged over
+    std::size_t row = 0, lastRow = 0; // the last of the rows that it spans
     int gap = 0, height = 0;
 };
 
-// Edges in pixels from the row's left edge to the right edge of each cell, ascending; a row wider
-// than the view is made narrower as a whole.
-std::vector<int> CellEdges(const LayoutContext& context, const TableRow& row, int most) {
+// Right edges of the cells in pixels, relative to the row's left edge, ascending; scaled down if
+// the row is wider than the view.
+std::vector<int> CellEdges(const LayoutContext& context, const TableRow& row, int maxWidth) {
     std::vector<int> edges;
     int edge = 0;
     for (const TableCell& cell : row.cells) {
@@ -24,7 +24,7 @@ std::vector<int> CellEdges(const LayoutContext& context, const TableRow& row, in
                         edge + context.Pixels(minCellWidth));
         edges.push_back(edge);
     }
-    const double scale = std::min(1.0, double(most) / std::max(1, edge));
+    const double scale = std::min(1.0, double(maxWidth) / std::max(1, edge));
     for (int& each : edges)
         each = int(std::lround(each * scale));
     return edges;
@@ -32,7 +32,7 @@ std::vector<int> CellEdges(const LayoutContext& context, const TableRow& row, in
 
 using Cells = std::vector<RowCell>;
 
-// The cells that reach down to this row, by their indices.
+// Indices of the cells that reach down to this row.
 std::vector<std::size_t> CellsAbove(const Cells& cells, std::size_t row) {
     std::vector<std::size_t> above;
     for (std::size_t i = 0; i < cells.size(); ++i)
@@ -40,7 +40,7 @@ std::vector<std::size_t> CellsAbove(const Cells& cells, std::size_t row) {
     return above;
 }
 
-// Merges the cell into the one of the same column above, if it is meant to and there is one.
+// Merges the cell with the one of the same column above, if it is marked so.
 void MergeUp(Cells& cells, const std::vector<std::size_t>& above, RowCell& cell) {
     if (!cell.layout.cell->mergedAbove) return;
     const QRect& box = cell.layout.box;
@@ -54,7 +54,7 @@ void MergeUp(Cells& cells, const std::vector<std::size_t>& above, RowCell& cell)
     cells[*found].layout.lowest = cell.layout.cell;
 }
 
-// Puts the row's cells side by side, their heights still unknown; returns the right edge.
+// Places the cells horizontally; returns the right edge.
 int PlaceCells(const LayoutContext& context, const TextBlock& block, std::size_t index,
                Cells& cells) {
     const TableRow& row = block.rows[index];
@@ -78,7 +78,7 @@ int PlaceCells(const LayoutContext& context, const TextBlock& block, std::size_t
     return offset + total;
 }
 
-// The paragraphs of a cell, each without the character that ends it.
+// The paragraphs of a cell, each without its end character.
 std::vector<ParagraphPart> CellParts(const LayoutContext& context, const CellLayout& layout) {
     const TableCell& cell = *layout.cell;
     std::vector<ParagraphPart> parts;
@@ -93,7 +93,7 @@ std::vector<ParagraphPart> CellParts(const LayoutContext& context, const CellLay
     return parts;
 }
 
-// Lays out a cell's paragraphs one below the other, from 0 on.
+// Lays out a cell's paragraphs below each other, relative to the cell.
 void FillCell(const LayoutContext& context, RowCell& cell, std::size_t index, BlockLayout& layout) {
     const int margin = context.Pixels(cellMargin);
     const int width = std::max(1, cell.layout.box.width() - 2 * cell.gap);
@@ -111,8 +111,8 @@ void FillCell(const LayoutContext& context, RowCell& cell, std::size_t index, Bl
     cell.height = y + margin;
 }
 
-// Where each row begins, and where the last one ends. A merged cell makes the last of its rows
-// higher when it finds no room in all of them.
+// The tops of the rows, and the bottom of the last one. A merged cell that does not fit enlarges
+// the last of its rows.
 std::vector<int> RowTops(const Cells& cells, std::size_t rows) {
     std::vector<int> tops(rows + 1);
     for (std::size_t row = 0; row < rows; ++row) {

@@ -1,11 +1,11 @@
-// Finding the style that holds at a position.
+// Looks up the style at a position.
 #pragma once
 
 #include "formats/document.h"
 
 #include <algorithm>
 
-// The index of the run that holds at `position`. `runs` is not empty and its first run starts at 0.
+// The index of the run at `position`. `runs` is not empty, and its first run starts at 0.
 inline std::size_t RunAt(const std::vector<StyleRun>& runs, TextPos position) {
     const auto after = std::upper_bound(runs.begin() + 1, runs.end(), position,
                                         [](TextPos at, const StyleRun& r) { return at < r.start; });

@@ -7,26 +7,25 @@
 #include <algorithm>
 
 namespace {
-constexpr TextPos spaceSearch = 256; // how far back from a cut a space is looked for
+constexpr TextPos spaceSearch = 256; // UTF-16 units to search back from a cut for a space
 
-bool StaysWithPrevious(char16_t unit) {
+bool ExtendsPrevious(char16_t unit) {
     return QChar::isLowSurrogate(unit) || QChar::isMark(unit) || unit == u'\u200D';
 }
 
-// Over-long paragraphs are cut near the multiples of the piece length that have no paragraph break
-// in the piece length before them. So a cut is found by looking at its surroundings only, and is
-// the same from wherever one comes.
+// Over-long paragraphs are cut near multiples of the piece length, unless a paragraph break
+// precedes within a piece length. So a cut is found locally, and is the same from every position.
 bool HasCut(const TextSource& text, TextPos grid) {
     return grid > 0 && grid < text.Length() && text.LastBreak(grid - pieceLength, grid + 1) < 0;
 }
 
-// After the last space before the grid position, else where no character is torn from its marks.
+// After the last space before the grid position, or else between two grapheme clusters.
 TextPos CutBefore(const TextSource& text, TextPos grid) {
     const std::u16string before = text.Range(grid - spaceSearch, grid + 1);
     const std::size_t space = before.rfind(u' ', spaceSearch - 1);
     if (space != std::u16string::npos) return grid - spaceSearch + static_cast<TextPos>(space) + 1;
     TextPos cut = spaceSearch;
-    while (cut > 0 && StaysWithPrevious(before[static_cast<std::size_t>(cut)]))
+    while (cut > 0 && ExtendsPrevious(before[static_cast<std::size_t>(cut)]))
         --cut;
     return grid - spaceSearch + cut;
 }
@@ -60,20 +59,20 @@ TextPos PieceEnd(const TextSource& text, TextPos position) {
 
 using Rows = std::span<const TableRow>;
 
-bool IsShownAsRow(const TableRow& row) {
+bool IsLaidOutAsRow(const TableRow& row) {
     return !row.cells.empty() && row.end - row.start <= maxRowLength;
 }
 
-// Whether the row shares a cell with the one before it.
+// Whether the row shares a cell with the row above.
 bool IsJoined(const std::vector<TableRow>& rows, std::size_t index) {
     if (index == 0 || index >= rows.size()) return false;
     const TableRow &above = rows[index - 1], &row = rows[index];
-    return above.end == row.start && IsShownAsRow(above) && IsShownAsRow(row) &&
+    return above.end == row.start && IsLaidOutAsRow(above) && IsLaidOutAsRow(row) &&
            std::any_of(row.cells.begin(), row.cells.end(),
                        [](const TableCell& cell) { return cell.mergedAbove; });
 }
 
-// The row and those that it is joined with; only itself where they are too long together.
+// The row with those that it shares cells with; the row alone if together they are too long.
 Rows JoinedRows(const std::vector<TableRow>& rows, std::size_t index) {
     std::size_t first = index, last = index;
     const auto fits = [&] {
@@ -91,7 +90,7 @@ Rows RowsAt(const std::vector<TableRow>& rows, TextPos position) {
                                         [](TextPos at, const TableRow& r) { return at < r.start; });
     if (after == rows.begin()) return {};
     const auto row = after - 1;
-    if (position >= row->end || !IsShownAsRow(*row)) return {};
+    if (position >= row->end || !IsLaidOutAsRow(*row)) return {};
     return JoinedRows(rows, std::size_t(row - rows.begin()));
 }
 } // namespace
@@ -108,20 +107,20 @@ TextBlock BlockAt(const TextSource& text, const std::vector<TableRow>& rows, Tex
 }
 
 namespace {
-// Of rows that are laid out together.
+// Limits for rows laid out as one block.
 constexpr std::size_t maxCells = 1024;
-constexpr TextPos heaviestRows = 4 * 1024;
+constexpr TextPos maxCostlyRows = 4 * 1024;
 
-bool IsTooMuch(const TextSource& text, const Document& document, Rows rows) {
+bool IsTooCostly(const TextSource& text, const Document& document, Rows rows) {
     std::size_t cells = 0;
     for (const TableRow& row : rows)
         cells += row.cells.size();
     const TextPos start = rows.front().start, end = rows.back().end;
     return cells > maxCells ||
-           (end - start > heaviestRows && HeavyUnits(text, document, start, end) > heaviestRows);
+           (end - start > maxCostlyRows && CostlyUnits(text, document, start, end) > maxCostlyRows);
 }
 
-// The part of a block between the cuts that are nearest to the position.
+// The part of a block between the nearest cuts around the position.
 TextBlock DensePart(const TextSource& text, const Document& document, const TextBlock& block,
                     TextPos position) {
     constexpr TextPos none = -1;
@@ -143,14 +142,14 @@ TextBlock DensePart(const TextSource& text, const Document& document, const Text
 
 TextBlock LayoutBlockAt(const TextSource& text, const Document& document, TextPos position) {
     TextBlock block = BlockAt(text, document.rows, position);
-    if (block.rows.size() > 1 && IsTooMuch(text, document, block.rows)) {
+    if (block.rows.size() > 1 && IsTooCostly(text, document, block.rows)) {
         const auto row = std::find_if(block.rows.begin(), block.rows.end() - 1,
                                       [&](const TableRow& r) { return position < r.end; });
         block = {row->start, row->end,
                  block.rows.subspan(std::size_t(row - block.rows.begin()), 1)};
     }
     position = std::clamp(position, block.start, std::max(block.start, block.end - 1));
-    if (!block.rows.empty() && !IsTooMuch(text, document, block.rows)) return block;
+    if (!block.rows.empty() && !IsTooCostly(text, document, block.rows)) return block;
     if (!block.rows.empty()) block = {PieceStart(text, position), PieceEnd(text, position), {}};
     return DensePart(text, document, block, position);
 }

@@ -1,4 +1,4 @@
-// The laid-out blocks of the text shown now: made when first asked for, the last used kept.
+// A cache of laid-out blocks, laid out on demand.
 #pragma once
 
 #include "platform/qt/text_view/layout/block_layout.h"
@@ -11,26 +11,26 @@ class TextLayouts {
   public:
     using Layout = std::shared_ptr<const BlockLayout>;
 
-    explicit TextLayouts(const LayoutContext& context); // observed
-    void Forget(); // the text, its look or its width has changed
+    explicit TextLayouts(const LayoutContext& context); // must outlive this object
+    void Clear();                                       // when text, style or width have changed
 
     const LayoutContext& Context() const { return context_; }
     const TextSource& Text() const { return *context_.text; }
-    Layout At(TextPos position);         // of the block that holds `position`, moved into the text
-    Layout After(const Layout& layout);  // null behind the last
-    Layout Before(const Layout& layout); // null before the first
+    Layout At(TextPos position); // of the block that contains `position`, clamped to the text
+    Layout After(const Layout& layout);  // null after the last one
+    Layout Before(const Layout& layout); // null before the first one
 
-    // The widest line laid out since the last `Forget`: grows as the reader scrolls.
+    // The widest line laid out since the last `Clear`: may grow while scrolling.
     int Width() const { return width_; }
     int LayoutsMade() const { return layoutsMade_; }
 
   private:
-    Layout Known(TextPos position); // none when it is not kept
-    void Trim();
+    Layout FindCached(TextPos position); // null if it is not cached
+    void EvictOld();
 
     const LayoutContext& context_;
-    std::list<Layout> recent_; // the last used first
+    std::list<Layout> recent_; // most recently used first
     std::map<TextPos, std::list<Layout>::iterator> byStart_;
-    std::size_t load_ = 0; // of the kept ones, in laid-out characters
+    std::size_t cost_ = 0; // of all cached blocks, in characters
     int width_ = 0, layoutsMade_ = 0;
 };

@@ -1,4 +1,4 @@
-// Texts of all kinds, made by chance.
+// Random texts of all kinds.
 #pragma once
 
 #include "formats/document.h"
@@ -9,10 +9,10 @@
 struct RandomBook {
     bool plain = true;
     std::string bytes;     // of a plain text
-    Document document;     // of a rich one
-    bool overlaps = false; // lines may stand so close that letters reach into others
-    bool isLong = false;   // each layout of the whole takes long
+    Document document;     // of a rich text
+    bool overlaps = false; // lines may overlap
+    bool isLong = false;   // the reference layout is slow
 };
 
-// One of each kind in turn, by `number`.
+// The kinds alternate by `number`.
 RandomBook MakeBook(Random& random, int number);

@@ -1,4 +1,4 @@
-// What a test does by chance, the same each time for one seed.
+// Pseudo-random numbers, reproducible by a seed.
 #pragma once
 
 #include <algorithm>

@@ -11,33 +11,33 @@ namespace {
 constexpr TextPos piece = 16 * 1024, densePart = 2 * 1024, blankSearch = 256;
 } // namespace
 
-// Behind the last break there is one more paragraph.
-void WholeMaker::Everything() {
+// Behind the final break there is an empty paragraph.
+void ReferenceBuilder::Everything() {
     std::size_t row = 0;
-    const auto& rows = setting.document->rows;
+    const auto& rows = settings.document->rows;
     for (bool more = true; more;) {
         while (row < rows.size() && rows[row].start < at)
             ++row;
         const bool atRow = row < rows.size() && rows[row].start == at;
-        if (atRow && WholeRowStands(rows[row]))
-            AddWholeRows(*this, row);
+        if (atRow && IsReferenceRow(rows[row]))
+            AddReferenceRows(*this, row);
         else
             more = Paragraph();
     }
 }
 
-// Long ones are cut where they have gone on for a piece's length at a multiple of it, and these in
-// parts where their text is dense. Tells whether a break ends it.
-bool WholeMaker::Paragraph() {
-    const std::size_t found = setting.text.find(u'\n', std::size_t(at));
+// Cuts long paragraphs at multiples of the piece length, and dense pieces further. Returns whether
+// a paragraph break follows.
+bool ReferenceBuilder::Paragraph() {
+    const std::size_t found = settings.text.find(u'\n', std::size_t(at));
     const bool hasBreak = found != std::u16string::npos;
     const TextPos start = at, textEnd = hasBreak ? TextPos(found) : Size();
-    const StringText source(setting.text);
+    const StringText source(settings.text);
     TextPos from = start, pieceStart = start;
     for (TextPos grid = densePart; grid < textEnd; grid += densePart) {
         const bool endsPiece = grid % piece == 0 && grid - piece >= start;
         const bool endsPart =
-            grid - densePart >= pieceStart && IsDenseBefore(source, *setting.document, grid);
+            grid - densePart >= pieceStart && IsDenseBefore(source, *settings.document, grid);
         if (!endsPiece && !endsPart) continue;
         const TextPos cut = Cut(grid);
         if (endsPiece) pieceStart = cut;
@@ -51,8 +51,8 @@ bool WholeMaker::Paragraph() {
     return hasBreak;
 }
 
-TextPos WholeMaker::Cut(TextPos grid) const {
-    const std::u16string& text = setting.text;
+TextPos ReferenceBuilder::Cut(TextPos grid) const {
+    const std::u16string& text = settings.text;
     for (TextPos i = grid - 1; i >= grid - blankSearch; --i)
         if (text[std::size_t(i)] == u' ') return i + 1;
     TextPos cut = grid;
@@ -63,16 +63,15 @@ TextPos WholeMaker::Cut(TextPos grid) const {
     return cut;
 }
 
-void WholeMaker::Piece(TextPos start, TextPos end, bool first, bool last) {
-    Add({start, end, first, last, setting.breakWidth, setting.viewWidth}, QPoint(0, whole.height),
+void ReferenceBuilder::Piece(TextPos start, TextPos end, bool first, bool last) {
+    Add({start, end, first, last, settings.breakWidth, settings.viewWidth}, QPoint(0, whole.height),
         QRect(), false);
 }
 
-// The part's lines, in as many layouts as it takes.
-void WholeMaker::Add(const WholePart& part, QPoint origin, QRect cell, bool hidden) {
+void ReferenceBuilder::Add(const ReferencePart& part, QPoint origin, QRect cell, bool hidden) {
     int top = origin.y();
-    for (WholeLaidOut& out : LayOutWholePart(setting, part)) {
-        WholeParagraph& paragraph = whole.paragraphs.emplace_back();
+    for (ReferenceLayout& out : LayOutReferencePart(settings, part)) {
+        ReferenceParagraph& paragraph = whole.paragraphs.emplace_back();
         paragraph.start = out.start;
         paragraph.end = out.end;
         paragraph.rightToLeft = out.rightToLeft;
@@ -86,12 +85,12 @@ void WholeMaker::Add(const WholePart& part, QPoint origin, QRect cell, bool hidd
         paragraph.fonts = std::move(out.fonts);
         paragraph.text = std::move(out.text);
         for (std::size_t i = 0; i < out.places.size(); ++i) {
-            const WholeSlot& slot = out.places[i];
+            const ReferenceSlot& slot = out.places[i];
             const bool last = i + 1 == out.places.size();
-            WholeLine line;
+            ReferenceLine line;
             line.start = out.start + slot.start;
             line.end = last ? out.end : out.start + out.places[i + 1].start;
-            line.goesOn = !last || (out.goesOn && out.end > line.start);
+            line.isContinued = !last || (out.isContinued && out.end > line.start);
             line.top = top + (i == 0 ? 0 : slot.top);
             line.bottom = top + (last ? out.height : out.places[i + 1].top);
             line.inkTop = top + slot.top;
@@ -105,14 +104,14 @@ void WholeMaker::Add(const WholePart& part, QPoint origin, QRect cell, bool hidd
     }
 }
 
-void WholeMaker::EndBlock(TextPos end, int height) {
+void ReferenceBuilder::EndBlock(TextPos end, int height) {
     const TextPos start = whole.blocks.empty() ? 0 : whole.blocks.back().end;
     whole.blocks.push_back({start, end, whole.height, whole.height + height});
     whole.height += height;
 }
 
-WholeText LayOutWhole(const WholeSetting& setting) {
-    WholeMaker maker{setting, {}, 0};
+ReferenceText LayOutReference(const ReferenceSettings& settings) {
+    ReferenceBuilder maker{settings, {}, 0};
     maker.Everything();
     return std::move(maker.whole);
 }

@@ -1,17 +1,17 @@
-// Lays out a whole text from its start to its end.
+// Lays out the whole text, from its start to its end.
 #pragma once
 
 #include "tests/contract/qt/reference_view/reference_paragraph.h"
 
-struct WholeMaker {
-    const WholeSetting& setting;
-    WholeText whole;
-    TextPos at = 0; // what comes next
+struct ReferenceBuilder {
+    const ReferenceSettings& settings;
+    ReferenceText whole;
+    TextPos at = 0; // start of the next block
 
-    TextPos Size() const { return TextPos(setting.text.size()); }
+    TextPos Size() const { return TextPos(settings.text.size()); }
     void Everything();
-    // The part's lines, below what is there, in as many layouts as it takes.
-    void Add(const WholePart& part, QPoint origin, QRect cell, bool hidden);
+    // Appends the lines of the part, in as many layouts as it takes.
+    void Add(const ReferencePart& part, QPoint origin, QRect cell, bool hidden);
     void EndBlock(TextPos end, int height);
 
   private:

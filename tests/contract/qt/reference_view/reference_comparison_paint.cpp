@@ -1,4 +1,4 @@
-// What is painted, compared.
+// Compares what is painted.
 #include "tests/contract/qt/reference_view/reference_comparison.h"
 
 #include <doctest/doctest.h>
@@ -8,9 +8,8 @@
 #include <cmath>
 
 namespace {
-// Outlines of huge characters are filled from where the painting begins: their edges may be of
-// another shade.
-bool LooksLike(const QImage& one, const QImage& other) {
+// Antialiasing of huge glyphs depends on the exposed rectangle.
+bool IsSimilar(const QImage& one, const QImage& other) {
     constexpr int shades = 24; // of 256
     if (one.size() != other.size()) return false;
     const auto differ = [&](QRgb a, QRgb b) {
@@ -24,9 +23,9 @@ bool LooksLike(const QImage& one, const QImage& other) {
 }
 } // namespace
 
-// A part that is painted by itself looks as in the whole; and what is selected is covered without
+// A part that is painted separately equals the same part of the whole; and the selection has no
 // gaps.
-void Held::CheckPaint() {
+void ReferenceComparison::CheckPaint() {
     const QColor selected(Qt::magenta);
     HighlightIn(selected);
     const QRect view = Widget().viewport()->rect();
@@ -36,13 +35,13 @@ void Held::CheckPaint() {
     if (Ratio() == std::floor(Ratio()) && !book_.overlaps) {
         const QRect inside = part & view;
         const QRect crop(inside.topLeft() * int(Ratio()), inside.size() * int(Ratio()));
-        REQUIRE(LooksLike(Painted(inside), all.copy(crop)));
+        REQUIRE(IsSimilar(Painted(inside), all.copy(crop)));
     }
     if (!book_.overlaps && document_.pictures.empty()) CheckSelection(all, selected.rgb());
 }
 
-// The selected text, too: so its letters are no holes in it.
-void Held::HighlightIn(const QColor& color) {
+// For the selected text, too, so that glyphs are no gaps.
+void ReferenceComparison::HighlightIn(const QColor& color) {
     QPalette palette = Widget().palette();
     for (const auto group : {QPalette::Active, QPalette::Inactive}) {
         palette.setColor(group, QPalette::Highlight, color);
@@ -51,26 +50,28 @@ void Held::HighlightIn(const QColor& color) {
     Widget().setPalette(palette);
 }
 
-QImage Held::Painted(const QRect& part) {
+QImage ReferenceComparison::Painted(const QRect& part) {
     return Widget().viewport()->grab(part).toImage().convertToFormat(QImage::Format_RGB32);
 }
 
-void Held::CheckSelection(const QImage& image, QRgb selected) {
-    for (const WholeLine& line : Whole().lines)
-        if (!Whole().ParagraphOf(line).hidden && whole_.GoesOneWay(line))
+void ReferenceComparison::CheckSelection(const QImage& image, QRgb selected) {
+    for (const ReferenceLine& line : Reference().lines)
+        if (!Reference().ParagraphOf(line).hidden && reference_.IsUnidirectional(line))
             CheckSelectedLine(image, selected, line);
 }
 
-void Held::CheckSelectedLine(const QImage& image, QRgb selected, const WholeLine& line) {
-    const int top = whole_.Top(), left = margin_ - Widget().horizontalScrollBar()->value();
+void ReferenceComparison::CheckSelectedLine(const QImage& image, QRgb selected,
+                                            const ReferenceLine& line) {
+    const int top = reference_.Top(), left = margin_ - Widget().horizontalScrollBar()->value();
     const int from = std::max(0, line.inkTop - top);
     const int to = std::min(image.height(), line.inkBottom - top);
     if (from >= to) return;
-    const WholeParagraph& paragraph = Whole().ParagraphOf(line);
+    const ReferenceParagraph& paragraph = Reference().ParagraphOf(line);
     const TextPos step = 1 + (line.end - line.start) / 40;
     for (TextPos at = line.start; at < line.end; at += step) {
         const int next = paragraph.text->nextCursorPosition(at - paragraph.start);
-        const double x = Whole().X(line, at), behind = Whole().X(line, paragraph.start + next);
+        const double x = Reference().X(line, at),
+                     behind = Reference().X(line, paragraph.start + next);
         const int column = left + int(std::floor((x + behind) / 2));
         if (std::abs(behind - x) < 3 || column < 0 || column >= image.width()) continue;
         if (IsBlankAtEnd(line, at)) continue;
@@ -82,8 +83,8 @@ void Held::CheckSelectedLine(const QImage& image, QRgb selected, const WholeLine
     }
 }
 
-bool Held::IsBlankAtEnd(const WholeLine& line, TextPos at) const {
+bool ReferenceComparison::IsBlankAtEnd(const ReferenceLine& line, TextPos at) const {
     for (TextPos i = at; i < line.end; ++i)
-        if (!QChar(whole_.setting.text[std::size_t(i)]).isSpace()) return false;
+        if (!QChar(reference_.settings.text[std::size_t(i)]).isSpace()) return false;
     return true;
 }

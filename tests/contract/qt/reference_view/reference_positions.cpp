@@ -8,21 +8,21 @@
 #include <optional>
 
 namespace {
-// What Qt tells may be a place in the next line; what it tells of the last character is then
-// nearer.
+// The reported position may be in the next line; the trailing edge of the last character is nearer
+// then.
 double EndX(const QTextLine& line, const QTextLayout& layout, double from) {
     const int end = line.textStart() + line.textLength();
-    const double told = line.cursorToX(end);
+    const double reported = line.cursorToX(end);
     const double other = line.cursorToX(layout.previousCursorPosition(end), QTextLine::Trailing);
-    return other != from && std::abs(other - from) < std::abs(told - from) ? other : told;
+    return other != from && std::abs(other - from) < std::abs(reported - from) ? other : reported;
 }
 
-// Blanks at a line's end are not drawn, so what Qt takes to be left of them is nearer to the rest.
-double ToldX(const QTextLine& line, const QTextLayout& layout, bool rightToLeft, int at) {
-    const WholeBlanksAtEnd blanks = WholeBlanks(line, layout, rightToLeft);
+// Trailing spaces are not drawn; positions that Qt reports left of them move right.
+double ReportedX(const QTextLine& line, const QTextLayout& layout, bool rightToLeft, int at) {
+    const ReferenceTrailingSpaces blanks = ReferenceSpaces(line, layout, rightToLeft);
     const double x = line.cursorToX(at);
     if (blanks.Width() == 0) return x;
-    if (!blanks.GoRight()) return x + line.naturalTextRect().left() - blanks.from;
+    if (!blanks.IsRightOfText()) return x + line.naturalTextRect().left() - blanks.from;
     if (at > blanks.start) return blanks.to;
     return x <= blanks.from ? x + blanks.Width() : x;
 }
@@ -38,8 +38,8 @@ bool IsLeftOut(QChar unit) {
     return unit.isSpace() && !kept.contains(unit);
 }
 
-// Of the blanks behind a wrapped line's words; none where there is a tab among them.
-std::optional<int> BlanksStart(const QTextLine& line, const QTextLayout& layout) {
+// Where the trailing spaces of a wrapped line start; none if there is a tab among them.
+std::optional<int> TrailingSpacesStart(const QTextLine& line, const QTextLayout& layout) {
     const QString text = layout.text();
     const int lineEnd = line.textStart() + line.textLength();
     if (lineEnd == text.size()) return std::nullopt;
@@ -74,14 +74,15 @@ std::optional<Drawn> DrawnAt(const QTextLine& line, const QTextLayout& layout, i
 }
 } // namespace
 
-double WholeBlanksAtEnd::Width() const {
+double ReferenceTrailingSpaces::Width() const {
     return std::abs(to - from);
 }
 
-WholeBlanksAtEnd WholeBlanks(const QTextLine& line, const QTextLayout& layout, bool rightToLeft) {
+ReferenceTrailingSpaces ReferenceSpaces(const QTextLine& line, const QTextLayout& layout,
+                                        bool rightToLeft) {
     const QString text = layout.text();
     const int lineEnd = line.textStart() + line.textLength();
-    WholeBlanksAtEnd blanks{lineEnd, 0, 0};
+    ReferenceTrailingSpaces blanks{lineEnd, 0, 0};
     if (!rightToLeft || lineEnd == text.size()) return blanks;
     const double last = line.cursorToX(lineEnd);
     const double leftOut = line.naturalTextRect().left() - last;
@@ -89,7 +90,7 @@ WholeBlanksAtEnd WholeBlanks(const QTextLine& line, const QTextLayout& layout, b
         at = layout.previousCursorPosition(at);
         if (!IsLeftOut(text[at])) break;
         const bool hasRoom = leftOut < line.cursorToX(at + 1) - last + 0.5;
-        if (text[at] == u'\t' && hasRoom) break; // it is part of the line's text
+        if (text[at] == u'\t' && hasRoom) break; // the tab is part of the line's text
     }
     if (blanks.start == lineEnd) return blanks;
     blanks.from = line.cursorToX(blanks.start);
@@ -97,15 +98,15 @@ WholeBlanksAtEnd WholeBlanks(const QTextLine& line, const QTextLayout& layout, b
     return blanks;
 }
 
-// A character that goes the other way than its paragraph is told to be beside the one before it.
-// Where that is in the line before, or goes the same way, nothing but its own edge is meant.
-double WholeX(const QTextLine& line, const QTextLayout& layout, bool rightToLeft, int at) {
-    const auto blanks = BlanksStart(line, layout);
+// Qt reports a character of the opposite direction beside the previous one. If that one is in the
+// previous line, or has the same direction, the character's own edge is correct.
+double ReferenceX(const QTextLine& line, const QTextLayout& layout, bool rightToLeft, int at) {
+    const auto blanks = TrailingSpacesStart(line, layout);
     if (!rightToLeft && blanks && at >= *blanks && at < line.textStart() + line.textLength()) {
         const auto word = DrawnAt(line, layout, layout.previousCursorPosition(*blanks));
-        if (word && word->rightToLeft) return word->left; // Qt takes the blanks to be left of it
+        if (word && word->rightToLeft) return word->left; // Qt reports the spaces to the left of it
     }
-    const double x = ToldX(line, layout, rightToLeft, at);
+    const double x = ReportedX(line, layout, rightToLeft, at);
     if (GoesItsWay(layout.text(), at, rightToLeft)) return x;
     const auto drawn = DrawnAt(line, layout, at);
     if (!drawn || drawn->rightToLeft == rightToLeft) return x;

@@ -10,21 +10,21 @@ constexpr int minCell = 360, cellMargin = 30; // twips
 
 struct Cell {
     const TableCell* cell = nullptr;
-    std::size_t row = 0, lastRow = 0, first = 0, end = 0; // paragraphs
+    std::size_t row = 0, lastRow = 0, first = 0, end = 0; // indices of paragraphs
     int left = 0, width = 0, height = 0;
     bool hidden = false;
 };
 
 bool Joins(const std::vector<TableRow>& rows, std::size_t i) {
-    return rows[i].start == rows[i - 1].end && WholeRowStands(rows[i]) &&
+    return rows[i].start == rows[i - 1].end && IsReferenceRow(rows[i]) &&
            std::any_of(rows[i].cells.begin(), rows[i].cells.end(),
                        [](const TableCell& cell) { return cell.mergedAbove; });
 }
 
-// How many rows share cells, from this one on.
+// The number of rows from this one that share cells.
 std::size_t RowsFrom(const std::vector<TableRow>& rows, std::size_t index) {
     std::size_t first = index, end = index + 1;
-    while (first > 0 && WholeRowStands(rows[first - 1]) && Joins(rows, first))
+    while (first > 0 && IsReferenceRow(rows[first - 1]) && Joins(rows, first))
         --first;
     while (end < rows.size() && Joins(rows, end))
         ++end;
@@ -33,18 +33,18 @@ std::size_t RowsFrom(const std::vector<TableRow>& rows, std::size_t index) {
     return together ? end - first : 1;
 }
 
-std::vector<int> Edges(const WholeSetting& setting, const TableRow& row, int most) {
+std::vector<int> Edges(const ReferenceSettings& settings, const TableRow& row, int most) {
     std::vector<int> edges{0};
     for (const TableCell& cell : row.cells)
-        edges.push_back(std::max(edges.back() + setting.Pixels(minCell),
-                                 setting.Pixels(cell.rightEdge) - setting.Pixels(row.leftEdge)));
+        edges.push_back(std::max(edges.back() + settings.Pixels(minCell),
+                                 settings.Pixels(cell.rightEdge) - settings.Pixels(row.leftEdge)));
     const double scale = std::min(1.0, double(most) / edges.back());
     for (int& edge : edges)
         edge = int(std::lround(edge * scale));
     return edges;
 }
 
-// Merges a cell into the one above it, if there is one of the same place and width.
+// Merges a cell with the one above if position and width are the same.
 void MergeUp(std::vector<Cell>& above, Cell& cell) {
     for (Cell& other : above) {
         if (other.hidden || other.left != cell.left || other.width != cell.width) continue;
@@ -55,13 +55,13 @@ void MergeUp(std::vector<Cell>& above, Cell& cell) {
     }
 }
 
-// Side by side, without heights.
-void PlaceCells(const WholeSetting& setting, const TableRow& row, std::size_t index,
+// Horizontal positions only.
+void PlaceCells(const ReferenceSettings& settings, const TableRow& row, std::size_t index,
                 std::vector<Cell>& cells) {
-    const int most = std::max(1, setting.viewWidth - setting.Hairline());
-    const std::vector<int> edges = Edges(setting, row, most);
+    const int most = std::max(1, settings.viewWidth - settings.Hairline());
+    const std::vector<int> edges = Edges(settings, row, most);
     const int room = std::max(0, most - edges.back());
-    const int offset = std::clamp(setting.Pixels(row.leftEdge), 0, room);
+    const int offset = std::clamp(settings.Pixels(row.leftEdge), 0, room);
     std::vector<Cell> own;
     for (std::size_t i = 0; i < row.cells.size(); ++i) {
         Cell cell{&row.cells[i], index, index};
@@ -74,14 +74,14 @@ void PlaceCells(const WholeSetting& setting, const TableRow& row, std::size_t in
     cells.insert(cells.end(), own.begin(), own.end());
 }
 
-// Its paragraphs, as if the rows began where the cell does.
-void Fill(WholeMaker& maker, const TableRow& row, Cell& cell) {
-    const WholeSetting& setting = maker.setting;
-    WholeText& whole = maker.whole;
+// Lays out its paragraphs as if the row started at the cell's top.
+void Fill(ReferenceBuilder& maker, const TableRow& row, Cell& cell) {
+    const ReferenceSettings& settings = maker.settings;
+    ReferenceText& whole = maker.whole;
     const int gap = std::min(
-        std::clamp(setting.Pixels(row.cellGap), setting.Hairline(), 4 * setting.Pixels(minCell)),
+        std::clamp(settings.Pixels(row.cellGap), settings.Hairline(), 4 * settings.Pixels(minCell)),
         cell.width / 4);
-    const int width = std::max(1, cell.width - 2 * gap), margin = setting.Pixels(cellMargin);
+    const int width = std::max(1, cell.width - 2 * gap), margin = settings.Pixels(cellMargin);
     int y = whole.height + margin;
     TextPos start = cell.cell->start;
     const TextPos cellEnd = cell.hidden ? start : cell.cell->end;
@@ -93,13 +93,14 @@ void Fill(WholeMaker& maker, const TableRow& row, Cell& cell) {
     };
     cell.first = whole.paragraphs.size();
     for (TextPos i = start; i < cellEnd; ++i)
-        if (setting.text[std::size_t(i)] == u'\n' || setting.text[std::size_t(i)] == u'\a') add(i);
+        if (settings.text[std::size_t(i)] == u'\n' || settings.text[std::size_t(i)] == u'\a')
+            add(i);
     if (whole.paragraphs.size() == cell.first) add(start);
     cell.end = whole.paragraphs.size();
     cell.height = y + margin - whole.height;
 }
 
-// Where the rows begin, and where the last one ends.
+// The tops of the rows, and the bottom of the last one.
 std::vector<int> Tops(const std::vector<Cell>& cells, std::size_t rows) {
     std::vector<int> tops{0};
     for (std::size_t row = 0; row < rows; ++row) {
@@ -111,42 +112,42 @@ std::vector<int> Tops(const std::vector<Cell>& cells, std::size_t rows) {
     return tops;
 }
 
-void MoveDown(WholeText& whole, WholeParagraph& paragraph, int by) {
+void MoveDown(ReferenceText& whole, ReferenceParagraph& paragraph, int by) {
     paragraph.origin.ry() += by;
     paragraph.top += by;
     paragraph.bottom += by;
     for (std::size_t i = 0; i < paragraph.lineCount; ++i) {
-        WholeLine& line = whole.lines[paragraph.firstLine + i];
+        ReferenceLine& line = whole.lines[paragraph.firstLine + i];
         for (int* y : {&line.top, &line.bottom, &line.inkTop, &line.inkBottom})
             *y += by;
     }
 }
 
-// The first line begins at the cell's top, the last one ends at its bottom.
-void Settle(WholeText& whole, const Cell& cell, int number, int top, int bottom) {
+// The first line starts at the cell's top, and the last one ends at its bottom.
+void Settle(ReferenceText& whole, const Cell& cell, int number, int top, int bottom) {
     for (std::size_t i = cell.first; i < cell.end; ++i) {
-        WholeParagraph& paragraph = whole.paragraphs[i];
+        ReferenceParagraph& paragraph = whole.paragraphs[i];
         MoveDown(whole, paragraph, top);
         paragraph.cellNumber = number;
         paragraph.cell.setTop(whole.height + top);
         paragraph.cell.setHeight(bottom - top);
     }
-    const WholeParagraph& last = whole.paragraphs[cell.end - 1];
+    const ReferenceParagraph& last = whole.paragraphs[cell.end - 1];
     whole.lines[whole.paragraphs[cell.first].firstLine].top = whole.height + top;
     whole.lines[last.firstLine + last.lineCount - 1].bottom = whole.height + bottom;
 }
 } // namespace
 
-bool WholeRowStands(const TableRow& row) {
+bool IsReferenceRow(const TableRow& row) {
     return !row.cells.empty() && row.end - row.start <= maxRowLength;
 }
 
-void AddWholeRows(WholeMaker& maker, std::size_t index) {
-    const auto& rows = maker.setting.document->rows;
+void AddReferenceRows(ReferenceBuilder& maker, std::size_t index) {
+    const auto& rows = maker.settings.document->rows;
     const std::size_t count = RowsFrom(rows, index);
     std::vector<Cell> cells;
     for (std::size_t row = 0; row < count; ++row)
-        PlaceCells(maker.setting, rows[index + row], row, cells);
+        PlaceCells(maker.settings, rows[index + row], row, cells);
     for (Cell& cell : cells)
         Fill(maker, rows[index + cell.row], cell);
     const std::vector<int> tops = Tops(cells, count);

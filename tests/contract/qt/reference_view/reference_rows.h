@@ -1,10 +1,10 @@
-// Table rows of a text that is laid out as a whole.
+// The reference layout of table rows.
 #pragma once
 
 #include "tests/contract/qt/reference_view/reference_builder.h"
 
-// Whether its cells stand side by side; else it is shown as paragraphs.
-bool WholeRowStands(const TableRow& row);
+// Whether it is laid out as a row; otherwise as paragraphs.
+bool IsReferenceRow(const TableRow& row);
 
-// This row, which is the first of its block, and those that share cells with it.
-void AddWholeRows(WholeMaker& maker, std::size_t index);
+// `index` is the first row of a block; adds the rows that share cells with it, too.
+void AddReferenceRows(ReferenceBuilder& maker, std::size_t index);

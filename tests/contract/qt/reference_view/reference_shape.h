@@ -1,22 +1,22 @@
-// What a paragraph's style comes to where a text is laid out as a whole.
+// A paragraph style in pixels, for the reference layout.
 #pragma once
 
 #include "tests/contract/qt/reference_view/reference_paragraph.h"
 
 #include <QTextOption>
 
-// All that a part's layout needs, from its style.
-struct WholeShape {
+struct ReferenceShape {
     bool rightToLeft = false, stretches = false;
     Alignment alignment = Alignment::Left;
-    int firstIndent = 0, indent = 0, farIndent = 0, before = 0, after = 0;
+    int firstIndent = 0, indent = 0, endIndent = 0, before = 0, after = 0;
     std::int32_t spacing = 0;
     bool multiple = false;
     QTextOption option;
 
-    int SlotHeight(const WholeSetting& setting, int natural) const;
+    int SlotHeight(const ReferenceSettings& settings, int natural) const;
 };
 
-// The direction is the paragraph's unless it is told, for a part that goes on.
-WholeShape WholeShapeOf(const WholeSetting& setting, const WholePart& part, const QString& text,
-                        const bool* rightToLeft);
+// `rightToLeft` is given for a part that continues a paragraph; otherwise the direction is the
+// paragraph's.
+ReferenceShape ReferenceShapeOf(const ReferenceSettings& settings, const ReferencePart& part,
+                                const QString& text, const bool* rightToLeft);

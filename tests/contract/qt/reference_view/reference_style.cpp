@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-QFont WholeFont(const ViewFont& font) {
+QFont ReferenceFont(const ViewFont& font) {
     QFont result(font.name.empty() ? QGuiApplication::font().family()
                                    : QString::fromStdU16String(font.name));
     const double size = font.size > 0 ? font.size : QGuiApplication::font().pointSizeF();
@@ -19,36 +19,37 @@ QFont WholeFont(const ViewFont& font) {
     return result;
 }
 
-const CharStyle& WholeCharStyle(const Document& document, TextPos position) {
+const CharStyle& ReferenceCharStyle(const Document& document, TextPos position) {
     std::uint32_t style = 0;
     for (const StyleRun& run : document.charRuns)
         if (run.start <= position) style = run.style;
     return document.charStyles[style];
 }
 
-const ParagraphStyle& WholeParagraphStyle(const Document& document, TextPos position) {
+const ParagraphStyle& ReferenceParagraphStyle(const Document& document, TextPos position) {
     std::uint32_t style = 0;
     for (const StyleRun& run : document.paragraphRuns)
         if (run.start <= position) style = run.style;
     return document.paragraphStyles[style];
 }
 
-QFont WholeStyleFont(const WholeSetting& setting, const CharStyle& style) {
-    ViewFont font = setting.look.font;
-    if (!setting.look.fontForAll) {
-        if (!setting.document->fonts[style.font].empty())
-            font.name = setting.document->fonts[style.font];
+QFont ReferenceStyleFont(const ReferenceSettings& settings, const CharStyle& style) {
+    ViewFont font = settings.style.font;
+    if (!settings.style.fontForAll) {
+        if (!settings.document->fonts[style.font].empty())
+            font.name = settings.document->fonts[style.font];
         font.size = style.halfPoints / 2.0;
         font.bold = style.bold;
         font.italic = style.italic;
         font.underline = style.underline;
         font.strikethrough = style.strikethrough;
     }
-    return WholeFont(font);
+    return ReferenceFont(font);
 }
 
-QTextCharFormat WholeFormat(const WholeSetting& setting, const CharStyle& style, bool smaller) {
-    QFont font = WholeStyleFont(setting, style);
+QTextCharFormat ReferenceFormat(const ReferenceSettings& settings, const CharStyle& style,
+                                bool smaller) {
+    QFont font = ReferenceStyleFont(settings, style);
     if (smaller) font.setPointSizeF(0.8 * font.pointSizeF());
     QTextCharFormat format;
     format.setFont(font);
@@ -59,29 +60,31 @@ QTextCharFormat WholeFormat(const WholeSetting& setting, const CharStyle& style,
     return format;
 }
 
-QTextCharFormat WholePictureFormat(const WholeSetting& setting, const Picture& picture, int width) {
+QTextCharFormat ReferencePictureFormat(const ReferenceSettings& settings, const Picture& picture,
+                                       int width) {
     QTextCharFormat format;
-    QFont font = WholeStyleFont(setting, WholeCharStyle(*setting.document, picture.position));
+    QFont font =
+        ReferenceStyleFont(settings, ReferenceCharStyle(*settings.document, picture.position));
     font.setPointSizeF(1);
     font.setUnderline(false);
     font.setStrikeOut(false);
-    const double own = QFontMetricsF(font, setting.device).horizontalAdvance(wholeStandIn);
+    const double own = QFontMetricsF(font, settings.device).horizontalAdvance(referencePlaceholder);
     font.setLetterSpacing(QFont::AbsoluteSpacing, std::max(0.0, width - own));
     format.setFont(font);
     format.setVerticalAlignment(QTextCharFormat::AlignNormal);
     return format;
 }
 
-QSize WholePictureSize(const WholeSetting& setting, const Picture& picture, int width) {
-    QSize size(setting.Pixels(picture.widthTwips), setting.Pixels(picture.heightTwips));
+QSize ReferencePictureSize(const ReferenceSettings& settings, const Picture& picture, int width) {
+    QSize size(settings.Pixels(picture.widthTwips), settings.Pixels(picture.heightTwips));
     if (size.isEmpty() && picture.format != PictureFormat::Other) {
         QByteArray bytes = QByteArray::fromStdString(picture.bytes);
         QBuffer buffer(&bytes);
         buffer.open(QIODevice::ReadOnly);
         const char* kind = picture.format == PictureFormat::Png ? "png" : "jpeg";
-        size = QImageReader(&buffer, kind).size() * (15 * setting.pixelsPerTwip);
+        size = QImageReader(&buffer, kind).size() * (15 * settings.pixelsPerTwip);
     }
-    if (size.isEmpty()) size = QSize(setting.Pixels(480), setting.Pixels(480));
+    if (size.isEmpty()) size = QSize(settings.Pixels(480), settings.Pixels(480));
     const QSize most(std::max(1, width), 4096);
     if (size.width() > most.width() || size.height() > most.height())
         size.scale(most, Qt::KeepAspectRatio);

@@ -1,4 +1,4 @@
-// How characters and pictures of a text look that is laid out as a whole.
+// Character formats and picture sizes of the reference layout.
 #pragma once
 
 #include "tests/contract/qt/reference_view/reference_text.h"
@@ -6,13 +6,15 @@
 #include <QSize>
 #include <QTextLayout>
 
-constexpr char16_t wholeStandIn = u'\u2014'; // for a picture
+constexpr char16_t referencePlaceholder = u'\u2014'; // for a picture
 
-const CharStyle& WholeCharStyle(const Document& document, TextPos position);
-const ParagraphStyle& WholeParagraphStyle(const Document& document, TextPos position);
-QFont WholeStyleFont(const WholeSetting& setting, const CharStyle& style);
-QTextCharFormat WholeFormat(const WholeSetting& setting, const CharStyle& style, bool smaller);
-QTextCharFormat WholePictureFormat(const WholeSetting& setting, const Picture& picture, int width);
+const CharStyle& ReferenceCharStyle(const Document& document, TextPos position);
+const ParagraphStyle& ReferenceParagraphStyle(const Document& document, TextPos position);
+QFont ReferenceStyleFont(const ReferenceSettings& settings, const CharStyle& style);
+QTextCharFormat ReferenceFormat(const ReferenceSettings& settings, const CharStyle& style,
+                                bool smaller);
+QTextCharFormat ReferencePictureFormat(const ReferenceSettings& settings, const Picture& picture,
+                                       int width);
 
-// As it is shown in a line of `width` pixels.
-QSize WholePictureSize(const WholeSetting& setting, const Picture& picture, int width);
+// In a line of `width` pixels.
+QSize ReferencePictureSize(const ReferenceSettings& settings, const Picture& picture, int width);

@@ -1,9 +1,9 @@
-// A whole text laid out from its first character to its last, slowly and simply: what the text
-// view, which lays out only what is seen, is held against.
+// The reference layout: a whole text, laid out slowly and simply from its first character to its
+// last. The text view, which lays out visible blocks only, must show the same.
 #pragma once
 
 #include "formats/document.h"
-#include "platform/qt/text_view/layout/view_style.h"
+#include "platform/shared/view_style.h"
 
 #include <QPoint>
 #include <QRect>
@@ -14,12 +14,12 @@
 #include <string>
 #include <vector>
 
-// What the layout depends on. Lengths in the screen's pixels.
-struct WholeSetting {
+// What the layout depends on. Lengths are device pixels.
+struct ReferenceSettings {
     const Document* document = nullptr; // styles, rows and pictures
     std::u16string text;
     bool plain = true;
-    ViewLook look;
+    ViewStyle style;
     int viewWidth = 1, breakWidth = 1;
     double pixelsPerTwip = 96.0 / 1440;
     QPaintDevice* device = nullptr;
@@ -28,50 +28,52 @@ struct WholeSetting {
     int Hairline() const { return std::max(1, Pixels(15)); }
 };
 
-// Heights count from the top of the text, widths from where the view's lines begin.
-struct WholeLine {
+// Vertical positions are relative to the top of the text, horizontal ones to the start of the
+// view's lines.
+struct ReferenceLine {
     TextPos start = 0, end = 0;    // without the paragraph break
-    bool goesOn = false;           // its paragraph goes on in the next line
-    int top = 0, bottom = 0;       // of its slot; a cell's or block's first line begins at its top
+    bool isContinued = false;      // the paragraph continues in the next line
+    int top = 0, bottom = 0;       // lines tile their cell or block
     int inkTop = 0, inkBottom = 0; // without the space around the paragraph
-    std::size_t paragraph = 0;     // index in WholeText::paragraphs
+    std::size_t paragraph = 0;     // index in ReferenceText::paragraphs
     int index = 0;                 // of the QTextLine
     int Height() const { return std::max(1, bottom - top); }
-    QTextLine Text(const struct WholeText& text) const;
+    QTextLine Text(const struct ReferenceText& text) const;
 };
 
-struct WholeParagraph {
+struct ReferenceParagraph {
     TextPos start = 0, end = 0;
     bool rightToLeft = false, hidden = false;
     QPointF origin; // of the layout's coordinates
     int top = 0, bottom = 0;
-    QRect cell; // null for none
+    QRect cell; // null outside tables
     int cellNumber = -1;
     std::size_t block = 0, firstLine = 0, lineCount = 0;
-    std::vector<QFont> fonts; // held for the text
+    std::vector<QFont> fonts; // pinned for the text
     std::unique_ptr<QTextLayout> text;
 };
 
-struct WholeBlock {
+struct ReferenceBlock {
     TextPos start = 0, end = 0;
     int top = 0, bottom = 0;
 };
 
-struct WholeText {
-    std::vector<WholeBlock> blocks;
-    std::vector<WholeParagraph> paragraphs;
-    std::vector<WholeLine> lines; // by ascending start
+struct ReferenceText {
+    std::vector<ReferenceBlock> blocks;
+    std::vector<ReferenceParagraph> paragraphs;
+    std::vector<ReferenceLine> lines; // by ascending start
     int height = 0;
 
-    const WholeLine& LineOf(TextPos position) const;
-    const WholeParagraph& ParagraphOf(const WholeLine& line) const {
+    const ReferenceLine& LineOf(TextPos position) const;
+    const ReferenceParagraph& ParagraphOf(const ReferenceLine& line) const {
         return paragraphs[line.paragraph];
     }
     std::size_t BlockAt(int y) const;
-    const WholeLine& LineAt(int y) const; // the lowest that begins at or above y, in its block
-    double X(const WholeLine& line, TextPos position) const; // of the caret
+    const ReferenceLine&
+    LineAt(int y) const; // the lowest line of its block that starts at or above y
+    double X(const ReferenceLine& line, TextPos position) const; // of the caret
 };
 
-WholeText LayOutWhole(const WholeSetting& setting);
+ReferenceText LayOutReference(const ReferenceSettings& settings);
 
-QFont WholeFont(const ViewFont& font);
+QFont ReferenceFont(const ViewFont& font);

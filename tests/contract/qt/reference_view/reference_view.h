@@ -1,58 +1,60 @@
-// What the text view must show and do, told from the whole text: where it is scrolled to, where the
-// caret is, and what keys and scrolling change. Heights and widths in the screen's pixels.
+// The expected behaviour of the text view: scroll position, caret, and the effect of keys and
+// scrolling. Lengths are device pixels.
 #pragma once
 
 #include "tests/contract/qt/reference_view/reference_text.h"
 
 #include <optional>
 
-class WholeView {
+class ReferenceView {
   public:
-    WholeSetting setting;
-    int viewHeight = 1, lineHeight = 1; // lines of the view's own font
+    ReferenceSettings settings;
+    int viewHeight = 1, lineHeight = 1; // of lines in the view's font
     TextPos anchor = 0, caret = 0;
-    std::optional<int> wantedX;
+    std::optional<int> preferredX;
 
-    void Load(); // what is set, from its start
+    void Load(); // applies the settings and starts at the top
     void Relayout();
-    const WholeText& Whole() const { return whole_; }
+    const ReferenceText& Reference() const { return reference_; }
 
     int Top() const;
     TextPos FirstVisible() const;
     QRect CaretBox(TextPos position) const;
 
-    void ShowLine(TextPos position);
+    void ScrollLineToTop(TextPos position);
     void ScrollBy(int pixels);
     void ScrollLines(int lines);
     void ScrollPage(bool down);
-    void ScrollToChar(TextPos position);
+    void ScrollToPosition(TextPos position);
     void Reveal(TextPos position);
-    void SettleAtEnd();
+    void KeepEndAtBottom();
 
-    // The line that a click or a vertical key at a point leads to, and whether a position is the
-    // one that is meant in it. Where a line goes both ways any place in it may be.
-    const WholeLine& LineNear(int x, int y) const;
-    bool MayBe(const WholeLine& line, int x, TextPos position) const;
-    TextPos LastPlace(const WholeLine& line) const;
-    bool GoesOneWay(const WholeLine& line) const;
-    std::string Describe(const WholeLine& line) const; // its text, and where its characters are
+    // The line that a click or a vertical movement leads to, and whether a position is possible for
+    // it. In a bidirectional line any position is.
+    const ReferenceLine& LineNear(int x, int y) const;
+    bool IsPossible(const ReferenceLine& line, int x, TextPos position) const;
+    TextPos LastCaretPosition(const ReferenceLine& line) const;
+    bool IsUnidirectional(const ReferenceLine& line) const;
+    std::string
+    Describe(const ReferenceLine& line) const; // its text, and the positions of its characters
 
-    // A key that is not vertical; none where any place may be meant.
+    // Not for vertical keys; none if any position is possible.
     std::optional<TextPos> KeyTarget(int key, bool control) const;
-    const WholeLine& LineAbove(int x) const;
-    const WholeLine& LineBelow(int x) const;
-    // Scrolls a page; the line in which the caret is then, or none where it goes to the text's end.
-    const WholeLine* TurnPage(bool down);
+    const ReferenceLine& LineAbove(int x) const;
+    const ReferenceLine& LineBelow(int x) const;
+    // Scrolls a page; returns the caret's new line, or null if it moves to the start or end of the
+    // text.
+    const ReferenceLine* TurnPage(bool down);
     void ShowCaret(bool afterPage);
 
   private:
-    int LastTop() const { return std::max(0, whole_.height - viewHeight); }
-    int Moved(int y) const { return std::clamp(y, 0, whole_.height); }
+    int MaxTop() const { return std::max(0, reference_.height - viewHeight); }
+    int Moved(int y) const { return std::clamp(y, 0, reference_.height); }
     void SetTop(int y);
     TextPos Next(bool forward, QTextLayout::CursorMode mode) const;
-    const WholeLine& LineIn(const WholeParagraph& paragraph, int y) const;
+    const ReferenceLine& LineIn(const ReferenceParagraph& paragraph, int y) const;
 
-    WholeText whole_;
+    ReferenceText reference_;
     TextPos topChar_ = 0;
     int hidden_ = 0;
     bool placed_ = true;

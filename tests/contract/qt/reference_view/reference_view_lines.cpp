@@ -1,4 +1,4 @@
-// What stands where in the lines.
+// Positions within lines.
 #include "tests/contract/qt/reference_view/reference_view.h"
 
 #include <algorithm>
@@ -11,7 +11,7 @@ bool IsLeftwards(QChar unit) {
     return unit.direction() == QChar::DirR || unit.direction() == QChar::DirAL;
 }
 
-// The last letter of a text.
+// By the last strong character.
 bool EndsLeftwards(const QString& text) {
     for (qsizetype i = text.size() - 1; i >= 0; --i) {
         if (IsLeftwards(text[i])) return true;
@@ -20,14 +20,14 @@ bool EndsLeftwards(const QString& text) {
     return false;
 }
 
-// Whether it surely goes that way where all beside it do.
-bool MayGo(QChar unit, bool leftwards) {
+// Whether the direction is certain among characters of that direction.
+bool MayGo(QChar unit, bool rightToLeft) {
     if (unit.isSurrogate()) return false;
     switch (unit.direction()) {
     case QChar::DirL:
-    case QChar::DirEN: return !leftwards;
+    case QChar::DirEN: return !rightToLeft;
     case QChar::DirR:
-    case QChar::DirAL: return leftwards;
+    case QChar::DirAL: return rightToLeft;
     case QChar::DirES:
     case QChar::DirET:
     case QChar::DirCS:
@@ -37,29 +37,29 @@ bool MayGo(QChar unit, bool leftwards) {
     case QChar::DirON:
     case QChar::DirNSM:
     case QChar::DirBN: return true;
-    default: return false; // digits of right-to-left scripts, and what sets a direction
+    default: return false; // digits of right-to-left scripts, and direction controls
     }
 }
 } // namespace
 
-const WholeLine& WholeView::LineIn(const WholeParagraph& paragraph, int y) const {
+const ReferenceLine& ReferenceView::LineIn(const ReferenceParagraph& paragraph, int y) const {
     std::size_t found = paragraph.firstLine;
     for (std::size_t i = found; i < paragraph.firstLine + paragraph.lineCount; ++i) {
-        const int top = whole_.lines[i].inkTop;
+        const int top = reference_.lines[i].inkTop;
         if (i == paragraph.firstLine || top <= y) found = i;
     }
-    return whole_.lines[found];
+    return reference_.lines[found];
 }
 
-const WholeLine& WholeView::LineNear(int x, int y) const {
+const ReferenceLine& ReferenceView::LineNear(int x, int y) const {
     y = Moved(y);
-    const std::size_t block = whole_.BlockAt(y);
+    const std::size_t block = reference_.BlockAt(y);
     const auto distance = [](int at, int from, int to) {
         return at < from ? from - at : at >= to ? at - to + 1 : 0;
     };
-    const WholeParagraph* nearest = nullptr;
+    const ReferenceParagraph* nearest = nullptr;
     std::tuple least(0, 0, 0);
-    for (const WholeParagraph& paragraph : whole_.paragraphs) {
+    for (const ReferenceParagraph& paragraph : reference_.paragraphs) {
         if (paragraph.block != block || paragraph.hidden) continue;
         std::tuple each(0, 0, distance(y, paragraph.top, paragraph.bottom));
         if (!paragraph.cell.isNull()) {
@@ -74,49 +74,50 @@ const WholeLine& WholeView::LineNear(int x, int y) const {
     return LineIn(*nearest, y);
 }
 
-TextPos WholeView::LastPlace(const WholeLine& line) const {
-    if (!line.goesOn) return line.end;
-    const WholeParagraph& paragraph = whole_.ParagraphOf(line);
+TextPos ReferenceView::LastCaretPosition(const ReferenceLine& line) const {
+    if (!line.isContinued) return line.end;
+    const ReferenceParagraph& paragraph = reference_.ParagraphOf(line);
     return paragraph.start + paragraph.text->previousCursorPosition(line.end - paragraph.start);
 }
 
-bool WholeView::GoesOneWay(const WholeLine& line) const {
-    const WholeParagraph& paragraph = whole_.ParagraphOf(line);
+bool ReferenceView::IsUnidirectional(const ReferenceLine& line) const {
+    const ReferenceParagraph& paragraph = reference_.ParagraphOf(line);
     const QString text = paragraph.text->text();
     const int start = line.start - paragraph.start, length = line.end - line.start;
-    // Digits go the way of what is before them.
+    // Digits have the direction of the text before them.
     if (!paragraph.rightToLeft && EndsLeftwards(text.first(start))) return false;
     const QString own = text.mid(start, length);
     return std::all_of(own.begin(), own.end(),
                        [&](QChar unit) { return MayGo(unit, paragraph.rightToLeft); });
 }
 
-std::string WholeView::Describe(const WholeLine& line) const {
-    std::string told;
+std::string ReferenceView::Describe(const ReferenceLine& line) const {
+    std::string text;
     for (TextPos at = line.start; at <= line.end; ++at) {
-        const bool inside = at < TextPos(setting.text.size());
-        const char16_t unit = inside ? setting.text[std::size_t(at)] : u'\0';
-        told += " " + std::to_string(at);
-        told += unit > 32 && unit < 127 ? std::string(1, char(unit))
+        const bool inside = at < TextPos(settings.text.size());
+        const char16_t unit = inside ? settings.text[std::size_t(at)] : u'\0';
+        text += " " + std::to_string(at);
+        text += unit > 32 && unit < 127 ? std::string(1, char(unit))
                                         : "(" + QString::number(unit, 16).toStdString() + ")";
-        told += QString::number(whole_.X(line, at), 'f', 1).toStdString();
+        text += QString::number(reference_.X(line, at), 'f', 1).toStdString();
     }
-    return told;
+    return text;
 }
 
-bool WholeView::MayBe(const WholeLine& line, int x, TextPos position) const {
-    const TextPos last = LastPlace(line);
-    if (last < line.start) return position == last; // only marks of a letter in the line above
+bool ReferenceView::IsPossible(const ReferenceLine& line, int x, TextPos position) const {
+    const TextPos last = LastCaretPosition(line);
+    if (last < line.start)
+        return position == last; // the line has only marks of a letter in the line above
     if (position < line.start || position > last) return false;
-    if (!GoesOneWay(line)) return true;
-    const WholeParagraph& paragraph = whole_.ParagraphOf(line);
+    if (!IsUnidirectional(line)) return true;
+    const ReferenceParagraph& paragraph = reference_.ParagraphOf(line);
     double least = std::numeric_limits<double>::max();
     for (TextPos each = line.start; each <= last; ++each)
         if (paragraph.text->isValidCursorPosition(each - paragraph.start))
-            least = std::min(least, std::abs(whole_.X(line, each) - x));
-    // Behind the text of a wrapped line there are only its blanks.
-    const QTextLine text = line.Text(whole_);
+            least = std::min(least, std::abs(reference_.X(line, each) - x));
+    // Behind the text of a wrapped line there are only its trailing spaces.
+    const QTextLine text = line.Text(reference_);
     const double end = paragraph.origin.x() + text.naturalTextRect().right();
     if (!paragraph.rightToLeft && x >= end - 1 && position == last) return true;
-    return std::abs(whole_.X(line, position) - x) <= least + 1;
+    return std::abs(reference_.X(line, position) - x) <= least + 1;
 }

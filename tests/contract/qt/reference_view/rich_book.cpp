@@ -57,7 +57,7 @@ class RichBook {
             runs.push_back(run);
     }
 
-    // No run begins behind the text.
+    // No run starts behind the text.
     void Finish(std::vector<StyleRun>& runs) const {
         while (runs.size() > 1 && runs.back().start >= Size())
             runs.pop_back();

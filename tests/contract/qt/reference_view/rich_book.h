@@ -1,4 +1,4 @@
-// A styled text made by chance, with or without tables and pictures.
+// A random rich text, with or without tables and pictures.
 #pragma once
 
 #include "tests/contract/qt/reference_view/random_book.h"
