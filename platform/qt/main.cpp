@@ -1,19 +1,18 @@
 #include "app/main_form.h"
 #include "app/start_up.h"
-#include "platform/qt/font_setup.h"
-#include "platform/qt/plugin_paths.h"
 #include "platform/qt/qt_ports.h"
+#include "platform/qt/system/application_setup.h"
 
 #include <QApplication>
 
 int main(int argc, char** argv) {
-    // The bar is drawn by the program itself: asking the desktop for a global one costs start-up
-    // time, and such a bar would read long menus in full.
+    // A global menu bar of the desktop costs start-up time to ask for, and would fetch long menus
+    // as a whole.
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
-    KeepPluginsFromProgramFolder();
-    FontSetup fonts;
+    ExcludeProgramFolderFromPluginPaths();
+    FontconfigLoader fontconfig;
     const QApplication application(argc, argv);
-    fonts.Finish();
+    fontconfig.Finish();
     QGuiApplication::setDesktopFileName(QStringLiteral("norvaset"));
     MainForm form(MakeQtPorts(argc, argv));
     return Form_Load(form) ? QApplication::exec() : 0;

@@ -3,22 +3,22 @@
 #include "platform/posix/posix_clock.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/posix_paths.h"
-#include "platform/qt/launch.h"
-#include "platform/qt/qt_clipboard.h"
-#include "platform/qt/qt_dialogs.h"
-#include "platform/qt/qt_help_window.h"
-#include "platform/qt/qt_html_view.h"
-#include "platform/qt/qt_locale.h"
-#include "platform/qt/qt_menu_bar.h"
-#include "platform/qt/qt_registry.h"
-#include "platform/qt/qt_shell.h"
-#include "platform/qt/qt_status_bar.h"
+#include "platform/qt/dialogs/qt_dialogs.h"
+#include "platform/qt/help/qt_help_window.h"
+#include "platform/qt/html_view/qt_html_view.h"
 #include "platform/qt/qt_text.h"
-#include "platform/qt/qt_timer.h"
-#include "platform/qt/qt_update_check.h"
-#include "platform/qt/qt_version_info.h"
-#include "platform/qt/qt_window.h"
+#include "platform/qt/system/command_line.h"
+#include "platform/qt/system/qt_clipboard.h"
+#include "platform/qt/system/qt_locale.h"
+#include "platform/qt/system/qt_registry.h"
+#include "platform/qt/system/qt_shell.h"
+#include "platform/qt/system/qt_timer.h"
+#include "platform/qt/system/qt_version_info.h"
 #include "platform/qt/text_view/qt_text_view.h"
+#include "platform/qt/web_fetch/qt_update_check.h"
+#include "platform/qt/window/qt_menu_bar.h"
+#include "platform/qt/window/qt_status_bar.h"
+#include "platform/qt/window/qt_window.h"
 #include "product.h"
 
 #include <QCoreApplication>
@@ -29,7 +29,7 @@
 
 namespace {
 
-// A folder of the installation whose programs' folder this program is in.
+// A folder of the same installation prefix.
 QString Installed(const QString& folder) {
     return QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../") +
                            folder);

@@ -5,11 +5,11 @@
 #include <algorithm>
 
 namespace {
-// A paragraph of a laid-out block, with the caret's place in it.
+// A paragraph of a laid-out block, and a caret position in it.
 struct Place {
     TextLayouts::Layout layout;
     LineRef line;
-    TextPos at = 0; // in the paragraph
+    TextPos at = 0; // relative to the paragraph
 
     Place(TextLayouts& layouts, TextPos position)
         : layout(layouts.At(position)), line(LineOf(*layout, position)) {
@@ -24,8 +24,8 @@ bool RightToLeft(const Place& place) {
     return place.Paragraph().IsRightToLeft();
 }
 
-// Before the last character or word of a part that no paragraph break ends: behind it is the next
-// part.
+// Before the last character or word if no paragraph break follows: the position behind it belongs
+// to the next part.
 TextPos LastPosition(const ParagraphLayout& paragraph, TextPos nextStart,
                      QTextLayout::CursorMode mode) {
     if (paragraph.end < nextStart || paragraph.end == paragraph.start) return paragraph.end;
@@ -49,38 +49,38 @@ TextPos PreviousParagraph(TextLayouts& layouts, const Place& place,
     return before ? LastPosition(before->paragraphs.back(), start, mode) : start;
 }
 
-// A word may begin with a mark of the blank before it: then behind the whole character.
+// A word boundary may be within a grapheme cluster (a space with a mark): then the cluster's end.
 TextPos Forward(TextLayouts& layouts, const Place& place, QTextLayout::CursorMode mode) {
     const int to = place.Text().nextCursorPosition(place.at, mode);
     if (to == place.at) return NextParagraph(layouts, place);
     const bool whole = place.Text().isValidCursorPosition(to);
-    return whole ? place.Position(to) : place.Paragraph().NextPlace(place.Position(to));
+    return whole ? place.Position(to) : place.Paragraph().NextCaretPosition(place.Position(to));
 }
 
 TextPos Backward(TextLayouts& layouts, const Place& place, QTextLayout::CursorMode mode) {
     const int to = place.Text().previousCursorPosition(place.at, mode);
     if (to == place.at) return PreviousParagraph(layouts, place, mode);
     const bool whole = place.Text().isValidCursorPosition(to);
-    return whole ? place.Position(to) : place.Paragraph().PlaceBefore(place.Position(to));
+    return whole ? place.Position(to) : place.Paragraph().PreviousCaretPosition(place.Position(to));
 }
 
 using Step = int (QTextLayout::*)(int) const;
 
-// From a line's edge, where the layout sees no way on: a line that is nothing but its separator.
+// QTextLayout does not move out of a line that consists of a line separator only.
 TextPos BesideLine(const Place& place, TextPos from, bool forward) {
     const ParagraphLayout& paragraph = place.Paragraph();
     const int line = place.line.line;
     if (forward) return line + 1 < paragraph.LineCount() ? paragraph.LineEnd(line) : from;
-    return line > 0 ? paragraph.LastPlace(line - 1) : from;
+    return line > 0 ? paragraph.LastCaretPosition(line - 1) : from;
 }
 
-// To the place beside, where the paragraph has one. Where text goes both ways the layout does not
-// know the blanks at a line's end, and steps into characters.
+// In bidirectional text QTextLayout ignores trailing spaces, and stops within grapheme clusters.
 TextPos SideStep(const Place& place, Step step, bool forward) {
     const ParagraphLayout& paragraph = place.Paragraph();
     const TextPos from = paragraph.start + place.at;
-    const TextPos blanks = paragraph.BlanksStart(place.line.line);
-    if (from >= blanks) return forward ? paragraph.NextPlace(from) : paragraph.PlaceBefore(from);
+    const TextPos spaces = paragraph.TrailingSpacesStart(place.line.line);
+    if (from >= spaces)
+        return forward ? paragraph.NextCaretPosition(from) : paragraph.PreviousCaretPosition(from);
     int at = place.at;
     do {
         const int to = (place.Text().*step)(at);
@@ -88,13 +88,13 @@ TextPos SideStep(const Place& place, Step step, bool forward) {
         at = to;
     } while (!place.Text().isValidCursorPosition(at));
     const TextPos to = paragraph.start + at;
-    if (to >= paragraph.LineEnd(place.line.line)) return std::min(to, blanks);
+    if (to >= paragraph.LineEnd(place.line.line)) return std::min(to, spaces);
     if (to >= paragraph.LineStart(place.line.line)) return to;
     const int above = place.line.line - 1;
-    return paragraph.BlanksStart(above) < from ? paragraph.LastPlace(above) : to;
+    return paragraph.TrailingSpacesStart(above) < from ? paragraph.LastCaretPosition(above) : to;
 }
 
-// The same cell's line `step` lines further, or none.
+// Moves by `step` lines within the same cell; false if there is none.
 bool StepLine(Place& place, int step) {
     const int line = place.line.line + step;
     if (line >= 0 && line < place.Paragraph().LineCount()) {
@@ -161,7 +161,7 @@ TextPos CaretHome(TextLayouts& layouts, TextPos position) {
 
 TextPos CaretEnd(TextLayouts& layouts, TextPos position) {
     const Place place(layouts, position);
-    return place.Paragraph().LastPlace(place.line.line);
+    return place.Paragraph().LastCaretPosition(place.line.line);
 }
 
 TextSpan WordAround(TextLayouts& layouts, TextPos position) {

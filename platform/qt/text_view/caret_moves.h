@@ -1,16 +1,15 @@
-// Where a key takes the caret. Positions in, positions out; nothing scrolls or selects here.
+// Caret movement by keys: positions in, positions out, without scrolling or selecting.
 #pragma once
 
-#include "platform/qt/text_view/text_layouts.h"
+#include "platform/qt/text_view/layout/text_layouts.h"
 
-// One character or word as it is seen: to the left is forward in a right-to-left paragraph.
+// Visual movement by a character or word: left is forward in a right-to-left paragraph.
 TextPos CaretLeft(TextLayouts& layouts, TextPos position);
 TextPos CaretRight(TextLayouts& layouts, TextPos position);
 TextPos WordLeft(TextLayouts& layouts, TextPos position);
 TextPos WordRight(TextLayouts& layouts, TextPos position);
 
-// To the line above or below in the same table cell, else in the row or block above or below, near
-// `x`.
+// To the next line in the same table cell, or else to the next row or block, near `x`.
 TextPos CaretUp(TextLayouts& layouts, TextPos position, int x);
 TextPos CaretDown(TextLayouts& layouts, TextPos position, int x);
 

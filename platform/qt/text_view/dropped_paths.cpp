@@ -1,37 +1,35 @@
 #include "platform/qt/text_view/dropped_paths.h"
 
 #include "common/utf.h"
+#include "platform/qt/file_url.h"
 
 #include <QList>
-
-#include <optional>
-#include <string>
+#include <QMimeData>
 
 namespace {
-// The path of a file: address on this machine, as bytes. Not by QUrl: it would lose bytes that are
-// no UTF-8.
-std::optional<std::string> LocalPath(const QByteArray& address) {
-    constexpr QByteArrayView scheme = "file:";
-    if (address.left(scheme.size()).toLower() != scheme) return std::nullopt;
-    QByteArray path = address.mid(scheme.size());
-    if (path.startsWith("//")) {
-        const qsizetype slash = path.indexOf('/', 2);
-        if (slash < 0) return std::nullopt;
-        const QByteArray host = path.mid(2, slash - 2).toLower();
-        if (!host.isEmpty() && host != "localhost") return std::nullopt;
-        path = path.mid(slash);
-    }
-    if (!path.startsWith('/')) return std::nullopt;
-    return QByteArray::fromPercentEncoding(path).toStdString();
+const QString uriListFormat = QStringLiteral("text/uri-list");
 }
-} // namespace
 
 std::vector<std::u16string> DroppedPaths(const QByteArray& uriList) {
     std::vector<std::u16string> paths;
     for (const QByteArray& line : uriList.split('\n')) {
         const QByteArray address = line.trimmed();
         if (address.startsWith('#')) continue;
-        if (const auto path = LocalPath(address)) paths.push_back(Utf8ToUtf16(*path, u'?'));
+        if (const auto path = LocalPathOf(address.toStdString()))
+            paths.push_back(Utf8ToUtf16(*path, u'?'));
+    }
+    return paths;
+}
+
+void AcceptFileDrag(QDropEvent& event) {
+    if (event.mimeData()->hasFormat(uriListFormat)) event.acceptProposedAction();
+}
+
+std::vector<std::u16string> AcceptFileDrop(QDropEvent& event) {
+    std::vector<std::u16string> paths = DroppedPaths(event.mimeData()->data(uriListFormat));
+    if (!paths.empty()) {
+        event.setDropAction(Qt::CopyAction);
+        event.accept();
     }
     return paths;
 }

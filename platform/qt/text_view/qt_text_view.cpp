@@ -4,7 +4,7 @@
 #include "formats/plain/plain_text_source.h"
 #include "formats/rtf/rtf_reader.h"
 #include "formats/rtf/rtf_writer.h"
-#include "platform/qt/text_view/long_work.h"
+#include "platform/qt/text_view/event_pump.h"
 #include "platform/qt/text_view/text_widget.h"
 
 #include <algorithm>
@@ -19,6 +19,13 @@ CharStyle PlainStyle(const ViewFont& font) {
     style.underline = font.underline;
     style.strikethrough = font.strikethrough;
     return style;
+}
+
+template <class Change>
+void ChangeStyle(TextWidget& widget, const Change& change) {
+    ViewStyle style = widget.CurrentStyle();
+    change(style);
+    widget.SetViewStyle(style);
 }
 } // namespace
 
@@ -51,7 +58,7 @@ void QtTextView::LoadPlainText(std::u16string text) {
     UnifyLineEnds(text);
     Document document;
     document.text = std::move(text);
-    Show(std::move(document), true);
+    SetDocument(std::move(document), true);
 }
 
 void QtTextView::LoadRichText(std::string bytes, int systemCodePage) {
@@ -59,11 +66,11 @@ void QtTextView::LoadRichText(std::string bytes, int systemCodePage) {
 }
 
 void QtTextView::LoadDocument(Document document) {
-    Show(std::move(document), false);
+    SetDocument(std::move(document), false);
 }
 
 void QtTextView::LoadText(std::shared_ptr<const TextSource> text) {
-    ForgetFormatting();
+    ResetFormatting();
     widget_->ShowText(std::move(text));
 }
 
@@ -71,17 +78,17 @@ std::uint64_t QtTextView::MaxTextSize() const {
     return maxPlainTextSize;
 }
 
-void QtTextView::Show(Document document, bool plain) {
+void QtTextView::SetDocument(Document document, bool plain) {
     if (document.text.size() > std::size_t(maxTextLength)) document.text.resize(maxTextLength);
-    ForgetFormatting();
+    ResetFormatting();
     widget_->ShowText(std::move(document), plain);
 }
 
-void QtTextView::ForgetFormatting() {
-    ViewLook look = widget_->Look();
-    look.fontForAll = false;
-    look.alignment.reset();
-    widget_->SetLook(look);
+void QtTextView::ResetFormatting() {
+    ChangeStyle(*widget_, [&](ViewStyle& style) {
+        style.fontForAll = false;
+        style.alignment.reset();
+    });
 }
 
 TextPos QtTextView::TextLength() const {
@@ -107,17 +114,17 @@ TextPos QtTextView::SelLength() const {
 }
 
 TextPos QtTextView::Find(std::u16string_view what, TextPos start, FindOptions options) const {
-    LongWork work;
+    EventPump events;
     return widget_->Source().FindWhile(what, std::clamp(start, 0, TextLength()), options,
-                                       [&work] { return work.GoesOn(); });
+                                       [&events] { return events.ProcessEvents(); });
 }
 
 std::string QtTextView::SelectionAsRtf() const {
     if (!widget_->IsPlain()) return WriteRtf(widget_->Text(), SelStart(), SelLength());
     Document document;
     document.text = TextRange(SelStart(), SelLength());
-    document.fonts = {widget_->Look().font.name};
-    document.charStyles = {PlainStyle(widget_->Look().font)};
+    document.fonts = {widget_->CurrentStyle().font.name};
+    document.charStyles = {PlainStyle(widget_->CurrentStyle().font)};
     return WriteRtf(document);
 }
 
@@ -133,8 +140,8 @@ LineSpan QtTextView::LineAround(TextPos position) const {
 }
 
 void QtTextView::ScrollLineToTop(TextPos position) {
-    widget_->Scroller().ShowLine(position);
-    widget_->ShowScrolled();
+    widget_->Scroller().ScrollLineToTop(position);
+    widget_->OnScrolled();
 }
 
 void QtTextView::ScrollIntoViewHorizontally(TextPos start, TextPos length) {
@@ -143,57 +150,43 @@ void QtTextView::ScrollIntoViewHorizontally(TextPos start, TextPos length) {
 }
 
 void QtTextView::SetFont(const ViewFont& font) {
-    ViewLook look = widget_->Look();
-    look.font = font;
-    widget_->SetLook(look);
+    ChangeStyle(*widget_, [&](ViewStyle& style) { style.font = font; });
 }
 
 void QtTextView::ApplyFontToAll() {
-    ViewLook look = widget_->Look();
-    look.fontForAll = true;
-    widget_->SetLook(look);
+    ChangeStyle(*widget_, [&](ViewStyle& style) { style.fontForAll = true; });
 }
 
 bool QtTextView::AutoColor() const {
-    return widget_->Look().autoColor;
+    return widget_->CurrentStyle().autoColor;
 }
 
 void QtTextView::SetAutoColor(bool on) {
-    ViewLook look = widget_->Look();
-    look.autoColor = on;
-    widget_->SetLook(look);
+    ChangeStyle(*widget_, [&](ViewStyle& style) { style.autoColor = on; });
 }
 
 Color QtTextView::TextColor() const {
-    return widget_->Look().textColor;
+    return widget_->CurrentStyle().textColor;
 }
 
 void QtTextView::SetTextColor(Color color) {
-    ViewLook look = widget_->Look();
-    look.textColor = color;
-    widget_->SetLook(look);
+    ChangeStyle(*widget_, [&](ViewStyle& style) { style.textColor = color; });
 }
 
 Color QtTextView::BackColor() const {
-    return widget_->Look().backColor;
+    return widget_->CurrentStyle().backColor;
 }
 
 void QtTextView::SetBackColor(Color color) {
-    ViewLook look = widget_->Look();
-    look.backColor = color;
-    widget_->SetLook(look);
+    ChangeStyle(*widget_, [&](ViewStyle& style) { style.backColor = color; });
 }
 
 void QtTextView::SetAlignment(Alignment alignment) {
-    ViewLook look = widget_->Look();
-    look.alignment = alignment;
-    widget_->SetLook(look);
+    ChangeStyle(*widget_, [&](ViewStyle& style) { style.alignment = alignment; });
 }
 
 void QtTextView::SetRightMargin(int twips) {
-    ViewLook look = widget_->Look();
-    look.rightMargin = twips;
-    widget_->SetLook(look);
+    ChangeStyle(*widget_, [&](ViewStyle& style) { style.rightMargin = twips; });
 }
 
 void QtTextView::SetBounds(const Rect& bounds) {

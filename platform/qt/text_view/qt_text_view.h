@@ -1,4 +1,5 @@
-// The text view on Qt Widgets: lays out only what is seen, so a book of any size opens at once.
+// The text view on Qt Widgets. Lays out only what is visible, so that a book of any size opens at
+// once.
 #pragma once
 
 #include "platform/text_view.h"
@@ -17,14 +18,14 @@ class QtTextView : public TextView {
     QtTextView& operator=(const QtTextView&) = delete;
 
     QWidget* Widget() const;
-    QPoint ContextMenuPoint() const; // where on the screen the last one was asked for
-    int LayoutsMade() const;         // blocks laid out since the view was made
+    QPoint ContextMenuPoint() const; // global position of the last request
+    int LayoutsMade() const;         // blocks laid out so far
 
     void LoadPlainText(std::u16string text) override;
     void LoadText(std::shared_ptr<const TextSource> text) override;
     std::uint64_t MaxTextSize() const override;
     void LoadRichText(std::string bytes, int systemCodePage) override;
-    void LoadDocument(struct Document document); // what LoadRichText shows once it is read
+    void LoadDocument(struct Document document); // what LoadRichText does with the parsed document
     TextPos TextLength() const override;
     std::u16string TextRange(TextPos start, TextPos length) const override;
 
@@ -32,6 +33,7 @@ class QtTextView : public TextView {
     TextPos SelStart() const override;
     TextPos SelLength() const override;
     bool MirrorsRightToLeft() const override { return false; }
+    // Runs the event loop while it searches long, although it is const: see EventPump.
     TextPos Find(std::u16string_view what, TextPos start, FindOptions options) const override;
     std::string SelectionAsRtf() const override;
 
@@ -58,8 +60,8 @@ class QtTextView : public TextView {
     void SetName(std::u16string_view name) override;
 
   private:
-    void ForgetFormatting();
-    void Show(Document document, bool plain);
+    void ResetFormatting();
+    void SetDocument(Document document, bool plain);
 
-    QPointer<TextWidget> widget_; // null when its parent has deleted it
+    QPointer<TextWidget> widget_; // null once the parent has deleted it
 };

@@ -1,20 +1,21 @@
-// Draws laid-out blocks.
+// Paints laid-out blocks.
 #pragma once
 
-#include "platform/qt/text_view/block_layout.h"
+#include "platform/qt/text_view/layout/block_layout.h"
 
 #include <QPainter>
 #include <QPalette>
 
 struct TextPaint {
     const LayoutContext& context;
-    QColor text; // of what has no colour of its own
-    QColor selectionText, selectionBack;
+    QColor text; // for text without a colour of its own
+    QColor selectionText, selectionBackground;
     TextPos selectionStart = 0, selectionEnd = 0;
 };
 
-// `origin` is the block's top left corner, `clip` what has to be drawn; both in the painter's
-// pixels. Backgrounds of all blocks come first: a row's lower border lies on the block below.
+// `origin` is the block's top left corner and `clip` the exposed rectangle, both in the painter's
+// pixels. Paint the backgrounds of all blocks first: the bottom border of a row overlaps the block
+// below.
 void PaintBackground(QPainter& painter, const BlockLayout& layout, QPoint origin);
 void PaintBlock(QPainter& painter, const TextPaint& paint, const BlockLayout& layout, QPoint origin,
                 const QRect& clip);

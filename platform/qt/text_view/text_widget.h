@@ -1,5 +1,5 @@
-// The widget of the text view: lays out, paints and moves about in one document. All that is laid
-// out or scrolled counts in the screen's own pixels, what Qt is told or tells in the widget's.
+// The widget of the text view. Layout and scrolling are in device pixels; what is passed to and
+// from Qt is in device-independent ones.
 #pragma once
 
 #include "platform/qt/text_view/caret_moves.h"
@@ -17,33 +17,34 @@ class TextWidget : public QAbstractScrollArea {
   public:
     explicit TextWidget(QWidget* parent);
 
-    // Each from its start, caret at 0. A text alone is plain.
+    // Both start at the top with the caret at 0. A TextSource is plain text.
     void ShowText(Document document, bool plain);
     void ShowText(std::shared_ptr<const TextSource> text);
     const TextSource& Source() const { return *text_; }
-    const Document& Text() const { return document_; } // its text may not be what is shown
+    const Document& Text() const { return document_; } // its text may not be the one displayed
     bool IsPlain() const { return context_.plain; }
-    const ViewLook& Look() const { return look_; }
-    void SetLook(const ViewLook& look);
+    const ViewStyle& CurrentStyle() const { return viewStyle_; }
+    void SetViewStyle(const ViewStyle& style);
 
-    void Select(TextPos anchor, TextPos caret); // moved into the text
+    void Select(TextPos anchor, TextPos caret); // clamped to the text
     TextPos SelStart() const { return std::min(anchor_, caret_); }
     TextPos SelEnd() const { return std::max(anchor_, caret_); }
     TextPos Caret() const { return caret_; } // one end of the selection
 
-    // Laid out for the size that the widget has now, shown or not.
+    // These are up to date with the widget's current size, even if it is hidden.
     TextScroller& Scroller();
     TextLayouts& Layouts();
-    TextPos PositionAtPoint(QPoint point); // of the viewport; the nearest one
+    TextPos PositionAtPoint(QPoint point); // the nearest position; the point is in the viewport
     TextPos CharacterAtPoint(QPoint point);
-    QRect CaretRect(); // in the viewport; null when it is not in view
-    // In the viewport; somewhere above or below it when it is not in view. Null in a hidden widget.
+    QRect CaretRect(); // in the viewport; null if out of view
+    // In the viewport; above or below it if the character is out of view. Null if the widget is
+    // hidden.
     QRect CharacterRect(TextPos position);
-    void Reveal(TextPos position);                       // scrolls to it
-    void RevealHorizontally(TextPos start, TextPos end); // as far as they are in one line
-    void ShowScrolled();                                 // after the scroller was used
+    void Reveal(TextPos position);
+    void RevealHorizontally(TextPos start, TextPos end); // as far as both are in one line
+    void OnScrolled();                                   // call it after using the scroller
 
-    QPoint ContextMenuPoint() const { return contextPoint_; } // of the last one asked for, global
+    QPoint ContextMenuPoint() const { return contextPoint_; } // global, of the last request
 
     std::function<void()> onContextMenu;
     std::function<void(const std::vector<std::u16string>&)> onFilesDropped;
@@ -72,27 +73,27 @@ class TextWidget : public QAbstractScrollArea {
   private:
     enum class Granularity { Character, Word, Paragraph };
 
-    void ShowFromStart(const QString& toldBefore);
-    const TextSpan& SeenBlocks();
-    void TellSelection(TextPos anchorBefore, TextPos caretBefore);
-    QString ToldBeginning() const;
-    void TellOtherText(const QString& toldBefore);
-    void TellSeenSoon();
-    void TellSeen();
-    void Fit();
+    void ResetView(const QString& oldText);
+    const TextSpan& VisibleSpan();
+    void NotifySelectionChanged(TextPos anchorBefore, TextPos caretBefore);
+    QString AccessibleBeginning() const;
+    void NotifyTextChanged(const QString& oldText);
+    void ScheduleVisibleDataChanged();
+    void NotifyVisibleDataChanged();
+    void UpdateLayoutSize();
     void Relayout();
-    bool MeasureScreen();
+    bool UpdateResolution();
     int BreakWidth(int viewWidth) const;
-    int LineHeight() const; // of the view's own font
+    int LineHeight() const; // of the view's font
     int Pixels(int ofWidget) const { return int(ofWidget * pixelRatio_); }
-    QRect InWidget(const QRect& box) const;
+    QRect ToWidget(const QRect& box) const;
     int ViewWidth() const { return Pixels(viewport()->width()); }
-    int ColumnX(int viewX) const;
-    int RoomBeside() const;
-    void ScrollToX(int x); // of the text, to the view's left edge
+    int ToTextX(int viewX) const;
+    int SideMargin() const;
+    void ScrollToX(int x); // scrolls x of the text to the view's left edge
     std::optional<QRect> CaretInView();
     void UpdateScrollBars();
-    void VerticalAction(int action);
+    void OnVerticalAction(int action);
     void RestartBlinking();
     QColor CaretColor() const;
 
@@ -105,33 +106,33 @@ class TextWidget : public QAbstractScrollArea {
     void MoveCaret(TextPos position, bool extend);
 
     TextSpan UnitAround(TextPos position);
-    void AskForContextMenu(QPoint point); // of the viewport
+    void RequestContextMenu(QPoint point); // in the viewport
     void ExtendByMouse(QPoint point);
     void SelectUnit(TextPos position, Granularity granularity);
     void AutoScroll();
     void ScrollByWheel(int angle);
 
     Document document_;
-    std::shared_ptr<const TextSource> text_; // of the document, or another
-    ViewLook look_;
-    QPalette palette_; // the widget's, where the formats can observe it
+    std::shared_ptr<const TextSource> text_; // the document's text, or a TextSource
+    ViewStyle viewStyle_;
+    QPalette palette_; // a copy that the formats can refer to
     CharFormats formats_;
     PictureStore pictures_;
-    QImage screen_{1, 1, QImage::Format_Mono}; // has the resolution of the screen's own pixels
-    double pixelRatio_ = 1;                    // of them to the widget's
-    int margin_ = 0;                           // between the view's edges and the text
+    QImage screen_{1, 1, QImage::Format_Mono}; // a paint device of the screen's resolution
+    double pixelRatio_ = 1;                    // device pixels per device-independent pixel
+    int margin_ = 0;                           // around the text, in pixels
     LayoutContext context_;
     TextLayouts layouts_;
     TextScroller scroller_;
 
-    TextPos anchor_ = 0, caret_ = 0; // of the selection; equal when there is none
-    std::optional<int> wantedX_;     // of the caret while it moves up and down
+    TextPos anchor_ = 0, caret_ = 0; // equal if nothing is selected
+    std::optional<int> preferredX_;  // of the caret during vertical movement
     Granularity granularity_ = Granularity::Character;
-    TextSpan firstUnit_; // what a drag started with
+    TextSpan dragStart_; // the unit that a drag started with
     QPoint mouse_, contextPoint_;
     QElapsedTimer sinceDoubleClick_;
-    QBasicTimer blink_, autoScroll_, tellSeen_;
-    std::optional<TextSpan> seenBlocks_;
+    QBasicTimer blink_, autoScroll_, visibleDataTimer_;
+    std::optional<TextSpan> visibleSpan_;
     bool caretOn_ = false;
-    int wheelRest_ = 0; // lines of a turn less than a notch, times `notch`
+    int wheelRemainder_ = 0; // lines, times the angle of a wheel step
 };

@@ -1,4 +1,4 @@
-// The keys of the text widget. A key that it does not use goes on to the window.
+// Key events of the text widget. Unused keys propagate to the window.
 #include "platform/qt/text_view/text_widget.h"
 
 #include <QKeyEvent>
@@ -13,17 +13,17 @@ void TextWidget::keyPressEvent(QKeyEvent* event) {
                        CaretKey(key, modifiers));
 }
 
-// The Menu key comes as an event of its own.
+// The Menu key sends a context menu event.
 bool TextWidget::MenuKey(int key, Qt::KeyboardModifiers modifiers) {
     if (key != Qt::Key_F10 || modifiers != Qt::ShiftModifier) return false;
-    AskForContextMenu(CaretRect().bottomLeft());
+    RequestContextMenu(CaretRect().bottomLeft());
     return true;
 }
 
 bool TextWidget::ScrollKey(int key, Qt::KeyboardModifiers modifiers) {
     if (key != Qt::Key_Space || (modifiers & ~Qt::ShiftModifier)) return false;
     Scroller().ScrollPage(!(modifiers & Qt::ShiftModifier), LineHeight());
-    ShowScrolled();
+    OnScrolled();
     return true;
 }
 
@@ -31,21 +31,21 @@ bool TextWidget::CaretKey(int key, Qt::KeyboardModifiers modifiers) {
     if (modifiers & ~(Qt::ShiftModifier | Qt::ControlModifier)) return false;
     const bool extend = modifiers & Qt::ShiftModifier, control = modifiers & Qt::ControlModifier;
     const bool sideways = key == Qt::Key_Left || key == Qt::Key_Right;
-    Fit();
-    if (sideways && !control && !extend && anchor_ != caret_) { // first gives the selection up
+    UpdateLayoutSize();
+    if (sideways && !control && !extend && anchor_ != caret_) { // collapses the selection
         MoveCaret(key == Qt::Key_Left ? SelStart() : SelEnd(), false);
         return true;
     }
     const auto target = KeyTarget(key, control);
     if (!target) return false;
-    const std::optional<int> column = wantedX_;
+    const std::optional<int> column = preferredX_;
     const bool page = key == Qt::Key_PageUp || key == Qt::Key_PageDown;
-    // A page within a line too high for the view may show it without the caret.
-    const bool shown = page && scroller_.IsHighAndSeen(*target);
-    const TextHeight top = scroller_.Top();
+    // Paging within a line higher than the view may leave the caret out of view.
+    const bool shown = page && scroller_.IsTallAndVisible(*target);
+    const VerticalPos top = scroller_.Top();
     MoveCaret(*target, extend);
-    if (shown) scroller_.ShowHeight(top);
-    if (page || key == Qt::Key_Up || key == Qt::Key_Down) wantedX_ = column;
+    if (shown) scroller_.ScrollTo(top);
+    if (page || key == Qt::Key_Up || key == Qt::Key_Down) preferredX_ = column;
     return true;
 }
 
@@ -66,24 +66,24 @@ std::optional<TextPos> TextWidget::KeyTarget(int key, bool control) {
 }
 
 TextPos TextWidget::VerticalTarget(int key) {
-    if (!wantedX_) wantedX_ = CaretBox(*layouts_.At(caret_), caret_).x();
+    if (!preferredX_) preferredX_ = CaretBox(*layouts_.At(caret_), caret_).x();
     switch (key) {
-    case Qt::Key_Up: return CaretUp(layouts_, caret_, *wantedX_);
-    case Qt::Key_Down: return CaretDown(layouts_, caret_, *wantedX_);
+    case Qt::Key_Up: return CaretUp(layouts_, caret_, *preferredX_);
+    case Qt::Key_Down: return CaretDown(layouts_, caret_, *preferredX_);
     default: return PageTarget(key == Qt::Key_PageDown);
     }
 }
 
-// The caret keeps its place in the view while the text moves; where the text cannot move, it goes
-// to its end.
+// The caret keeps its place in the view while the text scrolls; if the text cannot scroll, it moves
+// to the start or end.
 TextPos TextWidget::PageTarget(bool down) {
     const auto caret = CaretInView();
     const int lowest = std::max(0, scroller_.ViewHeight() - 1);
     const int y = caret ? std::clamp(caret->center().y(), 0, lowest) : 0;
-    const TextHeight before = scroller_.Top();
+    const VerticalPos before = scroller_.Top();
     scroller_.ScrollPage(down, LineHeight());
-    const TextHeight height = scroller_.InWholeLine(y);
-    const TextPos target = PositionAt(*layouts_.At(height.block), QPoint(*wantedX_, height.y));
+    const VerticalPos height = scroller_.NearestWholeLine(y);
+    const TextPos target = PositionAt(*layouts_.At(height.block), QPoint(*preferredX_, height.y));
     if (scroller_.Top() != before) return target;
     return down ? text_->Length() : 0;
 }
@@ -93,12 +93,12 @@ void TextWidget::MoveCaret(TextPos position, bool extend) {
     Reveal(caret_);
 }
 
-// How much of a line is shown beside what is scrolled to.
-int TextWidget::RoomBeside() const {
+// Space that stays visible beside a position scrolled to.
+int TextWidget::SideMargin() const {
     return std::min(ViewWidth() / 4, 4 * LineHeight());
 }
 
-// The painting knows how far there is anything to the right; until then it may be more.
+// Painting determines the horizontal range; until then it may be too small.
 void TextWidget::ScrollToX(int x) {
     QScrollBar& bar = *horizontalScrollBar();
     bar.setMaximum(std::max(bar.maximum(), x));
@@ -108,12 +108,12 @@ void TextWidget::ScrollToX(int x) {
 void TextWidget::Reveal(TextPos position) {
     Scroller().Reveal(position);
     if (horizontalScrollBarPolicy() == Qt::ScrollBarAlwaysOn) {
-        const int x = CaretBox(*layouts_.At(position), position).x() - ColumnX(0);
-        const int value = horizontalScrollBar()->value(), room = RoomBeside();
+        const int x = CaretBox(*layouts_.At(position), position).x() - ToTextX(0);
+        const int value = horizontalScrollBar()->value(), room = SideMargin();
         if (x < room) ScrollToX(value + x - room);
         if (x > ViewWidth() - room) ScrollToX(value + x - ViewWidth() + room);
     }
-    ShowScrolled();
+    OnScrolled();
 }
 
 void TextWidget::RevealHorizontally(TextPos start, TextPos end) {
@@ -121,13 +121,13 @@ void TextWidget::RevealHorizontally(TextPos start, TextPos end) {
     if (horizontalScrollBarPolicy() != Qt::ScrollBarAlwaysOn) return;
     const LineRef line = LineOf(*layout, start);
     const TextPos last = std::min(end, LineEnd(*layout, line));
-    const int from = CaretX(*layout, line, start) - ColumnX(0);
-    const int to = CaretX(*layout, line, last) - ColumnX(0);
+    const int from = CaretX(*layout, line, start) - ToTextX(0);
+    const int to = CaretX(*layout, line, last) - ToTextX(0);
     const auto [left, right] = std::minmax(from, to);
-    const int width = ViewWidth(), room = RoomBeside();
+    const int width = ViewWidth(), room = SideMargin();
     if (left >= 0 && right < width) return;
     const bool endsLeft = to < from && right - left > width - 2 * room;
     const int toLeft = left - room, toRight = right + room - width;
     ScrollToX(horizontalScrollBar()->value() + (endsLeft ? toRight : std::min(toLeft, toRight)));
-    ShowScrolled();
+    OnScrolled();
 }

@@ -1,11 +1,10 @@
-// The mouse, the wheel and drops of the text widget.
+// Mouse, wheel and drop events of the text widget.
 #include "platform/qt/text_view/dropped_paths.h"
 #include "platform/qt/text_view/text_widget.h"
 
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QGuiApplication>
-#include <QMimeData>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QStyleHints>
@@ -14,10 +13,8 @@
 #include <algorithm>
 
 namespace {
-constexpr int linesPerNotch = 3, notch = 120; // of a wheel, in eighths of a degree
-constexpr int autoScrollInterval = 40;        // milliseconds
-
-const QString uriList = QStringLiteral("text/uri-list");
+constexpr int linesPerNotch = 3;       // per wheel step
+constexpr int autoScrollInterval = 40; // milliseconds
 } // namespace
 
 void TextWidget::mousePressEvent(QMouseEvent* event) {
@@ -36,7 +33,7 @@ void TextWidget::mousePressEvent(QMouseEvent* event) {
         Select(anchor_, position);
     else
         Select(position, position);
-    firstUnit_ = {anchor_, anchor_};
+    dragStart_ = {anchor_, anchor_};
 }
 
 void TextWidget::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -57,17 +54,17 @@ TextSpan TextWidget::UnitAround(TextPos position) {
 
 void TextWidget::SelectUnit(TextPos position, Granularity granularity) {
     granularity_ = granularity;
-    firstUnit_ = UnitAround(position);
-    Select(firstUnit_.start, firstUnit_.end);
+    dragStart_ = UnitAround(position);
+    Select(dragStart_.start, dragStart_.end);
 }
 
-// By whole words or paragraphs when the drag began with a double or triple click.
+// By words or paragraphs if the drag started with a double or triple click.
 void TextWidget::ExtendByMouse(QPoint point) {
     const TextSpan unit = UnitAround(PositionAtPoint(point));
-    if (unit.start < firstUnit_.start)
-        Select(firstUnit_.end, unit.start);
+    if (unit.start < dragStart_.start)
+        Select(dragStart_.end, unit.start);
     else
-        Select(firstUnit_.start, std::max(unit.end, firstUnit_.end));
+        Select(dragStart_.start, std::max(unit.end, dragStart_.end));
 }
 
 void TextWidget::mouseMoveEvent(QMouseEvent* event) {
@@ -84,7 +81,7 @@ void TextWidget::mouseReleaseEvent(QMouseEvent* event) {
     autoScroll_.stop();
 }
 
-// The further outside the mouse is held, the faster.
+// The speed grows with the distance from the viewport.
 void TextWidget::AutoScroll() {
     const QRect inside = viewport()->rect();
     const int below = std::max(0, mouse_.y() - inside.bottom()) - std::max(0, -mouse_.y());
@@ -92,27 +89,27 @@ void TextWidget::AutoScroll() {
     Scroller().ScrollBy(Pixels(below));
     horizontalScrollBar()->setValue(horizontalScrollBar()->value() + Pixels(right));
     ExtendByMouse(mouse_);
-    ShowScrolled();
+    OnScrolled();
 }
 
-// A click outside the selection moves the caret there first.
+// A click outside the selection moves the caret first.
 void TextWidget::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
     if (event->reason() != QContextMenuEvent::Mouse)
-        return AskForContextMenu(CaretRect().bottomLeft());
+        return RequestContextMenu(CaretRect().bottomLeft());
     const TextPos position = PositionAtPoint(event->pos());
     if (position < SelStart() || position >= SelEnd()) Select(position, position);
-    AskForContextMenu(event->pos());
+    RequestContextMenu(event->pos());
 }
 
-void TextWidget::AskForContextMenu(QPoint point) {
-    const QRect inside = viewport()->rect(); // the caret may be elsewhere
+void TextWidget::RequestContextMenu(QPoint point) {
+    const QRect inside = viewport()->rect(); // the caret may be out of view
     contextPoint_ = viewport()->mapToGlobal(QPoint(std::clamp(point.x(), 0, inside.right()),
                                                    std::clamp(point.y(), 0, inside.bottom())));
     if (onContextMenu) onContextMenu();
 }
 
-// Ctrl with the wheel is the window's business.
+// Ctrl+wheel propagates to the window.
 void TextWidget::wheelEvent(QWheelEvent* event) {
     if (event->modifiers() & Qt::ControlModifier) return event->ignore();
     const QPoint pixels = event->pixelDelta(), angle = event->angleDelta();
@@ -120,23 +117,24 @@ void TextWidget::wheelEvent(QWheelEvent* event) {
         Scroller().ScrollBy(-Pixels(pixels.y()));
         horizontalScrollBar()->setValue(horizontalScrollBar()->value() - Pixels(pixels.x()));
     } else if (std::abs(angle.x()) > std::abs(angle.y())) {
-        const int step = angle.x() * linesPerNotch * LineHeight() / notch;
+        const int step =
+            angle.x() * linesPerNotch * LineHeight() / QWheelEvent::DefaultDeltasPerStep;
         horizontalScrollBar()->setValue(horizontalScrollBar()->value() - step);
     } else {
         ScrollByWheel(angle.y());
     }
-    ShowScrolled();
+    OnScrolled();
     event->accept();
 }
 
 void TextWidget::ScrollByWheel(int angle) {
-    wheelRest_ += angle * linesPerNotch;
-    const int lines = wheelRest_ / notch;
-    wheelRest_ -= lines * notch;
+    wheelRemainder_ += angle * linesPerNotch;
+    const int lines = wheelRemainder_ / QWheelEvent::DefaultDeltasPerStep;
+    wheelRemainder_ -= lines * QWheelEvent::DefaultDeltasPerStep;
     if (lines != 0) Scroller().ScrollLines(-lines, LineHeight());
 }
 
-// The wheel does the same over the scroll bar as over the text.
+// The scroll bar scrolls by lines like the text.
 bool TextWidget::eventFilter(QObject* watched, QEvent* event) {
     if (watched != verticalScrollBar() || event->type() != QEvent::Wheel)
         return QAbstractScrollArea::eventFilter(watched, event);
@@ -145,17 +143,14 @@ bool TextWidget::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void TextWidget::dragEnterEvent(QDragEnterEvent* event) {
-    if (event->mimeData()->hasFormat(uriList)) event->acceptProposedAction();
+    AcceptFileDrag(*event);
 }
 
 void TextWidget::dragMoveEvent(QDragMoveEvent* event) {
-    if (event->mimeData()->hasFormat(uriList)) event->acceptProposedAction();
+    AcceptFileDrag(*event);
 }
 
 void TextWidget::dropEvent(QDropEvent* event) {
-    const auto paths = DroppedPaths(event->mimeData()->data(uriList));
-    if (paths.empty()) return;
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
-    if (onFilesDropped) onFilesDropped(paths);
+    const auto paths = AcceptFileDrop(*event);
+    if (!paths.empty() && onFilesDropped) onFilesDropped(paths);
 }

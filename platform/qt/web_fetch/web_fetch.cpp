@@ -18,17 +18,18 @@ bool IsThisComputer(const QUrl& url) {
     return url.host() == QLatin1String("localhost") || QHostAddress(url.host()).isLoopback();
 }
 
-bool MayAsk(const QUrl& url) {
+bool IsAllowed(const QUrl& url) {
     if (!url.isValid() || url.host().isEmpty() || !url.userInfo().isEmpty()) return false;
     return url.scheme() == QLatin1String("https") ||
            (url.scheme() == QLatin1String("http") && IsThisComputer(url));
 }
 
-bool MayGo(const QUrl& from, const QUrl& to) {
-    return MayAsk(to) && (from.scheme() != QLatin1String("https") || to.scheme() == from.scheme());
+bool IsRedirectAllowed(const QUrl& from, const QUrl& to) {
+    return IsAllowed(to) &&
+           (from.scheme() != QLatin1String("https") || to.scheme() == from.scheme());
 }
 
-// The system's proxies, without the name and password that it may know for them.
+// The system's proxies without stored credentials.
 class Proxies final : public QNetworkProxyFactory {
   public:
     QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery& query) override {
@@ -54,17 +55,17 @@ QNetworkRequest RequestFor(const QUrl& address) {
     request.setAttribute(QNetworkRequest::CacheLoadControlAttribute,
                          QNetworkRequest::AlwaysNetwork);
     request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
-    // In place of what would tell the user's language, and without unpacking.
+    // Instead of the user's language, and without compression.
     request.setRawHeader("Accept-Language", "*");
     request.setRawHeader("Accept-Encoding", "identity");
     request.setRawHeader("User-Agent", PRODUCT_TITLE);
     return request;
 }
 
-void WatchRedirections(QNetworkReply& reply) {
+void VerifyRedirects(QNetworkReply& reply) {
     QObject::connect(&reply, &QNetworkReply::redirected, &reply,
                      [&reply, at = reply.url()](const QUrl& to) mutable {
-                         if (!MayGo(at, to)) return reply.abort();
+                         if (!IsRedirectAllowed(at, to)) return reply.abort();
                          at = to;
                          emit reply.redirectAllowed();
                      });
@@ -80,20 +81,20 @@ FetchAnswer AnswerOf(QNetworkReply& reply) {
 }
 } // namespace
 
-FetchAnswer FetchFromWeb(const QUrl& address, int timeLimit) {
-    if (!MayAsk(address)) return {};
+FetchAnswer FetchFromWeb(const QUrl& address, int timeout) {
+    if (!IsAllowed(address)) return {};
     QNetworkAccessManager manager;
-    manager.setProxyFactory(new Proxies); // which the manager takes over
+    manager.setProxyFactory(new Proxies); // the manager takes ownership
     const std::unique_ptr<QNetworkReply> reply(manager.get(RequestFor(address)));
     reply->setReadBufferSize(fetchLimit + 1);
-    WatchRedirections(*reply);
+    VerifyRedirects(*reply);
     QObject::connect(reply.get(), &QNetworkReply::readyRead, reply.get(), [&reply] {
         if (reply->bytesAvailable() > qint64(fetchLimit)) reply->abort();
     });
-    QTimer::singleShot(timeLimit, reply.get(), &QNetworkReply::abort);
+    QTimer::singleShot(timeout, reply.get(), &QNetworkReply::abort);
     QEventLoop untilFinished;
     QObject::connect(reply.get(), &QNetworkReply::finished, &untilFinished, &QEventLoop::quit);
     if (!reply->isFinished()) untilFinished.exec();
-    // The end of the program ends every loop.
+    // QCoreApplication::quit() ends this loop, too.
     return reply->isFinished() ? AnswerOf(*reply) : FetchAnswer{FetchStatus::Abandoned, {}};
 }

@@ -1,9 +1,9 @@
-// One small file from the web, on Qt Network.
+// Fetches one small file by Qt Network.
 #pragma once
 
 #include "platform/update_check.h"
 
 #include <QUrl>
 
-// As UpdateCheck::Fetch does. `timeLimit` in milliseconds.
-FetchAnswer FetchFromWeb(const QUrl& address, int timeLimit = fetchTime);
+// Same contract as UpdateCheck::Fetch. `timeout` is in milliseconds.
+FetchAnswer FetchFromWeb(const QUrl& address, int timeout = fetchTime);

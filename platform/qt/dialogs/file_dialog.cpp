@@ -1,0 +1,118 @@
+#include "platform/qt/dialogs/file_dialog.h"
+
+#include "platform/qt/dialogs/file_filter.h"
+#include "platform/qt/qt_text.h"
+
+#include <QAbstractItemView>
+#include <QCompleter>
+#include <QDialogButtonBox>
+#include <QEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+
+#include <algorithm>
+
+namespace {
+
+class FileDialog final : public QFileDialog {
+  public:
+    FileDialog(QWidget* owner, const OpenFileRequest& request)
+        : QFileDialog(owner, ToQt(request.title), ToQt(request.initialFolder)),
+          filters_(QtNameFilters(request)) {
+        setFileMode(QFileDialog::ExistingFile);
+        setOption(QFileDialog::HideNameFilterDetails); // the filter names list the patterns in a
+                                                       // more legible form
+        setLabelText(QFileDialog::FileType, QStringLiteral("Files of &type:"));
+        setNameFilters(filters_);
+        if (request.filterIndex >= 1 && request.filterIndex <= filters_.size())
+            selectNameFilter(filters_[request.filterIndex - 1]);
+        if (!request.fileName.empty()) selectFile(ToQt(request.fileName));
+    }
+
+    int FilterIndex() const { return NameFilterNumber(filters_, selectedNameFilter()); }
+
+  protected:
+    void accept() override {
+        const QStringList files = selectedFiles();
+        if (const QString typed = TypedFile(); !typed.isEmpty() && files.value(0) != typed)
+            list_->clearSelection(); // navigating to the folder may have left a selection
+        QFileDialog::accept();
+    }
+
+    void showEvent(QShowEvent* event) override {
+        if (!open_) FindWidgets();
+        QFileDialog::showEvent(event);
+    }
+
+    bool eventFilter(QObject* object, QEvent* event) override {
+        if (object == open_ && event->type() == QEvent::EnabledChange) EnableOpenForTypedFile();
+        if (object == completions_ && HandleCompleterKey(*event)) return true;
+        return QFileDialog::eventFilter(object, event);
+    }
+
+  private:
+    // Only Qt's own dialog has these; the desktop's runs in another process or toolkit.
+    void FindWidgets() {
+        const auto* buttons = findChild<QDialogButtonBox*>();
+        open_ = buttons ? buttons->button(QDialogButtonBox::Open) : nullptr;
+        name_ = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        list_ = findChild<QListView*>(QStringLiteral("listView"));
+        if (!open_ || !name_ || !list_) return;
+        open_->installEventFilter(this);
+        connect(name_, &QLineEdit::textChanged, this, &FileDialog::EnableOpenForTypedFile);
+        completions_ = name_->completer() ? name_->completer()->popup() : nullptr;
+        if (completions_) completions_->installEventFilter(this);
+        auto* label = findChild<QLabel*>(QStringLiteral("fileTypeLabel"));
+        auto* types = findChild<QWidget*>(QStringLiteral("fileTypeCombo"));
+        if (label && types) label->setBuddy(types);
+    }
+
+    // The existing file whose name or path is in the edit box; "" if there is none.
+    QString TypedFile() const {
+        if (!name_ || !list_ || name_->text().isEmpty()) return {};
+        const QFileInfo file(directory(), name_->text());
+        return file.isFile() ? file.absoluteFilePath() : QString();
+    }
+
+    // Qt disables the button for a file that the filter hides, although accept() would open it.
+    void EnableOpenForTypedFile() {
+        if (!open_->isEnabled() && !TypedFile().isEmpty()) open_->setEnabled(true);
+    }
+
+    // The completer's popup opens once the folder has been read, and swallows Enter even if no
+    // completion is selected.
+    bool HandleCompleterKey(const QEvent& event) {
+        if (event.type() != QEvent::KeyPress) return false;
+        const int key = static_cast<const QKeyEvent&>(event).key();
+        const bool confirms = key == Qt::Key_Return || key == Qt::Key_Enter;
+        if (!confirms || completions_->selectionModel()->hasSelection()) return false;
+        completions_->hide();
+        open_->click();
+        return true;
+    }
+
+    const QStringList filters_;
+    QPushButton* open_ = nullptr;
+    QLineEdit* name_ = nullptr;
+    QListView* list_ = nullptr;
+    QAbstractItemView* completions_ = nullptr;
+};
+
+} // namespace
+
+OpenFileAnswer GetOpenFile(QWidget* owner, const OpenFileRequest& request) {
+    FileDialog dialog(owner, request);
+    OpenFileAnswer answer;
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return answer;
+    // Qt uses U+FFFD for bytes that it cannot decode.
+    answer.fileName = FromQt(dialog.selectedFiles().constFirst());
+    std::ranges::replace(answer.fileName, u'\uFFFD', u'?');
+    answer.filterIndex = dialog.FilterIndex();
+    answer.result = DialogResult::Ok;
+    return answer;
+}

@@ -1,0 +1,119 @@
+#include "platform/qt/dialogs/qt_dialogs.h"
+
+#include "platform/qt/dialogs/color_dialog.h"
+#include "platform/qt/dialogs/file_dialog.h"
+#include "platform/qt/dialogs/find_dialog.h"
+#include "platform/qt/dialogs/font_dialog.h"
+#include "platform/qt/dialogs/rich_message.h"
+#include "platform/qt/qt_text.h"
+#include "platform/qt/window/window_icon.h"
+#include "platform/shared/call_handler.h"
+
+#include <QApplication>
+#include <QFontMetrics>
+#include <QGridLayout>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace {
+
+constexpr int iconSize = 64; // pixels
+
+QMessageBox::Icon NativeIcon(MessageIcon icon) {
+    switch (icon) {
+    case MessageIcon::Application:
+    case MessageIcon::None: return QMessageBox::NoIcon;
+    case MessageIcon::Information: return QMessageBox::Information;
+    case MessageIcon::Question: return QMessageBox::Question;
+    case MessageIcon::Exclamation: return QMessageBox::Warning;
+    case MessageIcon::Critical: return QMessageBox::Critical;
+    }
+    return QMessageBox::NoIcon;
+}
+
+void AddButtons(QMessageBox& box, const Message& message) {
+    box.addButton(QMessageBox::Ok);
+    if (message.buttons == MessageButtons::OkCancel) box.addButton(QMessageBox::Cancel);
+    box.setDefaultButton(message.cancelIsDefault ? QMessageBox::Cancel : QMessageBox::Ok);
+    box.setEscapeButton(message.buttons == MessageButtons::OkCancel ? QMessageBox::Cancel
+                                                                    : QMessageBox::Ok);
+}
+
+// Window managers put an icon and up to three buttons beside the title and elide it if there is no
+// room; QMessageBox allows for less.
+void WidenForTitle(QMessageBox& box) {
+    constexpr int titleButtons = 12; // in line heights
+    QFont font = QApplication::font();
+    font.setBold(true);
+    const QFontMetrics metrics(font);
+    const int width =
+        metrics.horizontalAdvance(box.windowTitle()) + titleButtons * metrics.height();
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    if (grid) grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, -1);
+}
+
+} // namespace
+
+QtDialogs::QtDialogs(QWidget* owner) : owner_(owner) {}
+
+// Clicking Help does not close the box.
+void QtDialogs::AddHelpButton(QMessageBox& box, const std::string& topic) const {
+    QPushButton* help = box.addButton(QMessageBox::Help);
+    help->disconnect(); // the box would close on any button
+    QObject::connect(help, &QPushButton::clicked, &box,
+                     [this, topic] { CallHandler(onHelp, topic); });
+}
+
+OpenFileAnswer QtDialogs::OpenFile(const OpenFileRequest& request) {
+    return GetOpenFile(owner_, request);
+}
+
+std::u16string QtDialogs::AskText(const std::u16string& title, const std::u16string& prompt) {
+    QInputDialog dialog(owner_);
+    dialog.setWindowTitle(ToQt(title));
+    dialog.setLabelText(ToQt(prompt));
+    return dialog.exec() == QDialog::Accepted ? FromQt(dialog.textValue()) : std::u16string();
+}
+
+ColorAnswer QtDialogs::ChooseColor(const std::u16string& title, Color start) {
+    return GetColor(owner_, ToQt(title), start);
+}
+
+FontAnswer QtDialogs::ChooseFont(const std::u16string& title, const ViewFont& font, Color color) {
+    FontDialog dialog(owner_, font, color);
+    dialog.setWindowTitle(ToQt(title));
+    if (dialog.exec() != QDialog::Accepted) return {DialogResult::Cancel, font, color};
+    return {DialogResult::Ok, dialog.SelectedFont(), dialog.SelectedColor()};
+}
+
+FindAnswer QtDialogs::AskFind(const FindRequest& request) {
+    FindDialog dialog(owner_, request);
+    if (dialog.exec() != QDialog::Accepted) return {};
+    return dialog.Answer();
+}
+
+DialogResult QtDialogs::ShowMessage(const Message& message) {
+    // A message of the help may come while another message is open.
+    QWidget* waiting = QApplication::activeModalWidget();
+    QMessageBox box(waiting ? waiting : owner_);
+    box.setWindowModality(Qt::WindowModal); // leaves the help window usable
+    box.setWindowTitle(ToQt(message.title));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(ToQt(message.text).replace(QLatin1String("\r\n"), QLatin1String("\n")));
+    box.setIcon(NativeIcon(message.icon));
+    if (message.icon == MessageIcon::Application) box.setIconPixmap(ProgramIcon().pixmap(iconSize));
+    AddButtons(box, message);
+    if (message.helpButton) AddHelpButton(box, message.helpTopic);
+    WidenForTitle(box);
+    if (box.windowIcon().isNull())
+        box.setWindowIcon(ProgramIcon()); // the main window sets its own when idle
+    return box.exec() == QMessageBox::Ok ? DialogResult::Ok : DialogResult::Cancel;
+}
+
+int QtDialogs::ShowRichMessage(const std::string& rtf, const std::u16string& title,
+                               const std::vector<std::u16string>& buttons) {
+    RichMessage message(owner_, rtf, buttons);
+    message.setWindowTitle(ToQt(title));
+    return message.Exec();
+}

@@ -1,0 +1,20 @@
+// A message box with rich text and custom buttons.
+#pragma once
+
+#include <QDialog>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+class RichMessage final : public QDialog {
+  public:
+    RichMessage(QWidget* parent, const std::string& rtf,
+                const std::vector<std::u16string>& buttons);
+    ~RichMessage() override;
+
+    int Exec(); // the 1-based number of the clicked button; 0 if none
+
+  private:
+    std::unique_ptr<class QtTextView> text_;
+};

@@ -1,8 +1,0 @@
-// The dialog that opens a file: the desktop's own, or Qt's where the desktop offers none.
-#pragma once
-
-#include "platform/dialogs.h"
-
-class QWidget;
-
-OpenFileAnswer AskFile(QWidget* owner, const OpenFileRequest&);

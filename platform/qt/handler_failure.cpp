@@ -1,0 +1,7 @@
+#include "platform/shared/call_handler.h"
+
+#include <QtGlobal>
+
+void ReportHandlerFailure(const char* what) noexcept {
+    qCritical("A handler failed: %s", what);
+}

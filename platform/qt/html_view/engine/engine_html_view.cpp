@@ -1,0 +1,237 @@
+#include "platform/qt/html_view/engine/engine_html_view.h"
+
+#include "common/utf.h"
+#include "platform/qt/html_view/engine/engine_profile.h"
+#include "platform/qt/html_view/engine/page_calls.h"
+#include "platform/qt/html_view/engine/page_monitor.h"
+#include "platform/qt/html_view/engine/page_widget.h"
+#include "platform/qt/html_view/engine/print_job.h"
+#include "platform/qt/html_view/engine/reader_page.h"
+#include "platform/qt/qt_text.h"
+#include "platform/shared/call_handler.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QVariant>
+
+#include <utility>
+
+namespace {
+QUrl FileUrlOf(const std::string& path) {
+    return QUrl::fromEncoded("file://" + QByteArray::fromStdString(path).toPercentEncoding("/"));
+}
+} // namespace
+
+EngineHtmlView::EngineHtmlView(QWidget* parent, int ansiCodePage)
+    : parent_(parent), ansiCodePage_(ansiCodePage) {
+    parent_->window()->installEventFilter(this);
+}
+
+EngineHtmlView::~EngineHtmlView() {
+    ReleasePage();
+    // Pages must be deleted before their profile.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void EngineHtmlView::Navigate(const std::u16string& path, int page) {
+    ReleasePage();
+    const std::string bytes = Utf16ToUtf8(path);
+    guard_.SetBook(bytes);
+    CreatePage();
+    ConnectPage(page);
+    page_->Load(FileUrlOf(bytes));
+}
+
+void EngineHtmlView::Clear() {
+    ReleasePage();
+    guard_.SetBook({});
+}
+
+void EngineHtmlView::CreatePage() {
+    if (!profile_) profile_ = CreateEngineProfile(guard_, ansiCodePage_);
+    page_ = std::make_unique<ReaderPage>(profile_.get(), guard_);
+    calls_ = std::make_unique<PageCalls>(*page_);
+    monitor_ = std::make_unique<PageMonitor>(*page_);
+    widget_ = std::make_unique<PageWidget>(page_.get(), parent_);
+    SetBounds(bounds_);
+    SetVisible(visible_);
+    if (focused_) widget_->setFocus();
+}
+
+void EngineHtmlView::ConnectPage(int page) {
+    page_->onLink = [this](const QUrl& address) { OnLink(address); };
+    connect(page_.get(), &QWebEnginePage::loadFinished, this, [this, page](bool done) {
+        if (done) OnLoadFinished(page);
+    });
+    const auto gone = [this, dead = page_.get()] {
+        if (dead == page_.get()) OnPageGone(); // may have been replaced since
+    };
+    connect(page_.get(), &QWebEnginePage::renderProcessTerminated, this, gone,
+            Qt::QueuedConnection);
+    monitor_->onResponsiveChanged = [this] { OnResponsiveChanged(); };
+    monitor_->onMemoryExceeded = [this, gone] { // the monitor stops after it
+        QMetaObject::invokeMethod(page_.get(), gone, Qt::QueuedConnection);
+    };
+    // Navigation within the page, which has not scrolled yet.
+    connect(page_.get(), &QWebEnginePage::urlChanged, this, [this] {
+        if (!snapshot_.body) return;
+        pendingJump_ = ScrollTop();
+        NotifyJump();
+    });
+    connect(page_.get(), &QWebEnginePage::scrollPositionChanged, this,
+            [this] { ScheduleStateUpdate(); });
+    connect(page_.get(), &QWebEnginePage::contentsSizeChanged, this,
+            [this] { ScheduleStateUpdate(); });
+    connect(page_.get(), &QWebEnginePage::selectionChanged, this,
+            [this] { ScheduleStateUpdate(); });
+    widget_->onInputReleased = [this] { ScheduleStateUpdate(); };
+    widget_->onZoomKey = [this](int steps) { Zoom(steps); };
+    widget_->onCommand = [this](PageCommand command) { RunCommand(command); };
+    widget_->hasSelection = [this] { return snapshot_.selection.span.length > 0; };
+    widget_->hasText = [this] { return snapshot_.text; };
+    widget_->onContextClick = [this](QPoint point) {
+        const double factor = zoom_.Percent() / 100.0;
+        Execute(
+            QStringLiteral("placeCaret(%1, %2)").arg(point.x() / factor).arg(point.y() / factor));
+    };
+}
+
+// May be called from a signal of the page itself.
+void EngineHtmlView::ReleasePage() {
+    CancelQuery();
+    snapshot_ = {};
+    textCache_.reset();
+    pendingJump_.reset();
+    zoom_ = {};
+    updateScheduled_ = loadFinished_ = false;
+    if (!page_) return;
+    if (print_) print_->OnPageReleased();
+    page_->disconnect(this);
+    focused_ = widget_->isAncestorOf(widget_->window()->focusWidget());
+    page_->KillProcessWhenDestroyed();
+    widget_->hide();
+    calls_.reset();
+    monitor_.reset();
+    widget_.release()->deleteLater();
+    page_.release()->deleteLater();
+}
+
+void EngineHtmlView::OnLoadFinished(int page) {
+    if (std::exchange(loadFinished_, true)) return;
+    calls_->LoadScript();
+    SetPageZoom();
+    calls_->Call(QStringLiteral("documentInfo()"),
+                 [this, page, alive = QPointer<QObject>(page_.get())](const QVariant& info) {
+                     if (alive && alive == page_.get()) OnDocumentInfo(page, info);
+                 });
+}
+
+void EngineHtmlView::OnDocumentInfo(int page, const QVariant& info) {
+    const QVariantList list = info.toList();
+    if (list.size() == 6) { // a document other than HTML has no body
+        snapshot_.body = true;
+        snapshot_.charset = list[0].toString().toStdString();
+        snapshot_.title = FromQt(list[1].toString());
+        snapshot_.text = list[2].toBool();
+        snapshot_.colors = {list[3].toUInt(), list[4].toUInt()};
+        ApplyState(list[5]);
+    }
+    // Queued: within its own callback the engine does not start another script, and the handler may
+    // query the page.
+    QMetaObject::invokeMethod(
+        page_.get(),
+        [this, page] {
+            CallHandler(onLoaded, page, FromQt(page_->url().toString(QUrl::FullyEncoded)));
+        },
+        Qt::QueuedConnection);
+}
+
+void EngineHtmlView::OnPageGone() {
+    if (!page_) return;
+    const PageSnapshot last = snapshot_;
+    ReleasePage();
+    snapshot_ = last;
+    CallHandler(onGone);
+}
+
+void EngineHtmlView::OnResponsiveChanged() {
+    const bool responsive = !monitor_->IsUnresponsive();
+    if (!responsive) CancelQuery();
+    widget_->SetKeysBlocked(
+        !responsive); // else it would process all queued keys once it responds again
+    CallHandler(onResponsiveChanged, responsive);
+}
+
+void EngineHtmlView::OnLink(const QUrl& address) {
+    const auto path = LocalPathOf(address);
+    const std::u16string url = FromQt(address.toString(QUrl::FullyEncoded));
+    // Queued: this is called from acceptNavigationRequest().
+    QMetaObject::invokeMethod(
+        page_.get(),
+        [this, url, path] { CallHandler(onLink, url, path ? Utf8ToUtf16(*path, u'?') : u""); },
+        Qt::QueuedConnection);
+}
+
+// Queued: this runs in a callback of the engine. Not during a query, whose end calls this again.
+void EngineHtmlView::NotifyJump() {
+    if (!pendingJump_ || !page_) return;
+    QMetaObject::invokeMethod(
+        page_.get(),
+        [this] {
+            if (pendingQuery_ || !pendingJump_) return;
+            CallHandler(onJump, *std::exchange(pendingJump_, std::nullopt));
+        },
+        Qt::QueuedConnection);
+}
+
+void EngineHtmlView::RunCommand(PageCommand command) {
+    if (command == PageCommand::Print) {
+        print_ = new PrintJob(*widget_);
+        print_->ShowDialog();
+    }
+    CallHandler(onCommand, command);
+}
+
+void EngineHtmlView::Zoom(int steps) {
+    if (!page_ || !snapshot_.body) return; // each page loads at its normal size
+    zoom_.Move(steps);
+    SetPageZoom();
+}
+
+void EngineHtmlView::SetPageZoom() {
+    calls_->SetZoom(zoom_.Percent() / 100.0, widget_->devicePixelRatioF(), zoom_.Steps(),
+                    [this, revision = revision_,
+                     alive = QPointer<QObject>(page_.get())](const QVariant& state) {
+                        if (alive && alive == page_.get() && snapshot_.body)
+                            OnZoomApplied(state, revision);
+                    });
+}
+
+void EngineHtmlView::OnZoomApplied(const QVariant& state, int revision) {
+    if (revision == revision_) ApplyState(state);
+    // Queued: this runs in a callback of the engine.
+    QMetaObject::invokeMethod(
+        page_.get(),
+        [this] {
+            if (snapshot_.zoomSteps == zoom_.Steps()) CallHandler(onZoomed);
+        },
+        Qt::QueuedConnection);
+}
+
+void EngineHtmlView::SendZoomKey(bool larger) {
+    Zoom(larger ? 1 : -1);
+}
+
+void EngineHtmlView::SetBounds(const Rect& bounds) {
+    bounds_ = bounds;
+    if (widget_) widget_->setGeometry(bounds.left, bounds.top, bounds.width, bounds.height);
+}
+
+void EngineHtmlView::SetVisible(bool visible) {
+    visible_ = visible;
+    if (widget_) widget_->setVisible(visible);
+}
+
+void EngineHtmlView::FocusView() {
+    if (widget_) widget_->setFocus();
+}

@@ -1,0 +1,121 @@
+// The HTML view on Qt WebEngine. Each page has a widget and a renderer process of its own. What the
+// port can read without a query is a snapshot, updated after each command and each change that the
+// engine signals.
+#pragma once
+
+#include "platform/qt/html_view/engine/folder_guard.h"
+#include "platform/qt/html_view/engine/html_plug_in.h"
+#include "platform/shared/page_zoom.h"
+
+#include <QDeadlineTimer>
+#include <QEventLoop>
+#include <QObject>
+#include <QPointer>
+
+#include <memory>
+
+class PageCalls;
+class PageMonitor;
+class PageWidget;
+class PrintJob;
+class QVariant;
+class QWebEngineProfile;
+class QWidget;
+class ReaderPage;
+
+class EngineHtmlView final : public QObject, public EngineView {
+  public:
+    EngineHtmlView(QWidget* parent, int ansiCodePage);
+    ~EngineHtmlView() override;
+
+    void Navigate(const std::u16string& path, int page) override;
+    void Clear() override;
+    void ScrollTo(int left, int top) override;
+    void ScrollSpanToTop(const PageSpan&) override;
+    void Select(const PageSpan&) override;
+    void SelectAll() override;
+    void SetBackColor(std::uint32_t redGreenBlue) override;
+    void SetTextColor(std::optional<std::uint32_t> redGreenBlue) override;
+    void SendZoomKey(bool larger) override; // the caller sends the window's key event
+
+    bool HasBody() const override { return snapshot_.body; }
+    bool HasText() const override { return snapshot_.text; }
+    std::string Charset() const override { return snapshot_.charset; }
+    std::u16string Title() const override { return snapshot_.title; }
+    PageColors OwnColors() const override { return snapshot_.colors; }
+    int ScrollTop() const override { return snapshot_.scrollTop; }
+    int ZoomSteps() const override { return snapshot_.zoomSteps; }
+    int ViewHeight() const override { return snapshot_.viewHeight; }
+    int TopMargin() const override { return snapshot_.topMargin; }
+    PageSelection Selection() const override { return snapshot_.selection; }
+
+    std::vector<std::u16string> TextsOf(const std::vector<PageSpan>&) override;
+    std::u16string SelectedText() override;
+    std::u16string SelectionAsHtml() override;
+    std::optional<PageMatch> FindBehindSelection(std::u16string_view what, FindOptions) override;
+    TextPos StartAtTop() override;
+
+    void SetBounds(const Rect&) override;
+    void SetVisible(bool) override;
+    void FocusView() override;
+
+  protected:
+    bool eventFilter(QObject* window, QEvent*) override; // cancels a query when the window closes
+
+  private:
+    struct PageSnapshot {
+        bool body = false, text = false;
+        std::string charset;
+        std::u16string title;
+        PageColors colors;
+        int scrollTop = 0, zoomSteps = 0; // always change together
+        int viewHeight = 0, topMargin = 0;
+        PageSelection selection;
+    };
+    struct PendingQuery;
+
+    void CreatePage();
+    void ConnectPage(int page);
+    void ReleasePage();
+    void OnLoadFinished(int page);
+    void OnDocumentInfo(int page, const QVariant& info);
+    void OnPageGone();
+    void OnResponsiveChanged();
+    bool CanCall() const { return page_ && snapshot_.body; }
+    void OnLink(const QUrl&);
+    void NotifyJump();
+    void RunCommand(PageCommand);
+    void Zoom(int steps);
+    void SetPageZoom();
+    void OnZoomApplied(const QVariant& state, int revision);
+    void Execute(const QString& expression);
+    std::function<void(const QVariant&)>
+    StateHandler(); // applies a reply to the snapshot unless it is outdated
+    void ScheduleStateUpdate();
+    void ApplyState(const QVariant& state);
+    std::optional<QVariant> Query(const QString& expression,
+                                  QDeadlineTimer end = QDeadlineTimer(maxPageWait),
+                                  QEventLoop::ProcessEventsFlags = QEventLoop::AllEvents);
+    bool FetchText(QDeadlineTimer end);
+    void CancelQuery();
+
+    QWidget* parent_;
+    int ansiCodePage_;
+    FolderGuard guard_;
+    std::unique_ptr<QWebEngineProfile> profile_;
+    std::unique_ptr<ReaderPage> page_; // null without a page; must outlive its widget
+    std::unique_ptr<PageCalls> calls_;
+    std::unique_ptr<PageMonitor> monitor_;
+    std::unique_ptr<PageWidget> widget_;
+    QPointer<PrintJob> print_; // the last one
+    PageZoom zoom_;
+    PageSnapshot snapshot_;
+    std::optional<std::u16string> textCache_; // of the page; fetched by the first search
+    std::optional<int>
+        pendingJump_;  // scroll offset before a jump within the page that is still to be reported
+    int revision_ = 0; // number of commands so far
+    bool loadFinished_ = false, updateScheduled_ = false, visible_ = false, focused_ = false;
+    bool closing_ = false; // no more queries: the window is closing
+    Rect bounds_;
+    PendingQuery* pendingQuery_ = nullptr;
+};

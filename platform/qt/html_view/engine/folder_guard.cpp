@@ -1,0 +1,43 @@
+#include "platform/qt/html_view/engine/folder_guard.h"
+
+#include "platform/qt/file_url.h"
+
+#include <QLoggingCategory>
+
+#include <algorithm>
+#include <system_error>
+
+namespace {
+// Log blocked requests with QT_LOGGING_RULES="norvaset.refused.debug=true".
+Q_LOGGING_CATEGORY(refused, "norvaset.refused", QtInfoMsg)
+
+bool IsInside(const std::filesystem::path& file, const std::filesystem::path& folder) {
+    return std::ranges::mismatch(folder, file).in1 == folder.end();
+}
+} // namespace
+
+std::optional<std::string> LocalPathOf(const QUrl& url) {
+    return LocalPathOf(
+        url.adjusted(QUrl::RemoveQuery | QUrl::RemoveFragment).toEncoded().toStdString());
+}
+
+void FolderGuard::SetBook(const std::filesystem::path& path) {
+    std::error_code error;
+    folder_ = path.empty() ? path : std::filesystem::canonical(path.parent_path(), error);
+}
+
+bool FolderGuard::Allows(const QUrl& address) const {
+    if (address.scheme() == QLatin1String("data")) return true;
+    const auto path = LocalPathOf(address);
+    if (!path || folder_.empty()) return false;
+    std::error_code error;
+    const auto file = std::filesystem::canonical(*path, error);
+    // Reading a pipe or device might never end.
+    return !error && std::filesystem::is_regular_file(file, error) && IsInside(file, folder_);
+}
+
+void FolderGuard::interceptRequest(QWebEngineUrlRequestInfo& request) {
+    if (Allows(request.requestUrl())) return;
+    qCDebug(refused).noquote() << request.requestUrl().toDisplayString();
+    request.block(true);
+}

@@ -1,0 +1,41 @@
+// The widget of one page: passes the window's keys on to it, and has its own context menu.
+#pragma once
+
+#include "platform/html_view.h"
+
+#include <QWebEngineView>
+
+#include <functional>
+#include <memory>
+
+class QMenu;
+
+class PageWidget : public QWebEngineView {
+  public:
+    PageWidget(QWebEnginePage*, QWidget* parent);
+    ~PageWidget() override;
+
+    void SetHasSelection(bool);                                   // updates the open context menu
+    void SetKeysBlocked(bool blocked) { keysBlocked_ = blocked; } // keys do not reach the page
+
+    std::function<void(int steps)> onZoomKey;   // 0 resets the zoom
+    std::function<void()> onInputReleased;      // a key or mouse button was released
+    std::function<void(QPoint)> onContextClick; // before the context menu of a click opens
+    std::function<void(PageCommand)> onCommand;
+    std::function<bool()> hasSelection, hasText;
+
+  protected:
+    void childEvent(QChildEvent*) override;
+    void contextMenuEvent(QContextMenuEvent*) override;
+    bool eventFilter(QObject*, QEvent*) override;
+
+  private:
+    bool FilterKey(const QKeyEvent&); // whether the event is withheld from the page
+    QAction* AddCommand(const QString& caption, PageCommand command, bool enabled);
+
+    std::unique_ptr<QMenu> menu_; // the last one shown
+    QAction* copy_ = nullptr;     // in menu_
+    bool keysBlocked_ = false;
+    bool rightPressed_ =
+        false; // the context menu is requested by the mouse, which moves the caret, not by a key
+};

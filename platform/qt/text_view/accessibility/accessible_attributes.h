@@ -1,0 +1,14 @@
+// The formatting of a text as accessible attributes.
+#pragma once
+
+#include "platform/qt/text_view/caret_moves.h"
+
+#include <QString>
+
+struct AccessibleAttributes {
+    TextSpan span; // where all attributes are the same; within one paragraph
+    // In IAccessible2 notation, "name:value;name:value;".
+    QString text;
+};
+
+AccessibleAttributes AttributesAt(TextLayouts& layouts, TextPos position, const QPalette& palette);

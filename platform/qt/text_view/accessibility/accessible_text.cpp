@@ -1,0 +1,220 @@
+#include "platform/qt/text_view/accessibility/accessible_text.h"
+
+#include "platform/qt/text_view/accessibility/accessible_attributes.h"
+#include "platform/qt/text_view/text_widget.h"
+
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace {
+// Called for every object. The metaObject() of the browser engine's objects is compared only,
+// because they lack the type information for a cast.
+QAccessibleInterface* CreateInterface(const QString&, QObject* object) {
+    if (object->metaObject() != &QAbstractScrollArea::staticMetaObject) return nullptr;
+    auto* view = dynamic_cast<TextWidget*>(object);
+    return view ? new AccessibleText(*view) : nullptr;
+}
+
+TextUnit UnitOf(QAccessible::TextBoundaryType boundary) {
+    switch (boundary) {
+    case QAccessible::WordBoundary: return TextUnit::Word;
+    case QAccessible::SentenceBoundary: return TextUnit::Sentence;
+    case QAccessible::LineBoundary: return TextUnit::Line;
+    case QAccessible::ParagraphBoundary: return TextUnit::Paragraph;
+    default: return TextUnit::Character;
+    }
+}
+
+// The start of the character, if the position is between two surrogates.
+TextPos CharacterStart(const TextSource& text, TextPos position) {
+    const bool inside = position > 0 && position < text.Length() &&
+                        QChar::isLowSurrogate(text.UnitAt(position)) &&
+                        QChar::isHighSurrogate(text.UnitAt(position - 1));
+    return inside ? position - 1 : position;
+}
+} // namespace
+
+AccessibleText::AccessibleText(TextWidget& view) : QAccessibleWidget(&view) {}
+
+void AccessibleText::Install() {
+    QAccessible::installFactory(CreateInterface);
+}
+
+TextWidget& AccessibleText::View() const {
+    return *static_cast<TextWidget*>(widget());
+}
+
+// A view without a focus policy shows a message, which screen readers read when the dialog opens.
+QAccessible::Role AccessibleText::role() const {
+    return View().focusPolicy() == Qt::NoFocus ? QAccessible::StaticText : QAccessible::Document;
+}
+
+QAccessible::State AccessibleText::state() const {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.readOnly = true;
+    state.multiLine = true;
+    state.selectableText = true;
+    return state;
+}
+
+QString AccessibleText::text(QAccessible::Text kind) const {
+    const QString own = QAccessibleWidget::text(kind);
+    const bool isMessage = kind == QAccessible::Name && role() == QAccessible::StaticText;
+    return own.isEmpty() && isMessage ? text(0, characterCount()).trimmed() : own;
+}
+
+void* AccessibleText::interface_cast(QAccessible::InterfaceType type) {
+    if (type == QAccessible::TextInterface) return static_cast<QAccessibleTextInterface*>(this);
+    return QAccessibleWidget::interface_cast(type);
+}
+
+std::vector<QWidget*> AccessibleText::ScrollBars() const {
+    std::vector<QWidget*> shown;
+    for (QScrollBar* bar : {View().horizontalScrollBar(), View().verticalScrollBar()})
+        if (bar->isVisible()) shown.push_back(bar->parentWidget());
+    return shown;
+}
+
+int AccessibleText::childCount() const {
+    return int(ScrollBars().size());
+}
+
+QAccessibleInterface* AccessibleText::child(int index) const {
+    const auto bars = ScrollBars();
+    const bool exists = index >= 0 && index < std::ssize(bars);
+    return exists ? QAccessible::queryAccessibleInterface(bars[std::size_t(index)]) : nullptr;
+}
+
+int AccessibleText::indexOfChild(const QAccessibleInterface* child) const {
+    const auto bars = ScrollBars();
+    const auto bar = std::ranges::find(bars, child ? child->object() : nullptr);
+    return bar == bars.end() ? -1 : int(bar - bars.begin());
+}
+
+void AccessibleText::selection(int index, int* start, int* end) const {
+    const bool exists = index == 0 && selectionCount() == 1;
+    *start = exists ? View().SelStart() : 0;
+    *end = exists ? View().SelEnd() : 0;
+}
+
+int AccessibleText::selectionCount() const {
+    return View().SelStart() < View().SelEnd() ? 1 : 0;
+}
+
+void AccessibleText::addSelection(int start, int end) {
+    setSelection(0, start, end);
+}
+
+void AccessibleText::removeSelection(int index) {
+    if (index == 0) View().Select(View().Caret(), View().Caret());
+}
+
+void AccessibleText::setSelection(int index, int start, int end) {
+    if (index != 0) return;
+    View().Select(ClampedPosition(start), ClampedPosition(end));
+    View().Reveal(View().Caret());
+}
+
+int AccessibleText::cursorPosition() const {
+    return View().Caret();
+}
+
+void AccessibleText::setCursorPosition(int offset) {
+    const TextPos position = ClampedPosition(offset);
+    View().Select(position, position);
+    View().Reveal(position);
+}
+
+int AccessibleText::characterCount() const {
+    return View().Source().Length();
+}
+
+std::optional<TextPos> AccessibleText::PositionOf(int offset) const {
+    if (offset == -1) return characterCount();
+    if (offset == -2) return cursorPosition();
+    if (offset < 0 || offset > characterCount()) return std::nullopt;
+    return offset;
+}
+
+TextPos AccessibleText::ClampedPosition(int offset) const {
+    const TextPos limit = offset < 0 ? 0 : characterCount();
+    return CharacterStart(View().Source(), PositionOf(offset).value_or(limit));
+}
+
+QString AccessibleText::text(int start, int end) const {
+    const TextPos startLimit = start < 0 ? 0 : characterCount();
+    const TextPos endLimit = end < 0 ? 0 : characterCount();
+    const auto [from, to] = std::minmax({PositionOf(start).value_or(startLimit), //
+                                         PositionOf(end).value_or(endLimit)});
+    if (to - from <= maxAnswerLength)
+        return AccessibleTextOf(View().Layouts().Context(), {from, to});
+    const TextPos cut = CharacterStart(View().Source(), from + maxAnswerLength);
+    return AccessibleTextOf(View().Layouts().Context(), {from, cut});
+}
+
+TextSpan AccessibleText::SpanAt(TextPos position, QAccessible::TextBoundaryType type) const {
+    if (type != QAccessible::NoBoundary) return UnitAt(View().Layouts(), position, UnitOf(type));
+    const TextSource& text = View().Source();
+    const TextPos start = position / maxAnswerLength * maxAnswerLength;
+    const TextPos end = std::min(text.Length() - start, maxAnswerLength) + start;
+    return {CharacterStart(text, start), CharacterStart(text, end)};
+}
+
+QString AccessibleText::SpanText(std::optional<TextSpan> span, int* start, int* end) const {
+    *start = span ? span->start : -1;
+    *end = span ? span->end : -1;
+    return span ? AccessibleTextOf(View().Layouts().Context(), *span) : QString();
+}
+
+QString AccessibleText::textBeforeOffset(int offset, QAccessible::TextBoundaryType type, int* start,
+                                         int* end) const {
+    const auto position = PositionOf(offset);
+    const TextPos before = position ? SpanAt(*position, type).start : 0;
+    return SpanText(before > 0 ? std::optional(SpanAt(before - 1, type)) : std::nullopt, start,
+                    end);
+}
+
+QString AccessibleText::textAfterOffset(int offset, QAccessible::TextBoundaryType type, int* start,
+                                        int* end) const {
+    const auto position = PositionOf(offset);
+    const TextPos next = position ? SpanAt(*position, type).end : characterCount();
+    const bool more = next < characterCount();
+    return SpanText(more ? std::optional(SpanAt(next, type)) : std::nullopt, start, end);
+}
+
+QString AccessibleText::textAtOffset(int offset, QAccessible::TextBoundaryType type, int* start,
+                                     int* end) const {
+    const auto position = PositionOf(offset);
+    return SpanText(position ? std::optional(SpanAt(*position, type)) : std::nullopt, start, end);
+}
+
+QString AccessibleText::attributes(int offset, int* start, int* end) const {
+    const auto position = PositionOf(offset);
+    *start = *end = -1;
+    if (!position) return {};
+    const TextPos last = std::max(0, characterCount() - 1);
+    const auto attributes =
+        AttributesAt(View().Layouts(), std::min(*position, last), View().palette());
+    *start = attributes.span.start;
+    *end = attributes.span.end;
+    return attributes.text;
+}
+
+void AccessibleText::scrollToSubstring(int start, int end) {
+    View().Reveal(ClampedPosition(end));
+    View().Reveal(ClampedPosition(start));
+}
+
+QRect AccessibleText::characterRect(int offset) const {
+    const auto position = PositionOf(offset);
+    if (!position) return {};
+    const QRect box = View().CharacterRect(*position);
+    return box.isNull() ? box : QRect(View().viewport()->mapToGlobal(box.topLeft()), box.size());
+}
+
+int AccessibleText::offsetAtPoint(const QPoint& point) const {
+    const QPoint inside = View().viewport()->mapFromGlobal(point);
+    if (!View().viewport()->rect().contains(inside)) return -1;
+    return View().CharacterAtPoint(inside);
+}

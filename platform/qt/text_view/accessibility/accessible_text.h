@@ -1,0 +1,67 @@
+// The accessible interface of the text widget.
+#pragma once
+
+#include "platform/qt/text_view/accessibility/accessible_units.h"
+
+#include <QAccessibleWidget>
+
+#include <optional>
+
+class TextWidget;
+
+// Offsets are UTF-16 units as everywhere in Qt; -1 is the text's length and -2 the caret. The cost
+// of a call does not depend on the length of the text, so that a book of a gigabyte can be read: a
+// call returns at most `maxAnswerLength` units, and boundaries are those of `UnitAt`.
+class AccessibleText final : public QAccessibleWidget, public QAccessibleTextInterface {
+  public:
+    static constexpr TextPos maxAnswerLength = 256 * 1024;
+
+    explicit AccessibleText(TextWidget& view);
+
+    // Installs the factory for text widgets.
+    static void Install();
+
+    QAccessible::Role role() const override;
+    QAccessible::State state() const override;
+    QString text(QAccessible::Text kind) const override;
+    void* interface_cast(QAccessible::InterfaceType type) override;
+    // The visible scroll bars. The viewport is this object itself.
+    int childCount() const override;
+    QAccessibleInterface* child(int index) const override;
+    int indexOfChild(const QAccessibleInterface* child) const override;
+
+    // A single selection, from the anchor to the caret.
+    void selection(int index, int* start, int* end) const override;
+    int selectionCount() const override;
+    void addSelection(int start, int end) override;
+    void removeSelection(int index) override;
+    void setSelection(int index, int start, int end) override;
+    int cursorPosition() const override;
+    void setCursorPosition(int offset) override;
+
+    int characterCount() const override;
+    QString text(int start, int end) const override; // truncated to maxAnswerLength
+    // "" and -1 twice for an offset outside the text, and where there is no such unit.
+    QString textBeforeOffset(int offset, QAccessible::TextBoundaryType, int* start,
+                             int* end) const override;
+    QString textAfterOffset(int offset, QAccessible::TextBoundaryType, int* start,
+                            int* end) const override;
+    QString textAtOffset(int offset, QAccessible::TextBoundaryType, int* start,
+                         int* end) const override;
+    QString attributes(int offset, int* start, int* end) const override;
+
+    void scrollToSubstring(int start, int end) override;
+    // A character out of view is reported above or below the view: screen readers find the visible
+    // lines by a binary search.
+    QRect characterRect(int offset) const override;
+    int
+    offsetAtPoint(const QPoint& point) const override; // the nearest character; -1 outside the view
+
+  private:
+    TextWidget& View() const;
+    std::vector<QWidget*> ScrollBars() const;
+    std::optional<TextPos> PositionOf(int offset) const;
+    TextPos ClampedPosition(int offset) const;
+    TextSpan SpanAt(TextPos position, QAccessible::TextBoundaryType) const;
+    QString SpanText(std::optional<TextSpan> span, int* start, int* end) const;
+};

@@ -1,0 +1,157 @@
+#include "platform/qt/text_view/layout/paragraph_shape.h"
+
+#include "platform/qt/text_view/layout/style_runs.h"
+
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+constexpr std::int32_t minTextWidth =
+    960; // twips that remain for the text, however large the indents are
+constexpr std::int32_t fallbackPictureSize =
+    480;                            // twips; width and height of a picture of unknown size
+constexpr std::int32_t minTab = 60; // twips
+constexpr int maxDefaultTabs = 200;
+constexpr std::size_t maxCustomTabs = 200; // per paragraph; word processors accept some 60
+constexpr int maxPictureHeight = 4096;     // pixels
+constexpr int plainTabSpaces = 8;
+
+// The user's choice is absolute; a file's "left" means the start of a line, which depends on the
+// direction.
+Alignment VisualAlignment(const ViewStyle& viewStyle, const ParagraphStyle& style,
+                          bool rightToLeft) {
+    if (viewStyle.alignment) return *viewStyle.alignment;
+    if (style.alignment == Alignment::Left && rightToLeft) return Alignment::Right;
+    return style.alignment;
+}
+
+void SetIndents(const LayoutContext& context, const ParagraphStyle& style,
+                const ParagraphPart& part, ParagraphShape& shape) {
+    const int left = std::max(0, context.Pixels(style.leftIndent));
+    const int right = std::max(0, context.Pixels(style.rightIndent));
+    const int maxIndent = std::max(0, shape.alignWidth - context.Pixels(minTextWidth));
+    shape.indent = std::min(shape.rightToLeft ? right : left, maxIndent);
+    shape.endIndent = std::min(shape.rightToLeft ? left : right, maxIndent - shape.indent);
+    const int first = part.first ? context.Pixels(style.firstLineIndent) : 0;
+    shape.firstIndent = std::clamp(shape.indent + first, 0, maxIndent - shape.endIndent);
+}
+
+void SetSpacing(const LayoutContext& context, const ParagraphStyle& style,
+                const ParagraphPart& part, ParagraphShape& shape) {
+    if (part.first) shape.spaceBefore = std::max(0, context.Pixels(style.spaceBefore));
+    if (part.last) shape.spaceAfter = std::max(0, context.Pixels(style.spaceAfter));
+    if (style.lineSpacingIsMultiple && style.lineSpacing != 0)
+        shape.lineFactor = std::clamp(std::abs(style.lineSpacing / 240.0), 0.5, 20.0);
+    else if (style.lineSpacing < 0)
+        shape.exactLine = std::max(1, context.Pixels(-std::max(style.lineSpacing, -0x7FFFFFFF)));
+    else
+        shape.minLine = context.Pixels(style.lineSpacing);
+}
+
+// QTextLayout takes tab stops in the resolution of the primary screen and scales them to its
+// device.
+double TabStop(const LayoutContext& context, double pixels) {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    const double defaultDpi = screen ? qRound(screen->logicalDotsPerInchY()) : 0;
+    return defaultDpi > 0 ? pixels * defaultDpi / context.device->logicalDpiY() : pixels;
+}
+
+// QTextLayout measures tab stops from the start of each line. They are given relative to the first
+// line, which is the only one with tabs in its layout.
+void SetTabs(const LayoutContext& context, const ParagraphStyle& style, ParagraphShape& shape) {
+    std::vector<int> stops; // from the paragraph's edge
+    const std::size_t own = std::min(style.tabStops.size(), maxCustomTabs);
+    for (std::size_t i = 0; i < own; ++i)
+        stops.push_back(context.Pixels(style.tabStops[i]));
+    // A hanging indent is a tab stop.
+    if (shape.firstIndent < shape.indent) stops.push_back(shape.indent);
+    std::sort(stops.begin(), stops.end());
+    const int defaultDistance = context.Pixels(std::max(minTab, context.document.defaultTab));
+    int stop = stops.empty() ? 0 : stops.back() / defaultDistance * defaultDistance;
+    for (int i = 0; i < maxDefaultTabs && stop < shape.breakWidth; ++i)
+        stops.push_back(stop += defaultDistance);
+    // A delimiter tab whose delimiter does not occur aligns the text behind it like a plain tab, in
+    // either direction. For a plain tab QTextLayout measures all text behind it, needlessly.
+    constexpr char16_t absentDelimiter = u'\uFFFF';
+    QList<QTextOption::Tab> tabs;
+    for (const int each : stops)
+        if (each > shape.firstIndent)
+            tabs.append({TabStop(context, each - shape.firstIndent), QTextOption::DelimiterTab,
+                         QChar(absentDelimiter)});
+    shape.option.setTabs(tabs);
+    shape.option.setTabStopDistance(TabStop(context, defaultDistance));
+}
+
+void SetPlainTabs(const LayoutContext& context, ParagraphShape& shape) {
+    const QFontMetricsF metrics(MakeFont(context.viewStyle.font), context.device);
+    const double distance = std::max(1.0, plainTabSpaces * metrics.horizontalAdvance(u' '));
+    shape.option.setTabStopDistance(TabStop(context, distance));
+}
+
+void SetDirection(ParagraphShape& shape) {
+    const bool justified = shape.alignment == Alignment::Justified;
+    shape.option.setTextDirection(shape.rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    // QTextLayout only justifies; other alignments are applied after the visible width is known.
+    shape.justified = justified && shape.breakWidth <= shape.alignWidth;
+    shape.option.setAlignment(shape.justified ? Qt::AlignJustify : Qt::AlignLeft);
+    shape.option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+}
+} // namespace
+
+int ParagraphShape::TextWidth() const {
+    return std::max(1, alignWidth - std::max(indent, firstIndent) - endIndent);
+}
+
+int ParagraphShape::LineHeight(int natural) const {
+    if (exactLine > 0) return exactLine;
+    const int height = int(std::lround(natural * lineFactor));
+    return std::max({1, height, minLine});
+}
+
+int ParagraphShape::AlignmentShift(int room) const {
+    switch (alignment) {
+    case Alignment::Left: return 0;
+    case Alignment::Right: return room;
+    case Alignment::Center: return room / 2;
+    case Alignment::Justified: break; // the line is not justified
+    }
+    return rightToLeft ? room : 0;
+}
+
+ParagraphShape ShapeOf(const LayoutContext& context, const ParagraphPart& part, QStringView text) {
+    ParagraphShape shape;
+    shape.breakWidth = std::max(part.breakWidth, 1);
+    shape.alignWidth = std::max(part.alignWidth, 1);
+    const Document& document = context.document;
+    const auto index = StyleAt(document.paragraphRuns, part.end);
+    const ParagraphStyle& style =
+        document.paragraphStyles[std::min<std::size_t>(index, document.paragraphStyles.size() - 1)];
+    // The direction of a plain text's paragraph is that of its first strong character.
+    shape.rightToLeft =
+        part.rightToLeft.value_or(context.plain ? text.isRightToLeft() : style.rightToLeft);
+    shape.alignment = VisualAlignment(context.viewStyle, style, shape.rightToLeft);
+    SetDirection(shape);
+    if (context.plain) {
+        SetPlainTabs(context, shape);
+        return shape;
+    }
+    SetIndents(context, style, part, shape);
+    SetSpacing(context, style, part, shape);
+    SetTabs(context, style, shape);
+    return shape;
+}
+
+QSize PictureSize(const LayoutContext& context, const Picture& picture, int width) {
+    QSize size(context.Pixels(picture.widthTwips), context.Pixels(picture.heightTwips));
+    const double naturalScale = 15 * context.pixelsPerTwip; // pixels of pictures are 1/96 inch
+    if (size.isEmpty()) size = context.pictures.NaturalSize(picture) * naturalScale;
+    if (size.isEmpty()) size = QSize(1, 1) * context.Pixels(fallbackPictureSize);
+    const QSize maxSize(std::max(1, width), maxPictureHeight);
+    if (size.width() > maxSize.width() || size.height() > maxSize.height())
+        size.scale(maxSize, Qt::KeepAspectRatio);
+    return size.expandedTo(QSize(1, 1));
+}

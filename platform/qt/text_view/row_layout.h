@@ -1,6 +1,0 @@
-// Table rows laid out.
-#pragma once
-
-#include "platform/qt/text_view/block_layout.h"
-
-BlockLayout LayOutRows(const LayoutContext& context, const TextBlock& block);

@@ -1,0 +1,21 @@
+// The one way from a native event into a handler of the form.
+#pragma once
+
+#include <exception>
+#include <utility>
+
+// Defined by each back end: says where a developer looks that a handler has failed.
+void ReportHandlerFailure(const char* what) noexcept;
+
+// Calls `handler` if there is one. No exception leaves it, because neither Qt's event loop nor a
+// window procedure can propagate one: it is reported, and the event counts as handled.
+template <typename Handler, typename... Arguments>
+void CallHandler(const Handler& handler, Arguments&&... arguments) noexcept {
+    try {
+        if (handler) handler(std::forward<Arguments>(arguments)...);
+    } catch (const std::exception& error) {
+        ReportHandlerFailure(error.what());
+    } catch (...) {
+        ReportHandlerFailure("an exception of an unknown type");
+    }
+}

@@ -1,0 +1,30 @@
+#include "tests/contract/qt/reference_view/random_book.h"
+
+#include "tests/contract/qt/reference_view/random_words.h"
+#include "tests/contract/qt/reference_view/rich_book.h"
+
+#include <QString>
+
+namespace {
+std::string Utf8(const std::u16string& text) {
+    return QString::fromStdU16String(text).toStdString();
+}
+
+} // namespace
+
+RandomBook MakeBook(Random& random, int number) {
+    RandomBook book;
+    switch (number % 8) {
+    case 0: book.bytes = Utf8(RandomLines(random, 1 + Below(random, 60), 12, 0)); break;
+    case 1: book.bytes = Utf8(RandomLines(random, 1 + Below(random, 20), 80, 6)); break;
+    case 2: book.bytes = Utf8(RandomLines(random, Below(random, 3), 3, 0)); break;
+    case 3:
+        book.bytes = Utf8(OneLongLine(random));
+        book.isLong = true;
+        break;
+    case 4: return MakeRichBook(random, false, false);
+    case 5: return MakeRichBook(random, true, false);
+    default: return MakeRichBook(random, OneIn(random, 2), true);
+    }
+    return book;
+}

@@ -1,0 +1,18 @@
+// Random texts of all kinds.
+#pragma once
+
+#include "formats/document.h"
+#include "tests/contract/qt/reference_view/random_numbers.h"
+
+#include <string>
+
+struct RandomBook {
+    bool plain = true;
+    std::string bytes;     // of a plain text
+    Document document;     // of a rich text
+    bool overlaps = false; // lines may overlap
+    bool isLong = false;   // the reference layout is slow
+};
+
+// The kinds alternate by `number`.
+RandomBook MakeBook(Random& random, int number);

@@ -1,0 +1,137 @@
+#include "tests/contract/qt/reference_view/reference_comparison.h"
+
+#include "common/line_ends.h"
+#include "formats/plain/plain_text_source.h"
+
+#include <doctest/doctest.h>
+
+#include <cmath>
+
+ReferenceComparison::ReferenceComparison(Random& random, RandomBook book)
+    : random_(random), book_(std::move(book)) {
+    const double dots = bench_.Widget().logicalDpiX() * Ratio() / 0.0254;
+    screen_.setDotsPerMeterX(qRound(dots));
+    screen_.setDotsPerMeterY(qRound(dots));
+    reference_.settings.device = &screen_;
+    reference_.settings.pixelsPerTwip = bench_.Widget().logicalDpiX() * Ratio() / 1440;
+    Resize();
+    Load(Change::None);
+}
+
+int ReferenceComparison::BlockTop(TextPos start) const {
+    for (const ReferenceBlock& block : Reference().blocks)
+        if (block.start == start) return block.top;
+    FAIL("no block starts at ", start);
+    return 0;
+}
+
+void ReferenceComparison::Step() {
+    done_ = "other";
+    moved_ = false;
+    switch (Below(random_, book_.isLong ? 10 : 14)) {
+    case 0: return Scroll();
+    case 1: return Wheel();
+    case 2: return Click();
+    case 3: return SelectSome();
+    case 10: return Resize();
+    case 11: return ChangeStyle();
+    case 12: return Load(OneIn(random_, 2) ? Change::CodePage : Change::Book);
+    default: return Press();
+    }
+}
+
+void ReferenceComparison::Load(Change change) {
+    if (change == Change::Book) OtherBook();
+    reference_.settings.style.fontForAll = false;
+    reference_.settings.style.alignment.reset();
+    reference_.settings.plain = book_.plain;
+    if (book_.plain)
+        LoadPlain(change == Change::CodePage);
+    else
+        LoadRich();
+    reference_.settings.document = &document_;
+    reference_.Load();
+}
+
+void ReferenceComparison::OtherBook() {
+    const bool wasLong = book_.isLong;
+    book_ = MakeBook(random_, Below(random_, 8));
+    if (book_.isLong && !wasLong) book_ = MakeBook(random_, 0);
+}
+
+void ReferenceComparison::LoadPlain(bool otherCodePage) {
+    const int codePage = otherCodePage ? 1255 : 0; // UTF-8 is detected otherwise
+    std::string bytes = book_.bytes;
+    if (otherCodePage) bytes += "\xE0"; // invalid UTF-8
+    const auto text = std::make_shared<PlainTextSource>(std::make_shared<BytesReader>(bytes),
+                                                        codePage, 1252, 500 + random_() % 3000);
+    reference_.settings.text = text->Range(0, text->Length());
+    document_ = Document();
+    if (OneIn(random_, 2))
+        View().LoadText(text);
+    else
+        View().LoadPlainText(DecodePlainText(bytes, codePage, 1252).text);
+}
+
+void ReferenceComparison::LoadRich() {
+    document_ = book_.document;
+    reference_.settings.text = document_.text;
+    View().LoadDocument(document_);
+}
+
+// Call it after the view's size may have changed; sets the size of the reference.
+void ReferenceComparison::Fit() {
+    Widget().Scroller();
+    const QSize all = Widget().maximumViewportSize();
+    const int width = int(all.width() * Ratio());
+    margin_ = std::max(int(6 * Ratio()), width / 40);
+    const int room = std::max(1, width - 2 * margin_);
+    const double right = reference_.settings.style.rightMargin * reference_.settings.pixelsPerTwip;
+    const int breakWidth = right > 0 ? int(std::clamp(right, 1.0, double(1 << 24))) : room;
+    const int height = std::max(1, int(all.height() * Ratio()));
+    const bool same = breakWidth == reference_.settings.breakWidth &&
+                      height == reference_.viewHeight &&
+                      std::min(room, breakWidth) == reference_.settings.viewWidth;
+    reference_.settings.breakWidth = breakWidth;
+    reference_.settings.viewWidth = std::min(room, breakWidth);
+    reference_.viewHeight = height;
+    reference_.lineHeight =
+        std::max(1, QFontMetrics(ReferenceFont(reference_.settings.style.font), &screen_).height());
+    if (!reference_.settings.document) return;
+    reference_.Relayout();
+    if (!same) reference_.KeepEndAtBottom();
+}
+
+void ReferenceComparison::Resize() {
+    const bool narrow = OneIn(random_, 6);
+    View().SetBounds({0, 0, narrow ? 20 + Below(random_, 60) : 100 + Below(random_, 700),
+                      OneIn(random_, 6) ? 10 + Below(random_, 40) : 80 + Below(random_, 500)});
+    Fit();
+}
+
+void ReferenceComparison::ChangeStyle() {
+    ViewStyle& style = reference_.settings.style;
+    switch (Below(random_, 5)) {
+    case 0: ChangeFont(); break;
+    case 1:
+        style.fontForAll = true;
+        View().ApplyFontToAll();
+        break;
+    case 2:
+        style.alignment = Alignment(Below(random_, 4));
+        View().SetAlignment(*style.alignment);
+        break;
+    default:
+        style.rightMargin = OneIn(random_, 2) ? 0 : OneIn(random_, 2) ? 491520 : 3000;
+        View().SetRightMargin(style.rightMargin);
+    }
+    Fit();
+}
+
+void ReferenceComparison::ChangeFont() {
+    ViewFont& font = reference_.settings.style.font;
+    font.size = OneIn(random_, 8) ? 60 + Below(random_, 200) : 6 + Below(random_, 20);
+    font.name = OneIn(random_, 2) ? u"Noto Serif" : u"DejaVu Sans";
+    font.italic = OneIn(random_, 3);
+    View().SetFont(font);
+}

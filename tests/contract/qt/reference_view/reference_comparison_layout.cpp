@@ -1,0 +1,106 @@
+// Compares lines and positions.
+#include "tests/contract/qt/reference_view/reference_comparison.h"
+
+#include "formats/rtf/rtf_reader.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+std::string Describe(const QRect& box) {
+    return std::to_string(box.x()) + ", " + std::to_string(box.y()) + ", " +
+           std::to_string(box.height()) + " high";
+}
+} // namespace
+
+void ReferenceComparison::CheckPlace() {
+    REQUIRE(View().TextLength() == Size());
+    REQUIRE(Widget().Caret() == reference_.caret);
+    REQUIRE(View().SelStart() == std::min(reference_.anchor, reference_.caret));
+    REQUIRE(View().SelStart() + View().SelLength() ==
+            std::max(reference_.anchor, reference_.caret));
+    const ReferenceParagraph& around =
+        Reference().ParagraphOf(Reference().LineOf(reference_.caret));
+    const TextPos at = std::min(reference_.caret, around.end) - around.start;
+    INFO("caret ", reference_.caret, " of ", around.start, " to ", around.end, ", lines from",
+         reference_.Describe(Reference().LineOf(reference_.caret)));
+    if (moved_ && !around.hidden && at > 0) REQUIRE(around.text->isValidCursorPosition(at));
+    const VerticalPos top = Widget().Scroller().Top();
+    REQUIRE(BlockTop(top.block) + top.y == reference_.Top());
+    REQUIRE(View().FirstVisibleChar() == reference_.FirstVisible());
+}
+
+void ReferenceComparison::CheckAll() {
+    CheckPlace();
+    CheckVisibleLines();
+    CheckLinesAnywhere();
+    CheckCopy();
+    CheckPaint();
+}
+
+void ReferenceComparison::CheckVisibleLines() {
+    const int top = reference_.Top();
+    for (const ReferenceLine& line : Reference().lines)
+        if (line.bottom > top && line.top < top + reference_.viewHeight) CheckLine(line);
+}
+
+void ReferenceComparison::CheckLine(const ReferenceLine& line) {
+    CAPTURE(line.start);
+    TextLayouts& layouts = Widget().Layouts();
+    const auto layout = layouts.At(line.start);
+    const LineRef ref = LineOf(*layout, line.start);
+    const int blockTop = BlockTop(layout->block.start);
+    REQUIRE(LineStart(*layout, ref) == line.start);
+    REQUIRE(LineEnd(*layout, ref) == line.end);
+    REQUIRE(layout->paragraphs[ref.paragraph].LastCaretPosition(ref.line) ==
+            reference_.LastCaretPosition(line));
+    REQUIRE(blockTop + LineTop(*layout, ref) == line.top);
+    REQUIRE(blockTop + LineBottom(*layout, ref) == line.bottom);
+    if (Reference().ParagraphOf(line).hidden) return;
+    const TextPos step = 1 + (line.end - line.start) / 60;
+    for (TextPos at = line.start; at <= reference_.LastCaretPosition(line); at += step)
+        CheckCharacter(*layout, blockTop, line, at);
+}
+
+void ReferenceComparison::CheckCharacter(const BlockLayout& layout, int blockTop,
+                                         const ReferenceLine& line, TextPos at) {
+    CAPTURE(at);
+    const QRect expected = reference_.CaretBox(at);
+    const QRect box = CaretBox(layout, at).translated(0, blockTop);
+    INFO("line", reference_.Describe(line));
+    INFO("the caret is at ", Describe(box), " instead of ", Describe(expected));
+    REQUIRE((box == expected));
+    if (line.inkBottom <= line.inkTop + 1) return;
+    const int x = expected.x(), y = (line.inkTop + line.inkBottom) / 2 - blockTop;
+    const QRect& cell = Reference().ParagraphOf(line).cell;
+    if (!cell.isNull() && (x < cell.left() || x > cell.right()))
+        return; // the cell is too narrow for it
+    const TextPos back = PositionAt(layout, QPoint(x, y));
+    const bool possible = reference_.IsPossible(line, x, back);
+    INFO("from ", x, " back at ", back);
+    REQUIRE(possible);
+}
+
+void ReferenceComparison::CheckLinesAnywhere() {
+    for (int i = 0; i < 10; ++i) {
+        const TextPos position = Somewhere();
+        CAPTURE(position);
+        const ReferenceLine& line = Reference().LineOf(position);
+        const LineSpan span = View().LineAround(position);
+        REQUIRE(span.start == line.start);
+        REQUIRE(span.length == line.end - line.start);
+    }
+}
+
+bool ReferenceComparison::SplitsPair(TextPos position) const {
+    return position > 0 && position < Size() &&
+           QChar::isLowSurrogate(reference_.settings.text[std::size_t(position)]);
+}
+
+void ReferenceComparison::CheckCopy() {
+    const TextPos from = View().SelStart(), length = View().SelLength();
+    const std::u16string expected =
+        reference_.settings.text.substr(std::size_t(from), std::size_t(length));
+    REQUIRE((View().TextRange(from, length) == expected));
+    if (book_.plain && !SplitsPair(from) && !SplitsPair(from + length))
+        REQUIRE((ReadRtf(View().SelectionAsRtf(), 1252).text == expected));
+}

@@ -1,0 +1,79 @@
+// The reference layout: a whole text, laid out slowly and simply from its first character to its
+// last. The text view, which lays out visible blocks only, must show the same.
+#pragma once
+
+#include "formats/document.h"
+#include "platform/shared/view_style.h"
+
+#include <QPoint>
+#include <QRect>
+#include <QTextLayout>
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+// What the layout depends on. Lengths are device pixels.
+struct ReferenceSettings {
+    const Document* document = nullptr; // styles, rows and pictures
+    std::u16string text;
+    bool plain = true;
+    ViewStyle style;
+    int viewWidth = 1, breakWidth = 1;
+    double pixelsPerTwip = 96.0 / 1440;
+    QPaintDevice* device = nullptr;
+
+    int Pixels(double twips) const;
+    int Hairline() const { return std::max(1, Pixels(15)); }
+};
+
+// Vertical positions are relative to the top of the text, horizontal ones to the start of the
+// view's lines.
+struct ReferenceLine {
+    TextPos start = 0, end = 0;    // without the paragraph break
+    bool isContinued = false;      // the paragraph continues in the next line
+    int top = 0, bottom = 0;       // lines tile their cell or block
+    int inkTop = 0, inkBottom = 0; // without the space around the paragraph
+    std::size_t paragraph = 0;     // index in ReferenceText::paragraphs
+    int index = 0;                 // of the QTextLine
+    int Height() const { return std::max(1, bottom - top); }
+    QTextLine Text(const struct ReferenceText& text) const;
+};
+
+struct ReferenceParagraph {
+    TextPos start = 0, end = 0;
+    bool rightToLeft = false, hidden = false;
+    QPointF origin; // of the layout's coordinates
+    int top = 0, bottom = 0;
+    QRect cell; // null outside tables
+    int cellNumber = -1;
+    std::size_t block = 0, firstLine = 0, lineCount = 0;
+    std::vector<QFont> fonts; // pinned for the text
+    std::unique_ptr<QTextLayout> text;
+};
+
+struct ReferenceBlock {
+    TextPos start = 0, end = 0;
+    int top = 0, bottom = 0;
+};
+
+struct ReferenceText {
+    std::vector<ReferenceBlock> blocks;
+    std::vector<ReferenceParagraph> paragraphs;
+    std::vector<ReferenceLine> lines; // by ascending start
+    int height = 0;
+
+    const ReferenceLine& LineOf(TextPos position) const;
+    const ReferenceParagraph& ParagraphOf(const ReferenceLine& line) const {
+        return paragraphs[line.paragraph];
+    }
+    std::size_t BlockAt(int y) const;
+    const ReferenceLine&
+    LineAt(int y) const; // the lowest line of its block that starts at or above y
+    double X(const ReferenceLine& line, TextPos position) const; // of the caret
+};
+
+ReferenceText LayOutReference(const ReferenceSettings& settings);
+
+QFont ReferenceFont(const ViewFont& font);

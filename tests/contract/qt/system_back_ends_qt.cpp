@@ -1,0 +1,189 @@
+// Clipboard, timer, registry, locale and version information on Qt, and in memory.
+#include "platform/none/none_ports.h"
+#include "platform/qt/qt_text.h"
+#include "platform/qt/system/qt_clipboard.h"
+#include "platform/qt/system/qt_locale.h"
+#include "platform/qt/system/qt_registry.h"
+#include "platform/qt/system/qt_timer.h"
+#include "platform/qt/system/qt_version_info.h"
+#include "tests/contract/clipboard_contract.h"
+#include "tests/contract/locale_contract.h"
+#include "tests/contract/qt/event_loop.h"
+#include "tests/contract/registry_contract.h"
+#include "tests/contract/temporary_folder_posix.h"
+#include "tests/contract/timer_contract.h"
+#include "tests/contract/version_info_contract.h"
+
+#include <QClipboard>
+#include <QDate>
+#include <QDialog>
+#include <QGuiApplication>
+#include <QLocale>
+#include <QMimeData>
+#include <QTimer>
+
+#include <fstream>
+
+namespace {
+class QtClipboardUnderTest final : public ClipboardUnderTest {
+  public:
+    Clipboard& Port() override { return clipboard_; }
+    std::u16string Text() override { return FromQt(QGuiApplication::clipboard()->text()); }
+    std::u16string LineEnd() override { return u"\n"; }
+    void CopyOther() override {
+        auto* data = new QMimeData; // owned by the clipboard
+        data->setData(QStringLiteral("application/x-norvaset-contract"), "other");
+        data->setText(QStringLiteral("other"));
+        QGuiApplication::clipboard()->setMimeData(data);
+    }
+    bool HoldsTextOnly() override {
+        const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+        return data->formats() == QStringList{QStringLiteral("text/plain")};
+    }
+
+  private:
+    QtClipboard clipboard_;
+};
+
+class NoneClipboardUnderTest final : public ClipboardUnderTest {
+  public:
+    Clipboard& Port() override { return clipboard_; }
+    std::u16string Text() override { return clipboard_.text; }
+    std::u16string LineEnd() override { return u"\n"; }
+    void CopyOther() override { clipboard_.text = u"other"; }
+    bool HoldsTextOnly() override { return clipboard_.text != u"other"; }
+
+  private:
+    NoneClipboard clipboard_;
+};
+
+class QtTimerUnderTest final : public TimerUnderTest {
+  public:
+    Timer& Port() override { return timer_; }
+    bool Becomes(const std::function<bool()>& condition) override { return ::Becomes(condition); }
+    void WaitTicks(int interval, int times) override {
+        QTimer reference;
+        int ticks = 0;
+        reference.callOnTimeout([&] { ++ticks; });
+        reference.start(interval);
+        ::Becomes([&] { return ticks >= times; });
+    }
+    void WhileDialogIsOpen(const std::function<void()>& check) override {
+        QDialog dialog;
+        dialog.setModal(true);
+        dialog.show();
+        check();
+    }
+
+  private:
+    QtTimer timer_;
+};
+
+class NoneTimerUnderTest final : public TimerUnderTest {
+  public:
+    Timer& Port() override { return timer_; }
+    bool Becomes(const std::function<bool()>& condition) override {
+        for (int i = 0; i < 100 && !condition(); ++i)
+            timer_.Tick();
+        return condition();
+    }
+    void WaitTicks(int, int times) override { timer_.Tick(times); }
+    void WhileDialogIsOpen(const std::function<void()>&) override {}
+
+  private:
+    NoneTimer timer_;
+};
+
+template <class Back>
+class SimpleRegistryUnderTest final : public RegistryUnderTest {
+  public:
+    Registry& Port() override { return registry_; }
+    std::u16string Key() override { return u"SOFTWARE\\Norvaset contract test"; }
+
+  private:
+    Back registry_;
+};
+
+class QtLocaleUnderTest final : public LocaleUnderTest {
+  public:
+    Locale& Port() override { return locale_; }
+    std::u16string MonthInDate(int month, bool full) override {
+        return InDate(QDate(2026, month, 15), full ? "MMMM" : "MMM");
+    }
+    std::u16string DayInDate(int weekday, bool full) override {
+        return InDate(QDate(2026, 2, weekday), full ? "dddd" : "ddd"); // the 1st is a Sunday
+    }
+
+  private:
+    static std::u16string InDate(QDate date, const char* format) {
+        return FromQt(QLocale::system().toString(date, QLatin1String(format)));
+    }
+    QtLocale locale_;
+};
+
+class NoneLocaleUnderTest final : public LocaleUnderTest {
+  public:
+    Locale& Port() override { return locale_; }
+    std::u16string MonthInDate(int month, bool full) override {
+        return FromQt(QLocale::c().monthName(month, Form(full)));
+    }
+    std::u16string DayInDate(int weekday, bool full) override {
+        return FromQt(QLocale::c().dayName(weekday == 1 ? 7 : weekday - 1, Form(full)));
+    }
+
+  private:
+    static QLocale::FormatType Form(bool full) {
+        return full ? QLocale::LongFormat : QLocale::ShortFormat;
+    }
+    NoneLocale locale_;
+};
+
+// A desktop entry in the user's data folder.
+class QtVersionInfoUnderTest final : public VersionInfoUnderTest {
+  public:
+    QtVersionInfoUnderTest() : before_(qgetenv("XDG_DATA_HOME")) {
+        std::filesystem::create_directories(folder_.path + "/applications");
+        std::ofstream(folder_.path + "/applications/described.desktop")
+            << "[Desktop Entry]\nType=Application\nName=\u041F\u043E\u043C\u043E\u0449\u043D\u0438"
+               "\u043A \u00A9\n";
+        std::ofstream(folder_.path + "/text") << "text";
+        qputenv("XDG_DATA_HOME", QByteArray::fromStdString(folder_.path));
+    }
+    ~QtVersionInfoUnderTest() override { qputenv("XDG_DATA_HOME", before_); } // "" counts as unset
+    VersionInfo& Port() override { return versionInfo_; }
+    std::u16string DescribedProgram() override { return u"/usr/bin/described"; }
+    std::u16string Description() override {
+        return u"\u041F\u043E\u043C\u043E\u0449\u043D\u0438\u043A \u00A9";
+    }
+    std::u16string Folder() override { return FromQt(QString::fromStdString(folder_.path)); }
+
+  private:
+    const QByteArray before_;
+    TemporaryFolder folder_;
+    QtVersionInfo versionInfo_;
+};
+} // namespace
+
+std::vector<BackEnd<ClipboardUnderTest>> ClipboardBackEnds() {
+    return {MakeBackEnd<ClipboardUnderTest, NoneClipboardUnderTest>("none"),
+            MakeBackEnd<ClipboardUnderTest, QtClipboardUnderTest>("qt")};
+}
+
+std::vector<BackEnd<TimerUnderTest>> TimerBackEnds() {
+    return {MakeBackEnd<TimerUnderTest, NoneTimerUnderTest>("none"),
+            MakeBackEnd<TimerUnderTest, QtTimerUnderTest>("qt")};
+}
+
+std::vector<BackEnd<RegistryUnderTest>> RegistryBackEnds() {
+    return {MakeBackEnd<RegistryUnderTest, SimpleRegistryUnderTest<NoneRegistry>>("none"),
+            MakeBackEnd<RegistryUnderTest, SimpleRegistryUnderTest<QtRegistry>>("qt")};
+}
+
+std::vector<BackEnd<LocaleUnderTest>> LocaleBackEnds() {
+    return {MakeBackEnd<LocaleUnderTest, NoneLocaleUnderTest>("none"),
+            MakeBackEnd<LocaleUnderTest, QtLocaleUnderTest>("qt")};
+}
+
+std::vector<BackEnd<VersionInfoUnderTest>> VersionInfoBackEnds() {
+    return {MakeBackEnd<VersionInfoUnderTest, QtVersionInfoUnderTest>("qt")};
+}

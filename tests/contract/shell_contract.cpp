@@ -1,0 +1,76 @@
+// What the port of the desktop's shell promises, on every back end.
+#include "tests/contract/shell_contract.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+using Arguments = std::vector<std::u16string>;
+} // namespace
+
+TEST_CASE("shell contract: an argument reaches a program as it is") {
+    OnEach(ShellBackEnds(), [](ShellUnderTest& test) {
+        for (const std::u16string& argument :
+             {std::u16string(u"/books/Walden.txt"), std::u16string(u"C:\\my books\\War and Peace"),
+              std::u16string(), std::u16string(u" "), std::u16string(u"\\"),
+              std::u16string(u"ends in a backslash\\"), std::u16string(u"a\"b c\\\"d\\\\\"e \\ f"),
+              std::u16string(u"tab\tnew line\nend"),
+              std::u16string(u"%PATH% $HOME $(echo x) `y` & | < > ^ ' * ? ;"),
+              std::u16string(u"\u0411\u0443\u043B \u05E9\u05DC \U0001D11E"),
+              std::u16string(u"--option=\"x\""), std::u16string(30'000, u'x')}) {
+            test.Port().OpenWith(test.Program(), argument);
+            CHECK((test.NextStart() == Arguments{argument}));
+        }
+    });
+}
+
+// What must not start anything is followed by what does: the first start recorded is that one.
+TEST_CASE("shell contract: a program that is not there is not started") {
+    OnEach(ShellBackEnds(), [](ShellUnderTest& test) {
+        test.Port().OpenWith(test.Folder() + u"/none", u"x");
+        test.Port().OpenWith(test.Folder(), u"x");
+        test.Port().OpenWith(u"", u"x");
+        test.Port().OpenWith(test.Program(), u"there");
+        CHECK((test.NextStart() == Arguments{u"there"}));
+    });
+}
+
+TEST_CASE("shell contract: an address goes to its program, and none that could run something") {
+    OnEach(ShellBackEnds(), [](ShellUnderTest& test) {
+        for (const std::u16string& address :
+             {std::u16string(u"javascript:alert(1)"), std::u16string(u"file://") + test.File(),
+              test.File(), test.Program(), std::u16string(), std::u16string(u"no scheme"),
+              test.Address() + u" and a space", test.Address() + u"\"", std::u16string(u"--help")})
+            test.Port().OpenAddress(address);
+        test.Port().OpenAddress(test.Address());
+        CHECK((test.NextStart() == Arguments{test.Address()}));
+    });
+}
+
+TEST_CASE("shell contract: a file goes to the program for its kind, by its full path only") {
+    OnEach(ShellBackEnds(), [](ShellUnderTest& test) {
+        test.Port().OpenFile(u"");
+        test.Port().OpenFile(u"song");
+        test.Port().OpenFile(u"--help");
+        test.Port().OpenFile(test.File());
+        CHECK((test.NextStart() == Arguments{test.File()}));
+    });
+}
+
+TEST_CASE("shell contract: the default editor exists") {
+    OnEach(ShellBackEnds(),
+           [](ShellUnderTest& test) { CHECK(test.Exists(test.Port().DefaultTextEditor())); });
+}
+
+TEST_CASE("shell contract: a data file is claimed once") {
+    OnEach(ShellBackEnds(), [](ShellUnderTest& test) {
+        const std::u16string file = test.Folder() + u"/Norvaset.dat";
+        CHECK(test.Port().ClaimDataFile(file).IsGranted());
+        CHECK(test.Port().ClaimDataFile(file).IsGranted()); // it has it already
+        for (const BackEnd<ShellUnderTest>& backEnd : ShellBackEnds()) {
+            const auto other = backEnd.make();
+            const InstanceClaim claim = other->Port().ClaimDataFile(file);
+            CHECK(claim.result == InstanceClaim::Result::Own);
+            CHECK(claim.holder.empty());
+        }
+    });
+}
