@@ -1,8 +1,8 @@
 #include "app/main_form.h"
 #include "app/start_up.h"
-#include "platform/windows/win32.h"
+#include "platform/windows/base/win32.h"
 #include "platform/windows/win_ports.h"
-#include "platform/windows/win_window.h"
+#include "platform/windows/window/win_window.h"
 
 #include <ole2.h>
 

@@ -1,10 +1,10 @@
 // The help window on Windows.
-#include "platform/windows/win_help_window.h"
+#include "platform/windows/help/win_help_window.h"
 
-#include "platform/windows/win_clipboard.h"
-#include "platform/windows/win_dialogs.h"
-#include "platform/windows/win_dpi.h"
-#include "platform/windows/win_text.h"
+#include "platform/windows/base/text.h"
+#include "platform/windows/dialogs/win_dialogs.h"
+#include "platform/windows/system/win_clipboard.h"
+#include "platform/windows/window/dpi.h"
 #include "windows_message_pump.h"
 #include "windows_text_view_bench.h"
 #include "windows_while_open.h"

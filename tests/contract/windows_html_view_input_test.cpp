@@ -2,7 +2,7 @@
 #include "tests/contract/windows_html_view_fixture.h"
 
 #include "platform/window.h"
-#include "platform/windows/html_view/page_keys.h"
+#include "platform/windows/html_view/page/page_keys.h"
 #include "tests/contract/windows_drop.h"
 #include "tests/contract/windows_message_pump.h"
 

@@ -1,7 +1,7 @@
 // What a page must not do.
 #include "tests/contract/windows_html_view_fixture.h"
 
-#include "platform/windows/html_view/addresses.h"
+#include "platform/windows/html_view/safety/addresses.h"
 
 #include <mshtmdid.h>
 #include <mshtmhst.h>

@@ -1,6 +1,6 @@
 #include "tests/contract/windows_html_view_fixture.h"
 
-#include "platform/windows/html_view/own_colors.h"
+#include "platform/windows/html_view/page/own_colors.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // Waiting for a condition while the program's messages are handled.
 #pragma once
 
-#include "platform/windows/win_window.h"
+#include "platform/windows/window/win_window.h"
 
 #include <functional>
 

@@ -1,10 +1,10 @@
 // The system's own loading of addresses, with the view's refusal in between.
 #include <winsock2.h>
 
-#include "platform/windows/html_view/remote_refusal.h"
-#include "platform/windows/html_view/urlmon.h"
-#include "platform/windows/win_files.h"
-#include "platform/windows/win_text.h"
+#include "platform/windows/base/text.h"
+#include "platform/windows/files/win_files.h"
+#include "platform/windows/html_view/safety/remote_refusal.h"
+#include "platform/windows/html_view/safety/urlmon.h"
 #include "tests/contract/temporary_folder_windows.h"
 #include "tests/contract/windows_listener.h"
 

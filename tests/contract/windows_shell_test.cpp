@@ -1,5 +1,5 @@
-#include "platform/windows/win_arguments.h"
-#include "platform/windows/win_shell.h"
+#include "platform/windows/system/launch.h"
+#include "platform/windows/system/win_shell.h"
 #include "runs_under_wine.h"
 #include "windows_helper_run.h"
 

@@ -1,4 +1,3 @@
-#include "platform/windows/text_view/control_text.h"
 #include "platform/windows/text_view/text_map.h"
 
 #include <doctest/doctest.h>

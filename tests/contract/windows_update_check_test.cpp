@@ -1,10 +1,10 @@
 // Fetching from the web, against a server on this computer that does all that servers should not.
-#include "platform/windows/win_update_check.h"
+#include "platform/windows/web/win_update_check.h"
 
 #include "loopback_server_windows.h"
-#include "platform/windows/win_native_window.h"
-#include "platform/windows/win_text.h"
-#include "platform/windows/win_web_target.h"
+#include "platform/windows/base/text.h"
+#include "platform/windows/web/web_target.h"
+#include "platform/windows/window/win_native_window.h"
 #include "tls_server_windows.h"
 
 #include <doctest/doctest.h>

@@ -1,5 +1,5 @@
 // The main window on Windows.
-#include "platform/windows/win_window.h"
+#include "platform/windows/window/win_window.h"
 #include "tests/contract/windows_drop.h"
 #include "tests/contract/windows_message_pump.h"
 #include "tests/contract/windows_while_open.h"

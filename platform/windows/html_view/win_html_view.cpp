@@ -1,9 +1,9 @@
 #include "platform/windows/html_view/win_html_view.h"
 
-#include "platform/windows/html_view/addresses.h"
-#include "platform/windows/html_view/own_colors.h"
-#include "platform/windows/html_view/page_menu.h"
-#include "platform/windows/win_text.h"
+#include "platform/windows/base/text.h"
+#include "platform/windows/html_view/page/own_colors.h"
+#include "platform/windows/html_view/page/page_menu.h"
+#include "platform/windows/html_view/safety/addresses.h"
 
 #include <utility>
 

@@ -2,16 +2,16 @@
 #pragma once
 
 #include "platform/html_view.h"
-#include "platform/windows/html_view/browser_control.h"
-#include "platform/windows/html_view/engine_settings.h"
-#include "platform/windows/html_view/held_place.h"
-#include "platform/windows/html_view/inner_window.h"
-#include "platform/windows/html_view/page_document.h"
-#include "platform/windows/html_view/page_text.h"
-#include "platform/windows/html_view/page_window.h"
-#include "platform/windows/html_view/page_zoom.h"
-#include "platform/windows/html_view/remote_refusal.h"
-#include "platform/windows/win_drops.h"
+#include "platform/windows/html_view/browser/browser_control.h"
+#include "platform/windows/html_view/browser/engine_settings.h"
+#include "platform/windows/html_view/browser/inner_window.h"
+#include "platform/windows/html_view/browser/page_window.h"
+#include "platform/windows/html_view/page/held_place.h"
+#include "platform/windows/html_view/page/page_document.h"
+#include "platform/windows/html_view/page/page_text.h"
+#include "platform/windows/html_view/page/page_zoom.h"
+#include "platform/windows/html_view/safety/remote_refusal.h"
+#include "platform/windows/window/win_drops.h"
 
 #include <deque>
 

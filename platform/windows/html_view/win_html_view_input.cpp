@@ -2,8 +2,8 @@
 #include "platform/windows/html_view/win_html_view.h"
 
 #include "platform/window.h"
-#include "platform/windows/html_view/page_keys.h"
-#include "platform/windows/win_dpi.h"
+#include "platform/windows/html_view/page/page_keys.h"
+#include "platform/windows/window/dpi.h"
 
 #include <algorithm>
 #include <utility>

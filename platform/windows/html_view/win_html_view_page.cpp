@@ -1,7 +1,7 @@
 // The page that is shown: its orders, kept values and questions.
 #include "platform/windows/html_view/win_html_view.h"
 
-#include "platform/windows/win_text.h"
+#include "platform/windows/base/text.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include "platform/windows/text_view/rich_edit.h"
 
-#include "platform/windows/com_ptr.h"
-#include "platform/windows/text_view/control_text.h"
+#include "platform/windows/base/com_ptr.h"
+#include "platform/windows/base/system_library.h"
 #include "platform/windows/text_view/ole_callback.h"
-#include "platform/windows/text_view/rich_edit_class.h"
+#include "platform/windows/text_view/text_map.h"
 
 #include <tom.h>
 
@@ -47,11 +47,22 @@ DWORD CALLBACK ReadPortion(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* g
     }
 }
 
+const wchar_t* LoadRichEdit() {
+    if (LoadSystemLibrary(L"msftedit.dll")) return L"RICHEDIT50W";
+    if (LoadSystemLibrary(L"riched20.dll")) return L"RichEdit20W";
+    return nullptr;
+}
+
 template <class T>
 LPARAM ToLParam(T& value) {
     return reinterpret_cast<LPARAM>(&value);
 }
 } // namespace
+
+const wchar_t* RichEditClass() {
+    static const wchar_t* const name = LoadRichEdit();
+    return name;
+}
 
 RichEdit::RichEdit(HWND parent) {
     constexpr DWORD style = WS_CHILD | WS_CLIPSIBLINGS | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE |

@@ -3,13 +3,15 @@
 #pragma once
 
 #include "platform/text_view.h"
-#include "platform/windows/win32.h"
+#include "platform/windows/base/win32.h"
 
 #include <richedit.h>
 
 #include <functional>
 #include <string>
 #include <string_view>
+
+const wchar_t* RichEditClass(); // null where the system has no such control
 
 class RichEdit {
   public:

@@ -1,8 +1,8 @@
 #include "platform/windows/text_view/text_input.h"
 
+#include "platform/windows/base/handler.h"
 #include "platform/windows/text_view/text_keys.h"
-#include "platform/windows/win_dropped_files.h"
-#include "platform/windows/win_handler.h"
+#include "platform/windows/window/win_drops.h"
 
 #include <commctrl.h>
 #include <ole2.h>

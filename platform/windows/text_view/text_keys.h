@@ -1,7 +1,7 @@
 // The keys of the text control.
 #pragma once
 
-#include "platform/windows/win32.h"
+#include "platform/windows/base/win32.h"
 
 // Whether the key is used up here, or must not reach the control: keys that would format, beep or
 // zoom. The control itself moves the caret and selects all. A key that the view has no use

@@ -3,7 +3,7 @@
 
 #include "formats/document.h"
 #include "platform/text_view.h"
-#include "platform/windows/win32.h"
+#include "platform/windows/base/win32.h"
 
 #include <richedit.h>
 

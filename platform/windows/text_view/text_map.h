@@ -4,6 +4,7 @@
 
 #include "common/geometry.h"
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -32,3 +33,7 @@ class TextMap {
 
     std::vector<Piece> pieces_; // ascending; the last one without an end
 };
+
+// A text of "\n" breaks, unit for unit, in what the control keeps as one unit each: it would drop,
+// join or give a meaning of its own to some.
+std::u16string ToControlText(std::u16string_view text);

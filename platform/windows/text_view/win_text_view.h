@@ -8,7 +8,7 @@
 #include "platform/windows/text_view/text_input.h"
 #include "platform/windows/text_view/text_look.h"
 #include "platform/windows/text_view/text_map.h"
-#include "platform/windows/win_drops.h"
+#include "platform/windows/window/win_drops.h"
 
 #include <memory>
 #include <optional>

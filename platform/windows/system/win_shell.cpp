@@ -1,0 +1,81 @@
+#include "platform/windows/system/win_shell.h"
+
+#include "common/web_address.h"
+#include "platform/windows/base/text.h"
+#include "platform/windows/system/launch.h"
+
+#include <shellapi.h>
+
+namespace {
+
+constexpr DWORD ElevationRequired = 740; // by a name that not every SDK has
+
+// The handles are ours alone: the program inherits none, and nobody waits for it.
+bool StartProgram(const std::wstring& program, const std::wstring& argument) {
+    std::wstring commandLine = QuotedArgument(program) + L' ' + QuotedArgument(argument);
+    STARTUPINFOW start = {};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION started = {};
+    if (!CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE,
+                        CREATE_DEFAULT_ERROR_MODE | CREATE_NEW_PROCESS_GROUP, nullptr, nullptr,
+                        &start, &started)) {
+        return false;
+    }
+    CloseHandle(started.hThread);
+    CloseHandle(started.hProcess);
+    return true;
+}
+
+// The desktop knows what to do with the file: a program, a shortcut to one, an address.
+void OpenByShell(const std::wstring& file, const std::wstring& parameters) {
+    SHELLEXECUTEINFOW request = {};
+    request.cbSize = sizeof request;
+    request.fMask = SEE_MASK_FLAG_NO_UI;
+    request.lpVerb = L"open";
+    request.lpFile = file.c_str();
+    request.lpParameters = parameters.c_str();
+    request.nShow = SW_SHOWNORMAL;
+    ShellExecuteExW(&request);
+}
+
+// Whether a program has taken over the scheme. Without one the shell would take the address for the
+// name of a file, and run that.
+bool HasProgram(const std::wstring& scheme) {
+    return RegGetValueW(HKEY_CLASSES_ROOT, scheme.c_str(), L"URL Protocol", RRF_RT_ANY, nullptr,
+                        nullptr, nullptr) == ERROR_SUCCESS;
+}
+
+} // namespace
+
+std::u16string WinShell::DefaultTextEditor() const {
+    std::wstring folder(MAX_PATH, L'\0');
+    folder.resize(GetSystemDirectoryW(folder.data(), MAX_PATH));
+    return FromWide(folder + L"\\notepad.exe");
+}
+
+void WinShell::OpenWith(const std::u16string& program, const std::u16string& argument) {
+    const std::wstring file = ToWide(program);
+    if (StartProgram(file, ToWide(argument))) return;
+    const DWORD error = GetLastError();
+    // A shortcut to a program, or one that must ask for more rights.
+    if (error == ERROR_BAD_EXE_FORMAT || error == ElevationRequired)
+        OpenByShell(file, QuotedArgument(ToWide(argument)));
+}
+
+void WinShell::OpenAddress(const std::u16string& address) {
+    const std::wstring wide = ToWide(address);
+    if (IsProgramAddress(address) && HasProgram(wide.substr(0, wide.find(L':'))))
+        OpenByShell(wide, {});
+}
+
+void WinShell::OpenFile(const std::u16string& path) {
+    // A drive's or a share's full path; another colon would name a stream in a file, which the
+    // shell takes for a kind of its own.
+    const bool isFull = path.starts_with(u"\\\\") || path.substr(0, 3).ends_with(u":\\");
+    const bool hasStream = path.find(u':', 2) != std::u16string::npos;
+    if (isFull && !hasStream) OpenByShell(ToWide(path), {});
+}
+
+InstanceClaim WinShell::ClaimDataFile(const std::u16string& path) {
+    return lock_.Acquire(path);
+}
