@@ -254,9 +254,9 @@ TEST_CASE("windows html view: files dropped on the page are the window's") {
     ShownView shown;
     shown.Open(L"text");
     CHECK(shown.engine.takesDrops);
-    const auto target = ComPtr<IDropTarget>::Adopt(shown.engine.DropTarget());
+    const auto target = Adopt<IDropTarget>(shown.engine.DropTarget());
     REQUIRE(target);
-    const auto data = ComPtr<IDataObject>::Adopt(new DroppedFile(L"C:\\books\\b.rtf"));
+    const auto data = Adopt<IDataObject>(new DroppedFile(L"C:\\books\\b.rtf"));
     DWORD effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
     CHECK(target->DragEnter(data.Get(), 0, {}, &effect) == S_OK);
     CHECK(effect == DROPEFFECT_COPY);

@@ -20,7 +20,7 @@ std::string ReadAddress(const std::wstring& url) {
     const bool known = open != nullptr;
     REQUIRE(known);
     ComPtr<IStream> stream;
-    if (FAILED(open(nullptr, url.c_str(), stream.Put(), 0, nullptr))) return "refused";
+    if (FAILED(open(nullptr, url.c_str(), &stream, 0, nullptr))) return "refused";
     char text[64] = {};
     ULONG read = 0;
     stream->Read(text, sizeof text, &read);

@@ -1,55 +1,27 @@
-// A counted reference to a COM interface.
+// Counted references to COM interfaces.
 #pragma once
 
 #include "platform/windows/base/win32.h"
 
-#include <ole2.h>
+#include <wrl/client.h>
 
-#include <utility>
+using Microsoft::WRL::ComPtr;
 
+// Takes over the reference that the caller has. Not by ComPtr::Attach, which in MinGW-w64 counts
+// one more.
 template <typename Interface>
-class ComPtr {
-  public:
-    ComPtr() = default;
-    explicit ComPtr(Interface* shared) : pointer_(shared) { // counts one more
-        if (pointer_) pointer_->AddRef();
-    }
-    ComPtr(const ComPtr& other) : ComPtr(other.pointer_) {}
-    ComPtr(ComPtr&& other) noexcept : pointer_(std::exchange(other.pointer_, nullptr)) {}
-    ComPtr& operator=(ComPtr other) noexcept {
-        std::swap(pointer_, other.pointer_);
-        return *this;
-    }
-    ~ComPtr() {
-        if (pointer_) pointer_->Release();
-    }
+ComPtr<Interface> Adopt(Interface* counted) {
+    ComPtr<Interface> result;
+    *result.GetAddressOf() = counted;
+    return result;
+}
 
-    static ComPtr Adopt(Interface* counted) { // takes over the count that the caller has
-        ComPtr result;
-        result.pointer_ = counted;
-        return result;
-    }
-
-    Interface* operator->() const { return pointer_; }
-    Interface* Get() const { return pointer_; }
-    explicit operator bool() const { return pointer_ != nullptr; }
-
-    // Where a function puts a counted reference.
-    Interface** Put() {
-        *this = {};
-        return &pointer_;
-    }
-    void** PutVoid() { return reinterpret_cast<void**>(Put()); }
-
-  private:
-    Interface* pointer_ = nullptr;
-};
-
-// Null where the object does not have the interface.
+// Null where the object, which may be null, does not have the interface. ComPtr::As asks a null
+// pointer, too.
 template <typename Wanted, typename Interface>
 ComPtr<Wanted> Query(Interface* object) {
     ComPtr<Wanted> result;
-    if (object && FAILED(object->QueryInterface(__uuidof(Wanted), result.PutVoid()))) return {};
+    if (!object || FAILED(object->QueryInterface(IID_PPV_ARGS(&result)))) return {};
     return result;
 }
 

@@ -88,7 +88,7 @@ void WinHtmlView::LoseControl() {
     inner_.Detach();
     document_ = {};
     heldPlace_ = {};
-    kept_.measured = {};
+    kept_.measured.Reset();
     control_.reset();
 }
 

@@ -183,11 +183,11 @@ void RichEdit::ScrollToPoint(POINT point) {
 
 void RichEdit::BringIntoView(TextPos position) {
     ComPtr<IUnknown> ole;
-    if (!Send(EM_GETOLEINTERFACE, 0, reinterpret_cast<LPARAM>(ole.Put())) || !ole) return;
+    if (!Send(EM_GETOLEINTERFACE, 0, reinterpret_cast<LPARAM>(ole.GetAddressOf())) || !ole) return;
     ComPtr<ITextDocument> document;
     ComPtr<ITextRange> range;
-    if (FAILED(ole->QueryInterface(textDocument, document.PutVoid()))) return;
-    if (FAILED(document->Range(position, position, range.Put())) || !range) return;
+    if (FAILED(ole->QueryInterface(textDocument, &document))) return;
+    if (FAILED(document->Range(position, position, &range)) || !range) return;
     range->ScrollIntoView(tomStart);
 }
 

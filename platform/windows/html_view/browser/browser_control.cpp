@@ -22,10 +22,10 @@ std::unique_ptr<BrowserControl> BrowserControl::Open(const BrowserFactory& make,
 
 HRESULT BrowserControl::Connect(const BrowserFactory& make, HWND window, BrowserOwner& owner) {
     window_ = window;
-    site_ = ComPtr<BrowserSite>::Adopt(new BrowserSite(window, owner));
-    events_ = ComPtr<BrowserEvents>::Adopt(new BrowserEvents(owner));
+    site_ = Adopt<BrowserSite>(new BrowserSite(window, owner));
+    events_ = Adopt<BrowserEvents>(new BrowserEvents(owner));
     ComPtr<IUnknown> made;
-    HRESULT result = make(made.Put());
+    HRESULT result = make(&made);
     if (FAILED(result)) return result;
     object_ = Query<IOleObject>(made);
     browser_ = Query<IWebBrowser2>(made);
@@ -70,7 +70,7 @@ bool BrowserControl::Load(const std::wstring& url) {
 
 ComPtr<IDispatch> BrowserControl::Document() const {
     ComPtr<IDispatch> document;
-    if (FAILED(browser_->get_Document(document.Put()))) return {};
+    if (FAILED(browser_->get_Document(&document))) return {};
     return document;
 }
 

@@ -28,16 +28,15 @@ HRESULT BrowserEvents::Listen(IWebBrowser2* browser) {
     page_ = Query<IUnknown>(browser);
     const auto container = Query<IConnectionPointContainer>(browser);
     if (!page_ || !container) return E_NOINTERFACE;
-    const HRESULT found =
-        container->FindConnectionPoint(__uuidof(DWebBrowserEvents2), source_.Put());
+    const HRESULT found = container->FindConnectionPoint(__uuidof(DWebBrowserEvents2), &source_);
     if (FAILED(found)) return found;
     return source_->Advise(this, &cookie_);
 }
 
 void BrowserEvents::Stop() {
     if (source_ && cookie_) source_->Unadvise(cookie_);
-    source_ = {};
-    page_ = {};
+    source_.Reset();
+    page_.Reset();
     cookie_ = 0;
 }
 

@@ -63,7 +63,7 @@ HRESULT BrowserSite::QueryService(REFGUID service, REFIID id, void** found) noex
     if (!found) return E_POINTER;
     *found = nullptr;
     if (service != __uuidof(IInternetSecurityManager)) return E_NOINTERFACE;
-    const auto security = ComPtr<PageSecurity>::Adopt(new (std::nothrow) PageSecurity);
+    const auto security = Adopt<PageSecurity>(new (std::nothrow) PageSecurity);
     return security ? security->QueryInterface(id, found) : E_OUTOFMEMORY;
 }
 

@@ -71,8 +71,7 @@ HRESULT DocumentHost::GetDropTarget(IDropTarget*, IDropTarget** ours) noexcept {
     if (!ours) return E_POINTER;
     *ours = nullptr;
     if (!owner_) return E_NOTIMPL;
-    if (!dropTarget_)
-        dropTarget_ = ComPtr<IDropTarget>::Adopt(new (std::nothrow) PageDropTarget(*owner_));
+    if (!dropTarget_) dropTarget_ = Adopt<IDropTarget>(new (std::nothrow) PageDropTarget(*owner_));
     if (!dropTarget_) return E_OUTOFMEMORY;
     *ours = dropTarget_.Get();
     (*ours)->AddRef();

@@ -7,7 +7,7 @@ void HeldPlace::Hold(const PageDocument& document, int topMargin) {
     if (line_ && scrollTop == scrollTop_) return;
     line_ = scrollTop > 0 ? RangeAt(document, 0, topMargin) : PageRange();
     const auto place = PlaceOf(line_);
-    if (!place) line_ = {};
+    if (!place) line_.Reset();
     top_ = place ? place->top : 0;
     scrollTop_ = scrollTop;
 }

@@ -15,7 +15,7 @@ bool FollowsStandards(IHTMLDocument2* document) {
 ComPtr<IDispatch> RootOf(IHTMLDocument2* document) {
     const auto tree = Query<IHTMLDocument3>(document);
     ComPtr<IHTMLElement> root;
-    if (!tree || FAILED(tree->get_documentElement(root.Put()))) return {};
+    if (!tree || FAILED(tree->get_documentElement(&root))) return {};
     return Query<IDispatch>(root);
 }
 
@@ -44,7 +44,7 @@ std::optional<int> MarginByAttribute(IDispatch* body) {
 std::optional<int> MarginByStyle(IDispatch* body) {
     const auto element = Query<IHTMLElement2>(body);
     ComPtr<IHTMLCurrentStyle> style;
-    if (!element || FAILED(element->get_currentStyle(style.Put())) || !style) return std::nullopt;
+    if (!element || FAILED(element->get_currentStyle(&style)) || !style) return std::nullopt;
     Variant margin;
     if (FAILED(style->get_marginTop(margin.Put()))) return std::nullopt;
     return LengthIn(margin.Get());
@@ -60,7 +60,7 @@ std::optional<int> BorderOf(IDispatch* body) {
 ComPtr<IHTMLStyle> StyleOf(const ComPtr<IDispatch>& body) {
     const auto element = Query<IHTMLElement>(body);
     ComPtr<IHTMLStyle> style;
-    if (!element || FAILED(element->get_style(style.Put()))) return {};
+    if (!element || FAILED(element->get_style(&style))) return {};
     return style;
 }
 
@@ -74,7 +74,7 @@ std::wstring ColorName(std::uint32_t redGreenBlue) {
 
 PageDocument::PageDocument(IDispatch* document) : document_(Query<IHTMLDocument2>(document)) {
     ComPtr<IHTMLElement> body;
-    if (!document_ || FAILED(document_->get_body(body.Put()))) return;
+    if (!document_ || FAILED(document_->get_body(&body))) return;
     if (!Query<IHTMLBodyElement>(body)) return;
     scroller_ = FindScroller(document_.Get(), body.Get());
     if (scroller_) body_ = Query<IDispatch>(body);
@@ -128,7 +128,7 @@ std::optional<int> PageDocument::TopMargin() const {
 
 bool PageDocument::ScrollTo(int left, int top) {
     ComPtr<IHTMLWindow2> window;
-    if (!document_ || FAILED(document_->get_parentWindow(window.Put()))) return false;
+    if (!document_ || FAILED(document_->get_parentWindow(&window))) return false;
     return window && SUCCEEDED(window->scrollTo(left, top));
 }
 
@@ -147,11 +147,11 @@ bool PageDocument::SetTextColor(std::optional<std::uint32_t> redGreenBlue) {
 // Engines older than version 9 have none.
 ComPtr<IHTMLCSSStyleDeclaration> PageDocument::ComputedStyle(bool ofBody) const {
     ComPtr<IHTMLWindow2> window;
-    if (!body_ || FAILED(document_->get_parentWindow(window.Put()))) return {};
+    if (!body_ || FAILED(document_->get_parentWindow(&window))) return {};
     const auto modern = Query<IHTMLWindow7>(window);
     const auto node = Query<IHTMLDOMNode>(ofBody ? body_ : RootOf(document_.Get()));
     ComPtr<IHTMLCSSStyleDeclaration> style;
-    if (!modern || !node || FAILED(modern->getComputedStyle(node.Get(), nullptr, style.Put())))
+    if (!modern || !node || FAILED(modern->getComputedStyle(node.Get(), nullptr, &style)))
         return {};
     return style;
 }
@@ -159,14 +159,14 @@ ComPtr<IHTMLCSSStyleDeclaration> PageDocument::ComputedStyle(bool ofBody) const 
 ComPtr<IHTMLTxtRange> PageDocument::WholeText() const {
     const auto body = Query<IHTMLBodyElement>(body_);
     ComPtr<IHTMLTxtRange> range;
-    if (!body || FAILED(body->createTextRange(range.Put()))) return {};
+    if (!body || FAILED(body->createTextRange(&range))) return {};
     return range;
 }
 
 ComPtr<IHTMLTxtRange> PageDocument::SelectedText() const {
     ComPtr<IHTMLSelectionObject> selection;
-    if (!body_ || FAILED(document_->get_selection(selection.Put())) || !selection) return {};
+    if (!body_ || FAILED(document_->get_selection(&selection)) || !selection) return {};
     ComPtr<IDispatch> range;
-    if (FAILED(selection->createRange(range.Put()))) return {};
+    if (FAILED(selection->createRange(&range))) return {};
     return Query<IHTMLTxtRange>(range);
 }

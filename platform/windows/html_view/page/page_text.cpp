@@ -45,7 +45,7 @@ std::u16string WithOneBreak(std::wstring_view text) {
 
 PageRange Copy(const PageRange& range) {
     PageRange copy;
-    if (!range || FAILED(range->duplicate(copy.Put()))) return {};
+    if (!range || FAILED(range->duplicate(&copy))) return {};
     return copy;
 }
 

@@ -14,10 +14,8 @@ ComPtr<IInternetProtocol> SystemFileProtocol() {
     const auto getClass = UrlmonFunction<LPFNGETCLASSOBJECT>("DllGetClassObject");
     ComPtr<IClassFactory> factory;
     ComPtr<IInternetProtocol> protocol;
-    if (!getClass || FAILED(getClass(fileProtocol, __uuidof(IClassFactory), factory.PutVoid())))
-        return {};
-    if (FAILED(factory->CreateInstance(nullptr, __uuidof(IInternetProtocol), protocol.PutVoid())))
-        return {};
+    if (!getClass || FAILED(getClass(fileProtocol, IID_PPV_ARGS(&factory)))) return {};
+    if (FAILED(factory->CreateInstance(nullptr, IID_PPV_ARGS(&protocol)))) return {};
     return protocol;
 }
 
@@ -33,7 +31,7 @@ HRESULT RefusingProtocols::CreateInstance(IUnknown* outer, REFIID id, void** mad
     if (outer && id != __uuidof(IUnknown)) return CLASS_E_NOAGGREGATION;
     auto* protocol = new (std::nothrow) RefusingProtocol(outer, folder_);
     if (!protocol) return E_OUTOFMEMORY;
-    const auto first = ComPtr<IUnknown>::Adopt(protocol->Inner());
+    const auto first = Adopt<IUnknown>(protocol->Inner());
     return first->QueryInterface(id, made);
 }
 

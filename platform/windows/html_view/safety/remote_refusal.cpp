@@ -17,9 +17,9 @@ constexpr const wchar_t* schemes[] = {L"file", L"http", L"https",  L"ftp",
 } // namespace
 
 RemoteRefusal::RemoteRefusal(BookFolder folder)
-    : handlers_(ComPtr<IClassFactory>::Adopt(new RefusingProtocols(std::move(folder)))) {
+    : handlers_(Adopt<IClassFactory>(new RefusingProtocols(std::move(folder)))) {
     const auto getSession = UrlmonFunction<decltype(&CoInternetGetSession)>("CoInternetGetSession");
-    if (!getSession || FAILED(getSession(0, session_.Put(), 0))) return;
+    if (!getSession || FAILED(getSession(0, &session_, 0))) return;
     for (const wchar_t* scheme : schemes)
         if (SUCCEEDED(
                 session_->RegisterNameSpace(handlers_.Get(), handlerClass, scheme, 0, nullptr, 0)))
