@@ -8,8 +8,7 @@
 
 namespace {
 
-// The system's own folder only: a book's folder, the current one and the program's may hold
-// libraries of anybody's.
+// From System32 only: anybody may have put DLLs into the current folder, a book's or the program's.
 void LoadLibrariesFromSystemOnly() {
     SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
     SetDllDirectoryW(L"");
@@ -19,9 +18,8 @@ void LoadLibrariesFromSystemOnly() {
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     LoadLibrariesFromSystemOnly();
-    SetErrorMode(
-        SEM_FAILCRITICALERRORS); // an empty drive is an error to us, not a box of the system's
-    OleInitialize(nullptr);      // for drops and the system's dialogs
+    SetErrorMode(SEM_FAILCRITICALERRORS); // no system message box for an empty drive
+    OleInitialize(nullptr);               // for drag and drop and the common dialogs
     {
         MainForm form(MakeWinPorts());
         if (Form_Load(form)) RunMessageLoop(static_cast<WinWindow&>(*form.ports.window));

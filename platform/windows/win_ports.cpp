@@ -23,10 +23,10 @@ namespace {
 std::unique_ptr<WinHtmlView> MakeHtmlView(WinWindow& window) {
     auto view = std::make_unique<WinHtmlView>(window.ViewArea());
     window.normalizeKey = [html = view.get()](MSG& message) { html->Normalize(message); };
-    window.takeKey = [html = view.get()](const MSG& message) {
+    window.translateKey = [html = view.get()](const MSG& message) {
         return html->TranslateKey(message);
     };
-    view->onZoomKey = [&window](int keyCode, int shift) { window.TellKeyDown(keyCode, shift); };
+    view->onZoomKey = [&window](int keyCode, int shift) { window.ReportKeyDown(keyCode, shift); };
     return view;
 }
 
@@ -54,7 +54,7 @@ Ports MakeWinPorts() {
     ports.files = std::make_unique<WinFiles>();
     ports.versionInfo = std::make_unique<WinVersionInfo>();
     ports.updateCheck = std::make_unique<WinUpdateCheck>(
-        [main = window.get()](MSG& message) { return main->PassMessage(message); });
+        [main = window.get()](MSG& message) { return main->PreTranslateMessage(message); });
     ports.locale = std::make_unique<WinLocale>();
     ports.clock = std::make_unique<WinClock>();
     ports.window = std::move(window);

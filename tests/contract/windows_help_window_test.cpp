@@ -106,7 +106,7 @@ TEST_CASE("windows help window: the page has the system's face and colours") {
     SendMessageW(open.View(), EM_SETSEL, 0, 3);
     SendMessageW(open.View(), EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
     CHECK(std::wstring(format.szFaceName) ==
-          MetricsAt(DpiOf(open.View())).lfMessageFont.lfFaceName);
+          NonClientMetricsForDpi(WindowDpi(open.View())).lfMessageFont.lfFaceName);
     CHECK((format.dwEffects & CFE_AUTOCOLOR) != 0);
     const LRESULT background = SendMessageW(open.View(), EM_SETBKGNDCOLOR, 1, 0);
     CHECK(static_cast<COLORREF>(background) == GetSysColor(COLOR_WINDOW));

@@ -57,13 +57,13 @@ TEST_CASE("page keys: which ones the view acts on") {
         {VK_SUBTRACT, CtrlKey, PageKey::Zooms},
         {VK_NUMPAD0, CtrlKey, PageKey::Zooms},
         {'0', CtrlKey, PageKey::Zooms},
-        {'F', CtrlKey, PageKey::Refused},
-        {'O', CtrlKey, PageKey::Refused},
-        {'N', CtrlKey, PageKey::Refused},
-        {'P', CtrlKey, PageKey::Refused},
-        {VK_F5, 0, PageKey::Refused},
-        {VK_F1, 0, PageKey::Refused},
-        {VK_BROWSER_BACK, 0, PageKey::Refused},
+        {'F', CtrlKey, PageKey::Blocked},
+        {'O', CtrlKey, PageKey::Blocked},
+        {'N', CtrlKey, PageKey::Blocked},
+        {'P', CtrlKey, PageKey::Blocked},
+        {VK_F5, 0, PageKey::Blocked},
+        {VK_F1, 0, PageKey::Blocked},
+        {VK_BROWSER_BACK, 0, PageKey::Blocked},
         {VK_CONTROL, CtrlKey, PageKey::Other},
         {VK_LEFT, AltKey, PageKey::Other},
         {VK_F2, AltKey, PageKey::Other},
@@ -75,7 +75,7 @@ TEST_CASE("page keys: which ones the view acts on") {
     for (const auto& row : table) {
         CAPTURE(row.key);
         CAPTURE(row.shift);
-        CHECK(MeaningOf(row.key, row.shift) == row.meaning);
+        CHECK(ClassifyPageKey(row.key, row.shift) == row.meaning);
     }
 }
 
@@ -211,7 +211,7 @@ class DroppedFile final : public ComObject<IDataObject> {
     explicit DroppedFile(std::wstring path) : path_(std::move(path)) {}
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** found) noexcept override {
-        return AnswerQuery<IDataObject>(this, id, found);
+        return FindInterface<IDataObject>(this, id, found);
     }
     HRESULT STDMETHODCALLTYPE GetData(FORMATETC* format, STGMEDIUM* medium) noexcept override {
         if (QueryGetData(format) != S_OK) return DV_E_FORMATETC;

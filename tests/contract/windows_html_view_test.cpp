@@ -1,6 +1,6 @@
 #include "tests/contract/windows_html_view_fixture.h"
 
-#include "platform/windows/html_view/page/own_colors.h"
+#include "platform/windows/html_view/page/page_colors.h"
 
 #include <algorithm>
 
@@ -215,7 +215,7 @@ TEST_CASE("windows html view: colours as a computed style says them") {
         {L"#12", {}},
     };
     for (const auto& row : table)
-        CHECK(ColorOfStyle(row.text) == row.color);
+        CHECK(ParseCssColor(row.text) == row.color);
 }
 
 TEST_CASE("windows html view: a page's own colours, and letters in another one") {
@@ -237,11 +237,11 @@ TEST_CASE("windows html view: a page's own colours, and letters in another one")
 
 TEST_CASE("windows html view: the last values are kept when the engine goes") {
     ShownView shown;
-    shown.Book().title = L"Kept";
+    shown.Book().title = L"PageSnapshot";
     shown.Open(Lines(100));
     shown.view->ScrollTo(0, 320);
     shown.view->Select({700, 3});
-    CHECK(shown.view->Title() == u"Kept");
+    CHECK(shown.view->Title() == u"PageSnapshot");
     const int top = shown.view->ScrollTop();
     const PageSelection selection = shown.view->Selection();
     shown.engine.Quit();
@@ -250,7 +250,7 @@ TEST_CASE("windows html view: the last values are kept when the engine goes") {
     CHECK(shown.engine.living == 0);
     CHECK(shown.view->ScrollTop() == top);
     CHECK(shown.view->Selection().span == selection.span);
-    CHECK(shown.view->Title() == u"Kept");
+    CHECK(shown.view->Title() == u"PageSnapshot");
     CHECK(shown.view->SelectedText() == u"");
     shown.Open(L"anew", 2);
     CHECK(shown.loaded.back() == 2);

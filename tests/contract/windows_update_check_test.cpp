@@ -189,7 +189,7 @@ TEST_CASE("windows update check: at most 64 KB") {
     CHECK(FetchedFrom(Sends("HTTP/1.0 200 OK\r\n\r\n" + most)) == most);
     CHECK(Fails(Always("200 OK", most + 'x')));
     CHECK(Fails(Always("200 OK", std::string(10 << 20, 'x'))));
-    CHECK(Fails([&most](const LoopbackConnection& connection, const std::string&) { // endless
+    CHECK(Fails([&most](const LoopbackConnection& connection, const std::string&) { // unbounded
         connection.Send("HTTP/1.1 200 OK\r\n\r\n");
         while (connection.Send(most)) {
         }

@@ -1,10 +1,10 @@
-// What the COM objects of our own have in common.
+// Implementing COM objects.
 #pragma once
 
 #include "platform/windows/base/com_ptr.h"
 
-// Counts the references to an object that is born with one, and ends it with the last. The engine
-// may count on threads of its own.
+// Reference-counted, starting at one. The count is interlocked: the engine also uses threads of its
+// own.
 template <typename... Interfaces>
 class ComObject : public Interfaces... {
   public:
@@ -28,9 +28,9 @@ class ComObject : public Interfaces... {
     LONG count_ = 1;
 };
 
-// Answers QueryInterface with those that are named; the first one serves as the identity.
+// Implements QueryInterface for the named interfaces; the first one serves as IUnknown.
 template <typename First, typename... Rest, typename Object>
-HRESULT AnswerQuery(Object* object, REFIID id, void** found) noexcept {
+HRESULT FindInterface(Object* object, REFIID id, void** found) noexcept {
     if (!found) return E_POINTER;
     *found = nullptr;
     if (id == __uuidof(IUnknown) || id == __uuidof(First)) *found = static_cast<First*>(object);

@@ -1,4 +1,4 @@
-// Strings and variants of COM, freed by themselves. Not comutil.h's: _bstr_t and _variant_t throw
+// Owners of a BSTR and a VARIANT. Not comutil.h's: _bstr_t and _variant_t throw
 // _com_error, which is no std::exception, end a text at its first NUL, and need comsuppw.lib with
 // MSVC.
 #pragma once

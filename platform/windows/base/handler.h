@@ -1,4 +1,4 @@
-// The one way from a native event into a handler of the form.
+// Calling a handler of the form from a native event.
 #pragma once
 
 #include "platform/windows/base/win32.h"
@@ -6,8 +6,8 @@
 #include <exception>
 #include <utility>
 
-// Calls `handler` if there is one. Nothing that it throws goes further, because a window procedure
-// is called through the system: it is told to a debugger and the event counts as done.
+// Calls `handler` if there is one. No exception may pass through the system's frames below a window
+// procedure, so it is reported to the debugger and the event counts as handled.
 template <typename Handler, typename... Arguments>
 void CallHandler(const Handler& handler, Arguments&&... arguments) noexcept {
     try {

@@ -1,16 +1,15 @@
-// Libraries of the system that the program loads when it first needs them, and functions in them.
+// System DLLs that are loaded on first use, and functions in them.
 #pragma once
 
 #include "platform/windows/base/win32.h"
 
-// From the system's own folder only: a file of that name beside the program or a book is never
-// taken for it. Null when the system has none. It stays loaded.
+// From System32 only: a file of that name beside the program or a book is never loaded. Null when
+// the system has none. It stays loaded.
 inline HMODULE LoadSystemLibrary(const wchar_t* name) {
     return LoadLibraryExW(name, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
 }
 
-// Whether `library`, which may be null, has the function; it is then in `function`, which is null
-// otherwise.
+// Sets `function` to the export of `library`, which may be null; false and null when there is none.
 template <typename Function>
 bool FindFunction(HMODULE library, const char* name, Function& function) {
     const auto found = library ? GetProcAddress(library, name) : nullptr;

@@ -1,4 +1,4 @@
-// The core's UTF-16 text as the system's wide text and back: the same units under two types.
+// Between char16_t and wchar_t, which are both UTF-16 code units on Windows.
 #pragma once
 
 #include <string>

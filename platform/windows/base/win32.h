@@ -1,4 +1,4 @@
-// The one way to include the system's headers: Unicode, Windows 8.1 and later, no min and max
+// windows.h as this program uses it: Unicode, Windows 8.1 and later, without the min and max
 // macros.
 #pragma once
 

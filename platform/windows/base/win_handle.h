@@ -1,4 +1,4 @@
-// An open handle of the system's kernel, closed when it goes.
+// Owns a kernel handle.
 #pragma once
 
 #include "platform/windows/base/win32.h"
@@ -7,7 +7,7 @@
 
 class WinHandle {
   public:
-    // Either value by which the system says that there is none will do.
+    // Null and INVALID_HANDLE_VALUE both mean none.
     explicit WinHandle(HANDLE handle = nullptr)
         : handle_(handle == INVALID_HANDLE_VALUE ? nullptr : handle) {}
     WinHandle(WinHandle&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}

@@ -10,7 +10,7 @@
 
 namespace {
 
-UINT_PTR CALLBACK Hook(HWND dialog, UINT message, WPARAM, LPARAM lParam) {
+UINT_PTR CALLBACK HookProc(HWND dialog, UINT message, WPARAM, LPARAM lParam) {
     if (message != WM_INITDIALOG) return 0;
     const auto* request = reinterpret_cast<const CHOOSECOLORW*>(lParam);
     SetWindowTextW(dialog, reinterpret_cast<const wchar_t*>(request->lCustData));
@@ -31,7 +31,7 @@ ColorAnswer AskColor(HWND owner, const std::u16string& title, Color start) {
     request.lpCustColors = custom;
     request.Flags = CC_FULLOPEN | CC_RGBINIT | CC_ANYCOLOR | CC_ENABLEHOOK;
     request.lCustData = reinterpret_cast<LPARAM>(wideTitle.c_str());
-    request.lpfnHook = Hook;
+    request.lpfnHook = HookProc;
     if (ChooseColorW(&request)) return {DialogResult::Ok, request.rgbResult};
     const bool failed = CommDlgExtendedError() != 0;
     return {failed ? DialogResult::Failed : DialogResult::Cancel, start};

@@ -7,7 +7,7 @@ namespace {
 class TemplateWriter {
   public:
     void Word(int value) { words_.push_back(static_cast<WORD>(value)); }
-    void Double(DWORD value) {
+    void Dword(DWORD value) {
         Word(LOWORD(value));
         Word(HIWORD(value));
     }
@@ -15,10 +15,10 @@ class TemplateWriter {
         words_.insert(words_.end(), text.begin(), text.end());
         Word(0);
     }
-    void AlignToDouble() {
+    void AlignToDword() {
         if (words_.size() % 2 != 0) Word(0);
     }
-    std::vector<WORD> Take() { return std::move(words_); }
+    std::vector<WORD> Words() { return std::move(words_); }
 
   private:
     std::vector<WORD> words_;
@@ -30,24 +30,24 @@ void AddFont(TemplateWriter& out) {
     SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
     const LOGFONTW& font = metrics.lfMessageFont;
     const int height = font.lfHeight < 0 ? -font.lfHeight : font.lfHeight;
-    out.Word(MulDiv(height, 72, ScreenDpi())); // points
+    out.Word(MulDiv(height, 72, SystemDpi())); // points
     out.Word(FW_NORMAL);
-    out.Word(font.lfCharSet << 8); // and not italic
+    out.Word(font.lfCharSet << 8); // not italic
     out.Text(font.lfFaceName);
 }
 
 void AddControl(TemplateWriter& out, const DialogControl& control) {
-    out.AlignToDouble();
-    out.Double(0); // no help
-    out.Double(0); // no extended style
-    out.Double(control.style | WS_CHILD | WS_VISIBLE);
+    out.AlignToDword();
+    out.Dword(0); // helpID
+    out.Dword(0); // no extended style
+    out.Dword(control.style | WS_CHILD | WS_VISIBLE);
     for (const short number : {control.left, control.top, control.width, control.height})
         out.Word(number);
-    out.Double(control.id);
-    out.Word(0xFFFF); // the class is a number
+    out.Dword(control.id);
+    out.Word(0xFFFF); // the class is an atom
     out.Word(static_cast<WORD>(control.type));
     out.Text(control.caption);
-    out.Word(0); // no data of its own
+    out.Word(0); // no creation data
 }
 
 } // namespace
@@ -55,19 +55,19 @@ void AddControl(TemplateWriter& out, const DialogControl& control) {
 std::vector<WORD> DialogTemplate(const std::wstring& title, short width, short height,
                                  const std::vector<DialogControl>& controls) {
     TemplateWriter out;
-    out.Word(1);      // the extended template's version
-    out.Word(0xFFFF); // and mark
-    out.Double(0);    // no help
-    out.Double(0);    // no extended style
-    out.Double(DS_SHELLFONT | DS_MODALFRAME | WS_POPUP | WS_CAPTION | WS_SYSMENU);
+    out.Word(1);      // dlgVer
+    out.Word(0xFFFF); // signature of DLGTEMPLATEEX
+    out.Dword(0);     // helpID
+    out.Dword(0);     // no extended style
+    out.Dword(DS_SHELLFONT | DS_MODALFRAME | WS_POPUP | WS_CAPTION | WS_SYSMENU);
     out.Word(static_cast<int>(controls.size()));
     for (const short number : {short{0}, short{0}, width, height})
         out.Word(number);
     out.Word(0); // no menu
-    out.Word(0); // the usual class
+    out.Word(0); // the default dialog class
     out.Text(title);
     AddFont(out);
     for (const DialogControl& control : controls)
         AddControl(out, control);
-    return out.Take();
+    return out.Words();
 }

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t MaxPathLength = 32'768; // units, with the NUL: the system's own limit
 
-// The dialog asks the desktop's objects, and they need this of the thread.
+// The dialog uses shell objects, which need a COM apartment.
 class ComApartment {
   public:
     ComApartment() : joined_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
@@ -27,7 +27,7 @@ class ComApartment {
     const bool joined_;
 };
 
-// Each name and what is listed for it, as the system wants them: a NUL behind each, and one more.
+// OPENFILENAME::lpstrFilter: pairs of name and pattern, each ended by a NUL, and one more NUL.
 std::wstring NativeFilter(const OpenFileRequest& request) {
     const auto parts = Split(request.filter, u"|");
     std::wstring native;
@@ -39,14 +39,14 @@ std::wstring NativeFilter(const OpenFileRequest& request) {
     return native + L'\0';
 }
 
-// The dialog takes "\" only, in the folder to begin with and in a file's name.
+// The dialog accepts only "\" in lpstrInitialDir and lpstrFile.
 std::wstring WithBackslashes(const std::u16string& path) {
     std::wstring native = ToWide(path);
     std::replace(native.begin(), native.end(), L'/', L'\\');
     return native;
 }
 
-// The dialog's error, 0 for Cancel; and the answer when there is one.
+// Returns CommDlgExtendedError: 0 also for Cancel.
 DWORD Show(HWND owner, const OpenFileRequest& request, std::wstring name, OpenFileAnswer& answer) {
     const std::wstring title = ToWide(request.title), filter = NativeFilter(request);
     const std::wstring folder = WithBackslashes(request.initialFolder);
@@ -76,7 +76,7 @@ OpenFileAnswer AskFile(HWND owner, const OpenFileRequest& request) {
     const ComApartment apartment;
     OpenFileAnswer answer;
     DWORD error = Show(owner, request, WithBackslashes(request.fileName), answer);
-    // A name to begin with that is none must not keep the user from choosing another.
+    // An invalid initial name makes the dialog fail: show it without one.
     if (error == FNERR_INVALIDFILENAME && !request.fileName.empty())
         error = Show(owner, request, {}, answer);
     if (error != 0) answer.result = DialogResult::Failed;

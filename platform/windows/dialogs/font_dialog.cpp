@@ -12,7 +12,7 @@ namespace {
 // The controls of the system's font dialog.
 constexpr int FaceBox = cmb1, StyleBox = cmb2, SizeBox = cmb3, ColorBox = cmb4, ScriptBox = cmb5;
 
-// What the dialog shows of a font at one moment.
+// The contents of the dialog's controls.
 struct ShownFont {
     std::wstring face, style, size, script;
     LRESULT color = CB_ERR;
@@ -37,13 +37,13 @@ LRESULT ChosenColor(HWND dialog) {
     return SendDlgItemMessageW(dialog, ColorBox, CB_GETITEMDATA, static_cast<WPARAM>(index), 0);
 }
 
-ShownFont Shown(HWND dialog) {
+ShownFont ReadControls(HWND dialog) {
     return {TextOf(dialog, FaceBox), TextOf(dialog, StyleBox), TextOf(dialog, SizeBox),
             TextOf(dialog, ScriptBox), ChosenColor(dialog)};
 }
 
-// The dialog has sixteen colours, and would show black for any other. So that one is added.
-void OfferColor(HWND dialog, Color color) {
+// The dialog lists sixteen colours and would select black for any other, so that one is added.
+void SelectColor(HWND dialog, Color color) {
     if (ChosenColor(dialog) == static_cast<LRESULT>(color)) return;
     const auto name = reinterpret_cast<LPARAM>(L"Custom");
     const LRESULT added = SendDlgItemMessageW(dialog, ColorBox, CB_ADDSTRING, 0, name);
@@ -53,25 +53,26 @@ void OfferColor(HWND dialog, Color color) {
     SendDlgItemMessageW(dialog, ColorBox, CB_SETCURSEL, index, 0);
 }
 
-void OnInit(HWND dialog, FontDialogState& state) {
+void OnInitDialog(HWND dialog, FontDialogState& state) {
     SetWindowTextW(dialog, state.title.c_str());
-    OfferColor(dialog, state.color);
-    // The name of a face that is not installed, for the user to know.
+    SelectColor(dialog, state.color);
+    // The dialog leaves the name of a face that is not installed empty.
     if (TextOf(dialog, FaceBox).empty())
         SetDlgItemTextW(dialog, FaceBox, ToWide(state.given->name).c_str());
-    state.first = state.last = Shown(dialog);
+    state.first = state.last = ReadControls(dialog);
     CenterOver(dialog, GetWindow(dialog, GW_OWNER));
 }
 
-UINT_PTR CALLBACK Hook(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+UINT_PTR CALLBACK HookProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_INITDIALOG) {
         const auto* request = reinterpret_cast<const CHOOSEFONTW*>(lParam);
         SetWindowLongPtrW(dialog, DWLP_USER, request->lCustData);
-        OnInit(dialog, *reinterpret_cast<FontDialogState*>(request->lCustData));
+        OnInitDialog(dialog, *reinterpret_cast<FontDialogState*>(request->lCustData));
     }
     auto* state = reinterpret_cast<FontDialogState*>(GetWindowLongPtrW(dialog, DWLP_USER));
-    // Before the dialog itself sees it, and closes.
-    if (state && message == WM_COMMAND && LOWORD(wParam) == IDOK) state->last = Shown(dialog);
+    // The hook runs before the dialog procedure closes the dialog.
+    if (state && message == WM_COMMAND && LOWORD(wParam) == IDOK)
+        state->last = ReadControls(dialog);
     return 0;
 }
 
@@ -96,7 +97,7 @@ FontAnswer AskFont(HWND owner, const std::u16string& title, const ViewFont& font
     state.title = ToWide(title);
     state.given = &font;
     state.color = color;
-    LOGFONTW chosen = LogFontOf(font, ScreenDpi());
+    LOGFONTW chosen = ToLogFont(font, SystemDpi());
     CHOOSEFONTW request = {};
     request.lStructSize = sizeof request;
     request.hwndOwner = owner;
@@ -104,7 +105,7 @@ FontAnswer AskFont(HWND owner, const std::u16string& title, const ViewFont& font
     request.Flags = CF_SCREENFONTS | CF_EFFECTS | CF_INITTOLOGFONTSTRUCT | CF_ENABLEHOOK;
     request.rgbColors = color;
     request.lCustData = reinterpret_cast<LPARAM>(&state);
-    request.lpfnHook = Hook;
+    request.lpfnHook = HookProc;
     if (!ChooseFontW(&request)) {
         const bool failed = CommDlgExtendedError() != 0;
         return {failed ? DialogResult::Failed : DialogResult::Cancel, font, color};

@@ -1,19 +1,18 @@
 #include "platform/windows/dialogs/message_box.h"
 
 #include "platform/windows/base/text.h"
+#include "platform/windows/resources/resource.h"
 #include "platform/windows/window/center.h"
 
 namespace {
 
-constexpr int AppIcon = 1; // a resource of the executable
-
-// A message box while it is open. The system puts it in the middle of the screen, this over its
-// owner. Neither the hook nor the call for help is told which box it is about.
+// A message box while it is open; centres it over its owner. Neither the CBT hook nor the help
+// callback takes a context, hence the thread-local.
 class OpenBox {
   public:
     OpenBox(HWND owner, const std::function<void()>& onHelp)
         : outer_(current), owner_(owner), onHelp_(onHelp),
-          hook_(SetWindowsHookExW(WH_CBT, OnWindow, nullptr, GetCurrentThreadId())) {
+          hook_(SetWindowsHookExW(WH_CBT, CbtProc, nullptr, GetCurrentThreadId())) {
         current = this;
     }
     ~OpenBox() {
@@ -28,7 +27,7 @@ class OpenBox {
     }
 
   private:
-    static LRESULT CALLBACK OnWindow(int code, WPARAM window, LPARAM details) {
+    static LRESULT CALLBACK CbtProc(int code, WPARAM window, LPARAM details) {
         if (code == HCBT_ACTIVATE && current) {
             current->Unhook();
             CenterOver(reinterpret_cast<HWND>(window), current->owner_);
@@ -62,7 +61,7 @@ int ShowMessageBox(HWND owner, const std::u16string& text, const std::u16string&
     parameters.lpszText = wideText.c_str();
     parameters.lpszCaption = wideTitle.c_str();
     parameters.dwStyle = style;
-    parameters.lpszIcon = MAKEINTRESOURCEW(AppIcon); // looked at with MB_USERICON only
+    parameters.lpszIcon = MAKEINTRESOURCEW(IDI_PROGRAM); // used with MB_USERICON only
     parameters.lpfnMsgBoxCallback = OpenBox::OnHelp;
     const OpenBox box(owner, onHelp);
     return MessageBoxIndirectW(&parameters);

@@ -9,24 +9,24 @@ int WinDialog::Run(HWND owner, const std::u16string& title, short width, short h
     const std::vector<WORD> words = DialogTemplate(ToWide(title), width, height, controls);
     const INT_PTR result = DialogBoxIndirectParamW(
         GetModuleHandleW(nullptr), reinterpret_cast<const DLGTEMPLATE*>(words.data()), owner,
-        Procedure, reinterpret_cast<LPARAM>(this));
+        DialogProc, reinterpret_cast<LPARAM>(this));
     return result > 0 ? static_cast<int>(result) : 0;
 }
 
-INT_PTR CALLBACK WinDialog::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+INT_PTR CALLBACK WinDialog::DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_INITDIALOG) {
         SetWindowLongPtrW(window, DWLP_USER, lParam);
         auto* dialog = reinterpret_cast<WinDialog*>(lParam);
         dialog->window_ = window;
-        dialog->OnInit();
+        dialog->OnInitDialog();
         CenterOver(window, GetWindow(window, GW_OWNER));
         return FALSE; // the focus is set
     }
     auto* dialog = reinterpret_cast<WinDialog*>(GetWindowLongPtrW(window, DWLP_USER));
-    return dialog && dialog->Handle(message, wParam);
+    return dialog && dialog->HandleMessage(message, wParam);
 }
 
-bool WinDialog::Handle(UINT message, WPARAM wParam) {
+bool WinDialog::HandleMessage(UINT message, WPARAM wParam) {
     if (message != WM_COMMAND) return false;
     const WORD control = LOWORD(wParam);
     if (control == IDCANCEL) {
@@ -34,7 +34,7 @@ bool WinDialog::Handle(UINT message, WPARAM wParam) {
     } else if (control != IDOK) {
         OnCommand(control, HIWORD(wParam));
     } else if (IsWindowEnabled(Control(IDOK))) {
-        OnConfirm();
+        OnOk();
         EndDialog(window_, IDOK);
     }
     return true;
@@ -60,7 +60,7 @@ void WinDialog::Grow(int id, int pixels) const {
                  place.bottom - place.top + pixels, SWP_NOMOVE | SWP_NOZORDER);
 }
 
-void WinDialog::MoveBelow(int id, int pixels) const {
+void WinDialog::MoveControlsBelow(int id, int pixels) const {
     if (pixels <= 0) return;
     RECT above = {}, frame = {};
     GetWindowRect(Control(id), &above);

@@ -1,5 +1,4 @@
-// Dialogs of our own, made in memory in the system's message font, so that they are of the right
-// size at every resolution.
+// Dialogs of our own, from templates in memory that name the system's message font.
 #pragma once
 
 #include "platform/windows/base/win32.h"
@@ -8,30 +7,30 @@
 #include <string_view>
 #include <vector>
 
-// Classes of controls, as templates name them.
+// Class atoms of dialog templates.
 enum class ControlClass : WORD { Button = 0x80, Edit = 0x81, Static = 0x82, ComboBox = 0x85 };
 
 struct DialogControl {
     ControlClass type = ControlClass::Static;
     WORD id = 0;
     std::wstring caption;
-    DWORD style = 0;                                // beside those that all controls have
+    DWORD style = 0;                                // besides WS_CHILD and WS_VISIBLE
     short left = 0, top = 0, width = 0, height = 0; // dialog units
 };
 
-// A modal dialog, owned and centred. One that is derived from it fills its controls and reads them.
+// A modal dialog, centred over its owner. Derived classes fill and read its controls.
 class WinDialog {
   public:
-    // IDOK, IDCANCEL or what it was closed with; 0 when it could not be shown. `width` and `height`
-    // in dialog units.
+    // Returns IDOK, IDCANCEL or the argument of `Close`; 0 when it could not be shown. `width` and
+    // `height` in dialog units.
     int Run(HWND owner, const std::u16string& title, short width, short height,
             const std::vector<DialogControl>&);
 
   protected:
     ~WinDialog() = default;
-    virtual void OnInit() = 0;
+    virtual void OnInitDialog() = 0;
     virtual void OnCommand(WORD /*control*/, WORD /*notification*/) {}
-    virtual void OnConfirm() {} // Enter or its button; only while IDOK's button is enabled
+    virtual void OnOk() {} // only while IDOK's button is enabled
 
     HWND Window() const { return window_; }
     void Close(int result) const { EndDialog(window_, result); }
@@ -42,14 +41,15 @@ class WinDialog {
     void Check(int id, bool on) const {
         CheckDlgButton(window_, id, on ? BST_CHECKED : BST_UNCHECKED);
     }
-    // Makes a control higher by so many pixels, if any.
+    // Makes a control higher by a positive number of pixels.
     void Grow(int id, int pixels) const;
-    // Moves what is below a control down by so many pixels, if any, and lets the dialog grow.
-    void MoveBelow(int id, int pixels) const;
+    // Moves the controls below one down by a positive number of pixels, and makes the dialog
+    // higher.
+    void MoveControlsBelow(int id, int pixels) const;
 
   private:
-    static INT_PTR CALLBACK Procedure(HWND, UINT message, WPARAM, LPARAM);
-    bool Handle(UINT message, WPARAM);
+    static INT_PTR CALLBACK DialogProc(HWND, UINT message, WPARAM, LPARAM);
+    bool HandleMessage(UINT message, WPARAM);
 
     HWND window_ = nullptr;
 };

@@ -25,7 +25,7 @@ UINT StyleOf(const Message& message) {
     return style;
 }
 
-// A message about the help may come while another message waits: then it belongs to that.
+// A message about the help may appear while another message box is open, which then owns it.
 HWND InFront(HWND owner) {
     return owner ? GetLastActivePopup(owner) : nullptr;
 }

@@ -9,11 +9,11 @@ constexpr short Width = 230, Height = 92, Edge = 7, Inner = Width - 2 * Edge; //
 constexpr short ButtonWidth = 50, ButtonHeight = 14, ButtonTop = Height - Edge - ButtonHeight;
 constexpr short DroppedHeight = 120;
 
-// A font that lives as long as the dialog.
+// Outlives the dialog, whose control does not own it.
 class ControlFont {
   public:
     explicit ControlFont(const ViewFont& font) {
-        const LOGFONTW described = LogFontOf(font, ScreenDpi());
+        const LOGFONTW described = ToLogFont(font, SystemDpi());
         font_ = CreateFontIndirectW(&described);
     }
     ~ControlFont() { DeleteObject(font_); }
@@ -61,12 +61,12 @@ FindAnswer WinFindDialog::Ask(HWND owner, const FindRequest& request) {
     return answer_;
 }
 
-void WinFindDialog::OnInit() {
+void WinFindDialog::OnInitDialog() {
     const HWND what = Control(What);
     const int before = HeightOf(what);
     SendMessageW(what, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
-    // The box has grown with its font by itself; what is below it has yet to give way.
-    MoveBelow(What, HeightOf(what) - before);
+    // The combo box resizes itself to the font; the controls below it do not move.
+    MoveControlsBelow(What, HeightOf(what) - before);
     FillWhat();
     Check(WholeWord, request_->wholeWord);
     Check(MatchCase, request_->matchCase);
@@ -76,12 +76,12 @@ void WinFindDialog::OnInit() {
 
 void WinFindDialog::FillWhat() {
     const HWND what = Control(What);
-    SendMessageW(what, CB_LIMITTEXT, 0, 0); // as long as the system can
+    SendMessageW(what, CB_LIMITTEXT, 0, 0); // no limit but the system's
     for (const std::u16string& search : request_->history)
         SendMessageW(what, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(ToWide(search).c_str()));
     SetText(What, request_->text);
     shown_ = Text(What);
-    SendMessageW(what, CB_SETEDITSEL, 0, MAKELPARAM(0, -1)); // all of it
+    SendMessageW(what, CB_SETEDITSEL, 0, MAKELPARAM(0, -1));
 }
 
 void WinFindDialog::EnableFind(bool enabled) const {
@@ -91,10 +91,10 @@ void WinFindDialog::EnableFind(bool enabled) const {
 void WinFindDialog::OnCommand(WORD control, WORD notification) {
     if (control != What) return;
     if (notification == CBN_EDITCHANGE) EnableFind(!Text(What).empty());
-    if (notification == CBN_SELCHANGE) EnableFind(true); // its text comes only after this
+    if (notification == CBN_SELCHANGE) EnableFind(true); // its text changes only after this
 }
 
-void WinFindDialog::OnConfirm() {
+void WinFindDialog::OnOk() {
     const std::wstring text = Text(What);
     answer_ = {DialogResult::Ok, text == shown_ ? request_->text : FromWide(text),
                IsChecked(WholeWord), IsChecked(MatchCase)};

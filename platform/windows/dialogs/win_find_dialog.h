@@ -11,9 +11,9 @@ class WinFindDialog final : public WinDialog {
     enum : WORD { Label = 100, What = 101, WholeWord = 102, MatchCase = 103 }; // controls
 
   private:
-    void OnInit() override;
+    void OnInitDialog() override;
     void OnCommand(WORD control, WORD notification) override;
-    void OnConfirm() override;
+    void OnOk() override;
     void FillWhat();
     void EnableFind(bool) const;
 

@@ -38,7 +38,7 @@ int WinRichMessage::Ask(HWND owner, const std::string& rtf, const std::u16string
     return pressed >= FirstButton ? pressed - FirstButton + 1 : 0;
 }
 
-void WinRichMessage::OnInit() {
+void WinRichMessage::OnInitDialog() {
     RECT place = {Edge, Edge, Edge + Inner, Edge + TextHeight};
     MapDialogRect(Window(), &place);
     const HWND text = CreateWindowExW(
@@ -46,7 +46,7 @@ void WinRichMessage::OnInit() {
         place.top, place.right - place.left, place.bottom - place.top, Window(),
         reinterpret_cast<HMENU>(static_cast<UINT_PTR>(Text)), GetModuleHandleW(nullptr), nullptr);
     SendMessageW(text, EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(GetSysColor(COLOR_3DFACE)));
-    // For a text without a face of its own; the control's is bold.
+    // For a text without a face of its own; the control's default is bold.
     SendMessageW(text, WM_SETFONT, static_cast<WPARAM>(SendMessageW(Window(), WM_GETFONT, 0, 0)),
                  FALSE);
     SETTEXTEX asRtf = {ST_DEFAULT, CP_ACP};

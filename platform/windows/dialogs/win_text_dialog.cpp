@@ -21,8 +21,8 @@ std::vector<DialogControl> Controls() {
     };
 }
 
-// How much higher a label must be to show all of its text, in pixels; 0 or less for not at all.
-int MissingHeight(HWND label, const std::wstring& text) {
+// Pixels by which a label is too low for its text; 0 or less when it fits.
+int ExtraHeightNeeded(HWND label, const std::wstring& text) {
     RECT inner = {};
     GetClientRect(label, &inner);
     RECT needed = inner;
@@ -45,14 +45,14 @@ std::u16string WinTextDialog::Ask(HWND owner, const std::u16string& title,
     return text_;
 }
 
-void WinTextDialog::OnInit() {
+void WinTextDialog::OnInitDialog() {
     SetText(Prompt, prompt_);
-    const int missing = MissingHeight(Control(Prompt), ToWide(prompt_));
-    MoveBelow(Prompt, missing);
+    const int missing = ExtraHeightNeeded(Control(Prompt), ToWide(prompt_));
+    MoveControlsBelow(Prompt, missing);
     Grow(Prompt, missing);
     SetFocus(Control(Line));
 }
 
-void WinTextDialog::OnConfirm() {
+void WinTextDialog::OnOk() {
     text_ = FromWide(Text(Line));
 }

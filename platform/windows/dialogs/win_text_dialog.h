@@ -11,8 +11,8 @@ class WinTextDialog final : public WinDialog {
     enum : WORD { Prompt = 100, Line = 101 }; // controls
 
   private:
-    void OnInit() override;
-    void OnConfirm() override;
+    void OnInitDialog() override;
+    void OnOk() override;
 
     std::u16string prompt_, text_;
 };

@@ -1,4 +1,4 @@
-// The system's file times and local time.
+// Conversions between file times and local time.
 #pragma once
 
 #include "platform/clock.h"
@@ -7,9 +7,9 @@
 #include <cstdint>
 #include <optional>
 
-// With the rules of daylight saving that held in that year, as on every other system.
+// By the daylight-saving rules of that year.
 std::optional<DateTime> LocalTime(const FILETIME&);
-// None for a date that is none, or an hour that a change to summer time leaves out.
+// None for a date that does not exist, or an hour skipped when daylight saving begins.
 std::optional<FILETIME> FileTimeFromLocal(const DateTime&);
 
-std::int64_t NanosecondsOf(const FILETIME&); // since 1970, as other systems count
+std::int64_t ToUnixNanoseconds(const FILETIME&); // since 1970

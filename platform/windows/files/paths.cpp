@@ -18,7 +18,7 @@ bool EqualsIgnoringCase(std::wstring_view a, std::wstring_view b) {
 }
 
 std::wstring FullPath(const std::wstring& path) {
-    if (path.starts_with(Verbatim)) return path; // to be taken as it is
+    if (path.starts_with(Verbatim)) return path; // not normalised by the system either
     std::wstring full(MAX_PATH, L'\0');
     for (;;) {
         const DWORD length =
@@ -58,7 +58,7 @@ bool IsDevice(std::wstring_view full) {
     return false;
 }
 
-bool NamesNothing(std::wstring_view path) {
+bool IsInvalidPath(std::wstring_view path) {
     const std::size_t start = path.starts_with(Verbatim) ? Verbatim.size() : 0;
     return path.empty() || path.find(L'\0') != path.npos || path.find(L'?', start) != path.npos;
 }
@@ -67,7 +67,7 @@ bool NamesNothing(std::wstring_view path) {
 
 std::optional<std::wstring> NativePath(const std::u16string& path) {
     const std::wstring wide = ToWide(path);
-    if (NamesNothing(wide)) return std::nullopt;
+    if (IsInvalidPath(wide)) return std::nullopt;
     const std::wstring full = FullPath(wide);
     if (full.empty() || IsDevice(full)) return std::nullopt;
     if (full.size() <= MaxPlainPathLength || full.starts_with(Verbatim)) return full;
@@ -79,7 +79,7 @@ std::optional<std::wstring> NativePath(const std::u16string& path) {
 
 bool NamesDevice(const std::u16string& path) {
     const std::wstring wide = ToWide(path);
-    return !NamesNothing(wide) && IsDevice(FullPath(wide));
+    return !IsInvalidPath(wide) && IsDevice(FullPath(wide));
 }
 
 std::wstring FolderOf(const std::wstring& path) {
@@ -90,7 +90,7 @@ std::wstring NameOf(const std::wstring& path) {
     return path.substr(path.rfind(L'\\') + 1);
 }
 
-std::wstring FoldedPath(const std::wstring& path) {
+std::wstring UppercasePath(const std::wstring& path) {
     std::wstring folded(path.size(), L'\0');
     LCMapStringEx(LOCALE_NAME_INVARIANT, LCMAP_UPPERCASE, path.data(),
                   static_cast<int>(path.size()), folded.data(), static_cast<int>(folded.size()),

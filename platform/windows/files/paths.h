@@ -1,20 +1,19 @@
-// Paths as text and as the system takes them.
+// Paths for the file functions of the system.
 #pragma once
 
 #include <optional>
 #include <string>
 
-// The full path with every "/" turned into "\", with the prefix "\\?\" where it is too long for
-// functions of the system without one. None for a path that names nothing (empty, or with a NUL or
-// "?" in it) or a device.
+// The full path with "\" as separator, and with the prefix "\\?\" where it would exceed MAX_PATH.
+// None for an invalid path (empty, or with a NUL or "?") and for a device.
 std::optional<std::wstring> NativePath(const std::u16string& path);
 
-// Whether this is a device, a pipe or a mailslot and no place in a file system: "\\.\pipe\x",
-// "\\server\pipe\x", "C:\books\NUL" where the system takes that for one.
+// A device, a pipe or a mailslot: "\\.\pipe\x", "\\server\pipe\x", and "C:\books\NUL" on systems
+// that treat it as one.
 bool NamesDevice(const std::u16string& path);
 
 std::wstring FolderOf(const std::wstring& path); // up to its last "\", which is not part of it
 std::wstring NameOf(const std::wstring& path);   // what follows the last "\"
 
-// The same text for one name in any case, as the system compares names of files.
-std::wstring FoldedPath(const std::wstring& path);
+// For comparing names case-insensitively, as the file system does.
+std::wstring UppercasePath(const std::wstring& path);

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t maxPiece = 1u << 24; // bytes of one call
 
-ReadStatus StatusOfError(DWORD error) {
+ReadStatus ToReadStatus(DWORD error) {
     switch (error) {
     case ERROR_FILE_NOT_FOUND:
     case ERROR_PATH_NOT_FOUND:
@@ -29,7 +29,7 @@ ReadStatus StatusOfError(DWORD error) {
 }
 
 ReadStatus ReadToEnd(HANDLE file, std::uint64_t sizeNow, std::uint64_t limit, std::string& bytes) {
-    std::string content(sizeNow + 1, '\0'); // one byte more than there should be, to see the end
+    std::string content(sizeNow + 1, '\0'); // one byte more, to notice the end
     std::size_t used = 0;
     for (;;) {
         if (used > limit) return ReadStatus::TooLarge;
@@ -37,7 +37,7 @@ ReadStatus ReadToEnd(HANDLE file, std::uint64_t sizeNow, std::uint64_t limit, st
         const auto piece = static_cast<DWORD>(std::min(content.size() - used, maxPiece));
         DWORD got = 0;
         if (!ReadFile(file, content.data() + used, piece, &got, nullptr))
-            return StatusOfError(GetLastError());
+            return ToReadStatus(GetLastError());
         if (got == 0) break;
         used += got;
     }
@@ -61,7 +61,7 @@ std::optional<BY_HANDLE_FILE_INFORMATION> InformationOf(const WinHandle& file) {
     return information;
 }
 
-std::uint64_t Joined(DWORD high, DWORD low) {
+std::uint64_t MakeUint64(DWORD high, DWORD low) {
     return static_cast<std::uint64_t>(high) << 32 | low;
 }
 
@@ -73,7 +73,7 @@ RegularFile::RegularFile(const std::u16string& path) {
     }
     handle = OpenExisting(*native, GENERIC_READ);
     if (!handle.IsOpen()) {
-        status = StatusOfError(GetLastError());
+        status = ToReadStatus(GetLastError());
         return;
     }
     const auto information = InformationOf(handle);
@@ -83,7 +83,7 @@ RegularFile::RegularFile(const std::u16string& path) {
         return;
     }
     status = ReadStatus::Ok;
-    size = Joined(information->nFileSizeHigh, information->nFileSizeLow);
+    size = MakeUint64(information->nFileSizeHigh, information->nFileSizeLow);
 }
 
 ReadStatus RegularFile::Read(std::uint64_t limit, std::string& bytes) const {
@@ -101,7 +101,7 @@ ReadStatus RegularFile::ReadStart(std::size_t count, std::string& bytes) const {
     std::string start(std::min<std::uint64_t>(count, size), '\0');
     DWORD got = 0;
     if (!ReadFile(handle.Get(), start.data(), static_cast<DWORD>(start.size()), &got, nullptr))
-        return StatusOfError(GetLastError());
+        return ToReadStatus(GetLastError());
     start.resize(got);
     bytes = std::move(start);
     return ReadStatus::Ok;

@@ -12,7 +12,7 @@
 // meanwhile.
 WinHandle OpenExisting(const std::wstring& path, DWORD access);
 std::optional<BY_HANDLE_FILE_INFORMATION> InformationOf(const WinHandle&);
-std::uint64_t Joined(DWORD high, DWORD low);
+std::uint64_t MakeUint64(DWORD high, DWORD low);
 
 // A regular file, or why there is none.
 struct RegularFile {

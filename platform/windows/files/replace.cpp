@@ -19,8 +19,7 @@ std::wstring TemporaryName(const std::wstring& target) {
     return target + L'.' + std::to_wstring(GetCurrentProcessId()) + std::wstring(TemporaryEnd);
 }
 
-// The process id between ".": none when it is anything but a number.
-std::optional<DWORD> NumberOf(std::wstring_view digits) {
+std::optional<DWORD> ParseProcessId(std::wstring_view digits) {
     constexpr std::size_t maxDigits = 10;
     if (digits.empty() || digits.size() > maxDigits) return std::nullopt;
     unsigned long long number = 0;
@@ -33,18 +32,18 @@ std::optional<DWORD> NumberOf(std::wstring_view digits) {
 }
 
 // The process id in the name of a temporary file of `target`, both without folder.
-std::optional<DWORD> WriterOf(std::wstring_view name, const std::wstring& target) {
+std::optional<DWORD> WriterProcessId(std::wstring_view name, const std::wstring& target) {
     if (name.size() < target.size() + 1 + TemporaryEnd.size()) return std::nullopt;
     if (!name.ends_with(TemporaryEnd)) return std::nullopt;
-    if (FoldedPath(std::wstring(name.substr(0, target.size()))) != FoldedPath(target))
+    if (UppercasePath(std::wstring(name.substr(0, target.size()))) != UppercasePath(target))
         return std::nullopt;
     name.remove_prefix(target.size());
     name.remove_suffix(TemporaryEnd.size());
-    return name.front() == L'.' ? NumberOf(name.substr(1)) : std::nullopt;
+    return name.front() == L'.' ? ParseProcessId(name.substr(1)) : std::nullopt;
 }
 
-// This process is replacing nothing while it asks, so its own id is one that was given out again.
-bool IsGone(DWORD process) {
+// This process has no replacement under way here: a file with its id is from an earlier process.
+bool HasExited(DWORD process) {
     if (process == GetCurrentProcessId()) return true;
     const WinHandle opened(OpenProcess(SYNCHRONIZE, FALSE, process));
     if (!opened.IsOpen()) return GetLastError() == ERROR_INVALID_PARAMETER;
@@ -52,38 +51,38 @@ bool IsGone(DWORD process) {
 }
 
 void Remove(const std::wstring& path) {
-    SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL); // or a read-only file would stay
+    SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL); // a read-only file cannot be deleted
     DeleteFileW(path.c_str());
 }
 
-// What is known of the file that is to be replaced.
+// The file to be replaced.
 struct OldFile {
     FILE_BASIC_INFO basic = {};
-    std::vector<BYTE> rights; // a security descriptor; empty where the file system has none
+    std::vector<BYTE> dacl; // self-relative; empty where the file system has none
 };
 
-std::vector<BYTE> RightsOf(HANDLE file) {
+std::vector<BYTE> ReadDacl(HANDLE file) {
     DWORD size = 0;
     GetKernelObjectSecurity(file, DACL_SECURITY_INFORMATION, nullptr, 0, &size);
-    std::vector<BYTE> rights(size);
-    if (!GetKernelObjectSecurity(file, DACL_SECURITY_INFORMATION, rights.data(), size, &size))
-        rights.clear();
-    return rights;
+    std::vector<BYTE> dacl(size);
+    if (!GetKernelObjectSecurity(file, DACL_SECURITY_INFORMATION, dacl.data(), size, &size))
+        dacl.clear();
+    return dacl;
 }
 
-// Without the second bit the system would take inherited rights for the file's own from now on.
-void SetRights(HANDLE file, std::vector<BYTE> rights) {
-    if (rights.empty()) return;
+// Without SE_DACL_AUTO_INHERIT_REQ inherited entries would become explicit ones.
+void WriteDacl(HANDLE file, std::vector<BYTE> dacl) {
+    if (dacl.empty()) return;
     const SECURITY_DESCRIPTOR_CONTROL inherited = SE_DACL_AUTO_INHERITED,
                                       request = SE_DACL_AUTO_INHERIT_REQ;
     SECURITY_DESCRIPTOR_CONTROL control = 0;
     DWORD revision = 0;
-    if (GetSecurityDescriptorControl(rights.data(), &control, &revision) && (control & inherited))
-        SetSecurityDescriptorControl(rights.data(), request, request);
-    SetKernelObjectSecurity(file, DACL_SECURITY_INFORMATION, rights.data());
+    if (GetSecurityDescriptorControl(dacl.data(), &control, &revision) && (control & inherited))
+        SetSecurityDescriptorControl(dacl.data(), request, request);
+    SetKernelObjectSecurity(file, DACL_SECURITY_INFORMATION, dacl.data());
 }
 
-std::optional<OldFile> OldFileAt(const std::wstring& path) {
+std::optional<OldFile> QueryOldFile(const std::wstring& path) {
     constexpr DWORD sharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     const WinHandle file(CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES | READ_CONTROL, sharing,
                                      nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
@@ -92,7 +91,7 @@ std::optional<OldFile> OldFileAt(const std::wstring& path) {
         !GetFileInformationByHandleEx(file.Get(), FileBasicInfo, &old.basic, sizeof old.basic)) {
         return std::nullopt;
     }
-    old.rights = RightsOf(file.Get());
+    old.dacl = ReadDacl(file.Get());
     return old;
 }
 
@@ -107,14 +106,14 @@ bool WriteAll(HANDLE file, std::string_view bytes) {
     return true;
 }
 
-bool KeepAttributes(HANDLE file, const OldFile& old, bool keepFileTime) {
-    SetRights(file, old.rights); // where the user may not set them, the folder's hold
-    FILE_BASIC_INFO basic = {};  // a time of 0 changes nothing
+bool CopyAttributes(HANDLE file, const OldFile& old, bool keepFileTime) {
+    WriteDacl(file, old.dacl);  // without WRITE_DAC the folder's inherited entries apply
+    FILE_BASIC_INFO basic = {}; // a time of 0 is not changed
     basic.CreationTime = old.basic.CreationTime;
     if (keepFileTime) basic.LastWriteTime = old.basic.LastWriteTime;
-    constexpr DWORD kept = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
-                           FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
-    basic.FileAttributes = (old.basic.FileAttributes & kept) | FILE_ATTRIBUTE_ARCHIVE;
+    constexpr DWORD copied = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN |
+                             FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+    basic.FileAttributes = (old.basic.FileAttributes & copied) | FILE_ATTRIBUTE_ARCHIVE;
     return SetFileInformationByHandle(file, FileBasicInfo, &basic, sizeof basic);
 }
 
@@ -125,7 +124,7 @@ bool WriteTemporary(const std::wstring& path, std::string_view bytes, const OldF
                                nullptr));
     if (!file.IsOpen()) return false;
     const bool written = WriteAll(file.Get(), bytes) &&
-                         (!old || KeepAttributes(file.Get(), *old, keepFileTime)) &&
+                         (!old || CopyAttributes(file.Get(), *old, keepFileTime)) &&
                          FlushFileBuffers(file.Get()) && file.Close();
     file.Close();
     if (!written) Remove(path);
@@ -147,8 +146,8 @@ bool Rename(const std::wstring& from, const std::wstring& to) {
     }
 }
 
-// Nothing can be renamed over a read-only file, so for that moment the old one is none. (The
-// function that replaces files could, but may leave no file of the name when it is interrupted.)
+// A rename cannot replace a read-only file, so the attribute is removed for a moment. (ReplaceFile
+// can, but may leave no file of that name when it is interrupted.)
 bool RenameOver(const std::wstring& from, const std::wstring& to, const OldFile& old) {
     const DWORD attributes = old.basic.FileAttributes;
     const bool readOnly = (attributes & FILE_ATTRIBUTE_READONLY) != 0;
@@ -159,7 +158,7 @@ bool RenameOver(const std::wstring& from, const std::wstring& to, const OldFile&
     return false;
 }
 
-// Where a link leads; none when it leads nowhere.
+// None for a dangling link.
 std::optional<std::wstring> FollowLink(const std::wstring& path) {
     const DWORD attributes = GetFileAttributesW(path.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_REPARSE_POINT))
@@ -179,7 +178,7 @@ std::optional<std::wstring> FollowLink(const std::wstring& path) {
 bool ReplaceInOneStep(const std::wstring& path, std::string_view bytes, bool keepFileTime) {
     const auto target = FollowLink(path);
     if (!target) return false;
-    const auto old = OldFileAt(*target);
+    const auto old = QueryOldFile(*target);
     if (!old && GetLastError() != ERROR_FILE_NOT_FOUND) return false;
     if (old && (old->basic.FileAttributes & FILE_ATTRIBUTE_DIRECTORY)) return false;
 
@@ -199,8 +198,8 @@ void RemoveLeftovers(const std::wstring& path) {
     const HANDLE search = FindFirstFileW(pattern.c_str(), &found);
     if (search == INVALID_HANDLE_VALUE) return;
     do {
-        const auto writer = WriterOf(found.cFileName, name);
-        if (writer && IsGone(*writer)) Remove(FolderOf(*target) + L"\\" + found.cFileName);
+        const auto writer = WriterProcessId(found.cFileName, name);
+        if (writer && HasExited(*writer)) Remove(FolderOf(*target) + L"\\" + found.cFileName);
     } while (FindNextFileW(search, &found));
     FindClose(search);
 }

@@ -1,14 +1,14 @@
-// Putting new content in the place of a file in one step.
+// Replacing a file's contents atomically.
 #pragma once
 
 #include <string>
 #include <string_view>
 
-// Writes a temporary file beside the target (what its symbolic link leads to), flushes it to the
-// disk and renames it over the target. Attributes, rights, the creation time and, when asked, the
-// last-write time of an old file are kept. Anything but a regular file is left alone. On failure
-// (false) the old content is untouched and no temporary file stays.
+// Writes a temporary file beside the target (a symbolic link is resolved first), flushes it to disk
+// and renames it over the target. Keeps the attributes, the DACL, the creation time and optionally
+// the last-write time. Only replaces regular files. On failure (false) the old contents are
+// untouched and no temporary file remains.
 bool ReplaceInOneStep(const std::wstring& path, std::string_view bytes, bool keepFileTime);
 
-// Removes the temporary files that processes killed while replacing this file have left.
+// Removes temporary files of processes that were killed while replacing this file.
 void RemoveLeftovers(const std::wstring& path);

@@ -34,7 +34,7 @@ bool WinFiles::FolderExists(const std::u16string& path) const {
     return attributes && (*attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 
-// The right to make files in it is asked for, and nothing is made.
+// Opened for FILE_ADD_FILE; nothing is created.
 bool WinFiles::FolderIsWritable(const std::u16string& path) const {
     return FolderExists(path) && OpenExisting(path, FILE_ADD_FILE).IsOpen();
 }
@@ -45,7 +45,7 @@ bool WinFiles::CreateFolder(const std::u16string& path) {
     const auto make = [&](std::size_t length) {
         return CreateDirectoryW(native->substr(0, length).c_str(), nullptr) != 0;
     };
-    // Up to the deepest folder that is there already, then down again.
+    // Up to the deepest existing folder, then down again.
     std::size_t length = native->size();
     while (!make(length) && GetLastError() == ERROR_PATH_NOT_FOUND) {
         length = native->rfind(L'\\', length - 1);
@@ -59,7 +59,7 @@ bool WinFiles::CreateFolder(const std::u16string& path) {
 }
 
 bool WinFiles::SameFile(const std::u16string& a, const std::u16string& b) const {
-    // Both stay open while they are compared: a number may be given to a new file.
+    // Both stay open while they are compared: the index of a closed file may be reused.
     const WinHandle fileA = OpenExisting(a, FILE_READ_ATTRIBUTES);
     const WinHandle fileB = OpenExisting(b, FILE_READ_ATTRIBUTES);
     const auto first = InformationOf(fileA), second = InformationOf(fileB);
@@ -72,9 +72,9 @@ std::optional<FileVersion> WinFiles::Version(const std::u16string& path) const {
     const auto information = InformationOf(OpenExisting(path, FILE_READ_ATTRIBUTES));
     if (!information) return std::nullopt;
     return FileVersion{information->dwVolumeSerialNumber,
-                       Joined(information->nFileIndexHigh, information->nFileIndexLow),
-                       Joined(information->nFileSizeHigh, information->nFileSizeLow),
-                       NanosecondsOf(information->ftLastWriteTime)};
+                       MakeUint64(information->nFileIndexHigh, information->nFileIndexLow),
+                       MakeUint64(information->nFileSizeHigh, information->nFileSizeLow),
+                       ToUnixNanoseconds(information->ftLastWriteTime)};
 }
 
 ReadStatus WinFiles::Read(const std::u16string& path, std::uint64_t limit,
@@ -97,7 +97,7 @@ std::unique_ptr<FileReader> WinFiles::Open(const std::u16string& path, ReadStatu
 bool WinFiles::MayReplace(const std::u16string& path) const {
     const auto native = NativePath(path);
     if (!native || !FolderIsWritable(FromWide(FolderOf(*native)))) return false;
-    // Not the right to write: the read-only attribute would deny that to its owner, too.
+    // Not GENERIC_WRITE: the read-only attribute would deny that to the owner, too.
     const WinHandle file = OpenExisting(*native, GENERIC_READ | DELETE);
     return file.IsOpen() || GetLastError() != ERROR_ACCESS_DENIED;
 }

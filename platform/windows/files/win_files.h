@@ -6,8 +6,8 @@
 #include <set>
 #include <string>
 
-// Paths may be longer than 260 characters and may have "/" for "\"; devices are no files. Other
-// programs may read, write, rename or delete a file while it is read here.
+// Paths may be longer than MAX_PATH and may use "/"; devices are not files. Files are opened with
+// full sharing.
 class WinFiles final : public Files {
   public:
     char16_t Separator() const override { return u'\\'; }
@@ -31,5 +31,5 @@ class WinFiles final : public Files {
     bool SetTime(const std::u16string& path, const DateTime& local, FileTime) override;
 
   private:
-    std::set<std::wstring> replaced_; // whose leftovers have been removed
+    std::set<std::wstring> replaced_; // paths whose leftovers have been removed
 };

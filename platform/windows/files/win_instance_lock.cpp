@@ -5,23 +5,23 @@
 
 namespace {
 
-constexpr DWORD LockedPlace = 0x40000000; // behind all text: a locked byte cannot be read
-constexpr int Attempts = 10;              // each takes a holder that ends just then
-constexpr DWORD BetweenAttempts = 25;     // milliseconds
+constexpr DWORD LockOffset = 0x40000000; // beyond the contents: a locked byte cannot be read
+constexpr int Attempts = 10;             // another instance may be exiting
+constexpr DWORD BetweenAttempts = 25;    // milliseconds
 
 enum class Locking { Locked, Held, Impossible };
 
-// The user's name and the machine's, as UTF-16, with a line between.
-std::wstring Self() {
-    constexpr DWORD longest = 256 + 1;
-    wchar_t user[longest] = {}, machine[longest] = {};
-    DWORD userLength = longest, machineLength = longest;
+// User name, line feed, computer name; UTF-16.
+std::wstring ThisHolder() {
+    constexpr DWORD maxLength = 256 + 1;
+    wchar_t user[maxLength] = {}, machine[maxLength] = {};
+    DWORD userLength = maxLength, machineLength = maxLength;
     GetUserNameW(user, &userLength);
     GetComputerNameW(machine, &machineLength);
     return std::wstring(user) + L'\n' + machine;
 }
 
-// Without the right to write, as of another user's file, it can still be locked.
+// Another user's lock file may be read-only to us; it can still be locked.
 WinHandle OpenLockFile(const std::wstring& path) {
     constexpr DWORD sharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     const auto open = [&](DWORD access, DWORD disposition) {
@@ -35,15 +35,15 @@ WinHandle OpenLockFile(const std::wstring& path) {
 
 Locking Lock(const WinHandle& file) {
     OVERLAPPED place = {};
-    place.Offset = LockedPlace;
-    constexpr DWORD how = LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY;
-    if (LockFileEx(file.Get(), how, 0, 1, 0, &place)) return Locking::Locked;
+    place.Offset = LockOffset;
+    constexpr DWORD flags = LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY;
+    if (LockFileEx(file.Get(), flags, 0, 1, 0, &place)) return Locking::Locked;
     const DWORD error = GetLastError();
     const bool held = error == ERROR_LOCK_VIOLATION || error == ERROR_IO_PENDING;
     return held ? Locking::Held : Locking::Impossible;
 }
 
-// Its holder deletes it at the end: whoever has opened it just before has a file without a name.
+// An exiting holder deletes the file: a handle opened just before then locks a file without a name.
 bool IsDeleted(const WinHandle& file) {
     FILE_STANDARD_INFO information = {};
     return GetFileInformationByHandleEx(file.Get(), FileStandardInfo, &information,
@@ -51,21 +51,21 @@ bool IsDeleted(const WinHandle& file) {
            information.DeletePending;
 }
 
-void WriteSelf(const WinHandle& file) {
-    const std::wstring self = Self();
+void WriteHolder(const WinHandle& file) {
+    const std::wstring holder = ThisHolder();
     DWORD written = 0;
     SetEndOfFile(file.Get());
-    WriteFile(file.Get(), self.data(), static_cast<DWORD>(self.size() * sizeof(wchar_t)), &written,
-              nullptr);
+    WriteFile(file.Get(), holder.data(), static_cast<DWORD>(holder.size() * sizeof(wchar_t)),
+              &written, nullptr);
 }
 
-InstanceClaim ClaimOfHolder(const WinHandle& file) {
+InstanceClaim ClaimHeldBy(const WinHandle& file) {
     wchar_t text[1024] = {};
     DWORD bytes = 0;
     ReadFile(file.Get(), text, sizeof text - sizeof(wchar_t), &bytes, nullptr);
     std::wstring holder(text);
     const std::size_t line = holder.find(L'\n');
-    if (line == holder.npos || holder == Self()) return {InstanceClaim::Result::Own, u""};
+    if (line == holder.npos || holder == ThisHolder()) return {InstanceClaim::Result::Own, u""};
     holder.replace(line, 1, L" on ");
     return {InstanceClaim::Result::SomebodyElse, FromWide(holder)};
 }
@@ -91,10 +91,10 @@ InstanceClaim WinInstanceLock::Acquire(const std::u16string& dataFilePath) {
             return {};
         }
         const Locking locking = Lock(file);
-        if (locking == Locking::Held) return ClaimOfHolder(file);
+        if (locking == Locking::Held) return ClaimHeldBy(file);
         if (locking == Locking::Impossible) return {};
         if (IsDeleted(file)) continue;
-        WriteSelf(file);
+        WriteHolder(file);
         file_ = std::move(file);
         return {};
     }

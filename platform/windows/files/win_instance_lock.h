@@ -1,4 +1,4 @@
-// The lock that lets one data file be used by one running program only.
+// Lets only one running program use a data file.
 #pragma once
 
 #include "platform/instance.h"
@@ -6,9 +6,8 @@
 
 #include <string>
 
-// A file beside the data file, "Norvaset.dat.lock", with one byte of it locked and the name of the
-// holder in it. So it holds for all sessions and users, and on other machines for a file on a
-// share.
+// A file beside the data file, "Norvaset.dat.lock", with a byte-range lock and the holder's name in
+// it. So the lock is seen by all sessions and users, and on a share by other machines.
 class WinInstanceLock {
   public:
     WinInstanceLock() = default;
@@ -16,10 +15,10 @@ class WinInstanceLock {
     WinInstanceLock& operator=(const WinInstanceLock&) = delete;
     ~WinInstanceLock();
 
-    // The data file need not exist. The lock is given up with this object, and by the system when
-    // the process ends, however that happens; a lock file that is left then does no harm. Where no
-    // lock file can be made or locked, nothing is locked and the claim is granted: a reader that
-    // starts twice is better than one that never starts.
+    // The data file need not exist. The lock is released by the destructor, or by the system when
+    // the process ends; a lock file left behind does no harm. Where no lock file can be created or
+    // locked, the claim is granted: a reader that starts twice is better than one that never
+    // starts.
     InstanceClaim Acquire(const std::u16string& dataFilePath);
 
   private:

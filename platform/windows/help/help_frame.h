@@ -1,4 +1,4 @@
-// The help window itself: the search field, below it the list, beside both the page.
+// The help window: the search field above the list at the left, the page at the right.
 #pragma once
 
 #include "platform/help_window.h"
@@ -19,40 +19,40 @@ class HelpFrame {
     void Raise();
 
   private:
-    enum Half { Search, List, Page }; // in the order of Tab
+    enum Pane { Search, List, Page }; // in tab order
 
-    LRESULT Answer(HWND, UINT, WPARAM, LPARAM);
-    bool IsOverGap() const; // the mouse
-    bool TakeMouse(UINT message, LPARAM);
+    LRESULT HandleMessage(HWND, UINT, WPARAM, LPARAM);
+    bool IsOverSplitter() const;
+    bool HandleMouse(UINT message, LPARAM);
     void OnCommand(int control, int notification);
-    void TakeSystemLook();
-    void Place();
+    void ApplySystemSettings();
+    void SetDefaultBounds();
     void LayOut();
 
-    void ShowTypedFor(const std::u16string& typed);
-    void ChooseRow(int row);
+    void ShowResultsFor(const std::u16string& typed);
+    void SelectRow(int row);
     void ShowRow(int row);
     void ShowPage(int page);
 
-    void ListenTo(HWND control);
-    static LRESULT CALLBACK OnControl(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR self);
-    bool TakeKey(HWND control, int key);
-    bool TakeSearchKey(int key);
+    void Subclass(HWND control);
+    static LRESULT CALLBACK ControlProc(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR self);
+    bool HandleKey(HWND control, int key);
+    bool HandleSearchKey(int key);
     void CopySelection() const;
-    HWND Control(Half) const;
-    Half Focused() const;
-    void Focus(Half);
+    HWND Control(Pane) const;
+    Pane Focused() const;
+    void Focus(Pane);
 
     int Scaled(int pixels) const { return MulDiv(pixels, dpi_, 96); }
 
     HelpContents contents_;
     int shownPage_ = -1;
-    int dpi_ = 96, leftWidth_; // pixels; the width at 96 dpi
-    Half lastFocused_ = Search;
+    int dpi_ = 96, listWidth_; // the width in pixels at 96 dpi
+    Pane lastFocused_ = Search;
     WinFont font_;
     HWND search_ = nullptr;
     std::unique_ptr<WinHelpList> list_;
     std::unique_ptr<WinNativeWindow> panel_; // holds the page
-    std::unique_ptr<WinTextView> text_;      // null until all are made
-    WinNativeWindow frame_;                  // goes first, while what answers its messages lives
+    std::unique_ptr<WinTextView> text_;      // created last: null until the window is complete
+    WinNativeWindow frame_;                  // destroyed first: its messages use the other members
 };

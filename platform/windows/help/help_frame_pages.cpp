@@ -1,4 +1,4 @@
-// What the help window shows, and its keys.
+// The contents of the help window, and its keyboard handling.
 #include "platform/windows/help/help_frame.h"
 
 #include "platform/windows/system/win_clipboard.h"
@@ -9,9 +9,9 @@
 
 namespace {
 
-constexpr UINT_PTR subclassId = 2;       // the text view has the first of its control
-constexpr int westernCodePage = 1252;    // never needed: the pages are ASCII
-constexpr TextPos linesBelowTitle = 200; // characters that are in view with the title
+constexpr UINT_PTR subclassId = 2;            // 1 is the text view's own
+constexpr int westernCodePage = 1252;         // unused: the pages are ASCII
+constexpr TextPos charactersBelowTitle = 200; // that are visible together with it
 
 bool IsDown(int key) {
     return GetKeyState(key) < 0;
@@ -19,28 +19,28 @@ bool IsDown(int key) {
 
 } // namespace
 
-void HelpFrame::ShowTypedFor(const std::u16string& typed) {
+void HelpFrame::ShowResultsFor(const std::u16string& typed) {
     if (typed.find_first_not_of(u" \t\u00A0") == typed.npos) {
         list_->ShowTitles(contents_.titles);
-        return ChooseRow(shownPage_);
+        return SelectRow(shownPage_);
     }
     list_->ShowFindings(contents_.search(typed));
-    if (list_->Finding(0)) ChooseRow(0);
+    if (list_->Finding(0)) SelectRow(0);
 }
 
-void HelpFrame::ChooseRow(int row) {
-    list_->Choose(row);
-    ShowRow(list_->ChosenRow());
+void HelpFrame::SelectRow(int row) {
+    list_->Select(row);
+    ShowRow(list_->SelectedRow());
 }
 
 void HelpFrame::ShowRow(int row) {
-    if (row < 0) return list_->Choose(-1);
+    if (row < 0) return list_->Select(-1);
     const HelpFinding* finding = list_->Finding(row);
     ShowPage(finding ? finding->page : row);
     if (!finding) return;
     text_->Select(finding->place.start, finding->place.length);
     // The title above the first lines stays in view.
-    if (finding->place.start > static_cast<TextPos>(finding->title.size()) + linesBelowTitle)
+    if (finding->place.start > static_cast<TextPos>(finding->title.size()) + charactersBelowTitle)
         text_->ScrollLineToTop(finding->place.start);
 }
 
@@ -52,23 +52,22 @@ void HelpFrame::ShowPage(int page) {
         return;
     }
     text_->LoadRichText(contents_.page(page), westernCodePage);
-    ListenTo(text_->Handle()); // it has a control of its own
+    Subclass(text_->Handle()); // each load creates a new control
     shownPage_ = page;
 }
 
-// Keys are taken from the controls themselves and not in the message loop: a message box has a loop
-// of its own, which knows nothing of this window.
-void HelpFrame::ListenTo(HWND control) {
-    SetWindowSubclass(control, OnControl, subclassId, reinterpret_cast<DWORD_PTR>(this));
+// Not in the message loop: a message box runs a loop of its own, which does not know this window.
+void HelpFrame::Subclass(HWND control) {
+    SetWindowSubclass(control, ControlProc, subclassId, reinterpret_cast<DWORD_PTR>(this));
 }
 
-LRESULT CALLBACK HelpFrame::OnControl(HWND control, UINT message, WPARAM wParam, LPARAM lParam,
-                                      UINT_PTR, DWORD_PTR self) {
+LRESULT CALLBACK HelpFrame::ControlProc(HWND control, UINT message, WPARAM wParam, LPARAM lParam,
+                                        UINT_PTR, DWORD_PTR self) {
     constexpr std::array commandCharacters = {L'\t', L'\r', L'\n', L'\x1B', L'\x06', L'\x7F'};
     switch (message) {
-    case WM_NCDESTROY: RemoveWindowSubclass(control, OnControl, subclassId); break;
+    case WM_NCDESTROY: RemoveWindowSubclass(control, ControlProc, subclassId); break;
     case WM_KEYDOWN:
-        if (reinterpret_cast<HelpFrame*>(self)->TakeKey(control, static_cast<int>(wParam)))
+        if (reinterpret_cast<HelpFrame*>(self)->HandleKey(control, static_cast<int>(wParam)))
             return 0;
         break;
     case WM_CHAR: // would beep
@@ -79,14 +78,14 @@ LRESULT CALLBACK HelpFrame::OnControl(HWND control, UINT message, WPARAM wParam,
     return DefSubclassProc(control, message, wParam, lParam);
 }
 
-// Whether the key is used up.
-bool HelpFrame::TakeKey(HWND control, int key) {
-    const int halves = 3;
+bool HelpFrame::HandleKey(HWND control, int key) {
+    const int paneCount = 3;
     switch (key) {
     case VK_ESCAPE: PostMessageW(Handle(), WM_CLOSE, 0, 0); return true;
     case VK_TAB:
         if (!IsDown(VK_CONTROL))
-            Focus(static_cast<Half>((Focused() + (IsDown(VK_SHIFT) ? halves - 1 : 1)) % halves));
+            Focus(static_cast<Pane>((Focused() + (IsDown(VK_SHIFT) ? paneCount - 1 : 1)) %
+                                    paneCount));
         return true;
     case 'F':
         if (!IsDown(VK_CONTROL)) return false;
@@ -101,7 +100,7 @@ bool HelpFrame::TakeKey(HWND control, int key) {
         if (!IsDown(VK_CONTROL) || control != text_->Handle()) return false;
         CopySelection();
         return true;
-    default: return control == search_ && TakeSearchKey(key);
+    default: return control == search_ && HandleSearchKey(key);
     }
 }
 
@@ -110,8 +109,8 @@ void HelpFrame::CopySelection() const {
     WinClipboard().SetText(text_->TextRange(text_->SelStart(), text_->SelLength()));
 }
 
-// From the search field the page can be turned, and the list be entered.
-bool HelpFrame::TakeSearchKey(int key) {
+// Page Up and Page Down scroll the page, Down leads into the list.
+bool HelpFrame::HandleSearchKey(int key) {
     if (IsDown(VK_CONTROL) || IsDown(VK_SHIFT)) return false;
     if (key == VK_DOWN) Focus(List);
     if (key == VK_NEXT) SendMessageW(text_->Handle(), EM_SCROLL, SB_PAGEDOWN, 0);
@@ -119,21 +118,21 @@ bool HelpFrame::TakeSearchKey(int key) {
     return key == VK_DOWN || key == VK_NEXT || key == VK_PRIOR;
 }
 
-HWND HelpFrame::Control(Half half) const {
-    switch (half) {
+HWND HelpFrame::Control(Pane pane) const {
+    switch (pane) {
     case Search: return search_;
     case List: return list_->Handle();
     default: return text_->Handle();
     }
 }
 
-HelpFrame::Half HelpFrame::Focused() const {
+HelpFrame::Pane HelpFrame::Focused() const {
     const HWND focus = GetFocus();
-    for (const Half half : {Search, List, Page})
-        if (focus == Control(half)) return half;
+    for (const Pane pane : {Search, List, Page})
+        if (focus == Control(pane)) return pane;
     return lastFocused_;
 }
 
-void HelpFrame::Focus(Half half) {
-    SetFocus(Control(half));
+void HelpFrame::Focus(Pane pane) {
+    SetFocus(Control(pane));
 }

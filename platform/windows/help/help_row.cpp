@@ -15,8 +15,8 @@ void HelpRow::EndLine() {
     if (!pieces_.empty()) pieces_.back().mustBreakAfter = true;
 }
 
-// Calls `visit` with each piece and where it begins; answers the height. A word may be of several
-// pieces, which stay together.
+// Calls `visit` with each piece and its position, and returns the height. A word may consist of
+// several pieces, which stay together.
 template <typename Visitor>
 int HelpRow::LayOut(HDC context, const Fonts& fonts, int width, Visitor visit) const {
     const auto widthOf = [&](const Piece& piece) {

@@ -1,4 +1,4 @@
-// One row of the help window's list: a line, or the title of a finding and below it its excerpt.
+// One row of the help window's list: a title, or a result's title with its excerpt below.
 #pragma once
 
 #include "platform/windows/base/win32.h"
@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-// A text broken into lines that fit a width, with some of it bold.
+// A text wrapped to a width, partly bold.
 class HelpRow {
   public:
     struct Fonts {
@@ -20,7 +20,7 @@ class HelpRow {
     void Draw(HDC, const Fonts&, const RECT& place) const;
 
   private:
-    struct Piece { // no line is broken within it
+    struct Piece { // not broken
         std::wstring text;
         bool bold = false;
         bool mayBreakAfter = false, mustBreakAfter = false;

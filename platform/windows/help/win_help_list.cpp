@@ -6,9 +6,9 @@
 
 namespace {
 
-constexpr int padding = 5;      // pixels around a row at 96 dpi
-constexpr int titlePadding = 3; // above and below a title
-constexpr int tallestRow = 255; // what the control takes
+constexpr int padding = 5;        // pixels around a row at 96 dpi
+constexpr int titlePadding = 3;   // above and below a title
+constexpr int maxRowHeight = 255; // of a list box
 
 HelpRow RowOf(const HelpFinding& finding) {
     HelpRow row;
@@ -70,7 +70,7 @@ void WinHelpList::ShowFindings(std::vector<HelpFinding> findings) {
     Fill(std::move(rows), names);
 }
 
-// `names` are what a screen reader says.
+// `names` are the item strings, which screen readers read.
 void WinHelpList::Fill(std::vector<HelpRow> rows, const std::vector<std::wstring>& names) {
     SendMessageW(list_, WM_SETREDRAW, FALSE, 0);
     SendMessageW(list_, LB_RESETCONTENT, 0, 0);
@@ -81,7 +81,7 @@ void WinHelpList::Fill(std::vector<HelpRow> rows, const std::vector<std::wstring
     SendMessageW(list_, WM_SETREDRAW, TRUE, 0);
 }
 
-// As high as with a scroll bar, whether there is one or not.
+// The width always leaves room for the scroll bar.
 void WinHelpList::FitRows() {
     RECT frame = {};
     GetWindowRect(list_, &frame);
@@ -91,7 +91,7 @@ void WinHelpList::FitRows() {
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         const int around = Scaled(findings_.empty() ? titlePadding : padding);
         const int height = rows_[i].Height(context, Fonts(), textWidth_) + 2 * around;
-        SendMessageW(list_, LB_SETITEMHEIGHT, i, std::min(height, tallestRow));
+        SendMessageW(list_, LB_SETITEMHEIGHT, i, std::min(height, maxRowHeight));
     }
     ReleaseDC(list_, context);
     InvalidateRect(list_, nullptr, TRUE);
@@ -102,11 +102,11 @@ const HelpFinding* WinHelpList::Finding(int row) const {
                                                    : nullptr;
 }
 
-int WinHelpList::ChosenRow() const {
+int WinHelpList::SelectedRow() const {
     return empty_ ? -1 : static_cast<int>(SendMessageW(list_, LB_GETCURSEL, 0, 0));
 }
 
-void WinHelpList::Choose(int row) {
+void WinHelpList::Select(int row) {
     SendMessageW(list_, LB_SETCURSEL, static_cast<WPARAM>(row), 0);
 }
 
@@ -121,10 +121,10 @@ void WinHelpList::SetFont(const LOGFONTW& font, int dpi) {
 
 void WinHelpList::Draw(const DRAWITEMSTRUCT& item) const {
     if (item.itemID >= rows_.size()) return; // an empty list's focus
-    const bool chosen = (item.itemState & ODS_SELECTED) && !empty_;
-    FillRect(item.hDC, &item.rcItem, GetSysColorBrush(chosen ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+    const bool selected = (item.itemState & ODS_SELECTED) && !empty_;
+    FillRect(item.hDC, &item.rcItem, GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
     SetBkMode(item.hDC, TRANSPARENT);
-    const int color = chosen ? COLOR_HIGHLIGHTTEXT : empty_ ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT;
+    const int color = selected ? COLOR_HIGHLIGHTTEXT : empty_ ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT;
     SetTextColor(item.hDC, GetSysColor(color));
     RECT place = item.rcItem;
     InflateRect(&place, -Scaled(padding), -Scaled(findings_.empty() ? titlePadding : padding));

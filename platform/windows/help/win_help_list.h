@@ -1,4 +1,4 @@
-// The list of the help window: the pages, or what a search found with an excerpt of each.
+// The list of the help window: all pages, or search results with an excerpt each.
 #pragma once
 
 #include "platform/help_window.h"
@@ -7,18 +7,18 @@
 
 class WinHelpList {
   public:
-    WinHelpList(HWND parent, int id); // whose child, sending LBN_SELCHANGE and LBN_DBLCLK
+    WinHelpList(HWND parent, int id); // which gets LBN_SELCHANGE and LBN_DBLCLK
 
     HWND Handle() const { return list_; }
     void ShowTitles(const std::vector<std::u16string>& titles);
     void ShowFindings(std::vector<HelpFinding> findings);
-    // Of a row of findings; null in a list of titles.
+    // Null in a list of titles.
     const HelpFinding* Finding(int row) const;
 
-    int ChosenRow() const; // -1 for none
-    void Choose(int row);
+    int SelectedRow() const; // -1 for none
+    void Select(int row);
     void SetFont(const LOGFONTW&, int dpi);
-    void FitRows(); // after a change of the width
+    void FitRows(); // after the width has changed
     void Draw(const DRAWITEMSTRUCT&) const;
 
   private:
@@ -29,7 +29,7 @@ class WinHelpList {
     HWND list_;
     std::vector<HelpFinding> findings_;
     std::vector<HelpRow> rows_;
-    bool empty_ = false; // nothing was found: the row says so, and cannot be chosen
+    bool empty_ = false; // no results: the one row says so, and cannot be selected
     int dpi_ = 96, textWidth_ = 0;
     WinFont regular_, bold_;
 };

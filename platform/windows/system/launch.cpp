@@ -10,7 +10,6 @@
 
 namespace {
 
-// The longest path of the system; a path that does not fit is none.
 constexpr DWORD maxPathLength = 32768;
 
 std::wstring ProgramPath() {
@@ -66,10 +65,12 @@ std::wstring QuotedArgument(const std::wstring& argument) {
     std::wstring quoted = L"\"";
     std::size_t backslashes = 0;
     for (const wchar_t unit : argument) {
-        if (unit == L'"') quoted.append(backslashes + 1, L'\\'); // twice those before, and its own
+        if (unit == L'"')
+            quoted.append(backslashes + 1,
+                          L'\\'); // backslashes before a quote are doubled, and it is escaped
         quoted += unit;
         backslashes = unit == L'\\' ? backslashes + 1 : 0;
     }
-    quoted.append(backslashes, L'\\'); // those before the closing quote count twice, too
+    quoted.append(backslashes, L'\\'); // also before the closing quote
     return quoted + L'"';
 }

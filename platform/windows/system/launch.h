@@ -1,4 +1,4 @@
-// Where the program stands, and what its command line asks for.
+// The program's folders and its command line.
 #pragma once
 
 #include "platform/ports.h"
@@ -7,10 +7,9 @@
 
 Launch ThisLaunch();
 
-// The path of the book: the arguments joined by blanks, made full against the current folder. ""
+// The book's full path: the arguments joined by spaces, relative to the current directory. ""
 // without arguments.
 std::u16string BookPath(const std::vector<std::wstring>& arguments);
 
-// The argument as it must stand in a command line, so that the started program's
-// CommandLineToArgvW, or its C runtime, gives it back as it is; in quotes only where that needs be.
+// Quotes an argument, where necessary, for CommandLineToArgvW and the C runtime.
 std::wstring QuotedArgument(const std::wstring& argument);

@@ -6,8 +6,7 @@
 
 namespace {
 
-// Another program may have the clipboard open for a moment: clipboard managers look at every
-// change.
+// Clipboard managers open the clipboard for a moment at every change.
 constexpr int Attempts = 10;
 constexpr DWORD BetweenAttempts = 10; // milliseconds
 
@@ -19,7 +18,7 @@ bool OpenTheClipboard() {
     return true;
 }
 
-// Lines end in two characters in all programs of the system.
+// CF_UNICODETEXT has CR LF line ends.
 bool NeedsReturn(const std::u16string& text, std::size_t place) {
     return text[place] == u'\n' && (place == 0 || text[place - 1] != u'\r');
 }
@@ -31,7 +30,7 @@ std::size_t ReturnsNeeded(const std::u16string& text) {
     return needed;
 }
 
-// The text with its NUL in memory of the kind that the clipboard takes; null when there is none.
+// The text with its NUL as movable global memory; null when out of memory.
 HGLOBAL ClipboardMemory(const std::u16string& text) {
     const std::size_t units = text.size() + ReturnsNeeded(text) + 1;
     const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, units * sizeof(char16_t));
@@ -52,11 +51,11 @@ HGLOBAL ClipboardMemory(const std::u16string& text) {
 
 void WinClipboard::SetText(const std::u16string& text) {
     const HGLOBAL memory = ClipboardMemory(text);
-    if (!memory) return; // what is there stays
+    if (!memory) return; // the clipboard is unchanged
     bool taken = false;
     if (OpenTheClipboard()) {
         taken = EmptyClipboard() && SetClipboardData(CF_UNICODETEXT, memory);
         CloseClipboard();
     }
-    if (!taken) GlobalFree(memory); // else it is the system's
+    if (!taken) GlobalFree(memory); // else the system owns it
 }

@@ -5,9 +5,9 @@
 
 namespace {
 
-constexpr int MaxNameLength = 80; // units, with the NUL: what the system allows
+constexpr int MaxNameLength = 80; // units, with the NUL
 
-// Dates are Gregorian here, whatever calendar the user's own are in.
+// Gregorian, whatever the user's calendar is.
 std::u16string CalendarName(CALTYPE type) {
     wchar_t name[MaxNameLength] = {};
     GetCalendarInfoEx(LOCALE_NAME_USER_DEFAULT, CAL_GREGORIAN, nullptr, type, name, MaxNameLength,
@@ -23,7 +23,7 @@ std::u16string LocaleName(LCTYPE type) {
 
 } // namespace
 
-// Not the process's own, which may be UTF-8. A language without one (Hindi) has 0.
+// Not GetACP: the process's may be UTF-8. A locale without one (Hindi) gives 0.
 int WinLocale::AnsiCodePage() const {
     DWORD codePage = 0;
     const LCTYPE asNumber = LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER;
@@ -32,14 +32,14 @@ int WinLocale::AnsiCodePage() const {
     return codePage == CP_ACP || codePage == CP_UTF8 ? 1252 : static_cast<int>(codePage);
 }
 
-// In the form that stands beside a day where a language has one: "1 января", not "январь".
+// Genitive where the language has one: "1 января", not "январь".
 std::u16string WinLocale::MonthName(int month, bool full) const {
     if (month < 1 || month > 12) return {};
     const auto index = static_cast<DWORD>(month - 1);
     const CALTYPE inCalendar = (full ? CAL_SMONTHNAME1 : CAL_SABBREVMONTHNAME1) + index;
     const LCTYPE inLocale = (full ? LOCALE_SMONTHNAME1 : LOCALE_SABBREVMONTHNAME1) + index;
     const std::u16string name = CalendarName(inCalendar | CAL_RETURN_GENITIVE_NAMES);
-    return name.empty() ? LocaleName(inLocale) : name; // of a language with another calendar
+    return name.empty() ? LocaleName(inLocale) : name; // a locale without the Gregorian calendar
 }
 
 std::u16string WinLocale::DayName(int weekday, bool full) const {

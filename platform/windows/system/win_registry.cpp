@@ -9,7 +9,6 @@
 
 namespace {
 
-// An open key, closed when it goes.
 class RegistryKey {
   public:
     RegistryKey() = default;
@@ -33,25 +32,25 @@ class RegistryKey {
     HKEY key_ = nullptr;
 };
 
-// The program announces itself in the registry of the programs of the other width: what looks for
-// it need not be built as it is. A system of one width knows one registry only.
-REGSAM View() {
-    BOOL narrow = FALSE; // a 32-bit program on a 64-bit system
-    IsWow64Process(GetCurrentProcess(), &narrow);
-    return narrow ? KEY_WOW64_64KEY : KEY_WOW64_32KEY;
+// The registry view of the other bitness: programs that look for this one may have either.
+REGSAM OtherView() {
+    BOOL isWow64 = FALSE; // a 32-bit program on a 64-bit system
+    IsWow64Process(GetCurrentProcess(), &isWow64);
+    return isWow64 ? KEY_WOW64_64KEY : KEY_WOW64_32KEY;
 }
 
 std::u16string WideData(const std::string& data) {
     std::u16string text(data.size() / sizeof(char16_t), u'\0');
     std::memcpy(text.data(), data.data(), text.size() * sizeof(char16_t));
-    while (!text.empty() && text.back() == u'\0') // one, none or many end a text
+    while (!text.empty() && text.back() == u'\0') // there may be none, one or many
         text.pop_back();
     return text;
 }
 
 std::u16string AnsiData(const std::string& data) {
-    const auto codePage = static_cast<UINT>(WinLocale().AnsiCodePage()); // the process has UTF-8
-    std::wstring text(data.size(), L'\0');                               // never longer
+    const auto codePage =
+        static_cast<UINT>(WinLocale().AnsiCodePage()); // the process's own is UTF-8
+    std::wstring text(data.size(), L'\0');             // never longer
     const int length = MultiByteToWideChar(codePage, 0, data.data(), static_cast<int>(data.size()),
                                            text.data(), static_cast<int>(text.size()));
     return FromWide(text.substr(0, static_cast<std::size_t>(length)));
@@ -77,12 +76,12 @@ std::u16string TextOf(DWORD type, const std::string& data) {
 
 std::u16string WinRegistry::Read(const std::u16string& key, const std::u16string& name) const {
     RegistryKey opened;
-    if (opened.Open(ToWide(key), KEY_QUERY_VALUE | View()) != ERROR_SUCCESS) return {};
+    if (opened.Open(ToWide(key), KEY_QUERY_VALUE | OtherView()) != ERROR_SUCCESS) return {};
     const std::wstring valueName = ToWide(name);
     std::string data;
     LSTATUS status = ERROR_MORE_DATA;
     DWORD type = REG_NONE, size = 0;
-    while (status == ERROR_MORE_DATA) { // the value may grow between question and answer
+    while (status == ERROR_MORE_DATA) { // the value may grow between the calls
         status = RegQueryValueExW(opened.Get(), valueName.c_str(), nullptr, &type, nullptr, &size);
         if (status != ERROR_SUCCESS) return {};
         data.resize(size);
@@ -96,13 +95,13 @@ std::u16string WinRegistry::Read(const std::u16string& key, const std::u16string
 
 int WinRegistry::Write(const std::u16string& key, const std::u16string& name,
                        const std::u16string& text) {
-    // An empty value and a missing one read alike.
+    // An empty value reads like a missing one: do not create it.
     if (Read(key, name) == text) return ERROR_SUCCESS;
     const std::wstring path = ToWide(key), value = ToWide(text);
-    LSTATUS status = RegistryKey().Create(path, KEY_ALL_ACCESS); // in its own view as well
+    LSTATUS status = RegistryKey().Create(path, KEY_ALL_ACCESS); // also in this program's own view
     if (status != ERROR_SUCCESS) return status;
     RegistryKey created;
-    status = created.Create(path, KEY_ALL_ACCESS | View());
+    status = created.Create(path, KEY_ALL_ACCESS | OtherView());
     if (status != ERROR_SUCCESS) return status;
     const std::size_t size = (value.size() + 1) * sizeof(wchar_t); // with the NUL
     return RegSetValueExW(created.Get(), ToWide(name).c_str(), 0, REG_SZ,

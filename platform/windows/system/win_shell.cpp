@@ -8,9 +8,9 @@
 
 namespace {
 
-constexpr DWORD ElevationRequired = 740; // by a name that not every SDK has
+constexpr DWORD ElevationRequired = 740; // ERROR_ELEVATION_REQUIRED, which not every SDK has
 
-// The handles are ours alone: the program inherits none, and nobody waits for it.
+// The program inherits no handles and is not waited for.
 bool StartProgram(const std::wstring& program, const std::wstring& argument) {
     std::wstring commandLine = QuotedArgument(program) + L' ' + QuotedArgument(argument);
     STARTUPINFOW start = {};
@@ -26,7 +26,6 @@ bool StartProgram(const std::wstring& program, const std::wstring& argument) {
     return true;
 }
 
-// The desktop knows what to do with the file: a program, a shortcut to one, an address.
 void OpenByShell(const std::wstring& file, const std::wstring& parameters) {
     SHELLEXECUTEINFOW request = {};
     request.cbSize = sizeof request;
@@ -38,8 +37,8 @@ void OpenByShell(const std::wstring& file, const std::wstring& parameters) {
     ShellExecuteExW(&request);
 }
 
-// Whether a program has taken over the scheme. Without one the shell would take the address for the
-// name of a file, and run that.
+// Whether a program is registered for the scheme. Without one the shell would treat the address as
+// a file name, and run that.
 bool HasProgram(const std::wstring& scheme) {
     return RegGetValueW(HKEY_CLASSES_ROOT, scheme.c_str(), L"URL Protocol", RRF_RT_ANY, nullptr,
                         nullptr, nullptr) == ERROR_SUCCESS;
@@ -57,7 +56,7 @@ void WinShell::OpenWith(const std::u16string& program, const std::u16string& arg
     const std::wstring file = ToWide(program);
     if (StartProgram(file, ToWide(argument))) return;
     const DWORD error = GetLastError();
-    // A shortcut to a program, or one that must ask for more rights.
+    // A shortcut to a program, or one that needs elevation.
     if (error == ERROR_BAD_EXE_FORMAT || error == ElevationRequired)
         OpenByShell(file, QuotedArgument(ToWide(argument)));
 }
@@ -69,8 +68,8 @@ void WinShell::OpenAddress(const std::u16string& address) {
 }
 
 void WinShell::OpenFile(const std::u16string& path) {
-    // A drive's or a share's full path; another colon would name a stream in a file, which the
-    // shell takes for a kind of its own.
+    // Another colon would name an alternate data stream, which the shell treats by its own
+    // extension.
     const bool isFull = path.starts_with(u"\\\\") || path.substr(0, 3).ends_with(u":\\");
     const bool hasStream = path.find(u':', 2) != std::u16string::npos;
     if (isFull && !hasStream) OpenByShell(ToWide(path), {});

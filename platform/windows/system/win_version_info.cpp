@@ -50,12 +50,12 @@ std::vector<std::byte> VersionBlock(const std::u16string& path) {
     return block;
 }
 
-// One entry of the block, as many units of `T` as the resource says; null when it is not there.
+// An entry of the block with its length in units of `T`; null when it does not exist.
 template <typename T>
 const T* Entry(const std::vector<std::byte>& block, const std::wstring& name, UINT& length) {
     void* place = nullptr;
     length = 0;
-    if (block.empty()) return nullptr; // so there is a library, once there is a block
+    if (block.empty()) return nullptr; // else version.dll is loaded
     if (!VersionLibrary()->Query(block.data(), name.c_str(), &place, &length)) return nullptr;
     return static_cast<const T*>(place);
 }
@@ -97,11 +97,11 @@ std::u16string OwnPath() {
     return FromWide(path);
 }
 
-// The program's own text, or the build's: `built` is UTF-8.
+// From the program's own resource, else `built` (UTF-8).
 std::u16string OwnText(const char16_t* key, std::string_view built) {
     const std::u16string text = GetFileVersionString(OwnPath(), key);
     if (!text.empty()) return text;
-    std::wstring wide(built.size(), L'\0'); // never longer
+    std::wstring wide(built.size(), L'\0'); // UTF-16 never needs more units
     wide.resize(static_cast<std::size_t>(
         MultiByteToWideChar(CP_UTF8, 0, built.data(), static_cast<int>(built.size()), wide.data(),
                             static_cast<int>(wide.size()))));
@@ -127,7 +127,7 @@ ProgramVersion WinVersionInfo::OwnVersion() const {
     version.comments = OwnText(u"Comments", PRODUCT_COMMENTS);
     version.copyright = OwnText(u"LegalCopyright", PRODUCT_COPYRIGHT);
     version.trademarks = OwnText(u"LegalTrademarks", PRODUCT_TRADEMARKS);
-    version.major = PRODUCT_VERSION_MAJOR; // the resource is made from these numbers
+    version.major = PRODUCT_VERSION_MAJOR; // as in the resource
     version.minor = PRODUCT_VERSION_MINOR;
     version.revision = PRODUCT_VERSION_REVISION;
     return version;

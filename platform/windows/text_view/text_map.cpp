@@ -4,13 +4,13 @@
 #include <limits>
 
 namespace {
-constexpr TextPos widestGap = 64;   // units of both sides together
+constexpr TextPos maxGap = 64;      // units of both sides together
 constexpr int maxTries = 5'000'000; // in looking for gaps, of a few units each
-constexpr TextPos endless = std::numeric_limits<TextPos>::max();
+constexpr TextPos unbounded = std::numeric_limits<TextPos>::max();
 
 // Controls end cells with U+0007, or with a tab, and show a picture that they cannot read as a
 // blank.
-bool Same(char16_t book, char16_t control) {
+bool Matches(char16_t book, char16_t control) {
     switch (book) {
     case u'\n': return control == u'\r' || control == u'\n';
     case u'\v': return control == u'\v' || control == u'\r' || control == u'\n' || control == u' ';
@@ -25,15 +25,15 @@ bool IsMark(char16_t control) {
     return std::u16string_view(u"\r\n\a\t\uFFF9\uFFFB").find(control) != std::u16string_view::npos;
 }
 
-bool IsLeftOutOften(char16_t book) { // a picture, a soft hyphen
+bool IsOftenOmitted(char16_t book) { // a picture, a soft hyphen
     return book == u'\uFFFC' || book == u'\u00AD';
 }
 
-// Whether what follows is the same again, `proof` units of it or up to an end.
-bool Agree(std::u16string_view book, std::u16string_view control, std::size_t proof) {
-    const std::size_t size = std::min({proof, book.size(), control.size()});
+// Whether what follows is the same again, `length` units of it or up to an end.
+bool RestMatches(std::u16string_view book, std::u16string_view control, std::size_t length) {
+    const std::size_t size = std::min({length, book.size(), control.size()});
     if (size == 0) return book.size() == control.size();
-    return std::equal(book.begin(), book.begin() + size, control.begin(), Same);
+    return std::equal(book.begin(), book.begin() + size, control.begin(), Matches);
 }
 
 char16_t ControlUnit(char16_t unit) {
@@ -53,22 +53,23 @@ char16_t ControlUnit(char16_t unit) {
 }
 } // namespace
 
-// The shortest one, of those that are usual or else of any.
+// The shortest one, of those that are marks or else of any.
 TextMap::Gap TextMap::FindGap(std::u16string_view book, std::u16string_view control, int& tries) {
-    constexpr std::size_t littleProof = 2, muchProof = 8;
-    const auto usual = static_cast<TextPos>(
+    constexpr std::size_t usualMatch = 2, safeMatch = 8;
+    const auto marks = static_cast<TextPos>(
         std::find_if_not(control.begin(), control.end(), IsMark) - control.begin());
-    const auto leftOut = static_cast<TextPos>(
-        std::find_if_not(book.begin(), book.end(), IsLeftOutOften) - book.begin());
+    const auto omitted = static_cast<TextPos>(
+        std::find_if_not(book.begin(), book.end(), IsOftenOmitted) - book.begin());
     for (const bool any : {false, true})
-        for (TextPos both = 1; both <= widestGap; ++both)
+        for (TextPos both = 1; both <= maxGap; ++both)
             for (TextPos lost = 0; lost <= both; ++lost) {
                 const TextPos added = both - lost;
                 ++tries;
-                if (!any && (lost > leftOut || added > usual)) continue;
+                if (!any && (lost > omitted || added > marks)) continue;
                 if (std::size_t(lost) > book.size() || std::size_t(added) > control.size())
                     continue;
-                if (Agree(book.substr(lost), control.substr(added), any ? muchProof : littleProof))
+                if (RestMatches(book.substr(lost), control.substr(added),
+                                any ? safeMatch : usualMatch))
                     return {lost, added};
             }
     return {1, 1}; // another character in its place
@@ -80,11 +81,11 @@ TextMap::TextMap(std::u16string_view book, std::u16string_view control) {
     for (;;) {
         const auto bookRest = book.substr(inBook), controlRest = control.substr(inControl);
         const auto ends = std::mismatch(bookRest.begin(), bookRest.end(), controlRest.begin(),
-                                        controlRest.end(), Same);
+                                        controlRest.end(), Matches);
         const auto length = static_cast<TextPos>(ends.first - bookRest.begin());
         const bool last =
             ends.first == bookRest.end() || ends.second == controlRest.end() || tries > maxTries;
-        pieces_.push_back({inBook, inControl, last ? endless : length});
+        pieces_.push_back({inBook, inControl, last ? unbounded : length});
         if (last) return;
         const Gap gap = FindGap(bookRest.substr(length), controlRest.substr(length), tries);
         if (gap.book == gap.control) // replaced, the places stay

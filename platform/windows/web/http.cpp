@@ -6,7 +6,7 @@
 
 namespace {
 
-// It stays loaded: its threads may still be at work when a request is given up.
+// It stays loaded: its threads may outlive a cancelled request.
 std::optional<WinHttp> Load() {
     const HMODULE library = LoadSystemLibrary(L"winhttp.dll");
     WinHttp http = {};

@@ -1,5 +1,4 @@
-// The system's HTTP client. Its library is loaded when it is first asked for: no start of the
-// program waits for it.
+// WinHTTP, loaded on first use: the start of the program does not wait for it.
 #pragma once
 
 #include "platform/windows/base/win32.h"

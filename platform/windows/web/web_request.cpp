@@ -11,15 +11,15 @@
 
 namespace {
 
-constexpr UINT reported = WM_APP;
+constexpr UINT reportMessage = WM_APP;
 
-// The system finds the proxy by itself; newer than some SDKs.
+// WINHTTP_ACCESS_TYPE_AUTOMATIC_PROXY and the TLS flags are newer than some SDKs.
 constexpr DWORD automaticProxy = 4;
 constexpr DWORD tls12 = 0x800, tls13 = 0x2000;
 
-// In place of what would tell the user's language, and without unpacking.
-constexpr wchar_t fields[] = L"Accept-Language: *\r\nAccept-Encoding: identity\r\n"
-                             L"Cache-Control: no-cache\r\nPragma: no-cache\r\n";
+// Does not send the user's languages, and takes no compressed answer.
+constexpr wchar_t requestHeaders[] = L"Accept-Language: *\r\nAccept-Encoding: identity\r\n"
+                                     L"Cache-Control: no-cache\r\nPragma: no-cache\r\n";
 
 bool IsRedirectionStatus(const std::wstring& status) {
     constexpr std::array statuses = {L"301", L"302", L"303", L"307", L"308"};
@@ -28,7 +28,7 @@ bool IsRedirectionStatus(const std::wstring& status) {
 
 } // namespace
 
-// What the system's threads have reported, for ours to look at.
+// Status callbacks of WinHTTP's threads, queued for ours.
 struct WebRequest::Reports {
     struct Report {
         DWORD status, size; // bytes that can be read, or were
@@ -37,13 +37,13 @@ struct WebRequest::Reports {
     void Add(Report report) {
         const std::lock_guard guard(lock);
         waiting.push_back(report);
-        if (window) PostMessageW(window, reported, 0, 0);
+        if (window) PostMessageW(window, reportMessage, 0, 0);
     }
-    std::vector<Report> TakeAll() {
+    std::vector<Report> PopAll() {
         const std::lock_guard guard(lock);
         return std::exchange(waiting, {});
     }
-    void Leave() {
+    void Detach() {
         const std::lock_guard guard(lock);
         window = nullptr;
     }
@@ -51,26 +51,26 @@ struct WebRequest::Reports {
     HWND window;
     std::mutex lock;
     std::vector<Report> waiting;
-    std::array<char, 8192> buffer; // of the read under way
+    std::array<char, 8192> buffer; // of the pending WinHttpReadData
 };
 
 WebRequest::WebRequest(const WinHttp& http, const WebTarget& target, int timeLimit)
     : http_(http), window_({L"NorvasetFetch", 0, 0, HWND_MESSAGE},
                            [this](HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-                               if (message == reported) TakeReports();
+                               if (message == reportMessage) HandleReports();
                                return DefWindowProcW(window, message, wParam, lParam);
                            }),
       reports_(std::make_shared<Reports>()), session_(nullptr, http.CloseHandle),
       connection_(nullptr, http.CloseHandle), request_(nullptr, http.CloseHandle) {
     reports_->window = window_.Handle();
-    finished_ = !Open(target, timeLimit) || !Ask(target.secure);
+    finished_ = !Open(target, timeLimit) || !Send(target.secure);
 }
 
 WebRequest::~WebRequest() {
-    reports_->Leave();
+    reports_->Detach();
 }
 
-// A session for each request: nothing is kept from one to the next.
+// A session for each request, so that they share no state.
 bool WebRequest::Open(const WebTarget& target, int timeLimit) {
     const DWORD access = target.isThisComputer ? WINHTTP_ACCESS_TYPE_NO_PROXY : automaticProxy;
     session_.reset(http_.Open(L"" PRODUCT_TITLE, access, WINHTTP_NO_PROXY_NAME,
@@ -79,7 +79,7 @@ bool WebRequest::Open(const WebTarget& target, int timeLimit) {
     http_.SetTimeouts(session_.get(), timeLimit, timeLimit, timeLimit, timeLimit);
     DWORD protocols = tls12 | tls13;
     if (!http_.SetOption(session_.get(), WINHTTP_OPTION_SECURE_PROTOCOLS, &protocols,
-                         sizeof protocols)) { // an older system
+                         sizeof protocols)) { // no TLS 1.3 before Windows 11
         protocols = tls12;
         http_.SetOption(session_.get(), WINHTTP_OPTION_SECURE_PROTOCOLS, &protocols,
                         sizeof protocols);
@@ -92,8 +92,8 @@ bool WebRequest::Open(const WebTarget& target, int timeLimit) {
     return request_ != nullptr;
 }
 
-bool WebRequest::Ask(bool secure) {
-    // The rules for redirections are ours, so following them is, too.
+bool WebRequest::Send(bool secure) {
+    // Redirections are followed by our own rules.
     DWORD disabled =
         WINHTTP_DISABLE_COOKIES | WINHTTP_DISABLE_REDIRECTS | WINHTTP_DISABLE_AUTHENTICATION;
     DWORD logon = WINHTTP_AUTOLOGON_SECURITY_LEVEL_HIGH;
@@ -101,30 +101,32 @@ bool WebRequest::Ask(bool secure) {
                          sizeof disabled) ||
         !http_.SetOption(request_.get(), WINHTTP_OPTION_AUTOLOGON_POLICY, &logon, sizeof logon))
         return false;
-    if (secure) // no certificate of the user's
+    if (secure) // never the user's certificate
         http_.SetOption(request_.get(), WINHTTP_OPTION_CLIENT_CERT_CONTEXT,
                         WINHTTP_NO_CLIENT_CERT_CONTEXT, 0);
-    return Watch() && http_.SendRequest(request_.get(), fields, static_cast<DWORD>(-1),
-                                        WINHTTP_NO_REQUEST_DATA, 0, 0, 0);
+    return SetStatusCallback() &&
+           http_.SendRequest(request_.get(), requestHeaders, static_cast<DWORD>(-1),
+                             WINHTTP_NO_REQUEST_DATA, 0, 0, 0);
 }
 
-// The reports are shared with the system until it says that the request is closed.
-bool WebRequest::Watch() {
+// The callback owns a reference to the reports until HANDLE_CLOSING.
+bool WebRequest::SetStatusCallback() {
     auto shared = std::make_unique<std::shared_ptr<Reports>>(reports_);
     auto context = reinterpret_cast<DWORD_PTR>(shared.get());
     if (!http_.SetOption(request_.get(), WINHTTP_OPTION_CONTEXT_VALUE, &context, sizeof context))
         return false;
-    constexpr DWORD wanted = WINHTTP_CALLBACK_FLAG_ALL_COMPLETIONS | WINHTTP_CALLBACK_FLAG_HANDLES;
-    if (http_.SetStatusCallback(request_.get(), OnReport, wanted, 0) ==
+    constexpr DWORD notifications =
+        WINHTTP_CALLBACK_FLAG_ALL_COMPLETIONS | WINHTTP_CALLBACK_FLAG_HANDLES;
+    if (http_.SetStatusCallback(request_.get(), StatusCallback, notifications, 0) ==
         WINHTTP_INVALID_STATUS_CALLBACK)
         return false;
     shared.release();
     return true;
 }
 
-// On a thread of the system's, or within one of our calls.
-void CALLBACK WebRequest::OnReport(HINTERNET, DWORD_PTR context, DWORD status, void* details,
-                                   DWORD size) {
+// On a thread of WinHTTP's, or inside one of our calls.
+void CALLBACK WebRequest::StatusCallback(HINTERNET, DWORD_PTR context, DWORD status, void* details,
+                                         DWORD size) {
     auto* reports = reinterpret_cast<std::shared_ptr<Reports>*>(context);
     switch (status) {
     case WINHTTP_CALLBACK_STATUS_DATA_AVAILABLE:
@@ -138,50 +140,50 @@ void CALLBACK WebRequest::OnReport(HINTERNET, DWORD_PTR context, DWORD status, v
     }
 }
 
-void WebRequest::TakeReports() {
-    for (const auto& [status, size] : reports_->TakeAll())
-        if (!finished_) finished_ = !Take(status, size);
+void WebRequest::HandleReports() {
+    for (const auto& [status, size] : reports_->PopAll())
+        if (!finished_) finished_ = !HandleStatus(status, size);
 }
 
-// False when nothing more is to come.
-bool WebRequest::Take(DWORD status, DWORD size) {
+// False at the end of the request.
+bool WebRequest::HandleStatus(DWORD status, DWORD size) {
     switch (status) {
     case WINHTTP_CALLBACK_STATUS_SENDREQUEST_COMPLETE:
         return http_.ReceiveResponse(request_.get(), nullptr);
-    case WINHTTP_CALLBACK_STATUS_HEADERS_AVAILABLE: return TakeHead();
-    case WINHTTP_CALLBACK_STATUS_DATA_AVAILABLE: return size > 0 ? Read(size) : TakeEnd();
-    case WINHTTP_CALLBACK_STATUS_READ_COMPLETE: return TakeBytes(size);
+    case WINHTTP_CALLBACK_STATUS_HEADERS_AVAILABLE: return HandleHeaders();
+    case WINHTTP_CALLBACK_STATUS_DATA_AVAILABLE: return size > 0 ? Read(size) : HandleEnd();
+    case WINHTTP_CALLBACK_STATUS_READ_COMPLETE: return HandleData(size);
     default: return false;
     }
 }
 
-bool WebRequest::TakeHead() {
-    const std::wstring status = Field(WINHTTP_QUERY_STATUS_CODE);
-    if (IsRedirectionStatus(status)) location_ = Field(WINHTTP_QUERY_LOCATION);
-    announcedLength_ = Field(WINHTTP_QUERY_CONTENT_LENGTH);
+bool WebRequest::HandleHeaders() {
+    const std::wstring status = QueryHeader(WINHTTP_QUERY_STATUS_CODE);
+    if (IsRedirectionStatus(status)) location_ = QueryHeader(WINHTTP_QUERY_LOCATION);
+    announcedLength_ = QueryHeader(WINHTTP_QUERY_CONTENT_LENGTH);
     return status == L"200" && http_.QueryDataAvailable(request_.get(), nullptr);
 }
 
-// No more than there is: some systems wait for the rest within the call.
+// Not more than is available: some systems would block for the rest.
 bool WebRequest::Read(DWORD size) {
-    const DWORD most = std::min(size, static_cast<DWORD>(reports_->buffer.size()));
-    return http_.ReadData(request_.get(), reports_->buffer.data(), most, nullptr);
+    const DWORD count = std::min(size, static_cast<DWORD>(reports_->buffer.size()));
+    return http_.ReadData(request_.get(), reports_->buffer.data(), count, nullptr);
 }
 
-bool WebRequest::TakeBytes(std::size_t size) {
-    if (size == 0) return TakeEnd();
+bool WebRequest::HandleData(std::size_t size) {
+    if (size == 0) return HandleEnd();
     if (size > fetchLimit - bytes_.size()) return false;
     bytes_.append(reports_->buffer.data(), size);
     return http_.QueryDataAvailable(request_.get(), nullptr);
 }
 
-bool WebRequest::TakeEnd() {
-    whole_ = announcedLength_.empty() || announcedLength_ == std::to_wstring(bytes_.size());
+bool WebRequest::HandleEnd() {
+    complete_ = announcedLength_.empty() || announcedLength_ == std::to_wstring(bytes_.size());
     return false;
 }
 
-std::wstring WebRequest::Field(DWORD name) const {
-    std::wstring value(4096, L'\0'); // a longer one is none
+std::wstring WebRequest::QueryHeader(DWORD name) const {
+    std::wstring value(4096, L'\0'); // longer headers are ignored
     auto size = static_cast<DWORD>(value.size() * sizeof(wchar_t));
     if (!http_.QueryHeaders(request_.get(), name, WINHTTP_HEADER_NAME_BY_INDEX, value.data(), &size,
                             WINHTTP_NO_HEADER_INDEX))

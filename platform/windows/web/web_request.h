@@ -1,4 +1,4 @@
-// One request for a file on the web, which goes on while the program handles its messages.
+// One asynchronous HTTP request; it proceeds while messages are dispatched.
 #pragma once
 
 #include "platform/windows/web/http.h"
@@ -11,38 +11,38 @@
 class WebRequest {
   public:
     WebRequest(const WinHttp&, const WebTarget&, int timeLimit); // milliseconds, for each step
-    ~WebRequest(); // gives it up; what the system still does for it does no harm
+    ~WebRequest();                                               // cancels it
     WebRequest(const WebRequest&) = delete;
     WebRequest& operator=(const WebRequest&) = delete;
 
     bool IsFinished() const { return finished_; }
 
-    // When it is finished:
-    bool IsWhole() const { return whole_; } // a whole file came, within the limit of size
+    // Once finished:
+    bool IsComplete() const { return complete_; } // the whole file, within the size limit
     const std::string& Bytes() const { return bytes_; }
     const std::wstring& Location() const { return location_; } // "" unless it is a redirection
 
   private:
     struct Reports;
 
-    static void CALLBACK OnReport(HINTERNET, DWORD_PTR context, DWORD status, void* details,
-                                  DWORD size);
+    static void CALLBACK StatusCallback(HINTERNET, DWORD_PTR context, DWORD status, void* details,
+                                        DWORD size);
     bool Open(const WebTarget&, int timeLimit);
-    bool Ask(bool secure);
-    bool Watch();
-    void TakeReports();
-    bool Take(DWORD status, DWORD size);
-    bool TakeHead();
-    bool TakeBytes(std::size_t size);
-    bool TakeEnd();
+    bool Send(bool secure);
+    bool SetStatusCallback();
+    void HandleReports();
+    bool HandleStatus(DWORD status, DWORD size);
+    bool HandleHeaders();
+    bool HandleData(std::size_t size);
+    bool HandleEnd();
     bool Read(DWORD size);
-    std::wstring Field(DWORD name) const; // "" when there is none
+    std::wstring QueryHeader(DWORD name) const; // "" when there is none
 
     const WinHttp& http_;
-    WinNativeWindow window_;           // is told of reports, by messages that every loop passes on
-    std::shared_ptr<Reports> reports_; // lives as long as the system has one to make
+    WinNativeWindow window_;           // gets a message for each report, in any message loop
+    std::shared_ptr<Reports> reports_; // shared with WinHTTP's callbacks
     WinHttpHandle session_, connection_, request_;
-    bool finished_ = false, whole_ = false;
+    bool finished_ = false, complete_ = false;
     std::wstring location_, announcedLength_;
     std::string bytes_;
 };

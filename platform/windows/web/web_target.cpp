@@ -8,15 +8,15 @@
 
 namespace {
 
-constexpr DWORD maxAddressLength = 2048; // more than any that we publish
+constexpr DWORD maxAddressLength = 2048; // longer than any that we publish
 
 bool HasOnlyAddressCharacters(std::wstring_view address) {
     const auto isOther = [](wchar_t c) { return c <= L' ' || c == 0x7F || c == L'\\'; };
     return std::ranges::none_of(address, isOther);
 }
 
-// Case apart.
-bool TakePrefix(std::wstring_view& text, std::wstring_view prefix) {
+// Case-insensitive.
+bool ConsumePrefix(std::wstring_view& text, std::wstring_view prefix) {
     if (text.size() < prefix.size() ||
         CompareStringOrdinal(text.data(), static_cast<int>(prefix.size()), prefix.data(),
                              static_cast<int>(prefix.size()), TRUE) != CSTR_EQUAL)
@@ -25,9 +25,9 @@ bool TakePrefix(std::wstring_view& text, std::wstring_view prefix) {
     return true;
 }
 
-// A decimal number of at most so many digits; -1 for anything else.
-int Number(std::wstring_view digits, std::size_t most) {
-    if (digits.empty() || digits.size() > most) return -1;
+// A decimal number of at most `maxDigits` digits; -1 for anything else.
+int Number(std::wstring_view digits, std::size_t maxDigits) {
+    if (digits.empty() || digits.size() > maxDigits) return -1;
     int number = 0;
     for (const wchar_t digit : digits) {
         if (digit < L'0' || digit > L'9') return -1;
@@ -51,12 +51,12 @@ bool IsLoopbackNumber(std::wstring_view host) {
 
 bool IsThisComputer(std::wstring_view host) {
     std::wstring_view rest = host;
-    return (TakePrefix(rest, L"localhost") && rest.empty()) || host == L"[::1]" ||
+    return (ConsumePrefix(rest, L"localhost") && rest.empty()) || host == L"[::1]" ||
            IsLoopbackNumber(host);
 }
 
 // "host", "host:port", "[::1]:port"
-bool TakeAuthority(std::wstring_view authority, WebTarget& target) {
+bool ParseAuthority(std::wstring_view authority, WebTarget& target) {
     const std::size_t bracket = authority.starts_with(L'[') ? authority.find(L']') : 0;
     if (bracket == authority.npos) return false;
     const std::size_t colon = std::min(authority.find(L':', bracket), authority.size());
@@ -77,11 +77,11 @@ std::optional<WebTarget> ParseWebTarget(std::wstring_view address) {
     target.address = address;
     if (address.size() > maxAddressLength || !HasOnlyAddressCharacters(address))
         return std::nullopt;
-    target.secure = TakePrefix(address, L"https://");
-    if (!target.secure && !TakePrefix(address, L"http://")) return std::nullopt;
+    target.secure = ConsumePrefix(address, L"https://");
+    if (!target.secure && !ConsumePrefix(address, L"http://")) return std::nullopt;
     const std::size_t end = std::min(address.find_first_of(L"/?#"), address.size());
     const std::wstring_view authority = address.substr(0, end);
-    if (authority.find(L'@') != authority.npos || !TakeAuthority(authority, target))
+    if (authority.find(L'@') != authority.npos || !ParseAuthority(authority, target))
         return std::nullopt;
     target.path = address.substr(end, address.find(L'#', end) - end);
     if (!target.path.starts_with(L'/')) target.path.insert(0, 1, L'/');

@@ -1,4 +1,4 @@
-// Which addresses may be asked for a file.
+// Which addresses may be fetched.
 #pragma once
 
 #include <cstdint>
@@ -8,15 +8,15 @@
 
 struct WebTarget {
     std::wstring address; // all of it
-    std::wstring host;    // one of IPv6 with its brackets
+    std::wstring host;    // IPv6 with its brackets
     std::wstring path;    // with the query, without the fragment; never empty
     std::uint16_t port = 0;
     bool secure = false; // https
     bool isThisComputer = false;
 };
 
-// Nothing for what is not allowed: only https is, and http to this computer; no user and password.
+// None unless it is https, or http to this computer, without user name and password.
 std::optional<WebTarget> ParseWebTarget(std::wstring_view address);
 
-// Where an answer's Location leads. Nothing also for a way from https to http.
+// The target of a Location header. None also for a redirection from https to http.
 std::optional<WebTarget> RedirectedTarget(const WebTarget& from, const std::wstring& location);

@@ -19,13 +19,13 @@ FetchAnswer WinUpdateCheck::Fetch(const std::u16string& address) {
         if (!HandleMessagesUntil([&] { return request.IsFinished() || late; }))
             return {FetchStatus::Abandoned, {}};
         if (late) return {};
-        if (request.IsWhole()) return {FetchStatus::Ok, request.Bytes()};
+        if (request.IsComplete()) return {FetchStatus::Ok, request.Bytes()};
         target = RedirectedTarget(*target, request.Location());
     }
     return {};
 }
 
-// False when the program ends before, which its own loop is to know as well.
+// False on WM_QUIT, which is posted again for the program's own loop.
 bool WinUpdateCheck::HandleMessagesUntil(const std::function<bool()>& condition) const {
     MSG message;
     while (!condition()) {
@@ -33,7 +33,7 @@ bool WinUpdateCheck::HandleMessagesUntil(const std::function<bool()>& condition)
             PostQuitMessage(static_cast<int>(message.wParam));
             return false;
         }
-        if (passMessage_ && !passMessage_(message)) continue;
+        if (preTranslate_ && preTranslate_(message)) continue;
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }

@@ -8,14 +8,14 @@
 
 class WinUpdateCheck final : public UpdateCheck {
   public:
-    // `passMessage` sees each message first, as in the program's loop: false when it is done with.
-    explicit WinUpdateCheck(std::function<bool(MSG&)> passMessage, int timeLimit = fetchTime)
-        : passMessage_(std::move(passMessage)), timeLimit_(timeLimit) {}
+    // `preTranslate` sees each message first, as in the program's loop; true when it was handled.
+    explicit WinUpdateCheck(std::function<bool(MSG&)> preTranslate, int timeLimit = fetchTime)
+        : preTranslate_(std::move(preTranslate)), timeLimit_(timeLimit) {}
     FetchAnswer Fetch(const std::u16string& address) override;
 
   private:
     bool HandleMessagesUntil(const std::function<bool()>& condition) const;
 
-    std::function<bool(MSG&)> passMessage_;
-    int timeLimit_; // milliseconds, for everything together
+    std::function<bool(MSG&)> preTranslate_;
+    int timeLimit_; // milliseconds, for all redirections together
 };

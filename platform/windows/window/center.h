@@ -1,8 +1,8 @@
-// Where a dialog appears.
+// Initial position of dialogs.
 #pragma once
 
 #include "platform/windows/base/win32.h"
 
-// Over the middle of its owner, wholly on the owner's screen; in the middle of the screen for an
-// owner that is null, hidden or minimised.
+// Centres over the owner, within its work area; on the screen when the owner is null, hidden or
+// minimised.
 void CenterOver(HWND window, HWND owner);

@@ -7,9 +7,9 @@
 
 namespace {
 
-// A function that the oldest Windows we run on does not have: null there.
+// Null on a Windows that does not have it.
 template <typename Function>
-Function* UserFunction(const char* name) {
+Function* User32Function(const char* name) {
     Function* function = nullptr;
     FindFunction(GetModuleHandleW(L"user32"), name, function);
     return function;
@@ -17,23 +17,23 @@ Function* UserFunction(const char* name) {
 
 } // namespace
 
-int ScreenDpi() {
+int SystemDpi() {
     const HDC screen = GetDC(nullptr);
     const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
     ReleaseDC(nullptr, screen);
     return dpi;
 }
 
-// GetDpiForWindow came with Windows 10. Before it the resolution of the main screen stands for all.
-int DpiOf(HWND window) {
-    static const auto dpiForWindow = UserFunction<UINT WINAPI(HWND)>("GetDpiForWindow");
+// Before Windows 10 there is no GetDpiForWindow and the primary screen's DPI serves for all.
+int WindowDpi(HWND window) {
+    static const auto dpiForWindow = User32Function<UINT WINAPI(HWND)>("GetDpiForWindow");
     const int dpi = dpiForWindow ? static_cast<int>(dpiForWindow(window)) : 0;
-    return dpi > 0 ? dpi : ScreenDpi();
+    return dpi > 0 ? dpi : SystemDpi();
 }
 
-NONCLIENTMETRICSW MetricsAt(int dpi) {
+NONCLIENTMETRICSW NonClientMetricsForDpi(int dpi) {
     static const auto parametersForDpi =
-        UserFunction<BOOL WINAPI(UINT, UINT, void*, UINT, UINT)>("SystemParametersInfoForDpi");
+        User32Function<BOOL WINAPI(UINT, UINT, void*, UINT, UINT)>("SystemParametersInfoForDpi");
     NONCLIENTMETRICSW metrics = {};
     metrics.cbSize = sizeof metrics;
     if (parametersForDpi && parametersForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0,
@@ -68,7 +68,7 @@ bool IsFontInstalled(const wchar_t* name) {
     return found;
 }
 
-LOGFONTW LogFontOf(const ViewFont& font, int dpi) {
+LOGFONTW ToLogFont(const ViewFont& font, int dpi) {
     constexpr double pointsPerInch = 72;
     LOGFONTW described = {};
     described.lfHeight = -static_cast<LONG>(std::lround(font.size * dpi / pointsPerInch));

@@ -1,4 +1,4 @@
-// Resolution, and the system's fonts at it.
+// DPI, and fonts at it.
 #pragma once
 
 #include "platform/text_view.h"
@@ -13,11 +13,11 @@ struct WinFontDeleter {
 };
 using WinFont = std::unique_ptr<std::remove_pointer_t<HFONT>, WinFontDeleter>;
 
-int ScreenDpi();                      // of the main screen
-int DpiOf(HWND);                      // dots per inch where the window is; 96 is 100 %
-NONCLIENTMETRICSW MetricsAt(int dpi); // the fonts of menus, messages and status bars
+int SystemDpi();                                   // of the primary screen
+int WindowDpi(HWND);                               // 96 at 100 %
+NONCLIENTMETRICSW NonClientMetricsForDpi(int dpi); // the fonts of menus, messages and status bars
 SIZE TextExtent(HWND, HFONT, std::wstring_view);
 bool IsFontInstalled(const wchar_t* name);
 
-// A size of 0 leaves the height to the system; of a name too long for it the beginning is taken.
-LOGFONTW LogFontOf(const ViewFont&, int dpi);
+// A size of 0 leaves the height to the system; a name is cut to LF_FACESIZE.
+LOGFONTW ToLogFont(const ViewFont&, int dpi);

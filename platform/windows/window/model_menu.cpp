@@ -10,9 +10,9 @@ UINT TypeOf(const MenuItem& item) {
 }
 
 UINT StateOf(const MenuItem& item) {
-    if (item.heading) return MFS_DEFAULT | MF_DISABLED; // bold; inert without being grey
-    const UINT standard = item.isDefault && item.enabled ? MFS_DEFAULT : 0;
-    return standard | (item.enabled ? MFS_ENABLED : MFS_GRAYED) | (item.checked ? MFS_CHECKED : 0);
+    if (item.heading) return MFS_DEFAULT | MF_DISABLED; // bold; disabled without being greyed
+    const UINT isDefault = item.isDefault && item.enabled ? MFS_DEFAULT : 0;
+    return isDefault | (item.enabled ? MFS_ENABLED : MFS_GRAYED) | (item.checked ? MFS_CHECKED : 0);
 }
 
 } // namespace
@@ -29,7 +29,7 @@ wchar_t AccessKey(const MenuItem& item) {
     const std::wstring caption = NativeCaption(item);
     for (std::size_t at = 0; at + 1 < caption.size(); ++at) {
         if (caption[at] != L'&') continue;
-        const wchar_t next = caption[++at]; // "&&" is an "&" to be read
+        const wchar_t next = caption[++at]; // "&&" is a literal "&"
         if (next != L'&') return LOWORD(CharUpperW(reinterpret_cast<LPWSTR>(UINT_PTR{next})));
     }
     return 0;
@@ -49,14 +49,14 @@ void WinModelMenus::Remove(HMENU menu) {
     DestroyMenu(menu);
 }
 
-// From the end, so that no item has to be moved up for another.
+// From the end, so that positions of the remaining items do not shift.
 void WinModelMenus::Clear(HMENU menu, Menu& content) {
     for (int last = GetMenuItemCount(menu) - 1; last >= 0; --last) {
         const HMENU submenu = GetSubMenu(menu, last);
         RemoveMenu(menu, static_cast<UINT>(last), MF_BYPOSITION);
         Remove(submenu);
     }
-    content.places.clear();
+    content.items.clear();
 }
 
 void WinModelMenus::Fill(HMENU menu) {
@@ -64,16 +64,17 @@ void WinModelMenus::Fill(HMENU menu) {
     const std::vector<MenuArray*> arrays = menus_[menu].arrays;
     for (MenuArray* array : arrays)
         for (int index = 0; index < array->Count(); ++index) {
-            if (!(*array)[static_cast<std::size_t>(index)].visible) continue;
+            const MenuItemRef item = {array, index};
+            if (!item.Item().visible) continue;
             const bool opensMenu = index == 0 && !array->children.empty();
-            AddItem(menu, {array, index}, opensMenu ? AddMenu(array->children) : nullptr);
+            AddItem(menu, item, opensMenu ? AddMenu(array->children) : nullptr);
         }
 }
 
-void WinModelMenus::AddItem(HMENU menu, MenuPlace place, HMENU submenu) {
-    const MenuItem& item = (*place.array)[static_cast<std::size_t>(place.index)];
+void WinModelMenus::AddItem(HMENU menu, MenuItemRef added, HMENU submenu) {
+    const MenuItem& item = added.Item();
     std::wstring caption = NativeCaption(item);
-    std::vector<MenuPlace>& places = menus_[menu].places;
+    std::vector<MenuItemRef>& items = menus_[menu].items;
     MENUITEMINFOW info = {};
     info.cbSize = sizeof info;
     info.fMask = MIIM_FTYPE | MIIM_STATE | MIIM_SUBMENU | (item.IsSeparator() ? 0 : MIIM_STRING);
@@ -81,15 +82,15 @@ void WinModelMenus::AddItem(HMENU menu, MenuPlace place, HMENU submenu) {
     info.fState = StateOf(item);
     info.hSubMenu = submenu;
     info.dwTypeData = caption.data();
-    if (InsertMenuItemW(menu, static_cast<UINT>(places.size()), TRUE, &info))
-        places.push_back(place);
+    if (InsertMenuItemW(menu, static_cast<UINT>(items.size()), TRUE, &info))
+        items.push_back(added);
     else
         Remove(submenu);
 }
 
-MenuPlace WinModelMenus::PlaceAt(HMENU menu, std::size_t position) const {
+MenuItemRef WinModelMenus::ItemAt(HMENU menu, std::size_t position) const {
     const auto found = menus_.find(menu);
-    if (found == menus_.end() || position >= found->second.places.size()) return {};
-    const MenuPlace place = found->second.places[position];
-    return place.index < place.array->Count() ? place : MenuPlace();
+    if (found == menus_.end() || position >= found->second.items.size()) return {};
+    const MenuItemRef item = found->second.items[position];
+    return item.index < item.array->Count() ? item : MenuItemRef();
 }

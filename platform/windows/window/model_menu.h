@@ -8,33 +8,36 @@
 #include <unordered_map>
 #include <vector>
 
-struct MenuPlace {
+// An item of the model.
+struct MenuItemRef {
     MenuArray* array = nullptr;
     int index = 0;
+
+    const MenuItem& Item() const { return (*array)[static_cast<std::size_t>(index)]; }
 };
 
 std::wstring NativeCaption(const MenuItem&);
 wchar_t AccessKey(const MenuItem&); // in upper case, 0 for none
 
-// Menus are named by their native handles. A menu's items are told by their positions, because the
-// numbers of native commands end at 65,535.
+// Menus are identified by their handles and items by their positions, because command ids end at
+// 65,535.
 class WinModelMenus {
   public:
     HMENU AddMenu(const std::vector<MenuArray*>& items); // without native items, until `Fill`
-    void Fill(HMENU);                                    // makes the items anew from the model
-    void Remove(HMENU);                                  // destroys the menu and those inside it
+    void Fill(HMENU);                                    // rebuilds the native items from the model
+    void Remove(HMENU);                                  // destroys the menu and its submenus
 
     bool Has(HMENU menu) const { return menus_.contains(menu); }
-    // Without an array when there is no such item, or no longer.
-    MenuPlace PlaceAt(HMENU, std::size_t position) const;
+    // Without an array when there is no such item (any more).
+    MenuItemRef ItemAt(HMENU, std::size_t position) const;
 
   private:
     struct Menu {
         std::vector<MenuArray*> arrays;
-        std::vector<MenuPlace> places; // of the native items, in order
+        std::vector<MenuItemRef> items; // in the order of the native items
     };
     void Clear(HMENU, Menu&);
-    void AddItem(HMENU, MenuPlace, HMENU submenu);
+    void AddItem(HMENU, MenuItemRef, HMENU submenu);
 
     std::unordered_map<HMENU, Menu> menus_;
 };

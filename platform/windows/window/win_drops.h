@@ -1,7 +1,6 @@
-// Files dropped on a window of ours. The drop itself is answered at once, so that the program they
-// come from goes on; what is to be done about them starts in the message loop. By then the window
-// is in front and has the keyboard, which the other program had: a message about the files can be
-// answered.
+// Files dropped on a window. The drop returns at once, so that its source is not blocked; the
+// handler is called from the message loop, after the window was brought to the foreground: a
+// message box about the files then has the focus.
 #pragma once
 
 #include "platform/windows/window/win_native_window.h"
@@ -15,23 +14,22 @@
 
 class WinDrops {
   public:
-    using Tell = std::function<void(const std::vector<std::u16string>& paths)>; // or null
-    explicit WinDrops(const Tell& tell); // which lives longer, and may change
+    using Handler = std::function<void(const std::vector<std::u16string>& paths)>; // or null
+    explicit WinDrops(const Handler& handler); // which outlives this and may be reassigned
 
-    // Without paths nothing happened.
     void Add(HWND target, std::vector<std::u16string> paths);
 
   private:
     struct Drop {
-        HWND window; // the whole one
+        HWND window; // top-level
         std::vector<std::u16string> paths;
     };
-    void TellNext();
+    void HandleNext();
 
-    const Tell& tell_;
-    std::deque<Drop> waiting_;
+    const Handler& handler_;
+    std::deque<Drop> pending_;
     WinNativeWindow window_;
 };
 
-std::vector<std::u16string> DroppedFiles(HDROP);     // full paths in their order
-std::vector<std::u16string> TakeDroppedFiles(HDROP); // and ends the drop
+std::vector<std::u16string> DroppedFiles(HDROP); // full paths, in the order of the drop
+std::vector<std::u16string> FinishDrop(HDROP);   // calls DragFinish

@@ -1,19 +1,21 @@
-// Keys and the wheel, as the main window sees them before the view that has the keyboard does.
+// Keyboard and wheel messages, before the focused view gets them.
 #pragma once
 
 #include "platform/window.h"
 #include "platform/windows/base/win32.h"
 
+int ShiftState(); // the ShiftMask at the time of the message being handled
+
 class WinInput {
   public:
-    // `message` is a key's. Tells the form of it.
-    void Key(const MSG& message, const WindowEvents&);
-    // `message` is the wheel's, turned with Ctrl held. Tells the form of whole notches.
-    void Zoom(const MSG& message, const WindowEvents&);
+    // Raises onKeyDown or onKeyUp for a key message.
+    void HandleKey(const MSG& message, const WindowEvents&);
+    // Raises onZoom for whole notches of WM_MOUSEWHEEL with Ctrl.
+    void HandleZoomWheel(const MSG& message, const WindowEvents&);
 
   private:
     struct {
         int code = 0, shift = 0;
-    } heldKey_;        // the key that went down last
-    int zoomRest_ = 0; // a turn of less than a notch
+    } heldKey_;             // the last key pressed
+    int zoomRemainder_ = 0; // wheel delta of less than a notch
 };

@@ -8,7 +8,7 @@
 
 class WinMenuBar final : public MenuBar {
   public:
-    // `contextPoint` tells where on the screen a context menu was asked for.
+    // `contextPoint` returns the screen position of the last context-menu request.
     WinMenuBar(HWND frame, std::function<POINT()> contextPoint);
     ~WinMenuBar() override;
 
@@ -18,34 +18,34 @@ class WinMenuBar final : public MenuBar {
     void ShowContextMenu(const std::vector<MenuArray*>& items) override;
 
   private:
-    // One top-level menu of the model and what stands for it in the native bar.
-    struct Title {
+    // One top-level menu of the model and its native counterpart.
+    struct TopLevelMenu {
         MenuArray* array;
         HMENU menu;
         std::u16string caption;
         bool enabled = false, visible = false;
     };
 
-    static LRESULT CALLBACK Receive(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR) noexcept;
-    bool Take(UINT message, WPARAM, LPARAM, LRESULT& answer);
-    bool UpdateTitle(Title&, UINT position);
-    void Prepare(HMENU);
-    void Choose(HMENU, std::size_t position);
-    bool ChooseByKey(wchar_t character, HMENU, LRESULT& answer) const;
+    static LRESULT CALLBACK SubclassProc(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR) noexcept;
+    bool HandleMessage(UINT message, WPARAM, LPARAM, LRESULT& result);
+    bool UpdateTopLevel(TopLevelMenu&, UINT position);
+    void HandleInitMenuPopup(HMENU);
+    void HandleMenuCommand(HMENU, std::size_t position);
+    bool HandleMenuChar(wchar_t character, HMENU, LRESULT& result) const;
     void OpenMenu(const MenuArray*);
-    void CountPopup(int change);
-    void LeaveEmptyBar() const;
+    void AddOpenPopups(int change);
+    void EndMenuWithoutPopup() const;
     void OpenContextMenu();
-    MenuPlace PlaceAt(HMENU, std::size_t position) const;
+    MenuItemRef ItemAt(HMENU, std::size_t position) const;
 
     HWND frame_;
     std::function<POINT()> contextPoint_;
     HMENU bar_ = nullptr; // the window's, which destroys it
     WinModelMenus menus_;
-    std::vector<Title> titles_;
+    std::vector<TopLevelMenu> topLevel_;
     MenuEvents events_;
-    // While a menu is open that the program opened itself: how many are, the system's too.
-    std::optional<int> popups_;
-    HMENU contextMenu_ = nullptr; // the one asked for last; what was chosen in it is told later
-    POINT contextAt_ = {};
+    // Popups open now, the system menu included; only while a menu is open that `ShowMenu` opened.
+    std::optional<int> openPopups_;
+    HMENU contextMenu_ = nullptr; // the last one; its WM_MENUCOMMAND arrives after it has closed
+    POINT contextMenuPoint_ = {};
 };

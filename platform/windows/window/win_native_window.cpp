@@ -14,27 +14,27 @@ HICON ProgramIcon(int widthMetric, int heightMetric) {
 
 } // namespace
 
-WinNativeWindow::WinNativeWindow(const Kind& kind, Procedure procedure)
-    : procedure_(std::move(procedure)) {
+WinNativeWindow::WinNativeWindow(const Params& params, MessageHandler handler)
+    : handler_(std::move(handler)) {
     WNDCLASSEXW windowClass = {};
     windowClass.cbSize = sizeof windowClass;
-    windowClass.lpfnWndProc = Receive;
+    windowClass.lpfnWndProc = WndProc;
     windowClass.hInstance = GetModuleHandleW(nullptr);
     windowClass.hIcon = ProgramIcon(SM_CXICON, SM_CYICON);
     windowClass.hIconSm = ProgramIcon(SM_CXSMICON, SM_CYSMICON);
     windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-    windowClass.lpszClassName = kind.className;
-    RegisterClassExW(&windowClass); // only the first one's counts
-    CreateWindowExW(kind.extendedStyle, kind.className, L"", kind.style, CW_USEDEFAULT, 0,
-                    CW_USEDEFAULT, 0, kind.parent, nullptr, windowClass.hInstance, this);
+    windowClass.lpszClassName = params.className;
+    RegisterClassExW(&windowClass); // fails, with no effect, for a class already registered
+    CreateWindowExW(params.extendedStyle, params.className, L"", params.style, CW_USEDEFAULT, 0,
+                    CW_USEDEFAULT, 0, params.parent, nullptr, windowClass.hInstance, this);
 }
 
 WinNativeWindow::~WinNativeWindow() {
     if (handle_) DestroyWindow(handle_);
 }
 
-LRESULT CALLBACK WinNativeWindow::Receive(HWND window, UINT message, WPARAM wParam,
+LRESULT CALLBACK WinNativeWindow::WndProc(HWND window, UINT message, WPARAM wParam,
                                           LPARAM lParam) noexcept {
     if (message == WM_NCCREATE) {
         const auto& creation = *reinterpret_cast<const CREATESTRUCTW*>(lParam);
@@ -49,7 +49,7 @@ LRESULT CALLBACK WinNativeWindow::Receive(HWND window, UINT message, WPARAM wPar
         self->handle_ = nullptr;
     }
     try {
-        return self->procedure_(window, message, wParam, lParam);
+        return self->handler_(window, message, wParam, lParam);
     } catch (const std::exception& error) {
         OutputDebugStringA(error.what());
         return 0;

@@ -1,4 +1,4 @@
-// A window of a class of our own, whose messages go to a function.
+// A window of a class of our own, whose messages are handled by a function.
 #pragma once
 
 #include "platform/windows/base/win32.h"
@@ -7,15 +7,15 @@
 
 class WinNativeWindow {
   public:
-    struct Kind {
+    struct Params {
         const wchar_t* className;
         DWORD style = 0, extendedStyle = 0;
         HWND parent = nullptr; // or HWND_MESSAGE
     };
-    // Answers what DefWindowProcW would for messages that it has no interest in.
-    using Procedure = std::function<LRESULT(HWND, UINT, WPARAM, LPARAM)>;
+    // Calls DefWindowProcW for messages that it does not handle.
+    using MessageHandler = std::function<LRESULT(HWND, UINT, WPARAM, LPARAM)>;
 
-    explicit WinNativeWindow(const Kind&, Procedure = DefWindowProcW);
+    explicit WinNativeWindow(const Params&, MessageHandler = DefWindowProcW);
     ~WinNativeWindow();
     WinNativeWindow(const WinNativeWindow&) = delete;
     WinNativeWindow& operator=(const WinNativeWindow&) = delete;
@@ -23,8 +23,8 @@ class WinNativeWindow {
     HWND Handle() const { return handle_; } // null once the window is destroyed
 
   private:
-    static LRESULT CALLBACK Receive(HWND, UINT, WPARAM, LPARAM) noexcept;
+    static LRESULT CALLBACK WndProc(HWND, UINT, WPARAM, LPARAM) noexcept;
 
     HWND handle_ = nullptr;
-    Procedure procedure_;
+    MessageHandler handler_;
 };

@@ -8,13 +8,14 @@
 namespace {
 
 constexpr int inset = 6, textPanelWidth = 120; // pixels at 96 dpi
-constexpr int edges = 3;                       // pixels above and below a panel's text together
-constexpr int dateRefreshInterval = 30'000;    // milliseconds, also after the machine has slept
+constexpr int edges = 3;                       // pixels above and below the text, in total
+constexpr int dateRefreshInterval =
+    30'000; // milliseconds; short enough to be right soon after sleep
 
 HWND MakeControl(HWND parent) {
     INITCOMMONCONTROLSEX classes = {sizeof classes, ICC_BAR_CLASSES};
     InitCommonControlsEx(&classes);
-    // It stays where it is put, which the control's own layout at the parent's edge would undo.
+    // Positioned by the form, not by the control itself at the bottom of the parent.
     constexpr DWORD style =
         WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP | CCS_NORESIZE | CCS_NOPARENTALIGN;
     return CreateWindowExW(0, STATUSCLASSNAMEW, L"", style, 0, 0, 0, 0, parent, nullptr,
@@ -36,7 +37,7 @@ WinStatusBar::WinStatusBar(HWND parent) : bar_(MakeControl(parent)), dateTimer_(
 void WinStatusBar::SetPanels(const std::vector<StatusPanel>& panels) {
     panels_ = panels;
     date_ = Today();
-    PlacePanels();
+    LayOutPanels();
     dateTimer_.Stop();
     if (std::ranges::find(panels_, PanelStyle::Date, &StatusPanel::style) != panels_.end())
         dateTimer_.Start(dateRefreshInterval, [this] { ShowDate(); });
@@ -49,20 +50,20 @@ void WinStatusBar::SetHeight(int pixels) {
 }
 
 void WinStatusBar::SetBounds(const Rect& bounds) {
-    if (DpiOf(bar_) != fontDpi_) FitFont();
+    if (WindowDpi(bar_) != fontDpi_) FitFont();
     width_ = bounds.width;
     height_ = bounds.height;
     MoveWindow(bar_, bounds.left, bounds.top, bounds.width, bounds.height, TRUE);
-    PlacePanels();
+    LayOutPanels();
 }
 
-// The system's font for status bars, made smaller where it would not fit into the height.
+// The system's status font, smaller where it does not fit the height.
 void WinStatusBar::FitFont() {
-    fontDpi_ = DpiOf(bar_);
-    LOGFONTW font = MetricsAt(fontDpi_).lfStatusFont;
+    fontDpi_ = WindowDpi(bar_);
+    LOGFONTW font = NonClientMetricsForDpi(fontDpi_).lfStatusFont;
     font_.reset(CreateFontIndirectW(&font));
     if (TextExtent(bar_, font_.get(), L"0").cy > height_ - edges) {
-        font.lfHeight = std::max(height_ - edges, 1); // a positive one is that of the whole line
+        font.lfHeight = std::max(height_ - edges, 1); // positive: the cell height
         font_.reset(CreateFontIndirectW(&font));
     }
     SendMessageW(bar_, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), TRUE);
@@ -74,12 +75,12 @@ int WinStatusBar::PanelWidth(const StatusPanel& panel) const {
     return panel.spring ? 0 : MulDiv(textPanelWidth, fontDpi_, 96);
 }
 
-void WinStatusBar::PlacePanels() {
+void WinStatusBar::LayOutPanels() {
     if (panels_.empty()) return;
     std::vector<int> widths;
     for (const StatusPanel& panel : panels_)
         widths.push_back(PanelWidth(panel));
-    widths.back() += GetSystemMetrics(SM_CXVSCROLL); // the size grip covers as much of the last one
+    widths.back() += GetSystemMetrics(SM_CXVSCROLL); // covered by the size grip
 
     const int spare = std::max(0, width_ - std::reduce(widths.begin(), widths.end()));
     const auto springs = static_cast<int>(std::ranges::count_if(panels_, &StatusPanel::spring));
@@ -100,5 +101,5 @@ void WinStatusBar::ShowDate() {
     std::wstring today = Today();
     if (today == date_) return;
     date_ = std::move(today);
-    PlacePanels();
+    LayOutPanels();
 }

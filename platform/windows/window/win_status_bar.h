@@ -7,7 +7,7 @@
 
 class WinStatusBar final : public StatusBar {
   public:
-    explicit WinStatusBar(HWND parent); // which destroys the control when it goes
+    explicit WinStatusBar(HWND parent); // which destroys the control
 
     HWND Handle() const { return bar_; }
 
@@ -18,9 +18,9 @@ class WinStatusBar final : public StatusBar {
 
   private:
     void FitFont();
-    void PlacePanels();
+    void LayOutPanels();
     void ShowDate();
-    int PanelWidth(const StatusPanel&) const; // pixels; of a spring panel the least
+    int PanelWidth(const StatusPanel&) const; // pixels; the minimum for a spring panel
 
     HWND bar_;
     int height_ = 18, width_ = 0;

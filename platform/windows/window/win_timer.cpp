@@ -27,6 +27,6 @@ void WinTimer::Stop() {
 
 void WinTimer::Tick() {
     if (owner_ && IsWindow(owner_) && !IsWindowEnabled(owner_)) return;
-    const std::function<void()> onTick = onTick_; // the tick may stop or restart the timer
+    const std::function<void()> onTick = onTick_; // a copy: the tick may stop or restart the timer
     CallHandler(onTick);
 }

@@ -4,11 +4,11 @@
 #include "platform/timer.h"
 #include "platform/windows/window/win_native_window.h"
 
-// Drops its ticks while a dialog is open, which disables `owner`: no second handler starts inside
-// the one that waits for it.
+// Ticks are dropped while `owner` is disabled by a modal dialog: no handler starts inside the one
+// that waits for the dialog.
 class WinTimer final : public Timer {
   public:
-    explicit WinTimer(HWND owner); // may be null: then it always ticks
+    explicit WinTimer(HWND owner); // may be null
     void Start(int milliseconds, std::function<void()> onTick) override;
     void Stop() override;
 

@@ -9,20 +9,19 @@
 
 namespace {
 
-constexpr int usualDpi = 96;
-constexpr int maxExtent = 16384; // pixels; drawing takes no larger ones
+constexpr int maxExtent = 16384; // pixels; larger windows cannot be drawn
 constexpr UINT_PTR closeTimer = 1;
-constexpr UINT closeDelay = 50;    // milliseconds, for a dialog or menu to go away
-constexpr double readingSize = 12; // points
+constexpr UINT closeDelay = 50;        // milliseconds, for a dialog or menu to go away
+constexpr double defaultFontSize = 12; // points
 constexpr double twipsPerInch = 1440;
-constexpr int pageWidth = 860, pageHeight = 960; // pixels at the usual resolution
+constexpr int defaultWidth = 860, defaultHeight = 960; // pixels at 96 dpi
 
 Rect ToRect(const RECT& rectangle) {
     return {rectangle.left, rectangle.top, rectangle.right - rectangle.left,
             rectangle.bottom - rectangle.top};
 }
 
-std::vector<Rect> Screens() {
+std::vector<Rect> WorkAreas() {
     std::vector<Rect> screens;
     const auto add = [](HMONITOR monitor, HDC, RECT*, LPARAM found) -> BOOL {
         MONITORINFO info = {};
@@ -41,8 +40,8 @@ bool IsMenuOpen() {
     return GetGUIThreadInfo(GetCurrentThreadId(), &thread) && (thread.flags & GUI_INMENUMODE);
 }
 
-// The one window of ours that can be used while the others wait for it; null for none.
-HWND OpenDialog() {
+// The enabled one of our windows while a modal dialog disables the others; null for none.
+HWND ActiveDialog() {
     HWND dialog = nullptr;
     const auto look = [](HWND window, LPARAM found) -> BOOL {
         if (!IsWindowVisible(window) || !IsWindowEnabled(window)) return TRUE;
@@ -58,27 +57,29 @@ HWND OpenDialog() {
 WinWindow::WinWindow()
     : frame_({L"NorvasetWindow", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN},
              [this](HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-                 return Answer(window, message, wParam, lParam);
+                 return HandleMessage(window, message, wParam, lParam);
              }),
       // The core's layout of the views counts on a border of two pixels.
       panel_({L"NorvasetPanel", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, WS_EX_CLIENTEDGE,
               frame_.Handle()}) {
-    TakeDefaultPlace();
+    SetDefaultBounds();
     DragAcceptFiles(Handle(), TRUE);
 }
 
 WinWindow::~WinWindow() {
-    if (Handle()) DestroyWindow(Handle()); // while the members that answer its messages live
+    if (Handle()) DestroyWindow(Handle()); // its messages use the other members
 }
 
-// A page of comfortable width in the middle of the screen.
-void WinWindow::TakeDefaultPlace() {
+// A comfortable width for reading, in the middle of the screen.
+void WinWindow::SetDefaultBounds() {
     RECT work = {};
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
     const Rect available = ToRect(work);
-    const int dpi = DpiOf(Handle());
-    const int width = std::min(MulDiv(pageWidth, dpi, usualDpi), MulDiv(available.width, 9, 10));
-    const int height = std::min(MulDiv(pageHeight, dpi, usualDpi), MulDiv(available.height, 9, 10));
+    const int dpi = WindowDpi(Handle());
+    const int width = std::min(MulDiv(defaultWidth, dpi, USER_DEFAULT_SCREEN_DPI),
+                               MulDiv(available.width, 9, 10));
+    const int height = std::min(MulDiv(defaultHeight, dpi, USER_DEFAULT_SCREEN_DPI),
+                                MulDiv(available.height, 9, 10));
     Move({available.left + (available.width - width) / 2,
           available.top + (available.height - height) / 2, width, height});
 }
@@ -90,7 +91,7 @@ void WinWindow::SetEvents(WindowEvents events) {
 void WinWindow::Open() {
     constexpr int commands[] = {SW_SHOWNORMAL, SW_SHOWMINIMIZED, SW_SHOWMAXIMIZED};
     open_ = true;
-    ShowWindow(Handle(), commands[static_cast<int>(stateToOpen_)]);
+    ShowWindow(Handle(), commands[static_cast<int>(initialState_)]);
     UpdateWindow(Handle());
     PostMessageW(Handle(), ShownMessage, 0, 0);
 }
@@ -105,31 +106,31 @@ void WinWindow::Unload() {
     if (!std::exchange(unloaded_, true)) CallHandler(events_.onUnload);
 }
 
-// The wish of the system or another program, which can come while a dialog or a menu is open: these
-// are cancelled first, because what waits for them has to end before the window does.
+// WM_CLOSE of the system or another program can arrive while a dialog or a menu is open. These are
+// cancelled first: the handler that waits for them has to return before the window is destroyed.
 void WinWindow::CloseWhenPossible() {
     KillTimer(Handle(), closeTimer);
     if (IsMenuOpen())
         EndMenu();
     else if (!IsWindowEnabled(Handle()))
-        PostMessageW(OpenDialog(), WM_CLOSE, 0, 0);
+        PostMessageW(ActiveDialog(), WM_CLOSE, 0, 0);
     else
         return Close();
     SetTimer(Handle(), closeTimer, closeDelay, nullptr);
 }
 
 WindowState WinWindow::State() const {
-    if (!open_) return stateToOpen_;
+    if (!open_) return initialState_;
     if (IsIconic(Handle())) return WindowState::Minimized;
     return IsZoomed(Handle()) ? WindowState::Maximized : WindowState::Normal;
 }
 
 void WinWindow::SetState(WindowState state) {
     if (!open_) {
-        stateToOpen_ = state;
+        initialState_ = state;
         return;
     }
-    if (state == State()) return; // showing a normal window again would activate it
+    if (state == State()) return; // ShowWindow would activate a normal window
     constexpr int commands[] = {SW_SHOWNORMAL, SW_MINIMIZE, SW_MAXIMIZE};
     ShowWindow(Handle(), commands[static_cast<int>(state)]);
 }
@@ -138,7 +139,7 @@ Rect WinWindow::Bounds() const {
     RECT bounds = {};
     WINDOWPLACEMENT placement = {};
     placement.length = sizeof placement;
-    // A minimised window is kept far outside the screen.
+    // GetWindowRect of a minimised window is off-screen.
     if (IsIconic(Handle()) && GetWindowPlacement(Handle(), &placement))
         bounds = placement.rcNormalPosition;
     else
@@ -147,8 +148,8 @@ Rect WinWindow::Bounds() const {
 }
 
 void WinWindow::Move(const Rect& bounds) {
-    const double scale = static_cast<double>(DpiOf(Handle())) / usualDpi;
-    const Rect shown = ReachablePlace(bounds, Screens(), scale);
+    const double scale = static_cast<double>(WindowDpi(Handle())) / USER_DEFAULT_SCREEN_DPI;
+    const Rect shown = ReachablePlace(bounds, WorkAreas(), scale);
     instead_.reset();
     if (shown != bounds) instead_ = {bounds, shown};
     SetWindowPos(Handle(), nullptr, shown.left, shown.top, shown.width, shown.height,
@@ -168,11 +169,11 @@ int WinWindow::InnerHeight() const {
 }
 
 double WinWindow::TwipsPerPixelX() const {
-    return twipsPerInch / DpiOf(Handle());
+    return twipsPerInch / WindowDpi(Handle());
 }
 
 double WinWindow::TwipsPerPixelY() const {
-    return TwipsPerPixelX(); // Windows has one resolution for both
+    return TwipsPerPixelX(); // Windows has one DPI for both axes
 }
 
 void WinWindow::SetTitle(std::u16string_view title) {
@@ -180,7 +181,7 @@ void WinWindow::SetTitle(std::u16string_view title) {
 }
 
 void WinWindow::ApplySystemFont() {
-    const NONCLIENTMETRICSW metrics = MetricsAt(DpiOf(Handle()));
+    const NONCLIENTMETRICSW metrics = NonClientMetricsForDpi(WindowDpi(Handle()));
     font_.reset(CreateFontIndirectW(&metrics.lfMenuFont));
 }
 
@@ -192,34 +193,32 @@ void WinWindow::SetPanelBounds(const Rect& bounds) {
     MoveWindow(ViewArea(), bounds.left, bounds.top, bounds.width, bounds.height, TRUE);
 }
 
-// Georgia was drawn for long reading on a screen, and comes with every Windows that we run on; the
-// other serves where somebody took it away.
+// Georgia was designed for reading on screens and comes with Windows; the other is the fallback
+// where it was removed.
 ViewFont WinWindow::DefaultViewFont() const {
     ViewFont viewFont;
     viewFont.name = IsFontInstalled(L"Georgia") ? u"Georgia" : u"Times New Roman";
-    viewFont.size = readingSize;
+    viewFont.size = defaultFontSize;
     return viewFont;
 }
 
-LRESULT WinWindow::Answer(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT WinWindow::HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_SETFOCUS: FocusView(); return 0;
-    case WM_WINDOWPOSCHANGED: ReportChange(); return 0;
-    case WM_DPICHANGED: TakeResolution(*reinterpret_cast<const RECT*>(lParam)); return 0;
+    case WM_WINDOWPOSCHANGED: HandlePosChanged(); return 0;
+    case WM_DPICHANGED: HandleDpiChanged(*reinterpret_cast<const RECT*>(lParam)); return 0;
     case WM_GETMINMAXINFO:
-        // A place from a larger desktop is taken as it stands.
+        // Bounds from a larger desktop are not clipped to this one.
         reinterpret_cast<MINMAXINFO*>(lParam)->ptMaxTrackSize = {maxExtent, maxExtent};
         return 0;
-    case WM_DROPFILES:
-        drops_.Add(window, TakeDroppedFiles(reinterpret_cast<HDROP>(wParam)));
-        return 0;
+    case WM_DROPFILES: drops_.Add(window, FinishDrop(reinterpret_cast<HDROP>(wParam))); return 0;
     case WM_TIMER:
         if (wParam == closeTimer) CloseWhenPossible();
         return 0;
     case WM_CLOSE: CloseWhenPossible(); return 0;
     case ShownMessage: CallHandler(events_.onShown); return 0;
     case WM_ENDSESSION:
-        // The process may be gone as soon as this returns, whatever is open.
+        // The process may be terminated as soon as this returns.
         if (wParam) Unload();
         return 0;
     case WM_DESTROY: PostQuitMessage(0); return 0;
@@ -235,47 +234,46 @@ void WinWindow::FocusView() {
         }
 }
 
-void WinWindow::ReportChange() {
-    const Shown now = {Bounds(), InnerWidth(), InnerHeight(), State()};
-    if (std::exchange(shown_, now) != now) CallHandler(events_.onResize);
+void WinWindow::HandlePosChanged() {
+    const ReportedState now = {Bounds(), InnerWidth(), InnerHeight(), State()};
+    if (std::exchange(reported_, now) != now) CallHandler(events_.onResize);
 }
 
-// The window came to a screen of another resolution, or the screen's was changed.
-void WinWindow::TakeResolution(const RECT& suggested) {
+void WinWindow::HandleDpiChanged(const RECT& suggested) {
     if (font_) ApplySystemFont();
     Move(ToRect(suggested));
-    CallHandler(events_.onResize); // also for a window whose rectangle stays
+    CallHandler(events_.onResize); // even when the rectangle is unchanged
 }
 
-void WinWindow::TellKeyDown(int keyCode, int shift) {
+void WinWindow::ReportKeyDown(int keyCode, int shift) {
     CallHandler(events_.onKeyDown, keyCode, shift);
 }
 
-bool WinWindow::PassMessage(MSG& message) {
+bool WinWindow::PreTranslateMessage(MSG& message) {
     const bool ours = Handle() && (message.hwnd == Handle() || IsChild(Handle(), message.hwnd));
-    if (!ours) return true;
+    if (!ours) return false;
     if (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST) {
         const bool isKey = message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN ||
                            message.message == WM_KEYUP || message.message == WM_SYSKEYUP;
-        if (!isKey) return true;
+        if (!isKey) return false;
         if (normalizeKey) normalizeKey(message);
-        input_.Key(message, events_);
-        return !(takeKey && Handle() && takeKey(message));
+        input_.HandleKey(message, events_);
+        return translateKey && Handle() && translateKey(message);
     }
-    if (message.message != WM_MOUSEWHEEL) return true;
+    if (message.message != WM_MOUSEWHEEL) return false;
     if (GET_KEYSTATE_WPARAM(message.wParam) & MK_CONTROL) {
-        input_.Zoom(message, events_);
-        return false;
+        input_.HandleZoomWheel(message, events_);
+        return true;
     }
-    const HWND focus = GetFocus(); // older systems send the wheel there anyway
+    const HWND focus = GetFocus(); // before Windows 10 the wheel goes there anyway
     if (!IsChild(ViewArea(), message.hwnd) && IsChild(ViewArea(), focus)) message.hwnd = focus;
-    return true;
+    return false;
 }
 
 void RunMessageLoop(WinWindow& window) {
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-        if (!window.PassMessage(message)) continue;
+        if (window.PreTranslateMessage(message)) continue;
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }

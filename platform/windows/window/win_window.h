@@ -19,17 +19,17 @@ class WinWindow final : public Window {
 
     HWND Handle() const { return frame_.Handle(); }   // null once closed
     HWND ViewArea() const { return panel_.Handle(); } // parent of both views
-    WinDrops::Tell onFilesDropped;                    // full paths
+    WinDrops::Handler onFilesDropped;                 // full paths
 
-    // For a view that has its own ways with keys: `normalizeKey` comes before the form is told of a
-    // key, `takeKey` after; true when the view is done with the message.
+    // Hooks of a view that handles keys: `normalizeKey` runs before the key events of the form,
+    // `translateKey` after them; true when the view has handled the message.
     std::function<void(MSG&)> normalizeKey;
-    std::function<bool(const MSG&)> takeKey;
-    void TellKeyDown(int keyCode, int shift); // as if it had been pressed
+    std::function<bool(const MSG&)> translateKey;
+    void ReportKeyDown(int keyCode, int shift); // raises onKeyDown
 
-    // Every message of the program's loop passes here first: keys are told to the form, and the
-    // wheel finds the view. False when the message is done with.
-    bool PassMessage(MSG&);
+    // For every message loop: raises the key events and sends the wheel to the view. True when the
+    // message was handled and must not be dispatched.
+    bool PreTranslateMessage(MSG&);
 
     void SetEvents(WindowEvents) override;
     void Open() override;
@@ -49,28 +49,28 @@ class WinWindow final : public Window {
     ViewFont DefaultViewFont() const override;
 
   private:
-    struct Shown {
+    struct ReportedState {
         Rect bounds;
         int innerWidth = 0, innerHeight = 0;
         WindowState state = WindowState::Normal;
-        bool operator==(const Shown&) const = default;
+        bool operator==(const ReportedState&) const = default;
     };
 
-    LRESULT Answer(HWND, UINT, WPARAM, LPARAM);
-    void TakeDefaultPlace();
+    LRESULT HandleMessage(HWND, UINT, WPARAM, LPARAM);
+    void SetDefaultBounds();
     void FocusView();
-    void ReportChange();
-    void TakeResolution(const RECT& suggested);
+    void HandlePosChanged();
+    void HandleDpiChanged(const RECT& suggested);
     void CloseWhenPossible();
     void Unload();
 
     WindowEvents events_;
     WinInput input_;
     WinDrops drops_{onFilesDropped};
-    WinFont font_;                                  // null: the one of the device
-    Shown shown_;                                   // as last reported
-    std::optional<ShownInstead> instead_;           // of what `Move` asked for
-    WindowState stateToOpen_ = WindowState::Normal; // until it is open
+    WinFont font_;                                   // null: the device's default
+    ReportedState reported_;                         // at the last onResize
+    std::optional<ShownInstead> instead_;            // of the bounds given to `Move`
+    WindowState initialState_ = WindowState::Normal; // until `Open`
     bool open_ = false, unloaded_ = false;
     WinNativeWindow frame_, panel_;
 };

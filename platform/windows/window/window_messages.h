@@ -1,5 +1,4 @@
-// The messages that the main window posts to itself, all in one place: its parts, the menu bar
-// among them, see the same numbers.
+// Messages that the main window and its menu bar post to the main window: one range of numbers.
 #pragma once
 
 #include "platform/windows/base/win32.h"

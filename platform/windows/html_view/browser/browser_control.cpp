@@ -6,7 +6,7 @@
 #include <docobj.h>
 
 // The control alone can be there without the engine that shows its pages, and would stay empty.
-HRESULT MakeSystemBrowser(IUnknown** control) {
+HRESULT CreateSystemBrowser(IUnknown** control) {
     static const HMODULE engine = LoadSystemLibrary(L"mshtml.dll");
     if (!engine) return HRESULT_FROM_WIN32(ERROR_MOD_NOT_FOUND);
     return CoCreateInstance(__uuidof(WebBrowser), nullptr, CLSCTX_INPROC_SERVER, __uuidof(IUnknown),
@@ -31,13 +31,13 @@ HRESULT BrowserControl::Connect(const BrowserFactory& make, HWND window, Browser
     browser_ = Query<IWebBrowser2>(made);
     if (!object_ || !browser_) return E_NOINTERFACE;
     result = object_->SetClientSite(site_.Get());
-    if (SUCCEEDED(result)) result = events_->Listen(browser_.Get());
-    if (SUCCEEDED(result)) result = SetLook();
+    if (SUCCEEDED(result)) result = events_->Advise(browser_.Get());
+    if (SUCCEEDED(result)) result = Configure();
     if (SUCCEEDED(result)) result = Show(OLEIVERB_INPLACEACTIVATE);
     return result;
 }
 
-HRESULT BrowserControl::SetLook() {
+HRESULT BrowserControl::Configure() {
     // Without a frame of its own the control has no bars; some versions then answer with an error.
     browser_->put_AddressBar(VARIANT_FALSE);
     browser_->put_MenuBar(VARIANT_FALSE);
@@ -54,9 +54,9 @@ HRESULT BrowserControl::Show(LONG verb) {
 }
 
 BrowserControl::~BrowserControl() {
-    site_->Forget();
-    events_->Forget();
-    events_->Stop();
+    site_->Disconnect();
+    events_->Disconnect();
+    events_->Unadvise();
     if (!object_) return;
     object_->Close(OLECLOSE_NOSAVE);
     object_->SetClientSite(nullptr);
@@ -81,11 +81,11 @@ void BrowserControl::FitWindow() {
         inPlace->SetObjectRects(&place, &place);
 }
 
-void BrowserControl::TakeKeyboard() {
+void BrowserControl::ActivateUi() {
     Show(OLEIVERB_UIACTIVATE);
 }
 
-bool BrowserControl::TakeKey(const MSG& message) {
+bool BrowserControl::TranslateAccelerator(const MSG& message) {
     MSG changeable = message;
     const auto active = Query<IOleInPlaceActiveObject>(browser_);
     return active && active->TranslateAccelerator(&changeable) == S_OK;

@@ -10,7 +10,7 @@
 
 // Makes the control; tests put their own in its place.
 using BrowserFactory = std::function<HRESULT(IUnknown** control)>;
-HRESULT MakeSystemBrowser(IUnknown** control);
+HRESULT CreateSystemBrowser(IUnknown** control);
 
 // No function tells of a failure but by its result; an order that fails does nothing.
 class BrowserControl {
@@ -24,14 +24,14 @@ class BrowserControl {
     bool Load(const std::wstring& url);
     ComPtr<IDispatch> Document() const; // null when there is none
     void FitWindow();
-    void TakeKeyboard();
-    bool TakeKey(const MSG&); // whether it was an accelerator, which is done then
+    void ActivateUi();
+    bool TranslateAccelerator(const MSG&); // whether it was an accelerator, which is done then
     bool SetZoom(int percent);
 
   private:
     BrowserControl() = default;
     HRESULT Connect(const BrowserFactory&, HWND, BrowserOwner&);
-    HRESULT SetLook();
+    HRESULT Configure();
     HRESULT Show(LONG verb);
 
     HWND window_ = nullptr;

@@ -12,11 +12,11 @@ const VARIANT& Argument(const DISPPARAMS& parameters, UINT index) {
     return parameters.rgvarg[parameters.cArgs - 1 - index];
 }
 
-void Refuse(const VARIANT& cancel) {
+void Cancel(const VARIANT& cancel) {
     if (V_VT(&cancel) == (VT_BYREF | VT_BOOL)) *V_BOOLREF(&cancel) = VARIANT_TRUE;
 }
 
-bool HasData(const VARIANT* value) {
+bool HasPostData(const VARIANT* value) {
     while (value && V_VT(value) == (VT_BYREF | VT_VARIANT))
         value = V_VARIANTREF(value);
     return value && (V_VT(value) & VT_ARRAY);
@@ -24,7 +24,7 @@ bool HasData(const VARIANT* value) {
 
 } // namespace
 
-HRESULT BrowserEvents::Listen(IWebBrowser2* browser) {
+HRESULT BrowserEvents::Advise(IWebBrowser2* browser) {
     page_ = Query<IUnknown>(browser);
     const auto container = Query<IConnectionPointContainer>(browser);
     if (!page_ || !container) return E_NOINTERFACE;
@@ -33,7 +33,7 @@ HRESULT BrowserEvents::Listen(IWebBrowser2* browser) {
     return source_->Advise(this, &cookie_);
 }
 
-void BrowserEvents::Stop() {
+void BrowserEvents::Unadvise() {
     if (source_ && cookie_) source_->Unadvise(cookie_);
     source_.Reset();
     page_.Reset();
@@ -46,7 +46,7 @@ HRESULT BrowserEvents::QueryInterface(REFIID id, void** found) noexcept {
         AddRef();
         return S_OK;
     }
-    return AnswerQuery<IDispatch>(this, id, found);
+    return FindInterface<IDispatch>(this, id, found);
 }
 
 HRESULT BrowserEvents::GetTypeInfoCount(UINT* count) noexcept {
@@ -70,14 +70,14 @@ HRESULT BrowserEvents::Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* para
     const auto has = [&](UINT count) { return parameters->cArgs >= count; };
     if (event == DISPID_BEFORENAVIGATE2 && has(7)) BeforeNavigate(*parameters);
     if (event == DISPID_NEWWINDOW3 && has(5)) NewWindow(*parameters);
-    if (event == DISPID_NEWWINDOW2 && has(2)) Refuse(Argument(*parameters, 1));
+    if (event == DISPID_NEWWINDOW2 && has(2)) Cancel(Argument(*parameters, 1));
     if (event == DISPID_DOCUMENTCOMPLETE && has(2)) DocumentComplete(*parameters);
     if (event == DISPID_NAVIGATEERROR && has(5)) NavigateError(*parameters);
     // A page itself is announced as a download, too, of an active document.
     if (event == DISPID_FILEDOWNLOAD && has(2) &&
         V_BOOL(&Argument(*parameters, 0)) == VARIANT_FALSE)
-        Refuse(Argument(*parameters, 1));
-    if (event == DISPID_ONQUIT) owner_->EngineGone();
+        Cancel(Argument(*parameters, 1));
+    if (event == DISPID_ONQUIT) owner_->OnEngineQuit();
     return S_OK;
 }
 
@@ -86,25 +86,26 @@ void BrowserEvents::BeforeNavigate(const DISPPARAMS& parameters) {
     const bool isPage = IsPage(Argument(parameters, 0));
     const std::wstring url = TextOf(&Argument(parameters, 1));
     const auto target = isPage ? BrowserOwner::Target::Page : BrowserOwner::Target::Frame;
-    if (!owner_->MayLoad(url, target, HasData(&Argument(parameters, 4))))
-        Refuse(Argument(parameters, 6));
+    if (!owner_->AllowNavigation(url, target, HasPostData(&Argument(parameters, 4))))
+        Cancel(Argument(parameters, 6));
 }
 
 // Browser, cancel, flags, address of the page, address.
 void BrowserEvents::NewWindow(const DISPPARAMS& parameters) {
-    Refuse(Argument(parameters, 1));
-    owner_->MayLoad(TextOf(&Argument(parameters, 4)), BrowserOwner::Target::NewWindow, false);
+    Cancel(Argument(parameters, 1));
+    owner_->AllowNavigation(TextOf(&Argument(parameters, 4)), BrowserOwner::Target::NewWindow,
+                            false);
 }
 
 // Browser, address.
 void BrowserEvents::DocumentComplete(const DISPPARAMS& parameters) {
-    if (IsPage(Argument(parameters, 0))) owner_->PageComplete(TextOf(&Argument(parameters, 1)));
+    if (IsPage(Argument(parameters, 0))) owner_->OnPageComplete(TextOf(&Argument(parameters, 1)));
 }
 
 // Browser, address, frame, status, cancel: without it the engine shows a page of its own.
 void BrowserEvents::NavigateError(const DISPPARAMS& parameters) {
-    Refuse(Argument(parameters, 4));
-    if (IsPage(Argument(parameters, 0))) owner_->PageFailed();
+    Cancel(Argument(parameters, 4));
+    if (IsPage(Argument(parameters, 0))) owner_->OnPageFailed();
 }
 
 bool BrowserEvents::IsPage(const VARIANT& browser) const {

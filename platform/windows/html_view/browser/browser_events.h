@@ -9,11 +9,11 @@
 class BrowserEvents final : public ComObject<IDispatch> {
   public:
     explicit BrowserEvents(BrowserOwner& owner) : owner_(&owner) {}
-    void Forget() { owner_ = nullptr; } // nothing is told from here on
+    void Disconnect() { owner_ = nullptr; } // nothing is told from here on
 
     // Starts the events of `browser`.
-    HRESULT Listen(IWebBrowser2* browser);
-    void Stop();
+    HRESULT Advise(IWebBrowser2* browser);
+    void Unadvise();
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) noexcept override;
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override;

@@ -11,12 +11,12 @@ class BrowserOwner {
     enum class Target { Page, Frame, NewWindow };
 
     // Whether the control may load `url`. `sends` is true for a form that would send its fields.
-    virtual bool MayLoad(const std::wstring& url, Target, bool sends) = 0;
-    virtual void PageComplete(const std::wstring& url) = 0; // all frames too
-    virtual void PageFailed() = 0;
-    virtual void EngineGone() = 0;
-    virtual void MenuWanted(POINT) = 0; // a context menu, on the screen
-    virtual void FilesDropped(const std::vector<std::u16string>& paths) = 0;
+    virtual bool AllowNavigation(const std::wstring& url, Target, bool sends) = 0;
+    virtual void OnPageComplete(const std::wstring& url) = 0; // all frames too
+    virtual void OnPageFailed() = 0;
+    virtual void OnEngineQuit() = 0;
+    virtual void OnContextMenu(POINT) = 0; // a context menu, on the screen
+    virtual void OnFilesDropped(const std::vector<std::u16string>& paths) = 0;
 
   protected:
     ~BrowserOwner() = default;

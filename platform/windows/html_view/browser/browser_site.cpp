@@ -12,12 +12,13 @@
 namespace {
 
 // Pictures of this machine, and nothing that moves, sounds, runs or is fetched.
-constexpr DWORD downloads = DLCTL_DLIMAGES | DLCTL_NO_SCRIPTS | DLCTL_NO_JAVA |
-                            DLCTL_NO_RUNACTIVEXCTLS | DLCTL_NO_DLACTIVEXCTLS | DLCTL_NO_BEHAVIORS |
-                            DLCTL_NO_CLIENTPULL | DLCTL_FORCEOFFLINE | DLCTL_SILENT;
+constexpr DWORD downloadControl = DLCTL_DLIMAGES | DLCTL_NO_SCRIPTS | DLCTL_NO_JAVA |
+                                  DLCTL_NO_RUNACTIVEXCTLS | DLCTL_NO_DLACTIVEXCTLS |
+                                  DLCTL_NO_BEHAVIORS | DLCTL_NO_CLIENTPULL | DLCTL_FORCEOFFLINE |
+                                  DLCTL_SILENT;
 
 // CGID_DocHostCommandHandler, which not every library of ids has.
-constexpr GUID ofDocuments = {
+constexpr GUID docHostCommandHandler = {
     0xf38bc242, 0xb950, 0x11d1, {0x89, 0x18, 0x00, 0xc0, 0x4f, 0xc2, 0xc8, 0x36}};
 
 void PutBool(VARIANT& result, bool value) {
@@ -28,9 +29,9 @@ void PutBool(VARIANT& result, bool value) {
 } // namespace
 
 HRESULT BrowserSite::QueryInterface(REFIID id, void** found) noexcept {
-    return AnswerQuery<IOleClientSite, IOleWindow, IOleInPlaceSite, IDocHostUIHandler,
-                       IDocHostShowUI, IServiceProvider, IOleCommandTarget, IDispatch>(this, id,
-                                                                                       found);
+    return FindInterface<IOleClientSite, IOleWindow, IOleInPlaceSite, IDocHostUIHandler,
+                         IDocHostShowUI, IServiceProvider, IOleCommandTarget, IDispatch>(this, id,
+                                                                                         found);
 }
 
 HRESULT BrowserSite::SaveObject() noexcept {
@@ -73,7 +74,7 @@ HRESULT BrowserSite::QueryStatus(const GUID*, ULONG, OLECMD[], OLECMDTEXT*) noex
 
 HRESULT BrowserSite::Exec(const GUID* group, DWORD command, DWORD, VARIANT*,
                           VARIANT* result) noexcept {
-    if (!group || *group != ofDocuments) return OLECMDERR_E_UNKNOWNGROUP;
+    if (!group || *group != docHostCommandHandler) return OLECMDERR_E_UNKNOWNGROUP;
     if (command != OLECMDID_SHOWSCRIPTERROR && command != OLECMDID_SHOWMESSAGE)
         return OLECMDERR_E_NOTSUPPORTED;
     if (result) PutBool(*result, true); // go on
@@ -101,7 +102,7 @@ HRESULT BrowserSite::Invoke(DISPID property, REFIID, LCID, WORD, DISPPARAMS*, VA
     switch (property) {
     case DISPID_AMBIENT_DLCONTROL:
         V_VT(result) = VT_I4;
-        V_I4(result) = static_cast<LONG>(downloads);
+        V_I4(result) = static_cast<LONG>(downloadControl);
         return S_OK;
     case DISPID_AMBIENT_SILENT:
     case DISPID_AMBIENT_USERMODE: PutBool(*result, true); return S_OK;

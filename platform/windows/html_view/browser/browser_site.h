@@ -14,7 +14,7 @@ class BrowserSite final : public ComObject<IOleClientSite, InPlaceSite, Document
         SetWindow(window);
         SetOwner(owner);
     }
-    using DocumentHost::Forget; // the owner is not told of anything any more
+    using DocumentHost::Disconnect; // the owner is not told of anything any more
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) noexcept override;
 

@@ -2,17 +2,18 @@
 
 #include "platform/windows/html_view/browser/page_drop_target.h"
 #include "platform/windows/html_view/page/page_keys.h"
+#include "platform/windows/window/win_input.h"
 
 #include <new>
 
-void DocumentHost::Forget() {
+void DocumentHost::Disconnect() {
     owner_ = nullptr;
     // Made by us alone, below.
-    if (dropTarget_) static_cast<PageDropTarget*>(dropTarget_.Get())->Forget();
+    if (dropTarget_) static_cast<PageDropTarget*>(dropTarget_.Get())->Disconnect();
 }
 
 HRESULT DocumentHost::ShowContextMenu(DWORD, POINT* place, IUnknown*, IDispatch*) noexcept {
-    if (owner_ && place) owner_->MenuWanted(*place);
+    if (owner_ && place) owner_->OnContextMenu(*place);
     return S_OK; // the engine's own menu would save, print, show sources and go elsewhere
 }
 
@@ -58,8 +59,8 @@ HRESULT DocumentHost::ResizeBorder(LPCRECT, IOleInPlaceUIWindow*, BOOL) noexcept
 // engine's own might.
 HRESULT DocumentHost::TranslateAccelerator(LPMSG message, const GUID*, DWORD) noexcept {
     if (!message || message->message != WM_KEYDOWN) return S_FALSE;
-    const PageKey meaning = MeaningOf(static_cast<int>(message->wParam), ShiftOfMessage());
-    return meaning == PageKey::Refused || meaning == PageKey::Zooms ? S_OK : S_FALSE;
+    const PageKey meaning = ClassifyPageKey(static_cast<int>(message->wParam), ShiftState());
+    return meaning == PageKey::Blocked || meaning == PageKey::Zooms ? S_OK : S_FALSE;
 }
 
 HRESULT DocumentHost::GetOptionKeyPath(LPOLESTR* path, DWORD) noexcept {

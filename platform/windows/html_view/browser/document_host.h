@@ -35,7 +35,7 @@ class DocumentHost : public IDocHostUIHandler, public IDocHostShowUI {
   protected:
     ~DocumentHost() = default;
     void SetOwner(BrowserOwner& owner) { owner_ = &owner; }
-    void Forget();
+    void Disconnect();
 
   private:
     BrowserOwner* owner_ = nullptr;

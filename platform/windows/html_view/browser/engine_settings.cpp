@@ -37,7 +37,7 @@ bool IsEngineInstalled() {
                         nullptr) == ERROR_SUCCESS;
 }
 
-void LockEngineDown() {
+void LockDownEngine() {
     const auto setFeature =
         UrlmonFunction<decltype(&CoInternetSetFeatureEnabled)>("CoInternetSetFeatureEnabled");
     if (!setFeature) return;

@@ -6,7 +6,7 @@
 bool IsEngineInstalled(); // as far as the files and the registry tell
 
 // Switches on the engine's locks for local pages, for this process only.
-void LockEngineDown();
+void LockDownEngine();
 
 // The mode that pages are laid out in, for as long as this lives. The engine has no other place to
 // tell it to but a value under the program's name in the user's registry; one that is there already

@@ -66,8 +66,8 @@ HRESULT InPlaceSite::OnPosRectChange(LPCRECT) noexcept {
 
 HRESULT InPlaceFrame::QueryInterface(REFIID id, void** found) noexcept {
     if (id == __uuidof(IOleWindow) || id == __uuidof(IOleInPlaceUIWindow))
-        return AnswerQuery<IOleInPlaceFrame>(this, __uuidof(IOleInPlaceFrame), found);
-    return AnswerQuery<IOleInPlaceFrame>(this, id, found);
+        return FindInterface<IOleInPlaceFrame>(this, __uuidof(IOleInPlaceFrame), found);
+    return FindInterface<IOleInPlaceFrame>(this, id, found);
 }
 
 HRESULT InPlaceFrame::GetWindow(HWND* window) noexcept {

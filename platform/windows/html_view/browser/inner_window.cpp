@@ -24,30 +24,30 @@ bool InnerWindow::Attach(HWND host) {
     if (inner == window_) return inner != nullptr;
     Detach();
     const auto data = reinterpret_cast<DWORD_PTR>(this);
-    if (inner && SetWindowSubclass(inner, Receive, subclassId, data)) window_ = inner;
+    if (inner && SetWindowSubclass(inner, SubclassProc, subclassId, data)) window_ = inner;
     return window_ != nullptr;
 }
 
 void InnerWindow::Detach() {
-    if (window_) RemoveWindowSubclass(window_, Receive, subclassId);
+    if (window_) RemoveWindowSubclass(window_, SubclassProc, subclassId);
     window_ = nullptr;
 }
 
-LRESULT CALLBACK InnerWindow::Receive(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                      UINT_PTR, DWORD_PTR data) noexcept {
+LRESULT CALLBACK InnerWindow::SubclassProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                           UINT_PTR, DWORD_PTR data) noexcept {
     auto* self = reinterpret_cast<InnerWindow*>(data);
     if (message == WM_NCDESTROY) {
         self->Detach();
         return DefSubclassProc(window, message, wParam, lParam);
     }
-    return self->Answer(message, wParam, lParam);
+    return self->HandleMessage(message, wParam, lParam);
 }
 
-LRESULT InnerWindow::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT InnerWindow::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     const HWND window = window_;
     switch (message) {
-    case WM_COMMAND: return Command(wParam, lParam);
-    case WM_RBUTTONUP: return RightButtonUp(wParam, lParam);
+    case WM_COMMAND: return HandleCommand(wParam, lParam);
+    case WM_RBUTTONUP: return HandleRightButtonUp(wParam, lParam);
     // The mouse's and keyboard's "back" and their like.
     case WM_XBUTTONDOWN:
     case WM_XBUTTONUP:
@@ -62,17 +62,17 @@ LRESULT InnerWindow::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
 
 // The engine carries out no command but printing. Notes of the page's fields, which are windows of
 // their own, are none.
-LRESULT InnerWindow::Command(WPARAM wParam, LPARAM lParam) {
-    const auto command = PageCommandOf(LOWORD(wParam));
+LRESULT InnerWindow::HandleCommand(WPARAM wParam, LPARAM lParam) {
+    const auto command = ToPageCommand(LOWORD(wParam));
     const HWND window = window_;
     if (lParam != 0) return DefSubclassProc(window, WM_COMMAND, wParam, lParam);
-    if (command) owner_.Commanded(*command);
+    if (command) owner_.OnCommand(*command);
     return command == PageCommand::Print ? DefSubclassProc(window, WM_COMMAND, wParam, lParam) : 0;
 }
 
 // A press that nothing follows puts the caret there. The engine then holds the mouse to extend a
 // selection, which the menu must not find.
-LRESULT InnerWindow::RightButtonUp(WPARAM wParam, LPARAM lParam) {
+LRESULT InnerWindow::HandleRightButtonUp(WPARAM wParam, LPARAM lParam) {
     const HWND window = window_;
     if (!owner_.IsInSelection({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)})) {
         SendMessageW(window, WM_LBUTTONDOWN, wParam, lParam);

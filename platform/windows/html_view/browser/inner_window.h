@@ -8,7 +8,7 @@ class InnerWindow {
   public:
     class Owner {
       public:
-        virtual void Commanded(PageCommand) = 0;
+        virtual void OnCommand(PageCommand) = 0;
         virtual bool IsInSelection(POINT pixels) const = 0; // from the window's upper left
 
       protected:
@@ -25,10 +25,10 @@ class InnerWindow {
     HWND Handle() const { return window_; } // null without one
 
   private:
-    static LRESULT CALLBACK Receive(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR) noexcept;
-    LRESULT Answer(UINT, WPARAM, LPARAM);
-    LRESULT Command(WPARAM, LPARAM);
-    LRESULT RightButtonUp(WPARAM, LPARAM);
+    static LRESULT CALLBACK SubclassProc(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR) noexcept;
+    LRESULT HandleMessage(UINT, WPARAM, LPARAM);
+    LRESULT HandleCommand(WPARAM, LPARAM);
+    LRESULT HandleRightButtonUp(WPARAM, LPARAM);
 
     Owner& owner_;
     HWND window_ = nullptr;

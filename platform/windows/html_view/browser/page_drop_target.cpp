@@ -23,7 +23,7 @@ std::vector<std::u16string> PathsIn(IDataObject* data) {
 } // namespace
 
 HRESULT PageDropTarget::QueryInterface(REFIID id, void** found) noexcept {
-    return AnswerQuery<IDropTarget>(this, id, found);
+    return FindInterface<IDropTarget>(this, id, found);
 }
 
 HRESULT PageDropTarget::DragEnter(IDataObject* data, DWORD, POINTL, DWORD* effect) noexcept {
@@ -44,7 +44,7 @@ HRESULT PageDropTarget::DragLeave() noexcept {
 HRESULT PageDropTarget::Drop(IDataObject* data, DWORD, POINTL, DWORD* effect) noexcept {
     const HRESULT shown = Show(effect);
     const std::vector<std::u16string> paths = PathsIn(data);
-    if (owner_ && !paths.empty()) owner_->FilesDropped(paths);
+    if (owner_ && !paths.empty()) owner_->OnFilesDropped(paths);
     hasFiles_ = false;
     return shown;
 }

@@ -7,7 +7,7 @@
 class PageDropTarget final : public ComObject<IDropTarget> {
   public:
     explicit PageDropTarget(BrowserOwner& owner) : owner_(&owner) {}
-    void Forget() { owner_ = nullptr; }
+    void Disconnect() { owner_ = nullptr; }
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) noexcept override;
     HRESULT STDMETHODCALLTYPE DragEnter(IDataObject*, DWORD, POINTL, DWORD*) noexcept override;

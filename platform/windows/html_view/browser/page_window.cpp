@@ -6,14 +6,14 @@ namespace {
 
 constexpr wchar_t className[] = L"NorvasetPage";
 constexpr UINT postedMessage = WM_APP;
-constexpr UINT_PTR quietTimer = 1;
+constexpr UINT_PTR idleTimer = 1;
 
 } // namespace
 
 PageWindow::PageWindow(HWND parent, Events events) : events_(std::move(events)) {
     WNDCLASSEXW windowClass = {};
     windowClass.cbSize = sizeof windowClass;
-    windowClass.lpfnWndProc = Receive;
+    windowClass.lpfnWndProc = WndProc;
     windowClass.hInstance = GetModuleHandleW(nullptr);
     windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
@@ -37,11 +37,11 @@ void PageWindow::Post() {
 }
 
 // The system makes a timer's message only when the queue holds nothing else.
-void PageWindow::TellWhenQuiet() {
-    if (handle_) SetTimer(handle_, quietTimer, USER_TIMER_MINIMUM, nullptr);
+void PageWindow::NotifyWhenIdle() {
+    if (handle_) SetTimer(handle_, idleTimer, USER_TIMER_MINIMUM, nullptr);
 }
 
-LRESULT CALLBACK PageWindow::Receive(HWND window, UINT message, WPARAM wParam,
+LRESULT CALLBACK PageWindow::WndProc(HWND window, UINT message, WPARAM wParam,
                                      LPARAM lParam) noexcept {
     if (message == WM_NCCREATE) {
         auto* made = static_cast<PageWindow*>(
@@ -56,10 +56,10 @@ LRESULT CALLBACK PageWindow::Receive(HWND window, UINT message, WPARAM wParam,
         self->handle_ = nullptr;
         return DefWindowProcW(window, message, wParam, lParam);
     }
-    return self->Answer(message, wParam, lParam);
+    return self->HandleMessage(message, wParam, lParam);
 }
 
-LRESULT PageWindow::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT PageWindow::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_SIZE: CallHandler(events_.onResize); return 0;
     case WM_SETFOCUS: CallHandler(events_.onFocus); return 0;
@@ -67,9 +67,9 @@ LRESULT PageWindow::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_PAINT: Paint(); return 0;
     case postedMessage: CallHandler(events_.onPosted); return 0;
     case WM_TIMER:
-        if (wParam != quietTimer) break;
-        KillTimer(handle_, quietTimer);
-        CallHandler(events_.onQuiet);
+        if (wParam != idleTimer) break;
+        KillTimer(handle_, idleTimer);
+        CallHandler(events_.onIdle);
         return 0;
     default: break;
     }

@@ -11,7 +11,7 @@ class PageWindow {
     struct Events {
         std::function<void()> onResize, onFocus, onDestroy;
         std::function<void()> onPosted; // for each `Post`, later
-        std::function<void()> onQuiet;  // after `TellWhenQuiet`, once
+        std::function<void()> onIdle;   // after `NotifyWhenIdle`, once
     };
 
     PageWindow(HWND parent, Events);
@@ -22,11 +22,11 @@ class PageWindow {
     HWND Handle() const { return handle_; } // null once destroyed, as with its parent
     void SetNotice(std::wstring);           // "" shows none
     void Post();
-    void TellWhenQuiet(); // when no key, click or message waits any more
+    void NotifyWhenIdle(); // when no key, click or message waits any more
 
   private:
-    static LRESULT CALLBACK Receive(HWND, UINT, WPARAM, LPARAM) noexcept;
-    LRESULT Answer(UINT, WPARAM, LPARAM);
+    static LRESULT CALLBACK WndProc(HWND, UINT, WPARAM, LPARAM) noexcept;
+    LRESULT HandleMessage(UINT, WPARAM, LPARAM);
     void Paint();
 
     HWND handle_ = nullptr;

@@ -78,9 +78,9 @@ PageDocument::PageDocument(IDispatch* document) : document_(Query<IHTMLDocument2
     if (!Query<IHTMLBodyElement>(body)) return;
     scroller_ = FindScroller(document_.Get(), body.Get());
     if (scroller_) body_ = Query<IDispatch>(body);
-    Variant letters;
-    if (const auto style = StyleOf(body_); style && SUCCEEDED(style->get_color(letters.Put())))
-        ownLetters_ = TextOf(&letters.Get());
+    Variant color;
+    if (const auto style = StyleOf(body_); style && SUCCEEDED(style->get_color(color.Put())))
+        originalTextColor_ = TextOf(&color.Get());
 }
 
 bool PageDocument::HasBody() const {
@@ -140,7 +140,7 @@ bool PageDocument::SetBackColor(std::uint32_t redGreenBlue) {
 
 bool PageDocument::SetTextColor(std::optional<std::uint32_t> redGreenBlue) {
     const auto style = StyleOf(body_);
-    const Variant color(redGreenBlue ? ColorName(*redGreenBlue) : ownLetters_);
+    const Variant color(redGreenBlue ? ColorName(*redGreenBlue) : originalTextColor_);
     return style && SUCCEEDED(style->put_color(color.Get()));
 }
 

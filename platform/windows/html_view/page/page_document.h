@@ -37,6 +37,6 @@ class PageDocument {
   private:
     ComPtr<IHTMLDocument2> document_;
     ComPtr<IDispatch> body_;
-    std::wstring ownLetters_;        // the body's colour in its style attribute
+    std::wstring originalTextColor_; // the body's colour in its style attribute
     ComPtr<IHTMLElement2> scroller_; // the element that the page scrolls by
 };

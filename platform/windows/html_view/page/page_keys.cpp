@@ -14,30 +14,25 @@ bool MovesFocus(int keyCode) {
 
 } // namespace
 
-PageKey MeaningOf(int keyCode, int shift) {
+PageKey ClassifyPageKey(int keyCode, int shift) {
     if (shift & AltKey) return PageKey::Other; // also Ctrl and Alt, which types on some keyboards
     if (shift & CtrlKey) {
         if (Scrolls(keyCode)) return PageKey::Scrolls;
-        const int key = WithoutKeypad(keyCode);
+        const int key = MainBlockKey(keyCode);
         if (key == VK_OEM_PLUS || key == VK_OEM_MINUS || key == '0') return PageKey::Zooms;
         const bool isModifier = keyCode == VK_CONTROL || keyCode == VK_SHIFT;
-        return isModifier ? PageKey::Other : PageKey::Refused;
+        return isModifier ? PageKey::Other : PageKey::Blocked;
     }
-    if (keyCode >= VK_F1 && keyCode <= VK_F24) return PageKey::Refused;
-    if (keyCode >= VK_BROWSER_BACK && keyCode <= VK_BROWSER_HOME) return PageKey::Refused;
+    if (keyCode >= VK_F1 && keyCode <= VK_F24) return PageKey::Blocked;
+    if (keyCode >= VK_BROWSER_BACK && keyCode <= VK_BROWSER_HOME) return PageKey::Blocked;
     return Scrolls(keyCode) || MovesFocus(keyCode) ? PageKey::Scrolls : PageKey::Other;
 }
 
-int WithoutKeypad(int keyCode) {
+int MainBlockKey(int keyCode) {
     switch (keyCode) {
     case VK_ADD: return VK_OEM_PLUS;
     case VK_SUBTRACT: return VK_OEM_MINUS;
     case VK_NUMPAD0: return '0';
     default: return keyCode;
     }
-}
-
-int ShiftOfMessage() {
-    const auto held = [](int key, int mask) { return GetKeyState(key) < 0 ? mask : 0; };
-    return held(VK_SHIFT, ShiftKey) | held(VK_CONTROL, CtrlKey) | held(VK_MENU, AltKey);
 }

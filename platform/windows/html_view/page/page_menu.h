@@ -6,8 +6,8 @@
 
 #include <optional>
 
-std::optional<PageCommand> PageCommandOf(int number); // nothing for any other of the engine's
-int NumberOf(PageCommand);
+std::optional<PageCommand> ToPageCommand(int number); // nothing for any other of the engine's
+int CommandId(PageCommand);
 
 // What the user chose at `place` on the screen.
-std::optional<PageCommand> AskPageCommand(HWND owner, POINT place, bool hasText, bool hasSelection);
+std::optional<PageCommand> TrackPageMenu(HWND owner, POINT place, bool hasText, bool hasSelection);

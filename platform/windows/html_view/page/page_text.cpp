@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr long farther = 1 << 27;       // characters, more than a page has
+constexpr long maxDistance = 1 << 27;   // characters, more than a page has
 constexpr long wholeRange = 0x3FFFFFFF; // of a search
 constexpr long findsWholeWords = 2, findsSameCase = 4;
 
@@ -26,7 +26,7 @@ bool MoveEnd(const PageRange& range, long count, long* moved) {
 std::optional<TextPos> PositionOf(const PageRange& range, bool ofStart) {
     long moved = 0;
     if (!range || FAILED(range->collapse(ofStart ? VARIANT_TRUE : VARIANT_FALSE))) return {};
-    if (!Move(range, -farther, &moved)) return {};
+    if (!Move(range, -maxDistance, &moved)) return {};
     return static_cast<TextPos>(std::labs(moved));
 }
 
@@ -100,7 +100,7 @@ bool SelectRange(const PageRange& range) {
     return range && SUCCEEDED(range->select());
 }
 
-bool HasCharacterBehindStart(const PageRange& range) {
+bool HasTextAfterStart(const PageRange& range) {
     const PageRange first = Copy(range);
     long moved = 0;
     return first && SUCCEEDED(first->collapse(VARIANT_TRUE)) && MoveEnd(first, 1, &moved) &&
@@ -124,7 +124,7 @@ bool IsSame(const PageRange& a, const PageRange& b) {
     return a && b && SUCCEEDED(a->isEqual(b.Get(), &same)) && same != VARIANT_FALSE;
 }
 
-PageRange RestBehind(const PageDocument& document, const PageRange& behind) {
+PageRange RestAfter(const PageDocument& document, const PageRange& behind) {
     const PageRange rest = document.WholeText();
     const Bstr how(L"StartToEnd");
     if (rest && behind && FAILED(rest->setEndPoint(how.Get(), behind.Get()))) return {};

@@ -21,7 +21,7 @@ std::optional<std::u16string> HtmlOf(const PageRange&);
 std::optional<PagePlace> PlaceOf(const PageRange&); // of its first line
 std::optional<int> HeightOf(const PageRange&);      // CSS pixels, of all its lines
 bool SelectRange(const PageRange&);
-bool HasCharacterBehindStart(const PageRange&);
+bool HasTextAfterStart(const PageRange&);
 
 // The caret's place at a point of the view, in CSS pixels.
 PageRange RangeAt(const PageDocument&, int left, int top);
@@ -29,6 +29,6 @@ bool IsInside(const PageRange& inner, const PageRange& outer);
 bool IsSame(const PageRange&, const PageRange&);
 
 // From the end of `behind` (null: the start of the text) to the end of the text.
-PageRange RestBehind(const PageDocument&, const PageRange& behind);
+PageRange RestAfter(const PageDocument&, const PageRange& behind);
 // Makes `range` the first place of `what` in it.
 bool FindIn(const PageRange& range, std::u16string_view what, FindOptions);

@@ -16,5 +16,5 @@ int PageZoom::Percent() const {
 }
 
 void PageZoom::Move(int steps) {
-    steps_ = steps == 0 ? 0 : std::clamp(steps_ + steps, -farthest, farthest);
+    steps_ = steps == 0 ? 0 : std::clamp(steps_ + steps, -maxSteps, maxSteps);
 }

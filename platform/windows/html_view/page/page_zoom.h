@@ -10,6 +10,6 @@ class PageZoom {
     void Move(int steps); // 0 leads back to normal
 
   private:
-    static constexpr int normal = 7, farthest = 100;
+    static constexpr int normal = 7, maxSteps = 100;
     int steps_ = 0;
 };

@@ -54,19 +54,19 @@ std::wstring_view HostOfPath(std::wstring_view path) {
     return path.substr(0, path.find(L'\\'));
 }
 
-bool HasNoPlace(std::wstring_view url) {
+bool HasNoLocation(std::wstring_view url) {
     return StartsWith(url, L"about:") || StartsWith(url, L"data:");
 }
 
-bool IsWithinReach(std::wstring_view url, std::wstring_view bookHost) {
-    if (HasNoPlace(url)) return true;
+bool IsLocal(std::wstring_view url, std::wstring_view bookHost) {
+    if (HasNoLocation(url)) return true;
     const std::wstring path = PathOfUrl(url);
     if (path.empty()) return false;
     const std::wstring_view host = HostOfPath(path);
     return host.empty() || IsSame(host, bookHost);
 }
 
-bool IsPlaceInPage(std::wstring_view url, std::wstring_view pageUrl) {
+bool IsAnchorInPage(std::wstring_view url, std::wstring_view pageUrl) {
     if (url.find(L'#') == std::wstring_view::npos) return false;
     if (IsSame(WithoutFragment(url), WithoutFragment(pageUrl))) return true;
     const std::wstring path = PathOfUrl(url);

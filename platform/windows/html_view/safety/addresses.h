@@ -11,12 +11,12 @@ std::wstring PathOfUrl(std::wstring_view url);
 // "server" of \\server\share\book.htm and of its file: address; "" for a drive's.
 std::wstring_view HostOfPath(std::wstring_view path);
 
-bool HasNoPlace(std::wstring_view url); // about:blank, data: and their like
+bool HasNoLocation(std::wstring_view url); // about:blank, data: and their like
 
 // Whether loading the address asks no other machine: files of this machine, and of `bookHost` for a
 // book that was opened there; and addresses without any place.
-bool IsWithinReach(std::wstring_view url, std::wstring_view bookHost);
+bool IsLocal(std::wstring_view url, std::wstring_view bookHost);
 
 // Whether following `url` stays in the page that is shown from `pageUrl`: it has a fragment, and
 // the rest is the same.
-bool IsPlaceInPage(std::wstring_view url, std::wstring_view pageUrl);
+bool IsAnchorInPage(std::wstring_view url, std::wstring_view pageUrl);

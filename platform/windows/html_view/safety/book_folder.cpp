@@ -50,13 +50,13 @@ BookFolder::BookFolder(const std::wstring& bookPath) {
 }
 
 bool BookFolder::Allows(std::wstring_view url) const {
-    if (HasNoPlace(url)) return true;
+    if (HasNoLocation(url)) return true;
     const std::wstring path = PathOfUrl(url);
-    return !path.empty() && !folder_.empty() && Holds(FullPath(path));
+    return !path.empty() && !folder_.empty() && Contains(FullPath(path));
 }
 
 // The name is looked at first: to look up a file of another machine would ask that machine.
-bool BookFolder::Holds(const std::wstring& path) const {
+bool BookFolder::Contains(const std::wstring& path) const {
     if (!IsBelow(path, folder_)) return false;
     const WinHandle file = Open(path);
     if (!file.IsOpen()) return true; // nor will it be loaded

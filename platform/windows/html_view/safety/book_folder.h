@@ -14,7 +14,7 @@ class BookFolder {
     bool Allows(std::wstring_view url) const;
 
   private:
-    bool Holds(const std::wstring& path) const;
+    bool Contains(const std::wstring& path) const;
 
     std::wstring folder_; // as the book's path has it, with its last backslash; "" for none
     std::wstring real_;   // and as the system names it; "" when it cannot be looked up

@@ -13,7 +13,7 @@ bool IsNeeded(DWORD action) {
 } // namespace
 
 HRESULT PageSecurity::QueryInterface(REFIID id, void** found) noexcept {
-    return AnswerQuery<IInternetSecurityManager>(this, id, found);
+    return FindInterface<IInternetSecurityManager>(this, id, found);
 }
 
 HRESULT PageSecurity::ProcessUrlAction(LPCWSTR, DWORD action, BYTE* policy, DWORD policySize, BYTE*,

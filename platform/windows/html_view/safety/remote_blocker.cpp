@@ -1,6 +1,6 @@
-#include "platform/windows/html_view/safety/remote_refusal.h"
+#include "platform/windows/html_view/safety/remote_blocker.h"
 
-#include "platform/windows/html_view/safety/refusing_protocol.h"
+#include "platform/windows/html_view/safety/blocking_protocol.h"
 #include "platform/windows/html_view/safety/urlmon.h"
 
 namespace {
@@ -16,8 +16,8 @@ constexpr const wchar_t* schemes[] = {L"file", L"http", L"https",  L"ftp",
 
 } // namespace
 
-RemoteRefusal::RemoteRefusal(BookFolder folder)
-    : handlers_(Adopt<IClassFactory>(new RefusingProtocols(std::move(folder)))) {
+RemoteBlocker::RemoteBlocker(BookFolder folder)
+    : handlers_(Adopt<IClassFactory>(new BlockingProtocolFactory(std::move(folder)))) {
     const auto getSession = UrlmonFunction<decltype(&CoInternetGetSession)>("CoInternetGetSession");
     if (!getSession || FAILED(getSession(0, &session_, 0))) return;
     for (const wchar_t* scheme : schemes)
@@ -26,7 +26,7 @@ RemoteRefusal::RemoteRefusal(BookFolder folder)
             schemes_.push_back(scheme);
 }
 
-RemoteRefusal::~RemoteRefusal() {
+RemoteBlocker::~RemoteBlocker() {
     for (const wchar_t* scheme : schemes_)
         session_->UnregisterNameSpace(handlers_.Get(), scheme);
 }

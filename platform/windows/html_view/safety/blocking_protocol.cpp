@@ -1,4 +1,4 @@
-#include "platform/windows/html_view/safety/refusing_protocol.h"
+#include "platform/windows/html_view/safety/blocking_protocol.h"
 
 #include "platform/windows/html_view/safety/urlmon.h"
 
@@ -21,28 +21,28 @@ ComPtr<IInternetProtocol> SystemFileProtocol() {
 
 } // namespace
 
-HRESULT RefusingProtocols::QueryInterface(REFIID id, void** found) noexcept {
-    return AnswerQuery<IClassFactory>(this, id, found);
+HRESULT BlockingProtocolFactory::QueryInterface(REFIID id, void** found) noexcept {
+    return FindInterface<IClassFactory>(this, id, found);
 }
 
-HRESULT RefusingProtocols::CreateInstance(IUnknown* outer, REFIID id, void** made) noexcept {
+HRESULT BlockingProtocolFactory::CreateInstance(IUnknown* outer, REFIID id, void** made) noexcept {
     if (!made) return E_POINTER;
     *made = nullptr;
     if (outer && id != __uuidof(IUnknown)) return CLASS_E_NOAGGREGATION;
-    auto* protocol = new (std::nothrow) RefusingProtocol(outer, folder_);
+    auto* protocol = new (std::nothrow) BlockingProtocol(outer, folder_);
     if (!protocol) return E_OUTOFMEMORY;
     const auto first = Adopt<IUnknown>(protocol->Inner());
     return first->QueryInterface(id, made);
 }
 
-HRESULT RefusingProtocols::LockServer(BOOL) noexcept {
+HRESULT BlockingProtocolFactory::LockServer(BOOL) noexcept {
     return S_OK;
 }
 
-RefusingProtocol::RefusingProtocol(IUnknown* outer, BookFolder folder)
+BlockingProtocol::BlockingProtocol(IUnknown* outer, BookFolder folder)
     : outer_(outer ? outer : &inner_), folder_(std::move(folder)) {}
 
-HRESULT RefusingProtocol::InnerUnknown::QueryInterface(REFIID id, void** found) noexcept {
+HRESULT BlockingProtocol::InnerUnknown::QueryInterface(REFIID id, void** found) noexcept {
     if (!found) return E_POINTER;
     *found = nullptr;
     if (id == __uuidof(IUnknown)) *found = static_cast<IUnknown*>(this);
@@ -53,29 +53,29 @@ HRESULT RefusingProtocol::InnerUnknown::QueryInterface(REFIID id, void** found) 
     return S_OK;
 }
 
-ULONG RefusingProtocol::InnerUnknown::AddRef() noexcept {
+ULONG BlockingProtocol::InnerUnknown::AddRef() noexcept {
     return static_cast<ULONG>(InterlockedIncrement(&whole_.count_));
 }
 
-ULONG RefusingProtocol::InnerUnknown::Release() noexcept {
+ULONG BlockingProtocol::InnerUnknown::Release() noexcept {
     const LONG left = InterlockedDecrement(&whole_.count_);
     if (left == 0) delete &whole_;
     return static_cast<ULONG>(left);
 }
 
-HRESULT RefusingProtocol::QueryInterface(REFIID id, void** found) noexcept {
+HRESULT BlockingProtocol::QueryInterface(REFIID id, void** found) noexcept {
     return outer_->QueryInterface(id, found);
 }
 
-ULONG RefusingProtocol::AddRef() noexcept {
+ULONG BlockingProtocol::AddRef() noexcept {
     return outer_->AddRef();
 }
 
-ULONG RefusingProtocol::Release() noexcept {
+ULONG BlockingProtocol::Release() noexcept {
     return outer_->Release();
 }
 
-HRESULT RefusingProtocol::Start(LPCWSTR url, IInternetProtocolSink* sink,
+HRESULT BlockingProtocol::Start(LPCWSTR url, IInternetProtocolSink* sink,
                                 IInternetBindInfo* bindInfo, DWORD flags,
                                 HANDLE_PTR reserved) noexcept {
     if (!url || !folder_.Allows(url)) {
@@ -87,40 +87,40 @@ HRESULT RefusingProtocol::Start(LPCWSTR url, IInternetProtocolSink* sink,
     return system_->Start(url, sink, bindInfo, flags, reserved);
 }
 
-HRESULT RefusingProtocol::Continue(PROTOCOLDATA* data) noexcept {
+HRESULT BlockingProtocol::Continue(PROTOCOLDATA* data) noexcept {
     return system_ ? system_->Continue(data) : S_OK;
 }
 
-HRESULT RefusingProtocol::Abort(HRESULT reason, DWORD options) noexcept {
+HRESULT BlockingProtocol::Abort(HRESULT reason, DWORD options) noexcept {
     return system_ ? system_->Abort(reason, options) : S_OK;
 }
 
-HRESULT RefusingProtocol::Terminate(DWORD options) noexcept {
+HRESULT BlockingProtocol::Terminate(DWORD options) noexcept {
     return system_ ? system_->Terminate(options) : S_OK;
 }
 
-HRESULT RefusingProtocol::Suspend() noexcept {
+HRESULT BlockingProtocol::Suspend() noexcept {
     return system_ ? system_->Suspend() : E_NOTIMPL;
 }
 
-HRESULT RefusingProtocol::Resume() noexcept {
+HRESULT BlockingProtocol::Resume() noexcept {
     return system_ ? system_->Resume() : E_NOTIMPL;
 }
 
-HRESULT RefusingProtocol::Read(void* buffer, ULONG size, ULONG* read) noexcept {
+HRESULT BlockingProtocol::Read(void* buffer, ULONG size, ULONG* read) noexcept {
     if (system_) return system_->Read(buffer, size, read);
     if (read) *read = 0;
     return S_FALSE; // the end
 }
 
-HRESULT RefusingProtocol::Seek(LARGE_INTEGER offset, DWORD origin, ULARGE_INTEGER* place) noexcept {
+HRESULT BlockingProtocol::Seek(LARGE_INTEGER offset, DWORD origin, ULARGE_INTEGER* place) noexcept {
     return system_ ? system_->Seek(offset, origin, place) : E_NOTIMPL;
 }
 
-HRESULT RefusingProtocol::LockRequest(DWORD options) noexcept {
+HRESULT BlockingProtocol::LockRequest(DWORD options) noexcept {
     return system_ ? system_->LockRequest(options) : S_OK;
 }
 
-HRESULT RefusingProtocol::UnlockRequest() noexcept {
+HRESULT BlockingProtocol::UnlockRequest() noexcept {
     return system_ ? system_->UnlockRequest() : S_OK;
 }

@@ -11,13 +11,13 @@
 #include <string>
 #include <vector>
 
-class RemoteRefusal {
+class RemoteBlocker {
   public:
     // What the system does not let us take over is left to the engine's offline mode.
-    explicit RemoteRefusal(BookFolder folder);
-    ~RemoteRefusal();
-    RemoteRefusal(const RemoteRefusal&) = delete;
-    RemoteRefusal& operator=(const RemoteRefusal&) = delete;
+    explicit RemoteBlocker(BookFolder folder);
+    ~RemoteBlocker();
+    RemoteBlocker(const RemoteBlocker&) = delete;
+    RemoteBlocker& operator=(const RemoteBlocker&) = delete;
 
   private:
     ComPtr<IInternetSession> session_;

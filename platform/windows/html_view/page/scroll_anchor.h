@@ -4,11 +4,11 @@
 
 #include "platform/windows/html_view/page/page_text.h"
 
-class HeldPlace {
+class ScrollAnchor {
   public:
     // Before and after. At its start, and without an answer, a page stays where the engine has it.
-    void Hold(const PageDocument&, int topMargin);
-    void ComeBack(PageDocument&);
+    void Save(const PageDocument&, int topMargin);
+    void Restore(PageDocument&);
 
   private:
     PageRange line_; // null for none

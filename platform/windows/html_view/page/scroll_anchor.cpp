@@ -1,8 +1,8 @@
-#include "platform/windows/html_view/page/held_place.h"
+#include "platform/windows/html_view/page/scroll_anchor.h"
 
 // Until the page is scrolled it is held by the same character: the start of the line that this has
 // got into would lead farther back with every change.
-void HeldPlace::Hold(const PageDocument& document, int topMargin) {
+void ScrollAnchor::Save(const PageDocument& document, int topMargin) {
     const int scrollTop = document.ScrollTop().value_or(0);
     if (line_ && scrollTop == scrollTop_) return;
     line_ = scrollTop > 0 ? RangeAt(document, 0, topMargin) : PageRange();
@@ -12,7 +12,7 @@ void HeldPlace::Hold(const PageDocument& document, int topMargin) {
     scrollTop_ = scrollTop;
 }
 
-void HeldPlace::ComeBack(PageDocument& document) {
+void ScrollAnchor::Restore(PageDocument& document) {
     const auto place = PlaceOf(line_);
     const auto left = document.ScrollLeft(), top = document.ScrollTop();
     if (!place || !left || !top) return;

@@ -1,10 +1,10 @@
-#include "platform/windows/html_view/page/own_colors.h"
+#include "platform/windows/html_view/page/page_colors.h"
 
 #include "platform/windows/base/com_values.h"
 
 #include <cwchar>
 
-std::optional<std::uint32_t> ColorOfStyle(const std::wstring& text) {
+std::optional<std::uint32_t> ParseCssColor(const std::wstring& text) {
     unsigned red = 0, green = 0, blue = 0, whole = 0;
     double opacity = 1;
     const wchar_t* css = text.c_str();
@@ -18,23 +18,23 @@ std::optional<std::uint32_t> ColorOfStyle(const std::wstring& text) {
 
 namespace {
 
-using StylePart = HRESULT (IHTMLCSSStyleDeclaration::*)(VARIANT*);
+using StyleProperty = HRESULT (IHTMLCSSStyleDeclaration::*)(VARIANT*);
 
 std::optional<std::uint32_t> ColorIn(const ComPtr<IHTMLCSSStyleDeclaration>& style,
-                                     StylePart part) {
+                                     StyleProperty property) {
     Variant color;
-    if (!style || FAILED((style.Get()->*part)(color.Put()))) return std::nullopt;
-    return ColorOfStyle(TextOf(&color.Get()));
+    if (!style || FAILED((style.Get()->*property)(color.Put()))) return std::nullopt;
+    return ParseCssColor(TextOf(&color.Get()));
 }
 
 } // namespace
 
 PageColors ColorsOf(const PageDocument& document) {
     const auto body = document.ComputedStyle(true), root = document.ComputedStyle(false);
-    auto paper = ColorIn(body, &IHTMLCSSStyleDeclaration::get_backgroundColor);
-    if (!paper) paper = ColorIn(root, &IHTMLCSSStyleDeclaration::get_backgroundColor);
+    auto background = ColorIn(body, &IHTMLCSSStyleDeclaration::get_backgroundColor);
+    if (!background) background = ColorIn(root, &IHTMLCSSStyleDeclaration::get_backgroundColor);
     PageColors colors;
     colors.text = ColorIn(body, &IHTMLCSSStyleDeclaration::get_color).value_or(colors.text);
-    colors.background = paper.value_or(colors.background);
+    colors.background = background.value_or(colors.background);
     return colors;
 }

@@ -1,4 +1,4 @@
-#include "platform/windows/text_view/text_look.h"
+#include "platform/windows/text_view/text_style.h"
 
 #include "formats/rtf_writer.h"
 
@@ -6,25 +6,25 @@
 #include <cmath>
 
 namespace {
-constexpr double minFont = 1, maxFont = 1638, usualFont = 10; // points
+constexpr double minFontSize = 1, maxFontSize = 1638, defaultFontSize = 10; // points
 
-int Gray(Color color) {
+int Luminance(Color color) {
     return int((color & 0xFF) * 11 + (color >> 8 & 0xFF) * 16 + (color >> 16 & 0xFF) * 5) / 32;
 }
 
-bool Contrast(Color a, Color b) {
-    return std::abs(Gray(a) - Gray(b)) >= 80;
+bool HasContrast(Color a, Color b) {
+    return std::abs(Luminance(a) - Luminance(b)) >= 80;
 }
 
 double PointSize(const ViewFont& font) {
-    return std::clamp(font.size > 0 ? font.size : usualFont, minFont, maxFont);
+    return std::clamp(font.size > 0 ? font.size : defaultFontSize, minFontSize, maxFontSize);
 }
 
 std::u16string FaceName(const ViewFont& font) {
     return font.name.empty() ? u"Segoe UI" : font.name;
 }
 
-void GiveFont(CharStyle& style, const ViewFont& font) {
+void ApplyFont(CharStyle& style, const ViewFont& font) {
     style.font = 0;
     style.halfPoints = static_cast<std::uint16_t>(std::lround(2 * PointSize(font)));
     style.bold = font.bold;
@@ -33,18 +33,18 @@ void GiveFont(CharStyle& style, const ViewFont& font) {
     style.strikethrough = font.strikethrough;
 }
 
-void GiveForeground(CharStyle& style, Color color) {
+void SetForeground(CharStyle& style, Color color) {
     style.foreground = color;
     style.autoForeground = false;
 }
 
-void GiveColor(CharStyle& style, const TextLook& look) {
-    if (!look.autoColor) return GiveForeground(style, look.textColor);
-    const Color back = style.autoBackground ? look.backColor : style.background;
+void ApplyColor(CharStyle& run, const TextStyle& style) {
+    if (!style.autoColor) return SetForeground(run, style.textColor);
+    const Color back = run.autoBackground ? style.backColor : run.background;
     const Color link = GetSysColor(COLOR_HOTLIGHT);
-    if (style.link != 0 && Contrast(link, back)) return GiveForeground(style, link);
-    if (!style.autoForeground) return;
-    if (const auto color = ReadableAutoColor(back)) GiveForeground(style, *color);
+    if (run.link != 0 && HasContrast(link, back)) return SetForeground(run, link);
+    if (!run.autoForeground) return;
+    if (const auto color = ReadableAutoColor(back)) SetForeground(run, *color);
 }
 } // namespace
 
@@ -63,12 +63,12 @@ CHARFORMAT2W FontFormat(const ViewFont& font) {
     return format;
 }
 
-CHARFORMAT2W ColorFormat(const TextLook& look) {
+CHARFORMAT2W ColorFormat(const TextStyle& style) {
     CHARFORMAT2W format = {};
     format.cbSize = sizeof format;
     format.dwMask = CFM_COLOR;
     const std::optional<Color> color =
-        look.autoColor ? ReadableAutoColor(look.backColor) : std::optional(look.textColor);
+        style.autoColor ? ReadableAutoColor(style.backColor) : std::optional(style.textColor);
     if (color)
         format.crTextColor = *color;
     else
@@ -77,33 +77,33 @@ CHARFORMAT2W ColorFormat(const TextLook& look) {
 }
 
 std::optional<Color> ReadableAutoColor(Color background) {
-    if (Contrast(GetSysColor(COLOR_WINDOWTEXT), background)) return std::nullopt;
-    return Gray(background) < 128 ? 0xFFFFFF : 0x000000;
+    if (HasContrast(GetSysColor(COLOR_WINDOWTEXT), background)) return std::nullopt;
+    return Luminance(background) < 128 ? 0xFFFFFF : 0x000000;
 }
 
-Document Dressed(Document document, const TextLook& look) {
+Document WithStyle(Document document, const TextStyle& style) {
     for (std::u16string& name : document.fonts)
-        if (name.empty() || look.fontForAll) name = FaceName(look.font);
-    for (CharStyle& style : document.charStyles) {
-        GiveColor(style, look);
-        if (look.fontForAll)
-            GiveFont(style, look.font);
-        else if (style.link != 0)
-            style.underline = true;
-        style.link = 0; // the control would keep the addresses as hidden text
+        if (name.empty() || style.fontForAll) name = FaceName(style.font);
+    for (CharStyle& run : document.charStyles) {
+        ApplyColor(run, style);
+        if (style.fontForAll)
+            ApplyFont(run, style.font);
+        else if (run.link != 0)
+            run.underline = true;
+        run.link = 0; // the control would keep the addresses as hidden text
     }
-    if (look.alignment)
-        for (ParagraphStyle& style : document.paragraphStyles)
-            style.alignment = *look.alignment;
+    if (style.alignment)
+        for (ParagraphStyle& paragraph : document.paragraphStyles)
+            paragraph.alignment = *style.alignment;
     return document;
 }
 
 // The view's font has a character set, which our documents do not know.
-std::string DressedRtf(const Document& document, const TextLook& look) {
-    std::string rtf = WriteRtf(Dressed(document, look));
-    if (!look.fontForAll) return rtf;
+std::string StyledRtf(const Document& document, const TextStyle& style) {
+    std::string rtf = WriteRtf(WithStyle(document, style));
+    if (!style.fontForAll) return rtf;
     constexpr std::string_view family = "\\fnil";
-    const std::string charset = "\\fcharset" + std::to_string(look.font.charset);
+    const std::string charset = "\\fcharset" + std::to_string(style.font.charset);
     const std::size_t tableEnd = rtf.find("{\\colortbl");
     for (std::size_t at = rtf.rfind(family, tableEnd); at != rtf.npos && at > 0;
          at = rtf.rfind(family, at - 1))

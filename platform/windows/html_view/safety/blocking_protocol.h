@@ -9,9 +9,9 @@
 
 #include <string>
 
-class RefusingProtocols final : public ComObject<IClassFactory> {
+class BlockingProtocolFactory final : public ComObject<IClassFactory> {
   public:
-    explicit RefusingProtocols(BookFolder folder) : folder_(std::move(folder)) {}
+    explicit BlockingProtocolFactory(BookFolder folder) : folder_(std::move(folder)) {}
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) noexcept override;
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID, void**) noexcept override;
@@ -22,12 +22,12 @@ class RefusingProtocols final : public ComObject<IClassFactory> {
 };
 
 // One load. The system may make it inside another object; only then it takes a load back.
-class RefusingProtocol final : public IInternetProtocol {
+class BlockingProtocol final : public IInternetProtocol {
   public:
-    RefusingProtocol(IUnknown* outer, BookFolder folder);
+    BlockingProtocol(IUnknown* outer, BookFolder folder);
     IUnknown* Inner() { return &inner_; } // the reference that its maker has
-    RefusingProtocol(const RefusingProtocol&) = delete;
-    RefusingProtocol& operator=(const RefusingProtocol&) = delete;
+    BlockingProtocol(const BlockingProtocol&) = delete;
+    BlockingProtocol& operator=(const BlockingProtocol&) = delete;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) noexcept override;
     ULONG STDMETHODCALLTYPE AddRef() noexcept override;
@@ -46,15 +46,15 @@ class RefusingProtocol final : public IInternetProtocol {
     HRESULT STDMETHODCALLTYPE UnlockRequest() noexcept override;
 
   private:
-    ~RefusingProtocol() = default;
+    ~BlockingProtocol() = default;
 
     // Counts for this object alone; all else about its identity is the outer object's.
     struct InnerUnknown final : IUnknown {
-        explicit InnerUnknown(RefusingProtocol& whole) : whole_(whole) {}
+        explicit InnerUnknown(BlockingProtocol& whole) : whole_(whole) {}
         HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) noexcept override;
         ULONG STDMETHODCALLTYPE AddRef() noexcept override;
         ULONG STDMETHODCALLTYPE Release() noexcept override;
-        RefusingProtocol& whole_;
+        BlockingProtocol& whole_;
     };
 
     // The engine loads on threads of its own, too.

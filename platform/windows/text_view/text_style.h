@@ -1,4 +1,4 @@
-// How the text is to be shown, and the control's formats for it.
+// The reader's style of a text, and the control's formats for it.
 #pragma once
 
 #include "formats/document.h"
@@ -10,7 +10,7 @@
 #include <optional>
 #include <string>
 
-struct TextLook {
+struct TextStyle {
     ViewFont font;
     bool fontForAll = false; // over what the file says
     bool autoColor = false;
@@ -21,13 +21,13 @@ struct TextLook {
 
 CHARFORMAT2W FontFormat(const ViewFont& font);
 // Of a text without colours of its own.
-CHARFORMAT2W ColorFormat(const TextLook& look);
+CHARFORMAT2W ColorFormat(const TextStyle& style);
 
 // The text colour where the file gives none: the system's, unless it cannot be read on this
 // background; none for the system's.
 std::optional<Color> ReadableAutoColor(Color background);
 
-// The document as it is to be seen: font and colours over what it says. Links are text.
-Document Dressed(Document document, const TextLook& look);
-std::string DressedRtf(const Document& document, const TextLook& look); // of that, for the control
-bool NamesOwnFonts(const Document& document); // nowhere asks for the reader's own
+// The document with the reader's font and colours over its own. Links become plain text.
+Document WithStyle(Document document, const TextStyle& style);
+std::string StyledRtf(const Document& document, const TextStyle& style); // as RTF for the control
+bool NamesOwnFonts(const Document& document); // no run is in the reader's default font

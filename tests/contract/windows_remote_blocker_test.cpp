@@ -1,9 +1,9 @@
-// The system's own loading of addresses, with the view's refusal in between.
+// The system's own loading of addresses, with the view's blocker in between.
 #include <winsock2.h>
 
 #include "platform/windows/base/text.h"
 #include "platform/windows/files/win_files.h"
-#include "platform/windows/html_view/safety/remote_refusal.h"
+#include "platform/windows/html_view/safety/remote_blocker.h"
 #include "platform/windows/html_view/safety/urlmon.h"
 #include "tests/contract/temporary_folder_windows.h"
 #include "tests/contract/windows_listener.h"
@@ -41,7 +41,7 @@ struct OleForTest {
 
 } // namespace
 
-TEST_CASE("remote refusal: files of the book's folder load, others and other machines do not") {
+TEST_CASE("remote blocker: files of the book's folder load, others and other machines do not") {
     const OleForTest ole;
     const TemporaryFolder folder;
     const std::wstring path = folder.path + L"\\books\\a.txt", url = PutFile(path);
@@ -51,7 +51,7 @@ TEST_CASE("remote refusal: files of the book's folder load, others and other mac
     for (const std::wstring& address : {url, below, beside, above})
         CHECK(ReadAddress(address) == "local text");
     {
-        const RemoteRefusal refusal{BookFolder(path)};
+        const RemoteBlocker blocker{BookFolder(path)};
         CHECK(ReadAddress(below) == "local text");
         CHECK(ReadAddress(L"file:///" + folder.path + L"\\BOOKS\\A.TXT") == "local text");
         CHECK(ReadAddress(L"file:///" + folder.path + L"\\books\\pictures\\..\\a.txt") ==
@@ -73,7 +73,7 @@ TEST_CASE("remote refusal: files of the book's folder load, others and other mac
         CHECK(ReadAddress(address) == "local text");
 }
 
-TEST_CASE("remote refusal: what a page may load") {
+TEST_CASE("remote blocker: what a page may load") {
     const TemporaryFolder folder;
     PutFile(folder.path + L"\\books\\pictures\\b.txt");
     const BookFolder book(folder.path + L"\\books\\a.htm");
