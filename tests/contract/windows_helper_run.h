@@ -4,7 +4,7 @@
 #include "platform/windows/base/text.h"
 #include "platform/windows/base/win_handle.h"
 #include "platform/windows/files/win_files.h"
-#include "platform/windows/system/launch.h"
+#include "platform/windows/portable/quoted_argument.h"
 #include "temporary_folder_windows.h"
 #include "windows_helper.h"
 

@@ -1,6 +1,5 @@
 #include "tests/contract/windows_html_view_fixture.h"
 
-#include "platform/windows/html_view/page/page_colors.h"
 
 #include <algorithm>
 
@@ -197,25 +196,6 @@ TEST_CASE("windows html view: the background is told in red, green and blue") {
     shown.Open(L"text");
     shown.view->SetBackColor(0x0A1BFF);
     CHECK(shown.engine.backColor == L"#0A1BFF");
-}
-
-TEST_CASE("windows html view: colours as a computed style says them") {
-    const struct {
-        const wchar_t* text;
-        std::optional<std::uint32_t> color;
-    } table[] = {
-        {L"rgb(1, 2, 3)", 0x010203},
-        {L"rgb(255,128,0)", 0xFF8000},
-        {L"#0A1BFF", 0x0A1BFF},
-        {L"rgba(1, 2, 3, 0.5)", 0x010203},
-        {L"rgba(1, 2, 3, 0)", {}},
-        {L"transparent", {}},
-        {L"", {}},
-        {L"rgb(1, 2", {}},
-        {L"#12", {}},
-    };
-    for (const auto& row : table)
-        CHECK(ParseCssColor(row.text) == row.color);
 }
 
 TEST_CASE("windows html view: a page's own colours, and letters in another one") {

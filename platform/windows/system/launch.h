@@ -10,6 +10,3 @@ Launch ThisLaunch();
 // The book's full path: the arguments joined by spaces, relative to the current directory. ""
 // without arguments.
 std::u16string BookPath(const std::vector<std::wstring>& arguments);
-
-// Quotes an argument, where necessary, for CommandLineToArgvW and the C runtime.
-std::wstring QuotedArgument(const std::wstring& argument);

@@ -2,7 +2,7 @@
 
 #include "common/web_address.h"
 #include "platform/windows/base/text.h"
-#include "platform/windows/system/launch.h"
+#include "platform/windows/portable/quoted_argument.h"
 
 #include <shellapi.h>
 

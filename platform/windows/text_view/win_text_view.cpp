@@ -4,7 +4,7 @@
 #include "common/line_ends.h"
 #include "formats/rtf_reader.h"
 #include "formats/rtf_writer.h"
-#include "platform/windows/text_view/text_map.h"
+#include "platform/windows/portable/text_map.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "platform/windows/text_view/text_map.h"
+#include "platform/windows/portable/text_map.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,4 +1,4 @@
-#include "platform/windows/html_view/page/page_zoom.h"
+#include "platform/windows/portable/page_zoom.h"
 
 #include <algorithm>
 #include <array>
