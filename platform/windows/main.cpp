@@ -1,15 +1,14 @@
 #include "app/main_form.h"
 #include "app/start_up.h"
-#include "platform/windows/win32.h"
+#include "platform/windows/base/win32.h"
 #include "platform/windows/win_ports.h"
-#include "platform/windows/win_window.h"
+#include "platform/windows/window/win_window.h"
 
 #include <ole2.h>
 
 namespace {
 
-// The system's own folder only: a book's folder, the current one and the program's may hold
-// libraries of anybody's.
+// From System32 only: anybody may have put DLLs into the current folder, a book's or the program's.
 void LoadLibrariesFromSystemOnly() {
     SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
     SetDllDirectoryW(L"");
@@ -19,9 +18,8 @@ void LoadLibrariesFromSystemOnly() {
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     LoadLibrariesFromSystemOnly();
-    SetErrorMode(
-        SEM_FAILCRITICALERRORS); // an empty drive is an error to us, not a box of the system's
-    OleInitialize(nullptr);      // for drops and the system's dialogs
+    SetErrorMode(SEM_FAILCRITICALERRORS); // no system message box for an empty drive
+    OleInitialize(nullptr);               // for drag and drop and the common dialogs
     {
         MainForm form(MakeWinPorts());
         if (Form_Load(form)) RunMessageLoop(static_cast<WinWindow&>(*form.ports.window));

@@ -1,32 +1,32 @@
 #include "platform/windows/win_ports.h"
 
+#include "platform/windows/dialogs/win_dialogs.h"
+#include "platform/windows/files/win_files.h"
+#include "platform/windows/help/win_help_window.h"
 #include "platform/windows/html_view/win_html_view.h"
+#include "platform/windows/system/launch.h"
+#include "platform/windows/system/win_clipboard.h"
+#include "platform/windows/system/win_clock.h"
+#include "platform/windows/system/win_locale.h"
+#include "platform/windows/system/win_registry.h"
+#include "platform/windows/system/win_shell.h"
+#include "platform/windows/system/win_version_info.h"
 #include "platform/windows/text_view/win_text_view.h"
-#include "platform/windows/win_clipboard.h"
-#include "platform/windows/win_clock.h"
-#include "platform/windows/win_dialogs.h"
-#include "platform/windows/win_files.h"
-#include "platform/windows/win_help_window.h"
-#include "platform/windows/win_launch.h"
-#include "platform/windows/win_locale.h"
-#include "platform/windows/win_menu_bar.h"
-#include "platform/windows/win_registry.h"
-#include "platform/windows/win_shell.h"
-#include "platform/windows/win_status_bar.h"
-#include "platform/windows/win_timer.h"
-#include "platform/windows/win_update_check.h"
-#include "platform/windows/win_version_info.h"
-#include "platform/windows/win_window.h"
+#include "platform/windows/web/win_update_check.h"
+#include "platform/windows/window/win_menu_bar.h"
+#include "platform/windows/window/win_status_bar.h"
+#include "platform/windows/window/win_timer.h"
+#include "platform/windows/window/win_window.h"
 
 namespace {
 
 std::unique_ptr<WinHtmlView> MakeHtmlView(WinWindow& window) {
     auto view = std::make_unique<WinHtmlView>(window.ViewArea());
     window.normalizeKey = [html = view.get()](MSG& message) { html->Normalize(message); };
-    window.takeKey = [html = view.get()](const MSG& message) {
+    window.translateKey = [html = view.get()](const MSG& message) {
         return html->TranslateKey(message);
     };
-    view->onZoomKey = [&window](int keyCode, int shift) { window.TellKeyDown(keyCode, shift); };
+    view->onZoomKey = [&window](int keyCode, int shift) { window.ReportKeyDown(keyCode, shift); };
     return view;
 }
 
@@ -54,7 +54,7 @@ Ports MakeWinPorts() {
     ports.files = std::make_unique<WinFiles>();
     ports.versionInfo = std::make_unique<WinVersionInfo>();
     ports.updateCheck = std::make_unique<WinUpdateCheck>(
-        [main = window.get()](MSG& message) { return main->PassMessage(message); });
+        [main = window.get()](MSG& message) { return main->PreTranslateMessage(message); });
     ports.locale = std::make_unique<WinLocale>();
     ports.clock = std::make_unique<WinClock>();
     ports.window = std::move(window);

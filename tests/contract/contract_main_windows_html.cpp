@@ -2,7 +2,7 @@
 // pages of plain paragraphs; what else a page may be, windows_real_page_test.cpp tries where there
 // is an engine.
 #define DOCTEST_CONFIG_IMPLEMENT_WITH_MAIN
-#include "platform/windows/html_view/addresses.h"
+#include "platform/windows/html_view/safety/addresses.h"
 #include "platform/windows/html_view/win_html_view.h"
 #include "tests/contract/html_view_contract.h"
 #include "tests/contract/stand_in/stand_in.h"

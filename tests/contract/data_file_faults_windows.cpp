@@ -1,8 +1,8 @@
 #include "data_file_faults.h"
 
-#include "platform/windows/win_files.h"
-#include "platform/windows/win_handle.h"
-#include "platform/windows/win_text.h"
+#include "platform/windows/base/text.h"
+#include "platform/windows/base/win_handle.h"
+#include "platform/windows/files/win_files.h"
 #include "temporary_folder_windows.h"
 
 #include <doctest/doctest.h>

@@ -1,9 +1,9 @@
 #include "files_contract.h"
-#include "platform/windows/win_file_times.h"
-#include "platform/windows/win_files.h"
-#include "platform/windows/win_handle.h"
-#include "platform/windows/win_paths.h"
-#include "platform/windows/win_text.h"
+#include "platform/windows/base/text.h"
+#include "platform/windows/base/win_handle.h"
+#include "platform/windows/files/file_times.h"
+#include "platform/windows/files/paths.h"
+#include "platform/windows/files/win_files.h"
 #include "runs_under_wine.h"
 #include "temporary_folder_windows.h"
 
@@ -329,8 +329,8 @@ TEST_CASE("windows file times: local time and back") {
     REQUIRE(local);
     const auto back = FileTimeFromLocal(*local);
     REQUIRE(back);
-    CHECK(NanosecondsOf(now) - NanosecondsOf(*back) < 1'000'000'000);
-    CHECK(NanosecondsOf({0xD53E8000, 0x019DB1DE}) == 0); // 1970
+    CHECK(ToUnixNanoseconds(now) - ToUnixNanoseconds(*back) < 1'000'000'000);
+    CHECK(ToUnixNanoseconds({0xD53E8000, 0x019DB1DE}) == 0); // 1970
     for (const DateTime& none :
          {DateTime{2023, 2, 30, 0, 0, 0}, DateTime{2023, 13, 1, 0, 0, 0},
           DateTime{2023, 1, 1, 24, 0, 0}, DateTime{2023, 1, 0, 0, 0, 0},

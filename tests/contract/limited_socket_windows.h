@@ -3,7 +3,7 @@
 // even closing the socket wakes it everywhere.
 #pragma once
 
-#include "platform/windows/win32.h"
+#include "platform/windows/base/win32.h"
 
 #include <winsock2.h>
 #include <ws2tcpip.h>

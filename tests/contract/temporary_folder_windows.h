@@ -1,7 +1,7 @@
 // An empty folder that goes with all that is in it.
 #pragma once
 
-#include "platform/windows/win32.h"
+#include "platform/windows/base/win32.h"
 
 #include <doctest/doctest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/windows/win_window.h"
+#include "platform/windows/window/win_window.h"
 #include "tests/contract/window_contract.h"
 #include "tests/contract/windows_message_pump.h"
 

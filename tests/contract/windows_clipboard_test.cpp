@@ -1,5 +1,5 @@
-#include "platform/windows/win32.h"
-#include "platform/windows/win_clipboard.h"
+#include "platform/windows/base/win32.h"
+#include "platform/windows/system/win_clipboard.h"
 
 #include <doctest/doctest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/windows/win_clock.h"
+#include "platform/windows/system/win_clock.h"
 
 #include <doctest/doctest.h>
 

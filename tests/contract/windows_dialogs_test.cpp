@@ -1,10 +1,10 @@
 // The messages and the dialogs of our own.
-#include "platform/windows/win_dialogs.h"
-#include "platform/windows/win_find_dialog.h"
-#include "platform/windows/win_message_box.h"
-#include "platform/windows/win_rich_message.h"
-#include "platform/windows/win_text.h"
-#include "platform/windows/win_text_dialog.h"
+#include "platform/windows/base/text.h"
+#include "platform/windows/dialogs/message_box.h"
+#include "platform/windows/dialogs/win_dialogs.h"
+#include "platform/windows/dialogs/win_find_dialog.h"
+#include "platform/windows/dialogs/win_rich_message.h"
+#include "platform/windows/dialogs/win_text_dialog.h"
 #include "runs_under_wine.h"
 #include "windows_while_open.h"
 

@@ -1,7 +1,7 @@
 // Files as they are dropped on a window.
 #pragma once
 
-#include "platform/windows/win32.h"
+#include "platform/windows/base/win32.h"
 
 #include <shellapi.h>
 #include <shlobj.h>

@@ -1,10 +1,10 @@
 // The help window on Windows.
-#include "platform/windows/win_help_window.h"
+#include "platform/windows/help/win_help_window.h"
 
-#include "platform/windows/win_clipboard.h"
-#include "platform/windows/win_dialogs.h"
-#include "platform/windows/win_dpi.h"
-#include "platform/windows/win_text.h"
+#include "platform/windows/base/text.h"
+#include "platform/windows/dialogs/win_dialogs.h"
+#include "platform/windows/system/win_clipboard.h"
+#include "platform/windows/window/dpi.h"
 #include "windows_message_pump.h"
 #include "windows_text_view_bench.h"
 #include "windows_while_open.h"
@@ -106,7 +106,7 @@ TEST_CASE("windows help window: the page has the system's face and colours") {
     SendMessageW(open.View(), EM_SETSEL, 0, 3);
     SendMessageW(open.View(), EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
     CHECK(std::wstring(format.szFaceName) ==
-          MetricsAt(DpiOf(open.View())).lfMessageFont.lfFaceName);
+          NonClientMetricsForDpi(WindowDpi(open.View())).lfMessageFont.lfFaceName);
     CHECK((format.dwEffects & CFE_AUTOCOLOR) != 0);
     const LRESULT background = SendMessageW(open.View(), EM_SETBKGNDCOLOR, 1, 0);
     CHECK(static_cast<COLORREF>(background) == GetSysColor(COLOR_WINDOW));

@@ -2,10 +2,10 @@
 // command line is what is tested.
 #include "windows_helper.h"
 
-#include "platform/windows/win_files.h"
-#include "platform/windows/win_handle.h"
-#include "platform/windows/win_shell.h"
-#include "platform/windows/win_text.h"
+#include "platform/windows/base/text.h"
+#include "platform/windows/base/win_handle.h"
+#include "platform/windows/files/win_files.h"
+#include "platform/windows/system/win_shell.h"
 
 #include <shellapi.h>
 

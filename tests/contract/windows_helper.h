@@ -1,7 +1,7 @@
 // What the tests and the program that they start agree upon.
 #pragma once
 
-#include "platform/windows/win32.h"
+#include "platform/windows/base/win32.h"
 
 #include <string>
 

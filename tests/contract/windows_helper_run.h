@@ -1,10 +1,10 @@
 // Running the helper and waiting for what it says.
 #pragma once
 
-#include "platform/windows/win_arguments.h"
-#include "platform/windows/win_files.h"
-#include "platform/windows/win_handle.h"
-#include "platform/windows/win_text.h"
+#include "platform/windows/base/text.h"
+#include "platform/windows/base/win_handle.h"
+#include "platform/windows/files/win_files.h"
+#include "platform/windows/portable/quoted_argument.h"
 #include "temporary_folder_windows.h"
 #include "windows_helper.h"
 

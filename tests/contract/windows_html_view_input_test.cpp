@@ -2,7 +2,7 @@
 #include "tests/contract/windows_html_view_fixture.h"
 
 #include "platform/window.h"
-#include "platform/windows/html_view/page_keys.h"
+#include "platform/windows/html_view/page/page_keys.h"
 #include "tests/contract/windows_drop.h"
 #include "tests/contract/windows_message_pump.h"
 
@@ -57,13 +57,13 @@ TEST_CASE("page keys: which ones the view acts on") {
         {VK_SUBTRACT, CtrlKey, PageKey::Zooms},
         {VK_NUMPAD0, CtrlKey, PageKey::Zooms},
         {'0', CtrlKey, PageKey::Zooms},
-        {'F', CtrlKey, PageKey::Refused},
-        {'O', CtrlKey, PageKey::Refused},
-        {'N', CtrlKey, PageKey::Refused},
-        {'P', CtrlKey, PageKey::Refused},
-        {VK_F5, 0, PageKey::Refused},
-        {VK_F1, 0, PageKey::Refused},
-        {VK_BROWSER_BACK, 0, PageKey::Refused},
+        {'F', CtrlKey, PageKey::Blocked},
+        {'O', CtrlKey, PageKey::Blocked},
+        {'N', CtrlKey, PageKey::Blocked},
+        {'P', CtrlKey, PageKey::Blocked},
+        {VK_F5, 0, PageKey::Blocked},
+        {VK_F1, 0, PageKey::Blocked},
+        {VK_BROWSER_BACK, 0, PageKey::Blocked},
         {VK_CONTROL, CtrlKey, PageKey::Other},
         {VK_LEFT, AltKey, PageKey::Other},
         {VK_F2, AltKey, PageKey::Other},
@@ -75,7 +75,7 @@ TEST_CASE("page keys: which ones the view acts on") {
     for (const auto& row : table) {
         CAPTURE(row.key);
         CAPTURE(row.shift);
-        CHECK(MeaningOf(row.key, row.shift) == row.meaning);
+        CHECK(ClassifyPageKey(row.key, row.shift) == row.meaning);
     }
 }
 
@@ -211,7 +211,7 @@ class DroppedFile final : public ComObject<IDataObject> {
     explicit DroppedFile(std::wstring path) : path_(std::move(path)) {}
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** found) noexcept override {
-        return AnswerQuery<IDataObject>(this, id, found);
+        return FindInterface<IDataObject>(this, id, found);
     }
     HRESULT STDMETHODCALLTYPE GetData(FORMATETC* format, STGMEDIUM* medium) noexcept override {
         if (QueryGetData(format) != S_OK) return DV_E_FORMATETC;
@@ -254,9 +254,9 @@ TEST_CASE("windows html view: files dropped on the page are the window's") {
     ShownView shown;
     shown.Open(L"text");
     CHECK(shown.engine.takesDrops);
-    const auto target = ComPtr<IDropTarget>::Adopt(shown.engine.DropTarget());
+    const auto target = Adopt<IDropTarget>(shown.engine.DropTarget());
     REQUIRE(target);
-    const auto data = ComPtr<IDataObject>::Adopt(new DroppedFile(L"C:\\books\\b.rtf"));
+    const auto data = Adopt<IDataObject>(new DroppedFile(L"C:\\books\\b.rtf"));
     DWORD effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
     CHECK(target->DragEnter(data.Get(), 0, {}, &effect) == S_OK);
     CHECK(effect == DROPEFFECT_COPY);

@@ -1,7 +1,7 @@
 // What a page must not do.
 #include "tests/contract/windows_html_view_fixture.h"
 
-#include "platform/windows/html_view/addresses.h"
+#include "platform/windows/html_view/safety/addresses.h"
 
 #include <mshtmdid.h>
 #include <mshtmhst.h>
@@ -92,7 +92,7 @@ TEST_CASE("addresses: what is within reach") {
     for (const wchar_t* here : {L"file:///C:/a.htm", L"C:\\a.htm", L"about:blank",
                                 L"data:image/png;base64,AA", L"FILE:///c:/a.png"}) {
         CAPTURE(Narrow(here));
-        CHECK(IsWithinReach(here, L""));
+        CHECK(IsLocal(here, L""));
     }
     for (const wchar_t* away :
          {L"http://a/b.png", L"https://a/", L"ftp://a/", L"file://server/share/a.png",
@@ -100,8 +100,8 @@ TEST_CASE("addresses: what is within reach") {
           L"res://\\\\server\\a.dll/1", L"file:////server/share/a.png",
           L"file:///\\\\server\\share\\a.png", L"file:\\\\server\\share\\a.png", L""}) {
         CAPTURE(Narrow(away));
-        CHECK_FALSE(IsWithinReach(away, L""));
+        CHECK_FALSE(IsLocal(away, L""));
     }
-    CHECK(IsWithinReach(L"file://Server/share/a.png", L"server"));
-    CHECK_FALSE(IsWithinReach(L"file://other/share/a.png", L"server"));
+    CHECK(IsLocal(L"file://Server/share/a.png", L"server"));
+    CHECK_FALSE(IsLocal(L"file://other/share/a.png", L"server"));
 }

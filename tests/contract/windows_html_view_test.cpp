@@ -1,6 +1,5 @@
 #include "tests/contract/windows_html_view_fixture.h"
 
-#include "platform/windows/html_view/own_colors.h"
 
 #include <algorithm>
 
@@ -199,25 +198,6 @@ TEST_CASE("windows html view: the background is told in red, green and blue") {
     CHECK(shown.engine.backColor == L"#0A1BFF");
 }
 
-TEST_CASE("windows html view: colours as a computed style says them") {
-    const struct {
-        const wchar_t* text;
-        std::optional<std::uint32_t> color;
-    } table[] = {
-        {L"rgb(1, 2, 3)", 0x010203},
-        {L"rgb(255,128,0)", 0xFF8000},
-        {L"#0A1BFF", 0x0A1BFF},
-        {L"rgba(1, 2, 3, 0.5)", 0x010203},
-        {L"rgba(1, 2, 3, 0)", {}},
-        {L"transparent", {}},
-        {L"", {}},
-        {L"rgb(1, 2", {}},
-        {L"#12", {}},
-    };
-    for (const auto& row : table)
-        CHECK(ColorOfStyle(row.text) == row.color);
-}
-
 TEST_CASE("windows html view: a page's own colours, and letters in another one") {
     ShownView shown;
     shown.Open(L"text");
@@ -237,11 +217,11 @@ TEST_CASE("windows html view: a page's own colours, and letters in another one")
 
 TEST_CASE("windows html view: the last values are kept when the engine goes") {
     ShownView shown;
-    shown.Book().title = L"Kept";
+    shown.Book().title = L"PageSnapshot";
     shown.Open(Lines(100));
     shown.view->ScrollTo(0, 320);
     shown.view->Select({700, 3});
-    CHECK(shown.view->Title() == u"Kept");
+    CHECK(shown.view->Title() == u"PageSnapshot");
     const int top = shown.view->ScrollTop();
     const PageSelection selection = shown.view->Selection();
     shown.engine.Quit();
@@ -250,7 +230,7 @@ TEST_CASE("windows html view: the last values are kept when the engine goes") {
     CHECK(shown.engine.living == 0);
     CHECK(shown.view->ScrollTop() == top);
     CHECK(shown.view->Selection().span == selection.span);
-    CHECK(shown.view->Title() == u"Kept");
+    CHECK(shown.view->Title() == u"PageSnapshot");
     CHECK(shown.view->SelectedText() == u"");
     shown.Open(L"anew", 2);
     CHECK(shown.loaded.back() == 2);

@@ -1,5 +1,5 @@
-#include "platform/windows/win_instance_lock.h"
-#include "platform/windows/win_shell.h"
+#include "platform/windows/files/win_instance_lock.h"
+#include "platform/windows/system/win_shell.h"
 #include "windows_helper_run.h"
 
 #include <doctest/doctest.h>

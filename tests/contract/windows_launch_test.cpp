@@ -1,7 +1,7 @@
-#include "platform/windows/win_launch.h"
+#include "platform/windows/system/launch.h"
 
-#include "platform/windows/win32.h"
-#include "platform/windows/win_text.h"
+#include "platform/windows/base/text.h"
+#include "platform/windows/base/win32.h"
 
 #include <doctest/doctest.h>
 

@@ -1,5 +1,5 @@
-#include "platform/windows/win32.h"
-#include "platform/windows/win_locale.h"
+#include "platform/windows/base/win32.h"
+#include "platform/windows/system/win_locale.h"
 
 #include <doctest/doctest.h>
 

@@ -1,6 +1,6 @@
 // The menus on Windows: real ones, opened and chosen from by messages.
-#include "platform/windows/win_menu_bar.h"
-#include "platform/windows/win_timer.h"
+#include "platform/windows/window/win_menu_bar.h"
+#include "platform/windows/window/win_timer.h"
 #include "tests/contract/windows_message_pump.h"
 
 #include <doctest/doctest.h>

@@ -1,7 +1,7 @@
 // Waiting for a condition while the program's messages are handled.
 #pragma once
 
-#include "platform/windows/win_window.h"
+#include "platform/windows/window/win_window.h"
 
 #include <functional>
 
@@ -11,7 +11,7 @@ inline bool Becomes(const std::function<bool()>& condition, WinWindow* window = 
     while (!condition() && GetTickCount64() < end) {
         MSG message;
         while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            if (message.message == WM_QUIT || (window && !window->PassMessage(message))) continue;
+            if (message.message == WM_QUIT || (window && window->PreTranslateMessage(message))) continue;
             TranslateMessage(&message);
             DispatchMessageW(&message);
         }

@@ -1,9 +1,9 @@
 // The profile-file engine against the system's own functions, on generated files and operations:
 // each must read what the other wrote, and both must give the same answers.
 #include "common/profile_file.h"
-#include "platform/windows/win_files.h"
-#include "platform/windows/win_handle.h"
-#include "platform/windows/win_text.h"
+#include "platform/windows/base/text.h"
+#include "platform/windows/base/win_handle.h"
+#include "platform/windows/files/win_files.h"
 #include "temporary_folder_windows.h"
 
 #include <doctest/doctest.h>

@@ -1,6 +1,6 @@
-#include "platform/windows/win32.h"
-#include "platform/windows/win_registry.h"
-#include "platform/windows/win_text.h"
+#include "platform/windows/base/text.h"
+#include "platform/windows/base/win32.h"
+#include "platform/windows/system/win_registry.h"
 
 #include <doctest/doctest.h>
 

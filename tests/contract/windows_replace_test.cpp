@@ -1,5 +1,5 @@
-#include "platform/windows/win_files.h"
-#include "platform/windows/win_text.h"
+#include "platform/windows/base/text.h"
+#include "platform/windows/files/win_files.h"
 #include "windows_helper_run.h"
 
 #include <doctest/doctest.h>

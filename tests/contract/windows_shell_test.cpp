@@ -1,5 +1,5 @@
-#include "platform/windows/win_arguments.h"
-#include "platform/windows/win_shell.h"
+#include "platform/windows/portable/quoted_argument.h"
+#include "platform/windows/system/win_shell.h"
 #include "runs_under_wine.h"
 #include "windows_helper_run.h"
 
@@ -42,12 +42,6 @@ TEST_CASE("windows arguments: the system reads what was quoted") {
         CHECK((std::wstring(read.get()[1]) == argument));
         CHECK((std::wstring(read.get()[2]) == L"next"));
     }
-}
-
-TEST_CASE("windows arguments: quotes only where they must be") {
-    CHECK((QuotedArgument(L"C:\\books\\a.txt") == L"C:\\books\\a.txt"));
-    CHECK((QuotedArgument(L"C:\\my books\\") == L"\"C:\\my books\\\\\""));
-    CHECK((QuotedArgument(L"") == L"\"\""));
 }
 
 TEST_CASE("windows shell: an argument reaches a program as it is") {

@@ -1,5 +1,5 @@
-#include "platform/windows/win_status_bar.h"
-#include "platform/windows/win_window.h"
+#include "platform/windows/window/win_status_bar.h"
+#include "platform/windows/window/win_window.h"
 
 #include <doctest/doctest.h>
 

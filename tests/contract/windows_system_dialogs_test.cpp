@@ -1,7 +1,7 @@
 // The system's dialogs, as our ports use them.
-#include "platform/windows/win_dialogs.h"
-#include "platform/windows/win_files.h"
-#include "platform/windows/win_text.h"
+#include "platform/windows/base/text.h"
+#include "platform/windows/dialogs/win_dialogs.h"
+#include "platform/windows/files/win_files.h"
 #include "temporary_folder_windows.h"
 #include "windows_while_open.h"
 

@@ -1,7 +1,7 @@
 // Keys, mouse and drops of the text view on the system's control.
+#include "platform/windows/base/text.h"
+#include "platform/windows/system/win_clipboard.h"
 #include "platform/windows/text_view/win_text_view.h"
-#include "platform/windows/win_clipboard.h"
-#include "platform/windows/win_text.h"
 #include "tests/contract/windows_drop.h"
 #include "tests/contract/windows_message_pump.h"
 #include "tests/contract/windows_text_view_bench.h"

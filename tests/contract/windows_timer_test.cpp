@@ -1,4 +1,4 @@
-#include "platform/windows/win_timer.h"
+#include "platform/windows/window/win_timer.h"
 #include "tests/contract/windows_message_pump.h"
 
 #include <doctest/doctest.h>

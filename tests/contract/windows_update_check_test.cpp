@@ -1,10 +1,10 @@
 // Fetching from the web, against a server on this computer that does all that servers should not.
-#include "platform/windows/win_update_check.h"
+#include "platform/windows/web/win_update_check.h"
 
 #include "loopback_server_windows.h"
-#include "platform/windows/win_native_window.h"
-#include "platform/windows/win_text.h"
-#include "platform/windows/win_web_target.h"
+#include "platform/windows/base/text.h"
+#include "platform/windows/web/web_target.h"
+#include "platform/windows/window/win_native_window.h"
 #include "tls_server_windows.h"
 
 #include <doctest/doctest.h>
@@ -189,7 +189,7 @@ TEST_CASE("windows update check: at most 64 KB") {
     CHECK(FetchedFrom(Sends("HTTP/1.0 200 OK\r\n\r\n" + most)) == most);
     CHECK(Fails(Always("200 OK", most + 'x')));
     CHECK(Fails(Always("200 OK", std::string(10 << 20, 'x'))));
-    CHECK(Fails([&most](const LoopbackConnection& connection, const std::string&) { // endless
+    CHECK(Fails([&most](const LoopbackConnection& connection, const std::string&) { // unbounded
         connection.Send("HTTP/1.1 200 OK\r\n\r\n");
         while (connection.Send(most)) {
         }

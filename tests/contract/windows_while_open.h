@@ -1,7 +1,7 @@
 // Doing something to the dialog that opens next, from within its own message loop.
 #pragma once
 
-#include "platform/windows/win32.h"
+#include "platform/windows/base/win32.h"
 
 #include <doctest/doctest.h>
 

@@ -1,5 +1,5 @@
 // The main window on Windows.
-#include "platform/windows/win_window.h"
+#include "platform/windows/window/win_window.h"
 #include "tests/contract/windows_drop.h"
 #include "tests/contract/windows_message_pump.h"
 #include "tests/contract/windows_while_open.h"
@@ -36,7 +36,7 @@ struct Bench {
         passed.hwnd = window.Handle();
         passed.message = message;
         passed.wParam = wParam;
-        window.PassMessage(passed);
+        window.PreTranslateMessage(passed);
     }
 };
 
@@ -275,7 +275,7 @@ TEST_CASE("windows window: text is measured in the menu font, and units follow t
     bench.window.ApplySystemFont();
     CHECK(bench.window.TextWidth(u"") == 0);
     CHECK(bench.window.TextWidth(u"mmmm") > bench.window.TextWidth(u"iiii"));
-    CHECK(std::lround(1440 / bench.window.TwipsPerPixelX()) == DpiOf(bench.window.Handle()));
+    CHECK(std::lround(1440 / bench.window.TwipsPerPixelX()) == WindowDpi(bench.window.Handle()));
     CHECK(bench.window.TwipsPerPixelY() == bench.window.TwipsPerPixelX());
     CHECK_FALSE(bench.window.DefaultViewFont().name.empty());
 }

@@ -1,5 +1,6 @@
 #include "platform/qt/system/qt_version_info.h"
 
+#include "common/text.h"
 #include "platform/qt/qt_text.h"
 #include "product.h"
 
@@ -14,14 +15,6 @@ constexpr qint64 maxEntrySize = 1 << 20; // bytes; real entries have a few thous
 
 std::u16string Text(const char* utf8) {
     return FromQt(QString::fromUtf8(utf8));
-}
-
-constexpr std::string_view blanks = " \t\r";
-
-std::string_view Trim(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
 std::string_view NextLine(std::string_view& text) {

@@ -1,9 +1,9 @@
 #include "platform/windows/html_view/win_html_view.h"
 
-#include "platform/windows/html_view/addresses.h"
-#include "platform/windows/html_view/own_colors.h"
-#include "platform/windows/html_view/page_menu.h"
-#include "platform/windows/win_text.h"
+#include "platform/windows/base/text.h"
+#include "platform/windows/html_view/page/page_colors.h"
+#include "platform/windows/html_view/page/page_menu.h"
+#include "platform/windows/html_view/safety/addresses.h"
 
 #include <utility>
 
@@ -16,14 +16,15 @@ constexpr wchar_t notLoaded[] = L"This book cannot be loaded.";
 } // namespace
 
 WinHtmlView::WinHtmlView(HWND parent, BrowserFactory make)
-    : make_(std::move(make)), window_(parent, {[this] { FitWindow(); }, [this] { TakeKeyboard(); },
-                                               [this] { LoseControl(); }, [this] { RunPosted(); },
-                                               [this] { SettleZoom(); }}),
+    : createBrowser_(std::move(make)),
+      window_(parent,
+              {[this] { FitWindow(); }, [this] { FocusPage(); }, [this] { ReleaseControl(); },
+               [this] { RunPostedTask(); }, [this] { ApplyZoom(); }}),
       inner_(*this) {}
 
 WinHtmlView::~WinHtmlView() {
-    LeavePage();
-    LoseControl();
+    ResetPage();
+    ReleaseControl();
 }
 
 bool WinHtmlView::IsAvailable() const {
@@ -31,43 +32,43 @@ bool WinHtmlView::IsAvailable() const {
 }
 
 void WinHtmlView::Navigate(const std::u16string& path, int page) {
-    LeavePage();
+    ResetPage();
     page_ = page;
     const std::wstring file = ToWide(path);
     url_ = UrlOfPath(file);
     bookHost_ = HostOfPath(file);
     const BookFolder before = std::exchange(folder_, BookFolder(file));
-    if (!refusal_ || folder_ != before) {
-        refusal_.reset();
-        refusal_ = std::make_unique<RemoteRefusal>(folder_);
+    if (!blocker_ || folder_ != before) {
+        blocker_.reset();
+        blocker_ = std::make_unique<RemoteBlocker>(folder_);
     }
     if (!OpenControl()) return window_.SetNotice(noEngine);
-    load_ = Load::Asked;
+    load_ = Load::Requested;
     if (!url_.empty() && control_->Load(url_)) return window_.SetNotice(L"");
-    GiveUpPage();
+    ShowLoadError();
 }
 
-void WinHtmlView::GiveUpPage() {
+void WinHtmlView::ShowLoadError() {
     Clear();
     window_.SetNotice(notLoaded);
 }
 
 void WinHtmlView::Clear() {
-    LeavePage();
-    LoseControl();
-    refusal_.reset();
+    ResetPage();
+    ReleaseControl();
+    blocker_.reset();
     window_.SetNotice(L"");
 }
 
 // Nothing is heard of the page any more.
-void WinHtmlView::LeavePage() {
+void WinHtmlView::ResetPage() {
     posted_.clear();
     load_ = Load::None;
     inner_.Detach();
     document_ = {};
-    heldPlace_ = {};
-    kept_ = {};
-    zoomDue_ = false;
+    scrollAnchor_ = {};
+    snapshot_ = {};
+    zoomPending_ = false;
     url_.clear();
 }
 
@@ -76,104 +77,103 @@ bool WinHtmlView::OpenControl() {
     if (!window_.Handle()) return false;
     if (!mode_) {
         mode_ = std::make_unique<DocumentMode>();
-        LockEngineDown();
+        LockDownEngine();
     }
-    control_ = BrowserControl::Open(make_, window_.Handle(), *this);
+    control_ = BrowserControl::Open(createBrowser_, window_.Handle(), *this);
     return control_ != nullptr;
 }
 
-// What the page said last is kept.
-void WinHtmlView::LoseControl() {
+// What the page said last is cached.
+void WinHtmlView::ReleaseControl() {
     load_ = Load::None;
     inner_.Detach();
     document_ = {};
-    heldPlace_ = {};
-    kept_.measured = {};
+    scrollAnchor_ = {};
+    snapshot_.measured.Reset();
     control_.reset();
 }
 
-bool WinHtmlView::MayLoad(const std::wstring& url, Target target, bool sends) {
+bool WinHtmlView::AllowNavigation(const std::wstring& url, Target target, bool sends) {
     if (sends) return false;
-    if (load_ == Load::Asked && target == Target::Page) {
+    if (load_ == Load::Requested && target == Target::Page) {
         load_ = Load::Loading;
         return true;
     }
     if (load_ == Load::Loading && target == Target::Frame) return folder_.Allows(url);
     if (load_ != Load::Complete) return false; // a redirection
-    if (target == Target::Page && IsPlaceInPage(url, url_)) {
-        Later([this, top = ScrollTop()] {
+    if (target == Target::Page && IsAnchorInPage(url, url_)) {
+        Post([this, top = ScrollTop()] {
             if (onJump) onJump(top);
         });
         return true;
     }
-    Later([this, url] { ReportLink(url); });
+    Post([this, url] { ReportLink(url); });
     return false;
 }
 
-void WinHtmlView::PageComplete(const std::wstring& url) {
-    if (load_ == Load::Loading) Later([this, url] { TakePage(url); });
+void WinHtmlView::OnPageComplete(const std::wstring& url) {
+    if (load_ == Load::Loading) Post([this, url] { ApplyLoadedPage(url); });
 }
 
-void WinHtmlView::PageFailed() {
+void WinHtmlView::OnPageFailed() {
     if (load_ == Load::Complete) return;
     load_ = Load::None;
-    Later([this] { GiveUpPage(); });
+    Post([this] { ShowLoadError(); });
 }
 
-void WinHtmlView::EngineGone() {
-    Later([this] {
-        LoseControl();
+void WinHtmlView::OnEngineQuit() {
+    Post([this] {
+        ReleaseControl();
         if (onGone) onGone();
     });
 }
 
-void WinHtmlView::TakePage(const std::wstring& url) {
+void WinHtmlView::ApplyLoadedPage(const std::wstring& url) {
     if (load_ != Load::Loading) return;
     document_ = PageDocument(control_->Document().Get());
-    if (!document_) return GiveUpPage();
+    if (!document_) return ShowLoadError();
     load_ = Load::Complete;
     inner_.Attach(window_.Handle());
-    kept_.hasBody = document_.HasBody();
-    kept_.colors = ColorsOf(document_);
+    snapshot_.hasBody = document_.HasBody();
+    snapshot_.colors = ColorsOf(document_);
     Zoom(0); // the control goes on with the size of the page before
-    SettleZoom();
-    if (GetFocus() == window_.Handle()) TakeKeyboard();
+    ApplyZoom();
+    if (GetFocus() == window_.Handle()) FocusPage();
     if (onLoaded) onLoaded(page_, FromWide(url));
 }
 
 void WinHtmlView::ReportLink(const std::wstring& url) {
-    const std::wstring path = IsWithinReach(url, bookHost_) ? PathOfUrl(url) : L"";
+    const std::wstring path = IsLocal(url, bookHost_) ? PathOfUrl(url) : L"";
     if (onLink) onLink(FromWide(url), FromWide(path));
 }
 
-void WinHtmlView::FilesDropped(const std::vector<std::u16string>& paths) {
+void WinHtmlView::OnFilesDropped(const std::vector<std::u16string>& paths) {
     drops_.Add(window_.Handle(), paths);
 }
 
-void WinHtmlView::MenuWanted(POINT place) {
-    Later([this, place] { ShowMenu(place); });
+void WinHtmlView::OnContextMenu(POINT place) {
+    Post([this, place] { ShowContextMenu(place); });
 }
 
 // A command goes the way that the engine's own menu sends it.
-void WinHtmlView::ShowMenu(POINT place) {
-    const auto command =
-        AskPageCommand(window_.Handle(), place, HasText(), !SelectedText().empty());
+void WinHtmlView::ShowContextMenu(POINT place) {
+    const auto command = TrackPageMenu(window_.Handle(), place, HasText(), !SelectedText().empty());
     if (command && inner_.Handle())
-        SendMessageW(inner_.Handle(), WM_COMMAND, static_cast<WPARAM>(NumberOf(*command)), 0);
+        SendMessageW(inner_.Handle(), WM_COMMAND, static_cast<WPARAM>(CommandId(*command)), 0);
 }
 
-void WinHtmlView::Commanded(PageCommand command) {
-    Later([this, command] {
+void WinHtmlView::OnCommand(PageCommand command) {
+    Post([this, command] {
         if (onCommand) onCommand(command);
     });
 }
 
-void WinHtmlView::Later(std::function<void()> what) {
+void WinHtmlView::Post(std::function<void()> what) {
     posted_.push_back(std::move(what));
     window_.Post();
 }
 
-void WinHtmlView::RunPosted() {
+void WinHtmlView::RunPostedTask() {
     if (posted_.empty()) return; // of a page that has been left
     const std::function<void()> what = std::move(posted_.front());
     posted_.pop_front();

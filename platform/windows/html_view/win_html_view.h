@@ -2,16 +2,16 @@
 #pragma once
 
 #include "platform/html_view.h"
-#include "platform/windows/html_view/browser_control.h"
-#include "platform/windows/html_view/engine_settings.h"
-#include "platform/windows/html_view/held_place.h"
-#include "platform/windows/html_view/inner_window.h"
-#include "platform/windows/html_view/page_document.h"
-#include "platform/windows/html_view/page_text.h"
-#include "platform/windows/html_view/page_window.h"
-#include "platform/windows/html_view/page_zoom.h"
-#include "platform/windows/html_view/remote_refusal.h"
-#include "platform/windows/win_drops.h"
+#include "platform/windows/html_view/browser/browser_control.h"
+#include "platform/windows/html_view/browser/engine_settings.h"
+#include "platform/windows/html_view/browser/inner_window.h"
+#include "platform/windows/html_view/browser/page_window.h"
+#include "platform/windows/html_view/page/page_document.h"
+#include "platform/windows/html_view/page/page_text.h"
+#include "platform/windows/portable/page_zoom.h"
+#include "platform/windows/html_view/page/scroll_anchor.h"
+#include "platform/windows/html_view/safety/remote_blocker.h"
+#include "platform/windows/window/win_drops.h"
 
 #include <deque>
 
@@ -20,7 +20,7 @@
 // navigate or clear.
 class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
   public:
-    explicit WinHtmlView(HWND parent, BrowserFactory = MakeSystemBrowser);
+    explicit WinHtmlView(HWND parent, BrowserFactory = CreateSystemBrowser);
     ~WinHtmlView() override;
 
     // For the program's message loop. `Normalize` comes first: with Ctrl held, a key of the numeric
@@ -42,13 +42,13 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     void SetTextColor(std::optional<std::uint32_t> redGreenBlue) override;
     void SendZoomKey(bool larger) override;
 
-    bool HasBody() const override { return kept_.hasBody; }
+    bool HasBody() const override { return snapshot_.hasBody; }
     bool HasText() const override;
     std::string Charset() const override;
     std::u16string Title() const override;
-    PageColors OwnColors() const override { return kept_.colors; }
+    PageColors OwnColors() const override { return snapshot_.colors; }
     int ScrollTop() const override;
-    int ZoomSteps() const override { return kept_.zoomSteps; }
+    int ZoomSteps() const override { return snapshot_.zoomSteps; }
     int ViewHeight() const override;
     int TopMargin() const override;
     PageSelection Selection() const override;
@@ -64,10 +64,10 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     void FocusView() override;
 
   private:
-    enum class Load { None, Asked, Loading, Complete };
+    enum class Load { None, Requested, Loading, Complete };
 
     // The last answers of the page, for when it gives none.
-    struct Kept {
+    struct PageSnapshot {
         bool hasBody = false, hasText = false;
         std::string charset;
         std::u16string title;
@@ -77,41 +77,41 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
         PageRange measured; // the selection that `selection.span` was counted for
     };
 
-    bool MayLoad(const std::wstring& url, Target, bool sends) override;
-    void PageComplete(const std::wstring& url) override;
-    void PageFailed() override;
-    void EngineGone() override;
-    void MenuWanted(POINT) override;
-    void FilesDropped(const std::vector<std::u16string>& paths) override;
-    void Commanded(PageCommand) override;
+    bool AllowNavigation(const std::wstring& url, Target, bool sends) override;
+    void OnPageComplete(const std::wstring& url) override;
+    void OnPageFailed() override;
+    void OnEngineQuit() override;
+    void OnContextMenu(POINT) override;
+    void OnFilesDropped(const std::vector<std::u16string>& paths) override;
+    void OnCommand(PageCommand) override;
     bool IsInSelection(POINT pixels) const override;
 
-    void LeavePage();
-    void GiveUpPage(); // which cannot be loaded
+    void ResetPage();
+    void ShowLoadError(); // which cannot be loaded
     bool OpenControl();
-    void LoseControl();
-    void TakeKeyboard();
-    void LayOutAnew(const std::function<void()>& change); // the line at the top stays there
+    void ReleaseControl();
+    void FocusPage();
+    void RelayoutAtAnchor(const std::function<void()>& change); // the line at the top stays there
     void FitWindow();
     void ScrollIntoView(TextPos start);
-    void TakePage(const std::wstring& url);
-    void ShowMenu(POINT);
+    void ApplyLoadedPage(const std::wstring& url);
+    void ShowContextMenu(POINT);
     void ReportLink(const std::wstring& url);
     void Zoom(int steps); // 0: back to normal
-    void SettleZoom();    // before whatever depends on the page's size
+    void ApplyZoom();     // before whatever depends on the page's size
     int ZoomPercent() const;
     bool IsOfView(HWND) const;
 
-    void Later(std::function<void()>); // not when the page is left before
-    void RunPosted();
+    void Post(std::function<void()>); // not when the page is left before
+    void RunPostedTask();
 
-    BrowserFactory make_;
+    BrowserFactory createBrowser_;
     std::deque<std::function<void()>> posted_;
     WinDrops drops_{onFilesDropped};
     PageWindow window_;
     InnerWindow inner_;
     std::unique_ptr<DocumentMode> mode_;     // from the first page on
-    std::unique_ptr<RemoteRefusal> refusal_; // while there is a control
+    std::unique_ptr<RemoteBlocker> blocker_; // while there is a control
     std::unique_ptr<BrowserControl> control_;
 
     std::wstring url_;  // of the page, as we asked for it
@@ -119,10 +119,10 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     std::wstring bookHost_;
     int page_ = 0;
     Load load_ = Load::None;
-    PageZoom zoom_;        // asked for
-    bool zoomDue_ = false; // and not yet carried out
-    int zoomPercent_ = 0;  // that the control was given last
+    PageZoom zoom_;            // asked for
+    bool zoomPending_ = false; // and not yet carried out
+    int zoomPercent_ = 0;      // that the control was given last
     PageDocument document_;
-    HeldPlace heldPlace_;
-    mutable Kept kept_;
+    ScrollAnchor scrollAnchor_;
+    mutable PageSnapshot snapshot_;
 };

@@ -2,8 +2,9 @@
 #include "platform/windows/html_view/win_html_view.h"
 
 #include "platform/window.h"
-#include "platform/windows/html_view/page_keys.h"
-#include "platform/windows/win_dpi.h"
+#include "platform/windows/html_view/page/page_keys.h"
+#include "platform/windows/window/dpi.h"
+#include "platform/windows/window/win_input.h"
 
 #include <algorithm>
 #include <utility>
@@ -26,18 +27,18 @@ bool WinHtmlView::IsOfView(HWND window) const {
 
 void WinHtmlView::Normalize(MSG& message) const {
     if (!IsKey(message.message) || !IsOfView(message.hwnd)) return;
-    if (!(ShiftOfMessage() & CtrlKey)) return;
-    message.wParam = static_cast<WPARAM>(WithoutKeypad(static_cast<int>(message.wParam)));
+    if (!(ShiftState() & CtrlKey)) return;
+    message.wParam = static_cast<WPARAM>(MainBlockKey(static_cast<int>(message.wParam)));
 }
 
 bool WinHtmlView::TranslateKey(const MSG& message) {
     if (message.message != WM_KEYDOWN || !control_ || !IsOfView(message.hwnd)) return false;
     const int key = static_cast<int>(message.wParam);
-    switch (MeaningOf(key, ShiftOfMessage())) {
-    case PageKey::Refused: return true;
-    case PageKey::Scrolls: return control_->TakeKey(message);
+    switch (ClassifyPageKey(key, ShiftState())) {
+    case PageKey::Blocked: return true;
+    case PageKey::Scrolls: return control_->TranslateAccelerator(message);
     case PageKey::Zooms: {
-        const int main = WithoutKeypad(key);
+        const int main = MainBlockKey(key);
         Zoom(main == '0' ? 0 : main == VK_OEM_PLUS ? 1 : -1);
         return true;
     }
@@ -51,7 +52,7 @@ bool WinHtmlView::TranslateKey(const MSG& message) {
 void WinHtmlView::SendZoomKey(bool larger) {
     Zoom(larger ? 1 : -1);
     const int key = larger ? VK_OEM_PLUS : VK_OEM_MINUS;
-    Later([this, key] {
+    Post([this, key] {
         if (onZoomKey) onZoomKey(key, CtrlKey);
     });
 }
@@ -59,19 +60,19 @@ void WinHtmlView::SendZoomKey(bool larger) {
 // Keys that come while the engine lays the page out are one new size.
 void WinHtmlView::Zoom(int steps) {
     zoom_.Move(steps);
-    zoomDue_ = true;
-    window_.TellWhenQuiet();
+    zoomPending_ = true;
+    window_.NotifyWhenIdle();
 }
 
-void WinHtmlView::SettleZoom() {
-    if (!std::exchange(zoomDue_, false)) return;
-    LayOutAnew([this] {
+void WinHtmlView::ApplyZoom() {
+    if (!std::exchange(zoomPending_, false)) return;
+    RelayoutAtAnchor([this] {
         zoomPercent_ = ZoomPercent();
         if (control_) control_->SetZoom(zoomPercent_);
     });
-    kept_.zoomSteps = zoom_.Steps();
+    snapshot_.zoomSteps = zoom_.Steps();
     if (load_ != Load::Complete) return;
-    Later([this] {
+    Post([this] {
         if (onZoomed) onZoomed();
     });
 }
@@ -79,21 +80,21 @@ void WinHtmlView::SettleZoom() {
 // The window may have come to a screen of another resolution, too.
 void WinHtmlView::FitWindow() {
     if (!control_) return;
-    SettleZoom();
-    LayOutAnew([this] { control_->FitWindow(); });
+    ApplyZoom();
+    RelayoutAtAnchor([this] { control_->FitWindow(); });
     if (document_ && ZoomPercent() != zoomPercent_)
-        LayOutAnew([this] { control_->SetZoom(zoomPercent_ = ZoomPercent()); });
+        RelayoutAtAnchor([this] { control_->SetZoom(zoomPercent_ = ZoomPercent()); });
 }
 
-void WinHtmlView::LayOutAnew(const std::function<void()>& change) {
-    heldPlace_.Hold(document_, TopMargin());
+void WinHtmlView::RelayoutAtAnchor(const std::function<void()>& change) {
+    scrollAnchor_.Save(document_, TopMargin());
     change();
-    heldPlace_.ComeBack(document_);
+    scrollAnchor_.Restore(document_);
 }
 
 // For the engine, 100 is one pixel of the screen for each of the page.
 int WinHtmlView::ZoomPercent() const {
-    return std::clamp(MulDiv(zoom_.Percent(), DpiOf(window_.Handle()), usualDpi), minPercent,
+    return std::clamp(MulDiv(zoom_.Percent(), WindowDpi(window_.Handle()), usualDpi), minPercent,
                       maxPercent);
 }
 
@@ -120,8 +121,8 @@ void WinHtmlView::FocusView() {
 }
 
 // The window has it already; a page that is there takes it over.
-void WinHtmlView::TakeKeyboard() {
+void WinHtmlView::FocusPage() {
     if (!control_ || !inner_.Handle()) return;
-    control_->TakeKeyboard();
+    control_->ActivateUi();
     SetFocus(inner_.Handle());
 }

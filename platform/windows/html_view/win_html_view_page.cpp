@@ -1,33 +1,33 @@
-// The page that is shown: its orders, kept values and questions.
+// The page that is shown: its orders, cached values and questions.
 #include "platform/windows/html_view/win_html_view.h"
 
-#include "platform/windows/win_text.h"
+#include "platform/windows/base/text.h"
 
 namespace {
 
 template <typename Value>
-const Value& Renew(Value& kept, const std::optional<Value>& now) {
-    if (now) kept = *now;
-    return kept;
+const Value& Update(Value& cached, const std::optional<Value>& now) {
+    if (now) cached = *now;
+    return cached;
 }
 
 } // namespace
 
 void WinHtmlView::ScrollTo(int left, int top) {
-    SettleZoom();
-    kept_.scrollTop = top;
+    ApplyZoom();
+    snapshot_.scrollTop = top;
     document_.ScrollTo(left, top);
 }
 
 void WinHtmlView::ScrollSpanToTop(const PageSpan& span) {
-    SettleZoom();
+    ApplyZoom();
     const auto place = PlaceOf(RangeOf(document_, span));
     const auto scrolled = document_.ScrollTop();
     if (place && scrolled) ScrollTo(0, place->top + *scrolled - TopMargin());
 }
 
 void WinHtmlView::Select(const PageSpan& span) {
-    SettleZoom();
+    ApplyZoom();
     if (SelectRange(RangeOf(document_, span))) ScrollIntoView(span.start);
 }
 
@@ -57,56 +57,56 @@ void WinHtmlView::SetTextColor(std::optional<std::uint32_t> redGreenBlue) {
 }
 
 bool WinHtmlView::HasText() const {
-    if (const PageRange text = document_.WholeText()) kept_.hasText = HasCharacterBehindStart(text);
-    return kept_.hasText;
+    if (const PageRange text = document_.WholeText()) snapshot_.hasText = HasTextAfterStart(text);
+    return snapshot_.hasText;
 }
 
 std::string WinHtmlView::Charset() const {
     if (const auto charset = document_.Charset()) {
-        kept_.charset.clear();
+        snapshot_.charset.clear();
         for (const wchar_t unit : *charset)
-            kept_.charset += unit < 0x80 ? static_cast<char>(unit) : '?';
+            snapshot_.charset += unit < 0x80 ? static_cast<char>(unit) : '?';
     }
-    return kept_.charset;
+    return snapshot_.charset;
 }
 
 std::u16string WinHtmlView::Title() const {
-    if (const auto title = document_.Title()) kept_.title = FromWide(*title);
-    return kept_.title;
+    if (const auto title = document_.Title()) snapshot_.title = FromWide(*title);
+    return snapshot_.title;
 }
 
 int WinHtmlView::ScrollTop() const {
-    return Renew(kept_.scrollTop, document_.ScrollTop());
+    return Update(snapshot_.scrollTop, document_.ScrollTop());
 }
 
 int WinHtmlView::ViewHeight() const {
-    return Renew(kept_.viewHeight, document_.ViewHeight());
+    return Update(snapshot_.viewHeight, document_.ViewHeight());
 }
 
 int WinHtmlView::TopMargin() const {
-    return Renew(kept_.topMargin, document_.TopMargin());
+    return Update(snapshot_.topMargin, document_.TopMargin());
 }
 
 // Counting goes through the text before the selection: not again while it stays the same.
 PageSelection WinHtmlView::Selection() const {
     const PageRange range = document_.SelectedText();
-    if (!range) return kept_.selection;
-    if (!IsSame(range, kept_.measured)) {
+    if (!range) return snapshot_.selection;
+    if (!IsSame(range, snapshot_.measured)) {
         const auto span = SpanOf(range);
-        if (!span) return kept_.selection;
-        kept_.selection.span = *span;
-        kept_.measured = range;
+        if (!span) return snapshot_.selection;
+        snapshot_.selection.span = *span;
+        snapshot_.measured = range;
     }
     // The text's first line begins below the margin, whatever its own margins.
-    if (kept_.selection.span.start == 0)
-        kept_.selection.top = TopMargin() - ScrollTop();
+    if (snapshot_.selection.span.start == 0)
+        snapshot_.selection.top = TopMargin() - ScrollTop();
     else if (const auto place = PlaceOf(range))
-        kept_.selection.top = place->top;
-    return kept_.selection;
+        snapshot_.selection.top = place->top;
+    return snapshot_.selection;
 }
 
 std::vector<std::u16string> WinHtmlView::TextsOf(const std::vector<PageSpan>& spans) {
-    SettleZoom();
+    ApplyZoom();
     std::vector<std::u16string> texts;
     for (const PageSpan& span : spans) {
         auto text = TextOf(RangeOf(document_, span));
@@ -126,9 +126,9 @@ std::u16string WinHtmlView::SelectionAsHtml() {
 
 std::optional<PageMatch> WinHtmlView::FindBehindSelection(std::u16string_view what,
                                                           FindOptions options) {
-    SettleZoom();
+    ApplyZoom();
     if (what.empty()) return std::nullopt;
-    const PageRange rest = RestBehind(document_, document_.SelectedText());
+    const PageRange rest = RestAfter(document_, document_.SelectedText());
     const auto from = PlaceOf(rest);
     if (!from || !FindIn(rest, what, options)) return std::nullopt;
     const auto span = SpanOf(rest);
@@ -138,6 +138,6 @@ std::optional<PageMatch> WinHtmlView::FindBehindSelection(std::u16string_view wh
 }
 
 TextPos WinHtmlView::StartAtTop() {
-    SettleZoom();
+    ApplyZoom();
     return StartOf(RangeAt(document_, 0, TopMargin())).value_or(-1);
 }

@@ -1,9 +1,9 @@
 #include "platform/windows/text_view/rich_edit.h"
 
-#include "platform/windows/com_ptr.h"
-#include "platform/windows/text_view/control_text.h"
+#include "platform/windows/base/com_ptr.h"
+#include "platform/windows/base/system_library.h"
 #include "platform/windows/text_view/ole_callback.h"
-#include "platform/windows/text_view/rich_edit_class.h"
+#include "platform/windows/portable/text_map.h"
 
 #include <tom.h>
 
@@ -16,8 +16,8 @@ constexpr WPARAM utf16 = 1200;
 // ITextDocument, which not every compiler's headers tell.
 constexpr GUID textDocument = {
     0x8CC497C0, 0xA1DF, 0x11CE, {0x80, 0x98, 0x00, 0xAA, 0x00, 0x47, 0xBE, 0x5D}};
-constexpr int widestColumn = 22 * 1440; // twips; the widest page of the word processors
-constexpr int sideMargin = 6;           // pixels between the edge and the text
+constexpr int maxColumnWidth = 22 * 1440; // twips; the widest page of the word processors
+constexpr int sideMargin = 6;             // pixels between the edge and the text
 
 // What the control reads. An empty portion is the end.
 struct Portions {
@@ -25,7 +25,7 @@ struct Portions {
     std::string_view rest;
     std::exception_ptr failure;
 
-    std::size_t Give(char* buffer, std::size_t wanted) {
+    std::size_t Read(char* buffer, std::size_t wanted) {
         if (rest.empty()) rest = next();
         const std::size_t size = rest.copy(buffer, wanted);
         rest.remove_prefix(size);
@@ -38,7 +38,7 @@ DWORD CALLBACK ReadPortion(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* g
     Portions& portions = *reinterpret_cast<Portions*>(cookie);
     try {
         *given = static_cast<LONG>(
-            portions.Give(reinterpret_cast<char*>(buffer), static_cast<std::size_t>(wanted)));
+            portions.Read(reinterpret_cast<char*>(buffer), static_cast<std::size_t>(wanted)));
         return 0;
     } catch (...) {
         portions.failure = std::current_exception();
@@ -47,11 +47,22 @@ DWORD CALLBACK ReadPortion(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* g
     }
 }
 
+const wchar_t* LoadRichEdit() {
+    if (LoadSystemLibrary(L"msftedit.dll")) return L"RICHEDIT50W";
+    if (LoadSystemLibrary(L"riched20.dll")) return L"RichEdit20W";
+    return nullptr;
+}
+
 template <class T>
 LPARAM ToLParam(T& value) {
     return reinterpret_cast<LPARAM>(&value);
 }
 } // namespace
+
+const wchar_t* RichEditClass() {
+    static const wchar_t* const name = LoadRichEdit();
+    return name;
+}
 
 RichEdit::RichEdit(HWND parent) {
     constexpr DWORD style = WS_CHILD | WS_CLIPSIBLINGS | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE |
@@ -79,7 +90,7 @@ LRESULT RichEdit::Send(UINT message, WPARAM wParam, LPARAM lParam) const {
 }
 
 // By the rectangle of the text: not every version of the control knows of margins.
-void RichEdit::Place(const Rect& bounds) {
+void RichEdit::SetBounds(const Rect& bounds) {
     SetWindowPos(window_, nullptr, bounds.left, bounds.top, bounds.width, bounds.height,
                  SWP_NOZORDER | SWP_NOACTIVATE);
     RECT text = {};
@@ -139,7 +150,7 @@ void RichEdit::Select(CHARRANGE range) {
     Send(EM_EXSETSEL, 0, ToLParam(range));
 }
 
-LONG RichEdit::LineOf(TextPos position) const {
+LONG RichEdit::LineFromChar(TextPos position) const {
     return static_cast<LONG>(Send(EM_EXLINEFROMCHAR, 0, position));
 }
 
@@ -170,17 +181,17 @@ void RichEdit::ScrollToPoint(POINT point) {
     Send(EM_SETSCROLLPOS, 0, ToLParam(point));
 }
 
-void RichEdit::BringIntoView(TextPos position) {
+void RichEdit::ScrollIntoView(TextPos position) {
     ComPtr<IUnknown> ole;
-    if (!Send(EM_GETOLEINTERFACE, 0, reinterpret_cast<LPARAM>(ole.Put())) || !ole) return;
+    if (!Send(EM_GETOLEINTERFACE, 0, reinterpret_cast<LPARAM>(ole.GetAddressOf())) || !ole) return;
     ComPtr<ITextDocument> document;
     ComPtr<ITextRange> range;
-    if (FAILED(ole->QueryInterface(textDocument, document.PutVoid()))) return;
-    if (FAILED(document->Range(position, position, range.Put())) || !range) return;
+    if (FAILED(ole->QueryInterface(textDocument, &document))) return;
+    if (FAILED(document->Range(position, position, &range)) || !range) return;
     range->ScrollIntoView(tomStart);
 }
 
-POINT RichEdit::PointOf(TextPos position) const {
+POINT RichEdit::PosFromChar(TextPos position) const {
     POINTL point = {};
     Send(EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&point), position);
     return {point.x, point.y};
@@ -208,7 +219,7 @@ void RichEdit::SetBackColor(Color color) {
 
 void RichEdit::SetRightMargin(int twips) {
     Send(EM_SHOWSCROLLBAR, SB_HORZ, twips > 0);
-    if (twips <= 0 || twips > widestColumn) {
+    if (twips <= 0 || twips > maxColumnWidth) {
         Send(EM_SETTARGETDEVICE, 0, twips > 0 ? 1 : 0); // 1: lines do not wrap at all
         return;
     }
@@ -217,13 +228,13 @@ void RichEdit::SetRightMargin(int twips) {
     if (!Send(EM_SETTARGETDEVICE, reinterpret_cast<WPARAM>(screen), twips)) DeleteDC(screen);
 }
 
-RichEditPause::RichEditPause(RichEdit& control)
+RedrawPause::RedrawPause(RichEdit& control)
     : control_(control), visible_(IsWindowVisible(control.Handle())) {
     // Only where it is seen: the end of the pause would show a hidden window.
     if (visible_) SendMessageW(control_.Handle(), WM_SETREDRAW, FALSE, 0);
 }
 
-RichEditPause::~RichEditPause() {
+RedrawPause::~RedrawPause() {
     if (!visible_) return;
     SendMessageW(control_.Handle(), WM_SETREDRAW, TRUE, 0);
     RedrawWindow(control_.Handle(), nullptr, nullptr,

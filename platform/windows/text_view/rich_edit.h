@@ -3,13 +3,15 @@
 #pragma once
 
 #include "platform/text_view.h"
-#include "platform/windows/win32.h"
+#include "platform/windows/base/win32.h"
 
 #include <richedit.h>
 
 #include <functional>
 #include <string>
 #include <string_view>
+
+const wchar_t* RichEditClass(); // null where the system has no such control
 
 class RichEdit {
   public:
@@ -31,22 +33,22 @@ class RichEdit {
     CHARRANGE Selection() const;
     void Select(CHARRANGE range); // may scroll to the caret
 
-    LONG LineOf(TextPos position) const;
+    LONG LineFromChar(TextPos position) const;
     TextPos LineStart(LONG line) const;
     TextPos NextLineStart(LONG line, TextPos start) const; // or the end of the text
     LONG FirstVisibleLine() const;
     void ScrollLines(LONG lines); // as far as there are any
     POINT ScrollPoint() const;
     void ScrollToPoint(POINT point);
-    void BringIntoView(TextPos position);  // scrolls no further than it takes; not without its OLE
-    POINT PointOf(TextPos position) const; // of the client area
+    void ScrollIntoView(TextPos position); // scrolls no further than it takes; not without its OLE
+    POINT PosFromChar(TextPos position) const; // of the client area
     LONG ClientWidth() const;
 
     void SetDefaultFormat(const CHARFORMAT2W& format); // of the plain text to come
     void FormatSelectedParagraphs(const PARAFORMAT2& format);
     void SetBackColor(Color color);
-    void Place(const Rect& bounds); // in its parent; the text keeps a margin at the sides
-    void SetRightMargin(int twips); // 0 wraps at the control's edge
+    void SetBounds(const Rect& bounds); // in its parent; the text keeps a margin at the sides
+    void SetRightMargin(int twips);     // 0 wraps at the control's edge
 
   private:
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
@@ -56,12 +58,12 @@ class RichEdit {
 };
 
 // Keeps a visible control from painting while it lives.
-class RichEditPause {
+class RedrawPause {
   public:
-    explicit RichEditPause(RichEdit& control);
-    ~RichEditPause();
-    RichEditPause(const RichEditPause&) = delete;
-    RichEditPause& operator=(const RichEditPause&) = delete;
+    explicit RedrawPause(RichEdit& control);
+    ~RedrawPause();
+    RedrawPause(const RedrawPause&) = delete;
+    RedrawPause& operator=(const RedrawPause&) = delete;
 
   private:
     RichEdit& control_;

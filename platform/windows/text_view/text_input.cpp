@@ -1,8 +1,8 @@
 #include "platform/windows/text_view/text_input.h"
 
+#include "platform/windows/base/handler.h"
 #include "platform/windows/text_view/text_keys.h"
-#include "platform/windows/win_dropped_files.h"
-#include "platform/windows/win_handler.h"
+#include "platform/windows/window/win_drops.h"
 
 #include <commctrl.h>
 #include <ole2.h>
@@ -13,7 +13,7 @@
 
 namespace {
 constexpr UINT_PTR subclassId = 1;
-constexpr UINT fillDue = WM_APP + 0x51; // the control has none of its own there
+constexpr UINT refillMessage = WM_APP + 0x51; // the control has none of its own there
 
 // Below the caret, within the control.
 POINT CaretPoint(HWND window) {
@@ -29,7 +29,7 @@ POINT CaretPoint(HWND window) {
     return point;
 }
 
-void AskForContextMenu(TextInputEvents& events, HWND window, LPARAM where) {
+void RequestContextMenu(TextInputEvents& events, HWND window, LPARAM where) {
     const bool byKeyboard = where == -1;
     if (!events.onContextMenu) return;
     events.onContextMenu(byKeyboard ? CaretPoint(window)
@@ -37,27 +37,28 @@ void AskForContextMenu(TextInputEvents& events, HWND window, LPARAM where) {
 }
 
 // The control's own menus and the system's would both come of a right click passed on.
-void RightClick(TextInputEvents& events, HWND window, LPARAM where) {
+void HandleRightButtonUp(TextInputEvents& events, HWND window, LPARAM where) {
     POINT point = {GET_X_LPARAM(where), GET_Y_LPARAM(where)};
     ClientToScreen(window, &point);
     if (events.onContextMenu) events.onContextMenu(point);
 }
 
 // Whether the message is dealt with here.
-bool Take(TextInputEvents& events, HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+bool HandleMessage(TextInputEvents& events, HWND window, UINT message, WPARAM wParam,
+                   LPARAM lParam) {
     switch (message) {
     case WM_MOUSEWHEEL: return (GET_KEYSTATE_WPARAM(wParam) & MK_CONTROL) != 0; // it would zoom
-    case WM_RBUTTONUP: RightClick(events, window, lParam); return true;
-    case WM_CONTEXTMENU: AskForContextMenu(events, window, lParam); return true;
+    case WM_RBUTTONUP: HandleRightButtonUp(events, window, lParam); return true;
+    case WM_CONTEXTMENU: RequestContextMenu(events, window, lParam); return true;
     case WM_DROPFILES:
-        events.onDrop(window, TakeDroppedFiles(reinterpret_cast<HDROP>(wParam)));
+        events.onDrop(window, FinishDrop(reinterpret_cast<HDROP>(wParam)));
         return true;
     case WM_SETCURSOR:
         if (events.pointer != Pointer::Hourglass || LOWORD(lParam) != HTCLIENT) return false;
         SetCursor(LoadCursorW(nullptr, IDC_WAIT));
         return true;
-    case fillDue: // destroys this window
-        CallHandler(events.onFillDue);
+    case refillMessage: // destroys this window
+        CallHandler(events.onRefill);
         return true;
     case WM_COPY: CallHandler(events.onCopy); return true;
     case WM_CHAR:
@@ -70,16 +71,16 @@ bool Take(TextInputEvents& events, HWND window, UINT message, WPARAM wParam, LPA
     case EM_REDO:
     case EM_PASTESPECIAL: return true;
     case WM_KEYDOWN:
-    case WM_SYSKEYDOWN: return TakeTextKey(window, static_cast<int>(wParam));
-    case WM_KEYUP: return TakeTextKeyUp(window, static_cast<int>(wParam));
+    case WM_SYSKEYDOWN: return HandleTextKeyDown(window, static_cast<int>(wParam));
+    case WM_KEYUP: return HandleTextKeyUp(window, static_cast<int>(wParam));
     default: return false;
     }
 }
 
-LRESULT CALLBACK TextProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                               DWORD_PTR data) {
-    if (message == WM_NCDESTROY) RemoveWindowSubclass(window, TextProcedure, subclassId);
-    if (Take(*reinterpret_cast<TextInputEvents*>(data), window, message, wParam, lParam))
+LRESULT CALLBACK SubclassProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                              DWORD_PTR data) {
+    if (message == WM_NCDESTROY) RemoveWindowSubclass(window, SubclassProc, subclassId);
+    if (HandleMessage(*reinterpret_cast<TextInputEvents*>(data), window, message, wParam, lParam))
         return message == WM_SETCURSOR;
     return DefSubclassProc(window, message, wParam, lParam);
 }
@@ -87,17 +88,17 @@ LRESULT CALLBACK TextProcedure(HWND window, UINT message, WPARAM wParam, LPARAM 
 
 void AttachInput(RichEdit& control, TextInputEvents& events) {
     if (!control.Handle()) return;
-    SetWindowSubclass(control.Handle(), TextProcedure, subclassId,
+    SetWindowSubclass(control.Handle(), SubclassProc, subclassId,
                       reinterpret_cast<DWORD_PTR>(&events));
     RevokeDragDrop(control.Handle()); // it would take the files' place
     DragAcceptFiles(control.Handle(), TRUE);
 }
 
-void PostFillDue(HWND control) {
-    PostMessageW(control, fillDue, 0, 0);
+void PostRefill(HWND control) {
+    PostMessageW(control, refillMessage, 0, 0);
 }
 
-void ShowPointer(HWND control) {
+void UpdateCursor(HWND control) {
     POINT mouse = {};
     if (!GetCursorPos(&mouse) || WindowFromPoint(mouse) != control) return;
     SendMessageW(control, WM_SETCURSOR, reinterpret_cast<WPARAM>(control),

@@ -13,10 +13,10 @@ struct TextInputEvents {
     std::function<void(POINT onScreen)> onContextMenu;
     std::function<void(HWND control, std::vector<std::u16string> paths)> onDrop;
     std::function<void()> onCopy;
-    std::function<void()> onFillDue;
+    std::function<void()> onRefill;
     Pointer pointer = Pointer::Default;
 };
 
 void AttachInput(RichEdit& control, TextInputEvents& events);
-void PostFillDue(HWND control); // `onFillDue` will be called by the message loop
-void ShowPointer(HWND control); // when the mouse is over it
+void PostRefill(HWND control);   // `onRefill` will be called by the message loop
+void UpdateCursor(HWND control); // when the mouse is over it

@@ -13,7 +13,7 @@ bool MovesCaret(int key) {
 
 // With Ctrl the control would align, space, number and change the case of paragraphs, and copy in
 // formats of its own.
-bool IsControlsOwn(int key, bool control) {
+bool IsHandledByControl(int key, bool control) {
     return key == 'A' ? control && !IsDown(VK_SHIFT) : MovesCaret(key);
 }
 
@@ -43,16 +43,16 @@ bool IsAtEnd(HWND control, int key) {
     return false;
 }
 
-void AskForContextMenu(HWND control) {
+void RequestContextMenu(HWND control) {
     SendMessageW(control, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control), -1);
 }
 } // namespace
 
-bool TakeTextKey(HWND control, int key) {
+bool HandleTextKeyDown(HWND control, int key) {
     if (IsModifier(key)) return false;
     if (key == VK_F10) {
         if (!IsDown(VK_SHIFT)) return false; // the menu bar's
-        AskForContextMenu(control);
+        RequestContextMenu(control);
         return true;
     }
     if (IsDown(VK_MENU)) // with Ctrl a keyboard types; else undo, and a character by its code
@@ -61,11 +61,11 @@ bool TakeTextKey(HWND control, int key) {
         SendMessageW(control, EM_SCROLL, IsDown(VK_SHIFT) ? SB_PAGEUP : SB_PAGEDOWN, 0);
         return true;
     }
-    return !IsControlsOwn(key, IsDown(VK_CONTROL)) || IsAtEnd(control, key);
+    return !IsHandledByControl(key, IsDown(VK_CONTROL)) || IsAtEnd(control, key);
 }
 
-bool TakeTextKeyUp(HWND control, int key) {
+bool HandleTextKeyUp(HWND control, int key) {
     if (key != VK_APPS) return false;
-    AskForContextMenu(control);
+    RequestContextMenu(control);
     return true;
 }

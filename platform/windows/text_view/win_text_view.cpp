@@ -4,7 +4,7 @@
 #include "common/line_ends.h"
 #include "formats/rtf/rtf_reader.h"
 #include "formats/rtf/rtf_writer.h"
-#include "platform/windows/text_view/control_text.h"
+#include "platform/windows/portable/text_map.h"
 
 #include <algorithm>
 
@@ -19,7 +19,7 @@ WinTextView::WinTextView(HWND parent) : parent_(parent) {
     input_.onCopy = [this] {
         if (onCopy) onCopy();
     };
-    input_.onFillDue = [this] { Control(); };
+    input_.onRefill = [this] { Control(); };
     Control();
 }
 
@@ -41,12 +41,12 @@ void WinTextView::LoadRichText(std::string bytes, int systemCodePage) {
 void WinTextView::Load(Document document, bool plain) {
     document_ = std::move(document);
     plain_ = plain;
-    look_.fontForAll = false;
-    look_.alignment.reset();
+    style_.fontForAll = false;
+    style_.alignment.reset();
     top_ = {};
     selStart_ = selEnd_ = 0;
     filled_ = false;
-    PostFillDue(control_->Handle());
+    PostRefill(control_->Handle());
 }
 
 RichEdit& WinTextView::Control() const {
@@ -60,55 +60,51 @@ void WinTextView::Fill() const {
     filled_ = true;
     FillControl();
     control_->Select({map_.ToControl(selStart_), map_.ToControl(selEnd_)});
-    ShowTop(top_.position, top_.asked);
+    ShowTop(top_.position, top_.requested);
     AttachInput(*control_, input_);
-    TakeOldPlace(old.get());
+    ShowInPlaceOf(old.get());
 }
 
 // Format and size first, so that the text is laid out once.
 void WinTextView::FillControl() const {
-    Place(*control_);
-    control_->SetBackColor(look_.backColor);
-    control_->SetRightMargin(look_.rightMargin);
-    control_->SetDefaultFormat(FontFormat(look_.font));
-    control_->SetDefaultFormat(ColorFormat(look_));
+    control_->SetBounds(bounds_);
+    control_->SetBackColor(style_.backColor);
+    control_->SetRightMargin(style_.rightMargin);
+    control_->SetDefaultFormat(FontFormat(style_.font));
+    control_->SetDefaultFormat(ColorFormat(style_));
     StreamDocument();
     const bool same = plain_ && control_->Length() == TextLength();
     map_ = same ? TextMap() : TextMap(document_.text, control_->Text());
-    roomBelow_ = 0;
+    spaceBelow_ = 0;
 }
 
 // Plain text takes no alignment with it.
 void WinTextView::StreamDocument() const {
-    if (!plain_) return control_->StreamRtf(DressedRtf(document_, look_));
-    if (look_.alignment.value_or(Alignment::Left) == Alignment::Left)
+    if (!plain_) return control_->StreamRtf(StyledRtf(document_, style_));
+    if (style_.alignment.value_or(Alignment::Left) == Alignment::Left)
         return control_->StreamPlain(document_.text);
     Document document;
     document.text = ToControlText(document_.text);
     std::replace(document.text.begin(), document.text.end(), u'\r', u'\n');
-    TextLook look = look_;
-    look.fontForAll = true;
-    control_->StreamRtf(DressedRtf(document, look));
+    TextStyle style = style_;
+    style.fontForAll = true;
+    control_->StreamRtf(StyledRtf(document, style));
 }
 
-void WinTextView::TakeOldPlace(const RichEdit* old) const {
+void WinTextView::ShowInPlaceOf(const RichEdit* old) const {
     const bool focused = old && old->Handle() && GetFocus() == old->Handle();
     if (visible_) ShowWindow(control_->Handle(), SW_SHOWNA);
     if (focused) ::SetFocus(control_->Handle());
 }
 
-// The same text in another look.
+// The same text in another style.
 void WinTextView::Refill() {
     if (!filled_) return;
     selStart_ = SelStart();
     selEnd_ = selStart_ + SelLength();
     top_ = CurrentTop();
     filled_ = false;
-    PostFillDue(control_->Handle());
-}
-
-void WinTextView::Place(RichEdit& control) const {
-    control.Place(bounds_);
+    PostRefill(control_->Handle());
 }
 
 TextPos WinTextView::TextLength() const {
@@ -127,7 +123,7 @@ std::u16string WinTextView::TextRange(TextPos start, TextPos length) const {
 void WinTextView::Select(TextPos start, TextPos length) {
     const TextPos from = Clamp(start), to = from + std::clamp(length, 0, TextLength() - from);
     RichEdit& control = Control();
-    KeepingScroll([&] { control.Select({map_.ToControl(from), map_.ToControl(to)}); });
+    PreserveScroll([&] { control.Select({map_.ToControl(from), map_.ToControl(to)}); });
 }
 
 TextPos WinTextView::SelStart() const {
@@ -151,11 +147,11 @@ std::string WinTextView::SelectionAsRtf() const {
     if (!plain_) return WriteRtf(document_, SelStart(), SelLength());
     Document selected;
     selected.text = TextRange(SelStart(), SelLength());
-    TextLook look = look_;
-    look.fontForAll = look.autoColor = true;
-    look.backColor = 0xFFFFFF;
-    look.alignment.reset();
-    return WriteRtf(Dressed(std::move(selected), look));
+    TextStyle style = style_;
+    style.fontForAll = style.autoColor = true;
+    style.backColor = 0xFFFFFF;
+    style.alignment.reset();
+    return WriteRtf(WithStyle(std::move(selected), style));
 }
 
 void WinTextView::SetBounds(const Rect& bounds) {
@@ -163,9 +159,9 @@ void WinTextView::SetBounds(const Rect& bounds) {
     bounds_ = bounds;
     if (!filled_) return;
     const Top top = CurrentTop();
-    const RichEditPause pause(*control_);
-    Place(*control_);
-    ShowTop(top.position, top.asked);
+    const RedrawPause pause(*control_);
+    control_->SetBounds(bounds_);
+    ShowTop(top.position, top.requested);
 }
 
 void WinTextView::SetVisible(bool visible) {
@@ -175,7 +171,7 @@ void WinTextView::SetVisible(bool visible) {
 
 void WinTextView::SetPointer(Pointer pointer) {
     input_.pointer = pointer;
-    ShowPointer(control_->Handle());
+    UpdateCursor(control_->Handle());
 }
 
 void WinTextView::FocusView() {

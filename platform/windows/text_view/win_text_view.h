@@ -1,14 +1,14 @@
 // The text view on the system's rich-edit control. Each text gets a control of its own: a fresh one
 // is filled unseen and takes the old one's place, which costs less than to empty the old one. That
-// is put off until something is asked of it, or the message loop runs, so that loading a text and
-// giving it a look costs one layout.
+// is put off until something is requested of it, or the message loop runs, so that loading a text
+// and giving it a style costs one layout.
 #pragma once
 
 #include "platform/text_view.h"
 #include "platform/windows/text_view/text_input.h"
-#include "platform/windows/text_view/text_look.h"
-#include "platform/windows/text_view/text_map.h"
-#include "platform/windows/win_drops.h"
+#include "platform/windows/portable/text_map.h"
+#include "platform/windows/text_view/text_style.h"
+#include "platform/windows/window/win_drops.h"
 
 #include <memory>
 #include <optional>
@@ -42,11 +42,11 @@ class WinTextView : public TextView {
 
     void SetFont(const ViewFont&) override;
     void ApplyFontToAll() override;
-    bool AutoColor() const override { return look_.autoColor; }
+    bool AutoColor() const override { return style_.autoColor; }
     void SetAutoColor(bool on) override;
-    Color TextColor() const override { return look_.textColor; }
+    Color TextColor() const override { return style_.textColor; }
     void SetTextColor(Color color) override;
-    Color BackColor() const override { return look_.backColor; }
+    Color BackColor() const override { return style_.backColor; }
     void SetBackColor(Color color) override;
     void SetAlignment(Alignment alignment) override;
     void SetRightMargin(int twips) override;
@@ -59,10 +59,10 @@ class WinTextView : public TextView {
   private:
     // The line at the top, for as long as nobody scrolls.
     struct Top {
-        TextPos position = 0; // a character of it
-        bool asked = true;    // for by ScrollLineToTop; else found there
-        bool reached = true;  // by the control
-        LONG line = 0;        // what the control had at the top then
+        TextPos position = 0;  // a character of it
+        bool requested = true; // for by ScrollLineToTop; else found there
+        bool reached = true;   // by the control
+        LONG line = 0;         // what the control had at the top then
         POINT scrolled = {};
     };
 
@@ -71,26 +71,25 @@ class WinTextView : public TextView {
     void Fill() const;
     void FillControl() const;
     void StreamDocument() const;
-    void TakeOldPlace(const RichEdit* old) const;
+    void ShowInPlaceOf(const RichEdit* old) const;
     void Refill();
-    void Place(RichEdit& control) const;
-    void KeepingScroll(const std::function<void()>& change) const;
+    void PreserveScroll(const std::function<void()>& change) const;
 
-    bool IsAsPlaced() const;
+    bool IsScrollUnchanged() const;
     Top CurrentTop() const;
-    void ShowTop(TextPos position, bool asked) const;
-    bool NeedsRoom(LONG line) const;
-    void Approach(LONG line) const;
+    void ShowTop(TextPos position, bool requested) const;
+    bool NeedsSpaceBelow(LONG line) const;
+    void ScrollLinesTo(LONG line) const;
     bool ScrollTo(LONG line) const;
     void ScrollToPointIn(LONG line, POINT point) const;
-    void MakeRoomBelow(int twips) const;
+    void SetSpaceBelow(int twips) const;
     TextPos Clamp(TextPos position) const;
     std::pair<LONG, LONG> SpanInLine(TextPos start, TextPos length) const;
 
     HWND parent_;
     Document document_;
     bool plain_ = true;
-    TextLook look_;
+    TextStyle style_;
     Rect bounds_{0, 0, 640, 400}; // a view of no width would cost dear to lay out
     bool visible_ = false;
     POINT contextPoint_ = {};
@@ -102,6 +101,6 @@ class WinTextView : public TextView {
     mutable bool filled_ = false; // else it still shows what was there before
     mutable TextMap map_;
     mutable Top top_;
-    mutable int roomBelow_ = 0; // twips after the text, so that its last lines can be at the top
+    mutable int spaceBelow_ = 0; // twips after the text, so that its last lines can be at the top
     TextPos selStart_ = 0, selEnd_ = 0; // once it is filled
 };

@@ -15,7 +15,7 @@ int TwipsOfHeight(HWND window, int pixels) {
 
 LineSpan WinTextView::LineAround(TextPos position) const {
     const RichEdit& control = Control();
-    const LONG line = control.LineOf(map_.ToControl(Clamp(position)));
+    const LONG line = control.LineFromChar(map_.ToControl(Clamp(position)));
     const TextPos first = control.LineStart(line), start = Clamp(map_.ToBook(first));
     TextPos end = Clamp(map_.ToBook(control.NextLineStart(line, first)));
     if (end > start && document_.text[static_cast<std::size_t>(end - 1)] == u'\n') --end;
@@ -24,50 +24,51 @@ LineSpan WinTextView::LineAround(TextPos position) const {
 
 TextPos WinTextView::FirstVisibleChar() const {
     const RichEdit& control = Control();
-    if (IsAsPlaced() && (top_.asked || top_.reached)) return LineAround(top_.position).start;
+    if (IsScrollUnchanged() && (top_.requested || top_.reached))
+        return LineAround(top_.position).start;
     return Clamp(map_.ToBook(control.LineStart(control.FirstVisibleLine())));
 }
 
 void WinTextView::ScrollLineToTop(TextPos position) {
-    const RichEditPause pause(Control());
+    const RedrawPause pause(Control());
     ShowTop(Clamp(position), true);
 }
 
-bool WinTextView::IsAsPlaced() const {
+bool WinTextView::IsScrollUnchanged() const {
     const POINT now = control_->ScrollPoint();
     return now.y == top_.scrolled.y && control_->FirstVisibleLine() == top_.line;
 }
 
 WinTextView::Top WinTextView::CurrentTop() const {
-    if (IsAsPlaced() && (top_.asked || top_.reached)) return top_;
+    if (IsScrollUnchanged() && (top_.requested || top_.reached)) return top_;
     Top top;
     top.position = FirstVisibleChar();
-    top.asked = false;
+    top.requested = false;
     return top;
 }
 
-// Where the text below does not fill the view, room is made for a line that was asked for. A line
-// that the reader had scrolled to goes down with the text's end instead.
-void WinTextView::ShowTop(TextPos position, bool asked) const {
-    const auto line = [&] { return control_->LineOf(map_.ToControl(position)); };
-    if (roomBelow_ > 0 && !(asked && NeedsRoom(line()))) MakeRoomBelow(0);
+// Where the text below does not fill the view, room is made for a line that was requested for. A
+// line that the reader had scrolled to goes down with the text's end instead.
+void WinTextView::ShowTop(TextPos position, bool requested) const {
+    const auto line = [&] { return control_->LineFromChar(map_.ToControl(position)); };
+    if (spaceBelow_ > 0 && !(requested && NeedsSpaceBelow(line()))) SetSpaceBelow(0);
     bool reached = ScrollTo(line());
-    if (!reached && asked) {
-        MakeRoomBelow(TwipsOfHeight(control_->Handle(), bounds_.height));
+    if (!reached && requested) {
+        SetSpaceBelow(TwipsOfHeight(control_->Handle(), bounds_.height));
         reached = ScrollTo(line());
     }
-    top_ = {position, asked, reached, control_->FirstVisibleLine(), control_->ScrollPoint()};
+    top_ = {position, requested, reached, control_->FirstVisibleLine(), control_->ScrollPoint()};
 }
 
 // Whether the text from the line on does not fill the view.
-bool WinTextView::NeedsRoom(LONG line) const {
-    const LONG top = control_->PointOf(control_->LineStart(line)).y;
-    return control_->PointOf(control_->Length()).y - top < bounds_.height;
+bool WinTextView::NeedsSpaceBelow(LONG line) const {
+    const LONG top = control_->PosFromChar(control_->LineStart(line)).y;
+    return control_->PosFromChar(control_->Length()).y - top < bounds_.height;
 }
 
 // By lines, which may be of other heights than the control thinks; some controls lay out the lines
 // between only on the way.
-void WinTextView::Approach(LONG line) const {
+void WinTextView::ScrollLinesTo(LONG line) const {
     constexpr int maxTries = 10;
     for (int i = 0; i < maxTries && control_->FirstVisibleLine() != line; ++i)
         control_->ScrollLines(line - control_->FirstVisibleLine());
@@ -75,16 +76,16 @@ void WinTextView::Approach(LONG line) const {
 
 // Exactly, where the control counts pixels or can bring the line into view.
 bool WinTextView::ScrollTo(LONG line) const {
-    Approach(line);
+    ScrollLinesTo(line);
     const TextPos start = control_->LineStart(line);
-    const auto hidden = [&] { return -control_->PointOf(start).y; };
+    const auto hidden = [&] { return -control_->PosFromChar(start).y; };
     if (hidden() != 0) {
         const POINT now = control_->ScrollPoint();
         ScrollToPointIn(line, {now.x, now.y - hidden()});
     }
     if (hidden() > 0 && control_->FirstVisibleLine() == line) {
-        control_->BringIntoView(start);
-        Approach(line); // some controls go elsewhere
+        control_->ScrollIntoView(start);
+        ScrollLinesTo(line); // some controls go elsewhere
     }
     return control_->FirstVisibleLine() == line;
 }
@@ -92,17 +93,17 @@ bool WinTextView::ScrollTo(LONG line) const {
 // The control tells and takes places in 16 bits: in a long text one step is many lines.
 void WinTextView::ScrollToPointIn(LONG line, POINT point) const {
     control_->ScrollToPoint(point);
-    Approach(line);
+    ScrollLinesTo(line);
 }
 
-void WinTextView::MakeRoomBelow(int twips) const {
-    if (twips == roomBelow_) return;
-    roomBelow_ = twips;
+void WinTextView::SetSpaceBelow(int twips) const {
+    if (twips == spaceBelow_) return;
+    spaceBelow_ = twips;
     PARAFORMAT2 format = {};
     format.cbSize = sizeof format;
     format.dwMask = PFM_SPACEAFTER;
     format.dySpaceAfter = twips;
-    KeepingScroll([&] {
+    PreserveScroll([&] {
         const CHARRANGE selection = control_->Selection();
         const TextPos end = control_->Length();
         control_->Select({end, end});
@@ -112,12 +113,12 @@ void WinTextView::MakeRoomBelow(int twips) const {
 }
 
 // The control would bring the caret into view.
-void WinTextView::KeepingScroll(const std::function<void()>& change) const {
-    const RichEditPause pause(*control_);
+void WinTextView::PreserveScroll(const std::function<void()>& change) const {
+    const RedrawPause pause(*control_);
     const LONG line = control_->FirstVisibleLine();
     const POINT before = control_->ScrollPoint();
     change();
-    Approach(line);
+    ScrollLinesTo(line);
     const POINT after = control_->ScrollPoint();
     if (after.x != before.x || after.y != before.y) ScrollToPointIn(line, before);
 }
@@ -126,16 +127,17 @@ void WinTextView::KeepingScroll(const std::function<void()>& change) const {
 std::pair<LONG, LONG> WinTextView::SpanInLine(TextPos start, TextPos length) const {
     const LineSpan line = LineAround(start);
     const TextPos last = std::min(start + length, line.start + line.length);
-    const POINT from = control_->PointOf(map_.ToControl(start));
-    POINT to = control_->PointOf(map_.ToControl(last));
-    if (to.y != from.y) to = control_->PointOf(map_.ToControl(last) - 1); // the next line's start
+    const POINT from = control_->PosFromChar(map_.ToControl(start));
+    POINT to = control_->PosFromChar(map_.ToControl(last));
+    if (to.y != from.y)
+        to = control_->PosFromChar(map_.ToControl(last) - 1); // the next line's start
     return {from.x, to.x};
 }
 
 // The control takes places in 16 bits: further to the right it finds its way by itself.
 void WinTextView::ScrollIntoViewHorizontally(TextPos start, TextPos length) {
     constexpr LONG maxRoom = 64; // pixels of the line shown beside the stretch
-    const RichEditPause pause(Control());
+    const RedrawPause pause(Control());
     const TextPos first = Clamp(start), most = TextLength() - first;
     const auto span = [&] { return SpanInLine(first, std::clamp(length, 0, most)); };
     const LONG width = control_->ClientWidth(), room = std::min(width / 4, maxRoom);
@@ -148,6 +150,6 @@ void WinTextView::ScrollIntoViewHorizontally(TextPos start, TextPos length) {
     const LONG by = endsLeft ? right + room - width : std::min(left - room, right + room - width);
     control_->ScrollToPoint({std::max(0L, now.x + by), now.y});
     if (const LONG x = span().first; x < 0 || x >= width)
-        control_->BringIntoView(map_.ToControl(first));
-    ShowTop(top.position, top.asked);
+        control_->ScrollIntoView(map_.ToControl(first));
+    ShowTop(top.position, top.requested);
 }

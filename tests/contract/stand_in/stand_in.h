@@ -3,7 +3,7 @@
 // fails the call that it is told to.
 #pragma once
 
-#include "platform/windows/win32.h"
+#include "platform/windows/base/win32.h"
 
 #include <functional>
 #include <map>

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-int StandInContent::LineOf(int position) const {
+int StandInContent::LineFromChar(int position) const {
     const auto end = page.text.begin() + std::clamp(position, 0, Length());
     return static_cast<int>(std::count(page.text.begin(), end, L'\n'));
 }
@@ -20,11 +20,11 @@ int StandInContent::LineStart(int line) const {
 
 int StandInContent::TopOf(int position) const {
     const int first = StandIn::Edge + world.ownMargin + world.textTop;
-    return first + LineOf(position) * StandIn::LineHeight;
+    return first + LineFromChar(position) * StandIn::LineHeight;
 }
 
 int StandInContent::LeftOf(int position) const {
-    return StandIn::Edge + (position - LineStart(LineOf(position))) * StandIn::CellWidth;
+    return StandIn::Edge + (position - LineStart(LineFromChar(position))) * StandIn::CellWidth;
 }
 
 int StandInContent::At(int left, int top) const {

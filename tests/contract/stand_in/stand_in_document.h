@@ -13,7 +13,7 @@ struct StandInContent {
     int selectionStart = 0, selectionEnd = 0;
 
     int Length() const { return static_cast<int>(page.text.size()); }
-    int LineOf(int position) const;
+    int LineFromChar(int position) const;
     int LineStart(int line) const;
     int TopOf(int position) const; // from the page's top edge
     int LeftOf(int position) const;

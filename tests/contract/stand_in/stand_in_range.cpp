@@ -181,8 +181,8 @@ TableOf<IHTMLTextRangeMetrics>& MetricsTable() {
         made.get_boundingHeight = [](IHTMLTextRangeMetrics* self, long* height) -> HRESULT {
             Range& range = ObjectOf<Range>(self);
             return range.World().Count([&] {
-                const int lines =
-                    1 + range.content.LineOf(range.end) - range.content.LineOf(range.start);
+                const int lines = 1 + range.content.LineFromChar(range.end) -
+                                  range.content.LineFromChar(range.start);
                 *height = lines * StandIn::LineHeight;
             });
         };

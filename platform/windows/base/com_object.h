@@ -1,0 +1,41 @@
+// Implementing COM objects.
+#pragma once
+
+#include "platform/windows/base/com_ptr.h"
+
+// Reference-counted, starting at one. The count is interlocked: the engine also uses threads of its
+// own.
+template <typename... Interfaces>
+class ComObject : public Interfaces... {
+  public:
+    ComObject() = default;
+    ComObject(const ComObject&) = delete;
+    ComObject& operator=(const ComObject&) = delete;
+
+    ULONG STDMETHODCALLTYPE AddRef() noexcept override {
+        return static_cast<ULONG>(InterlockedIncrement(&count_));
+    }
+    ULONG STDMETHODCALLTYPE Release() noexcept override {
+        const LONG left = InterlockedDecrement(&count_);
+        if (left == 0) delete this;
+        return static_cast<ULONG>(left);
+    }
+
+  protected:
+    virtual ~ComObject() = default;
+
+  private:
+    LONG count_ = 1;
+};
+
+// Implements QueryInterface for the named interfaces; the first one serves as IUnknown.
+template <typename First, typename... Rest, typename Object>
+HRESULT FindInterface(Object* object, REFIID id, void** found) noexcept {
+    if (!found) return E_POINTER;
+    *found = nullptr;
+    if (id == __uuidof(IUnknown) || id == __uuidof(First)) *found = static_cast<First*>(object);
+    ((id == __uuidof(Rest) ? void(*found = static_cast<Rest*>(object)) : void()), ...);
+    if (!*found) return E_NOINTERFACE;
+    object->AddRef();
+    return S_OK;
+}

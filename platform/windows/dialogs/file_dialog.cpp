@@ -1,0 +1,84 @@
+#include "platform/windows/dialogs/common_dialogs.h"
+
+#include "common/text.h"
+#include "platform/windows/base/text.h"
+
+#include <cderr.h>
+#include <commdlg.h>
+#include <objbase.h>
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::size_t MaxPathLength = 32'768; // units, with the NUL: the system's own limit
+
+// The dialog uses shell objects, which need a COM apartment.
+class ComApartment {
+  public:
+    ComApartment() : joined_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
+    ~ComApartment() {
+        if (joined_) CoUninitialize();
+    }
+    ComApartment(const ComApartment&) = delete;
+    ComApartment& operator=(const ComApartment&) = delete;
+
+  private:
+    const bool joined_;
+};
+
+// OPENFILENAME::lpstrFilter: pairs of name and pattern, each ended by a NUL, and one more NUL.
+std::wstring NativeFilter(const OpenFileRequest& request) {
+    const auto parts = Split(request.filter, u"|");
+    std::wstring native;
+    for (std::size_t i = 0; i + 1 < parts.size(); i += 2) {
+        const bool listsMore = i / 2 < request.listed.size() && !request.listed[i / 2].empty();
+        native += ToWide(parts[i]) + L'\0';
+        native += ToWide(listsMore ? request.listed[i / 2] : parts[i + 1]) + L'\0';
+    }
+    return native + L'\0';
+}
+
+// The dialog accepts only "\" in lpstrInitialDir and lpstrFile.
+std::wstring WithBackslashes(const std::u16string& path) {
+    std::wstring native = ToWide(path);
+    std::replace(native.begin(), native.end(), L'/', L'\\');
+    return native;
+}
+
+// Returns CommDlgExtendedError: 0 also for Cancel.
+DWORD Show(HWND owner, const OpenFileRequest& request, std::wstring name, OpenFileAnswer& answer) {
+    const std::wstring title = ToWide(request.title), filter = NativeFilter(request);
+    const std::wstring folder = WithBackslashes(request.initialFolder);
+    name.resize(MaxPathLength, L'\0');
+    name.back() = L'\0';
+    OPENFILENAMEW dialog = {};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = owner;
+    dialog.lpstrFilter = filter.c_str();
+    dialog.nFilterIndex = static_cast<DWORD>(std::max(request.filterIndex, 1));
+    dialog.lpstrFile = name.data();
+    dialog.nMaxFile = static_cast<DWORD>(name.size());
+    dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
+    dialog.lpstrTitle = title.c_str();
+    dialog.Flags =
+        OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+    if (!GetOpenFileNameW(&dialog)) return CommDlgExtendedError();
+    answer.result = DialogResult::Ok;
+    answer.fileName = FromWide(name.c_str());
+    answer.filterIndex = std::max(static_cast<int>(dialog.nFilterIndex), 1);
+    return 0;
+}
+
+} // namespace
+
+OpenFileAnswer AskFile(HWND owner, const OpenFileRequest& request) {
+    const ComApartment apartment;
+    OpenFileAnswer answer;
+    DWORD error = Show(owner, request, WithBackslashes(request.fileName), answer);
+    // An invalid initial name makes the dialog fail: show it without one.
+    if (error == FNERR_INVALIDFILENAME && !request.fileName.empty())
+        error = Show(owner, request, {}, answer);
+    if (error != 0) answer.result = DialogResult::Failed;
+    return answer;
+}

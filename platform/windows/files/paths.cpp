@@ -1,0 +1,99 @@
+#include "platform/windows/files/paths.h"
+
+#include "platform/windows/base/text.h"
+#include "platform/windows/base/win32.h"
+
+#include <string_view>
+
+namespace {
+
+constexpr std::wstring_view Verbatim = L"\\\\?\\", VerbatimServer = L"\\\\?\\UNC\\";
+constexpr std::wstring_view Server = L"\\\\", Device = L"\\\\.\\";
+// A folder's path must leave room for a name of 8.3 characters in it.
+constexpr std::size_t MaxPlainPathLength = MAX_PATH - 13;
+
+bool EqualsIgnoringCase(std::wstring_view a, std::wstring_view b) {
+    return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(),
+                                static_cast<int>(b.size()), TRUE) == CSTR_EQUAL;
+}
+
+std::wstring FullPath(const std::wstring& path) {
+    if (path.starts_with(Verbatim)) return path; // not normalised by the system either
+    std::wstring full(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length =
+            GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
+        const bool fits = length < full.size();
+        full.resize(length);
+        if (fits) return full;
+    }
+}
+
+// The second part of "server\share\...".
+std::wstring_view ShareOf(std::wstring_view serverPath) {
+    const std::size_t start = serverPath.find(L'\\');
+    if (start == serverPath.npos) return {};
+    return serverPath.substr(start + 1, serverPath.find(L'\\', start + 1) - start - 1);
+}
+
+bool IsDriveOrVolume(std::wstring_view rest) {
+    constexpr std::wstring_view volume = L"Volume{";
+    return (rest.size() >= 2 && rest[1] == L':') ||
+           EqualsIgnoringCase(rest.substr(0, volume.size()), volume);
+}
+
+bool IsDevice(std::wstring_view full) {
+    std::wstring_view share;
+    if (EqualsIgnoringCase(full.substr(0, VerbatimServer.size()), VerbatimServer)) {
+        share = ShareOf(full.substr(VerbatimServer.size()));
+    } else if (full.starts_with(Verbatim)) {
+        return !IsDriveOrVolume(full.substr(Verbatim.size()));
+    } else if (full.starts_with(Device)) {
+        return true;
+    } else if (full.starts_with(Server)) {
+        share = ShareOf(full.substr(Server.size()));
+    }
+    for (const std::wstring_view inner : {L"pipe", L"mailslot", L"IPC$"})
+        if (EqualsIgnoringCase(share, inner)) return true;
+    return false;
+}
+
+bool IsInvalidPath(std::wstring_view path) {
+    const std::size_t start = path.starts_with(Verbatim) ? Verbatim.size() : 0;
+    return path.empty() || path.find(L'\0') != path.npos || path.find(L'?', start) != path.npos;
+}
+
+} // namespace
+
+std::optional<std::wstring> NativePath(const std::u16string& path) {
+    const std::wstring wide = ToWide(path);
+    if (IsInvalidPath(wide)) return std::nullopt;
+    const std::wstring full = FullPath(wide);
+    if (full.empty() || IsDevice(full)) return std::nullopt;
+    if (full.size() <= MaxPlainPathLength || full.starts_with(Verbatim)) return full;
+    if (full.starts_with(Server)) {
+        return std::wstring(VerbatimServer).append(full, Server.size());
+    }
+    return std::wstring(Verbatim) + full;
+}
+
+bool NamesDevice(const std::u16string& path) {
+    const std::wstring wide = ToWide(path);
+    return !IsInvalidPath(wide) && IsDevice(FullPath(wide));
+}
+
+std::wstring FolderOf(const std::wstring& path) {
+    return path.substr(0, path.rfind(L'\\'));
+}
+
+std::wstring NameOf(const std::wstring& path) {
+    return path.substr(path.rfind(L'\\') + 1);
+}
+
+std::wstring UppercasePath(const std::wstring& path) {
+    std::wstring folded(path.size(), L'\0');
+    LCMapStringEx(LOCALE_NAME_INVARIANT, LCMAP_UPPERCASE, path.data(),
+                  static_cast<int>(path.size()), folded.data(), static_cast<int>(folded.size()),
+                  nullptr, nullptr, 0);
+    return folded;
+}

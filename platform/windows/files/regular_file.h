@@ -1,0 +1,40 @@
+// A file open for reading.
+#pragma once
+
+#include "common/file_reader.h"
+#include "platform/files.h"
+#include "platform/windows/base/win_handle.h"
+
+#include <optional>
+#include <string>
+
+// Opens a file or a folder that exists; other programs may read, write, rename or delete it
+// meanwhile.
+WinHandle OpenExisting(const std::wstring& path, DWORD access);
+std::optional<BY_HANDLE_FILE_INFORMATION> InformationOf(const WinHandle&);
+std::uint64_t MakeUint64(DWORD high, DWORD low);
+
+// A regular file, or why there is none.
+struct RegularFile {
+    explicit RegularFile(const std::u16string& path);
+
+    // To the end, wherever that is by then: the file may grow or shrink meanwhile.
+    ReadStatus Read(std::uint64_t limit, std::string& bytes) const;
+    ReadStatus ReadStart(std::size_t count, std::string& bytes) const;
+
+    WinHandle handle;
+    ReadStatus status = ReadStatus::NotFound;
+    std::uint64_t size = 0; // when it was opened
+};
+
+// Reads on request. Not mapped into memory: bytes of a share that has gone would then end the
+// program.
+class WinFileReader : public FileReader {
+  public:
+    explicit WinFileReader(RegularFile file) : file_(std::move(file)) {}
+    std::uint64_t Size() const override { return file_.size; }
+    std::size_t ReadAt(std::uint64_t offset, char* to, std::size_t count) const override;
+
+  private:
+    RegularFile file_;
+};

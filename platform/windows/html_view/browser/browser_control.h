@@ -1,0 +1,42 @@
+// The system's browser control in a window of ours.
+#pragma once
+
+#include "platform/windows/html_view/browser/browser_events.h"
+#include "platform/windows/html_view/browser/browser_site.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+// Makes the control; tests put their own in its place.
+using BrowserFactory = std::function<HRESULT(IUnknown** control)>;
+HRESULT CreateSystemBrowser(IUnknown** control);
+
+// No function tells of a failure but by its result; an order that fails does nothing.
+class BrowserControl {
+  public:
+    // Null when there is no control, or it cannot do what we need of it.
+    static std::unique_ptr<BrowserControl> Open(const BrowserFactory&, HWND window, BrowserOwner&);
+    ~BrowserControl();
+    BrowserControl(const BrowserControl&) = delete;
+    BrowserControl& operator=(const BrowserControl&) = delete;
+
+    bool Load(const std::wstring& url);
+    ComPtr<IDispatch> Document() const; // null when there is none
+    void FitWindow();
+    void ActivateUi();
+    bool TranslateAccelerator(const MSG&); // whether it was an accelerator, which is done then
+    bool SetZoom(int percent);
+
+  private:
+    BrowserControl() = default;
+    HRESULT Connect(const BrowserFactory&, HWND, BrowserOwner&);
+    HRESULT Configure();
+    HRESULT Show(LONG verb);
+
+    HWND window_ = nullptr;
+    ComPtr<IOleObject> object_;
+    ComPtr<IWebBrowser2> browser_;
+    ComPtr<BrowserSite> site_;
+    ComPtr<BrowserEvents> events_;
+};

@@ -1,0 +1,27 @@
+#include "platform/windows/html_view/page/page_colors.h"
+
+#include "platform/windows/base/com_values.h"
+#include "platform/windows/portable/css_color.h"
+
+namespace {
+
+using StyleProperty = HRESULT (IHTMLCSSStyleDeclaration::*)(VARIANT*);
+
+std::optional<std::uint32_t> ColorIn(const ComPtr<IHTMLCSSStyleDeclaration>& style,
+                                     StyleProperty property) {
+    Variant color;
+    if (!style || FAILED((style.Get()->*property)(color.Put()))) return std::nullopt;
+    return ParseCssColor(TextOf(&color.Get()));
+}
+
+} // namespace
+
+PageColors ColorsOf(const PageDocument& document) {
+    const auto body = document.ComputedStyle(true), root = document.ComputedStyle(false);
+    auto background = ColorIn(body, &IHTMLCSSStyleDeclaration::get_backgroundColor);
+    if (!background) background = ColorIn(root, &IHTMLCSSStyleDeclaration::get_backgroundColor);
+    PageColors colors;
+    colors.text = ColorIn(body, &IHTMLCSSStyleDeclaration::get_color).value_or(colors.text);
+    colors.background = background.value_or(colors.background);
+    return colors;
+}

@@ -1,8 +1,0 @@
-// The template of a dialog in memory.
-#pragma once
-
-#include "platform/windows/win_dialog.h"
-
-// A DLGTEMPLATEEX, as DialogBoxIndirectW takes it.
-std::vector<WORD> DialogTemplate(const std::wstring& title, short width, short height,
-                                 const std::vector<DialogControl>&);

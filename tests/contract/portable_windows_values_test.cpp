@@ -1,0 +1,47 @@
+#include "platform/windows/portable/css_color.h"
+#include "platform/windows/portable/page_zoom.h"
+#include "platform/windows/portable/quoted_argument.h"
+
+#include <doctest/doctest.h>
+
+TEST_CASE("windows html view: colours of computed styles") {
+    const struct {
+        const wchar_t* text;
+        std::optional<std::uint32_t> color;
+    } table[] = {
+        {L"rgb(1, 2, 3)", 0x010203},
+        {L"rgb(255,128,0)", 0xFF8000},
+        {L"#0A1BFF", 0x0A1BFF},
+        {L"rgba(1, 2, 3, 0.5)", 0x010203},
+        {L"rgba(1, 2, 3, 0)", {}},
+        {L"transparent", {}},
+        {L"", {}},
+        {L"rgb(1, 2", {}},
+        {L"#12", {}},
+    };
+    for (const auto& row : table)
+        CHECK(ParseCssColor(row.text) == row.color);
+}
+
+TEST_CASE("windows arguments: quotes only where they must be") {
+    CHECK((QuotedArgument(L"C:\\books\\a.txt") == L"C:\\books\\a.txt"));
+    CHECK((QuotedArgument(L"C:\\my books\\") == L"\"C:\\my books\\\\\""));
+    CHECK((QuotedArgument(L"") == L"\"\""));
+    CHECK((QuotedArgument(L"a\\\"b") == L"\"a\\\\\\\"b\""));
+}
+
+TEST_CASE("windows html view: zoom steps beyond the last size count") {
+    PageZoom zoom;
+    CHECK(zoom.Percent() == 100);
+    zoom.Move(2);
+    CHECK(zoom.Percent() == 125);
+    zoom.Move(20);
+    CHECK(zoom.Percent() == 500);
+    zoom.Move(-20);
+    CHECK(zoom.Percent() == 125);
+    zoom.Move(-300); // no further than 100 steps
+    CHECK(zoom.Percent() == 25);
+    CHECK(zoom.Steps() == -100);
+    zoom.Move(0);
+    CHECK(zoom.Percent() == 100);
+}
