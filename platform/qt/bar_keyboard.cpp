@@ -47,6 +47,8 @@ bool BarKeyboard::Takes(const QKeyEvent& event) {
     return pressed;
 }
 
+// The bar may have it although nothing in the program has the focus: the X server takes it from the
+// window for a moment as a menu closes, and then Qt gives it back to the widget that had it last.
 void BarKeyboard::GiveBack() const {
-    if (view_ && bar_.hasFocus()) view_->setFocus(Qt::MenuBarFocusReason);
+    if (view_ && bar_.window()->focusWidget() == &bar_) view_->setFocus(Qt::MenuBarFocusReason);
 }
