@@ -119,24 +119,26 @@ def drawn(top: pathlib.Path, files: list[str], seed: int) -> list[Fault]:
     return order
 
 
-def listed(top: pathlib.Path, path: pathlib.Path) -> tuple[list[Fault], dict[tuple[str, str, str], str]]:
-    """The faults made by hand, and by file, line before and line after the reasons why others change nothing.
+def listed(top: pathlib.Path, files: list[str], path: pathlib.Path):
+    """The faults made by hand; by file, line before and line after the reasons why others change nothing; and what of
+    the list does not fit the files any longer.
 
-    A fault is a block of lines: "[file]", "- old line", "+ new line" (without the indent), and "why: what goes wrong" or
-    "equivalent: why it does not".
+    A block of the list is "[name]", "- old line", "+ new line" (without the indent), and "why: what goes wrong" or
+    "equivalent: why it does not". The name is the end of one of the files' paths.
     """
-    faults, equivalent = [], {}
+    found, equivalent, stale = [], {}, []
     for block in re.split(r"\n\s*\n", path.read_text()):
         lines = [line for line in block.splitlines() if line and not line.startswith("#")]
         if not lines:
             continue
-        file, old, new = lines[0].strip("[]"), lines[1].removeprefix("- "), lines[2].removeprefix("+").removeprefix(" ")
+        name, old, new = lines[0].strip("[]"), lines[1].removeprefix("- "), lines[2].removeprefix("+").removeprefix(" ")
         kind, reason = " ".join(lines[3:]).split(": ", 1)
-        if kind == "equivalent":
-            equivalent[file, old, new] = reason
-            continue
-        text = (top / file).read_text() if (top / file).is_file() else ""
-        if text.count(old) != 1:
-            raise SystemExit(f"{path}: {file} has {text.count(old)} times: {old}")
-        faults.append(Fault(file, text.index(old), old, new, "by hand", reason))
-    return faults, equivalent
+        places = [(file, text) for file in files if ("/" + file).endswith("/" + name)
+                  for text in [(top / file).read_text()] if text.count(old) == 1]
+        if len(places) != 1:
+            stale.append(f"[{name}] {old}")
+        elif kind == "equivalent":
+            equivalent[places[0][0], old, new] = reason
+        else:
+            found.append(Fault(places[0][0], places[0][1].index(old), old, new, "by hand", reason))
+    return found, equivalent, stale
