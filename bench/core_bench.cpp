@@ -1,6 +1,7 @@
 // What the core's work costs, each beside a peer on the same bytes in the same run.
 //
 //   core_bench [folder of books]        War and Peace as text and as rich text are looked for there
+#include "app/book_state.h"
 #include "app/data_file.h"
 #include "app/main_form.h"
 #include "app/start_up.h"
@@ -8,9 +9,8 @@
 #include "bench/stopwatch.h"
 #include "books/book_record.h"
 #include "books/history.h"
-#include "app/book_state.h"
-#include "datafile/list_persistence.h"
 #include "common/text.h"
+#include "datafile/list_persistence.h"
 #include "formats/plain/plain_text.h"
 #include "formats/rtf/rtf_reader.h"
 
@@ -66,7 +66,8 @@ void BenchAutosave(const std::filesystem::path& folder) {
         peer);
 
     ProfileFile file = ProfileFile::Parse(data, windowsLatin, DecodeLatin);
-    const std::u16string first = GetBookPath(form.history, 0), last = GetBookPath(form.history, books - 1);
+    const std::u16string first = GetBookPath(form.history, 0),
+                         last = GetBookPath(form.history, books - 1);
     Row("find and compare the first record", Time([&] { Keep(file.Value(section, first)); }), peer);
     Row("find and compare the last record", Time([&] { Keep(file.Value(section, last)); }), peer);
     int edits = 0;

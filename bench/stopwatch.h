@@ -10,8 +10,7 @@
 // Keeps the compiler from leaving out what makes a value that nobody reads.
 template <typename Value>
 void Keep(const Value& value) {
-    [[maybe_unused]] static const volatile void* volatile sink;
-    sink = &value;
+    asm volatile("" : : "g"(&value) : "memory");
 }
 
 // The median time of a piece of work in milliseconds, after one run to warm up.

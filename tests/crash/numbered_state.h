@@ -1,8 +1,8 @@
 // A data file whose whole content follows from one number, so that a mixture of two states shows.
 #pragma once
 
-#include "datafile/ini_file.h"
 #include "common/text.h"
+#include "datafile/ini_file.h"
 
 #include <string>
 

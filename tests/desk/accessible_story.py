@@ -21,7 +21,8 @@ class Accessible(HtmlStory):
         super().setUpClass()
         cls.listener = eyes.ScreenReader(cls.screen)
         cls.listener.listen("object:text-caret-moved", "object:text-selection-changed",
-                            "object:text-changed", "object:state-changed:focused", "object:property-change:accessible-name")
+                            "object:text-changed", "object:state-changed:focused",
+                            "object:property-change:accessible-name")
 
     @classmethod
     def tearDownClass(cls):
@@ -29,64 +30,64 @@ class Accessible(HtmlStory):
         super().tearDownClass()
 
     def open_text(self, path, **options):
-        """A reader of this book, and the book as it is told."""
+        """A reader of this book, and the accessible object of its text."""
         program = self.reader(**options).start(path)
         program.wait_for_book(path)
-        return program, self.told(program)
+        return program, self.accessible_text(program)
 
-    def told(self, program):
+    def accessible_text(self, program):
         return eyes.find(self.listener.window(program.process), TEXT)
 
     def book(self, name, texts):
         path = books.write_book(self.path(name), texts)
-        program, told = self.open_text(path)
-        return program, told, "".join(text + "\n" for text in texts)
+        program, view = self.open_text(path)
+        return program, view, "".join(text + "\n" for text in texts)
 
     def test_a_book_is_read_from_its_first_to_its_last_line(self):
-        program, told, text = self.book("lanterns.txt", books.long_paragraphs("accents", 15))
-        self.assertEqual(told.get_name(), "lanterns.txt")
+        program, view, text = self.book("lanterns.txt", books.long_paragraphs("accents", 15))
+        self.assertEqual(view.get_name(), "lanterns.txt")
         self.assertLessEqual({"focusable", "focused", "read-only", "multi-line", "showing"},
-                             eyes.states(told))
-        self.assertEqual(told.get_character_count(), len(text))
-        self.assertEqual(told.get_text(0, -1), text)
+                             eyes.states(view))
+        self.assertEqual(view.get_character_count(), len(text))
+        self.assertEqual(view.get_text(0, -1), text)
         for kind in KINDS:
-            self.assertEqual("".join(eyes.read_on(told, 0, kind)), text)
-        lines = list(eyes.read_on(told, 0, eyes.LINE))
+            self.assertEqual("".join(eyes.read_on(view, 0, kind)), text)
+        lines = list(eyes.read_on(view, 0, eyes.LINE))
         self.assertGreater(len(lines), 30)  # of the screen, not of the file
-        self.assertEqual(list(eyes.read_on(told, 0, eyes.WORD, 3)), ["00001  ", "l'été", ", "])
-        told_paragraph = eyes.paragraph_at(told, 400)
-        self.assertIn(told_paragraph, (None, text[:text.index("\n", 400) + 1]
-                                       [text.rfind("\n", 0, 400) + 1:]))
+        self.assertEqual(list(eyes.read_on(view, 0, eyes.WORD, 3)), ["00001  ", "l'été", ", "])
+        paragraph = eyes.paragraph_at(view, 400)
+        self.assertIn(paragraph, (None, text[:text.index("\n", 400) + 1]
+                                  [text.rfind("\n", 0, 400) + 1:]))
         program.close()
 
     def test_caret_and_selection_are_heard_and_set(self):
-        program, told, text = self.book("lanterns.txt", books.lines("latin", 3000))
+        program, view, text = self.book("lanterns.txt", books.lines("latin", 3000))
         second = text.index("\n") + 1
         self.listener.heard()
         program.key("Down")
         self.hear("object:text-caret-moved", second)
-        self.assertEqual(told.get_caret_offset(), second)
+        self.assertEqual(view.get_caret_offset(), second)
         program.key("shift+End")
         self.hear("object:text-selection-changed")
-        selection = told.get_selection(0)
+        selection = view.get_selection(0)
         self.assertEqual(text[selection.start_offset:selection.end_offset],
                          text[second:].split("\n", 1)[0])
 
         far = text.index("\n01500 ") + 1
-        told.set_caret_offset(far)
+        view.set_caret_offset(far)
         self.hear("object:text-caret-moved", far)
-        self.assertEqual(told.get_n_selections(), 0)
+        self.assertEqual(view.get_n_selections(), 0)
         left, top, width, height = program.rectangle()
-        x, y, _, line_height = eyes.box(told, far)
+        x, y, _, line_height = eyes.box(view, far)
         self.assertTrue(left <= x < left + width and top <= y < top + height - line_height)
-        self.assertEqual(eyes.offset_at(told, x + 2, y + line_height // 2), far)
-        self.assertGreater(eyes.box(told, len(text) - 2)[1], top + height)  # further down
-        self.assertLess(eyes.box(told, 0)[1], top)
+        self.assertEqual(eyes.offset_at(view, x + 2, y + line_height // 2), far)
+        self.assertGreater(eyes.box(view, len(text) - 2)[1], top + height)  # further down
+        self.assertLess(eyes.box(view, 0)[1], top)
 
-        told.set_selection(0, far, far + 20)
+        view.set_selection(0, far, far + 20)
         self.assertEqual(copied(program), text[far:far + 20])
-        told.remove_selection(0)
-        self.assertEqual(told.get_n_selections(), 0)
+        view.remove_selection(0)
+        self.assertEqual(view.get_n_selections(), 0)
         program.close()
 
     def hear(self, kind, number=None):
@@ -94,8 +95,8 @@ class Accessible(HtmlStory):
             lambda heard, detail: heard == kind and number in (None, detail), kind)
 
     def test_the_text_is_called_by_its_caption(self):
-        program, told, text = self.book("lanterns.txt", books.lines("latin", 20))
-        told.set_selection(0, 6, 6 + 19)
+        program, view, text = self.book("lanterns.txt", books.lines("latin", 20))
+        view.set_selection(0, 6, 6 + 19)
         window = self.listener.window(program.process)
         menu = eyes.find(window, "menu item", "Edit")
         eyes.press(menu)
@@ -105,20 +106,20 @@ class Accessible(HtmlStory):
         caption = text[6:6 + 19].strip()
         # The keyboard is said to be in the text again.
         self.hear("object:state-changed:focused", 1)
-        wait_for(lambda: told.get_name() == caption, "the text to be called by its caption")
-        self.assertIn("focused", eyes.states(told))
+        wait_for(lambda: view.get_name() == caption, "the text to be called by its caption")
+        self.assertIn("focused", eyes.states(view))
         program.close()
 
-    def test_another_book_is_told_of(self):
+    def test_another_book_is_announced(self):
         program, _, text = self.book("lanterns.txt", books.lines("latin", 20))
         program.close()
         other = books.write_book(self.path("other.txt"), ["Another book."])
         program.start(other).wait_for_book(other)
-        told = self.told(program)
+        view = self.accessible_text(program)
         self.choose_the_book_before(program)
         self.hear("object:text-changed:insert", len(text))
-        wait_for(lambda: told.get_name() == "lanterns.txt", "the other book's name")
-        self.assertEqual(told.get_text(0, -1), text)
+        wait_for(lambda: view.get_name() == "lanterns.txt", "the other book's name")
+        self.assertEqual(view.get_text(0, -1), text)
         program.close()
 
     def choose_the_book_before(self, program):
@@ -130,13 +131,13 @@ class Accessible(HtmlStory):
 
     def test_a_table_is_read_cell_by_cell(self):
         path = books.write_rtf_book(self.path("lanterns.rtf"), books.lines("latin", 10))
-        program, told = self.open_text(path)
-        text = told.get_text(0, -1)
+        program, view = self.open_text(path)
+        text = view.get_text(0, -1)
         self.assertTrue(text.endswith("\n\ufffc\nrow 9\t00010\t\n"), text[-40:])
-        lines = list(eyes.read_on(told, 0, eyes.LINE))
+        lines = list(eyes.read_on(view, 0, eyes.LINE))
         self.assertEqual(lines[-3:], ["\ufffc\n", "row 9\t", "00010\t\n"])
         row = len(text) - len("row 9\t00010\t\n")
-        first, second = eyes.box(told, row), eyes.box(told, row + len("row 9\t"))
+        first, second = eyes.box(view, row), eyes.box(view, row + len("row 9\t"))
         self.assertEqual(first[1], second[1])
         self.assertGreater(second[0], first[0] + 100)
         program.close()
@@ -148,39 +149,39 @@ class Accessible(HtmlStory):
         with open(path, "w", encoding="ascii") as file:
             for start in range(0, LARGE, 4096):
                 file.write("".join(line(n) for n in range(start, min(start + 4096, LARGE))))
-        program, told = self.open_text(path)
-        self.assertEqual(told.get_character_count(), LARGE * LINE_LENGTH)
+        program, view = self.open_text(path)
+        self.assertEqual(view.get_character_count(), LARGE * LINE_LENGTH)
         middle = LARGE // 2
         at = middle * LINE_LENGTH
-        self.assertEqual(told.get_text(at, at + 2 * LINE_LENGTH), line(middle) + line(middle + 1))
-        self.assertEqual(eyes.at(told, at + 5, eyes.WORD)[0], f"{middle:08} ")
-        told.set_caret_offset(at)
-        self.assertEqual(eyes.at(told, told.get_caret_offset(), eyes.SENTENCE)[0], line(middle))
-        self.assertEqual(list(eyes.read_on(told, at, eyes.LINE, 3)),
+        self.assertEqual(view.get_text(at, at + 2 * LINE_LENGTH), line(middle) + line(middle + 1))
+        self.assertEqual(eyes.at(view, at + 5, eyes.WORD)[0], f"{middle:08} ")
+        view.set_caret_offset(at)
+        self.assertEqual(eyes.at(view, view.get_caret_offset(), eyes.SENTENCE)[0], line(middle))
+        self.assertEqual(list(eyes.read_on(view, at, eyes.LINE, 3)),
                          [line(middle + i) for i in range(3)])
-        self.assertEqual(len(told.get_text(0, -1)), MOST_AT_ONCE)
+        self.assertEqual(len(view.get_text(0, -1)), MOST_AT_ONCE)
         program.close()
 
     def test_hebrew_is_read_in_its_order_and_found_on_its_side(self):
-        program, told, text = self.book("lanterns.txt", books.lines("hebrew", 30))
-        self.assertEqual(told.get_text(0, -1), text)
-        self.assertEqual("".join(eyes.read_on(told, 0, eyes.WORD)), text)
+        program, view, text = self.book("lanterns.txt", books.lines("hebrew", 30))
+        self.assertEqual(view.get_text(0, -1), text)
+        self.assertEqual("".join(eyes.read_on(view, 0, eyes.WORD)), text)
         place = text.index("הפנסים")
-        first, second = eyes.box(told, place), eyes.box(told, place + 1)
+        first, second = eyes.box(view, place), eyes.box(view, place + 1)
         self.assertGreater(first[0], second[0])
-        self.assertEqual(eyes.offset_at(told, first[0] + first[2] // 2, first[1] + 5), place)
+        self.assertEqual(eyes.offset_at(view, first[0] + first[2] // 2, first[1] + 5), place)
         program.close()
 
     def test_emoji_are_whole(self):
         family, flag = "\U0001F468\u200D\U0001F469\u200D\U0001F467", "\U0001F1EB\U0001F1EE"
-        program, told, text = self.book("smile.txt", [f"a\U0001F600b {family} c {flag} d",
+        program, view, text = self.book("smile.txt", [f"a\U0001F600b {family} c {flag} d",
                                                       "e\u0301 and \U0001D11E."])
-        characters = list(eyes.read_on(told, 0, eyes.CHARACTER))
+        characters = list(eyes.read_on(view, 0, eyes.CHARACTER))
         self.assertEqual("".join(characters), text)
         self.assertLessEqual({"\U0001F600", family, flag, "e\u0301", "\U0001D11E"},
                              set(characters))
         for kind in KINDS:
-            self.assertEqual("".join(eyes.read_on(told, 0, kind)), text)
+            self.assertEqual("".join(eyes.read_on(view, 0, kind)), text)
         program.close()
 
     def test_a_page_is_read_too(self):
@@ -194,7 +195,7 @@ class Accessible(HtmlStory):
         self.assertTrue(eyes.find(document, "label", "She found twelve."))
         self.choose_the_book_before(program)
         self.hear("object:text-changed:insert", len(text))
-        self.assertEqual(self.told(program).get_text(0, -1), text)
+        self.assertEqual(self.accessible_text(program).get_text(0, -1), text)
         program.close()
 
 

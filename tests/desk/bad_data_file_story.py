@@ -121,9 +121,7 @@ class BadDataFile(Story):
 
     def test_a_folder_in_its_place(self):
         os.mkdir(self.program.data_path)
-        self.program.process = self.program.launch(self.book)
-        self.program.window = wait_for(self.program.main_window, "the main window")
-        self.program.answer_message()
+        self.program.start_with_message(self.book)
         self.program.wait_for_book(self.book)
         self.program.close()
         self.assertTrue(os.path.isdir(self.program.data_path))

@@ -23,9 +23,7 @@ class BadPath(Story):
         """A message; then the window with the book read before, and the records untouched."""
         with open(self.program.data_path, "wb") as file:
             file.write(data_file_bytes(record_line(self.book, Wrap=1, LastPos=0)))
-        self.program.process = self.program.launch(path)
-        self.program.answer_message(key)
-        self.program.wait_for_window()
+        self.program.start_with_message(path, key=key)
         self.program.wait_for_book(self.book)
         self.program.close()
         self.assertEqual(self.program.data().paths(), [self.book])
@@ -167,9 +165,7 @@ class BadPath(Story):
         shutil.copy(self.book, closed)
         for path in (self.book, closed + "/lanterns.txt"):
             with self.subTest(path=path):
-                program.process = program.launch(path)
-                program.answer_message()
-                program.wait_for_window()
+                program.start_with_message(path)
                 program.close()
                 self.assertEqual(program.data().paths(), [])
 

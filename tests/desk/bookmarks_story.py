@@ -38,17 +38,18 @@ class Bookmarks(Story):
         return picture
 
     def test_one_escape_leads_back_to_the_book(self):
-        """From the menu that the program opened."""
-        line = 10
-        self.program.key("ctrl+Home")
-        self.program.press("Down", line)
-        self.program.key("Escape", "ctrl+d")
-        wait_for(self.program.popups, "the Bookmark menu")
-        self.program.key("Escape")
-        wait_for(lambda: not self.program.popups(), "the menu to close")
-        self.program.wait_until_idle()
-        self.program.key("Down", "shift+End")  # the bar would open a menu by it
-        self.assertEqual(copied(self.program), self.lines[line + 1])
+        """From the menu that the program opened, and from one reached from there."""
+        for line, keys in ((10, ["Escape"]), (20, ["Right", "Left", "Escape"])):
+            with self.subTest(keys=keys):
+                self.program.key("ctrl+Home")
+                self.program.press("Down", line)
+                self.program.key("Escape", "ctrl+d")
+                wait_for(self.program.popups, "the Bookmark menu")
+                self.program.key(*keys)
+                wait_for(lambda: not self.program.popups(), "the menu to close")
+                self.program.wait_until_idle()  # between one menu and the next there is none, either
+                self.program.key("Down", "shift+End")  # the bar would open a menu by it
+                self.assertEqual(copied(self.program), self.lines[line + 1])
         self.program.close()
 
     def menu_picture(self, menu):

@@ -56,9 +56,7 @@ class DataFileOfMany(Story):
         before, place = reader.data_bytes(), self.place_of(reader, self.first)
         self.assertGreater(place, 0)
         with self.unreadable(reader):
-            reader.process = reader.launch(self.second)
-            reader.window = wait_for(reader.main_window, "the main window")
-            reader.answer_message()
+            reader.start_with_message(self.second)
             reader.wait_for_book(self.second)
             reader.press("Next", 2)
             self.assertEqual(reader.data_bytes(), before)
@@ -75,9 +73,7 @@ class DataFileOfMany(Story):
         self.read(reader, self.first)
         before = reader.data_bytes()
         with self.unreadable(reader):
-            reader.process = reader.launch(self.second)
-            reader.window = wait_for(reader.main_window, "the main window")
-            reader.answer_message()
+            reader.start_with_message(self.second)
             reader.wait_for_book(self.second)
             reader.close()
         self.assertEqual(reader.data_bytes(), before)
@@ -110,14 +106,12 @@ class DataFileOfMany(Story):
         before = reader.data_bytes()
 
         reader.become(BERT)
-        reader.process = reader.launch(self.second)
-        reader.window = wait_for(reader.main_window, "the main window")
-        reader.answer_message()
+        reader.start_with_message(self.second)
         reader.wait_for_book(self.second)
         reader.press("Next", 3)
         reader.close()
         self.assertEqual(reader.data_bytes(), before)
-        reader.start()  # told once only
+        reader.start()  # no second message
         reader.wait_for_book(self.second)
         reader.close()
         self.assertEqual(reader.data_bytes(), before)

@@ -23,9 +23,9 @@ class Drop(Story):
         return ("file://" + urllib.parse.quote(os.fsencode(path), safe)).encode()
 
     def answer_message(self, key="Return"):
-        """The program the files come from has had its answer by now: `drop` waits for that."""
+        """The drag source has its answer by now: `drop` waits for it."""
         if ON_WINE:
-            # The program comes to the front as far as Wine knows, but Wine tells no window manager.
+            # Wine brings the program to the front, but does not ask the window manager to.
             self.screen.xdotool("windowactivate", self.program.wait_for_message())
         self.program.answer_message(key)
 

@@ -48,7 +48,7 @@ class Editor(Story):
         wait_for(lambda: program.opened() == [book], "the editor to be started")
         program.close()
 
-    @unittest.skipUnless(ON_WINE, "the desktop's opener is told of elsewhere")
+    @unittest.skipUnless(ON_WINE, "other stories cover the desktop's opener")
     def test_text_opens_with_the_systems_editor(self):
         book = books.write_book(self.path("two words – é.txt"), books.lines("latin", 100))
         program = self.reader().start(book)

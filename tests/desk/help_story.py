@@ -29,7 +29,7 @@ class Help(Story):
 
     def wait_for_words(self, window, *words):
         if not can_read():
-            return  # the windows themselves are still told apart
+            return  # the title of the window still shows which it is
 
         def shows_them():
             text = words_shown(self.program.screen, window)

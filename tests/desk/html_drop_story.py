@@ -1,5 +1,4 @@
 """Files dropped on a page open as on a text; what is dragged in the page itself leads nowhere."""
-import os
 import urllib.parse
 
 from harness import books

@@ -104,9 +104,7 @@ class HtmlFiles(HtmlStory):
         path = write_page(self.path("book.htm"), "<p>one</p>")
         reader = self.reader()
         os.remove(os.path.join(reader.folder, "libnorvaset-html.so"))
-        reader.process = reader.launch(path)
-        reader.answer_message()
-        reader.wait_for_window()
+        reader.start_with_message(path)
         reader.close()
 
     def test_a_page_that_eats_memory(self):

@@ -1,19 +1,9 @@
-// A plug-in for pictures that leaves a mark when it is loaded.
-#include <QImageIOPlugin>
+#include "planted_plugin.h"
 
 #include <dlfcn.h>
 
 #include <fstream>
 #include <string>
-
-class PlantedPlugin : public QImageIOPlugin {
-    Q_OBJECT
-    Q_PLUGIN_METADATA(IID QImageIOHandlerFactoryInterface_iid FILE "planted_plugin.json")
-
-  public:
-    Capabilities capabilities(QIODevice*, const QByteArray&) const override { return {}; }
-    QImageIOHandler* create(QIODevice*, const QByteArray&) const override { return nullptr; }
-};
 
 namespace {
 struct Mark {
@@ -25,5 +15,3 @@ struct Mark {
 };
 const Mark mark;
 } // namespace
-
-#include "planted_plugin.moc"

@@ -5,7 +5,6 @@ import shutil
 
 from harness import books
 from harness.story import Story, main
-from harness.wait import wait_for
 
 PLANTED = os.environ.get("PLANTED_PLUGIN", "")
 KINDS = ("imageformats", "platforms", "platformthemes", "platforminputcontexts", "styles",
@@ -29,12 +28,7 @@ class PlantedPlugins(Story):
         """It has pictures; the About box has one, too."""
         self.program.start(self.book)
         self.program.wait_for_book(self.book)
-        self.program.open_menu("h")
-        self.program.key("a")
-        about = wait_for(lambda: self.program.window_named("About Norvaset"), "the About box")
-        wait_for(lambda: self.program.is_active(about), "the keyboard")
-        self.program.key("Escape")
-        wait_for(self.program.is_active, "the window to have the keyboard again")
+        self.program.show_about()
         self.program.close()
 
     def test_no_plugin_is_loaded(self):

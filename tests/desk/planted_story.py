@@ -43,18 +43,9 @@ class Planted(Story):
         for book in (text, rich):
             self.program.start(book)
             self.program.wait_for_book(book)
-            self.open_about()
+            self.program.show_about()  # rich text, and the version of the program
             self.program.close()
         self.assertEqual(self.loaded(), [])
-
-    def open_about(self):
-        """It shows rich text and the version of the program."""
-        self.program.open_menu("h")
-        self.program.key("a")
-        about = wait_for(lambda: self.program.window_named("About Norvaset"), "the About box")
-        wait_for(lambda: self.program.is_active(about), "the keyboard")
-        self.program.key("Escape")
-        wait_for(self.program.is_active, "the window to have the keyboard again")
 
     def test_the_mark_of_one_that_is_loaded(self):
         """By a program that imports it: else the other story would see nothing, ever."""

@@ -1,5 +1,4 @@
 """A book is read, not written: whatever a hand or another program tries, it stays as it was."""
-from harness import books
 from harness.clipboard import clipboard, copied, fill
 from harness.story import Story, main
 from harness.text_view import view_top

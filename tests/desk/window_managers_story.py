@@ -1,6 +1,4 @@
 """Window managers that tile, and a screen without any: the book fills what the window is given."""
-import unittest
-
 from harness import books
 from harness.dialog import Dialog
 from harness.screen import I3, NO_WINDOW_MANAGER, RATPOISON, SIZE
@@ -145,7 +143,7 @@ class NoManager(Somewhere):
                 self.assertEqual(self.stored("State"), [state])
 
 
-del Somewhere, Tiled  # not told by themselves
+del Somewhere, Tiled  # base classes, no stories
 
 if __name__ == "__main__":
     main("i3", "ratpoison")

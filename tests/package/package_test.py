@@ -11,7 +11,7 @@ from harness.screen import Screen, missing_tools
 from harness.wait import wait_for
 
 PACKAGES = os.environ.get("PACKAGES", "")
-SKIPPED = 77  # tells ctest that nothing was tested
+SKIPPED = 77  # exit code: ctest counts the test as skipped
 
 
 class PackageTest(unittest.TestCase):

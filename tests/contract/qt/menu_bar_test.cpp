@@ -87,6 +87,24 @@ TEST_CASE("qt menu bar: one Escape leaves a menu shown by a command") {
     }
 }
 
+TEST_CASE(
+    "qt menu bar: the view has the focus after Escape, also when the window is active later") {
+    Bench bench;
+    QLineEdit view(bench.window.ViewArea());
+    view.show();
+    view.setFocus();
+    QApplication::processEvents();
+    bench.bar.ShowMenu(bench.top);
+    QApplication::processEvents();
+    REQUIRE(Bench::Shown());
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QApplication::sendEvent(Bench::Shown(), &escape);
+    QApplication::setActiveWindow(nullptr); // as X servers do for a moment when a menu closes
+    QApplication::processEvents();
+    QApplication::setActiveWindow(&bench.window);
+    CHECK(QApplication::focusWidget() == &view);
+}
+
 TEST_CASE("qt menu bar: a menu requested twice opens once") {
     Bench bench;
     bench.bar.ShowMenu(bench.top);

@@ -1,4 +1,4 @@
-"""Books of our own: numbered lines in several scripts, to tell a place from its text."""
+"""Books of our own: numbered lines in several scripts: the text shows the place."""
 
 SENTENCES = {
     "latin": "the miller's daughter counted the lanterns along the quay",

@@ -16,16 +16,16 @@ from harness.wine import ON_WINE, PROGRAM, shown_path
 HELPER = os.environ.get("WINDOWS_HELPER", "")
 ONCE_MORE = 1  # seconds; Wine hands out no copy while it is asked for the next one
 EDITORS = ("text-editor", "rich-editor", "page-editor")  # by kind; other files have none
-EDITOR = '#!/bin/sh\nprintf "%s:%s" "${{0##*/}}" "$1" > {told}\n'
+EDITOR = '#!/bin/sh\nprintf "%s:%s" "${{0##*/}}" "$1" > {output}\n'
 
 
 class JourneyStory(Story):
     def setUp(self):
-        self.program, self.told = self.reader(), self.path("told")
+        self.program, self.editor_output = self.reader(), self.path("editor-output")
         if not ON_WINE:
             shutil.copy(os.path.join(os.path.dirname(PROGRAM), MODULE), self.program.folder)
         self.program.variables = {"NORVASET_HELPER_DOES": "names",
-                                  "NORVASET_HELPER_OUTPUT": shown_path(self.told)}
+                                  "NORVASET_HELPER_OUTPUT": shown_path(self.editor_output)}
         self.expected = {}  # kinds by path, the book shown last at the end
 
     def start(self, *arguments):
@@ -45,14 +45,14 @@ class JourneyStory(Story):
         if ON_WINE:
             return shutil.copy(HELPER, self.path(name + ".exe"))
         with open(self.path(name), "w", encoding="ascii") as file:
-            file.write(EDITOR.format(told=self.told))
+            file.write(EDITOR.format(output=self.editor_output))
         os.chmod(self.path(name), 0o755)
         return self.path(name)
 
     def books(self, way, folder="books"):
         """The books of this way, in a new folder, and the kinds that they shall get."""
         os.makedirs(self.path(folder))
-        column = journeys.told(way, ON_WINE)
+        column = journeys.cells_run(way, ON_WINE)
         return {journeys.write(self.path(folder), name): kind for name, kind in column.items()}
 
     def has_text(self, kind):
@@ -93,21 +93,21 @@ class JourneyStory(Story):
         self.program.wait_until_idle()  # of keys pressed once more
 
     def assert_editor(self, path, kind):
-        if os.path.exists(self.told):
-            os.remove(self.told)
+        if os.path.exists(self.editor_output):
+            os.remove(self.editor_output)
         self.program.open_menu("f")
         self.program.key("e")
         if kind >= len(EDITORS):  # greyed: the menu stays
             self.program.close_menu()
             self.program.finish_keys()
-            self.assertFalse(os.path.exists(self.told), f"an editor for {path}")
+            self.assertFalse(os.path.exists(self.editor_output), f"an editor for {path}")
             return
         wait_for(lambda: self._told().endswith(shown_path(path)), f"the editor of {path}")
         self.assertTrue(self._told().startswith(EDITORS[kind]), f"{self._told()}, kind {kind}")
 
     def _told(self):
         try:
-            with open(self.told, encoding="utf-16-le" if ON_WINE else "utf-8") as file:
+            with open(self.editor_output, encoding="utf-16-le" if ON_WINE else "utf-8") as file:
                 return file.read()
         except (FileNotFoundError, UnicodeDecodeError):
             return ""

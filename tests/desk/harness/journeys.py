@@ -1,4 +1,4 @@
-"""All ways into the reader with all sorts of books: one table, from which the stories are made.
+"""Every way to open a book with every type of book: one table, from which the stories are generated.
 
 A cell is the kind that the book's record gets: 0 text, 1 rich text, 2 page, 3 any other file; "-"
 where the dialog does not list it. A row without a cell for each way fails when it is read."""
@@ -8,7 +8,7 @@ from harness import books
 from harness.html_story import paragraphs
 
 LINES = books.lines("latin", 400)
-NEITHER = "told by nothing"  # a first line that no kind of book begins with
+NEITHER = "of no type"  # a first line that no kind of book begins with
 
 # The rows are in the order of the names: so they stand in the dialog.
 TABLE = """
@@ -44,8 +44,8 @@ def cells(way):
     return column
 
 
-def told(way, on_wine):
-    """The cells of this way that the stories tell: all; under Wine, which is slow, of the typed and
+def cells_run(way, on_wine):
+    """The cells of this way that the stories run: all; under Wine, which is slow, of the typed and
     the dropped ones every other, as on a chess board: each row by half of these ways."""
     column = cells(way)
     if not on_wine or not way.startswith(("typed", "drop")):
@@ -55,7 +55,7 @@ def told(way, on_wine):
 
 
 def write(folder, name):
-    """The book of this row: its sort and what tells of it are in its name."""
+    """The book of this row; its name says its type and what shows that type."""
     path = os.path.join(folder, name)
     told_by_content = "." in name
     if "rich" in name:

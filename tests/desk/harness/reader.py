@@ -1,4 +1,4 @@
-"""The program under test, driven as a person does: by keys, files and the window manager."""
+"""The program under test, driven as by a user: by keys, files and the window manager."""
 import glob
 import os
 import re
@@ -18,7 +18,7 @@ NOBODY = 65534
 NOISE = (
     # The engine for pages, on a screen without a graphics card, on some of its starts.
     "No suitable graphics backend found",
-    # Qt, for a menu that opens again before the X server has told it that it was closed.
+    # Qt, for a menu that opens again before the X server has reported that it was closed.
     "QXcbWindow::setNetWmStateOnUnmappedWindow() called on mapped window",
     # And of a key, when a screen reader's bus takes longer than a tenth of a second.
     "QSpiApplication::keyEventError",
@@ -75,7 +75,7 @@ class Reader:
             os.chmod(messages, 0o666)
 
     def _make_opener(self):
-        """In place of the desktop's: it only writes down what it was to open."""
+        """A stand-in for the desktop's opener: it records its arguments."""
         self.opened_path = os.path.join(self.home, "opened")
         for name in ("xdg-open", "xdg-email"):  # Wine has its own for mail
             opener = os.path.join(self.tools, name)
@@ -94,8 +94,10 @@ class Reader:
             ids = ["--reuid", str(self.user), "--regid", str(self.user), "--clear-groups"]
             command = [shutil.which("setpriv"), *ids, *command]
         environment = self.screen.environment | {
-            "PATH": self.tools + (os.pathsep + os.environ["PATH"] if self.on_wine else ""), "HOME": self.home, "XDG_RUNTIME_DIR": self.runtime,
-            "XDG_DATA_HOME": os.path.join(self.home, "share")} | wine_environment(self.prefix) | self.variables
+            "PATH": self.tools + (os.pathsep + os.environ["PATH"] if self.on_wine else ""),
+            "HOME": self.home, "XDG_RUNTIME_DIR": self.runtime,
+            "XDG_DATA_HOME": os.path.join(self.home, "share"),
+        } | wine_environment(self.prefix) | self.variables
         with open(os.path.join(self.folder, "messages.log"), "ab") as messages:
             return subprocess.Popen(command, env=environment, cwd=self.home,
                                     stdin=subprocess.DEVNULL, stdout=messages, stderr=messages)
@@ -111,8 +113,8 @@ class Reader:
         return self
 
     def wait_until_settled(self):
-        """For a moment after the start the window takes the window manager's doings for answers to
-        its own wishes. Its icon, which it shows last, tells that this is over."""
+        """Just after the start the window takes changes made by the window manager for replies to its
+        own requests. It sets its icon last."""
         icon = "Icon (" if self.on_wine else "Icon (16 x 16)"
         wait_for(lambda: icon in self.property("_NET_WM_ICON"), "the icon")
 
@@ -150,7 +152,7 @@ class Reader:
         return self.screen.is_quiet() and is_asleep(self.process)
 
     def stop(self):
-        """Ends what a failed part of a story left."""
+        """Ends a process that a failed story left running."""
         if self.process and self.is_alive():
             self.kill()
 
@@ -212,7 +214,7 @@ class Reader:
         return self.screen.xdotool("getwindowname", self.window).rstrip("\n")
 
     def is_active(self, window=None):
-        """Whether the window has the keyboard; Wine takes it a moment after it was given it."""
+        """Whether the window has the keyboard focus; Wine sets it a moment after the window is active."""
         asked = ["getactivewindow"] if self.screen.tells_active_window else []
         if self.on_wine or not asked:
             asked.append("getwindowfocus")
@@ -247,31 +249,31 @@ class Reader:
         self.screen.xdotool("mousemove", x, y, "click", 1)
 
     def wait_until_idle(self):
-        """Twice in a row: what comes next may be on its way from one to the other."""
+        """Checks twice: between the X server and the program an event belongs to neither."""
         for _ in range(2):
             wait_for(self.is_waiting, "the program to be done")
 
     def press(self, key, times):
-        """A key many times, in portions that an input queue holds."""
+        """Sends a key many times, in batches that fit into an input queue."""
         while times > 0:
             self.key(*[key] * min(times, 20))
             times -= 20
         self.finish_keys()
 
     def open_menu(self, letter):
-        # Under Wine a menu that was chosen from may still be on its way out.
+        # Under Wine the menu of the last choice may not be closed yet.
         leaving = self.popups() if self.on_wine else []
         self.key("alt+" + letter)
         return wait_for(lambda: [menu for menu in self.popups() if menu not in leaving],
                         f"the menu of Alt+{letter}")[0]
 
     def close_menu(self):
-        # On Windows the bar keeps the keyboard when its menu has gone.
+        # On Windows the menu bar keeps the focus after its menu is closed.
         self.key(*["Escape"] * (2 if self.on_wine else 1))
         wait_for(lambda: not self.popups(), "the menu to close")
 
     def finish_keys(self):
-        """All keys sent so far have had their effect: they come in order, and a menu shows."""
+        """Waits until all keys sent so far are handled: keys are handled in order, and a menu can be seen."""
         self.open_menu("h")
         self.close_menu()
 
@@ -289,6 +291,22 @@ class Reader:
         wait_for(lambda: self.is_active(box), "the message box to have the keyboard")
         self.key(key)
         wait_for(lambda: not self.message_box(), "the message box to close")
+
+    def start_with_message(self, *arguments, key="Return"):
+        """Starts, and answers the message that comes up over the main window."""
+        self.stop()
+        self.process = self.launch(*arguments)
+        self.answer_message(key)
+        return self.wait_for_window()
+
+    def show_about(self):
+        """Opens the About box and closes it again."""
+        self.open_menu("h")
+        self.key("a")
+        about = wait_for(lambda: self.window_named("About Norvaset"), "the About box")
+        wait_for(lambda: self.is_active(about), "the About box to have the focus")
+        self.key("Escape")
+        wait_for(self.is_active, "the window to have the focus again")
 
     # What is to be seen and read
 

@@ -56,7 +56,7 @@ class ScreenReader:
         self._heard.append((event.type, event.detail2 if inserted else event.detail1))
 
     def heard(self):
-        """The events so far, each told once: its kind, and its place or length or state."""
+        """The events so far, repeated ones once: its kind, and its place or length or state."""
         while GLib.MainContext.default().iteration(False):
             pass
         heard, self._heard = self._heard, []
@@ -78,7 +78,7 @@ class ScreenReader:
                     if "active" in states(window) and title in (None, window.get_name()):
                         return window
             return None
-        return wait_for(lambda: _or_none(found), "the window to be told of")
+        return wait_for(lambda: _or_none(found), "the window's event")
 
     def stop(self):
         self._bus.terminate()
@@ -147,7 +147,7 @@ def read_on(text, offset, kind, most=1_000_000):
     while most > 0:
         content, start, end = at(text, offset, kind)
         if start != offset:
-            raise AssertionError(f"asked at {offset}, told from {start}: {content!r}")
+            raise AssertionError(f"asked at {offset}, answered from {start}: {content!r}")
         if end <= offset:
             return
         yield content
@@ -155,7 +155,7 @@ def read_on(text, offset, kind, most=1_000_000):
 
 
 def paragraph_at(text, offset):
-    """None where Qt tells no paragraphs."""
+    """None where Qt reports no paragraphs."""
     piece = _or_none(
         lambda: text.get_string_at_offset(offset, Atspi.TextGranularity.PARAGRAPH))
     return piece and piece.content

@@ -1,4 +1,4 @@
-"""The base of the stories: a screen for each file of them, a folder and readers for each story."""
+"""The base class of the stories: a screen for each file, a folder and readers for each test."""
 import contextlib
 import os
 import shutil
@@ -13,7 +13,7 @@ from harness.wine import ON_WINE, PROGRAM, shown_path
 
 REAL_BOOKS = os.environ.get("REAL_BOOKS", "")
 FAILURES = os.environ.get("DESK_FAILURES", tempfile.gettempdir())  # where pictures of them are kept
-SKIPPED = 77  # tells ctest that nothing was tested
+SKIPPED = 77  # exit code: ctest counts the test as skipped
 
 
 class Story(unittest.TestCase):
@@ -41,7 +41,7 @@ class Story(unittest.TestCase):
 
     @contextlib.contextmanager
     def subTest(self, **parameters):
-        """Keeps the picture of its failure before the story goes on."""
+        """Takes the screenshot of a failure before the next subtest changes the screen."""
         with super().subTest(**parameters):
             try:
                 yield
@@ -53,7 +53,7 @@ class Story(unittest.TestCase):
 
     def _keep_picture(self):
         if self.picture_kept:
-            return  # the first one tells most
+            return  # the first failure is the cause
         self.picture_kept = True
         os.makedirs(FAILURES, exist_ok=True)
         path = os.path.join(FAILURES, self.id().removeprefix("__main__.") + ".png")

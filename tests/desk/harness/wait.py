@@ -1,4 +1,4 @@
-"""Waiting for a condition: the only way in which the stories let time pass."""
+"""Waiting for a condition, with a deadline; the stories never sleep."""
 import time
 
 DEADLINE = 30  # seconds; met in a fraction of one unless the machine is very busy
