@@ -12,8 +12,8 @@ class FindDialog final : public QDialog {
   public:
     FindDialog(QWidget* parent, const FindRequest&);
 
-    FindAnswer
-    Answer() const; // the current input; if the text was not edited, exactly the requested one
+    // The current input; if the text was not edited, exactly the requested one.
+    FindAnswer Answer() const;
 
   private:
     void AddButtons();

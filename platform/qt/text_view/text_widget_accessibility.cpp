@@ -6,10 +6,10 @@
 #include <QFocusEvent>
 
 namespace {
-constexpr TextPos maxEventText =
-    4096; // UTF-16 units of the old and the new text; a client that wants more queries it
-constexpr int visibleDataInterval =
-    100; // milliseconds; the minimum between two events while scrolling
+// UTF-16 units of the old and the new text; a client that wants more queries it.
+constexpr TextPos maxEventText = 4096;
+// Milliseconds; the minimum between two events while scrolling.
+constexpr int visibleDataInterval = 100;
 
 void Notify(QAccessibleEvent&& event) {
     QAccessible::updateAccessibility(&event);

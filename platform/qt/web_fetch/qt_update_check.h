@@ -9,8 +9,8 @@ class QtUpdateCheck final : public UpdateCheck {
   public:
     // Searched in order for the module.
     explicit QtUpdateCheck(QStringList moduleFolders) : folders_(std::move(moduleFolders)) {}
-    FetchAnswer
-    Fetch(const std::u16string& address) override; // FetchStatus::Failed without the module
+    // FetchStatus::Failed without the module.
+    FetchAnswer Fetch(const std::u16string& address) override;
 
   private:
     QStringList folders_;

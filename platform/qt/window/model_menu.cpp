@@ -90,8 +90,8 @@ void ApplyState(QAction& action, const MenuItem& item, const QFont& font) {
     if (item.checked) {
         action.setCheckable(true);
         if (item.radio)
-            (new QActionGroup(&action))
-                ->addAction(&action); // an item of an exclusive group has a radio mark
+            // An item of an exclusive group has a radio mark.
+            (new QActionGroup(&action))->addAction(&action);
         action.setChecked(true);
     }
 }

@@ -43,6 +43,6 @@ class QtMenuBar final : public QObject, public MenuBar {
     std::vector<MenuArray*> topLevel_;
     std::vector<QMenu*> menus_; // same order as topLevel_; owned by the bar
     MenuEvents events_;
-    bool openedByProgram_ =
-        false; // the open menu was opened by ShowMenu, or reached from such a menu
+    // The open menu was opened by ShowMenu, or reached from such a menu.
+    bool openedByProgram_ = false;
 };

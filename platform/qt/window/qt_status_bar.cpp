@@ -13,8 +13,8 @@ namespace {
 constexpr int defaultHeight = 18;               // pixels
 constexpr int spacing = 2;                      // pixels
 constexpr int margin = 6, textPanelWidth = 120; // pixels at 96 dpi
-constexpr int dateRefreshInterval =
-    30'000; // milliseconds; a timer until midnight would be late after suspend
+// Milliseconds; a timer until midnight would be late after suspend.
+constexpr int dateRefreshInterval = 30'000;
 
 } // namespace
 

@@ -86,11 +86,11 @@ class QtWindow final : public QWidget, public Window {
     // reported one is partly outdated and partly without the frame.
     std::optional<Rect> requested_;
     Rect reachable_; // requested_, moved to where the user can reach it
-    QSize clientSize_,
-        previousClientSize_; // requested for the current frame margins and for the previous ones
-    QMargins assumedFrame_;  // frame margins that clientSize_ was computed with
-    std::optional<ShownInstead>
-        shownInstead_;     // once settled, if reachable_ differs from what was requested
+    // Requested for the current frame margins and for the previous ones.
+    QSize clientSize_, previousClientSize_;
+    QMargins assumedFrame_; // frame margins that clientSize_ was computed with
+    // Once settled, if reachable_ differs from what was requested.
+    std::optional<ShownInstead> shownInstead_;
     QPoint assumedCorner_; // used where the window system reports no positions (Wayland)
     QTimer settleTimer_;
     struct {

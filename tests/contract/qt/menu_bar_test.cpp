@@ -200,9 +200,9 @@ TEST_CASE("qt window: a shortcut arrives once, whatever the keyboard's layout") 
 
 TEST_CASE("qt menu bar: the focus returns to the view, and the bar uses its own keys only") {
     Bench bench;
-    std::vector<int> told;
+    std::vector<int> keysDown;
     WindowEvents events;
-    events.onKeyDown = [&](int code, int) { told.push_back(code); };
+    events.onKeyDown = [&](int code, int) { keysDown.push_back(code); };
     bench.window.SetEvents(events);
     QWidget view(bench.window.InnerArea());
     view.setFocusPolicy(Qt::StrongFocus);
@@ -222,7 +222,7 @@ TEST_CASE("qt menu bar: the focus returns to the view, and the bar uses its own 
     CHECK(view.hasFocus());
     pressInBar(Qt::Key_Plus, Qt::ControlModifier);
     CHECK(view.hasFocus());
-    CHECK(told == std::vector<int>{34, PlusKey});
+    CHECK(keysDown == std::vector<int>{34, PlusKey});
 
     // As after Alt and a letter pressed while the bar has the focus: Qt would return the focus
     // there.
@@ -231,5 +231,5 @@ TEST_CASE("qt menu bar: the focus returns to the view, and the bar uses its own 
         QApplication::processEvents();
         CHECK(view.hasFocus());
     }
-    CHECK(told.size() == 2);
+    CHECK(keysDown.size() == 2);
 }

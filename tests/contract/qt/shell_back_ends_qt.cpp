@@ -7,6 +7,7 @@
 
 #include <doctest/doctest.h>
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -14,7 +15,7 @@ namespace {
 constexpr char script[] = "#!/bin/sh\n"
                           "folder=$(dirname \"$0\")\n"
                           "printf '%s\\0' \"$@\" >\"$folder/$$.part\"\n"
-                          "mv \"$folder/$$.part\" \"$folder/started\"\n";
+                          "mv \"$folder/$$.part\" \"$folder/$$.started\"\n";
 
 class QtShellUnderTest final : public ShellUnderTest {
   public:
@@ -35,9 +36,14 @@ class QtShellUnderTest final : public ShellUnderTest {
     bool Exists(const std::u16string& path) override { return QFileInfo(ToQt(path)).isFile(); }
 
     std::vector<std::u16string> NextStart() override {
-        const QString record = QString::fromStdString(folder_.path + "/started");
-        REQUIRE(Becomes([&record] { return QFile::exists(record); }));
-        QFile file(record);
+        QStringList records;
+        const QDir folder(QString::fromStdString(folder_.path));
+        REQUIRE(Becomes([&] {
+            records = folder.entryList({QStringLiteral("*.started")});
+            return !records.empty();
+        }));
+        REQUIRE(records.size() == 1); // else something was started before that should not
+        QFile file(folder.filePath(records.front()));
         REQUIRE(file.open(QIODevice::ReadOnly));
         QList<QByteArray> arguments = file.readAll().split('\0');
         arguments.removeLast(); // behind the last NUL

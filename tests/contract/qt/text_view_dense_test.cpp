@@ -71,11 +71,11 @@ std::size_t UnitsShaped(const BlockLayout& layout) {
 
 qsizetype LongestGrapheme(const QString& text) {
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
-    qsizetype longest = 0;
+    qsizetype maxLength = 0;
     for (qsizetype from = 0, to = finder.toNextBoundary(); to >= 0;
          from = to, to = finder.toNextBoundary())
-        longest = std::max(longest, to - from);
-    return longest;
+        maxLength = std::max(maxLength, to - from);
+    return maxLength;
 }
 
 // Layouts at the start, in the middle and at the end.

@@ -101,7 +101,7 @@ void RandomStep(Pair& pair, Random& random) {
 }
 } // namespace
 
-TEST_CASE("qt text view: a text in pieces is equals the same text in memory") {
+TEST_CASE("qt text view: a text in pieces equals the same text in memory") {
     Random random(4242); // NOLINT: reproducible
     Pair pair;
     for (int round = 0; round < 150; ++round) {

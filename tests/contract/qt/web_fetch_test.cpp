@@ -138,15 +138,15 @@ TEST_CASE("web fetch: anything but a whole answer of status 200 fails") {
 }
 
 TEST_CASE("web fetch: at most 64 KB") {
-    const QByteArray most(fetchLimit, 'x');
-    LoopbackServer server(Always("200 OK", most));
-    CHECK(FetchFromWeb(QUrl(server.Address())).bytes == most.toStdString());
-    CHECK(Fails(Always("200 OK", most + 'x')));
+    const QByteArray maxFile(fetchLimit, 'x');
+    LoopbackServer server(Always("200 OK", maxFile));
+    CHECK(FetchFromWeb(QUrl(server.Address())).bytes == maxFile.toStdString());
+    CHECK(Fails(Always("200 OK", maxFile + 'x')));
     CHECK(Fails(Always("200 OK", QByteArray(10 << 20, 'x'))));
     // Endless data.
-    CHECK(Fails([&most](QTcpSocket& socket, const QByteArray&) {
-        QObject::connect(&socket, &QTcpSocket::bytesWritten, &socket, [&socket, &most] {
-            if (socket.bytesToWrite() < most.size()) socket.write(most);
+    CHECK(Fails([&maxFile](QTcpSocket& socket, const QByteArray&) {
+        QObject::connect(&socket, &QTcpSocket::bytesWritten, &socket, [&socket, &maxFile] {
+            if (socket.bytesToWrite() < maxFile.size()) socket.write(maxFile);
         });
         socket.write("HTTP/1.1 200 OK\r\n\r\n");
     }));

@@ -89,8 +89,8 @@ class EngineHtmlView final : public QObject, public EngineView {
     void SetPageZoom();
     void OnZoomApplied(const QVariant& state, int revision);
     void Execute(const QString& expression);
-    std::function<void(const QVariant&)>
-    StateHandler(); // applies a reply to the snapshot unless it is outdated
+    // Applies a reply to the snapshot unless it is outdated.
+    std::function<void(const QVariant&)> StateHandler();
     void ScheduleStateUpdate();
     void ApplyState(const QVariant& state);
     std::optional<QVariant> Query(const QString& expression,
@@ -111,8 +111,8 @@ class EngineHtmlView final : public QObject, public EngineView {
     PageZoom zoom_;
     PageSnapshot snapshot_;
     std::optional<std::u16string> textCache_; // of the page; fetched by the first search
-    std::optional<int>
-        pendingJump_;  // scroll offset before a jump within the page that is still to be reported
+    // Scroll offset before a jump within the page that is still to be reported.
+    std::optional<int> pendingJump_;
     int revision_ = 0; // number of commands so far
     bool loadFinished_ = false, updateScheduled_ = false, visible_ = false, focused_ = false;
     bool closing_ = false; // no more queries: the window is closing

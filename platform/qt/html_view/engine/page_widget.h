@@ -36,6 +36,6 @@ class PageWidget : public QWebEngineView {
     std::unique_ptr<QMenu> menu_; // the last one shown
     QAction* copy_ = nullptr;     // in menu_
     bool keysBlocked_ = false;
-    bool rightPressed_ =
-        false; // the context menu is requested by the mouse, which moves the caret, not by a key
+    // The context menu is requested by the mouse, which moves the caret, not by a key.
+    bool rightPressed_ = false;
 };

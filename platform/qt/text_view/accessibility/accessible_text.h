@@ -54,8 +54,8 @@ class AccessibleText final : public QAccessibleWidget, public QAccessibleTextInt
     // A character out of view is reported above or below the view: screen readers find the visible
     // lines by a binary search.
     QRect characterRect(int offset) const override;
-    int
-    offsetAtPoint(const QPoint& point) const override; // the nearest character; -1 outside the view
+    // The nearest character; -1 outside the view.
+    int offsetAtPoint(const QPoint& point) const override;
 
   private:
     TextWidget& View() const;

@@ -64,8 +64,8 @@ class UnitCounter {
     void AddCharacter(char32_t character, TextPos units) {
         wordLength_ = IsLetterOfWord(character) ? wordLength_ + units : 0;
         const bool isDeepInCluster = cluster_.Add(character) >= maxClusterLength;
-        const bool rare =
-            units > 1 || HasNoFont(character); // font fallback tries one font after the other
+        // Font fallback tries one font after the other.
+        const bool rare = units > 1 || HasNoFont(character);
         if (isDeepInCluster || rare || character == u'\t' || wordLength_ > maxWordLength)
             costly_ += units;
     }

@@ -14,8 +14,8 @@ struct TrailingSpaces {
     int start = std::numeric_limits<int>::max();
     double left = 0, width = 0; // as reported
     bool isLeftOfText = true;
-    double shift =
-        0; // of reported positions, because a tab among the spaces is measured differently
+    // Of reported positions, because a tab among the spaces is measured differently.
+    double shift = 0;
 };
 
 bool IsRightToLeft(const QTextLayout& layout) {

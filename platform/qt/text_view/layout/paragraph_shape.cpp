@@ -10,10 +10,10 @@
 #include <cmath>
 
 namespace {
-constexpr std::int32_t minTextWidth =
-    960; // twips that remain for the text, however large the indents are
-constexpr std::int32_t fallbackPictureSize =
-    480;                            // twips; width and height of a picture of unknown size
+// Twips that remain for the text, however large the indents are.
+constexpr std::int32_t minTextWidth = 960;
+// Twips; width and height of a picture of unknown size.
+constexpr std::int32_t fallbackPictureSize = 480;
 constexpr std::int32_t minTab = 60; // twips
 constexpr int maxDefaultTabs = 200;
 constexpr std::size_t maxCustomTabs = 200; // per paragraph; word processors accept some 60

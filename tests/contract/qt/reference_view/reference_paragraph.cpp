@@ -64,10 +64,11 @@ std::unique_ptr<QTextLayout> Prepared(const ReferenceSettings& settings, const R
                                       const std::vector<Placed>& pictures) {
     QString text;
     QList<QTextLayout::FormatRange> formats;
-    const CharStyle usual;
+    const CharStyle plainStyle;
     TextPos runStart = part.start;
     for (TextPos i = part.start; i < part.end; ++i) {
-        const CharStyle& style = settings.plain ? usual : ReferenceCharStyle(*settings.document, i);
+        const CharStyle& style =
+            settings.plain ? plainStyle : ReferenceCharStyle(*settings.document, i);
         const QChar unit(settings.text[std::size_t(i)]);
         text += Shown(settings, unit, style.capitals);
         if (settings.plain) continue;

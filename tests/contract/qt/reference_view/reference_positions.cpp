@@ -34,8 +34,8 @@ bool GoesItsWay(const QString& text, int at, bool rightToLeft) {
 }
 
 bool IsLeftOut(QChar unit) {
-    static const QString kept = QStringLiteral("\u00A0\u2007\u202F\u2028");
-    return unit.isSpace() && !kept.contains(unit);
+    static const QString notCollapsed = QStringLiteral("\u00A0\u2007\u202F\u2028");
+    return unit.isSpace() && !notCollapsed.contains(unit);
 }
 
 // Where the trailing spaces of a wrapped line start; none if there is a tab among them.

@@ -33,12 +33,12 @@ std::size_t RowsFrom(const std::vector<TableRow>& rows, std::size_t index) {
     return together ? end - first : 1;
 }
 
-std::vector<int> Edges(const ReferenceSettings& settings, const TableRow& row, int most) {
+std::vector<int> Edges(const ReferenceSettings& settings, const TableRow& row, int maxWidth) {
     std::vector<int> edges{0};
     for (const TableCell& cell : row.cells)
         edges.push_back(std::max(edges.back() + settings.Pixels(minCell),
                                  settings.Pixels(cell.rightEdge) - settings.Pixels(row.leftEdge)));
-    const double scale = std::min(1.0, double(most) / edges.back());
+    const double scale = std::min(1.0, double(maxWidth) / edges.back());
     for (int& edge : edges)
         edge = int(std::lround(edge * scale));
     return edges;
@@ -58,9 +58,9 @@ void MergeUp(std::vector<Cell>& above, Cell& cell) {
 // Horizontal positions only.
 void PlaceCells(const ReferenceSettings& settings, const TableRow& row, std::size_t index,
                 std::vector<Cell>& cells) {
-    const int most = std::max(1, settings.viewWidth - settings.Hairline());
-    const std::vector<int> edges = Edges(settings, row, most);
-    const int room = std::max(0, most - edges.back());
+    const int maxWidth = std::max(1, settings.viewWidth - settings.Hairline());
+    const std::vector<int> edges = Edges(settings, row, maxWidth);
+    const int room = std::max(0, maxWidth - edges.back());
     const int offset = std::clamp(settings.Pixels(row.leftEdge), 0, room);
     std::vector<Cell> own;
     for (std::size_t i = 0; i < row.cells.size(); ++i) {

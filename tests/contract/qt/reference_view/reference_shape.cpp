@@ -28,9 +28,9 @@ void SetTabs(const ReferenceSettings& settings, const ParagraphStyle& style,
         stops.push_back(settings.Pixels(stop));
     if (shape.firstIndent < shape.indent) stops.push_back(shape.indent);
     const int last = stops.empty() ? 0 : *std::max_element(stops.begin(), stops.end());
-    const int usual = settings.Pixels(std::max(60, settings.document->defaultTab));
-    for (int i = 1; i <= 200 && (last / usual + i - 1) * usual < part.breakWidth; ++i)
-        stops.push_back((last / usual + i) * usual);
+    const int tabDistance = settings.Pixels(std::max(60, settings.document->defaultTab));
+    for (int i = 1; i <= 200 && (last / tabDistance + i - 1) * tabDistance < part.breakWidth; ++i)
+        stops.push_back((last / tabDistance + i) * tabDistance);
     std::sort(stops.begin(), stops.end());
     QList<QTextOption::Tab> tabs;
     for (const int stop : stops)
@@ -38,18 +38,18 @@ void SetTabs(const ReferenceSettings& settings, const ParagraphStyle& style,
             tabs.append({(stop - shape.firstIndent) * TabUnit(settings),
                          shape.rightToLeft ? QTextOption::RightTab : QTextOption::LeftTab});
     shape.option.setTabs(tabs);
-    shape.option.setTabStopDistance(usual * TabUnit(settings));
+    shape.option.setTabStopDistance(tabDistance * TabUnit(settings));
 }
 
 void SetMeasures(const ReferenceSettings& settings, const ParagraphStyle& style,
                  const ReferencePart& part, ReferenceShape& shape) {
-    const int most = std::max(0, part.alignWidth - settings.Pixels(960));
+    const int maxIndent = std::max(0, part.alignWidth - settings.Pixels(960));
     const int left = std::max(0, settings.Pixels(style.leftIndent));
     const int right = std::max(0, settings.Pixels(style.rightIndent));
-    shape.indent = std::min(shape.rightToLeft ? right : left, most);
-    shape.endIndent = std::min(shape.rightToLeft ? left : right, most - shape.indent);
+    shape.indent = std::min(shape.rightToLeft ? right : left, maxIndent);
+    shape.endIndent = std::min(shape.rightToLeft ? left : right, maxIndent - shape.indent);
     const int extra = part.first ? settings.Pixels(style.firstLineIndent) : 0;
-    shape.firstIndent = std::clamp(shape.indent + extra, 0, most - shape.endIndent);
+    shape.firstIndent = std::clamp(shape.indent + extra, 0, maxIndent - shape.endIndent);
     if (part.first) shape.before = std::max(0, settings.Pixels(style.spaceBefore));
     if (part.last) shape.after = std::max(0, settings.Pixels(style.spaceAfter));
     shape.spacing = style.lineSpacing;

@@ -85,8 +85,8 @@ QSize ReferencePictureSize(const ReferenceSettings& settings, const Picture& pic
         size = QImageReader(&buffer, kind).size() * (15 * settings.pixelsPerTwip);
     }
     if (size.isEmpty()) size = QSize(settings.Pixels(480), settings.Pixels(480));
-    const QSize most(std::max(1, width), 4096);
-    if (size.width() > most.width() || size.height() > most.height())
-        size.scale(most, Qt::KeepAspectRatio);
+    const QSize maxSize(std::max(1, width), 4096);
+    if (size.width() > maxSize.width() || size.height() > maxSize.height())
+        size.scale(maxSize, Qt::KeepAspectRatio);
     return size.expandedTo(QSize(1, 1));
 }

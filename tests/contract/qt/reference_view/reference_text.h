@@ -69,8 +69,8 @@ struct ReferenceText {
         return paragraphs[line.paragraph];
     }
     std::size_t BlockAt(int y) const;
-    const ReferenceLine&
-    LineAt(int y) const; // the lowest line of its block that starts at or above y
+    // The lowest line of its block that starts at or above y.
+    const ReferenceLine& LineAt(int y) const;
     double X(const ReferenceLine& line, TextPos position) const; // of the caret
 };
 

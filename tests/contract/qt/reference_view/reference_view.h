@@ -35,8 +35,8 @@ class ReferenceView {
     bool IsPossible(const ReferenceLine& line, int x, TextPos position) const;
     TextPos LastCaretPosition(const ReferenceLine& line) const;
     bool IsUnidirectional(const ReferenceLine& line) const;
-    std::string
-    Describe(const ReferenceLine& line) const; // its text, and the positions of its characters
+    // Its text, and the positions of its characters.
+    std::string Describe(const ReferenceLine& line) const;
 
     // Not for vertical keys; none if any position is possible.
     std::optional<TextPos> KeyTarget(int key, bool control) const;

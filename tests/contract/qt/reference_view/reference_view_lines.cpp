@@ -58,7 +58,7 @@ const ReferenceLine& ReferenceView::LineNear(int x, int y) const {
         return at < from ? from - at : at >= to ? at - to + 1 : 0;
     };
     const ReferenceParagraph* nearest = nullptr;
-    std::tuple least(0, 0, 0);
+    std::tuple minDistance(0, 0, 0);
     for (const ReferenceParagraph& paragraph : reference_.paragraphs) {
         if (paragraph.block != block || paragraph.hidden) continue;
         std::tuple each(0, 0, distance(y, paragraph.top, paragraph.bottom));
@@ -67,9 +67,9 @@ const ReferenceLine& ReferenceView::LineNear(int x, int y) const {
             std::get<0>(each) = distance(y, cell.top(), cell.top() + cell.height());
             std::get<1>(each) = distance(x, cell.left(), cell.left() + cell.width());
         }
-        if (nearest && each >= least) continue;
+        if (nearest && each >= minDistance) continue;
         nearest = &paragraph;
-        least = each;
+        minDistance = each;
     }
     return LineIn(*nearest, y);
 }
@@ -111,13 +111,13 @@ bool ReferenceView::IsPossible(const ReferenceLine& line, int x, TextPos positio
     if (position < line.start || position > last) return false;
     if (!IsUnidirectional(line)) return true;
     const ReferenceParagraph& paragraph = reference_.ParagraphOf(line);
-    double least = std::numeric_limits<double>::max();
+    double minDistance = std::numeric_limits<double>::max();
     for (TextPos each = line.start; each <= last; ++each)
         if (paragraph.text->isValidCursorPosition(each - paragraph.start))
-            least = std::min(least, std::abs(reference_.X(line, each) - x));
+            minDistance = std::min(minDistance, std::abs(reference_.X(line, each) - x));
     // Behind the text of a wrapped line there are only its trailing spaces.
     const QTextLine text = line.Text(reference_);
     const double end = paragraph.origin.x() + text.naturalTextRect().right();
     if (!paragraph.rightToLeft && x >= end - 1 && position == last) return true;
-    return std::abs(reference_.X(line, position) - x) <= least + 1;
+    return std::abs(reference_.X(line, position) - x) <= minDistance + 1;
 }
