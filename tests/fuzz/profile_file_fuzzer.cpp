@@ -2,6 +2,7 @@
 // entry.
 #include "common/profile_file.h"
 #include "common/profile_text.h"
+#include "common/text.h"
 #include "common/utf.h"
 #include "formats/codepages/code_pages.h"
 
@@ -61,7 +62,8 @@ std::u16string KeyName(FuzzedDataProvider& data, const Lines& lines) {
 }
 
 std::u16string Trimmed(std::u16string_view text) {
-    return Utf8ToUtf16(TrimLine(Utf16ToUtf8(OnOneLine(text))));
+    const std::string bytes = Utf16ToUtf8(OnOneLine(text));
+    return Utf8ToUtf16(Trim(std::string_view(bytes)));
 }
 
 void SetValue(ProfileFile& file, const std::u16string& section, FuzzedDataProvider& data) {
