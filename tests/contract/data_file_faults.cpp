@@ -60,11 +60,16 @@ void CheckKept(const fs::path& dataFile) {
     CHECK(file.Value(u"Anna", u"Width") == u"613");
 }
 
+Ports PortsOfSystem() {
+    Ports ports = MakeNonePorts();
+    ports.files = FilesOfSystem();
+    return ports;
+}
+
 // A program on the files of the system, in a folder of its own with two books.
 class Program {
   public:
-    explicit Program(const fs::path& folder) : folder_(folder) {
-        test_.form.ports.files = FilesOfSystem();
+    explicit Program(const fs::path& folder) : folder_(folder), test_(PortsOfSystem()) {
         test_.form.ports.launch.programFolder = PathOfSystem(folder);
         test_.form.ports.launch.userDataFolder = PathOfSystem(folder / "own");
         test_.form.ports.launch.rootFolder = PathOfSystem(folder.root_path());

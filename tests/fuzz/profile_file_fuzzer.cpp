@@ -61,9 +61,8 @@ std::u16string KeyName(FuzzedDataProvider& data, const Lines& lines) {
     return line.substr(0, line.find(u'='));
 }
 
-std::u16string Trimmed(std::u16string_view text) {
-    const std::string bytes = Utf16ToUtf8(OnOneLine(text));
-    return Utf8ToUtf16(Trim(std::string_view(bytes)));
+std::u16string TrimmedLine(std::u16string_view text) {
+    return Utf8ToUtf16(Trim(Utf16ToUtf8(OnOneLine(text))));
 }
 
 void SetValue(ProfileFile& file, const std::u16string& section, FuzzedDataProvider& data) {
@@ -75,7 +74,7 @@ void SetValue(ProfileFile& file, const std::u16string& section, FuzzedDataProvid
         Require(file.SectionLines(section) == before);
         return;
     }
-    const std::string stored = Utf16ToUtf8(Trimmed(value));
+    const std::string stored = Utf16ToUtf8(TrimmedLine(value));
     Require(file.Value(section, key) == Utf8ToUtf16(WithoutQuotes(stored)));
     const Lines after = file.SectionLines(section);
     Require(after.size() == before.size() + isNew);
@@ -91,12 +90,12 @@ void SetSection(ProfileFile& file, const std::u16string& section, FuzzedDataProv
         lines.push_back(Text(data));
     file.SetSection(section, lines);
     for (const std::u16string& line : lines) {
-        const std::u16string trimmed = Trimmed(line);
+        const std::u16string trimmed = TrimmedLine(line);
         if (trimmed.empty() || trimmed[0] == u';' || trimmed[0] == u'[') continue;
         const std::size_t equals = trimmed.find(u'=');
         listed.push_back(equals == trimmed.npos ? trimmed
-                                                : Trimmed(trimmed.substr(0, equals)) + u"=" +
-                                                      Trimmed(trimmed.substr(equals + 1)));
+                                                : TrimmedLine(trimmed.substr(0, equals)) + u"=" +
+                                                      TrimmedLine(trimmed.substr(equals + 1)));
     }
     Require(file.SectionLines(section) == listed);
 }

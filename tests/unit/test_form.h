@@ -16,7 +16,7 @@
 
 class TestForm {
   public:
-    TestForm() : form(MakeNonePorts()) {}
+    explicit TestForm(Ports ports = MakeNonePorts()) : form(std::move(ports)) {}
 
     // The next run of the program: on the files and the registry that `earlier` left when it ended.
     explicit TestForm(TestForm& earlier)
