@@ -91,6 +91,7 @@ void AdoptLateDataFile(MainForm& form) {
     form.dataFile->TryRead();
     if (form.dataFile->IsUnread()) return;
     std::vector<std::u16string> openedMeanwhile;
+    openedMeanwhile.reserve(static_cast<std::size_t>(form.history.Count()));
     for (int i = 0; i < form.history.Count(); ++i)
         openedMeanwhile.push_back(form.menu.mFileList[i].tag);
     const std::u16string shown = IsBookShown(form) ? form.book.path : u"";

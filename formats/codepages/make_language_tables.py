@@ -34,9 +34,9 @@ LAYOUT = """\
 //
 // languageModels: for each language its name, its script, the number of its letters, how many of
 // them every charset for it has, the letters, commonest first, and a square of costs. Its rows and
-// columns are classes: 0 what is no letter of the script, 1 any other letter of the script, 2 and on
-// the letters in their order. The character in row a, column b is -log2 of how likely b follows a,
-// in quarters of a bit: '#' is 0, each next ASCII character one more, up to 'Z'.
+// columns are classes: 0 what is no letter of the script, 1 any other letter of the script, 2 and
+// on the letters in their order. The character in row a, column b is -log2 of how likely b follows
+// a, in quarters of a bit: '#' is 0, each next ASCII character one more, up to 'Z'.
 //
 // characterModels: for each language of many characters its name and six bands of them, the
 // commonest band first: -log2 of how often one of the band stands, in quarters of a bit, and the

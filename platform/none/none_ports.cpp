@@ -7,7 +7,7 @@ const char16_t* const months[] = {u"January",   u"February", u"March",    u"Apri
 const char16_t* const days[] = {u"Sunday",   u"Monday", u"Tuesday", u"Wednesday",
                                 u"Thursday", u"Friday", u"Saturday"};
 
-std::u16string NameOf(std::u16string name, bool full) {
+std::u16string NameOf(const std::u16string& name, bool full) {
     return full ? name : name.substr(0, 3);
 }
 } // namespace

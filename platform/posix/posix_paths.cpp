@@ -36,7 +36,10 @@ std::optional<std::string> FollowLinks(std::string path) {
         const ssize_t length = readlink(path.c_str(), target, sizeof target);
         if (length <= 0 || length == sizeof target) return path; // no link
         const std::string next(target, static_cast<std::size_t>(length));
-        path = next.front() == '/' ? next : FolderOf(path) + "/" + next;
+        if (next.front() == '/')
+            path = next;
+        else
+            path = FolderOf(path).append("/").append(next);
     }
     return std::nullopt;
 }

@@ -156,6 +156,7 @@ std::vector<HelpFinding> SearchHelp(const HelpBook& book, std::u16string_view ty
     std::erase_if(candidates, [maxFound](const Candidate& c) { return c.words < maxFound; });
     std::ranges::stable_sort(candidates, std::ranges::greater(), &Candidate::score);
     std::vector<HelpFinding> findings;
+    findings.reserve(candidates.size());
     for (Candidate& candidate : candidates)
         findings.push_back(std::move(candidate.finding));
     return findings;

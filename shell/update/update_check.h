@@ -15,6 +15,7 @@ std::u16string SetupAddress(const ProgramVersion&, const std::u16string& executa
 
 struct VersionNumbers {
     int major = 0, minor = 0, revision = 0;
+    // NOLINTNEXTLINE(modernize-use-nullptr): in what the compiler makes
     auto operator<=>(const VersionNumbers&) const = default;
 };
 

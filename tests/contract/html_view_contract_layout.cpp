@@ -163,8 +163,8 @@ TEST_CASE("html layout: a page that scrolls inside an element scrolls as a whole
         "html,body{overflow:hidden;height:100%}main{overflow:auto;height:100%}",
         "main{overflow-y:scroll;height:100vh}",
         "body{overflow:hidden}main{overflow:auto;position:fixed;top:0;bottom:0;left:0;right:0}",
-        "body{display:flex;flex-direction:column;height:100vh}main{flex:1;min-height:0;"
-        "overflow:auto}",
+        ("body{display:flex;flex-direction:column;height:100vh}main{flex:1;min-height:0;"
+         "overflow:auto}"),
     };
     OnEachBackEnd([&](PageTest& test) {
         for (const char* style : styles) {

@@ -1,6 +1,5 @@
 #include "tests/contract/windows_html_view_fixture.h"
 
-
 #include <algorithm>
 
 namespace {

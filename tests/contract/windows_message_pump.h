@@ -11,7 +11,8 @@ inline bool Becomes(const std::function<bool()>& condition, WinWindow* window = 
     while (!condition() && GetTickCount64() < end) {
         MSG message;
         while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            if (message.message == WM_QUIT || (window && window->PreTranslateMessage(message))) continue;
+            if (message.message == WM_QUIT || (window && window->PreTranslateMessage(message)))
+                continue;
             TranslateMessage(&message);
             DispatchMessageW(&message);
         }

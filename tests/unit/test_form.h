@@ -41,6 +41,7 @@ class TestForm {
     }
     std::vector<std::u16string> Order() const { // the paths of the history list
         std::vector<std::u16string> paths;
+        paths.reserve(form.menu.mFileList.items.size());
         for (int i = 0; i < form.history.Count(); ++i)
             paths.push_back(GetBookPath(form.history, i));
         return paths;

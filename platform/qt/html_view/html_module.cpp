@@ -21,7 +21,7 @@ namespace {
 QString ModulePath() {
     const QString folder = QCoreApplication::applicationDirPath();
     for (const char* location : {"/libnorvaset-html.so", "/../lib/norvaset/libnorvaset-html.so"})
-        if (const QString path = folder + QLatin1String(location); QFile::exists(path)) return path;
+        if (QString path = folder + QLatin1String(location); QFile::exists(path)) return path;
     return {};
 }
 

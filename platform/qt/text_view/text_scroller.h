@@ -10,6 +10,7 @@
 struct VerticalPos {
     TextPos block = 0;
     int y = 0;
+    // NOLINTNEXTLINE(modernize-use-nullptr): in what the compiler makes
     auto operator<=>(const VerticalPos&) const = default;
 };
 

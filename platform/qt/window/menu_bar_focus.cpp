@@ -60,7 +60,8 @@ bool MenuBarFocus::HandleKey(const QKeyEvent& event) {
 // The bar may have it although nothing in the program has the focus: the X server takes it from the
 // window for a moment as a menu closes, and then Qt gives it back to the widget that had it last.
 void MenuBarFocus::RestoreFocus() const {
-    if (lastFocus_ && bar_.window()->focusWidget() == &bar_) lastFocus_->setFocus(Qt::MenuBarFocusReason);
+    if (lastFocus_ && bar_.window()->focusWidget() == &bar_)
+        lastFocus_->setFocus(Qt::MenuBarFocusReason);
 }
 
 void ActivateFocusedWindow(QWindow* focused) {

@@ -8,9 +8,9 @@
 #include "platform/windows/html_view/browser/page_window.h"
 #include "platform/windows/html_view/page/page_document.h"
 #include "platform/windows/html_view/page/page_text.h"
-#include "platform/windows/portable/page_zoom.h"
 #include "platform/windows/html_view/page/scroll_anchor.h"
 #include "platform/windows/html_view/safety/remote_blocker.h"
+#include "platform/windows/portable/page_zoom.h"
 #include "platform/windows/window/win_drops.h"
 
 #include <deque>

@@ -2,8 +2,8 @@
 
 #include "platform/windows/base/com_ptr.h"
 #include "platform/windows/base/system_library.h"
-#include "platform/windows/text_view/ole_callback.h"
 #include "platform/windows/portable/text_map.h"
+#include "platform/windows/text_view/ole_callback.h"
 
 #include <tom.h>
 

@@ -5,8 +5,8 @@
 #pragma once
 
 #include "platform/text_view.h"
-#include "platform/windows/text_view/text_input.h"
 #include "platform/windows/portable/text_map.h"
+#include "platform/windows/text_view/text_input.h"
 #include "platform/windows/text_view/text_style.h"
 #include "platform/windows/window/win_drops.h"
 

@@ -86,7 +86,7 @@ bool EngineHtmlView::FetchText(QDeadlineTimer end) {
     return textCache_.has_value();
 }
 
-std::optional<PageMatch> EngineHtmlView::FindBehindSelection(std::u16string_view wanted,
+std::optional<PageMatch> EngineHtmlView::FindBehindSelection(std::u16string_view what,
                                                              FindOptions options) {
     const std::u16string what(wanted); // a copy, because its owner may change it during a query
     const QDeadlineTimer end(maxPageWait);

@@ -41,7 +41,7 @@ void ApplyCapitals(const LayoutContext& context, TextPos start, QString& text,
         if (capitals == Capitals::AsWritten) continue;
         const TextPos runEnd = i + 1 < runs.size() ? std::min(textEnd, runs[i + 1].start) : textEnd;
         const int end = runEnd - start;
-        for (int at = std::max(0, runs[i].start - start), next = at; at < end; at = next) {
+        for (int at = std::max(0, runs[i].start - start), next = 0; at < end; at = next) {
             const bool changes = CapitalOf(text[at]) != text[at];
             next = EndOfSame(text, at, end, changes);
             if (changes && capitals == Capitals::Small)

@@ -40,7 +40,7 @@ class CharFormats {
     QTextCharFormat MakeFormat(const CharStyle& style);
     CharStyle WithFontLimit(CharStyle style);
     const std::u16string& Family(const CharStyle& style) const;
-    QFont StyleFont(const CharStyle& style);
+    QFont StyleFont(const CharStyle& requested);
     std::optional<QColor> Foreground(const CharStyle& style) const;
 
     const Document& document_;

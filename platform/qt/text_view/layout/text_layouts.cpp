@@ -34,7 +34,7 @@ TextLayouts::Layout TextLayouts::At(TextPos position) {
     width_ = std::max(width_, layout->width);
     cost_ += Cost(recent_.emplace_front(std::move(layout)));
     byStart_[block.start] = recent_.begin();
-    const Layout made = recent_.front();
+    Layout made = recent_.front();
     EvictOld();
     return made;
 }
