@@ -24,6 +24,7 @@ struct SymbolRun {
     std::u32string_view signs;
 };
 
+// clang-format off: it counts the columns of such signs in its own way
 constexpr SymbolRun wingdings[] = {
     {0x20, U" ✎✂✁👓🔔📖🕯☎✆✉🖃📪📫📬📭📁📂📄🗏🗐🗄⌛⌨🖰🖲🖳🖴"
            U"🖫"
@@ -61,6 +62,7 @@ constexpr SymbolRun webdings[] = {
     {0x69, U"ℹ"}, {0x6E, U"⚫"},
     {0x73, U"❓"},
 };
+// clang-format on
 
 char32_t PrivateUseOf(unsigned char byte) {
     return 0xF000u | byte;

@@ -27,7 +27,7 @@ void TextLayouts::Clear() {
 
 TextLayouts::Layout TextLayouts::At(TextPos position) {
     const TextPos clamped = std::clamp(position, 0, Text().Length());
-    if (const Layout cached = FindCached(clamped)) return cached;
+    if (Layout cached = FindCached(clamped)) return cached;
     const TextBlock block = LayoutBlockAt(Text(), context_.document, clamped);
     auto layout = std::make_shared<BlockLayout>(LayOutBlock(context_, block));
     ++layoutsMade_;
