@@ -1,6 +1,7 @@
 // Doing something to the dialog that opens next, from within its own message loop.
 #pragma once
 
+#include "platform/windows/base/text.h"
 #include "platform/windows/base/win32.h"
 
 #include <doctest/doctest.h>
@@ -50,13 +51,6 @@ class WhileOpen {
     inline static std::function<void(HWND)> waiting; // a timer is told nothing but its number
     UINT_PTR timer_;
 };
-
-inline std::wstring WindowText(HWND window) {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(
-        GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-    return text;
-}
 
 inline std::wstring TextOf(HWND dialog, int control) {
     return WindowText(GetDlgItem(dialog, control));

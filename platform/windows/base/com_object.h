@@ -3,6 +3,8 @@
 
 #include "platform/windows/base/com_ptr.h"
 
+#include <oaidl.h>
+
 // Reference-counted, starting at one. The count is interlocked: the engine also uses threads of its
 // own.
 template <typename... Interfaces>
@@ -39,3 +41,23 @@ HRESULT FindInterface(Object* object, REFIID id, void** found) noexcept {
     object->AddRef();
     return S_OK;
 }
+
+// An IDispatch without type information and names: callers know the DISPIDs.
+class InvokeOnlyDispatch : public IDispatch {
+  public:
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override {
+        if (!count) return E_POINTER;
+        *count = 0;
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID,
+                                            DISPID*) noexcept override {
+        return DISP_E_UNKNOWNNAME;
+    }
+
+  protected:
+    ~InvokeOnlyDispatch() = default;
+};

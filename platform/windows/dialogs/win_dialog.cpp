@@ -41,11 +41,7 @@ bool WinDialog::HandleMessage(UINT message, WPARAM wParam) {
 }
 
 std::wstring WinDialog::Text(int id) const {
-    const HWND control = Control(id);
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(control)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(
-        GetWindowTextW(control, text.data(), static_cast<int>(text.size()))));
-    return text;
+    return WindowText(Control(id));
 }
 
 void WinDialog::SetText(int id, const std::u16string& text) const {

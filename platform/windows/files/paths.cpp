@@ -12,11 +12,6 @@ constexpr std::wstring_view Server = L"\\\\", Device = L"\\\\.\\";
 // A folder's path must leave room for a name of 8.3 characters in it.
 constexpr std::size_t MaxPlainPathLength = MAX_PATH - 13;
 
-bool EqualsIgnoringCase(std::wstring_view a, std::wstring_view b) {
-    return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(),
-                                static_cast<int>(b.size()), TRUE) == CSTR_EQUAL;
-}
-
 std::wstring FullPath(const std::wstring& path) {
     if (path.starts_with(Verbatim)) return path; // not normalised by the system either
     std::wstring full(MAX_PATH, L'\0');
@@ -38,13 +33,12 @@ std::wstring_view ShareOf(std::wstring_view serverPath) {
 
 bool IsDriveOrVolume(std::wstring_view rest) {
     constexpr std::wstring_view volume = L"Volume{";
-    return (rest.size() >= 2 && rest[1] == L':') ||
-           EqualsIgnoringCase(rest.substr(0, volume.size()), volume);
+    return (rest.size() >= 2 && rest[1] == L':') || StartsWithIgnoringCase(rest, volume);
 }
 
 bool IsDevice(std::wstring_view full) {
     std::wstring_view share;
-    if (EqualsIgnoringCase(full.substr(0, VerbatimServer.size()), VerbatimServer)) {
+    if (StartsWithIgnoringCase(full, VerbatimServer)) {
         share = ShareOf(full.substr(VerbatimServer.size()));
     } else if (full.starts_with(Verbatim)) {
         return !IsDriveOrVolume(full.substr(Verbatim.size()));

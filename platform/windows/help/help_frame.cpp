@@ -39,13 +39,6 @@ LRESULT PageBackgroundProc(HWND window, UINT message, WPARAM wParam, LPARAM lPar
     return FillRect(reinterpret_cast<HDC>(wParam), &inner, GetSysColorBrush(COLOR_WINDOW));
 }
 
-std::u16string TextOf(HWND field) {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(field)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(
-        GetWindowTextW(field, text.data(), static_cast<int>(text.size()))));
-    return FromWide(text);
-}
-
 } // namespace
 
 // Not owned: a message box disables the main window, but not this one.
@@ -160,7 +153,7 @@ bool HelpFrame::HandleMouse(UINT message, LPARAM place) {
 
 void HelpFrame::OnCommand(int control, int notification) {
     if (control == searchId && notification == EN_CHANGE)
-        ShowResultsFor(TextOf(search_));
+        ShowResultsFor(FromWide(WindowText(search_)));
     else if (control == listId && notification == LBN_SELCHANGE)
         ShowRow(list_->SelectedRow());
     else if (control == listId && notification == LBN_DBLCLK)

@@ -60,7 +60,7 @@ void WinHtmlView::Clear() {
     window_.SetNotice(L"");
 }
 
-// Nothing is heard of the page any more.
+// Drops everything that belongs to the page, pending events included.
 void WinHtmlView::ResetPage() {
     posted_.clear();
     load_ = Load::None;
@@ -83,7 +83,7 @@ bool WinHtmlView::OpenControl() {
     return control_ != nullptr;
 }
 
-// What the page said last is cached.
+// The snapshot of the page survives.
 void WinHtmlView::ReleaseControl() {
     load_ = Load::None;
     inner_.Detach();
@@ -136,7 +136,7 @@ void WinHtmlView::ApplyLoadedPage(const std::wstring& url) {
     inner_.Attach(window_.Handle());
     snapshot_.hasBody = document_.HasBody();
     snapshot_.colors = ColorsOf(document_);
-    Zoom(0); // the control goes on with the size of the page before
+    Zoom(0); // the control keeps the zoom of the previous page
     ApplyZoom();
     if (GetFocus() == window_.Handle()) FocusPage();
     if (onLoaded) onLoaded(page_, FromWide(url));
@@ -155,7 +155,7 @@ void WinHtmlView::OnContextMenu(POINT place) {
     Post([this, place] { ShowContextMenu(place); });
 }
 
-// A command goes the way that the engine's own menu sends it.
+// As the engine's own menu sends it.
 void WinHtmlView::ShowContextMenu(POINT place) {
     const auto command = TrackPageMenu(window_.Handle(), place, HasText(), !SelectedText().empty());
     if (command && inner_.Handle())

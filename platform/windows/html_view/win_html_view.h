@@ -15,17 +15,16 @@
 
 #include <deque>
 
-// The engine runs in this process and on this thread, so no question waits. What the engine tells
-// is passed on by a posted message: no handler runs inside a call of the engine's, and it may
-// navigate or clear.
+// The engine is in-process and on this thread, so queries do not wait. Its events are posted: the
+// form's handlers never run inside a call of the engine, and may navigate or clear.
 class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
   public:
     explicit WinHtmlView(HWND parent, BrowserFactory = CreateSystemBrowser);
     ~WinHtmlView() override;
 
-    // For the program's message loop. `Normalize` comes first: with Ctrl held, a key of the numeric
-    // keypad becomes that of the main block. Then the window tells the form, and `TranslateKey`
-    // carries out what is the view's; true when the message is done with.
+    // For the message loop. `Normalize` comes first: with Ctrl, it replaces a key of the numeric
+    // keypad by that of the main block. After the form's key events, `TranslateKey` handles the
+    // view's own keys; true when the message was handled.
     void Normalize(MSG&) const;
     bool TranslateKey(const MSG&);
     // The keystroke of `SendZoomKey`, for the window's `onKeyDown`.
@@ -66,7 +65,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
   private:
     enum class Load { None, Requested, Loading, Complete };
 
-    // The last answers of the page, for when it gives none.
+    // The last values read from the page, for when the engine fails.
     struct PageSnapshot {
         bool hasBody = false, hasText = false;
         std::string charset;
@@ -74,7 +73,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
         PageColors colors;
         int scrollTop = 0, zoomSteps = 0, viewHeight = 0, topMargin = 0;
         PageSelection selection;
-        PageRange measured; // the selection that `selection.span` was counted for
+        PageRange measured; // the range that `selection.span` belongs to
     };
 
     bool AllowNavigation(const std::wstring& url, Target, bool sends) override;
@@ -87,22 +86,22 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     bool IsInSelection(POINT pixels) const override;
 
     void ResetPage();
-    void ShowLoadError(); // which cannot be loaded
+    void ShowLoadError();
     bool OpenControl();
     void ReleaseControl();
     void FocusPage();
-    void RelayoutAtAnchor(const std::function<void()>& change); // the line at the top stays there
+    void RelayoutAtAnchor(const std::function<void()>& change); // keeps the top line
     void FitWindow();
     void ScrollIntoView(TextPos start);
     void ApplyLoadedPage(const std::wstring& url);
     void ShowContextMenu(POINT);
     void ReportLink(const std::wstring& url);
-    void Zoom(int steps); // 0: back to normal
-    void ApplyZoom();     // before whatever depends on the page's size
+    void Zoom(int steps); // 0 resets
+    void ApplyZoom();     // before anything that depends on the layout
     int ZoomPercent() const;
     bool IsOfView(HWND) const;
 
-    void Post(std::function<void()>); // not when the page is left before
+    void Post(std::function<void()>); // dropped when the page is left first
     void RunPostedTask();
 
     BrowserFactory createBrowser_;
@@ -110,18 +109,18 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     WinDrops drops_{onFilesDropped};
     PageWindow window_;
     InnerWindow inner_;
-    std::unique_ptr<DocumentMode> mode_;     // from the first page on
+    std::unique_ptr<DocumentMode> mode_;     // set from the first page on
     std::unique_ptr<RemoteBlocker> blocker_; // while there is a control
     std::unique_ptr<BrowserControl> control_;
 
-    std::wstring url_;  // of the page, as we asked for it
+    std::wstring url_;  // as passed to Load
     BookFolder folder_; // of the page's book
     std::wstring bookHost_;
     int page_ = 0;
     Load load_ = Load::None;
-    PageZoom zoom_;            // asked for
-    bool zoomPending_ = false; // and not yet carried out
-    int zoomPercent_ = 0;      // that the control was given last
+    PageZoom zoom_;            // requested
+    bool zoomPending_ = false; // not yet applied
+    int zoomPercent_ = 0;      // last passed to the control
     PageDocument document_;
     ScrollAnchor scrollAnchor_;
     mutable PageSnapshot snapshot_;

@@ -47,8 +47,7 @@ bool WinHtmlView::TranslateKey(const MSG& message) {
     return false;
 }
 
-// A real keystroke would go to whatever window has the keyboard when it arrives, with whatever
-// keys are held there.
+// Not by SendInput, which goes to whatever window has the focus, with whatever keys are down.
 void WinHtmlView::SendZoomKey(bool larger) {
     Zoom(larger ? 1 : -1);
     const int key = larger ? VK_OEM_PLUS : VK_OEM_MINUS;
@@ -57,7 +56,7 @@ void WinHtmlView::SendZoomKey(bool larger) {
     });
 }
 
-// Keys that come while the engine lays the page out are one new size.
+// Keys pressed during a layout are applied together.
 void WinHtmlView::Zoom(int steps) {
     zoom_.Move(steps);
     zoomPending_ = true;
@@ -77,7 +76,7 @@ void WinHtmlView::ApplyZoom() {
     });
 }
 
-// The window may have come to a screen of another resolution, too.
+// The DPI may have changed, too.
 void WinHtmlView::FitWindow() {
     if (!control_) return;
     ApplyZoom();
@@ -92,7 +91,7 @@ void WinHtmlView::RelayoutAtAnchor(const std::function<void()>& change) {
     scrollAnchor_.Restore(document_);
 }
 
-// For the engine, 100 is one pixel of the screen for each of the page.
+// At 100 a CSS pixel is one device pixel, whatever the DPI.
 int WinHtmlView::ZoomPercent() const {
     return std::clamp(MulDiv(zoom_.Percent(), WindowDpi(window_.Handle()), usualDpi), minPercent,
                       maxPercent);
@@ -120,7 +119,7 @@ void WinHtmlView::FocusView() {
     SetFocus(window_.Handle());
 }
 
-// The window has it already; a page that is there takes it over.
+// The host window has the focus already; passes it on to the page.
 void WinHtmlView::FocusPage() {
     if (!control_ || !inner_.Handle()) return;
     control_->ActivateUi();

@@ -1,4 +1,4 @@
-// The page that is shown: its orders, cached values and questions.
+// Commands to the page shown, and queries with cached values.
 #include "platform/windows/html_view/win_html_view.h"
 
 #include "platform/windows/base/text.h"
@@ -87,7 +87,7 @@ int WinHtmlView::TopMargin() const {
     return Update(snapshot_.topMargin, document_.TopMargin());
 }
 
-// Counting goes through the text before the selection: not again while it stays the same.
+// Counting walks the text before the selection: cached while the range is the same.
 PageSelection WinHtmlView::Selection() const {
     const PageRange range = document_.SelectedText();
     if (!range) return snapshot_.selection;
@@ -97,7 +97,7 @@ PageSelection WinHtmlView::Selection() const {
         snapshot_.selection.span = *span;
         snapshot_.measured = range;
     }
-    // The text's first line begins below the margin, whatever its own margins.
+    // The first line counts as starting at the top margin, whatever its element's margins.
     if (snapshot_.selection.span.start == 0)
         snapshot_.selection.top = TopMargin() - ScrollTop();
     else if (const auto place = PlaceOf(range))

@@ -1,13 +1,13 @@
-// The sizes that one zoom key leads to from another. They are the same on all systems, so that a
-// book moved to another one is shown in the size that it was left in. Keys beyond the last size
-// count: as many lead back, and a page that comes again with their sum has the size that it had.
+// The sizes of the zoom steps: the same on all systems, so that a book carried to another one keeps
+// its size. Steps beyond the last size count: as many are needed to come back, so that the saved
+// number of steps reproduces the size.
 #pragma once
 
 class PageZoom {
   public:
     int Percent() const;
     int Steps() const { return steps_; }
-    void Move(int steps); // 0 leads back to normal
+    void Move(int steps); // 0 resets
 
   private:
     static constexpr int normal = 7, maxSteps = 100;

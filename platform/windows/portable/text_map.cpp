@@ -4,12 +4,11 @@
 #include <limits>
 
 namespace {
-constexpr TextPos maxGap = 64;      // units of both sides together
-constexpr int maxTries = 5'000'000; // in looking for gaps, of a few units each
+constexpr TextPos maxGap = 64;      // units, both sides together
+constexpr int maxTries = 5'000'000; // comparisons of a few units
 constexpr TextPos unbounded = std::numeric_limits<TextPos>::max();
 
-// Controls end cells with U+0007, or with a tab, and show a picture that they cannot read as a
-// blank.
+// Versions differ: cells end in U+0007 or a tab, an unreadable picture becomes a space.
 bool Matches(char16_t book, char16_t control) {
     switch (book) {
     case u'\n': return control == u'\r' || control == u'\n';
@@ -20,7 +19,7 @@ bool Matches(char16_t book, char16_t control) {
     }
 }
 
-// What controls put around rows and cells.
+// What controls add around rows and cells.
 bool IsMark(char16_t control) {
     return std::u16string_view(u"\r\n\a\t\uFFF9\uFFFB").find(control) != std::u16string_view::npos;
 }
@@ -29,7 +28,7 @@ bool IsOftenOmitted(char16_t book) { // a picture, a soft hyphen
     return book == u'\uFFFC' || book == u'\u00AD';
 }
 
-// Whether what follows is the same again, `length` units of it or up to an end.
+// Whether the texts match for `length` units, or to the end of one.
 bool RestMatches(std::u16string_view book, std::u16string_view control, std::size_t length) {
     const std::size_t size = std::min({length, book.size(), control.size()});
     if (size == 0) return book.size() == control.size();
@@ -53,7 +52,7 @@ char16_t ControlUnit(char16_t unit) {
 }
 } // namespace
 
-// The shortest one, of those that are marks or else of any.
+// The shortest gap: of marks and often omitted characters if possible, else of any.
 TextMap::Gap TextMap::FindGap(std::u16string_view book, std::u16string_view control, int& tries) {
     constexpr std::size_t usualMatch = 2, safeMatch = 8;
     const auto marks = static_cast<TextPos>(

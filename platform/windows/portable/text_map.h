@@ -1,5 +1,5 @@
-// Which position of a book's text is which position of a control that shows it, where the control
-// keeps marks of its own (around the rows of tables) or left something out (a picture).
+// Maps positions between a book's text and a rich-edit control, which adds marks of its own (around
+// table rows) and omits some characters (pictures).
 #pragma once
 
 #include "common/geometry.h"
@@ -10,12 +10,12 @@
 
 class TextMap {
   public:
-    TextMap() = default; // the same positions in both
-    // Matches the two from their start; what only one of them holds is skipped. Work is limited: of
-    // texts that have little in common the rest counts as the same.
+    TextMap() = default; // identity
+    // Aligns the two texts from the start. Bounded: when they have little in common, the rest is
+    // mapped one to one.
     TextMap(std::u16string_view book, std::u16string_view control);
 
-    // A place that the other side leaves out is the next one that it has.
+    // An omitted position maps to the next one that exists.
     TextPos ToControl(TextPos position) const;
     TextPos ToBook(TextPos position) const;
 
@@ -31,9 +31,9 @@ class TextMap {
     static TextPos Map(const std::vector<Piece>& pieces, TextPos position, TextPos Piece::*from,
                        TextPos Piece::*to);
 
-    std::vector<Piece> pieces_; // ascending; the last one without an end
+    std::vector<Piece> pieces_; // ascending; the last is unbounded
 };
 
-// A text of "\n" breaks, unit for unit, in what the control keeps as one unit each: it would drop,
-// join or give a meaning of its own to some.
+// Plain text with "\n" breaks as the control accepts it, unit for unit: it would drop, join or
+// interpret some characters.
 std::u16string ToControlText(std::u16string_view text);

@@ -12,12 +12,6 @@ namespace {
 
 constexpr DWORD maxPathLength = 32768;
 
-std::wstring ProgramPath() {
-    std::wstring path(maxPathLength, L'\0');
-    path.resize(GetModuleFileNameW(nullptr, path.data(), maxPathLength));
-    return path;
-}
-
 std::u16string KnownFolder(const KNOWNFOLDERID& id) {
     wchar_t* path = nullptr;
     const bool known = SUCCEEDED(SHGetKnownFolderPath(id, KF_FLAG_DONT_VERIFY, nullptr, &path));

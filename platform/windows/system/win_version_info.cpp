@@ -91,15 +91,9 @@ std::u16string TextEntry(const std::vector<std::byte>& block, const std::wstring
     return FromWide(units.substr(0, units.find(L'\0')));
 }
 
-std::u16string OwnPath() {
-    std::wstring path(MAXSHORT, L'\0');
-    path.resize(GetModuleFileNameW(nullptr, path.data(), MAXSHORT));
-    return FromWide(path);
-}
-
 // From the program's own resource, else `built` (UTF-8).
 std::u16string OwnText(const char16_t* key, std::string_view built) {
-    const std::u16string text = GetFileVersionString(OwnPath(), key);
+    const std::u16string text = GetFileVersionString(FromWide(ProgramPath()), key);
     if (!text.empty()) return text;
     std::wstring wide(built.size(), L'\0'); // UTF-16 never needs more units
     wide.resize(static_cast<std::size_t>(

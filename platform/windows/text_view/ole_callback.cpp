@@ -5,10 +5,10 @@
 #include <richole.h>
 
 namespace {
-// IID_IRichEditOleCallback, which not every library of the system's identifiers has.
+// IID_IRichEditOleCallback, which not every uuid library has.
 constexpr IID callbackId = {0x00020D03, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 
-// One for all controls, of no state: its reference count is of no use.
+// Stateless and shared by all controls, so not reference-counted.
 class PictureCallback : public IRichEditOleCallback {
   public:
     STDMETHODIMP QueryInterface(REFIID id, void** object) noexcept override {
@@ -20,7 +20,7 @@ class PictureCallback : public IRichEditOleCallback {
     STDMETHODIMP_(ULONG) AddRef() noexcept override { return 1; }
     STDMETHODIMP_(ULONG) Release() noexcept override { return 1; }
 
-    // In memory: a picture of a text needs one to be shown.
+    // In memory; a picture is not shown without a storage.
     STDMETHODIMP GetNewStorage(IStorage** storage) noexcept override {
         *storage = nullptr;
         ILockBytes* memory = nullptr;

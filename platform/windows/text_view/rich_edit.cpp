@@ -13,13 +13,13 @@
 
 namespace {
 constexpr WPARAM utf16 = 1200;
-// ITextDocument, which not every compiler's headers tell.
+// IID_ITextDocument, which not every uuid library has.
 constexpr GUID textDocument = {
     0x8CC497C0, 0xA1DF, 0x11CE, {0x80, 0x98, 0x00, 0xAA, 0x00, 0x47, 0xBE, 0x5D}};
-constexpr int maxColumnWidth = 22 * 1440; // twips; the widest page of the word processors
+constexpr int maxColumnWidth = 22 * 1440; // twips; the widest page of word processors
 constexpr int sideMargin = 6;             // pixels between the edge and the text
 
-// What the control reads. An empty portion is the end.
+// The source of EM_STREAMIN. An empty portion is the end.
 struct Portions {
     const std::function<std::string_view()>& next;
     std::string_view rest;
@@ -33,7 +33,7 @@ struct Portions {
     }
 };
 
-// Nothing is thrown through the control; its reading ends instead.
+// No exception may pass through the control: it is rethrown after EM_STREAMIN.
 DWORD CALLBACK ReadPortion(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* given) {
     Portions& portions = *reinterpret_cast<Portions*>(cookie);
     try {
@@ -76,7 +76,7 @@ RichEdit::RichEdit(HWND parent) {
     Send(EM_SETUNDOLIMIT, 0);
     Send(EM_SETEVENTMASK, 0, 0);
     Send(EM_AUTOURLDETECT, 0);
-    // A font that lacks a script is replaced for it; Latin text keeps the font it was given.
+    // Font fallback for missing scripts, but not for Latin text.
     Send(EM_SETLANGOPTIONS, 0, IMF_AUTOFONT);
     AllowPicturesOnly(window_);
 }
@@ -89,7 +89,7 @@ LRESULT RichEdit::Send(UINT message, WPARAM wParam, LPARAM lParam) const {
     return window_ ? SendMessageW(window_, message, wParam, lParam) : 0;
 }
 
-// By the rectangle of the text: not every version of the control knows of margins.
+// By the formatting rectangle: not every version supports EM_SETMARGINS.
 void RichEdit::SetBounds(const Rect& bounds) {
     SetWindowPos(window_, nullptr, bounds.left, bounds.top, bounds.width, bounds.height,
                  SWP_NOZORDER | SWP_NOACTIVATE);
@@ -99,7 +99,7 @@ void RichEdit::SetBounds(const Rect& bounds) {
     Send(EM_SETRECTNP, 0, ToLParam(text));
 }
 
-// Piece by piece: a large text need not be there once more.
+// In portions: a large text is not copied as a whole.
 void RichEdit::StreamPlain(std::u16string_view text) {
     constexpr std::size_t pieceUnits = 64 * 1024;
     std::u16string portion;
@@ -132,7 +132,7 @@ TextPos RichEdit::Length() const {
 }
 
 std::u16string RichEdit::Text() const {
-    std::wstring text(static_cast<std::size_t>(Length()) + 1, L'\0'); // the end's zero
+    std::wstring text(static_cast<std::size_t>(Length()) + 1, L'\0'); // the NUL
     TEXTRANGEW range = {};
     range.chrg = {0, static_cast<LONG>(text.size() - 1)};
     range.lpstrText = text.data();
@@ -220,17 +220,17 @@ void RichEdit::SetBackColor(Color color) {
 void RichEdit::SetRightMargin(int twips) {
     Send(EM_SHOWSCROLLBAR, SB_HORZ, twips > 0);
     if (twips <= 0 || twips > maxColumnWidth) {
-        Send(EM_SETTARGETDEVICE, 0, twips > 0 ? 1 : 0); // 1: lines do not wrap at all
+        Send(EM_SETTARGETDEVICE, 0, twips > 0 ? 1 : 0); // 1: no line wrap
         return;
     }
-    // The control keeps the device and deletes it.
+    // The control takes ownership of the device context.
     const HDC screen = CreateDCW(L"DISPLAY", nullptr, nullptr, nullptr);
     if (!Send(EM_SETTARGETDEVICE, reinterpret_cast<WPARAM>(screen), twips)) DeleteDC(screen);
 }
 
 RedrawPause::RedrawPause(RichEdit& control)
     : control_(control), visible_(IsWindowVisible(control.Handle())) {
-    // Only where it is seen: the end of the pause would show a hidden window.
+    // Only when visible: WM_SETREDRAW TRUE would show a hidden window.
     if (visible_) SendMessageW(control_.Handle(), WM_SETREDRAW, FALSE, 0);
 }
 

@@ -1,5 +1,4 @@
-// One rich-edit control: its messages under names of ours. Positions are the control's own, which
-// count everything that it holds, a paragraph break as one.
+// A rich-edit control. Positions are the control's own; a paragraph break counts one.
 #pragma once
 
 #include "platform/text_view.h"
@@ -15,7 +14,7 @@ const wchar_t* RichEditClass(); // null where the system has no such control
 
 class RichEdit {
   public:
-    // A hidden, empty child of `parent`; without a handle when the system cannot make one.
+    // Creates a hidden, empty child of `parent`; the handle is null on failure.
     explicit RichEdit(HWND parent);
     ~RichEdit();
     RichEdit(const RichEdit&) = delete;
@@ -23,7 +22,7 @@ class RichEdit {
 
     HWND Handle() const { return window_; }
 
-    // Into an empty control.
+    // For an empty control.
     void StreamPlain(std::u16string_view text); // by ToControlText
     void StreamRtf(std::string_view rtf);
 
@@ -37,17 +36,17 @@ class RichEdit {
     TextPos LineStart(LONG line) const;
     TextPos NextLineStart(LONG line, TextPos start) const; // or the end of the text
     LONG FirstVisibleLine() const;
-    void ScrollLines(LONG lines); // as far as there are any
+    void ScrollLines(LONG lines); // stops at the ends
     POINT ScrollPoint() const;
     void ScrollToPoint(POINT point);
-    void ScrollIntoView(TextPos position); // scrolls no further than it takes; not without its OLE
-    POINT PosFromChar(TextPos position) const; // of the client area
+    void ScrollIntoView(TextPos position);     // minimally; needs the control's ITextDocument
+    POINT PosFromChar(TextPos position) const; // client coordinates
     LONG ClientWidth() const;
 
-    void SetDefaultFormat(const CHARFORMAT2W& format); // of the plain text to come
+    void SetDefaultFormat(const CHARFORMAT2W& format); // of plain text streamed in later
     void FormatSelectedParagraphs(const PARAFORMAT2& format);
     void SetBackColor(Color color);
-    void SetBounds(const Rect& bounds); // in its parent; the text keeps a margin at the sides
+    void SetBounds(const Rect& bounds); // leaves a margin at both sides of the text
     void SetRightMargin(int twips);     // 0 wraps at the control's edge
 
   private:
@@ -57,7 +56,7 @@ class RichEdit {
     HWND window_ = nullptr;
 };
 
-// Keeps a visible control from painting while it lives.
+// Suspends painting of a visible control (WM_SETREDRAW).
 class RedrawPause {
   public:
     explicit RedrawPause(RichEdit& control);

@@ -13,9 +13,9 @@
 
 namespace {
 constexpr UINT_PTR subclassId = 1;
-constexpr UINT refillMessage = WM_APP + 0x51; // the control has none of its own there
+constexpr UINT refillMessage = WM_APP + 0x51; // not used by the control
 
-// Below the caret, within the control.
+// The caret's position, clipped to the client area.
 POINT CaretPoint(HWND window) {
     CHARRANGE selection = {};
     SendMessageW(window, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&selection));
@@ -29,25 +29,25 @@ POINT CaretPoint(HWND window) {
     return point;
 }
 
-void RequestContextMenu(TextInputEvents& events, HWND window, LPARAM where) {
+void RequestContextMenu(const TextInputEvents& events, HWND window, LPARAM where) {
     const bool byKeyboard = where == -1;
     if (!events.onContextMenu) return;
     events.onContextMenu(byKeyboard ? CaretPoint(window)
                                     : POINT{GET_X_LPARAM(where), GET_Y_LPARAM(where)});
 }
 
-// The control's own menus and the system's would both come of a right click passed on.
-void HandleRightButtonUp(TextInputEvents& events, HWND window, LPARAM where) {
+// Passed on, a right click would also open the control's own menu.
+void HandleRightButtonUp(const TextInputEvents& events, HWND window, LPARAM where) {
     POINT point = {GET_X_LPARAM(where), GET_Y_LPARAM(where)};
     ClientToScreen(window, &point);
     if (events.onContextMenu) events.onContextMenu(point);
 }
 
-// Whether the message is dealt with here.
-bool HandleMessage(TextInputEvents& events, HWND window, UINT message, WPARAM wParam,
+// True when the message was handled.
+bool HandleMessage(const TextInputEvents& events, HWND window, UINT message, WPARAM wParam,
                    LPARAM lParam) {
     switch (message) {
-    case WM_MOUSEWHEEL: return (GET_KEYSTATE_WPARAM(wParam) & MK_CONTROL) != 0; // it would zoom
+    case WM_MOUSEWHEEL: return (GET_KEYSTATE_WPARAM(wParam) & MK_CONTROL) != 0; // would zoom
     case WM_RBUTTONUP: HandleRightButtonUp(events, window, lParam); return true;
     case WM_CONTEXTMENU: RequestContextMenu(events, window, lParam); return true;
     case WM_DROPFILES:
@@ -80,17 +80,18 @@ bool HandleMessage(TextInputEvents& events, HWND window, UINT message, WPARAM wP
 LRESULT CALLBACK SubclassProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                               DWORD_PTR data) {
     if (message == WM_NCDESTROY) RemoveWindowSubclass(window, SubclassProc, subclassId);
-    if (HandleMessage(*reinterpret_cast<TextInputEvents*>(data), window, message, wParam, lParam))
+    if (HandleMessage(*reinterpret_cast<const TextInputEvents*>(data), window, message, wParam,
+                      lParam))
         return message == WM_SETCURSOR;
     return DefSubclassProc(window, message, wParam, lParam);
 }
 } // namespace
 
-void AttachInput(RichEdit& control, TextInputEvents& events) {
+void AttachInput(RichEdit& control, const TextInputEvents& events) {
     if (!control.Handle()) return;
     SetWindowSubclass(control.Handle(), SubclassProc, subclassId,
                       reinterpret_cast<DWORD_PTR>(&events));
-    RevokeDragDrop(control.Handle()); // it would take the files' place
+    RevokeDragDrop(control.Handle()); // OLE drag and drop would take precedence over WM_DROPFILES
     DragAcceptFiles(control.Handle(), TRUE);
 }
 

@@ -1,5 +1,5 @@
-// What a rich-edit control of a reader does with keys, mouse and drops: it reads, and neither
-// edits nor zooms nor beeps, nor copies by itself.
+// Subclasses a rich-edit control for reading: no editing, zooming, beeping, and no copying by
+// itself.
 #pragma once
 
 #include "platform/windows/text_view/rich_edit.h"
@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-// What the control reports; lives longer than it.
+// Outlives the control.
 struct TextInputEvents {
     std::function<void(POINT onScreen)> onContextMenu;
     std::function<void(HWND control, std::vector<std::u16string> paths)> onDrop;
@@ -17,6 +17,6 @@ struct TextInputEvents {
     Pointer pointer = Pointer::Default;
 };
 
-void AttachInput(RichEdit& control, TextInputEvents& events);
-void PostRefill(HWND control);   // `onRefill` will be called by the message loop
-void UpdateCursor(HWND control); // when the mouse is over it
+void AttachInput(RichEdit& control, const TextInputEvents& events);
+void PostRefill(HWND control);   // calls `onRefill` from the message loop
+void UpdateCursor(HWND control); // when the pointer is over it

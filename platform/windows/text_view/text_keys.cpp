@@ -11,13 +11,12 @@ bool MovesCaret(int key) {
     return key >= VK_PRIOR && key <= VK_DOWN;
 }
 
-// With Ctrl the control would align, space, number and change the case of paragraphs, and copy in
-// formats of its own.
+// Its other Ctrl shortcuts change alignment, spacing, numbering and case, or copy its own formats.
 bool IsHandledByControl(int key, bool control) {
     return key == 'A' ? control && !IsDown(VK_SHIFT) : MovesCaret(key);
 }
 
-// The control may keep account of these by itself.
+// Some versions track these by WM_KEYDOWN.
 bool IsModifier(int key) {
     return key == VK_SHIFT || key == VK_CONTROL || key == VK_MENU;
 }
@@ -28,7 +27,7 @@ CHARRANGE Selection(HWND control) {
     return range;
 }
 
-// Where the caret cannot go further the control would beep.
+// The control beeps when the caret cannot move further.
 bool IsAtEnd(HWND control, int key) {
     const CHARRANGE selection = Selection(control);
     const bool extend = IsDown(VK_SHIFT);
@@ -55,7 +54,8 @@ bool HandleTextKeyDown(HWND control, int key) {
         RequestContextMenu(control);
         return true;
     }
-    if (IsDown(VK_MENU)) // with Ctrl a keyboard types; else undo, and a character by its code
+    if (IsDown(VK_MENU)) // Ctrl+Alt is AltGr; Alt+Backspace is undo, Alt+X converts a code to a
+                         // character
         return IsDown(VK_CONTROL) || key == VK_BACK || key == 'X';
     if (key == VK_SPACE && !IsDown(VK_CONTROL)) {
         SendMessageW(control, EM_SCROLL, IsDown(VK_SHIFT) ? SB_PAGEUP : SB_PAGEDOWN, 0);

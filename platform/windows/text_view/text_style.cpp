@@ -98,7 +98,7 @@ Document WithStyle(Document document, const TextStyle& style) {
     return document;
 }
 
-// The view's font has a character set, which our documents do not know.
+// The view's font has a character set; the documents of `formats` do not.
 std::string StyledRtf(const Document& document, const TextStyle& style) {
     std::string rtf = WriteRtf(WithStyle(document, style));
     if (!style.fontForAll) return rtf;

@@ -12,19 +12,19 @@
 
 struct TextStyle {
     ViewFont font;
-    bool fontForAll = false; // over what the file says
+    bool fontForAll = false; // overrides the file
     bool autoColor = false;
     Color textColor = 0x000000, backColor = 0xFFFFFF;
-    std::optional<Alignment> alignment; // none: what the file says
+    std::optional<Alignment> alignment; // none: as in the file
     int rightMargin = 0;                // twips, 0 wraps at the view's edge
 };
 
 CHARFORMAT2W FontFormat(const ViewFont& font);
-// Of a text without colours of its own.
+// For text without colours of its own.
 CHARFORMAT2W ColorFormat(const TextStyle& style);
 
-// The text colour where the file gives none: the system's, unless it cannot be read on this
-// background; none for the system's.
+// The automatic text colour on this background: none for the system's, else black or white where
+// the system's lacks contrast.
 std::optional<Color> ReadableAutoColor(Color background);
 
 // The document with the reader's font and colours over its own. Links become plain text.

@@ -32,8 +32,8 @@ void WinTextView::LoadPlainText(std::u16string text) {
     Load(std::move(document), true);
 }
 
-// Not the file's own bytes: our reader decides what the text of a book is, as on every system, and
-// hostile files end there.
+// The control never gets the file's own RTF: our reader gives the same text on every system, and
+// stops hostile files.
 void WinTextView::LoadRichText(std::string bytes, int systemCodePage) {
     Load(ReadRtf(bytes, systemCodePage), false);
 }
@@ -65,7 +65,7 @@ void WinTextView::Fill() const {
     ShowInPlaceOf(old.get());
 }
 
-// Format and size first, so that the text is laid out once.
+// Formats and size first, so that the text is laid out once.
 void WinTextView::FillControl() const {
     control_->SetBounds(bounds_);
     control_->SetBackColor(style_.backColor);
@@ -78,7 +78,7 @@ void WinTextView::FillControl() const {
     spaceBelow_ = 0;
 }
 
-// Plain text takes no alignment with it.
+// Only RTF can carry an alignment.
 void WinTextView::StreamDocument() const {
     if (!plain_) return control_->StreamRtf(StyledRtf(document_, style_));
     if (style_.alignment.value_or(Alignment::Left) == Alignment::Left)
@@ -133,7 +133,8 @@ TextPos WinTextView::SelStart() const {
 TextPos WinTextView::SelLength() const {
     const CHARRANGE range = Control().Selection();
     if (range.cpMax <= range.cpMin) return 0;
-    return Clamp(map_.ToBook(range.cpMax - 1) + 1) - SelStart(); // without what is left out there
+    return Clamp(map_.ToBook(range.cpMax - 1) + 1) -
+           SelStart(); // without what the control omits there
 }
 
 TextPos WinTextView::Find(std::u16string_view what, TextPos start, FindOptions options) const {
@@ -142,7 +143,7 @@ TextPos WinTextView::Find(std::u16string_view what, TextPos start, FindOptions o
     return found == std::u16string_view::npos ? -1 : static_cast<TextPos>(found);
 }
 
-// By our own writer: the same on every system, and without the control's marks.
+// By our own writer, as on every system: without the control's own marks.
 std::string WinTextView::SelectionAsRtf() const {
     if (!plain_) return WriteRtf(document_, SelStart(), SelLength());
     Document selected;

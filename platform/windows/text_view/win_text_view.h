@@ -1,7 +1,6 @@
-// The text view on the system's rich-edit control. Each text gets a control of its own: a fresh one
-// is filled unseen and takes the old one's place, which costs less than to empty the old one. That
-// is put off until something is requested of it, or the message loop runs, so that loading a text
-// and giving it a style costs one layout.
+// The text view on a rich-edit control. Each load fills a new, hidden control that then replaces
+// the old one: faster than emptying a full one. Filling is deferred until the layout is needed or
+// the message loop runs, so that loading a text and setting its style cost one layout.
 #pragma once
 
 #include "platform/text_view.h"
@@ -15,13 +14,15 @@
 
 class WinTextView : public TextView {
   public:
-    explicit WinTextView(HWND parent); // which lives longer
+    explicit WinTextView(HWND parent); // which outlives the view
     ~WinTextView() override;
     WinTextView(const WinTextView&) = delete;
     WinTextView& operator=(const WinTextView&) = delete;
 
-    HWND Handle() const { return Control().Handle(); }       // of the text shown now
-    POINT ContextMenuPoint() const { return contextPoint_; } // of the last one, on the screen
+    HWND Handle() const { return Control().Handle(); } // of the current control
+    POINT ContextMenuPoint() const {
+        return contextPoint_;
+    } // of the last request, screen coordinates
 
     void LoadPlainText(std::u16string text) override;
     void LoadRichText(std::string bytes, int systemCodePage) override;
@@ -57,17 +58,17 @@ class WinTextView : public TextView {
     void FocusView() override;
 
   private:
-    // The line at the top, for as long as nobody scrolls.
+    // The top line, valid until the user scrolls.
     struct Top {
-        TextPos position = 0;  // a character of it
-        bool requested = true; // for by ScrollLineToTop; else found there
-        bool reached = true;   // by the control
-        LONG line = 0;         // what the control had at the top then
+        TextPos position = 0;  // any character of it
+        bool requested = true; // by ScrollLineToTop; else found by reading the control
+        bool reached = true;   // the control could scroll there
+        LONG line = 0;         // the control's first visible line then
         POINT scrolled = {};
     };
 
     void Load(Document document, bool plain);
-    RichEdit& Control() const; // with the text in it
+    RichEdit& Control() const; // filled
     void Fill() const;
     void FillControl() const;
     void StreamDocument() const;
@@ -90,17 +91,18 @@ class WinTextView : public TextView {
     Document document_;
     bool plain_ = true;
     TextStyle style_;
-    Rect bounds_{0, 0, 640, 400}; // a view of no width would cost dear to lay out
+    Rect bounds_{0, 0, 640, 400}; // an empty view would be slow to lay out
     bool visible_ = false;
     POINT contextPoint_ = {};
-    mutable TextInputEvents input_;
+    TextInputEvents input_;
     WinDrops drops_{onFilesDropped};
 
-    // Of the text as it is shown.
+    // The control is filled on demand, also by const functions that need a layout.
     mutable std::unique_ptr<RichEdit> control_;
-    mutable bool filled_ = false; // else it still shows what was there before
+    mutable bool filled_ = false; // else it still shows the previous text
     mutable TextMap map_;
     mutable Top top_;
-    mutable int spaceBelow_ = 0; // twips after the text, so that its last lines can be at the top
-    TextPos selStart_ = 0, selEnd_ = 0; // once it is filled
+    mutable int spaceBelow_ =
+        0; // twips after the last paragraph, so that its lines can be scrolled to the top
+    TextPos selStart_ = 0, selEnd_ = 0; // applied when it is filled
 };

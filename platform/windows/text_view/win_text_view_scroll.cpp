@@ -47,8 +47,8 @@ WinTextView::Top WinTextView::CurrentTop() const {
     return top;
 }
 
-// Where the text below does not fill the view, room is made for a line that was requested for. A
-// line that the reader had scrolled to goes down with the text's end instead.
+// A requested line near the end gets space below the text, so that it can be at the top. A line
+// that the user scrolled to does not.
 void WinTextView::ShowTop(TextPos position, bool requested) const {
     const auto line = [&] { return control_->LineFromChar(map_.ToControl(position)); };
     if (spaceBelow_ > 0 && !(requested && NeedsSpaceBelow(line()))) SetSpaceBelow(0);
@@ -60,21 +60,20 @@ void WinTextView::ShowTop(TextPos position, bool requested) const {
     top_ = {position, requested, reached, control_->FirstVisibleLine(), control_->ScrollPoint()};
 }
 
-// Whether the text from the line on does not fill the view.
+// Whether the text from the line to the end is lower than the view.
 bool WinTextView::NeedsSpaceBelow(LONG line) const {
     const LONG top = control_->PosFromChar(control_->LineStart(line)).y;
     return control_->PosFromChar(control_->Length()).y - top < bounds_.height;
 }
 
-// By lines, which may be of other heights than the control thinks; some controls lay out the lines
-// between only on the way.
+// Repeatedly: some versions estimate line heights until the lines are laid out on the way.
 void WinTextView::ScrollLinesTo(LONG line) const {
     constexpr int maxTries = 10;
     for (int i = 0; i < maxTries && control_->FirstVisibleLine() != line; ++i)
         control_->ScrollLines(line - control_->FirstVisibleLine());
 }
 
-// Exactly, where the control counts pixels or can bring the line into view.
+// To the pixel, where EM_SETSCROLLPOS or ScrollIntoView can.
 bool WinTextView::ScrollTo(LONG line) const {
     ScrollLinesTo(line);
     const TextPos start = control_->LineStart(line);
@@ -85,12 +84,12 @@ bool WinTextView::ScrollTo(LONG line) const {
     }
     if (hidden() > 0 && control_->FirstVisibleLine() == line) {
         control_->ScrollIntoView(start);
-        ScrollLinesTo(line); // some controls go elsewhere
+        ScrollLinesTo(line); // some versions scroll elsewhere
     }
     return control_->FirstVisibleLine() == line;
 }
 
-// The control tells and takes places in 16 bits: in a long text one step is many lines.
+// EM_SETSCROLLPOS is limited to 16 bits: in a long text one step is many lines.
 void WinTextView::ScrollToPointIn(LONG line, POINT point) const {
     control_->ScrollToPoint(point);
     ScrollLinesTo(line);
@@ -112,7 +111,7 @@ void WinTextView::SetSpaceBelow(int twips) const {
     });
 }
 
-// The control would bring the caret into view.
+// The control would scroll the caret into view.
 void WinTextView::PreserveScroll(const std::function<void()>& change) const {
     const RedrawPause pause(*control_);
     const LONG line = control_->FirstVisibleLine();
@@ -123,7 +122,7 @@ void WinTextView::PreserveScroll(const std::function<void()>& change) const {
     if (after.x != before.x || after.y != before.y) ScrollToPointIn(line, before);
 }
 
-// Where the stretch begins and ends in the line of `start`, in pixels of the client area.
+// Left and right end of the span in the line of `start`, client coordinates.
 std::pair<LONG, LONG> WinTextView::SpanInLine(TextPos start, TextPos length) const {
     const LineSpan line = LineAround(start);
     const TextPos last = std::min(start + length, line.start + line.length);
@@ -134,9 +133,9 @@ std::pair<LONG, LONG> WinTextView::SpanInLine(TextPos start, TextPos length) con
     return {from.x, to.x};
 }
 
-// The control takes places in 16 bits: further to the right it finds its way by itself.
+// EM_SETSCROLLPOS is limited to 16 bits: ScrollIntoView does the rest.
 void WinTextView::ScrollIntoViewHorizontally(TextPos start, TextPos length) {
-    constexpr LONG maxRoom = 64; // pixels of the line shown beside the stretch
+    constexpr LONG maxRoom = 64; // pixels of the line shown beside the span
     const RedrawPause pause(Control());
     const TextPos first = Clamp(start), most = TextLength() - first;
     const auto span = [&] { return SpanInLine(first, std::clamp(length, 0, most)); };

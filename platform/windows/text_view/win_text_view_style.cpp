@@ -1,5 +1,5 @@
-// The style of the text view. A change of the whole text is made by filling a fresh control:
-// cheaper than in place in some controls, and the only way back to what the file says.
+// Style of the text view. A change fills a new control: faster than EM_SETCHARFORMAT in some
+// versions, and the only way back to the file's own formatting.
 #include "platform/windows/text_view/win_text_view.h"
 
 void WinTextView::SetFont(const ViewFont& font) {

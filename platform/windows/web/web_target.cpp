@@ -1,6 +1,6 @@
 #include "platform/windows/web/web_target.h"
 
-#include "platform/windows/base/win32.h"
+#include "platform/windows/base/text.h"
 
 #include <shlwapi.h>
 
@@ -15,12 +15,8 @@ bool HasOnlyAddressCharacters(std::wstring_view address) {
     return std::ranges::none_of(address, isOther);
 }
 
-// Case-insensitive.
 bool ConsumePrefix(std::wstring_view& text, std::wstring_view prefix) {
-    if (text.size() < prefix.size() ||
-        CompareStringOrdinal(text.data(), static_cast<int>(prefix.size()), prefix.data(),
-                             static_cast<int>(prefix.size()), TRUE) != CSTR_EQUAL)
-        return false;
+    if (!StartsWithIgnoringCase(text, prefix)) return false;
     text.remove_prefix(prefix.size());
     return true;
 }

@@ -5,7 +5,7 @@
 
 #include <docobj.h>
 
-// The control alone can be there without the engine that shows its pages, and would stay empty.
+// The control may be registered without its engine, and would then stay empty.
 HRESULT CreateSystemBrowser(IUnknown** control) {
     static const HMODULE engine = LoadSystemLibrary(L"mshtml.dll");
     if (!engine) return HRESULT_FROM_WIN32(ERROR_MOD_NOT_FOUND);
@@ -38,7 +38,7 @@ HRESULT BrowserControl::Connect(const BrowserFactory& make, HWND window, Browser
 }
 
 HRESULT BrowserControl::Configure() {
-    // Without a frame of its own the control has no bars; some versions then answer with an error.
+    // Hosted in a window the control has no bars; some versions return an error here.
     browser_->put_AddressBar(VARIANT_FALSE);
     browser_->put_MenuBar(VARIANT_FALSE);
     browser_->put_ToolBar(FALSE);

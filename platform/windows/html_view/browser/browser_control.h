@@ -8,24 +8,24 @@
 #include <memory>
 #include <string>
 
-// Makes the control; tests put their own in its place.
+// Creates the control; tests replace it.
 using BrowserFactory = std::function<HRESULT(IUnknown** control)>;
 HRESULT CreateSystemBrowser(IUnknown** control);
 
-// No function tells of a failure but by its result; an order that fails does nothing.
+// Failures are reported by return values only; a void function that fails does nothing.
 class BrowserControl {
   public:
-    // Null when there is no control, or it cannot do what we need of it.
+    // Null when there is no control, or it lacks an interface that we need.
     static std::unique_ptr<BrowserControl> Open(const BrowserFactory&, HWND window, BrowserOwner&);
     ~BrowserControl();
     BrowserControl(const BrowserControl&) = delete;
     BrowserControl& operator=(const BrowserControl&) = delete;
 
     bool Load(const std::wstring& url);
-    ComPtr<IDispatch> Document() const; // null when there is none
+    ComPtr<IDispatch> Document() const; // may be null
     void FitWindow();
     void ActivateUi();
-    bool TranslateAccelerator(const MSG&); // whether it was an accelerator, which is done then
+    bool TranslateAccelerator(const MSG&); // true when it was an accelerator
     bool SetZoom(int percent);
 
   private:

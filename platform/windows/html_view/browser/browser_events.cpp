@@ -7,7 +7,7 @@
 
 namespace {
 
-// Arguments stand in reverse order.
+// DISPPARAMS::rgvarg is in reverse order.
 const VARIANT& Argument(const DISPPARAMS& parameters, UINT index) {
     return parameters.rgvarg[parameters.cArgs - 1 - index];
 }
@@ -49,31 +49,17 @@ HRESULT BrowserEvents::QueryInterface(REFIID id, void** found) noexcept {
     return FindInterface<IDispatch>(this, id, found);
 }
 
-HRESULT BrowserEvents::GetTypeInfoCount(UINT* count) noexcept {
-    if (!count) return E_POINTER;
-    *count = 0;
-    return S_OK;
-}
-
-HRESULT BrowserEvents::GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept {
-    return E_NOTIMPL;
-}
-
-HRESULT BrowserEvents::GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept {
-    return DISP_E_UNKNOWNNAME;
-}
-
 HRESULT BrowserEvents::Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*,
                               EXCEPINFO*, UINT*) noexcept {
     if (!parameters || !owner_) return S_OK;
-    const ComPtr<IUnknown> alive(this); // the owner may end the control
+    const ComPtr<IUnknown> alive(this); // the owner may release the control
     const auto has = [&](UINT count) { return parameters->cArgs >= count; };
     if (event == DISPID_BEFORENAVIGATE2 && has(7)) BeforeNavigate(*parameters);
     if (event == DISPID_NEWWINDOW3 && has(5)) NewWindow(*parameters);
     if (event == DISPID_NEWWINDOW2 && has(2)) Cancel(Argument(*parameters, 1));
     if (event == DISPID_DOCUMENTCOMPLETE && has(2)) DocumentComplete(*parameters);
     if (event == DISPID_NAVIGATEERROR && has(5)) NavigateError(*parameters);
-    // A page itself is announced as a download, too, of an active document.
+    // A page itself is also announced as a download, of an active document.
     if (event == DISPID_FILEDOWNLOAD && has(2) &&
         V_BOOL(&Argument(*parameters, 0)) == VARIANT_FALSE)
         Cancel(Argument(*parameters, 1));
@@ -102,7 +88,7 @@ void BrowserEvents::DocumentComplete(const DISPPARAMS& parameters) {
     if (IsPage(Argument(parameters, 0))) owner_->OnPageComplete(TextOf(&Argument(parameters, 1)));
 }
 
-// Browser, address, frame, status, cancel: without it the engine shows a page of its own.
+// Browser, address, frame, status, cancel. Not cancelled, the engine would show its own error page.
 void BrowserEvents::NavigateError(const DISPPARAMS& parameters) {
     Cancel(Argument(parameters, 4));
     if (IsPage(Argument(parameters, 0))) owner_->OnPageFailed();

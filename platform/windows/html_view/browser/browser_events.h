@@ -6,20 +6,16 @@
 
 #include <exdisp.h>
 
-class BrowserEvents final : public ComObject<IDispatch> {
+class BrowserEvents final : public ComObject<InvokeOnlyDispatch> {
   public:
     explicit BrowserEvents(BrowserOwner& owner) : owner_(&owner) {}
-    void Disconnect() { owner_ = nullptr; } // nothing is told from here on
+    void Disconnect() { owner_ = nullptr; } // no more calls from here on
 
     // Starts the events of `browser`.
     HRESULT Advise(IWebBrowser2* browser);
     void Unadvise();
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) noexcept override;
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override;
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override;
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID,
-                                            DISPID*) noexcept override;
     HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
                                      UINT*) noexcept override;
 

@@ -1,4 +1,4 @@
-// What the browser control asks and tells the view that it belongs to.
+// What the browser control asks of the view that owns it, and reports to it.
 #pragma once
 
 #include "platform/windows/base/win32.h"
@@ -10,12 +10,12 @@ class BrowserOwner {
   public:
     enum class Target { Page, Frame, NewWindow };
 
-    // Whether the control may load `url`. `sends` is true for a form that would send its fields.
+    // `sends` is true for a form that is submitted.
     virtual bool AllowNavigation(const std::wstring& url, Target, bool sends) = 0;
-    virtual void OnPageComplete(const std::wstring& url) = 0; // all frames too
+    virtual void OnPageComplete(const std::wstring& url) = 0; // with all its frames
     virtual void OnPageFailed() = 0;
     virtual void OnEngineQuit() = 0;
-    virtual void OnContextMenu(POINT) = 0; // a context menu, on the screen
+    virtual void OnContextMenu(POINT) = 0; // in screen coordinates
     virtual void OnFilesDropped(const std::vector<std::u16string>& paths) = 0;
 
   protected:

@@ -11,13 +11,13 @@
 
 namespace {
 
-// Pictures of this machine, and nothing that moves, sounds, runs or is fetched.
+// Local pictures only: no sound, video, script, ActiveX or network.
 constexpr DWORD downloadControl = DLCTL_DLIMAGES | DLCTL_NO_SCRIPTS | DLCTL_NO_JAVA |
                                   DLCTL_NO_RUNACTIVEXCTLS | DLCTL_NO_DLACTIVEXCTLS |
                                   DLCTL_NO_BEHAVIORS | DLCTL_NO_CLIENTPULL | DLCTL_FORCEOFFLINE |
                                   DLCTL_SILENT;
 
-// CGID_DocHostCommandHandler, which not every library of ids has.
+// CGID_DocHostCommandHandler, which not every uuid library has.
 constexpr GUID docHostCommandHandler = {
     0xf38bc242, 0xb950, 0x11d1, {0x89, 0x18, 0x00, 0xc0, 0x4f, 0xc2, 0xc8, 0x36}};
 
@@ -77,22 +77,8 @@ HRESULT BrowserSite::Exec(const GUID* group, DWORD command, DWORD, VARIANT*,
     if (!group || *group != docHostCommandHandler) return OLECMDERR_E_UNKNOWNGROUP;
     if (command != OLECMDID_SHOWSCRIPTERROR && command != OLECMDID_SHOWMESSAGE)
         return OLECMDERR_E_NOTSUPPORTED;
-    if (result) PutBool(*result, true); // go on
+    if (result) PutBool(*result, true); // continue running scripts
     return S_OK;
-}
-
-HRESULT BrowserSite::GetTypeInfoCount(UINT* count) noexcept {
-    if (!count) return E_POINTER;
-    *count = 0;
-    return S_OK;
-}
-
-HRESULT BrowserSite::GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept {
-    return E_NOTIMPL;
-}
-
-HRESULT BrowserSite::GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) noexcept {
-    return DISP_E_UNKNOWNNAME;
 }
 
 HRESULT BrowserSite::Invoke(DISPID property, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result,

@@ -1,4 +1,4 @@
-// The client site of the browser control: where it asks for everything that it wants of us.
+// The client site of the browser control.
 #pragma once
 
 #include "platform/windows/html_view/browser/document_host.h"
@@ -7,14 +7,15 @@
 #include <docobj.h>
 #include <servprov.h>
 
-class BrowserSite final : public ComObject<IOleClientSite, InPlaceSite, DocumentHost,
-                                           IServiceProvider, IOleCommandTarget, IDispatch> {
+class BrowserSite final
+    : public ComObject<IOleClientSite, InPlaceSite, DocumentHost, IServiceProvider,
+                       IOleCommandTarget, InvokeOnlyDispatch> {
   public:
     BrowserSite(HWND window, BrowserOwner& owner) {
         SetWindow(window);
         SetOwner(owner);
     }
-    using DocumentHost::Disconnect; // the owner is not told of anything any more
+    using DocumentHost::Disconnect; // the owner gets no more calls
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) noexcept override;
 
@@ -29,17 +30,13 @@ class BrowserSite final : public ComObject<IOleClientSite, InPlaceSite, Document
     // IServiceProvider: the security manager
     HRESULT STDMETHODCALLTYPE QueryService(REFGUID, REFIID, void**) noexcept override;
 
-    // IOleCommandTarget: errors and messages are taken and not shown
+    // IOleCommandTarget: suppresses script errors and messages
     HRESULT STDMETHODCALLTYPE QueryStatus(const GUID*, ULONG, OLECMD[],
                                           OLECMDTEXT*) noexcept override;
     HRESULT STDMETHODCALLTYPE Exec(const GUID*, DWORD command, DWORD, VARIANT*,
                                    VARIANT*) noexcept override;
 
     // IDispatch: the ambient properties
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) noexcept override;
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override;
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID,
-                                            DISPID*) noexcept override;
     HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
                                      UINT*) noexcept override;
 };

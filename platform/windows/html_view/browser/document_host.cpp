@@ -8,13 +8,13 @@
 
 void DocumentHost::Disconnect() {
     owner_ = nullptr;
-    // Made by us alone, below.
+    // Only created below.
     if (dropTarget_) static_cast<PageDropTarget*>(dropTarget_.Get())->Disconnect();
 }
 
 HRESULT DocumentHost::ShowContextMenu(DWORD, POINT* place, IUnknown*, IDispatch*) noexcept {
     if (owner_ && place) owner_->OnContextMenu(*place);
-    return S_OK; // the engine's own menu would save, print, show sources and go elsewhere
+    return S_OK; // the engine's own menu would save, print, navigate and show the source
 }
 
 HRESULT DocumentHost::GetHostInfo(DOCHOSTUIINFO* info) noexcept {
@@ -28,7 +28,7 @@ HRESULT DocumentHost::GetHostInfo(DOCHOSTUIINFO* info) noexcept {
 
 HRESULT DocumentHost::ShowUI(DWORD, IOleInPlaceActiveObject*, IOleCommandTarget*, IOleInPlaceFrame*,
                              IOleInPlaceUIWindow*) noexcept {
-    return S_OK; // no menus or tool bars of the engine's
+    return S_OK; // no menus or toolbars of the engine
 }
 
 HRESULT DocumentHost::HideUI() noexcept {
@@ -55,8 +55,7 @@ HRESULT DocumentHost::ResizeBorder(LPCRECT, IOleInPlaceUIWindow*, BOOL) noexcept
     return S_OK;
 }
 
-// S_OK ends the key here. The program's loop hands over nothing else; a message loop of the
-// engine's own might.
+// S_OK blocks the key. The program's loop passes no such keys, but a loop inside the engine might.
 HRESULT DocumentHost::TranslateAccelerator(LPMSG message, const GUID*, DWORD) noexcept {
     if (!message || message->message != WM_KEYDOWN) return S_FALSE;
     const PageKey meaning = ClassifyPageKey(static_cast<int>(message->wParam), ShiftState());
@@ -65,7 +64,7 @@ HRESULT DocumentHost::TranslateAccelerator(LPMSG message, const GUID*, DWORD) no
 
 HRESULT DocumentHost::GetOptionKeyPath(LPOLESTR* path, DWORD) noexcept {
     if (path) *path = nullptr;
-    return S_FALSE; // the user's settings of colours, fonts and sizes hold
+    return S_FALSE; // use the user's default colours, fonts and sizes
 }
 
 HRESULT DocumentHost::GetDropTarget(IDropTarget*, IDropTarget** ours) noexcept {
@@ -97,7 +96,7 @@ HRESULT DocumentHost::FilterDataObject(IDataObject*, IDataObject** filtered) noe
 HRESULT DocumentHost::ShowMessage(HWND, LPOLESTR, LPOLESTR, DWORD, LPOLESTR, DWORD,
                                   LRESULT* answer) noexcept {
     if (answer) *answer = IDCANCEL;
-    return S_OK; // as if it had been shown
+    return S_OK; // as if it had been shown and cancelled
 }
 
 HRESULT DocumentHost::ShowHelp(HWND, LPOLESTR, UINT, DWORD, POINT, IDispatch*) noexcept {

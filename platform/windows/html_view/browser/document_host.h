@@ -1,4 +1,4 @@
-// How a page is shown: flat, themed, with our menu, our keys and no message boxes.
+// The document's host: flat, themed, with our context menu and accelerators, without message boxes.
 #pragma once
 
 #include "platform/windows/base/com_object.h"
@@ -6,7 +6,7 @@
 
 #include <mshtmhst.h>
 
-// The parts of the client site that the page's document asks.
+// The part of the client site that MSHTML queries.
 class DocumentHost : public IDocHostUIHandler, public IDocHostShowUI {
   public:
     HRESULT STDMETHODCALLTYPE ShowContextMenu(DWORD kind, POINT* place, IUnknown*,

@@ -1,5 +1,6 @@
 #include "platform/windows/html_view/browser/engine_settings.h"
 
+#include "platform/windows/base/text.h"
 #include "platform/windows/html_view/safety/urlmon.h"
 
 #include <ole2.h>
@@ -10,19 +11,15 @@ namespace {
 constexpr wchar_t modeKey[] =
     L"Software\\Microsoft\\Internet Explorer\\Main\\FeatureControl\\FEATURE_BROWSER_EMULATION";
 
-// Version 10, by a page's own DOCTYPE. It is the newest mode whose documents still have a
-// `selection` object: later ones no longer promise it. Without a value pages come in the mode of
-// version 7, which knows little of today's style sheets and counts in pixels of the screen.
+// Version 10, standards mode by DOCTYPE: the newest mode with document.selection. The default is
+// version 7, which supports little of CSS and counts in device pixels.
 constexpr DWORD mode = 10000;
 
 constexpr wchar_t controlKey[] = L"CLSID\\{8856F961-340A-11D0-A96B-00C04FD705A2}\\InProcServer32";
 
 std::wstring ProgramName() {
-    wchar_t path[MAX_PATH * 4] = {};
-    const DWORD length = GetModuleFileNameW(nullptr, path, ARRAYSIZE(path));
-    if (length == 0 || length == ARRAYSIZE(path)) return {};
-    const std::wstring whole(path, length);
-    return whole.substr(whole.find_last_of(L'\\') + 1);
+    const std::wstring path = ProgramPath();
+    return path.substr(path.find_last_of(L'\\') + 1);
 }
 
 } // namespace

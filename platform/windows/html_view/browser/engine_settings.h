@@ -1,16 +1,15 @@
-// What the engine takes from the process and not from its host.
+// Settings that the engine takes from the process and not from its host.
 #pragma once
 
 #include <string>
 
-bool IsEngineInstalled(); // as far as the files and the registry tell
+bool IsEngineInstalled(); // judging by its DLL and registration
 
-// Switches on the engine's locks for local pages, for this process only.
+// Enables the feature controls that restrict local pages, for this process only.
 void LockDownEngine();
 
-// The mode that pages are laid out in, for as long as this lives. The engine has no other place to
-// tell it to but a value under the program's name in the user's registry; one that is there already
-// stays as it is.
+// Sets FEATURE_BROWSER_EMULATION for this program in the user's registry, the only place for it,
+// while this lives. An existing value is left alone.
 class DocumentMode {
   public:
     DocumentMode();
@@ -19,5 +18,5 @@ class DocumentMode {
     DocumentMode& operator=(const DocumentMode&) = delete;
 
   private:
-    std::wstring program_; // "" where there is nothing to take back
+    std::wstring program_; // "" when there is nothing to remove
 };

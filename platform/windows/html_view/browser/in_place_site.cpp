@@ -61,7 +61,7 @@ HRESULT InPlaceSite::DeactivateAndUndo() noexcept {
 }
 
 HRESULT InPlaceSite::OnPosRectChange(LPCRECT) noexcept {
-    return E_NOTIMPL; // its place is the whole window, whatever it asks for
+    return E_NOTIMPL; // the control always fills the window
 }
 
 HRESULT InPlaceFrame::QueryInterface(REFIID id, void** found) noexcept {

@@ -1,11 +1,11 @@
-// Where the browser control lives: a window of ours, and no frame around it.
+// In-place activation of the browser control in a window without a frame.
 #pragma once
 
 #include "platform/windows/base/com_object.h"
 
 #include <oleidl.h>
 
-// The part of the client site that gives the control its window.
+// The part of the client site for in-place activation.
 class InPlaceSite : public IOleInPlaceSite {
   public:
     HRESULT STDMETHODCALLTYPE GetWindow(HWND*) noexcept override;
@@ -30,7 +30,7 @@ class InPlaceSite : public IOleInPlaceSite {
     HWND window_ = nullptr;
 };
 
-// The frame: it has no menu and no tool bar to share.
+// A frame without menu or toolbar space.
 class InPlaceFrame final : public ComObject<IOleInPlaceFrame> {
   public:
     explicit InPlaceFrame(HWND window) : window_(window) {}

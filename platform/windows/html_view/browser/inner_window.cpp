@@ -48,7 +48,7 @@ LRESULT InnerWindow::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_COMMAND: return HandleCommand(wParam, lParam);
     case WM_RBUTTONUP: return HandleRightButtonUp(wParam, lParam);
-    // The mouse's and keyboard's "back" and their like.
+    // "Back" of mouse and keyboard, and the like.
     case WM_XBUTTONDOWN:
     case WM_XBUTTONUP:
     case WM_APPCOMMAND: return TRUE;
@@ -60,8 +60,8 @@ LRESULT InnerWindow::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     return DefSubclassProc(window, message, wParam, lParam);
 }
 
-// The engine carries out no command but printing. Notes of the page's fields, which are windows of
-// their own, are none.
+// Of commands the engine executes printing only. With an lParam it is a notification of a form
+// control.
 LRESULT InnerWindow::HandleCommand(WPARAM wParam, LPARAM lParam) {
     const auto command = ToPageCommand(LOWORD(wParam));
     const HWND window = window_;
@@ -70,8 +70,8 @@ LRESULT InnerWindow::HandleCommand(WPARAM wParam, LPARAM lParam) {
     return command == PageCommand::Print ? DefSubclassProc(window, WM_COMMAND, wParam, lParam) : 0;
 }
 
-// A press that nothing follows puts the caret there. The engine then holds the mouse to extend a
-// selection, which the menu must not find.
+// A left press without a release moves the caret. The engine then captures the mouse for selecting,
+// which has to end before the menu opens.
 LRESULT InnerWindow::HandleRightButtonUp(WPARAM wParam, LPARAM lParam) {
     const HWND window = window_;
     if (!owner_.IsInSelection({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)})) {

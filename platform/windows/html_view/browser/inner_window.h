@@ -1,4 +1,4 @@
-// The engine's own window inside the control: its commands and clicks, before it takes them itself.
+// Subclasses the engine's window inside the control, for its commands and clicks.
 #pragma once
 
 #include "platform/html_view.h"
@@ -9,7 +9,7 @@ class InnerWindow {
     class Owner {
       public:
         virtual void OnCommand(PageCommand) = 0;
-        virtual bool IsInSelection(POINT pixels) const = 0; // from the window's upper left
+        virtual bool IsInSelection(POINT pixels) const = 0; // client coordinates
 
       protected:
         ~Owner() = default;
@@ -20,7 +20,7 @@ class InnerWindow {
     InnerWindow(const InnerWindow&) = delete;
     InnerWindow& operator=(const InnerWindow&) = delete;
 
-    bool Attach(HWND host); // to the one inside `host`; false when there is none
+    bool Attach(HWND host); // finds it inside `host`; false when there is none
     void Detach();
     HWND Handle() const { return window_; } // null without one
 

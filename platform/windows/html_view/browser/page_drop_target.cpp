@@ -49,7 +49,7 @@ HRESULT PageDropTarget::Drop(IDataObject* data, DWORD, POINTL, DWORD* effect) no
     return shown;
 }
 
-// The file stays where it is, whatever the source offers.
+// Never DROPEFFECT_MOVE: the source would delete the file.
 HRESULT PageDropTarget::Show(DWORD* effect) const {
     if (!effect) return E_POINTER;
     *effect = hasFiles_ ? *effect & (DROPEFFECT_COPY | DROPEFFECT_LINK) : DROPEFFECT_NONE;

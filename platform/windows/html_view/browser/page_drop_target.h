@@ -1,4 +1,4 @@
-// Takes files that are dropped on the page, in place of the engine, which would go to them.
+// The page's drop target; the engine's own would navigate to a dropped file.
 #pragma once
 
 #include "platform/windows/base/com_object.h"

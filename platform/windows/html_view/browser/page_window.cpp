@@ -1,6 +1,7 @@
 #include "platform/windows/html_view/browser/page_window.h"
 
 #include "platform/windows/base/handler.h"
+#include "platform/windows/window/dpi.h"
 
 namespace {
 
@@ -85,14 +86,11 @@ void PageWindow::Paint() {
     InflateRect(&place, -margin, -margin);
     SetBkMode(device, TRANSPARENT);
     SetTextColor(device, GetSysColor(COLOR_WINDOWTEXT));
-    NONCLIENTMETRICSW metrics = {};
-    metrics.cbSize = sizeof metrics;
-    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-    const HFONT font = CreateFontIndirectW(&metrics.lfMessageFont);
-    const HGDIOBJ before = SelectObject(device, font);
+    const LOGFONTW messageFont = NonClientMetricsForDpi(WindowDpi(handle_)).lfMessageFont;
+    const WinFont font(CreateFontIndirectW(&messageFont));
+    const HGDIOBJ before = SelectObject(device, font.get());
     DrawTextW(device, notice_.c_str(), static_cast<int>(notice_.size()), &place,
               DT_WORDBREAK | DT_NOPREFIX);
     SelectObject(device, before);
-    DeleteObject(font);
     EndPaint(handle_, &paint);
 }

@@ -1,4 +1,4 @@
-// The window that the browser control stands in; it shows a line of text where there is none.
+// The window that hosts the browser control; shows a notice when there is none.
 #pragma once
 
 #include "platform/windows/base/win32.h"
@@ -10,7 +10,7 @@ class PageWindow {
   public:
     struct Events {
         std::function<void()> onResize, onFocus, onDestroy;
-        std::function<void()> onPosted; // for each `Post`, later
+        std::function<void()> onPosted; // for each `Post`, from the message loop
         std::function<void()> onIdle;   // after `NotifyWhenIdle`, once
     };
 
@@ -22,7 +22,7 @@ class PageWindow {
     HWND Handle() const { return handle_; } // null once destroyed, as with its parent
     void SetNotice(std::wstring);           // "" shows none
     void Post();
-    void NotifyWhenIdle(); // when no key, click or message waits any more
+    void NotifyWhenIdle(); // when the message queue is empty
 
   private:
     static LRESULT CALLBACK WndProc(HWND, UINT, WPARAM, LPARAM) noexcept;

@@ -1,4 +1,4 @@
-// The colours that a page has by itself.
+// A page's own colours.
 #pragma once
 
 #include "platform/html_view.h"

@@ -19,12 +19,12 @@ ComPtr<IDispatch> RootOf(IHTMLDocument2* document) {
     return Query<IDispatch>(root);
 }
 
-// By the standards a page scrolls by its root element, in the old way by its body.
+// The root element scrolls in standards mode, the body in quirks mode.
 ComPtr<IHTMLElement2> FindScroller(IHTMLDocument2* document, IDispatch* body) {
     return Query<IHTMLElement2>(FollowsStandards(document) ? RootOf(document).Get() : body);
 }
 
-// A number, or a text that begins with one: "15", "8px".
+// A number, or a text beginning with one: "15", "8px".
 std::optional<int> LengthIn(const VARIANT& value) {
     if (V_VT(&value) == VT_I4) return V_I4(&value);
     const std::wstring text = TextOf(&value);
@@ -144,7 +144,7 @@ bool PageDocument::SetTextColor(std::optional<std::uint32_t> redGreenBlue) {
     return style && SUCCEEDED(style->put_color(color.Get()));
 }
 
-// Engines older than version 9 have none.
+// Null before version 9.
 ComPtr<IHTMLCSSStyleDeclaration> PageDocument::ComputedStyle(bool ofBody) const {
     ComPtr<IHTMLWindow2> window;
     if (!body_ || FAILED(document_->get_parentWindow(&window))) return {};

@@ -1,5 +1,4 @@
-// A loaded document through the engine's object model, which lives in this process: its functions
-// answer at once.
+// A loaded document, through MSHTML's object model (in-process, synchronous).
 #pragma once
 
 #include "platform/windows/base/com_ptr.h"
@@ -10,7 +9,7 @@
 #include <optional>
 #include <string>
 
-// All questions answer nothing (or null) when the engine fails them, also on an empty document.
+// Functions return none (or null) when the engine fails, also on an empty document.
 class PageDocument {
   public:
     PageDocument() = default; // none
@@ -27,16 +26,16 @@ class PageDocument {
 
     bool ScrollTo(int left, int top);
     bool SetBackColor(std::uint32_t redGreenBlue);                // 0x00RRGGBB
-    bool SetTextColor(std::optional<std::uint32_t> redGreenBlue); // nothing: the page's own
-    // The style of the body or of the root element as it came about; null without one.
+    bool SetTextColor(std::optional<std::uint32_t> redGreenBlue); // none: the page's own
+    // Computed style of the body or of the root element; null without one.
     ComPtr<IHTMLCSSStyleDeclaration> ComputedStyle(bool ofBody) const;
 
     ComPtr<IHTMLTxtRange> WholeText() const;
-    ComPtr<IHTMLTxtRange> SelectedText() const; // null when what is selected is no text
+    ComPtr<IHTMLTxtRange> SelectedText() const; // null when the selection is not text
 
   private:
     ComPtr<IHTMLDocument2> document_;
     ComPtr<IDispatch> body_;
-    std::wstring originalTextColor_; // the body's colour in its style attribute
+    std::wstring originalTextColor_; // of the body's style attribute
     ComPtr<IHTMLElement2> scroller_; // the element that the page scrolls by
 };

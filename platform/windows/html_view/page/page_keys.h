@@ -1,16 +1,16 @@
-// Which keys the HTML view acts on by itself.
+// Which keys the HTML view handles by itself.
 #pragma once
 
 #include "platform/windows/base/win32.h"
 
 enum class PageKey {
-    Other,   // goes its usual way: typing, Alt, and keys that nobody here knows
+    Other,   // default processing: typing, Alt, unknown keys
     Scrolls, // scrolls, selects or moves the focus: the engine's accelerator
     Zooms,   // Ctrl with "+", "-" or "0"
-    Blocked, // a command of the engine's that must not come beside the window's
+    Blocked, // an accelerator of the engine that must not run besides the program's
 };
 
-// `keyCode` is a virtual-key code, `shift` a ShiftMask; of a key that goes down.
+// `keyCode` is a virtual-key code, `shift` a ShiftMask; of WM_KEYDOWN.
 PageKey ClassifyPageKey(int keyCode, int shift);
 
 // The key of the main block for "+", "-" and "0" of the numeric keypad; any other as it is.

@@ -1,4 +1,4 @@
-// The context menu of a page, and its commands as the engine numbers them (mshtmcid.h).
+// The context menu of a page, with the engine's command ids (mshtmcid.h).
 #pragma once
 
 #include "platform/html_view.h"
@@ -6,8 +6,9 @@
 
 #include <optional>
 
-std::optional<PageCommand> ToPageCommand(int number); // nothing for any other of the engine's
+std::optional<PageCommand> ToPageCommand(int number); // none for any other
 int CommandId(PageCommand);
 
-// What the user chose at `place` on the screen.
+// Shows the menu at a screen position and returns the command chosen. Built in code: a menu
+// resource would repeat the engine's ids, and be missing in the test programs.
 std::optional<PageCommand> TrackPageMenu(HWND owner, POINT place, bool hasText, bool hasSelection);

@@ -22,7 +22,7 @@ bool MoveEnd(const PageRange& range, long count, long* moved) {
     return range && SUCCEEDED(range->moveEnd(unit.Get(), count, moved));
 }
 
-// Of the range's start or end, which the range becomes.
+// Collapses the range to its start or end.
 std::optional<TextPos> PositionOf(const PageRange& range, bool ofStart) {
     long moved = 0;
     if (!range || FAILED(range->collapse(ofStart ? VARIANT_TRUE : VARIANT_FALSE))) return {};
@@ -30,7 +30,7 @@ std::optional<TextPos> PositionOf(const PageRange& range, bool ofStart) {
     return static_cast<TextPos>(std::labs(moved));
 }
 
-// The engine gives a break as two characters and counts it as one.
+// get_text returns CR LF for a break that counts as one character.
 std::u16string WithOneBreak(std::wstring_view text) {
     std::u16string result = FromWide(text);
     std::size_t kept = 0;

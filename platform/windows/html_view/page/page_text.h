@@ -1,19 +1,19 @@
-// The text of a page in the engine's text ranges. Positions are counted as the engine moves a
-// range's end: by its unit "character", from the start of the body.
+// The text of a page, by IHTMLTxtRange. Positions count the unit "character" from the start of the
+// body.
 #pragma once
 
 #include "platform/html_view.h"
 #include "platform/windows/html_view/page/page_document.h"
 
-// A place in CSS pixels from the upper left of the view.
+// CSS pixels from the top left of the view.
 struct PagePlace {
     int left = 0, top = 0;
 };
 
-using PageRange = ComPtr<IHTMLTxtRange>; // null on failure; then its functions fail, too
+using PageRange = ComPtr<IHTMLTxtRange>; // null on failure; functions given null fail
 
 PageRange Copy(const PageRange&);
-PageRange RangeOf(const PageDocument&, const PageSpan&); // as far as the text goes
+PageRange RangeOf(const PageDocument&, const PageSpan&); // clipped to the text
 std::optional<TextPos> StartOf(const PageRange&);
 std::optional<PageSpan> SpanOf(const PageRange&);
 std::optional<std::u16string> TextOf(const PageRange&); // U+000A for every break
@@ -23,12 +23,12 @@ std::optional<int> HeightOf(const PageRange&);      // CSS pixels, of all its li
 bool SelectRange(const PageRange&);
 bool HasTextAfterStart(const PageRange&);
 
-// The caret's place at a point of the view, in CSS pixels.
+// The caret position at a point of the view, in CSS pixels.
 PageRange RangeAt(const PageDocument&, int left, int top);
 bool IsInside(const PageRange& inner, const PageRange& outer);
 bool IsSame(const PageRange&, const PageRange&);
 
 // From the end of `behind` (null: the start of the text) to the end of the text.
 PageRange RestAfter(const PageDocument&, const PageRange& behind);
-// Makes `range` the first place of `what` in it.
+// Moves `range` to the first match in it.
 bool FindIn(const PageRange& range, std::u16string_view what, FindOptions);

@@ -1,7 +1,7 @@
 #include "platform/windows/html_view/page/scroll_anchor.h"
 
-// Until the page is scrolled it is held by the same character: the start of the line that this has
-// got into would lead farther back with every change.
+// Unless the page was scrolled meanwhile, the anchor character stays the same: taking the start of
+// its current line instead would drift back with every change.
 void ScrollAnchor::Save(const PageDocument& document, int topMargin) {
     const int scrollTop = document.ScrollTop().value_or(0);
     if (line_ && scrollTop == scrollTop_) return;

@@ -1,17 +1,16 @@
-// The line at the top of a page, held while the page is laid out anew: in another size, or in a
-// window of another width.
+// Keeps the top line of a page in place across a change of zoom or of the window's width.
 #pragma once
 
 #include "platform/windows/html_view/page/page_text.h"
 
 class ScrollAnchor {
   public:
-    // Before and after. At its start, and without an answer, a page stays where the engine has it.
+    // Before and after the change. At the top of the page, and on failure, nothing is restored.
     void Save(const PageDocument&, int topMargin);
     void Restore(PageDocument&);
 
   private:
-    PageRange line_; // null for none
-    int top_ = 0;    // of the line, from the upper edge of the view
+    PageRange line_; // may be null
+    int top_ = 0;    // of the line, relative to the view
     int scrollTop_ = 0;
 };

@@ -1,6 +1,6 @@
 #include "platform/windows/html_view/safety/addresses.h"
 
-#include "platform/windows/base/win32.h"
+#include "platform/windows/base/text.h"
 
 #include <shlwapi.h>
 #include <wininet.h>
@@ -9,16 +9,7 @@
 
 namespace {
 
-bool IsSame(std::wstring_view a, std::wstring_view b) {
-    return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(),
-                                static_cast<int>(b.size()), TRUE) == CSTR_EQUAL;
-}
-
-bool StartsWith(std::wstring_view text, std::wstring_view start) {
-    return IsSame(text.substr(0, start.size()), start);
-}
-
-// Some engines name a file by its plain path.
+// Some versions report a plain path instead of a file: URL.
 bool IsPlainPath(std::wstring_view url) {
     return url.starts_with(L"\\\\") || (url.size() > 2 && url[1] == L':' && url[2] == L'\\');
 }
@@ -39,7 +30,7 @@ std::wstring UrlOfPath(const std::wstring& path) {
 
 std::wstring PathOfUrl(std::wstring_view url) {
     if (IsPlainPath(url)) return std::wstring(url);
-    if (!StartsWith(url, L"file:")) return {};
+    if (!StartsWithIgnoringCase(url, L"file:")) return {};
     const std::wstring file(url.substr(0, url.find_first_of(L"#?")));
     std::wstring path(file.size() + 1, L'\0');
     DWORD size = static_cast<DWORD>(path.size());
@@ -55,7 +46,7 @@ std::wstring_view HostOfPath(std::wstring_view path) {
 }
 
 bool HasNoLocation(std::wstring_view url) {
-    return StartsWith(url, L"about:") || StartsWith(url, L"data:");
+    return StartsWithIgnoringCase(url, L"about:") || StartsWithIgnoringCase(url, L"data:");
 }
 
 bool IsLocal(std::wstring_view url, std::wstring_view bookHost) {
@@ -63,12 +54,12 @@ bool IsLocal(std::wstring_view url, std::wstring_view bookHost) {
     const std::wstring path = PathOfUrl(url);
     if (path.empty()) return false;
     const std::wstring_view host = HostOfPath(path);
-    return host.empty() || IsSame(host, bookHost);
+    return host.empty() || EqualsIgnoringCase(host, bookHost);
 }
 
 bool IsAnchorInPage(std::wstring_view url, std::wstring_view pageUrl) {
     if (url.find(L'#') == std::wstring_view::npos) return false;
-    if (IsSame(WithoutFragment(url), WithoutFragment(pageUrl))) return true;
+    if (EqualsIgnoringCase(WithoutFragment(url), WithoutFragment(pageUrl))) return true;
     const std::wstring path = PathOfUrl(url);
-    return !path.empty() && IsSame(path, PathOfUrl(pageUrl));
+    return !path.empty() && EqualsIgnoringCase(path, PathOfUrl(pageUrl));
 }

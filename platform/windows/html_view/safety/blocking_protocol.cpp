@@ -6,8 +6,8 @@
 
 namespace {
 
-// The system's handler of files, made without asking COM: loads run on threads of the engine's that
-// it knows nothing of.
+// The system's file protocol, not by CoCreateInstance: requests run on engine threads where COM may
+// not be initialised.
 ComPtr<IInternetProtocol> SystemFileProtocol() {
     constexpr CLSID fileProtocol = {
         0x79eac9e7, 0xbaf9, 0x11ce, {0x8c, 0x82, 0x00, 0xaa, 0x00, 0x4b, 0xa9, 0x0b}};

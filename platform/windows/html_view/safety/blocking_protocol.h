@@ -1,5 +1,5 @@
-// A protocol handler that hands files of the book's folder to the system's handler and refuses all
-// others.
+// An asynchronous pluggable protocol that passes files of the book's folder to the system's handler
+// and blocks everything else.
 #pragma once
 
 #include "platform/windows/base/com_object.h"
@@ -21,11 +21,12 @@ class BlockingProtocolFactory final : public ComObject<IClassFactory> {
     BookFolder folder_;
 };
 
-// One load. The system may make it inside another object; only then it takes a load back.
+// One request. Supports aggregation, without which urlmon does not accept
+// INET_E_USE_DEFAULT_PROTOCOLHANDLER.
 class BlockingProtocol final : public IInternetProtocol {
   public:
     BlockingProtocol(IUnknown* outer, BookFolder folder);
-    IUnknown* Inner() { return &inner_; } // the reference that its maker has
+    IUnknown* Inner() { return &inner_; } // the creator's reference
     BlockingProtocol(const BlockingProtocol&) = delete;
     BlockingProtocol& operator=(const BlockingProtocol&) = delete;
 
@@ -48,7 +49,7 @@ class BlockingProtocol final : public IInternetProtocol {
   private:
     ~BlockingProtocol() = default;
 
-    // Counts for this object alone; all else about its identity is the outer object's.
+    // The non-delegating IUnknown.
     struct InnerUnknown final : IUnknown {
         explicit InnerUnknown(BlockingProtocol& whole) : whole_(whole) {}
         HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) noexcept override;
@@ -57,10 +58,10 @@ class BlockingProtocol final : public IInternetProtocol {
         BlockingProtocol& whole_;
     };
 
-    // The engine loads on threads of its own, too.
+    // Interlocked: the engine loads on threads of its own, too.
     LONG count_ = 1;
     InnerUnknown inner_{*this};
-    IUnknown* outer_; // not counted, by the rules of aggregation
+    IUnknown* outer_; // not AddRef'ed, by the rules of aggregation
     BookFolder folder_;
     ComPtr<IInternetProtocol> system_; // while it loads a file
 };

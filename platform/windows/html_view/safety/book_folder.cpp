@@ -1,11 +1,12 @@
 #include "platform/windows/html_view/safety/book_folder.h"
 
+#include "platform/windows/base/text.h"
 #include "platform/windows/base/win_handle.h"
 #include "platform/windows/html_view/safety/addresses.h"
 
 namespace {
 
-// Without access to what is in it: a file is only looked up.
+// Without read access: only for its path and attributes.
 WinHandle Open(const std::wstring& path) {
     return WinHandle(CreateFileW(path.c_str(), 0,
                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
@@ -13,7 +14,7 @@ WinHandle Open(const std::wstring& path) {
 }
 
 std::wstring RealPath(const WinHandle& opened) {
-    std::wstring path(MAXSHORT, L'\0'); // the longest path that there is
+    std::wstring path(MAXSHORT, L'\0'); // the system's limit
     path.resize(opened.IsOpen() ? GetFinalPathNameByHandleW(opened.Get(), path.data(), MAXSHORT, 0)
                                 : 0);
     return path;
@@ -26,7 +27,7 @@ bool IsRegularFile(const WinHandle& opened) {
            !(about.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 
-// Without "." and "..", which also stand between backslashes in addresses.
+// Without "." and "..", which URLs may contain between backslashes.
 std::wstring FullPath(const std::wstring& path) {
     std::wstring full(MAXSHORT, L'\0');
     full.resize(GetFullPathNameW(path.c_str(), MAXSHORT, full.data(), nullptr));
@@ -34,9 +35,7 @@ std::wstring FullPath(const std::wstring& path) {
 }
 
 bool IsBelow(std::wstring_view path, std::wstring_view folder) {
-    const auto length = static_cast<int>(folder.size());
-    return path.size() > folder.size() &&
-           CompareStringOrdinal(path.data(), length, folder.data(), length, TRUE) == CSTR_EQUAL;
+    return path.size() > folder.size() && StartsWithIgnoringCase(path, folder);
 }
 
 } // namespace
@@ -55,10 +54,10 @@ bool BookFolder::Allows(std::wstring_view url) const {
     return !path.empty() && !folder_.empty() && Contains(FullPath(path));
 }
 
-// The name is looked at first: to look up a file of another machine would ask that machine.
+// By name first: opening a file of another host would contact that host.
 bool BookFolder::Contains(const std::wstring& path) const {
     if (!IsBelow(path, folder_)) return false;
     const WinHandle file = Open(path);
-    if (!file.IsOpen()) return true; // nor will it be loaded
+    if (!file.IsOpen()) return true; // cannot be loaded anyway
     return !real_.empty() && IsRegularFile(file) && IsBelow(RealPath(file), real_);
 }

@@ -1,4 +1,4 @@
-// What a page may load: data that it brings along, and files in its book's folder and below.
+// What a page may load: data: URLs, and files in its book's folder and below.
 #pragma once
 
 #include <string>
@@ -6,16 +6,16 @@
 
 class BookFolder {
   public:
-    BookFolder() = default; // of no book: no file
+    BookFolder() = default; // allows no file
     explicit BookFolder(const std::wstring& bookPath);
     bool operator==(const BookFolder&) const = default;
 
-    // Links in the file system are followed first. Called on threads of the engine's, too.
+    // Resolves symbolic links and junctions first. Called on the engine's threads, too.
     bool Allows(std::wstring_view url) const;
 
   private:
     bool Contains(const std::wstring& path) const;
 
-    std::wstring folder_; // as the book's path has it, with its last backslash; "" for none
-    std::wstring real_;   // and as the system names it; "" when it cannot be looked up
+    std::wstring folder_; // as in the book's path, with a trailing backslash; may be ""
+    std::wstring real_;   // final path; "" when it cannot be opened
 };

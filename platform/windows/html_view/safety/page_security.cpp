@@ -4,7 +4,7 @@
 
 namespace {
 
-// What a passive page with fonts and frames beside it needs.
+// For a passive page with fonts and frames in files beside it.
 bool IsNeeded(DWORD action) {
     return action == URLACTION_HTML_FONT_DOWNLOAD || action == URLACTION_HTML_SUBFRAME_NAVIGATE ||
            action == URLACTION_FEATURE_MIME_SNIFFING;

@@ -1,4 +1,4 @@
-// What a page may do: be looked at. The engine asks for each kind of action.
+// The URL actions that a page may perform: none that runs, installs or fetches anything.
 #pragma once
 
 #include "platform/windows/base/com_object.h"
@@ -11,7 +11,7 @@ class PageSecurity final : public ComObject<IInternetSecurityManager> {
     HRESULT STDMETHODCALLTYPE ProcessUrlAction(LPCWSTR, DWORD action, BYTE* policy,
                                                DWORD policySize, BYTE*, DWORD, DWORD,
                                                DWORD) noexcept override;
-    // All else is as the system has it.
+    // Defaults of the system.
     HRESULT STDMETHODCALLTYPE SetSecuritySite(IInternetSecurityMgrSite*) noexcept override;
     HRESULT STDMETHODCALLTYPE GetSecuritySite(IInternetSecurityMgrSite**) noexcept override;
     HRESULT STDMETHODCALLTYPE MapUrlToZone(LPCWSTR, DWORD*, DWORD) noexcept override;

@@ -5,12 +5,11 @@
 
 namespace {
 
-// A class of no other use; the registration asks for one.
+// RegisterNameSpace wants a class id; nothing else uses it.
 constexpr GUID handlerClass = {
     0x5e9a0c1d, 0x8a4b, 0x4f0e, {0x9d, 0x37, 0x61, 0x0b, 0xc2, 0x55, 0xe8, 0x14}};
 
-// All schemes of the system that can lead to another machine. Handlers that read archives take a
-// share's path, too, and nothing of a book needs them.
+// Every scheme that can lead to another host: also those of archives, which accept UNC paths.
 constexpr const wchar_t* schemes[] = {L"file", L"http", L"https",  L"ftp",
                                       L"mk",   L"its",  L"ms-its", L"mhtml"};
 

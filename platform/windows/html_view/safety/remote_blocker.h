@@ -1,6 +1,5 @@
-// Keeps the whole process from loading anything of another machine, or of this one outside the
-// book's folder, through the system's URL monikers, which the browser engine loads everything with:
-// pages, frames, pictures, style sheets, fonts.
+// Blocks all URL monikers of this process that lead to another host or outside the book's folder.
+// The browser engine loads everything by them: pages, frames, pictures, style sheets, fonts.
 #pragma once
 
 #include "platform/windows/base/com_object.h"
@@ -13,7 +12,7 @@
 
 class RemoteBlocker {
   public:
-    // What the system does not let us take over is left to the engine's offline mode.
+    // A scheme that cannot be registered is left to the engine's offline mode.
     explicit RemoteBlocker(BookFolder folder);
     ~RemoteBlocker();
     RemoteBlocker(const RemoteBlocker&) = delete;
@@ -22,5 +21,5 @@ class RemoteBlocker {
   private:
     ComPtr<IInternetSession> session_;
     ComPtr<IClassFactory> handlers_;
-    std::vector<const wchar_t*> schemes_; // that are taken over
+    std::vector<const wchar_t*> schemes_; // registered
 };

@@ -1,4 +1,4 @@
-// Functions of urlmon.dll, which is loaded by the first one asked for and not with the program.
+// Functions of urlmon.dll, which is loaded on first use.
 #pragma once
 
 #include "platform/windows/base/system_library.h"
