@@ -24,7 +24,8 @@ struct SymbolRun {
     std::u32string_view signs;
 };
 
-// clang-format off: it counts the columns of such signs in its own way
+// Formatted by hand: clang-format counts the columns of such signs in its own way.
+// clang-format off
 constexpr SymbolRun wingdings[] = {
     {0x20, U" ✎✂✁👓🔔📖🕯☎✆✉🖃📪📫📬📭📁📂📄🗏🗐🗄⌛⌨🖰🖲🖳🖴"
            U"🖫"
