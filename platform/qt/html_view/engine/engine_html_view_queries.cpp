@@ -88,7 +88,7 @@ bool EngineHtmlView::FetchText(QDeadlineTimer end) {
 
 std::optional<PageMatch> EngineHtmlView::FindBehindSelection(std::u16string_view what,
                                                              FindOptions options) {
-    const std::u16string what(wanted); // a copy, because its owner may change it during a query
+    const std::u16string wanted(what); // a copy, because its owner may change it during a query
     const QDeadlineTimer end(maxPageWait);
     if (!FetchText(end)) return std::nullopt;
     const auto state = Query(QStringLiteral("state()"), end);
@@ -96,7 +96,7 @@ std::optional<PageMatch> EngineHtmlView::FindBehindSelection(std::u16string_view
     ApplyState(*state);
     const PageSpan& selected = snapshot_.selection.span;
     const TextPos start = selected.start + selected.length;
-    const auto found = FindText(*textCache_, what, static_cast<std::size_t>(start), options);
+    const auto found = FindText(*textCache_, wanted, static_cast<std::size_t>(start), options);
     if (found == std::u16string::npos) return std::nullopt;
     const auto place = Query(QStringLiteral("matchAt(%1, %2)").arg(found).arg(start), end);
     if (!place) return std::nullopt;
