@@ -115,5 +115,5 @@ int QtDialogs::ShowRichMessage(const std::string& rtf, const std::u16string& tit
                                const std::vector<std::u16string>& buttons) {
     RichMessage message(owner_, rtf, buttons);
     message.setWindowTitle(ToQt(title));
-    return message.Exec();
+    return message.ClickedButton();
 }

@@ -42,6 +42,6 @@ RichMessage::RichMessage(QWidget* parent, const std::string& rtf,
 
 RichMessage::~RichMessage() = default;
 
-int RichMessage::Exec() {
+int RichMessage::ClickedButton() {
     return exec();
 }

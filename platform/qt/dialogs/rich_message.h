@@ -13,7 +13,7 @@ class RichMessage final : public QDialog {
                 const std::vector<std::u16string>& buttons);
     ~RichMessage() override;
 
-    int Exec(); // the 1-based number of the clicked button; 0 if none
+    int ClickedButton(); // runs the dialog; the 1-based number of the button, 0 if none
 
   private:
     std::unique_ptr<class QtTextView> text_;
