@@ -263,7 +263,7 @@ TEST_CASE("windows update check: its messages pass where the program's do") {
     WinUpdateCheck check(
         [&seen](const MSG& message) {
             seen = seen || message.message == WM_APP + 7;
-            return true;
+            return false; // not handled: dispatch it
         },
         shortTime);
     check.Fetch(server.Address());
