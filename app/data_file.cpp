@@ -3,7 +3,7 @@
 #include "app/book_state.h"
 #include "app/main_form.h"
 #include "app/options_menu.h"
-#include "app/profile_menu.h"
+#include "app/profiles.h"
 #include "app/shown_book.h"
 #include "datafile/scheme.h"
 #include "formats/codepages/code_pages.h"

@@ -4,16 +4,9 @@
 #include "datafile/ini_file.h"
 
 #include <memory>
-#include <set>
 #include <string>
 
 struct MainForm;
-
-// What the user has been told in this run; each once.
-struct ReportedTrouble {
-    std::set<IniTrouble> reported;
-    int failedWrites = 0; // seconds in which what had to be written could not be
-};
 
 std::unique_ptr<IniFile> OpenDataFile(MainForm&);
 

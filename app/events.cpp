@@ -5,7 +5,7 @@
 #include "app/keys.h"
 #include "app/links.h"
 #include "app/main_form.h"
-#include "app/start_up.h"
+#include "app/saving_events.h"
 #include "app/view_events.h"
 #include "common/flag_scope.h"
 #include "reading/zoom.h"

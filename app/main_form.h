@@ -1,10 +1,10 @@
 // The main form: it owns every port, every menu item and all state of the running program.
 #pragma once
 
-#include "app/data_file.h"
 #include "app/menu_tree.h"
 #include "books/history.h"
 #include "datafile/ini_file.h"
+#include "datafile/reported_trouble.h"
 #include "platform/ports.h"
 #include "reading/bookmarks.h"
 #include "reading/find.h"

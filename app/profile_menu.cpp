@@ -1,46 +1,14 @@
 #include "app/profile_menu.h"
 
+#include "app/data_file.h"
 #include "app/main_form.h"
 #include "app/profiles.h"
 #include "app/shown_book.h"
-#include "common/flag_scope.h"
 #include "common/menu_items.h"
 #include "common/text.h"
 #include "datafile/profile_list.h"
 
 #include <algorithm>
-
-void LoadProfileList(MainForm& form) {
-    form.profilesInFile = LoadProfileNames(*form.dataFile);
-    ListLines names = form.profilesInFile;
-    if (names.empty()) names = {u"Default"};
-    MenuTree& menu = form.menu;
-    menu.mUser[0].tag = IniReadString(*form.dataFile, profileListSection, u"0");
-    menu.mProfileList.items.resize(1);
-    menu.mUserDeleteList.items.resize(1);
-    menu.mProfileList[0].caption = menu.mUserDeleteList[0].caption = names.front();
-    for (std::size_t i = 1; i < names.size(); ++i) {
-        AddMenuItem(menu.mProfileList, names[i]);
-        AddMenuItem(menu.mUserDeleteList, names[i]);
-    }
-}
-
-void EnterProfile(MainForm& form, const std::vector<std::u16string>& records,
-                  const std::u16string& shown) {
-    const FlagScope switching(form.ProfileSwitching);
-    SwitchToProfile(form, 0, records, shown);
-}
-
-void SyncProfileDeleteMenu(MainForm& form) {
-    const MenuArray& list = form.menu.mProfileList;
-    MenuArray& deleteList = form.menu.mUserDeleteList;
-    for (int i = 0; i < list.Count(); ++i) {
-        if (i == deleteList.Count()) AddMenuItem(deleteList);
-        deleteList[i].caption = list[i].caption;
-        deleteList[i].enabled = i != 0;
-    }
-    deleteList.items.resize(list.items.size());
-}
 
 void mUser_Click(MainForm& form, int) {
     form.menu.mUserDelete[0].enabled = form.menu.mProfileList.Count() > 1;

@@ -1,9 +1,8 @@
-// Switching between profiles.
 #include "app/profiles.h"
+
 #include "app/book_state.h"
 #include "app/main_form.h"
 #include "app/open_book.h"
-#include "app/profile_menu.h"
 #include "app/shown_book.h"
 #include "common/flag_scope.h"
 #include "common/menu_items.h"
@@ -11,6 +10,32 @@
 #include "datafile/list_persistence.h"
 #include "datafile/profile_list.h"
 #include "shell/options.h"
+
+void LoadProfileList(MainForm& form) {
+    form.profilesInFile = LoadProfileNames(*form.dataFile);
+    ListLines names = form.profilesInFile;
+    if (names.empty()) names = {u"Default"};
+    MenuTree& menu = form.menu;
+    menu.mUser[0].tag = IniReadString(*form.dataFile, profileListSection, u"0");
+    menu.mProfileList.items.resize(1);
+    menu.mUserDeleteList.items.resize(1);
+    menu.mProfileList[0].caption = menu.mUserDeleteList[0].caption = names.front();
+    for (std::size_t i = 1; i < names.size(); ++i) {
+        AddMenuItem(menu.mProfileList, names[i]);
+        AddMenuItem(menu.mUserDeleteList, names[i]);
+    }
+}
+
+void SyncProfileDeleteMenu(MainForm& form) {
+    const MenuArray& list = form.menu.mProfileList;
+    MenuArray& deleteList = form.menu.mUserDeleteList;
+    for (int i = 0; i < list.Count(); ++i) {
+        if (i == deleteList.Count()) AddMenuItem(deleteList);
+        deleteList[i].caption = list[i].caption;
+        deleteList[i].enabled = i != 0;
+    }
+    deleteList.items.resize(list.items.size());
+}
 
 void SaveProfileList(MainForm& form) {
     ListLines names;
@@ -104,4 +129,10 @@ void SwitchToProfile(MainForm& form, int index, const std::vector<std::u16string
     // A book that came to the top of a list that was not written meanwhile.
     const bool moved = !records.empty() || !form.ports.launch.commandLine.empty();
     if (moved && IsBookShown(form)) SaveHistoryList(form);
+}
+
+void EnterProfile(MainForm& form, const std::vector<std::u16string>& records,
+                  const std::u16string& shown) {
+    const FlagScope switching(form.ProfileSwitching);
+    SwitchToProfile(form, 0, records, shown);
 }

@@ -6,7 +6,8 @@
 #include "app/keys.h"
 #include "app/main_form.h"
 #include "app/options_menu.h"
-#include "app/profile_menu.h"
+#include "app/profiles.h"
+#include "app/saving_events.h"
 #include "app/shown_book.h"
 #include "common/menu_items.h"
 #include "datafile/location.h"
@@ -94,23 +95,4 @@ bool Form_Load(MainForm& form) {
     form.ports.saveTimer->Start(1000,
                                 [&form] { RunCommand(form, [&form] { toSave_Timer(form); }); });
     return true;
-}
-
-void Form_Unload(MainForm& form) {
-    if (!form.started || form.closed) return;
-    SettleZoom(form);
-    IniBatch oneWrite(*form.dataFile);
-    SaveBookState(form, 0);
-    SaveWindowPlacement(form.placement, *form.dataFile, CurrentProfile(form), *form.ports.window);
-    oneWrite.Commit();
-    form.closed = true; // nothing may begin while the last message waits
-    WriteDataFileAtLast(form);
-}
-
-void toSave_Timer(MainForm& form) {
-    constexpr int saveInterval = 60; // seconds
-    AdoptLateDataFile(form);
-    WatchDataFile(form);
-    form.autosaveTick = (form.autosaveTick + 1) % saveInterval;
-    if (form.autosaveTick == 0) SaveBookState(form, 0);
 }

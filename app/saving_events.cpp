@@ -1,0 +1,25 @@
+#include "app/saving_events.h"
+
+#include "app/book_state.h"
+#include "app/data_file.h"
+#include "app/main_form.h"
+#include "app/shown_book.h"
+
+void Form_Unload(MainForm& form) {
+    if (!form.started || form.closed) return;
+    SettleZoom(form);
+    IniBatch oneWrite(*form.dataFile);
+    SaveBookState(form, 0);
+    SaveWindowPlacement(form.placement, *form.dataFile, CurrentProfile(form), *form.ports.window);
+    oneWrite.Commit();
+    form.closed = true; // nothing may begin while the last message waits
+    WriteDataFileAtLast(form);
+}
+
+void toSave_Timer(MainForm& form) {
+    constexpr int saveInterval = 60; // seconds
+    AdoptLateDataFile(form);
+    WatchDataFile(form);
+    form.autosaveTick = (form.autosaveTick + 1) % saveInterval;
+    if (form.autosaveTick == 0) SaveBookState(form, 0);
+}
