@@ -1,5 +1,4 @@
-// Made by formats/codepages/make_code_page_tables.py
-// from the codecs of a Python with Unicode 14.0.0.
+// Made by make_code_page_tables.py from the codecs of a Python with Unicode 14.0.0.
 #pragma once
 
 #include "formats/codepages/code_page_shapes.h"

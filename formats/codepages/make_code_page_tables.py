@@ -190,7 +190,7 @@ def write_four_byte_ranges(file):
 
 def main(output):
     with open(output, "w", encoding="ascii", newline="\n") as file:
-        file.write("// Made by formats/codepages/make_code_page_tables.py\n// from the codecs of a Python with Unicode %s.\n"
+        file.write("// Made by make_code_page_tables.py from the codecs of a Python with Unicode %s.\n"
                    "#pragma once\n\n" % unicodedata.unidata_version)
         file.write('#include "formats/codepages/code_page_shapes.h"\n\n')
         file.write("// clang-format off\n")

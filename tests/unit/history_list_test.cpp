@@ -154,6 +154,11 @@ TEST_CASE("history: the editor is offered for a known kind whose editor and book
     test.PutBook(u"/bin/plain-editor");
     test.Menus().Open(test.Menu().mFile);
     CHECK(test.Menu().mFileEdit[0].enabled);
+    test.Files().Remove(u"/b/a book.txt");
+    test.Menus().Open(test.Menu().mFile);
+    CHECK_FALSE(test.Menu().mFileEdit[0].enabled); // no such book
+    test.PutBook(u"/b/a book.txt");
+    test.Menus().Open(test.Menu().mFile);
     test.Menus().Click(test.Menu().mFileEdit);
     REQUIRE(test.Shell().started.size() == 1);
     CHECK(test.Shell().started[0].second == u"/b/a book.txt");

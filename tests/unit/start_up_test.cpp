@@ -72,6 +72,12 @@ TEST_CASE("start-up: the registry is written only when it differs") {
     TestForm second(first);
     REQUIRE(second.Start());
     CHECK(second.Registry().writes == 2);
+    second.Close();
+    TestForm newer(second);
+    newer.Registry().Write(key, u"CurrentVersion", u"1.00");
+    REQUIRE(newer.Start());
+    CHECK(newer.Registry().Read(key, u"CurrentVersion") == u"2.05.0012");
+    CHECK(newer.Registry().writes == 4); // the test's own, and this one
 }
 
 TEST_CASE("start-up: a second instance reads and writes nothing") {
@@ -96,6 +102,10 @@ TEST_CASE("start-up: a run without a change writes only the state it leaves") {
     const auto writes = second.Files().replaceCalls.size();
     REQUIRE(second.Start());
     CHECK(second.Files().replaceCalls.size() == writes); // opening the last book changes nothing
+    const std::string before = second.DataFile();
+    second.Close();
+    CHECK(second.Files().replaceCalls.size() == writes + 1);
+    CHECK(second.DataFile() == before);
 }
 
 TEST_CASE("start-up: the user's folder is used when the program's cannot be written") {
@@ -163,11 +173,13 @@ TEST_CASE("shutdown: saves place and placement in one write") {
     REQUIRE(test.Start());
     OpenBook(test.form, u"/b/a.txt");
     test.View().ScrollLineToTop(1000);
+    test.Window().DragTo({15, 16, 417, 318});
     const auto writes = test.Files().replaceCalls.size();
     test.Close();
     CHECK(test.Files().replaceCalls.size() == writes + 1);
     TestForm next(test);
     REQUIRE(next.Start());
+    CHECK(next.Window().Bounds() == Rect{15, 16, 417, 318});
     CHECK(next.View().FirstVisibleChar() == test.View().FirstVisibleChar());
 }
 
