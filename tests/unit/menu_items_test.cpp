@@ -53,6 +53,7 @@ TEST_CASE("menu items: an added item takes what it is given") {
 TEST_CASE("menu items: a radio group has one checked item") {
     MenuArray group{"group", {MenuItem{}, MenuItem{}, MenuItem{}}, {}};
     CheckRadioItem(2, group);
+    CheckRadioItem(0, group);
     CheckRadioItem(1, group);
     CHECK_FALSE(group[0].checked);
     CHECK(group[1].checked);

@@ -26,6 +26,18 @@ TEST_CASE("options: the title mode is a radio pair, kept per profile") {
     CHECK(test.DataFile().find("mOptionsTitle=1\r\n") != std::string::npos);
 }
 
+TEST_CASE("options: the title changes with its option") {
+    Reading test;
+    test.View().Select(2, 3);
+    test.Menus().Open(test.Menu().mEdit);
+    test.Menus().Click(test.Menu().mEditTitle);
+    CHECK(test.Window().title == u"Norvaset [Default] - ne");
+    test.Menus().Click(test.Menu().mOptionsTitle, 0);
+    CHECK(test.Window().title == u"Norvaset [Default] - /b/a.txt");
+    test.Menus().Click(test.Menu().mOptionsTitle, 1);
+    CHECK(test.Window().title == u"Norvaset [Default] - ne");
+}
+
 TEST_CASE(
     "options: colours of rich text on loads the book again at its place, off only recolours") {
     Reading test;
