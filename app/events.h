@@ -9,5 +9,5 @@ struct MainForm;
 void ConnectEvents(MainForm&);
 
 // Runs a command unless another one is running (it may be waiting for a dialog); then it is left
-// out. No exception leaves it: lack of memory is told to the user.
+// out. No exception leaves it: the user is told when memory runs out.
 void RunCommand(MainForm&, const std::function<void()>& command);

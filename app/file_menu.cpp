@@ -35,7 +35,7 @@ int FirstType(const MainForm& form) {
 
 // The type that the dialog began with does not say of a book of the list that it is of another
 // kind: its reader may not have looked at it.
-AskedKind ChosenKind(const MainForm& form, const OpenFileAnswer& answer, int firstType) {
+RequestedKind ChosenKind(const MainForm& form, const OpenFileAnswer& answer, int firstType) {
     const bool untouched = answer.filterIndex == firstType &&
                            KindOfName(answer.fileName) == BookKind::Other &&
                            FindInHistory(form.history, answer.fileName) >= 0;

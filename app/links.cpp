@@ -11,7 +11,7 @@
 #include <utility>
 
 namespace {
-void OpenOnTrail(MainForm& form, const std::u16string& path, AskedKind kind,
+void OpenOnTrail(MainForm& form, const std::u16string& path, RequestedKind kind,
                  std::vector<PagePlace> trail) {
     if (!SettleZoom(form)) return;
     SaveBookState(form, 0);
@@ -53,7 +53,7 @@ void wbMain_Link(MainForm& form, const std::u16string& url, const std::u16string
     if (kind == BookKind::Other) return OpenMediaFile(form, path);
     HtmlPage from = form.page;
     PushPlace(from, form.ports.htmlView->ScrollTop());
-    OpenOnTrail(form, path, kind == BookKind::Html ? AskedKind(kind) : std::nullopt,
+    OpenOnTrail(form, path, kind == BookKind::Html ? RequestedKind(kind) : std::nullopt,
                 std::move(from.trail));
 }
 

@@ -46,7 +46,7 @@ void ChangeKind(MainForm& form, int index, BookKind kind) {
 }
 
 // Whether the listed book can be shown as it is asked for.
-bool CorrectKind(MainForm& form, int index, AskedKind asked, std::string_view firstBytes) {
+bool CorrectKind(MainForm& form, int index, RequestedKind asked, std::string_view firstBytes) {
     const BookRecord record = form.history.Record(index);
     const BookKind listed = record.Kind();
     const BookKind kind = KindOfListedBook(listed, asked, record.Path(), firstBytes);
@@ -62,7 +62,7 @@ bool CorrectKind(MainForm& form, int index, AskedKind asked, std::string_view fi
 }
 } // namespace
 
-int AddBook(MainForm& form, const std::u16string& path, AskedKind kind) {
+int AddBook(MainForm& form, const std::u16string& path, RequestedKind kind) {
     const BookStart start = ExamineBookFile(*form.ports.files, path, MaxPlainText(form));
     if (start.problem) {
         ShowBookMessage(form.messages, start.problem.text);
@@ -81,7 +81,7 @@ int AddBook(MainForm& form, const std::u16string& path, AskedKind kind) {
     return added;
 }
 
-void OpenBook(MainForm& form, const std::u16string& path, AskedKind kind) {
+void OpenBook(MainForm& form, const std::u16string& path, RequestedKind kind) {
     const int index = AddBook(form, path, kind);
     if (index < 0 || (index == 0 && IsBookShown(form))) return;
     const FlagScope opening(form.OpeningBook);

@@ -67,7 +67,7 @@ bool Form_Load(MainForm& form) {
     form.DataFilePath = ResolveDataFilePath(*form.ports.files, launch);
     if (!Claim(form)) return false;
     form.started = true;
-    const auto otherUsersFile = TakeOverDataFile(*form.ports.files, launch, form.DataFilePath);
+    const auto otherUsersFile = SeedOwnDataFile(*form.ports.files, launch, form.DataFilePath);
     form.dataFile = OpenDataFile(form);
     ReadDataFile(form);
     {

@@ -57,14 +57,14 @@ BookKind KindOfBook(std::u16string_view path, std::string_view firstBytes) {
     return LooksLikeRtf(firstBytes) ? BookKind::RichText : KindOfName(path);
 }
 
-AskedKind KindOfChoice(std::u16string_view path, int filterIndex) {
+RequestedKind KindOfChoice(std::u16string_view path, int filterIndex) {
     const int type = filterIndex - 1;
     if (!InRange(type, 0, static_cast<int>(BookKind::Other) - 1, true)) return std::nullopt;
     const BookKind named = KindOfName(path);
     return named == BookKind::Other ? static_cast<BookKind>(type) : named;
 }
 
-BookKind KindOfListedBook(BookKind listed, AskedKind asked, std::u16string_view path,
+BookKind KindOfListedBook(BookKind listed, RequestedKind asked, std::u16string_view path,
                           std::string_view firstBytes) {
     if (asked) return *asked;
     if (listed == BookKind::RichText || listed == BookKind::Html) return listed;

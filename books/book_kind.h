@@ -21,20 +21,20 @@ bool MatchesPattern(std::u16string_view text, std::u16string_view pattern);
 // short form of old file systems; its pages have longer endings, too.
 std::vector<std::u16string> ListedPatterns();
 
-// The kind that a name tells: the first type whose files are listed by it; Other for any name.
+// The kind that a name suggests: the first type whose files are listed by it; Other for any name.
 BookKind KindOfName(std::u16string_view path);
 
 // The kind of a file from its first bytes and its name.
 BookKind KindOfBook(std::u16string_view path, std::string_view firstBytes);
 
-// The kind that a book is opened as; nothing: to be told from the file.
-using AskedKind = std::optional<BookKind>;
+// The kind that a book is opened as; nothing: to be recognised from the file.
+using RequestedKind = std::optional<BookKind>;
 
-// The kind of a file chosen while the Open dialog showed this type (from 1): what its name tells,
-// else the type; nothing for all files.
-AskedKind KindOfChoice(std::u16string_view path, int filterIndex);
+// The kind of a file chosen while the Open dialog showed this type (from 1): what its name
+// suggests, else the type; nothing for all files.
+RequestedKind KindOfChoice(std::u16string_view path, int filterIndex);
 
 // The kind of a book that is opened as `asked` while the list holds it as `listed`. What was only
-// told from the file changes a text to rich text or HTML where name and content both say so.
-BookKind KindOfListedBook(BookKind listed, AskedKind asked, std::u16string_view path,
+// recognised from the file changes a text to rich text or HTML where name and content both say so.
+BookKind KindOfListedBook(BookKind listed, RequestedKind asked, std::u16string_view path,
                           std::string_view firstBytes);

@@ -7,7 +7,7 @@
 
 using ListLines = std::vector<std::u16string>;
 
-// What tells the lines of a list apart.
+// What distinguishes the lines of a list.
 std::u16string_view KeyOfLine(std::u16string_view line); // what stands before the first "="
 std::u16string_view WholeLine(std::u16string_view line); // the line itself
 

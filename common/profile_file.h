@@ -27,7 +27,7 @@ class ProfileFile {
     using Decoder = std::u16string (*)(int codePage, std::string_view bytes);
     static ProfileFile Parse(std::string_view bytes, int ansiCodePage, Decoder);
 
-    // The value of a key; one pair of quotes around it, single or double, is taken off.
+    // The value of a key; one pair of quotes around it, single or double, is removed.
     std::optional<std::u16string> Value(std::u16string_view section, std::u16string_view key) const;
     // The lines of a section as the section function gives them: "key=value" trimmed, no comments,
     // no blanks, quotes left on. A line without "=" is listed too.

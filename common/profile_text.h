@@ -31,7 +31,7 @@ inline bool IsHeader(std::string_view line) {
 }
 std::string_view HeaderName(std::string_view header); // up to the first "]" or the end of the line
 
-// One pair of equal quotes around the text, single or double, is taken off.
+// One pair of equal quotes around the text, single or double, is removed.
 std::string_view WithoutQuotes(std::string_view text);
 
 std::u16string FoldedName(std::string_view name);

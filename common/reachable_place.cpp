@@ -71,6 +71,6 @@ Rect ReachablePlace(const Rect& asked, const std::vector<Rect>& screens, double 
     return Within(place, Inside(Nearest(place, screens), pixels(margin)));
 }
 
-Rect BoundsAsAsked(const std::optional<ShownInstead>& instead, const Rect& now) {
+Rect RequestedBounds(const std::optional<ShownInstead>& instead, const Rect& now) {
     return instead && instead->shown == now ? instead->asked : now;
 }

@@ -16,4 +16,4 @@ Rect ReachablePlace(const Rect& asked, const std::vector<Rect>& screens, double 
 struct ShownInstead {
     Rect asked, shown;
 };
-Rect BoundsAsAsked(const std::optional<ShownInstead>&, const Rect& now);
+Rect RequestedBounds(const std::optional<ShownInstead>&, const Rect& now);

@@ -59,10 +59,10 @@ void IniFile::Refresh() {
     std::string bytes;
     const ReadStatus status = files_.Read(path_, maxDataFileSize, bytes);
     version_ = status == ReadStatus::Ok ? version : std::nullopt;
-    TakeRead(status, bytes);
+    ApplyRead(status, bytes);
 }
 
-void IniFile::TakeRead(ReadStatus status, std::string_view bytes) {
+void IniFile::ApplyRead(ReadStatus status, std::string_view bytes) {
     const bool known = status_.has_value();
     const bool missing = status == ReadStatus::NotFound && FolderIsThere();
     if (!known && status != ReadStatus::Ok && !missing) unread_ = true;

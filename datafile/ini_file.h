@@ -24,7 +24,7 @@ enum class IniTrouble {
 };
 
 // No function throws or reports an error: a file that is missing or cannot be read yields the
-// defaults, and `Trouble` tells of what could not be done.
+// defaults, and `Trouble` says what could not be done.
 //
 // A file that exists and has not been read yet counts as empty, and nothing is ever written over
 // it: what its reader would write was made up without knowing it. So it stays, also when it could
@@ -72,7 +72,7 @@ class IniFile {
     };
     void Change(WriteMode, Edit);
     void Refresh();
-    void TakeRead(ReadStatus, std::string_view bytes);
+    void ApplyRead(ReadStatus, std::string_view bytes);
     bool FolderIsThere() const;
     bool WriteChanges();
 

@@ -26,8 +26,8 @@ std::u16string ResolveDataFilePath(Files& files, const Launch& launch) {
     return own += dataFileEnding;
 }
 
-std::u16string TakeOverDataFile(Files& files, const Launch& launch,
-                                const std::u16string& dataFilePath) {
+std::u16string SeedOwnDataFile(Files& files, const Launch& launch,
+                               const std::u16string& dataFilePath) {
     const std::u16string beside = ProgramFile(files, launch, dataFileEnding);
     if (dataFilePath == beside || files.FileExists(dataFilePath)) return u"";
     // Another user's own state is no beginning for this one's.

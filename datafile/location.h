@@ -18,4 +18,4 @@ std::u16string ResolveDataFilePath(Files&, const Launch&);
 // with: there nothing that is read from now on could be kept. Returns the path of a data file
 // beside the program that belongs to another user, when this one's own is still to be made; else
 // "".
-std::u16string TakeOverDataFile(Files&, const Launch&, const std::u16string& dataFilePath);
+std::u16string SeedOwnDataFile(Files&, const Launch&, const std::u16string& dataFilePath);

@@ -17,7 +17,7 @@ enum class FileTime { Creation = 0, LastAccess = 1, LastWrite = 2 };
 
 enum class ReadStatus { Ok, NotFound, NotAFile, Denied, TooLarge, Failed };
 
-// Identity and version of a file's content, to tell whether a copy in memory is still true.
+// Identity and version of a file's content, to see whether a copy in memory is still current.
 struct FileVersion {
     std::uint64_t device = 0, id = 0, size = 0;
     std::int64_t lastWrite = 0; // nanoseconds
@@ -45,8 +45,8 @@ class Files {
     // `limit` bytes is TooLarge and `bytes` stays as it was, as on any failure.
     virtual ReadStatus Read(const std::u16string& path, std::uint64_t limit,
                             std::string& bytes) const = 0;
-    // The first bytes of a regular file, `count` at most: what can be told of it without reading it
-    // whole.
+    // The first bytes of a regular file, `count` at most: what can be learnt from it without
+    // reading it whole.
     virtual ReadStatus ReadStart(const std::u16string& path, std::size_t count,
                                  std::string& bytes) const = 0;
     // Opens a regular file of any size, to be read in parts. The reader keeps to this file also

@@ -69,12 +69,12 @@ constexpr int maxPageWait = 3000; // milliseconds
 //
 // The engine is loaded by the first `Navigate`, not before.
 //
-// Keys pressed in the view are events of the window, as with the text view: it is told first, by
-// `onKeyDown` and `onKeyUp`. The view then does the scrolling and the selecting, and zooms one step
-// for Ctrl with `PlusKey` or `MinusKey` and back to normal for Ctrl with "0" (those of the numeric
-// keypad arrive as these); the line at the top stays there. It does not act on any other key with
-// Ctrl or on function keys, so that no command comes twice. Ctrl and the wheel are the window's
-// `onZoom`; the view does not zoom then.
+// Keys pressed in the view are events of the window, as with the text view: it receives them first,
+// by `onKeyDown` and `onKeyUp`. The view then does the scrolling and the selecting, and zooms one
+// step for Ctrl with `PlusKey` or `MinusKey` and back to normal for Ctrl with "0" (those of the
+// numeric keypad arrive as these); the line at the top stays there. It does not act on any other
+// key with Ctrl or on function keys, so that no command comes twice. Ctrl and the wheel are the
+// window's `onZoom`; the view does not zoom then.
 class HtmlView {
   public:
     virtual ~HtmlView() = default;
@@ -84,7 +84,7 @@ class HtmlView {
 
     // Orders for the page. `Navigate` gives up the page before: no event of it comes any more, and
     // there is no body until `onLoaded`, which brings `page` back, the caller's number for this
-    // load. A file that cannot be shown may have no `onLoaded` at all. Zoom keys not yet told of
+    // load. A file that cannot be shown may have no `onLoaded` at all. Zoom keys not yet reported
     // are dropped.
     virtual void Navigate(const std::u16string& path, int page) = 0;
     virtual void Clear() = 0; // no page; frees what the last one took. No event comes of it
@@ -100,7 +100,7 @@ class HtmlView {
     // own.
     virtual void SetTextColor(std::optional<std::uint32_t> redGreenBlue) = 0;
     // One keystroke of Ctrl and "+" (larger) or "-": the page zooms one step, which orders given
-    // afterwards find done. The line at the top stays there. The window's `onKeyDown` is told of
+    // afterwards find done. The line at the top stays there. The window's `onKeyDown` receives
     // `PlusKey` or `MinusKey` with Ctrl, once for each call and after it has returned. Steps that
     // come while the page is laid out for those before are carried out as one.
     virtual void SendZoomKey(bool larger) = 0;
@@ -144,8 +144,8 @@ class HtmlView {
     std::function<void(int page, const std::u16string& url)> onLoaded;
     // The size asked for last is settled.
     std::function<void()> onZoomed;
-    // The engine has died, or the page with it; never told of a page given up. The next `Navigate`
-    // starts anew.
+    // The engine has died, or the page with it; never called for a page given up. The next
+    // `Navigate` starts anew.
     std::function<void()> onGone;
     // The user chose a command of the view's context menu; nothing else happens but for printing. A
     // right click outside the selection first puts the caret there, as a press of the left button

@@ -21,7 +21,7 @@ class MenuBar {
     virtual void Refresh() = 0;
     // Opens a top-level menu at its title, as a click there does. It comes back at once; the menu
     // opens when the event being handled is done with. Left without a choice, it gives the keyboard
-    // back to the view that had it: nobody has gone to the bar.
+    // back to the view that had it: the user has not gone to the bar.
     virtual void ShowMenu(MenuArray& topLevel) = 0;
     // Shows these items as a context menu at the pointer (or the caret), and comes back at once.
     virtual void ShowContextMenu(const std::vector<MenuArray*>& items) = 0;

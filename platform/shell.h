@@ -11,14 +11,14 @@ class Shell {
     // The program that edits plain text when the user has chosen none: a full path.
     virtual std::u16string DefaultTextEditor() const = 0;
     // Starts a program, detached and without a shell between, with one argument that reaches it as
-    // it is. Nothing is told of failure.
+    // it is. Failures are not reported.
     virtual void OpenWith(const std::u16string& program, const std::u16string& argument) = 0;
     // Gives an address to the program that the desktop has for its scheme. What
-    // `IsProgramAddress` does not take is not opened. Nothing is told of failure.
+    // `IsProgramAddress` does not take is not opened. Failures are not reported.
     virtual void OpenAddress(const std::u16string& address) = 0;
     // Opens a file, by its full path, with the program that the desktop has for its kind. That may
-    // run the file, if it is a program: what may be opened so is for the caller to know. Nothing is
-    // told of failure.
+    // run the file, if it is a program: what may be opened so is for the caller to know. Failures
+    // are not reported.
     virtual void OpenFile(const std::u16string& path) = 0;
     // Claims the data file for the life of the process. What was granted ends with the process,
     // however that ends.

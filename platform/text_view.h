@@ -93,7 +93,7 @@ class TextView {
     virtual void SetVisible(bool) = 0;
     virtual void SetPointer(Pointer) = 0;
     virtual void FocusView() = 0;
-    // What the text is called where it is read aloud. For a view that can tell such a name.
+    // What the text is called where it is read aloud. For a view that is accessible.
     virtual void SetName(std::u16string_view) {}
 
     // A context menu is asked for, at the pointer or from the keyboard.

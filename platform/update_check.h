@@ -9,7 +9,7 @@ constexpr int fetchTime = 10'000;             // milliseconds, for everything to
 
 enum class FetchStatus {
     Ok,
-    Failed,    // not there, refused, too slow, too large, not safe: nobody needs to know which
+    Failed,    // not there, refused, too slow, too large, not safe: the caller need not know which
     Abandoned, // the program is ending
 };
 

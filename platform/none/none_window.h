@@ -12,7 +12,7 @@ class NoneWindow : public Window {
 
     WindowState State() const override { return state_; }
     void SetState(WindowState) override;
-    Rect Bounds() const override { return BoundsAsAsked(instead_, shown_); }
+    Rect Bounds() const override { return RequestedBounds(instead_, shown_); }
     void Move(const Rect&) override;
     int InnerWidth() const override { return shown_.width; }
     int InnerHeight() const override { return shown_.height - MenuHeight; }

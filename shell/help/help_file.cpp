@@ -9,7 +9,7 @@
 namespace {
 constexpr std::string_view firstLine = "help 1", lastLine = "= end";
 
-std::string_view TakeLine(std::string_view& bytes) {
+std::string_view NextLine(std::string_view& bytes) {
     const std::size_t end = bytes.find('\n');
     std::string_view line = bytes.substr(0, end);
     bytes.remove_prefix(end == bytes.npos ? bytes.size() : end + 1);
@@ -107,11 +107,11 @@ void TopicReader::FinishTopic() {
 } // namespace
 
 std::optional<HelpBook> ParseHelpFile(std::string_view bytes) {
-    if (bytes.size() > maxHelpFileSize || !IsValidUtf8(bytes) || TakeLine(bytes) != firstLine)
+    if (bytes.size() > maxHelpFileSize || !IsValidUtf8(bytes) || NextLine(bytes) != firstLine)
         return std::nullopt;
     TopicReader reader;
     while (!bytes.empty()) {
-        const std::string_view line = TakeLine(bytes);
+        const std::string_view line = NextLine(bytes);
         if (line == lastLine) {
             reader.FinishTopic();
             if (!bytes.empty() || reader.book.topics.empty()) return std::nullopt;

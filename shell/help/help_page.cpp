@@ -3,9 +3,9 @@
 #include <cstddef>
 
 namespace {
-enum Look : std::uint32_t { Body, Bold, TitleLook, HeadingLook };
+enum StyleIndex : std::uint32_t { Body, Bold, TitleStyle, HeadingStyle };
 
-CharStyle Letters(std::uint16_t halfPoints, bool bold) {
+CharStyle StyleOf(std::uint16_t halfPoints, bool bold) {
     CharStyle style;
     style.halfPoints = halfPoints;
     style.bold = bold;
@@ -28,8 +28,8 @@ TextPos Length(const Document& page) {
 } // namespace
 
 HelpPageWriter::HelpPageWriter() {
-    page_.charStyles = {Letters(22, false), Letters(22, true), Letters(34, true),
-                        Letters(26, true)};
+    page_.charStyles = {StyleOf(22, false), StyleOf(22, true), StyleOf(34, true),
+                        StyleOf(26, true)};
     // In the order of HelpParagraph; twips.
     page_.paragraphStyles = {Spaced(0, 160),     Spaced(200, 40),    Spaced(60, 100),
                              Spaced(0, 60, 360), Spaced(0, 60, 360), Spaced(0, 60, 2800)};
@@ -40,8 +40,8 @@ HelpPageWriter::HelpPageWriter() {
 void HelpPageWriter::Add(HelpParagraph kind, std::u16string_view text, std::u16string_view label) {
     page_.paragraphRuns.push_back({Length(page_), static_cast<std::uint32_t>(kind)});
     switch (kind) {
-    case HelpParagraph::Title: AddRun(text, TitleLook); break;
-    case HelpParagraph::Heading: AddRun(text, HeadingLook); break;
+    case HelpParagraph::Title: AddRun(text, TitleStyle); break;
+    case HelpParagraph::Heading: AddRun(text, HeadingStyle); break;
     case HelpParagraph::Text: AddMarked(text, Body); break;
     case HelpParagraph::Item:
         AddRun(u"\u2022\t", Body);

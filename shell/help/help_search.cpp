@@ -79,7 +79,7 @@ std::vector<Paragraph> ParagraphsOf(const Document& page,
     return paragraphs;
 }
 
-// Headings have larger letters than text.
+// Headings are set larger than text.
 bool IsHeading(const Document& page, const Paragraph& paragraph) {
     const auto after =
         std::ranges::upper_bound(page.charRuns, paragraph.start, {}, &StyleRun::start);

@@ -13,7 +13,7 @@ constexpr int maxNumber = 65'535; // what a version resource can hold
 
 // The number at the start of the text, which it is taken from; -1 when there is none. A number is
 // written in one way only.
-int TakeNumber(std::string_view& text) {
+int ReadNumber(std::string_view& text) {
     int number = -1;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     const auto length = static_cast<std::size_t>(end - text.data());
@@ -37,7 +37,7 @@ std::optional<VersionNumbers> ParseUpdateFile(std::string_view bytes) {
     bytes.remove_prefix(before.size());
     std::array<int, 3> numbers{};
     for (std::size_t i = 0; i < numbers.size(); ++i) {
-        numbers[i] = TakeNumber(bytes);
+        numbers[i] = ReadNumber(bytes);
         const std::string_view follows = i + 1 < numbers.size() ? "." : after;
         if (numbers[i] < 0 || !bytes.starts_with(follows)) return std::nullopt;
         bytes.remove_prefix(follows.size());

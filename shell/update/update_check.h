@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-// Where the newest version is told; see docs/update-file.md.
+// Where the newest version is published; see docs/update-file.md.
 std::u16string UpdateAddress(const ProgramVersion&, const std::u16string& executableName);
 
 // The setup program of the newest version.

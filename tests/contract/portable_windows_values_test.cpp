@@ -1,5 +1,5 @@
+#include "platform/shared/page_zoom.h"
 #include "platform/windows/portable/css_color.h"
-#include "platform/windows/portable/page_zoom.h"
 #include "platform/windows/portable/quoted_argument.h"
 
 #include <doctest/doctest.h>

@@ -22,6 +22,15 @@ bool IsReachable(WindowUnderTest& test) {
     return ReachablePlace(test.Shown(), test.Screens(), 1) == test.Shown();
 }
 
+// Window systems answer late: some rounds of events, a bounded number.
+bool Becomes(WindowUnderTest& test, const Rect& bounds) {
+    for (int round = 0; round < 50; ++round) {
+        test.Settle();
+        if (test.Get().Bounds() == bounds) return true;
+    }
+    return false;
+}
+
 class NoneUnderTest final : public WindowUnderTest {
   public:
     Window& Get() override { return window_; }
@@ -59,17 +68,15 @@ TEST_CASE("window contract: one that no hand could reach is shown where one can"
             Window& window = test.Get();
             window.Move(asked);
             window.Open();
-            test.Settle();
+            CHECK(Becomes(test, asked));
             CHECK(IsReachable(test));
-            CHECK(window.Bounds() == asked);
 
             window.Move(reachable);
             test.Settle();
             CHECK(window.Bounds() == reachable);
             window.Move(asked); // while it is open
-            test.Settle();
+            CHECK(Becomes(test, asked));
             CHECK(IsReachable(test));
-            CHECK(window.Bounds() == asked);
         });
 }
 

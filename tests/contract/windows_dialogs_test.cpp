@@ -6,6 +6,7 @@
 #include "platform/windows/dialogs/win_rich_message.h"
 #include "platform/windows/dialogs/win_text_dialog.h"
 #include "runs_under_wine.h"
+#include "windows_message_pump.h"
 #include "windows_while_open.h"
 
 #include <doctest/doctest.h>
@@ -41,7 +42,7 @@ TEST_CASE("windows dialogs: a message over its owner, which waits") {
             CHECK((WindowText(box) == L"Norvaset Message"));
             CHECK_FALSE(IsWindowEnabled(owner.Get()));
             CHECK(GetWindow(box, GW_OWNER) == owner.Get());
-            CHECK(owner.DistanceTo(box) <= 2);
+            CHECK(Becomes([&] { return owner.DistanceTo(box) <= 2; }));
             CHECK_FALSE(GetDlgItem(box, IDHELP));
             CHECK_FALSE(GetDlgItem(box, IDCANCEL));
             PressButton(box, IDOK);
@@ -131,7 +132,7 @@ TEST_CASE("windows dialogs: a message of rich text gives the number of the butto
               CHECK((TextOf(dialog, Rich::FirstButton) == L"Cancel"));
               CHECK((TextOf(dialog, Rich::FirstButton + 1) == L"Download"));
               CHECK((TextOf(dialog, Rich::Text) == L"some text\u00E9"));
-              CHECK(owner.DistanceTo(dialog) <= 2);
+              CHECK(Becomes([&] { return owner.DistanceTo(dialog) <= 2; }));
               PressButton(dialog, Rich::FirstButton);
           }) == 1);
     CHECK(ask([](HWND dialog) { PressButton(dialog, Rich::FirstButton + 1); }) == 2);
@@ -158,7 +159,7 @@ TEST_CASE("windows dialogs: a line of text is asked for") {
             CHECK((TextOf(dialog, IDOK) == L"OK"));
             CHECK((TextOf(dialog, IDCANCEL) == L"Cancel"));
             CHECK(GetFocus() == GetDlgItem(dialog, WinTextDialog::Line));
-            CHECK(owner.DistanceTo(dialog) <= 2);
+            CHECK(Becomes([&] { return owner.DistanceTo(dialog) <= 2; }));
             CHECK_FALSE(IsWindowEnabled(owner.Get()));
             SetDlgItemTextW(dialog, WinTextDialog::Line, L"Анна = \U0001D11E");
             PressKey(VK_RETURN);
@@ -201,7 +202,7 @@ TEST_CASE("windows dialogs: what to find is asked for") {
         const HWND what = GetDlgItem(dialog, Find::What);
         CHECK((WindowText(dialog) == L"Find"));
         CHECK((TextOf(dialog, IDOK) == L"&Find"));
-        CHECK(owner.DistanceTo(dialog) <= 2);
+        CHECK(Becomes([&] { return owner.DistanceTo(dialog) <= 2; }));
         CHECK(DefaultButton(dialog) == IDOK);
         CHECK_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDOK)));
         CHECK(GetFocus() == EditOf(dialog));

@@ -38,7 +38,8 @@ void Run(std::string& dataFile, bool bookIsFirst) {
     Require(Form_Load(form));
     if (bookIsFirst) Require(GetBookPath(form.history, 0) == bookPath);
     auto& html = static_cast<NoneHtmlView&>(*form.ports.htmlView); // the record may say so
-    html.pages[bookPath] = {u"Once upon a time there was\na book.", u"A = B", "windows-1251"};
+    html.pages[bookPath] = {
+        u"Once upon a time there was\na book.", u"A = B", "windows-1251", true, {}};
     if (!html.navigations.empty()) html.FinishLoading();
     static_cast<NoneTimer&>(*form.ports.saveTimer).Tick(60);
     form.ports.window->Close();

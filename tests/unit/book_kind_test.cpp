@@ -41,7 +41,7 @@ TEST_CASE("book kind: a name tells the type in whose list it stands") {
 TEST_CASE("book kind: what is chosen in the dialog, by the type there and by the name") {
     struct Row {
         const char16_t* path;
-        AskedKind text, rich, page, all; // with each of the four types
+        RequestedKind text, rich, page, all; // with each of the four types
     };
     const Row table[] = {
         {u"/b/a.txt", BookKind::Text, BookKind::Text, BookKind::Text, std::nullopt},
@@ -52,7 +52,7 @@ TEST_CASE("book kind: what is chosen in the dialog, by the type there and by the
     };
     for (const Row& row : table) {
         CAPTURE(std::u16string(row.path));
-        const AskedKind kinds[] = {row.text, row.rich, row.page, row.all};
+        const RequestedKind kinds[] = {row.text, row.rich, row.page, row.all};
         for (int type = 1; type <= 4; ++type)
             CHECK(KindOfChoice(row.path, type) == kinds[type - 1]);
         for (const int noType : {-1, 0, 5})
@@ -66,7 +66,7 @@ TEST_CASE("book kind: of a listed book, opened again") {
         const char16_t* path;
         const char* start;
         BookKind listed;
-        AskedKind asked;
+        RequestedKind asked;
         BookKind kind;
     };
     const Row table[] = {

@@ -42,7 +42,7 @@ TEST_CASE("help search: topics by the weight of what was found") {
     CHECK(Pages(u"book") == "abc"); // a whole word in a title, the beginning of one, text
     CHECK(Pages(u"BOOKMARK") == "b");
     CHECK(Pages(u"mice mice book") == "abcd"); // each word counts once
-    CHECK(Pages(u"ook") == ""); // words are found by their beginnings
+    CHECK(Pages(u"ook") == "");                // words are found by their beginnings
     CHECK(Pages(u"\u00E9cru") == "c");
     CHECK(Pages(u"\u03BB\u03CC\u03B3") == "d");
     CHECK(Pages(u"txt") == "a");

@@ -74,7 +74,7 @@ TEST_CASE("reachable place: a screen smaller than the least window, or none") {
 
 TEST_CASE("reachable place: what was asked for stands for what is shown until that changes") {
     const Rect asked{5000, 0, 800, 600}, shown{480, 0, 800, 600}, moved{480, 1, 800, 600};
-    CHECK(BoundsAsAsked(ShownInstead{asked, shown}, shown) == asked);
-    CHECK(BoundsAsAsked(ShownInstead{asked, shown}, moved) == moved);
-    CHECK(BoundsAsAsked({}, shown) == shown);
+    CHECK(RequestedBounds(ShownInstead{asked, shown}, shown) == asked);
+    CHECK(RequestedBounds(ShownInstead{asked, shown}, moved) == moved);
+    CHECK(RequestedBounds({}, shown) == shown);
 }

@@ -54,7 +54,7 @@ void QtWindow::LayOut() {
 }
 
 Rect QtWindow::Bounds() const {
-    return requested_ ? *requested_ : BoundsAsAsked(shownInstead_, FrameBounds());
+    return requested_ ? *requested_ : RequestedBounds(shownInstead_, FrameBounds());
 }
 
 Rect QtWindow::FrameBounds() const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/html_view.h"
+#include "platform/shared/page_zoom.h"
 #include "platform/windows/html_view/browser/browser_control.h"
 #include "platform/windows/html_view/browser/engine_settings.h"
 #include "platform/windows/html_view/browser/inner_window.h"
@@ -10,7 +11,6 @@
 #include "platform/windows/html_view/page/page_text.h"
 #include "platform/windows/html_view/page/scroll_anchor.h"
 #include "platform/windows/html_view/safety/remote_blocker.h"
-#include "platform/windows/portable/page_zoom.h"
 #include "platform/windows/window/win_drops.h"
 
 #include <deque>

@@ -1,6 +1,6 @@
 #include "platform/windows/text_view/text_input.h"
 
-#include "platform/windows/base/handler.h"
+#include "platform/shared/call_handler.h"
 #include "platform/windows/text_view/text_keys.h"
 #include "platform/windows/window/win_drops.h"
 

@@ -38,7 +38,7 @@ void SetForeground(CharStyle& style, Color color) {
     style.autoForeground = false;
 }
 
-void ApplyColor(CharStyle& run, const TextStyle& style) {
+void ApplyColor(CharStyle& run, const ViewStyle& style) {
     if (!style.autoColor) return SetForeground(run, style.textColor);
     const Color back = run.autoBackground ? style.backColor : run.background;
     const Color link = GetSysColor(COLOR_HOTLIGHT);
@@ -63,7 +63,7 @@ CHARFORMAT2W FontFormat(const ViewFont& font) {
     return format;
 }
 
-CHARFORMAT2W ColorFormat(const TextStyle& style) {
+CHARFORMAT2W ColorFormat(const ViewStyle& style) {
     CHARFORMAT2W format = {};
     format.cbSize = sizeof format;
     format.dwMask = CFM_COLOR;
@@ -81,7 +81,7 @@ std::optional<Color> ReadableAutoColor(Color background) {
     return Luminance(background) < 128 ? 0xFFFFFF : 0x000000;
 }
 
-Document WithStyle(Document document, const TextStyle& style) {
+Document WithStyle(Document document, const ViewStyle& style) {
     for (std::u16string& name : document.fonts)
         if (name.empty() || style.fontForAll) name = FaceName(style.font);
     for (CharStyle& run : document.charStyles) {
@@ -99,7 +99,7 @@ Document WithStyle(Document document, const TextStyle& style) {
 }
 
 // The view's font has a character set; the documents of `formats` do not.
-std::string StyledRtf(const Document& document, const TextStyle& style) {
+std::string StyledRtf(const Document& document, const ViewStyle& style) {
     std::string rtf = WriteRtf(WithStyle(document, style));
     if (!style.fontForAll) return rtf;
     constexpr std::string_view family = "\\fnil";

@@ -86,7 +86,7 @@ void WinTextView::StreamDocument() const {
     Document document;
     document.text = ToControlText(document_.text);
     std::replace(document.text.begin(), document.text.end(), u'\r', u'\n');
-    TextStyle style = style_;
+    ViewStyle style = style_;
     style.fontForAll = true;
     control_->StreamRtf(StyledRtf(document, style));
 }
@@ -148,7 +148,7 @@ std::string WinTextView::SelectionAsRtf() const {
     if (!plain_) return WriteRtf(document_, SelStart(), SelLength());
     Document selected;
     selected.text = TextRange(SelStart(), SelLength());
-    TextStyle style = style_;
+    ViewStyle style = style_;
     style.fontForAll = style.autoColor = true;
     style.backColor = 0xFFFFFF;
     style.alignment.reset();

@@ -90,7 +90,7 @@ class WinTextView : public TextView {
     HWND parent_;
     Document document_;
     bool plain_ = true;
-    TextStyle style_;
+    ViewStyle style_;
     Rect bounds_{0, 0, 640, 400}; // an empty view would be slow to lay out
     bool visible_ = false;
     POINT contextPoint_ = {};

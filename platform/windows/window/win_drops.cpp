@@ -1,6 +1,6 @@
 #include "platform/windows/window/win_drops.h"
 
-#include "platform/windows/base/handler.h"
+#include "platform/shared/call_handler.h"
 #include "platform/windows/base/text.h"
 
 namespace {

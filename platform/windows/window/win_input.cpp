@@ -1,6 +1,6 @@
 #include "platform/windows/window/win_input.h"
 
-#include "platform/windows/base/handler.h"
+#include "platform/shared/call_handler.h"
 
 int ShiftState() {
     const auto held = [](int key, int mask) { return GetKeyState(key) < 0 ? mask : 0; };

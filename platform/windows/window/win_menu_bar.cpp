@@ -1,6 +1,6 @@
 #include "platform/windows/window/win_menu_bar.h"
 
-#include "platform/windows/base/handler.h"
+#include "platform/shared/call_handler.h"
 #include "platform/windows/window/window_messages.h"
 
 #include <commctrl.h>

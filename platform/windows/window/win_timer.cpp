@@ -1,6 +1,6 @@
 #include "platform/windows/window/win_timer.h"
 
-#include "platform/windows/base/handler.h"
+#include "platform/shared/call_handler.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "platform/windows/window/win_window.h"
 
-#include "platform/windows/base/handler.h"
+#include "platform/shared/call_handler.h"
 #include "platform/windows/base/text.h"
 #include "platform/windows/window/win_drops.h"
 #include "platform/windows/window/window_messages.h"
@@ -144,7 +144,7 @@ Rect WinWindow::Bounds() const {
         bounds = placement.rcNormalPosition;
     else
         GetWindowRect(Handle(), &bounds);
-    return BoundsAsAsked(instead_, ToRect(bounds));
+    return RequestedBounds(instead_, ToRect(bounds));
 }
 
 void WinWindow::Move(const Rect& bounds) {

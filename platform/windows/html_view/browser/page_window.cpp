@@ -1,6 +1,6 @@
 #include "platform/windows/html_view/browser/page_window.h"
 
-#include "platform/windows/base/handler.h"
+#include "platform/shared/call_handler.h"
 #include "platform/windows/window/dpi.h"
 
 namespace {
