@@ -1,4 +1,10 @@
 // Made by make_code_page_tables.py from the codecs of a Python with Unicode 14.0.0.
+//
+// singleBytePages: the units of bytes 80 to FF. controlLetters: pages with letters below 20.
+// pairUnitsN: of page N, a row of units for each lead byte, a unit for each trail byte.
+// longUnitsN: of page N's longer sequences, planes of 94 rows of 94 units.
+// doubleBytePages: the pages that these belong to. fourByteRanges, bmpFourBytes: GB18030.
+// U+FFFD is no character; code_page_shapes.h says the types.
 #pragma once
 
 #include "formats/codepages/code_page_shapes.h"

@@ -188,10 +188,21 @@ def write_four_byte_ranges(file):
     file.write("inline constexpr unsigned bmpFourBytes = %d;\n" % BMP_FOUR_BYTES)
 
 
+LAYOUT = """\
+//
+// singleBytePages: the units of bytes 80 to FF. controlLetters: pages with letters below 20.
+// pairUnitsN: of page N, a row of units for each lead byte, a unit for each trail byte.
+// longUnitsN: of page N's longer sequences, planes of 94 rows of 94 units.
+// doubleBytePages: the pages that these belong to. fourByteRanges, bmpFourBytes: GB18030.
+// U+FFFD is no character; code_page_shapes.h says the types.
+"""
+
+
 def main(output):
     with open(output, "w", encoding="ascii", newline="\n") as file:
         file.write("// Made by make_code_page_tables.py from the codecs of a Python with Unicode %s.\n"
-                   "#pragma once\n\n" % unicodedata.unidata_version)
+                   % unicodedata.unidata_version)
+        file.write(LAYOUT + "#pragma once\n\n")
         file.write('#include "formats/codepages/code_page_shapes.h"\n\n')
         file.write("// clang-format off\n")
         rows = iconv_rows()
