@@ -10,6 +10,11 @@
 #include "reading/caret.h"
 #include "reading/zoom.h"
 
+void StorePresentFormat(const MainForm& form, BookRecord& record) {
+    StoreFormat(record, form.format, form.menu.mViewWordWrap[0].checked,
+                CheckedItem(form.menu.mViewAlign));
+}
+
 namespace {
 void StorePage(const MainForm& form, BookRecord& record, bool withPlace) {
     if (!HasPageBody(form)) return; // not brought to its place, which the record has
@@ -20,14 +25,13 @@ void StorePage(const MainForm& form, BookRecord& record, bool withPlace) {
 }
 
 void StoreText(const MainForm& form, BookRecord& record, bool withPlace) {
-    StoreFormat(record, form.format, form.menu.mViewWordWrap[0].checked,
-                CheckedItem(form.menu.mViewAlign));
+    StorePresentFormat(form, record);
     if (withPlace) record[Field::LastPos] = NumberText(FirstVisibleChar(*form.ports.textView));
 }
 
 void SaveSearches(MainForm& form, const std::u16string& bookSection) {
     if (form.find.history.empty()) return;
-    IniWriteString(*form.dataFile, bookSection, u"HistFind", StoredSearches(form.find.history));
+    IniWriteString(*form.dataFile, bookSection, searchesKey, StoredSearches(form.find.history));
 }
 
 void UpdateRecord(MainForm& form, int index, bool withPlace) {
@@ -43,7 +47,7 @@ void UpdateRecord(MainForm& form, int index, bool withPlace) {
     form.history.SetRecord(index, record);
 
     IniBatch oneWrite(*form.dataFile);
-    const auto section = BookSection(CurrentProfile(form), record[Field::Path]);
+    const auto section = SectionOf(form, record);
     const bool nothingChosen = index != 0 || form.book.chosenCodePage == 0;
     if (nothingChosen && !isPage)
         StoreNothingChosen(*form.dataFile, section, record, form.ports.locale->AnsiCodePage());

@@ -1,6 +1,7 @@
 // Saving what the reader left: place and look of a book, into its record and the data file.
 #pragma once
 
+class BookRecord;
 struct MainForm;
 
 // Updates the record of history item `index` from the views and writes it. Index 0 is the shown
@@ -10,6 +11,9 @@ void SaveBookState(MainForm&, int index);
 
 // The same for a record just made: the present look and no position, at any index.
 void SaveNewBookState(MainForm&, int index);
+
+// Font, wrapping, alignment and text colour as they are in the text view.
+void StorePresentFormat(const MainForm&, BookRecord&);
 
 // Writes the list, or one record, as they are.
 void SaveHistoryList(MainForm&);

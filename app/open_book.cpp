@@ -5,9 +5,7 @@
 #include "app/shown_book.h"
 #include "books/book_file.h"
 #include "books/other_view.h"
-#include "books/record_format.h"
 #include "common/flag_scope.h"
-#include "common/menu_items.h"
 #include "common/text.h"
 
 namespace {
@@ -29,12 +27,9 @@ void ChangeKind(MainForm& form, int index, BookKind kind) {
     if (shown) SaveBookState(form, 0);
     BookRecord record = form.history.Record(index);
     const bool wasPage = record.Kind() == BookKind::Html, isPage = kind == BookKind::Html;
-    if (wasPage != isPage)
-        ExchangeViewState(record, *form.dataFile,
-                          BookSection(CurrentProfile(form), record[Field::Path]));
+    if (wasPage != isPage) ExchangeViewState(record, *form.dataFile, SectionOf(form, record));
     if (wasPage && record[Field::FontName].empty()) // never shown as a text
-        StoreFormat(record, form.format, form.menu.mViewWordWrap[0].checked,
-                    CheckedItem(form.menu.mViewAlign));
+        StorePresentFormat(form, record);
     record.SetKind(kind);
     form.history.SetRecord(index, record);
     SaveHistoryItem(form, index);
@@ -53,8 +48,7 @@ bool CorrectKind(MainForm& form, int index, RequestedKind asked, std::string_vie
     if (kind == listed) return true;
     if (kind == BookKind::Html && !CanShowPages(form)) {
         if (!asked) return true; // it can still be read as it was
-        ShowBookMessage(form.messages,
-                        record.Path() + u"\r\nThis program has no view for HTML books.");
+        ShowBookMessage(form.messages, NoPageView(record.Path()).text);
         return false;
     }
     ChangeKind(form, index, kind);

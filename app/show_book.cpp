@@ -23,8 +23,8 @@ std::shared_ptr<PlainTextSource> TextOf(MainForm& form, const BookRecord& record
                                         const BookContent& content) {
     const int ansiCodePage = form.ports.locale->AnsiCodePage();
     ShownBook& book = form.book;
-    const auto section = BookSection(CurrentProfile(form), record[Field::Path]);
-    book.chosenCodePage = ChosenCodePage(*form.dataFile, section, record, ansiCodePage);
+    book.chosenCodePage =
+        ChosenCodePage(*form.dataFile, SectionOf(form, record), record, ansiCodePage);
     book.codePage = 0;
     if (!content.plainText) return nullptr;
     auto text =
@@ -45,8 +45,8 @@ void KeepGuessedScript(MainForm& form) {
     record[Field::Charset] = NumberText(form.format.font.charset);
     form.history.SetRecord(0, record);
     IniBatch oneWrite(*form.dataFile);
-    StoreNothingChosen(*form.dataFile, BookSection(CurrentProfile(form), record[Field::Path]),
-                       record, form.ports.locale->AnsiCodePage());
+    StoreNothingChosen(*form.dataFile, SectionOf(form, record), record,
+                       form.ports.locale->AnsiCodePage());
     SaveHistoryItem(form, 0);
 }
 
@@ -100,7 +100,7 @@ void MakeFirst(MainForm& form, int index) {
 BookContent ReadBookToShow(MainForm& form, const BookRecord& record) {
     const Files& files = *form.ports.files;
     if (record.Kind() == BookKind::Html && !CanShowPages(form))
-        return {{record.Path() + u"\r\nThis program has no view for HTML books."}, "", nullptr};
+        return {NoPageView(record.Path()), "", nullptr};
     const Hourglass hourglass(*form.ports.textView);
     if (record.Kind() != BookKind::Html)
         return ReadBookFile(files, record.Path(), MaxPlainText(form));
@@ -109,8 +109,8 @@ BookContent ReadBookToShow(MainForm& form, const BookRecord& record) {
 }
 
 void LoadSearches(MainForm& form, const BookRecord& record) {
-    const auto section = BookSection(CurrentProfile(form), record[Field::Path]);
-    form.find.history = ParseSearches(IniReadString(*form.dataFile, section, u"HistFind"));
+    form.find.history =
+        ParseSearches(IniReadString(*form.dataFile, SectionOf(form, record), searchesKey));
 }
 } // namespace
 

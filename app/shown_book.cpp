@@ -11,6 +11,10 @@ const std::u16string& CurrentProfile(const MainForm& form) {
     return form.menu.mUser[0].tag;
 }
 
+std::u16string SectionOf(const MainForm& form, const BookRecord& record) {
+    return BookSection(CurrentProfile(form), record[Field::Path]);
+}
+
 bool IsBookShown(const MainForm& form) {
     const MenuItem& first = form.menu.mFileList[0];
     return first.checked && !first.tag.empty();

@@ -8,6 +8,8 @@
 struct MainForm;
 
 const std::u16string& CurrentProfile(const MainForm&);
+// The book's own section of the data file, in the current profile.
+std::u16string SectionOf(const MainForm&, const BookRecord&);
 
 // Whether history item 0 stands for the book in the view, and is not just the first of the list:
 // its check mark says so.

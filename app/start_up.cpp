@@ -1,6 +1,5 @@
 #include "app/start_up.h"
 
-#include "app/book_state.h"
 #include "app/data_file.h"
 #include "app/events.h"
 #include "app/keys.h"
@@ -8,7 +7,6 @@
 #include "app/options_menu.h"
 #include "app/profiles.h"
 #include "app/saving_events.h"
-#include "app/shown_book.h"
 #include "common/menu_items.h"
 #include "datafile/location.h"
 #include "datafile/scheme.h"

@@ -76,6 +76,10 @@ ReadStatus OpenLarge(const Files& files, const std::u16string& path, BookContent
 }
 } // namespace
 
+BookProblem NoPageView(const std::u16string& path) {
+    return {path + u"\r\nThis program has no view for HTML books."};
+}
+
 BookStart ExamineBookFile(const Files& files, const std::u16string& path,
                           std::uint64_t maxPlainText) {
     BookStart start;

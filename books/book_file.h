@@ -17,6 +17,9 @@ struct BookProblem {
     explicit operator bool() const { return !text.empty(); }
 };
 
+BookProblem
+NoPageView(const std::u16string& path); // no HTML view on this front, or none that works
+
 // A book's file as it is read: rich text whole, plain text when it is needed.
 struct BookContent {
     BookProblem problem;
