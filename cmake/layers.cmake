@@ -2,7 +2,7 @@
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT WIN32)
     set(BELOW "")
     file(WRITE ${CMAKE_BINARY_DIR}/layers/main.cpp "int main() {}\n")
-    foreach(LAYER common formats datafile reading books shell app)
+    foreach(LAYER common formats view datafile reading books shell app)
         add_executable(layer_${LAYER} ${CMAKE_BINARY_DIR}/layers/main.cpp)
         add_dependencies(layer_${LAYER} ${LAYER} ${BELOW})
         target_link_options(layer_${LAYER} PRIVATE -Wl,--whole-archive $<TARGET_FILE:${LAYER}> -Wl,--no-whole-archive)

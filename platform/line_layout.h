@@ -58,14 +58,14 @@ struct InlineBox {
 
 struct ParagraphText {
     std::u16string text; // without the paragraph's break; U+2028 breaks a line
-    std::vector<StyledRun>
-        runs; // ascending, the first at 0; never empty, not even for an empty text
+    // Ascending, the first at 0; never empty. One that starts at the text's end is of an empty
+    // line.
+    std::vector<StyledRun> runs;
     std::vector<InlineBox> boxes; // ascending
     bool rightToLeft = false;     // the direction of the paragraph; within it the text has its own
-    bool justified = false; // as far as a line has spaces between words, no tab, and is not the
-                            // last of its paragraph
-    bool continues =
-        false; // the paragraph goes on behind the text, whose last line may be justified
+    // Lines with spaces between words and no tab fill the width, but for the last one and those
+    // before a line break.
+    bool justified = false;
     // Lines break at `width` without the indent, between words, or anywhere if a word is longer.
     // The indent is at the start edge, which is the right one from right to left.
     int width = 1;
@@ -78,8 +78,8 @@ struct ParagraphText {
 // line that was wrapped are not visible: they have no width, and the caret stays at the text's end.
 struct TextLine {
     TextPos start = 0, end = 0; // the next line starts at `end`
-    double ascent = 0, descent = 0,
-           leading = 0;     // the largest of the line's fonts; boxes do not count
+    // The largest of the line's fonts; boxes do not count.
+    double ascent = 0, descent = 0, leading = 0;
     double width = 0;       // of what is visible
     bool justified = false; // the width is the whole one, less the indent
 };
@@ -89,10 +89,11 @@ struct TextExtent {
 };
 
 struct LinePaint {
-    Color text = 0;                 // for styles without a colour
-    Rect clip;                      // nothing is drawn outside
-    std::span<const Rect> selected; // drawn in the selection's colours, over the text's own
-    Color selectedText = 0, selectedBackground = 0;
+    Color text = 0;                     // for styles without a colour
+    bool oneColor = false;              // for all styles, and no background is filled
+    Rect clip = {};                     // nothing is drawn outside
+    std::span<const Rect> within = {};  // not empty: nothing is drawn outside of these either
+    std::span<const Rect> without = {}; // nothing is drawn inside of these
 };
 
 // A paragraph in lines; there is at least one. Positions outside the line asked for are moved into
@@ -129,7 +130,7 @@ class TextLines {
     // The place of the caret that is seen to the left or right; the same where the text ends there.
     virtual TextPos LeftOf(TextPos position) const = 0;
     virtual TextPos RightOf(TextPos position) const = 0;
-    // Starts of words (for Ctrl and an arrow); the text's end, and 0, where there is none.
+    // Starts of words (for Ctrl and an arrow); the same at an end of the text.
     virtual TextPos NextWord(TextPos position) const = 0;
     virtual TextPos PreviousWord(TextPos position) const = 0;
     // The word, or the stretch between words, around a position (for a double click).

@@ -12,8 +12,8 @@ namespace fs = std::filesystem;
 
 namespace {
 // From the bottom up. `platform` are the ports alone; their back ends stand beside the core.
-constexpr std::array<std::string_view, 8> folders = {"common",  "platform", "formats", "datafile",
-                                                     "reading", "books",    "shell",   "app"};
+constexpr std::array<std::string_view, 9> folders = {
+    "common", "platform", "formats", "view", "datafile", "reading", "books", "shell", "app"};
 
 int Height(std::string_view folder) {
     const auto place = std::ranges::find(folders, folder);
@@ -29,13 +29,15 @@ bool IsOfBackEnd(std::string_view path) {
 }
 
 // What may be above and below: the core by its order, without the formats for the ports; a back end
-// the ports, `common` and `formats`, and its main.cpp the form.
+// the ports, `common`, `formats` and `view`, which is for back ends alone, and its main.cpp the
+// form.
 bool MayInclude(const std::string& file, const std::string& included) {
     if (Height(FirstFolder(included)) < 0) return true; // generated, or of the same folder
+    if (FirstFolder(included) == "view") return FirstFolder(file) == "view" || IsOfBackEnd(file);
     if (!IsOfBackEnd(file))
         return !IsOfBackEnd(included) && Height(FirstFolder(included)) <= Height(FirstFolder(file));
     if (file.ends_with("/main.cpp")) return true;
-    return Height(FirstFolder(included)) <= Height("formats");
+    return Height(FirstFolder(included)) <= Height("view");
 }
 
 std::string IncludedBy(const std::string& line) {
@@ -76,9 +78,12 @@ TEST_CASE("includes: the rule refuses what it is there to refuse") {
     CHECK_FALSE(MayInclude("books/history.h", "shell/layout.h"));
     CHECK_FALSE(MayInclude("app/events.cpp", "platform/qt/qt_ports.h"));
     CHECK_FALSE(MayInclude("platform/files.h", "formats/document.h"));
+    CHECK_FALSE(MayInclude("books/history.cpp", "view/text_pane.h"));
+    CHECK_FALSE(MayInclude("view/text_pane.cpp", "platform/qt/qt_color.h"));
     CHECK_FALSE(MayInclude("platform/qt/qt_ports.cpp", "books/history.h"));
     CHECK(MayInclude("platform/qt/main.cpp", "app/main_form.h"));
     CHECK(MayInclude("app/events.cpp", "platform/html_view.h"));
+    CHECK(MayInclude("platform/qt/text_view/text_widget.h", "view/text_pane.h"));
 }
 
 TEST_CASE("includes: the form is known to app alone") {

@@ -2,7 +2,7 @@
 
 #include "platform/qt/dialogs/check_box.h"
 #include "platform/qt/qt_text.h"
-#include "platform/qt/text_view/layout/char_formats.h"
+#include "platform/qt/qt_font.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>

@@ -5,7 +5,7 @@
 #include "platform/qt/dialogs/font_scripts.h"
 #include "platform/qt/qt_color.h"
 #include "platform/qt/qt_text.h"
-#include "platform/qt/text_view/layout/char_formats.h"
+#include "platform/qt/qt_font.h"
 
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>

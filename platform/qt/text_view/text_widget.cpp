@@ -1,27 +1,20 @@
 #include "platform/qt/text_view/text_widget.h"
 
-#include "common/string_text.h"
+#include "platform/qt/qt_color.h"
 #include "platform/qt/text_view/accessibility/accessible_text.h"
+#include "platform/qt/text_view/line_layout/qt_canvas.h"
 
 #include <QEvent>
-#include <QFontMetrics>
+#include <QGuiApplication>
+#include <QPaintEvent>
 #include <QScrollBar>
+#include <QStyleHints>
+#include <QTimerEvent>
 
-#include <algorithm>
 #include <cmath>
-#include <utility>
-
-namespace {
-constexpr int minMargin = 6, marginDivisor = 40; // device-independent pixels; a share of the width
-constexpr int maxLineWidth = 1 << 24;            // pixels; half the range of QFixed
-constexpr double metresPerInch = 0.0254;
-} // namespace
 
 TextWidget::TextWidget(QWidget* parent)
-    : QAbstractScrollArea(parent), text_(std::make_shared<StringText>(document_.text)),
-      palette_(palette()), formats_(document_, viewStyle_, palette_),
-      pictures_(document_), context_{document_, viewStyle_, formats_, pictures_},
-      layouts_(context_), scroller_(layouts_) {
+    : QAbstractScrollArea(parent), pane_(*this, lines_, pictures_) {
     AccessibleText::Install();
     setFrameShape(NoFrame);
     setFocusPolicy(Qt::StrongFocus);
@@ -30,164 +23,154 @@ TextWidget::TextWidget(QWidget* parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     viewport()->setCursor(Qt::IBeamCursor);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
-    context_.device = &screen_;
-    UpdateResolution();
-    context_.text = text_.get();
+    UpdateSystemStyle();
     verticalScrollBar()->installEventFilter(this);
     connect(verticalScrollBar(), &QScrollBar::actionTriggered, this,
             [this](int action) { OnVerticalAction(action); });
+    connect(horizontalScrollBar(), &QScrollBar::valueChanged, this,
+            [this](int value) { pane_.ScrollToX(value); });
 }
 
-void TextWidget::ShowText(Document document, bool plain) {
-    const QString oldText = AccessibleBeginning();
-    document_ = std::move(document);
-    text_ = std::make_shared<StringText>(document_.text);
-    context_.plain = plain;
-    ResetView(oldText);
+void TextWidget::UpdateSystemStyle() {
+    const auto colorOf = [&](QPalette::ColorGroup group, QPalette::ColorRole role) {
+        return FromQColor(palette().color(group, role));
+    };
+    const auto selectionOf = [&](QPalette::ColorGroup group) {
+        return SelectionColors{colorOf(group, QPalette::HighlightedText),
+                               colorOf(group, QPalette::Highlight)};
+    };
+    const QFont font = QGuiApplication::font();
+    SystemStyle style;
+    style.fontFamily = font.family().toStdU16String();
+    if (font.pointSizeF() > 0) style.fontPoints = font.pointSizeF();
+    style.text = FromQColor(palette().color(QPalette::Text));
+    style.link = FromQColor(palette().color(QPalette::Link));
+    style.selection = selectionOf(QPalette::Active);
+    style.inactiveSelection = selectionOf(QPalette::Inactive);
+    pane_.SetSystemStyle(style);
 }
 
-void TextWidget::ShowText(std::shared_ptr<const TextSource> text) {
-    const QString oldText = AccessibleBeginning();
-    document_ = Document();
-    text_ = std::move(text);
-    context_.plain = true;
-    ResetView(oldText);
+// As long as the policies of the scroll bars hold, whether it is shown or not.
+Size TextWidget::Room() const {
+    const QSize room = maximumViewportSize();
+    return {ToPixels(room.width()), ToPixels(room.height())};
 }
 
-void TextWidget::ResetView(const QString& oldText) {
-    context_.text = text_.get();
-    const TextPos anchorBefore = std::exchange(anchor_, 0), caretBefore = std::exchange(caret_, 0);
-    preferredX_.reset();
-    pictures_.Clear();
-    formats_.ClearFonts();
-    scroller_.ScrollLineToTop(0);
-    horizontalScrollBar()->setValue(0);
-    Relayout();
-    NotifyTextChanged(oldText);
-    NotifySelectionChanged(anchorBefore, caretBefore);
+double TextWidget::Dpi() const {
+    return logicalDpiX() * devicePixelRatioF();
 }
 
-void TextWidget::SetViewStyle(const ViewStyle& style) {
-    viewStyle_ = style;
-    Relayout();
+int TextWidget::BlinkInterval() const {
+    return QGuiApplication::styleHints()->cursorFlashTime() / 2;
 }
 
-void TextWidget::Relayout() {
-    formats_.Reset();
-    layouts_.Clear();
-    scroller_.LayoutsChanged();
-    visibleSpan_.reset();
+void TextWidget::Redraw() {
     viewport()->update();
-    ScheduleVisibleDataChanged();
 }
 
-int TextWidget::BreakWidth(int viewWidth) const {
-    if (viewStyle_.rightMargin <= 0) return viewWidth;
-    return int(
-        std::clamp(viewStyle_.rightMargin * context_.pixelsPerTwip, 1.0, double(maxLineWidth)));
+void TextWidget::RedrawPart(const Rect& part) {
+    viewport()->update(ToWidget(part));
 }
 
-// Returns whether the resolution has changed.
-bool TextWidget::UpdateResolution() {
-    pixelRatio_ = devicePixelRatioF();
-    screen_.setDotsPerMeterX(qRound(logicalDpiX() * pixelRatio_ / metresPerInch));
-    screen_.setDotsPerMeterY(qRound(logicalDpiY() * pixelRatio_ / metresPerInch));
-    const double pixelsPerTwip = logicalDpiX() * pixelRatio_ / 1440;
-    return std::exchange(context_.pixelsPerTwip, pixelsPerTwip) != pixelsPerTwip;
+void TextWidget::SetHorizontalBar(bool shown) {
+    setHorizontalScrollBarPolicy(shown ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
 }
 
-// Called before the layout is used, because a hidden widget gets no resize event.
-void TextWidget::UpdateLayoutSize() {
-    const bool sameScreen = !UpdateResolution();
-    const int whole = Pixels(maximumViewportSize().width());
-    margin_ = std::max(Pixels(minMargin), whole / marginDivisor);
-    const int room = std::max(1, whole - 2 * margin_);
-    const int breakWidth = BreakWidth(room), viewWidth = std::min(room, breakWidth);
-    setHorizontalScrollBarPolicy(breakWidth > room ? Qt::ScrollBarAlwaysOn
-                                                   : Qt::ScrollBarAlwaysOff);
-    const int height = std::max(1, Pixels(maximumViewportSize().height()));
-    const bool sameHeight = height == scroller_.ViewHeight();
-    if (!sameHeight) {
-        scroller_.SetViewHeight(height);
-        scroller_.LayoutsChanged();
-        visibleSpan_.reset();
+void TextWidget::ShowVertical(const ScrollRange& range) {
+    QScrollBar& bar = *verticalScrollBar();
+    if (bar.isSliderDown()) return;
+    bar.setRange(0, range.max);
+    bar.setPageStep(range.page);
+    bar.setValue(range.value);
+}
+
+void TextWidget::ShowHorizontal(const ScrollRange& range) {
+    QScrollBar& bar = *horizontalScrollBar();
+    bar.setRange(0, range.max);
+    bar.setPageStep(range.page);
+    bar.setSingleStep(range.step);
+    bar.setValue(range.value);
+}
+
+void TextWidget::OnVerticalAction(int action) {
+    QScrollBar& bar = *verticalScrollBar();
+    switch (action) {
+    case QAbstractSlider::SliderSingleStepAdd: pane_.ScrollLines(1); break;
+    case QAbstractSlider::SliderSingleStepSub: pane_.ScrollLines(-1); break;
+    case QAbstractSlider::SliderPageStepAdd: pane_.ScrollPage(true); break;
+    case QAbstractSlider::SliderPageStepSub: pane_.ScrollPage(false); break;
+    default: pane_.ScrollTo(bar.sliderPosition()); break;
     }
-    const bool sameWidth = breakWidth == context_.breakWidth && viewWidth == context_.viewWidth;
-    if (sameScreen && sameWidth && sameHeight) return;
-    if (!sameScreen || !sameWidth) {
-        context_.breakWidth = breakWidth;
-        context_.viewWidth = viewWidth;
-        Relayout();
-    }
-    scroller_.KeepEndAtBottom();
+    if (!bar.isSliderDown()) bar.setSliderPosition(pane_.Scroller().TopAsPosition());
 }
 
-TextScroller& TextWidget::Scroller() {
-    UpdateLayoutSize();
-    return scroller_;
+// The vertical scroll bar is handled in OnVerticalAction, the horizontal one by its value.
+void TextWidget::scrollContentsBy(int, int) {}
+
+QBasicTimer& TextWidget::TimerOf(PaneTimer timer) {
+    return timer == PaneTimer::CaretBlink ? blink_ : autoScroll_;
 }
 
-TextLayouts& TextWidget::Layouts() {
-    UpdateLayoutSize();
-    return layouts_;
+void TextWidget::StartTimer(PaneTimer timer, int milliseconds) {
+    TimerOf(timer).start(milliseconds, this);
 }
 
-void TextWidget::Select(TextPos anchor, TextPos caret) {
-    const TextPos size = text_->Length();
-    const TextPos anchorBefore = std::exchange(anchor_, std::clamp(anchor, 0, size));
-    const TextPos caretBefore = std::exchange(caret_, std::clamp(caret, 0, size));
-    preferredX_.reset();
-    RestartBlinking();
-    viewport()->update();
-    NotifySelectionChanged(anchorBefore, caretBefore);
+void TextWidget::StopTimer(PaneTimer timer) {
+    TimerOf(timer).stop();
 }
 
-int TextWidget::LineHeight() const {
-    return std::max(1, QFontMetrics(MakeFont(viewStyle_.font), context_.device).height());
-}
-
-int TextWidget::ToTextX(int viewX) const {
-    return viewX - margin_ + horizontalScrollBar()->value();
-}
-
-TextPos TextWidget::PositionAtPoint(QPoint point) {
-    const VerticalPos height = Scroller().Moved(scroller_.Top(), Pixels(point.y()));
-    return PositionAt(*layouts_.At(height.block), QPoint(ToTextX(Pixels(point.x())), height.y));
-}
-
-std::optional<QRect> TextWidget::CaretInView() {
-    const auto top = Scroller().BlockTopInView(caret_);
-    if (!top) return std::nullopt;
-    QRect box = CaretBox(*layouts_.At(caret_), caret_).translated(-ToTextX(0), *top);
-    box.setWidth(context_.Hairline());
-    return box;
+void TextWidget::timerEvent(QTimerEvent* event) {
+    if (event->timerId() == visibleDataTimer_.timerId()) return NotifyVisibleDataChanged();
+    for (const PaneTimer timer : {PaneTimer::CaretBlink, PaneTimer::AutoScroll})
+        if (event->timerId() == TimerOf(timer).timerId()) return pane_.OnTimer(timer);
+    QAbstractScrollArea::timerEvent(event);
 }
 
 TextPos TextWidget::CharacterAtPoint(QPoint point) {
-    const VerticalPos height = Scroller().Moved(scroller_.Top(), Pixels(point.y()));
-    return PositionAt(*layouts_.At(height.block), QPoint(ToTextX(Pixels(point.x())), height.y),
-                      QTextLine::CursorOnCharacter);
+    return pane_.CharacterAtPoint(ToPane(point));
 }
 
-QRect TextWidget::ToWidget(const QRect& box) const {
-    return QTransform::fromScale(1 / pixelRatio_, 1 / pixelRatio_)
-        .mapRect(QRectF(box))
-        .toAlignedRect();
+QRect TextWidget::ToWidget(const Rect& box) const {
+    const double scale = 1 / devicePixelRatioF();
+    return QTransform::fromScale(scale, scale).mapRect(QRectF(ToQRect(box))).toAlignedRect();
 }
 
 QRect TextWidget::CaretRect() {
-    const auto box = CaretInView();
-    if (!box) return {};
-    return ToWidget(*box);
+    const auto box = pane_.CaretRect();
+    return box ? ToWidget(*box) : QRect();
+}
+
+QRect TextWidget::CharacterRect(TextPos position) {
+    return isVisible() ? ToWidget(pane_.CharacterRect(position)) : QRect();
 }
 
 void TextWidget::resizeEvent(QResizeEvent*) {
-    UpdateLayoutSize();
+    pane_.OnResized();
 }
 
 void TextWidget::changeEvent(QEvent* event) {
     QAbstractScrollArea::changeEvent(event);
-    if (event->type() != QEvent::PaletteChange && event->type() != QEvent::FontChange) return;
-    palette_ = palette();
-    Relayout();
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
+        UpdateSystemStyle();
+}
+
+// Scales the painter to device pixels and returns the transformation to them. The widget may start
+// at a fractional device pixel.
+static QTransform UseScreenPixels(QPainter& painter, double pixelRatio) {
+    painter.scale(1 / pixelRatio, 1 / pixelRatio);
+    const QTransform toScreen = painter.deviceTransform();
+    painter.translate(std::round(toScreen.dx()) - toScreen.dx(),
+                      std::round(toScreen.dy()) - toScreen.dy());
+    return QTransform::fromScale(pixelRatio, pixelRatio);
+}
+
+void TextWidget::paintEvent(QPaintEvent* event) {
+    pane_.OnResized(); // before painting: it may show or hide the horizontal scroll bar
+    QPainter painter(viewport());
+    painter.fillRect(event->rect(), ToQColor(pane_.Style().backColor));
+    const QRect clip = UseScreenPixels(painter, devicePixelRatioF())
+                           .mapRect(QRectF(event->rect()))
+                           .toAlignedRect();
+    QtCanvas canvas(painter);
+    pane_.Paint(canvas, {clip.left(), clip.top(), clip.width(), clip.height()});
 }

@@ -1,9 +1,11 @@
-// Accessibility events of the text widget, and the rectangles of characters.
+// Focus and accessibility events of the text widget.
 #include "platform/qt/text_view/accessibility/accessible_units.h"
 #include "platform/qt/text_view/text_widget.h"
 
 #include <QAccessible>
 #include <QFocusEvent>
+
+#include <utility>
 
 namespace {
 // UTF-16 units of the old and the new text; a client that wants more queries it.
@@ -16,20 +18,28 @@ void Notify(QAccessibleEvent&& event) {
 }
 } // namespace
 
-void TextWidget::NotifySelectionChanged(TextPos anchorBefore, TextPos caretBefore) {
+void TextWidget::OnSelectionChanged(TextPos anchorBefore, TextPos caretBefore) {
     if (!QAccessible::isActive()) return;
-    if (caret_ != caretBefore) Notify(QAccessibleTextCursorEvent(this, caret_));
-    const auto before = std::minmax(anchorBefore, caretBefore), now = std::minmax(anchor_, caret_);
+    const TextPos anchor = pane_.Anchor(), caret = pane_.Caret();
+    if (caret != caretBefore) Notify(QAccessibleTextCursorEvent(this, caret));
+    const auto before = std::minmax(anchorBefore, caretBefore), now = std::minmax(anchor, caret);
     const bool wasOrIs = before.first != before.second || now.first != now.second;
-    if (wasOrIs && before != now) Notify(QAccessibleTextSelectionEvent(this, SelStart(), SelEnd()));
+    if (wasOrIs && before != now)
+        Notify(QAccessibleTextSelectionEvent(this, now.first, now.second));
 }
 
-QString TextWidget::AccessibleBeginning() const {
+QString TextWidget::AccessibleBeginning() {
     if (!QAccessible::isActive()) return {};
-    return AccessibleTextOf(context_, {0, std::min(text_->Length(), maxEventText)});
+    const TextPos end = std::min(pane_.Source().Length(), maxEventText);
+    return AccessibleTextOf(pane_.Source(), pane_.IsPlain(), {0, end});
 }
 
-void TextWidget::NotifyTextChanged(const QString& oldText) {
+void TextWidget::OnTextChanging() {
+    oldBeginning_ = AccessibleBeginning();
+}
+
+void TextWidget::OnTextChanged() {
+    const QString oldText = std::exchange(oldBeginning_, {});
     if (!QAccessible::isActive()) return;
     const QString text = AccessibleBeginning();
     if (oldText.isEmpty() && text.isEmpty()) return;
@@ -37,7 +47,7 @@ void TextWidget::NotifyTextChanged(const QString& oldText) {
     if (!text.isEmpty()) Notify(QAccessibleEvent(this, QAccessible::DocumentLoadComplete));
 }
 
-void TextWidget::ScheduleVisibleDataChanged() {
+void TextWidget::OnVisibleTextChanged() {
     if (QAccessible::isActive() && !visibleDataTimer_.isActive())
         visibleDataTimer_.start(visibleDataInterval, this);
 }
@@ -48,38 +58,12 @@ void TextWidget::NotifyVisibleDataChanged() {
 }
 
 void TextWidget::focusInEvent(QFocusEvent* event) {
-    RestartBlinking();
-    viewport()->update();
+    pane_.OnFocusChanged();
     // QWidget sends a focus event, but not when the focus returns from a popup.
     if (event->reason() == Qt::PopupFocusReason && QAccessible::isActive())
         Notify(QAccessibleEvent(this, QAccessible::Focus));
 }
 
-// From the first visible block's start to the last one's end. Cached, because some screen readers
-// query the characters of a long text one by one.
-const TextSpan& TextWidget::VisibleSpan() {
-    if (visibleSpan_) return *visibleSpan_;
-    const VerticalPos top = Scroller().Top();
-    auto layout = layouts_.At(top.block);
-    TextSpan visible{layout->block.start, layout->block.end};
-    for (int y = layout->height - top.y; y < scroller_.ViewHeight(); y += layout->height) {
-        const auto after = layouts_.After(layout);
-        if (!after) {
-            ++visible.end; // the position behind the last character
-            break;
-        }
-        layout = after;
-        visible.end = layout->block.end;
-    }
-    return visibleSpan_.emplace(visible);
-}
-
-QRect TextWidget::CharacterRect(TextPos position) {
-    if (!isVisible()) return {};
-    const TextSpan& visible = VisibleSpan();
-    const QSize line(1, LineHeight());
-    if (position < visible.start) return ToWidget({QPoint(0, -2 * line.height()), line});
-    const auto top = position < visible.end ? scroller_.BlockTopInView(position) : std::nullopt;
-    if (!top) return ToWidget({QPoint(0, Pixels(height()) + line.height()), line});
-    return ToWidget(CharacterBox(*layouts_.At(position), position).translated(-ToTextX(0), *top));
+void TextWidget::focusOutEvent(QFocusEvent*) {
+    pane_.OnFocusChanged();
 }

@@ -13,8 +13,7 @@
 #include <algorithm>
 
 namespace {
-constexpr int linesPerNotch = 3;       // per wheel step
-constexpr int autoScrollInterval = 40; // milliseconds
+constexpr int linesPerNotch = 3; // per wheel step
 } // namespace
 
 void TextWidget::mousePressEvent(QMouseEvent* event) {
@@ -26,70 +25,25 @@ void TextWidget::mousePressEvent(QMouseEvent* event) {
         (point - mouse_).manhattanLength() < QGuiApplication::styleHints()->startDragDistance();
     sinceDoubleClick_.invalidate();
     mouse_ = point;
-    const TextPos position = PositionAtPoint(point);
-    if (third) return SelectUnit(position, Granularity::Paragraph);
-    granularity_ = Granularity::Character;
-    if (event->modifiers() & Qt::ShiftModifier)
-        Select(anchor_, position);
-    else
-        Select(position, position);
-    dragStart_ = {anchor_, anchor_};
+    pane_.Click(ToPane(point), third ? 3 : 1, event->modifiers() & Qt::ShiftModifier);
 }
 
 void TextWidget::mouseDoubleClickEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return event->ignore();
     mouse_ = event->position().toPoint();
     sinceDoubleClick_.start();
-    SelectUnit(PositionAtPoint(mouse_), Granularity::Word);
-}
-
-TextSpan TextWidget::UnitAround(TextPos position) {
-    switch (granularity_) {
-    case Granularity::Word: return WordAround(Layouts(), position);
-    case Granularity::Paragraph: return ParagraphAround(Layouts(), position);
-    case Granularity::Character: break;
-    }
-    return {position, position};
-}
-
-void TextWidget::SelectUnit(TextPos position, Granularity granularity) {
-    granularity_ = granularity;
-    dragStart_ = UnitAround(position);
-    Select(dragStart_.start, dragStart_.end);
-}
-
-// By words or paragraphs if the drag started with a double or triple click.
-void TextWidget::ExtendByMouse(QPoint point) {
-    const TextSpan unit = UnitAround(PositionAtPoint(point));
-    if (unit.start < dragStart_.start)
-        Select(dragStart_.end, unit.start);
-    else
-        Select(dragStart_.start, std::max(unit.end, dragStart_.end));
+    pane_.Click(ToPane(mouse_), 2, false);
 }
 
 void TextWidget::mouseMoveEvent(QMouseEvent* event) {
     if (!(event->buttons() & Qt::LeftButton)) return event->ignore();
     mouse_ = event->position().toPoint();
-    ExtendByMouse(mouse_);
-    const bool outside = !viewport()->rect().contains(mouse_);
-    if (outside && !autoScroll_.isActive()) autoScroll_.start(autoScrollInterval, this);
-    if (!outside) autoScroll_.stop();
+    pane_.DragTo(ToPane(mouse_));
 }
 
 void TextWidget::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return event->ignore();
-    autoScroll_.stop();
-}
-
-// The speed grows with the distance from the viewport.
-void TextWidget::AutoScroll() {
-    const QRect inside = viewport()->rect();
-    const int below = std::max(0, mouse_.y() - inside.bottom()) - std::max(0, -mouse_.y());
-    const int right = std::max(0, mouse_.x() - inside.right()) - std::max(0, -mouse_.x());
-    Scroller().ScrollBy(Pixels(below));
-    horizontalScrollBar()->setValue(horizontalScrollBar()->value() + Pixels(right));
-    ExtendByMouse(mouse_);
-    OnScrolled();
+    pane_.EndDrag();
 }
 
 // A click outside the selection moves the caret first.
@@ -97,8 +51,8 @@ void TextWidget::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
     if (event->reason() != QContextMenuEvent::Mouse)
         return RequestContextMenu(CaretRect().bottomLeft());
-    const TextPos position = PositionAtPoint(event->pos());
-    if (position < SelStart() || position >= SelEnd()) Select(position, position);
+    const TextPos position = pane_.PositionAtPoint(ToPane(event->pos()));
+    if (position < pane_.SelStart() || position >= pane_.SelEnd()) pane_.Select(position, position);
     RequestContextMenu(event->pos());
 }
 
@@ -114,16 +68,14 @@ void TextWidget::wheelEvent(QWheelEvent* event) {
     if (event->modifiers() & Qt::ControlModifier) return event->ignore();
     const QPoint pixels = event->pixelDelta(), angle = event->angleDelta();
     if (!pixels.isNull()) {
-        Scroller().ScrollBy(-Pixels(pixels.y()));
-        horizontalScrollBar()->setValue(horizontalScrollBar()->value() - Pixels(pixels.x()));
+        pane_.ScrollBy({-ToPixels(pixels.x()), -ToPixels(pixels.y())});
     } else if (std::abs(angle.x()) > std::abs(angle.y())) {
         const int step =
-            angle.x() * linesPerNotch * LineHeight() / QWheelEvent::DefaultDeltasPerStep;
-        horizontalScrollBar()->setValue(horizontalScrollBar()->value() - step);
+            angle.x() * linesPerNotch * pane_.LineHeight() / QWheelEvent::DefaultDeltasPerStep;
+        pane_.ScrollBy({-step, 0});
     } else {
         ScrollByWheel(angle.y());
     }
-    OnScrolled();
     event->accept();
 }
 
@@ -131,7 +83,7 @@ void TextWidget::ScrollByWheel(int angle) {
     wheelRemainder_ += angle * linesPerNotch;
     const int lines = wheelRemainder_ / QWheelEvent::DefaultDeltasPerStep;
     wheelRemainder_ -= lines * QWheelEvent::DefaultDeltasPerStep;
-    if (lines != 0) Scroller().ScrollLines(-lines, LineHeight());
+    if (lines != 0) pane_.ScrollLines(-lines);
 }
 
 // The scroll bar scrolls by lines like the text.

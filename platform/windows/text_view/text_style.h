@@ -2,7 +2,7 @@
 #pragma once
 
 #include "formats/document.h"
-#include "platform/shared/view_style.h"
+#include "view/view_style.h"
 #include "platform/windows/base/win32.h"
 
 #include <richedit.h>

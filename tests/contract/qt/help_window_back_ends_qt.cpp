@@ -42,9 +42,9 @@ class QtHelpWindowUnderTest final : public HelpWindowUnderTest {
     void ChooseRow(int row) override { List().setCurrentRow(row); }
     std::u16string SearchText() override { return FromQt(Search().text()); }
     void Type(const std::u16string& text) override { Search().setText(ToQt(text)); }
-    std::u16string PageText() override { return Page().Text().text; }
+    std::u16string PageText() override { return Page().Pane().Text().text; }
     std::u16string SelectedText() override {
-        const TextWidget& page = Page();
+        const TextPane& page = Page().Pane();
         return page.Source().Range(page.SelStart(), page.SelEnd());
     }
     void Minimize() override { Widget().showMinimized(); }

@@ -65,7 +65,7 @@ TEST_CASE("qt help window: Page Down in the search field scrolls the page") {
     QApplication::setActiveWindow(Shown());
     search.setFocus();
     Press(search, Qt::Key_PageDown, Qt::ControlModifier); // an unused key does no harm
-    CHECK(page->Caret() == 0);
+    CHECK(page->Pane().Caret() == 0);
     Press(search, Qt::Key_PageDown);
-    CHECK(page->Caret() == page->Source().Length());
+    CHECK(page->Pane().Caret() == page->Pane().Source().Length());
 }

@@ -1,6 +1,9 @@
 // The fixture of the tests of Qt's text view.
 #pragma once
 
+#include "platform/qt/qt_font.h"
+#include "platform/qt/text_view/line_layout/qt_canvas.h"
+#include "platform/qt/text_view/line_layout/qt_text_lines.h"
 #include "platform/qt/text_view/qt_text_view.h"
 #include "platform/qt/text_view/text_widget.h"
 
@@ -40,6 +43,21 @@ struct QtViewBench {
         QCoreApplication::sendEvent(Widget().viewport(), &event);
     }
 };
+
+inline QRect CaretQRect(const BlockLayout& layout, TextPos at) {
+    return ToQRect(CaretBox(layout, at));
+}
+inline QRect CharacterQRect(const BlockLayout& layout, TextPos at) {
+    return ToQRect(CharacterBox(layout, at));
+}
+
+inline Point ToPoint(QPoint point) {
+    return {point.x(), point.y()};
+}
+
+inline const std::vector<LayoutSegment>& Segments(const ParagraphLayout& paragraph) {
+    return static_cast<const QtTextLines&>(*paragraph.text).Segments();
+}
 
 inline std::u16string RepeatedText(std::u16string_view part, int times) {
     std::u16string text;

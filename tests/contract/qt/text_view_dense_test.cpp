@@ -1,8 +1,8 @@
 // Texts that are very costly to shape: layouts stay within bounds, and the text is unchanged.
 #include "common/string_text.h"
 #include "platform/qt/text_view/accessibility/accessible_units.h"
-#include "platform/qt/text_view/layout/layout_cost.h"
 #include "tests/contract/qt/text_view_bench.h"
+#include "view/layout_cost.h"
 
 #include <doctest/doctest.h>
 
@@ -65,7 +65,8 @@ int LayoutsOfThreePages(QtViewBench& bench) {
 std::size_t UnitsShaped(const BlockLayout& layout) {
     std::size_t units = 0;
     for (const ParagraphLayout& paragraph : layout.paragraphs)
-        units += std::size_t(paragraph.text->text().size());
+        for (const LayoutSegment& segment : Segments(paragraph))
+            units += std::size_t(segment.text->text().size());
     return units;
 }
 
@@ -80,7 +81,7 @@ qsizetype LongestGrapheme(const QString& text) {
 
 // Layouts at the start, in the middle and at the end.
 std::vector<TextLayouts::Layout> SomeLayouts(QtViewBench& bench) {
-    TextLayouts& layouts = bench.Widget().Layouts();
+    TextLayouts& layouts = bench.Widget().Pane().Layouts();
     const TextPos length = bench.view.TextLength();
     return {layouts.At(0), layouts.At(length / 2), layouts.At(length)};
 }
@@ -109,7 +110,8 @@ TEST_CASE("qt text view: no endless cluster reaches the shaper") {
         bench.view.LoadPlainText(dense.text);
         for (const auto& layout : SomeLayouts(bench))
             for (const ParagraphLayout& paragraph : layout->paragraphs)
-                CHECK(LongestGrapheme(paragraph.text->text()) <= maxClusterLength + 2);
+                for (const LayoutSegment& segment : Segments(paragraph))
+                    CHECK(LongestGrapheme(segment.text->text()) <= maxClusterLength + 2);
     }
 }
 
@@ -157,7 +159,7 @@ TEST_CASE(
         INFO(std::string(dense.name));
         QtViewBench bench;
         bench.view.LoadPlainText(dense.text);
-        TextLayouts& layouts = bench.Widget().Layouts();
+        TextLayouts& layouts = bench.Widget().Pane().Layouts();
         const StringText text(dense.text);
         for (const TextPos place : {0, 30'000, 60'000}) {
             const TextBlock block = BlockAt(text, {}, place);
@@ -167,7 +169,7 @@ TEST_CASE(
             CHECK(unit.end - unit.start > 2 * densePiece);
         }
         const TextSpan letter = UnitAt(layouts, 0, TextUnit::Character);
-        const QString shown = AccessibleTextOf(layouts.Context(), letter);
+        const QString shown = AccessibleTextOf(layouts.Text(), true, letter);
         CHECK((shown.toStdU16String() == dense.text.substr(0, std::size_t(letter.end))));
     }
 }
@@ -203,11 +205,12 @@ TEST_CASE("qt text view: a text is shown in a bounded number of fonts") {
     using Key = std::tuple<QString, double, bool, bool>;
     std::set<Key> fonts;
     for (TextPos at = 0; at < bench.view.TextLength(); at += 1000)
-        for (const ParagraphLayout& paragraph : bench.Widget().Layouts().At(at)->paragraphs)
-            for (const auto& range : paragraph.text->formats()) {
-                const QFont font = range.format.font();
-                fonts.insert({font.family(), font.pointSizeF(), font.bold(), font.italic()});
-            }
+        for (const ParagraphLayout& paragraph : bench.Widget().Pane().Layouts().At(at)->paragraphs)
+            for (const LayoutSegment& segment : Segments(paragraph))
+                for (const auto& range : segment.text->formats()) {
+                    const QFont font = range.format.font();
+                    fonts.insert({font.family(), font.pointSizeF(), font.bold(), font.italic()});
+                }
     CHECK(fonts.size() < 350);
     CHECK(fonts.size() > 100);
 }

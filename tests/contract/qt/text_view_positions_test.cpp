@@ -1,7 +1,7 @@
 // Character positions where QTextLayout's own are wrong.
 #include "tests/contract/qt/text_view_bench.h"
 
-#include "platform/qt/text_view/selected_region.h"
+#include "view/selected_region.h"
 
 #include <doctest/doctest.h>
 
@@ -11,13 +11,13 @@ TEST_CASE("qt text view: the hyphen at a line's end has its width before it is p
     bench.view.LoadPlainText(text);
     const TextPos end = bench.view.LineAround(0).length;
     REQUIRE(end < bench.view.TextLength());
-    const BlockLayout& layout = *bench.Widget().Layouts().At(0);
+    const BlockLayout& layout = *bench.Widget().Pane().Layouts().At(0);
     std::vector<int> before, after;
     for (TextPos at = 0; at < end; ++at)
-        before.push_back(CaretBox(layout, at).x());
+        before.push_back(CaretQRect(layout, at).x());
     bench.Widget().grab();
     for (TextPos at = 0; at < end; ++at)
-        after.push_back(CaretBox(layout, at).x());
+        after.push_back(CaretQRect(layout, at).x());
     CHECK(before == after);
 }
 
@@ -26,10 +26,10 @@ TEST_CASE("qt text view: words before a no-break space at a line's end are found
     for (int width = 16; width < 60; ++width) {
         QtViewBench bench(width, 400);
         bench.view.LoadPlainText(text);
-        const BlockLayout& layout = *bench.Widget().Layouts().At(0);
+        const BlockLayout& layout = *bench.Widget().Pane().Layouts().At(0);
         for (TextPos at = 3; at < bench.view.TextLength(); at += 3) {
             INFO("character ", at, ", width ", width);
-            CHECK(CaretBox(layout, at).x() == CharacterBox(layout, at).left());
+            CHECK(CaretQRect(layout, at).x() == CharacterQRect(layout, at).left());
         }
     }
 }
@@ -41,10 +41,10 @@ TEST_CASE("qt text view: words before a tab at a line's end are found where they
         QtViewBench bench(width, 400);
         bench.view.LoadPlainText(text);
         tabs += bench.view.LineAround(4).start == 4;
-        const BlockLayout& layout = *bench.Widget().Layouts().At(0);
+        const BlockLayout& layout = *bench.Widget().Pane().Layouts().At(0);
         for (TextPos at = 0; at < 3; ++at) {
             INFO("character ", at, ", width ", width);
-            CHECK(std::abs(CaretBox(layout, at).x() - CharacterBox(layout, at).right()) <= 1);
+            CHECK(std::abs(CaretQRect(layout, at).x() - CharacterQRect(layout, at).right()) <= 1);
         }
     }
     CHECK(tabs > 0);
@@ -61,8 +61,8 @@ TEST_CASE(
         if (bench.view.LineAround(word).start != word) continue;
         ++times;
         CAPTURE(width);
-        const BlockLayout& layout = *bench.Widget().Layouts().At(0);
-        CHECK(std::abs(CaretBox(layout, word).x() - CharacterBox(layout, word).right()) <= 1);
+        const BlockLayout& layout = *bench.Widget().Pane().Layouts().At(0);
+        CHECK(std::abs(CaretQRect(layout, word).x() - CharacterQRect(layout, word).right()) <= 1);
     }
     CHECK(times > 0);
 }
@@ -71,12 +71,12 @@ TEST_CASE("qt text view: the caret among ligatures of another direction is besid
     QtViewBench bench(800, 400);
     const std::u16string words = u"office fluffy office";
     bench.view.LoadPlainText(u"\u05D0 " + words + u" \u05D1");
-    const BlockLayout& layout = *bench.Widget().Layouts().At(0);
+    const BlockLayout& layout = *bench.Widget().Pane().Layouts().At(0);
     for (TextPos at = 3; at < TextPos(2 + words.size()); ++at) {
         CAPTURE(at);
-        const QRect box = CharacterBox(layout, at);
-        CHECK(CaretBox(layout, at).x() >= box.left() - 1);
-        CHECK(CaretBox(layout, at).x() <= box.right() + 1);
+        const QRect box = CharacterQRect(layout, at);
+        CHECK(CaretQRect(layout, at).x() >= box.left() - 1);
+        CHECK(CaretQRect(layout, at).x() <= box.right() + 1);
     }
 }
 
@@ -85,11 +85,12 @@ TEST_CASE("qt text view: the caret at a line's end is beside a last word of anot
     for (int width = 60; width < 160; ++width) {
         QtViewBench bench(width, 400);
         bench.view.LoadPlainText(text);
-        const BlockLayout& layout = *bench.Widget().Layouts().At(0);
+        const BlockLayout& layout = *bench.Widget().Pane().Layouts().At(0);
         for (TextPos end = 6; end + 2 < bench.view.TextLength(); end += 5) {
             if (bench.view.LineAround(end + 1).start != end + 1) continue;
             INFO("before the blank ", end, ", width ", width);
-            CHECK(std::abs(CaretBox(layout, end).x() - CharacterBox(layout, end - 1).left()) <= 1);
+            CHECK(std::abs(CaretQRect(layout, end).x() - CharacterQRect(layout, end - 1).left()) <=
+                  1);
         }
     }
 }
@@ -104,17 +105,19 @@ TEST_CASE("qt text view: what is selected in a line of two directions is where i
         for (int width = 40; width < 240; width += 3) {
             QtViewBench bench(width, 400);
             bench.view.LoadPlainText(text);
-            const BlockLayout& layout = *bench.Widget().Layouts().At(0);
+            const BlockLayout& layout = *bench.Widget().Pane().Layouts().At(0);
             const ParagraphLayout& paragraph = layout.paragraphs[0];
             const TextPos length = bench.view.TextLength();
             for (TextPos from = 0; from < length; from += 2) {
                 const TextPos to = std::min(length, from + 5);
-                const QRegion region =
-                    SelectedRegion(paragraph, from, to, QRect(0, 0, 40000, 5000));
+                QRegion region;
+                for (const Rect& box : SelectedRegion(paragraph, from, to, {0, 0, 40000, 5000}))
+                    region += ToQRect(box);
                 for (TextPos at = 0; at < length; ++at) {
                     if (text[std::size_t(at)] == u' ') continue;
                     INFO("character ", at, ", selected from ", from, ", width ", width);
-                    const QPoint center = CharacterBox(layout, at).center() - paragraph.origin;
+                    const QPoint center = CharacterQRect(layout, at).center() -
+                                          QPoint(paragraph.origin.x, paragraph.origin.y);
                     CHECK(region.contains(center) == (at >= from && at < to));
                 }
             }

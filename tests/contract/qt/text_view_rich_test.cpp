@@ -2,7 +2,7 @@
 #include "tests/contract/qt/text_view_bench.h"
 
 #include "formats/document.h"
-#include "platform/qt/text_view/layout/char_formats.h"
+#include "view/text_styles.h"
 
 #include <doctest/doctest.h>
 
@@ -123,7 +123,8 @@ TEST_CASE("qt text view: clicks and keys stay within their cell") {
     QtViewBench bench;
     bench.view.LoadDocument(TableDocument(2));
     const QRect below = CaretAt(bench, 7).translated(0, CaretAt(bench, 7).height());
-    CHECK(bench.Widget().PositionAtPoint(below.center()) == 7); // beside the second paragraph
+    CHECK(bench.Widget().Pane().PositionAtPoint(ToPoint(below.center())) ==
+          7); // beside the second paragraph
     struct {
         TextPos from;
         int key;
@@ -156,7 +157,7 @@ TEST_CASE("qt text view: a long table scrolls by its lines") {
     TextPos last = -1;
     for (int i = 0; i < 1500 && bench.view.FirstVisibleChar() != last; ++i) {
         last = bench.view.FirstVisibleChar();
-        bench.Widget().Scroller().ScrollPage(true, 17);
+        bench.Widget().Pane().Scroller().ScrollPage(true, 17);
     }
     bench.Widget().grab();
     CHECK_FALSE(CaretAt(bench, bench.view.TextLength()).isNull());
@@ -197,8 +198,10 @@ TEST_CASE("qt text view: a picture has the size that its file specifies") {
     const int inch = bench.Widget().logicalDpiX();
     CHECK(std::abs(width - inch) <= 1);
     CHECK(CountPixels(bench, Qt::magenta) == inch * (inch / 2));
-    CHECK(bench.Widget().PositionAtPoint(CaretAt(bench, 1).center() + QPoint(10, 0)) == 1);
-    CHECK(bench.Widget().PositionAtPoint(CaretAt(bench, 2).center() - QPoint(10, 0)) == 2);
+    CHECK(bench.Widget().Pane().PositionAtPoint(
+              ToPoint(CaretAt(bench, 1).center() + QPoint(10, 0))) == 1);
+    CHECK(bench.Widget().Pane().PositionAtPoint(
+              ToPoint(CaretAt(bench, 2).center() - QPoint(10, 0))) == 2);
 }
 
 TEST_CASE("qt text view: pictures of no given size, too wide, broken or huge") {
@@ -224,7 +227,8 @@ TEST_CASE("qt text view: pictures of no given size, too wide, broken or huge") {
         QtViewBench bench(300, 400);
         bench.view.SetBounds({0, 0, 600 - bench.Widget().maximumViewportSize().width(), 400});
         bench.view.LoadDocument(PictureDocument(c.picture)); // in a view 300 pixels wide
-        CHECK(bench.Widget().Layouts().At(0)->paragraphs[0].pictures[0].size.width() == c.width);
+        CHECK(bench.Widget().Pane().Layouts().At(0)->paragraphs[0].pictures[0].size.width ==
+              c.width);
         CHECK((CountPixels(bench, Qt::magenta) > 0) == c.visible);
     }
 }
@@ -266,12 +270,13 @@ TEST_CASE("qt text view: of a file with thousands of fonts a bounded number is l
         document.charStyles.emplace_back().font = i;
     }
     const ViewStyle style;
-    const QPalette palette;
-    CharFormats formats(document, style, palette);
+    const SystemStyle system;
+    QtLineLayout layout;
+    TextStyles styles(document, style, system, layout);
     QStringList families;
     for (std::uint32_t i = 0; i < 3000; ++i) {
         document.charRuns = {{0, i}};
-        families += formats.FormatAt(0).font().family();
+        families += QString::fromStdU16String(styles.At(0).style.font.family);
     }
     CHECK(families.front() == "Font1");
     CHECK(families.back() == "Serif");

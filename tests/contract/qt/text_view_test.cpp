@@ -129,7 +129,7 @@ TEST_CASE("qt text view: a click on the caret's position returns it") {
                 bench.view.Select(position, 0);
                 const QRect caret = bench.Widget().CaretRect();
                 REQUIRE_FALSE(caret.isNull());
-                CHECK(bench.Widget().PositionAtPoint(caret.center()) == position);
+                CHECK(bench.Widget().Pane().PositionAtPoint(ToPoint(caret.center())) == position);
             }
         }
 }
@@ -137,7 +137,7 @@ TEST_CASE("qt text view: a click on the caret's position returns it") {
 TEST_CASE("qt text view: scrolling by the user stops at the last line") {
     QtViewBench bench(500, 400);
     bench.view.LoadPlainText(RepeatedText(u"line\n", 1000) + u"last");
-    TextScroller& scroller = bench.Widget().Scroller();
+    TextScroller& scroller = bench.Widget().Pane().Scroller();
     scroller.ScrollBy(1 << 20);
     const TextPos top = bench.view.FirstVisibleChar();
     bench.view.Select(bench.view.TextLength(), 0);

@@ -1,9 +1,8 @@
 #include "platform/qt/text_view/accessibility/accessible_attributes.h"
 
-#include "platform/qt/qt_color.h"
 #include "platform/qt/text_view/accessibility/accessible_units.h"
-#include "platform/qt/text_view/layout/paragraph_shape.h"
-#include "platform/qt/text_view/layout/style_runs.h"
+#include "view/paragraph_shape.h"
+#include "view/style_runs.h"
 
 #include <algorithm>
 #include <limits>
@@ -20,29 +19,27 @@ QString WithoutSeparators(QString name) {
     return name.simplified();
 }
 
-QString ColorText(const QColor& color) {
-    return QStringLiteral("rgb(%1,%2,%3)").arg(color.red()).arg(color.green()).arg(color.blue());
+QString ColorText(Color color) {
+    return QStringLiteral("rgb(%1,%2,%3)")
+        .arg(color & 0xFF)
+        .arg(color >> 8 & 0xFF)
+        .arg(color >> 16 & 0xFF);
 }
 
-void AddFont(QString& all, const QFont& font) {
-    const QString family = WithoutSeparators(font.family());
+void AddFont(QString& all, const TextStyle& style) {
+    const QString family = WithoutSeparators(QString::fromStdU16String(style.font.family));
     if (!family.isEmpty()) Add(all, "font-family", family);
-    Add(all, "font-size", QString::number(font.pointSizeF()) + QStringLiteral("pt"));
-    Add(all, "font-weight", font.bold() ? QStringLiteral("bold") : QStringLiteral("normal"));
-    Add(all, "font-style", font.italic() ? QStringLiteral("italic") : QStringLiteral("normal"));
-    if (font.underline()) Add(all, "text-underline-type", QStringLiteral("single"));
-    if (font.strikeOut()) Add(all, "text-line-through-type", QStringLiteral("single"));
+    Add(all, "font-size", QString::number(style.font.points) + QStringLiteral("pt"));
+    Add(all, "font-weight", style.font.bold ? QStringLiteral("bold") : QStringLiteral("normal"));
+    Add(all, "font-style", style.font.italic ? QStringLiteral("italic") : QStringLiteral("normal"));
+    if (style.underline) Add(all, "text-underline-type", QStringLiteral("single"));
+    if (style.strikethrough) Add(all, "text-line-through-type", QStringLiteral("single"));
 }
 
-void AddColors(QString& all, const LayoutContext& context, const QTextCharFormat& format,
-               const QPalette& palette) {
-    const QBrush text = format.foreground(), back = format.background();
-    Add(all, "color",
-        ColorText(text.style() == Qt::NoBrush ? PlainTextColor(context.viewStyle, palette)
-                                              : text.color()));
-    Add(all, "background-color",
-        ColorText(back.style() == Qt::NoBrush ? ToQColor(context.viewStyle.backColor)
-                                              : back.color()));
+void AddColors(QString& all, const LayoutContext& context, const TextStyle& style,
+               const SystemStyle& system) {
+    Add(all, "color", ColorText(style.color.value_or(PlainTextColor(context.viewStyle, system))));
+    Add(all, "background-color", ColorText(style.background.value_or(context.viewStyle.backColor)));
 }
 
 QString AlignmentName(Alignment alignment) {
@@ -55,12 +52,13 @@ QString AlignmentName(Alignment alignment) {
     return {};
 }
 
-QString PositionName(QTextCharFormat::VerticalAlignment alignment) {
-    switch (alignment) {
-    case QTextCharFormat::AlignSuperScript: return QStringLiteral("super");
-    case QTextCharFormat::AlignSubScript: return QStringLiteral("sub");
-    default: return QStringLiteral("baseline");
+QString PositionName(TextBaseline baseline) {
+    switch (baseline) {
+    case TextBaseline::Superscript: return QStringLiteral("super");
+    case TextBaseline::Subscript: return QStringLiteral("sub");
+    case TextBaseline::Normal: break;
     }
+    return QStringLiteral("baseline");
 }
 
 // Paragraph styles apply at the character that ends the paragraph; a text without a final break
@@ -78,7 +76,8 @@ void AddParagraph(QString& all, const LayoutContext& context, TextSpan paragraph
     ParagraphPart part;
     part.start = paragraph.start;
     part.end = EndOf(context, paragraph);
-    const ParagraphShape shape = ShapeOf(context, part, AccessibleTextOf(context, paragraph));
+    const ParagraphShape shape =
+        ShapeOf(context, part, context.text->Range(paragraph.start, paragraph.end));
     Add(all, "text-align", AlignmentName(shape.alignment));
     Add(all, "writing-mode", shape.rightToLeft ? QStringLiteral("rl") : QStringLiteral("lr"));
 }
@@ -92,20 +91,20 @@ TextSpan StyleSpan(const Document& document, TextPos position) {
 }
 } // namespace
 
-AccessibleAttributes AttributesAt(TextLayouts& layouts, TextPos position, const QPalette& palette) {
+AccessibleAttributes AttributesAt(TextLayouts& layouts, TextPos position,
+                                  const SystemStyle& system) {
     const LayoutContext& context = layouts.Context();
     const TextSpan paragraph = UnitAt(layouts, position, TextUnit::Paragraph);
     AccessibleAttributes attributes{paragraph, {}};
-    QTextCharFormat format;
-    format.setFont(MakeFont(context.viewStyle.font));
     if (!context.plain) {
         const TextSpan run = StyleSpan(context.document, position);
         attributes.span = {std::max(paragraph.start, run.start), std::min(paragraph.end, run.end)};
-        format = context.formats.FormatAt(position);
     }
-    AddFont(attributes.text, format.font());
-    AddColors(attributes.text, context, format, palette);
-    Add(attributes.text, "text-position", PositionName(format.verticalAlignment()));
+    const TextStyle& style =
+        context.plain ? context.styles.Plain().style : context.styles.At(position).style;
+    AddFont(attributes.text, style);
+    AddColors(attributes.text, context, style, system);
+    Add(attributes.text, "text-position", PositionName(style.baseline));
     AddParagraph(attributes.text, context, paragraph);
     return attributes;
 }

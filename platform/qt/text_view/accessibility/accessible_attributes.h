@@ -1,7 +1,7 @@
 // The formatting of a text as accessible attributes.
 #pragma once
 
-#include "platform/qt/text_view/caret_moves.h"
+#include "view/caret_moves.h"
 
 #include <QString>
 
@@ -11,4 +11,5 @@ struct AccessibleAttributes {
     QString text;
 };
 
-AccessibleAttributes AttributesAt(TextLayouts& layouts, TextPos position, const QPalette& palette);
+AccessibleAttributes AttributesAt(TextLayouts& layouts, TextPos position,
+                                  const SystemStyle& system);

@@ -45,6 +45,10 @@ TextWidget& AccessibleText::View() const {
     return *static_cast<TextWidget*>(widget());
 }
 
+TextPane& AccessibleText::Pane() const {
+    return View().Pane();
+}
+
 // A view without a focus policy shows a message, which screen readers read when the dialog opens.
 QAccessible::Role AccessibleText::role() const {
     return View().focusPolicy() == Qt::NoFocus ? QAccessible::StaticText : QAccessible::Document;
@@ -94,12 +98,12 @@ int AccessibleText::indexOfChild(const QAccessibleInterface* child) const {
 
 void AccessibleText::selection(int index, int* start, int* end) const {
     const bool exists = index == 0 && selectionCount() == 1;
-    *start = exists ? View().SelStart() : 0;
-    *end = exists ? View().SelEnd() : 0;
+    *start = exists ? Pane().SelStart() : 0;
+    *end = exists ? Pane().SelEnd() : 0;
 }
 
 int AccessibleText::selectionCount() const {
-    return View().SelStart() < View().SelEnd() ? 1 : 0;
+    return Pane().SelStart() < Pane().SelEnd() ? 1 : 0;
 }
 
 void AccessibleText::addSelection(int start, int end) {
@@ -107,27 +111,27 @@ void AccessibleText::addSelection(int start, int end) {
 }
 
 void AccessibleText::removeSelection(int index) {
-    if (index == 0) View().Select(View().Caret(), View().Caret());
+    if (index == 0) Pane().Select(Pane().Caret(), Pane().Caret());
 }
 
 void AccessibleText::setSelection(int index, int start, int end) {
     if (index != 0) return;
-    View().Select(ClampedPosition(start), ClampedPosition(end));
-    View().Reveal(View().Caret());
+    Pane().Select(ClampedPosition(start), ClampedPosition(end));
+    Pane().Reveal(Pane().Caret());
 }
 
 int AccessibleText::cursorPosition() const {
-    return View().Caret();
+    return Pane().Caret();
 }
 
 void AccessibleText::setCursorPosition(int offset) {
     const TextPos position = ClampedPosition(offset);
-    View().Select(position, position);
-    View().Reveal(position);
+    Pane().Select(position, position);
+    Pane().Reveal(position);
 }
 
 int AccessibleText::characterCount() const {
-    return View().Source().Length();
+    return Pane().Source().Length();
 }
 
 std::optional<TextPos> AccessibleText::PositionOf(int offset) const {
@@ -139,7 +143,7 @@ std::optional<TextPos> AccessibleText::PositionOf(int offset) const {
 
 TextPos AccessibleText::ClampedPosition(int offset) const {
     const TextPos limit = offset < 0 ? 0 : characterCount();
-    return CharacterStart(View().Source(), PositionOf(offset).value_or(limit));
+    return CharacterStart(Pane().Source(), PositionOf(offset).value_or(limit));
 }
 
 QString AccessibleText::text(int start, int end) const {
@@ -148,14 +152,14 @@ QString AccessibleText::text(int start, int end) const {
     const auto [from, to] = std::minmax({PositionOf(start).value_or(startLimit), //
                                          PositionOf(end).value_or(endLimit)});
     if (to - from <= maxAnswerLength)
-        return AccessibleTextOf(View().Layouts().Context(), {from, to});
-    const TextPos cut = CharacterStart(View().Source(), from + maxAnswerLength);
-    return AccessibleTextOf(View().Layouts().Context(), {from, cut});
+        return AccessibleTextOf(Pane().Source(), Pane().IsPlain(), {from, to});
+    const TextPos cut = CharacterStart(Pane().Source(), from + maxAnswerLength);
+    return AccessibleTextOf(Pane().Source(), Pane().IsPlain(), {from, cut});
 }
 
 TextSpan AccessibleText::SpanAt(TextPos position, QAccessible::TextBoundaryType type) const {
-    if (type != QAccessible::NoBoundary) return UnitAt(View().Layouts(), position, UnitOf(type));
-    const TextSource& text = View().Source();
+    if (type != QAccessible::NoBoundary) return UnitAt(Pane().Layouts(), position, UnitOf(type));
+    const TextSource& text = Pane().Source();
     const TextPos start = position / maxAnswerLength * maxAnswerLength;
     const TextPos end = std::min(text.Length() - start, maxAnswerLength) + start;
     return {CharacterStart(text, start), CharacterStart(text, end)};
@@ -164,7 +168,7 @@ TextSpan AccessibleText::SpanAt(TextPos position, QAccessible::TextBoundaryType 
 QString AccessibleText::SpanText(std::optional<TextSpan> span, int* start, int* end) const {
     *start = span ? span->start : -1;
     *end = span ? span->end : -1;
-    return span ? AccessibleTextOf(View().Layouts().Context(), *span) : QString();
+    return span ? AccessibleTextOf(Pane().Source(), Pane().IsPlain(), *span) : QString();
 }
 
 QString AccessibleText::textBeforeOffset(int offset, QAccessible::TextBoundaryType type, int* start,
@@ -195,15 +199,15 @@ QString AccessibleText::attributes(int offset, int* start, int* end) const {
     if (!position) return {};
     const TextPos last = std::max(0, characterCount() - 1);
     const auto attributes =
-        AttributesAt(View().Layouts(), std::min(*position, last), View().palette());
+        AttributesAt(Pane().Layouts(), std::min(*position, last), Pane().System());
     *start = attributes.span.start;
     *end = attributes.span.end;
     return attributes.text;
 }
 
 void AccessibleText::scrollToSubstring(int start, int end) {
-    View().Reveal(ClampedPosition(end));
-    View().Reveal(ClampedPosition(start));
+    Pane().Reveal(ClampedPosition(end));
+    Pane().Reveal(ClampedPosition(start));
 }
 
 QRect AccessibleText::characterRect(int offset) const {

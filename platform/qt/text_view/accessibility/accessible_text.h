@@ -7,6 +7,7 @@
 
 #include <optional>
 
+class TextPane;
 class TextWidget;
 
 // Offsets are UTF-16 units as everywhere in Qt; -1 is the text's length and -2 the caret. The cost
@@ -59,6 +60,7 @@ class AccessibleText final : public QAccessibleWidget, public QAccessibleTextInt
 
   private:
     TextWidget& View() const;
+    TextPane& Pane() const;
     std::vector<QWidget*> ScrollBars() const;
     std::optional<TextPos> PositionOf(int offset) const;
     TextPos ClampedPosition(int offset) const;

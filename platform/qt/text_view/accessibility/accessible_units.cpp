@@ -75,16 +75,17 @@ TextSpan UnitAt(TextLayouts& layouts, TextPos position, TextUnit unit) {
     const TextSpan paragraph = ParagraphAt(layouts, position);
     if (unit == TextUnit::Paragraph || paragraph.start == paragraph.end) return paragraph;
     const TextPos at = std::min(position, paragraph.end - 1) - paragraph.start;
-    const TextSpan within = UnitWithin(AccessibleTextOf(layouts.Context(), paragraph), at, unit);
+    const TextSpan within =
+        UnitWithin(AccessibleTextOf(layouts.Text(), layouts.Context().plain, paragraph), at, unit);
     return {paragraph.start + within.start, paragraph.start + within.end};
 }
 
-QString AccessibleTextOf(const LayoutContext& context, TextSpan span) {
-    const std::u16string units = context.text->Range(span.start, span.end);
+QString AccessibleTextOf(const TextSource& source, bool plain, TextSpan span) {
+    const std::u16string units = source.Range(span.start, span.end);
     QString text = QStringView(units).toString(); // fromStdU16String() drops byte order marks
     for (QChar& unit : text) {
         if (unit == u'\v') unit = u'\n';
-        if (unit == u'\a' && !context.plain) unit = u'\t';
+        if (unit == u'\a' && !plain) unit = u'\t';
         if (unit == u'\0') unit = QChar::ReplacementCharacter; // would terminate a D-Bus string
     }
     return text;

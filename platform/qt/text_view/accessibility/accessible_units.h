@@ -1,7 +1,7 @@
 // Text units for screen readers.
 #pragma once
 
-#include "platform/qt/text_view/caret_moves.h"
+#include "view/caret_moves.h"
 
 #include <QString>
 
@@ -14,4 +14,4 @@ enum class TextUnit { Character, Word, Sentence, Line, Paragraph };
 TextSpan UnitAt(TextLayouts& layouts, TextPos position, TextUnit unit);
 
 // As many units as the text has there. Line breaks become line feeds and ends of cells tabs.
-QString AccessibleTextOf(const LayoutContext& context, TextSpan span);
+QString AccessibleTextOf(const TextSource& text, bool plain, TextSpan span);

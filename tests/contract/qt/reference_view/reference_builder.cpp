@@ -1,7 +1,7 @@
 #include "tests/contract/qt/reference_view/reference_builder.h"
 
 #include "common/string_text.h"
-#include "platform/qt/text_view/layout/layout_cost.h"
+#include "view/layout_cost.h"
 #include "tests/contract/qt/reference_view/reference_rows.h"
 
 #include <algorithm>

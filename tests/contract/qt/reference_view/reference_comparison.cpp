@@ -81,7 +81,7 @@ void ReferenceComparison::LoadRich() {
 
 // Call it after the view's size may have changed; sets the size of the reference.
 void ReferenceComparison::Fit() {
-    Widget().Scroller();
+    Widget().Pane().Scroller();
     const QSize all = Widget().maximumViewportSize();
     const int width = int(all.width() * Ratio());
     margin_ = std::max(int(6 * Ratio()), width / 40);

@@ -11,9 +11,9 @@ void ReferenceComparison::Scroll() {
     const int pixels = Below(random_, 600) - 300;
     switch (Below(random_, 3)) {
     case 0: View().ScrollLineToTop(position); return reference_.ScrollLineToTop(position);
-    case 1: Widget().Scroller().ScrollBy(pixels); return reference_.ScrollBy(pixels);
+    case 1: Widget().Pane().Scroller().ScrollBy(pixels); return reference_.ScrollBy(pixels);
     default:
-        Widget().Scroller().ScrollToPosition(position);
+        Widget().Pane().Scroller().ScrollToPosition(position);
         return reference_.ScrollToPosition(position);
     }
 }
@@ -41,7 +41,7 @@ void ReferenceComparison::Click() {
 
 // The caret of the view must be a possible position for the point; the reference adopts it.
 void ReferenceComparison::Follow(const ReferenceLine& line, int x, bool extend) {
-    const TextPos position = Widget().Caret();
+    const TextPos position = Widget().Pane().Caret();
     const bool possible = reference_.IsPossible(line, x, position);
     INFO("from ", x, " to ", position, " in", reference_.Describe(line));
     REQUIRE(possible);
@@ -84,7 +84,7 @@ void ReferenceComparison::GoSideways(int key, bool control, bool extend) {
     moved_ = !(arrow && !control && !extend && start != end);
     if (moved_) {
         const auto target = reference_.KeyTarget(key, control);
-        reference_.caret = target.value_or(Widget().Caret());
+        reference_.caret = target.value_or(Widget().Pane().Caret());
         if (!extend) reference_.anchor = reference_.caret;
     } else { // collapsing the selection may leave the caret within a grapheme cluster
         reference_.caret = reference_.anchor = key == Qt::Key_Left ? start : end;

@@ -14,7 +14,7 @@ std::string Describe(const QRect& box) {
 
 void ReferenceComparison::CheckPlace() {
     REQUIRE(View().TextLength() == Size());
-    REQUIRE(Widget().Caret() == reference_.caret);
+    REQUIRE(Widget().Pane().Caret() == reference_.caret);
     REQUIRE(View().SelStart() == std::min(reference_.anchor, reference_.caret));
     REQUIRE(View().SelStart() + View().SelLength() ==
             std::max(reference_.anchor, reference_.caret));
@@ -24,7 +24,7 @@ void ReferenceComparison::CheckPlace() {
     INFO("caret ", reference_.caret, " of ", around.start, " to ", around.end, ", lines from",
          reference_.Describe(Reference().LineOf(reference_.caret)));
     if (moved_ && !around.hidden && at > 0) REQUIRE(around.text->isValidCursorPosition(at));
-    const VerticalPos top = Widget().Scroller().Top();
+    const VerticalPos top = Widget().Pane().Scroller().Top();
     REQUIRE(BlockTop(top.block) + top.y == reference_.Top());
     REQUIRE(View().FirstVisibleChar() == reference_.FirstVisible());
 }
@@ -45,7 +45,7 @@ void ReferenceComparison::CheckVisibleLines() {
 
 void ReferenceComparison::CheckLine(const ReferenceLine& line) {
     CAPTURE(line.start);
-    TextLayouts& layouts = Widget().Layouts();
+    TextLayouts& layouts = Widget().Pane().Layouts();
     const auto layout = layouts.At(line.start);
     const LineRef ref = LineOf(*layout, line.start);
     const int blockTop = BlockTop(layout->block.start);
@@ -65,7 +65,7 @@ void ReferenceComparison::CheckCharacter(const BlockLayout& layout, int blockTop
                                          const ReferenceLine& line, TextPos at) {
     CAPTURE(at);
     const QRect expected = reference_.CaretBox(at);
-    const QRect box = CaretBox(layout, at).translated(0, blockTop);
+    const QRect box = CaretQRect(layout, at).translated(0, blockTop);
     INFO("line", reference_.Describe(line));
     INFO("the caret is at ", Describe(box), " instead of ", Describe(expected));
     REQUIRE((box == expected));
@@ -74,7 +74,7 @@ void ReferenceComparison::CheckCharacter(const BlockLayout& layout, int blockTop
     const QRect& cell = Reference().ParagraphOf(line).cell;
     if (!cell.isNull() && (x < cell.left() || x > cell.right()))
         return; // the cell is too narrow for it
-    const TextPos back = PositionAt(layout, QPoint(x, y));
+    const TextPos back = PositionAt(layout, {x, y});
     const bool possible = reference_.IsPossible(line, x, back);
     INFO("from ", x, " back at ", back);
     REQUIRE(possible);

@@ -1,6 +1,6 @@
 #include "tests/contract/qt/reference_view/reference_paragraph.h"
 
-#include "platform/qt/text_view/layout/pinned_fonts.h"
+#include "platform/qt/text_view/line_layout/pinned_fonts.h"
 #include "tests/contract/qt/reference_view/reference_positions.h"
 #include "tests/contract/qt/reference_view/reference_shape.h"
 #include "tests/contract/qt/reference_view/reference_style.h"

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "formats/document.h"
-#include "platform/shared/view_style.h"
+#include "view/view_style.h"
 
 #include <QPoint>
 #include <QRect>

@@ -1,0 +1,56 @@
+#include "platform/qt/text_view/line_layout/qt_line_layout.h"
+
+#include "platform/qt/qt_color.h"
+#include "platform/qt/text_view/line_layout/qt_text_lines.h"
+
+#include <QFontMetricsF>
+
+#include <cmath>
+
+namespace {
+constexpr double metresPerInch = 0.0254;
+
+QFont ToQFont(const TextStyle& style) {
+    QFont font(QString::fromStdU16String(style.font.family));
+    font.setPointSizeF(style.font.points);
+    font.setBold(style.font.bold);
+    font.setItalic(style.font.italic);
+    font.setUnderline(style.underline);
+    font.setStrikeOut(style.strikethrough);
+    return font;
+}
+
+QTextCharFormat::VerticalAlignment ToAlignment(TextBaseline baseline) {
+    switch (baseline) {
+    case TextBaseline::Superscript: return QTextCharFormat::AlignSuperScript;
+    case TextBaseline::Subscript: return QTextCharFormat::AlignSubScript;
+    case TextBaseline::Normal: break;
+    }
+    return QTextCharFormat::AlignNormal;
+}
+} // namespace
+
+void QtLineLayout::SetResolution(double dpi) {
+    screen_.setDotsPerMeterX(qRound(dpi / metresPerInch));
+    screen_.setDotsPerMeterY(qRound(dpi / metresPerInch));
+}
+
+StyleHandle QtLineLayout::Prepare(const TextStyle& style) {
+    QTextCharFormat format;
+    format.setFont(ToQFont(style));
+    if (style.baseline != TextBaseline::Normal)
+        format.setVerticalAlignment(ToAlignment(style.baseline));
+    if (style.background) format.setBackground(ToQColor(*style.background));
+    if (style.color) format.setForeground(ToQColor(*style.color));
+    return std::make_shared<QtStyle>(std::move(format));
+}
+
+FontMetrics QtLineLayout::Metrics(const PreparedStyle& style) const {
+    const QFontMetricsF metrics(static_cast<const QtStyle&>(style).format.font(), &screen_);
+    return {metrics.ascent(), metrics.descent(), metrics.leading(),
+            metrics.horizontalAdvance(u' ')};
+}
+
+std::unique_ptr<TextLines> QtLineLayout::BreakLines(const ParagraphText& paragraph) {
+    return std::make_unique<QtTextLines>(paragraph, screen_);
+}

@@ -1,0 +1,86 @@
+// One paragraph laid out in lines.
+#pragma once
+
+#include "common/text_source.h"
+#include "formats/document.h"
+#include "view/geometry.h"
+#include "view/picture_store.h"
+#include "view/text_styles.h"
+
+#include <memory>
+#include <vector>
+
+// What the layout of a text depends on; all members must outlive it. Pixels are device pixels at
+// any scale factor, so that lines, borders and pictures are sharp.
+struct LayoutContext {
+    const Document& document; // styles, rows and pictures; its text may not be the one displayed
+    const ViewStyle& viewStyle;
+    TextStyles& styles;
+    PictureStore& pictures;
+    LineLayout& lines;
+    const TextSource* text = nullptr;
+    bool plain = true;  // plain text: the view's font, and directions by content
+    int viewWidth = 1;  // pixels; lines are aligned to it
+    int breakWidth = 1; // pixels; lines are broken at it
+    double pixelsPerTwip = 96.0 / 1440;
+
+    // Limits a measure from a file to what a page can hold.
+    int Pixels(std::int32_t twips) const;
+    int Hairline() const { return std::max(1, Pixels(15)); } // width of thin lines
+};
+
+struct PlacedPicture {
+    TextPos position = 0;
+    Size size;
+};
+
+struct PlacedLine {
+    int top = 0; // the lines tile the paragraph including its spacing
+    int left = 0, baseline = 0;
+};
+
+struct ParagraphLayout {
+    TextPos start = 0, end = 0; // without the paragraph break
+    std::size_t cell = 0;       // index in its table row
+    Point origin;               // relative to the block
+    int width = 0, height = 0;
+    int spaceBefore = 0, spaceAfter = 0; // of the first and the last line
+    bool continues = false;              // the same paragraph is continued by the next layout
+    bool rightToLeft = false;
+    std::size_t runs = 0;          // of styles
+    std::vector<PlacedLine> lines; // relative to the origin
+    std::vector<PlacedPicture> pictures;
+    std::unique_ptr<TextLines> text;
+
+    int LineCount() const { return int(lines.size()); }
+    TextPos LineStart(int line) const { return start + text->Line(line).start; }
+    TextPos LineEnd(int line) const { return start + text->Line(line).end; }
+    int LineOf(TextPos position) const;
+    int LineTop(int line) const { return lines[std::size_t(line)].top; }
+    int LineBottom(int line) const { return line + 1 < LineCount() ? LineTop(line + 1) : height; }
+    int TopWithoutSpace(int line) const { return line == 0 ? spaceBefore : LineTop(line); }
+    int BottomWithoutSpace(int line) const;
+    // The last caret position in a line: in a wrapped line the position behind the last character
+    // is already in the next line.
+    TextPos LastCaretPosition(int line) const;
+    double X(int line, TextPos position) const; // of the caret, relative to the origin
+    // The caret position nearest to `x`, and the character at `x`, both relative to the origin.
+    TextPos PositionInLine(int line, int x) const;
+    TextPos CharacterInLine(int line, double x) const;
+    // Of the characters' glyphs or their picture.
+    Rect CharacterBox(int line, TextPos position) const;
+    Rect PictureBox(const PlacedPicture& picture) const;
+    // Adjacent caret positions in the paragraph; the same at its ends.
+    TextPos NextCaretPosition(TextPos at) const { return start + text->NextPosition(at - start); }
+    TextPos PreviousCaretPosition(TextPos at) const {
+        return start + text->PreviousPosition(at - start);
+    }
+};
+
+struct ParagraphPart {
+    TextPos start = 0, end = 0;     // without the paragraph break
+    bool first = true, last = true; // false inside an over-long paragraph
+    int breakWidth = 1, alignWidth = 1;
+};
+
+ParagraphLayout LayOutParagraph(const LayoutContext& context, const ParagraphPart& part);

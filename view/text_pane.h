@@ -1,0 +1,116 @@
+// A text on the screen: what is shown of it, its caret and selection, and what keys and mouse do to
+// them. The window around it is the front's. Layout and scrolling are in device pixels.
+#pragma once
+
+#include "view/caret_moves.h"
+#include "view/pane_window.h"
+#include "view/text_scroller.h"
+
+#include <memory>
+#include <optional>
+
+enum class PaneKey { Left, Right, Up, Down, PageUp, PageDown, Home, End, Space };
+
+class TextPane {
+  public:
+    // The arguments must outlive this object. Nothing is asked of the window before it is shown a
+    // text or asked something.
+    TextPane(PaneWindow& window, LineLayout& lines, PictureStore& pictures);
+
+    // Both start at the top with the caret at 0. A TextSource is plain text.
+    void ShowText(Document document, bool plain);
+    void ShowText(std::shared_ptr<const TextSource> text);
+    const TextSource& Source() const { return *text_; }
+    const Document& Text() const { return document_; } // its text may not be the one displayed
+    bool IsPlain() const { return context_.plain; }
+    const ViewStyle& Style() const { return viewStyle_; }
+    void SetStyle(const ViewStyle& style);
+    const SystemStyle& System() const { return system_; }
+    void SetSystemStyle(const SystemStyle& style);
+
+    void Select(TextPos anchor, TextPos caret); // clamped to the text
+    TextPos SelStart() const { return std::min(anchor_, caret_); }
+    TextPos SelEnd() const { return std::max(anchor_, caret_); }
+    TextPos Anchor() const { return anchor_; }
+    TextPos Caret() const { return caret_; } // one end of the selection
+
+    // These are up to date with the window's current size, even if it is hidden.
+    TextScroller& Scroller();
+    TextLayouts& Layouts();
+    TextPos PositionAtPoint(Point point); // the nearest position
+    TextPos CharacterAtPoint(Point point);
+    std::optional<Rect> CaretRect();      // none if it is out of view
+    Rect CharacterRect(TextPos position); // above or below the view if the character is out of view
+    void Reveal(TextPos position);
+    void RevealHorizontally(TextPos start, TextPos end); // as far as both are in one line
+    void OnScrolled();                                   // call it after using the scroller
+
+    // What the user does. `extend` keeps the selection's other end.
+    bool Press(PaneKey key, bool extend, bool control); // whether the key means something
+    void Click(Point point, int count, bool extend);    // of the main button: by a character, a
+                                                        // word (2) or a paragraph (3)
+    void DragTo(Point point);
+    void EndDrag();
+    void ScrollLines(int lines);
+    void ScrollPage(bool down);
+    void ScrollTo(TextPos position); // by the vertical scroll bar
+    void ScrollBy(Point pixels);
+    void ScrollToX(int x); // by the horizontal scroll bar
+    int ScrollX() const { return scrollX_; }
+    void OnTimer(PaneTimer timer);
+    void OnFocusChanged();
+    void OnResized() { UpdateLayoutSize(); }
+
+    // Over a window filled with the background colour. `clip` is what is to be drawn.
+    void Paint(Canvas& canvas, const Rect& clip);
+    int LineHeight(); // of the view's font
+
+  private:
+    enum class Granularity { Character, Word, Paragraph };
+
+    void ResetView();
+    void UpdateLayoutSize();
+    void Relayout();
+    bool UpdateResolution();
+    int BreakWidth(int room) const;
+    int ToTextX(int viewX) const { return viewX - margin_ + scrollX_; }
+    int SideMargin();
+    void ScrollRightTo(int x);
+    void UpdateScrollBars();
+    void ShowHorizontal();
+    void PaintCaret(Canvas& canvas);
+    void RestartBlinking();
+    const TextSpan& VisibleSpan();
+
+    std::optional<TextPos> KeyTarget(PaneKey key, bool control);
+    TextPos VerticalTarget(PaneKey key);
+    TextPos PageTarget(bool down);
+    void MoveCaret(TextPos position, bool extend);
+    TextSpan UnitAround(TextPos position);
+    void ExtendTo(Point point);
+    void AutoScroll();
+
+    PaneWindow& window_;
+    LineLayout& lines_;
+    PictureStore& pictures_;
+    Document document_;
+    std::shared_ptr<const TextSource> text_; // the document's text, or a TextSource
+    ViewStyle viewStyle_;
+    SystemStyle system_;
+    TextStyles styles_;
+    LayoutContext context_;
+    TextLayouts layouts_;
+    TextScroller scroller_;
+    int margin_ = 0; // on both sides of the text
+    int width_ = 1;  // of the window's room
+    int scrollX_ = 0, maxScrollX_ = 0;
+    bool horizontalBar_ = false;
+
+    TextPos anchor_ = 0, caret_ = 0; // equal if nothing is selected
+    std::optional<int> preferredX_;  // of the caret during vertical movement
+    Granularity granularity_ = Granularity::Character;
+    TextSpan dragStart_; // the unit that a drag started with
+    Point mouse_;
+    bool autoScrolls_ = false, caretOn_ = false;
+    std::optional<TextSpan> visibleSpan_;
+};
