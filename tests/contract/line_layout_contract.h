@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 // Defined once in each test program.
@@ -26,6 +27,7 @@ struct LineSample {
 // Without tabs, of several scripts and directions; each may be wrapped between words.
 const std::vector<LineSample>& LineSamples();
 
+std::u16string Repeated(std::u16string_view part, int times);
 TextStyle LineStyle(double points = 12);
 ParagraphText LineParagraph(LineLayout&, std::u16string text, int width = unlimited,
                             bool rightToLeft = false);

@@ -4,17 +4,17 @@
 #include <cmath>
 
 namespace {
+bool IsUnseenAtEnd(char16_t unit) {
+    return unit == u' ' || unit == u'\u2028';
+}
+} // namespace
+
 std::u16string Repeated(std::u16string_view part, int times) {
     std::u16string text;
     for (int i = 0; i < times; ++i)
         text += part;
     return text;
 }
-
-bool IsUnseenAtEnd(char16_t unit) {
-    return unit == u' ' || unit == u'\u2028';
-}
-} // namespace
 
 const std::vector<LineSample>& LineSamples() {
     static const std::vector<LineSample> samples{
@@ -48,7 +48,7 @@ const std::vector<LineSample>& LineSamples() {
 
 void OnEachLineLayout(void (*check)(LineLayout&)) {
     for (const BackEnd<LineLayout>& backEnd : LineLayoutBackEnds()) {
-        CAPTURE(backEnd.name);
+        INFO("back end ", std::string(backEnd.name));
         const auto layout = backEnd.make();
         layout->SetResolution(96);
         check(*layout);
@@ -129,7 +129,7 @@ bool CoverTheSame(const std::vector<TextExtent>& a, const std::vector<TextExtent
 
 void OnEachSampleInLines(LineCheck check) {
     for (const BackEnd<LineLayout>& backEnd : LineLayoutBackEnds()) {
-        CAPTURE(backEnd.name);
+        INFO("back end ", std::string(backEnd.name));
         const auto layout = backEnd.make();
         layout->SetResolution(96);
         const int letters = int(TextWidth(*layout, u"nnnn"));

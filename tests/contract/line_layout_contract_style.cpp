@@ -160,7 +160,7 @@ TEST_CASE("line layout: a box has its width, and lines may break beside it") {
             CHECK(lines->Line(1).end == 4);
             CHECK(IsWithin(lines->Line(1).width, box));
             const double ascent = layout.Metrics(*paragraph.runs[0].style).ascent;
-            CHECK(IsWithin(lines->Line(1).ascent, ascent));
+            CHECK(lines->Line(1).ascent <= ascent + pixel); // the box does not count
         }
     });
 }
@@ -172,9 +172,7 @@ TEST_CASE("line layout: justified lines fill the width, all but the last") {
             bool rightToLeft;
         } const cases[] = {
             {u"some words in a row of several words that fill more lines than one", false},
-            {u"\u05E9\u05DC\u05D5\u05DD \u05E2\u05D5 \u05DC\u05DD \u05E9\u05DC \u05D5\u05DD \u05E2"
-             u"\u05D5\u05DC\u05DD \u05E9\u05DC\u05D5\u05DD \u05E9\u05DC\u05D5\u05DD",
-             true}};
+            {Repeated(u"\u05E9\u05DC \u05D5\u05DD\u05E2 ", 8) + u"\u05E9\u05DC", true}};
         for (const auto& [text, rightToLeft] : cases) {
             CAPTURE(rightToLeft);
             const int indent = 7, room = int(TextWidth(layout, text) / 3.5);
