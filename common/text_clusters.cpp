@@ -25,7 +25,7 @@ class ClusterBreaks {
         const bool starts = !Joins(join);
         if (join == ClusterJoin::Pictograph)
             pictograph_ = true;
-        else if (join != ClusterJoin::Extending && join != ClusterJoin::Joiner)
+        else if (join == ClusterJoin::Joiner ? before_ == join : join != ClusterJoin::Extending)
             pictograph_ = false;
         indicators_ = join == ClusterJoin::RegionalIndicator ? indicators_ + 1 : 0;
         before_ = join;
