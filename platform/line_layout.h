@@ -62,8 +62,8 @@ struct ParagraphText {
         runs; // ascending, the first at 0; never empty, not even for an empty text
     std::vector<InlineBox> boxes; // ascending
     bool rightToLeft = false;     // the direction of the paragraph; within it the text has its own
-    bool justified = false; // as far as a line has spaces between words, no tab, and does not end
-                            // at a break or with its paragraph
+    bool justified = false; // as far as a line has spaces between words, no tab, and is not the
+                            // last of its paragraph
     bool continues =
         false; // the paragraph goes on behind the text, whose last line may be justified
     // Lines break at `width` without the indent, between words, or anywhere if a word is longer.

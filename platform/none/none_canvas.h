@@ -14,8 +14,6 @@ struct NoneDrawing {
     // Of text only.
     std::u16string text = {}; // in the order of reading
     int left = 0, baseline = 0;
-    std::vector<Rect> selected = {};
-    Color selectedText = 0, selectedBackground = 0;
 };
 
 class NoneCanvas : public Canvas {
@@ -27,15 +25,8 @@ class NoneCanvas : public Canvas {
         drawings.push_back({NoneDrawing::Kind::Tint, rect, color});
     }
     void DrawLine(std::u16string text, int left, int baseline, const LinePaint& paint) {
-        drawings.push_back({NoneDrawing::Kind::Text,
-                            paint.clip,
-                            paint.text,
-                            std::move(text),
-                            left,
-                            baseline,
-                            {paint.selected.begin(), paint.selected.end()},
-                            paint.selectedText,
-                            paint.selectedBackground});
+        drawings.push_back(
+            {NoneDrawing::Kind::Text, paint.clip, paint.text, std::move(text), left, baseline});
     }
 
     std::vector<NoneDrawing> drawings;

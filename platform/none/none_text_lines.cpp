@@ -9,7 +9,7 @@
 NoneTextLines::NoneTextLines(const ParagraphText& paragraph, NoneClusters clusters,
                              std::vector<NoneLine> lines)
     : clusters_(std::move(clusters)), lines_(std::move(lines)), runs_(paragraph.runs),
-      rightToLeft_(paragraph.rightToLeft), continues_(paragraph.continues) {}
+      rightToLeft_(paragraph.rightToLeft) {}
 
 int NoneTextLines::LineOf(TextPos position) const {
     const auto behind =
@@ -33,11 +33,15 @@ double NoneTextLines::CaretX(int line, TextPos position) const {
     return CaretX(At(line), IndexIn(At(line), position));
 }
 
+// Of a wrapped line its end is the next one's start.
+std::size_t NoneTextLines::EndOfPlaces(int line) const {
+    return At(line).end + (line + 1 == Count() ? 1 : 0);
+}
+
 TextPos NoneTextLines::PositionAt(int index, double x) const {
     const NoneLine& line = At(index);
-    const bool withEnd = index + 1 == Count() && !(continues_ && line.first < line.end);
     std::size_t nearest = line.first;
-    for (std::size_t i = line.first; i < line.end + (withEnd ? 1 : 0); ++i)
+    for (std::size_t i = line.first; i < EndOfPlaces(index); ++i)
         if (std::abs(CaretX(line, i) - x) < std::abs(CaretX(line, nearest) - x)) nearest = i;
     return clusters_.StartOf(nearest);
 }
@@ -95,8 +99,7 @@ TextPos NoneTextLines::PreviousPosition(TextPos position) const {
 std::vector<std::size_t> NoneTextLines::CaretPlaces(int index) const {
     const NoneLine& line = At(index);
     std::vector<std::size_t> unseen;
-    const std::size_t end = line.end + (index + 1 == Count() ? 1 : 0);
-    for (std::size_t i = line.visibleEnd; i < end; ++i)
+    for (std::size_t i = line.visibleEnd; i < EndOfPlaces(index); ++i)
         unseen.push_back(i);
     std::vector<std::size_t> places = line.order;
     if (rightToLeft_)

@@ -35,6 +35,7 @@ class NoneTextLines : public TextLines {
     // The cluster around a position that is moved into the line; the line's end at the end.
     std::size_t IndexIn(const NoneLine&, TextPos position) const;
     double CaretX(const NoneLine&, std::size_t index) const;
+    std::size_t EndOfPlaces(int line) const;
     // Clusters that the caret can stand in front of, from left to right; the count at the text's
     // end.
     std::vector<std::size_t> CaretPlaces(int line) const;
@@ -44,5 +45,5 @@ class NoneTextLines : public TextLines {
     NoneClusters clusters_;
     std::vector<NoneLine> lines_;
     std::vector<StyledRun> runs_; // keeps the styles
-    bool rightToLeft_ = false, continues_ = false;
+    bool rightToLeft_ = false;
 };

@@ -85,15 +85,6 @@ TEST_CASE("headless line layout: spaces at the text's end take the room that is 
     CHECK(lines->CaretX(0, 6) == 4 * letter);
 }
 
-TEST_CASE("headless line layout: a text that goes on has no place at its end") {
-    NoneLineLayout layout;
-    ParagraphText paragraph = Paragraph(layout, u"abc");
-    CHECK(layout.BreakLines(paragraph)->PositionAt(0, 1000) == 3);
-    paragraph.continues = true;
-    CHECK(layout.BreakLines(paragraph)->PositionAt(0, 1000) == 2);
-    CHECK(layout.BreakLines(paragraph)->NextPosition(2) == 3);
-}
-
 TEST_CASE("headless line layout: steps between directions follow what is seen") {
     NoneLineLayout layout;
     // Seen as: a b DCB(right to left) c, where each Hebrew letter's caret is to its right.
@@ -134,8 +125,6 @@ TEST_CASE("headless canvas: keeps what is drawn, in order") {
     LinePaint paint;
     paint.text = 0x123456;
     paint.clip = {0, 0, 110, 100};
-    const Rect selected[] = {{100, 30, 8, 16}};
-    paint.selected = selected;
     lines->Draw(canvas, 0, 100, 43, paint);
     REQUIRE(canvas.drawings.size() == 3); // the second letter with a background is clipped away
     CHECK(canvas.drawings[0].kind == NoneDrawing::Kind::Tint);
@@ -147,5 +136,4 @@ TEST_CASE("headless canvas: keeps what is drawn, in order") {
     CHECK(canvas.drawings[2].left == 100);
     CHECK(canvas.drawings[2].baseline == 43);
     CHECK(canvas.drawings[2].color == 0x123456);
-    CHECK(canvas.drawings[2].selected == std::vector<Rect>{{100, 30, 8, 16}});
 }
