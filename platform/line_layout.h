@@ -70,7 +70,9 @@ struct ParagraphText {
     // The indent is at the start edge, which is the right one from right to left.
     int width = 1;
     int firstIndent = 0, indent = 0; // of the first line and of the others
-    std::vector<int> tabStops;       // from the start edge (not from the indent), ascending
+    // From the start edge (not from the indent), ascending. A tab reaches to the next one that is
+    // at least a pixel away.
+    std::vector<int> tabStops;
     double tabDistance = 48; // of those behind the last one, as multiples from the start edge
 };
 
@@ -120,20 +122,22 @@ class TextLines {
     // empty ones.
     virtual std::vector<TextExtent> Extents(int line, TextPos start, TextPos end) const = 0;
 
-    // Places for the caret: between characters with all their marks. The same at an end of the
-    // text.
+    // Places for the caret: between characters with all their marks (grapheme clusters). The same
+    // at an end of the text.
     virtual TextPos NextPosition(TextPos position) const = 0;
     virtual TextPos PreviousPosition(TextPos position) const = 0;
     bool IsPosition(TextPos position) const {
         return position == 0 || NextPosition(PreviousPosition(position)) == position;
     }
     // The place of the caret that is seen to the left or right; the same where the text ends there.
+    // Behind an end of a line comes the line before or after.
     virtual TextPos LeftOf(TextPos position) const = 0;
     virtual TextPos RightOf(TextPos position) const = 0;
     // Starts of words (for Ctrl and an arrow); the same at an end of the text.
     virtual TextPos NextWord(TextPos position) const = 0;
     virtual TextPos PreviousWord(TextPos position) const = 0;
-    // The word, or the stretch between words, around a position (for a double click).
+    // The word, or a stretch between words, that a position is in (for a double click); of the
+    // text's end the last one.
     virtual CharSpan WordAt(TextPos position) const = 0;
 
     // At the left edge and the baseline of what is visible.

@@ -11,6 +11,7 @@ import unicodedata
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 TABLES = {
     "common/case_table.h": "common/make_case_table.py",
+    "common/unicode_table.h": "common/make_unicode_table.py",
     "formats/codepages/code_page_tables.h": "formats/codepages/make_code_page_tables.py",
 }
 SKIPPED = 77

@@ -1,0 +1,12 @@
+// Breaks a paragraph into lines, and gives each character its place in them.
+#pragma once
+
+#include "platform/none/none_clusters.h"
+
+struct NoneLine {
+    TextLine line;
+    std::size_t first = 0, visibleEnd = 0, end = 0; // clusters
+    std::vector<std::size_t> order;                 // the visible ones, from left to right
+};
+
+std::vector<NoneLine> BreakIntoLines(const ParagraphText&, NoneClusters&);

@@ -1,0 +1,40 @@
+// What the headless line layout draws.
+#include "platform/none/none_canvas.h"
+#include "platform/none/none_text_lines.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+Rect Intersection(const Rect& a, const Rect& b) {
+    const int left = std::max(a.left, b.left), top = std::max(a.top, b.top);
+    const int right = std::min(a.left + a.width, b.left + b.width),
+              bottom = std::min(a.top + a.height, b.top + b.height);
+    return {left, top, std::max(0, right - left), std::max(0, bottom - top)};
+}
+} // namespace
+
+void NoneTextLines::FillBackgrounds(Canvas& canvas, const NoneLine& line, int left, int baseline,
+                                    const Rect& clip) const {
+    const int top = baseline - int(std::ceil(line.line.ascent)),
+              bottom = baseline + int(std::ceil(line.line.descent));
+    for (const std::size_t i : line.order) {
+        const NoneCluster& each = Cluster(i);
+        const auto background = each.style->Style().background;
+        if (!background) continue;
+        const int from = left + int(std::lround(each.left)),
+                  to = left + int(std::lround(each.left + each.width));
+        const Rect rect = Intersection({from, top, to - from, bottom - top}, clip);
+        if (rect.width > 0 && rect.height > 0) canvas.FillRect(rect, *background);
+    }
+}
+
+void NoneTextLines::Draw(Canvas& canvas, int index, int left, int baseline,
+                         const LinePaint& paint) const {
+    const NoneLine& line = At(index);
+    FillBackgrounds(canvas, line, left, baseline, paint.clip);
+    const auto start = std::size_t(line.line.start),
+               end = std::size_t(clusters_.StartOf(line.visibleEnd));
+    if (auto* record = dynamic_cast<NoneCanvas*>(&canvas))
+        record->DrawLine(clusters_.text.substr(start, end - start), left, baseline, paint);
+}

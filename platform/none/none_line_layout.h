@@ -1,0 +1,41 @@
+// Headless line layout: each character is half as wide as its font is high, wide East Asian ones
+// are as wide as high, marks and format characters have no width. Directions, line breaks and
+// characters of several units are real, so that a view can be tested without a toolkit, the same
+// everywhere.
+#pragma once
+
+#include "platform/line_layout.h"
+
+class NoneStyle : public PreparedStyle {
+  public:
+    NoneStyle(const TextStyle& style, double dpi, int resolution)
+        : style_(style), pixels_(style.font.points * dpi / 72), resolution_(resolution) {}
+    const TextStyle& Style() const { return style_; }
+    double Ascent() const { return 0.8 * pixels_; }
+    double Descent() const { return 0.2 * pixels_; }
+    double CharacterWidth() const {
+        return style_.baseline == TextBaseline::Normal ? pixels_ / 2 : pixels_ / 3;
+    }
+    int Resolution() const { return resolution_; }
+
+  private:
+    TextStyle style_;
+    double pixels_; // the font's height
+    int resolution_;
+};
+
+class NoneLineLayout : public LineLayout {
+  public:
+    void SetResolution(double dpi) override;
+    StyleHandle Prepare(const TextStyle&) override;
+    FontMetrics Metrics(const PreparedStyle&) const override;
+    std::unique_ptr<TextLines> BreakLines(const ParagraphText&) override;
+
+    // What was asked, for tests.
+    int prepared = 0, paragraphs = 0;
+    int staleStyles = 0; // used after the resolution they were prepared for
+
+  private:
+    double dpi_ = 96;
+    int resolution_ = 0; // counts the changes
+};

@@ -1,0 +1,217 @@
+// What every line layout must do with fonts, tabs, boxes and justified lines.
+#include "tests/contract/line_layout_contract.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+constexpr char16_t objectReplacement = u'\uFFFC';
+
+// A run of small letters with one of large ones from `start` to `end`.
+ParagraphText WithLargeRun(LineLayout& layout, std::u16string text, TextPos start, TextPos end) {
+    ParagraphText paragraph = LineParagraph(layout, std::move(text));
+    paragraph.runs.push_back({start, layout.Prepare(LineStyle(24))});
+    paragraph.runs.push_back({end, paragraph.runs[0].style});
+    return paragraph;
+}
+
+std::unique_ptr<TextLines> BreakWithTabs(LineLayout& layout, std::u16string text, bool rightToLeft,
+                                         int indent = 0) {
+    ParagraphText paragraph = LineParagraph(layout, std::move(text), unlimited, rightToLeft);
+    paragraph.tabStops = {200, 330};
+    paragraph.tabDistance = 150;
+    paragraph.firstIndent = indent;
+    return layout.BreakLines(paragraph);
+}
+
+// How far from the start edge of its text the caret stands.
+double FromStart(const TextLines& lines, TextPos position, bool rightToLeft) {
+    const double x = lines.CaretX(0, position);
+    return rightToLeft ? lines.Line(0).width - x : x;
+}
+} // namespace
+
+TEST_CASE("line layout: metrics are those of a line of that style") {
+    OnEachLineLayout([](LineLayout& layout) {
+        const auto style = layout.Prepare(LineStyle());
+        const FontMetrics metrics = layout.Metrics(*style);
+        const auto lines = layout.BreakLines(LineParagraph(layout, u"abc"));
+        CHECK(metrics.spaceWidth > 0);
+        CHECK(metrics.leading >= 0);
+        CHECK(IsWithin(lines->Line(0).ascent, metrics.ascent));
+        CHECK(IsWithin(lines->Line(0).descent, metrics.descent));
+        CHECK(IsWithin(TextWidth(layout, std::u16string(20, u' ')), 20 * metrics.spaceWidth,
+                       10 * pixel));
+    });
+}
+
+TEST_CASE("line layout: a larger font raises the lines that it is in") {
+    OnEachLineLayout([](LineLayout& layout) {
+        const FontMetrics small = layout.Metrics(*layout.Prepare(LineStyle())),
+                          large = layout.Metrics(*layout.Prepare(LineStyle(24)));
+        CHECK(large.ascent > 1.5 * small.ascent);
+        const auto lines = layout.BreakLines(WithLargeRun(layout, u"abc\u2028def\u2028ghi", 5, 6));
+        REQUIRE(lines->Count() == 3);
+        CHECK(IsWithin(lines->Line(0).ascent, small.ascent));
+        CHECK(IsWithin(lines->Line(1).ascent, large.ascent));
+        CHECK(IsWithin(lines->Line(1).descent, large.descent));
+        CHECK(IsWithin(lines->Line(2).ascent, small.ascent));
+        const TextExtent e = lines->CharacterExtent(1, 5);
+        CHECK(IsWithin(e.right - e.left, TextWidth(layout, u"e", LineStyle(24))));
+        CHECK(TextWidth(layout, u"eeee", LineStyle(24)) > 1.5 * TextWidth(layout, u"eeee"));
+    });
+}
+
+TEST_CASE("line layout: raised and lowered letters are smaller") {
+    OnEachLineLayout([](LineLayout& layout) {
+        TextStyle style = LineStyle(24);
+        const double normal = TextWidth(layout, u"several", style);
+        for (const TextBaseline baseline : {TextBaseline::Superscript, TextBaseline::Subscript}) {
+            style.baseline = baseline;
+            CHECK(TextWidth(layout, u"several", style) < 0.9 * normal);
+            CHECK(TextWidth(layout, u"several", style) > 0.3 * normal);
+        }
+    });
+}
+
+TEST_CASE("line layout: measures grow with the resolution") {
+    OnEachLineLayout([](LineLayout& layout) {
+        const double before = TextWidth(layout, u"several words in a row");
+        const FontMetrics small = layout.Metrics(*layout.Prepare(LineStyle()));
+        layout.SetResolution(192);
+        const double after = TextWidth(layout, u"several words in a row");
+        const FontMetrics large = layout.Metrics(*layout.Prepare(LineStyle()));
+        CHECK(IsWithin(after, 2 * before, 0.15 * after)); // hinted advances are whole pixels
+        CHECK(IsWithin(large.Height(), 2 * small.Height(), 0.15 * large.Height()));
+    });
+}
+
+TEST_CASE("line layout: a font that is not installed gives another, the empty one the system's") {
+    OnEachLineLayout([](LineLayout& layout) {
+        TextStyle style = LineStyle();
+        style.font.family = u"No Such Family 471";
+        CHECK(TextWidth(layout, u"several", style) > 7);
+        CHECK(layout.Metrics(*layout.Prepare(style)).ascent > 0);
+    });
+}
+
+TEST_CASE("line layout: a tab reaches to the next stop, behind the last to a multiple") {
+    OnEachLineLayout([](LineLayout& layout) {
+        struct {
+            std::u16string text;
+            bool rightToLeft;
+        } const cases[] = {{u"a\tb\tc\td\t\te", false},
+                           {u"\u05D0\t\u05D1\t\u05D2\t\u05D3\t\t\u05D4", true}};
+        for (const auto& [text, rightToLeft] : cases) {
+            CAPTURE(rightToLeft);
+            const auto lines = BreakWithTabs(layout, text, rightToLeft);
+            REQUIRE(lines->Count() == 1);
+            CHECK(IsWithin(FromStart(*lines, 2, rightToLeft), 200));
+            CHECK(IsWithin(FromStart(*lines, 4, rightToLeft), 330));
+            CHECK(IsWithin(FromStart(*lines, 6, rightToLeft), 450));
+            CHECK(IsWithin(FromStart(*lines, 8, rightToLeft), 600));
+            CHECK(IsWithin(FromStart(*lines, 9, rightToLeft), 750)); // from a stop to the next
+            const TextExtent tab = lines->CharacterExtent(0, 8);
+            CHECK(IsWithin(tab.right - tab.left, 150, 2 * pixel));
+            const double middle = (tab.left + tab.right) / 2;
+            CHECK(lines->CharacterAt(0, middle) == 8);
+        }
+    });
+}
+
+TEST_CASE("line layout: tab stops are from the start edge, not from the indent") {
+    OnEachLineLayout([](LineLayout& layout) {
+        for (const bool rightToLeft : {false, true}) {
+            CAPTURE(rightToLeft);
+            const std::u16string text = rightToLeft ? u"\t\u05D0\t\u05D1" : u"\ta\tb";
+            const auto lines = BreakWithTabs(layout, text, rightToLeft, 50);
+            CHECK(IsWithin(FromStart(*lines, 1, rightToLeft), 150));
+            CHECK(IsWithin(FromStart(*lines, 3, rightToLeft), 280));
+            const auto behind = BreakWithTabs(layout, text, rightToLeft, 220);
+            CHECK(IsWithin(FromStart(*behind, 1, rightToLeft), 110));
+        }
+    });
+}
+
+TEST_CASE("line layout: a box has its width, and lines may break beside it") {
+    OnEachLineLayout([](LineLayout& layout) {
+        for (const bool rightToLeft : {false, true}) {
+            CAPTURE(rightToLeft);
+            const std::u16string word = rightToLeft ? u"\u05D0\u05D1\u05D2" : u"abc";
+            const double wordWidth = TextWidth(layout, word);
+            const int box = int(2 * wordWidth);
+            ParagraphText paragraph =
+                LineParagraph(layout, word + objectReplacement + word, unlimited, rightToLeft);
+            paragraph.boxes = {{3, box}};
+            auto lines = layout.BreakLines(paragraph);
+            REQUIRE(lines->Count() == 1);
+            CHECK(IsWithin(lines->Line(0).width, box + 2 * wordWidth, 2 * pixel));
+            const TextExtent extent = lines->CharacterExtent(0, 3);
+            CHECK(IsWithin(extent.right - extent.left, box));
+            CHECK(IsWithin(extent.left, wordWidth, 2 * pixel));
+            CHECK(lines->CharacterAt(0, (extent.left + extent.right) / 2) == 3);
+            CHECK(lines->NextPosition(3) == 4);
+            CHECK(lines->PreviousPosition(4) == 3);
+
+            paragraph.width = box + 1; // alone in its line
+            lines = layout.BreakLines(paragraph);
+            REQUIRE(lines->Count() == 3);
+            CHECK(lines->Line(1).start == 3);
+            CHECK(lines->Line(1).end == 4);
+            CHECK(IsWithin(lines->Line(1).width, box));
+            const double ascent = layout.Metrics(*paragraph.runs[0].style).ascent;
+            CHECK(lines->Line(1).ascent <= ascent + pixel); // the box does not count
+        }
+    });
+}
+
+TEST_CASE("line layout: justified lines fill the width, all but the last") {
+    OnEachLineLayout([](LineLayout& layout) {
+        struct {
+            std::u16string text;
+            bool rightToLeft;
+        } const cases[] = {
+            {u"some words in a row of several words that fill more lines than one", false},
+            {Repeated(u"\u05E9\u05DC \u05D5\u05DD\u05E2 ", 8) + u"\u05E9\u05DC", true}};
+        for (const auto& [text, rightToLeft] : cases) {
+            CAPTURE(rightToLeft);
+            const int indent = 7, room = int(TextWidth(layout, text) / 3.5);
+            ParagraphText paragraph = LineParagraph(layout, text, room + indent, rightToLeft);
+            paragraph.firstIndent = paragraph.indent = indent;
+            const auto natural = layout.BreakLines(paragraph);
+            paragraph.justified = true;
+            const auto lines = layout.BreakLines(paragraph);
+            REQUIRE(lines->Count() == natural->Count());
+            REQUIRE(lines->Count() > 2);
+            for (int line = 0; line + 1 < lines->Count(); ++line) {
+                CAPTURE(line);
+                CHECK(lines->Line(line).end == natural->Line(line).end);
+                CHECK(lines->Line(line).justified);
+                CHECK(IsWithin(lines->Line(line).width, room));
+                const double end = lines->CaretX(line, lines->Line(line).end - 1);
+                CHECK(IsWithin(end, rightToLeft ? 0 : room)); // a space
+            }
+            const int last = lines->Count() - 1;
+            CHECK_FALSE(lines->Line(last).justified);
+            CHECK(IsWithin(lines->Line(last).width, natural->Line(last).width));
+        }
+    });
+}
+
+TEST_CASE("line layout: a line without spaces, with a tab or before a break is not justified") {
+    OnEachLineLayout([](LineLayout& layout) {
+        for (const char16_t* text :
+             {u"several several", u"a\tb several several", u"a b c\u2028several several"}) {
+            ParagraphText paragraph =
+                LineParagraph(layout, text, int(1.5 * TextWidth(layout, u"several")));
+            paragraph.tabStops = {int(TextWidth(layout, u"abc"))};
+            const auto natural = layout.BreakLines(paragraph);
+            paragraph.justified = true;
+            const auto lines = layout.BreakLines(paragraph);
+            REQUIRE(lines->Count() == natural->Count());
+            REQUIRE(lines->Count() > 1);
+            CHECK_FALSE(lines->Line(0).justified);
+            CHECK(IsWithin(lines->Line(0).width, natural->Line(0).width));
+        }
+    });
+}
