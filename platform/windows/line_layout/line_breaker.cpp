@@ -24,7 +24,7 @@ class Breaker {
     bool Fits(int width) const { return x_ + width <= room_; }
     int TabWidth() const;
     void SetGap(std::size_t at, bool first);
-    int HyphenRoom(std::size_t at) const;
+    bool HyphenFits(std::size_t at) const;
     std::size_t EndWithin(std::size_t start, std::size_t at) const;
     std::size_t NextPlace(std::size_t at) const;
     int WidthOf(std::size_t start, std::size_t end) const;
@@ -51,9 +51,10 @@ void Breaker::SetGap(std::size_t at, bool first) {
     shaped_.widths[at] = first ? std::min(width, room_) : width;
 }
 
-// What a hyphen takes if the line ends in front of the unit.
-int Breaker::HyphenRoom(std::size_t at) const {
-    return text_.units[at - 1].kind == UnitKind::SoftHyphen ? HyphenWidth(paragraph_, at - 1) : 0;
+// Whether there is room for the hyphen that is seen if the line ends in front of the unit.
+bool Breaker::HyphenFits(std::size_t at) const {
+    return text_.units[at - 1].kind != UnitKind::SoftHyphen ||
+           Fits(HyphenWidth(paragraph_, at - 1));
 }
 
 // Where a line may begin at the earliest, behind a unit.
@@ -73,7 +74,7 @@ int Breaker::WidthOf(std::size_t start, std::size_t end) const {
 
 // Within a word: not behind a soft hyphen for which there is no room.
 std::size_t Breaker::EndWithin(std::size_t start, std::size_t at) const {
-    return Fits(HyphenRoom(at)) || at - 1 == start ? at : at - 1;
+    return HyphenFits(at) || at - 1 == start ? at : at - 1;
 }
 
 LineEnd Breaker::FindEnd(std::size_t start, int indent) {
@@ -85,7 +86,7 @@ LineEnd Breaker::FindEnd(std::size_t start, int indent) {
         const TextUnit& unit = text_.units[at];
         next = NextPlace(at);
         if (unit.kind == UnitKind::LineBreak) return {at + 1, true, false};
-        if (unit.mayBreak && at > start && Fits(HyphenRoom(at))) candidate = at;
+        if (unit.mayBreak && at > start && HyphenFits(at)) candidate = at;
         SetGap(at, at == start);
         const int width = WidthOf(at, next);
         if (!unit.isSpace && at > start && !Fits(width) && width > 0)
@@ -101,6 +102,22 @@ void HideTrailingSpaces(const TextUnits& text, ShapedText& shaped, BrokenLine& l
         shaped.widths[--line.visibleEnd] = 0;
 }
 
+// In a line that is not wrapped they have their width as far as there is room.
+void LimitTrailingSpaces(const TextUnits& text, ShapedText& shaped, const BrokenLine& line,
+                         int room) {
+    const auto start = static_cast<std::size_t>(line.line.start);
+    int excess = -room;
+    for (std::size_t at = start; at < line.visibleEnd; ++at)
+        excess += shaped.widths[at];
+    for (std::size_t at = line.visibleEnd; at > start && excess > 0; --at) {
+        if (!text.units[at - 1].isSpace) break;
+        int& width = shaped.widths[at - 1];
+        const int less = std::min(width, excess);
+        width -= less;
+        excess -= less;
+    }
+}
+
 // A paragraph that goes on behind its text is wrapped there as well.
 BrokenLine MakeLine(const ParagraphText& paragraph, const TextUnits& text, ShapedText& shaped,
                     std::size_t start, const LineEnd& end) {
@@ -109,15 +126,17 @@ BrokenLine MakeLine(const ParagraphText& paragraph, const TextUnits& text, Shape
     line.line.end = static_cast<TextPos>(end.end);
     line.visibleEnd = end.isBreak ? end.end - 1 : end.end;
     const bool wrapped = !end.isBreak && (!end.isTextEnd || paragraph.continues);
-    if (wrapped) HideTrailingSpaces(text, shaped, line);
+    const int indent = start == 0 ? paragraph.firstIndent : paragraph.indent;
+    const int room = std::max(1, paragraph.width - indent);
+    if (wrapped)
+        HideTrailingSpaces(text, shaped, line);
+    else
+        LimitTrailingSpaces(text, shaped, line, room);
     const std::size_t last = line.visibleEnd;
     line.hasHyphen = wrapped && !end.isTextEnd && last > start &&
                      text.units[last - 1].kind == UnitKind::SoftHyphen;
     if (line.hasHyphen) shaped.widths[last - 1] = HyphenWidth(paragraph, last - 1);
-    const int indent = start == 0 ? paragraph.firstIndent : paragraph.indent;
-    if (wrapped && paragraph.justified)
-        line.line.justified =
-            JustifyLine(text, shaped, line, std::max(1, paragraph.width - indent));
+    if (wrapped && paragraph.justified) line.line.justified = JustifyLine(text, shaped, line, room);
     PlacePieces(text, shaped, line);
     MeasureLine(paragraph, shaped, line);
     return line;
