@@ -36,24 +36,17 @@ std::size_t EndOfFont(const ParagraphText& paragraph, std::size_t& run, std::siz
     return next < paragraph.runs.size() ? std::min(end, startOf(next)) : end;
 }
 
-bool RestrictsCarets(const SCRIPT_ANALYSIS& analysis) {
-    const SCRIPT_PROPERTIES** properties = nullptr;
-    int count = 0;
-    const Uniscribe* const uniscribe = LoadUniscribe();
-    return uniscribe && SUCCEEDED(uniscribe->scriptProperties(&properties, &count)) &&
-           analysis.eScript < count && properties[analysis.eScript]->fNeedsCaretInfo;
-}
-
 // Syllables of Indic scripts are not divided, and no line begins within a ligature.
 void FitUnitsToClusters(const GlyphRun& run, TextUnits& text) {
-    const bool restricted = RestrictsCarets(run.analysis);
+    const SCRIPT_PROPERTIES* const properties = PropertiesOf(run.analysis);
+    const bool restricted = properties && properties->fNeedsCaretInfo;
     for (std::size_t at = run.start + 1; at < run.end; ++at) {
         if (run.StartsCluster(at)) continue;
         TextUnit& unit = text.units[at];
         unit.mayBreak = false;
         unit.inLigature = true;
         if (!restricted) continue;
-        unit.caret = unit.startsWord = false;
+        unit.caret = unit.startsStretch = unit.startsWord = false;
     }
 }
 

@@ -23,7 +23,7 @@ class Breaker {
   private:
     bool Fits(int width) const { return x_ + width <= room_; }
     int TabWidth() const;
-    void SetGap(std::size_t at, bool first);
+    bool TakeWidth(std::size_t at, std::size_t next, int& width);
     bool HyphenFits(std::size_t at) const;
     std::size_t EndWithin(std::size_t start, std::size_t at) const;
     std::size_t NextPlace(std::size_t at) const;
@@ -35,7 +35,7 @@ class Breaker {
     int x_ = 0, indent_ = 0, room_ = 0;
 };
 
-// From the start edge to the next stop that is at least a pixel away.
+// To the next stop that is at least a pixel away, from the start edge.
 int Breaker::TabWidth() const {
     const int from = indent_ + x_;
     for (const int stop : paragraph_.tabStops)
@@ -45,10 +45,13 @@ int Breaker::TabWidth() const {
     return std::max(1, static_cast<int>(std::lround(next)) - from);
 }
 
-void Breaker::SetGap(std::size_t at, bool first) {
-    if (text_.units[at].kind != UnitKind::Tab) return;
-    const int width = TabWidth();
-    shaped_.widths[at] = first ? std::min(width, room_) : width;
+// Spaces always do. A tab reaches at most to the line's end.
+bool Breaker::TakeWidth(std::size_t at, std::size_t next, int& width) {
+    const TextUnit& unit = text_.units[at];
+    if (unit.kind == UnitKind::Tab)
+        shaped_.widths[at] = std::min(TabWidth(), std::max(1, room_ - x_));
+    width = WidthOf(at, next);
+    return unit.isSpace || width == 0 || x_ + width <= room_;
 }
 
 // Whether there is room for the hyphen that is seen if the line ends in front of the unit.
@@ -87,9 +90,8 @@ LineEnd Breaker::FindEnd(std::size_t start, int indent) {
         next = NextPlace(at);
         if (unit.kind == UnitKind::LineBreak) return {at + 1, true, false};
         if (unit.mayBreak && at > start && HyphenFits(at)) candidate = at;
-        SetGap(at, at == start);
-        const int width = WidthOf(at, next);
-        if (!unit.isSpace && at > start && !Fits(width) && width > 0)
+        int width = 0;
+        if (!TakeWidth(at, next, width) && at > start)
             return {candidate > start ? candidate : EndWithin(start, at), false, false};
         x_ += width;
     }

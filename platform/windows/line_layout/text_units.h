@@ -18,12 +18,12 @@ enum class UnitKind : std::uint8_t {
 
 struct TextUnit {
     UnitKind kind = UnitKind::Text;
-    std::uint8_t level = 0;  // of embedding; an odd one is from right to left
-    bool caret = true;       // the caret can stand in front of it
-    bool mayBreak = false;   // a line may begin with it
-    bool inLigature = false; // its glyph is that of the unit before
-    bool startsWord = false; // or a stretch between words
-    bool betweenWords = false;
+    std::uint8_t level = 0;     // of embedding; an odd one is from right to left
+    bool caret = false;         // the caret can stand in front of it
+    bool mayBreak = false;      // a line may begin with it
+    bool inLigature = false;    // its glyph is that of the unit before
+    bool startsStretch = false; // of a word, or between words
+    bool startsWord = false;
     bool isSpace = false; // without width at the end of a wrapped line
 };
 
@@ -41,5 +41,7 @@ struct TextUnits {
 
 TextUnits AnalyzeUnits(const ParagraphText&);
 
-// In text_words.cpp.
-void MarkWords(TextUnits&);
+// Null without Uniscribe.
+const SCRIPT_PROPERTIES* PropertiesOf(const SCRIPT_ANALYSIS&);
+// In script_items.cpp: the items, and the levels of the units.
+void ItemizeUnits(TextUnits&);

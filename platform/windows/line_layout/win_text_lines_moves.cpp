@@ -50,7 +50,7 @@ TextPos WinTextLines::NextWord(TextPos position) const {
     std::size_t at = Limit(position);
     while (at < text_.Size()) {
         ++at;
-        if (at < text_.Size() && text_.units[at].startsWord && !text_.units[at].betweenWords) break;
+        if (at < text_.Size() && text_.units[at].startsWord) break;
     }
     return static_cast<TextPos>(at);
 }
@@ -59,7 +59,7 @@ TextPos WinTextLines::PreviousWord(TextPos position) const {
     std::size_t at = Limit(position);
     while (at > 0) {
         --at;
-        if (text_.units[at].startsWord && !text_.units[at].betweenWords) break;
+        if (text_.units[at].startsWord) break;
     }
     return static_cast<TextPos>(at);
 }
@@ -68,9 +68,9 @@ CharSpan WinTextLines::WordAt(TextPos position) const {
     if (text_.Size() == 0) return {};
     std::size_t start = std::min(Limit(position), text_.Size() - 1);
     std::size_t end = start + 1;
-    while (start > 0 && !text_.units[start].startsWord)
+    while (start > 0 && !text_.units[start].startsStretch)
         --start;
-    while (end < text_.Size() && !text_.units[end].startsWord)
+    while (end < text_.Size() && !text_.units[end].startsStretch)
         ++end;
     return {static_cast<TextPos>(start), static_cast<TextPos>(end - start)};
 }
