@@ -110,3 +110,14 @@ ShapedText ShapeText(WinFonts& fonts, const ParagraphText& paragraph, TextUnits&
     }
     return shaped;
 }
+
+void ChangeWidth(ShapedText& shaped, std::size_t unit, int width) {
+    const auto run =
+        std::upper_bound(shaped.runs.begin(), shaped.runs.end(), unit,
+                         [](std::size_t at, const GlyphRun& each) { return at < each.end; });
+    if (run == shaped.runs.end() || unit < run->start) return;
+    const GlyphSpan glyphs = GlyphsOf(*run, unit, unit + 1);
+    if (glyphs.end != glyphs.first + 1) return;
+    run->advances[glyphs.first] += width - shaped.widths[unit];
+    shaped.widths[unit] = width;
+}

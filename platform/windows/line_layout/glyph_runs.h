@@ -34,6 +34,9 @@ struct ShapedText {
     std::vector<int> widths;
 };
 
+// Makes a unit wider or narrower. It stays as it is where it shares its glyph.
+void ChangeWidth(ShapedText&, std::size_t unit, int width);
+
 // Takes places of the caret and breaks within what the glyphs do not divide out of the units.
 ShapedText ShapeText(WinFonts&, const ParagraphText&, TextUnits&);
 

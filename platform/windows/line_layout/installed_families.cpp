@@ -10,7 +10,9 @@ std::vector<InstalledFamily> EnumerateFamilies() {
                            LPARAM list) -> int {
         auto& found = *reinterpret_cast<std::vector<InstalledFamily>*>(list);
         const bool vertical = font->lfFaceName[0] == L'@'; // for text that runs downwards
-        if (type != TRUETYPE_FONTTYPE || vertical) return 1;
+        // Some families are a bold face of another one.
+        const bool plain = font->lfWeight <= FW_MEDIUM && !font->lfItalic;
+        if (type != TRUETYPE_FONTTYPE || vertical || !plain) return 1;
         if (!found.empty() && found.back().name == font->lfFaceName) return 1;
         // The system gives the longer structure for such fonts.
         const auto* const extended = reinterpret_cast<const NEWTEXTMETRICEXW*>(metrics);

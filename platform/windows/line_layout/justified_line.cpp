@@ -1,7 +1,5 @@
 #include "platform/windows/line_layout/line_breaker.h"
 
-#include <algorithm>
-
 namespace {
 
 // The spaces between words: none in front of the first one.
@@ -14,18 +12,6 @@ std::vector<std::size_t> SpacesBetweenWords(const TextUnits& text, const BrokenL
         if (!unit.isSpace) inText = true;
     }
     return spaces;
-}
-
-// A space in a cluster with others is rare, and stays as it is drawn.
-void WidenGlyph(ShapedText& shaped, std::size_t unit, int by) {
-    const auto after =
-        std::upper_bound(shaped.runs.begin(), shaped.runs.end(), unit,
-                         [](std::size_t at, const GlyphRun& run) { return at < run.start; });
-    GlyphRun& run = *(after - 1);
-    const GlyphSpan glyphs = GlyphsOf(run, unit, unit + 1);
-    if (glyphs.first == glyphs.end) return;
-    run.advances[glyphs.first] += by;
-    shaped.widths[unit] += by;
 }
 
 } // namespace
@@ -42,7 +28,8 @@ bool JustifyLine(const TextUnits& text, ShapedText& shaped, BrokenLine& line, in
     int given = 0;
     for (int space = 0; space < count; ++space) {
         const int until = static_cast<int>(static_cast<long long>(missing) * (space + 1) / count);
-        WidenGlyph(shaped, spaces[static_cast<std::size_t>(space)], until - given);
+        const std::size_t unit = spaces[static_cast<std::size_t>(space)];
+        ChangeWidth(shaped, unit, shaped.widths[unit] + until - given);
         given = until;
     }
     return true;

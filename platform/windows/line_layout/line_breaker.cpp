@@ -101,7 +101,7 @@ LineEnd Breaker::FindEnd(std::size_t start, int indent) {
 void HideTrailingSpaces(const TextUnits& text, ShapedText& shaped, BrokenLine& line) {
     const auto start = static_cast<std::size_t>(line.line.start);
     while (line.visibleEnd > start && text.units[line.visibleEnd - 1].isSpace)
-        shaped.widths[--line.visibleEnd] = 0;
+        ChangeWidth(shaped, --line.visibleEnd, 0);
 }
 
 // In a line that is not wrapped they have their width as far as there is room.
@@ -113,9 +113,8 @@ void LimitTrailingSpaces(const TextUnits& text, ShapedText& shaped, const Broken
         excess += shaped.widths[at];
     for (std::size_t at = line.visibleEnd; at > start && excess > 0; --at) {
         if (!text.units[at - 1].isSpace) break;
-        int& width = shaped.widths[at - 1];
-        const int less = std::min(width, excess);
-        width -= less;
+        const int width = shaped.widths[at - 1], less = std::min(width, excess);
+        ChangeWidth(shaped, at - 1, width - less);
         excess -= less;
     }
 }

@@ -19,6 +19,8 @@ constexpr std::wstring_view han = L"Microsoft YaHei,Microsoft JhengHei,Yu Gothic
                             emoji = L"Segoe UI Emoji,Segoe UI Symbol",
                             historic = L"Segoe UI Historic,Segoe UI Symbol";
 
+constexpr int beyondBmp = 57; // the bit of all characters beyond the basic plane
+
 // Ascending. The families are those that come with Windows 8.1 and later.
 constexpr ScriptFamilies scripts[] = {
     {0x0370, 0x03FF, 7, L"Segoe UI,Arial"},
@@ -80,12 +82,12 @@ constexpr ScriptFamilies scripts[] = {
     {0xFE30, 0xFE4F, 65, han},
     {0xFE70, 0xFEFE, 67, L"Segoe UI,Arial"},
     {0xFF00, 0xFFEF, 68, han},
-    {0x10000, 0x10FFF, -1, historic},
+    {0x10000, 0x10FFF, beyondBmp, historic},
     {0x12000, 0x1247F, 110, historic},
-    {0x13000, 0x1342F, -1, historic},
+    {0x13000, 0x1342F, beyondBmp, historic},
     {0x1D100, 0x1D1FF, 88, L"Segoe UI Symbol"},
     {0x1D400, 0x1D7FF, 89, L"Cambria Math,Segoe UI Symbol"},
-    {0x1F000, 0x1FAFF, -1, emoji},
+    {0x1F000, 0x1FAFF, beyondBmp, emoji},
     {0x20000, 0x3FFFF, 59, L"SimSun-ExtB,MingLiU-ExtB,Yu Gothic UI,Microsoft JhengHei"},
 };
 
