@@ -181,7 +181,7 @@ void HelpFrame::LayOut() {
     const int gap = Scaled(margin), width = inner.right, height = inner.bottom;
     const int minWidth = Scaled(minPaneWidth);
     const int left = std::clamp(Scaled(listWidth_), minWidth, std::max(minWidth, width - minWidth));
-    const int field = TextExtent(search_, font_.get(), L"0").cy + Scaled(fieldEdges);
+    const int field = MeasureText(search_, font_.get(), L"0").cy + Scaled(fieldEdges);
     const int listTop = field + 2 * gap, page = left + 2 * gap;
     MoveWindow(search_, gap, gap, left, field, TRUE);
     MoveWindow(list_->Handle(), gap, listTop, left, std::max(0, height - listTop - gap), TRUE);

@@ -43,7 +43,7 @@ NONCLIENTMETRICSW NonClientMetricsForDpi(int dpi) {
     return metrics;
 }
 
-SIZE TextExtent(HWND window, HFONT font, std::wstring_view text) {
+SIZE MeasureText(HWND window, HFONT font, std::wstring_view text) {
     SIZE extent = {};
     const HDC context = GetDC(window);
     const HGDIOBJ previous = SelectObject(context, font);

@@ -62,7 +62,7 @@ void WinStatusBar::FitFont() {
     fontDpi_ = WindowDpi(bar_);
     LOGFONTW font = NonClientMetricsForDpi(fontDpi_).lfStatusFont;
     font_.reset(CreateFontIndirectW(&font));
-    if (TextExtent(bar_, font_.get(), L"0").cy > height_ - edges) {
+    if (MeasureText(bar_, font_.get(), L"0").cy > height_ - edges) {
         font.lfHeight = std::max(height_ - edges, 1); // positive: the cell height
         font_.reset(CreateFontIndirectW(&font));
     }
@@ -71,7 +71,7 @@ void WinStatusBar::FitFont() {
 
 int WinStatusBar::PanelWidth(const StatusPanel& panel) const {
     if (panel.style == PanelStyle::Date)
-        return TextExtent(bar_, font_.get(), date_).cx + 2 * MulDiv(inset, fontDpi_, 96);
+        return MeasureText(bar_, font_.get(), date_).cx + 2 * MulDiv(inset, fontDpi_, 96);
     return panel.spring ? 0 : MulDiv(textPanelWidth, fontDpi_, 96);
 }
 

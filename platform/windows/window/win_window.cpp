@@ -186,7 +186,7 @@ void WinWindow::ApplySystemFont() {
 }
 
 double WinWindow::TextWidth(std::u16string_view text) const {
-    return TextExtent(Handle(), font_.get(), ToWide(text)).cx;
+    return MeasureText(Handle(), font_.get(), ToWide(text)).cx;
 }
 
 void WinWindow::SetPanelBounds(const Rect& bounds) {

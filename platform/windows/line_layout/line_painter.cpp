@@ -1,0 +1,117 @@
+#include "platform/windows/line_layout/line_painter.h"
+
+#include <algorithm>
+
+namespace {
+
+class Painter {
+  public:
+    Painter(WinCanvas& canvas, const PaintedLine& painted, int left, int baseline,
+            const LinePaint& paint)
+        : canvas_(canvas), painted_(painted), parts_(PartsOf(painted)), left_(left),
+          baseline_(baseline), paint_(paint) {}
+
+    // In the text's own colours, or all in one and without backgrounds.
+    void Paint(std::optional<Color> only) const;
+
+  private:
+    bool IsInClip(const PaintedPart&, const RECT& clip) const;
+    void PaintBackground(const PaintedPart&) const;
+    void PaintText(const PaintedPart&, Color) const;
+    void PaintGlyphs(const PaintedPart&, int y) const;
+    void PaintRule(const PaintedPart&, const TextRule&, int y, Color) const;
+
+    WinCanvas& canvas_;
+    const PaintedLine& painted_;
+    const std::vector<PaintedPart> parts_;
+    const int left_, baseline_;
+    const LinePaint& paint_;
+};
+
+// Letters may reach beyond their place, italic ones above all.
+bool Painter::IsInClip(const PaintedPart& part, const RECT& clip) const {
+    const int margin = part.style->font->ascent + part.style->font->descent;
+    return left_ + part.right + margin > clip.left && left_ + part.left - margin < clip.right;
+}
+
+void Painter::PaintBackground(const PaintedPart& part) const {
+    const TextLine& line = painted_.line.line;
+    const int ascent = static_cast<int>(line.ascent), descent = static_cast<int>(line.descent);
+    canvas_.FillRect(
+        {left_ + part.left, baseline_ - ascent, part.right - part.left, ascent + descent},
+        *part.style->style.background);
+}
+
+void Painter::PaintGlyphs(const PaintedPart& part, int y) const {
+    const HDC context = canvas_.Context();
+    if (!part.run) { // a soft hyphen at the line's end; other gaps are empty
+        SelectObject(context, part.style->font->handle.get());
+        ExtTextOutW(context, left_ + part.left, y, 0, nullptr, L"-", 1, nullptr);
+        return;
+    }
+    const GlyphRun& run = *part.run;
+    const GlyphSpan span = GlyphsOf(run, part.start, part.end);
+    const Uniscribe* const uniscribe = LoadUniscribe();
+    if (span.first == span.end || !uniscribe) return;
+    SelectObject(context, run.font->handle.get());
+    uniscribe->textOut(context, &run.font->cache, left_ + part.left, y, 0, nullptr, &run.analysis,
+                       nullptr, 0, &run.glyphs[span.first], static_cast<int>(span.end - span.first),
+                       &run.advances[span.first], nullptr, &run.offsets[span.first]);
+}
+
+void Painter::PaintRule(const PaintedPart& part, const TextRule& rule, int y, Color color) const {
+    canvas_.FillRect({left_ + part.left, y - rule.top, part.right - part.left, rule.thickness},
+                     color);
+}
+
+void Painter::PaintText(const PaintedPart& part, Color color) const {
+    const UnitKind kind = painted_.text.units[part.start].kind;
+    if (kind == UnitKind::Box) return;
+    const WinStyle& style = *part.style;
+    const int y = baseline_ - style.rise;
+    SetTextColor(canvas_.Context(), color);
+    if (kind == UnitKind::Text || kind == UnitKind::SoftHyphen) PaintGlyphs(part, y);
+    if (style.style.underline) PaintRule(part, style.font->underline, y, color);
+    if (style.style.strikethrough) PaintRule(part, style.font->strikeout, y, color);
+}
+
+void Painter::Paint(std::optional<Color> only) const {
+    RECT clip = {};
+    if (GetClipBox(canvas_.Context(), &clip) == NULLREGION) return;
+    for (const PaintedPart& part : parts_)
+        if (!only && part.style->style.background && IsInClip(part, clip)) PaintBackground(part);
+    for (const PaintedPart& part : parts_)
+        if (IsInClip(part, clip))
+            PaintText(part, only ? *only : part.style->style.color.value_or(paint_.text));
+}
+
+void ClipTo(HDC context, const Rect& rect) {
+    const RECT area = ToRect(rect);
+    IntersectClipRect(context, area.left, area.top, area.right, area.bottom);
+}
+
+} // namespace
+
+void PaintLine(WinCanvas& canvas, const PaintedLine& painted, int left, int baseline,
+               const LinePaint& paint) {
+    const HDC context = canvas.Context();
+    const SavedContext saved(context);
+    ClipTo(context, paint.clip);
+    SetBkMode(context, TRANSPARENT);
+    SetTextAlign(context, TA_LEFT | TA_BASELINE | TA_NOUPDATECP);
+    const Painter painter(canvas, painted, left, baseline, paint);
+    {
+        const SavedContext normal(context);
+        for (const Rect& selected : paint.selected) {
+            const RECT area = ToRect(selected);
+            ExcludeClipRect(context, area.left, area.top, area.right, area.bottom);
+        }
+        painter.Paint(std::nullopt);
+    }
+    for (const Rect& selected : paint.selected) {
+        const SavedContext part(context);
+        ClipTo(context, selected);
+        canvas.FillRect(selected, paint.selectedBackground);
+        painter.Paint(paint.selectedText);
+    }
+}

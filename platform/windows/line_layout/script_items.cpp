@@ -1,0 +1,59 @@
+#include "platform/windows/line_layout/text_units.h"
+
+namespace {
+
+// One item for all of it when the system gives none.
+ScriptItems Itemize(const Uniscribe* uniscribe, const TextUnits& all) {
+    const int length = static_cast<int>(all.Size());
+    SCRIPT_ITEM first = {}, end = {};
+    first.a.fRTL = all.baseLevel & 1;
+    first.a.s.uBidiLevel = all.baseLevel & 1;
+    end.iCharPos = length;
+    if (!uniscribe || length == 0) return {first, end};
+    SCRIPT_CONTROL control = {}; // without both of these there are no directions
+    SCRIPT_STATE state = {};
+    state.uBidiLevel = all.baseLevel & 1;
+    ScriptItems items(static_cast<std::size_t>(length) / 8 + 16);
+    for (;;) {
+        int count = 0; // without the last one
+        const HRESULT result =
+            uniscribe->itemize(all.text.data(), length, static_cast<int>(items.size()) - 1,
+                               &control, &state, items.data(), &count);
+        if (SUCCEEDED(result)) {
+            items.resize(static_cast<std::size_t>(count) + 1);
+            return items;
+        }
+        if (result != E_OUTOFMEMORY || items.size() > all.Size() + 2) return {first, end};
+        items.resize(items.size() * 2);
+    }
+}
+
+// What divides a line, and spaces in front of a tab, have the paragraph's direction.
+void ResetSeparators(TextUnits& all) {
+    bool inFront = false;
+    for (std::size_t at = all.Size(); at-- > 0;) {
+        TextUnit& unit = all.units[at];
+        const bool separates = unit.kind == UnitKind::Tab || unit.kind == UnitKind::LineBreak;
+        inFront = separates || (inFront && unit.isSpace);
+        if (inFront) unit.level = all.baseLevel;
+    }
+}
+
+} // namespace
+
+void ItemizeUnits(TextUnits& all) {
+    all.items = Itemize(LoadUniscribe(), all);
+    for (std::size_t item = 0; item + 1 < all.items.size(); ++item)
+        for (int at = all.items[item].iCharPos; at < all.items[item + 1].iCharPos; ++at)
+            all.units[static_cast<std::size_t>(at)].level =
+                static_cast<std::uint8_t>(all.items[item].a.s.uBidiLevel);
+    ResetSeparators(all);
+}
+
+const SCRIPT_PROPERTIES* PropertiesOf(const SCRIPT_ANALYSIS& analysis) {
+    const SCRIPT_PROPERTIES** properties = nullptr;
+    int count = 0;
+    const Uniscribe* const uniscribe = LoadUniscribe();
+    if (!uniscribe || FAILED(uniscribe->scriptProperties(&properties, &count))) return nullptr;
+    return analysis.eScript < count ? properties[analysis.eScript] : nullptr;
+}

@@ -1,0 +1,21 @@
+// Paints on a device context of GDI.
+#pragma once
+
+#include "platform/canvas.h"
+#include "platform/windows/base/win32.h"
+
+inline RECT ToRect(const Rect& rect) {
+    return {rect.left, rect.top, rect.left + rect.width, rect.top + rect.height};
+}
+
+class WinCanvas : public Canvas {
+  public:
+    explicit WinCanvas(HDC context) : context_(context) {}
+    HDC Context() const { return context_; }
+
+    void FillRect(const Rect&, Color) override;
+    void TintRect(const Rect&, Color) override;
+
+  private:
+    HDC context_; // the caller's
+};
