@@ -33,12 +33,13 @@ void AppendRtfText(std::string& rtf, std::u16string_view text) {
     }
 }
 
-RtfWriteTables::RtfWriteTables(const Document& document, TextPos start, TextPos end)
-    : document_(&document) {
+RtfWriteTables::RtfWriteTables(const Document& document, const DocumentStyles& used, TextPos start,
+                               TextPos end)
+    : styles_(used) {
     AddFont(0); // the default one
     StyleCursor styles(document.charRuns);
     for (TextPos at = start; at < end; at = styles.RunEnd(end)) {
-        const CharStyle& style = document.charStyles[styles.At(at)];
+        const CharStyle& style = styles_.charStyles[styles.At(at)];
         AddFont(style.font);
         if (!style.autoForeground) AddColor(style.foreground);
         if (!style.autoBackground) AddColor(style.background);
@@ -61,7 +62,7 @@ void RtfWriteTables::AddColor(Color color) {
 std::string RtfWriteTables::FontTable() const {
     std::string rtf = "{\\fonttbl";
     for (const std::uint16_t font : fonts_) {
-        std::u16string name = document_->fonts[font];
+        std::u16string name = styles_.fonts[font];
         std::erase(name, u';'); // would end the name
         rtf += "{\\f" + std::to_string(FontNumber(font)) + "\\fnil ";
         AppendRtfText(rtf, name);

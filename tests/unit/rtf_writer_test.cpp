@@ -277,3 +277,41 @@ TEST_CASE("rtf writer: signs of symbol fonts come back in the same fonts") {
         CHECK(again.fonts[document_check::CharStyleAt(again, i).font] ==
               document.fonts[document_check::CharStyleAt(document, i).font]);
 }
+
+TEST_CASE("rtf writer: what is set for the whole text is written over what the document says") {
+    const Document document =
+        ReadRtf("{\\rtf1\\deff0{\\fonttbl{\\f0 ;}{\\f1 One;}}{\\colortbl;\\red9;}"
+                "\\f1\\fs40\\b\\qr a\\f0\\cf1\\chcbpat1 b\\i c}",
+                1252);
+    const auto again = [&](const StyleOverrides& overrides) {
+        return ReadRtf(WriteRtf(document, 0, -1, overrides), 1252);
+    };
+    const auto style = [](const Document& read, TextPos at) {
+        return document_check::CharStyleAt(read, at);
+    };
+
+    StyleOverrides overrides;
+    overrides.fontName = u"Mine";
+    Document read = again(overrides); // only where the document names no font
+    CHECK(read.fonts[style(read, 0).font] == u"One");
+    CHECK(read.fonts[style(read, 1).font] == u"Mine");
+    CHECK(style(read, 0).halfPoints == 40);
+
+    CharStyle font;
+    font.halfPoints = 31;
+    font.italic = true;
+    overrides.font = font;
+    overrides.textColor = 0x123456;
+    overrides.alignment = Alignment::Center;
+    read = again(overrides);
+    for (const TextPos at : {0, 1, 2}) {
+        CHECK(read.fonts[style(read, at).font] == u"Mine");
+        CHECK(style(read, at).halfPoints == 31);
+        CHECK(style(read, at).italic);
+        CHECK_FALSE(style(read, at).bold);
+        CHECK(style(read, at).foreground == 0x123456);
+        CHECK(style(read, at).autoBackground == (at == 0)); // its own stays
+    }
+    CHECK(read.paragraphStyles[read.paragraphRuns.back().style].alignment == Alignment::Center);
+    CHECK(WriteRtf(document, 0, -1, {}) == WriteRtf(document));
+}

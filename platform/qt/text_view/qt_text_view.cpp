@@ -6,21 +6,11 @@
 #include "formats/rtf/rtf_writer.h"
 #include "platform/qt/text_view/event_pump.h"
 #include "platform/qt/text_view/text_widget.h"
+#include "platform/shared/view_style_overrides.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
-CharStyle PlainStyle(const ViewFont& font) {
-    CharStyle style;
-    style.halfPoints = static_cast<std::uint16_t>(std::lround(2 * MakeFont(font).pointSizeF()));
-    style.bold = font.bold;
-    style.italic = font.italic;
-    style.underline = font.underline;
-    style.strikethrough = font.strikethrough;
-    return style;
-}
-
 template <class Change>
 void ChangeStyle(TextWidget& widget, const Change& change) {
     ViewStyle style = widget.CurrentStyle();
@@ -120,12 +110,14 @@ TextPos QtTextView::Find(std::u16string_view what, TextPos start, FindOptions op
 }
 
 std::string QtTextView::SelectionAsRtf() const {
-    if (!widget_->IsPlain()) return WriteRtf(widget_->Text(), SelStart(), SelLength());
+    const ViewStyle& style = widget_->CurrentStyle();
+    const QFont font = MakeFont(style.font);
+    const StyleOverrides overrides =
+        OverridesOf(style, widget_->IsPlain(), font.family().toStdU16String(), font.pointSizeF());
+    if (!widget_->IsPlain()) return WriteRtf(widget_->Text(), SelStart(), SelLength(), overrides);
     Document document;
     document.text = TextRange(SelStart(), SelLength());
-    document.fonts = {widget_->CurrentStyle().font.name};
-    document.charStyles = {PlainStyle(widget_->CurrentStyle().font)};
-    return WriteRtf(document);
+    return WriteRtf(document, 0, -1, overrides);
 }
 
 TextPos QtTextView::FirstVisibleChar() const {
