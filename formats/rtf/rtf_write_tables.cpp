@@ -44,10 +44,26 @@ RtfWriteTables::RtfWriteTables(const Document& document, const DocumentStyles& u
         if (!style.autoForeground) AddColor(style.foreground);
         if (!style.autoBackground) AddColor(style.background);
     }
+    AddParagraphColors(document, start, end);
     for (const TableRow& row : document.rows) {
         if (row.start < start || row.end > end) continue;
         for (const TableCell& cell : row.cells)
             if (!cell.autoBackground) AddColor(cell.background);
+    }
+}
+
+// A paragraph has the style of its end, which may lie beyond the stretch.
+void RtfWriteTables::AddParagraphColors(const Document& document, TextPos start, TextPos end) {
+    const std::size_t last = document.text.find_first_of(u"\n\a", static_cast<std::size_t>(end));
+    const auto stop = static_cast<TextPos>(std::min(last, document.text.size()));
+    StyleCursor styles(document.paragraphRuns);
+    for (TextPos at = start; at <= stop; at = styles.RunEnd(stop + 1)) {
+        const ParagraphStyle& style = styles_.paragraphStyles[styles.At(at)];
+        const ParagraphBorders& borders = style.borders;
+        for (const ParagraphBorder* border :
+             {&borders.left, &borders.top, &borders.right, &borders.bottom, &borders.between})
+            if (border->width != 0 && !border->autoColor) AddColor(border->color);
+        if (!style.autoBackground) AddColor(style.background);
     }
 }
 

@@ -36,6 +36,7 @@ class RtfWriteTables {
     std::size_t ColorNumber(Color color) const { return colorNumbers_.at(color); }
 
   private:
+    void AddParagraphColors(const Document& document, TextPos start, TextPos end);
     void AddColor(Color color);
     void AddFont(std::uint16_t font);
 

@@ -66,7 +66,7 @@ void RtfTextWriter::WriteText(TextPos start, TextPos end, bool inTable,
 
 void RtfTextWriter::UseParagraphStyle(std::uint32_t style, bool inTable) {
     if (style == paragraphStyle_ && inTable == inTable_) return;
-    rtf_ += ParagraphStyleWords(styles_.paragraphStyles[style], inTable) + ' ';
+    rtf_ += ParagraphStyleWords(styles_.paragraphStyles[style], inTable, tables_) + ' ';
     paragraphStyle_ = style;
     inTable_ = inTable;
 }

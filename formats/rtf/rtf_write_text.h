@@ -46,4 +46,5 @@ class RtfTextWriter {
 
 // The words of a style, all that differ from the defaults that \plain and \pard set.
 std::string CharStyleWords(const CharStyle& style, const RtfWriteTables& tables);
-std::string ParagraphStyleWords(const ParagraphStyle& style, bool inTable);
+std::string ParagraphStyleWords(const ParagraphStyle& style, bool inTable,
+                                const RtfWriteTables& tables);

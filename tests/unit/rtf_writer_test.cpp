@@ -102,6 +102,15 @@ class DocumentMaker {
         made_.text += u'\uFFFC';
     }
 
+    ParagraphBorder MakeBorder() {
+        ParagraphBorder border;
+        border.width = static_cast<std::uint16_t>(Below(255) + 1);
+        border.space = static_cast<std::uint16_t>(Below(600));
+        border.autoColor = !Maybe();
+        if (!border.autoColor) border.color = random_() & 0xFFFFFF;
+        return border;
+    }
+
     void EndStyle() {
         ParagraphStyle style;
         style.alignment = static_cast<Alignment>(Below(4));
@@ -115,6 +124,12 @@ class DocumentMaker {
         style.lineSpacingIsMultiple = Maybe();
         for (int i = Below(4), stop = 0; i > 0; --i)
             style.tabStops.push_back(stop += Below(900) + 1);
+        ParagraphBorders& borders = style.borders;
+        for (ParagraphBorder* border :
+             {&borders.left, &borders.top, &borders.right, &borders.bottom, &borders.between})
+            if (Maybe()) *border = MakeBorder();
+        style.autoBackground = !Maybe();
+        if (!style.autoBackground) style.background = random_() & 0xFFFFFF;
         StartStyle(made_.paragraphRuns, made_.paragraphStyles, paragraphStart_, style);
     }
 
@@ -143,6 +158,7 @@ class DocumentMaker {
             cell.rightEdge = right += Below(3000);
             cell.columnSpan = static_cast<std::uint16_t>(Maybe() ? Below(4) + 1 : 1);
             cell.mergedAbove = Maybe();
+            cell.verticalAlignment = static_cast<VerticalAlignment>(Below(3));
             cell.borderLeft = Maybe();
             cell.borderTop = Maybe();
             cell.borderRight = Maybe();

@@ -1,6 +1,7 @@
 #include "platform/qt/text_view/text_painter.h"
 
 #include "platform/qt/qt_color.h"
+#include "platform/qt/text_view/paragraph_box_painter.h"
 #include "platform/qt/text_view/selected_region.h"
 
 #include <algorithm>
@@ -74,25 +75,36 @@ void PaintBorders(QPainter& painter, const TextPaint& paint, const CellLayout& c
     const QRect box = cell.box.translated(origin).adjusted(0, 0, thickness, thickness);
     const QRect top(box.left(), box.top(), box.width(), thickness);
     const QRect left(box.left(), box.top(), thickness, box.height());
-    const QColor line = Blend(paint.text, ToQColor(paint.context.viewStyle.backColor));
+    const QColor line = paint.Line();
     if (cell.cell->borderTop) painter.fillRect(top, line);
     if (cell.cell->borderLeft) painter.fillRect(left, line);
     if (cell.cell->borderRight) painter.fillRect(left.translated(cell.box.width(), 0), line);
     if (cell.lowest->borderBottom) painter.fillRect(top.translated(0, cell.box.height()), line);
 }
 
-// The text colour contrasts with the view's background; a cell may have another one.
-QColor TextColorIn(const TextPaint& paint, const BlockLayout& layout, std::size_t cell) {
-    if (layout.cells.empty() || layout.cells[cell].cell->autoBackground) return paint.text;
-    const QColor back = ToQColor(layout.cells[cell].cell->background);
+// The text colour contrasts with the view's background; a cell or a paragraph may have another
+// one.
+QColor TextColorIn(const TextPaint& paint, const BlockLayout& layout,
+                   const ParagraphLayout& paragraph) {
+    const TableCell* cell = layout.cells.empty() ? nullptr : layout.cells[paragraph.cell].cell;
+    const ParagraphStyle* style = paragraph.box.style;
+    const bool isShaded = style && !style->autoBackground;
+    if (!isShaded && (!cell || cell->autoBackground)) return paint.text;
+    const QColor back = ToQColor(isShaded ? style->background : cell->background);
     return HasContrast(paint.text, back) ? paint.text : LegibleOn(back);
 }
 } // namespace
+
+QColor TextPaint::Line() const {
+    return Blend(text, ToQColor(context.viewStyle.backColor));
+}
 
 void PaintBackground(QPainter& painter, const BlockLayout& layout, QPoint origin) {
     for (const CellLayout& cell : layout.cells)
         if (!cell.cell->autoBackground && !cell.hidden)
             painter.fillRect(cell.box.translated(origin), ToQColor(cell.cell->background));
+    for (const ParagraphLayout& paragraph : layout.paragraphs)
+        PaintShading(painter, paragraph, origin + paragraph.origin);
 }
 
 void PaintBlock(QPainter& painter, const TextPaint& paint, const BlockLayout& layout, QPoint origin,
@@ -103,7 +115,8 @@ void PaintBlock(QPainter& painter, const TextPaint& paint, const BlockLayout& la
         const QPoint at = origin + paragraph.origin;
         const bool visible = at.y() <= clip.bottom() && at.y() + paragraph.Height() >= clip.top();
         if (!visible || (!layout.cells.empty() && layout.cells[paragraph.cell].hidden)) continue;
-        painter.setPen(TextColorIn(paint, layout, paragraph.cell));
+        PaintBox(painter, paint, paragraph, at);
+        painter.setPen(TextColorIn(paint, layout, paragraph));
         PaintText(painter, paint, paragraph, at, clip);
         PaintPictures(painter, paint, paragraph, at, clip);
     }

@@ -11,6 +11,8 @@ struct TextPaint {
     QColor text; // for text without a colour of its own
     QColor selectionText, selectionBackground;
     TextPos selectionStart = 0, selectionEnd = 0;
+
+    QColor Line() const; // of borders without a colour of their own
 };
 
 // `origin` is the block's top left corner and `clip` the exposed rectangle, both in the painter's

@@ -229,6 +229,10 @@ ParagraphLayout LayOutPart(const LayoutContext& context, const ParagraphPart& pa
     PlaceLines(shape, result, isContinued);
     result.spaceBefore = shape.spaceBefore;
     if (result.end == part.end) result.spaceAfter = shape.spaceAfter;
+    result.box = shape.box;
+    result.box.left -= result.origin.x();
+    result.box.right -= result.origin.x();
+    if (result.end != part.end) result.box.joinsBelow = true;
     result.tops.back() += result.spaceAfter;
     result.pictures.erase(FirstFrom(result.pictures, result.end), result.pictures.end());
     return result;

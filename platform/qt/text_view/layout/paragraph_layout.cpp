@@ -88,10 +88,10 @@ TextPos ParagraphLayout::TrailingSpacesStart(int index) const {
 
 QRectF ParagraphLayout::TextBox(int index) const {
     const QTextLine line = text->lineAt(index);
-    QRectF box = line.naturalTextRect();
-    const bool stretched = box.width() > line.naturalTextWidth();
-    if (stretched) box.setWidth(box.width() - TrailingSpacesWidth(*text, line));
-    return box;
+    QRectF rect = line.naturalTextRect();
+    const bool stretched = rect.width() > line.naturalTextWidth();
+    if (stretched) rect.setWidth(rect.width() - TrailingSpacesWidth(*text, line));
+    return rect;
 }
 
 TextPos ParagraphLayout::CharacterInLine(int index, double x) const {

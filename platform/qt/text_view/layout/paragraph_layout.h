@@ -4,6 +4,7 @@
 #include "common/text_source.h"
 #include "formats/document.h"
 #include "platform/qt/text_view/layout/char_formats.h"
+#include "platform/qt/text_view/layout/paragraph_box.h"
 #include "platform/qt/text_view/layout/picture_store.h"
 
 #include <QPoint>
@@ -50,6 +51,7 @@ struct ParagraphLayout {
     int spaceBefore = 0, spaceAfter = 0; // of the first and the last line
     bool continues = false;              // the same paragraph is continued by the next layout
     std::vector<PlacedPicture> pictures;
+    ParagraphBox box;
     std::vector<QFont> fonts; // pinned for the text
     std::unique_ptr<QTextLayout> text;
 
@@ -85,6 +87,7 @@ struct ParagraphPart {
     bool first = true, last = true; // false inside an over-long paragraph
     int breakWidth = 1, alignWidth = 1;
     std::optional<bool> rightToLeft = {}; // none: as the style says
+    bool inCell = false, beginsCell = false;
 };
 
 // More than one, each below the last, if lines after the first have tabs.

@@ -16,6 +16,7 @@ struct ParagraphShape {
     double lineFactor = 1;
     bool justified = false; // lines are justified where possible
     int breakWidth = 1, alignWidth = 1;
+    ParagraphBox box;
     QTextOption option;
 
     int TextWidth() const; // of a line that fits the view
