@@ -30,6 +30,21 @@ struct CharStyle {
     bool operator==(const CharStyle&) const = default;
 };
 
+// A line along one side of a paragraph; a width of 0 is none. Twips.
+struct ParagraphBorder {
+    std::uint16_t width = 0, space = 0; // `space` is between the line and the text
+    Color color = 0;
+    bool autoColor = true; // the reader's own
+    bool operator==(const ParagraphBorder&) const = default;
+};
+
+// Neighbours with the same borders and indents are in one box: its top is the first one's, its
+// bottom the last one's, and `between` is drawn from one to the next.
+struct ParagraphBorders {
+    ParagraphBorder left, top, right, bottom, between;
+    bool operator==(const ParagraphBorders&) const = default;
+};
+
 struct ParagraphStyle {
     Alignment alignment = Alignment::Left;
     bool rightToLeft = false;
@@ -39,6 +54,9 @@ struct ParagraphStyle {
     std::int32_t lineSpacing = 0;       // twips; 0 single, < 0 exactly, > 0 at least
     bool lineSpacingIsMultiple = false; // it is then in 240ths of a line
     std::vector<std::int32_t> tabStops; // twips from the left edge, ascending
+    ParagraphBorders borders;
+    Color background = 0;
+    bool autoBackground = true; // none
     bool operator==(const ParagraphStyle&) const = default;
 };
 
@@ -58,11 +76,14 @@ struct Picture {
     std::string bytes;                            // the image file; empty for Other
 };
 
+enum class VerticalAlignment : std::uint8_t { Top, Center, Bottom };
+
 struct TableCell {
     TextPos start = 0, end = 0;   // `end` is just past its U+0007
     std::int32_t rightEdge = 0;   // twips from the row's left edge
     std::uint16_t columnSpan = 1; // cells merged into this one horizontally
     bool mergedAbove = false;     // belongs to the cell above; its own text is not shown
+    VerticalAlignment verticalAlignment = VerticalAlignment::Top;
     bool borderLeft = false, borderTop = false, borderRight = false, borderBottom = false;
     Color background = 0;
     bool autoBackground = true;

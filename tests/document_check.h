@@ -140,7 +140,7 @@ inline bool IsSame(const TableCell& a, const TableCell& b) {
            a.columnSpan == b.columnSpan && a.mergedAbove == b.mergedAbove &&
            a.borderLeft == b.borderLeft && a.borderTop == b.borderTop &&
            a.borderRight == b.borderRight && a.borderBottom == b.borderBottom &&
-           a.autoBackground == b.autoBackground &&
+           a.verticalAlignment == b.verticalAlignment && a.autoBackground == b.autoBackground &&
            (a.autoBackground || a.background == b.background);
 }
 

@@ -126,6 +126,7 @@ ParagraphLayout LayOutParagraph(const LayoutContext& context, const ParagraphPar
     result.rightToLeft = shape.rightToLeft;
     result.spaceBefore = shape.spaceBefore;
     result.spaceAfter = shape.spaceAfter;
+    result.box = shape.box;
     result.pictures = PlacePictures(context, part, shape.TextWidth());
     const ParagraphText prepared = TextOf(context, shape, result, std::move(text));
     result.runs = prepared.runs.size();

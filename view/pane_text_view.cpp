@@ -4,21 +4,11 @@
 #include "formats/plain/plain_text_source.h"
 #include "formats/rtf/rtf_reader.h"
 #include "formats/rtf/rtf_writer.h"
+#include "view/view_style_overrides.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
-CharStyle PlainStyle(const TextStyle& shown) {
-    CharStyle style;
-    style.halfPoints = static_cast<std::uint16_t>(std::lround(2 * shown.font.points));
-    style.bold = shown.font.bold;
-    style.italic = shown.font.italic;
-    style.underline = shown.underline;
-    style.strikethrough = shown.strikethrough;
-    return style;
-}
-
 template <class Change>
 void ChangeStyle(TextPane& pane, const Change& change) {
     ViewStyle style = pane.Style();
@@ -92,12 +82,13 @@ TextPos PaneTextView::FindWhile(std::u16string_view what, TextPos start, FindOpt
 }
 
 std::string PaneTextView::SelectionAsRtf() const {
-    if (!Pane().IsPlain()) return WriteRtf(Pane().Text(), SelStart(), SelLength());
+    const TextStyle shown = StyleOf(Pane().Style().font, Pane().System());
+    const StyleOverrides overrides =
+        OverridesOf(Pane().Style(), Pane().IsPlain(), shown.font.family, shown.font.points);
+    if (!Pane().IsPlain()) return WriteRtf(Pane().Text(), SelStart(), SelLength(), overrides);
     Document document;
     document.text = TextRange(SelStart(), SelLength());
-    document.fonts = {Pane().Style().font.name};
-    document.charStyles = {PlainStyle(StyleOf(Pane().Style().font, Pane().System()))};
-    return WriteRtf(document);
+    return WriteRtf(document, 0, -1, overrides);
 }
 
 TextPos PaneTextView::FirstVisibleChar() const {

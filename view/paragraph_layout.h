@@ -4,6 +4,7 @@
 #include "common/text_source.h"
 #include "formats/document.h"
 #include "view/geometry.h"
+#include "view/paragraph_box.h"
 #include "view/picture_store.h"
 #include "view/text_styles.h"
 
@@ -50,6 +51,7 @@ struct ParagraphLayout {
     std::size_t runs = 0;          // of styles
     std::vector<PlacedLine> lines; // relative to the origin
     std::vector<PlacedPicture> pictures;
+    ParagraphBox box;
     std::unique_ptr<TextLines> text;
 
     int LineCount() const { return int(lines.size()); }
@@ -81,6 +83,7 @@ struct ParagraphPart {
     TextPos start = 0, end = 0;     // without the paragraph break
     bool first = true, last = true; // false inside an over-long paragraph
     int breakWidth = 1, alignWidth = 1;
+    bool inCell = false, beginsCell = false;
 };
 
 ParagraphLayout LayOutParagraph(const LayoutContext& context, const ParagraphPart& part);

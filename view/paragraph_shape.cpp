@@ -38,6 +38,27 @@ void SetIndents(const LayoutContext& context, const ParagraphStyle& style,
     shape.firstIndent = std::clamp(shape.indent + first, 0, maxIndent - shape.endIndent);
 }
 
+// Borders are within the indents, where nothing of them is cut off.
+void SetBox(const LayoutContext& context, const ParagraphStyle& style, const ParagraphPart& part,
+            ParagraphShape& shape) {
+    ParagraphBox& box = shape.box = BoxOf(context, part, style);
+    if (!box.style) return;
+    const int start = std::min(shape.indent, shape.firstIndent), end = shape.endIndent;
+    box.left = shape.rightToLeft ? end : start;
+    box.right = shape.alignWidth - (shape.rightToLeft ? start : end);
+    const int maxInset = std::max(0, box.right - box.left) / 8;
+    box.insetLeft = std::min(box.insetLeft, maxInset);
+    box.insetRight = std::min(box.insetRight, maxInset);
+    const int startInset = shape.rightToLeft ? box.insetRight : box.insetLeft;
+    shape.indent += startInset;
+    shape.firstIndent += startInset;
+    shape.endIndent += shape.rightToLeft ? box.insetLeft : box.insetRight;
+    box.spaceAbove = box.joinsAbove ? 0 : shape.spaceBefore;
+    box.spaceBelow = box.joinsBelow ? 0 : shape.spaceAfter;
+    shape.spaceBefore += box.insetTop;
+    shape.spaceAfter += box.insetBottom;
+}
+
 void SetSpacing(const LayoutContext& context, const ParagraphStyle& style,
                 const ParagraphPart& part, ParagraphShape& shape) {
     if (part.first) shape.spaceBefore = std::max(0, context.Pixels(style.spaceBefore));
@@ -126,6 +147,7 @@ ParagraphShape ShapeOf(const LayoutContext& context, const ParagraphPart& part,
     }
     SetIndents(context, style, part, shape);
     SetSpacing(context, style, part, shape);
+    SetBox(context, style, part, shape);
     SetTabs(context, style, shape);
     return shape;
 }

@@ -16,6 +16,7 @@ struct ParagraphShape {
     double lineFactor = 1;
     bool justified = false; // lines are justified where possible
     int breakWidth = 1, alignWidth = 1;
+    ParagraphBox box;
     std::vector<int> tabStops; // from the start edge, ascending
     double tabDistance = 1;    // between those behind the last one
 

@@ -82,11 +82,12 @@ int PlaceCells(const LayoutContext& context, const TextBlock& block, std::size_t
 std::vector<ParagraphPart> CellParts(const LayoutContext& context, const CellLayout& layout) {
     const TableCell& cell = *layout.cell;
     std::vector<ParagraphPart> parts;
-    if (layout.hidden) return {{.start = cell.start, .end = cell.start}};
+    if (layout.hidden) return {{.start = cell.start, .end = cell.start, .inCell = true}};
     for (TextPos start = cell.start, at = start; at < cell.end; ++at) {
         const char16_t unit = context.document.text[at];
         if (unit != u'\n' && unit != u'\a') continue;
-        parts.push_back({.start = start, .end = at});
+        parts.push_back(
+            {.start = start, .end = at, .inCell = true, .beginsCell = start == cell.start});
         start = at + 1;
     }
     if (parts.empty()) parts.push_back({.start = cell.start, .end = cell.start});
@@ -121,6 +122,17 @@ std::vector<int> RowTops(const Cells& cells, std::size_t rows) {
     }
     return tops;
 }
+
+// Of a cell higher than its text.
+int SpaceAbove(const RowCell& cell) {
+    const int space = std::max(0, cell.layout.box.height - cell.height);
+    switch (cell.layout.cell->verticalAlignment) {
+    case VerticalAlignment::Top: return 0;
+    case VerticalAlignment::Center: return space / 2;
+    case VerticalAlignment::Bottom: return space;
+    }
+    return 0;
+}
 } // namespace
 
 BlockLayout LayOutRows(const LayoutContext& context, const TextBlock& block) {
@@ -139,8 +151,10 @@ BlockLayout LayOutRows(const LayoutContext& context, const TextBlock& block) {
         cell.layout.box.height = tops[cell.lastRow + 1] - top;
         layout.cells.push_back(cell.layout);
     }
-    for (ParagraphLayout& paragraph : layout.paragraphs)
-        paragraph.origin.y += layout.cells[paragraph.cell].box.top;
+    for (ParagraphLayout& paragraph : layout.paragraphs) {
+        const RowCell& cell = cells[paragraph.cell];
+        paragraph.origin.y += cell.layout.box.top + SpaceAbove(cell);
+    }
     layout.height = tops.back();
     return layout;
 }

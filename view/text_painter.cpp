@@ -1,6 +1,7 @@
 #include "view/text_painter.h"
 
 #include "view/contrast.h"
+#include "view/paragraph_box_painter.h"
 #include "view/selected_region.h"
 
 #include <algorithm>
@@ -78,25 +79,36 @@ void PaintBorders(Canvas& canvas, const TextPaint& paint, const CellLayout& cell
     const Rect box = Moved(cell.box, origin);
     const Rect top{box.left, box.top, box.width + thickness, thickness};
     const Rect left{box.left, box.top, thickness, box.height + thickness};
-    const Color line = Blend(paint.text, paint.context.viewStyle.backColor);
+    const Color line = paint.Line();
     if (cell.cell->borderTop) canvas.FillRect(top, line);
     if (cell.cell->borderLeft) canvas.FillRect(left, line);
     if (cell.cell->borderRight) canvas.FillRect(Moved(left, {box.width, 0}), line);
     if (cell.lowest->borderBottom) canvas.FillRect(Moved(top, {0, box.height}), line);
 }
 
-// The text colour contrasts with the view's background; a cell may have another one.
-Color TextColorIn(const TextPaint& paint, const BlockLayout& layout, std::size_t cell) {
-    if (layout.cells.empty() || layout.cells[cell].cell->autoBackground) return paint.text;
-    const Color back = layout.cells[cell].cell->background;
+// The text colour contrasts with the view's background; a cell or a paragraph may have another
+// one.
+Color TextColorIn(const TextPaint& paint, const BlockLayout& layout,
+                  const ParagraphLayout& paragraph) {
+    const TableCell* cell = layout.cells.empty() ? nullptr : layout.cells[paragraph.cell].cell;
+    const ParagraphStyle* style = paragraph.box.style;
+    const bool isShaded = style && !style->autoBackground;
+    if (!isShaded && (!cell || cell->autoBackground)) return paint.text;
+    const Color back = isShaded ? style->background : cell->background;
     return HasContrast(paint.text, back) ? paint.text : LegibleOn(back);
 }
 } // namespace
+
+Color TextPaint::Line() const {
+    return Blend(text, context.viewStyle.backColor);
+}
 
 void PaintBackground(Canvas& canvas, const BlockLayout& layout, Point origin) {
     for (const CellLayout& cell : layout.cells)
         if (!cell.cell->autoBackground && !cell.hidden)
             canvas.FillRect(Moved(cell.box, origin), cell.cell->background);
+    for (const ParagraphLayout& paragraph : layout.paragraphs)
+        PaintShading(canvas, paragraph, origin + paragraph.origin);
 }
 
 void PaintBlock(Canvas& canvas, const TextPaint& paint, const BlockLayout& layout, Point origin,
@@ -107,7 +119,8 @@ void PaintBlock(Canvas& canvas, const TextPaint& paint, const BlockLayout& layou
         const Point at = origin + paragraph.origin;
         const bool visible = at.y < Bottom(clip) && at.y + paragraph.height >= clip.top;
         if (!visible || (!layout.cells.empty() && layout.cells[paragraph.cell].hidden)) continue;
-        PaintText(canvas, paint, paragraph, TextColorIn(paint, layout, paragraph.cell), at, clip);
+        PaintBox(canvas, paint, paragraph, at);
+        PaintText(canvas, paint, paragraph, TextColorIn(paint, layout, paragraph), at, clip);
         PaintPictures(canvas, paint, paragraph, at, clip);
     }
 }

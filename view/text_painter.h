@@ -8,6 +8,8 @@ struct TextPaint {
     Color text = 0; // for text without a colour of its own
     Color selectionText = 0, selectionBackground = 0;
     TextPos selectionStart = 0, selectionEnd = 0;
+
+    Color Line() const; // of borders without a colour of their own
 };
 
 // `origin` is the block's top left corner and `clip` the exposed rectangle, both in the canvas's

@@ -40,6 +40,12 @@ constexpr std::size_t maxRtfPictureBytes = std::size_t{1} << 29; // of all pictu
 constexpr std::size_t maxRtfLinks = 65'535;
 constexpr std::size_t maxRtfFieldLength = 4096; // units of an instruction: a long address
 
+// Word processors give a drop cap ten lines at most, a border's space 31 points. A drop cap is a
+// paragraph of a letter or a word.
+constexpr std::int32_t maxRtfDropCapLines = 10;
+constexpr std::int32_t maxRtfDropCapLength = 32;
+constexpr std::int32_t maxRtfBorderWidth = 255, maxRtfBorderSpace = 620; // twips
+
 // The largest page is 22 inches wide and high.
 constexpr std::int32_t maxRtfTwips = 22 * 1440;
 constexpr std::int32_t ClampRtfTwips(std::int32_t twips) {

@@ -122,8 +122,11 @@ void RtfParser::HandleKnownWord(const RtfWordEntry& entry, const RtfToken& token
         ApplyCharacterWord(State(), entry, token.hasParameter, parameter, fonts_, colors_);
         break;
     case RtfFamily::Paragraph:
-        ApplyParagraphWord(State(), entry, token.hasParameter, parameter);
+        ApplyParagraphWord(State(), entry, token.hasParameter, parameter, colors_);
         break;
+    case RtfFamily::Border:
+        ApplyBorderWord(State().borderSide, State().paragraph.borders, entry, parameter, colors_);
+        [[fallthrough]]; // or of the row
     case RtfFamily::Row:
         if (destination == RtfDestination::Body && MayHoldTable())
             rows_.definition.Apply(entry, parameter, colors_);

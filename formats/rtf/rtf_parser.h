@@ -39,6 +39,7 @@ class RtfParser {
 
     void HandleBreak(RtfWord word);
     void EndParagraph();
+    bool IsDropCap();
     void EndCell();
     void EndRow();
     void EndNestedRow();
@@ -67,7 +68,11 @@ class RtfParser {
         return State().destination == RtfDestination::Body && !State().isHidden;
     }
     bool MayHoldTable() const { return !State().inNote && !State().inShape; }
-    std::uint32_t CharStyleNow() { return charStyles_.IndexOf(State().chars); }
+    std::uint32_t CharStyleNow() {
+        const RtfState& now = State();
+        return charStyles_.IndexOf(
+            now.dropCapLines == 0 ? now.chars : DropCapStyle(now.chars, now.dropCapLines));
+    }
     std::uint32_t ParagraphStyleNow() { return paragraphStyles_.IndexOf(State().paragraph); }
     void FinishStories();
     Document ReleaseDocument();

@@ -175,8 +175,16 @@ void RtfParser::HandleBreak(RtfWord word) {
 void RtfParser::EndParagraph() {
     if (State().isHidden) return;
     if (State().inShape) return AddUnit(u'\v');
+    if (IsDropCap()) return;
     if (!State().inNote) rows_.BeforeParagraphEnd(body_, State().inTable);
     Story().EndParagraph(u'\n', CharStyleNow(), ParagraphStyleNow());
+}
+
+// Whether the paragraph that ends is the first letter of the next one.
+bool RtfParser::IsDropCap() {
+    const RtfStory& story = Story();
+    const TextPos length = story.Size() - story.paragraphStart;
+    return State().dropCapLines > 0 && length > 0 && length <= maxRtfDropCapLength;
 }
 
 void RtfParser::EndCell() {

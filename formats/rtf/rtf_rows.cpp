@@ -20,24 +20,30 @@ void RtfRowDefinition::Apply(const RtfWordEntry& entry, std::int32_t parameter,
     case RtfWord::MergedLeft: next_.mergedLeft = true; break;
     case RtfWord::MergedAbove: next_.mergedAbove = true; break;
     case RtfWord::CellBackground: next_.background = colors.At(parameter); break;
-    case RtfWord::BorderSide: border_ = static_cast<RowBorder>(entry.value); break;
-    case RtfWord::Border: ApplyBorder(entry.value != 0 ? RtfBorder::Line : RtfBorder::None); break;
+    case RtfWord::CellVerticalAlignment:
+        next_.verticalAlignment = static_cast<VerticalAlignment>(entry.value);
+        break;
+    case RtfWord::BorderSide: border_ = static_cast<RtfBorderSide>(entry.value); break;
+    case RtfWord::BorderStyle:
+        ApplyBorder(entry.value != 0 ? RtfBorder::Line : RtfBorder::None);
+        break;
     case RtfWord::CellRightEdge:
         next_.rightEdge = ClampRtfTwips(parameter);
         if (cells.size() < maxRtfRowCells) cells.push_back(next_);
         next_ = {};
-        border_ = RowBorder::None;
+        border_ = RtfBorderSide::None;
         break;
     default: break;
     }
 }
 
 void RtfRowDefinition::ApplyBorder(RtfBorder border) {
-    if (border_ == RowBorder::None) return;
-    (border_ < RowBorder::RowLeft ? next_.borders : borders)[static_cast<int>(border_)] = border;
+    if (border_ >= RtfBorderSide::ParagraphLeft) return;
+    (border_ < RtfBorderSide::RowLeft ? next_.borders : borders)[static_cast<int>(border_)] =
+        border;
 }
 
-bool RtfRowDefinition::HasBorder(RtfBorder cell, RowBorder outer, RowBorder inner,
+bool RtfRowDefinition::HasBorder(RtfBorder cell, RtfBorderSide outer, RtfBorderSide inner,
                                  bool isInside) const {
     const RtfBorder inside = isInside ? borders[static_cast<int>(inner)] : RtfBorder::Unspecified;
     for (const RtfBorder border : {cell, inside, borders[static_cast<int>(outer)]})
@@ -111,27 +117,28 @@ void RtfRowBuilder::SetBottomBordersAbove() {
     TableRow& above = rows_.back();
     for (const std::size_t cell : unspecifiedBottoms_)
         above.cells[cell].borderBottom = definition.HasBorder(
-            RtfBorder::Unspecified, RowBorder::RowBottom, RowBorder::InnerHorizontal, true);
+            RtfBorder::Unspecified, RtfBorderSide::RowBottom, RtfBorderSide::InnerHorizontal, true);
 }
 
 void RtfRowBuilder::SetBorders(TableCell& cell, const OpenCell& open, bool isFirstRow) {
     const std::size_t last = open.definition + open.columnSpan - 1u;
     const bool isSpecified = last < definition.cells.size();
-    const auto specified = [&](std::size_t index, RowBorder side) {
+    const auto specified = [&](std::size_t index, RtfBorderSide side) {
         return isSpecified ? definition.cells[index].borders[static_cast<int>(side)]
                            : RtfBorder::Unspecified;
     };
-    cell.borderLeft =
-        definition.HasBorder(specified(open.definition, RowBorder::Left), RowBorder::RowLeft,
-                             RowBorder::InnerVertical, &open != &cells_.front());
-    cell.borderRight = definition.HasBorder(specified(last, RowBorder::Right), RowBorder::RowRight,
-                                            RowBorder::InnerVertical, &open != &cells_.back());
+    cell.borderLeft = definition.HasBorder(specified(open.definition, RtfBorderSide::Left),
+                                           RtfBorderSide::RowLeft, RtfBorderSide::InnerVertical,
+                                           &open != &cells_.front());
+    cell.borderRight =
+        definition.HasBorder(specified(last, RtfBorderSide::Right), RtfBorderSide::RowRight,
+                             RtfBorderSide::InnerVertical, &open != &cells_.back());
     cell.borderTop =
-        definition.HasBorder(specified(open.definition, RowBorder::Top), RowBorder::RowTop,
-                             RowBorder::InnerHorizontal, !isFirstRow);
-    const RtfBorder bottom = specified(open.definition, RowBorder::Bottom);
-    cell.borderBottom =
-        definition.HasBorder(bottom, RowBorder::RowBottom, RowBorder::InnerHorizontal, false);
+        definition.HasBorder(specified(open.definition, RtfBorderSide::Top), RtfBorderSide::RowTop,
+                             RtfBorderSide::InnerHorizontal, !isFirstRow);
+    const RtfBorder bottom = specified(open.definition, RtfBorderSide::Bottom);
+    cell.borderBottom = definition.HasBorder(bottom, RtfBorderSide::RowBottom,
+                                             RtfBorderSide::InnerHorizontal, false);
     if (bottom == RtfBorder::Unspecified)
         unspecifiedBottoms_.push_back(static_cast<std::size_t>(&open - cells_.data()));
 }
@@ -160,6 +167,7 @@ TableRow RtfRowBuilder::MakeRow() {
             const RtfCellDefinition& end = definition.cells[last];
             cell.rightEdge = std::max(left, end.rightEdge - row.leftEdge);
             cell.mergedAbove = first.mergedAbove;
+            cell.verticalAlignment = first.verticalAlignment;
             cell.background = first.background.value;
             cell.autoBackground = first.background.isAutomatic;
         }

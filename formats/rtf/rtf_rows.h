@@ -11,7 +11,8 @@ enum class RtfBorder : std::uint8_t { Unspecified, None, Line };
 struct RtfCellDefinition {
     std::int32_t rightEdge = 0; // twips from the page's left margin
     bool mergedLeft = false, mergedAbove = false;
-    RtfBorder borders[4]{}; // by RowBorder
+    RtfBorder borders[4]{}; // by RtfBorderSide
+    VerticalAlignment verticalAlignment = VerticalAlignment::Top;
     RtfColor background;
 };
 
@@ -19,18 +20,19 @@ struct RtfCellDefinition {
 struct RtfRowDefinition {
     std::int32_t leftEdge = 0, cellGap = 0; // twips
     bool rightToLeft = false;
-    RtfBorder borders[static_cast<int>(RowBorder::None)]{}; // by RowBorder; those of cells unused
+    RtfBorder borders[static_cast<int>(
+        RtfBorderSide::ParagraphLeft)]{}; // by RtfBorderSide; those of cells unused
     std::vector<RtfCellDefinition> cells;
 
     void Apply(const RtfWordEntry& entry, std::int32_t parameter, const RtfColorTable& colors);
     // Whether a side has a border. A cell's own one wins, then the row's inner one (between cells),
     // then the row's outer one.
-    bool HasBorder(RtfBorder cell, RowBorder outer, RowBorder inner, bool isInside) const;
+    bool HasBorder(RtfBorder cell, RtfBorderSide outer, RtfBorderSide inner, bool isInside) const;
 
   private:
     void ApplyBorder(RtfBorder border);
     RtfCellDefinition next_; // the cell whose \cellx is still to come
-    RowBorder border_ = RowBorder::None;
+    RtfBorderSide border_ = RtfBorderSide::None;
 };
 
 class RtfRowBuilder {

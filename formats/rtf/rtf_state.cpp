@@ -85,13 +85,16 @@ void ApplyCharacterWord(RtfState& state, const RtfWordEntry& entry, bool hasPara
 }
 
 void ApplyParagraphWord(RtfState& state, const RtfWordEntry& entry, bool hasParameter,
-                        std::int32_t parameter) {
+                        std::int32_t parameter, const RtfColorTable& colors) {
     const bool on = !hasParameter || parameter != 0;
     ParagraphStyle& style = state.paragraph;
     switch (entry.word) {
     case RtfWord::ParagraphDefaults:
         style = {};
         state.inTable = false;
+        state.borderSide = RtfBorderSide::None;
+        state.shading = {};
+        state.dropCapLines = 0;
         break;
     case RtfWord::Align: style.alignment = static_cast<Alignment>(entry.value); break;
     case RtfWord::LeftIndent: style.leftIndent = ClampRtfTwips(parameter); break;
@@ -104,6 +107,22 @@ void ApplyParagraphWord(RtfState& state, const RtfWordEntry& entry, bool hasPara
     case RtfWord::ParagraphDirection: style.rightToLeft = entry.value != 0; break;
     case RtfWord::TabStop: AddTabStop(style.tabStops, parameter); break;
     case RtfWord::InTable: state.inTable = on; break;
+    case RtfWord::ParagraphBackground:
+    case RtfWord::ShadingPattern:
+    case RtfWord::Shading: state.shading.Apply(entry, parameter, colors, style); break;
+    case RtfWord::DropCapLines:
+        state.dropCapLines =
+            static_cast<std::uint8_t>(std::clamp(parameter, 0, maxRtfDropCapLines));
+        break;
     default: break;
     }
+}
+
+CharStyle DropCapStyle(CharStyle style, int lines) {
+    constexpr int usualLine = 20;  // half-points of text that is not enlarged already
+    style.script = Script::Normal; // it was lowered to its lines
+    if (style.halfPoints < usualLine * lines)
+        style.halfPoints =
+            static_cast<std::uint16_t>(std::min(style.halfPoints * lines, maxRtfHalfPoints));
+    return style;
 }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "formats/document.h"
-#include "formats/rtf/rtf_fonts.h"
+#include "formats/rtf/rtf_borders.h"
 #include "formats/rtf/rtf_words.h"
 
 struct RtfState {
@@ -11,6 +11,9 @@ struct RtfState {
     const RtfFont* font = nullptr; // nullptr for the default one
     ParagraphStyle paragraph;
     bool inTable = false;
+    RtfBorderSide borderSide = RtfBorderSide::None;
+    RtfShading shading;
+    std::uint8_t dropCapLines = 0; // lines that the paragraph is as high as
 
     RtfDestination destination = RtfDestination::Body;
     RtfDestination outer = RtfDestination::Body; // around this one
@@ -25,4 +28,7 @@ void ApplyCharacterWord(RtfState& state, const RtfWordEntry& entry, bool hasPara
                         std::int32_t parameter, const RtfFontTable& fonts,
                         const RtfColorTable& colors);
 void ApplyParagraphWord(RtfState& state, const RtfWordEntry& entry, bool hasParameter,
-                        std::int32_t parameter);
+                        std::int32_t parameter, const RtfColorTable& colors);
+
+// The characters of a drop cap, a paragraph of its own: large on their line.
+CharStyle DropCapStyle(CharStyle style, int lines);

@@ -26,9 +26,16 @@ std::size_t HashOf(const CharStyle& style) {
 
 std::size_t HashOf(const ParagraphStyle& style) {
     const int flags = static_cast<int>(style.alignment) | style.rightToLeft << 2 |
-                      style.lineSpacingIsMultiple << 3;
-    std::size_t hash = Mix({flags, style.leftIndent, style.rightIndent, style.firstLineIndent,
-                            style.spaceBefore, style.spaceAfter, style.lineSpacing});
+                      style.lineSpacingIsMultiple << 3 | style.autoBackground << 4;
+    std::size_t hash =
+        Mix({flags, style.leftIndent, style.rightIndent, style.firstLineIndent, style.spaceBefore,
+             style.spaceAfter, style.lineSpacing, style.background});
+    const ParagraphBorders& borders = style.borders;
+    for (const ParagraphBorder* border :
+         {&borders.left, &borders.top, &borders.right, &borders.bottom, &borders.between})
+        if (border->width != 0)
+            hash = Mix({static_cast<std::int64_t>(hash), border->width, border->space,
+                        border->color, border->autoColor});
     for (const std::int32_t stop : style.tabStops)
         hash = Mix({static_cast<std::int64_t>(hash), stop});
     return hash;

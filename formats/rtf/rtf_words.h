@@ -12,6 +12,7 @@ enum class RtfFamily : std::uint8_t {
     Character, // changes the character style
     Paragraph,
     Row,
+    Border, // of a paragraph or in a table: the side named last says which
     Picture,
     FontTable,
     ColorTable,
@@ -86,6 +87,10 @@ enum class RtfWord : std::uint8_t {
     LineSpacingIsMultiple,
     ParagraphDirection, // `value` is 1 for right to left
     TabStop,
+    ParagraphBackground,
+    ShadingPattern, // its colour
+    Shading,        // hundredths of a percent of the pattern over the background
+    DropCapLines,
     InTable,
     // Row
     RowDefaults,
@@ -94,10 +99,15 @@ enum class RtfWord : std::uint8_t {
     CellGap,
     MergedLeft,
     MergedAbove,
-    BorderSide, // `value` is the RowBorder
-    Border,     // `value` is 0 for no border
     CellBackground,
-    RowDirection, // `value` is 1 for right to left
+    CellVerticalAlignment, // `value` is the VerticalAlignment
+    RowDirection,          // `value` is 1 for right to left
+    // Border
+    BorderSide,  // `value` is the RtfBorderSide
+    BorderStyle, // `value` is the width in twips unless another is given, 0 for no border
+    BorderWidth,
+    BorderSpace,
+    BorderColor,
     // Picture
     PictureKind, // `value` is the PictureFormat
     PictureWidth,
@@ -123,9 +133,9 @@ enum class RtfWord : std::uint8_t {
     FallbackLength,
 };
 
-// The border that the following border words apply to: of a cell; of all cells of a row
-// without borders of their own (between them the inner ones); None for what is not in a table.
-enum class RowBorder : std::uint8_t {
+// The border that the following border words apply to: of a cell; of all cells of a row without
+// borders of their own (between them the inner ones); of a paragraph; None for what is not shown.
+enum class RtfBorderSide : std::uint8_t {
     Left,
     Top,
     Right,
@@ -136,6 +146,12 @@ enum class RowBorder : std::uint8_t {
     RowBottom,
     InnerHorizontal,
     InnerVertical,
+    ParagraphLeft,
+    ParagraphTop,
+    ParagraphRight,
+    ParagraphBottom,
+    ParagraphBetween,
+    ParagraphBox, // all four
     None
 };
 

@@ -49,6 +49,8 @@ std::string RtfTextWriter::RowWords(Rows row) const {
             if (cell.columnSpan > 1) rtf += part == 1 ? "\\clmgf" : "\\clmrg";
             if (cell.mergedAbove) rtf += "\\clvmrg";
             if (IsMergedBelow(row, cell)) rtf += "\\clvmgf";
+            if (cell.verticalAlignment == VerticalAlignment::Center) rtf += "\\clvertalc";
+            if (cell.verticalAlignment == VerticalAlignment::Bottom) rtf += "\\clvertalb";
             rtf += BorderWords(cell);
             if (!cell.autoBackground)
                 rtf += "\\clcbpat" + std::to_string(tables_.ColorNumber(cell.background));

@@ -20,6 +20,19 @@ const char* AlignmentWord(Alignment alignment) {
     }
 }
 
+std::string ColorWord(const char* name, Color color, const RtfWriteTables& tables) {
+    return Word(name, static_cast<std::int64_t>(tables.ColorNumber(color)));
+}
+
+std::string BorderWords(const char* side, const ParagraphBorder& border,
+                        const RtfWriteTables& tables) {
+    if (border.width == 0) return {};
+    std::string rtf = side;
+    rtf += "\\brdrs" + Word("brdrw", border.width) + Word("brsp", border.space);
+    if (!border.autoColor) rtf += ColorWord("brdrcf", border.color, tables);
+    return rtf;
+}
+
 } // namespace
 
 std::string CharStyleWords(const CharStyle& style, const RtfWriteTables& tables) {
@@ -35,17 +48,16 @@ std::string CharStyleWords(const CharStyle& style, const RtfWriteTables& tables)
     if (style.script == Script::Superscript) rtf += "\\super";
     if (style.script == Script::Subscript) rtf += "\\sub";
     if (style.rightToLeft) rtf += "\\rtlch";
-    if (!style.autoForeground)
-        rtf += Word("cf", static_cast<std::int64_t>(tables.ColorNumber(style.foreground)));
-    if (!style.autoBackground) {
-        // Older readers know the first, word processors the second.
-        const auto number = static_cast<std::int64_t>(tables.ColorNumber(style.background));
-        rtf += Word("cb", number) + Word("chcbpat", number);
-    }
+    if (!style.autoForeground) rtf += ColorWord("cf", style.foreground, tables);
+    // Older readers know the first, word processors the second.
+    if (!style.autoBackground)
+        rtf += ColorWord("cb", style.background, tables) +
+               ColorWord("chcbpat", style.background, tables);
     return rtf;
 }
 
-std::string ParagraphStyleWords(const ParagraphStyle& style, bool inTable) {
+std::string ParagraphStyleWords(const ParagraphStyle& style, bool inTable,
+                                const RtfWriteTables& tables) {
     std::string rtf = "\\pard";
     if (inTable) rtf += "\\intbl";
     if (style.rightToLeft) rtf += "\\rtlpar";
@@ -59,5 +71,12 @@ std::string ParagraphStyleWords(const ParagraphStyle& style, bool inTable) {
     rtf += WordUnlessZero("slmult", style.lineSpacingIsMultiple);
     for (const std::int32_t stop : style.tabStops)
         rtf += Word("tx", stop);
+    const ParagraphBorders& borders = style.borders;
+    rtf += BorderWords("\\brdrt", borders.top, tables);
+    rtf += BorderWords("\\brdrl", borders.left, tables);
+    rtf += BorderWords("\\brdrb", borders.bottom, tables);
+    rtf += BorderWords("\\brdrr", borders.right, tables);
+    rtf += BorderWords("\\brdrbtw", borders.between, tables);
+    if (!style.autoBackground) rtf += ColorWord("cbpat", style.background, tables);
     return rtf;
 }

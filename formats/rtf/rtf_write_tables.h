@@ -1,7 +1,7 @@
 // What the RTF writer numbers: the fonts and colours that a stretch of a document uses.
 #pragma once
 
-#include "formats/document.h"
+#include "formats/style_overrides.h"
 
 #include <map>
 
@@ -28,17 +28,19 @@ class StyleCursor {
 
 class RtfWriteTables {
   public:
-    RtfWriteTables(const Document& document, TextPos start, TextPos end);
+    RtfWriteTables(const Document& document, const DocumentStyles& styles, TextPos start,
+                   TextPos end);
     std::string FontTable() const;
     std::string ColorTable() const;
     std::size_t FontNumber(std::uint16_t font) const { return fontNumbers_.at(font); }
     std::size_t ColorNumber(Color color) const { return colorNumbers_.at(color); }
 
   private:
+    void AddParagraphColors(const Document& document, TextPos start, TextPos end);
     void AddColor(Color color);
     void AddFont(std::uint16_t font);
 
-    const Document* document_;
+    const DocumentStyles& styles_;
     std::vector<std::uint16_t> fonts_;
     std::vector<Color> colors_; // the first of the table is number 1, 0 being the automatic one
     std::map<std::uint16_t, std::size_t> fontNumbers_;

@@ -4,10 +4,11 @@
 
 #include <algorithm>
 
-RtfTextWriter::RtfTextWriter(const Document& document, const RtfWriteTables& tables,
-                             std::string& rtf)
-    : document_(document), tables_(tables), rtf_(rtf), charStyles_(document.charRuns),
-      paragraphStyles_(document.paragraphRuns), picture_(document.pictures.begin()) {}
+RtfTextWriter::RtfTextWriter(const Document& document, const DocumentStyles& styles,
+                             const RtfWriteTables& tables, std::string& rtf)
+    : document_(document), styles_(styles), tables_(tables), rtf_(rtf),
+      charStyles_(document.charRuns), paragraphStyles_(document.paragraphRuns),
+      picture_(document.pictures.begin()) {}
 
 void RtfTextWriter::Write(TextPos start, TextPos end) {
     auto row = std::find_if(document_.rows.begin(), document_.rows.end(),
@@ -65,7 +66,7 @@ void RtfTextWriter::WriteText(TextPos start, TextPos end, bool inTable,
 
 void RtfTextWriter::UseParagraphStyle(std::uint32_t style, bool inTable) {
     if (style == paragraphStyle_ && inTable == inTable_) return;
-    rtf_ += ParagraphStyleWords(document_.paragraphStyles[style], inTable) + ' ';
+    rtf_ += ParagraphStyleWords(styles_.paragraphStyles[style], inTable, tables_) + ' ';
     paragraphStyle_ = style;
     inTable_ = inTable;
 }
@@ -73,7 +74,7 @@ void RtfTextWriter::UseParagraphStyle(std::uint32_t style, bool inTable) {
 void RtfTextWriter::UseCharStyle(std::uint32_t style) {
     if (style == charStyle_) return;
     CloseRun();
-    const CharStyle& words = document_.charStyles[style];
+    const CharStyle& words = styles_.charStyles[style];
     if (words.link != link_) {
         CloseLink();
         if (words.link != 0) OpenLink(words.link);

@@ -5,7 +5,8 @@
 
 class RtfTextWriter {
   public:
-    RtfTextWriter(const Document& document, const RtfWriteTables& tables, std::string& rtf);
+    RtfTextWriter(const Document& document, const DocumentStyles& styles,
+                  const RtfWriteTables& tables, std::string& rtf);
     void Write(TextPos start, TextPos end);
 
   private:
@@ -29,6 +30,7 @@ class RtfTextWriter {
     TextPos ParagraphEnd(TextPos start, TextPos end) const;
 
     const Document& document_;
+    const DocumentStyles& styles_;
     const RtfWriteTables& tables_;
     std::string& rtf_;
     StyleCursor charStyles_, paragraphStyles_;
@@ -44,4 +46,5 @@ class RtfTextWriter {
 
 // The words of a style, all that differ from the defaults that \plain and \pard set.
 std::string CharStyleWords(const CharStyle& style, const RtfWriteTables& tables);
-std::string ParagraphStyleWords(const ParagraphStyle& style, bool inTable);
+std::string ParagraphStyleWords(const ParagraphStyle& style, bool inTable,
+                                const RtfWriteTables& tables);

@@ -5,27 +5,33 @@
 #include "common/utf.h"
 #include "formats/rtf/rtf_reader.h"
 #include "formats/rtf/rtf_writer.h"
+#include "view/view_style_overrides.h"
 
 #include <algorithm>
 
 void NoneTextView::LoadPlainText(std::u16string text) {
     UnifyLineEnds(text);
-    Load(std::move(text));
+    Document document;
+    document.text = std::move(text);
+    Load(std::move(document), true);
 }
 
 void NoneTextView::LoadRichText(std::string bytes, int systemCodePage) {
-    Load(ReadRtf(bytes, systemCodePage).text);
+    Load(ReadRtf(bytes, systemCodePage), false);
 }
 
-void NoneTextView::Load(std::u16string text) {
-    text_ = std::move(text);
+void NoneTextView::Load(Document document, bool isPlain) {
+    document_ = std::move(document);
+    isPlain_ = isPlain;
+    style_.fontForAll = false;
+    style_.alignment.reset();
     selStart_ = selLength_ = anchor_ = 0;
     scrolledX_ = 0;
     ++loads;
 }
 
 TextPos NoneTextView::TextLength() const {
-    return static_cast<TextPos>(text_.size());
+    return static_cast<TextPos>(document_.text.size());
 }
 
 TextPos NoneTextView::Clamp(TextPos position) const {
@@ -34,7 +40,7 @@ TextPos NoneTextView::Clamp(TextPos position) const {
 
 std::u16string NoneTextView::TextRange(TextPos start, TextPos length) const {
     const TextPos from = Clamp(start);
-    return text_.substr(from, std::clamp(length, 0, TextLength() - from));
+    return document_.text.substr(from, std::clamp(length, 0, TextLength() - from));
 }
 
 void NoneTextView::Select(TextPos start, TextPos length) {
@@ -49,30 +55,37 @@ TextPos NoneTextView::Find(std::u16string_view what, TextPos start, FindOptions 
         return findGivenUp;
     }
     const std::size_t found =
-        FindText(text_, what, static_cast<std::size_t>(Clamp(start)), options);
+        FindText(document_.text, what, static_cast<std::size_t>(Clamp(start)), options);
     return found == std::u16string::npos ? -1 : static_cast<TextPos>(found);
 }
 
 std::string NoneTextView::SelectionAsRtf() const {
-    Document document;
-    document.text = text_;
-    return WriteRtf(document, selStart_, selLength_);
+    const double points = style_.font.size > 0 ? style_.font.size : 12;
+    return WriteRtf(document_, selStart_, selLength_,
+                    OverridesOf(style_, isPlain_, style_.font.name, points));
+}
+
+void NoneTextView::ApplyFontToAll() {
+    style_.fontForAll = true;
+    ++fontApplications;
 }
 
 TextPos NoneTextView::Columns() const {
-    const int pixels = rightMargin_ > 0 ? rightMargin_ / 15 : bounds_.width;
+    const int pixels = style_.rightMargin > 0 ? style_.rightMargin / 15 : bounds_.width;
     return std::max(2, pixels / CellWidth);
 }
 
 LineSpan NoneTextView::LineAround(TextPos position) const {
     const TextPos at = Clamp(position);
-    const auto paragraphBreak = at == 0 ? std::u16string::npos : text_.rfind(u'\n', at - 1);
+    const auto paragraphBreak =
+        at == 0 ? std::u16string::npos : document_.text.rfind(u'\n', at - 1);
     TextPos start =
         paragraphBreak == std::u16string::npos ? 0 : static_cast<TextPos>(paragraphBreak) + 1;
-    const TextPos end = static_cast<TextPos>(std::min(text_.find(u'\n', at), text_.size()));
+    const TextPos end =
+        static_cast<TextPos>(std::min(document_.text.find(u'\n', at), document_.text.size()));
     for (;;) {
         TextPos next = start + Columns();
-        if (next < end && IsLowSurrogate(text_[next])) --next;
+        if (next < end && IsLowSurrogate(document_.text[next])) --next;
         if (next > at || next >= end) return {start, std::min(next, end) - start};
         start = next;
     }

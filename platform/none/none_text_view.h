@@ -1,7 +1,8 @@
 // The headless text view: lines of a fixed number of columns, and a memory of what it was asked.
 #pragma once
 
-#include "platform/text_view.h"
+#include "formats/document.h"
+#include "view/view_style.h"
 
 class NoneTextView : public TextView {
   public:
@@ -25,16 +26,16 @@ class NoneTextView : public TextView {
     void ScrollLineToTop(TextPos position) override;
     void ScrollIntoViewHorizontally(TextPos start, TextPos length) override;
 
-    void SetFont(const ViewFont& font) override { font_ = font; }
-    void ApplyFontToAll() override { ++fontApplications; }
-    bool AutoColor() const override { return autoColor_; }
-    void SetAutoColor(bool on) override { autoColor_ = on; }
-    Color TextColor() const override { return textColor_; }
-    void SetTextColor(Color color) override { textColor_ = color; }
-    Color BackColor() const override { return backColor_; }
-    void SetBackColor(Color color) override { backColor_ = color; }
-    void SetAlignment(Alignment alignment) override { alignment_ = alignment; }
-    void SetRightMargin(int twips) override { rightMargin_ = twips; }
+    void SetFont(const ViewFont& font) override { style_.font = font; }
+    void ApplyFontToAll() override;
+    bool AutoColor() const override { return style_.autoColor; }
+    void SetAutoColor(bool on) override { style_.autoColor = on; }
+    Color TextColor() const override { return style_.textColor; }
+    void SetTextColor(Color color) override { style_.textColor = color; }
+    Color BackColor() const override { return style_.backColor; }
+    void SetBackColor(Color color) override { style_.backColor = color; }
+    void SetAlignment(Alignment alignment) override { style_.alignment = alignment; }
+    void SetRightMargin(int twips) override { style_.rightMargin = twips; }
 
     void SetBounds(const Rect& bounds) override { bounds_ = bounds; }
     void SetVisible(bool visible) override { visible_ = visible; }
@@ -49,9 +50,9 @@ class NoneTextView : public TextView {
 
     // What was asked, for tests.
     int loads = 0, scrolls = 0, fontApplications = 0;
-    const ViewFont& Font() const { return font_; }
-    Alignment ShownAlignment() const { return alignment_; }
-    int RightMargin() const { return rightMargin_; }
+    const ViewFont& Font() const { return style_.font; }
+    Alignment ShownAlignment() const { return style_.alignment.value_or(Alignment::Left); }
+    int RightMargin() const { return style_.rightMargin; }
     int X(TextPos position) const; // of a character in the view, in pixels
     const Rect& Bounds() const { return bounds_; }
     bool Visible() const { return visible_; }
@@ -59,18 +60,17 @@ class NoneTextView : public TextView {
     Pointer ShownPointer() const { return pointer_; }
 
   private:
-    void Load(std::u16string text);
+    void Load(Document document, bool isPlain);
     TextPos Clamp(TextPos position) const;
     TextPos Columns() const;
 
-    std::u16string text_, name_;
+    Document document_;
+    bool isPlain_ = true;
+    ViewStyle style_;
+    std::u16string name_;
     TextPos selStart_ = 0, selLength_ = 0;
     TextPos anchor_ = 0; // a character of the top line
-    ViewFont font_;
-    bool autoColor_ = false, visible_ = true;
-    Color textColor_ = 0, backColor_ = 0xFFFFFF;
-    Alignment alignment_ = Alignment::Left;
-    int rightMargin_ = 0;
+    bool visible_ = true;
     int scrolledX_ = 0; // pixels
     Rect bounds_{0, 0, 640, 400};
     Pointer pointer_ = Pointer::Default;

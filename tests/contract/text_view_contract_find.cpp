@@ -99,3 +99,37 @@ TEST_CASE("text view: a selection as rich text reads as the same text") {
         }
     });
 }
+
+TEST_CASE("text view: a selection as rich text has the look that the reader gave the whole text") {
+    const std::string book = "{\\rtf1\\deff0{\\fonttbl{\\f0 Book Face;}}{\\colortbl;\\red255;}"
+                             "\\qr\\fs40\\b\\cf1 one two}";
+    OnEachBackEnd([&](TextView& view) {
+        const auto copied = [&view](const char* words) {
+            view.Select(4, 3);
+            return view.SelectionAsRtf().find(words) != std::string::npos;
+        };
+        view.SetFont({u"My Face", 15.5, 0, false, true});
+        view.SetTextColor(0x0201FE); // red 254, green 1, blue 2
+        view.SetAutoColor(true);
+        view.LoadRichText(book, 1252);
+        for (const char* words : {"Book Face;", "\\fs40", "\\b\\", "\\red255", "\\qr "})
+            CHECK(copied(words));
+        CHECK_FALSE(copied("My Face"));
+
+        view.ApplyFontToAll();
+        view.SetAutoColor(false);
+        view.SetAlignment(Alignment::Center);
+        for (const char* words :
+             {"My Face;", "\\fs31", "\\i", "\\red254\\green1\\blue2;", "\\cf1", "\\qc"})
+            CHECK(copied(words));
+        for (const char* words : {"Book Face", "\\fs40", "\\b\\", "\\red255", "\\qr "})
+            CHECK_FALSE(copied(words));
+
+        view.LoadPlainText(u"one two three");
+        view.SetAlignment(Alignment::Right);
+        for (const char* words : {"My Face;", "\\fs31", "\\i", "\\red254\\green1", "\\qr"})
+            CHECK(copied(words));
+        view.SetAutoColor(true);
+        CHECK_FALSE(copied("\\cf"));
+    });
+}

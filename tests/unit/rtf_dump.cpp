@@ -22,6 +22,12 @@ std::string ColorText(const char* name, bool isAutomatic, Color color) {
     return std::string(" ") + name + "=" + text;
 }
 
+std::string BorderText(const char* name, const ParagraphBorder& border) {
+    if (border.width == 0) return "";
+    return Number(name, border.width) + Number("space", border.space) +
+           ColorText("color", border.autoColor, border.color);
+}
+
 std::string ParagraphText(const ParagraphStyle& style) {
     const char* const alignments[] = {"left", "right", "center", "justified"};
     std::string text = alignments[static_cast<int>(style.alignment)];
@@ -32,7 +38,12 @@ std::string ParagraphText(const ParagraphStyle& style) {
     text += Number(style.lineSpacingIsMultiple ? "lines/240" : "line", style.lineSpacing);
     for (const std::int32_t stop : style.tabStops)
         text += Number("tab", stop);
-    return text;
+    const ParagraphBorders& borders = style.borders;
+    text += BorderText("border-left", borders.left) + BorderText("border-top", borders.top) +
+            BorderText("border-right", borders.right) +
+            BorderText("border-bottom", borders.bottom) +
+            BorderText("border-between", borders.between);
+    return text + ColorText("back", style.autoBackground, style.background);
 }
 
 std::string CharText(const Document& document, const CharStyle& style) {
@@ -92,6 +103,8 @@ std::string DumpCell(const Document& document, const TableCell& cell) {
     std::string line = "  cell right=" + std::to_string(cell.rightEdge);
     if (cell.columnSpan != 1) line += " span=" + std::to_string(cell.columnSpan);
     if (cell.mergedAbove) line += " merged above";
+    if (cell.verticalAlignment == VerticalAlignment::Center) line += " center";
+    if (cell.verticalAlignment == VerticalAlignment::Bottom) line += " bottom";
     line += ColorText("back", cell.autoBackground, cell.background) + " borders=";
     line += cell.borderLeft ? 'L' : '-';
     line += cell.borderTop ? 'T' : '-';

@@ -164,3 +164,109 @@ TEST_CASE("rtf reader: the default tab of the document") {
     CHECK(Read("\\deftab0 a").defaultTab == 720);
     CHECK(Read("\\deftab-3 a").defaultTab == 720);
 }
+
+namespace {
+ParagraphBorder Line(std::uint16_t width, std::uint16_t space = 0) {
+    ParagraphBorder border;
+    border.width = width;
+    border.space = space;
+    return border;
+}
+
+constexpr Color orange = 0x0180FF; // of the table above
+} // namespace
+
+TEST_CASE("rtf reader: borders of a paragraph, each with its words") {
+    struct {
+        const char* body;
+        void (*change)(ParagraphBorders&);
+    } const cases[] = {
+        {"\\brdrb\\brdrs\\brdrw20\\brsp40 x\\par",
+         [](ParagraphBorders& b) { b.bottom = Line(20, 40); }},
+        {"\\brdrt\\brdrdb x\\par", [](ParagraphBorders& b) { b.top = Line(15); }},
+        {"\\brdrt\\brdrth x\\par", [](ParagraphBorders& b) { b.top = Line(30); }},
+        {"\\brdrl\\brdrs\\brdrr\\brdrdot\\brdrw5 x\\par",
+         [](ParagraphBorders& b) {
+             b.left = Line(15);
+             b.right = Line(5);
+         }},
+        {"\\box\\brdrs\\brdrw10\\brsp20 x\\par",
+         [](ParagraphBorders& b) { b.left = b.top = b.right = b.bottom = Line(10, 20); }},
+        {"\\box\\brdrs\\brdrl\\brdrnone x\\par",
+         [](ParagraphBorders& b) { b.top = b.right = b.bottom = Line(15); }},
+        {"\\brdrbtw\\brdrs\\brdrcf1 x\\par",
+         [](ParagraphBorders& b) {
+             b.between = Line(15);
+             b.between.color = orange;
+             b.between.autoColor = false;
+         }},
+        {"\\brdrb\\brdrs\\brdrw9999\\brsp9999 x\\par",
+         [](ParagraphBorders& b) { b.bottom = Line(255, 620); }},
+        {"\\brdrb\\brdrnone\\brdrw9\\brsp9 x\\par", [](ParagraphBorders&) {}},
+        {"\\brdrb\\brdrs\\pard\\brdrw9 x\\par", [](ParagraphBorders&) {}},
+        {"\\brdrbar\\brdrs\\brdrw9 x\\par", [](ParagraphBorders&) {}},
+        {"{\\brdrb\\brdrs}x\\par", [](ParagraphBorders&) {}},
+        {"\\trowd\\clbrdrb\\brdrs\\cellx900\\pard x\\par", [](ParagraphBorders&) {}},
+    };
+    for (const auto& test : cases) {
+        CAPTURE(test.body);
+        ParagraphBorders expected;
+        test.change(expected);
+        CHECK((FirstParagraphStyle(test.body).borders == expected));
+    }
+}
+
+TEST_CASE("rtf reader: borders of paragraphs and of cells keep apart") {
+    const Document document =
+        Read("\\trowd\\clbrdrt\\brdrs\\cellx900\\pard\\intbl\\brdrb\\brdrs x\\cell\\row");
+    REQUIRE(document.rows.size() == 1);
+    CHECK(document.rows[0].cells[0].borderTop);
+    CHECK_FALSE(document.rows[0].cells[0].borderBottom);
+    CHECK(ParagraphStyleAt(document, 0).borders.bottom.width == 15);
+    CHECK(ParagraphStyleAt(document, 0).borders.top.width == 0);
+}
+
+TEST_CASE("rtf reader: the shading of a paragraph is the mixture of its colours") {
+    struct {
+        const char* body;
+        bool isAutomatic;
+        Color color;
+    } const cases[] = {
+        {"x\\par", true, 0},
+        {"\\cbpat1 x\\par", false, orange},
+        {"\\cbpat1\\cbpat0 x\\par", true, 0},
+        {"\\cbpat1\\pard x\\par", true, 0},
+        {"\\shading10000 x\\par", false, 0x000000},
+        {"\\shading2000 x\\par", false, 0xCCCCCC},
+        {"\\shading10000\\cfpat1\\cbpat2 x\\par", false, orange},
+        {"\\cbpat1\\shading0 x\\par", false, orange},
+    };
+    for (const auto& test : cases) {
+        CAPTURE(test.body);
+        const ParagraphStyle style = FirstParagraphStyle(test.body);
+        CHECK(style.autoBackground == test.isAutomatic);
+        CHECK(style.background == test.color);
+    }
+}
+
+TEST_CASE("rtf reader: a drop cap is the first letter of the next paragraph, as large as it is") {
+    // As word processors write it: a paragraph of its own, lowered to its lines.
+    Document document = Read("{\\pard\\dropcapli3\\dropcapt1\\sl-800\\fs116\\dn10 I\\par}"
+                             "\\pard\\qj\\fs24 t was dark.\\par");
+    CHECK(document.text == u"It was dark.\n");
+    CHECK(CharStyleAt(document, 0).halfPoints == 116);
+    CHECK(CharStyleAt(document, 0).script == Script::Normal);
+    CHECK(CharStyleAt(document, 1).halfPoints == 24);
+    CHECK(ParagraphStyleAt(document, 0).alignment == Alignment::Justified);
+    CHECK(ParagraphStyleAt(document, 0).lineSpacing == 0);
+
+    document = Read("\\pard\\dropcapli3\\fs24 I\\par\\pard t was.\\par"); // no size of its own
+    CHECK(CharStyleAt(document, 0).halfPoints == 72);
+    CHECK(CharStyleAt(document, 1).halfPoints == 24);
+
+    CHECK(Read("\\dropcapli3 I").text == u"I");
+    CHECK(Read("\\dropcapli3\\par\\pard x\\par").text == u"\nx\n");
+    CHECK(Read("\\dropcapli0 I\\par x\\par").text == u"I\nx\n");
+    const std::string words = "A paragraph that is much too long for a drop cap";
+    CHECK(Read("\\dropcapli2 " + words + "\\par x").text.size() == words.size() + 2);
+}

@@ -211,3 +211,16 @@ TEST_CASE(
     CHECK(row.cells.back().rightEdge == static_cast<std::int32_t>(10 * maxRtfRowCells));
     CHECK(row.cells.back().end - row.cells.back().start == 8); // "x\nx\nx\nx\a"
 }
+
+TEST_CASE("rtf reader: the vertical alignment of a cell") {
+    const Document document = Read("\\trowd\\clvertalc\\cellx900\\clvertalb\\cellx1800\\clvertalt"
+                                   "\\cellx2700\\cellx3600\\intbl a\\cell b\\cell c\\cell d\\cell"
+                                   "\\row");
+    REQUIRE(document.rows.size() == 1);
+    const auto& cells = document.rows[0].cells;
+    REQUIRE(cells.size() == 4);
+    CHECK(cells[0].verticalAlignment == VerticalAlignment::Center);
+    CHECK(cells[1].verticalAlignment == VerticalAlignment::Bottom);
+    CHECK(cells[2].verticalAlignment == VerticalAlignment::Top);
+    CHECK(cells[3].verticalAlignment == VerticalAlignment::Top);
+}

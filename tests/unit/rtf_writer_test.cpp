@@ -102,6 +102,15 @@ class DocumentMaker {
         made_.text += u'\uFFFC';
     }
 
+    ParagraphBorder MakeBorder() {
+        ParagraphBorder border;
+        border.width = static_cast<std::uint16_t>(Below(255) + 1);
+        border.space = static_cast<std::uint16_t>(Below(600));
+        border.autoColor = !Maybe();
+        if (!border.autoColor) border.color = random_() & 0xFFFFFF;
+        return border;
+    }
+
     void EndStyle() {
         ParagraphStyle style;
         style.alignment = static_cast<Alignment>(Below(4));
@@ -115,6 +124,12 @@ class DocumentMaker {
         style.lineSpacingIsMultiple = Maybe();
         for (int i = Below(4), stop = 0; i > 0; --i)
             style.tabStops.push_back(stop += Below(900) + 1);
+        ParagraphBorders& borders = style.borders;
+        for (ParagraphBorder* border :
+             {&borders.left, &borders.top, &borders.right, &borders.bottom, &borders.between})
+            if (Maybe()) *border = MakeBorder();
+        style.autoBackground = !Maybe();
+        if (!style.autoBackground) style.background = random_() & 0xFFFFFF;
         StartStyle(made_.paragraphRuns, made_.paragraphStyles, paragraphStart_, style);
     }
 
@@ -143,6 +158,7 @@ class DocumentMaker {
             cell.rightEdge = right += Below(3000);
             cell.columnSpan = static_cast<std::uint16_t>(Maybe() ? Below(4) + 1 : 1);
             cell.mergedAbove = Maybe();
+            cell.verticalAlignment = static_cast<VerticalAlignment>(Below(3));
             cell.borderLeft = Maybe();
             cell.borderTop = Maybe();
             cell.borderRight = Maybe();
@@ -276,4 +292,42 @@ TEST_CASE("rtf writer: signs of symbol fonts come back in the same fonts") {
     for (TextPos i = 0; i < TextPos(document.text.size()); ++i)
         CHECK(again.fonts[document_check::CharStyleAt(again, i).font] ==
               document.fonts[document_check::CharStyleAt(document, i).font]);
+}
+
+TEST_CASE("rtf writer: what is set for the whole text is written over what the document says") {
+    const Document document =
+        ReadRtf("{\\rtf1\\deff0{\\fonttbl{\\f0 ;}{\\f1 One;}}{\\colortbl;\\red9;}"
+                "\\f1\\fs40\\b\\qr a\\f0\\cf1\\chcbpat1 b\\i c}",
+                1252);
+    const auto again = [&](const StyleOverrides& overrides) {
+        return ReadRtf(WriteRtf(document, 0, -1, overrides), 1252);
+    };
+    const auto style = [](const Document& read, TextPos at) {
+        return document_check::CharStyleAt(read, at);
+    };
+
+    StyleOverrides overrides;
+    overrides.fontName = u"Mine";
+    Document read = again(overrides); // only where the document names no font
+    CHECK(read.fonts[style(read, 0).font] == u"One");
+    CHECK(read.fonts[style(read, 1).font] == u"Mine");
+    CHECK(style(read, 0).halfPoints == 40);
+
+    CharStyle font;
+    font.halfPoints = 31;
+    font.italic = true;
+    overrides.font = font;
+    overrides.textColor = 0x123456;
+    overrides.alignment = Alignment::Center;
+    read = again(overrides);
+    for (const TextPos at : {0, 1, 2}) {
+        CHECK(read.fonts[style(read, at).font] == u"Mine");
+        CHECK(style(read, at).halfPoints == 31);
+        CHECK(style(read, at).italic);
+        CHECK_FALSE(style(read, at).bold);
+        CHECK(style(read, at).foreground == 0x123456);
+        CHECK(style(read, at).autoBackground == (at == 0)); // its own stays
+    }
+    CHECK(read.paragraphStyles[read.paragraphRuns.back().style].alignment == Alignment::Center);
+    CHECK(WriteRtf(document, 0, -1, {}) == WriteRtf(document));
 }

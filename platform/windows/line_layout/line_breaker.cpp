@@ -126,7 +126,7 @@ BrokenLine MakeLine(const ParagraphText& paragraph, const TextUnits& text, Shape
     line.line.start = static_cast<TextPos>(start);
     line.line.end = static_cast<TextPos>(end.end);
     line.visibleEnd = end.isBreak ? end.end - 1 : end.end;
-    const bool wrapped = !end.isBreak && (!end.isTextEnd || paragraph.continues);
+    const bool wrapped = !end.isBreak && !end.isTextEnd;
     const int indent = start == 0 ? paragraph.firstIndent : paragraph.indent;
     const int room = std::max(1, paragraph.width - indent);
     if (wrapped)

@@ -90,6 +90,18 @@ void ClipTo(HDC context, const Rect& rect) {
     IntersectClipRect(context, area.left, area.top, area.right, area.bottom);
 }
 
+void ClipToAny(HDC context, std::span<const Rect> rects) {
+    const HRGN all = CreateRectRgn(0, 0, 0, 0), each = CreateRectRgn(0, 0, 0, 0);
+    for (const Rect& rect : rects) {
+        const RECT area = ToRect(rect);
+        SetRectRgn(each, area.left, area.top, area.right, area.bottom);
+        CombineRgn(all, all, each, RGN_OR);
+    }
+    ExtSelectClipRgn(context, all, RGN_AND);
+    DeleteObject(each);
+    DeleteObject(all);
+}
+
 } // namespace
 
 void PaintLine(WinCanvas& canvas, const PaintedLine& painted, int left, int baseline,
@@ -99,19 +111,11 @@ void PaintLine(WinCanvas& canvas, const PaintedLine& painted, int left, int base
     ClipTo(context, paint.clip);
     SetBkMode(context, TRANSPARENT);
     SetTextAlign(context, TA_LEFT | TA_BASELINE | TA_NOUPDATECP);
+    for (const Rect& kept : paint.without) {
+        const RECT area = ToRect(kept);
+        ExcludeClipRect(context, area.left, area.top, area.right, area.bottom);
+    }
+    if (!paint.within.empty()) ClipToAny(context, paint.within);
     const Painter painter(canvas, painted, left, baseline, paint);
-    {
-        const SavedContext normal(context);
-        for (const Rect& selected : paint.selected) {
-            const RECT area = ToRect(selected);
-            ExcludeClipRect(context, area.left, area.top, area.right, area.bottom);
-        }
-        painter.Paint(std::nullopt);
-    }
-    for (const Rect& selected : paint.selected) {
-        const SavedContext part(context);
-        ClipTo(context, selected);
-        canvas.FillRect(selected, paint.selectedBackground);
-        painter.Paint(paint.selectedText);
-    }
+    painter.Paint(paint.oneColor ? std::optional(paint.text) : std::nullopt);
 }

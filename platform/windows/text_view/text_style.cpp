@@ -16,14 +16,6 @@ bool HasContrast(Color a, Color b) {
     return std::abs(Luminance(a) - Luminance(b)) >= 80;
 }
 
-double PointSize(const ViewFont& font) {
-    return std::clamp(font.size > 0 ? font.size : defaultFontSize, minFontSize, maxFontSize);
-}
-
-std::u16string FaceName(const ViewFont& font) {
-    return font.name.empty() ? u"Segoe UI" : font.name;
-}
-
 void ApplyFont(CharStyle& style, const ViewFont& font) {
     style.font = 0;
     style.halfPoints = static_cast<std::uint16_t>(std::lround(2 * PointSize(font)));
@@ -47,6 +39,14 @@ void ApplyColor(CharStyle& run, const ViewStyle& style) {
     if (const auto color = ReadableAutoColor(back)) SetForeground(run, *color);
 }
 } // namespace
+
+double PointSize(const ViewFont& font) {
+    return std::clamp(font.size > 0 ? font.size : defaultFontSize, minFontSize, maxFontSize);
+}
+
+std::u16string FaceName(const ViewFont& font) {
+    return font.name.empty() ? u"Segoe UI" : font.name;
+}
 
 CHARFORMAT2W FontFormat(const ViewFont& font) {
     CHARFORMAT2W format = {};

@@ -10,6 +10,10 @@
 #include <optional>
 #include <string>
 
+// What a view's font comes to where it names no face, or no size or an absurd one.
+std::u16string FaceName(const ViewFont& font);
+double PointSize(const ViewFont& font);
+
 CHARFORMAT2W FontFormat(const ViewFont& font);
 // For text without colours of its own.
 CHARFORMAT2W ColorFormat(const ViewStyle& style);

@@ -4,6 +4,7 @@
 #include "common/line_ends.h"
 #include "formats/rtf/rtf_reader.h"
 #include "formats/rtf/rtf_writer.h"
+#include "view/view_style_overrides.h"
 #include "platform/windows/portable/text_map.h"
 
 #include <algorithm>
@@ -145,14 +146,12 @@ TextPos WinTextView::Find(std::u16string_view what, TextPos start, FindOptions o
 
 // By our own writer, as on every system: without the control's own marks.
 std::string WinTextView::SelectionAsRtf() const {
-    if (!plain_) return WriteRtf(document_, SelStart(), SelLength());
+    const StyleOverrides overrides =
+        OverridesOf(style_, plain_, FaceName(style_.font), PointSize(style_.font));
+    if (!plain_) return WriteRtf(document_, SelStart(), SelLength(), overrides);
     Document selected;
     selected.text = TextRange(SelStart(), SelLength());
-    ViewStyle style = style_;
-    style.fontForAll = style.autoColor = true;
-    style.backColor = 0xFFFFFF;
-    style.alignment.reset();
-    return WriteRtf(WithStyle(std::move(selected), style));
+    return WriteRtf(selected, 0, -1, overrides);
 }
 
 void WinTextView::SetBounds(const Rect& bounds) {
