@@ -1,5 +1,5 @@
 // A text pane in a window that is only remembered, on the headless line layout: a 12-point letter
-// is 8 pixels wide and its line 16 high.
+// is 8 pixels wide and its line 17 high.
 #pragma once
 
 #include "platform/none/none_canvas.h"
@@ -10,7 +10,7 @@
 
 class FakePaneWindow : public PaneWindow {
   public:
-    Size room{400, 160};
+    Size room{400, 170};
     double dpi = 96;
     bool focused = true, horizontalBar = false;
     int redraws = 0;
@@ -49,9 +49,9 @@ class NoPictures : public PictureStore {
 
 class PaneBench : public PaneTextView {
   public:
-    static constexpr int letter = 8, lineHeight = 16;
+    static constexpr int letter = 8, lineHeight = 17;
 
-    explicit PaneBench(int width = 400, int height = 160) {
+    explicit PaneBench(int width = 400, int height = 170) {
         window.room = {width, height};
         SetFont({u"Fixed", 12, 0});
     }
@@ -69,10 +69,10 @@ class PaneBench : public PaneTextView {
         return canvas.drawings;
     }
     std::vector<std::u16string> PaintedLines() {
-        std::vector<std::u16string> lines;
+        std::vector<std::u16string> painted;
         for (const NoneDrawing& drawing : Painted())
-            if (drawing.kind == NoneDrawing::Kind::Text) lines.push_back(drawing.text);
-        return lines;
+            if (drawing.kind == NoneDrawing::Kind::Text) painted.push_back(drawing.text);
+        return painted;
     }
 
     // Of the port, what is the window's.
