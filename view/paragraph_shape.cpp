@@ -105,6 +105,16 @@ bool StartsRightToLeft(std::u16string_view text) {
     }
     return false;
 }
+// Scaled down to fit, with its proportions.
+Size Fitted(Size size, Size most) {
+    if (size.width <= most.width && size.height <= most.height) return size;
+    const std::int64_t width = size.width, height = size.height;
+    const int fittingWidth = int(most.height * width / height);
+    const Size fitted = fittingWidth <= most.width
+                            ? Size{fittingWidth, most.height}
+                            : Size{most.width, int(most.width * height / width)};
+    return {std::max(1, fitted.width), std::max(1, fitted.height)};
+}
 } // namespace
 
 int ParagraphShape::TextWidth() const {
@@ -150,17 +160,6 @@ ParagraphShape ShapeOf(const LayoutContext& context, const ParagraphPart& part,
     SetBox(context, style, part, shape);
     SetTabs(context, style, shape);
     return shape;
-}
-
-// Scaled down to fit, with its proportions.
-static Size Fitted(Size size, Size most) {
-    if (size.width <= most.width && size.height <= most.height) return size;
-    const std::int64_t width = size.width, height = size.height;
-    const int fittingWidth = int(most.height * width / height);
-    const Size fitted = fittingWidth <= most.width
-                            ? Size{fittingWidth, most.height}
-                            : Size{most.width, int(most.width * height / width)};
-    return {std::max(1, fitted.width), std::max(1, fitted.height)};
 }
 
 Size PictureSize(const LayoutContext& context, const Picture& picture, int width) {
