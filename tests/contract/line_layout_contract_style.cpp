@@ -127,6 +127,8 @@ TEST_CASE("line layout: tab stops are from the start edge, not from the indent")
             const auto lines = BreakWithTabs(layout, text, rightToLeft, 50);
             CHECK(IsWithin(FromStart(*lines, 1, rightToLeft), 150));
             CHECK(IsWithin(FromStart(*lines, 3, rightToLeft), 280));
+            const auto atStop = BreakWithTabs(layout, u"\t\t" + text.substr(1, 1), rightToLeft);
+            CHECK(IsWithin(FromStart(*atStop, 2, rightToLeft), 330));
             const auto behind = BreakWithTabs(layout, text, rightToLeft, 220);
             CHECK(IsWithin(FromStart(*behind, 1, rightToLeft), 110));
         }
@@ -162,6 +164,17 @@ TEST_CASE("line layout: a box has its width, and lines may break beside it") {
             const double ascent = layout.Metrics(*paragraph.runs[0].style).ascent;
             CHECK(lines->Line(1).ascent <= ascent + pixel); // the box does not count
         }
+    });
+}
+
+TEST_CASE("line layout: beside a box a line breaks as between words") {
+    OnEachLineLayout([](LineLayout& layout) {
+        const int box = 100, before = int(std::ceil(TextWidth(layout, u"xx abc")));
+        ParagraphText paragraph = LineParagraph(layout, u"xx abc\uFFFCdef", before + box / 2);
+        paragraph.boxes = {{6, box}};
+        CHECK(layout.BreakLines(paragraph)->Line(0).end == 6);
+        paragraph.width = before + box + 2;
+        CHECK(layout.BreakLines(paragraph)->Line(0).end == 7);
     });
 }
 
@@ -203,7 +216,7 @@ TEST_CASE("line layout: a line without spaces, with a tab or before a break is n
         for (const char16_t* text :
              {u"several several", u"a\tb several several", u"a b c\u2028several several"}) {
             ParagraphText paragraph =
-                LineParagraph(layout, text, int(1.5 * TextWidth(layout, u"several")));
+                LineParagraph(layout, text, int(2 * TextWidth(layout, u"several")));
             paragraph.tabStops = {int(TextWidth(layout, u"abc"))};
             const auto natural = layout.BreakLines(paragraph);
             paragraph.justified = true;
