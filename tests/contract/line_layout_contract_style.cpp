@@ -62,6 +62,19 @@ TEST_CASE("line layout: a larger font raises the lines that it is in") {
     });
 }
 
+TEST_CASE("line layout: an empty line is as high as the font of a run at the text's end") {
+    OnEachLineLayout([](LineLayout& layout) {
+        const auto large = layout.Prepare(LineStyle(24));
+        for (const char16_t* text : {u"abc\u2028", u"abc\u2028\u2028"}) {
+            ParagraphText paragraph = LineParagraph(layout, text);
+            paragraph.runs.push_back({TextPos(paragraph.text.size()), large});
+            const auto lines = layout.BreakLines(paragraph);
+            const double ascent = lines->Line(lines->Count() - 1).ascent;
+            CHECK(IsWithin(ascent, layout.Metrics(*large).ascent));
+        }
+    });
+}
+
 TEST_CASE("line layout: raised and lowered letters are smaller") {
     OnEachLineLayout([](LineLayout& layout) {
         TextStyle style = LineStyle(24);
