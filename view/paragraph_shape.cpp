@@ -1,7 +1,7 @@
 #include "view/paragraph_shape.h"
 
+#include "common/text_characters.h"
 #include "common/unicode.h"
-#include "view/characters.h"
 #include "view/style_runs.h"
 
 #include <algorithm>
@@ -95,8 +95,8 @@ void SetPlainTabs(const LayoutContext& context, ParagraphShape& shape) {
 bool StartsRightToLeft(std::u16string_view text) {
     int isolates = 0;
     for (std::size_t at = 0; at < text.size();) {
-        const char32_t character = CharacterFrom(text, at);
-        at += UnitsOf(character);
+        const char32_t character = FirstCharacter(text.substr(at, 2));
+        at += std::size_t(UnitsOf(character));
         if (character >= 0x2066 && character <= 0x2068) ++isolates;
         if (character == 0x2069 && isolates > 0) --isolates;
         const Direction direction = StrongDirection(character);
