@@ -187,13 +187,20 @@ TEST_CASE("Windows line layout: a soft hyphen is seen at the end of a wrapped li
 
 TEST_CASE("Windows line layout: letters join across a change of colour") {
     WinLineLayout layout;
-    const std::u16string word = u"\u0645\u062D\u0645\u0651\u062F";
-    ParagraphText paragraph = LineParagraph(layout, word, unlimited, true);
-    const double plain = layout.BreakLines(paragraph)->Line(0).width;
-    TextStyle colored = LineStyle();
-    colored.color = red;
-    paragraph.runs.push_back({2, layout.Prepare(colored)});
-    CHECK(layout.BreakLines(paragraph)->Line(0).width == plain);
+    ParagraphText paragraph = LineParagraph(layout, u"\u0628\u0628\u0628\u0628", unlimited, true);
+    paragraph.runs = {{0, layout.Prepare(LineStyle(24))}};
+    Picture plain, colored;
+    layout.BreakLines(paragraph)->Draw(plain.Canvas(), 0, left, baseline, InBlack());
+    TextStyle style = LineStyle(24);
+    style.color = red;
+    paragraph.runs.push_back({2, layout.Prepare(style)});
+    layout.BreakLines(paragraph)->Draw(colored.Canvas(), 0, left, baseline, InBlack());
+    CHECK(colored.Count(whole, red) > 0);
+    int others = 0;
+    for (int y = 0; y < pictureHeight; ++y)
+        for (int x = 0; x < pictureWidth; ++x)
+            others += (plain.At(x, y) == white) != (colored.At(x, y) == white);
+    CHECK(others == 0);
 }
 
 TEST_CASE("Windows line layout: justified lines from right to left end at both edges") {
