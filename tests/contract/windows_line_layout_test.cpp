@@ -61,8 +61,6 @@ LinePaint InBlack(Rect clip = whole) {
     LinePaint paint;
     paint.text = black;
     paint.clip = clip;
-    paint.selectedText = yellow;
-    paint.selectedBackground = blue;
     return paint;
 }
 
@@ -107,38 +105,46 @@ TEST_CASE("Windows line layout: nothing is painted outside the clip") {
     style.underline = true;
     const auto lines = LinesOf(layout, u"some words", style);
     const Rect clip = {60, 40, 50, 15};
-    const Rect selected[] = {{0, 0, 80, pictureHeight}};
+    const Rect within[] = {{0, 0, 80, pictureHeight}, {90, 0, 100, pictureHeight}};
     LinePaint paint = InBlack(clip);
-    paint.selected = selected;
+    paint.within = within;
     Picture picture;
     lines->Draw(picture.Canvas(), 0, left, baseline, paint);
     CHECK(picture.Painted(clip) > 0);
     CHECK(picture.Painted(whole) == picture.Painted(clip));
+    CHECK(picture.Painted({80, 0, 10, pictureHeight}) == 0);
     picture.Canvas().FillRect({0, 0, 3, 3}, red); // the clip is the caller's again
     CHECK(picture.At(1, 1) == red);
 }
 
-TEST_CASE("Windows line layout: what is selected has the selection's colours") {
+TEST_CASE("Windows line layout: a part is painted in one colour, whatever the text's own are") {
     WinLineLayout layout;
     TextStyle style = LineStyle(24);
     style.color = red;
+    style.background = black;
     const auto lines = LinesOf(layout, u"HHHHHH", style);
-    const TextExtent extent = lines->Extents(0, 2, 4).at(0);
-    Rect area = Column(extent);
-    area.top = 20;
-    area.height = 40;
-    LinePaint paint = InBlack();
-    paint.selected = {&area, 1};
+    Rect area = Column(lines->Extents(0, 2, 4).at(0));
     Picture picture;
+    SetViewportOrgEx(picture.Canvas().Context(), 7, 3, nullptr); // as a paint buffer has one
+    picture.Canvas().FillRect(area, blue);
+    LinePaint paint = InBlack();
+    paint.without = {&area, 1};
     lines->Draw(picture.Canvas(), 0, left, baseline, paint);
-    CHECK(picture.Count(area, blue) > area.width * area.height / 4);
-    CHECK(picture.Count(area, yellow) > 20);
-    CHECK(picture.Count(area, white) == 0);
-    CHECK(picture.Count(area, red) == 0);
-    const Rect before = Column(lines->Extents(0, 0, 2).at(0));
-    CHECK(picture.Count(before, red) > 20);
-    CHECK(picture.Count(before, blue) == 0);
-    CHECK(picture.Count(before, yellow) == 0);
+    const Rect onDevice = {area.left + 7, 0, area.width, pictureHeight};
+    CHECK(picture.Count(onDevice, red) == 0);
+    CHECK(picture.Count(onDevice, black) == 0);
+    const int before = picture.Painted(whole);
+    paint = InBlack();
+    paint.within = {&area, 1};
+    paint.oneColor = true;
+    paint.text = yellow;
+    lines->Draw(picture.Canvas(), 0, left, baseline, paint);
+    CHECK(picture.Count(onDevice, yellow) > 20);
+    CHECK(picture.Count(onDevice, blue) > area.width * pictureHeight / 2);
+    CHECK(picture.Count(onDevice, red) == 0);
+    CHECK(picture.Count(onDevice, black) == 0);
+    CHECK(picture.Painted(whole) == before);
+    CHECK(picture.Count({left + 7, 0, 20, pictureHeight}, red) > 20);
 }
 
 TEST_CASE(
