@@ -2,8 +2,6 @@
 
 #include "platform/windows/base/system_library.h"
 
-#include <algorithm>
-
 namespace {
 
 using AlphaBlendFunction = BOOL WINAPI(HDC, int, int, int, int, HDC, int, int, int, int,
@@ -14,6 +12,30 @@ AlphaBlendFunction* FindAlphaBlend() {
     AlphaBlendFunction* function = nullptr;
     FindFunction(GetModuleHandleW(L"gdi32"), "GdiAlphaBlend", function);
     return function;
+}
+
+bool Blend(HDC target, const Rect& rect, HBITMAP bitmap, int width, int height,
+           const BLENDFUNCTION& how) {
+    static AlphaBlendFunction* const alphaBlend = FindAlphaBlend();
+    if (!alphaBlend) return false;
+    const HDC source = CreateCompatibleDC(target);
+    const HGDIOBJ before = SelectObject(source, bitmap);
+    const bool done = alphaBlend(target, rect.left, rect.top, rect.width, rect.height, source, 0, 0,
+                                 width, height, how) != FALSE;
+    SelectObject(source, before);
+    DeleteDC(source);
+    return done;
+}
+
+// One pixel that is stretched.
+HBITMAP MakePixel(HDC target, Color color) {
+    const HDC context = CreateCompatibleDC(target);
+    const HBITMAP bitmap = CreateCompatibleBitmap(target, 1, 1);
+    const HGDIOBJ before = SelectObject(context, bitmap);
+    SetPixelV(context, 0, 0, color);
+    SelectObject(context, before);
+    DeleteDC(context);
+    return bitmap;
 }
 
 } // namespace
@@ -28,15 +50,12 @@ void WinCanvas::FillRect(const Rect& rect, Color color) {
 }
 
 void WinCanvas::TintRect(const Rect& rect, Color color) {
-    static AlphaBlendFunction* const alphaBlend = FindAlphaBlend();
-    if (rect.width <= 0 || rect.height <= 0 || !alphaBlend) return;
-    const HDC source = CreateCompatibleDC(context_);
-    const HBITMAP bitmap = CreateCompatibleBitmap(context_, 1, 1);
-    const HGDIOBJ before = SelectObject(source, bitmap);
-    SetPixelV(source, 0, 0, color);
-    const BLENDFUNCTION half = {AC_SRC_OVER, 0, 128, 0};
-    alphaBlend(context_, rect.left, rect.top, rect.width, rect.height, source, 0, 0, 1, 1, half);
-    SelectObject(source, before);
-    DeleteObject(bitmap);
-    DeleteDC(source);
+    if (rect.width <= 0 || rect.height <= 0) return;
+    const HBITMAP pixel = MakePixel(context_, color);
+    Blend(context_, rect, pixel, 1, 1, {AC_SRC_OVER, 0, 128, 0});
+    DeleteObject(pixel);
+}
+
+bool WinCanvas::DrawBitmap(HBITMAP bitmap, const Rect& box) {
+    return Blend(context_, box, bitmap, box.width, box.height, {AC_SRC_OVER, 0, 255, AC_SRC_ALPHA});
 }
