@@ -10,11 +10,11 @@ class WinTextLines : public TextLines {
     int Count() const override { return static_cast<int>(lines_.size()); }
     const TextLine& Line(int index) const override { return At(index).line; }
 
-    double CaretX(int line, TextPos position) const override;
-    TextPos PositionAt(int line, double x) const override;
-    TextPos CharacterAt(int line, double x) const override;
-    TextExtent CharacterExtent(int line, TextPos position) const override;
-    std::vector<TextExtent> Extents(int line, TextPos start, TextPos end) const override;
+    double CaretX(int index, TextPos position) const override;
+    TextPos PositionAt(int index, double x) const override;
+    TextPos CharacterAt(int index, double x) const override;
+    TextExtent CharacterExtent(int index, TextPos position) const override;
+    std::vector<TextExtent> Extents(int index, TextPos start, TextPos end) const override;
 
     TextPos NextPosition(TextPos position) const override;
     TextPos PreviousPosition(TextPos position) const override;
