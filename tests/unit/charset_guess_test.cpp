@@ -230,6 +230,15 @@ TEST_CASE("charset guess: a long book is looked into behind its first part") {
     CHECK(source.CodePage() == 866);
 }
 
+TEST_CASE("charset guess: the frames of a DOS book do not speak against it") {
+    const std::string top = "\xC9" + std::string(60, '\xCD') + "\xBB\n",
+                      bottom = "\xC8" + std::string(60, '\xCD') + "\xBC\n";
+    for (const std::u16string_view title :
+         {u"\u0413\u043B\u0430\u0432\u0430 1", u"\u0422\u043E\u043C 2"})
+        CHECK(DecodePlainText(top + "  " + Encoded(866, title) + "\n" + bottom, 0, 1251).codePage ==
+              866);
+}
+
 TEST_CASE("charset guess: in doubt the system's own page") {
     const char* const texts[] = {
         "A caf\xE9.",

@@ -50,6 +50,16 @@ TEST_CASE("menu items: an added item takes what it is given") {
     CHECK_FALSE(item.visible);
 }
 
+TEST_CASE(
+    "menu items: the first of an array is what a menu shows, the others are as literal as it") {
+    MenuArray array{"list", {}, {}};
+    AddMenuItem(array, u"&One");
+    CHECK_FALSE(array[0].literal);
+    array[0].literal = true;
+    AddMenuItem(array, u"&Two");
+    CHECK(array[1].literal);
+}
+
 TEST_CASE("menu items: a radio group has one checked item") {
     MenuArray group{"group", {MenuItem{}, MenuItem{}, MenuItem{}}, {}};
     CheckRadioItem(2, group);

@@ -333,6 +333,38 @@ class SmallTextView : public NoneTextView {
 };
 } // namespace
 
+namespace {
+class TenMegabyteView : public NoneTextView {
+  public:
+    std::uint64_t MaxTextSize() const override { return 10u << 20; }
+};
+} // namespace
+
+// A book of more than 8 MB is not read into memory before its kind is known.
+TEST_CASE("open: large books, and the largest plain text that the view can show") {
+    TestForm test;
+    test.form.ports.textView = std::make_unique<TenMegabyteView>();
+    const std::string nineMegabytes(9u << 20, '\n'), elevenMegabytes(11u << 20, '\n');
+    test.PutBook(u"/b/nine.txt", nineMegabytes + "the end");
+    test.PutBook(u"/b/eleven.txt", elevenMegabytes + "the end");
+    test.PutBook(u"/b/eleven.rtf", "{\\rtf1{\\info " + elevenMegabytes + "}all of it}");
+    test.PutBook(u"/b/rich", "{\\rtf1{\\info " + elevenMegabytes + "}also all}");
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/nine.txt");
+    CHECK(test.View().TextLength() == (9 << 20) + 7);
+    CHECK(test.View().TextRange(9 << 20, 7) == u"the end");
+    OpenBook(test.form, u"/b/eleven.rtf");
+    CHECK(test.View().TextRange(0, 20) == u"all of it");
+    OpenBook(test.form, u"/b/rich"); // by its first bytes
+    CHECK(test.View().TextRange(0, 20) == u"also all");
+    CHECK(test.Dialogs().messages.empty());
+    OpenBook(test.form, u"/b/eleven.txt");
+    REQUIRE(test.Dialogs().messages.size() == 1);
+    CHECK(test.Dialogs().messages[0].text ==
+          u"/b/eleven.txt\r\nis too large: a book may have up to 10 MB.");
+    CHECK(test.View().TextRange(0, 20) == u"also all");
+}
+
 TEST_CASE("open: a book that memory does not hold is told, and keeps its record") {
     TestForm test;
     test.form.ports.textView = std::make_unique<SmallTextView>();

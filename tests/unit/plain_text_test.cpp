@@ -106,6 +106,7 @@ TEST_CASE("plain text: UTF-16 without a mark") {
         u"\u3000\u4E00\u4EBA\u3067\u6B69\u304F\u3002\n", // more low zero bytes than high ones
         u"\u7B80\u4F53\u4E2D\u6587\u6C49\u5B57\u7B80\u5316\u5B57\n",
         u"\U0001F600 and \U0001F601\n",
+        u"\U00010000 to \U0010FFFF\n",
         u"\u2022 a\n\u2022 b\n\u2022 c\n",
     };
     for (const std::u16string& text : texts) {
@@ -117,6 +118,18 @@ TEST_CASE("plain text: UTF-16 without a mark") {
         CHECK(big.encoding == TextEncoding::Utf16BigEndian);
         CHECK(Utf16ToUtf8(big.text) == Utf16ToUtf8(text));
     }
+}
+
+TEST_CASE("plain text: halves of surrogate pairs are not UTF-16") {
+    for (const char16_t half : {u'\xD800', u'\xDBFF', u'\xDC00', u'\xDFFF'})
+        for (const bool bigEndian : {false, true}) {
+            std::u16string text;
+            for (int i = 0; i < 20; ++i)
+                (text += std::u16string(8, u'\u00E5')) += half; // swapped it is no text either
+            CAPTURE(static_cast<int>(half));
+            const DecodedText decoded = DecodePlainText(Utf16Bytes(text, bigEndian), 0, 1252);
+            CHECK(decoded.encoding == TextEncoding::CodePage);
+        }
 }
 
 TEST_CASE("plain text: zero bytes alone are not UTF-16") {

@@ -2,6 +2,7 @@
 
 #include "app/keys.h"
 #include "app/open_book.h"
+#include "app/view_menu.h"
 #include "reading/formatting.h"
 
 #include <doctest/doctest.h>
@@ -157,6 +158,10 @@ TEST_CASE("view: refresh finds the books of a stick that was away at the start")
     REQUIRE(empty.Start());
     empty.Menus().Open(empty.Menu().mView);
     CHECK_FALSE(empty.Menu().mViewRefresh[0].enabled);
+    const int loads = empty.View().loads;
+    mViewRefresh_Click(empty.form, 0); // of a menu that still stood open
+    CHECK(empty.View().loads == loads);
+    CHECK(empty.Dialogs().messages.empty());
 }
 
 TEST_CASE("charset: wrong letters are put right by the script chosen, and the place stays") {
