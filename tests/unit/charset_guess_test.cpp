@@ -16,7 +16,7 @@ namespace {
 std::string BytesOf(int page, char16_t unit) {
     for (int bytes = 0x80; bytes < 0x10000; ++bytes) {
         const auto first = static_cast<char>(bytes >> 8), second = static_cast<char>(bytes);
-        const std::string sequence = first ? std::string{first, second} : std::string(1, second);
+        std::string sequence = first ? std::string{first, second} : std::string(1, second);
         std::u16string text;
         DecodeCodePage(page, sequence, text);
         if (text == std::u16string(1, unit)) return sequence;
@@ -231,12 +231,13 @@ TEST_CASE("charset guess: a long book is looked into behind its first part") {
 }
 
 TEST_CASE("charset guess: the frames of a DOS book do not speak against it") {
-    const std::string top = "\xC9" + std::string(60, '\xCD') + "\xBB\n",
-                      bottom = "\xC8" + std::string(60, '\xCD') + "\xBC\n";
+    const std::string line(60, '\xCD');
     for (const std::u16string_view title :
-         {u"\u0413\u043B\u0430\u0432\u0430 1", u"\u0422\u043E\u043C 2"})
-        CHECK(DecodePlainText(top + "  " + Encoded(866, title) + "\n" + bottom, 0, 1251).codePage ==
-              866);
+         {u"\u0413\u043B\u0430\u0432\u0430 1", u"\u0422\u043E\u043C 2"}) {
+        std::string framed = "\xC9" + line + "\xBB\n  ";
+        framed.append(Encoded(866, title)).append("\n\xC8").append(line).append("\xBC\n");
+        CHECK(DecodePlainText(framed, 0, 1251).codePage == 866);
+    }
 }
 
 TEST_CASE("charset guess: in doubt the system's own page") {
@@ -315,7 +316,7 @@ TEST_CASE("charset guess: UTF-32 without a mark") {
     }
 }
 
-TEST_CASE("charset guess: all that is thinkable, likeliest first") {
+TEST_CASE("charset guess: guesses are sorted, likeliest first") {
     const std::string bytes = Encoded(866, sentences[15].text);
     const std::string_view sample = bytes;
     const auto guesses = GuessCharsets({&sample, 1}, 1252);

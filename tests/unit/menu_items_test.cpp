@@ -50,14 +50,16 @@ TEST_CASE("menu items: an added item takes what it is given") {
     CHECK_FALSE(item.visible);
 }
 
-TEST_CASE(
-    "menu items: the first of an array is what a menu shows, the others are as literal as it") {
+TEST_CASE("menu items: an added item is literal when the first of its array is") {
     MenuArray array{"list", {}, {}};
     AddMenuItem(array, u"&One");
     CHECK_FALSE(array[0].literal);
     array[0].literal = true;
     AddMenuItem(array, u"&Two");
     CHECK(array[1].literal);
+    array.items.clear();
+    AddMenuItem(array, u"&One");
+    CHECK_FALSE(array[0].literal);
 }
 
 TEST_CASE("menu items: a radio group has one checked item") {

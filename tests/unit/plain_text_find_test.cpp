@@ -177,7 +177,8 @@ TEST_CASE("plain text find: a match at each place around the borders of pieces")
                 CAPTURE(before);
                 const std::string head = BytesBefore(text, border * 1024 - before, random);
                 const std::string tail = "." + BytesBefore(text, 3000, random);
-                const PlainTextSource source(Reader(head + text.word + tail), text.page, 1252);
+                const PlainTextSource source(
+                    Reader(std::string(head).append(text.word).append(tail)), text.page, 1252);
                 const PlainTextSource word(Reader(text.word + (text.page == 0 ? "\xC3\xA9" : "\n")),
                                            text.page, 1252);
                 const std::u16string what = word.Range(0, word.Length() - 1);

@@ -49,10 +49,17 @@ TEST_CASE("profiles: a chosen one moves to the top, the others keep their order"
 TEST_CASE("profiles: the ticked one does nothing and writes nothing") {
     TestForm test;
     test.PutDataFile(threeProfiles);
+    test.PutBook(u"/b/a.txt", NumberedLines(300));
     REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/a.txt");
+    test.View().ScrollLineToTop(900);
+    const TextPos top = test.View().FirstVisibleChar();
+    const int loads = test.View().loads;
     const auto writes = test.Files().replaceCalls.size();
     test.Menus().Click(test.Menu().mProfileList, 0);
     CHECK(test.Files().replaceCalls.size() == writes);
+    CHECK(test.View().loads == loads);
+    CHECK(test.View().FirstVisibleChar() == top);
 }
 
 TEST_CASE("profiles: removing is offered only when there are two") {
@@ -147,6 +154,7 @@ TEST_CASE("profiles: a new name loses its blanks; an old one is switched to, in 
     CHECK(test.Dialogs().textRequests[0].second == u"Enter new user name:");
     CHECK(Captions(test.Menu().mProfileList) ==
           std::vector<std::u16string>{u"AnnaMaria", u"Default"});
+    CHECK(Captions(test.Menu().mUserDeleteList) == Captions(test.Menu().mProfileList));
     AddProfile(test, u"annamaria"); // the current one
     CHECK(test.Menu().mProfileList.Count() == 2);
     AddProfile(test, u"Bo");

@@ -12,6 +12,9 @@ TEST_CASE("text routines: InRange with bounds in order and not") {
     CHECK_FALSE(InRange(6, 1, 5, false));
     CHECK_FALSE(InRange(0, 0, -1, true));
     CHECK(InRange(0, 0, -1, false));
+}
+
+TEST_CASE("text routines: MaxOf") {
     CHECK(MaxOf(-4, 2) == 2);
     CHECK(MaxOf(7, 2) == 7);
 }
