@@ -240,6 +240,14 @@ TEST_CASE("charset guess: the frames of a DOS book do not speak against it") {
     }
 }
 
+TEST_CASE("charset guess: one rare letter far behind counts beside thousands of common ones") {
+    std::string book;
+    while (book.size() < 60'000)
+        book += "Le gar\xE7on \xE9tait all\xE9 \xE0 la for\xEAt avec sa m\xE8re et son p\xE8re.\n";
+    book += "Sa s\xBDur, son c\xBDur et l'\xBDuvre de sa s\xBDur.\n"; // oe in ISO 8859-15
+    CHECK(DecodePlainText(book + "Fin.\n", 0, 1252).codePage == 28605);
+}
+
 TEST_CASE("charset guess: in doubt the system's own page") {
     const char* const texts[] = {
         "A caf\xE9.",
@@ -304,7 +312,8 @@ TEST_CASE("charset guess: sequences of ISO-2022 and HZ") {
         CHECK(Utf16ToUtf8(decoded.text) == Utf16ToUtf8(c.text));
         CHECK(All(PlainTextSource(Reader(c.bytes), 0, 1252, 7)) == Whole(c.bytes, 0));
     }
-    for (const char* const text : {"\x1B[1mbold\x1B[0m", "~{ not HZ", "a ~ b ~{x~} c", "\x1B"})
+    for (const char* const text :
+         {"\x1B[1mbold\x1B[0m", "~{ not HZ", "a ~ b ~{x~} c", "~{x~}", "~{VP N~}", "\x1B"})
         CHECK(DecodePlainText(text, 0, 1252).encoding == TextEncoding::Utf8);
 }
 

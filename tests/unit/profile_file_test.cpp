@@ -36,6 +36,15 @@ std::string Listed(const ProfileFile& file, std::u16string_view section) {
 
 } // namespace
 
+TEST_CASE("profile file: names beyond the first plane are told apart by both halves") {
+    const std::u16string other = u"\U00010000", key = u"\U00010400"; // of one low surrogate
+    const ProfileFile file = Parse("[s]\n\xF0\x90\x90\x80=1\n");
+    CHECK(ValueOf(file, u"s", key) == "1");
+    CHECK(ValueOf(file, u"s", other) == "(none)");
+    CHECK(ValueOf(file, u"s", key.substr(0, 1)) == "(none)");
+    CHECK(ValueOf(file, u"s", key + u"x") == "(none)");
+}
+
 TEST_CASE("profile file: reading a value by key") {
     const struct {
         const char *bytes, *value; // of key "k" in section "s"

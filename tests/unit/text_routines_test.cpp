@@ -66,6 +66,18 @@ TEST_CASE("caret: a line already at the top stays there") {
     CHECK(FirstVisibleChar(view) == 4);
 }
 
+TEST_CASE("caret: what is selected far to the right is scrolled into view across, too") {
+    NoneTextView view;
+    view.LoadPlainText(u"one\n" + std::u16string(1000, u'x') + u"\ntwo");
+    view.SetRightMargin(491520); // not wrapped
+    view.SetBounds({0, 0, 400, 300});
+    view.Select(904, 3);
+    ScrollCaretToTop(view);
+    CHECK(FirstVisibleChar(view) == 4);
+    CHECK(view.X(904) >= 0);
+    CHECK(view.X(907) <= 400);
+}
+
 TEST_CASE("caret: mirrored within its line for right-to-left charsets only") {
     NoneTextView view;
     view.LoadPlainText(u"first\n\u05D0\u05D1\u05D2\u05D3\u05D4 end");
