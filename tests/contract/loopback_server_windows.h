@@ -5,6 +5,8 @@
 
 #include "limited_socket_windows.h"
 
+#include <doctest/doctest.h>
+
 #include <atomic>
 #include <functional>
 #include <mutex>

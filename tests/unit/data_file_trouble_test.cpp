@@ -274,6 +274,18 @@ TEST_CASE("data file: two programs that use one lose nothing of each other's") {
           std::vector<std::u16string>{u"0=Bert", u"1=Carla", u"2=Anna"});
     CHECK(test.Menu().mProfileList.Count() == 3);
     CHECK(test.Menu().mUserDeleteList[1].caption == u"Carla");
+
+    theirs = test.DataFile(); // it adds one more, while this one removes Carla
+    theirs.insert(theirs.find("2=Anna\r\n"), "3=Dora\r\n");
+    test.Files().EditInPlace(TestForm::dataPath, theirs);
+    test.Menus().Click(test.Menu().mUserDeleteList, 1);
+    CHECK(LoadSectionLines(*test.form.dataFile, u"mProfileList").size() == 3);
+    for (const MenuArray* shown : {&test.Menu().mProfileList, &test.Menu().mUserDeleteList}) {
+        REQUIRE(shown->Count() == 3);
+        CHECK((*shown)[0].caption == u"Bert");
+        CHECK((*shown)[1].caption == u"Dora");
+        CHECK((*shown)[2].caption == u"Anna");
+    }
 }
 
 TEST_CASE("data file: bookmarks of two records are joined by their starts") {

@@ -108,6 +108,7 @@ TEST_CASE("plain text: UTF-16 without a mark") {
         u"\u7B80\u4F53\u4E2D\u6587\u6C49\u5B57\u7B80\u5316\u5B57\n",
         u"\U0001F600 and \U0001F601\n",
         u"\U00010000 to \U0010FFFF\n",
+        u"\u00E5\uF900\u00E5 \u00E5\uF900\n",
         u"\u2022 a\n\u2022 b\n\u2022 c\n",
     };
     for (const std::u16string& text : texts) {
