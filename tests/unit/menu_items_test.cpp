@@ -1,5 +1,6 @@
 #include "app/menu_tree.h"
 #include "common/key_names.h"
+#include "common/keys.h"
 #include "common/menu_items.h"
 #include "common/utf.h"
 #include "tests/unit/golden.h"
@@ -25,6 +26,8 @@ TEST_CASE("shortcuts: a key and its shift mask become its display text") {
     };
     for (const auto& [keyAndShift, text] : table)
         CHECK(GetShortcutText(keyAndShift) == text);
+    CHECK(ShortcutText({'F', CtrlKey}) == u"Ctrl+F");
+    CHECK(ShortcutText({F1Key, 0}) == u"F1");
 }
 
 TEST_CASE("shortcuts: the text of a caption is replaced, never appended") {
