@@ -2,6 +2,7 @@
 
 #include "app/open_book.h"
 #include "app/profile_menu.h"
+#include "app/profiles.h"
 
 #include <doctest/doctest.h>
 
@@ -21,6 +22,15 @@ TEST_CASE("profiles: without a list there is Default alone") {
     test.PutDataFile("[Other]\r\nx=1\r\n");
     REQUIRE(test.Start());
     CHECK(Captions(test.Menu().mProfileList) == std::vector<std::u16string>{u"Default"});
+}
+
+TEST_CASE("profiles: the list read again takes the place of the one before") {
+    TestForm test;
+    test.PutDataFile(threeProfiles);
+    REQUIRE(test.Start());
+    LoadProfileList(test.form);
+    CHECK(Captions(test.Menu().mProfileList) == std::vector<std::u16string>{u"A", u"B", u"C"});
+    CHECK(Captions(test.Menu().mUserDeleteList) == std::vector<std::u16string>{u"A", u"B", u"C"});
 }
 
 TEST_CASE("profiles: an entry without a name does not take the others along") {

@@ -284,6 +284,12 @@ TEST_CASE("rtf writer: whole rows are a table, parts of rows are paragraphs") {
     }
 }
 
+TEST_CASE("rtf writer: the end of a row is no paragraph, wherever the row stands") {
+    const Document document = Read("\\trowd\\cellx100\\intbl\\cell\\row\\pard d");
+    REQUIRE(document.text == u"\a\nd");
+    CHECK(ReadAgain(document, 1, 2).text == u"d");
+}
+
 TEST_CASE("rtf writer: names only the fonts and colours of the stretch") {
     const Document document = ReadRtf("{\\rtf1\\deff0{\\fonttbl{\\f0 Zero;}{\\f1 One;}{\\f2 Two;}}"
                                       "{\\colortbl;\\red1;\\red2;}{\\f1\\cf1 a}{\\f2\\cf2 b}}",
