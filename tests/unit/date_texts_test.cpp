@@ -57,4 +57,5 @@ TEST_CASE("dates: labels of all months are as wide as each other, to one blank")
     CHECK(names.ShortMonthNames[6].starts_with(u"Jul"));
     CHECK(names.ShortDayNames[0].starts_with(u"Sun"));
     CHECK(names.LongMonthNames[8] == u"September");
+    CHECK(names.LongDayNames[3] == u"Wednesday");
 }
