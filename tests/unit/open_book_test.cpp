@@ -493,6 +493,19 @@ TEST_CASE("script: a killed program leaves no choice behind that nobody made") {
     CHECK(Shown(next).starts_with(u"\u039C\u03B9\u03B1 \u03C6\u03BF\u03C1\u03AC"));
 }
 
+TEST_CASE("script: one that was only guessed is guessed anew when the file is another") {
+    TestForm test;
+    test.PutBook(u"/b/a.txt", greek);
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/a.txt");
+    CHECK(Shown(test).starts_with(u"\u039C\u03B9\u03B1 \u03C6\u03BF\u03C1\u03AC"));
+    test.Close();
+    TestForm next(test);
+    next.PutBook(u"/b/a.txt", french);
+    REQUIRE(next.Start());
+    CHECK(Shown(next).starts_with(u"Elle l'a appel\u00E9e"));
+}
+
 TEST_CASE("script: a record of an older version is read in the script of its number") {
     TestForm test;
     test.PutBook(u"/b/french.txt", french);

@@ -192,6 +192,25 @@ TEST_CASE("view: refresh finds the books of a stick that was away at the start")
     CHECK(empty.Dialogs().messages.empty());
 }
 
+TEST_CASE("charset: another script leaves alone what is no bookmark") {
+    TestForm test;
+    std::string text;
+    for (int i = 0; i < 200; ++i)
+        text += "\xCF\xF0\xE8\xE2\xE5\xF2 " + std::to_string(i) + "\r\n";
+    test.PutBook(u"/b/a.txt", text);
+    test.PutDataFile("[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n/b/a.txt=2026:1:1:1:1:1=0"
+                     "=Serif=12=204=0=0=0=0=1=0=0=16777215=0=9==x|500,5\r\n");
+    REQUIRE(test.Start());
+    ViewFont font = test.form.format.font;
+    font.charset = 161;
+    test.Dialogs().fontAnswer = FontAnswer{DialogResult::Ok, font, 0};
+    test.Menus().Open(test.Menu().mView);
+    test.Menus().Click(test.Menu().mViewFont);
+    CHECK(test.View().TextRange(0, 2) == u"\u039F\u03C0");
+    CHECK(test.Menu().mBookmarkList[0].tag == u"x");
+    CHECK(test.Menu().mBookmarkList[1].tag == u"500,5");
+}
+
 TEST_CASE("charset: wrong letters are put right by the script chosen, and the place stays") {
     std::string text;
     for (int i = 0; i < 200; ++i)
