@@ -7,32 +7,31 @@
 #include "app/view_menu.h"
 #include "common/key_names.h"
 #include "common/menu_items.h"
-#include "common/text.h"
 
 #include <algorithm>
 
 namespace {
 struct Shortcut {
-    int key, shift;
+    KeyCombination keys;
     MenuArray MenuTree::*menu; // its opening decides whether the command can be chosen
     MenuArray MenuTree::*command;
     MenuArray MenuTree::*enabledWith = command; // the item that says whether the key counts
 };
 
 constexpr Shortcut shortcuts[] = {
-    {'O', CtrlKey, &MenuTree::mFile, &MenuTree::mFileOpen},
-    {'C', CtrlKey, &MenuTree::mEdit, &MenuTree::mEditCopy},
-    {'A', CtrlKey, &MenuTree::mEdit, &MenuTree::mEditAll},
-    {'F', CtrlKey, &MenuTree::mEdit, &MenuTree::mEditFind},
+    {{'O', CtrlKey}, &MenuTree::mFile, &MenuTree::mFileOpen},
+    {{'C', CtrlKey}, &MenuTree::mEdit, &MenuTree::mEditCopy},
+    {{'A', CtrlKey}, &MenuTree::mEdit, &MenuTree::mEditAll},
+    {{'F', CtrlKey}, &MenuTree::mEdit, &MenuTree::mEditFind},
     // Greyed in the menu while there is nothing to find yet: the key then asks for it.
-    {F3Key, 0, &MenuTree::mEdit, &MenuTree::mEditNext, &MenuTree::mEditFind},
-    {F5Key, 0, &MenuTree::mView, &MenuTree::mViewRefresh},
-    {'D', CtrlKey, &MenuTree::mBookmark, &MenuTree::mBookmarkNew},
-    {F1Key, 0, &MenuTree::mHelp, &MenuTree::mHelpTopics},
+    {{F3Key, 0}, &MenuTree::mEdit, &MenuTree::mEditNext, &MenuTree::mEditFind},
+    {{F5Key, 0}, &MenuTree::mView, &MenuTree::mViewRefresh},
+    {{'D', CtrlKey}, &MenuTree::mBookmark, &MenuTree::mBookmarkNew},
+    {{F1Key, 0}, &MenuTree::mHelp, &MenuTree::mHelpTopics},
 };
 
 // The older key of the same command, which menus do not show.
-constexpr Shortcut olderCopy = {InsertKey, CtrlKey, &MenuTree::mEdit, &MenuTree::mEditCopy};
+constexpr Shortcut olderCopy = {{InsertKey, CtrlKey}, &MenuTree::mEdit, &MenuTree::mEditCopy};
 
 void Choose(MainForm& form, const Shortcut& shortcut) {
     MenuArray& menu = form.menu.*shortcut.menu;
@@ -43,11 +42,8 @@ void Choose(MainForm& form, const Shortcut& shortcut) {
 } // namespace
 
 void ShowShortcuts(MainForm& form) {
-    for (const Shortcut& shortcut : shortcuts) {
-        const std::u16string keyAndShift =
-            NumberText(shortcut.key) + u'.' + NumberText(shortcut.shift);
-        SetMenuShortcutText((form.menu.*shortcut.command)[0], GetShortcutText(keyAndShift));
-    }
+    for (const Shortcut& shortcut : shortcuts)
+        SetMenuShortcutText((form.menu.*shortcut.command)[0], ShortcutText(shortcut.keys));
 }
 
 void ChooseCopy(MainForm& form) {
@@ -56,7 +52,7 @@ void ChooseCopy(MainForm& form) {
 
 void Form_KeyDown(MainForm& form, int keyCode, int shift) {
     const auto choose = [&](const Shortcut& shortcut) {
-        if (shortcut.key == keyCode && shortcut.shift == shift) Choose(form, shortcut);
+        if (shortcut.keys == KeyCombination{keyCode, shift}) Choose(form, shortcut);
     };
     std::ranges::for_each(shortcuts, choose);
     choose(olderCopy);

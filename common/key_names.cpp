@@ -1,5 +1,6 @@
 #include "common/key_names.h"
 
+#include "common/keys.h"
 #include "common/text.h"
 
 #include <algorithm>
@@ -40,14 +41,17 @@ std::u16string KeyName(int keyCode) {
     return key == std::end(namedKeys) ? u"" : key->name;
 }
 
+std::u16string ShortcutText(const KeyCombination& keys) {
+    std::u16string text;
+    if ((keys.shift & AltKey) && keys.key != 18) text += u"Alt+";
+    if ((keys.shift & CtrlKey) && keys.key != 17) text += u"Ctrl+";
+    if ((keys.shift & ShiftKey) && keys.key != 16) text += u"Shift+";
+    return text + KeyName(keys.key);
+}
+
 std::u16string GetShortcutText(std::u16string_view keyAndShift) {
     const auto firstDot = keyAndShift.find(u'.'), lastDot = keyAndShift.rfind(u'.');
-    const int key = WholeNumber(keyAndShift.substr(0, firstDot));
     const int shift =
         lastDot == std::u16string_view::npos ? 0 : WholeNumber(keyAndShift.substr(lastDot + 1));
-    std::u16string text;
-    if ((shift & 4) && key != 18) text += u"Alt+";
-    if ((shift & 2) && key != 17) text += u"Ctrl+";
-    if ((shift & 1) && key != 16) text += u"Shift+";
-    return text + KeyName(key);
+    return ShortcutText({WholeNumber(keyAndShift.substr(0, firstDot)), shift});
 }

@@ -67,6 +67,7 @@ std::vector<std::u16string> NoneFiles::NamesIn(const std::u16string& folder) con
 }
 
 bool NoneFiles::FileExists(const std::u16string& path) const {
+    ++existsCalls;
     return Find(path) != nullptr;
 }
 

@@ -46,6 +46,7 @@ class NoneFiles : public Files {
     };
     std::vector<ReplaceCall> replaceCalls;
     mutable std::vector<std::u16string> readCalls; // the paths, in order
+    mutable int existsCalls = 0;                   // of FileExists
 
     char16_t Separator() const override { return separator; }
     bool FileExists(const std::u16string& path) const override;

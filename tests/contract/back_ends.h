@@ -4,6 +4,7 @@
 #include <doctest/doctest.h>
 
 #include <memory>
+#include <string>
 #include <type_traits>
 #include <vector>
 
@@ -23,7 +24,8 @@ template <class UnderTest>
 void OnEach(const std::vector<BackEnd<UnderTest>>& backEnds,
             std::type_identity_t<void (*)(UnderTest&)> check) {
     for (const BackEnd<UnderTest>& backEnd : backEnds) {
-        CAPTURE(backEnd.name);
+        const std::string name = backEnd.name; // not the pointer
+        CAPTURE(name);
         const auto test = backEnd.make();
         check(*test);
     }

@@ -5,6 +5,8 @@
 
 #include "limited_socket_windows.h"
 
+#include <doctest/doctest.h>
+
 #include <atomic>
 #include <functional>
 #include <mutex>
@@ -47,7 +49,7 @@ class LoopbackServer {
         : answer_(std::move(answer)), limits_{ending_, callLimit},
           listener_(socket(AF_INET, SOCK_STREAM, 0), limits_) {
         sockaddr_in place = LoopbackPlace(0);
-        bind(listener_.Handle(), reinterpret_cast<sockaddr*>(&place), sizeof place);
+        REQUIRE(bind(listener_.Handle(), reinterpret_cast<sockaddr*>(&place), sizeof place) == 0);
         int size = sizeof place;
         getsockname(listener_.Handle(), reinterpret_cast<sockaddr*>(&place), &size);
         port_ = ntohs(place.sin_port);

@@ -32,7 +32,7 @@ inline void RemoveAll(const std::wstring& path) {
     const bool isLink = attributes & FILE_ATTRIBUTE_REPARSE_POINT;
     if (isFolder && !isLink) {
         for (const std::wstring& name : NamesInFolder(path))
-            RemoveAll(path + L"\\" + name);
+            RemoveAll(std::wstring(path).append(L"\\").append(name));
     }
     SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
     if (isFolder)

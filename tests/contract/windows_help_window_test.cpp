@@ -6,11 +6,11 @@
 #include "platform/windows/system/win_clipboard.h"
 #include "platform/windows/window/dpi.h"
 #include "windows_message_pump.h"
+#include "windows_shown_help.h"
 #include "windows_text_view_bench.h"
 #include "windows_while_open.h"
 
 #include <doctest/doctest.h>
-#include <richedit.h>
 
 namespace {
 
@@ -29,45 +29,10 @@ HelpContents Contents() {
     return contents;
 }
 
-// The help window of this thread that is open; null for none.
-HWND Shown() {
-    HWND help = nullptr;
-    const auto look = [](HWND window, LPARAM found) -> BOOL {
-        wchar_t name[32] = {};
-        GetClassNameW(window, name, 32);
-        if (std::wstring(name) != L"NorvasetHelp" || !IsWindowVisible(window)) return TRUE;
-        *reinterpret_cast<HWND*>(found) = window;
-        return FALSE;
-    };
-    EnumThreadWindows(GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&help));
-    return help;
-}
-
 struct Open {
     explicit Open(int page = 0) {
         window.Show(Contents(), page);
-        REQUIRE(Shown());
-    }
-    HWND Search() const { return FindWindowExW(Shown(), nullptr, L"EDIT", nullptr); }
-    HWND List() const { return FindWindowExW(Shown(), nullptr, L"LISTBOX", nullptr); }
-    HWND View() const {
-        const HWND panel = FindWindowExW(Shown(), nullptr, L"NorvasetHelpPage", nullptr);
-        return FindWindowExW(panel, nullptr, MSFTEDIT_CLASS, nullptr);
-    }
-    LRESULT Count() const { return SendMessageW(List(), LB_GETCOUNT, 0, 0); }
-    LRESULT Row() const { return SendMessageW(List(), LB_GETCURSEL, 0, 0); }
-    std::wstring Text() const { return WindowText(View()); }
-    std::wstring Selected() const {
-        wchar_t text[64] = {};
-        SendMessageW(View(), EM_GETSELTEXT, 0, reinterpret_cast<LPARAM>(text));
-        return text;
-    }
-    void Type(const wchar_t* text) const { SetWindowTextW(Search(), text); }
-    // As a click on it does.
-    void Choose(int row) const {
-        SendMessageW(List(), LB_SETCURSEL, static_cast<WPARAM>(row), 0);
-        SendMessageW(Shown(), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(List()), LBN_SELCHANGE),
-                     reinterpret_cast<LPARAM>(List()));
+        REQUIRE(ShownHelp::Frame());
     }
     WinHelpWindow window;
 };
@@ -77,71 +42,53 @@ bool HasFocus(HWND control) {
 }
 
 // Of a main window before: it would end a dialog's loop.
-bool ForgetQuit() {
-    MSG message;
-    return PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
+void ForgetQuit() {
+    MSG quit;
+    while (PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) {
+    }
 }
 
 bool IsClosed() {
-    return Becomes([] { return !Shown(); });
+    return Becomes([] { return !ShownHelp::Frame(); });
 }
 
 } // namespace
 
-TEST_CASE("windows help window: opens at a page, with all titles") {
-    const Open open(1);
-    CHECK(WindowText(Shown()) == L"The Help");
-    CHECK(GetWindow(Shown(), GW_OWNER) == nullptr);
-    CHECK(open.Count() == 3);
-    CHECK(open.Row() == 1);
-    CHECK(open.Text().starts_with(L"page 1\r\nhello"));
-    open.Choose(2);
-    CHECK(open.Text().starts_with(L"page 2\r\nhello"));
+TEST_CASE("windows help window: has no owner, so that the main window can come before it") {
+    const Open open;
+    CHECK(GetWindow(ShownHelp::Frame(), GW_OWNER) == nullptr);
 }
 
 TEST_CASE("windows help window: the page has the system's face and colours") {
     const Open open;
     CHARFORMAT2W format = {};
     format.cbSize = sizeof format;
-    SendMessageW(open.View(), EM_SETSEL, 0, 3);
-    SendMessageW(open.View(), EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
+    SendMessageW(ShownHelp::Page(), EM_SETSEL, 0, 3);
+    SendMessageW(ShownHelp::Page(), EM_GETCHARFORMAT, SCF_SELECTION,
+                 reinterpret_cast<LPARAM>(&format));
     CHECK(std::wstring(format.szFaceName) ==
-          NonClientMetricsForDpi(WindowDpi(open.View())).lfMessageFont.lfFaceName);
+          NonClientMetricsForDpi(WindowDpi(ShownHelp::Page())).lfMessageFont.lfFaceName);
     CHECK((format.dwEffects & CFE_AUTOCOLOR) != 0);
-    const LRESULT background = SendMessageW(open.View(), EM_SETBKGNDCOLOR, 1, 0);
+    const LRESULT background = SendMessageW(ShownHelp::Page(), EM_SETBKGNDCOLOR, 1, 0);
     CHECK(static_cast<COLORREF>(background) == GetSysColor(COLOR_WINDOW));
 }
 
-TEST_CASE("windows help window: a search lists what was found, and shows the best") {
+TEST_CASE("windows help window: the row that says that nothing was found cannot be chosen") {
     const Open open;
-    open.Type(L"hel");
-    REQUIRE(open.Count() == 2);
-    CHECK(open.Row() == 0);
-    CHECK(open.Text().starts_with(L"page 2\r\nhello"));
-    CHECK(open.Selected() == L"hel");
-    open.Choose(1);
-    CHECK(open.Text().starts_with(L"page 0\r\nhello"));
-    CHECK(open.Selected() == L"hel");
-    open.Type(L"nothing");
-    CHECK(open.Count() == 1);
-    CHECK(open.Row() == -1);
-    open.Choose(0); // there is nothing to choose
-    CHECK(open.Row() == -1);
-    CHECK(open.Text().starts_with(L"page 0\r\nhello")); // what was shown stays
-    open.Type(L" ");
-    CHECK(open.Count() == 3);
-    CHECK(open.Row() == 0);
-    CHECK(open.Selected().empty());
+    ShownHelp::Type(u"nothing");
+    ShownHelp::ChooseRow(0);
+    CHECK(ShownHelp::Row() == -1);
+    CHECK(WindowText(ShownHelp::Page()).starts_with(L"page 0"));
 }
 
 TEST_CASE("windows help window: a copy of the page is text and nothing else") {
     const Open open;
-    open.Type(L"hel");
-    REQUIRE(open.Selected() == L"hel");
+    ShownHelp::Type(u"hel");
+    REQUIRE(ShownHelp::Selected() == u"hel");
     const HeldKey control(VK_CONTROL);
     for (const WPARAM key : {WPARAM('C'), WPARAM(VK_INSERT)}) {
         WinClipboard().SetText(u"before");
-        SendMessageW(open.View(), WM_KEYDOWN, key, 1);
+        SendMessageW(ShownHelp::Page(), WM_KEYDOWN, key, 1);
         REQUIRE(OpenClipboard(nullptr));
         const HANDLE copied = GetClipboardData(CF_UNICODETEXT);
         CHECK(std::wstring(static_cast<const wchar_t*>(GlobalLock(copied))) == L"hel");
@@ -151,63 +98,24 @@ TEST_CASE("windows help window: a copy of the page is text and nothing else") {
     }
 }
 
-TEST_CASE("windows help window: shown again while open, it is the same window at the new page") {
+TEST_CASE("windows help window: stays where the user has put it") {
     Open open;
-    open.Type(L"hel");
-    const HWND before = Shown();
-    open.window.Show(Contents(), 1);
-    CHECK(Shown() == before);
-    CHECK(WindowText(open.Search()).empty());
-    CHECK(open.Count() == 3);
-    CHECK(open.Text().starts_with(L"page 1\r\nhello"));
-}
-
-TEST_CASE("windows help window: brought to the front as it is, while it is open") {
-    WinHelpWindow closed;
-    CHECK_FALSE(closed.Raise());
-    Open open;
-    open.Choose(2);
-    MoveWindow(Shown(), 70, 60, 600, 400, TRUE);
+    const HWND frame = ShownHelp::Frame();
+    MoveWindow(frame, 70, 60, 600, 400, TRUE);
     CHECK(open.window.Raise());
+    open.window.Show(Contents(), 1);
+    CHECK(ShownHelp::Frame() == frame);
     RECT place = {};
-    GetWindowRect(Shown(), &place);
+    GetWindowRect(frame, &place);
     CHECK(place.right - place.left == 600);
-    CHECK(open.Text().starts_with(L"page 2\r\nhello"));
-    ShowWindow(Shown(), SW_MINIMIZE);
-    CHECK(open.window.Raise());
-    CHECK_FALSE(IsIconic(Shown()));
-    PostMessageW(Shown(), WM_CLOSE, 0, 0);
-    REQUIRE(IsClosed());
-    CHECK_FALSE(open.window.Raise());
-    open.window.Show(Contents(), 1);
-    REQUIRE(Shown());
-    CHECK(open.Text().starts_with(L"page 1\r\nhello"));
 }
 
 TEST_CASE("windows help window: goes with its owner, and does not keep the program") {
+    ForgetQuit();
     { const Open open; }
-    CHECK_FALSE(Shown());
+    CHECK_FALSE(ShownHelp::Frame());
     MSG message;
     CHECK_FALSE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
-}
-
-TEST_CASE("windows help window: keys") {
-    const Open open;
-    REQUIRE(HasFocus(open.Search()));
-    PressKey(VK_TAB);
-    CHECK(HasFocus(open.List()));
-    PressKey(VK_DOWN);
-    CHECK(Becomes([&] { return open.Text().starts_with(L"page 1"); }));
-    PressKey(VK_TAB);
-    CHECK(HasFocus(open.View()));
-    PressKey(VK_TAB);
-    CHECK(HasFocus(open.Search()));
-    PressKey(VK_DOWN);
-    CHECK(HasFocus(open.List()));
-    PressKey(VK_RETURN);
-    CHECK(HasFocus(open.View()));
-    PressKey(VK_ESCAPE);
-    CHECK(IsClosed());
 }
 
 TEST_CASE("windows help window: its keys never reach the main window's form") {
@@ -218,13 +126,13 @@ TEST_CASE("windows help window: its keys never reach the main window's form") {
     main.SetEvents(events);
     main.Open();
     const Open open;
-    const auto typed = [&] { return WindowText(open.Search()) == L"x"; };
-    REQUIRE(HasFocus(open.Search()));
+    const auto typed = [&] { return WindowText(ShownHelp::Search()) == L"x"; };
+    REQUIRE(HasFocus(ShownHelp::Search()));
     PressKey(VK_F1);
     PressKey('X');
     CHECK(Becomes(typed, &main));
     PressKey(VK_ESCAPE);
-    CHECK(Becomes([] { return !Shown(); }, &main));
+    CHECK(Becomes([] { return !ShownHelp::Frame(); }, &main));
     CHECK(keys == 0);
 }
 
@@ -240,8 +148,8 @@ TEST_CASE("windows help window: can be used beside a message that waits") {
         SendMessageW(box, WM_HELP, 0, reinterpret_cast<LPARAM>(&f1));
         CHECK(IsWindowVisible(box));
         CHECK_FALSE(IsWindowEnabled(owner.Get()));
-        REQUIRE(Shown());
-        CHECK(IsWindowEnabled(Shown()));
+        REQUIRE(ShownHelp::Frame());
+        CHECK(IsWindowEnabled(ShownHelp::Frame()));
         PressKey(VK_TAB);
         PressKey(VK_ESCAPE); // by the box's own loop, before the button
         PressButton(box, IDOK);

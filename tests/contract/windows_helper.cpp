@@ -20,10 +20,14 @@ std::wstring Variable(const wchar_t* name) {
     return value;
 }
 
-void Tell(const std::wstring& text) {
+void Write(const std::wstring& path, const std::wstring& text) {
     const std::string_view bytes(reinterpret_cast<const char*>(text.data()),
                                  text.size() * sizeof(wchar_t));
-    WinFiles().Replace(FromWide(Variable(HelperOutput)), bytes, false);
+    WinFiles().Replace(FromWide(path), bytes, false);
+}
+
+void Tell(const std::wstring& text) {
+    Write(Variable(HelperOutput), text);
 }
 
 [[noreturn]] void ReplaceForever(const std::u16string& path) {
@@ -40,8 +44,12 @@ int main() {
     int count = 0;
     wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
     const std::wstring argument = count > 1 ? arguments[1] : L"";
-    if (Variable(HelperDoes) == HelperTells) {
-        Tell(std::to_wstring(count - 1) + L":" + argument);
+    if (Variable(HelperDoes) == HelperRecords) {
+        std::wstring all;
+        for (int i = 1; i < count; ++i)
+            (all += arguments[i]) += L'\0';
+        Write(Variable(HelperOutput) + L'\\' + std::to_wstring(GetCurrentProcessId()) + L".started",
+              all);
         return 0;
     }
     if (Variable(HelperDoes) == HelperNames) {

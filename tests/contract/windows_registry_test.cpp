@@ -1,13 +1,13 @@
 #include "platform/windows/base/text.h"
-#include "platform/windows/base/win32.h"
 #include "platform/windows/system/win_registry.h"
+#include "windows_test_key.h"
 
 #include <doctest/doctest.h>
 
 namespace {
 
 constexpr REGSAM View = KEY_WOW64_32KEY; // of a 64-bit program; nothing on a 32-bit system
-const std::u16string key = u"SOFTWARE\\Norvaset contract test\\Ключ";
+const std::u16string& key = testKey;
 
 HKEY Opened(REGSAM access) {
     HKEY opened = nullptr;
@@ -33,30 +33,16 @@ void Set(const wchar_t* name, DWORD type, const void* data, DWORD size) {
     RegCloseKey(opened);
 }
 
-struct TestKeys {
-    ~TestKeys() {
-        for (const REGSAM view : {KEY_WOW64_32KEY, KEY_WOW64_64KEY}) {
-            RegDeleteKeyExW(HKEY_LOCAL_MACHINE, ToWide(key).c_str(), view, 0);
-            RegDeleteKeyExW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Norvaset contract test", view, 0);
-        }
-    }
-};
-
 } // namespace
 
-TEST_CASE("windows registry: what is written is there, and read back") {
-    const TestKeys cleanUp;
+TEST_CASE("windows registry: a value is a text in the view of the other bitness") {
+    const TestKey cleanUp;
     WinRegistry registry;
-    CHECK(registry.Read(key, u"name").empty());
     if (registry.Write(key, u"name", u"Знач\u00E9 \U0001D11E") == ERROR_ACCESS_DENIED) {
         MESSAGE("skipped: needs the rights of an administrator");
-        CHECK(registry.Read(key, u"name").empty());
         return;
     }
-    CHECK(registry.Read(key, u"name") == u"Знач\u00E9 \U0001D11E");
     CHECK(registry.Write(key, u"", u"C:\\Program Files\\Norvaset") == 0); // the default value
-    CHECK(registry.Read(key, u"") == u"C:\\Program Files\\Norvaset");
-    CHECK(registry.Read(key, u"none").empty());
     CHECK(registry.Read(key + u"\\none", u"name").empty());
 
     const HKEY ownView = Opened(KEY_QUERY_VALUE); // the key is there, too, without values
@@ -76,7 +62,7 @@ TEST_CASE("windows registry: what is written is there, and read back") {
 }
 
 TEST_CASE("windows registry: an equal value is not written again") {
-    const TestKeys cleanUp;
+    const TestKey cleanUp;
     WinRegistry registry;
     if (registry.Write(key, u"name", u"1") != 0) return;
     const ULONGLONG first = LastWrite();
@@ -92,7 +78,7 @@ TEST_CASE("windows registry: an equal value is not written again") {
 }
 
 TEST_CASE("windows registry: values of other types") {
-    const TestKeys cleanUp;
+    const TestKey cleanUp;
     WinRegistry registry;
     if (registry.Write(key, u"name", u"1") != 0) return;
     const DWORD number = 4'000'000'000;

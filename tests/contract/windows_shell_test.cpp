@@ -1,7 +1,7 @@
 #include "platform/windows/portable/quoted_argument.h"
 #include "platform/windows/system/win_shell.h"
-#include "runs_under_wine.h"
-#include "windows_helper_run.h"
+#include "windows_registered.h"
+#include "windows_start_recorder.h"
 
 #include <doctest/doctest.h>
 
@@ -44,85 +44,30 @@ TEST_CASE("windows arguments: the system reads what was quoted") {
     }
 }
 
-TEST_CASE("windows shell: an argument reaches a program as it is") {
-    HelperRun helper(HelperTells);
-    const std::u16string program = FromWide(HelperPath());
-    for (const wchar_t* argument : arguments) {
-        WinShell().OpenWith(program, FromWide(argument));
-        CHECK((helper.Answer() == std::wstring(L"1:") + argument));
-    }
-    const std::wstring longest(30'000, L'x');
-    WinShell().OpenWith(program, FromWide(longest));
-    CHECK((helper.Answer() == L"1:" + longest));
-}
-
-TEST_CASE("windows shell: a program of a name full of blanks, and one that is not there") {
-    HelperRun helper(HelperTells);
-    const TemporaryFolder folder;
-    const std::wstring program =
-        folder.path + L"\\my \u0440\u0435\u0434\u0430\u043A\u0442\u043E\u0440.exe";
-    REQUIRE(CopyFileW(HelperPath().c_str(), program.c_str(), TRUE));
-    WinShell().OpenWith(FromWide(folder.path) + u"\\none.exe", u"x");
-    WinShell().OpenWith(u"", u"x");
-    WinShell().OpenAddress(FromWide(program)); // neither web nor mail
-    WinShell().OpenAddress(u"file:///" + FromWide(program));
-    WinShell().OpenWith(FromWide(program), u"a b");
-    CHECK((helper.Answer() == L"1:a b")); // and nothing was started before
-}
-
-namespace {
-
-// A program that has taken over a scheme, or a kind of files, as its setup writes it down.
-class Registered {
-  public:
-    explicit Registered(const std::wstring& name) : key_(L"Software\\Classes\\" + name) {
-        Set(L"\\shell\\open\\command", L"", L"\"" + HelperPath() + L"\" \"%1\"");
-    }
-    ~Registered() { RegDeleteTreeW(root_, key_.c_str()); }
-
-    void IsScheme() { Set(L"", L"URL Protocol", L""); }
-    void IsKind(const std::wstring& name) { Set(L"", L"", name); }
-
-  private:
-    void Set(const std::wstring& below, const wchar_t* name, const std::wstring& text) {
-        RegSetKeyValueW(root_, (key_ + below).c_str(), name, REG_SZ, text.c_str(),
-                        static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
-    }
-    // Wine's classes are those of the machine alone.
-    const HKEY root_ = RunsUnderWine() ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
-    std::wstring key_;
-};
-
-} // namespace
-
-TEST_CASE("windows shell: an address goes to the program that has taken over its scheme") {
-    HelperRun helper(HelperTells);
-    Registered scheme(L"norvasettest"), noScheme(L"norvasetkind");
+TEST_CASE("windows shell: a scheme that no program has taken over, and a kind of files") {
+    const StartRecorder starts;
+    Registered scheme(L"norvasettest", starts.Program());
+    const Registered noScheme(L"norvasetkind", starts.Program());
     scheme.IsScheme();
-    WinShell().OpenAddress(u"norvasetnone:+1"); // nobody's
-    WinShell().OpenAddress(u"norvasetkind:+1"); // of files
+    WinShell().OpenAddress(u"norvasetnone:+1");
+    WinShell().OpenAddress(u"norvasetkind:+1");
     WinShell().OpenAddress(u"javascript:norvasettest:+1");
-    WinShell().OpenAddress(u"norvasettest:+49 12");
     WinShell().OpenAddress(u"norvasettest:+4912");
-    CHECK((helper.Answer() == L"1:norvasettest:+4912")); // and nothing was started before
+    CHECK((starts.NextStart() == std::vector<std::u16string>{u"norvasettest:+4912"}));
 }
 
-TEST_CASE("windows shell: a file goes to the program for its kind") {
-    HelperRun helper(HelperTells);
-    const TemporaryFolder folder;
-    const Registered kind(L"norvasettest.song");
-    Registered extension(L".norvasettest");
+TEST_CASE("windows shell: another stream of a file is not opened") {
+    const StartRecorder starts;
+    const Registered kind(L"norvasettest.song", starts.Program());
+    Registered extension(L".norvasettest", starts.Program());
     extension.IsKind(L"norvasettest.song");
-    const std::u16string path = FromWide(folder.path) + u"\\a song.norvasettest";
+    const std::u16string path = starts.Folder() + u"\\a song.norvasettest";
     REQUIRE(WinFiles().Replace(path, "la la", false));
-    WinShell().OpenFile(u"a song.norvasettest");
     WinShell().OpenFile(path + u":b.norvasettest");
     WinShell().OpenFile(path);
-    CHECK((helper.Answer() == L"1:" + ToWide(path)));
+    CHECK((starts.NextStart() == std::vector<std::u16string>{path}));
 }
 
-TEST_CASE("windows shell: the default editor is there") {
-    const std::u16string editor = WinShell().DefaultTextEditor();
-    CHECK(editor.ends_with(u"\\notepad.exe"));
-    CHECK(WinFiles().FileExists(editor));
+TEST_CASE("windows shell: the default editor is the system's") {
+    CHECK(WinShell().DefaultTextEditor().ends_with(u"\\notepad.exe"));
 }

@@ -1,7 +1,6 @@
 #include "platform/windows/base/text.h"
 #include "platform/windows/files/win_files.h"
 #include "platform/windows/system/win_version_info.h"
-#include "product.h"
 #include "temporary_folder_windows.h"
 #include "windows_helper.h"
 
@@ -26,7 +25,6 @@ TEST_CASE("windows version info: what a program says of itself") {
     for (const Row& row : rows) {
         CHECK(GetFileVersionString(helper, row.key) == row.value);
     }
-    CHECK(WinVersionInfo().FileDescription(helper) == rows[0].value);
 }
 
 TEST_CASE("windows version info: a file without any") {
@@ -50,17 +48,4 @@ TEST_CASE("windows version info: by a long path") {
     REQUIRE(WinFiles().Read(FromWide(HelperPath()), 1u << 30, bytes) == ReadStatus::Ok);
     REQUIRE(WinFiles().Replace(copy, bytes, false));
     CHECK(GetFileVersionString(copy, u"ProductName") == u"Helper");
-}
-
-TEST_CASE("windows version info: this program without a resource of its own") {
-    const ProgramVersion version = WinVersionInfo().OwnVersion();
-    CHECK(version.title == u"" PRODUCT_TITLE);
-    CHECK(version.company == u"" PRODUCT_COMPANY);
-    CHECK(version.comments == u"" PRODUCT_COMMENTS);
-    CHECK(version.description == u"" PRODUCT_DESCRIPTION);
-    CHECK(version.copyright == u"" PRODUCT_COPYRIGHT);
-    CHECK(version.trademarks == u"" PRODUCT_TRADEMARKS);
-    CHECK(version.major == PRODUCT_VERSION_MAJOR);
-    CHECK(version.minor == PRODUCT_VERSION_MINOR);
-    CHECK(version.revision == PRODUCT_VERSION_REVISION);
 }

@@ -110,6 +110,9 @@ TEST_CASE("change of kind: place, marks, size and title of either view come back
     test.View().Select(500, 4);
     test.Choose(test.Menu().mEdit, test.Menu().mEditTitle);
     const auto caption = test.Record(0)[Field::Title];
+    test.Choose(test.Menu().mBookmark, test.Menu().mBookmarkNew);
+    const auto textMarks = test.Record(0)[Field::Marks];
+    REQUIRE(textMarks == u"500,4");
 
     test.OpenByDialog(text, 3);
     CHECK(test.Page().ScrollTop() == 1600);
@@ -119,6 +122,7 @@ TEST_CASE("change of kind: place, marks, size and title of either view come back
     test.OpenByDialog(text, 1);
     CHECK(test.View().FirstVisibleChar() == 494);
     CHECK(test.Record(0)[Field::Title] == caption);
+    CHECK(test.Record(0)[Field::Marks] == textMarks);
 }
 
 TEST_CASE("change of kind: between the kinds of the text view nothing but the kind changes") {

@@ -16,7 +16,7 @@ namespace {
 std::string BytesOf(int page, char16_t unit) {
     for (int bytes = 0x80; bytes < 0x10000; ++bytes) {
         const auto first = static_cast<char>(bytes >> 8), second = static_cast<char>(bytes);
-        const std::string sequence = first ? std::string{first, second} : std::string(1, second);
+        std::string sequence = first ? std::string{first, second} : std::string(1, second);
         std::u16string text;
         DecodeCodePage(page, sequence, text);
         if (text == std::u16string(1, unit)) return sequence;
@@ -230,6 +230,31 @@ TEST_CASE("charset guess: a long book is looked into behind its first part") {
     CHECK(source.CodePage() == 866);
 }
 
+TEST_CASE("charset guess: the frames of a DOS book do not speak against it") {
+    const std::string line(60, '\xCD');
+    for (const std::u16string_view title :
+         {u"\u0413\u043B\u0430\u0432\u0430 1", u"\u0422\u043E\u043C 2"}) {
+        std::string framed = "\xC9" + line + "\xBB\n  ";
+        framed.append(Encoded(866, title)).append("\n\xC8").append(line).append("\xBC\n");
+        CHECK(DecodePlainText(framed, 0, 1251).codePage == 866);
+    }
+}
+
+TEST_CASE("charset guess: one rare letter far behind counts beside thousands of common ones") {
+    // So many letters that each of them a few times is more than what is looked at behind.
+    std::string book;
+    while (book.size() < 60'000)
+        book +=
+            "Le gar\xE7on \xE9tait all\xE9 \xE0 la for\xEAt o\xF9 sa m\xE8re, na\xEFve, "
+            "\xE2g\xE9\x65 mais s\xFBre, "
+            "l'attendait \xE0 No\xEBl avec l'h\xF4te de l'\xEEle, Sa\xFCl; \xC7\xE0 et l\xE0, "
+            "\xC9lan, \xCAtre, "
+            "\xCEle, \xD4ter, \xC0 la fin, O\xD9, NO\xCBL, NA\xCFVE, S\xDBR, M\xC8RE, \xC2GE.\n";
+    // oe in ISO 8859-15, a half in the other charsets of Western Europe
+    book += "Ma s\xBDur, mon c\xBDur, un n\xBDud, un v\xBDu, un b\xBDuf, l'\xBDuf, un \xBDil.\n";
+    CHECK(DecodePlainText(book + "Fin.\n", 0, 1252).codePage == 28605);
+}
+
 TEST_CASE("charset guess: in doubt the system's own page") {
     const char* const texts[] = {
         "A caf\xE9.",
@@ -294,7 +319,8 @@ TEST_CASE("charset guess: sequences of ISO-2022 and HZ") {
         CHECK(Utf16ToUtf8(decoded.text) == Utf16ToUtf8(c.text));
         CHECK(All(PlainTextSource(Reader(c.bytes), 0, 1252, 7)) == Whole(c.bytes, 0));
     }
-    for (const char* const text : {"\x1B[1mbold\x1B[0m", "~{ not HZ", "a ~ b ~{x~} c", "\x1B"})
+    for (const char* const text :
+         {"\x1B[1mbold\x1B[0m", "~{ not HZ", "a ~ b ~{x~} c", "~{x~}", "~{VP N~}", "\x1B"})
         CHECK(DecodePlainText(text, 0, 1252).encoding == TextEncoding::Utf8);
 }
 
@@ -306,7 +332,7 @@ TEST_CASE("charset guess: UTF-32 without a mark") {
     }
 }
 
-TEST_CASE("charset guess: all that is thinkable, likeliest first") {
+TEST_CASE("charset guess: guesses are sorted, likeliest first") {
     const std::string bytes = Encoded(866, sentences[15].text);
     const std::string_view sample = bytes;
     const auto guesses = GuessCharsets({&sample, 1}, 1252);

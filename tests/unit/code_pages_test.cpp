@@ -1,7 +1,10 @@
 #include "formats/codepages/code_pages.h"
+#include "formats/codepages/escaped_text.h"
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
+#include <iterator>
 #include <string>
 
 namespace {
@@ -77,7 +80,26 @@ TEST_CASE("code pages: letters of every page") {
         {51950, "\xC4\xA1\x8E\xA2\xA1\xA1", u"\u4E00\u4E42"},
         {visciiPage, "\xAA\x02", u"\u1EBF\u1EB2"},
         {tcvnPage, "\xD5\x01", u"\u1EBF\u00DA"},
+        {860, "\x84", u"\u00E3"},
+        {861, "\x8D", u"\u00DE"},
+        {863, "\x86", u"\u00B6"},
+        {865, "\x9B", u"\u00F8"},
+        {869, "\x98\xE1", u"\u038F\u03B7"},
+        {10010, "\xAF\xBF", u"\u0218\u0219"},
+        {10079, "\xA0\xDF", u"\u00DD\u00FE"},
+        {10082, "\xA9\xB9", u"\u0160\u0161"},
+        {28591, "\x80\xE9", u"\u0080\u00E9"},
+        {iso2022JpPage, "\x1B$B$\"\x1B(B", u"\u3042"},
+        {iso2022KrPage,
+         "\x1B$)C\x0E"
+         "0!\x0F",
+         u"\uAC00"},
+        {iso2022CnPage, "\x1B$)A\x0EVP\x0F", u"\u4E2D"},
+        {hzPage, "~{VP~}", u"\u4E2D"},
     };
+    for (int page = -1; page <= 70'000; ++page) // a new page needs a row
+        CHECK(HasCodePage(page) ==
+              (std::ranges::find(cases, page, &PageCase::page) != std::end(cases)));
     for (const PageCase& c : cases) {
         CAPTURE(c.page);
         CHECK(HasCodePage(c.page));

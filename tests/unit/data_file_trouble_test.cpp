@@ -150,6 +150,15 @@ TEST_CASE("data file: a write that fails is tried for some seconds, told once, a
     SUBCASE("it cannot") {
         test.Files().failReplace = true;
         OpenBook(test.form, u"/b/a.txt");
+        const auto tries = [&test] { return test.Files().replaceCalls.size(); };
+        std::size_t before = tries();
+        for (int second = 1; second <= 3; ++second) {
+            CHECK(test.Dialogs().messages.empty());
+            test.Timer().Tick();
+            CHECK(tries() > before);
+            before = tries();
+        }
+        CHECK(test.Dialogs().messages.size() == 1);
         test.Timer().Tick(200);
         REQUIRE(test.Dialogs().messages.size() == 1);
         CHECK(Names(test.Dialogs().messages[0].text, u"/app/Norvaset.dat\r\ncannot be written"));
@@ -167,7 +176,9 @@ TEST_CASE("data file: what cannot be written when the program ends is told") {
     test.Files().failReplace = true;
     SUBCASE("for good") {
         test.Close();
-        CHECK(test.Dialogs().messages.size() == 1);
+        REQUIRE(test.Dialogs().messages.size() == 1);
+        CHECK(Names(test.Dialogs().messages[0].text, u"/app/Norvaset.dat\r\ncannot be written"));
+        CHECK(test.Dialogs().messages[0].title == u"Norvaset Message");
         CHECK(test.Clock().waited <= 1000);
     }
     SUBCASE("for a moment") {
@@ -225,6 +236,7 @@ TEST_CASE(
     test.PutDataFile(stored);
     test.Shell().claim = {InstanceClaim::Result::SomebodyElse, u"bert on desk"};
     CHECK_FALSE(test.Start());
+    CHECK_FALSE(test.Window().open);
     REQUIRE(test.Dialogs().messages.size() == 1);
     CHECK(Names(test.Dialogs().messages[0].text, u"is in use by bert on desk"));
     CHECK(test.Files().readCalls.empty());
@@ -262,6 +274,18 @@ TEST_CASE("data file: two programs that use one lose nothing of each other's") {
           std::vector<std::u16string>{u"0=Bert", u"1=Carla", u"2=Anna"});
     CHECK(test.Menu().mProfileList.Count() == 3);
     CHECK(test.Menu().mUserDeleteList[1].caption == u"Carla");
+
+    theirs = test.DataFile(); // it adds one more, while this one removes Carla
+    theirs.insert(theirs.find("2=Anna\r\n"), "3=Dora\r\n");
+    test.Files().EditInPlace(TestForm::dataPath, theirs);
+    test.Menus().Click(test.Menu().mUserDeleteList, 1);
+    CHECK(LoadSectionLines(*test.form.dataFile, u"mProfileList").size() == 3);
+    for (const MenuArray* shown : {&test.Menu().mProfileList, &test.Menu().mUserDeleteList}) {
+        REQUIRE(shown->Count() == 3);
+        CHECK((*shown)[0].caption == u"Bert");
+        CHECK((*shown)[1].caption == u"Dora");
+        CHECK((*shown)[2].caption == u"Anna");
+    }
 }
 
 TEST_CASE("data file: bookmarks of two records are joined by their starts") {

@@ -76,6 +76,16 @@ TEST_CASE("edit: what can be chosen follows text and selection") {
     empty.Menus().Open(empty.Menu().mEdit);
     CHECK_FALSE(empty.Menu().mEditAll[0].enabled);
     CHECK_FALSE(empty.Menu().mEditFind[0].enabled);
+    test.Find(u"two");
+    test.Menus().Open(test.Menu().mEdit);
+    CHECK(test.Menu().mEditNext[0].enabled);
+}
+
+TEST_CASE("edit: selects all") {
+    Reading test("one two");
+    test.Choose(test.Menu().mEditAll);
+    CHECK(test.View().SelStart() == 0);
+    CHECK(test.View().SelLength() == 7);
 }
 
 TEST_CASE("edit: copies the text, and its source as text") {
@@ -86,8 +96,7 @@ TEST_CASE("edit: copies the text, and its source as text") {
     test.Choose(test.Menu().mEditCopyRTF);
     CHECK(test.Clip().starts_with(u"{\\rtf"));
     CHECK(test.Clip().find(u"two") != std::u16string::npos);
-    test.Choose(test.Menu().mEditAll);
-    CHECK(test.View().SelLength() == 7);
+    CHECK(test.Clip().find(u"one") == std::u16string::npos);
 }
 
 TEST_CASE(
@@ -239,12 +248,20 @@ TEST_CASE("caption: encoded, and shown in list and title") {
 
 TEST_CASE("context menu: the commands that apply") {
     Reading test("one two");
-    test.View().Select(4, 3);
-    test.View().onContextMenu();
-    REQUIRE(test.Menus().contextItems.size() == 10);
-    CHECK(test.Menus().contextItems[0] == &test.Menu().mEditCopy);
-    CHECK(test.Menu().mEditCopy[0].enabled);
-    CHECK(test.Menu().mBookmarkNew[0].enabled);
+    MenuTree& menu = test.Menu();
+    const std::vector<MenuArray*> commands{
+        &menu.mEditCopy,       &menu.mEditCopyRTF, &menu.mEditSeparator1, &menu.mEditAll,
+        &menu.mEditSeparator2, &menu.mEditFind,    &menu.mEditNext,       &menu.mEditSeparator3,
+        &menu.mEditTitle,      &menu.mBookmarkNew};
+    for (const TextPos selected : {3, 0}) {
+        test.View().Select(4, selected);
+        test.View().onContextMenu();
+        CHECK((test.Menus().contextItems == commands));
+        CHECK(menu.mEditCopy[0].enabled == (selected > 0));
+        CHECK(menu.mEditTitle[0].enabled == (selected > 0));
+        CHECK(menu.mEditFind[0].enabled);
+        CHECK(menu.mBookmarkNew[0].enabled);
+    }
 }
 
 namespace {

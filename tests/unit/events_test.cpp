@@ -14,7 +14,10 @@ TEST_CASE("commands: one that fails is told, and the next one runs") {
     RunCommand(test.form, [] { throw std::bad_alloc(); });
     RunCommand(test.form, [] { throw std::runtime_error("x"); });
     RunCommand(test.form, [] { throw 1; });
-    CHECK(test.Dialogs().messages.size() == 3);
+    REQUIRE(test.Dialogs().messages.size() == 3);
+    CHECK(test.Dialogs().messages[0].text == u"There is not enough memory for this.");
+    CHECK(test.Dialogs().messages[1].text == u"The command could not be completed.");
+    CHECK(test.Dialogs().messages[2].text == u"The command could not be completed.");
     CHECK_FALSE(test.form.handling);
     int runs = 0;
     RunCommand(test.form, [&] { ++runs; });

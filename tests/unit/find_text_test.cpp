@@ -47,11 +47,13 @@ TEST_CASE("find text: a match at each place around the borders of what is search
 }
 
 TEST_CASE("find text: what belongs to a word") {
-    for (const char16_t unit : u"aZ09_\u00AA\u00B5\u00E9\u0301\u0416\u05D0\u0E01\u3005\u3042\u4E00"
-                               u"\uAC00\uFF21\uFF3F\uFF71\U00020000")
+    for (const char16_t unit :
+         u"aZ09_\u00AA\u00B5\u00BA\u00E9\u0301\u0416\u05D0\u0E01\u3005\u3042\u4E00"
+         u"\uAC00\uFF21\uFF3F\uFF71\U00020000")
         if (unit != 0) CHECK_MESSAGE(IsWordUnit(unit), static_cast<int>(unit));
     for (const char16_t unit :
-         u" \n-'.\u00AB\u00B7\u00D7\u00F7\u2019\u2014\u20AC\u2192\u25A0\u2713\u3000"
+         u" \n-'."
+         u"\u00A0\u00AB\u00B7\u00BB\u00BF\u00D7\u00F7\u2019\u2014\u20AC\u2192\u25A0\u2713\u3000"
          u"\u3001\u300C\uFF0C\uFF1F\uFF65\uFFFC\uFFFD")
         CHECK_MESSAGE(!IsWordUnit(unit), static_cast<int>(unit)); // the NUL at the end, too
 }

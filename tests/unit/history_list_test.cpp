@@ -32,7 +32,15 @@ TEST_CASE("record: any number of fields becomes 18") {
     CHECK(longOne[Field::Title] == u"16");
     CHECK(longOne[Field::Marks] == u"17");
     CHECK(BookRecord::Parse(u"").ToText() == std::u16string(17, u'='));
-    CHECK(KeyToPath(PathToKey(u"/a=b/c=.txt")) == u"/a=b/c=.txt");
+}
+
+TEST_CASE("record: a key is the path with = as *") {
+    const std::pair<const char16_t*, const char16_t*> table[] = {
+        {u"/a=b/c=.txt", u"/a*b/c*.txt"}, {u"=", u"*"}, {u"/b/a.txt", u"/b/a.txt"}, {u"", u""}};
+    for (const auto& [path, key] : table) {
+        CHECK(PathToKey(path) == key);
+        CHECK(KeyToPath(key) == path);
+    }
 }
 
 TEST_CASE("history caption: date, size, path and title") {
@@ -73,10 +81,15 @@ TEST_CASE("history: a missing book is greyed and the File menu offers to remove 
     CHECK_FALSE(test.Menu().mFileNonFound[0].enabled);
 }
 
-TEST_CASE("history: an empty list hides its item and separator and closes the remove submenu") {
+TEST_CASE("history: an empty list hides its item and separator and disables the remove submenu") {
     TestForm test;
+    test.PutBook(u"/b/0.txt");
     REQUIRE(test.Start());
-    SyncRemoveMenu(test.form.history, -1);
+    OpenBook(test.form, u"/b/0.txt");
+    REQUIRE(test.Menu().mFileList[0].visible);
+    REQUIRE(test.Menu().mFileSeparator[0].visible);
+    REQUIRE(test.Menu().mFileRemove[0].enabled);
+    test.Menus().Click(test.Menu().mFileRemoveList, 0);
     CHECK_FALSE(test.Menu().mFileList[0].visible);
     CHECK_FALSE(test.Menu().mFileSeparator[0].visible);
     CHECK_FALSE(test.Menu().mFileRemove[0].enabled);
@@ -190,6 +203,15 @@ TEST_CASE("history: a hand-edited section keeps every line that names a book") {
                      "/b/twenty=1=2=3=4=5=6=7=8=9=10=11=12=13=14=15=16=17=18=19\r\n");
     REQUIRE(test.Start());
     CHECK(test.Order() == std::vector<std::u16string>{u"/b/only-a-path", u"/b/five", u"/b/twenty"});
+    test.PutBook(u"/b/new.txt");
+    OpenBook(test.form, u"/b/new.txt"); // which writes the list
+    test.Close();
+    for (const char* line : {"\r\n/b/only-a-path=\r\n", "\r\n; a comment\r\n",
+                             "\r\n/b/new.txt=2026", "\r\n/b/five=2021:1:1:1:1:1=0=Serif=14\r\n",
+                             "\r\n/b/twenty=1=2=3=4=5=6=7=8=9=10=11=12=13=14=15=16=17=18=19\r\n"}) {
+        CAPTURE(std::string(line));
+        CHECK(test.DataFile().find(line) != std::string::npos);
+    }
 }
 
 TEST_CASE("history: after the last book is removed, saving leaves no nameless record behind") {
@@ -201,6 +223,7 @@ TEST_CASE("history: after the last book is removed, saving leaves no nameless re
     test.Menus().Click(test.Menu().mFileRemoveList, 0);
     test.Timer().Tick(60);
     CHECK(test.form.history.Count() == 0);
+    CHECK(test.DataFile().find("\n=") == std::string::npos);
     OpenBook(test.form, u"/b/1.txt");
     CHECK(test.Order() == std::vector<std::u16string>{u"/b/1.txt"});
 }

@@ -24,6 +24,8 @@ struct Model {
     std::map<std::u16string, Paths> disk;
     Paths list;
     bool shown = false;
+    std::u16string text;       // the path of the book in the view
+    std::vector<bool> missing; // for each place of the list, when its caption was last made
 
     Paths& OnDisk() { return disk[profiles[0]]; }
     void Save() { // the reading state of the shown book
@@ -34,6 +36,7 @@ struct Model {
         std::rotate(list.begin(), list.begin() + static_cast<std::ptrdiff_t>(index),
                     list.begin() + static_cast<std::ptrdiff_t>(index) + 1);
         shown = true;
+        text = list[0];
         OnDisk() = list;
     }
 };
@@ -64,12 +67,26 @@ class Session {
         Check();
     }
 
+    // How often a command of each kind did something.
+    std::map<std::string, int> done;
+
   private:
     static constexpr std::size_t books = 9;
 
     std::size_t Any(std::size_t count) { return random_() % count; }
 
     bool Exists(const std::u16string& path) { return test_->Files().FileExists(path); }
+    bool IsGone(const std::u16string& path) { return !Exists(path); }
+
+    void MakeCaptions(std::size_t first, std::size_t last) {
+        model_.missing.resize(model_.list.size());
+        for (std::size_t i = first; i <= last && i < model_.list.size(); ++i)
+            model_.missing[i] = IsGone(model_.list[i]);
+    }
+    void Show(std::size_t index) {
+        model_.Show(index);
+        MakeCaptions(0, index);
+    }
 
     void Open(const std::u16string& path) {
         OpenBook(test_->form, path);
@@ -83,17 +100,21 @@ class Session {
         } else if (index == 0 && model_.shown) {
             return;
         }
-        model_.Show(index);
+        ++done["open"];
+        Show(index);
     }
 
     void Choose() {
         if (model_.list.empty()) return;
         const std::size_t index = Any(model_.list.size());
-        MenuItem& item = test_->Menu().mFileList[index];
-        const bool works = item.enabled && Exists(model_.list[index]);
         test_->Menus().Click(test_->Menu().mFileList, static_cast<int>(index));
-        if (!works || (index == 0 && model_.shown)) return;
-        model_.Show(index);
+        if (model_.missing[index] || (index == 0 && model_.shown)) return;
+        if (IsGone(model_.list[index])) {
+            ++done["gone since"];
+            return MakeCaptions(index, index);
+        }
+        ++done["choose"];
+        Show(index);
     }
 
     void Remove() {
@@ -102,15 +123,21 @@ class Session {
         test_->Menus().Click(test_->Menu().mFileRemoveList, static_cast<int>(index));
         const bool shownRemoved = index == 0 && model_.shown;
         model_.list.erase(model_.list.begin() + static_cast<std::ptrdiff_t>(index));
+        MakeCaptions(index, model_.list.size());
+        ++done["remove"];
         if (model_.list.empty()) model_.shown = false;
         if (!shownRemoved) model_.OnDisk() = model_.list;
     }
 
     void RemoveMissing() {
         test_->Menus().Open(test_->Menu().mFile);
-        if (!test_->Menu().mFileNonFound[0].enabled) return;
+        const bool some = !model_.list.empty() && std::ranges::count(model_.missing, true) != 0;
+        REQUIRE(test_->Menu().mFileNonFound[0].enabled == some);
         test_->Menus().Click(test_->Menu().mFileNonFound);
-        std::erase_if(model_.list, [&](const std::u16string& path) { return !Exists(path); });
+        if (!some) return;
+        ++done["remove missing"];
+        std::erase_if(model_.list, [this](const std::u16string& path) { return IsGone(path); });
+        MakeCaptions(0, model_.list.size());
         if (model_.list.empty()) model_.shown = false;
         model_.OnDisk() = model_.list;
     }
@@ -122,6 +149,8 @@ class Session {
             model_.list, [&](const std::u16string& path) { return Exists(path); });
         model_.shown = first != model_.list.end();
         if (model_.shown) std::rotate(model_.list.begin(), first, first + 1);
+        MakeCaptions(0, model_.list.size());
+        if (model_.shown) model_.text = model_.list[0];
     }
 
     void MakeCurrent(std::size_t index) {
@@ -135,6 +164,7 @@ class Session {
         test_->Menus().Click(test_->Menu().mUserNew);
         if (name == model_.profiles[0]) return;
         auto known = std::ranges::find(model_.profiles, name);
+        ++done["add profile"];
         if (known == model_.profiles.end())
             known = model_.profiles.insert(model_.profiles.end(), name);
         MakeCurrent(static_cast<std::size_t>(known - model_.profiles.begin()));
@@ -143,18 +173,22 @@ class Session {
     void SwitchProfile() {
         const std::size_t index = Any(model_.profiles.size());
         test_->Menus().Click(test_->Menu().mProfileList, static_cast<int>(index));
-        if (index != 0) MakeCurrent(index);
+        if (index == 0) return;
+        ++done["switch profile"];
+        MakeCurrent(index);
     }
 
     void RemoveProfile() {
         const std::size_t index = Any(model_.profiles.size());
         test_->Menus().Click(test_->Menu().mUserDeleteList, static_cast<int>(index));
-        if (index != 0)
-            model_.profiles.erase(model_.profiles.begin() + static_cast<std::ptrdiff_t>(index));
+        if (index == 0) return;
+        ++done["remove profile"];
+        model_.profiles.erase(model_.profiles.begin() + static_cast<std::ptrdiff_t>(index));
     }
 
     void ChangeDisk() {
         const std::u16string path = BookName(Any(books));
+        ++done[Exists(path) ? "file away" : "file back"];
         if (Exists(path))
             test_->Files().Remove(path);
         else
@@ -162,11 +196,13 @@ class Session {
     }
 
     void Autosave() {
+        ++done["autosave"];
         test_->Timer().Tick(60);
         model_.Save();
     }
 
     void Restart() {
+        ++done["restart"];
         test_->Close();
         model_.Save();
         test_ = std::make_unique<TestForm>(*test_);
@@ -174,13 +210,26 @@ class Session {
         Load();
     }
 
+    static Paths Captions(const MenuArray& list) {
+        Paths captions;
+        for (const MenuItem& item : list.items)
+            captions.push_back(item.caption);
+        return captions;
+    }
+
     void Check() {
         REQUIRE(test_->Order() == model_.list);
         REQUIRE(IsBookShown(test_->form) == model_.shown);
-        Paths profiles;
-        for (const MenuItem& item : test_->Menu().mProfileList.items)
-            profiles.push_back(item.caption);
-        REQUIRE(profiles == model_.profiles);
+        MenuTree& menu = test_->Menu();
+        if (!model_.list.empty()) REQUIRE(menu.mFileList[0].checked == model_.shown);
+        REQUIRE(Captions(menu.mProfileList) == model_.profiles);
+        REQUIRE(Captions(menu.mUserDeleteList) == model_.profiles);
+        if (!model_.list.empty()) REQUIRE(Captions(menu.mFileRemoveList) == model_.list);
+        for (std::size_t i = 0; i < model_.list.size(); ++i)
+            REQUIRE(menu.mFileList[i].enabled == !model_.missing[i]);
+        if (model_.shown)
+            REQUIRE(test_->Window().title ==
+                    u"Norvaset [" + model_.profiles[0] + u"] - " + model_.text);
         const auto file = ProfileFile::Parse(test_->DataFile(), 1252, nullptr);
         for (const auto& [profile, paths] : model_.disk) {
             Paths stored;
@@ -202,4 +251,7 @@ TEST_CASE("history: 10,000 commands of several people leave every list as it sho
         CAPTURE(step);
         session.Step();
     }
+    CHECK(session.done.size() == 12);
+    for (const auto& [command, times] : session.done)
+        CHECK_MESSAGE(times > 10, command);
 }

@@ -80,12 +80,15 @@ TEST_CASE("html find: a selection longer than anybody looks for is not offered, 
     REQUIRE(test.Start());
     test.OpenLoaded(u"/b/p.htm");
     test.form.find.text = u"before";
-    test.Page().SelectAll();
+    test.Page().Select({0, 65'537});
     const int questions = test.Page().questions;
     test.Dialogs().findAnswer.result = DialogResult::Cancel;
     test.Choose(test.Menu().mEdit, test.Menu().mEditFind);
     CHECK(test.Dialogs().findRequests.back().text == u"before");
     CHECK(test.Page().questions == questions);
+    test.Page().Select({0, 65'536});
+    test.Choose(test.Menu().mEdit, test.Menu().mEditFind);
+    CHECK(test.Dialogs().findRequests.back().text == std::u16string(65'536, u'a'));
 }
 
 TEST_CASE("html find: F3 with nothing to find yet asks for it") {
@@ -122,7 +125,7 @@ TEST_CASE("html find: forward from the selection, shown, and not around the end"
     CHECK(test.form.find.history == std::vector<std::u16string>{u"LINE 29"});
 }
 
-TEST_CASE("html find: options and history belong to the book") {
+TEST_CASE("html find: the history belongs to the book, the search goes on in the next") {
     Reading test;
     test.Dialogs().findAnswer = {DialogResult::Ok, u"LINE 2", false, true};
     test.Choose(test.Menu().mEdit, test.Menu().mEditFind);
@@ -138,6 +141,13 @@ TEST_CASE("html find: options and history belong to the book") {
     next.PutPage(u"/b/p.htm");
     REQUIRE(next.Start());
     CHECK(next.form.find.history == std::vector<std::u16string>{u"line 2", u"LINE 2"});
+    next.Page().FinishLoading();
+    next.PutPage(u"/b/q.htm");
+    next.form.find.text = u"line 2";
+    next.OpenLoaded(u"/b/q.htm");
+    CHECK(next.form.find.history.empty());
+    next.Press(F3Key, 0);
+    CHECK(next.Page().Selection().span.length == 6);
 }
 
 TEST_CASE("html caption: the selection in references, trimmed, on one line") {

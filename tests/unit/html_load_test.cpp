@@ -183,14 +183,18 @@ TEST_CASE("html load: a document without a body keeps place, zoom and its charse
     CHECK(test.Record(0)[Field::FontSize] == u"-1");
 }
 
-TEST_CASE("html load: reopened exactly as it was left") {
+TEST_CASE("html load: reopened at its place, in its size and colour, with its marks") {
     HtmlForm test;
     test.PutPage(u"/b/p.htm");
     test.PutBook(u"/b/a.txt", NumberedLines(300));
     REQUIRE(test.Start());
     test.OpenLoaded(u"/b/p.htm");
+    test.Page().Select({100, 5});
+    test.Choose(test.Menu().mBookmark, test.Menu().mBookmarkNew);
     test.Page().ScrollByHand(777);
     test.Press(MinusKey, CtrlKey);
+    test.Dialogs().colorAnswer = {DialogResult::Ok, 0x00FF10};
+    test.Choose(test.Menu().mView, test.Menu().mViewBackground);
     OpenBook(test.form, u"/b/a.txt");
     CHECK(test.View().Visible());
     CHECK_FALSE(test.Page().visible);
@@ -201,6 +205,8 @@ TEST_CASE("html load: reopened exactly as it was left") {
     test.Page().FinishLoading();
     CHECK(test.Page().ScrollTop() == 777);
     CHECK(test.ZoomTag() == u"-1");
+    CHECK(test.Page().backColors.back() == 0x10FF00); // red and blue exchanged
+    CHECK(test.Record(0)[Field::Marks] == u"100,5");
     test.Close();
     HtmlForm next(test);
     next.PutPage(u"/b/p.htm");
@@ -208,6 +214,8 @@ TEST_CASE("html load: reopened exactly as it was left") {
     next.Page().FinishLoading();
     CHECK(next.Page().ScrollTop() == 777);
     CHECK(next.Page().zoomKeys == std::vector<bool>{false});
+    CHECK(next.Page().backColors.back() == 0x10FF00);
+    CHECK(next.Record(0)[Field::Marks] == u"100,5");
 }
 
 TEST_CASE("html load: a new book takes the present zoom, its size and no place") {
@@ -239,6 +247,13 @@ TEST_CASE("html load: a page whose file is gone or barred is told, and the shown
     test.Files().readFailure[u"/b/q.htm"] = ReadStatus::Denied;
     test.Menus().Click(test.Menu().mFileList, 1);
     REQUIRE(test.Dialogs().messages.size() == 1);
+    CHECK(test.Dialogs().messages[0].text == u"/b/q.htm\r\ncannot be read: access is denied.");
+    test.Files().readFailure.clear();
+    test.Files().Remove(u"/b/q.htm");
+    OpenBook(test.form, u"/b/q.htm");
+    REQUIRE(test.Dialogs().messages.size() == 2);
+    CHECK(test.Dialogs().messages[1].text == u"/b/q.htm\r\nfile not found.");
+    CHECK(test.Page().visible);
     CHECK(test.Order()[0] == u"/b/p.htm");
     CHECK(test.Page().navigations.back() == u"/b/p.htm");
     test.Page().ScrollByHand(300);

@@ -319,17 +319,23 @@ TEST_CASE("html order: a book of text that moved up under a page keeps place and
 }
 
 TEST_CASE("html order: another profile leaves the page, also one that is still loading") {
-    TwoPages test;
-    const int first = test.Page().loads.back();
-    test.Dialogs().textAnswer = u"Bob";
-    test.Menus().Click(test.Menu().mUserNew);
-    CHECK(test.Window().title == u"Norvaset [Bob]");
-    CHECK_FALSE(test.Page().visible);
-    CHECK(test.View().Visible());
-    test.Page().onLoaded(first, u"file:///b/a.htm");
-    CHECK(test.Page().scrolls.empty());
-    CHECK(test.Order().empty());
-    test.Menus().Click(test.Menu().mProfileList, 1);
-    test.Page().FinishLoading();
-    CHECK(test.Page().ScrollTop() == 1200);
+    for (const bool loaded : {true, false}) {
+        CAPTURE(loaded);
+        TwoPages test;
+        const int first = test.Page().loads.back();
+        if (loaded) test.Page().FinishLoading();
+        const std::size_t scrolls = test.Page().scrolls.size();
+        test.Dialogs().textAnswer = u"Bob";
+        test.Menus().Click(test.Menu().mUserNew);
+        CHECK(test.Window().title == u"Norvaset [Bob]");
+        CHECK_FALSE(test.Page().visible);
+        CHECK(test.View().Visible());
+        test.Page().onLoaded(first, u"file:///b/a.htm");
+        CHECK(test.Page().scrolls.size() == scrolls);
+        CHECK(test.Order().empty());
+        test.Menus().Click(test.Menu().mProfileList, 1);
+        test.Page().FinishLoading();
+        CHECK(test.Page().ScrollTop() == 1200);
+        CHECK(test.PlaceOf(u"/b/a.htm") == u"1200");
+    }
 }

@@ -134,7 +134,8 @@ TEST_CASE("html background: goes to the page with red and blue exchanged") {
     CHECK(test.Page().backColors.back() == 0x665544);
 }
 
-TEST_CASE("html commands: those of the view's menu are the program's") {
+TEST_CASE("html commands: those of the view's menu are the program's, but Print, which is the "
+          "view's own") {
     Reading test;
     test.Page().Select({5, 2});
     test.Page().onCommand(PageCommand::Copy);

@@ -96,11 +96,30 @@ TEST_CASE("includes: the form is known to app alone") {
     }
 }
 
+namespace {
+// Whether the preprocessor asks on which system or by which compiler it is built.
+bool AsksForSystem(const std::string& line) {
+    const std::size_t start = line.find_first_not_of(" \t");
+    if (start == line.npos || line[start] != '#') return false;
+    if (line.find("#include") != line.npos)
+        return line.find("windows.h") != line.npos || line.find("unistd.h") != line.npos;
+    for (const char* name : {"WIN32", "_WIN64", "_MSC_VER", "__MINGW", "__linux", "__unix",
+                             "__APPLE__", "Q_OS_", "__GNUC__", "__clang__"})
+        if (line.find(name) != line.npos) return true;
+    return false;
+}
+} // namespace
+
 TEST_CASE("includes: systems are told apart under platform only") {
     for (const std::string_view folder : folders) {
         if (folder == "platform") continue;
         ForEachLine(folder, [](const std::string& file, const std::string& line) {
-            CHECK_MESSAGE(line.find("_WIN32") == line.npos, file);
+            CHECK_MESSAGE(!AsksForSystem(line), file << ": " << line);
         });
     }
+    for (const char* line : {"#if defined(_WIN32)", "#ifdef __linux__", "  # ifdef _MSC_VER",
+                             "#include <windows.h>", "#elif defined Q_OS_WIN"})
+        CHECK(AsksForSystem(line));
+    for (const char* line : {"// no _WIN32 here", "#include <vector>", "#pragma once", ""})
+        CHECK_FALSE(AsksForSystem(line));
 }

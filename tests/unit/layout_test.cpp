@@ -1,8 +1,6 @@
 #include "test_form.h"
 
-#include "app/open_book.h"
 #include "app/view_events.h"
-#include "shell/window_title.h"
 
 #include <doctest/doctest.h>
 
@@ -27,7 +25,8 @@ TEST_CASE("layout: status bar, panel and views fill the window") {
     CHECK(test.form.placement == WindowPlacement{0, 75, 90, 6000, 4800});
 }
 
-TEST_CASE("layout: the status bar is as high as ever on a screen of any resolution") {
+TEST_CASE(
+    "layout: the status bar is 18 pixels high at 96 dpi, and as many parts of an inch at others") {
     TestForm test;
     REQUIRE(test.Start());
     struct {
@@ -147,61 +146,4 @@ TEST_CASE("layout: wild stored numbers do not get to the window system") {
     REQUIRE(test.Start());
     CHECK(test.Window().Bounds() == Rect{32767, -32767, 32767, 0});
     CHECK(test.Window().State() == WindowState::Normal);
-}
-
-namespace {
-std::u16string TitleFor(TestForm& test, const char* record) {
-    test.PutDataFile(std::string("[mProfileList]\r\n0=Anna\r\n[Anna\\mFileList]\r\n") + record +
-                     "\r\n");
-    test.PutBook(u"/b/a.txt");
-    REQUIRE(test.Start());
-    return test.Window().title;
-}
-} // namespace
-
-TEST_CASE("title: the caption, where it is wanted and can be shown, else the path") {
-    const char* captioned = "/b/a.txt=1=0=Serif=12=0=0=0=0=0=1=0=0=0=0=9= A &#233;tude =";
-    TestForm shown;
-    CHECK(TitleFor(shown, captioned) == u"Norvaset [Anna] - A \u00E9tude");
-    CheckRadioItem(0, shown.Menu().mOptionsTitle);
-    UpdateWindowTitle(shown.form);
-    CHECK(shown.Window().title == u"Norvaset [Anna] - /b/a.txt");
-    TestForm none;
-    CHECK(TitleFor(none, "/b/a.txt=1=0=Serif=12=0=0=0=0=0=1=0=0=0=0=9==") ==
-          u"Norvaset [Anna] - /b/a.txt");
-    TestForm cyrillic;
-    CHECK(TitleFor(cyrillic, "/b/a.txt=1=0=Serif=12=204=0=0=0=0=1=0=0=0=0=9=Caption=") ==
-          u"Norvaset [Anna] - /b/a.txt");
-    TestForm atHome;
-    atHome.Locale().codePage = 1251;
-    CHECK(TitleFor(atHome, "/b/a.txt=1=0=Serif=12=204=0=0=0=0=1=0=0=0=0=9=Caption=") ==
-          u"Norvaset [Anna] - Caption");
-    TestForm shortRecord;
-    CHECK(TitleFor(shortRecord, "/b/a.txt=1") == u"Norvaset [Anna] - /b/a.txt");
-}
-
-TEST_CASE("title: the text is called by its caption, in any script, else by the name of its file") {
-    TestForm captioned;
-    TitleFor(captioned, "/b/a.txt=1=0=Serif=12=204=0=0=0=0=1=0=0=0=0=9= A &#233;tude =");
-    CHECK(captioned.View().Name() == u"A \u00E9tude");
-    CheckRadioItem(0, captioned.Menu().mOptionsTitle);
-    UpdateWindowTitle(captioned.form);
-    CHECK(captioned.View().Name() == u"A \u00E9tude");
-    TestForm none;
-    TitleFor(none, "/b/a.txt=1");
-    CHECK(none.View().Name() == u"a.txt");
-    TestForm noBook;
-    REQUIRE(noBook.Start());
-    CHECK(noBook.View().Name() == u"");
-}
-
-TEST_CASE("options: an editor is described by its version information, else by its name") {
-    TestForm test;
-    test.PutDataFile(
-        "[fwMain]\r\nmOptionsEditor-0=/bin/MyEdit.EXE\r\nmOptionsEditor-1=/bin/writer\r\n");
-    static_cast<NoneVersionInfo&>(*test.form.ports.versionInfo).descriptions[u"/bin/writer"] =
-        u"The Writer";
-    REQUIRE(test.Start());
-    CHECK(test.Menu().mOptionsEditor[0].caption == u"Set &TXT Editor...\t[myedit.exe]");
-    CHECK(test.Menu().mOptionsEditor[1].caption == u"Set &RTF Editor...\t[The Writer]");
 }

@@ -1,5 +1,6 @@
 #include "app/menu_tree.h"
 #include "common/key_names.h"
+#include "common/keys.h"
 #include "common/menu_items.h"
 #include "common/utf.h"
 #include "tests/unit/golden.h"
@@ -25,6 +26,8 @@ TEST_CASE("shortcuts: a key and its shift mask become its display text") {
     };
     for (const auto& [keyAndShift, text] : table)
         CHECK(GetShortcutText(keyAndShift) == text);
+    CHECK(ShortcutText({'F', CtrlKey}) == u"Ctrl+F");
+    CHECK(ShortcutText({F1Key, 0}) == u"F1");
 }
 
 TEST_CASE("shortcuts: the text of a caption is replaced, never appended") {
@@ -48,6 +51,18 @@ TEST_CASE("menu items: an added item takes what it is given") {
     CHECK(item.helpContextId == 7);
     CHECK(item.checked);
     CHECK_FALSE(item.visible);
+}
+
+TEST_CASE("menu items: an added item is literal when the first of its array is") {
+    MenuArray array{"list", {}, {}};
+    AddMenuItem(array, u"&One");
+    CHECK_FALSE(array[0].literal);
+    array[0].literal = true;
+    AddMenuItem(array, u"&Two");
+    CHECK(array[1].literal);
+    array.items.clear();
+    AddMenuItem(array, u"&One");
+    CHECK_FALSE(array[0].literal);
 }
 
 TEST_CASE("menu items: a radio group has one checked item") {

@@ -51,15 +51,44 @@ TEST_CASE("open: rich text in capitals is told from its content, for All Files o
     CHECK(test.Dialogs().openRequests[1].initialFolder == u"/b");
 }
 
+namespace {
+// A book scrolled to its middle, in which what a test does should leave everything as it is.
+struct Undisturbed : TestForm {
+    Undisturbed() {
+        PutBook(u"/b/a.txt", NumberedLines(300));
+        REQUIRE(Start());
+        OpenBook(form, u"/b/a.txt");
+        View().ScrollLineToTop(900);
+        View().Select(910, 5);
+        loads_ = View().loads;
+        writes_ = Files().replaceCalls.size();
+        top_ = View().FirstVisibleChar();
+    }
+    void CheckUnchanged() {
+        CHECK(View().loads == loads_);
+        CHECK(Files().replaceCalls.size() == writes_);
+        CHECK(View().FirstVisibleChar() == top_);
+        CHECK(View().SelStart() == 910);
+        CHECK(View().SelLength() == 5);
+        CHECK(Window().title == u"Norvaset [Default] - /b/a.txt");
+        CHECK(Order() == std::vector<std::u16string>{u"/b/a.txt"});
+        CHECK(Dialogs().messages.empty());
+    }
+
+  private:
+    int loads_ = 0;
+    std::size_t writes_ = 0;
+    TextPos top_ = 0;
+};
+} // namespace
+
 TEST_CASE("open: a cancelled dialog changes nothing") {
-    TestForm test;
-    test.PutBook(u"/b/a.txt");
-    REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/a.txt");
-    const auto writes = test.Files().replaceCalls.size();
+    Undisturbed test;
+    test.PutBook(u"/b/b.txt");
+    test.Dialogs().openAnswer = {DialogResult::Cancel, u"/b/b.txt", 1};
     test.Menus().Click(test.Menu().mFileOpen);
-    CHECK(test.Files().replaceCalls.size() == writes);
-    CHECK(test.Order().size() == 1);
+    CHECK(test.Dialogs().openRequests.size() == 1);
+    test.CheckUnchanged();
 }
 
 TEST_CASE("open: a dropped file of another kind opens in the text view, further ones are left") {
@@ -77,15 +106,13 @@ TEST_CASE("open: a dropped file of another kind opens in the text view, further 
 }
 
 TEST_CASE("open: the shown book again does nothing at all") {
-    TestForm test;
-    test.PutBook(u"/b/a.txt");
-    REQUIRE(test.Start());
+    Undisturbed test;
     OpenBook(test.form, u"/b/a.txt");
-    const int loads = test.View().loads;
-    const auto writes = test.Files().replaceCalls.size();
-    OpenBook(test.form, u"/b/a.txt");
-    CHECK(test.View().loads == loads);
-    CHECK(test.Files().replaceCalls.size() == writes);
+    test.CheckUnchanged();
+    test.View().onFilesDropped({u"/b/a.txt"});
+    test.CheckUnchanged();
+    test.Menus().Click(test.Menu().mFileList, 0);
+    test.CheckUnchanged();
 }
 
 TEST_CASE("open: a listed book moves to the top and the place of the one left is not saved") {
@@ -214,11 +241,13 @@ TEST_CASE("open: names that trouble a data file open and come back as themselves
         REQUIRE(test.Start());
         OpenBook(test.form, path);
         test.View().ScrollLineToTop(100);
+        const TextPos left = test.View().FirstVisibleChar();
+        REQUIRE(left > 0);
         test.Close();
         TestForm next(test);
         REQUIRE(next.Start());
         CHECK(next.Order() == std::vector<std::u16string>{path});
-        CHECK(next.View().FirstVisibleChar() > 90);
+        CHECK(next.View().FirstVisibleChar() == left);
     }
 }
 
@@ -287,11 +316,21 @@ TEST_CASE("open: wild values in a record are kept within what can be shown") {
         "=-1=99999999999=q==|||x,y|-5,-9|1,2,3|0,999999999|\r\n");
     test.PutBook(u"/b/a.txt", "short");
     REQUIRE(test.Start());
+    CHECK(test.View().Font().size >= 1);
     CHECK(test.View().Font().size <= 1638);
     CHECK(test.View().Font().charset >= 0);
+    CHECK(test.View().TextColor() <= 0xFFFFFF);
+    CHECK(test.View().BackColor() <= 0xFFFFFF);
     CHECK(test.View().ShownAlignment() == Alignment::Left);
     CHECK(test.View().TextRange(0, 9) == u"short");
     CHECK(test.View().FirstVisibleChar() == 0);
+    for (int mark = 0; mark < test.Menu().mBookmarkList.Count(); ++mark) {
+        test.Menus().Click(test.Menu().mBookmarkList, mark);
+        CHECK(test.View().SelStart() >= 0);
+        CHECK(test.View().SelLength() >= 0);
+        CHECK(test.View().SelStart() + test.View().SelLength() <= 5);
+    }
+    CHECK(test.Menu().mBookmarkList.Count() > 1);
     test.Close();
     CHECK(test.DataFile().find("/b/a.txt=2026:") != std::string::npos);
 }
@@ -332,6 +371,38 @@ class SmallTextView : public NoneTextView {
     }
 };
 } // namespace
+
+namespace {
+class TenMegabyteView : public NoneTextView {
+  public:
+    std::uint64_t MaxTextSize() const override { return 10u << 20; }
+};
+} // namespace
+
+// A book of more than 8 MB is not read into memory before its kind is known.
+TEST_CASE("open: large books, and the largest plain text that the view can show") {
+    TestForm test;
+    test.form.ports.textView = std::make_unique<TenMegabyteView>();
+    const std::string nineMegabytes(9u << 20, '\n'), elevenMegabytes(11u << 20, '\n');
+    test.PutBook(u"/b/nine.txt", nineMegabytes + "the end");
+    test.PutBook(u"/b/eleven.txt", elevenMegabytes + "the end");
+    test.PutBook(u"/b/eleven.rtf", "{\\rtf1{\\info " + elevenMegabytes + "}all of it}");
+    test.PutBook(u"/b/rich", "{\\rtf1{\\info " + elevenMegabytes + "}also all}");
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/nine.txt");
+    CHECK(test.View().TextLength() == (9 << 20) + 7);
+    CHECK(test.View().TextRange(9 << 20, 7) == u"the end");
+    OpenBook(test.form, u"/b/eleven.rtf");
+    CHECK(test.View().TextRange(0, 20) == u"all of it");
+    OpenBook(test.form, u"/b/rich"); // by its first bytes
+    CHECK(test.View().TextRange(0, 20) == u"also all");
+    CHECK(test.Dialogs().messages.empty());
+    OpenBook(test.form, u"/b/eleven.txt");
+    REQUIRE(test.Dialogs().messages.size() == 1);
+    CHECK(test.Dialogs().messages[0].text ==
+          u"/b/eleven.txt\r\nis too large: a book may have up to 10 MB.");
+    CHECK(test.View().TextRange(0, 20) == u"also all");
+}
 
 TEST_CASE("open: a book that memory does not hold is told, and keeps its record") {
     TestForm test;
@@ -420,6 +491,19 @@ TEST_CASE("script: a killed program leaves no choice behind that nobody made") {
     CHECK(Shown(next).starts_with(u"Elle l'a appel\u00E9e"));
     mFileList_Click(next.form, 1);
     CHECK(Shown(next).starts_with(u"\u039C\u03B9\u03B1 \u03C6\u03BF\u03C1\u03AC"));
+}
+
+TEST_CASE("script: one that was only guessed is guessed anew when the file is another") {
+    TestForm test;
+    test.PutBook(u"/b/a.txt", greek);
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/a.txt");
+    CHECK(Shown(test).starts_with(u"\u039C\u03B9\u03B1 \u03C6\u03BF\u03C1\u03AC"));
+    test.Close();
+    TestForm next(test);
+    next.PutBook(u"/b/a.txt", french);
+    REQUIRE(next.Start());
+    CHECK(Shown(next).starts_with(u"Elle l'a appel\u00E9e"));
 }
 
 TEST_CASE("script: a record of an older version is read in the script of its number") {

@@ -24,6 +24,13 @@ TEST_CASE("options: the title mode is a radio pair, kept per profile") {
                        1); // a book without a caption still shows its path
     CHECK(test.Window().title == u"Norvaset [Default] - /b/a.txt");
     CHECK(test.DataFile().find("mOptionsTitle=1\r\n") != std::string::npos);
+    test.Menus().Click(test.Menu().mOptionsTitle, 0);
+    test.Dialogs().textAnswer = u"B";
+    test.Menus().Click(test.Menu().mUserNew);
+    CHECK(test.Menu().mOptionsTitle[1].checked);
+    test.Menus().Click(test.Menu().mProfileList, 1);
+    CHECK(test.Menu().mOptionsTitle[0].checked);
+    CHECK(test.DataFile().find("[Default]\r\nmOptionsTitle=0\r\n") != std::string::npos);
 }
 
 TEST_CASE("options: the title changes with its option") {
@@ -54,6 +61,7 @@ TEST_CASE(
     test.Menus().Click(test.Menu().mOptionsFileColor);
     CHECK(test.View().loads == loadsOn);
     CHECK_FALSE(test.View().AutoColor());
+    CHECK(test.View().TextColor() == test.form.format.textColor);
     CHECK(test.DataFile().find("mOptionsFileColor=0\r\n") != std::string::npos);
 }
 
@@ -68,6 +76,10 @@ TEST_CASE("options: an editor is chosen, kept for all profiles, and cancelled wi
     CHECK(test.Menu().mOptionsEditor[1].caption == u"Set &RTF Editor...\t[myedit.exe]");
     CHECK(test.DataFile().find("[fwMain]\r\nmOptionsEditor-1=/tools/MyEdit.exe\r\n") !=
           std::string::npos);
+    test.Dialogs().textAnswer = u"B";
+    test.Menus().Click(test.Menu().mUserNew); // another profile
+    CHECK(test.Menu().mOptionsEditor[1].caption == u"Set &RTF Editor...\t[myedit.exe]");
+    CHECK(test.Menu().mOptionsEditor[1].tag == u"/tools/MyEdit.exe");
     test.Menus().Click(test.Menu().mOptionsEditor, 1);
     const OpenFileRequest& request = test.Dialogs().openRequests.back();
     CHECK(request.title == u"Set RTF Editor");
@@ -96,4 +108,15 @@ TEST_CASE("options: numbers that the program would not write") {
         CHECK(CheckedItem(test.Menu().mOptionsTitle) == c.title);
         CHECK(test.Menu().mOptionsFileColor[0].checked == c.fileColors);
     }
+}
+
+TEST_CASE("options: an editor is described by its version information, else by its name") {
+    TestForm test;
+    test.PutDataFile(
+        "[fwMain]\r\nmOptionsEditor-0=/bin/MyEdit.EXE\r\nmOptionsEditor-1=/bin/writer\r\n");
+    static_cast<NoneVersionInfo&>(*test.form.ports.versionInfo).descriptions[u"/bin/writer"] =
+        u"The Writer";
+    REQUIRE(test.Start());
+    CHECK(test.Menu().mOptionsEditor[0].caption == u"Set &TXT Editor...\t[myedit.exe]");
+    CHECK(test.Menu().mOptionsEditor[1].caption == u"Set &RTF Editor...\t[The Writer]");
 }

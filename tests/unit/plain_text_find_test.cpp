@@ -177,7 +177,8 @@ TEST_CASE("plain text find: a match at each place around the borders of pieces")
                 CAPTURE(before);
                 const std::string head = BytesBefore(text, border * 1024 - before, random);
                 const std::string tail = "." + BytesBefore(text, 3000, random);
-                const PlainTextSource source(Reader(head + text.word + tail), text.page, 1252);
+                const PlainTextSource source(
+                    Reader(std::string(head).append(text.word).append(tail)), text.page, 1252);
                 const PlainTextSource word(Reader(text.word + (text.page == 0 ? "\xC3\xA9" : "\n")),
                                            text.page, 1252);
                 const std::u16string what = word.Range(0, word.Length() - 1);
@@ -280,6 +281,36 @@ TEST_CASE("plain text find: is given up when it is told to") {
         const TextPos expected = what == u"end" ? source.Length() - 3 : notFound;
         CHECK(source.FindWhile(what, 0, {}, [] { return true; }) == expected);
     }
+}
+
+TEST_CASE("plain text find: asks once for each megabyte whether it goes on") {
+    const PlainTextSource source(Reader(std::string(2u << 20, '.')), 0, 1252);
+    int asked = 0;
+    const auto goesOn = [&asked] { return ++asked > 0; };
+    CHECK(source.FindWhile(u"x", 0, {}, goesOn) == notFound);
+    CHECK(asked == 2);
+}
+
+namespace {
+class CountedFile : public BytesReader {
+  public:
+    using BytesReader::BytesReader;
+    std::size_t ReadAt(std::uint64_t offset, char* to, std::size_t count) const override {
+        const std::size_t read = BytesReader::ReadAt(offset, to, count);
+        bytesRead += read;
+        return read;
+    }
+    mutable std::size_t bytesRead = 0;
+};
+} // namespace
+
+TEST_CASE("plain text find: reads the file once or twice, however many pieces it has") {
+    const auto file = std::make_shared<CountedFile>(std::string(400'000, '.'));
+    const PlainTextSource source(file, 0, 1252, 4000);
+    file->bytesRead = 0;
+    CHECK(source.Find(u"x", 0, {}) == notFound);
+    CHECK(file->bytesRead >= 400'000);
+    CHECK(file->bytesRead <= 2 * 400'000);
 }
 
 namespace {

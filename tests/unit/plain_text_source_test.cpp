@@ -168,3 +168,12 @@ TEST_CASE("text source: a file that shrinks or changes keeps its length in posit
         CHECK(source.PositionOf(bytes.size() / 2) <= length);
     }
 }
+
+TEST_CASE("plain text source: the bytes of a mark are the first character's") {
+    const PlainTextSource source(Reader("\xEF\xBB\xBFtext"), 0, 1252);
+    for (const std::uint64_t byte : {0, 1, 2, 3})
+        CHECK(source.PositionOf(byte) == 0);
+    CHECK(source.PositionOf(4) == 1);
+    CHECK(source.PositionOf(100) == 4);
+    CHECK(source.ByteOf(0) == 3);
+}

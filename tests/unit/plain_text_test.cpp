@@ -102,10 +102,13 @@ TEST_CASE("plain text: UTF-16 without a mark") {
         u"A",
         u"Plain English.\r\nTwo lines.\r\n",
         u"\u0412\u043E\u0439\u043D\u0430 \u0438 \u043C\u0438\u0440\n\u0422\u043E\u043C 1\n",
-        u"\u3000\u4E00\u65E5\u4E00\u65E5\u3001\u5927\u304D\u306A\u6728\u3002\n"
-        u"\u3000\u4E00\u4EBA\u3067\u6B69\u304F\u3002\n", // more low zero bytes than high ones
+        // More low zero bytes than high ones.
+        (u"\u3000\u4E00\u65E5\u4E00\u65E5\u3001\u5927\u304D\u306A\u6728\u3002\n"
+         u"\u3000\u4E00\u4EBA\u3067\u6B69\u304F\u3002\n"),
         u"\u7B80\u4F53\u4E2D\u6587\u6C49\u5B57\u7B80\u5316\u5B57\n",
         u"\U0001F600 and \U0001F601\n",
+        u"\U00010000 to \U0010FFFF\n",
+        u"\u00E5\uF900\u00E5 \u00E5\uF900\n",
         u"\u2022 a\n\u2022 b\n\u2022 c\n",
     };
     for (const std::u16string& text : texts) {
@@ -117,6 +120,18 @@ TEST_CASE("plain text: UTF-16 without a mark") {
         CHECK(big.encoding == TextEncoding::Utf16BigEndian);
         CHECK(Utf16ToUtf8(big.text) == Utf16ToUtf8(text));
     }
+}
+
+TEST_CASE("plain text: halves of surrogate pairs are not UTF-16") {
+    for (const char16_t half : {u'\xD800', u'\xDBFF', u'\xDC00', u'\xDFFF'})
+        for (const bool bigEndian : {false, true}) {
+            std::u16string text;
+            for (int i = 0; i < 20; ++i)
+                (text += std::u16string(8, u'\u00E5')) += half; // swapped it is no text either
+            CAPTURE(static_cast<int>(half));
+            const DecodedText decoded = DecodePlainText(Utf16Bytes(text, bigEndian), 0, 1252);
+            CHECK(decoded.encoding == TextEncoding::CodePage);
+        }
 }
 
 TEST_CASE("plain text: zero bytes alone are not UTF-16") {
@@ -168,7 +183,7 @@ TEST_CASE("plain text: KOI8-R in a book said to be windows-1251") {
     CHECK(DecodePlainText("\xCE\xD5 \xDE\xD4\xCF", 1252, 1251).codePage == 1252);
 }
 
-TEST_CASE("plain text: large books of every kind") {
+TEST_CASE("plain text: large books in Unicode and in a code page of pairs") {
     std::string utf8;
     for (int i = 0; i < 40000; ++i)
         utf8 += "\xD0\x96\xE2\x82\xAC x\xF0\x9F\x98\x80 and more ASCII\n";
@@ -176,6 +191,13 @@ TEST_CASE("plain text: large books of every kind") {
     CHECK(Utf16ToUtf8(text) == utf8);
     for (const bool bigEndian : {false, true})
         CHECK(DecodePlainText(Utf16Bytes(text, bigEndian), 0, 1252).text == text);
+    std::string pairs;
+    std::u16string characters;
+    for (int i = 0; i < 200'000; ++i) {
+        pairs += "\x93\xFA\x96{\n";
+        characters += u"\u65E5\u672C\n";
+    }
+    CHECK((DecodePlainText(pairs, 932, 1252).text == characters));
 }
 
 TEST_CASE("plain text: every language in its own charset") {

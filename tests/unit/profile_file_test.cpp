@@ -36,6 +36,29 @@ std::string Listed(const ProfileFile& file, std::u16string_view section) {
 
 } // namespace
 
+TEST_CASE("profile file: names beyond the first plane are told apart by both halves") {
+    const std::u16string other = u"\U00010000", key = u"\U00010400"; // of one low surrogate
+    const ProfileFile file = Parse("[s]\n\xF0\x90\x90\x80=1\n");
+    CHECK(ValueOf(file, u"s", key) == "1");
+    CHECK(ValueOf(file, u"s", other) == "(none)");
+    CHECK(ValueOf(file, u"s", key.substr(0, 1)) == "(none)");
+    CHECK(ValueOf(file, u"s", key + u"x") == "(none)");
+}
+
+TEST_CASE("profile file: one that a change makes look like UTF-16 gets a mark, and goes on being "
+          "changed") {
+    std::string zeros;
+    for (int i = 0; i < 100; ++i)
+        zeros += std::string("\0a", 2);
+    ProfileFile file = Parse(std::string("[s]\r\nz=\0\r\n", 10) + zeros + "\r\n[t]\r\nx=1\r\n");
+    file.SetValue(u"s", u"z", u"1"); // the only zero at an odd place goes
+    file.SetValue(u"t", u"y", u"2");
+    const std::string marked = "\xEF\xBB\xBF[s]\r\nz=1\r\n";
+    CHECK(file.ToBytes() == marked + zeros + "\r\n[t]\r\nx=1\r\ny=2\r\n");
+    CHECK((file.SectionNames() == std::vector<std::u16string>{u"s", u"t"}));
+    CHECK(ValueOf(file, u"t", u"x") == "1");
+}
+
 TEST_CASE("profile file: reading a value by key") {
     const struct {
         const char *bytes, *value; // of key "k" in section "s"

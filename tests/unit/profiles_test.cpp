@@ -2,6 +2,7 @@
 
 #include "app/open_book.h"
 #include "app/profile_menu.h"
+#include "app/profiles.h"
 
 #include <doctest/doctest.h>
 
@@ -21,6 +22,15 @@ TEST_CASE("profiles: without a list there is Default alone") {
     test.PutDataFile("[Other]\r\nx=1\r\n");
     REQUIRE(test.Start());
     CHECK(Captions(test.Menu().mProfileList) == std::vector<std::u16string>{u"Default"});
+}
+
+TEST_CASE("profiles: the list read again takes the place of the one before") {
+    TestForm test;
+    test.PutDataFile(threeProfiles);
+    REQUIRE(test.Start());
+    LoadProfileList(test.form);
+    CHECK(Captions(test.Menu().mProfileList) == std::vector<std::u16string>{u"A", u"B", u"C"});
+    CHECK(Captions(test.Menu().mUserDeleteList) == std::vector<std::u16string>{u"A", u"B", u"C"});
 }
 
 TEST_CASE("profiles: an entry without a name does not take the others along") {
@@ -49,10 +59,17 @@ TEST_CASE("profiles: a chosen one moves to the top, the others keep their order"
 TEST_CASE("profiles: the ticked one does nothing and writes nothing") {
     TestForm test;
     test.PutDataFile(threeProfiles);
+    test.PutBook(u"/b/a.txt", NumberedLines(300));
     REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/a.txt");
+    test.View().ScrollLineToTop(900);
+    const TextPos top = test.View().FirstVisibleChar();
+    const int loads = test.View().loads;
     const auto writes = test.Files().replaceCalls.size();
     test.Menus().Click(test.Menu().mProfileList, 0);
     CHECK(test.Files().replaceCalls.size() == writes);
+    CHECK(test.View().loads == loads);
+    CHECK(test.View().FirstVisibleChar() == top);
 }
 
 TEST_CASE("profiles: removing is offered only when there are two") {
@@ -147,6 +164,7 @@ TEST_CASE("profiles: a new name loses its blanks; an old one is switched to, in 
     CHECK(test.Dialogs().textRequests[0].second == u"Enter new user name:");
     CHECK(Captions(test.Menu().mProfileList) ==
           std::vector<std::u16string>{u"AnnaMaria", u"Default"});
+    CHECK(Captions(test.Menu().mUserDeleteList) == Captions(test.Menu().mProfileList));
     AddProfile(test, u"annamaria"); // the current one
     CHECK(test.Menu().mProfileList.Count() == 2);
     AddProfile(test, u"Bo");

@@ -82,7 +82,7 @@ std::string DifferentPieces(const std::string& start, const std::string& before,
                             const std::string& after, std::size_t size) {
     std::string rtf = start;
     for (int i = 0; rtf.size() < size; ++i)
-        rtf += before + std::to_string(i) + after;
+        rtf.append(before).append(std::to_string(i)).append(after);
     return rtf;
 }
 
@@ -148,11 +148,11 @@ TEST_CASE("rtf limits: styles beyond the last are the default") {
         rtf += std::string("\\pard\\li").append(std::to_string(i + 1)).append("\\par ");
     for (std::size_t i = 0; i < maxRtfCharStyles + 10; ++i) {
         // Sixteen faces of a size, in both scripts.
-        const std::string up = i % 2 ? "\\b" : "\\b0", lean = i / 2 % 2 ? "\\i" : "\\i0";
-        const std::string line = i / 4 % 2 ? "\\ul" : "\\ul0",
-                          cut = i / 8 % 2 ? "\\strike" : "\\strike0";
-        const std::string script = i / 16 % 2 ? "\\sub" : "\\super";
-        rtf += up + lean + line + cut + script;
+        rtf += i % 2 ? "\\b" : "\\b0";
+        rtf += i / 2 % 2 ? "\\i" : "\\i0";
+        rtf += i / 4 % 2 ? "\\ul" : "\\ul0";
+        rtf += i / 8 % 2 ? "\\strike" : "\\strike0";
+        rtf += i / 16 % 2 ? "\\sub" : "\\super";
         rtf.append("\\fs").append(std::to_string(i / 32 + 1)).append(" x");
     }
     const Document document = ReadRtf(rtf, 1252);
@@ -176,8 +176,7 @@ TEST_CASE("rtf limits: links and pictures beyond the last are left out") {
     CHECK(linked.links.size() == maxRtfLinks);
     const bool isLastRight = document_check::LinkAt(linked, 65'534) == u"a65534";
     CHECK(isLastRight);
-    const bool isNextNone = document_check::LinkAt(linked, 65'535) == u"";
-    CHECK(isNextNone);
+    CHECK(document_check::LinkAt(linked, 65'535).empty());
     CHECK(document_check::FirstFault(linked) == "");
     CHECK(ReadRtf(pictures, 1252).pictures.size() == maxRtfPictures);
 }

@@ -148,6 +148,7 @@ TEST_CASE("rtf fields: without a result, what the instruction says") {
         {"EQ \\\\o(a;b)", "b"},
         {"EQ \\\\f(1,2) + \\\\r(3,x) = \\\\s\\\\do5(y)", "1/2 + √x = y"},
         {"EQ \\\\b \\\\bc\\\\[ (\\\\f(a\\\\,b,c))", "a,b/c"},
+        {"EQ \\\\z(a,b) \\\\A(a,b) \\\\a(c) \\\\Z(d)", "a b a b c d"},
         {"EQ \\\\o(", ""},
         {"EQ ))\\\\", "))"},
         {"QUOTE \"a b\"", "a b"},

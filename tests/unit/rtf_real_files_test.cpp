@@ -128,9 +128,11 @@ TEST_CASE("rtf real files: books of a word processor") {
         MESSAGE("skipped: no real books here");
         return;
     }
+    int count = 0;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
         if (entry.path().extension() != ".rtf") continue;
         CAPTURE(entry.path().string());
+        ++count;
         const Document document = ReadRtf(ReadWholeFile(entry.path().string()), 1252);
         CHECK(document_check::FirstFault(document) == "");
         if (document.text.find(u"WAR AND PEACE") != std::u16string::npos) {
@@ -146,4 +148,5 @@ TEST_CASE("rtf real files: books of a word processor") {
             }
         }
     }
+    CHECK(count == 2);
 }

@@ -241,6 +241,21 @@ TEST_CASE("rtf writer: a stretch of a text") {
     CHECK_FALSE(document_check::CharStyleAt(part, 2).bold);
 }
 
+TEST_CASE("rtf writer: a picture at the border of a stretch, where a style begins") {
+    const Document document = Read("a{\\b{\\pict\\pngblip\\picwgoal100 89504e470d0a1a0a}b}");
+    REQUIRE(document.text == u"a\uFFFCb");
+    REQUIRE(document.pictures.size() == 1);
+    CHECK(FirstDifference(document, ReadAgain(document)) == "");
+    const Document before = ReadAgain(document, 0, 1), at = ReadAgain(document, 1, 1),
+                   behind = ReadAgain(document, 2, 1);
+    CHECK(before.text == u"a");
+    CHECK(before.pictures.empty());
+    CHECK(at.text == u"\uFFFC");
+    CHECK(at.pictures.size() == 1);
+    CHECK(behind.text == u"b");
+    CHECK(behind.pictures.empty());
+}
+
 TEST_CASE("rtf writer: whole rows are a table, parts of rows are paragraphs") {
     const std::string row = "\\trowd\\cellx100\\cellx200\\intbl a\\par b\\cell c\\cell\\row";
     const Document document = Read(row + row + "\\pard d\\par");
@@ -267,6 +282,12 @@ TEST_CASE("rtf writer: whole rows are a table, parts of rows are paragraphs") {
         CHECK(part.text == c.text);
         CHECK(part.rows.size() == c.rows);
     }
+}
+
+TEST_CASE("rtf writer: the end of a row is no paragraph, wherever the row stands") {
+    const Document document = Read("\\trowd\\cellx100\\intbl\\cell\\row\\pard d");
+    REQUIRE(document.text == u"\a\nd");
+    CHECK(ReadAgain(document, 1, 2).text == u"d");
 }
 
 TEST_CASE("rtf writer: names only the fonts and colours of the stretch") {

@@ -53,7 +53,9 @@ TEST_CASE("save: records come out with 18 fields") {
     SaveBookState(test.form, 0);
     test.Menus().Click(test.Menu().mFileList, 1);
     SaveBookState(test.form, 0);
-    for (const auto& line : LoadSectionLines(*test.form.dataFile, u"A\\mFileList"))
+    const auto lines = LoadSectionLines(*test.form.dataFile, u"A\\mFileList");
+    REQUIRE(lines.size() == 2);
+    for (const auto& line : lines)
         CHECK(std::count(line.begin(), line.end(), u'=') == 17);
     CHECK(test.Record(0)[Field::Title] == u"16");
     CHECK(test.Record(1)[Field::FontName] == u"Serif");

@@ -52,6 +52,11 @@ TEST_CASE("start-up: menu captions, headings and hidden items") {
     CHECK(test.Menu().mViewAlign[0].checked);
     CHECK(test.Menu().mOptionsTitle[1].checked); // the profile's default
     CHECK_FALSE(test.Menu().mBookmark[0].enabled);
+}
+
+TEST_CASE("start-up: the panels of the status bar, and the system's font") {
+    TestForm test;
+    REQUIRE(test.Start());
     CHECK(test.Status().height == 18);
     REQUIRE(test.Status().panels.size() == 3);
     CHECK(test.Status().panels[0].key == u"Common");

@@ -12,6 +12,9 @@ TEST_CASE("text routines: InRange with bounds in order and not") {
     CHECK_FALSE(InRange(6, 1, 5, false));
     CHECK_FALSE(InRange(0, 0, -1, true));
     CHECK(InRange(0, 0, -1, false));
+}
+
+TEST_CASE("text routines: MaxOf") {
     CHECK(MaxOf(-4, 2) == 2);
     CHECK(MaxOf(7, 2) == 7);
 }
@@ -61,6 +64,18 @@ TEST_CASE("caret: a line already at the top stays there") {
     CHECK(FirstVisibleChar(view) == 4);
     ScrollCaretToTop(view);
     CHECK(FirstVisibleChar(view) == 4);
+}
+
+TEST_CASE("caret: what is selected far to the right is scrolled into view across, too") {
+    NoneTextView view;
+    view.LoadPlainText(u"one\n" + std::u16string(1000, u'x') + u"\ntwo");
+    view.SetRightMargin(491520); // not wrapped
+    view.SetBounds({0, 0, 400, 300});
+    view.Select(904, 3);
+    ScrollCaretToTop(view);
+    CHECK(FirstVisibleChar(view) == 4);
+    CHECK(view.X(904) >= 0);
+    CHECK(view.X(907) <= 400);
 }
 
 TEST_CASE("caret: mirrored within its line for right-to-left charsets only") {

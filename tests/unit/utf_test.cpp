@@ -114,7 +114,7 @@ TEST_CASE("utf: UTF-16 becomes UTF-8, lone surrogates U+FFFD") {
 }
 
 TEST_CASE("utf: every character survives both ways") {
-    for (char32_t code = 0; code < 0x110000; code += code < 0x3000 ? 1 : 13) {
+    for (char32_t code = 0; code < 0x110000; ++code) {
         if (code >= 0xD800 && code < 0xE000) continue;
         std::u16string text;
         if (code < 0x10000) {

@@ -2,6 +2,7 @@
 
 #include "app/keys.h"
 #include "app/open_book.h"
+#include "app/view_menu.h"
 #include "reading/formatting.h"
 
 #include <doctest/doctest.h>
@@ -25,6 +26,9 @@ TEST_CASE("view: cancelled or unchanged choices change and write nothing") {
     Reading test;
     const auto writes = test.Writes();
     const std::string before = test.DataFile();
+    const ViewFont font = test.View().Font();
+    const Color text = test.View().TextColor(), background = test.View().BackColor();
+    const int applications = test.View().fontApplications;
     test.Choose(test.Menu().mViewFont); // confirmed as it was
     test.Dialogs().fontAnswer = FontAnswer{DialogResult::Cancel, {}, 5};
     test.Choose(test.Menu().mViewFont);
@@ -34,15 +38,21 @@ TEST_CASE("view: cancelled or unchanged choices change and write nothing") {
     test.Choose(test.Menu().mViewAlign, 0); // already checked
     CHECK(test.Writes() == writes);
     CHECK(test.DataFile() == before);
+    CHECK(test.View().Font() == font);
+    CHECK(test.View().TextColor() == text);
+    CHECK(test.View().BackColor() == background);
+    CHECK(test.View().ShownAlignment() == Alignment::Left);
+    CHECK(test.View().fontApplications == applications);
     CHECK(test.Dialogs().fontRequests[0].first == u"Font");
     CHECK(test.Dialogs().colorRequests[0].first == u"Background Color");
 }
 
-TEST_CASE("view: every setting is kept with its book") {
+TEST_CASE("view: font, colours, alignment, wrap and size are kept with their book") {
     Reading test;
     ViewFont font = test.form.format.font;
     font.name = u"Old Serif";
-    font.bold = true;
+    font.bold = font.italic = font.strikethrough = true;
+    font.charset = 204;
     test.Dialogs().fontAnswer = FontAnswer{DialogResult::Ok, font, 0x0000FF};
     test.Choose(test.Menu().mViewFont);
     test.Dialogs().colorAnswer = {DialogResult::Ok, 0x00FF00};
@@ -54,6 +64,10 @@ TEST_CASE("view: every setting is kept with its book") {
     CHECK(record[Field::FontName] == u"Old Serif");
     CHECK(record[Field::FontSize] == u"11");
     CHECK(record[Field::Bold] == u"1");
+    CHECK(record[Field::Italic] == u"1");
+    CHECK(record[Field::Underline] == u"0");
+    CHECK(record[Field::Strikethru] == u"1");
+    CHECK(record[Field::Charset] == u"204");
     CHECK(record[Field::ForeColor] == u"255");
     CHECK(record[Field::BackColor] == u"65280");
     CHECK(record[Field::Align] == u"1");
@@ -61,8 +75,10 @@ TEST_CASE("view: every setting is kept with its book") {
     test.Close();
     TestForm next(test);
     REQUIRE(next.Start());
-    CHECK(next.Record(0)[Field::FontName] == u"Old Serif");
-    CHECK(next.View().Font().size == 11);
+    font.size = 11;
+    CHECK(next.View().Font() == font);
+    CHECK(next.View().TextColor() == 0x0000FF);
+    CHECK(next.View().BackColor() == 0x00FF00);
     CHECK(next.View().RightMargin() == 491520);
     CHECK(next.View().ShownAlignment() == Alignment::Right);
 }
@@ -89,6 +105,19 @@ TEST_CASE("view: the colours of rich text are kept only when wanted") {
     ApplyTextColor(test.View(), 9, false, Scrolling::Leave);
     CHECK_FALSE(test.View().AutoColor());
     CHECK(test.View().TextColor() == 9);
+}
+
+TEST_CASE("view: a caption in a script that a title bar may not show gives way to the path") {
+    Reading test;
+    test.View().Select(0, 6);
+    test.Menus().Open(test.Menu().mEdit);
+    test.Menus().Click(test.Menu().mEditTitle);
+    CHECK(test.Window().title == u"Norvaset [Default] - line 0");
+    ViewFont font = test.form.format.font;
+    font.charset = 204;
+    test.Dialogs().fontAnswer = FontAnswer{DialogResult::Ok, font, 0};
+    test.Choose(test.Menu().mViewFont);
+    CHECK(test.Window().title == u"Norvaset [Default] - /b/a.txt");
 }
 
 TEST_CASE("view: a right-to-left charset applies the alignment again") {
@@ -157,6 +186,29 @@ TEST_CASE("view: refresh finds the books of a stick that was away at the start")
     REQUIRE(empty.Start());
     empty.Menus().Open(empty.Menu().mView);
     CHECK_FALSE(empty.Menu().mViewRefresh[0].enabled);
+    const int loads = empty.View().loads;
+    mViewRefresh_Click(empty.form, 0); // of a menu that still stood open
+    CHECK(empty.View().loads == loads);
+    CHECK(empty.Dialogs().messages.empty());
+}
+
+TEST_CASE("charset: another script leaves alone what is no bookmark") {
+    TestForm test;
+    std::string text;
+    for (int i = 0; i < 200; ++i)
+        text += "\xCF\xF0\xE8\xE2\xE5\xF2 " + std::to_string(i) + "\r\n";
+    test.PutBook(u"/b/a.txt", text);
+    test.PutDataFile("[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n/b/a.txt=2026:1:1:1:1:1=0"
+                     "=Serif=12=204=0=0=0=0=1=0=0=16777215=0=9==x|500,5\r\n");
+    REQUIRE(test.Start());
+    ViewFont font = test.form.format.font;
+    font.charset = 161;
+    test.Dialogs().fontAnswer = FontAnswer{DialogResult::Ok, font, 0};
+    test.Menus().Open(test.Menu().mView);
+    test.Menus().Click(test.Menu().mViewFont);
+    CHECK(test.View().TextRange(0, 2) == u"\u039F\u03C0");
+    CHECK(test.Menu().mBookmarkList[0].tag == u"x");
+    CHECK(test.Menu().mBookmarkList[1].tag == u"500,5");
 }
 
 TEST_CASE("charset: wrong letters are put right by the script chosen, and the place stays") {

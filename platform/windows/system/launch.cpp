@@ -15,7 +15,7 @@ constexpr DWORD maxPathLength = 32768;
 std::u16string KnownFolder(const KNOWNFOLDERID& id) {
     wchar_t* path = nullptr;
     const bool known = SUCCEEDED(SHGetKnownFolderPath(id, KF_FLAG_DONT_VERIFY, nullptr, &path));
-    const std::u16string folder = known ? FromWide(path) : u"";
+    std::u16string folder = known ? FromWide(path) : u"";
     CoTaskMemFree(path);
     return folder;
 }

@@ -120,7 +120,7 @@ bool WebRequest::SetStatusCallback() {
     if (http_.SetStatusCallback(request_.get(), StatusCallback, notifications, 0) ==
         WINHTTP_INVALID_STATUS_CALLBACK)
         return false;
-    shared.release();
+    static_cast<void>(shared.release()); // deleted at HANDLE_CLOSING
     return true;
 }
 

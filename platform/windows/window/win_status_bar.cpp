@@ -76,6 +76,7 @@ int WinStatusBar::PanelWidth(const StatusPanel& panel) const {
 }
 
 void WinStatusBar::LayOutPanels() {
+    SendMessageW(bar_, SB_SIMPLE, panels_.empty(), 0); // a control with panels has one at least
     if (panels_.empty()) return;
     std::vector<int> widths;
     for (const StatusPanel& panel : panels_)

@@ -1,17 +1,13 @@
 // Clipboard, timer, registry, locale and version information on Qt, and in memory.
-#include "platform/none/none_ports.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/system/qt_clipboard.h"
 #include "platform/qt/system/qt_locale.h"
 #include "platform/qt/system/qt_registry.h"
 #include "platform/qt/system/qt_timer.h"
 #include "platform/qt/system/qt_version_info.h"
-#include "tests/contract/clipboard_contract.h"
-#include "tests/contract/locale_contract.h"
 #include "tests/contract/qt/event_loop.h"
-#include "tests/contract/registry_contract.h"
+#include "tests/contract/system_back_ends_none.h"
 #include "tests/contract/temporary_folder_posix.h"
-#include "tests/contract/timer_contract.h"
 #include "tests/contract/version_info_contract.h"
 
 #include <QClipboard>
@@ -45,18 +41,6 @@ class QtClipboardUnderTest final : public ClipboardUnderTest {
     QtClipboard clipboard_;
 };
 
-class NoneClipboardUnderTest final : public ClipboardUnderTest {
-  public:
-    Clipboard& Port() override { return clipboard_; }
-    std::u16string Text() override { return clipboard_.text; }
-    std::u16string LineEnd() override { return u"\n"; }
-    void CopyOther() override { clipboard_.text = u"other"; }
-    bool HoldsTextOnly() override { return clipboard_.text != u"other"; }
-
-  private:
-    NoneClipboard clipboard_;
-};
-
 class QtTimerUnderTest final : public TimerUnderTest {
   public:
     Timer& Port() override { return timer_; }
@@ -79,29 +63,13 @@ class QtTimerUnderTest final : public TimerUnderTest {
     QtTimer timer_;
 };
 
-class NoneTimerUnderTest final : public TimerUnderTest {
-  public:
-    Timer& Port() override { return timer_; }
-    bool Becomes(const std::function<bool()>& condition) override {
-        for (int i = 0; i < 100 && !condition(); ++i)
-            timer_.Tick();
-        return condition();
-    }
-    void WaitTicks(int, int times) override { timer_.Tick(times); }
-    void WhileDialogIsOpen(const std::function<void()>&) override {}
-
-  private:
-    NoneTimer timer_;
-};
-
-template <class Back>
-class SimpleRegistryUnderTest final : public RegistryUnderTest {
+class QtRegistryUnderTest final : public RegistryUnderTest {
   public:
     Registry& Port() override { return registry_; }
     std::u16string Key() override { return u"SOFTWARE\\Norvaset contract test"; }
 
   private:
-    Back registry_;
+    QtRegistry registry_;
 };
 
 class QtLocaleUnderTest final : public LocaleUnderTest {
@@ -119,23 +87,6 @@ class QtLocaleUnderTest final : public LocaleUnderTest {
         return FromQt(QLocale::system().toString(date, QLatin1String(format)));
     }
     QtLocale locale_;
-};
-
-class NoneLocaleUnderTest final : public LocaleUnderTest {
-  public:
-    Locale& Port() override { return locale_; }
-    std::u16string MonthInDate(int month, bool full) override {
-        return FromQt(QLocale::c().monthName(month, Form(full)));
-    }
-    std::u16string DayInDate(int weekday, bool full) override {
-        return FromQt(QLocale::c().dayName(weekday == 1 ? 7 : weekday - 1, Form(full)));
-    }
-
-  private:
-    static QLocale::FormatType Form(bool full) {
-        return full ? QLocale::LongFormat : QLocale::ShortFormat;
-    }
-    NoneLocale locale_;
 };
 
 // A desktop entry in the user's data folder.
@@ -175,8 +126,8 @@ std::vector<BackEnd<TimerUnderTest>> TimerBackEnds() {
 }
 
 std::vector<BackEnd<RegistryUnderTest>> RegistryBackEnds() {
-    return {MakeBackEnd<RegistryUnderTest, SimpleRegistryUnderTest<NoneRegistry>>("none"),
-            MakeBackEnd<RegistryUnderTest, SimpleRegistryUnderTest<QtRegistry>>("qt")};
+    return {MakeBackEnd<RegistryUnderTest, NoneRegistryUnderTest>("none"),
+            MakeBackEnd<RegistryUnderTest, QtRegistryUnderTest>("qt")};
 }
 
 std::vector<BackEnd<LocaleUnderTest>> LocaleBackEnds() {

@@ -50,7 +50,7 @@ PageRange Copy(const PageRange& range) {
 }
 
 PageRange RangeOf(const PageDocument& document, const PageSpan& span) {
-    const PageRange range = document.WholeText();
+    PageRange range = document.WholeText();
     long moved = 0;
     if (!range || FAILED(range->collapse(VARIANT_TRUE))) return {};
     if (span.start > 0 && !Move(range, span.start, &moved)) return {};
@@ -108,7 +108,7 @@ bool HasTextAfterStart(const PageRange& range) {
 }
 
 PageRange RangeAt(const PageDocument& document, int left, int top) {
-    const PageRange range = document.WholeText();
+    PageRange range = document.WholeText();
     if (!range || FAILED(range->moveToPoint(left, top))) return {};
     return range;
 }
@@ -125,7 +125,7 @@ bool IsSame(const PageRange& a, const PageRange& b) {
 }
 
 PageRange RestAfter(const PageDocument& document, const PageRange& behind) {
-    const PageRange rest = document.WholeText();
+    PageRange rest = document.WholeText();
     const Bstr how(L"StartToEnd");
     if (rest && behind && FAILED(rest->setEndPoint(how.Get(), behind.Get()))) return {};
     return rest;

@@ -28,10 +28,12 @@ std::size_t ReferenceText::BlockAt(int y) const {
 
 const ReferenceLine& ReferenceText::LineAt(int y) const {
     const std::size_t block = BlockAt(y);
-    const ReferenceLine* found = nullptr;
-    for (const ReferenceLine& line : lines)
-        if (paragraphs[line.paragraph].block == block && line.top <= y)
-            if (!found || line.top > found->top) found = &line;
+    const ReferenceLine* found = &lines.front(); // replaced by the first line of the block
+    for (const ReferenceLine& line : lines) {
+        if (paragraphs[line.paragraph].block != block || line.top > y) continue;
+        const bool inBlock = paragraphs[found->paragraph].block == block;
+        if (!inBlock || line.top > found->top) found = &line;
+    }
     return *found;
 }
 

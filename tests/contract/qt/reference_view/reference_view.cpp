@@ -71,14 +71,16 @@ void ReferenceView::ScrollPage(bool down) {
     const int to = Top();
     if (to == from || to >= MaxTop()) return;
     const ReferenceLine& line = reference_.LineAt(to);
-    if (down && line.top > from)
-        SetTop(line.top);
-    else if (down && line.bottom <= from + viewHeight)
-        SetTop(std::min(line.bottom, MaxTop()));
-    else if (!down && line.top < to && line.bottom < from)
+    if (down) {
+        if (line.top > from)
+            SetTop(line.top);
+        else if (line.bottom <= from + viewHeight)
+            SetTop(std::min(line.bottom, MaxTop()));
+    } else if (line.top < to && line.bottom < from) {
         SetTop(line.bottom);
-    else if (!down && line.top >= from - viewHeight)
+    } else if (line.top >= from - viewHeight) {
         SetTop(line.top);
+    }
 }
 
 void ReferenceView::ScrollToPosition(TextPos position) {
