@@ -7,6 +7,7 @@
 #include "app/main_form.h"
 #include "app/saving_events.h"
 #include "app/view_events.h"
+#include "books/book_pictures.h"
 #include "common/flag_scope.h"
 #include "reading/zoom.h"
 
@@ -127,6 +128,9 @@ void ConnectEvents(MainForm& form) {
         RunCommand(form, [&] { rtMain_ContextMenu(form); });
     };
     form.ports.textView->onCopy = [&form] { RunCommand(form, [&form] { ChooseCopy(form); }); };
+    form.ports.textView->onPictureFile = [&form](const std::u16string& name) {
+        return ReadBookPicture(*form.ports.files, form.history.Record(0).Path(), name);
+    };
     form.ports.textView->onFilesDropped = [&form](const std::vector<std::u16string>& paths) {
         RunCommand(form, [&] { rtMain_FilesDropped(form, paths); });
     };

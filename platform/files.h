@@ -39,6 +39,8 @@ class Files {
     virtual bool CreateFolder(const std::u16string& path) = 0; // with its parents
     // Whether two existing paths name one and the same file; false when either cannot be read.
     virtual bool SameFile(const std::u16string& a, const std::u16string& b) const = 0;
+    // Whether an existing file lies in an existing folder or below it, links followed.
+    virtual bool IsInFolder(const std::u16string& path, const std::u16string& folder) const = 0;
     virtual std::optional<FileVersion> Version(const std::u16string& path) const = 0;
 
     // Reads a whole regular file; never waits (a pipe or a device is NotAFile). A file of more than

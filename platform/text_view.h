@@ -101,6 +101,9 @@ class TextView {
     // Another program asks for a copy of the selection, on a system where one can. The view copies
     // nothing by itself, not by a key either.
     std::function<void()> onCopy;
+    // While rich text is loaded: the bytes of a picture that it has in a file of its own, by the
+    // name in the text; "" when it is not to be shown.
+    std::function<std::string(const std::u16string& name)> onPictureFile;
     // Files dropped on the view, as full paths, in the order of the drop; a character that the
     // system's names can hold but UTF-16 cannot arrives as "?".
     std::function<void(const std::vector<std::u16string>&)> onFilesDropped;

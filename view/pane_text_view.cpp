@@ -1,6 +1,7 @@
 #include "view/pane_text_view.h"
 
 #include "common/line_ends.h"
+#include "formats/picture_files.h"
 #include "formats/plain/plain_text_source.h"
 #include "formats/rtf/rtf_reader.h"
 #include "formats/rtf/rtf_writer.h"
@@ -25,7 +26,9 @@ void PaneTextView::LoadPlainText(std::u16string text) {
 }
 
 void PaneTextView::LoadRichText(std::string bytes, int systemCodePage) {
-    LoadDocument(ReadRtf(bytes, systemCodePage));
+    Document document = ReadRtf(bytes, systemCodePage);
+    if (onPictureFile) ReadPictureFiles(document, onPictureFile);
+    LoadDocument(std::move(document));
 }
 
 void PaneTextView::LoadDocument(Document document) {

@@ -156,3 +156,15 @@ std::u16string TextOfField(std::u16string_view instruction) {
     if (EqualIgnoringCase(words.Word(), u"QUOTE") && words.Next()) return words.Word();
     return {};
 }
+
+std::u16string PictureFileOfField(std::u16string_view instruction) {
+    RtfFieldWords words(instruction);
+    if (!words.Next() || !EqualIgnoringCase(words.Word(), u"INCLUDEPICTURE")) return {};
+    while (words.Next()) {
+        if (words.IsSwitch(u'c'))
+            words.Next(); // a converter's name
+        else if (!words.IsAnySwitch())
+            return words.Word();
+    }
+    return {};
+}

@@ -34,6 +34,7 @@ class RtfParser {
     void EndDestination(const RtfState& ended);
     void EndField();
     void AddFieldText();
+    void AddPicture(RtfStory& story, const CharStyle& style, Picture picture);
     void EndNote(const RtfState& ended);
     void EndPicture(const RtfState& ended);
 
@@ -100,7 +101,7 @@ class RtfParser {
     std::vector<std::u16string> links_;
     // What a field shows if it has no result: it is the group of this depth.
     struct FieldText {
-        std::u16string text;
+        std::u16string text, pictureFile;
         std::size_t depth = 0;
         TextPos resultStart = 0;
     };

@@ -76,9 +76,12 @@ void RtfParser::EndField() {
     // Of the innermost field at each depth the last instruction counts.
     while (!fieldTexts_.empty() && fieldTexts_.back().depth >= stack_.size())
         fieldTexts_.pop_back();
-    if (IsShown() && sharedDepth_ == 0)
-        if (std::u16string text = TextOfField(fieldInstruction_); !text.empty())
-            fieldTexts_.push_back({std::move(text), stack_.size(), Story().Size()});
+    if (IsShown() && sharedDepth_ == 0) {
+        FieldText field{TextOfField(fieldInstruction_), PictureFileOfField(fieldInstruction_),
+                        stack_.size(), Story().Size()};
+        if (!field.text.empty() || !field.pictureFile.empty())
+            fieldTexts_.push_back(std::move(field));
+    }
     const std::u16string address = LinkOfField(fieldInstruction_);
     // Many fields in a row lead to one place: one for each style of a link's text.
     const bool isNew = !address.empty() && (links_.empty() || links_.back() != address);
@@ -95,6 +98,10 @@ void RtfParser::AddFieldText() {
     if (Story().Size() != field.resultStart || !IsShown()) return;
     for (const char16_t unit : field.text)
         AddUnit(unit);
+    if (field.pictureFile.empty()) return;
+    Picture picture;
+    picture.file = field.pictureFile;
+    AddPicture(Story(), State().chars, std::move(picture));
 }
 
 void RtfParser::EndNote(const RtfState& ended) {
@@ -105,10 +112,13 @@ void RtfParser::EndNote(const RtfState& ended) {
 
 void RtfParser::EndPicture(const RtfState& ended) {
     const bool isShown = ended.outer == RtfDestination::Body && !ended.isHidden;
-    if (!isShown || body_.pictures.size() + notes_.pictures.size() >= maxRtfPictures) return;
-    RtfStory& story = ended.inNote ? notes_ : body_;
-    story.UseCharStyle(charStyles_.IndexOf(ended.chars));
-    Picture& picture = story.pictures.emplace_back(picture_.Release());
+    if (isShown) AddPicture(ended.inNote ? notes_ : body_, ended.chars, picture_.Release());
+}
+
+void RtfParser::AddPicture(RtfStory& story, const CharStyle& style, Picture picture) {
+    if (body_.pictures.size() + notes_.pictures.size() >= maxRtfPictures) return;
+    story.UseCharStyle(charStyles_.IndexOf(style));
     picture.position = story.Size();
+    story.pictures.push_back(std::move(picture));
     story.text.push_back(u'\uFFFC');
 }

@@ -54,8 +54,9 @@ void RtfPictureReader::AddBytes(std::string_view bytes) {
 std::int32_t RtfPictureReader::ShownTwips(const Extent& extent) const {
     std::int64_t twips = extent.goal;
     // A bitmap's own size is its reader's business, a metafile's is in hundredths of a millimetre.
-    if (twips == 0 && picture_.format == PictureFormat::Other)
-        twips = extent.size * std::int64_t{1440} / 2540;
+    const bool isBitmap =
+        picture_.format == PictureFormat::Png || picture_.format == PictureFormat::Jpeg;
+    if (twips == 0 && !isBitmap) twips = extent.size * std::int64_t{1440} / 2540;
     if (extent.percent > 0) twips = twips * extent.percent / 100;
     return static_cast<std::int32_t>(std::clamp<std::int64_t>(twips, 0, maxRtfTwips));
 }

@@ -2,8 +2,6 @@
 
 #include "common/text.h"
 
-#include <span>
-
 namespace {
 
 // From 0x20 on.
@@ -18,52 +16,44 @@ constexpr std::u16string_view greekHigh = u"€ϒ′≤⁄∞ƒ♣♦♥♠↔�
 
 static_assert(greekLow.size() == 0x5F && greekHigh.size() == 0x5F);
 
-// Runs of signs as other fonts have them, each from a byte on.
-struct SymbolRun {
-    unsigned char first;
-    std::u32string_view signs;
-};
-
+// From 0x20 on, as Unicode 7.0 has unified and added them (UTC document L2/12-368); but the usual
+// bullets, arrows and check marks as signs that look alike and that most fonts have.
 // Formatted by hand: clang-format counts the columns of such signs in its own way.
 // clang-format off
-constexpr SymbolRun wingdings[] = {
-    {0x20, U" ✎✂✁👓🔔📖🕯☎✆✉🖃📪📫📬📭📁📂📄🗏🗐🗄⌛⌨🖰🖲🖳🖴"
-           U"🖫"
-           U"🖬"
-           U"✇"
-           U"✍"},
-    {0x40, U"🖎✌👌👍👎☜☞☝☟🖐☺😐☹💣☠🏳🏱✈☼💧❄🕆✞🕈✠✡☪☯"
-           U"ॐ"
-           U"☸"
-           U"♈"
-           U"♉"},
-    {0x60,
-     U"♊♋♌♍♎♏♐♑♒♓🙰🙵●🔾■□🞐❑❒⬧⧫◆❖⬥⌧⮹⌘🏵"
-     U"🏶"
-     U"❝"
-     U"❞"},
-    {0x80, U"⓪①②③④⑤⑥⑦⑧⑨⑩⓿❶❷❸❹❺❻❼❽❾❿"},
-    {0x9E, U"·•⬝⭘"},
-    {0xA6, U"🔿▪◻"},
-    {0xAB, U"★"},
-    {0xB1, U"⌖"},
-    {0xB5, U"✪✰🕐🕑🕒🕓🕔🕕🕖🕗🕘🕙🕚🕛"},
-    {0xD5, U"⌫⌦"},
-    {0xD8, U"➢"},
-    {0xDF, U"←→↑↓↖↗↙↘"},
-    {0xE8, U"➔"},
-    {0xEF, U"⇦⇨⇧⇩⬄⇳"},
-    {0xFB, U"✗✓☒☑"},
-};
+constexpr std::u32string_view wingdings =
+    U" 🖉✂✁👓🕭🕮🕯☎✆✉🖃📪📫📬📭"
+    U"🗀🗁🗎🗏🗐🗄⌛⌨🖰🖲🖳🖴🖫🖬✇✍"
+    U"🖎✌🖏👍👎☜☞☝☟🖐☺😐☹💣🕱🏳"
+    U"🏱✈☼🌢❄🕆✞🕈✠✡☪☯🕉☸♈♉"
+    U"♊♋♌♍♎♏♐♑♒♓🙰🙵●🔾■🞏"
+    U"🞐❑❒🞟⧫◆❖⬩⌧⮹⌘🏵🏶🙶🙷▯"
+    U"⓪➀➁➂➃➄➅➆➇➈➉⓿➊➋➌➍"
+    U"➎➏➐➑➒➓🙢🙠🙡🙣🙞🙜🙝🙟∙•"
+    U"⬝⭘🞆🞈🞊🞋🔿▪🞎🟁🟅★🟋🟏🟓🟑"
+    U"⯐⌖⯎⯏⯑✪✰🕐🕑🕒🕓🕔🕕🕖🕗🕘"
+    U"🕙🕚🕛⮰⮱⮲⮳⮴⮵⮶⮷🙪🙫🙕🙔🙗"
+    U"🙖🙐🙑🙒🙓⌫⌦⮘➢⮙⮛⮈⮊⮉⮋←"
+    U"→↑↓↖↗↙↘🡸➔🡹🡻🡼🡽🡿🡾⇦"
+    U"⇨⇧⇩⬄⇳⬁⬀⬃⬂🢬🢭✗✓☒☑\uF0FF";
 
-constexpr SymbolRun webdings[] = {
-    {0x20, U" "}, {0x33, U"⏴⏵⏶⏷⏪⏩⏮⏭⏸⏹⏺"},
-    {0x59, U"♥"}, {0x61, U"✔"},
-    {0x63, U"□"}, {0x67, U"■"},
-    {0x69, U"ℹ"}, {0x6E, U"⚫"},
-    {0x73, U"❓"},
-};
+constexpr std::u32string_view webdings =
+    U" 🕷🕸🕲🕶🏆🎖🖇🗨🗩🗰🗱🌶🎗🙾🙼"
+    U"🗕🗖🗗⏴⏵⏶⏷⏪⏩⏮⏭⏸⏹⏺🗚🗳"
+    U"🛠🏗🏘🏙🏚🏜🏭🏛🏠🏖🏝🛣🔍🏔👁👂"
+    U"🏞🏕🛤🏟🛳🕬🕫🕨🔈🎔🎕🗬🙽🗭🗪🗫"
+    U"⮔✔🚲⬜🛡📦🛱⬛🚑🛈🛩🛰🟈🕴⬤🛥"
+    U"🚔🗘🗙❓🛲🚇🚍⛳⦸⊖🚭🗮⏐🗯🗲\uF07F"
+    U"🚹🚺🛉🛊🚼👽🏋⛷🏂🏌🏊🏄🏍🏎🚘🗠"
+    U"🛢💰🏷💳👪🗡🗢🗣✯🖄🖅🖃🖆🖹🖺🖻"
+    U"🕵🕰🖽🖾📋🗒🗓🕮📚🗞🗟🗃🗂🖼🎭🎜"
+    U"🎘🎙🎧💿🎞📷🎟🎬📽📹📾📻🎚🎛📺💻"
+    U"🖥🖦🖧🕹🎮🕻🕼📟🖁🖀🖨🖩🖿🖪🗜🔒"
+    U"🔓🗝📥📤🕳🌣🌤🌥🌦☁🌨🌧🌩🌪🌬🌫"
+    U"🌜🌡🛋🛏🍽🍸🛎🛍Ⓟ♿🛆🖈🎓🗤🗥🗦"
+    U"🗧🛪🐿🐦🐟🐕🐈🙬🙮🙭🙯🗺🌍🌏🌎🕊";
 // clang-format on
+
+static_assert(wingdings.size() == 0xE0 && webdings.size() == 0xE0);
 
 char32_t PrivateUseOf(unsigned char byte) {
     return 0xF000u | byte;
@@ -75,11 +65,8 @@ char32_t GreekOfByte(unsigned char byte) {
     return PrivateUseOf(byte);
 }
 
-char32_t SignOfByte(std::span<const SymbolRun> runs, unsigned char byte) {
-    for (const SymbolRun& run : runs)
-        if (byte >= run.first && byte - run.first < static_cast<int>(run.signs.size()))
-            return run.signs[static_cast<std::size_t>(byte - run.first)];
-    return PrivateUseOf(byte);
+char32_t SignOfByte(std::u32string_view signs, unsigned char byte) {
+    return byte >= 0x20 ? signs[byte - 0x20u] : PrivateUseOf(byte);
 }
 
 } // namespace

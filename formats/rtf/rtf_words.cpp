@@ -177,8 +177,9 @@ constexpr WordGroup wordGroups[] = {
 
     Valued("pngblip", F::Picture, W::PictureKind, PictureFormat::Png),
     Valued("jpegblip", F::Picture, W::PictureKind, PictureFormat::Jpeg),
-    Valued("dibitmap emfblip macpict pmmetafile wbitmap wmetafile", F::Picture, W::PictureKind,
-           PictureFormat::Other),
+    Valued("wmetafile", F::Picture, W::PictureKind, PictureFormat::Wmf),
+    Valued("emfblip", F::Picture, W::PictureKind, PictureFormat::Emf),
+    Valued("dibitmap macpict pmmetafile wbitmap", F::Picture, W::PictureKind, PictureFormat::Other),
     {"picw", F::Picture, W::PictureWidth},
     {"pich", F::Picture, W::PictureHeight},
     {"picwgoal", F::Picture, W::PictureGoalWidth},

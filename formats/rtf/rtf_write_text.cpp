@@ -121,13 +121,28 @@ void RtfTextWriter::WriteRun(TextPos start, TextPos end) {
     }
 }
 
+namespace {
+const char* KindWord(PictureFormat format) {
+    switch (format) {
+    case PictureFormat::Png: return "\\pngblip";
+    case PictureFormat::Jpeg: return "\\jpegblip";
+    case PictureFormat::Emf: return "\\emfblip";
+    default: return "\\wmetafile8";
+    }
+}
+// What some readers take a metafile's extent from.
+int HundredthsOfMillimetre(std::int32_t twips) {
+    return static_cast<int>(std::int64_t{twips} * 2540 / 1440);
+}
+} // namespace
+
 void RtfTextWriter::WritePicture(const Picture& picture) {
     constexpr std::size_t bytesInLine = 64;
     constexpr char digits[] = "0123456789abcdef";
-    const char* const kind = picture.format == PictureFormat::Png    ? "\\pngblip"
-                             : picture.format == PictureFormat::Jpeg ? "\\jpegblip"
-                                                                     : "\\wmetafile8";
-    rtf_ += std::string("{\\pict") + kind;
+    rtf_ += std::string("{\\pict") + KindWord(picture.format);
+    if (picture.format == PictureFormat::Wmf || picture.format == PictureFormat::Emf)
+        rtf_ += "\\picw" + std::to_string(HundredthsOfMillimetre(picture.widthTwips)) + "\\pich" +
+                std::to_string(HundredthsOfMillimetre(picture.heightTwips));
     if (picture.widthTwips != 0) rtf_ += "\\picwgoal" + std::to_string(picture.widthTwips);
     if (picture.heightTwips != 0) rtf_ += "\\pichgoal" + std::to_string(picture.heightTwips);
     for (std::size_t i = 0; i < picture.bytes.size(); ++i) {

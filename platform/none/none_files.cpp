@@ -94,6 +94,10 @@ bool NoneFiles::SameFile(const std::u16string& a, const std::u16string& b) const
     return a == b && Find(a);
 }
 
+bool NoneFiles::IsInFolder(const std::u16string& path, const std::u16string& folder) const {
+    return Find(path) && path.starts_with(folder + separator);
+}
+
 std::optional<FileVersion> NoneFiles::Version(const std::u16string& path) const {
     const File* file = Find(path);
     if (!file) return std::nullopt;

@@ -3,6 +3,7 @@
 #include "common/find_text.h"
 #include "common/line_ends.h"
 #include "common/utf.h"
+#include "formats/picture_files.h"
 #include "formats/rtf/rtf_reader.h"
 #include "formats/rtf/rtf_writer.h"
 #include "view/view_style_overrides.h"
@@ -17,7 +18,9 @@ void NoneTextView::LoadPlainText(std::u16string text) {
 }
 
 void NoneTextView::LoadRichText(std::string bytes, int systemCodePage) {
-    Load(ReadRtf(bytes, systemCodePage), false);
+    Document document = ReadRtf(bytes, systemCodePage);
+    if (onPictureFile) ReadPictureFiles(document, onPictureFile);
+    Load(std::move(document), false);
 }
 
 void NoneTextView::Load(Document document, bool isPlain) {

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
 #include <new>
 
 namespace {
@@ -127,6 +128,17 @@ bool PosixFiles::CreateFolder(const std::u16string& path) {
 bool PosixFiles::SameFile(const std::u16string& a, const std::u16string& b) const {
     const auto first = StatusOf(a), second = StatusOf(b);
     return first && second && first->st_dev == second->st_dev && first->st_ino == second->st_ino;
+}
+
+bool PosixFiles::IsInFolder(const std::u16string& path, const std::u16string& folder) const {
+    const auto file = NativePath(path), place = NativePath(folder);
+    if (!file || !place) return false;
+    std::error_code error;
+    const std::string real = std::filesystem::canonical(*file, error).native();
+    if (error) return false;
+    std::string start = std::filesystem::canonical(*place, error).native();
+    if (!start.ends_with('/')) start += '/';
+    return !error && real.starts_with(start);
 }
 
 std::optional<FileVersion> PosixFiles::Version(const std::u16string& path) const {

@@ -37,6 +37,9 @@ void CheckQuestions(FilesUnderTest& test) {
     }
     CHECK(files.SameFile(file, file));
     CHECK_FALSE(files.SameFile(file, folder));
+    CHECK(files.IsInFolder(file, test.Root()));
+    CHECK_FALSE(files.IsInFolder(file, folder));
+    CHECK_FALSE(files.IsInFolder(test.Path(u"missing"), test.Root()));
 }
 
 void CheckFolders(FilesUnderTest& test) {

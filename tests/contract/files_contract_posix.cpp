@@ -166,6 +166,12 @@ TEST_CASE("files on POSIX: a link stays a link") {
     MakeLink("second", test.NativeFile("link"));
     MakeLink(test.NativeFile("real/a.dat"), test.NativeFile("second"));
     CHECK(test.Port().SameFile(link, real));
+    CHECK(test.Port().IsInFolder(link, test.Path(u"real"))); // where it leads
+    MakeLink(test.NativeFile("real"), test.NativeFile("folder"));
+    CHECK(test.Port().IsInFolder(real, test.Path(u"folder")));
+    REQUIRE(test.Port().CreateFolder(test.Path(u"books")));
+    MakeLink(test.NativeFile("real/a.dat"), test.NativeFile("books/picture"));
+    CHECK_FALSE(test.Port().IsInFolder(test.Path(u"books/picture"), test.Path(u"books")));
     CHECK(test.Port().Replace(link, "2", false));
     CHECK(test.BytesOf(real) == "2");
     CHECK(S_ISLNK(test.Status(link).st_mode));

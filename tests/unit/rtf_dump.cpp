@@ -122,7 +122,7 @@ std::string DumpRow(const Document& document, const TableRow& row) {
 }
 
 std::string DumpPicture(const Picture& picture) {
-    const char* const formats[] = {"png", "jpeg", "other"};
+    const char* const formats[] = {"png", "jpeg", "wmf", "emf", "other"};
     return "picture at " + std::to_string(picture.position) + ": " +
            formats[static_cast<int>(picture.format)] + ", " + std::to_string(picture.widthTwips) +
            " x " + std::to_string(picture.heightTwips) + ", " +

@@ -1,5 +1,6 @@
 // Pictures, links and footnotes that the reader finds in a text.
 #include "common/utf.h"
+#include "formats/picture_files.h"
 #include "formats/rtf/rtf_fields.h"
 #include "formats/rtf/rtf_limits.h"
 #include "formats/rtf/rtf_reader.h"
@@ -31,9 +32,10 @@ TEST_CASE("rtf pictures: kinds, bytes and sizes") {
         {"\\jpegblip\\bin4 {\\}}", PictureFormat::Jpeg, "{\\}}", 0, 0},
         {"\\jpegblip{\\*\\blipuid 00ff}41", PictureFormat::Jpeg, "A", 0, 0},
         {"\\pngblip", PictureFormat::Other, "", 0, 0},
-        {"\\wmetafile8\\picw2540\\pich1270 0102", PictureFormat::Other, "", 1440, 720},
-        {"\\wmetafile8\\picw1\\pich1\\picwgoal30\\pichgoal40 01", PictureFormat::Other, "", 30, 40},
-        {"\\emfblip 01", PictureFormat::Other, "", 0, 0},
+        {"\\wmetafile8\\picw2540\\pich1270 0102", PictureFormat::Wmf, "\1\2", 1440, 720},
+        {"\\wmetafile8\\picw1\\pich1\\picwgoal30\\pichgoal40 01", PictureFormat::Wmf, "\1", 30, 40},
+        {"\\emfblip 01", PictureFormat::Emf, "\1", 0, 0},
+        {"\\macpict 01", PictureFormat::Other, "", 0, 0},
         {"\\picwgoal100\\pichgoal200\\picscalex50\\picscaley200\\pngblip 41", PictureFormat::Png,
          "A", 50, 400},
         {"\\picw100\\pich200\\pngblip 41", PictureFormat::Png, "A", 0, 0},
@@ -235,4 +237,38 @@ TEST_CASE("rtf shapes: text boxes of old word processors are shown where they ar
     CHECK(Read("a" + box + "b\\par c").text == u"ainside\vtwo\vb\nc");
     CHECK(Read("{\\shp{\\*\\shpinst{\\shptxt new}}{\\shprslt" + box + "}}").text == u"new");
     CHECK(Read("a{\\*\\do\\dpline\\dpx1}b").text == u"ab");
+}
+
+TEST_CASE("rtf fields: a picture in a file is named, and shown where the field has no result") {
+    const Document document = Read("a{\\field{\\*\\fldinst INCLUDEPICTURE \\\\c png "
+                                   "\"pictures\\\\\\\\map.png\" \\\\d}{\\fldrslt}}b");
+    CHECK(document.text == u"a\uFFFCb");
+    REQUIRE(document.pictures.size() == 1);
+    CHECK(document.pictures[0].file == u"pictures\\map.png");
+    CHECK(document.pictures[0].bytes.empty());
+
+    const Document stored = Read("{\\field{\\*\\fldinst INCLUDEPICTURE \"map.png\"}"
+                                 "{\\fldrslt{\\pict\\pngblip 41}}}");
+    REQUIRE(stored.pictures.size() == 1);
+    CHECK(stored.pictures[0].bytes == "A");
+    CHECK(Read("{\\field{\\*\\fldinst INCLUDEPICTURE}{\\fldrslt}}").pictures.empty());
+}
+
+TEST_CASE("picture files: read once for each name, and by what they are") {
+    Document document = Read("{\\field{\\*\\fldinst INCLUDEPICTURE a.gif}}"
+                             "{\\field{\\*\\fldinst INCLUDEPICTURE a.gif}}"
+                             "{\\field{\\*\\fldinst INCLUDEPICTURE b.png}}"
+                             "{\\field{\\*\\fldinst INCLUDEPICTURE c.png}}");
+    REQUIRE(document.pictures.size() == 4);
+    int asked = 0;
+    ReadPictureFiles(document, [&asked](const std::u16string& name) -> std::string {
+        ++asked;
+        if (name == u"a.gif") return "\xFF\xD8\xFF jpeg by another name";
+        return name == u"b.png" ? "no picture" : "";
+    });
+    CHECK(asked == 3);
+    CHECK(document.pictures[0].format == PictureFormat::Jpeg);
+    CHECK(document.pictures[1].bytes == document.pictures[0].bytes);
+    CHECK(document.pictures[2].bytes.empty());
+    CHECK(document_check::FirstFault(document) == "");
 }

@@ -1,6 +1,7 @@
 #include "platform/qt/text_view/qt_pictures.h"
 
 #include "platform/qt/text_view/line_layout/qt_canvas.h"
+#include "platform/qt/text_view/metafile_image.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -11,6 +12,10 @@ namespace {
 constexpr qint64 maxPixels = 64 * 1024 * 1024; // a file may declare a size that exceeds memory
 constexpr int maxCacheKilobytes = 64 * 1024, maxCachedSizes = 4096;
 
+bool IsMetafile(const Picture& picture) {
+    return picture.format == PictureFormat::Wmf || picture.format == PictureFormat::Emf;
+}
+
 class PictureReader {
   public:
     explicit PictureReader(const Picture& picture)
@@ -18,7 +23,8 @@ class PictureReader {
           buffer_(&bytes_),
           reader_(&buffer_, picture.format == PictureFormat::Png ? "png" : "jpeg") {
         buffer_.open(QIODevice::ReadOnly);
-        if (picture.format != PictureFormat::Other) size_ = reader_.size();
+        if (picture.format == PictureFormat::Png || picture.format == PictureFormat::Jpeg)
+            size_ = reader_.size();
     }
     bool Readable() const {
         return size_.isValid() && qint64(size_.width()) * size_.height() <= maxPixels;
@@ -60,7 +66,8 @@ QPixmap QtPictures::Pixmap(const Picture& picture, QSize size) {
     const QPixmap* cached = pixmaps_.object(picture.position);
     if (cached && (cached->isNull() || cached->size() == size)) return *cached;
     QPixmap pixmap;
-    const QImage image = PictureReader(picture).Image();
+    const QImage image =
+        IsMetafile(picture) ? MetafileImage(picture, size) : PictureReader(picture).Image();
     if (!image.isNull() && !size.isEmpty())
         pixmap =
             QPixmap::fromImage(image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));

@@ -68,6 +68,20 @@ bool WinFiles::SameFile(const std::u16string& a, const std::u16string& b) const 
            first->nFileIndexLow == second->nFileIndexLow;
 }
 
+bool WinFiles::IsInFolder(const std::u16string& path, const std::u16string& folder) const {
+    const auto realPath = [](const WinHandle& opened) {
+        std::wstring real(MAXSHORT, L'\0'); // the system's limit
+        real.resize(opened.IsOpen()
+                        ? GetFinalPathNameByHandleW(opened.Get(), real.data(), MAXSHORT, 0)
+                        : 0);
+        return real;
+    };
+    const std::wstring file = realPath(OpenExisting(path, FILE_READ_ATTRIBUTES));
+    std::wstring place = realPath(OpenExisting(folder, FILE_READ_ATTRIBUTES));
+    if (!place.empty() && !place.ends_with(L'\\')) place += L'\\';
+    return !place.empty() && file.starts_with(place);
+}
+
 std::optional<FileVersion> WinFiles::Version(const std::u16string& path) const {
     const auto information = InformationOf(OpenExisting(path, FILE_READ_ATTRIBUTES));
     if (!information) return std::nullopt;

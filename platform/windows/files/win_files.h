@@ -19,6 +19,7 @@ class WinFiles final : public Files {
     } // its rights say all
     bool CreateFolder(const std::u16string& path) override;
     bool SameFile(const std::u16string& a, const std::u16string& b) const override;
+    bool IsInFolder(const std::u16string& path, const std::u16string& folder) const override;
     std::optional<FileVersion> Version(const std::u16string& path) const override;
     ReadStatus Read(const std::u16string& path, std::uint64_t limit,
                     std::string& bytes) const override;

@@ -92,6 +92,12 @@ Document WithStyle(Document document, const ViewStyle& style) {
             run.underline = true;
         run.link = 0; // the control would keep the addresses as hidden text
     }
+    // The control would play a stranger's metafile by the system, unbounded.
+    for (Picture& picture : document.pictures) {
+        if (picture.format != PictureFormat::Wmf && picture.format != PictureFormat::Emf) continue;
+        picture.format = PictureFormat::Other;
+        picture.bytes.clear();
+    }
     if (style.alignment)
         for (ParagraphStyle& paragraph : document.paragraphStyles)
             paragraph.alignment = *style.alignment;

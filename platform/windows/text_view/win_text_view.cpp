@@ -2,6 +2,7 @@
 
 #include "common/find_text.h"
 #include "common/line_ends.h"
+#include "formats/picture_files.h"
 #include "formats/rtf/rtf_reader.h"
 #include "formats/rtf/rtf_writer.h"
 #include "view/view_style_overrides.h"
@@ -36,7 +37,9 @@ void WinTextView::LoadPlainText(std::u16string text) {
 // The control never gets the file's own RTF: our reader gives the same text on every system, and
 // stops hostile files.
 void WinTextView::LoadRichText(std::string bytes, int systemCodePage) {
-    Load(ReadRtf(bytes, systemCodePage), false);
+    Document document = ReadRtf(bytes, systemCodePage);
+    if (onPictureFile) ReadPictureFiles(document, onPictureFile);
+    Load(std::move(document), false);
 }
 
 void WinTextView::Load(Document document, bool plain) {

@@ -1,0 +1,30 @@
+#include "formats/metafile/metafile_text.h"
+
+#include "formats/codepages/code_pages.h"
+#include "formats/rtf/rtf_symbols.h"
+
+#include <algorithm>
+
+std::u16string TextOfMetaBytes(std::string_view bytes, int charset) {
+    constexpr int windowsLatin = 1252, symbolCharset = 2;
+    std::u16string text;
+    if (charset == symbolCharset) {
+        for (const char byte : bytes)
+            text += static_cast<char16_t>(
+                SymbolOfByte(RtfSymbolSet::Symbol, static_cast<unsigned char>(byte)));
+    } else {
+        const int page = CodePageOfFontCharset(charset);
+        DecodeCodePage(page == 0 ? windowsLatin : page, bytes, text);
+    }
+    return ShownMetaText(std::move(text));
+}
+
+std::u16string ShownMetaText(std::u16string text) {
+    std::erase_if(text, [](char16_t unit) { return unit < 0x20; });
+    return text;
+}
+
+double EmHeight(double logicalHeight) {
+    constexpr double lineOfEm = 1.17; // of the usual fonts
+    return logicalHeight < 0 ? -logicalHeight : logicalHeight / lineOfEm;
+}
