@@ -34,7 +34,7 @@ TEST_CASE("view: cancelled or unchanged choices change and write nothing") {
     test.Choose(test.Menu().mViewAlign, 0); // already checked
     CHECK(test.Writes() == writes);
     CHECK(test.DataFile() == before);
-    CHECK(test.Dialogs().fontRequests[0].first == u"Font");
+    CHECK(test.Dialogs().fontRequests[0].title == u"Font");
     CHECK(test.Dialogs().colorRequests[0].first == u"Background Color");
 }
 
