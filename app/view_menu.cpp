@@ -48,7 +48,7 @@ FontRequest FontQuestion(const MainForm& form, const std::vector<CharsetReading>
         if (each.page == PresentPage(form))
             request.reading = static_cast<int>(request.readings.size());
         request.readings.push_back({std::u16string(each.name.begin(), each.name.end()), each.line,
-                                    FontCharsetOf(each.page)});
+                                    FontCharsetOf(each.page), each.standsForScript});
     }
     return request;
 }

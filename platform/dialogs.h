@@ -55,7 +55,8 @@ struct ColorAnswer {
 // How the shown text reads in one charset.
 struct TextReading {
     std::u16string name, line;
-    int charset = -1; // of the font for its script; -1: any
+    int charset = -1;             // of the font for its script; -1: any
+    bool standsForScript = false; // chosen with that
 };
 
 struct FontRequest {
@@ -96,8 +97,8 @@ class Dialogs {
     // One line of text; "" when cancelled.
     virtual std::u16string AskText(const std::u16string& title, const std::u16string& prompt) = 0;
     virtual ColorAnswer ChooseColor(const std::u16string& title, Color start) = 0;
-    // A reading that is chosen brings its script along, and a script its first reading; but a text
-    // read in any script stays so.
+    // A reading that is chosen brings its script along, and a script its reading; but a text read
+    // in any script stays so.
     virtual FontAnswer ChooseFont(const FontRequest&) = 0;
     virtual FindAnswer AskFind(const FindRequest&) = 0;
     virtual DialogResult ShowMessage(const Message&) = 0; // Cancel also when closed

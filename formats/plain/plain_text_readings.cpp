@@ -109,6 +109,15 @@ bool IsPageOfFontScript(int page) {
            page == CharsetToCodePage(oemCharset);
 }
 
+void MarkScripts(std::vector<CharsetReading>& readings, const Samples& samples) {
+    for (const NamedCharset& each : NamedCharsets()) {
+        if (!IsPageOfFontScript(each.page)) continue;
+        const int page = GuessCharsetOfScript(samples, each.page);
+        const auto reading = std::ranges::find(readings, page, &CharsetReading::page);
+        if (reading != readings.end()) reading->standsForScript = true;
+    }
+}
+
 void RemoveEqualReadings(std::vector<CharsetReading>& readings, const SeenBytes& seen,
                          int presentPage) {
     std::vector<CharsetReading> kept;
@@ -136,6 +145,7 @@ std::vector<CharsetReading> CharsetReadings(const FileReader& file, int systemPa
     for (const int page : pages)
         readings.push_back({page, NameOf(page), LineIn(page, line)});
     AddOtherCharsets(readings, line);
+    MarkScripts(readings, samples);
     const bool whole = file.Size() <= guessSample;
     if (whole) RemoveEqualReadings(readings, SeenBytes(samples[0]), presentPage);
     if (std::ranges::find(readings, presentPage, &CharsetReading::page) == readings.end())

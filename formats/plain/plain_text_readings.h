@@ -12,6 +12,7 @@ struct CharsetReading {
     int page = 0;        // utf8Page for UTF-8
     std::string name;    // ASCII
     std::u16string line; // one and the same of the text, as this charset decodes it; for display
+    bool standsForScript = false; // of the charsets for its script the one to take
 };
 
 // Likeliest first. Of charsets for the same script that decode all bytes of the text alike only the

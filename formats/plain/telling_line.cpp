@@ -51,6 +51,16 @@ bool ForEachStretch(std::string_view sample, const PlainTextForm& form,
     }
     return true;
 }
+// A list may have room for its start only.
+std::string_view FromNearFirstLetter(std::string_view stretch) {
+    constexpr std::size_t maxBefore = 16;
+    const auto high = std::ranges::find_if(
+        stretch, [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
+    const auto before = static_cast<std::size_t>(high - stretch.begin());
+    if (before <= maxBefore) return stretch;
+    const std::size_t blank = stretch.find(' ', before - maxBefore);
+    return stretch.substr(blank < before ? blank + 1 : before);
+}
 } // namespace
 
 std::string TellingLine(std::span<const std::string_view> samples, const PlainTextForm& form) {
@@ -67,5 +77,5 @@ std::string TellingLine(std::span<const std::string_view> samples, const PlainTe
     };
     for (std::size_t i = 0; i < samples.size(); ++i)
         if (!ForEachStretch(i == 0 ? samples[i] : FromWholeWord(samples[i]), form, judge)) break;
-    return std::string(best);
+    return std::string(FromNearFirstLetter(best));
 }

@@ -119,6 +119,27 @@ TEST_CASE("readings: of a long line a stretch, cut at a blank or within no chara
     CHECK(japanese[0].line.find(u'\uFFFD') == std::u16string::npos);
 }
 
+TEST_CASE("readings: the first letter that tells stands near the start of the line") {
+    const auto readings = Readings("Il babbo disse che la citt\xE0 era lontana.");
+    CHECK(Utf16ToUtf8(readings[0].line) == Utf16ToUtf8(u"che la citt\u00E0 era lontana."));
+    const std::string word(40, 'a');
+    CHECK(Readings(word + "\xE0")[0].line == u"\u00E0");
+}
+
+TEST_CASE("readings: for each script the page of Windows unless the bytes say another") {
+    const auto standing = [](const std::string& bytes, int page) {
+        const auto readings = Readings(bytes);
+        return Find(readings, page) && Find(readings, page)->standsForScript;
+    };
+    CHECK(standing("\xC6", 1251));
+    CHECK_FALSE(standing("\xC6", 20866));
+    CHECK(standing("\xC6", 1253));
+    CHECK(standing(tale + " " + tale, 866));
+    CHECK_FALSE(standing(tale + " " + tale, 1251));
+    CHECK(standing(tale, 437));
+    CHECK_FALSE(standing(tale, utf8Page));
+}
+
 TEST_CASE("readings: letters far behind the start of a long text are found") {
     std::string book(3 * guessSample, 'x');
     for (std::size_t i = 0; i < book.size(); i += 50)

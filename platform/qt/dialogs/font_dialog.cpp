@@ -5,8 +5,9 @@
 #include "platform/qt/dialogs/font_scripts.h"
 #include "platform/qt/dialogs/reading_list.h"
 #include "platform/qt/qt_color.h"
-#include "platform/qt/qt_text.h"
 #include "platform/qt/qt_font.h"
+#include "platform/qt/qt_text.h"
+#include "platform/shared/reading_of_script.h"
 
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
@@ -15,8 +16,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-
-#include <algorithm>
 
 namespace {
 
@@ -150,8 +149,7 @@ void FontDialog::SelectReadingOfScript() {
     const auto& readings = request_.readings;
     if (reading >= 0 && readings[static_cast<std::size_t>(reading)].charset < 0) return;
     if (charset == initial_.charset) return readings_->Select(request_.reading);
-    const auto first = std::ranges::find(readings, charset, &TextReading::charset);
-    readings_->Select(first == readings.end() ? -1 : static_cast<int>(first - readings.begin()));
+    readings_->Select(ReadingOfScript(readings, charset));
 }
 
 // Fixed height, so that the dialog does not change its size with the font's.

@@ -5,7 +5,7 @@
 #include <QHeaderView>
 
 namespace {
-constexpr int visibleRows = 7, visibleLetters = 62;
+constexpr int visibleRows = 7, visibleLetters = 78;
 }
 
 ReadingList::ReadingList(const std::vector<TextReading>& readings, int selected) {

@@ -1,5 +1,6 @@
 #include "platform/windows/dialogs/common_dialogs.h"
 
+#include "platform/shared/reading_of_script.h"
 #include "platform/windows/base/text.h"
 #include "platform/windows/dialogs/reading_list.h"
 #include "platform/windows/window/center.h"
@@ -7,8 +8,6 @@
 
 #include <commdlg.h>
 #include <dlgs.h>
-
-#include <algorithm>
 
 namespace {
 
@@ -107,10 +106,7 @@ void SelectReadingOfScript(HWND dialog, const FontDialogState& state) {
         return SelectReading(dialog, state.request.reading);
     LOGFONTW chosen = {};
     SendMessageW(dialog, WM_CHOOSEFONT_GETLOGFONT, 0, reinterpret_cast<LPARAM>(&chosen));
-    const auto& readings = state.request.readings;
-    const auto first = std::ranges::find(readings, int{chosen.lfCharSet}, &TextReading::charset);
-    SelectReading(dialog,
-                  first == readings.end() ? -1 : static_cast<int>(first - readings.begin()));
+    SelectReading(dialog, ReadingOfScript(state.request.readings, chosen.lfCharSet));
 }
 
 // Runs before the dialog's own procedure.
