@@ -188,3 +188,16 @@ TEST_CASE("chosen charset: the choice for a book off the list is not its neighbo
     CHECK_FALSE(Shown(test).starts_with(pangram));
     CHECK(test.DataFile().find("CodePage=1253") == std::string::npos);
 }
+
+TEST_CASE("chosen charset: half-width kana and full-width letters are as written, and found so") {
+    // In Shift-JIS: half-width katakana, a full-width word, and kana of the usual width.
+    Reading test(
+        "\xB1\xB2\xB3\xB4 \x82\x60\x82\x81\x82\x82 \x82\xB1\x82\xF1\x82\xC9\x82\xBF\x82\xCD\r\n");
+    if (test.form.book.codePage != 932) ChooseReading(test, u"Japanese (Shift-JIS)");
+    CHECK(Shown(test) == u"\uFF71\uFF72\uFF73\uFF74 \uFF21\uFF41\uFF42 "
+                         u"\u3053\u3093\u306B\u3061\u306F\n");
+    CHECK(test.View().Find(u"\uFF73\uFF74", 0, {}) == 2);
+    CHECK(test.View().Find(u"\uFF41\uFF22", 1, {}) == 6); // in either case
+    CHECK(test.View().Find(u"\uFF41\uFF22", 1, {false, true}) == notFound);
+    CHECK(test.View().Find(u"\u306B\u3061", 0, {}) == 11);
+}
