@@ -4,6 +4,7 @@ from harness import books
 from harness.clipboard import copied
 from harness.font_dialog import FontDialog
 from harness.story import Story, main
+from harness.wait import wait_for
 
 SCRIPTS = 10  # at most, with the same first letter
 LIKELY = 6  # lines of the list in the font dialog that are in view when it opens
@@ -104,7 +105,7 @@ class Charset(Story):
         return copied(self.program)
 
     def test_another_charset_of_the_same_script(self):
-        """Place and bookmark stay on their characters, although these need more bytes in the one than in the other."""
+        """Place and bookmark stay on their characters, of which the other charset makes more."""
         lines = books.lines("japanese", 300)
         self.show("mill.txt", "\r\n".join(lines).encode("euc_jp"))
         self.assertEqual(self.first_line(), lines[0])
@@ -113,6 +114,8 @@ class Charset(Story):
         line = copied(self.program)
         self.assertIn(line, lines[50:])
         self.program.key("ctrl+d")
+        wait_for(self.program.popups, "the Bookmark menu")
+        self.program.close_menu()
         mark = self.marked_text()
         self.assertIn(mark[5:20], line)
         dialog = FontDialog(self.program)
