@@ -26,13 +26,19 @@ bool IsRightToLeft(std::u16string_view text) {
     return first != text.end() && IsRightToLeftLetter(*first);
 }
 
+// With few marks: some systems draw them as narrow blanks.
 std::u16string DirectedPath(std::u16string_view path) {
-    std::u16string directed{leftToRightMark};
+    std::u16string directed;
+    if (IsRightToLeft(path)) directed += leftToRightMark;
+    bool rightToLeftBefore = false; // in the folder before a separator
     for (const char16_t unit : path) {
         directed += unit;
-        if (unit == u'/' || unit == u'\\') directed += leftToRightMark;
+        rightToLeftBefore = rightToLeftBefore || IsRightToLeftLetter(unit);
+        if (unit != u'/' && unit != u'\\') continue;
+        if (rightToLeftBefore) directed += leftToRightMark;
+        rightToLeftBefore = false;
     }
-    return directed + leftToRightMark;
+    return directed;
 }
 
 std::u16string DirectedText(std::u16string_view text) {
