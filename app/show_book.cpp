@@ -10,8 +10,6 @@
 #include "books/record_format.h"
 #include "common/flag_scope.h"
 #include "common/text.h"
-#include "formats/html_charset.h"
-#include "formats/plain/plain_text_guess.h"
 #include "formats/plain/plain_text_source.h"
 #include "reading/caret.h"
 #include "reading/hourglass.h"
@@ -86,9 +84,6 @@ void ShowInHtmlView(MainForm& form, const BookRecord& record) {
     form.ports.textView->SetBackColor(BackColorOf(record));
     form.book.codePage = 0;
     SetZoomStep(form.menu.mViewFont[0], record.Number(Field::FontSize));
-    std::string start;
-    form.ports.files->ReadStart(form.page.path, guessSample, start);
-    html.SetFallbackCharset(GuessedPageCharset(start, form.ports.locale->AnsiCodePage()));
     html.Navigate(form.page.path, form.page.load);
     html.FocusView();
 }

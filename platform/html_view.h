@@ -87,9 +87,6 @@ class HtmlView {
     // load. A file that cannot be shown may have no `onLoaded` at all. Zoom keys not yet reported
     // are dropped.
     virtual void Navigate(const std::u16string& path, int page) = 0;
-    // From the next `Navigate` on: what a page is read in that declares no charset, as browsers
-    // name it; "" for the system's own. An engine that takes none goes by its own rules.
-    virtual void SetFallbackCharset(const std::string& /*name*/) {}
     virtual void Clear() = 0; // no page; frees what the last one took. No event comes of it
 
     virtual void ScrollTo(int left, int top) = 0; // offsets of the body; as far as the page goes

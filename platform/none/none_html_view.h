@@ -24,9 +24,8 @@ class NoneHtmlView : public HtmlView {
     // What a test sets up and does.
     std::map<std::u16string, NonePage> pages; // by path
     bool answers = true;                      // false: every question runs out of time
-    std::string fallbackCharset;
-    std::function<void()> whileAsked; // what happens around while a question waits
-    void FinishLoading();             // of the page navigated to last
+    std::function<void()> whileAsked;         // what happens around while a question waits
+    void FinishLoading();                     // of the page navigated to last
     void Die();
     bool zoomsAtOnce = true;        // false: a new size takes until `FinishZoom`
     void ZoomByHand(int steps);     // 0: back to normal
@@ -34,7 +33,6 @@ class NoneHtmlView : public HtmlView {
     void ScrollByHand(int top) { scrollTop_ = Within(top); }
 
     void Navigate(const std::u16string& path, int page) override;
-    void SetFallbackCharset(const std::string& name) override { fallbackCharset = name; }
     void Clear() override;
     void ScrollTo(int left, int top) override;
     void ScrollSpanToTop(const PageSpan&) override;

@@ -62,7 +62,6 @@ void QtHtmlView::Navigate(const std::u16string& path, int page) {
         return;
     }
     panel_->HideNotice();
-    engine_->SetFallbackCharset(fallbackCharset_);
     engine_->Navigate(path, page);
     if (focused_) engine_->FocusView();
 }

@@ -17,7 +17,6 @@ class QtHtmlView final : public HtmlView {
 
     bool IsAvailable() const override;
     void Navigate(const std::u16string& path, int page) override;
-    void SetFallbackCharset(const std::string& name) override { fallbackCharset_ = name; }
     void Clear() override;
     void ScrollTo(int left, int top) override;
     void ScrollSpanToTop(const PageSpan&) override;
@@ -57,6 +56,5 @@ class QtHtmlView final : public HtmlView {
     HtmlPanel* panel_; // owned by the window
     std::unique_ptr<EngineView> engine_;
     int load_ = 0; // caller's number of the last load
-    std::string fallbackCharset_;
     bool focused_ = false;
 };

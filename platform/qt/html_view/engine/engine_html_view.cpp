@@ -13,7 +13,6 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QVariant>
-#include <QWebEngineSettings>
 
 #include <utility>
 
@@ -51,8 +50,6 @@ void EngineHtmlView::Clear() {
 void EngineHtmlView::CreatePage() {
     if (!profile_) profile_ = CreateEngineProfile(guard_, ansiCodePage_);
     page_ = std::make_unique<ReaderPage>(profile_.get(), guard_);
-    if (!fallbackCharset_.empty())
-        page_->settings()->setDefaultTextEncoding(QString::fromStdString(fallbackCharset_));
     calls_ = std::make_unique<PageCalls>(*page_);
     monitor_ = std::make_unique<PageMonitor>(*page_);
     widget_ = std::make_unique<PageWidget>(page_.get(), parent_);

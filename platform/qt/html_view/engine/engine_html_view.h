@@ -29,7 +29,6 @@ class EngineHtmlView final : public QObject, public EngineView {
     ~EngineHtmlView() override;
 
     void Navigate(const std::u16string& path, int page) override;
-    void SetFallbackCharset(const std::string& name) override { fallbackCharset_ = name; }
     void Clear() override;
     void ScrollTo(int left, int top) override;
     void ScrollSpanToTop(const PageSpan&) override;
@@ -102,7 +101,6 @@ class EngineHtmlView final : public QObject, public EngineView {
 
     QWidget* parent_;
     int ansiCodePage_;
-    std::string fallbackCharset_; // "" for that of `ansiCodePage_`
     FolderGuard guard_;
     std::unique_ptr<QWebEngineProfile> profile_;
     std::unique_ptr<ReaderPage> page_; // null without a page; must outlive its widget
