@@ -48,7 +48,7 @@ void UpdateRecord(MainForm& form, int index, bool withPlace) {
 
     IniBatch oneWrite(*form.dataFile);
     const auto section = SectionOf(form, record);
-    const bool nothingChosen = index != 0 || form.book.chosenCodePage == 0;
+    const bool nothingChosen = index != 0 || form.book.chosen.codePage == 0;
     if (nothingChosen && !isPage)
         StoreNothingChosen(*form.dataFile, section, record, form.ports.locale->AnsiCodePage());
     SaveHistoryItem(form, index);

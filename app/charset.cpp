@@ -4,8 +4,8 @@
 #include "app/main_form.h"
 #include "app/shown_book.h"
 #include "books/book_file.h"
-#include "books/book_script.h"
 #include "formats/codepages/charsets.h"
+#include "formats/codepages/code_pages.h"
 #include "reading/caret.h"
 #include "reading/charset_change.h"
 
@@ -32,32 +32,61 @@ void MoveBookmarks(Bookmarks& bookmarks, const TextPos* places) {
     }
 }
 
-void ChooseCodePage(MainForm& form, int codePage) {
-    form.book.chosenCodePage = codePage;
+// The section of the data file is that of item 0, which may be another book's by now.
+void KeepChoice(MainForm& form, int codePage) {
+    form.book.chosen = {codePage, true};
+    if (!IsShownBookListed(form)) return;
     const std::u16string key(RecordKey(form.menu.mFileList[0].tag));
     StoreChosenCodePage(*form.dataFile, BookSection(CurrentProfile(form), key), codePage);
 }
-} // namespace
 
-void ReadInCharset(MainForm& form) {
+void ShowIn(MainForm& form, ChosenCharset wanted) {
     ShownBook& book = form.book;
-    if (book.codePage == 0 || book.path.empty()) return;
     const auto content = ReadBookFile(*form.ports.files, book.path, MaxPlainText(form));
     if (content.problem) return ShowBookMessage(form.messages, content.problem.text);
     if (!content.plainText) return;
-    ChooseCodePage(form, CharsetToCodePage(form.format.font.charset));
-    auto text = std::make_shared<PlainTextSource>(content.plainText, book.chosenCodePage,
-                                                  form.ports.locale->AnsiCodePage());
-    if (text->CodePage() == book.codePage || text->CodePage() == 0) return;
+    auto text = DecodeBook(content.plainText, wanted, form.ports.locale->AnsiCodePage());
+    const bool found = wanted.codePage != 0 && text->CodePage() != 0;
+    KeepChoice(form, found ? text->CodePage() : wanted.codePage);
+    if (text->CodePage() == book.codePage) return;
 
     TextView& view = *form.ports.textView;
     std::vector<TextPos> places = BookmarkPlaces(form.bookmarks);
     places.insert(places.begin(), {FirstVisibleChar(view), view.SelStart()});
-    MovePlaces(places, content.plainText, book.codePage, *text);
+    MovePlaces(places, content.plainText, FormOfPage(book.codePage), *text);
     book.codePage = text->CodePage();
     view.LoadText(std::move(text));
     view.Select(places[1], 0);
     view.ScrollLineToTop(places[0]);
     MoveBookmarks(form.bookmarks, places.data() + 2);
     RefreshBookmarkMenu(form);
+}
+} // namespace
+
+std::shared_ptr<PlainTextSource> DecodeBook(std::shared_ptr<const FileReader> file,
+                                            ChosenCharset chosen, int ansiCodePage) {
+    if (chosen.exact && chosen.codePage != 0 && !HasMarkedForm(*file))
+        return std::make_shared<PlainTextSource>(std::move(file), FormOfPage(chosen.codePage));
+    return std::make_shared<PlainTextSource>(std::move(file), chosen.codePage, ansiCodePage);
+}
+
+std::vector<CharsetReading> ReadingsOfBook(const MainForm& form) {
+    if (IsPageShown(form) || form.book.path.empty()) return {};
+    const auto content = ReadBookFile(*form.ports.files, form.book.path, MaxPlainText(form));
+    if (!content.plainText) return {};
+    return CharsetReadings(*content.plainText, form.ports.locale->AnsiCodePage(),
+                           PresentPage(form));
+}
+
+int PresentPage(const MainForm& form) {
+    return form.book.codePage != 0 ? form.book.codePage : utf8Page;
+}
+
+void ReadInCharset(MainForm& form, int page) {
+    if (!form.book.path.empty()) ShowIn(form, {page, true});
+}
+
+void ReadInScriptOfFont(MainForm& form) {
+    if (form.book.codePage == 0 || form.book.path.empty()) return;
+    ShowIn(form, {CharsetToCodePage(form.format.font.charset), false});
 }

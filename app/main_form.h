@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/menu_tree.h"
+#include "books/book_script.h"
 #include "books/history.h"
 #include "datafile/ini_file.h"
 #include "datafile/reported_trouble.h"
@@ -18,9 +19,9 @@
 
 // The book in the view.
 struct ShownBook {
-    std::u16string path;    // "" for none
-    int codePage = 0;       // of a plain text; 0 for Unicode and rich text
-    int chosenCodePage = 0; // by the reader for this book; 0: as its bytes suggest
+    std::u16string path;  // "" for none
+    int codePage = 0;     // of a plain text; 0 for Unicode and rich text
+    ChosenCharset chosen; // by the reader for this book; none: as its bytes suggest
 };
 
 struct MainForm {

@@ -1,6 +1,7 @@
 // Showing the book of a history item: file and record become what is on the screen.
 #include "app/book_state.h"
 #include "app/bookmark_menu.h"
+#include "app/charset.h"
 #include "app/main_form.h"
 #include "app/open_book.h"
 #include "app/shown_book.h"
@@ -23,23 +24,21 @@ std::shared_ptr<PlainTextSource> TextOf(MainForm& form, const BookRecord& record
                                         const BookContent& content) {
     const int ansiCodePage = form.ports.locale->AnsiCodePage();
     ShownBook& book = form.book;
-    book.chosenCodePage =
-        ChosenCodePage(*form.dataFile, SectionOf(form, record), record, ansiCodePage);
+    book.chosen = CharsetChosenFor(*form.dataFile, SectionOf(form, record), record, ansiCodePage);
     book.codePage = 0;
     if (!content.plainText) return nullptr;
-    auto text =
-        std::make_shared<PlainTextSource>(content.plainText, book.chosenCodePage, ansiCodePage);
+    auto text = DecodeBook(content.plainText, book.chosen, ansiCodePage);
     book.codePage = text->CodePage();
     int& charset = form.format.font.charset;
-    if (book.chosenCodePage == 0 && book.codePage != 0)
-        charset = ScriptCharset(book.codePage, charset);
+    const bool scriptChosen = book.chosen.codePage != 0 && !book.chosen.exact;
+    if (!scriptChosen && book.codePage != 0) charset = ScriptCharset(book.codePage, charset);
     return text;
 }
 
 // What the guess says of the book's script goes into its record, so that the font dialog shows it
 // and an older version of the program reads the book alike.
 void KeepGuessedScript(MainForm& form) {
-    if (form.book.chosenCodePage != 0 || form.book.codePage == 0) return;
+    if (form.book.chosen.codePage != 0 || form.book.codePage == 0) return;
     BookRecord record = form.history.Record(0);
     if (record.Number(Field::Charset) == form.format.font.charset) return;
     record[Field::Charset] = NumberText(form.format.font.charset);

@@ -41,11 +41,28 @@ void mViewBackground_Click(MainForm& form, int) {
 }
 
 namespace {
-void ChangeFont(MainForm& form, const ViewFont& chosen) {
+FontRequest FontQuestion(const MainForm& form, const std::vector<CharsetReading>& readings) {
+    FontRequest request{DialogTitle(form.menu.mViewFont[0]), form.format.font,
+                        form.format.textColor};
+    for (const CharsetReading& each : readings) {
+        if (each.page == PresentPage(form))
+            request.reading = static_cast<int>(request.readings.size());
+        request.readings.push_back({std::u16string(each.name.begin(), each.name.end()), each.line,
+                                    FontCharsetOf(each.page), each.standsForScript});
+    }
+    return request;
+}
+
+// `page` is 0 when the charset of the text was not chosen by itself.
+void ChangeFont(MainForm& form, ViewFont chosen, int page) {
     TextView& view = *form.ports.textView;
+    if (page != 0) chosen.charset = ScriptCharset(page, chosen.charset);
     const bool newCharset = chosen.charset != form.format.font.charset;
     form.format.font = chosen;
-    if (newCharset) ReadInCharset(form);
+    if (page != 0)
+        ReadInCharset(form, page);
+    else if (newCharset)
+        ReadInScriptOfFont(form);
     ApplyFont(view, chosen, Scrolling::Restore);
     if (newCharset && IsRightToLeftCharset(chosen.charset))
         ApplyAlignment(view, form.menu.mViewAlign, CheckedItem(form.menu.mViewAlign),
@@ -56,12 +73,16 @@ void ChangeFont(MainForm& form, const ViewFont& chosen) {
 void mViewFont_Click(MainForm& form, int) {
     TextFormat& format = form.format;
     TextView& view = *form.ports.textView;
-    const auto title = DialogTitle(form.menu.mViewFont[0]);
-    const FontAnswer answer = form.ports.dialogs->ChooseFont(title, format.font, format.textColor);
-    const bool newFont = answer.font != format.font, newColor = answer.color != format.textColor;
+    const std::vector<CharsetReading> readings = ReadingsOfBook(form);
+    const FontRequest request = FontQuestion(form, readings);
+    const FontAnswer answer = form.ports.dialogs->ChooseFont(request);
+    const bool newReading = answer.reading >= 0 && answer.reading != request.reading;
+    const bool newFont = answer.font != format.font || newReading;
+    const bool newColor = answer.color != format.textColor;
     if (answer.result != DialogResult::Ok || (!newFont && !newColor)) return;
     const Hourglass hourglass(view);
-    if (newFont) ChangeFont(form, answer.font);
+    const int page = newReading ? readings[static_cast<std::size_t>(answer.reading)].page : 0;
+    if (newFont) ChangeFont(form, answer.font, page);
     format.textColor = answer.color;
     if (newColor)
         ApplyTextColor(view, answer.color, form.menu.mOptionsFileColor[0].checked,

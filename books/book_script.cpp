@@ -15,12 +15,12 @@ int CodePageOfNumber(const BookRecord& record, int ansiCodePage) {
 }
 } // namespace
 
-int ChosenCodePage(IniFile& file, const std::u16string& section, const BookRecord& record,
-                   int ansiCodePage) {
+ChosenCharset CharsetChosenFor(IniFile& file, const std::u16string& section,
+                               const BookRecord& record, int ansiCodePage) {
     const std::u16string stored = IniReadString(file, section, codePageKey);
     const int page = WholeNumber(stored);
-    if (!stored.empty() && (page == 0 || HasCodePage(page))) return page;
-    return CodePageOfNumber(record, ansiCodePage);
+    if (!stored.empty() && (page == 0 || HasCodePage(page))) return {page, true};
+    return {CodePageOfNumber(record, ansiCodePage), false};
 }
 
 void StoreChosenCodePage(IniFile& file, const std::u16string& section, int codePage) {
@@ -35,7 +35,14 @@ void StoreNothingChosen(IniFile& file, const std::u16string& section, const Book
 }
 
 int ScriptCharset(int codePage, int present) {
-    const int page = WindowsPageOfScript(codePage);
-    if (page == 0 || CharsetToCodePage(present) == page) return present;
+    const int page = WindowsPageOfScript(codePage), presentPage = CharsetToCodePage(present);
+    if (page == 0 || presentPage == page || presentPage == codePage) return present;
     return CodePageToCharset(page);
+}
+
+int FontCharsetOf(int codePage) {
+    constexpr int oemCharset = 254;
+    const int charset = CodePageToCharset(codePage);
+    if (CharsetToCodePage(charset) == codePage) return charset;
+    return CharsetToCodePage(oemCharset) == codePage ? oemCharset : ScriptCharset(codePage, -1);
 }

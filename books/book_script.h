@@ -6,17 +6,27 @@
 #include "books/book_record.h"
 #include "datafile/ini_file.h"
 
-// The code page that the reader chose for the book, 0 for none. A record that nothing more is known
-// of, by hand or by an older version, is read in the script of its Charset number. `section` is the
-// book's own of the data file.
-int ChosenCodePage(IniFile&, const std::u16string& section, const BookRecord&, int ansiCodePage);
+struct ChosenCharset {
+    int codePage = 0;   // 0: nothing was chosen
+    bool exact = false; // this page; else any charset for the script of this page of Windows
+};
 
-// The reader chose it.
+// What the reader chose for the book. A record that nothing more is known of, by hand or by an
+// older version, is read in the script of its Charset number. `section` is the book's own of the
+// data file.
+ChosenCharset CharsetChosenFor(IniFile&, const std::u16string& section, const BookRecord&,
+                               int ansiCodePage);
+
+// The reader chose just this one.
 void StoreChosenCodePage(IniFile&, const std::u16string& section, int codePage);
 
 // Records that nothing was chosen for a book whose record would look as if.
 void StoreNothingChosen(IniFile&, const std::u16string& section, const BookRecord&,
                         int ansiCodePage);
 
-// The font character set of the script that a code page is for; `present` when there is none.
+// The font character set of the script that a code page is for; `present` when that is for it, too,
+// or when there is none.
 int ScriptCharset(int codePage, int present);
+
+// The one that stands for just this code page, else as above; -1 when there is none.
+int FontCharsetOf(int codePage);

@@ -30,6 +30,7 @@ void SetHistoryCaption(History& history, int index) {
     const BookRecord record = history.Record(index);
     MenuItem& item = history.list[index];
     item.caption = HistoryCaption(record, history.dateNames, history.clock.Now());
+    item.shown = DirectedCaption(item.caption);
     item.enabled = history.files.FileExists(record.Path());
 }
 
@@ -41,6 +42,7 @@ void SyncRemoveMenu(History& history, int last) {
     for (int i = 0; i <= last; ++i) {
         if (i == removeList.Count()) AddMenuItem(removeList);
         removeList[i].caption = WithoutDirectionControls(GetBookPath(history, i));
+        removeList[i].shown = DirectedCaption(removeList[i].caption);
     }
     list[0].visible = history.separator.visible = history.removeMenu.enabled = last >= 0;
 }

@@ -7,6 +7,7 @@
 #include <utility>
 
 namespace {
+constexpr std::u16string_view beforeTitle = u"\t= ";
 constexpr std::size_t maxTitleLength = 41, cutTitle = 40; // a title of just 41 units is kept whole
 
 std::u16string Kilobytes(const std::u16string& size) {
@@ -27,6 +28,15 @@ std::u16string HistoryCaption(const BookRecord& record, const DateNames& names,
         caption = u"[" + FormatListDate(ParseStoredDateTime(caption, now), names) + u"] ";
     if (!record[Field::Size].empty()) caption += Kilobytes(record[Field::Size]);
     caption += record.Path();
-    if (!record[Field::Title].empty()) caption += u"\t= " + ShownTitle(record[Field::Title]);
+    if (!record[Field::Title].empty())
+        caption += std::u16string(beforeTitle) + ShownTitle(record[Field::Title]);
     return WithoutDirectionControls(std::move(caption));
+}
+
+std::u16string DirectedCaption(std::u16string_view caption) {
+    if (!HasRightToLeft(caption)) return u"";
+    const std::size_t at = caption.find(beforeTitle);
+    if (at == caption.npos) return DirectedPath(caption);
+    const std::u16string_view title = caption.substr(at + beforeTitle.size());
+    return DirectedPath(caption.substr(0, at)) + std::u16string(beforeTitle) + DirectedText(title);
 }

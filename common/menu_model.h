@@ -18,7 +18,10 @@ struct MenuItem {
     bool radio = false;     // its check mark is a bullet
     bool literal = false;   // a text of the user's: an "&" or a "-" in it means just that
     int helpContextId = 0;
+    // In place of the caption, with controls of direction; "" where it needs none.
+    std::u16string shown = {};
 
+    const std::u16string& ShownCaption() const { return shown.empty() ? caption : shown; }
     bool IsSeparator() const { return caption == u"-" && !literal; }
 };
 

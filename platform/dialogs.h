@@ -52,10 +52,26 @@ struct ColorAnswer {
     Color color = 0;
 };
 
+// How the shown text reads in one charset.
+struct TextReading {
+    std::u16string name, line;
+    int charset = -1;             // of the font for its script; -1: any
+    bool standsForScript = false; // chosen with that
+};
+
+struct FontRequest {
+    std::u16string title;
+    ViewFont font;
+    Color color = 0;
+    std::vector<TextReading> readings = {}; // to choose from, in this order; may be none
+    int reading = -1;                       // the present one
+};
+
 struct FontAnswer {
     DialogResult result = DialogResult::Cancel;
     ViewFont font; // its charset is the chosen script
     Color color = 0;
+    int reading = -1; // the chosen one; -1 when the script that was chosen has none
 };
 
 struct FindRequest {
@@ -81,7 +97,9 @@ class Dialogs {
     // One line of text; "" when cancelled.
     virtual std::u16string AskText(const std::u16string& title, const std::u16string& prompt) = 0;
     virtual ColorAnswer ChooseColor(const std::u16string& title, Color start) = 0;
-    virtual FontAnswer ChooseFont(const std::u16string& title, const ViewFont&, Color) = 0;
+    // A reading that is chosen brings its script along, and a script its reading; but a text read
+    // in any script stays so.
+    virtual FontAnswer ChooseFont(const FontRequest&) = 0;
     virtual FindAnswer AskFind(const FindRequest&) = 0;
     virtual DialogResult ShowMessage(const Message&) = 0; // Cancel also when closed
     // A short rich text (RTF, pure ASCII) and buttons from the left. Returns the number of the

@@ -13,7 +13,6 @@
 
 namespace {
 
-constexpr int utf8Page = 65001;
 constexpr int gb18030Page = 54936;
 constexpr int gbkPage = 936;
 constexpr int fallbackPage = 1252;

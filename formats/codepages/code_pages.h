@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+constexpr int utf8Page = 65001;
+
 // Charsets for which Windows has no number.
 constexpr int visciiPage = 70001;
 constexpr int tcvnPage = 70002;

@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr int utf8Page = 65001;
 
 unsigned char Unsigned(char c) {
     return static_cast<unsigned char>(c);

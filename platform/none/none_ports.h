@@ -66,10 +66,10 @@ class NoneDialogs : public Dialogs {
         colorRequests.emplace_back(title, start);
         return colorAnswer;
     }
-    FontAnswer ChooseFont(const std::u16string& title, const ViewFont& font, Color color) override {
-        fontRequests.emplace_back(title, font);
+    FontAnswer ChooseFont(const FontRequest& request) override {
+        fontRequests.push_back(request);
         if (fontAnswer) return *fontAnswer;
-        return {DialogResult::Ok, font, color}; // confirmed as it is
+        return {DialogResult::Ok, request.font, request.color, request.reading}; // as it is
     }
     FindAnswer AskFind(const FindRequest& request) override {
         findRequests.push_back(request);
@@ -91,7 +91,7 @@ class NoneDialogs : public Dialogs {
     std::u16string textAnswer;
     std::vector<std::pair<std::u16string, Color>> colorRequests;
     ColorAnswer colorAnswer;
-    std::vector<std::pair<std::u16string, ViewFont>> fontRequests;
+    std::vector<FontRequest> fontRequests;
     std::optional<FontAnswer> fontAnswer;
     std::vector<FindRequest> findRequests;
     FindAnswer findAnswer;

@@ -37,7 +37,7 @@ TEST_CASE("windows dialogs: a font confirmed untouched is exactly the one given"
                 CHECK((WindowText(dialog) == L"Font"));
                 Confirm(dialog);
             });
-            const FontAnswer answer = dialogs.ChooseFont(u"Font", font, color);
+            const FontAnswer answer = dialogs.ChooseFont({u"Font", font, color});
             CHECK(answer.result == DialogResult::Ok);
             CHECK(answer.font == font);
             CHECK(answer.color == color);
@@ -56,7 +56,7 @@ TEST_CASE("windows dialogs: what is changed of a font, and nothing else") {
         });
         ViewFont expected = given;
         expected.size = 37;
-        const FontAnswer answer = dialogs.ChooseFont(u"", given, 0x123456);
+        const FontAnswer answer = dialogs.ChooseFont({u"", given, 0x123456});
         CHECK(answer.font.size == 37);
         CHECK(answer.font == expected);
         CHECK(answer.color == 0x123456);
@@ -72,7 +72,7 @@ TEST_CASE("windows dialogs: what is changed of a font, and nothing else") {
     ViewFont expected = given;
     expected.underline = !given.underline;
     expected.strikethrough = !given.strikethrough;
-    const FontAnswer answer = dialogs.ChooseFont(u"", given, 0x123456);
+    const FontAnswer answer = dialogs.ChooseFont({u"", given, 0x123456});
     CHECK(answer.font == expected);
     CHECK(answer.color == 0);
 }
@@ -106,7 +106,7 @@ TEST_CASE("windows dialogs: cancelled") {
     const auto giveUp = [](HWND dialog) { PressButton(dialog, IDCANCEL); };
     {
         const WhileOpen shown(giveUp);
-        CHECK(dialogs.ChooseFont(u"", fonts[0], 0).result == DialogResult::Cancel);
+        CHECK(dialogs.ChooseFont({u"", fonts[0]}).result == DialogResult::Cancel);
     }
     {
         const WhileOpen shown(giveUp);
@@ -142,4 +142,107 @@ TEST_CASE("windows dialogs: a file is chosen") {
     }
     GetCurrentDirectoryW(MAX_PATH, after);
     CHECK((std::wstring(before) == after));
+}
+
+namespace {
+
+constexpr WORD readingList = 0x7001;
+
+FontRequest RequestWithReadings() {
+    return {u"Font",
+            {u"DejaVu Sans", 12, 0},
+            0,
+            {{u"Western", u"\u00CA\u00E0\u00EA", 0},
+             {u"Greek", u"\u03A3", 161},
+             {u"Cyrillic (DOS)", u"\u0421\u043A\u0430", 204},
+             {u"Cyrillic (Windows)", u"\u0420\u0453", 204, true},
+             {u"Unicode", u"\uFFFD", -1}},
+            0};
+}
+
+int Selected(HWND dialog) {
+    return static_cast<int>(SendDlgItemMessageW(dialog, readingList, LB_GETCURSEL, 0, 0));
+}
+
+// As a click or a key does.
+void ChooseReading(HWND dialog, int reading) {
+    SendDlgItemMessageW(dialog, readingList, LB_SETCURSEL, static_cast<WPARAM>(reading), 0);
+    SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(readingList, LBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, readingList)));
+}
+
+void ChooseScript(HWND dialog, const wchar_t* name) {
+    const LRESULT found =
+        SendDlgItemMessageW(dialog, cmb5, CB_FINDSTRINGEXACT, 0, reinterpret_cast<LPARAM>(name));
+    CHECK(found != CB_ERR);
+    SendDlgItemMessageW(dialog, cmb5, CB_SETCURSEL, static_cast<WPARAM>(found), 0);
+    SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(cmb5, CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, cmb5)));
+}
+
+FontAnswer AnswerAfter(const FontRequest& request, const std::function<void(HWND)>& action) {
+    const WhileOpen shown([&](HWND dialog) {
+        action(dialog);
+        Confirm(dialog); // behind what the dialog has posted to itself
+    });
+    return WinDialogs(nullptr).ChooseFont(request);
+}
+
+} // namespace
+
+TEST_CASE(
+    "windows dialogs: a text's readings are listed in their order, the present one selected") {
+    const FontRequest request = RequestWithReadings();
+    const FontAnswer untouched = AnswerAfter(request, [](HWND dialog) {
+        REQUIRE(SendDlgItemMessageW(dialog, readingList, LB_GETCOUNT, 0, 0) == 5);
+        wchar_t row[64] = {};
+        SendDlgItemMessageW(dialog, readingList, LB_GETTEXT, 2, reinterpret_cast<LPARAM>(row));
+        CHECK((std::wstring(row) == L"Cyrillic (DOS)\t\u0421\u043A\u0430"));
+        CHECK(Selected(dialog) == 0);
+        RECT list = {}, whole = {};
+        GetWindowRect(GetDlgItem(dialog, readingList), &list);
+        GetWindowRect(dialog, &whole);
+        CHECK(list.bottom < whole.bottom);
+        for (HWND other = GetWindow(dialog, GW_CHILD); other;
+             other = GetWindow(other, GW_HWNDNEXT)) {
+            RECT place = {}, both = {};
+            GetWindowRect(other, &place);
+            const bool covers = IsWindowVisible(other) && GetDlgCtrlID(other) != readingList &&
+                                IntersectRect(&both, &list, &place);
+            CHECK_FALSE(covers);
+        }
+    });
+    CHECK(untouched.font == request.font);
+    CHECK(untouched.reading == 0);
+    const FontAnswer without = AnswerAfter(
+        {u"", fonts[0]}, [](HWND dialog) { CHECK_FALSE(GetDlgItem(dialog, readingList)); });
+    CHECK(without.reading == -1);
+}
+
+TEST_CASE("windows dialogs: a reading brings its script along, and a script its reading") {
+    const FontRequest request = RequestWithReadings();
+    FontAnswer answer = AnswerAfter(request, [](HWND dialog) {
+        ChooseReading(dialog, 2);
+        CHECK((TextOf(dialog, cmb5) == L"Cyrillic"));
+    });
+    CHECK(answer.reading == 2);
+    CHECK(answer.font.charset == 204);
+    answer = AnswerAfter(request, [](HWND dialog) { ChooseScript(dialog, L"Cyrillic"); });
+    CHECK(answer.reading == 3);
+    CHECK(answer.font.charset == 204);
+    answer = AnswerAfter(request, [](HWND dialog) { ChooseScript(dialog, L"Turkish"); });
+    CHECK(answer.reading == -1);
+    CHECK(answer.font.charset == 162);
+    answer = AnswerAfter(request, [](HWND dialog) {
+        ChooseReading(dialog, 1);
+        ChooseReading(dialog, 0);
+    });
+    CHECK(answer.font == request.font);
+    CHECK(answer.reading == 0);
+    answer = AnswerAfter(request, [](HWND dialog) { // Unicode reads in any script
+        ChooseReading(dialog, 4);
+        ChooseScript(dialog, L"Greek");
+    });
+    CHECK(answer.reading == 4);
+    CHECK(answer.font.charset == 161);
 }

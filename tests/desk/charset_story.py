@@ -4,8 +4,12 @@ from harness import books
 from harness.clipboard import copied
 from harness.font_dialog import FontDialog
 from harness.story import Story, main
+from harness.wait import wait_for
 
 SCRIPTS = 10  # at most, with the same first letter
+LIKELY = 6  # lines of the list in the font dialog that are in view when it opens
+# 60 bytes in DOS 850, of which one is no ASCII.
+SHORT = "Il babbo disse che la città era lontana e che faceva freddo."
 
 
 # As a writer of the charset would, which Python does not know.
@@ -68,6 +72,61 @@ class Charset(Story):
         self.program.start()
         self.program.wait_for_book(self.book)
         self.assertEqual(self.first_line(), self.lines[0])
+        self.program.close()
+
+    def show(self, name, data):
+        """Instead of the book shown."""
+        self.program.close()
+        self.book = self.path(name)
+        with open(self.book, "wb") as file:
+            file.write(data)
+        self.program.start(self.book)
+        self.program.wait_for_book(self.book)
+
+    def test_put_right_by_a_line_of_the_book(self):
+        self.show("city.txt", SHORT.encode("cp850"))
+        self.assertEqual(self.first_line(), SHORT.replace("à", "…"))
+        for row in range(1, LIKELY):
+            dialog = FontDialog(self.program)
+            dialog.choose_reading(row)
+            dialog.close()
+            if self.first_line() == SHORT:
+                break
+        self.assertEqual(self.first_line(), SHORT)
+        self.program.close()
+        self.program.start()
+        self.program.wait_for_book(self.book)
+        self.assertEqual(self.first_line(), SHORT)
+        self.program.close()
+
+    def marked_text(self):
+        self.program.open_menu("b")
+        self.program.key("Up", "Return")
+        return copied(self.program)
+
+    def test_another_charset_of_the_same_script(self):
+        """Place and bookmark stay on their characters, of which the other charset makes more."""
+        lines = books.lines("japanese", 300)
+        self.show("mill.txt", "\r\n".join(lines).encode("euc_jp"))
+        self.assertEqual(self.first_line(), lines[0])
+        self.program.key(*["Next"] * 4)
+        self.program.key("Home", "shift+End")
+        line = copied(self.program)
+        self.assertIn(line, lines[50:])
+        self.program.key("ctrl+d")
+        wait_for(self.program.popups, "the Bookmark menu")
+        self.program.close_menu()
+        mark = self.marked_text()
+        self.assertIn(mark[5:20], line)
+        dialog = FontDialog(self.program)
+        dialog.choose_reading(1)
+        dialog.close()
+        self.assertNotEqual(self.first_line(), lines[0])
+        dialog = FontDialog(self.program)
+        dialog.choose_reading(0)
+        dialog.close()
+        self.assertEqual(self.first_line(), lines[0])
+        self.assertEqual(self.marked_text(), mark)
         self.program.close()
 
     def test_confirmed_as_it_is_nothing_changes(self):

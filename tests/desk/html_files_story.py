@@ -27,17 +27,29 @@ class HtmlFiles(HtmlStory):
     def test_charsets(self):
         for script, encoding, name, charset in (("cyrillic", "cp1251", "windows-1251", CYRILLIC),
                                                 ("japanese", "shift_jis", "Shift_JIS", JAPANESE),
-                                                ("accents", "utf-16", "utf-16", "0")):
-            with self.subTest(encoding=encoding):
+                                                ("accents", "utf-16", "utf-16", "0"),
+                                                ("cyrillic", "cp1251", "", CYRILLIC),
+                                                ("cyrillic", "cp866", "", "0"),
+                                                ("japanese", "euc_jp", "", "0")):
+            with self.subTest(encoding=encoding, declared=name):
                 lines = [" ".join(line.split()) for line in books.lines(script, 50)]
                 title = books.SENTENCES[script][:8].strip()
-                page = (f'<meta charset="{name}"><title>{title}</title>'
+                declared = f'<meta charset="{name}">' if name else ""
+                page = (f'{declared}<title>{title}</title>'
                         f"<body>{paragraphs(lines)}")
-                path = self.write(encoding + ".htm", page, encoding)
-                reader = self.open(path, title, self.reader(encoding))
+                path = self.write(f"{encoding}{name}.htm", page, encoding)
+                reader = self.open(path, title, self.reader(encoding + name))
                 self.assertEqual(self.whole_text(reader), "\n".join(lines))
                 reader.close()
                 self.assertEqual(self.book_record(reader, path)["Charset"], charset)
+
+    def test_what_a_page_declares_holds(self):
+        lines = books.lines("cyrillic", 50)
+        page = f'<meta charset="iso-8859-1"><title>quay</title><body>{paragraphs(lines)}'
+        reader = self.open(self.write("latin.htm", page, "cp1251"), "quay")
+        self.assertEqual(self.whole_text(reader),
+                         "\n".join(line.encode("cp1251").decode("cp1252") for line in lines))
+        reader.close()
 
     def test_missing_parts(self):
         for name, source, text in (("bare", "the miller's daughter", "the miller's daughter"),

@@ -1,3 +1,4 @@
+#include "common/utf.h"
 #include "test_form.h"
 
 #include "app/open_book.h"
@@ -52,6 +53,38 @@ TEST_CASE("history caption: date, size, path and title") {
     };
     for (const auto& [size, caption] : sizes)
         CHECK(CaptionOf(u"/b==0=============" + std::u16string(size) + u"==") == caption);
+}
+
+TEST_CASE("history caption: shown with path and title each in its own direction") {
+    const struct {
+        const char16_t *caption, *shown;
+    } rows[] = {
+        {u"(2K) C:\\Books\\story.txt\t= The Title", u""}, // as it is
+        {u"/home/a=b/\u00E9.txt", u""},
+        {u"(2K) /b/a.txt\t= \u05E9\u05DC\u05D5\u05DD!",
+         u"(2K) /b/a.txt\t= \u202B\u05E9\u05DC\u05D5\u05DD!\u202C"},
+        {u"/\u05D0/\u05D1.txt", u"\u200E/\u05D0/\u200E\u05D1.txt"},
+        {u"\\\u0628\t= Yes, \u0628", u"\u200E\\\u0628\t= Yes, \u0628"},
+        {u"/\u05D0\t\u05D1", u"\u200E/\u05D0\t\u05D1"}, // a tab in a name
+        {u"/b\t= 12, \uFE8F.", u"/b\t= \u202B12, \uFE8F.\u202C"},
+    };
+    for (const auto& row : rows)
+        CHECK(Utf16ToUtf8(DirectedCaption(row.caption)) == Utf16ToUtf8(row.shown));
+}
+
+TEST_CASE("history caption: what is shown follows the record, and the caption stays exact") {
+    TestForm test;
+    test.PutBook(u"/\u05D1/\u05D0.txt");
+    test.PutBook(u"/b/b.txt");
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/\u05D1/\u05D0.txt");
+    OpenBook(test.form, u"/b/b.txt");
+    CHECK(test.Menu().mFileList[1].caption.ends_with(u"/\u05D1/\u05D0.txt"));
+    CHECK(test.Menu().mFileList[1].ShownCaption().ends_with(u"/\u05D1/\u200E\u05D0.txt"));
+    CHECK(test.Menu().mFileRemoveList[1].ShownCaption().ends_with(u"/\u05D1/\u200E\u05D0.txt"));
+    CHECK(test.Menu().mFileList[0].ShownCaption() == test.Menu().mFileList[0].caption);
+    OpenBook(test.form, u"/\u05D1/\u05D0.txt");
+    CHECK(test.Menu().mFileList[1].ShownCaption() == test.Menu().mFileList[1].caption);
 }
 
 TEST_CASE("history caption: a malformed access time shows today") {

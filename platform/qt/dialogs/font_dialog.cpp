@@ -3,9 +3,11 @@
 #include "platform/qt/dialogs/check_box.h"
 #include "platform/qt/dialogs/color_dialog.h"
 #include "platform/qt/dialogs/font_scripts.h"
+#include "platform/qt/dialogs/reading_list.h"
 #include "platform/qt/qt_color.h"
-#include "platform/qt/qt_text.h"
 #include "platform/qt/qt_font.h"
+#include "platform/qt/qt_text.h"
+#include "platform/shared/reading_of_script.h"
 
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
@@ -38,13 +40,15 @@ const char16_t* SampleText(int charset) {
 
 } // namespace
 
-FontDialog::FontDialog(QWidget* parent, const ViewFont& font, Color color)
-    : QDialog(parent), initial_(font), color_(color) {
+FontDialog::FontDialog(QWidget* parent, const FontRequest& request)
+    : QDialog(parent), request_(request), color_(request.color) {
+    setWindowTitle(ToQt(request_.title));
     auto* form = new QFormLayout(this);
     AddFamilyAndStyle(*form);
     AddSize(*form);
     AddEffects(*form);
     AddScript(*form);
+    if (!request_.readings.empty()) AddReadings(*form);
     AddSample(*form);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     form->addRow(buttons);
@@ -111,6 +115,41 @@ void FontDialog::AddScript(QFormLayout& form) {
     script_->setCurrentIndex(script_->findData(initial_.charset));
     connect(script_, &QComboBox::currentIndexChanged, this, &FontDialog::UpdateSample);
     form.addRow(tr("Sc&ript:"), script_);
+}
+
+void FontDialog::AddReadings(QFormLayout& form) {
+    readings_ = new ReadingList(request_.readings, request_.reading);
+    auto* label = new QLabel(tr("A line of this &book in each charset, likeliest first:"));
+    label->setBuddy(readings_);
+    readings_->setAccessibleName(label->text().remove(QLatin1Char('&'))); // not the buddy's here
+    form.addRow(label);
+    form.addRow(readings_);
+    connect(readings_, &QTreeWidget::itemSelectionChanged, this,
+            &FontDialog::SelectScriptOfReading);
+    // By the user alone: the box follows the list, too.
+    connect(script_, &QComboBox::activated, this, &FontDialog::SelectReadingOfScript);
+}
+
+int FontDialog::SelectedReading() const {
+    return readings_ ? readings_->Selected() : -1;
+}
+
+void FontDialog::SelectScriptOfReading() {
+    const int reading = SelectedReading();
+    if (reading < 0) return;
+    const bool initial = reading == request_.reading;
+    const int charset =
+        initial ? initial_.charset : request_.readings[static_cast<std::size_t>(reading)].charset;
+    if (charset >= 0) script_->setCurrentIndex(script_->findData(charset));
+}
+
+// A text that reads in any script, as Unicode does, stays as it is.
+void FontDialog::SelectReadingOfScript() {
+    const int reading = SelectedReading(), charset = script_->currentData().toInt();
+    const auto& readings = request_.readings;
+    if (reading >= 0 && readings[static_cast<std::size_t>(reading)].charset < 0) return;
+    if (charset == initial_.charset) return readings_->Select(request_.reading);
+    readings_->Select(ReadingOfScript(readings, charset));
 }
 
 // Fixed height, so that the dialog does not change its size with the font's.

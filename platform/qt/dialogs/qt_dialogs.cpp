@@ -80,11 +80,12 @@ ColorAnswer QtDialogs::ChooseColor(const std::u16string& title, Color start) {
     return GetColor(owner_, ToQt(title), start);
 }
 
-FontAnswer QtDialogs::ChooseFont(const std::u16string& title, const ViewFont& font, Color color) {
-    FontDialog dialog(owner_, font, color);
-    dialog.setWindowTitle(ToQt(title));
-    if (dialog.exec() != QDialog::Accepted) return {DialogResult::Cancel, font, color};
-    return {DialogResult::Ok, dialog.SelectedFont(), dialog.SelectedColor()};
+FontAnswer QtDialogs::ChooseFont(const FontRequest& request) {
+    FontDialog dialog(owner_, request);
+    if (dialog.exec() != QDialog::Accepted)
+        return {DialogResult::Cancel, request.font, request.color, request.reading};
+    return {DialogResult::Ok, dialog.SelectedFont(), dialog.SelectedColor(),
+            dialog.SelectedReading()};
 }
 
 FindAnswer QtDialogs::AskFind(const FindRequest& request) {

@@ -12,7 +12,7 @@ class QtDialogs final : public Dialogs {
     OpenFileAnswer OpenFile(const OpenFileRequest&) override;
     std::u16string AskText(const std::u16string& title, const std::u16string& prompt) override;
     ColorAnswer ChooseColor(const std::u16string& title, Color start) override;
-    FontAnswer ChooseFont(const std::u16string& title, const ViewFont&, Color) override;
+    FontAnswer ChooseFont(const FontRequest&) override;
     FindAnswer AskFind(const FindRequest&) override;
     DialogResult ShowMessage(const Message&) override;
     int ShowRichMessage(const std::string& rtf, const std::u16string& title,

@@ -74,7 +74,7 @@ std::vector<bool> ItemsToMeasure(const MenuArray& array, const QFont& font) {
 } // namespace
 
 QString NativeCaption(const MenuItem& item) {
-    QString caption = ToQt(item.caption);
+    QString caption = ToQt(item.ShownCaption());
     if (item.literal) caption.replace(QLatin1Char('&'), QLatin1String("&&"));
     return caption;
 }

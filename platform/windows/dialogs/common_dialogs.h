@@ -11,4 +11,4 @@ ColorAnswer AskColor(HWND owner, const std::u16string& title, Color start);
 
 // Whatever the user did not change is returned as it was given, even a face that is not installed
 // or a size, a character set or a colour that the dialog does not offer.
-FontAnswer AskFont(HWND owner, const std::u16string& title, const ViewFont&, Color);
+FontAnswer AskFont(HWND owner, const FontRequest&);

@@ -1,6 +1,8 @@
 #include "platform/windows/dialogs/common_dialogs.h"
 
+#include "platform/shared/reading_of_script.h"
 #include "platform/windows/base/text.h"
+#include "platform/windows/dialogs/reading_list.h"
 #include "platform/windows/window/center.h"
 #include "platform/windows/window/dpi.h"
 
@@ -19,11 +21,13 @@ struct ShownFont {
 };
 
 struct FontDialogState {
-    std::wstring title;
-    const ViewFont* given = nullptr;
-    Color color = 0;
+    const FontRequest& request;
     ShownFont first, last;
+    int reading = -1;
+    bool followsReading = false; // the script box, at the moment
 };
+
+constexpr UINT ScriptChosen = WM_APP + 1; // posted by the hook to itself
 
 std::wstring TextOf(HWND dialog, int control) {
     wchar_t text[256] = {};
@@ -54,13 +58,68 @@ void SelectColor(HWND dialog, Color color) {
 }
 
 void OnInitDialog(HWND dialog, FontDialogState& state) {
-    SetWindowTextW(dialog, state.title.c_str());
-    SelectColor(dialog, state.color);
+    SetWindowTextW(dialog, ToWide(state.request.title).c_str());
+    SelectColor(dialog, state.request.color);
     // The dialog leaves the name of a face that is not installed empty.
     if (TextOf(dialog, FaceBox).empty())
-        SetDlgItemTextW(dialog, FaceBox, ToWide(state.given->name).c_str());
+        SetDlgItemTextW(dialog, FaceBox, ToWide(state.request.font.name).c_str());
     state.first = state.last = ReadControls(dialog);
+    if (!state.request.readings.empty()) AddReadingList(dialog, ScriptBox, state.request);
     CenterOver(dialog, GetWindow(dialog, GW_OWNER));
+}
+
+const TextReading* ReadingAt(const FontDialogState& state, int index) {
+    return index < 0 ? nullptr : &state.request.readings[static_cast<std::size_t>(index)];
+}
+
+// The entry of the box for the script of a reading. The box has the scripts of the face alone; its
+// items hold their character sets.
+LRESULT ScriptIndex(HWND dialog, const FontDialogState& state, int reading) {
+    const HWND box = GetDlgItem(dialog, ScriptBox);
+    if (reading == state.request.reading)
+        return SendMessageW(box, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                            reinterpret_cast<LPARAM>(state.first.script.c_str()));
+    const LRESULT count = SendMessageW(box, CB_GETCOUNT, 0, 0);
+    for (LRESULT i = 0; i < count; ++i)
+        if (SendMessageW(box, CB_GETITEMDATA, static_cast<WPARAM>(i), 0) ==
+            ReadingAt(state, reading)->charset)
+            return i;
+    return CB_ERR;
+}
+
+void SelectScriptOfReading(HWND dialog, FontDialogState& state) {
+    const int reading = SelectedReading(dialog);
+    const LRESULT index = reading < 0 ? CB_ERR : ScriptIndex(dialog, state, reading);
+    if (index == CB_ERR) return;
+    SendDlgItemMessageW(dialog, ScriptBox, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+    state.followsReading = true;
+    SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(ScriptBox, CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, ScriptBox)));
+    state.followsReading = false;
+}
+
+// A text that reads in any script, as Unicode does, stays as it is.
+void SelectReadingOfScript(HWND dialog, const FontDialogState& state) {
+    const TextReading* const present = ReadingAt(state, SelectedReading(dialog));
+    if (present && present->charset < 0) return;
+    if (TextOf(dialog, ScriptBox) == state.first.script)
+        return SelectReading(dialog, state.request.reading);
+    LOGFONTW chosen = {};
+    SendMessageW(dialog, WM_CHOOSEFONT_GETLOGFONT, 0, reinterpret_cast<LPARAM>(&chosen));
+    SelectReading(dialog, ReadingOfScript(state.request.readings, chosen.lfCharSet));
+}
+
+// Runs before the dialog's own procedure.
+void OnCommand(HWND dialog, FontDialogState& state, WORD control, WORD notification) {
+    if (control == IDOK) {
+        state.last = ReadControls(dialog);
+        state.reading = SelectedReading(dialog);
+    }
+    if (state.request.readings.empty()) return;
+    if (control == ReadingList && notification == LBN_SELCHANGE)
+        SelectScriptOfReading(dialog, state);
+    if (control == ScriptBox && notification == CBN_SELCHANGE && !state.followsReading)
+        PostMessageW(dialog, ScriptChosen, 0, 0); // once the dialog knows the script
 }
 
 UINT_PTR CALLBACK HookProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -70,14 +129,13 @@ UINT_PTR CALLBACK HookProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lPar
         OnInitDialog(dialog, *reinterpret_cast<FontDialogState*>(request->lCustData));
     }
     auto* state = reinterpret_cast<FontDialogState*>(GetWindowLongPtrW(dialog, DWLP_USER));
-    // The hook runs before the dialog procedure closes the dialog.
-    if (state && message == WM_COMMAND && LOWORD(wParam) == IDOK)
-        state->last = ReadControls(dialog);
+    if (state && message == WM_COMMAND) OnCommand(dialog, *state, LOWORD(wParam), HIWORD(wParam));
+    if (state && message == ScriptChosen) SelectReadingOfScript(dialog, *state);
     return 0;
 }
 
 ViewFont ChosenFont(const FontDialogState& state, const LOGFONTW& chosen, int tenthsOfPoints) {
-    ViewFont font = *state.given;
+    ViewFont font = state.request.font;
     if (state.last.face != state.first.face) font.name = FromWide(chosen.lfFaceName);
     if (state.last.size != state.first.size) font.size = tenthsOfPoints / 10.0;
     if (state.last.script != state.first.script) font.charset = chosen.lfCharSet;
@@ -92,25 +150,23 @@ ViewFont ChosenFont(const FontDialogState& state, const LOGFONTW& chosen, int te
 
 } // namespace
 
-FontAnswer AskFont(HWND owner, const std::u16string& title, const ViewFont& font, Color color) {
-    FontDialogState state;
-    state.title = ToWide(title);
-    state.given = &font;
-    state.color = color;
-    LOGFONTW chosen = ToLogFont(font, SystemDpi());
+FontAnswer AskFont(HWND owner, const FontRequest& asked) {
+    FontDialogState state{asked, {}, {}};
+    LOGFONTW chosen = ToLogFont(asked.font, SystemDpi());
     CHOOSEFONTW request = {};
     request.lStructSize = sizeof request;
     request.hwndOwner = owner;
     request.lpLogFont = &chosen;
     request.Flags = CF_SCREENFONTS | CF_EFFECTS | CF_INITTOLOGFONTSTRUCT | CF_ENABLEHOOK;
-    request.rgbColors = color;
+    request.rgbColors = asked.color;
     request.lCustData = reinterpret_cast<LPARAM>(&state);
     request.lpfnHook = HookProc;
     if (!ChooseFontW(&request)) {
         const bool failed = CommDlgExtendedError() != 0;
-        return {failed ? DialogResult::Failed : DialogResult::Cancel, font, color};
+        return {failed ? DialogResult::Failed : DialogResult::Cancel, asked.font, asked.color,
+                asked.reading};
     }
     const bool recolored = state.last.color != state.first.color && state.last.color != CB_ERR;
     return {DialogResult::Ok, ChosenFont(state, chosen, request.iPointSize),
-            recolored ? static_cast<Color>(state.last.color) : color};
+            recolored ? static_cast<Color>(state.last.color) : asked.color, state.reading};
 }

@@ -46,8 +46,8 @@ ColorAnswer WinDialogs::ChooseColor(const std::u16string& title, Color start) {
     return AskColor(owner_, title, start);
 }
 
-FontAnswer WinDialogs::ChooseFont(const std::u16string& title, const ViewFont& font, Color color) {
-    return AskFont(owner_, title, font, color);
+FontAnswer WinDialogs::ChooseFont(const FontRequest& request) {
+    return AskFont(owner_, request);
 }
 
 FindAnswer WinDialogs::AskFind(const FindRequest& request) {

@@ -18,9 +18,10 @@ UINT StateOf(const MenuItem& item) {
 } // namespace
 
 std::wstring NativeCaption(const MenuItem& item) {
-    if (!item.literal) return ToWide(item.caption);
+    const std::u16string& shown = item.ShownCaption();
+    if (!item.literal) return ToWide(shown);
     std::wstring caption;
-    for (const char16_t unit : item.caption)
+    for (const char16_t unit : shown)
         caption.append(unit == u'&' ? 2 : 1, static_cast<wchar_t>(unit));
     return caption;
 }

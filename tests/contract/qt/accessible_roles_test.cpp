@@ -81,8 +81,14 @@ TEST_CASE("accessible roles: controls of a dialog have names, and a tab order") 
     request.text = u"quay";
     FindDialog find(nullptr, request);
     CHECK(TabOrder(find) == "Find what:|Match whole word only|Match case|Find|Cancel|");
-    FontDialog font(nullptr, {u"DejaVu Sans", 12, 0}, 0);
+    FontRequest fontRequest{u"", {u"DejaVu Sans", 12, 0}};
+    FontDialog font(nullptr, fontRequest);
     CHECK(TabOrder(font) == "Font:|Style:|Size:|Strikeout|Underline|Color...|Script:|OK|Cancel|");
+    fontRequest.readings = {{u"Western", u"line"}, {u"Greek", u"line"}};
+    FontDialog withReadings(nullptr, fontRequest);
+    CHECK(TabOrder(withReadings) ==
+          "Font:|Style:|Size:|Strikeout|Underline|Color...|Script:|A line of "
+          "this book in each charset, likeliest first:|OK|Cancel|");
 }
 
 TEST_CASE("accessible roles: the parts of the help and its topic have names") {

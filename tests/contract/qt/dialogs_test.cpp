@@ -14,6 +14,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
+#include <QTreeWidget>
 
 #include <algorithm>
 #include <functional>
@@ -65,7 +66,7 @@ TEST_CASE("qt dialogs: a font confirmed untouched is exactly the one given") {
                 CHECK(dialog.windowTitle() == "Font");
                 Confirm(dialog);
             });
-            const FontAnswer answer = dialogs.ChooseFont(u"Font", font, color);
+            const FontAnswer answer = dialogs.ChooseFont({u"Font", font, color});
             CHECK(answer.result == DialogResult::Ok);
             CHECK(answer.font == font);
             CHECK(answer.color == color);
@@ -81,7 +82,7 @@ TEST_CASE("qt dialogs: what is changed of a font, and nothing else") {
     });
     ViewFont expected = given;
     expected.size = 14;
-    CHECK(dialogs.ChooseFont(u"", given, 0).font == expected);
+    CHECK(dialogs.ChooseFont({u"", given}).font == expected);
 
     std::u16string last;
     WhileOpen([&last](QDialog& dialog) {
@@ -94,7 +95,7 @@ TEST_CASE("qt dialogs: what is changed of a font, and nothing else") {
         last = face->currentText().toStdU16String();
         Confirm(dialog);
     });
-    const ViewFont chosen = dialogs.ChooseFont(u"", given, 0).font;
+    const ViewFont chosen = dialogs.ChooseFont({u"", given}).font;
     expected = given;
     expected.name = last;
     expected.underline = !given.underline;
@@ -106,7 +107,7 @@ TEST_CASE("qt dialogs: Escape cancels") {
     QtDialogs dialogs(nullptr);
     const auto giveUp = [](QDialog& dialog) { Press(dialog, Qt::Key_Escape); };
     WhileOpen(giveUp);
-    CHECK(dialogs.ChooseFont(u"", fonts[0], 0).result == DialogResult::Cancel);
+    CHECK(dialogs.ChooseFont({u"", fonts[0]}).result == DialogResult::Cancel);
     WhileOpen(giveUp);
     CHECK(dialogs.ChooseColor(u"", 0).result == DialogResult::Cancel);
     WhileOpen(giveUp);
@@ -248,4 +249,94 @@ TEST_CASE("qt dialogs: a message of rich text gives the number of the button") {
     CHECK(ask([](QDialog& dialog) { Confirm(dialog); }) == 1);
     CHECK(ask([](QDialog& dialog) { Press(dialog, Qt::Key_Escape); }) == 0);
     CHECK(ask([](QDialog& dialog) { dialog.close(); }) == 0);
+}
+
+namespace {
+FontRequest RequestWithReadings() {
+    return {u"Font",
+            {u"DejaVu Serif", 12, 0},
+            0,
+            {{u"Western", u"\u00CA\u00E0\u00EA", 0},
+             {u"Cyrillic (DOS)", u"\u0421\u043A\u0430", 204},
+             {u"Cyrillic (Windows)", u"\u0420\u0453", 204, true},
+             {u"Unicode", u"\uFFFD", -1},
+             {u"Greek", u"\u03A3", 161}},
+            0};
+}
+
+// What the dialog answers when `action` is done in it.
+FontAnswer AnswerAfter(const FontRequest& request,
+                       const std::function<void(QTreeWidget&, QComboBox&)>& action) {
+    WhileOpen([&](QDialog& dialog) {
+        const auto boxes = dialog.findChildren<QComboBox*>();
+        auto* list = dialog.findChild<QTreeWidget*>();
+        REQUIRE(list);
+        action(*list, *boxes.back());
+        Confirm(dialog);
+    });
+    return QtDialogs(nullptr).ChooseFont(request);
+}
+
+void ChooseByHand(QComboBox& box, int charset) {
+    box.setCurrentIndex(box.findData(charset));
+    emit box.activated(box.currentIndex());
+}
+} // namespace
+
+TEST_CASE("qt dialogs: a text's readings are listed in their order, the present one selected") {
+    const FontRequest request = RequestWithReadings();
+    const FontAnswer untouched = AnswerAfter(request, [](QTreeWidget& list, QComboBox&) {
+        REQUIRE(list.topLevelItemCount() == 5);
+        CHECK(list.topLevelItem(1)->text(0) == "Cyrillic (DOS)");
+        CHECK(list.topLevelItem(1)->text(1) == QString::fromUtf16(u"\u0421\u043A\u0430"));
+        CHECK(list.currentIndex().row() == 0);
+    });
+    CHECK(untouched.font == request.font);
+    CHECK(untouched.reading == 0);
+    WhileOpen([](QDialog& dialog) {
+        CHECK_FALSE(dialog.findChild<QTreeWidget*>());
+        Confirm(dialog);
+    });
+    CHECK(QtDialogs(nullptr).ChooseFont({u"", fonts[0]}).reading == -1);
+}
+
+TEST_CASE("qt dialogs: a reading brings its script along, and a script its reading") {
+    FontRequest request = RequestWithReadings();
+    FontAnswer answer = AnswerAfter(request, [](QTreeWidget& list, QComboBox& script) {
+        list.setCurrentItem(list.topLevelItem(1));
+        CHECK(script.currentData().toInt() == 204);
+    });
+    CHECK(answer.reading == 1);
+    CHECK(answer.font.charset == 204);
+    answer = AnswerAfter(request, [](QTreeWidget& list, QComboBox& script) {
+        ChooseByHand(script, 204);
+        CHECK(list.currentIndex().row() == 2);
+    });
+    CHECK(answer.reading == 2);
+    answer = AnswerAfter(request, [](QTreeWidget& list, QComboBox& script) {
+        ChooseByHand(script, 178); // no reading has it
+        CHECK(list.selectedItems().isEmpty());
+    });
+    CHECK(answer.reading == -1);
+    CHECK(answer.font.charset == 178);
+
+    request.font.charset = 77; // none of the box: it comes back with the first reading
+    answer = AnswerAfter(request, [](QTreeWidget& list, QComboBox& script) {
+        list.setCurrentItem(list.topLevelItem(4));
+        CHECK(script.currentData().toInt() == 161);
+        list.setCurrentItem(list.topLevelItem(0));
+    });
+    CHECK(answer.font == request.font);
+    CHECK(answer.reading == 0);
+}
+
+TEST_CASE("qt dialogs: Unicode reads in any script") {
+    FontRequest request = RequestWithReadings();
+    FontAnswer answer = AnswerAfter(request, [](QTreeWidget& list, QComboBox& script) {
+        list.setCurrentItem(list.topLevelItem(3));
+        CHECK(script.currentData().toInt() == 0);
+        ChooseByHand(script, 204);
+    });
+    CHECK(answer.reading == 3);
+    CHECK(answer.font.charset == 204);
 }

@@ -3,9 +3,10 @@ from harness.dialog import Dialog
 from harness.wine import ON_WINE
 
 WINDOWS = {"face": ["alt+f"], "style": ["alt+y"], "size": ["alt+s"], "strikeout": ["alt+k"],
-           "underline": ["alt+u"], "script": ["alt+c", "Tab"]}  # which has another key under Wine
+           "underline": ["alt+u"], "readings": ["alt+b"], "script": ["alt+c", "Tab"]}  # which has another key under Wine
 LINUX = {"face": ["alt+f"], "style": ["alt+s"], "size": ["alt+z"], "strikeout": ["alt+k"],
-         "underline": ["alt+u"], "script": ["alt+r"]}
+         "underline": ["alt+u"], "script": ["alt+r"],
+         "readings": ["alt+b"]}
 KEYS = WINDOWS if ON_WINE else LINUX
 
 
@@ -26,6 +27,10 @@ class FontDialog(Dialog):
     def set_size(self, size):
         self.press("size", "ctrl+a")
         self.type(size)
+
+    def choose_reading(self, row):
+        """Of the list of the book's lines, from 0."""
+        self.press("readings", "Home", *["Down"] * row)
 
     def choose_cyrillic(self, attempt):
         """A list of the system goes to the next entry of the letter; ours knows the whole word."""
