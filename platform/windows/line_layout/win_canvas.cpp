@@ -16,6 +16,17 @@ AlphaBlendFunction* FindAlphaBlend() {
     return function;
 }
 
+void Blend(HDC context, const Rect& box, HBITMAP bitmap, SIZE size, BLENDFUNCTION how) {
+    static AlphaBlendFunction* const alphaBlend = FindAlphaBlend();
+    if (!alphaBlend) return;
+    const HDC source = CreateCompatibleDC(context);
+    const HGDIOBJ before = SelectObject(source, bitmap);
+    alphaBlend(context, box.left, box.top, box.width, box.height, source, 0, 0, size.cx, size.cy,
+               how);
+    SelectObject(source, before);
+    DeleteDC(source);
+}
+
 } // namespace
 
 // ExtTextOut fills without a brush to be made.
@@ -28,15 +39,17 @@ void WinCanvas::FillRect(const Rect& rect, Color color) {
 }
 
 void WinCanvas::TintRect(const Rect& rect, Color color) {
-    static AlphaBlendFunction* const alphaBlend = FindAlphaBlend();
-    if (rect.width <= 0 || rect.height <= 0 || !alphaBlend) return;
-    const HDC source = CreateCompatibleDC(context_);
+    if (rect.width <= 0 || rect.height <= 0) return;
+    const HDC dot = CreateCompatibleDC(context_);
     const HBITMAP bitmap = CreateCompatibleBitmap(context_, 1, 1);
-    const HGDIOBJ before = SelectObject(source, bitmap);
-    SetPixelV(source, 0, 0, color);
-    const BLENDFUNCTION half = {AC_SRC_OVER, 0, 128, 0};
-    alphaBlend(context_, rect.left, rect.top, rect.width, rect.height, source, 0, 0, 1, 1, half);
-    SelectObject(source, before);
+    const HGDIOBJ before = SelectObject(dot, bitmap);
+    SetPixelV(dot, 0, 0, color);
+    SelectObject(dot, before);
+    DeleteDC(dot);
+    Blend(context_, rect, bitmap, {1, 1}, {AC_SRC_OVER, 0, 128, 0});
     DeleteObject(bitmap);
-    DeleteDC(source);
+}
+
+void WinCanvas::DrawBitmap(HBITMAP bitmap, const Rect& box) {
+    Blend(context_, box, bitmap, {box.width, box.height}, {AC_SRC_OVER, 0, 255, AC_SRC_ALPHA});
 }

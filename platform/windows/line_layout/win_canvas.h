@@ -15,6 +15,8 @@ class WinCanvas : public Canvas {
 
     void FillRect(const Rect&, Color) override;
     void TintRect(const Rect&, Color) override;
+    // As large as the rectangle, with 32 bits for a pixel, colours multiplied by alpha.
+    void DrawBitmap(HBITMAP, const Rect&);
 
   private:
     HDC context_; // the caller's
