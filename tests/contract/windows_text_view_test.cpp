@@ -9,6 +9,8 @@
 
 #include <doctest/doctest.h>
 
+#include <ole2.h>
+
 namespace {
 // Shown, as nothing else is painted; above the others on the screen.
 class ShownWindow {
@@ -25,6 +27,13 @@ class ShownWindow {
 
   private:
     HWND window_;
+};
+
+struct OleForTest {
+    OleForTest() { OleInitialize(nullptr); }
+    ~OleForTest() { OleUninitialize(); }
+    OleForTest(const OleForTest&) = delete;
+    OleForTest& operator=(const OleForTest&) = delete;
 };
 
 struct Bench {
@@ -301,6 +310,7 @@ TEST_CASE("windows text view: what is selected is painted in the selection's col
 }
 
 TEST_CASE("windows text view: a picture is decoded and scaled to its place") {
+    const OleForTest ole; // as main.cpp does
     Bench bench;
     // A PNG of one red pixel, shown 40 pixels wide and 30 high at 96 dpi.
     const std::string red = "89504e470d0a1a0a0000000d4948445200000001000000010802000000907753de0000"
