@@ -52,6 +52,14 @@ std::vector<std::vector<TextPos>> RunSequences(const BidiText& bidi) {
     return sequences;
 }
 
+// Nothing in it can have another level than 0 in a paragraph from left to right.
+bool IsLeftToRight(const BidiText& bidi) {
+    return std::none_of(bidi.classes.begin(), bidi.classes.end(), [](BidiClass each) {
+        return each == BidiClass::R || each == BidiClass::AL || each == BidiClass::AN ||
+               each >= BidiClass::LRE;
+    });
+}
+
 bool IsSpaceOrControl(BidiClass bidi) {
     return bidi == BidiClass::WS || bidi >= BidiClass::LRE || bidi == BidiClass::BN;
 }
@@ -59,6 +67,7 @@ bool IsSpaceOrControl(BidiClass bidi) {
 
 std::vector<BidiLevel> BidiLevels(std::u16string_view text, bool rightToLeft) {
     BidiText bidi = Classify(text, rightToLeft);
+    if (!rightToLeft && IsLeftToRight(bidi)) return bidi.levels;
     ApplyDirectionControls(bidi);
     bidi.resolved = bidi.levels;
     for (const auto& sequence : RunSequences(bidi))

@@ -3,8 +3,6 @@
 
 #include "common/geometry.h"
 
-#include <algorithm>
-
 struct Point {
     int x = 0, y = 0;
     friend Point operator+(Point a, Point b) { return {a.x + b.x, a.y + b.y}; }
@@ -31,11 +29,4 @@ inline Rect Moved(Rect box, Point by) {
 
 inline bool Intersect(const Rect& a, const Rect& b) {
     return a.left < Right(b) && b.left < Right(a) && a.top < Bottom(b) && b.top < Bottom(a);
-}
-
-// Empty where they do not intersect.
-inline Rect Intersection(const Rect& a, const Rect& b) {
-    const int left = std::max(a.left, b.left), top = std::max(a.top, b.top);
-    return {left, top, std::max(0, std::min(Right(a), Right(b)) - left),
-            std::max(0, std::min(Bottom(a), Bottom(b)) - top)};
 }

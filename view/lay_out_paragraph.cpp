@@ -1,6 +1,6 @@
 // Places the lines of a paragraph.
+#include "common/utf.h"
 #include "view/capitals.h"
-#include "view/characters.h"
 #include "view/layout_cost.h"
 #include "view/paragraph_layout.h"
 #include "view/paragraph_shape.h"
@@ -32,7 +32,7 @@ bool IsDirectionControl(char32_t character) {
 void TruncateClusters(std::u16string& text) {
     ClusterLength cluster;
     for (std::size_t at = 0, next = 0; at < text.size(); at = next) {
-        const char32_t character = CharacterFrom(text, at);
+        const char32_t character = FirstCharacter(std::u16string_view(text).substr(at, 2));
         const bool pair = character > 0xFFFF;
         next = at + (pair ? 2 : 1);
         if (cluster.Add(character) < maxClusterLength) continue;

@@ -8,6 +8,7 @@
 #include "view/picture_store.h"
 #include "view/text_styles.h"
 
+#include <algorithm>
 #include <memory>
 #include <vector>
 

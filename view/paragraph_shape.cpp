@@ -1,7 +1,7 @@
 #include "view/paragraph_shape.h"
 
+#include "common/text_characters.h"
 #include "common/unicode.h"
-#include "view/characters.h"
 #include "view/style_runs.h"
 
 #include <algorithm>
@@ -95,8 +95,8 @@ void SetPlainTabs(const LayoutContext& context, ParagraphShape& shape) {
 bool StartsRightToLeft(std::u16string_view text) {
     int isolates = 0;
     for (std::size_t at = 0; at < text.size();) {
-        const char32_t character = CharacterFrom(text, at);
-        at += UnitsOf(character);
+        const char32_t character = FirstCharacter(text.substr(at, 2));
+        at += std::size_t(UnitsOf(character));
         if (character >= 0x2066 && character <= 0x2068) ++isolates;
         if (character == 0x2069 && isolates > 0) --isolates;
         const Direction direction = StrongDirection(character);
@@ -104,6 +104,16 @@ bool StartsRightToLeft(std::u16string_view text) {
             return direction == Direction::RightToLeft;
     }
     return false;
+}
+// Scaled down to fit, with its proportions.
+Size Fitted(Size size, Size most) {
+    if (size.width <= most.width && size.height <= most.height) return size;
+    const std::int64_t width = size.width, height = size.height;
+    const int fittingWidth = int(most.height * width / height);
+    const Size fitted = fittingWidth <= most.width
+                            ? Size{fittingWidth, most.height}
+                            : Size{most.width, int(most.width * height / width)};
+    return {std::max(1, fitted.width), std::max(1, fitted.height)};
 }
 } // namespace
 
@@ -150,17 +160,6 @@ ParagraphShape ShapeOf(const LayoutContext& context, const ParagraphPart& part,
     SetBox(context, style, part, shape);
     SetTabs(context, style, shape);
     return shape;
-}
-
-// Scaled down to fit, with its proportions.
-static Size Fitted(Size size, Size most) {
-    if (size.width <= most.width && size.height <= most.height) return size;
-    const std::int64_t width = size.width, height = size.height;
-    const int fittingWidth = int(most.height * width / height);
-    const Size fitted = fittingWidth <= most.width
-                            ? Size{fittingWidth, most.height}
-                            : Size{most.width, int(most.width * height / width)};
-    return {std::max(1, fitted.width), std::max(1, fitted.height)};
 }
 
 Size PictureSize(const LayoutContext& context, const Picture& picture, int width) {

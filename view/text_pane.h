@@ -6,6 +6,7 @@
 #include "view/pane_window.h"
 #include "view/text_scroller.h"
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 
@@ -47,8 +48,8 @@ class TextPane {
 
     // What the user does. `extend` keeps the selection's other end.
     bool Press(PaneKey key, bool extend, bool control); // whether the key means something
-    void Click(Point point, int count, bool extend);    // of the main button: by a character, a
-                                                        // word (2) or a paragraph (3)
+    // Of the main button: by a character (1), a word (2) or a paragraph (3).
+    void Click(Point point, int count, bool extend);
     void DragTo(Point point);
     void EndDrag();
     void ScrollLines(int lines);

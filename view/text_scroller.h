@@ -4,6 +4,7 @@
 
 #include "view/text_layouts.h"
 
+#include <algorithm>
 #include <optional>
 
 // A vertical position in the text: pixels from the top of the block that starts at `block`.

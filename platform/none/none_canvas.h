@@ -14,6 +14,8 @@ struct NoneDrawing {
     // Of text only.
     std::u16string text = {}; // in the order of reading
     int left = 0, baseline = 0;
+    bool oneColor = false;
+    std::vector<Rect> within = {}, without = {};
 };
 
 class NoneCanvas : public Canvas {
@@ -25,8 +27,15 @@ class NoneCanvas : public Canvas {
         drawings.push_back({NoneDrawing::Kind::Tint, rect, color});
     }
     void DrawLine(std::u16string text, int left, int baseline, const LinePaint& paint) {
-        drawings.push_back(
-            {NoneDrawing::Kind::Text, paint.clip, paint.text, std::move(text), left, baseline});
+        drawings.push_back({NoneDrawing::Kind::Text,
+                            paint.clip,
+                            paint.text,
+                            std::move(text),
+                            left,
+                            baseline,
+                            paint.oneColor,
+                            {paint.within.begin(), paint.within.end()},
+                            {paint.without.begin(), paint.without.end()}});
     }
 
     std::vector<NoneDrawing> drawings;

@@ -39,8 +39,7 @@ class LineBreaker {
             line.visibleEnd = spaces;
         else
             LimitSpaces(first, spaces, line.visibleEnd);
-        if (wrapped && line.visibleEnd == line.end && last == Kind::SoftHyphen)
-            all_[line.end - 1].width = all_[line.end - 1].style->CharacterWidth();
+        if (wrapped && last == Kind::SoftHyphen) ShowHyphen(first, line.end);
         line.line.start = clusters_.StartOf(first);
         line.line.end = clusters_.StartOf(line.end);
         if (wrapped && paragraph_.justified) line.line.justified = Justify(first, line.visibleEnd);
@@ -100,6 +99,15 @@ class LineBreaker {
             all_[i].width = std::clamp(left, 0.0, all_[i].width);
             left -= all_[i].width;
         }
+    }
+
+    // Not where the line is too narrow for any hyphen.
+    void ShowHyphen(std::size_t first, std::size_t end) {
+        double pen = 0;
+        for (std::size_t i = first; i < end; ++i)
+            pen += all_[i].width;
+        if (HyphenFits(all_[end - 1], pen))
+            all_[end - 1].width = all_[end - 1].style->CharacterWidth();
     }
 
     // False without a space between words, or with a tab.

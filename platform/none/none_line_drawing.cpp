@@ -32,7 +32,7 @@ void NoneTextLines::FillBackgrounds(Canvas& canvas, const NoneLine& line, int le
 void NoneTextLines::Draw(Canvas& canvas, int index, int left, int baseline,
                          const LinePaint& paint) const {
     const NoneLine& line = At(index);
-    FillBackgrounds(canvas, line, left, baseline, paint.clip);
+    if (!paint.oneColor) FillBackgrounds(canvas, line, left, baseline, paint.clip);
     const auto start = std::size_t(line.line.start),
                end = std::size_t(clusters_.StartOf(line.visibleEnd));
     if (auto* record = dynamic_cast<NoneCanvas*>(&canvas))

@@ -62,6 +62,19 @@ TEST_CASE("line layout: a larger font raises the lines that it is in") {
     });
 }
 
+TEST_CASE("line layout: an empty line is as high as the font of a run at the text's end") {
+    OnEachLineLayout([](LineLayout& layout) {
+        const auto large = layout.Prepare(LineStyle(24));
+        for (const char16_t* text : {u"abc\u2028", u"abc\u2028\u2028"}) {
+            ParagraphText paragraph = LineParagraph(layout, text);
+            paragraph.runs.push_back({TextPos(paragraph.text.size()), large});
+            const auto lines = layout.BreakLines(paragraph);
+            const double ascent = lines->Line(lines->Count() - 1).ascent;
+            CHECK(IsWithin(ascent, layout.Metrics(*large).ascent));
+        }
+    });
+}
+
 TEST_CASE("line layout: raised and lowered letters are smaller") {
     OnEachLineLayout([](LineLayout& layout) {
         TextStyle style = LineStyle(24);
@@ -127,6 +140,8 @@ TEST_CASE("line layout: tab stops are from the start edge, not from the indent")
             const auto lines = BreakWithTabs(layout, text, rightToLeft, 50);
             CHECK(IsWithin(FromStart(*lines, 1, rightToLeft), 150));
             CHECK(IsWithin(FromStart(*lines, 3, rightToLeft), 280));
+            const auto atStop = BreakWithTabs(layout, u"\t\t" + text.substr(1, 1), rightToLeft);
+            CHECK(IsWithin(FromStart(*atStop, 2, rightToLeft), 330));
             const auto behind = BreakWithTabs(layout, text, rightToLeft, 220);
             CHECK(IsWithin(FromStart(*behind, 1, rightToLeft), 110));
         }
@@ -162,6 +177,17 @@ TEST_CASE("line layout: a box has its width, and lines may break beside it") {
             const double ascent = layout.Metrics(*paragraph.runs[0].style).ascent;
             CHECK(lines->Line(1).ascent <= ascent + pixel); // the box does not count
         }
+    });
+}
+
+TEST_CASE("line layout: beside a box a line breaks as between words") {
+    OnEachLineLayout([](LineLayout& layout) {
+        const int box = 100, before = int(std::ceil(TextWidth(layout, u"xx abc")));
+        ParagraphText paragraph = LineParagraph(layout, u"xx abc\uFFFCdef", before + box / 2);
+        paragraph.boxes = {{6, box}};
+        CHECK(layout.BreakLines(paragraph)->Line(0).end == 6);
+        paragraph.width = before + box + 2;
+        CHECK(layout.BreakLines(paragraph)->Line(0).end == 7);
     });
 }
 
@@ -203,7 +229,7 @@ TEST_CASE("line layout: a line without spaces, with a tab or before a break is n
         for (const char16_t* text :
              {u"several several", u"a\tb several several", u"a b c\u2028several several"}) {
             ParagraphText paragraph =
-                LineParagraph(layout, text, int(1.5 * TextWidth(layout, u"several")));
+                LineParagraph(layout, text, int(2 * TextWidth(layout, u"several")));
             paragraph.tabStops = {int(TextWidth(layout, u"abc"))};
             const auto natural = layout.BreakLines(paragraph);
             paragraph.justified = true;

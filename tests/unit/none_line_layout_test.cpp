@@ -125,6 +125,8 @@ TEST_CASE("headless canvas: keeps what is drawn, in order") {
     LinePaint paint;
     paint.text = 0x123456;
     paint.clip = {0, 0, 110, 100};
+    const Rect without[] = {{100, 30, 8, 16}};
+    paint.without = without;
     lines->Draw(canvas, 0, 100, 43, paint);
     REQUIRE(canvas.drawings.size() == 3); // the second letter with a background is clipped away
     CHECK(canvas.drawings[0].kind == NoneDrawing::Kind::Tint);
@@ -136,4 +138,11 @@ TEST_CASE("headless canvas: keeps what is drawn, in order") {
     CHECK(canvas.drawings[2].left == 100);
     CHECK(canvas.drawings[2].baseline == 43);
     CHECK(canvas.drawings[2].color == 0x123456);
+    CHECK(canvas.drawings[2].without == std::vector<Rect>{{100, 30, 8, 16}});
+
+    canvas.drawings.clear();
+    paint.oneColor = true;
+    lines->Draw(canvas, 0, 100, 43, paint);
+    REQUIRE(canvas.drawings.size() == 1); // the text, without backgrounds
+    CHECK(canvas.drawings[0].oneColor);
 }

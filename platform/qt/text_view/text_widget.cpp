@@ -13,6 +13,18 @@
 
 #include <cmath>
 
+namespace {
+// Scales the painter to device pixels and returns the transformation to them. The widget may start
+// at a fractional device pixel.
+QTransform UseScreenPixels(QPainter& painter, double pixelRatio) {
+    painter.scale(1 / pixelRatio, 1 / pixelRatio);
+    const QTransform toScreen = painter.deviceTransform();
+    painter.translate(std::round(toScreen.dx()) - toScreen.dx(),
+                      std::round(toScreen.dy()) - toScreen.dy());
+    return QTransform::fromScale(pixelRatio, pixelRatio);
+}
+} // namespace
+
 TextWidget::TextWidget(QWidget* parent)
     : QAbstractScrollArea(parent), pane_(*this, lines_, pictures_) {
     AccessibleText::Install();
@@ -152,16 +164,6 @@ void TextWidget::changeEvent(QEvent* event) {
     QAbstractScrollArea::changeEvent(event);
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
         UpdateSystemStyle();
-}
-
-// Scales the painter to device pixels and returns the transformation to them. The widget may start
-// at a fractional device pixel.
-static QTransform UseScreenPixels(QPainter& painter, double pixelRatio) {
-    painter.scale(1 / pixelRatio, 1 / pixelRatio);
-    const QTransform toScreen = painter.deviceTransform();
-    painter.translate(std::round(toScreen.dx()) - toScreen.dx(),
-                      std::round(toScreen.dy()) - toScreen.dy());
-    return QTransform::fromScale(pixelRatio, pixelRatio);
 }
 
 void TextWidget::paintEvent(QPaintEvent* event) {

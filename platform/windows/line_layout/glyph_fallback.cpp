@@ -38,9 +38,8 @@ std::size_t NextCaret(const TextUnits& text, const GlyphRun& run, std::size_t un
 std::vector<Stretch> Divide(WinFonts& fonts, const TextUnits& text, const GlyphRun& run,
                             bool shaped) {
     std::vector<Stretch> stretches;
-    std::size_t next = run.start;
-    for (std::size_t at = run.start; at < run.end; at = next) {
-        next = shaped ? NextCluster(run, at) : NextCaret(text, run, at);
+    for (std::size_t at = run.start; at < run.end;) {
+        const std::size_t next = shaped ? NextCluster(run, at) : NextCaret(text, run, at);
         std::wstring family;
         if (!shaped || LacksGlyph(run, at, next))
             family = fonts.Fallback().FamilyFor(LackingCharacter(fonts, text, run, at, next),
@@ -51,6 +50,7 @@ std::vector<Stretch> Divide(WinFonts& fonts, const TextUnits& text, const GlyphR
             stretches.back().end = next;
         else
             stretches.push_back({at, next, std::move(family)});
+        at = next;
     }
     return stretches;
 }

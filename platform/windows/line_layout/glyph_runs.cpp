@@ -68,14 +68,14 @@ void DivideCluster(const TextUnits& text, std::size_t start, std::size_t end, in
 }
 
 void SetWidths(const GlyphRun& run, const TextUnits& text, std::vector<int>& widths) {
-    std::size_t next = run.start;
-    for (std::size_t at = run.start; at < run.end; at = next) {
-        next = NextCluster(run, at);
+    for (std::size_t at = run.start; at < run.end;) {
+        const std::size_t next = NextCluster(run, at);
         const GlyphSpan glyphs = GlyphsOf(run, at, next);
         int width = 0;
         for (std::size_t glyph = glyphs.first; glyph < glyphs.end; ++glyph)
             width += run.advances[glyph];
         DivideCluster(text, at, next, width, widths);
+        at = next;
     }
 }
 

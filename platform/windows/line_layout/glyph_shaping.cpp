@@ -1,3 +1,4 @@
+#include "common/unicode.h"
 #include "platform/windows/line_layout/characters.h"
 #include "platform/windows/line_layout/glyph_runs.h"
 
@@ -67,6 +68,14 @@ void PlaceGlyphs(HDC context, GlyphRun& run) {
     }
 }
 
+// Wine 8 reads in front of such a text and fails: a mark of Hebrew or Arabic without its letter,
+// among text from left to right.
+bool IsLostMark(const TextUnits& text, const GlyphRun& run) {
+    const char32_t first = CharacterAt(text.text, run.start);
+    return !run.IsRightToLeft() && first >= 0x0590 && first <= 0x08FF &&
+           ClusterJoinOf(first) == ClusterJoin::Extending;
+}
+
 } // namespace
 
 std::size_t NextCluster(const GlyphRun& run, std::size_t unit) {
@@ -95,6 +104,7 @@ GlyphSpan GlyphsOf(const GlyphRun& run, std::size_t start, std::size_t end) {
 
 bool ShapeRun(MeasuringContext& measuring, const TextUnits& text, GlyphRun& run) {
     const HDC context = measuring.With(run.font);
+    if (IsLostMark(text, run)) run.analysis.eScript = SCRIPT_UNDEFINED;
     const HRESULT result = FindGlyphs(context, text, run);
     if (result == USP_E_SCRIPT_NOT_IN_FONT) return false;
     if (FAILED(result)) MakeEmptyGlyphs(run);

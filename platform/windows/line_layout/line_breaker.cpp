@@ -119,7 +119,6 @@ void LimitTrailingSpaces(const TextUnits& text, ShapedText& shaped, const Broken
     }
 }
 
-// A paragraph that goes on behind its text is wrapped there as well.
 BrokenLine MakeLine(const ParagraphText& paragraph, const TextUnits& text, ShapedText& shaped,
                     std::size_t start, const LineEnd& end) {
     BrokenLine line;
@@ -134,8 +133,7 @@ BrokenLine MakeLine(const ParagraphText& paragraph, const TextUnits& text, Shape
     else
         LimitTrailingSpaces(text, shaped, line, room);
     const std::size_t last = line.visibleEnd;
-    line.hasHyphen = wrapped && !end.isTextEnd && last > start &&
-                     text.units[last - 1].kind == UnitKind::SoftHyphen;
+    line.hasHyphen = wrapped && last > start && text.units[last - 1].kind == UnitKind::SoftHyphen;
     if (line.hasHyphen) shaped.widths[last - 1] = HyphenWidth(paragraph, last - 1);
     if (wrapped && paragraph.justified) line.line.justified = JustifyLine(text, shaped, line, room);
     PlacePieces(text, shaped, line);

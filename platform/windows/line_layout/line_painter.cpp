@@ -11,8 +11,7 @@ class Painter {
         : canvas_(canvas), painted_(painted), parts_(PartsOf(painted)), left_(left),
           baseline_(baseline), paint_(paint) {}
 
-    // In the text's own colours, or all in one and without backgrounds.
-    void Paint(std::optional<Color> only) const;
+    void Paint() const;
 
   private:
     bool IsInClip(const PaintedPart&, const RECT& clip) const;
@@ -75,14 +74,17 @@ void Painter::PaintText(const PaintedPart& part, Color color) const {
     if (style.style.strikethrough) PaintRule(part, style.font->strikeout, y, color);
 }
 
-void Painter::Paint(std::optional<Color> only) const {
+void Painter::Paint() const {
     RECT clip = {};
     if (GetClipBox(canvas_.Context(), &clip) == NULLREGION) return;
+    const auto colorOf = [&](const PaintedPart& part) {
+        return paint_.oneColor ? paint_.text : part.style->style.color.value_or(paint_.text);
+    };
     for (const PaintedPart& part : parts_)
-        if (!only && part.style->style.background && IsInClip(part, clip)) PaintBackground(part);
+        if (!paint_.oneColor && part.style->style.background && IsInClip(part, clip))
+            PaintBackground(part);
     for (const PaintedPart& part : parts_)
-        if (IsInClip(part, clip))
-            PaintText(part, only ? *only : part.style->style.color.value_or(paint_.text));
+        if (IsInClip(part, clip)) PaintText(part, colorOf(part));
 }
 
 void ClipTo(HDC context, const Rect& rect) {
@@ -90,15 +92,17 @@ void ClipTo(HDC context, const Rect& rect) {
     IntersectClipRect(context, area.left, area.top, area.right, area.bottom);
 }
 
-void ClipToAny(HDC context, std::span<const Rect> rects) {
-    const HRGN all = CreateRectRgn(0, 0, 0, 0), each = CreateRectRgn(0, 0, 0, 0);
+// Regions are in pixels of the device, whose origin may not be the context's.
+void ClipTo(HDC context, std::span<const Rect> rects) {
+    const HRGN all = CreateRectRgn(0, 0, 0, 0), one = CreateRectRgn(0, 0, 0, 0);
     for (const Rect& rect : rects) {
-        const RECT area = ToRect(rect);
-        SetRectRgn(each, area.left, area.top, area.right, area.bottom);
-        CombineRgn(all, all, each, RGN_OR);
+        RECT area = ToRect(rect);
+        LPtoDP(context, reinterpret_cast<POINT*>(&area), 2);
+        SetRectRgn(one, area.left, area.top, area.right, area.bottom);
+        CombineRgn(all, all, one, RGN_OR);
     }
     ExtSelectClipRgn(context, all, RGN_AND);
-    DeleteObject(each);
+    DeleteObject(one);
     DeleteObject(all);
 }
 
@@ -109,13 +113,12 @@ void PaintLine(WinCanvas& canvas, const PaintedLine& painted, int left, int base
     const HDC context = canvas.Context();
     const SavedContext saved(context);
     ClipTo(context, paint.clip);
-    SetBkMode(context, TRANSPARENT);
-    SetTextAlign(context, TA_LEFT | TA_BASELINE | TA_NOUPDATECP);
-    for (const Rect& kept : paint.without) {
-        const RECT area = ToRect(kept);
+    if (!paint.within.empty()) ClipTo(context, paint.within);
+    for (const Rect& each : paint.without) {
+        const RECT area = ToRect(each);
         ExcludeClipRect(context, area.left, area.top, area.right, area.bottom);
     }
-    if (!paint.within.empty()) ClipToAny(context, paint.within);
-    const Painter painter(canvas, painted, left, baseline, paint);
-    painter.Paint(paint.oneColor ? std::optional(paint.text) : std::nullopt);
+    SetBkMode(context, TRANSPARENT);
+    SetTextAlign(context, TA_LEFT | TA_BASELINE | TA_NOUPDATECP);
+    Painter(canvas, painted, left, baseline, paint).Paint();
 }

@@ -2,8 +2,6 @@
 
 #include "platform/windows/base/system_library.h"
 
-#include <algorithm>
-
 namespace {
 
 using AlphaBlendFunction = BOOL WINAPI(HDC, int, int, int, int, HDC, int, int, int, int,
@@ -16,15 +14,28 @@ AlphaBlendFunction* FindAlphaBlend() {
     return function;
 }
 
-void Blend(HDC context, const Rect& box, HBITMAP bitmap, SIZE size, BLENDFUNCTION how) {
+bool Blend(HDC target, const Rect& rect, HBITMAP bitmap, int width, int height,
+           const BLENDFUNCTION& how) {
     static AlphaBlendFunction* const alphaBlend = FindAlphaBlend();
-    if (!alphaBlend) return;
-    const HDC source = CreateCompatibleDC(context);
+    if (!alphaBlend) return false;
+    const HDC source = CreateCompatibleDC(target);
     const HGDIOBJ before = SelectObject(source, bitmap);
-    alphaBlend(context, box.left, box.top, box.width, box.height, source, 0, 0, size.cx, size.cy,
-               how);
+    const bool done = alphaBlend(target, rect.left, rect.top, rect.width, rect.height, source, 0, 0,
+                                 width, height, how) != FALSE;
     SelectObject(source, before);
     DeleteDC(source);
+    return done;
+}
+
+// One pixel that is stretched.
+HBITMAP MakePixel(HDC target, Color color) {
+    const HDC context = CreateCompatibleDC(target);
+    const HBITMAP bitmap = CreateCompatibleBitmap(target, 1, 1);
+    const HGDIOBJ before = SelectObject(context, bitmap);
+    SetPixelV(context, 0, 0, color);
+    SelectObject(context, before);
+    DeleteDC(context);
+    return bitmap;
 }
 
 } // namespace
@@ -40,16 +51,11 @@ void WinCanvas::FillRect(const Rect& rect, Color color) {
 
 void WinCanvas::TintRect(const Rect& rect, Color color) {
     if (rect.width <= 0 || rect.height <= 0) return;
-    const HDC dot = CreateCompatibleDC(context_);
-    const HBITMAP bitmap = CreateCompatibleBitmap(context_, 1, 1);
-    const HGDIOBJ before = SelectObject(dot, bitmap);
-    SetPixelV(dot, 0, 0, color);
-    SelectObject(dot, before);
-    DeleteDC(dot);
-    Blend(context_, rect, bitmap, {1, 1}, {AC_SRC_OVER, 0, 128, 0});
-    DeleteObject(bitmap);
+    const HBITMAP pixel = MakePixel(context_, color);
+    Blend(context_, rect, pixel, 1, 1, {AC_SRC_OVER, 0, 128, 0});
+    DeleteObject(pixel);
 }
 
-void WinCanvas::DrawBitmap(HBITMAP bitmap, const Rect& box) {
-    Blend(context_, box, bitmap, {box.width, box.height}, {AC_SRC_OVER, 0, 255, AC_SRC_ALPHA});
+bool WinCanvas::DrawBitmap(HBITMAP bitmap, const Rect& box) {
+    return Blend(context_, box, bitmap, box.width, box.height, {AC_SRC_OVER, 0, 255, AC_SRC_ALPHA});
 }

@@ -15,8 +15,8 @@ class WinCanvas : public Canvas {
 
     void FillRect(const Rect&, Color) override;
     void TintRect(const Rect&, Color) override;
-    // As large as the rectangle, with 32 bits for a pixel, colours multiplied by alpha.
-    void DrawBitmap(HBITMAP, const Rect&);
+    // As large as the box, with alpha, premultiplied.
+    bool DrawBitmap(HBITMAP, const Rect& box);
 
   private:
     HDC context_; // the caller's

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numeric>
 
 WinTextLines::WinTextLines(WinFonts& fonts, const ParagraphText& paragraph)
@@ -65,15 +66,20 @@ std::size_t WinTextLines::CaretIn(const VisualPiece& piece, double x) const {
 
 TextPos WinTextLines::PositionAt(int index, double x) const {
     const BrokenLine& line = At(index);
-    TextPos best = line.line.start;
+    TextPos nearest = line.line.start;
+    double distance = std::numeric_limits<double>::max();
+    const auto consider = [&](std::size_t place, double placeX) {
+        if (std::abs(placeX - x) >= distance) return;
+        nearest = static_cast<TextPos>(place);
+        distance = std::abs(placeX - x);
+    };
     for (const VisualPiece& piece : line.pieces) {
-        const auto place = static_cast<TextPos>(CaretIn(piece, x));
-        if (std::abs(CaretX(index, place) - x) < std::abs(CaretX(index, best) - x)) best = place;
+        const std::size_t place = CaretIn(piece, x);
+        consider(place, EdgeX(piece, place));
     }
-    const TextPos end = line.line.end;
-    const bool last = index + 1 == Count();
-    return last && std::abs(CaretX(index, end) - x) < std::abs(CaretX(index, best) - x) ? end
-                                                                                        : best;
+    const bool last = index + 1 == Count(); // else the end is a place of the next line
+    if (last) consider(text_.Size(), CaretX(index, line.line.end));
+    return nearest;
 }
 
 TextPos WinTextLines::CharacterAt(int index, double x) const {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/windows/line_layout/win_line_layout.h"
-#include "platform/windows/text_pane/win_pictures.h"
+#include "platform/windows/line_layout/win_pictures.h"
 #include "platform/windows/window/win_native_window.h"
 #include "view/text_pane.h"
 

@@ -1,0 +1,21 @@
+// Reads pictures by the system's imaging component (WIC).
+#pragma once
+
+#include "formats/document.h"
+#include "platform/windows/base/win32.h"
+#include "view/geometry.h"
+
+#include <memory>
+#include <type_traits>
+
+struct WinBitmapDeleter {
+    void operator()(HBITMAP bitmap) const { DeleteObject(bitmap); }
+};
+using WinBitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, WinBitmapDeleter>;
+
+// COM must be initialised. In pixels of the file, from its header; empty if it cannot be read, or
+// is larger than memory should be given to.
+Size ReadPictureSize(const Picture&);
+
+// In 32 bits with alpha, premultiplied; null if it cannot be decoded.
+WinBitmap DecodePicture(const Picture&, Size scaledTo);

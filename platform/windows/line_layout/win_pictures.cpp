@@ -1,0 +1,54 @@
+#include "platform/windows/line_layout/win_pictures.h"
+
+#include "platform/windows/line_layout/win_canvas.h"
+
+namespace {
+
+constexpr std::size_t maxCachedBytes = 64 * 1024 * 1024, maxCachedSizes = 4'096;
+
+std::size_t BytesOf(Size size) {
+    return 4 * static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height);
+}
+
+} // namespace
+
+void WinPictures::Clear() {
+    sizes_.clear();
+    bitmaps_.clear();
+    bytes_ = 0;
+}
+
+Size WinPictures::NaturalSize(const Picture& picture) {
+    const auto known = sizes_.find(picture.position);
+    if (known != sizes_.end()) return known->second;
+    if (sizes_.size() >= maxCachedSizes) sizes_.clear();
+    return sizes_[picture.position] = ReadPictureSize(picture);
+}
+
+// What does not fit beside the others takes the place of all of them: a view shows few at a time.
+const WinPictures::Scaled& WinPictures::At(const Picture& picture, Size size) {
+    const auto known = bitmaps_.find(picture.position);
+    const bool fits =
+        known != bitmaps_.end() && (!known->second.bitmap || known->second.size == size);
+    if (fits) return known->second;
+    if (known != bitmaps_.end()) {
+        if (known->second.bitmap) bytes_ -= BytesOf(known->second.size);
+        bitmaps_.erase(known);
+    }
+    if (bytes_ + BytesOf(size) > maxCachedBytes) {
+        bitmaps_.clear();
+        bytes_ = 0;
+    }
+    Scaled& scaled = bitmaps_[picture.position];
+    scaled.bitmap = DecodePicture(picture, size);
+    scaled.size = size;
+    if (scaled.bitmap) bytes_ += BytesOf(size);
+    return scaled;
+}
+
+bool WinPictures::Draw(Canvas& canvas, const Picture& picture, const Rect& box) {
+    if (box.width <= 0 || box.height <= 0) return false;
+    const Scaled& scaled = At(picture, {box.width, box.height});
+    if (!scaled.bitmap) return false;
+    return static_cast<WinCanvas&>(canvas).DrawBitmap(scaled.bitmap.get(), box);
+}

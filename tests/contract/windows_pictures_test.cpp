@@ -1,0 +1,140 @@
+// Pictures as the system's imaging component decodes and GDI draws them.
+#include "platform/windows/line_layout/win_canvas.h"
+#include "platform/windows/line_layout/win_pictures.h"
+
+#include <doctest/doctest.h>
+#include <objbase.h>
+
+namespace {
+
+// Two pixels beside each other: red, and blue that is transparent.
+constexpr std::string_view redAndNothing =
+    "89504e470d0a1a0a0000000d4948445200000002000000010806000000f4"
+    "227f8a0000000d4944415478da63f8cfc00046000efa02fe2a405eb90000"
+    "000049454e44ae426082";
+// Declares 20,000 by 20,000 pixels.
+constexpr std::string_view hugePng = "89504e470d0a1a0a0000000d4948445200004e2000004e200806000000e3"
+                                     "7046390000000d4944415478da63f8cfc00046000efa02fe2a405eb90000"
+                                     "000049454e44ae426082";
+// 8 by 16 pixels, green.
+constexpr std::string_view greenJpeg =
+    "ffd8ffe000104a46494600010100000100010000ffdb0043000d090a0b0a"
+    "080d0b0a0b0e0e0d0f13201513121213271c1e17202e2931302e292d2c33"
+    "3a4a3e333646372c2d405741464c4e525352323e5a615a50604a51524fff"
+    "db0043010e0e0e131113261515264f352d354f4f4f4f4f4f4f4f4f4f4f4f"
+    "4f4f4f4f4f4f4f4f4f4f4f4f4f4f4f4f4f4f4f4f4f4f4f4f4f4f4f4f4f4f"
+    "4f4f4f4f4f4f4f4fffc00011080010000803011100021101031101ffc400"
+    "1500010100000000000000000000000000000004ffc40014100100000000"
+    "000000000000000000000000ffc400150101010000000000000000000000"
+    "0000000006ffc40014110100000000000000000000000000000000ffda00"
+    "0c03010002110311003f00b91e8201ffd9";
+
+std::string FromHex(std::string_view digits) {
+    std::string bytes;
+    for (; digits.size() >= 2; digits.remove_prefix(2))
+        bytes += static_cast<char>(std::stoi(std::string(digits.substr(0, 2)), nullptr, 16));
+    return bytes;
+}
+
+Picture PictureOf(std::string_view digits, PictureFormat format, TextPos position = 0) {
+    Picture picture;
+    picture.position = position;
+    picture.format = format;
+    picture.bytes = FromHex(digits);
+    return picture;
+}
+
+class Apartment { // of COM, which the program has for its drops
+  public:
+    Apartment() : initialized_(SUCCEEDED(CoInitialize(nullptr))) {}
+    ~Apartment() {
+        if (initialized_) CoUninitialize();
+    }
+
+  private:
+    bool initialized_;
+};
+
+constexpr Color white = 0xFFFFFF, red = 0x0000FF;
+
+// 64 pixels square, white.
+class Surface {
+  public:
+    Surface() : context_(CreateCompatibleDC(nullptr)), canvas(context_) {
+        const HDC screen = GetDC(nullptr);
+        bitmap_ = CreateCompatibleBitmap(screen, 64, 64);
+        ReleaseDC(nullptr, screen);
+        original_ = SelectObject(context_, bitmap_);
+        canvas.FillRect({0, 0, 64, 64}, white);
+    }
+    ~Surface() {
+        SelectObject(context_, original_);
+        DeleteObject(bitmap_);
+        DeleteDC(context_);
+    }
+    Color At(int x, int y) const { return GetPixel(context_, x, y); }
+
+  private:
+    HDC context_;
+    HBITMAP bitmap_ = nullptr;
+    HGDIOBJ original_ = nullptr;
+
+  public:
+    WinCanvas canvas;
+};
+
+} // namespace
+
+TEST_CASE("Windows pictures: the natural size is that of the file") {
+    const Apartment apartment;
+    WinPictures pictures;
+    CHECK(pictures.NaturalSize(PictureOf(redAndNothing, PictureFormat::Png)) == Size{2, 1});
+    CHECK(pictures.NaturalSize(PictureOf(greenJpeg, PictureFormat::Jpeg, 5)) == Size{8, 16});
+    pictures.Clear();
+    CHECK(pictures.NaturalSize(PictureOf(greenJpeg, PictureFormat::Jpeg)) == Size{8, 16});
+}
+
+TEST_CASE("Windows pictures: drawn as large as the box, and nothing where they are transparent") {
+    const Apartment apartment;
+    WinPictures pictures;
+    Surface surface;
+    const Picture picture = PictureOf(redAndNothing, PictureFormat::Png);
+    for (const int width : {40, 20}) { // the second one anew
+        surface.canvas.FillRect({0, 0, 64, 64}, white);
+        CHECK(pictures.Draw(surface.canvas, picture, {10, 10, width, 20}));
+        CHECK(surface.At(11, 11) == red);
+        CHECK(surface.At(11, 28) == red);
+        CHECK(surface.At(10 + width - 1, 11) == white);
+        CHECK(surface.At(9, 11) == white);
+        CHECK(surface.At(11, 30) == white);
+    }
+    CHECK(
+        pictures.Draw(surface.canvas, PictureOf(greenJpeg, PictureFormat::Jpeg, 5), {0, 0, 5, 5}));
+    CHECK((surface.At(2, 2) & 0xFF00) > 0xE000);
+    CHECK((surface.At(2, 2) & 0xFF) < 0x20);
+}
+
+TEST_CASE("Windows pictures: what is no picture, or too large a one, is not drawn") {
+    const Apartment apartment;
+    WinPictures pictures;
+    Surface surface;
+    const std::string_view half = redAndNothing.substr(0, 60);
+    const Picture none[] = {PictureOf(redAndNothing, PictureFormat::Other, 1),
+                            PictureOf(redAndNothing, PictureFormat::Jpeg, 2),
+                            PictureOf(greenJpeg, PictureFormat::Png, 3),
+                            PictureOf(hugePng, PictureFormat::Png, 4),
+                            PictureOf("", PictureFormat::Png, 5),
+                            PictureOf("00112233", PictureFormat::Jpeg, 6)};
+    for (const Picture& picture : none) {
+        CAPTURE(picture.position);
+        CHECK(pictures.NaturalSize(picture).IsEmpty());
+        CHECK_FALSE(pictures.Draw(surface.canvas, picture, {0, 0, 20, 20}));
+        CHECK_FALSE(pictures.Draw(surface.canvas, picture, {0, 0, 30, 20}));
+    }
+    pictures.Draw(surface.canvas, PictureOf(half, PictureFormat::Png, 7), {0, 0, 20, 20});
+    CHECK_FALSE(pictures.Draw(surface.canvas, PictureOf(redAndNothing, PictureFormat::Png, 8),
+                              {0, 0, 0, 20}));
+    CHECK_FALSE(pictures.Draw(surface.canvas, PictureOf(redAndNothing, PictureFormat::Png, 9),
+                              {0, 0, 1 << 20, 1 << 20}));
+    CHECK(surface.At(1, 1) == white);
+}
