@@ -11,7 +11,7 @@
 #include "platform/windows/system/win_registry.h"
 #include "platform/windows/system/win_shell.h"
 #include "platform/windows/system/win_version_info.h"
-#include "platform/windows/text_view/win_text_view.h"
+#include "platform/windows/text_pane/win_text_view.h"
 #include "platform/windows/web/win_update_check.h"
 #include "platform/windows/window/win_menu_bar.h"
 #include "platform/windows/window/win_status_bar.h"

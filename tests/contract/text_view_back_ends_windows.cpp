@@ -1,16 +1,11 @@
 #include "platform/none/none_text_view.h"
-#include "platform/windows/text_view/win_text_view.h"
+#include "platform/windows/text_pane/win_text_view.h"
 #include "tests/contract/text_view_contract.h"
 #include "tests/contract/windows_text_view_bench.h"
 
-#include <richedit.h>
-
 namespace {
 int XInWinView(TextView& view, TextPos position) {
-    POINTL point = {};
-    SendMessageW(static_cast<WinTextView&>(view).Handle(), EM_POSFROMCHAR,
-                 reinterpret_cast<WPARAM>(&point), position);
-    return static_cast<int>(point.x);
+    return static_cast<WinTextView&>(view).Pane().CharacterRect(position).left;
 }
 } // namespace
 
@@ -22,7 +17,6 @@ std::vector<TextViewBackEnd> TextViewBackEnds() {
     };
 }
 
-// Wine's control takes a time that grows with the square of a paragraph.
 int TextViewSampleShare() {
-    return IsWine() ? 5 : 1;
+    return 1;
 }

@@ -1,315 +1,361 @@
-// What is special to the text view on the system's control: places, look and loading.
-#include "platform/windows/text_view/win_text_view.h"
+// The text view's window: keys, mouse, wheel, scroll bars, drops and painting by the system's
+// messages.
+#include "platform/windows/system/win_clipboard.h"
+#include "platform/windows/text_pane/win_text_view.h"
+#include "platform/windows/window/dpi.h"
+#include "tests/contract/windows_drop.h"
+#include "tests/contract/windows_message_pump.h"
 #include "tests/contract/windows_text_view_bench.h"
 
 #include <doctest/doctest.h>
 
-#include <commctrl.h>
+#include <ole2.h>
 
 namespace {
-CHARFORMAT2W FormatAt(WinTextView& view, TextPos position) {
-    view.Select(position, 1);
-    CHARFORMAT2W format = {};
-    format.cbSize = sizeof format;
-    SendMessageW(view.Handle(), EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
-    return format;
-}
+// Shown, as nothing else is painted; above the others on the screen.
+class ShownWindow {
+  public:
+    ShownWindow()
+        : window_(CreateWindowExW(WS_EX_TOPMOST | WS_EX_NOACTIVATE, L"STATIC", L"", WS_POPUP, 0, 0,
+                                  600, 400, nullptr, nullptr, nullptr, nullptr)) {
+        ShowWindow(window_, SW_SHOWNA);
+    }
+    ~ShownWindow() { DestroyWindow(window_); }
+    ShownWindow(const ShownWindow&) = delete;
+    ShownWindow& operator=(const ShownWindow&) = delete;
+    HWND Handle() const { return window_; }
 
-int AlignmentAt(WinTextView& view, TextPos position) {
-    view.Select(position, 0);
-    PARAFORMAT2 format = {};
-    format.cbSize = sizeof format;
-    SendMessageW(view.Handle(), EM_GETPARAFORMAT, 0, reinterpret_cast<LPARAM>(&format));
-    return format.wAlignment;
-}
+  private:
+    HWND window_;
+};
 
-// What the control selects for a stretch of the book's text.
-std::u16string SelectedByControl(WinTextView& view, TextPos start, TextPos length) {
-    view.Select(start, length);
-    wchar_t text[64] = {};
-    SendMessageW(view.Handle(), EM_GETSELTEXT, 0, reinterpret_cast<LPARAM>(text));
-    return {text, text + wcslen(text)};
-}
+struct OleForTest {
+    OleForTest() { OleInitialize(nullptr); }
+    ~OleForTest() { OleUninitialize(); }
+    OleForTest(const OleForTest&) = delete;
+    OleForTest& operator=(const OleForTest&) = delete;
+};
 
-constexpr char colored[] = "{\\rtf1\\ansi{\\fonttbl{\\f0 Times New Roman;}}"
-                           "{\\colortbl;\\red255\\green0\\blue0;}"
-                           "\\f0\\fs30 {\\cf1 red} plain\\par\\qc centered\\par}";
+struct Bench {
+    ShownWindow window;
+    WinTextView view{window.Handle()};
+
+    explicit Bench(int width = 400, int height = 300) {
+        view.SetBounds({0, 0, width, height});
+        view.SetVisible(true);
+        std::u16string text;
+        for (int i = 0; i < 200; ++i)
+            text += u"some line\n";
+        view.LoadPlainText(text);
+    }
+    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+        return SendMessageW(view.Handle(), message, wParam, lParam);
+    }
+    void Press(int key) {
+        Send(WM_KEYDOWN, static_cast<WPARAM>(key));
+        Send(WM_KEYUP, static_cast<WPARAM>(key));
+    }
+    LPARAM PlaceOf(TextPos position) {
+        const Rect box = view.Pane().CharacterRect(position);
+        return MAKELPARAM(box.left + 1, box.top + box.height / 2);
+    }
+    void Click(TextPos position, WPARAM keys = 0) {
+        Send(WM_LBUTTONDOWN, MK_LBUTTON | keys, PlaceOf(position));
+        Send(WM_LBUTTONUP, keys, PlaceOf(position));
+    }
+    std::u16string Selected() { return view.TextRange(view.SelStart(), view.SelLength()); }
+};
+
+// What a window paints, as its pixels.
+class Painted {
+  public:
+    explicit Painted(HWND window) : context_(CreateCompatibleDC(nullptr)) {
+        RECT inside = {};
+        GetClientRect(window, &inside);
+        width = inside.right;
+        height = inside.bottom;
+        const HDC screen = GetDC(window);
+        bitmap_ = CreateCompatibleBitmap(screen, width, height);
+        before_ = SelectObject(context_, bitmap_);
+        UpdateWindow(window);
+        BitBlt(context_, 0, 0, width, height, screen, 0, 0, SRCCOPY);
+        ReleaseDC(window, screen);
+    }
+    ~Painted() {
+        SelectObject(context_, before_);
+        DeleteObject(bitmap_);
+        DeleteDC(context_);
+    }
+    Painted(const Painted&) = delete;
+    Painted& operator=(const Painted&) = delete;
+
+    int Count(const Rect& box, Color color) const {
+        int count = 0;
+        for (int y = box.top; y < box.top + box.height; ++y)
+            for (int x = box.left; x < box.left + box.width; ++x)
+                count += GetPixel(context_, x, y) == color;
+        return count;
+    }
+    int width = 0, height = 0;
+
+  private:
+    HDC context_;
+    HBITMAP bitmap_ = nullptr;
+    HGDIOBJ before_ = nullptr;
+};
 } // namespace
 
-TEST_CASE("windows text view: characters that mean something to the control keep their places") {
-    WinTextView view(HiddenWindow());
-    const std::u16string text =
-        std::u16string(u"a\nb\vc\fd\u2028e\u2029f\ag\uFFF9h\uFFFCi\u0085j\uFDD0k") + u'\0' + u"end";
-    view.LoadPlainText(text);
-    CHECK(view.TextRange(0, 100) == text);
-    for (TextPos at = 0; at < TextPos(text.size()); ++at) {
-        CAPTURE(at);
-        view.Select(at, 1);
-        CHECK(view.SelStart() == at);
-        CHECK(view.SelLength() == 1);
-        const bool letter = text[at] >= u'a' && text[at] <= u'z';
-        if (letter) CHECK(SelectedByControl(view, at, 1) == text.substr(at, 1));
-    }
+TEST_CASE("windows text view: typing, pasting and cutting change nothing") {
+    Bench bench;
+    const std::u16string before = bench.view.TextRange(0, bench.view.TextLength());
+    bench.view.Select(3, 5);
+    for (const int key : {int('X'), int(VK_DELETE), int(VK_BACK), int(VK_RETURN), int(VK_TAB)})
+        bench.Press(key);
+    for (const wchar_t unit : L"x\b\r\t\x16\x18")
+        bench.Send(WM_CHAR, unit);
+    for (const UINT message : {UINT(WM_PASTE), UINT(WM_CUT), UINT(WM_CLEAR), UINT(WM_UNDO)})
+        bench.Send(message);
+    CHECK(bench.view.TextRange(0, bench.view.TextLength()) == before);
+    CHECK(bench.view.SelStart() == 3);
+    CHECK(bench.view.SelLength() == 5);
 }
 
-namespace {
-constexpr UINT_PTR coarseId = 100;
-
-// Makes the control tell and take scroll positions as the system's does for a text that is more
-// than 65535 pixels high: in steps of many.
-LRESULT CALLBACK CoarseScrolling(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                 DWORD_PTR) {
-    constexpr LONG step = 97; // pixels, no multiple of a line
-    POINT* const point = reinterpret_cast<POINT*>(lParam);
-    POINT exact = {};
-    if (message == EM_SETSCROLLPOS) {
-        exact = {point->x, point->y * step};
-        return DefSubclassProc(window, message, wParam, reinterpret_cast<LPARAM>(&exact));
-    }
-    const LRESULT answer = DefSubclassProc(window, message, wParam, lParam);
-    if (message == EM_GETSCROLLPOS) point->y /= step;
-    return answer;
-}
-
-// Of a place of plain text, in pixels below the view's upper edge.
-LONG HeightOf(const WinTextView& view, TextPos position) {
-    POINTL point = {};
-    SendMessageW(view.Handle(), EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&point), position);
-    return point.y;
-}
-} // namespace
-
-namespace {
-void LoadThousandLines(WinTextView& view) {
-    view.SetBounds({0, 0, 400, 300});
-    std::u16string text;
-    for (int i = 0; i < 1000; ++i)
-        text += u"a line\n"; // 7 units
-    view.LoadPlainText(text);
-}
-
-// Part of a line down, as by the mouse.
-void ScrollALittle(WinTextView& view) {
-    POINT point = {};
-    SendMessageW(view.Handle(), EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&point));
-    point.y += 7;
-    SendMessageW(view.Handle(), EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&point));
-}
-} // namespace
-
-TEST_CASE("windows text view: a line comes exactly to the top of a text of any height") {
-    WinTextView view(HiddenWindow());
-    LoadThousandLines(view);
-    view.ScrollLineToTop(500 * 7);
-    const auto first = [&] { return SendMessageW(view.Handle(), EM_GETFIRSTVISIBLELINE, 0, 0); };
-    for (int i = 0; i < 5; ++i) {
-        ScrollALittle(view);
-        SetWindowSubclass(view.Handle(), CoarseScrolling, coarseId, 0);
-        const TextPos top = view.FirstVisibleChar();
-        CAPTURE(top);
-        view.Select(3, 2); // out of sight
-        CHECK(view.FirstVisibleChar() == top);
-        view.ScrollLineToTop(top);
-        CHECK(first() == top / 7);
-        CHECK(view.FirstVisibleChar() == top);
-        RemoveWindowSubclass(view.Handle(), CoarseScrolling, coarseId);
-    }
-}
-
-TEST_CASE("windows text view: a line that the edge cuts comes whole to the top of a high text") {
-    WinTextView view(HiddenWindow());
-    LoadThousandLines(view);
-    for (const TextPos line : {300, 500, 700}) {
-        view.ScrollLineToTop(line * 7);
-        ScrollALittle(view);
-        CHECK(HeightOf(view, line * 7) < 0);
-        SetWindowSubclass(view.Handle(), CoarseScrolling, coarseId, 0);
-        view.ScrollLineToTop(line * 7);
-        CHECK(HeightOf(view, line * 7) == 0);
-        RemoveWindowSubclass(view.Handle(), CoarseScrolling, coarseId);
-    }
-}
-
-TEST_CASE("windows text view: a line comes to the top where lines have many heights") {
-    std::string rtf = "{\\rtf1\\ansi ";
-    for (int i = 0; i < 300; ++i)
-        rtf +=
-            "{\\fs" + std::to_string(i % 10 == 0 ? 200 : 10 + i % 7) + " line}\\par\n"; // 5 units
-    WinTextView view(HiddenWindow());
-    view.SetBounds({0, 0, 400, 300});
-    view.LoadRichText(rtf + "}", 1252);
-    for (const TextPos line : {200, 57, 58, 250, 3}) {
-        CAPTURE(line);
-        view.ScrollLineToTop(line * 5);
-        CHECK(HeightOf(view, line * 5) == 0);
-        CHECK(view.FirstVisibleChar() == line * 5);
-    }
-}
-
-TEST_CASE("windows text view: places of rich text are those of its reader") {
-    WinTextView view(HiddenWindow());
-    view.SetBounds({0, 0, 800, 300});
-    view.LoadRichText("{\\rtf1\\ansi Before\\par\\trowd\\cellx2000\\cellx4000 first\\intbl\\cell "
-                      "second\\cell\\row\\pard after, {\\v hidden}seen{\\pict\\pngblip 89}, "
-                      "{\\field{\\*\\fldinst HYPERLINK \"x:y\"}{\\fldrslt linked}}\\line "
-                      "so\\-ft, {\\footnote note}last}",
-                      1252);
-    const std::u16string text = view.TextRange(0, view.TextLength());
-    for (const char16_t* word :
-         {u"Before", u"first", u"second", u"after", u"seen", u"linked", u"so", u"ft", u"last"}) {
-        const auto at = static_cast<TextPos>(text.find(word));
-        const std::u16string_view expected = word;
-        CAPTURE(at);
-        REQUIRE(at >= 0);
-        const auto length = static_cast<TextPos>(expected.size());
-        CHECK(SelectedByControl(view, at, length) == expected);
-        CHECK(view.SelStart() == at);
-        CHECK(view.SelLength() == length);
-        const LineSpan line = view.LineAround(at);
-        CHECK(line.start <= at);
-        CHECK(line.start + line.length >= at + length);
-    }
-    CHECK(text.find(u"hidden") == text.npos);
-}
-
-TEST_CASE("windows text view: the file's colours, or one for all") {
-    WinTextView view(HiddenWindow());
-    view.SetAutoColor(true);
-    view.LoadRichText(colored, 1252);
-    CHECK(FormatAt(view, 0).crTextColor == 0x0000FF);
-    CHECK((FormatAt(view, 5).dwEffects & CFE_AUTOCOLOR) != 0);
-    view.SetTextColor(0x00AA00);
-    CHECK(FormatAt(view, 0).crTextColor == 0x0000FF);
-    view.SetAutoColor(false);
-    CHECK(FormatAt(view, 0).crTextColor == 0x00AA00);
-    CHECK(FormatAt(view, 5).crTextColor == 0x00AA00);
-    view.SetTextColor(0xBB0000);
-    CHECK(FormatAt(view, 5).crTextColor == 0xBB0000);
-    view.LoadRichText(colored, 1252);
-    CHECK(FormatAt(view, 0).crTextColor == 0xBB0000);
-    view.SetAutoColor(true);
-    CHECK(FormatAt(view, 0).crTextColor == 0x0000FF);
-}
-
-TEST_CASE("windows text view: automatic text can be read on a dark background") {
-    WinTextView view(HiddenWindow());
-    view.SetAutoColor(true);
-    view.LoadPlainText(u"text");
-    CHECK((FormatAt(view, 0).dwEffects & CFE_AUTOCOLOR) != 0);
-    view.SetBackColor(0x202020);
-    CHECK((FormatAt(view, 0).dwEffects & CFE_AUTOCOLOR) == 0);
-    CHECK(FormatAt(view, 0).crTextColor == 0xFFFFFF);
-}
-
-TEST_CASE("windows text view: the font for all holds over the file's until the next load") {
-    WinTextView view(HiddenWindow());
-    const ViewFont font{u"Arial", 17.5, 204, true, true, true, true};
-    view.SetFont(font);
-    view.LoadRichText(colored, 1252);
-    CHECK(FormatAt(view, 0).yHeight == 300);
-    CHECK(std::wstring(FormatAt(view, 0).szFaceName) == L"Times New Roman");
-    view.ApplyFontToAll();
-    const CHARFORMAT2W format = FormatAt(view, 0);
-    CHECK(std::wstring(format.szFaceName) == L"Arial");
-    CHECK(format.yHeight == 350);
-    CHECK(format.bCharSet == 204);
-    constexpr DWORD styles = CFE_BOLD | CFE_ITALIC | CFE_UNDERLINE | CFE_STRIKEOUT;
-    CHECK((format.dwEffects & styles) == styles);
-    view.LoadRichText(colored, 1252);
-    CHECK(FormatAt(view, 0).yHeight == 300);
-    view.LoadPlainText(u"plain");
-    CHECK(FormatAt(view, 0).yHeight == 350);
-    view.SetFont({u"Courier New", 9});
-    CHECK(FormatAt(view, 0).yHeight == 180);
-    CHECK(std::wstring(FormatAt(view, 0).szFaceName) == L"Courier New");
-}
-
-TEST_CASE("windows text view: the alignment set holds until the next load") {
-    WinTextView view(HiddenWindow());
-    view.LoadRichText(colored, 1252);
-    CHECK(AlignmentAt(view, 0) == PFA_LEFT);
-    CHECK(AlignmentAt(view, 12) == PFA_CENTER);
-    view.SetAlignment(Alignment::Right);
-    CHECK(AlignmentAt(view, 0) == PFA_RIGHT);
-    CHECK(AlignmentAt(view, 12) == PFA_RIGHT);
-    view.LoadPlainText(u"one\ntwo");
-    CHECK(AlignmentAt(view, 5) == PFA_LEFT);
-    view.SetAlignment(Alignment::Center); // in the text shown
-    CHECK(AlignmentAt(view, 0) == PFA_CENTER);
-    CHECK(AlignmentAt(view, 5) == PFA_CENTER);
-}
-
-TEST_CASE("windows text view: a look set between loading and showing is that of the text") {
-    WinTextView view(HiddenWindow());
-    for (const bool plain : {true, false}) {
-        CAPTURE(plain);
-        if (plain)
-            view.LoadPlainText(u"one\ntwo and more\nthree");
-        else
-            view.LoadRichText(colored, 1252);
-        view.SetFont({u"Courier New", 21, 0, true});
-        view.ApplyFontToAll();
-        view.SetTextColor(plain ? 0x112233 : 0x445566);
-        view.SetAlignment(Alignment::Right);
-        const CHARFORMAT2W format = FormatAt(view, 12);
-        CHECK(std::wstring(format.szFaceName) == L"Courier New");
-        CHECK(format.yHeight == 420);
-        CHECK(format.crTextColor == view.TextColor());
-        CHECK(AlignmentAt(view, 0) == PFA_RIGHT);
-        CHECK(AlignmentAt(view, 12) == PFA_RIGHT);
-    }
-}
-
-TEST_CASE("windows text view: what the reader scrolls counts, not what was asked for") {
-    WinTextView view(HiddenWindow());
-    view.SetBounds({0, 0, 400, 300});
-    std::u16string text;
-    for (int i = 0; i < 200; ++i)
-        text += u"line\n";
-    view.LoadPlainText(text);
-    view.ScrollLineToTop(500);
-    SendMessageW(view.Handle(), EM_SCROLL, SB_LINEDOWN, 0);
-    CHECK(view.FirstVisibleChar() == 505);
-    view.SetBounds({0, 0, 300, 200});
-    CHECK(view.FirstVisibleChar() == 505);
-    view.ScrollLineToTop(view.TextLength());
-    CHECK(SendMessageW(view.Handle(), EM_GETFIRSTVISIBLELINE, 0, 0) == 200);
-    view.LoadPlainText(u"");
-    CHECK(view.FirstVisibleChar() == 0);
-}
-
-TEST_CASE("windows text view: a new text keeps the keyboard and the place of the view") {
-    const HWND window = HiddenWindow();
-    WinTextView view(window);
-    view.SetBounds({10, 20, 300, 200});
-    view.SetVisible(true);
-    view.FocusView();
-    const bool hadFocus = GetFocus() == view.Handle();
-    view.LoadPlainText(u"text");
-    const HWND shown = view.Handle();
-    CHECK((GetFocus() == shown) == hadFocus);
-    CHECK((GetWindowLongW(view.Handle(), GWL_STYLE) & WS_VISIBLE) != 0);
-    RECT place = {};
-    GetWindowRect(view.Handle(), &place);
-    MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
-    CHECK(place.left == 10);
-    CHECK(place.bottom == 220);
-}
-
-TEST_CASE("windows text view: a text shows when the message loop runs, though nobody asks for it") {
-    const HWND parent = CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW, 0, 0, 300, 200,
-                                        nullptr, nullptr, nullptr, nullptr);
+TEST_CASE("windows text view: another program's copy is asked of the form, keys copy nothing") {
+    Bench bench;
+    int asked = 0;
+    bench.view.onCopy = [&asked] { ++asked; };
+    WinClipboard().SetText(u"before");
+    bench.view.Select(3, 5);
     {
-        WinTextView view(parent);
-        view.LoadPlainText(u"seen");
-        MSG message = {};
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
-            DispatchMessageW(&message);
-        wchar_t text[16] = {};
-        GetWindowTextW(GetWindow(parent, GW_CHILD), text, 16);
-        CHECK(std::wstring(text) == L"seen");
-        CHECK(GetWindow(GetWindow(parent, GW_CHILD), GW_HWNDNEXT) == nullptr);
+        const HeldKey control(VK_CONTROL);
+        for (const int key : {int('C'), int(VK_INSERT), int('X')})
+            bench.Press(key);
     }
-    CHECK(GetWindow(parent, GW_CHILD) == nullptr);
-    DestroyWindow(parent);
+    CHECK(asked == 0); // keys of commands are the form's
+    bench.Send(WM_COPY);
+    CHECK(asked == 1);
+    CHECK(IsClipboardFormatAvailable(CF_UNICODETEXT));
+}
+
+TEST_CASE("windows text view: keys move the caret and select") {
+    Bench bench;
+    WinTextView& view = bench.view;
+    bench.Press(VK_RIGHT);
+    CHECK(view.SelStart() == 1);
+    bench.Press(VK_DOWN);
+    CHECK(view.SelStart() == 11);
+    bench.Press(VK_END);
+    CHECK(view.SelStart() == 19);
+    {
+        const HeldKey shift(VK_SHIFT);
+        bench.Press(VK_LEFT);
+        CHECK(bench.Selected() == u"e");
+    }
+    const HeldKey control(VK_CONTROL);
+    bench.Press(VK_END);
+    CHECK(view.SelStart() == view.TextLength());
+    bench.Press(VK_RIGHT);
+    CHECK(view.SelStart() == view.TextLength());
+    bench.Press(VK_HOME);
+    CHECK(view.SelStart() == 0);
+    bench.Press(VK_RIGHT);
+    CHECK(view.SelStart() == 5); // the next word
+    bench.Press('A');
+    CHECK(view.SelLength() == view.TextLength());
+}
+
+TEST_CASE("windows text view: Space scrolls a page and leaves the caret") {
+    Bench bench;
+    bench.Press(VK_SPACE);
+    CHECK(bench.view.FirstVisibleChar() > 50);
+    CHECK(bench.view.SelStart() == 0);
+    const HeldKey shift(VK_SHIFT);
+    bench.Press(VK_SPACE);
+    CHECK(bench.view.FirstVisibleChar() == 0);
+}
+
+TEST_CASE("windows text view: one click places the caret, two select a word, three a paragraph") {
+    Bench bench;
+    bench.Click(27);
+    CHECK(bench.view.SelStart() == 27);
+    CHECK(bench.view.SelLength() == 0);
+    bench.Click(27);
+    CHECK(bench.Selected() == u"line");
+    bench.Click(27);
+    CHECK(bench.Selected() == u"some line\n");
+    bench.Click(2);
+    bench.Click(12, MK_SHIFT);
+    CHECK(bench.view.SelStart() == 2);
+    CHECK(bench.view.SelLength() == 10);
+}
+
+TEST_CASE("windows text view: a drag selects, and ends when the button is let go") {
+    Bench bench;
+    bench.Send(WM_LBUTTONDOWN, MK_LBUTTON, bench.PlaceOf(2));
+    CHECK(GetCapture() == bench.view.Handle());
+    bench.Send(WM_MOUSEMOVE, MK_LBUTTON, bench.PlaceOf(15));
+    CHECK(bench.view.SelLength() == 13);
+    bench.Send(WM_LBUTTONUP, 0, bench.PlaceOf(15));
+    CHECK(GetCapture() == nullptr);
+    bench.Send(WM_MOUSEMOVE, 0, bench.PlaceOf(30));
+    CHECK(bench.view.SelLength() == 13);
+}
+
+TEST_CASE("windows text view: the wheel goes by the lines that the user has set, a part by part") {
+    Bench bench;
+    UINT lines = 3;
+    SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
+    bench.Send(WM_MOUSEWHEEL, MAKEWPARAM(0, -120));
+    CHECK(bench.view.FirstVisibleChar() == TextPos(10 * lines));
+    for (int i = 0; i < 4; ++i)
+        bench.Send(WM_MOUSEWHEEL, MAKEWPARAM(0, 30));
+    CHECK(bench.view.FirstVisibleChar() == 0);
+    for (const int turn : {120, -240, 60, 60, -120})
+        bench.Send(WM_MOUSEWHEEL, MAKEWPARAM(MK_CONTROL, turn));
+    CHECK(bench.view.FirstVisibleChar() == 0); // with Ctrl it is the window's
+}
+
+TEST_CASE("windows text view: the vertical scroll bar tells the place and takes one") {
+    Bench bench;
+    bench.Send(WM_VSCROLL, SB_LINEDOWN);
+    CHECK(bench.view.FirstVisibleChar() == 10);
+    bench.Send(WM_VSCROLL, SB_PAGEDOWN);
+    const TextPos page = bench.view.FirstVisibleChar();
+    CHECK(page > 60);
+    const Painted painted(bench.view.Handle());
+    CHECK(GetScrollPos(bench.view.Handle(), SB_VERT) == page);
+    bench.Send(WM_VSCROLL, SB_BOTTOM);
+    CHECK(bench.view.LineAround(bench.view.FirstVisibleChar()).start > 1700);
+    bench.Send(WM_VSCROLL, SB_TOP);
+    CHECK(bench.view.FirstVisibleChar() == 0);
+}
+
+TEST_CASE("windows text view: a horizontal scroll bar is there for lines wider than the window") {
+    Bench bench;
+    const auto hasBar = [&] {
+        return (GetWindowLongW(bench.view.Handle(), GWL_STYLE) & WS_HSCROLL) != 0;
+    };
+    CHECK_FALSE(hasBar());
+    bench.view.SetRightMargin(491520);
+    bench.view.LoadPlainText(std::u16string(500, u'x'));
+    const Painted painted(bench.view.Handle());
+    CHECK(hasBar());
+    bench.Send(WM_HSCROLL, SB_PAGERIGHT);
+    CHECK(bench.view.Pane().ScrollX() > 300);
+    bench.view.SetRightMargin(0);
+    const Painted again(bench.view.Handle());
+    CHECK_FALSE(hasBar());
+}
+
+TEST_CASE("windows text view: a context menu is asked for by mouse and keyboard") {
+    Bench bench;
+    int asked = 0;
+    bench.view.onContextMenu = [&] { ++asked; };
+    POINT corner = {10, 20};
+    ClientToScreen(bench.view.Handle(), &corner);
+    bench.Send(WM_CONTEXTMENU, 0, MAKELPARAM(corner.x, corner.y));
+    CHECK(asked == 1);
+    CHECK(bench.view.ContextMenuPoint().x == corner.x);
+    CHECK(bench.view.ContextMenuPoint().y == corner.y);
+    bench.Send(WM_CONTEXTMENU, 0, -1); // the key for it
+    CHECK(asked == 2);
+    RECT inside = {};
+    GetWindowRect(bench.view.Handle(), &inside);
+    CHECK(PtInRect(&inside, bench.view.ContextMenuPoint()));
+    const HeldKey shift(VK_SHIFT);
+    bench.Press(VK_F10);
+    CHECK(asked == 3);
+}
+
+TEST_CASE("windows text view: dropped files are reported in their order") {
+    Bench bench;
+    std::vector<std::u16string> dropped;
+    bench.view.onFilesDropped = [&](const std::vector<std::u16string>& paths) { dropped = paths; };
+    using namespace std::string_literals;
+    const std::wstring paths = L"C:\\b.txt\0C:\\\u0416 \xD834\xDD1E.rtf\0"s;
+    bench.Send(WM_DROPFILES, DropOf(paths));
+    CHECK(dropped.empty()); // the program that the files come from does not wait
+    CHECK(Becomes([&] { return !dropped.empty(); }));
+    CHECK(dropped == std::vector<std::u16string>{u"C:\\b.txt", u"C:\\\u0416 \U0001D11E.rtf"});
+}
+
+TEST_CASE("windows text view: the hourglass is over the text while it is asked for") {
+    Bench bench;
+    const auto shown = [&] {
+        SetCursor(LoadCursorW(nullptr, IDC_ARROW));
+        bench.Send(WM_SETCURSOR, reinterpret_cast<WPARAM>(bench.view.Handle()),
+                   MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+        return GetCursor();
+    };
+    bench.view.SetPointer(Pointer::Hourglass);
+    CHECK(shown() == LoadCursorW(nullptr, IDC_WAIT));
+    bench.view.LoadPlainText(u"another text");
+    CHECK(shown() == LoadCursorW(nullptr, IDC_WAIT));
+    bench.view.SetPointer(Pointer::Default);
+    CHECK(shown() == LoadCursorW(nullptr, IDC_IBEAM));
+}
+
+TEST_CASE("windows text view: what is selected is painted in the selection's colours") {
+    Bench bench;
+    bench.view.SetBackColor(0xFFFFFF);
+    bench.view.SetTextColor(0x0000FF);
+    bench.view.Select(0, 4);
+    const Rect word = bench.view.Pane().CharacterRect(1),
+               other = bench.view.Pane().CharacterRect(6);
+    const Painted painted(bench.view.Handle());
+    CHECK(painted.Count(word, GetSysColor(COLOR_HIGHLIGHT)) > word.width * word.height / 3);
+    CHECK(painted.Count(word, 0xFFFFFF) < word.width * word.height / 2);
+    CHECK(painted.Count(other, 0xFFFFFF) > other.width * other.height / 3);
+    CHECK(painted.Count({0, 0, painted.width, painted.height}, 0x0000FF) > 100);
+}
+
+TEST_CASE("windows text view: a picture is decoded and scaled to its place") {
+    const OleForTest ole; // as main.cpp does
+    Bench bench;
+    // A PNG of one red pixel, shown 40 pixels wide and 30 high at 96 dpi.
+    const std::string red = "89504e470d0a1a0a0000000d4948445200000001000000010802000000907753de0000"
+                            "000c49444154789c63f8cfc0000003010100c9fe92ef0000000049454e44ae426082";
+    bench.view.LoadRichText("{\\rtf1{\\pict\\pngblip\\picwgoal600\\pichgoal450 " + red + "}}",
+                            1252);
+    const Rect box = bench.view.Pane().CharacterRect(0);
+    CHECK(box.width == MulDiv(40, WindowDpi(bench.view.Handle()), 96));
+    const Painted painted(bench.view.Handle());
+    CHECK(painted.Count(box, 0x0000FF) == box.width * box.height);
+}
+
+namespace {
+// A text whose search runs until it is given up, or fails the test.
+class EndlessText : public TextSource {
+  public:
+    TextPos Length() const override { return static_cast<TextPos>(text_.size()); }
+    TextPiece PieceAt(TextPos) const override { return {0, text_}; }
+    TextPos FindWhile(std::u16string_view, TextPos, FindOptions,
+                      const std::function<bool()>& goesOn) const override {
+        const ULONGLONG end = GetTickCount64() + 60'000;
+        while (GetTickCount64() < end)
+            if (!goesOn()) return findGivenUp;
+        return notFound;
+    }
+
+  private:
+    std::u16string text_ = u"a line of it";
+};
+} // namespace
+
+TEST_CASE("windows text view: Escape gives a long search up, and other keys do nothing") {
+    Bench bench;
+    bench.view.LoadText(std::make_shared<EndlessText>());
+    PostMessageW(bench.view.Handle(), WM_KEYDOWN, VK_RIGHT, 0);
+    PostMessageW(bench.view.Handle(), WM_KEYDOWN, VK_ESCAPE, 0);
+    CHECK(bench.view.Find(u"nowhere", 0, {}) == findGivenUp);
+    CHECK(bench.view.SelStart() == 0);
+}
+
+TEST_CASE("windows text view: closing the window gives a long search up, and still closes it") {
+    Bench bench;
+    bench.view.LoadText(std::make_shared<EndlessText>());
+    PostMessageW(bench.window.Handle(), WM_CLOSE, 0, 0);
+    CHECK(bench.view.Find(u"nowhere", 0, {}) == findGivenUp);
+    MSG message = {};
+    CHECK(PeekMessageW(&message, bench.window.Handle(), WM_CLOSE, WM_CLOSE, PM_REMOVE));
 }

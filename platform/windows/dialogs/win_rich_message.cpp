@@ -1,7 +1,7 @@
 #include "platform/windows/dialogs/win_rich_message.h"
 
 #include "platform/windows/base/text.h"
-#include "platform/windows/text_view/rich_edit.h"
+#include "platform/windows/dialogs/rich_edit_class.h"
 
 #include <richedit.h>
 

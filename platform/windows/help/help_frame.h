@@ -3,7 +3,7 @@
 
 #include "platform/help_window.h"
 #include "platform/windows/help/win_help_list.h"
-#include "platform/windows/text_view/win_text_view.h"
+#include "platform/windows/text_pane/win_text_view.h"
 #include "platform/windows/window/win_native_window.h"
 
 #include <memory>

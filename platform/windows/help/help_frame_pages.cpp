@@ -52,7 +52,6 @@ void HelpFrame::ShowPage(int page) {
         return;
     }
     text_->LoadRichText(contents_.page(page), westernCodePage);
-    Subclass(text_->Handle()); // each load creates a new control
     shownPage_ = page;
 }
 
@@ -113,8 +112,8 @@ void HelpFrame::CopySelection() const {
 bool HelpFrame::HandleSearchKey(int key) {
     if (IsDown(VK_CONTROL) || IsDown(VK_SHIFT)) return false;
     if (key == VK_DOWN) Focus(List);
-    if (key == VK_NEXT) SendMessageW(text_->Handle(), EM_SCROLL, SB_PAGEDOWN, 0);
-    if (key == VK_PRIOR) SendMessageW(text_->Handle(), EM_SCROLL, SB_PAGEUP, 0);
+    if (key == VK_NEXT) text_->Pane().ScrollPage(true);
+    if (key == VK_PRIOR) text_->Pane().ScrollPage(false);
     return key == VK_DOWN || key == VK_NEXT || key == VK_PRIOR;
 }
 

@@ -1,0 +1,44 @@
+#include "platform/windows/text_pane/win_text_view.h"
+
+#include "platform/windows/base/text.h"
+#include "platform/windows/text_pane/search_pump.h"
+
+WinTextView::WinTextView(HWND parent) : text_(std::make_unique<TextWindow>(parent)) {
+    text_->onContextMenu = [this](POINT point) {
+        contextPoint_ = point;
+        if (onContextMenu) onContextMenu();
+    };
+    text_->onDrop = [this](std::vector<std::u16string> paths) {
+        drops_.Add(Handle(), std::move(paths));
+    };
+    text_->onCopy = [this] {
+        if (onCopy) onCopy();
+    };
+}
+
+TextPos WinTextView::Find(std::u16string_view what, TextPos start, FindOptions options) const {
+    SearchPump messages;
+    return FindWhile(what, start, options, [&] { return messages.GoesOn(); });
+}
+
+void WinTextView::SetBounds(const Rect& bounds) {
+    SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, bounds.width, bounds.height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void WinTextView::SetVisible(bool visible) {
+    ShowWindow(Handle(), visible ? SW_SHOWNA : SW_HIDE);
+}
+
+void WinTextView::SetPointer(Pointer pointer) {
+    text_->SetPointer(pointer);
+}
+
+void WinTextView::FocusView() {
+    ::SetFocus(Handle());
+}
+
+// What the window is called where it is read aloud.
+void WinTextView::SetName(std::u16string_view name) {
+    SetWindowTextW(Handle(), ToWide(name).c_str());
+}

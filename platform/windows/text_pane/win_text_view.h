@@ -1,0 +1,32 @@
+// The text view on Windows: a text pane in a window of our own.
+#pragma once
+
+#include "platform/windows/text_pane/text_window.h"
+#include "platform/windows/window/win_drops.h"
+#include "view/pane_text_view.h"
+
+class WinTextView : public PaneTextView {
+  public:
+    explicit WinTextView(HWND parent); // which outlives the view
+    WinTextView(const WinTextView&) = delete;
+    WinTextView& operator=(const WinTextView&) = delete;
+
+    HWND Handle() const { return text_->Handle(); }
+    POINT ContextMenuPoint() const { return contextPoint_; } // of the last request, on the screen
+
+    // Keeps the window drawn while it searches long, although it is const.
+    TextPos Find(std::u16string_view what, TextPos start, FindOptions options) const override;
+
+    void SetBounds(const Rect& bounds) override;
+    void SetVisible(bool visible) override;
+    void SetPointer(Pointer pointer) override;
+    void FocusView() override;
+    void SetName(std::u16string_view name) override;
+
+    TextPane& Pane() const override { return text_->Pane(); }
+
+  private:
+    std::unique_ptr<TextWindow> text_;
+    POINT contextPoint_ = {};
+    WinDrops drops_{onFilesDropped};
+};
