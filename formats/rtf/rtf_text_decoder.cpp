@@ -7,7 +7,6 @@
 
 namespace {
 
-
 unsigned char Unsigned(char c) {
     return static_cast<unsigned char>(c);
 }

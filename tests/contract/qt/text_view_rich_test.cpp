@@ -191,7 +191,7 @@ TEST_CASE("qt text view: the text of a merged cell is not shown") {
 }
 
 TEST_CASE("qt text view: a picture has the size that its file specifies") {
-    Picture picture{0, PictureFormat::Png, 1440, 720, Png(40, 20, Qt::magenta)};
+    Picture picture{0, PictureFormat::Png, 1440, 720, Png(40, 20, Qt::magenta), {}};
     QtViewBench bench;
     bench.view.LoadDocument(PictureDocument(picture));
     const int width = CaretAt(bench, 2).x() - CaretAt(bench, 1).x();
@@ -213,14 +213,14 @@ TEST_CASE("qt text view: pictures of no given size, too wide, broken or huge") {
         int width;
         bool visible;
     } const cases[] = {
-        {"no size", {0, PictureFormat::Png, 0, 0, png}, 40, true},
-        {"too wide", {0, PictureFormat::Png, 30'000, 300, png}, 286, true},
-        {"other", {0, PictureFormat::Other, 720, 720, ""}, 48, false},
-        {"broken", {0, PictureFormat::Png, 720, 720, "no picture"}, 48, false},
-        {"wrong kind", {0, PictureFormat::Jpeg, 720, 720, png}, 48, false},
-        {"cut", {0, PictureFormat::Png, 720, 720, png.substr(0, 50)}, 48, false},
-        {"huge", {0, PictureFormat::Png, 720, 720, bomb}, 48, false},
-        {"huge, no size", {0, PictureFormat::Png, 0, 0, bomb}, 32, false},
+        {"no size", {0, PictureFormat::Png, 0, 0, png, {}}, 40, true},
+        {"too wide", {0, PictureFormat::Png, 30'000, 300, png, {}}, 286, true},
+        {"other", {0, PictureFormat::Other, 720, 720, "", {}}, 48, false},
+        {"broken", {0, PictureFormat::Png, 720, 720, "no picture", {}}, 48, false},
+        {"wrong kind", {0, PictureFormat::Jpeg, 720, 720, png, {}}, 48, false},
+        {"cut", {0, PictureFormat::Png, 720, 720, png.substr(0, 50), {}}, 48, false},
+        {"huge", {0, PictureFormat::Png, 720, 720, bomb, {}}, 48, false},
+        {"huge, no size", {0, PictureFormat::Png, 0, 0, bomb, {}}, 32, false},
     };
     for (const auto& c : cases) {
         CAPTURE(c.what);

@@ -1,8 +1,8 @@
 #include "tests/contract/qt/reference_view/reference_builder.h"
 
 #include "common/string_text.h"
-#include "view/layout_cost.h"
 #include "tests/contract/qt/reference_view/reference_rows.h"
+#include "view/layout_cost.h"
 
 #include <algorithm>
 #include <cmath>
