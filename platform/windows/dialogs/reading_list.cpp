@@ -64,10 +64,10 @@ HWND AddControl(HWND dialog, WORD id, const wchar_t* type, DWORD style, const RE
 void Fill(HWND list, HFONT font, const FontRequest& request) {
     int widest = 0;
     for (const TextReading& each : request.readings)
-        widest = std::max<int>(widest, TextExtent(list, font, ToWide(each.name)).cx);
+        widest = std::max<int>(widest, MeasureText(list, font, ToWide(each.name)).cx);
     // In quarters of the average letter of the dialog's font.
     const auto average =
-        std::max<int>(TextExtent(list, font, L"abcdefghijklmnopqrstuvwxyz").cx / 26, 1);
+        std::max<int>(MeasureText(list, font, L"abcdefghijklmnopqrstuvwxyz").cx / 26, 1);
     int stop = widest * 4 / average + 8;
     SendMessageW(list, LB_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&stop));
     for (const TextReading& each : request.readings) {
@@ -79,7 +79,7 @@ void Fill(HWND list, HFONT font, const FontRequest& request) {
 
 void AddReadingList(HWND dialog, int above, const FontRequest& request) {
     const auto font = reinterpret_cast<HFONT>(SendMessageW(dialog, WM_GETFONT, 0, 0));
-    const int row = TextExtent(dialog, font, L"Ag").cy, gap = row / 2;
+    const int row = MeasureText(dialog, font, L"Ag").cy, gap = row / 2;
     RECT client = {};
     GetClientRect(dialog, &client);
     const int top = BottomBeside(dialog, above) + gap;
