@@ -19,11 +19,7 @@ class WinHelpWindowUnderTest final : public HelpWindowUnderTest {
     void ChooseRow(int row) override { ShownHelp::ChooseRow(row); }
     std::u16string SearchText() override { return FromWide(WindowText(ShownHelp::Search())); }
     void Type(const std::u16string& text) override { ShownHelp::Type(text); }
-    std::u16string PageText() override {
-        std::u16string text = FromWide(WindowText(ShownHelp::Page()));
-        std::erase(text, u'\r');
-        return text;
-    }
+    std::u16string PageText() override { return ShownHelp::Text(); }
     std::u16string SelectedText() override { return ShownHelp::Selected(); }
     void Minimize() override { ShowWindow(ShownHelp::Frame(), SW_MINIMIZE); }
     bool IsMinimized() override { return IsIconic(ShownHelp::Frame()); }

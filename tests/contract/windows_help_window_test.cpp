@@ -12,6 +12,8 @@
 
 #include <doctest/doctest.h>
 
+#include <richedit.h>
+
 namespace {
 
 HelpContents Contents() {
@@ -61,16 +63,11 @@ TEST_CASE("windows help window: has no owner, so that the main window can come b
 
 TEST_CASE("windows help window: the page has the system's face and colours") {
     const Open open;
-    CHARFORMAT2W format = {};
-    format.cbSize = sizeof format;
-    SendMessageW(ShownHelp::Page(), EM_SETSEL, 0, 3);
-    SendMessageW(ShownHelp::Page(), EM_GETCHARFORMAT, SCF_SELECTION,
-                 reinterpret_cast<LPARAM>(&format));
-    CHECK(std::wstring(format.szFaceName) ==
+    const ViewStyle& style = ShownHelp::Pane().Style();
+    CHECK(ToWide(style.font.name) ==
           NonClientMetricsForDpi(WindowDpi(ShownHelp::Page())).lfMessageFont.lfFaceName);
-    CHECK((format.dwEffects & CFE_AUTOCOLOR) != 0);
-    const LRESULT background = SendMessageW(ShownHelp::Page(), EM_SETBKGNDCOLOR, 1, 0);
-    CHECK(static_cast<COLORREF>(background) == GetSysColor(COLOR_WINDOW));
+    CHECK(style.autoColor);
+    CHECK(style.backColor == GetSysColor(COLOR_WINDOW));
 }
 
 TEST_CASE("windows help window: the row that says that nothing was found cannot be chosen") {
@@ -78,7 +75,7 @@ TEST_CASE("windows help window: the row that says that nothing was found cannot 
     ShownHelp::Type(u"nothing");
     ShownHelp::ChooseRow(0);
     CHECK(ShownHelp::Row() == -1);
-    CHECK(WindowText(ShownHelp::Page()).starts_with(L"page 0"));
+    CHECK(ShownHelp::Text().starts_with(u"page 0"));
 }
 
 TEST_CASE("windows help window: a copy of the page is text and nothing else") {

@@ -2,9 +2,7 @@
 #pragma once
 
 #include "platform/windows/base/text.h"
-#include "platform/windows/base/win32.h"
-
-#include <richedit.h>
+#include "platform/windows/text_pane/text_window.h"
 
 struct ShownHelp {
     // Null while none is open.
@@ -24,7 +22,7 @@ struct ShownHelp {
     static HWND List() { return FindWindowExW(Frame(), nullptr, L"LISTBOX", nullptr); }
     static HWND Page() {
         const HWND panel = FindWindowExW(Frame(), nullptr, L"NorvasetHelpPage", nullptr);
-        return FindWindowExW(panel, nullptr, MSFTEDIT_CLASS, nullptr);
+        return FindWindowExW(panel, nullptr, L"NorvasetText", nullptr);
     }
 
     static int RowCount() { return static_cast<int>(SendMessageW(List(), LB_GETCOUNT, 0, 0)); }
@@ -36,9 +34,9 @@ struct ShownHelp {
                      reinterpret_cast<LPARAM>(List()));
     }
     static void Type(const std::u16string& text) { SetWindowTextW(Search(), ToWide(text).c_str()); }
+    static TextPane& Pane() { return TextWindow::Of(Page())->Pane(); }
+    static std::u16string Text() { return Pane().Source().Range(0, Pane().Source().Length()); }
     static std::u16string Selected() {
-        wchar_t text[64] = {};
-        SendMessageW(Page(), EM_GETSELTEXT, 0, reinterpret_cast<LPARAM>(text));
-        return FromWide(text);
+        return Pane().Source().Range(Pane().SelStart(), Pane().SelEnd());
     }
 };

@@ -11,6 +11,7 @@
 
 namespace {
 constexpr UINT_PTR firstTimer = 1;
+constexpr wchar_t ownerProperty[] = L"Norvaset.TextWindow";
 constexpr DWORD windowStyle = WS_CHILD | WS_CLIPSIBLINGS | WS_VSCROLL | WS_TABSTOP;
 
 SelectionColors SystemSelection() {
@@ -56,9 +57,14 @@ TextWindow::TextWindow(HWND parent)
               [this](HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
                   return HandleMessage(window, message, wParam, lParam);
               }) {
+    SetPropW(Handle(), ownerProperty, this);
     DragAcceptFiles(Handle(), TRUE);
     SetHorizontalBar(false);
     UpdateSystemStyle();
+}
+
+TextWindow* TextWindow::Of(HWND window) {
+    return static_cast<TextWindow*>(GetPropW(window, ownerProperty));
 }
 
 void TextWindow::UpdateSystemStyle() {
@@ -177,6 +183,7 @@ LRESULT TextWindow::HandleMessage(HWND window, UINT message, WPARAM wParam, LPAR
     if (!Handle()) return DefWindowProcW(window, message, wParam, lParam); // as it is created
     switch (message) {
     case WM_PAINT: Paint(); return 0;
+    case WM_NCDESTROY: RemovePropW(window, ownerProperty); break;
     case WM_ERASEBKGND: return 1;
     case WM_SIZE:
         pane_.OnResized();

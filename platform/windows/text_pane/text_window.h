@@ -16,6 +16,7 @@ class TextWindow : private PaneWindow {
     TextWindow(const TextWindow&) = delete;
     TextWindow& operator=(const TextWindow&) = delete;
 
+    static TextWindow* Of(HWND window); // null for another window
     HWND Handle() const { return window_.Handle(); }
     TextPane& Pane() { return pane_; }
     void SetPointer(Pointer pointer);
