@@ -1,6 +1,7 @@
 // Pictures as the system's imaging component decodes and GDI draws them.
 #include "platform/windows/line_layout/win_canvas.h"
 #include "platform/windows/line_layout/win_pictures.h"
+#include "tests/unit/metafile_samples.h"
 
 #include <doctest/doctest.h>
 #include <objbase.h>
@@ -73,6 +74,13 @@ class Surface {
         DeleteDC(context_);
     }
     Color At(int x, int y) const { return GetPixel(context_, x, y); }
+    int Count(Color color) const {
+        int count = 0;
+        for (int y = 0; y < 64; ++y)
+            for (int x = 0; x < 64; ++x)
+                count += At(x, y) == color;
+        return count;
+    }
 
   private:
     HDC context_;
@@ -137,4 +145,49 @@ TEST_CASE("Windows pictures: what is no picture, or too large a one, is not draw
     CHECK_FALSE(pictures.Draw(surface.canvas, PictureOf(redAndNothing, PictureFormat::Png, 9),
                               {0, 0, 1 << 20, 1 << 20}));
     CHECK(surface.At(1, 1) == white);
+}
+
+TEST_CASE("Windows pictures: a metafile is drawn in its place and size, from our own reading") {
+    WinPictures pictures;
+    Surface surface;
+    const std::string window =
+        WmfRecord(0x020B, Words({0, 0})) + WmfRecord(0x020C, Words({100, 100}));
+    const std::string noPen =
+        WmfRecord(0x02FA, Words({5, 0, 0, 0, 0})) + WmfRecord(0x012D, Words({0}));
+    const std::string redBrush =
+        WmfRecord(0x02FC, Words({0}) + Longs({red}) + Words({0})) + WmfRecord(0x012D, Words({1}));
+    const std::string box = WmfRecord(0x041B, Words({50, 50, 0, 0}));
+    Picture picture;
+    picture.format = PictureFormat::Wmf;
+    picture.bytes = Wmf(window + noPen + redBrush + box);
+    CHECK(pictures.NaturalSize(picture).IsEmpty()); // its size is the document's
+    CHECK(pictures.Draw(surface.canvas, picture, {4, 4, 40, 40}));
+    CHECK(std::abs(surface.Count(red) - 20 * 20) < 50);
+    CHECK(surface.At(6, 6) == red);
+    CHECK(surface.At(40, 40) == white);
+
+    picture.position = 1;
+    picture.format = PictureFormat::Emf;
+    picture.bytes =
+        Emf(EmfRecord(37, Longs({0x80000008})) + EmfRecord(39, Longs({1, 0, 0xFF0000, 0})) +
+            EmfRecord(37, Longs({1})) + EmfRecord(43, Longs({0, 0, 100, 50})));
+    CHECK(pictures.Draw(surface.canvas, picture, {4, 4, 40, 40}));
+    CHECK(std::abs(surface.Count(0xFF0000) - 40 * 20) < 80);
+    picture.position = 2;
+    picture.bytes = "no metafile at all";
+    CHECK_FALSE(pictures.Draw(surface.canvas, picture, {0, 0, 40, 40}));
+}
+
+TEST_CASE("Windows pictures: the letters and lines of a metafile are drawn") {
+    WinPictures pictures;
+    Surface surface;
+    Picture picture;
+    picture.format = PictureFormat::Wmf;
+    const std::string window =
+        WmfRecord(0x020B, Words({0, 0})) + WmfRecord(0x020C, Words({100, 100}));
+    const std::string cross = WmfRecord(0x0325, Words({2, 0, 50, 100, 50})); // a line
+    picture.bytes = Wmf(window + cross);
+    CHECK(pictures.Draw(surface.canvas, picture, {0, 0, 64, 64}));
+    CHECK(surface.Count(0x000000) >= 60);
+    CHECK(surface.At(2, 2) == white);
 }

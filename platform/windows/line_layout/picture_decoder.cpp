@@ -37,7 +37,9 @@ bool OpenDecoder(const Picture& picture, OpenPicture& open) {
 
 OpenPicture Open(const Picture& picture) {
     OpenPicture open;
-    if (picture.format == PictureFormat::Other || picture.bytes.empty()) return open;
+    const bool isImage =
+        picture.format == PictureFormat::Png || picture.format == PictureFormat::Jpeg;
+    if (!isImage || picture.bytes.empty()) return open;
     ComPtr<IWICBitmapFrameDecode> frame;
     UINT width = 0, height = 0;
     if (!OpenDecoder(picture, open) || FAILED(open.decoder->GetFrame(0, &frame)) ||
@@ -49,6 +51,8 @@ OpenPicture Open(const Picture& picture) {
     return open;
 }
 
+} // namespace
+
 WinBitmap MakeBitmap(Size size, void*& bits) {
     BITMAPINFO info = {};
     info.bmiHeader.biSize = sizeof info.bmiHeader;
@@ -58,8 +62,6 @@ WinBitmap MakeBitmap(Size size, void*& bits) {
     info.bmiHeader.biBitCount = 32;
     return WinBitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
 }
-
-} // namespace
 
 Size ReadPictureSize(const Picture& picture) {
     const OpenPicture open = Open(picture);

@@ -17,5 +17,9 @@ using WinBitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, WinBitmapDelet
 // is larger than memory should be given to.
 Size ReadPictureSize(const Picture&);
 
-// In 32 bits with alpha, premultiplied; null if it cannot be decoded.
+// An empty bitmap of 32 bits with alpha, premultiplied, the first row on top; null if there is no
+// memory for it.
+WinBitmap MakeBitmap(Size, void*& bits);
+
+// As such a bitmap; null if it cannot be decoded.
 WinBitmap DecodePicture(const Picture&, Size scaledTo);

@@ -1,5 +1,6 @@
 #include "platform/windows/line_layout/win_pictures.h"
 
+#include "platform/windows/line_layout/metafile_image.h"
 #include "platform/windows/line_layout/win_canvas.h"
 
 namespace {
@@ -40,7 +41,8 @@ const WinPictures::Scaled& WinPictures::At(const Picture& picture, Size size) {
         bytes_ = 0;
     }
     Scaled& scaled = bitmaps_[picture.position];
-    scaled.bitmap = DecodePicture(picture, size);
+    scaled.bitmap =
+        IsMetafile(picture) ? MetafileImage(picture, size) : DecodePicture(picture, size);
     scaled.size = size;
     if (scaled.bitmap) bytes_ += BytesOf(size);
     return scaled;
