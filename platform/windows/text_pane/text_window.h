@@ -3,6 +3,7 @@
 
 #include "platform/windows/line_layout/win_line_layout.h"
 #include "platform/windows/line_layout/win_pictures.h"
+#include "platform/windows/text_pane/accessibility/text_accessibility.h"
 #include "platform/windows/window/win_native_window.h"
 #include "view/text_pane.h"
 
@@ -65,5 +66,6 @@ class TextWindow : private PaneWindow {
     DWORD clickTime_ = 0;
     int clicks_ = 0; // in a row
     TextPane pane_{*this, lines_, pictures_};
+    TextAccessibility accessibility_{pane_};
     WinNativeWindow window_; // destroyed first: its messages use the other members
 };
