@@ -19,6 +19,7 @@ class TextWindow : private PaneWindow {
 
     HWND Handle() const { return window_.Handle(); }
     TextPane& Pane() { return pane_; }
+    ComPtr<TextProvider> Accessible() { return accessibility_.Provider(Handle()); }
     void SetPointer(Pointer pointer);
 
     std::function<void(POINT onScreen)> onContextMenu;

@@ -12,6 +12,8 @@ class TextAccessibility {
     TextAccessibility(const TextAccessibility&) = delete;
     TextAccessibility& operator=(const TextAccessibility&) = delete;
 
+    // What is handed to screen readers; the same object as long as the window lives.
+    const ComPtr<TextProvider>& Provider(HWND window);
     // The answer to WM_GETOBJECT; none where it asks for something else, or UI Automation lacks.
     std::optional<LRESULT> AnswerGetObject(HWND window, WPARAM wParam, LPARAM lParam);
     void OnTextChanged() { Raise(uia::textChanged); }

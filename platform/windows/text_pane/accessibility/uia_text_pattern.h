@@ -1,5 +1,5 @@
-// The interfaces and numbers of UI Automation's text pattern, which MinGW-w64's headers lack; by
-// the names of the Windows SDK's UIAutomationCore.h.
+// The interfaces and numbers of UI Automation's text pattern, which MinGW-w64's headers of 2022
+// lack; by the names of the Windows SDK's UIAutomationCore.h.
 #pragma once
 
 #include "platform/windows/base/win32.h"
@@ -22,16 +22,6 @@ enum TextUnit {
     TextUnit_Paragraph = 4,
     TextUnit_Page = 5,
     TextUnit_Document = 6,
-};
-
-enum SupportedTextSelection {
-    SupportedTextSelection_None = 0,
-    SupportedTextSelection_Single = 1,
-    SupportedTextSelection_Multiple = 2,
-};
-
-struct UiaPoint {
-    double x, y;
 };
 
 MIDL_INTERFACE("5347ad7b-c355-46f8-aff5-909033582f63")
@@ -62,6 +52,18 @@ ITextRangeProvider : public IUnknown {
 };
 __CRT_UUID_DECL(ITextRangeProvider, 0x5347ad7b, 0xc355, 0x46f8, 0xaf, 0xf5, 0x90, 0x90, 0x33, 0x58,
                 0x2f, 0x63)
+#endif
+
+#ifndef __ITextProvider_INTERFACE_DEFINED__
+enum SupportedTextSelection {
+    SupportedTextSelection_None = 0,
+    SupportedTextSelection_Single = 1,
+    SupportedTextSelection_Multiple = 2,
+};
+
+struct UiaPoint {
+    double x, y;
+};
 
 MIDL_INTERFACE("3589c92c-63f3-4367-99bb-ada653b77cf2")
 ITextProvider : public IUnknown {
@@ -76,7 +78,9 @@ ITextProvider : public IUnknown {
 };
 __CRT_UUID_DECL(ITextProvider, 0x3589c92c, 0x63f3, 0x4367, 0x99, 0xbb, 0xad, 0xa6, 0x53, 0xb7, 0x7c,
                 0xf2)
+#endif
 
+#ifndef __ITextProvider2_INTERFACE_DEFINED__
 MIDL_INTERFACE("0dc5e6ed-3e16-4bf1-8f9a-a979878bc195")
 ITextProvider2 : public ITextProvider {
   public:
