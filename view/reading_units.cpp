@@ -10,6 +10,8 @@
 #include <cstdlib>
 
 namespace {
+constexpr int maxLines = 8 * 1024; // laid out for an answer
+
 // Words with the spaces behind them.
 std::vector<TextPos> ReadingWordStarts(std::u16string_view text) {
     std::vector<TextPos> starts = WordBoundaries(text);
@@ -115,8 +117,10 @@ bool ReadingUnits::Exists(TextPos position, ReadingUnit unit) const {
 ReadingUnits::Move ReadingUnits::MoveBy(TextPos from, ReadingUnit unit, int count) {
     const bool forward = count > 0;
     const std::int64_t asked = std::abs(static_cast<std::int64_t>(count));
+    const bool isLaidOut = unit == ReadingUnit::Line || unit == ReadingUnit::Page;
+    const std::int64_t most = isLaidOut ? std::min<std::int64_t>(asked, maxLines) : asked;
     Move move{from, 0};
-    while (move.units < asked && std::abs(move.position - from) < maxReadingReach) {
+    while (move.units < most && std::abs(move.position - from) < maxReadingReach) {
         const TextPos to = forward ? Next(move.position, unit) : Previous(move.position, unit);
         if (to == move.position) break;
         move.position = to;
