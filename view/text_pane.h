@@ -58,6 +58,8 @@ class TextPane {
     void ScrollBy(Point pixels);
     void ScrollToX(int x); // by the horizontal scroll bar
     int ScrollX() const { return scrollX_; }
+    int ToTextX(int viewX) const { return viewX - margin_ + scrollX_; }
+    int Width() const { return width_; } // as last laid out
     void OnTimer(PaneTimer timer);
     void OnFocusChanged();
     void OnResized() { UpdateLayoutSize(); }
@@ -74,7 +76,6 @@ class TextPane {
     void Relayout();
     bool UpdateResolution();
     int BreakWidth(int room) const;
-    int ToTextX(int viewX) const { return viewX - margin_ + scrollX_; }
     int SideMargin();
     void ScrollRightTo(int x);
     void UpdateScrollBars();

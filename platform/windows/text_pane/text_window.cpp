@@ -137,10 +137,12 @@ void TextWindow::StopTimer(PaneTimer timer) {
 
 void TextWindow::OnTextChanged() {
     NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, Handle(), OBJID_CLIENT, CHILDID_SELF);
+    accessibility_.OnTextChanged();
 }
 
 void TextWindow::OnSelectionChanged(TextPos, TextPos) {
     PlaceSystemCaret();
+    accessibility_.OnSelectionChanged();
 }
 
 // The system's caret stays unseen, as the pane draws its own; magnifiers and screen readers follow
@@ -200,6 +202,11 @@ LRESULT TextWindow::HandleMessage(HWND window, UINT message, WPARAM wParam, LPAR
         pane_.OnFocusChanged();
         return 0;
     case WM_GETDLGCODE: return DLGC_WANTARROWS;
+    case WM_GETOBJECT:
+        if (const auto answer = accessibility_.AnswerGetObject(window, wParam, lParam))
+            return *answer;
+        break;
+    case WM_DESTROY: accessibility_.Disconnect(); return 0;
     case WM_SETCURSOR:
         if (HandleSetCursor(lParam)) return TRUE;
         break;

@@ -3,6 +3,7 @@
 
 #include "platform/windows/line_layout/win_line_layout.h"
 #include "platform/windows/line_layout/win_pictures.h"
+#include "platform/windows/text_pane/accessibility/text_accessibility.h"
 #include "platform/windows/window/win_native_window.h"
 #include "view/text_pane.h"
 
@@ -19,6 +20,7 @@ class TextWindow : private PaneWindow {
     static TextWindow* Of(HWND window); // null for another window
     HWND Handle() const { return window_.Handle(); }
     TextPane& Pane() { return pane_; }
+    ComPtr<TextProvider> Accessible() { return accessibility_.Provider(Handle()); }
     void SetPointer(Pointer pointer);
 
     std::function<void(POINT onScreen)> onContextMenu;
@@ -66,5 +68,6 @@ class TextWindow : private PaneWindow {
     DWORD clickTime_ = 0;
     int clicks_ = 0; // in a row
     TextPane pane_{*this, lines_, pictures_};
+    TextAccessibility accessibility_{pane_};
     WinNativeWindow window_; // destroyed first: its messages use the other members
 };

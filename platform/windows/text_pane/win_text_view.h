@@ -24,6 +24,7 @@ class WinTextView : public PaneTextView {
     void SetName(std::u16string_view name) override;
 
     TextPane& Pane() const override { return text_->Pane(); }
+    ComPtr<TextProvider> Accessible() { return text_->Accessible(); }
 
   private:
     std::unique_ptr<TextWindow> text_;

@@ -1,0 +1,122 @@
+#include "platform/windows/text_pane/accessibility/attribute_values.h"
+
+#include "platform/windows/base/text.h"
+#include "platform/windows/text_pane/accessibility/uia_library.h"
+#include "view/reading_attributes.h"
+
+#include <optional>
+#include <string>
+#include <variant>
+
+namespace {
+constexpr int maxStretches = 1024; // of one style, looked at for an answer
+constexpr LONG lineStyleNone = 0, lineStyleSingle = 1;
+constexpr LONG flowRightToLeft = 1;
+constexpr LONG weightNormal = 400, weightBold = 700;
+
+using AttributeValue = std::variant<bool, LONG, double, std::u16string>;
+
+LONG LineStyle(bool drawn) {
+    return drawn ? lineStyleSingle : lineStyleNone;
+}
+
+std::optional<AttributeValue> ValueOf(const CharacterLook& look, TEXTATTRIBUTEID id) {
+    const TextStyle& style = look.style;
+    switch (id) {
+    case uia::fontName: return style.font.family;
+    case uia::fontSize: return style.font.points;
+    case uia::fontWeight: return style.font.bold ? weightBold : weightNormal;
+    case uia::isItalic: return style.font.italic;
+    case uia::underlineStyle: return LineStyle(style.underline);
+    case uia::strikethroughStyle: return LineStyle(style.strikethrough);
+    case uia::isSubscript: return style.baseline == TextBaseline::Subscript;
+    case uia::isSuperscript: return style.baseline == TextBaseline::Superscript;
+    case uia::foregroundColor: return static_cast<LONG>(look.foreground);
+    case uia::backgroundColor: return static_cast<LONG>(look.background);
+    default: return std::nullopt;
+    }
+}
+
+LONG AlignmentNumber(Alignment alignment) {
+    switch (alignment) {
+    case Alignment::Left: return 0;
+    case Alignment::Center: return 1;
+    case Alignment::Right: return 2;
+    case Alignment::Justified: return 3;
+    }
+    return 0;
+}
+
+std::optional<AttributeValue> ValueOf(const ParagraphLook& look, TEXTATTRIBUTEID id) {
+    switch (id) {
+    case uia::horizontalTextAlignment: return AlignmentNumber(look.alignment);
+    case uia::textFlowDirections: return look.rightToLeft ? flowRightToLeft : LONG(0);
+    default: return std::nullopt;
+    }
+}
+
+struct Attribute {
+    std::optional<AttributeValue> value; // none: not supported
+    bool mixed = false;
+};
+
+// An empty span has what is at its place.
+template <typename LookAt>
+Attribute CommonValue(TextPane& pane, TextSpan span, TEXTATTRIBUTEID id, LookAt lookAt) {
+    auto look = lookAt(pane, span.start);
+    Attribute common{ValueOf(look, id)};
+    for (int i = 0; common.value && look.span.end < span.end; ++i) {
+        const TextPos next = look.span.end;
+        look = lookAt(pane, next);
+        common.mixed = i == maxStretches || ValueOf(look, id) != common.value;
+        if (common.mixed || look.span.end <= next) break;
+    }
+    return common;
+}
+
+Attribute AttributeOf(TextPane& pane, TextSpan span, TEXTATTRIBUTEID id) {
+    switch (id) {
+    case uia::isReadOnly: return {true};
+    case uia::isHidden: return {false};
+    case uia::horizontalTextAlignment:
+    case uia::textFlowDirections: return CommonValue(pane, span, id, ParagraphLookAt);
+    default: return CommonValue(pane, span, id, CharacterLookAt);
+    }
+}
+
+void Set(VARIANT* value, const AttributeValue& attribute) {
+    if (const auto* truth = std::get_if<bool>(&attribute)) {
+        V_VT(value) = VT_BOOL;
+        V_BOOL(value) = *truth ? VARIANT_TRUE : VARIANT_FALSE;
+    } else if (const auto* number = std::get_if<LONG>(&attribute)) {
+        V_VT(value) = VT_I4;
+        V_I4(value) = *number;
+    } else if (const auto* real = std::get_if<double>(&attribute)) {
+        V_VT(value) = VT_R8;
+        V_R8(value) = *real;
+    } else if (const auto* text = std::get_if<std::u16string>(&attribute)) {
+        const std::wstring units = ToWide(*text);
+        V_VT(value) = VT_BSTR;
+        V_BSTR(value) = SysAllocStringLen(units.data(), static_cast<UINT>(units.size()));
+    }
+}
+
+// One of the objects that the system has in the place of a value.
+HRESULT SetReserved(VARIANT* value, HRESULT(WINAPI* reserved)(IUnknown**)) {
+    IUnknown* object = nullptr;
+    const HRESULT result = reserved ? reserved(&object) : E_NOTIMPL;
+    if (FAILED(result)) return result;
+    V_VT(value) = VT_UNKNOWN;
+    V_UNKNOWN(value) = object;
+    return S_OK;
+}
+} // namespace
+
+HRESULT GiveAttribute(TextPane& pane, TextSpan span, TEXTATTRIBUTEID id, VARIANT* value) {
+    const Attribute attribute = AttributeOf(pane, span, id);
+    const UiaLibrary& library = UiaLibrary::Get();
+    if (!attribute.value) return SetReserved(value, library.NotSupportedValue);
+    if (attribute.mixed) return SetReserved(value, library.MixedValue);
+    Set(value, *attribute.value);
+    return S_OK;
+}

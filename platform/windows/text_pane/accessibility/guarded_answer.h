@@ -1,0 +1,25 @@
+// Answers of COM objects of a window that may be gone.
+#pragma once
+
+#include "platform/windows/text_pane/accessibility/text_provider.h"
+
+#include <exception>
+
+// What `answer` says of the pane, as long as there is one. Nothing throws out of COM.
+template <typename Answer>
+HRESULT AnswerOf(const TextProvider& provider, Answer answer) noexcept {
+    if (!provider.Pane()) return uia::elementNotAvailable;
+    try {
+        return answer(*provider.Pane());
+    } catch (const std::exception&) {
+        return E_OUTOFMEMORY; // nothing else is thrown here
+    }
+}
+
+// The same for a call that gives something back, which is set to nothing first.
+template <typename Value, typename Answer>
+HRESULT GiveAnswer(const TextProvider& provider, Value* value, Answer answer) noexcept {
+    if (!value) return E_INVALIDARG;
+    *value = {};
+    return AnswerOf(provider, answer);
+}

@@ -1,0 +1,149 @@
+#include "view/reading_units.h"
+
+#include "common/text_clusters.h"
+#include "common/text_words.h"
+#include "common/unicode.h"
+#include "common/utf.h"
+#include "view/reading_spans.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace {
+constexpr int maxLines = 8 * 1024; // laid out for an answer
+
+// Words with the spaces behind them.
+std::vector<TextPos> ReadingWordStarts(std::u16string_view text) {
+    std::vector<TextPos> starts = WordBoundaries(text);
+    std::erase_if(starts, [text](TextPos at) {
+        return at > 0 && static_cast<std::size_t>(at) < text.size() &&
+               IsSpaceCharacter(text[static_cast<std::size_t>(at)]);
+    });
+    return starts;
+}
+
+TextSpan Common(TextSpan a, TextSpan b) {
+    return {std::max(a.start, b.start), std::min(a.end, b.end)};
+}
+} // namespace
+
+ReadingUnits::ReadingUnits(TextPane& pane) : pane_(pane), layouts_(pane.Layouts()) {}
+
+TextSpan ReadingUnits::At(TextPos position, ReadingUnit unit) {
+    const TextPos length = layouts_.Text().Length();
+    if (unit == ReadingUnit::Character && position >= length) return {length, length};
+    switch (unit) {
+    case ReadingUnit::Document: return {0, length};
+    case ReadingUnit::Line: return ReadingLineAt(layouts_, position);
+    case ReadingUnit::Paragraph: return ReadingParagraphAt(layouts_, position);
+    case ReadingUnit::Page: {
+        const TextPos start = ReadingLineAt(layouts_, position).start;
+        return {start, PageAfter(start)};
+    }
+    case ReadingUnit::Format: {
+        const TextSpan paragraph = ReadingParagraphAt(layouts_, position);
+        if (paragraph.start == paragraph.end) return paragraph;
+        const TextPos within = std::min(position, paragraph.end - 1);
+        return Common(paragraph, StyleSpanAt(layouts_.Context(), within));
+    }
+    case ReadingUnit::Character:
+    case ReadingUnit::Word: break;
+    }
+    return WithinParagraph(position, unit);
+}
+
+// Moves by many units take those of a paragraph together.
+TextSpan ReadingUnits::WithinParagraph(TextPos position, ReadingUnit unit) {
+    const bool known = starts_.unit == unit && position >= starts_.paragraph.start &&
+                       position < starts_.paragraph.end;
+    if (!known) {
+        const TextSpan paragraph = ReadingParagraphAt(layouts_, position);
+        if (paragraph.start == paragraph.end) return paragraph;
+        const std::u16string text = layouts_.Text().Range(paragraph.start, paragraph.end);
+        starts_ = {paragraph, unit,
+                   unit == ReadingUnit::Word ? ReadingWordStarts(text) : ClusterStarts(text)};
+    }
+    const TextSpan paragraph = starts_.paragraph;
+    const TextPos at = std::min(position, paragraph.end - 1) - paragraph.start;
+    const auto after = std::upper_bound(starts_.positions.begin(), starts_.positions.end(), at);
+    return {paragraph.start + *(after - 1), paragraph.start + *after};
+}
+
+TextPos ReadingUnits::PageAfter(TextPos position) {
+    TextScroller& scroller = pane_.Scroller();
+    const auto layout = layouts_.At(position);
+    const LineRef line = LineOf(*layout, position);
+    const VerticalPos below =
+        scroller.Moved({layout->block.start, LineTop(*layout, line)}, scroller.ViewHeight());
+    if (below.y >= layouts_.At(below.block)->height) return layouts_.Text().Length();
+    // A line that is higher than the screen is a page.
+    return std::max(scroller.LineStartAt(below), ReadingLineAt(layouts_, position).end);
+}
+
+TextPos ReadingUnits::PageBefore(TextPos position) {
+    TextScroller& scroller = pane_.Scroller();
+    const auto layout = layouts_.At(position);
+    const LineRef line = LineOf(*layout, position);
+    const VerticalPos above =
+        scroller.Moved({layout->block.start, LineTop(*layout, line)}, -scroller.ViewHeight());
+    const auto first = layouts_.At(above.block);
+    const LineRef cut = LineAtHeight(*first, above.y);
+    const bool whole = LineTop(*first, cut) >= above.y;
+    const TextPos start = LineStart(*first, cut);
+    const TextPos page = whole ? start : ReadingLineAt(layouts_, start).end;
+    return std::min(page, ReadingLineAt(layouts_, position - 1).start);
+}
+
+TextPos ReadingUnits::Next(TextPos position, ReadingUnit unit) {
+    const TextPos length = layouts_.Text().Length();
+    if (position >= length) return length;
+    return std::clamp(At(position, unit).end, position, length);
+}
+
+TextPos ReadingUnits::Previous(TextPos position, ReadingUnit unit) {
+    if (position <= 0) return 0;
+    if (unit == ReadingUnit::Page) return PageBefore(position);
+    return std::clamp(At(position - 1, unit).start, 0, position);
+}
+
+bool ReadingUnits::Exists(TextPos position, ReadingUnit unit) const {
+    const TextSource& text = layouts_.Text();
+    const TextPos length = text.Length();
+    if (position < length || length == 0) return true;
+    const bool hasEmptyOne = unit == ReadingUnit::Line || unit == ReadingUnit::Paragraph;
+    return hasEmptyOne && text.UnitAt(length - 1) == u'\n';
+}
+
+ReadingUnits::Move ReadingUnits::MoveBy(TextPos from, ReadingUnit unit, int count) {
+    const bool forward = count > 0;
+    const std::int64_t asked = std::abs(static_cast<std::int64_t>(count));
+    const bool isLaidOut = unit == ReadingUnit::Line || unit == ReadingUnit::Page;
+    const std::int64_t most = isLaidOut ? std::min<std::int64_t>(asked, maxLines) : asked;
+    Move move{from, 0};
+    while (move.units < most && std::abs(move.position - from) < maxReadingReach) {
+        const TextPos to = forward ? Next(move.position, unit) : Previous(move.position, unit);
+        if (to == move.position) break;
+        move.position = to;
+        ++move.units;
+    }
+    const TextPos end = forward ? layouts_.Text().Length() : 0;
+    const TextPos left = std::abs(end - move.position);
+    if (left > 0 && asked - move.units >= left) move = {end, move.units + left};
+    if (!forward) move.units = -move.units;
+    return move;
+}
+
+std::u16string ReadableText(const TextPane& pane, TextSpan span, TextPos most) {
+    const TextPos length = std::min(span.end - span.start, most);
+    std::u16string text = pane.Source().Range(span.start, span.start + length);
+    const bool isCut = length < span.end - span.start;
+    if (isCut && !text.empty() && IsHighSurrogate(text.back()) &&
+        IsLowSurrogate(pane.Source().UnitAt(span.start + length)))
+        text.pop_back();
+    for (char16_t& unit : text) {
+        if (unit == u'\v' || unit == 0x2028) unit = u'\n';
+        if (unit == u'\a' && !pane.IsPlain()) unit = u'\t';
+        if (unit == 0) unit = 0xFFFD; // would end the text for most of those that read it
+    }
+    return text;
+}
