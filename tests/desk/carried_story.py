@@ -63,7 +63,7 @@ class Carried(Story):
     def to_and_fro(self, path, slack):
         self.windows.start(path)
         self.windows.wait_for_book(path)
-        self.windows.press("Next", 2)
+        self.windows.press("Next", 1)
         self.windows.close()
         place = self.place(path)
         self.assertGreater(place, 0)
