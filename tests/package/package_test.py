@@ -45,9 +45,10 @@ class PackageTest(unittest.TestCase):
         self.screen.xdotool("key", key)
 
     def look_into_help(self):
-        """F1 finds the help file that was installed."""
+        """F1 finds the help file that was installed. Its window comes to the front: what is pressed before goes there."""
         self.press("F1")
-        wait_for(lambda: self.window_named("^Norvaset Help$"), "the help")
+        wait_for(lambda: self.screen.xdotool("getactivewindow") in (self.window_named("^Norvaset Help$") or "none"),
+                 "the help in front")
 
     def window_named(self, pattern):
         return self.screen.xdotool("search", "--onlyvisible", "--name", pattern)
