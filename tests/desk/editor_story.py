@@ -11,7 +11,7 @@ from harness.story import Story, main
 from harness.wait import wait_for
 from harness.wine import ON_WINE, shown_path
 
-HELPER = os.environ.get("WINDOWS_HELPER", "")  # writes down its number of arguments and the first
+HELPER = os.environ.get("WINDOWS_HELPER", "")  # writes down its arguments
 
 
 class Editor(Story):
@@ -80,8 +80,12 @@ class Editor(Story):
     def test_an_editor_gets_the_path_as_one_argument(self):
         editor, said = self.path("my editor.exe"), self.path("said")
         shutil.copy(HELPER, editor)
+        os.mkdir(said)
         program = self.reader()
-        variables = {"NORVASET_HELPER_DOES": "tells", "NORVASET_HELPER_OUTPUT": shown_path(said)}
+        variables = {"NORVASET_HELPER_DOES": "records", "NORVASET_HELPER_OUTPUT": shown_path(said)}
+
+        def started():
+            return [entry.path for entry in os.scandir(said) if entry.name.endswith(".started")]
         names = ("it's 'mine' %HOME%; `x` & é.txt", "-switch.txt", "two  blanks.rtf")
         for name in names:
             with self.subTest(name=name), \
@@ -93,10 +97,10 @@ class Editor(Story):
                 program.start()
                 program.wait_for_book(book)
                 self.choose_editor(program)
-                wait_for(lambda: os.path.exists(said), "the editor to be started")
-                with open(said, encoding="utf-16-le") as file:
-                    self.assertEqual(file.read(), "1:" + shown_path(book))
-                os.remove(said)
+                (record,) = wait_for(started, "the editor to be started")
+                with open(record, encoding="utf-16-le") as file:
+                    self.assertEqual(file.read(), shown_path(book) + "\0")
+                os.remove(record)
                 program.close()
 
     def test_greyed_without_an_editor_or_a_book(self):

@@ -10,7 +10,7 @@ from harness.wait import wait_for
 from harness.wine import ON_WINE, found_path
 
 KILLS, SEED = 8 if ON_WINE else 20, 71
-LINES = 2000 if ON_WINE else 50000  # Wine's text control is slow
+LINES = 50000
 LONGEST_LIFE = 0.6                  # seconds of reading after a save, before a kill
 TIME_OF_A_SWITCH = 0.3 if ON_WINE else 0.05  # seconds
 

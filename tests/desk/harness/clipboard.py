@@ -16,24 +16,31 @@ def clipboard(screen):
 def copied(reader, *keys):
     """What the keys copy, in another program's hands while the reader runs on. Without keys it is
     Ctrl+C. A copy is asked for as often as it takes: no command is taken while another one waits for
-    a page, and Wine may take the filling in after the copy."""
+    a page. Wine takes the filling in some time after it is there, tells nobody when, and forgets a
+    copy that came before: so it is given more time for it with each attempt."""
     keys = keys or ("ctrl+c",)
-
-    def press():
-        fill(reader.screen)
-        reader.key(*keys)
-        return time.monotonic()
-    pressed = press()
+    patience = 0  # seconds between the filling and the keys
+    filled, pressed = _fill(reader), None
 
     def copy():
-        nonlocal pressed
+        nonlocal filled, pressed, patience
+        now = time.monotonic()
+        if pressed is None and now - filled >= patience:
+            reader.key(*keys)
+            pressed = time.monotonic()
         text = clipboard(reader.screen)
-        if text and text != NOTHING:
+        if pressed and text and text != NOTHING:
             return text
-        if COPIES.issuperset(keys) and time.monotonic() - pressed > AGAIN:
-            pressed = press()
+        if pressed and COPIES.issuperset(keys) and now - pressed > AGAIN:
+            patience = max(1, 2 * patience)
+            filled, pressed = _fill(reader), None
         return None
     return wait_for(copy, "a copy")
+
+
+def _fill(reader):
+    fill(reader.screen)
+    return time.monotonic()
 
 
 def fill(screen, text=NOTHING):
