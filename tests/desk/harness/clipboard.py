@@ -33,6 +33,8 @@ def copied(reader, *keys):
             return text
         if pressed and COPIES.issuperset(keys) and now - pressed > AGAIN:
             patience = max(1, 2 * patience)
+            # What Wine has not seen being let go, under load, would make another key of it.
+            reader.screen.xdotool("keyup", "shift", "ctrl", "alt")
             filled, pressed = _fill(reader), None
         return None
     return wait_for(copy, "a copy")
