@@ -86,7 +86,7 @@ std::string Encoded(std::u16string_view text, const std::string& encoding) {
     return bytes;
 }
 
-struct Script {
+struct TextScript {
     const char* name;
     std::function<std::u16string(std::u16string_view)> spell;
     std::vector<const char*> encodings;
@@ -111,8 +111,9 @@ double FindAtEnd(const std::filesystem::path& path, const std::string& bytes, in
     return time;
 }
 
-void BenchWord(const std::filesystem::path& path, const Script& script, const std::string& encoding,
-               const std::u16string& text, const std::u16string& word) {
+void BenchWord(const std::filesystem::path& path, const TextScript& script,
+               const std::string& encoding, const std::u16string& text,
+               const std::u16string& word) {
     const std::string book = Encoded(text, encoding);
     const std::string line = Encoded(u"\n" + word + u"\n", encoding);
     const int codePage = encoding == "1251" ? 1251 : 1252;
@@ -136,7 +137,7 @@ int main(int argc, char** argv) {
     const auto inCyrillic = [](std::u16string_view each) { return Spelt(each, 0x20, cyrillic); };
     const auto inAccented = [](std::u16string_view each) { return Spelt(each, 0x20, accented); };
     // With a rare letter, with common ones, with letters that have a third form.
-    const Script scripts[] = {
+    const TextScript scripts[] = {
         {"English", same, {"UTF-8", "UTF-16"}, {u"quodlibetical", u"restherine", u"kiss's"}},
         {"Cyrillic",
          inCyrillic,
@@ -148,7 +149,7 @@ int main(int argc, char** argv) {
     };
     std::printf("%-22s %8s %8s\n", "ms", "the book", "100 MB");
     const TemporaryFolder folder;
-    for (const Script& script : scripts) {
+    for (const TextScript& script : scripts) {
         const std::u16string spelt = script.spell(Utf8ToUtf16(text));
         for (const std::string encoding : script.encodings)
             for (const std::u16string& word : script.words)
