@@ -2,10 +2,9 @@
 
 #include "platform/qt/text_view/accessibility/accessible_units.h"
 #include "view/paragraph_shape.h"
-#include "view/style_runs.h"
+#include "view/reading_spans.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace {
 void Add(QString& all, const char* name, const QString& value) {
@@ -81,14 +80,6 @@ void AddParagraph(QString& all, const LayoutContext& context, TextSpan paragraph
     Add(all, "text-align", AlignmentName(shape.alignment));
     Add(all, "writing-mode", shape.rightToLeft ? QStringLiteral("rl") : QStringLiteral("lr"));
 }
-
-// The run of a character style.
-TextSpan StyleSpan(const Document& document, TextPos position) {
-    const auto& runs = document.charRuns;
-    const std::size_t run = RunAt(runs, position);
-    const bool last = run + 1 == runs.size();
-    return {runs[run].start, last ? std::numeric_limits<TextPos>::max() : runs[run + 1].start};
-}
 } // namespace
 
 AccessibleAttributes AttributesAt(TextLayouts& layouts, TextPos position,
@@ -97,7 +88,7 @@ AccessibleAttributes AttributesAt(TextLayouts& layouts, TextPos position,
     const TextSpan paragraph = UnitAt(layouts, position, TextUnit::Paragraph);
     AccessibleAttributes attributes{paragraph, {}};
     if (!context.plain) {
-        const TextSpan run = StyleSpan(context.document, position);
+        const TextSpan run = StyleSpanAt(context, position);
         attributes.span = {std::max(paragraph.start, run.start), std::min(paragraph.end, run.end)};
     }
     const TextStyle& style =
