@@ -16,7 +16,3 @@ std::vector<TextViewBackEnd> TextViewBackEnds() {
         {"windows", [] { return std::make_unique<WinTextView>(HiddenWindow()); }, XInWinView},
     };
 }
-
-int TextViewSampleShare() {
-    return 1;
-}

@@ -27,23 +27,20 @@ struct NamedText {
 };
 
 const std::vector<NamedText>& Texts() {
-    static const int share = TextViewSampleShare();
     static const std::vector<NamedText> texts{
         {"empty", u""},
         {"one break", u"\n"},
         {"short, no break at the end", u"one\n\nthree"},
         {"short, break at the end", u"one\ntwo\n"},
-        {"wrapped lines", Repeated(Repeated(u"some words in a row ", 40) + u"\n", 60 / share)},
-        {"one long word", Repeated(u"x", 5000 / share)},
-        {"tabs and blanks", Repeated(u"\ta  b \t c\n   \n", 100 / share)},
+        {"wrapped lines", Repeated(Repeated(u"some words in a row ", 40) + u"\n", 60)},
+        {"one long word", Repeated(u"x", 5000)},
+        {"tabs and blanks", Repeated(u"\ta  b \t c\n   \n", 100)},
         {"Hebrew",
-         Repeated(Repeated(u"\u05E9\u05DC\u05D5\u05DD \u05E2\u05D5\u05DC\u05DD ", 40) + u"\n",
-                  30 / share)},
+         Repeated(Repeated(u"\u05E9\u05DC\u05D5\u05DD \u05E2\u05D5\u05DC\u05DD ", 40) + u"\n", 30)},
         {"Arabic and Latin",
-         Repeated(u"\u0645\u0631\u062D\u0628\u0627 hello 123 \u0643\u062A\u0627\u0628\n",
-                  100 / share)},
-        {"surrogate pairs", Repeated(Repeated(u"\U0001D11E\U00020000", 90) + u"\n", 20 / share)},
-        {"undecodable", Repeated(u"\uFFFD", 3000 / share)},
+         Repeated(u"\u0645\u0631\u062D\u0628\u0627 hello 123 \u0643\u062A\u0627\u0628\n", 100)},
+        {"surrogate pairs", Repeated(Repeated(u"\U0001D11E\U00020000", 90) + u"\n", 20)},
+        {"undecodable", Repeated(u"\uFFFD", 3000)},
     };
     return texts;
 }

@@ -18,8 +18,6 @@ struct TextViewBackEnd {
 
 // Defined once in each test program.
 std::vector<TextViewBackEnd> TextViewBackEnds();
-// The long sample texts are divided by this where a back end is slow; usually 1.
-int TextViewSampleShare();
 
 inline void OnEachBackEnd(const std::function<void(TextView&)>& check) {
     for (const TextViewBackEnd& backEnd : TextViewBackEnds()) {

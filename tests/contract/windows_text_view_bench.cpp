@@ -6,10 +6,6 @@ HWND HiddenWindow() {
     return window;
 }
 
-bool IsWine() {
-    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
-}
-
 namespace {
 void SetKey(int key, BYTE state) {
     BYTE keys[256] = {};

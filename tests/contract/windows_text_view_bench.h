@@ -6,9 +6,6 @@
 // A top-level window that is never shown, for the whole run.
 HWND HiddenWindow();
 
-// Whether this is Wine, whose rich-edit control is another one than the system's.
-bool IsWine();
-
 // As if a key of the keyboard were down, for as long as this lives.
 class HeldKey {
   public:

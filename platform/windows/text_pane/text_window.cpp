@@ -18,6 +18,16 @@ SelectionColors SystemSelection() {
     return {GetSysColor(COLOR_HIGHLIGHTTEXT), GetSysColor(COLOR_HIGHLIGHT)};
 }
 
+void ShowRange(HWND window, int bar, const ScrollRange& range) {
+    SCROLLINFO info = {};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_ALL | SIF_DISABLENOSCROLL;
+    info.nMax = range.max + range.page - 1;
+    info.nPage = static_cast<UINT>(range.page);
+    info.nPos = range.value;
+    SetScrollInfo(window, bar, &info, TRUE);
+}
+
 // Draws into a bitmap as large as what is to be painted, and shows it at once.
 class PaintBuffer {
   public:
@@ -106,24 +116,11 @@ void TextWindow::SetHorizontalBar(bool shown) {
 }
 
 void TextWindow::ShowVertical(const ScrollRange& range) {
-    SCROLLINFO info = {};
-    info.cbSize = sizeof info;
-    info.fMask = SIF_ALL | SIF_DISABLENOSCROLL;
-    info.nMax = range.max + range.page - 1;
-    info.nPage = static_cast<UINT>(range.page);
-    info.nPos = range.value;
-    SetScrollInfo(Handle(), SB_VERT, &info, TRUE);
+    ShowRange(Handle(), SB_VERT, range);
 }
 
 void TextWindow::ShowHorizontal(const ScrollRange& range) {
-    if (!horizontalBar_) return;
-    SCROLLINFO info = {};
-    info.cbSize = sizeof info;
-    info.fMask = SIF_ALL | SIF_DISABLENOSCROLL;
-    info.nMax = range.max + range.page - 1;
-    info.nPage = static_cast<UINT>(range.page);
-    info.nPos = range.value;
-    SetScrollInfo(Handle(), SB_HORZ, &info, TRUE);
+    if (horizontalBar_) ShowRange(Handle(), SB_HORZ, range);
 }
 
 void TextWindow::StartTimer(PaneTimer timer, int milliseconds) {

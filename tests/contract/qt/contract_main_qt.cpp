@@ -22,10 +22,6 @@ std::vector<TextViewBackEnd> TextViewBackEnds() {
             {"qt", [] { return std::make_unique<QtTextView>(nullptr); }, XInQtView}};
 }
 
-int TextViewSampleShare() {
-    return 1;
-}
-
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     return doctest::Context(argc, argv).run();

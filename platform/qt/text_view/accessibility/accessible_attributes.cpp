@@ -1,8 +1,6 @@
 #include "platform/qt/text_view/accessibility/accessible_attributes.h"
 
-#include "platform/qt/text_view/accessibility/accessible_units.h"
-#include "view/paragraph_shape.h"
-#include "view/reading_spans.h"
+#include "view/reading_attributes.h"
 
 #include <algorithm>
 
@@ -35,12 +33,6 @@ void AddFont(QString& all, const TextStyle& style) {
     if (style.strikethrough) Add(all, "text-line-through-type", QStringLiteral("single"));
 }
 
-void AddColors(QString& all, const LayoutContext& context, const TextStyle& style,
-               const SystemStyle& system) {
-    Add(all, "color", ColorText(style.color.value_or(PlainTextColor(context.viewStyle, system))));
-    Add(all, "background-color", ColorText(style.background.value_or(context.viewStyle.backColor)));
-}
-
 QString AlignmentName(Alignment alignment) {
     switch (alignment) {
     case Alignment::Left: return QStringLiteral("left");
@@ -60,42 +52,22 @@ QString PositionName(TextBaseline baseline) {
     return QStringLiteral("baseline");
 }
 
-// Paragraph styles apply at the character that ends the paragraph; a text without a final break
-// ends at its length.
-TextPos EndOf(const LayoutContext& context, TextSpan paragraph) {
-    const TextSource& text = *context.text;
-    const TextPos last = paragraph.end - 1;
-    const bool atEnd = paragraph.end == text.Length();
-    if (last < paragraph.start || (atEnd && text.UnitAt(last) != u'\n')) return paragraph.end;
-    const bool endsRow = !context.plain && last > paragraph.start && text.UnitAt(last - 1) == u'\a';
-    return endsRow ? last - 1 : last;
-}
-
-void AddParagraph(QString& all, const LayoutContext& context, TextSpan paragraph) {
-    ParagraphPart part;
-    part.start = paragraph.start;
-    part.end = EndOf(context, paragraph);
-    const ParagraphShape shape =
-        ShapeOf(context, part, context.text->Range(paragraph.start, paragraph.end));
-    Add(all, "text-align", AlignmentName(shape.alignment));
-    Add(all, "writing-mode", shape.rightToLeft ? QStringLiteral("rl") : QStringLiteral("lr"));
+void AddParagraph(QString& all, const ParagraphLook& paragraph) {
+    Add(all, "text-align", AlignmentName(paragraph.alignment));
+    Add(all, "writing-mode", paragraph.rightToLeft ? QStringLiteral("rl") : QStringLiteral("lr"));
 }
 } // namespace
 
-AccessibleAttributes AttributesAt(TextLayouts& layouts, TextPos position,
-                                  const SystemStyle& system) {
-    const LayoutContext& context = layouts.Context();
-    const TextSpan paragraph = UnitAt(layouts, position, TextUnit::Paragraph);
-    AccessibleAttributes attributes{paragraph, {}};
-    if (!context.plain) {
-        const TextSpan run = StyleSpanAt(context, position);
-        attributes.span = {std::max(paragraph.start, run.start), std::min(paragraph.end, run.end)};
-    }
-    const TextStyle& style =
-        context.plain ? context.styles.Plain().style : context.styles.At(position).style;
-    AddFont(attributes.text, style);
-    AddColors(attributes.text, context, style, system);
-    Add(attributes.text, "text-position", PositionName(style.baseline));
-    AddParagraph(attributes.text, context, paragraph);
+AccessibleAttributes AttributesAt(TextPane& pane, TextPos position) {
+    const ParagraphLook paragraph = ParagraphLookAt(pane, position);
+    const CharacterLook look = CharacterLookAt(pane, position);
+    AccessibleAttributes attributes;
+    attributes.span = {std::max(paragraph.span.start, look.span.start),
+                       std::min(paragraph.span.end, look.span.end)};
+    AddFont(attributes.text, look.style);
+    Add(attributes.text, "color", ColorText(look.foreground));
+    Add(attributes.text, "background-color", ColorText(look.background));
+    Add(attributes.text, "text-position", PositionName(look.style.baseline));
+    AddParagraph(attributes.text, paragraph);
     return attributes;
 }

@@ -1,7 +1,7 @@
 // The formatting of a text as accessible attributes.
 #pragma once
 
-#include "view/caret_moves.h"
+#include "view/text_pane.h"
 
 #include <QString>
 
@@ -11,5 +11,4 @@ struct AccessibleAttributes {
     QString text;
 };
 
-AccessibleAttributes AttributesAt(TextLayouts& layouts, TextPos position,
-                                  const SystemStyle& system);
+AccessibleAttributes AttributesAt(TextPane& pane, TextPos position);

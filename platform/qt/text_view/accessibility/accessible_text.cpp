@@ -198,8 +198,7 @@ QString AccessibleText::attributes(int offset, int* start, int* end) const {
     *start = *end = -1;
     if (!position) return {};
     const TextPos last = std::max(0, characterCount() - 1);
-    const auto attributes =
-        AttributesAt(Pane().Layouts(), std::min(*position, last), Pane().System());
+    const auto attributes = AttributesAt(Pane(), std::min(*position, last));
     *start = attributes.span.start;
     *end = attributes.span.end;
     return attributes.text;
