@@ -1,9 +1,11 @@
 #include "platform/qt/text_view/qt_text_view.h"
 
+#include "platform/qt/text_view/accessibility/accessible_text.h"
 #include "platform/qt/text_view/event_pump.h"
 #include "platform/qt/text_view/text_widget.h"
 
 QtTextView::QtTextView(QWidget* parent) : widget_(new TextWidget(parent)) {
+    AccessibleText::Install();
     widget_->onContextMenu = [this] {
         if (onContextMenu) onContextMenu();
     };

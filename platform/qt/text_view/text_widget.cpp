@@ -1,7 +1,6 @@
 #include "platform/qt/text_view/text_widget.h"
 
 #include "platform/qt/qt_color.h"
-#include "platform/qt/text_view/accessibility/accessible_text.h"
 #include "platform/qt/text_view/line_layout/qt_canvas.h"
 
 #include <QEvent>
@@ -27,7 +26,6 @@ QTransform UseScreenPixels(QPainter& painter, double pixelRatio) {
 
 TextWidget::TextWidget(QWidget* parent)
     : QAbstractScrollArea(parent), pane_(*this, lines_, pictures_) {
-    AccessibleText::Install();
     setFrameShape(NoFrame);
     setFocusPolicy(Qt::StrongFocus);
     setAcceptDrops(true);

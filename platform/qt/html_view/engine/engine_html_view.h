@@ -3,8 +3,8 @@
 // engine signals.
 #pragma once
 
+#include "platform/qt/html_view/engine/engine_view.h"
 #include "platform/qt/html_view/engine/folder_guard.h"
-#include "platform/qt/html_view/engine/html_plug_in.h"
 #include "platform/shared/page_zoom.h"
 
 #include <QDeadlineTimer>
