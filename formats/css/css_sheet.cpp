@@ -8,6 +8,11 @@ std::uint32_t CssTexts::Add(std::u16string_view text) {
     return number;
 }
 
+std::uint32_t CssTexts::Find(std::u16string_view text) const {
+    const auto known = numbers_.find(text);
+    return known == numbers_.end() ? 0 : known->second;
+}
+
 std::span<const CssDeclaration> DeclarationsOf(const CssSheet& sheet, const CssRule& rule) {
     return std::span(sheet.block.declarations).subspan(rule.declarations, rule.declarationCount);
 }

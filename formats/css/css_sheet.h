@@ -85,6 +85,7 @@ struct CssRule {
 class CssTexts {
   public:
     std::uint32_t Add(std::u16string_view text);
+    std::uint32_t Find(std::u16string_view text) const; // 0 for none
     std::u16string_view operator[](std::uint32_t number) const { return texts_[number]; }
     std::size_t Count() const { return texts_.size(); }
 

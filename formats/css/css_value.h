@@ -1,8 +1,6 @@
 // A declared value, as far as it can be understood without the element.
 #pragma once
 
-#include "common/geometry.h"
-
 #include <bit>
 #include <cstdint>
 #include <string>
@@ -13,7 +11,10 @@ struct CssColor {
     bool operator==(const CssColor&) const = default;
 
     bool IsTransparent() const { return alpha == 0; }
-    Color Bgr() const { return Color(blue) << 16 | Color(green) << 8 | red; }
+    // As common/geometry.h has its Color: 0x00BBGGRR.
+    std::uint32_t Bgr() const {
+        return std::uint32_t(blue) << 16 | std::uint32_t(green) << 8 | red;
+    }
 };
 constexpr CssColor cssTransparent{0, 0, 0, 0};
 
