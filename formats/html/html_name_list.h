@@ -51,4 +51,4 @@ NAME(Title, u"title") NAME(Tr, u"tr") NAME(Track, u"track") NAME(Tt, u"tt") NAME
 NAME(U, u"u") NAME(Ul, u"ul") NAME(Valign, u"valign") NAME(Value, u"value") NAME(Var, u"var")
 NAME(Video, u"video") NAME(Vlink, u"vlink") NAME(Vspace, u"vspace") NAME(Wbr, u"wbr")
 NAME(Width, u"width") NAME(XmlLang, u"xml:lang") NAME(Xmlns, u"xmlns") NAME(Xmp, u"xmp")
-// clang-format on
+    // clang-format on
