@@ -26,15 +26,16 @@ void CssElementReader::Read(HtmlNodeId id, std::u16string_view parentLanguage,
         if (attribute.name == HtmlName::Id) element.idNumber = NumberOf(value);
         if (attribute.name == HtmlName::Lang) element.language = value;
         if (attribute.name != HtmlName::Class) continue;
-        for (std::size_t at = 0; at < value.size() && element.classNumbers.size() < maxCssClasses;) {
+        for (std::size_t at = 0;
+             at < value.size() && element.classNumbers.size() < maxCssClasses;) {
             while (at < value.size() && IsCssSpace(value[at]))
                 ++at;
             const std::size_t start = at;
             while (at < value.size() && !IsCssSpace(value[at]))
                 ++at;
             const std::uint32_t number = NumberOf(value.substr(start, at - start));
-            if (number && std::ranges::find(element.classNumbers, number) ==
-                              element.classNumbers.end())
+            if (number &&
+                std::ranges::find(element.classNumbers, number) == element.classNumbers.end())
                 element.classNumbers.push_back(number);
         }
     }

@@ -28,14 +28,16 @@ constexpr std::size_t maxCssImports = 64;
 constexpr std::size_t maxCssFontFamilies = 32; // of one declaration
 constexpr std::size_t maxCssContentItems = 32; // of one declaration
 
-// Tests of compounds and matches on all elements of a page: about a second. A book of a million
-// elements with fifty rules for each has half of it. Elements beyond have the default sheet, their
-// attributes and their own `style`.
-constexpr std::uint64_t maxCssSteps = 100'000'000;
+// Tests of compounds, and rules that held, on all elements of a page: half a second. A book of a
+// million elements with fifty rules tested and ten held for each has half of it. Elements beyond
+// have the default sheet, their attributes and their own `style`.
+constexpr std::uint64_t maxCssSteps = 300'000'000;
 // Classes of one element that some rule speaks of.
 constexpr std::size_t maxCssClasses = 64;
-// Different `style` attributes that are kept for the next element with the same.
-constexpr std::size_t maxCssKeptBlocks = 4096;
+// Styles that are kept for the next element with the same rules, attributes and parent style, and
+// the bytes of what they follow from. A book has some hundreds.
+constexpr std::size_t maxCssKeptStyles = 16'384;
+constexpr std::size_t maxCssKeyLength = 1024;
 // Characters and nodes that `dir=auto` looks at for the first letter that has a direction.
 constexpr int maxCssDirectionSearch = 1000;
 

@@ -25,7 +25,7 @@ class CssMatcher {
     bool IsExhausted() const; // no more than the default sheet is matched
 
   private:
-    struct State { // of a step
+    struct State {                           // of a step
         HtmlNodeId nearestOpen = noHtmlNode; // where it holds, of the open elements
         // The parent of the last element that was closed and where it held, and that element.
         HtmlNodeId siblingParent = noHtmlNode, lastSibling = noHtmlNode;

@@ -2,6 +2,8 @@
 
 #include "formats/css/css_tokenizer.h"
 
+#include <algorithm>
+
 namespace {
 
 using Kind = CssCondition::Kind;
@@ -31,6 +33,7 @@ bool HasCaselessValue(HtmlName attribute) {
 } // namespace
 
 void CssRuleIndex::Add(const CssSheet& sheet, CssOrigin origin) {
+    origin_ = origin;
     for (const CssRule& rule : sheet.rules) {
         ++order_;
         for (std::uint32_t i = 0; i < rule.selectorCount; ++i) {
@@ -42,9 +45,12 @@ void CssRuleIndex::Add(const CssSheet& sheet, CssOrigin origin) {
             indexed.sheet = &sheet;
             indexed.rule = &rule;
             indexed.pseudoElement = selector.pseudoElement;
-            indexed.priority = std::uint64_t(origin) << 62 |
-                               std::uint64_t(selector.specificity) << 32 | order_;
-            AddCandidate({last, static_cast<std::uint32_t>(rules_.size()), noCssNumber});
+            indexed.priority =
+                std::uint64_t(origin) << 62 | std::uint64_t(selector.specificity) << 32 | order_;
+            CssCandidate candidate;
+            candidate.compound = last;
+            candidate.rule = static_cast<std::uint32_t>(rules_.size());
+            AddCandidate(candidate);
             rules_.push_back(indexed);
         }
     }
@@ -57,7 +63,10 @@ std::uint32_t CssRuleIndex::AddSelector(const CssSheet& sheet, const CssSelector
         const auto number = static_cast<std::uint32_t>(compounds_.size() - 1);
         if (i + 1 == selector.compoundCount) return number;
         left = steps_++;
-        AddCandidate({number, noCssNumber, left});
+        CssCandidate candidate;
+        candidate.compound = number;
+        candidate.step = left;
+        AddCandidate(candidate);
     }
     return noCssNumber;
 }
@@ -127,20 +136,37 @@ void CssRuleIndex::AddAlternatives(const CssSheet& sheet, CssIndexedCondition& c
     alternatives_.insert(alternatives_.end(), last.begin(), last.end());
 }
 
-void CssRuleIndex::AddCandidate(const CssCandidate& candidate) {
-    const CssIndexedCompound& compound = compounds_[candidate.compound];
+std::vector<CssCandidate>* CssRuleIndex::BucketOf(const CssIndexedCompound& compound) {
     const CssIndexedCondition* ofClass = nullptr;
     for (const CssIndexedCondition& one : ConditionsOf(compound)) {
-        if (one.condition.kind == Kind::Id)
-            return byId_[one.condition.name].push_back(candidate);
+        if (one.condition.kind == Kind::Id) return &byId_[one.condition.name];
         if (one.condition.kind == Kind::Class) ofClass = &one;
     }
-    if (ofClass)
-        byClass_[ofClass->condition.name].push_back(candidate);
-    else if (!compound.isAnyType) {
-        byType_[static_cast<std::uint32_t>(compound.type)].push_back(candidate);
-        if (compound.exactType != compound.type)
-            byType_[static_cast<std::uint32_t>(compound.exactType)].push_back(candidate);
-    } else
-        others_.push_back(candidate);
+    if (ofClass) return &byClass_[ofClass->condition.name];
+    // A name of two spellings (SVG has "foreignObject") may be of either.
+    const bool isOneName = !compound.isAnyType && (compound.type == compound.exactType ||
+                                                   compound.exactType == HtmlName::None);
+    return isOneName ? &byType_[static_cast<std::uint32_t>(compound.type)] : nullptr;
+}
+
+void CssRuleIndex::AddCandidate(CssCandidate candidate) {
+    candidate.origin = origin_;
+    const CssIndexedCompound& compound = compounds_[candidate.compound];
+    if (std::vector<CssCandidate>* bucket = BucketOf(compound)) {
+        bucket->push_back(candidate);
+        return;
+    }
+    // :is() stands under each of its alternatives. An element may meet it twice, which costs a
+    // second look and changes nothing.
+    for (const CssIndexedCondition& one : ConditionsOf(compound)) {
+        if (one.condition.kind != Kind::Is) continue;
+        std::vector<std::vector<CssCandidate>*> buckets;
+        for (const std::uint32_t alternative : AlternativesOf(one))
+            buckets.push_back(BucketOf(compounds_[alternative]));
+        if (std::ranges::find(buckets, nullptr) != buckets.end()) continue;
+        for (std::vector<CssCandidate>* bucket : buckets)
+            bucket->push_back(candidate);
+        return;
+    }
+    others_.push_back(candidate);
 }

@@ -18,7 +18,7 @@ enum class CssOrigin : std::uint8_t { UserAgent, Author };
 constexpr std::uint32_t noCssNumber = 0xFFFF'FFFF;
 
 struct CssIndexedCondition {
-    CssCondition condition;      // of a class or an id, `name` is its number
+    CssCondition condition; // of a class or an id, `name` is its number
     HtmlName name = HtmlName::None, exactName = HtmlName::None; // of an attribute
     std::u16string_view value;
 };
@@ -37,6 +37,8 @@ struct CssIndexedRule {
     const CssRule* rule = nullptr;
     std::uint64_t priority = 0; // by origin, specificity and order
     CssPseudoElement pseudoElement = CssPseudoElement::None;
+
+    CssOrigin Origin() const { return static_cast<CssOrigin>(priority >> 62); }
 };
 
 // What a compound that holds leads to: a rule, or a step of a selector whose compounds to the right
@@ -44,29 +46,34 @@ struct CssIndexedRule {
 struct CssCandidate {
     std::uint32_t compound = 0;
     std::uint32_t rule = noCssNumber, step = noCssNumber;
+    CssOrigin origin = CssOrigin::UserAgent;
 };
 
 class CssRuleIndex {
   public:
     explicit CssRuleIndex(const HtmlTree& tree) : tree_(tree), elements(tree) {}
 
-    // In the order of the cascade; the sheet has to outlive the index.
+    // In the order of the cascade, so the default sheet first; the sheet has to outlive the index.
     void Add(const CssSheet& sheet, CssOrigin origin);
 
+    // Of no origin above the last one.
     template <typename Test>
-    void ForEachCandidate(const CssElement& element, Test test) const {
+    void ForEachCandidate(const CssElement& element, CssOrigin last, Test test) const {
+        const auto each = [&](const std::vector<CssCandidate>& candidates) {
+            for (const CssCandidate& candidate : candidates) {
+                if (candidate.origin > last) return;
+                test(candidate);
+            }
+        };
         const auto all = [&](const Buckets& buckets, std::uint32_t key) {
             const auto found = buckets.find(key);
-            if (found == buckets.end()) return;
-            for (const CssCandidate& candidate : found->second)
-                test(candidate);
+            if (found != buckets.end()) each(found->second);
         };
         if (element.idNumber) all(byId_, element.idNumber);
         for (const std::uint32_t number : element.classNumbers)
             all(byClass_, number);
         all(byType_, static_cast<std::uint32_t>(element.node->name));
-        for (const CssCandidate& candidate : others_)
-            test(candidate);
+        each(others_);
     }
     const CssIndexedCompound& Compound(std::uint32_t number) const { return compounds_[number]; }
     std::span<const CssIndexedCondition> ConditionsOf(const CssIndexedCompound& compound) const {
@@ -74,8 +81,8 @@ class CssRuleIndex {
     }
     const CssIndexedRule& Rule(std::uint32_t number) const { return rules_[number]; }
     std::span<const std::uint32_t> AlternativesOf(const CssIndexedCondition& condition) const {
-        return std::span(alternatives_).subspan(condition.condition.name,
-                                                condition.condition.value);
+        return std::span(alternatives_)
+            .subspan(condition.condition.name, condition.condition.value);
     }
     std::size_t StepCount() const { return steps_; }
     bool UsesLanguage() const { return usesLanguage_; }
@@ -89,7 +96,9 @@ class CssRuleIndex {
     bool AddCondition(const CssSheet& sheet, CssCondition condition,
                       std::vector<CssIndexedCondition>& conditions);
     void AddAlternatives(const CssSheet& sheet, CssIndexedCondition& condition);
-    void AddCandidate(const CssCandidate& candidate);
+    void AddCandidate(CssCandidate candidate);
+    // The list that all elements which the compound holds at look into; nullptr for `others_`.
+    std::vector<CssCandidate>* BucketOf(const CssIndexedCompound& compound);
 
     const HtmlTree& tree_;
     Buckets byId_, byClass_, byType_;
@@ -98,6 +107,7 @@ class CssRuleIndex {
     std::vector<CssIndexedCondition> conditions_;
     std::vector<std::uint32_t> alternatives_; // compounds in the arguments of :is() and :not()
     std::vector<CssIndexedRule> rules_;
+    CssOrigin origin_ = CssOrigin::UserAgent; // of the sheet that is being added
     std::uint64_t order_ = 0;
     std::uint32_t steps_ = 0;
     bool usesLanguage_ = false;

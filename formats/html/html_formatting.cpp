@@ -14,6 +14,7 @@ std::size_t HtmlFormatting::GroupBegin() const {
     std::size_t begin = ids_.size();
     while (begin > 0 && ids_[begin - 1] != noHtmlNode)
         --begin;
+    steps_ += ids_.size() - begin;
     return begin;
 }
 
@@ -41,7 +42,7 @@ std::size_t HtmlFormatting::LastOf(HtmlName name) const {
 }
 
 std::size_t HtmlFormatting::IndexOf(HtmlNodeId id) const {
-    for (std::size_t i = ids_.size(); i > 0 && ids_[i - 1] != noHtmlNode; --i)
+    for (std::size_t i = ids_.size(); i > 0 && ids_[i - 1] != noHtmlNode; --i, ++steps_)
         if (ids_[i - 1] == id) return i - 1;
     return none;
 }

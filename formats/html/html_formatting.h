@@ -17,6 +17,9 @@ class HtmlFormatting {
     // Of equal ones three are kept, the last.
     void Push(HtmlNodeId id);
 
+    // Entries looked at, for tests.
+    std::uint64_t Steps() const { return steps_; }
+
     bool IsEmpty() const { return ids_.empty(); }
     std::size_t Count() const { return ids_.size(); }
     HtmlNodeId& operator[](std::size_t index) { return ids_[index]; } // noHtmlNode for a marker
@@ -34,4 +37,5 @@ class HtmlFormatting {
 
     const HtmlTree& tree_;
     std::vector<HtmlNodeId> ids_;
+    mutable std::uint64_t steps_ = 0;
 };

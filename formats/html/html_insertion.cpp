@@ -84,7 +84,7 @@ void HtmlTreeBuilder::ReconstructFormatting() {
     while (first > 0 && formatting_[first - 1] != noHtmlNode &&
            !open_.Contains(formatting_[first - 1]))
         --first;
-    steps_ += formatting_.Count() - first + 1;
+    steps_ += formatting_.Count() - first;
     if (writer_.IsFull()) return;
     for (; first < formatting_.Count() && HasClones(); ++first) {
         const HtmlNodeId clone = Clone(formatting_[first]);

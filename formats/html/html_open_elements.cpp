@@ -87,6 +87,7 @@ int HtmlOpenElements::Nearest(HtmlBoundary boundary) const {
 }
 
 void HtmlOpenElements::Push(HtmlNodeId id) {
+    ++steps_;
     const HtmlNode& node = tree_[id];
     Entry entry{.id = id, .previousOfName = none, .nearest = {}};
     if (entries_.empty())
@@ -138,7 +139,7 @@ void HtmlOpenElements::Remove(HtmlNodeId id) {
 int HtmlOpenElements::IndexOf(HtmlNodeId id, std::size_t reach) const {
     if (!Contains(id)) return none;
     const int last = std::max(0, Count() - static_cast<int>(std::min(reach, entries_.size())));
-    for (int i = Count() - 1; i >= last; --i)
+    for (int i = Count() - 1; i >= last; --i, ++steps_)
         if ((*this)[i] == id) return i;
     return none;
 }

@@ -44,6 +44,9 @@ class HtmlOpenElements {
     // Of the last `reach` entries.
     int IndexOf(HtmlNodeId id, std::size_t reach) const;
 
+    // Entries pushed or looked at, for tests.
+    std::uint64_t Steps() const { return steps_; }
+
     bool Has(HtmlName htmlElement) const { return LastOf(htmlElement) != none; }
     bool HasInScope(HtmlName htmlElement, HtmlBoundary scope = HtmlBoundary::Scope) const {
         return Has(htmlElement) && LastOf(htmlElement) >= Nearest(scope);
@@ -62,6 +65,7 @@ class HtmlOpenElements {
     std::vector<Entry> entries_;
     std::vector<int> lastOfName_; // of HTML elements; `none` for those not open
     std::vector<bool> isOpen_;    // by node
+    mutable std::uint64_t steps_ = 0;
 };
 
 bool IsSpecialHtmlElement(const HtmlNode& node);

@@ -4,6 +4,36 @@
 #include "formats/html/html_units.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
+
+namespace {
+
+// Four units at a time, in the lanes of a number.
+constexpr std::uint64_t ones = 0x0001'0001'0001'0001;
+
+// The highest bit of each lane that is zero, and perhaps of lanes above one.
+constexpr std::uint64_t ZeroLanes(std::uint64_t lanes) {
+    return (lanes - ones) & ~lanes & (ones << 15);
+}
+
+constexpr std::uint64_t MarkupLanes(std::uint64_t lanes) {
+    return ZeroLanes(lanes) | ZeroLanes(lanes ^ (ones * u'<')) | ZeroLanes(lanes ^ (ones * u'&'));
+}
+
+// The next unit that is no plain text; most of a page is.
+std::size_t FindMarkup(std::u16string_view source, std::size_t at) {
+    std::uint64_t lanes = 0;
+    for (; source.size() - at >= 4; at += 4) {
+        std::memcpy(&lanes, source.data() + at, sizeof lanes);
+        if (MarkupLanes(lanes) != 0) break;
+    }
+    while (at < source.size() && source[at] != u'<' && source[at] != u'&' && source[at] != u'\0')
+        ++at;
+    return at;
+}
+
+} // namespace
 
 bool HtmlTokenizer::ReadText() {
     if (AtEnd()) return EmitEndOfFile();
@@ -54,12 +84,7 @@ bool HtmlTokenizer::ReadData() {
         break;
     default: break;
     }
-    // Most of a page is letters, which are behind all three.
-    while (end < source_.size() &&
-           (source_[end] > u'<' ||
-            (source_[end] != u'<' && source_[end] != u'&' && source_[end] != u'\0')))
-        ++end;
-    return EmitText(end);
+    return EmitText(FindMarkup(source_, end));
 }
 
 // Of "</name" that ends the present element, with what follows it unread; 0 when it stands not

@@ -17,8 +17,11 @@ class HtmlTreeBuilder {
     HtmlTreeBuilder(HtmlTree& tree, std::u16string source);
 
     void Build();
-    // Nodes looked at or made by the steps whose work depends on what is open, for tests.
-    std::uint64_t Steps() const { return steps_; }
+    // What was done that depends on more than the token: nodes put somewhere, entries of the stack
+    // and the list looked at, units copied. For tests: that it stays in proportion to the page.
+    std::uint64_t Steps() const {
+        return steps_ + open_.Steps() + formatting_.Steps() + writer_.Steps();
+    }
 
   private:
     enum class Mode : std::uint8_t {

@@ -57,6 +57,7 @@ HtmlNodeId HtmlTreeWriter::CloneNode(HtmlNodeId id) {
 }
 
 void HtmlTreeWriter::Insert(HtmlNodeId id, HtmlPlace place) {
+    ++steps_;
     HtmlNode& node = (*this)[id];
     HtmlNode& parent = (*this)[place.parent];
     node.parent = place.parent;
@@ -132,6 +133,7 @@ void HtmlTreeWriter::AppendUnits(HtmlNode& text, std::u16string_view units) {
     if (isView || text.length == 0 || length > room) {
         char16_t* const copy = Arena().Units(std::max(std::bit_ceil(length), minRoom));
         std::copy_n(text.units, text.length, copy);
+        steps_ += text.length;
         text.units = copy;
     }
     std::ranges::copy(units, const_cast<char16_t*>(text.units) + text.length);

@@ -21,6 +21,8 @@ class HtmlTreeWriter {
     HtmlQuirks& Quirks() { return tree_.quirks_; }
     const std::u16string& Source() const { return *tree_.source_; }
     const HtmlTree& Tree() const { return tree_; }
+    // Nodes put somewhere and units copied, for tests.
+    std::uint64_t Steps() const { return steps_; }
     // Whether the limit is reached. There is room for some hundred nodes then.
     bool IsFull() const;
 
@@ -46,4 +48,5 @@ class HtmlTreeWriter {
     void AppendUnits(HtmlNode& text, std::u16string_view units);
 
     HtmlTree& tree_;
+    std::uint64_t steps_ = 0;
 };
