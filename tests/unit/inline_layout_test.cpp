@@ -24,7 +24,7 @@ struct Page {
         content.text.text = std::move(text);
         content.strut = Style(system);
         content.text.runs = {{0, content.strut}};
-        content.runs = {{}};
+        content.runs = {{0, content.strut, {}, 0}};
     }
 
     InlineLayout LayOut(double letters, double top = 0) {
@@ -126,8 +126,9 @@ TEST_CASE("inline layout: floats of blocks before narrow the lines, too") {
 
 TEST_CASE("inline layout: a line is as high as its largest font and its line height") {
     Page page(u"aa bb");
-    page.content.text.runs.push_back({3, Style(page.system, 24)});
-    page.content.runs = {{0, {}, 0}, {3, {}, 0}};
+    const StyleHandle large = Style(page.system, 24);
+    page.content.text.runs.push_back({3, large});
+    page.content.runs.push_back({3, large, {}, 0});
     CHECK(page.LayOut(3).lines[0].height == 16);
     CHECK(page.LayOut(3).lines[1].height == 32);
     CHECK(page.LayOut(9).lines[0].height == 32);
@@ -140,7 +141,7 @@ TEST_CASE("inline layout: a line is as high as its largest font and its line hei
 
 TEST_CASE("inline layout: raised text makes its line higher") {
     Page page(u"aabb");
-    page.content.runs = {{0, {}, 0}, {2, {}, 5}};
+    page.content.runs.push_back({2, page.content.strut, {}, 5});
     const InlineLine line = page.LayOut(9).lines[0];
     CHECK(line.height == 21);
     CHECK(line.baseline == doctest::Approx(0.8 * 16 + 5));

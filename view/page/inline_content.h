@@ -13,6 +13,7 @@ enum class VerticalAlign { Baseline, Middle, Top, Bottom };
 // From `start` up to the next one.
 struct InlineRun {
     TextPos start = 0;
+    StyleHandle font;                 // whose height counts
     std::optional<double> lineHeight; // none: the font's own
     double raise = 0;                 // of the baseline above the block's
 };
@@ -34,8 +35,8 @@ struct InlineFloat {
 };
 
 struct InlineContent {
-    // Width and justification are set by the layout. Its runs and `runs` need not start at the same
-    // places; its boxes are `atoms`.
+    // Width and justification are set by the layout. Its boxes are `atoms`, its runs are of the
+    // same text as `runs` but need not start at the same places.
     ParagraphText text;
     std::vector<InlineRun> runs;     // ascending, the first at 0
     std::vector<InlineAtom> atoms;   // ascending

@@ -37,22 +37,11 @@ auto FirstFrom(const std::vector<Item>& items, TextPos at, At of) {
 
 void EncloseRuns(LineLayout& system, const InlineContent& content, TextPos start, TextPos end,
                  LineBox& line) {
-    const auto& styles = content.text.runs;
-    auto style = std::prev(
-        std::upper_bound(styles.begin() + 1, styles.end(), start,
-                         [](TextPos at, const StyledRun& run) { return at < run.start; }));
     auto run =
         std::prev(std::upper_bound(content.runs.begin() + 1, content.runs.end(), start,
                                    [](TextPos at, const InlineRun& r) { return at < r.start; }));
-    for (TextPos at = start; at < end;) {
-        const FontMetrics font = system.Metrics(*style->style);
-        Enclose(line, FontBox(font, run->lineHeight), run->raise);
-        const TextPos styleEnd = std::next(style) == styles.end() ? end : std::next(style)->start;
-        const TextPos runEnd = std::next(run) == content.runs.end() ? end : std::next(run)->start;
-        at = std::min(styleEnd, runEnd);
-        if (at == styleEnd && at < end) ++style;
-        if (at == runEnd && at < end) ++run;
-    }
+    for (; run != content.runs.end() && run->start < end; ++run)
+        Enclose(line, FontBox(system.Metrics(*run->font), run->lineHeight), run->raise);
 }
 
 void EncloseAtoms(const InlineContent& content, TextPos start, TextPos end, LineBox& line) {
