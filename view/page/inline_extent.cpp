@@ -4,6 +4,7 @@
 #include "view/page/inline_layout.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 // Units that are shaped in one go, because asking where a word is takes the time of its line. Of a
@@ -70,8 +71,9 @@ InlineExtent ExtentOf(LineLayout& system, const InlineContent& content) {
         const std::size_t end = std::min(text.find(lineSeparator, start), text.size());
         const InlineExtent line = LineExtent(system, content, TextPos(start), TextPos(end));
         const double indent = start == 0 ? std::max(0.0, content.textIndent) : 0;
-        extent.min = std::max(extent.min, line.min + indent);
-        extent.max = std::max(extent.max, line.max + indent);
+        // Lines break at whole pixels.
+        extent.min = std::max(extent.min, std::ceil(line.min + indent));
+        extent.max = std::max(extent.max, std::ceil(line.max + indent));
         start = end + 1;
     }
     if (!content.wraps) extent.min = extent.max;
