@@ -97,6 +97,13 @@ TEST_CASE("page layout: markers of lists") {
         CHECK(ListMarker(type, number) == marker);
 }
 
+TEST_CASE("page layout: a break at the end of a block begins no line") {
+    CHECK(Lines(u"<div>one<br></div>two") == "0,0 one/|0,16 two");
+    CHECK(Lines(u"<div>one<br><br></div>two") == "0,0 one/|0,16 /|0,32 two");
+    CHECK(Lines(u"<div><br></div>two") == "0,0 /|0,16 two");
+    CHECK(Lines(u"<div style='white-space:pre'>one\n</div>two") == "0,0 one/|0,16 two");
+}
+
 TEST_CASE("page layout: capitals") {
     CHECK(Lines(u"<p style='text-transform:uppercase'>one two") == "0,16 ONE TWO");
     CHECK(Lines(u"<p style='text-transform:capitalize'>one two") == "0,16 One Two");

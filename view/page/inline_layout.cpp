@@ -59,7 +59,8 @@ class InlineLayouter {
         const TextPos end = besideFloats ? std::min(end_, at_ + maxBesideFloats) : end_;
         InlinePiece piece{at_, system_.BreakLines(Paragraph(edges, end))};
         const std::size_t before = result_.lines.size();
-        for (int i = 0; i < piece.lines->Count() && CanPlace(piece, i, edges); ++i)
+        // A break at the end begins no line.
+        for (int i = 0; at_ < end_ && i < piece.lines->Count() && CanPlace(piece, i, edges); ++i)
             Place(piece, i, edges);
         if (result_.lines.size() > before) result_.pieces.push_back(std::move(piece));
     }
