@@ -167,3 +167,30 @@ TEST_CASE("page layout: a long page is laid out where it is looked at") {
     CHECK(page.flow.Heights().NotMeasured() == 0);
     CHECK(page.flow.LayoutsMade() == 5000);
 }
+
+TEST_CASE("page layout: boxes in boxes are laid out once for each level") {
+    std::u16string body;
+    for (int i = 0; i < 200; ++i)
+        body += u"<span style='display:inline-block'>";
+    PageSample page(body + u"x");
+    CHECK(page.Lines(400).ends_with("|0,0 x"));
+    CHECK(page.system.paragraphs < 20 * 200);
+}
+
+TEST_CASE("page layout: of many floats in a text those that are too many stand in their lines") {
+    std::u16string body = u"<p>";
+    for (int i = 0; i < 3000; ++i)
+        body += u"<span style='float:left'>a</span>b ";
+    PageSample page(body);
+    page.Lines(400);
+    CHECK(page.system.paragraphs < 10'000);
+}
+
+TEST_CASE("page layout: tables in tables") {
+    std::u16string body;
+    for (int i = 0; i < 100; ++i)
+        body += u"<table cellspacing=0 cellpadding=0><td>";
+    PageSample page(body + u"x");
+    CHECK(page.Lines(400) == "0,0 x");
+    CHECK(page.system.paragraphs < 20 * 100);
+}

@@ -8,8 +8,9 @@
 #include <cmath>
 
 namespace {
-// Units that are broken in one go beside floats, where each float breaks what follows anew.
-constexpr TextPos maxBesideFloats = 2048;
+// Units that are broken in one go: systems take more than twice the time for twice the text. Fewer
+// beside floats, where each float breaks what follows anew.
+constexpr TextPos maxAtOnce = 16 * 1024, maxBesideFloats = 2048;
 // Units in which the first place to break is looked for; a longer word goes beside floats as it
 // comes.
 constexpr std::size_t maxFirstWord = 256;
@@ -56,7 +57,7 @@ class InlineLayouter {
         height_ = std::max(height_, StrutBox(system_, content_).Height());
         const InlineEdges edges = RoomFor(height_);
         const bool besideFloats = HasFloats() || context_.NextChange(top_) > top_;
-        const TextPos end = besideFloats ? std::min(end_, at_ + maxBesideFloats) : end_;
+        const TextPos end = std::min(end_, at_ + (besideFloats ? maxBesideFloats : maxAtOnce));
         InlinePiece piece{at_, system_.BreakLines(Paragraph(edges, end))};
         const std::size_t before = result_.lines.size();
         // A break at the end begins no line.

@@ -174,17 +174,15 @@ LinesContent PageLayouter::ContentOf(PageBoxId lines, double containing) {
         const CssBoxStyle& style = *boxes_[place.box].style;
         if (IsOutOfFlow(style))
             result.positioned.push_back(place);
-        else if (style.floats != CssFloat::None)
-            AddFloat(place, containing, result);
-        else
+        else if (place.hasUnit)
             AddAtom(place, containing, result);
+        else
+            AddFloat(place, containing, result);
     }
     return result;
 }
 
 InlineExtent PageLayouter::ExtentOfBox(PageBoxId id) {
-    const auto known = extents_.find(id);
-    if (known != extents_.end()) return known->second;
     const CssBoxStyle& style = *boxes_[id].style;
     InlineExtent extent;
     const double given = measure_.GivenWidth(style, 0);
@@ -195,13 +193,18 @@ InlineExtent PageLayouter::ExtentOfBox(PageBoxId id) {
     else
         extent = ContentExtent(id);
     const double sides = measure_.SideInsets(style, 0) + measure_.SideMargins(style, 0);
-    extent = {extent.min + sides, extent.max + sides};
-    return extents_[id] = extent;
+    return {extent.min + sides, extent.max + sides};
 }
 
 InlineExtent PageLayouter::ContentExtent(PageBoxId id) {
+    const auto known = extents_.find(id);
+    if (known != extents_.end()) return known->second;
+    return extents_[id] = MeasureContent(id);
+}
+
+InlineExtent PageLayouter::MeasureContent(PageBoxId id) {
     const PageBox& box = boxes_[id];
-    if (box.kind == PageBoxKind::Lines) return ExtentOf(lines_, *ContentOf(id, 0).content);
+    if (box.kind == PageBoxKind::Lines) return LinesExtent(id);
     if (box.kind == PageBoxKind::Table) return TableExtentOf(*this, id);
     InlineExtent widest;
     for (PageBoxId child = boxes_.FirstChild(id); child != noPageBox;
@@ -210,4 +213,26 @@ InlineExtent PageLayouter::ContentExtent(PageBoxId id) {
         widest = {std::max(widest.min, extent.min), std::max(widest.max, extent.max)};
     }
     return widest;
+}
+
+// With the boxes in the lines as narrow as they can be, and as wide as they ask for.
+InlineExtent PageLayouter::LinesExtent(PageBoxId lines) {
+    const LinesText text = content_.TextOf(lines);
+    text.content->textIndent = measure_.Length(boxes_[lines].text->textIndent, 0);
+    const auto measure = [&](double InlineExtent::*width) {
+        text.content->text.boxes.clear();
+        text.content->floats.clear();
+        for (const LinesText::Place& place : text.boxes) {
+            if (IsOutOfFlow(*boxes_[place.box].style)) continue;
+            const double box = ExtentOfBox(place.box).*width;
+            if (place.hasUnit)
+                text.content->text.boxes.push_back({place.at, int(std::ceil(box))});
+            else
+                text.content->floats.push_back({place.at, FloatSide::Left, box, 0});
+        }
+        return ExtentOf(lines_, *text.content).*width;
+    };
+    const double max = measure(&InlineExtent::max);
+    return {text.boxes.empty() ? ExtentOf(lines_, *text.content).min : measure(&InlineExtent::min),
+            max};
 }

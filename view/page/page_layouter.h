@@ -12,9 +12,10 @@ struct LinesText {
     struct Place {
         TextPos at = 0;
         PageBoxId box = noPageBox;
+        bool hasUnit = false; // it stands in the line like a letter
     };
     std::shared_ptr<InlineContent> content; // without atoms and floats
-    std::vector<Place> boxes;               // ascending; the text has a unit for each atom
+    std::vector<Place> boxes;               // ascending
 };
 
 // The same with its boxes laid out. Each part is at its place in its margins, to which that of the
@@ -63,6 +64,8 @@ class PageLayouter {
 
   private:
     InlineExtent ContentExtent(PageBoxId box);
+    InlineExtent MeasureContent(PageBoxId box);
+    InlineExtent LinesExtent(PageBoxId lines);
     Size PictureContentSize(PageBoxId box, double containing);
     void AddAtom(const LinesText::Place& place, double containing, LinesContent& content);
     void AddFloat(const LinesText::Place& place, double containing, LinesContent& content);
@@ -71,7 +74,8 @@ class PageLayouter {
     PageContent& content_;
     LineLayout& lines_;
     BoxMeasure measure_;
-    std::unordered_map<PageBoxId, InlineExtent> extents_; // tables in tables ask again and again
+    // Of contents: boxes in boxes ask again and again.
+    std::unordered_map<PageBoxId, InlineExtent> extents_;
 };
 
 // Whether a box in the flow is laid out by itself: floats and margins do not go through it.

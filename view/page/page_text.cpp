@@ -10,6 +10,9 @@
 namespace {
 constexpr char16_t lineSeparator = u'\u2028', objectReplacement = u'\uFFFC';
 
+// Of one block's text; each breaks the lines behind it anew. What is beyond stands in its line.
+constexpr int maxFloats = 200;
+
 bool KeepsSpaces(CssWhiteSpace whiteSpace) {
     return whiteSpace == CssWhiteSpace::Pre || whiteSpace == CssWhiteSpace::PreWrap ||
            whiteSpace == CssWhiteSpace::BreakSpaces;
@@ -123,8 +126,9 @@ class LinesReader {
 
     void AddBox() {
         const PageBox& box = boxes_[nextBox_];
-        result_.boxes.push_back({Length(), nextBox_});
-        const bool inLine = !IsOutOfFlow(*box.style) && box.style->floats == CssFloat::None;
+        const bool isFloat = box.style->floats != CssFloat::None && floats_++ < maxFloats;
+        const bool inLine = !IsOutOfFlow(*box.style) && !isFloat;
+        result_.boxes.push_back({Length(), nextBox_, inLine});
         if (inLine) {
             StartRun(*lines_.text, 0, false);
             Text() += objectReplacement;
@@ -245,6 +249,7 @@ class LinesReader {
     LinesText result_;
     HtmlNodeId container_ = noHtmlNode; // the element that the lines are in
     PageBoxId nextBox_ = noPageBox;
+    int floats_ = 0;
     bool whiteSpaceEnds_ = true; // collapsible: at the start, behind a space or a break
 };
 } // namespace
