@@ -75,3 +75,36 @@ TEST_CASE("page boxes: generated text") {
     CHECK(Boxes(u"<style>div::after{content:'!'}</style><div>a<p>b</div>c") ==
           "Block(Lines[a] Lines[b] Lines[!]) Lines[c]");
 }
+
+namespace {
+// Each unit of the first lines with where it is in its node: "a0 b1 -".
+std::string Origins(const std::u16string& body) {
+    PageSample page(body);
+    PageBoxId lines = rootPageBox;
+    while (page.boxes[lines].kind != PageBoxKind::Lines)
+        ++lines;
+    const auto content = page.text.TextOf(lines).content;
+    std::string shown;
+    std::size_t origin = 0;
+    for (TextPos at = 0; at < TextPos(content->text.text.size()); ++at) {
+        const auto& all = content->origins;
+        while (origin + 1 < all.size() && all[origin + 1].start <= at)
+            ++origin;
+        const char16_t unit = content->text.text[std::size_t(at)];
+        shown += unit < 128 ? char(unit) : '?';
+        shown += all[origin].node == noHtmlNode
+                     ? "-"
+                     : std::to_string(int(all[origin].unit) + at - all[origin].start);
+    }
+    return shown;
+}
+} // namespace
+
+TEST_CASE("page boxes: where each unit of the text comes from") {
+    CHECK(Origins(u"<p>ab") == "a0b1");
+    CHECK(Origins(u"<p>  a \n b <i> c</i>") == "a2 3b6 7c1");
+    CHECK(Origins(u"<p>a <br> b") == "a0?0b1");
+    CHECK(Origins(u"<style>i::before{content:'<'}</style><p>a<i>b</i>") == "a0<-b0");
+    CHECK(Origins(u"<p style='text-transform:uppercase'>ab") == "A0B1");
+    CHECK(Origins(u"<pre>a\n b") == "a0?1 2b3");
+}

@@ -34,14 +34,23 @@ struct InlineFloat {
     double width = 0, height = 0; // with its margins
 };
 
+// From `start` up to the next one the units are those of a node of the page, one after the other,
+// from this one on; of no node, they are none of the page's text.
+struct InlineOrigin {
+    TextPos start = 0;
+    std::uint32_t node = 0;
+    std::uint32_t unit = 0;
+};
+
 struct InlineContent {
     // Width and justification are set by the layout. Its boxes are `atoms`, its runs are of the
     // same text as `runs` but need not start at the same places.
     ParagraphText text;
-    std::vector<InlineRun> runs;     // ascending, the first at 0
-    std::vector<InlineAtom> atoms;   // ascending
-    std::vector<InlineFloat> floats; // ascending
-    StyleHandle strut;               // of the block: no line is lower than its font
+    std::vector<InlineRun> runs;       // ascending, the first at 0
+    std::vector<InlineAtom> atoms;     // ascending
+    std::vector<InlineFloat> floats;   // ascending
+    std::vector<InlineOrigin> origins; // ascending
+    StyleHandle strut;                 // of the block: no line is lower than its font
     std::optional<double> strutLineHeight;
     double xHeight = 0;                    // of the block's font, for `Middle`
     Alignment alignment = Alignment::Left; // absolute

@@ -102,15 +102,22 @@ class LinesReader {
     // Whether what is in the node is read next.
     bool Enter(HtmlNodeId id) {
         const HtmlNode& node = tree_[id];
-        if (node.IsText())
+        if (node.IsText()) {
+            node_ = id;
             AddText(node.Text(), *styles_.Of(node.parent).inherited, RaiseOf(node.parent));
+        }
+        node_ = noHtmlNode;
         if (!node.IsElement() || IsNotShown(node)) return false;
         if (styles_.Of(id).box->display == CssDisplay::None) return false;
         if (nextBox_ != noPageBox && boxes_[nextBox_].node == id) {
             AddBox();
             return false;
         }
-        if (node.Is(HtmlName::Br)) AddBreak();
+        if (node.Is(HtmlName::Br)) {
+            node_ = id;
+            AddBreak(0);
+            node_ = noHtmlNode;
+        }
         AddGenerated(styles_.Before(id));
         return true;
     }
@@ -131,16 +138,32 @@ class LinesReader {
         result_.boxes.push_back({Length(), nextBox_, inLine});
         if (inLine) {
             StartRun(*lines_.text, 0, false);
-            Text() += objectReplacement;
+            AddUnit(objectReplacement, 0);
             whiteSpaceEnds_ = false;
         }
         nextBox_ = box.nextSibling;
     }
 
-    void AddBreak() {
+    void AddBreak(std::size_t unit) {
         RemoveTrailingSpace();
-        Text() += lineSeparator;
+        AddUnit(lineSeparator, unit);
         whiteSpaceEnds_ = true;
+    }
+
+    // One that stands for a unit of the node that is read.
+    void AddUnit(char16_t shown, std::size_t unit) {
+        auto& origins = Content().origins;
+        const InlineOrigin origin{Length(), node_, std::uint32_t(unit)};
+        while (!origins.empty() && origins.back().start >= origin.start)
+            origins.pop_back(); // of a space that went
+        if (origins.empty() || !GoesOn(origins.back(), origin)) origins.push_back(origin);
+        Text() += shown;
+    }
+
+    static bool GoesOn(const InlineOrigin& before, const InlineOrigin& origin) {
+        const auto distance = std::uint32_t(origin.start - before.start);
+        return before.node == origin.node &&
+               (origin.node == noHtmlNode || before.unit + distance == origin.unit);
     }
 
     // The marker of a list's item, where it is part of its first line.
@@ -185,24 +208,26 @@ class LinesReader {
         StartRun(style, raise, false);
         const bool keepsSpaces = KeepsSpaces(style.whiteSpace);
         const bool keepsBreaks = KeepsBreaks(style.whiteSpace);
-        for (const char16_t unit : text) {
+        for (std::size_t i = 0; i < text.size(); ++i) {
+            const char16_t unit = text[i];
             if (unit == u'\n' && keepsBreaks) {
                 if (keepsSpaces)
-                    Text() += lineSeparator;
+                    AddUnit(lineSeparator, i);
                 else
-                    AddBreak();
+                    AddBreak(i);
                 whiteSpaceEnds_ = true;
             } else if (!keepsSpaces && IsCollapsible(unit)) {
-                if (!whiteSpaceEnds_) Text() += u' ';
+                if (!whiteSpaceEnds_) AddUnit(u' ', i);
                 whiteSpaceEnds_ = true;
             } else {
-                AddLetter(unit, style, raise);
+                AddLetter(unit, i, style, raise);
                 whiteSpaceEnds_ = false;
             }
         }
     }
 
-    void AddLetter(char16_t unit, const CssInheritedStyle& style, double raise) {
+    void AddLetter(char16_t unit, std::size_t number, const CssInheritedStyle& style,
+                   double raise) {
         const char16_t capital = FoldCase(unit);
         if (style.fontCaps == CssFontCaps::Small) {
             StartRun(style, raise, capital != unit);
@@ -211,7 +236,7 @@ class LinesReader {
         const bool isCapital = style.textTransform == CssTextTransform::Uppercase ||
                                (style.textTransform == CssTextTransform::Capitalize &&
                                 (whiteSpaceEnds_ || Text().empty() || Text().back() == u' '));
-        Text() += isCapital ? capital : unit;
+        AddUnit(isCapital ? capital : unit, number);
     }
 
     void StartRun(const CssInheritedStyle& style, double raise, bool smallCapital) {
@@ -247,6 +272,7 @@ class LinesReader {
     const PageBoxId id_;
     const PageBox& lines_;
     LinesText result_;
+    HtmlNodeId node_ = noHtmlNode;      // that is read
     HtmlNodeId container_ = noHtmlNode; // the element that the lines are in
     PageBoxId nextBox_ = noPageBox;
     int floats_ = 0;
