@@ -1,0 +1,30 @@
+#include "formats/css/css_cascade.h"
+
+void CssCascade::Set(CssProperty property, const CssCascaded& value) {
+    values_[std::size_t(property)] = value;
+    order_[std::size_t(property)] = ++time_;
+}
+
+void CssCascade::Apply(std::span<const CssDeclaration> declarations, const CssBlock& block,
+                       bool important) {
+    for (const CssDeclaration& declaration : declarations) {
+        if (declaration.important != important) continue;
+        const CssProperty property = declaration.property;
+        if (declaration.value.kind == CssValue::Kind::Revert)
+            Set(property, userAgent_[std::size_t(property)]);
+        else
+            Set(property, {true, declaration.value, &block});
+    }
+}
+
+void CssCascade::SetDirection(bool rightToLeft) {
+    using P = CssProperty;
+    const auto settle = [this](P logical, P physical) {
+        const bool isLater = order_[std::size_t(logical)] > order_[std::size_t(physical)];
+        if (isLater) values_[std::size_t(physical)] = values_[std::size_t(logical)];
+    };
+    settle(P::MarginInlineStart, rightToLeft ? P::MarginRight : P::MarginLeft);
+    settle(P::MarginInlineEnd, rightToLeft ? P::MarginLeft : P::MarginRight);
+    settle(P::PaddingInlineStart, rightToLeft ? P::PaddingRight : P::PaddingLeft);
+    settle(P::PaddingInlineEnd, rightToLeft ? P::PaddingLeft : P::PaddingRight);
+}

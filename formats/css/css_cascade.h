@@ -1,0 +1,37 @@
+// What is declared of one element, by origin and importance: of each property the value that wins.
+#pragma once
+
+#include "formats/css/css_sheet.h"
+
+#include <array>
+#include <span>
+
+struct CssCascaded {
+    bool given = false; // else the property inherits, or has its initial value
+    CssValue value;
+    const CssBlock* block = nullptr; // which the value's lists are of
+};
+
+class CssCascade {
+  public:
+    // Declarations of one rule, from the weakest to the strongest; of these those that are
+    // important, or those that are not.
+    void Apply(std::span<const CssDeclaration> declarations, const CssBlock& block, bool important);
+    // What is there now is what `revert` goes back to.
+    void EndUserAgent() { userAgent_ = values_; }
+
+    const CssCascaded& operator[](CssProperty property) const {
+        return values_[std::size_t(property)];
+    }
+    // Start and end are left and right from here on, or the other way round.
+    void SetDirection(bool rightToLeft);
+
+  private:
+    using Values = std::array<CssCascaded, cssPropertyCount>;
+    void Set(CssProperty property, const CssCascaded& value);
+
+    Values values_{}, userAgent_{};
+    // Of start and end: which of them was declared after left and right.
+    std::array<std::uint32_t, cssPropertyCount> order_{};
+    std::uint32_t time_ = 0;
+};

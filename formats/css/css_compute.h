@@ -1,0 +1,34 @@
+// Computed values: what was declared, made absolute by the styles around the element.
+#pragma once
+
+#include "formats/css/css_cascade.h"
+#include "formats/css/css_parser.h"
+#include "formats/css/css_style.h"
+
+#include <functional>
+
+struct CssComputeContext {
+    CssMedium medium;
+    float rootFontSize = 16;
+    bool isRoot = false;
+    // Numbers of lists, equal ones for equal lists.
+    std::function<std::uint32_t(const CssFontFamilies&)> familiesNumber;
+    std::function<std::uint32_t(const CssContent&)> contentNumber;
+    bool usedViewport = false; // a length was relative to the window
+};
+
+struct CssStyleParts {
+    CssInheritedStyle inherited;
+    CssBoxStyle box;
+};
+
+CssStyleParts ComputeCssStyle(CssCascade& cascade, const CssInheritedStyle& parent,
+                              const CssBoxStyle& parentBox, CssComputeContext& context);
+
+// Of one part each; `inherited` is that of the element.
+CssInheritedStyle ComputeCssInherited(const CssCascade& cascade, const CssInheritedStyle& parent,
+                                      CssComputeContext& context);
+CssBoxStyle ComputeCssBox(const CssCascade& cascade, const CssInheritedStyle& inherited,
+                          const CssBoxStyle& parentBox, CssComputeContext& context);
+void ComputeCssFont(const CssCascade& cascade, const CssInheritedStyle& parent,
+                    CssComputeContext& context, CssInheritedStyle& style);

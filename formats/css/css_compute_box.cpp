@@ -1,0 +1,148 @@
+#include "formats/css/css_computer.h"
+#include "formats/css/css_longhands.h"
+
+#include <cmath>
+
+namespace {
+
+using P = CssProperty;
+
+// What a box out of the flow is (CSS 2.2, 9.7).
+CssDisplay Blockified(CssDisplay display) {
+    switch (display) {
+    case CssDisplay::None:
+    case CssDisplay::Contents:
+    case CssDisplay::Block:
+    case CssDisplay::ListItem:
+    case CssDisplay::Table: return display;
+    case CssDisplay::InlineTable: return CssDisplay::Table;
+    default: return CssDisplay::Block;
+    }
+}
+
+// A hair's breadth is drawn, and no border is wider than it says.
+float BorderWidth(float width) {
+    return width > 0 && width < 1 ? 1 : std::floor(width);
+}
+
+void ComputeBorders(const CssPicker& pick, const CssInheritedStyle& inherited,
+                    const CssBoxStyle& parent, CssBoxStyle& box) {
+    constexpr float medium = 3;
+    for (int side = 0; side < 4; ++side) {
+        const auto at = static_cast<std::size_t>(side);
+        box.borderStyle[at] =
+            pick.Keyword(P::BorderTopStyle + side, parent.borderStyle[at], CssBorderStyle::None);
+        const float width = pick.Pixels(P::BorderTopWidth + side, parent.borderWidth[at], medium);
+        const bool isNone = box.borderStyle[at] <= CssBorderStyle::Hidden;
+        box.borderWidth[at] = isNone ? 0 : BorderWidth(width);
+        box.borderColor[at] = pick.Pick(P::BorderTopColor + side, parent.borderColor[at],
+                                        inherited.color, [&](const CssValue& value) {
+                                            return value.kind == CssValue::Kind::Rgba
+                                                       ? value.AsColor()
+                                                       : inherited.color;
+                                        });
+        if (isNone) box.borderColor[at] = {}; // so that boxes without are equal
+    }
+}
+
+void ComputeDisplay(const CssPicker& pick, const CssBoxStyle& parent,
+                    const CssComputeContext& context, CssBoxStyle& box) {
+    const auto display = pick.Pick(P::Display, static_cast<std::uint16_t>(parent.display),
+                                   static_cast<std::uint16_t>(CssDisplay::Inline),
+                                   [](const CssValue& value) { return value.keyword; });
+    box.display = static_cast<CssDisplay>(display & ~cssFlowRoot);
+    box.position = pick.Keyword(P::Position, parent.position, CssPosition::Static);
+    box.floats = pick.Keyword(P::Float, parent.floats, CssFloat::None);
+    box.overflow = pick.Keyword(P::Overflow, parent.overflow, CssOverflow::Visible);
+    const bool isAbsolute =
+        box.position == CssPosition::Absolute || box.position == CssPosition::Fixed;
+    if (isAbsolute) box.floats = CssFloat::None;
+    const bool isFloat = box.floats != CssFloat::None;
+    if (isAbsolute || isFloat || context.isRoot) box.display = Blockified(box.display);
+    const bool isOwn = box.display == CssDisplay::InlineBlock ||
+                       box.display == CssDisplay::TableCell ||
+                       box.display == CssDisplay::TableCaption;
+    box.flowRoot = isAbsolute || isFloat || context.isRoot || isOwn || (display & cssFlowRoot) ||
+                   box.overflow != CssOverflow::Visible;
+}
+
+void ComputeVerticalAlign(const CssPicker& pick, const CssBoxStyle& parent, CssBoxStyle& box) {
+    box.verticalShift = pick.Pick(P::VerticalAlign, parent.verticalShift, CssLength::Pixels(0),
+                                  [&](const CssValue& value) {
+                                      if (value.kind == CssValue::Kind::Keyword)
+                                          return CssLength::Pixels(0);
+                                      return pick.LengthOf(value);
+                                  });
+    box.verticalAlign = pick.Pick(P::VerticalAlign, parent.verticalAlign,
+                                  CssVerticalAlign::Baseline, [](const CssValue& value) {
+                                      return value.kind == CssValue::Kind::Keyword
+                                                 ? static_cast<CssVerticalAlign>(value.keyword)
+                                                 : CssVerticalAlign::Length;
+                                  });
+}
+
+void ComputeSizes(const CssPicker& pick, const CssBoxStyle& parent, CssBoxStyle& box) {
+    const CssLength zero = CssLength::Pixels(0), autos;
+    for (int side = 0; side < 4; ++side) {
+        const auto at = static_cast<std::size_t>(side);
+        box.margin[at] = pick.Length(P::MarginTop + side, parent.margin[at], zero);
+        box.padding[at] = pick.Length(P::PaddingTop + side, parent.padding[at], zero);
+        box.inset[at] = pick.Length(P::Top + side, parent.inset[at], autos);
+    }
+    box.width = pick.Length(P::Width, parent.width, autos);
+    box.height = pick.Length(P::Height, parent.height, autos);
+    box.minWidth = pick.Length(P::MinWidth, parent.minWidth, autos);
+    box.minHeight = pick.Length(P::MinHeight, parent.minHeight, autos);
+    box.maxWidth = pick.Length(P::MaxWidth, parent.maxWidth, autos);
+    box.maxHeight = pick.Length(P::MaxHeight, parent.maxHeight, autos);
+}
+
+} // namespace
+
+CssBoxStyle ComputeCssBox(const CssCascade& cascade, const CssInheritedStyle& inherited,
+                          const CssBoxStyle& parent, CssComputeContext& context) {
+    const CssPicker pick(cascade, inherited.fontSize, context);
+    CssBoxStyle box;
+    ComputeDisplay(pick, parent, context, box);
+    ComputeSizes(pick, parent, box);
+    ComputeBorders(pick, inherited, parent, box);
+    ComputeVerticalAlign(pick, parent, box);
+    box.background = pick.Pick(
+        P::BackgroundColor, parent.background, cssTransparent, [&](const CssValue& value) {
+            return value.kind == CssValue::Kind::Rgba ? value.AsColor() : inherited.color;
+        });
+    box.content = pick.Pick(P::Content, parent.content, 0u, [&](const CssValue& value) {
+        if (value.kind != CssValue::Kind::Content) return 0u;
+        return context.contentNumber(cascade[P::Content].block->contents[value.index]);
+    });
+    const CssBoxStyle initial;
+    const auto keyword = [&](P property, auto member) {
+        box.*member = pick.Keyword(property, parent.*member, initial.*member);
+    };
+    keyword(P::Clear, &CssBoxStyle::clear);
+    keyword(P::BoxSizing, &CssBoxStyle::boxSizing);
+    keyword(P::UnicodeBidi, &CssBoxStyle::unicodeBidi);
+    keyword(P::TableLayout, &CssBoxStyle::tableLayout);
+    keyword(P::BreakBefore, &CssBoxStyle::breakBefore);
+    keyword(P::BreakAfter, &CssBoxStyle::breakAfter);
+    keyword(P::BreakInside, &CssBoxStyle::breakInside);
+    keyword(P::TextDecoration, &CssBoxStyle::ownDecorations);
+    return box;
+}
+
+CssStyleParts ComputeCssStyle(CssCascade& cascade, const CssInheritedStyle& parent,
+                              const CssBoxStyle& parentBox, CssComputeContext& context) {
+    CssStyleParts parts;
+    parts.inherited = ComputeCssInherited(cascade, parent, context);
+    cascade.SetDirection(parts.inherited.direction == CssDirection::RightToLeft);
+    parts.box = ComputeCssBox(cascade, parts.inherited, parentBox, context);
+    // Lines are not drawn through what is not of the text around.
+    const CssBoxStyle& box = parts.box;
+    const bool isApart = box.floats != CssFloat::None || box.position == CssPosition::Absolute ||
+                         box.position == CssPosition::Fixed ||
+                         box.display == CssDisplay::InlineBlock ||
+                         box.display == CssDisplay::InlineTable;
+    if (isApart) parts.inherited.decorations = cssNoDecoration;
+    parts.inherited.decorations |= box.ownDecorations;
+    return parts;
+}

@@ -1,0 +1,58 @@
+// Picks a property's value; shared by the files that compute.
+#pragma once
+
+#include "formats/css/css_compute.h"
+#include "formats/css/css_length.h"
+
+class CssPicker {
+  public:
+    CssPicker(const CssCascade& cascade, float fontSize, CssComputeContext& context)
+        : cascade_(cascade),
+          context_(context), base_{fontSize, context.isRoot ? fontSize : context.rootFontSize,
+                                   &context.medium} {}
+
+    // The parent's value, the initial one, or what `convert` makes of the declared one.
+    template <typename T, typename Convert>
+    T Pick(CssProperty property, const T& parent, const T& initial, Convert convert) const {
+        const CssCascaded& cascaded = cascade_[property];
+        if (!cascaded.given) return IsInherited(property) ? parent : initial;
+        switch (cascaded.value.kind) {
+        case CssValue::Kind::Inherit: return parent;
+        case CssValue::Kind::Initial: return initial;
+        case CssValue::Kind::Unset: return IsInherited(property) ? parent : initial;
+        default: return convert(cascaded.value);
+        }
+    }
+    template <typename Enumeration>
+    Enumeration Keyword(CssProperty property, Enumeration parent, Enumeration initial) const {
+        return Pick(property, parent, initial,
+                    [](const CssValue& value) { return static_cast<Enumeration>(value.keyword); });
+    }
+    CssLength Length(CssProperty property, const CssLength& parent,
+                     const CssLength& initial) const {
+        return Pick(property, parent, initial,
+                    [this](const CssValue& value) { return LengthOf(value); });
+    }
+    float PixelsOf(const CssValue& value) const {
+        if (value.kind != CssValue::Kind::Length) return 0; // `normal`
+        context_.usedViewport |= value.unit >= CssUnit::Vw;
+        return CssPixels(value, base_);
+    }
+    float Pixels(CssProperty property, float parent, float initial) const {
+        return Pick(property, parent, initial,
+                    [this](const CssValue& value) { return PixelsOf(value); });
+    }
+    CssLength LengthOf(const CssValue& value) const {
+        switch (value.kind) {
+        case CssValue::Kind::Length: return CssLength::Pixels(PixelsOf(value));
+        case CssValue::Kind::Percent: return CssLength::Percent(ClampCssPixels(value.number));
+        case CssValue::Kind::Number: return {ClampCssPixels(value.number), CssLength::Kind::Number};
+        default: return {};
+        }
+    }
+
+  private:
+    const CssCascade& cascade_;
+    CssComputeContext& context_;
+    CssLengthBase base_;
+};

@@ -1,0 +1,68 @@
+#include "formats/css/css_length.h"
+
+#include "formats/css/css_limits.h"
+
+#include <algorithm>
+
+namespace {
+
+struct UnitEntry {
+    std::u16string_view name;
+    CssUnit unit;
+    float factor;
+};
+
+// An inch is 96 pixels, whatever the screen.
+constexpr UnitEntry units[] = {
+    {u"px", CssUnit::Px, 1},          {u"em", CssUnit::Em, 1},
+    {u"pt", CssUnit::Px, 96.0f / 72}, {u"rem", CssUnit::Rem, 1},
+    {u"ex", CssUnit::Ex, 1},          {u"ch", CssUnit::Ch, 1},
+    {u"in", CssUnit::Px, 96},         {u"cm", CssUnit::Px, 96 / 2.54f},
+    {u"mm", CssUnit::Px, 96 / 25.4f}, {u"q", CssUnit::Px, 96 / 101.6f},
+    {u"pc", CssUnit::Px, 16},         {u"vw", CssUnit::Vw, 1},
+    {u"vh", CssUnit::Vh, 1},          {u"vmin", CssUnit::Vmin, 1},
+    {u"vmax", CssUnit::Vmax, 1},
+};
+
+// Of fonts whose measures are not known here; CSS gives half an em for both.
+constexpr float exOfEm = 0.5f, chOfEm = 0.5f;
+
+float OneOf(CssUnit unit, const CssLengthBase& base) {
+    const float width = base.medium ? base.medium->viewportWidth / 100 : 0;
+    const float height = base.medium ? base.medium->viewportHeight / 100 : 0;
+    switch (unit) {
+    case CssUnit::Px: return 1;
+    case CssUnit::Em: return base.fontSize;
+    case CssUnit::Rem: return base.rootFontSize;
+    case CssUnit::Ex: return base.fontSize * exOfEm;
+    case CssUnit::Ch: return base.fontSize * chOfEm;
+    case CssUnit::Vw: return width;
+    case CssUnit::Vh: return height;
+    case CssUnit::Vmin: return std::min(width, height);
+    case CssUnit::Vmax: return std::max(width, height);
+    }
+    return 1;
+}
+
+} // namespace
+
+std::optional<CssValue> CssLengthOf(const CssToken& token, bool quirks) {
+    if (token.Is(CssToken::Kind::Number) && (token.number == 0 || quirks))
+        return CssValue::Pixels(token.number);
+    if (!token.Is(CssToken::Kind::Dimension)) return std::nullopt;
+    for (const UnitEntry& entry : units) {
+        if (!CssEqual(token.unit, entry.name)) continue;
+        CssValue value = CssValue::Pixels(token.number * entry.factor);
+        value.unit = entry.unit;
+        return value;
+    }
+    return std::nullopt;
+}
+
+float ClampCssPixels(float pixels) {
+    return std::clamp(pixels, -maxCssPixels, maxCssPixels);
+}
+
+float CssPixels(const CssValue& length, const CssLengthBase& base) {
+    return ClampCssPixels(length.number * OneOf(length.unit, base));
+}

@@ -1,0 +1,20 @@
+// Lengths: reading one from a token, and its pixels.
+#pragma once
+
+#include "formats/css/css_parser.h"
+#include "formats/css/css_tokenizer.h"
+#include "formats/css/css_value.h"
+
+#include <optional>
+
+// Nothing for what is none. A number without a unit is one when it is 0, or in quirks mode.
+std::optional<CssValue> CssLengthOf(const CssToken& token, bool quirks);
+
+// What relative lengths are relative to.
+struct CssLengthBase {
+    float fontSize = 16, rootFontSize = 16;
+    const CssMedium* medium = nullptr;
+};
+
+float CssPixels(const CssValue& length, const CssLengthBase& base);
+float ClampCssPixels(float pixels);

@@ -1,0 +1,185 @@
+#include "formats/css/css_parser.h"
+
+#include "formats/css/css_limits.h"
+#include "formats/css/css_media.h"
+#include "formats/css/css_property_parser.h"
+#include "formats/css/css_selector_parser.h"
+#include "formats/css/css_token_stream.h"
+
+namespace {
+
+using Kind = CssToken::Kind;
+
+// Rules may stand at the top, in the block of an `@media`, or be the declarations of an attribute.
+class Parser {
+  public:
+    Parser(std::u16string_view text, const CssReading& reading, CssSheet& sheet)
+        : tokens_(text.substr(0, maxCssUnits)), reading_(reading), sheet_(sheet) {}
+
+    void ReadRules(int depth, bool applies);
+    void ReadDeclarations(bool applies);
+
+  private:
+    enum class Stop : std::uint8_t { End, Semicolon, OpenCurly, CloseCurly };
+    // Tokens from `first` on up to what ends this construct, which is passed.
+    Stop Collect(CssToken first, bool semicolonEnds, bool curlyEnds);
+    void SkipBlock();
+    void ReadAtRule(const CssToken& keyword, int depth, bool applies);
+    void ReadImport();
+    void ReadRule(const CssToken& first, int depth, bool applies);
+    void AddRule(std::span<const CssSelector> selectors, std::size_t firstDeclaration);
+    void ReadDeclaration(bool applies);
+
+    CssTokenizer tokens_;
+    const CssReading& reading_;
+    CssSheet& sheet_;
+    std::vector<CssToken> construct_;
+    bool overflow_ = false;     // the construct is longer than anybody writes
+    bool importsEnded_ = false; // another rule has come
+};
+
+Parser::Stop Parser::Collect(CssToken first, bool semicolonEnds, bool curlyEnds) {
+    construct_.clear();
+    overflow_ = false;
+    CssBrackets brackets;
+    for (CssToken token = first;; token = tokens_.Next()) {
+        if (token.Is(Kind::End)) return Stop::End;
+        if (brackets.None()) {
+            if (token.Is(Kind::Semicolon) && semicolonEnds) return Stop::Semicolon;
+            if (token.Is(Kind::OpenCurly)) return Stop::OpenCurly;
+            if (token.Is(Kind::CloseCurly) && curlyEnds) return Stop::CloseCurly;
+        }
+        brackets.Pass(token);
+        if (construct_.size() < maxCssTokens)
+            construct_.push_back(token);
+        else {
+            overflow_ = true;
+            if (construct_.size() == maxCssTokens) tokens_.ForgetTexts();
+        }
+    }
+}
+
+// Behind its "{".
+void Parser::SkipBlock() {
+    CssBrackets brackets;
+    CssToken open;
+    open.kind = Kind::OpenCurly;
+    for (CssToken token = open; !token.Is(Kind::End); token = tokens_.Next()) {
+        brackets.Pass(token);
+        if (brackets.None()) return;
+        if (!token.text.empty()) tokens_.ForgetTexts();
+    }
+}
+
+void Parser::ReadRules(int depth, bool applies) {
+    while (true) {
+        tokens_.ForgetTexts();
+        const CssToken token = tokens_.Next();
+        if (token.Is(Kind::End)) return;
+        if (depth > 0 && token.Is(Kind::CloseCurly)) return;
+        if (token.Is(Kind::Whitespace)) continue;
+        // The marks that hid a sheet from the oldest browsers.
+        if (depth == 0 && (token.Is(Kind::Cdo) || token.Is(Kind::Cdc))) continue;
+        if (token.Is(Kind::AtKeyword))
+            ReadAtRule(token, depth, applies);
+        else
+            ReadRule(token, depth, applies);
+    }
+}
+
+void Parser::ReadAtRule(const CssToken& keyword, int depth, bool applies) {
+    const bool isMedia = CssEqual(keyword.text, u"media");
+    const bool isImport = CssEqual(keyword.text, u"import") && depth == 0;
+    const bool isCharset = CssEqual(keyword.text, u"charset");
+    const Stop stop = Collect(tokens_.Next(), true, depth > 0);
+    if (isImport && (stop == Stop::Semicolon || stop == Stop::End)) return ReadImport();
+    // Statements without a block may stand before an @import: @charset, @layer, and the unknown.
+    if (!isCharset && stop == Stop::OpenCurly) importsEnded_ = true;
+    if (stop != Stop::OpenCurly) return;
+    if (!isMedia || overflow_ || depth >= maxCssBlockDepth) return SkipBlock();
+    const CssMediaAnswer answer = AskCssMedia(CssTokenStream(construct_), reading_.medium);
+    sheet_.dependsOnViewport |= answer.dependsOnViewport;
+    ReadRules(depth + 1, applies && answer.applies);
+}
+
+void Parser::ReadImport() {
+    if (importsEnded_ || overflow_ || sheet_.imports.size() >= maxCssImports) return;
+    CssTokenStream prelude(construct_);
+    const CssToken token = prelude.Next();
+    std::u16string_view address = token.text;
+    if (token.IsFunction(u"url")) {
+        CssTokenStream arguments = prelude.Arguments();
+        if (!arguments.Peek().Is(Kind::String)) return;
+        address = arguments.Next().text;
+    } else if (!token.Is(Kind::String) && !token.Is(Kind::Url))
+        return;
+    const CssMediaAnswer answer = AskCssMedia(prelude, reading_.medium);
+    sheet_.dependsOnViewport |= answer.dependsOnViewport;
+    if (answer.applies && !address.empty()) sheet_.imports.emplace_back(address);
+}
+
+void Parser::ReadRule(const CssToken& first, int depth, bool applies) {
+    importsEnded_ = true;
+    if (Collect(first, false, depth > 0) != Stop::OpenCurly) return;
+    const bool hasRoom = sheet_.rules.size() < maxCssRules;
+    std::vector<CssSelector> selectors;
+    if (!overflow_ && applies && hasRoom)
+        selectors = ReadCssSelectors(CssTokenStream(construct_), sheet_);
+    if (selectors.empty()) return SkipBlock();
+    const std::size_t firstDeclaration = sheet_.block.declarations.size();
+    ReadDeclarations(true);
+    AddRule(selectors, firstDeclaration);
+}
+
+void Parser::AddRule(std::span<const CssSelector> selectors, std::size_t firstDeclaration) {
+    auto& all = sheet_.block.declarations;
+    if (all.size() > maxCssDeclarations) all.resize(maxCssDeclarations);
+    if (all.size() <= firstDeclaration) return; // nothing in it that is understood
+    CssRule rule;
+    rule.selectors = static_cast<std::uint32_t>(sheet_.selectors.size());
+    rule.selectorCount = static_cast<std::uint32_t>(selectors.size());
+    rule.declarations = static_cast<std::uint32_t>(firstDeclaration);
+    rule.declarationCount = static_cast<std::uint32_t>(all.size() - firstDeclaration);
+    sheet_.selectors.insert(sheet_.selectors.end(), selectors.begin(), selectors.end());
+    sheet_.rules.push_back(rule);
+}
+
+// Behind a "{", or of an attribute, up to its end.
+void Parser::ReadDeclarations(bool applies) {
+    while (true) {
+        tokens_.ForgetTexts();
+        const CssToken token = tokens_.Next();
+        if (token.Is(Kind::Whitespace) || token.Is(Kind::Semicolon)) continue;
+        if (token.Is(Kind::End)) return;
+        const Stop stop = Collect(token, true, true);
+        // What has a block of its own is a rule within this one, or an at-rule; neither is known.
+        if (stop == Stop::OpenCurly)
+            SkipBlock();
+        else if (!overflow_)
+            ReadDeclaration(applies);
+        if (stop == Stop::CloseCurly || stop == Stop::End) return;
+    }
+}
+
+void Parser::ReadDeclaration(bool applies) {
+    if (!applies || sheet_.block.declarations.size() >= maxCssDeclarations) return;
+    CssTokenStream tokens(construct_);
+    const CssToken name = tokens.Next();
+    if (!name.Is(Kind::Ident) || !tokens.Take(Kind::Colon)) return;
+    const std::span<const CssToken> rest = std::span(construct_).subspan(tokens.Place());
+    ReadCssDeclaration(name.text, rest, reading_, sheet_.block);
+}
+
+} // namespace
+
+CssSheet ReadCss(std::u16string_view text, const CssReading& reading) {
+    CssSheet sheet;
+    Parser(text, reading, sheet).ReadRules(0, true);
+    return sheet;
+}
+
+CssBlock ReadCssBlock(std::u16string_view text, const CssReading& reading) {
+    CssSheet sheet;
+    Parser(text, reading, sheet).ReadDeclarations(true);
+    return std::move(sheet.block);
+}

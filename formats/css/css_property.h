@@ -1,0 +1,93 @@
+// The properties that are understood: all longhands, the shorthands become these when read.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+enum class CssProperty : std::uint8_t {
+    None,
+    // Sides in the order of CssSide.
+    MarginTop,
+    MarginRight,
+    MarginBottom,
+    MarginLeft,
+    MarginInlineStart, // left or right, by the direction
+    MarginInlineEnd,
+    PaddingTop,
+    PaddingRight,
+    PaddingBottom,
+    PaddingLeft,
+    PaddingInlineStart,
+    PaddingInlineEnd,
+    BorderTopWidth,
+    BorderRightWidth,
+    BorderBottomWidth,
+    BorderLeftWidth,
+    BorderTopStyle,
+    BorderRightStyle,
+    BorderBottomStyle,
+    BorderLeftStyle,
+    BorderTopColor,
+    BorderRightColor,
+    BorderBottomColor,
+    BorderLeftColor,
+    Top,
+    Right,
+    Bottom,
+    Left,
+    Width,
+    Height,
+    MinWidth,
+    MinHeight,
+    MaxWidth,
+    MaxHeight,
+    BackgroundColor,
+    Display,
+    Position,
+    Float,
+    Clear,
+    Overflow,
+    BoxSizing,
+    VerticalAlign,
+    UnicodeBidi,
+    TableLayout,
+    BreakBefore,
+    BreakAfter,
+    BreakInside,
+    TextDecoration,
+    Content,
+    // From here on inherited.
+    TextColor,
+    Direction,
+    FontFamily,
+    FontSize,
+    FontStyle,
+    FontVariant,
+    FontWeight,
+    LineHeight,
+    LetterSpacing,
+    WordSpacing,
+    TextAlign,
+    TextIndent,
+    TextTransform,
+    WhiteSpace,
+    OverflowWrap,
+    Visibility,
+    ListStyleType,
+    ListStylePosition,
+    BorderCollapse,
+    BorderSpacingX,
+    BorderSpacingY,
+    CaptionSide,
+    EmptyCells,
+    Count
+};
+
+constexpr std::size_t cssPropertyCount = std::size_t(CssProperty::Count);
+
+constexpr bool IsInherited(CssProperty property) {
+    return property >= CssProperty::TextColor;
+}
+constexpr CssProperty operator+(CssProperty first, int places) {
+    return static_cast<CssProperty>(static_cast<int>(first) + places);
+}

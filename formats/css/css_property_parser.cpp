@@ -1,0 +1,84 @@
+#include "formats/css/css_property_parser.h"
+
+#include "formats/css/css_longhands.h"
+#include "formats/css/css_shorthands.h"
+
+#include <vector>
+
+namespace {
+
+using Kind = CssToken::Kind;
+
+// Cuts "!important" off the end, and the space around.
+bool TakeImportant(std::span<const CssToken>& value) {
+    const auto trim = [&value] {
+        while (!value.empty() && value.back().Is(Kind::Whitespace))
+            value = value.first(value.size() - 1);
+    };
+    trim();
+    if (value.empty() || !value.back().IsIdent(u"important")) return false;
+    const std::span<const CssToken> whole = value;
+    value = value.first(value.size() - 1);
+    trim();
+    if (value.empty() || !value.back().IsDelim(u'!')) {
+        value = whole;
+        return false;
+    }
+    value = value.first(value.size() - 1);
+    trim();
+    return true;
+}
+
+// `inherit` and its like, which every property takes, alone.
+bool ReadWide(std::span<const CssToken> value, CssValue& wide) {
+    CssTokenStream tokens(value);
+    const CssToken& word = tokens.Next();
+    if (!word.Is(Kind::Ident) || !tokens.AtEnd()) return false;
+    if (CssEqual(word.text, u"inherit"))
+        wide = CssValue::OfKind(CssValue::Kind::Inherit);
+    else if (CssEqual(word.text, u"initial"))
+        wide = CssValue::OfKind(CssValue::Kind::Initial);
+    else if (CssEqual(word.text, u"unset"))
+        wide = CssValue::OfKind(CssValue::Kind::Unset);
+    else if (CssEqual(word.text, u"revert"))
+        wide = CssValue::OfKind(CssValue::Kind::Revert);
+    else
+        return false;
+    return true;
+}
+
+} // namespace
+
+void ReadCssDeclaration(std::u16string_view name, std::span<const CssToken> value,
+                        const CssReading& reading, CssBlock& block) {
+    if (name.size() > 32) return; // no property has so long a name
+    const std::u16string lower = CssLowerCase(name);
+    const bool important = TakeImportant(value);
+    const CssLonghand* longhand = FindCssLonghand(lower);
+    const CssShorthand* shorthand = longhand ? nullptr : FindCssShorthand(lower);
+    if ((!longhand && !shorthand) || value.empty()) return;
+
+    const std::size_t first = block.declarations.size();
+    CssValue wide;
+    if (ReadWide(value, wide)) {
+        if (longhand)
+            block.declarations.push_back({longhand->property, important, wide});
+        else
+            for (const CssProperty property : shorthand->properties)
+                block.declarations.push_back({property, important, wide});
+        return;
+    }
+    CssTokenStream tokens(value);
+    bool understood = true;
+    if (longhand) {
+        const auto one = ReadCssValue(*longhand, tokens, reading);
+        understood = one.has_value();
+        if (one) block.declarations.push_back({longhand->property, important, *one});
+    } else {
+        CssShorthandReader reader{tokens, reading, block};
+        understood = shorthand->read(reader, shorthand->properties);
+    }
+    if (!understood || !tokens.AtEnd()) block.declarations.resize(first);
+    for (std::size_t i = first; i < block.declarations.size(); ++i)
+        block.declarations[i].important = important;
+}

@@ -1,0 +1,13 @@
+// Reads declarations: a property's name and the tokens of its value.
+#pragma once
+
+#include "formats/css/css_parser.h"
+#include "formats/css/css_tokenizer.h"
+
+#include <span>
+#include <string_view>
+
+// Adds what the value means to the block: nothing when property or value is unknown, several for a
+// shorthand.
+void ReadCssDeclaration(std::u16string_view name, std::span<const CssToken> value,
+                        const CssReading& reading, CssBlock& block);

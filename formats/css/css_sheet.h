@@ -1,0 +1,110 @@
+// A style sheet: its rules that apply on this screen, in what this program understands of them.
+#pragma once
+
+#include "formats/css/css_property.h"
+#include "formats/css/css_value.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+struct CssDeclaration {
+    CssProperty property = CssProperty::None;
+    bool important = false;
+    CssValue value;
+};
+
+// Declarations and what their values are too long for.
+struct CssBlock {
+    std::vector<CssDeclaration> declarations;
+    std::vector<CssFontFamilies> families;
+    std::vector<CssContent> contents;
+};
+
+// One thing that a selector asks of an element.
+struct CssCondition {
+    enum class Kind : std::uint8_t {
+        Class,         // `name`
+        Id,            // `name`
+        HasAttribute,  // `name`
+        AttributeIs,   // `name`, `value`
+        AttributeWord, // ~=: one of the words
+        AttributeDash, // |=: `value`, or it with a "-" behind
+        AttributeStart,
+        AttributeEnd,
+        AttributePart,
+        NthChild, // a * n + b
+        NthLastChild,
+        NthOfType,
+        NthLastOfType,
+        Root,
+        Empty,
+        Link,     // a link; none counts as visited
+        Language, // `value`
+        Is,       // one of the selectors from `name` on, `value` in number
+        Not,      // none of them
+        Never     // of a state that nothing has here, such as :hover
+    };
+    Kind kind = Kind::Never;
+    // Of an attribute: as the selector says, or as HTML has it for that attribute.
+    enum class Case : std::uint8_t { OfAttribute, Ignored, Exact } caseOf = Case::OfAttribute;
+    std::uint32_t name = 0, value = 0; // texts of the sheet
+    std::int32_t a = 0, b = 0;
+};
+
+enum class CssCombinator : std::uint8_t { None, Descendant, Child, Adjacent, Sibling };
+
+// Conditions of one element. `combinator` leads to the compound before it in the selector.
+struct CssCompound {
+    std::uint32_t type = 0; // a text of the sheet; 0 is any
+    std::uint32_t conditions = 0;
+    std::uint16_t conditionCount = 0;
+    CssCombinator combinator = CssCombinator::None;
+};
+
+enum class CssPseudoElement : std::uint8_t { None, Before, After, NotShown };
+
+struct CssSelector {
+    std::uint32_t compounds = 0; // from left to right
+    std::uint16_t compoundCount = 0;
+    CssPseudoElement pseudoElement = CssPseudoElement::None;
+    std::uint32_t specificity = 0; // ids, classes and types, a byte each
+};
+
+struct CssRule {
+    std::uint32_t selectors = 0, selectorCount = 0;
+    std::uint32_t declarations = 0, declarationCount = 0; // of the sheet's block
+};
+
+// Texts by number; number 0 is the empty one.
+class CssTexts {
+  public:
+    std::uint32_t Add(std::u16string_view text);
+    std::uint32_t Find(std::u16string_view text) const; // 0 for none
+    std::u16string_view operator[](std::uint32_t number) const { return texts_[number]; }
+    std::size_t Count() const { return texts_.size(); }
+
+  private:
+    std::deque<std::u16string> texts_{u""};
+    std::unordered_map<std::u16string_view, std::uint32_t> numbers_{{u"", 0}};
+};
+
+struct CssSheet {
+    std::vector<CssRule> rules;
+    std::vector<CssSelector> selectors;
+    std::vector<CssCompound> compounds;
+    std::vector<CssCondition> conditions;
+    CssBlock block;
+    CssTexts texts;
+    // Sheets whose rules come before those here, in this order; whoever loads them decides what
+    // may be loaded. Addresses as they are written, relative to this sheet's own.
+    std::vector<std::u16string> imports;
+    bool dependsOnViewport = false; // a rule is here, or is not, because of the window's size
+};
+
+std::span<const CssDeclaration> DeclarationsOf(const CssSheet& sheet, const CssRule& rule);

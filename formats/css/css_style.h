@@ -1,0 +1,202 @@
+// The computed style of an element, in the terms of CSS 2.2 and its later levels.
+//
+// It stands in two parts, because most elements of a page differ from their neighbours in one of
+// them or in none: what texts and children take over, and what is of the element's own box. Equal
+// parts are one object; see css_page_styles.h.
+#pragma once
+
+#include "formats/css/css_value.h"
+
+#include <array>
+#include <cstdint>
+
+enum class CssDisplay : std::uint8_t {
+    None,
+    Inline,
+    Block, // also flow-root, flex and grid
+    InlineBlock,
+    ListItem,
+    Table,
+    InlineTable,
+    TableRowGroup,
+    TableHeaderGroup,
+    TableFooterGroup,
+    TableRow,
+    TableCell,
+    TableColumn,
+    TableColumnGroup,
+    TableCaption,
+    Contents,
+};
+enum class CssPosition : std::uint8_t { Static, Relative, Absolute, Fixed, Sticky };
+enum class CssFloat : std::uint8_t { None, Left, Right };
+enum class CssClear : std::uint8_t { None, Left, Right, Both };
+enum class CssOverflow : std::uint8_t { Visible, Hidden, Scroll, Auto };
+enum class CssBoxSizing : std::uint8_t { ContentBox, BorderBox };
+enum class CssVisibility : std::uint8_t { Visible, Hidden, Collapse };
+// From HtmlLeft on: `align` of HTML 4, which moves blocks within as well as text. HeaderCell is
+// centred where nothing else was said around it; it is never a computed value.
+enum class CssTextAlign : std::uint8_t {
+    Start,
+    End,
+    Left,
+    Right,
+    Center,
+    Justify,
+    HtmlLeft,
+    HtmlRight,
+    HtmlCenter,
+    HeaderCell,
+    MatchParent
+};
+enum class CssTextTransform : std::uint8_t { None, Capitalize, Uppercase, Lowercase };
+// A set: they add up on the way down.
+enum CssTextDecoration : std::uint8_t {
+    cssNoDecoration = 0,
+    cssUnderline = 1,
+    cssOverline = 2,
+    cssLineThrough = 4
+};
+enum class CssVerticalAlign : std::uint8_t {
+    Baseline,
+    Sub,
+    Super,
+    Top,
+    TextTop,
+    Middle,
+    Bottom,
+    TextBottom,
+    Length, // `verticalShift` says it; a percentage is of the line height
+};
+enum class CssWhiteSpace : std::uint8_t { Normal, NoWrap, Pre, PreWrap, PreLine, BreakSpaces };
+enum class CssListStyleType : std::uint8_t {
+    None,
+    Disc,
+    Circle,
+    Square,
+    Decimal,
+    DecimalLeadingZero,
+    LowerAlpha,
+    UpperAlpha,
+    LowerRoman,
+    UpperRoman,
+    LowerGreek,
+};
+enum class CssListStylePosition : std::uint8_t { Outside, Inside };
+enum class CssDirection : std::uint8_t { LeftToRight, RightToLeft };
+enum class CssUnicodeBidi : std::uint8_t {
+    Normal,
+    Embed,
+    Isolate,
+    Override,
+    IsolateOverride,
+    Plaintext
+};
+enum class CssFontStyle : std::uint8_t { Normal, Italic, Oblique };
+enum class CssFontCaps : std::uint8_t { Normal, Small };
+enum class CssBorderStyle : std::uint8_t {
+    None,
+    Hidden,
+    Dotted,
+    Dashed,
+    Solid,
+    Double,
+    Groove,
+    Ridge,
+    Inset,
+    Outset
+};
+enum class CssBorderCollapse : std::uint8_t { Separate, Collapse };
+enum class CssCaptionSide : std::uint8_t { Top, Bottom };
+enum class CssEmptyCells : std::uint8_t { Show, Hide };
+enum class CssTableLayout : std::uint8_t { Auto, Fixed };
+enum class CssOverflowWrap : std::uint8_t { Normal, BreakWord };
+enum class CssBreak : std::uint8_t { Auto, Avoid, Page };
+
+// Lengths are CSS pixels; a percentage waits for the layout. A number stands only in `lineHeight`,
+// a multiple of the font size.
+struct CssLength {
+    enum class Kind : std::uint32_t { Auto, Pixels, Percent, Number }; // Auto: also none, normal
+    float value = 0;
+    Kind kind = Kind::Auto;
+    bool operator==(const CssLength&) const = default;
+
+    bool IsAuto() const { return kind == Kind::Auto; }
+    float Of(float whole) const { // 0 for Auto
+        return kind == Kind::Pixels ? value : kind == Kind::Percent ? whole * value / 100 : 0;
+    }
+    static CssLength Pixels(float pixels) { return {pixels, Kind::Pixels}; }
+    static CssLength Percent(float percent) { return {percent, Kind::Percent}; }
+};
+
+enum CssSide : std::uint8_t { cssTop, cssRight, cssBottom, cssLeft };
+template <typename T>
+using CssSides = std::array<T, 4>; // in the order of CssSide
+
+// What texts and child elements inherit.
+struct CssInheritedStyle {
+    float fontSize = 16;
+    std::uint32_t families = 0; // in CssPageStyles::Families; 0 is none given
+    CssLength lineHeight;
+    CssLength textIndent = CssLength::Pixels(0);
+    float letterSpacing = 0, wordSpacing = 0;
+    float borderSpacingX = 0, borderSpacingY = 0;
+    CssColor color;
+    std::uint16_t fontWeight = 400;
+    CssFontStyle fontStyle = CssFontStyle::Normal;
+    CssFontCaps fontCaps = CssFontCaps::Normal;
+    CssTextAlign textAlign = CssTextAlign::Start;
+    CssTextTransform textTransform = CssTextTransform::None;
+    CssWhiteSpace whiteSpace = CssWhiteSpace::Normal;
+    CssOverflowWrap overflowWrap = CssOverflowWrap::Normal;
+    CssDirection direction = CssDirection::LeftToRight;
+    CssVisibility visibility = CssVisibility::Visible;
+    CssListStyleType listStyleType = CssListStyleType::Disc;
+    CssListStylePosition listStylePosition = CssListStylePosition::Outside;
+    CssBorderCollapse borderCollapse = CssBorderCollapse::Separate;
+    CssCaptionSide captionSide = CssCaptionSide::Top;
+    CssEmptyCells emptyCells = CssEmptyCells::Show;
+    // The lines drawn on text here: the element's own and those of the elements around it.
+    std::uint8_t decorations = cssNoDecoration;
+    // No colour was given on the way: the reader's own.
+    bool autoColor = true;
+    // The families are `monospace` alone, whose normal size browsers have at 13 pixels of 16.
+    bool monospace = false;
+    std::array<std::uint8_t, 2> unused = {};
+    bool operator==(const CssInheritedStyle&) const = default;
+};
+
+// What is of one box alone.
+struct CssBoxStyle {
+    CssSides<CssLength> margin = {CssLength::Pixels(0), CssLength::Pixels(0), CssLength::Pixels(0),
+                                  CssLength::Pixels(0)};
+    CssSides<CssLength> padding = margin; // never Auto
+    CssSides<CssLength> inset;            // top, right, bottom, left
+    CssLength width, height, minWidth, minHeight, maxWidth, maxHeight;
+    CssLength verticalShift = CssLength::Pixels(0);
+    CssSides<float> borderWidth = {0, 0, 0, 0}; // 0 without a style
+    CssSides<CssColor> borderColor = {};        // `currentcolor` is resolved
+    CssSides<CssBorderStyle> borderStyle = {};
+    CssColor background = cssTransparent;
+    std::uint32_t content = 0; // in CssPageStyles::Content; 0 is none
+    CssDisplay display = CssDisplay::Inline;
+    CssPosition position = CssPosition::Static;
+    CssFloat floats = CssFloat::None;
+    CssClear clear = CssClear::None;
+    CssOverflow overflow = CssOverflow::Visible;
+    CssBoxSizing boxSizing = CssBoxSizing::ContentBox;
+    CssVerticalAlign verticalAlign = CssVerticalAlign::Baseline;
+    CssUnicodeBidi unicodeBidi = CssUnicodeBidi::Normal;
+    CssTableLayout tableLayout = CssTableLayout::Auto;
+    CssBreak breakBefore = CssBreak::Auto, breakAfter = CssBreak::Auto,
+             breakInside = CssBreak::Auto;
+    std::uint8_t ownDecorations = cssNoDecoration;
+    // A float, an absolute one, an overflow or a flow root: floats stay within it.
+    bool flowRoot = false;
+    std::array<std::uint8_t, 2> unused = {};
+    bool operator==(const CssBoxStyle&) const = default;
+};
+
+// Equal parts are found by their bytes; so there is none that no member owns.
+static_assert(sizeof(CssInheritedStyle) == 4 * 2 + 8 * 2 + 4 * 4 + 4 + 2 + 16 + 2);
+static_assert(sizeof(CssBoxStyle) == 3 * 32 + 7 * 8 + 16 + 16 + 4 + 4 + 4 + 16);

@@ -1,0 +1,182 @@
+#include "formats/css/css_styler.h"
+
+#include "formats/css/css_default_sheet.h"
+#include "formats/css/css_limits.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::uint32_t noneNumber = 0, initialNumber = 1;
+
+template <typename List>
+std::uint32_t FindOrAdd(std::deque<List>& lists, const List& list) {
+    const auto found = std::find(lists.begin() + 1, lists.end(), list);
+    const auto number = static_cast<std::uint32_t>(found - lists.begin());
+    if (found == lists.end()) lists.push_back(list);
+    return number;
+}
+
+template <typename T>
+void Append(std::string& key, const T& value) {
+    key.append(reinterpret_cast<const char*>(&value), sizeof value);
+}
+
+CssInheritedStyle InitialInherited(const CssMedium& medium) {
+    CssInheritedStyle style;
+    style.fontSize = medium.fontSize;
+    return style;
+}
+
+} // namespace
+
+CssStyler::CssStyler(const HtmlTree& tree, const CssRuleIndex& index, const CssMedium& medium)
+    : tree_(tree), index_(index), matcher_(tree, index), hintsReader_(tree) {
+    reading_.medium = context_.medium = medium;
+    reading_.quirks = tree.Quirks() == HtmlQuirks::Full;
+    page_.families_.emplace_back();
+    page_.contents_.emplace_back();
+    context_.familiesNumber = [this](const CssFontFamilies& list) {
+        return FindOrAdd(page_.families_, list);
+    };
+    context_.contentNumber = [this](const CssContent& list) {
+        return FindOrAdd(page_.contents_, list);
+    };
+    CssStyleParts initial{InitialInherited(medium), {}};
+    CssStyleParts none = initial;
+    none.box.display = CssDisplay::None;
+    Add(none);
+    Add(initial);
+}
+
+CssPageStyles CssStyler::Style() {
+    page_.numbers_.assign(tree_.NodeCount() + 1, noneNumber);
+    HtmlNodeId id = tree_[htmlDocumentNode].firstChild;
+    while (id) {
+        HtmlNodeId next = noHtmlNode;
+        if (tree_[id].IsElement()) {
+            const HtmlNodeId parent = tree_[id].parent;
+            StyleElement(id, parent == htmlDocumentNode ? initialNumber : page_.numbers_[parent]);
+            const bool isShown = page_.Of(id).box->display != CssDisplay::None;
+            if (isShown) next = tree_[id].firstChild;
+            if (!next) matcher_.Close();
+        }
+        while (!next && id != htmlDocumentNode) {
+            next = tree_[id].nextSibling;
+            if (next) break;
+            id = tree_[id].parent;
+            if (id != htmlDocumentNode) matcher_.Close();
+        }
+        id = next;
+    }
+    page_.steps_ = matcher_.Steps();
+    page_.dependsOnViewport_ |= context_.usedViewport;
+    return std::move(page_);
+}
+
+void CssStyler::StyleElement(HtmlNodeId element, std::uint32_t parent) {
+    matcher_.Open(element);
+    hints_.declarations.clear();
+    hints_.families.clear();
+    hintsReader_.Read(element, hints_);
+    const HtmlAttribute* style = tree_[element].Attribute(HtmlName::Style);
+    context_.isRoot = tree_[element].parent == htmlDocumentNode;
+    const std::uint32_t number =
+        NumberOfKey(parent, CssPseudoElement::None, style ? style->Value() : std::u16string_view());
+    page_.numbers_[element] = number;
+    if (context_.isRoot) context_.rootFontSize = page_.styles_[number].inherited->fontSize;
+    context_.isRoot = false;
+    if (page_.styles_[number].box->display == CssDisplay::None) return;
+    hints_.declarations.clear();
+    StyleGenerated(element, CssPseudoElement::Before);
+    StyleGenerated(element, CssPseudoElement::After);
+}
+
+void CssStyler::StyleGenerated(HtmlNodeId element, CssPseudoElement which) {
+    const bool any = std::ranges::any_of(matcher_.Rules(), [&](std::uint32_t rule) {
+        return index_.Rule(rule).pseudoElement == which;
+    });
+    if (!any) return;
+    const std::uint32_t number = NumberOfKey(page_.numbers_[element], which, {});
+    const CssBoxStyle& box = *page_.styles_[number].box;
+    if (box.content == 0 || box.display == CssDisplay::None) return;
+    page_.generated_[element][which == CssPseudoElement::After] = number;
+}
+
+void CssStyler::MakeKey(std::uint32_t parent, CssPseudoElement which,
+                        std::u16string_view attribute) {
+    key_.clear();
+    Append(key_, parent);
+    key_ += static_cast<char>(which);
+    key_ += context_.isRoot ? 'r' : '-';
+    for (const std::uint32_t rule : matcher_.Rules())
+        if (index_.Rule(rule).pseudoElement == which) Append(key_, rule);
+    Append(key_, noCssNumber);
+    for (const CssDeclaration& hint : hints_.declarations) {
+        Append(key_, hint.property);
+        Append(key_, hint.value);
+    }
+    key_ += ';';
+    for (const CssFontFamilies& families : hints_.families)
+        for (const CssFontFamily& family : families)
+            Append(key_, FindOrAdd(page_.families_, {family}));
+    key_ += ';';
+    key_.append(reinterpret_cast<const char*>(attribute.data()), attribute.size() * 2);
+}
+
+std::uint32_t CssStyler::NumberOfKey(std::uint32_t parent, CssPseudoElement which,
+                                     std::u16string_view attribute) {
+    MakeKey(parent, which, attribute);
+    const auto known = numberOfKey_.find(key_);
+    if (known != numberOfKey_.end()) return known->second;
+    const std::uint32_t number = Compute(parent, which, attribute);
+    if (key_.size() > maxCssKeyLength) return number;
+    if (numberOfKey_.size() >= maxCssKeptStyles) numberOfKey_.clear();
+    numberOfKey_.emplace(key_, number);
+    return number;
+}
+
+void CssStyler::ApplyRules(CssCascade& cascade, CssPseudoElement which, bool important,
+                           CssOrigin origin) {
+    for (const std::uint32_t number : matcher_.Rules()) {
+        const CssIndexedRule& rule = index_.Rule(number);
+        if (rule.pseudoElement != which || rule.Origin() != origin) continue;
+        cascade.Apply(DeclarationsOf(*rule.sheet, *rule.rule), rule.sheet->block, important);
+    }
+}
+
+std::uint32_t CssStyler::Compute(std::uint32_t parent, CssPseudoElement which,
+                                 std::u16string_view attribute) {
+    const CssBlock own = attribute.empty() ? CssBlock{} : ReadCssBlock(attribute, reading_);
+    CssCascade cascade;
+    ApplyRules(cascade, which, false, CssOrigin::UserAgent);
+    cascade.EndUserAgent();
+    cascade.Apply(hints_.declarations, hints_, false);
+    ApplyRules(cascade, which, false, CssOrigin::Author);
+    cascade.Apply(own.declarations, own, false);
+    ApplyRules(cascade, which, true, CssOrigin::Author);
+    cascade.Apply(own.declarations, own, true);
+    ApplyRules(cascade, which, true, CssOrigin::UserAgent);
+    const CssStyle outer = page_.styles_[parent];
+    return Add(ComputeCssStyle(cascade, *outer.inherited, *outer.box, context_));
+}
+
+std::uint32_t CssStyler::Add(const CssStyleParts& parts) {
+    const auto inherited = page_.inherited_.Find(parts.inherited);
+    const auto box = page_.boxes_.Find(parts.box);
+    const std::uint64_t key = std::uint64_t(inherited.number) << 32 | box.number;
+    const auto [place, isNew] =
+        numberOfParts_.emplace(key, static_cast<std::uint32_t>(page_.styles_.size()));
+    if (isNew) page_.styles_.push_back({inherited.value, box.value});
+    return place->second;
+}
+
+CssPageStyles StylePage(const HtmlTree& tree, std::span<const CssSheet* const> sheets,
+                        const CssMedium& medium) {
+    CssRuleIndex index(tree);
+    index.Add(DefaultCssSheet(), CssOrigin::UserAgent);
+    if (tree.Quirks() == HtmlQuirks::Full) index.Add(QuirksCssSheet(), CssOrigin::UserAgent);
+    for (const CssSheet* sheet : sheets)
+        index.Add(*sheet, CssOrigin::Author);
+    return CssStyler(tree, index, medium).Style();
+}

@@ -1,0 +1,39 @@
+// Walks over a page and styles its elements; the work behind StylePage.
+#pragma once
+
+#include "formats/css/css_compute.h"
+#include "formats/css/css_matcher.h"
+#include "formats/css/css_page_styles.h"
+#include "formats/css/html_hints.h"
+
+#include <string>
+
+class CssStyler {
+  public:
+    CssStyler(const HtmlTree& tree, const CssRuleIndex& index, const CssMedium& medium);
+    CssPageStyles Style();
+
+  private:
+    void StyleElement(HtmlNodeId element, std::uint32_t parent);
+    void StyleGenerated(HtmlNodeId element, CssPseudoElement which);
+    // All that a style follows from, as bytes: elements with the same have the same style.
+    void MakeKey(std::uint32_t parent, CssPseudoElement which, std::u16string_view attribute);
+    std::uint32_t NumberOfKey(std::uint32_t parent, CssPseudoElement which,
+                              std::u16string_view attribute);
+    std::uint32_t Compute(std::uint32_t parent, CssPseudoElement which,
+                          std::u16string_view attribute);
+    void ApplyRules(CssCascade& cascade, CssPseudoElement which, bool important, CssOrigin origin);
+    std::uint32_t Add(const CssStyleParts& parts);
+
+    const HtmlTree& tree_;
+    const CssRuleIndex& index_;
+    CssMatcher matcher_;
+    HtmlHints hintsReader_;
+    CssReading reading_; // of `style` attributes
+    CssComputeContext context_;
+    CssPageStyles page_;
+    CssBlock hints_;
+    std::string key_;
+    std::unordered_map<std::string, std::uint32_t> numberOfKey_;
+    std::unordered_map<std::uint64_t, std::uint32_t> numberOfParts_; // by the numbers of both
+};

@@ -1,0 +1,103 @@
+// A declared value, as far as it can be understood without the element.
+#pragma once
+
+#include <bit>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+struct CssColor {
+    std::uint8_t red = 0, green = 0, blue = 0, alpha = 255;
+    bool operator==(const CssColor&) const = default;
+
+    bool IsTransparent() const { return alpha == 0; }
+    // As common/geometry.h has its Color: 0x00BBGGRR.
+    std::uint32_t Bgr() const {
+        return std::uint32_t(blue) << 16 | std::uint32_t(green) << 8 | red;
+    }
+};
+constexpr CssColor cssTransparent{0, 0, 0, 0};
+
+// What a length is relative to. The absolute units are pixels once they are read.
+enum class CssUnit : std::uint8_t { Px, Em, Rem, Ex, Ch, Vw, Vh, Vmin, Vmax };
+
+struct CssFontFamily {
+    std::u16string name;
+    bool generic = false; // one of CSS's own names (serif, monospace, ...), written without quotes
+    bool operator==(const CssFontFamily&) const = default;
+};
+using CssFontFamilies = std::vector<CssFontFamily>;
+
+// A piece of what `content` puts before or behind an element.
+struct CssContentItem {
+    enum class Kind : std::uint8_t { Text, Attribute, Picture, OpenQuote, CloseQuote };
+    Kind kind = Kind::Text;
+    std::u16string text; // or the attribute's name, the picture's address
+    bool operator==(const CssContentItem&) const = default;
+};
+using CssContent = std::vector<CssContentItem>;
+
+struct CssValue {
+    enum class Kind : std::uint8_t {
+        Keyword, // `keyword` is a value of the property's own enumeration
+        Length,
+        Percent,
+        Number,
+        Rgba,
+        CurrentColor,
+        Families,
+        Content,
+        // Those of all properties.
+        Inherit,
+        Initial,
+        Unset,
+        Revert,
+    };
+    Kind kind = Kind::Keyword;
+    CssUnit unit = CssUnit::Px;
+    std::uint16_t keyword = 0;
+    union {
+        float number = 0;
+        std::uint32_t index; // of a list in the block; of a colour its bytes
+    };
+
+    static CssValue OfKeyword(std::uint16_t keyword) {
+        CssValue value;
+        value.keyword = keyword;
+        return value;
+    }
+    template <typename Enumeration>
+    static CssValue Of(Enumeration keyword) {
+        return OfKeyword(static_cast<std::uint16_t>(keyword));
+    }
+    static CssValue OfKind(Kind kind) {
+        CssValue value;
+        value.kind = kind;
+        return value;
+    }
+    static CssValue Pixels(float pixels) {
+        CssValue value = OfKind(Kind::Length);
+        value.number = pixels;
+        return value;
+    }
+    static CssValue Percent(float percent) {
+        CssValue value = OfKind(Kind::Percent);
+        value.number = percent;
+        return value;
+    }
+    static CssValue Number(float number) {
+        CssValue value = OfKind(Kind::Number);
+        value.number = number;
+        return value;
+    }
+    static CssValue OfColor(CssColor color) {
+        return OfIndex(Kind::Rgba, std::bit_cast<std::uint32_t>(color));
+    }
+    CssColor AsColor() const { return std::bit_cast<CssColor>(index); }
+    static CssValue OfIndex(Kind kind, std::size_t index) {
+        CssValue value = OfKind(kind);
+        value.index = static_cast<std::uint32_t>(index);
+        return value;
+    }
+};
+static_assert(sizeof(CssValue) == 8);

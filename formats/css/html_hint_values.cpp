@@ -1,0 +1,80 @@
+#include "formats/css/html_hint_values.h"
+
+#include "formats/css/css_color.h"
+#include "formats/css/css_tokenizer.h"
+
+#include <algorithm>
+
+namespace {
+
+bool IsDigit(char16_t unit) {
+    return unit >= u'0' && unit <= u'9';
+}
+
+void SkipSpace(std::u16string_view& text) {
+    while (!text.empty() && IsCssSpace(text[0]))
+        text.remove_prefix(1);
+}
+
+double TakeDigits(std::u16string_view& text, double value, double scale) {
+    for (; !text.empty() && IsDigit(text[0]); text.remove_prefix(1)) {
+        value = scale == 1 ? value * 10 + (text[0] - u'0') : value + (text[0] - u'0') * scale;
+        if (scale != 1) scale /= 10;
+        value = std::min(value, 1e6);
+    }
+    return value;
+}
+
+} // namespace
+
+void AddHint(CssBlock& block, CssProperty property, const CssValue& value) {
+    block.declarations.push_back({property, false, value});
+}
+
+std::optional<CssValue> HtmlDimension(std::u16string_view text, bool zeroIsNone) {
+    SkipSpace(text);
+    if (text.starts_with(u'+')) text.remove_prefix(1);
+    if (text.empty() || !IsDigit(text[0])) return std::nullopt;
+    double value = TakeDigits(text, 0, 1);
+    if (text.starts_with(u'.')) {
+        text.remove_prefix(1);
+        value = TakeDigits(text, value, 0.1);
+    }
+    if (value == 0 && zeroIsNone) return std::nullopt;
+    const bool isPercent = text.starts_with(u'%');
+    const auto number = static_cast<float>(value);
+    return isPercent ? CssValue::Percent(number) : CssValue::Pixels(number);
+}
+
+std::optional<int> HtmlNumber(std::u16string_view text) {
+    SkipSpace(text);
+    if (text.starts_with(u'+')) text.remove_prefix(1);
+    if (text.empty() || !IsDigit(text[0])) return std::nullopt;
+    return static_cast<int>(TakeDigits(text, 0, 1));
+}
+
+void AddDimensionHint(CssBlock& block, CssProperty property, const HtmlAttribute* attribute,
+                      bool zeroIsNone) {
+    if (!attribute) return;
+    if (const auto value = HtmlDimension(attribute->Value(), zeroIsNone))
+        AddHint(block, property, *value);
+}
+
+void AddColorHint(CssBlock& block, CssProperty property, const HtmlAttribute* attribute) {
+    if (!attribute) return;
+    if (const auto color = HtmlColor(attribute->Value()))
+        AddHint(block, property, CssValue::OfColor(*color));
+}
+
+void AddPixelsHint(CssBlock& block, CssProperty property, const HtmlAttribute* attribute) {
+    if (!attribute) return;
+    if (const auto pixels = HtmlNumber(attribute->Value()))
+        AddHint(block, property, CssValue::Pixels(static_cast<float>(*pixels)));
+}
+
+void AddBorderHint(CssBlock& block, float width, std::uint16_t style) {
+    for (int side = 0; side < 4; ++side) {
+        AddHint(block, CssProperty::BorderTopWidth + side, CssValue::Pixels(width));
+        AddHint(block, CssProperty::BorderTopStyle + side, CssValue::OfKeyword(style));
+    }
+}

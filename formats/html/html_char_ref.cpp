@@ -1,0 +1,95 @@
+#include "formats/html/html_char_ref.h"
+
+#include "common/utf.h"
+#include "formats/codepages/code_pages.h"
+#include "formats/html/html_entity_table.h"
+#include "formats/html/html_units.h"
+
+#include <algorithm>
+
+namespace {
+
+HtmlCharRef OneCharacter(char32_t character, std::size_t length) {
+    HtmlCharRef ref{.units = {}, .unitCount = 1, .length = length};
+    ref.units[0] = static_cast<char16_t>(character);
+    if (character >= 0x10000) {
+        ref.units[0] = HighSurrogateOf(character);
+        ref.units[1] = LowSurrogateOf(character);
+        ref.unitCount = 2;
+    }
+    return ref;
+}
+
+// Numbers from 80 to 9F are bytes of Windows 1252, which pages of old meant; five have no
+// character there and stay.
+char32_t CharacterOfNumber(char32_t number) {
+    if (number == 0 || number > 0x10FFFF || IsSurrogate(number)) return 0xFFFD;
+    if (number < 0x80 || number > 0x9F) return number;
+    const char16_t meant = UpperHalf(1252)[number - 0x80];
+    return meant == u'\uFFFD' ? number : meant;
+}
+
+HtmlCharRef ReadNumber(std::u16string_view text) {
+    std::size_t at = 2;
+    const bool isHex = at < text.size() && (text[at] == u'x' || text[at] == u'X');
+    if (isHex) ++at;
+    const std::size_t digits = at;
+    char32_t number = 0;
+    for (; at < text.size(); ++at) {
+        const int digit = HexDigitOf(text[at]);
+        if (digit < 0 || (!isHex && digit > 9)) break;
+        // Any number above the last character is as good as another.
+        number =
+            std::min<char32_t>(number * (isHex ? 16 : 10) + static_cast<char32_t>(digit), 0x110000);
+    }
+    if (at == digits) return {};
+    if (at < text.size() && text[at] == u';') ++at;
+    return OneCharacter(CharacterOfNumber(number), at);
+}
+
+std::size_t NameLength(const HtmlEntity* entity) {
+    return std::size_t(entity[1].nameBegin - entity[0].nameBegin);
+}
+
+// Unit `index` of a name, 0 behind its end.
+char16_t NameUnit(const HtmlEntity& entity, std::size_t index) {
+    if (index >= NameLength(&entity)) return 0;
+    return static_cast<unsigned char>(htmlEntityNames[entity.nameBegin + index]);
+}
+
+// The longest name that the text begins with: the names that begin like it are narrowed unit by
+// unit, and one that ends is the first of them.
+const HtmlEntity* LongestName(std::u16string_view text) {
+    const HtmlEntity* first = htmlEntities;
+    const HtmlEntity* last = htmlEntities + htmlEntityCount;
+    const HtmlEntity* longest = nullptr;
+    for (std::size_t i = 0; i < text.size() && first != last; ++i) {
+        const char16_t unit = text[i];
+        first = std::partition_point(
+            first, last, [=](const HtmlEntity& entity) { return NameUnit(entity, i) < unit; });
+        last = std::partition_point(
+            first, last, [=](const HtmlEntity& entity) { return NameUnit(entity, i) == unit; });
+        if (first != last && NameLength(first) == i + 1) longest = first;
+    }
+    return longest;
+}
+
+HtmlCharRef ReadName(std::u16string_view text, bool inAttribute) {
+    const HtmlEntity* const entity = LongestName(text.substr(1));
+    if (entity == nullptr) return {};
+    const std::size_t length = 1 + NameLength(entity);
+    if (inAttribute && text[length - 1] != u';' && length < text.size() &&
+        (text[length] == u'=' || IsAsciiAlphanumeric(text[length])))
+        return {};
+    return {.units = {entity->units[0], entity->units[1]},
+            .unitCount = entity->units[1] == 0 ? 1u : 2u,
+            .length = length};
+}
+
+} // namespace
+
+HtmlCharRef ReadHtmlCharRef(std::u16string_view text, bool inAttribute) {
+    if (text.size() < 2) return {};
+    if (text[1] == u'#') return ReadNumber(text);
+    return IsAsciiAlphanumeric(text[1]) ? ReadName(text, inAttribute) : HtmlCharRef();
+}

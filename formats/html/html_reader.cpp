@@ -1,0 +1,19 @@
+#include "formats/html/html_reader.h"
+
+#include "common/line_ends.h"
+#include "formats/html/html_decode.h"
+#include "formats/html/html_tree_builder.h"
+
+#include <utility>
+
+HtmlTree ReadHtml(std::u16string text) {
+    UnifyLineEnds(text);
+    HtmlTree tree;
+    HtmlTreeBuilder(tree, std::move(text)).Build();
+    return tree;
+}
+
+HtmlPage ReadHtmlFile(std::string_view bytes, int bookCodePage, int systemCodePage) {
+    DecodedHtml decoded = DecodeHtml(bytes, bookCodePage, systemCodePage);
+    return {ReadHtml(std::move(decoded.text)), decoded.codePage};
+}

@@ -1,0 +1,45 @@
+// What a unit of a page's source is for the tokenizer.
+#pragma once
+
+#include <string_view>
+
+constexpr bool IsHtmlSpace(char16_t unit) {
+    return unit == u' ' || unit == u'\n' || unit == u'\t' || unit == u'\f' || unit == u'\r';
+}
+
+constexpr bool IsAsciiUpper(char16_t unit) {
+    return unit >= u'A' && unit <= u'Z';
+}
+
+constexpr bool IsAsciiLetter(char16_t unit) {
+    return (unit | 0x20) >= u'a' && (unit | 0x20) <= u'z';
+}
+
+constexpr bool IsAsciiAlphanumeric(char16_t unit) {
+    return IsAsciiLetter(unit) || (unit >= u'0' && unit <= u'9');
+}
+
+constexpr char16_t AsciiLower(char16_t unit) {
+    return IsAsciiUpper(unit) ? static_cast<char16_t>(unit | 0x20) : unit;
+}
+
+constexpr int HexDigitOf(char16_t unit) { // -1 for none
+    if (unit >= u'0' && unit <= u'9') return unit - u'0';
+    const char16_t lower = AsciiLower(unit);
+    return lower >= u'a' && lower <= u'f' ? lower - u'a' + 10 : -1;
+}
+
+// `lower` is in small letters.
+constexpr bool EqualsAsciiLower(std::u16string_view text, std::u16string_view lower) {
+    if (text.size() != lower.size()) return false;
+    for (std::size_t i = 0; i < text.size(); ++i)
+        if (AsciiLower(text[i]) != lower[i]) return false;
+    return true;
+}
+
+constexpr std::size_t HtmlSpaceLength(std::u16string_view text) {
+    std::size_t length = 0;
+    while (length < text.size() && IsHtmlSpace(text[length]))
+        ++length;
+    return length;
+}

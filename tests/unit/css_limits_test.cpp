@@ -1,0 +1,131 @@
+// What sheets that mean harm cost: tests counted, memory measured, never the time.
+#include "allocations.h"
+#include "css_samples.h"
+
+#include "formats/css/css_limits.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+
+std::u16string Repeat(std::u16string_view piece, std::size_t times) {
+    std::u16string all;
+    all.reserve(piece.size() * times);
+    for (std::size_t i = 0; i < times; ++i)
+        all += piece;
+    return all;
+}
+
+std::uint64_t StepsOf(std::u16string_view css, std::u16string_view body) {
+    const std::uint64_t without = PageOf(u"", body).styles.Steps();
+    return PageOf(css, body).styles.Steps() - without;
+}
+
+} // namespace
+
+TEST_CASE("css: no selector is tried more than once at an element") {
+    // 400 levels, each with three siblings: what goes back and forth takes powers of that.
+    const std::u16string deep = Repeat(u"<div class=a><i class=a></i><i></i><div class=a>", 200);
+    constexpr std::uint64_t elements = 800;
+    const std::u16string_view selectors[] = {
+        u".a .a .a .a .a .a .a .a .a .a .b",   u"div div div div div div div > b",
+        u".a > .a .a > .a .a > .a .a > .a .b", u".a ~ .a ~ .a ~ .a ~ .a .b",
+        u".a + i ~ .a .a + i ~ .a .a > .b",    u":is(.a .a .a) :is(.a .a .a) .b",
+        u":not(:not(:not(.a .a .a))) .b"};
+    for (const std::u16string_view selector : selectors) {
+        std::u16string css(selector);
+        css += u"{color:red}";
+        const std::uint64_t compounds = 12;
+        CHECK_MESSAGE(StepsOf(css, deep) <= elements * compounds, Utf16ToUtf8(selector));
+    }
+}
+
+TEST_CASE("css: siblings are not searched") {
+    const std::u16string many = Repeat(u"<p>t", 20'000);
+    CHECK(StepsOf(u"h1 ~ p{color:red}p + h2{color:red}", many) <= 40'010);
+    CHECK(StepsOf(u"p:nth-child(3n){color:red}p:nth-last-of-type(2){color:blue}", many) <= 100'000);
+}
+
+TEST_CASE("css: elements meet the rules of their own names only") {
+    std::u16string css;
+    for (int i = 0; i < 20'000; ++i) {
+        const std::u16string number = Utf8ToUtf16(std::to_string(i));
+        css += u".c" + number + u"{color:red}#i" + number + u" b{color:red}";
+    }
+    CHECK(StepsOf(css, Repeat(u"<p class=c7>t", 1000)) <= 10'010);
+}
+
+TEST_CASE("css: a page that asks for too much is not styled to its end") {
+    // 20,000 rules for each of 20,000 elements.
+    const std::u16string css = Repeat(u"*{margin-left:3px}", 20'000);
+    const StyledPage page =
+        PageOf(css, u"<p id=first>t" + Repeat(u"<p>t", 20'000) + u"<p id=x>last");
+    CHECK(page.styles.Steps() < maxCssSteps + maxCssSteps / 10);
+    CHECK(page.Box(u"first").margin[cssLeft] == CssLength::Pixels(3));
+    CHECK(page.Box().margin[cssLeft] == CssLength::Pixels(0));
+    CHECK(page.Box().display == CssDisplay::Block); // by the default sheet
+}
+
+TEST_CASE("css: sheets cost memory in proportion to their length") {
+    struct Nasty {
+        std::u16string_view start, piece;
+    };
+    const Nasty nasty[] = {
+        {u"", u"a{top:0}"},
+        {u"", u"a"},
+        {u"", u"("},
+        {u"", u"{"},
+        {u"", u"}"},
+        {u"", u"@media{"},
+        {u"", u"@media(min-width:1px){a{top:0}"},
+        {u"", u"a,"},
+        {u"", u"a>"},
+        {u"", u":not("},
+        {u"", u"a{"},
+        {u"a{", u"top:0;"},
+        {u"a{", u"margin:0;"},
+        {u"a{", u"border:0;"},
+        {u"a{content:", u"'x'"},
+        {u"a{", u"content:'x';"},
+        {u"a{", u"font-family:a,b,c;"},
+        {u"a{font-family:", u"a,"},
+        {u"a{background:", u"a("},
+        {u"", u"\\41 "},
+        {u"", u"'\\41 ' "},
+        {u"", u"url(\\41) "},
+        {u"", u"/**/"},
+        {u"", u"/*"},
+        {u"", u"@import 'a';"},
+        {u"", u".a.b.c{top:0}"},
+        {u"", u"a{top:0}:is(a,b){left:0}"},
+        {u"", u"[a=b]{top:0}"},
+        {u"a:nth-child(", u"9"},
+        {u"a{top:", u"9"},
+        {u"a{top:.", u"9"},
+        {u"<!--", u"-->"},
+    };
+    constexpr std::size_t units = 1'000'000;
+    for (const Nasty& one : nasty) {
+        std::u16string css(one.start);
+        css += Repeat(one.piece, units / one.piece.size());
+        AllocationCounter counter;
+        const CssSheet sheet = ReadCss(css);
+        const AllocationCounts cost = counter.Counts();
+        CHECK_MESSAGE(cost.peakBytes < 80 * units, Utf16ToUtf8(one.piece));
+        CHECK(sheet.rules.size() <= maxCssRules);
+        CHECK(sheet.block.declarations.size() <= maxCssDeclarations);
+    }
+}
+
+TEST_CASE("css: 130,000 paragraphs cost a number each") {
+    const std::u16string html =
+        u"<!DOCTYPE html><style>p{margin:1px}.a{color:red}</style>" +
+        Repeat(u"<p class=a>text <i>it</i><p style='margin:2px'>text", 65'000);
+    const HtmlTree tree = ReadHtml(html);
+    const CssSheet sheet = ReadCss(u"p{margin:1px}.a{color:red}p + p i{color:blue}");
+    const CssSheet* const sheets[] = {&sheet};
+    AllocationCounter counter;
+    const CssPageStyles styles = StylePage(tree, sheets, {});
+    CHECK(counter.Counts().peakBytes < tree.NodeCount() * 4 + 200'000);
+    CHECK(styles.Count() < 12);
+}
