@@ -4,6 +4,7 @@
 #include "app/links.h"
 #include "app/main_form.h"
 #include "app/shown_book.h"
+#include "app/view_events.h"
 #include "app/view_menu.h"
 #include "common/key_names.h"
 #include "common/menu_items.h"
@@ -56,6 +57,7 @@ void Form_KeyDown(MainForm& form, int keyCode, int shift) {
     };
     std::ranges::for_each(shortcuts, choose);
     choose(olderCopy);
+    if (keyCode == EscapeKey && shift == 0) LeaveFullScreen(form);
     if (keyCode == LeftKey && shift == AltKey) GoBackAlongLinks(form);
     if (keyCode == F4Key && shift == AltKey) form.ports.window->Close();
 }
@@ -65,4 +67,5 @@ void Form_KeyUp(MainForm& form, int keyCode, int shift) {
     if (resizes && (keyCode == NumPlusKey || keyCode == PlusKey)) mViewFontSize_Click(form, 0);
     if (resizes && (keyCode == NumMinusKey || keyCode == MinusKey)) mViewFontSize_Click(form, 1);
     if (shift & AltKey && keyCode == F2Key) mBookmarkLast_Click(form, 0);
+    if (keyCode == F11Key && shift == 0) ToggleFullScreen(form); // a key held down repeats its press
 }

@@ -216,6 +216,9 @@ LRESULT WinWindow::HandleMessage(HWND window, UINT message, WPARAM wParam, LPARA
         if (wParam == closeTimer) CloseWhenPossible();
         return 0;
     case WM_CLOSE: CloseWhenPossible(); return 0;
+    case WM_SYSCOMMAND:
+        if ((wParam & 0xFFF0) == SC_KEYMENU) return OpenMenuByKey(window, wParam, lParam);
+        return DefWindowProcW(window, message, wParam, lParam);
     case ShownMessage: CallHandler(events_.onShown); return 0;
     case WM_ENDSESSION:
         // The process may be terminated as soon as this returns.
@@ -260,6 +263,7 @@ bool WinWindow::PreTranslateMessage(MSG& message) {
         input_.HandleKey(message, events_);
         return translateKey && Handle() && translateKey(message);
     }
+    if (message.message == WM_MOUSEMOVE && beneath_) FollowPointer(message);
     if (message.message != WM_MOUSEWHEEL) return false;
     if (GET_KEYSTATE_WPARAM(message.wParam) & MK_CONTROL) {
         input_.HandleZoomWheel(message, events_);
