@@ -4,6 +4,7 @@ from harness.screen import SIZE
 from harness.story import Story, main
 from harness.text_view import settled_strip, view_top
 from harness.wait import wait_for
+from harness.wine import ON_WINE
 
 WHOLE_SCREEN = (0, 0, *SIZE)
 EDGE = 12  # pixels; a menu bar is higher
@@ -52,8 +53,10 @@ class FullScreen(Story):
         self.enter()
         self.program.open_menu("v")
         self.program.close_menu()
-        self.assertEqual(self.program.rectangle(), WHOLE_SCREEN)
+        if not ON_WINE:
+            self.program.key("Escape")  # leaves the bar, which the first one leads back to
         wait_for(lambda: not self.menu_bar(), "the menu bar to go")
+        self.assertEqual(self.program.rectangle(), WHOLE_SCREEN)
         self.screen.xdotool("mousemove", 600, 300)
         self.screen.xdotool("mousemove", 600, 0)
         wait_for(self.menu_bar, "the menu bar")

@@ -15,9 +15,9 @@
 #include <utility>
 
 namespace {
-constexpr int panelBorder = 2;       // pixels; the core's layout of the views includes it
-constexpr int settleTime = 300;      // milliseconds; window managers answer within a few
-constexpr int stateChangeDelay = 50; // milliseconds
+constexpr int panelBorder = 2;            // pixels; the core's layout of the views includes it
+constexpr int settleTime = 300;           // milliseconds; window managers answer within a few
+constexpr int stateChangeDelay = 50;      // milliseconds
 constexpr int menuBarCheckInterval = 100; // milliseconds
 constexpr double defaultDpi = 96;
 
@@ -61,6 +61,8 @@ void QtWindow::LayOut() {
 
 void QtWindow::SetFullScreen(bool on) {
     menuBarTimer_.stop();
+    settleTimer_.stop(); // a place asked for just before would end the full screen
+    requested_.reset();
     setWindowState(on ? windowState() | Qt::WindowFullScreen
                       : windowState() & ~Qt::WindowFullScreen);
 }
@@ -68,7 +70,9 @@ void QtWindow::SetFullScreen(bool on) {
 bool QtWindow::IsMenuBarUsed() const {
     const bool pointed = menuBar_->rect().contains(menuBar_->mapFromGlobal(QCursor::pos()));
     const bool altDown = QGuiApplication::queryKeyboardModifiers() & Qt::AltModifier;
-    return pointed || altDown || menuBar_->hasFocus() || QApplication::activePopupWidget();
+    // It keeps the focus after its menu was closed.
+    const bool entered = menuBar_->hasFocus() && menuBar_->activeAction();
+    return pointed || altDown || entered || QApplication::activePopupWidget();
 }
 
 void QtWindow::ShowMenuBar() {
@@ -80,6 +84,7 @@ void QtWindow::ShowMenuBar() {
 void QtWindow::HideUnusedMenuBar() {
     if (isFullScreen() && IsMenuBarUsed()) return;
     menuBarTimer_.stop();
+    RestoreViewFocus();
     LayOut();
 }
 
@@ -138,7 +143,7 @@ void QtWindow::SetClientGeometry(const QMargins& frame) {
 
 // The frame margins are known only after the window manager has reparented the window.
 void QtWindow::AdjustForFrame() {
-    if (!requested_ || !isVisible() || State() != WindowState::Normal) return;
+    if (!requested_ || !isVisible() || isFullScreen() || State() != WindowState::Normal) return;
     if (const QMargins frame = FrameMargins(); std::exchange(assumedFrame_, frame) != frame)
         SetClientGeometry(frame);
 }
