@@ -19,6 +19,9 @@ struct WindowEvents {
     std::function<void(int keyCode, int shift)> onKeyDown;
     std::function<void(int keyCode, int shift)> onKeyUp;
     std::function<void(int steps)> onZoom; // Ctrl and the wheel, up is positive
+    // A button of the mouse was pressed or its wheel turned anywhere in the window; before the view
+    // acts on it.
+    std::function<void()> onMouse;
 };
 
 class Window {

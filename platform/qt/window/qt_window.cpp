@@ -156,6 +156,8 @@ void QtWindow::wheelEvent(QWheelEvent* event) {
 // Key events of the QWindow arrive here before the focus widget sees them.
 bool QtWindow::eventFilter(QObject* object, QEvent* event) {
     if (object == windowHandle() && event->type() == QEvent::WindowUnblocked) Reactivate();
+    const bool mouse = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::Wheel;
+    if (object == windowHandle() && mouse) CallHandler(events_.onMouse);
     if (object == windowHandle() && event->type() == QEvent::MouseMove && isFullScreen() &&
         static_cast<const QMouseEvent&>(*event).position().y() < 1)
         ShowMenuBar();

@@ -40,6 +40,18 @@ bool IsMenuOpen() {
     return GetGUIThreadInfo(GetCurrentThreadId(), &thread) && (thread.flags & GUI_INMENUMODE);
 }
 
+bool IsPress(UINT message) {
+    switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_RBUTTONDOWN:
+    case WM_MBUTTONDOWN:
+    case WM_XBUTTONDOWN:
+    case WM_NCLBUTTONDOWN: // of a scroll bar
+    case WM_MOUSEWHEEL: return true;
+    default: return false;
+    }
+}
+
 // The enabled one of our windows while a modal dialog disables the others; null for none.
 HWND ActiveDialog() {
     HWND dialog = nullptr;
@@ -264,6 +276,7 @@ bool WinWindow::PreTranslateMessage(MSG& message) {
         return translateKey && Handle() && translateKey(message);
     }
     if (message.message == WM_MOUSEMOVE && beneath_) FollowPointer(message);
+    if (IsPress(message.message)) CallHandler(events_.onMouse);
     if (message.message != WM_MOUSEWHEEL) return false;
     if (GET_KEYSTATE_WPARAM(message.wParam) & MK_CONTROL) {
         input_.HandleZoomWheel(message, events_);
