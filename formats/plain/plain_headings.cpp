@@ -46,17 +46,30 @@ bool PlainHeadings::StandsAlone() const {
     return !next.heading && next.text.size() <= maxSecondLine && second.blank;
 }
 
+bool PlainHeadings::IsHeading() const {
+    const Line &before = lines_[0], &line = lines_[1], &next = lines_[2];
+    if (!line.heading) return false;
+    if (made_ == Made::OfParagraphs) return true;
+    // One of many lines in a row is of a table of contents.
+    if (!before.blank || next.heading) return false;
+    return !line.heading.needsSpaceBehind || StandsAlone();
+}
+
 void PlainHeadings::Judge() {
-    const Line &before = lines_[0], &line = lines_[1], &next = lines_[2], &second = lines_[3];
-    if (!line.heading || found_.size() >= maxHeadings) return;
-    if (made_ == Made::OfLines) {
-        // One of many lines in a row is of a table of contents.
-        if (!before.blank || next.heading) return;
-        if (line.heading.needsSpaceBehind && !StandsAlone()) return;
-    }
-    std::u16string text = line.text;
-    const bool takesNext = made_ == Made::OfLines && !next.blank && second.blank &&
-                           next.text.size() <= maxSecondLine && !next.heading;
-    if (takesNext) text += u' ' + next.text;
+    const Line &line = lines_[1], &next = lines_[2], &second = lines_[3];
+    if (line.blank || std::exchange(isTitle_, false)) return;
+    if (!line.heading) withText_ = found_.size();
+    if (!IsHeading()) return;
+    isTitle_ = made_ == Made::OfLines && !next.blank && second.blank &&
+               next.text.size() <= maxSecondLine && !next.heading;
+    Add(line, isTitle_);
+}
+
+// Headings with nothing but other headings behind them are a table of contents, too.
+void PlainHeadings::Add(const Line& line, bool takesNext) {
+    while (found_.size() > withText_ && found_.back().level >= line.heading.level)
+        found_.pop_back();
+    if (found_.size() >= maxHeadings) return;
+    const std::u16string text = takesNext ? line.text + u' ' + lines_[2].text : line.text;
     found_.push_back({line.start, line.heading.level, HeadingText(text)});
 }

@@ -31,7 +31,9 @@ class PlainHeadings {
 
     void EndLine();
     void Judge();
+    bool IsHeading() const;
     bool StandsAlone() const;
+    void Add(const Line& line, bool takesNext);
 
     Made made_;
     TextPos length_ = 0;
@@ -40,4 +42,6 @@ class PlainHeadings {
     // around it when the one after next is known.
     std::array<Line, 4> lines_;
     std::vector<Heading> found_;
+    std::size_t withText_ = 0; // how many of them have a text behind them
+    bool isTitle_ = false;     // the line to judge next is of the heading before
 };

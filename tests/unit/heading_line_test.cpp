@@ -117,6 +117,9 @@ TEST_CASE("headings: lines of a table of contents are none") {
     CHECK(TextsIn(u"CONTENTS\n\nCHAPTER I. One\nCHAPTER II. Two\nCHAPTER III. Three\n\nText.\n")
               .empty());
     CHECK(TextsIn(u"\n\nChapter 1\nChapter 2\nChapter 3\n\nText.\n").empty());
+    CHECK(TextsIn(u"BOOK ONE\n\nCHAPTER I\n\nCHAPTER II\n\nBOOK TWO\n\nCHAPTER I\n\n\n"
+                  u"BOOK ONE\n\nCHAPTER I\n\nText.\n\nCHAPTER II\n\nText.\n") ==
+          Texts{"BOOK ONE", "CHAPTER I", "CHAPTER II"});
 }
 
 TEST_CASE("headings: places and levels, however the text comes in") {
@@ -135,7 +138,7 @@ TEST_CASE("headings: a long line costs no memory, and no number of headings eith
         headings.Add(letters);
     headings.Add(u"\n\n");
     for (int i = 0; i < 30'000; ++i)
-        headings.Add(u"Chapter 1\n\n");
+        headings.Add(u"Chapter 1\n\nText.\n\n");
     headings.Finish();
     CHECK(headings.Found().size() == maxHeadings);
     CHECK(headings.Found().front().position == 64 * (1 << 16) + 2);

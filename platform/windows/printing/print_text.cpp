@@ -6,6 +6,7 @@
 #include "platform/windows/printing/print_progress.h"
 #include "platform/windows/printing/win_print_device.h"
 
+#include <cderr.h>
 #include <commdlg.h>
 
 #include <string>
