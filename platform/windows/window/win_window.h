@@ -70,7 +70,8 @@ class WinWindow final : public Window {
     void EnterFullScreen();
     void RestoreBeneath();
     void FollowPointer(const MSG&);
-    LRESULT OpenMenuByKey(HWND, WPARAM, LPARAM);
+    void ShowMenuBar(bool shown) const; // of a full screen
+    void ShowMenuBarForKey(const MSG&) const;
     void SetDefaultBounds();
     void FocusView();
     void HandlePosChanged();

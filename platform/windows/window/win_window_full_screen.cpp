@@ -2,6 +2,7 @@
 // inside lower.
 #include "platform/shared/call_handler.h"
 #include "platform/windows/window/win_window.h"
+#include "platform/windows/window/window_messages.h"
 
 #include <utility>
 
@@ -53,17 +54,25 @@ void WinWindow::RestoreBeneath() {
     beneath_.reset();
 }
 
-// An open menu takes the messages of the mouse itself.
+// At the upper edge is a border; what is not within a window's client area may be the menu bar. An
+// open menu takes the messages of the mouse itself.
 void WinWindow::FollowPointer(const MSG& message) {
-    const bool shown = GetMenu(Handle()) != nullptr, atEdge = message.pt.y <= ScreenOf(Handle()).top;
-    if (atEdge && !shown) SetMenu(Handle(), beneath_->menu);
-    if (!atEdge && shown) SetMenu(Handle(), nullptr);
+    if (message.pt.y <= ScreenOf(Handle()).top)
+        ShowMenuBar(true);
+    else if (message.message == WM_MOUSEMOVE)
+        ShowMenuBar(false);
 }
 
-// Comes back when the menu is closed.
-LRESULT WinWindow::OpenMenuByKey(HWND window, WPARAM wParam, LPARAM lParam) {
-    if (beneath_) SetMenu(window, beneath_->menu);
-    const LRESULT result = DefWindowProcW(window, WM_SYSCOMMAND, wParam, lParam);
-    if (beneath_ && Handle()) SetMenu(window, nullptr);
-    return result;
+void WinWindow::ShowMenuBar(bool shown) const {
+    if (beneath_ && shown != (GetMenu(Handle()) != nullptr))
+        SetMenu(Handle(), shown ? beneath_->menu : nullptr);
+}
+
+// Before the key that opens a menu is dispatched: the window that has the keyboard looks for the
+// menu itself. Posted for when the key has opened none.
+void WinWindow::ShowMenuBarForKey(const MSG& message) const {
+    const bool alone = message.message == WM_SYSKEYUP && message.wParam == VK_MENU;
+    if (!alone && message.message != WM_SYSCHAR) return;
+    ShowMenuBar(true);
+    PostMessageW(Handle(), MenuBarLeftMessage, 0, 0);
 }
