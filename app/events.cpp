@@ -1,5 +1,6 @@
 #include "app/events.h"
 
+#include "app/auto_scroll.h"
 #include "app/book_state.h"
 #include "app/help_menu.h"
 #include "app/keys.h"
@@ -113,6 +114,7 @@ void ConnectEvents(MainForm& form) {
     events.onKeyUp = [&form](int key, int shift) {
         RunCommand(form, [&] { Form_KeyUp(form, key, shift); });
     };
+    events.onMouse = [&form] { EndAutoScroll(form); };
     events.onZoom = [&form](int steps) { RunCommand(form, [&] { fwMain_Zoom(form, steps); }); };
     form.ports.window->SetEvents(events);
 

@@ -7,6 +7,7 @@
 #include "datafile/ini_file.h"
 #include "datafile/reported_trouble.h"
 #include "platform/ports.h"
+#include "reading/auto_scroll.h"
 #include "reading/bookmarks.h"
 #include "reading/find.h"
 #include "reading/formatting.h"
@@ -43,6 +44,7 @@ struct MainForm {
     HtmlPage page;     // of the shown book, when that is an HTML book
     TextFormat format; // of the text view
     FindState find;
+    AutoScroll autoScroll;
     WindowPlacement placement;
     int autosaveTick = 0; // seconds since the reading state was saved, 0 to 59
 

@@ -69,7 +69,8 @@ void MakeCurrent(MainForm& form, int index) {
 void RestorePlacement(MainForm& form) {
     Window& window = *form.ports.window;
     form.placement = LoadWindowPlacement(*form.dataFile, CurrentProfile(form), window);
-    if (window.State() == WindowState::Normal) MoveToPlacement(form.placement, window);
+    const bool normal = window.State() == WindowState::Normal && !window.IsFullScreen();
+    if (normal) MoveToPlacement(form.placement, window);
     LayOutForm(form);
 }
 

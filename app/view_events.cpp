@@ -24,6 +24,15 @@ void fwMain_Resize(MainForm& form) {
     LayOutForm(form);
 }
 
+void ToggleFullScreen(MainForm& form) {
+    if (form.ports.window->IsFullScreen()) return LeaveFullScreen(form);
+    form.ports.window->SetFullScreen(true);
+}
+
+void LeaveFullScreen(MainForm& form) {
+    if (form.ports.window->IsFullScreen()) LeaveFullScreen(form.placement, *form.ports.window);
+}
+
 void fwMain_Zoom(MainForm& form, int steps) {
     for (int i = 0; i < std::abs(steps); ++i)
         mViewFontSize_Click(form, steps > 0 ? 0 : 1);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "common/file_limits.h"
+#include "common/heading.h"
 #include "common/text_source.h"
 
 #include <cstdint>
@@ -18,6 +19,12 @@ struct ViewFont {
     int charset = 0; // Windows font character set number
     bool bold = false, italic = false, underline = false, strikethrough = false;
     bool operator==(const ViewFont&) const = default;
+};
+
+struct PrintAnswer {
+    enum class Result { Printed, Cancelled, Failed };
+    Result result = Result::Cancelled;
+    std::u16string reason; // of a failure, as the system says it; may be empty
 };
 
 struct LineSpan {
@@ -58,6 +65,9 @@ class TextView {
     // the window drawn meanwhile and answers `findGivenUp` when the user presses Escape or closes
     // the window; other keys and the mouse do nothing then.
     virtual TextPos Find(std::u16string_view what, TextPos start, FindOptions) const = 0;
+    // The chapter headings in the text's order, `maxHeadings` at most. A search like `Find`: what
+    // was found by then when it is given up.
+    virtual std::vector<Heading> Headings() const = 0;
     // The selection as RTF source, pure ASCII.
     virtual std::string SelectionAsRtf() const = 0;
 
@@ -66,6 +76,11 @@ class TextView {
     virtual TextPos FirstVisibleChar() const = 0; // first character of the top visible line
     virtual LineSpan LineAround(TextPos position) const = 0;
     virtual void ScrollLineToTop(TextPos position) = 0;
+    // How far the view is scrolled: 0 at the start, 100 when the end is in view.
+    virtual int Percent() const = 0;
+    virtual void ScrollToPercent(int percent) = 0; // 0 to 100
+    // Scrolls down by device pixels; false when the end was in view already.
+    virtual bool ScrollDown(int pixels) = 0;
     // Where lines are wider than the view: brings the stretch into view horizontally, as far as it
     // is in the line of `start`; of one wider than the view the beginning. What is in view already
     // stays where it is, and where the line's beginning can be seen, too, it is.
@@ -88,6 +103,11 @@ class TextView {
     virtual void SetAlignment(Alignment) = 0;
     // In twips; 0 wraps at the view's edge, else lines break at this width.
     virtual void SetRightMargin(int twips) = 0;
+
+    // Asks for the printer and the pages by the system's dialog, and prints the text in its font
+    // and colours on white, with `title` at the head of the pages and their numbers at the foot.
+    // Shows how far it is meanwhile, with a way to cancel; other input does nothing then.
+    virtual PrintAnswer Print(const std::u16string& title) = 0;
 
     virtual void SetBounds(const Rect&) = 0; // in the container panel
     virtual void SetVisible(bool) = 0;

@@ -19,6 +19,9 @@ struct WindowEvents {
     std::function<void(int keyCode, int shift)> onKeyDown;
     std::function<void(int keyCode, int shift)> onKeyUp;
     std::function<void(int steps)> onZoom; // Ctrl and the wheel, up is positive
+    // A button of the mouse was pressed or its wheel turned anywhere in the window; before the view
+    // acts on it.
+    std::function<void()> onMouse;
 };
 
 class Window {
@@ -37,6 +40,12 @@ class Window {
     // For the normal state. A rectangle that no hand could reach (`ReachablePlace`) is shown where
     // one can; then `Bounds` gives what was asked for until somebody moves or sizes the window.
     virtual void Move(const Rect&) = 0;
+    // Over the whole screen, without its frame. The menu bar is away until Alt is pressed or the
+    // mouse touches the screen's upper edge, and goes again when it is left. `State` and `Bounds`
+    // say nothing about the window beneath then. `onResize` comes after each change, also one that
+    // the window system makes.
+    virtual bool IsFullScreen() const = 0;
+    virtual void SetFullScreen(bool) = 0;
     virtual int InnerWidth() const = 0; // pixels inside frame and menu
     virtual int InnerHeight() const = 0;
     virtual double TwipsPerPixelX() const = 0; // 15 at 96 dpi

@@ -19,6 +19,7 @@ TextPane::TextPane(PaneWindow& window, LineLayout& lines, PictureStore& pictures
                                                                 pictures_, lines_},
       layouts_(context_), scroller_(layouts_) {
     context_.text = text_.get();
+    headings_.Reset(*text_, document_, context_.plain);
     context_.pixelsPerTwip = 0; // unknown until the first layout
 }
 
@@ -42,6 +43,7 @@ void TextPane::ResetView() {
     context_.text = text_.get();
     const TextPos anchorBefore = std::exchange(anchor_, 0), caretBefore = std::exchange(caret_, 0);
     preferredX_.reset();
+    headings_.Reset(*text_, document_, context_.plain);
     pictures_.Clear();
     styles_.ClearFonts();
     scroller_.ScrollLineToTop(0);

@@ -3,10 +3,12 @@
 #pragma once
 
 #include "view/caret_moves.h"
+#include "view/heading_index.h"
 #include "view/pane_window.h"
 #include "view/text_scroller.h"
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -60,6 +62,12 @@ class TextPane {
     int ScrollX() const { return scrollX_; }
     int ToTextX(int viewX) const { return viewX - margin_ + scrollX_; }
     int Width() const { return width_; } // as last laid out
+    int Percent();                       // how far it is scrolled
+    void ScrollToPercent(int percent);
+    // For a moment beside the scroll bar: while that is dragged or the wheel turns.
+    void ShowScrollLabel();
+    // All of them; `goesOn` is asked again and again and ends the search when it says no.
+    const std::vector<Heading>& Headings(const std::function<bool()>& goesOn);
     void OnTimer(PaneTimer timer);
     void OnFocusChanged();
     void OnResized() { UpdateLayoutSize(); }
@@ -81,6 +89,9 @@ class TextPane {
     void UpdateScrollBars();
     void ShowHorizontal();
     void PaintCaret(Canvas& canvas);
+    void PaintLabel(Canvas& canvas);
+    void HideScrollLabel();
+    void FindMoreHeadings();
     void RestartBlinking();
     const TextSpan& VisibleSpan();
 
@@ -114,5 +125,7 @@ class TextPane {
     TextSpan dragStart_; // the unit that a drag started with
     Point mouse_;
     bool autoScrolls_ = false, caretOn_ = false;
+    HeadingIndex headings_;
+    bool labelShown_ = false;
     std::optional<TextSpan> visibleSpan_;
 };

@@ -25,6 +25,7 @@ void TextPane::Paint(Canvas& canvas, const Rect& clip) {
     for (const auto& [block, y] : shown)
         PaintBlock(canvas, paint, *block, {-ToTextX(0), y}, clip);
     PaintCaret(canvas);
+    if (labelShown_) PaintLabel(canvas);
 }
 
 void TextPane::PaintCaret(Canvas& canvas) {
@@ -94,6 +95,8 @@ void TextPane::OnFocusChanged() {
 
 void TextPane::OnTimer(PaneTimer timer) {
     if (timer == PaneTimer::AutoScroll) return AutoScroll();
+    if (timer == PaneTimer::ScrollLabel) return HideScrollLabel();
+    if (timer == PaneTimer::Headings) return FindMoreHeadings();
     caretOn_ = !caretOn_;
     if (const auto caret = CaretRect()) window_.RedrawPart(*caret);
 }

@@ -75,6 +75,10 @@ class NoneDialogs : public Dialogs {
         findRequests.push_back(request);
         return findAnswer;
     }
+    PlaceAnswer AskPlace(const PlaceRequest& request) override {
+        placeRequests.push_back(request);
+        return placeAnswer;
+    }
     DialogResult ShowMessage(const Message& message) override {
         messages.push_back(message);
         if (whileOpen) whileOpen();
@@ -95,6 +99,8 @@ class NoneDialogs : public Dialogs {
     std::optional<FontAnswer> fontAnswer;
     std::vector<FindRequest> findRequests;
     FindAnswer findAnswer;
+    std::vector<PlaceRequest> placeRequests;
+    PlaceAnswer placeAnswer;
     std::vector<Message> messages;
     DialogResult messageAnswer = DialogResult::Ok;
     struct RichMessage {
@@ -136,9 +142,12 @@ class NoneTimer : public Timer {
         onTick_ = std::move(onTick);
     }
     void Stop() override { onTick_ = nullptr; }
+    bool IsRunning() const { return onTick_ != nullptr; }
     void Tick(int times = 1) {
-        for (int i = 0; i < times && onTick_; ++i)
-            onTick_();
+        for (int i = 0; i < times && onTick_; ++i) {
+            const auto tick = onTick_; // may stop the timer
+            tick();
+        }
     }
     int interval = 0;
 

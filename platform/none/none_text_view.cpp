@@ -111,3 +111,27 @@ void NoneTextView::ScrollIntoViewHorizontally(TextPos start, TextPos length) {
     if (left >= scrolledX_ && right <= scrolledX_ + bounds_.width) return;
     scrolledX_ = std::max(0, std::min(left, right - bounds_.width));
 }
+
+int NoneTextView::Percent() const {
+    TextPos end = anchor_;
+    for (int row = 0; row < std::max(1, bounds_.height / CellHeight); ++row) {
+        const LineSpan line = LineAround(end);
+        end = line.start + line.length + 1;
+        if (end > TextLength()) return 100;
+        if (document_.text[static_cast<std::size_t>(end) - 1] != u'\n') --end; // it is wrapped
+    }
+    return static_cast<int>(std::int64_t{100} * anchor_ / TextLength());
+}
+
+void NoneTextView::ScrollToPercent(int percent) {
+    ScrollLineToTop(static_cast<TextPos>(std::int64_t{TextLength()} * percent / 100));
+}
+
+bool NoneTextView::ScrollDown(int pixels) {
+    if (Percent() == 100) return false;
+    for (int i = 0; i < pixels; ++i) {
+        const LineSpan line = LineAround(anchor_);
+        ScrollLineToTop(line.start + line.length + 1);
+    }
+    return true;
+}

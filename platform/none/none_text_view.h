@@ -19,12 +19,20 @@ class NoneTextView : public TextView {
     TextPos SelLength() const override { return selLength_; }
     bool MirrorsRightToLeft() const override { return mirrorsRightToLeft; }
     TextPos Find(std::u16string_view what, TextPos start, FindOptions) const override;
+    std::vector<Heading> Headings() const override { return headings; }
     std::string SelectionAsRtf() const override;
 
     TextPos FirstVisibleChar() const override { return LineAround(anchor_).start; }
     LineSpan LineAround(TextPos position) const override;
     void ScrollLineToTop(TextPos position) override;
+    int Percent() const override;
+    void ScrollToPercent(int percent) override;
+    bool ScrollDown(int pixels) override; // a line for each
     void ScrollIntoViewHorizontally(TextPos start, TextPos length) override;
+    PrintAnswer Print(const std::u16string& title) override {
+        printed.push_back(title);
+        return printAnswer;
+    }
 
     void SetFont(const ViewFont& font) override { style_.font = font; }
     void ApplyFontToAll() override;
@@ -45,11 +53,14 @@ class NoneTextView : public TextView {
 
     // As a test wants it.
     bool mirrorsRightToLeft = false;
+    std::vector<Heading> headings;
+    PrintAnswer printAnswer{PrintAnswer::Result::Printed, {}};
     std::function<void()> whileFinding;           // when set, a search is given up after it
     mutable std::vector<Pointer> pointersOfFinds; // shown during each search
 
     // What was asked, for tests.
     int loads = 0, scrolls = 0, fontApplications = 0;
+    std::vector<std::u16string> printed; // their titles
     const ViewFont& Font() const { return style_.font; }
     Alignment ShownAlignment() const { return style_.alignment.value_or(Alignment::Left); }
     int RightMargin() const { return style_.rightMargin; }

@@ -22,6 +22,18 @@ void NoneWindow::Move(const Rect& bounds) {
     if (changes && events_.onResize) events_.onResize();
 }
 
+void NoneWindow::SetFullScreen(bool on) {
+    if (on == IsFullScreen()) return;
+    if (on) {
+        beneath_ = shown_;
+        shown_ = screens.front();
+    } else {
+        shown_ = *beneath_;
+        beneath_.reset();
+    }
+    if (events_.onResize) events_.onResize();
+}
+
 void NoneWindow::DragTo(const Rect& bounds) {
     if (bounds == shown_) return;
     shown_ = bounds;

@@ -14,8 +14,10 @@ class NoneWindow : public Window {
     void SetState(WindowState) override;
     Rect Bounds() const override { return RequestedBounds(instead_, shown_); }
     void Move(const Rect&) override;
+    bool IsFullScreen() const override { return beneath_.has_value(); }
+    void SetFullScreen(bool) override;
     int InnerWidth() const override { return shown_.width; }
-    int InnerHeight() const override { return shown_.height - MenuHeight; }
+    int InnerHeight() const override { return shown_.height - (IsFullScreen() ? 0 : MenuHeight); }
     double TwipsPerPixelX() const override { return twipsPerPixel; }
     double TwipsPerPixelY() const override { return twipsPerPixel; }
 
@@ -47,4 +49,5 @@ class NoneWindow : public Window {
     WindowState state_ = WindowState::Normal;
     Rect shown_{100, 80, 800, 600};
     std::optional<ShownInstead> instead_;
+    std::optional<Rect> beneath_; // the rectangle of before, while full screen
 };

@@ -66,6 +66,7 @@ Ports MakeQtPorts(int argc, char** argv) {
     ports.dialogs = std::make_unique<QtDialogs>(window.get());
     ports.helpWindow = std::make_unique<QtHelpWindow>();
     ports.saveTimer = std::make_unique<QtTimer>();
+    ports.scrollTimer = std::make_unique<QtTimer>();
     ports.shell = std::make_unique<QtShell>();
     ports.registry = std::make_unique<QtRegistry>();
     ports.files = std::make_unique<PosixFiles>();

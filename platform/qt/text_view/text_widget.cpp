@@ -111,15 +111,12 @@ void TextWidget::OnVerticalAction(int action) {
     case QAbstractSlider::SliderPageStepSub: pane_.ScrollPage(false); break;
     default: pane_.ScrollTo(bar.sliderPosition()); break;
     }
+    pane_.ShowScrollLabel();
     if (!bar.isSliderDown()) bar.setSliderPosition(pane_.Scroller().TopAsPosition());
 }
 
 // The vertical scroll bar is handled in OnVerticalAction, the horizontal one by its value.
 void TextWidget::scrollContentsBy(int, int) {}
-
-QBasicTimer& TextWidget::TimerOf(PaneTimer timer) {
-    return timer == PaneTimer::CaretBlink ? blink_ : autoScroll_;
-}
 
 void TextWidget::StartTimer(PaneTimer timer, int milliseconds) {
     TimerOf(timer).start(milliseconds, this);
@@ -131,8 +128,9 @@ void TextWidget::StopTimer(PaneTimer timer) {
 
 void TextWidget::timerEvent(QTimerEvent* event) {
     if (event->timerId() == visibleDataTimer_.timerId()) return NotifyVisibleDataChanged();
-    for (const PaneTimer timer : {PaneTimer::CaretBlink, PaneTimer::AutoScroll})
-        if (event->timerId() == TimerOf(timer).timerId()) return pane_.OnTimer(timer);
+    for (int timer = 0; timer < paneTimers; ++timer)
+        if (event->timerId() == TimerOf(PaneTimer(timer)).timerId())
+            return pane_.OnTimer(PaneTimer(timer));
     QAbstractScrollArea::timerEvent(event);
 }
 

@@ -10,6 +10,7 @@
 #include <QBasicTimer>
 #include <QElapsedTimer>
 
+#include <array>
 #include <functional>
 
 class TextWidget : public QAbstractScrollArea, private PaneWindow {
@@ -64,7 +65,7 @@ class TextWidget : public QAbstractScrollArea, private PaneWindow {
     void OnSelectionChanged(TextPos anchorBefore, TextPos caretBefore) override;
     void OnVisibleTextChanged() override;
 
-    QBasicTimer& TimerOf(PaneTimer timer);
+    QBasicTimer& TimerOf(PaneTimer timer) { return timers_[std::size_t(timer)]; }
     void UpdateSystemStyle();
     void OnVerticalAction(int action);
     int ToPixels(int ofWidget) const { return int(ofWidget * devicePixelRatioF()); }
@@ -82,7 +83,8 @@ class TextWidget : public QAbstractScrollArea, private PaneWindow {
 
     QPoint mouse_, contextPoint_;
     QElapsedTimer sinceDoubleClick_;
-    QBasicTimer blink_, autoScroll_, visibleDataTimer_;
+    std::array<QBasicTimer, paneTimers> timers_;
+    QBasicTimer visibleDataTimer_;
     int wheelRemainder_ = 0; // lines, times the angle of a wheel step
     QString oldBeginning_;   // of the text before it changes
 };

@@ -76,6 +76,7 @@ void TextWidget::wheelEvent(QWheelEvent* event) {
     } else {
         ScrollByWheel(angle.y());
     }
+    pane_.ShowScrollLabel();
     event->accept();
 }
 

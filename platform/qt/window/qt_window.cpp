@@ -14,6 +14,7 @@
 #include <QFrame>
 #include <QKeyEvent>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QTimer>
 #include <QWheelEvent>
 #include <QWindow>
@@ -32,6 +33,7 @@ QtWindow::QtWindow()
     panel_->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     settleTimer_.setSingleShot(true);
     settleTimer_.callOnTimeout([this] { Settle(); });
+    menuBarTimer_.callOnTimeout([this] { HideUnusedMenuBar(); });
     connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { CloseFromSystem(); });
     SetDefaultGeometry();
 }
@@ -80,7 +82,7 @@ void QtWindow::CloseFromSystem() {
 
 WindowState QtWindow::State() const {
     if (isMinimized()) return WindowState::Minimized;
-    return isMaximized() || isFullScreen() ? WindowState::Maximized : WindowState::Normal;
+    return isMaximized() ? WindowState::Maximized : WindowState::Normal;
 }
 
 void QtWindow::SetState(WindowState state) {
@@ -132,7 +134,9 @@ void QtWindow::resizeEvent(QResizeEvent*) {
 
 void QtWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::WindowStateChange) NotifyResize();
+    if (event->type() != QEvent::WindowStateChange) return;
+    LayOut();
+    NotifyResize();
 }
 
 void QtWindow::closeEvent(QCloseEvent* event) {
@@ -152,6 +156,11 @@ void QtWindow::wheelEvent(QWheelEvent* event) {
 // Key events of the QWindow arrive here before the focus widget sees them.
 bool QtWindow::eventFilter(QObject* object, QEvent* event) {
     if (object == windowHandle() && event->type() == QEvent::WindowUnblocked) Reactivate();
+    const bool mouse = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::Wheel;
+    if (object == windowHandle() && mouse) CallHandler(events_.onMouse);
+    if (object == windowHandle() && event->type() == QEvent::MouseMove && isFullScreen() &&
+        static_cast<const QMouseEvent&>(*event).position().y() < 1)
+        ShowMenuBar();
     if (object == windowHandle() &&
         (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease))
         return HandleKey(static_cast<const QKeyEvent&>(*event));
@@ -176,6 +185,7 @@ bool QtWindow::HandleKey(const QKeyEvent& event) {
         CloseFromSystem();
         return true;
     }
+    if (pressed && event.key() == Qt::Key_Alt && isFullScreen()) ShowMenuBar();
     if (QApplication::activePopupWidget()) return false; // the menu has grabbed the keyboard
     if (menuBarFocus_ && menuBarFocus_->HandleKey(event)) return false;
     const int code = KeyCodeOf(event);

@@ -6,7 +6,13 @@
 #include <string>
 
 // Class atoms of dialog templates.
-enum class ControlClass : WORD { Button = 0x80, Edit = 0x81, Static = 0x82, ComboBox = 0x85 };
+enum class ControlClass : WORD {
+    Button = 0x80,
+    Edit = 0x81,
+    Static = 0x82,
+    ListBox = 0x83,
+    ComboBox = 0x85
+};
 
 struct DialogControl {
     ControlClass type = ControlClass::Static;

@@ -1,6 +1,7 @@
 #include "platform/windows/text_pane/win_text_view.h"
 
 #include "platform/windows/base/text.h"
+#include "platform/windows/printing/print_text.h"
 #include "platform/windows/text_pane/search_pump.h"
 
 WinTextView::WinTextView(HWND parent) : text_(std::make_unique<TextWindow>(parent)) {
@@ -19,6 +20,15 @@ WinTextView::WinTextView(HWND parent) : text_(std::make_unique<TextWindow>(paren
 TextPos WinTextView::Find(std::u16string_view what, TextPos start, FindOptions options) const {
     SearchPump messages;
     return FindWhile(what, start, options, [&] { return messages.GoesOn(); });
+}
+
+std::vector<Heading> WinTextView::Headings() const {
+    SearchPump messages;
+    return Pane().Headings([&] { return messages.GoesOn(); });
+}
+
+PrintAnswer WinTextView::Print(const std::u16string& title) {
+    return PrintText(GetAncestor(Handle(), GA_ROOT), Pane(), title);
 }
 
 void WinTextView::SetBounds(const Rect& bounds) {
