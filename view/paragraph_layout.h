@@ -21,7 +21,7 @@ struct LayoutContext {
     PictureStore& pictures;
     LineLayout& lines;
     const TextSource* text = nullptr;
-    bool plain = true;  // plain text: the view's font, and directions by content
+    bool plain = true;   // plain text: the view's font, and directions by content
     int viewWidth = 1;   // pixels; the room for tables and pictures
     int columnWidth = 1; // pixels; in the middle of it: paragraphs are aligned to it
     bool wraps = true;   // lines break at the column's width, else at `breakWidth`

@@ -22,7 +22,7 @@ class TextPane {
     void ShowText(Document document, bool plain);
     void ShowText(std::shared_ptr<const TextSource> text);
     const TextSource& Source() const { return *text_; } // that of the file, however it is shown
-    const Document& Text() const { return document_; } // its text may not be the one displayed
+    const Document& Text() const { return document_; }  // its text may not be the one displayed
     bool IsPlain() const { return context_.plain; }
     const ViewStyle& Style() const { return viewStyle_; }
     void SetStyle(const ViewStyle& style);
@@ -106,8 +106,8 @@ class TextPane {
     LayoutContext context_;
     TextLayouts layouts_;
     TextScroller scroller_;
-    int margin_ = 0; // on both sides of the text
-    int width_ = 1;  // of the window's room
+    int margin_ = 0;                // on both sides of the text
+    int width_ = 1;                 // of the window's room
     std::optional<int> fullColumn_; // the width of the longest lines; none: not measured yet
     int scrollX_ = 0, maxScrollX_ = 0;
     bool horizontalBar_ = false;
