@@ -63,19 +63,6 @@ double WidthOf(const LayoutContext& context, std::u16string_view line) {
     return context.lines.BreakLines(text)->Line(0).width;
 }
 
-// The widest line that was broken for its page's width, of samples of the text; 0 if none was.
-int PageWidth(const LayoutContext& context) {
-    constexpr TextPos samples = 8, sampleLength = 4 * 1024, measured = 3;
-    const TextPos step = context.text->Length() / samples;
-    double widest = 0;
-    for (TextPos i = 0; i < samples && (i == 0 || step > 0); ++i) {
-        const std::u16string text = context.text->Range(i * step, i * step + sampleLength);
-        for (const std::u16string_view line : LongestFlowingLines(text, measured))
-            widest = std::max(widest, WidthOf(context, line));
-    }
-    return static_cast<int>(std::ceil(widest));
-}
-
 BlockPlace Centered(const LayoutContext& context, int width) {
     width = std::clamp(width, context.columnWidth, context.viewWidth);
     return {(context.viewWidth - width) / 2, width};
@@ -113,10 +100,25 @@ int TableWidth(const LayoutContext& context, const TableRow& row) {
 }
 } // namespace
 
-int ColumnWidth(const LayoutContext& context, int letters) {
-    const double width = WidthOf(context, sample);
-    const int column = static_cast<int>(std::ceil(width * letters / double(sample.size())));
-    return std::max({1, column, context.plain ? PageWidth(context) : 0});
+std::vector<std::u16string> PageLines(const TextSource& text) {
+    constexpr TextPos samples = 8, sampleLength = 4 * 1024, taken = 3;
+    const TextPos step = text.Length() / samples;
+    std::vector<std::u16string> longest;
+    for (TextPos i = 0; i < samples && (i == 0 || step > 0); ++i) {
+        const std::u16string sample = text.Range(i * step, i * step + sampleLength);
+        for (const std::u16string_view line : LongestFlowingLines(sample, taken))
+            longest.emplace_back(line);
+    }
+    return longest;
+}
+
+int ColumnWidth(const LayoutContext& context, int letters,
+                std::span<const std::u16string> pageLines) {
+    const double ofSample = WidthOf(context, sample);
+    double width = std::max(1.0, ofSample * letters / static_cast<double>(sample.size()));
+    for (const std::u16string& line : pageLines)
+        width = std::max(width, WidthOf(context, line));
+    return static_cast<int>(std::ceil(width));
 }
 
 BlockPlace PlaceOfParagraph(const LayoutContext& context, const ParagraphPart& part) {

@@ -3,9 +3,13 @@
 
 #include "view/block_layout.h"
 
-// The width in pixels of a line of so many average letters, in the font of most of the text; and of
-// the lines of a plain text that was broken for a wider page, which would be broken twice.
-int ColumnWidth(const LayoutContext& context, int letters);
+// Of samples of a plain text the longest lines that were broken for the width of a page.
+std::vector<std::u16string> PageLines(const TextSource& text);
+
+// The width in pixels of a line of so many average letters, in the font of most of the text; or of
+// the longest of the page's lines, which would be broken twice.
+int ColumnWidth(const LayoutContext& context, int letters,
+                std::span<const std::u16string> pageLines);
 
 // Where a block is put. Pixels, from the left edge of the view's room.
 struct BlockPlace {

@@ -42,6 +42,7 @@ void TextPane::ShowText(std::shared_ptr<const TextSource> text) {
 
 void TextPane::ResetView() {
     unwrapped_.reset();
+    pageLines_.reset();
     ChooseShownText();
     const TextPos anchorBefore = std::exchange(anchor_, 0), caretBefore = std::exchange(caret_, 0);
     preferredX_.reset();
@@ -57,6 +58,7 @@ void TextPane::ResetView() {
 // Where lines do not wrap each is as long as the file made it.
 void TextPane::ChooseShownText() {
     const bool unwraps = viewStyle_.unwrapped && context_.plain && viewStyle_.rightMargin <= 0;
+    if (unwraps != (unwrapped_ != nullptr)) pageLines_.reset();
     if (!unwraps)
         unwrapped_.reset();
     else if (!unwrapped_)
@@ -97,7 +99,11 @@ int TextPane::BreakWidth(int room) const {
 
 int TextPane::ColumnWidth(int room) {
     if (viewStyle_.maxLineLength <= 0 || viewStyle_.rightMargin > 0) return room;
-    if (!fullColumn_) fullColumn_ = ::ColumnWidth(context_, viewStyle_.maxLineLength);
+    if (!pageLines_) {
+        pageLines_.emplace();
+        if (context_.plain && !unwrapped_) pageLines_ = PageLines(*text_);
+    }
+    if (!fullColumn_) fullColumn_ = ::ColumnWidth(context_, viewStyle_.maxLineLength, *pageLines_);
     return std::min(room, *fullColumn_);
 }
 

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <memory>
 #include <optional>
+#include <string>
+#include <vector>
 
 enum class PaneKey { Left, Right, Up, Down, PageUp, PageDown, Home, End, Space };
 
@@ -109,6 +111,7 @@ class TextPane {
     int margin_ = 0;                // on both sides of the text
     int width_ = 1;                 // of the window's room
     std::optional<int> fullColumn_; // the width of the longest lines; none: not measured yet
+    std::optional<std::vector<std::u16string>> pageLines_; // likewise
     int scrollX_ = 0, maxScrollX_ = 0;
     bool horizontalBar_ = false;
 
