@@ -29,6 +29,8 @@ constexpr Shortcut shortcuts[] = {
     // Greyed in the menu while there is nothing to find yet: the key then asks for it.
     {{F3Key, 0}, &MenuTree::mEdit, &MenuTree::mEditNext, &MenuTree::mEditFind},
     {{F5Key, 0}, &MenuTree::mView, &MenuTree::mViewRefresh},
+    {{'M', CtrlKey | ShiftKey}, &MenuTree::mView, &MenuTree::mViewColumn},
+    {{'U', CtrlKey | ShiftKey}, &MenuTree::mView, &MenuTree::mViewUnwrap},
     {{'D', CtrlKey}, &MenuTree::mBookmark, &MenuTree::mBookmarkNew},
     {{F1Key, 0}, &MenuTree::mHelp, &MenuTree::mHelpTopics},
 };

@@ -21,6 +21,7 @@
 // The book in the view.
 struct ShownBook {
     std::u16string path;  // "" for none
+    bool plain = false;   // a plain text
     int codePage = 0;     // of a plain text; 0 for Unicode and rich text
     ChosenCharset chosen; // by the reader for this book; none: as its bytes suggest
 };

@@ -121,6 +121,8 @@ void SwitchToProfile(MainForm& form, int index, const std::vector<std::u16string
         RestorePlacement(form);
         LoadProfileOptions(form.menu.mOptionsTitle, form.menu.mOptionsFileColor[0], *form.dataFile,
                            CurrentProfile(form));
+        SetColumn(*form.ports.textView, form.menu.mViewColumn[0],
+                  LoadColumnOption(*form.dataFile, CurrentProfile(form)));
         form.bookmarks.menu.enabled = false;
         form.book.path = u""; // what the view shows is another reader's
         const int book = LoadHistory(form, records, shown);

@@ -8,6 +8,7 @@
 #include "books/book_file.h"
 #include "books/book_script.h"
 #include "books/record_format.h"
+#include "books/unwrapped_book.h"
 #include "common/flag_scope.h"
 #include "common/text.h"
 #include "formats/plain/plain_text_source.h"
@@ -26,7 +27,8 @@ std::shared_ptr<PlainTextSource> TextOf(MainForm& form, const BookRecord& record
     ShownBook& book = form.book;
     book.chosen = CharsetChosenFor(*form.dataFile, SectionOf(form, record), record, ansiCodePage);
     book.codePage = 0;
-    if (!content.plainText) return nullptr;
+    book.plain = content.plainText != nullptr;
+    if (!book.plain) return nullptr;
     auto text = DecodeBook(content.plainText, book.chosen, ansiCodePage);
     book.codePage = text->CodePage();
     int& charset = form.format.font.charset;
@@ -61,6 +63,8 @@ void ShowInTextView(MainForm& form, const BookRecord& record, BookContent conten
     view.SetFont(form.format.font);
     ApplyFont(view, form.format.font, Scrolling::Leave);
     SetWordWrap(view, *form.ports.window, form.menu.mViewWordWrap[0], record.Flag(Field::Wrap));
+    SetUnwrapped(view, form.menu.mViewUnwrap[0],
+                 text && LoadUnwrapped(*form.dataFile, SectionOf(form, record)));
     if (text)
         view.LoadText(std::move(text));
     else

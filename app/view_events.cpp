@@ -41,11 +41,13 @@ void fwMain_Zoom(MainForm& form, int steps) {
 void rtMain_ContextMenu(MainForm& form) {
     MenuTree& menu = form.menu;
     mEdit_Click(form, 0);
+    mView_Click(form, 0);
     mBookmark_Click(form, 0);
     form.ports.menuBar->ShowContextMenu({&menu.mEditCopy, &menu.mEditCopyRTF, &menu.mEditSeparator1,
                                          &menu.mEditAll, &menu.mEditSeparator2, &menu.mEditFind,
                                          &menu.mEditNext, &menu.mEditSeparator3, &menu.mEditTitle,
-                                         &menu.mBookmarkNew});
+                                         &menu.mBookmarkNew, &menu.mViewSeparator5,
+                                         &menu.mViewColumn, &menu.mViewUnwrap});
 }
 
 void rtMain_FilesDropped(MainForm& form, const std::vector<std::u16string>& paths) {

@@ -103,6 +103,13 @@ class TextView {
     virtual void SetAlignment(Alignment) = 0;
     // In twips; 0 wraps at the view's edge, else lines break at this width.
     virtual void SetRightMargin(int twips) = 0;
+    // Wrapped lines have at most so many average letters of the text's font, and stand in a column
+    // in the middle of the view; tables and pictures may take all of its width. 0: as wide as the
+    // view.
+    virtual void SetMaxLineLength(int letters) = 0;
+    // Whether lines that a plain text broke for their width alone are shown as paragraphs, where
+    // lines wrap. The text and all positions in it stay as they are.
+    virtual void SetUnwrapped(bool) = 0;
 
     // Asks for the printer and the pages by the system's dialog, and prints the text in its font
     // and colours on white, with `title` at the head of the pages and their numbers at the foot.

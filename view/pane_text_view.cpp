@@ -160,3 +160,11 @@ void PaneTextView::SetAlignment(Alignment alignment) {
 void PaneTextView::SetRightMargin(int twips) {
     ChangeStyle(Pane(), [&](ViewStyle& style) { style.rightMargin = twips; });
 }
+
+void PaneTextView::SetMaxLineLength(int letters) {
+    ChangeStyle(Pane(), [&](ViewStyle& style) { style.maxLineLength = letters; });
+}
+
+void PaneTextView::SetUnwrapped(bool on) {
+    ChangeStyle(Pane(), [&](ViewStyle& style) { style.unwrapped = on; });
+}

@@ -38,6 +38,8 @@ class PaneTextView : public TextView {
     void SetBackColor(Color color) override;
     void SetAlignment(Alignment alignment) override;
     void SetRightMargin(int twips) override;
+    void SetMaxLineLength(int letters) override;
+    void SetUnwrapped(bool on) override;
 
     int LayoutsMade() const { return Pane().Layouts().LayoutsMade(); } // blocks laid out so far
 

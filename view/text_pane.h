@@ -11,6 +11,8 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
+#include <vector>
 
 enum class PaneKey { Left, Right, Up, Down, PageUp, PageDown, Home, End, Space };
 
@@ -23,8 +25,8 @@ class TextPane {
     // Both start at the top with the caret at 0. A TextSource is plain text.
     void ShowText(Document document, bool plain);
     void ShowText(std::shared_ptr<const TextSource> text);
-    const TextSource& Source() const { return *text_; }
-    const Document& Text() const { return document_; } // its text may not be the one displayed
+    const TextSource& Source() const { return *text_; } // that of the file, however it is shown
+    const Document& Text() const { return document_; }  // its text may not be the one displayed
     bool IsPlain() const { return context_.plain; }
     const ViewStyle& Style() const { return viewStyle_; }
     void SetStyle(const ViewStyle& style);
@@ -82,8 +84,10 @@ class TextPane {
     void ResetView();
     void UpdateLayoutSize();
     void Relayout();
+    void ChooseShownText();
     bool UpdateResolution();
     int BreakWidth(int room) const;
+    int ColumnWidth(int room);
     int SideMargin();
     void ScrollRightTo(int x);
     void UpdateScrollBars();
@@ -107,15 +111,18 @@ class TextPane {
     LineLayout& lines_;
     PictureStore& pictures_;
     Document document_;
-    std::shared_ptr<const TextSource> text_; // the document's text, or a TextSource
+    std::shared_ptr<const TextSource> text_;      // the document's text, or a TextSource
+    std::shared_ptr<const TextSource> unwrapped_; // the same as it is shown, where that differs
     ViewStyle viewStyle_;
     SystemStyle system_;
     TextStyles styles_;
     LayoutContext context_;
     TextLayouts layouts_;
     TextScroller scroller_;
-    int margin_ = 0; // on both sides of the text
-    int width_ = 1;  // of the window's room
+    int margin_ = 0;                // on both sides of the text
+    int width_ = 1;                 // of the window's room
+    std::optional<int> fullColumn_; // the width of the longest lines; none: not measured yet
+    std::optional<std::vector<std::u16string>> pageLines_; // likewise
     int scrollX_ = 0, maxScrollX_ = 0;
     bool horizontalBar_ = false;
 

@@ -33,7 +33,7 @@ void TextPane::PaintCaret(Canvas& canvas) {
     const auto caret = CaretRect();
     if (!caret) return;
     const Color text = PlainTextColor(viewStyle_, system_), back = viewStyle_.backColor;
-    canvas.FillRect(*caret, HasContrast(text, back) ? text : LegibleOn(back));
+    canvas.FillRect(*caret, CanBeSeen(text, back) ? text : LegibleOn(back));
 }
 
 // Called when painting, because then the visible blocks are laid out anyway: a book that is opened

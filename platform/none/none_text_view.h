@@ -44,6 +44,8 @@ class NoneTextView : public TextView {
     void SetBackColor(Color color) override { style_.backColor = color; }
     void SetAlignment(Alignment alignment) override { style_.alignment = alignment; }
     void SetRightMargin(int twips) override { style_.rightMargin = twips; }
+    void SetMaxLineLength(int letters) override { style_.maxLineLength = letters; }
+    void SetUnwrapped(bool on) override { style_.unwrapped = on; }
 
     void SetBounds(const Rect& bounds) override { bounds_ = bounds; }
     void SetVisible(bool visible) override { visible_ = visible; }
@@ -64,6 +66,8 @@ class NoneTextView : public TextView {
     const ViewFont& Font() const { return style_.font; }
     Alignment ShownAlignment() const { return style_.alignment.value_or(Alignment::Left); }
     int RightMargin() const { return style_.rightMargin; }
+    int MaxLineLength() const { return style_.maxLineLength; }
+    bool Unwrapped() const { return style_.unwrapped; }
     int X(TextPos position) const; // of a character in the view, in pixels
     const Rect& Bounds() const { return bounds_; }
     bool Visible() const { return visible_; }

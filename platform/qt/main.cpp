@@ -1,5 +1,6 @@
 #include "app/main_form.h"
 #include "app/start_up.h"
+#include "platform/qt/color_scheme/color_scheme.h"
 #include "platform/qt/qt_ports.h"
 #include "platform/qt/system/application_setup.h"
 
@@ -14,6 +15,7 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     fontconfig.Finish();
     QGuiApplication::setDesktopFileName(QStringLiteral("norvaset"));
+    const ColorScheme colorScheme;
     MainForm form(MakeQtPorts(argc, argv));
     return Form_Load(form) ? QApplication::exec() : 0;
 }

@@ -252,7 +252,8 @@ TEST_CASE("context menu: the commands that apply") {
     const std::vector<MenuArray*> commands{
         &menu.mEditCopy,       &menu.mEditCopyRTF, &menu.mEditSeparator1, &menu.mEditAll,
         &menu.mEditSeparator2, &menu.mEditFind,    &menu.mEditNext,       &menu.mEditSeparator3,
-        &menu.mEditTitle,      &menu.mBookmarkNew};
+        &menu.mEditTitle,      &menu.mBookmarkNew, &menu.mViewSeparator5, &menu.mViewColumn,
+        &menu.mViewUnwrap};
     for (const TextPos selected : {3, 0}) {
         test.View().Select(4, selected);
         test.View().onContextMenu();

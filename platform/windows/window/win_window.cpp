@@ -2,6 +2,7 @@
 
 #include "platform/shared/call_handler.h"
 #include "platform/windows/base/text.h"
+#include "platform/windows/window/title_bar.h"
 #include "platform/windows/window/win_drops.h"
 #include "platform/windows/window/window_messages.h"
 
@@ -75,6 +76,7 @@ WinWindow::WinWindow()
       panel_({L"NorvasetPanel", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, WS_EX_CLIENTEDGE,
               frame_.Handle()}) {
     SetDefaultBounds();
+    FollowColorScheme(Handle());
     DragAcceptFiles(Handle(), TRUE);
 }
 
@@ -223,6 +225,9 @@ LRESULT WinWindow::HandleMessage(HWND window, UINT message, WPARAM wParam, LPARA
         // Bounds from a larger desktop are not clipped to this one.
         reinterpret_cast<MINMAXINFO*>(lParam)->ptMaxTrackSize = {maxExtent, maxExtent};
         return 0;
+    case WM_SETTINGCHANGE:
+        FollowColorScheme(window);
+        return DefWindowProcW(window, message, wParam, lParam);
     case WM_DROPFILES: drops_.Add(window, FinishDrop(reinterpret_cast<HDROP>(wParam))); return 0;
     case WM_TIMER:
         if (wParam == closeTimer) CloseWhenPossible();
