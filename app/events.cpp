@@ -26,6 +26,14 @@ void HandlePageEvents(MainForm& form) {
     if (std::exchange(form.page.gone, false)) RunCommand(form, [&] { wbMain_Gone(form); });
 }
 
+// While a command waits for a dialog its user is at something else: the books come after it, all of
+// them, as each was asked for.
+void OpenHandedOver(MainForm& form) {
+    if (form.handling) return;
+    for (const std::u16string& book : std::exchange(form.handedOver, {}))
+        RunCommand(form, [&] { rtMain_FilesDropped(form, {book}); });
+}
+
 void ShowWaitingMessages(MainForm& form) {
     if (form.handling || !form.messages.windowShown || form.messages.waiting.empty()) return;
     RunCommand(form, [&] {
@@ -59,6 +67,7 @@ void RunCommand(MainForm& form, const std::function<void()>& command) {
     }
     ShowWaitingMessages(form);
     HandlePageEvents(form);
+    OpenHandedOver(form);
 }
 
 namespace {
@@ -94,6 +103,14 @@ void ConnectHtmlView(MainForm& form) {
     };
 }
 } // namespace
+
+void ConnectLaterStarts(MainForm& form) {
+    form.ports.shell->onStartRequest = [&form](const StartRequest& request) {
+        if (form.messages.windowShown) form.ports.window->BringToFront(request.activation);
+        if (!request.book.empty()) form.handedOver.push_back(request.book);
+        OpenHandedOver(form);
+    };
+}
 
 void ConnectEvents(MainForm& form) {
     WindowEvents events;

@@ -16,6 +16,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 // The book in the view.
 struct ShownBook {
@@ -45,6 +46,8 @@ struct MainForm {
     FindState find;
     WindowPlacement placement;
     int autosaveTick = 0; // seconds since the reading state was saved, 0 to 59
+
+    std::vector<std::u16string> handedOver; // books of later starts, while a command runs
 
     bool ProfileSwitching = false; // start-up's first switch into a profile
     bool ProfileChanging = false;  // a switch into a profile is running

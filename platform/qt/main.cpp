@@ -10,10 +10,11 @@ int main(int argc, char** argv) {
     // as a whole.
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
     ExcludeProgramFolderFromPluginPaths();
+    const std::u16string activation = StartupActivation();
     FontconfigLoader fontconfig;
     const QApplication application(argc, argv);
     fontconfig.Finish();
     QGuiApplication::setDesktopFileName(QStringLiteral("norvaset"));
-    MainForm form(MakeQtPorts(argc, argv));
+    MainForm form(MakeQtPorts(argc, argv, activation));
     return Form_Load(form) ? QApplication::exec() : 0;
 }

@@ -102,6 +102,13 @@ void WinWindow::Close() {
     DestroyWindow(Handle());
 }
 
+// The start that asks has given the right to it (AllowSetForegroundWindow), so there is no token.
+void WinWindow::BringToFront(const std::u16string&) {
+    if (IsMenuOpen()) EndMenu();
+    if (IsIconic(Handle())) ShowWindow(Handle(), SW_RESTORE);
+    SetForegroundWindow(GetLastActivePopup(Handle()));
+}
+
 void WinWindow::Unload() {
     if (!std::exchange(unloaded_, true)) CallHandler(events_.onUnload);
 }

@@ -34,6 +34,7 @@ class WinWindow final : public Window {
     void SetEvents(WindowEvents) override;
     void Open() override;
     void Close() override;
+    void BringToFront(const std::u16string& activation) override;
     WindowState State() const override;
     void SetState(WindowState) override;
     Rect Bounds() const override;
