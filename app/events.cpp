@@ -1,6 +1,7 @@
 #include "app/events.h"
 
 #include "app/book_state.h"
+#include "app/empty_view.h"
 #include "app/help_menu.h"
 #include "app/keys.h"
 #include "app/links.h"
@@ -141,6 +142,9 @@ void ConnectEvents(MainForm& form) {
     // Not a command of its own: it comes while one waits for its message.
     form.ports.dialogs->onHelp = [&form](const std::string& topic) { OpenHelp(form, topic); };
 
+    form.ports.textView->onPlaceholderLink = [&form] {
+        RunCommand(form, [&form] { OpenWelcomeBook(form); });
+    };
     form.ports.textView->onContextMenu = [&form] {
         RunCommand(form, [&] { rtMain_ContextMenu(form); });
     };

@@ -1,6 +1,7 @@
 #include "app/keys.h"
 
 #include "app/bookmark_menu.h"
+#include "app/empty_view.h"
 #include "app/links.h"
 #include "app/main_form.h"
 #include "app/shown_book.h"
@@ -56,6 +57,7 @@ void Form_KeyDown(MainForm& form, int keyCode, int shift) {
     };
     std::ranges::for_each(shortcuts, choose);
     choose(olderCopy);
+    if (keyCode == EnterKey && shift == 0) OpenWelcomeBook(form);
     if (keyCode == LeftKey && shift == AltKey) GoBackAlongLinks(form);
     if (keyCode == F4Key && shift == AltKey) form.ports.window->Close();
 }

@@ -154,3 +154,7 @@ void PaneTextView::SetAlignment(Alignment alignment) {
 void PaneTextView::SetRightMargin(int twips) {
     ChangeStyle(Pane(), [&](ViewStyle& style) { style.rightMargin = twips; });
 }
+
+void PaneTextView::SetPlaceholder(const Placeholder& placeholder) {
+    Pane().SetPlaceholder(placeholder);
+}

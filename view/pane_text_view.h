@@ -35,6 +35,7 @@ class PaneTextView : public TextView {
     void SetBackColor(Color color) override;
     void SetAlignment(Alignment alignment) override;
     void SetRightMargin(int twips) override;
+    void SetPlaceholder(const Placeholder& placeholder) override;
 
     int LayoutsMade() const { return Pane().Layouts().LayoutsMade(); } // blocks laid out so far
 
