@@ -35,6 +35,10 @@ class Window {
     // wish alone.
     virtual void BringToFront(const std::u16string& activation) = 0;
 
+    // What was asked for cannot be done: the system's sound for that, and the attention of the
+    // title bar where the system has it. Without a message.
+    virtual void Alert() = 0;
+
     virtual WindowState State() const = 0;
     virtual void SetState(WindowState) = 0;
     // The rectangle the window has now, with its frame, in pixels of the screen; meaningful while

@@ -97,6 +97,20 @@ TEST_CASE("window contract: what its user makes of it counts, wherever it was as
     });
 }
 
+TEST_CASE("window contract: an alert changes nothing of the window") {
+    OnEachWindow([](WindowUnderTest& test) {
+        Window& window = test.Get();
+        window.Alert(); // also of one that is not shown
+        window.Move(reachable);
+        window.Open();
+        test.Settle();
+        window.Alert();
+        test.Settle();
+        CHECK(window.Bounds() == reachable);
+        CHECK(window.State() == WindowState::Normal);
+    });
+}
+
 TEST_CASE("window contract: asked to come to the front, an icon is a window again") {
     OnEachWindow([](WindowUnderTest& test) {
         Window& window = test.Get();

@@ -127,7 +127,8 @@ class Setup(WindowsTest):
     def assert_is_offered(self, root):
         """Under "Open with"."""
         classes = root + r"\Software\Classes"
-        kinds = {".txt": "text", ".rtf": "richtext", ".htm": "html", ".html": "html"}
+        kinds = {".txt": "text", ".rtf": "richtext", ".htm": "html", ".html": "html",
+                 ".xhtml": "html"}
         self.assertEqual(set(self.registered(classes + r"\Applications\Norvaset.exe\SupportedTypes")), set(kinds))
         for ending, kind in kinds.items():
             self.assertIn("Norvaset." + kind, self.registered(f"{classes}\\{ending}\\OpenWithProgids"))

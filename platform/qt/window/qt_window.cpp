@@ -80,6 +80,12 @@ void QtWindow::BringToFront(const std::u16string& activation) {
     ActivateWindow(dialog ? *dialog->windowHandle() : *windowHandle(), ToQt(activation).toUtf8());
 }
 
+// Desktops mark the title of a window that is not the active one.
+void QtWindow::Alert() {
+    QApplication::beep();
+    QApplication::alert(this);
+}
+
 void QtWindow::CloseFromSystem() {
     CloseMenus();
     if (QWidget* dialog = QApplication::activeModalWidget()) {

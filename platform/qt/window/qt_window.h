@@ -40,6 +40,7 @@ class QtWindow final : public QWidget, public Window {
     void Open() override;
     void Close() override;
     void BringToFront(const std::u16string& activation) override;
+    void Alert() override;
     WindowState State() const override;
     void SetState(WindowState) override;
     Rect Bounds() const override;

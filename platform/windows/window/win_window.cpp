@@ -109,6 +109,13 @@ void WinWindow::BringToFront(const std::u16string&) {
     SetForegroundWindow(GetLastActivePopup(Handle()));
 }
 
+void WinWindow::Alert() {
+    constexpr UINT flashes = 3;
+    FLASHWINFO flash = {sizeof flash, Handle(), FLASHW_CAPTION, flashes, 0};
+    MessageBeep(MB_ICONWARNING);
+    FlashWindowEx(&flash);
+}
+
 void WinWindow::Unload() {
     if (!std::exchange(unloaded_, true)) CallHandler(events_.onUnload);
 }

@@ -35,6 +35,7 @@ class WinWindow final : public Window {
     void Open() override;
     void Close() override;
     void BringToFront(const std::u16string& activation) override;
+    void Alert() override;
     WindowState State() const override;
     void SetState(WindowState) override;
     Rect Bounds() const override;
