@@ -116,8 +116,7 @@ TEST_CASE("window contract: asked to come to the front, an icon is a window agai
         Window& window = test.Get();
         window.Open();
         test.Settle();
-        for (const std::u16string& activation :
-             {u"", u"files-1-desk_TIME12345", u"\"\\ no token"}) {
+        for (const char16_t* activation : {u"", u"files-1-desk_TIME12345", u"\"\\ no token"}) {
             window.SetState(WindowState::Minimized);
             test.Settle();
             CHECK(window.State() == WindowState::Minimized);
