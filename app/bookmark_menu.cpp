@@ -76,6 +76,7 @@ void RefreshBookmarkMenu(MainForm& form) {
 void mBookmark_Click(MainForm& form, int) {
     MenuTree& menu = form.menu;
     const int count = menu.mBookmarkList.Count(), current = CurrentBookmark(form.bookmarks);
+    menu.mBookmarkNew[0].shown.clear();
     menu.mBookmarkNew[0].enabled = IsShownBookListed(form) && CanDefine(form);
     menu.mBookmarkDelete[0].enabled = menu.mBookmarkClearAll[0].enabled =
         menu.mBookmarkList[0].visible;

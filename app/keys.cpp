@@ -2,6 +2,7 @@
 
 #include "app/auto_scroll.h"
 #include "app/bookmark_menu.h"
+#include "app/empty_view.h"
 #include "app/links.h"
 #include "app/main_form.h"
 #include "app/places.h"
@@ -65,6 +66,7 @@ void Form_KeyDown(MainForm& form, int keyCode, int shift) {
     if (keyCode == 'G' && shift == CtrlKey) GoToPlace(form);
     if (keyCode == 'P' && shift == CtrlKey) PrintBook(form);
     if (keyCode == EscapeKey && shift == 0) LeaveFullScreen(form);
+    if (keyCode == EnterKey && shift == 0) OpenWelcomeBook(form);
     if (keyCode == LeftKey && shift == AltKey) GoBackAlongLinks(form);
     if (keyCode == F4Key && shift == AltKey) form.ports.window->Close();
 }

@@ -17,6 +17,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 // The book in the view.
 struct ShownBook {
@@ -48,6 +49,8 @@ struct MainForm {
     AutoScroll autoScroll;
     WindowPlacement placement;
     int autosaveTick = 0; // seconds since the reading state was saved, 0 to 59
+
+    std::vector<std::u16string> handedOver; // books of later starts, while a command runs
 
     bool ProfileSwitching = false; // start-up's first switch into a profile
     bool ProfileChanging = false;  // a switch into a profile is running

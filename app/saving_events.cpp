@@ -12,7 +12,8 @@ void Form_Unload(MainForm& form) {
     SaveBookState(form, 0);
     SaveWindowPlacement(form.placement, *form.dataFile, CurrentProfile(form), *form.ports.window);
     oneWrite.Commit();
-    form.closed = true; // nothing may begin while the last message waits
+    form.ports.shell->onStartRequest = nullptr; // a later start waits for the end of this one
+    form.closed = true;                         // nothing may begin while the last message waits
     WriteDataFileAtLast(form);
 }
 

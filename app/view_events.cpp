@@ -10,6 +10,7 @@
 #include "app/view_menu.h"
 #include "books/html_book.h"
 #include "common/flag_scope.h"
+#include "common/menu_items.h"
 #include "common/text.h"
 #include "reading/page_colors.h"
 #include "reading/zoom.h"
@@ -43,6 +44,10 @@ void rtMain_ContextMenu(MainForm& form) {
     mEdit_Click(form, 0);
     mView_Click(form, 0);
     mBookmark_Click(form, 0);
+    // "Define" alone says too little outside of its menu, whose opening takes this back.
+    MenuItem& define = menu.mBookmarkNew[0];
+    const std::size_t base = BaseCaption(define).size();
+    define.shown = define.caption.substr(0, base) + u" Bookmark" + define.caption.substr(base);
     form.ports.menuBar->ShowContextMenu({&menu.mEditCopy, &menu.mEditCopyRTF, &menu.mEditSeparator1,
                                          &menu.mEditAll, &menu.mEditSeparator2, &menu.mEditFind,
                                          &menu.mEditNext, &menu.mEditSeparator3, &menu.mEditTitle,

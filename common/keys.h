@@ -3,6 +3,7 @@
 
 // Key codes are Windows virtual-key codes on every system; letters and digits are their own.
 enum VirtualKey {
+    EnterKey = 13,
     EscapeKey = 27,
     LeftKey = 37,
     InsertKey = 45,

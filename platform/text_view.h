@@ -31,6 +31,12 @@ struct LineSpan {
     TextPos start = 0, length = 0; // length without the paragraph break
 };
 
+// What stands in the middle of a view without a text.
+struct Placeholder {
+    std::u16string text; // "" for nothing at all
+    std::u16string link; // below it, "" for none
+};
+
 // Positions outside the text are moved to its nearest end by every function. No function fails:
 // a view that cannot do something shows what it can.
 class TextView {
@@ -122,6 +128,9 @@ class TextView {
     virtual void FocusView() = 0;
     // What the text is called where it is read aloud. For a view that is accessible.
     virtual void SetName(std::u16string_view) {}
+
+    virtual void SetPlaceholder(const Placeholder&) = 0;
+    std::function<void()> onPlaceholderLink; // it was clicked
 
     // A context menu is asked for, at the pointer or from the keyboard.
     std::function<void()> onContextMenu;

@@ -32,6 +32,16 @@ class Window {
     virtual void Open() = 0;  // shows the window for the first time
     virtual void Close() = 0; // as the user's close does: `onUnload`, then gone
 
+    // For an open window: closes open menus, restores it from an icon, and gives it, or the dialog
+    // that is open on it, the keyboard as far as the desktop lets it. `activation` is what the
+    // desktop gave the start that asks for it (`StartRequest`); without one a desktop may show the
+    // wish alone.
+    virtual void BringToFront(const std::u16string& activation) = 0;
+
+    // What was asked for cannot be done: the system's sound for that, and the attention of the
+    // title bar where the system has it. Without a message.
+    virtual void Alert() = 0;
+
     virtual WindowState State() const = 0;
     virtual void SetState(WindowState) = 0;
     // The rectangle the window has now, with its frame, in pixels of the screen; meaningful while

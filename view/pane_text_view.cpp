@@ -168,3 +168,7 @@ void PaneTextView::SetMaxLineLength(int letters) {
 void PaneTextView::SetUnwrapped(bool on) {
     ChangeStyle(Pane(), [&](ViewStyle& style) { style.unwrapped = on; });
 }
+
+void PaneTextView::SetPlaceholder(const Placeholder& placeholder) {
+    Pane().SetPlaceholder(placeholder);
+}

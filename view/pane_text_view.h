@@ -40,6 +40,7 @@ class PaneTextView : public TextView {
     void SetRightMargin(int twips) override;
     void SetMaxLineLength(int letters) override;
     void SetUnwrapped(bool on) override;
+    void SetPlaceholder(const Placeholder& placeholder) override;
 
     int LayoutsMade() const { return Pane().Layouts().LayoutsMade(); } // blocks laid out so far
 

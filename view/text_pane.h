@@ -5,6 +5,7 @@
 #include "view/caret_moves.h"
 #include "view/heading_index.h"
 #include "view/pane_window.h"
+#include "view/placeholder.h"
 #include "view/text_scroller.h"
 
 #include <algorithm>
@@ -74,6 +75,10 @@ class TextPane {
     void OnFocusChanged();
     void OnResized() { UpdateLayoutSize(); }
 
+    // Shown while the text is empty.
+    void SetPlaceholder(const Placeholder& placeholder);
+    bool IsPlaceholderLink(Point point) const; // as it was last painted
+
     // Over a window filled with the background colour. `clip` is what is to be drawn.
     void Paint(Canvas& canvas, const Rect& clip);
     int LineHeight(); // of the view's font
@@ -135,4 +140,6 @@ class TextPane {
     HeadingIndex headings_;
     bool labelShown_ = false;
     std::optional<TextSpan> visibleSpan_;
+    Placeholder placeholder_;
+    Rect placeholderLink_; // empty: none is painted
 };

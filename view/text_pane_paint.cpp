@@ -24,8 +24,22 @@ void TextPane::Paint(Canvas& canvas, const Rect& clip) {
         PaintBackground(canvas, *block, {-ToTextX(0), y});
     for (const auto& [block, y] : shown)
         PaintBlock(canvas, paint, *block, {-ToTextX(0), y}, clip);
-    PaintCaret(canvas);
+    if (text_->Length() == 0 && !placeholder_.text.empty())
+        placeholderLink_ = PaintPlaceholder(canvas, lines_, placeholder_, system_,
+                                            {window_.Room(), margin_, viewStyle_.backColor, clip});
+    else
+        PaintCaret(canvas);
     if (labelShown_) PaintLabel(canvas);
+}
+
+void TextPane::SetPlaceholder(const Placeholder& placeholder) {
+    placeholder_ = placeholder;
+    placeholderLink_ = {};
+    window_.Redraw();
+}
+
+bool TextPane::IsPlaceholderLink(Point point) const {
+    return text_->Length() == 0 && Intersect(placeholderLink_, {point.x, point.y, 1, 1});
 }
 
 void TextPane::PaintCaret(Canvas& canvas) {

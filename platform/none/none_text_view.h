@@ -53,6 +53,9 @@ class NoneTextView : public TextView {
     void FocusView() override {}
     void SetName(std::u16string_view name) override { name_ = name; }
 
+    void SetPlaceholder(const Placeholder& given) override { placeholder = given; }
+    Placeholder placeholder;
+
     // As a test wants it.
     bool mirrorsRightToLeft = false;
     std::vector<Heading> headings;

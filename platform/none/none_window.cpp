@@ -6,6 +6,11 @@ void NoneWindow::Close() {
     if (events_.onUnload) events_.onUnload();
 }
 
+void NoneWindow::BringToFront(const std::u16string& activation) {
+    activations.push_back(activation);
+    if (state_ == WindowState::Minimized) SetState(WindowState::Normal);
+}
+
 void NoneWindow::SetState(WindowState state) {
     if (state == state_) return;
     state_ = state;

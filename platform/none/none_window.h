@@ -9,6 +9,8 @@ class NoneWindow : public Window {
     void SetEvents(WindowEvents events) override { events_ = std::move(events); }
     void Open() override { open = true; }
     void Close() override;
+    void BringToFront(const std::u16string& activation) override;
+    void Alert() override { ++alerts; }
 
     WindowState State() const override { return state_; }
     void SetState(WindowState) override;
@@ -39,7 +41,8 @@ class NoneWindow : public Window {
     static constexpr int MenuHeight = 20;
     double twipsPerPixel = 15;
     bool open = false, closed = false, systemFontApplied = false;
-    int moves = 0;
+    int moves = 0, alerts = 0;
+    std::vector<std::u16string> activations; // one for each time it came to the front
     std::vector<Rect> screens{{0, 0, 1920, 1080}};
     std::u16string title;
     Rect panel;

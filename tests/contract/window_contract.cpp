@@ -128,3 +128,38 @@ TEST_CASE("window contract: what its user makes of it counts, wherever it was as
         CHECK(told > 0);
     });
 }
+
+TEST_CASE("window contract: an alert changes nothing of the window") {
+    OnEachWindow([](WindowUnderTest& test) {
+        Window& window = test.Get();
+        window.Alert(); // also of one that is not shown
+        window.Move(reachable);
+        window.Open();
+        test.Settle();
+        window.Alert();
+        test.Settle();
+        CHECK(window.Bounds() == reachable);
+        CHECK(window.State() == WindowState::Normal);
+    });
+}
+
+TEST_CASE("window contract: asked to come to the front, an icon is a window again") {
+    OnEachWindow([](WindowUnderTest& test) {
+        Window& window = test.Get();
+        window.Open();
+        test.Settle();
+        for (const char16_t* activation : {u"", u"files-1-desk_TIME12345", u"\"\\ no token"}) {
+            window.SetState(WindowState::Minimized);
+            test.Settle();
+            CHECK(window.State() == WindowState::Minimized);
+            window.BringToFront(activation);
+            test.Settle();
+            CHECK(window.State() == WindowState::Normal);
+        }
+        window.SetState(WindowState::Maximized);
+        test.Settle();
+        window.BringToFront(u"");
+        test.Settle();
+        CHECK(window.State() == WindowState::Maximized);
+    });
+}

@@ -12,6 +12,9 @@ QtTextView::QtTextView(QWidget* parent) : widget_(new TextWidget(parent)) {
     widget_->onFilesDropped = [this](const std::vector<std::u16string>& paths) {
         if (onFilesDropped) onFilesDropped(paths);
     };
+    widget_->onPlaceholderLink = [this] {
+        if (onPlaceholderLink) onPlaceholderLink();
+    };
 }
 
 QtTextView::~QtTextView() {
@@ -49,8 +52,7 @@ void QtTextView::SetVisible(bool visible) {
 }
 
 void QtTextView::SetPointer(Pointer pointer) {
-    widget_->viewport()->setCursor(pointer == Pointer::Hourglass ? Qt::WaitCursor
-                                                                 : Qt::IBeamCursor);
+    widget_->SetPointer(pointer == Pointer::Hourglass ? Qt::WaitCursor : Qt::IBeamCursor);
 }
 
 void QtTextView::FocusView() {

@@ -31,7 +31,8 @@ TextWidget::TextWidget(QWidget* parent)
     setAcceptDrops(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    viewport()->setCursor(Qt::IBeamCursor);
+    viewport()->setCursor(pointer_);
+    viewport()->setMouseTracking(true); // for the pointer over a link
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     UpdateSystemStyle();
     verticalScrollBar()->installEventFilter(this);

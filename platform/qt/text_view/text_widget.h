@@ -26,6 +26,8 @@ class TextWidget : public QAbstractScrollArea, private PaneWindow {
 
     std::function<void()> onContextMenu;
     std::function<void(const std::vector<std::u16string>&)> onFilesDropped;
+    std::function<void()> onPlaceholderLink;
+    void SetPointer(Qt::CursorShape shape); // but over a link
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -67,6 +69,7 @@ class TextWidget : public QAbstractScrollArea, private PaneWindow {
 
     QBasicTimer& TimerOf(PaneTimer timer) { return timers_[std::size_t(timer)]; }
     void UpdateSystemStyle();
+    void UpdatePointer(Point point);
     void OnVerticalAction(int action);
     int ToPixels(int ofWidget) const { return int(ofWidget * devicePixelRatioF()); }
     Point ToPane(QPoint point) const { return {ToPixels(point.x()), ToPixels(point.y())}; }
@@ -82,6 +85,7 @@ class TextWidget : public QAbstractScrollArea, private PaneWindow {
     TextPane pane_;
 
     QPoint mouse_, contextPoint_;
+    Qt::CursorShape pointer_ = Qt::IBeamCursor;
     QElapsedTimer sinceDoubleClick_;
     std::array<QBasicTimer, paneTimers> timers_;
     QBasicTimer visibleDataTimer_;

@@ -4,6 +4,7 @@
 #include "platform/qt/window/accessible_roles.h"
 #include "platform/qt/window/key_codes.h"
 #include "platform/qt/window/menu_bar_focus.h"
+#include "platform/qt/window/window_activation.h"
 #include "platform/qt/window/window_icon.h"
 #include "platform/shared/call_handler.h"
 
@@ -24,6 +25,11 @@
 namespace {
 constexpr double defaultFontSize = 12; // points
 constexpr double twipsPerInch = 1440;
+
+void CloseMenus() {
+    while (QWidget* menu = QApplication::activePopupWidget())
+        if (!menu->close()) break;
+}
 } // namespace
 
 QtWindow::QtWindow()
@@ -68,9 +74,22 @@ void QtWindow::Close() {
     close();
 }
 
+void QtWindow::BringToFront(const std::u16string& activation) {
+    CloseMenus();
+    if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
+    const QWidget* dialog = QApplication::activeModalWidget();
+    raise();
+    ActivateWindow(dialog ? *dialog->windowHandle() : *windowHandle(), ToQt(activation).toUtf8());
+}
+
+// Desktops mark the title of a window that is not the active one.
+void QtWindow::Alert() {
+    QApplication::beep();
+    QApplication::alert(this);
+}
+
 void QtWindow::CloseFromSystem() {
-    while (QWidget* menu = QApplication::activePopupWidget())
-        if (!menu->close()) break;
+    CloseMenus();
     if (QWidget* dialog = QApplication::activeModalWidget()) {
         dialog->close();
         // The handler that waits for the dialog continues first, and may open another one.

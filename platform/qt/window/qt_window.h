@@ -39,6 +39,8 @@ class QtWindow final : public QWidget, public Window {
     void SetEvents(WindowEvents) override;
     void Open() override;
     void Close() override;
+    void BringToFront(const std::u16string& activation) override;
+    void Alert() override;
     WindowState State() const override;
     void SetState(WindowState) override;
     Rect Bounds() const override;

@@ -119,6 +119,7 @@ bool TextWindow::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
 
 // The class has no double clicks, so that a third click can be told from a first.
 void TextWindow::HandleClick(POINT point, bool extend) {
+    if (pane_.IsPlaceholderLink(ToPane(point))) return CallHandler(onPlaceholderLink);
     const DWORD now = static_cast<DWORD>(GetMessageTime());
     const bool soon = now - clickTime_ <= GetDoubleClickTime() && IsNear(point, clicked_);
     clicks_ = soon && clicks_ < 3 ? clicks_ + 1 : 1;

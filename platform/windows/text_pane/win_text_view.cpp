@@ -12,6 +12,9 @@ WinTextView::WinTextView(HWND parent) : text_(std::make_unique<TextWindow>(paren
     text_->onDrop = [this](std::vector<std::u16string> paths) {
         drops_.Add(Handle(), std::move(paths));
     };
+    text_->onPlaceholderLink = [this] {
+        if (onPlaceholderLink) onPlaceholderLink();
+    };
     text_->onCopy = [this] {
         if (onCopy) onCopy();
     };

@@ -116,6 +116,20 @@ void WinWindow::Close() {
     DestroyWindow(Handle());
 }
 
+// The start that asks has given the right to it (AllowSetForegroundWindow), so there is no token.
+void WinWindow::BringToFront(const std::u16string&) {
+    if (IsMenuOpen()) EndMenu();
+    if (IsIconic(Handle())) ShowWindow(Handle(), SW_RESTORE);
+    SetForegroundWindow(GetLastActivePopup(Handle()));
+}
+
+void WinWindow::Alert() {
+    constexpr UINT flashes = 3;
+    FLASHWINFO flash = {sizeof flash, Handle(), FLASHW_CAPTION, flashes, 0};
+    MessageBeep(MB_ICONWARNING);
+    FlashWindowEx(&flash);
+}
+
 void WinWindow::Unload() {
     if (!std::exchange(unloaded_, true)) CallHandler(events_.onUnload);
 }

@@ -35,6 +35,8 @@ class WinWindow final : public Window {
     void SetEvents(WindowEvents) override;
     void Open() override;
     void Close() override;
+    void BringToFront(const std::u16string& activation) override;
+    void Alert() override;
     WindowState State() const override;
     void SetState(WindowState) override;
     Rect Bounds() const override;
