@@ -2,6 +2,7 @@
 
 #include "app/main_form.h"
 #include "app/shown_book.h"
+#include "app/text_places.h"
 #include "books/book_script.h"
 #include "books/html_book.h"
 #include "books/record_format.h"
@@ -53,6 +54,7 @@ void UpdateRecord(MainForm& form, int index, bool withPlace) {
         StoreNothingChosen(*form.dataFile, section, record, form.ports.locale->AnsiCodePage());
     SaveHistoryItem(form, index);
     if (index == 0 && !record[Field::Path].empty()) SaveSearches(form, section);
+    if (withPlace && !isPage) KeepTextPlaces(form, record, section);
     oneWrite.Commit();
 }
 } // namespace

@@ -4,6 +4,7 @@
 #include "app/menu_tree.h"
 #include "books/book_script.h"
 #include "books/history.h"
+#include "books/kept_places.h"
 #include "datafile/ini_file.h"
 #include "datafile/reported_trouble.h"
 #include "platform/ports.h"
@@ -24,6 +25,13 @@ struct ShownBook {
     ChosenCharset chosen; // by the reader for this book; none: as its bytes suggest
 };
 
+// What is kept of the places in the shown text.
+struct TextPlaces {
+    std::optional<FileVersion> file; // that the text was read from; none for a page
+    KeptPlaces kept, stored;         // as they are, and as the data file has them
+    KeptWords last;                  // around the place of Last Unmarked Position
+};
+
 struct MainForm {
     explicit MainForm(Ports);
 
@@ -40,6 +48,7 @@ struct MainForm {
     History history;
     Bookmarks bookmarks;
     ShownBook book;
+    TextPlaces places;
     HtmlPage page;     // of the shown book, when that is an HTML book
     TextFormat format; // of the text view
     FindState find;

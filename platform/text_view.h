@@ -58,6 +58,11 @@ class TextView {
     // the window drawn meanwhile and answers `findGivenUp` when the user presses Escape or closes
     // the window; other keys and the mouse do nothing then.
     virtual TextPos Find(std::u16string_view what, TextPos start, FindOptions) const = 0;
+    // Hands over the text loaded now, which stays as long as `look` runs. One that takes long asks
+    // `goesOn` now and then: the window stays drawn meanwhile as during a search, and is given up
+    // by the same.
+    using Look = std::function<void(const TextSource&, const std::function<bool()>& goesOn)>;
+    virtual void LookThrough(const Look& look) const = 0;
     // The selection as RTF source, pure ASCII.
     virtual std::string SelectionAsRtf() const = 0;
 

@@ -35,6 +35,11 @@ TextPos QtTextView::Find(std::u16string_view what, TextPos start, FindOptions op
     return FindWhile(what, start, options, [&events] { return events.ProcessEvents(); });
 }
 
+void QtTextView::LookThrough(const Look& look) const {
+    EventPump events;
+    look(Pane().Source(), [&events] { return events.ProcessEvents(); });
+}
+
 void QtTextView::SetBounds(const Rect& bounds) {
     widget_->setGeometry(bounds.left, bounds.top, bounds.width, bounds.height);
 }

@@ -21,6 +21,11 @@ TextPos WinTextView::Find(std::u16string_view what, TextPos start, FindOptions o
     return FindWhile(what, start, options, [&] { return messages.GoesOn(); });
 }
 
+void WinTextView::LookThrough(const Look& look) const {
+    SearchPump messages;
+    look(Pane().Source(), [&] { return messages.GoesOn(); });
+}
+
 void WinTextView::SetBounds(const Rect& bounds) {
     SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, bounds.width, bounds.height,
                  SWP_NOZORDER | SWP_NOACTIVATE);
