@@ -5,6 +5,7 @@
 #include "books/book_script.h"
 #include "books/history.h"
 #include "books/kept_places.h"
+#include "books/moved_books.h"
 #include "datafile/ini_file.h"
 #include "datafile/reported_trouble.h"
 #include "platform/ports.h"
@@ -32,6 +33,12 @@ struct TextPlaces {
     KeptWords last;                  // around the place of Last Unmarked Position
 };
 
+// A folder of which a book has been found elsewhere, while the others are looked for there.
+struct MovedFolder {
+    FolderMove folder;
+    int next = 0; // history index of the one to look for next
+};
+
 struct MainForm {
     explicit MainForm(Ports);
 
@@ -49,6 +56,7 @@ struct MainForm {
     Bookmarks bookmarks;
     ShownBook book;
     TextPlaces places;
+    std::optional<MovedFolder> moved;
     HtmlPage page;     // of the shown book, when that is an HTML book
     TextFormat format; // of the text view
     FindState find;

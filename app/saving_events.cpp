@@ -3,6 +3,7 @@
 #include "app/book_state.h"
 #include "app/data_file.h"
 #include "app/main_form.h"
+#include "app/moved_books.h"
 #include "app/shown_book.h"
 
 void Form_Unload(MainForm& form) {
@@ -20,6 +21,7 @@ void toSave_Timer(MainForm& form) {
     constexpr int saveInterval = 60; // seconds
     AdoptLateDataFile(form);
     WatchDataFile(form);
+    LookForMovedBooks(form, 5);
     form.autosaveTick = (form.autosaveTick + 1) % saveInterval;
     if (form.autosaveTick == 0) SaveBookState(form, 0);
 }

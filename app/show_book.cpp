@@ -77,10 +77,14 @@ void ShowInTextView(MainForm& form, BookRecord& record, BookContent content,
 }
 
 // The view is shown and starts to load the page. The rest follows when the document is complete.
-void ShowInHtmlView(MainForm& form, const BookRecord& record) {
+void ShowInHtmlView(MainForm& form, const BookRecord& record,
+                    const std::optional<FileVersion>& file) {
     HtmlView& html = *form.ports.htmlView;
     ResetPage(form.page);
     form.places = {};
+    form.places.file = file;
+    form.places.kept = form.places.stored =
+        LoadPlaces(*form.dataFile, SectionOf(form, record), PlacesOf::Page);
     ++form.page.load;
     form.page.path = record.Path();
     html.SetVisible(true);
@@ -146,7 +150,7 @@ void ShowBook(MainForm& form, int index) {
     BookRecord record = form.history.Record(0);
     form.menu.mFileEdit[0].tag = record[Field::Filter];
     if (record.Kind() == BookKind::Html)
-        ShowInHtmlView(form, record);
+        ShowInHtmlView(form, record, file);
     else
         ShowInTextView(form, record, std::move(content), file);
     form.menu.mFileList[0].checked = true;

@@ -22,7 +22,7 @@ KnownPlace Known(TextPos position, const KeptWords* kept) {
     return place;
 }
 
-BookPlaces PlacesOf(const MainForm& form, const BookRecord& record) {
+BookPlaces PlacesIn(const MainForm& form, const BookRecord& record) {
     const KeptPlaces& kept = form.places.kept;
     BookPlaces places;
     const TextPos top = record.Number(Field::LastPos);
@@ -112,14 +112,14 @@ void ForgetTextPlaces(MainForm& form) {
 
 void FollowText(MainForm& form, BookRecord& record, const std::optional<FileVersion>& file) {
     TextPlaces& state = form.places;
-    state.kept = state.stored = LoadPlaces(*form.dataFile, SectionOf(form, record));
+    state.kept = state.stored = LoadPlaces(*form.dataFile, SectionOf(form, record), PlacesOf::Text);
     KeptPlaces& kept = state.kept;
     state.file = file;
     if (!kept.text || !file) return;
     const bool sameFile = kept.IsOf(*file);
     kept.SetFile(*file);
     if (sameFile && kept.text->length == form.ports.textView->TextLength()) return;
-    const BookPlaces places = PlacesOf(form, record);
+    const BookPlaces places = PlacesIn(form, record);
     form.ports.textView->LookThrough([&](const TextSource& text, const auto& goesOn) {
         if (IsSameText(text, kept, places.known)) return;
         if (places.hasWords)
@@ -155,7 +155,7 @@ void KeepTextPlaces(MainForm& form, const BookRecord& record, const std::u16stri
         const std::u16string& last = form.bookmarks.last.tag;
         if (!last.empty()) state.last = WordsIn(text, WholeNumber(last));
     });
-    StorePlaces(*form.dataFile, section, kept, state.stored);
+    StorePlaces(*form.dataFile, section, PlacesOf::Text, kept, state.stored);
 }
 
 bool IsUncertainMark(const MainForm& form, TextPos start) {

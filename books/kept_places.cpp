@@ -6,6 +6,10 @@
 #include <algorithm>
 
 namespace {
+std::u16string KeyOf(PlacesOf view, std::u16string_view key) {
+    return std::u16string(view == PlacesOf::Page ? u"Page" : u"") + std::u16string(key);
+}
+
 constexpr std::u16string_view textKey = u"Text", fileKey = u"File", placeKey = u"Place",
                               markKey = u"Mark-";
 // Behind words that were not found. No words hold it: it stands for the place in them, once.
@@ -35,13 +39,17 @@ std::int64_t TimeNumber(std::u16string_view digits) {
     return last.empty() ? LongNumber(digits) : LongNumber(digits) * 10 + (last.front() - u'0');
 }
 
+void ReadFile(std::u16string_view value, KeptPlaces& places) {
+    const std::size_t comma = std::min(value.find(u','), value.size());
+    places.fileSize = static_cast<std::uint64_t>(LongNumber(value.substr(0, comma)));
+    places.fileTime = TimeNumber(value.substr(std::min(comma + 1, value.size())));
+}
+
 void ReadLine(std::u16string_view key, std::u16string_view value, KeptPlaces& places) {
     if (EqualIgnoringCase(key, textKey)) {
         places.text = ParseFingerprint(value);
     } else if (EqualIgnoringCase(key, fileKey)) {
-        const std::size_t comma = std::min(value.find(u','), value.size());
-        places.fileSize = static_cast<std::uint64_t>(LongNumber(value.substr(0, comma)));
-        places.fileTime = TimeNumber(value.substr(std::min(comma + 1, value.size())));
+        ReadFile(value, places);
     } else if (EqualIgnoringCase(key, placeKey)) {
         const std::size_t comma = value.find(u',');
         if (comma == value.npos) return;
@@ -62,36 +70,48 @@ std::u16string PlaceText(const KeptPlaces& places) {
 }
 
 // The whole section anew, since a key can be taken out in no other way.
-void StoreMarks(IniFile& file, const std::u16string& section, const KeptPlaces& places) {
+void StoreMarks(IniFile& file, const std::u16string& section, PlacesOf view,
+                const KeptPlaces& places) {
+    const std::u16string start = KeyOf(view, markKey);
     const ListLines before = LoadSectionLines(file, section);
     ListLines lines;
     for (const std::u16string& line : before)
-        if (!StartsWithIgnoringCase(line, markKey)) lines.push_back(line);
-    for (const auto& [start, words] : places.marks)
-        lines.push_back(std::u16string(markKey) + NumberText(start) + u'=' + Stored(words));
+        if (!StartsWithIgnoringCase(line, start)) lines.push_back(line);
+    for (const auto& [position, words] : places.marks)
+        lines.push_back(start + NumberText(position) + u'=' + Stored(words));
     file.MergeSection(section, before, lines);
 }
 } // namespace
 
-KeptPlaces LoadPlaces(IniFile& file, const std::u16string& section) {
+KeptPlaces LoadPlaces(IniFile& file, const std::u16string& section, PlacesOf view) {
+    const std::u16string start = KeyOf(view, u"");
     KeptPlaces places;
     for (const std::u16string& line : LoadSectionLines(file, section)) {
         const std::size_t equals = line.find(u'=');
-        if (equals == line.npos) continue;
+        if (equals == line.npos || !StartsWithIgnoringCase(line, start)) continue;
         const std::u16string_view whole(line);
-        ReadLine(Trim(whole.substr(0, equals)), Trim(whole.substr(equals + 1)), places);
+        ReadLine(Trim(whole.substr(start.size(), equals - start.size())),
+                 Trim(whole.substr(equals + 1)), places);
     }
     return places;
 }
 
-void StorePlaces(IniFile& file, const std::u16string& section, const KeptPlaces& places,
-                 KeptPlaces& stored) {
+KeptPlaces LoadKeptText(IniFile& file, const std::u16string& section, PlacesOf view) {
+    KeptPlaces places;
+    places.text = ParseFingerprint(IniReadString(file, section, KeyOf(view, textKey)));
+    if (places.text) ReadFile(IniReadString(file, section, KeyOf(view, fileKey)), places);
+    return places;
+}
+
+void StorePlaces(IniFile& file, const std::u16string& section, PlacesOf view,
+                 const KeptPlaces& places, KeptPlaces& stored) {
     if (places == stored || !places.text) return;
     IniBatch oneWrite(file);
-    IniWriteString(file, section, textKey, StoredFingerprint(*places.text));
-    IniWriteString(file, section, fileKey, FileText(places));
-    if (places.position >= 0) IniWriteString(file, section, placeKey, PlaceText(places));
-    if (places.marks != stored.marks) StoreMarks(file, section, places);
+    IniWriteString(file, section, KeyOf(view, textKey), StoredFingerprint(*places.text));
+    IniWriteString(file, section, KeyOf(view, fileKey), FileText(places));
+    if (places.position >= 0)
+        IniWriteString(file, section, KeyOf(view, placeKey), PlaceText(places));
+    if (places.marks != stored.marks) StoreMarks(file, section, view, places);
     stored = places;
     oneWrite.Commit();
 }

@@ -36,8 +36,15 @@ struct KeptPlaces {
     }
 };
 
+// A text and a page have keys of their own: what one of them counts means nothing in the other.
+enum class PlacesOf { Text, Page };
+
 // `section` is the book's own of the data file.
-KeptPlaces LoadPlaces(IniFile&, const std::u16string& section);
+KeptPlaces LoadPlaces(IniFile&, const std::u16string& section, PlacesOf);
 
 // Writes what differs from `stored`, which the section holds, and makes that the same.
-void StorePlaces(IniFile&, const std::u16string& section, const KeptPlaces&, KeptPlaces& stored);
+void StorePlaces(IniFile&, const std::u16string& section, PlacesOf, const KeptPlaces&,
+                 KeptPlaces& stored);
+
+// Text and file alone, without reading the places.
+KeptPlaces LoadKeptText(IniFile&, const std::u16string& section, PlacesOf);

@@ -1,0 +1,141 @@
+"""Books that are changed by other programs: the place and the bookmarks stay at their words."""
+import os
+import shutil
+import signal
+
+from harness import books
+from harness.story import Story, main
+from harness.text_view import settled_strip, wait_for_strip
+from harness.wait import wait_for
+from harness.wine import ON_WINE
+
+ADDED = "A chapter that nobody had missed until now."
+
+
+class Places(Story):
+    def setUp(self):
+        self.lines = books.lines("latin", 600)
+        self.book = books.write_book(self.path("lanterns.txt"), self.lines)
+        self.program = self.reader()
+
+    def text(self, encoding="utf-8"):
+        with open(self.book, encoding=encoding, newline="") as file:
+            return file.read().removeprefix("\ufeff")
+
+    def read_on(self, pages):
+        self.program.press("Next", pages)
+
+    def define(self):
+        self.program.key("ctrl+d")
+        wait_for(self.program.popups, "the Bookmark menu")
+        self.program.key("Escape")
+        wait_for(lambda: not self.program.popups(), "the menu to close")
+
+    def words_at(self, encoding="utf-8", length=12):
+        """What stands at the reading place and at each bookmark, in the file as it is now."""
+        record, text = self.book_record(self.program, self.book), self.text(encoding)
+        places = [record["LastPos"], *(int(mark.split(",")[0])
+                                       for mark in record["Marks"].split("|") if mark)]
+        return [books.text_at(text, place, length) for place in places]
+
+    def read_and_mark(self):
+        """Two bookmarks, and a place behind them."""
+        self.program.start(self.book)
+        self.program.wait_for_book(self.book)
+        for _ in range(2):
+            self.read_on(4)
+            self.define()
+        self.read_on(3)
+
+    def editors_window(self):
+        kind = "notepad.exe" if ON_WINE else "mousepad"
+        name = os.path.basename(self.book)
+        found = self.screen.xdotool("search", "--onlyvisible", "--class", kind).split()
+        return next((window for window in found
+                     if name in self.screen.xdotool("getwindowname", window)), None)
+
+    def add_a_chapter(self):
+        """In the real editor, which the reader starts, at the top of the book."""
+        self.program.open_menu("f")
+        self.program.key("e")
+        window = wait_for(self.editors_window, "the editor's window with the book")
+        self.screen.xdotool("windowactivate", window)
+        wait_for(lambda: self.screen.xdotool("getwindowfocus").strip() == window or
+                 self.screen.xdotool("getactivewindow").strip() == window, "the editor in front")
+        self.screen.xdotool("key", "ctrl+Home")
+        self.screen.xdotool("type", "--delay", 10, ADDED)
+        self.screen.xdotool("key", "Return", "ctrl+s")
+        wait_for(lambda: ADDED in self.text(), "the editor to save")
+        os.kill(int(self.screen.xdotool("getwindowpid", window)), signal.SIGTERM)
+
+    def test_edited_in_the_editor_and_refreshed(self):
+        if not ON_WINE:
+            editor = shutil.which("mousepad")
+            if not editor:
+                self.skipTest("mousepad is not installed")
+            with open(self.program.data_path, "wb") as file:
+                file.write(f"[fwMain]\r\nmOptionsEditor-0={editor}\r\n".encode())
+        self.read_and_mark()
+        strip = settled_strip(self.program)
+        self.add_a_chapter()
+        self.program.activate()
+        self.program.key("F5")
+        wait_for_strip(self.program, strip)
+        self.program.close()
+        before = self.text().replace(ADDED, "", 1)
+        for words in self.words_at():
+            self.assertIn(words.replace("\n", "\r\n"), before.replace("\r\n", "\n").replace("\n", "\r\n"))
+            self.assertIn(words[:5], [line[:5] for line in self.lines])
+
+    def test_another_encoding_and_a_new_chapter_until_tomorrow(self):
+        self.read_and_mark()
+        strip = settled_strip(self.program)
+        self.program.close()
+        words = self.words_at()
+        self.assertEqual(len(words), 3)
+        with open(self.book, "wb") as file:
+            file.write(("\n".join([ADDED] * 30 + self.lines[5:]) + "\n").encode("utf-16"))
+        self.program.start()
+        self.program.wait_for_book(self.book)
+        wait_for_strip(self.program, strip)
+        self.program.close()
+        self.assertEqual(self.words_at("utf-16"), words)
+
+    def test_rich_text_in_its_place(self):
+        self.read_and_mark()
+        self.program.close()
+        words = self.words_at()
+        with open(self.book, "w", encoding="ascii") as file:
+            file.write("{\\rtf1\\ansi{\\fonttbl{\\f0 DejaVu Serif;}}{\\b " + ADDED + "\\par}\n" +
+                       "".join(line + "\\par\n" for line in self.lines) + "}")
+        self.program.start()
+        self.program.wait_for_book(self.book)
+        self.program.close()
+        record = self.book_record(self.program, self.book)
+        text = "\n".join([ADDED, *self.lines])
+        marks = [books.text_at(text, int(mark.split(",")[0]), 12)
+                 for mark in record["Marks"].split("|")]
+        self.assertEqual(marks, words[1:])
+
+    def test_words_that_have_gone_are_a_question(self):
+        self.read_and_mark()
+        self.program.close()
+        gone = int(self.words_at()[1][:5])
+        books.write_book(self.book, self.lines[:gone - 20] + self.lines[gone + 20:])
+        self.program.start()
+        self.program.wait_for_book(self.book)
+        self.program.close()
+        section = self.program.data().sections["Default\\" + self.book_record(
+            self.program, self.book)["Path"]]
+        uncertain = [key for key, value in section
+                     if key.startswith("Mark-") and value.endswith("|?")]
+        self.assertEqual(len(uncertain), 1)
+        books.write_book(self.book, self.lines)  # and back
+        self.program.start()
+        self.program.wait_for_book(self.book)
+        self.program.close()
+        self.assertEqual(int(self.words_at()[1][:5]), gone)
+
+
+if __name__ == "__main__":
+    main()
