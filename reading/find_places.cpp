@@ -9,11 +9,13 @@
 
 namespace {
 // Shares of a place's letters that are others than before.
-constexpr double sameWords = 0.12;    // found wherever that is
-constexpr double similarWords = 0.4;  // found where it is expected
-constexpr double clearlyBetter = 0.2; // than the next candidate
-constexpr double intactSide = 0.1;    // of the letters on one side of the place
-constexpr TextPos slack = 400;        // units around where a place is expected
+constexpr double sameWords = 0.12;           // found wherever that is
+constexpr double similarWords = 0.4;         // found where it is expected
+constexpr double unchanged = 0.02;           // but for a letter
+constexpr double clearlyBetter = 0.2;        // than the next candidate
+constexpr double betterThanUnchanged = 0.04; // lines of a table have most letters in common
+constexpr double intactSide = 0.1;           // of the letters on one side of the place
+constexpr TextPos slack = 400;               // units around where a place is expected
 
 // Where a place may have gone, by what was found around it.
 struct Expectation {
@@ -25,6 +27,11 @@ struct Expectation {
     }
     bool Includes(TextPos position) const { return DistanceOf(position) <= slack; }
 };
+
+bool IsClearlyBetter(const PlaceCandidate& best, const PlaceCandidate& next) {
+    const bool same = best.difference <= unchanged;
+    return next.difference > best.difference + (same ? betterThanUnchanged : clearlyBetter);
+}
 
 class PlaceFinder {
   public:
@@ -110,8 +117,7 @@ class PlaceFinder {
         });
         if (fitting.empty()) return Leave(i, GuessOf(i).value_or(expected.likeliest));
         const PlaceCandidate& best = fitting.front();
-        const bool standsOut = fitting.size() == 1 ||
-                               fitting[1].difference > best.difference + clearlyBetter ||
+        const bool standsOut = fitting.size() == 1 || IsClearlyBetter(best, fitting[1]) ||
                                (expected.low == expected.high && best.position == expected.low);
         found_[i] = {best.position, standsOut && !IsTorn(i, best)};
     }

@@ -70,22 +70,27 @@ class Places(Story):
 
     def test_edited_in_the_editor_and_refreshed(self):
         if not ON_WINE:
-            editor = shutil.which("mousepad")
-            if not editor:
+            mousepad = shutil.which("mousepad")
+            if not mousepad:
                 self.skipTest("mousepad is not installed")
+            editor = self.path("editor")
+            with open(editor, "w", encoding="ascii") as file:  # which complains on some of its ends
+                file.write(f'#!/bin/sh\nexec {mousepad} "$@" 2>/dev/null\n')
+            os.chmod(editor, 0o755)
             with open(self.program.data_path, "wb") as file:
                 file.write(f"[fwMain]\r\nmOptionsEditor-0={editor}\r\n".encode())
         self.read_and_mark()
         strip = settled_strip(self.program)
+        self.program.close()
+        words = self.words_at()
+        self.program.start()
+        self.program.wait_for_book(self.book)
         self.add_a_chapter()
         self.program.activate()
         self.program.key("F5")
         wait_for_strip(self.program, strip)
         self.program.close()
-        before = self.text().replace(ADDED, "", 1)
-        for words in self.words_at():
-            self.assertIn(words.replace("\n", "\r\n"), before.replace("\r\n", "\n").replace("\n", "\r\n"))
-            self.assertIn(words[:5], [line[:5] for line in self.lines])
+        self.assertEqual(self.words_at(), words)
 
     def test_another_encoding_and_a_new_chapter_until_tomorrow(self):
         self.read_and_mark()
@@ -135,6 +140,30 @@ class Places(Story):
         self.program.wait_for_book(self.book)
         self.program.close()
         self.assertEqual(int(self.words_at()[1][:5]), gone)
+
+    def test_a_folder_that_was_renamed_comes_back_whole(self):
+        shelf, moved = self.path("shelf"), self.path("new shelf")
+        os.mkdir(shelf)
+        names = ["one.txt", "two.txt", "three.txt"]
+        for number, name in enumerate(names):
+            self.book = books.write_book(os.path.join(shelf, name), self.lines[number * 7:])
+            self.read_and_mark()
+            strip = settled_strip(self.program)
+            self.program.close()
+        words = self.words_at()
+        os.rename(shelf, moved)
+        self.book = os.path.join(moved, "three.txt")
+        self.program.start(self.book)
+        self.program.wait_for_book(self.book)
+        wait_for_strip(self.program, strip)
+        self.program.open_menu("f")
+        self.program.close_menu()
+        self.program.close()
+        self.assertEqual(self.words_at(), words)
+        self.assertEqual(self.program.data().paths(),
+                         [os.path.join(moved, name) for name in reversed(names)])
+        self.assertEqual([record["Marks"] == "" for record in self.program.data().records()],
+                         [False] * 3)
 
 
 if __name__ == "__main__":

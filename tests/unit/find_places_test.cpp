@@ -82,6 +82,25 @@ TEST_CASE("find places: the same line again and again stays in its order") {
     CHECK(same[0].position == line * 200);
 }
 
+TEST_CASE("find places: lines that differ by a number alone") {
+    std::u16string before;
+    std::vector<TextPos> lines;
+    for (int i = 0; i < 400; ++i) {
+        lines.push_back(static_cast<TextPos>(before.size()));
+        before += u"Number " + Utf8ToUtf16(std::to_string(10000 + i * 7919 % 90000)) +
+                  u" of the list of all the lamps along the quay\n";
+    }
+    const TextPos cut = lines[120] - lines[100];
+    const std::u16string after = before.substr(0, static_cast<std::size_t>(lines[100])) +
+                                 before.substr(static_cast<std::size_t>(lines[120]));
+    const auto found = Found(before, after, {lines[50], lines[110], lines[200]});
+    CHECK(found[0].certain);
+    CHECK(found[0].position == lines[50]);
+    CHECK_FALSE(found[1].certain);
+    CHECK(found[2].certain);
+    CHECK(found[2].position == lines[200] - cut);
+}
+
 TEST_CASE("find places: what stands at the place itself") {
     const std::u16string before =
         u"He had gone there at seven.\n\n\"Well, prince,\" she said to him; "
