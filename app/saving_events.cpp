@@ -1,6 +1,7 @@
 #include "app/saving_events.h"
 
 #include "app/book_state.h"
+#include "app/changed_book.h"
 #include "app/data_file.h"
 #include "app/main_form.h"
 #include "app/moved_books.h"
@@ -21,7 +22,9 @@ void toSave_Timer(MainForm& form) {
     constexpr int saveInterval = 60; // seconds
     AdoptLateDataFile(form);
     WatchDataFile(form);
-    LookForMovedBooks(form, 5);
+    constexpr int looksEachSecond = 5; // at the disk
+    LookForMovedBooks(form, looksEachSecond);
+    WatchShownBook(form);
     form.autosaveTick = (form.autosaveTick + 1) % saveInterval;
     if (form.autosaveTick == 0) SaveBookState(form, 0);
 }

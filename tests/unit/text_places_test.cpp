@@ -207,6 +207,57 @@ TEST_CASE("places: no bookmark is dropped when nothing is left of the book") {
         CHECK(test.Mark(i - 1) == i * 3000);
 }
 
+TEST_CASE("places: a file that changes while it is shown is shown again when it is left alone") {
+    Places test;
+    test.Define(5000);
+    test.View().ScrollLineToTop(9000);
+    const std::u16string words = test.TextAt(5000);
+    const int loads = test.View().loads;
+    const auto changed = Utf16ToUtf8(added + test.text);
+    const auto tick = [&] { test.Timer().Tick(); };
+    SUBCASE("written at once") {
+        test.Files().EditInPlace(Places::path, changed);
+        tick();
+        CHECK(test.View().loads == loads); // perhaps there is more to come
+        tick();
+        CHECK(test.View().loads > loads);
+    }
+    SUBCASE("written little by little") {
+        for (std::size_t i = 1; i <= 5; ++i) {
+            test.Files().EditInPlace(Places::path, changed.substr(0, changed.size() * i / 5));
+            tick();
+        }
+        CHECK(test.View().loads == loads);
+        tick();
+    }
+    SUBCASE("emptied, and left within a character for a while") {
+        for (const std::string_view half : {std::string_view(), std::string_view("caf\xC3")}) {
+            test.Files().EditInPlace(Places::path, half);
+            for (int i = 0; i < 5; ++i)
+                tick();
+            CHECK(test.View().loads == loads);
+        }
+        test.Files().EditInPlace(Places::path, changed);
+        tick();
+        tick();
+    }
+    SUBCASE("gone for a moment, as some editors save") {
+        test.Files().Remove(Places::path);
+        tick();
+        tick();
+        CHECK(test.View().loads == loads);
+        test.Files().AddFile(Places::path, changed);
+        tick();
+        tick();
+    }
+    CHECK(test.TextAt(test.Mark(0)) == words);
+    const int shown = test.View().loads;
+    tick();
+    tick();
+    CHECK(test.View().loads == shown);
+    CHECK(test.Dialogs().messages.empty());
+}
+
 TEST_CASE("places: those of a record from an older version stay as they are") {
     TestForm test;
     test.PutBook(u"/b/book.txt", Utf16ToUtf8(BookText()));
