@@ -5,7 +5,7 @@ import signal
 
 from harness import books
 from harness.story import Story, main
-from harness.text_view import settled_strip, wait_for_strip
+from harness.text_view import SCROLL_BAR, STATUS_HEIGHT, settled_strip, wait_for_strip
 from harness.wait import wait_for
 from harness.wine import ON_WINE
 
@@ -140,6 +140,29 @@ class Places(Story):
         self.program.wait_for_book(self.book)
         self.program.close()
         self.assertEqual(int(self.words_at()[1][:5]), gone)
+
+    def lower_half(self):
+        """Of the view, where no caret blinks."""
+        picture = self.program.picture()
+        return picture.crop(0, picture.height // 2, picture.width - SCROLL_BAR,
+                            picture.height - STATUS_HEIGHT)
+
+    def test_shown_again_by_itself_when_the_file_changes(self):
+        self.read_and_mark()
+        self.program.close()
+        words = self.words_at()
+        top = int(words[0][:5])
+        self.program.start()
+        self.program.wait_for_book(self.book)
+        strip, before = settled_strip(self.program), self.lower_half()
+        below = [line.upper() for line in self.lines[top + 1:]]
+        with open(self.book, "wb"):
+            pass  # as some programs begin to write
+        books.write_book(self.book, [ADDED] * 30 + self.lines[:top + 1] + below)
+        wait_for(lambda: not self.lower_half().looks_like(before), "the new text")
+        wait_for_strip(self.program, strip)
+        self.program.close()
+        self.assertEqual(self.words_at(), words)
 
     def test_a_folder_that_was_renamed_comes_back_whole(self):
         shelf, moved = self.path("shelf"), self.path("new shelf")
