@@ -57,6 +57,7 @@ void WatchShownBook(MainForm& form) {
     std::u16string& seen = form.menu.mViewRefresh[0].tag;
     const auto& shown = form.places.file;
     if (!IsShownBookListed(form) || !shown || IsNetworkPath(form.book.path)) return;
+    if (IsPageShown(form)) return; // its place is a number of pixels, which another page has not
     const auto version = form.ports.files->Version(form.book.path);
     if (!version || SameContent(*version, *shown)) {
         seen.clear();

@@ -3,6 +3,7 @@
 
 struct MainForm;
 
-// Called each second. A file that is another one than what is shown, and has been left alone since
-// the last call, is shown again as by Refresh. One that may be half written is waited for.
+// Called each second. The file of a text that is another one than what is shown, and has been left
+// alone since the last call, is shown again as by Refresh. One that may be half written is waited
+// for.
 void WatchShownBook(MainForm&);

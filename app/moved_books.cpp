@@ -26,10 +26,8 @@ class FileText {
   public:
     FileText(const MainForm& form, const std::u16string& path)
         : ansiCodePage_(form.ports.locale->AnsiCodePage()),
-          version_(form.ports.files->Version(path)),
           content_(ReadBookFile(*form.ports.files, path, MaxPlainText(form))) {}
 
-    const std::optional<FileVersion>& Version() const { return version_; }
     bool IsReadable() const { return !content_.problem; }
     TextFingerprint Fingerprint(ChosenCharset chosen) {
         const std::pair key(chosen.codePage, chosen.exact);
@@ -47,7 +45,6 @@ class FileText {
     }
 
     int ansiCodePage_;
-    std::optional<FileVersion> version_;
     BookContent content_;
     std::map<std::pair<int, bool>, TextFingerprint> known_; // by the reader's choice
 };
@@ -171,8 +168,9 @@ bool FollowCarriedDataFile(MainForm& form) {
 void KeepPageFile(MainForm& form, const BookRecord& record, const std::u16string& section) {
     TextPlaces& state = form.places;
     if (!state.file || (state.kept.text && state.kept.IsOf(*state.file))) return;
+    if (form.ports.files->Version(record.Path()) != state.file) return; // not the one shown
     FileText file(form, record.Path());
-    if (!file.IsReadable() || file.Version() != state.file) return;
+    if (!file.IsReadable()) return;
     state.kept.text = file.Fingerprint({});
     state.kept.SetFile(*state.file);
     StorePlaces(*form.dataFile, section, PlacesOf::Page, state.kept, state.stored);

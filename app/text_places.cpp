@@ -85,10 +85,16 @@ void MoveMarks(const TextSource& text, const BookPlaces& places,
     record[Field::Marks] = Join(inOrder, u"|");
 }
 
-void MovePlaces(MainForm& form, const TextSource& text, const std::function<bool()>& goesOn,
+// False when it was given up: nothing has changed then.
+bool MovePlaces(MainForm& form, const TextSource& text, const std::function<bool()>& goesOn,
                 const BookPlaces& places, BookRecord& record) {
     KeptPlaces& kept = form.places.kept;
-    const auto found = FindPlaces(text, kept.text->length, places.known, goesOn);
+    bool givenUp = false;
+    const auto found = FindPlaces(text, kept.text->length, places.known, [&] {
+        givenUp = givenUp || !goesOn();
+        return !givenUp;
+    });
+    if (givenUp) return false;
     MoveMarks(text, places, found, record, kept);
     // Who has not begun to read stays at the beginning.
     if (record.Number(Field::LastPos) > 0) {
@@ -99,6 +105,7 @@ void MovePlaces(MainForm& form, const TextSource& text, const std::function<bool
     std::u16string& last = form.bookmarks.last.tag;
     if (!last.empty()) last = NumberText(found[1].position);
     kept.text = FingerprintOf(text);
+    return true;
 }
 } // namespace
 
@@ -122,10 +129,10 @@ void FollowText(MainForm& form, BookRecord& record, const std::optional<FileVers
     const BookPlaces places = PlacesIn(form, record);
     form.ports.textView->LookThrough([&](const TextSource& text, const auto& goesOn) {
         if (IsSameText(text, kept, places.known)) return;
-        if (places.hasWords)
-            MovePlaces(form, text, goesOn, places, record);
-        else
+        if (!places.hasWords)
             ForgetTextPlaces(form);
+        else if (!MovePlaces(form, text, goesOn, places, record))
+            state.file.reset(); // what is kept stays for the next opening, which tries again
     });
     form.history.SetRecord(0, record);
 }
