@@ -57,6 +57,8 @@ class PlaceFinder {
         const auto& candidates = candidates_[i];
         if (candidates.empty()) return;
         const PlaceCandidate& best = candidates[0];
+        // Also where the best one is unchanged: that may be a refrain, and the place the other
+        // verse, which has been corrected.
         const bool only =
             candidates.size() == 1 || candidates[1].difference > best.difference + clearlyBetter;
         if (only && best.difference <= sameWords) Settle(i, best.position);
