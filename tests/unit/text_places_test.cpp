@@ -272,6 +272,28 @@ TEST_CASE("places: those of a record from an older version stay as they are") {
     CHECK(test.DataFile().find("Mark-3000=") != std::string::npos);
 }
 
+TEST_CASE("places: a section that was damaged by hand does no harm") {
+    for (const std::string_view lines :
+         {"Text=\r\nFile=\r\nPlace=\r\nMark-=\r\n",
+          "Text=5,zz\r\nFile=,,\r\nPlace=|?\r\nMark-x=|||\r\n",
+          "Text=-7,0123456789abcdef\r\nFile=99999999999999999999999,-4\r\nPlace=99999999999,a|b\r\n"
+          "Mark--5=a|b|?\r\nMark-3000=no place\r\n"}) {
+        CAPTURE(std::string(lines));
+        TestForm test;
+        test.PutBook(u"/b/book.txt", Utf16ToUtf8(BookText()));
+        test.PutDataFile(
+            "[Default\\mFileList]\r\n/b/book.txt=2026:01:31:22:15:09=0=Serif=14=0=0=0=0=0=1=0"
+            "=0=16777215=900=5==3000,9\r\n[Default\\/b/book.txt]\r\n" +
+            std::string(lines));
+        REQUIRE(test.Start());
+        CHECK(test.Menu().mBookmarkList.Count() == 1);
+        test.Close();
+        TestForm next(test);
+        REQUIRE(next.Start());
+        CHECK(next.Menu().mBookmarkList.Count() == 1);
+    }
+}
+
 TEST_CASE("places: a thousand bookmarks take a few hundred KB, written once") {
     Places test;
     std::u16string marks;
