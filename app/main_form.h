@@ -4,6 +4,8 @@
 #include "app/menu_tree.h"
 #include "books/book_script.h"
 #include "books/history.h"
+#include "books/kept_places.h"
+#include "books/moved_books.h"
 #include "datafile/ini_file.h"
 #include "datafile/reported_trouble.h"
 #include "platform/ports.h"
@@ -27,6 +29,19 @@ struct ShownBook {
     ChosenCharset chosen; // by the reader for this book; none: as its bytes suggest
 };
 
+// What is kept of the places in the shown text.
+struct TextPlaces {
+    std::optional<FileVersion> file; // that the text was read from; none for a page
+    KeptPlaces kept, stored;         // as they are, and as the data file has them
+    KeptWords last;                  // around the place of Last Unmarked Position
+};
+
+// A folder of which a book has been found elsewhere, while the others are looked for there.
+struct MovedFolder {
+    FolderMove folder;
+    int next = 0; // history index of the one to look for next
+};
+
 struct MainForm {
     explicit MainForm(Ports);
 
@@ -43,6 +58,8 @@ struct MainForm {
     History history;
     Bookmarks bookmarks;
     ShownBook book;
+    TextPlaces places;
+    std::optional<MovedFolder> moved;
     HtmlPage page;     // of the shown book, when that is an HTML book
     TextFormat format; // of the text view
     FindState find;

@@ -2,6 +2,7 @@
 
 #include "common/find_text.h"
 #include "common/line_ends.h"
+#include "common/string_text.h"
 #include "common/utf.h"
 #include "formats/picture_files.h"
 #include "formats/rtf/rtf_reader.h"
@@ -60,6 +61,11 @@ TextPos NoneTextView::Find(std::u16string_view what, TextPos start, FindOptions 
     const std::size_t found =
         FindText(document_.text, what, static_cast<std::size_t>(Clamp(start)), options);
     return found == std::u16string::npos ? -1 : static_cast<TextPos>(found);
+}
+
+void NoneTextView::LookThrough(const Look& look) const {
+    ++looks;
+    look(StringText(document_.text), [] { return true; });
 }
 
 std::string NoneTextView::SelectionAsRtf() const {

@@ -43,6 +43,11 @@ std::vector<Heading> QtTextView::Headings() const {
     return Pane().Headings([&events] { return events.ProcessEvents(); });
 }
 
+void QtTextView::LookThrough(const Look& look) const {
+    EventPump events;
+    look(Pane().Source(), [&events] { return events.ProcessEvents(); });
+}
+
 void QtTextView::SetBounds(const Rect& bounds) {
     widget_->setGeometry(bounds.left, bounds.top, bounds.width, bounds.height);
 }

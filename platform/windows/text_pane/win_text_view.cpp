@@ -34,6 +34,11 @@ PrintAnswer WinTextView::Print(const std::u16string& title) {
     return PrintText(GetAncestor(Handle(), GA_ROOT), Pane(), title);
 }
 
+void WinTextView::LookThrough(const Look& look) const {
+    SearchPump messages;
+    look(Pane().Source(), [&] { return messages.GoesOn(); });
+}
+
 void WinTextView::SetBounds(const Rect& bounds) {
     SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, bounds.width, bounds.height,
                  SWP_NOZORDER | SWP_NOACTIVATE);
