@@ -27,6 +27,8 @@ class TextPane {
     void ShowText(Document document, bool plain);
     void ShowText(std::shared_ptr<const TextSource> text);
     const TextSource& Source() const { return *text_; } // that of the file, however it is shown
+    // With the same positions, in the lines that it is displayed in.
+    const TextSource& ShownSource() const { return *context_.text; }
     const Document& Text() const { return document_; }  // its text may not be the one displayed
     bool IsPlain() const { return context_.plain; }
     const ViewStyle& Style() const { return viewStyle_; }

@@ -58,7 +58,7 @@ class FullScreen(Story):
         wait_for(lambda: not self.menu_bar(), "the menu bar to go")
         self.assertEqual(self.program.rectangle(), WHOLE_SCREEN)
         self.screen.xdotool("mousemove", 600, 300)
-        self.screen.xdotool("mousemove", 600, 0)
+        self.screen.xdotool("mousemove", 600, 2)
         wait_for(self.menu_bar, "the menu bar")
         self.screen.xdotool("mousemove", 600, 300)
         wait_for(lambda: not self.menu_bar(), "the menu bar to go")

@@ -33,6 +33,13 @@ class Print(Story):
         found = [name for name in os.listdir(self.program.home) if name.endswith(".pdf")]
         return os.path.join(self.program.home, found[0]) if found else None
 
+    def is_printed(self):
+        """Between the dialog and word of the progress no other window is open."""
+        if not self.pdf():
+            return False
+        with open(self.pdf(), "rb") as file:
+            return file.read().rstrip().endswith(b"%%EOF")
+
     def wait_until_alone(self):
         wait_for(lambda: self.program.windows() == [self.program.window], "all dialogs to close")
         self.program.activate()
@@ -48,7 +55,7 @@ class Print(Story):
         self.open()
         self.ask()
         self.program.key("Return")
-        wait_for(self.pdf, "the file")
+        wait_for(self.is_printed, "the whole file")
         self.wait_until_alone()
         pages = self.pages()
         self.assertGreater(len(pages), 50)
@@ -72,7 +79,7 @@ class Print(Story):
         self.program.key("Tab")
         self.screen.xdotool("type", "--delay", 0, "3")
         self.program.key("Return")
-        wait_for(self.pdf, "the file")
+        wait_for(self.is_printed, "the whole file")
         self.wait_until_alone()
         self.assertEqual([page[-1] for page in self.pages()], ["2", "3"])
         self.program.close()

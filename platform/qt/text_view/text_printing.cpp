@@ -97,8 +97,8 @@ PrintAnswer QtTextView::Print(const std::u16string& title) {
     if (!target.device) return {};
     TextPane& pane = Pane();
     const QPageRanges ranges = target.device->pageRanges();
-    PrintedText text{pane.Source(), pane.Text(), pane.IsPlain(), pane.Style(), pane.System(),
-                     title,         {}};
+    PrintedText text{
+        pane.ShownSource(), pane.Text(), pane.IsPlain(), pane.Style(), pane.System(), title, {}};
     if (!ranges.isEmpty()) {
         text.isWanted = [ranges](int page) { return ranges.contains(page); };
         text.lastWanted = ranges.lastPage();

@@ -25,6 +25,7 @@
 namespace {
 constexpr double defaultFontSize = 12; // points
 constexpr double twipsPerInch = 1440;
+constexpr int upperEdge = 3; // pixels, where the mouse brings the menu bar of a full screen
 
 void CloseMenus() {
     while (QWidget* menu = QApplication::activePopupWidget())
@@ -178,7 +179,7 @@ bool QtWindow::eventFilter(QObject* object, QEvent* event) {
     const bool mouse = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::Wheel;
     if (object == windowHandle() && mouse) CallHandler(events_.onMouse);
     if (object == windowHandle() && event->type() == QEvent::MouseMove && isFullScreen() &&
-        static_cast<const QMouseEvent&>(*event).position().y() < 1)
+        static_cast<const QMouseEvent&>(*event).position().y() < upperEdge)
         ShowMenuBar();
     if (object == windowHandle() &&
         (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease))

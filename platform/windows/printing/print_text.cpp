@@ -82,8 +82,8 @@ PrintAnswer PrintText(HWND owner, const TextPane& pane, const std::u16string& ti
         if (GetLastError() == ERROR_CANCELLED || GetLastError() == ERROR_PRINT_CANCELLED) return {};
         return {Result::Failed, LastError()};
     }
-    PrintedText text{pane.Source(), pane.Text(), pane.IsPlain(), pane.Style(), pane.System(),
-                     title,         {}};
+    PrintedText text{
+        pane.ShownSource(), pane.Text(), pane.IsPlain(), pane.Style(), pane.System(), title, {}};
     if (choice.IsRange()) {
         text.isWanted = [&choice](int page) {
             return page >= choice.From() && page <= choice.To();

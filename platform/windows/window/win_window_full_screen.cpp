@@ -57,7 +57,8 @@ void WinWindow::RestoreBeneath() {
 // At the upper edge is a border; what is not within a window's client area may be the menu bar. An
 // open menu takes the messages of the mouse itself.
 void WinWindow::FollowPointer(const MSG& message) {
-    if (message.pt.y <= ScreenOf(Handle()).top)
+    constexpr int edge = 3; // pixels
+    if (message.pt.y < ScreenOf(Handle()).top + edge)
         ShowMenuBar(true);
     else if (message.message == WM_MOUSEMOVE)
         ShowMenuBar(false);
