@@ -22,7 +22,9 @@ void HtmlTreeBuilder::InTemplateMode(HtmlToken& token) {
             stopped_ = true;
             return;
         }
-        EndTemplate();
+        // All at once: one for each round of dispatching would need a stack as deep as they are.
+        while (open_.Has(Template))
+            EndTemplate();
         return Dispatch(token);
     case HtmlTokenKind::EndTag:
         if (token.name == Template) EndTemplate();

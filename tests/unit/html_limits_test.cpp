@@ -1,6 +1,7 @@
 // What a page that means harm costs: memory and work in proportion to its size, whatever is nested
 // in what.
 #include "allocations.h"
+#include "common/text.h"
 #include "formats/html/html_limits.h"
 #include "formats/html/html_reader.h"
 #include "formats/html/html_tree_builder.h"
@@ -152,10 +153,8 @@ TEST_CASE("html limits: whatever is nested costs no more for what stands in it")
 TEST_CASE("html limits: formatting elements that all differ") {
     CheckCost([](std::size_t units) {
         std::u16string page;
-        for (int i = 0; page.size() < units; ++i) {
-            const std::string number = std::to_string(i);
-            page += u"<b id=" + std::u16string(number.begin(), number.end()) + u"><p>";
-        }
+        for (int i = 0; page.size() < units; ++i)
+            page += u"<b id=" + NumberText(i) + u"><p>";
         return page;
     });
 }
@@ -164,8 +163,7 @@ TEST_CASE("html limits: names of elements and attributes that all differ") {
     CheckCost([](std::size_t units) {
         std::u16string page;
         for (int i = 0; page.size() < units; ++i) {
-            const std::string number = std::to_string(i);
-            const std::u16string name(number.begin(), number.end());
+            const std::u16string name = NumberText(i);
             page += u"<x" + name + u" y" + name + u"></x" + name + u">";
         }
         return page;
@@ -214,4 +212,25 @@ TEST_CASE("html limits: beyond the last node tags are skipped and the text stays
     CHECK(tree.NodeCount() < maxHtmlNodes + 1000);
     const HtmlNode& last = tree[tree[tree.Body()].lastChild];
     CHECK(last.Text() == u"onenotwo");
+}
+
+TEST_CASE("html limits: names beyond the last are one name") {
+    std::u16string page;
+    for (std::size_t i = 0; i < maxHtmlNames + 10; ++i)
+        page += u"<x" + NumberText(static_cast<std::int64_t>(i)) + u" a>";
+    const HtmlTree tree = ReadHtml(page + u"text");
+    CHECK(html_tree_check::FirstFault(tree) == "");
+    CHECK(tree.Names().Count() == maxHtmlNames + 1);
+    HtmlNodeId last = tree.Body();
+    for (HtmlNodeId id = last; id != noHtmlNode; id = tree.Next(id))
+        if (tree[id].IsElement()) last = id;
+    CHECK(tree[last].name == HtmlName(maxHtmlNames));
+}
+
+TEST_CASE("html limits: attributes beyond the last are left out") {
+    std::u16string page = u"<p";
+    for (std::size_t i = 0; i < maxHtmlAttributes + 10; ++i)
+        page += u" x" + NumberText(static_cast<std::int64_t>(i));
+    const HtmlTree tree = ReadHtml(page + u">text");
+    CHECK(tree[tree[tree.Body()].firstChild].Attributes().size() == maxHtmlAttributes);
 }
