@@ -50,10 +50,6 @@ constexpr CssKeyword floats[] = {
     K(u"none", CssFloat::None), K(u"left", CssFloat::Left), K(u"right", CssFloat::Right)};
 constexpr CssKeyword clears[] = {K(u"none", CssClear::None), K(u"left", CssClear::Left),
                                  K(u"right", CssClear::Right), K(u"both", CssClear::Both)};
-constexpr CssKeyword overflows[] = {
-    K(u"visible", CssOverflow::Visible), K(u"hidden", CssOverflow::Hidden),
-    K(u"clip", CssOverflow::Hidden), K(u"scroll", CssOverflow::Scroll),
-    K(u"auto", CssOverflow::Auto), K(u"overlay", CssOverflow::Auto)};
 constexpr CssKeyword boxSizings[] = {K(u"content-box", CssBoxSizing::ContentBox),
                                      K(u"border-box", CssBoxSizing::BorderBox)};
 constexpr CssKeyword visibilities[] = {K(u"visible", CssVisibility::Visible),
