@@ -114,23 +114,25 @@ void HtmlTreeBuilder::InForeignContent(HtmlToken& token) {
     }
 }
 
-void HtmlTreeBuilder::ForeignStartTag(HtmlToken& token) {
-    if (!IsBreakout(token)) return InsertForeign(token, writer_[open_.Current()].nameSpace);
-    const auto goesOn = [](const HtmlNode& node) {
+// Back to where a tag of HTML may stand.
+void HtmlTreeBuilder::PopForeign() {
+    const auto mayStandIn = [](const HtmlNode& node) {
         return node.nameSpace == HtmlNamespace::Html || IsTextIntegrationPoint(node) ||
                IsHtmlIntegrationPoint(node);
     };
-    while (!goesOn(writer_[open_.Current()]))
+    while (!mayStandIn(writer_[open_.Current()]))
         Pop();
+}
+
+void HtmlTreeBuilder::ForeignStartTag(HtmlToken& token) {
+    if (!IsBreakout(token)) return InsertForeign(token, writer_[open_.Current()].nameSpace);
+    PopForeign();
     ProcessIn(mode_, token);
 }
 
 void HtmlTreeBuilder::ForeignEndTag(HtmlToken& token) {
     if (token.name == P || token.name == Br) {
-        while (writer_[open_.Current()].nameSpace != HtmlNamespace::Html &&
-               !IsTextIntegrationPoint(writer_[open_.Current()]) &&
-               !IsHtmlIntegrationPoint(writer_[open_.Current()]))
-            Pop();
+        PopForeign();
         return ProcessIn(mode_, token);
     }
     const std::u16string_view name = writer_.Names().TextOf(token.name);

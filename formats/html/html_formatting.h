@@ -20,7 +20,6 @@ class HtmlFormatting {
     // Entries looked at, for tests.
     std::uint64_t Steps() const { return steps_; }
 
-    bool IsEmpty() const { return ids_.empty(); }
     std::size_t Count() const { return ids_.size(); }
     HtmlNodeId& operator[](std::size_t index) { return ids_[index]; } // noHtmlNode for a marker
     // Behind the last marker.

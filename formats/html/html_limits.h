@@ -32,4 +32,4 @@ constexpr std::size_t minHtmlClones = 65'536;
 // How far below the innermost open element an end tag's own one is looked for where all between
 // must be looked at: a formatting element around blocks, an element of SVG. One farther out stays
 // open.
-constexpr std::size_t maxHtmlReach = 128;
+constexpr std::size_t maxHtmlReach = 64;

@@ -10,10 +10,8 @@
 #include <vector>
 
 // GCC 12 says that constants of a scoped enumeration shadow what has their name outside.
-#ifdef __GNUC__
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wshadow"
-#endif
 enum class HtmlName : std::uint16_t {
     None, // no name of the document
 #define NAME(id, text) id,
@@ -21,9 +19,7 @@ enum class HtmlName : std::uint16_t {
 #undef NAME
     FirstOfDocument
 };
-#ifdef __GNUC__
 #pragma GCC diagnostic pop
-#endif
 
 // The names of one document.
 class HtmlNames {

@@ -160,9 +160,9 @@ void HtmlTreeBuilder::InColumnGroupMode(HtmlToken& token) {
     if (token.IsStart(Template)) return InHeadStartTag(token);
     if (token.IsEnd(Template)) return EndTemplate();
     if (CurrentName() != Colgroup) return;
-    NoteEndTag(open_.Current(), token);
-    if (!token.IsEnd(Colgroup)) writer_[open_.Current()].endTag = {};
+    const bool isEnd = token.IsEnd(Colgroup);
+    if (isEnd) NoteEndTag(open_.Current(), token);
     Pop();
     mode_ = Mode::InTable;
-    if (!token.IsEnd(Colgroup)) Dispatch(token);
+    if (!isEnd) Dispatch(token);
 }

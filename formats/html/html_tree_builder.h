@@ -114,6 +114,7 @@ class HtmlTreeBuilder {
     // html_foreign.cpp
     bool IsForeign(const HtmlToken& token) const; // what the rules of foreign content apply to
     void InForeignContent(HtmlToken& token);
+    void PopForeign();
     void ForeignStartTag(HtmlToken& token);
     void ForeignEndTag(HtmlToken& token);
     void InsertForeign(HtmlToken& token, HtmlNamespace nameSpace);

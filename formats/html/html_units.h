@@ -4,7 +4,9 @@
 #include <string_view>
 
 constexpr bool IsHtmlSpace(char16_t unit) {
-    return unit == u' ' || unit == u'\n' || unit == u'\t' || unit == u'\f' || unit == u'\r';
+    // Most units are letters, which the first comparison tells.
+    return unit <= u' ' &&
+           (unit == u' ' || unit == u'\n' || unit == u'\t' || unit == u'\f' || unit == u'\r');
 }
 
 constexpr bool IsAsciiUpper(char16_t unit) {
