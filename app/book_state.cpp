@@ -1,7 +1,9 @@
 #include "app/book_state.h"
 
 #include "app/main_form.h"
+#include "app/moved_books.h"
 #include "app/shown_book.h"
+#include "app/text_places.h"
 #include "books/book_script.h"
 #include "books/html_book.h"
 #include "books/record_format.h"
@@ -53,6 +55,9 @@ void UpdateRecord(MainForm& form, int index, bool withPlace) {
         StoreNothingChosen(*form.dataFile, section, record, form.ports.locale->AnsiCodePage());
     SaveHistoryItem(form, index);
     if (index == 0 && !record[Field::Path].empty()) SaveSearches(form, section);
+    if (withPlace) KeepPlaceOfDataFile(form);
+    if (withPlace && isPage) KeepPageFile(form, record, section);
+    if (withPlace && !isPage) KeepTextPlaces(form, record, section);
     oneWrite.Commit();
 }
 } // namespace

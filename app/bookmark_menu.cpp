@@ -3,6 +3,7 @@
 #include "app/book_state.h"
 #include "app/main_form.h"
 #include "app/shown_book.h"
+#include "app/text_places.h"
 #include "common/char_refs.h"
 #include "common/direction_controls.h"
 #include "common/text.h"
@@ -70,12 +71,15 @@ void RefreshBookmarkMenu(MainForm& form) {
         record[Field::Marks] = MarksText(bookmarks);
         form.history.SetRecord(0, record);
     }
-    CaptionBookmarks(bookmarks, Excerpts(form)); // may wait for a page, while the window is closed
+    // May wait for a page, while the window is closed.
+    CaptionBookmarks(bookmarks, Excerpts(form),
+                     [&](TextPos start) { return IsUncertainMark(form, start); });
 }
 
 void mBookmark_Click(MainForm& form, int) {
     MenuTree& menu = form.menu;
     const int count = menu.mBookmarkList.Count(), current = CurrentBookmark(form.bookmarks);
+    menu.mBookmarkNew[0].shown.clear();
     menu.mBookmarkNew[0].enabled = IsShownBookListed(form) && CanDefine(form);
     menu.mBookmarkDelete[0].enabled = menu.mBookmarkClearAll[0].enabled =
         menu.mBookmarkList[0].visible;
@@ -93,6 +97,7 @@ void mBookmarkNew_Click(MainForm& form, int) {
     const int index = PlaceMark(form.bookmarks, mark->span.start);
     MenuItem& item = form.menu.mBookmarkList[index];
     item.tag = MarkText(mark->span);
+    if (!IsPageShown(form)) MakeMarkCertain(form, mark->span.start);
     item.caption = WithoutDirectionControls(OneLine(mark->excerpt));
     SaveMarks(form);
     form.bookmarks.defined = index;

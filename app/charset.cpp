@@ -3,6 +3,7 @@
 #include "app/bookmark_menu.h"
 #include "app/main_form.h"
 #include "app/shown_book.h"
+#include "app/text_places.h"
 #include "books/book_file.h"
 #include "formats/codepages/charsets.h"
 #include "formats/codepages/code_pages.h"
@@ -59,6 +60,7 @@ void ShowIn(MainForm& form, ChosenCharset wanted) {
     view.Select(places[1], 0);
     view.ScrollLineToTop(places[0]);
     MoveBookmarks(form.bookmarks, places.data() + 2);
+    ForgetTextPlaces(form);
     RefreshBookmarkMenu(form);
 }
 } // namespace

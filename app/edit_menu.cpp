@@ -91,8 +91,10 @@ void mEditFind_Click(MainForm& form, int) {
 void mEditNext_Click(MainForm& form, int) {
     if (form.find.text.empty()) return mEditFind_Click(form, 0);
     RememberSearch(form.find);
-    if (IsPageShown(form)) return FindNext(*form.ports.htmlView, form.find);
-    FindNext(*form.ports.textView, form.find, form.format.font.charset);
+    const bool found = IsPageShown(form)
+                           ? FindNext(*form.ports.htmlView, form.find)
+                           : FindNext(*form.ports.textView, form.find, form.format.font.charset);
+    if (!found && !form.closed) form.ports.window->Alert();
 }
 
 void mEditTitle_Click(MainForm& form, int) {

@@ -1,6 +1,8 @@
 #include "app/events.h"
 
+#include "app/auto_scroll.h"
 #include "app/book_state.h"
+#include "app/empty_view.h"
 #include "app/help_menu.h"
 #include "app/keys.h"
 #include "app/links.h"
@@ -24,6 +26,14 @@ void HandlePageEvents(MainForm& form) {
         RunCommand(form, [&] { wbMain_DocumentComplete(form, *url); });
     if (std::exchange(form.page.zoomed, false)) RunCommand(form, [&] { wbMain_Zoomed(form); });
     if (std::exchange(form.page.gone, false)) RunCommand(form, [&] { wbMain_Gone(form); });
+}
+
+// While a command waits for a dialog its user is at something else: the books come after it, all of
+// them, as each was asked for.
+void OpenHandedOver(MainForm& form) {
+    if (form.handling) return;
+    for (const std::u16string& book : std::exchange(form.handedOver, {}))
+        RunCommand(form, [&] { rtMain_FilesDropped(form, {book}); });
 }
 
 void ShowWaitingMessages(MainForm& form) {
@@ -59,6 +69,7 @@ void RunCommand(MainForm& form, const std::function<void()>& command) {
     }
     ShowWaitingMessages(form);
     HandlePageEvents(form);
+    OpenHandedOver(form);
 }
 
 namespace {
@@ -95,6 +106,14 @@ void ConnectHtmlView(MainForm& form) {
 }
 } // namespace
 
+void ConnectLaterStarts(MainForm& form) {
+    form.ports.shell->onStartRequest = [&form](const StartRequest& request) {
+        if (form.messages.windowShown) form.ports.window->BringToFront(request.activation);
+        if (!request.book.empty()) form.handedOver.push_back(request.book);
+        OpenHandedOver(form);
+    };
+}
+
 void ConnectEvents(MainForm& form) {
     WindowEvents events;
     events.onShown = [&form] {
@@ -113,6 +132,7 @@ void ConnectEvents(MainForm& form) {
     events.onKeyUp = [&form](int key, int shift) {
         RunCommand(form, [&] { Form_KeyUp(form, key, shift); });
     };
+    events.onMouse = [&form] { EndAutoScroll(form); };
     events.onZoom = [&form](int steps) { RunCommand(form, [&] { fwMain_Zoom(form, steps); }); };
     form.ports.window->SetEvents(events);
 
@@ -124,6 +144,9 @@ void ConnectEvents(MainForm& form) {
     // Not a command of its own: it comes while one waits for its message.
     form.ports.dialogs->onHelp = [&form](const std::string& topic) { OpenHelp(form, topic); };
 
+    form.ports.textView->onPlaceholderLink = [&form] {
+        RunCommand(form, [&form] { OpenWelcomeBook(form); });
+    };
     form.ports.textView->onContextMenu = [&form] {
         RunCommand(form, [&] { rtMain_ContextMenu(form); });
     };

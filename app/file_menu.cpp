@@ -2,6 +2,7 @@
 
 #include "app/book_state.h"
 #include "app/main_form.h"
+#include "app/moved_books.h"
 #include "app/open_book.h"
 #include "app/shown_book.h"
 #include "common/menu_items.h"
@@ -11,6 +12,8 @@
 #include <algorithm>
 
 void mFile_Click(MainForm& form, int) {
+    constexpr int looksBeforeOpening = 50; // at the disk: nobody notices them
+    LookForMovedBooks(form, looksBeforeOpening);
     MenuTree& menu = form.menu;
     const auto missing = std::ranges::count_if(menu.mFileList.items,
                                                [](const MenuItem& book) { return !book.enabled; });

@@ -1,9 +1,13 @@
 #include "app/keys.h"
 
+#include "app/auto_scroll.h"
 #include "app/bookmark_menu.h"
+#include "app/empty_view.h"
 #include "app/links.h"
 #include "app/main_form.h"
+#include "app/places.h"
 #include "app/shown_book.h"
+#include "app/view_events.h"
 #include "app/view_menu.h"
 #include "common/key_names.h"
 #include "common/menu_items.h"
@@ -26,6 +30,8 @@ constexpr Shortcut shortcuts[] = {
     // Greyed in the menu while there is nothing to find yet: the key then asks for it.
     {{F3Key, 0}, &MenuTree::mEdit, &MenuTree::mEditNext, &MenuTree::mEditFind},
     {{F5Key, 0}, &MenuTree::mView, &MenuTree::mViewRefresh},
+    {{'M', CtrlKey | ShiftKey}, &MenuTree::mView, &MenuTree::mViewColumn},
+    {{'U', CtrlKey | ShiftKey}, &MenuTree::mView, &MenuTree::mViewUnwrap},
     {{'D', CtrlKey}, &MenuTree::mBookmark, &MenuTree::mBookmarkNew},
     {{F1Key, 0}, &MenuTree::mHelp, &MenuTree::mHelpTopics},
 };
@@ -51,18 +57,26 @@ void ChooseCopy(MainForm& form) {
 }
 
 void Form_KeyDown(MainForm& form, int keyCode, int shift) {
+    if (SteerAutoScroll(form, keyCode, shift)) return;
     const auto choose = [&](const Shortcut& shortcut) {
         if (shortcut.keys == KeyCombination{keyCode, shift}) Choose(form, shortcut);
     };
     std::ranges::for_each(shortcuts, choose);
     choose(olderCopy);
+    if (keyCode == 'G' && shift == CtrlKey) GoToPlace(form);
+    if (keyCode == 'P' && shift == CtrlKey) PrintBook(form);
+    if (keyCode == EscapeKey && shift == 0) LeaveFullScreen(form);
+    if (keyCode == EnterKey && shift == 0) OpenWelcomeBook(form);
     if (keyCode == LeftKey && shift == AltKey) GoBackAlongLinks(form);
     if (keyCode == F4Key && shift == AltKey) form.ports.window->Close();
 }
 
 void Form_KeyUp(MainForm& form, int keyCode, int shift) {
+    ReleaseAutoScrollKey(form, keyCode, shift);
     const bool resizes = shift & CtrlKey && !IsPageShown(form); // a page zooms by itself
     if (resizes && (keyCode == NumPlusKey || keyCode == PlusKey)) mViewFontSize_Click(form, 0);
     if (resizes && (keyCode == NumMinusKey || keyCode == MinusKey)) mViewFontSize_Click(form, 1);
     if (shift & AltKey && keyCode == F2Key) mBookmarkLast_Click(form, 0);
+    if (keyCode == F11Key && shift == 0)
+        ToggleFullScreen(form); // a key held down repeats its press
 }

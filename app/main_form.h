@@ -4,9 +4,12 @@
 #include "app/menu_tree.h"
 #include "books/book_script.h"
 #include "books/history.h"
+#include "books/kept_places.h"
+#include "books/moved_books.h"
 #include "datafile/ini_file.h"
 #include "datafile/reported_trouble.h"
 #include "platform/ports.h"
+#include "reading/auto_scroll.h"
 #include "reading/bookmarks.h"
 #include "reading/find.h"
 #include "reading/formatting.h"
@@ -16,12 +19,27 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 // The book in the view.
 struct ShownBook {
     std::u16string path;  // "" for none
+    bool plain = false;   // a plain text
     int codePage = 0;     // of a plain text; 0 for Unicode and rich text
     ChosenCharset chosen; // by the reader for this book; none: as its bytes suggest
+};
+
+// What is kept of the places in the shown text.
+struct TextPlaces {
+    std::optional<FileVersion> file; // that the text was read from; none for a page
+    KeptPlaces kept, stored;         // as they are, and as the data file has them
+    KeptWords last;                  // around the place of Last Unmarked Position
+};
+
+// A folder of which a book has been found elsewhere, while the others are looked for there.
+struct MovedFolder {
+    FolderMove folder;
+    int next = 0; // history index of the one to look for next
 };
 
 struct MainForm {
@@ -40,11 +58,16 @@ struct MainForm {
     History history;
     Bookmarks bookmarks;
     ShownBook book;
+    TextPlaces places;
+    std::optional<MovedFolder> moved;
     HtmlPage page;     // of the shown book, when that is an HTML book
     TextFormat format; // of the text view
     FindState find;
+    AutoScroll autoScroll;
     WindowPlacement placement;
     int autosaveTick = 0; // seconds since the reading state was saved, 0 to 59
+
+    std::vector<std::u16string> handedOver; // books of later starts, while a command runs
 
     bool ProfileSwitching = false; // start-up's first switch into a profile
     bool ProfileChanging = false;  // a switch into a profile is running

@@ -17,6 +17,7 @@ enum class Kind {
     Item,    // a command of the menu above
     Sub,     // a submenu of the menu above
     SubItem, // an item of the submenu above
+    Context, // in no menu of the bar, but in the context menu of a text
 };
 
 struct Row {
@@ -73,6 +74,9 @@ const Row rows[] = {
     ROW(Item, mViewAlign, u"&Center", mViewAlign_Click),
     ROW(Item, mViewSeparator4, u"-"),
     ROW(Item, mViewWordWrap, u"Word &Wrap", mViewWordWrap_Click),
+    ROW(Context, mViewSeparator5, u"-"),
+    ROW(Context, mViewColumn, u"Narrow Co&lumn", mViewColumn_Click),
+    ROW(Context, mViewUnwrap, u"&Unwrap Lines", mViewUnwrap_Click),
 
     ROW(Top, mBookmark, u"&Bookmark", mBookmark_Click),
     ROW(Item, mBookmarkNew, u"Defi&ne", mBookmarkNew_Click),

@@ -21,6 +21,7 @@ struct MenuTree {
         mEditNext, mEditSeparator3, mEditTitle;
     MenuArray mView, mViewRefresh, mViewSeparator1, mViewBackground, mViewFont, mViewSeparator2,
         mViewFontSize, mViewSeparator3, mViewAlign, mViewSeparator4, mViewWordWrap;
+    MenuArray mViewSeparator5, mViewColumn, mViewUnwrap; // in the context menu of a text alone
     MenuArray mBookmark, mBookmarkNew, mBookmarkSeparator1, mBookmarkNext, mBookmarkPrev,
         mBookmarkLast, mBookmarkSeparator2, mBookmarkClearAll, mBookmarkDelete,
         mBookmarkDeletePlaceholder, mBookmarkDeleteList, mBookmarkSeparator, mBookmarkList;

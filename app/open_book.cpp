@@ -2,6 +2,7 @@
 
 #include "app/book_state.h"
 #include "app/main_form.h"
+#include "app/moved_books.h"
 #include "app/shown_book.h"
 #include "books/book_file.h"
 #include "books/other_view.h"
@@ -62,8 +63,9 @@ int AddBook(MainForm& form, const std::u16string& path, RequestedKind kind) {
         ShowBookMessage(form.messages, start.problem.text);
         return -1;
     }
-    const int known = FindInHistory(form.history, path);
+    int known = FindInHistory(form.history, path);
     if (!SettleZoom(form)) return -1;
+    if (known < 0) known = TakeOverMovedBook(form, path);
     if (known >= 0) return CorrectKind(form, known, kind, start.bytes) ? known : -1;
 
     SaveBookState(form, 0);

@@ -2,6 +2,7 @@
 
 #include "app/book_state.h"
 #include "app/main_form.h"
+#include "app/moved_books.h"
 #include "app/open_book.h"
 #include "app/shown_book.h"
 #include "common/flag_scope.h"
@@ -10,6 +11,8 @@
 #include "datafile/list_persistence.h"
 #include "datafile/profile_list.h"
 #include "shell/options.h"
+
+#include <algorithm>
 
 void LoadProfileList(MainForm& form) {
     form.profilesInFile = LoadProfileNames(*form.dataFile);
@@ -69,7 +72,8 @@ void MakeCurrent(MainForm& form, int index) {
 void RestorePlacement(MainForm& form) {
     Window& window = *form.ports.window;
     form.placement = LoadWindowPlacement(*form.dataFile, CurrentProfile(form), window);
-    if (window.State() == WindowState::Normal) MoveToPlacement(form.placement, window);
+    const bool normal = window.State() == WindowState::Normal && !window.IsFullScreen();
+    if (normal) MoveToPlacement(form.placement, window);
     LayOutForm(form);
 }
 
@@ -87,12 +91,20 @@ void AddMissingRecords(History& history, const std::vector<std::u16string>& reco
     if (!records.empty()) SyncRemoveMenu(history, history.Count() - 1);
 }
 
+int FirstFound(const History& history) {
+    const auto found = std::ranges::find(history.list.items, true, &MenuItem::enabled);
+    return found == history.list.items.end() ? -1
+                                             : static_cast<int>(found - history.list.items.begin());
+}
+
 // The history index of the book to open, or -1.
 int LoadHistory(MainForm& form, const std::vector<std::u16string>& records,
                 const std::u16string& shown) {
     History& history = form.history;
     history.inFile = LoadSectionLines(*form.dataFile, HistorySection(CurrentProfile(form)));
-    const int firstFound = FillHistory(history, history.inFile);
+    int firstFound = FillHistory(history, history.inFile);
+    form.moved.reset();
+    if (FollowCarriedDataFile(form)) firstFound = FirstFound(history);
     AddMissingRecords(history, records);
     if (!shown.empty()) return FindInHistory(history, shown);
     const std::u16string& commandLine = form.ports.launch.commandLine;
@@ -120,6 +132,8 @@ void SwitchToProfile(MainForm& form, int index, const std::vector<std::u16string
         RestorePlacement(form);
         LoadProfileOptions(form.menu.mOptionsTitle, form.menu.mOptionsFileColor[0], *form.dataFile,
                            CurrentProfile(form));
+        SetColumn(*form.ports.textView, form.menu.mViewColumn[0],
+                  LoadColumnOption(*form.dataFile, CurrentProfile(form)));
         form.bookmarks.menu.enabled = false;
         form.book.path = u""; // what the view shows is another reader's
         const int book = LoadHistory(form, records, shown);

@@ -1,8 +1,10 @@
 #include "app/saving_events.h"
 
 #include "app/book_state.h"
+#include "app/changed_book.h"
 #include "app/data_file.h"
 #include "app/main_form.h"
+#include "app/moved_books.h"
 #include "app/shown_book.h"
 
 void Form_Unload(MainForm& form) {
@@ -12,7 +14,8 @@ void Form_Unload(MainForm& form) {
     SaveBookState(form, 0);
     SaveWindowPlacement(form.placement, *form.dataFile, CurrentProfile(form), *form.ports.window);
     oneWrite.Commit();
-    form.closed = true; // nothing may begin while the last message waits
+    form.ports.shell->onStartRequest = nullptr; // a later start waits for the end of this one
+    form.closed = true;                         // nothing may begin while the last message waits
     WriteDataFileAtLast(form);
 }
 
@@ -20,6 +23,9 @@ void toSave_Timer(MainForm& form) {
     constexpr int saveInterval = 60; // seconds
     AdoptLateDataFile(form);
     WatchDataFile(form);
+    constexpr int looksEachSecond = 5; // at the disk
+    LookForMovedBooks(form, looksEachSecond);
+    WatchShownBook(form);
     form.autosaveTick = (form.autosaveTick + 1) % saveInterval;
     if (form.autosaveTick == 0) SaveBookState(form, 0);
 }

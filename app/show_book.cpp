@@ -5,9 +5,11 @@
 #include "app/main_form.h"
 #include "app/open_book.h"
 #include "app/shown_book.h"
+#include "app/text_places.h"
 #include "books/book_file.h"
 #include "books/book_script.h"
 #include "books/record_format.h"
+#include "books/unwrapped_book.h"
 #include "common/flag_scope.h"
 #include "common/text.h"
 #include "formats/plain/plain_text_source.h"
@@ -26,7 +28,8 @@ std::shared_ptr<PlainTextSource> TextOf(MainForm& form, const BookRecord& record
     ShownBook& book = form.book;
     book.chosen = CharsetChosenFor(*form.dataFile, SectionOf(form, record), record, ansiCodePage);
     book.codePage = 0;
-    if (!content.plainText) return nullptr;
+    book.plain = content.plainText != nullptr;
+    if (!book.plain) return nullptr;
     auto text = DecodeBook(content.plainText, book.chosen, ansiCodePage);
     book.codePage = text->CodePage();
     int& charset = form.format.font.charset;
@@ -49,7 +52,8 @@ void KeepGuessedScript(MainForm& form) {
     SaveHistoryItem(form, 0);
 }
 
-void ShowInTextView(MainForm& form, const BookRecord& record, BookContent content) {
+void ShowInTextView(MainForm& form, BookRecord& record, BookContent content,
+                    const std::optional<FileVersion>& file) {
     TextView& view = *form.ports.textView;
     form.format.font = FontOf(record, form.ports.window->DefaultViewFont());
     form.format.textColor = TextColorOf(record);
@@ -61,6 +65,8 @@ void ShowInTextView(MainForm& form, const BookRecord& record, BookContent conten
     view.SetFont(form.format.font);
     ApplyFont(view, form.format.font, Scrolling::Leave);
     SetWordWrap(view, *form.ports.window, form.menu.mViewWordWrap[0], record.Flag(Field::Wrap));
+    SetUnwrapped(view, form.menu.mViewUnwrap[0],
+                 text && LoadUnwrapped(*form.dataFile, SectionOf(form, record)));
     if (text)
         view.LoadText(std::move(text));
     else
@@ -68,15 +74,21 @@ void ShowInTextView(MainForm& form, const BookRecord& record, BookContent conten
     ApplyTextColor(view, form.format.textColor, form.menu.mOptionsFileColor[0].checked,
                    Scrolling::Leave);
     ApplyAlignment(view, form.menu.mViewAlign, record.Number(Field::Align), Scrolling::Leave);
+    FollowText(form, record, file);
     ScrollCaretToTop(view, record.Number(Field::LastPos));
     LayOutForm(form);
     KeepGuessedScript(form);
 }
 
 // The view is shown and starts to load the page. The rest follows when the document is complete.
-void ShowInHtmlView(MainForm& form, const BookRecord& record) {
+void ShowInHtmlView(MainForm& form, const BookRecord& record,
+                    const std::optional<FileVersion>& file) {
     HtmlView& html = *form.ports.htmlView;
     ResetPage(form.page);
+    form.places = {};
+    form.places.file = file;
+    form.places.kept = form.places.stored =
+        LoadPlaces(*form.dataFile, SectionOf(form, record), PlacesOf::Page);
     ++form.page.load;
     form.page.path = record.Path();
     html.SetVisible(true);
@@ -123,6 +135,8 @@ void LeavePage(MainForm& form) {
 }
 
 void ShowBook(MainForm& form, int index) {
+    // Before it is read: of a file that changes meanwhile the next opening sees that it has.
+    const auto file = form.ports.files->Version(GetBookPath(form.history, index));
     BookContent content = ReadBookToShow(form, form.history.Record(index));
     if (content.problem) {
         ShowBookMessage(form.messages, content.problem.text);
@@ -137,12 +151,12 @@ void ShowBook(MainForm& form, int index) {
     ForgetShownBook(form); // so that a book that memory does not hold keeps its record
     const std::u16string pathBefore = std::exchange(form.book.path, u"");
     form.bookmarks.menu.enabled = true;
-    const BookRecord record = form.history.Record(0);
+    BookRecord record = form.history.Record(0);
     form.menu.mFileEdit[0].tag = record[Field::Filter];
     if (record.Kind() == BookKind::Html)
-        ShowInHtmlView(form, record);
+        ShowInHtmlView(form, record, file);
     else
-        ShowInTextView(form, record, std::move(content));
+        ShowInTextView(form, record, std::move(content), file);
     form.menu.mFileList[0].checked = true;
     form.book.path = record.Path();
     if (form.book.path != pathBefore) form.bookmarks.last.tag = u""; // a place in that book

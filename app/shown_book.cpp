@@ -1,5 +1,6 @@
 #include "app/shown_book.h"
 
+#include "app/empty_view.h"
 #include "app/main_form.h"
 #include "common/menu_items.h"
 #include "formats/codepages/charsets.h"
@@ -57,8 +58,8 @@ void LayOutForm(MainForm& form) {
 void UpdateWindowTitle(MainForm& form) {
     const Ports& ports = form.ports;
     const std::u16string &product = form.messages.productTitle, &profile = CurrentProfile(form);
+    UpdateEmptyView(form);
     if (!IsBookShown(form)) {
-        ports.textView->SetName(u"");
         return ports.window->SetTitle(WindowTitle(product, profile, nullptr, false));
     }
     // A title bar may show the system's own script only; a title in another one gives way to the

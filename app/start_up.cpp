@@ -48,21 +48,40 @@ void SetUpViews(MainForm& form) {
     form.ports.window->ApplySystemFont();
 }
 
-// A second program of this user ends without a word, as the first one is on the screen.
+void TellWhyItEnds(MainForm& form, const std::u16string& text) {
+    form.ports.dialogs->ShowMessage(BookMessage(form.messages, text, "trouble"));
+}
+
+// A second program of this user hands its book to the first one, which is on the screen, and ends
+// without a word. A first one that is just ending makes place for it.
 bool Claim(MainForm& form) {
-    const InstanceClaim claim = form.ports.shell->ClaimDataFile(form.DataFilePath);
-    if (claim.result == InstanceClaim::Result::SomebodyElse) {
-        const std::u16string text = form.DataFilePath + u"\r\nis in use by " + claim.holder +
-                                    u". Close " + form.messages.productTitle + u" there first.";
-        form.ports.dialogs->ShowMessage(BookMessage(form.messages, text, "trouble"));
+    constexpr int patience = 3000, betweenAttempts = 50; // milliseconds
+    const std::u16string& title = form.messages.productTitle;
+    for (int waited = 0;; waited += betweenAttempts) {
+        const InstanceClaim claim = form.ports.shell->ClaimDataFile(form.DataFilePath);
+        if (claim.IsGranted()) return true;
+        if (claim.result == InstanceClaim::Result::SomebodyElse) {
+            TellWhyItEnds(form, form.DataFilePath + u"\r\nis in use by " + claim.holder +
+                                    u". Close " + title + u" there first.");
+            return false;
+        }
+        const HandOver answer = form.ports.shell->HandOverBook(
+            form.DataFilePath, form.ports.launch.commandLine, patience - waited);
+        if (answer == HandOver::Taken) return false;
+        if (answer == HandOver::NoAnswer || waited + betweenAttempts >= patience) {
+            TellWhyItEnds(form, title + u" is running already, but does not answer. Try again when "
+                                        u"it has finished what it is doing, or end it.");
+            return false;
+        }
+        form.ports.clock->Wait(betweenAttempts);
     }
-    return claim.IsGranted();
 }
 } // namespace
 
 bool Form_Load(MainForm& form) {
     const Launch& launch = form.ports.launch;
     form.DataFilePath = ResolveDataFilePath(*form.ports.files, launch);
+    ConnectLaterStarts(form);
     if (!Claim(form)) return false;
     form.started = true;
     const auto otherUsersFile = SeedOwnDataFile(*form.ports.files, launch, form.DataFilePath);

@@ -10,6 +10,7 @@
 #include "app/view_menu.h"
 #include "books/html_book.h"
 #include "common/flag_scope.h"
+#include "common/menu_items.h"
 #include "common/text.h"
 #include "reading/page_colors.h"
 #include "reading/zoom.h"
@@ -24,6 +25,15 @@ void fwMain_Resize(MainForm& form) {
     LayOutForm(form);
 }
 
+void ToggleFullScreen(MainForm& form) {
+    if (form.ports.window->IsFullScreen()) return LeaveFullScreen(form);
+    form.ports.window->SetFullScreen(true);
+}
+
+void LeaveFullScreen(MainForm& form) {
+    if (form.ports.window->IsFullScreen()) LeaveFullScreen(form.placement, *form.ports.window);
+}
+
 void fwMain_Zoom(MainForm& form, int steps) {
     for (int i = 0; i < std::abs(steps); ++i)
         mViewFontSize_Click(form, steps > 0 ? 0 : 1);
@@ -32,11 +42,17 @@ void fwMain_Zoom(MainForm& form, int steps) {
 void rtMain_ContextMenu(MainForm& form) {
     MenuTree& menu = form.menu;
     mEdit_Click(form, 0);
+    mView_Click(form, 0);
     mBookmark_Click(form, 0);
+    // "Define" alone says too little outside of its menu, whose opening takes this back.
+    MenuItem& define = menu.mBookmarkNew[0];
+    const std::size_t base = BaseCaption(define).size();
+    define.shown = define.caption.substr(0, base) + u" Bookmark" + define.caption.substr(base);
     form.ports.menuBar->ShowContextMenu({&menu.mEditCopy, &menu.mEditCopyRTF, &menu.mEditSeparator1,
                                          &menu.mEditAll, &menu.mEditSeparator2, &menu.mEditFind,
                                          &menu.mEditNext, &menu.mEditSeparator3, &menu.mEditTitle,
-                                         &menu.mBookmarkNew});
+                                         &menu.mBookmarkNew, &menu.mViewSeparator5,
+                                         &menu.mViewColumn, &menu.mViewUnwrap});
 }
 
 void rtMain_FilesDropped(MainForm& form, const std::vector<std::u16string>& paths) {

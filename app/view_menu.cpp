@@ -5,11 +5,13 @@
 #include "app/main_form.h"
 #include "app/open_book.h"
 #include "app/shown_book.h"
+#include "books/unwrapped_book.h"
 #include "common/menu_items.h"
 #include "reading/caret.h"
 #include "reading/hourglass.h"
 #include "reading/page_colors.h"
 #include "reading/zoom.h"
+#include "shell/options.h"
 
 #include <algorithm>
 
@@ -19,6 +21,9 @@ void mView_Click(MainForm& form, int) {
     menu.mViewFont[0].enabled = menu.mViewWordWrap[0].enabled = !IsPageShown(form);
     for (MenuItem& item : menu.mViewAlign.items)
         item.enabled = menu.mViewFont[0].enabled;
+    const bool wraps = !IsPageShown(form) && menu.mViewWordWrap[0].checked;
+    menu.mViewColumn[0].enabled = wraps;
+    menu.mViewUnwrap[0].enabled = wraps && IsBookShown(form) && form.book.plain;
 }
 
 void mViewRefresh_Click(MainForm& form, int) {
@@ -131,4 +136,17 @@ void mViewWordWrap_Click(MainForm& form, int) {
     MenuItem& item = form.menu.mViewWordWrap[0];
     SetWordWrap(*form.ports.textView, *form.ports.window, item, !item.checked);
     SaveBookState(form, 0);
+}
+
+void mViewColumn_Click(MainForm& form, int) {
+    MenuItem& item = form.menu.mViewColumn[0];
+    SetColumn(*form.ports.textView, item, !item.checked);
+    SaveColumnOption(*form.dataFile, CurrentProfile(form), item.checked);
+}
+
+void mViewUnwrap_Click(MainForm& form, int) {
+    MenuItem& item = form.menu.mViewUnwrap[0];
+    SetUnwrapped(*form.ports.textView, item, !item.checked);
+    if (IsShownBookListed(form))
+        SaveUnwrapped(*form.dataFile, SectionOf(form, form.history.Record(0)), item.checked);
 }

@@ -10,3 +10,6 @@ void mViewFont_Click(MainForm&, int);
 void mViewFontSize_Click(MainForm&, int index); // 0 one point larger, 1 one point smaller
 void mViewAlign_Click(MainForm&, int index);
 void mViewWordWrap_Click(MainForm&, int);
+// Of the context menu.
+void mViewColumn_Click(MainForm&, int); // for all books of the profile
+void mViewUnwrap_Click(MainForm&, int);

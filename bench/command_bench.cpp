@@ -1,8 +1,10 @@
 // What commands cost: changing the profile, defining a bookmark, finding a word.
 //
 //   command_bench [folder of books]     War and Peace as text is looked for there
+#include "app/book_state.h"
 #include "app/data_file.h"
 #include "app/main_form.h"
+#include "app/open_book.h"
 #include "app/start_up.h"
 #include "bench/bench_folder.h"
 #include "bench/stopwatch.h"
@@ -76,6 +78,38 @@ void BenchBookmarks(const std::string& text) {
         copy);
 }
 
+// What each minute costs: the record, the words around the place, and the whole file written.
+void BenchAutosave(const std::string& text) {
+    const TemporaryFolder folder;
+    const auto book = folder.path / "book.txt";
+    WriteFile(book, text);
+    std::string places;
+    for (int i = 1; i <= marks; ++i)
+        places += std::to_string(i * 3000) + ",40|";
+    const std::string sections = HistoryOf(folder.path, "Ann");
+    WriteFile(folder.path / "Norvaset.dat",
+              "[mProfileList]\r\n0=Ann\r\n" + sections + book.string() +
+                  "=2026:11:21:10:20:30=0=Noto Sans=12=0=0=0=0=0=1=0=0=16777215=0=18==" + places +
+                  "\r\n");
+    MainForm form(PortsIn(folder.path));
+    if (!Form_Load(form)) return;
+    OpenBook(form, Utf8ToUtf16(book.string()));
+    SaveBookState(form, 0); // the words around the bookmarks, once
+    const std::string file = ReadFile(folder.path / "Norvaset.dat");
+    Heading("Autosave, 5,000 books, 1,000 bookmarks in War and Peace", "writing the file");
+    const double write = Time([&] {
+        form.ports.files->Replace(form.DataFilePath, file, true);
+        Keep(form.dataFile->Content().ToBytes().size());
+    });
+    int line = 0;
+    Row("SaveBookState at another place", Time([&] {
+            form.ports.textView->ScrollLineToTop(++line * 1000);
+            SaveBookState(form, 0);
+        }),
+        write);
+    Row("write the file and read it again (the peer)", write, write);
+}
+
 void BenchFind(const std::string& bytes) {
     const std::u16string text =
         DecodePlainText(bytes, windowsLatin, windowsLatin).text + u"\nquodlibetical";
@@ -108,6 +142,7 @@ int main(int argc, char** argv) {
         return 0;
     }
     BenchBookmarks(text);
+    BenchAutosave(text);
     BenchFind(text);
     return 0;
 }

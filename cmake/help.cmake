@@ -20,3 +20,7 @@ add_custom_command(OUTPUT ${HELP_FILE}
     DEPENDS ${TOPICS} ${CMAKE_CURRENT_LIST_FILE}
     COMMENT "Making the help file" VERBATIM)
 add_custom_target(help_file ALL DEPENDS ${HELP_FILE})
+
+# The book for who has none yet, beside the program, too.
+set(WELCOME_BOOK ${CMAKE_SOURCE_DIR}/packaging/sample/Welcome.txt)
+configure_file(${WELCOME_BOOK} ${CMAKE_BINARY_DIR}/Welcome.txt COPYONLY)

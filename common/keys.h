@@ -3,6 +3,8 @@
 
 // Key codes are Windows virtual-key codes on every system; letters and digits are their own.
 enum VirtualKey {
+    EnterKey = 13,
+    EscapeKey = 27,
     LeftKey = 37,
     InsertKey = 45,
     NumPlusKey = 107,
@@ -12,6 +14,7 @@ enum VirtualKey {
     F3Key = 114,
     F4Key = 115,
     F5Key = 116,
+    F11Key = 122,
     PlusKey = 187, // of the main block
     MinusKey = 189,
 };

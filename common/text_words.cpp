@@ -43,7 +43,7 @@ bool IsWithinWord(const Cluster& before, const Cluster& cluster, const Cluster& 
     if (before.kind != after.kind || !IsOfWord(before)) return false;
     const char32_t sign = cluster.character;
     if (sign == u'\'' || sign == 0x2019 || sign == u'.') return true;
-    if (before.kind == Kind::Letter) return sign == 0xAD || sign == u':' || sign == 0xB7;
+    if (before.kind == Kind::Letter) return sign == u':' || sign == 0xB7;
     return sign == u',' || sign == u';';
 }
 
@@ -52,7 +52,8 @@ std::vector<Cluster> ClustersOf(std::u16string_view text) {
     const std::vector<TextPos> starts = ClusterStarts(text);
     for (std::size_t i = 0; i + 1 < starts.size(); ++i) {
         const char32_t first = FirstCharacter(text.substr(std::size_t(starts[i]), 2));
-        clusters.push_back({starts[i], first, KindOf(first)});
+        const bool isPartOfBefore = i > 0 && IsMarkOrFormat(first) && text[starts[i] - 1] != u'\n';
+        if (!isPartOfBefore) clusters.push_back({starts[i], first, KindOf(first)});
     }
     for (std::size_t i = 1; i + 1 < clusters.size(); ++i)
         if (clusters[i].kind == Kind::Other &&

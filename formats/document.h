@@ -56,7 +56,8 @@ struct ParagraphStyle {
     std::vector<std::int32_t> tabStops; // twips from the left edge, ascending
     ParagraphBorders borders;
     Color background = 0;
-    bool autoBackground = true; // none
+    bool autoBackground = true;    // none
+    std::uint8_t outlineLevel = 0; // of a heading 1 to 9, the highest first; 0: it is none
     bool operator==(const ParagraphStyle&) const = default;
 };
 

@@ -88,6 +88,20 @@ struct FindAnswer {
     bool wholeWord = false, matchCase = false;
 };
 
+struct PlaceRequest {
+    std::u16string title;
+    int percent = 0; // of the place shown
+    std::vector<Heading> headings;
+    int heading = -1; // index of the one that the place is under
+};
+
+// Either a per cent or a heading: what the user chose last.
+struct PlaceAnswer {
+    DialogResult result = DialogResult::Cancel;
+    int percent = 0;
+    int heading = -1; // index in the request; -1: the per cent
+};
+
 class Dialogs {
   public:
     virtual ~Dialogs() = default;
@@ -101,6 +115,8 @@ class Dialogs {
     // in any script stays so.
     virtual FontAnswer ChooseFont(const FontRequest&) = 0;
     virtual FindAnswer AskFind(const FindRequest&) = 0;
+    // Its list has the headings with what is typed in them (`MatchingHeadings`).
+    virtual PlaceAnswer AskPlace(const PlaceRequest&) = 0;
     virtual DialogResult ShowMessage(const Message&) = 0; // Cancel also when closed
     // A short rich text (RTF, pure ASCII) and buttons from the left. Returns the number of the
     // button that was pressed, from 1; 0 when closed without one. The first is the default button.

@@ -105,6 +105,10 @@ class HtmlView {
     // come while the page is laid out for those before are carried out as one.
     virtual void SendZoomKey(bool larger) = 0;
 
+    virtual void ScrollToPercent(int percent) = 0; // 0 to 100
+    // By the system's dialog, as the context menu's command does.
+    virtual void Print() = 0;
+
     // Kept values of the page.
     virtual bool HasBody() const = 0;         // from just before `onLoaded` on
     virtual bool HasText() const = 0;         // any character, by the count above
@@ -119,6 +123,7 @@ class HtmlView {
     // they are the place before, however many keys were pressed.
     virtual int ZoomSteps() const = 0;
     virtual int ViewHeight() const = 0; // CSS pixels of the page that are seen at a time
+    virtual int Percent() const = 0;    // how far it is scrolled: 100 when its end is in view
     virtual int TopMargin() const = 0;  // of the body with its border: above the first line
     virtual PageSelection Selection() const = 0;
 
@@ -134,6 +139,9 @@ class HtmlView {
     // The character at the left end of the view's first line, just below the top margin; -1 on
     // failure.
     virtual TextPos StartAtTop() = 0;
+
+    // The page's h1 to h6 that have a text, in its order, `maxHeadings` at most. Empty on failure.
+    virtual std::vector<Heading> Headings() = 0;
 
     virtual void SetBounds(const Rect&) = 0; // in the container panel
     virtual void SetVisible(bool) = 0;       // hidden at first

@@ -1,4 +1,4 @@
-// Which of the running programs may use a data file.
+// Which of the running programs may use a data file, and what a later one asks of it.
 #pragma once
 
 #include <string>
@@ -14,4 +14,16 @@ struct InstanceClaim {
     std::u16string holder; // SomebodyElse: "anna on desk", as far as it is known
 
     bool IsGranted() const { return result == Result::Granted; }
+};
+
+// What a later start of the program asks of the running one.
+struct StartRequest {
+    std::u16string book;       // full path; "": only to come to the front
+    std::u16string activation; // for `Window::BringToFront`
+};
+
+enum class HandOver {
+    Taken,
+    NobodyThere, // the instance does not listen yet, or no more
+    NoAnswer     // within the time given; then it does not do later what it was asked for
 };

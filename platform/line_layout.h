@@ -82,7 +82,8 @@ struct TextLine {
     TextPos start = 0, end = 0; // the next line starts at `end`
     // The largest of the line's fonts; boxes do not count.
     double ascent = 0, descent = 0, leading = 0;
-    double width = 0;       // of what is visible
+    // Of what is visible. It may include what the last letter's ink reaches beyond its advance.
+    double width = 0;
     bool justified = false; // the width is the whole one, less the indent
 };
 

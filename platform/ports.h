@@ -31,7 +31,7 @@ struct Ports {
     std::unique_ptr<Dialogs> dialogs;
     std::unique_ptr<HelpWindow> helpWindow;
     std::unique_ptr<Clipboard> clipboard;
-    std::unique_ptr<Timer> saveTimer;
+    std::unique_ptr<Timer> saveTimer, scrollTimer;
     std::unique_ptr<Shell> shell;
     std::unique_ptr<Registry> registry;
     std::unique_ptr<Files> files;

@@ -3,6 +3,7 @@
 
 #include "platform/instance.h"
 
+#include <functional>
 #include <string>
 
 class Shell {
@@ -23,4 +24,14 @@ class Shell {
     // Claims the data file for the life of the process. What was granted ends with the process,
     // however that ends.
     virtual InstanceClaim ClaimDataFile(const std::u16string& path) = 0;
+
+    // Hands a book (full path, "" for none) to the instance of this user that has claimed the data
+    // file, together with this start's right to come to the front. Waits for an answer at most
+    // that long; that nobody is there it says at once.
+    virtual HandOver HandOverBook(const std::u16string& dataFile, const std::u16string& book,
+                                  int milliseconds) = 0;
+    // In the instance that has claimed the data file: another start of the same user asks for
+    // something. Told from the event loop, also while a dialog or a menu is open; the other has its
+    // answer by then. Without a handler it is refused, and the other finds nobody there.
+    std::function<void(const StartRequest&)> onStartRequest;
 };

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "common/file_limits.h"
+#include "common/heading.h"
 #include "common/text_source.h"
 
 #include <cstdint>
@@ -20,8 +21,20 @@ struct ViewFont {
     bool operator==(const ViewFont&) const = default;
 };
 
+struct PrintAnswer {
+    enum class Result { Printed, Cancelled, Failed };
+    Result result = Result::Cancelled;
+    std::u16string reason; // of a failure, as the system says it; may be empty
+};
+
 struct LineSpan {
     TextPos start = 0, length = 0; // length without the paragraph break
+};
+
+// What stands in the middle of a view without a text.
+struct Placeholder {
+    std::u16string text; // "" for nothing at all
+    std::u16string link; // below it, "" for none
 };
 
 // Positions outside the text are moved to its nearest end by every function. No function fails:
@@ -58,6 +71,14 @@ class TextView {
     // the window drawn meanwhile and answers `findGivenUp` when the user presses Escape or closes
     // the window; other keys and the mouse do nothing then.
     virtual TextPos Find(std::u16string_view what, TextPos start, FindOptions) const = 0;
+    // The chapter headings in the text's order, `maxHeadings` at most. A search like `Find`: what
+    // was found by then when it is given up.
+    virtual std::vector<Heading> Headings() const = 0;
+    // Hands over the text loaded now, which stays as long as `look` runs. One that takes long asks
+    // `goesOn` now and then: the window stays drawn meanwhile as during a search, and is given up
+    // by the same.
+    using Look = std::function<void(const TextSource&, const std::function<bool()>& goesOn)>;
+    virtual void LookThrough(const Look& look) const = 0;
     // The selection as RTF source, pure ASCII.
     virtual std::string SelectionAsRtf() const = 0;
 
@@ -66,6 +87,11 @@ class TextView {
     virtual TextPos FirstVisibleChar() const = 0; // first character of the top visible line
     virtual LineSpan LineAround(TextPos position) const = 0;
     virtual void ScrollLineToTop(TextPos position) = 0;
+    // How far the view is scrolled: 0 at the start, 100 when the end is in view.
+    virtual int Percent() const = 0;
+    virtual void ScrollToPercent(int percent) = 0; // 0 to 100
+    // Scrolls down by device pixels; false when the end was in view already.
+    virtual bool ScrollDown(int pixels) = 0;
     // Where lines are wider than the view: brings the stretch into view horizontally, as far as it
     // is in the line of `start`; of one wider than the view the beginning. What is in view already
     // stays where it is, and where the line's beginning can be seen, too, it is.
@@ -88,6 +114,18 @@ class TextView {
     virtual void SetAlignment(Alignment) = 0;
     // In twips; 0 wraps at the view's edge, else lines break at this width.
     virtual void SetRightMargin(int twips) = 0;
+    // Wrapped lines have at most so many average letters of the text's font, and stand in a column
+    // in the middle of the view; tables and pictures may take all of its width. 0: as wide as the
+    // view.
+    virtual void SetMaxLineLength(int letters) = 0;
+    // Whether lines that a plain text broke for their width alone are shown as paragraphs, where
+    // lines wrap. The text and all positions in it stay as they are.
+    virtual void SetUnwrapped(bool) = 0;
+
+    // Asks for the printer and the pages by the system's dialog, and prints the text in its font
+    // and colours on white, with `title` at the head of the pages and their numbers at the foot.
+    // Shows how far it is meanwhile, with a way to cancel; other input does nothing then.
+    virtual PrintAnswer Print(const std::u16string& title) = 0;
 
     virtual void SetBounds(const Rect&) = 0; // in the container panel
     virtual void SetVisible(bool) = 0;
@@ -95,6 +133,9 @@ class TextView {
     virtual void FocusView() = 0;
     // What the text is called where it is read aloud. For a view that is accessible.
     virtual void SetName(std::u16string_view) {}
+
+    virtual void SetPlaceholder(const Placeholder&) = 0;
+    std::function<void()> onPlaceholderLink; // it was clicked
 
     // A context menu is asked for, at the pointer or from the keyboard.
     std::function<void()> onContextMenu;

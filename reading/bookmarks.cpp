@@ -78,13 +78,18 @@ std::vector<std::u16string> TextExcerpts(const TextView& view,
     return excerpts;
 }
 
-void CaptionBookmarks(Bookmarks& bookmarks, std::vector<std::u16string> excerpts) {
+void CaptionBookmarks(Bookmarks& bookmarks, std::vector<std::u16string> excerpts,
+                      const std::function<bool(TextPos start)>& isUncertain) {
     MenuArray &list = bookmarks.list, &deleteList = bookmarks.deleteList;
     excerpts.resize(list.items.size());
     for (int i = 0; i < list.Count(); ++i) {
         if (i == deleteList.Count()) AddMenuItem(deleteList);
         const std::u16string& excerpt = excerpts[static_cast<std::size_t>(i)];
-        if (!excerpt.empty()) list[i].caption = WithoutDirectionControls(OneLine(excerpt));
+        if (!excerpt.empty()) {
+            const bool uncertain = isUncertain && isUncertain(StartOf(list[i].tag));
+            list[i].caption = uncertain ? u"? " : u"";
+            list[i].caption += WithoutDirectionControls(OneLine(excerpt));
+        }
         deleteList[i].caption = list[i].caption;
     }
     deleteList.items.resize(list.items.size());

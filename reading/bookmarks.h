@@ -4,6 +4,7 @@
 #include "common/menu_model.h"
 #include "platform/text_view.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -34,8 +35,10 @@ std::u16string JoinedMarks(const std::u16string& stored, const std::u16string& a
 std::vector<std::u16string> MarkTags(const Bookmarks&);
 // The marked text for each tag, "" for a tag that is not two numbers.
 std::vector<std::u16string> TextExcerpts(const TextView&, const std::vector<std::u16string>& tags);
-// Captions of both lists; a mark without an excerpt, or when there are none, keeps its caption.
-void CaptionBookmarks(Bookmarks&, std::vector<std::u16string> excerpts);
+// Captions of both lists; a mark without an excerpt, or when there are none, keeps its caption. One
+// that is not certain to be at its words has a question mark in front.
+void CaptionBookmarks(Bookmarks&, std::vector<std::u16string> excerpts,
+                      const std::function<bool(TextPos start)>& isUncertain = nullptr);
 
 // The index of the mark at `start`, for which a place is made when it is new.
 int PlaceMark(Bookmarks&, TextPos start);

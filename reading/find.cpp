@@ -61,7 +61,7 @@ std::u16string SelectedSearch(HtmlView& view) {
     return view.Selection().span.length > maxSearchLength ? u"" : view.SelectedText();
 }
 
-void FindNext(TextView& view, const FindState& find, int charset) {
+bool FindNext(TextView& view, const FindState& find, int charset) {
     TextPos found = notFound;
     {
         const Hourglass hourglass(view);
@@ -69,15 +69,17 @@ void FindNext(TextView& view, const FindState& find, int charset) {
         found = view.Find(find.text, start, find.options);
         if (found == notFound) found = view.Find(find.text, 0, find.options);
     }
-    if (found < 0) return;
+    if (found < 0) return found != notFound;
     view.Select(found, static_cast<TextPos>(find.text.size()));
     SelectLogically(view, charset);
     ScrollCaretToTop(view);
+    return true;
 }
 
-void FindNext(HtmlView& view, const FindState& find) {
+bool FindNext(HtmlView& view, const FindState& find) {
     const auto match = view.FindBehindSelection(find.text, find.options);
-    if (!match) return;
+    if (!match) return false;
     view.ScrollTo(match->left, match->top - match->searchTop);
     view.Select(match->span); // shows it, where the distance alone does not lead there
+    return true;
 }

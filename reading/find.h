@@ -29,6 +29,6 @@ std::u16string SelectedSearch(HtmlView&);
 
 // The next place behind the selection: in a text once around its end, selected and in view; in a
 // page up to its end only. Nothing changes when there is none, or when a long search is given up.
-// `charset` is the font's.
-void FindNext(TextView&, const FindState&, int charset);
-void FindNext(HtmlView&, const FindState&);
+// `charset` is the font's. False when there is none.
+bool FindNext(TextView&, const FindState&, int charset);
+bool FindNext(HtmlView&, const FindState&);

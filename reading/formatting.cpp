@@ -40,3 +40,14 @@ void SetWordWrap(TextView& view, const Window& window, MenuItem& wrapItem, bool 
     wrapItem.checked = wrap;
     view.SetRightMargin(wrap ? 0 : RoundToEven(widePixels * window.TwipsPerPixelX()));
 }
+
+void SetColumn(TextView& view, MenuItem& columnItem, bool on) {
+    constexpr int letters = 75; // typographers count 45 to 75
+    columnItem.checked = on;
+    view.SetMaxLineLength(on ? letters : 0);
+}
+
+void SetUnwrapped(TextView& view, MenuItem& unwrapItem, bool on) {
+    unwrapItem.checked = on;
+    view.SetUnwrapped(on);
+}

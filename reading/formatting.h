@@ -23,3 +23,7 @@ void ApplyTextColor(TextView&, Color, bool keepFileColors, Scrolling);
 void ApplyAlignment(TextView&, MenuArray& alignItems, int index, Scrolling);
 // The item is checked while lines are wrapped.
 void SetWordWrap(TextView&, const Window&, MenuItem& wrapItem, bool wrap);
+// Likewise while wrapped lines are no longer than the eye follows well.
+void SetColumn(TextView&, MenuItem& columnItem, bool on);
+// And while lines that a plain text broke for their width alone flow on.
+void SetUnwrapped(TextView&, MenuItem& unwrapItem, bool on);

@@ -5,7 +5,8 @@
 
 namespace {
 constexpr std::u16string_view editorSection = u"fwMain"; // of all profiles
-constexpr std::u16string_view titleKey = u"mOptionsTitle", fileColorKey = u"mOptionsFileColor";
+constexpr std::u16string_view titleKey = u"mOptionsTitle", fileColorKey = u"mOptionsFileColor",
+                              columnKey = u"mViewColumn";
 
 std::u16string EditorKey(int kind) {
     return u"mOptionsEditor-" + NumberText(kind);
@@ -53,4 +54,12 @@ void SaveTitleOption(IniFile& file, const std::u16string& profile, int index) {
 
 void SaveFileColorOption(IniFile& file, const std::u16string& profile, bool on) {
     IniWriteNumber(file, profile, fileColorKey, on ? 1 : 0);
+}
+
+bool LoadColumnOption(IniFile& file, const std::u16string& profile) {
+    return IniReadNumber(file, profile, columnKey, 1) != 0;
+}
+
+void SaveColumnOption(IniFile& file, const std::u16string& profile, bool on) {
+    IniWriteNumber(file, profile, columnKey, on ? 1 : 0);
 }

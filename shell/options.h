@@ -23,3 +23,7 @@ void LoadProfileOptions(MenuArray& title, MenuItem& fileColor, IniFile&,
                         const std::u16string& profile);
 void SaveTitleOption(IniFile&, const std::u16string& profile, int index);
 void SaveFileColorOption(IniFile&, const std::u16string& profile, bool on);
+
+// Whether the texts of a profile stand in a column: until it says otherwise, they do.
+bool LoadColumnOption(IniFile&, const std::u16string& profile);
+void SaveColumnOption(IniFile&, const std::u16string& profile, bool on);

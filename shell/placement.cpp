@@ -18,6 +18,10 @@ WindowState StateOf(int number) {
                          : WindowState::Normal;
 }
 
+bool IsNormal(const Window& window) {
+    return window.State() == WindowState::Normal && !window.IsFullScreen();
+}
+
 void RememberNormalRectangle(WindowPlacement& placement, const Window& window) {
     const Rect bounds = window.Bounds();
     placement.Left = Twips(bounds.left, window.TwipsPerPixelX());
@@ -34,6 +38,7 @@ void MoveToPlacement(const WindowPlacement& placement, Window& window) {
 }
 
 void FollowWindow(WindowPlacement& placement, Window& window) {
+    if (window.IsFullScreen()) return;
     const bool wasNormal = placement.State == static_cast<int>(WindowState::Normal);
     if (window.State() == WindowState::Normal && !wasNormal) MoveToPlacement(placement, window);
     placement.State = static_cast<int>(window.State());
@@ -42,7 +47,7 @@ void FollowWindow(WindowPlacement& placement, Window& window) {
 
 void SaveWindowPlacement(WindowPlacement& placement, IniFile& file, const std::u16string& profile,
                          const Window& window) {
-    if (window.State() == WindowState::Normal) RememberNormalRectangle(placement, window);
+    if (IsNormal(window)) RememberNormalRectangle(placement, window);
     const double x = window.TwipsPerPixelX(), y = window.TwipsPerPixelY();
     IniBatch oneWrite(file);
     IniWriteNumber(file, profile, u"Left", placement.Left / x);
@@ -66,6 +71,13 @@ WindowPlacement LoadWindowPlacement(IniFile& file, const std::u16string& profile
     placement.Width = read(u"Width", now.width, window.TwipsPerPixelX());
     placement.Height = read(u"Height", now.height, window.TwipsPerPixelY());
     placement.State = read(u"State", static_cast<int>(window.State()), 1);
-    window.SetState(StateOf(placement.State));
+    if (!window.IsFullScreen()) window.SetState(StateOf(placement.State));
     return placement;
+}
+
+void LeaveFullScreen(const WindowPlacement& placement, Window& window) {
+    window.SetFullScreen(false);
+    const WindowState state = StateOf(placement.State);
+    window.SetState(state);
+    if (state == WindowState::Normal) MoveToPlacement(placement, window);
 }

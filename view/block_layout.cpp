@@ -1,5 +1,7 @@
 #include "view/block_layout.h"
 
+#include "view/column.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -22,17 +24,19 @@ bool LastInCell(const BlockLayout& layout, std::size_t paragraph) {
 BlockLayout LayOutSingle(const LayoutContext& context, const TextBlock& block) {
     const bool last = EndsParagraph(*context.text, block);
     const bool atEnd = block.end == context.text->Length();
-    const ParagraphPart part{.start = block.start,
-                             .end = block.end - (last ? 1 : 0),
-                             .first = StartsParagraph(*context.text, block),
-                             .last = last || atEnd,
-                             .breakWidth = context.breakWidth,
-                             .alignWidth = context.viewWidth};
+    ParagraphPart part{.start = block.start,
+                       .end = block.end - (last ? 1 : 0),
+                       .first = StartsParagraph(*context.text, block),
+                       .last = last || atEnd};
+    const BlockPlace place = PlaceOfParagraph(context, part);
+    part.alignWidth = place.width;
+    part.breakWidth = context.wraps ? place.width : context.breakWidth;
     BlockLayout layout;
     layout.block = block;
-    layout.paragraphs.push_back(LayOutParagraph(context, part));
-    layout.height = layout.paragraphs.front().height;
-    layout.width = layout.paragraphs.front().width;
+    ParagraphLayout& paragraph = layout.paragraphs.emplace_back(LayOutParagraph(context, part));
+    paragraph.origin.x = place.left;
+    layout.height = paragraph.height;
+    layout.width = place.left + paragraph.width;
     return layout;
 }
 

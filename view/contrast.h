@@ -1,7 +1,7 @@
-// Whether a text can be read on a background.
+// Whether a line, a caret or a border can be seen on a background.
 #pragma once
 
-#include "common/geometry.h"
+#include "common/contrast.h"
 
 #include <cstdlib>
 
@@ -12,12 +12,6 @@ inline int Brightness(Color color) {
     return (red * 11 + green * 16 + blue * 5) / 32;
 }
 
-// Black or white, whichever is more legible on `background`.
-inline Color LegibleOn(Color background) {
-    return Brightness(background) < 128 ? 0xFFFFFF : 0x000000;
-}
-
-// Whether text in one of the colours is legible on the other.
-inline bool HasContrast(Color a, Color b) {
-    return std::abs(Brightness(a) - Brightness(b)) >= 80;
+inline bool CanBeSeen(Color line, Color background) {
+    return std::abs(Brightness(line) - Brightness(background)) >= 80;
 }

@@ -110,6 +110,12 @@ void PaneTextView::ScrollLineToTop(TextPos position) {
     Pane().OnScrolled();
 }
 
+bool PaneTextView::ScrollDown(int pixels) {
+    const VerticalPos before = Pane().Scroller().Top();
+    Pane().ScrollBy({0, pixels});
+    return Pane().Scroller().Top() != before;
+}
+
 void PaneTextView::ScrollIntoViewHorizontally(TextPos start, TextPos length) {
     const TextPos from = std::clamp(start, 0, TextLength());
     Pane().RevealHorizontally(from, from + std::clamp(length, 0, TextLength() - from));
@@ -153,4 +159,16 @@ void PaneTextView::SetAlignment(Alignment alignment) {
 
 void PaneTextView::SetRightMargin(int twips) {
     ChangeStyle(Pane(), [&](ViewStyle& style) { style.rightMargin = twips; });
+}
+
+void PaneTextView::SetMaxLineLength(int letters) {
+    ChangeStyle(Pane(), [&](ViewStyle& style) { style.maxLineLength = letters; });
+}
+
+void PaneTextView::SetUnwrapped(bool on) {
+    ChangeStyle(Pane(), [&](ViewStyle& style) { style.unwrapped = on; });
+}
+
+void PaneTextView::SetPlaceholder(const Placeholder& placeholder) {
+    Pane().SetPlaceholder(placeholder);
 }

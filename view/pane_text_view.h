@@ -23,6 +23,9 @@ class PaneTextView : public TextView {
     TextPos FirstVisibleChar() const override;
     LineSpan LineAround(TextPos position) const override;
     void ScrollLineToTop(TextPos position) override;
+    int Percent() const override { return Pane().Percent(); }
+    void ScrollToPercent(int percent) override { Pane().ScrollToPercent(percent); }
+    bool ScrollDown(int pixels) override;
     void ScrollIntoViewHorizontally(TextPos start, TextPos length) override;
 
     void SetFont(const ViewFont& font) override;
@@ -35,6 +38,9 @@ class PaneTextView : public TextView {
     void SetBackColor(Color color) override;
     void SetAlignment(Alignment alignment) override;
     void SetRightMargin(int twips) override;
+    void SetMaxLineLength(int letters) override;
+    void SetUnwrapped(bool on) override;
+    void SetPlaceholder(const Placeholder& placeholder) override;
 
     int LayoutsMade() const { return Pane().Layouts().LayoutsMade(); } // blocks laid out so far
 

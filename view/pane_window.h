@@ -4,7 +4,8 @@
 #include "common/geometry.h"
 #include "view/geometry.h"
 
-enum class PaneTimer { CaretBlink, AutoScroll };
+enum class PaneTimer { CaretBlink, AutoScroll, ScrollLabel, Headings };
+constexpr int paneTimers = 4;
 
 // Vertically in positions of the text, because a text of any length has no height in pixels;
 // horizontally in pixels.

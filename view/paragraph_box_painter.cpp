@@ -14,7 +14,7 @@ Rect BoxRect(const ParagraphLayout& paragraph, Point origin) {
 Color ColorOf(const TextPaint& paint, const ParagraphStyle& style, const ParagraphBorder& border) {
     const Color back = style.autoBackground ? paint.context.viewStyle.backColor : style.background;
     const Color color = border.autoColor ? paint.Line() : border.color;
-    return HasContrast(color, back) ? color : LegibleOn(back);
+    return CanBeSeen(color, back) ? color : LegibleOn(back);
 }
 } // namespace
 

@@ -21,9 +21,11 @@ struct LayoutContext {
     PictureStore& pictures;
     LineLayout& lines;
     const TextSource* text = nullptr;
-    bool plain = true;  // plain text: the view's font, and directions by content
-    int viewWidth = 1;  // pixels; lines are aligned to it
-    int breakWidth = 1; // pixels; lines are broken at it
+    bool plain = true;   // plain text: the view's font, and directions by content
+    int viewWidth = 1;   // pixels; the room for tables and pictures
+    int columnWidth = 1; // pixels; in the middle of it: paragraphs are aligned to it
+    bool wraps = true;   // lines break at the column's width, else at `breakWidth`
+    int breakWidth = 1;  // pixels
     double pixelsPerTwip = 96.0 / 1440;
 
     // Limits a measure from a file to what a page can hold.

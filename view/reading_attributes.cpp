@@ -1,5 +1,6 @@
 #include "view/reading_attributes.h"
 
+#include "common/contrast.h"
 #include "view/paragraph_shape.h"
 #include "view/reading_spans.h"
 
@@ -28,8 +29,12 @@ CharacterLook CharacterLookAt(TextPane& pane, TextPos position) {
     CharacterLook look;
     look.span = StyleSpanAt(context, at);
     look.style = context.plain ? context.styles.Plain().style : context.styles.At(at).style;
-    look.foreground = look.style.color.value_or(PlainTextColor(context.viewStyle, pane.System()));
-    look.background = look.style.background.value_or(context.viewStyle.backColor);
+    const Color text = PlainTextColor(context.viewStyle, pane.System());
+    const auto shading =
+        look.style.background ? look.style.background : ShadingAt(context.document, at);
+    look.background = shading.value_or(context.viewStyle.backColor);
+    const bool isHidden = shading && !IsReadable(text, *shading);
+    look.foreground = look.style.color.value_or(isHidden ? LegibleOn(*shading) : text);
     return look;
 }
 

@@ -1,6 +1,7 @@
 #include "view/reading_units.h"
 
 #include "common/text_clusters.h"
+#include "common/text_sentences.h"
 #include "common/text_words.h"
 #include "common/unicode.h"
 #include "common/utf.h"
@@ -20,6 +21,14 @@ std::vector<TextPos> ReadingWordStarts(std::u16string_view text) {
                IsSpaceCharacter(text[static_cast<std::size_t>(at)]);
     });
     return starts;
+}
+
+std::vector<TextPos> StartsOf(ReadingUnit unit, std::u16string_view text) {
+    switch (unit) {
+    case ReadingUnit::Word: return ReadingWordStarts(text);
+    case ReadingUnit::Sentence: return SentenceStarts(text);
+    default: return ClusterStarts(text);
+    }
 }
 
 TextSpan Common(TextSpan a, TextSpan b) {
@@ -47,7 +56,8 @@ TextSpan ReadingUnits::At(TextPos position, ReadingUnit unit) {
         return Common(paragraph, StyleSpanAt(layouts_.Context(), within));
     }
     case ReadingUnit::Character:
-    case ReadingUnit::Word: break;
+    case ReadingUnit::Word:
+    case ReadingUnit::Sentence: break;
     }
     return WithinParagraph(position, unit);
 }
@@ -59,9 +69,8 @@ TextSpan ReadingUnits::WithinParagraph(TextPos position, ReadingUnit unit) {
     if (!known) {
         const TextSpan paragraph = ReadingParagraphAt(layouts_, position);
         if (paragraph.start == paragraph.end) return paragraph;
-        const std::u16string text = layouts_.Text().Range(paragraph.start, paragraph.end);
-        starts_ = {paragraph, unit,
-                   unit == ReadingUnit::Word ? ReadingWordStarts(text) : ClusterStarts(text)};
+        const std::u16string text = ReadableText(pane_, paragraph);
+        starts_ = {paragraph, unit, StartsOf(unit, text)};
     }
     const TextSpan paragraph = starts_.paragraph;
     const TextPos at = std::min(position, paragraph.end - 1) - paragraph.start;

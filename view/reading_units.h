@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-enum class ReadingUnit { Character, Format, Word, Line, Paragraph, Page, Document };
+enum class ReadingUnit { Character, Format, Word, Line, Paragraph, Page, Document, Sentence };
 
 // A longer way is not gone at once: the cost of an answer does not depend on the length of the
 // text.

@@ -1,4 +1,5 @@
 #include "view/block_layout.h"
+#include "view/column.h"
 
 #include <algorithm>
 #include <cmath>
@@ -55,10 +56,10 @@ void MergeUp(Cells& cells, const std::vector<std::size_t>& above, RowCell& cell)
 }
 
 // Places the cells horizontally; returns the right edge.
-int PlaceCells(const LayoutContext& context, const TextBlock& block, std::size_t index,
-               Cells& cells) {
+int PlaceCells(const LayoutContext& context, const TextBlock& block, BlockPlace place,
+               std::size_t index, Cells& cells) {
     const TableRow& row = block.rows[index];
-    const int width = std::max(1, context.viewWidth - context.Hairline());
+    const int width = std::max(1, place.width - context.Hairline());
     const std::vector<int> edges = CellEdges(context, row, width);
     const int total = edges.back(), room = std::max(0, width - total);
     const int offset = std::clamp(context.Pixels(row.leftEdge), 0, room);
@@ -68,14 +69,14 @@ int PlaceCells(const LayoutContext& context, const TextBlock& block, std::size_t
         const int from = i == 0 ? 0 : edges[i - 1], cellWidth = edges[i] - from;
         const int left = row.rightToLeft ? room - offset + total - edges[i] : offset + from;
         RowCell cell;
-        cell.layout = {{left, 0, cellWidth, 0}, &row.cells[i], &row.cells[i], false};
+        cell.layout = {{place.left + left, 0, cellWidth, 0}, &row.cells[i], &row.cells[i], false};
         cell.row = cell.lastRow = index;
         cell.gap = std::min(std::clamp(context.Pixels(row.cellGap), context.Hairline(), widestGap),
                             cellWidth / 4);
         MergeUp(cells, above, cell);
         cells.push_back(cell);
     }
-    return offset + total;
+    return place.left + offset + total;
 }
 
 // The paragraphs of a cell, each without its end character.
@@ -139,8 +140,9 @@ BlockLayout LayOutRows(const LayoutContext& context, const TextBlock& block) {
     BlockLayout layout;
     layout.block = block;
     Cells cells;
+    const BlockPlace place = PlaceOfRows(context, block.rows);
     for (std::size_t row = 0; row < block.rows.size(); ++row)
-        layout.width = std::max(layout.width, PlaceCells(context, block, row, cells));
+        layout.width = std::max(layout.width, PlaceCells(context, block, place, row, cells));
     for (std::size_t i = 0; i < cells.size(); ++i)
         FillCell(context, cells[i], i, layout);
 

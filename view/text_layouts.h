@@ -15,7 +15,7 @@ class TextLayouts {
     void Clear();                                       // when text, style or width have changed
 
     const LayoutContext& Context() const { return context_; }
-    const TextSource& Text() const { return *context_.text; }
+    const TextSource& Text() const { return *context_.text; } // as it is shown
     Layout At(TextPos position); // of the block that contains `position`, clamped to the text
     Layout After(const Layout& layout);  // null after the last one
     Layout Before(const Layout& layout); // null before the first one

@@ -1,6 +1,6 @@
 #include "view/text_painter.h"
 
-#include "view/contrast.h"
+#include "common/contrast.h"
 #include "view/paragraph_box_painter.h"
 #include "view/selected_region.h"
 
@@ -95,7 +95,7 @@ Color TextColorIn(const TextPaint& paint, const BlockLayout& layout,
     const bool isShaded = style && !style->autoBackground;
     if (!isShaded && (!cell || cell->autoBackground)) return paint.text;
     const Color back = isShaded ? style->background : cell->background;
-    return HasContrast(paint.text, back) ? paint.text : LegibleOn(back);
+    return IsReadable(paint.text, back) ? paint.text : LegibleOn(back);
 }
 } // namespace
 

@@ -1,6 +1,8 @@
 #include "view/text_pane.h"
 
 #include "common/string_text.h"
+#include "view/column.h"
+#include "view/unwrapped_text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -19,6 +21,7 @@ TextPane::TextPane(PaneWindow& window, LineLayout& lines, PictureStore& pictures
                                                                 pictures_, lines_},
       layouts_(context_), scroller_(layouts_) {
     context_.text = text_.get();
+    headings_.Reset(*text_, document_, context_.plain);
     context_.pixelsPerTwip = 0; // unknown until the first layout
 }
 
@@ -39,9 +42,12 @@ void TextPane::ShowText(std::shared_ptr<const TextSource> text) {
 }
 
 void TextPane::ResetView() {
-    context_.text = text_.get();
+    unwrapped_.reset();
+    pageLines_.reset();
+    ChooseShownText();
     const TextPos anchorBefore = std::exchange(anchor_, 0), caretBefore = std::exchange(caret_, 0);
     preferredX_.reset();
+    headings_.Reset(*text_, document_, context_.plain);
     pictures_.Clear();
     styles_.ClearFonts();
     scroller_.ScrollLineToTop(0);
@@ -51,8 +57,20 @@ void TextPane::ResetView() {
     window_.OnSelectionChanged(anchorBefore, caretBefore);
 }
 
+// Where lines do not wrap each is as long as the file made it.
+void TextPane::ChooseShownText() {
+    const bool unwraps = viewStyle_.unwrapped && context_.plain && viewStyle_.rightMargin <= 0;
+    if (unwraps != (unwrapped_ != nullptr)) pageLines_.reset();
+    if (!unwraps)
+        unwrapped_.reset();
+    else if (!unwrapped_)
+        unwrapped_ = std::make_shared<UnwrappedText>(text_);
+    context_.text = unwraps ? unwrapped_.get() : text_.get();
+}
+
 void TextPane::SetStyle(const ViewStyle& style) {
     viewStyle_ = style;
+    ChooseShownText();
     Relayout();
 }
 
@@ -63,6 +81,7 @@ void TextPane::SetSystemStyle(const SystemStyle& style) {
 
 void TextPane::Relayout() {
     styles_.Reset();
+    fullColumn_.reset();
     layouts_.Clear();
     scroller_.LayoutsChanged();
     OnScrolled();
@@ -80,12 +99,23 @@ int TextPane::BreakWidth(int room) const {
         std::clamp(viewStyle_.rightMargin * context_.pixelsPerTwip, 1.0, double(maxLineWidth)));
 }
 
+int TextPane::ColumnWidth(int room) {
+    if (viewStyle_.maxLineLength <= 0 || viewStyle_.rightMargin > 0) return room;
+    if (!pageLines_) {
+        pageLines_.emplace();
+        if (context_.plain && !unwrapped_) pageLines_ = PageLines(*text_);
+    }
+    if (!fullColumn_) fullColumn_ = ::ColumnWidth(context_, viewStyle_.maxLineLength, *pageLines_);
+    return std::min(room, *fullColumn_);
+}
+
 // Returns whether the resolution has changed.
 bool TextPane::UpdateResolution() {
     const double dpi = window_.Dpi(), pixelsPerTwip = dpi / twipsPerInch;
     if (std::exchange(context_.pixelsPerTwip, pixelsPerTwip) == pixelsPerTwip) return false;
     lines_.SetResolution(dpi);
     styles_.Reset();
+    fullColumn_.reset();
     return true;
 }
 
@@ -97,6 +127,7 @@ void TextPane::UpdateLayoutSize() {
     margin_ = std::max(least, width_ / marginDivisor);
     const int room = std::max(1, width_ - 2 * margin_);
     const int breakWidth = BreakWidth(room), viewWidth = std::min(room, breakWidth);
+    const int columnWidth = ColumnWidth(viewWidth);
     horizontalBar_ = breakWidth > room;
     window_.SetHorizontalBar(horizontalBar_);
     const int height = std::max(1, window_.Room().height);
@@ -106,11 +137,14 @@ void TextPane::UpdateLayoutSize() {
         scroller_.LayoutsChanged();
         visibleSpan_.reset();
     }
-    const bool sameWidth = breakWidth == context_.breakWidth && viewWidth == context_.viewWidth;
+    const bool sameWidth = breakWidth == context_.breakWidth && viewWidth == context_.viewWidth &&
+                           columnWidth == context_.columnWidth;
     if (sameScreen && sameWidth && sameHeight) return;
     if (!sameScreen || !sameWidth) {
         context_.breakWidth = breakWidth;
         context_.viewWidth = viewWidth;
+        context_.columnWidth = columnWidth;
+        context_.wraps = breakWidth <= room;
         Relayout();
     }
     scroller_.KeepEndAtBottom();

@@ -3,12 +3,17 @@
 #pragma once
 
 #include "view/caret_moves.h"
+#include "view/heading_index.h"
 #include "view/pane_window.h"
+#include "view/placeholder.h"
 #include "view/text_scroller.h"
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <string>
+#include <vector>
 
 enum class PaneKey { Left, Right, Up, Down, PageUp, PageDown, Home, End, Space };
 
@@ -21,8 +26,8 @@ class TextPane {
     // Both start at the top with the caret at 0. A TextSource is plain text.
     void ShowText(Document document, bool plain);
     void ShowText(std::shared_ptr<const TextSource> text);
-    const TextSource& Source() const { return *text_; }
-    const Document& Text() const { return document_; } // its text may not be the one displayed
+    const TextSource& Source() const { return *text_; } // that of the file, however it is shown
+    const Document& Text() const { return document_; }  // its text may not be the one displayed
     bool IsPlain() const { return context_.plain; }
     const ViewStyle& Style() const { return viewStyle_; }
     void SetStyle(const ViewStyle& style);
@@ -60,9 +65,19 @@ class TextPane {
     int ScrollX() const { return scrollX_; }
     int ToTextX(int viewX) const { return viewX - margin_ + scrollX_; }
     int Width() const { return width_; } // as last laid out
+    int Percent();                       // how far it is scrolled
+    void ScrollToPercent(int percent);
+    // For a moment beside the scroll bar: while that is dragged or the wheel turns.
+    void ShowScrollLabel();
+    // All of them; `goesOn` is asked again and again and ends the search when it says no.
+    const std::vector<Heading>& Headings(const std::function<bool()>& goesOn);
     void OnTimer(PaneTimer timer);
     void OnFocusChanged();
     void OnResized() { UpdateLayoutSize(); }
+
+    // Shown while the text is empty.
+    void SetPlaceholder(const Placeholder& placeholder);
+    bool IsPlaceholderLink(Point point) const; // as it was last painted
 
     // Over a window filled with the background colour. `clip` is what is to be drawn.
     void Paint(Canvas& canvas, const Rect& clip);
@@ -74,13 +89,18 @@ class TextPane {
     void ResetView();
     void UpdateLayoutSize();
     void Relayout();
+    void ChooseShownText();
     bool UpdateResolution();
     int BreakWidth(int room) const;
+    int ColumnWidth(int room);
     int SideMargin();
     void ScrollRightTo(int x);
     void UpdateScrollBars();
     void ShowHorizontal();
     void PaintCaret(Canvas& canvas);
+    void PaintLabel(Canvas& canvas);
+    void HideScrollLabel();
+    void FindMoreHeadings();
     void RestartBlinking();
     const TextSpan& VisibleSpan();
 
@@ -96,15 +116,18 @@ class TextPane {
     LineLayout& lines_;
     PictureStore& pictures_;
     Document document_;
-    std::shared_ptr<const TextSource> text_; // the document's text, or a TextSource
+    std::shared_ptr<const TextSource> text_;      // the document's text, or a TextSource
+    std::shared_ptr<const TextSource> unwrapped_; // the same as it is shown, where that differs
     ViewStyle viewStyle_;
     SystemStyle system_;
     TextStyles styles_;
     LayoutContext context_;
     TextLayouts layouts_;
     TextScroller scroller_;
-    int margin_ = 0; // on both sides of the text
-    int width_ = 1;  // of the window's room
+    int margin_ = 0;                // on both sides of the text
+    int width_ = 1;                 // of the window's room
+    std::optional<int> fullColumn_; // the width of the longest lines; none: not measured yet
+    std::optional<std::vector<std::u16string>> pageLines_; // likewise
     int scrollX_ = 0, maxScrollX_ = 0;
     bool horizontalBar_ = false;
 
@@ -114,5 +137,9 @@ class TextPane {
     TextSpan dragStart_; // the unit that a drag started with
     Point mouse_;
     bool autoScrolls_ = false, caretOn_ = false;
+    HeadingIndex headings_;
+    bool labelShown_ = false;
     std::optional<TextSpan> visibleSpan_;
+    Placeholder placeholder_;
+    Rect placeholderLink_; // empty: none is painted
 };

@@ -24,7 +24,22 @@ void TextPane::Paint(Canvas& canvas, const Rect& clip) {
         PaintBackground(canvas, *block, {-ToTextX(0), y});
     for (const auto& [block, y] : shown)
         PaintBlock(canvas, paint, *block, {-ToTextX(0), y}, clip);
-    PaintCaret(canvas);
+    if (text_->Length() == 0 && !placeholder_.text.empty())
+        placeholderLink_ = PaintPlaceholder(canvas, lines_, placeholder_, system_,
+                                            {window_.Room(), margin_, viewStyle_.backColor, clip});
+    else
+        PaintCaret(canvas);
+    if (labelShown_) PaintLabel(canvas);
+}
+
+void TextPane::SetPlaceholder(const Placeholder& placeholder) {
+    placeholder_ = placeholder;
+    placeholderLink_ = {};
+    window_.Redraw();
+}
+
+bool TextPane::IsPlaceholderLink(Point point) const {
+    return text_->Length() == 0 && Intersect(placeholderLink_, {point.x, point.y, 1, 1});
 }
 
 void TextPane::PaintCaret(Canvas& canvas) {
@@ -32,7 +47,7 @@ void TextPane::PaintCaret(Canvas& canvas) {
     const auto caret = CaretRect();
     if (!caret) return;
     const Color text = PlainTextColor(viewStyle_, system_), back = viewStyle_.backColor;
-    canvas.FillRect(*caret, HasContrast(text, back) ? text : LegibleOn(back));
+    canvas.FillRect(*caret, CanBeSeen(text, back) ? text : LegibleOn(back));
 }
 
 // Called when painting, because then the visible blocks are laid out anyway: a book that is opened
@@ -94,6 +109,8 @@ void TextPane::OnFocusChanged() {
 
 void TextPane::OnTimer(PaneTimer timer) {
     if (timer == PaneTimer::AutoScroll) return AutoScroll();
+    if (timer == PaneTimer::ScrollLabel) return HideScrollLabel();
+    if (timer == PaneTimer::Headings) return FindMoreHeadings();
     caretOn_ = !caretOn_;
     if (const auto caret = CaretRect()) window_.RedrawPart(*caret);
 }

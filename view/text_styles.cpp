@@ -1,6 +1,6 @@
 #include "view/text_styles.h"
 
-#include "view/contrast.h"
+#include "common/contrast.h"
 #include "view/style_runs.h"
 
 #include <algorithm>
@@ -44,9 +44,27 @@ TextStyle StyleOf(const ViewFont& font, const SystemStyle& system) {
     return style;
 }
 
+// Where both are other colours than a view begins with, the reader chose them for each other.
 Color PlainTextColor(const ViewStyle& view, const SystemStyle& system) {
-    if (!view.autoColor) return view.textColor;
-    return HasContrast(system.text, view.backColor) ? system.text : LegibleOn(view.backColor);
+    constexpr Color usualText = ViewStyle().textColor, usualBack = ViewStyle().backColor;
+    const bool areChosen = view.textColor != usualText && view.backColor != usualBack;
+    if (!view.autoColor && areChosen) return view.textColor;
+    return ReadableOn(view.backColor, view.autoColor ? system.text : view.textColor);
+}
+
+// A paragraph's shading is over that of its cell.
+std::optional<Color> ShadingAt(const Document& document, TextPos position) {
+    const std::uint32_t index = StyleAt(document.paragraphRuns, position);
+    const ParagraphStyle& paragraph =
+        document.paragraphStyles[std::min<std::size_t>(index, document.paragraphStyles.size() - 1)];
+    if (!paragraph.autoBackground) return paragraph.background;
+    const auto row = std::upper_bound(document.rows.begin(), document.rows.end(), position,
+                                      [](TextPos at, const TableRow& r) { return at < r.end; });
+    if (row == document.rows.end() || position < row->start) return std::nullopt;
+    const auto cell = std::upper_bound(row->cells.begin(), row->cells.end(), position,
+                                       [](TextPos at, const TableCell& c) { return at < c.end; });
+    if (cell == row->cells.end() || cell->autoBackground) return std::nullopt;
+    return cell->background;
 }
 
 TextStyles::TextStyles(const Document& document, const ViewStyle& view, const SystemStyle& system,
@@ -57,6 +75,7 @@ TextStyles::TextStyles(const Document& document, const ViewStyle& view, const Sy
 
 void TextStyles::Reset() {
     shown_.assign(document_.charStyles.size(), std::nullopt);
+    shaded_.clear();
     plain_.reset();
     last_.reset();
     smaller_.reset();
@@ -78,7 +97,13 @@ const TextStyles::Shown& TextStyles::Plain() {
 const TextStyles::Shown& TextStyles::At(TextPos position) {
     const std::size_t style = StyleAt(document_.charRuns, position);
     const std::size_t index = std::min(style, shown_.size() - 1);
-    if (!shown_[index]) shown_[index] = Prepare(document_.charStyles[index]);
+    const CharStyle& given = document_.charStyles[index];
+    if (const auto shading = ShadingAt(document_, position)) {
+        const auto [known, isNew] = shaded_.try_emplace({index, *shading});
+        if (isNew) known->second = Prepare(given, *shading);
+        return known->second;
+    }
+    if (!shown_[index]) shown_[index] = Prepare(given, view_.backColor);
     return *shown_[index];
 }
 
@@ -93,17 +118,17 @@ const StyleHandle& TextStyles::SmallerAt(TextPos position) {
 }
 
 // Each link has a style of its own, but styles that look the same are prepared once.
-TextStyles::Shown TextStyles::Prepare(const CharStyle& style) {
+TextStyles::Shown TextStyles::Prepare(const CharStyle& style, Color paper) {
     CharStyle shared = style;
     shared.link = std::min<std::uint16_t>(shared.link, 1);
-    if (!last_ || last_->first != shared) {
-        const TextStyle resolved = Resolve(shared);
-        last_ = {shared, Shown{resolved, layout_.Prepare(resolved)}};
+    if (!last_ || last_->style != shared || last_->paper != paper) {
+        const TextStyle resolved = Resolve(shared, paper);
+        last_ = {shared, paper, Shown{resolved, layout_.Prepare(resolved)}};
     }
-    return last_->second;
+    return last_->shown;
 }
 
-TextStyle TextStyles::Resolve(const CharStyle& requested) {
+TextStyle TextStyles::Resolve(const CharStyle& requested, Color paper) {
     TextStyle style;
     if (view_.fontForAll) {
         style = StyleOf(view_.font, system_);
@@ -116,7 +141,7 @@ TextStyle TextStyles::Resolve(const CharStyle& requested) {
     if (requested.link != 0) style.underline = true;
     style.baseline = BaselineOf(requested.script);
     if (!requested.autoBackground) style.background = requested.background;
-    style.color = Foreground(requested);
+    style.color = Foreground(requested, paper);
     return style;
 }
 
@@ -145,11 +170,11 @@ TextFont TextStyles::FontOf(const CharStyle& style) const {
 }
 
 // None: the view's text colour, which is drawn with.
-std::optional<Color> TextStyles::Foreground(const CharStyle& style) const {
-    const Color back = style.autoBackground ? view_.backColor : style.background;
-    if (view_.autoColor && style.link != 0 && HasContrast(system_.link, back)) return system_.link;
-    if (view_.autoColor && !style.autoForeground) return style.foreground;
-    if (style.autoBackground || HasContrast(PlainTextColor(view_, system_), back))
+std::optional<Color> TextStyles::Foreground(const CharStyle& style, Color paper) const {
+    const Color back = style.autoBackground ? paper : style.background;
+    if (view_.autoColor && style.link != 0) return ReadableOn(back, system_.link);
+    if (view_.autoColor && !style.autoForeground) return ReadableOn(back, style.foreground);
+    if (style.autoBackground || IsReadable(PlainTextColor(view_, system_), back))
         return std::nullopt;
     return LegibleOn(back);
 }

@@ -6,6 +6,7 @@
 #include "view/view_style.h"
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -15,8 +16,11 @@
 
 TextStyle StyleOf(const ViewFont& font, const SystemStyle& system);
 
-// The colour of text without a colour of its own.
+// The colour that text without a colour of its own is shown in.
 Color PlainTextColor(const ViewStyle& view, const SystemStyle& system);
+
+// The background that a text's paragraph or table cell gives it, if any.
+std::optional<Color> ShadingAt(const Document& document, TextPos position);
 
 class TextStyles {
   public:
@@ -37,21 +41,28 @@ class TextStyles {
     const StyleHandle& SmallerAt(TextPos position);
 
   private:
+    struct Prepared {
+        CharStyle style;
+        Color paper = 0;
+        Shown shown;
+    };
     using FontKey = std::tuple<std::uint16_t, std::uint16_t, bool, bool>;
 
-    Shown Prepare(const CharStyle& style);
-    TextStyle Resolve(const CharStyle& style);
+    // Texts in one style are shown in another colour where the paper under them hides the style's.
+    Shown Prepare(const CharStyle& style, Color paper);
+    TextStyle Resolve(const CharStyle& style, Color paper);
     CharStyle WithFontLimit(CharStyle style);
     TextFont FontOf(const CharStyle& style) const;
-    std::optional<Color> Foreground(const CharStyle& style) const;
+    std::optional<Color> Foreground(const CharStyle& style, Color paper) const;
 
     const Document& document_;
     const ViewStyle& view_;
     const SystemStyle& system_;
     LineLayout& layout_;
     std::optional<Shown> plain_;
-    std::vector<std::optional<Shown>> shown_;         // indexed by style; created on demand
-    std::optional<std::pair<CharStyle, Shown>> last_; // the last one created
+    std::vector<std::optional<Shown>> shown_;               // indexed by style; created on demand
+    std::map<std::pair<std::size_t, Color>, Shown> shaded_; // by style and shading; likewise
+    std::optional<Prepared> last_;                          // the last one created
     std::optional<std::pair<StyleHandle, StyleHandle>> smaller_; // the last one, of which style
     std::set<FontKey> fonts_;                                    // in use, of the document
     std::set<std::uint16_t> families_;

@@ -13,6 +13,8 @@ struct ViewStyle {
     Color textColor = 0x000000, backColor = 0xFFFFFF;
     std::optional<Alignment> alignment; // none: the file's
     int rightMargin = 0;                // twips; 0 wraps at the view's edge
+    int maxLineLength = 0;              // average letters, of lines that wrap; 0: none
+    bool unwrapped = false; // lines of a plain text that were broken for their width flow on
 };
 
 struct SelectionColors {

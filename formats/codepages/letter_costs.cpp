@@ -14,6 +14,7 @@ constexpr int uppercaseFirstCost = 2 * costsPerBit, uppercaseInRowCost = 5,
               uppercaseInWordCost = 8 * costsPerBit;
 constexpr int strangeLetterCost = 8 * costsPerBit; // of the script, but not of the language
 constexpr int scriptChangeCost = 10 * costsPerBit; // within a word
+constexpr int loneLetterCost = 5 * costsPerBit; // of a script whose letters nowhere stand together
 constexpr int wrongSideCost = 5 * costsPerBit, boxDrawingInRowCost = costsPerBit;
 
 bool IsAsciiLetter(unsigned char byte) {
@@ -99,6 +100,19 @@ class LanguageReader {
     int foreign_[256] = {};
 };
 
+// The letters of a script, if no two of them stand together: more likely signs of another charset.
+int LoneLetters(Script script, const PageProperties& page, const ByteEvidence& evidence) {
+    const auto isLetter = [&](unsigned char byte) {
+        return page.properties[byte].letter != 0 && page.properties[byte].script == script;
+    };
+    int letters = 0;
+    for (const BytePair& pair : evidence.high) {
+        if (isLetter(pair.first) && isLetter(pair.second)) return 0;
+        if (isLetter(pair.second)) letters += pair.count;
+    }
+    return letters;
+}
+
 struct PageLetters {
     explicit PageLetters(const char16_t* units) {
         for (int i = 0; i < 128; ++i)
@@ -160,10 +174,12 @@ std::optional<PageCost> LetterCosts::Cheapest(int page, const char16_t* units, i
         if (!scripts[static_cast<int>(model.script)] && language != 0) continue;
         if (!HasCoreLetters(model, page, letters)) continue;
         const LanguageReader reader(model, properties, evidence_);
+        const int lone = LoneLetters(model.script, properties, evidence_);
         const bool isRightToLeft = model.script == Script::Hebrew || model.script == Script::Arabic;
         for (const bool reversed : {false, true}) {
             if (reversed && !isRightToLeft) break;
-            int cost = common + asciiCosts_[static_cast<std::size_t>(language)];
+            int cost =
+                common + asciiCosts_[static_cast<std::size_t>(language)] + lone * loneLetterCost;
             for (const BytePair& pair : evidence_.high) {
                 cost += pair.count * ((reversed ? reader.Cost(pair.second, pair.first)
                                                 : reader.Cost(pair.first, pair.second)) +

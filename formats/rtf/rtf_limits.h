@@ -43,6 +43,7 @@ constexpr std::size_t maxRtfFieldLength = 4096; // units of an instruction: a lo
 // Word processors give a drop cap ten lines at most, a border's space 31 points. A drop cap is a
 // paragraph of a letter or a word.
 constexpr std::int32_t maxRtfDropCapLines = 10;
+constexpr std::int32_t maxRtfOutlineLevels = 9;
 constexpr std::int32_t maxRtfDropCapLength = 32;
 constexpr std::int32_t maxRtfBorderWidth = 255, maxRtfBorderSpace = 620; // twips
 

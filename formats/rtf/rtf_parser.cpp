@@ -121,9 +121,7 @@ void RtfParser::HandleKnownWord(const RtfWordEntry& entry, const RtfToken& token
         if (destination == RtfDestination::Fonts) return HandleFontWord(entry, parameter);
         ApplyCharacterWord(State(), entry, token.hasParameter, parameter, fonts_, colors_);
         break;
-    case RtfFamily::Paragraph:
-        ApplyParagraphWord(State(), entry, token.hasParameter, parameter, colors_);
-        break;
+    case RtfFamily::Paragraph: HandleParagraphWord(entry, token); break;
     case RtfFamily::Border:
         ApplyBorderWord(State().borderSide, State().paragraph.borders, entry, parameter, colors_);
         [[fallthrough]]; // or of the row
@@ -144,6 +142,15 @@ void RtfParser::HandleKnownWord(const RtfWordEntry& entry, const RtfToken& token
             HandleUnicode(parameter);
         break;
     }
+}
+
+void RtfParser::HandleParagraphWord(const RtfWordEntry& entry, const RtfToken& token) {
+    if (entry.word != RtfWord::StyleNumber)
+        return ApplyParagraphWord(State(), entry, token.hasParameter, token.parameter, colors_);
+    if (State().destination == RtfDestination::Styles)
+        State().styleNumber = token.parameter;
+    else
+        State().paragraph.outlineLevel = styles_.OutlineLevel(token.parameter);
 }
 
 void RtfParser::HandleDocumentWord(const RtfWordEntry& entry, std::int32_t parameter) {

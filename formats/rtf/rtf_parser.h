@@ -7,6 +7,7 @@
 #include "formats/rtf/rtf_state.h"
 #include "formats/rtf/rtf_story.h"
 #include "formats/rtf/rtf_style_set.h"
+#include "formats/rtf/rtf_styles.h"
 #include "formats/rtf/rtf_text_decoder.h"
 #include "formats/rtf/rtf_tokenizer.h"
 
@@ -26,6 +27,7 @@ class RtfParser {
     void HandleDocumentWord(const RtfWordEntry& entry, std::int32_t parameter);
     void HandleFontWord(const RtfWordEntry& entry, std::int32_t parameter);
     void HandleColorWord(const RtfWordEntry& entry, std::int32_t parameter);
+    void HandleParagraphWord(const RtfWordEntry& entry, const RtfToken& token);
     void HandleSymbol(unsigned char symbol);
 
     void EnterDestination(RtfDestination destination);
@@ -52,6 +54,7 @@ class RtfParser {
     void HandleUnicode(std::int32_t parameter);
     void HandleUnicodeUnit(char16_t unit);
     void AddUnit(char16_t unit);
+    void EndNames(); // of fonts and styles
     void AddBytes(std::string_view bytes);
     void AddSymbol(unsigned char byte);
     void FinishBytes();
@@ -87,6 +90,7 @@ class RtfParser {
 
     RtfFontTable fonts_;
     RtfColorTable colors_;
+    RtfStyleSheet styles_;
     RtfStyleSet<CharStyle, maxRtfCharStyles> charStyles_;
     RtfStyleSet<ParagraphStyle, maxRtfParagraphStyles> paragraphStyles_;
     RtfTextDecoder decoder_;

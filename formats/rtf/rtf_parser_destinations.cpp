@@ -47,6 +47,7 @@ void RtfParser::EnterNested(RtfDestination destination) {
     state.opensDestination = true;
     switch (destination) {
     case RtfDestination::Picture: picture_.Begin(); break;
+    case RtfDestination::Styles: styles_.Name().clear(); break;
     case RtfDestination::FieldInstruction: fieldInstruction_.clear(); break;
     case RtfDestination::ShapePropertyName: shapeProperty_.clear(); break;
     default: break;

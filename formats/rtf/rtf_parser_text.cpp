@@ -30,6 +30,7 @@ std::u16string* RtfParser::Sink() {
         Story().UseCharStyle(CharStyleNow());
         return &Story().text;
     case RtfDestination::Fonts: return &fonts_.Name();
+    case RtfDestination::Styles: return &styles_.Name();
     case RtfDestination::FieldInstruction: return &fieldInstruction_;
     case RtfDestination::ShapePropertyName: return &shapeProperty_;
     default: return nullptr;
@@ -85,7 +86,13 @@ void RtfParser::AddBytes(std::string_view bytes) {
         return;
     }
     decoder_.Decode(CodePageOfText(), bytes, *sink);
+    EndNames();
+}
+
+void RtfParser::EndNames() {
     if (State().destination == RtfDestination::Fonts) fonts_.EndNames();
+    if (State().destination == RtfDestination::Styles)
+        styles_.EndNames(State().styleNumber, State().paragraph.outlineLevel);
 }
 
 void RtfParser::AddUnit(char16_t unit) {
@@ -93,7 +100,7 @@ void RtfParser::AddUnit(char16_t unit) {
     if (!sink) return;
     if (State().destination != RtfDestination::Body && sink->size() >= maxRtfFieldLength) return;
     sink->push_back(unit);
-    if (State().destination == RtfDestination::Fonts) fonts_.EndNames();
+    EndNames();
 }
 
 // A character that Unicode has is in the font of the surrounding text (the state's style), others

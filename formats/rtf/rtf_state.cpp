@@ -110,6 +110,11 @@ void ApplyParagraphWord(RtfState& state, const RtfWordEntry& entry, bool hasPara
     case RtfWord::ParagraphBackground:
     case RtfWord::ShadingPattern:
     case RtfWord::Shading: state.shading.Apply(entry, parameter, colors, style); break;
+    case RtfWord::OutlineLevel:
+        style.outlineLevel = parameter >= 0 && parameter < maxRtfOutlineLevels
+                                 ? static_cast<std::uint8_t>(parameter + 1)
+                                 : std::uint8_t{0};
+        break;
     case RtfWord::DropCapLines:
         state.dropCapLines =
             static_cast<std::uint8_t>(std::clamp(parameter, 0, maxRtfDropCapLines));

@@ -26,7 +26,8 @@ std::size_t HashOf(const CharStyle& style) {
 
 std::size_t HashOf(const ParagraphStyle& style) {
     const int flags = static_cast<int>(style.alignment) | style.rightToLeft << 2 |
-                      style.lineSpacingIsMultiple << 3 | style.autoBackground << 4;
+                      style.lineSpacingIsMultiple << 3 | style.autoBackground << 4 |
+                      style.outlineLevel << 5;
     std::size_t hash =
         Mix({flags, style.leftIndent, style.rightIndent, style.firstLineIndent, style.spaceBefore,
              style.spaceAfter, style.lineSpacing, style.background});

@@ -35,6 +35,7 @@ constexpr WordGroup Literal(std::string_view name, char16_t unit) {
 constexpr WordGroup wordGroups[] = {
     To(D::Fonts, "fonttbl"),
     To(D::Colors, "colortbl"),
+    To(D::Styles, "stylesheet"),
     To(D::Picture, "pict"),
     To(D::FieldInstruction, "fldinst"),
     To(D::FieldResult, "fldrslt"),
@@ -60,7 +61,7 @@ constexpr WordGroup wordGroups[] = {
        "headerl headerr hlinkbase info keycode keywords latentstyles listoverridetable listpicture "
        "listtable manager mmathPr nonesttables objalias objclass objdata objname objtime operator "
        "panose passwordhash pgdsctbl pgptbl picprop pn pnseclvl pntxta pntxtb printim private "
-       "protusertbl revtbl revtim rsidtbl rxe shprslt stylesheet subject tc tcn template themedata "
+       "protusertbl revtbl revtim rsidtbl rxe shprslt subject tc tcn template themedata "
        "title txe userprops wgrffmtfilter xe xmlnstbl"),
 
     Literal("tab", u'\t'),
@@ -133,6 +134,8 @@ constexpr WordGroup wordGroups[] = {
     {"cfpat", F::Paragraph, W::ShadingPattern},
     {"shading", F::Paragraph, W::Shading},
     {"dropcapli", F::Paragraph, W::DropCapLines},
+    {"s", F::Paragraph, W::StyleNumber},
+    {"outlinelevel", F::Paragraph, W::OutlineLevel},
 
     {"trowd", F::Row, W::RowDefaults},
     {"cellx", F::Row, W::CellRightEdge},

@@ -27,6 +27,7 @@ enum class RtfDestination : std::uint8_t {
     Skip,
     Fonts,
     Colors,
+    Styles,
     Picture,
     FieldInstruction,
     AnsiHalf, // what \upr gives to readers that do not know Unicode
@@ -91,6 +92,8 @@ enum class RtfWord : std::uint8_t {
     ShadingPattern, // its colour
     Shading,        // hundredths of a percent of the pattern over the background
     DropCapLines,
+    StyleNumber,
+    OutlineLevel, // 0 is the highest, 9 is no heading
     InTable,
     // Row
     RowDefaults,

@@ -61,6 +61,7 @@ std::string ParagraphStyleWords(const ParagraphStyle& style, bool inTable,
     std::string rtf = "\\pard";
     if (inTable) rtf += "\\intbl";
     if (style.rightToLeft) rtf += "\\rtlpar";
+    if (style.outlineLevel != 0) rtf += Word("outlinelevel", style.outlineLevel - 1);
     rtf += AlignmentWord(style.alignment);
     rtf += WordUnlessZero("li", style.leftIndent);
     rtf += WordUnlessZero("ri", style.rightIndent);

@@ -27,6 +27,7 @@
     !insertmacro ${DO} rtf richtext
     !insertmacro ${DO} htm html
     !insertmacro ${DO} html html
+    !insertmacro ${DO} xhtml html
 !macroend
 
 !macro TellDesktop

@@ -81,6 +81,7 @@ Section "-Program" SectionProgram
     SetOutPath $INSTDIR
     File "${FOLDER}/${PROGRAM}"
     File "${FOLDER}/${HELP_FILE}"
+    File "${FOLDER}/Welcome.txt"
     File "${FOLDER}/License.txt"
     WriteUninstaller "$INSTDIR\${UNINSTALLER}"
     CreateShortcut "$SMPROGRAMS\${PRODUCT_TITLE}.lnk" "$INSTDIR\${PROGRAM}" "" "" 0 SW_SHOWNORMAL "" \
@@ -121,6 +122,7 @@ Section "un.${PRODUCT_TITLE}" SectionUninstall
     Call un.WaitForReader
     Delete "$INSTDIR\${PROGRAM}"
     Delete "$INSTDIR\${HELP_FILE}"
+    Delete "$INSTDIR\Welcome.txt"
     Delete "$INSTDIR\License.txt"
     Delete "$INSTDIR\${DATA_FILE}.lock" ; of a program that was killed
     Delete "$INSTDIR\${UNINSTALLER}"

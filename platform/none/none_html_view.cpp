@@ -75,9 +75,24 @@ int NoneHtmlView::TopOf(TextPos position) const {
     return Margin + LineOf(position) * LineHeight;
 }
 
+int NoneHtmlView::MaxTop() const {
+    return std::max(TopOf(Length()) + LineHeight + Margin - ViewHeight(), 0);
+}
+
 int NoneHtmlView::Within(int top) const {
-    const int height = TopOf(Length()) + LineHeight + Margin;
-    return std::clamp(top, 0, std::max(height - ViewHeight(), 0));
+    return std::clamp(top, 0, MaxTop());
+}
+
+int NoneHtmlView::Percent() const {
+    return MaxTop() == 0 ? 100 : 100 * scrollTop_ / MaxTop();
+}
+
+void NoneHtmlView::ScrollToPercent(int percent) {
+    ScrollTo(0, MaxTop() * percent / 100);
+}
+
+std::vector<Heading> NoneHtmlView::Headings() {
+    return Ask() ? document_.headings : std::vector<Heading>{};
 }
 
 void NoneHtmlView::ScrollTo(int left, int top) {

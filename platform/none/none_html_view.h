@@ -15,6 +15,7 @@ struct NonePage {
     std::string charset = "UTF-8";
     bool hasBody = true;
     PageColors colors;
+    std::vector<Heading> headings = {};
 };
 
 class NoneHtmlView : public HtmlView {
@@ -40,6 +41,8 @@ class NoneHtmlView : public HtmlView {
     void SelectAll() override;
     void SetBackColor(std::uint32_t redGreenBlue) override { backColors.push_back(redGreenBlue); }
     void SetTextColor(std::optional<std::uint32_t> given) override { letterColor = given; }
+    void ScrollToPercent(int percent) override;
+    void Print() override { ++prints; }
     void SendZoomKey(bool larger) override;
 
     bool HasBody() const override { return loaded_ && document_.hasBody; }
@@ -51,6 +54,7 @@ class NoneHtmlView : public HtmlView {
     int ZoomSteps() const override { return zoomSteps_; }
     int ViewHeight() const override { return bounds.height; }
     int TopMargin() const override { return Margin; }
+    int Percent() const override;
     PageSelection Selection() const override;
 
     std::vector<std::u16string> TextsOf(const std::vector<PageSpan>&) override;
@@ -58,6 +62,7 @@ class NoneHtmlView : public HtmlView {
     std::u16string SelectionAsHtml() override;
     std::optional<PageMatch> FindBehindSelection(std::u16string_view what, FindOptions) override;
     TextPos StartAtTop() override;
+    std::vector<Heading> Headings() override;
 
     void SetBounds(const Rect& given) override { bounds = given; }
     void SetVisible(bool given) override { visible = given; }
@@ -70,7 +75,7 @@ class NoneHtmlView : public HtmlView {
     std::vector<std::uint32_t> backColors;
     std::optional<std::uint32_t> letterColor; // the last one
     std::vector<std::pair<int, int>> scrolls; // left, top
-    int questions = 0, focused = 0, clears = 0;
+    int questions = 0, focused = 0, clears = 0, prints = 0;
     bool visible = false;
     Rect bounds{0, 0, 640, 400};
 
@@ -82,6 +87,7 @@ class NoneHtmlView : public HtmlView {
     int LineOf(TextPos position) const;
     int TopOf(TextPos position) const; // from the page's top edge
     int Within(int top) const;
+    int MaxTop() const;
     void Forget();
 
     NonePage document_;

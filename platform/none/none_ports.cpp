@@ -33,6 +33,7 @@ Ports MakeNonePorts() {
     ports.helpWindow = std::make_unique<NoneHelpWindow>();
     ports.clipboard = std::make_unique<NoneClipboard>();
     ports.saveTimer = std::make_unique<NoneTimer>();
+    ports.scrollTimer = std::make_unique<NoneTimer>();
     ports.shell = std::make_unique<NoneShell>();
     ports.registry = std::make_unique<NoneRegistry>();
     auto clock = std::make_unique<NoneClock>();

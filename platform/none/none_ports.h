@@ -75,6 +75,10 @@ class NoneDialogs : public Dialogs {
         findRequests.push_back(request);
         return findAnswer;
     }
+    PlaceAnswer AskPlace(const PlaceRequest& request) override {
+        placeRequests.push_back(request);
+        return placeAnswer;
+    }
     DialogResult ShowMessage(const Message& message) override {
         messages.push_back(message);
         if (whileOpen) whileOpen();
@@ -95,6 +99,8 @@ class NoneDialogs : public Dialogs {
     std::optional<FontAnswer> fontAnswer;
     std::vector<FindRequest> findRequests;
     FindAnswer findAnswer;
+    std::vector<PlaceRequest> placeRequests;
+    PlaceAnswer placeAnswer;
     std::vector<Message> messages;
     DialogResult messageAnswer = DialogResult::Ok;
     struct RichMessage {
@@ -136,9 +142,12 @@ class NoneTimer : public Timer {
         onTick_ = std::move(onTick);
     }
     void Stop() override { onTick_ = nullptr; }
+    bool IsRunning() const { return onTick_ != nullptr; }
     void Tick(int times = 1) {
-        for (int i = 0; i < times && onTick_; ++i)
-            onTick_();
+        for (int i = 0; i < times && onTick_; ++i) {
+            const auto tick = onTick_; // may stop the timer
+            tick();
+        }
     }
     int interval = 0;
 
@@ -158,6 +167,14 @@ class NoneShell : public Shell {
         claimedPath = path;
         return claim;
     }
+    HandOver HandOverBook(const std::u16string&, const std::u16string& book, int ms) override {
+        handedOver.push_back(book);
+        patience = ms;
+        return handOverAnswer;
+    }
+    std::vector<std::u16string> handedOver;
+    int patience = 0; // milliseconds, of the last time
+    HandOver handOverAnswer = HandOver::Taken;
     std::vector<std::pair<std::u16string, std::u16string>> started;
     std::vector<std::u16string> opened, openedFiles;
     std::u16string claimedPath;

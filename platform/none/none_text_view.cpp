@@ -2,6 +2,7 @@
 
 #include "common/find_text.h"
 #include "common/line_ends.h"
+#include "common/string_text.h"
 #include "common/utf.h"
 #include "formats/picture_files.h"
 #include "formats/rtf/rtf_reader.h"
@@ -62,6 +63,11 @@ TextPos NoneTextView::Find(std::u16string_view what, TextPos start, FindOptions 
     return found == std::u16string::npos ? -1 : static_cast<TextPos>(found);
 }
 
+void NoneTextView::LookThrough(const Look& look) const {
+    ++looks;
+    look(StringText(document_.text), [] { return true; });
+}
+
 std::string NoneTextView::SelectionAsRtf() const {
     const double points = style_.font.size > 0 ? style_.font.size : 12;
     return WriteRtf(document_, selStart_, selLength_,
@@ -110,4 +116,28 @@ void NoneTextView::ScrollIntoViewHorizontally(TextPos start, TextPos length) {
     const int left = from * CellWidth, right = std::max(left + CellWidth, to * CellWidth);
     if (left >= scrolledX_ && right <= scrolledX_ + bounds_.width) return;
     scrolledX_ = std::max(0, std::min(left, right - bounds_.width));
+}
+
+int NoneTextView::Percent() const {
+    TextPos end = anchor_;
+    for (int row = 0; row < std::max(1, bounds_.height / CellHeight); ++row) {
+        const LineSpan line = LineAround(end);
+        end = line.start + line.length + 1;
+        if (end > TextLength()) return 100;
+        if (document_.text[static_cast<std::size_t>(end) - 1] != u'\n') --end; // it is wrapped
+    }
+    return static_cast<int>(std::int64_t{100} * anchor_ / TextLength());
+}
+
+void NoneTextView::ScrollToPercent(int percent) {
+    ScrollLineToTop(static_cast<TextPos>(std::int64_t{TextLength()} * percent / 100));
+}
+
+bool NoneTextView::ScrollDown(int pixels) {
+    if (Percent() == 100) return false;
+    for (int i = 0; i < pixels; ++i) {
+        const LineSpan line = LineAround(anchor_);
+        ScrollLineToTop(line.start + line.length + 1);
+    }
+    return true;
 }

@@ -19,12 +19,21 @@ class NoneTextView : public TextView {
     TextPos SelLength() const override { return selLength_; }
     bool MirrorsRightToLeft() const override { return mirrorsRightToLeft; }
     TextPos Find(std::u16string_view what, TextPos start, FindOptions) const override;
+    std::vector<Heading> Headings() const override { return headings; }
+    void LookThrough(const Look& look) const override;
     std::string SelectionAsRtf() const override;
 
     TextPos FirstVisibleChar() const override { return LineAround(anchor_).start; }
     LineSpan LineAround(TextPos position) const override;
     void ScrollLineToTop(TextPos position) override;
+    int Percent() const override;
+    void ScrollToPercent(int percent) override;
+    bool ScrollDown(int pixels) override; // a line for each
     void ScrollIntoViewHorizontally(TextPos start, TextPos length) override;
+    PrintAnswer Print(const std::u16string& title) override {
+        printed.push_back(title);
+        return printAnswer;
+    }
 
     void SetFont(const ViewFont& font) override { style_.font = font; }
     void ApplyFontToAll() override;
@@ -36,6 +45,8 @@ class NoneTextView : public TextView {
     void SetBackColor(Color color) override { style_.backColor = color; }
     void SetAlignment(Alignment alignment) override { style_.alignment = alignment; }
     void SetRightMargin(int twips) override { style_.rightMargin = twips; }
+    void SetMaxLineLength(int letters) override { style_.maxLineLength = letters; }
+    void SetUnwrapped(bool on) override { style_.unwrapped = on; }
 
     void SetBounds(const Rect& bounds) override { bounds_ = bounds; }
     void SetVisible(bool visible) override { visible_ = visible; }
@@ -43,16 +54,25 @@ class NoneTextView : public TextView {
     void FocusView() override {}
     void SetName(std::u16string_view name) override { name_ = name; }
 
+    void SetPlaceholder(const Placeholder& given) override { placeholder = given; }
+    Placeholder placeholder;
+
     // As a test wants it.
     bool mirrorsRightToLeft = false;
+    std::vector<Heading> headings;
+    PrintAnswer printAnswer{PrintAnswer::Result::Printed, {}};
     std::function<void()> whileFinding;           // when set, a search is given up after it
     mutable std::vector<Pointer> pointersOfFinds; // shown during each search
+    mutable int looks = 0;                        // how often the text was handed over
 
     // What was asked, for tests.
     int loads = 0, scrolls = 0, fontApplications = 0;
+    std::vector<std::u16string> printed; // their titles
     const ViewFont& Font() const { return style_.font; }
     Alignment ShownAlignment() const { return style_.alignment.value_or(Alignment::Left); }
     int RightMargin() const { return style_.rightMargin; }
+    int MaxLineLength() const { return style_.maxLineLength; }
+    bool Unwrapped() const { return style_.unwrapped; }
     int X(TextPos position) const; // of a character in the view, in pixels
     const Rect& Bounds() const { return bounds_; }
     bool Visible() const { return visible_; }

@@ -6,6 +6,11 @@ void NoneWindow::Close() {
     if (events_.onUnload) events_.onUnload();
 }
 
+void NoneWindow::BringToFront(const std::u16string& activation) {
+    activations.push_back(activation);
+    if (state_ == WindowState::Minimized) SetState(WindowState::Normal);
+}
+
 void NoneWindow::SetState(WindowState state) {
     if (state == state_) return;
     state_ = state;
@@ -20,6 +25,18 @@ void NoneWindow::Move(const Rect& bounds) {
     instead_.reset();
     if (shown != bounds) instead_ = {bounds, shown};
     if (changes && events_.onResize) events_.onResize();
+}
+
+void NoneWindow::SetFullScreen(bool on) {
+    if (on == IsFullScreen()) return;
+    if (on) {
+        beneath_ = shown_;
+        shown_ = screens.front();
+    } else {
+        shown_ = *beneath_;
+        beneath_.reset();
+    }
+    if (events_.onResize) events_.onResize();
 }
 
 void NoneWindow::DragTo(const Rect& bounds) {

@@ -9,13 +9,17 @@ class NoneWindow : public Window {
     void SetEvents(WindowEvents events) override { events_ = std::move(events); }
     void Open() override { open = true; }
     void Close() override;
+    void BringToFront(const std::u16string& activation) override;
+    void Alert() override { ++alerts; }
 
     WindowState State() const override { return state_; }
     void SetState(WindowState) override;
     Rect Bounds() const override { return RequestedBounds(instead_, shown_); }
     void Move(const Rect&) override;
+    bool IsFullScreen() const override { return beneath_.has_value(); }
+    void SetFullScreen(bool) override;
     int InnerWidth() const override { return shown_.width; }
-    int InnerHeight() const override { return shown_.height - MenuHeight; }
+    int InnerHeight() const override { return shown_.height - (IsFullScreen() ? 0 : MenuHeight); }
     double TwipsPerPixelX() const override { return twipsPerPixel; }
     double TwipsPerPixelY() const override { return twipsPerPixel; }
 
@@ -37,7 +41,8 @@ class NoneWindow : public Window {
     static constexpr int MenuHeight = 20;
     double twipsPerPixel = 15;
     bool open = false, closed = false, systemFontApplied = false;
-    int moves = 0;
+    int moves = 0, alerts = 0;
+    std::vector<std::u16string> activations; // one for each time it came to the front
     std::vector<Rect> screens{{0, 0, 1920, 1080}};
     std::u16string title;
     Rect panel;
@@ -47,4 +52,5 @@ class NoneWindow : public Window {
     WindowState state_ = WindowState::Normal;
     Rect shown_{100, 80, 800, 600};
     std::optional<ShownInstead> instead_;
+    std::optional<Rect> beneath_; // the rectangle of before, while full screen
 };

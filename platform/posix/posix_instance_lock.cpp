@@ -80,11 +80,17 @@ InstanceLock::~InstanceLock() {
     if (file_.IsOpen() && IsAt(file_, path_)) unlink(path_.c_str());
 }
 
-InstanceClaim InstanceLock::Acquire(const std::u16string& dataFilePath) {
+std::optional<std::string> InstanceLock::PathFor(const std::u16string& dataFilePath) {
     const auto path = NativePath(dataFilePath);
     const auto target = path ? FollowLinks(*path) : std::nullopt;
-    if (file_.IsOpen() || !target) return {};
-    path_ = *target + ".lock";
+    if (!target) return std::nullopt;
+    return *target + ".lock";
+}
+
+InstanceClaim InstanceLock::Acquire(const std::u16string& dataFilePath) {
+    const auto path = PathFor(dataFilePath);
+    if (file_.IsOpen() || !path) return {};
+    path_ = *path;
     constexpr int attempts = 10; // each takes a holder that ends just then
     for (int i = 0; i < attempts; ++i) {
         FileDescriptor file = OpenLockFile(path_);

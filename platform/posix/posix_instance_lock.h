@@ -4,6 +4,7 @@
 #include "platform/instance.h"
 #include "platform/posix/file_descriptor.h"
 
+#include <optional>
 #include <string>
 
 // A file beside the data file, "Norvaset.dat.lock", that is locked and says by whom. So it holds
@@ -20,6 +21,10 @@ class InstanceLock {
     // lock file can be made or locked, nothing is locked and the claim is granted: a reader that
     // starts twice is better than one that never starts.
     InstanceClaim Acquire(const std::u16string& dataFilePath);
+    bool IsHeld() const { return file_.IsOpen(); }
+
+    // The lock file for a data file; none where that can have none.
+    static std::optional<std::string> PathFor(const std::u16string& dataFilePath);
 
   private:
     FileDescriptor file_;

@@ -1,19 +1,29 @@
 #include "app/main_form.h"
 #include "app/start_up.h"
+#include "platform/qt/color_scheme/color_scheme.h"
 #include "platform/qt/qt_ports.h"
 #include "platform/qt/system/application_setup.h"
+#include "platform/qt/system/command_line.h"
 
 #include <QApplication>
 
+#include <algorithm>
+#include <cstdio>
+
 int main(int argc, char** argv) {
+    // Before anything that needs a display.
+    if (const auto answer = OptionAnswer({argv + std::min(argc, 1), argv + argc}))
+        return std::fputs(answer->c_str(), stdout) < 0 || std::fflush(stdout) != 0;
     // A global menu bar of the desktop costs start-up time to ask for, and would fetch long menus
     // as a whole.
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
     ExcludeProgramFolderFromPluginPaths();
+    const std::u16string activation = StartupActivation();
     FontconfigLoader fontconfig;
     const QApplication application(argc, argv);
     fontconfig.Finish();
     QGuiApplication::setDesktopFileName(QStringLiteral("norvaset"));
-    MainForm form(MakeQtPorts(argc, argv));
+    const ColorScheme colorScheme;
+    MainForm form(MakeQtPorts(argc, argv, activation));
     return Form_Load(form) ? QApplication::exec() : 0;
 }

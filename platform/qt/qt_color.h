@@ -12,13 +12,3 @@ inline QColor ToQColor(Color color) {
 inline Color FromQColor(const QColor& color) {
     return Color(color.blue()) << 16 | Color(color.green()) << 8 | Color(color.red());
 }
-
-// Black or white, whichever is more legible on `background`.
-inline QColor LegibleOn(const QColor& background) {
-    return qGray(background.rgb()) < 128 ? Qt::white : Qt::black;
-}
-
-// Whether text in one of the colours is legible on the other.
-inline bool HasContrast(const QColor& a, const QColor& b) {
-    return qAbs(qGray(a.rgb()) - qGray(b.rgb())) >= 80;
-}

@@ -52,7 +52,7 @@ Launch ThisLaunch(int argc, char** argv) {
 
 } // namespace
 
-Ports MakeQtPorts(int argc, char** argv) {
+Ports MakeQtPorts(int argc, char** argv, const std::u16string& activation) {
     auto window = std::make_unique<QtWindow>();
     auto textView = std::make_unique<QtTextView>(window->ViewArea());
     Ports ports;
@@ -66,7 +66,8 @@ Ports MakeQtPorts(int argc, char** argv) {
     ports.dialogs = std::make_unique<QtDialogs>(window.get());
     ports.helpWindow = std::make_unique<QtHelpWindow>();
     ports.saveTimer = std::make_unique<QtTimer>();
-    ports.shell = std::make_unique<QtShell>();
+    ports.scrollTimer = std::make_unique<QtTimer>();
+    ports.shell = std::make_unique<QtShell>(activation);
     ports.registry = std::make_unique<QtRegistry>();
     ports.files = std::make_unique<PosixFiles>();
     ports.versionInfo = std::make_unique<QtVersionInfo>();

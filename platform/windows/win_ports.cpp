@@ -49,6 +49,7 @@ Ports MakeWinPorts() {
     ports.dialogs = std::make_unique<WinDialogs>(window->Handle());
     ports.helpWindow = std::make_unique<WinHelpWindow>();
     ports.saveTimer = std::make_unique<WinTimer>(window->Handle());
+    ports.scrollTimer = std::make_unique<WinTimer>(window->Handle());
     ports.shell = std::make_unique<WinShell>();
     ports.registry = std::make_unique<WinRegistry>();
     ports.files = std::make_unique<WinFiles>();

@@ -17,6 +17,7 @@ std::vector<BackEnd<LineLayout>> LineLayoutBackEnds();
 void OnEachLineLayout(void (*check)(LineLayout&));
 
 constexpr double pixel = 1;        // how far measures may differ by rounding
+constexpr double maxOverhang = 4;  // of a letter's ink beyond its advance, which is 5 to 10 wide
 constexpr int unlimited = 1 << 14; // a width at which no sample is wrapped, in pixels
 
 struct LineSample {

@@ -2,7 +2,11 @@
 #include "platform/windows/portable/css_color.h"
 #include "platform/windows/portable/quoted_argument.h"
 
+#include "platform/windows/portable/elided_text.h"
+
 #include <doctest/doctest.h>
+
+#include <algorithm>
 
 TEST_CASE("windows html view: colours of computed styles") {
     const struct {
@@ -44,4 +48,21 @@ TEST_CASE("windows html view: zoom steps beyond the last size count") {
     CHECK(zoom.Steps() == -100);
     zoom.Move(0);
     CHECK(zoom.Percent() == 100);
+}
+
+TEST_CASE("portable windows: a text is elided in its middle, to what fits") {
+    const auto width = [](std::u16string_view text) { return static_cast<int>(text.size()); };
+    CHECK(ElidedInMiddle(u"abcdefgh", 8, width) == u"abcdefgh");
+    CHECK(ElidedInMiddle(u"abcdefgh", 7, width) == u"abc\u2026fgh");
+    CHECK(ElidedInMiddle(u"abcdefgh", 4, width) == u"ab\u2026h");
+    CHECK(ElidedInMiddle(u"abcdefgh", 1, width) == u"\u2026");
+    CHECK(ElidedInMiddle(u"abcdefgh", 0, width) == u"\u2026");
+    CHECK(ElidedInMiddle(u"", 0, width).empty());
+    for (int room = 1; room < 12; ++room) // no half of a pair
+        for (const char16_t unit : {u'\xD834', u'\xDD1E'}) {
+            const std::u16string shown = ElidedInMiddle(
+                u"\U0001D11E\U0001D11E\U0001D11E\U0001D11E\U0001D11E\U0001D11E", room, width);
+            CHECK(std::ranges::count(shown, unit) * 2 ==
+                  std::ranges::count_if(shown, [](char16_t c) { return c != u'\u2026'; }));
+        }
 }

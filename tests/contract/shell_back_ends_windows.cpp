@@ -18,6 +18,10 @@ class WinShellUnderTest final : public ShellUnderTest {
     std::u16string Address() override { return u"norvasettest:+4912"; }
     std::u16string File() override { return Folder() + u"\\a song.norvasettest"; }
     bool Exists(const std::u16string& path) override { return WinFiles().FileExists(path); }
+    void Settle() override {
+        int rounds = 0;
+        Becomes([&] { return ++rounds > 2; });
+    }
     std::vector<std::u16string> NextStart() override { return starts_.NextStart(); }
 
   private:

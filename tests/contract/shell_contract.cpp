@@ -3,8 +3,22 @@
 
 #include <doctest/doctest.h>
 
+#include <future>
+
 namespace {
 using Arguments = std::vector<std::u16string>;
+
+constexpr int aWhile = 20'000; // milliseconds; longer than a busy machine takes
+
+// What a second start gets, which waits beside the event loop of the first one.
+HandOver AskBeside(ShellUnderTest& first, const std::u16string& file, const std::u16string& book) {
+    const auto second = ShellBackEnds().front().make();
+    auto answer = std::async(std::launch::async,
+                             [&] { return second->Port().HandOverBook(file, book, aWhile); });
+    while (answer.wait_for(std::chrono::milliseconds(1)) != std::future_status::ready)
+        first.Settle();
+    return answer.get();
+}
 } // namespace
 
 TEST_CASE("shell contract: an argument reaches a program as it is") {
@@ -72,5 +86,64 @@ TEST_CASE("shell contract: a data file is claimed once") {
             CHECK(claim.result == InstanceClaim::Result::Own);
             CHECK(claim.holder.empty());
         }
+    });
+}
+
+TEST_CASE("shell contract: a later start's book reaches the one that has the data file") {
+    OnEach(ShellBackEnds(), [](ShellUnderTest& test) {
+        const std::u16string file = test.Folder() + u"/Norvaset.dat";
+        std::vector<std::u16string> books;
+        test.Port().onStartRequest = [&](const StartRequest& request) {
+            books.push_back(request.book);
+        };
+        REQUIRE(test.Port().ClaimDataFile(file).IsGranted());
+        const std::u16string book =
+            test.Folder() + u"/\u0411\u0443\u043A\u0432\u0430 = \U0001D11E.txt";
+        CHECK(AskBeside(test, file, book) == HandOver::Taken);
+        CHECK(AskBeside(test, file, u"") == HandOver::Taken);
+        test.Settle();
+        CHECK((books == std::vector<std::u16string>{book, u""}));
+    });
+}
+
+TEST_CASE("shell contract: nobody is there without a claim, or with nobody who listens") {
+    OnEach(ShellBackEnds(), [](ShellUnderTest& test) {
+        const std::u16string file = test.Folder() + u"/Norvaset.dat";
+        CHECK(test.Port().HandOverBook(file, u"", aWhile) == HandOver::NobodyThere);
+        REQUIRE(test.Port().ClaimDataFile(file).IsGranted());
+        CHECK(AskBeside(test, file, u"") == HandOver::NobodyThere); // refused: no handler
+        const std::u16string other = test.Folder() + u"/Other.dat";
+        CHECK(AskBeside(test, other, u"") == HandOver::NobodyThere);
+    });
+}
+
+TEST_CASE("shell contract: what was given up does not happen later") {
+    OnEach(ShellBackEnds(), [](ShellUnderTest& test) {
+        const std::u16string file = test.Folder() + u"/Norvaset.dat";
+        int requests = 0;
+        test.Port().onStartRequest = [&](const StartRequest&) { ++requests; };
+        REQUIRE(test.Port().ClaimDataFile(file).IsGranted());
+        const auto second = ShellBackEnds().front().make();
+        auto answer = std::async(std::launch::async,
+                                 [&] { return second->Port().HandOverBook(file, u"", 50); });
+        CHECK(answer.get() == HandOver::NoAnswer); // no event loop runs here
+        test.Settle();
+        CHECK(requests == 0);
+    });
+}
+
+TEST_CASE("shell contract: a handler may take itself away") {
+    OnEach(ShellBackEnds(), [](ShellUnderTest& test) {
+        const std::u16string file = test.Folder() + u"/Norvaset.dat";
+        int requests = 0;
+        test.Port().onStartRequest = [&](const StartRequest&) {
+            test.Port().onStartRequest = nullptr;
+            ++requests;
+        };
+        REQUIRE(test.Port().ClaimDataFile(file).IsGranted());
+        CHECK(AskBeside(test, file, u"") == HandOver::Taken);
+        test.Settle();
+        CHECK(AskBeside(test, file, u"") == HandOver::NobodyThere);
+        CHECK(requests == 1);
     });
 }

@@ -133,3 +133,23 @@ TEST_CASE("text view: a selection as rich text has the look that the reader gave
         CHECK_FALSE(copied("\\cf"));
     });
 }
+
+TEST_CASE("text view: hands over its text") {
+    OnEachBackEnd([](TextView& view) {
+        const std::u16string text = u"One lamp.\nTwo lamps.\n";
+        view.LoadPlainText(text);
+        std::u16string seen;
+        bool goesOn = false;
+        view.LookThrough([&](const TextSource& source, const std::function<bool()>& asked) {
+            seen = source.Range(0, source.Length());
+            goesOn = asked();
+        });
+        CHECK(seen == text);
+        CHECK(goesOn);
+        view.LoadRichText("{\\rtf1 rich\\par text}", 1252);
+        view.LookThrough([&](const TextSource& source, const auto&) {
+            seen = source.Range(0, source.Length());
+        });
+        CHECK(seen == view.TextRange(0, view.TextLength()));
+    });
+}

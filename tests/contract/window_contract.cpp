@@ -80,6 +80,38 @@ TEST_CASE("window contract: one that no hand could reach is shown where one can"
         });
 }
 
+TEST_CASE("window contract: a full screen covers the screen, and leaves the window as it was") {
+    OnEachWindow([](WindowUnderTest& test) {
+        Window& window = test.Get();
+        window.Move(reachable);
+        window.Open();
+        test.Settle();
+        const int innerHeight = window.InnerHeight();
+        int told = 0;
+        WindowEvents events;
+        events.onResize = [&] { ++told; };
+        window.SetEvents(events);
+        CHECK_FALSE(window.IsFullScreen());
+        window.SetFullScreen(true);
+        CHECK(window.IsFullScreen());
+        test.Settle();
+        CHECK(told > 0);
+        const Rect screen = test.Screens().front();
+        CHECK(test.Shown().width >= screen.width);
+        CHECK(test.Shown().height >= screen.height);
+        CHECK(window.InnerHeight() == test.Shown().height); // no menu bar, no frame
+
+        told = 0;
+        window.SetFullScreen(false);
+        CHECK_FALSE(window.IsFullScreen());
+        CHECK(Becomes(test, reachable));
+        CHECK(window.State() == WindowState::Normal);
+        CHECK(test.Shown() == reachable);
+        CHECK(window.InnerHeight() == innerHeight);
+        CHECK(told > 0);
+    });
+}
+
 TEST_CASE("window contract: what its user makes of it counts, wherever it was asked to be") {
     OnEachWindow([](WindowUnderTest& test) {
         Window& window = test.Get();
@@ -94,5 +126,40 @@ TEST_CASE("window contract: what its user makes of it counts, wherever it was as
         test.Settle();
         CHECK(window.Bounds() == reachable);
         CHECK(told > 0);
+    });
+}
+
+TEST_CASE("window contract: an alert changes nothing of the window") {
+    OnEachWindow([](WindowUnderTest& test) {
+        Window& window = test.Get();
+        window.Alert(); // also of one that is not shown
+        window.Move(reachable);
+        window.Open();
+        test.Settle();
+        window.Alert();
+        test.Settle();
+        CHECK(window.Bounds() == reachable);
+        CHECK(window.State() == WindowState::Normal);
+    });
+}
+
+TEST_CASE("window contract: asked to come to the front, an icon is a window again") {
+    OnEachWindow([](WindowUnderTest& test) {
+        Window& window = test.Get();
+        window.Open();
+        test.Settle();
+        for (const char16_t* activation : {u"", u"files-1-desk_TIME12345", u"\"\\ no token"}) {
+            window.SetState(WindowState::Minimized);
+            test.Settle();
+            CHECK(window.State() == WindowState::Minimized);
+            window.BringToFront(activation);
+            test.Settle();
+            CHECK(window.State() == WindowState::Normal);
+        }
+        window.SetState(WindowState::Maximized);
+        test.Settle();
+        window.BringToFront(u"");
+        test.Settle();
+        CHECK(window.State() == WindowState::Maximized);
     });
 }

@@ -172,6 +172,28 @@ class Accessible(HtmlStory):
         self.assertEqual(eyes.offset_at(view, first[0] + first[2] // 2, first[1] + 5), place)
         program.close()
 
+    def test_a_hebrew_title_in_the_file_menu_keeps_its_direction(self):
+        program, view, text = self.book("lanterns.txt", books.lines("hebrew", 20))
+        view.set_selection(0, 6, 6 + 19)
+        title = text[6:6 + 19].strip()
+        eyes.press(eyes.find(self.listener.window(program.process), "menu item", "Edit"))
+        wait_for(program.popups, "the Edit menu")
+        program.key("s")
+        wait_for(lambda: view.get_name() == title, "the text to be called by its caption")
+        program.close()
+        other = books.write_book(self.path("other.txt"), ["Another book."])
+        program.start(other).wait_for_book(other)
+        menu = eyes.find(self.listener.window(program.process), "menu item", "File")
+        eyes.press(menu)
+        # The path stays left of the "=", and the title, which reads from the right, behind it.
+        shown = f"{self.path('lanterns.txt')}\t= \u202b{title}\u202c"
+
+        def names():
+            return [item.get_name() for item in eyes.all_within(menu)]
+        wait_for(lambda: any(name.endswith(shown) for name in names()), "the title")
+        program.key("Escape", "Escape")
+        program.close()
+
     def test_emoji_are_whole(self):
         family, flag = "\U0001F468\u200D\U0001F469\u200D\U0001F467", "\U0001F1EB\U0001F1EE"
         program, view, text = self.book("smile.txt", [f"a\U0001F600b {family} c {flag} d",

@@ -9,7 +9,8 @@ from harness.text_view import view_top
 from harness.wait import wait_for
 
 PLACES = {100: "a Zephyr from the west", 500: "the zephyrine evening", 900: "no zephyr at all"}
-PAPER = (160, 192, 224)
+PAPER, NIGHT = (160, 192, 224), (16, 16, 48)
+WHITE = b"\xff\xff\xff"
 
 
 def color_reference(red, green, blue):
@@ -67,12 +68,27 @@ class Dialogs(Story):
         dialog.close()
         self.wait_for_field("BackColor", color_reference(*PAPER))
         wait_for(lambda: self.pixel_of_paper() == bytes(PAPER), "the new paper")
+        self.assertLess(self.letters(WHITE), 10)
+        self.program.open_menu("v")
+        dialog = ColorDialog(self.program, "Background Color", "b")
+        dialog.set(*NIGHT)
+        dialog.close()
+        self.wait_for_field("BackColor", color_reference(*NIGHT))
+        wait_for(lambda: self.letters(WHITE) > 1000, "white letters on dark paper")
+        self.assertEqual(self.record()["ForeColor"], "0")  # nothing is stored of that
         self.program.open_menu("v")
         dialog = ColorDialog(self.program, "Background Color", "b")
         dialog.set(1, 2, 3)
         dialog.close("Escape")
         self.program.close()
-        self.assertEqual(self.record()["BackColor"], color_reference(*PAPER))
+        self.assertEqual(self.record()["BackColor"], color_reference(*NIGHT))
+
+    def letters(self, color):
+        """The pixels of this colour in the view."""
+        picture = self.program.picture()
+        top = view_top(picture)
+        view = picture.crop(20, top or 0, picture.width - 60, picture.height - 60)
+        return sum(view.pixels[i:i + 3] == color for i in range(0, len(view.pixels), 3))
 
     def pixel_of_paper(self):
         picture = self.program.picture()

@@ -50,6 +50,15 @@ class HtmlPrint(HtmlStory):
         self.assertEqual([line.strip("\f ") for line in self.text()], self.lines)
         self.program.close()
 
+    def test_by_key(self):
+        self.program.key("ctrl+p")
+        dialog = wait_for(lambda: self.program.window_named("Print"), "the print dialog")
+        wait_for(lambda: self.program.is_active(dialog), "the dialog to have the keyboard")
+        self.program.key("Return")
+        wait_for(lambda: os.path.exists(self.pdf), "the file")
+        self.wait_until_alone()
+        self.program.close()
+
     def test_cancelled(self):
         self.ask()
         self.program.key("Escape")

@@ -70,7 +70,8 @@ class Setup(WindowsTest):
     def test_for_one_user(self):
         self.assertEqual(self.setup(), 0)
         folder = self.programs_of_user()
-        installed = ("Norvaset.exe", "Norvaset.hlp", "License.txt", "Uninstall.exe")
+        installed = ("Norvaset.exe", "Norvaset.hlp", "Welcome.txt", "License.txt",
+                     "Uninstall.exe")
         self.assert_holds(folder, *installed)
         self.assertTrue(self.start_menu_entry("users/*/AppData/Roaming"))
         self.assert_is_listed(r"HKCU")
@@ -126,7 +127,8 @@ class Setup(WindowsTest):
     def assert_is_offered(self, root):
         """Under "Open with"."""
         classes = root + r"\Software\Classes"
-        kinds = {".txt": "text", ".rtf": "richtext", ".htm": "html", ".html": "html"}
+        kinds = {".txt": "text", ".rtf": "richtext", ".htm": "html", ".html": "html",
+                 ".xhtml": "html"}
         self.assertEqual(set(self.registered(classes + r"\Applications\Norvaset.exe\SupportedTypes")), set(kinds))
         for ending, kind in kinds.items():
             self.assertIn("Norvaset." + kind, self.registered(f"{classes}\\{ending}\\OpenWithProgids"))
@@ -139,7 +141,7 @@ class Portable(WindowsTest):
         with zipfile.ZipFile(package("Norvaset_*_portable.zip")) as archive:
             archive.extractall(self.folder)
         folder = os.path.join(self.folder, "Norvaset")
-        carried = ("Norvaset.exe", "Norvaset.hlp", "Readme.txt", "License.txt")
+        carried = ("Norvaset.exe", "Norvaset.hlp", "Welcome.txt", "Readme.txt", "License.txt")
         self.assert_holds(folder, *carried)
         self.close(self.read(os.path.join(folder, "Norvaset.exe")))
         self.assert_holds(folder, "Norvaset.dat", *carried)

@@ -265,10 +265,17 @@ TEST_CASE("charset guess: in doubt the system's own page") {
         "Sm\xF8rrebr\xF8"
         "d",
         "30 \xB0 C \xB1 2, 1\xBD cups",
+        "Prices: 5 \x80, 6 \x80, 70 \x80, 80 \x80, 9 \x80, 10 \x80.",
+        "5 \x80\n6 \x80\n70 \x80\n80 \x80\n9 \x80\n10 \x80\n11 \x80\n12 \x80\n",
+        "\xA3 5, \xA3 6, \xA3 70, \xA3 80, \xA3 90, \xA3 100, \xA3 110",
+        "\xA7 1 Scope. \xA7 2 Terms. \xA7 3 Fees. \xA7 4 Notice. \xA7 5 Law. \xA7 6 End.",
+        "\xA9 2001, \xA9 2002, \xA9 2003, \xA9 2004, \xA9 2005, \xA9 2006",
+        "1 \xB0, 2 \xB0, 3 \xB0, 4 \xB0, 5 \xB0, 6 \xB0, 7 \xB0, 8 \xB0",
     };
     for (const char* const text : texts) {
-        CAPTURE(text);
-        CHECK(DecodePlainText(text, 0, 1252).codePage == 1252);
+        const std::string bytes = text;
+        CAPTURE(bytes);
+        CHECK(DecodePlainText(bytes, 0, 1252).codePage == 1252);
     }
     CHECK(DecodePlainText("\xE0", 0, 1251).codePage == 1251);
 }

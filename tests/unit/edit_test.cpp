@@ -143,6 +143,7 @@ TEST_CASE("find: from behind the selection, and around the end") {
     test.Choose(test.Menu().mEditNext);
     CHECK(test.View().SelStart() == 0);
     test.Find(u"nowhere");
+    CHECK(test.Window().alerts == 1); // it is heard, and no message stands in the way
     CHECK(test.View().SelStart() == 0);
     CHECK(test.Dialogs().messages.empty());
 }
@@ -252,7 +253,8 @@ TEST_CASE("context menu: the commands that apply") {
     const std::vector<MenuArray*> commands{
         &menu.mEditCopy,       &menu.mEditCopyRTF, &menu.mEditSeparator1, &menu.mEditAll,
         &menu.mEditSeparator2, &menu.mEditFind,    &menu.mEditNext,       &menu.mEditSeparator3,
-        &menu.mEditTitle,      &menu.mBookmarkNew};
+        &menu.mEditTitle,      &menu.mBookmarkNew, &menu.mViewSeparator5, &menu.mViewColumn,
+        &menu.mViewUnwrap};
     for (const TextPos selected : {3, 0}) {
         test.View().Select(4, selected);
         test.View().onContextMenu();
@@ -261,7 +263,10 @@ TEST_CASE("context menu: the commands that apply") {
         CHECK(menu.mEditTitle[0].enabled == (selected > 0));
         CHECK(menu.mEditFind[0].enabled);
         CHECK(menu.mBookmarkNew[0].enabled);
+        CHECK(menu.mBookmarkNew[0].shown == u"Defi&ne Bookmark\tCtrl+D");
     }
+    test.Menus().Open(menu.mBookmark); // there its name is what it always was
+    CHECK(menu.mBookmarkNew[0].ShownCaption() == u"Defi&ne\tCtrl+D");
 }
 
 namespace {

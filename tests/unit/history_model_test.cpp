@@ -4,6 +4,7 @@
 
 #include "app/open_book.h"
 #include "common/text.h"
+#include "common/utf.h"
 
 #include <doctest/doctest.h>
 
@@ -45,7 +46,7 @@ class Session {
   public:
     Session() : test_(std::make_unique<TestForm>()) {
         for (std::size_t i = 0; i < books; ++i)
-            test_->PutBook(BookName(i));
+            test_->PutBook(BookName(i), TextOf(BookName(i)));
         REQUIRE(test_->Start());
     }
 
@@ -72,6 +73,11 @@ class Session {
 
   private:
     static constexpr std::size_t books = 9;
+
+    // Of its own for each book: one of another that has gone would be that book, moved.
+    static std::string TextOf(const std::u16string& path) {
+        return "Once upon a time in " + Utf16ToUtf8(path) + "\n";
+    }
 
     std::size_t Any(std::size_t count) { return random_() % count; }
 
@@ -192,7 +198,7 @@ class Session {
         if (Exists(path))
             test_->Files().Remove(path);
         else
-            test_->PutBook(path);
+            test_->PutBook(path, TextOf(path));
     }
 
     void Autosave() {

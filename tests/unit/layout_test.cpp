@@ -80,6 +80,59 @@ TEST_CASE("layout: closed while maximised, the last normal rectangle and state 2
 }
 
 namespace {
+void PressAndRelease(TestForm& test, int key, int shift = 0) {
+    test.Window().Events().onKeyDown(key, shift);
+    test.Window().Events().onKeyUp(key, shift);
+}
+} // namespace
+
+TEST_CASE("layout: F11 gives the screen to the book, and F11 or Escape brings the window back") {
+    TestForm test;
+    REQUIRE(test.Start());
+    test.Window().DragTo({5, 6, 400, 320});
+    for (const int back : {F11Key, EscapeKey}) {
+        CAPTURE(back);
+        PressAndRelease(test, F11Key);
+        CHECK(test.Window().IsFullScreen());
+        CHECK(test.Window().panel == Rect{0, 0, 1920, 1080});
+        CHECK(test.Status().bounds.top == 1080); // out of sight
+        CHECK(test.form.placement == WindowPlacement{0, 75, 90, 6000, 4800});
+        PressAndRelease(test, back);
+        CHECK_FALSE(test.Window().IsFullScreen());
+        CHECK(test.Window().Bounds() == Rect{5, 6, 400, 320});
+        CHECK(test.View().Bounds() == Rect{2, 0, 394, 278});
+    }
+    PressAndRelease(test, EscapeKey); // of a window: nothing
+    CHECK(test.Window().Bounds() == Rect{5, 6, 400, 320});
+}
+
+TEST_CASE("layout: a key that is held down switches the full screen once") {
+    TestForm test;
+    REQUIRE(test.Start());
+    for (int repeat = 0; repeat < 5; ++repeat)
+        test.Window().Events().onKeyDown(F11Key, 0);
+    test.Window().Events().onKeyUp(F11Key, 0);
+    CHECK(test.Window().IsFullScreen());
+}
+
+TEST_CASE("layout: closed in full screen, the next start is the window of before") {
+    for (const WindowState state : {WindowState::Normal, WindowState::Maximized}) {
+        TestForm test;
+        REQUIRE(test.Start());
+        test.Window().DragTo({5, 6, 400, 320});
+        test.Window().SetState(state);
+        PressAndRelease(test, F11Key);
+        test.Close();
+        TestForm next(test);
+        REQUIRE(next.Start());
+        CHECK_FALSE(next.Window().IsFullScreen());
+        CHECK(next.Window().State() == state);
+        next.Window().SetState(WindowState::Normal);
+        CHECK(next.Window().Bounds() == Rect{5, 6, 400, 320});
+    }
+}
+
+namespace {
 // Whose place changes the window's size, as that of a bar that appears would.
 class ResizingStatusBar : public NoneStatusBar {
   public:

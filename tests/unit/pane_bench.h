@@ -79,6 +79,13 @@ class PaneBench : public PaneTextView {
     TextPos Find(std::u16string_view what, TextPos start, FindOptions options) const override {
         return FindWhile(what, start, options, [] { return true; });
     }
+    std::vector<Heading> Headings() const override {
+        return Pane().Headings([] { return true; });
+    }
+    PrintAnswer Print(const std::u16string&) override { return {}; }
+    void LookThrough(const Look& look) const override {
+        look(Pane().Source(), [] { return true; });
+    }
     void SetBounds(const Rect&) override {}
     void SetVisible(bool) override {}
     void SetPointer(Pointer) override {}

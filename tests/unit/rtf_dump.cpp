@@ -32,9 +32,9 @@ std::string ParagraphText(const ParagraphStyle& style) {
     const char* const alignments[] = {"left", "right", "center", "justified"};
     std::string text = alignments[static_cast<int>(style.alignment)];
     if (style.rightToLeft) text += " rtl";
-    text += Number("left", style.leftIndent) + Number("right", style.rightIndent) +
-            Number("first", style.firstLineIndent) + Number("before", style.spaceBefore) +
-            Number("after", style.spaceAfter);
+    text += Number("outline", style.outlineLevel) + Number("left", style.leftIndent) +
+            Number("right", style.rightIndent) + Number("first", style.firstLineIndent) +
+            Number("before", style.spaceBefore) + Number("after", style.spaceAfter);
     text += Number(style.lineSpacingIsMultiple ? "lines/240" : "line", style.lineSpacing);
     for (const std::int32_t stop : style.tabStops)
         text += Number("tab", stop);

@@ -90,11 +90,90 @@ TEST_CASE("start-up: a second instance reads and writes nothing") {
     test.Shell().claim.result = InstanceClaim::Result::Own;
     CHECK_FALSE(test.Start());
     CHECK(test.Shell().claimedPath == TestForm::dataPath);
+    CHECK((test.Shell().handedOver == std::vector<std::u16string>{u""}));
     test.Close();
     CHECK(test.Files().readCalls.empty());
     CHECK(test.Files().replaceCalls.empty());
     CHECK(test.Registry().writes == 0);
     CHECK_FALSE(test.Window().open);
+}
+
+TEST_CASE("start-up: a second instance hands its book over and ends without a word") {
+    TestForm test;
+    test.form.ports.launch.commandLine = u"/b/a.txt";
+    test.Shell().claim.result = InstanceClaim::Result::Own;
+    CHECK_FALSE(test.Start());
+    CHECK((test.Shell().handedOver == std::vector<std::u16string>{u"/b/a.txt"}));
+    CHECK(test.Dialogs().messages.empty());
+}
+
+TEST_CASE("start-up: a first one that does not answer is told of after three seconds") {
+    for (const HandOver answer : {HandOver::NoAnswer, HandOver::NobodyThere}) {
+        TestForm test;
+        test.Shell().claim.result = InstanceClaim::Result::Own;
+        test.Shell().handOverAnswer = answer;
+        CHECK_FALSE(test.Start());
+        REQUIRE(test.Dialogs().messages.size() == 1);
+        CHECK(test.Dialogs().messages[0].title == u"Norvaset Message");
+        CHECK(test.Dialogs().messages[0].text.find(u"does not answer") != std::u16string::npos);
+        CHECK(test.Shell().patience <= 3000);
+        CHECK(test.Clock().waited <= 3000);
+        CHECK(test.Files().replaceCalls.empty());
+    }
+}
+
+TEST_CASE("start-up: a first one that ends just then makes place") {
+    TestForm test;
+    test.PutBook(u"/b/a.txt");
+    test.form.ports.launch.commandLine = u"/b/a.txt";
+    test.Shell().claim.result = InstanceClaim::Result::Own;
+    test.Shell().handOverAnswer = HandOver::NobodyThere;
+    test.Clock().whileWaiting = [&] { test.Shell().claim.result = InstanceClaim::Result::Granted; };
+    REQUIRE(test.Start());
+    CHECK(test.Window().title == u"Norvaset [Default] - /b/a.txt");
+    CHECK(test.Dialogs().messages.empty());
+}
+
+TEST_CASE("a later start: its book opens as one that is dropped, and the window comes up") {
+    TestForm test;
+    test.PutBook(u"/b/a.txt");
+    REQUIRE(test.Start());
+    test.Window().ComeUp();
+    test.Shell().onStartRequest({u"/b/a.txt", u"token"});
+    CHECK(test.Window().title == u"Norvaset [Default] - /b/a.txt");
+    CHECK((test.Window().activations == std::vector<std::u16string>{u"token"}));
+    test.Shell().onStartRequest({});
+    CHECK(test.Window().activations.size() == 2);
+    CHECK(test.form.history.Count() == 1);
+    test.Shell().onStartRequest({u"/b/none.txt", u""});
+    REQUIRE(test.Dialogs().messages.size() == 1);
+    CHECK(test.Dialogs().messages[0].text == u"/b/none.txt\r\nfile not found.");
+}
+
+TEST_CASE("a later start: books wait for the end of a dialog, and come in their order") {
+    TestForm test;
+    for (const char16_t* path : {u"/b/a.txt", u"/b/b.txt", u"/b/c.txt"})
+        test.PutBook(path);
+    REQUIRE(test.Start());
+    test.Window().ComeUp();
+    test.Dialogs().whileOpen = [&] {
+        for (const char16_t* path : {u"/b/a.txt", u"/b/b.txt", u"/b/c.txt"})
+            test.Shell().onStartRequest({path, u""});
+        CHECK(test.form.history.Count() == 0);
+        CHECK(test.Window().activations.size() == 3); // its dialog comes to the front
+    };
+    test.Menus().Click(test.Menu().mFileOpen);
+    CHECK(test.Window().title == u"Norvaset [Default] - /b/c.txt");
+    REQUIRE(test.form.history.Count() == 3);
+    CHECK(GetBookPath(test.form.history, 2) == u"/b/a.txt");
+}
+
+TEST_CASE("a later start: a program that ends listens no more") {
+    TestForm test;
+    REQUIRE(test.Start());
+    CHECK(test.Shell().onStartRequest);
+    test.Close();
+    CHECK_FALSE(test.Shell().onStartRequest);
 }
 
 TEST_CASE("start-up: a run without a change writes only the state it leaves") {

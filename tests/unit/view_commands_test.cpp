@@ -275,3 +275,73 @@ TEST_CASE("keys: font size on key up, shortcuts on key down, Alt+F2 without a po
     down(115, AltKey);
     CHECK(test.Window().closed);
 }
+
+TEST_CASE("view: texts stand in a column, each profile until it says otherwise") {
+    TestForm test;
+    test.PutDataFile("[mProfileList]\r\n0=A\r\n1=B\r\n");
+    test.PutBook(u"/b/a.txt");
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/a.txt");
+    CHECK(test.View().MaxLineLength() == 75);
+    CHECK(test.DataFile().find("mViewColumn") == std::string::npos);
+    Form_KeyDown(test.form, 'M', CtrlKey | ShiftKey);
+    CHECK(test.View().MaxLineLength() == 0);
+    CHECK(test.DataFile().find("[A]") < test.DataFile().find("mViewColumn=0"));
+    test.Menus().Click(test.Menu().mProfileList, 1);
+    CHECK(test.View().MaxLineLength() == 75);
+    test.Menus().Click(test.Menu().mProfileList, 1);
+    CHECK(test.View().MaxLineLength() == 0);
+    CHECK_FALSE(test.Menu().mViewColumn[0].checked);
+    test.Close();
+    TestForm next(test);
+    REQUIRE(next.Start());
+    CHECK(next.View().MaxLineLength() == 0);
+    next.View().onContextMenu();
+    next.Menus().Click(next.Menu().mViewColumn, 0);
+    CHECK(next.View().MaxLineLength() == 75);
+    CHECK(next.Menu().mViewColumn[0].checked);
+    CHECK(next.DataFile().find("mViewColumn=1") != std::string::npos);
+}
+
+TEST_CASE("view: broken lines of a plain text flow on, each book as it was left") {
+    TestForm test;
+    test.PutBook(u"/b/a.txt");
+    test.PutBook(u"/b/b.txt");
+    test.PutBook(u"/b/c.rtf", "{\\rtf1 rich}");
+    REQUIRE(test.Start());
+    Form_KeyDown(test.form, 'U', CtrlKey | ShiftKey); // without a book
+    CHECK_FALSE(test.View().Unwrapped());
+    OpenBook(test.form, u"/b/a.txt");
+    Form_KeyDown(test.form, 'U', CtrlKey | ShiftKey);
+    CHECK(test.View().Unwrapped());
+    CHECK(test.DataFile().find("[Default\\/b/a.txt]\r\nUnwrap=1") != std::string::npos);
+    OpenBook(test.form, u"/b/b.txt");
+    CHECK_FALSE(test.View().Unwrapped());
+    CHECK_FALSE(test.Menu().mViewUnwrap[0].checked);
+    OpenBook(test.form, u"/b/c.rtf");
+    test.View().onContextMenu();
+    CHECK_FALSE(test.Menu().mViewUnwrap[0].enabled);
+    Form_KeyDown(test.form, 'U', CtrlKey | ShiftKey);
+    CHECK_FALSE(test.View().Unwrapped());
+    OpenBook(test.form, u"/b/a.txt");
+    CHECK(test.View().Unwrapped());
+    CHECK(test.Menu().mViewUnwrap[0].checked);
+    test.Close();
+    TestForm next(test);
+    REQUIRE(next.Start());
+    CHECK(next.View().Unwrapped());
+    next.View().onContextMenu();
+    next.Menus().Click(next.Menu().mViewUnwrap, 0);
+    CHECK_FALSE(next.View().Unwrapped());
+    CHECK(next.DataFile().find("Unwrap=0") != std::string::npos);
+}
+
+TEST_CASE("view: where lines do not wrap there is no column and nothing to unwrap") {
+    Reading test;
+    test.Choose(test.Menu().mViewWordWrap);
+    test.View().onContextMenu();
+    CHECK_FALSE(test.Menu().mViewColumn[0].enabled);
+    CHECK_FALSE(test.Menu().mViewUnwrap[0].enabled);
+    Form_KeyDown(test.form, 'M', CtrlKey | ShiftKey);
+    CHECK(test.Menu().mViewColumn[0].checked);
+}

@@ -1,5 +1,6 @@
 #include "platform/qt/dialogs/font_dialog.h"
 
+#include "common/contrast.h"
 #include "platform/qt/dialogs/check_box.h"
 #include "platform/qt/dialogs/color_dialog.h"
 #include "platform/qt/dialogs/font_scripts.h"
@@ -193,10 +194,11 @@ void FontDialog::UpdateColor() {
 }
 
 void FontDialog::UpdateSample() {
-    const QColor text = ToQColor(color_), background = palette().color(QPalette::Base);
+    const Color background = FromQColor(palette().color(QPalette::Base));
     QPalette colors = sample_->palette();
-    colors.setColor(QPalette::WindowText, text);
-    colors.setColor(QPalette::Window, HasContrast(text, background) ? background : LegibleOn(text));
+    colors.setColor(QPalette::WindowText, ToQColor(color_));
+    colors.setColor(QPalette::Window,
+                    ToQColor(IsReadable(color_, background) ? background : LegibleOn(color_)));
     sample_->setPalette(colors);
     sample_->setFont(MakeFont(SelectedFont()));
     sample_->setText(QString::fromUtf16(SampleText(script_->currentData().toInt())));

@@ -4,6 +4,7 @@
 #include "platform/qt/dialogs/file_dialog.h"
 #include "platform/qt/dialogs/find_dialog.h"
 #include "platform/qt/dialogs/font_dialog.h"
+#include "platform/qt/dialogs/place_dialog.h"
 #include "platform/qt/dialogs/rich_message.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/window/window_icon.h"
@@ -90,6 +91,12 @@ FontAnswer QtDialogs::ChooseFont(const FontRequest& request) {
 
 FindAnswer QtDialogs::AskFind(const FindRequest& request) {
     FindDialog dialog(owner_, request);
+    if (dialog.exec() != QDialog::Accepted) return {};
+    return dialog.Answer();
+}
+
+PlaceAnswer QtDialogs::AskPlace(const PlaceRequest& request) {
+    PlaceDialog dialog(owner_, request);
     if (dialog.exec() != QDialog::Accepted) return {};
     return dialog.Answer();
 }

@@ -14,6 +14,7 @@ class QtDialogs final : public Dialogs {
     ColorAnswer ChooseColor(const std::u16string& title, Color start) override;
     FontAnswer ChooseFont(const FontRequest&) override;
     FindAnswer AskFind(const FindRequest&) override;
+    PlaceAnswer AskPlace(const PlaceRequest&) override;
     DialogResult ShowMessage(const Message&) override;
     int ShowRichMessage(const std::string& rtf, const std::u16string& title,
                         const std::vector<std::u16string>& buttons) override;

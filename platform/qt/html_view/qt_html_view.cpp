@@ -180,3 +180,19 @@ void QtHtmlView::FocusView() {
     focused_ = true;
     if (engine_) engine_->FocusView();
 }
+
+void QtHtmlView::ScrollToPercent(int percent) {
+    if (engine_) engine_->ScrollToPercent(percent);
+}
+
+void QtHtmlView::Print() {
+    if (engine_) engine_->Print();
+}
+
+int QtHtmlView::Percent() const {
+    return engine_ ? engine_->Percent() : 0;
+}
+
+std::vector<Heading> QtHtmlView::Headings() {
+    return engine_ ? engine_->Headings() : std::vector<Heading>{};
+}

@@ -25,6 +25,8 @@ class QtHtmlView final : public HtmlView {
     void SetBackColor(std::uint32_t redGreenBlue) override;
     void SetTextColor(std::optional<std::uint32_t> redGreenBlue) override;
     void SendZoomKey(bool larger) override;
+    void ScrollToPercent(int percent) override;
+    void Print() override;
 
     bool HasBody() const override;
     bool HasText() const override;
@@ -35,6 +37,7 @@ class QtHtmlView final : public HtmlView {
     int ZoomSteps() const override;
     int ViewHeight() const override;
     int TopMargin() const override;
+    int Percent() const override;
     PageSelection Selection() const override;
 
     std::vector<std::u16string> TextsOf(const std::vector<PageSpan>&) override;
@@ -42,6 +45,7 @@ class QtHtmlView final : public HtmlView {
     std::u16string SelectionAsHtml() override;
     std::optional<PageMatch> FindBehindSelection(std::u16string_view what, FindOptions) override;
     TextPos StartAtTop() override;
+    std::vector<Heading> Headings() override;
 
     void SetBounds(const Rect&) override;
     void SetVisible(bool) override;

@@ -1,5 +1,7 @@
 #include "platform/qt/system/application_setup.h"
 
+#include "platform/qt/qt_text.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -27,6 +29,12 @@ void ExcludeProgramFolderFromPluginPaths() {
         qunsetenv(variable);
     paths.removeAll(folder);
     QCoreApplication::setLibraryPaths(paths);
+}
+
+std::u16string StartupActivation() {
+    for (const char* variable : {"XDG_ACTIVATION_TOKEN", "DESKTOP_STARTUP_ID"})
+        if (qEnvironmentVariableIsSet(variable)) return FromQt(qEnvironmentVariable(variable));
+    return {};
 }
 
 FontconfigLoader::FontconfigLoader() {

@@ -1,11 +1,28 @@
 #include "platform/qt/system/command_line.h"
 
 #include "platform/qt/file_url.h"
+#include "product.h"
 
 #include <filesystem>
 #include <system_error>
 
+#define AS_TEXT(number) #number
+#define VERSION_TEXT(major, minor, revision) AS_TEXT(major) "." AS_TEXT(minor) "." AS_TEXT(revision)
+
 namespace {
+
+constexpr const char* help =
+    "Usage: Norvaset [BOOK]\n" PRODUCT_DESCRIPTION ". Without BOOK it opens the last one.\n"
+    "\n"
+    "  BOOK        a path or a file: address; several arguments are one path with\n"
+    "              blanks in it\n"
+    "  -h, --help  print this and exit\n"
+    "  --version   print the version and exit\n"
+    "\n"
+    "While the program runs, a second start hands BOOK over to it and ends.\n";
+
+constexpr const char* version = PRODUCT_TITLE
+    " " VERSION_TEXT(PRODUCT_VERSION_MAJOR, PRODUCT_VERSION_MINOR, PRODUCT_VERSION_REVISION) "\n";
 
 // Without "." and "..", unless ".." follows a symbolic link and the result would be another file.
 std::filesystem::path Normalized(const std::filesystem::path& path) {
@@ -16,6 +33,13 @@ std::filesystem::path Normalized(const std::filesystem::path& path) {
 }
 
 } // namespace
+
+std::optional<std::string> OptionAnswer(const std::vector<std::string>& arguments) {
+    if (arguments.size() != 1) return std::nullopt;
+    if (arguments[0] == "--help" || arguments[0] == "-h") return help;
+    if (arguments[0] == "--version") return version;
+    return std::nullopt;
+}
 
 std::string BookPathBytes(const std::vector<std::string>& arguments,
                           const std::string& currentFolder) {

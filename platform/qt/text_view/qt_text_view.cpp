@@ -1,14 +1,19 @@
 #include "platform/qt/text_view/qt_text_view.h"
 
+#include "platform/qt/text_view/accessibility/accessible_text.h"
 #include "platform/qt/text_view/event_pump.h"
 #include "platform/qt/text_view/text_widget.h"
 
 QtTextView::QtTextView(QWidget* parent) : widget_(new TextWidget(parent)) {
+    AccessibleText::Install();
     widget_->onContextMenu = [this] {
         if (onContextMenu) onContextMenu();
     };
     widget_->onFilesDropped = [this](const std::vector<std::u16string>& paths) {
         if (onFilesDropped) onFilesDropped(paths);
+    };
+    widget_->onPlaceholderLink = [this] {
+        if (onPlaceholderLink) onPlaceholderLink();
     };
 }
 
@@ -33,6 +38,16 @@ TextPos QtTextView::Find(std::u16string_view what, TextPos start, FindOptions op
     return FindWhile(what, start, options, [&events] { return events.ProcessEvents(); });
 }
 
+std::vector<Heading> QtTextView::Headings() const {
+    EventPump events;
+    return Pane().Headings([&events] { return events.ProcessEvents(); });
+}
+
+void QtTextView::LookThrough(const Look& look) const {
+    EventPump events;
+    look(Pane().Source(), [&events] { return events.ProcessEvents(); });
+}
+
 void QtTextView::SetBounds(const Rect& bounds) {
     widget_->setGeometry(bounds.left, bounds.top, bounds.width, bounds.height);
 }
@@ -42,8 +57,7 @@ void QtTextView::SetVisible(bool visible) {
 }
 
 void QtTextView::SetPointer(Pointer pointer) {
-    widget_->viewport()->setCursor(pointer == Pointer::Hourglass ? Qt::WaitCursor
-                                                                 : Qt::IBeamCursor);
+    widget_->SetPointer(pointer == Pointer::Hourglass ? Qt::WaitCursor : Qt::IBeamCursor);
 }
 
 void QtTextView::FocusView() {

@@ -1,7 +1,6 @@
 #include "platform/qt/text_view/text_widget.h"
 
 #include "platform/qt/qt_color.h"
-#include "platform/qt/text_view/accessibility/accessible_text.h"
 #include "platform/qt/text_view/line_layout/qt_canvas.h"
 
 #include <QEvent>
@@ -27,13 +26,13 @@ QTransform UseScreenPixels(QPainter& painter, double pixelRatio) {
 
 TextWidget::TextWidget(QWidget* parent)
     : QAbstractScrollArea(parent), pane_(*this, lines_, pictures_) {
-    AccessibleText::Install();
     setFrameShape(NoFrame);
     setFocusPolicy(Qt::StrongFocus);
     setAcceptDrops(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    viewport()->setCursor(Qt::IBeamCursor);
+    viewport()->setCursor(pointer_);
+    viewport()->setMouseTracking(true); // for the pointer over a link
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     UpdateSystemStyle();
     verticalScrollBar()->installEventFilter(this);
@@ -113,15 +112,12 @@ void TextWidget::OnVerticalAction(int action) {
     case QAbstractSlider::SliderPageStepSub: pane_.ScrollPage(false); break;
     default: pane_.ScrollTo(bar.sliderPosition()); break;
     }
+    pane_.ShowScrollLabel();
     if (!bar.isSliderDown()) bar.setSliderPosition(pane_.Scroller().TopAsPosition());
 }
 
 // The vertical scroll bar is handled in OnVerticalAction, the horizontal one by its value.
 void TextWidget::scrollContentsBy(int, int) {}
-
-QBasicTimer& TextWidget::TimerOf(PaneTimer timer) {
-    return timer == PaneTimer::CaretBlink ? blink_ : autoScroll_;
-}
 
 void TextWidget::StartTimer(PaneTimer timer, int milliseconds) {
     TimerOf(timer).start(milliseconds, this);
@@ -133,8 +129,9 @@ void TextWidget::StopTimer(PaneTimer timer) {
 
 void TextWidget::timerEvent(QTimerEvent* event) {
     if (event->timerId() == visibleDataTimer_.timerId()) return NotifyVisibleDataChanged();
-    for (const PaneTimer timer : {PaneTimer::CaretBlink, PaneTimer::AutoScroll})
-        if (event->timerId() == TimerOf(timer).timerId()) return pane_.OnTimer(timer);
+    for (int timer = 0; timer < paneTimers; ++timer)
+        if (event->timerId() == TimerOf(PaneTimer(timer)).timerId())
+            return pane_.OnTimer(PaneTimer(timer));
     QAbstractScrollArea::timerEvent(event);
 }
 

@@ -10,6 +10,7 @@
 #include <QBasicTimer>
 #include <QElapsedTimer>
 
+#include <array>
 #include <functional>
 
 class TextWidget : public QAbstractScrollArea, private PaneWindow {
@@ -25,6 +26,8 @@ class TextWidget : public QAbstractScrollArea, private PaneWindow {
 
     std::function<void()> onContextMenu;
     std::function<void(const std::vector<std::u16string>&)> onFilesDropped;
+    std::function<void()> onPlaceholderLink;
+    void SetPointer(Qt::CursorShape shape); // but over a link
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -64,8 +67,9 @@ class TextWidget : public QAbstractScrollArea, private PaneWindow {
     void OnSelectionChanged(TextPos anchorBefore, TextPos caretBefore) override;
     void OnVisibleTextChanged() override;
 
-    QBasicTimer& TimerOf(PaneTimer timer);
+    QBasicTimer& TimerOf(PaneTimer timer) { return timers_[std::size_t(timer)]; }
     void UpdateSystemStyle();
+    void UpdatePointer(Point point);
     void OnVerticalAction(int action);
     int ToPixels(int ofWidget) const { return int(ofWidget * devicePixelRatioF()); }
     Point ToPane(QPoint point) const { return {ToPixels(point.x()), ToPixels(point.y())}; }
@@ -81,8 +85,10 @@ class TextWidget : public QAbstractScrollArea, private PaneWindow {
     TextPane pane_;
 
     QPoint mouse_, contextPoint_;
+    Qt::CursorShape pointer_ = Qt::IBeamCursor;
     QElapsedTimer sinceDoubleClick_;
-    QBasicTimer blink_, autoScroll_, visibleDataTimer_;
+    std::array<QBasicTimer, paneTimers> timers_;
+    QBasicTimer visibleDataTimer_;
     int wheelRemainder_ = 0; // lines, times the angle of a wheel step
     QString oldBeginning_;   // of the text before it changes
 };

@@ -1,6 +1,7 @@
 // Focus and accessibility events of the text widget.
-#include "platform/qt/text_view/accessibility/accessible_units.h"
+#include "platform/qt/qt_text.h"
 #include "platform/qt/text_view/text_widget.h"
+#include "view/reading_units.h"
 
 #include <QAccessible>
 #include <QFocusEvent>
@@ -30,8 +31,7 @@ void TextWidget::OnSelectionChanged(TextPos anchorBefore, TextPos caretBefore) {
 
 QString TextWidget::AccessibleBeginning() {
     if (!QAccessible::isActive()) return {};
-    const TextPos end = std::min(pane_.Source().Length(), maxEventText);
-    return AccessibleTextOf(pane_.Source(), pane_.IsPlain(), {0, end});
+    return ToQt(ReadableText(pane_, {0, pane_.Source().Length()}, maxEventText));
 }
 
 void TextWidget::OnTextChanging() {

@@ -19,6 +19,10 @@ constexpr int linesPerNotch = 3; // per wheel step
 void TextWidget::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return event->ignore();
     const QPoint point = event->position().toPoint();
+    if (pane_.IsPlaceholderLink(ToPane(point))) {
+        if (onPlaceholderLink) onPlaceholderLink();
+        return;
+    }
     const int clickTime = QGuiApplication::styleHints()->mouseDoubleClickInterval();
     const bool third =
         sinceDoubleClick_.isValid() && sinceDoubleClick_.elapsed() < clickTime &&
@@ -35,7 +39,19 @@ void TextWidget::mouseDoubleClickEvent(QMouseEvent* event) {
     pane_.Click(ToPane(mouse_), 2, false);
 }
 
+void TextWidget::SetPointer(Qt::CursorShape shape) {
+    pointer_ = shape;
+    viewport()->setCursor(shape);
+}
+
+void TextWidget::UpdatePointer(Point point) {
+    const Qt::CursorShape shape =
+        pane_.IsPlaceholderLink(point) ? Qt::PointingHandCursor : pointer_;
+    if (viewport()->cursor().shape() != shape) viewport()->setCursor(shape);
+}
+
 void TextWidget::mouseMoveEvent(QMouseEvent* event) {
+    UpdatePointer(ToPane(event->position().toPoint()));
     if (!(event->buttons() & Qt::LeftButton)) return event->ignore();
     mouse_ = event->position().toPoint();
     pane_.DragTo(ToPane(mouse_));
@@ -76,6 +92,7 @@ void TextWidget::wheelEvent(QWheelEvent* event) {
     } else {
         ScrollByWheel(angle.y());
     }
+    pane_.ShowScrollLabel();
     event->accept();
 }
 

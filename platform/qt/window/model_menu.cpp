@@ -5,7 +5,10 @@
 #include <QAccessible>
 #include <QActionGroup>
 #include <QFontMetrics>
+#include <QHelpEvent>
+#include <QScreen>
 #include <QStyleOptionMenuItem>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -79,6 +82,18 @@ QString NativeCaption(const MenuItem& item) {
     return caption;
 }
 
+QString ElidedCaption(const MenuItem& item, const QFont& font, int maxWidth) {
+    if (!item.literal) return NativeCaption(item);
+    const QString caption = ToQt(item.ShownCaption());
+    const qsizetype tab = caption.indexOf(QLatin1Char('\t'));
+    const QFontMetrics metrics(font);
+    const int behindTab = tab < 0 ? 0 : metrics.horizontalAdvance(caption.mid(tab + 1));
+    QString text = metrics.elidedText(caption.left(tab), Qt::ElideMiddle,
+                                      std::max(maxWidth - behindTab, maxWidth / 4));
+    if (tab >= 0) text += caption.mid(tab);
+    return text.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
 void ApplyState(QAction& action, const MenuItem& item, const QFont& font) {
     action.setEnabled(item.enabled && !item.heading);
     if (item.heading ||
@@ -113,7 +128,7 @@ void ModelMenu::AddItem(MenuArray& array, int index, bool withText) {
         return;
     }
     auto* action = new ItemAction(this, array, index);
-    if (withText || item.isDefault) action->setText(action->Caption());
+    if (withText || item.isDefault) action->setText(Caption(*action));
     ApplyState(*action, item, font());
     addAction(action);
 }
@@ -121,5 +136,25 @@ void ModelMenu::AddItem(MenuArray& array, int index, bool withText) {
 void ModelMenu::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const {
     QMenu::initStyleOption(option, action);
     if (!action->text().isEmpty()) return;
-    if (const auto* item = dynamic_cast<const ItemAction*>(action)) option->text = item->Caption();
+    if (const auto* item = dynamic_cast<const ItemAction*>(action)) option->text = Caption(*item);
+}
+
+QString ModelMenu::Caption(const ItemAction& action) const {
+    return ElidedCaption(action.Item(), font(), screen()->availableGeometry().width() / 2);
+}
+
+bool ModelMenu::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QMenu::event(event);
+    const auto* help = static_cast<const QHelpEvent*>(event);
+    const auto* action = dynamic_cast<const ItemAction*>(actionAt(help->pos()));
+    const bool isElided = action && Caption(*action) != NativeCaption(action->Item());
+    if (isElided) // as plain text: a path may look like HTML
+        QToolTip::showText(help->globalPos(),
+                           QLatin1String("<p style='white-space:pre-wrap'>") +
+                               ToQt(action->Item().ShownCaption()).toHtmlEscaped() +
+                               QLatin1String("</p>"),
+                           this, actionGeometry(const_cast<ItemAction*>(action)));
+    else
+        QToolTip::hideText();
+    return true;
 }

@@ -4,6 +4,7 @@
 #include "platform/qt/window/accessible_roles.h"
 #include "platform/qt/window/key_codes.h"
 #include "platform/qt/window/menu_bar_focus.h"
+#include "platform/qt/window/window_activation.h"
 #include "platform/qt/window/window_icon.h"
 #include "platform/shared/call_handler.h"
 
@@ -14,6 +15,7 @@
 #include <QFrame>
 #include <QKeyEvent>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QTimer>
 #include <QWheelEvent>
 #include <QWindow>
@@ -23,6 +25,11 @@
 namespace {
 constexpr double defaultFontSize = 12; // points
 constexpr double twipsPerInch = 1440;
+
+void CloseMenus() {
+    while (QWidget* menu = QApplication::activePopupWidget())
+        if (!menu->close()) break;
+}
 } // namespace
 
 QtWindow::QtWindow()
@@ -32,6 +39,7 @@ QtWindow::QtWindow()
     panel_->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     settleTimer_.setSingleShot(true);
     settleTimer_.callOnTimeout([this] { Settle(); });
+    menuBarTimer_.callOnTimeout([this] { HideUnusedMenuBar(); });
     connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { CloseFromSystem(); });
     SetDefaultGeometry();
 }
@@ -66,9 +74,22 @@ void QtWindow::Close() {
     close();
 }
 
+void QtWindow::BringToFront(const std::u16string& activation) {
+    CloseMenus();
+    if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
+    const QWidget* dialog = QApplication::activeModalWidget();
+    raise();
+    ActivateWindow(dialog ? *dialog->windowHandle() : *windowHandle(), ToQt(activation).toUtf8());
+}
+
+// Desktops mark the title of a window that is not the active one.
+void QtWindow::Alert() {
+    QApplication::beep();
+    QApplication::alert(this);
+}
+
 void QtWindow::CloseFromSystem() {
-    while (QWidget* menu = QApplication::activePopupWidget())
-        if (!menu->close()) break;
+    CloseMenus();
     if (QWidget* dialog = QApplication::activeModalWidget()) {
         dialog->close();
         // The handler that waits for the dialog continues first, and may open another one.
@@ -80,7 +101,7 @@ void QtWindow::CloseFromSystem() {
 
 WindowState QtWindow::State() const {
     if (isMinimized()) return WindowState::Minimized;
-    return isMaximized() || isFullScreen() ? WindowState::Maximized : WindowState::Normal;
+    return isMaximized() ? WindowState::Maximized : WindowState::Normal;
 }
 
 void QtWindow::SetState(WindowState state) {
@@ -132,7 +153,9 @@ void QtWindow::resizeEvent(QResizeEvent*) {
 
 void QtWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::WindowStateChange) NotifyResize();
+    if (event->type() != QEvent::WindowStateChange) return;
+    LayOut();
+    NotifyResize();
 }
 
 void QtWindow::closeEvent(QCloseEvent* event) {
@@ -152,6 +175,11 @@ void QtWindow::wheelEvent(QWheelEvent* event) {
 // Key events of the QWindow arrive here before the focus widget sees them.
 bool QtWindow::eventFilter(QObject* object, QEvent* event) {
     if (object == windowHandle() && event->type() == QEvent::WindowUnblocked) Reactivate();
+    const bool mouse = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::Wheel;
+    if (object == windowHandle() && mouse) CallHandler(events_.onMouse);
+    if (object == windowHandle() && event->type() == QEvent::MouseMove && isFullScreen() &&
+        static_cast<const QMouseEvent&>(*event).position().y() < 1)
+        ShowMenuBar();
     if (object == windowHandle() &&
         (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease))
         return HandleKey(static_cast<const QKeyEvent&>(*event));
@@ -176,6 +204,7 @@ bool QtWindow::HandleKey(const QKeyEvent& event) {
         CloseFromSystem();
         return true;
     }
+    if (pressed && event.key() == Qt::Key_Alt && isFullScreen()) ShowMenuBar();
     if (QApplication::activePopupWidget()) return false; // the menu has grabbed the keyboard
     if (menuBarFocus_ && menuBarFocus_->HandleKey(event)) return false;
     const int code = KeyCodeOf(event);

@@ -39,10 +39,14 @@ class QtWindow final : public QWidget, public Window {
     void SetEvents(WindowEvents) override;
     void Open() override;
     void Close() override;
+    void BringToFront(const std::u16string& activation) override;
+    void Alert() override;
     WindowState State() const override;
     void SetState(WindowState) override;
     Rect Bounds() const override;
     void Move(const Rect&) override;
+    bool IsFullScreen() const override { return isFullScreen(); }
+    void SetFullScreen(bool) override;
     int InnerWidth() const override;
     int InnerHeight() const override;
     double TwipsPerPixelX() const override;
@@ -66,6 +70,9 @@ class QtWindow final : public QWidget, public Window {
     void Reactivate();
     bool HandleKey(const QKeyEvent&);
     int KeyCodeOf(const QKeyEvent&) const;
+    bool IsMenuBarUsed() const;
+    void ShowMenuBar();
+    void HideUnusedMenuBar();
     QMargins FrameMargins() const;
     Rect FrameBounds() const;
     void SetClientGeometry(const QMargins& frame);
@@ -93,6 +100,7 @@ class QtWindow final : public QWidget, public Window {
     std::optional<ShownInstead> shownInstead_;
     QPoint assumedCorner_; // used where the window system reports no positions (Wayland)
     QTimer settleTimer_;
+    QTimer menuBarTimer_; // runs while the menu bar is shown over a full screen
     struct {
         int code = 0, shift = 0;
     } pressedKey_;          // the last key press

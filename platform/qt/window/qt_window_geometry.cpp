@@ -3,8 +3,9 @@
 
 #include "platform/shared/call_handler.h"
 
+#include <QApplication>
+#include <QCursor>
 #include <QFrame>
-#include <QGuiApplication>
 #include <QMenuBar>
 #include <QScreen>
 #include <QTimer>
@@ -14,9 +15,10 @@
 #include <utility>
 
 namespace {
-constexpr int panelBorder = 2;       // pixels; the core's layout of the views includes it
-constexpr int settleTime = 300;      // milliseconds; window managers answer within a few
-constexpr int stateChangeDelay = 50; // milliseconds
+constexpr int panelBorder = 2;            // pixels; the core's layout of the views includes it
+constexpr int settleTime = 300;           // milliseconds; window managers answer within a few
+constexpr int stateChangeDelay = 50;      // milliseconds
+constexpr int menuBarCheckInterval = 100; // milliseconds
 constexpr double defaultDpi = 96;
 
 std::vector<Rect> Screens() {
@@ -46,11 +48,44 @@ void QtWindow::SetDefaultGeometry() {
 
 void QtWindow::LayOut() {
     const int menuHeight = menuBar_ ? menuBar_->heightForWidth(width()) : 0;
-    if (menuBar_) menuBar_->setGeometry(0, 0, width(), menuHeight);
-    const QRect innerArea(0, menuHeight, width(), std::max(0, height() - menuHeight));
+    // Above the upper edge, not hidden: a hidden one knows no keys.
+    const bool away = isFullScreen() && !menuBarTimer_.isActive();
+    if (menuBar_) menuBar_->setGeometry(0, away ? -menuHeight : 0, width(), menuHeight);
+    if (menuBar_ && isFullScreen()) menuBar_->raise();
+    const int top = isFullScreen() ? 0 : menuHeight;
+    const QRect innerArea(0, top, width(), std::max(0, height() - top));
     if (innerArea == inner_->geometry()) return;
     inner_->setGeometry(innerArea);
     NotifyResize();
+}
+
+void QtWindow::SetFullScreen(bool on) {
+    menuBarTimer_.stop();
+    settleTimer_.stop(); // a place asked for just before would end the full screen
+    requested_.reset();
+    setWindowState(on ? windowState() | Qt::WindowFullScreen
+                      : windowState() & ~Qt::WindowFullScreen);
+}
+
+bool QtWindow::IsMenuBarUsed() const {
+    const bool pointed = menuBar_->rect().contains(menuBar_->mapFromGlobal(QCursor::pos()));
+    const bool altDown = QGuiApplication::queryKeyboardModifiers() & Qt::AltModifier;
+    // It keeps the focus after its menu was closed.
+    const bool entered = menuBar_->hasFocus() && menuBar_->activeAction();
+    return pointed || altDown || entered || QApplication::activePopupWidget();
+}
+
+void QtWindow::ShowMenuBar() {
+    if (!menuBar_ || menuBarTimer_.isActive()) return;
+    menuBarTimer_.start(menuBarCheckInterval);
+    LayOut();
+}
+
+void QtWindow::HideUnusedMenuBar() {
+    if (isFullScreen() && IsMenuBarUsed()) return;
+    menuBarTimer_.stop();
+    RestoreViewFocus();
+    LayOut();
 }
 
 Rect QtWindow::Bounds() const {
@@ -108,7 +143,7 @@ void QtWindow::SetClientGeometry(const QMargins& frame) {
 
 // The frame margins are known only after the window manager has reparented the window.
 void QtWindow::AdjustForFrame() {
-    if (!requested_ || !isVisible() || State() != WindowState::Normal) return;
+    if (!requested_ || !isVisible() || isFullScreen() || State() != WindowState::Normal) return;
     if (const QMargins frame = FrameMargins(); std::exchange(assumedFrame_, frame) != frame)
         SetClientGeometry(frame);
 }

@@ -1,7 +1,9 @@
 // The template of a dialog in memory.
 #pragma once
 
-#include "platform/windows/dialogs/win_dialog.h"
+#include "platform/windows/dialogs/dialog_control.h"
+
+#include <vector>
 
 // A DLGTEMPLATEEX for DialogBoxIndirectW. Not a DIALOGEX of a resource script: that names a face
 // and a size, while these dialogs come in the user's message font; and the program's resources are

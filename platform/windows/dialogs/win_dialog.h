@@ -1,22 +1,11 @@
 // Dialogs of our own, from templates in memory that name the system's message font.
 #pragma once
 
-#include "platform/windows/base/win32.h"
+#include "platform/windows/dialogs/dialog_control.h"
 
 #include <string>
 #include <string_view>
 #include <vector>
-
-// Class atoms of dialog templates.
-enum class ControlClass : WORD { Button = 0x80, Edit = 0x81, Static = 0x82, ComboBox = 0x85 };
-
-struct DialogControl {
-    ControlClass type = ControlClass::Static;
-    WORD id = 0;
-    std::wstring caption;
-    DWORD style = 0;                                // besides WS_CHILD and WS_VISIBLE
-    short left = 0, top = 0, width = 0, height = 0; // dialog units
-};
 
 // A modal dialog, centred over its owner. Derived classes fill and read its controls.
 class WinDialog {

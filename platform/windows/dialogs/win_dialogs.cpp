@@ -4,6 +4,7 @@
 #include "platform/windows/dialogs/common_dialogs.h"
 #include "platform/windows/dialogs/message_box.h"
 #include "platform/windows/dialogs/win_find_dialog.h"
+#include "platform/windows/dialogs/win_place_dialog.h"
 #include "platform/windows/dialogs/win_rich_message.h"
 #include "platform/windows/dialogs/win_text_dialog.h"
 
@@ -52,6 +53,10 @@ FontAnswer WinDialogs::ChooseFont(const FontRequest& request) {
 
 FindAnswer WinDialogs::AskFind(const FindRequest& request) {
     return WinFindDialog().Ask(owner_, request);
+}
+
+PlaceAnswer WinDialogs::AskPlace(const PlaceRequest& request) {
+    return WinPlaceDialog().Ask(owner_, request);
 }
 
 DialogResult WinDialogs::ShowMessage(const Message& message) {

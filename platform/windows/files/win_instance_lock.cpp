@@ -79,10 +79,16 @@ WinInstanceLock::~WinInstanceLock() {
                                    sizeof disposition);
 }
 
-InstanceClaim WinInstanceLock::Acquire(const std::u16string& dataFilePath) {
+std::optional<std::wstring> WinInstanceLock::PathFor(const std::u16string& dataFilePath) {
     const auto path = NativePath(dataFilePath);
+    if (!path) return std::nullopt;
+    return *path + L".lock";
+}
+
+InstanceClaim WinInstanceLock::Acquire(const std::u16string& dataFilePath) {
+    const auto path = PathFor(dataFilePath);
     if (file_.IsOpen() || !path) return {};
-    const std::wstring name = *path + L".lock";
+    const std::wstring& name = *path;
     for (int i = 0; i < Attempts; ++i) {
         if (i > 0) Sleep(BetweenAttempts);
         WinHandle file = OpenLockFile(name);

@@ -4,6 +4,7 @@
 #include "platform/instance.h"
 #include "platform/windows/base/win_handle.h"
 
+#include <optional>
 #include <string>
 
 // A file beside the data file, "Norvaset.dat.lock", with a byte-range lock and the holder's name in
@@ -20,6 +21,10 @@ class WinInstanceLock {
     // locked, the claim is granted: a reader that starts twice is better than one that never
     // starts.
     InstanceClaim Acquire(const std::u16string& dataFilePath);
+    bool IsHeld() const { return file_.IsOpen(); }
+
+    // The lock file for a data file; none where that can have none.
+    static std::optional<std::wstring> PathFor(const std::u16string& dataFilePath);
 
   private:
     WinHandle file_;

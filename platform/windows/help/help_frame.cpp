@@ -2,6 +2,7 @@
 
 #include "platform/windows/base/text.h"
 #include "platform/windows/window/center.h"
+#include "platform/windows/window/title_bar.h"
 
 #include <commctrl.h>
 #include <windowsx.h>
@@ -161,6 +162,7 @@ void HelpFrame::OnCommand(int control, int notification) {
 }
 
 void HelpFrame::ApplySystemSettings() {
+    FollowColorScheme(Handle());
     dpi_ = WindowDpi(Handle());
     const LOGFONTW font = NonClientMetricsForDpi(dpi_).lfMessageFont;
     font_.reset(CreateFontIndirectW(&font));

@@ -40,6 +40,8 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     void SetBackColor(std::uint32_t redGreenBlue) override;
     void SetTextColor(std::optional<std::uint32_t> redGreenBlue) override;
     void SendZoomKey(bool larger) override;
+    void ScrollToPercent(int percent) override;
+    void Print() override;
 
     bool HasBody() const override { return snapshot_.hasBody; }
     bool HasText() const override;
@@ -50,6 +52,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     int ZoomSteps() const override { return snapshot_.zoomSteps; }
     int ViewHeight() const override;
     int TopMargin() const override;
+    int Percent() const override;
     PageSelection Selection() const override;
 
     std::vector<std::u16string> TextsOf(const std::vector<PageSpan>&) override;
@@ -57,6 +60,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     std::u16string SelectionAsHtml() override;
     std::optional<PageMatch> FindBehindSelection(std::u16string_view what, FindOptions) override;
     TextPos StartAtTop() override;
+    std::vector<Heading> Headings() override;
 
     void SetBounds(const Rect&) override;
     void SetVisible(bool) override;
@@ -71,7 +75,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
         std::string charset;
         std::u16string title;
         PageColors colors;
-        int scrollTop = 0, zoomSteps = 0, viewHeight = 0, topMargin = 0;
+        int scrollTop = 0, zoomSteps = 0, viewHeight = 0, topMargin = 0, percent = 0;
         PageSelection selection;
         PageRange measured; // the range that `selection.span` belongs to
     };

@@ -2,6 +2,8 @@
 #include "platform/windows/html_view/win_html_view.h"
 
 #include "platform/windows/base/text.h"
+#include "platform/windows/html_view/page/page_headings.h"
+#include "platform/windows/html_view/page/page_menu.h"
 
 namespace {
 
@@ -140,4 +142,26 @@ std::optional<PageMatch> WinHtmlView::FindBehindSelection(std::u16string_view wh
 TextPos WinHtmlView::StartAtTop() {
     ApplyZoom();
     return StartOf(RangeAt(document_, 0, TopMargin())).value_or(-1);
+}
+
+int WinHtmlView::Percent() const {
+    const auto top = document_.ScrollTop(), most = document_.MaxScrollTop();
+    if (top && most) snapshot_.percent = *top >= *most ? 100 : MulDiv(100, *top, *most);
+    return snapshot_.percent;
+}
+
+void WinHtmlView::ScrollToPercent(int percent) {
+    ApplyZoom();
+    if (const auto most = document_.MaxScrollTop()) ScrollTo(0, (*most * percent + 99) / 100);
+}
+
+void WinHtmlView::Print() {
+    if (!HasText() || !inner_.Handle()) return;
+    SendMessageW(inner_.Handle(), WM_COMMAND, static_cast<WPARAM>(CommandId(PageCommand::Print)),
+                 0);
+}
+
+std::vector<Heading> WinHtmlView::Headings() {
+    ApplyZoom();
+    return HeadingsOf(document_);
 }

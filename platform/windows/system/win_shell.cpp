@@ -76,5 +76,14 @@ void WinShell::OpenFile(const std::u16string& path) {
 }
 
 InstanceClaim WinShell::ClaimDataFile(const std::u16string& path) {
-    return lock_.Acquire(path);
+    InstanceClaim claim = lock_.Acquire(path);
+    if (const auto lockFile = WinInstanceLock::PathFor(path); lock_.IsHeld() && lockFile)
+        listener_.Listen(*lockFile);
+    return claim;
+}
+
+HandOver WinShell::HandOverBook(const std::u16string& dataFile, const std::u16string& book,
+                                int milliseconds) {
+    const auto lockFile = WinInstanceLock::PathFor(dataFile);
+    return lockFile ? AskRunningInstance(*lockFile, book, milliseconds) : HandOver::NobodyThere;
 }

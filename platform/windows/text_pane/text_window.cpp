@@ -174,7 +174,12 @@ void TextWindow::SetPointer(Pointer pointer) {
 
 bool TextWindow::HandleSetCursor(LPARAM where) const {
     if (LOWORD(where) != HTCLIENT) return false;
-    SetCursor(LoadCursorW(nullptr, pointer_ == Pointer::Hourglass ? IDC_WAIT : IDC_IBEAM));
+    POINT mouse = {};
+    const bool onLink =
+        GetCursorPos(&mouse) && ScreenToClient(Handle(), &mouse) &&
+        pane_.IsPlaceholderLink({static_cast<int>(mouse.x), static_cast<int>(mouse.y)});
+    const LPCWSTR text = onLink ? IDC_HAND : IDC_IBEAM;
+    SetCursor(LoadCursorW(nullptr, pointer_ == Pointer::Hourglass ? IDC_WAIT : text));
     return true;
 }
 

@@ -25,7 +25,7 @@ class TextWindow : private PaneWindow {
 
     std::function<void(POINT onScreen)> onContextMenu;
     std::function<void(std::vector<std::u16string> paths)> onDrop;
-    std::function<void()> onCopy;
+    std::function<void()> onCopy, onPlaceholderLink;
 
   private:
     Size Room() const override;

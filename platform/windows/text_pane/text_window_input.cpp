@@ -66,7 +66,10 @@ bool TextWindow::HandleInput(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN: return HandleKey(static_cast<int>(wParam));
-    case WM_VSCROLL: HandleVerticalScroll(LOWORD(wParam)); return true;
+    case WM_VSCROLL:
+        HandleVerticalScroll(LOWORD(wParam));
+        pane_.ShowScrollLabel();
+        return true;
     case WM_HSCROLL: HandleHorizontalScroll(LOWORD(wParam)); return true;
     case WM_CONTEXTMENU:
         if (lParam == -1)
@@ -107,6 +110,7 @@ bool TextWindow::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_MOUSEWHEEL:
         if (GET_KEYSTATE_WPARAM(wParam) & MK_CONTROL) return true; // the window's
         HandleWheel(GET_WHEEL_DELTA_WPARAM(wParam), false);
+        pane_.ShowScrollLabel();
         return true;
     case WM_MOUSEHWHEEL: HandleWheel(GET_WHEEL_DELTA_WPARAM(wParam), true); return true;
     default: return false;
@@ -115,6 +119,7 @@ bool TextWindow::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
 
 // The class has no double clicks, so that a third click can be told from a first.
 void TextWindow::HandleClick(POINT point, bool extend) {
+    if (pane_.IsPlaceholderLink(ToPane(point))) return CallHandler(onPlaceholderLink);
     const DWORD now = static_cast<DWORD>(GetMessageTime());
     const bool soon = now - clickTime_ <= GetDoubleClickTime() && IsNear(point, clicked_);
     clicks_ = soon && clicks_ < 3 ? clicks_ + 1 : 1;

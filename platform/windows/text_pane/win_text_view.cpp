@@ -1,6 +1,7 @@
 #include "platform/windows/text_pane/win_text_view.h"
 
 #include "platform/windows/base/text.h"
+#include "platform/windows/printing/print_text.h"
 #include "platform/windows/text_pane/search_pump.h"
 
 WinTextView::WinTextView(HWND parent) : text_(std::make_unique<TextWindow>(parent)) {
@@ -11,6 +12,9 @@ WinTextView::WinTextView(HWND parent) : text_(std::make_unique<TextWindow>(paren
     text_->onDrop = [this](std::vector<std::u16string> paths) {
         drops_.Add(Handle(), std::move(paths));
     };
+    text_->onPlaceholderLink = [this] {
+        if (onPlaceholderLink) onPlaceholderLink();
+    };
     text_->onCopy = [this] {
         if (onCopy) onCopy();
     };
@@ -19,6 +23,20 @@ WinTextView::WinTextView(HWND parent) : text_(std::make_unique<TextWindow>(paren
 TextPos WinTextView::Find(std::u16string_view what, TextPos start, FindOptions options) const {
     SearchPump messages;
     return FindWhile(what, start, options, [&] { return messages.GoesOn(); });
+}
+
+std::vector<Heading> WinTextView::Headings() const {
+    SearchPump messages;
+    return Pane().Headings([&] { return messages.GoesOn(); });
+}
+
+PrintAnswer WinTextView::Print(const std::u16string& title) {
+    return PrintText(GetAncestor(Handle(), GA_ROOT), Pane(), title);
+}
+
+void WinTextView::LookThrough(const Look& look) const {
+    SearchPump messages;
+    look(Pane().Source(), [&] { return messages.GoesOn(); });
 }
 
 void WinTextView::SetBounds(const Rect& bounds) {

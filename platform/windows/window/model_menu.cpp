@@ -1,6 +1,10 @@
 #include "platform/windows/window/model_menu.h"
 
 #include "platform/windows/base/text.h"
+#include "platform/windows/portable/elided_text.h"
+#include "platform/windows/window/dpi.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -15,11 +19,28 @@ UINT StateOf(const MenuItem& item) {
     return isDefault | (item.enabled ? MFS_ENABLED : MFS_GRAYED) | (item.checked ? MFS_CHECKED : 0);
 }
 
+// At most half the screen wide; what follows a tab stays as it is.
+std::u16string ShownLiteral(const std::u16string& caption) {
+    // Measured only where it could be too wide: a menu may have thousands of items.
+    const int maxWidth = GetSystemMetrics(SM_CXSCREEN) / 2;
+    const NONCLIENTMETRICSW metrics = NonClientMetricsForDpi(SystemDpi());
+    const int letter = std::max<int>(1, std::abs(metrics.lfMenuFont.lfHeight)); // an em
+    if (static_cast<int>(caption.size()) * letter <= maxWidth) return caption;
+    const WinFont font(CreateFontIndirectW(&metrics.lfMenuFont));
+    const auto width = [&](std::u16string_view text) {
+        return static_cast<int>(MeasureText(nullptr, font.get(), ToWide(text)).cx);
+    };
+    const std::size_t tab = std::min(caption.find(u'\t'), caption.size());
+    const std::u16string behind = caption.substr(tab);
+    const int room = std::max(maxWidth - width(behind), maxWidth / 4);
+    return ElidedInMiddle(std::u16string_view(caption).substr(0, tab), room, width) + behind;
+}
+
 } // namespace
 
 std::wstring NativeCaption(const MenuItem& item) {
-    const std::u16string& shown = item.ShownCaption();
-    if (!item.literal) return ToWide(shown);
+    if (!item.literal) return ToWide(item.ShownCaption());
+    const std::u16string shown = ShownLiteral(item.ShownCaption());
     std::wstring caption;
     for (const char16_t unit : shown)
         caption.append(unit == u'&' ? 2 : 1, static_cast<wchar_t>(unit));

@@ -2,6 +2,7 @@
 
 #include "platform/shared/call_handler.h"
 #include "platform/windows/base/text.h"
+#include "platform/windows/window/title_bar.h"
 #include "platform/windows/window/win_drops.h"
 #include "platform/windows/window/window_messages.h"
 
@@ -40,6 +41,18 @@ bool IsMenuOpen() {
     return GetGUIThreadInfo(GetCurrentThreadId(), &thread) && (thread.flags & GUI_INMENUMODE);
 }
 
+bool IsPress(UINT message) {
+    switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_RBUTTONDOWN:
+    case WM_MBUTTONDOWN:
+    case WM_XBUTTONDOWN:
+    case WM_NCLBUTTONDOWN: // of a scroll bar
+    case WM_MOUSEWHEEL: return true;
+    default: return false;
+    }
+}
+
 // The enabled one of our windows while a modal dialog disables the others; null for none.
 HWND ActiveDialog() {
     HWND dialog = nullptr;
@@ -63,6 +76,7 @@ WinWindow::WinWindow()
       panel_({L"NorvasetPanel", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, WS_EX_CLIENTEDGE,
               frame_.Handle()}) {
     SetDefaultBounds();
+    FollowColorScheme(Handle());
     DragAcceptFiles(Handle(), TRUE);
 }
 
@@ -100,6 +114,20 @@ void WinWindow::Close() {
     if (!Handle()) return;
     Unload();
     DestroyWindow(Handle());
+}
+
+// The start that asks has given the right to it (AllowSetForegroundWindow), so there is no token.
+void WinWindow::BringToFront(const std::u16string&) {
+    if (IsMenuOpen()) EndMenu();
+    if (IsIconic(Handle())) ShowWindow(Handle(), SW_RESTORE);
+    SetForegroundWindow(GetLastActivePopup(Handle()));
+}
+
+void WinWindow::Alert() {
+    constexpr UINT flashes = 3;
+    FLASHWINFO flash = {sizeof flash, Handle(), FLASHW_CAPTION, flashes, 0};
+    MessageBeep(MB_ICONWARNING);
+    FlashWindowEx(&flash);
 }
 
 void WinWindow::Unload() {
@@ -211,11 +239,21 @@ LRESULT WinWindow::HandleMessage(HWND window, UINT message, WPARAM wParam, LPARA
         // Bounds from a larger desktop are not clipped to this one.
         reinterpret_cast<MINMAXINFO*>(lParam)->ptMaxTrackSize = {maxExtent, maxExtent};
         return 0;
+    case WM_SETTINGCHANGE:
+        FollowColorScheme(window);
+        return DefWindowProcW(window, message, wParam, lParam);
     case WM_DROPFILES: drops_.Add(window, FinishDrop(reinterpret_cast<HDROP>(wParam))); return 0;
     case WM_TIMER:
         if (wParam == closeTimer) CloseWhenPossible();
         return 0;
     case WM_CLOSE: CloseWhenPossible(); return 0;
+    case WM_SYSCOMMAND:
+        if ((wParam & 0xFFF0) == SC_KEYMENU) ShowMenuBar(true);
+        return DefWindowProcW(window, message, wParam, lParam);
+    case WM_EXITMENULOOP: PostMessageW(window, MenuBarLeftMessage, 0, 0); return 0;
+    case MenuBarLeftMessage:
+        if (!IsMenuOpen()) ShowMenuBar(false);
+        return 0;
     case ShownMessage: CallHandler(events_.onShown); return 0;
     case WM_ENDSESSION:
         // The process may be terminated as soon as this returns.
@@ -253,6 +291,7 @@ bool WinWindow::PreTranslateMessage(MSG& message) {
     const bool ours = Handle() && (message.hwnd == Handle() || IsChild(Handle(), message.hwnd));
     if (!ours) return false;
     if (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST) {
+        if (beneath_) ShowMenuBarForKey(message);
         const bool isKey = message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN ||
                            message.message == WM_KEYUP || message.message == WM_SYSKEYUP;
         if (!isKey) return false;
@@ -260,6 +299,9 @@ bool WinWindow::PreTranslateMessage(MSG& message) {
         input_.HandleKey(message, events_);
         return translateKey && Handle() && translateKey(message);
     }
+    const bool moved = message.message == WM_MOUSEMOVE || message.message == WM_NCMOUSEMOVE;
+    if (moved && beneath_) FollowPointer(message);
+    if (IsPress(message.message)) CallHandler(events_.onMouse);
     if (message.message != WM_MOUSEWHEEL) return false;
     if (GET_KEYSTATE_WPARAM(message.wParam) & MK_CONTROL) {
         input_.HandleZoomWheel(message, events_);

@@ -9,6 +9,7 @@
 #include "platform/windows/window/win_native_window.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -34,10 +35,14 @@ class WinWindow final : public Window {
     void SetEvents(WindowEvents) override;
     void Open() override;
     void Close() override;
+    void BringToFront(const std::u16string& activation) override;
+    void Alert() override;
     WindowState State() const override;
     void SetState(WindowState) override;
     Rect Bounds() const override;
     void Move(const Rect&) override;
+    bool IsFullScreen() const override { return beneath_.has_value(); }
+    void SetFullScreen(bool) override;
     int InnerWidth() const override;
     int InnerHeight() const override;
     double TwipsPerPixelX() const override;
@@ -56,7 +61,19 @@ class WinWindow final : public Window {
         bool operator==(const ReportedState&) const = default;
     };
 
+    // What a window leaves when it becomes a full screen.
+    struct Beneath {
+        WINDOWPLACEMENT placement;
+        std::optional<ShownInstead> instead;
+        HMENU menu;
+    };
+
     LRESULT HandleMessage(HWND, UINT, WPARAM, LPARAM);
+    void EnterFullScreen();
+    void RestoreBeneath();
+    void FollowPointer(const MSG&);
+    void ShowMenuBar(bool shown) const; // of a full screen
+    void ShowMenuBarForKey(const MSG&) const;
     void SetDefaultBounds();
     void FocusView();
     void HandlePosChanged();
@@ -70,6 +87,7 @@ class WinWindow final : public Window {
     WinFont font_;                                   // null: the device's default
     ReportedState reported_;                         // at the last onResize
     std::optional<ShownInstead> instead_;            // of the bounds given to `Move`
+    std::optional<Beneath> beneath_;                 // while full screen
     WindowState initialState_ = WindowState::Normal; // until `Open`
     bool open_ = false, unloaded_ = false;
     WinNativeWindow frame_, panel_;

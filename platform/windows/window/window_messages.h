@@ -8,4 +8,5 @@ enum WindowMessage : UINT {
     OpenContextMenuMessage,
     PopupClosedMessage,
     ShownMessage,
+    MenuBarLeftMessage,
 };

@@ -197,8 +197,8 @@ TEST_CASE("accessible text: parts of a very long text are read as fast as of a s
     text->pieces = 0;
     const int layouts = bench.view.LayoutsMade();
 
-    CHECK(accessible.text(0, -1).size() == AccessibleText::maxAnswerLength);
-    CHECK(accessible.text(middle, length).size() == AccessibleText::maxAnswerLength);
+    CHECK(accessible.text(0, -1).size() == maxReadingReach);
+    CHECK(accessible.text(middle, length).size() == maxReadingReach);
     CHECK(accessible.text(length - 100, -1).size() == 100);
     int start = 0, end = 0;
     const QString line = QString::fromStdU16String(EndlessText::Line(middle / 64));
@@ -212,7 +212,7 @@ TEST_CASE("accessible text: parts of a very long text are read as fast as of a s
     CHECK(accessible.textAtOffset(middle + 3, QAccessible::LineBoundary, &start, &end)
               .startsWith("This"));
     const QString all = accessible.textAtOffset(middle, QAccessible::NoBoundary, &start, &end);
-    CHECK(all.size() == AccessibleText::maxAnswerLength);
+    CHECK(all.size() == maxReadingReach);
     CHECK(start <= middle);
     CHECK(end > middle);
     CHECK(accessible.attributes(middle, &start, &end).contains("font-size"));

@@ -90,6 +90,9 @@ Starts FoundStarts(const QString& text, QTextBoundaryFinder::BoundaryType type,
     for (qsizetype at = finder.toNextBoundary(); at >= 0 && at < text.size();
          at = finder.toNextBoundary())
         if (type != QTextBoundaryFinder::Word || !text[at].isSpace()) starts.push_back(TextPos(at));
+    // Qt parts a flag that follows another pictograph.
+    static const QString flag = QStringLiteral("\U0001F1EB\U0001F1EE");
+    std::erase_if(starts, [&](TextPos at) { return at > 1 && text.mid(at - 2, 4) == flag; });
     std::ranges::sort(starts);
     starts.erase(std::unique(starts.begin(), starts.end()), starts.end());
     return starts;

@@ -2,6 +2,23 @@
 
 #include <doctest/doctest.h>
 
+TEST_CASE("command line: an option is one of three words, alone") {
+    CHECK(OptionAnswer({"--help"})->starts_with("Usage: "));
+    CHECK(OptionAnswer({"-h"}) == OptionAnswer({"--help"}));
+    CHECK(OptionAnswer({"--version"})->starts_with("Norvaset "));
+    for (const std::vector<std::string>& arguments : {std::vector<std::string>{},
+                                                      {"--help", "me.txt"},
+                                                      {"--HELP"},
+                                                      {"-help"},
+                                                      {"./--help"},
+                                                      {"-v"},
+                                                      {"--version="},
+                                                      {"a.txt", "--version"},
+                                                      {""}}) {
+        CHECK_FALSE(OptionAnswer(arguments));
+    }
+}
+
 TEST_CASE("command line: the path of the book") {
     struct Row {
         std::vector<std::string> arguments;

@@ -233,3 +233,24 @@ TEST_CASE("qt menu bar: the focus returns to the view, and the bar uses its own 
     }
     CHECK(keysDown.size() == 2);
 }
+
+TEST_CASE("qt menu bar: a user's long text is elided in the middle, its title stays") {
+    QMenu menu;
+    const QFontMetrics metrics(menu.font());
+    const auto widthOf = [&](QString caption) {
+        return metrics.horizontalAdvance(caption.replace("&&", "&").remove('\t'));
+    };
+    MenuItem item{u"[today] (12K) /books/" + std::u16string(400, u'x') + u"/a & b.txt\t= The Title",
+                  u""};
+    item.literal = true;
+    const QString shown = ElidedCaption(item, menu.font(), 600);
+    CHECK(shown.startsWith("[today] (12K)"));
+    CHECK(shown.endsWith("/a && b.txt\t= The Title"));
+    CHECK(shown.contains(u'\u2026'));
+    CHECK(widthOf(shown) <= 600);
+    item.caption = u"/books/a & b.txt";
+    CHECK(ElidedCaption(item, menu.font(), 600) == "/books/a && b.txt");
+    item.literal = false;
+    item.caption = u"&Open\tCtrl+O";
+    CHECK(ElidedCaption(item, menu.font(), 1) == "&Open\tCtrl+O");
+}

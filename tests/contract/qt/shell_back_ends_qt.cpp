@@ -35,6 +35,10 @@ class QtShellUnderTest final : public ShellUnderTest {
     std::u16string File() override { return Folder() + u"/a song"; }
     bool Exists(const std::u16string& path) override { return QFileInfo(ToQt(path)).isFile(); }
 
+    void Settle() override {
+        int rounds = 0;
+        Becomes([&] { return ++rounds > 2; });
+    }
     std::vector<std::u16string> NextStart() override {
         QStringList records;
         const QDir folder(QString::fromStdString(folder_.path));

@@ -1,13 +1,14 @@
 // Texts that are very costly to shape: layouts stay within bounds, and the text is unchanged.
 #include "common/string_text.h"
-#include "platform/qt/text_view/accessibility/accessible_units.h"
 #include "tests/contract/qt/text_view_bench.h"
 #include "view/layout_cost.h"
+#include "view/reading_units.h"
 
 #include <doctest/doctest.h>
 
 #include <QTextBoundaryFinder>
 
+#include <algorithm>
 #include <random>
 #include <set>
 #include <tuple>
@@ -159,18 +160,20 @@ TEST_CASE(
         INFO(std::string(dense.name));
         QtViewBench bench;
         bench.view.LoadPlainText(dense.text);
-        TextLayouts& layouts = bench.Widget().Pane().Layouts();
+        ReadingUnits units(bench.Widget().Pane());
         const StringText text(dense.text);
         for (const TextPos place : {0, 30'000, 60'000}) {
             const TextBlock block = BlockAt(text, {}, place);
-            const TextSpan unit = UnitAt(layouts, place, TextUnit::Paragraph);
+            const TextSpan unit = units.At(place, ReadingUnit::Paragraph);
             CHECK(unit.start == block.start);
             CHECK(unit.end == block.end);
             CHECK(unit.end - unit.start > 2 * densePiece);
         }
-        const TextSpan letter = UnitAt(layouts, 0, TextUnit::Character);
-        const QString shown = AccessibleTextOf(layouts.Text(), true, letter);
-        CHECK((shown.toStdU16String() == dense.text.substr(0, std::size_t(letter.end))));
+        const TextSpan letter = units.At(0, ReadingUnit::Character);
+        const std::u16string shown = ReadableText(bench.Widget().Pane(), letter);
+        std::u16string expected = dense.text.substr(0, std::size_t(letter.end));
+        std::ranges::replace(expected, u'\u2028', u'\n');
+        CHECK((shown == expected));
     }
 }
 

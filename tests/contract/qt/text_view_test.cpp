@@ -129,7 +129,10 @@ TEST_CASE("qt text view: a click on the caret's position returns it") {
                 bench.view.Select(position, 0);
                 const QRect caret = bench.Widget().CaretRect();
                 REQUIRE_FALSE(caret.isNull());
-                CHECK(bench.Widget().Pane().PositionAtPoint(ToPoint(caret.center())) == position);
+                const Point point = ToPoint(caret.center());
+                const TextPos found = bench.Widget().Pane().PositionAtPoint(point);
+                bench.view.Select(found, 0); // trailing spaces of a wrapped line are at one place
+                CHECK(bench.Widget().CaretRect() == caret);
             }
         }
 }

@@ -7,10 +7,22 @@ from harness.wait import wait_for
 NOTHING = "nothing was copied"
 COPIES = {"ctrl+c", "ctrl+Insert"}
 AGAIN = 3  # seconds after which a key is taken for lost
+READ = ("xclip", "-selection", "clipboard", "-o", "-t", "UTF8_STRING")
+LATE = 2  # seconds; an answer takes some hundredths of one
 
 
-def clipboard(screen):
-    return screen.output("xclip", "-selection", "clipboard", "-o", "-t", "UTF8_STRING")
+def clipboard(screen, attempts=5):
+    """Wine may leave its answer in a buffer until it is asked something else: so it is asked again,
+    while the first question stays, since an answer to a window that is gone is an X error."""
+    with subprocess.Popen(READ, env=screen.environment, stdin=subprocess.DEVNULL,
+                          stdout=subprocess.PIPE, stderr=subprocess.DEVNULL) as asked:
+        try:
+            text = asked.communicate(timeout=LATE)[0].decode(errors="replace")
+            return text if asked.returncode == 0 else ""
+        except subprocess.TimeoutExpired:
+            text = clipboard(screen, attempts - 1) if attempts > 1 else ""
+            asked.kill()
+            return text
 
 
 def copied(reader, *keys):

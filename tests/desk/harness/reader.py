@@ -13,7 +13,7 @@ from harness.wait import wait_for
 from harness.wine import (PROGRAM, end_prefix, give_prefix, make_prefix, shown_path,
                           wine_environment)
 
-BESIDE = ("Norvaset.hlp", "norvaset-web.so")  # what a program has beside it, on some systems
+BESIDE = ("Norvaset.hlp", "Welcome.txt", "norvaset-web.so", "norvaset-print.so")  # what a program has beside it, on some systems
 NOBODY = 65534
 NOISE = (
     # The engine for pages, on a screen without a graphics card, on some of its starts.

@@ -1,8 +1,8 @@
 """A screen reader's eyes: the program as assistive technology finds it, over a bus of its own."""
 import os
-import subprocess
 import warnings
 
+from harness.session_bus import BUS, SessionBus
 from harness.wait import wait_for
 
 try:
@@ -12,7 +12,6 @@ try:
 except (ImportError, ValueError):
     Atspi = None
 
-BUS = "dbus-daemon"
 LAUNCHER = "/usr/libexec/at-spi-bus-launcher"  # what the bus starts when it is asked for it
 PATIENCE = 20_000  # milliseconds for one answer; the machine may be busy
 WORD, SENTENCE, LINE, CHARACTER = range(4)
@@ -28,21 +27,10 @@ class ScreenReader:
     def __init__(self, screen):
         """One for each process. Programs that are started on the screen from now on are heard."""
         self._heard = []
-        runtime = os.path.join(screen.folder, "bus")
-        os.mkdir(runtime, 0o700)
-        read, write = os.pipe()
-        with open(os.path.join(runtime, "log"), "wb") as log:
-            self._bus = subprocess.Popen(
-                [BUS, "--session", "--nofork", "--nopidfile", f"--print-address={write}"],
-                env=screen.environment | {"XDG_RUNTIME_DIR": runtime}, pass_fds=[write],
-                stdin=subprocess.DEVNULL, stdout=log, stderr=log)
-        os.close(write)
-        with os.fdopen(read) as answer:
-            address = answer.readline().strip()
-        screen.environment["DBUS_SESSION_BUS_ADDRESS"] = address
-        os.environ["DBUS_SESSION_BUS_ADDRESS"] = address
+        self._bus = SessionBus(screen)
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._bus.address
         os.environ["DISPLAY"] = screen.environment["DISPLAY"]
-        _say_that_one_runs(address)
+        _say_that_one_runs(self._bus.address)
         Atspi.init()
         Atspi.set_timeout(PATIENCE, PATIENCE)
         self._listener = Atspi.EventListener.new(self._hear)
@@ -81,8 +69,7 @@ class ScreenReader:
         return wait_for(lambda: _or_none(found), "the window's event")
 
     def stop(self):
-        self._bus.terminate()
-        self._bus.wait()
+        self._bus.stop()
 
 
 def _say_that_one_runs(address):

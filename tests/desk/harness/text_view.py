@@ -52,3 +52,25 @@ def wait_for_strip(reader, strip):
         now = top_strip(reader.picture())
         return now and now.looks_like(strip)
     wait_for(shows_it, "the same lines at the top as before")
+
+
+def ink(picture):
+    """The columns at which the lettering of the view begins and ends; None without any."""
+    top = view_top(picture)
+    if top is None:
+        return None
+    view = picture.crop(MARGIN_X, top, picture.width - SCROLL_BAR, picture.height - STATUS_HEIGHT)
+    paper = view.pixel(0, 0) * view.width
+    left, right = view.width, -1
+    for y in range(view.height):
+        row = view.row(y)
+        if row == paper:
+            continue
+        unlike = [i // 3 for i in range(len(row)) if row[i] != paper[i]]
+        left, right = min(left, unlike[0]), max(right, unlike[-1])
+    return (MARGIN_X + left, MARGIN_X + right) if right >= 0 else None
+
+
+def settled_ink(reader):
+    settled_strip(reader)
+    return ink(reader.picture())

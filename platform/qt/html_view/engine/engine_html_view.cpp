@@ -184,11 +184,14 @@ void EngineHtmlView::NotifyJump() {
         Qt::QueuedConnection);
 }
 
+void EngineHtmlView::Print() {
+    if (!widget_ || !snapshot_.text) return;
+    print_ = new PrintJob(*widget_);
+    print_->ShowDialog();
+}
+
 void EngineHtmlView::RunCommand(PageCommand command) {
-    if (command == PageCommand::Print) {
-        print_ = new PrintJob(*widget_);
-        print_->ShowDialog();
-    }
+    if (command == PageCommand::Print) Print();
     CallHandler(onCommand, command);
 }
 

@@ -3,8 +3,8 @@
 // engine signals.
 #pragma once
 
+#include "platform/qt/html_view/engine/engine_view.h"
 #include "platform/qt/html_view/engine/folder_guard.h"
-#include "platform/qt/html_view/engine/html_plug_in.h"
 #include "platform/shared/page_zoom.h"
 
 #include <QDeadlineTimer>
@@ -36,6 +36,8 @@ class EngineHtmlView final : public QObject, public EngineView {
     void SelectAll() override;
     void SetBackColor(std::uint32_t redGreenBlue) override;
     void SetTextColor(std::optional<std::uint32_t> redGreenBlue) override;
+    void ScrollToPercent(int percent) override;
+    void Print() override;
     void SendZoomKey(bool larger) override; // the caller sends the window's key event
 
     bool HasBody() const override { return snapshot_.body; }
@@ -47,6 +49,7 @@ class EngineHtmlView final : public QObject, public EngineView {
     int ZoomSteps() const override { return snapshot_.zoomSteps; }
     int ViewHeight() const override { return snapshot_.viewHeight; }
     int TopMargin() const override { return snapshot_.topMargin; }
+    int Percent() const override { return snapshot_.percent; }
     PageSelection Selection() const override { return snapshot_.selection; }
 
     std::vector<std::u16string> TextsOf(const std::vector<PageSpan>&) override;
@@ -54,6 +57,7 @@ class EngineHtmlView final : public QObject, public EngineView {
     std::u16string SelectionAsHtml() override;
     std::optional<PageMatch> FindBehindSelection(std::u16string_view what, FindOptions) override;
     TextPos StartAtTop() override;
+    std::vector<Heading> Headings() override;
 
     void SetBounds(const Rect&) override;
     void SetVisible(bool) override;
@@ -69,7 +73,7 @@ class EngineHtmlView final : public QObject, public EngineView {
         std::u16string title;
         PageColors colors;
         int scrollTop = 0, zoomSteps = 0; // always change together
-        int viewHeight = 0, topMargin = 0;
+        int viewHeight = 0, topMargin = 0, percent = 0;
         PageSelection selection;
     };
     struct PendingQuery;

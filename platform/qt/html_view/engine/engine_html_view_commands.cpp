@@ -40,13 +40,14 @@ void EngineHtmlView::ScheduleStateUpdate() {
 
 void EngineHtmlView::ApplyState(const QVariant& state) {
     const QVariantList list = state.toList();
-    if (list.size() != 6) return;
+    if (list.size() != 7) return;
     const auto number = [&list](int i) { return list[i].toInt(); };
     snapshot_.scrollTop = number(0);
     snapshot_.zoomSteps = calls_->ZoomSteps();
     snapshot_.viewHeight = number(1);
     snapshot_.topMargin = number(2);
     snapshot_.selection = {{number(3), number(4)}, number(5)};
+    snapshot_.percent = number(6);
     widget_->SetHasSelection(number(4) > 0);
 }
 
@@ -55,6 +56,10 @@ void EngineHtmlView::ScrollTo(int left, int top) {
     snapshot_.scrollTop = std::max(top, 0);
     snapshot_.zoomSteps = zoom_.Steps(); // zoom steps queued before are applied by then
     Execute(QStringLiteral("scrollTo(%1, %2)").arg(left).arg(top));
+}
+
+void EngineHtmlView::ScrollToPercent(int percent) {
+    Execute(QStringLiteral("scrollToPercent(%1)").arg(percent));
 }
 
 void EngineHtmlView::ScrollSpanToTop(const PageSpan& span) {

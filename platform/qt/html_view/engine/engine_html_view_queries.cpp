@@ -12,6 +12,8 @@
 #include <QTimer>
 #include <QVariant>
 
+#include <algorithm>
+
 struct EngineHtmlView::PendingQuery {
     QEventLoop loop;
     std::optional<QVariant> answer;
@@ -111,4 +113,17 @@ std::optional<PageMatch> EngineHtmlView::FindBehindSelection(std::u16string_view
 TextPos EngineHtmlView::StartAtTop() {
     const auto answer = Query(QStringLiteral("startAtTop()"));
     return answer ? answer->toInt() : -1;
+}
+
+std::vector<Heading> EngineHtmlView::Headings() {
+    std::vector<Heading> headings;
+    const auto answer = Query(QStringLiteral("headings(%1)").arg(maxHeadings));
+    if (!answer) return headings;
+    for (const QVariant& each : answer->toList()) {
+        const QVariantList heading = each.toList();
+        if (heading.size() != 3) continue;
+        headings.push_back({heading[0].toInt(), std::clamp(heading[1].toInt(), 1, 6),
+                            HeadingText(FromQt(heading[2].toString()))});
+    }
+    return headings;
 }

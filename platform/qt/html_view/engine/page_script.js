@@ -23,7 +23,29 @@ const reader = (() => {
   function state() {
     const span = selectedSpan();
     return [Math.round(scroller().scrollTop), scroller().clientHeight, topMargin(),
-      span.start, span.length, lineTop(span.start)];
+      span.start, span.length, lineTop(span.start), percent()];
+  }
+
+  const maxScrollTop = () => Math.max(0, scroller().scrollHeight - scroller().clientHeight);
+  // 100 as soon as less than a pixel is missing: offsets are fractions.
+  const percent = () => scroller().scrollTop >= maxScrollTop() - 1 ? 100
+    : Math.floor(100 * scroller().scrollTop / maxScrollTop() + 0.01);
+  function scrollToPercent(share) {
+    setScrollOffset(0, Math.ceil(maxScrollTop() * share / 100));
+    return state();
+  }
+
+  function headings(limit) {
+    const found = [];
+    for (const element of document.body.querySelectorAll("h1, h2, h3, h4, h5, h6")) {
+      if (found.length >= limit) break;
+      const text = element.textContent.trim();
+      if (!text || element.getClientRects().length === 0) continue; // not shown
+      const range = document.createRange();
+      range.selectNodeContents(element);
+      found.push([pageText.spanOf(range).start, Number(element.localName[1]), text.slice(0, 500)]);
+    }
+    return found;
   }
 
   // Elements laid out lazily would shift every position when they scroll into view.
@@ -192,7 +214,7 @@ const reader = (() => {
 
   return {
     documentInfo, state, saveScrollAnchor, restoreScrollAnchor, scrollTo, scrollSpanToTop, select, selectAll,
-    setBackColor, setTextColor, placeCaret, startAtTop, matchAt, selectionHtml,
+    scrollToPercent, headings, setBackColor, setTextColor, placeCaret, startAtTop, matchAt, selectionHtml,
     selectedText: () => {
       const {start, length} = selectedSpan();
       return pageText.part(start, length);

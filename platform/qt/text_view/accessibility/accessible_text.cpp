@@ -1,5 +1,6 @@
 #include "platform/qt/text_view/accessibility/accessible_text.h"
 
+#include "platform/qt/qt_text.h"
 #include "platform/qt/text_view/accessibility/accessible_attributes.h"
 #include "platform/qt/text_view/text_widget.h"
 
@@ -16,13 +17,13 @@ QAccessibleInterface* CreateInterface(const QString&, QObject* object) {
     return view ? new AccessibleText(*view) : nullptr;
 }
 
-TextUnit UnitOf(QAccessible::TextBoundaryType boundary) {
+ReadingUnit UnitOf(QAccessible::TextBoundaryType boundary) {
     switch (boundary) {
-    case QAccessible::WordBoundary: return TextUnit::Word;
-    case QAccessible::SentenceBoundary: return TextUnit::Sentence;
-    case QAccessible::LineBoundary: return TextUnit::Line;
-    case QAccessible::ParagraphBoundary: return TextUnit::Paragraph;
-    default: return TextUnit::Character;
+    case QAccessible::WordBoundary: return ReadingUnit::Word;
+    case QAccessible::SentenceBoundary: return ReadingUnit::Sentence;
+    case QAccessible::LineBoundary: return ReadingUnit::Line;
+    case QAccessible::ParagraphBoundary: return ReadingUnit::Paragraph;
+    default: return ReadingUnit::Character;
     }
 }
 
@@ -151,24 +152,21 @@ QString AccessibleText::text(int start, int end) const {
     const TextPos endLimit = end < 0 ? 0 : characterCount();
     const auto [from, to] = std::minmax({PositionOf(start).value_or(startLimit), //
                                          PositionOf(end).value_or(endLimit)});
-    if (to - from <= maxAnswerLength)
-        return AccessibleTextOf(Pane().Source(), Pane().IsPlain(), {from, to});
-    const TextPos cut = CharacterStart(Pane().Source(), from + maxAnswerLength);
-    return AccessibleTextOf(Pane().Source(), Pane().IsPlain(), {from, cut});
+    return ToQt(ReadableText(Pane(), {from, to}));
 }
 
 TextSpan AccessibleText::SpanAt(TextPos position, QAccessible::TextBoundaryType type) const {
-    if (type != QAccessible::NoBoundary) return UnitAt(Pane().Layouts(), position, UnitOf(type));
+    if (type != QAccessible::NoBoundary) return ReadingUnits(Pane()).At(position, UnitOf(type));
     const TextSource& text = Pane().Source();
-    const TextPos start = position / maxAnswerLength * maxAnswerLength;
-    const TextPos end = std::min(text.Length() - start, maxAnswerLength) + start;
+    const TextPos start = position / maxReadingReach * maxReadingReach;
+    const TextPos end = std::min(text.Length() - start, maxReadingReach) + start;
     return {CharacterStart(text, start), CharacterStart(text, end)};
 }
 
 QString AccessibleText::SpanText(std::optional<TextSpan> span, int* start, int* end) const {
     *start = span ? span->start : -1;
     *end = span ? span->end : -1;
-    return span ? AccessibleTextOf(Pane().Source(), Pane().IsPlain(), *span) : QString();
+    return span ? ToQt(ReadableText(Pane(), *span)) : QString();
 }
 
 QString AccessibleText::textBeforeOffset(int offset, QAccessible::TextBoundaryType type, int* start,

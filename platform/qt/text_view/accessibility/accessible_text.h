@@ -1,7 +1,7 @@
 // The accessible interface of the text widget.
 #pragma once
 
-#include "platform/qt/text_view/accessibility/accessible_units.h"
+#include "view/reading_units.h"
 
 #include <QAccessibleWidget>
 
@@ -12,11 +12,9 @@ class TextWidget;
 
 // Offsets are UTF-16 units as everywhere in Qt; -1 is the text's length and -2 the caret. The cost
 // of a call does not depend on the length of the text, so that a book of a gigabyte can be read: a
-// call returns at most `maxAnswerLength` units, and boundaries are those of `UnitAt`.
+// call returns at most `maxReadingReach` units, and boundaries are those of `ReadingUnits`.
 class AccessibleText final : public QAccessibleWidget, public QAccessibleTextInterface {
   public:
-    static constexpr TextPos maxAnswerLength = 256 * 1024;
-
     explicit AccessibleText(TextWidget& view);
 
     // Installs the factory for text widgets.
@@ -41,7 +39,7 @@ class AccessibleText final : public QAccessibleWidget, public QAccessibleTextInt
     void setCursorPosition(int offset) override;
 
     int characterCount() const override;
-    QString text(int start, int end) const override; // truncated to maxAnswerLength
+    QString text(int start, int end) const override; // truncated to maxReadingReach
     // "" and -1 twice for an offset outside the text, and where there is no such unit.
     QString textBeforeOffset(int offset, QAccessible::TextBoundaryType, int* start,
                              int* end) const override;

@@ -12,10 +12,6 @@
 #include <cmath>
 
 namespace {
-// Represents a box in the layout; transparent, and widened to the box by letter spacing. It is
-// neutral in direction, and a line may break on both sides of it.
-constexpr char16_t boxPlaceholder = u'\u2014';
-
 const QTextCharFormat& FormatOf(const StyledRun& run) {
     return static_cast<const QtStyle&>(*run.style).format;
 }

@@ -47,25 +47,47 @@ TrailingSpaces TrailingSpacesFrom(const QTextLayout& layout, const QTextLine& li
     return {from, std::min(first, last), std::abs(last - first), isLeftOfText, shift};
 }
 
-TrailingSpaces TrailingSpacesOf(const QTextLayout& layout, const QTextLine& line) {
+// Where the trailing spaces and tabs of a wrapped line start, or the line's end.
+int CollapsibleStart(const QTextLayout& layout, const QTextLine& line) {
     const QString text = layout.text();
     const int start = line.textStart(), lineEnd = start + line.textLength();
-    if (!IsRightToLeft(layout) || lineEnd == text.size())
+    int end = lineEnd;
+    while (lineEnd < text.size() && end > start) {
+        const int before = layout.previousCursorPosition(end);
+        if (!IsCollapsibleSpace(text[before])) break;
+        end = std::max(start, before);
+    }
+    return end;
+}
+
+// The position behind the last tab of the line, if it is at `from` or behind; else `from`.
+int AfterTab(const QTextLayout& layout, const QTextLine& line, int from) {
+    const QString text = layout.text();
+    const int lineEnd = line.textStart() + line.textLength();
+    return std::max(from, from + int(text.sliced(from, lineEnd - from).lastIndexOf(u'\t')) + 1);
+}
+
+TrailingSpaces TrailingSpacesOf(const QTextLayout& layout, const QTextLine& line) {
+    const int lineEnd = line.textStart() + line.textLength();
+    if (!IsRightToLeft(layout) || lineEnd == layout.text().size())
         return {}; // trailing spaces of the last line are part of it
-    const int end = TextEnd(layout, line);
-    const int afterTab = start + int(text.sliced(start, lineEnd - start).lastIndexOf(u'\t')) + 1;
-    if (afterTab <= end) return TrailingSpacesFrom(layout, line, end);
+    const int end = CollapsibleStart(layout, line);
+    const int afterTab = AfterTab(layout, line, end);
+    if (afterTab == end) return TrailingSpacesFrom(layout, line, end);
     // A tab that fits the line is part of its text.
     const TrailingSpaces after = TrailingSpacesFrom(layout, line, afterTab);
     const double omitted = line.naturalTextRect().left() - line.cursorToX(lineEnd);
     return omitted < after.width + 0.5 ? after : TrailingSpacesFrom(layout, line, end);
 }
 
-double ReportedX(const QTextLayout& layout, const QTextLine& line, int at) {
+double ReportedX(const QTextLayout& layout, const QTextLine& line, int at,
+                 QTextLine::Edge edge = QTextLine::Leading) {
     const TrailingSpaces spaces = TrailingSpacesOf(layout, line);
     const bool inSpaces = at > spaces.start;
     if (inSpaces && !spaces.isLeftOfText) return spaces.left + spaces.width;
-    const double x = line.cursorToX(at) + spaces.shift;
+    double x = line.cursorToX(at, edge) + spaces.shift;
+    // It reports no more than the line's width, which one character may exceed.
+    if (x >= line.x() + line.width()) x = std::max(x, line.naturalTextRect().right());
     return !inSpaces && !spaces.isLeftOfText && x <= spaces.left ? x + spaces.width : x;
 }
 
@@ -75,30 +97,85 @@ bool HasStrongDirection(QChar unit, bool rightToLeft) {
                        : direction == QChar::DirL && !unit.isSurrogate();
 }
 
-// In a left-to-right paragraph QTextLine reports trailing spaces behind a right-to-left word to the
-// left of it.
-std::optional<double> EndOfRightToLeftWord(const QTextLayout& layout, const QTextLine& line,
-                                           int at) {
-    const QString text = layout.text();
-    if (IsRightToLeft(layout) || at >= text.size() || !IsCollapsibleSpace(text[at]))
-        return std::nullopt;
-    const int end = TextEnd(layout, line);
-    const int lineEnd = line.textStart() + line.textLength();
-    if (at < end || at >= lineEnd || end <= line.textStart()) return std::nullopt;
-    if (text.sliced(end, lineEnd - end).contains(u'\t'))
-        return std::nullopt; // the tab is left-to-right
-    const auto last = GlyphsAt(layout, line, layout.previousCursorPosition(end));
-    return last && last->rightToLeft ? std::optional(last->left) : std::nullopt;
+// By which a box is wider than its glyph, whose advance does not tell. The last format holds.
+double LetterSpacing(const QTextLayout& layout, int at) {
+    double spacing = 0;
+    for (const QTextLayout::FormatRange& range : layout.formats())
+        if (at >= range.start && at < range.start + range.length)
+            spacing = range.format.font().letterSpacing();
+    return std::max(0.0, spacing);
 }
 
-// The glyphs of a character whose direction is opposite to its paragraph's.
-std::optional<GlyphEdges> OppositeGlyphs(const QTextLayout& layout, const QTextLine& line, int at) {
-    const bool rightToLeft = IsRightToLeft(layout);
-    const int start = line.textStart();
-    if (at < start || at >= start + line.textLength()) return std::nullopt;
-    if (HasStrongDirection(layout.text()[at], rightToLeft)) return std::nullopt;
-    const auto glyphs = GlyphsAt(layout, line, at);
-    return glyphs && glyphs->rightToLeft != rightToLeft ? glyphs : std::nullopt;
+// Whether trailing spaces may have the other direction than a left-to-right paragraph, as words
+// before them: then positions of numbers among those words are reported too far to the right.
+bool IsAmongOpposite(const QTextLayout& layout, const QTextLine& line) {
+    if (IsRightToLeft(layout)) return false;
+    const QString text = layout.text();
+    for (int at = line.textStart() + line.textLength() - 1; at >= 0; --at) {
+        if (HasStrongDirection(text[at], true) || text[at].direction() == QChar::DirAN) return true;
+        if (HasStrongDirection(text[at], false)) return false;
+    }
+    return false;
+}
+
+double Leading(const GlyphEdges& glyphs) {
+    return glyphs.rightToLeft ? glyphs.right : glyphs.left;
+}
+
+double Trailing(const GlyphEdges& glyphs) {
+    return glyphs.rightToLeft ? glyphs.left : glyphs.right;
+}
+
+bool IsAt(const GlyphEdges& glyphs, double x) {
+    return x > glyphs.left - 0.5 && x < glyphs.right + 0.5;
+}
+
+// Characters that are drawn as one glyph have the same edges.
+bool IsLaterInLigature(const QTextLayout& layout, const QTextLine& line, int at,
+                       const GlyphEdges& glyphs) {
+    if (at <= line.textStart()) return false;
+    const auto before = GlyphsAt(layout, line, layout.previousCursorPosition(at));
+    return before && before->left == glyphs.left && before->right == glyphs.right;
+}
+
+// What QTextLine reports as trailing edge is wrong for a tab, within a ligature, and between
+// directions. But what it reports for the next character is the trailing edge of this one, if this
+// has the paragraph's direction.
+double TrailingXWithoutGlyphs(const QTextLayout& layout, const QTextLine& line, int at) {
+    const int next = layout.nextCursorPosition(at);
+    if (next < TextEnd(layout, line)) return ReportedX(layout, line, next);
+    if (layout.text()[at] != u'\t') return ReportedX(layout, line, at);
+    const QRectF text = line.naturalTextRect();
+    return IsRightToLeft(layout) ? text.left() : text.right();
+}
+
+// Of glyphs only the width is used: behind a soft hyphen their positions are wrong.
+double TrailingXInDirection(const QTextLayout& layout, const QTextLine& line, int at,
+                            const GlyphEdges& glyphs) {
+    const int next = layout.nextCursorPosition(at);
+    const double leading = CaretX(layout, line, at);
+    const double edge = leading + Trailing(glyphs) - Leading(glyphs);
+    if (leading != ReportedX(layout, line, at)) return edge;
+    if (next >= TextEnd(layout, line))
+        return IsLaterInLigature(layout, line, at, glyphs)
+                   ? ReportedX(layout, line, at, QTextLine::Trailing)
+                   : edge;
+    const double x = ReportedX(layout, line, next);
+    const bool isBehind = glyphs.rightToLeft ? x < edge : x > edge;
+    const bool isStretched = layout.text()[at].isSpace();
+    return isBehind && !isStretched && std::abs(x - edge) > 1 ? edge : x; // a number among words
+}
+
+double TrailingXAgainstDirection(const QTextLayout& layout, const QTextLine& line, int at,
+                                 const GlyphEdges& glyphs) {
+    const int next = layout.nextCursorPosition(at);
+    const auto following =
+        next < TextEnd(layout, line) ? GlyphsAt(layout, line, next) : std::nullopt;
+    if (!following || following->rightToLeft != glyphs.rightToLeft) return Trailing(glyphs);
+    const double x =
+        CaretX(layout, line, next); // of a ligature's part, or behind a stretched space
+    const bool isBehind = glyphs.rightToLeft ? x < Leading(glyphs) : x > Leading(glyphs);
+    return isBehind ? x : Trailing(glyphs);
 }
 } // namespace
 
@@ -113,37 +190,59 @@ std::optional<GlyphEdges> GlyphsAt(const QTextLayout& layout, const QTextLine& l
         }
         edges.rightToLeft = run.isRightToLeft();
     }
+    if (layout.text()[at] == boxPlaceholder) edges.right += LetterSpacing(layout, at);
     return edges.left < edges.right ? std::optional(edges) : std::nullopt;
 }
 
 int TextEnd(const QTextLayout& layout, const QTextLine& line) {
-    const QString text = layout.text();
-    const int start = line.textStart(), lineEnd = start + line.textLength();
-    int end = lineEnd;
-    while (lineEnd < text.size() && end > start) {
-        const int before = layout.previousCursorPosition(end);
-        if (!IsCollapsibleSpace(text[before])) break;
-        end = std::max(start, before);
+    const int end = CollapsibleStart(layout, line), afterTab = AfterTab(layout, line, end);
+    if (afterTab == end) return end;
+    if (IsRightToLeft(layout)) {
+        const int lineEnd = line.textStart() + line.textLength();
+        return std::min(TrailingSpacesOf(layout, line).start, lineEnd);
     }
-    return end;
+    const bool fits = line.cursorToX(afterTab - 1) < line.naturalTextRect().right() - 0.5;
+    return fits ? afterTab : end;
 }
 
 double TrailingSpacesWidth(const QTextLayout& layout, const QTextLine& line) {
     return TrailingSpacesOf(layout, line).width;
 }
 
+double TextEndX(const QTextLayout& layout, const QTextLine& line) {
+    const int end = TextEnd(layout, line);
+    if (end > line.textStart()) return TrailingX(layout, line, layout.previousCursorPosition(end));
+    const QRectF text = line.naturalTextRect();
+    return IsRightToLeft(layout) ? text.right() : text.left();
+}
+
 // Between directions QTextLine reports a position beside the neighbouring character. It may take
 // that from the previous line, or in a run with ligatures from another character.
 double CaretX(const QTextLayout& layout, const QTextLine& line, int at) {
-    if (const auto end = EndOfRightToLeftWord(layout, line, at)) return *end;
-    const double x = ReportedX(layout, line, at);
-    const auto glyphs = at > 0 ? OppositeGlyphs(layout, line, at) : std::nullopt;
+    const int lineEnd = line.textStart() + line.textLength();
+    const bool isWrapped = lineEnd < layout.text().size();
+    if (isWrapped && at >= TextEnd(layout, line)) return TextEndX(layout, line);
+    // Spaces at the end of the last line hang over if they do not fit.
+    const QRectF text = line.naturalTextRect();
+    const double reported = ReportedX(layout, line, at);
+    const double x = isWrapped ? reported : std::clamp(reported, text.left(), text.right());
+    const bool rightToLeft = IsRightToLeft(layout);
+    if (at >= lineEnd || HasStrongDirection(layout.text()[at], rightToLeft)) return x;
+    const auto glyphs = GlyphsAt(layout, line, at);
     if (!glyphs) return x;
-    const double edge = glyphs->rightToLeft ? glyphs->right : glyphs->left;
-    if (at == line.textStart()) return edge;
-    const bool within = OppositeGlyphs(layout, line, layout.previousCursorPosition(at)).has_value();
-    const bool isAtGlyph = x > glyphs->left - 0.5 && x < glyphs->right + 0.5;
-    return within && !isAtGlyph ? edge : x;
+    const double edge = Leading(*glyphs);
+    if (glyphs->rightToLeft == rightToLeft && !IsAmongOpposite(layout, line)) return x;
+    const bool isRounded = glyphs->rightToLeft == rightToLeft && std::abs(x - edge) < 1;
+    const bool isLater = IsAt(*glyphs, x) && IsLaterInLigature(layout, line, at, *glyphs);
+    return isRounded || isLater ? x : edge;
+}
+
+double TrailingX(const QTextLayout& layout, const QTextLine& line, int at) {
+    const auto glyphs = GlyphsAt(layout, line, at);
+    if (!glyphs) return TrailingXWithoutGlyphs(layout, line, at);
+    return glyphs->rightToLeft == IsRightToLeft(layout)
+               ? TrailingXInDirection(layout, line, at, *glyphs)
+               : TrailingXAgainstDirection(layout, line, at, *glyphs);
 }
 
 double LayoutQueryX(const QTextLayout& layout, const QTextLine& line, double x) {

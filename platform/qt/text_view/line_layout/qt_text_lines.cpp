@@ -59,59 +59,14 @@ double QtTextLines::CaretX(int index, TextPos position) const {
     return ::CaretX(at.layout, at.line, within - at.segment.start) - at.shift;
 }
 
-// QTextLine::xToCursor() is unreliable behind marks and ligatures, may return a position in another
-// line or within a character: so positions around it are compared.
-TextPos QtTextLines::PositionAt(int index, double x) const {
-    const TextPos first = Line(index).start, last = LastPosition(index);
-    if (last < first) return last; // the line has only marks of a letter in the line above
-    const LaidOut line = At(index);
-    const TextPos reported =
-        line.segment.start +
-        line.line.xToCursor(LayoutQueryX(line.layout, line.line, x + line.shift));
-    TextPos at = std::clamp(reported, first, last);
-    if (!line.layout.isValidCursorPosition(at - line.segment.start))
-        at = std::max(first, PreviousPosition(at));
-    constexpr int maxSteps = 64; // over characters without width
-    TextPos nearest = at;
-    double minDistance = std::abs(CaretX(index, at) - x);
-    int steps = 0;
-    // Whether to search on behind the position; characters may have no width.
-    const auto isCloser = [&](TextPos position) {
-        const double distance = std::abs(CaretX(index, position) - x);
-        steps = distance < minDistance ? 0 : steps + 1;
-        if (distance > minDistance || steps > maxSteps) return false;
-        if (distance < minDistance) nearest = position;
-        minDistance = distance;
-        return true;
-    };
-    const TextPos from = at;
-    for (TextPos next = NextPosition(at); next > at && next <= last && isCloser(next);
-         next = NextPosition(at))
-        at = next;
-    at = from;
-    steps = 0;
-    for (TextPos before = PreviousPosition(at); before < at && before >= first && isCloser(before);
-         before = PreviousPosition(at))
-        at = before;
-    return nearest;
-}
-
-TextPos QtTextLines::CharacterAt(int index, double x) const {
-    const LaidOut at = At(index);
-    return at.segment.start + at.line.xToCursor(LayoutQueryX(at.layout, at.line, x + at.shift),
-                                                QTextLine::CursorOnCharacter);
-}
-
-// From the glyphs, because between directions the caret may be elsewhere.
 TextExtent QtTextLines::CharacterExtent(int index, TextPos position) const {
     const LaidOut at = At(index);
-    const int within = position - at.segment.start;
-    if (const auto drawn = GlyphsAt(at.layout, at.line, within))
-        return {drawn->left - at.shift, drawn->right - at.shift};
-    // A tab or a break has no glyphs.
-    const auto [left, right] =
-        std::minmax({at.line.cursorToX(within), at.line.cursorToX(within, QTextLine::Trailing)});
-    return {left - at.shift, right - at.shift};
+    const TextPos visibleEnd = VisibleEnd(index);
+    const TextPos within = std::clamp(position, Line(index).start, visibleEnd);
+    const double leading = CaretX(index, within);
+    if (within == visibleEnd) return {leading, leading};
+    const double trailing = TrailingX(at.layout, at.line, within - at.segment.start) - at.shift;
+    return {std::min(leading, trailing), std::max(leading, trailing)};
 }
 
 void QtTextLines::Draw(Canvas& canvas, int index, int left, int baseline,

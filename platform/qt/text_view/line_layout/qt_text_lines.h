@@ -50,7 +50,8 @@ class QtTextLines : public TextLines {
     TextPos LastPosition(int line) const;
     TextPos VisibleEnd(int line) const; // where trailing spaces of a wrapped line begin
     TextExtent WholeExtent(int line) const;
-    std::vector<TextExtent> GlyphExtents(int line, TextPos start, TextPos end) const;
+    std::vector<TextExtent> CharacterExtents(int line, TextPos start, TextPos end) const;
+    TextPos ReportedAt(int line, double x, QTextLine::CursorPosition kind) const;
     TextPos SideStep(TextPos from, Step step, bool forward) const;
 
     std::vector<LayoutSegment> segments_;

@@ -2,9 +2,8 @@
 #include "platform/qt/text_view/line_layout/line_positions.h"
 #include "platform/qt/text_view/line_layout/qt_text_lines.h"
 
-#include <QGlyphRun>
-
 #include <algorithm>
+#include <cmath>
 
 namespace {
 bool MatchesDirection(uint character, bool rightToLeft) {
@@ -37,6 +36,8 @@ bool EndsRightToLeft(QStringView text, bool fallback) {
     return fallback;
 }
 
+} // namespace
+
 // Digits at the start of a line have the direction of the words before them.
 bool IsUnidirectional(const QTextLayout& layout, const QTextLine& line, bool rightToLeft) {
     const QString all = layout.text();
@@ -46,7 +47,6 @@ bool IsUnidirectional(const QTextLayout& layout, const QTextLine& line, bool rig
     return std::all_of(text.begin(), text.end(),
                        [&](uint unit) { return MatchesDirection(unit, rightToLeft); });
 }
-} // namespace
 
 // Without trailing spaces.
 TextExtent QtTextLines::WholeExtent(int index) const {
@@ -57,31 +57,33 @@ TextExtent QtTextLines::WholeExtent(int index) const {
     return {box.left() - at.shift, box.right() - at.shift};
 }
 
-// In a bidirectional line the glyphs determine what is covered. Tabs have none.
-std::vector<TextExtent> QtTextLines::GlyphExtents(int index, TextPos start, TextPos end) const {
+// Of neighbours of one direction as one.
+std::vector<TextExtent> QtTextLines::CharacterExtents(int index, TextPos start, TextPos end) const {
     std::vector<TextExtent> extents;
-    const LaidOut at = At(index);
-    const int from = start - at.segment.start, to = end - at.segment.start;
-    for (const QGlyphRun& run : at.line.glyphRuns(from, to - from))
-        extents.push_back(
-            {run.boundingRect().left() - at.shift, run.boundingRect().right() - at.shift});
-    const QString text = at.layout.text();
-    const int visibleEnd = std::min(to, TextEnd(at.layout, at.line));
-    for (int each = from; each < visibleEnd; ++each) {
-        if (text[each] != u'\t') continue;
-        const auto [left, right] =
-            std::minmax({at.line.cursorToX(each), at.line.cursorToX(each, QTextLine::Trailing)});
-        extents.push_back({left - at.shift, right - at.shift});
+    for (TextPos at = start; at < end; at = NextPosition(at)) {
+        const TextExtent each = CharacterExtent(index, at);
+        if (each.right <= each.left) continue;
+        constexpr double rounding = 0.5;
+        TextExtent* last = extents.empty() ? nullptr : &extents.back();
+        if (last && std::abs(each.left - last->right) < rounding)
+            last->right = each.right;
+        else if (last && std::abs(each.right - last->left) < rounding)
+            last->left = each.left;
+        else
+            extents.push_back(each);
     }
     return extents;
 }
 
 std::vector<TextExtent> QtTextLines::Extents(int index, TextPos start, TextPos end) const {
-    const TextPos from = std::max(start, Line(index).start), to = std::min(end, Line(index).end);
+    const TextPos first = Line(index).start, visibleEnd = VisibleEnd(index);
+    const TextPos from = std::max(start, first), to = std::min(end, visibleEnd);
     if (from >= to) return {};
-    if (from == Line(index).start && to == Line(index).end) return {WholeExtent(index)};
     const LaidOut at = At(index);
-    if (!IsUnidirectional(at.layout, at.line, rightToLeft_)) return GlyphExtents(index, from, to);
+    if (!IsUnidirectional(at.layout, at.line, rightToLeft_)) {
+        const bool isWhole = from == first && to == visibleEnd;
+        return isWhole ? std::vector{WholeExtent(index)} : CharacterExtents(index, from, to);
+    }
     const auto [left, right] = std::minmax({CaretX(index, from), CaretX(index, to)});
-    return {{left, right}};
+    return right > left ? std::vector{TextExtent{left, right}} : std::vector<TextExtent>{};
 }

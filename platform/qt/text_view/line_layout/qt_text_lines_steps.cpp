@@ -1,7 +1,6 @@
 // Places of the caret, one after the other.
+#include "common/text_words.h"
 #include "platform/qt/text_view/line_layout/qt_text_lines.h"
-
-#include <QTextBoundaryFinder>
 
 #include <algorithm>
 
@@ -35,13 +34,11 @@ TextPos QtTextLines::PreviousWord(TextPos position) const {
 CharSpan QtTextLines::WordAt(TextPos position) const {
     const LayoutSegment& segment = SegmentOf(position);
     const QString text = segment.text->text();
-    QTextBoundaryFinder finder(QTextBoundaryFinder::Word, text);
-    finder.setPosition(position - segment.start);
-    const bool isStart = finder.isAtBoundary() && finder.position() < text.size();
-    const qsizetype from = isStart ? finder.position() : finder.toPreviousBoundary();
-    const qsizetype to = finder.toNextBoundary();
-    const qsizetype start = std::max<qsizetype>(from, 0), end = to < 0 ? text.size() : to;
-    return {segment.start + TextPos(start), TextPos(end - start)};
+    if (text.isEmpty()) return {};
+    const std::vector<TextPos> boundaries = WordBoundaries(text.toStdU16String());
+    const TextPos at = std::min(position - segment.start, TextPos(text.size()) - 1);
+    const auto end = std::upper_bound(boundaries.begin(), boundaries.end(), at);
+    return {segment.start + *(end - 1), *end - *(end - 1)};
 }
 
 // In bidirectional text QTextLayout ignores trailing spaces, and stops within grapheme clusters. It

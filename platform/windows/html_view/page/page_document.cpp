@@ -2,6 +2,7 @@
 
 #include "platform/windows/base/com_values.h"
 
+#include <algorithm>
 #include <cwchar>
 
 namespace {
@@ -115,6 +116,22 @@ std::optional<int> PageDocument::ViewHeight() const {
     long height = 0;
     if (!scroller_ || FAILED(scroller_->get_clientHeight(&height))) return std::nullopt;
     return static_cast<int>(height);
+}
+
+std::optional<int> PageDocument::MaxScrollTop() const {
+    long whole = 0, seen = 0;
+    if (!scroller_ || FAILED(scroller_->get_scrollHeight(&whole)) ||
+        FAILED(scroller_->get_clientHeight(&seen)))
+        return std::nullopt;
+    return static_cast<int>(std::max(whole - seen, 0L));
+}
+
+ComPtr<IHTMLElementCollection> PageDocument::Elements(const wchar_t* name) const {
+    const auto tree = Query<IHTMLDocument3>(document_);
+    const Bstr tag(name);
+    ComPtr<IHTMLElementCollection> elements;
+    if (!tree || FAILED(tree->getElementsByTagName(tag.Get(), &elements))) return {};
+    return elements;
 }
 
 std::optional<int> PageDocument::TopMargin() const {

@@ -22,7 +22,9 @@ class PageDocument {
     std::optional<int> ScrollLeft() const; // CSS pixels, as all that follow
     std::optional<int> ScrollTop() const;
     std::optional<int> ViewHeight() const;
+    std::optional<int> MaxScrollTop() const;
     std::optional<int> TopMargin() const;
+    ComPtr<IHTMLElementCollection> Elements(const wchar_t* name) const; // in the page's order
 
     bool ScrollTo(int left, int top);
     bool SetBackColor(std::uint32_t redGreenBlue);                // 0x00RRGGBB

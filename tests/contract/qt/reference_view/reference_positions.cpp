@@ -38,20 +38,6 @@ bool IsLeftOut(QChar unit) {
     return unit.isSpace() && !notCollapsed.contains(unit);
 }
 
-// Where the trailing spaces of a wrapped line start; none if there is a tab among them.
-std::optional<int> TrailingSpacesStart(const QTextLine& line, const QTextLayout& layout) {
-    const QString text = layout.text();
-    const int lineEnd = line.textStart() + line.textLength();
-    if (lineEnd == text.size()) return std::nullopt;
-    int start = lineEnd;
-    for (int at = lineEnd; at > line.textStart(); start = at) {
-        at = layout.previousCursorPosition(at);
-        if (text[at] == u'\t') return std::nullopt;
-        if (!IsLeftOut(text[at])) break;
-    }
-    return start > line.textStart() ? std::optional(start) : std::nullopt;
-}
-
 struct Drawn {
     double left = 0, right = 0;
     bool rightToLeft = false;
@@ -98,21 +84,72 @@ ReferenceTrailingSpaces ReferenceSpaces(const QTextLine& line, const QTextLayout
     return blanks;
 }
 
-// Qt reports a character of the opposite direction beside the previous one. If that one is in the
-// previous line, or has the same direction, the character's own edge is correct.
-double ReferenceX(const QTextLine& line, const QTextLayout& layout, bool rightToLeft, int at) {
-    const auto blanks = TrailingSpacesStart(line, layout);
-    if (!rightToLeft && blanks && at >= *blanks && at < line.textStart() + line.textLength()) {
-        const auto word = DrawnAt(line, layout, layout.previousCursorPosition(*blanks));
-        if (word && word->rightToLeft) return word->left; // Qt reports the spaces to the left of it
+bool EndsLeftwards(const QTextLine& line, const QTextLayout& layout) {
+    const QString text = layout.text().first(line.textStart() + line.textLength());
+    const auto isLeftwards = [](QChar each) {
+        return GoesItsWay(each, 0, true) || each.direction() == QChar::DirAN;
+    };
+    const auto last = std::find_if(text.rbegin(), text.rend(), [&](QChar each) {
+        return isLeftwards(each) || GoesItsWay(each, 0, false);
+    });
+    return last != text.rend() && isLeftwards(*last);
+}
+
+// Where the trailing spaces of a wrapped line start. A tab that fits the line is part of its text.
+std::optional<int> TrailingSpacesStart(const QTextLine& line, const QTextLayout& layout,
+                                       bool rightToLeft) {
+    const QString text = layout.text();
+    const int lineEnd = line.textStart() + line.textLength();
+    if (lineEnd == text.size()) return std::nullopt;
+    int start = lineEnd;
+    for (int at = lineEnd; at > line.textStart(); start = std::max(line.textStart(), at)) {
+        at = layout.previousCursorPosition(at);
+        if (!IsLeftOut(text[at])) break;
+        if (text[at] != u'\t') continue;
+        if (rightToLeft) return ReferenceSpaces(line, layout, true).start;
+        if (line.cursorToX(at) < line.naturalTextRect().right() - 0.5) break;
     }
-    const double x = ReportedX(line, layout, rightToLeft, at);
+    return start;
+}
+
+// Where the text of a wrapped line ends: beyond its last character.
+double TextEndX(const QTextLine& line, const QTextLayout& layout, bool rightToLeft, int end) {
+    const QRectF text = line.naturalTextRect();
+    if (end == line.textStart()) return rightToLeft ? text.right() : text.left();
+    const int last = layout.previousCursorPosition(end);
+    const auto drawn = DrawnAt(line, layout, last);
+    const bool isReported =
+        drawn && drawn->rightToLeft == rightToLeft && (rightToLeft || !EndsLeftwards(line, layout));
+    if (drawn && !isReported) return drawn->rightToLeft ? drawn->left : drawn->right;
+    if (drawn && rightToLeft) return text.left();
+    if (drawn) {
+        const auto before = DrawnAt(line, layout, layout.previousCursorPosition(last));
+        const bool isLigature = before && last > line.textStart() && before->left == drawn->left &&
+                                before->right == drawn->right;
+        return isLigature ? line.cursorToX(last, QTextLine::Trailing)
+                          : line.cursorToX(last) + drawn->right - drawn->left;
+    }
+    if (layout.text()[last] == u'\t') return rightToLeft ? text.left() : text.right();
+    return ReportedX(line, layout, rightToLeft, last);
+}
+
+// The caret is at its character's own edge; Qt reports one of the opposite direction beside the
+// character before.
+double ReferenceX(const QTextLine& line, const QTextLayout& layout, bool rightToLeft, int at) {
+    const auto blanks = TrailingSpacesStart(line, layout, rightToLeft);
+    if (blanks && at >= *blanks) return TextEndX(line, layout, rightToLeft, *blanks);
+    double x = ReportedX(line, layout, rightToLeft, at);
+    const QRectF text = line.naturalTextRect();
+    if (x >= line.x() + line.width()) x = std::max(x, text.right()); // where Qt reports no more
+    if (!blanks) x = std::clamp(x, text.left(), text.right());
     if (GoesItsWay(layout.text(), at, rightToLeft)) return x;
     const auto drawn = DrawnAt(line, layout, at);
-    if (!drawn || drawn->rightToLeft == rightToLeft) return x;
-    const auto before = DrawnAt(line, layout, layout.previousCursorPosition(at));
+    if (!drawn) return x;
     const double edge = drawn->rightToLeft ? drawn->right : drawn->left;
-    if (at == line.textStart()) return at > 0 ? edge : x;
-    if (!before || before->rightToLeft == rightToLeft) return x;
-    return x > drawn->left - 0.5 && x < drawn->right + 0.5 ? x : edge;
+    if (drawn->rightToLeft == rightToLeft &&
+        (!EndsLeftwards(line, layout) || rightToLeft || std::abs(x - edge) < 1))
+        return x;
+    if (at == line.textStart() || x <= drawn->left - 0.5 || x >= drawn->right + 0.5) return edge;
+    const auto before = DrawnAt(line, layout, layout.previousCursorPosition(at));
+    return before && before->left == drawn->left && before->right == drawn->right ? x : edge;
 }

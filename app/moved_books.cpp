@@ -1,0 +1,177 @@
+#include "app/moved_books.h"
+
+#include "app/book_state.h"
+#include "app/charset.h"
+#include "app/main_form.h"
+#include "app/shown_book.h"
+#include "books/book_file.h"
+#include "books/book_script.h"
+#include "books/moved_books.h"
+#include "common/string_text.h"
+#include "common/text.h"
+#include "formats/rtf/rtf_reader.h"
+
+#include <map>
+#include <utility>
+
+namespace {
+constexpr std::u16string_view dataFileKey = u"DataFile"; // of a profile: where that was
+
+PlacesOf ViewOf(const BookRecord& record) {
+    return record.Kind() == BookKind::Html ? PlacesOf::Page : PlacesOf::Text;
+}
+
+// The texts of one file, in each charset that one of the books is read in.
+class FileText {
+  public:
+    FileText(const MainForm& form, const std::u16string& path)
+        : ansiCodePage_(form.ports.locale->AnsiCodePage()),
+          content_(ReadBookFile(*form.ports.files, path, MaxPlainText(form))) {}
+
+    bool IsReadable() const { return !content_.problem; }
+    TextFingerprint Fingerprint(ChosenCharset chosen) {
+        const std::pair key(chosen.codePage, chosen.exact);
+        const auto known = known_.find(key);
+        if (known != known_.end()) return known->second;
+        return known_[key] = Compute(chosen);
+    }
+
+  private:
+    TextFingerprint Compute(ChosenCharset chosen) const {
+        if (content_.plainText)
+            return FingerprintOf(*DecodeBook(content_.plainText, chosen, ansiCodePage_));
+        const Document document = ReadRtf(content_.richText, ansiCodePage_);
+        return FingerprintOf(StringText(document.text));
+    }
+
+    int ansiCodePage_;
+    BookContent content_;
+    std::map<std::pair<int, bool>, TextFingerprint> known_; // by the reader's choice
+};
+
+// The file is read when there is something to compare it with.
+bool IsSameBook(MainForm& form, int index, const std::u16string& path,
+                std::optional<FileText>& file) {
+    constexpr TextPos tooShort = 16; // units: anything may have such a text
+    const BookRecord record = form.history.Record(index);
+    const std::u16string section = SectionOf(form, record);
+    const KeptPlaces kept = LoadKeptText(*form.dataFile, section, ViewOf(record));
+    if (!kept.text || kept.text->length < tooShort) return false;
+    if (!file) file.emplace(form, path);
+    if (!file->IsReadable()) return false;
+    ChosenCharset chosen;
+    if (ViewOf(record) == PlacesOf::Text)
+        chosen =
+            CharsetChosenFor(*form.dataFile, section, record, form.ports.locale->AnsiCodePage());
+    return file->Fingerprint(chosen) == *kept.text;
+}
+
+// Whether its file may have gone, as far as that is known or worth a look: one that was there when
+// the list was shown may have been moved since, and then has the same size.
+bool MayBeGone(const MainForm& form, int index, std::uint64_t size) {
+    const std::u16string listed = GetBookPath(form.history, index);
+    const BookRecord record = form.history.Record(index);
+    const bool wasThere = form.menu.mFileList[index].enabled;
+    if (wasThere && (IsNetworkPath(listed) ||
+                     record[Field::Size] != NumberText(static_cast<std::int64_t>(size))))
+        return false;
+    return !form.ports.files->FileExists(listed);
+}
+
+// Index 0 may be the book in the view, whose file has been moved: it is shown anew.
+void Take(MainForm& form, int index, const std::u16string& path) {
+    IniBatch oneWrite(*form.dataFile);
+    if (index == 0 && IsShownBookListed(form)) {
+        SaveBookState(form, 0);
+        ForgetShownBook(form);
+    }
+    MoveBook(form.history, *form.dataFile, CurrentProfile(form), index, path);
+    SaveHistoryList(form);
+    oneWrite.Commit();
+}
+} // namespace
+
+int TakeOverMovedBook(MainForm& form, const std::u16string& path) {
+    const auto version = form.ports.files->Version(path);
+    std::optional<FileText> file;
+    int found = -1;
+    for (int i = 0; version && i < form.history.Count(); ++i) {
+        if (!MayBeGone(form, i, version->size) || !IsSameBook(form, i, path, file)) continue;
+        if (found >= 0) return -1; // two of them: nobody knows which
+        found = i;
+    }
+    if (found < 0) return -1;
+    const std::u16string from(FolderOf(GetBookPath(form.history, found)));
+    Take(form, found, path);
+    const std::u16string_view to = FolderOf(path);
+    if (from != to) form.moved = MovedFolder{MoveOf(from, to), 0};
+    return found;
+}
+
+namespace {
+// Of the same size and time, as a moved file is, or the same text.
+bool IsTheMoved(MainForm& form, int index, const std::u16string& path) {
+    const BookRecord record = form.history.Record(index);
+    const auto version = form.ports.files->Version(path);
+    const KeptPlaces kept = LoadKeptText(*form.dataFile, SectionOf(form, record), ViewOf(record));
+    if (version && kept.text && kept.IsOf(*version)) return true;
+    std::optional<FileText> file;
+    return IsSameBook(form, index, path, file);
+}
+
+// Whether a look at the disk was needed.
+bool LookFor(MainForm& form, int index, const FolderMove& move) {
+    const Files& files = *form.ports.files;
+    const std::u16string path = GetBookPath(form.history, index);
+    if (form.menu.mFileList[index].enabled || IsNetworkPath(path)) return false;
+    const std::u16string now = PathAfter(move, path);
+    if (now.empty() || IsNetworkPath(now)) return false;
+    const bool found = files.FileExists(now) && !files.FileExists(path) &&
+                       FindInHistory(form.history, now) < 0 && IsTheMoved(form, index, now);
+    if (found) Take(form, index, now);
+    return true;
+}
+} // namespace
+
+void LookForMovedBooks(MainForm& form, int maxBooks) {
+    if (!form.moved) return;
+    while (form.moved->next < form.history.Count() && maxBooks > 0)
+        if (LookFor(form, form.moved->next++, form.moved->folder)) --maxBooks;
+    if (form.moved->next >= form.history.Count()) form.moved.reset();
+}
+
+void KeepPlaceOfDataFile(MainForm& form) {
+    IniWriteString(*form.dataFile, CurrentProfile(form), dataFileKey, form.DataFilePath);
+}
+
+bool FollowCarriedDataFile(MainForm& form) {
+    IniFile& file = *form.dataFile;
+    const std::u16string before = IniReadString(file, CurrentProfile(form), dataFileKey);
+    if (before == form.DataFilePath) return false;
+    IniBatch oneWrite(file);
+    const FolderMove move = MoveOf(FolderOf(before), FolderOf(form.DataFilePath));
+    bool changed = false;
+    for (int i = 0; !before.empty() && i < form.history.Count(); ++i) {
+        if (form.menu.mFileList[i].enabled) continue;
+        const std::u16string now = PathAfter(move, GetBookPath(form.history, i));
+        const bool found = !now.empty() && form.ports.files->FileExists(now) &&
+                           FindInHistory(form.history, now) < 0;
+        if (found) MoveBook(form.history, file, CurrentProfile(form), i, now);
+        changed = changed || found;
+    }
+    if (changed) SaveHistoryList(form);
+    if (!before.empty()) KeepPlaceOfDataFile(form);
+    oneWrite.Commit();
+    return changed;
+}
+
+void KeepPageFile(MainForm& form, const BookRecord& record, const std::u16string& section) {
+    TextPlaces& state = form.places;
+    if (!state.file || (state.kept.text && state.kept.IsOf(*state.file))) return;
+    if (form.ports.files->Version(record.Path()) != state.file) return; // not the one shown
+    FileText file(form, record.Path());
+    if (!file.IsReadable()) return;
+    state.kept.text = file.Fingerprint({});
+    state.kept.SetFile(*state.file);
+    StorePlaces(*form.dataFile, section, PlacesOf::Page, state.kept, state.stored);
+}

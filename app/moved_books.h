@@ -1,0 +1,24 @@
+// Books that were moved, renamed or carried elsewhere: they keep their records.
+#pragma once
+
+#include <string>
+
+class BookRecord;
+struct MainForm;
+
+// The book at `path` is not in the list. When it is one of the list whose file is gone, and that is
+// the only one, the record becomes that of `path`; returns its index, else -1.
+int TakeOverMovedBook(MainForm&, const std::u16string& path);
+
+// One step of looking for the other books of a folder of which one has been found elsewhere.
+void LookForMovedBooks(MainForm&, int maxBooks);
+
+// After the list was read: the data file is not where it was when this list was last used, so its
+// books are looked for at the same places beside it. Whether some were found.
+bool FollowCarriedDataFile(MainForm&);
+
+// Keeps where the data file is while the list of this profile is used.
+void KeepPlaceOfDataFile(MainForm&);
+
+// Keeps what the file of the shown page is recognised by.
+void KeepPageFile(MainForm&, const BookRecord&, const std::u16string& section);

@@ -1,0 +1,72 @@
+#include "app/places.h"
+
+#include "app/main_form.h"
+#include "app/shown_book.h"
+#include "reading/hourglass.h"
+#include "shell/window_title.h"
+
+namespace {
+PlaceAnswer Ask(const MainForm& form, int percent, std::vector<Heading> headings, TextPos top) {
+    PlaceRequest request;
+    request.title = u"Go To";
+    request.percent = percent;
+    request.heading = HeadingAbove(headings, top);
+    request.headings = std::move(headings);
+    return form.ports.dialogs->AskPlace(request);
+}
+
+void GoInPage(MainForm& form) {
+    HtmlView& html = *form.ports.htmlView;
+    const std::vector<Heading> headings = html.Headings();
+    const TextPos top = headings.empty() ? 0 : html.StartAtTop();
+    if (form.closed) return; // while the page was asked
+    const PlaceAnswer answer = Ask(form, html.Percent(), headings, top);
+    if (answer.result != DialogResult::Ok || !HasPageBody(form)) return;
+    if (answer.heading < 0) return html.ScrollToPercent(answer.percent);
+    const TextPos place = headings[static_cast<std::size_t>(answer.heading)].position;
+    html.Select({place, 0});
+    html.ScrollSpanToTop({place, 0});
+}
+
+// The caret goes along, so that the keys go on from there.
+void GoInText(MainForm& form) {
+    TextView& view = *form.ports.textView;
+    std::vector<Heading> headings;
+    {
+        const Hourglass hourglass(view);
+        headings = view.Headings();
+    }
+    if (form.closed) return; // while they were looked for
+    const PlaceAnswer answer = Ask(form, view.Percent(), headings, view.FirstVisibleChar());
+    if (answer.result != DialogResult::Ok) return;
+    if (answer.heading < 0) {
+        view.ScrollToPercent(answer.percent);
+        return view.Select(view.FirstVisibleChar(), 0);
+    }
+    const TextPos place = headings[static_cast<std::size_t>(answer.heading)].position;
+    view.Select(place, 0);
+    view.ScrollLineToTop(place);
+}
+} // namespace
+
+void GoToPlace(MainForm& form) {
+    if (!IsBookShown(form)) return;
+    if (!IsPageShown(form)) return GoInText(form);
+    if (HasPageBody(form)) GoInPage(form);
+}
+
+void PrintBook(MainForm& form) {
+    if (!IsBookShown(form)) return;
+    if (IsPageShown(form)) {
+        if (HasPageBody(form)) form.ports.htmlView->Print();
+        return;
+    }
+    const BookRecord record = IsShownBookListed(form) ? form.history.Record(0) : BookRecord();
+    const auto title =
+        AccessibleBookName(TitledBookOf(record, form.book.path), form.ports.files->Separator());
+    const PrintAnswer answer = form.ports.textView->Print(title);
+    if (answer.result != PrintAnswer::Result::Failed || form.closed) return;
+    std::u16string text = u"The book could not be printed.";
+    if (!answer.reason.empty()) text += u"\r\n" + answer.reason;
+    ShowPlainMessage(form.messages, MessageIcon::Exclamation, MessageTitle::ProductMessage, text);
+}

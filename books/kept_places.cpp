@@ -1,0 +1,117 @@
+#include "books/kept_places.h"
+
+#include "common/text.h"
+#include "datafile/list_persistence.h"
+
+#include <algorithm>
+
+namespace {
+std::u16string KeyOf(PlacesOf view, std::u16string_view key) {
+    return std::u16string(view == PlacesOf::Page ? u"Page" : u"") + std::u16string(key);
+}
+
+constexpr std::u16string_view textKey = u"Text", fileKey = u"File", placeKey = u"Place",
+                              markKey = u"Mark-";
+// Behind words that were not found. No words hold it: it stands for the place in them, once.
+constexpr std::u16string_view uncertainEnd = u"|?";
+
+std::u16string Stored(const KeptWords& words) {
+    return words.words + std::u16string(words.uncertain ? uncertainEnd : u"");
+}
+
+KeptWords ParseKept(std::u16string_view value) {
+    const bool uncertain = value.ends_with(uncertainEnd) && ParseWords(value) == std::nullopt;
+    if (uncertain) value.remove_suffix(uncertainEnd.size());
+    return {std::u16string(value), uncertain};
+}
+
+// Digits alone: a number in this form cannot have come from anywhere else.
+std::int64_t LongNumber(std::u16string_view digits) {
+    std::int64_t value = 0;
+    for (const char16_t digit : digits.substr(0, 18))
+        if (digit >= u'0' && digit <= u'9') value = value * 10 + (digit - u'0');
+    return value;
+}
+
+// A time of nanoseconds has 19 digits by now, which 64 bits hold up to the year 2262.
+std::int64_t TimeNumber(std::u16string_view digits) {
+    const std::u16string_view last = digits.size() > 18 ? digits.substr(18, 1) : u"";
+    return last.empty() ? LongNumber(digits) : LongNumber(digits) * 10 + (last.front() - u'0');
+}
+
+void ReadFile(std::u16string_view value, KeptPlaces& places) {
+    const std::size_t comma = std::min(value.find(u','), value.size());
+    places.fileSize = static_cast<std::uint64_t>(LongNumber(value.substr(0, comma)));
+    places.fileTime = TimeNumber(value.substr(std::min(comma + 1, value.size())));
+}
+
+void ReadLine(std::u16string_view key, std::u16string_view value, KeptPlaces& places) {
+    if (EqualIgnoringCase(key, textKey)) {
+        places.text = ParseFingerprint(value);
+    } else if (EqualIgnoringCase(key, fileKey)) {
+        ReadFile(value, places);
+    } else if (EqualIgnoringCase(key, placeKey)) {
+        const std::size_t comma = value.find(u',');
+        if (comma == value.npos) return;
+        places.position = WholeNumber(value.substr(0, comma));
+        places.place = ParseKept(value.substr(comma + 1));
+    } else if (StartsWithIgnoringCase(key, markKey)) {
+        places.marks[WholeNumber(key.substr(markKey.size()))] = ParseKept(value);
+    }
+}
+
+std::u16string FileText(const KeptPlaces& places) {
+    return NumberText(static_cast<std::int64_t>(places.fileSize)) + u',' +
+           NumberText(places.fileTime);
+}
+
+std::u16string PlaceText(const KeptPlaces& places) {
+    return NumberText(places.position) + u',' + Stored(places.place);
+}
+
+// The whole section anew, since a key can be taken out in no other way.
+void StoreMarks(IniFile& file, const std::u16string& section, PlacesOf view,
+                const KeptPlaces& places) {
+    const std::u16string start = KeyOf(view, markKey);
+    const ListLines before = LoadSectionLines(file, section);
+    ListLines lines;
+    for (const std::u16string& line : before)
+        if (!StartsWithIgnoringCase(line, start)) lines.push_back(line);
+    for (const auto& [position, words] : places.marks)
+        lines.push_back(start + NumberText(position) + u'=' + Stored(words));
+    file.MergeSection(section, before, lines);
+}
+} // namespace
+
+KeptPlaces LoadPlaces(IniFile& file, const std::u16string& section, PlacesOf view) {
+    const std::u16string start = KeyOf(view, u"");
+    KeptPlaces places;
+    for (const std::u16string& line : LoadSectionLines(file, section)) {
+        const std::size_t equals = line.find(u'=');
+        if (equals == line.npos || !StartsWithIgnoringCase(line, start)) continue;
+        const std::u16string_view whole(line);
+        ReadLine(Trim(whole.substr(start.size(), equals - start.size())),
+                 Trim(whole.substr(equals + 1)), places);
+    }
+    return places;
+}
+
+KeptPlaces LoadKeptText(IniFile& file, const std::u16string& section, PlacesOf view) {
+    KeptPlaces places;
+    places.text = ParseFingerprint(IniReadString(file, section, KeyOf(view, textKey)));
+    if (places.text) ReadFile(IniReadString(file, section, KeyOf(view, fileKey)), places);
+    return places;
+}
+
+void StorePlaces(IniFile& file, const std::u16string& section, PlacesOf view,
+                 const KeptPlaces& places, KeptPlaces& stored) {
+    if (places == stored || !places.text) return;
+    IniBatch oneWrite(file);
+    IniWriteString(file, section, KeyOf(view, textKey), StoredFingerprint(*places.text));
+    IniWriteString(file, section, KeyOf(view, fileKey), FileText(places));
+    if (places.position >= 0)
+        IniWriteString(file, section, KeyOf(view, placeKey), PlaceText(places));
+    if (places.marks != stored.marks) StoreMarks(file, section, view, places);
+    stored = places;
+    oneWrite.Commit();
+}

@@ -1,0 +1,50 @@
+// What the data file keeps of a book's text and of the places in it, beside the numbers of the
+// record: by these the places are found again when the text has changed.
+#pragma once
+
+#include "datafile/ini_file.h"
+#include "platform/files.h"
+#include "reading/place_words.h"
+#include "reading/text_fingerprint.h"
+
+#include <map>
+#include <optional>
+#include <string>
+
+// The words around a place, as they are stored.
+struct KeptWords {
+    std::u16string words;
+    bool uncertain = false; // they were not found in the present text: the place is a guess
+    bool operator==(const KeptWords&) const = default;
+};
+
+struct KeptPlaces {
+    std::optional<TextFingerprint> text; // that the positions are in; none: nothing is known
+    std::uint64_t fileSize = 0;          // bytes, of the file that this text was read from
+    std::int64_t fileTime = 0;           // its last write, nanoseconds
+    TextPos position = -1;               // of the reading place; -1 for none
+    KeptWords place;
+    std::map<TextPos, KeptWords> marks; // by where the bookmark starts
+    bool operator==(const KeptPlaces&) const = default;
+
+    bool IsOf(const FileVersion& file) const {
+        return fileSize == file.size && fileTime == file.lastWrite;
+    }
+    void SetFile(const FileVersion& file) {
+        fileSize = file.size;
+        fileTime = file.lastWrite;
+    }
+};
+
+// A text and a page have keys of their own: what one of them counts means nothing in the other.
+enum class PlacesOf { Text, Page };
+
+// `section` is the book's own of the data file.
+KeptPlaces LoadPlaces(IniFile&, const std::u16string& section, PlacesOf);
+
+// Writes what differs from `stored`, which the section holds, and makes that the same.
+void StorePlaces(IniFile&, const std::u16string& section, PlacesOf, const KeptPlaces&,
+                 KeptPlaces& stored);
+
+// Text and file alone, without reading the places.
+KeptPlaces LoadKeptText(IniFile&, const std::u16string& section, PlacesOf);

@@ -1,0 +1,16 @@
+// What a line of a plain text looks like on its page.
+#pragma once
+
+#include <string_view>
+
+struct LineLook {
+    bool isBlank = true, isTooLong = false, isIndented = false;
+    bool standsAlone = false; // a heading in capitals, a row of a table, a rule
+    bool isItem = false;      // of a list
+    bool startsWithCapital = false, startsWithSmall = false;
+    bool endsSentence = false;
+    int width = 0;     // in columns, without blanks at its end; East Asian letters take two
+    int firstWord = 0; // likewise, of what would have to fit at the end of the line above
+};
+
+LineLook LookOf(std::u16string_view line);

@@ -1,0 +1,32 @@
+// The dialog that asks for a place in the book: a per cent or a heading.
+#pragma once
+
+#include "platform/dialogs.h"
+
+#include <QDialog>
+
+class QLineEdit;
+class QListWidget;
+class QSpinBox;
+
+class PlaceDialog final : public QDialog {
+  public:
+    PlaceDialog(QWidget* parent, const PlaceRequest&); // which outlives the dialog
+
+    PlaceAnswer Answer() const;
+
+  protected:
+    bool eventFilter(QObject* watched,
+                     QEvent*) override; // keys of the filter that move in the list
+
+  private:
+    void LayOut();
+    void FillList();
+    void SelectPresent();
+
+    const PlaceRequest& request_;
+    QSpinBox* percent_;
+    QLineEdit* filter_;
+    QListWidget* list_;
+    bool byHeading_ = false; // what was changed last
+};

@@ -1,0 +1,154 @@
+#include "reading/place_candidates.h"
+
+#include "reading/align_letters.h"
+#include "reading/letter_seeds.h"
+#include "reading/place_gap.h"
+#include "reading/text_letters.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+constexpr std::size_t maxShift = 24;      // letters that edits around a place may add or take out
+constexpr std::size_t maxCandidates = 16; // of a place, those with the most seeds
+constexpr std::size_t seedStep = 5;       // letters from one seed to the next
+
+// Short seeds find more in a short text, and nothing but noise in a long one.
+std::size_t SeedLength(TextPos textLength) {
+    return textLength < 32 * 1024 ? 6 : 12;
+}
+
+double Share(int cost, std::size_t letters) {
+    return letters == 0 ? 1 : static_cast<double>(cost) / static_cast<double>(letters);
+}
+
+// One side alone tells only where it has letters enough.
+double NearDifference(const LetterAlignment& found, const SoughtLetters& sought) {
+    constexpr std::size_t enough = 20;
+    const std::size_t before = sought.split, behind = sought.letters.size() - before;
+    double near = 1;
+    if (before >= enough) near = std::min(near, Share(found.costBefore, before));
+    if (behind >= enough) near = std::min(near, Share(found.costBehind, behind));
+    return near;
+}
+
+// Between the letters on both sides; where only one of them is as it was, beside that.
+TextPos PositionOf(const TextSource& text, const PlacedLetters& stretch,
+                   const LetterAlignment& found, const PlaceWords& words) {
+    const std::size_t at = found.split, count = stretch.letters.size();
+    const TextPos from = at > 0 ? stretch.positions[at - 1] + 1 : 0;
+    const TextPos to = at < count ? stretch.positions[at] : text.Length();
+    if (found.sameBefore == 0 && found.sameBehind > 0 && at > 0) {
+        const PlaceWords behind{u"", words.after};
+        return PlaceInGap(text, from, to, behind);
+    }
+    return PlaceInGap(text, from, to, words);
+}
+
+// `anchor` is in the text where letter `offset` of those looked for is expected.
+PlaceCandidate Verify(const TextSource& text, const PlaceWords& words, const SoughtLetters& sought,
+                      TextPos anchor, std::size_t offset) {
+    const std::size_t count = sought.letters.size();
+    std::size_t split = 0;
+    const PlacedLetters stretch =
+        LettersAround(text, anchor, offset + maxShift, count - offset + maxShift, split);
+    const std::size_t start = split - std::min(split, offset);
+    LetterAlignment found;
+    const std::u16string_view view(stretch.letters);
+    if (split >= offset && view.substr(start, count) == sought.letters)
+        found = {start + sought.split, 0, 0, sought.split, count - sought.split};
+    else
+        found = AlignLetters(sought.letters, sought.split, view, start, maxShift);
+    return {PositionOf(text, stretch, found, words), Share(found.Cost(), count),
+            NearDifference(found, sought)};
+}
+
+// Seeds of one place that stand in the same order and distance as in its letters.
+struct SeedGroup {
+    std::int64_t diagonal = 0; // index in the text's letters where the place's letters begin
+    int seeds = 0;
+    SeedHit nearest; // the one nearest to the place
+};
+
+std::size_t Distance(std::size_t a, std::size_t b) {
+    return a > b ? a - b : b - a;
+}
+
+std::vector<SeedGroup> Groups(const SeedHit* first, const SeedHit* last, std::size_t split) {
+    std::vector<SeedGroup> groups;
+    for (const SeedHit* hit = first; hit != last; ++hit) {
+        const std::int64_t diagonal = hit->letter - hit->seed.offset;
+        if (groups.empty() || diagonal - groups.back().diagonal > static_cast<int>(maxShift))
+            groups.push_back({diagonal, 0, *hit});
+        SeedGroup& group = groups.back();
+        ++group.seeds;
+        if (Distance(hit->seed.offset, split) < Distance(group.nearest.seed.offset, split))
+            group.nearest = *hit;
+    }
+    std::ranges::stable_sort(groups, std::ranges::greater(), &SeedGroup::seeds);
+    // A phrase of several words is common, and each look into the text has its price.
+    const int fewest = groups.empty() ? 0 : groups.front().seeds / 3;
+    std::erase_if(groups, [=](const SeedGroup& group) { return group.seeds < fewest; });
+    if (groups.size() > maxCandidates) groups.resize(maxCandidates);
+    return groups;
+}
+
+void AddCandidate(std::vector<PlaceCandidate>& candidates, const PlaceCandidate& candidate) {
+    const auto same = std::ranges::find(candidates, candidate.position, &PlaceCandidate::position);
+    if (same == candidates.end())
+        candidates.push_back(candidate);
+    else if (candidate.difference < same->difference)
+        *same = candidate;
+}
+} // namespace
+
+SoughtLetters LettersToSeek(const PlaceWords& words) {
+    SoughtLetters sought{LettersOf(words.before), 0};
+    sought.split = sought.letters.size();
+    sought.letters += LettersOf(words.after);
+    return sought;
+}
+
+std::vector<std::vector<PlaceCandidate>> FindCandidates(const TextSource& text,
+                                                        const std::vector<KnownPlace>& places,
+                                                        const std::function<bool()>& goesOn) {
+    const std::size_t seedLength = SeedLength(text.Length());
+    LetterSeeds seeds(seedLength);
+    std::vector<SoughtLetters> sought;
+    for (std::uint32_t i = 0; i < places.size(); ++i) {
+        sought.push_back(LettersToSeek(places[i].words));
+        const std::u16string_view letters = sought.back().letters;
+        for (std::uint32_t at = 0; at + seedLength <= letters.size(); at += seedStep)
+            seeds.Add(letters.substr(at, seedLength), {i, at});
+    }
+    std::vector<SeedHit> hits = seeds.FindIn(text, goesOn);
+    std::ranges::stable_sort(hits, {}, [](const SeedHit& hit) {
+        return std::pair(hit.seed.place, hit.letter - hit.seed.offset);
+    });
+
+    std::vector<SeedGroup> groups;
+    for (const SeedHit *hit = hits.data(), *end = hit + hits.size(); hit != end;) {
+        const std::uint32_t place = hit->seed.place;
+        const SeedHit* const next =
+            std::find_if(hit, end, [=](const SeedHit& each) { return each.seed.place != place; });
+        std::ranges::copy(Groups(hit, next, sought[place].split), std::back_inserter(groups));
+        hit = next;
+    }
+    // In the order of the text, which keeps only a few of its pieces at hand.
+    std::ranges::stable_sort(groups, {}, [](const SeedGroup& group) { return group.nearest.end; });
+    std::vector<std::vector<PlaceCandidate>> candidates(places.size());
+    for (const SeedGroup& group : groups) {
+        const LetterSeed& seed = group.nearest.seed;
+        AddCandidate(candidates[seed.place],
+                     Verify(text, places[seed.place].words, sought[seed.place], group.nearest.end,
+                            seed.offset + seedLength));
+    }
+    for (auto& each : candidates)
+        std::ranges::stable_sort(each, {}, &PlaceCandidate::difference);
+    return candidates;
+}
+
+PlaceCandidate CandidateNear(const TextSource& text, const KnownPlace& place,
+                             const SoughtLetters& sought, TextPos expected) {
+    return Verify(text, place.words, sought, expected, sought.split);
+}

@@ -1,0 +1,38 @@
+"""Long paths and names in the menus: elided there, whole in the tip, and nowhere else changed."""
+import os
+
+from harness import books
+from harness.screen import SIZE
+from harness.story import Story, main
+from harness.wait import wait_for
+from harness.wine import ON_WINE
+
+FRAME = 120  # pixels at most: marks, icons and margins of a menu beside its texts
+
+
+class LongNames(Story):
+    def test_a_book_in_deep_folders(self):
+        folder = os.path.join(self.folder, *[letter * 60 for letter in "abc"])
+        os.makedirs(folder)
+        book = books.write_book(os.path.join(folder, "tides & winds.txt"), books.lines("latin", 50))
+        reader = self.reader().start(book)
+        reader.wait_for_book(book)
+        menu = reader.open_menu("f")
+        left, top, width, height = wait_for(lambda: reader.rectangle(menu), "the menu")
+        self.assertLess(width, SIZE[0] // 2 + FRAME)
+        self.assertGreater(width, SIZE[0] // 3)
+        if not ON_WINE:  # the menus of Windows have no tips
+            self.screen.xdotool("mousemove", left + 100, top + height - 45)
+            wait_for(lambda: len(reader.popups()) == 2, "the tip")
+        reader.close_menu()
+        # It is the same book for all that.
+        reader.open_menu("f")
+        reader.key("Up", "Up", "Return")
+        wait_for(lambda: not reader.popups(), "the menu to close")
+        reader.wait_for_book(book)
+        reader.close()
+        self.assertEqual(reader.data().paths(), [book])
+
+
+if __name__ == "__main__":
+    main()

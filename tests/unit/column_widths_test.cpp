@@ -1,0 +1,114 @@
+// How a table of a page shares its width among its columns.
+#include "view/page/column_widths.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+using Widths = std::vector<double>;
+
+CellWidth Cell(std::size_t column, double min, double max) {
+    CellWidth cell;
+    cell.column = column;
+    cell.min = min;
+    cell.max = max;
+    return cell;
+}
+
+CellWidth Fixed(std::size_t column, double min, double max, double fixed) {
+    CellWidth cell = Cell(column, min, max);
+    cell.fixed = fixed;
+    return cell;
+}
+
+CellWidth Percent(std::size_t column, double min, double max, double percentage) {
+    CellWidth cell = Cell(column, min, max);
+    cell.percentage = percentage;
+    return cell;
+}
+
+TableWidths Table(std::size_t columns, std::vector<CellWidth> cells, double available) {
+    TableWidths table;
+    table.columns = columns;
+    table.cells = std::move(cells);
+    table.available = available;
+    return table;
+}
+} // namespace
+
+TEST_CASE("column widths: with room for all no line is broken") {
+    CHECK(ColumnWidths(Table(2, {Cell(0, 10, 50), Cell(1, 20, 100)}, 400)) == Widths{50, 100});
+}
+
+TEST_CASE("column widths: the widest cell of a column counts") {
+    const auto widths =
+        ColumnWidths(Table(2, {Cell(0, 10, 50), Cell(0, 30, 40), Cell(1, 5, 5)}, 400));
+    CHECK(widths == Widths{50, 5});
+    const auto narrow =
+        ColumnWidths(Table(2, {Cell(0, 10, 50), Cell(0, 30, 40), Cell(1, 5, 5)}, 1));
+    CHECK(narrow == Widths{30, 5});
+}
+
+TEST_CASE("column widths: with too little room each word has its line") {
+    CHECK(ColumnWidths(Table(2, {Cell(0, 10, 50), Cell(1, 20, 100)}, 20)) == Widths{10, 20});
+}
+
+TEST_CASE("column widths: in between each column gets its share of what it lacks") {
+    // 30 of words, 120 more asked for, 60 of them there.
+    CHECK(ColumnWidths(Table(2, {Cell(0, 10, 50), Cell(1, 20, 100)}, 90)) == Widths{30, 60});
+}
+
+TEST_CASE("column widths: a wider table is shared by what the columns ask for") {
+    TableWidths table = Table(2, {Cell(0, 10, 50), Cell(1, 20, 100)}, 400);
+    table.fixed = 300;
+    CHECK(ColumnWidths(table) == Widths{100, 200});
+}
+
+TEST_CASE("column widths: a fixed width holds unless a word is wider") {
+    CHECK(ColumnWidths(Table(2, {Fixed(0, 10, 50, 80), Cell(1, 20, 100)}, 400)) == Widths{80, 100});
+    CHECK(ColumnWidths(Table(2, {Fixed(0, 10, 50, 5), Cell(1, 20, 100)}, 400)) == Widths{10, 100});
+    TableWidths wide = Table(2, {Fixed(0, 10, 50, 80), Cell(1, 20, 100)}, 400);
+    wide.fixed = 400;
+    CHECK(ColumnWidths(wide) == Widths{80, 320});
+}
+
+TEST_CASE("column widths: a percentage is of the table") {
+    TableWidths table = Table(2, {Percent(0, 10, 50, 25), Cell(1, 20, 100)}, 400);
+    table.fixed = 200;
+    CHECK(ColumnWidths(table) == Widths{50, 150});
+    table.fixed.reset();
+    // So wide that a quarter of it has room for the first column.
+    CHECK(ColumnWidths(table) == Widths{50, 150});
+}
+
+TEST_CASE("column widths: percentages are at most the whole table") {
+    TableWidths table = Table(3, {Percent(0, 0, 10, 80), Percent(1, 0, 10, 80)}, 100);
+    table.fixed = 100;
+    CHECK(ColumnWidths(table) == Widths{80, 20, 0});
+}
+
+TEST_CASE("column widths: a spanning cell widens the columns that have no width of their own") {
+    CellWidth wide = Cell(0, 90, 150);
+    wide.span = 2;
+    CHECK(ColumnWidths(Table(2, {Fixed(0, 10, 50, 50), Cell(1, 20, 20), wide}, 400)) ==
+          Widths{50, 100});
+    CHECK(ColumnWidths(Table(2, {Cell(0, 10, 50), Cell(1, 20, 25), wide}, 400)) == Widths{100, 50});
+}
+
+TEST_CASE("column widths: spacing is around each column") {
+    TableWidths table = Table(2, {Cell(0, 10, 50), Cell(1, 20, 100)}, 400);
+    table.spacing = 4;
+    CHECK(ExtentOf(table).min == 42);
+    CHECK(ExtentOf(table).max == 162);
+    table.fixed = 212;
+    const Widths widths = ColumnWidths(table);
+    CHECK(widths[0] + widths[1] == doctest::Approx(200));
+}
+
+TEST_CASE("column widths: a table without columns, and cells outside of it") {
+    CHECK(ColumnWidths(Table(0, {}, 100)).empty());
+    CHECK(ExtentOf(Table(0, {}, 100)).max == 0);
+    CHECK(ColumnWidths(Table(1, {Cell(0, 1, 2), Cell(7, 50, 60)}, 100)) == Widths{2});
+    CellWidth beyond = Cell(0, 5, 9);
+    beyond.span = 1000;
+    CHECK(ColumnWidths(Table(1, {beyond}, 100)) == Widths{9});
+}

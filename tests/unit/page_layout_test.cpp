@@ -1,0 +1,196 @@
+// Where the lines of a page stand.
+#include "tests/unit/page_sample.h"
+#include "view/page/list_marker.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+std::string Lines(const std::u16string& body, double width = 400) {
+    return PageSample(body).Lines(width);
+}
+} // namespace
+
+TEST_CASE("page layout: margins of paragraphs meet") {
+    CHECK(Lines(u"<p>one<p>two") == "0,16 one|0,48 two");
+    CHECK(Lines(u"<p style='margin-bottom:40px'>one<p>two") == "0,16 one|0,72 two");
+    CHECK(Lines(u"<p style='margin:0'>one<p style='margin:0'>two") == "0,0 one|0,16 two");
+    CHECK(Lines(u"<p>one<p style='margin-top:-6px'>two") == "0,16 one|0,42 two");
+}
+
+TEST_CASE("page layout: margins go through blocks without borders and padding") {
+    CHECK(Lines(u"<div><p>one</div><div><p>two</div>") == "0,16 one|0,48 two");
+    CHECK(Lines(u"<p>one<div></div><p>two") == "0,16 one|0,48 two");
+    CHECK(Lines(u"<div style='padding:5px'><p>one</div><p>two") == "5,21 one|0,74 two");
+    CHECK(Lines(u"<div style='border:2px solid'><p>one</div>") == "2,18 one");
+}
+
+TEST_CASE("page layout: blocks have indents and widths") {
+    CHECK(Lines(u"<blockquote>one") == "40,16 one");
+    CHECK(Lines(u"<div style='width:100px;margin:0 auto'>one") == "150,0 one");
+    CHECK(Lines(u"<div style='margin-left:25%'>one") == "100,0 one");
+    CHECK(Lines(u"<div style='max-width:48px'>one two three") == "0,0 one|0,16 two|0,32 three");
+    CHECK(Lines(u"<div style='width:64px;padding:0 8px;box-sizing:border-box'>one two") ==
+          "8,0 one|8,16 two");
+    CHECK(Lines(u"<div align=center><table cellpadding=0 cellspacing=0><td>one</table></div>") ==
+          "188,0 one");
+}
+
+TEST_CASE("page layout: heights") {
+    CHECK(Lines(u"<div style='height:50px'>one</div>two") == "0,0 one|0,50 two");
+    CHECK(Lines(u"<div style='min-height:50px'>one</div>two") == "0,0 one|0,50 two");
+    CHECK(Lines(u"one<hr>two") == "0,0 one|0,34 two");
+}
+
+TEST_CASE("page layout: floats stand beside what follows") {
+    const std::u16string box = u"<div style='float:left;width:80px;height:32px'>f</div>";
+    CHECK(Lines(box + u"aa bb cc dd ee ff gg hh ii", 160) ==
+          "80,0 aa bb cc|80,16 dd ee ff|0,32 gg hh ii|0,0 f");
+    CHECK(Lines(box + u"<p>aa bb cc<p>dd ee ff gg hh ii", 160) ==
+          "80,16 aa bb cc|0,48 dd ee ff gg hh ii|0,0 f");
+    CHECK(Lines(box + u"<p style='clear:left'>aa", 160) == "0,32 aa|0,0 f");
+    CHECK(Lines(u"<div style='float:right'>right</div>left", 160) == "0,0 left|120,0 right");
+}
+
+TEST_CASE("page layout: a block that keeps floats in is as high as they are") {
+    CHECK(Lines(u"<div style='overflow:hidden'><div style='float:left;height:40px'>f</div></div>"
+                u"two") == "0,0 f|0,40 two");
+    CHECK(Lines(u"<div><div style='float:left;height:40px'>f</div></div>two") == "8,0 two|0,0 f");
+}
+
+TEST_CASE("page layout: a table between its margins") {
+    const std::u16string start = u"<table cellspacing=2 cellpadding=1>";
+    CHECK(Lines(start + u"<tr><td>a<td>bb<tr><td>ccc<td>d</table>") ==
+          "3,3 a|31,3 bb|3,23 ccc|31,23 d");
+    CHECK(Lines(start + u"<tr><td colspan=2>aaaa<tr><td>b<td>c</table>x") ==
+          "3,3 aaaa|3,23 b|21,23 c|0,42 x");
+    CHECK(Lines(start + u"<tr><td rowspan=2>a<td>b<tr><td>c</table>") == "3,13 a|15,3 b|15,23 c");
+}
+
+TEST_CASE("page layout: lists and definitions are indented") {
+    CHECK(Lines(u"<ol><li>one<li>two<li value=9>nine<li>x</ol>") ==
+          "18,16 1.|40,16 one|18,32 2.|40,32 two|18,48 9.|40,48 nine|10,64 10.|40,64 x");
+    CHECK(Lines(u"<ul><li><p>one</p>two</ul>") == "26,16 ?|40,16 one|40,48 two");
+    CHECK(Lines(u"<ol reversed><li>a<li>b</ol>") == "18,16 2.|40,16 a|18,32 1.|40,32 b");
+    CHECK(Lines(u"<ol start=3 style='list-style-position:inside'><li>a</ol>") == "40,16 3. a");
+    CHECK(Lines(u"<ul style='list-style:none'><li>a</ul>") == "40,16 a");
+    CHECK(Lines(u"<dl><dt>one<dd>two</dl>") == "0,16 one|40,32 two");
+}
+
+TEST_CASE("page layout: markers of lists") {
+    const struct {
+        CssListStyleType type;
+        int number;
+        std::u16string_view marker;
+    } cases[] = {{CssListStyleType::Decimal, 12, u"12."},
+                 {CssListStyleType::DecimalLeadingZero, 7, u"07."},
+                 {CssListStyleType::LowerAlpha, 26, u"z."},
+                 {CssListStyleType::LowerAlpha, 27, u"aa."},
+                 {CssListStyleType::UpperAlpha, 703, u"AAA."},
+                 {CssListStyleType::LowerAlpha, 0, u"0."},
+                 {CssListStyleType::LowerRoman, 1994, u"mcmxciv."},
+                 {CssListStyleType::UpperRoman, 49, u"XLIX."},
+                 {CssListStyleType::UpperRoman, 4000, u"4000."},
+                 {CssListStyleType::LowerGreek, 2, u"\u03B2."},
+                 {CssListStyleType::Square, 3, u"\u25AA"},
+                 {CssListStyleType::None, 3, u""}};
+    for (const auto& [type, number, marker] : cases)
+        CHECK(ListMarker(type, number) == marker);
+}
+
+TEST_CASE("page layout: a break at the end of a block begins no line") {
+    CHECK(Lines(u"<div>one<br></div>two") == "0,0 one/|0,16 two");
+    CHECK(Lines(u"<div>one<br><br></div>two") == "0,0 one/|0,16 /|0,32 two");
+    CHECK(Lines(u"<div><br></div>two") == "0,0 /|0,16 two");
+    CHECK(Lines(u"<div style='white-space:pre'>one\n</div>two") == "0,0 one/|0,16 two");
+}
+
+TEST_CASE("page layout: capitals") {
+    CHECK(Lines(u"<p style='text-transform:uppercase'>one two") == "0,16 ONE TWO");
+    CHECK(Lines(u"<p style='text-transform:capitalize'>one two") == "0,16 One Two");
+    PageSample small(u"<p style='font-variant:small-caps'>Ab");
+    CHECK(small.Lines(400) == "0,16 AB");
+    CHECK(small.boxes.Count() == 3);
+    CHECK(small.text.TextOf(3).content->text.runs.size() == 2);
+}
+
+TEST_CASE("page layout: text beside the page's edge by its style") {
+    CHECK(Lines(u"<p style='text-align:right'>one", 80) == "56,16 one");
+    CHECK(Lines(u"<center>one</center>", 80) == "28,0 one");
+    CHECK(Lines(u"<p style='text-indent:16px'>one two three", 80) == "16,16 one two|0,32 three");
+    CHECK(Lines(u"<p dir=rtl>one", 80) == "56,16 one");
+}
+
+TEST_CASE("page layout: what is positioned takes no room") {
+    CHECK(Lines(u"<p>one <span style='position:absolute;left:90%'>7</span>two", 100) ==
+          "0,16 one two|90,16 7");
+    CHECK(Lines(u"<p>one <span style='position:absolute;right:0'>7</span>two", 100) ==
+          "0,16 one two|92,16 7");
+}
+
+TEST_CASE("page layout: any zone alone is laid out as it is in the whole page") {
+    std::u16string body;
+    for (int i = 0; i < 40; ++i) {
+        const std::u16string number(1, char16_t(u'a' + i % 26));
+        if (i % 7 == 0) body += u"<div style='padding:3px;border:1px solid'>";
+        body += u"<p>paragraph " + number;
+        if (i % 7 == 3) body += u"</div>";
+        if (i % 9 == 0) body += u"<h2>heading</h2>";
+        if (i % 11 == 0) body += u"<ul><li>item<li>item</ul>";
+    }
+    PageSample forward(body);
+    const std::string whole = forward.Lines(200);
+    PageSample backward(body);
+    backward.flow.SetWidth(200);
+    for (std::size_t zone = backward.flow.ZoneCount(); zone-- > 0;)
+        backward.flow.LayOut(zone);
+    CHECK(backward.flow.Heights().NotMeasured() == 0);
+    CHECK(backward.Lines(200) == whole);
+    CHECK(backward.flow.Heights().Total() == forward.flow.Heights().Total());
+}
+
+TEST_CASE("page layout: a long page is laid out where it is looked at") {
+    std::u16string body;
+    for (int i = 0; i < 5000; ++i)
+        body += u"<p>one two three four";
+    PageSample page(body);
+    page.flow.SetWidth(100);
+    REQUIRE(page.flow.ZoneCount() == 5000);
+    const std::size_t middle = page.flow.Heights().BlockAt(page.flow.Heights().Total() / 2);
+    CHECK(middle > 2000);
+    CHECK(middle < 3000);
+    page.flow.LayOut(middle);
+    CHECK(page.flow.LayoutsMade() == 1);
+    CHECK(page.flow.MeasureSome(10));
+    CHECK(page.flow.LayoutsMade() == 11);
+    while (page.flow.MeasureSome(500)) {
+    }
+    CHECK(page.flow.Heights().NotMeasured() == 0);
+    CHECK(page.flow.LayoutsMade() == 5000);
+}
+
+TEST_CASE("page layout: boxes in boxes are laid out once for each level") {
+    std::u16string body;
+    for (int i = 0; i < 200; ++i)
+        body += u"<span style='display:inline-block'>";
+    PageSample page(body + u"x");
+    CHECK(page.Lines(400).ends_with("|0,0 x"));
+    CHECK(page.system.paragraphs < 20 * 200);
+}
+
+TEST_CASE("page layout: of many floats in a text those that are too many stand in their lines") {
+    std::u16string body = u"<p>";
+    for (int i = 0; i < 3000; ++i)
+        body += u"<span style='float:left'>a</span>b ";
+    PageSample page(body);
+    page.Lines(400);
+    CHECK(page.system.paragraphs < 10'000);
+}
+
+TEST_CASE("page layout: tables in tables") {
+    std::u16string body;
+    for (int i = 0; i < 100; ++i)
+        body += u"<table cellspacing=0 cellpadding=0><td>";
+    PageSample page(body + u"x");
+    CHECK(page.Lines(400) == "0,0 x");
+    CHECK(page.system.paragraphs < 20 * 100);
+}

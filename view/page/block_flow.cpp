@@ -1,0 +1,240 @@
+#include "view/page/block_flow.h"
+
+#include "view/page/table_layout.h"
+
+#include <algorithm>
+#include <utility>
+
+BlockFlow::BlockFlow(PageLayouter& layouter, PageBoxId container, InlineEdges room,
+                     PageFragment& result)
+    : layouter_(layouter), container_(container), result_(result) {
+    open_.push_back({container, room, -1, 0});
+}
+
+void BlockFlow::StartBehind(PageBoxId leaf) {
+    std::vector<PageBoxId> around;
+    for (PageBoxId box = layouter_.Box(leaf).parent; box != container_;
+         box = layouter_.Box(box).parent)
+        around.push_back(box);
+    for (auto box = around.rbegin(); box != around.rend(); ++box) {
+        const BoxEdges edges = EdgesOf(*box);
+        const BoxInsets insets =
+            layouter_.Measure().Insets(*layouter_.Box(*box).style, open_.back().room.Width());
+        const int placed = Place(*box, edges.border);
+        if (placed >= 0) result_.boxes[std::size_t(placed)].beginsAbove = true;
+        open_.push_back({*box, edges.content, placed, insets.Bottom()});
+    }
+    topless_.clear();
+    const double containing = open_.back().room.Width();
+    margin_.Add(layouter_.Measure().Margin(*layouter_.Box(leaf).style, cssBottom, containing));
+}
+
+void BlockFlow::LayOutContent() {
+    if (layouter_.Box(container_).kind == PageBoxKind::Lines) return LayOutLines(container_);
+    LayOut(container_ + 1, layouter_.Box(container_).end);
+}
+
+void BlockFlow::LayOut(PageBoxId from, PageBoxId end) {
+    for (PageBoxId box = from; box < end;) {
+        while (open_.size() > 1 && open_.back().box != layouter_.Box(box).parent)
+            Close();
+        if (IsFlowLeaf(layouter_.Box(box))) {
+            LayOutLeaf(box);
+            box = layouter_.Box(box).end;
+        } else {
+            Open(box++);
+        }
+    }
+}
+
+void BlockFlow::Finish() {
+    while (open_.size() > 1)
+        Close();
+    EndMargin();
+    top_ = floats_.ClearedTop(true, true, top_);
+}
+
+void BlockFlow::Break() {
+    for (const OpenBlock& block : open_) {
+        if (block.placed < 0) continue;
+        PlacedBox& placed = result_.boxes[std::size_t(block.placed)];
+        placed.endsBelow = true;
+        placed.height = top_ - placed.top;
+    }
+}
+
+BoxEdges BlockFlow::EdgesOf(PageBoxId box) const {
+    const OpenBlock& around = open_.back();
+    return layouter_.Measure().InFlow(*layouter_.Box(box).style, *layouter_.Box(around.box).text,
+                                      around.room);
+}
+
+// The box's index in the result, or -1 if nothing of it is seen.
+int BlockFlow::Place(PageBoxId box, const InlineEdges& border) {
+    if (!HasVisibleBox(layouter_.Box(box))) return -1;
+    const int index = int(result_.boxes.size());
+    result_.boxes.push_back({box, border.left, top_, border.Width(), 0, false, false});
+    topless_.push_back(index);
+    return index;
+}
+
+// What follows stands below the margin, and so do the boxes that began with it.
+void BlockFlow::EndMargin() {
+    top_ += margin_.Length();
+    margin_ = {};
+    for (const int index : topless_)
+        result_.boxes[std::size_t(index)].top = top_;
+    topless_.clear();
+}
+
+void BlockFlow::ClearFloats(const CssBoxStyle& style) {
+    if (style.clear == CssClear::None) return;
+    const double top = top_ + margin_.Length();
+    const double cleared =
+        floats_.ClearedTop(style.clear != CssClear::Right, style.clear != CssClear::Left, top);
+    if (cleared <= top) return;
+    margin_ = {};
+    top_ = cleared;
+}
+
+void BlockFlow::Open(PageBoxId box) {
+    const CssBoxStyle& style = *layouter_.Box(box).style;
+    const double containing = open_.back().room.Width();
+    const BoxEdges edges = EdgesOf(box);
+    const BoxInsets insets = layouter_.Measure().Insets(style, containing);
+    margin_.Add(layouter_.Measure().Margin(style, cssTop, containing));
+    ClearFloats(style);
+    const int placed = Place(box, edges.border);
+    if (insets.Top() > 0) {
+        EndMargin();
+        top_ += insets.Top();
+    }
+    open_.push_back({box, edges.content, placed, insets.Bottom()});
+    if (style.display == CssDisplay::ListItem) markerAt_ = open_.size() - 1;
+}
+
+void BlockFlow::Close() {
+    const OpenBlock block = open_.back();
+    open_.pop_back();
+    if (markerAt_ == open_.size()) markerAt_ = 0;
+    if (block.insetBelow > 0) {
+        EndMargin();
+        top_ += block.insetBelow;
+    }
+    if (block.placed >= 0) {
+        // One without a height of its own goes through the margin.
+        PlacedBox& placed = result_.boxes[std::size_t(block.placed)];
+        placed.height = std::max(0.0, top_ - placed.top);
+        std::erase(topless_, block.placed);
+    }
+    margin_.Add(layouter_.Measure().Margin(*layouter_.Box(block.box).style, cssBottom,
+                                           open_.back().room.Width()));
+}
+
+void BlockFlow::LayOutLeaf(PageBoxId id) {
+    const PageBox& box = layouter_.Box(id);
+    if (StandsAlone(box)) return AddByItself(id);
+    if (box.node == noHtmlNode) return LayOutLines(id);
+    Open(id);
+    LayOutLines(id);
+    Close();
+}
+
+void BlockFlow::LayOutLines(PageBoxId box) {
+    const InlineEdges room = open_.back().room;
+    if (layouter_.Box(box).hasText) EndMargin();
+    LinesContent content = layouter_.ContentOf(box, room.Width());
+    const double top = top_ + margin_.Length();
+    InlineLayout layout = LayOutInline(layouter_.Lines(), *content.content, room, top, floats_);
+    if (layouter_.Box(box).hasText) top_ = layout.bottom;
+    AddLines(box, std::move(content), std::move(layout));
+}
+
+void BlockFlow::AddLines(PageBoxId box, LinesContent content, InlineLayout layout) {
+    const auto add = [&](std::vector<PlacedPart>& parts, const std::vector<InlinePlace>& places) {
+        for (std::size_t i = 0; i < parts.size() && i < places.size(); ++i) {
+            parts[i].left += places[i].left;
+            parts[i].top += places[i].top;
+            result_.parts.push_back(std::move(parts[i]));
+        }
+    };
+    add(content.floats, layout.floats);
+    add(content.atoms, layout.atoms);
+    AddPositioned(content, layout);
+    if (layout.lines.empty()) return;
+    AddMarker(layout.lines.front());
+    result_.lines.push_back({box, std::move(content.content), std::move(layout)});
+}
+
+// Beside the first line of a list's item, before its content.
+void BlockFlow::AddMarker(const InlineLine& firstLine) {
+    if (markerAt_ == 0) return;
+    const OpenBlock& item = open_[std::exchange(markerAt_, 0)];
+    const auto content = layouter_.Content().MarkerOf(item.box);
+    if (!content) return;
+    FloatContext none;
+    InlineLayout layout = LayOutInline(layouter_.Lines(), *content, {0, 0}, 0, none);
+    InlineLine& line = layout.lines.front();
+    const double width = layout.pieces.front().lines->Line(0).width;
+    const double gap = layouter_.Lines().Metrics(*content->strut).Height() / 3;
+    const InlineEdges free = item.room;
+    line.left = content->text.rightToLeft ? free.right + gap : free.left - gap - width;
+    line.top = firstLine.top;
+    line.height = firstLine.height;
+    line.baseline = firstLine.baseline;
+    result_.lines.push_back({item.box, content, std::move(layout)});
+}
+
+// At the top of the line that it stands in, where its style says no other place.
+void BlockFlow::AddPositioned(const LinesContent& content, const InlineLayout& layout) {
+    const InlineEdges room = open_.back().room, page = open_.front().room;
+    for (const LinesText::Place& positioned : content.positioned) {
+        double top = layout.bottom, left = room.left;
+        for (const InlineLine& line : layout.lines) {
+            if (line.end <= positioned.at && line.end < layout.lines.back().end) continue;
+            top = line.top;
+            const InlinePiece& piece = layout.pieces[line.piece];
+            left = line.left + piece.lines->CaretX(line.line, positioned.at - piece.start);
+            break;
+        }
+        const CssBoxStyle& style = *layouter_.Box(positioned.box).style;
+        PageFragmentPtr fragment = layouter_.LayOutShrunk(positioned.box, page.Width());
+        const BoxMeasure& measure = layouter_.Measure();
+        if (!style.inset[cssLeft].IsAuto())
+            left = page.left + measure.Length(style.inset[cssLeft], page.Width());
+        else if (!style.inset[cssRight].IsAuto())
+            left =
+                page.right - measure.Length(style.inset[cssRight], page.Width()) - fragment->width;
+        left += measure.Margin(style, cssLeft, page.Width());
+        top += measure.Margin(style, cssTop, page.Width());
+        result_.parts.push_back({left, top, std::move(fragment)});
+    }
+}
+
+// A table, a picture, or a block that keeps floats out: it stands where floats leave room.
+void BlockFlow::AddByItself(PageBoxId id) {
+    const PageBox& box = layouter_.Box(id);
+    const InlineEdges room = open_.back().room;
+    const double containing = room.Width();
+    const BoxMeasure& measure = layouter_.Measure();
+    margin_.Add(measure.Margin(*box.style, cssTop, containing));
+    ClearFloats(*box.style);
+    EndMargin();
+    PageFragmentPtr fragment;
+    const double sides = measure.SideMargins(*box.style, containing);
+    if (box.kind == PageBoxKind::Table)
+        fragment = LayOutTable(layouter_, id, containing - sides);
+    else if (box.kind == PageBoxKind::Picture)
+        fragment = layouter_.LayOutPicture(id, containing);
+    else
+        fragment = layouter_.LayOutBlock(id, EdgesOf(id).content.Width(), containing);
+    top_ = floats_.FittingTop(top_, fragment->height, fragment->width + sides, room);
+    const InlineEdges free = floats_.RoomAt(top_, top_ + fragment->height, room);
+    const double insets = measure.SideInsets(*box.style, containing);
+    const BoxEdges edges = measure.OfWidth(*box.style, *layouter_.Box(open_.back().box).text, free,
+                                           fragment->width - insets);
+    const double height = fragment->height;
+    result_.parts.push_back({edges.border.left, top_, std::move(fragment)});
+    top_ += height;
+    margin_.Add(measure.Margin(*box.style, cssBottom, containing));
+}

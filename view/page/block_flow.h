@@ -1,0 +1,59 @@
+// The flow of blocks from above to below (CSS 2.1, 9.4.1): margins that meet, and floats.
+//
+// It can begin behind any box that is not empty, because heights above it decide about nothing
+// below but floats.
+#pragma once
+
+#include "view/page/collapsed_margin.h"
+#include "view/page/page_layouter.h"
+
+class BlockFlow {
+  public:
+    // Within a box whose content has this room. The flow begins at height 0.
+    BlockFlow(PageLayouter& layouter, PageBoxId container, InlineEdges room, PageFragment& result);
+
+    // Goes on behind a leaf with text or a size of its own, whose border ends at height 0.
+    void StartBehind(PageBoxId leaf);
+    // All that is in the container.
+    void LayOutContent();
+    // Lays out the boxes from one to another that is behind it; both in the container.
+    void LayOut(PageBoxId from, PageBoxId end);
+    // Ends the boxes that are open, and goes below all floats.
+    void Finish();
+    // Ends the fragment with boxes open.
+    void Break();
+
+    double Bottom() const { return top_; } // without the last margin
+
+  private:
+    struct OpenBlock {
+        PageBoxId box = noPageBox;
+        InlineEdges room; // of the content
+        int placed = -1;  // in the result's boxes
+        double insetBelow = 0;
+    };
+
+    void Open(PageBoxId box);
+    void Close();
+    void LayOutLeaf(PageBoxId box);
+    void LayOutLines(PageBoxId box);
+    void AddLines(PageBoxId box, LinesContent content, InlineLayout layout);
+    void AddPositioned(const LinesContent& content, const InlineLayout& layout);
+    void AddMarker(const InlineLine& firstLine);
+    void AddByItself(PageBoxId box);
+    void ClearFloats(const CssBoxStyle& style);
+    void EndMargin();
+    int Place(PageBoxId box, const InlineEdges& border);
+    BoxEdges EdgesOf(PageBoxId box) const;
+    InlineEdges RoomOf(PageBoxId box) const;
+
+    PageLayouter& layouter_;
+    const PageBoxId container_;
+    PageFragment& result_;
+    FloatContext floats_;
+    std::vector<OpenBlock> open_; // the container first
+    std::vector<int> topless_;    // placed boxes that begin where the margin ends
+    std::size_t markerAt_ = 0;    // of the open item of a list that has no line yet; 0 for none
+    CollapsedMargin margin_;
+    double top_ = 0;
+};

@@ -1,0 +1,62 @@
+// What a block of a page has in its lines: text in styles, boxes and floats (CSS 2.1, 9.4.2).
+// Positions are UTF-16 units of its text; lengths are device pixels.
+#pragma once
+
+#include "platform/line_layout.h"
+#include "view/page/float_context.h"
+
+#include <optional>
+#include <vector>
+
+enum class VerticalAlign { Baseline, Middle, Top, Bottom };
+
+// From `start` up to the next one.
+struct InlineRun {
+    TextPos start = 0;
+    StyleHandle font;                 // whose height counts
+    std::optional<double> lineHeight; // none: the font's own
+    double raise = 0;                 // of the baseline above the block's
+};
+
+// A picture or a block in a line. The text has one unit for it.
+struct InlineAtom {
+    TextPos at = 0;
+    double width = 0, height = 0; // with its margins
+    double belowBaseline = 0;     // of the height
+    VerticalAlign align = VerticalAlign::Baseline;
+    double raise = 0;
+};
+
+// Its place in the text is before the unit at `at`; the text has none for it.
+struct InlineFloat {
+    TextPos at = 0;
+    FloatSide side = FloatSide::Left;
+    double width = 0, height = 0; // with its margins
+};
+
+// From `start` up to the next one the units are those of a node of the page, one after the other,
+// from this one on; of no node, they are none of the page's text.
+struct InlineOrigin {
+    TextPos start = 0;
+    std::uint32_t node = 0;
+    std::uint32_t unit = 0;
+};
+
+struct InlineContent {
+    // Width and justification are set by the layout. Its boxes are `atoms`, its runs are of the
+    // same text as `runs` but need not start at the same places.
+    ParagraphText text;
+    std::vector<InlineRun> runs;       // ascending, the first at 0
+    std::vector<InlineAtom> atoms;     // ascending
+    std::vector<InlineFloat> floats;   // ascending
+    std::vector<InlineOrigin> origins; // ascending
+    StyleHandle strut;                 // of the block: no line is lower than its font
+    std::optional<double> strutLineHeight;
+    double xHeight = 0;                    // of the block's font, for `Middle`
+    Alignment alignment = Alignment::Left; // absolute
+    double textIndent = 0;                 // of the first line; negative: it hangs out
+    bool wraps = true;
+};
+
+// The content from a unit on, as one of its own. There must be a run at 0.
+ParagraphText TextFrom(const InlineContent& content, TextPos start, TextPos end);

@@ -1,0 +1,69 @@
+#include "view/page/list_marker.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace {
+constexpr int maxRoman = 3999;
+
+std::u16string Decimal(int number) {
+    const std::string digits = std::to_string(number);
+    return {digits.begin(), digits.end()};
+}
+
+// a to z, then aa: no letter is a zero.
+std::u16string Letters(int number, std::u16string_view letters) {
+    const int count = int(letters.size());
+    std::u16string text;
+    for (; number > 0; number = (number - 1) / count)
+        text.insert(text.begin(), letters[std::size_t((number - 1) % count)]);
+    return text;
+}
+
+std::u16string Roman(int number) {
+    constexpr struct {
+        int value;
+        std::u16string_view text;
+    } parts[] = {{1000, u"m"}, {900, u"cm"}, {500, u"d"}, {400, u"cd"}, {100, u"c"},
+                 {90, u"xc"},  {50, u"l"},   {40, u"xl"}, {10, u"x"},   {9, u"ix"},
+                 {5, u"v"},    {4, u"iv"},   {1, u"i"}};
+    std::u16string text;
+    for (const auto& part : parts)
+        for (; number >= part.value; number -= part.value)
+            text += part.text;
+    return text;
+}
+
+std::u16string Upper(std::u16string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](char16_t letter) { return char16_t(letter - u'a' + u'A'); });
+    return text;
+}
+
+std::u16string Number(CssListStyleType type, int number) {
+    constexpr std::u16string_view latin = u"abcdefghijklmnopqrstuvwxyz";
+    constexpr std::u16string_view greek = u"αβγδεζηθικλμνξοπρστυφχψω";
+    const bool positive = number > 0, roman = positive && number <= maxRoman;
+    switch (type) {
+    case CssListStyleType::LowerAlpha: return positive ? Letters(number, latin) : Decimal(number);
+    case CssListStyleType::UpperAlpha:
+        return positive ? Upper(Letters(number, latin)) : Decimal(number);
+    case CssListStyleType::LowerGreek: return positive ? Letters(number, greek) : Decimal(number);
+    case CssListStyleType::LowerRoman: return roman ? Roman(number) : Decimal(number);
+    case CssListStyleType::UpperRoman: return roman ? Upper(Roman(number)) : Decimal(number);
+    case CssListStyleType::DecimalLeadingZero:
+        return (number >= 0 && number < 10 ? u"0" : u"") + Decimal(number);
+    default: return Decimal(number);
+    }
+}
+} // namespace
+
+std::u16string ListMarker(CssListStyleType type, int number) {
+    switch (type) {
+    case CssListStyleType::None: return u"";
+    case CssListStyleType::Disc: return u"\u2022";
+    case CssListStyleType::Circle: return u"\u25E6";
+    case CssListStyleType::Square: return u"\u25AA";
+    default: return Number(type, number) + u".";
+    }
+}

@@ -1,0 +1,58 @@
+// The boxes of a page (CSS 2.1, 9.2 and 17.2): what is laid out, without places.
+//
+// They are numbered in document order, so that what is within a box follows it.
+#pragma once
+
+#include "formats/css/css_style.h"
+#include "formats/html/html_tree.h"
+
+#include <vector>
+
+using PageBoxId = std::uint32_t;
+constexpr PageBoxId noPageBox = 0, rootPageBox = 1;
+
+enum class PageBoxKind : std::uint8_t {
+    Block, // of blocks alone; may be empty
+    Lines, // of text, or of floats alone; its boxes are the floats, pictures and blocks in it
+    Picture,
+    Table,   // of captions, columns, row groups
+    Caption, // a block
+    Columns,
+    Column,
+    RowGroup,
+    Row,
+    Cell, // a block
+};
+
+struct PageBox {
+    PageBoxKind kind = PageBoxKind::Block;
+    bool hasText = false;         // of Lines: it has a line
+    bool hasFloats = false;       // of Lines
+    HtmlNodeId node = noHtmlNode; // none: an anonymous box
+    PageBoxId parent = noPageBox, nextSibling = noPageBox;
+    PageBoxId end = noPageBox;                          // behind the last one within it
+    HtmlNodeId first = noHtmlNode, behind = noHtmlNode; // of Lines: the nodes, in document order
+    std::uint32_t units = 0; // of the texts of Lines, as they are written
+    std::int32_t number = 0; // of a list's item
+    const CssInheritedStyle* text = nullptr;
+    const CssBoxStyle* style = nullptr;
+};
+
+// It takes no room where it stands.
+inline bool IsOutOfFlow(const CssBoxStyle& style) {
+    return style.position == CssPosition::Absolute || style.position == CssPosition::Fixed;
+}
+
+class PageBoxes {
+  public:
+    const PageBox& operator[](PageBoxId id) const { return boxes_[id]; }
+    std::size_t Count() const { return boxes_.size() - 1; }
+    PageBoxId End() const { return PageBoxId(boxes_.size()); }
+    PageBoxId FirstChild(PageBoxId id) const {
+        return id + 1 < boxes_[id].end ? id + 1 : noPageBox;
+    }
+
+  private:
+    friend class PageBoxBuilder;
+    std::vector<PageBox> boxes_{1}; // the first stands for the window: around the root
+};

@@ -1,0 +1,12 @@
+// Makes the boxes of a page from its elements and their styles.
+#pragma once
+
+#include "formats/css/css_page_styles.h"
+#include "view/page/page_box.h"
+
+// The result refers to both; the root is the box of `html`. There is at least the root.
+PageBoxes BoxesOf(const HtmlTree& tree, const CssPageStyles& styles);
+
+// Whether an element stands for something that is not shown. What is in it is for programs that
+// know it even less.
+bool IsNotShown(const HtmlNode& node);

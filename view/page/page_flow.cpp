@@ -1,0 +1,77 @@
+#include "view/page/page_flow.h"
+
+#include "view/page/block_flow.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+constexpr std::size_t maxKept = 64;
+} // namespace
+
+PageFlow::PageFlow(PageLayouter& layouter)
+    : layouter_(layouter), zones_(ZonesOf(layouter.Boxes())) {}
+
+void PageFlow::SetWidth(double width) {
+    if (width == width_) return;
+    width_ = width;
+    kept_.clear();
+    nextToMeasure_ = 0;
+    std::vector<double> estimates;
+    estimates.reserve(zones_.size());
+    for (const PageZone& zone : zones_)
+        estimates.push_back(Estimate(zone));
+    heights_ = HeightIndex(estimates);
+}
+
+// Letters are about half as wide as high, and a paragraph has a line's space.
+double PageFlow::Estimate(const PageZone& zone) const {
+    const float fontSize = layouter_.Box(rootPageBox).text->fontSize;
+    const double em = fontSize * layouter_.Measure().Scale();
+    const double lines = std::ceil(zone.units * em / 2 / std::max(width_, em));
+    return (lines + 1) * em * 1.2;
+}
+
+std::size_t PageFlow::ZoneOf(PageBoxId box) const {
+    const auto zone = std::upper_bound(zones_.begin(), zones_.end() - 1, box,
+                                       [](PageBoxId b, const PageZone& z) { return b < z.end; });
+    return std::size_t(zone - zones_.begin());
+}
+
+PageFragmentPtr PageFlow::LayOut(std::size_t zone) {
+    const auto known = std::find_if(kept_.begin(), kept_.end(),
+                                    [&](const Kept& kept) { return kept.zone == zone; });
+    if (known != kept_.end()) {
+        kept_.splice(kept_.begin(), kept_, known);
+        return kept_.front().fragment;
+    }
+    kept_.push_front({zone, MakeLayout(zone)});
+    if (kept_.size() > maxKept) kept_.pop_back();
+    return kept_.front().fragment;
+}
+
+PageFragmentPtr PageFlow::MakeLayout(std::size_t zone) {
+    ++layoutsMade_;
+    auto fragment = std::make_shared<PageFragment>();
+    BlockFlow flow(layouter_, noPageBox, {0, width_}, *fragment);
+    const bool first = zone == 0, last = zone + 1 == zones_.size();
+    if (!first) flow.StartBehind(zones_[zone - 1].lastLeaf);
+    flow.LayOut(first ? rootPageBox : zones_[zone - 1].end, zones_[zone].end);
+    if (last)
+        flow.Finish();
+    else
+        flow.Break();
+    fragment->width = width_;
+    fragment->height = std::max(0.0, flow.Bottom());
+    heights_.SetMeasured(zone, fragment->height);
+    return fragment;
+}
+
+bool PageFlow::MeasureSome(std::size_t zones) {
+    for (; nextToMeasure_ < zones_.size(); ++nextToMeasure_) {
+        if (heights_.IsMeasured(nextToMeasure_)) continue;
+        if (zones-- == 0) return true;
+        MakeLayout(nextToMeasure_);
+    }
+    return false;
+}

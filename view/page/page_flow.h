@@ -1,0 +1,46 @@
+// A page of any length, laid out where it is looked at.
+#pragma once
+
+#include "view/page/height_index.h"
+#include "view/page/page_layouter.h"
+#include "view/page/page_zones.h"
+
+#include <list>
+
+class PageFlow {
+  public:
+    explicit PageFlow(PageLayouter& layouter); // must outlive this object
+
+    // Device pixels. What was laid out for another width is forgotten.
+    void SetWidth(double width);
+    double Width() const { return width_; }
+
+    std::size_t ZoneCount() const { return zones_.size(); }
+    const PageZone& Zone(std::size_t zone) const { return zones_[zone]; }
+    std::size_t ZoneOf(PageBoxId box) const;
+    // Laid out if it is not at hand. Its height becomes exact.
+    PageFragmentPtr LayOut(std::size_t zone);
+    // Lays out up to so many zones whose height is an estimate, from the first on. False when there
+    // are none.
+    bool MeasureSome(std::size_t zones);
+
+    const HeightIndex& Heights() const { return heights_; }
+    int LayoutsMade() const { return layoutsMade_; }
+
+  private:
+    struct Kept {
+        std::size_t zone = 0;
+        PageFragmentPtr fragment;
+    };
+
+    PageFragmentPtr MakeLayout(std::size_t zone);
+    double Estimate(const PageZone& zone) const;
+
+    PageLayouter& layouter_;
+    std::vector<PageZone> zones_;
+    HeightIndex heights_;
+    std::list<Kept> kept_; // the last one used first
+    double width_ = 0;
+    std::size_t nextToMeasure_ = 0;
+    int layoutsMade_ = 0;
+};

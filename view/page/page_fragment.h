@@ -1,0 +1,46 @@
+// Laid-out boxes of a page: a stretch of its flow, or a box that is laid out by itself, such as a
+// cell, a float or a block in a line. Lengths are device pixels from the fragment's top left
+// corner.
+#pragma once
+
+#include "view/page/inline_layout.h"
+#include "view/page/page_box.h"
+
+#include <memory>
+
+struct PageFragment;
+using PageFragmentPtr = std::shared_ptr<const PageFragment>;
+
+// The border box of an element that has a background or a border.
+struct PlacedBox {
+    PageBoxId box = noPageBox;
+    double left = 0, top = 0, width = 0, height = 0;
+    bool beginsAbove = false, endsBelow = false; // of the fragment
+};
+
+struct PlacedPart {
+    double left = 0, top = 0;
+    PageFragmentPtr fragment;
+};
+
+struct PlacedPicture {
+    PageBoxId box = noPageBox;
+    double left = 0, top = 0, width = 0, height = 0; // of its content
+};
+
+struct PlacedLines {
+    PageBoxId box = noPageBox;
+    std::shared_ptr<const InlineContent> content;
+    InlineLayout layout;
+};
+
+struct PageFragment {
+    double width = 0, height = 0;
+    std::vector<PlacedBox> boxes; // the outer ones first
+    std::vector<PlacedPicture> pictures;
+    std::vector<PlacedLines> lines;
+    std::vector<PlacedPart> parts;
+};
+
+// Of the last line, from the top; negative without a line.
+double LastBaseline(const PageFragment& fragment);

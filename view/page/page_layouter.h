@@ -1,0 +1,84 @@
+// Lays out boxes of a page that are by themselves, and what a flow asks for on its way.
+#pragma once
+
+#include "view/geometry.h"
+#include "view/page/box_edges.h"
+#include "view/page/page_fragment.h"
+
+#include <unordered_map>
+
+// The text of a block of lines, and where in it its boxes stand.
+struct LinesText {
+    struct Place {
+        TextPos at = 0;
+        PageBoxId box = noPageBox;
+        bool hasUnit = false; // it stands in the line like a letter
+    };
+    std::shared_ptr<InlineContent> content; // without atoms and floats
+    std::vector<Place> boxes;               // ascending
+};
+
+// The same with its boxes laid out. Each part is at its place in its margins, to which that of the
+// margin box is added.
+struct LinesContent {
+    std::shared_ptr<InlineContent> content;
+    std::vector<PlacedPart> atoms, floats;    // in the order of the content's
+    std::vector<LinesText::Place> positioned; // boxes that take no room
+};
+
+// What the layout asks of those who know the page's text, fonts and pictures.
+class PageContent {
+  public:
+    virtual ~PageContent() = default;
+    virtual LinesText TextOf(PageBoxId lines) = 0;
+    // What stands before an item of a list, outside of its text; null for nothing.
+    virtual std::shared_ptr<const InlineContent> MarkerOf(PageBoxId item) = 0;
+    // In CSS pixels; empty if it cannot be read.
+    virtual Size PictureSize(PageBoxId picture) = 0;
+    // An attribute of an element as a number; nothing if it has none.
+    virtual std::optional<int> Number(PageBoxId box, HtmlName attribute) = 0;
+};
+
+class PageLayouter {
+  public:
+    // The arguments must outlive this object.
+    PageLayouter(const PageBoxes& boxes, PageContent& content, LineLayout& lines, double scale)
+        : boxes_(boxes), content_(content), lines_(lines), measure_(scale) {}
+
+    const PageBoxes& Boxes() const { return boxes_; }
+    const PageBox& Box(PageBoxId id) const { return boxes_[id]; }
+    const BoxMeasure& Measure() const { return measure_; }
+    LineLayout& Lines() { return lines_; }
+    PageContent& Content() { return content_; }
+
+    // All without margins; `containing` is the width that percentages are of.
+    // As wide as its content within that width, or as its style says.
+    PageFragmentPtr LayOutShrunk(PageBoxId box, double containing);
+    // With a content of this width.
+    PageFragmentPtr LayOutBlock(PageBoxId box, double contentWidth, double containing);
+    PageFragmentPtr LayOutPicture(PageBoxId box, double containing);
+    LinesContent ContentOf(PageBoxId lines, double containing);
+
+    // Of the margin box, of which percentages are nothing.
+    InlineExtent ExtentOfBox(PageBoxId box);
+
+  private:
+    InlineExtent ContentExtent(PageBoxId box);
+    InlineExtent MeasureContent(PageBoxId box);
+    InlineExtent LinesExtent(PageBoxId lines);
+    Size PictureContentSize(PageBoxId box, double containing);
+    void AddAtom(const LinesText::Place& place, double containing, LinesContent& content);
+    void AddFloat(const LinesText::Place& place, double containing, LinesContent& content);
+
+    const PageBoxes& boxes_;
+    PageContent& content_;
+    LineLayout& lines_;
+    BoxMeasure measure_;
+    // Of contents: boxes in boxes ask again and again.
+    std::unordered_map<PageBoxId, InlineExtent> extents_;
+};
+
+// Whether a box in the flow is laid out by itself: floats and margins do not go through it.
+bool StandsAlone(const PageBox& box);
+bool IsFlowLeaf(const PageBox& box);    // or is one of lines
+bool HasVisibleBox(const PageBox& box); // a background or a border

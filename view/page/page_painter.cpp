@@ -1,0 +1,100 @@
+#include "view/page/page_painter.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+constexpr Color missingPicture = 0xA0A0A0;
+constexpr std::uint8_t halfOpaque = 128;
+
+int Rounded(double length) {
+    return int(std::lround(std::clamp(length, -1e8, 1e8)));
+}
+
+// Edges are rounded, not sizes: neighbours meet.
+Rect Pixels(double left, double top, double width, double height) {
+    const int x = Rounded(left), y = Rounded(top);
+    return {x, y, Rounded(left + width) - x, Rounded(top + height) - y};
+}
+
+Rect Clipped(const Rect& box, const Rect& clip) {
+    const int left = std::max(box.left, clip.left), top = std::max(box.top, clip.top);
+    return {left, top, std::min(Right(box), Right(clip)) - left,
+            std::min(Bottom(box), Bottom(clip)) - top};
+}
+
+class FragmentPainter {
+  public:
+    FragmentPainter(Canvas& canvas, const PagePaint& paint) : canvas_(canvas), paint_(paint) {}
+
+    void Paint(const PageFragment& fragment, double left, double top) const {
+        for (const PlacedBox& box : fragment.boxes)
+            PaintBox(box, left, top);
+        for (const PlacedLines& lines : fragment.lines)
+            PaintLines(lines, left, top);
+        for (const PlacedPicture& picture : fragment.pictures)
+            PaintPicture(picture, left, top);
+        for (const PlacedPart& part : fragment.parts)
+            if (IsSeen(top + part.top, part.fragment->height))
+                Paint(*part.fragment, left + part.left, top + part.top);
+    }
+
+  private:
+    // What hangs out of its box (floats that are higher than it) is seen as far as the box is.
+    bool IsSeen(double top, double height) const {
+        return top < Bottom(paint_.clip) && top + height >= paint_.clip.top;
+    }
+
+    void Fill(const Rect& box, CssColor color) const {
+        if (color.alpha < halfOpaque) return;
+        const Rect seen = Clipped(box, paint_.clip);
+        if (seen.width > 0 && seen.height > 0) canvas_.FillRect(seen, color.Bgr());
+    }
+
+    void PaintBox(const PlacedBox& placed, double left, double top) const {
+        const CssBoxStyle& style = *paint_.boxes[placed.box].style;
+        const Rect box = Pixels(left + placed.left, top + placed.top, placed.width, placed.height);
+        Fill(box, style.background);
+        const auto width = [&](CssSide side) {
+            const float css = style.borderWidth[side];
+            return css > 0 ? std::max(1, Rounded(css * paint_.scale)) : 0;
+        };
+        const int above = placed.beginsAbove ? 0 : width(cssTop);
+        const int below = placed.endsBelow ? 0 : width(cssBottom);
+        Fill({box.left, box.top, box.width, above}, style.borderColor[cssTop]);
+        Fill({box.left, Bottom(box) - below, box.width, below}, style.borderColor[cssBottom]);
+        Fill({box.left, box.top, width(cssLeft), box.height}, style.borderColor[cssLeft]);
+        Fill({Right(box) - width(cssRight), box.top, width(cssRight), box.height},
+             style.borderColor[cssRight]);
+    }
+
+    void PaintLines(const PlacedLines& placed, double left, double top) const {
+        LinePaint paint;
+        paint.text = paint_.text;
+        paint.clip = paint_.clip;
+        for (const InlineLine& line : placed.layout.lines) {
+            if (!IsSeen(top + line.top, line.height)) continue;
+            const InlinePiece& piece = placed.layout.pieces[line.piece];
+            piece.lines->Draw(canvas_, line.line, Rounded(left + line.left),
+                              Rounded(top + line.baseline), paint);
+        }
+    }
+
+    void PaintPicture(const PlacedPicture& picture, double left, double top) const {
+        const Rect box =
+            Pixels(left + picture.left, top + picture.top, picture.width, picture.height);
+        if (!Intersect(box, paint_.clip)) return;
+        if (paint_.drawPicture && paint_.drawPicture(canvas_, picture.box, box)) return;
+        const Rect seen = Clipped(box, paint_.clip);
+        canvas_.TintRect(seen, missingPicture);
+    }
+
+    Canvas& canvas_;
+    const PagePaint& paint_;
+};
+} // namespace
+
+void PaintFragment(Canvas& canvas, const PagePaint& paint, const PageFragment& fragment,
+                   double left, double top) {
+    FragmentPainter(canvas, paint).Paint(fragment, left, top);
+}

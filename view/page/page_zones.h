@@ -1,0 +1,18 @@
+// A page in stretches that can be laid out one without the other.
+#pragma once
+
+#include "view/page/page_box.h"
+
+#include <vector>
+
+// From behind the zone before up to the end of its last leaf. Ends of blocks behind that leaf
+// belong to the next zone; those behind the last leaf of all to the last one.
+struct PageZone {
+    PageBoxId lastLeaf = noPageBox;
+    PageBoxId end = noPageBox; // behind that leaf
+    std::uint32_t units = 0;   // of its texts
+};
+
+// There is at least one. A zone ends behind a leaf that has a height, and not soon behind floats,
+// which stand beside what follows: the same zones at all widths.
+std::vector<PageZone> ZonesOf(const PageBoxes& boxes);

@@ -1,0 +1,219 @@
+#include "view/page/table_layout.h"
+
+#include "view/page/column_widths.h"
+#include "view/page/table_grid.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace {
+struct CellLayout {
+    PageFragmentPtr fragment;
+    double height = 0; // that it asks for
+};
+
+class TableLayouter {
+  public:
+    TableLayouter(PageLayouter& layouter, PageBoxId table)
+        : layouter_(layouter), measure_(layouter.Measure()), table_(layouter.Box(table)),
+          id_(table), grid_(GridOf(layouter.Boxes(), layouter.Content(), table)) {
+        const bool collapse = table_.text->borderCollapse == CssBorderCollapse::Collapse;
+        spacingX_ = collapse ? 0 : table_.text->borderSpacingX * measure_.Scale();
+        spacingY_ = collapse ? 0 : table_.text->borderSpacingY * measure_.Scale();
+    }
+
+    InlineExtent Extent() {
+        const TableExtent extent = ExtentOf(Widths(0));
+        return {extent.min, extent.max};
+    }
+
+    PageFragmentPtr LayOut(double room) {
+        auto fragment = std::make_shared<PageFragment>();
+        const double insets = measure_.SideInsets(*table_.style, room);
+        PlaceColumns(ColumnWidths(Widths(room - insets)));
+        fragment->width = insets + (grid_.columns == 0 ? 0 : lefts_.back());
+        AddCaptions(*fragment, CssCaptionSide::Top);
+        AddRows(*fragment, room);
+        AddCaptions(*fragment, CssCaptionSide::Bottom);
+        return fragment;
+    }
+
+  private:
+    TableWidths Widths(double available) {
+        TableWidths widths;
+        widths.columns = grid_.columns;
+        widths.spacing = spacingX_;
+        widths.available = available;
+        const CssLength& width = table_.style->width;
+        const double given = measure_.GivenWidth(*table_.style, available);
+        if (given >= 0 && (available > 0 || width.kind == CssLength::Kind::Pixels))
+            widths.fixed = given;
+        for (const GridCell& column : grid_.columnBoxes)
+            widths.cells.push_back(CellWidthOf(column, {}));
+        for (const GridCell& cell : grid_.cells)
+            widths.cells.push_back(CellWidthOf(cell, layouter_.ExtentOfBox(cell.box)));
+        return widths;
+    }
+
+    CellWidth CellWidthOf(const GridCell& cell, InlineExtent extent) const {
+        const CssBoxStyle& style = *layouter_.Box(cell.box).style;
+        CellWidth width;
+        width.column = cell.column;
+        width.span = cell.columns;
+        width.min = extent.min;
+        width.max = extent.max;
+        if (style.width.kind == CssLength::Kind::Percent)
+            width.percentage = style.width.value;
+        else if (style.width.kind == CssLength::Kind::Pixels)
+            width.fixed = measure_.GivenWidth(style, 0) + measure_.SideInsets(style, 0);
+        return width;
+    }
+
+    // From the left edge of the table's content.
+    void PlaceColumns(const std::vector<double>& widths) {
+        double left = spacingX_;
+        for (const double width : widths) {
+            lefts_.push_back(left);
+            left += width + spacingX_;
+        }
+        lefts_.push_back(left);
+    }
+    double Width(const GridCell& cell) const {
+        return lefts_[cell.column + cell.columns] - spacingX_ - lefts_[cell.column];
+    }
+
+    CellLayout LayOutCell(const GridCell& cell) {
+        const CssBoxStyle& style = *layouter_.Box(cell.box).style;
+        const double width = Width(cell);
+        const double content = std::max(0.0, width - measure_.SideInsets(style, width));
+        CellLayout layout;
+        layout.fragment = layouter_.LayOutBlock(cell.box, content, width);
+        layout.height = layout.fragment->height;
+        return layout;
+    }
+
+    // Each row as high as its highest cell; one over several rows makes the last of them higher.
+    std::vector<double> RowHeights(const std::vector<CellLayout>& layouts) const {
+        std::vector<double> heights;
+        for (const PageBoxId row : grid_.rows)
+            heights.push_back(std::max(0.0, measure_.GivenHeight(*layouter_.Box(row).style)));
+        for (std::size_t i = 0; i < grid_.cells.size(); ++i) {
+            const GridCell& cell = grid_.cells[i];
+            if (cell.rows == 1) heights[cell.row] = std::max(heights[cell.row], layouts[i].height);
+        }
+        for (std::size_t i = 0; i < grid_.cells.size(); ++i) {
+            const GridCell& cell = grid_.cells[i];
+            if (cell.rows == 1) continue;
+            const auto first = heights.begin() + std::ptrdiff_t(cell.row);
+            const auto last = first + std::ptrdiff_t(cell.rows) - 1;
+            const double others = std::accumulate(first, last, spacingY_ * double(cell.rows - 1));
+            *last = std::max(*last, layouts[i].height - others);
+        }
+        return heights;
+    }
+
+    void AddRows(PageFragment& fragment, double room) {
+        std::vector<CellLayout> layouts;
+        for (const GridCell& cell : grid_.cells)
+            layouts.push_back(LayOutCell(cell));
+        const std::vector<double> heights = RowHeights(layouts);
+        const BoxInsets insets = measure_.Insets(*table_.style, room);
+        const double top = fragment.height + insets.Top();
+        std::vector<double> tops; // of each row, and behind the last
+        double at = top + (heights.empty() ? 0 : spacingY_);
+        for (const double height : heights) {
+            tops.push_back(at);
+            at += height + spacingY_;
+        }
+        tops.push_back(at);
+        const double bottom = std::max(at, top + measure_.GivenHeight(*table_.style));
+        PlaceTableBox(fragment, fragment.height, bottom + insets.Bottom() - fragment.height);
+        PlaceRowBoxes(fragment, tops, heights, room);
+        const double left = ContentLeft(room);
+        for (std::size_t i = 0; i < layouts.size(); ++i) {
+            const GridCell& cell = grid_.cells[i];
+            const std::size_t last = cell.row + cell.rows - 1;
+            const double height = tops[last] + heights[last] - tops[cell.row];
+            fragment.parts.push_back({left + lefts_[cell.column], tops[cell.row],
+                                      Stretched(layouts[i].fragment, cell.box, height)});
+        }
+        fragment.height = bottom + insets.Bottom();
+    }
+
+    double ContentLeft(double room) const {
+        return table_.style->borderWidth[cssLeft] * measure_.Scale() +
+               measure_.Length(table_.style->padding[cssLeft], room);
+    }
+
+    void PlaceTableBox(PageFragment& fragment, double top, double height) const {
+        if (HasVisibleBox(table_))
+            fragment.boxes.push_back({id_, 0, top, fragment.width, height, false, false});
+    }
+
+    void PlaceRowBoxes(PageFragment& fragment, const std::vector<double>& tops,
+                       const std::vector<double>& heights, double room) const {
+        const double left = ContentLeft(room) + spacingX_;
+        const double width =
+            fragment.width - measure_.SideInsets(*table_.style, room) - 2 * spacingX_;
+        for (std::size_t i = 0; i < grid_.rows.size(); ++i)
+            for (const PageBoxId box : {layouter_.Box(grid_.rows[i]).parent, grid_.rows[i]})
+                if (box != id_ && HasVisibleBox(layouter_.Box(box)))
+                    fragment.boxes.push_back({box, left, tops[i], width, heights[i], false, false});
+    }
+
+    // A cell as high as its row, its content where `vertical-align` puts it.
+    PageFragmentPtr Stretched(const PageFragmentPtr& cell, PageBoxId box, double height) const {
+        const double free = height - cell->height;
+        if (free <= 0) return cell;
+        auto stretched = std::make_shared<PageFragment>();
+        stretched->width = cell->width;
+        stretched->height = height;
+        stretched->boxes = cell->boxes;
+        for (PlacedBox& placed : stretched->boxes)
+            placed.height = height;
+        double shift = 0;
+        switch (layouter_.Box(box).style->verticalAlign) {
+        case CssVerticalAlign::Middle: shift = free / 2; break;
+        case CssVerticalAlign::Bottom: shift = free; break;
+        default: break;
+        }
+        for (PlacedPart part : cell->parts) {
+            part.top += shift;
+            stretched->parts.push_back(std::move(part));
+        }
+        return stretched;
+    }
+
+    void AddCaptions(PageFragment& fragment, CssCaptionSide side) {
+        for (const PageBoxId caption : grid_.captions) {
+            const PageBox& box = layouter_.Box(caption);
+            if (box.text->captionSide != side) continue;
+            const double width = fragment.width;
+            const double content = width - measure_.SideInsets(*box.style, width) -
+                                   measure_.SideMargins(*box.style, width);
+            PageFragmentPtr part = layouter_.LayOutBlock(caption, std::max(0.0, content), width);
+            fragment.height += measure_.Margin(*box.style, cssTop, width);
+            const double height = part->height;
+            fragment.parts.push_back(
+                {measure_.Margin(*box.style, cssLeft, width), fragment.height, std::move(part)});
+            fragment.height += height + measure_.Margin(*box.style, cssBottom, width);
+        }
+    }
+
+    PageLayouter& layouter_;
+    const BoxMeasure& measure_;
+    const PageBox& table_;
+    const PageBoxId id_;
+    const TableGrid grid_;
+    double spacingX_ = 0, spacingY_ = 0;
+    std::vector<double> lefts_; // of each column, and behind the last
+};
+} // namespace
+
+PageFragmentPtr LayOutTable(PageLayouter& layouter, PageBoxId table, double room) {
+    return TableLayouter(layouter, table).LayOut(room);
+}
+
+InlineExtent TableExtentOf(PageLayouter& layouter, PageBoxId table) {
+    return TableLayouter(layouter, table).Extent();
+}
