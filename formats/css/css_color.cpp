@@ -1,5 +1,7 @@
 #include "formats/css/css_color.h"
 
+#include "formats/css/css_limits.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -114,6 +116,7 @@ std::optional<CssValue> ReadCssColor(CssTokenStream& tokens, bool quirks) {
 }
 
 std::optional<CssColor> HtmlColor(std::u16string_view text) {
+    text = text.substr(0, maxHtmlHintUnits);
     while (!text.empty() && IsCssSpace(text.front()))
         text.remove_prefix(1);
     while (!text.empty() && IsCssSpace(text.back()))

@@ -22,10 +22,11 @@ void CssElementReader::Read(HtmlNodeId id, std::u16string_view parentLanguage,
     element.language = parentLanguage;
     for (const HtmlAttribute& attribute : element.node->Attributes()) {
         if (attribute.nameSpace != HtmlAttributeNamespace::None) continue;
-        const std::u16string_view value = attribute.Value();
+        std::u16string_view value = attribute.Value();
         if (attribute.name == HtmlName::Id) element.idNumber = NumberOf(value);
         if (attribute.name == HtmlName::Lang) element.language = value;
         if (attribute.name != HtmlName::Class) continue;
+        value = value.substr(0, maxCssClassUnits);
         for (std::size_t at = 0;
              at < value.size() && element.classNumbers.size() < maxCssClasses;) {
             while (at < value.size() && IsCssSpace(value[at]))

@@ -28,16 +28,24 @@ constexpr std::size_t maxCssImports = 64;
 constexpr std::size_t maxCssFontFamilies = 32; // of one declaration
 constexpr std::size_t maxCssContentItems = 32; // of one declaration
 
-// Tests of compounds, and rules that held, on all elements of a page: half a second. A book of a
-// million elements with fifty rules tested and ten held for each has half of it. Elements beyond
-// have the default sheet, their attributes and their own `style`.
-constexpr std::uint64_t maxCssSteps = 300'000'000;
-// Classes of one element that some rule speaks of.
+// Tests of compounds, and rules that held, on all elements of a page: less than half a second. A
+// book of a million elements with fifty rules tested and ten held for each has most of it. Elements
+// beyond have the default sheet, their attributes and their own `style`.
+constexpr std::uint64_t maxCssSteps = 150'000'000;
+// Classes of one element that some rule speaks of, and units of its `class` attribute.
 constexpr std::size_t maxCssClasses = 64;
+constexpr std::size_t maxCssClassUnits = 4096;
+// Different lists of fonts, and different contents before and behind elements, of a page.
+constexpr std::size_t maxCssLists = 16'384;
+// Units of an old attribute that are looked at: a colour, a number, the names of some fonts.
+constexpr std::size_t maxHtmlHintUnits = 1024;
 // Styles that are kept for the next element with the same rules, attributes and parent style, and
 // the bytes of what they follow from. A book has some hundreds.
 constexpr std::size_t maxCssKeptStyles = 16'384;
 constexpr std::size_t maxCssKeyLength = 1024;
+// Units of a `style` attribute. One that is too long for the key is read for each element, within
+// maxCssSteps.
+constexpr std::size_t maxCssAttributeUnits = 65'536;
 // Characters and nodes that `dir=auto` looks at for the first letter that has a direction.
 constexpr int maxCssDirectionSearch = 1000;
 

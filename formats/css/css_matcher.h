@@ -21,6 +21,7 @@ class CssMatcher {
     void Close();
     const std::vector<std::uint32_t>& Rules() const { return rules_; } // of the element opened last
 
+    void AddSteps(std::uint64_t steps) { steps_ += steps; } // of work beside the matching
     std::uint64_t Steps() const { return steps_; }
     bool IsExhausted() const; // no more than the default sheet is matched
 

@@ -1,13 +1,14 @@
 // The computed style of every element of a page.
 #pragma once
 
+#include "formats/css/css_list_pool.h"
 #include "formats/css/css_parser.h"
 #include "formats/css/css_pool.h"
 #include "formats/css/css_style.h"
 #include "formats/html/html_tree.h"
 
+#include <array>
 #include <cstdint>
-#include <deque>
 #include <span>
 #include <unordered_map>
 #include <vector>
@@ -54,8 +55,8 @@ class CssPageStyles {
     std::unordered_map<HtmlNodeId, std::array<std::uint32_t, 2>> generated_;
     CssPool<CssInheritedStyle> inherited_;
     CssPool<CssBoxStyle> boxes_;
-    std::deque<CssFontFamilies> families_;
-    std::deque<CssContent> contents_;
+    CssListPool<CssFontFamilies> families_;
+    CssListPool<CssContent> contents_;
     bool dependsOnViewport_ = false;
     std::uint64_t steps_ = 0;
 };

@@ -9,14 +9,6 @@ namespace {
 
 constexpr std::uint32_t noneNumber = 0, initialNumber = 1;
 
-template <typename List>
-std::uint32_t FindOrAdd(std::deque<List>& lists, const List& list) {
-    const auto found = std::find(lists.begin() + 1, lists.end(), list);
-    const auto number = static_cast<std::uint32_t>(found - lists.begin());
-    if (found == lists.end()) lists.push_back(list);
-    return number;
-}
-
 template <typename T>
 void Append(std::string& key, const T& value) {
     key.append(reinterpret_cast<const char*>(&value), sizeof value);
@@ -34,13 +26,11 @@ CssStyler::CssStyler(const HtmlTree& tree, const CssRuleIndex& index, const CssM
     : tree_(tree), index_(index), matcher_(tree, index), hintsReader_(tree) {
     reading_.medium = context_.medium = medium;
     reading_.quirks = tree.Quirks() == HtmlQuirks::Full;
-    page_.families_.emplace_back();
-    page_.contents_.emplace_back();
     context_.familiesNumber = [this](const CssFontFamilies& list) {
-        return FindOrAdd(page_.families_, list);
+        return page_.families_.NumberOf(list);
     };
     context_.contentNumber = [this](const CssContent& list) {
-        return FindOrAdd(page_.contents_, list);
+        return page_.contents_.NumberOf(list);
     };
     CssStyleParts initial{InitialInherited(medium), {}};
     CssStyleParts none = initial;
@@ -49,7 +39,7 @@ CssStyler::CssStyler(const HtmlTree& tree, const CssRuleIndex& index, const CssM
     Add(initial);
 }
 
-CssPageStyles CssStyler::Style() {
+CssPageStyles CssStyler::Style(bool dependsOnViewport) {
     page_.numbers_.assign(tree_.NodeCount() + 1, noneNumber);
     HtmlNodeId id = tree_[htmlDocumentNode].firstChild;
     while (id) {
@@ -70,7 +60,7 @@ CssPageStyles CssStyler::Style() {
         id = next;
     }
     page_.steps_ = matcher_.Steps();
-    page_.dependsOnViewport_ |= context_.usedViewport;
+    page_.dependsOnViewport_ = dependsOnViewport || context_.usedViewport;
     return std::move(page_);
 }
 
@@ -117,9 +107,10 @@ void CssStyler::MakeKey(std::uint32_t parent, CssPseudoElement which,
         Append(key_, hint.value);
     }
     key_ += ';';
-    for (const CssFontFamilies& families : hints_.families)
-        for (const CssFontFamily& family : families)
-            Append(key_, FindOrAdd(page_.families_, {family}));
+    for (const CssFontFamilies& families : hints_.families) {
+        const std::u16string names = CssKeyOf(families);
+        key_.append(reinterpret_cast<const char*>(names.data()), names.size() * 2);
+    }
     key_ += ';';
     key_.append(reinterpret_cast<const char*>(attribute.data()), attribute.size() * 2);
 }
@@ -147,7 +138,11 @@ void CssStyler::ApplyRules(CssCascade& cascade, CssPseudoElement which, bool imp
 
 std::uint32_t CssStyler::Compute(std::uint32_t parent, CssPseudoElement which,
                                  std::u16string_view attribute) {
-    const CssBlock own = attribute.empty() ? CssBlock{} : ReadCssBlock(attribute, reading_);
+    matcher_.AddSteps(attribute.size());
+    const bool isRead = attribute.size() <= maxCssKeyLength || !matcher_.IsExhausted();
+    const CssBlock own = isRead && !attribute.empty()
+                             ? ReadCssBlock(attribute.substr(0, maxCssAttributeUnits), reading_)
+                             : CssBlock{};
     CssCascade cascade;
     ApplyRules(cascade, which, false, CssOrigin::UserAgent);
     cascade.EndUserAgent();
@@ -176,7 +171,10 @@ CssPageStyles StylePage(const HtmlTree& tree, std::span<const CssSheet* const> s
     CssRuleIndex index(tree);
     index.Add(DefaultCssSheet(), CssOrigin::UserAgent);
     if (tree.Quirks() == HtmlQuirks::Full) index.Add(QuirksCssSheet(), CssOrigin::UserAgent);
-    for (const CssSheet* sheet : sheets)
+    bool dependsOnViewport = false;
+    for (const CssSheet* sheet : sheets) {
         index.Add(*sheet, CssOrigin::Author);
-    return CssStyler(tree, index, medium).Style();
+        dependsOnViewport |= sheet->dependsOnViewport;
+    }
+    return CssStyler(tree, index, medium).Style(dependsOnViewport);
 }

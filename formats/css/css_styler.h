@@ -11,7 +11,7 @@
 class CssStyler {
   public:
     CssStyler(const HtmlTree& tree, const CssRuleIndex& index, const CssMedium& medium);
-    CssPageStyles Style();
+    CssPageStyles Style(bool sheetsDependOnViewport);
 
   private:
     void StyleElement(HtmlNodeId element, std::uint32_t parent);

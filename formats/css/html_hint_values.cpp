@@ -1,6 +1,7 @@
 #include "formats/css/html_hint_values.h"
 
 #include "formats/css/css_color.h"
+#include "formats/css/css_limits.h"
 #include "formats/css/css_tokenizer.h"
 
 #include <algorithm>
@@ -12,6 +13,7 @@ bool IsDigit(char16_t unit) {
 }
 
 void SkipSpace(std::u16string_view& text) {
+    text = text.substr(0, maxHtmlHintUnits);
     while (!text.empty() && IsCssSpace(text[0]))
         text.remove_prefix(1);
 }

@@ -1,6 +1,7 @@
 // Old attributes of paragraphs, fonts, lists, breaks, rules and pictures.
 #include "formats/css/html_hint_values.h"
 
+#include "formats/css/css_limits.h"
 #include "formats/css/css_parser.h"
 #include "formats/css/css_style.h"
 #include "formats/css/css_tokenizer.h"
@@ -13,6 +14,7 @@ using P = CssProperty;
 
 // Of `font`: "5", or "+1" and "-2" from the middle, which is 3.
 void AddFontSize(CssBlock& block, std::u16string_view text) {
+    text = text.substr(0, maxHtmlHintUnits);
     while (!text.empty() && IsCssSpace(text[0]))
         text.remove_prefix(1);
     const int sign = text.starts_with(u'+') ? 1 : text.starts_with(u'-') ? -1 : 0;
@@ -26,7 +28,8 @@ void AddFontSize(CssBlock& block, std::u16string_view text) {
 }
 
 void AddFontFace(CssBlock& block, std::u16string_view face) {
-    const CssBlock read = ReadCssBlock(u"font-family:" + std::u16string(face));
+    const CssBlock read =
+        ReadCssBlock(u"font-family:" + std::u16string(face.substr(0, maxHtmlHintUnits)));
     if (read.declarations.size() != 1 || read.families.empty()) return;
     AddHint(block, P::FontFamily,
             CssValue::OfIndex(CssValue::Kind::Families, block.families.size()));

@@ -45,6 +45,16 @@ std::set<std::string> UnknownDeclarations(const HtmlTree& tree) {
     return unknown;
 }
 
+// The first element of this name and, if one is given, this class.
+HtmlNodeId First(const HtmlTree& tree, HtmlName name, std::u16string_view className = {}) {
+    for (HtmlNodeId id = tree.Next(htmlDocumentNode); id; id = tree.Next(id)) {
+        const HtmlAttribute* classes = tree[id].Attribute(HtmlName::Class);
+        const bool fits = className.empty() || (classes && classes->Value() == className);
+        if (tree[id].Is(name) && fits) return id;
+    }
+    return noHtmlNode;
+}
+
 } // namespace
 
 TEST_CASE("css: declarations of real books") {
@@ -62,10 +72,39 @@ TEST_CASE("css: declarations of real books") {
         CHECK(page.styles.Steps() < page.tree.NodeCount() * 60);
         CHECK(page.styles.Count() < 500);
         CHECK_FALSE(page.sheets.empty());
-        MESSAGE(book << ": " << page.tree.NodeCount() << " nodes, " << page.styles.Steps()
-                     << " steps, " << page.styles.Count() << " styles");
     }
     // Pictures behind text are not shown: in the reader's own colours it could not be read.
     CHECK(unknown == std::set<std::string>{"background-image:\n    url(\"images/illus007.png\")",
                                            "background-repeat: no-repeat"});
+}
+
+TEST_CASE("css: what real books look like") {
+    if (!std::filesystem::exists(std::filesystem::path(REAL_BOOKS) / "htm")) {
+        MESSAGE("skipped: no real books");
+        return;
+    }
+    const StyledPage novel(ReadBook("War and Peace.htm"));
+    const CssStyle body = novel.styles.Of(novel.tree.Body());
+    CHECK(body.box->margin[cssLeft] == CssLength::Percent(5));
+    CHECK(body.box->background == CssColor{0xFA, 0xEB, 0xD0});
+    const CssStyle paragraph = novel.styles.Of(First(novel.tree, HtmlName::P));
+    CHECK(paragraph.inherited->textIndent == CssLength::Pixels(16));
+    CHECK(paragraph.inherited->textAlign == CssTextAlign::Justify);
+    CHECK(paragraph.box->margin[cssTop] == CssLength::Pixels(4));
+
+    const StyledPage verse(ReadBook("merry-thought/20535-h.htm"));
+    const HtmlNodeId number = First(verse.tree, HtmlName::Span, u"pagenum intro");
+    REQUIRE(number != noHtmlNode);
+    CHECK(verse.styles.Of(number).box->position == CssPosition::Absolute);
+    CHECK(verse.styles.Of(number).box->display == CssDisplay::Block);
+    CHECK(verse.styles.Of(number).box->inset[cssRight] == CssLength::Percent(3));
+    const CssStyle before = verse.styles.Before(number);
+    REQUIRE(before.box != nullptr);
+    CHECK(verse.styles.Content(before.box->content)[0].text == u"-");
+
+    const StyledPage essays(ReadBook("essays/16351-h.htm"));
+    CHECK(essays.sheets.size() == 1); // the second is to be chosen by the reader
+    const CssStyle picture = essays.styles.Of(First(essays.tree, HtmlName::Img));
+    CHECK(picture.box->borderWidth == CssSides<float>{3, 1, 3, 1});
+    CHECK(picture.box->verticalAlign == CssVerticalAlign::Middle);
 }

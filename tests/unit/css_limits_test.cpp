@@ -129,3 +129,29 @@ TEST_CASE("css: 130,000 paragraphs cost a number each") {
     CHECK(counter.Counts().peakBytes < tree.NodeCount() * 4 + 200'000);
     CHECK(styles.Count() < 12);
 }
+
+TEST_CASE("css: long attributes are read once, or not to their end") {
+    // The parser opens the font again in each paragraph, with the same long attributes.
+    const std::u16string style = u"font-family:" + Repeat(u"a,", 500'000) + u"b";
+    const StyledPage page(u"<!DOCTYPE html><font style='" + style + u"' class='" +
+                          Repeat(u"x ", 500'000) + u"' face='" + Repeat(u"a,", 500'000) +
+                          u"b' color='" + Repeat(u" ", 500'000) + u"red'>" +
+                          Repeat(u"<p>text", 5000));
+    CHECK(page.styles.Steps() < maxCssSteps + 4'000'000);
+    CHECK(page.styles.Count() < 10);
+}
+
+TEST_CASE("css: a list of fonts for each element is found by its names") {
+    std::u16string html = u"<!DOCTYPE html>";
+    for (int i = 0; i < 30'000; ++i)
+        html += u"<p style='font-family:a" + Utf8ToUtf16(std::to_string(i)) + u"'>text";
+    const StyledPage page(html + u"<p id=x style='font-family:a29999'>text");
+    CHECK(page.Text().families == 0); // beyond the limit: the reader's own
+    CHECK(page.styles.Count() < maxCssLists + 10);
+}
+
+TEST_CASE("css: a window of another size asks for other styles where it was asked for") {
+    CHECK(PageOf(u"@media (min-width:1px){p{color:red}}", u"<p>t").styles.DependsOnViewport());
+    CHECK(PageOf(u"p{width:1vw}", u"<p>t").styles.DependsOnViewport());
+    CHECK_FALSE(PageOf(u"p{width:1%}b{width:1vw}", u"<p>t").styles.DependsOnViewport());
+}
