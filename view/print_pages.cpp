@@ -1,6 +1,6 @@
 #include "view/print_pages.h"
 
-#include "view/contrast.h"
+#include "common/contrast.h"
 #include "view/one_line.h"
 #include "view/text_layouts.h"
 #include "view/text_painter.h"
@@ -89,11 +89,12 @@ class PagePrinter {
                                                                    pictures, lines},
           layouts_(context_) {
         system_.text = black;
-        if (!HasContrast(system_.link, white)) system_.link = black;
+        if (!IsReadable(system_.link, white)) system_.link = black;
         lines.SetResolution(device.Dpi());
         context_.text = &text.text;
         context_.plain = text.plain;
-        context_.viewWidth = context_.breakWidth = std::max(1, device.Page().width);
+        context_.viewWidth = context_.breakWidth = context_.columnWidth =
+            std::max(1, device.Page().width);
         context_.pixelsPerTwip = device.Dpi() / twipsPerInch;
         styles_.Reset();
         TextStyle small = StyleOf(style_.font, system_);
@@ -163,7 +164,7 @@ class PagePrinter {
 
 ViewStyle OnPaper(ViewStyle style) {
     style.backColor = white;
-    if (!HasContrast(style.textColor, white)) style.textColor = black;
+    if (!IsReadable(style.textColor, white)) style.textColor = black;
     style.rightMargin = 0; // no paper is wider
     return style;
 }
