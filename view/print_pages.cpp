@@ -1,6 +1,6 @@
 #include "view/print_pages.h"
 
-#include "view/contrast.h"
+#include "common/contrast.h"
 #include "view/one_line.h"
 #include "view/text_layouts.h"
 #include "view/text_painter.h"
@@ -89,7 +89,7 @@ class PagePrinter {
                                                                    pictures, lines},
           layouts_(context_) {
         system_.text = black;
-        if (!HasContrast(system_.link, white)) system_.link = black;
+        if (!IsReadable(system_.link, white)) system_.link = black;
         lines.SetResolution(device.Dpi());
         context_.text = &text.text;
         context_.plain = text.plain;
@@ -163,7 +163,7 @@ class PagePrinter {
 
 ViewStyle OnPaper(ViewStyle style) {
     style.backColor = white;
-    if (!HasContrast(style.textColor, white)) style.textColor = black;
+    if (!IsReadable(style.textColor, white)) style.textColor = black;
     style.rightMargin = 0; // no paper is wider
     return style;
 }
