@@ -28,7 +28,8 @@ void UpdateEmptyView(MainForm& form) {
     if (OffersWelcomeBook(form)) placeholder.link = u"Read the welcome book (Enter)";
     view.SetPlaceholder(placeholder);
     const bool isEmpty = view.TextLength() == 0; // not after the shown book left the list
-    view.SetName(isEmpty ? placeholder.text + u' ' + placeholder.link : u"");
+    const std::u16string link = placeholder.link.empty() ? u"" : u' ' + placeholder.link;
+    view.SetName(isEmpty ? placeholder.text + link : u"");
 }
 
 void OpenWelcomeBook(MainForm& form) {

@@ -1,6 +1,6 @@
 #include "view/placeholder.h"
 
-#include "view/contrast.h"
+#include "common/contrast.h"
 
 #include <algorithm>
 #include <cmath>

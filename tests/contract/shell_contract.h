@@ -18,7 +18,7 @@ class ShellUnderTest {
     virtual std::u16string Address() = 0;           // one that the desktop has a program for
     virtual std::u16string File() = 0;              // full path of a file of which the same is true
     virtual bool Exists(const std::u16string&) = 0; // a file
-    virtual void Settle() = 0; // events of the system are handled for a moment
+    virtual void Settle() = 0;                      // events of the system are handled for a moment
     // The arguments of the next start that was recorded; waits for it, and fails after a deadline.
     virtual std::vector<std::u16string> NextStart() = 0;
 };

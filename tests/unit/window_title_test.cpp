@@ -47,5 +47,5 @@ TEST_CASE("title: the text is called by its caption, in any script, else by the 
     CHECK(none.View().Name() == u"a.txt");
     TestForm noBook;
     REQUIRE(noBook.Start());
-    CHECK(noBook.View().Name() == u"");
+    CHECK(noBook.View().Name() == u"Open a book with Ctrl+O, or drop it here.");
 }
