@@ -39,16 +39,23 @@ class Paper : public PrintDevice {
     int failAt = -1, endAfter = 1'000'000;
 };
 
+ViewStyle InFixedFont() {
+    ViewStyle style;
+    style.font = {u"Fixed", 12, 0};
+    return style;
+}
+
 struct Job {
     explicit Job(std::u16string content) { document.text = std::move(content); }
     PrintEnd Print() {
         const StringText text(document.text);
-        PrintedText printed{text, document, plain, style, {}, u"The Title", wanted, lastWanted};
+        PrintedText printed{text,          document,     plain,  style,
+                            SystemStyle(), u"The Title", wanted, lastWanted};
         return PrintPages(printed, lines, pictures, paper);
     }
     Document document;
     bool plain = true;
-    ViewStyle style{.font = {u"Fixed", 12, 0}};
+    ViewStyle style = InFixedFont();
     std::function<bool(int)> wanted;
     int lastWanted = 1'000'000;
     NoneLineLayout lines;
@@ -142,10 +149,15 @@ TEST_CASE("print: an empty book is one page") {
 }
 
 TEST_CASE("print: white letters come out black, and other colours as they are") {
-    CHECK(OnPaper({.textColor = 0xFFFFFF, .backColor = 0x000000}).textColor == 0x000000);
-    CHECK(OnPaper({.textColor = 0x800000, .backColor = 0x000000}).textColor == 0x800000);
-    CHECK(OnPaper({.textColor = 0x000000, .backColor = 0x336699}).backColor == 0xFFFFFF);
-    CHECK(OnPaper({.rightMargin = 50'000}).rightMargin == 0);
+    ViewStyle style;
+    style.backColor = 0x000000;
+    style.rightMargin = 50'000;
+    style.textColor = 0xFFFFFF;
+    CHECK(OnPaper(style).textColor == 0x000000);
+    style.textColor = 0x800000;
+    CHECK(OnPaper(style).textColor == 0x800000);
+    CHECK(OnPaper(style).backColor == 0xFFFFFF);
+    CHECK(OnPaper(style).rightMargin == 0);
 }
 
 TEST_CASE("print: a row of a table stands on one page") {
