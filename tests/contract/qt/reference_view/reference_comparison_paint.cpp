@@ -28,6 +28,7 @@ bool IsSimilar(const QImage& one, const QImage& other) {
 void ReferenceComparison::CheckPaint() {
     const QColor selected(Qt::magenta);
     HighlightIn(selected);
+    Widget().Pane().OnTimer(PaneTimer::ScrollLabel); // over the text while a wheel turns
     const QRect view = Widget().viewport()->rect();
     const QImage all = Painted(view);
     const QRect part(Below(random_, view.width()), Below(random_, view.height()),
