@@ -13,7 +13,7 @@ COUNT = 3000
 FROM = 38, 139  # pixels from the dialog's left and lower edges to "Pages from", in Qt's own dialog
 
 
-@unittest.skipIf(ON_WINE, "Wine has no printer here; tests/contract prints on a device of GDI")
+@unittest.skipIf(ON_WINE, "Wine has no printer here")
 @unittest.skipUnless(shutil.which("pdftotext"), "poppler-utils is not installed")
 class Print(Story):
     def open(self, name="quay.txt", count=COUNT):
