@@ -9,7 +9,7 @@
 struct MainForm;
 
 void ToggleFullScreen(MainForm&);
-void LeaveFullScreen(MainForm&); // nothing while the window is one
+void LeaveFullScreen(MainForm&);        // nothing while the window is one
 void fwMain_Resize(MainForm&);          // moved, resized or changed state
 void fwMain_Zoom(MainForm&, int steps); // Ctrl and the wheel; each step is one point
 

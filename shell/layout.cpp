@@ -13,7 +13,8 @@ void LayOutWindow(Window& window, StatusBar& statusBar, TextView& textView, Html
     if (window.State() == WindowState::Minimized) return;
     FitStatusBar(statusBar, window); // the window may have come to another screen
     const int width = window.InnerWidth(), statusHeight = statusBar.Height();
-    const int beside = window.IsFullScreen() ? 0 : statusHeight; // full screen is for the book alone
+    const int beside =
+        window.IsFullScreen() ? 0 : statusHeight; // full screen is for the book alone
     const int height = std::max(window.InnerHeight() - beside, 0);
     statusBar.SetBounds({0, height, width, statusHeight}); // else below the lower edge
     window.SetPanelBounds({0, 0, width, height});

@@ -29,7 +29,7 @@ class TextPane {
     const TextSource& Source() const { return *text_; } // that of the file, however it is shown
     // With the same positions, in the lines that it is displayed in.
     const TextSource& ShownSource() const { return *context_.text; }
-    const Document& Text() const { return document_; }  // its text may not be the one displayed
+    const Document& Text() const { return document_; } // its text may not be the one displayed
     bool IsPlain() const { return context_.plain; }
     const ViewStyle& Style() const { return viewStyle_; }
     void SetStyle(const ViewStyle& style);
