@@ -52,8 +52,8 @@ class Window {
     virtual void Move(const Rect&) = 0;
     // Over the whole screen, without its frame. The menu bar is away until Alt is pressed or the
     // mouse touches the screen's upper edge, and goes again when it is left. `State` and `Bounds`
-    // say nothing about the window beneath then. `onResize` comes after each change, also one that
-    // the window system makes.
+    // say nothing about the window beneath then. `onResize` comes after each change, also when
+    // the window system ends it. A full screen that the window system makes is `Maximized`.
     virtual bool IsFullScreen() const = 0;
     virtual void SetFullScreen(bool) = 0;
     virtual int InnerWidth() const = 0; // pixels inside frame and menu

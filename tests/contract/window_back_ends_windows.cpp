@@ -33,7 +33,17 @@ class WinUnderTest final : public WindowUnderTest {
     }
     void Settle() override {
         int rounds = 0;
-        Becomes([&] { return ++rounds > 2; }, &window_);
+        ::Becomes([&] { return ++rounds > 2; }, &window_);
+    }
+    // Wine has told the X server, whose answers come later and count then.
+    bool Becomes(WindowState state) override {
+        int rounds = 0;
+        return ::Becomes(
+            [&] {
+                rounds = window_.State() == state ? rounds + 1 : 0;
+                return rounds > 10;
+            },
+            &window_);
     }
 
   private:

@@ -150,16 +150,13 @@ TEST_CASE("window contract: asked to come to the front, an icon is a window agai
         test.Settle();
         for (const char16_t* activation : {u"", u"files-1-desk_TIME12345", u"\"\\ no token"}) {
             window.SetState(WindowState::Minimized);
-            test.Settle();
-            CHECK(window.State() == WindowState::Minimized);
+            CHECK(test.Becomes(WindowState::Minimized));
             window.BringToFront(activation);
-            test.Settle();
-            CHECK(window.State() == WindowState::Normal);
+            CHECK(test.Becomes(WindowState::Normal));
         }
         window.SetState(WindowState::Maximized);
-        test.Settle();
+        CHECK(test.Becomes(WindowState::Maximized));
         window.BringToFront(u"");
-        test.Settle();
-        CHECK(window.State() == WindowState::Maximized);
+        CHECK(test.Becomes(WindowState::Maximized));
     });
 }

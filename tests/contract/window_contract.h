@@ -17,6 +17,11 @@ class WindowUnderTest {
     virtual std::vector<Rect> Screens() = 0; // what is free for windows
     virtual void DragTo(const Rect&) = 0;    // as its user does
     virtual void Settle() = 0;               // what the system has to say about it has come
+    // Whether it is in this state soon. Systems carry it out in their own time.
+    virtual bool Becomes(WindowState state) {
+        Settle();
+        return Get().State() == state;
+    }
 };
 
 struct WindowBackEnd {

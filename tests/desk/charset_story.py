@@ -16,7 +16,7 @@ SHORT = "Il babbo disse che la città era lontana e che faceva freddo."
 VIETNAMESE = "Ngày xửa ngày xưa có một ông vua già, ông có ba người con trai."
 VIETNAMESE_IN_VISCII = (b"Ng\xe0y x\xd8a ng\xe0y x\xdfa c\xf3 m\xb5t \xf4ng vua gi\xe0, \xf4ng c\xf3 ba "
                         b"ng\xdf\xb6i con trai.")
-UKRAINIAN = "Жили собі дід та баба, і була в них курочка ряба; знесла вона їм яєчко."
+UKRAINIAN = "Жили собі дід та баба, і була в них курочка, і їх яєчко."  # in one line of the column
 
 
 class Charset(Story):

@@ -2,7 +2,7 @@
 from harness import books
 from harness.screen import SIZE
 from harness.story import Story, main
-from harness.text_view import settled_strip, view_top
+from harness.text_view import settled_strip, wait_for_strip, view_top
 from harness.wait import wait_for
 from harness.wine import ON_WINE
 
@@ -45,7 +45,7 @@ class FullScreen(Story):
                 self.enter()
                 self.program.key(back)
                 self.wait_for_rectangle(self.window)
-                self.assertTrue(settled_strip(self.program).looks_like(strip))
+                wait_for_strip(self.program, strip)
         self.program.close()
 
     def test_menu(self):

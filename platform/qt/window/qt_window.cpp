@@ -102,7 +102,8 @@ void QtWindow::CloseFromSystem() {
 
 WindowState QtWindow::State() const {
     if (isMinimized()) return WindowState::Minimized;
-    return isMaximized() ? WindowState::Maximized : WindowState::Normal;
+    const bool filled = isMaximized() || (isFullScreen() && !fullScreen_);
+    return filled ? WindowState::Maximized : WindowState::Normal;
 }
 
 void QtWindow::SetState(WindowState state) {
@@ -155,6 +156,7 @@ void QtWindow::resizeEvent(QResizeEvent*) {
 void QtWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() != QEvent::WindowStateChange) return;
+    if (!isFullScreen()) fullScreen_ = false; // also when the window manager ends it
     LayOut();
     NotifyResize();
 }
@@ -178,7 +180,7 @@ bool QtWindow::eventFilter(QObject* object, QEvent* event) {
     if (object == windowHandle() && event->type() == QEvent::WindowUnblocked) Reactivate();
     const bool mouse = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::Wheel;
     if (object == windowHandle() && mouse) CallHandler(events_.onMouse);
-    if (object == windowHandle() && event->type() == QEvent::MouseMove && isFullScreen() &&
+    if (object == windowHandle() && event->type() == QEvent::MouseMove && IsFullScreen() &&
         static_cast<const QMouseEvent&>(*event).position().y() < upperEdge)
         ShowMenuBar();
     if (object == windowHandle() &&
@@ -205,7 +207,7 @@ bool QtWindow::HandleKey(const QKeyEvent& event) {
         CloseFromSystem();
         return true;
     }
-    if (pressed && event.key() == Qt::Key_Alt && isFullScreen()) ShowMenuBar();
+    if (pressed && event.key() == Qt::Key_Alt && IsFullScreen()) ShowMenuBar();
     if (QApplication::activePopupWidget()) return false; // the menu has grabbed the keyboard
     if (menuBarFocus_ && menuBarFocus_->HandleKey(event)) return false;
     const int code = KeyCodeOf(event);

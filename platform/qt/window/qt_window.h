@@ -45,7 +45,7 @@ class QtWindow final : public QWidget, public Window {
     void SetState(WindowState) override;
     Rect Bounds() const override;
     void Move(const Rect&) override;
-    bool IsFullScreen() const override { return isFullScreen(); }
+    bool IsFullScreen() const override { return fullScreen_ && isFullScreen(); }
     void SetFullScreen(bool) override;
     int InnerWidth() const override;
     int InnerHeight() const override;
@@ -100,7 +100,8 @@ class QtWindow final : public QWidget, public Window {
     std::optional<ShownInstead> shownInstead_;
     QPoint assumedCorner_; // used where the window system reports no positions (Wayland)
     QTimer settleTimer_;
-    QTimer menuBarTimer_; // runs while the menu bar is shown over a full screen
+    bool fullScreen_ = false; // by us; one that the window manager made is as if maximised
+    QTimer menuBarTimer_;     // runs while the menu bar is shown over a full screen
     struct {
         int code = 0, shift = 0;
     } pressedKey_;          // the last key press

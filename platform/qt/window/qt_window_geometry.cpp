@@ -49,10 +49,10 @@ void QtWindow::SetDefaultGeometry() {
 void QtWindow::LayOut() {
     const int menuHeight = menuBar_ ? menuBar_->heightForWidth(width()) : 0;
     // Above the upper edge, not hidden: a hidden one knows no keys.
-    const bool away = isFullScreen() && !menuBarTimer_.isActive();
+    const bool away = IsFullScreen() && !menuBarTimer_.isActive();
     if (menuBar_) menuBar_->setGeometry(0, away ? -menuHeight : 0, width(), menuHeight);
-    if (menuBar_ && isFullScreen()) menuBar_->raise();
-    const int top = isFullScreen() ? 0 : menuHeight;
+    if (menuBar_ && IsFullScreen()) menuBar_->raise();
+    const int top = IsFullScreen() ? 0 : menuHeight;
     const QRect innerArea(0, top, width(), std::max(0, height() - top));
     if (innerArea == inner_->geometry()) return;
     inner_->setGeometry(innerArea);
@@ -63,6 +63,7 @@ void QtWindow::SetFullScreen(bool on) {
     menuBarTimer_.stop();
     settleTimer_.stop(); // a place asked for just before would end the full screen
     requested_.reset();
+    fullScreen_ = on;
     setWindowState(on ? windowState() | Qt::WindowFullScreen
                       : windowState() & ~Qt::WindowFullScreen);
 }
@@ -82,7 +83,7 @@ void QtWindow::ShowMenuBar() {
 }
 
 void QtWindow::HideUnusedMenuBar() {
-    if (isFullScreen() && IsMenuBarUsed()) return;
+    if (IsFullScreen() && IsMenuBarUsed()) return;
     menuBarTimer_.stop();
     RestoreViewFocus();
     LayOut();
@@ -143,7 +144,7 @@ void QtWindow::SetClientGeometry(const QMargins& frame) {
 
 // The frame margins are known only after the window manager has reparented the window.
 void QtWindow::AdjustForFrame() {
-    if (!requested_ || !isVisible() || isFullScreen() || State() != WindowState::Normal) return;
+    if (!requested_ || !isVisible() || IsFullScreen() || State() != WindowState::Normal) return;
     if (const QMargins frame = FrameMargins(); std::exchange(assumedFrame_, frame) != frame)
         SetClientGeometry(frame);
 }

@@ -16,7 +16,8 @@ class ComingBack(Story):
         """A data file that knows the book, with these fields, and the window's size."""
         record = record_line(path, **({"Size": os.path.getsize(path), "Wrap": 1} | fields))
         with open(reader.data_path, "wb") as file:
-            file.write(data_file_bytes(record, Left=40, Top=30, Width=width, Height=height))
+            # In a column the text would stand elsewhere in a window of another width.
+            file.write(data_file_bytes(record, Left=40, Top=30, Width=width, Height=height, mViewColumn=0))
 
     def read_on(self, reader, path, pages, slack=0):
         """Goes some pages on and closes; returns the first lines then, with `slack` rows more for a
