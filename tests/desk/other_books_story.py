@@ -16,7 +16,7 @@ class OtherBooks(ComingBack):
         for wrap in (1, 0):
             with self.subTest(wrap=wrap):
                 reader = self.reader(f"program{wrap}")
-                self.prepare(reader, path, Wrap=wrap, **fields)
+                self.prepare(reader, path, column=False, Wrap=wrap, **fields)
                 strip = self.read_on(reader, path, pages, slack)
                 self.come_back(reader, path, strip)
                 self.set_size(reader, 680, 500)

@@ -12,12 +12,13 @@ MARGIN_CHANGE = 8  # pixels that the text may stand further left in a narrower w
 
 
 class ComingBack(Story):
-    def prepare(self, reader, path, width=860, height=700, **fields):
-        """A data file that knows the book, with these fields, and the window's size."""
+    def prepare(self, reader, path, width=860, height=700, column=True, **fields):
+        """A data file that knows the book, with these fields, and the window's size. In a column the
+        text stands elsewhere in a window of another width."""
         record = record_line(path, **({"Size": os.path.getsize(path), "Wrap": 1} | fields))
         with open(reader.data_path, "wb") as file:
-            # In a column the text would stand elsewhere in a window of another width.
-            file.write(data_file_bytes(record, Left=40, Top=30, Width=width, Height=height, mViewColumn=0))
+            look = {} if column else {"mViewColumn": 0}
+            file.write(data_file_bytes(record, Left=40, Top=30, Width=width, Height=height, **look))
 
     def read_on(self, reader, path, pages, slack=0):
         """Goes some pages on and closes; returns the first lines then, with `slack` rows more for a
