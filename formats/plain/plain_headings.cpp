@@ -29,7 +29,7 @@ void PlainHeadings::Add(std::u16string_view units) {
 
 void PlainHeadings::EndLine() {
     if (!current_.blank) current_.heading = HeadingLineOf(current_.text);
-    std::ranges::rotate(lines_, lines_.begin() + 1);
+    std::rotate(lines_.begin(), lines_.begin() + 1, lines_.end());
     lines_.back() = std::exchange(current_, {});
     Judge();
 }
