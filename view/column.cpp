@@ -105,8 +105,8 @@ std::vector<std::u16string> PageLines(const TextSource& text) {
     const TextPos step = text.Length() / samples;
     std::vector<std::u16string> longest;
     for (TextPos i = 0; i < samples && (i == 0 || step > 0); ++i) {
-        const std::u16string sample = text.Range(i * step, i * step + sampleLength);
-        for (const std::u16string_view line : LongestFlowingLines(sample, taken))
+        const std::u16string stretch = text.Range(i * step, i * step + sampleLength);
+        for (const std::u16string_view line : LongestFlowingLines(stretch, taken))
             longest.emplace_back(line);
     }
     return longest;

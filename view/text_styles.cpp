@@ -46,8 +46,8 @@ TextStyle StyleOf(const ViewFont& font, const SystemStyle& system) {
 
 // Where both are other colours than a view begins with, the reader chose them for each other.
 Color PlainTextColor(const ViewStyle& view, const SystemStyle& system) {
-    constexpr Color usualText = ViewStyle().textColor, usualBack = ViewStyle().backColor;
-    const bool areChosen = view.textColor != usualText && view.backColor != usualBack;
+    const ViewStyle usual;
+    const bool areChosen = view.textColor != usual.textColor && view.backColor != usual.backColor;
     if (!view.autoColor && areChosen) return view.textColor;
     return ReadableOn(view.backColor, view.autoColor ? system.text : view.textColor);
 }
