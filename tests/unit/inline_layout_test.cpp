@@ -228,7 +228,7 @@ TEST_CASE("inline extent: of a long text by slices") {
     for (int i = 0; i < 2000; ++i)
         text += u"abcde ";
     Page page(text);
-    const InlineExtent extent = ExtentOf(page.system, page.content);
+    const WidthExtent extent = ExtentOf(page.system, page.content);
     CHECK(extent.min == 5 * letter);
     CHECK(extent.max > 11'900 * letter);
     CHECK(extent.max <= 12'000 * letter);

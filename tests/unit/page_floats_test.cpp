@@ -15,7 +15,6 @@ constexpr auto left = FloatSide::Left, right = FloatSide::Right;
 
 TEST_CASE("page floats: stand beside each other as long as there is room, then below") {
     FloatContext floats;
-    CHECK(floats.IsEmpty());
     CHECK(floats.Add(left, 40, 20, 0, page) == Place{0, 0});
     CHECK(floats.Add(left, 40, 10, 0, page) == Place{40, 0});
     CHECK(floats.Add(right, 20, 30, 0, page) == Place{80, 0});

@@ -97,8 +97,7 @@ BoxEdges BoxMeasure::OfWidth(const CssBoxStyle& style, const CssInheritedStyle& 
     const bool rightToLeft = around.direction == CssDirection::RightToLeft;
     const double share = free > 0 ? FreeShare(style, around) : rightToLeft ? 1 : 0;
     edges.border.left = room.left + edges.marginLeft + free * share;
-    edges.content.left = edges.border.left + style.borderWidth[cssLeft] * scale_ +
-                         Length(style.padding[cssLeft], containing);
+    edges.content.left = edges.border.left + InsetLeft(style, containing);
     edges.content.right = edges.content.left + contentWidth;
     edges.border.right = edges.border.left + SideInsets(style, containing) + contentWidth;
     return edges;

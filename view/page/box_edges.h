@@ -31,6 +31,9 @@ class BoxMeasure {
     BoxInsets Insets(const CssBoxStyle& style, double containing) const;
     // Borders and paddings on both sides, and the margins.
     double SideInsets(const CssBoxStyle& style, double containing) const;
+    double InsetLeft(const CssBoxStyle& style, double containing) const {
+        return style.borderWidth[cssLeft] * scale_ + Length(style.padding[cssLeft], containing);
+    }
     double SideMargins(const CssBoxStyle& style, double containing) const;
 
     // The content's width as the style gives it, within its limits; negative for `auto`.

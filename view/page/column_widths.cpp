@@ -180,7 +180,7 @@ std::vector<double> ColumnWidths(const TableWidths& table) {
     return Distributed(columns, std::max(min, asked));
 }
 
-TableExtent ExtentOf(const TableWidths& table) {
+WidthExtent ExtentOf(const TableWidths& table) {
     const Columns columns = Measured(table);
     const double spacing = Spacing(table);
     const double min =

@@ -1,6 +1,8 @@
 // How wide the columns of a table are (CSS Tables 3, "Distributing Width to Columns").
 #pragma once
 
+#include "view/page/width_extent.h"
+
 #include <cstddef>
 #include <optional>
 #include <vector>
@@ -24,8 +26,5 @@ struct TableWidths {
 // One for each column, without spacing.
 std::vector<double> ColumnWidths(const TableWidths& table);
 
-// Of the table when each word has a line, and when no line is broken; with its spacing.
-struct TableExtent {
-    double min = 0, max = 0;
-};
-TableExtent ExtentOf(const TableWidths& table);
+// With its spacing.
+WidthExtent ExtentOf(const TableWidths& table);

@@ -35,7 +35,6 @@ class FloatContext {
 
     // Below the floats of these sides, at or below `top`.
     double ClearedTop(bool left, bool right, double top) const;
-    bool IsEmpty() const { return left_.empty() && right_.empty(); }
 
   private:
     // How far floats reach from a side, from a height down to the next one's.

@@ -44,9 +44,9 @@ std::size_t SliceLength(const std::vector<bool>& breaks) {
 }
 
 // Of a stretch without line separators.
-InlineExtent LineExtent(LineLayout& system, const InlineContent& content, TextPos start,
-                        TextPos end) {
-    InlineExtent extent;
+WidthExtent LineExtent(LineLayout& system, const InlineContent& content, TextPos start,
+                       TextPos end) {
+    WidthExtent extent;
     const std::u16string_view text = content.text.text;
     while (start < end) {
         std::u16string_view slice =
@@ -64,12 +64,12 @@ InlineExtent LineExtent(LineLayout& system, const InlineContent& content, TextPo
 }
 } // namespace
 
-InlineExtent ExtentOf(LineLayout& system, const InlineContent& content) {
-    InlineExtent extent;
+WidthExtent ExtentOf(LineLayout& system, const InlineContent& content) {
+    WidthExtent extent;
     const std::u16string& text = content.text.text;
     for (std::size_t start = 0; start < text.size();) {
         const std::size_t end = std::min(text.find(lineSeparator, start), text.size());
-        const InlineExtent line = LineExtent(system, content, TextPos(start), TextPos(end));
+        const WidthExtent line = LineExtent(system, content, TextPos(start), TextPos(end));
         const double indent = start == 0 ? std::max(0.0, content.textIndent) : 0;
         // Lines break at whole pixels.
         extent.min = std::max(extent.min, std::ceil(line.min + indent));

@@ -61,8 +61,12 @@ class InlineLayouter {
         InlinePiece piece{at_, system_.BreakLines(Paragraph(edges, end))};
         const std::size_t before = result_.lines.size();
         // A break at the end begins no line.
-        for (int i = 0; at_ < end_ && i < piece.lines->Count() && CanPlace(piece, i, edges); ++i)
-            Place(piece, i, edges);
+        for (int i = 0; at_ < end_ && i < piece.lines->Count(); ++i) {
+            const TextPos lineEnd = piece.start + piece.lines->Line(i).end;
+            const LineBox box = LineBoxOf(system_, content_, at_, lineEnd);
+            if (!CanPlace(piece, i, edges, box.Height())) break;
+            Place(piece, i, edges, box);
+        }
         if (result_.lines.size() > before) result_.pieces.push_back(std::move(piece));
     }
 
@@ -79,12 +83,11 @@ class InlineLayouter {
     double Indent(TextPos lineStart) const { return lineStart == 0 ? content_.textIndent : 0; }
 
     // False when the lines from this one on are to be broken anew.
-    bool CanPlace(const InlinePiece& piece, int number, InlineEdges edges) {
+    bool CanPlace(const InlinePiece& piece, int number, InlineEdges edges, double height) {
         const TextLine& line = piece.lines->Line(number);
         const TextPos end = piece.start + line.end;
         const bool cut = number + 1 == piece.lines->Count() && end < end_;
         if (cut && number > 0) return false; // more of the text may belong into it
-        const double height = LineBoxOf(system_, content_, at_, end).Height();
         if (RoomFor(height) != edges) {
             // Broken for the height of the block's font; now for its own.
             if (number > 0) return false;
@@ -128,10 +131,9 @@ class InlineLayouter {
         return before + content_.floats[nextFloat_].width <= edges.Width();
     }
 
-    void Place(const InlinePiece& piece, int number, InlineEdges edges) {
+    void Place(const InlinePiece& piece, int number, InlineEdges edges, const LineBox& box) {
         const TextLine& line = piece.lines->Line(number);
         const TextPos end = piece.start + line.end;
-        const LineBox box = LineBoxOf(system_, content_, at_, end);
         const double left = edges.left + Shift(line, edges);
         for (; nextAtom_ < content_.atoms.size(); ++nextAtom_) {
             const InlineAtom& atom = content_.atoms[nextAtom_];

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "view/page/inline_content.h"
+#include "view/page/width_extent.h"
 
 #include <memory>
 
@@ -36,8 +37,4 @@ struct InlineLayout {
 InlineLayout LayOutInline(LineLayout& system, const InlineContent& content, InlineEdges room,
                           double top, FloatContext& floats);
 
-// The widths of the longest stretch without a place to break, and of all in one line.
-struct InlineExtent {
-    double min = 0, max = 0;
-};
-InlineExtent ExtentOf(LineLayout& system, const InlineContent& content);
+WidthExtent ExtentOf(LineLayout& system, const InlineContent& content);

@@ -1,15 +1,12 @@
 #include "view/page/list_marker.h"
 
+#include "common/text.h"
+
 #include <algorithm>
 #include <string_view>
 
 namespace {
 constexpr int maxRoman = 3999;
-
-std::u16string Decimal(int number) {
-    const std::string digits = std::to_string(number);
-    return {digits.begin(), digits.end()};
-}
 
 // a to z, then aa: no letter is a zero.
 std::u16string Letters(int number, std::u16string_view letters) {
@@ -45,15 +42,17 @@ std::u16string Number(CssListStyleType type, int number) {
     constexpr std::u16string_view greek = u"αβγδεζηθικλμνξοπρστυφχψω";
     const bool positive = number > 0, roman = positive && number <= maxRoman;
     switch (type) {
-    case CssListStyleType::LowerAlpha: return positive ? Letters(number, latin) : Decimal(number);
+    case CssListStyleType::LowerAlpha:
+        return positive ? Letters(number, latin) : NumberText(number);
     case CssListStyleType::UpperAlpha:
-        return positive ? Upper(Letters(number, latin)) : Decimal(number);
-    case CssListStyleType::LowerGreek: return positive ? Letters(number, greek) : Decimal(number);
-    case CssListStyleType::LowerRoman: return roman ? Roman(number) : Decimal(number);
-    case CssListStyleType::UpperRoman: return roman ? Upper(Roman(number)) : Decimal(number);
+        return positive ? Upper(Letters(number, latin)) : NumberText(number);
+    case CssListStyleType::LowerGreek:
+        return positive ? Letters(number, greek) : NumberText(number);
+    case CssListStyleType::LowerRoman: return roman ? Roman(number) : NumberText(number);
+    case CssListStyleType::UpperRoman: return roman ? Upper(Roman(number)) : NumberText(number);
     case CssListStyleType::DecimalLeadingZero:
-        return (number >= 0 && number < 10 ? u"0" : u"") + Decimal(number);
-    default: return Decimal(number);
+        return (number >= 0 && number < 10 ? u"0" : u"") + NumberText(number);
+    default: return NumberText(number);
     }
 }
 } // namespace

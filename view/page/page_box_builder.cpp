@@ -1,5 +1,6 @@
 #include "view/page/page_box_builder.h"
 
+#include "formats/html/html_units.h"
 #include "view/page/html_number.h"
 
 #include <algorithm>
@@ -12,18 +13,14 @@ const CssBoxStyle anonymousStyle = [] {
     return style;
 }();
 
-bool IsSpace(char16_t unit) {
-    return unit == u' ' || unit == u'\t' || unit == u'\n' || unit == u'\r' || unit == u'\f';
-}
-
 // Whether a text alone makes no line.
 bool Collapses(std::u16string_view text, CssWhiteSpace whiteSpace) {
     switch (whiteSpace) {
     case CssWhiteSpace::Normal:
-    case CssWhiteSpace::NoWrap: return std::all_of(text.begin(), text.end(), IsSpace);
+    case CssWhiteSpace::NoWrap: return std::all_of(text.begin(), text.end(), IsHtmlSpace);
     case CssWhiteSpace::PreLine:
         return std::all_of(text.begin(), text.end(),
-                           [](char16_t unit) { return IsSpace(unit) && unit != u'\n'; });
+                           [](char16_t unit) { return IsHtmlSpace(unit) && unit != u'\n'; });
     case CssWhiteSpace::Pre:
     case CssWhiteSpace::PreWrap:
     case CssWhiteSpace::BreakSpaces: break;
@@ -155,16 +152,21 @@ class PageBoxBuilder {
 
     int CountItems(HtmlNodeId list) const {
         int items = 0;
-        for (HtmlNodeId child = tree_[list].firstChild; child != noHtmlNode;
-             child = tree_[child].nextSibling)
+        ForChildren(list, [&](HtmlNodeId child) {
             if (DisplayOf(child) == CssDisplay::ListItem) ++items;
+        });
         return items;
     }
 
-    void VisitChildren(HtmlNodeId node) {
-        for (HtmlNodeId child = tree_[node].firstChild; child != noHtmlNode;
+    template <typename Do>
+    void ForChildren(HtmlNodeId parent, Do work) const {
+        for (HtmlNodeId child = tree_[parent].firstChild; child != noHtmlNode;
              child = tree_[child].nextSibling)
-            Visit(child);
+            work(child);
+    }
+
+    void VisitChildren(HtmlNodeId node) {
+        ForChildren(node, [&](HtmlNodeId child) { Visit(child); });
     }
 
     void Visit(HtmlNodeId id) {
@@ -235,9 +237,8 @@ class PageBoxBuilder {
     // of their own, as many as come together.
     void BuildRowsOf(HtmlNodeId parent) {
         bool inRow = false;
-        for (HtmlNodeId child = tree_[parent].firstChild; child != noHtmlNode;
-             child = tree_[child].nextSibling) {
-            if (!IsShownPart(child)) continue;
+        ForChildren(parent, [&](HtmlNodeId child) {
+            if (!IsShownPart(child)) return;
             const CssDisplay display = DisplayOf(child);
             const bool part = IsTablePart(display) && display != CssDisplay::TableCell;
             if (part && inRow) CloseRow(child);
@@ -247,7 +248,7 @@ class PageBoxBuilder {
                 BuildTablePart(child, display);
             else
                 BuildCell(child);
-        }
+        });
         if (inRow) CloseRow(tree_.NextBehind(parent));
     }
 
@@ -276,9 +277,9 @@ class PageBoxBuilder {
 
     void BuildRow(HtmlNodeId row) {
         Open(PageBoxKind::Row, row);
-        for (HtmlNodeId child = tree_[row].firstChild; child != noHtmlNode;
-             child = tree_[child].nextSibling)
+        ForChildren(row, [&](HtmlNodeId child) {
             if (IsShownPart(child)) BuildCell(child);
+        });
         CloseRow(tree_.NextBehind(row));
     }
 
@@ -304,11 +305,9 @@ class PageBoxBuilder {
 
     void BuildColumns(HtmlNodeId columns) {
         Open(PageBoxKind::Columns, columns);
-        for (HtmlNodeId child = tree_[columns].firstChild; child != noHtmlNode;
-             child = tree_[child].nextSibling)
-            if (tree_[child].IsElement() &&
-                styles_.Of(child).box->display == CssDisplay::TableColumn)
-                BuildColumn(child);
+        ForChildren(columns, [&](HtmlNodeId child) {
+            if (DisplayOf(child) == CssDisplay::TableColumn) BuildColumn(child);
+        });
         Close();
     }
 

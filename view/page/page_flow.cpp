@@ -32,12 +32,6 @@ double PageFlow::Estimate(const PageZone& zone) const {
     return (lines + 1) * em * 1.2;
 }
 
-std::size_t PageFlow::ZoneOf(PageBoxId box) const {
-    const auto zone = std::upper_bound(zones_.begin(), zones_.end() - 1, box,
-                                       [](PageBoxId b, const PageZone& z) { return b < z.end; });
-    return std::size_t(zone - zones_.begin());
-}
-
 PageFragmentPtr PageFlow::LayOut(std::size_t zone) {
     const auto known = std::find_if(kept_.begin(), kept_.end(),
                                     [&](const Kept& kept) { return kept.zone == zone; });

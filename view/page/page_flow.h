@@ -17,7 +17,6 @@ class PageFlow {
 
     std::size_t ZoneCount() const { return zones_.size(); }
     const PageZone& Zone(std::size_t zone) const { return zones_[zone]; }
-    std::size_t ZoneOf(PageBoxId box) const;
     // Laid out if it is not at hand. Its height becomes exact.
     PageFragmentPtr LayOut(std::size_t zone);
     // Lays out up to so many zones whose height is an estimate, from the first on. False when there

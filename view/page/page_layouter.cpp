@@ -60,8 +60,7 @@ bool IsFlowLeaf(const PageBox& box) {
 PageFragmentPtr PageLayouter::LayOutBlock(PageBoxId id, double contentWidth, double containing) {
     const PageBox& box = boxes_[id];
     const BoxInsets insets = measure_.Insets(*box.style, containing);
-    const double left = box.style->borderWidth[cssLeft] * measure_.Scale() +
-                        measure_.Length(box.style->padding[cssLeft], containing);
+    const double left = measure_.InsetLeft(*box.style, containing);
     auto fragment = std::make_shared<PageFragment>();
     fragment->width = contentWidth + measure_.SideInsets(*box.style, containing);
     if (HasVisibleBox(box)) fragment->boxes.push_back({id, 0, 0, fragment->width, 0, false, false});
@@ -86,7 +85,7 @@ PageFragmentPtr PageLayouter::LayOutShrunk(PageBoxId id, double containing) {
     if (box.kind == PageBoxKind::Table) return LayOutTable(*this, id, containing - margins);
     double width = measure_.GivenWidth(*box.style, containing);
     if (width < 0) {
-        const InlineExtent extent = ContentExtent(id);
+        const WidthExtent extent = ContentExtent(id);
         const double room = containing - margins - measure_.SideInsets(*box.style, containing);
         width = std::ceil(std::min(extent.max, std::max(extent.min, room)));
         width = measure_.LimitWidth(*box.style, containing, width);
@@ -121,27 +120,30 @@ PageFragmentPtr PageLayouter::LayOutPicture(PageBoxId id, double containing) {
     fragment->height = insets.Top() + size.height + insets.Bottom();
     if (HasVisibleBox(box))
         fragment->boxes.push_back({id, 0, 0, fragment->width, fragment->height, false, false});
-    const double left = box.style->borderWidth[cssLeft] * measure_.Scale() +
-                        measure_.Length(box.style->padding[cssLeft], containing);
+    const double left = measure_.InsetLeft(*box.style, containing);
     fragment->pictures.push_back({id, left, insets.Top(), double(size.width), double(size.height)});
     return fragment;
+}
+
+PlacedPart PageLayouter::PartOf(PageBoxId id, double containing) {
+    const CssBoxStyle& style = *boxes_[id].style;
+    return {measure_.Margin(style, cssLeft, containing), measure_.Margin(style, cssTop, containing),
+            LayOutShrunk(id, containing)};
 }
 
 void PageLayouter::AddAtom(const LinesText::Place& place, double containing,
                            LinesContent& content) {
     const PageBox& box = boxes_[place.box];
     const CssBoxStyle& style = *box.style;
-    PlacedPart part;
-    part.fragment = LayOutShrunk(place.box, containing);
-    part.left = measure_.Margin(style, cssLeft, containing);
-    part.top = measure_.Margin(style, cssTop, containing);
+    PlacedPart part = PartOf(place.box, containing);
+    const PageFragment& fragment = *part.fragment;
     const double below = measure_.Margin(style, cssBottom, containing);
     InlineAtom atom;
     atom.at = place.at;
-    atom.width = part.fragment->width + measure_.SideMargins(style, containing);
-    atom.height = part.top + part.fragment->height + below;
-    const double baseline = box.kind == PageBoxKind::Picture ? -1 : LastBaseline(*part.fragment);
-    if (baseline >= 0) atom.belowBaseline = part.fragment->height - baseline + below;
+    atom.width = fragment.width + measure_.SideMargins(style, containing);
+    atom.height = part.top + fragment.height + below;
+    const double baseline = box.kind == PageBoxKind::Picture ? -1 : LastBaseline(fragment);
+    if (baseline >= 0) atom.belowBaseline = fragment.height - baseline + below;
     atom.align = AlignOf(style.verticalAlign);
     if (style.verticalAlign == CssVerticalAlign::Length)
         atom.raise = measure_.Length(style.verticalShift, 0);
@@ -153,15 +155,12 @@ void PageLayouter::AddAtom(const LinesText::Place& place, double containing,
 void PageLayouter::AddFloat(const LinesText::Place& place, double containing,
                             LinesContent& content) {
     const CssBoxStyle& style = *boxes_[place.box].style;
-    PlacedPart part;
-    part.fragment = LayOutShrunk(place.box, containing);
-    part.left = measure_.Margin(style, cssLeft, containing);
-    part.top = measure_.Margin(style, cssTop, containing);
+    PlacedPart part = PartOf(place.box, containing);
     const double width = part.fragment->width + measure_.SideMargins(style, containing);
-    const double height =
-        part.top + part.fragment->height + measure_.Margin(style, cssBottom, containing);
+    const double below = measure_.Margin(style, cssBottom, containing);
     const FloatSide side = style.floats == CssFloat::Left ? FloatSide::Left : FloatSide::Right;
-    content.content->floats.push_back({place.at, side, width, height});
+    content.content->floats.push_back(
+        {place.at, side, width, part.top + part.fragment->height + below});
     content.floats.push_back(std::move(part));
 }
 
@@ -182,9 +181,9 @@ LinesContent PageLayouter::ContentOf(PageBoxId lines, double containing) {
     return result;
 }
 
-InlineExtent PageLayouter::ExtentOfBox(PageBoxId id) {
+WidthExtent PageLayouter::ExtentOfBox(PageBoxId id) {
     const CssBoxStyle& style = *boxes_[id].style;
-    InlineExtent extent;
+    WidthExtent extent;
     const double given = measure_.GivenWidth(style, 0);
     if (boxes_[id].kind == PageBoxKind::Picture)
         extent.min = extent.max = PictureContentSize(id, 0).width;
@@ -196,30 +195,31 @@ InlineExtent PageLayouter::ExtentOfBox(PageBoxId id) {
     return {extent.min + sides, extent.max + sides};
 }
 
-InlineExtent PageLayouter::ContentExtent(PageBoxId id) {
+WidthExtent PageLayouter::ContentExtent(PageBoxId id) {
     const auto known = extents_.find(id);
     if (known != extents_.end()) return known->second;
     return extents_[id] = MeasureContent(id);
 }
 
-InlineExtent PageLayouter::MeasureContent(PageBoxId id) {
+WidthExtent PageLayouter::MeasureContent(PageBoxId id) {
     const PageBox& box = boxes_[id];
     if (box.kind == PageBoxKind::Lines) return LinesExtent(id);
     if (box.kind == PageBoxKind::Table) return TableExtentOf(*this, id);
-    InlineExtent widest;
+    WidthExtent widest;
     for (PageBoxId child = boxes_.FirstChild(id); child != noPageBox;
          child = boxes_[child].nextSibling) {
-        const InlineExtent extent = ExtentOfBox(child);
+        const WidthExtent extent = ExtentOfBox(child);
         widest = {std::max(widest.min, extent.min), std::max(widest.max, extent.max)};
     }
     return widest;
 }
 
 // With the boxes in the lines as narrow as they can be, and as wide as they ask for.
-InlineExtent PageLayouter::LinesExtent(PageBoxId lines) {
+WidthExtent PageLayouter::LinesExtent(PageBoxId lines) {
     const LinesText text = content_.TextOf(lines);
     text.content->textIndent = measure_.Length(boxes_[lines].text->textIndent, 0);
-    const auto measure = [&](double InlineExtent::*width) {
+    if (text.boxes.empty()) return ExtentOf(lines_, *text.content);
+    const auto measure = [&](double WidthExtent::*width) {
         text.content->text.boxes.clear();
         text.content->floats.clear();
         for (const LinesText::Place& place : text.boxes) {
@@ -232,7 +232,5 @@ InlineExtent PageLayouter::LinesExtent(PageBoxId lines) {
         }
         return ExtentOf(lines_, *text.content).*width;
     };
-    const double max = measure(&InlineExtent::max);
-    return {text.boxes.empty() ? ExtentOf(lines_, *text.content).min : measure(&InlineExtent::min),
-            max};
+    return {measure(&WidthExtent::min), measure(&WidthExtent::max)};
 }

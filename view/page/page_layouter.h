@@ -60,13 +60,14 @@ class PageLayouter {
     LinesContent ContentOf(PageBoxId lines, double containing);
 
     // Of the margin box, of which percentages are nothing.
-    InlineExtent ExtentOfBox(PageBoxId box);
+    WidthExtent ExtentOfBox(PageBoxId box);
 
   private:
-    InlineExtent ContentExtent(PageBoxId box);
-    InlineExtent MeasureContent(PageBoxId box);
-    InlineExtent LinesExtent(PageBoxId lines);
+    WidthExtent ContentExtent(PageBoxId box);
+    WidthExtent MeasureContent(PageBoxId box);
+    WidthExtent LinesExtent(PageBoxId lines);
     Size PictureContentSize(PageBoxId box, double containing);
+    PlacedPart PartOf(PageBoxId box, double containing); // at its place in its margins
     void AddAtom(const LinesText::Place& place, double containing, LinesContent& content);
     void AddFloat(const LinesText::Place& place, double containing, LinesContent& content);
 
@@ -75,7 +76,7 @@ class PageLayouter {
     LineLayout& lines_;
     BoxMeasure measure_;
     // Of contents: boxes in boxes ask again and again.
-    std::unordered_map<PageBoxId, InlineExtent> extents_;
+    std::unordered_map<PageBoxId, WidthExtent> extents_;
 };
 
 // Whether a box in the flow is laid out by itself: floats and margins do not go through it.

@@ -1,6 +1,7 @@
 #include "view/page/page_text.h"
 
 #include "common/text.h"
+#include "formats/html/html_units.h"
 #include "view/page/html_number.h"
 #include "view/page/list_marker.h"
 #include "view/page/page_box_builder.h"
@@ -19,9 +20,6 @@ bool KeepsSpaces(CssWhiteSpace whiteSpace) {
 }
 bool KeepsBreaks(CssWhiteSpace whiteSpace) {
     return KeepsSpaces(whiteSpace) || whiteSpace == CssWhiteSpace::PreLine;
-}
-bool IsCollapsible(char16_t unit) {
-    return unit == u' ' || unit == u'\t' || unit == u'\n' || unit == u'\f' || unit == u'\r';
 }
 
 class LinesReader {
@@ -216,7 +214,7 @@ class LinesReader {
                 else
                     AddBreak(i);
                 whiteSpaceEnds_ = true;
-            } else if (!keepsSpaces && IsCollapsible(unit)) {
+            } else if (!keepsSpaces && IsHtmlSpace(unit)) {
                 if (!whiteSpaceEnds_) AddUnit(u' ', i);
                 whiteSpaceEnds_ = true;
             } else {

@@ -7,11 +7,6 @@
 #include <numeric>
 
 namespace {
-struct CellLayout {
-    PageFragmentPtr fragment;
-    double height = 0; // that it asks for
-};
-
 class TableLayouter {
   public:
     TableLayouter(PageLayouter& layouter, PageBoxId table)
@@ -22,10 +17,7 @@ class TableLayouter {
         spacingY_ = collapse ? 0 : table_.text->borderSpacingY * measure_.Scale();
     }
 
-    InlineExtent Extent() {
-        const TableExtent extent = ExtentOf(Widths(0));
-        return {extent.min, extent.max};
-    }
+    WidthExtent Extent() { return ExtentOf(Widths(0)); }
 
     PageFragmentPtr LayOut(double room) {
         auto fragment = std::make_shared<PageFragment>();
@@ -55,7 +47,7 @@ class TableLayouter {
         return widths;
     }
 
-    CellWidth CellWidthOf(const GridCell& cell, InlineExtent extent) const {
+    CellWidth CellWidthOf(const GridCell& cell, WidthExtent extent) const {
         const CssBoxStyle& style = *layouter_.Box(cell.box).style;
         CellWidth width;
         width.column = cell.column;
@@ -82,24 +74,20 @@ class TableLayouter {
         return lefts_[cell.column + cell.columns] - spacingX_ - lefts_[cell.column];
     }
 
-    CellLayout LayOutCell(const GridCell& cell) {
-        const CssBoxStyle& style = *layouter_.Box(cell.box).style;
+    PageFragmentPtr LayOutCell(const GridCell& cell) {
         const double width = Width(cell);
-        const double content = std::max(0.0, width - measure_.SideInsets(style, width));
-        CellLayout layout;
-        layout.fragment = layouter_.LayOutBlock(cell.box, content, width);
-        layout.height = layout.fragment->height;
-        return layout;
+        const double insets = measure_.SideInsets(*layouter_.Box(cell.box).style, width);
+        return layouter_.LayOutBlock(cell.box, std::max(0.0, width - insets), width);
     }
 
     // Each row as high as its highest cell; one over several rows makes the last of them higher.
-    std::vector<double> RowHeights(const std::vector<CellLayout>& layouts) const {
+    std::vector<double> RowHeights(const std::vector<PageFragmentPtr>& layouts) const {
         std::vector<double> heights;
         for (const PageBoxId row : grid_.rows)
             heights.push_back(std::max(0.0, measure_.GivenHeight(*layouter_.Box(row).style)));
         for (std::size_t i = 0; i < grid_.cells.size(); ++i) {
             const GridCell& cell = grid_.cells[i];
-            if (cell.rows == 1) heights[cell.row] = std::max(heights[cell.row], layouts[i].height);
+            if (cell.rows == 1) heights[cell.row] = std::max(heights[cell.row], layouts[i]->height);
         }
         for (std::size_t i = 0; i < grid_.cells.size(); ++i) {
             const GridCell& cell = grid_.cells[i];
@@ -107,13 +95,13 @@ class TableLayouter {
             const auto first = heights.begin() + std::ptrdiff_t(cell.row);
             const auto last = first + std::ptrdiff_t(cell.rows) - 1;
             const double others = std::accumulate(first, last, spacingY_ * double(cell.rows - 1));
-            *last = std::max(*last, layouts[i].height - others);
+            *last = std::max(*last, layouts[i]->height - others);
         }
         return heights;
     }
 
     void AddRows(PageFragment& fragment, double room) {
-        std::vector<CellLayout> layouts;
+        std::vector<PageFragmentPtr> layouts;
         for (const GridCell& cell : grid_.cells)
             layouts.push_back(LayOutCell(cell));
         const std::vector<double> heights = RowHeights(layouts);
@@ -129,20 +117,15 @@ class TableLayouter {
         const double bottom = std::max(at, top + measure_.GivenHeight(*table_.style));
         PlaceTableBox(fragment, fragment.height, bottom + insets.Bottom() - fragment.height);
         PlaceRowBoxes(fragment, tops, heights, room);
-        const double left = ContentLeft(room);
+        const double left = measure_.InsetLeft(*table_.style, room);
         for (std::size_t i = 0; i < layouts.size(); ++i) {
             const GridCell& cell = grid_.cells[i];
             const std::size_t last = cell.row + cell.rows - 1;
             const double height = tops[last] + heights[last] - tops[cell.row];
             fragment.parts.push_back({left + lefts_[cell.column], tops[cell.row],
-                                      Stretched(layouts[i].fragment, cell.box, height)});
+                                      Stretched(layouts[i], cell.box, height)});
         }
         fragment.height = bottom + insets.Bottom();
-    }
-
-    double ContentLeft(double room) const {
-        return table_.style->borderWidth[cssLeft] * measure_.Scale() +
-               measure_.Length(table_.style->padding[cssLeft], room);
     }
 
     void PlaceTableBox(PageFragment& fragment, double top, double height) const {
@@ -152,7 +135,7 @@ class TableLayouter {
 
     void PlaceRowBoxes(PageFragment& fragment, const std::vector<double>& tops,
                        const std::vector<double>& heights, double room) const {
-        const double left = ContentLeft(room) + spacingX_;
+        const double left = measure_.InsetLeft(*table_.style, room) + spacingX_;
         const double width =
             fragment.width - measure_.SideInsets(*table_.style, room) - 2 * spacingX_;
         for (std::size_t i = 0; i < grid_.rows.size(); ++i)
@@ -214,6 +197,6 @@ PageFragmentPtr LayOutTable(PageLayouter& layouter, PageBoxId table, double room
     return TableLayouter(layouter, table).LayOut(room);
 }
 
-InlineExtent TableExtentOf(PageLayouter& layouter, PageBoxId table) {
+WidthExtent TableExtentOf(PageLayouter& layouter, PageBoxId table) {
     return TableLayouter(layouter, table).Extent();
 }

@@ -6,4 +6,4 @@
 // With its captions and without its margins; at most as wide as the room, unless its words are.
 PageFragmentPtr LayOutTable(PageLayouter& layouter, PageBoxId table, double room);
 // Of its content, without its borders.
-InlineExtent TableExtentOf(PageLayouter& layouter, PageBoxId table);
+WidthExtent TableExtentOf(PageLayouter& layouter, PageBoxId table);
