@@ -52,18 +52,22 @@ void BenchProfiles() {
     Row("look at each file of one history (the peer)", looks, looks);
 }
 
+// The book's line of the history, with 1,000 marks.
+std::string LineOfMarkedBook(const std::filesystem::path& book) {
+    std::string places;
+    for (int i = 1; i <= marks; ++i)
+        places += std::to_string(i * 3000) + ",40|";
+    return book.string() +
+           "=2026:11:21:10:20:30=0=Noto Sans=12=0=0=0=0=0=1=0=0=16777215=0=18==" + places + "\r\n";
+}
+
 // A book of its own with 1,000 marks, and one more that comes and goes.
 void BenchBookmarks(const std::string& text) {
     const TemporaryFolder folder;
     const auto book = folder.path / "book.txt";
     WriteFile(book, text);
-    std::string places;
-    for (int i = 1; i <= marks; ++i)
-        places += std::to_string(i * 3000) + ",40|";
     WriteFile(folder.path / "Norvaset.dat",
-              "[mProfileList]\r\n0=Ann\r\n[Ann\\mFileList]\r\n" + book.string() +
-                  "=2026:11:21:10:20:30=0=Noto Sans=12=0=0=0=0=0=1=0=0=16777215=0=18==" + places +
-                  "\r\n");
+              "[mProfileList]\r\n0=Ann\r\n[Ann\\mFileList]\r\n" + LineOfMarkedBook(book));
     MainForm form(PortsIn(folder.path));
     if (!Form_Load(form)) return;
     auto& menus = static_cast<NoneMenuBar&>(*form.ports.menuBar);
@@ -83,14 +87,9 @@ void BenchAutosave(const std::string& text) {
     const TemporaryFolder folder;
     const auto book = folder.path / "book.txt";
     WriteFile(book, text);
-    std::string places;
-    for (int i = 1; i <= marks; ++i)
-        places += std::to_string(i * 3000) + ",40|";
     const std::string sections = HistoryOf(folder.path, "Ann");
     WriteFile(folder.path / "Norvaset.dat",
-              "[mProfileList]\r\n0=Ann\r\n" + sections + book.string() +
-                  "=2026:11:21:10:20:30=0=Noto Sans=12=0=0=0=0=0=1=0=0=16777215=0=18==" + places +
-                  "\r\n");
+              "[mProfileList]\r\n0=Ann\r\n" + sections + LineOfMarkedBook(book));
     MainForm form(PortsIn(folder.path));
     if (!Form_Load(form)) return;
     OpenBook(form, Utf8ToUtf16(book.string()));
