@@ -4,8 +4,8 @@
 #include "common/geometry.h"
 #include "view/geometry.h"
 
-enum class PaneTimer { CaretBlink, AutoScroll, ScrollLabel, Headings };
-constexpr int paneTimers = 4;
+enum class PaneTimer { CaretBlink, AutoScroll, ScrollLabel, Headings, Measuring };
+constexpr int paneTimers = 5;
 
 // Vertically in positions of the text, because a text of any length has no height in pixels;
 // horizontally in pixels.

@@ -4,9 +4,9 @@
 
 #include "view/caret_moves.h"
 #include "view/heading_index.h"
-#include "view/pane_window.h"
 #include "view/placeholder.h"
 #include "view/text_scroller.h"
+#include "view/view_pane.h"
 
 #include <algorithm>
 #include <functional>
@@ -15,9 +15,7 @@
 #include <string>
 #include <vector>
 
-enum class PaneKey { Left, Right, Up, Down, PageUp, PageDown, Home, End, Space };
-
-class TextPane {
+class TextPane : public ViewPane {
   public:
     // The arguments must outlive this object. Nothing is asked of the window before it is shown a
     // text or asked something.
@@ -34,7 +32,7 @@ class TextPane {
     const ViewStyle& Style() const { return viewStyle_; }
     void SetStyle(const ViewStyle& style);
     const SystemStyle& System() const { return system_; }
-    void SetSystemStyle(const SystemStyle& style);
+    void SetSystemStyle(const SystemStyle& style) override;
 
     void Select(TextPos anchor, TextPos caret); // clamped to the text
     TextPos SelStart() const { return std::min(anchor_, caret_); }
@@ -47,43 +45,46 @@ class TextPane {
     TextLayouts& Layouts();
     TextPos PositionAtPoint(Point point); // the nearest position
     TextPos CharacterAtPoint(Point point);
-    std::optional<Rect> CaretRect();      // none if it is out of view
+    std::optional<Rect> CaretRect() override;
     Rect CharacterRect(TextPos position); // above or below the view if the character is out of view
     void Reveal(TextPos position);
     void RevealHorizontally(TextPos start, TextPos end); // as far as both are in one line
     void OnScrolled();                                   // call it after using the scroller
 
     // What the user does. `extend` keeps the selection's other end.
-    bool Press(PaneKey key, bool extend, bool control); // whether the key means something
-    // Of the main button: by a character (1), a word (2) or a paragraph (3).
-    void Click(Point point, int count, bool extend);
-    void DragTo(Point point);
-    void EndDrag();
-    void ScrollLines(int lines);
-    void ScrollPage(bool down);
+    bool Press(PaneKey key, bool extend, bool control) override;
+    void Click(Point point, int count, bool extend) override;
+    void DragTo(Point point) override;
+    void EndDrag() override;
+    bool IsLink(Point point) override { return IsPlaceholderLink(point); }
+    void PrepareContextMenu(Point point) override;
+    void SelectAll() override { Select(0, text_->Length()); }
+    void ScrollLines(int lines) override;
+    void ScrollPage(bool down) override;
+    int VerticalValue() override { return Scroller().TopAsPosition(); }
+    void ScrollToValue(int value) override { ScrollTo(value); }
     void ScrollTo(TextPos position); // by the vertical scroll bar
-    void ScrollBy(Point pixels);
-    void ScrollToX(int x); // by the horizontal scroll bar
+    void ScrollBy(Point pixels) override;
+    void ScrollToX(int x) override;
     int ScrollX() const { return scrollX_; }
     int ToTextX(int viewX) const { return viewX - margin_ + scrollX_; }
     int Width() const { return width_; } // as last laid out
     int Percent();                       // how far it is scrolled
     void ScrollToPercent(int percent);
-    // For a moment beside the scroll bar: while that is dragged or the wheel turns.
-    void ShowScrollLabel();
+    void ShowScrollLabel() override;
     // All of them; `goesOn` is asked again and again and ends the search when it says no.
     const std::vector<Heading>& Headings(const std::function<bool()>& goesOn);
-    void OnTimer(PaneTimer timer);
-    void OnFocusChanged();
-    void OnResized() { UpdateLayoutSize(); }
+    void OnTimer(PaneTimer timer) override;
+    void OnFocusChanged() override;
+    void OnResized() override { UpdateLayoutSize(); }
 
     // Shown while the text is empty.
     void SetPlaceholder(const Placeholder& placeholder);
     bool IsPlaceholderLink(Point point) const; // as it was last painted
 
-    // Over a window filled with the background colour. `clip` is what is to be drawn.
-    void Paint(Canvas& canvas, const Rect& clip);
-    int LineHeight(); // of the view's font
+    Color BackColor() const override { return viewStyle_.backColor; }
+    void Paint(Canvas& canvas, const Rect& clip) override;
+    int LineHeight() override; // of the view's font
 
   private:
     enum class Granularity { Character, Word, Paragraph };

@@ -66,3 +66,8 @@ void TextPane::AutoScroll() {
     ScrollBy({Beyond(mouse_.x, room.width), Beyond(mouse_.y, room.height)});
     ExtendTo(mouse_);
 }
+
+void TextPane::PrepareContextMenu(Point point) {
+    const TextPos position = PositionAtPoint(point);
+    if (position < SelStart() || position >= SelEnd()) Select(position, position);
+}

@@ -7,6 +7,7 @@
 #include "formats/plain/plain_text.h"
 #include "formats/plain/plain_text_guess.h"
 
+#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -52,6 +53,9 @@ DecodedHtml DecodeHtml(std::string_view bytes, int bookCodePage, int systemCodeP
     if (const std::optional<ByteOrder> order = GuessUtf16(bytes))
         return {DecodeUtf16(bytes, *order),
                 *order == ByteOrder::LittleEndian ? utf16Page : utf16BigEndianPage};
+    // Letters of ASCII alone say nothing: browsers name such a page by the system's charset.
+    const bool isAscii = std::ranges::all_of(bytes, [](char byte) { return byte >= 0; });
+    if (isAscii) return {Utf8ToUtf16(bytes), bookCodePage != 0 ? bookCodePage : systemCodePage};
     if (LooksLikeUtf8(bytes)) return DecodePage(utf8Page, bytes);
     return DecodePage(GuessedPage(bytes, bookCodePage, systemCodePage), bytes);
 }

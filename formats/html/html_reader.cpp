@@ -13,7 +13,7 @@ HtmlTree ReadHtml(std::u16string text) {
     return tree;
 }
 
-HtmlPage ReadHtmlFile(std::string_view bytes, int bookCodePage, int systemCodePage) {
+HtmlFile ReadHtmlFile(std::string_view bytes, int bookCodePage, int systemCodePage) {
     DecodedHtml decoded = DecodeHtml(bytes, bookCodePage, systemCodePage);
     return {ReadHtml(std::move(decoded.text)), decoded.codePage};
 }

@@ -10,8 +10,8 @@
 // Line ends are unified in the text given; there is no byte-order mark.
 HtmlTree ReadHtml(std::u16string text);
 
-struct HtmlPage {
+struct HtmlFile {
     HtmlTree tree;
     int codePage = 0; // of DecodeHtml
 };
-HtmlPage ReadHtmlFile(std::string_view bytes, int bookCodePage, int systemCodePage);
+HtmlFile ReadHtmlFile(std::string_view bytes, int bookCodePage, int systemCodePage);

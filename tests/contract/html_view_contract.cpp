@@ -160,6 +160,9 @@ TEST_CASE("html view: charsets and files of all kinds") {
     OnEachBackEnd([&](PageTest& test) {
         for (const auto& sample : cases) {
             CAPTURE(sample.name);
+            // The port of the file system knows no such name; an engine reads files by itself.
+            const bool hasMark = std::string_view(sample.name).find('?') != std::string_view::npos;
+            if (hasMark && !test.bench.HasEngine()) continue;
             const auto loads = test.loaded.size();
             test.Navigate(test.Write(sample.name, sample.bytes));
             REQUIRE(test.WaitFor([&] { return test.loaded.size() > loads; }));
@@ -171,7 +174,7 @@ TEST_CASE("html view: charsets and files of all kinds") {
 
 TEST_CASE(
     "html view: a dead engine is told of, answers nothing, and comes back with the next page") {
-    OnEachBackEnd([](PageTest& test) {
+    OnEachEngine([](PageTest& test) {
         test.Open(NumberedLines(300));
         test.view.ScrollTo(0, 500);
         test.Settle();

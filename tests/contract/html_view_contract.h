@@ -23,6 +23,8 @@ class HtmlViewBench {
     virtual void LetEventsCome() = 0;
     virtual void Press(int keyCode, int shift) = 0; // a key down and up, as by the user
     virtual void CloseWindow() = 0;
+    // Whether another process, or a part of the system, shows the page. Then there are frames, too.
+    virtual bool HasEngine() { return true; }
     virtual void KillEngine() = 0; // the process that shows the page
     // That process answers nothing, until it does again; on a back end that has one.
     virtual void HangEngine(bool) {}
@@ -73,6 +75,12 @@ inline void OnEachBackEnd(const std::function<void(PageTest&)>& check) {
         PageTest test(*bench);
         check(test);
     }
+}
+
+inline void OnEachEngine(const std::function<void(PageTest&)>& check) {
+    OnEachBackEnd([&](PageTest& test) {
+        if (test.bench.HasEngine()) check(test);
+    });
 }
 
 // Paragraphs "line 0000" to "line <count - 1>", each on a line of its own.

@@ -9,7 +9,7 @@ constexpr int pageDown = 34;
 } // namespace
 
 TEST_CASE("html view: a page that hangs is told of, keeps its values and answers no question") {
-    OnEachBackEnd([](PageTest& test) {
+    OnEachEngine([](PageTest& test) {
         test.Open(NumberedLines(400), "<title>Hung</title>");
         test.view.Select({55, 4});
         test.view.ScrollTo(0, 1000);
@@ -36,7 +36,7 @@ TEST_CASE("html view: a page that hangs is told of, keeps its values and answers
 }
 
 TEST_CASE("html view: a page that has hung carries out what was ordered, and no keys") {
-    OnEachBackEnd([](PageTest& test) {
+    OnEachEngine([](PageTest& test) {
         test.Open(NumberedLines(400));
         test.bench.HangEngine(true);
         for (int i = 0; i < 3; ++i)
@@ -56,7 +56,7 @@ TEST_CASE("html view: a page that has hung carries out what was ordered, and no 
 }
 
 TEST_CASE("html view: the next page is shown while one hangs") {
-    OnEachBackEnd([](PageTest& test) {
+    OnEachEngine([](PageTest& test) {
         test.Open(NumberedLines(400));
         test.bench.HangEngine(true);
         test.Open("the next");
@@ -71,7 +71,7 @@ TEST_CASE("html view: the next page is shown while one hangs") {
 }
 
 TEST_CASE("html view: while a new size takes its time, size and place stay those before") {
-    OnEachBackEnd([](PageTest& test) {
+    OnEachEngine([](PageTest& test) {
         test.Open(NumberedLines(2000), "<style>p{display:inline}</style>"); // in one paragraph
         test.view.ScrollTo(0, 1500);
         test.Settle();

@@ -125,7 +125,8 @@ TEST_CASE("html view: zoom keys of the program are carried out in order and told
         CHECK(test.view.ScrollTop() == 1500);
         CHECK(std::abs(test.view.ViewHeight() - 400 / 1.5) <= 1);
         const std::vector<std::pair<int, int>> told(3, {PlusKey, CtrlKey});
-        CHECK(test.bench.keysDown == told);
+        CHECK(test.WaitFor([&] { return test.bench.keysDown.size() == 3; }));
+        REQUIRE(test.bench.keysDown == told);
         test.view.SendZoomKey(false);
         REQUIRE(test.WaitFor([&] { return std::abs(test.view.ViewHeight() - 320) <= 1; }));
         CHECK(test.bench.keysDown.back() == std::pair<int, int>{MinusKey, CtrlKey});
@@ -199,9 +200,10 @@ TEST_CASE("html view: links of all schemes and to all files are told, and only t
             {u"foo:bar", u""},
             {u"", (test.folder / "song.mp3").u16string()},
             {u"mailto:f@b.c", u""},
-            {u"tel:+1", u""},
+            {u"tel:+1", u""}, // in a frame
         };
-        while (test.links.size() < std::size(told)) {
+        const std::size_t count = std::size(told) - (test.bench.HasEngine() ? 0 : 1);
+        while (test.links.size() < count) {
             const auto before = test.links.size();
             CAPTURE(before);
             for (int tabs = 0; tabs < 4 && test.links.size() == before; ++tabs) {

@@ -1,4 +1,4 @@
-#include "platform/shared/page_zoom.h"
+#include "common/page_zoom.h"
 #include "platform/windows/portable/css_color.h"
 #include "platform/windows/portable/quoted_argument.h"
 

@@ -27,6 +27,12 @@ struct InlineAtom {
     double raise = 0;
 };
 
+// Units of a content, from one up to another.
+struct UnitSpan {
+    TextPos start = 0, end = 0;
+    bool IsEmpty() const { return start >= end; }
+};
+
 // Its place in the text is before the unit at `at`; the text has none for it.
 struct InlineFloat {
     TextPos at = 0;

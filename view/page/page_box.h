@@ -38,9 +38,10 @@ struct PageBox {
     const CssBoxStyle* style = nullptr;
 };
 
-// It takes no room where it stands.
+// It takes no room where it stands. What a page fixes to the window stands in its text here, where
+// nothing covers anything.
 inline bool IsOutOfFlow(const CssBoxStyle& style) {
-    return style.position == CssPosition::Absolute || style.position == CssPosition::Fixed;
+    return style.position == CssPosition::Absolute;
 }
 
 class PageBoxes {
@@ -51,8 +52,12 @@ class PageBoxes {
     PageBoxId FirstChild(PageBoxId id) const {
         return id + 1 < boxes_[id].end ? id + 1 : noPageBox;
     }
+    // That an element makes, or that a text or a line break stands in; none for what is not shown
+    // and for elements within lines.
+    PageBoxId BoxOf(HtmlNodeId node) const { return boxOfNode_[node]; }
 
   private:
     friend class PageBoxBuilder;
     std::vector<PageBox> boxes_{1}; // the first stands for the window: around the root
+    std::vector<PageBoxId> boxOfNode_;
 };

@@ -50,6 +50,7 @@ class PageBoxBuilder {
     PageBoxBuilder(const HtmlTree& tree, const CssPageStyles& styles)
         : tree_(tree), styles_(styles) {
         boxes_.boxes_.reserve(tree.NodeCount() / 2 + 2);
+        boxes_.boxOfNode_.assign(tree.NodeCount() + 1, noPageBox);
     }
 
     PageBoxes Build() {
@@ -84,6 +85,7 @@ class PageBoxBuilder {
             parent.lastChild = id;
         }
         boxes_.boxes_.push_back(box);
+        if (node != noHtmlNode) boxes_.boxOfNode_[node] = id;
         open_.push_back({id, noPageBox});
     }
 
@@ -120,6 +122,9 @@ class PageBoxBuilder {
         block.units = lines.units;
         block.first = lines.first;
         block.behind = lines.behind;
+        for (HtmlNodeId id = lines.first; id != noHtmlNode && id != lines.behind;
+             id = tree_.Next(id))
+            if (boxes_.boxOfNode_[id] == only) boxes_.boxOfNode_[id] = open_.back().id;
         boxes_.boxes_.pop_back();
         open_.back().lastChild = noPageBox;
     }
@@ -175,6 +180,7 @@ class PageBoxBuilder {
             PageBox& lines = OpenRun(id);
             lines.hasText = true;
             lines.units += std::uint32_t(node.Text().size());
+            boxes_.boxOfNode_[id] = open_.back().id;
         } else if (node.IsElement() && !IsNotShown(node))
             VisitElement(id, *styles_.Of(id).box);
     }
@@ -209,6 +215,7 @@ class PageBoxBuilder {
     void VisitInline(HtmlNodeId id) {
         if (tree_[id].Is(HtmlName::Br) || styles_.Before(id).box || styles_.After(id).box)
             OpenRun(id).hasText = true;
+        if (tree_[id].Is(HtmlName::Br)) boxes_.boxOfNode_[id] = open_.back().id;
         VisitChildren(id);
     }
 

@@ -61,11 +61,14 @@ PageFragmentPtr PageFlow::MakeLayout(std::size_t zone) {
     return fragment;
 }
 
+std::size_t PageFlow::FirstNotMeasured() {
+    while (nextToMeasure_ < zones_.size() && heights_.IsMeasured(nextToMeasure_))
+        ++nextToMeasure_;
+    return nextToMeasure_;
+}
+
 bool PageFlow::MeasureSome(std::size_t zones) {
-    for (; nextToMeasure_ < zones_.size(); ++nextToMeasure_) {
-        if (heights_.IsMeasured(nextToMeasure_)) continue;
-        if (zones-- == 0) return true;
+    for (; zones > 0 && FirstNotMeasured() < zones_.size(); --zones)
         MakeLayout(nextToMeasure_);
-    }
-    return false;
+    return FirstNotMeasured() < zones_.size();
 }

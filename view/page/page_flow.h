@@ -22,6 +22,8 @@ class PageFlow {
     // Lays out up to so many zones whose height is an estimate, from the first on. False when there
     // are none.
     bool MeasureSome(std::size_t zones);
+    // All zones before this one have been measured.
+    std::size_t FirstNotMeasured();
 
     const HeightIndex& Heights() const { return heights_; }
     int LayoutsMade() const { return layoutsMade_; }

@@ -23,7 +23,7 @@ struct PlacedPart {
     PageFragmentPtr fragment;
 };
 
-struct PlacedPicture {
+struct PlacedImage {
     PageBoxId box = noPageBox;
     double left = 0, top = 0, width = 0, height = 0; // of its content
 };
@@ -37,7 +37,7 @@ struct PlacedLines {
 struct PageFragment {
     double width = 0, height = 0;
     std::vector<PlacedBox> boxes; // the outer ones first
-    std::vector<PlacedPicture> pictures;
+    std::vector<PlacedImage> pictures;
     std::vector<PlacedLines> lines;
     std::vector<PlacedPart> parts;
 };

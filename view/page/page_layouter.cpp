@@ -70,7 +70,10 @@ PageFragmentPtr PageLayouter::LayOutBlock(PageBoxId id, double contentWidth, dou
     flow.Finish();
     content->width = contentWidth;
     const double given = measure_.GivenHeight(*box.style);
-    content->height = given >= 0 ? given : measure_.LimitHeight(*box.style, flow.Bottom());
+    // Nothing scrolls but the page as a whole, and nothing covers what follows: a height is the
+    // least one.
+    content->height = std::max(given, measure_.LimitHeight(*box.style, flow.Bottom()));
+    if (given >= 0) content->height = std::max(content->height, flow.Bottom());
     fragment->height = insets.Top() + content->height + insets.Bottom();
     for (PlacedBox& placed : fragment->boxes)
         placed.height = fragment->height;

@@ -32,7 +32,7 @@ class FragmentPainter {
             PaintBox(box, left, top);
         for (const PlacedLines& lines : fragment.lines)
             PaintLines(lines, left, top);
-        for (const PlacedPicture& picture : fragment.pictures)
+        for (const PlacedImage& picture : fragment.pictures)
             PaintPicture(picture, left, top);
         for (const PlacedPart& part : fragment.parts)
             if (IsSeen(top + part.top, part.fragment->height))
@@ -69,18 +69,44 @@ class FragmentPainter {
     }
 
     void PaintLines(const PlacedLines& placed, double left, double top) const {
-        LinePaint paint;
-        paint.text = paint_.text;
-        paint.clip = paint_.clip;
-        for (const InlineLine& line : placed.layout.lines) {
-            if (!IsSeen(top + line.top, line.height)) continue;
-            const InlinePiece& piece = placed.layout.pieces[line.piece];
-            piece.lines->Draw(canvas_, line.line, Rounded(left + line.left),
-                              Rounded(top + line.baseline), paint);
-        }
+        const UnitSpan selected =
+            paint_.selectedUnits ? paint_.selectedUnits(*placed.content) : UnitSpan{};
+        for (const InlineLine& line : placed.layout.lines)
+            if (IsSeen(top + line.top, line.height))
+                PaintLine(placed.layout.pieces[line.piece], line, selected, left, top);
     }
 
-    void PaintPicture(const PlacedPicture& picture, double left, double top) const {
+    // The selected part is drawn separately, in the selection's colours.
+    void PaintLine(const InlinePiece& piece, const InlineLine& line, const UnitSpan& selected,
+                   double left, double top) const {
+        const int x = Rounded(left + line.left), baseline = Rounded(top + line.baseline);
+        const std::vector<Rect> region = SelectedRegion(piece, line, selected, left, top);
+        piece.lines->Draw(canvas_, line.line, x, baseline,
+                          {.text = paint_.text, .clip = paint_.clip, .without = region});
+        if (region.empty()) return;
+        for (const Rect& box : region)
+            canvas_.FillRect(Clipped(box, paint_.clip), paint_.selection.background);
+        piece.lines->Draw(canvas_, line.line, x, baseline,
+                          {.text = paint_.selection.text,
+                           .oneColor = true,
+                           .clip = paint_.clip,
+                           .within = region});
+    }
+
+    static std::vector<Rect> SelectedRegion(const InlinePiece& piece, const InlineLine& line,
+                                            const UnitSpan& selected, double left, double top) {
+        std::vector<Rect> region;
+        const TextPos from = std::max(selected.start, line.start);
+        const TextPos to = std::min(selected.end, line.end);
+        if (from >= to) return region;
+        for (const TextExtent& extent :
+             piece.lines->Extents(line.line, from - piece.start, to - piece.start))
+            region.push_back(Pixels(left + line.left + extent.left, top + line.top,
+                                    extent.right - extent.left, line.height));
+        return region;
+    }
+
+    void PaintPicture(const PlacedImage& picture, double left, double top) const {
         const Rect box =
             Pixels(left + picture.left, top + picture.top, picture.width, picture.height);
         if (!Intersect(box, paint_.clip)) return;

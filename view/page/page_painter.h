@@ -3,6 +3,7 @@
 
 #include "view/geometry.h"
 #include "view/page/page_fragment.h"
+#include "view/view_style.h"
 
 #include <functional>
 
@@ -13,6 +14,9 @@ struct PagePaint {
     Rect clip;        // nothing is drawn outside
     // The picture of a box; false if it cannot be drawn.
     std::function<bool(Canvas&, PageBoxId, const Rect&)> drawPicture;
+    // What is selected of a content.
+    std::function<UnitSpan(const InlineContent&)> selectedUnits;
+    SelectionColors selection;
 };
 
 // With the fragment's top left corner there, in the canvas's pixels.

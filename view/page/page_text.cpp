@@ -136,7 +136,9 @@ class LinesReader {
         result_.boxes.push_back({Length(), nextBox_, inLine});
         if (inLine) {
             StartRun(*lines_.text, 0, false);
+            node_ = box.node;
             AddUnit(objectReplacement, 0);
+            node_ = noHtmlNode;
             whiteSpaceEnds_ = false;
         }
         nextBox_ = box.nextSibling;

@@ -1,8 +1,8 @@
 // The HTML view on Windows: the system's browser control.
 #pragma once
 
+#include "common/page_zoom.h"
 #include "platform/html_view.h"
-#include "platform/shared/page_zoom.h"
 #include "platform/windows/html_view/browser/browser_control.h"
 #include "platform/windows/html_view/browser/engine_settings.h"
 #include "platform/windows/html_view/browser/inner_window.h"

@@ -3,9 +3,9 @@
 // engine signals.
 #pragma once
 
+#include "common/page_zoom.h"
 #include "platform/qt/html_view/engine/engine_view.h"
 #include "platform/qt/html_view/engine/folder_guard.h"
-#include "platform/shared/page_zoom.h"
 
 #include <QDeadlineTimer>
 #include <QEventLoop>

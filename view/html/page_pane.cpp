@@ -1,0 +1,298 @@
+#include "view/html/page_pane.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <utility>
+
+namespace {
+constexpr int measuringInterval = 10, measuringTime = 8; // milliseconds
+// For a place that is asked for or stored; what is above it may take longer to be measured.
+constexpr int placeTime = 300, exactTime = 1000;
+constexpr double unitsPerInch = 96;
+
+int Rounded(double length) {
+    return int(std::lround(std::clamp(length, -1e9, 1e9)));
+}
+} // namespace
+
+PagePane::PagePane(PaneWindow& window, LineLayout& lines, PictureStore& pictures,
+                   const Files& files)
+    : window_(window), lines_(lines), store_(pictures), files_(files) {}
+
+PagePane::~PagePane() = default;
+
+void PagePane::Clear() {
+    window_.StopTimer(PaneTimer::Measuring);
+    window_.OnTextChanging();
+    scroller_.SetPage(nullptr, 1);
+    shown_.reset();
+    pictures_.reset();
+    pageFiles_.reset();
+    page_.reset();
+    sheets_.clear();
+    zoom_ = 100;
+    text_.reset();
+    background_.reset();
+    wantedHeight_.reset();
+    topAnchor_.reset();
+    scrollX_ = maxScrollX_ = 0;
+    widest_ = 0;
+    anchor_ = caret_ = 0;
+    pressedLink_ = focusedLink_ = noHtmlNode;
+    window_.Redraw();
+    window_.OnTextChanged();
+}
+
+void PagePane::Show(std::unique_ptr<LoadedPage> page) {
+    Clear();
+    page_ = std::move(page);
+    pageFiles_ = std::make_unique<PageFiles>(files_, *page_);
+    pictures_ = std::make_unique<PagePictures>(*page_, *pageFiles_, store_);
+    sheets_ = PageSheets(*page_, *pageFiles_);
+    UpdateLayout();
+    ownText_ = shown_->TextColor();
+    ownBackground_ = shown_->CanvasColor();
+    window_.OnTextChanged();
+}
+
+double PagePane::ScaleOf(int zoomPercent) const {
+    return window_.Dpi() / unitsPerInch * zoomPercent / 100;
+}
+
+// Called before the layout is used, because a hidden window may not be told of its size.
+bool PagePane::UpdateLayout() {
+    if (!page_) return false;
+    const Size room = window_.Room();
+    PageLook look;
+    look.dpi = window_.Dpi();
+    look.scale = ScaleOf(zoom_);
+    look.viewport = {std::max(1, room.width), std::max(1, room.height)};
+    look.text = text_;
+    look.background = background_;
+    if (!shown_ || look != look_) LayOutAnew(look);
+    return true;
+}
+
+void PagePane::LayOutAnew(const PageLook& look) {
+    const std::optional<Anchor> anchor = shown_ ? TopAnchor() : std::nullopt;
+    PageLook before = std::exchange(look_, look);
+    const bool sameHeight = before.viewport.height == look.viewport.height;
+    const bool sameWidth = before.viewport.width == look.viewport.width;
+    before.viewport = look.viewport;
+    const bool newStyles = !shown_ || before != look ||
+                           (shown_->Styles().DependsOnViewport() && !(sameWidth && sameHeight));
+    if (!newStyles && sameWidth) {
+        scroller_.SetPage(shown_.get(), look.viewport.height);
+        return scroller_.ScrollBy(0);
+    }
+    lines_.SetResolution(look.dpi);
+    if (newStyles) {
+        scroller_.SetPage(nullptr, 1);
+        shown_ = std::make_unique<ShownPage>(*page_, sheets_, *pictures_, lines_, look);
+    } else {
+        shown_->Flow().SetWidth(look.viewport.width);
+    }
+    scroller_.SetPage(shown_.get(), look.viewport.height);
+    widest_ = 0;
+    RestoreTop(anchor);
+    window_.StartTimer(PaneTimer::Measuring, measuringInterval);
+    OnScrolled();
+}
+
+std::optional<CharacterPlace> PagePane::PlaceOf(TextPos position) {
+    return PagePlaces(*page_, *shown_).PlaceOf(position);
+}
+
+// At the page's start there is none: what is above the first line stays in view.
+std::optional<PagePane::Anchor> PagePane::TopAnchor() {
+    if (scroller_.IsAtStart()) return std::nullopt;
+    if (topAnchor_) return topAnchor_;
+    const double margin = shown_->TopMargin();
+    const auto line = LineAt({0, Rounded(margin) + 1}, true);
+    if (!line) return std::nullopt;
+    const PagePlaces places(*page_, *shown_);
+    const TextPos position = places.PositionOf(line->block.Content(), line->unit);
+    const auto place = PlaceOf(position);
+    if (!place) return std::nullopt;
+    return Anchor{position, scroller_.InView(place->block.zone, place->top) / place->height};
+}
+
+void PagePane::RestoreTop(const std::optional<Anchor>& anchor) {
+    topAnchor_ = anchor;
+    if (!anchor) return scroller_.ScrollTo({});
+    if (const auto place = PlaceOf(anchor->position))
+        scroller_.ScrollTo({place->block.zone, place->top - anchor->lines * place->height});
+}
+
+void PagePane::SetZoom(int percent) {
+    zoom_ = percent;
+    wantedHeight_.reset();
+    UpdateLayout();
+}
+
+void PagePane::SetColors(std::optional<Color> text, std::optional<Color> background) {
+    text_ = text;
+    background_ = background;
+    UpdateLayout();
+    window_.Redraw();
+}
+
+void PagePane::SetSystemStyle(const SystemStyle& style) {
+    system_ = style;
+    window_.Redraw();
+}
+
+// Measures zones from the first on until the heights down to one are exact; false when the time was
+// over before.
+bool PagePane::Measure(double height, int milliseconds) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
+    PageFlow& flow = shown_->Flow();
+    while (flow.FirstNotMeasured() < flow.ZoneCount()) {
+        if (flow.Heights().Top(flow.FirstNotMeasured()) > height) return true;
+        if (std::chrono::steady_clock::now() > end) return false;
+        flow.MeasureSome(8);
+    }
+    return true;
+}
+
+// Whether the heights down to it are exact now.
+bool PagePane::ReachWantedHeight(int milliseconds) {
+    if (!Measure(*wantedHeight_ + look_.viewport.height, milliseconds)) return false;
+    scroller_.LayoutsChanged();
+    scroller_.ScrollToHeight(*std::exchange(wantedHeight_, {}));
+    OnScrolled();
+    return true;
+}
+
+void PagePane::MeasureMore() {
+    if (!UpdateLayout()) return;
+    if (wantedHeight_) {
+        ReachWantedHeight(measuringTime);
+        return;
+    }
+    if (Measure(1e300, measuringTime)) window_.StopTimer(PaneTimer::Measuring);
+    UpdateScrollBars();
+}
+
+void PagePane::ScrollTo(int left, int top) {
+    if (!UpdateLayout()) return;
+    const double height = top * look_.scale;
+    scrollX_ = std::max(0, Rounded(left * look_.scale));
+    wantedHeight_.reset();
+    topAnchor_.reset();
+    if (!Measure(height + look_.viewport.height, placeTime)) {
+        wantedHeight_ = height;
+        window_.StartTimer(PaneTimer::Measuring, measuringInterval);
+    }
+    scroller_.ScrollToHeight(height);
+    OnScrolled();
+}
+
+int PagePane::ScrollTop() {
+    if (!UpdateLayout()) return 0;
+    if (wantedHeight_ && !ReachWantedHeight(exactTime))
+        return Rounded(*wantedHeight_ / look_.scale);
+    if (!scroller_.IsExact()) Measure(scroller_.Height(), exactTime);
+    return Rounded(scroller_.Height() / look_.scale);
+}
+
+int PagePane::ViewHeight() const {
+    return Rounded(window_.Room().height / ScaleOf(zoom_));
+}
+
+int PagePane::TopMargin() {
+    return UpdateLayout() ? Rounded(shown_->TopMargin() / look_.scale) : 0;
+}
+
+void PagePane::ScrollLineToTop(TextPos position) {
+    if (!UpdateLayout()) return;
+    scrollX_ = 0;
+    const auto place = position > 0 ? PlaceOf(position) : std::nullopt;
+    scroller_.ScrollTo(
+        place ? PageScroller::Top{place->block.zone, place->top - std::round(shown_->TopMargin())}
+              : PageScroller::Top{});
+    OnUserScrolled();
+}
+
+int PagePane::Percent() {
+    if (!UpdateLayout()) return 0;
+    const double height = scroller_.Height(), max = scroller_.MaxHeight();
+    if (height >= max - 1) return 100;
+    return int(100 * height / max + 0.01);
+}
+
+void PagePane::ScrollToPercent(int percent) {
+    if (!UpdateLayout()) return;
+    scroller_.ScrollToHeight(std::ceil(scroller_.MaxHeight() * percent / 100));
+    OnUserScrolled();
+}
+
+bool PagePane::ScrollDown(double pixels) {
+    if (!UpdateLayout()) return false;
+    const PageScroller::Top before = scroller_.Position();
+    scroller_.ScrollBy(pixels * look_.scale);
+    OnUserScrolled();
+    return scroller_.Position() != before;
+}
+
+int PagePane::LineTop(TextPos position) {
+    if (!UpdateLayout()) return 0;
+    const auto place = position > 0 ? PlaceOf(position) : std::nullopt;
+    if (!place) return Rounded((shown_->TopMargin() - scroller_.Height()) / look_.scale);
+    // What lies between it and the view is to be exact.
+    const HeightIndex& heights = shown_->Flow().Heights();
+    Measure(std::max(heights.Top(place->block.zone), scroller_.Height()), placeTime);
+    return Rounded(scroller_.InView(place->block.zone, place->top) / look_.scale);
+}
+
+int PagePane::CharacterLeft(TextPos position) {
+    const auto place = UpdateLayout() ? PlaceOf(position) : std::nullopt;
+    return place ? Rounded((place->x - scrollX_) / look_.scale) : 0;
+}
+
+TextPos PagePane::StartAtTop() {
+    if (!UpdateLayout()) return -1;
+    const auto line = LineAt({0, Rounded(shown_->TopMargin()) + 1}, true);
+    if (!line) return 0;
+    return PagePlaces(*page_, *shown_).PositionOf(line->block.Content(), line->unit);
+}
+
+void PagePane::Select(TextPos anchor, TextPos caret) {
+    if (!page_) return;
+    const TextPos anchorBefore = std::exchange(anchor_, std::clamp(anchor, 0, page_->Length()));
+    const TextPos caretBefore = std::exchange(caret_, std::clamp(caret, 0, page_->Length()));
+    window_.Redraw();
+    window_.OnSelectionChanged(anchorBefore, caretBefore);
+}
+
+void PagePane::SelectAll() {
+    if (page_) Select(0, page_->Length());
+}
+
+void PagePane::Reveal(TextPos position) {
+    const auto place = UpdateLayout() ? PlaceOf(position) : std::nullopt;
+    if (!place) return;
+    const double height = look_.viewport.height;
+    const double top = scroller_.InView(place->block.zone, place->top);
+    if (top < 0 || place->height > height)
+        scroller_.ScrollTo({place->block.zone, place->top});
+    else if (top + place->height > height)
+        scroller_.ScrollTo({place->block.zone, place->top + place->height - height});
+    OnUserScrolled();
+    const int x = Rounded(place->x) - scrollX_, margin = Rounded(shown_->TopMargin());
+    if (x >= 0 && x < look_.viewport.width) return;
+    maxScrollX_ = std::max(maxScrollX_, Rounded(place->x) + margin - look_.viewport.width);
+    ScrollToX(scrollX_ + (x < 0 ? x - margin : x + margin - look_.viewport.width));
+}
+
+// Of the place where the next keys extend the selection.
+std::optional<Rect> PagePane::CaretRect() {
+    const auto place = UpdateLayout() ? PlaceOf(caret_) : std::nullopt;
+    if (!place) return std::nullopt;
+    const Rect box{Rounded(place->x) - scrollX_,
+                   Rounded(scroller_.InView(place->block.zone, place->top)), 1,
+                   Rounded(place->height)};
+    const Rect view{0, 0, look_.viewport.width, look_.viewport.height};
+    return Intersect(box, view) ? std::optional(box) : std::nullopt;
+}

@@ -1,0 +1,139 @@
+// A page on the screen: what is shown of it, its selection, and what keys and mouse do to them. The
+// window around it is the front's.
+//
+// Layout and scrolling are in device pixels; what the port counts in CSS pixels is converted here.
+#pragma once
+
+#include "view/caret_moves.h"
+#include "view/html/page_scroller.h"
+#include "view/view_pane.h"
+
+#include <functional>
+#include <memory>
+
+class PagePane : public ViewPane {
+  public:
+    // The arguments must outlive this object.
+    PagePane(PaneWindow& window, LineLayout& lines, PictureStore& pictures, const Files& files);
+    ~PagePane() override;
+
+    // At normal size, in its own colours, scrolled to the start, with the caret at 0.
+    void Show(std::unique_ptr<LoadedPage> page);
+    void Clear();
+    const LoadedPage* Page() const { return page_.get(); } // null without one
+    PageLook Look() const { return look_; }
+    Color OwnText() const { return ownText_; } // as the page was loaded
+    Color OwnBackground() const { return ownBackground_; }
+
+    void SetZoom(int percent); // the line at the top stays there
+    void SetColors(std::optional<Color> text, std::optional<Color> background);
+
+    void Select(TextPos anchor, TextPos caret); // clamped to the text
+    TextPos SelStart() const { return std::min(anchor_, caret_); }
+    TextPos SelEnd() const { return std::max(anchor_, caret_); }
+    void Reveal(TextPos position);
+
+    // CSS pixels.
+    void ScrollTo(int left, int top);
+    int ScrollTop(); // exact, unless that would take long
+    int ViewHeight() const;
+    int TopMargin();
+    void ScrollLineToTop(TextPos position);
+    void ScrollToPercent(int percent);
+    int Percent();
+    bool ScrollDown(double pixels); // false at the page's end
+    // Of the line of a position, from the view's edges.
+    int LineTop(TextPos position);
+    int CharacterLeft(TextPos position);
+    TextPos StartAtTop();
+
+    std::function<void(HtmlNodeId link)> onLink; // that the user followed
+
+    void SetSystemStyle(const SystemStyle& style) override;
+    Color BackColor() const override;
+    void Paint(Canvas& canvas, const Rect& clip) override;
+    int LineHeight() override;
+    std::optional<Rect> CaretRect() override;
+    bool Press(PaneKey key, bool extend, bool control) override;
+    bool FocusLink(bool forward); // the next one; false where there is none
+    bool FollowFocusedLink();
+    void Click(Point point, int count, bool extend) override;
+    void DragTo(Point point) override;
+    void EndDrag() override;
+    bool IsLink(Point point) override { return LinkAt(point) != noHtmlNode; }
+    void PrepareContextMenu(Point point) override;
+    void SelectAll() override;
+    void ScrollLines(int lines) override;
+    void ScrollPage(bool down) override;
+    void ScrollBy(Point pixels) override;
+    int VerticalValue() override;
+    void ScrollToValue(int value) override;
+    void ScrollToX(int x) override;
+    void ShowScrollLabel() override {}
+    void OnTimer(PaneTimer timer) override;
+    void OnFocusChanged() override { window_.Redraw(); }
+    void OnResized() override { UpdateLayout(); }
+
+  private:
+    // Where a character was, to be brought there again in another layout.
+    struct Anchor {
+        TextPos position = 0;
+        double lines = 0; // of its letters' top in the view, in heights of them
+    };
+    enum class Granularity { Character, Word, Paragraph };
+
+    bool UpdateLayout(); // false without a page
+    void LayOutAnew(const PageLook& look);
+    std::optional<Anchor> TopAnchor();
+    void RestoreTop(const std::optional<Anchor>& anchor);
+    double ScaleOf(int zoomPercent) const;
+    std::optional<CharacterPlace> PlaceOf(TextPos position);
+    void OnScrolled();
+    void OnUserScrolled();
+    void UpdateScrollBars();
+    bool Measure(double height, int milliseconds);
+    bool ReachWantedHeight(int milliseconds);
+    void MeasureMore();
+
+    std::optional<CharacterPlace> LineAt(Point point, bool below);
+    TextPos PositionAtPoint(Point point);
+    HtmlNodeId LinkAt(Point point);
+    HtmlNodeId LinkAround(HtmlNodeId node) const;
+    TextSpan UnitAround(TextPos position);
+    void ExtendTo(Point point);
+    void AutoScroll();
+    std::optional<TextPos> KeyTarget(PaneKey key, bool control);
+    TextPos NextCharacter(TextPos position, bool forward) const;
+    TextPos NextWord(TextPos position, bool forward) const;
+    std::optional<TextSpan> LinkSpan(HtmlNodeId link) const;
+    void PaintFocus(Canvas& canvas);
+
+    PaneWindow& window_;
+    LineLayout& lines_;
+    PictureStore& store_;
+    const Files& files_;
+    SystemStyle system_;
+
+    std::unique_ptr<LoadedPage> page_;
+    std::unique_ptr<PageFiles> pageFiles_;
+    std::unique_ptr<PagePictures> pictures_;
+    std::vector<std::u16string> sheets_;
+    std::unique_ptr<ShownPage> shown_;
+    PageLook look_;
+    int zoom_ = 100; // per cent
+    std::optional<Color> text_, background_;
+    Color ownText_ = 0, ownBackground_ = 0xFFFFFF;
+
+    PageScroller scroller_;
+    std::optional<double> wantedHeight_; // asked for, while what is above is not measured
+    std::optional<Anchor> topAnchor_;    // of the last layout, until the page is scrolled
+    int scrollX_ = 0, maxScrollX_ = 0;
+    double widest_ = 0; // of what has been shown
+
+    TextPos anchor_ = 0, caret_ = 0;
+    Granularity granularity_ = Granularity::Character;
+    TextSpan dragStart_;
+    Point mouse_;
+    bool autoScrolls_ = false;
+    HtmlNodeId pressedLink_ = noHtmlNode, focusedLink_ = noHtmlNode;
+};

@@ -1,0 +1,90 @@
+// Painting of a page.
+#include "view/html/page_pane.h"
+#include "view/page/page_painter.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+constexpr Color usualPaper = 0xFFFFFF;
+
+// How far to the right something reaches.
+double RightEdge(const PageFragment& fragment, double left) {
+    double right = 0;
+    for (const PlacedBox& box : fragment.boxes)
+        right = std::max(right, left + box.left + box.width);
+    for (const PlacedImage& picture : fragment.pictures)
+        right = std::max(right, left + picture.left + picture.width);
+    for (const PlacedLines& lines : fragment.lines)
+        for (const InlineLine& line : lines.layout.lines)
+            right =
+                std::max(right, left + line.left +
+                                    lines.layout.pieces[line.piece].lines->Line(line.line).width);
+    for (const PlacedPart& part : fragment.parts)
+        right = std::max(right, RightEdge(*part.fragment, left + part.left));
+    return right;
+}
+} // namespace
+
+Color PagePane::BackColor() const {
+    return shown_ ? shown_->CanvasColor() : usualPaper;
+}
+
+void PagePane::Paint(Canvas& canvas, const Rect& clip) {
+    if (!UpdateLayout()) return;
+    const SelectionColors& selection =
+        window_.HasFocus() ? system_.selection : system_.inactiveSelection;
+    const PagePlaces places(*page_, *shown_);
+    PagePaint paint{shown_->Boxes(), look_.scale, shown_->TextColor(), clip, {}, {}, selection};
+    paint.drawPicture = [this](Canvas& on, PageBoxId box, const Rect& where) {
+        return pictures_->Draw(on, shown_->Boxes()[box].node, where);
+    };
+    if (SelStart() < SelEnd())
+        paint.selectedUnits = [&](const InlineContent& content) {
+            return places.SelectedUnits(content, SelStart(), SelEnd());
+        };
+    PageFlow& flow = shown_->Flow();
+    std::vector<std::pair<PageFragmentPtr, double>> seen;
+    double y = -scroller_.Position().y;
+    for (std::size_t zone = scroller_.Position().zone; zone < flow.ZoneCount() && y < Bottom(clip);
+         ++zone) {
+        PageFragmentPtr fragment = flow.LayOut(zone);
+        const double height = fragment->height;
+        widest_ = std::max(widest_, RightEdge(*fragment, 0));
+        if (y + height >= clip.top) seen.emplace_back(std::move(fragment), y);
+        y += height;
+    }
+    UpdateScrollBars();
+    for (const auto& [fragment, top] : seen)
+        PaintFragment(canvas, paint, *fragment, -scrollX_, top);
+    if (window_.HasFocus()) PaintFocus(canvas);
+}
+
+// A frame around the link that Return follows.
+void PagePane::PaintFocus(Canvas& canvas) {
+    const auto span = focusedLink_ != noHtmlNode ? LinkSpan(focusedLink_) : std::nullopt;
+    const auto first = span ? PlaceOf(span->start) : std::nullopt;
+    if (!first) return;
+    const PagePlaces places(*page_, *shown_);
+    const UnitSpan units = places.SelectedUnits(first->block.Content(), span->start, span->end);
+    const int thin = std::max(1, int(std::lround(look_.scale)));
+    for (std::size_t i = first->line; i < first->block.lines->layout.lines.size(); ++i) {
+        const InlineLine& line = first->block.Line(i);
+        const TextPos from = std::max(units.start, line.start), to = std::min(units.end, line.end);
+        if (from >= to) break;
+        const TextPos start = first->block.PieceStart(i);
+        const int top =
+            int(std::lround(scroller_.InView(first->block.zone, first->block.top + line.top)));
+        for (const TextExtent& extent :
+             first->block.Piece(i).Extents(line.line, from - start, to - start)) {
+            const double left = first->block.left + line.left + extent.left - scrollX_;
+            const Rect box{int(std::floor(left)) - thin, top,
+                           int(std::ceil(extent.right - extent.left)) + 2 * thin,
+                           int(std::lround(line.height))};
+            canvas.FillRect({box.left, box.top, box.width, thin}, system_.link);
+            canvas.FillRect({box.left, Bottom(box) - thin, box.width, thin}, system_.link);
+            canvas.FillRect({box.left, box.top, thin, box.height}, system_.link);
+            canvas.FillRect({Right(box) - thin, box.top, thin, box.height}, system_.link);
+        }
+    }
+}

@@ -1,0 +1,108 @@
+// Scrolling of a page by its user, and its scroll bars.
+#include "view/html/page_pane.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace {
+constexpr double usualLine = 19;       // CSS pixels; of text of 16 pixels
+constexpr double keptOfPage = 2;       // lines that stay in view when it is turned
+constexpr int autoScrollInterval = 40; // milliseconds
+
+// How far a coordinate is outside of 0 to `size`, with a sign.
+int Beyond(int at, int size) {
+    return std::max(0, at - (size - 1)) - std::max(0, -at);
+}
+} // namespace
+
+int PagePane::LineHeight() {
+    return std::max(1, int(std::lround(usualLine * ScaleOf(zoom_))));
+}
+
+void PagePane::OnScrolled() {
+    window_.Redraw();
+    window_.OnVisibleTextChanged();
+}
+
+void PagePane::OnUserScrolled() {
+    wantedHeight_.reset();
+    topAnchor_.reset();
+    OnScrolled();
+}
+
+void PagePane::ScrollLines(int lines) {
+    ScrollBy({0, lines * LineHeight()});
+}
+
+void PagePane::ScrollPage(bool down) {
+    const int height = window_.Room().height;
+    const int step = std::max(height / 2, height - int(keptOfPage * LineHeight()));
+    ScrollBy({0, down ? step : -step});
+}
+
+void PagePane::ScrollBy(Point pixels) {
+    if (!UpdateLayout()) return;
+    if (pixels.y != 0) scroller_.ScrollBy(pixels.y);
+    scrollX_ = std::clamp(scrollX_ + pixels.x, 0, std::max(scrollX_, maxScrollX_));
+    OnUserScrolled();
+}
+
+int PagePane::VerticalValue() {
+    return UpdateLayout() ? int(std::min(scroller_.Height(), 1e9)) : 0;
+}
+
+void PagePane::ScrollToValue(int value) {
+    if (!UpdateLayout()) return;
+    scroller_.ScrollToHeight(value);
+    OnUserScrolled();
+}
+
+void PagePane::ScrollToX(int x) {
+    const int target = std::clamp(x, 0, maxScrollX_);
+    if (std::exchange(scrollX_, target) != target) OnScrolled();
+}
+
+// Called when painting: what is in view decides how far it scrolls sideways.
+void PagePane::UpdateScrollBars() {
+    const double max = std::max(scroller_.Height(), scroller_.MaxHeight());
+    const int page = look_.viewport.height;
+    window_.ShowVertical({VerticalValue(), int(std::min(std::ceil(max), 1e9)), page, LineHeight()});
+    maxScrollX_ = std::max(0, int(std::ceil(widest_)) - look_.viewport.width);
+    scrollX_ = std::min(scrollX_, maxScrollX_);
+    window_.SetHorizontalBar(maxScrollX_ > 0);
+    window_.ShowHorizontal({scrollX_, maxScrollX_, look_.viewport.width, LineHeight()});
+}
+
+void PagePane::OnTimer(PaneTimer timer) {
+    if (timer == PaneTimer::Measuring) return MeasureMore();
+    if (timer == PaneTimer::AutoScroll) AutoScroll();
+}
+
+void PagePane::DragTo(Point point) {
+    if (!UpdateLayout()) return;
+    mouse_ = point;
+    if (pressedLink_ != noHtmlNode && LinkAt(point) == pressedLink_) return;
+    pressedLink_ = noHtmlNode;
+    ExtendTo(point);
+    const Size room = window_.Room();
+    const bool outside = Beyond(point.x, room.width) != 0 || Beyond(point.y, room.height) != 0;
+    if (outside && !autoScrolls_) window_.StartTimer(PaneTimer::AutoScroll, autoScrollInterval);
+    if (!outside && autoScrolls_) window_.StopTimer(PaneTimer::AutoScroll);
+    autoScrolls_ = outside;
+}
+
+// A link that is pressed and let go is followed.
+void PagePane::EndDrag() {
+    if (autoScrolls_) window_.StopTimer(PaneTimer::AutoScroll);
+    autoScrolls_ = false;
+    const HtmlNodeId link = std::exchange(pressedLink_, noHtmlNode);
+    if (link != noHtmlNode && onLink) onLink(link);
+}
+
+// The speed grows with the distance from the window.
+void PagePane::AutoScroll() {
+    const Size room = window_.Room();
+    ScrollBy({Beyond(mouse_.x, room.width), Beyond(mouse_.y, room.height)});
+    ExtendTo(mouse_);
+}

@@ -1,0 +1,218 @@
+#include "view/html/page_places.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace {
+// Calls `visit` for all blocks of lines of a laid-out zone, with their corners.
+template <class Visit>
+void ForBlocks(const PageFragment& fragment, double left, double top, const Visit& visit) {
+    for (const PlacedLines& lines : fragment.lines)
+        if (!lines.layout.lines.empty()) visit(lines, left, top);
+    for (const PlacedPart& part : fragment.parts)
+        ForBlocks(*part.fragment, left + part.left, top + part.top, visit);
+}
+
+TextPos EndOfOrigin(const InlineContent& content, std::size_t index) {
+    const auto& origins = content.origins;
+    return index + 1 < origins.size() ? origins[index + 1].start
+                                      : TextPos(content.text.text.size());
+}
+
+// The unit that shows a unit of a node, or the nearest one; nothing where none of the node's is
+// shown.
+std::optional<TextPos> UnitShowing(const InlineContent& content, HtmlNodeId node,
+                                   std::size_t unit) {
+    std::optional<TextPos> nearest;
+    for (std::size_t i = 0; i < content.origins.size(); ++i) {
+        const InlineOrigin& origin = content.origins[i];
+        if (origin.node != node) continue;
+        if (origin.unit > unit) return nearest ? nearest : origin.start;
+        const auto within = TextPos(std::min<std::size_t>(unit - origin.unit, 1 << 30));
+        nearest = std::min(origin.start + within, EndOfOrigin(content, i));
+    }
+    return nearest;
+}
+
+std::size_t OriginOf(const InlineContent& content, TextPos unit) {
+    const auto behind = std::ranges::upper_bound(content.origins, unit, {}, &InlineOrigin::start);
+    return behind == content.origins.begin() ? 0
+                                             : std::size_t(behind - content.origins.begin()) - 1;
+}
+
+// Of the letters of a line.
+void SetLetterBox(CharacterPlace& place) {
+    const InlineLine& line = place.block.Line(place.line);
+    const TextLine& letters = place.block.Piece(place.line).Line(line.line);
+    place.top = place.block.top + line.baseline - letters.ascent;
+    place.height = letters.ascent + letters.descent;
+}
+
+double Outside(double at, double from, double to) {
+    return at < from ? from - at : at > to ? at - to : 0;
+}
+} // namespace
+
+std::size_t PlacedBlock::LineOf(TextPos unit) const {
+    const auto& all = lines->layout.lines;
+    const auto behind = std::ranges::upper_bound(all, unit, {}, &InlineLine::start);
+    return behind == all.begin() ? 0 : std::size_t(behind - all.begin()) - 1;
+}
+
+double PlacedBlock::CaretX(std::size_t line, TextPos unit) const {
+    return left + Line(line).left + Piece(line).CaretX(Line(line).line, unit - PieceStart(line));
+}
+
+std::optional<PlacedBlock> PagePlaces::FindBlock(PageBoxId box) {
+    const std::size_t zone = shown_.ZoneOf(box);
+    std::optional<PlacedBlock> found;
+    const PageFragmentPtr fragment = shown_.Flow().LayOut(zone);
+    ForBlocks(*fragment, 0, 0, [&](const PlacedLines& lines, double left, double top) {
+        if (!found && lines.box == box) found = PlacedBlock{zone, left, top, &lines, fragment};
+    });
+    return found;
+}
+
+std::optional<CharacterPlace> PagePlaces::PlaceIn(const HtmlTextPiece& piece, TextPos position) {
+    const PageBoxId box = shown_.BoxOf(piece.node);
+    if (box == noPageBox) return std::nullopt;
+    auto block = FindBlock(box);
+    if (!block) return std::nullopt;
+    const auto unit = UnitShowing(block->Content(), piece.node, page_.UnitOf(piece, position));
+    if (!unit) return std::nullopt;
+    CharacterPlace place;
+    place.block = std::move(*block);
+    place.unit = *unit;
+    place.line = place.block.LineOf(*unit);
+    place.x = place.block.CaretX(place.line, *unit);
+    SetLetterBox(place);
+    return place;
+}
+
+// What is not shown stands where the text behind it does; at the end, that before it.
+std::optional<CharacterPlace> PagePlaces::PlaceOf(TextPos position) {
+    const auto& pieces = page_.Counted().pieces;
+    if (pieces.empty()) return std::nullopt;
+    const std::size_t first = page_.PieceAt(position);
+    for (std::size_t i = first; i < pieces.size(); ++i)
+        if (auto place = PlaceIn(pieces[i], std::max(position, pieces[i].start))) return place;
+    for (std::size_t i = first; i-- > 0;)
+        if (auto place = PlaceIn(pieces[i], pieces[i].end)) return place;
+    return std::nullopt;
+}
+
+TextPos PagePlaces::PositionOf(const InlineContent& content, TextPos unit) const {
+    if (content.origins.empty()) return 0;
+    const std::size_t first = OriginOf(content, unit);
+    for (std::size_t i = first; i < content.origins.size(); ++i) {
+        const InlineOrigin& origin = content.origins[i];
+        const HtmlTextPiece* piece =
+            origin.node == noHtmlNode ? nullptr : page_.PieceOf(origin.node);
+        if (!piece) continue;
+        const TextPos within = i == first ? std::max(0, unit - origin.start) : 0;
+        return page_.PositionOf(*piece, origin.unit + std::size_t(within));
+    }
+    for (std::size_t i = first; i-- > 0;)
+        if (content.origins[i].node != noHtmlNode)
+            if (const HtmlTextPiece* piece = page_.PieceOf(content.origins[i].node))
+                return piece->end;
+    return 0;
+}
+
+HtmlNodeId PagePlaces::NodeAt(const InlineContent& content, TextPos unit) const {
+    return content.origins.empty() ? noHtmlNode : content.origins[OriginOf(content, unit)].node;
+}
+
+std::optional<CharacterPlace> PagePlaces::NearestLine(std::size_t zone, double x, double y,
+                                                      bool below) {
+    PageFlow& flow = shown_.Flow();
+    std::optional<CharacterPlace> nearest;
+    double least = std::numeric_limits<double>::max();
+    const auto lookInto = [&](std::size_t at, double offset) {
+        const PageFragmentPtr fragment = flow.LayOut(at);
+        ForBlocks(*fragment, 0, 0, [&](const PlacedLines& lines, double left, double top) {
+            for (std::size_t i = 0; i < lines.layout.lines.size(); ++i) {
+                const InlineLine& line = lines.layout.lines[i];
+                const double lineTop = offset + top + line.top;
+                const TextLine& text = lines.layout.pieces[line.piece].lines->Line(line.line);
+                const double from = left + line.left;
+                double distance = Outside(y, lineTop, lineTop + line.height - 0.01) * 1e4 +
+                                  Outside(x, from, from + text.width);
+                if (below && lineTop + line.height <= y) distance += 1e12;
+                if (distance >= least) continue;
+                least = distance;
+                nearest.emplace();
+                nearest->block = {at, left, top, &lines, fragment};
+                nearest->line = i;
+            }
+        });
+        return offset + fragment->height;
+    };
+    const double end = lookInto(zone, 0);
+    // A zone that has no line there, such as a picture's, or one that ends at that height.
+    double offset = end;
+    for (std::size_t next = zone + 1; next < flow.ZoneCount() && least > 0; ++next) {
+        if (least < 1e12 && Outside(offset, y, y) * 1e4 > least) break;
+        offset = lookInto(next, offset);
+    }
+    double above = 0;
+    for (std::size_t before = zone; before-- > 0 && least > 0;) {
+        if (least < 1e12 && (y - above) * 1e4 > least) break;
+        above -= flow.LayOut(before)->height;
+        lookInto(before, above);
+    }
+    if (nearest) {
+        nearest->unit = nearest->block.Line(nearest->line).start;
+        nearest->x = nearest->block.CaretX(nearest->line, nearest->unit);
+        SetLetterBox(*nearest);
+    }
+    return nearest;
+}
+
+TextPos PagePlaces::PositionInLine(const CharacterPlace& place, double x) const {
+    const InlineLine& line = place.block.Line(place.line);
+    const TextPos unit =
+        place.block.Piece(place.line).PositionAt(line.line, x - place.block.left - line.left);
+    return PositionOf(place.block.Content(), place.block.PieceStart(place.line) + unit);
+}
+
+TextPos PagePlaces::UnitInLine(const CharacterPlace& place, double x) const {
+    const InlineLine& line = place.block.Line(place.line);
+    const TextPos unit =
+        place.block.Piece(place.line).CharacterAt(line.line, x - place.block.left - line.left);
+    return place.block.PieceStart(place.line) + unit;
+}
+
+UnitSpan PagePlaces::SelectedUnits(const InlineContent& content, TextPos start, TextPos end) const {
+    UnitSpan selected{std::numeric_limits<TextPos>::max(), 0};
+    for (std::size_t i = 0; i < content.origins.size(); ++i) {
+        const InlineOrigin& origin = content.origins[i];
+        if (origin.node == noHtmlNode) continue;
+        const HtmlTextPiece* piece = page_.PieceOf(origin.node);
+        if (!piece || piece->end <= start) continue;
+        if (piece->start >= end) break;
+        const TextPos length = EndOfOrigin(content, i) - origin.start;
+        const auto unitOf = [&](TextPos position) {
+            const auto unit = std::int64_t(page_.UnitOf(*piece, position)) - origin.unit;
+            return TextPos(std::clamp<std::int64_t>(unit, 0, length));
+        };
+        const TextPos from = start <= piece->start ? 0 : unitOf(start);
+        const TextPos to = end >= piece->end ? length : unitOf(end);
+        if (from >= to) continue;
+        selected.start = std::min(selected.start, origin.start + from);
+        selected.end = std::max(selected.end, origin.start + to);
+    }
+    return selected;
+}
+
+HtmlNodeId PictureAt(const PageFragment& fragment, const PageBoxes& boxes, double x, double y) {
+    for (const PlacedImage& picture : fragment.pictures)
+        if (x >= picture.left && x < picture.left + picture.width && y >= picture.top &&
+            y < picture.top + picture.height)
+            return boxes[picture.box].node;
+    for (const PlacedPart& part : fragment.parts)
+        if (const HtmlNodeId found = PictureAt(*part.fragment, boxes, x - part.left, y - part.top))
+            return found;
+    return noHtmlNode;
+}

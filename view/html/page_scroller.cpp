@@ -1,0 +1,74 @@
+#include "view/html/page_scroller.h"
+
+#include <algorithm>
+
+void PageScroller::SetPage(ShownPage* page, int viewHeight) {
+    if (!page || page != page_) top_ = {};
+    page_ = page;
+    viewHeight_ = std::max(1, viewHeight);
+    maxTop_.reset();
+}
+
+// Lays out the zones on the way, whose heights are exact then.
+void PageScroller::Normalize(Top& top) const {
+    PageFlow& flow = page_->Flow();
+    top.zone = std::min(top.zone, flow.ZoneCount() - 1);
+    while (top.y < 0 && top.zone > 0)
+        top.y += flow.LayOut(--top.zone)->height;
+    top.y = std::max(top.y, 0.0);
+    while (top.zone + 1 < flow.ZoneCount()) {
+        const double height = flow.LayOut(top.zone)->height;
+        if (top.y < height) return;
+        top.y -= height;
+        ++top.zone;
+    }
+}
+
+const PageScroller::Top& PageScroller::MaxTop() {
+    if (maxTop_) return *maxTop_;
+    PageFlow& flow = page_->Flow();
+    Top top{flow.ZoneCount() - 1, 0};
+    double height = flow.LayOut(top.zone)->height;
+    while (height < viewHeight_ && top.zone > 0)
+        height += flow.LayOut(--top.zone)->height;
+    top.y = std::max(0.0, height - viewHeight_);
+    return maxTop_.emplace(top);
+}
+
+void PageScroller::ScrollTo(Top top) {
+    if (!page_) return;
+    Normalize(top);
+    top_ = std::min(top, MaxTop());
+}
+
+void PageScroller::ScrollToHeight(double pixels) {
+    if (!page_) return;
+    PageFlow& flow = page_->Flow();
+    const std::size_t zone = flow.Heights().BlockAt(pixels);
+    ScrollTo({zone, pixels - flow.Heights().Top(zone)});
+}
+
+double PageScroller::Height() const {
+    return page_ ? page_->Flow().Heights().Top(top_.zone) + top_.y : 0;
+}
+
+double PageScroller::MaxHeight() {
+    if (!page_) return 0;
+    const Top top = MaxTop();
+    return page_->Flow().Heights().Top(top.zone) + top.y;
+}
+
+bool PageScroller::IsExact() const {
+    return !page_ || page_->Flow().FirstNotMeasured() >= top_.zone;
+}
+
+double PageScroller::InView(std::size_t zone, double y) const {
+    const HeightIndex& heights = page_->Flow().Heights();
+    return heights.Top(zone) - heights.Top(top_.zone) + y - top_.y;
+}
+
+PageScroller::Top PageScroller::At(double inView) const {
+    Top top{top_.zone, top_.y + inView};
+    Normalize(top);
+    return top;
+}

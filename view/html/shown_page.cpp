@@ -1,0 +1,108 @@
+#include "view/html/shown_page.h"
+
+#include "formats/css/css_page_sheets.h"
+#include "view/page/page_box_builder.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+namespace {
+constexpr std::uint64_t maxSheetBytes = 16 << 20; // of a file
+
+CssReading ReadingOf(const LoadedPage& page, const PageLook& look) {
+    CssReading reading;
+    reading.medium.viewportWidth = float(look.viewport.width / look.scale);
+    reading.medium.viewportHeight = float(look.viewport.height / look.scale);
+    reading.quirks = page.Tree().Quirks() == HtmlQuirks::Full;
+    return reading;
+}
+
+std::u16string Declaration(std::u16string_view property, std::optional<Color> color) {
+    if (!color) return {};
+    char digits[8];
+    std::snprintf(digits, sizeof digits, "%02x%02x%02x", *color & 0xFF, *color >> 8 & 0xFF,
+                  *color >> 16 & 0xFF);
+    return std::u16string(property) + u":#" + std::u16string(digits, digits + 6) + u"!important;";
+}
+
+// The reader's own colours, as a style sheet behind those of the page.
+std::u16string ReadersSheet(const PageLook& look) {
+    const std::u16string declarations =
+        Declaration(u"color", look.text) + Declaration(u"background-color", look.background);
+    return declarations.empty() ? u"" : u"body{" + declarations + u"}";
+}
+} // namespace
+
+std::vector<std::u16string> PageSheets(const LoadedPage& page, const PageFiles& files) {
+    std::vector<std::u16string> texts;
+    for (const CssPageSheet& sheet : FindCssSheets(page.Tree(), CssMedium{}))
+        texts.push_back(sheet.address.empty()
+                            ? sheet.text
+                            : DecodeCss(files.Read(sheet.address, maxSheetBytes), page.CodePage()));
+    return texts;
+}
+
+CssPageStyles ShownPage::StylesOf(const LoadedPage& page, const std::vector<std::u16string>& sheets,
+                                  const PageLook& look, std::vector<CssSheet>& read) {
+    const CssReading reading = ReadingOf(page, look);
+    for (const std::u16string& sheet : sheets)
+        read.push_back(ReadCss(sheet, reading));
+    if (const std::u16string readers = ReadersSheet(look); !readers.empty())
+        read.push_back(ReadCss(readers, reading));
+    std::vector<const CssSheet*> each;
+    for (const CssSheet& sheet : read)
+        each.push_back(&sheet);
+    return StylePage(page.Tree(), each, reading.medium);
+}
+
+ShownPage::ShownPage(const LoadedPage& page, const std::vector<std::u16string>& sheets,
+                     PagePictures& pictures, LineLayout& lines, const PageLook& look)
+    : page_(page), look_(look), styles_(StylesOf(page, sheets, look, sheets_)),
+      boxes_(BoxesOf(page.Tree(), styles_)), fonts_(lines, styles_, look.scale, look.dpi),
+      text_(page.Tree(), styles_, boxes_, fonts_), layouter_(boxes_, text_, lines, look.scale),
+      flow_(layouter_) {
+    text_.pictureSize = [&pictures](HtmlNodeId image) { return pictures.NaturalSize(image); };
+    flow_.SetWidth(look.viewport.width);
+}
+
+PageBoxId ShownPage::BoxOf(HtmlNodeId node) const {
+    return boxes_.BoxOf(node);
+}
+
+std::size_t ShownPage::ZoneOf(PageBoxId box) const {
+    std::size_t low = 0, high = flow_.ZoneCount() - 1;
+    while (low < high) {
+        const std::size_t middle = (low + high) / 2;
+        if (flow_.Zone(middle).end > box)
+            high = middle;
+        else
+            low = middle + 1;
+    }
+    return low;
+}
+
+Color ShownPage::CanvasColor() const {
+    const HtmlTree& tree = page_.Tree();
+    for (const HtmlNodeId id : {tree.RootElement(), tree.Body()}) {
+        if (id == noHtmlNode) continue;
+        const CssColor color = styles_.Of(id).box->background;
+        if (!color.IsTransparent()) return color.Bgr();
+    }
+    return 0xFFFFFF;
+}
+
+Color ShownPage::TextColor() const {
+    const HtmlNodeId body = page_.Tree().Body();
+    if (body == noHtmlNode) return 0;
+    const CssInheritedStyle& style = *styles_.Of(body).inherited;
+    return style.autoColor ? 0 : style.color.Bgr();
+}
+
+double ShownPage::TopMargin() const {
+    const HtmlNodeId body = page_.Tree().Body();
+    if (body == noHtmlNode) return 0;
+    const CssBoxStyle& style = *styles_.Of(body).box;
+    const double width = look_.viewport.width / look_.scale;
+    return (style.margin[cssTop].Of(float(width)) + style.borderWidth[cssTop]) * look_.scale;
+}

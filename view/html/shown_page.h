@@ -1,0 +1,56 @@
+// A page styled and laid out for a window: made anew for another resolution, zoom or colour, and
+// for another size where its style sheets ask for that.
+#pragma once
+
+#include "view/html/loaded_page.h"
+#include "view/html/page_files.h"
+#include "view/html/page_pictures.h"
+#include "view/page/page_flow.h"
+#include "view/page/page_text.h"
+
+#include <optional>
+
+struct PageLook {
+    double scale = 1;                      // device pixels of one of CSS
+    double dpi = 96;                       // that the line layout has
+    Size viewport;                         // device pixels
+    std::optional<Color> text, background; // of the body, in place of its own
+    bool operator==(const PageLook&) const = default;
+};
+
+// The text of the style sheets that a page asks for, in their order.
+std::vector<std::u16string> PageSheets(const LoadedPage& page, const PageFiles& files);
+
+class ShownPage {
+  public:
+    // All references must outlive this object.
+    ShownPage(const LoadedPage& page, const std::vector<std::u16string>& sheets,
+              PagePictures& pictures, LineLayout& lines, const PageLook& look);
+
+    const PageLook& Look() const { return look_; }
+    const CssPageStyles& Styles() const { return styles_; }
+    const PageBoxes& Boxes() const { return boxes_; }
+    PageFlow& Flow() { return flow_; }
+    // The box of lines that a node's text stands in, or that an element makes; nothing for what is
+    // not shown.
+    PageBoxId BoxOf(HtmlNodeId node) const;
+    std::size_t ZoneOf(PageBoxId box) const;
+
+    Color CanvasColor() const; // behind everything; white where the page says nothing
+    Color TextColor() const;   // of the body
+    double TopMargin() const;  // of the body with its border; device pixels
+
+  private:
+    static CssPageStyles StylesOf(const LoadedPage& page, const std::vector<std::u16string>& sheets,
+                                  const PageLook& look, std::vector<CssSheet>& read);
+
+    const LoadedPage& page_;
+    PageLook look_;
+    std::vector<CssSheet> sheets_;
+    CssPageStyles styles_;
+    PageBoxes boxes_;
+    PageFonts fonts_;
+    PageText text_;
+    PageLayouter layouter_;
+    PageFlow flow_;
+};
