@@ -23,6 +23,7 @@
 
 struct Ports {
     Launch launch;
+    std::unique_ptr<Files> files; // used by others
     std::unique_ptr<Window> window;
     std::unique_ptr<MenuBar> menuBar;
     std::unique_ptr<StatusBar> statusBar;
@@ -34,7 +35,6 @@ struct Ports {
     std::unique_ptr<Timer> saveTimer, scrollTimer;
     std::unique_ptr<Shell> shell;
     std::unique_ptr<Registry> registry;
-    std::unique_ptr<Files> files;
     std::unique_ptr<VersionInfo> versionInfo;
     std::unique_ptr<UpdateCheck> updateCheck;
     std::unique_ptr<Locale> locale;

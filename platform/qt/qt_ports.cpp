@@ -6,6 +6,7 @@
 #include "platform/qt/dialogs/qt_dialogs.h"
 #include "platform/qt/help/qt_help_window.h"
 #include "platform/qt/html_view/qt_html_view.h"
+#include "platform/qt/html_view/qt_page_view.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/system/command_line.h"
 #include "platform/qt/system/qt_clipboard.h"
@@ -19,6 +20,7 @@
 #include "platform/qt/window/qt_menu_bar.h"
 #include "platform/qt/window/qt_status_bar.h"
 #include "platform/qt/window/qt_window.h"
+#include "platform/shared/either_html_view.h"
 #include "product.h"
 
 #include <QCoreApplication>
@@ -50,6 +52,13 @@ Launch ThisLaunch(int argc, char** argv) {
     return launch;
 }
 
+std::unique_ptr<HtmlView> MakeHtmlView(QtWindow& window, const Files& files) {
+    auto own = std::make_unique<QtPageView>(window.ViewArea(), files);
+    window.AddPageWidget(own->Widget());
+    own->onZoomKey = [&window](int keyCode, int shift) { window.SendKeyDown(keyCode, shift); };
+    return std::make_unique<EitherHtmlView>(std::make_unique<QtHtmlView>(window), std::move(own));
+}
+
 } // namespace
 
 Ports MakeQtPorts(int argc, char** argv, const std::u16string& activation) {
@@ -61,7 +70,8 @@ Ports MakeQtPorts(int argc, char** argv, const std::u16string& activation) {
         *window, [view = textView.get()] { return view->ContextMenuPoint(); });
     ports.statusBar = std::make_unique<QtStatusBar>(window->InnerArea());
     ports.textView = std::move(textView);
-    ports.htmlView = std::make_unique<QtHtmlView>(*window);
+    ports.files = std::make_unique<PosixFiles>();
+    ports.htmlView = MakeHtmlView(*window, *ports.files);
     ports.clipboard = std::make_unique<QtClipboard>();
     ports.dialogs = std::make_unique<QtDialogs>(window.get());
     ports.helpWindow = std::make_unique<QtHelpWindow>();
@@ -69,7 +79,6 @@ Ports MakeQtPorts(int argc, char** argv, const std::u16string& activation) {
     ports.scrollTimer = std::make_unique<QtTimer>();
     ports.shell = std::make_unique<QtShell>(activation);
     ports.registry = std::make_unique<QtRegistry>();
-    ports.files = std::make_unique<PosixFiles>();
     ports.versionInfo = std::make_unique<QtVersionInfo>();
     ports.updateCheck = std::make_unique<QtUpdateCheck>(QStringList{
         QCoreApplication::applicationDirPath(), Installed(QStringLiteral("lib/norvaset"))});

@@ -143,22 +143,31 @@ void PagePane::SetSystemStyle(const SystemStyle& style) {
     window_.Redraw();
 }
 
-// Measures zones from the first on until the heights down to one are exact; false when the time was
-// over before.
-bool PagePane::Measure(double height, int milliseconds) {
+// Measures zones from the first on, until `isEnough` or all are; false when the time was over
+// before.
+bool PagePane::MeasureUntil(const std::function<bool(std::size_t)>& isEnough, int milliseconds) {
     const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
     PageFlow& flow = shown_->Flow();
     while (flow.FirstNotMeasured() < flow.ZoneCount()) {
-        if (flow.Heights().Top(flow.FirstNotMeasured()) > height) return true;
+        if (isEnough(flow.FirstNotMeasured())) return true;
         if (std::chrono::steady_clock::now() > end) return false;
         flow.MeasureSome(8);
     }
     return true;
 }
 
+bool PagePane::MeasureHeight(double height, int milliseconds) {
+    const HeightIndex& heights = shown_->Flow().Heights();
+    return MeasureUntil([&](std::size_t zone) { return heights.Top(zone) > height; }, milliseconds);
+}
+
+bool PagePane::MeasureAbove(std::size_t zone, int milliseconds) {
+    return MeasureUntil([&](std::size_t first) { return first >= zone; }, milliseconds);
+}
+
 // Whether the heights down to it are exact now.
 bool PagePane::ReachWantedHeight(int milliseconds) {
-    if (!Measure(*wantedHeight_ + look_.viewport.height, milliseconds)) return false;
+    if (!MeasureHeight(*wantedHeight_ + look_.viewport.height, milliseconds)) return false;
     scroller_.LayoutsChanged();
     scroller_.ScrollToHeight(*std::exchange(wantedHeight_, {}));
     OnScrolled();
@@ -171,7 +180,7 @@ void PagePane::MeasureMore() {
         ReachWantedHeight(measuringTime);
         return;
     }
-    if (Measure(1e300, measuringTime)) window_.StopTimer(PaneTimer::Measuring);
+    if (MeasureAll(measuringTime)) window_.StopTimer(PaneTimer::Measuring);
     UpdateScrollBars();
 }
 
@@ -181,7 +190,7 @@ void PagePane::ScrollTo(int left, int top) {
     scrollX_ = std::max(0, Rounded(left * look_.scale));
     wantedHeight_.reset();
     topAnchor_.reset();
-    if (!Measure(height + look_.viewport.height, placeTime)) {
+    if (!MeasureHeight(height + look_.viewport.height, placeTime)) {
         wantedHeight_ = height;
         window_.StartTimer(PaneTimer::Measuring, measuringInterval);
     }
@@ -193,7 +202,7 @@ int PagePane::ScrollTop() {
     if (!UpdateLayout()) return 0;
     if (wantedHeight_ && !ReachWantedHeight(exactTime))
         return Rounded(*wantedHeight_ / look_.scale);
-    if (!scroller_.IsExact()) Measure(scroller_.Height(), exactTime);
+    MeasureAbove(scroller_.Position().zone, exactTime);
     return Rounded(scroller_.Height() / look_.scale);
 }
 
@@ -224,6 +233,7 @@ int PagePane::Percent() {
 
 void PagePane::ScrollToPercent(int percent) {
     if (!UpdateLayout()) return;
+    MeasureAll(placeTime);
     scroller_.ScrollToHeight(std::ceil(scroller_.MaxHeight() * percent / 100));
     OnUserScrolled();
 }
@@ -241,8 +251,7 @@ int PagePane::LineTop(TextPos position) {
     const auto place = position > 0 ? PlaceOf(position) : std::nullopt;
     if (!place) return Rounded((shown_->TopMargin() - scroller_.Height()) / look_.scale);
     // What lies between it and the view is to be exact.
-    const HeightIndex& heights = shown_->Flow().Heights();
-    Measure(std::max(heights.Top(place->block.zone), scroller_.Height()), placeTime);
+    MeasureAbove(std::max(place->block.zone, scroller_.Position().zone), placeTime);
     return Rounded(scroller_.InView(place->block.zone, place->top) / look_.scale);
 }
 

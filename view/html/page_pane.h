@@ -91,7 +91,11 @@ class PagePane : public ViewPane {
     void OnScrolled();
     void OnUserScrolled();
     void UpdateScrollBars();
-    bool Measure(double height, int milliseconds);
+    // Make heights exact: down to one, above a zone, or all; false when the time was over before.
+    bool MeasureHeight(double height, int milliseconds);
+    bool MeasureAbove(std::size_t zone, int milliseconds);
+    bool MeasureAll(int milliseconds) { return MeasureAbove(std::size_t(-1), milliseconds); }
+    bool MeasureUntil(const std::function<bool(std::size_t)>& isEnough, int milliseconds);
     bool ReachWantedHeight(int milliseconds);
     void MeasureMore();
 

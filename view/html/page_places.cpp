@@ -41,12 +41,14 @@ std::size_t OriginOf(const InlineContent& content, TextPos unit) {
                                              : std::size_t(behind - content.origins.begin()) - 1;
 }
 
-// Of the letters of a line.
+// Of the letters of a line; where lines are closer than those are high, the line's.
 void SetLetterBox(CharacterPlace& place) {
     const InlineLine& line = place.block.Line(place.line);
     const TextLine& letters = place.block.Piece(place.line).Line(line.line);
-    place.top = place.block.top + line.baseline - letters.ascent;
-    place.height = letters.ascent + letters.descent;
+    const double top = std::max(line.baseline - letters.ascent, line.top);
+    const double bottom = std::min(line.baseline + letters.descent, line.top + line.height);
+    place.top = place.block.top + top;
+    place.height = std::max(1.0, bottom - top);
 }
 
 double Outside(double at, double from, double to) {

@@ -58,10 +58,6 @@ double PageScroller::MaxHeight() {
     return page_->Flow().Heights().Top(top.zone) + top.y;
 }
 
-bool PageScroller::IsExact() const {
-    return !page_ || page_->Flow().FirstNotMeasured() >= top_.zone;
-}
-
 double PageScroller::InView(std::size_t zone, double y) const {
     const HeightIndex& heights = page_->Flow().Heights();
     return heights.Top(zone) - heights.Top(top_.zone) + y - top_.y;

@@ -25,7 +25,6 @@ class PageScroller {
     void ScrollToHeight(double pixels);
     double Height() const;
     double MaxHeight();
-    bool IsExact() const;
 
     // A height of a zone in the view, and the zone and height that are at one of the view.
     double InView(std::size_t zone, double y) const;

@@ -41,6 +41,7 @@ void PaneHtmlView::Navigate(const std::u16string& path, int page) {
 
 void PaneHtmlView::Clear() {
     posted_.clear();
+    zoomPosted_ = false;
     Pane().Clear();
     zoom_ = shownZoom_ = {};
     askedTop_.reset();
@@ -113,7 +114,11 @@ void PaneHtmlView::SendZoomKey(bool larger) {
 // Keys in a row are one new size.
 void PaneHtmlView::Zoom(int steps) {
     zoom_.Move(steps);
-    if (HasBody()) Post([this] { ApplyZoom(); });
+    if (!HasBody() || std::exchange(zoomPosted_, true)) return;
+    Post([this] {
+        zoomPosted_ = false;
+        ApplyZoom();
+    });
 }
 
 void PaneHtmlView::ApplyZoom() {

@@ -1,8 +1,8 @@
 // The port of the HTML view on a page pane: all but the window.
 #pragma once
 
-#include "platform/html_view.h"
 #include "common/page_zoom.h"
+#include "platform/html_view.h"
 #include "view/html/page_pane.h"
 
 #include <deque>
@@ -72,6 +72,7 @@ class PaneHtmlView : public HtmlView {
     const int systemCodePage_;
     std::deque<std::function<void()>> posted_; // of the page asked for last
     PageZoom zoom_, shownZoom_;
+    bool zoomPosted_ = false;
     std::optional<int> askedTop_; // until the page says how far it went
     std::optional<Color> text_, background_;
 };

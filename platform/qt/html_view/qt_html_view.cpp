@@ -8,7 +8,7 @@
 
 QtHtmlView::QtHtmlView(QtWindow& window)
     : window_(window), panel_(new HtmlPanel(window.ViewArea())) {
-    window.SetPageWidget(panel_);
+    window.AddPageWidget(panel_);
     panel_->onFilesDropped = [this](const auto& paths) { CallHandler(onFilesDropped, paths); };
 }
 

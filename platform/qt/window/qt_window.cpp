@@ -20,6 +20,7 @@
 #include <QWheelEvent>
 #include <QWindow>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -225,8 +226,10 @@ bool QtWindow::HandleKey(const QKeyEvent& event) {
 
 int QtWindow::KeyCodeOf(const QKeyEvent& event) const {
     const int code = VirtualKeyCode(event.key(), event.modifiers(), event.nativeScanCode());
-    const bool zooms = pageWidget_ && pageWidget_->isAncestorOf(focusWidget()) &&
-                       event.modifiers() & Qt::ControlModifier;
+    const bool inPage = std::ranges::any_of(pageWidgets_, [this](const QWidget* page) {
+        return page == focusWidget() || page->isAncestorOf(focusWidget());
+    });
+    const bool zooms = inPage && event.modifiers() & Qt::ControlModifier;
     return zooms ? MainBlockZoomKey(code) : code;
 }
 

@@ -11,6 +11,7 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 class MenuBarFocus;
 class QFrame;
@@ -29,7 +30,7 @@ class QtWindow final : public QWidget, public Window {
 
     // While this widget or a child of it has the focus, the keypad's zoom keys are reported as
     // those of the main block.
-    void SetPageWidget(QWidget* page) { pageWidget_ = page; }
+    void AddPageWidget(QWidget* page) { pageWidgets_.push_back(page); }
     void SendKeyDown(int code, int shift); // a synthesized key press
 
     // On a signal or at logout: cancels open menus and dialogs, then closes the window as its user
@@ -87,7 +88,7 @@ class QtWindow final : public QWidget, public Window {
     QWidget* views_;
     QMenuBar* menuBar_ = nullptr;
     std::unique_ptr<MenuBarFocus> menuBarFocus_;
-    QWidget* pageWidget_ = nullptr;
+    std::vector<QWidget*> pageWidgets_; // that zoom by the keys of a page
     WindowEvents events_;
     // Returned by Bounds() until the window manager has settled the geometry: meanwhile the
     // reported one is partly outdated and partly without the frame.

@@ -1,15 +1,12 @@
 // The contract tests of the HTML view on the real engine, offscreen.
 #define DOCTEST_CONFIG_IMPLEMENT
 #include "platform/qt/html_view/qt_html_view.h"
-#include "platform/qt/window/qt_window.h"
-#include "tests/contract/html_view_contract.h"
+#include "tests/contract/qt/html_bench_qt.h"
 
 #include <doctest/doctest.h>
 
 #include <QApplication>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QWindow>
 
 #include <algorithm>
 #include <csignal>
@@ -17,16 +14,6 @@
 #include <sstream>
 
 namespace {
-int QtKey(int code) {
-    switch (code) {
-    case 9: return Qt::Key_Tab;
-    case 13: return Qt::Key_Return;
-    case 34: return Qt::Key_PageDown;
-    case PlusKey: return Qt::Key_Plus;
-    default: return code; // letters and digits
-    }
-}
-
 int ParentOf(int process) {
     std::ifstream file("/proc/" + std::to_string(process) + "/stat");
     std::string stat((std::istreambuf_iterator<char>(file)), {});
@@ -37,35 +24,10 @@ int ParentOf(int process) {
     return parent;
 }
 
-class QtBench final : public HtmlViewBench {
+class QtBench final : public QtHtmlBench {
   public:
-    QtBench() {
-        WindowEvents events;
-        events.onKeyDown = [this](int code, int shift) { keysDown.emplace_back(code, shift); };
-        window_.SetEvents(std::move(events));
-        window_.Open();
-        window_.resize(700, 600);
-        window_.SetPanelBounds({0, 0, 604, 404});
-        view_.SetBounds({0, 0, 600, 400});
-        view_.SetVisible(true);
-        view_.FocusView();
-    }
-
+    QtBench() { ShowIn(view_); }
     HtmlView& View() override { return view_; }
-    void LetEventsCome() override {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 10);
-    }
-    void CloseWindow() override { window_.Close(); }
-    double PixelRatio() override { return window_.devicePixelRatioF(); }
-
-    void Press(int keyCode, int shift) override {
-        const auto modifiers = shift & CtrlKey ? Qt::ControlModifier : Qt::NoModifier;
-        const QString text = keyCode == 13 ? QStringLiteral("\r") : QString();
-        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            QKeyEvent event(type, QtKey(keyCode), modifiers, text);
-            QCoreApplication::sendEvent(window_.windowHandle(), &event);
-        }
-    }
 
     void KillEngine() override { SendToEngine(SIGKILL); }
     void HangEngine(bool hangs) override { SendToEngine(hangs ? SIGSTOP : SIGCONT); }
@@ -87,7 +49,6 @@ class QtBench final : public HtmlViewBench {
         }
     }
 
-    QtWindow window_;
     QtHtmlView view_{window_};
 };
 } // namespace

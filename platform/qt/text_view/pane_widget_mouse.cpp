@@ -1,6 +1,6 @@
-// Mouse, wheel and drop events of the text widget.
+// Mouse, wheel and drop events of the pane widget.
 #include "platform/qt/text_view/dropped_paths.h"
-#include "platform/qt/text_view/text_widget.h"
+#include "platform/qt/text_view/pane_widget.h"
 
 #include <QContextMenuEvent>
 #include <QDropEvent>
@@ -16,63 +16,58 @@ namespace {
 constexpr int linesPerNotch = 3; // per wheel step
 } // namespace
 
-void TextWidget::mousePressEvent(QMouseEvent* event) {
+void PaneWidget::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return event->ignore();
     const QPoint point = event->position().toPoint();
-    if (pane_.IsPlaceholderLink(ToPane(point))) {
-        if (onPlaceholderLink) onPlaceholderLink();
-        return;
-    }
+    if (OnPress(ToPane(point))) return;
     const int clickTime = QGuiApplication::styleHints()->mouseDoubleClickInterval();
     const bool third =
         sinceDoubleClick_.isValid() && sinceDoubleClick_.elapsed() < clickTime &&
         (point - mouse_).manhattanLength() < QGuiApplication::styleHints()->startDragDistance();
     sinceDoubleClick_.invalidate();
     mouse_ = point;
-    pane_.Click(ToPane(point), third ? 3 : 1, event->modifiers() & Qt::ShiftModifier);
+    pane_->Click(ToPane(point), third ? 3 : 1, event->modifiers() & Qt::ShiftModifier);
 }
 
-void TextWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+void PaneWidget::mouseDoubleClickEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return event->ignore();
     mouse_ = event->position().toPoint();
     sinceDoubleClick_.start();
-    pane_.Click(ToPane(mouse_), 2, false);
+    pane_->Click(ToPane(mouse_), 2, false);
 }
 
-void TextWidget::SetPointer(Qt::CursorShape shape) {
+void PaneWidget::SetPointer(Qt::CursorShape shape) {
     pointer_ = shape;
     viewport()->setCursor(shape);
 }
 
-void TextWidget::UpdatePointer(Point point) {
-    const Qt::CursorShape shape =
-        pane_.IsPlaceholderLink(point) ? Qt::PointingHandCursor : pointer_;
+void PaneWidget::UpdatePointer(Point point) {
+    const Qt::CursorShape shape = pane_->IsLink(point) ? Qt::PointingHandCursor : pointer_;
     if (viewport()->cursor().shape() != shape) viewport()->setCursor(shape);
 }
 
-void TextWidget::mouseMoveEvent(QMouseEvent* event) {
+void PaneWidget::mouseMoveEvent(QMouseEvent* event) {
     UpdatePointer(ToPane(event->position().toPoint()));
     if (!(event->buttons() & Qt::LeftButton)) return event->ignore();
     mouse_ = event->position().toPoint();
-    pane_.DragTo(ToPane(mouse_));
+    pane_->DragTo(ToPane(mouse_));
 }
 
-void TextWidget::mouseReleaseEvent(QMouseEvent* event) {
+void PaneWidget::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return event->ignore();
-    pane_.EndDrag();
+    pane_->EndDrag();
 }
 
 // A click outside the selection moves the caret first.
-void TextWidget::contextMenuEvent(QContextMenuEvent* event) {
+void PaneWidget::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
     if (event->reason() != QContextMenuEvent::Mouse)
         return RequestContextMenu(CaretRect().bottomLeft());
-    const TextPos position = pane_.PositionAtPoint(ToPane(event->pos()));
-    if (position < pane_.SelStart() || position >= pane_.SelEnd()) pane_.Select(position, position);
+    pane_->PrepareContextMenu(ToPane(event->pos()));
     RequestContextMenu(event->pos());
 }
 
-void TextWidget::RequestContextMenu(QPoint point) {
+void PaneWidget::RequestContextMenu(QPoint point) {
     const QRect inside = viewport()->rect(); // the caret may be out of view
     contextPoint_ = viewport()->mapToGlobal(QPoint(std::clamp(point.x(), 0, inside.right()),
                                                    std::clamp(point.y(), 0, inside.bottom())));
@@ -80,46 +75,46 @@ void TextWidget::RequestContextMenu(QPoint point) {
 }
 
 // Ctrl+wheel propagates to the window.
-void TextWidget::wheelEvent(QWheelEvent* event) {
+void PaneWidget::wheelEvent(QWheelEvent* event) {
     if (event->modifiers() & Qt::ControlModifier) return event->ignore();
     const QPoint pixels = event->pixelDelta(), angle = event->angleDelta();
     if (!pixels.isNull()) {
-        pane_.ScrollBy({-ToPixels(pixels.x()), -ToPixels(pixels.y())});
+        pane_->ScrollBy({-ToPixels(pixels.x()), -ToPixels(pixels.y())});
     } else if (std::abs(angle.x()) > std::abs(angle.y())) {
         const int step =
-            angle.x() * linesPerNotch * pane_.LineHeight() / QWheelEvent::DefaultDeltasPerStep;
-        pane_.ScrollBy({-step, 0});
+            angle.x() * linesPerNotch * pane_->LineHeight() / QWheelEvent::DefaultDeltasPerStep;
+        pane_->ScrollBy({-step, 0});
     } else {
         ScrollByWheel(angle.y());
     }
-    pane_.ShowScrollLabel();
+    pane_->ShowScrollLabel();
     event->accept();
 }
 
-void TextWidget::ScrollByWheel(int angle) {
+void PaneWidget::ScrollByWheel(int angle) {
     wheelRemainder_ += angle * linesPerNotch;
     const int lines = wheelRemainder_ / QWheelEvent::DefaultDeltasPerStep;
     wheelRemainder_ -= lines * QWheelEvent::DefaultDeltasPerStep;
-    if (lines != 0) pane_.ScrollLines(-lines);
+    if (lines != 0) pane_->ScrollLines(-lines);
 }
 
 // The scroll bar scrolls by lines like the text.
-bool TextWidget::eventFilter(QObject* watched, QEvent* event) {
+bool PaneWidget::eventFilter(QObject* watched, QEvent* event) {
     if (watched != verticalScrollBar() || event->type() != QEvent::Wheel)
         return QAbstractScrollArea::eventFilter(watched, event);
     wheelEvent(static_cast<QWheelEvent*>(event));
     return true;
 }
 
-void TextWidget::dragEnterEvent(QDragEnterEvent* event) {
+void PaneWidget::dragEnterEvent(QDragEnterEvent* event) {
     AcceptFileDrag(*event);
 }
 
-void TextWidget::dragMoveEvent(QDragMoveEvent* event) {
+void PaneWidget::dragMoveEvent(QDragMoveEvent* event) {
     AcceptFileDrag(*event);
 }
 
-void TextWidget::dropEvent(QDropEvent* event) {
+void PaneWidget::dropEvent(QDropEvent* event) {
     const auto paths = AcceptFileDrop(*event);
     if (!paths.empty() && onFilesDropped) onFilesDropped(paths);
 }

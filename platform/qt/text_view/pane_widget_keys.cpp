@@ -1,5 +1,5 @@
-// Key events of the text widget. Unused keys propagate to the window.
-#include "platform/qt/text_view/text_widget.h"
+// Key events of the pane widget. Unused keys propagate to the window.
+#include "platform/qt/text_view/pane_widget.h"
 
 #include <QKeyEvent>
 
@@ -22,17 +22,17 @@ std::optional<PaneKey> PaneKeyOf(int key) {
 }
 } // namespace
 
-void TextWidget::keyPressEvent(QKeyEvent* event) {
+void PaneWidget::keyPressEvent(QKeyEvent* event) {
     const auto modifiers = event->modifiers() & ~(Qt::KeypadModifier | Qt::GroupSwitchModifier);
     const auto key = PaneKeyOf(event->key());
     const bool known = key && !(modifiers & ~(Qt::ShiftModifier | Qt::ControlModifier));
     const bool used =
-        known && pane_.Press(*key, modifiers & Qt::ShiftModifier, modifiers & Qt::ControlModifier);
+        known && pane_->Press(*key, modifiers & Qt::ShiftModifier, modifiers & Qt::ControlModifier);
     event->setAccepted(used || MenuKey(event->key(), modifiers));
 }
 
 // The Menu key sends a context menu event.
-bool TextWidget::MenuKey(int key, Qt::KeyboardModifiers modifiers) {
+bool PaneWidget::MenuKey(int key, Qt::KeyboardModifiers modifiers) {
     if (key != Qt::Key_F10 || modifiers != Qt::ShiftModifier) return false;
     RequestContextMenu(CaretRect().bottomLeft());
     return true;

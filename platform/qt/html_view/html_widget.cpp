@@ -1,0 +1,66 @@
+#include "platform/qt/html_view/html_widget.h"
+
+#include "common/keys.h"
+#include "platform/qt/window/key_codes.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+
+HtmlWidget::HtmlWidget(QWidget* parent, const Files& files)
+    : PaneWidget(parent), pane_(*this, Lines(), Pictures(), files), notice_(new QLabel(this)) {
+    SetPane(pane_);
+    notice_->setAlignment(Qt::AlignCenter);
+    notice_->setWordWrap(true);
+    notice_->setAutoFillBackground(true);
+    notice_->hide();
+    onContextMenu = [this] { ShowContextMenu(); };
+    hide();
+}
+
+void HtmlWidget::ShowNotice(const QString& text) {
+    notice_->setText(text);
+    notice_->setVisible(!text.isEmpty());
+    notice_->raise();
+}
+
+void HtmlWidget::resizeEvent(QResizeEvent* event) {
+    PaneWidget::resizeEvent(event);
+    notice_->setGeometry(rect());
+}
+
+void HtmlWidget::keyPressEvent(QKeyEvent* event) {
+    const int code =
+        MainBlockZoomKey(VirtualKeyCode(event->key(), event->modifiers(), event->nativeScanCode()));
+    const int shift = ShiftMaskOf(event->modifiers());
+    const bool zooms = (shift & CtrlKey) && !(shift & AltKey) && onZoomKey && onZoomKey(code);
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (zooms || (isReturn && shift == 0 && onOtherKey && onOtherKey('\r', false)))
+        return event->accept();
+    PaneWidget::keyPressEvent(event);
+}
+
+// Tab goes from link to link, and on to the next widget behind the last one.
+bool HtmlWidget::focusNextPrevChild(bool next) {
+    if (onOtherKey && onOtherKey('\t', !next)) return true;
+    return PaneWidget::focusNextPrevChild(next);
+}
+
+void HtmlWidget::ShowContextMenu() {
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto add = [&](const QString& caption, PageCommand command, bool enabled) {
+        menu->addAction(caption, this,
+                        [this, command] {
+                            if (onCommand) onCommand(command);
+                        })
+            ->setEnabled(enabled);
+    };
+    const bool hasText = pane_.Page() && pane_.Page()->Length() > 0;
+    add(tr("&Copy"), PageCommand::Copy, pane_.SelStart() < pane_.SelEnd());
+    add(tr("Select &All"), PageCommand::SelectAll, hasText);
+    add(tr("&Find..."), PageCommand::Find, hasText);
+    add(tr("&Open..."), PageCommand::Open, true);
+    add(tr("&Print..."), PageCommand::Print, hasText);
+    menu->popup(ContextMenuPoint());
+}

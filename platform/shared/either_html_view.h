@@ -1,0 +1,61 @@
+// The HTML view of a program that has two: a browser's, where the system has one, and our own.
+#pragma once
+
+#include "platform/html_view.h"
+
+#include <memory>
+
+class EitherHtmlView final : public HtmlView {
+  public:
+    EitherHtmlView(std::unique_ptr<HtmlView> browser, std::unique_ptr<HtmlView> own);
+
+    void Navigate(const std::u16string& path, int page) override;
+    void Clear() override { shown_->Clear(); }
+    void ScrollTo(int left, int top) override { shown_->ScrollTo(left, top); }
+    void ScrollSpanToTop(const PageSpan& span) override { shown_->ScrollSpanToTop(span); }
+    void Select(const PageSpan& span) override { shown_->Select(span); }
+    void SelectAll() override { shown_->SelectAll(); }
+    void SetBackColor(std::uint32_t redGreenBlue) override { shown_->SetBackColor(redGreenBlue); }
+    void SetTextColor(std::optional<std::uint32_t> redGreenBlue) override {
+        shown_->SetTextColor(redGreenBlue);
+    }
+    void SendZoomKey(bool larger) override { shown_->SendZoomKey(larger); }
+    void ScrollToPercent(int percent) override { shown_->ScrollToPercent(percent); }
+    void Print() override { shown_->Print(); }
+
+    bool HasBody() const override { return shown_->HasBody(); }
+    bool HasText() const override { return shown_->HasText(); }
+    std::string Charset() const override { return shown_->Charset(); }
+    std::u16string Title() const override { return shown_->Title(); }
+    PageColors OwnColors() const override { return shown_->OwnColors(); }
+    int ScrollTop() const override { return shown_->ScrollTop(); }
+    int ZoomSteps() const override { return shown_->ZoomSteps(); }
+    int ViewHeight() const override { return shown_->ViewHeight(); }
+    int Percent() const override { return shown_->Percent(); }
+    int TopMargin() const override { return shown_->TopMargin(); }
+    PageSelection Selection() const override { return shown_->Selection(); }
+
+    std::vector<std::u16string> TextsOf(const std::vector<PageSpan>& spans) override {
+        return shown_->TextsOf(spans);
+    }
+    std::u16string SelectedText() override { return shown_->SelectedText(); }
+    std::u16string SelectionAsHtml() override { return shown_->SelectionAsHtml(); }
+    std::optional<PageMatch> FindBehindSelection(std::u16string_view what,
+                                                 FindOptions options) override {
+        return shown_->FindBehindSelection(what, options);
+    }
+    TextPos StartAtTop() override { return shown_->StartAtTop(); }
+    std::vector<Heading> Headings() override { return shown_->Headings(); }
+
+    void SetBounds(const Rect& bounds) override;
+    void SetVisible(bool visible) override;
+    void FocusView() override { shown_->FocusView(); }
+
+  private:
+    void Show(HtmlView& view);
+    void Connect(HtmlView& view);
+
+    std::unique_ptr<HtmlView> browser_, own_;
+    HtmlView* shown_;
+    bool visible_ = false;
+};
