@@ -79,7 +79,8 @@ class HtmlView {
   public:
     virtual ~HtmlView() = default;
 
-    // Whether pages can be shown at all, as far as that is known without loading the engine.
+    // Whether pages can be shown at all, as far as that is known without loading the engine; no
+    // longer when `Navigate` could not load it.
     virtual bool IsAvailable() const { return true; }
 
     // Orders for the page. `Navigate` gives up the page before: no event of it comes any more, and

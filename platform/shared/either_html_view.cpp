@@ -6,29 +6,20 @@ EitherHtmlView::EitherHtmlView(std::unique_ptr<HtmlView> browser, std::unique_pt
     Connect(*own_);
 }
 
-// No event comes of a view that shows nothing.
+// Events of the view that does not show the page are none of the page's.
 void EitherHtmlView::Connect(HtmlView& view) {
-    view.onLoaded = [this](int page, const std::u16string& url) {
-        if (onLoaded) onLoaded(page, url);
+    const auto forward = [this, &view](auto& from, auto& to) {
+        from = [this, &view, &to](const auto&... arguments) {
+            if (shown_ == &view && to) to(arguments...);
+        };
     };
-    view.onZoomed = [this] {
-        if (onZoomed) onZoomed();
-    };
-    view.onGone = [this] {
-        if (onGone) onGone();
-    };
-    view.onCommand = [this](PageCommand command) {
-        if (onCommand) onCommand(command);
-    };
-    view.onLink = [this](const std::u16string& url, const std::u16string& path) {
-        if (onLink) onLink(url, path);
-    };
-    view.onJump = [this](int fromTop) {
-        if (onJump) onJump(fromTop);
-    };
-    view.onFilesDropped = [this](const std::vector<std::u16string>& paths) {
-        if (onFilesDropped) onFilesDropped(paths);
-    };
+    forward(view.onLoaded, onLoaded);
+    forward(view.onZoomed, onZoomed);
+    forward(view.onGone, onGone);
+    forward(view.onCommand, onCommand);
+    forward(view.onLink, onLink);
+    forward(view.onJump, onJump);
+    forward(view.onFilesDropped, onFilesDropped);
 }
 
 void EitherHtmlView::Show(HtmlView& view) {
@@ -40,8 +31,13 @@ void EitherHtmlView::Show(HtmlView& view) {
 }
 
 void EitherHtmlView::Navigate(const std::u16string& path, int page) {
-    Show(browser_->IsAvailable() ? *browser_ : *own_);
-    shown_->Navigate(path, page);
+    if (browser_->IsAvailable()) {
+        Show(*browser_);
+        browser_->Navigate(path, page);
+        if (browser_->IsAvailable()) return;
+    }
+    Show(*own_);
+    own_->Navigate(path, page);
 }
 
 void EitherHtmlView::SetBounds(const Rect& bounds) {

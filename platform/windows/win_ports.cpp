@@ -1,8 +1,10 @@
 #include "platform/windows/win_ports.h"
 
+#include "platform/shared/either_html_view.h"
 #include "platform/windows/dialogs/win_dialogs.h"
 #include "platform/windows/files/win_files.h"
 #include "platform/windows/help/win_help_window.h"
+#include "platform/windows/html_pane/win_page_view.h"
 #include "platform/windows/html_view/win_html_view.h"
 #include "platform/windows/system/launch.h"
 #include "platform/windows/system/win_clipboard.h"
@@ -20,14 +22,20 @@
 
 namespace {
 
-std::unique_ptr<WinHtmlView> MakeHtmlView(WinWindow& window) {
-    auto view = std::make_unique<WinHtmlView>(window.ViewArea());
-    window.normalizeKey = [html = view.get()](MSG& message) { html->Normalize(message); };
-    window.translateKey = [html = view.get()](const MSG& message) {
+std::unique_ptr<HtmlView> MakeHtmlView(WinWindow& window, const Files& files) {
+    const auto report = [&window](int keyCode, int shift) { window.ReportKeyDown(keyCode, shift); };
+    auto browser = std::make_unique<WinHtmlView>(window.ViewArea());
+    auto own = std::make_unique<WinPageView>(window.ViewArea(), files);
+    window.normalizeKey = [html = browser.get(), page = own.get()](MSG& message) {
+        html->Normalize(message);
+        page->Normalize(message);
+    };
+    window.translateKey = [html = browser.get()](const MSG& message) {
         return html->TranslateKey(message);
     };
-    view->onZoomKey = [&window](int keyCode, int shift) { window.ReportKeyDown(keyCode, shift); };
-    return view;
+    browser->onZoomKey = report;
+    own->onZoomKey = report;
+    return std::make_unique<EitherHtmlView>(std::move(browser), std::move(own));
 }
 
 } // namespace
@@ -44,7 +52,8 @@ Ports MakeWinPorts() {
         window->Handle(), [view = textView.get()] { return view->ContextMenuPoint(); });
     ports.statusBar = std::make_unique<WinStatusBar>(window->Handle());
     ports.textView = std::move(textView);
-    ports.htmlView = MakeHtmlView(*window);
+    ports.files = std::make_unique<WinFiles>();
+    ports.htmlView = MakeHtmlView(*window, *ports.files);
     ports.clipboard = std::make_unique<WinClipboard>();
     ports.dialogs = std::make_unique<WinDialogs>(window->Handle());
     ports.helpWindow = std::make_unique<WinHelpWindow>();
@@ -52,7 +61,6 @@ Ports MakeWinPorts() {
     ports.scrollTimer = std::make_unique<WinTimer>(window->Handle());
     ports.shell = std::make_unique<WinShell>();
     ports.registry = std::make_unique<WinRegistry>();
-    ports.files = std::make_unique<WinFiles>();
     ports.versionInfo = std::make_unique<WinVersionInfo>();
     ports.updateCheck = std::make_unique<WinUpdateCheck>(
         [main = window.get()](MSG& message) { return main->PreTranslateMessage(message); });

@@ -15,7 +15,7 @@ QtHtmlView::QtHtmlView(QtWindow& window)
 QtHtmlView::~QtHtmlView() = default;
 
 bool QtHtmlView::IsAvailable() const {
-    return engine_ || IsHtmlModuleAvailable();
+    return engine_ || (!failed_ && IsHtmlModuleAvailable());
 }
 
 bool QtHtmlView::LoadEngine() {
@@ -55,7 +55,8 @@ void QtHtmlView::OnResponsiveChanged(bool responsive) {
 
 void QtHtmlView::Navigate(const std::u16string& path, int page) {
     load_ = page;
-    if (!LoadEngine()) {
+    failed_ = !LoadEngine();
+    if (failed_) {
         panel_->ShowNotice(HtmlPanel::tr("HTML books cannot be shown: the engine is missing."));
         QMetaObject::invokeMethod(
             panel_, [this] { CallHandler(onGone); }, Qt::QueuedConnection);

@@ -60,5 +60,5 @@ class QtHtmlView final : public HtmlView {
     HtmlPanel* panel_; // owned by the window
     std::unique_ptr<EngineView> engine_;
     int load_ = 0; // caller's number of the last load
-    bool focused_ = false;
+    bool focused_ = false, failed_ = false; // to load the engine
 };

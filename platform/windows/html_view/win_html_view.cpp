@@ -28,7 +28,7 @@ WinHtmlView::~WinHtmlView() {
 }
 
 bool WinHtmlView::IsAvailable() const {
-    return control_ || IsEngineInstalled();
+    return control_ || (!failed_ && IsEngineInstalled());
 }
 
 void WinHtmlView::Navigate(const std::u16string& path, int page) {
@@ -42,7 +42,8 @@ void WinHtmlView::Navigate(const std::u16string& path, int page) {
         blocker_.reset();
         blocker_ = std::make_unique<RemoteBlocker>(folder_);
     }
-    if (!OpenControl()) return window_.SetNotice(noEngine);
+    failed_ = !OpenControl();
+    if (failed_) return window_.SetNotice(noEngine);
     load_ = Load::Requested;
     if (!url_.empty() && control_->Load(url_)) return window_.SetNotice(L"");
     ShowLoadError();

@@ -121,6 +121,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     BookFolder folder_; // of the page's book
     std::wstring bookHost_;
     int page_ = 0;
+    bool failed_ = false; // to start the control
     Load load_ = Load::None;
     PageZoom zoom_;            // requested
     bool zoomPending_ = false; // not yet applied

@@ -24,7 +24,10 @@ std::wstring ProgramName() {
 
 } // namespace
 
+// Wine has the control, but its engine is another one that is to be fetched from the net first.
 bool IsEngineInstalled() {
+    const HMODULE system = GetModuleHandleW(L"ntdll");
+    if (system && GetProcAddress(system, "wine_get_version")) return false;
     wchar_t path[MAX_PATH] = {};
     const UINT length = GetSystemDirectoryW(path, MAX_PATH);
     if (length == 0 || length >= MAX_PATH) return false;

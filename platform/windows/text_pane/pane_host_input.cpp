@@ -1,6 +1,6 @@
-// Keys, mouse, wheel and drops of the text window.
+// Keys, mouse, wheel and drops of a pane's window.
 #include "platform/shared/call_handler.h"
-#include "platform/windows/text_pane/text_window.h"
+#include "platform/windows/text_pane/pane_host.h"
 #include "platform/windows/window/win_drops.h"
 
 #include <shellapi.h>
@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <limits>
 #include <optional>
 
 namespace {
@@ -62,13 +63,13 @@ int ThumbPosition(HWND window, int bar) {
 }
 } // namespace
 
-bool TextWindow::HandleInput(UINT message, WPARAM wParam, LPARAM lParam) {
+bool PaneHost::HandleInput(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN: return HandleKey(static_cast<int>(wParam));
     case WM_VSCROLL:
         HandleVerticalScroll(LOWORD(wParam));
-        pane_.ShowScrollLabel();
+        pane_->ShowScrollLabel();
         return true;
     case WM_HSCROLL: HandleHorizontalScroll(LOWORD(wParam)); return true;
     case WM_CONTEXTMENU:
@@ -85,32 +86,33 @@ bool TextWindow::HandleInput(UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-bool TextWindow::HandleKey(int key) {
+bool PaneHost::HandleKey(int key) {
     if (key == VK_F10 && IsDown(VK_SHIFT)) {
         RequestContextMenu();
         return true;
     }
     if (IsDown(VK_MENU)) return false;
     if (key == 'A' && IsDown(VK_CONTROL) && !IsDown(VK_SHIFT)) {
-        pane_.Select(0, pane_.Source().Length());
+        pane_->SelectAll();
         return true;
     }
+    if (OnKey(key)) return true;
     const auto paneKey = PaneKeyOf(key);
-    return paneKey && pane_.Press(*paneKey, IsDown(VK_SHIFT), IsDown(VK_CONTROL));
+    return paneKey && pane_->Press(*paneKey, IsDown(VK_SHIFT), IsDown(VK_CONTROL));
 }
 
-bool TextWindow::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
+bool PaneHost::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_LBUTTONDOWN: HandleClick(PointOf(lParam), (wParam & MK_SHIFT) != 0); return true;
     case WM_MOUSEMOVE:
-        if (GetCapture() == Handle()) pane_.DragTo(ToPane(PointOf(lParam)));
+        if (GetCapture() == Handle()) pane_->DragTo(ToPane(PointOf(lParam)));
         return true;
     case WM_LBUTTONUP: ReleaseCapture(); return true;
-    case WM_CAPTURECHANGED: pane_.EndDrag(); return true;
+    case WM_CAPTURECHANGED: pane_->EndDrag(); return true;
     case WM_MOUSEWHEEL:
         if (GET_KEYSTATE_WPARAM(wParam) & MK_CONTROL) return true; // the window's
         HandleWheel(GET_WHEEL_DELTA_WPARAM(wParam), false);
-        pane_.ShowScrollLabel();
+        pane_->ShowScrollLabel();
         return true;
     case WM_MOUSEHWHEEL: HandleWheel(GET_WHEEL_DELTA_WPARAM(wParam), true); return true;
     default: return false;
@@ -118,8 +120,8 @@ bool TextWindow::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 // The class has no double clicks, so that a third click can be told from a first.
-void TextWindow::HandleClick(POINT point, bool extend) {
-    if (pane_.IsPlaceholderLink(ToPane(point))) return CallHandler(onPlaceholderLink);
+void PaneHost::HandleClick(POINT point, bool extend) {
+    if (OnPress(ToPane(point))) return;
     const DWORD now = static_cast<DWORD>(GetMessageTime());
     const bool soon = now - clickTime_ <= GetDoubleClickTime() && IsNear(point, clicked_);
     clicks_ = soon && clicks_ < 3 ? clicks_ + 1 : 1;
@@ -127,65 +129,64 @@ void TextWindow::HandleClick(POINT point, bool extend) {
     clicked_ = point;
     ::SetFocus(Handle());
     SetCapture(Handle());
-    pane_.Click(ToPane(point), clicks_, extend && clicks_ == 1);
+    pane_->Click(ToPane(point), clicks_, extend && clicks_ == 1);
 }
 
 // A click outside the selection moves the caret first.
-void TextWindow::HandleRightClick(POINT onScreen) {
+void PaneHost::HandleRightClick(POINT onScreen) {
     POINT point = onScreen;
     ScreenToClient(Handle(), &point);
-    const TextPos position = pane_.PositionAtPoint(ToPane(point));
-    if (position < pane_.SelStart() || position >= pane_.SelEnd()) pane_.Select(position, position);
+    pane_->PrepareContextMenu(ToPane(point));
     ::SetFocus(Handle());
     if (onContextMenu) onContextMenu(onScreen);
 }
 
-void TextWindow::RequestContextMenu() {
+void PaneHost::RequestContextMenu() {
     const Size room = Room();
-    const Rect caret = pane_.CaretRect().value_or(Rect{});
+    const Rect caret = pane_->CaretRect().value_or(Rect{});
     POINT point = {std::clamp(caret.left, 0, std::max(0, room.width - 1)),
                    std::clamp(Bottom(caret), 0, std::max(0, room.height - 1))};
     ClientToScreen(Handle(), &point);
     if (onContextMenu) onContextMenu(point);
 }
 
-void TextWindow::HandleWheel(int turn, bool sideways) {
+void PaneHost::HandleWheel(int turn, bool sideways) {
     const auto lines = sideways ? charactersPerNotch : LinesPerNotch();
-    if (!lines) return pane_.ScrollPage(turn < 0);
+    if (!lines) return pane_->ScrollPage(turn < 0);
     int& remainder = sideways ? sidewaysRemainder_ : wheelRemainder_;
     remainder += turn * *lines;
     const int whole = remainder / WHEEL_DELTA;
     remainder -= whole * WHEEL_DELTA;
     if (whole == 0) return;
     if (sideways)
-        pane_.ScrollBy({whole * pane_.LineHeight(), 0});
+        pane_->ScrollBy({whole * pane_->LineHeight(), 0});
     else
-        pane_.ScrollLines(-whole);
+        pane_->ScrollLines(-whole);
 }
 
-void TextWindow::HandleVerticalScroll(int request) {
+void PaneHost::HandleVerticalScroll(int request) {
     switch (request) {
-    case SB_LINEUP: return pane_.ScrollLines(-1);
-    case SB_LINEDOWN: return pane_.ScrollLines(1);
-    case SB_PAGEUP: return pane_.ScrollPage(false);
-    case SB_PAGEDOWN: return pane_.ScrollPage(true);
-    case SB_TOP: return pane_.ScrollTo(0);
-    case SB_BOTTOM: return pane_.ScrollTo(pane_.Source().Length());
+    case SB_LINEUP: return pane_->ScrollLines(-1);
+    case SB_LINEDOWN: return pane_->ScrollLines(1);
+    case SB_PAGEUP: return pane_->ScrollPage(false);
+    case SB_PAGEDOWN: return pane_->ScrollPage(true);
+    case SB_TOP: return pane_->ScrollToValue(0);
+    case SB_BOTTOM: return pane_->ScrollToValue(std::numeric_limits<int>::max());
     case SB_THUMBTRACK:
-    case SB_THUMBPOSITION: return pane_.ScrollTo(ThumbPosition(Handle(), SB_VERT));
+    case SB_THUMBPOSITION: return pane_->ScrollToValue(ThumbPosition(Handle(), SB_VERT));
     default: break;
     }
 }
 
-void TextWindow::HandleHorizontalScroll(int request) {
-    const int line = pane_.LineHeight(), page = Room().width;
+void PaneHost::HandleHorizontalScroll(int request) {
+    const int line = pane_->LineHeight(), page = Room().width;
     switch (request) {
-    case SB_LINELEFT: return pane_.ScrollBy({-line, 0});
-    case SB_LINERIGHT: return pane_.ScrollBy({line, 0});
-    case SB_PAGELEFT: return pane_.ScrollBy({-page, 0});
-    case SB_PAGERIGHT: return pane_.ScrollBy({page, 0});
+    case SB_LINELEFT: return pane_->ScrollBy({-line, 0});
+    case SB_LINERIGHT: return pane_->ScrollBy({line, 0});
+    case SB_PAGELEFT: return pane_->ScrollBy({-page, 0});
+    case SB_PAGERIGHT: return pane_->ScrollBy({page, 0});
     case SB_THUMBTRACK:
-    case SB_THUMBPOSITION: return pane_.ScrollToX(ThumbPosition(Handle(), SB_HORZ));
+    case SB_THUMBPOSITION: return pane_->ScrollToX(ThumbPosition(Handle(), SB_HORZ));
     default: break;
     }
 }

@@ -1,0 +1,56 @@
+#include "platform/windows/html_pane/win_page_view.h"
+
+#include "common/keys.h"
+#include "platform/shared/call_handler.h"
+#include "platform/windows/base/text.h"
+#include "platform/windows/html_view/page/page_keys.h"
+#include "platform/windows/html_view/page/page_menu.h"
+#include "platform/windows/window/win_input.h"
+
+WinPageView::WinPageView(HWND parent, const Files& files)
+    : PaneHtmlView(files, static_cast<int>(GetACP())),
+      window_(std::make_unique<HtmlWindow>(parent, files)) {
+    window_->Pane().onLink = [this](HtmlNodeId link) { FollowLink(link); };
+    window_->onZoomKey = [this](int keyCode) { return ZoomByKey(keyCode); };
+    window_->onOtherKey = [this](int keyCode, bool shift) { return PressOther(keyCode, shift); };
+    window_->onPosted = [this] { RunPosted(); };
+    window_->onContextMenu = [this](POINT onScreen) { ShowContextMenu(onScreen); };
+    window_->onCopy = [this] { CallHandler(onCommand, PageCommand::Copy); };
+    window_->onDrop = [this](std::vector<std::u16string> paths) {
+        drops_.Add(Handle(), std::move(paths));
+    };
+}
+
+void WinPageView::Normalize(MSG& message) const {
+    const bool isKey = message.message == WM_KEYDOWN || message.message == WM_KEYUP;
+    if (!isKey || message.hwnd != Handle() || !(ShiftState() & CtrlKey)) return;
+    message.wParam = static_cast<WPARAM>(MainBlockKey(static_cast<int>(message.wParam)));
+}
+
+void WinPageView::ShowNotice(std::u16string_view text) {
+    window_->SetNotice(ToWide(text));
+}
+
+void WinPageView::ReportZoomKey(bool larger) {
+    CallHandler(onZoomKey, larger ? PlusKey : MinusKey, CtrlKey);
+}
+
+void WinPageView::ShowContextMenu(POINT onScreen) {
+    const auto command = TrackPageMenu(Handle(), onScreen, HasText(), Selection().span.length > 0);
+    if (!command) return;
+    if (*command == PageCommand::Print) Print();
+    CallHandler(onCommand, *command);
+}
+
+void WinPageView::SetBounds(const Rect& bounds) {
+    SetWindowPos(Handle(), nullptr, bounds.left, bounds.top, bounds.width, bounds.height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void WinPageView::SetVisible(bool visible) {
+    ShowWindow(Handle(), visible ? SW_SHOWNA : SW_HIDE);
+}
+
+void WinPageView::FocusView() {
+    ::SetFocus(Handle());
+}
