@@ -62,7 +62,7 @@ std::u16string PageTest::Text(PageSpan span) {
     return texts.size() == 1 ? texts[0] : u"(no answer)";
 }
 
-std::string NumberedLines(int count) {
+std::string NumberedParagraphs(int count) {
     std::string source;
     for (int i = 0; i < count; ++i) {
         char line[40];
@@ -110,7 +110,7 @@ TEST_CASE("html view: a load tells once, and only of the page asked for last") {
         CHECK(test.view.Charset().empty());
         CHECK(test.view.TextsOf({{0, 1}}).empty());
         CHECK(test.view.StartAtTop() == -1);
-        const auto first = test.Write("one.htm", "<title>One</title>" + NumberedLines(5000));
+        const auto first = test.Write("one.htm", "<title>One</title>" + NumberedParagraphs(5000));
         const auto second = test.Write("two.htm", "<title>Two &amp; more</title>two");
         test.Navigate(first);
         test.Navigate(second);
@@ -137,7 +137,7 @@ TEST_CASE("html view: who is told of a load may order and ask at once") {
             test.view.ScrollTo(0, 300);
             text = test.Text({0, 9});
         };
-        test.Navigate(test.Write("page.htm", NumberedLines(200)));
+        test.Navigate(test.Write("page.htm", NumberedParagraphs(200)));
         REQUIRE(test.WaitFor([&] { return !text.empty(); }));
         CHECK(text == u"line 0000");
         CHECK(test.view.ScrollTop() == 300);
@@ -175,7 +175,7 @@ TEST_CASE("html view: charsets and files of all kinds") {
 TEST_CASE(
     "html view: a dead engine is told of, answers nothing, and comes back with the next page") {
     OnEachEngine([](PageTest& test) {
-        test.Open(NumberedLines(300));
+        test.Open(NumberedParagraphs(300));
         test.view.ScrollTo(0, 500);
         test.Settle();
         test.bench.KillEngine();
@@ -191,7 +191,7 @@ TEST_CASE(
 
 TEST_CASE("html view: the close of the window ends a wait") {
     OnEachBackEnd([](PageTest& test) {
-        test.Open(NumberedLines(20000));
+        test.Open(NumberedParagraphs(20000));
         test.view.onLoaded = nullptr;
         const auto start = std::chrono::steady_clock::now();
         test.bench.CloseWindow();

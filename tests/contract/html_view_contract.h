@@ -84,4 +84,4 @@ inline void OnEachEngine(const std::function<void(PageTest&)>& check) {
 }
 
 // Paragraphs "line 0000" to "line <count - 1>", each on a line of its own.
-std::string NumberedLines(int count);
+std::string NumberedParagraphs(int count);

@@ -10,7 +10,7 @@ constexpr int pageDown = 34;
 
 TEST_CASE("html view: a page that hangs is told of, keeps its values and answers no question") {
     OnEachEngine([](PageTest& test) {
-        test.Open(NumberedLines(400), "<title>Hung</title>");
+        test.Open(NumberedParagraphs(400), "<title>Hung</title>");
         test.view.Select({55, 4});
         test.view.ScrollTo(0, 1000);
         test.Settle();
@@ -37,7 +37,7 @@ TEST_CASE("html view: a page that hangs is told of, keeps its values and answers
 
 TEST_CASE("html view: a page that has hung carries out what was ordered, and no keys") {
     OnEachEngine([](PageTest& test) {
-        test.Open(NumberedLines(400));
+        test.Open(NumberedParagraphs(400));
         test.bench.HangEngine(true);
         for (int i = 0; i < 3; ++i)
             test.view.SendZoomKey(true); // 110, 125, 150
@@ -57,7 +57,7 @@ TEST_CASE("html view: a page that has hung carries out what was ordered, and no 
 
 TEST_CASE("html view: the next page is shown while one hangs") {
     OnEachEngine([](PageTest& test) {
-        test.Open(NumberedLines(400));
+        test.Open(NumberedParagraphs(400));
         test.bench.HangEngine(true);
         test.Open("the next");
         CHECK(test.Text() == u"the next");
@@ -72,7 +72,7 @@ TEST_CASE("html view: the next page is shown while one hangs") {
 
 TEST_CASE("html view: while a new size takes its time, size and place stay those before") {
     OnEachEngine([](PageTest& test) {
-        test.Open(NumberedLines(2000), "<style>p{display:inline}</style>"); // in one paragraph
+        test.Open(NumberedParagraphs(2000), "<style>p{display:inline}</style>"); // in one paragraph
         test.view.ScrollTo(0, 1500);
         test.Settle();
         int zoomed = 0;

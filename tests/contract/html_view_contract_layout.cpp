@@ -78,7 +78,7 @@ TEST_CASE("html layout: at its start a page stays there when it is zoomed") {
 
 TEST_CASE("html layout: a page comes at normal size, whatever was pressed while it loaded") {
     OnEachBackEnd([](PageTest& test) {
-        test.Navigate(test.Write("page.htm", NumberedLines(200)));
+        test.Navigate(test.Write("page.htm", NumberedParagraphs(200)));
         test.view.SendZoomKey(true);
         test.bench.Press(PlusKey, 2); // Ctrl and "+"
         test.view.SendZoomKey(true);
@@ -100,12 +100,12 @@ TEST_CASE("html layout: keys beyond the largest size count, so that their sum le
             return test.WaitFor(
                 [&] { return std::abs(test.view.ViewHeight() - 40000 / percent) <= 1; });
         };
-        test.Open(NumberedLines(400));
+        test.Open(NumberedParagraphs(400));
         send(true, 12);
         CHECK(comesTo(500));
         send(false, 4);
         CHECK(comesTo(400));
-        test.Open(NumberedLines(400)); // left and come back
+        test.Open(NumberedParagraphs(400)); // left and come back
         send(true, 8);
         CHECK(comesTo(400));
     });

@@ -18,7 +18,7 @@ constexpr int tabKey = 9, returnKey = 13, pageDown = 34, zeroKey = '0', copyKey 
 
 TEST_CASE("html view: scrolls as far as the page goes") {
     OnEachBackEnd([](PageTest& test) {
-        test.Open(NumberedLines(200), plainMargins);
+        test.Open(NumberedParagraphs(200), plainMargins);
         CHECK(test.view.ScrollTop() == 0);
         CHECK(test.view.TopMargin() == 8);
         CHECK(test.view.ViewHeight() == 400);
@@ -38,7 +38,7 @@ TEST_CASE("html view: scrolls as far as the page goes") {
 
 TEST_CASE("html view: brings a line to the top, and knows the character there") {
     OnEachBackEnd([](PageTest& test) {
-        test.Open(NumberedLines(200), plainMargins);
+        test.Open(NumberedParagraphs(200), plainMargins);
         for (const int line : {0, 1, 57, 120}) {
             CAPTURE(line);
             test.view.ScrollSpanToTop(Line(line));
@@ -50,7 +50,7 @@ TEST_CASE("html view: brings a line to the top, and knows the character there") 
 
 TEST_CASE("html view: selects, and shows where the selection starts") {
     OnEachBackEnd([](PageTest& test) {
-        test.Open(NumberedLines(200), plainMargins);
+        test.Open(NumberedParagraphs(200), plainMargins);
         CHECK(test.view.Selection().span == PageSpan{});
         CHECK(test.view.Selection().top == test.view.TopMargin());
         CHECK(test.view.SelectedText().empty());
@@ -74,7 +74,7 @@ TEST_CASE("html view: selects, and shows where the selection starts") {
 
 TEST_CASE("html view: texts of spans inside, across and outside the text") {
     OnEachBackEnd([](PageTest& test) {
-        test.Open(NumberedLines(3));
+        test.Open(NumberedParagraphs(3));
         const std::vector<std::u16string> expected{u"line 0001", u"0\nl", u"line 0002", u"", u""};
         CHECK(test.view.TextsOf({Line(1), {8, 3}, {20, 100}, {500, 3}, {4, 0}}) == expected);
     });
@@ -82,7 +82,7 @@ TEST_CASE("html view: texts of spans inside, across and outside the text") {
 
 TEST_CASE("html view: finds behind the selection, up to the end") {
     OnEachBackEnd([](PageTest& test) {
-        test.Open(NumberedLines(200) + "<p>Word words</p>", plainMargins);
+        test.Open(NumberedParagraphs(200) + "<p>Word words</p>", plainMargins);
         const auto first = test.view.FindBehindSelection(u"LINE 01", {});
         REQUIRE(first.has_value());
         CHECK(first->span == PageSpan{1000, 7});
@@ -115,7 +115,7 @@ TEST_CASE("html view: the source of the selection") {
 
 TEST_CASE("html view: zoom keys of the program are carried out in order and told afterwards") {
     OnEachBackEnd([](PageTest& test) {
-        test.Open(NumberedLines(400), plainMargins);
+        test.Open(NumberedParagraphs(400), plainMargins);
         test.bench.keysDown.clear();
         for (int i = 0; i < 3; ++i)
             test.view.SendZoomKey(true); // 110, 125, 150
@@ -137,7 +137,7 @@ TEST_CASE("html view: zoom keys of the program are carried out in order and told
 
 TEST_CASE("html view: keys of the user scroll and zoom, and the window is told of all") {
     OnEachBackEnd([](PageTest& test) {
-        test.Open(NumberedLines(400), plainMargins);
+        test.Open(NumberedParagraphs(400), plainMargins);
         test.bench.keysDown.clear();
         test.bench.Press(pageDown, 0);
         REQUIRE(test.WaitFor([&] { return test.view.ScrollTop() > 200; }));

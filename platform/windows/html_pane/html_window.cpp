@@ -35,7 +35,7 @@ class MessageFont {
 } // namespace
 
 HtmlWindow::HtmlWindow(HWND parent, const Files& files)
-    : PaneHost(L"NorvasetPage", parent), pane_(*this, Lines(), Pictures(), files) {
+    : PaneHost(L"NorvasetOwnPage", parent), pane_(*this, Lines(), Pictures(), files) {
     SetPane(pane_);
 }
 

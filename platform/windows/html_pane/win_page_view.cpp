@@ -5,10 +5,11 @@
 #include "platform/windows/base/text.h"
 #include "platform/windows/html_view/page/page_keys.h"
 #include "platform/windows/html_view/page/page_menu.h"
+#include "platform/windows/system/win_locale.h"
 #include "platform/windows/window/win_input.h"
 
 WinPageView::WinPageView(HWND parent, const Files& files)
-    : PaneHtmlView(files, static_cast<int>(GetACP())),
+    : PaneHtmlView(files, WinLocale().AnsiCodePage()),
       window_(std::make_unique<HtmlWindow>(parent, files)) {
     window_->Pane().onLink = [this](HtmlNodeId link) { FollowLink(link); };
     window_->onZoomKey = [this](int keyCode) { return ZoomByKey(keyCode); };
