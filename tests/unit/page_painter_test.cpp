@@ -13,7 +13,7 @@ std::vector<NoneDrawing> Painted(const std::u16string& body, Rect clip = {0, 0, 
     PageSample page(body);
     page.flow.SetWidth(100);
     NoneCanvas canvas;
-    PagePaint paint{page.boxes, 1, 0x123456, clip, {}};
+    PagePaint paint{page.boxes, 1, 0x123456, clip, {}, {}, {}};
     PaintFragment(canvas, paint, *page.flow.LayOut(0), 0, 0);
     return canvas.drawings;
 }
