@@ -56,6 +56,7 @@ struct InlineContent {
     std::vector<InlineAtom> atoms;     // ascending
     std::vector<InlineFloat> floats;   // ascending
     std::vector<InlineOrigin> origins; // ascending
+    std::vector<UnitSpan> hidden;      // ascending: they take their room, and are not drawn
     StyleHandle strut;                 // of the block: no line is lower than its font
     std::optional<double> strutLineHeight;
     double xHeight = 0;                    // of the block's font, for `Middle`

@@ -20,20 +20,7 @@ VerticalAlign AlignOf(CssVerticalAlign align) {
     default: return VerticalAlign::Baseline;
     }
 }
-
-void AddToBaseline(const PageFragment& fragment, double top, double& baseline) {
-    for (const PlacedLines& lines : fragment.lines)
-        baseline = std::max(baseline, top + lines.layout.lines.back().baseline);
-    for (const PlacedPart& part : fragment.parts)
-        AddToBaseline(*part.fragment, top + part.top, baseline);
-}
 } // namespace
-
-double LastBaseline(const PageFragment& fragment) {
-    double baseline = -1;
-    AddToBaseline(fragment, 0, baseline);
-    return baseline;
-}
 
 bool HasVisibleBox(const PageBox& box) {
     if (box.node == noHtmlNode) return false;
@@ -134,6 +121,14 @@ PlacedPart PageLayouter::PartOf(PageBoxId id, double containing) {
             LayOutShrunk(id, containing)};
 }
 
+// Of its part, when its place is known.
+void PageLayouter::ShiftRelative(PageBoxId id, double containing, PlacedPart& part) const {
+    const PageBox& box = boxes_[id];
+    const auto shift = measure_.RelativeShift(*box.style, *boxes_[box.parent].text, containing);
+    part.left += shift.x;
+    part.top += shift.y;
+}
+
 void PageLayouter::AddAtom(const LinesText::Place& place, double containing,
                            LinesContent& content) {
     const PageBox& box = boxes_[place.box];
@@ -152,6 +147,7 @@ void PageLayouter::AddAtom(const LinesText::Place& place, double containing,
         atom.raise = measure_.Length(style.verticalShift, 0);
     content.content->text.boxes.push_back({place.at, int(std::ceil(atom.width))});
     content.content->atoms.push_back(atom);
+    ShiftRelative(place.box, containing, part);
     content.atoms.push_back(std::move(part));
 }
 
@@ -164,6 +160,7 @@ void PageLayouter::AddFloat(const LinesText::Place& place, double containing,
     const FloatSide side = style.floats == CssFloat::Left ? FloatSide::Left : FloatSide::Right;
     content.content->floats.push_back(
         {place.at, side, width, part.top + part.fragment->height + below});
+    ShiftRelative(place.box, containing, part);
     content.floats.push_back(std::move(part));
 }
 

@@ -27,16 +27,13 @@ struct LinesContent {
 };
 
 // What the layout asks of those who know the page's text, fonts and pictures.
-class PageContent {
+class PageContent : public PageNumbers {
   public:
-    virtual ~PageContent() = default;
     virtual LinesText TextOf(PageBoxId lines) = 0;
     // What stands before an item of a list, outside of its text; null for nothing.
     virtual std::shared_ptr<const InlineContent> MarkerOf(PageBoxId item) = 0;
     // In CSS pixels; empty if it cannot be read.
     virtual Size PictureSize(PageBoxId picture) = 0;
-    // An attribute of an element as a number; nothing if it has none.
-    virtual std::optional<int> Number(PageBoxId box, HtmlName attribute) = 0;
 };
 
 class PageLayouter {
@@ -68,6 +65,7 @@ class PageLayouter {
     WidthExtent LinesExtent(PageBoxId lines);
     Size PictureContentSize(PageBoxId box, double containing);
     PlacedPart PartOf(PageBoxId box, double containing); // at its place in its margins
+    void ShiftRelative(PageBoxId box, double containing, PlacedPart& part) const;
     void AddAtom(const LinesText::Place& place, double containing, LinesContent& content);
     void AddFloat(const LinesText::Place& place, double containing, LinesContent& content);
 
