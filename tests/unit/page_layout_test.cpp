@@ -55,6 +55,9 @@ TEST_CASE("page layout: relative boxes keep their place for what is around") {
     CHECK(
         Lines(u"<p style='margin:0;position:relative;left:10%;top:-4px'>a<p style='margin:0'>b") ==
         "40,-4 a|0,16 b");
+    CHECK(
+        Lines(u"<div style='position:relative;top:5px'><p>a<div style='position:relative;left:7px'>"
+              u"b<p style='margin:0'>c</div></div>d") == "0,21 a|7,53 b|7,69 c|0,80 d");
     CHECK(Lines(u"<p style='margin:0;position:relative;right:10px;bottom:4px'>a") == "-10,-4 a");
     CHECK(Lines(u"<div style='float:left;position:relative;top:7px'>f</div>a") == "8,0 a|0,7 f");
     CHECK(Lines(u"<table cellspacing=0 cellpadding=0 style='position:relative;left:9px'><tr><td>a"
@@ -83,6 +86,14 @@ TEST_CASE("page layout: old attributes of lists, breaks and pictures") {
         "0,0 a|0,20 b");
     CHECK(Lines(u"<hr align=left width=50% style='margin:0'>a") == "0,2 a");
     CHECK(Lines(u"<p align=center style='margin:0'>aa", 100) == "42,0 aa");
+}
+
+TEST_CASE("page layout: the text of a picture that cannot be shown stands in the line") {
+    CHECK(Lines(u"a<img alt='bb cc'>d") == "0,0 a#d|8,0 bb cc");
+    CHECK(Lines(u"<img alt='bb cc dd'>", 60) == "0,0 #|0,0 bb cc|0,16 dd");
+    CHECK(Lines(u"a<img alt=''>d<div style='float:right'>x<img alt=''>y</div>") ==
+          "0,0 a#d|384,0 x#y");
+    CHECK(Lines(u"a<img alt='bb cc dd' width=40 height=30>d", 100) == "0,0 a#d|8,0 bb cc");
 }
 
 TEST_CASE("page layout: floats stand beside what follows") {

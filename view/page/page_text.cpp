@@ -120,10 +120,16 @@ class LinesReader {
             node_ = id;
             AddBreak(0);
             node_ = noHtmlNode;
+            AddClear(styles_.Of(id).box->clear);
         }
         AddControls(OpeningControls(styles_.Of(id)));
         AddGenerated(styles_.Before(id), id);
         return true;
+    }
+
+    void AddClear(CssClear clear) {
+        if (clear == CssClear::None) return;
+        Content().clears.push_back({Length(), clear != CssClear::Right, clear != CssClear::Left});
     }
 
     void AddControls(std::u16string_view controls) {
@@ -349,14 +355,27 @@ std::shared_ptr<const InlineContent> PageText::MarkerOf(PageBoxId item) {
     const std::u16string marker = ListMarker(box.text->listStyleType, box.number);
     if (marker.empty() || box.text->listStylePosition == CssListStylePosition::Inside)
         return nullptr;
+    auto content = PlainContent(box, marker);
+    content->wraps = false;
+    return content;
+}
+
+std::shared_ptr<const InlineContent> PageText::AlternativeOf(PageBoxId picture) {
+    const PageBox& box = boxes_[picture];
+    const HtmlAttribute* text = tree_[box.node].Attribute(HtmlName::Alt);
+    return text ? PlainContent(box, text->Value()) : nullptr;
+}
+
+// In the style of the box.
+std::shared_ptr<InlineContent> PageText::PlainContent(const PageBox& box,
+                                                      std::u16string_view text) {
     auto content = std::make_shared<InlineContent>();
     content->strut = fonts_.Of(*box.text);
-    content->text.text = marker;
-    if (box.text->visibility != CssVisibility::Visible)
-        content->hidden = {{0, TextPos(marker.size())}};
+    content->strutLineHeight = fonts_.LineHeight(*box.text);
+    content->text.text = text;
     content->text.runs = {{0, content->strut}};
     content->text.rightToLeft = box.text->direction == CssDirection::RightToLeft;
-    content->runs = {{0, content->strut, fonts_.LineHeight(*box.text), 0}};
-    content->wraps = false;
+    content->runs = {{0, content->strut, content->strutLineHeight, 0}};
+    if (IsHidden(box)) content->hidden = {{0, TextPos(text.size())}};
     return content;
 }

@@ -1,8 +1,7 @@
 #include "view/page/text_raise.h"
 
 namespace {
-// Of the parent's font size; fonts say it, but line layout does not tell.
-constexpr double superscript = 1.0 / 3, subscript = 1.0 / 5, xHeight = 1.0 / 2;
+constexpr double xHeight = 1.0 / 2; // of the font's size
 constexpr std::uint8_t halfOpaque = 128;
 
 // A line height without one of its own: what most fonts have, for a percentage of it.

@@ -4,6 +4,10 @@
 
 #include "view/page/page_fonts.h"
 
+// By which raised and lowered text stands away from the baseline, of the font's size around it;
+// fonts say it, but line layout does not tell.
+constexpr double superscript = 1.0 / 3, subscript = 1.0 / 5;
+
 // Lengths in device pixels.
 struct TextPlace {
     double raise = 0; // for which its line makes room
