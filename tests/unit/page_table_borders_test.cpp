@@ -84,6 +84,10 @@ TEST_CASE("page table: cells over several rows and columns have borders around t
     CHECK(Borders(collapse + u"<style>tr{border-bottom:2px solid}</style>"
                              u"<table><tr><td rowspan=2>a<td>b<tr><td>c</table>") ==
           "0010 0010 0010 1010");
+    // Beside edges of several widths a cell leaves each to the cell beyond.
+    CHECK(Borders(collapse + u"<style>td{border:2px solid}</style><table><tr><td>a"
+                             u"<td style='border:6px solid'>b<tr><td colspan=2>c</table>") ==
+          "3311 1321 3363 0111");
 }
 
 TEST_CASE("page table: spacing between cells") {

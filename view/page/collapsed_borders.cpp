@@ -15,8 +15,16 @@ struct Edge {
     float width = 0;
     CssBorderStyle style = CssBorderStyle::None;
     Owner owner = Owner::None;
+    bool whole = false; // the cell on one side has all of it
     CssColor color;
 };
+
+// One side of a cell, which may have several edges.
+struct Side {
+    Edge edge; // that wins
+    bool uneven = false;
+};
+using Sides = std::array<Side, 4>;
 
 int RankOf(CssBorderStyle style) {
     switch (style) {
@@ -42,7 +50,8 @@ bool Wins(const Edge& challenger, const Edge& edge) {
 }
 
 Edge EdgeOf(const CssBoxStyle& style, CssSide side, Owner owner) {
-    return {style.borderWidth[side], style.borderStyle[side], owner, style.borderColor[side]};
+    return {style.borderWidth[side], style.borderStyle[side], owner, false,
+            style.borderColor[side]};
 }
 
 } // namespace
@@ -64,13 +73,27 @@ class CollapsedBorders::EdgeGrid {
             if (Wins(challenger, edge)) edge = challenger;
         });
     }
-    // Of a side that has several the one that wins.
-    std::array<Edge, 4> Around(const Area& area) {
-        std::array<Edge, 4> around;
+    Sides Around(const Area& area) {
+        Sides around;
+        std::array<bool, 4> known = {};
         ForSides(area, [&](CssSide side, const Edge& edge) {
-            if (Wins(edge, around[side])) around[side] = edge;
+            Side& own = around[side];
+            own.uneven |=
+                known[side] && (edge.width != own.edge.width || edge.style != own.edge.style ||
+                                edge.color != own.edge.color);
+            if (!known[side] || Wins(edge, own.edge)) own.edge = edge;
+            known[side] = true;
         });
         return around;
+    }
+    // Leaves the edges of an uneven side to the cells beyond it, each of which has one.
+    void LeaveUneven(const Area& area) {
+        const Sides around = Around(area);
+        const std::array<bool, 4> isInner{area.top > 0, area.right < columns_,
+                                          area.bottom<rows_, area.left> 0};
+        ForSides(area, [&](CssSide side, Edge& edge) {
+            edge.whole |= around[side].uneven && isInner[side];
+        });
     }
     Area All() const { return {0, 0, rows_, columns_}; }
 
@@ -94,7 +117,9 @@ class CollapsedBorders::EdgeGrid {
 namespace {
 // Of a border of an odd width the cell below or to the right has the larger part, within the table
 // as at its edges.
-float CellPart(CssSide side, float width) {
+float CellPart(CssSide side, const Side& of) {
+    const float width = of.edge.width;
+    if (of.edge.whole) return of.uneven ? 0 : width;
     return side == cssTop || side == cssLeft ? std::ceil(width / 2) : std::floor(width / 2);
 }
 
@@ -110,9 +135,9 @@ CollapsedBorders::EdgeGrid::Area AreaOf(const GridCell& cell, const TableGrid& g
 }
 
 template <typename WidthOf>
-void SetBorders(CssBoxStyle& style, const std::array<Edge, 4>& around, WidthOf widthOf) {
+void SetBorders(CssBoxStyle& style, const Sides& around, WidthOf widthOf) {
     for (const CssSide side : {cssTop, cssRight, cssBottom, cssLeft})
-        SetBorder(style, side, around[side], widthOf(side, around[side].width));
+        SetBorder(style, side, around[side].edge, widthOf(side, around[side]));
 }
 } // namespace
 
@@ -122,11 +147,13 @@ void CollapsedBorders::Apply(PageBoxId table, const TableGrid& grid) {
     EdgeGrid edges(rows, columns);
     OfferAll(edges, table, grid);
     for (const GridCell& cell : grid.cells)
+        if (cell.rows > 1 || cell.columns > 1) edges.LeaveUneven(AreaOf(cell, grid));
+    for (const GridCell& cell : grid.cells)
         Change(cell.box, [&, around = edges.Around(AreaOf(cell, grid))](CssBoxStyle& style) {
             SetBorders(style, around, CellPart);
         });
     const auto remove = [](CssBoxStyle& style) {
-        SetBorders(style, {}, [](CssSide, float) { return 0.0f; });
+        SetBorders(style, {}, [](CssSide, const Side&) { return 0.0f; });
     };
     for (const PageBoxId row : grid.rows) {
         Change(row, remove);
@@ -135,7 +162,7 @@ void CollapsedBorders::Apply(PageBoxId table, const TableGrid& grid) {
     Change(table, [&, around = edges.Around(edges.All())](CssBoxStyle& style) {
         style.padding = CssBoxStyle{}.padding;
         SetBorders(style, around,
-                   [](CssSide side, float width) { return width - CellPart(side, width); });
+                   [](CssSide side, const Side& of) { return of.edge.width - CellPart(side, of); });
     });
 }
 
