@@ -1,26 +1,18 @@
-// All style sheets of a page: those in it, those in files of its book's folder, and what these
+// The texts of all style sheets of a page: those in it, those that it links to, and what these
 // import.
 #pragma once
 
 #include "formats/css/css_page_sheets.h"
-#include "formats/css/css_sheet.h"
 
 #include <functional>
-#include <optional>
 
-// Reads a file by its path from the folder that the page is in, with "/" between its parts and
-// without ".."; nothing if there is none that may be read. No other file is asked for.
-using CssFileReader = std::function<std::optional<std::string>(const std::u16string& path)>;
-
-struct CssLoading {
-    CssReading reading;
-    int pageCodePage = 65001; // of sheets that do not say their own
-    CssFileReader readFile;   // null: no files
-};
+// The bytes behind an address as a page could have it, relative to that page; "" where nothing may
+// be read. Who reads decides what may be: nothing here is a path.
+using CssFileReader = std::function<std::string(std::u16string_view address)>;
 
 // In the order in which they hold: what a sheet imports stands before it.
-std::vector<CssSheet> LoadCssSheets(const HtmlTree& tree, const CssLoading& loading);
+std::vector<std::u16string> LoadCssTexts(const HtmlTree& tree, const CssMedium& medium,
+                                         int pageCodePage, const CssFileReader& read);
 
-// The path of what an address leads to from the folder of the file at `from`, itself from the
-// page's folder; "" when it leads elsewhere, to another computer or above the page's folder.
-std::u16string PathInFolder(std::u16string_view address, std::u16string_view from);
+// An address in the file at another one, as the page would write it; "" where that is not possible.
+std::u16string AddressFrom(std::u16string_view file, std::u16string_view address);
