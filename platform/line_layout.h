@@ -22,8 +22,15 @@ enum class TextBaseline { Normal, Superscript, Subscript }; // the last two in s
 
 struct TextStyle {
     TextFont font;
-    bool underline = false, strikethrough = false;
+    bool underline = false, strikethrough = false, overline = false;
     TextBaseline baseline = TextBaseline::Normal;
+    // Pixels by which each character, and besides each space between words, is wider, on one side
+    // of it; negative ones make narrower. Of several spaces in a row at least the last one; a mark
+    // may count as a character.
+    double letterSpacing = 0, wordSpacing = 0;
+    // Pixels of the text above the baseline, in letters of the font's own size. The line's ascent
+    // and descent are as if it stood on it.
+    double raise = 0;
     std::optional<Color> color;      // none: the one that is drawn with
     std::optional<Color> background; // none: nothing is filled
     bool operator==(const TextStyle&) const = default;

@@ -25,6 +25,9 @@ constexpr int maxCssSelectorDepth = 8;
 constexpr int maxCssBlockDepth = 32;
 
 constexpr std::size_t maxCssImports = 64;
+// Of a page: files of sheets, sheets that import each other, and the bytes of all together.
+constexpr std::size_t maxCssFiles = 64, maxCssImportDepth = 8;
+constexpr std::size_t maxCssFileBytes = std::size_t{16} << 20;
 constexpr std::size_t maxCssFontFamilies = 32; // of one declaration
 constexpr std::size_t maxCssContentItems = 32; // of one declaration
 

@@ -38,6 +38,14 @@ Kind KindOf(char16_t unit) {
     return IsBreakingSpace(unit) ? Kind::Space : Kind::Visible;
 }
 
+bool IsWordSpace(char16_t unit) {
+    return unit == u' ' || unit == u'\u00A0';
+}
+
+double Spacing(char16_t first, const TextStyle& style) {
+    return style.letterSpacing + (IsWordSpace(first) ? style.wordSpacing : 0);
+}
+
 // That of its first character with a width: of syllables and joined pictographs the first one's.
 double WidthOf(std::u16string_view cluster, const NoneStyle& style) {
     double width = 0;
@@ -45,7 +53,7 @@ double WidthOf(std::u16string_view cluster, const NoneStyle& style) {
         if (width > 0 || IsMarkOrFormat(character)) return;
         width = style.CharacterWidth() * (IsWide(character) ? 2 : 1);
     });
-    return width;
+    return width > 0 ? std::max(0.0, width + Spacing(cluster.front(), style.Style())) : 0;
 }
 
 NoneCluster Shape(std::u16string_view cluster, TextPos start, const NoneStyle& style) {

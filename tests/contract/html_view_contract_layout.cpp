@@ -204,3 +204,19 @@ TEST_CASE("html layout: a page's own colours, and letters in another one") {
         }
     });
 }
+
+TEST_CASE("html layout: a page has the style sheets that its own ones import") {
+    OnEachBackEnd([](PageTest& test) {
+        std::filesystem::create_directory(test.folder / "sheets");
+        test.Write("a.css", "@import 'sheets/b.css';");
+        test.Write("sheets/b.css", "@import url(c.css); body{color:#eee}");
+        test.Write("sheets/c.css", "body{background:#123;color:red}");
+        for (const char* head :
+             {"<link rel=stylesheet href=a.css>", "<style>@import 'a.css';</style>"}) {
+            CAPTURE(head);
+            test.Open("text", head);
+            CHECK(test.view.OwnColors().text == 0xEEEEEE);
+            CHECK(test.view.OwnColors().background == 0x112233);
+        }
+    });
+}

@@ -44,6 +44,6 @@ std::vector<TextPos> VisibleCharacters(const TextLines&, int line, const std::u1
 std::vector<TextExtent> Joined(std::vector<TextExtent>);
 bool CoverTheSame(const std::vector<TextExtent>&, const std::vector<TextExtent>&);
 
-// Each sample broken at widths from all of its text down to a few letters.
+// Each sample broken at widths from all of its text down to a few letters, and once set apart.
 using LineCheck = void (*)(const TextLines&, const LineSample&, int width);
 void OnEachSampleInLines(LineCheck);

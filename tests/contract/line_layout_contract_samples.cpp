@@ -133,12 +133,22 @@ void OnEachSampleInLines(LineCheck check) {
         const auto layout = backEnd.make();
         layout->SetResolution(96);
         const int letters = int(TextWidth(*layout, u"nnnn"));
-        for (const LineSample& sample : LineSamples())
+        TextStyle setApart = LineStyle();
+        setApart.letterSpacing = 3;
+        setApart.wordSpacing = 2;
+        const auto spaced = layout->Prepare(setApart);
+        for (const LineSample& sample : LineSamples()) {
             for (const int width : {unlimited, 10 * letters, 4 * letters, letters, 1}) {
                 INFO(std::string(sample.name), ", width ", width);
                 check(*layout->BreakLines(
                           LineParagraph(*layout, sample.text, width, sample.rightToLeft)),
                       sample, width);
             }
+            INFO(std::string(sample.name), ", set apart");
+            ParagraphText paragraph =
+                LineParagraph(*layout, sample.text, 6 * letters, sample.rightToLeft);
+            paragraph.runs[0].style = spaced;
+            check(*layout->BreakLines(paragraph), sample, 6 * letters);
+        }
     }
 }

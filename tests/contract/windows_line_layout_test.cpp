@@ -279,3 +279,39 @@ TEST_CASE("Windows line layout: a mark of the other direction without its letter
         lines->Draw(picture.Canvas(), 0, left, baseline, InBlack());
     }
 }
+
+TEST_CASE("Windows line layout: raised text is drawn as many pixels higher, with a line above it") {
+    const auto firstRow = [](const TextStyle& style) {
+        WinLineLayout layout;
+        layout.SetResolution(96);
+        Picture picture;
+        LinesOf(layout, u"HHH", style)->Draw(picture.Canvas(), 0, left, baseline, InBlack());
+        int row = 0;
+        while (row < pictureHeight && picture.Painted({0, row, pictureWidth, 1}) == 0)
+            ++row;
+        return row;
+    };
+    TextStyle style = LineStyle(15);
+    const int plain = firstRow(style);
+    for (const int raise : {15, 4, -11}) {
+        style.raise = raise;
+        CHECK(firstRow(style) == plain - raise);
+    }
+    style.raise = 0;
+    style.overline = true;
+    CHECK(firstRow(style) < plain);
+}
+
+TEST_CASE("Windows line layout: letters that are set apart are drawn apart") {
+    WinLineLayout layout;
+    layout.SetResolution(96);
+    TextStyle style = LineStyle(15);
+    style.letterSpacing = 20;
+    const auto lines = LinesOf(layout, u"HH", style);
+    Picture picture;
+    lines->Draw(picture.Canvas(), 0, left, baseline, InBlack());
+    const TextExtent first = lines->CharacterExtent(0, 0), second = lines->CharacterExtent(0, 1);
+    CHECK(picture.Painted(Column(first)) > 0);
+    CHECK(picture.Painted(Column(second)) > 0);
+    CHECK(picture.Painted(Column({first.right - 15, first.right})) == 0);
+}

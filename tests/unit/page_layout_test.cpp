@@ -41,6 +41,61 @@ TEST_CASE("page layout: heights") {
     CHECK(Lines(u"one<hr>two") == "0,0 one|0,34 two");
 }
 
+TEST_CASE("page layout: limits of widths and heights") {
+    CHECK(Lines(u"<div style='min-width:50%;width:10px;float:right'>a") == "200,0 a");
+    CHECK(Lines(u"<div style='max-width:50%;margin-left:auto'>a") == "200,0 a");
+    CHECK(Lines(u"<div style='max-height:20px'>a<br>b</div>c") == "0,0 a/|0,16 b|0,20 c");
+    CHECK(Lines(u"<div style='max-height:50px'>a</div>b") == "0,0 a|0,16 b");
+    CHECK(Lines(u"<div style='height:50%'>a</div>b") == "0,0 a|0,16 b");
+    CHECK(Lines(u"<div style='max-height:50%'>a<br>b</div>c") == "0,0 a/|0,16 b|0,32 c");
+    CHECK(Lines(u"<img style='width:100px;max-width:25%' >a", 200) == "0,0 #a");
+}
+
+TEST_CASE("page layout: relative boxes keep their place for what is around") {
+    CHECK(
+        Lines(u"<p style='margin:0;position:relative;left:10%;top:-4px'>a<p style='margin:0'>b") ==
+        "40,-4 a|0,16 b");
+    CHECK(
+        Lines(u"<div style='position:relative;top:5px'><p>a<div style='position:relative;left:7px'>"
+              u"b<p style='margin:0'>c</div></div>d") == "0,21 a|7,53 b|7,69 c|0,80 d");
+    CHECK(Lines(u"<p style='margin:0;position:relative;right:10px;bottom:4px'>a") == "-10,-4 a");
+    CHECK(Lines(u"<div style='float:left;position:relative;top:7px'>f</div>a") == "8,0 a|0,7 f");
+    CHECK(Lines(u"<table cellspacing=0 cellpadding=0 style='position:relative;left:9px'><tr><td>a"
+                u"</table>b") == "9,0 a|0,16 b");
+    CHECK(Lines(u"a<span style='display:inline-block;position:relative;top:3px'>b</span>") ==
+          "0,0 a#|8,3 b");
+}
+
+TEST_CASE("page layout: elements and attributes that take things away") {
+    CHECK(Lines(u"a<p hidden>b</p><p style='margin:0'>c") == "0,0 a|0,16 c");
+    CHECK(Lines(u"a<span hidden>b</span>c") == "0,0 ac");
+}
+
+TEST_CASE("page layout: old attributes of lists, breaks and pictures") {
+    CHECK(Lines(u"<ol type=a start=2><li>x<li type=I>y</ol>") ==
+          "18,16 b.|40,16 x|2,32 III.|40,32 y");
+    CHECK(Lines(u"<ul type=square><li>x</ul>") == "26,16 ?|40,16 x");
+    const std::u16string box = u"<div style='float:left;width:8px;height:40px'></div>";
+    CHECK(Lines(box + u"a<br>b") == "8,0 a/|8,16 b");
+    CHECK(Lines(box + u"a<br clear=all>b") == "8,0 a/|0,40 b");
+    CHECK(Lines(box + u"a<br clear=left>b") == "8,0 a/|0,40 b");
+    CHECK(Lines(box + u"a<br clear=right>b") == "8,0 a/|8,16 b");
+    CHECK(Lines(u"<img align=left width=20 height=20 hspace=5 vspace=3>a") == "30,0 a");
+    CHECK(
+        Lines(u"<img align=right width=20 height=20 hspace=5>a<p style='clear:right;margin:0'>b") ==
+        "0,0 a|0,20 b");
+    CHECK(Lines(u"<hr align=left width=50% style='margin:0'>a") == "0,2 a");
+    CHECK(Lines(u"<p align=center style='margin:0'>aa", 100) == "42,0 aa");
+}
+
+TEST_CASE("page layout: the text of a picture that cannot be shown stands in the line") {
+    CHECK(Lines(u"a<img alt='bb cc'>d") == "0,0 a#d|8,0 bb cc");
+    CHECK(Lines(u"<img alt='bb cc dd'>", 60) == "0,0 #|0,0 bb cc|0,16 dd");
+    CHECK(Lines(u"a<img alt=''>d<div style='float:right'>x<img alt=''>y</div>") ==
+          "0,0 a#d|384,0 x#y");
+    CHECK(Lines(u"a<img alt='bb cc dd' width=40 height=30>d", 100) == "0,0 a#d|8,0 bb cc");
+}
+
 TEST_CASE("page layout: floats stand beside what follows") {
     const std::u16string box = u"<div style='float:left;width:80px;height:32px'>f</div>";
     CHECK(Lines(box + u"aa bb cc dd ee ff gg hh ii", 160) ==

@@ -63,3 +63,51 @@ TEST_CASE("page painter: a picture that cannot be drawn leaves its place grey") 
     CHECK(drawings[0].kind == Kind::Tint);
     CHECK(drawings[0].rect == Rect{0, 0, 30, 20});
 }
+
+TEST_CASE("page painter: the canvas has the background of the root, else that of the body") {
+    const auto canvasOf = [](const std::u16string& style) {
+        const PageSample page(u"<style>" + style + u"</style>one");
+        return page.boxes.CanvasBackground();
+    };
+    CHECK(canvasOf(u"").IsTransparent());
+    CHECK(canvasOf(u"body{background:#ff0000}") == CssColor{255, 0, 0, 255});
+    CHECK(canvasOf(u"html{background:#0000ff}") == CssColor{0, 0, 255, 255});
+    CHECK(canvasOf(u"html{background:#0000ff}body{background:#ff0000}") ==
+          CssColor{0, 0, 255, 255});
+    // What the canvas has its box does not draw once more.
+    CHECK(Fills(Painted(u"<style>body{background:#ff0000}</style>one"), 0x0000FF).empty());
+    CHECK(Fills(Painted(u"<style>html{background:#00ff00}body{background:#ff0000}</style>one"),
+                0x0000FF)
+              .size() == 1);
+}
+
+TEST_CASE("page painter: what is hidden takes its room and is not drawn") {
+    CHECK(Painted(u"<div style='visibility:hidden;background:#ff0000;border:1px solid'>"
+                  u"<img style='display:block;width:9px;height:9px'></div>")
+              .empty());
+    const auto drawings = Painted(u"aa<span style='visibility:hidden'>bb"
+                                  u"<b style='visibility:visible'>cc</b></span>dd");
+    REQUIRE(drawings.size() == 1);
+    CHECK(drawings[0].text == u"aabbccdd");
+    REQUIRE(drawings[0].without.size() == 1);
+    CHECK(drawings[0].without[0].left == 16);
+    CHECK(drawings[0].without[0].width == 16);
+    CHECK(Painted(u"aa")[0].without.empty());
+}
+
+TEST_CASE("page painter: a relative box is drawn away from its place, what follows is not") {
+    const auto drawings = Painted(u"<div style='position:relative;left:10px;top:5px;"
+                                  u"background:#ff0000'>one</div>");
+    CHECK(Fills(drawings, 0x0000FF) == std::vector<Rect>{{10, 5, 90, 16}});
+    REQUIRE(drawings.size() == 2);
+    CHECK(drawings[1].left == 10);
+    CHECK(drawings[1].baseline == 13 + 5);
+}
+
+TEST_CASE("page painter: a picture that cannot be shown has its text in its place") {
+    const auto drawings = Painted(u"<img alt='two words' style='display:block'>");
+    REQUIRE(drawings.size() == 1);
+    CHECK(drawings[0].kind == Kind::Text);
+    CHECK(drawings[0].text == u"two words");
+    CHECK(Painted(u"<img alt='' style='display:block'>").empty());
+}

@@ -1,6 +1,6 @@
 #include "view/html/shown_page.h"
 
-#include "formats/css/css_page_sheets.h"
+#include "formats/css/css_sheet_loader.h"
 #include "view/page/page_box_builder.h"
 
 #include <algorithm>
@@ -35,12 +35,9 @@ std::u16string ReadersSheet(const PageLook& look) {
 } // namespace
 
 std::vector<std::u16string> PageSheets(const LoadedPage& page, const PageFiles& files) {
-    std::vector<std::u16string> texts;
-    for (const CssPageSheet& sheet : FindCssSheets(page.Tree(), CssMedium{}))
-        texts.push_back(sheet.address.empty()
-                            ? sheet.text
-                            : DecodeCss(files.Read(sheet.address, maxSheetBytes), page.CodePage()));
-    return texts;
+    return LoadCssTexts(
+        page.Tree(), CssMedium{}, page.CodePage(),
+        [&](std::u16string_view address) { return files.Read(address, maxSheetBytes); });
 }
 
 CssPageStyles ShownPage::StylesOf(const LoadedPage& page, const std::vector<std::u16string>& sheets,
@@ -83,13 +80,8 @@ std::size_t ShownPage::ZoneOf(PageBoxId box) const {
 }
 
 Color ShownPage::CanvasColor() const {
-    const HtmlTree& tree = page_.Tree();
-    for (const HtmlNodeId id : {tree.RootElement(), tree.Body()}) {
-        if (id == noHtmlNode) continue;
-        const CssColor color = styles_.Of(id).box->background;
-        if (!color.IsTransparent()) return color.Bgr();
-    }
-    return 0xFFFFFF;
+    const CssColor color = boxes_.CanvasBackground();
+    return color.IsTransparent() ? 0xFFFFFF : color.Bgr();
 }
 
 Color ShownPage::TextColor() const {

@@ -18,7 +18,7 @@ struct PageLook {
     bool operator==(const PageLook&) const = default;
 };
 
-// The text of the style sheets that a page asks for, in their order.
+// The texts of the style sheets that a page asks for, in their order.
 std::vector<std::u16string> PageSheets(const LoadedPage& page, const PageFiles& files);
 
 class ShownPage {

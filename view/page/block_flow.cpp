@@ -8,7 +8,10 @@
 BlockFlow::BlockFlow(PageLayouter& layouter, PageBoxId container, InlineEdges room,
                      PageFragment& result)
     : layouter_(layouter), container_(container), result_(result) {
-    open_.push_back({container, room, -1, 0});
+    OpenBlock block;
+    block.box = container;
+    block.room = room;
+    open_.push_back(block);
 }
 
 void BlockFlow::StartBehind(PageBoxId leaf) {
@@ -20,9 +23,11 @@ void BlockFlow::StartBehind(PageBoxId leaf) {
         const BoxEdges edges = EdgesOf(*box);
         const BoxInsets insets =
             layouter_.Measure().Insets(*layouter_.Box(*box).style, open_.back().room.Width());
-        const int placed = Place(*box, edges.border);
-        if (placed >= 0) result_.boxes[std::size_t(placed)].beginsAbove = true;
-        open_.push_back({*box, edges.content, placed, insets.Bottom()});
+        OpenBlock block = OpenedBlock(*box, edges.content, EndOf(result_));
+        block.placed = Place(*box, edges.border);
+        block.insetBelow = insets.Bottom();
+        if (block.placed >= 0) result_.boxes[std::size_t(block.placed)].beginsAbove = true;
+        open_.push_back(block);
     }
     topless_.clear();
     const double containing = open_.back().room.Width();
@@ -61,6 +66,24 @@ void BlockFlow::Break() {
         placed.endsBelow = true;
         placed.height = top_ - placed.top;
     }
+    for (const OpenBlock& block : open_)
+        MoveRelative(block);
+}
+
+BlockFlow::OpenBlock BlockFlow::OpenedBlock(PageBoxId id, const InlineEdges& content,
+                                            FragmentMark from) const {
+    OpenBlock block;
+    block.box = id;
+    block.room = content;
+    block.from = from;
+    const OpenBlock& around = open_.back();
+    block.shift = layouter_.Measure().RelativeShift(
+        *layouter_.Box(id).style, *layouter_.Box(around.box).text, around.room.Width());
+    return block;
+}
+
+void BlockFlow::MoveRelative(const OpenBlock& block) {
+    if (!block.shift.IsNone()) MoveSince(block.from, block.shift.x, block.shift.y, result_);
 }
 
 BoxEdges BlockFlow::EdgesOf(PageBoxId box) const {
@@ -104,12 +127,14 @@ void BlockFlow::Open(PageBoxId box) {
     const BoxInsets insets = layouter_.Measure().Insets(style, containing);
     margin_.Add(layouter_.Measure().Margin(style, cssTop, containing));
     ClearFloats(style);
-    const int placed = Place(box, edges.border);
+    OpenBlock block = OpenedBlock(box, edges.content, EndOf(result_));
+    block.placed = Place(box, edges.border);
+    block.insetBelow = insets.Bottom();
     if (insets.Top() > 0) {
         EndMargin();
         top_ += insets.Top();
     }
-    open_.push_back({box, edges.content, placed, insets.Bottom()});
+    open_.push_back(block);
     if (style.display == CssDisplay::ListItem) markerAt_ = open_.size() - 1;
 }
 
@@ -127,6 +152,7 @@ void BlockFlow::Close() {
         placed.height = std::max(0.0, top_ - placed.top);
         std::erase(topless_, block.placed);
     }
+    MoveRelative(block);
     margin_.Add(layouter_.Measure().Margin(*layouter_.Box(block.box).style, cssBottom,
                                            open_.back().room.Width()));
 }
@@ -234,7 +260,9 @@ void BlockFlow::AddByItself(PageBoxId id) {
     const BoxEdges edges = measure.OfWidth(*box.style, *layouter_.Box(open_.back().box).text, free,
                                            fragment->width - insets);
     const double height = fragment->height;
-    result_.parts.push_back({edges.border.left, top_, std::move(fragment)});
+    const auto shift =
+        measure.RelativeShift(*box.style, *layouter_.Box(open_.back().box).text, containing);
+    result_.parts.push_back({edges.border.left + shift.x, top_ + shift.y, std::move(fragment)});
     top_ += height;
     margin_.Add(measure.Margin(*box.style, cssBottom, containing));
 }

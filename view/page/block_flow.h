@@ -31,6 +31,8 @@ class BlockFlow {
         InlineEdges room; // of the content
         int placed = -1;  // in the result's boxes
         double insetBelow = 0;
+        BoxMeasure::Shift shift = {}; // of what is within it
+        FragmentMark from = {};       // what is within it
     };
 
     void Open(PageBoxId box);
@@ -44,6 +46,8 @@ class BlockFlow {
     void ClearFloats(const CssBoxStyle& style);
     void EndMargin();
     int Place(PageBoxId box, const InlineEdges& border);
+    OpenBlock OpenedBlock(PageBoxId box, const InlineEdges& content, FragmentMark from) const;
+    void MoveRelative(const OpenBlock& block);
     BoxEdges EdgesOf(PageBoxId box) const;
     InlineEdges RoomOf(PageBoxId box) const;
 

@@ -76,6 +76,22 @@ double BoxMeasure::LimitHeight(const CssBoxStyle& style, double height) const {
     return height;
 }
 
+// Of two sides that say different things that of the start and the top holds; percentages of a
+// height are nothing where the height follows from the content.
+BoxMeasure::Shift BoxMeasure::RelativeShift(const CssBoxStyle& style,
+                                            const CssInheritedStyle& around,
+                                            double containing) const {
+    if (style.position != CssPosition::Relative) return {};
+    const auto& inset = style.inset;
+    const bool rightToLeft = around.direction == CssDirection::RightToLeft;
+    const bool byRight = inset[cssLeft].IsAuto() || (rightToLeft && !inset[cssRight].IsAuto());
+    const auto vertical = [&](CssSide side) {
+        return inset[side].kind == CssLength::Kind::Pixels ? Length(inset[side], 0) : 0;
+    };
+    return {byRight ? -Length(inset[cssRight], containing) : Length(inset[cssLeft], containing),
+            inset[cssTop].IsAuto() ? -vertical(cssBottom) : vertical(cssTop)};
+}
+
 BoxEdges BoxMeasure::InFlow(const CssBoxStyle& style, const CssInheritedStyle& around,
                             InlineEdges room) const {
     const double given = GivenWidth(style, room.Width());

@@ -43,6 +43,14 @@ class BoxMeasure {
     double GivenHeight(const CssBoxStyle& style) const;
     double LimitHeight(const CssBoxStyle& style, double height) const;
 
+    // By which a relative box is drawn away from its place.
+    struct Shift {
+        double x = 0, y = 0;
+        bool IsNone() const { return x == 0 && y == 0; }
+    };
+    Shift RelativeShift(const CssBoxStyle& style, const CssInheritedStyle& around,
+                        double containing) const;
+
     // A block in the flow: it fills the room, or has its width and stands at the start of the room,
     // or where its margins and `align` put it. `around` is the style of what it stands in.
     BoxEdges InFlow(const CssBoxStyle& style, const CssInheritedStyle& around,

@@ -48,6 +48,12 @@ struct InlineOrigin {
     std::uint32_t unit = 0;
 };
 
+// A line that ends there is followed below floats.
+struct InlineClear {
+    TextPos at = 0;
+    bool left = false, right = false;
+};
+
 struct InlineContent {
     // Width and justification are set by the layout. Its boxes are `atoms`, its runs are of the
     // same text as `runs` but need not start at the same places.
@@ -55,7 +61,9 @@ struct InlineContent {
     std::vector<InlineRun> runs;       // ascending, the first at 0
     std::vector<InlineAtom> atoms;     // ascending
     std::vector<InlineFloat> floats;   // ascending
+    std::vector<InlineClear> clears;   // ascending
     std::vector<InlineOrigin> origins; // ascending
+    std::vector<UnitSpan> hidden;      // ascending: they take their room, and are not drawn
     StyleHandle strut;                 // of the block: no line is lower than its font
     std::optional<double> strutLineHeight;
     double xHeight = 0;                    // of the block's font, for `Middle`

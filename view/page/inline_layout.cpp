@@ -97,7 +97,8 @@ class InlineLayouter {
             }
         }
         if (edges != room_ && MovesBelowFloats(height, edges)) return false;
-        if (!HasFloats() || NextFloat() >= end || !FitsBeside(piece, number, edges)) return true;
+        if (!HasFloats() || NextFloat() >= EndOfFloats(end) || !FitsBeside(piece, number, edges))
+            return true;
         PlaceFloat();
         return false;
     }
@@ -120,6 +121,13 @@ class InlineLayouter {
         ParagraphText word = TextFrom(content_, at_, at_ + TextPos(next - breaks.begin()));
         word.width = maxBreakWidth;
         return system_.BreakLines(word)->Line(0).width;
+    }
+
+    // Floats before that unit may stand beside a line that ends there: of the last line also those
+    // behind it.
+    TextPos EndOfFloats(TextPos lineEnd) const {
+        const bool isLast = lineEnd == end_ && content_.text.text.back() != u'\u2028';
+        return isLast ? lineEnd + 1 : lineEnd;
     }
 
     // Whether the next float fits beside what is before it in the line.
@@ -147,6 +155,11 @@ class InlineLayouter {
         at_ = end;
         height_ = 0;
         PlaceFloatsTo(end - 1); // those that did not fit beside the line
+        for (; nextClear_ < content_.clears.size(); ++nextClear_) {
+            const InlineClear& clear = content_.clears[nextClear_];
+            if (clear.at > end) break;
+            top_ = context_.ClearedTop(clear.left, clear.right, top_);
+        }
     }
 
     // Of the visible text from the left edge of the room.
@@ -173,7 +186,7 @@ class InlineLayouter {
     TextPos at_ = 0;
     const TextPos end_;
     double height_ = 0; // that the next line is expected to have
-    std::size_t nextFloat_ = 0, nextAtom_ = 0;
+    std::size_t nextFloat_ = 0, nextAtom_ = 0, nextClear_ = 0;
 };
 } // namespace
 

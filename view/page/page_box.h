@@ -3,9 +3,12 @@
 // They are numbered in document order, so that what is within a box follows it.
 #pragma once
 
+#include "formats/css/css_pool.h"
 #include "formats/css/css_style.h"
 #include "formats/html/html_tree.h"
 
+#include <memory>
+#include <optional>
 #include <vector>
 
 using PageBoxId = std::uint32_t;
@@ -44,6 +47,17 @@ inline bool IsOutOfFlow(const CssBoxStyle& style) {
     return style.position == CssPosition::Absolute;
 }
 
+inline bool IsHidden(const PageBox& box) {
+    return box.text->visibility != CssVisibility::Visible;
+}
+
+// Attributes of elements that are numbers.
+class PageNumbers {
+  public:
+    virtual ~PageNumbers() = default;
+    virtual std::optional<int> Number(PageBoxId box, HtmlName attribute) = 0; // nothing for none
+};
+
 class PageBoxes {
   public:
     const PageBox& operator[](PageBoxId id) const { return boxes_[id]; }
@@ -55,9 +69,16 @@ class PageBoxes {
     // That an element makes, or that a text or a line break stands in; none for what is not shown
     // and for elements within lines.
     PageBoxId BoxOf(HtmlNodeId node) const { return boxOfNode_[node]; }
+    // The box whose background is that of all the canvas, and not its own: the root, or the page's
+    // body where the root has none (CSS 2.1, 14.2).
+    PageBoxId CanvasBox() const { return canvas_; }
+    CssColor CanvasBackground() const { return boxes_[canvas_].style->background; }
 
   private:
     friend class PageBoxBuilder;
+    PageBoxId canvas_ = rootPageBox;
     std::vector<PageBox> boxes_{1}; // the first stands for the window: around the root
     std::vector<PageBoxId> boxOfNode_;
+    // Those that differ from their elements'.
+    std::shared_ptr<CssPool<CssBoxStyle>> styles_ = std::make_shared<CssPool<CssBoxStyle>>();
 };

@@ -1,6 +1,7 @@
 #include "view/page/page_box_builder.h"
 
 #include "formats/html/html_units.h"
+#include "view/page/collapsed_borders.h"
 #include "view/page/html_number.h"
 
 #include <algorithm>
@@ -45,7 +46,7 @@ bool IsNotShown(const HtmlNode& node) {
     }
 }
 
-class PageBoxBuilder {
+class PageBoxBuilder : private PageNumbers {
   public:
     PageBoxBuilder(const HtmlTree& tree, const CssPageStyles& styles)
         : tree_(tree), styles_(styles) {
@@ -57,6 +58,9 @@ class PageBoxBuilder {
         boxes_.boxes_[noPageBox].text = styles_.Initial().inherited;
         boxes_.boxes_[noPageBox].style = &anonymousStyle;
         BuildBlock(PageBoxKind::Block, tree_.RootElement());
+        for (const PageBoxId table : collapsedTables_)
+            CollapsedBorders(boxes_.boxes_, *boxes_.styles_)
+                .Apply(table, GridOf(boxes_, *this, table));
         return std::move(boxes_);
     }
 
@@ -64,6 +68,11 @@ class PageBoxBuilder {
     struct OpenBox {
         PageBoxId id = noPageBox, lastChild = noPageBox;
     };
+
+    std::optional<int> Number(PageBoxId box, HtmlName attribute) override {
+        const HtmlNodeId node = boxes_[box].node;
+        return node == noHtmlNode ? std::nullopt : HtmlNumber(tree_[node], attribute);
+    }
 
     PageBox& Top() { return boxes_.boxes_[open_.back().id]; }
     PageBoxId Next() const { return boxes_.End(); }
@@ -131,6 +140,8 @@ class PageBoxBuilder {
 
     void BuildBlock(PageBoxKind kind, HtmlNodeId node) {
         Open(kind, node);
+        if (tree_[node].Is(HtmlName::Body) && boxes_[rootPageBox].style->background.IsTransparent())
+            boxes_.canvas_ = open_.back().id;
         const HtmlNodeId behind = tree_.NextBehind(node);
         if (Top().style->display == CssDisplay::ListItem) Top().number = NextNumber(node);
         if (styles_.Before(node).box) OpenRun(node).hasText = true;
@@ -265,6 +276,8 @@ class PageBoxBuilder {
 
     void BuildTable(HtmlNodeId table) {
         Open(PageBoxKind::Table, table);
+        if (Top().text->borderCollapse == CssBorderCollapse::Collapse)
+            collapsedTables_.push_back(open_.back().id);
         BuildRowsOf(table);
         Close();
     }
@@ -294,10 +307,23 @@ class PageBoxBuilder {
     void BuildCell(HtmlNodeId id) {
         if (DisplayOf(id) == CssDisplay::TableCell) {
             CloseCell(id);
-            return BuildBlock(PageBoxKind::Cell, id);
+            const PageBoxId cell = Next();
+            BuildBlock(PageBoxKind::Cell, id);
+            return HideEmptyCell(cell);
         }
         if (Top().kind == PageBoxKind::Row) Open(PageBoxKind::Cell, noHtmlNode);
         Visit(id);
+    }
+
+    // It keeps its room.
+    void HideEmptyCell(PageBoxId id) {
+        PageBox& cell = boxes_.boxes_[id];
+        const bool collapses = cell.text->borderCollapse == CssBorderCollapse::Collapse;
+        if (cell.text->emptyCells == CssEmptyCells::Show || collapses || Next() > id + 1) return;
+        CssBoxStyle style = *cell.style;
+        style.background = cssTransparent;
+        style.borderColor.fill(cssTransparent);
+        cell.style = boxes_.styles_->Find(style).value;
     }
 
     void CloseCell(HtmlNodeId behind) {
@@ -328,6 +354,7 @@ class PageBoxBuilder {
     PageBoxes boxes_;
     std::vector<OpenBox> open_;
     std::unordered_map<HtmlNodeId, int> counters_; // the next number of each list
+    std::vector<PageBoxId> collapsedTables_;
 };
 
 PageBoxes BoxesOf(const HtmlTree& tree, const CssPageStyles& styles) {

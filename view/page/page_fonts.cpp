@@ -1,34 +1,39 @@
 #include "view/page/page_fonts.h"
 
 namespace {
-constexpr int boldFrom = 600; // of the weights that fonts have, the nearest of two
-// Line layout makes raised letters smaller; a page says itself how large they are.
-constexpr double smallerBy = 1.5;
+constexpr int boldFrom = 600;         // of the weights that fonts have, the nearest of two
 constexpr double smallCapitals = 0.7; // of the font's size, where it has none of its own
+constexpr int tabSpaces = 8;
 } // namespace
 
-StyleHandle PageFonts::Of(const CssInheritedStyle& style, TextBaseline baseline,
-                          bool smallCapital) {
-    StyleHandle& handle = prepared_[{&style, baseline, smallCapital}];
-    if (!handle) handle = lines_.Prepare(StyleOf(style, baseline, smallCapital));
+StyleHandle PageFonts::Of(const CssInheritedStyle& style, const PageTextUse& use) {
+    StyleHandle& handle = prepared_[{&style, use}];
+    if (!handle) handle = lines_.Prepare(StyleOf(style, use));
     return handle;
 }
 
-TextStyle PageFonts::StyleOf(const CssInheritedStyle& style, TextBaseline baseline,
-                             bool smallCapital) const {
+double PageFonts::TabDistance(const CssInheritedStyle& style) {
+    const double space = Metrics(style).spaceWidth;
+    return tabSpaces * (space + Pixels(style.letterSpacing) + Pixels(style.wordSpacing));
+}
+
+TextStyle PageFonts::StyleOf(const CssInheritedStyle& style, const PageTextUse& use) const {
     TextStyle text;
     for (const CssFontFamily& family : styles_.Families(style.families)) {
         text.font.family = family.name;
         break;
     }
     text.font.points = style.fontSize * scale_ * 72 / dpi_;
-    text.baseline = baseline;
-    if (baseline != TextBaseline::Normal) text.font.points *= smallerBy;
-    if (smallCapital) text.font.points *= smallCapitals;
+    text.raise = use.raise;
+    text.background = use.background;
+    text.letterSpacing = Pixels(style.letterSpacing);
+    text.wordSpacing = Pixels(style.wordSpacing);
+    if (use.smallCapital) text.font.points *= smallCapitals;
     text.font.bold = style.fontWeight >= boldFrom;
     text.font.italic = style.fontStyle != CssFontStyle::Normal;
     text.underline = (style.decorations & cssUnderline) != 0;
     text.strikethrough = (style.decorations & cssLineThrough) != 0;
+    text.overline = (style.decorations & cssOverline) != 0;
     if (!style.autoColor) text.color = style.color.Bgr();
     return text;
 }

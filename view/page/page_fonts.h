@@ -5,7 +5,15 @@
 #include "platform/line_layout.h"
 
 #include <map>
-#include <tuple>
+#include <utility>
+
+// What a text has from the boxes that it is in.
+struct PageTextUse {
+    double raise = 0; // of its baseline above that of the lines, in device pixels
+    bool smallCapital = false;
+    std::optional<Color> background;
+    auto operator<=>(const PageTextUse&) const = default;
+};
 
 class PageFonts {
   public:
@@ -14,18 +22,18 @@ class PageFonts {
         : lines_(lines), styles_(styles), scale_(scale), dpi_(dpi) {}
 
     // A style is one object for all elements that have it.
-    StyleHandle Of(const CssInheritedStyle& style, TextBaseline baseline = TextBaseline::Normal,
-                   bool smallCapital = false);
+    StyleHandle Of(const CssInheritedStyle& style, const PageTextUse& use = {});
+    FontMetrics Metrics(const CssInheritedStyle& style) { return lines_.Metrics(*Of(style)); }
     // In device pixels; nothing for the font's own.
     std::optional<double> LineHeight(const CssInheritedStyle& style) const;
+    double TabDistance(const CssInheritedStyle& style);
     double Pixels(float css) const { return css * scale_; }
 
   private:
-    TextStyle StyleOf(const CssInheritedStyle& style, TextBaseline baseline,
-                      bool smallCapital) const;
+    TextStyle StyleOf(const CssInheritedStyle& style, const PageTextUse& use) const;
 
     LineLayout& lines_;
     const CssPageStyles& styles_;
     double scale_, dpi_;
-    std::map<std::tuple<const CssInheritedStyle*, TextBaseline, bool>, StyleHandle> prepared_;
+    std::map<std::pair<const CssInheritedStyle*, PageTextUse>, StyleHandle> prepared_;
 };

@@ -42,5 +42,13 @@ struct PageFragment {
     std::vector<PlacedPart> parts;
 };
 
+// How much a fragment has of each.
+struct FragmentMark {
+    std::size_t boxes = 0, pictures = 0, lines = 0, parts = 0;
+};
+FragmentMark EndOf(const PageFragment& fragment);
+// Moves all that was added since.
+void MoveSince(const FragmentMark& mark, double x, double y, PageFragment& fragment);
+
 // Of the last line, from the top; negative without a line.
 double LastBaseline(const PageFragment& fragment);

@@ -2,6 +2,7 @@
 
 #include "view/page/block_flow.h"
 #include "view/page/table_layout.h"
+#include "view/page/text_raise.h"
 
 #include <algorithm>
 #include <cmath>
@@ -20,20 +21,7 @@ VerticalAlign AlignOf(CssVerticalAlign align) {
     default: return VerticalAlign::Baseline;
     }
 }
-
-void AddToBaseline(const PageFragment& fragment, double top, double& baseline) {
-    for (const PlacedLines& lines : fragment.lines)
-        baseline = std::max(baseline, top + lines.layout.lines.back().baseline);
-    for (const PlacedPart& part : fragment.parts)
-        AddToBaseline(*part.fragment, top + part.top, baseline);
-}
 } // namespace
-
-double LastBaseline(const PageFragment& fragment) {
-    double baseline = -1;
-    AddToBaseline(fragment, 0, baseline);
-    return baseline;
-}
 
 bool HasVisibleBox(const PageBox& box) {
     if (box.node == noHtmlNode) return false;
@@ -57,6 +45,16 @@ bool IsFlowLeaf(const PageBox& box) {
     return box.kind == PageBoxKind::Lines || StandsAlone(box);
 }
 
+// Of a block whose lines have this one. The height of a cell is its row's, in which its content is
+// placed.
+double PageLayouter::ContentHeight(const PageBox& box, double natural) const {
+    if (box.kind == PageBoxKind::Cell) return natural;
+    const double given = measure_.GivenHeight(*box.style);
+    // Nothing scrolls but the page as a whole, and nothing covers what follows: a height is the
+    // least one.
+    return given >= 0 ? std::max(given, natural) : measure_.LimitHeight(*box.style, natural);
+}
+
 PageFragmentPtr PageLayouter::LayOutBlock(PageBoxId id, double contentWidth, double containing) {
     const PageBox& box = boxes_[id];
     const BoxInsets insets = measure_.Insets(*box.style, containing);
@@ -69,11 +67,7 @@ PageFragmentPtr PageLayouter::LayOutBlock(PageBoxId id, double contentWidth, dou
     flow.LayOutContent();
     flow.Finish();
     content->width = contentWidth;
-    const double given = measure_.GivenHeight(*box.style);
-    // Nothing scrolls but the page as a whole, and nothing covers what follows: a height is the
-    // least one.
-    content->height = std::max(given, measure_.LimitHeight(*box.style, flow.Bottom()));
-    if (given >= 0) content->height = std::max(content->height, flow.Bottom());
+    content->height = ContentHeight(box, flow.Bottom());
     fragment->height = insets.Top() + content->height + insets.Bottom();
     for (PlacedBox& placed : fragment->boxes)
         placed.height = fragment->height;
@@ -98,7 +92,10 @@ PageFragmentPtr PageLayouter::LayOutShrunk(PageBoxId id, double containing) {
 
 Size PageLayouter::PictureContentSize(PageBoxId id, double containing) {
     const PageBox& box = boxes_[id];
-    const Size natural = content_.PictureSize(id);
+    Size natural = content_.PictureSize(id);
+    if (natural.IsEmpty())
+        if (const auto alternative = content_.AlternativeOf(id))
+            return AlternativeSize(id, containing, *alternative);
     const double scale = measure_.Scale();
     double width = measure_.GivenWidth(*box.style, containing);
     double height = measure_.GivenHeight(*box.style);
@@ -114,6 +111,37 @@ Size PageLayouter::PictureContentSize(PageBoxId id, double containing) {
     return {int(std::lround(width)), int(std::lround(height))};
 }
 
+// What stands for a picture is as wide as its text, unless the picture has a size of its own.
+Size PageLayouter::AlternativeSize(PageBoxId id, double containing,
+                                   const InlineContent& alternative) {
+    const CssBoxStyle& style = *boxes_[id].style;
+    double width = measure_.GivenWidth(style, containing);
+    if (width < 0) {
+        const WidthExtent extent = ExtentOf(lines_, alternative);
+        width =
+            containing > 0 ? std::min(extent.max, std::max(extent.min, containing)) : extent.max;
+        width = measure_.LimitWidth(style, containing, width);
+    }
+    double height = measure_.GivenHeight(style);
+    if (height < 0) {
+        FloatContext none;
+        height = LayOutInline(lines_, alternative, {0, width}, 0, none).bottom;
+    }
+    return {int(std::lround(width)), int(std::lround(height))};
+}
+
+void PageLayouter::AddAlternative(PageBoxId id, double left, double top, Size size,
+                                  std::shared_ptr<const InlineContent> alternative,
+                                  PageFragment& fragment) {
+    FloatContext none;
+    InlineLayout layout = LayOutInline(lines_, *alternative, {left, left + size.width}, top, none);
+    std::erase_if(layout.lines, [&](const InlineLine& line) {
+        return line.top > top && line.top + line.height > top + size.height;
+    });
+    if (!layout.lines.empty())
+        fragment.lines.push_back({id, std::move(alternative), std::move(layout)});
+}
+
 PageFragmentPtr PageLayouter::LayOutPicture(PageBoxId id, double containing) {
     const PageBox& box = boxes_[id];
     const Size size = PictureContentSize(id, containing);
@@ -124,7 +152,12 @@ PageFragmentPtr PageLayouter::LayOutPicture(PageBoxId id, double containing) {
     if (HasVisibleBox(box))
         fragment->boxes.push_back({id, 0, 0, fragment->width, fragment->height, false, false});
     const double left = measure_.InsetLeft(*box.style, containing);
-    fragment->pictures.push_back({id, left, insets.Top(), double(size.width), double(size.height)});
+    auto alternative = content_.PictureSize(id).IsEmpty() ? content_.AlternativeOf(id) : nullptr;
+    if (alternative)
+        AddAlternative(id, left, insets.Top(), size, std::move(alternative), *fragment);
+    else
+        fragment->pictures.push_back(
+            {id, left, insets.Top(), double(size.width), double(size.height)});
     return fragment;
 }
 
@@ -132,6 +165,28 @@ PlacedPart PageLayouter::PartOf(PageBoxId id, double containing) {
     const CssBoxStyle& style = *boxes_[id].style;
     return {measure_.Margin(style, cssLeft, containing), measure_.Margin(style, cssTop, containing),
             LayOutShrunk(id, containing)};
+}
+
+// Of its part, when its place is known.
+void PageLayouter::ShiftRelative(PageBoxId id, double containing, PlacedPart& part) const {
+    const PageBox& box = boxes_[id];
+    const auto shift = measure_.RelativeShift(*box.style, *boxes_[box.parent].text, containing);
+    part.left += shift.x;
+    part.top += shift.y;
+}
+
+// Above the baseline of its lines.
+double PageLayouter::RaiseOf(const PageBox& box, const InlineContent& lines) const {
+    const double fontSize = boxes_[box.parent].text->fontSize * measure_.Scale();
+    switch (box.style->verticalAlign) {
+    case CssVerticalAlign::Super: return fontSize * superscript;
+    case CssVerticalAlign::Sub: return -fontSize * subscript;
+    case CssVerticalAlign::Length: break;
+    default: return 0;
+    }
+    // A percentage is of the box's own line height; that of the lines is nearly always the same.
+    const double lineHeight = lines.strutLineHeight.value_or(lines_.Metrics(*lines.strut).Height());
+    return measure_.Length(box.style->verticalShift, lineHeight);
 }
 
 void PageLayouter::AddAtom(const LinesText::Place& place, double containing,
@@ -145,13 +200,13 @@ void PageLayouter::AddAtom(const LinesText::Place& place, double containing,
     atom.at = place.at;
     atom.width = fragment.width + measure_.SideMargins(style, containing);
     atom.height = part.top + fragment.height + below;
-    const double baseline = box.kind == PageBoxKind::Picture ? -1 : LastBaseline(fragment);
+    const double baseline = LastBaseline(fragment);
     if (baseline >= 0) atom.belowBaseline = fragment.height - baseline + below;
     atom.align = AlignOf(style.verticalAlign);
-    if (style.verticalAlign == CssVerticalAlign::Length)
-        atom.raise = measure_.Length(style.verticalShift, 0);
+    atom.raise = RaiseOf(box, *content.content);
     content.content->text.boxes.push_back({place.at, int(std::ceil(atom.width))});
     content.content->atoms.push_back(atom);
+    ShiftRelative(place.box, containing, part);
     content.atoms.push_back(std::move(part));
 }
 
@@ -164,6 +219,7 @@ void PageLayouter::AddFloat(const LinesText::Place& place, double containing,
     const FloatSide side = style.floats == CssFloat::Left ? FloatSide::Left : FloatSide::Right;
     content.content->floats.push_back(
         {place.at, side, width, part.top + part.fragment->height + below});
+    ShiftRelative(place.box, containing, part);
     content.floats.push_back(std::move(part));
 }
 

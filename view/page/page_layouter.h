@@ -27,16 +27,15 @@ struct LinesContent {
 };
 
 // What the layout asks of those who know the page's text, fonts and pictures.
-class PageContent {
+class PageContent : public PageNumbers {
   public:
-    virtual ~PageContent() = default;
     virtual LinesText TextOf(PageBoxId lines) = 0;
     // What stands before an item of a list, outside of its text; null for nothing.
     virtual std::shared_ptr<const InlineContent> MarkerOf(PageBoxId item) = 0;
     // In CSS pixels; empty if it cannot be read.
     virtual Size PictureSize(PageBoxId picture) = 0;
-    // An attribute of an element as a number; nothing if it has none.
-    virtual std::optional<int> Number(PageBoxId box, HtmlName attribute) = 0;
+    // What stands for a picture that cannot be shown; null where the page does not say.
+    virtual std::shared_ptr<const InlineContent> AlternativeOf(PageBoxId picture) = 0;
 };
 
 class PageLayouter {
@@ -67,7 +66,13 @@ class PageLayouter {
     WidthExtent MeasureContent(PageBoxId box);
     WidthExtent LinesExtent(PageBoxId lines);
     Size PictureContentSize(PageBoxId box, double containing);
+    Size AlternativeSize(PageBoxId box, double containing, const InlineContent& alternative);
+    void AddAlternative(PageBoxId box, double left, double top, Size size,
+                        std::shared_ptr<const InlineContent> alternative, PageFragment& fragment);
+    double ContentHeight(const PageBox& box, double natural) const;
+    double RaiseOf(const PageBox& box, const InlineContent& lines) const;
     PlacedPart PartOf(PageBoxId box, double containing); // at its place in its margins
+    void ShiftRelative(PageBoxId box, double containing, PlacedPart& part) const;
     void AddAtom(const LinesText::Place& place, double containing, LinesContent& content);
     void AddFloat(const LinesText::Place& place, double containing, LinesContent& content);
 

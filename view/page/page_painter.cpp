@@ -52,9 +52,10 @@ class FragmentPainter {
     }
 
     void PaintBox(const PlacedBox& placed, double left, double top) const {
+        if (IsHidden(paint_.boxes[placed.box])) return;
         const CssBoxStyle& style = *paint_.boxes[placed.box].style;
         const Rect box = Pixels(left + placed.left, top + placed.top, placed.width, placed.height);
-        Fill(box, style.background);
+        if (placed.box != paint_.boxes.CanvasBox()) Fill(box, style.background);
         const auto width = [&](CssSide side) {
             const float css = style.borderWidth[side];
             return css > 0 ? std::max(1, Rounded(css * paint_.scale)) : 0;
@@ -72,17 +73,20 @@ class FragmentPainter {
         const UnitSpan selected =
             paint_.selectedUnits ? paint_.selectedUnits(*placed.content) : UnitSpan{};
         for (const InlineLine& line : placed.layout.lines)
-            if (IsSeen(top + line.top, line.height))
-                PaintLine(placed.layout.pieces[line.piece], line, selected, left, top);
+            if (IsSeen(top + line.top, line.height)) PaintLine(placed, line, selected, left, top);
     }
 
     // The selected part is drawn separately, in the selection's colours.
-    void PaintLine(const InlinePiece& piece, const InlineLine& line, const UnitSpan& selected,
+    void PaintLine(const PlacedLines& placed, const InlineLine& line, const UnitSpan& selected,
                    double left, double top) const {
+        const InlinePiece& piece = placed.layout.pieces[line.piece];
         const int x = Rounded(left + line.left), baseline = Rounded(top + line.baseline);
+        const std::vector<Rect> hidden = HiddenRegion(placed, line, left, top);
         const std::vector<Rect> region = SelectedRegion(piece, line, selected, left, top);
+        std::vector<Rect> without = hidden;
+        without.insert(without.end(), region.begin(), region.end());
         piece.lines->Draw(canvas_, line.line, x, baseline,
-                          {.text = paint_.text, .clip = paint_.clip, .without = region});
+                          {.text = paint_.text, .clip = paint_.clip, .without = without});
         if (region.empty()) return;
         for (const Rect& box : region)
             canvas_.FillRect(Clipped(box, paint_.clip), paint_.selection.background);
@@ -90,26 +94,45 @@ class FragmentPainter {
                           {.text = paint_.selection.text,
                            .oneColor = true,
                            .clip = paint_.clip,
-                           .within = region});
+                           .within = region,
+                           .without = hidden});
     }
 
     static std::vector<Rect> SelectedRegion(const InlinePiece& piece, const InlineLine& line,
                                             const UnitSpan& selected, double left, double top) {
         std::vector<Rect> region;
-        const TextPos from = std::max(selected.start, line.start);
-        const TextPos to = std::min(selected.end, line.end);
-        if (from >= to) return region;
+        AddRegion(piece, line, selected, left + line.left, top + line.top, line.height, region);
+        return region;
+    }
+
+    // Higher than the line, as letters and rules may be.
+    static std::vector<Rect> HiddenRegion(const PlacedLines& placed, const InlineLine& line,
+                                          double left, double top) {
+        std::vector<Rect> region;
+        const auto& all = placed.content->hidden;
+        auto hidden =
+            std::upper_bound(all.begin(), all.end(), line.start,
+                             [](TextPos at, const UnitSpan& each) { return at < each.end; });
+        for (; hidden != all.end() && hidden->start < line.end; ++hidden)
+            AddRegion(placed.layout.pieces[line.piece], line, *hidden, left + line.left,
+                      top + line.top - line.height, 3 * line.height, region);
+        return region;
+    }
+
+    // Of what is in the line.
+    static void AddRegion(const InlinePiece& piece, const InlineLine& line, const UnitSpan& units,
+                          double left, double top, double height, std::vector<Rect>& region) {
+        const TextPos from = std::max(units.start, line.start), to = std::min(units.end, line.end);
+        if (from >= to) return;
         for (const TextExtent& extent :
              piece.lines->Extents(line.line, from - piece.start, to - piece.start))
-            region.push_back(Pixels(left + line.left + extent.left, top + line.top,
-                                    extent.right - extent.left, line.height));
-        return region;
+            region.push_back(Pixels(left + extent.left, top, extent.right - extent.left, height));
     }
 
     void PaintPicture(const PlacedImage& picture, double left, double top) const {
         const Rect box =
             Pixels(left + picture.left, top + picture.top, picture.width, picture.height);
-        if (!Intersect(box, paint_.clip)) return;
+        if (!Intersect(box, paint_.clip) || IsHidden(paint_.boxes[picture.box])) return;
         if (paint_.drawPicture && paint_.drawPicture(canvas_, picture.box, box)) return;
         const Rect seen = Clipped(box, paint_.clip);
         canvas_.TintRect(seen, missingPicture);

@@ -2,14 +2,18 @@
 
 #include "common/text.h"
 #include "formats/html/html_units.h"
+#include "view/page/bidi_isolation.h"
 #include "view/page/html_number.h"
 #include "view/page/list_marker.h"
 #include "view/page/page_box_builder.h"
+#include "view/page/text_case.h"
+#include "view/page/text_raise.h"
 
 #include <algorithm>
 
 namespace {
-constexpr char16_t lineSeparator = u'\u2028', objectReplacement = u'\uFFFC';
+constexpr char16_t lineSeparator = u'\u2028', objectReplacement = u'\uFFFC',
+                   noBreakSpace = u'\u00A0';
 
 // Of one block's text; each breaks the lines behind it anew. What is beyond stands in its line.
 constexpr int maxFloats = 200;
@@ -40,12 +44,12 @@ class LinesReader {
         SetUp();
         AddMarkerInside();
         if (lines_.first == container_) {
-            AddGenerated(styles_.Before(container_));
+            AddGenerated(styles_.Before(container_), container_);
             const HtmlNodeId child = tree_[container_].firstChild;
-            if (child == noHtmlNode) AddGenerated(styles_.After(container_));
+            if (child == noHtmlNode) AddGenerated(styles_.After(container_), container_);
             ReadFrom(child);
         } else if (lines_.first == lines_.behind) {
-            AddGenerated(styles_.After(container_));
+            AddGenerated(styles_.After(container_), container_);
         } else {
             ReadFrom(lines_.first);
         }
@@ -67,6 +71,7 @@ class LinesReader {
         Content().wraps =
             style.whiteSpace != CssWhiteSpace::NoWrap && style.whiteSpace != CssWhiteSpace::Pre;
         Content().alignment = AlignmentOf(style);
+        Content().text.tabDistance = fonts_.TabDistance(style);
         Content().text.runs = {{0, Content().strut}};
         Content().runs = {{0, Content().strut, Content().strutLineHeight, 0}};
         whiteSpaceEnds_ = true;
@@ -102,7 +107,7 @@ class LinesReader {
         const HtmlNode& node = tree_[id];
         if (node.IsText()) {
             node_ = id;
-            AddText(node.Text(), *styles_.Of(node.parent).inherited, RaiseOf(node.parent));
+            AddText(node.Text(), *styles_.Of(node.parent).inherited, PlaceOf(node.parent));
         }
         node_ = noHtmlNode;
         if (!node.IsElement() || IsNotShown(node)) return false;
@@ -115,17 +120,31 @@ class LinesReader {
             node_ = id;
             AddBreak(0);
             node_ = noHtmlNode;
+            AddClear(styles_.Of(id).box->clear);
         }
-        AddGenerated(styles_.Before(id));
+        AddControls(OpeningControls(styles_.Of(id)));
+        AddGenerated(styles_.Before(id), id);
         return true;
+    }
+
+    void AddClear(CssClear clear) {
+        if (clear == CssClear::None) return;
+        Content().clears.push_back({Length(), clear != CssClear::Right, clear != CssClear::Left});
+    }
+
+    void AddControls(std::u16string_view controls) {
+        if (!lines_.hasText) return;
+        for (const char16_t control : controls)
+            AddUnit(control, 0);
     }
 
     // The elements that end before the next node, from this one outwards.
     void Leave(HtmlNodeId element, HtmlNodeId next) {
         const HtmlNodeId around = next == noHtmlNode ? noHtmlNode : tree_[next].parent;
         for (; element != noHtmlNode && element != around; element = tree_[element].parent) {
-            AddGenerated(styles_.After(element));
+            AddGenerated(styles_.After(element), element);
             if (element == container_) return;
+            AddControls(ClosingControls(styles_.Of(element)));
         }
     }
 
@@ -135,7 +154,7 @@ class LinesReader {
         const bool inLine = !IsOutOfFlow(*box.style) && !isFloat;
         result_.boxes.push_back({Length(), nextBox_, inLine});
         if (inLine) {
-            StartRun(*lines_.text, 0, false);
+            StartRun(*lines_.text, {}, false);
             node_ = box.node;
             AddUnit(objectReplacement, 0);
             node_ = noHtmlNode;
@@ -174,38 +193,64 @@ class LinesReader {
         if (item != id_ && boxes_.FirstChild(item) != id_) return;
         const std::u16string marker =
             ListMarker(boxes_[item].text->listStyleType, boxes_[item].number);
-        if (!marker.empty()) AddText(marker + u" ", *boxes_[item].text, 0);
+        if (!marker.empty()) AddText(marker + u" ", *boxes_[item].text, {});
     }
 
-    void AddGenerated(CssStyle style) {
+    // Before or behind what is in an element.
+    void AddGenerated(CssStyle style, HtmlNodeId element) {
         if (!style.box) return;
+        TextPlace place = PlaceOf(element);
+        AddOwnPlace(style, styles_.Of(element), fonts_, place);
         for (const CssContentItem& item : styles_.Content(style.box->content))
-            if (item.kind == CssContentItem::Kind::Text) AddText(item.text, *style.inherited, 0);
+            AddText(GeneratedText(item, element), *style.inherited, place);
     }
 
-    // How far the baseline of an element's text is above that of the lines.
-    double RaiseOf(HtmlNodeId element) const {
-        double raise = 0;
-        for (; tree_[element].IsElement() && !IsContainer(element);
-             element = tree_[element].parent) {
-            const CssBoxStyle& style = *styles_.Of(element).box;
-            const float around = styles_.Of(tree_[element].parent).inherited->fontSize;
-            if (style.verticalAlign == CssVerticalAlign::Super)
-                raise += around / 3;
-            else if (style.verticalAlign == CssVerticalAlign::Sub)
-                raise -= around / 5;
-            else if (style.verticalAlign == CssVerticalAlign::Length)
-                raise += style.verticalShift.Of(styles_.Of(element).inherited->fontSize);
+    std::u16string_view GeneratedText(const CssContentItem& item, HtmlNodeId element) const {
+        switch (item.kind) {
+        case CssContentItem::Kind::Text: return item.text;
+        case CssContentItem::Kind::Attribute: {
+            const HtmlAttribute* found = tree_[element].Attribute(tree_.Names().Find(item.text));
+            return found ? found->Value() : std::u16string_view();
         }
-        return fonts_.Pixels(float(raise));
-    }
-    bool IsContainer(HtmlNodeId element) const {
-        return styles_.Of(element).box->display != CssDisplay::Inline &&
-               styles_.Of(element).box->display != CssDisplay::Contents;
+        case CssContentItem::Kind::OpenQuote: return IsQuoteWithin(element) ? u"\u2018" : u"\u201C";
+        case CssContentItem::Kind::CloseQuote:
+            return IsQuoteWithin(element) ? u"\u2019" : u"\u201D";
+        case CssContentItem::Kind::Picture: break;
+        }
+        return {};
     }
 
-    void AddText(std::u16string_view text, const CssInheritedStyle& style, double raise) {
-        StartRun(style, raise, false);
+    // Whether a quotation stands in another one, of an odd number of them.
+    bool IsQuoteWithin(HtmlNodeId element) const {
+        bool within = false;
+        while ((element = tree_[element].parent) != noHtmlNode && tree_[element].IsElement())
+            within ^= OpensQuote(styles_.Before(element));
+        return within;
+    }
+    bool OpensQuote(CssStyle before) const {
+        if (!before.box) return false;
+        const CssContent& content = styles_.Content(before.box->content);
+        return std::any_of(content.begin(), content.end(), [](const CssContentItem& item) {
+            return item.kind == CssContentItem::Kind::OpenQuote;
+        });
+    }
+
+    // Of the text that stands in an element.
+    TextPlace PlaceOf(HtmlNodeId element) {
+        TextPlace place;
+        for (; tree_[element].IsElement() && element != container_ && IsInline(element);
+             element = tree_[element].parent)
+            AddOwnPlace(styles_.Of(element), styles_.Of(tree_[element].parent), fonts_, place);
+        return place;
+    }
+    bool IsInline(HtmlNodeId element) const {
+        const CssDisplay display = styles_.Of(element).box->display;
+        return display == CssDisplay::Inline || display == CssDisplay::Contents;
+    }
+
+    void AddText(std::u16string_view text, const CssInheritedStyle& style, const TextPlace& place) {
+        StartRun(style, place, false);
+        const TextPos start = Length();
         const bool keepsSpaces = KeepsSpaces(style.whiteSpace);
         const bool keepsBreaks = KeepsBreaks(style.whiteSpace);
         for (std::size_t i = 0; i < text.size(); ++i) {
@@ -217,36 +262,47 @@ class LinesReader {
                     AddBreak(i);
                 whiteSpaceEnds_ = true;
             } else if (!keepsSpaces && IsHtmlSpace(unit)) {
-                if (!whiteSpaceEnds_) AddUnit(u' ', i);
+                if (!whiteSpaceEnds_) AddUnit(IsUnbroken(style) ? noBreakSpace : u' ', i);
                 whiteSpaceEnds_ = true;
             } else {
-                AddLetter(unit, i, style, raise);
+                AddLetter(unit, i, style, place);
                 whiteSpaceEnds_ = false;
             }
         }
+        if (style.visibility != CssVisibility::Visible) Hide(start);
+    }
+
+    // Whether lines do not break in it, though they do around it.
+    bool IsUnbroken(const CssInheritedStyle& style) const {
+        return style.whiteSpace == CssWhiteSpace::NoWrap && result_.content->wraps;
+    }
+
+    void Hide(TextPos start) {
+        auto& hidden = Content().hidden;
+        if (start >= Length()) return;
+        if (!hidden.empty() && hidden.back().end >= start)
+            hidden.back().end = Length();
+        else
+            hidden.push_back({start, Length()});
     }
 
     void AddLetter(char16_t unit, std::size_t number, const CssInheritedStyle& style,
-                   double raise) {
-        const char16_t capital = FoldCase(unit);
+                   const TextPlace& place) {
+        char16_t shown = TransformedUnit(unit, style.textTransform, Text());
         if (style.fontCaps == CssFontCaps::Small) {
-            StartRun(style, raise, capital != unit);
-            unit = capital;
+            const char16_t capital = FoldCase(shown);
+            StartRun(style, place, capital != shown);
+            shown = capital;
         }
-        const bool isCapital = style.textTransform == CssTextTransform::Uppercase ||
-                               (style.textTransform == CssTextTransform::Capitalize &&
-                                (whiteSpaceEnds_ || Text().empty() || Text().back() == u' '));
-        AddUnit(isCapital ? capital : unit, number);
+        AddUnit(shown, number);
     }
 
-    void StartRun(const CssInheritedStyle& style, double raise, bool smallCapital) {
-        const TextBaseline baseline = raise > 0   ? TextBaseline::Superscript
-                                      : raise < 0 ? TextBaseline::Subscript
-                                                  : TextBaseline::Normal;
-        AddRun(Content().text.runs, StyledRun{Length(), fonts_.Of(style, baseline, smallCapital)},
+    void StartRun(const CssInheritedStyle& style, const TextPlace& place, bool smallCapital) {
+        const PageTextUse use{place.raise + place.shift, smallCapital, place.background};
+        AddRun(Content().text.runs, StyledRun{Length(), fonts_.Of(style, use)},
                [](const StyledRun& a, const StyledRun& b) { return a.style == b.style; });
         AddRun(Content().runs,
-               InlineRun{Length(), fonts_.Of(style), fonts_.LineHeight(style), raise},
+               InlineRun{Length(), fonts_.Of(style), fonts_.LineHeight(style), place.raise},
                [](const InlineRun& a, const InlineRun& b) {
                    return a.font == b.font && a.lineHeight == b.lineHeight && a.raise == b.raise;
                });
@@ -262,7 +318,8 @@ class LinesReader {
     }
 
     void RemoveTrailingSpace() {
-        if (whiteSpaceEnds_ && !Text().empty() && Text().back() == u' ') Text().pop_back();
+        if (!whiteSpaceEnds_ || Text().empty()) return;
+        if (Text().back() == u' ' || Text().back() == noBreakSpace) Text().pop_back();
     }
 
     const HtmlTree& tree_;
@@ -298,12 +355,27 @@ std::shared_ptr<const InlineContent> PageText::MarkerOf(PageBoxId item) {
     const std::u16string marker = ListMarker(box.text->listStyleType, box.number);
     if (marker.empty() || box.text->listStylePosition == CssListStylePosition::Inside)
         return nullptr;
+    auto content = PlainContent(box, marker);
+    content->wraps = false;
+    return content;
+}
+
+std::shared_ptr<const InlineContent> PageText::AlternativeOf(PageBoxId picture) {
+    const PageBox& box = boxes_[picture];
+    const HtmlAttribute* text = tree_[box.node].Attribute(HtmlName::Alt);
+    return text ? PlainContent(box, text->Value()) : nullptr;
+}
+
+// In the style of the box.
+std::shared_ptr<InlineContent> PageText::PlainContent(const PageBox& box,
+                                                      std::u16string_view text) {
     auto content = std::make_shared<InlineContent>();
     content->strut = fonts_.Of(*box.text);
-    content->text.text = marker;
+    content->strutLineHeight = fonts_.LineHeight(*box.text);
+    content->text.text = text;
     content->text.runs = {{0, content->strut}};
     content->text.rightToLeft = box.text->direction == CssDirection::RightToLeft;
-    content->runs = {{0, content->strut, fonts_.LineHeight(*box.text), 0}};
-    content->wraps = false;
+    content->runs = {{0, content->strut, content->strutLineHeight, 0}};
+    if (IsHidden(box)) content->hidden = {{0, TextPos(text.size())}};
     return content;
 }

@@ -17,6 +17,7 @@ class PageText : public PageContent {
 
     LinesText TextOf(PageBoxId lines) override;
     Size PictureSize(PageBoxId picture) override;
+    std::shared_ptr<const InlineContent> AlternativeOf(PageBoxId picture) override;
     std::shared_ptr<const InlineContent> MarkerOf(PageBoxId item) override;
     std::optional<int> Number(PageBoxId box, HtmlName attribute) override;
 
@@ -24,6 +25,8 @@ class PageText : public PageContent {
     std::function<Size(HtmlNodeId)> pictureSize;
 
   private:
+    std::shared_ptr<InlineContent> PlainContent(const PageBox& box, std::u16string_view text);
+
     const HtmlTree& tree_;
     const CssPageStyles& styles_;
     const PageBoxes& boxes_;

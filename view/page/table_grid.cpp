@@ -9,7 +9,7 @@ constexpr std::size_t maxColumns = 4096;
 
 class GridBuilder {
   public:
-    GridBuilder(const PageBoxes& boxes, PageContent& content) : boxes_(boxes), content_(content) {}
+    GridBuilder(const PageBoxes& boxes, PageNumbers& numbers) : boxes_(boxes), numbers_(numbers) {}
 
     TableGrid Build(PageBoxId table) {
         // The head is shown first and the foot last, wherever they are written.
@@ -21,7 +21,7 @@ class GridBuilder {
 
   private:
     std::size_t Span(PageBoxId box, HtmlName attribute, int most) const {
-        return std::size_t(std::clamp(content_.Number(box, attribute).value_or(1), 1, most));
+        return std::size_t(std::clamp(numbers_.Number(box, attribute).value_or(1), 1, most));
     }
 
     template <typename Visit>
@@ -74,6 +74,7 @@ class GridBuilder {
     }
 
     void AddRow(PageBoxId row) {
+        if (boxes_[row].text->visibility == CssVisibility::Collapse) return;
         const std::size_t number = grid_.rows.size();
         grid_.rows.push_back(row);
         std::size_t column = 0;
@@ -110,13 +111,13 @@ class GridBuilder {
     }
 
     const PageBoxes& boxes_;
-    PageContent& content_;
+    PageNumbers& numbers_;
     TableGrid grid_;
     std::vector<std::size_t> takenUntil_; // of each column: the row behind the cell that spans it
     std::size_t nextColumn_ = 0, groupStart_ = 0;
 };
 } // namespace
 
-TableGrid GridOf(const PageBoxes& boxes, PageContent& content, PageBoxId table) {
-    return GridBuilder(boxes, content).Build(table);
+TableGrid GridOf(const PageBoxes& boxes, PageNumbers& numbers, PageBoxId table) {
+    return GridBuilder(boxes, numbers).Build(table);
 }

@@ -16,4 +16,4 @@ struct TableGrid {
     std::vector<PageBoxId> captions;
 };
 
-TableGrid GridOf(const PageBoxes& boxes, PageContent& content, PageBoxId table);
+TableGrid GridOf(const PageBoxes& boxes, PageNumbers& numbers, PageBoxId table);

@@ -80,6 +80,14 @@ class TableLayouter {
         return layouter_.LayOutBlock(cell.box, std::max(0.0, width - insets), width);
     }
 
+    double CellHeight(const GridCell& cell, const PageFragment& layout) const {
+        const CssBoxStyle& style = *layouter_.Box(cell.box).style;
+        const double given = measure_.GivenHeight(style);
+        if (given < 0) return layout.height;
+        const BoxInsets insets = measure_.Insets(style, Width(cell));
+        return std::max(layout.height, insets.Top() + given + insets.Bottom());
+    }
+
     // Each row as high as its highest cell; one over several rows makes the last of them higher.
     std::vector<double> RowHeights(const std::vector<PageFragmentPtr>& layouts) const {
         std::vector<double> heights;
@@ -87,7 +95,8 @@ class TableLayouter {
             heights.push_back(std::max(0.0, measure_.GivenHeight(*layouter_.Box(row).style)));
         for (std::size_t i = 0; i < grid_.cells.size(); ++i) {
             const GridCell& cell = grid_.cells[i];
-            if (cell.rows == 1) heights[cell.row] = std::max(heights[cell.row], layouts[i]->height);
+            if (cell.rows == 1)
+                heights[cell.row] = std::max(heights[cell.row], CellHeight(cell, *layouts[i]));
         }
         for (std::size_t i = 0; i < grid_.cells.size(); ++i) {
             const GridCell& cell = grid_.cells[i];
@@ -95,7 +104,7 @@ class TableLayouter {
             const auto first = heights.begin() + std::ptrdiff_t(cell.row);
             const auto last = first + std::ptrdiff_t(cell.rows) - 1;
             const double others = std::accumulate(first, last, spacingY_ * double(cell.rows - 1));
-            *last = std::max(*last, layouts[i]->height - others);
+            *last = std::max(*last, CellHeight(cell, *layouts[i]) - others);
         }
         return heights;
     }

@@ -108,6 +108,7 @@ ShapedText ShapeText(WinFonts& fonts, const ParagraphText& paragraph, TextUnits&
         FitUnitsToClusters(run, text);
         SetWidths(run, text, shaped.widths);
     }
+    SpaceText(paragraph, text, shaped);
     return shaped;
 }
 

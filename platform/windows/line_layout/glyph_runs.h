@@ -40,6 +40,8 @@ void ChangeWidth(ShapedText&, std::size_t unit, int width);
 // Takes places of the caret and breaks within what the glyphs do not divide out of the units.
 ShapedText ShapeText(WinFonts&, const ParagraphText&, TextUnits&);
 
+// In spaced_text.cpp: adds what styles ask for between letters and words.
+void SpaceText(const ParagraphText&, const TextUnits&, ShapedText&);
 // In glyph_shaping.cpp: in this font alone. False if it does not have the script at all.
 bool ShapeRun(MeasuringContext&, const TextUnits&, GlyphRun&);
 // In glyph_fallback.cpp: in this font, and others where it has no glyphs.

@@ -67,11 +67,13 @@ void Painter::PaintText(const PaintedPart& part, Color color) const {
     const UnitKind kind = painted_.text.units[part.start].kind;
     if (kind == UnitKind::Box) return;
     const WinStyle& style = *part.style;
-    const int y = baseline_ - style.rise;
+    const int y = baseline_ - style.rise - style.raise;
     SetTextColor(canvas_.Context(), color);
     if (kind == UnitKind::Text || kind == UnitKind::SoftHyphen) PaintGlyphs(part, y);
     if (style.style.underline) PaintRule(part, style.font->underline, y, color);
     if (style.style.strikethrough) PaintRule(part, style.font->strikeout, y, color);
+    if (style.style.overline)
+        PaintRule(part, {style.font->ascent, style.font->underline.thickness}, y, color);
 }
 
 void Painter::Paint() const {

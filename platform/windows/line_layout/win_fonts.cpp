@@ -43,6 +43,7 @@ std::shared_ptr<const WinStyle> WinFonts::Prepare(const TextStyle& style) {
     const int height = prepared->font->ascent + prepared->font->descent;
     if (style.baseline == TextBaseline::Superscript) prepared->rise = height / 2;
     if (style.baseline == TextBaseline::Subscript) prepared->rise = -height / 6;
+    prepared->raise = static_cast<int>(std::lround(style.raise));
     return prepared;
 }
 

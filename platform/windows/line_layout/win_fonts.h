@@ -10,7 +10,9 @@
 struct WinStyle : PreparedStyle {
     TextStyle style;
     ShapingFontPtr font;
-    int rise = 0; // of the baseline, pixels
+    // Of the baseline, pixels: of superscript and subscript, which count in a line's height, and
+    // of raised text.
+    int rise = 0, raise = 0;
 };
 
 class WinFonts {

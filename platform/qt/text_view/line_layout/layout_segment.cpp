@@ -30,29 +30,37 @@ QTextLayout::FormatRange BoxFormat(const ParagraphText& paragraph, const InlineB
     font.setPointSizeF(1);
     font.setUnderline(false);
     font.setStrikeOut(false);
+    font.setLetterSpacing(QFont::AbsoluteSpacing, 0);
     const double own = QFontMetricsF(font, &device).horizontalAdvance(boxPlaceholder);
-    font.setLetterSpacing(QFont::AbsoluteSpacing, std::max(0.0, box.width - own));
+    font.setOverline(false);
+    const double spacing = std::max(0.0, box.width - own);
+    font.setLetterSpacing(QFont::AbsoluteSpacing, FontLetterSpacing(device, spacing));
     format.setFont(font);
+    format.setProperty(letterSpacingProperty, spacing);
     format.setForeground(Qt::transparent);
     format.setVerticalAlignment(QTextCharFormat::AlignNormal);
     return {box.at - start, 1, format};
 }
 
+// Ascending; they do not overlap.
 QList<QTextLayout::FormatRange> Formats(const ParagraphText& paragraph, TextPos start, TextPos end,
                                         QPaintDevice& device) {
     QList<QTextLayout::FormatRange> formats;
     const auto& runs = paragraph.runs;
+    auto box = std::lower_bound(paragraph.boxes.begin(), paragraph.boxes.end(), start,
+                                [](const InlineBox& each, TextPos at) { return each.at < at; });
     for (auto run = &RunAt(paragraph, start) - runs.data(); run < std::ssize(runs); ++run) {
         const StyledRun& each = runs[std::size_t(run)];
         if (each.start >= end) break;
-        const TextPos from = std::max(start, each.start);
+        TextPos from = std::max(start, each.start);
         const TextPos to =
             run + 1 < std::ssize(runs) ? std::min(end, runs[std::size_t(run) + 1].start) : end;
-        formats.append({from - start, to - from, FormatOf(each)});
+        for (; box != paragraph.boxes.end() && box->at < to; from = box++->at + 1) {
+            if (box->at > from) formats.append({from - start, box->at - from, FormatOf(each)});
+            formats.append(BoxFormat(paragraph, *box, start, device));
+        }
+        if (to > from) formats.append({from - start, to - from, FormatOf(each)});
     }
-    for (const InlineBox& box : paragraph.boxes)
-        if (box.at >= start && box.at < end)
-            formats.append(BoxFormat(paragraph, box, start, device));
     return formats;
 }
 
@@ -96,7 +104,10 @@ void SetFormats(const ParagraphText& paragraph, LayoutSegment& segment, QPaintDe
     const QTextCharFormat& format = FormatOf(paragraph.runs.front());
     const bool fontOnly = !format.hasProperty(QTextFormat::ForegroundBrush) &&
                           !format.hasProperty(QTextFormat::BackgroundBrush) &&
-                          !format.hasProperty(QTextFormat::TextVerticalAlignment);
+                          !format.hasProperty(QTextFormat::TextVerticalAlignment) &&
+                          !format.hasProperty(QTextFormat::TextBaselineOffset) &&
+                          !format.hasProperty(letterSpacingProperty) &&
+                          !format.hasProperty(wordSpacingProperty);
     if (isPlain && fontOnly) return; // the layout's own font
     const auto formats = Formats(paragraph, segment.start, end, device);
     segment.fonts = PinFonts(segment.text->font(), formats);

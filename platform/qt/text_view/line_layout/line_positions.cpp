@@ -1,5 +1,7 @@
 #include "platform/qt/text_view/line_layout/line_positions.h"
 
+#include "platform/qt/text_view/line_layout/qt_line_layout.h"
+
 #include <QGlyphRun>
 #include <QRawFont>
 
@@ -97,13 +99,23 @@ bool HasStrongDirection(QChar unit, bool rightToLeft) {
                        : direction == QChar::DirL && !unit.isSurrogate();
 }
 
-// By which a box is wider than its glyph, whose advance does not tell. The last format holds.
-double LetterSpacing(const QTextLayout& layout, int at) {
-    double spacing = 0;
-    for (const QTextLayout::FormatRange& range : layout.formats())
-        if (at >= range.start && at < range.start + range.length)
-            spacing = range.format.font().letterSpacing();
-    return std::max(0.0, spacing);
+bool IsWordSpace(QChar unit) {
+    return unit == QChar::Space || unit == QChar::Nbsp;
+}
+
+double SpacingAt(const QTextLayout& layout, int at) {
+    const auto formats = layout.formats(); // ascending
+    const auto after =
+        std::upper_bound(formats.begin(), formats.end(), at,
+                         [](int place, const auto& range) { return place < range.start; });
+    if (after == formats.begin()) return 0;
+    const QTextCharFormat& format = std::prev(after)->format;
+    double spacing = format.doubleProperty(letterSpacingProperty);
+    if (!format.hasProperty(wordSpacingProperty)) return spacing;
+    const QString text = layout.text();
+    const bool isLastSpace =
+        IsWordSpace(text[at]) && (at + 1 == text.size() || !IsWordSpace(text[at + 1]));
+    return isLastSpace ? spacing + format.doubleProperty(wordSpacingProperty) : spacing;
 }
 
 // Whether trailing spaces may have the other direction than a left-to-right paragraph, as words
@@ -190,7 +202,7 @@ std::optional<GlyphEdges> GlyphsAt(const QTextLayout& layout, const QTextLine& l
         }
         edges.rightToLeft = run.isRightToLeft();
     }
-    if (layout.text()[at] == boxPlaceholder) edges.right += LetterSpacing(layout, at);
+    edges.right += SpacingAt(layout, at);
     return edges.left < edges.right ? std::optional(edges) : std::nullopt;
 }
 

@@ -6,6 +6,13 @@
 #include <QImage>
 #include <QTextCharFormat>
 
+// In a QTextCharFormat: pixels by which a character, and the last of spaces between words, is wider
+// than its glyph. The glyph's advance does not tell, and its font says it in other units.
+constexpr int letterSpacingProperty = QTextFormat::UserProperty;
+constexpr int wordSpacingProperty = letterSpacingProperty + 1;
+// QTextLayout takes letter spacing, but no other one, in the resolution of the primary screen.
+double FontLetterSpacing(const QPaintDevice& device, double pixels);
+
 class QtStyle : public PreparedStyle {
   public:
     explicit QtStyle(QTextCharFormat prepared) : format(std::move(prepared)) {}

@@ -1,0 +1,43 @@
+#include "view/page/page_fragment.h"
+
+#include <algorithm>
+
+namespace {
+template <typename Placed>
+void Move(std::vector<Placed>& all, std::size_t first, double x, double y) {
+    for (std::size_t i = first; i < all.size(); ++i) {
+        all[i].left += x;
+        all[i].top += y;
+    }
+}
+
+void AddToBaseline(const PageFragment& fragment, double top, double& baseline) {
+    for (const PlacedLines& lines : fragment.lines)
+        baseline = std::max(baseline, top + lines.layout.lines.back().baseline);
+    for (const PlacedPart& part : fragment.parts)
+        AddToBaseline(*part.fragment, top + part.top, baseline);
+}
+} // namespace
+
+FragmentMark EndOf(const PageFragment& fragment) {
+    return {fragment.boxes.size(), fragment.pictures.size(), fragment.lines.size(),
+            fragment.parts.size()};
+}
+
+void MoveSince(const FragmentMark& mark, double x, double y, PageFragment& fragment) {
+    Move(fragment.boxes, mark.boxes, x, y);
+    Move(fragment.pictures, mark.pictures, x, y);
+    Move(fragment.parts, mark.parts, x, y);
+    for (std::size_t i = mark.lines; i < fragment.lines.size(); ++i)
+        for (InlineLine& line : fragment.lines[i].layout.lines) {
+            line.left += x;
+            line.top += y;
+            line.baseline += y;
+        }
+}
+
+double LastBaseline(const PageFragment& fragment) {
+    double baseline = -1;
+    AddToBaseline(fragment, 0, baseline);
+    return baseline;
+}

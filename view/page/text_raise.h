@@ -1,0 +1,19 @@
+// Where a text stands that is in inline elements: how far above the baseline of its lines (CSS 2.1,
+// 10.8.1), and on what background.
+#pragma once
+
+#include "view/page/page_fonts.h"
+
+// By which raised and lowered text stands away from the baseline, of the font's size around it;
+// fonts say it, but line layout does not tell.
+constexpr double superscript = 1.0 / 3, subscript = 1.0 / 5;
+
+// Lengths in device pixels.
+struct TextPlace {
+    double raise = 0; // for which its line makes room
+    double shift = 0; // upwards as well, for which it does not
+    std::optional<Color> background;
+};
+
+// Adds what one inline element does, from the innermost one outwards.
+void AddOwnPlace(CssStyle element, CssStyle parent, PageFonts& fonts, TextPlace& place);
