@@ -2,7 +2,6 @@
 
 #include "common/text.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
@@ -83,7 +82,7 @@ bool Starts(const QByteArray& entry, const QString& program) {
     return started.filePath() == program || (!real.isEmpty() && real == asked.canonicalFilePath());
 }
 
-// Without the desktop's own lists, which go before it.
+// The lists of the desktops that run, if they have any, go before that of all.
 QStringList FilesOf(const QString& folder, const QString& name) {
     QStringList files;
     const QString desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").toLower();
