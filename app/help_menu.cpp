@@ -34,11 +34,15 @@ FetchAnswer Fetch(MainForm& form, const std::u16string& address) {
     return form.ports.updateCheck->Fetch(address);
 }
 
-void OfferUpdate(MainForm& form, const ProgramVersion& own, const std::u16string& newVersion) {
-    const std::u16string setup = SetupAddress(own, form.ports.launch.executableName);
-    const int pressed = form.ports.dialogs->ShowRichMessage(
-        UpdateOffer(newVersion, setup), form.messages.productTitle, {u"Cancel", u"Download"});
-    if (pressed == 2) OpenWebAddress(form, setup);
+void OfferUpdate(MainForm& form, const ProgramVersion& own, const UpdateResult& check) {
+    const auto addresses = DownloadAddresses(own, form.ports.launch.executableName,
+                                             form.ports.updateCheck->Packages(), check.newest);
+    const int pressed =
+        form.ports.dialogs->ShowRichMessage(UpdateOffer(check.newVersion, addresses),
+                                            form.messages.productTitle, {u"Cancel", u"Download"});
+    if (pressed != 2) return;
+    for (const std::u16string& address : addresses)
+        OpenWebAddress(form, address);
 }
 } // namespace
 
@@ -55,7 +59,7 @@ void mHelpUpdate_Click(MainForm& form, int) {
     case 0:
         return ShowPlainMessage(form.messages, MessageIcon::Information, MessageTitle::Product,
                                 u"Your copy of the application is up to date.");
-    case 1: return OfferUpdate(form, own, check.newVersion);
+    case 1: return OfferUpdate(form, own, check);
     }
 }
 

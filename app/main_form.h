@@ -27,6 +27,7 @@ struct ShownBook {
     bool plain = false;   // a plain text
     int codePage = 0;     // of a plain text; 0 for Unicode and rich text
     ChosenCharset chosen; // by the reader for this book; none: as its bytes suggest
+    bool isNew = false;   // opened, and the desktop does not know yet
 };
 
 // What is kept of the places in the shown text.

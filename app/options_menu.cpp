@@ -29,18 +29,19 @@ void mOptionsFileColor_Click(MainForm& form, int) {
 
 void mOptionsEditor_Click(MainForm& form, int index) {
     const Ports& ports = form.ports;
-    const std::u16string& root = ports.launch.rootFolder;
+    const std::u16string& programs = ports.launch.programsFolder;
     const bool programsHaveEnding = MatchesPattern(ports.shell->DefaultTextEditor(), u"*.exe");
-    MenuItem& item = form.menu.mOptionsEditor[index];
+    MenuArray& editors = form.menu.mOptionsEditor;
+    const MenuItem& item = editors[index];
     OpenFileRequest request;
     request.title = DialogTitle(item);
     request.filter = u"Programs (*.exe)|*.exe|All Files (*.*)|*.*";
     request.filterIndex = programsHaveEnding ? 1 : 2;
-    request.initialFolder = InitialFolder(*ports.files, item.tag, root, root);
+    request.initialFolder = InitialFolder(*ports.files, item.tag, programs, programs);
     request.fileName = item.tag;
     const OpenFileAnswer answer = ports.dialogs->OpenFile(request);
     if (answer.result != DialogResult::Ok) return;
-    SetEditorItem(item, answer.fileName, *ports.versionInfo, ports.files->Separator());
+    SetEditorItem(editors, index, answer.fileName, *ports.versionInfo, ports.files->Separator());
     SaveEditor(*form.dataFile, index, answer.fileName);
 }
 

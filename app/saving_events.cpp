@@ -7,6 +7,8 @@
 #include "app/moved_books.h"
 #include "app/shown_book.h"
 
+#include <utility>
+
 void Form_Unload(MainForm& form) {
     if (!form.started || form.closed) return;
     SettleZoom(form);
@@ -19,6 +21,14 @@ void Form_Unload(MainForm& form) {
     WriteDataFileAtLast(form);
 }
 
+namespace {
+// Not as soon as it is shown: the desktop takes its time, and who only looks for a book opens many.
+void TellDesktopOfBook(MainForm& form) {
+    if (!IsBookShown(form) || !std::exchange(form.book.isNew, false)) return;
+    form.ports.shell->AddRecentDocument(form.book.path);
+}
+} // namespace
+
 void toSave_Timer(MainForm& form) {
     constexpr int saveInterval = 60; // seconds
     AdoptLateDataFile(form);
@@ -26,6 +36,7 @@ void toSave_Timer(MainForm& form) {
     constexpr int looksEachSecond = 5; // at the disk
     LookForMovedBooks(form, looksEachSecond);
     WatchShownBook(form);
+    TellDesktopOfBook(form);
     form.autosaveTick = (form.autosaveTick + 1) % saveInterval;
     if (form.autosaveTick == 0) SaveBookState(form, 0);
 }

@@ -159,7 +159,10 @@ void ShowBook(MainForm& form, int index) {
         ShowInTextView(form, record, std::move(content), file);
     form.menu.mFileList[0].checked = true;
     form.book.path = record.Path();
-    if (form.book.path != pathBefore) form.bookmarks.last.tag = u""; // a place in that book
+    if (form.book.path != pathBefore) {
+        form.bookmarks.last.tag = u""; // a place in that book
+        form.book.isNew = true;
+    }
     UpdateWindowTitle(form);
     LoadSearches(form, record);
     LoadBookmarks(form, record[Field::Marks]);

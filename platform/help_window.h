@@ -25,14 +25,16 @@ struct HelpContents {
     std::u16string windowTitle;
     std::vector<std::u16string> titles; // of the pages, in their order
     // A page as RTF, pure ASCII, in the font table's nameless font and without colours: the window
-    // gives it face and colours. Its characters are counted as the text view's are.
+    // gives it face and colours. Its characters are counted as the text view's are. A link in it
+    // has the number of the page that it leads to for its address.
     std::function<std::string(int page)> page;
     // The pages for what is typed into the search field so far, best first; none for "".
     std::function<std::vector<HelpFinding>(std::u16string_view typed)> search;
 };
 
 // A list of the pages or, while something is typed into the field above it, of what was found; and
-// beside the list the page chosen, with the place found selected and in view. Escape closes the
+// beside the list the page chosen, with the place found selected and in view. A link in the page is
+// followed by a click, or by Enter where the caret is in it. Escape closes the
 // window, and closing the main window does, too. Its keys are its own: none reaches the form.
 class HelpWindow {
   public:

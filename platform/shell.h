@@ -21,6 +21,9 @@ class Shell {
     // run the file, if it is a program: what may be opened so is for the caller to know. Failures
     // are not reported.
     virtual void OpenFile(const std::u16string& path) = 0;
+    // The user has opened this book (a full path): for the desktop's list of recent documents,
+    // unless that is told to keep none. Failures are not reported.
+    virtual void AddRecentDocument(const std::u16string& path) = 0;
     // Claims the data file for the life of the process. What was granted ends with the process,
     // however that ends.
     virtual InstanceClaim ClaimDataFile(const std::u16string& path) = 0;

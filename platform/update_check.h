@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 constexpr std::size_t fetchLimit = 64 * 1024; // bytes
 constexpr int fetchTime = 10'000;             // milliseconds, for everything together
@@ -27,4 +28,7 @@ class UpdateCheck {
     // of status 200 within both limits is Ok.
     // Events are handled meanwhile: the window paints, moves and can be closed.
     virtual FetchAnswer Fetch(const std::u16string& address) = 0;
+    // The packages that a new version comes as on this system: file names, "*" for the version; ""
+    // for whatever the product's page has. None where a setup program installs it.
+    virtual std::vector<std::u16string> Packages() const = 0;
 };

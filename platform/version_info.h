@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 struct ProgramVersion {
     std::u16string company, title, description, comments, copyright, trademarks;
@@ -12,6 +13,8 @@ class VersionInfo {
   public:
     virtual ~VersionInfo() = default;
     virtual ProgramVersion OwnVersion() const = 0;
-    virtual std::u16string
-    FileDescription(const std::u16string& program) const = 0; // "" if it has none
+    // What a program is called, "" if nothing says it. Of one that only hands files on, what gets
+    // those with this ending (".txt") from it.
+    virtual std::u16string FileDescription(const std::u16string& program,
+                                           std::u16string_view ending) const = 0;
 };

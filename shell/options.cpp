@@ -3,10 +3,13 @@
 #include "common/menu_items.h"
 #include "common/text.h"
 
+#include <array>
+
 namespace {
 constexpr std::u16string_view editorSection = u"fwMain"; // of all profiles
 constexpr std::u16string_view titleKey = u"mOptionsTitle", fileColorKey = u"mOptionsFileColor",
                               columnKey = u"mViewColumn";
+constexpr std::array<std::u16string_view, 3> endings = {u".txt", u".rtf", u".htm"}; // by kind
 
 std::u16string EditorKey(int kind) {
     return u"mOptionsEditor-" + NumberText(kind);
@@ -20,11 +23,12 @@ std::u16string FileName(const std::u16string& path, char16_t separator) {
 }
 } // namespace
 
-void SetEditorItem(MenuItem& item, const std::u16string& path, const VersionInfo& versionInfo,
-                   char16_t separator) {
+void SetEditorItem(MenuArray& editors, int kind, const std::u16string& path,
+                   const VersionInfo& versionInfo, char16_t separator) {
+    MenuItem& item = editors[kind];
     item.tag = path;
     if (path.empty()) return SetMenuShortcutText(item, u"");
-    std::u16string description = versionInfo.FileDescription(path);
+    std::u16string description = versionInfo.FileDescription(path, endings[std::size_t(kind)]);
     if (description.empty()) description = FileName(path, separator);
     SetMenuShortcutText(item, u"[" + description + u"]");
 }
@@ -34,7 +38,7 @@ void LoadEditors(MenuArray& editors, IniFile& file, const std::u16string& fallba
     for (int kind = 0; kind < editors.Count(); ++kind) {
         const auto path =
             IniReadString(file, editorSection, EditorKey(kind), kind == 0 ? fallback : u"");
-        SetEditorItem(editors[kind], path, versionInfo, separator);
+        SetEditorItem(editors, kind, path, versionInfo, separator);
     }
 }
 

@@ -9,8 +9,9 @@
 
 #include <string>
 
-// Makes `path` the editor of the item, and shows its description in the item's caption.
-void SetEditorItem(MenuItem&, const std::u16string& path, const VersionInfo&, char16_t separator);
+// Makes `path` the editor of this kind of books, and shows its description in the item's caption.
+void SetEditorItem(MenuArray& editors, int kind, const std::u16string& path, const VersionInfo&,
+                   char16_t separator);
 
 // Those of all profiles, one for each kind of book. `fallback` edits plain text where none is
 // chosen.

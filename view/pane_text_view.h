@@ -42,6 +42,13 @@ class PaneTextView : public TextView {
     void SetUnwrapped(bool on) override;
     void SetPlaceholder(const Placeholder& placeholder) override;
 
+    // Follows links that are clicked; without it they are text.
+    void SetLinkHandler(std::function<void(const std::u16string& address)> onLink) {
+        Pane().onLink = std::move(onLink);
+    }
+    // The address of the link that the caret is in, "" for none.
+    std::u16string LinkAtCaret() const { return Pane().LinkAt(Pane().Caret()); }
+
     int LayoutsMade() const { return Pane().Layouts().LayoutsMade(); } // blocks laid out so far
 
   protected:

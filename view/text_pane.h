@@ -34,6 +34,8 @@ class TextPane : public ViewPane {
     const SystemStyle& System() const { return system_; }
     void SetSystemStyle(const SystemStyle& style) override;
 
+    std::function<void(const std::u16string& address)> onLink; // was clicked; none: links are text
+
     void Select(TextPos anchor, TextPos caret); // clamped to the text
     TextPos SelStart() const { return std::min(anchor_, caret_); }
     TextPos SelEnd() const { return std::max(anchor_, caret_); }
@@ -45,6 +47,8 @@ class TextPane : public ViewPane {
     TextLayouts& Layouts();
     TextPos PositionAtPoint(Point point); // the nearest position
     TextPos CharacterAtPoint(Point point);
+    std::u16string LinkAt(TextPos position) const; // the address of the link there, "" for none
+    std::u16string LinkAt(Point point);
     std::optional<Rect> CaretRect() override;
     Rect CharacterRect(TextPos position); // above or below the view if the character is out of view
     void Reveal(TextPos position);
@@ -56,7 +60,7 @@ class TextPane : public ViewPane {
     void Click(Point point, int count, bool extend) override;
     void DragTo(Point point) override;
     void EndDrag() override;
-    bool IsLink(Point point) override { return IsPlaceholderLink(point); }
+    bool IsLink(Point point) override;
     void PrepareContextMenu(Point point) override;
     void SelectAll() override { Select(0, text_->Length()); }
     void ScrollLines(int lines) override;
@@ -138,6 +142,7 @@ class TextPane : public ViewPane {
     std::optional<int> preferredX_;  // of the caret during vertical movement
     Granularity granularity_ = Granularity::Character;
     TextSpan dragStart_; // the unit that a drag started with
+    std::u16string pressedLink_;
     Point mouse_;
     bool autoScrolls_ = false, caretOn_ = false;
     HeadingIndex headings_;

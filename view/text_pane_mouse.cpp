@@ -2,6 +2,8 @@
 #include "view/text_pane.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace {
 constexpr int autoScrollInterval = 40; // milliseconds
@@ -14,6 +16,7 @@ int Beyond(int at, int size) {
 
 void TextPane::Click(Point point, int count, bool extend) {
     mouse_ = point;
+    pressedLink_ = onLink && count == 1 && !extend ? LinkAt(point) : u"";
     const TextPos position = PositionAtPoint(point);
     granularity_ = count == 3   ? Granularity::Paragraph
                    : count == 2 ? Granularity::Word
@@ -47,17 +50,40 @@ void TextPane::ExtendTo(Point point) {
 
 void TextPane::DragTo(Point point) {
     mouse_ = point;
+    if (!pressedLink_.empty() && LinkAt(point) == pressedLink_) return;
+    pressedLink_.clear();
     ExtendTo(point);
     const Size room = window_.Room();
     const bool outside = Beyond(point.x, room.width) != 0 || Beyond(point.y, room.height) != 0;
-    if (!outside) return EndDrag();
-    if (!autoScrolls_) window_.StartTimer(PaneTimer::AutoScroll, autoScrollInterval);
-    autoScrolls_ = true;
+    if (outside && !autoScrolls_) window_.StartTimer(PaneTimer::AutoScroll, autoScrollInterval);
+    if (!outside && autoScrolls_) window_.StopTimer(PaneTimer::AutoScroll);
+    autoScrolls_ = outside;
 }
 
+// A link that is pressed and let go is followed.
 void TextPane::EndDrag() {
     if (autoScrolls_) window_.StopTimer(PaneTimer::AutoScroll);
     autoScrolls_ = false;
+    const std::u16string link = std::exchange(pressedLink_, {});
+    if (!link.empty()) onLink(link);
+}
+
+std::u16string TextPane::LinkAt(TextPos position) const {
+    if (document_.links.empty()) return {};
+    const auto after = std::ranges::upper_bound(document_.charRuns, position, {}, &StyleRun::start);
+    const std::uint16_t link = document_.charStyles[std::prev(after)->style].link;
+    return link == 0 ? u"" : document_.links[link - 1];
+}
+
+std::u16string TextPane::LinkAt(Point point) {
+    if (document_.links.empty()) return {};
+    const TextPos position = CharacterAtPoint(point);
+    const bool hit = Intersect(CharacterRect(position), {point.x, point.y, 1, 1});
+    return hit ? LinkAt(position) : u"";
+}
+
+bool TextPane::IsLink(Point point) {
+    return IsPlaceholderLink(point) || (onLink && !LinkAt(point).empty());
 }
 
 // The speed grows with the distance from the window.

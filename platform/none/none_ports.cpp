@@ -22,8 +22,9 @@ std::u16string NoneLocale::DayName(int weekday, bool full) const {
 
 Ports MakeNonePorts() {
     Ports ports;
-    ports.launch = {u"/app", u"Norvaset", u"/home/reader/.local/share/Norvaset", u"/share/norvaset",
-                    u"",     u"/"};
+    ports.launch = {
+        u"/app", u"Norvaset", u"/home/reader/.local/share/Norvaset", u"/share/norvaset", u"",
+        u"/",    u"/"};
     ports.window = std::make_unique<NoneWindow>();
     ports.menuBar = std::make_unique<NoneMenuBar>();
     ports.statusBar = std::make_unique<NoneStatusBar>();

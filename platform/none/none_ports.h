@@ -163,6 +163,7 @@ class NoneShell : public Shell {
     }
     void OpenAddress(const std::u16string& address) override { opened.push_back(address); }
     void OpenFile(const std::u16string& path) override { openedFiles.push_back(path); }
+    void AddRecentDocument(const std::u16string& path) override { recent.push_back(path); }
     InstanceClaim ClaimDataFile(const std::u16string& path) override {
         claimedPath = path;
         return claim;
@@ -176,7 +177,7 @@ class NoneShell : public Shell {
     int patience = 0; // milliseconds, of the last time
     HandOver handOverAnswer = HandOver::Taken;
     std::vector<std::pair<std::u16string, std::u16string>> started;
-    std::vector<std::u16string> opened, openedFiles;
+    std::vector<std::u16string> opened, openedFiles, recent;
     std::u16string claimedPath;
     InstanceClaim claim;
 };
@@ -200,7 +201,8 @@ class NoneRegistry : public Registry {
 class NoneVersionInfo : public VersionInfo {
   public:
     ProgramVersion OwnVersion() const override { return version; }
-    std::u16string FileDescription(const std::u16string& program) const override {
+    std::u16string FileDescription(const std::u16string& program,
+                                   std::u16string_view /*ending*/) const override {
         const auto description = descriptions.find(program);
         return description == descriptions.end() ? u"" : description->second;
     }
@@ -215,7 +217,8 @@ class NoneUpdateCheck : public UpdateCheck {
         if (whileFetching) whileFetching();
         return answer;
     }
-    std::vector<std::u16string> fetched;
+    std::vector<std::u16string> Packages() const override { return packages; }
+    std::vector<std::u16string> fetched, packages;
     FetchAnswer answer;
     std::function<void()> whileFetching;
 };

@@ -49,6 +49,7 @@ Launch ThisLaunch(int argc, char** argv) {
     launch.sharedFolder = FromQt(Installed(QStringLiteral("share/norvaset")));
     launch.commandLine = PathFromNative(book);
     launch.rootFolder = FromQt(QDir::homePath());
+    launch.programsFolder = u"/usr/bin";
     return launch;
 }
 

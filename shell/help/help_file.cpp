@@ -23,9 +23,25 @@ std::size_t NumberLength(std::string_view line) {
     return digits > 0 && digits != line.npos && line.substr(digits, 2) == ". " ? digits + 1 : 0;
 }
 
+std::string_view TitleIn(std::string_view heading) { // "id id: Title"
+    const std::size_t colon = heading.find(": ");
+    return colon == heading.npos ? "" : Trim(heading.substr(colon + 2));
+}
+
+// Of all topics, of which any may name any.
+HelpTitles TitlesIn(std::string_view bytes) {
+    HelpTitles titles;
+    for (int page = 0; !bytes.empty();)
+        if (const std::string_view line = NextLine(bytes);
+            line.starts_with("= ") && line != lastLine)
+            titles.emplace(Utf8ToUtf16(TitleIn(line.substr(2))), page++);
+    return titles;
+}
+
 // Reads the lines of one topic after another; a paragraph grows until something else begins.
 class TopicReader {
   public:
+    explicit TopicReader(std::string_view bytes) : titles_(TitlesIn(bytes)) {}
     bool Begin(std::string_view heading); // "id id: Title"
     bool Line(std::string_view line);
     void FinishTopic();
@@ -36,7 +52,8 @@ class TopicReader {
     void FinishParagraph();
 
     HelpTopic topic_;
-    HelpPageWriter page_;
+    const HelpTitles titles_;
+    HelpPageWriter page_{titles_};
     bool inTopic_ = false, inParagraph_ = false;
     HelpParagraph kind_ = HelpParagraph::Text;
     std::string text_, label_;
@@ -48,13 +65,13 @@ bool TopicReader::Begin(std::string_view heading) {
     if (colon == heading.npos) return false;
     std::string_view ids = heading.substr(0, colon);
     topic_ = {};
-    page_ = {};
+    page_ = HelpPageWriter(titles_);
     while (!(ids = Trim(ids)).empty()) {
         const std::string_view id = ids.substr(0, ids.find(' '));
         topic_.ids.emplace_back(id);
         ids.remove_prefix(id.size());
     }
-    const std::string_view title = Trim(heading.substr(colon + 1));
+    const std::string_view title = TitleIn(heading);
     topic_.title = Utf8ToUtf16(title);
     inTopic_ = !topic_.ids.empty() && !title.empty();
     if (inTopic_) page_.Add(HelpParagraph::Title, topic_.title);
@@ -109,7 +126,7 @@ void TopicReader::FinishTopic() {
 std::optional<HelpBook> ParseHelpFile(std::string_view bytes) {
     if (bytes.size() > maxHelpFileSize || !IsValidUtf8(bytes) || NextLine(bytes) != firstLine)
         return std::nullopt;
-    TopicReader reader;
+    TopicReader reader(bytes);
     while (!bytes.empty()) {
         const std::string_view line = NextLine(bytes);
         if (line == lastLine) {

@@ -1,6 +1,9 @@
 #include "shell/help/help_page.h"
 
+#include "common/text.h"
+
 #include <cstddef>
+#include <limits>
 
 namespace {
 enum StyleIndex : std::uint32_t { Body, Bold, TitleStyle, HeadingStyle };
@@ -27,7 +30,7 @@ TextPos Length(const Document& page) {
 }
 } // namespace
 
-HelpPageWriter::HelpPageWriter() {
+HelpPageWriter::HelpPageWriter(const HelpTitles& titles) : titles_(&titles) {
     page_.charStyles = {StyleOf(22, false), StyleOf(22, true), StyleOf(34, true),
                         StyleOf(26, true)};
     // In the order of HelpParagraph; twips.
@@ -61,11 +64,36 @@ void HelpPageWriter::AddMarked(std::u16string_view text, std::uint32_t style) {
     for (;;) {
         const std::size_t open = text.find(u'*');
         const std::size_t close = open == text.npos ? open : text.find(u'*', open + 1);
-        if (close == text.npos) return AddRun(text, style);
-        AddRun(text.substr(0, open), style);
+        if (close == text.npos) return AddLinked(text, style);
+        AddLinked(text.substr(0, open), style);
         AddRun(text.substr(open + 1, close - open - 1), Bold);
         text.remove_prefix(close + 1);
     }
+}
+
+void HelpPageWriter::AddLinked(std::u16string_view text, std::uint32_t style) {
+    for (std::size_t from = 0;;) {
+        const std::size_t open = text.find(u'"', from);
+        const std::size_t close = open == text.npos ? open : text.find(u'"', open + 1);
+        if (close == text.npos) return AddRun(text, style);
+        from = open + 1;
+        const auto title = titles_->find(text.substr(open + 1, close - open - 1));
+        if (title == titles_->end()) continue;
+        AddRun(text.substr(0, open + 1), style);
+        AddLink(title->first, title->second, style);
+        text.remove_prefix(close);
+        from = 1; // behind its closing quotation mark
+    }
+}
+
+void HelpPageWriter::AddLink(std::u16string_view text, int page, std::uint32_t style) {
+    CharStyle link = page_.charStyles[style];
+    if (page_.links.size() >= std::numeric_limits<decltype(link.link)>::max())
+        return AddRun(text, style);
+    page_.links.push_back(NumberText(page));
+    link.link = static_cast<std::uint16_t>(page_.links.size());
+    page_.charStyles.push_back(link);
+    AddRun(text, static_cast<std::uint32_t>(page_.charStyles.size() - 1));
 }
 
 void HelpPageWriter::AddRun(std::u16string_view text, std::uint32_t style) {

@@ -1,5 +1,6 @@
 #include "shell/update/update_check.h"
 
+#include "common/text.h"
 #include "formats/rtf/rtf_write_tables.h"
 #include "shell/update/product_web.h"
 #include "shell/update/version_text.h"
@@ -23,10 +24,6 @@ int ReadNumber(std::string_view& text) {
     return number;
 }
 } // namespace
-
-std::u16string SetupAddress(const ProgramVersion& version, const std::u16string& executableName) {
-    return ProductAddress(version) + executableName + u"_Setup.exe";
-}
 
 std::u16string UpdateAddress(const ProgramVersion& version, const std::u16string& executableName) {
     return ProductAddress(version) + executableName + u".js";
@@ -54,13 +51,32 @@ UpdateResult CompareVersions(const ProgramVersion& own, std::string_view updateF
     version.minor = newest->minor;
     version.revision = newest->revision;
     const bool isNewer = *newest > VersionNumbers{own.major, own.minor, own.revision};
-    return {isNewer ? 1 : 0, VersionText(version, true)};
+    return {isNewer ? 1 : 0, VersionText(version, true), *newest};
 }
 
-std::string UpdateOffer(std::u16string_view newVersion, std::u16string_view setupAddress) {
+std::vector<std::u16string> DownloadAddresses(const ProgramVersion& version,
+                                              const std::u16string& executableName,
+                                              const std::vector<std::u16string>& packages,
+                                              const VersionNumbers& newest) {
+    const std::u16string product = ProductAddress(version);
+    if (packages.empty()) return {product + executableName + u"_Setup.exe"};
+    const std::u16string number = NumberText(newest.major) + u"." + NumberText(newest.minor) +
+                                  u"." + NumberText(newest.revision);
+    std::vector<std::u16string> addresses;
+    for (const std::u16string& package : packages)
+        addresses.push_back(product + Replace(package, u"*", number));
+    return addresses;
+}
+
+std::string UpdateOffer(std::u16string_view newVersion,
+                        const std::vector<std::u16string>& addresses) {
     std::string rtf = "{\\rtf1\\ansi{\\colortbl;\\red0\\green0\\blue255;}\\f0\\fs16 Version ";
     AppendRtfText(rtf, newVersion);
-    rtf += " is now available to download:\\par \\cf1{\\ul ";
-    AppendRtfText(rtf, setupAddress);
-    return rtf += "}}";
+    rtf += " is now available to download:";
+    for (const std::u16string& address : addresses) {
+        rtf += "\\par \\cf1{\\ul ";
+        AppendRtfText(rtf, address);
+        rtf += "}";
+    }
+    return rtf += "}";
 }

@@ -6,12 +6,10 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // Where the newest version is published; see docs/update-file.md.
 std::u16string UpdateAddress(const ProgramVersion&, const std::u16string& executableName);
-
-// The setup program of the newest version.
-std::u16string SetupAddress(const ProgramVersion&, const std::u16string& executableName);
 
 struct VersionNumbers {
     int major = 0, minor = 0, revision = 0;
@@ -25,9 +23,18 @@ std::optional<VersionNumbers> ParseUpdateFile(std::string_view bytes);
 struct UpdateResult {
     int result = -1; // -1: not known; 0: this version is the newest; 1: there is a newer one
     std::u16string newVersion; // digits and dots
+    VersionNumbers newest;
 };
 
 UpdateResult CompareVersions(const ProgramVersion& own, std::string_view updateFile);
 
-// The offer as rich text: the new version, and the address of its setup program as a link.
-std::string UpdateOffer(std::u16string_view newVersion, std::u16string_view setupAddress);
+// What the newest version is downloaded by: these packages, or the setup program where there are
+// none (`UpdateCheck::Packages`).
+std::vector<std::u16string> DownloadAddresses(const ProgramVersion&,
+                                              const std::u16string& executableName,
+                                              const std::vector<std::u16string>& packages,
+                                              const VersionNumbers& newest);
+
+// The offer as rich text: the new version, and each address as a link.
+std::string UpdateOffer(std::u16string_view newVersion,
+                        const std::vector<std::u16string>& addresses);

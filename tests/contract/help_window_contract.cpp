@@ -12,7 +12,9 @@ HelpContents Contents() {
     contents.windowTitle = u"The Help";
     contents.titles = {u"One", u"Two", u"Three"};
     contents.page = [](int page) {
-        return "{\\rtf1{\\fonttbl{\\f0;}}\\f0 page " + std::to_string(page) + "\\par hello\\par}";
+        return "{\\rtf1{\\fonttbl{\\f0;}}\\f0 {\\field{\\*\\fldinst HYPERLINK \"" +
+               std::to_string((page + 1) % 3) + "\"}{\\fldrslt page " + std::to_string(page) +
+               "}}\\par hello\\par}";
     };
     contents.search = [](std::u16string_view typed) {
         if (typed != u"hel") return std::vector<HelpFinding>{};
@@ -92,6 +94,26 @@ TEST_CASE("help window contract: an open window is raised as it is") {
         CHECK_FALSE(test.Port().Raise());
         ShowAt(test, 1);
         CHECK(ShowsPage(test, 1));
+    });
+}
+
+TEST_CASE("help window contract: Enter in a link leads to its page, also out of a search") {
+    OnEach(HelpWindowBackEnds(), [](HelpWindowUnderTest& test) {
+        ShowAt(test, 0);
+        test.Press(Key::Tab);
+        test.Press(Key::Tab);
+        test.Press(Key::Enter);
+        CHECK(ShowsPage(test, 1));
+        CHECK(test.Row() == 1);
+        CHECK(test.Focus() == Part::Page);
+        test.Press(Key::Down); // to "hello", which is no link
+        test.Press(Key::Enter);
+        CHECK(ShowsPage(test, 1));
+        test.Type(u"hel");
+        REQUIRE(ShowsPage(test, 2));
+        test.Press(Key::Enter);
+        test.Press(Key::Enter); // "hello" is selected
+        CHECK(ShowsPage(test, 2));
     });
 }
 

@@ -22,7 +22,8 @@ TEST_CASE("version info contract: this program's is that of the build") {
 
 TEST_CASE("version info contract: another program's description") {
     OnEach(VersionInfoBackEnds(), [](VersionInfoUnderTest& test) {
-        CHECK((test.Port().FileDescription(test.DescribedProgram()) == test.Description()));
+        CHECK(
+            (test.Port().FileDescription(test.DescribedProgram(), u".txt") == test.Description()));
     });
 }
 
@@ -32,7 +33,7 @@ TEST_CASE("version info contract: a file without a description has an empty one"
              {test.Folder() + u"/text", test.Folder() + u"/none", test.Folder(), std::u16string(),
               std::u16string(u"/"), std::u16string(u"a?b"), std::u16string(u"../text"),
               std::u16string(5000, u'x'), std::u16string(1, u'\0')}) {
-            CHECK(test.Port().FileDescription(path).empty());
+            CHECK(test.Port().FileDescription(path, u".txt").empty());
         }
     });
 }

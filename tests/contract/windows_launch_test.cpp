@@ -33,4 +33,5 @@ TEST_CASE("windows launch: it says where the program stands") {
     CHECK((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0);
     CHECK(launch.userDataFolder.ends_with(u"\\Norvaset"));
     CHECK_FALSE(launch.rootFolder.empty());
+    CHECK(launch.programsFolder.ends_with(u":\\"));
 }

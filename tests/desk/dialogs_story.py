@@ -1,4 +1,6 @@
 """Dialogs that the system or Qt draws, driven by the keys of their own controls."""
+import re
+
 from harness import books
 from harness.clipboard import copied
 from harness.color_dialog import ColorDialog
@@ -151,6 +153,26 @@ class Dialogs(Story):
         self.ask_about_removing("Left", "space")
         wait_for(lambda: self.profiles() == ["Ann"], "the profile to go")
         self.program.close()
+
+    def test_no_box_can_be_minimised_or_maximised(self):
+        """By what the program asks of window managers; the one of the stories has its own mind."""
+        dialog = self.ask_for_name()
+        self.assert_only_closes(dialog)
+        dialog.close("Escape")
+        self.program.open_menu("h")
+        dialog = Dialog(self.program, "About Norvaset", "a")
+        self.assert_only_closes(dialog)
+        dialog.close("Escape")
+        self.program.close()
+
+    def assert_only_closes(self, dialog):
+        self.assertIn("_NET_WM_WINDOW_TYPE_DIALOG", self.program.property("_NET_WM_WINDOW_TYPE", dialog.window))
+        hints = self.program.property("_MOTIF_WM_HINTS", dialog.window)
+        flags, functions, decorations = [int(number, 16) for number in re.findall(r"0x[0-9a-f]+", hints)[:3]]
+        self.assertEqual(flags & 3, 3, "both are said")
+        for minimise, maximise, said in ((8, 16, functions), (32, 64, decorations)):
+            self.assertEqual(said & (1 | minimise | maximise), 0, hints)  # 1: all but those named
+            self.assertNotEqual(said, 0, hints)
 
     def ask_about_removing(self, *answer):
         """The last profile of the submenu."""

@@ -7,9 +7,11 @@ import unittest.mock
 
 from harness import books
 from harness.data_file import data_file_bytes, record_line
+from harness.open_dialog import OpenDialog
 from harness.story import Story, main
 from harness.wait import wait_for
 from harness.wine import ON_WINE, shown_path
+from harness.words import can_read, words_shown
 
 HELPER = os.environ.get("WINDOWS_HELPER", "")  # writes down its arguments
 
@@ -46,6 +48,55 @@ class Editor(Story):
         program.wait_for_book(book)
         self.choose_editor(program)
         wait_for(lambda: program.opened() == [book], "the editor to be started")
+        program.close()
+
+    def shown_options(self, program):
+        """The words in the Options menu."""
+        menu = program.open_menu("o")
+
+        def words():
+            shown = words_shown(self.screen, menu)
+            return "Filename" in shown and shown
+        shown = wait_for(words, "the menu to be painted")
+        program.close_menu()
+        return shown
+
+    @unittest.skipIf(ON_WINE or not can_read(), "the desktop's names, read off the screen")
+    def test_the_menu_has_the_editors_desktop_name(self):
+        program = self.reader()
+        entries = os.path.join(program.home, "share/applications")
+        os.makedirs(entries)
+        for name in ("Quill", "Pencil"):
+            with open(os.path.join(entries, f"org.example.{name}.desktop"), "w", encoding="ascii") as file:
+                file.write(f"[Desktop Entry]\nType=Application\nName={name} Writer\nExec={name.lower()} %F\n")
+        lists = {"mimeapps.list": "[Default Applications]\ntext/plain=org.example.Quill.desktop\n",
+                 "mimeinfo.cache": "[MIME Cache]\napplication/rtf=org.example.Pencil.desktop;\n"}
+        for name, text in lists.items():
+            with open(os.path.join(entries, name), "w", encoding="ascii") as file:
+                file.write(text)
+        book = books.write_book(self.path("lanterns.txt"), books.lines("latin", 100))
+        self.prepare(program, book, self.path("pencil"), kind=1)
+        program.start(book)
+        program.wait_for_book(book)
+        words = self.shown_options(program)
+        self.assertIn("QuillWriter", words)
+        self.assertIn("PencilWriter", words)
+        self.assertNotIn("xdg", words)
+        program.close()
+
+    def test_an_editor_is_looked_for_where_programs_are(self):
+        """By a name alone, in the folder where the dialog begins."""
+        name, path = ((r"windows\notepad.exe", r"C:\windows\notepad.exe") if ON_WINE
+                      else ("env", "/usr/bin/env"))
+        book = books.write_book(self.path("lanterns.txt"), books.lines("latin", 100))
+        program = self.reader().start(book)
+        program.wait_for_book(book)
+        program.open_menu("o")
+        dialog = OpenDialog(program, "Set RTF Editor", "r")
+        dialog.type_name(name)
+        dialog.close()
+        wait_for(lambda: (program.data().value("fwMain", "mOptionsEditor-1") or "").lower() == path.lower(),
+                 f"the editor to be {path}")
         program.close()
 
     @unittest.skipUnless(ON_WINE, "other stories cover the desktop's opener")

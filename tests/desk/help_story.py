@@ -7,9 +7,10 @@ from harness.silent_proxy import SilentProxy
 from harness.story import Story, main
 from harness.wait import wait_for
 from harness.wine import ON_WINE
-from harness.words import can_read, squeezed, words_shown
+from harness.words import can_read, places_of, squeezed, words_shown
 
 HELP = "Norvaset Help"
+LIST_WIDTH = 320  # pixels, with the splitter
 NOT_ACCESSIBLE = ("Remote resource is not accessible now.", "Please try later.")
 
 
@@ -62,6 +63,24 @@ class Help(Story):
         self.program.close()
         record = self.book_record(self.program, self.book)
         self.assertEqual((record["Marks"], record["LastPos"]), ("", 0))
+
+    @unittest.skipUnless(can_read(), "the words cannot be read")
+    def test_a_topic_that_is_named_is_a_link(self):
+        self.start()
+        self.program.key("F1")
+        window = self.wait_for_help()
+        self.wait_for_words(window, "Three things to know")
+
+        def link():
+            """The last word of the title, behind which its sentence ends; in the list it is further left."""
+            found = places_of(self.program.screen, window, "wrong")
+            return max((place for place in found if place[0] > LIST_WIDTH), default=None)
+        x, y = wait_for(link, "the link")
+        left, top, *_ = self.program.rectangle(window)
+        self.program.click(left + x, top + y)
+        self.wait_for_words(window, "Empty boxes")
+        self.close_dialog(window, "Escape")
+        self.program.close()
 
     def test_a_second_f1_brings_it_to_the_front(self):
         self.start()

@@ -2,6 +2,7 @@
 import os
 
 from harness import books
+from harness.dialog import Dialog
 from harness.screen import SIZE
 from harness.story import Story, main
 from harness.wait import wait_for
@@ -32,6 +33,22 @@ class LongNames(Story):
         reader.wait_for_book(book)
         reader.close()
         self.assertEqual(reader.data().paths(), [book])
+
+    def test_a_profile_with_a_long_name(self):
+        reader = self.reader().start()
+        reader.open_menu("p")
+        name = "Ann-" + "and-Bob-" * 30
+        dialog = Dialog(reader, "Add New...", "n")
+        dialog.type(name)
+        dialog.close()
+        wait_for(lambda: f"[{name}]" in reader.title(), "the profile")
+        menu = reader.open_menu("p")
+        width = wait_for(lambda: reader.rectangle(menu), "the menu")[2]
+        self.assertLess(width, SIZE[0] // 2 + FRAME)
+        self.assertGreater(width, SIZE[0] // 3)
+        reader.close_menu()
+        reader.close()
+        self.assertIn(name, [value for _, value in reader.data().sections["mProfileList"]])
 
 
 if __name__ == "__main__":

@@ -1,9 +1,12 @@
 """The dialogs that Qt draws, by their own widgets: keys and mouse."""
+import unittest
+
 from harness import books
 from harness.clipboard import copied
 from harness.dialog import Dialog
 from harness.story import Story, main
 from harness.wait import wait_for
+from harness.words import can_read, place_of, words_shown
 
 GREEK = "161"  # the number of the character set
 # Points of the dialogs, from the right and lower edges where negative.
@@ -63,6 +66,32 @@ class Dialogs(Story):
         self.click_in(find, *FIND)
         self.wait_for_end(find)
         self.assertEqual(copied(self.program), "Miller")  # without it, one of the lines before
+        self.program.close()
+
+    @unittest.skipUnless(can_read(), "the words cannot be read")
+    def test_lines_of_about_at_a_large_scale(self):
+        self.program.close()
+        self.program.variables = {"QT_SCALE_FACTOR": "2"}
+        self.program.start(self.book)
+        self.program.wait_for_book(self.book)
+        self.program.open_menu("h")
+        about = Dialog(self.program, "About Norvaset", "a")
+
+        def height_of(word):
+            found = place_of(self.screen, about.window, word)
+            return found and found[1]
+        first = wait_for(lambda: height_of("Reader"), "the first line")
+        last = wait_for(lambda: height_of("books"), "its last word")
+        self.assertLess(abs(first - last), 10)  # of some 34 that a line is high
+        about.close("Escape")
+        self.program.close()
+
+    @unittest.skipUnless(can_read(), "the words cannot be read")
+    def test_columns_of_the_files_can_be_read(self):
+        dialog = Dialog(self.program, "Open File", "ctrl+o")
+        wait_for(lambda: "plaintextdocument" in words_shown(self.screen, dialog.window),
+                 "the whole type of a file")
+        dialog.close("Escape")
         self.program.close()
 
     def test_font_given_up(self):

@@ -65,6 +65,27 @@ TEST_CASE("help file: letters are bold between asterisks, large in headings") {
     CHECK(StyleOf(page, u"Title").halfPoints > StyleOf(page, u"Head").halfPoints);
 }
 
+TEST_CASE("help file: a title between quotation marks leads to its topic") {
+    const auto book = ParseHelpFile("help 1\n= a: One\nSee \"The other\", not \"nothing\" or "
+                                    "\"The other\n\" \"*x*\"\n- \"One\"\"The other\" \"\n"
+                                    "= b: The other\n\"One\n= end\n");
+    REQUIRE(book);
+    const Document& page = book->topics[0].page;
+    CHECK(page.text.starts_with(u"One\nSee \"The other\", not \"nothing\""));
+    std::vector<std::pair<std::u16string, std::u16string>> links; // text and address
+    for (std::size_t run = 0; run < page.charRuns.size(); ++run) {
+        const std::uint16_t link = page.charStyles[page.charRuns[run].style].link;
+        const std::size_t start = std::size_t(page.charRuns[run].start);
+        const std::size_t end = run + 1 < page.charRuns.size()
+                                    ? std::size_t(page.charRuns[run + 1].start)
+                                    : page.text.size();
+        if (link > 0)
+            links.emplace_back(page.text.substr(start, end - start), page.links[link - 1u]);
+    }
+    CHECK(links == decltype(links){{u"The other", u"1"}, {u"One", u"0"}, {u"The other", u"1"}});
+    CHECK(book->topics[1].page.links.empty());
+}
+
 TEST_CASE("help file: topics are found by each of their ids") {
     const auto book = ParseHelpFile("help 1\n= a x: One\n= b  y: Two\n= end\n");
     REQUIRE(book);
@@ -149,4 +170,8 @@ TEST_CASE("help file: where one topic names another, that one is there") {
         ++references;
     }
     CHECK(references >= 5);
+    std::size_t links = 0;
+    for (const HelpTopic& topic : book->topics)
+        links += topic.page.links.size();
+    CHECK(links >= std::size_t(references));
 }

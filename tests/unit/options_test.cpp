@@ -91,6 +91,16 @@ TEST_CASE("options: an editor is chosen, kept for all profiles, and cancelled wi
     CHECK(test.Dialogs().openRequests.back().initialFolder == u"/tools");
 }
 
+TEST_CASE("options: the dialog for an editor begins where programs are") {
+    Reading test;
+    test.form.ports.launch.programsFolder = u"/programs";
+    for (const char16_t* editor : {u"", u"editor", u"/gone/editor"}) {
+        test.Menu().mOptionsEditor[2].tag = editor;
+        test.Menus().Click(test.Menu().mOptionsEditor, 2);
+        CHECK(test.Dialogs().openRequests.back().initialFolder == u"/programs");
+    }
+}
+
 TEST_CASE("options: numbers that the program would not write") {
     const struct {
         const char* value;

@@ -25,6 +25,50 @@ TEST_CASE("text pane: lines break between words at the window's width") {
     CHECK(bench.PaintedLines() == std::vector<std::u16string>{u"a few words in a narrow window"});
 }
 
+TEST_CASE("text pane: a link is where its letters are, and is clicked without selecting") {
+    Document document;
+    document.text = u"go there now\n";
+    document.links = {u"an address"};
+    document.charStyles.resize(2);
+    document.charStyles[1].link = 1;
+    document.charRuns = {{0, 0}, {3, 1}, {8, 0}};
+    PaneBench bench;
+    bench.LoadDocument(document);
+    bench.PaintedLines();
+    TextPane& pane = bench.Pane();
+    const auto on = [&](TextPos position) {
+        const Rect box = pane.CharacterRect(position);
+        return Point{box.left + box.width / 2, box.top + box.height / 2};
+    };
+    CHECK(pane.LinkAt(on(4)) == u"an address");
+    CHECK(pane.LinkAt(on(2)).empty());
+    CHECK(pane.LinkAt(on(8)).empty());
+    CHECK(pane.LinkAt(Point{on(4).x, 100}).empty()); // below the text
+    CHECK(pane.LinkAt(TextPos(3)) == u"an address");
+    CHECK(pane.LinkAt(TextPos(8)).empty());
+    CHECK_FALSE(pane.IsLink(on(4))); // nobody follows it
+    std::u16string followed;
+    bench.SetLinkHandler([&](const std::u16string& address) { followed += address; });
+    CHECK(pane.IsLink(on(4)));
+    CHECK_FALSE(pane.IsLink(on(2)));
+    const auto click = [&](TextPos from, TextPos to, int count) {
+        followed.clear();
+        pane.Click(on(from), count, false);
+        if (from != to) pane.DragTo(on(to));
+        pane.EndDrag();
+        pane.EndDrag(); // as where the mouse is captured
+        return followed;
+    };
+    CHECK(click(4, 4, 1) == u"an address");
+    CHECK(click(4, 5, 1) == u"an address"); // the hand was not quite still
+    CHECK(click(1, 1, 1).empty());
+    CHECK(click(4, 1, 1).empty());
+    CHECK(bench.SelLength() == 3);
+    CHECK(click(4, 4, 2).empty());
+    bench.LoadPlainText(u"go there now");
+    CHECK(click(4, 4, 1).empty());
+}
+
 TEST_CASE("text pane: keys move the caret") {
     struct {
         TextPos from;

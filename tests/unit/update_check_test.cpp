@@ -1,5 +1,6 @@
 #include "shell/update/update_check.h"
 
+#include "common/utf.h"
 #include "test_form.h"
 
 #include <doctest/doctest.h>
@@ -81,6 +82,30 @@ TEST_CASE("update check: a newer version is offered, and opened when chosen") {
           "https://web.example/Products/Norvaset/Norvaset_Setup.exe}}");
     CHECK(test.Shell().opened ==
           std::vector<std::u16string>{u"https://web.example/Products/Norvaset/Norvaset_Setup.exe"});
+}
+
+TEST_CASE("update check: where packages install it, these are offered, and all are opened") {
+    const std::u16string product = u"https://web.example/Products/Norvaset/";
+    const struct {
+        std::vector<std::u16string> packages;
+        std::vector<std::u16string> addresses;
+    } cases[] = {
+        {{}, {product + u"Norvaset_Setup.exe"}},
+        {{u""}, {product}},
+        {{u"norvaset_*_amd64.deb", u"norvaset-html_*_amd64.deb"},
+         {product + u"norvaset_3.0.7_amd64.deb", product + u"norvaset-html_3.0.7_amd64.deb"}},
+    };
+    for (const auto& c : cases) {
+        Checking test;
+        test.Update().packages = c.packages;
+        test.Dialogs().richMessageAnswer = 2;
+        test.Check(FetchStatus::Ok, File("3.0.7"));
+        CHECK(test.Shell().opened == c.addresses);
+        REQUIRE(test.Dialogs().richMessages.size() == 1);
+        for (const std::u16string& address : c.addresses)
+            CHECK(test.Dialogs().richMessages[0].rtf.find("\\cf1{\\ul " + Utf16ToUtf8(address) +
+                                                          "}") != std::string::npos);
+    }
 }
 
 TEST_CASE("update check: a program that is ending asks and tells nothing") {

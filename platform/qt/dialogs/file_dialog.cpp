@@ -5,17 +5,24 @@
 
 #include <QAbstractItemView>
 #include <QCompleter>
+#include <QDateTime>
 #include <QDialogButtonBox>
 #include <QEvent>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QLocale>
+#include <QMimeDatabase>
 #include <QPushButton>
+#include <QScreen>
+#include <QTreeView>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -45,7 +52,10 @@ class FileDialog final : public QFileDialog {
     }
 
     void showEvent(QShowEvent* event) override {
-        if (!open_) FindWidgets();
+        if (!open_) {
+            FindWidgets();
+            WidenColumns();
+        }
         QFileDialog::showEvent(event);
     }
 
@@ -70,6 +80,29 @@ class FileDialog final : public QFileDialog {
         auto* label = findChild<QLabel*>(QStringLiteral("fileTypeLabel"));
         auto* types = findChild<QWidget*>(QStringLiteral("fileTypeCombo"));
         if (label && types) label->setBuddy(types);
+    }
+
+    // Qt's widths are those of an empty folder's, and its dialog has no room for more.
+    void WidenColumns() {
+        enum Column { Name, Size, Type, Date };
+        constexpr int minNameWidth = 260, besideText = 24; // pixels; a cell's margins
+        auto* details = findChild<QTreeView*>(QStringLiteral("treeView"));
+        if (!open_ || !details) return;
+        QHeaderView& header = *details->header();
+        const QDateTime longDate(QDate(2028, 12, 28), QTime(22, 58, 58));
+        const std::pair<int, QString> widest[] = {
+            {Size, QLocale::system().formattedDataSize(1'022 << 20)},
+            {Type, QMimeDatabase().mimeTypeForName(QStringLiteral("text/plain")).comment()},
+            {Date, QLocale::system().toString(longDate, QLocale::ShortFormat)}};
+        for (const auto& [column, text] : widest) {
+            const int width = details->fontMetrics().horizontalAdvance(text) + besideText;
+            header.resizeSection(column, std::max(header.sectionSize(column), width));
+        }
+        const int others = header.length() - header.sectionSize(Name);
+        const int sideBar = 120, frame = 60; // pixels; places at the left, margins and scroll bar
+        const int wanted = std::max(width(), sideBar + minNameWidth + others + frame);
+        resize(std::min(wanted, screen()->availableGeometry().width() * 9 / 10), height());
+        header.resizeSection(Name, std::max(minNameWidth, width() - sideBar - others - frame));
     }
 
     // The existing file whose name or path is in the edit box; "" if there is none.

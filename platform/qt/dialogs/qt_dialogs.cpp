@@ -14,8 +14,12 @@
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
+
+#include <algorithm>
 
 namespace {
 
@@ -52,6 +56,17 @@ void WidenForTitle(QMessageBox& box) {
         metrics.horizontalAdvance(box.windowTitle()) + titleButtons * metrics.height();
     auto* grid = qobject_cast<QGridLayout*>(box.layout());
     if (grid) grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, -1);
+}
+
+// QMessageBox breaks lines at half the screen's width, which a large scale factor makes narrow.
+void WidenForLines(QMessageBox& box) {
+    constexpr int maxTextWidth = 400,
+                  besideText = 200; // pixels; icon, margins and the screen's edges
+    auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    if (!label) return;
+    const int room = std::min(maxTextWidth, box.screen()->availableGeometry().width() - besideText);
+    const int widest = label->fontMetrics().size(0, box.text()).width();
+    label->setMinimumWidth(std::clamp(widest, 0, std::max(0, room)));
 }
 
 } // namespace
@@ -114,6 +129,7 @@ DialogResult QtDialogs::ShowMessage(const Message& message) {
     AddButtons(box, message);
     if (message.helpButton) AddHelpButton(box, message.helpTopic);
     WidenForTitle(box);
+    WidenForLines(box);
     if (box.windowIcon().isNull())
         box.setWindowIcon(ProgramIcon()); // the main window sets its own when idle
     return box.exec() == QMessageBox::Ok ? DialogResult::Ok : DialogResult::Cancel;

@@ -1,5 +1,6 @@
 #include "platform/qt/help/qt_help_window.h"
 
+#include "common/text.h"
 #include "platform/qt/help/help_list.h"
 #include "platform/qt/qt_color.h"
 #include "platform/qt/qt_text.h"
@@ -71,6 +72,8 @@ void HelpWidget::ConnectSignals() {
         search_->setFocus();
         search_->selectAll();
     });
+    text_->SetLinkHandler(
+        [this](const std::u16string& address) { CallGuarded([&] { FollowLink(address); }); });
     auto* copy = new QShortcut(QKeySequence::Copy, text_->Widget());
     copy->setContext(Qt::WidgetShortcut);
     connect(copy, &QShortcut::activated, this, &HelpWidget::Copy);
@@ -119,6 +122,12 @@ void HelpWidget::ShowPage(int page) {
     shownPage_ = page;
 }
 
+void HelpWidget::FollowLink(const std::u16string& address) {
+    if (address.empty()) return;
+    search_->clear(); // all pages are listed
+    list_->setCurrentRow(WholeNumber(address));
+}
+
 void HelpWidget::ApplyPalette() {
     text_->SetBackColor(FromQColor(palette().color(QPalette::Base)));
     text_->SetAutoColor(true);
@@ -137,6 +146,8 @@ void HelpWidget::keyPressEvent(QKeyEvent* event) {
         QCoreApplication::sendEvent(text, event);
     else if (event->key() == Qt::Key_Down && search_->hasFocus())
         list_->setFocus();
+    else if (text->hasFocus() && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
+        FollowLink(text_->LinkAtCaret());
     else
         QWidget::keyPressEvent(event);
 }

@@ -29,6 +29,7 @@ class HelpWidget final : public QWidget {
     void UpdateList(const QString& typed);
     void OnRowChanged(int row);
     void ShowPage(int page);
+    void FollowLink(const std::u16string& address);
     void ApplyPalette();
     void Copy() const;
 

@@ -31,6 +31,10 @@ void QtShell::OpenFile(const std::u16string& path) {
         OpenWith(DefaultTextEditor(), path); // otherwise it might be parsed as an option
 }
 
+void QtShell::AddRecentDocument(const std::u16string& path) {
+    recentDocuments_.Add(ToQt(path));
+}
+
 InstanceClaim QtShell::ClaimDataFile(const std::u16string& path) {
     InstanceClaim claim = lock_.Acquire(path);
     const auto lockPath = InstanceLock::PathFor(path);

@@ -3,6 +3,7 @@
 
 #include "platform/posix/posix_instance_lock.h"
 #include "platform/posix/posix_start_requests.h"
+#include "platform/qt/system/recent_documents.h"
 #include "platform/shell.h"
 
 #include <memory>
@@ -19,6 +20,7 @@ class QtShell final : public Shell {
     void OpenWith(const std::u16string& program, const std::u16string& argument) override;
     void OpenAddress(const std::u16string& address) override;
     void OpenFile(const std::u16string& path) override;
+    void AddRecentDocument(const std::u16string& path) override;
     InstanceClaim ClaimDataFile(const std::u16string& path) override;
     HandOver HandOverBook(const std::u16string& dataFile, const std::u16string& book,
                           int milliseconds) override;
@@ -27,6 +29,7 @@ class QtShell final : public Shell {
     void AnswerStartRequest();
 
     const std::u16string activation_;
+    RecentDocuments recentDocuments_;
     InstanceLock lock_;
     StartRequestListener listener_; // goes before the lock: it is in the lock's place
     std::unique_ptr<QSocketNotifier> notifier_;

@@ -62,6 +62,7 @@ HelpFrame::HelpFrame()
     text_->SetAutoColor(true);
     text_->SetVisible(true);
     text_->onCopy = [this] { CopySelection(); };
+    text_->SetLinkHandler([this](const std::u16string& address) { FollowLink(address); });
     Subclass(search_);
     Subclass(list_->Handle());
     ApplySystemSettings();

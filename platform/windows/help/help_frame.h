@@ -33,6 +33,7 @@ class HelpFrame {
     void SelectRow(int row);
     void ShowRow(int row);
     void ShowPage(int page);
+    void FollowLink(const std::u16string& address);
 
     void Subclass(HWND control);
     static LRESULT CALLBACK ControlProc(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR self);

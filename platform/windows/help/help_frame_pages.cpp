@@ -1,6 +1,7 @@
 // The contents of the help window, and its keyboard handling.
 #include "platform/windows/help/help_frame.h"
 
+#include "common/text.h"
 #include "platform/windows/system/win_clipboard.h"
 
 #include <commctrl.h>
@@ -55,6 +56,12 @@ void HelpFrame::ShowPage(int page) {
     shownPage_ = page;
 }
 
+void HelpFrame::FollowLink(const std::u16string& address) {
+    if (address.empty()) return;
+    SetWindowTextW(search_, L""); // all pages are listed
+    SelectRow(WholeNumber(address));
+}
+
 // Not in the message loop: a message box runs a loop of its own, which does not know this window.
 void HelpFrame::Subclass(HWND control) {
     SetWindowSubclass(control, ControlProc, subclassId, reinterpret_cast<DWORD_PTR>(this));
@@ -92,7 +99,10 @@ bool HelpFrame::HandleKey(HWND control, int key) {
         SendMessageW(search_, EM_SETSEL, 0, -1);
         return true;
     case VK_RETURN:
-        if (control != text_->Handle()) Focus(Page);
+        if (control == text_->Handle())
+            FollowLink(text_->LinkAtCaret());
+        else
+            Focus(Page);
         return true;
     case 'C':
     case VK_INSERT:

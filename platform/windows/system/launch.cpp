@@ -20,6 +20,12 @@ std::u16string KnownFolder(const KNOWNFOLDERID& id) {
     return folder;
 }
 
+std::u16string SystemDrive() { // "C:\"
+    std::wstring folder(MAX_PATH, L'\0');
+    GetSystemWindowsDirectoryW(folder.data(), MAX_PATH);
+    return FromWide(folder.substr(0, 3));
+}
+
 std::vector<std::wstring> Arguments() {
     int count = 0;
     wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
@@ -51,5 +57,6 @@ Launch ThisLaunch() {
     launch.userDataFolder = KnownFolder(FOLDERID_RoamingAppData) + u"\\" PRODUCT_TITLE;
     launch.commandLine = BookPath(Arguments());
     launch.rootFolder = KnownFolder(FOLDERID_Documents);
+    launch.programsFolder = SystemDrive();
     return launch;
 }

@@ -5,6 +5,7 @@
 #include "platform/windows/portable/quoted_argument.h"
 
 #include <shellapi.h>
+#include <shlobj.h>
 
 namespace {
 
@@ -73,6 +74,12 @@ void WinShell::OpenFile(const std::u16string& path) {
     const bool isFull = path.starts_with(u"\\\\") || path.substr(0, 3).ends_with(u":\\");
     const bool hasStream = path.find(u':', 2) != std::u16string::npos;
     if (isFull && !hasStream) OpenByShell(ToWide(path), {});
+}
+
+// The taskbar's jump list has those whose kind the program is registered for, as the installer
+// does.
+void WinShell::AddRecentDocument(const std::u16string& path) {
+    SHAddToRecentDocs(SHARD_PATHW, ToWide(path).c_str());
 }
 
 InstanceClaim WinShell::ClaimDataFile(const std::u16string& path) {

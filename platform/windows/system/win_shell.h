@@ -11,6 +11,7 @@ class WinShell final : public Shell {
     void OpenWith(const std::u16string& program, const std::u16string& argument) override;
     void OpenAddress(const std::u16string& address) override;
     void OpenFile(const std::u16string& path) override;
+    void AddRecentDocument(const std::u16string& path) override;
     InstanceClaim ClaimDataFile(const std::u16string& path) override;
     HandOver HandOverBook(const std::u16string& dataFile, const std::u16string& book,
                           int milliseconds) override;

@@ -127,6 +127,7 @@ ProgramVersion WinVersionInfo::OwnVersion() const {
     return version;
 }
 
-std::u16string WinVersionInfo::FileDescription(const std::u16string& program) const {
+std::u16string WinVersionInfo::FileDescription(const std::u16string& program,
+                                               std::u16string_view /*ending*/) const {
     return GetFileVersionString(program, u"FileDescription");
 }

@@ -6,7 +6,8 @@
 class WinVersionInfo final : public VersionInfo {
   public:
     ProgramVersion OwnVersion() const override; // what its own resource lacks, from the build
-    std::u16string FileDescription(const std::u16string& program) const override;
+    std::u16string FileDescription(const std::u16string& program,
+                                   std::u16string_view ending) const override;
 };
 
 // One value of a file's version information: "FileVersion" as its four numbers "1.00.0.0000",

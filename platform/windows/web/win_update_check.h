@@ -12,6 +12,7 @@ class WinUpdateCheck final : public UpdateCheck {
     explicit WinUpdateCheck(std::function<bool(MSG&)> preTranslate, int timeLimit = fetchTime)
         : preTranslate_(std::move(preTranslate)), timeLimit_(timeLimit) {}
     FetchAnswer Fetch(const std::u16string& address) override;
+    std::vector<std::u16string> Packages() const override { return {}; }
 
   private:
     bool HandleMessagesUntil(const std::function<bool()>& condition) const;

@@ -1,6 +1,6 @@
 #include "platform/qt/dialogs/file_filter.h"
+#include "platform/qt/system/desktop_entries.h"
 #include "platform/qt/system/qt_locale.h"
-#include "platform/qt/system/qt_version_info.h"
 
 #include <doctest/doctest.h>
 

@@ -64,6 +64,20 @@ TEST_CASE("qt update check: a newer version is offered") {
           std::string::npos);
 }
 
+TEST_CASE("qt update check: the packages of the system") {
+    using Names = std::vector<std::u16string>;
+    const Names page{u""}, one{u"norvaset_*_amd64.deb"},
+        both{u"norvaset_*_amd64.deb", u"norvaset-html_*_amd64.deb"};
+    const QString debian = "PRETTY_NAME=\"Debian GNU/Linux 12\"\nID=debian\n";
+    CHECK(SystemPackages(debian, "x86_64", false) == one);
+    CHECK(SystemPackages(debian, "x86_64", true) == both);
+    CHECK(SystemPackages("ID=zorin\nID_LIKE=\"ubuntu debian\"\n", "x86_64", true) == both);
+    CHECK(SystemPackages(debian, "arm64", false) == Names{u"norvaset_*_arm64.deb"});
+    CHECK(SystemPackages(debian, "mips", true) == page);
+    CHECK(SystemPackages("ID=fedora\nNAME=\"Not debian\"\n", "x86_64", true) == page);
+    CHECK(SystemPackages("", "x86_64", true) == page);
+}
+
 TEST_CASE("qt update check: without a server, and without the module") {
     LoopbackServer server([](QTcpSocket&, const QByteArray&) {});
     server.Close();

@@ -1,5 +1,6 @@
 """A stand-in for the desktop's settings portal, on a session bus of its own. Run by Debian's own
-Python, to which the bindings belong: it says "ready", then takes each line as the new scheme."""
+Python, to which the bindings belong: it says "ready", then takes each line as the new scheme, or
+as whether recent files are remembered, and says "asked" when it is asked about that."""
 import sys
 
 import gi
@@ -10,6 +11,7 @@ NAME = "org.freedesktop.portal.Desktop"
 PATH = "/org/freedesktop/portal/desktop"
 SETTINGS = "org.freedesktop.portal.Settings"
 KEY = ("org.freedesktop.appearance", "color-scheme")
+PRIVACY = ("org.gnome.desktop.privacy", "remember-recent-files")
 SCHEMES = {"none": 0, "dark": 1, "light": 2}
 INTERFACE = f"""<node><interface name="{SETTINGS}">
 <method name="Read"><arg type="s" direction="in"/><arg type="s" direction="in"/>
@@ -20,7 +22,7 @@ INTERFACE = f"""<node><interface name="{SETTINGS}">
 
 class Portal:
     def __init__(self, scheme):
-        self.scheme, self.loop = scheme, GLib.MainLoop()
+        self.scheme, self.remembers, self.loop = scheme, True, GLib.MainLoop()
         self.bus = Gio.bus_get_sync(Gio.BusType.SESSION)
         interface = Gio.DBusNodeInfo.new_for_xml(INTERFACE).interfaces[0]
         self.bus.register_object(PATH, interface, self.answer, None, None)
@@ -34,16 +36,25 @@ class Portal:
 
     def answer(self, _bus, _sender, _path, _interface, _method, asked, call):
         if asked.unpack() == KEY:
-            value = GLib.Variant("v", self.value())
-            call.return_value(GLib.Variant.new_tuple(GLib.Variant("v", value)))
+            self.give(call, self.value())
+        elif asked.unpack() == PRIVACY:
+            self.give(call, GLib.Variant("b", self.remembers))
+            print("asked", flush=True)
         else:
             call.return_dbus_error("org.freedesktop.portal.Error.NotFound", "not known")
+
+    def give(self, call, value):
+        wrapped = GLib.Variant("v", GLib.Variant("v", value))
+        call.return_value(GLib.Variant.new_tuple(wrapped))
 
     def change(self, *_):
         line = sys.stdin.readline().strip()
         if not line:
             self.loop.quit()
             return False
+        if line in ("remember", "forget"):
+            self.remembers = line == "remember"
+            return True
         self.scheme = line
         self.bus.emit_signal(None, PATH, SETTINGS, "SettingChanged",
                              GLib.Variant("(ssv)", (*KEY, self.value())))
