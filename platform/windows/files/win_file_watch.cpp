@@ -23,6 +23,14 @@ bool MayChangeUnseen(const std::wstring& path) {
     return isLink || GetDriveTypeW(volume.c_str()) == DRIVE_REMOTE;
 }
 
+// "LANTER~1.TXT", which may be told instead of the name.
+bool MayBeShortName(const std::wstring& name) {
+    constexpr std::size_t maxLength = 12;
+    const std::size_t at = name.find(L'~');
+    return name.size() <= maxLength && at + 1 < name.size() && name[at + 1] >= L'0' &&
+           name[at + 1] <= L'9';
+}
+
 // So that a stick can be taken out safely: the system asks those who have something open on it.
 HDEVNOTIFY AskedBeforeRemoval(HWND window, HANDLE folder) {
     DEV_BROADCAST_HANDLE filter = {};
@@ -74,9 +82,8 @@ void WinFileWatch::TakeChanges() {
     if (!folder_) return; // a message that was on its way
     const auto names = folder_->Take();
     complete_ = complete_ && folder_->IsWatching();
-    // The short form of a name may be told instead, "LANTER~1.TXT".
     const bool isOfFile = !names || std::ranges::any_of(*names, [&](const std::wstring& name) {
-        return EqualsIgnoringCase(name, name_) || name.find(L'~') != name.npos;
+        return EqualsIgnoringCase(name, name_) || MayBeShortName(name);
     });
     if (isOfFile) CallHandler(onChanged);
 }
