@@ -44,7 +44,7 @@ std::string_view LastSequence(std::string_view bytes) {
 bool IsTruncatedUtf16(std::string_view first, std::string_view last, std::uint64_t size) {
     const bool little = first.starts_with("\xFF\xFE"), big = first.starts_with("\xFE\xFF");
     if (!little && !big) return false;
-    if (size % 2 != 0) return true;
+    if (size % 2 != 0 || last.size() < 2) return true;
     const auto high = static_cast<unsigned char>(last[last.size() - (little ? 1 : 2)]);
     return (high & 0xFC) == 0xD8;
 }
@@ -81,7 +81,7 @@ bool ShowChange(MainForm& form) {
         return false;
     KeepSelection(form);
     ReloadBook(form, std::move(file));
-    return true;
+    return !form.book.changed; // again, while it was read
 }
 } // namespace
 

@@ -6,7 +6,6 @@
 #include "platform/windows/window/win_native_window.h"
 
 #include <memory>
-#include <optional>
 #include <string>
 
 class WinFileWatch final : public FileWatch {
