@@ -1,25 +1,27 @@
 #include "app/changed_book.h"
 
+#include "app/events.h"
 #include "app/main_form.h"
 #include "app/open_book.h"
 #include "app/shown_book.h"
+#include "app/text_places.h"
 #include "books/book_file.h"
 #include "books/moved_books.h"
 #include "common/text.h"
 #include "formats/plain/plain_text_guess.h"
-#include "formats/rtf/rtf_reader.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 bool SameContent(const FileVersion& a, const FileVersion& b) {
     return a.size == b.size && a.lastWrite == b.lastWrite;
 }
 
-// As the tag of View > Refresh keeps it: of a change that was seen and not shown yet.
-std::u16string VersionText(const FileVersion& version) {
-    return NumberText(static_cast<std::int64_t>(version.size)) + u',' +
-           NumberText(version.lastWrite);
+std::string FirstBytes(const FileReader& file) {
+    std::string bytes(16, '\0');
+    bytes.resize(file.ReadAt(0, bytes.data(), bytes.size()));
+    return bytes;
 }
 
 std::string LastBytes(const FileReader& file) {
@@ -38,35 +40,71 @@ std::string_view LastSequence(std::string_view bytes) {
     return bytes.substr(start == 0 ? 0 : start - 1);
 }
 
-// Rich text ends with a brace; a text in UTF-8 not within a character.
-bool LooksHalfWritten(const MainForm& form, const FileVersion& version) {
-    if (version.size == 0) return true;
-    ReadStatus status = ReadStatus::Failed;
-    const auto file = form.ports.files->Open(form.book.path, status);
-    if (!file) return true;
-    const std::string last = LastBytes(*file);
-    if (last.empty()) return true;
-    std::string first(16, '\0');
-    first.resize(file->ReadAt(0, first.data(), first.size()));
-    if (LooksLikeRtf(first)) return !Trim(std::string_view(last)).ends_with('}');
+// Of UTF-16: a unit cut, or half a pair at the end.
+bool IsTruncatedUtf16(std::string_view first, std::string_view last, std::uint64_t size) {
+    const bool little = first.starts_with("\xFF\xFE"), big = first.starts_with("\xFE\xFF");
+    if (!little && !big) return false;
+    if (size % 2 != 0 || last.size() < 2) return true;
+    const auto high = static_cast<unsigned char>(last[last.size() - (little ? 1 : 2)]);
+    return (high & 0xFC) == 0xD8;
+}
+
+// Rich text ends with a brace; other text not within a character.
+bool LooksHalfWritten(const MainForm& form, const BookContent& content) {
+    if (!content.plainText) return !Trim(std::string_view(content.richText)).ends_with('}');
+    const FileReader& file = *content.plainText;
+    const std::string first = FirstBytes(file), last = LastBytes(file);
+    if (first.empty() || last.empty() || IsTruncatedUtf16(first, last, file.Size())) return true;
     return form.book.codePage == 0 && IsTruncatedUtf8Sequence(LastSequence(last));
+}
+
+// The file as it is now, when it is another one than what is shown. A page is not shown again: its
+// place is a number of pixels, which another page has not.
+std::optional<FileVersion> ChangedVersion(const MainForm& form) {
+    const auto& shown = form.places.file;
+    if (!IsShownBookListed(form) || !shown || IsPageShown(form)) return std::nullopt;
+    const auto version = form.ports.files->Version(form.book.path);
+    return version && SameContent(*version, *shown) ? std::nullopt : version;
+}
+
+// Whether nothing is left to be shown.
+bool ShowChange(MainForm& form) {
+    const auto version = ChangedVersion(form);
+    const bool quiet = version && version == form.book.changed;
+    form.book.changed = version;
+    if (!version) return true;
+    if (!quiet) return false;
+    // What cannot be shown is no reason for a message while one reads.
+    BookFile file = OpenShownBookFile(form);
+    if (file.problem || !file.content || file.version != version ||
+        LooksHalfWritten(form, *file.content))
+        return false;
+    KeepSelection(form);
+    ReloadBook(form, std::move(file));
+    return !form.book.changed; // again, while it was read
 }
 } // namespace
 
-void WatchShownBook(MainForm& form) {
-    std::u16string& seen = form.menu.mViewRefresh[0].tag;
-    const auto& shown = form.places.file;
-    if (!IsShownBookListed(form) || !shown || IsNetworkPath(form.book.path)) return;
-    if (IsPageShown(form)) return; // its place is a number of pixels, which another page has not
-    const auto version = form.ports.files->Version(form.book.path);
-    if (!version || SameContent(*version, *shown)) {
-        seen.clear();
-        return;
-    }
-    const bool quiet = seen == VersionText(*version);
-    seen = VersionText(*version);
-    if (!quiet || LooksHalfWritten(form, *version)) return;
-    // What cannot be shown is no reason for a message while one reads.
-    if (ExamineBookFile(*form.ports.files, form.book.path, MaxPlainText(form)).problem) return;
-    ReloadBook(form);
+void WatchBookFile(MainForm& form) {
+    form.book.changed.reset();
+    form.ports.fileWatch->Watch(form.book.path);
+    fsBook_Changed(form); // while it was read
+}
+
+void fsBook_Changed(MainForm& form) {
+    constexpr int quietTime = 1000; // milliseconds
+    form.book.changed = ChangedVersion(form);
+    if (!form.book.changed) return;
+    form.ports.changeTimer->Start(quietTime,
+                                  [&form] { RunCommand(form, [&form] { toChange_Timer(form); }); });
+}
+
+void toChange_Timer(MainForm& form) {
+    if (ShowChange(form)) form.ports.changeTimer->Stop();
+}
+
+void LookAtBookFile(MainForm& form) {
+    if (form.ports.fileWatch->SeesAllChanges() || IsNetworkPath(form.book.path)) return;
+    if (const auto version = ChangedVersion(form); version != form.book.changed)
+        fsBook_Changed(form);
 }

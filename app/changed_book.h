@@ -3,7 +3,14 @@
 
 struct MainForm;
 
-// Called each second. The file of a text that is another one than what is shown, and has been left
-// alone since the last call, is shown again as by Refresh. One that may be half written is waited
-// for.
-void WatchShownBook(MainForm&);
+// The file of the shown book is watched from now on.
+void WatchBookFile(MainForm&);
+
+// The system says that it may have changed. A text that is another one than what is shown, and has
+// been left alone for a second, is shown again at the same words. One that may be half written is
+// waited for.
+void fsBook_Changed(MainForm&);
+void toChange_Timer(MainForm&); // each second from then on, until nothing is left to be shown
+
+// Called each second, for a file of which the system does not tell.
+void LookAtBookFile(MainForm&);

@@ -43,10 +43,11 @@ void KeepChoice(MainForm& form, int codePage) {
 
 void ShowIn(MainForm& form, ChosenCharset wanted) {
     ShownBook& book = form.book;
-    const auto content = ReadBookFile(*form.ports.files, book.path, MaxPlainText(form));
-    if (content.problem) return ShowBookMessage(form.messages, content.problem.text);
-    if (!content.plainText) return;
-    auto text = DecodeBook(content.plainText, wanted, form.ports.locale->AnsiCodePage());
+    const auto file = ReadBookFile(*form.ports.files, book.path, MaxPlainText(form));
+    if (file.problem) return ShowBookMessage(form.messages, file.problem.text);
+    const auto& plainText = file.content->plainText;
+    if (!plainText) return;
+    auto text = DecodeBook(plainText, wanted, form.ports.locale->AnsiCodePage());
     const bool found = wanted.codePage != 0 && text->CodePage() != 0;
     KeepChoice(form, found ? text->CodePage() : wanted.codePage);
     if (text->CodePage() == book.codePage) return;
@@ -54,7 +55,7 @@ void ShowIn(MainForm& form, ChosenCharset wanted) {
     TextView& view = *form.ports.textView;
     std::vector<TextPos> places = BookmarkPlaces(form.bookmarks);
     places.insert(places.begin(), {FirstVisibleChar(view), view.SelStart()});
-    MovePlaces(places, content.plainText, FormOfPage(book.codePage), *text);
+    MovePlaces(places, plainText, FormOfPage(book.codePage), *text);
     book.codePage = text->CodePage();
     view.LoadText(std::move(text));
     view.Select(places[1], 0);
@@ -74,9 +75,9 @@ std::shared_ptr<PlainTextSource> DecodeBook(std::shared_ptr<const FileReader> fi
 
 std::vector<CharsetReading> ReadingsOfBook(const MainForm& form) {
     if (IsPageShown(form) || form.book.path.empty()) return {};
-    const auto content = ReadBookFile(*form.ports.files, form.book.path, MaxPlainText(form));
-    if (!content.plainText) return {};
-    return CharsetReadings(*content.plainText, form.ports.locale->AnsiCodePage(),
+    const auto file = ReadBookFile(*form.ports.files, form.book.path, MaxPlainText(form));
+    if (file.problem || !file.content->plainText) return {};
+    return CharsetReadings(*file.content->plainText, form.ports.locale->AnsiCodePage(),
                            PresentPage(form));
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/auto_scroll.h"
 #include "app/book_state.h"
+#include "app/changed_book.h"
 #include "app/empty_view.h"
 #include "app/help_menu.h"
 #include "app/keys.h"
@@ -158,4 +159,7 @@ void ConnectEvents(MainForm& form) {
         RunCommand(form, [&] { rtMain_FilesDropped(form, paths); });
     };
     if (form.ports.htmlView) ConnectHtmlView(form);
+
+    // No command either: it is remembered while one runs.
+    form.ports.fileWatch->onChanged = [&form] { fsBook_Changed(form); };
 }

@@ -12,6 +12,7 @@
 #include "reading/auto_scroll.h"
 #include "reading/bookmarks.h"
 #include "reading/find.h"
+#include "reading/find_places.h"
 #include "reading/formatting.h"
 #include "reading/html_page.h"
 #include "shell/messages.h"
@@ -23,11 +24,17 @@
 
 // The book in the view.
 struct ShownBook {
-    std::u16string path;  // "" for none
-    bool plain = false;   // a plain text
-    int codePage = 0;     // of a plain text; 0 for Unicode and rich text
-    ChosenCharset chosen; // by the reader for this book; none: as its bytes suggest
-    bool isNew = false;   // opened, and the desktop does not know yet
+    std::u16string path;                // "" for none
+    bool plain = false;                 // a plain text
+    int codePage = 0;                   // of a plain text; 0 for Unicode and rich text
+    ChosenCharset chosen;               // by the reader for this book; none: as its bytes suggest
+    bool isNew = false;                 // opened, and the desktop does not know yet
+    std::optional<FileVersion> changed; // its file, as it was last seen, of a change not shown yet
+};
+
+// A caret or a selection, while its text is read again.
+struct KeptSelection {
+    KnownPlace start, end;
 };
 
 // What is kept of the places in the shown text.
@@ -35,6 +42,7 @@ struct TextPlaces {
     std::optional<FileVersion> file; // that the text was read from; none for a page
     KeptPlaces kept, stored;         // as they are, and as the data file has them
     KeptWords last;                  // around the place of Last Unmarked Position
+    std::optional<KeptSelection> selection;
 };
 
 // A folder of which a book has been found elsewhere, while the others are looked for there.

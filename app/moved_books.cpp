@@ -21,49 +21,49 @@ PlacesOf ViewOf(const BookRecord& record) {
     return record.Kind() == BookKind::Html ? PlacesOf::Page : PlacesOf::Text;
 }
 
-// The texts of one file, in each charset that one of the books is read in.
+// The texts of one file, in each charset that one of the books is read in. It is read when there is
+// something to compare it with.
 class FileText {
   public:
-    FileText(const MainForm& form, const std::u16string& path)
-        : ansiCodePage_(form.ports.locale->AnsiCodePage()),
-          content_(ReadBookFile(*form.ports.files, path, MaxPlainText(form))) {}
+    FileText(const MainForm& form, BookFile& file)
+        : files_(*form.ports.files), maxPlainText_(MaxPlainText(form)),
+          ansiCodePage_(form.ports.locale->AnsiCodePage()), file_(file) {}
 
-    bool IsReadable() const { return !content_.problem; }
-    TextFingerprint Fingerprint(ChosenCharset chosen) {
+    std::optional<TextFingerprint> Fingerprint(ChosenCharset chosen) {
         const std::pair key(chosen.codePage, chosen.exact);
         const auto known = known_.find(key);
         if (known != known_.end()) return known->second;
-        return known_[key] = Compute(chosen);
+        ReadContent(files_, maxPlainText_, file_);
+        if (file_.problem) return std::nullopt;
+        return known_[key] = Compute(*file_.content, chosen);
     }
 
   private:
-    TextFingerprint Compute(ChosenCharset chosen) const {
-        if (content_.plainText)
-            return FingerprintOf(*DecodeBook(content_.plainText, chosen, ansiCodePage_));
-        const Document document = ReadRtf(content_.richText, ansiCodePage_);
+    TextFingerprint Compute(const BookContent& content, ChosenCharset chosen) const {
+        if (content.plainText)
+            return FingerprintOf(*DecodeBook(content.plainText, chosen, ansiCodePage_));
+        const Document document = ReadRtf(content.richText, ansiCodePage_);
         return FingerprintOf(StringText(document.text));
     }
 
+    const Files& files_;
+    std::uint64_t maxPlainText_;
     int ansiCodePage_;
-    BookContent content_;
+    BookFile& file_;
     std::map<std::pair<int, bool>, TextFingerprint> known_; // by the reader's choice
 };
 
-// The file is read when there is something to compare it with.
-bool IsSameBook(MainForm& form, int index, const std::u16string& path,
-                std::optional<FileText>& file) {
+bool IsSameBook(MainForm& form, int index, FileText& file) {
     constexpr TextPos tooShort = 16; // units: anything may have such a text
     const BookRecord record = form.history.Record(index);
     const std::u16string section = SectionOf(form, record);
     const KeptPlaces kept = LoadKeptText(*form.dataFile, section, ViewOf(record));
     if (!kept.text || kept.text->length < tooShort) return false;
-    if (!file) file.emplace(form, path);
-    if (!file->IsReadable()) return false;
     ChosenCharset chosen;
     if (ViewOf(record) == PlacesOf::Text)
         chosen =
             CharsetChosenFor(*form.dataFile, section, record, form.ports.locale->AnsiCodePage());
-    return file->Fingerprint(chosen) == *kept.text;
+    return file.Fingerprint(chosen) == kept.text;
 }
 
 // Whether its file may have gone, as far as that is known or worth a look: one that was there when
@@ -91,19 +91,18 @@ void Take(MainForm& form, int index, const std::u16string& path) {
 }
 } // namespace
 
-int TakeOverMovedBook(MainForm& form, const std::u16string& path) {
-    const auto version = form.ports.files->Version(path);
-    std::optional<FileText> file;
+int TakeOverMovedBook(MainForm& form, BookFile& file) {
+    FileText text(form, file);
     int found = -1;
-    for (int i = 0; version && i < form.history.Count(); ++i) {
-        if (!MayBeGone(form, i, version->size) || !IsSameBook(form, i, path, file)) continue;
+    for (int i = 0; file.version && i < form.history.Count(); ++i) {
+        if (!MayBeGone(form, i, file.version->size) || !IsSameBook(form, i, text)) continue;
         if (found >= 0) return -1; // two of them: nobody knows which
         found = i;
     }
     if (found < 0) return -1;
     const std::u16string from(FolderOf(GetBookPath(form.history, found)));
-    Take(form, found, path);
-    const std::u16string_view to = FolderOf(path);
+    Take(form, found, file.path);
+    const std::u16string_view to = FolderOf(file.path);
     if (from != to) form.moved = MovedFolder{MoveOf(from, to), 0};
     return found;
 }
@@ -115,8 +114,10 @@ bool IsTheMoved(MainForm& form, int index, const std::u16string& path) {
     const auto version = form.ports.files->Version(path);
     const KeptPlaces kept = LoadKeptText(*form.dataFile, SectionOf(form, record), ViewOf(record));
     if (version && kept.text && kept.IsOf(*version)) return true;
-    std::optional<FileText> file;
-    return IsSameBook(form, index, path, file);
+    BookFile file;
+    file.path = path;
+    FileText text(form, file);
+    return IsSameBook(form, index, text);
 }
 
 // Whether a look at the disk was needed.
@@ -169,9 +170,11 @@ void KeepPageFile(MainForm& form, const BookRecord& record, const std::u16string
     TextPlaces& state = form.places;
     if (!state.file || (state.kept.text && state.kept.IsOf(*state.file))) return;
     if (form.ports.files->Version(record.Path()) != state.file) return; // not the one shown
-    FileText file(form, record.Path());
-    if (!file.IsReadable()) return;
-    state.kept.text = file.Fingerprint({});
+    BookFile file;
+    file.path = record.Path();
+    const auto text = FileText(form, file).Fingerprint({});
+    if (!text) return;
+    state.kept.text = text;
     state.kept.SetFile(*state.file);
     StorePlaces(*form.dataFile, section, PlacesOf::Page, state.kept, state.stored);
 }

@@ -3,12 +3,14 @@
 
 #include <string>
 
+struct BookFile;
 class BookRecord;
 struct MainForm;
 
-// The book at `path` is not in the list. When it is one of the list whose file is gone, and that is
-// the only one, the record becomes that of `path`; returns its index, else -1.
-int TakeOverMovedBook(MainForm&, const std::u16string& path);
+// The book of this file is not in the list. When it is one of the list whose file is gone, and that
+// is the only one, the record becomes that of this file; returns its index, else -1. The file is
+// read when there is something to compare it with.
+int TakeOverMovedBook(MainForm&, BookFile&);
 
 // One step of looking for the other books of a folder of which one has been found elsewhere.
 void LookForMovedBooks(MainForm&, int maxBooks);

@@ -9,13 +9,15 @@
 #include "common/flag_scope.h"
 #include "common/text.h"
 
+#include <utility>
+
 namespace {
 // A record for a book never opened before.
-std::u16string NewRecord(const Files& files, const std::u16string& path, BookKind kind) {
+std::u16string NewRecord(const BookFile& file, BookKind kind) {
     BookRecord record;
-    record[Field::Path] = PathToKey(path);
-    const auto version = files.Version(path);
-    record[Field::Size] = NumberText(version ? static_cast<std::int64_t>(version->size) : 0);
+    record[Field::Path] = PathToKey(file.path);
+    record[Field::Size] =
+        NumberText(file.version ? static_cast<std::int64_t>(file.version->size) : 0);
     record.SetKind(kind);
     return record.ToText();
 }
@@ -57,40 +59,48 @@ bool CorrectKind(MainForm& form, int index, RequestedKind asked, std::string_vie
 }
 } // namespace
 
-int AddBook(MainForm& form, const std::u16string& path, RequestedKind kind) {
-    const BookStart start = ExamineBookFile(*form.ports.files, path, MaxPlainText(form));
-    if (start.problem) {
-        ShowBookMessage(form.messages, start.problem.text);
-        return -1;
+ListedBook AddBook(MainForm& form, const std::u16string& path, RequestedKind kind) {
+    const bool isPage = kind.value_or(KindOfName(path)) == BookKind::Html;
+    BookFile file = OpenBookFile(*form.ports.files, path, MaxPlainText(form), isPage);
+    if (file.problem) {
+        ShowBookMessage(form.messages, file.problem.text);
+        return {};
     }
-    int known = FindInHistory(form.history, path);
-    if (!SettleZoom(form)) return -1;
-    if (known < 0) known = TakeOverMovedBook(form, path);
-    if (known >= 0) return CorrectKind(form, known, kind, start.bytes) ? known : -1;
+    int index = FindInHistory(form.history, path);
+    if (!SettleZoom(form)) return {};
+    if (index < 0) index = TakeOverMovedBook(form, file);
+    if (index >= 0) {
+        if (!CorrectKind(form, index, kind, file.start)) return {};
+        return {index, std::move(file)};
+    }
 
     SaveBookState(form, 0);
-    const BookKind newKind = kind.value_or(KindOfBook(path, start.bytes));
-    const int added = AddHistoryItem(form.history, NewRecord(*form.ports.files, path, newKind));
-    SaveNewBookState(form, added);
-    SetHistoryCaption(form.history, added);
-    SyncRemoveMenu(form.history, added);
-    return added;
+    const BookKind newKind = kind.value_or(KindOfBook(path, file.start));
+    index = AddHistoryItem(form.history, NewRecord(file, newKind));
+    SaveNewBookState(form, index);
+    SetHistoryCaption(form.history, index);
+    SyncRemoveMenu(form.history, index);
+    return {index, std::move(file)};
 }
 
 void OpenBook(MainForm& form, const std::u16string& path, RequestedKind kind) {
-    const int index = AddBook(form, path, kind);
-    if (index < 0 || (index == 0 && IsBookShown(form))) return;
+    ListedBook book = AddBook(form, path, kind);
+    if (book.index < 0 || (book.index == 0 && IsBookShown(form))) return;
     const FlagScope opening(form.OpeningBook);
-    ShowBook(form, index);
+    ShowBook(form, std::move(book));
 }
 
-void ReloadBook(MainForm& form) {
-    // Examined before the view is given up: a file that has gone leaves the text on the screen.
-    const auto path = GetBookPath(form.history, 0);
-    const BookStart start = ExamineBookFile(*form.ports.files, path, MaxPlainText(form));
-    if (start.problem) return ShowBookMessage(form.messages, start.problem.text);
+BookFile OpenShownBookFile(const MainForm& form) {
+    const BookRecord record = form.history.Record(0);
+    return OpenBookFile(*form.ports.files, record.Path(), MaxPlainText(form),
+                        record.Kind() == BookKind::Html);
+}
+
+void ReloadBook(MainForm& form, BookFile file) {
+    // Opened before the view is given up: a file that has gone leaves the text on the screen.
+    if (file.problem) return ShowBookMessage(form.messages, file.problem.text);
     if (!SettleZoom(form)) return;
     SaveBookState(form, 0);
     const FlagScope refreshing(form.Refreshing);
-    ShowBook(form, 0);
+    ShowBook(form, {0, std::move(file)});
 }

@@ -97,20 +97,20 @@ int FirstFound(const History& history) {
                                              : static_cast<int>(found - history.list.items.begin());
 }
 
-// The history index of the book to open, or -1.
-int LoadHistory(MainForm& form, const std::vector<std::u16string>& records,
-                const std::u16string& shown) {
+// The book to open.
+ListedBook LoadHistory(MainForm& form, const std::vector<std::u16string>& records,
+                       const std::u16string& shown) {
     History& history = form.history;
     history.inFile = LoadSectionLines(*form.dataFile, HistorySection(CurrentProfile(form)));
     int firstFound = FillHistory(history, history.inFile);
     form.moved.reset();
     if (FollowCarriedDataFile(form)) firstFound = FirstFound(history);
     AddMissingRecords(history, records);
-    if (!shown.empty()) return FindInHistory(history, shown);
+    if (!shown.empty()) return {FindInHistory(history, shown)};
     const std::u16string& commandLine = form.ports.launch.commandLine;
-    if (commandLine.empty()) return firstFound;
-    const int given = AddBook(form, commandLine);
-    return given < 0 ? firstFound : given;
+    if (commandLine.empty()) return {firstFound};
+    ListedBook given = AddBook(form, commandLine);
+    return given.index < 0 ? ListedBook{firstFound} : std::move(given);
 }
 
 // One reader's book does not stay on the screen of another.
@@ -136,8 +136,9 @@ void SwitchToProfile(MainForm& form, int index, const std::vector<std::u16string
                   LoadColumnOption(*form.dataFile, CurrentProfile(form)));
         form.bookmarks.menu.enabled = false;
         form.book.path = u""; // what the view shows is another reader's
-        const int book = LoadHistory(form, records, shown);
-        if (book >= 0 && (book > 0 || !IsBookShown(form))) ShowBook(form, book);
+        ListedBook book = LoadHistory(form, records, shown);
+        if (book.index > 0 || (book.index == 0 && !IsBookShown(form)))
+            ShowBook(form, std::move(book));
         if (!IsBookShown(form)) ShowNoBook(form);
     }
     // A book that came to the top of a list that was not written meanwhile.

@@ -35,7 +35,7 @@ void toSave_Timer(MainForm& form) {
     WatchDataFile(form);
     constexpr int looksEachSecond = 5; // at the disk
     LookForMovedBooks(form, looksEachSecond);
-    WatchShownBook(form);
+    LookAtBookFile(form);
     TellDesktopOfBook(form);
     form.autosaveTick = (form.autosaveTick + 1) % saveInterval;
     if (form.autosaveTick == 0) SaveBookState(form, 0);

@@ -1,6 +1,7 @@
 // Showing the book of a history item: file and record become what is on the screen.
 #include "app/book_state.h"
 #include "app/bookmark_menu.h"
+#include "app/changed_book.h"
 #include "app/charset.h"
 #include "app/main_form.h"
 #include "app/open_book.h"
@@ -52,8 +53,8 @@ void KeepGuessedScript(MainForm& form) {
     SaveHistoryItem(form, 0);
 }
 
-void ShowInTextView(MainForm& form, BookRecord& record, BookContent content,
-                    const std::optional<FileVersion>& file) {
+void ShowInTextView(MainForm& form, BookRecord& record, BookFile file) {
+    BookContent& content = *file.content;
     TextView& view = *form.ports.textView;
     form.format.font = FontOf(record, form.ports.window->DefaultViewFont());
     form.format.textColor = TextColorOf(record);
@@ -74,8 +75,9 @@ void ShowInTextView(MainForm& form, BookRecord& record, BookContent content,
     ApplyTextColor(view, form.format.textColor, form.menu.mOptionsFileColor[0].checked,
                    Scrolling::Leave);
     ApplyAlignment(view, form.menu.mViewAlign, record.Number(Field::Align), Scrolling::Leave);
-    FollowText(form, record, file);
+    FollowText(form, record, file.version);
     ScrollCaretToTop(view, record.Number(Field::LastPos));
+    SelectKept(form);
     LayOutForm(form);
     KeepGuessedScript(form);
 }
@@ -107,16 +109,17 @@ void MakeFirst(MainForm& form, int index) {
     SyncRemoveMenu(form.history, form.history.Count() - 1);
 }
 
-// The book to show, opened before anything changes.
-BookContent ReadBookToShow(MainForm& form, const BookRecord& record) {
+// The book to show, read before anything changes.
+void ReadBookToShow(MainForm& form, ListedBook& book) {
+    const BookRecord record = form.history.Record(book.index);
     const Files& files = *form.ports.files;
-    if (record.Kind() == BookKind::Html && !CanShowPages(form))
-        return {NoPageView(record.Path()), "", nullptr};
+    const bool isPage = record.Kind() == BookKind::Html;
     const Hourglass hourglass(*form.ports.textView);
-    if (record.Kind() != BookKind::Html)
-        return ReadBookFile(files, record.Path(), MaxPlainText(form));
-    // The engine reads a page by itself; here it is seen that it can be read.
-    return {ExamineBookFile(files, record.Path(), MaxPlainText(form)).problem, "", nullptr};
+    if (!book.file) book.file = OpenBookFile(files, record.Path(), MaxPlainText(form), isPage);
+    if (isPage && !CanShowPages(form))
+        book.file->problem = NoPageView(record.Path());
+    else if (!isPage)
+        ReadContent(files, MaxPlainText(form), *book.file);
 }
 
 void LoadSearches(MainForm& form, const BookRecord& record) {
@@ -134,12 +137,11 @@ void LeavePage(MainForm& form) {
     form.ports.textView->FocusView();
 }
 
-void ShowBook(MainForm& form, int index) {
-    // Before it is read: of a file that changes meanwhile the next opening sees that it has.
-    const auto file = form.ports.files->Version(GetBookPath(form.history, index));
-    BookContent content = ReadBookToShow(form, form.history.Record(index));
-    if (content.problem) {
-        ShowBookMessage(form.messages, content.problem.text);
+void ShowBook(MainForm& form, ListedBook book) {
+    const int index = book.index;
+    ReadBookToShow(form, book);
+    if (book.file->problem) {
+        ShowBookMessage(form.messages, book.file->problem.text);
         return SetHistoryCaption(form.history, index);
     }
     if (!SettleZoom(form)) return;
@@ -154,15 +156,16 @@ void ShowBook(MainForm& form, int index) {
     BookRecord record = form.history.Record(0);
     form.menu.mFileEdit[0].tag = record[Field::Filter];
     if (record.Kind() == BookKind::Html)
-        ShowInHtmlView(form, record, file);
+        ShowInHtmlView(form, record, book.file->version);
     else
-        ShowInTextView(form, record, std::move(content), file);
+        ShowInTextView(form, record, std::move(*book.file));
     form.menu.mFileList[0].checked = true;
     form.book.path = record.Path();
     if (form.book.path != pathBefore) {
         form.bookmarks.last.tag = u""; // a place in that book
         form.book.isNew = true;
     }
+    WatchBookFile(form);
     UpdateWindowTitle(form);
     LoadSearches(form, record);
     LoadBookmarks(form, record[Field::Marks]);

@@ -6,14 +6,15 @@
 #include "reading/find_places.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 // A book's places in the order in which they are looked for: the reading place, the place that Last
-// Unmarked Position goes to, the bookmarks.
+// Unmarked Position goes to, the bookmarks, both ends of the selection.
 struct BookPlaces {
     std::vector<KnownPlace> known;
     std::vector<CharSpan> marks;
-    bool hasWords = false;
+    bool hasWords = false; // the data file has some
 };
 
 KnownPlace Known(TextPos position, const KeptWords* kept) {
@@ -39,6 +40,10 @@ BookPlaces PlacesIn(const MainForm& form, const BookRecord& record) {
     }
     places.hasWords = std::ranges::any_of(
         places.known, [](const KnownPlace& each) { return !each.words.IsEmpty(); });
+    if (const auto& selection = form.places.selection) {
+        places.known.push_back(selection->start);
+        places.known.push_back(selection->end);
+    }
     return places;
 }
 
@@ -85,6 +90,14 @@ void MoveMarks(const TextSource& text, const BookPlaces& places,
     record[Field::Marks] = Join(inOrder, u"|");
 }
 
+// Of a selection that is not whole any more a caret is left.
+void MoveSelection(const std::vector<FoundPlace>& found, KeptSelection& selection) {
+    const FoundPlace &start = found.end()[-2], &end = found.end()[-1];
+    const bool isWhole = start.certain && end.certain && end.position > start.position;
+    selection.start.position = start.position;
+    selection.end.position = isWhole ? end.position : start.position;
+}
+
 // False when it was given up: nothing has changed then.
 bool MovePlaces(MainForm& form, const TextSource& text, const std::function<bool()>& goesOn,
                 const BookPlaces& places, BookRecord& record) {
@@ -96,6 +109,7 @@ bool MovePlaces(MainForm& form, const TextSource& text, const std::function<bool
     });
     if (givenUp) return false;
     MoveMarks(text, places, found, record, kept);
+    if (form.places.selection) MoveSelection(found, *form.places.selection);
     // Who has not begun to read stays at the beginning.
     if (record.Number(Field::LastPos) > 0) {
         record[Field::LastPos] = NumberText(found[0].position);
@@ -135,6 +149,20 @@ void FollowText(MainForm& form, BookRecord& record, const std::optional<FileVers
             state.file.reset(); // what is kept stays for the next opening, which tries again
     });
     form.history.SetRecord(0, record);
+}
+
+void KeepSelection(MainForm& form) {
+    const TextView& view = *form.ports.textView;
+    const TextPos start = view.SelStart(), end = start + view.SelLength();
+    view.LookThrough([&](const TextSource& text, const auto&) {
+        form.places.selection = {{start, WordsAround(text, start)}, {end, WordsAround(text, end)}};
+    });
+}
+
+void SelectKept(MainForm& form) {
+    if (const auto selection = std::exchange(form.places.selection, std::nullopt))
+        form.ports.textView->Select(selection->start.position,
+                                    selection->end.position - selection->start.position);
 }
 
 void KeepTextPlaces(MainForm& form, const BookRecord& record, const std::u16string& section) {

@@ -20,6 +20,10 @@ void FollowText(MainForm&, BookRecord&, const std::optional<FileVersion>& file);
 // words are taken anew.
 void ForgetTextPlaces(MainForm&);
 
+// Before the shown text is read again: caret and selection go along to its words. And afterwards.
+void KeepSelection(MainForm&);
+void SelectKept(MainForm&);
+
 // Keeps the words around the reading place, which the record has, and around each bookmark.
 void KeepTextPlaces(MainForm&, const BookRecord&, const std::u16string& section);
 

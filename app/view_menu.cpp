@@ -30,7 +30,7 @@ void mViewRefresh_Click(MainForm& form, int) {
     MenuArray& list = form.menu.mFileList;
     for (int i = 0; i < form.history.Count(); ++i)
         list[i].enabled = form.ports.files->FileExists(GetBookPath(form.history, i));
-    if (IsBookShown(form)) return ReloadBook(form);
+    if (IsBookShown(form)) return ReloadBook(form, OpenShownBookFile(form));
     // All books were out of reach at the start, perhaps on a stick that is there now.
     if (form.history.Count() > 0 && list[0].enabled) ShowBook(form, 0);
 }

@@ -43,11 +43,6 @@ std::u16string Reason(ReadStatus status, std::uint64_t limit) {
     return u"could not be read.";
 }
 
-BookProblem ProblemOf(const std::u16string& path, ReadStatus status, std::uint64_t limit) {
-    if (status == ReadStatus::Ok) return {};
-    return {path + u"\r\n" + Reason(status, limit)};
-}
-
 std::string FirstBytes(const FileReader& file, std::uint64_t count) {
     std::string bytes(static_cast<std::size_t>(std::min(count, file.Size())), '\0');
     bytes.resize(file.ReadAt(0, bytes.data(), bytes.size()));
@@ -55,24 +50,48 @@ std::string FirstBytes(const FileReader& file, std::uint64_t count) {
 }
 
 BookContent InMemory(std::string bytes) {
-    if (LooksLikeRtf(bytes)) return {{}, std::move(bytes), nullptr};
-    return {{}, "", std::make_shared<BytesReader>(std::move(bytes))};
+    if (LooksLikeRtf(bytes)) return {std::move(bytes), nullptr};
+    return {"", std::make_shared<BytesReader>(std::move(bytes))};
 }
 
 // A file that is not read into memory as it comes. `limit` becomes the one for its kind.
-ReadStatus OpenLarge(const Files& files, const std::u16string& path, BookContent& content,
-                     std::uint64_t& limit) {
+ReadStatus OpenLarge(const Files& files, BookFile& book, std::uint64_t& limit) {
     ReadStatus status = ReadStatus::Failed;
-    std::shared_ptr<const FileReader> file = files.Open(path, status);
+    std::shared_ptr<const FileReader> file = files.Open(book.path, status);
     if (!file) return status;
-    const bool rich = LooksLikeRtf(FirstBytes(*file, examinedBytes));
-    if (rich) limit = maxBookSize;
+    book.start = FirstBytes(*file, examinedBytes);
+    limit = MaxSize(book.path, book.start, limit);
     if (file->Size() > limit) return ReadStatus::TooLarge;
-    if (rich)
-        content.richText = FirstBytes(*file, limit);
+    if (LooksLikeRtf(book.start))
+        book.content = {FirstBytes(*file, limit), nullptr};
     else
-        content.plainText = std::move(file);
+        book.content = {"", std::move(file)};
     return ReadStatus::Ok;
+}
+
+ReadStatus ReadWhole(const Files& files, BookFile& book, std::uint64_t& limit) {
+    std::string bytes;
+    const ReadStatus status = files.Read(book.path, maxInMemory, bytes);
+    if (status == ReadStatus::TooLarge) return OpenLarge(files, book, limit);
+    if (status != ReadStatus::Ok) return status;
+    book.start = bytes.substr(0, examinedBytes);
+    book.content = InMemory(std::move(bytes));
+    return status;
+}
+
+ReadStatus ReadStart(const Files& files, BookFile& book, std::uint64_t& limit) {
+    const ReadStatus status = files.ReadStart(book.path, examinedBytes, book.start);
+    limit = MaxSize(book.path, book.start, limit);
+    const bool tooLarge = book.version && book.version->size > limit;
+    return status == ReadStatus::Ok && tooLarge ? ReadStatus::TooLarge : status;
+}
+
+// A folder is no file, whatever reading it answers.
+BookProblem ProblemOf(const Files& files, const std::u16string& path, ReadStatus status,
+                      std::uint64_t limit) {
+    if (status == ReadStatus::Ok) return {};
+    if (status == ReadStatus::NotAFile && !files.FileExists(path)) status = ReadStatus::NotFound;
+    return {path + u"\r\n" + Reason(status, limit)};
 }
 } // namespace
 
@@ -80,33 +99,28 @@ BookProblem NoPageView(const std::u16string& path) {
     return {path + u"\r\nThis program has no view for HTML books."};
 }
 
-BookStart ExamineBookFile(const Files& files, const std::u16string& path,
-                          std::uint64_t maxPlainText) {
-    BookStart start;
+BookFile OpenBookFile(const Files& files, const std::u16string& path, std::uint64_t maxPlainText,
+                      bool isPage) {
+    BookFile book;
+    book.path = path;
     if (!IsStorablePath(path)) {
-        start.problem.text = u"Undecipherable file name:\r\n" + path +
-                             u"\r\nRename the file before opening in this application.";
-        return start;
+        book.problem.text = u"Undecipherable file name:\r\n" + path +
+                            u"\r\nRename the file before opening in this application.";
+        return book;
     }
-    ReadStatus status = ReadStatus::NotFound;
-    if (files.FileExists(path)) status = files.ReadStart(path, examinedBytes, start.bytes);
-    const std::uint64_t limit = MaxSize(path, start.bytes, maxPlainText);
-    if (status == ReadStatus::Ok) {
-        const auto version = files.Version(path);
-        if (version && version->size > limit) status = ReadStatus::TooLarge;
-    }
-    start.problem = ProblemOf(path, status, limit);
-    return start;
+    book.version = files.Version(path);
+    std::uint64_t limit = maxPlainText;
+    const ReadStatus status =
+        isPage ? ReadStart(files, book, limit) : ReadWhole(files, book, limit);
+    book.problem = ProblemOf(files, path, status, limit);
+    return book;
 }
 
-BookContent ReadBookFile(const Files& files, const std::u16string& path,
-                         std::uint64_t maxPlainText) {
-    std::string bytes;
-    ReadStatus status = files.Read(path, maxInMemory, bytes);
-    if (status == ReadStatus::Ok) return InMemory(std::move(bytes));
-    BookContent content;
-    std::uint64_t limit = status == ReadStatus::TooLarge ? maxPlainText : maxBookSize;
-    if (status == ReadStatus::TooLarge) status = OpenLarge(files, path, content, limit);
-    content.problem = ProblemOf(path, status, limit);
-    return content;
+void ReadContent(const Files& files, std::uint64_t maxPlainText, BookFile& book) {
+    if (book.problem || book.content) return;
+    book = OpenBookFile(files, book.path, maxPlainText, false);
+}
+
+BookFile ReadBookFile(const Files& files, const std::u16string& path, std::uint64_t maxPlainText) {
+    return OpenBookFile(files, path, maxPlainText, false);
 }

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 // Rich text and pages are held in memory. How much plain text can be shown the view says.
@@ -20,18 +21,27 @@ struct BookProblem {
 BookProblem
 NoPageView(const std::u16string& path); // no HTML view on this front, or none that works
 
-// A book's file as it is read: rich text whole, plain text when it is needed.
+// Rich text whole, plain text to be read when it is needed.
 struct BookContent {
-    BookProblem problem;
     std::string richText;
     std::shared_ptr<const FileReader> plainText; // null for rich text
 };
 
-struct BookStart {
+// A file that was looked at once, for all that is to be known of it.
+struct BookFile {
+    std::u16string path;
     BookProblem problem;
-    std::string bytes; // the first ones of the file, by which its kind is recognised
+    // From before it was read: of a file that changes meanwhile the next look sees that it has.
+    std::optional<FileVersion> version;
+    std::string start;                  // its first bytes, by which its kind is recognised
+    std::optional<BookContent> content; // once it was read
 };
 
+// Opens it to be shown: a page is read by its view, and only begun here; anything else is read.
 // `maxPlainText` is the size of the largest file, in bytes, whose plain text can be shown.
-BookStart ExamineBookFile(const Files&, const std::u16string& path, std::uint64_t maxPlainText);
-BookContent ReadBookFile(const Files&, const std::u16string& path, std::uint64_t maxPlainText);
+BookFile OpenBookFile(const Files&, const std::u16string& path, std::uint64_t maxPlainText,
+                      bool isPage);
+// Reads what was not read yet.
+void ReadContent(const Files&, std::uint64_t maxPlainText, BookFile&);
+// Opens and reads it, whatever it is.
+BookFile ReadBookFile(const Files&, const std::u16string& path, std::uint64_t maxPlainText);

@@ -68,8 +68,8 @@ void MoveBook(History& history, IniFile& file, const std::u16string& profile, in
     const std::u16string now = BookSection(profile, record[Field::Path]);
     if (!EqualIgnoringCase(before, now)) {
         const ListLines lines = LoadSectionLines(file, before);
-        file.MergeSection(now, LoadSectionLines(file, now), lines);
-        file.MergeSection(before, lines, {});
+        if (!lines.empty()) file.MergeSection(now, LoadSectionLines(file, now), lines);
+        file.RemoveLines(before, lines);
     }
     history.SetRecord(index, record);
     SetHistoryCaption(history, index);

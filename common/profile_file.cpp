@@ -232,3 +232,13 @@ void ProfileFile::SetSection(std::u16string_view section,
     Splice(index, body, EndOfEntries(sections_[index]) - body, block);
     KeepApartFromUtf16();
 }
+
+void ProfileFile::RemoveEmptySection(std::u16string_view section) {
+    const std::size_t index = FindSection(section);
+    if (index == sections_.size()) return;
+    const Section found = sections_[index];
+    const std::string_view body(text_.data() + found.body, found.end - found.body);
+    if (!Trim(body).empty()) return;
+    text_.erase(found.header, found.end - found.header);
+    Index();
+}

@@ -41,6 +41,8 @@ class ProfileFile {
     // that would not be listed (blank, a comment, the head of a section) is left out. One that the
     // section has already in another encoding keeps its bytes.
     void SetSection(std::u16string_view section, const std::vector<std::u16string>& lines);
+    // Takes its header out; one with entries or comments stays.
+    void RemoveEmptySection(std::u16string_view section);
 
     // UTF-8; a line that came in another encoding stays as it came until its value changes. New
     // lines end in CR LF.

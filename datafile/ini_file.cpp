@@ -105,6 +105,15 @@ ListLines IniFile::MergeSection(std::u16string_view section, const ListLines& ba
     return merged;
 }
 
+void IniFile::RemoveLines(std::u16string_view section, const ListLines& lines) {
+    const std::u16string name(section);
+    Change(WriteMode::KeepTime,
+           {name, u"", [name, lines](ProfileFile& file) {
+                file.SetSection(name, MergedList(lines, {}, file.SectionLines(name), KeyOfLine));
+                file.RemoveEmptySection(name);
+            }});
+}
+
 void IniFile::Change(WriteMode mode, Edit edit) {
     if (path_.empty()) return;
     Refresh();

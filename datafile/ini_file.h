@@ -61,6 +61,9 @@ class IniFile {
     ListLines MergeSection(std::u16string_view section, const ListLines& base,
                            const ListLines& lines);
 
+    // Takes these lines out of a section, which goes with its last one. The file's time stays.
+    void RemoveLines(std::u16string_view section, const ListLines& lines);
+
     // Writes what could not be written before; whether nothing is left to write.
     bool Flush();
 

@@ -4,6 +4,7 @@
 #include "platform/clipboard.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
+#include "platform/file_watch.h"
 #include "platform/files.h"
 #include "platform/help_window.h"
 #include "platform/html_view.h"
@@ -32,9 +33,10 @@ struct Ports {
     std::unique_ptr<Dialogs> dialogs;
     std::unique_ptr<HelpWindow> helpWindow;
     std::unique_ptr<Clipboard> clipboard;
-    std::unique_ptr<Timer> saveTimer, scrollTimer;
+    std::unique_ptr<Timer> saveTimer, scrollTimer, changeTimer;
     std::unique_ptr<Shell> shell;
     std::unique_ptr<Registry> registry;
+    std::unique_ptr<FileWatch> fileWatch;
     std::unique_ptr<VersionInfo> versionInfo;
     std::unique_ptr<UpdateCheck> updateCheck;
     std::unique_ptr<Locale> locale;

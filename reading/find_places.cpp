@@ -21,11 +21,16 @@ constexpr TextPos slack = 400;               // units around where a place is ex
 struct Expectation {
     TextPos low = 0, high = 0;
     TextPos likeliest = 0;
+    TextPos first = 0, last = 0; // in the order of the text; last < first where that has changed
 
     TextPos DistanceOf(TextPos position) const {
         return std::max({low - position, position - high, 0});
     }
-    bool Includes(TextPos position) const { return DistanceOf(position) <= slack; }
+    bool Includes(TextPos position) const {
+        if (first <= last) return DistanceOf(position) <= slack && KeepsOrder(position);
+        return std::min(std::abs(position - low), std::abs(position - high)) <= slack;
+    }
+    bool KeepsOrder(TextPos position) const { return position >= first && position <= last; }
 };
 
 bool IsClearlyBetter(const PlaceCandidate& best, const PlaceCandidate& next) {
@@ -46,6 +51,7 @@ class PlaceFinder {
         candidates_ = FindCandidates(text_, places_, goesOn);
         for (std::size_t i = 0; i < places_.size(); ++i)
             FindByWordsAlone(i);
+        DoubtOtherVerses();
         FindByNeighbours();
         return found_;
     }
@@ -62,6 +68,44 @@ class PlaceFinder {
         const bool only =
             candidates.size() == 1 || candidates[1].difference > best.difference + clearlyBetter;
         if (only && best.difference <= sameWords) Settle(i, best.position);
+    }
+
+    struct KnownEnd {
+        TextPos old = 0, now = 0;
+    };
+    KnownEnd EndOf(std::size_t i) const { return {places_[i].position, found_[i].position}; }
+
+    // As far apart as before, so that nothing as long as the words of a place was put in between.
+    static bool KeepDistance(KnownEnd a, KnownEnd b) {
+        constexpr TextPos less = static_cast<TextPos>(maxWordsLength);
+        return a.old <= b.old && (b.now - a.now) - (b.old - a.old) < less;
+    }
+    static bool GoTogether(KnownEnd a, KnownEnd b) {
+        return KeepDistance(a, b) && KeepDistance({a.now, a.old}, {b.now, b.old});
+    }
+
+    // Places are found together between two others that keep their distance, but were not there
+    // before: then their words stood there, too, and what was found is another verse of a refrain
+    // whose own one may have gone.
+    void DoubtOtherVerses() {
+        std::vector<std::size_t> settled;
+        for (const std::size_t i : order_)
+            if (found_[i].certain) settled.push_back(i);
+        std::ranges::stable_sort(settled, {}, [&](std::size_t i) { return found_[i].position; });
+        std::vector<std::size_t> doubted;
+        for (std::size_t first = 0, end = 0; first < settled.size(); first = end) {
+            for (end = first + 1; end < settled.size(); ++end)
+                if (!GoTogether(EndOf(settled[end - 1]), EndOf(settled[end]))) break;
+            const KnownEnd before = first > 0 ? EndOf(settled[first - 1]) : KnownEnd();
+            const KnownEnd behind =
+                end < settled.size() ? EndOf(settled[end]) : KnownEnd{oldLength_, text_.Length()};
+            const TextPos old = places_[settled[first]].position;
+            if (GoTogether(before, behind) && (old < before.old || old > behind.old))
+                doubted.insert(doubted.end(), settled.begin() + std::ptrdiff_t(first),
+                               settled.begin() + std::ptrdiff_t(end));
+        }
+        for (const std::size_t i : doubted)
+            found_[i] = {};
     }
 
     // What was found by words alone, in the order of the places, tells where the others are.
@@ -85,10 +129,6 @@ class PlaceFinder {
         }
     }
 
-    struct KnownEnd {
-        TextPos old = 0, now = 0;
-    };
-
     // An edit between the two moves what is behind it: the place has moved as one of them has, or
     // by something in between.
     Expectation ExpectationOf(TextPos position, KnownEnd before, KnownEnd behind) const {
@@ -100,7 +140,7 @@ class PlaceFinder {
             static_cast<TextPos>(before.now + share * (double(behind.now) - before.now));
         const auto inText = [&](TextPos place) { return std::clamp(place, 0, text_.Length()); };
         return {inText(std::min(asBefore, asBehind)), inText(std::max(asBefore, asBehind)),
-                inText(behind.now >= before.now ? between : asBefore)};
+                inText(behind.now >= before.now ? between : asBefore), before.now, behind.now};
     }
 
     bool Fits(const PlaceCandidate& candidate, const Expectation& expected) const {

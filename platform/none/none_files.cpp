@@ -29,7 +29,10 @@ NoneFiles::File* NoneFiles::Find(const std::u16string& path) {
 NoneFiles::File& NoneFiles::AddFile(const std::u16string& path, std::string_view bytes) {
     AddFolder(FolderOf(path));
     const DateTime now = clock_.Now();
-    return files_[path] = {std::string(bytes), false, now, now, now, ++lastId_, ++lastWriteNumber_};
+    File& file = files_[path];
+    file = {std::string(bytes), false, now, now, now, ++lastId_, ++lastWriteNumber_};
+    changes->push_back(path);
+    return file;
 }
 
 void NoneFiles::AddFolder(const std::u16string& path) {
@@ -41,6 +44,7 @@ void NoneFiles::AddFolder(const std::u16string& path) {
 void NoneFiles::Remove(const std::u16string& path) {
     files_.erase(path);
     folders_.erase(path);
+    changes->push_back(path);
 }
 
 void NoneFiles::EditInPlace(const std::u16string& path, std::string_view bytes) {
@@ -48,6 +52,7 @@ void NoneFiles::EditInPlace(const std::u16string& path, std::string_view bytes) 
     file.bytes = bytes;
     file.lastWrite = clock_.Now();
     file.writeNumber = ++lastWriteNumber_;
+    changes->push_back(path);
 }
 
 std::string NoneFiles::Bytes(const std::u16string& path) const {
@@ -99,6 +104,7 @@ bool NoneFiles::IsInFolder(const std::u16string& path, const std::u16string& fol
 }
 
 std::optional<FileVersion> NoneFiles::Version(const std::u16string& path) const {
+    ++versionCalls;
     const File* file = Find(path);
     if (!file) return std::nullopt;
     return FileVersion{1, file->id, file->bytes.size(), file->writeNumber};
@@ -173,5 +179,6 @@ bool NoneFiles::SetTime(const std::u16string& path, const DateTime& local, FileT
         file->lastWrite = local;
         file->writeNumber = ++lastWriteNumber_;
     }
+    changes->push_back(path);
     return true;
 }

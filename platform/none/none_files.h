@@ -5,6 +5,7 @@
 #include "platform/files.h"
 
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <vector>
@@ -47,6 +48,10 @@ class NoneFiles : public Files {
     std::vector<ReplaceCall> replaceCalls;
     mutable std::vector<std::u16string> readCalls; // the paths, in order
     mutable int existsCalls = 0;                   // of FileExists
+    mutable int versionCalls = 0;                  // of Version
+    // The paths of files that changed, in order.
+    std::shared_ptr<std::vector<std::u16string>> changes =
+        std::make_shared<std::vector<std::u16string>>();
 
     char16_t Separator() const override { return separator; }
     bool FileExists(const std::u16string& path) const override;

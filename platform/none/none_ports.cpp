@@ -35,11 +35,13 @@ Ports MakeNonePorts() {
     ports.clipboard = std::make_unique<NoneClipboard>();
     ports.saveTimer = std::make_unique<NoneTimer>();
     ports.scrollTimer = std::make_unique<NoneTimer>();
+    ports.changeTimer = std::make_unique<NoneTimer>();
     ports.shell = std::make_unique<NoneShell>();
     ports.registry = std::make_unique<NoneRegistry>();
     auto clock = std::make_unique<NoneClock>();
     auto files = std::make_unique<NoneFiles>(*clock);
     files->AddFolder(ports.launch.programFolder);
+    ports.fileWatch = std::make_unique<NoneFileWatch>(files->changes);
     ports.files = std::move(files);
     ports.clock = std::move(clock);
     auto versionInfo = std::make_unique<NoneVersionInfo>();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/none/none_clock.h"
+#include "platform/none/none_file_watch.h"
 #include "platform/none/none_files.h"
 #include "platform/none/none_html_view.h"
 #include "platform/none/none_text_view.h"

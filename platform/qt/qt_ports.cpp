@@ -10,6 +10,7 @@
 #include "platform/qt/qt_text.h"
 #include "platform/qt/system/command_line.h"
 #include "platform/qt/system/qt_clipboard.h"
+#include "platform/qt/system/qt_file_watch.h"
 #include "platform/qt/system/qt_locale.h"
 #include "platform/qt/system/qt_registry.h"
 #include "platform/qt/system/qt_shell.h"
@@ -78,8 +79,10 @@ Ports MakeQtPorts(int argc, char** argv, const std::u16string& activation) {
     ports.helpWindow = std::make_unique<QtHelpWindow>();
     ports.saveTimer = std::make_unique<QtTimer>();
     ports.scrollTimer = std::make_unique<QtTimer>();
+    ports.changeTimer = std::make_unique<QtTimer>();
     ports.shell = std::make_unique<QtShell>(activation);
     ports.registry = std::make_unique<QtRegistry>();
+    ports.fileWatch = std::make_unique<QtFileWatch>();
     ports.versionInfo = std::make_unique<QtVersionInfo>();
     ports.updateCheck = std::make_unique<QtUpdateCheck>(QStringList{
         QCoreApplication::applicationDirPath(), Installed(QStringLiteral("lib/norvaset"))});

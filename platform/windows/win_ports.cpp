@@ -2,6 +2,7 @@
 
 #include "platform/shared/either_html_view.h"
 #include "platform/windows/dialogs/win_dialogs.h"
+#include "platform/windows/files/win_file_watch.h"
 #include "platform/windows/files/win_files.h"
 #include "platform/windows/help/win_help_window.h"
 #include "platform/windows/html_pane/win_page_view.h"
@@ -59,8 +60,10 @@ Ports MakeWinPorts() {
     ports.helpWindow = std::make_unique<WinHelpWindow>();
     ports.saveTimer = std::make_unique<WinTimer>(window->Handle());
     ports.scrollTimer = std::make_unique<WinTimer>(window->Handle());
+    ports.changeTimer = std::make_unique<WinTimer>(window->Handle());
     ports.shell = std::make_unique<WinShell>();
     ports.registry = std::make_unique<WinRegistry>();
+    ports.fileWatch = std::make_unique<WinFileWatch>();
     ports.versionInfo = std::make_unique<WinVersionInfo>();
     ports.updateCheck = std::make_unique<WinUpdateCheck>(
         [main = window.get()](MSG& message) { return main->PreTranslateMessage(message); });

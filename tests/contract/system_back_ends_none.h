@@ -1,9 +1,10 @@
-// Clipboard, timer, registry and locale in memory, for the suites that run on them beside a
-// front's.
+// Clipboard, timer, file watch, registry and locale in memory, for the suites that run on them
+// beside a front's.
 #pragma once
 
 #include "platform/none/none_ports.h"
 #include "tests/contract/clipboard_contract.h"
+#include "tests/contract/file_watch_contract.h"
 #include "tests/contract/locale_contract.h"
 #include "tests/contract/registry_contract.h"
 #include "tests/contract/timer_contract.h"
@@ -37,6 +38,30 @@ class NoneTimerUnderTest final : public TimerUnderTest {
 
   private:
     NoneTimer timer_;
+};
+
+class NoneFileWatchUnderTest final : public FileWatchUnderTest {
+  public:
+    FileWatch& Port() override { return watch_; }
+    FileWatch& OtherPort() override { return other_; }
+    std::u16string Path(const std::u16string& name) override { return u"/b/" + name; }
+    void Write(const std::u16string& path, std::string_view bytes) override {
+        files_.AddFile(path, bytes);
+    }
+    void Replace(const std::u16string& path, std::string_view bytes) override {
+        REQUIRE(files_.Replace(path, bytes, false));
+    }
+    void Remove(const std::u16string& path) override { files_.Remove(path); }
+    bool Becomes(const std::function<bool()>& condition) override {
+        watch_.Deliver();
+        other_.Deliver();
+        return condition();
+    }
+
+  private:
+    NoneClock clock_;
+    NoneFiles files_{clock_};
+    NoneFileWatch watch_{files_.changes}, other_{files_.changes};
 };
 
 class NoneRegistryUnderTest final : public RegistryUnderTest {

@@ -1,5 +1,6 @@
-// Clipboard, timer, registry, locale and version information on Windows, and in memory.
+// Clipboard, timer, file watch, registry, locale and version information on Windows, and in memory.
 #include "platform/windows/base/text.h"
+#include "platform/windows/files/win_file_watch.h"
 #include "platform/windows/files/win_files.h"
 #include "platform/windows/system/win_clipboard.h"
 #include "platform/windows/system/win_locale.h"
@@ -67,6 +68,33 @@ class WinTimerUnderTest final : public TimerUnderTest {
     WinTimer timer_{window_.Handle()};
 };
 
+class WinFileWatchUnderTest final : public FileWatchUnderTest {
+  public:
+    FileWatch& Port() override { return watch_; }
+    FileWatch& OtherPort() override { return other_; }
+    std::u16string Path(const std::u16string& name) override {
+        return FromWide(folder_.path) + u"\\" + name;
+    }
+    void Write(const std::u16string& path, std::string_view bytes) override {
+        const WinHandle file(CreateFileW(ToWide(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ,
+                                         nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+        DWORD written = 0;
+        REQUIRE(WriteFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written,
+                          nullptr));
+    }
+    void Replace(const std::u16string& path, std::string_view bytes) override {
+        Write(path + u"~", bytes);
+        REQUIRE(MoveFileExW(ToWide(path + u"~").c_str(), ToWide(path).c_str(),
+                            MOVEFILE_REPLACE_EXISTING));
+    }
+    void Remove(const std::u16string& path) override { REQUIRE(DeleteFileW(ToWide(path).c_str())); }
+    bool Becomes(const std::function<bool()>& condition) override { return ::Becomes(condition); }
+
+  private:
+    TemporaryFolder folder_;
+    WinFileWatch watch_, other_;
+};
+
 class WinRegistryUnderTest final : public RegistryUnderTest {
   public:
     Registry& Port() override { return registry_; }
@@ -125,6 +153,11 @@ std::vector<BackEnd<ClipboardUnderTest>> ClipboardBackEnds() {
 std::vector<BackEnd<TimerUnderTest>> TimerBackEnds() {
     return {MakeBackEnd<TimerUnderTest, NoneTimerUnderTest>("none"),
             MakeBackEnd<TimerUnderTest, WinTimerUnderTest>("windows")};
+}
+
+std::vector<BackEnd<FileWatchUnderTest>> FileWatchBackEnds() {
+    return {MakeBackEnd<FileWatchUnderTest, NoneFileWatchUnderTest>("none"),
+            MakeBackEnd<FileWatchUnderTest, WinFileWatchUnderTest>("windows")};
 }
 
 std::vector<BackEnd<RegistryUnderTest>> RegistryBackEnds() {

@@ -4,6 +4,7 @@ import shutil
 import signal
 
 from harness import books
+from harness.clipboard import copied
 from harness.story import Story, main
 from harness.text_view import SCROLL_BAR, STATUS_HEIGHT, settled_strip, wait_for_strip
 from harness.wait import wait_for
@@ -147,22 +148,40 @@ class Places(Story):
         return picture.crop(0, picture.height // 2, picture.width - SCROLL_BAR,
                             picture.height - STATUS_HEIGHT)
 
-    def test_shown_again_by_itself_when_the_file_changes(self):
+    def change_while_it_is_read(self, write):
+        """Line on top and caret stay, also when the book is written again at once."""
         self.read_and_mark()
         self.program.close()
         words = self.words_at()
         top = int(words[0][:5])
         self.program.start()
         self.program.wait_for_book(self.book)
+        for _ in range(3):
+            self.program.key("Down")
+        self.program.key("End")  # of the fourth line in view
         strip, before = settled_strip(self.program), self.lower_half()
-        below = [line.upper() for line in self.lines[top + 1:]]
-        with open(self.book, "wb"):
-            pass  # as some programs begin to write
-        books.write_book(self.book, [ADDED] * 30 + self.lines[:top + 1] + below)
+        below = [line.upper() for line in self.lines[top + 5:]]
+        write([ADDED] * 30 + self.lines[:top + 5] + below)
         wait_for(lambda: not self.lower_half().looks_like(before), "the new text")
         wait_for_strip(self.program, strip)
+        self.program.key("shift+Home")
+        marked = copied(self.program)
         self.program.close()
         self.assertEqual(self.words_at(), words)
+        self.assertEqual(marked, self.lines[top + 2])
+
+    def test_shown_again_by_itself_when_the_file_changes(self):
+        def write(lines):
+            with open(self.book, "wb"):
+                pass  # as some programs begin to write
+            books.write_book(self.book, lines)
+        self.change_while_it_is_read(write)
+
+    def test_shown_again_when_another_file_takes_its_place(self):
+        def write(lines):
+            books.write_book(self.book + ".new", lines)
+            os.replace(self.book + ".new", self.book)
+        self.change_while_it_is_read(write)
 
     def test_a_folder_that_was_renamed_comes_back_whole(self):
         shelf, moved = self.path("shelf"), self.path("new shelf")

@@ -50,6 +50,35 @@ TEST_CASE("find places: in random books after random edits") {
     CHECK(all.astray * 2000 <= all.places);
 }
 
+TEST_CASE("find places: the other verse of a refrain is not what was marked") {
+    std::mt19937 random(7);
+    const std::u16string first = RandomBook(random, 20), verse = RandomBook(random, 3),
+                         second = RandomBook(random, 20), third = RandomBook(random, 20);
+    const auto at = [](const std::u16string& before, const std::u16string& part) {
+        return static_cast<TextPos>(before.size() + part.size() / 2);
+    };
+    const std::vector<TextPos> places = {at(u"", first), at(first, verse),
+                                         at(first + verse, second)};
+    SUBCASE("when its own has gone") {
+        std::vector<TextPos> all = places;
+        all.push_back(at(first + verse + second + verse, third));
+        const auto found =
+            Found(first + verse + second + verse + third, first + second + verse + third, all);
+        CHECK_FALSE(found[1].certain);
+        CHECK(found[2].certain);
+        CHECK(found[3].certain);
+    }
+    SUBCASE("and a passage that was moved is") {
+        std::vector<TextPos> all = places;
+        all.push_back(at(first + verse + second, third));
+        const auto found =
+            Found(first + verse + second + third, first + second + verse + third, all);
+        for (const FoundPlace& each : found)
+            CHECK(each.certain);
+        CHECK(found[1].position == at(first + second, verse));
+    }
+}
+
 TEST_CASE("find places: a few of them alone in a short text") {
     const std::u16string before = u"One evening the lamp went out. The keeper climbed the stairs.";
     const TextPos keeper = 35;

@@ -8,7 +8,9 @@
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <new>
+#include <utility>
 
 namespace {
 void OpenByDialog(TestForm& test, const std::u16string& path, int filterIndex) {
@@ -279,6 +281,47 @@ TEST_CASE("open: an HTML book without an HTML view is told, and the shown book s
           u"/b/p.htm\r\nThis program has no view for HTML books.");
     CHECK(test.View().TextRange(0, 9) == u"shown");
     CHECK(test.Menu().mFileEdit[0].tag == u"0"); // the kind of the book that stays
+}
+
+TEST_CASE("open: a file is looked into once, whichever way its book is opened") {
+    TestForm test;
+    test.PutBook(u"/b/one.txt", NumberedLines(100));
+    test.PutBook(u"/b/two.txt", NumberedLines(200));
+    test.PutBook(u"/b/page.htm", "<p>Once upon a time.");
+    const auto readings = [](TestForm& form, const std::u16string& path) {
+        return std::ranges::count(std::exchange(form.Files().readCalls, {}), path);
+    };
+    const auto opened = [&](const std::u16string& path) {
+        OpenBook(test.form, path);
+        return readings(test, path);
+    };
+    REQUIRE(test.Start());
+    CHECK(opened(u"/b/one.txt") == 1);
+    CHECK(opened(u"/b/page.htm") == 1);
+    CHECK(opened(u"/b/two.txt") == 1);
+    CHECK(opened(u"/b/one.txt") == 1); // of the list
+    test.Menus().Click(test.Menu().mFileList, 1);
+    CHECK(readings(test, u"/b/two.txt") == 1);
+    test.Menus().Click(test.Menu().mViewRefresh);
+    CHECK(readings(test, u"/b/two.txt") == 1);
+    const std::string bytes = test.Files().Bytes(u"/b/two.txt");
+    test.Files().Remove(u"/b/two.txt");
+    test.PutBook(u"/b/moved.txt", bytes);
+    CHECK(opened(u"/b/moved.txt") == 1);
+    CHECK(test.Order().size() == 3);
+    test.Close();
+    readings(test, u"");
+
+    TestForm next(test);
+    REQUIRE(next.Start());
+    CHECK(readings(next, u"/b/moved.txt") == 1);
+    next.Close();
+    TestForm withBook(next);
+    withBook.form.ports.launch.commandLine = u"/b/one.txt";
+    readings(withBook, u"");
+    REQUIRE(withBook.Start());
+    CHECK(readings(withBook, u"/b/one.txt") == 1);
+    CHECK(withBook.form.book.path == u"/b/one.txt");
 }
 
 TEST_CASE("open: the look of a record is shown as set") {

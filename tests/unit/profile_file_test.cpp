@@ -232,6 +232,22 @@ TEST_CASE("profile file: replacing whole sections") {
     }
 }
 
+TEST_CASE("profile file: an empty section goes with its header") {
+    const auto without = [](std::string_view bytes, std::u16string_view section) {
+        ProfileFile file = Parse(bytes);
+        file.RemoveEmptySection(section);
+        file.SetValue(u"last", u"k", u"2"); // still found where it is
+        return file.ToBytes();
+    };
+    CHECK(without("[a]\r\n\r\n[last]\r\nk=1\r\n", u"A") == "[last]\r\nk=2\r\n");
+    CHECK(without("[first]\r\n[a]\r\n[last]\r\nk=1\r\n", u"a") == "[first]\r\n[last]\r\nk=2\r\n");
+    CHECK(without("[last]\r\nk=1\r\n[a]", u"a") == "[last]\r\nk=2\r\n");
+    for (const std::string_view kept :
+         {"[a]\r\nb=1\r\n[last]\r\nk=2\r\n", "[a]\r\n;mine\r\n[last]\r\nk=2\r\n",
+          "[a]\r\nword\r\n[last]\r\nk=2\r\n", "[last]\r\nk=2\r\n"})
+        CHECK(without(kept, u"a") == kept);
+}
+
 TEST_CASE("profile file: bytes of any kind") {
     using namespace std::string_literals;
     SUBCASE("a line that is not UTF-8 is read, and stays until its value changes") {

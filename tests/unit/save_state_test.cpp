@@ -3,6 +3,9 @@
 #include "app/book_state.h"
 #include "app/open_book.h"
 
+#include "allocations.h"
+#include "common/utf.h"
+
 #include <doctest/doctest.h>
 
 TEST_CASE("save: place and look go into the record and the data file") {
@@ -115,4 +118,33 @@ TEST_CASE("save: the data file is as it was when a book is left and opened again
     CHECK(second.View().FirstVisibleChar() == test.View().FirstVisibleChar());
     second.Close();
     CHECK(second.DataFile() == left);
+}
+
+TEST_CASE("save: the clock's save is one write, and costs the same for any number of books") {
+    const auto savedAmong = [](int books) {
+        TestForm test;
+        std::string list = "[Default\\mFileList]\r\n";
+        for (int i = 0; i < books; ++i) {
+            const std::string path = "/b/volume " + std::to_string(i) + ".txt";
+            test.PutBook(Utf8ToUtf16(path));
+            list += path + "=2026:01:31:22:15:09=0=Serif=14=0=0=0=0=0=1=0=0=16777215=3=18==1,5\r\n";
+        }
+        test.PutDataFile(list);
+        REQUIRE(test.Start());
+        test.Timer().Tick(60); // of which the last one saves
+        NoneFiles& files = test.Files();
+        files.replaceCalls.clear();
+        files.readCalls.clear();
+        files.existsCalls = files.versionCalls = 0;
+        test.Clock().Advance(std::chrono::minutes(1)); // which the record keeps
+        const AllocationCounter counter;
+        SaveBookState(test.form, 0);
+        CHECK(files.replaceCalls.size() == 1);
+        CHECK(files.readCalls.empty());
+        CHECK(files.existsCalls == 0);
+        CHECK(files.versionCalls < 20);
+        return counter.Counts().count;
+    };
+    const std::size_t few = savedAmong(50);
+    CHECK(savedAmong(5000) <= few + 10);
 }

@@ -57,6 +57,8 @@ class TestForm {
     NoneUpdateCheck& Update() { return static_cast<NoneUpdateCheck&>(*form.ports.updateCheck); }
     NoneVersionInfo& Version() { return static_cast<NoneVersionInfo&>(*form.ports.versionInfo); }
     NoneTimer& Timer() { return static_cast<NoneTimer&>(*form.ports.saveTimer); }
+    NoneTimer& ChangeTimer() { return static_cast<NoneTimer&>(*form.ports.changeTimer); }
+    NoneFileWatch& FileWatch() { return static_cast<NoneFileWatch&>(*form.ports.fileWatch); }
     NoneShell& Shell() { return static_cast<NoneShell&>(*form.ports.shell); }
     NoneRegistry& Registry() { return static_cast<NoneRegistry&>(*form.ports.registry); }
     NoneFiles& Files() { return static_cast<NoneFiles&>(*form.ports.files); }
@@ -71,6 +73,8 @@ class TestForm {
     static Ports PortsAfter(Ports& earlier) {
         Ports ports = MakeNonePorts();
         ports.files = std::move(earlier.files);
+        ports.fileWatch =
+            std::make_unique<NoneFileWatch>(static_cast<NoneFiles&>(*ports.files).changes);
         ports.registry = std::move(earlier.registry);
         return ports;
     }

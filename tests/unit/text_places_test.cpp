@@ -1,57 +1,11 @@
 // Places of the shown text when its file has been changed by another program.
-#include "test_form.h"
+#include "places_form.h"
 
 #include "app/book_state.h"
 #include "app/open_book.h"
 #include "app/view_menu.h"
-#include "common/utf.h"
-#include "tests/unit/text_edits.h"
 
 #include <doctest/doctest.h>
-
-namespace {
-// A book with a page of its own for each place: words that stand nowhere else.
-std::u16string BookText(unsigned seed = 1) {
-    std::mt19937 random(seed);
-    std::u16string text;
-    while (text.size() < 20'000)
-        text += RandomBook(random, 20);
-    return text;
-}
-
-struct Places : TestForm {
-    Places() {
-        PutBook(path, Utf16ToUtf8(text));
-        Start();
-        OpenBook(form, path);
-    }
-    explicit Places(Places& earlier) : TestForm(earlier), text(earlier.text) {}
-
-    void Put(const std::u16string& changed) { Files().EditInPlace(path, Utf16ToUtf8(changed)); }
-    void Define(TextPos start) {
-        View().Select(start, 10);
-        Menus().Open(Menu().mBookmark);
-        Menus().Click(Menu().mBookmarkNew);
-    }
-    void Refresh() { mViewRefresh_Click(form, 0); }
-    std::u16string Section() {
-        const std::string bytes = DataFile();
-        const std::size_t at = bytes.find("[Default\\/b/book.txt]");
-        return at == bytes.npos ? u"" : Utf8ToUtf16(bytes.substr(at));
-    }
-    std::u16string TextAt(TextPos position, TextPos length = 20) {
-        return View().TextRange(position, length);
-    }
-    TextPos Mark(int index) {
-        return ParseMark(Menu().mBookmarkList[static_cast<std::size_t>(index)].tag)->start;
-    }
-
-    static constexpr const char16_t* path = u"/b/book.txt";
-    std::u16string text = BookText();
-};
-
-const std::u16string added = u"A chapter that was not there before. Nobody had missed it.\n\n";
-} // namespace
 
 TEST_CASE("places: the words around them stand in the book's own section") {
     Places test;
@@ -205,57 +159,6 @@ TEST_CASE("places: no bookmark is dropped when nothing is left of the book") {
     test.Refresh();
     for (int i = 1; i <= 5; ++i)
         CHECK(test.Mark(i - 1) == i * 3000);
-}
-
-TEST_CASE("places: a file that changes while it is shown is shown again when it is left alone") {
-    Places test;
-    test.Define(5000);
-    test.View().ScrollLineToTop(9000);
-    const std::u16string words = test.TextAt(5000);
-    const int loads = test.View().loads;
-    const auto changed = Utf16ToUtf8(added + test.text);
-    const auto tick = [&] { test.Timer().Tick(); };
-    SUBCASE("written at once") {
-        test.Files().EditInPlace(Places::path, changed);
-        tick();
-        CHECK(test.View().loads == loads); // perhaps there is more to come
-        tick();
-        CHECK(test.View().loads > loads);
-    }
-    SUBCASE("written little by little") {
-        for (std::size_t i = 1; i <= 5; ++i) {
-            test.Files().EditInPlace(Places::path, changed.substr(0, changed.size() * i / 5));
-            tick();
-        }
-        CHECK(test.View().loads == loads);
-        tick();
-    }
-    SUBCASE("emptied, and left within a character for a while") {
-        for (const std::string_view half : {std::string_view(), std::string_view("caf\xC3")}) {
-            test.Files().EditInPlace(Places::path, half);
-            for (int i = 0; i < 5; ++i)
-                tick();
-            CHECK(test.View().loads == loads);
-        }
-        test.Files().EditInPlace(Places::path, changed);
-        tick();
-        tick();
-    }
-    SUBCASE("gone for a moment, as some editors save") {
-        test.Files().Remove(Places::path);
-        tick();
-        tick();
-        CHECK(test.View().loads == loads);
-        test.Files().AddFile(Places::path, changed);
-        tick();
-        tick();
-    }
-    CHECK(test.TextAt(test.Mark(0)) == words);
-    const int shown = test.View().loads;
-    tick();
-    tick();
-    CHECK(test.View().loads == shown);
-    CHECK(test.Dialogs().messages.empty());
 }
 
 TEST_CASE("places: those of a record from an older version stay as they are") {

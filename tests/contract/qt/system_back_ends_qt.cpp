@@ -1,6 +1,9 @@
-// Clipboard, timer, registry, locale and version information on Qt, and in memory.
+// Clipboard, timer, file watch, registry, locale and version information on Qt, and in memory.
+#include "common/utf.h"
+#include "platform/posix/posix_paths.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/system/qt_clipboard.h"
+#include "platform/qt/system/qt_file_watch.h"
 #include "platform/qt/system/qt_locale.h"
 #include "platform/qt/system/qt_registry.h"
 #include "platform/qt/system/qt_timer.h"
@@ -63,6 +66,40 @@ class QtTimerUnderTest final : public TimerUnderTest {
     QtTimer timer_;
 };
 
+class QtFileWatchUnderTest final : public FileWatchUnderTest {
+  public:
+    QtFileWatchUnderTest() { std::filesystem::create_directory(Folder()); }
+    FileWatch& Port() override { return watch_; }
+    FileWatch& OtherPort() override { return other_; }
+    std::u16string Path(const std::u16string& name) override {
+        return PathFromNative(Folder()) + u'/' + name;
+    }
+    void Write(const std::u16string& path, std::string_view bytes) override {
+        std::ofstream(Utf16ToUtf8(path), std::ios::binary) << bytes;
+    }
+    void Replace(const std::u16string& path, std::string_view bytes) override {
+        Write(path + u"~", bytes);
+        std::filesystem::rename(Utf16ToUtf8(path + u"~"), Utf16ToUtf8(path));
+    }
+    void Remove(const std::u16string& path) override { std::filesystem::remove(Utf16ToUtf8(path)); }
+    bool Becomes(const std::function<bool()>& condition) override { return ::Becomes(condition); }
+    std::u16string LinkTo(const std::u16string& path) override {
+        std::filesystem::create_directory(folder_.path + "/elsewhere");
+        const std::string link = folder_.path + "/elsewhere/link.txt";
+        std::filesystem::create_symlink(Utf16ToUtf8(path), link);
+        return PathFromNative(link);
+    }
+    bool RenameFolder() override {
+        std::filesystem::rename(Folder(), folder_.path + "/renamed");
+        return true;
+    }
+
+  private:
+    std::string Folder() const { return folder_.path + "/books"; }
+    TemporaryFolder folder_;
+    QtFileWatch watch_, other_;
+};
+
 class QtRegistryUnderTest final : public RegistryUnderTest {
   public:
     Registry& Port() override { return registry_; }
@@ -123,6 +160,11 @@ std::vector<BackEnd<ClipboardUnderTest>> ClipboardBackEnds() {
 std::vector<BackEnd<TimerUnderTest>> TimerBackEnds() {
     return {MakeBackEnd<TimerUnderTest, NoneTimerUnderTest>("none"),
             MakeBackEnd<TimerUnderTest, QtTimerUnderTest>("qt")};
+}
+
+std::vector<BackEnd<FileWatchUnderTest>> FileWatchBackEnds() {
+    return {MakeBackEnd<FileWatchUnderTest, NoneFileWatchUnderTest>("none"),
+            MakeBackEnd<FileWatchUnderTest, QtFileWatchUnderTest>("qt")};
 }
 
 std::vector<BackEnd<RegistryUnderTest>> RegistryBackEnds() {
