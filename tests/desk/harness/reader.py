@@ -22,6 +22,8 @@ NOISE = (
     "QXcbWindow::setNetWmStateOnUnmappedWindow() called on mapped window",
     # And of a key, when a screen reader's bus takes longer than a tenth of a second.
     "QSpiApplication::keyEventError",
+    # Qt on Wayland, when the compositor tells of a window that has just been closed.
+    "Ignoring unexpected wl_keyboard.leave event",
     # Wine's dialog of files, for a drive that is a folder.
     "wine: Read access denied for device",
     # A process of Wine's services, in the ntoskrnl.exe of Wine 8.0, as a busy machine starts it.
