@@ -3,6 +3,7 @@
 
 #include "books/book_record.h"
 
+#include <cstdint>
 #include <string>
 
 struct MainForm;

@@ -162,11 +162,17 @@ void PaneTextView::SetRightMargin(int twips) {
 }
 
 void PaneTextView::SetMaxLineLength(int letters) {
+    const bool before = Pane().Style().maxLineLength > 0, now = letters > 0;
     ChangeStyle(Pane(), [&](ViewStyle& style) { style.maxLineLength = letters; });
+    if (before != now && HasText())
+        Announce(now ? u"Lines stand in a column." : u"Lines take the whole width.");
 }
 
 void PaneTextView::SetUnwrapped(bool on) {
+    const bool before = Pane().Style().unwrapped;
     ChangeStyle(Pane(), [&](ViewStyle& style) { style.unwrapped = on; });
+    if (before != on && HasText())
+        Announce(on ? u"Lines flow on as paragraphs." : u"Lines end as in the file.");
 }
 
 void PaneTextView::SetPlaceholder(const Placeholder& placeholder) {

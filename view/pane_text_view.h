@@ -53,6 +53,8 @@ class PaneTextView : public TextView {
 
   protected:
     virtual TextPane& Pane() const = 0;
+    // To screen readers only: what has changed on the screen and in no character or place.
+    virtual void Announce(std::u16string_view) {}
     // What Find finds. `goesOn` is asked again and again and ends the search when it says no.
     TextPos FindWhile(std::u16string_view what, TextPos start, FindOptions options,
                       const std::function<bool()>& goesOn) const;
@@ -60,4 +62,5 @@ class PaneTextView : public TextView {
   private:
     void SetDocument(Document document, bool plain);
     void ResetFormatting();
+    bool HasText() const { return TextLength() > 0; }
 };

@@ -22,7 +22,9 @@ int main(int argc, char** argv) {
     FontconfigLoader fontconfig;
     const QApplication application(argc, argv);
     fontconfig.Finish();
-    QGuiApplication::setDesktopFileName(QStringLiteral("norvaset"));
+    // In a Flatpak the desktop entry is called after the application's id.
+    QGuiApplication::setDesktopFileName(
+        qEnvironmentVariable("FLATPAK_ID", QStringLiteral("norvaset")));
     const ColorScheme colorScheme;
     MainForm form(MakeQtPorts(argc, argv, activation));
     return Form_Load(form) ? QApplication::exec() : 0;

@@ -22,7 +22,8 @@ class Accessible(HtmlStory):
         cls.listener = eyes.ScreenReader(cls.screen)
         cls.listener.listen("object:text-caret-moved", "object:text-selection-changed",
                             "object:text-changed", "object:state-changed:focused",
-                            "object:property-change:accessible-name")
+                            "object:property-change:accessible-name",
+                            "object:property-change:accessible-description")
 
     @classmethod
     def tearDownClass(cls):
@@ -108,6 +109,48 @@ class Accessible(HtmlStory):
         self.hear("object:state-changed:focused", 1)
         wait_for(lambda: view.get_name() == caption, "the text to be called by its caption")
         self.assertIn("focused", eyes.states(view))
+        program.close()
+
+    def test_keys_that_change_the_lines_are_announced(self):
+        program, view, _ = self.book("lanterns.txt", books.lines("latin", 200))
+        self.assertEqual(view.get_description(), "")
+        for key, announced in (("ctrl+shift+m", "Lines take the whole width."),
+                               ("ctrl+shift+m", "Lines stand in a column."),
+                               ("ctrl+shift+u", "Lines flow on as paragraphs."),
+                               ("ctrl+shift+u", "Lines end as in the file.")):
+            self.listener.heard()
+            program.key(key)
+            self.hear("object:property-change:accessible-description")
+            wait_for(lambda: view.get_description() == announced, announced)
+        self.go_to(program, "Escape")  # what was said once is not said again
+        wait_for(lambda: view.get_description() == "", "the announcement to be over")
+        program.close()
+
+    def go_to(self, program, *keys):
+        """The dialog, which the keys close."""
+        program.key("ctrl+g")
+        dialog = self.listener.window(program.process, "Go To")
+        found = {role: eyes.find(dialog, role).get_name() for role in ("spin button", "text", "list")}
+        program.key(*keys)
+        wait_for(program.is_active, "the window to have the keyboard")
+        return found
+
+    def test_the_place_to_go_to_is_asked_for_by_names(self):
+        program, view, text = self.book(
+            "lanterns.txt", ["The quay", "", ""] + books.lines("latin", 30)
+            + ["", "", "CHAPTER II", ""] + books.lines("cyrillic", 30))
+        named = self.go_to(program, "alt+h", "I", "I", "Return")
+        self.assertEqual(named, {"spin button": "Per cent of the book:",
+                                 "text": "Heading (type a part of it):", "list": "List of headings:"})
+        wait_for(lambda: view.get_caret_offset() == text.index("CHAPTER II"), "the chapter")
+        program.close()
+
+    def test_the_empty_window_says_how_to_open_a_book(self):
+        program = self.reader().start()
+        self.assertEqual(self.accessible_text(program).get_name(),
+                         "Open a book with Ctrl+O, or drop it here. Read the welcome book (Enter)")
+        program.key("Return")
+        wait_for(lambda: self.accessible_text(program).get_character_count() > 0, "the welcome book")
         program.close()
 
     def test_another_book_is_announced(self):

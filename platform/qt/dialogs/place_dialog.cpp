@@ -18,6 +18,7 @@ constexpr int listColumns = 50, listRows = 14; // of average characters and line
 QLabel* LabelOf(const QString& text, QWidget* field) {
     auto* label = new QLabel(text);
     label->setBuddy(field);
+    field->setAccessibleName(QString(text).remove(QLatin1Char('&'))); // of a list not the buddy's
     return label;
 }
 

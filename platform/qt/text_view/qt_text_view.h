@@ -35,6 +35,7 @@ class QtTextView : public PaneTextView {
 
   protected:
     TextPane& Pane() const override;
+    void Announce(std::u16string_view) override;
 
   private:
     QPointer<TextWidget> widget_; // null once the parent has deleted it

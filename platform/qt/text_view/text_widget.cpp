@@ -83,6 +83,12 @@ void TextWidget::focusInEvent(QFocusEvent* event) {
         Notify(QAccessibleEvent(this, QAccessible::Focus));
 }
 
+void TextWidget::focusOutEvent(QFocusEvent* event) {
+    PaneWidget::focusOutEvent(event);
+    // What was announced is not said again when the focus returns.
+    if (!accessibleDescription().isEmpty()) setAccessibleDescription({});
+}
+
 void TextWidget::timerEvent(QTimerEvent* event) {
     if (event->timerId() == visibleDataTimer_.timerId()) return NotifyVisibleDataChanged();
     PaneWidget::timerEvent(event);

@@ -19,6 +19,7 @@ class TextWidget : public PaneWidget {
     bool OnPress(Point point) override;
     void timerEvent(QTimerEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
   private:
     void OnTextChanging() override;

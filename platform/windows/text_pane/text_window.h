@@ -13,6 +13,7 @@ class TextWindow final : public PaneHost {
     static TextWindow* Of(HWND window); // null for another window
     TextPane& Pane() { return pane_; }
     ComPtr<TextProvider> Accessible() { return accessibility_.Provider(Handle()); }
+    void Announce(const std::wstring& text) { accessibility_.Announce(text); }
 
     std::function<void()> onPlaceholderLink;
 

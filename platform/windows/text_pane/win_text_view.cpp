@@ -56,6 +56,10 @@ void WinTextView::FocusView() {
     ::SetFocus(Handle());
 }
 
+void WinTextView::Announce(std::u16string_view text) {
+    text_->Announce(ToWide(text));
+}
+
 // What the window is called where it is read aloud.
 void WinTextView::SetName(std::u16string_view name) {
     SetWindowTextW(Handle(), ToWide(name).c_str());

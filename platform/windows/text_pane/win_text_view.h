@@ -29,6 +29,7 @@ class WinTextView : public PaneTextView {
 
     TextPane& Pane() const override { return text_->Pane(); }
     ComPtr<TextProvider> Accessible() { return text_->Accessible(); }
+    void Announce(std::u16string_view) override;
 
   private:
     std::unique_ptr<TextWindow> text_;

@@ -18,11 +18,16 @@ SKIPPED = 77  # exit code: ctest counts the test as skipped
 
 class Story(unittest.TestCase):
     window_manager = OPENBOX
+    kind_of_reader = Reader
 
     @classmethod
     def setUpClass(cls):
         cls.screen_folder = _open_folder()
-        cls.screen = Screen(cls.screen_folder, cls.window_manager)
+        cls.screen = cls.make_screen(cls.screen_folder)
+
+    @classmethod
+    def make_screen(cls, folder):
+        return Screen(folder, cls.window_manager)
 
     @classmethod
     def tearDownClass(cls):
@@ -57,13 +62,16 @@ class Story(unittest.TestCase):
         self.picture_kept = True
         os.makedirs(FAILURES, exist_ok=True)
         path = os.path.join(FAILURES, self.id().removeprefix("__main__.") + ".png")
-        keep(self.screen, "root", path)
+        self.take_picture(path)
         print("the screen of this failure:", path, file=sys.stderr)
+
+    def take_picture(self, path):
+        keep(self.screen, "root", path)
 
     def reader(self, name="program", **options):
         folder = os.path.join(self.folder, name)
         os.mkdir(folder)
-        self.readers.append(Reader(self.screen, folder, **options))
+        self.readers.append(self.kind_of_reader(self.screen, folder, **options))
         return self.readers[-1]
 
     def path(self, name):

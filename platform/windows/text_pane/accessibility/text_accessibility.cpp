@@ -1,5 +1,6 @@
 #include "platform/windows/text_pane/accessibility/text_accessibility.h"
 
+#include "platform/windows/base/com_values.h"
 #include "platform/windows/text_pane/accessibility/uia_library.h"
 
 const ComPtr<TextProvider>& TextAccessibility::Provider(HWND window) {
@@ -16,11 +17,22 @@ std::optional<LRESULT> TextAccessibility::AnswerGetObject(HWND window, WPARAM wP
     return library.ReturnProvider(window, wParam, lParam, Provider(window).Get());
 }
 
-void TextAccessibility::Raise(EVENTID event) {
-    if (!provider_) return;
+bool TextAccessibility::IsHeard() const {
+    if (!provider_) return false;
     const UiaLibrary& library = UiaLibrary::Get();
-    if (library.RaiseEvent && library.ClientsAreListening && library.ClientsAreListening())
-        library.RaiseEvent(provider_.Get(), event);
+    return library.ClientsAreListening && library.ClientsAreListening();
+}
+
+void TextAccessibility::Raise(EVENTID event) {
+    const auto raise = IsHeard() ? UiaLibrary::Get().RaiseEvent : nullptr;
+    if (raise) raise(provider_.Get(), event);
+}
+
+void TextAccessibility::Announce(const std::wstring& text) {
+    const auto raise = IsHeard() ? UiaLibrary::Get().RaiseNotification : nullptr;
+    if (!raise) return;
+    const Bstr said(text), activity(L"lines"); // of one activity the last is said
+    raise(provider_.Get(), uia::actionCompleted, uia::mostRecent, said.Get(), activity.Get());
 }
 
 void TextAccessibility::Disconnect() {

@@ -4,6 +4,7 @@
 #include "platform/windows/text_pane/accessibility/text_provider.h"
 
 #include <optional>
+#include <string>
 
 class TextAccessibility {
   public:
@@ -18,10 +19,12 @@ class TextAccessibility {
     std::optional<LRESULT> AnswerGetObject(HWND window, WPARAM wParam, LPARAM lParam);
     void OnTextChanged() { Raise(uia::textChanged); }
     void OnSelectionChanged() { Raise(uia::selectionChanged); }
+    void Announce(const std::wstring& text);
     // When the window goes: what screen readers still hold answers nothing more.
     void Disconnect();
 
   private:
+    bool IsHeard() const;
     void Raise(EVENTID event);
 
     TextPane& pane_;

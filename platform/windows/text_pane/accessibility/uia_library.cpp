@@ -11,6 +11,7 @@ UiaLibrary Load() {
     FindFunction(library, "UiaDisconnectProvider", uia.Disconnect);
     FindFunction(library, "UiaClientsAreListening", uia.ClientsAreListening);
     FindFunction(library, "UiaRaiseAutomationEvent", uia.RaiseEvent);
+    FindFunction(library, "UiaRaiseNotificationEvent", uia.RaiseNotification);
     FindFunction(library, "UiaGetReservedMixedAttributeValue", uia.MixedValue);
     FindFunction(library, "UiaGetReservedNotSupportedValue", uia.NotSupportedValue);
     return uia;

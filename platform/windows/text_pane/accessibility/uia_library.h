@@ -10,6 +10,9 @@ struct UiaLibrary {
     HRESULT(WINAPI* Disconnect)(IRawElementProviderSimple*) = nullptr; // since Windows 8
     BOOL(WINAPI* ClientsAreListening)() = nullptr;
     HRESULT(WINAPI* RaiseEvent)(IRawElementProviderSimple*, EVENTID) = nullptr;
+    HRESULT(WINAPI* RaiseNotification)
+    (IRawElementProviderSimple*, int kind, int processing, BSTR text,
+     BSTR activity) = nullptr; // since Windows 10, 1709
     HRESULT(WINAPI* MixedValue)(IUnknown**) = nullptr;
     HRESULT(WINAPI* NotSupportedValue)(IUnknown**) = nullptr;
 

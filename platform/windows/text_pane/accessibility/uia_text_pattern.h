@@ -108,5 +108,6 @@ constexpr TEXTATTRIBUTEID backgroundColor = 40001, fontName = 40005, fontSize = 
                           underlineStyle = 40030;
 constexpr HRESULT elementNotAvailable = static_cast<HRESULT>(0x80040201);
 constexpr HRESULT invalidOperation = static_cast<HRESULT>(0x80131509);
-constexpr LONG rootObject = -25; // in WM_GETOBJECT
+constexpr LONG rootObject = -25;                   // in WM_GETOBJECT
+constexpr int actionCompleted = 2, mostRecent = 3; // kind and processing of a notification
 } // namespace uia
