@@ -52,8 +52,8 @@ void TellWhyItEnds(MainForm& form, const std::u16string& text) {
     form.ports.dialogs->ShowMessage(BookMessage(form.messages, text, "trouble"));
 }
 
-// A second program of this user hands its book to the first one, which is on the screen, and ends
-// without a word. A first one that is just ending makes place for it.
+// A second instance hands its book to the first one, which comes to the front, and exits without a
+// message. A first instance that is exiting lets the second one take over.
 bool Claim(MainForm& form) {
     constexpr int patience = 3000, betweenAttempts = 50; // milliseconds
     const std::u16string& title = form.messages.productTitle;
@@ -88,7 +88,7 @@ bool Form_Load(MainForm& form) {
     form.dataFile = OpenDataFile(form);
     ReadDataFile(form);
     {
-        // A flush to the disk can take as long as all the rest: one for what start-up writes.
+        // A flush to disk can take as long as the rest of start-up: all its writes share one.
         IniBatch oneWrite(*form.dataFile);
         SetUpMenus(form.menu);
         ShowShortcuts(form);

@@ -1,4 +1,4 @@
-// What the steps of the bidirectional algorithm give on to each other; for bidi_levels.cpp.
+// The state that the steps of the bidirectional algorithm share; for bidi_*.cpp.
 #pragma once
 
 #include "common/bidi_levels.h"

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 namespace {
 constexpr Color black = 0x000000, white = 0xFFFFFF;
@@ -15,6 +16,13 @@ double Linear(Color component) {
 
 double Luminance(Color color) {
     return 0.2126 * Linear(color) + 0.7152 * Linear(color >> 8) + 0.0722 * Linear(color >> 16);
+}
+
+// From 0 to 255, as the eye weighs the components.
+int Brightness(Color color) {
+    const int red = int(color & 0xFF), green = int(color >> 8 & 0xFF),
+              blue = int(color >> 16 & 0xFF);
+    return (red * 11 + green * 16 + blue * 5) / 32;
 }
 
 bool IsGrey(Color color) {
@@ -37,6 +45,11 @@ double Contrast(Color a, Color b) {
 
 bool IsReadable(Color text, Color background) {
     return Contrast(text, background) >= readable;
+}
+
+bool CanBeSeen(Color line, Color background) {
+    constexpr int least = 80; // of a difference in brightness
+    return std::abs(Brightness(line) - Brightness(background)) >= least;
 }
 
 Color LegibleOn(Color background) {

@@ -14,5 +14,5 @@ struct KeyCombination {
 
 // The display text of a combination, for example "Ctrl+F".
 std::u16string ShortcutText(const KeyCombination&);
-// The same of one written as "keycode.shift": 70.2 gives "Ctrl+F".
+// The display text of a combination stored as "keycode.shift": "70.2" gives "Ctrl+F".
 std::u16string GetShortcutText(std::u16string_view keyAndShift);

@@ -11,10 +11,9 @@ using ListLines = std::vector<std::u16string>;
 std::u16string_view KeyOfLine(std::u16string_view line); // what stands before the first "="
 std::u16string_view WholeLine(std::u16string_view line); // the line itself
 
-// What becomes of a list that the file held as `base` when this program last read or wrote it, that
-// this program has made into `ours` and another one into `theirs`. Lines and order are ours, but
-// for what only the other one has changed; lines that are new in theirs stand behind the first.
-// What the other one has taken out stays, so that nothing is lost; what this one has taken out
-// goes.
+// A three-way merge: `base` is the list as this program last read or wrote it, `ours` what this
+// program has made of it, `theirs` what another program has. Lines and order are ours, but for
+// lines that only the other one has changed; its new lines are inserted after the first. What it
+// removed stays, so that nothing is lost; what we removed is removed.
 ListLines MergedList(const ListLines& base, const ListLines& ours, const ListLines& theirs,
                      std::u16string_view (*keyOf)(std::u16string_view));

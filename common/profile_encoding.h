@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-// The byte order of UTF-16, known by its mark or, without one, by the zeros that ASCII brings:
-// every profile file is full of it. None for all else.
+// The byte order of a file in UTF-16, by its byte-order mark or, without one, by the zero bytes of
+// its ASCII characters, of which every profile file has many. None for other encodings.
 std::optional<ByteOrder> Utf16OrderOf(std::string_view bytes);
 
 // Without the mark; half a unit at the end is left out.

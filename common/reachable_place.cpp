@@ -13,7 +13,7 @@ constexpr int maxExtent = 16384; // beyond it X11 and the drawing buffers give u
 constexpr double minWidth = 160, minHeight = 100;
 constexpr double titleHeight = 30;
 constexpr double margin = 8; // at the screen's edges, for a frame that the window does not know of
-constexpr double gripWidth = 80, gripHeight = 12; // of the title, for a hand
+constexpr double gripWidth = 80, gripHeight = 12; // of the title bar, to drag it by
 
 Rect Common(const Rect& a, const Rect& b) {
     const int left = std::max(a.left, b.left), top = std::max(a.top, b.top);

@@ -1,4 +1,4 @@
-// Where a window is shown whose rectangle no hand could reach.
+// Moves the rectangle of a window to where the user can reach it.
 #pragma once
 
 #include "common/geometry.h"
@@ -6,9 +6,9 @@
 #include <optional>
 #include <vector>
 
-// The rectangle as it is where the window can be taken by its title on one of the screens and is
-// not tiny; else one near it that can. `screens`: the areas that are free for windows. `scale`: how
-// many pixels stand for one at 96 dpi. The extents are those that window systems can draw.
+// The rectangle itself when the window could be dragged by its title bar on one of the screens and
+// is not tiny; else the nearest one of which that holds. Clamped to the sizes that window systems
+// support. `screens`: their work areas. `scale`: device pixels for each pixel at 96 dpi.
 Rect ReachablePlace(const Rect& asked, const std::vector<Rect>& screens, double scale);
 
 // A rectangle that was asked for and what the window has instead. It stands for the window's own

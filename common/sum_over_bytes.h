@@ -1,4 +1,4 @@
-// Counting something in bytes at the speed of the memory.
+// A sum over bytes that compilers vectorise.
 #pragma once
 
 #include <algorithm>
@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <string_view>
 
-// The sum of weight(at) for each byte, `at` pointing to it; no weight is above 2. Many are added at
-// once: a sum of its own for each of 32 neighbours, which is taken before it can overflow.
+// The sum of weight(at) over all bytes; `at` points to the byte, and the weight is at most 2. There
+// are 32 partial sums of a byte each, added to the total before they can overflow.
 template <class Weight>
 std::size_t SumOverBytes(std::string_view bytes, Weight weight) {
     constexpr std::size_t lanes = 32, maxRounds = 127;

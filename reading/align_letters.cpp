@@ -6,7 +6,8 @@
 namespace {
 constexpr int unreachable = 1 << 20;
 
-// The best way to one column of a row: its cost, and where and at what cost it passed the place.
+// The cheapest alignment up to a cell of the table: its cost, and the column and the cost at which
+// it passed the place.
 struct Way {
     int cost = unreachable;
     int split = -1, costAtSplit = 0;
@@ -17,7 +18,8 @@ Way Longer(Way way, int cost) {
     return way;
 }
 
-// Rows are letters, columns those of the stretch; only columns near the diagonal are looked at.
+// The table of the edit distance: a row for each letter, a column for each letter of the stretch,
+// of which only a band around the diagonal is computed.
 class Table {
   public:
     Table(std::u16string_view letters, std::size_t split, std::u16string_view stretch,

@@ -1,4 +1,4 @@
-// How well the letters around a place fit a stretch of a text, and where the place is in it.
+// Alignment of the letters around a place with a stretch of text, by their edit distance.
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,4 @@
-// Reading with the hands free: the text moves up by itself.
+// Automatic scrolling.
 #pragma once
 
 struct AutoScroll {
@@ -9,8 +9,8 @@ struct AutoScroll {
 
 constexpr int maxScrollSpeed = 11;
 
-// How a speed is carried out on a screen of that resolution: a step of pixels, every so many
-// milliseconds. Steps are single pixels as long as a screen can show each.
+// A step of some pixels at each tick of a timer, whose interval is in milliseconds. Steps are
+// single pixels as long as a screen's refresh rate can show each.
 struct ScrollStep {
     int pixels = 1, interval = 16;
     bool operator==(const ScrollStep&) const = default;

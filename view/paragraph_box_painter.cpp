@@ -1,6 +1,6 @@
 #include "view/paragraph_box_painter.h"
 
-#include "view/contrast.h"
+#include "common/contrast.h"
 
 namespace {
 Rect BoxRect(const ParagraphLayout& paragraph, Point origin) {

@@ -1,5 +1,5 @@
 // Painting, the blinking caret and the scroll bars of a text pane.
-#include "view/contrast.h"
+#include "common/contrast.h"
 #include "view/text_painter.h"
 #include "view/text_pane.h"
 

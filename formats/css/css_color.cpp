@@ -10,12 +10,6 @@ namespace {
 
 using Kind = CssToken::Kind;
 
-int HexValue(char16_t unit) {
-    if (unit >= u'0' && unit <= u'9') return unit - u'0';
-    const char16_t lower = unit | 0x20;
-    return lower >= u'a' && lower <= u'f' ? lower - u'a' + 10 : -1;
-}
-
 std::uint8_t Part(float value) { // of 255
     return static_cast<std::uint8_t>(std::lround(std::clamp(value, 0.0f, 255.0f)));
 }
@@ -27,7 +21,8 @@ std::optional<CssColor> FromHex(std::u16string_view digits) {
     const std::size_t each = digits.size() > 4 ? 2 : 1;
     std::array<std::uint8_t, 4> parts{0, 0, 0, 255};
     for (std::size_t i = 0; i * each < digits.size(); ++i) {
-        const int high = HexValue(digits[i * each]), low = HexValue(digits[i * each + each - 1]);
+        const int high = HexDigitOf(digits[i * each]),
+                  low = HexDigitOf(digits[i * each + each - 1]);
         if (high < 0 || low < 0) return std::nullopt;
         parts[i] = static_cast<std::uint8_t>(high * 16 + low);
     }
@@ -132,7 +127,7 @@ std::optional<CssColor> HtmlColor(std::u16string_view text) {
     }
     if (digits[0] == u'#') digits.erase(0, 1);
     for (char16_t& unit : digits)
-        if (HexValue(unit) < 0) unit = u'0';
+        if (HexDigitOf(unit) < 0) unit = u'0';
     while (digits.empty() || digits.size() % 3 != 0)
         digits += u'0';
     std::size_t length = digits.size() / 3;
@@ -146,8 +141,8 @@ std::optional<CssColor> HtmlColor(std::u16string_view text) {
         --length;
     }
     const auto value = [&](const std::u16string& part) {
-        const int first = HexValue(part[0]);
-        return static_cast<std::uint8_t>(length > 1 ? first * 16 + HexValue(part[1]) : first);
+        const int first = HexDigitOf(part[0]);
+        return static_cast<std::uint8_t>(length > 1 ? first * 16 + HexDigitOf(part[1]) : first);
     };
     return CssColor{value(parts[0]), value(parts[1]), value(parts[2]), 255};
 }

@@ -1,6 +1,7 @@
 // Whether the conditions of a compound hold at the element that is being opened.
 #include "formats/css/css_matcher.h"
 
+#include "formats/css/css_limits.h"
 #include "formats/css/css_tokenizer.h"
 
 #include <algorithm>
@@ -10,22 +11,7 @@ namespace {
 using Kind = CssCondition::Kind;
 
 bool Equal(std::u16string_view a, std::u16string_view b, bool ignoreCase) {
-    if (!ignoreCase) return a == b;
-    return std::ranges::equal(a, b, [](char16_t x, char16_t y) {
-        const auto lower = [](char16_t u) { return u >= u'A' && u <= u'Z' ? char16_t(u | 32) : u; };
-        return lower(x) == lower(y);
-    });
-}
-
-bool HasWord(std::u16string_view text, std::u16string_view word, bool ignoreCase) {
-    for (std::size_t at = 0; at < text.size();) {
-        const std::size_t start = at;
-        while (at < text.size() && !IsCssSpace(text[at]))
-            ++at;
-        if (at > start && Equal(text.substr(start, at - start), word, ignoreCase)) return true;
-        ++at;
-    }
-    return false;
+    return ignoreCase ? EqualsIgnoringAsciiCase(a, b) : a == b;
 }
 
 bool IsOrStarts(std::u16string_view text, std::u16string_view start, bool ignoreCase) {
@@ -43,7 +29,7 @@ bool Compare(Kind kind, std::u16string_view text, std::u16string_view value, boo
     if (value.empty() && kind != Kind::AttributeIs && kind != Kind::AttributeDash) return false;
     switch (kind) {
     case Kind::AttributeIs: return Equal(text, value, ignoreCase);
-    case Kind::AttributeWord: return HasWord(text, value, ignoreCase);
+    case Kind::AttributeWord: return HasCssWord(text, value, ignoreCase);
     case Kind::AttributeDash: return IsOrStarts(text, value, ignoreCase);
     case Kind::AttributeStart: return Equal(text.substr(0, value.size()), value, ignoreCase);
     case Kind::AttributeEnd:
@@ -62,9 +48,15 @@ bool CssMatcher::AttributeHolds(const CssIndexedCondition& condition) {
     if (name == HtmlName::None) return false;
     const HtmlAttribute* attribute = element_.node->Attribute(name);
     if (!attribute || condition.condition.kind == Kind::HasAttribute) return attribute;
-    constexpr std::uint32_t unitsOfStep = 16;
-    steps_ += attribute->length / unitsOfStep;
-    return Compare(condition.condition.kind, attribute->Value(), condition.value,
+    constexpr std::uint64_t unitsOfStep = 16;
+    std::u16string_view text = attribute->Value();
+    steps_ += text.size() / unitsOfStep;
+    if (condition.condition.kind == Kind::AttributePart) {
+        if (condition.value.size() > maxCssPartUnits) return false;
+        text = text.substr(0, maxCssSearchedUnits);
+        steps_ += text.size() * condition.value.size() / unitsOfStep;
+    }
+    return Compare(condition.condition.kind, text, condition.value,
                    condition.condition.caseOf == CssCondition::Case::Ignored);
 }
 

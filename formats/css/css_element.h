@@ -35,3 +35,5 @@ class CssElementReader {
 };
 
 bool IsHtmlLink(const HtmlNode& node);
+// Whether one of the words of an attribute's value is this one.
+bool HasCssWord(std::u16string_view text, std::u16string_view word, bool ignoreCase);

@@ -38,6 +38,10 @@ constexpr std::uint64_t maxCssSteps = 150'000'000;
 // Classes of one element that some rule speaks of, and units of its `class` attribute.
 constexpr std::size_t maxCssClasses = 64;
 constexpr std::size_t maxCssClassUnits = 4096;
+// Of `[a*="..."]`: the longest part that is looked for, and how far into an attribute. A search may
+// compare all of the one at each place of the other.
+constexpr std::size_t maxCssPartUnits = 1024;
+constexpr std::size_t maxCssSearchedUnits = 65'536;
 // Different lists of fonts, and different contents before and behind elements, of a page.
 constexpr std::size_t maxCssLists = 16'384;
 // Units of an old attribute that are looked at: a colour, a number, the names of some fonts.

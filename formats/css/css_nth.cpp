@@ -8,10 +8,6 @@ namespace {
 
 constexpr std::int32_t maxNth = 1'000'000'000; // more than a page has elements
 
-bool IsDigit(char16_t unit) {
-    return unit >= u'0' && unit <= u'9';
-}
-
 std::u16string TextOf(CssTokenStream& tokens) {
     using Kind = CssToken::Kind;
     std::u16string text;
@@ -36,9 +32,9 @@ void SkipBlanks(std::u16string_view& text) {
 
 // -1 without digits.
 std::int32_t TakeDigits(std::u16string_view& text) {
-    if (text.empty() || !IsDigit(text[0])) return -1;
+    if (text.empty() || !IsAsciiDigit(text[0])) return -1;
     std::int64_t value = 0;
-    for (; !text.empty() && IsDigit(text[0]); text.remove_prefix(1))
+    for (; !text.empty() && IsAsciiDigit(text[0]); text.remove_prefix(1))
         value = std::min<std::int64_t>(value * 10 + (text[0] - u'0'), maxNth);
     return static_cast<std::int32_t>(value);
 }

@@ -1,5 +1,6 @@
 #include "formats/css/css_page_sheets.h"
 
+#include "formats/css/css_element.h"
 #include "formats/css/css_media.h"
 #include "formats/css/css_tokenizer.h"
 
@@ -10,24 +11,13 @@ std::u16string_view Value(const HtmlNode& node, HtmlName attribute) {
     return found ? found->Value() : std::u16string_view();
 }
 
-bool HasWord(std::u16string_view words, std::u16string_view word) {
-    for (std::size_t at = 0; at < words.size();) {
-        const std::size_t start = at;
-        while (at < words.size() && !IsCssSpace(words[at]))
-            ++at;
-        if (CssEqual(words.substr(start, at - start), word)) return true;
-        ++at;
-    }
-    return false;
-}
-
 bool IsSheet(const HtmlNode& node) {
     const std::u16string_view type = Value(node, HtmlName::Type);
     if (!type.empty() && !CssEqual(type.substr(0, 8), u"text/css")) return false;
     if (node.Is(HtmlName::Style)) return true;
     const std::u16string_view rel = Value(node, HtmlName::Rel);
-    return node.Is(HtmlName::Link) && HasWord(rel, u"stylesheet") && !HasWord(rel, u"alternate") &&
-           !Value(node, HtmlName::Href).empty();
+    return node.Is(HtmlName::Link) && HasCssWord(rel, u"stylesheet", true) &&
+           !HasCssWord(rel, u"alternate", true) && !Value(node, HtmlName::Href).empty();
 }
 
 } // namespace
@@ -35,8 +25,11 @@ bool IsSheet(const HtmlNode& node) {
 std::vector<CssPageSheet> FindCssSheets(const HtmlTree& tree, const CssMedium& medium) {
     std::vector<CssPageSheet> sheets;
     std::u16string_view chosenTitle;
-    for (HtmlNodeId id = tree.Next(htmlDocumentNode); id; id = tree.Next(id)) {
+    for (HtmlNodeId id = htmlDocumentNode, next = tree.Next(id); next;) {
+        id = next;
         const HtmlNode& node = tree[id];
+        // What stands in a template is of no page.
+        next = node.Is(HtmlName::Template) ? tree.NextBehind(id) : tree.Next(id);
         if ((!node.Is(HtmlName::Style) && !node.Is(HtmlName::Link)) || !IsSheet(node)) continue;
         const std::u16string_view title = Value(node, HtmlName::Title);
         if (chosenTitle.empty()) chosenTitle = title;

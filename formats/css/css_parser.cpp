@@ -17,18 +17,19 @@ class Parser {
         : tokens_(text.substr(0, maxCssUnits)), reading_(reading), sheet_(sheet) {}
 
     void ReadRules(int depth, bool applies);
-    void ReadDeclarations(bool applies);
+    void ReadDeclarations();
 
   private:
     enum class Stop : std::uint8_t { End, Semicolon, OpenCurly, CloseCurly };
     // Tokens from `first` on up to what ends this construct, which is passed.
     Stop Collect(CssToken first, bool semicolonEnds, bool curlyEnds);
     void SkipBlock();
-    void ReadAtRule(const CssToken& keyword, int depth, bool applies);
+    // False for one that ends with the block that it stands in.
+    bool ReadAtRule(const CssToken& keyword, int depth, bool applies);
+    bool ReadRule(const CssToken& first, int depth, bool applies);
     void ReadImport();
-    void ReadRule(const CssToken& first, int depth, bool applies);
     void AddRule(std::span<const CssSelector> selectors, std::size_t firstDeclaration);
-    void ReadDeclaration(bool applies);
+    void ReadDeclaration();
 
     CssTokenizer tokens_;
     const CssReading& reading_;
@@ -80,26 +81,29 @@ void Parser::ReadRules(int depth, bool applies) {
         if (token.Is(Kind::Whitespace)) continue;
         // The marks that hid a sheet from the oldest browsers.
         if (depth == 0 && (token.Is(Kind::Cdo) || token.Is(Kind::Cdc))) continue;
-        if (token.Is(Kind::AtKeyword))
-            ReadAtRule(token, depth, applies);
-        else
-            ReadRule(token, depth, applies);
+        const bool isAtRule = token.Is(Kind::AtKeyword);
+        if (!(isAtRule ? ReadAtRule(token, depth, applies) : ReadRule(token, depth, applies)))
+            return;
     }
 }
 
-void Parser::ReadAtRule(const CssToken& keyword, int depth, bool applies) {
+bool Parser::ReadAtRule(const CssToken& keyword, int depth, bool applies) {
     const bool isMedia = CssEqual(keyword.text, u"media");
     const bool isImport = CssEqual(keyword.text, u"import") && depth == 0;
     const bool isCharset = CssEqual(keyword.text, u"charset");
     const Stop stop = Collect(tokens_.Next(), true, depth > 0);
-    if (isImport && (stop == Stop::Semicolon || stop == Stop::End)) return ReadImport();
+    if (isImport && stop != Stop::OpenCurly) ReadImport();
     // Statements without a block may stand before an @import: @charset, @layer, and the unknown.
     if (!isCharset && stop == Stop::OpenCurly) importsEnded_ = true;
-    if (stop != Stop::OpenCurly) return;
-    if (!isMedia || overflow_ || depth >= maxCssBlockDepth) return SkipBlock();
+    if (stop != Stop::OpenCurly) return stop != Stop::CloseCurly;
+    if (!isMedia || overflow_ || depth >= maxCssBlockDepth) {
+        SkipBlock();
+        return true;
+    }
     const CssMediaAnswer answer = AskCssMedia(CssTokenStream(construct_), reading_.medium);
     sheet_.dependsOnViewport |= answer.dependsOnViewport;
     ReadRules(depth + 1, applies && answer.applies);
+    return true;
 }
 
 void Parser::ReadImport() {
@@ -118,17 +122,22 @@ void Parser::ReadImport() {
     if (answer.applies && !address.empty()) sheet_.imports.emplace_back(address);
 }
 
-void Parser::ReadRule(const CssToken& first, int depth, bool applies) {
+bool Parser::ReadRule(const CssToken& first, int depth, bool applies) {
     importsEnded_ = true;
-    if (Collect(first, false, depth > 0) != Stop::OpenCurly) return;
+    const Stop stop = Collect(first, false, depth > 0);
+    if (stop != Stop::OpenCurly) return stop != Stop::CloseCurly;
     const bool hasRoom = sheet_.rules.size() < maxCssRules;
     std::vector<CssSelector> selectors;
     if (!overflow_ && applies && hasRoom)
         selectors = ReadCssSelectors(CssTokenStream(construct_), sheet_);
-    if (selectors.empty()) return SkipBlock();
+    if (selectors.empty()) {
+        SkipBlock();
+        return true;
+    }
     const std::size_t firstDeclaration = sheet_.block.declarations.size();
-    ReadDeclarations(true);
+    ReadDeclarations();
     AddRule(selectors, firstDeclaration);
+    return true;
 }
 
 void Parser::AddRule(std::span<const CssSelector> selectors, std::size_t firstDeclaration) {
@@ -145,7 +154,7 @@ void Parser::AddRule(std::span<const CssSelector> selectors, std::size_t firstDe
 }
 
 // Behind a "{", or of an attribute, up to its end.
-void Parser::ReadDeclarations(bool applies) {
+void Parser::ReadDeclarations() {
     while (true) {
         tokens_.ForgetTexts();
         const CssToken token = tokens_.Next();
@@ -156,13 +165,13 @@ void Parser::ReadDeclarations(bool applies) {
         if (stop == Stop::OpenCurly)
             SkipBlock();
         else if (!overflow_)
-            ReadDeclaration(applies);
+            ReadDeclaration();
         if (stop == Stop::CloseCurly || stop == Stop::End) return;
     }
 }
 
-void Parser::ReadDeclaration(bool applies) {
-    if (!applies || sheet_.block.declarations.size() >= maxCssDeclarations) return;
+void Parser::ReadDeclaration() {
+    if (sheet_.block.declarations.size() >= maxCssDeclarations) return;
     CssTokenStream tokens(construct_);
     const CssToken name = tokens.Next();
     if (!name.Is(Kind::Ident) || !tokens.Take(Kind::Colon)) return;
@@ -180,6 +189,6 @@ CssSheet ReadCss(std::u16string_view text, const CssReading& reading) {
 
 CssBlock ReadCssBlock(std::u16string_view text, const CssReading& reading) {
     CssSheet sheet;
-    Parser(text, reading, sheet).ReadDeclarations(true);
+    Parser(text, reading, sheet).ReadDeclarations();
     return std::move(sheet.block);
 }

@@ -1,6 +1,8 @@
 // The text of a style sheet as tokens, by css-syntax-3.
 #pragma once
 
+#include "formats/html/html_units.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -50,9 +52,13 @@ struct CssToken {
     bool IsFunction(std::u16string_view lowerCase) const;
 };
 
-bool CssEqual(std::u16string_view text, std::u16string_view lowerCase); // but for ASCII case
-std::u16string CssLowerCase(std::u16string_view text);                  // of ASCII letters
-bool IsCssSpace(char16_t unit);
+constexpr bool CssEqual(std::u16string_view text, std::u16string_view lowerCase) {
+    return EqualsAsciiLower(text, lowerCase);
+}
+constexpr bool IsCssSpace(char16_t unit) {
+    return IsHtmlSpace(unit);
+}
+std::u16string CssLowerCase(std::u16string_view text); // of ASCII letters
 bool IsCssNameUnit(char16_t unit);
 void AppendCssCharacter(std::u16string& text, char32_t character);
 

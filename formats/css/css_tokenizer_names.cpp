@@ -8,26 +8,14 @@
 
 namespace {
 
-bool IsDigit(char16_t unit) {
-    return unit >= u'0' && unit <= u'9';
-}
 bool IsNameStart(char16_t unit) {
-    return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') || unit == u'_' ||
-           unit >= 0x80;
-}
-int HexValue(char16_t unit) {
-    if (IsDigit(unit)) return unit - u'0';
-    const char16_t lower = unit | 0x20;
-    return lower >= u'a' && lower <= u'f' ? lower - u'a' + 10 : -1;
+    return IsAsciiLetter(unit) || unit == u'_' || unit >= 0x80;
 }
 
 } // namespace
 
-bool IsCssSpace(char16_t unit) {
-    return unit == u' ' || unit == u'\t' || unit == u'\n' || unit == u'\r' || unit == u'\f';
-}
 bool IsCssNameUnit(char16_t unit) {
-    return IsNameStart(unit) || IsDigit(unit) || unit == u'-';
+    return IsNameStart(unit) || IsAsciiDigit(unit) || unit == u'-';
 }
 
 void AppendCssCharacter(std::u16string& text, char32_t character) {
@@ -39,16 +27,9 @@ void AppendCssCharacter(std::u16string& text, char32_t character) {
     text += LowSurrogateOf(character);
 }
 
-bool CssEqual(std::u16string_view text, std::u16string_view lowerCase) {
-    return std::ranges::equal(text, lowerCase, [](char16_t a, char16_t b) {
-        return (a >= u'A' && a <= u'Z' ? char16_t(a | 0x20) : a) == b;
-    });
-}
-
 std::u16string CssLowerCase(std::u16string_view text) {
     std::u16string lower(text);
-    for (char16_t& unit : lower)
-        if (unit >= u'A' && unit <= u'Z') unit |= 0x20;
+    std::ranges::transform(lower, lower.begin(), AsciiLower);
     return lower;
 }
 
@@ -78,7 +59,7 @@ bool CssTokenizer::StartsIdent(std::size_t ahead) const {
 bool CssTokenizer::StartsNumber(std::size_t ahead) const {
     if (At(ahead) == u'+' || At(ahead) == u'-') ++ahead;
     if (At(ahead) == u'.') ++ahead;
-    return IsDigit(At(ahead));
+    return IsAsciiDigit(At(ahead));
 }
 
 std::u16string_view CssTokenizer::Keep(std::u16string text) {
@@ -87,14 +68,14 @@ std::u16string_view CssTokenizer::Keep(std::u16string text) {
 
 char32_t CssTokenizer::ReadEscape() {
     if (AtEnd()) return U'\uFFFD';
-    if (HexValue(At()) < 0) {
+    if (HexDigitOf(At()) < 0) {
         const char32_t character = FirstCharacter(text_.substr(at_));
         at_ += character > 0xFFFF ? 2 : 1;
         return character ? character : U'\uFFFD';
     }
     char32_t value = 0;
-    for (int digits = 0; digits < 6 && HexValue(At()) >= 0; ++digits, ++at_)
-        value = value * 16 + static_cast<char32_t>(HexValue(At()));
+    for (int digits = 0; digits < 6 && HexDigitOf(At()) >= 0; ++digits, ++at_)
+        value = value * 16 + static_cast<char32_t>(HexDigitOf(At()));
     if (IsCssSpace(At())) at_ += At() == u'\r' && At(1) == u'\n' ? 2 : 1;
     return value == 0 || IsSurrogate(value) || value > 0x10FFFF ? U'\uFFFD' : value;
 }
@@ -122,21 +103,21 @@ float CssTokenizer::ReadNumber(bool& isInteger) {
     const double sign = At() == u'-' ? -1 : 1;
     if (At() == u'+' || At() == u'-') ++at_;
     double value = 0;
-    for (; IsDigit(At()); ++at_)
+    for (; IsAsciiDigit(At()); ++at_)
         value = std::min(value * 10 + (At() - u'0'), 1e30);
     isInteger = true;
-    if (At() == u'.' && IsDigit(At(1))) {
+    if (At() == u'.' && IsAsciiDigit(At(1))) {
         isInteger = false;
         double scale = 1;
-        for (++at_; IsDigit(At()); ++at_)
+        for (++at_; IsAsciiDigit(At()); ++at_)
             value += (At() - u'0') * (scale /= 10);
     }
     const bool signedExponent = At(1) == u'+' || At(1) == u'-';
-    if ((At() | 0x20) == u'e' && IsDigit(At(signedExponent ? 2 : 1))) {
+    if ((At() | 0x20) == u'e' && IsAsciiDigit(At(signedExponent ? 2 : 1))) {
         isInteger = false;
         const int exponentSign = At(1) == u'-' ? -1 : 1;
         int exponent = 0;
-        for (at_ += signedExponent ? 2 : 1; IsDigit(At()); ++at_)
+        for (at_ += signedExponent ? 2 : 1; IsAsciiDigit(At()); ++at_)
             exponent = std::min(exponent * 10 + (At() - u'0'), 60);
         value *= std::pow(10, exponentSign * exponent);
     }
@@ -146,7 +127,7 @@ float CssTokenizer::ReadNumber(bool& isInteger) {
 CssToken CssTokenizer::ReadNumeric() {
     CssToken token;
     const std::size_t start = at_;
-    token.hasSign = !IsDigit(At()) && At() != u'.';
+    token.hasSign = !IsAsciiDigit(At()) && At() != u'.';
     token.number = ReadNumber(token.isInteger);
     token.kind = CssToken::Kind::Number;
     if (StartsIdent()) {

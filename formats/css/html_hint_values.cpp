@@ -3,14 +3,11 @@
 #include "formats/css/css_color.h"
 #include "formats/css/css_limits.h"
 #include "formats/css/css_tokenizer.h"
+#include "formats/html/html_integer.h"
 
 #include <algorithm>
 
 namespace {
-
-bool IsDigit(char16_t unit) {
-    return unit >= u'0' && unit <= u'9';
-}
 
 void SkipSpace(std::u16string_view& text) {
     text = text.substr(0, maxHtmlHintUnits);
@@ -19,7 +16,7 @@ void SkipSpace(std::u16string_view& text) {
 }
 
 double TakeDigits(std::u16string_view& text, double value, double scale) {
-    for (; !text.empty() && IsDigit(text[0]); text.remove_prefix(1)) {
+    for (; !text.empty() && IsAsciiDigit(text[0]); text.remove_prefix(1)) {
         value = scale == 1 ? value * 10 + (text[0] - u'0') : value + (text[0] - u'0') * scale;
         if (scale != 1) scale /= 10;
         value = std::min(value, 1e6);
@@ -36,7 +33,7 @@ void AddHint(CssBlock& block, CssProperty property, const CssValue& value) {
 std::optional<CssValue> HtmlDimension(std::u16string_view text, bool zeroIsNone) {
     SkipSpace(text);
     if (text.starts_with(u'+')) text.remove_prefix(1);
-    if (text.empty() || !IsDigit(text[0])) return std::nullopt;
+    if (text.empty() || !IsAsciiDigit(text[0])) return std::nullopt;
     double value = TakeDigits(text, 0, 1);
     if (text.starts_with(u'.')) {
         text.remove_prefix(1);
@@ -46,13 +43,6 @@ std::optional<CssValue> HtmlDimension(std::u16string_view text, bool zeroIsNone)
     const bool isPercent = text.starts_with(u'%');
     const auto number = static_cast<float>(value);
     return isPercent ? CssValue::Percent(number) : CssValue::Pixels(number);
-}
-
-std::optional<int> HtmlNumber(std::u16string_view text) {
-    SkipSpace(text);
-    if (text.starts_with(u'+')) text.remove_prefix(1);
-    if (text.empty() || !IsDigit(text[0])) return std::nullopt;
-    return static_cast<int>(TakeDigits(text, 0, 1));
 }
 
 void AddDimensionHint(CssBlock& block, CssProperty property, const HtmlAttribute* attribute,
@@ -70,7 +60,7 @@ void AddColorHint(CssBlock& block, CssProperty property, const HtmlAttribute* at
 
 void AddPixelsHint(CssBlock& block, CssProperty property, const HtmlAttribute* attribute) {
     if (!attribute) return;
-    if (const auto pixels = HtmlNumber(attribute->Value()))
+    if (const auto pixels = HtmlNonNegative(attribute->Value()))
         AddHint(block, property, CssValue::Pixels(static_cast<float>(*pixels)));
 }
 

@@ -16,7 +16,6 @@ constexpr std::uint16_t cssAutoKeyword = 0;
 
 // Pixels or percents; nothing for what is no number, or 0 where that means none.
 std::optional<CssValue> HtmlDimension(std::u16string_view text, bool zeroIsNone = false);
-std::optional<int> HtmlNumber(std::u16string_view text); // not negative
 
 void AddDimensionHint(CssBlock& block, CssProperty property, const HtmlAttribute* attribute,
                       bool zeroIsNone = false);

@@ -4,6 +4,7 @@
 #include "formats/css/css_tokenizer.h"
 #include "formats/css/html_direction.h"
 #include "formats/css/html_hint_values.h"
+#include "formats/html/html_integer.h"
 
 namespace {
 
@@ -39,7 +40,7 @@ void ReadCaptionAlign(const HtmlNode& node, CssBlock& block) {
 
 int BorderOf(const HtmlNode& table) {
     const HtmlAttribute* border = table.Attribute(HtmlName::Border);
-    return border ? HtmlNumber(border->Value()).value_or(1) : 0;
+    return border ? HtmlNonNegative(border->Value()).value_or(1) : 0;
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "formats/css/css_parser.h"
 #include "formats/css/css_style.h"
 #include "formats/css/css_tokenizer.h"
+#include "formats/html/html_integer.h"
 
 #include <algorithm>
 
@@ -17,12 +18,11 @@ void AddFontSize(CssBlock& block, std::u16string_view text) {
     text = text.substr(0, maxHtmlHintUnits);
     while (!text.empty() && IsCssSpace(text[0]))
         text.remove_prefix(1);
-    const int sign = text.starts_with(u'+') ? 1 : text.starts_with(u'-') ? -1 : 0;
-    if (sign) text.remove_prefix(1);
-    const auto number = HtmlNumber(text);
+    const auto number = HtmlInteger(text);
     if (!number) return;
     constexpr int middle = 3;
-    const int size = std::clamp(sign ? middle + sign * std::min(*number, 7) : *number, 1, 7);
+    const bool isRelative = text.starts_with(u'+') || text.starts_with(u'-');
+    const int size = std::clamp(*number + (isRelative ? middle : 0), 1, 7);
     // 1 is x-small, 7 xxx-large.
     AddHint(block, P::FontSize, CssValue::OfKeyword(static_cast<std::uint16_t>(size)));
 }
@@ -128,7 +128,7 @@ void ReadReplacedHints(const HtmlNode& node, CssBlock& block) {
     if (const HtmlAttribute* align = node.Attribute(HtmlName::Align))
         ReadPictureAlign(align->Value(), block);
     const HtmlAttribute* border = node.Attribute(HtmlName::Border);
-    const auto width = border ? HtmlNumber(border->Value()) : std::nullopt;
+    const auto width = border ? HtmlNonNegative(border->Value()) : std::nullopt;
     if (width)
         AddBorderHint(block, static_cast<float>(*width), std::uint16_t(CssBorderStyle::Solid));
 }
@@ -146,7 +146,7 @@ void ReadRuleHints(const HtmlNode& node, CssBlock& block) {
     AddColorHint(block, P::TextColor, color);
     const bool solid = color || node.Attribute(HtmlName::Noshade);
     const HtmlAttribute* sizeText = node.Attribute(HtmlName::Size);
-    const auto size = sizeText ? HtmlNumber(sizeText->Value()) : std::nullopt;
+    const auto size = sizeText ? HtmlNonNegative(sizeText->Value()) : std::nullopt;
     if (solid) {
         const float width = size ? std::max(1.0f, static_cast<float>(*size) / 2) : 1;
         AddBorderHint(block, width, std::uint16_t(CssBorderStyle::Solid));

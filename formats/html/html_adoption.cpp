@@ -59,9 +59,7 @@ bool HtmlTreeBuilder::AdoptOnce(HtmlToken& token) {
     const HtmlNodeId clone = Clone(element);
     writer_.MoveChildren(furthestBlock, clone);
     writer_.Insert(clone, {furthestBlock});
-    const std::size_t place = formatting_.IndexOf(element);
-    formatting_.InsertAt(bookmark, clone);
-    formatting_.RemoveAt(place < bookmark ? place : place + 1);
+    formatting_.Move(formatting_.IndexOf(element), bookmark, clone);
 
     above.erase(above.begin());
     above.insert(std::ranges::find(above, furthestBlock) + 1, clone);

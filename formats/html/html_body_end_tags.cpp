@@ -1,4 +1,5 @@
 // End tags "in body".
+#include "formats/html/html_element_kinds.h"
 #include "formats/html/html_tree_builder.h"
 
 #include <algorithm>
@@ -16,34 +17,10 @@ void HtmlTreeBuilder::InBodyEndTag(HtmlToken& token) {
         mode_ = Mode::AfterBody;
         if (token.name == Html) Dispatch(token);
         return;
-    case Address:
-    case Article:
-    case Aside:
-    case Blockquote:
     case Button:
-    case Center:
-    case Details:
-    case Dialog:
-    case Dir:
-    case Div:
-    case Dl:
-    case Fieldset:
-    case Figcaption:
-    case Figure:
-    case Footer:
-    case Header:
-    case Hgroup:
     case Listing:
-    case Main:
-    case Menu:
-    case Nav:
-    case Ol:
     case Pre:
-    case Search:
-    case Section:
-    case Select:
-    case Summary:
-    case Ul: return EndBlock(token);
+    case Select: return EndBlock(token);
     case Form: return EndForm(token);
     case P:
         if (!open_.HasInScope(P, HtmlBoundary::ButtonScope)) InsertImplied(P);
@@ -52,26 +29,8 @@ void HtmlTreeBuilder::InBodyEndTag(HtmlToken& token) {
     case Li: return EndListItem(token, HtmlBoundary::ListScope);
     case Dd:
     case Dt: return EndListItem(token, HtmlBoundary::Scope);
-    case H1:
-    case H2:
-    case H3:
-    case H4:
-    case H5:
-    case H6: return EndHeading(token);
     case A:
-    case B:
-    case Big:
-    case Code:
-    case Em:
-    case Font:
-    case I:
-    case Nobr:
-    case S:
-    case Small:
-    case Strike:
-    case Strong:
-    case Tt:
-    case U: return Adopt(token);
+    case Nobr: return Adopt(token);
     case Applet:
     case Marquee:
     case Object:
@@ -81,8 +40,12 @@ void HtmlTreeBuilder::InBodyEndTag(HtmlToken& token) {
     case Br: // "</br>" is "<br>"
         token.attributes.clear();
         return InBodyStartTag(token);
-    default: return AnyOtherEndTag(token);
+    default: break;
     }
+    if (IsPlainBlock(token.name)) return EndBlock(token);
+    if (IsHeading(token.name)) return EndHeading(token);
+    if (IsFormatting(token.name)) return Adopt(token);
+    AnyOtherEndTag(token);
 }
 
 void HtmlTreeBuilder::EndBlock(HtmlToken& token) {

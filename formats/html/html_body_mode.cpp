@@ -1,4 +1,5 @@
 // The insertion mode "in body".
+#include "formats/html/html_element_kinds.h"
 #include "formats/html/html_tree_builder.h"
 #include "formats/html/html_units.h"
 
@@ -28,20 +29,11 @@ void HtmlTreeBuilder::InBodyCharacters(std::u16string_view text, HtmlSourceSpan 
 }
 
 void HtmlTreeBuilder::InBodyStartTag(HtmlToken& token) {
+    if (IsHeadPart(token.name)) return InHeadStartTag(token);
     switch (token.name) {
     case Html:
         if (!open_.Has(Template)) writer_.AddAttributes(open_[0], token.attributes);
         return;
-    case Base:
-    case Basefont:
-    case Bgsound:
-    case Link:
-    case Meta:
-    case Noframes:
-    case Script:
-    case Style:
-    case Template:
-    case Title: return InHeadStartTag(token);
     case Body:
         if (open_.Count() < 2 || !writer_[open_[1]].Is(Body) || open_.Has(Template)) return;
         framesetOk_ = false;

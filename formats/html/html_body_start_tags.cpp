@@ -1,50 +1,19 @@
 // Start tags "in body", by kind: blocks, list items, formatting, void elements. Each function
 // answers whether the tag was of its kind.
+#include "formats/html/html_element_kinds.h"
 #include "formats/html/html_tree_builder.h"
 #include "formats/html/html_units.h"
 
 using enum HtmlName;
 
 bool HtmlTreeBuilder::StartBlock(HtmlToken& token) {
+    if (token.name == P || IsPlainBlock(token.name) || IsHeading(token.name)) {
+        CloseParagraphInScope();
+        if (IsHeading(token.name) && IsHeading(CurrentName())) Pop();
+        InsertElement(token);
+        return true;
+    }
     switch (token.name) {
-    case Address:
-    case Article:
-    case Aside:
-    case Blockquote:
-    case Center:
-    case Details:
-    case Dialog:
-    case Dir:
-    case Div:
-    case Dl:
-    case Fieldset:
-    case Figcaption:
-    case Figure:
-    case Footer:
-    case Header:
-    case Hgroup:
-    case Main:
-    case Menu:
-    case Nav:
-    case Ol:
-    case P:
-    case Search:
-    case Section:
-    case Summary:
-    case Ul:
-        CloseParagraphInScope();
-        InsertElement(token);
-        return true;
-    case H1:
-    case H2:
-    case H3:
-    case H4:
-    case H5:
-    case H6:
-        CloseParagraphInScope();
-        if (CurrentIs({H1, H2, H3, H4, H5, H6})) Pop();
-        InsertElement(token);
-        return true;
     case Pre:
     case Listing:
         CloseParagraphInScope();
@@ -96,19 +65,10 @@ bool HtmlTreeBuilder::StartFormatting(HtmlToken& token) {
             ReconstructFormatting();
         }
         break;
-    case B:
-    case Big:
-    case Code:
-    case Em:
-    case Font:
-    case I:
-    case S:
-    case Small:
-    case Strike:
-    case Strong:
-    case Tt:
-    case U: ReconstructFormatting(); break;
-    default: return false;
+    default:
+        if (!IsFormatting(token.name)) return false;
+        ReconstructFormatting();
+        break;
     }
     formatting_.Push(InsertElement(token));
     return true;

@@ -1,4 +1,5 @@
 // Insertion modes "text", "in template", and those of framesets and behind the body.
+#include "formats/html/html_element_kinds.h"
 #include "formats/html/html_tree_builder.h"
 
 using enum HtmlName;
@@ -32,17 +33,8 @@ void HtmlTreeBuilder::InTemplateMode(HtmlToken& token) {
     case HtmlTokenKind::StartTag: break;
     default: return InBodyMode(token);
     }
+    if (IsHeadPart(token.name)) return InHeadStartTag(token);
     switch (token.name) {
-    case Base:
-    case Basefont:
-    case Bgsound:
-    case Link:
-    case Meta:
-    case Noframes:
-    case Script:
-    case Style:
-    case Template:
-    case Title: return InHeadStartTag(token);
     case Caption:
     case Colgroup:
     case Tbody:

@@ -12,7 +12,7 @@ class HtmlFormatting {
 
     explicit HtmlFormatting(const HtmlTree& tree) : tree_(tree) {} // observed
 
-    void PushMarker() { ids_.push_back(noHtmlNode); }
+    void PushMarker() { entries_.emplace_back(); }
     void ClearToMarker();
     // Of equal ones three are kept, the last.
     void Push(HtmlNodeId id);
@@ -20,8 +20,9 @@ class HtmlFormatting {
     // Entries looked at, for tests.
     std::uint64_t Steps() const { return steps_; }
 
-    std::size_t Count() const { return ids_.size(); }
-    HtmlNodeId& operator[](std::size_t index) { return ids_[index]; } // noHtmlNode for a marker
+    std::size_t Count() const { return entries_.size(); }
+    // noHtmlNode for a marker. Only a clone may take the place of an element.
+    HtmlNodeId& operator[](std::size_t index) { return entries_[index].id; }
     // Behind the last marker.
     std::size_t GroupBegin() const;
     std::size_t LastOf(HtmlName name) const;
@@ -29,12 +30,18 @@ class HtmlFormatting {
 
     void RemoveAt(std::size_t index);
     void Remove(HtmlNodeId id);
-    void InsertAt(std::size_t index, HtmlNodeId id);
+    // Takes the entry at `index` to before that at `before`, with a clone in its place.
+    void Move(std::size_t index, std::size_t before, HtmlNodeId clone);
 
   private:
-    bool AreEqual(HtmlNodeId a, HtmlNodeId b) const;
+    struct Entry {
+        HtmlNodeId id = noHtmlNode;
+        std::uint64_t hash = 0; // of name and attributes
+    };
+    std::uint64_t HashOf(HtmlNodeId id) const;
+    bool AreEqual(const Entry& a, const Entry& b) const;
 
     const HtmlTree& tree_;
-    std::vector<HtmlNodeId> ids_;
+    std::vector<Entry> entries_;
     mutable std::uint64_t steps_ = 0;
 };

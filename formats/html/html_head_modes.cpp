@@ -1,28 +1,8 @@
 // Insertion modes "in head", "in head noscript" and "after head".
+#include "formats/html/html_element_kinds.h"
 #include "formats/html/html_tree_builder.h"
 
 using enum HtmlName;
-
-namespace {
-
-// What is a head's, wherever it stands.
-bool IsOfHead(HtmlName name) {
-    switch (name) {
-    case Base:
-    case Basefont:
-    case Bgsound:
-    case Link:
-    case Meta:
-    case Noframes:
-    case Script:
-    case Style:
-    case Template:
-    case Title: return true;
-    default: return false;
-    }
-}
-
-} // namespace
 
 void HtmlTreeBuilder::InHeadMode(HtmlToken& token) {
     if (IsSpace(token)) return InsertText(token.text, token.source);
@@ -34,7 +14,8 @@ void HtmlTreeBuilder::InHeadMode(HtmlToken& token) {
         mode_ = Mode::InHeadNoscript;
         return;
     }
-    if (token.kind == HtmlTokenKind::StartTag && IsOfHead(token.name)) return InHeadStartTag(token);
+    if (token.kind == HtmlTokenKind::StartTag && IsHeadPart(token.name))
+        return InHeadStartTag(token);
     if (token.IsEnd(Template)) return EndTemplate();
     if (token.IsEnd(Head)) {
         PopThroughEnd(token);
@@ -118,7 +99,7 @@ void HtmlTreeBuilder::AfterHeadMode(HtmlToken& token) {
         mode_ = Mode::InFrameset;
         return;
     }
-    if (token.kind == HtmlTokenKind::StartTag && IsOfHead(token.name)) {
+    if (token.kind == HtmlTokenKind::StartTag && IsHeadPart(token.name)) {
         open_.Push(head_);
         InHeadStartTag(token);
         open_.Remove(head_);

@@ -1,4 +1,4 @@
-// What a unit of a page's source is for the tokenizer.
+// What a unit of a page's or a sheet's source is for the tokenizers.
 #pragma once
 
 #include <string_view>
@@ -17,8 +17,12 @@ constexpr bool IsAsciiLetter(char16_t unit) {
     return (unit | 0x20) >= u'a' && (unit | 0x20) <= u'z';
 }
 
+constexpr bool IsAsciiDigit(char16_t unit) {
+    return unit >= u'0' && unit <= u'9';
+}
+
 constexpr bool IsAsciiAlphanumeric(char16_t unit) {
-    return IsAsciiLetter(unit) || (unit >= u'0' && unit <= u'9');
+    return IsAsciiLetter(unit) || IsAsciiDigit(unit);
 }
 
 constexpr char16_t AsciiLower(char16_t unit) {
@@ -26,7 +30,7 @@ constexpr char16_t AsciiLower(char16_t unit) {
 }
 
 constexpr int HexDigitOf(char16_t unit) { // -1 for none
-    if (unit >= u'0' && unit <= u'9') return unit - u'0';
+    if (IsAsciiDigit(unit)) return unit - u'0';
     const char16_t lower = AsciiLower(unit);
     return lower >= u'a' && lower <= u'f' ? lower - u'a' + 10 : -1;
 }
@@ -36,6 +40,13 @@ constexpr bool EqualsAsciiLower(std::u16string_view text, std::u16string_view lo
     if (text.size() != lower.size()) return false;
     for (std::size_t i = 0; i < text.size(); ++i)
         if (AsciiLower(text[i]) != lower[i]) return false;
+    return true;
+}
+
+constexpr bool EqualsIgnoringAsciiCase(std::u16string_view a, std::u16string_view b) {
+    if (a.size() != b.size()) return false;
+    for (std::size_t i = 0; i < a.size(); ++i)
+        if (AsciiLower(a[i]) != AsciiLower(b[i])) return false;
     return true;
 }
 

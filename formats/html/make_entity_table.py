@@ -8,7 +8,8 @@ import sys
 from html.entities import html5
 
 HEAD = """\
-// Made by formats/html/make_entity_table.py from the HTML Standard's list of named character references.
+// Made by formats/html/make_entity_table.py from the HTML Standard's list of named character
+// references.
 #pragma once
 
 #include <cstdint>

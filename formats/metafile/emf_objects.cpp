@@ -1,21 +1,14 @@
 // Pens, brushes and fonts.
 #include "formats/metafile/emf_records.h"
+#include "formats/metafile/metafile_font.h"
 #include "formats/metafile/metafile_text.h"
 
 #include <cstdlib>
 
 namespace {
 MetaFont ReadFont(const EmfRecord& record) {
-    constexpr std::uint32_t bold = 600;
     constexpr std::size_t nameAt = 40, nameUnits = 32;
-    MetaFont font;
-    font.height = EmHeight(record.Number(12));
-    font.degrees = record.Number(20) / 10;
-    font.isBold = record.U32(28) >= bold;
-    font.isItalic = record.U8(32) != 0;
-    font.isUnderlined = record.U8(33) != 0;
-    font.isStruckOut = record.U8(34) != 0;
-    font.charset = static_cast<int>(record.U8(35));
+    MetaFont font = MetaFontOf({record.Number(12), record.Number(20), record.U32(28)}, record, 32);
     for (std::size_t i = 0; i < nameUnits && record.U16(nameAt + 2 * i) != 0; ++i)
         font.name += static_cast<char16_t>(record.U16(nameAt + 2 * i));
     font.name = ShownMetaText(std::move(font.name));

@@ -23,8 +23,3 @@ std::u16string ShownMetaText(std::u16string text) {
     std::erase_if(text, [](char16_t unit) { return unit < 0x20; });
     return text;
 }
-
-double EmHeight(double logicalHeight) {
-    constexpr double lineOfEm = 1.17; // of the usual fonts
-    return logicalHeight < 0 ? -logicalHeight : logicalHeight / lineOfEm;
-}

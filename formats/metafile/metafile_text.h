@@ -9,7 +9,3 @@ std::u16string TextOfMetaBytes(std::string_view bytes, int charset);
 
 // Without what is not shown.
 std::u16string ShownMetaText(std::u16string text);
-
-// The em of a font whose height is given as LOGFONT has it: negative of the em, positive of the
-// whole line.
-double EmHeight(double logicalHeight);

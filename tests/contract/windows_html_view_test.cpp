@@ -1,6 +1,8 @@
+#include "tests/contract/swallowed_faults_windows.h"
 #include "tests/contract/windows_html_view_fixture.h"
 
 #include <algorithm>
+#include <new>
 
 namespace {
 
@@ -14,6 +16,29 @@ TextPos StartOfLine(const std::wstring& text, int line) {
 }
 
 } // namespace
+
+// Its window is told of its size while it is made, and of its end while that is taken away.
+TEST_CASE("windows html view: is whole while it has a window") {
+    alignas(WinHtmlView) static unsigned char memory[sizeof(WinHtmlView)];
+    volatile unsigned char* const bytes = memory; // what an earlier object has left there
+    for (std::size_t i = 0; i < sizeof memory; ++i)
+        bytes[i] = 0x55;
+    const int before = SwallowedFaults::Seen();
+    StandIn engine;
+    const HWND parent = CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW, 0, 0, 400, 300,
+                                        nullptr, nullptr, nullptr, nullptr);
+    auto* const view = ::new (static_cast<void*>(memory))
+        WinHtmlView(parent, [&](IUnknown** control) { return engine.Make(control); });
+    CHECK(SwallowedFaults::Seen() == before);
+    view->Navigate(u"C:\\books\\a.htm", 1);
+    engine.FinishLoading();
+    HandlePostedMessages();
+    CHECK(view->HasBody());
+    view->~WinHtmlView();
+    CHECK(SwallowedFaults::Seen() == before);
+    CHECK(engine.living == 0);
+    DestroyWindow(parent);
+}
 
 TEST_CASE("windows html view: no control is made before the first page") {
     ShownView shown;

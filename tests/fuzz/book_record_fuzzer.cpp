@@ -5,10 +5,10 @@
 #include "books/book_record.h"
 #include "books/history.h"
 #include "platform/none/none_ports.h"
+#include "tests/fuzz/require.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
@@ -16,10 +16,6 @@ namespace {
 
 constexpr const char16_t* dataPath = u"/app/Norvaset.dat";
 constexpr const char16_t* bookPath = u"/b/book.txt";
-
-void Require(bool holds) {
-    if (!holds) std::abort();
-}
 
 void CheckRecord(std::string_view bytes) {
     std::u16string text;

@@ -3,18 +3,12 @@
 #include "formats/codepages/code_pages.h"
 #include "formats/codepages/escaped_text.h"
 #include "formats/plain/plain_text_guess.h"
+#include "tests/fuzz/require.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
-
-namespace {
-void Require(bool holds) {
-    if (!holds) std::abort();
-}
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size == 0) return 0;

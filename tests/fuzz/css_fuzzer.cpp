@@ -4,18 +4,11 @@
 #include "formats/css/css_page_sheets.h"
 #include "formats/css/css_page_styles.h"
 #include "formats/html/html_reader.h"
+#include "tests/fuzz/require.h"
 
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 
 namespace {
-
-void Require(bool holds, const char* what) {
-    if (holds) return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
 
 const HtmlTree& Page() {
     static const HtmlTree tree = ReadHtml(

@@ -3,16 +3,12 @@
 #include "formats/rtf/rtf_writer.h"
 #include "shell/help/help_search.h"
 #include "shell/update/update_check.h"
+#include "tests/fuzz/require.h"
 
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
 namespace {
-void Require(bool holds) {
-    if (!holds) std::abort();
-}
-
 void CheckFinding(const HelpBook& book, const HelpFinding& finding) {
     const std::u16string& page = book.topics.at(finding.page).page.text;
     Require(finding.place.start >= 0 && finding.place.length > 0);

@@ -6,20 +6,8 @@
 #include "formats/html/html_decode.h"
 #include "formats/html/html_page_text.h"
 #include "formats/html/html_tree_builder.h"
+#include "tests/fuzz/require.h"
 #include "tests/html_tree_check.h"
-
-#include <cstdio>
-#include <cstdlib>
-
-namespace {
-
-void Require(bool holds, const char* what, const std::string& detail = "") {
-    if (holds) return;
-    std::fprintf(stderr, "%s: %s\n", what, detail.c_str());
-    std::abort();
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);

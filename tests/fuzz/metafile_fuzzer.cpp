@@ -1,15 +1,11 @@
 // Any bytes as a metafile: the orders are sound, whatever paints them.
 #include "formats/metafile/metafile.h"
 #include "formats/metafile/metafile_limits.h"
+#include "tests/fuzz/require.h"
 
 #include <cmath>
-#include <cstdlib>
 
 namespace {
-void Require(bool holds) {
-    if (!holds) std::abort();
-}
-
 void CheckPlace(double x, double y) {
     Require(std::abs(x) <= maxMetaPlace && std::abs(y) <= maxMetaPlace);
 }

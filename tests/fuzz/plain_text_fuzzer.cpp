@@ -2,10 +2,10 @@
 #include "common/utf.h"
 #include "formats/codepages/code_pages.h"
 #include "formats/plain/plain_text.h"
+#include "tests/fuzz/require.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
@@ -17,10 +17,6 @@ constexpr int pages[] = {437,   850,   852,   866,   874,   932,   936,   949,  
                          28593, 28594, 28595, 28596, 28597, 28598, 28599, 28600, 28601,
                          28603, 28604, 28605, 54936, 65001, 720,   864,   21866, 28606,
                          51932, 51950, 70001, 70002, 50220, 50225, 50227, 52936, 0};
-
-void Require(bool holds) {
-    if (!holds) std::abort();
-}
 
 bool HasLoneSurrogate(std::u16string_view text) {
     for (std::size_t i = 0; i < text.size(); ++i) {

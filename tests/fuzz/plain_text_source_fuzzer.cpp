@@ -4,18 +4,14 @@
 #include "common/line_ends.h"
 #include "formats/codepages/escaped_text.h"
 #include "formats/plain/plain_text_source.h"
+#include "tests/fuzz/require.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <string>
 
 namespace {
-void Require(bool holds) {
-    if (!holds) std::abort();
-}
-
 // A stretch of the text, some of it in other cases.
 std::u16string SearchFrom(const std::u16string& text, std::size_t from) {
     std::u16string what = text.substr(from, 1 + from % 11);

@@ -5,10 +5,10 @@
 #include "common/text.h"
 #include "common/utf.h"
 #include "formats/codepages/code_pages.h"
+#include "tests/fuzz/require.h"
 
 #include <fuzzer/FuzzedDataProvider.h>
 
-#include <cstdlib>
 #include <map>
 
 namespace {
@@ -19,10 +19,6 @@ std::u16string Decode(int codePage, std::string_view bytes) {
     std::u16string text;
     DecodeCodePage(codePage, bytes, text);
     return text;
-}
-
-void Require(bool holds) {
-    if (!holds) std::abort();
 }
 
 std::u16string Fold(std::u16string_view section) {

@@ -2,19 +2,7 @@
 #include "formats/rtf/rtf_reader.h"
 #include "formats/rtf/rtf_writer.h"
 #include "tests/document_check.h"
-
-#include <cstdio>
-#include <cstdlib>
-
-namespace {
-
-void Require(bool holds, const char* what, const std::string& detail = "") {
-    if (holds) return;
-    std::fprintf(stderr, "%s: %s\n", what, detail.c_str());
-    std::abort();
-}
-
-} // namespace
+#include "tests/fuzz/require.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);

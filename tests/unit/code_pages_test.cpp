@@ -1,3 +1,4 @@
+#include "formats/codepages/charsets.h"
 #include "formats/codepages/code_pages.h"
 #include "formats/codepages/escaped_text.h"
 
@@ -222,4 +223,20 @@ TEST_CASE("code pages: the page of a font's character set can be decoded") {
                  {238, 1250}, {254, 437},  {255, 850},  {-1, 0},     {256, 0}};
     for (const auto& c : cases)
         CHECK(CodePageOfFontCharset(c.charset) == c.page);
+}
+
+TEST_CASE("charsets: names, pages and character sets") {
+    CHECK(CharsetCodePage("windows-1251") == 1251);
+    CHECK(CharsetCodePage("shift_jis") == 932);
+    CHECK(CharsetCodePage("johab") == 1361);
+    for (const char* other : {"UTF-8", "utf-8", "iso-8859-1", "Windows-1251", "windows-1259", ""})
+        CHECK(CharsetCodePage(other) == 1200);
+    CHECK(CodePageToCharset(1200) == 0);
+    CHECK(CodePageToCharset(437) == 0);
+    CHECK(CodePageToCharset(1251) == 204);
+    CHECK(CharsetToCodePage(254) == 437);
+    CHECK(CharsetToCodePage(1) == 0);
+    for (const int page :
+         {1252, 932, 949, 1361, 936, 950, 1253, 1254, 1258, 1255, 1256, 1257, 1251, 874, 1250})
+        CHECK(CharsetToCodePage(CodePageToCharset(page)) == page);
 }

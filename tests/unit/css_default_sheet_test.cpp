@@ -124,6 +124,8 @@ TEST_CASE("css: old attributes of text") {
     CHECK(TextOf(u"<font id=x size=-2>").fontSize == 10);
     CHECK(TextOf(u"<font id=x size=99>").fontSize == 48);
     CHECK(TextOf(u"<font id=x size=big>").fontSize == 16);
+    CHECK(TextOf(u"<font id=x size='++1'>").fontSize == 16);
+    CHECK(TextOf(u"<font id=x size='+ 1'>").fontSize == 16);
     const StyledPage face = PageOf(u"", u"<font id=x face='Arial, serif'>");
     CHECK(face.styles.Families(face.Text().families).size() == 2);
     CHECK(PageOf(u"font{color:blue}", u"<font id=x color=red>").Text().color ==

@@ -66,6 +66,24 @@ TEST_CASE("css: a page that asks for too much is not styled to its end") {
     CHECK(page.Box().display == CssDisplay::Block); // by the default sheet
 }
 
+// A search for "aa...ab" in "aa...a" compares all of the one at each place of the other.
+TEST_CASE("css: parts of attributes are searched within a bound") {
+    const std::u16string title = Repeat(u"a", 60'000), part = Repeat(u"a", 1'000);
+    const std::u16string body = u"<p id=x title=" + title + u">";
+    constexpr std::uint64_t unitsOfStep = 16;
+    CHECK(StepsOf(u"[title*=" + part + u"b]{color:red}", body) >= 60'000 * 1'000 / unitsOfStep);
+    const auto left = [&](std::u16string_view what) {
+        std::u16string css = u"[title*=";
+        css += what;
+        css += u"]{margin-left:3px}";
+        return PageOf(css, body).Box().margin[cssLeft].value;
+    };
+    CHECK(left(part) == 3);
+    CHECK(left(title) == 0); // nobody writes so much
+    CHECK(left(u"'" + part + u"' i") == 3);
+    CHECK(left(u"'" + title + u"' i") == 0);
+}
+
 TEST_CASE("css: sheets cost memory in proportion to their length") {
     struct Nasty {
         std::u16string_view start, piece;

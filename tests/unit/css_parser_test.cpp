@@ -90,6 +90,10 @@ TEST_CASE("css: rules are read, and what is wrong is left out") {
         {u"@media screen{@media print{p{color:red}}b{color:red}}", "b{color;}"},
         {u"@media screen{p;}b{color:red}", "b{color;}"},
         {u"@media screen;b{color:red}", "b{color;}"},
+        {u"@media print{p;}b{color:red}", "b{color;}"}, // what is cut off ends with the block
+        {u"@media print{@x}b{color:red}", "b{color;}"},
+        {u"@media print{@media print{p}i{color:red}}b{color:red}", "b{color;}"},
+        {u"@media screen{@media print{p}i{color:red}}b{color:red}", "i{color;} b{color;}"},
         {u"@media screen{p{color:red", "p{color;}"},
         {u"@supports (display:grid){p{color:red}}b{color:red}", "b{color;}"},
     };
@@ -177,6 +181,14 @@ TEST_CASE("css: the sheets of a page") {
     CHECK(all == "a d.css g i ");
 }
 
+TEST_CASE("css: a template's sheets are no sheets of the page") {
+    const HtmlTree tree = ReadHtml(u"<template><style>a</style><link rel=stylesheet href=b.css>"
+                                   u"</template><style>c</style>");
+    const std::vector<CssPageSheet> sheets = FindCssSheets(tree, {});
+    REQUIRE(sheets.size() == 1);
+    CHECK(sheets[0].text == u"c");
+}
+
 TEST_CASE("css: bytes of a sheet become text") {
     CHECK(DecodeCss("\xEF\xBB\xBF"
                     "a\xC3\xA9",
@@ -193,4 +205,14 @@ TEST_CASE("css: bytes of a sheet become text") {
     CHECK(DecodeCss("@charset \"utf-8\";\xC3\xA9", 1251) == u"@charset \"utf-8\";\u00E9");
     CHECK(DecodeCss("@charset \"windows-1251\";\xE0", 1252) == u"@charset \"windows-1251\";\u0430");
     CHECK(DecodeCss("@charset \"nonsense\";\xE0", 1251) == u"@charset \"nonsense\";\u0430");
+    // By all labels that pages may have, too; a sheet in UTF-16 could not have said so in these.
+    CHECK(DecodeCss("@charset \"cp1251\";\xE0", 1252) == u"@charset \"cp1251\";\u0430");
+    CHECK(DecodeCss("@charset \"Latin1\";\xE0", 1251) == u"@charset \"Latin1\";\u00E0");
+    CHECK(DecodeCss("@charset \"utf-16\";\xC3\xA9", 1251) == u"@charset \"utf-16\";\u00E9");
+    // A cut unit, a lone half of a pair.
+    CHECK(DecodeCss(std::string_view("\xFF\xFE"
+                                     "a\0b",
+                                     5),
+                    1252) == u"a\uFFFD");
+    CHECK(DecodeCss("\xFE\xFF\xD8\x01", 1252) == u"\uFFFD");
 }

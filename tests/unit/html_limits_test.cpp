@@ -2,6 +2,7 @@
 // in what.
 #include "allocations.h"
 #include "common/text.h"
+#include "common/utf.h"
 #include "formats/html/html_limits.h"
 #include "formats/html/html_reader.h"
 #include "formats/html/html_tree_builder.h"
@@ -131,6 +132,25 @@ TEST_CASE("html limits: memory and work are in proportion to the page") {
         CAPTURE(std::string(c.piece.begin(), c.piece.end()));
         CheckCost([&](std::size_t units) { return Repeat(c.start, c.piece, units); });
     }
+}
+
+// Whether a formatting element is one of the last three again is asked of all that are open.
+TEST_CASE("html limits: formatting elements with many attributes") {
+    std::u16string attributes;
+    for (char16_t first = u'a'; first < u'h'; ++first)
+        for (char16_t second = u'a'; second <= u'z'; ++second)
+            attributes += {u' ', first, second};
+    const auto page = [&](bool differ, std::size_t units) {
+        std::u16string all;
+        for (int i = 0; all.size() < units; ++i) {
+            all += u"<font" + attributes;
+            if (differ) all += u" zz=" + Utf8ToUtf16(std::to_string(i));
+            all += u">x";
+        }
+        return all;
+    };
+    CheckCost([&](std::size_t units) { return page(true, units); });
+    CheckCost([&](std::size_t units) { return page(false, units); });
 }
 
 TEST_CASE("html limits: whatever is nested costs no more for what stands in it") {

@@ -1,15 +1,14 @@
+// Opening books: by the dialog, by the list, by dropping them.
 #include "test_form.h"
 
 #include "app/file_menu.h"
 #include "app/open_book.h"
 #include "books/book_kind.h"
-#include "formats/codepages/charsets.h"
 #include "shell/initial_folder.h"
 
 #include <doctest/doctest.h>
 
 #include <algorithm>
-#include <new>
 #include <utility>
 
 namespace {
@@ -18,22 +17,6 @@ void OpenByDialog(TestForm& test, const std::u16string& path, int filterIndex) {
     test.Menus().Click(test.Menu().mFileOpen);
 }
 } // namespace
-
-TEST_CASE("charsets: names, pages and character sets") {
-    CHECK(CharsetCodePage("windows-1251") == 1251);
-    CHECK(CharsetCodePage("shift_jis") == 932);
-    CHECK(CharsetCodePage("johab") == 1361);
-    for (const char* other : {"UTF-8", "utf-8", "iso-8859-1", "Windows-1251", "windows-1259", ""})
-        CHECK(CharsetCodePage(other) == 1200);
-    CHECK(CodePageToCharset(1200) == 0);
-    CHECK(CodePageToCharset(437) == 0);
-    CHECK(CodePageToCharset(1251) == 204);
-    CHECK(CharsetToCodePage(254) == 437);
-    CHECK(CharsetToCodePage(1) == 0);
-    for (const int page :
-         {1252, 932, 949, 1361, 936, 950, 1253, 1254, 1258, 1255, 1256, 1257, 1251, 874, 1250})
-        CHECK(CharsetToCodePage(CodePageToCharset(page)) == page);
-}
 
 TEST_CASE("open: rich text in capitals is told from its content, for All Files only") {
     TestForm test;
@@ -324,77 +307,6 @@ TEST_CASE("open: a file is looked into once, whichever way its book is opened") 
     CHECK(withBook.form.book.path == u"/b/one.txt");
 }
 
-TEST_CASE("open: the look of a record is shown as set") {
-    TestForm test;
-    test.PutDataFile("[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n/b/"
-                     "a.txt=2021:1:1:1:1:1=0=Serif=14=204=1=0=1=0=0=1="
-                     "255=65280=20=9==5,3|30,2\r\n");
-    test.PutBook(u"/b/a.txt", NumberedLines(100));
-    REQUIRE(test.Start());
-    ViewFont font;
-    font.name = u"Serif";
-    font.size = 14;
-    font.charset = 204;
-    font.bold = font.underline = true;
-    CHECK(test.View().Font() == font);
-    CHECK(test.View().TextColor() == 255);
-    CHECK(test.View().BackColor() == 65280);
-    CHECK(test.View().ShownAlignment() == Alignment::Right);
-    CHECK(test.Menu().mViewAlign[1].checked);
-    CHECK_FALSE(test.Menu().mViewWordWrap[0].checked);
-    CHECK(test.View().RightMargin() == 491520);
-    CHECK(test.View().FirstVisibleChar() == 14);
-    CHECK(test.View().ShownPointer() == Pointer::Default);
-    REQUIRE(test.Menu().mBookmarkList.Count() == 2);
-    CHECK(test.Menu().mBookmarkList[0].caption == u"0 l");
-    CHECK(test.Menu().mBookmarkDeleteList[1].caption == test.Menu().mBookmarkList[1].caption);
-    CHECK(test.Menu().mBookmark[0].tag == u"-1");
-    CHECK(test.Record(0)[Field::Marks] == u"5,3|30,2");
-}
-
-TEST_CASE("open: wild values in a record are kept within what can be shown") {
-    TestForm test;
-    test.PutDataFile(
-        "[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n/b/a.txt=x=y==999999999999=-5=x=2=-1=9=9=77="
-        "=-1=99999999999=q==|||x,y|-5,-9|1,2,3|0,999999999|\r\n");
-    test.PutBook(u"/b/a.txt", "short");
-    REQUIRE(test.Start());
-    CHECK(test.View().Font().size >= 1);
-    CHECK(test.View().Font().size <= 1638);
-    CHECK(test.View().Font().charset >= 0);
-    CHECK(test.View().TextColor() <= 0xFFFFFF);
-    CHECK(test.View().BackColor() <= 0xFFFFFF);
-    CHECK(test.View().ShownAlignment() == Alignment::Left);
-    CHECK(test.View().TextRange(0, 9) == u"short");
-    CHECK(test.View().FirstVisibleChar() == 0);
-    for (int mark = 0; mark < test.Menu().mBookmarkList.Count(); ++mark) {
-        test.Menus().Click(test.Menu().mBookmarkList, mark);
-        CHECK(test.View().SelStart() >= 0);
-        CHECK(test.View().SelLength() >= 0);
-        CHECK(test.View().SelStart() + test.View().SelLength() <= 5);
-    }
-    CHECK(test.Menu().mBookmarkList.Count() > 1);
-    test.Close();
-    CHECK(test.DataFile().find("/b/a.txt=2026:") != std::string::npos);
-}
-
-TEST_CASE("open: a record of a path alone shows a readable book") {
-    TestForm test;
-    test.PutDataFile("[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n/b/a.txt\r\n");
-    test.PutBook(u"/b/a.txt", "text");
-    REQUIRE(test.Start());
-    CHECK(test.View().TextColor() != test.View().BackColor());
-    CHECK(test.View().Font().size > 0);
-}
-
-TEST_CASE("open: 8-bit text is read in the code page of the book's charset") {
-    TestForm test;
-    test.PutDataFile("[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n/b/a.txt==0===204\r\n");
-    test.PutBook(u"/b/a.txt", "\xCF\xF0\xE8\xE2\xE5\xF2");
-    REQUIRE(test.Start());
-    CHECK(test.View().TextRange(0, 9) == u"\u041F\u0440\u0438\u0432\u0435\u0442");
-}
-
 TEST_CASE("open: a dialog's first folder") {
     TestForm test;
     test.Files().AddFolder(u"/b/x");
@@ -402,173 +314,4 @@ TEST_CASE("open: a dialog's first folder") {
     CHECK(InitialFolder(test.Files(), u"/b/x/", u"/", u"/") == u"/b/x");
     CHECK(InitialFolder(test.Files(), u"", u"/b", u"/") == u"/b");
     CHECK(InitialFolder(test.Files(), u"/gone/a.txt", u"/b", u"/") == u"/");
-}
-
-namespace {
-// A view whose memory runs out on a text of this length.
-class SmallTextView : public NoneTextView {
-  public:
-    void LoadPlainText(std::u16string text) override {
-        if (text.size() > 1000) throw std::bad_alloc();
-        NoneTextView::LoadPlainText(std::move(text));
-    }
-};
-} // namespace
-
-namespace {
-class TenMegabyteView : public NoneTextView {
-  public:
-    std::uint64_t MaxTextSize() const override { return 10u << 20; }
-};
-} // namespace
-
-// A book of more than 8 MB is not read into memory before its kind is known.
-TEST_CASE("open: large books, and the largest plain text that the view can show") {
-    TestForm test;
-    test.form.ports.textView = std::make_unique<TenMegabyteView>();
-    const std::string nineMegabytes(9u << 20, '\n'), elevenMegabytes(11u << 20, '\n');
-    test.PutBook(u"/b/nine.txt", nineMegabytes + "the end");
-    test.PutBook(u"/b/eleven.txt", elevenMegabytes + "the end");
-    test.PutBook(u"/b/eleven.rtf", "{\\rtf1{\\info " + elevenMegabytes + "}all of it}");
-    test.PutBook(u"/b/rich", "{\\rtf1{\\info " + elevenMegabytes + "}also all}");
-    REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/nine.txt");
-    CHECK(test.View().TextLength() == (9 << 20) + 7);
-    CHECK(test.View().TextRange(9 << 20, 7) == u"the end");
-    OpenBook(test.form, u"/b/eleven.rtf");
-    CHECK(test.View().TextRange(0, 20) == u"all of it");
-    OpenBook(test.form, u"/b/rich"); // by its first bytes
-    CHECK(test.View().TextRange(0, 20) == u"also all");
-    CHECK(test.Dialogs().messages.empty());
-    OpenBook(test.form, u"/b/eleven.txt");
-    REQUIRE(test.Dialogs().messages.size() == 1);
-    CHECK(test.Dialogs().messages[0].text ==
-          u"/b/eleven.txt\r\nis too large: a book may have up to 10 MB.");
-    CHECK(test.View().TextRange(0, 20) == u"also all");
-}
-
-TEST_CASE("open: a book that memory does not hold is told, and keeps its record") {
-    TestForm test;
-    test.form.ports.textView = std::make_unique<SmallTextView>();
-    test.PutDataFile("[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n/b/"
-                     "a.txt=2021:1:1:1:1:1=0=Serif=14=0=0=0=0=0=1=0=0"
-                     "=16777215=77=9==\r\n");
-    test.PutBook(u"/b/a.txt", NumberedLines(300));
-    REQUIRE(test.Start());
-    REQUIRE(test.Dialogs().messages.size() == 1);
-    CHECK(test.Dialogs().messages[0].text == u"There is not enough memory for this.");
-    CHECK_FALSE(test.form.LoadingBook);
-    CHECK_FALSE(test.form.ProfileChanging);
-    CHECK_FALSE(test.form.ProfileSwitching);
-    test.Timer().Tick(60);
-    test.Close();
-    CHECK(test.DataFile().find("=77=9==") != std::string::npos);
-}
-
-TEST_CASE("open: a refresh that memory does not hold leaves no flag behind") {
-    TestForm test;
-    test.form.ports.textView = std::make_unique<SmallTextView>();
-    test.PutBook(u"/b/a.txt", "short");
-    test.PutBook(u"/b/b.txt", "another");
-    REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/a.txt");
-    test.PutBook(u"/b/a.txt", NumberedLines(300));
-    test.Menus().Open(test.Menu().mView);
-    test.Menus().Click(test.Menu().mViewRefresh);
-    REQUIRE(test.Dialogs().messages.size() == 1);
-    CHECK_FALSE(test.form.Refreshing);
-    OpenBook(test.form, u"/b/b.txt");
-    CHECK(test.DataFile().find("\r\n/b/b.txt=2026") < test.DataFile().find("\r\n/b/a.txt="));
-}
-
-namespace {
-// "called" in French, and a Greek and a Russian sentence of the same bytes' charsets.
-constexpr std::string_view french =
-    "Elle l'a appel\xE9\x65, et l'\xE9t\xE9 a \xE9t\xE9 tr\xE8s beau.\n";
-constexpr std::string_view greek = "\xCC\xE9\xE1 \xF6\xEF\xF1\xDC \xEA\xE9 \xDD\xED\xE1\xED "
-                                   "\xEA\xE1\xE9\xF1\xFC \xE6\xEF\xFD\xF3\xE5 \xDD\xED\xE1\xF2 "
-                                   "\xE2\xE1\xF3\xE9\xEB\xE9\xDC\xF2.\n";
-
-std::u16string Shown(TestForm& test) {
-    return test.View().TextRange(0, test.View().TextLength());
-}
-
-void ChooseScript(TestForm& test, int charset) {
-    ViewFont font = test.form.format.font;
-    font.charset = charset;
-    test.Dialogs().fontAnswer = FontAnswer{DialogResult::Ok, font, 0};
-    test.Menus().Open(test.Menu().mView);
-    test.Menus().Click(test.Menu().mViewFont);
-}
-} // namespace
-
-TEST_CASE("script: one that was chosen for the shown book does not leak into a new one") {
-    TestForm test;
-    test.PutBook(u"/b/short.txt", "\xE1\xE2\xE3");
-    test.PutBook(u"/b/french.txt", french);
-    REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/short.txt");
-    ChooseScript(test, 161);
-    CHECK(Shown(test) == u"\u03B1\u03B2\u03B3");
-    OpenBook(test.form, u"/b/french.txt");
-    CHECK(Shown(test).starts_with(u"Elle l'a appel\u00E9e"));
-    CHECK(test.form.format.font.charset == 0);
-    test.Close();
-    TestForm next(test);
-    REQUIRE(next.Start());
-    CHECK(Shown(next).starts_with(u"Elle l'a appel\u00E9e"));
-    mFileList_Click(next.form, 1);
-    CHECK(Shown(next) == u"\u03B1\u03B2\u03B3"); // for which it was chosen
-}
-
-TEST_CASE("script: a killed program leaves no choice behind that nobody made") {
-    TestForm test;
-    test.PutBook(u"/b/greek.txt", greek);
-    test.PutBook(u"/b/french.txt", french);
-    REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/greek.txt");
-    CHECK(Shown(test).starts_with(u"\u039C\u03B9\u03B1 \u03C6\u03BF\u03C1\u03AC"));
-    OpenBook(test.form, u"/b/french.txt");
-    TestForm next(test); // without closing
-    REQUIRE(next.Start());
-    CHECK(Shown(next).starts_with(u"Elle l'a appel\u00E9e"));
-    mFileList_Click(next.form, 1);
-    CHECK(Shown(next).starts_with(u"\u039C\u03B9\u03B1 \u03C6\u03BF\u03C1\u03AC"));
-}
-
-TEST_CASE("script: one that was only guessed is guessed anew when the file is another") {
-    TestForm test;
-    test.PutBook(u"/b/a.txt", greek);
-    REQUIRE(test.Start());
-    OpenBook(test.form, u"/b/a.txt");
-    CHECK(Shown(test).starts_with(u"\u039C\u03B9\u03B1 \u03C6\u03BF\u03C1\u03AC"));
-    test.Close();
-    TestForm next(test);
-    next.PutBook(u"/b/a.txt", french);
-    REQUIRE(next.Start());
-    CHECK(Shown(next).starts_with(u"Elle l'a appel\u00E9e"));
-}
-
-TEST_CASE("script: a record of an older version is read in the script of its number") {
-    TestForm test;
-    test.PutBook(u"/b/french.txt", french);
-    test.PutDataFile(
-        "[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n/b/french.txt=2026:01:01:01:01:01=0"
-        "=Serif=12=161=0=0=0=0=1=0=0=0=0=0==\r\n");
-    REQUIRE(test.Start());
-    CHECK(Shown(test).starts_with(u"Elle l'a appel\u03B9e"));
-    ChooseScript(test, 0);
-    CHECK(Shown(test).starts_with(u"Elle l'a appel\u00E9e"));
-    test.Close();
-    CHECK(test.DataFile().find("[A\\/b/french.txt]\r\nCodePage=1252") != std::string::npos);
-}
-
-TEST_CASE("script: a charset that is kept for the book is just that") {
-    TestForm test;
-    test.PutBook(u"/b/a.txt", "\xE0\xE1\xE2 \xA0\xA1");
-    test.PutDataFile("[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n/b/a.txt=2026:01:01:01:01:01=0"
-                     "=Serif=12=204=0=0=0=0=1=0=0=0=0=0==\r\n[A\\/b/a.txt]\r\nCodePage=866\r\n");
-    REQUIRE(test.Start());
-    CHECK(Shown(test).starts_with(u"\u0440\u0441\u0442 \u0430\u0431"));
-    CHECK(test.form.book.codePage == 866);
 }

@@ -13,13 +13,16 @@ TABLES = {
     "common/case_table.h": "common/make_case_table.py",
     "common/unicode_table.h": "common/make_unicode_table.py",
     "formats/codepages/code_page_tables.h": "formats/codepages/make_code_page_tables.py",
+    "formats/html/html_entity_table.h": "formats/html/make_entity_table.py",
 }
 SKIPPED = 77
 
 
 def unicode_of(table):
+    """The version that it names; the installed one for a table of no version."""
     with open(table, encoding="ascii") as file:
-        return re.search(r"Unicode ([0-9.]+[0-9])", file.readline()).group(1)
+        named = re.search(r"Unicode ([0-9.]+[0-9])", file.readline())
+        return named.group(1) if named else unicodedata.unidata_version
 
 
 def is_made_again(table, script):

@@ -1,8 +1,8 @@
 #include "view/page/page_box_builder.h"
 
+#include "formats/html/html_integer.h"
 #include "formats/html/html_units.h"
 #include "view/page/collapsed_borders.h"
-#include "view/page/html_number.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -159,9 +159,9 @@ class PageBoxBuilder : private PageNumbers {
         const bool reversed = tree_[list].Attribute(HtmlName::Reversed) != nullptr;
         if (isFirst) {
             const int first = reversed ? CountItems(list) : 1;
-            counter->second = HtmlNumber(tree_[list], HtmlName::Start).value_or(first);
+            counter->second = HtmlInteger(tree_[list], HtmlName::Start).value_or(first);
         }
-        const int number = HtmlNumber(tree_[item], HtmlName::Value).value_or(counter->second);
+        const int number = HtmlInteger(tree_[item], HtmlName::Value).value_or(counter->second);
         counter->second = reversed ? number - 1 : number + 1;
         return number;
     }

@@ -1,9 +1,9 @@
 #include "view/page/page_text.h"
 
 #include "common/text.h"
+#include "formats/html/html_integer.h"
 #include "formats/html/html_units.h"
 #include "view/page/bidi_isolation.h"
-#include "view/page/html_number.h"
 #include "view/page/list_marker.h"
 #include "view/page/page_box_builder.h"
 #include "view/page/text_case.h"
@@ -347,7 +347,7 @@ Size PageText::PictureSize(PageBoxId picture) {
 
 std::optional<int> PageText::Number(PageBoxId box, HtmlName attribute) {
     const HtmlNodeId node = boxes_[box].node;
-    return node == noHtmlNode ? std::nullopt : HtmlNumber(tree_[node], attribute);
+    return node == noHtmlNode ? std::nullopt : HtmlInteger(tree_[node], attribute);
 }
 
 std::shared_ptr<const InlineContent> PageText::MarkerOf(PageBoxId item) {

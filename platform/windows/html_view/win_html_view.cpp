@@ -19,8 +19,7 @@ WinHtmlView::WinHtmlView(HWND parent, BrowserFactory make)
     : createBrowser_(std::move(make)),
       window_(parent,
               {[this] { FitWindow(); }, [this] { FocusPage(); }, [this] { ReleaseControl(); },
-               [this] { RunPostedTask(); }, [this] { ApplyZoom(); }}),
-      inner_(*this) {}
+               [this] { RunPostedTask(); }, [this] { ApplyZoom(); }}) {}
 
 WinHtmlView::~WinHtmlView() {
     ResetPage();

@@ -111,8 +111,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     BrowserFactory createBrowser_;
     std::deque<std::function<void()>> posted_;
     WinDrops drops_{onFilesDropped};
-    PageWindow window_;
-    InnerWindow inner_;
+    InnerWindow inner_{*this};
     std::unique_ptr<DocumentMode> mode_;     // set from the first page on
     std::unique_ptr<RemoteBlocker> blocker_; // while there is a control
     std::unique_ptr<BrowserControl> control_;
@@ -129,4 +128,5 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     PageDocument document_;
     ScrollAnchor scrollAnchor_;
     mutable PageSnapshot snapshot_;
+    PageWindow window_; // made last, destroyed first: its messages use the other members
 };

@@ -26,10 +26,10 @@ def clipboard(screen, attempts=5):
 
 
 def copied(reader, *keys):
-    """What the keys copy, in another program's hands while the reader runs on. Without keys it is
-    Ctrl+C. A copy is asked for as often as it takes: no command is taken while another one waits for
-    a page. Wine takes the filling in some time after it is there, tells nobody when, and forgets a
-    copy that came before: so it is given more time for it with each attempt."""
+    """What another program gets from the clipboard after these keys (Ctrl+C when none are given),
+    while the reader runs on. The keys are repeated until they have an effect: the reader ignores
+    commands while one waits for a page. Wine notices the text that fills the clipboard before some
+    time later, without an event, and drops a copy made until then: each attempt gives it longer."""
     keys = keys or ("ctrl+c",)
     patience = 0  # seconds between the filling and the keys
     filled, pressed = _fill(reader), None

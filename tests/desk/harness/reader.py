@@ -204,7 +204,7 @@ class Reader:
         return window in self.windows()
 
     def popups(self):
-        """The open menus, in no order."""
+        """The open menus, in no particular order."""
         return [window for window in self.windows()
                 if window != self.window and "Override Redirect State: yes"
                 in self.screen.output("xwininfo", "-id", str(window))]

@@ -1,4 +1,4 @@
-"""A screen reader's eyes: the program as assistive technology finds it, over a bus of its own."""
+"""The program as assistive technology sees it (AT-SPI), over an accessibility bus of the story's own."""
 import os
 import warnings
 

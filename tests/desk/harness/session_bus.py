@@ -1,4 +1,4 @@
-"""A session bus of the story's own."""
+"""A private D-Bus session bus for a story."""
 import os
 import subprocess
 

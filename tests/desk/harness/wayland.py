@@ -1,4 +1,4 @@
-"""A Wayland compositor without a monitor and without hands: what it shows can be looked at."""
+"""A headless Wayland compositor without input devices; its output can be captured."""
 import glob
 import os
 import subprocess
