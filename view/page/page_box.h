@@ -26,12 +26,19 @@ enum class PageBoxKind : std::uint8_t {
 
 struct PageBox {
     PageBoxKind kind = PageBoxKind::Block;
-    bool hasText = false;         // of Lines: it has a line
-    bool hasFloats = false;       // of Lines
+    bool hasText = false;   // of Lines: it has a line
+    bool hasFloats = false; // of Lines
+    bool isTooLong = false; // to be laid out by itself
+    // Lines or a table that is too long are several, one behind the other: not the first of them;
+    // of tables also not the last one.
+    bool continues = false, isContinued = false;
     HtmlNodeId node = noHtmlNode; // none: an anonymous box
     PageBoxId parent = noPageBox, nextSibling = noPageBox;
     PageBoxId end = noPageBox;                          // behind the last one within it
     HtmlNodeId first = noHtmlNode, behind = noHtmlNode; // of Lines: the nodes, in document order
+    // Units of these two, if they are texts that are divided: the first one's from there on, the
+    // other one's up to there.
+    std::uint32_t firstUnit = 0, behindUnit = 0;
     std::uint32_t units = 0; // of the texts of Lines, as they are written
     std::int32_t number = 0; // of a list's item
     const CssInheritedStyle* text = nullptr;
@@ -49,6 +56,7 @@ class PageBoxes {
     const PageBox& operator[](PageBoxId id) const { return boxes_[id]; }
     std::size_t Count() const { return boxes_.size() - 1; }
     PageBoxId End() const { return PageBoxId(boxes_.size()); }
+    bool IsEmpty(PageBoxId id) const { return boxes_[id].end == id + 1; }
     PageBoxId FirstChild(PageBoxId id) const {
         return id + 1 < boxes_[id].end ? id + 1 : noPageBox;
     }

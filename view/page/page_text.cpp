@@ -5,22 +5,13 @@
 #include "view/page/html_number.h"
 #include "view/page/list_marker.h"
 #include "view/page/page_box_builder.h"
+#include "view/page/page_weights.h"
+#include "view/page/text_cut.h"
 
 #include <algorithm>
 
 namespace {
 constexpr char16_t lineSeparator = u'\u2028', objectReplacement = u'\uFFFC';
-
-// Of one block's text; each breaks the lines behind it anew. What is beyond stands in its line.
-constexpr int maxFloats = 200;
-
-bool KeepsSpaces(CssWhiteSpace whiteSpace) {
-    return whiteSpace == CssWhiteSpace::Pre || whiteSpace == CssWhiteSpace::PreWrap ||
-           whiteSpace == CssWhiteSpace::BreakSpaces;
-}
-bool KeepsBreaks(CssWhiteSpace whiteSpace) {
-    return KeepsSpaces(whiteSpace) || whiteSpace == CssWhiteSpace::PreLine;
-}
 
 class LinesReader {
   public:
@@ -39,7 +30,9 @@ class LinesReader {
     LinesText Read() {
         SetUp();
         AddMarkerInside();
-        if (lines_.first == container_) {
+        if (lines_.first == lines_.behind && lines_.behindUnit > 0) {
+            AddUpTo(lines_.behind, lines_.firstUnit, lines_.behindUnit);
+        } else if (lines_.first == container_) {
             AddGenerated(styles_.Before(container_));
             const HtmlNodeId child = tree_[container_].firstChild;
             if (child == noHtmlNode) AddGenerated(styles_.After(container_));
@@ -95,14 +88,23 @@ class LinesReader {
             Leave(within ? id : tree_[id].parent, next);
             id = next;
         }
+        if (lines_.behindUnit > 0) AddUpTo(lines_.behind, 0, lines_.behindUnit);
+    }
+
+    void AddUpTo(HtmlNodeId text, std::size_t from, std::size_t end) {
+        const HtmlNode& node = tree_[text];
+        node_ = text;
+        AddText(node.Text().substr(0, end), *styles_.Of(node.parent).inherited,
+                RaiseOf(node.parent), from);
+        node_ = noHtmlNode;
     }
 
     // Whether what is in the node is read next.
     bool Enter(HtmlNodeId id) {
         const HtmlNode& node = tree_[id];
         if (node.IsText()) {
-            node_ = id;
-            AddText(node.Text(), *styles_.Of(node.parent).inherited, RaiseOf(node.parent));
+            AddUpTo(id, id == lines_.first ? lines_.firstUnit : 0, node.length);
+            return false;
         }
         node_ = noHtmlNode;
         if (!node.IsElement() || IsNotShown(node)) return false;
@@ -131,8 +133,7 @@ class LinesReader {
 
     void AddBox() {
         const PageBox& box = boxes_[nextBox_];
-        const bool isFloat = box.style->floats != CssFloat::None && floats_++ < maxFloats;
-        const bool inLine = !IsOutOfFlow(*box.style) && !isFloat;
+        const bool inLine = !IsOutOfFlow(*box.style) && box.style->floats == CssFloat::None;
         result_.boxes.push_back({Length(), nextBox_, inLine});
         if (inLine) {
             StartRun(*lines_.text, 0, false);
@@ -180,7 +181,9 @@ class LinesReader {
     void AddGenerated(CssStyle style) {
         if (!style.box) return;
         for (const CssContentItem& item : styles_.Content(style.box->content))
-            if (item.kind == CssContentItem::Kind::Text) AddText(item.text, *style.inherited, 0);
+            if (item.kind == CssContentItem::Kind::Text)
+                AddText(std::u16string_view(item.text).substr(0, maxGenerated), *style.inherited,
+                        0);
     }
 
     // How far the baseline of an element's text is above that of the lines.
@@ -204,11 +207,12 @@ class LinesReader {
                styles_.Of(element).box->display != CssDisplay::Contents;
     }
 
-    void AddText(std::u16string_view text, const CssInheritedStyle& style, double raise) {
+    void AddText(std::u16string_view text, const CssInheritedStyle& style, double raise,
+                 std::size_t from = 0) {
         StartRun(style, raise, false);
         const bool keepsSpaces = KeepsSpaces(style.whiteSpace);
         const bool keepsBreaks = KeepsBreaks(style.whiteSpace);
-        for (std::size_t i = 0; i < text.size(); ++i) {
+        for (std::size_t i = from; i < text.size(); ++i) {
             const char16_t unit = text[i];
             if (unit == u'\n' && keepsBreaks) {
                 if (keepsSpaces)
@@ -275,7 +279,6 @@ class LinesReader {
     HtmlNodeId node_ = noHtmlNode;      // that is read
     HtmlNodeId container_ = noHtmlNode; // the element that the lines are in
     PageBoxId nextBox_ = noPageBox;
-    int floats_ = 0;
     bool whiteSpaceEnds_ = true; // collapsible: at the start, behind a space or a break
 };
 } // namespace
