@@ -2,6 +2,7 @@
 
 #include "common/text.h"
 #include "formats/html/html_units.h"
+#include "view/layout_cost.h"
 #include "view/page/html_number.h"
 #include "view/page/list_marker.h"
 #include "view/page/page_box_builder.h"
@@ -43,6 +44,7 @@ class LinesReader {
             ReadFrom(lines_.first);
         }
         RemoveTrailingSpace();
+        TruncateClusters(Text());
         return std::move(result_);
     }
 
@@ -155,8 +157,6 @@ class LinesReader {
     void AddUnit(char16_t shown, std::size_t unit) {
         auto& origins = Content().origins;
         const InlineOrigin origin{Length(), node_, std::uint32_t(unit)};
-        while (!origins.empty() && origins.back().start >= origin.start)
-            origins.pop_back(); // of a space that went
         if (origins.empty() || !GoesOn(origins.back(), origin)) origins.push_back(origin);
         Text() += shown;
     }
@@ -266,7 +266,10 @@ class LinesReader {
     }
 
     void RemoveTrailingSpace() {
-        if (whiteSpaceEnds_ && !Text().empty() && Text().back() == u' ') Text().pop_back();
+        if (!whiteSpaceEnds_ || Text().empty() || Text().back() != u' ') return;
+        Text().pop_back();
+        auto& origins = Content().origins;
+        if (!origins.empty() && origins.back().start >= Length()) origins.pop_back();
     }
 
     const HtmlTree& tree_;
