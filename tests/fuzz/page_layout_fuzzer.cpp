@@ -1,7 +1,7 @@
 // Any bytes as a page in its style sheets, laid out at two widths: all its text is in its lines
 // once and in order, a part of it that is laid out by itself is as it is in the whole, all places
-// are finite, and no work is out of proportion. The first byte says how often the others are
-// repeated, so that a small input is a page beyond the limits of the layout.
+// are finite, and no work is out of proportion. The first byte says how low the limits are, so that
+// a small input is beyond them.
 #include "common/utf.h"
 #include "formats/css/css_page_sheets.h"
 #include "formats/css/css_page_styles.h"
@@ -17,8 +17,6 @@
 #include <cstdlib>
 
 namespace {
-constexpr std::size_t maxUnits = 60'000;
-
 void Require(bool holds, const char* what) {
     if (holds) return;
     std::fprintf(stderr, "%s\n", what);
@@ -50,9 +48,9 @@ CssPageStyles Styled(const HtmlTree& tree, const std::vector<CssSheet>& sheets) 
 }
 
 struct Page {
-    explicit Page(std::u16string source)
+    Page(std::u16string source, const PageLimits& limits)
         : tree(ReadHtml(std::move(source))), sheets(SheetsOf(tree)), styles(Styled(tree, sheets)),
-          boxes(BoxesOf(tree, styles)) {}
+          boxes(BoxesOf(tree, styles, limits)) {}
 
     HtmlTree tree;
     std::vector<CssSheet> sheets;
@@ -135,7 +133,7 @@ class TextOfLines {
     void ReadLines(PageBoxId id) {
         const LinesText lines = text_.TextOf(id);
         const std::u16string& text = lines.content->text.text;
-        Require(text.size() <= 40 * std::size_t(maxLinesWeight), "length of lines");
+        Require(text.size() <= 40 * std::size_t{PageLimits().lines}, "length of lines");
         const auto& origins = lines.content->origins;
         auto place = lines.boxes.begin();
         for (std::size_t i = 0; i < origins.size(); ++i) {
@@ -235,20 +233,16 @@ std::vector<std::uint64_t> DigestsOf(const Page& page, double width, bool backwa
     return digests;
 }
 
-std::u16string SourceOf(const std::uint8_t* data, std::size_t size) {
-    if (size == 0) return {};
-    const std::string_view bytes(reinterpret_cast<const char*>(data + 1), size - 1);
-    const std::u16string once = Utf8ToUtf16(bytes);
-    const std::size_t times = data[0] < 128 ? 1 : std::size_t{1} << (data[0] - 128) / 8;
-    std::u16string source = u"<!DOCTYPE html>";
-    for (std::size_t i = 0; i < times && source.size() + once.size() <= maxUnits; ++i)
-        source += once;
-    return source;
+PageLimits Lowered(PageLimits limits, int bits) {
+    return {limits.whole >> bits, limits.lines >> bits, limits.rows >> bits};
 }
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const Page page(SourceOf(data, size));
+    if (size == 0) return 0;
+    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    const PageLimits limits = Lowered({}, data[0] % 4 * 4);
+    const Page page(u"<!DOCTYPE html>" + Utf8ToUtf16(bytes.substr(1)), limits);
     PageLayout layout(page);
     const TextDigest shown = TextOfLines(page, layout.text).Read(), all = TextOfTree(page);
     Require(shown.Count() <= all.Count(), "text that is shown twice");

@@ -50,9 +50,9 @@ bool IsNotShown(const HtmlNode& node) {
 
 class PageBoxBuilder {
   public:
-    PageBoxBuilder(const HtmlTree& tree, const CssPageStyles& styles)
-        : tree_(tree), styles_(styles), weights_(tree, styles) {
-        boxes_.boxes_.reserve(tree.NodeCount() + 2);
+    PageBoxBuilder(const HtmlTree& tree, const CssPageStyles& styles, const PageLimits& limits)
+        : tree_(tree), styles_(styles), limits_(limits), weights_(tree, styles, limits.whole) {
+        boxes_.boxes_.reserve(tree.NodeCount() + tree.NodeCount() / 64 + 16);
         boxes_.boxOfNode_.assign(tree.NodeCount() + 1, noPageBox);
     }
 
@@ -133,7 +133,7 @@ class PageBoxBuilder {
 
     // Before what would make them too long.
     void MakeRoomInRun(HtmlNodeId node, PageWeight weight) {
-        if (IsRunOpen() && open_.back().weight + weight > maxLinesWeight) DivideRun(node, 0);
+        if (IsRunOpen() && open_.back().weight + weight > limits_.lines) DivideRun(node, 0);
     }
 
     // A block of nothing but text is the box of its lines.
@@ -220,14 +220,14 @@ class PageBoxBuilder {
             OpenRun(id).firstUnit = std::uint32_t(end);
             at = end;
         }
-        if (Weight() > goodLinesWeight && KeepsBreaks(whiteSpace) && text.back() == u'\n')
+        if (Weight() > limits_.GoodLines() && KeepsBreaks(whiteSpace) && text.back() == u'\n')
             DivideRun(tree_.NextBehind(id), 0);
     }
 
     // How far the text goes in the lines that are open; the start if they are too long already.
     std::size_t EndInRun(std::u16string_view text, std::size_t at, CssWhiteSpace whiteSpace) const {
-        const std::size_t room = maxLinesWeight - std::min(maxLinesWeight, Weight());
-        if (Weight() > goodLinesWeight && KeepsBreaks(whiteSpace)) {
+        const std::size_t room = limits_.lines - std::min(limits_.lines, Weight());
+        if (Weight() > limits_.GoodLines() && KeepsBreaks(whiteSpace)) {
             const std::size_t lineBreak = text.substr(0, at + room).find(u'\n', at);
             if (lineBreak != text.npos) return lineBreak + 1;
         }
@@ -295,7 +295,7 @@ class PageBoxBuilder {
             OpenRun(id);
             AddUnits(1);
             boxes_.boxOfNode_[id] = open_.back().id;
-            if (Weight() > goodLinesWeight) DivideRun(tree_.NextBehind(id), 0);
+            if (Weight() > limits_.GoodLines()) DivideRun(tree_.NextBehind(id), 0);
         }
         if (IsRunOpen()) open_.back().weight += inlineElementWeight;
         AddGenerated(styles_.Before(id), id);
@@ -369,7 +369,7 @@ class PageBoxBuilder {
             const bool isCell = !IsTablePart(display) || display == CssDisplay::TableCell;
             cells = isCell ? cells + weights_.Of(child) : 0;
             const PageWeight weight = isCell ? cells : weights_.Of(child);
-            if (weight <= maxWholeWeight) return;
+            if (weight <= limits_.whole) return;
             isLong = isLong || !IsRowGroup(display) || HasLongRow(child);
         });
         return isLong;
@@ -386,7 +386,7 @@ class PageBoxBuilder {
         table_.weight += row;
         ++table_.row;
         const bool mayDivide = table_.row > table_.spannedUntil;
-        if (table_.weight <= maxRowsWeight * (mayDivide ? 1 : 4)) return;
+        if (table_.weight <= limits_.rows * (mayDivide ? 1 : 4)) return;
         const HtmlNodeId group = Top().kind == PageBoxKind::RowGroup ? Top().node : noHtmlNode;
         if (group != noHtmlNode) Close();
         const HtmlNodeId table = Top().node;
@@ -465,6 +465,7 @@ class PageBoxBuilder {
 
     const HtmlTree& tree_;
     const CssPageStyles& styles_;
+    const PageLimits limits_;
     const PageWeights weights_;
     PageBoxes boxes_;
     std::vector<OpenBox> open_;
@@ -473,6 +474,6 @@ class PageBoxBuilder {
     std::unordered_map<HtmlNodeId, int> counters_; // the next number of each list
 };
 
-PageBoxes BoxesOf(const HtmlTree& tree, const CssPageStyles& styles) {
-    return PageBoxBuilder(tree, styles).Build();
+PageBoxes BoxesOf(const HtmlTree& tree, const CssPageStyles& styles, const PageLimits& limits) {
+    return PageBoxBuilder(tree, styles, limits).Build();
 }

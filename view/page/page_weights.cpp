@@ -17,8 +17,9 @@ PageWeight Sum(PageWeight a, PageWeight b) {
 }
 } // namespace
 
-PageWeights::PageWeights(const HtmlTree& tree, const CssPageStyles& styles) {
-    if (tree.Source().size() + tree.NodeCount() * elementWeight <= maxWholeWeight) return;
+PageWeights::PageWeights(const HtmlTree& tree, const CssPageStyles& styles, PageWeight whole)
+    : whole_(whole) {
+    if (tree.Source().size() + tree.NodeCount() * elementWeight <= whole) return;
     weights_.resize(tree.NodeCount() + 1);
     const HtmlNodeId root = tree.RootElement();
     for (HtmlNodeId id = root; id != noHtmlNode;) {
