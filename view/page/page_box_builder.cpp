@@ -72,7 +72,7 @@ class PageBoxBuilder {
     // What a table has had since it began or was divided.
     struct TablePart {
         PageWeight weight = 0;
-        int row = 0, spannedUntil = 0;
+        int rows = 0, spannedUntil = 0;
     };
 
     PageBox& Top() { return boxes_.boxes_[open_.back().id]; }
@@ -290,12 +290,13 @@ class PageBoxBuilder {
     bool IsPicture(HtmlNodeId id) const { return tree_[id].Is(HtmlName::Img); }
 
     void VisitInline(HtmlNodeId id) {
-        MakeRoomInRun(id, inlineElementWeight);
         if (tree_[id].Is(HtmlName::Br)) {
             OpenRun(id);
             AddUnits(1);
             boxes_.boxOfNode_[id] = open_.back().id;
             if (Weight() > limits_.GoodLines()) DivideRun(tree_.NextBehind(id), 0);
+        } else {
+            MakeRoomInRun(id, inlineElementWeight);
         }
         if (IsRunOpen()) open_.back().weight += inlineElementWeight;
         AddGenerated(styles_.Before(id), id);
@@ -383,10 +384,10 @@ class PageBoxBuilder {
     // Before a row: a table that is too long ends and goes on in another one.
     void DivideTable(PageWeight row) {
         if (!IsInLongTable()) return;
+        const PageWeight most = limits_.rows * (table_.rows >= table_.spannedUntil ? 1 : 4);
         table_.weight += row;
-        ++table_.row;
-        const bool mayDivide = table_.row > table_.spannedUntil;
-        if (table_.weight <= limits_.rows * (mayDivide ? 1 : 4)) return;
+        ++table_.rows;
+        if (table_.rows == 1 || table_.weight <= most) return;
         const HtmlNodeId group = Top().kind == PageBoxKind::RowGroup ? Top().node : noHtmlNode;
         if (group != noHtmlNode) Close();
         const HtmlNodeId table = Top().node;
@@ -395,12 +396,11 @@ class PageBoxBuilder {
         Open(PageBoxKind::Table, table);
         Top().continues = true;
         if (group != noHtmlNode) Open(PageBoxKind::RowGroup, group);
-        table_ = {};
+        table_ = {row, 1, 0};
     }
 
     void BuildTablePart(HtmlNodeId id, CssDisplay display) {
-        if (display != CssDisplay::TableRow)
-            DivideTable(IsRowGroup(display) ? elementWeight : weights_.Of(id));
+        if (display == CssDisplay::TableCaption) DivideTable(weights_.Of(id));
         switch (display) {
         case CssDisplay::TableCaption: return BuildBlock(PageBoxKind::Caption, id);
         case CssDisplay::TableColumn: return BuildColumn(id);
@@ -433,7 +433,8 @@ class PageBoxBuilder {
         if (DisplayOf(id) == CssDisplay::TableCell) {
             CloseCell(id);
             const int rows = HtmlNumber(tree_[id], HtmlName::Rowspan).value_or(1);
-            if (rows > 1) table_.spannedUntil = std::max(table_.spannedUntil, table_.row + rows);
+            if (rows > 1)
+                table_.spannedUntil = std::max(table_.spannedUntil, table_.rows - 1 + rows);
             return BuildBlock(PageBoxKind::Cell, id);
         }
         if (Top().kind == PageBoxKind::Row) Open(PageBoxKind::Cell, noHtmlNode);
