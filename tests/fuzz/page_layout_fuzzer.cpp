@@ -142,18 +142,20 @@ class TextOfLines {
             for (TextPos at = origins[i].start; at < end; ++at) {
                 for (; place != lines.boxes.end() && place->at <= at; ++place)
                     ReadBoxes(place->box, page_.boxes[place->box].end);
-                AddUnit(origins[i], at);
+                AddUnit(id, origins[i], at);
             }
         }
         for (; place != lines.boxes.end(); ++place)
             ReadBoxes(place->box, page_.boxes[place->box].end);
     }
 
-    void AddUnit(const InlineOrigin& origin, TextPos at) {
+    void AddUnit(PageBoxId lines, const InlineOrigin& origin, TextPos at) {
         if (origin.node == noHtmlNode || !page_.tree[origin.node].IsText()) return;
         const std::size_t unit = origin.unit + std::size_t(at - origin.start);
         Require(unit < page_.tree[origin.node].length, "a unit of its node");
-        if (!IsHtmlSpace(page_.tree[origin.node].Text()[unit])) digest_.Add(origin.node, unit);
+        if (IsHtmlSpace(page_.tree[origin.node].Text()[unit])) return;
+        Require(page_.boxes.BoxOf(origin.node, unit) == lines, "the lines of a unit");
+        digest_.Add(origin.node, unit);
     }
 
     const Page& page_;

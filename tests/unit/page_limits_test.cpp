@@ -75,9 +75,14 @@ TEST_CASE("page limits: a long word is divided between characters") {
     std::size_t units = 0;
     for (PageBoxId id = rootPageBox; id < page.boxes.End(); ++id) {
         if (page.boxes[id].kind != PageBoxKind::Lines) continue;
-        const std::u16string text = page.text.TextOf(id).content->text.text;
+        const auto content = page.text.TextOf(id).content;
+        const std::u16string& text = content->text.text;
         CHECK((text.front() == u'e' || text.front() == u'\xD83D'));
         units += text.size();
+        REQUIRE(content->origins.size() == 1);
+        const InlineOrigin& origin = content->origins.front();
+        CHECK(page.boxes.BoxOf(origin.node, origin.unit) == id);
+        CHECK(page.boxes.BoxOf(origin.node, origin.unit + text.size() - 1) == id);
     }
     CHECK(units == 60 * 4);
 }

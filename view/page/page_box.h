@@ -60,12 +60,23 @@ class PageBoxes {
     PageBoxId FirstChild(PageBoxId id) const {
         return id + 1 < boxes_[id].end ? id + 1 : noPageBox;
     }
-    // That an element makes, or that a text or a line break stands in; none for what is not shown
-    // and for elements within lines.
-    PageBoxId BoxOf(HtmlNodeId node) const { return boxOfNode_[node]; }
+    // That an element makes, or that a line break or a unit of a text stands in; none for what is
+    // not shown and for elements within lines. Of a table in parts the first.
+    PageBoxId BoxOf(HtmlNodeId node, std::size_t unit = 0) const {
+        PageBoxId box = boxOfNode_[node];
+        for (PageBoxId next = boxes_[box].nextSibling; GoesOn(next, node, unit);
+             next = boxes_[box].nextSibling)
+            box = next;
+        return box;
+    }
 
   private:
     friend class PageBoxBuilder;
+    bool GoesOn(PageBoxId lines, HtmlNodeId text, std::size_t unit) const {
+        const PageBox& box = boxes_[lines];
+        return box.continues && box.first == text && box.firstUnit > 0 && box.firstUnit <= unit;
+    }
+
     std::vector<PageBox> boxes_{1}; // the first stands for the window: around the root
     std::vector<PageBoxId> boxOfNode_;
 };
