@@ -175,7 +175,7 @@ class FragmentDigest {
         Require(fragment.height >= 0, "height");
         for (const PlacedBox& box : fragment.boxes)
             Add({double(box.box), box.left, box.top, box.width, box.height});
-        for (const PlacedPicture& picture : fragment.pictures)
+        for (const PlacedImage& picture : fragment.pictures)
             Add({double(picture.box), picture.left, picture.top, picture.width, picture.height});
         for (const PlacedLines& lines : fragment.lines)
             AddLines(lines);
