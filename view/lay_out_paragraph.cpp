@@ -18,30 +18,6 @@ auto FirstFrom(const Pictures& pictures, TextPos position) {
                             [](const auto& picture, TextPos at) { return picture.position < at; });
 }
 
-// Replaces a unit that is not shaped: zero width, and nothing combines with it. A surrogate pair is
-// replaced by a pair, so that there is no caret position within it.
-constexpr char16_t omittedUnit = u'\u200B';
-constexpr char16_t omittedPair[] = u"\U000E0001";
-
-bool IsDirectionControl(char32_t character) {
-    return (character >= 0x202A && character <= 0x202E) ||
-           (character >= 0x2066 && character <= 0x2069);
-}
-
-// Shaping a cluster takes quadratic time, so only its beginning is shown.
-void TruncateClusters(std::u16string& text) {
-    ClusterLength cluster;
-    for (std::size_t at = 0, next = 0; at < text.size(); at = next) {
-        const char32_t character = FirstCharacter(std::u16string_view(text).substr(at, 2));
-        const bool pair = character > 0xFFFF;
-        next = at + (pair ? 2 : 1);
-        if (cluster.Add(character) < maxClusterLength) continue;
-        if (IsDirectionControl(character)) continue; // keeps pairs of them balanced
-        text[at] = pair ? omittedPair[0] : omittedUnit;
-        if (pair) text[at + 1] = omittedPair[1];
-    }
-}
-
 // One unit for each unit of the document.
 std::u16string LayoutText(const LayoutContext& context, const ParagraphPart& part) {
     std::u16string text = context.text->Range(part.start, part.end);

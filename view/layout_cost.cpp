@@ -33,6 +33,16 @@ bool HasNoFont(char32_t character) {
     return character >= 0x300 && IsUnassignedOrPrivate(character);
 }
 
+// Replaces a unit that is not shaped: zero width, and nothing combines with it. A surrogate pair is
+// replaced by a pair, so that there is no caret position within it.
+constexpr char16_t omittedUnit = u'\u200B';
+constexpr char16_t omittedPair[] = u"\U000E0001";
+
+bool IsDirectionControl(char32_t character) {
+    return (character >= 0x202A && character <= 0x202E) ||
+           (character >= 0x2066 && character <= 0x2069);
+}
+
 // In scripts that separate words by spaces; others may break anywhere.
 bool IsLetterOfWord(char32_t character) {
     return character > u' ' && character < 0x0900 && character != u'-' && character != 0xAD;
@@ -116,6 +126,19 @@ int ClusterLength::Add(char32_t character) {
     const int before = extends ? units_ : 0;
     units_ = before + (character > 0xFFFF ? 2 : 1);
     return before;
+}
+
+void TruncateClusters(std::u16string& text) {
+    ClusterLength cluster;
+    for (std::size_t at = 0, next = 0; at < text.size(); at = next) {
+        const char32_t character = FirstCharacter(std::u16string_view(text).substr(at, 2));
+        const bool pair = character > 0xFFFF;
+        next = at + (pair ? 2 : 1);
+        if (cluster.Add(character) < maxClusterLength) continue;
+        if (IsDirectionControl(character)) continue; // keeps pairs of them balanced
+        text[at] = pair ? omittedPair[0] : omittedUnit;
+        if (pair) text[at + 1] = omittedPair[1];
+    }
 }
 
 TextPos CostlyUnits(const TextSource& text, const Document& document, TextPos start, TextPos end) {

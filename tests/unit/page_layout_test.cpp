@@ -232,13 +232,13 @@ TEST_CASE("page layout: boxes in boxes are laid out once for each level") {
     CHECK(page.system.paragraphs < 20 * 200);
 }
 
-TEST_CASE("page layout: of many floats in a text those that are too many stand in their lines") {
+TEST_CASE("page layout: many floats in a text are laid out a few times each") {
     std::u16string body = u"<p>";
     for (int i = 0; i < 3000; ++i)
         body += u"<span style='float:left'>a</span>b ";
     PageSample page(body);
     page.Lines(400);
-    CHECK(page.system.paragraphs < 10'000);
+    CHECK(page.system.paragraphs <= 4 * 3000);
 }
 
 TEST_CASE("page layout: tables in tables") {

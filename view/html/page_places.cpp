@@ -77,11 +77,12 @@ std::optional<PlacedBlock> PagePlaces::FindBlock(PageBoxId box) {
 }
 
 std::optional<CharacterPlace> PagePlaces::PlaceIn(const HtmlTextPiece& piece, TextPos position) {
-    const PageBoxId box = shown_.BoxOf(piece.node);
+    const std::size_t unitOfNode = page_.UnitOf(piece, position);
+    const PageBoxId box = shown_.BoxOf(piece.node, unitOfNode);
     if (box == noPageBox) return std::nullopt;
     auto block = FindBlock(box);
     if (!block) return std::nullopt;
-    const auto unit = UnitShowing(block->Content(), piece.node, page_.UnitOf(piece, position));
+    const auto unit = UnitShowing(block->Content(), piece.node, unitOfNode);
     if (!unit) return std::nullopt;
     CharacterPlace place;
     place.block = std::move(*block);

@@ -63,8 +63,8 @@ ShownPage::ShownPage(const LoadedPage& page, const std::vector<std::u16string>& 
     flow_.SetWidth(look.viewport.width);
 }
 
-PageBoxId ShownPage::BoxOf(HtmlNodeId node) const {
-    return boxes_.BoxOf(node);
+PageBoxId ShownPage::BoxOf(HtmlNodeId node, std::size_t unit) const {
+    return boxes_.BoxOf(node, unit);
 }
 
 std::size_t ShownPage::ZoneOf(PageBoxId box) const {

@@ -33,7 +33,7 @@ class ShownPage {
     PageFlow& Flow() { return flow_; }
     // The box of lines that a node's text stands in, or that an element makes; nothing for what is
     // not shown.
-    PageBoxId BoxOf(HtmlNodeId node) const;
+    PageBoxId BoxOf(HtmlNodeId node, std::size_t unit = 0) const;
     std::size_t ZoneOf(PageBoxId box) const;
 
     Color CanvasColor() const; // behind everything; white where the page says nothing

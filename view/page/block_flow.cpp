@@ -31,7 +31,9 @@ void BlockFlow::StartBehind(PageBoxId leaf) {
     }
     topless_.clear();
     const double containing = open_.back().room.Width();
-    margin_.Add(layouter_.Measure().Margin(*layouter_.Box(leaf).style, cssBottom, containing));
+    const PageBox& box = layouter_.Box(leaf);
+    if (!box.isContinued)
+        margin_.Add(layouter_.Measure().Margin(*box.style, cssBottom, containing));
 }
 
 void BlockFlow::LayOutContent() {
@@ -43,7 +45,7 @@ void BlockFlow::LayOut(PageBoxId from, PageBoxId end) {
     for (PageBoxId box = from; box < end;) {
         while (open_.size() > 1 && open_.back().box != layouter_.Box(box).parent)
             Close();
-        if (IsFlowLeaf(layouter_.Box(box))) {
+        if (IsFlowLeaf(layouter_.Boxes(), box)) {
             LayOutLeaf(box);
             box = layouter_.Box(box).end;
         } else {
@@ -59,7 +61,11 @@ void BlockFlow::Finish() {
     top_ = floats_.ClearedTop(true, true, top_);
 }
 
-void BlockFlow::Break() {
+void BlockFlow::Break(bool belowFloats) {
+    if (belowFloats) {
+        EndMargin();
+        top_ = floats_.ClearedTop(true, true, top_);
+    }
     for (const OpenBlock& block : open_) {
         if (block.placed < 0) continue;
         PlacedBox& placed = result_.boxes[std::size_t(block.placed)];
@@ -162,7 +168,7 @@ void BlockFlow::LayOutLeaf(PageBoxId id) {
     if (StandsAlone(box)) return AddByItself(id);
     if (box.node == noHtmlNode) return LayOutLines(id);
     Open(id);
-    LayOutLines(id);
+    if (box.kind == PageBoxKind::Lines) LayOutLines(id);
     Close();
 }
 
@@ -243,8 +249,10 @@ void BlockFlow::AddByItself(PageBoxId id) {
     const InlineEdges room = open_.back().room;
     const double containing = room.Width();
     const BoxMeasure& measure = layouter_.Measure();
-    margin_.Add(measure.Margin(*box.style, cssTop, containing));
-    ClearFloats(*box.style);
+    if (!box.continues) {
+        margin_.Add(measure.Margin(*box.style, cssTop, containing));
+        ClearFloats(*box.style);
+    }
     EndMargin();
     PageFragmentPtr fragment;
     const double sides = measure.SideMargins(*box.style, containing);
@@ -264,5 +272,5 @@ void BlockFlow::AddByItself(PageBoxId id) {
         measure.RelativeShift(*box.style, *layouter_.Box(open_.back().box).text, containing);
     result_.parts.push_back({edges.border.left + shift.x, top_ + shift.y, std::move(fragment)});
     top_ += height;
-    margin_.Add(measure.Margin(*box.style, cssBottom, containing));
+    if (!box.isContinued) margin_.Add(measure.Margin(*box.style, cssBottom, containing));
 }

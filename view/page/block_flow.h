@@ -12,7 +12,8 @@ class BlockFlow {
     // Within a box whose content has this room. The flow begins at height 0.
     BlockFlow(PageLayouter& layouter, PageBoxId container, InlineEdges room, PageFragment& result);
 
-    // Goes on behind a leaf with text or a size of its own, whose border ends at height 0.
+    // Goes on behind a leaf whose border ends at height 0: one with text or a size of its own, or
+    // one that was broken behind below floats.
     void StartBehind(PageBoxId leaf);
     // All that is in the container.
     void LayOutContent();
@@ -20,8 +21,8 @@ class BlockFlow {
     void LayOut(PageBoxId from, PageBoxId end);
     // Ends the boxes that are open, and goes below all floats.
     void Finish();
-    // Ends the fragment with boxes open.
-    void Break();
+    // Ends the fragment with boxes open, below all floats or where its last leaf ends.
+    void Break(bool belowFloats);
 
     double Bottom() const { return top_; } // without the last margin
 

@@ -9,8 +9,8 @@
 
 namespace {
 // Units that are broken in one go: systems take more than twice the time for twice the text. Fewer
-// beside floats, where each float breaks what follows anew.
-constexpr TextPos maxAtOnce = 16 * 1024, maxBesideFloats = 2048;
+// beside floats, where each float breaks what follows anew: more only if a line has more.
+constexpr TextPos maxAtOnce = 16 * 1024, minBesideFloats = 256, maxBesideFloats = 2048;
 // Units in which the first place to break is looked for; a longer word goes beside floats as it
 // comes.
 constexpr std::size_t maxFirstWord = 256;
@@ -57,7 +57,7 @@ class InlineLayouter {
         height_ = std::max(height_, StrutBox(system_, content_).Height());
         const InlineEdges edges = RoomFor(height_);
         const bool besideFloats = HasFloats() || context_.NextChange(top_) > top_;
-        const TextPos end = std::min(end_, at_ + (besideFloats ? maxBesideFloats : maxAtOnce));
+        const TextPos end = std::min(end_, at_ + (besideFloats ? besideFloats_ : maxAtOnce));
         InlinePiece piece{at_, system_.BreakLines(Paragraph(edges, end))};
         const std::size_t before = result_.lines.size();
         // A break at the end begins no line.
@@ -88,6 +88,10 @@ class InlineLayouter {
         const TextPos end = piece.start + line.end;
         const bool cut = number + 1 == piece.lines->Count() && end < end_;
         if (cut && number > 0) return false; // more of the text may belong into it
+        if (cut && end - piece.start == besideFloats_ && besideFloats_ < maxBesideFloats) {
+            besideFloats_ *= 2;
+            return false;
+        }
         if (RoomFor(height) != edges) {
             // Broken for the height of the block's font; now for its own.
             if (number > 0) return false;
@@ -185,7 +189,8 @@ class InlineLayouter {
     InlineLayout result_;
     TextPos at_ = 0;
     const TextPos end_;
-    double height_ = 0; // that the next line is expected to have
+    TextPos besideFloats_ = minBesideFloats; // to be broken in one go
+    double height_ = 0;                      // that the next line is expected to have
     std::size_t nextFloat_ = 0, nextAtom_ = 0, nextClear_ = 0;
 };
 } // namespace

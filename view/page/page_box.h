@@ -29,12 +29,19 @@ enum class PageBoxKind : std::uint8_t {
 
 struct PageBox {
     PageBoxKind kind = PageBoxKind::Block;
-    bool hasText = false;         // of Lines: it has a line
-    bool hasFloats = false;       // of Lines
+    bool hasText = false;   // of Lines: it has a line
+    bool hasFloats = false; // of Lines
+    bool isTooLong = false; // to be laid out by itself
+    // Lines or a table that is too long are several, one behind the other: not the first of them;
+    // of tables also not the last one.
+    bool continues = false, isContinued = false;
     HtmlNodeId node = noHtmlNode; // none: an anonymous box
     PageBoxId parent = noPageBox, nextSibling = noPageBox;
     PageBoxId end = noPageBox;                          // behind the last one within it
     HtmlNodeId first = noHtmlNode, behind = noHtmlNode; // of Lines: the nodes, in document order
+    // Units of these two, if they are texts that are divided: the first one's from there on, the
+    // other one's up to there.
+    std::uint32_t firstUnit = 0, behindUnit = 0;
     std::uint32_t units = 0; // of the texts of Lines, as they are written
     std::int32_t number = 0; // of a list's item
     const CssInheritedStyle* text = nullptr;
@@ -63,12 +70,20 @@ class PageBoxes {
     const PageBox& operator[](PageBoxId id) const { return boxes_[id]; }
     std::size_t Count() const { return boxes_.size() - 1; }
     PageBoxId End() const { return PageBoxId(boxes_.size()); }
+    bool IsEmpty(PageBoxId id) const { return boxes_[id].end == id + 1; }
     PageBoxId FirstChild(PageBoxId id) const {
         return id + 1 < boxes_[id].end ? id + 1 : noPageBox;
     }
-    // That an element makes, or that a text or a line break stands in; none for what is not shown
-    // and for elements within lines.
-    PageBoxId BoxOf(HtmlNodeId node) const { return boxOfNode_[node]; }
+    // That an element makes, or that a line break or a unit of a text stands in; none for what is
+    // not shown and for elements within lines. Of a table in parts the first.
+    PageBoxId BoxOf(HtmlNodeId node, std::size_t unit = 0) const {
+        PageBoxId box = boxOfNode_[node];
+        for (PageBoxId next = boxes_[box].nextSibling; GoesOn(next, node, unit);
+             next = boxes_[box].nextSibling)
+            box = next;
+        return box;
+    }
+
     // The box whose background is that of all the canvas, and not its own: the root, or the page's
     // body where the root has none (CSS 2.1, 14.2).
     PageBoxId CanvasBox() const { return canvas_; }
@@ -76,6 +91,11 @@ class PageBoxes {
 
   private:
     friend class PageBoxBuilder;
+    bool GoesOn(PageBoxId lines, HtmlNodeId text, std::size_t unit) const {
+        const PageBox& box = boxes_[lines];
+        return box.continues && box.first == text && box.firstUnit > 0 && box.firstUnit <= unit;
+    }
+
     PageBoxId canvas_ = rootPageBox;
     std::vector<PageBox> boxes_{1}; // the first stands for the window: around the root
     std::vector<PageBoxId> boxOfNode_;

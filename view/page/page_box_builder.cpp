@@ -3,9 +3,12 @@
 #include "formats/html/html_integer.h"
 #include "formats/html/html_units.h"
 #include "view/page/collapsed_borders.h"
+#include "view/page/page_weights.h"
+#include "view/page/text_cut.h"
 
 #include <algorithm>
 #include <unordered_map>
+#include <utility>
 
 namespace {
 const CssBoxStyle anonymousStyle = [] {
@@ -48,9 +51,9 @@ bool IsNotShown(const HtmlNode& node) {
 
 class PageBoxBuilder : private PageNumbers {
   public:
-    PageBoxBuilder(const HtmlTree& tree, const CssPageStyles& styles)
-        : tree_(tree), styles_(styles) {
-        boxes_.boxes_.reserve(tree.NodeCount() / 2 + 2);
+    PageBoxBuilder(const HtmlTree& tree, const CssPageStyles& styles, const PageLimits& limits)
+        : tree_(tree), styles_(styles), limits_(limits), weights_(tree, styles, limits.whole) {
+        boxes_.boxes_.reserve(tree.NodeCount() + tree.NodeCount() / 64 + 16);
         boxes_.boxOfNode_.assign(tree.NodeCount() + 1, noPageBox);
     }
 
@@ -67,11 +70,18 @@ class PageBoxBuilder : private PageNumbers {
   private:
     struct OpenBox {
         PageBoxId id = noPageBox, lastChild = noPageBox;
+        PageWeight weight = 0; // of lines
+    };
+
+    // What a table has had since it began or was divided.
+    struct TablePart {
+        PageWeight weight = 0;
+        int rows = 0, spannedUntil = 0;
     };
 
     std::optional<int> Number(PageBoxId box, HtmlName attribute) override {
         const HtmlNodeId node = boxes_[box].node;
-        return node == noHtmlNode ? std::nullopt : HtmlNumber(tree_[node], attribute);
+        return node == noHtmlNode ? std::nullopt : HtmlInteger(tree_[node], attribute);
     }
 
     PageBox& Top() { return boxes_.boxes_[open_.back().id]; }
@@ -85,6 +95,7 @@ class PageBoxBuilder : private PageNumbers {
         box.kind = kind;
         box.node = node;
         box.style = node == noHtmlNode ? &anonymousStyle : styles_.Of(node).box;
+        box.isTooLong = node != noHtmlNode && weights_.IsTooLong(node);
         box.text = node == noHtmlNode ? Top().text : styles_.Of(node).inherited;
         const PageBoxId id = Next();
         if (!open_.empty()) {
@@ -94,8 +105,8 @@ class PageBoxBuilder : private PageNumbers {
             parent.lastChild = id;
         }
         boxes_.boxes_.push_back(box);
-        if (node != noHtmlNode) boxes_.boxOfNode_[node] = id;
-        open_.push_back({id, noPageBox});
+        if (node != noHtmlNode && !boxes_.boxOfNode_[node]) boxes_.boxOfNode_[node] = id;
+        open_.push_back({id, noPageBox, 0});
     }
 
     void Close() {
@@ -108,15 +119,30 @@ class PageBoxBuilder : private PageNumbers {
         if (!IsRunOpen()) {
             Open(PageBoxKind::Lines, noHtmlNode);
             Top().first = node;
+            Top().continues = std::exchange(runGoesOn_, false);
         }
         return Top();
     }
 
     // They end before this node.
     void CloseRun(HtmlNodeId behind) {
+        runGoesOn_ = false;
         if (!IsRunOpen()) return;
         Top().behind = behind;
         Close();
+    }
+
+    // They are too long and go on in others, from there on.
+    void DivideRun(HtmlNodeId behind, std::uint32_t unit) {
+        if (!IsRunOpen()) return;
+        Top().behindUnit = unit;
+        CloseRun(behind);
+        runGoesOn_ = true;
+    }
+
+    // Before what would make them too long.
+    void MakeRoomInRun(HtmlNodeId node, PageWeight weight) {
+        if (IsRunOpen() && open_.back().weight + weight > limits_.lines) DivideRun(node, 0);
     }
 
     // A block of nothing but text is the box of its lines.
@@ -144,9 +170,9 @@ class PageBoxBuilder : private PageNumbers {
             boxes_.canvas_ = open_.back().id;
         const HtmlNodeId behind = tree_.NextBehind(node);
         if (Top().style->display == CssDisplay::ListItem) Top().number = NextNumber(node);
-        if (styles_.Before(node).box) OpenRun(node).hasText = true;
+        AddGenerated(styles_.Before(node), node);
         VisitChildren(node);
-        if (styles_.After(node).box) OpenRun(behind).hasText = true;
+        AddGenerated(styles_.After(node), behind);
         CloseRun(behind);
         FoldLines();
         Close();
@@ -188,12 +214,53 @@ class PageBoxBuilder : private PageNumbers {
     void Visit(HtmlNodeId id) {
         const HtmlNode& node = tree_[id];
         if (node.IsText() && !IsEmptyText(id)) {
-            PageBox& lines = OpenRun(id);
-            lines.hasText = true;
-            lines.units += std::uint32_t(node.Text().size());
-            boxes_.boxOfNode_[id] = open_.back().id;
+            AddText(id, node.Text());
         } else if (node.IsElement() && !IsNotShown(node))
             VisitElement(id, *styles_.Of(id).box);
+    }
+
+    void AddText(HtmlNodeId id, std::u16string_view text) {
+        const CssWhiteSpace whiteSpace = styles_.Of(tree_[id].parent).inherited->whiteSpace;
+        for (std::size_t at = 0; at < text.size();) {
+            OpenRun(id);
+            const std::size_t end = EndInRun(text, at, whiteSpace);
+            if (at == 0 && end > 0) boxes_.boxOfNode_[id] = open_.back().id;
+            AddUnits(end - at);
+            if (end == text.size()) break;
+            DivideRun(id, std::uint32_t(end));
+            OpenRun(id).firstUnit = std::uint32_t(end);
+            at = end;
+        }
+        if (Weight() > limits_.GoodLines() && KeepsBreaks(whiteSpace) && text.back() == u'\n')
+            DivideRun(tree_.NextBehind(id), 0);
+    }
+
+    // How far the text goes in the lines that are open; the start if they are too long already.
+    std::size_t EndInRun(std::u16string_view text, std::size_t at, CssWhiteSpace whiteSpace) const {
+        const std::size_t room = limits_.lines - std::min(limits_.lines, Weight());
+        if (Weight() > limits_.GoodLines() && KeepsBreaks(whiteSpace)) {
+            const std::size_t lineBreak = text.substr(0, at + room).find(u'\n', at);
+            if (lineBreak != text.npos) return lineBreak + 1;
+        }
+        if (text.size() - at <= room) return text.size();
+        return room == 0 ? at : TextCut(text, at, at + room, whiteSpace);
+    }
+
+    PageWeight Weight() const { return open_.back().weight; }
+
+    void AddUnits(std::size_t units) {
+        Top().hasText = Top().hasText || units > 0;
+        Top().units += std::uint32_t(units);
+        open_.back().weight += std::uint32_t(units);
+    }
+
+    // Text before or behind what is in an element.
+    void AddGenerated(CssStyle style, HtmlNodeId run) {
+        if (!style.box) return;
+        OpenRun(run).hasText = true;
+        for (const CssContentItem& item : styles_.Content(style.box->content))
+            open_.back().weight +=
+                PageWeight(std::min<std::size_t>(item.text.size(), maxGenerated));
     }
 
     bool IsEmptyText(HtmlNodeId text) const {
@@ -202,9 +269,12 @@ class PageBoxBuilder : private PageNumbers {
 
     void VisitElement(HtmlNodeId id, const CssBoxStyle& style) {
         if (style.display == CssDisplay::None) return;
-        if (IsOutOfFlow(style) || style.floats != CssFloat::None) {
+        const bool leavesFlow = IsOutOfFlow(style) || style.floats != CssFloat::None;
+        if (leavesFlow && !weights_.IsTooLong(id)) {
+            MakeRoomInRun(id, boxInLinesWeight);
             PageBox& run = OpenRun(id);
             run.hasFloats = run.hasFloats || !IsOutOfFlow(style);
+            open_.back().weight += boxInLinesWeight;
             return BuildOwn(id, style);
         }
         switch (style.display) {
@@ -214,19 +284,34 @@ class PageBoxBuilder : private PageNumbers {
             return VisitInline(id);
         case CssDisplay::Contents: return VisitInline(id);
         case CssDisplay::InlineBlock:
-        case CssDisplay::InlineTable: break;
+        case CssDisplay::InlineTable:
+            if (!weights_.IsTooLong(id)) break;
+            CloseRun(id);
+            return BuildOwn(id, style);
+        case CssDisplay::TableColumn:
+        case CssDisplay::TableColumnGroup: return; // of no table, or of one in blocks
         default: CloseRun(id); return BuildOwn(id, style);
         }
+        MakeRoomInRun(id, boxInLinesWeight);
         OpenRun(id).hasText = true;
+        open_.back().weight += boxInLinesWeight;
         BuildOwn(id, style);
     }
 
     bool IsPicture(HtmlNodeId id) const { return tree_[id].Is(HtmlName::Img); }
 
     void VisitInline(HtmlNodeId id) {
-        if (tree_[id].Is(HtmlName::Br) || styles_.Before(id).box || styles_.After(id).box)
-            OpenRun(id).hasText = true;
-        if (tree_[id].Is(HtmlName::Br)) boxes_.boxOfNode_[id] = open_.back().id;
+        if (tree_[id].Is(HtmlName::Br)) {
+            OpenRun(id);
+            AddUnits(1);
+            boxes_.boxOfNode_[id] = open_.back().id;
+            if (Weight() > limits_.GoodLines()) DivideRun(tree_.NextBehind(id), 0);
+        } else {
+            MakeRoomInRun(id, inlineElementWeight);
+        }
+        if (IsRunOpen()) open_.back().weight += inlineElementWeight;
+        AddGenerated(styles_.Before(id), id);
+        AddGenerated(styles_.After(id), id);
         VisitChildren(id);
     }
 
@@ -260,7 +345,10 @@ class PageBoxBuilder : private PageNumbers {
             const CssDisplay display = DisplayOf(child);
             const bool part = IsTablePart(display) && display != CssDisplay::TableCell;
             if (part && inRow) CloseRow(child);
-            if (!part && !inRow) Open(PageBoxKind::Row, noHtmlNode);
+            if (!part && !inRow) {
+                DivideTable(weights_.Of(child));
+                Open(PageBoxKind::Row, noHtmlNode);
+            }
             inRow = !part;
             if (part)
                 BuildTablePart(child, display);
@@ -275,14 +363,57 @@ class PageBoxBuilder : private PageNumbers {
     }
 
     void BuildTable(HtmlNodeId table) {
+        if (weights_.IsTooLong(table) && HasLongRow(table))
+            return BuildBlock(PageBoxKind::Block, table);
+        const TablePart around = std::exchange(table_, {});
         Open(PageBoxKind::Table, table);
         if (Top().text->borderCollapse == CssBorderCollapse::Collapse)
             collapsedTables_.push_back(open_.back().id);
         BuildRowsOf(table);
         Close();
+        table_ = around;
+    }
+
+    // Whether a table cannot be divided between its rows.
+    bool HasLongRow(HtmlNodeId parent) const {
+        PageWeight cells = 0; // that stand in an anonymous row
+        bool isLong = false;
+        ForChildren(parent, [&](HtmlNodeId child) {
+            const CssDisplay display = DisplayOf(child);
+            const bool isCell = !IsTablePart(display) || display == CssDisplay::TableCell;
+            cells = isCell ? cells + weights_.Of(child) : 0;
+            const PageWeight weight = isCell ? cells : weights_.Of(child);
+            if (weight <= limits_.whole) return;
+            isLong = isLong || !IsRowGroup(display) || HasLongRow(child);
+        });
+        return isLong;
+    }
+
+    static bool IsRowGroup(CssDisplay display) {
+        return display == CssDisplay::TableRowGroup || display == CssDisplay::TableHeaderGroup ||
+               display == CssDisplay::TableFooterGroup;
+    }
+
+    // Before a row: a table that is too long ends and goes on in another one.
+    void DivideTable(PageWeight row) {
+        if (!IsInLongTable()) return;
+        const PageWeight most = limits_.rows * (table_.rows >= table_.spannedUntil ? 1 : 4);
+        table_.weight += row;
+        ++table_.rows;
+        if (table_.rows == 1 || table_.weight <= most) return;
+        const HtmlNodeId group = Top().kind == PageBoxKind::RowGroup ? Top().node : noHtmlNode;
+        if (group != noHtmlNode) Close();
+        const HtmlNodeId table = Top().node;
+        Top().isContinued = true;
+        Close();
+        Open(PageBoxKind::Table, table);
+        Top().continues = true;
+        if (group != noHtmlNode) Open(PageBoxKind::RowGroup, group);
+        table_ = {row, 1, 0};
     }
 
     void BuildTablePart(HtmlNodeId id, CssDisplay display) {
+        if (display == CssDisplay::TableCaption) DivideTable(weights_.Of(id));
         switch (display) {
         case CssDisplay::TableCaption: return BuildBlock(PageBoxKind::Caption, id);
         case CssDisplay::TableColumn: return BuildColumn(id);
@@ -295,7 +426,14 @@ class PageBoxBuilder : private PageNumbers {
         Close();
     }
 
+    bool IsInLongTable() const {
+        for (auto box = open_.rbegin(); box != open_.rend(); ++box)
+            if (boxes_[box->id].kind == PageBoxKind::Table) return boxes_[box->id].isTooLong;
+        return false;
+    }
+
     void BuildRow(HtmlNodeId row) {
+        DivideTable(weights_.Of(row));
         Open(PageBoxKind::Row, row);
         ForChildren(row, [&](HtmlNodeId child) {
             if (IsShownPart(child)) BuildCell(child);
@@ -307,6 +445,9 @@ class PageBoxBuilder : private PageNumbers {
     void BuildCell(HtmlNodeId id) {
         if (DisplayOf(id) == CssDisplay::TableCell) {
             CloseCell(id);
+            const int rows = HtmlInteger(tree_[id], HtmlName::Rowspan).value_or(1);
+            if (rows > 1)
+                table_.spannedUntil = std::max(table_.spannedUntil, table_.rows - 1 + rows);
             const PageBoxId cell = Next();
             BuildBlock(PageBoxKind::Cell, id);
             return HideEmptyCell(cell);
@@ -351,12 +492,16 @@ class PageBoxBuilder : private PageNumbers {
 
     const HtmlTree& tree_;
     const CssPageStyles& styles_;
+    const PageLimits limits_;
+    const PageWeights weights_;
     PageBoxes boxes_;
     std::vector<OpenBox> open_;
+    bool runGoesOn_ = false;                       // the next lines are of those before
+    TablePart table_;                              // that is open
     std::unordered_map<HtmlNodeId, int> counters_; // the next number of each list
     std::vector<PageBoxId> collapsedTables_;
 };
 
-PageBoxes BoxesOf(const HtmlTree& tree, const CssPageStyles& styles) {
-    return PageBoxBuilder(tree, styles).Build();
+PageBoxes BoxesOf(const HtmlTree& tree, const CssPageStyles& styles, const PageLimits& limits) {
+    return PageBoxBuilder(tree, styles, limits).Build();
 }

@@ -3,9 +3,10 @@
 
 #include "formats/css/css_page_styles.h"
 #include "view/page/page_box.h"
+#include "view/page/page_weights.h"
 
 // The result refers to both; the root is the box of `html`. There is at least the root.
-PageBoxes BoxesOf(const HtmlTree& tree, const CssPageStyles& styles);
+PageBoxes BoxesOf(const HtmlTree& tree, const CssPageStyles& styles, const PageLimits& limits = {});
 
 // Whether an element stands for something that is not shown. What is in it is for programs that
 // know it even less.

@@ -6,7 +6,9 @@
 #include <cmath>
 
 namespace {
+// Zones that stay laid out, and their weight: some ten megabytes.
 constexpr std::size_t maxKept = 64;
+constexpr std::size_t maxKeptWeight = 512 * 1024;
 } // namespace
 
 PageFlow::PageFlow(PageLayouter& layouter)
@@ -16,6 +18,7 @@ void PageFlow::SetWidth(double width) {
     if (width == width_) return;
     width_ = width;
     kept_.clear();
+    keptWeight_ = 0;
     nextToMeasure_ = 0;
     std::vector<double> estimates;
     estimates.reserve(zones_.size());
@@ -40,7 +43,11 @@ PageFragmentPtr PageFlow::LayOut(std::size_t zone) {
         return kept_.front().fragment;
     }
     kept_.push_front({zone, MakeLayout(zone)});
-    if (kept_.size() > maxKept) kept_.pop_back();
+    keptWeight_ += zones_[zone].weight;
+    while (kept_.size() > maxKept || (keptWeight_ > maxKeptWeight && kept_.size() > 1)) {
+        keptWeight_ -= zones_[kept_.back().zone].weight;
+        kept_.pop_back();
+    }
     return kept_.front().fragment;
 }
 
@@ -54,7 +61,7 @@ PageFragmentPtr PageFlow::MakeLayout(std::size_t zone) {
     if (last)
         flow.Finish();
     else
-        flow.Break();
+        flow.Break(zones_[zone].endsBelowFloats);
     fragment->width = width_;
     fragment->height = std::max(0.0, flow.Bottom());
     heights_.SetMeasured(zone, fragment->height);

@@ -41,6 +41,7 @@ class PageFlow {
     std::vector<PageZone> zones_;
     HeightIndex heights_;
     std::list<Kept> kept_; // the last one used first
+    std::size_t keptWeight_ = 0;
     double width_ = 0;
     std::size_t nextToMeasure_ = 0;
     int layoutsMade_ = 0;

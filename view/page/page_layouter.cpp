@@ -10,6 +10,8 @@
 namespace {
 // CSS pixels; of a picture that cannot be read and has no size.
 constexpr int missingPicture = 24;
+// Many more than the boxes of what is laid out in one go.
+constexpr std::size_t maxExtents = 32 * 1024;
 
 VerticalAlign AlignOf(CssVerticalAlign align) {
     switch (align) {
@@ -32,7 +34,7 @@ bool HasVisibleBox(const PageBox& box) {
 
 bool StandsAlone(const PageBox& box) {
     if (box.kind == PageBoxKind::Picture || box.kind == PageBoxKind::Table) return true;
-    if (box.parent == noPageBox) return false; // the page
+    if (box.parent == noPageBox || box.isTooLong) return false; // the page, or as much of it
     const CssBoxStyle& style = *box.style;
     const auto isSet = [](const CssLength& length) {
         return length.kind == CssLength::Kind::Pixels;
@@ -41,8 +43,8 @@ bool StandsAlone(const PageBox& box) {
            isSet(style.maxHeight);
 }
 
-bool IsFlowLeaf(const PageBox& box) {
-    return box.kind == PageBoxKind::Lines || StandsAlone(box);
+bool IsFlowLeaf(const PageBoxes& boxes, PageBoxId id) {
+    return boxes.IsEmpty(id) || boxes[id].kind == PageBoxKind::Lines || StandsAlone(boxes[id]);
 }
 
 // Of a block whose lines have this one. The height of a cell is its row's, in which its content is
@@ -223,11 +225,16 @@ void PageLayouter::AddFloat(const LinesText::Place& place, double containing,
     content.floats.push_back(std::move(part));
 }
 
+double PageLayouter::IndentOf(PageBoxId lines, double containing) const {
+    const PageBox& box = boxes_[lines];
+    return box.continues ? 0 : measure_.Length(box.text->textIndent, containing);
+}
+
 LinesContent PageLayouter::ContentOf(PageBoxId lines, double containing) {
     LinesText text = content_.TextOf(lines);
     LinesContent result;
     result.content = std::move(text.content);
-    result.content->textIndent = measure_.Length(boxes_[lines].text->textIndent, containing);
+    result.content->textIndent = IndentOf(lines, containing);
     for (const LinesText::Place& place : text.boxes) {
         const CssBoxStyle& style = *boxes_[place.box].style;
         if (IsOutOfFlow(style))
@@ -238,6 +245,12 @@ LinesContent PageLayouter::ContentOf(PageBoxId lines, double containing) {
             AddFloat(place, containing, result);
     }
     return result;
+}
+
+std::vector<double>& PageLayouter::SharedColumns(HtmlNodeId table, double available) {
+    if (columns_.table != table || columns_.available != available)
+        columns_ = {table, available, {}};
+    return columns_.widths;
 }
 
 WidthExtent PageLayouter::ExtentOfBox(PageBoxId id) {
@@ -257,7 +270,9 @@ WidthExtent PageLayouter::ExtentOfBox(PageBoxId id) {
 WidthExtent PageLayouter::ContentExtent(PageBoxId id) {
     const auto known = extents_.find(id);
     if (known != extents_.end()) return known->second;
-    return extents_[id] = MeasureContent(id);
+    const WidthExtent extent = MeasureContent(id);
+    if (extents_.size() >= maxExtents) extents_.clear();
+    return extents_[id] = extent;
 }
 
 WidthExtent PageLayouter::MeasureContent(PageBoxId id) {
@@ -276,7 +291,7 @@ WidthExtent PageLayouter::MeasureContent(PageBoxId id) {
 // With the boxes in the lines as narrow as they can be, and as wide as they ask for.
 WidthExtent PageLayouter::LinesExtent(PageBoxId lines) {
     const LinesText text = content_.TextOf(lines);
-    text.content->textIndent = measure_.Length(boxes_[lines].text->textIndent, 0);
+    text.content->textIndent = IndentOf(lines, 0);
     if (text.boxes.empty()) return ExtentOf(lines_, *text.content);
     const auto measure = [&](double WidthExtent::*width) {
         text.content->text.boxes.clear();

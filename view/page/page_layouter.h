@@ -58,6 +58,10 @@ class PageLayouter {
     PageFragmentPtr LayOutPicture(PageBoxId box, double containing);
     LinesContent ContentOf(PageBoxId lines, double containing);
 
+    // The widths that the parts of a table have in common; empty when they are not known yet. Kept
+    // for the last table and width alone.
+    std::vector<double>& SharedColumns(HtmlNodeId table, double available);
+
     // Of the margin box, of which percentages are nothing.
     WidthExtent ExtentOfBox(PageBoxId box);
 
@@ -65,6 +69,7 @@ class PageLayouter {
     WidthExtent ContentExtent(PageBoxId box);
     WidthExtent MeasureContent(PageBoxId box);
     WidthExtent LinesExtent(PageBoxId lines);
+    double IndentOf(PageBoxId lines, double containing) const;
     Size PictureContentSize(PageBoxId box, double containing);
     Size AlternativeSize(PageBoxId box, double containing, const InlineContent& alternative);
     void AddAlternative(PageBoxId box, double left, double top, Size size,
@@ -82,9 +87,15 @@ class PageLayouter {
     BoxMeasure measure_;
     // Of contents: boxes in boxes ask again and again.
     std::unordered_map<PageBoxId, WidthExtent> extents_;
+    struct {
+        HtmlNodeId table = noHtmlNode;
+        double available = 0;
+        std::vector<double> widths;
+    } columns_;
 };
 
 // Whether a box in the flow is laid out by itself: floats and margins do not go through it.
 bool StandsAlone(const PageBox& box);
-bool IsFlowLeaf(const PageBox& box);    // or is one of lines
+// Or is one of lines, or has nothing in it.
+bool IsFlowLeaf(const PageBoxes& boxes, PageBoxId box);
 bool HasVisibleBox(const PageBox& box); // a background or a border

@@ -3,10 +3,13 @@
 #include "common/text.h"
 #include "formats/html/html_integer.h"
 #include "formats/html/html_units.h"
+#include "view/layout_cost.h"
 #include "view/page/bidi_isolation.h"
 #include "view/page/list_marker.h"
 #include "view/page/page_box_builder.h"
+#include "view/page/page_weights.h"
 #include "view/page/text_case.h"
+#include "view/page/text_cut.h"
 #include "view/page/text_raise.h"
 
 #include <algorithm>
@@ -14,17 +17,6 @@
 namespace {
 constexpr char16_t lineSeparator = u'\u2028', objectReplacement = u'\uFFFC',
                    noBreakSpace = u'\u00A0';
-
-// Of one block's text; each breaks the lines behind it anew. What is beyond stands in its line.
-constexpr int maxFloats = 200;
-
-bool KeepsSpaces(CssWhiteSpace whiteSpace) {
-    return whiteSpace == CssWhiteSpace::Pre || whiteSpace == CssWhiteSpace::PreWrap ||
-           whiteSpace == CssWhiteSpace::BreakSpaces;
-}
-bool KeepsBreaks(CssWhiteSpace whiteSpace) {
-    return KeepsSpaces(whiteSpace) || whiteSpace == CssWhiteSpace::PreLine;
-}
 
 class LinesReader {
   public:
@@ -43,7 +35,9 @@ class LinesReader {
     LinesText Read() {
         SetUp();
         AddMarkerInside();
-        if (lines_.first == container_) {
+        if (lines_.first == lines_.behind && lines_.behindUnit > 0) {
+            AddUpTo(lines_.behind, lines_.firstUnit, lines_.behindUnit);
+        } else if (lines_.first == container_) {
             AddGenerated(styles_.Before(container_), container_);
             const HtmlNodeId child = tree_[container_].firstChild;
             if (child == noHtmlNode) AddGenerated(styles_.After(container_), container_);
@@ -54,6 +48,7 @@ class LinesReader {
             ReadFrom(lines_.first);
         }
         RemoveTrailingSpace();
+        TruncateClusters(Text());
         return std::move(result_);
     }
 
@@ -100,14 +95,23 @@ class LinesReader {
             Leave(within ? id : tree_[id].parent, next);
             id = next;
         }
+        if (lines_.behindUnit > 0) AddUpTo(lines_.behind, 0, lines_.behindUnit);
+    }
+
+    void AddUpTo(HtmlNodeId text, std::size_t from, std::size_t end) {
+        const HtmlNode& node = tree_[text];
+        node_ = text;
+        AddText(node.Text().substr(0, end), *styles_.Of(node.parent).inherited,
+                PlaceOf(node.parent), from);
+        node_ = noHtmlNode;
     }
 
     // Whether what is in the node is read next.
     bool Enter(HtmlNodeId id) {
         const HtmlNode& node = tree_[id];
         if (node.IsText()) {
-            node_ = id;
-            AddText(node.Text(), *styles_.Of(node.parent).inherited, PlaceOf(node.parent));
+            AddUpTo(id, id == lines_.first ? lines_.firstUnit : 0, node.length);
+            return false;
         }
         node_ = noHtmlNode;
         if (!node.IsElement() || IsNotShown(node)) return false;
@@ -150,8 +154,7 @@ class LinesReader {
 
     void AddBox() {
         const PageBox& box = boxes_[nextBox_];
-        const bool isFloat = box.style->floats != CssFloat::None && floats_++ < maxFloats;
-        const bool inLine = !IsOutOfFlow(*box.style) && !isFloat;
+        const bool inLine = !IsOutOfFlow(*box.style) && box.style->floats == CssFloat::None;
         result_.boxes.push_back({Length(), nextBox_, inLine});
         if (inLine) {
             StartRun(*lines_.text, {}, false);
@@ -173,8 +176,6 @@ class LinesReader {
     void AddUnit(char16_t shown, std::size_t unit) {
         auto& origins = Content().origins;
         const InlineOrigin origin{Length(), node_, std::uint32_t(unit)};
-        while (!origins.empty() && origins.back().start >= origin.start)
-            origins.pop_back(); // of a space that went
         if (origins.empty() || !GoesOn(origins.back(), origin)) origins.push_back(origin);
         Text() += shown;
     }
@@ -202,7 +203,7 @@ class LinesReader {
         TextPlace place = PlaceOf(element);
         AddOwnPlace(style, styles_.Of(element), fonts_, place);
         for (const CssContentItem& item : styles_.Content(style.box->content))
-            AddText(GeneratedText(item, element), *style.inherited, place);
+            AddText(GeneratedText(item, element).substr(0, maxGenerated), *style.inherited, place);
     }
 
     std::u16string_view GeneratedText(const CssContentItem& item, HtmlNodeId element) const {
@@ -248,12 +249,13 @@ class LinesReader {
         return display == CssDisplay::Inline || display == CssDisplay::Contents;
     }
 
-    void AddText(std::u16string_view text, const CssInheritedStyle& style, const TextPlace& place) {
+    void AddText(std::u16string_view text, const CssInheritedStyle& style, const TextPlace& place,
+                 std::size_t from = 0) {
         StartRun(style, place, false);
         const TextPos start = Length();
         const bool keepsSpaces = KeepsSpaces(style.whiteSpace);
         const bool keepsBreaks = KeepsBreaks(style.whiteSpace);
-        for (std::size_t i = 0; i < text.size(); ++i) {
+        for (std::size_t i = from; i < text.size(); ++i) {
             const char16_t unit = text[i];
             if (unit == u'\n' && keepsBreaks) {
                 if (keepsSpaces)
@@ -319,7 +321,10 @@ class LinesReader {
 
     void RemoveTrailingSpace() {
         if (!whiteSpaceEnds_ || Text().empty()) return;
-        if (Text().back() == u' ' || Text().back() == noBreakSpace) Text().pop_back();
+        if (Text().back() != u' ' && Text().back() != noBreakSpace) return;
+        Text().pop_back();
+        auto& origins = Content().origins;
+        if (!origins.empty() && origins.back().start >= Length()) origins.pop_back();
     }
 
     const HtmlTree& tree_;
@@ -332,7 +337,6 @@ class LinesReader {
     HtmlNodeId node_ = noHtmlNode;      // that is read
     HtmlNodeId container_ = noHtmlNode; // the element that the lines are in
     PageBoxId nextBox_ = noPageBox;
-    int floats_ = 0;
     bool whiteSpaceEnds_ = true; // collapsible: at the start, behind a space or a break
 };
 } // namespace

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "view/page/page_box.h"
+#include "view/page/page_weights.h"
 
 #include <vector>
 
@@ -11,8 +12,11 @@ struct PageZone {
     PageBoxId lastLeaf = noPageBox;
     PageBoxId end = noPageBox; // behind that leaf
     std::uint32_t units = 0;   // of its texts
+    PageWeight weight = 0;
+    bool endsBelowFloats = false;
 };
 
 // There is at least one. A zone ends behind a leaf that has a height, and not soon behind floats,
-// which stand beside what follows: the same zones at all widths.
+// which stand beside what follows: the same zones at all widths. Where a page has too much without
+// such a leaf, a zone ends below its floats.
 std::vector<PageZone> ZonesOf(const PageBoxes& boxes);

@@ -7,6 +7,9 @@
 #include <numeric>
 
 namespace {
+// Of a table that is too long, whose rows decide about the widths of its columns.
+constexpr std::size_t measuredParts = 4;
+
 class TableLayouter {
   public:
     TableLayouter(PageLayouter& layouter, PageBoxId table)
@@ -22,7 +25,8 @@ class TableLayouter {
     PageFragmentPtr LayOut(double room) {
         auto fragment = std::make_shared<PageFragment>();
         const double insets = measure_.SideInsets(*table_.style, room);
-        PlaceColumns(ColumnWidths(Widths(room - insets)));
+        PlaceColumns(table_.isTooLong ? SharedWidths(room - insets)
+                                      : ColumnWidths(Widths(room - insets)));
         fragment->width = insets + (grid_.columns == 0 ? 0 : lefts_.back());
         AddCaptions(*fragment, CssCaptionSide::Top);
         AddRows(*fragment, room);
@@ -30,7 +34,7 @@ class TableLayouter {
         return fragment;
     }
 
-  private:
+    // What the cells ask for.
     TableWidths Widths(double available) {
         TableWidths widths;
         widths.columns = grid_.columns;
@@ -45,6 +49,39 @@ class TableLayouter {
         for (const GridCell& cell : grid_.cells)
             widths.cells.push_back(CellWidthOf(cell, layouter_.ExtentOfBox(cell.box)));
         return widths;
+    }
+
+  private:
+    // Of a table in parts: the columns of all of them, and those that only this one has.
+    std::vector<double> SharedWidths(double available) {
+        std::vector<double>& shared = layouter_.SharedColumns(table_.node, available);
+        if (shared.empty()) shared = ColumnWidths(WidthsOfParts(available));
+        std::vector<double> widths = shared;
+        widths.resize(std::max(widths.size(), grid_.columns));
+        for (const GridCell& cell : grid_.cells) {
+            if (cell.columns > 1 || cell.column < shared.size()) continue;
+            double& width = widths[cell.column];
+            width = std::max(width, layouter_.ExtentOfBox(cell.box).min);
+        }
+        return widths;
+    }
+
+    // What some of them ask for, from the first to the last.
+    TableWidths WidthsOfParts(double available) {
+        std::vector<PageBoxId> parts;
+        for (PageBoxId box = layouter_.Boxes().FirstChild(table_.parent); box != noPageBox;
+             box = layouter_.Box(box).nextSibling)
+            if (layouter_.Box(box).node == table_.node) parts.push_back(box);
+        TableWidths all;
+        const std::size_t looked = std::min(parts.size(), measuredParts);
+        for (std::size_t i = 0; i < looked; ++i) {
+            const std::size_t part = looked == 1 ? 0 : i * (parts.size() - 1) / (looked - 1);
+            TableWidths widths = TableLayouter(layouter_, parts[part]).Widths(available);
+            widths.columns = std::max(widths.columns, all.columns);
+            widths.cells.insert(widths.cells.end(), all.cells.begin(), all.cells.end());
+            all = std::move(widths);
+        }
+        return all;
     }
 
     CellWidth CellWidthOf(const GridCell& cell, WidthExtent extent) const {
@@ -114,16 +151,19 @@ class TableLayouter {
         for (const GridCell& cell : grid_.cells)
             layouts.push_back(LayOutCell(cell));
         const std::vector<double> heights = RowHeights(layouts);
-        const BoxInsets insets = measure_.Insets(*table_.style, room);
+        BoxInsets insets = measure_.Insets(*table_.style, room);
+        if (table_.continues) insets.borderTop = insets.paddingTop = 0;
+        if (table_.isContinued) insets.borderBottom = insets.paddingBottom = 0;
         const double top = fragment.height + insets.Top();
         std::vector<double> tops; // of each row, and behind the last
-        double at = top + (heights.empty() ? 0 : spacingY_);
+        double at = top + (heights.empty() || table_.continues ? 0 : spacingY_);
         for (const double height : heights) {
             tops.push_back(at);
             at += height + spacingY_;
         }
         tops.push_back(at);
-        const double bottom = std::max(at, top + measure_.GivenHeight(*table_.style));
+        const double given = table_.isTooLong ? 0 : measure_.GivenHeight(*table_.style);
+        const double bottom = std::max(at, top + given);
         PlaceTableBox(fragment, fragment.height, bottom + insets.Bottom() - fragment.height);
         PlaceRowBoxes(fragment, tops, heights, room);
         const double left = measure_.InsetLeft(*table_.style, room);
@@ -139,7 +179,8 @@ class TableLayouter {
 
     void PlaceTableBox(PageFragment& fragment, double top, double height) const {
         if (HasVisibleBox(table_))
-            fragment.boxes.push_back({id_, 0, top, fragment.width, height, false, false});
+            fragment.boxes.push_back(
+                {id_, 0, top, fragment.width, height, table_.continues, table_.isContinued});
     }
 
     void PlaceRowBoxes(PageFragment& fragment, const std::vector<double>& tops,
