@@ -25,6 +25,7 @@ TextStyle PageFonts::StyleOf(const CssInheritedStyle& style, TextBaseline baseli
     text.baseline = baseline;
     if (baseline != TextBaseline::Normal) text.font.points *= smallerBy;
     if (smallCapital) text.font.points *= smallCapitals;
+    text.font.exactSize = true;
     text.font.bold = style.fontWeight >= boldFrom;
     text.font.italic = style.fontStyle != CssFontStyle::Normal;
     text.underline = (style.decorations & cssUnderline) != 0;

@@ -5,6 +5,7 @@
 
 #include <QFontMetricsF>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -18,6 +19,14 @@ QFont ToQFont(const TextStyle& style) {
     font.setUnderline(style.underline);
     font.setStrikeOut(style.strikethrough);
     return font;
+}
+
+// Qt draws fonts of whole pixels only. Raised letters have a size of Qt's own.
+double SizeFactor(const TextStyle& style, const QPaintDevice& device) {
+    constexpr double pointsPerInch = 72;
+    if (!style.font.exactSize || style.baseline != TextBaseline::Normal) return 1;
+    const double pixels = style.font.points * device.logicalDpiY() / pointsPerInch;
+    return pixels / std::max(1.0, std::round(pixels));
 }
 
 QTextCharFormat::VerticalAlignment ToAlignment(TextBaseline baseline) {
@@ -37,17 +46,22 @@ void QtLineLayout::SetResolution(double dpi) {
 
 StyleHandle QtLineLayout::Prepare(const TextStyle& style) {
     QTextCharFormat format;
-    format.setFont(ToQFont(style));
+    const double sizeFactor = SizeFactor(style, screen_);
+    QFont font = ToQFont(style);
+    if (sizeFactor != 1) font.setLetterSpacing(QFont::PercentageSpacing, 100 * sizeFactor);
+    format.setFont(font);
     if (style.baseline != TextBaseline::Normal)
         format.setVerticalAlignment(ToAlignment(style.baseline));
     if (style.background) format.setBackground(ToQColor(*style.background));
     if (style.color) format.setForeground(ToQColor(*style.color));
-    return std::make_shared<QtStyle>(std::move(format));
+    return std::make_shared<QtStyle>(std::move(format), sizeFactor);
 }
 
 FontMetrics QtLineLayout::Metrics(const PreparedStyle& style) const {
-    const QFontMetricsF metrics(static_cast<const QtStyle&>(style).format.font(), &screen_);
-    return {metrics.ascent(), metrics.descent(), metrics.leading(),
+    const auto& prepared = static_cast<const QtStyle&>(style);
+    const QFontMetricsF metrics(prepared.format.font(), &screen_);
+    const double factor = prepared.sizeFactor;
+    return {metrics.ascent() * factor, metrics.descent() * factor, metrics.leading() * factor,
             metrics.horizontalAdvance(u' ')};
 }
 

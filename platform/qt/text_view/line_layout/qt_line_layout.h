@@ -8,8 +8,10 @@
 
 class QtStyle : public PreparedStyle {
   public:
-    explicit QtStyle(QTextCharFormat prepared) : format(std::move(prepared)) {}
+    QtStyle(QTextCharFormat prepared, double exactSize)
+        : format(std::move(prepared)), sizeFactor(exactSize) {}
     QTextCharFormat format;
+    double sizeFactor; // of the size asked for to that of the format
 };
 
 class QtLineLayout : public LineLayout {
