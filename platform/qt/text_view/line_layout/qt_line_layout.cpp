@@ -3,6 +3,7 @@
 #include "platform/qt/qt_color.h"
 #include "platform/qt/text_view/line_layout/qt_text_lines.h"
 
+#include <QFontInfo>
 #include <QFontMetricsF>
 
 #include <algorithm>
@@ -27,6 +28,22 @@ double SizeFactor(const TextStyle& style, const QPaintDevice& device) {
     if (!style.font.exactSize || style.baseline != TextBaseline::Normal) return 1;
     const double pixels = style.font.points * device.logicalDpiY() / pointsPerInch;
     return pixels / std::max(1.0, std::round(pixels));
+}
+
+// Of a text with letters as often as in books. Where the difference is another one than cutting
+// off makes, as with hinted fonts, there is nothing to make good.
+double CutOff(const QFont& font, double sizeFactor, const QPaintDevice& device) {
+    constexpr double most = 1.0 / 256;
+    constexpr int large = 2048; // pixels; so many units most fonts have
+    const QString sample = QStringLiteral("eeeeeeetttttaaaaooooiiiinnnnsssshhhrrrddlluuccmwfgypbvk            ");
+    QFont largeFont = font;
+    largeFont.setPixelSize(large);
+    largeFont.setLetterSpacing(QFont::PercentageSpacing, 100);
+    const int size = QFontInfo(QFont(font, &device)).pixelSize();
+    const double exact =
+        QFontMetricsF(largeFont).horizontalAdvance(sample) * size * sizeFactor / large;
+    const double missing = exact / QFontMetricsF(font, &device).horizontalAdvance(sample) - 1;
+    return missing > 0 && missing < most ? missing : 0;
 }
 
 QTextCharFormat::VerticalAlignment ToAlignment(TextBaseline baseline) {
@@ -54,7 +71,11 @@ StyleHandle QtLineLayout::Prepare(const TextStyle& style) {
         format.setVerticalAlignment(ToAlignment(style.baseline));
     if (style.background) format.setBackground(ToQColor(*style.background));
     if (style.color) format.setForeground(ToQColor(*style.color));
-    return std::make_shared<QtStyle>(std::move(format), sizeFactor);
+    auto prepared = std::make_shared<QtStyle>(std::move(format));
+    prepared->exactSize = style.font.exactSize;
+    prepared->sizeFactor = sizeFactor;
+    if (style.font.exactSize) prepared->cutOff = CutOff(font, sizeFactor, screen_);
+    return prepared;
 }
 
 FontMetrics QtLineLayout::Metrics(const PreparedStyle& style) const {

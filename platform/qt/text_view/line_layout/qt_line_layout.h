@@ -8,10 +8,13 @@
 
 class QtStyle : public PreparedStyle {
   public:
-    QtStyle(QTextCharFormat prepared, double exactSize)
-        : format(std::move(prepared)), sizeFactor(exactSize) {}
+    explicit QtStyle(QTextCharFormat prepared) : format(std::move(prepared)) {}
     QTextCharFormat format;
-    double sizeFactor; // of the size asked for to that of the format
+    bool exactSize = false;
+    double sizeFactor = 1; // of the size asked for to that of the format
+    // By what part letters of the exact size are wider than Qt has them, which cuts every advance
+    // off to a 64th of a pixel.
+    double cutOff = 0;
 };
 
 class QtLineLayout : public LineLayout {
