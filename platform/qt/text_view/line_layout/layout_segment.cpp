@@ -1,6 +1,5 @@
 #include "platform/qt/text_view/line_layout/layout_segment.h"
 
-#include "common/direction_controls.h"
 #include "platform/qt/text_view/line_layout/line_positions.h"
 #include "platform/qt/text_view/line_layout/pinned_fonts.h"
 #include "platform/qt/text_view/line_layout/qt_line_layout.h"
@@ -126,13 +125,9 @@ bool ChangeWidth(QTextLine& line, double width) {
 
 // Whether lines are as wide as the advances of their letters. QTextLayout itself wants room for the
 // ink of the last letter, too.
-bool GoesByAdvances(const ParagraphText& paragraph, const QTextLayout& text) {
+bool GoesByAdvances(const ParagraphText& paragraph) {
     return static_cast<const QtStyle&>(*paragraph.runs.front().style).exactSize &&
-           !paragraph.rightToLeft && !HasRightToLeft(text.text().toStdU16String());
-}
-
-double Advance(const QTextLayout& text, const QTextLine& line) {
-    return CaretX(text, line, TextEnd(text, line));
+           !paragraph.rightToLeft;
 }
 
 // A word, or all there is: its width may be the one that was measured.
@@ -145,11 +140,11 @@ bool IsUnbroken(const QString& text, const QTextLine& line) {
 void BreakByAdvances(const ParagraphText& paragraph, const QTextLayout& text, QTextLine& line,
                      int width) {
     const auto& style = static_cast<const QtStyle&>(*paragraph.runs.front().style);
-    const double room = width / (1 + style.cutOff), ink = line.height() / 4;
-    line.setLineWidth(room + ink);
+    const double room = width / (1 + style.cutOff);
+    line.setLineWidth(width + style.maxInk);
     constexpr int maxWords = 4; // in the room for ink
     for (int i = 0; i < maxWords; ++i) {
-        const double advance = Advance(text, line);
+        const double advance = line.horizontalAdvance();
         if (advance <= (IsUnbroken(text.text(), line) ? width : room)) break;
         line.setLineWidth(i + 1 < maxWords ? std::max(1.0, advance - 1.0 / 32) : width);
     }
@@ -157,8 +152,8 @@ void BreakByAdvances(const ParagraphText& paragraph, const QTextLayout& text, QT
 }
 
 // Breaks the line; returns whether it is stretched.
-bool BreakLine(const ParagraphText& paragraph, const QTextLayout& text, QTextLine& line,
-               int width, bool byAdvances) {
+bool BreakLine(const ParagraphText& paragraph, const QTextLayout& text, QTextLine& line, int width,
+               bool byAdvances) {
     if (byAdvances)
         BreakByAdvances(paragraph, text, line, width);
     else
@@ -200,7 +195,7 @@ void BreakLines(const ParagraphText& paragraph, LayoutSegment& segment) {
     const qsizetype length = text.text().size();
     const bool isContinued = segment.end < TextPos(paragraph.text.size());
     const bool tabs = text.text().contains(u'\t');
-    const bool byAdvances = GoesByAdvances(paragraph, text);
+    const bool byAdvances = GoesByAdvances(paragraph);
     text.beginLayout();
     for (QTextLine line = text.createLine(); line.isValid(); line = text.createLine()) {
         const bool isFirst = line.lineNumber() == 0;
@@ -213,7 +208,7 @@ void BreakLines(const ParagraphText& paragraph, LayoutSegment& segment) {
             break;
         }
         const double shown = stretched    ? width
-                             : byAdvances ? Advance(text, line)
+                             : byAdvances ? line.horizontalAdvance()
                                           : line.naturalTextWidth();
         segment.metrics.push_back(MetricsOf(segment, line, shown, stretched));
         // A soft hyphen at a line's end is there only after the glyphs have been requested, which

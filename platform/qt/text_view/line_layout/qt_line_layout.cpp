@@ -35,7 +35,8 @@ double SizeFactor(const TextStyle& style, const QPaintDevice& device) {
 double CutOff(const QFont& font, double sizeFactor, const QPaintDevice& device) {
     constexpr double most = 1.0 / 256;
     constexpr int large = 2048; // pixels; so many units most fonts have
-    const QString sample = QStringLiteral("eeeeeeetttttaaaaooooiiiinnnnsssshhhrrrddlluuccmwfgypbvk            ");
+    const QString sample =
+        QStringLiteral("eeeeeeetttttaaaaooooiiiinnnnsssshhhrrrddlluuccmwfgypbvk            ");
     QFont largeFont = font;
     largeFont.setPixelSize(large);
     largeFont.setLetterSpacing(QFont::PercentageSpacing, 100);
@@ -74,7 +75,10 @@ StyleHandle QtLineLayout::Prepare(const TextStyle& style) {
     auto prepared = std::make_shared<QtStyle>(std::move(format));
     prepared->exactSize = style.font.exactSize;
     prepared->sizeFactor = sizeFactor;
-    if (style.font.exactSize) prepared->cutOff = CutOff(font, sizeFactor, screen_);
+    if (style.font.exactSize) {
+        prepared->cutOff = CutOff(font, sizeFactor, screen_);
+        prepared->maxInk = QFontMetricsF(font, &screen_).height() / 4;
+    }
     return prepared;
 }
 

@@ -15,6 +15,7 @@ class QtStyle : public PreparedStyle {
     // By what part letters of the exact size are wider than Qt has them, which cuts every advance
     // off to a 64th of a pixel.
     double cutOff = 0;
+    double maxInk = 0; // pixels that a letter may reach beyond its advance
 };
 
 class QtLineLayout : public LineLayout {
