@@ -53,7 +53,7 @@ struct StyledRun {
 };
 
 // A place in the line that is left empty, for a picture. Its unit of the text is not drawn; a line
-// may break on both sides of it, and it has no direction.
+// may break on both sides of it, but not beside U+2060, and it has no direction.
 struct InlineBox {
     TextPos at = 0;
     int width = 0;

@@ -212,9 +212,17 @@ class PageBoxBuilder {
 
     bool IsPicture(HtmlNodeId id) const { return tree_[id].Is(HtmlName::Img); }
 
+    // Left of its text, so that lines begin with the element itself.
+    static bool TakesRoomBefore(const CssBoxStyle& style) {
+        return style.margin[cssLeft].Of(0) > 0 || style.borderWidth[cssLeft] > 0 ||
+               style.padding[cssLeft].Of(0) > 0;
+    }
+
     void VisitInline(HtmlNodeId id) {
         if (tree_[id].Is(HtmlName::Br) || styles_.Before(id).box || styles_.After(id).box)
             OpenRun(id).hasText = true;
+        else if (TakesRoomBefore(*styles_.Of(id).box))
+            OpenRun(id);
         if (tree_[id].Is(HtmlName::Br)) boxes_.boxOfNode_[id] = open_.back().id;
         VisitChildren(id);
     }

@@ -21,6 +21,11 @@ VerticalAlign AlignOf(CssVerticalAlign align) {
     }
 }
 
+void SortBoxes(std::vector<InlineBox>& boxes) {
+    std::sort(boxes.begin(), boxes.end(),
+              [](const InlineBox& a, const InlineBox& b) { return a.at < b.at; });
+}
+
 void AddToBaseline(const PageFragment& fragment, double top, double& baseline) {
     for (const PlacedLines& lines : fragment.lines)
         baseline = std::max(baseline, top + lines.layout.lines.back().baseline);
@@ -181,6 +186,7 @@ LinesContent PageLayouter::ContentOf(PageBoxId lines, double containing) {
         else
             AddFloat(place, containing, result);
     }
+    SortBoxes(result.content->text.boxes);
     return result;
 }
 
@@ -222,8 +228,9 @@ WidthExtent PageLayouter::LinesExtent(PageBoxId lines) {
     const LinesText text = content_.TextOf(lines);
     text.content->textIndent = measure_.Length(boxes_[lines].text->textIndent, 0);
     if (text.boxes.empty()) return ExtentOf(lines_, *text.content);
+    const std::vector<InlineBox> gaps = text.content->text.boxes;
     const auto measure = [&](double WidthExtent::*width) {
-        text.content->text.boxes.clear();
+        text.content->text.boxes = gaps;
         text.content->floats.clear();
         for (const LinesText::Place& place : text.boxes) {
             if (IsOutOfFlow(*boxes_[place.box].style)) continue;
@@ -233,6 +240,7 @@ WidthExtent PageLayouter::LinesExtent(PageBoxId lines) {
             else
                 text.content->floats.push_back({place.at, FloatSide::Left, box, 0});
         }
+        SortBoxes(text.content->text.boxes);
         return ExtentOf(lines_, *text.content).*width;
     };
     return {measure(&WidthExtent::min), measure(&WidthExtent::max)};

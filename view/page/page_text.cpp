@@ -1,5 +1,6 @@
 #include "view/page/page_text.h"
 
+#include "common/find_text.h"
 #include "common/text.h"
 #include "formats/html/html_units.h"
 #include "view/page/html_number.h"
@@ -7,9 +8,13 @@
 #include "view/page/page_box_builder.h"
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 namespace {
 constexpr char16_t lineSeparator = u'\u2028', objectReplacement = u'\uFFFC';
+// Neither is of the page's text: both keep a line from breaking.
+constexpr char16_t noBreakSpace = u'\u00A0', wordJoiner = u'\u2060';
 
 // Of one block's text; each breaks the lines behind it anew. What is beyond stands in its line.
 constexpr int maxFloats = 200;
@@ -17,6 +22,9 @@ constexpr int maxFloats = 200;
 bool KeepsSpaces(CssWhiteSpace whiteSpace) {
     return whiteSpace == CssWhiteSpace::Pre || whiteSpace == CssWhiteSpace::PreWrap ||
            whiteSpace == CssWhiteSpace::BreakSpaces;
+}
+bool Wraps(CssWhiteSpace whiteSpace) {
+    return whiteSpace != CssWhiteSpace::NoWrap && whiteSpace != CssWhiteSpace::Pre;
 }
 bool KeepsBreaks(CssWhiteSpace whiteSpace) {
     return KeepsSpaces(whiteSpace) || whiteSpace == CssWhiteSpace::PreLine;
@@ -55,6 +63,7 @@ class LinesReader {
 
   private:
     InlineContent& Content() { return *result_.content; }
+    const InlineContent& Content() const { return *result_.content; }
     std::u16string& Text() { return Content().text.text; }
     TextPos Length() { return TextPos(Text().size()); }
 
@@ -64,8 +73,7 @@ class LinesReader {
         Content().strutLineHeight = fonts_.LineHeight(style);
         Content().xHeight = fonts_.Pixels(style.fontSize) / 2;
         Content().text.rightToLeft = style.direction == CssDirection::RightToLeft;
-        Content().wraps =
-            style.whiteSpace != CssWhiteSpace::NoWrap && style.whiteSpace != CssWhiteSpace::Pre;
+        Content().wraps = Wraps(style.whiteSpace);
         Content().alignment = AlignmentOf(style);
         Content().text.runs = {{0, Content().strut}};
         Content().runs = {{0, Content().strut, Content().strutLineHeight, 0}};
@@ -116,8 +124,24 @@ class LinesReader {
             AddBreak(0);
             node_ = noHtmlNode;
         }
+        AddSide(id, cssLeft);
         AddGenerated(styles_.Before(id));
         return true;
+    }
+
+    // What an element takes on a side in its line: margin, border and padding.
+    void AddSide(HtmlNodeId element, CssSide side) {
+        const CssBoxStyle& style = *styles_.Of(element).box;
+        if (style.display != CssDisplay::Inline || !lines_.hasText) return;
+        const float css =
+            style.margin[side].Of(0) + style.borderWidth[side] + style.padding[side].Of(0);
+        const int width = int(std::lround(fonts_.Pixels(css)));
+        if (width <= 0) return;
+        node_ = noHtmlNode;
+        if (!whiteSpaceEnds_) AddUnit(wordJoiner, 0);
+        Content().text.boxes.push_back({Length(), width});
+        AddUnit(objectReplacement, 0);
+        if (side == cssLeft) AddUnit(wordJoiner, 0);
     }
 
     // The elements that end before the next node, from this one outwards.
@@ -126,6 +150,7 @@ class LinesReader {
         for (; element != noHtmlNode && element != around; element = tree_[element].parent) {
             AddGenerated(styles_.After(element));
             if (element == container_) return;
+            AddSide(element, cssRight);
         }
     }
 
@@ -136,9 +161,13 @@ class LinesReader {
         result_.boxes.push_back({Length(), nextBox_, inLine});
         if (inLine) {
             StartRun(*lines_.text, 0, false);
+            const HtmlNodeId around = tree_[box.node].parent;
+            const bool joined = !WrapsIn(*styles_.Of(around).inherited);
+            if (joined && !Text().empty() && Text().back() != u' ') AddUnit(wordJoiner, 0);
             node_ = box.node;
             AddUnit(objectReplacement, 0);
             node_ = noHtmlNode;
+            if (joined && tree_[box.node].nextSibling != noHtmlNode) AddUnit(wordJoiner, 0);
             whiteSpaceEnds_ = false;
         }
         nextBox_ = box.nextSibling;
@@ -208,6 +237,7 @@ class LinesReader {
         StartRun(style, raise, false);
         const bool keepsSpaces = KeepsSpaces(style.whiteSpace);
         const bool keepsBreaks = KeepsBreaks(style.whiteSpace);
+        const bool wraps = WrapsIn(style);
         for (std::size_t i = 0; i < text.size(); ++i) {
             const char16_t unit = text[i];
             if (unit == u'\n' && keepsBreaks) {
@@ -217,13 +247,18 @@ class LinesReader {
                     AddBreak(i);
                 whiteSpaceEnds_ = true;
             } else if (!keepsSpaces && IsHtmlSpace(unit)) {
-                if (!whiteSpaceEnds_) AddUnit(u' ', i);
+                if (!whiteSpaceEnds_) AddUnit(wraps ? u' ' : noBreakSpace, i);
                 whiteSpaceEnds_ = true;
             } else {
+                if (!wraps && i > 0) JoinWords(unit);
                 AddLetter(unit, i, style, raise);
                 whiteSpaceEnds_ = false;
             }
         }
+    }
+
+    bool WrapsIn(const CssInheritedStyle& style) const {
+        return !Content().wraps || Wraps(style.whiteSpace);
     }
 
     void AddLetter(char16_t unit, std::size_t number, const CssInheritedStyle& style,
@@ -261,8 +296,20 @@ class LinesReader {
             runs.push_back(std::move(run));
     }
 
+    // Where a line could break between two that are no letters of a word.
+    void JoinWords(char16_t next) {
+        const auto isLetter = [](char16_t unit) { return unit < 0x250 && IsWordUnit(unit); };
+        const char16_t before = Text().empty() ? u' ' : Text().back();
+        if (before == u' ' || before == noBreakSpace || (isLetter(before) && isLetter(next)))
+            return;
+        const HtmlNodeId node = std::exchange(node_, noHtmlNode);
+        AddUnit(wordJoiner, 0);
+        node_ = node;
+    }
+
     void RemoveTrailingSpace() {
-        if (whiteSpaceEnds_ && !Text().empty() && Text().back() == u' ') Text().pop_back();
+        if (!whiteSpaceEnds_ || Text().empty()) return;
+        if (Text().back() == u' ' || Text().back() == noBreakSpace) Text().pop_back();
     }
 
     const HtmlTree& tree_;
