@@ -155,7 +155,7 @@ TEST_CASE("line layout: no line breaks between a box and a word joiner") {
         ParagraphText paragraph =
             LineParagraph(layout, text + u"\u2060" + objectReplacement, int(4 * word), false);
         const int box = int(word);
-        paragraph.boxes = {{4, box}, {9, box}};
+        paragraph.boxes = {{4, box}, {10, box}};
         const auto lines = layout.BreakLines(paragraph);
         REQUIRE(lines->Count() == 2);
         CHECK(lines->Line(1).start == 4);

@@ -1,8 +1,21 @@
 """What two layouts of a page have in common."""
 import collections
+import json
+import os
+import pathlib
+import subprocess
+
+FOLDER = pathlib.Path(__file__).resolve().parent
+SMALL_PAGE, SMALL_BOXES, SMALL_WIDTHS = FOLDER / 'small_page.htm', FOLDER / 'small_page.json', (400, 700)
 
 NEAR, SHARE = 2, 0.02  # pixels, or of the length
 Box = collections.namedtuple('Box', 'left top width height')
+
+
+def our_page(program, path, width):
+    output = subprocess.run([program, path, str(width)], check=True, stdout=subprocess.PIPE,
+                            env={**os.environ, 'QT_QPA_PLATFORM': 'offscreen'}, timeout=600).stdout
+    return json.loads(output)
 
 
 def agrees(ours, theirs):

@@ -16,8 +16,8 @@ QByteArray BytesOf(const std::filesystem::path& path) {
 }
 
 std::filesystem::path PathOf(const std::filesystem::path& folder, std::u16string_view address) {
-    const QByteArray url = QStringView(address).toUtf8();
-    return folder / QByteArray::fromPercentEncoding(url.left(url.indexOf('#'))).toStdString();
+    const QByteArray path = QStringView(address).toUtf8().split('#').front().split('?').front();
+    return folder / QByteArray::fromPercentEncoding(path).toStdString();
 }
 
 std::vector<CssSheet> SheetsOf(const HtmlTree& tree, const std::filesystem::path& folder,
