@@ -51,13 +51,6 @@ HtmlTree TreeOf(const std::filesystem::path& file) {
     return ReadHtmlFile({bytes.data(), std::size_t(bytes.size())}, 0, windowsLatin).tree;
 }
 
-Size PictureSize(const HtmlNode& picture, const std::filesystem::path& folder) {
-    const HtmlAttribute* source = picture.Attribute(HtmlName::Src);
-    if (!source) return {};
-    const auto path = PathOf(folder, source->Value());
-    const QSize size = QImageReader(QString::fromStdString(path.string())).size();
-    return size.isValid() ? Size{size.width(), size.height()} : Size{};
-}
 } // namespace
 
 LaidOutPage::LaidOutPage(const std::filesystem::path& file, LineLayout& system, double width)
@@ -66,6 +59,14 @@ LaidOutPage::LaidOutPage(const std::filesystem::path& file, LineLayout& system, 
       boxes(BoxesOf(tree, styles)), fonts(system, styles, 1, screenDpi),
       text(tree, styles, boxes, fonts), layouter(boxes, text, system, 1), flow(layouter) {
     system.SetResolution(screenDpi);
-    text.pictureSize = [this](HtmlNodeId picture) { return PictureSize(tree[picture], folder); };
+    text.pictureSize = [this](HtmlNodeId picture) {
+        const QSize size = QImageReader(PicturePath(tree[picture])).size();
+        return size.isValid() ? Size{size.width(), size.height()} : Size{};
+    };
     flow.SetWidth(width);
+}
+
+QString LaidOutPage::PicturePath(const HtmlNode& picture) const {
+    const HtmlAttribute* source = picture.Attribute(HtmlName::Src);
+    return source ? QString::fromStdString(PathOf(folder, source->Value()).string()) : QString();
 }

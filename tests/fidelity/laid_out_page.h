@@ -14,6 +14,8 @@
 struct LaidOutPage {
     LaidOutPage(const std::filesystem::path& file, LineLayout& system, double width);
 
+    QString PicturePath(const HtmlNode& picture) const; // empty without one
+
     std::filesystem::path folder;
     HtmlTree tree;
     CssMedium medium;

@@ -1,7 +1,9 @@
 // Where the page layout puts everything on a page, as JSON.
 //
-//   page_boxes FILE WIDTH      run with QT_QPA_PLATFORM=offscreen, and FONTCONFIG_FILE for its
-//   fonts
+//   page_boxes FILE WIDTH                        its boxes to the standard output
+//   page_boxes FILE WIDTH PICTURE TOP HEIGHT     what is seen of it into a file
+//
+// Run with QT_QPA_PLATFORM=offscreen, and FONTCONFIG_FILE for its fonts.
 //
 // "boxes" are border boxes [element, left, top, width, height], "lines" [element, left, top, width,
 // height, first text, letter, last text, letter]. Elements and texts are numbered in document
@@ -10,7 +12,7 @@
 #include "formats/html/html_page_text.h"
 #include "formats/html/html_units.h"
 #include "platform/qt/text_view/line_layout/qt_line_layout.h"
-#include "tests/fidelity/laid_out_page.h"
+#include "tests/fidelity/page_picture.h"
 
 #include <QGuiApplication>
 #include <QJsonArray>
@@ -129,12 +131,16 @@ class BoxWriter {
 int main(int argc, char** argv) {
     QGuiApplication application(argc, argv);
     const QStringList arguments = QGuiApplication::arguments();
-    if (arguments.size() != 3) {
-        std::fputs("page_boxes FILE WIDTH\n", stderr);
+    if (arguments.size() != 3 && arguments.size() != 6) {
+        std::fputs("page_boxes FILE WIDTH [PICTURE TOP HEIGHT]\n", stderr);
         return 2;
     }
     QtLineLayout system;
     LaidOutPage page(arguments[1].toStdString(), system, arguments[2].toDouble());
+    if (arguments.size() == 6) {
+        const QImage picture = PictureOf(page, arguments[4].toInt(), arguments[5].toInt());
+        return picture.save(arguments[3]) ? 0 : 1;
+    }
     const QByteArray json = BoxWriter(page).Write();
     std::fwrite(json.data(), 1, std::size_t(json.size()), stdout);
     return 0;

@@ -57,6 +57,19 @@ TEST_CASE("page layout: a block that keeps floats in is as high as they are") {
     CHECK(Lines(u"<div><div style='float:left;height:40px'>f</div></div>two") == "8,0 two|0,0 f");
 }
 
+TEST_CASE("page layout: what would scroll is as high as its content") {
+    CHECK(Lines(u"<div style='height:16px;overflow:auto'>one<br>two</div>x") ==
+          "0,0 one/|0,16 two|0,32 x");
+    CHECK(Lines(u"<div style='max-height:16px;overflow:scroll'>one<br>two</div>x") ==
+          "0,0 one/|0,16 two|0,32 x");
+}
+
+TEST_CASE("page layout: cells share a table that is narrower than their widths") {
+    const std::u16string table = u"<table cellspacing=0 cellpadding=0><td style='width:80px'>a";
+    CHECK(Lines(table + u"<td style='width:80px'>b</table>", 96) == "0,0 a|48,0 b");
+    CHECK(Lines(table + u"<td style='width:80px'>b</table>", 200) == "0,0 a|80,0 b");
+}
+
 TEST_CASE("page layout: floats begin where a margin behind them ends") {
     const std::u16string box = u"<div style='float:right;width:80px;height:32px'>f</div>";
     CHECK(Lines(box + u"<p>one") == "0,16 one|320,16 f");

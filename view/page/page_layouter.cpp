@@ -78,7 +78,8 @@ PageFragmentPtr PageLayouter::LayOutBlock(PageBoxId id, double contentWidth, dou
     // Nothing scrolls but the page as a whole, and nothing covers what follows: a height is the
     // least one.
     content->height = std::max(given, measure_.LimitHeight(*box.style, flow.Bottom()));
-    if (given >= 0) content->height = std::max(content->height, flow.Bottom());
+    if (given >= 0 || box.style->overflow != CssOverflow::Visible)
+        content->height = std::max(content->height, flow.Bottom());
     fragment->height = insets.Top() + content->height + insets.Bottom();
     for (PlacedBox& placed : fragment->boxes)
         placed.height = fragment->height;
@@ -196,7 +197,8 @@ WidthExtent PageLayouter::ExtentOfBox(PageBoxId id) {
     const double given = measure_.GivenWidth(style, 0);
     if (boxes_[id].kind == PageBoxKind::Picture)
         extent.min = extent.max = PictureContentSize(id, 0).width;
-    else if (style.width.kind == CssLength::Kind::Pixels && given >= 0)
+    else if (style.width.kind == CssLength::Kind::Pixels && given >= 0 &&
+             boxes_[id].kind != PageBoxKind::Cell) // whose table may be too narrow for it
         extent.min = extent.max = given;
     else
         extent = ContentExtent(id);
