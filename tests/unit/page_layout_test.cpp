@@ -80,6 +80,16 @@ TEST_CASE("page layout: floats begin where a margin behind them ends") {
     CHECK(Lines(u"<p>one</p>" + box) == "0,16 one|320,48 f");
 }
 
+TEST_CASE("page layout: a float goes below the floats that it clears") {
+    const std::u16string box = u"<div style='width:80px;height:32px;float:";
+    CHECK(Lines(box + u"left'>a</div>" + box + u"left;clear:left'>b</div>one") ==
+          "80,0 one|0,0 a|0,32 b");
+    CHECK(Lines(box + u"left'>a</div>" + box + u"right;clear:left'>b</div>one") ==
+          "80,0 one|0,0 a|320,32 b");
+    CHECK(Lines(box + u"left'>a</div>" + box + u"left;clear:right'>b</div>one") ==
+          "160,0 one|0,0 a|80,0 b");
+}
+
 TEST_CASE("page layout: an indent counts in a width that goes by the content") {
     const std::u16string start = u"<div style='float:left;text-indent:";
     CHECK(Lines(start + u"-8px;padding-left:8px'>aa</div>b") == "16,0 b|0,0 aa");

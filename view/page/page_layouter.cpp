@@ -169,7 +169,9 @@ void PageLayouter::AddFloat(const LinesText::Place& place, double containing,
     const double below = measure_.Margin(style, cssBottom, containing);
     const FloatSide side = style.floats == CssFloat::Left ? FloatSide::Left : FloatSide::Right;
     content.content->floats.push_back(
-        {place.at, side, width, part.top + part.fragment->height + below});
+        {place.at, side, width, part.top + part.fragment->height + below,
+         style.clear == CssClear::Left || style.clear == CssClear::Both,
+         style.clear == CssClear::Right || style.clear == CssClear::Both});
     content.floats.push_back(std::move(part));
 }
 
@@ -240,7 +242,7 @@ WidthExtent PageLayouter::LinesExtent(PageBoxId lines) {
             if (place.hasUnit)
                 text.content->text.boxes.push_back({place.at, int(std::ceil(box))});
             else
-                text.content->floats.push_back({place.at, FloatSide::Left, box, 0});
+                text.content->floats.push_back({place.at, FloatSide::Left, box, 0, false, false});
         }
         SortBoxes(text.content->text.boxes);
         return ExtentOf(lines_, *text.content).*width;
