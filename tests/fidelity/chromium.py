@@ -3,7 +3,6 @@ import json
 import os
 import pathlib
 import shutil
-import signal
 import subprocess
 import tempfile
 
@@ -32,8 +31,7 @@ class Chromium:
         to_read, self.write_end = os.pipe()
         self.read_end, to_write = os.pipe()
 
-        def use_pipes():  # the protocol's are 3 and 4
-            signal.alarm(0)
+        def use_pipes():  # the protocol's are 3 and 4, where other pipes may stand now
             os.dup2(to_read, 103)
             os.dup2(to_write, 104)
             os.dup2(103, 3)
