@@ -67,7 +67,8 @@ std::vector<bool> LineBreaks(std::u16string_view text) {
     char32_t before = 0, left = 0;
     for (std::size_t i = 0; i + 1 < starts.size(); ++i) {
         const char32_t right = FirstCharacter(text.substr(std::size_t(starts[i]), 2));
-        breaks[std::size_t(starts[i])] = i > 0 && MayBreak(before, left, right);
+        const std::size_t at = std::size_t(starts[i]);
+        breaks[at] = i > 0 && !IsGlue(text[at - 1]) && MayBreak(before, left, right);
         before = left;
         left = right;
     }

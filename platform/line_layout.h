@@ -15,6 +15,9 @@ struct TextFont {
     std::u16string family; // one that is not installed gives the nearest; "" is the system's own
     double points = 10;
     bool bold = false, italic = false;
+    // Of a size between two that the system has letters are drawn in the nearer one, but stand as
+    // far apart as in this one, where the back end can.
+    bool exactSize = false;
     bool operator==(const TextFont&) const = default;
 };
 
@@ -57,7 +60,7 @@ struct StyledRun {
 };
 
 // A place in the line that is left empty, for a picture. Its unit of the text is not drawn; a line
-// may break on both sides of it, and it has no direction.
+// may break on both sides of it, but not beside U+2060, and it has no direction.
 struct InlineBox {
     TextPos at = 0;
     int width = 0;

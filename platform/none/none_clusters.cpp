@@ -66,13 +66,19 @@ NoneCluster Shape(std::u16string_view cluster, TextPos start, const NoneStyle& s
     return shaped;
 }
 
+bool IsJoined(std::u16string_view text, TextPos at) {
+    constexpr char16_t wordJoiner = u'\u2060';
+    return text[std::size_t(at)] == wordJoiner ||
+           (at > 0 && text[std::size_t(at) - 1] == wordJoiner);
+}
+
 void PlaceBoxes(const ParagraphText& paragraph, NoneClusters& clusters) {
     for (const InlineBox& box : paragraph.boxes) {
         const std::size_t index = clusters.IndexAt(box.at);
         clusters.all[index].kind = Kind::Box;
         clusters.all[index].width = box.width;
-        clusters.all[index].mayBreak = true;
-        if (index + 1 == clusters.Count()) continue;
+        clusters.all[index].mayBreak = !IsJoined(clusters.text, box.at);
+        if (index + 1 == clusters.Count() || IsJoined(clusters.text, box.at + 1)) continue;
         NoneCluster& behind = clusters.all[index + 1];
         if (behind.kind != Kind::Space && behind.kind != Kind::Break) behind.mayBreak = true;
     }

@@ -148,6 +148,20 @@ TEST_CASE("line layout: tab stops are from the start edge, not from the indent")
     });
 }
 
+TEST_CASE("line layout: no line breaks between a box and a word joiner") {
+    OnEachLineLayout([](LineLayout& layout) {
+        const std::u16string text = u"abc " + (objectReplacement + std::u16string(u"\u2060abc"));
+        const double word = TextWidth(layout, u"abc");
+        ParagraphText paragraph =
+            LineParagraph(layout, text + u"\u2060" + objectReplacement, int(4 * word), false);
+        const int box = int(word);
+        paragraph.boxes = {{4, box}, {10, box}};
+        const auto lines = layout.BreakLines(paragraph);
+        REQUIRE(lines->Count() == 2);
+        CHECK(lines->Line(1).start == 4);
+    });
+}
+
 TEST_CASE("line layout: a box has its width, and lines may break beside it") {
     OnEachLineLayout([](LineLayout& layout) {
         for (const bool rightToLeft : {false, true}) {

@@ -101,7 +101,7 @@ TEST_CASE("page layout: floats stand beside what follows") {
     CHECK(Lines(box + u"aa bb cc dd ee ff gg hh ii", 160) ==
           "80,0 aa bb cc|80,16 dd ee ff|0,32 gg hh ii|0,0 f");
     CHECK(Lines(box + u"<p>aa bb cc<p>dd ee ff gg hh ii", 160) ==
-          "80,16 aa bb cc|0,48 dd ee ff gg hh ii|0,0 f");
+          "80,16 aa bb cc|0,48 dd ee ff gg hh ii|0,16 f");
     CHECK(Lines(box + u"<p style='clear:left'>aa", 160) == "0,32 aa|0,0 f");
     CHECK(Lines(u"<div style='float:right'>right</div>left", 160) == "0,0 left|120,0 right");
 }
@@ -110,6 +110,56 @@ TEST_CASE("page layout: a block that keeps floats in is as high as they are") {
     CHECK(Lines(u"<div style='overflow:hidden'><div style='float:left;height:40px'>f</div></div>"
                 u"two") == "0,0 f|0,40 two");
     CHECK(Lines(u"<div><div style='float:left;height:40px'>f</div></div>two") == "8,0 two|0,0 f");
+}
+
+TEST_CASE("page layout: what would scroll is as high as its content") {
+    CHECK(Lines(u"<div style='height:16px;overflow:auto'>one<br>two</div>x") ==
+          "0,0 one/|0,16 two|0,32 x");
+    CHECK(Lines(u"<div style='max-height:16px;overflow:scroll'>one<br>two</div>x") ==
+          "0,0 one/|0,16 two|0,32 x");
+}
+
+TEST_CASE("page layout: cells share a table that is narrower than their widths") {
+    const std::u16string table = u"<table cellspacing=0 cellpadding=0><td style='width:80px'>a";
+    CHECK(Lines(table + u"<td style='width:80px'>b</table>", 96) == "0,0 a|48,0 b");
+    CHECK(Lines(table + u"<td style='width:80px'>b</table>", 200) == "0,0 a|80,0 b");
+}
+
+TEST_CASE("page layout: floats begin where a margin behind them ends") {
+    const std::u16string box = u"<div style='float:right;width:80px;height:32px'>f</div>";
+    CHECK(Lines(box + u"<p>one") == "0,16 one|320,16 f");
+    CHECK(Lines(u"<div>" + box + u"</div><p>one") == "0,16 one|320,16 f");
+    CHECK(Lines(u"<p>one</p>" + box + u"<p>two") == "0,16 one|0,48 two|320,48 f");
+    CHECK(Lines(u"<p>one</p>" + box + u"<p style='clear:both'>two") ==
+          "0,16 one|0,80 two|320,48 f");
+    CHECK(Lines(u"<p>one</p>" + box) == "0,16 one|320,48 f");
+}
+
+TEST_CASE("page layout: a float goes below the floats that it clears") {
+    const std::u16string box = u"<div style='width:80px;height:32px;float:";
+    CHECK(Lines(box + u"left'>a</div>" + box + u"left;clear:left'>b</div>one") ==
+          "80,0 one|0,0 a|0,32 b");
+    CHECK(Lines(box + u"left'>a</div>" + box + u"right;clear:left'>b</div>one") ==
+          "80,0 one|0,0 a|320,32 b");
+    CHECK(Lines(box + u"left'>a</div>" + box + u"left;clear:right'>b</div>one") ==
+          "160,0 one|0,0 a|80,0 b");
+}
+
+TEST_CASE("page layout: an indent counts in a width that goes by the content") {
+    const std::u16string start = u"<div style='float:left;text-indent:";
+    CHECK(Lines(start + u"-8px;padding-left:8px'>aa</div>b") == "16,0 b|0,0 aa");
+    CHECK(Lines(start + u"8px'>aa</div>b") == "24,0 b|8,0 aa");
+}
+
+TEST_CASE("page layout: what does not wrap within a block that does") {
+    CHECK(Lines(u"<span style='white-space:nowrap'>aa bb</span> cc", 48) == "0,0 aa?bb|0,16 cc");
+    CHECK(Lines(u"aa <nobr>bb-bb</nobr>", 48) == "0,0 aa|0,16 bb?-?bb");
+}
+
+TEST_CASE("page layout: margins and padding of what stands in a line") {
+    CHECK(Lines(u"<span style='margin-left:16px'>aa</span> b", 40) == "0,0 #?aa|0,16 b");
+    CHECK(Lines(u"aa <span style='padding:0 8px'>b</span> c", 56) == "0,0 aa #?b?#|0,16 c");
+    CHECK(Lines(u"aa <span style='border:solid 8px'>bb</span>", 48) == "0,0 aa|0,16 #?bb?#");
 }
 
 TEST_CASE("page layout: a table between its margins") {

@@ -62,6 +62,7 @@ void BlockFlow::Finish() {
 }
 
 void BlockFlow::Break(bool belowFloats) {
+    PlaceFloats(top_ + margin_.Length());
     if (belowFloats) {
         EndMargin();
         top_ = floats_.ClearedTop(true, true, top_);
@@ -114,6 +115,21 @@ void BlockFlow::EndMargin() {
     for (const int index : topless_)
         result_.boxes[std::size_t(index)].top = top_;
     topless_.clear();
+    PlaceFloats(top_);
+}
+
+void BlockFlow::PlaceFloats(double top) {
+    for (const WaitingFloats& each : std::exchange(waiting_, {})) {
+        LinesContent content = layouter_.ContentOf(each.lines, each.room.Width());
+        InlineLayout layout =
+            LayOutInline(layouter_.Lines(), *content.content, each.room, top, floats_);
+        AddLines(each.lines, each.room, std::move(content), std::move(layout));
+    }
+}
+
+// What goes below floats has them stand without its own margin.
+void BlockFlow::BeforeClear(const CssBoxStyle& style) {
+    if (style.clear != CssClear::None) PlaceFloats(top_ + margin_.Length());
 }
 
 void BlockFlow::ClearFloats(const CssBoxStyle& style) {
@@ -131,6 +147,7 @@ void BlockFlow::Open(PageBoxId box) {
     const double containing = open_.back().room.Width();
     const BoxEdges edges = EdgesOf(box);
     const BoxInsets insets = layouter_.Measure().Insets(style, containing);
+    BeforeClear(style);
     margin_.Add(layouter_.Measure().Margin(style, cssTop, containing));
     ClearFloats(style);
     OpenBlock block = OpenedBlock(box, edges.content, EndOf(result_));
@@ -174,15 +191,20 @@ void BlockFlow::LayOutLeaf(PageBoxId id) {
 
 void BlockFlow::LayOutLines(PageBoxId box) {
     const InlineEdges room = open_.back().room;
-    if (layouter_.Box(box).hasText) EndMargin();
+    if (!layouter_.Box(box).hasText) {
+        waiting_.push_back({box, room});
+        if (!layouter_.Box(box).hasFloats) PlaceFloats(top_ + margin_.Length());
+        return;
+    }
+    EndMargin();
     LinesContent content = layouter_.ContentOf(box, room.Width());
-    const double top = top_ + margin_.Length();
-    InlineLayout layout = LayOutInline(layouter_.Lines(), *content.content, room, top, floats_);
-    if (layouter_.Box(box).hasText) top_ = layout.bottom;
-    AddLines(box, std::move(content), std::move(layout));
+    InlineLayout layout = LayOutInline(layouter_.Lines(), *content.content, room, top_, floats_);
+    top_ = layout.bottom;
+    AddLines(box, room, std::move(content), std::move(layout));
 }
 
-void BlockFlow::AddLines(PageBoxId box, LinesContent content, InlineLayout layout) {
+void BlockFlow::AddLines(PageBoxId box, InlineEdges room, LinesContent content,
+                         InlineLayout layout) {
     const auto add = [&](std::vector<PlacedPart>& parts, const std::vector<InlinePlace>& places) {
         for (std::size_t i = 0; i < parts.size() && i < places.size(); ++i) {
             parts[i].left += places[i].left;
@@ -192,7 +214,7 @@ void BlockFlow::AddLines(PageBoxId box, LinesContent content, InlineLayout layou
     };
     add(content.floats, layout.floats);
     add(content.atoms, layout.atoms);
-    AddPositioned(content, layout);
+    AddPositioned(content, layout, room);
     if (layout.lines.empty()) return;
     AddMarker(layout.lines.front());
     result_.lines.push_back({box, std::move(content.content), std::move(layout)});
@@ -218,8 +240,9 @@ void BlockFlow::AddMarker(const InlineLine& firstLine) {
 }
 
 // At the top of the line that it stands in, where its style says no other place.
-void BlockFlow::AddPositioned(const LinesContent& content, const InlineLayout& layout) {
-    const InlineEdges room = open_.back().room, page = open_.front().room;
+void BlockFlow::AddPositioned(const LinesContent& content, const InlineLayout& layout,
+                              InlineEdges room) {
+    const InlineEdges page = open_.front().room;
     for (const LinesText::Place& positioned : content.positioned) {
         double top = layout.bottom, left = room.left;
         for (const InlineLine& line : layout.lines) {
@@ -250,6 +273,7 @@ void BlockFlow::AddByItself(PageBoxId id) {
     const double containing = room.Width();
     const BoxMeasure& measure = layouter_.Measure();
     if (!box.continues) {
+        BeforeClear(*box.style);
         margin_.Add(measure.Margin(*box.style, cssTop, containing));
         ClearFloats(*box.style);
     }

@@ -36,14 +36,22 @@ class BlockFlow {
         FragmentMark from = {};       // what is within it
     };
 
+    // Lines without text, whose floats stand where the margins end that meet around them.
+    struct WaitingFloats {
+        PageBoxId lines = noPageBox;
+        InlineEdges room;
+    };
+
     void Open(PageBoxId box);
     void Close();
     void LayOutLeaf(PageBoxId box);
     void LayOutLines(PageBoxId box);
-    void AddLines(PageBoxId box, LinesContent content, InlineLayout layout);
-    void AddPositioned(const LinesContent& content, const InlineLayout& layout);
+    void PlaceFloats(double top);
+    void AddLines(PageBoxId box, InlineEdges room, LinesContent content, InlineLayout layout);
+    void AddPositioned(const LinesContent& content, const InlineLayout& layout, InlineEdges room);
     void AddMarker(const InlineLine& firstLine);
     void AddByItself(PageBoxId box);
+    void BeforeClear(const CssBoxStyle& style);
     void ClearFloats(const CssBoxStyle& style);
     void EndMargin();
     int Place(PageBoxId box, const InlineEdges& border);
@@ -58,7 +66,8 @@ class BlockFlow {
     FloatContext floats_;
     std::vector<OpenBlock> open_; // the container first
     std::vector<int> topless_;    // placed boxes that begin where the margin ends
-    std::size_t markerAt_ = 0;    // of the open item of a list that has no line yet; 0 for none
+    std::vector<WaitingFloats> waiting_;
+    std::size_t markerAt_ = 0; // of the open item of a list that has no line yet; 0 for none
     CollapsedMargin margin_;
     double top_ = 0;
 };

@@ -7,8 +7,8 @@
 // Wider than any page, and small enough for what systems count in.
 constexpr int maxBreakWidth = 1 << 20;
 
-// A width that was measured is not to break by what its sum was rounded by.
+// The nearest one: a line may reach half a pixel out of its block, and one whose width was measured
+// does not break by what sums were rounded by.
 inline int BreakWidth(double width) {
-    return std::clamp(int(std::floor(std::min(width, double(maxBreakWidth)) + 1.0 / 64)), 1,
-                      maxBreakWidth);
+    return std::clamp(int(std::lround(std::min(width, double(maxBreakWidth)))), 1, maxBreakWidth);
 }

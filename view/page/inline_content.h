@@ -37,7 +37,8 @@ struct UnitSpan {
 struct InlineFloat {
     TextPos at = 0;
     FloatSide side = FloatSide::Left;
-    double width = 0, height = 0; // with its margins
+    double width = 0, height = 0;               // with its margins
+    bool belowLeft = false, belowRight = false; // than earlier floats of these sides
 };
 
 // From `start` up to the next one the units are those of a node of the page, one after the other,

@@ -70,7 +70,7 @@ WidthExtent ExtentOf(LineLayout& system, const InlineContent& content) {
     for (std::size_t start = 0; start < text.size();) {
         const std::size_t end = std::min(text.find(lineSeparator, start), text.size());
         const WidthExtent line = LineExtent(system, content, TextPos(start), TextPos(end));
-        const double indent = start == 0 ? std::max(0.0, content.textIndent) : 0;
+        const double indent = start == 0 ? content.textIndent : 0;
         // Lines break at whole pixels.
         extent.min = std::max(extent.min, std::ceil(line.min + indent));
         extent.max = std::max(extent.max, std::ceil(line.max + indent));

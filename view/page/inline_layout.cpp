@@ -41,7 +41,8 @@ class InlineLayouter {
 
     void PlaceFloat() {
         const InlineFloat& box = content_.floats[nextFloat_++];
-        const auto place = context_.Add(box.side, box.width, box.height, top_, room_);
+        const double top = context_.ClearedTop(box.belowLeft, box.belowRight, top_);
+        const auto place = context_.Add(box.side, box.width, box.height, top, room_);
         result_.floats.push_back({place.left, place.top});
     }
 

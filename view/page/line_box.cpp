@@ -1,13 +1,16 @@
 #include "view/page/line_box.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
-// A font's ascent and descent with half of what its line height adds, or takes, on each side.
+// A font's ascent and descent with half of what its line height adds, or takes, on each side. As in
+// browsers a font has whole pixels, and of an odd one the half below is the larger.
 LineBox FontBox(const FontMetrics& font, std::optional<double> lineHeight) {
-    const double height = lineHeight.value_or(font.Height() + font.leading);
-    const double halfLeading = (height - font.Height()) / 2;
-    return {font.ascent + halfLeading, font.descent + halfLeading};
+    const double ascent = std::round(font.ascent), descent = std::round(font.descent);
+    const double height = lineHeight.value_or(ascent + descent + std::round(font.leading));
+    const double above = std::floor((height - ascent - descent) / 2);
+    return {ascent + above, height - ascent - above};
 }
 
 void Enclose(LineBox& line, const LineBox& box, double raise) {

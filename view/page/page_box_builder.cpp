@@ -300,6 +300,12 @@ class PageBoxBuilder : private PageNumbers {
 
     bool IsPicture(HtmlNodeId id) const { return tree_[id].Is(HtmlName::Img); }
 
+    // Left of its text, so that lines begin with the element itself.
+    static bool TakesRoomBefore(const CssBoxStyle& style) {
+        return style.margin[cssLeft].Of(0) > 0 || style.borderWidth[cssLeft] > 0 ||
+               style.padding[cssLeft].Of(0) > 0;
+    }
+
     void VisitInline(HtmlNodeId id) {
         if (tree_[id].Is(HtmlName::Br)) {
             OpenRun(id);
@@ -308,6 +314,7 @@ class PageBoxBuilder : private PageNumbers {
             if (Weight() > limits_.GoodLines()) DivideRun(tree_.NextBehind(id), 0);
         } else {
             MakeRoomInRun(id, inlineElementWeight);
+            if (TakesRoomBefore(*styles_.Of(id).box)) OpenRun(id);
         }
         if (IsRunOpen()) open_.back().weight += inlineElementWeight;
         AddGenerated(styles_.Before(id), id);

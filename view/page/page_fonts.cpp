@@ -29,6 +29,7 @@ TextStyle PageFonts::StyleOf(const CssInheritedStyle& style, const PageTextUse& 
     text.letterSpacing = Pixels(style.letterSpacing);
     text.wordSpacing = Pixels(style.wordSpacing);
     if (use.smallCapital) text.font.points *= smallCapitals;
+    text.font.exactSize = true;
     text.font.bold = style.fontWeight >= boldFrom;
     text.font.italic = style.fontStyle != CssFontStyle::Normal;
     text.underline = (style.decorations & cssUnderline) != 0;

@@ -23,6 +23,11 @@ VerticalAlign AlignOf(CssVerticalAlign align) {
     default: return VerticalAlign::Baseline;
     }
 }
+
+void SortBoxes(std::vector<InlineBox>& boxes) {
+    std::sort(boxes.begin(), boxes.end(),
+              [](const InlineBox& a, const InlineBox& b) { return a.at < b.at; });
+}
 } // namespace
 
 bool HasVisibleBox(const PageBox& box) {
@@ -54,7 +59,9 @@ double PageLayouter::ContentHeight(const PageBox& box, double natural) const {
     const double given = measure_.GivenHeight(*box.style);
     // Nothing scrolls but the page as a whole, and nothing covers what follows: a height is the
     // least one.
-    return given >= 0 ? std::max(given, natural) : measure_.LimitHeight(*box.style, natural);
+    const double height = given >= 0 ? given : measure_.LimitHeight(*box.style, natural);
+    const bool isWhole = given >= 0 || box.style->overflow != CssOverflow::Visible;
+    return isWhole ? std::max(height, natural) : height;
 }
 
 PageFragmentPtr PageLayouter::LayOutBlock(PageBoxId id, double contentWidth, double containing) {
@@ -220,7 +227,9 @@ void PageLayouter::AddFloat(const LinesText::Place& place, double containing,
     const double below = measure_.Margin(style, cssBottom, containing);
     const FloatSide side = style.floats == CssFloat::Left ? FloatSide::Left : FloatSide::Right;
     content.content->floats.push_back(
-        {place.at, side, width, part.top + part.fragment->height + below});
+        {place.at, side, width, part.top + part.fragment->height + below,
+         style.clear == CssClear::Left || style.clear == CssClear::Both,
+         style.clear == CssClear::Right || style.clear == CssClear::Both});
     ShiftRelative(place.box, containing, part);
     content.floats.push_back(std::move(part));
 }
@@ -244,6 +253,7 @@ LinesContent PageLayouter::ContentOf(PageBoxId lines, double containing) {
         else
             AddFloat(place, containing, result);
     }
+    SortBoxes(result.content->text.boxes);
     return result;
 }
 
@@ -259,7 +269,8 @@ WidthExtent PageLayouter::ExtentOfBox(PageBoxId id) {
     const double given = measure_.GivenWidth(style, 0);
     if (boxes_[id].kind == PageBoxKind::Picture)
         extent.min = extent.max = PictureContentSize(id, 0).width;
-    else if (style.width.kind == CssLength::Kind::Pixels && given >= 0)
+    else if (style.width.kind == CssLength::Kind::Pixels && given >= 0 &&
+             boxes_[id].kind != PageBoxKind::Cell) // whose table may be too narrow for it
         extent.min = extent.max = given;
     else
         extent = ContentExtent(id);
@@ -293,8 +304,9 @@ WidthExtent PageLayouter::LinesExtent(PageBoxId lines) {
     const LinesText text = content_.TextOf(lines);
     text.content->textIndent = IndentOf(lines, 0);
     if (text.boxes.empty()) return ExtentOf(lines_, *text.content);
+    const std::vector<InlineBox> gaps = text.content->text.boxes;
     const auto measure = [&](double WidthExtent::*width) {
-        text.content->text.boxes.clear();
+        text.content->text.boxes = gaps;
         text.content->floats.clear();
         for (const LinesText::Place& place : text.boxes) {
             if (IsOutOfFlow(*boxes_[place.box].style)) continue;
@@ -302,8 +314,9 @@ WidthExtent PageLayouter::LinesExtent(PageBoxId lines) {
             if (place.hasUnit)
                 text.content->text.boxes.push_back({place.at, int(std::ceil(box))});
             else
-                text.content->floats.push_back({place.at, FloatSide::Left, box, 0});
+                text.content->floats.push_back({place.at, FloatSide::Left, box, 0, false, false});
         }
+        SortBoxes(text.content->text.boxes);
         return ExtentOf(lines_, *text.content).*width;
     };
     return {measure(&WidthExtent::min), measure(&WidthExtent::max)};

@@ -14,8 +14,9 @@ struct LinesText {
         PageBoxId box = noPageBox;
         bool hasUnit = false; // it stands in the line like a letter
     };
-    std::shared_ptr<InlineContent> content; // without atoms and floats
-    std::vector<Place> boxes;               // ascending
+    // Without atoms and floats. Its boxes are gaps that stand for none of the page's.
+    std::shared_ptr<InlineContent> content;
+    std::vector<Place> boxes; // ascending
 };
 
 // The same with its boxes laid out. Each part is at its place in its margins, to which that of the

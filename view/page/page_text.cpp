@@ -1,5 +1,6 @@
 #include "view/page/page_text.h"
 
+#include "common/find_text.h"
 #include "common/text.h"
 #include "formats/html/html_integer.h"
 #include "formats/html/html_units.h"
@@ -13,10 +14,17 @@
 #include "view/page/text_raise.h"
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 namespace {
-constexpr char16_t lineSeparator = u'\u2028', objectReplacement = u'\uFFFC',
-                   noBreakSpace = u'\u00A0';
+constexpr char16_t lineSeparator = u'\u2028', objectReplacement = u'\uFFFC';
+// Neither is of the page's text: both keep a line from breaking.
+constexpr char16_t noBreakSpace = u'\u00A0', wordJoiner = u'\u2060';
+
+bool Wraps(CssWhiteSpace whiteSpace) {
+    return whiteSpace != CssWhiteSpace::NoWrap && whiteSpace != CssWhiteSpace::Pre;
+}
 
 class LinesReader {
   public:
@@ -54,6 +62,7 @@ class LinesReader {
 
   private:
     InlineContent& Content() { return *result_.content; }
+    const InlineContent& Content() const { return *result_.content; }
     std::u16string& Text() { return Content().text.text; }
     TextPos Length() { return TextPos(Text().size()); }
 
@@ -63,8 +72,7 @@ class LinesReader {
         Content().strutLineHeight = fonts_.LineHeight(style);
         Content().xHeight = fonts_.Pixels(style.fontSize) / 2;
         Content().text.rightToLeft = style.direction == CssDirection::RightToLeft;
-        Content().wraps =
-            style.whiteSpace != CssWhiteSpace::NoWrap && style.whiteSpace != CssWhiteSpace::Pre;
+        Content().wraps = Wraps(style.whiteSpace);
         Content().alignment = AlignmentOf(style);
         Content().text.tabDistance = fonts_.TabDistance(style);
         Content().text.runs = {{0, Content().strut}};
@@ -127,6 +135,7 @@ class LinesReader {
             AddClear(styles_.Of(id).box->clear);
         }
         AddControls(OpeningControls(styles_.Of(id)));
+        AddSide(id, cssLeft);
         AddGenerated(styles_.Before(id), id);
         return true;
     }
@@ -142,12 +151,28 @@ class LinesReader {
             AddUnit(control, 0);
     }
 
+    // What an element takes on a side in its line: margin, border and padding.
+    void AddSide(HtmlNodeId element, CssSide side) {
+        const CssBoxStyle& style = *styles_.Of(element).box;
+        if (style.display != CssDisplay::Inline || !lines_.hasText) return;
+        const float css =
+            style.margin[side].Of(0) + style.borderWidth[side] + style.padding[side].Of(0);
+        const int width = int(std::lround(fonts_.Pixels(css)));
+        if (width <= 0) return;
+        node_ = noHtmlNode;
+        if (!whiteSpaceEnds_) AddUnit(wordJoiner, 0);
+        Content().text.boxes.push_back({Length(), width});
+        AddUnit(objectReplacement, 0);
+        if (side == cssLeft) AddUnit(wordJoiner, 0);
+    }
+
     // The elements that end before the next node, from this one outwards.
     void Leave(HtmlNodeId element, HtmlNodeId next) {
         const HtmlNodeId around = next == noHtmlNode ? noHtmlNode : tree_[next].parent;
         for (; element != noHtmlNode && element != around; element = tree_[element].parent) {
             AddGenerated(styles_.After(element), element);
             if (element == container_) return;
+            AddSide(element, cssRight);
             AddControls(ClosingControls(styles_.Of(element)));
         }
     }
@@ -158,9 +183,13 @@ class LinesReader {
         result_.boxes.push_back({Length(), nextBox_, inLine});
         if (inLine) {
             StartRun(*lines_.text, {}, false);
+            const HtmlNodeId around = tree_[box.node].parent;
+            const bool joined = !WrapsIn(*styles_.Of(around).inherited);
+            if (joined && !Text().empty() && Text().back() != u' ') AddUnit(wordJoiner, 0);
             node_ = box.node;
             AddUnit(objectReplacement, 0);
             node_ = noHtmlNode;
+            if (joined && tree_[box.node].nextSibling != noHtmlNode) AddUnit(wordJoiner, 0);
             whiteSpaceEnds_ = false;
         }
         nextBox_ = box.nextSibling;
@@ -255,6 +284,7 @@ class LinesReader {
         const TextPos start = Length();
         const bool keepsSpaces = KeepsSpaces(style.whiteSpace);
         const bool keepsBreaks = KeepsBreaks(style.whiteSpace);
+        const bool wraps = WrapsIn(style);
         for (std::size_t i = from; i < text.size(); ++i) {
             const char16_t unit = text[i];
             if (unit == u'\n' && keepsBreaks) {
@@ -264,19 +294,15 @@ class LinesReader {
                     AddBreak(i);
                 whiteSpaceEnds_ = true;
             } else if (!keepsSpaces && IsHtmlSpace(unit)) {
-                if (!whiteSpaceEnds_) AddUnit(IsUnbroken(style) ? noBreakSpace : u' ', i);
+                if (!whiteSpaceEnds_) AddUnit(wraps ? u' ' : noBreakSpace, i);
                 whiteSpaceEnds_ = true;
             } else {
+                if (!wraps && i > from) JoinWords(unit);
                 AddLetter(unit, i, style, place);
                 whiteSpaceEnds_ = false;
             }
         }
         if (style.visibility != CssVisibility::Visible) Hide(start);
-    }
-
-    // Whether lines do not break in it, though they do around it.
-    bool IsUnbroken(const CssInheritedStyle& style) const {
-        return style.whiteSpace == CssWhiteSpace::NoWrap && result_.content->wraps;
     }
 
     void Hide(TextPos start) {
@@ -286,6 +312,10 @@ class LinesReader {
             hidden.back().end = Length();
         else
             hidden.push_back({start, Length()});
+    }
+
+    bool WrapsIn(const CssInheritedStyle& style) const {
+        return !Content().wraps || Wraps(style.whiteSpace);
     }
 
     void AddLetter(char16_t unit, std::size_t number, const CssInheritedStyle& style,
@@ -317,6 +347,17 @@ class LinesReader {
             runs.back() = std::move(run);
         else if (!equal(runs.back(), run))
             runs.push_back(std::move(run));
+    }
+
+    // Where a line could break between two that are no letters of a word.
+    void JoinWords(char16_t next) {
+        const auto isLetter = [](char16_t unit) { return unit < 0x250 && IsWordUnit(unit); };
+        const char16_t before = Text().empty() ? u' ' : Text().back();
+        if (before == u' ' || before == noBreakSpace || (isLetter(before) && isLetter(next)))
+            return;
+        const HtmlNodeId node = std::exchange(node_, noHtmlNode);
+        AddUnit(wordJoiner, 0);
+        node_ = node;
     }
 
     void RemoveTrailingSpace() {

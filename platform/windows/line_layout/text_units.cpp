@@ -27,6 +27,8 @@ void SetKinds(const ParagraphText& paragraph, TextUnits& all) {
 }
 
 // Carets, words and breaks are the same on every system, so that a book has the same places.
+constexpr char16_t wordJoiner = u'\u2060';
+
 void SetPlaces(std::u16string_view text, TextUnits& all) {
     const auto mark = [&](const std::vector<TextPos>& places, bool TextUnit::*flag) {
         for (const TextPos place : places)
@@ -41,7 +43,8 @@ void SetPlaces(std::u16string_view text, TextUnits& all) {
         TextUnit& unit = all.units[at];
         const bool besideBox =
             unit.kind == UnitKind::Box || all.units[at - 1].kind == UnitKind::Box;
-        unit.mayBreak = breaks[at] || (besideBox && unit.caret && !unit.isSpace);
+        const bool joined = text[at] == wordJoiner || text[at - 1] == wordJoiner;
+        unit.mayBreak = breaks[at] || (besideBox && !joined && unit.caret && !unit.isSpace);
     }
 }
 

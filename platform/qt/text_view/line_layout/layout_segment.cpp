@@ -125,17 +125,50 @@ bool IsJustifiedLine(const QString& text, const QTextLine& line) {
 }
 
 // Sets another width unless the line would then break elsewhere.
-void ChangeWidth(QTextLine& line, double width) {
+bool ChangeWidth(QTextLine& line, double width) {
     const double before = line.width();
     const int length = line.textLength();
     line.setLineWidth(width);
-    if (line.textLength() != length) line.setLineWidth(before);
+    if (line.textLength() == length) return true;
+    line.setLineWidth(before);
+    return false;
+}
+
+// Whether lines are as wide as the advances of their letters. QTextLayout itself wants room for the
+// ink of the last letter, too.
+bool GoesByAdvances(const ParagraphText& paragraph) {
+    return static_cast<const QtStyle&>(*paragraph.runs.front().style).exactSize &&
+           !paragraph.rightToLeft;
+}
+
+// A word, or all there is: its width may be the one that was measured.
+bool IsUnbroken(const QString& text, const QTextLine& line) {
+    const int end = line.textStart() + line.textLength();
+    if (end >= text.size() || text[end - 1] == QChar::LineSeparator) return true;
+    return !QStringView(text).sliced(line.textStart(), line.textLength()).trimmed().contains(u' ');
+}
+
+void BreakByAdvances(const ParagraphText& paragraph, const QTextLayout& text, QTextLine& line,
+                     int width) {
+    const auto& style = static_cast<const QtStyle&>(*paragraph.runs.front().style);
+    const double room = width / (1 + style.cutOff);
+    line.setLineWidth(width + style.maxInk);
+    constexpr int maxWords = 4; // in the room for ink
+    for (int i = 0; i < maxWords; ++i) {
+        const double advance = line.horizontalAdvance();
+        if (advance <= (IsUnbroken(text.text(), line) ? width : room)) break;
+        line.setLineWidth(i + 1 < maxWords ? std::max(1.0, advance - 1.0 / 32) : width);
+    }
+    if (!ChangeWidth(line, width)) ChangeWidth(line, line.naturalTextWidth());
 }
 
 // Breaks the line; returns whether it is stretched.
-bool BreakLine(const ParagraphText& paragraph, const QTextLayout& text, QTextLine& line,
-               int width) {
-    line.setLineWidth(width);
+bool BreakLine(const ParagraphText& paragraph, const QTextLayout& text, QTextLine& line, int width,
+               bool byAdvances) {
+    if (byAdvances)
+        BreakByAdvances(paragraph, text, line, width);
+    else
+        line.setLineWidth(width);
     const bool stretched = paragraph.justified && IsJustifiedLine(text.text(), line);
     if (paragraph.justified && !stretched) ChangeWidth(line, line.naturalTextWidth());
     if (stretched && paragraph.rightToLeft) {
@@ -153,14 +186,15 @@ bool Has(const QTextLayout& text, const QTextLine& line, QChar unit) {
     return QStringView(all).sliced(line.textStart(), line.textLength()).contains(unit);
 }
 
-TextLine MetricsOf(const LayoutSegment& segment, const QTextLine& line, int width, bool stretched) {
+TextLine MetricsOf(const LayoutSegment& segment, const QTextLine& line, double width,
+                   bool stretched) {
     TextLine metrics;
     metrics.start = segment.start + line.textStart();
     metrics.end = metrics.start + line.textLength();
     metrics.ascent = line.ascent();
     metrics.descent = line.descent();
     metrics.leading = line.leading();
-    metrics.width = stretched ? width : line.naturalTextWidth();
+    metrics.width = width;
     metrics.justified = stretched;
     return metrics;
 }
@@ -172,18 +206,22 @@ void BreakLines(const ParagraphText& paragraph, LayoutSegment& segment) {
     const qsizetype length = text.text().size();
     const bool isContinued = segment.end < TextPos(paragraph.text.size());
     const bool tabs = text.text().contains(u'\t');
+    const bool byAdvances = GoesByAdvances(paragraph);
     text.beginLayout();
     for (QTextLine line = text.createLine(); line.isValid(); line = text.createLine()) {
         const bool isFirst = line.lineNumber() == 0;
         const int indent = isFirst ? IndentAt(paragraph, segment.start) : paragraph.indent;
         const int width = std::max(1, paragraph.width - indent);
-        const bool stretched = BreakLine(paragraph, text, line, width);
+        const bool stretched = BreakLine(paragraph, text, line, width, byAdvances);
         const bool unfinished = isContinued && line.textStart() + line.textLength() == length;
         if (!isFirst && (unfinished || (tabs && Has(text, line, u'\t')))) {
             segment.end = segment.start + line.textStart();
             break;
         }
-        segment.metrics.push_back(MetricsOf(segment, line, width, stretched));
+        const double shown = stretched    ? width
+                             : byAdvances ? line.horizontalAdvance()
+                                          : line.naturalTextWidth();
+        segment.metrics.push_back(MetricsOf(segment, line, shown, stretched));
         // A soft hyphen at a line's end is there only after the glyphs have been requested, which
         // changes cursor positions: so they are requested here.
         if (Has(text, line, QChar::SoftHyphen)) line.glyphRuns(line.textStart(), 1);

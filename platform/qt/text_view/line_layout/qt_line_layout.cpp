@@ -3,6 +3,7 @@
 #include "platform/qt/qt_color.h"
 #include "platform/qt/text_view/line_layout/qt_text_lines.h"
 
+#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QScreen>
@@ -34,6 +35,31 @@ double BaselineOffset(const QFont& font, const QPaintDevice& device, double pixe
     return pixels * 100 / std::max(1.0, metrics.ascent() + metrics.descent());
 }
 
+// Qt draws fonts of whole pixels only. Raised letters have a size of Qt's own.
+double SizeFactor(const TextStyle& style, const QPaintDevice& device) {
+    constexpr double pointsPerInch = 72;
+    if (!style.font.exactSize || style.baseline != TextBaseline::Normal) return 1;
+    const double pixels = style.font.points * device.logicalDpiY() / pointsPerInch;
+    return pixels / std::max(1.0, std::round(pixels));
+}
+
+// Of a text with letters as often as in books. Where the difference is another one than cutting
+// off makes, as with hinted fonts, there is nothing to make good.
+double CutOff(const QFont& font, double sizeFactor, const QPaintDevice& device) {
+    constexpr double most = 1.0 / 256;
+    constexpr int large = 2048; // pixels; so many units most fonts have
+    const QString sample =
+        QStringLiteral("eeeeeeetttttaaaaooooiiiinnnnsssshhhrrrddlluuccmwfgypbvk            ");
+    QFont largeFont = font;
+    largeFont.setPixelSize(large);
+    largeFont.setLetterSpacing(QFont::PercentageSpacing, 100);
+    const int size = QFontInfo(QFont(font, &device)).pixelSize();
+    const double exact =
+        QFontMetricsF(largeFont).horizontalAdvance(sample) * size * sizeFactor / large;
+    const double missing = exact / QFontMetricsF(font, &device).horizontalAdvance(sample) - 1;
+    return missing > 0 && missing < most ? missing : 0;
+}
+
 QTextCharFormat::VerticalAlignment ToAlignment(TextBaseline baseline) {
     switch (baseline) {
     case TextBaseline::Superscript: return QTextCharFormat::AlignSuperScript;
@@ -58,7 +84,11 @@ void QtLineLayout::SetResolution(double dpi) {
 
 StyleHandle QtLineLayout::Prepare(const TextStyle& style) {
     QTextCharFormat format;
-    format.setFont(ToQFont(style, screen_));
+    // A font has one letter spacing: absolute, or the factor of its size.
+    const double sizeFactor = style.letterSpacing != 0 ? 1 : SizeFactor(style, screen_);
+    QFont font = ToQFont(style, screen_);
+    if (sizeFactor != 1) font.setLetterSpacing(QFont::PercentageSpacing, 100 * sizeFactor);
+    format.setFont(font);
     if (style.letterSpacing != 0) format.setProperty(letterSpacingProperty, style.letterSpacing);
     if (style.wordSpacing != 0) format.setProperty(wordSpacingProperty, style.wordSpacing);
     if (style.raise != 0)
@@ -67,12 +97,21 @@ StyleHandle QtLineLayout::Prepare(const TextStyle& style) {
         format.setVerticalAlignment(ToAlignment(style.baseline));
     if (style.background) format.setBackground(ToQColor(*style.background));
     if (style.color) format.setForeground(ToQColor(*style.color));
-    return std::make_shared<QtStyle>(std::move(format));
+    auto prepared = std::make_shared<QtStyle>(std::move(format));
+    prepared->exactSize = style.font.exactSize;
+    prepared->sizeFactor = sizeFactor;
+    if (style.font.exactSize) {
+        prepared->cutOff = CutOff(font, sizeFactor, screen_);
+        prepared->maxInk = QFontMetricsF(font, &screen_).height() / 4;
+    }
+    return prepared;
 }
 
 FontMetrics QtLineLayout::Metrics(const PreparedStyle& style) const {
-    const QFontMetricsF metrics(static_cast<const QtStyle&>(style).format.font(), &screen_);
-    return {metrics.ascent(), metrics.descent(), metrics.leading(),
+    const auto& prepared = static_cast<const QtStyle&>(style);
+    const QFontMetricsF metrics(prepared.format.font(), &screen_);
+    const double factor = prepared.sizeFactor;
+    return {metrics.ascent() * factor, metrics.descent() * factor, metrics.leading() * factor,
             metrics.horizontalAdvance(u' ')};
 }
 

@@ -17,6 +17,12 @@ class QtStyle : public PreparedStyle {
   public:
     explicit QtStyle(QTextCharFormat prepared) : format(std::move(prepared)) {}
     QTextCharFormat format;
+    bool exactSize = false;
+    double sizeFactor = 1; // of the size asked for to that of the format
+    // By what part letters of the exact size are wider than Qt has them, which cuts every advance
+    // off to a 64th of a pixel.
+    double cutOff = 0;
+    double maxInk = 0; // pixels that a letter may reach beyond its advance
 };
 
 class QtLineLayout : public LineLayout {
