@@ -17,7 +17,7 @@ QImage PictureOf(LaidOutPage& page, int top, int height) {
         painter.drawImage(ToQRect(place), picture);
         return !picture.isNull();
     };
-    const PagePaint paint{page.boxes, 1, 0, {0, 0, width, height}, draw};
+    const PagePaint paint{page.boxes, 1, 0, {0, 0, width, height}, draw, {}, {}};
     double at = -top;
     for (std::size_t zone = 0; zone < page.flow.ZoneCount() && at < height; ++zone) {
         const PageFragmentPtr fragment = page.flow.LayOut(zone);
