@@ -10,6 +10,8 @@ constexpr int measuringInterval = 10, measuringTime = 8; // milliseconds
 // For a place that is asked for or stored; what is above it may take longer to be measured.
 constexpr int placeTime = 300, exactTime = 1000;
 constexpr double unitsPerInch = 96;
+// Of a window that comes up: window managers change its size after it was shown.
+constexpr std::chrono::seconds settlingTime(3);
 
 int Rounded(double length) {
     return int(std::lround(std::clamp(length, -1e9, 1e9)));
@@ -36,6 +38,7 @@ void PagePane::Clear() {
     background_.reset();
     wantedHeight_.reset();
     topAnchor_.reset();
+    newTop_.reset();
     scrollX_ = maxScrollX_ = 0;
     widest_ = 0;
     anchor_ = caret_ = 0;
@@ -77,6 +80,7 @@ bool PagePane::UpdateLayout() {
 void PagePane::LayOutAnew(const PageLook& look) {
     const std::optional<Anchor> anchor = shown_ ? TopAnchor() : std::nullopt;
     PageLook before = std::exchange(look_, look);
+    if (before.scale != look.scale) newTop_.reset();
     const bool sameHeight = before.viewport.height == look.viewport.height;
     const bool sameWidth = before.viewport.width == look.viewport.width;
     before.viewport = look.viewport;
@@ -95,7 +99,10 @@ void PagePane::LayOutAnew(const PageLook& look) {
     }
     scroller_.SetPage(shown_.get(), look.viewport.height);
     widest_ = 0;
-    RestoreTop(anchor);
+    if (newTop_ && std::chrono::steady_clock::now() < newTopUntil_)
+        ScrollToTop(*newTop_);
+    else
+        RestoreTop(anchor);
     window_.StartTimer(PaneTimer::Measuring, measuringInterval);
     OnScrolled();
 }
@@ -186,16 +193,22 @@ void PagePane::MeasureMore() {
 
 void PagePane::ScrollTo(int left, int top) {
     if (!UpdateLayout()) return;
-    const double height = top * look_.scale;
     scrollX_ = std::max(0, Rounded(left * look_.scale));
-    wantedHeight_.reset();
     topAnchor_.reset();
+    newTop_ = top;
+    newTopUntil_ = std::chrono::steady_clock::now() + settlingTime;
+    ScrollToTop(top);
+    OnScrolled();
+}
+
+void PagePane::ScrollToTop(int top) {
+    const double height = top * look_.scale;
+    wantedHeight_.reset();
     if (!MeasureHeight(height + look_.viewport.height, placeTime)) {
         wantedHeight_ = height;
         window_.StartTimer(PaneTimer::Measuring, measuringInterval);
     }
     scroller_.ScrollToHeight(height);
-    OnScrolled();
 }
 
 int PagePane::ScrollTop() {

@@ -8,6 +8,7 @@
 #include "view/html/page_scroller.h"
 #include "view/view_pane.h"
 
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -88,6 +89,7 @@ class PagePane : public ViewPane {
     void RestoreTop(const std::optional<Anchor>& anchor);
     double ScaleOf(int zoomPercent) const;
     std::optional<CharacterPlace> PlaceOf(TextPos position);
+    void ScrollToTop(int top);
     void OnScrolled();
     void OnUserScrolled();
     void UpdateScrollBars();
@@ -131,6 +133,9 @@ class PagePane : public ViewPane {
     PageScroller scroller_;
     std::optional<double> wantedHeight_; // asked for, while what is above is not measured
     std::optional<Anchor> topAnchor_;    // of the last layout, until the page is scrolled
+    // CSS pixels; asked for just now, in a window that may still get its size from the desktop.
+    std::optional<int> newTop_;
+    std::chrono::steady_clock::time_point newTopUntil_;
     int scrollX_ = 0, maxScrollX_ = 0;
     double widest_ = 0; // of what has been shown
 

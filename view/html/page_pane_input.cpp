@@ -7,6 +7,7 @@
 #include <cmath>
 
 namespace {
+constexpr int maxLineSteps = 40;     // half lines that are looked at for the next one
 constexpr TextPos clusterReach = 64; // units around a place in which its character ends
 
 bool IsBlank(char16_t unit) {
@@ -137,10 +138,18 @@ bool PagePane::Press(PaneKey key, bool extend, bool control) {
 std::optional<TextPos> PagePane::KeyTarget(PaneKey key, bool control) {
     const auto place = PlaceOf(caret_);
     if (!place) return std::nullopt;
-    const auto vertically = [&](double y) {
-        const auto line = LineAt({int(place->x) - scrollX_, int(std::floor(y))}, false);
-        return line ? PagePlaces(*page_, *shown_).PositionInLine(*line, place->x) : caret_;
+    // Another line: across the space between paragraphs, and past pictures.
+    const auto vertically = [&](double y, double step) {
+        for (int i = 0; i < maxLineSteps; ++i, y += step) {
+            const auto line = LineAt({int(place->x) - scrollX_, int(std::floor(y))}, false);
+            if (!line) break;
+            const bool isSame =
+                line->block.zone == place->block.zone && line->LineTop() == place->LineTop();
+            if (!isSame) return PagePlaces(*page_, *shown_).PositionInLine(*line, place->x);
+        }
+        return caret_;
     };
+    const double half = LineHeight() / 2.0;
     const double top = scroller_.InView(place->block.zone, place->LineTop());
     const double bottom = scroller_.InView(place->block.zone, place->LineBottom());
     const InlineLine& line = place->block.Line(place->line);
@@ -152,10 +161,10 @@ std::optional<TextPos> PagePane::KeyTarget(PaneKey key, bool control) {
         const bool forward = key == PaneKey::Right;
         return control ? NextWord(caret_, forward) : NextCharacter(caret_, forward);
     }
-    case PaneKey::Up: return vertically(top - 1);
-    case PaneKey::Down: return vertically(bottom + 1);
-    case PaneKey::PageUp: return vertically(top - page);
-    case PaneKey::PageDown: return vertically(bottom + page);
+    case PaneKey::Up: return vertically(top - 1, -half);
+    case PaneKey::Down: return vertically(bottom + 1, half);
+    case PaneKey::PageUp: return vertically(top - page, -half);
+    case PaneKey::PageDown: return vertically(bottom + page, half);
     case PaneKey::Home: return control ? 0 : places.PositionOf(place->block.Content(), line.start);
     case PaneKey::End:
         return control ? page_->Length() : places.PositionOf(place->block.Content(), line.end);

@@ -28,6 +28,7 @@ void PagePane::OnScrolled() {
 void PagePane::OnUserScrolled() {
     wantedHeight_.reset();
     topAnchor_.reset();
+    newTop_.reset();
     OnScrolled();
 }
 

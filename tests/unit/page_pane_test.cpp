@@ -1,0 +1,143 @@
+// The view of pages in a window that is only remembered: what the port's suite does not ask.
+#include "common/utf.h"
+#include "platform/none/none_clock.h"
+#include "platform/none/none_files.h"
+#include "tests/unit/page_pane_bench.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+constexpr char16_t path[] = u"/books/page.htm";
+
+std::string Paragraphs(int count) {
+    std::string source = "<!DOCTYPE html><style>body,p{margin:0}</style>";
+    for (int i = 0; i < count; ++i) {
+        source += "<p>" + std::to_string(i);
+        for (int word = 0; word < 40; ++word)
+            source += " word" + std::to_string(word);
+    }
+    return source;
+}
+
+class PageBench {
+  public:
+    explicit PageBench(const std::string& source) {
+        files.AddFile(path, source);
+        view.onLoaded = [this](int, const std::u16string&) { isLoaded = true; };
+        view.onLink = [this](const std::u16string& url, const std::u16string&) {
+            links.push_back(url);
+        };
+        view.Navigate(path, 1);
+        for (int i = 0; i < 10; ++i)
+            view.LetEventsCome();
+        REQUIRE(isLoaded);
+    }
+    void Resize(int width) {
+        view.window.room.width = width;
+        view.Pane().OnResized();
+    }
+    Point PointOf(TextPos position) {
+        view.Select({position, 0});
+        const auto caret = view.Pane().CaretRect();
+        REQUIRE(caret);
+        return {caret->left + 2, caret->top + caret->height / 2};
+    }
+
+    NoneClock clock;
+    NoneFiles files{clock};
+    PagePaneBench view{files};
+    bool isLoaded = false;
+    std::vector<std::u16string> links;
+};
+} // namespace
+
+TEST_CASE(
+    "page pane: a place asked for is one of the window as it comes, which gets its size late") {
+    PageBench wide(Paragraphs(300));
+    wide.view.ScrollTo(0, 9000);
+    const TextPos place = wide.view.StartAtTop();
+    PageBench bench(Paragraphs(300));
+    bench.Resize(700);
+    bench.view.ScrollTo(0, 9000);
+    bench.view.Painted();
+    bench.Resize(600); // the window manager has its own idea
+    CHECK(bench.view.ScrollTop() == 9000);
+    CHECK(bench.view.StartAtTop() == place);
+}
+
+TEST_CASE(
+    "page pane: the line at the top stays there when a window that was seen gets another width") {
+    PageBench bench(Paragraphs(300));
+    bench.view.ScrollTo(0, 9000);
+    bench.view.Pane().ScrollLines(0); // by its user
+    const TextPos place = bench.view.StartAtTop();
+    for (const int width : {450, 777, 600}) {
+        bench.Resize(width);
+        CAPTURE(width);
+        CHECK(bench.view.StartAtTop() <= place);
+        CHECK(place - bench.view.StartAtTop() < 100); // in the same line
+    }
+    CHECK(bench.view.ScrollTop() == 9000);
+}
+
+TEST_CASE("page pane: a link is followed where it is pressed and let go, and is no text to drag") {
+    PageBench bench("<p>some words <a href='http://a.b/c'>a link</a> and more");
+    PagePane& pane = bench.view.Pane();
+    const Point link = bench.PointOf(13), word = bench.PointOf(2);
+    CHECK(pane.IsLink(link));
+    CHECK_FALSE(pane.IsLink(word));
+    pane.Click(link, 1, false);
+    pane.EndDrag();
+    bench.view.LetEventsCome();
+    CHECK(bench.links == std::vector<std::u16string>{u"http://a.b/c"});
+    pane.Click(link, 1, false);
+    pane.DragTo(word);
+    pane.EndDrag();
+    for (int i = 0; i < 5; ++i)
+        bench.view.LetEventsCome();
+    CHECK(bench.links.size() == 1);
+    CHECK(bench.view.SelectedText() == u"me words a ");
+}
+
+TEST_CASE("page pane: clicks select words and paragraphs, and Shift with keys goes on") {
+    PageBench bench("<p>One two three.<p>Four five");
+    PagePane& pane = bench.view.Pane();
+    pane.Click(bench.PointOf(5), 2, false);
+    CHECK(bench.view.SelectedText() == u"two");
+    pane.Click(bench.PointOf(16), 3, false);
+    CHECK(bench.view.SelectedText() == u"Four five");
+    bench.view.Select({0, 0});
+    pane.Press(PaneKey::Right, true, false);
+    CHECK(bench.view.SelectedText() == u"O");
+    pane.Press(PaneKey::Right, true, true);
+    CHECK(bench.view.SelectedText() == u"One ");
+    pane.Press(PaneKey::End, true, false);
+    CHECK(bench.view.SelectedText() == u"One two three.");
+    pane.Press(PaneKey::Down, true, false);
+    CHECK(bench.view.Selection().span.length > 15);
+    pane.Press(PaneKey::Home, true, true);
+    CHECK(bench.view.Selection().span == PageSpan{0, 0});
+}
+
+TEST_CASE("page pane: what is not shown has a place beside what is") {
+    PageBench bench("<p>one<p style='display:none'>two<p>three");
+    REQUIRE(bench.view.TextsOf({{0, 20}})[0] == u"one\ntwo\nthree");
+    bench.view.Select({4, 3});
+    const int hidden = bench.view.Selection().top;
+    bench.view.Select({8, 5});
+    CHECK(bench.view.Selection().top == hidden);
+    CHECK(bench.view.SelectedText() == u"three");
+}
+
+TEST_CASE("page pane: a file that is not there is told of in the page's place") {
+    NoneClock clock;
+    NoneFiles files{clock};
+    PagePaneBench view(files);
+    view.Navigate(u"/nowhere.htm", 1);
+    for (int i = 0; i < 5; ++i)
+        view.LetEventsCome();
+    CHECK_FALSE(view.HasBody());
+    CHECK(view.notice == u"This book cannot be loaded.");
+    view.Clear();
+    CHECK(view.notice.empty());
+}
