@@ -3,7 +3,7 @@ import urllib.parse
 
 from harness import books
 from harness.drag import drop
-from harness.html_story import HtmlStory, paragraphs, write_page
+from harness.html_story import HtmlStory, needs_engine, paragraphs, write_page
 from harness.story import main
 from harness.wait import wait_for
 
@@ -64,12 +64,14 @@ class HtmlDrop(HtmlStory):
         self.program.close()
         self.assertEqual(self.program.data().paths(), [self.book])
 
+    @needs_engine
     def test_a_link_and_a_picture_dragged_within_the_page(self):
         for place in (LINK, IMAGE):
             with self.subTest(place=place):
                 self.drag_within(*place)
         self.assert_stays()
 
+    @needs_engine
     def test_text_dragged_within_the_page(self):
         self.whole_text(self.program)
         self.drag_within(*TEXT)

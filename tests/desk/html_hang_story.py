@@ -8,7 +8,7 @@ from harness.data_file import data_file_bytes, record_line
 from harness.dialog import Dialog
 from harness.engine import (Hang, engine, is_running, pages, wait_for_ends,
                             wait_for_notice)
-from harness.html_story import HtmlStory, paragraphs, write_page
+from harness.html_story import HtmlStory, needs_engine, paragraphs, write_page
 from harness.story import main
 from harness.text_view import settled_strip
 from harness.wait import wait_for
@@ -21,6 +21,7 @@ SLOW_RULES = ",".join(f".none{number} + p ~ p" for number in range(2000))
 SLOW_PAGE = "<p>lantern</p>" * 20000 + "<style>%s{color:red}</style>" % SLOW_RULES
 
 
+@needs_engine
 class HtmlHang(HtmlStory):
     def setUp(self):
         self.book, self.other = self.write("lanterns"), self.write("quay")

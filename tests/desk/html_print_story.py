@@ -6,7 +6,7 @@ import unittest
 
 from harness import books
 from harness.engine import Hang, engine, wait_for_ends
-from harness.html_story import HtmlStory, paragraphs, write_page
+from harness.html_story import HtmlStory, needs_engine, paragraphs, write_page
 from harness.story import main
 from harness.wait import wait_for
 
@@ -15,6 +15,7 @@ MESSAGE = "^Norvaset Message$"
 
 
 @unittest.skipUnless(shutil.which("pdftotext"), "poppler-utils is not installed")
+@needs_engine
 class HtmlPrint(HtmlStory):
     def setUp(self):
         self.lines = [" ".join(line.split()) for line in books.lines("latin", COUNT)]
