@@ -59,6 +59,6 @@ class QtHtmlView final : public HtmlView {
     QtWindow& window_;
     HtmlPanel* panel_; // owned by the window
     std::unique_ptr<EngineView> engine_;
-    int load_ = 0; // caller's number of the last load
+    int load_ = 0;                          // caller's number of the last load
     bool focused_ = false, failed_ = false; // to load the engine
 };

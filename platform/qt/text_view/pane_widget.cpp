@@ -153,7 +153,8 @@ void PaneWidget::resizeEvent(QResizeEvent*) {
 
 void PaneWidget::changeEvent(QEvent* event) {
     QAbstractScrollArea::changeEvent(event);
-    const bool styled = event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange;
+    const bool styled =
+        event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange;
     if (styled && pane_) UpdateSystemStyle();
 }
 

@@ -339,7 +339,8 @@ class Reader:
         return shown_path(path, self.on_wine)
 
     def wait_for_book(self, path, profile="Default"):
-        wait_for(lambda: self.title() == f"Norvaset [{profile}] - {self.shown_path(path)}",
+        """Of a path, or of a page's own title."""
+        wait_for(lambda: self.title() == f"Norvaset [{profile}] - {self._argument(path)}",
                  f"the title to name {path}")
 
     def _argument(self, argument):
