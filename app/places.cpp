@@ -58,8 +58,12 @@ void GoToPlace(MainForm& form) {
 void PrintBook(MainForm& form) {
     if (!IsBookShown(form)) return;
     if (IsPageShown(form)) {
-        if (HasPageBody(form)) form.ports.htmlView->Print();
-        return;
+        if (!HasPageBody(form)) return;
+        if (form.ports.htmlView->CanPrint()) return form.ports.htmlView->Print();
+        return ShowPlainMessage(form.messages, MessageIcon::Information,
+                                MessageTitle::ProductMessage,
+                                u"Norvaset shows this page by itself, and cannot print it. A web "
+                                u"browser can.");
     }
     const BookRecord record = IsShownBookListed(form) ? form.history.Record(0) : BookRecord();
     const auto title =

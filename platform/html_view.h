@@ -107,8 +107,9 @@ class HtmlView {
     virtual void SendZoomKey(bool larger) = 0;
 
     virtual void ScrollToPercent(int percent) = 0; // 0 to 100
-    // By the system's dialog, as the context menu's command does.
+    // By the system's dialog, as the context menu's command does; nothing where it cannot be done.
     virtual void Print() = 0;
+    virtual bool CanPrint() const { return true; }
 
     // Kept values of the page.
     virtual bool HasBody() const = 0;         // from just before `onLoaded` on

@@ -24,6 +24,7 @@ class NoneHtmlView : public HtmlView {
 
     // What a test sets up and does.
     std::map<std::u16string, NonePage> pages; // by path
+    bool canPrint = true;
     bool answers = true;                      // false: every question runs out of time
     std::function<void()> whileAsked;         // what happens around while a question waits
     void FinishLoading();                     // of the page navigated to last
@@ -43,6 +44,7 @@ class NoneHtmlView : public HtmlView {
     void SetTextColor(std::optional<std::uint32_t> given) override { letterColor = given; }
     void ScrollToPercent(int percent) override;
     void Print() override { ++prints; }
+    bool CanPrint() const override { return canPrint; }
     void SendZoomKey(bool larger) override;
 
     bool HasBody() const override { return loaded_ && document_.hasBody; }

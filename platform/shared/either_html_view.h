@@ -22,6 +22,7 @@ class EitherHtmlView final : public HtmlView {
     void SendZoomKey(bool larger) override { shown_->SendZoomKey(larger); }
     void ScrollToPercent(int percent) override { shown_->ScrollToPercent(percent); }
     void Print() override { shown_->Print(); }
+    bool CanPrint() const override { return shown_->CanPrint(); }
 
     bool HasBody() const override { return shown_->HasBody(); }
     bool HasText() const override { return shown_->HasText(); }

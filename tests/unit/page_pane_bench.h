@@ -35,7 +35,6 @@ class PagePaneBench : public PaneHtmlView {
     }
 
     // Of the port, what is the window's.
-    void Print() override {}
     void SetBounds(const Rect&) override {}
     void SetVisible(bool) override {}
     void FocusView() override {}

@@ -24,6 +24,8 @@ class PaneHtmlView : public HtmlView {
     void SetTextColor(std::optional<std::uint32_t> redGreenBlue) override;
     void SendZoomKey(bool larger) override;
     void ScrollToPercent(int percent) override;
+    void Print() override {}
+    bool CanPrint() const override { return false; } // pages of its own are not divided yet
 
     bool HasBody() const override { return Page() != nullptr; }
     bool HasText() const override { return HasBody() && Page()->Length() > 0; }

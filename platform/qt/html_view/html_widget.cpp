@@ -61,6 +61,5 @@ void HtmlWidget::ShowContextMenu() {
     add(tr("Select &All"), PageCommand::SelectAll, hasText);
     add(tr("&Find..."), PageCommand::Find, hasText);
     add(tr("&Open..."), PageCommand::Open, true);
-    add(tr("&Print..."), PageCommand::Print, hasText);
     menu->popup(ContextMenuPoint());
 }

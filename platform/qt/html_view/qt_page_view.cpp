@@ -11,10 +11,7 @@ QtPageView::QtPageView(QWidget* parent, const Files& files)
     widget_->Pane().onLink = [this](HtmlNodeId link) { FollowLink(link); };
     widget_->onZoomKey = [this](int keyCode) { return ZoomByKey(keyCode); };
     widget_->onOtherKey = [this](int keyCode, bool shift) { return PressOther(keyCode, shift); };
-    widget_->onCommand = [this](PageCommand command) {
-        if (command == PageCommand::Print) Print();
-        CallHandler(onCommand, command);
-    };
+    widget_->onCommand = [this](PageCommand command) { CallHandler(onCommand, command); };
     widget_->onFilesDropped = [this](const std::vector<std::u16string>& paths) {
         CallHandler(onFilesDropped, paths);
     };
@@ -45,8 +42,6 @@ void QtPageView::ShowNotice(std::u16string_view text) {
 void QtPageView::ReportZoomKey(bool larger) {
     CallHandler(onZoomKey, larger ? PlusKey : MinusKey, CtrlKey);
 }
-
-void QtPageView::Print() {}
 
 void QtPageView::SetBounds(const Rect& bounds) {
     widget_->setGeometry(bounds.left, bounds.top, bounds.width, bounds.height);

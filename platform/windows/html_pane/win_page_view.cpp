@@ -37,10 +37,9 @@ void WinPageView::ReportZoomKey(bool larger) {
 }
 
 void WinPageView::ShowContextMenu(POINT onScreen) {
-    const auto command = TrackPageMenu(Handle(), onScreen, HasText(), Selection().span.length > 0);
-    if (!command) return;
-    if (*command == PageCommand::Print) Print();
-    CallHandler(onCommand, *command);
+    const PageMenu menu{HasText(), Selection().span.length > 0, CanPrint()};
+    if (const auto command = TrackPageMenu(Handle(), onScreen, menu))
+        CallHandler(onCommand, *command);
 }
 
 void WinPageView::SetBounds(const Rect& bounds) {

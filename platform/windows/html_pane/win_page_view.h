@@ -19,7 +19,6 @@ class WinPageView final : public PaneHtmlView {
     // The keystroke of SendZoomKey, for the window's `onKeyDown`.
     std::function<void(int keyCode, int shift)> onZoomKey;
 
-    void Print() override {}
     void SetBounds(const Rect& bounds) override;
     void SetVisible(bool visible) override;
     void FocusView() override;

@@ -157,7 +157,7 @@ void WinHtmlView::OnContextMenu(POINT place) {
 
 // As the engine's own menu sends it.
 void WinHtmlView::ShowContextMenu(POINT place) {
-    const auto command = TrackPageMenu(window_.Handle(), place, HasText(), !SelectedText().empty());
+    const auto command = TrackPageMenu(window_.Handle(), place, {HasText(), !SelectedText().empty(), true});
     if (command && inner_.Handle())
         SendMessageW(inner_.Handle(), WM_COMMAND, static_cast<WPARAM>(CommandId(*command)), 0);
 }

@@ -27,18 +27,18 @@ int CommandId(PageCommand command) {
     return 0;
 }
 
-std::optional<PageCommand> TrackPageMenu(HWND owner, POINT place, bool hasText, bool hasSelection) {
+std::optional<PageCommand> TrackPageMenu(HWND owner, POINT place, const PageMenu& of) {
     const HMENU menu = CreatePopupMenu();
     const auto add = [menu](PageCommand command, const wchar_t* caption, bool enabled) {
         AppendMenuW(menu, enabled ? MF_STRING : MF_STRING | MF_GRAYED,
                     static_cast<UINT_PTR>(CommandId(command)), caption);
     };
-    add(PageCommand::Copy, L"&Copy", hasSelection);
-    add(PageCommand::SelectAll, L"Select &All", hasText);
-    add(PageCommand::Find, L"&Find...", hasText);
+    add(PageCommand::Copy, L"&Copy", of.hasSelection);
+    add(PageCommand::SelectAll, L"Select &All", of.hasText);
+    add(PageCommand::Find, L"&Find...", of.hasText);
     AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
     add(PageCommand::Open, L"&Open...", true);
-    add(PageCommand::Print, L"&Print...", hasText);
+    if (of.canPrint) add(PageCommand::Print, L"&Print...", of.hasText);
     const int chosen =
         TrackPopupMenu(menu, TPM_RETURNCMD | TPM_RIGHTBUTTON, place.x, place.y, 0, owner, nullptr);
     DestroyMenu(menu);

@@ -9,6 +9,10 @@
 std::optional<PageCommand> ToPageCommand(int number); // none for any other
 int CommandId(PageCommand);
 
+struct PageMenu {
+    bool hasText = false, hasSelection = false, canPrint = true;
+};
+
 // Shows the menu at a screen position and returns the command chosen. Built in code: a menu
 // resource would repeat the engine's ids, and be missing in the test programs.
-std::optional<PageCommand> TrackPageMenu(HWND owner, POINT place, bool hasText, bool hasSelection);
+std::optional<PageCommand> TrackPageMenu(HWND owner, POINT place, const PageMenu& menu);
