@@ -9,7 +9,7 @@ from harness.clipboard import AGAIN, clipboard, fill
 from harness.html_story import MODULE, SLACK
 from harness.open_dialog import OpenDialog
 from harness.story import Story
-from harness.text_view import is_one_line, settled_strip, top_strip
+from harness.text_view import settled_strip, top_strip
 from harness.wait import wait_for
 from harness.wine import ON_WINE, PROGRAM, shown_path
 
@@ -55,24 +55,15 @@ class JourneyStory(Story):
         column = journeys.cells_run(way, ON_WINE)
         return {journeys.write(self.path(folder), name): kind for name, kind in column.items()}
 
-    def has_text(self, kind):
-        """Wine has no engine for pages: the view says so in their place."""
-        return not (ON_WINE and kind == journeys.PAGE)
-
     def arrive(self, path, kind, profile="Default"):
         """The book has just come in: looks at all that there is of it, and reads on."""
         self.expected[path] = kind
         self.program.wait_for_book(path, profile)
         self.assert_shown(path, kind)
         self.assert_editor(path, kind)
-        if self.has_text(kind):
-            self.read_on()
+        self.read_on()
 
     def assert_shown(self, path, kind):
-        if not self.has_text(kind):
-            wait_for(lambda: is_one_line(self.program.picture()), f"the notice in place of {path}")
-            self.program.wait_until_idle()
-            return
         wanted = " ".join(journeys.first_line(path, kind).split())
         fill(self.screen)
         copied, pressed = "", 0
@@ -136,8 +127,7 @@ class JourneyStory(Story):
         found = dict(zip(self.program.data().paths(profile), self.program.data().records(profile)))
         for path, kind in self.expected.items():
             self.assertEqual(found[path]["Filter"], str(kind), path)
-            if self.has_text(kind):
-                self.assertGreater(found[path]["LastPos"], 0, path)
+            self.assertGreater(found[path]["LastPos"], 0, path)
         return found
 
     def come_back(self, profile="Default"):
@@ -150,10 +140,7 @@ class JourneyStory(Story):
                 self.program.choose_book(len(before) - 1, len(before))
             path = self._next_in_list(before, number)
             self.program.wait_for_book(path, profile)
-            if self.has_text(self.expected[path]):
-                settled_strip(self.program)
-            else:
-                self.assert_shown(path, journeys.PAGE)
+            settled_strip(self.program)
         self.program.close()
         for path, record in self.records(profile).items():
             slack = SLACK if self.expected[path] == journeys.PAGE else 0

@@ -3,9 +3,8 @@ from harness.wait import wait_for
 
 MARGIN_X = 7        # a column between the window's edge and the text, which holds no text
 SCROLL_BAR = 30     # pixels kept off the right edge
-STRIP_HEIGHT = 40   # two lines in the default font
-NOTICE_HEIGHT = 80  # from the view's top to below a notice
 STATUS_HEIGHT = 40  # more than the status bar's, off the window's lower edge
+STRIP_HEIGHT = 40   # two lines in the default font
 
 
 def view_top(picture):
@@ -23,16 +22,6 @@ def top_strip(picture, height=STRIP_HEIGHT):
         return None
     strip = picture.crop(MARGIN_X, top, picture.width - SCROLL_BAR, top + height)
     return None if strip.is_plain() else strip
-
-
-def is_one_line(picture):
-    """Whether the view shows a line near its top, as a notice is, and nothing below it."""
-    top = view_top(picture)
-    if top is None:
-        return False
-    right, below = picture.width - SCROLL_BAR, top + NOTICE_HEIGHT
-    return (not picture.crop(MARGIN_X, top, right, below).is_plain() and
-            picture.crop(MARGIN_X, below, right, picture.height - STATUS_HEIGHT).is_plain())
 
 
 def settled_strip(reader, height=STRIP_HEIGHT):
