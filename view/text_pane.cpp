@@ -19,7 +19,7 @@ TextPane::TextPane(PaneWindow& window, LineLayout& lines, PictureStore& pictures
       text_(std::make_shared<StringText>(document_.text)),
       styles_(document_, viewStyle_, system_, lines_), context_{document_, viewStyle_, styles_,
                                                                 pictures_, lines_},
-      layouts_(context_), scroller_(layouts_) {
+      layouts_(context_), scroller_(layouts_), drag_(window) {
     context_.text = text_.get();
     headings_.Reset(*text_, document_, context_.plain);
     context_.pixelsPerTwip = 0; // unknown until the first layout

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "view/caret_moves.h"
+#include "view/drag_selection.h"
 #include "view/heading_index.h"
 #include "view/placeholder.h"
 #include "view/text_scroller.h"
@@ -91,8 +92,6 @@ class TextPane : public ViewPane {
     int LineHeight() override; // of the view's font
 
   private:
-    enum class Granularity { Character, Word, Paragraph };
-
     void ResetView();
     void UpdateLayoutSize();
     void Relayout();
@@ -140,11 +139,9 @@ class TextPane : public ViewPane {
 
     TextPos anchor_ = 0, caret_ = 0; // equal if nothing is selected
     std::optional<int> preferredX_;  // of the caret during vertical movement
-    Granularity granularity_ = Granularity::Character;
-    TextSpan dragStart_; // the unit that a drag started with
+    DragSelection drag_;
     std::u16string pressedLink_;
-    Point mouse_;
-    bool autoScrolls_ = false, caretOn_ = false;
+    bool caretOn_ = false;
     HeadingIndex headings_;
     bool labelShown_ = false;
     std::optional<TextSpan> visibleSpan_;

@@ -20,7 +20,7 @@ int Rounded(double length) {
 
 PagePane::PagePane(PaneWindow& window, LineLayout& lines, PictureStore& pictures,
                    const Files& files)
-    : window_(window), lines_(lines), store_(pictures), files_(files) {}
+    : window_(window), lines_(lines), store_(pictures), files_(files), drag_(window) {}
 
 PagePane::~PagePane() = default;
 

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "view/caret_moves.h"
+#include "view/drag_selection.h"
 #include "view/html/page_scroller.h"
 #include "view/view_pane.h"
 
@@ -81,7 +82,6 @@ class PagePane : public ViewPane {
         TextPos position = 0;
         double lines = 0; // of its letters' top in the view, in heights of them
     };
-    enum class Granularity { Character, Word, Paragraph };
 
     bool UpdateLayout(); // false without a page
     void LayOutAnew(const PageLook& look);
@@ -140,9 +140,6 @@ class PagePane : public ViewPane {
     double widest_ = 0; // of what has been shown
 
     TextPos anchor_ = 0, caret_ = 0;
-    Granularity granularity_ = Granularity::Character;
-    TextSpan dragStart_;
-    Point mouse_;
-    bool autoScrolls_ = false;
+    DragSelection drag_;
     HtmlNodeId pressedLink_ = noHtmlNode, focusedLink_ = noHtmlNode;
 };

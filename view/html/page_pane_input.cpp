@@ -54,20 +54,13 @@ HtmlNodeId PagePane::LinkAt(Point point) {
 
 void PagePane::Click(Point point, int count, bool extend) {
     if (!UpdateLayout()) return;
-    mouse_ = point;
     focusedLink_ = noHtmlNode;
     pressedLink_ = count == 1 && !extend ? LinkAt(point) : noHtmlNode;
     const TextPos position = PositionAtPoint(point);
-    granularity_ = count == 3   ? Granularity::Paragraph
-                   : count == 2 ? Granularity::Word
-                                : Granularity::Character;
-    if (granularity_ == Granularity::Character) {
-        Select(extend ? anchor_ : position, position);
-        dragStart_ = {anchor_, anchor_};
-    } else {
-        dragStart_ = UnitAround(position);
-        Select(dragStart_.start, dragStart_.end);
-    }
+    drag_.Press(point, count);
+    const bool fromAnchor = extend && drag_.By() == DragSelection::Unit::Character;
+    drag_.KeepSelected(fromAnchor ? TextSpan{anchor_, anchor_} : UnitAround(position));
+    ExtendTo(point);
 }
 
 void PagePane::PrepareContextMenu(Point point) {
@@ -78,13 +71,13 @@ void PagePane::PrepareContextMenu(Point point) {
 
 TextSpan PagePane::UnitAround(TextPos position) {
     const std::u16string& text = page_->Text();
-    if (granularity_ == Granularity::Paragraph) {
+    if (drag_.By() == DragSelection::Unit::Paragraph) {
         const auto at = std::size_t(position);
         const std::size_t before = at == 0 ? text.npos : text.rfind(u'\n', at - 1);
         return {before == text.npos ? 0 : TextPos(before) + 1,
                 TextPos(std::min(text.find(u'\n', at), text.size()))};
     }
-    if (granularity_ == Granularity::Word) {
+    if (drag_.By() == DragSelection::Unit::Word) {
         const PagePlaces places(*page_, *shown_);
         if (const auto place = PlaceOf(position)) {
             const TextPos start = place->block.PieceStart(place->line);
@@ -99,11 +92,8 @@ TextSpan PagePane::UnitAround(TextPos position) {
 
 // By words or paragraphs if the drag started with a double or triple click.
 void PagePane::ExtendTo(Point point) {
-    const TextSpan unit = UnitAround(PositionAtPoint(point));
-    if (unit.start < dragStart_.start)
-        Select(dragStart_.end, unit.start);
-    else
-        Select(dragStart_.start, std::max(unit.end, dragStart_.end));
+    const auto ends = drag_.ExtendedTo(UnitAround(PositionAtPoint(point)));
+    Select(ends.anchor, ends.caret);
 }
 
 bool PagePane::Press(PaneKey key, bool extend, bool control) {

@@ -6,14 +6,8 @@
 #include <utility>
 
 namespace {
-constexpr double usualLine = 19;       // CSS pixels; of text of 16 pixels
-constexpr double keptOfPage = 2;       // lines that stay in view when it is turned
-constexpr int autoScrollInterval = 40; // milliseconds
-
-// How far a coordinate is outside of 0 to `size`, with a sign.
-int Beyond(int at, int size) {
-    return std::max(0, at - (size - 1)) - std::max(0, -at);
-}
+constexpr double usualLine = 19; // CSS pixels; of text of 16 pixels
+constexpr double keptOfPage = 2; // lines that stay in view when it is turned
 } // namespace
 
 int PagePane::LineHeight() {
@@ -82,28 +76,21 @@ void PagePane::OnTimer(PaneTimer timer) {
 
 void PagePane::DragTo(Point point) {
     if (!UpdateLayout()) return;
-    mouse_ = point;
     if (pressedLink_ != noHtmlNode && LinkAt(point) == pressedLink_) return;
     pressedLink_ = noHtmlNode;
     ExtendTo(point);
-    const Size room = window_.Room();
-    const bool outside = Beyond(point.x, room.width) != 0 || Beyond(point.y, room.height) != 0;
-    if (outside && !autoScrolls_) window_.StartTimer(PaneTimer::AutoScroll, autoScrollInterval);
-    if (!outside && autoScrolls_) window_.StopTimer(PaneTimer::AutoScroll);
-    autoScrolls_ = outside;
+    drag_.MoveTo(point);
 }
 
 // A link that is pressed and let go is followed.
 void PagePane::EndDrag() {
-    if (autoScrolls_) window_.StopTimer(PaneTimer::AutoScroll);
-    autoScrolls_ = false;
+    drag_.Finish();
     const HtmlNodeId link = std::exchange(pressedLink_, noHtmlNode);
     if (link != noHtmlNode && onLink) onLink(link);
 }
 
 // The speed grows with the distance from the window.
 void PagePane::AutoScroll() {
-    const Size room = window_.Room();
-    ScrollBy({Beyond(mouse_.x, room.width), Beyond(mouse_.y, room.height)});
-    ExtendTo(mouse_);
+    ScrollBy(drag_.Overshoot());
+    ExtendTo(drag_.Mouse());
 }

@@ -1,5 +1,5 @@
 // The desktop's list of recent documents: recently-used.xbel, which file managers and other
-// programs' dialogs show (freedesktop.org: Desktop Bookmark Specification).
+// programs' dialogs show (freedesktop.org, Desktop Bookmarks).
 #pragma once
 
 #include <QObject>
