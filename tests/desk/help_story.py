@@ -135,7 +135,7 @@ class Help(Story):
         self.start()
         self.choose("a")
         box = self.wait_for_dialog("About Norvaset")
-        self.wait_for_words(box, "Version 1.00", "https://norvaset.example")
+        self.wait_for_words(box, "Version 1.00", "norvaset.example")
         self.close_dialog(box)
         self.program.close()
 

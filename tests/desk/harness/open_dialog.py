@@ -11,7 +11,7 @@ KEYS = dict(zip(TYPES, "trha"))
 # Where the parts are: a fraction of the dialog's width, and pixels from its top or (negative) its
 # lower end.
 TYPE_BOX, OPEN_BUTTON, FIRST_FILE = (
-    ((0.57, -32), (0.91, -64), (0.26, 50)) if ON_WINE else ((0.5, -27), (0.92, -58), (0.23, 74)))
+    ((0.57, -30), (0.91, -56), (0.26, 41)) if ON_WINE else ((0.5, -27), (0.92, -58), (0.23, 74)))
 
 
 class OpenDialog(Dialog):
