@@ -241,7 +241,7 @@ TEST_CASE("windows window: a drop of no files changes nothing") {
         told += paths == Paths{u"C:\\c"} ? 1 : 9;
     };
     using namespace std::string_literals;
-    for (const std::wstring& paths : {L""s, L"\0"s})
+    for (const std::wstring& paths : {L""s, L"\0"s, L"ows\0"s})
         SendMessageW(bench.window.Handle(), WM_DROPFILES, DropOf(paths), 0);
     MSG message;
     CHECK_FALSE(PeekMessageW(&message, nullptr, WM_APP, WM_APP, PM_NOREMOVE));

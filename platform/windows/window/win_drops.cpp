@@ -3,6 +3,8 @@
 #include "platform/shared/call_handler.h"
 #include "platform/windows/base/text.h"
 
+#include <shlwapi.h>
+
 namespace {
 
 constexpr UINT dropMessage = WM_APP;
@@ -36,8 +38,8 @@ std::vector<std::u16string> DroppedFiles(HDROP drop) {
     for (UINT i = 0; i < count; ++i) {
         std::wstring path(DragQueryFileW(drop, i, nullptr, 0), L'\0');
         DragQueryFileW(drop, i, path.data(), static_cast<UINT>(path.size()) + 1);
-        // Under Wine a drop of web addresses alone has one empty name.
-        if (!path.empty()) paths.push_back(FromWide(path));
+        // Under Wine a drop of web addresses alone has one name: whatever the memory held.
+        if (!PathIsRelativeW(path.c_str())) paths.push_back(FromWide(path));
     }
     return paths;
 }
