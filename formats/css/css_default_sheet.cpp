@@ -4,7 +4,7 @@
 
 namespace {
 
-// A closed `details` is shown as an open one: nothing here opens it. `rt` stands in the line.
+// A closed `details` is shown as an open one: nothing here opens it. `rt` stands raised in the line.
 constexpr std::u16string_view defaultText = uR"css(
 area, base, basefont, datalist, head, link, meta, noembed, noframes, param, rp, script, style,
 template, title, source, track, option, optgroup, select, [hidden], dialog:not([open]) {
@@ -36,8 +36,20 @@ abbr[title], acronym[title] { text-decoration: underline }
 a:link { color: #0000ee; text-decoration: underline }
 q::before { content: open-quote }
 q::after { content: close-quote }
-rt { font-size: 50% }
+rt { font-size: 50%; vertical-align: super }
 ruby, rt { text-indent: 0 }
+mi { font-style: italic }
+mfrac { display: inline-block; vertical-align: middle; text-align: center; text-indent: 0 }
+mfrac > * { display: block; padding-left: 1px; padding-right: 1px }
+mfrac > :nth-child(2) { border-top: 1px solid }
+msub > :nth-child(2), msubsup > :nth-child(2) { vertical-align: sub; font-size: smaller }
+msup > :nth-child(2), msubsup > :nth-child(3) { vertical-align: super; font-size: smaller }
+msqrt { text-decoration: overline }
+msqrt::before { content: "\221A" }
+mtable { display: inline-table; vertical-align: middle; border-spacing: 4px }
+mtr { display: table-row }
+mtd { display: table-cell; text-align: center }
+annotation, annotation-xml { display: none }
 bdi, output { unicode-bidi: isolate }
 bdo { unicode-bidi: isolate-override }
 address, blockquote, center, dialog, div, figure, figcaption, footer, form, header, hr, legend,

@@ -89,6 +89,8 @@ TEST_CASE("css: what elements look like without a sheet") {
     CHECK(TextOf(u"<table style='text-align:right'><th id=x>").textAlign == CssTextAlign::Right);
     CHECK(BoxOf(u"<table><td id=x>").verticalAlign == CssVerticalAlign::Middle);
     CHECK(BoxOf(u"<sup id=x>").verticalAlign == CssVerticalAlign::Super);
+    CHECK(BoxOf(u"<math><msup><mi>x</mi><mn id=x>2").verticalAlign == CssVerticalAlign::Super);
+    CHECK(BoxOf(u"<math><msub><mi>x</mi><mn id=x>2").verticalAlign == CssVerticalAlign::Sub);
     CHECK(TextOf(u"<ul><li><ul><li id=x>").listStyleType == CssListStyleType::Circle);
     CHECK(TextOf(u"<ol><li><ul><li><ul><li id=x>").listStyleType == CssListStyleType::Square);
     CHECK(TextOf(u"<ol><li id=x>").listStyleType == CssListStyleType::Decimal);
@@ -96,7 +98,7 @@ TEST_CASE("css: what elements look like without a sheet") {
 
 TEST_CASE("css: every rule of the default sheet is understood as a whole") {
     // As many as it has blocks: a slip of the pen would drop one.
-    CHECK(DefaultCssSheet().rules.size() == 68);
+    CHECK(DefaultCssSheet().rules.size() == 80);
     CHECK(QuirksCssSheet().rules.size() == 2);
     CHECK(DefaultCssSheet().imports.empty());
 }

@@ -98,6 +98,15 @@ TEST_CASE("page table: spacing between cells") {
     CHECK(Lines(u"<table cellspacing=4>" + cells) == "4,4 a|16,4 b|4,24 c");
 }
 
+TEST_CASE("page table: is as wide as the longest word of its caption") {
+    CHECK(Lines(u"<table cellspacing=0><caption>ccc cccccc</caption><tr><td style=padding:0>a") ==
+          "12,0 ccc|0,16 cccccc|0,32 a");
+}
+
+TEST_CASE("page: a fraction has its parts one above the other") {
+    CHECK(Lines(u"<math><mfrac><mn>1</mn><mn>22</mn></mfrac></math>") == "0,0 #|5,0 1|1,17 22");
+}
+
 TEST_CASE("page table: captions above and below, with their margins") {
     const std::u16string rows = u"<tr><td style='padding:0'>aaaa</table>";
     CHECK(Lines(u"<table cellspacing=0><caption>c</caption>" + rows) == "12,0 c|0,16 aaaa");

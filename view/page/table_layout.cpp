@@ -48,10 +48,24 @@ class TableLayouter {
             widths.cells.push_back(CellWidthOf(column, {}));
         for (const GridCell& cell : grid_.cells)
             widths.cells.push_back(CellWidthOf(cell, layouter_.ExtentOfBox(cell.box)));
+        AddCaptionWidths(widths, available);
         return widths;
     }
 
   private:
+    // The table is at least as wide as the longest word of a caption.
+    void AddCaptionWidths(TableWidths& widths, double available) const {
+        if (grid_.columns == 0) return;
+        for (const PageBoxId caption : grid_.captions) {
+            CellWidth all;
+            all.span = grid_.columns;
+            all.min = layouter_.ExtentOfBox(caption).min -
+                      measure_.SideInsets(*table_.style, available) - 2 * spacingX_;
+            all.max = all.min;
+            if (all.min > 0) widths.cells.push_back(all);
+        }
+    }
+
     // Of a table in parts: the columns of all of them, and those that only this one has.
     std::vector<double> SharedWidths(double available) {
         std::vector<double>& shared = layouter_.SharedColumns(table_.node, available);
