@@ -75,3 +75,4 @@ struct InlineContent {
 
 // The content from a unit on, as one of its own. There must be a run at 0.
 ParagraphText TextFrom(const InlineContent& content, TextPos start, TextPos end);
+void SortBoxes(std::vector<InlineBox>& boxes);

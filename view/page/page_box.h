@@ -90,7 +90,7 @@ class PageBoxes {
     CssColor CanvasBackground() const { return boxes_[canvas_].style->background; }
 
   private:
-    friend class PageBoxBuilder;
+    friend class PageBoxStack;
     bool GoesOn(PageBoxId lines, HtmlNodeId text, std::size_t unit) const {
         const PageBox& box = boxes_[lines];
         return box.continues && box.first == text && box.firstUnit > 0 && box.firstUnit <= unit;

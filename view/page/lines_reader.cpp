@@ -1,0 +1,157 @@
+#include "view/page/lines_reader.h"
+
+#include "view/page/bidi_isolation.h"
+#include "view/page/list_marker.h"
+#include "view/page/page_box_builder.h"
+#include "view/page/page_weights.h"
+
+#include <cmath>
+
+LinesReader::LinesReader(const HtmlTree& tree, const CssPageStyles& styles, const PageBoxes& boxes,
+                         PageFonts& fonts, PageBoxId lines)
+    : tree_(tree), styles_(styles), boxes_(boxes), fonts_(fonts), id_(lines), lines_(boxes[lines]),
+      generated_(tree, styles), writer_(fonts, *boxes[lines].text),
+      nextBox_(boxes.FirstChild(lines)) {
+    PageBoxId box = lines;
+    while (boxes[box].node == noHtmlNode)
+        box = boxes[box].parent;
+    container_ = boxes[box].node;
+}
+
+LinesText LinesReader::Read() {
+    AddMarkerInside();
+    if (lines_.first == lines_.behind && lines_.behindUnit > 0) {
+        AddUpTo(lines_.behind, lines_.firstUnit, lines_.behindUnit);
+    } else if (lines_.first == container_) {
+        AddGenerated(styles_.Before(container_), container_);
+        const HtmlNodeId child = tree_[container_].firstChild;
+        if (child == noHtmlNode) AddGenerated(styles_.After(container_), container_);
+        ReadFrom(child);
+    } else if (lines_.first == lines_.behind) {
+        AddGenerated(styles_.After(container_), container_);
+    } else {
+        ReadFrom(lines_.first);
+    }
+    return {writer_.Finish(), std::move(places_)};
+}
+
+// In document order, up to the node behind the lines.
+void LinesReader::ReadFrom(HtmlNodeId id) {
+    while (id != noHtmlNode && id != lines_.behind) {
+        const bool within = Enter(id);
+        const HtmlNodeId next = within ? tree_.Next(id) : tree_.NextBehind(id);
+        Leave(within ? id : tree_[id].parent, next);
+        id = next;
+    }
+    if (lines_.behindUnit > 0) AddUpTo(lines_.behind, 0, lines_.behindUnit);
+}
+
+void LinesReader::AddUpTo(HtmlNodeId text, std::size_t from, std::size_t end) {
+    const HtmlNode& node = tree_[text];
+    writer_.SetNode(text);
+    writer_.AddText(node.Text().substr(0, end), *styles_.Of(node.parent).inherited,
+                    PlaceOf(node.parent), from);
+    writer_.SetNode(noHtmlNode);
+}
+
+// Whether what is in the node is read next.
+bool LinesReader::Enter(HtmlNodeId id) {
+    const HtmlNode& node = tree_[id];
+    if (node.IsText()) {
+        AddUpTo(id, id == lines_.first ? lines_.firstUnit : 0, node.length);
+        return false;
+    }
+    if (!node.IsElement() || IsNotShown(node)) return false;
+    if (styles_.Of(id).box->display == CssDisplay::None) return false;
+    if (nextBox_ != noPageBox && boxes_[nextBox_].node == id) {
+        AddBox();
+        return false;
+    }
+    if (node.Is(HtmlName::Br)) {
+        writer_.SetNode(id);
+        writer_.AddBreak(0);
+        writer_.SetNode(noHtmlNode);
+        AddClear(styles_.Of(id).box->clear);
+    }
+    AddControls(OpeningControls(styles_.Of(id)));
+    AddSide(id, cssLeft);
+    AddGenerated(styles_.Before(id), id);
+    return true;
+}
+
+void LinesReader::AddControls(std::u16string_view controls) {
+    if (lines_.hasText) writer_.AddControls(controls);
+}
+
+void LinesReader::AddClear(CssClear clear) {
+    if (clear == CssClear::None) return;
+    writer_.Content().clears.push_back(
+        {writer_.Length(), clear != CssClear::Right, clear != CssClear::Left});
+}
+
+// What an element takes on a side in its line: margin, border and padding.
+void LinesReader::AddSide(HtmlNodeId element, CssSide side) {
+    const CssBoxStyle& style = *styles_.Of(element).box;
+    if (style.display != CssDisplay::Inline || !lines_.hasText) return;
+    const float css =
+        style.margin[side].Of(0) + style.borderWidth[side] + style.padding[side].Of(0);
+    const int width = int(std::lround(fonts_.Pixels(css)));
+    if (width > 0) writer_.AddGap(width, side == cssLeft);
+}
+
+// The elements that end before the next node, from this one outwards.
+void LinesReader::Leave(HtmlNodeId element, HtmlNodeId next) {
+    const HtmlNodeId around = next == noHtmlNode ? noHtmlNode : tree_[next].parent;
+    for (; element != noHtmlNode && element != around; element = tree_[element].parent) {
+        AddGenerated(styles_.After(element), element);
+        if (element == container_) return;
+        AddSide(element, cssRight);
+        AddControls(ClosingControls(styles_.Of(element)));
+    }
+}
+
+void LinesReader::AddBox() {
+    const PageBox& box = boxes_[nextBox_];
+    const bool inLine = !IsOutOfFlow(*box.style) && box.style->floats == CssFloat::None;
+    places_.push_back({writer_.Length(), nextBox_, inLine});
+    if (inLine) {
+        const HtmlNodeId around = tree_[box.node].parent;
+        writer_.AddObject(*lines_.text, box.node, !writer_.WrapsIn(*styles_.Of(around).inherited),
+                          tree_[box.node].nextSibling != noHtmlNode);
+    }
+    nextBox_ = box.nextSibling;
+}
+
+// The marker of a list's item, where it is part of its first line.
+void LinesReader::AddMarkerInside() {
+    const PageBoxId item = lines_.node != noHtmlNode ? id_ : lines_.parent;
+    if (boxes_[item].style->display != CssDisplay::ListItem) return;
+    if (boxes_[item].text->listStylePosition != CssListStylePosition::Inside) return;
+    if (item != id_ && boxes_.FirstChild(item) != id_) return;
+    const std::u16string marker = ListMarker(boxes_[item].text->listStyleType, boxes_[item].number);
+    if (!marker.empty()) writer_.AddText(marker + u" ", *boxes_[item].text, {});
+}
+
+// Before or behind what is in an element.
+void LinesReader::AddGenerated(CssStyle style, HtmlNodeId element) {
+    if (!style.box) return;
+    TextPlace place = PlaceOf(element);
+    AddOwnPlace(style, styles_.Of(element), fonts_, place);
+    for (const CssContentItem& item : styles_.Content(style.box->content))
+        writer_.AddText(generated_.Of(item, element).substr(0, maxGenerated), *style.inherited,
+                        place);
+}
+
+// Of the text that stands in an element.
+TextPlace LinesReader::PlaceOf(HtmlNodeId element) {
+    TextPlace place;
+    for (; tree_[element].IsElement() && element != container_ && IsInline(element);
+         element = tree_[element].parent)
+        AddOwnPlace(styles_.Of(element), styles_.Of(tree_[element].parent), fonts_, place);
+    return place;
+}
+
+bool LinesReader::IsInline(HtmlNodeId element) const {
+    const CssDisplay display = styles_.Of(element).box->display;
+    return display == CssDisplay::Inline || display == CssDisplay::Contents;
+}
