@@ -1,6 +1,8 @@
 // What every line layout must do with fonts, tabs, boxes and justified lines.
 #include "tests/contract/line_layout_contract.h"
 
+#include "common/text.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -108,6 +110,35 @@ TEST_CASE("line layout: a font that is not installed gives another, the empty on
     });
 }
 
+TEST_CASE("line layout: each kind of family is one that is installed") {
+    OnEachLineLayout([](LineLayout& layout) {
+        for (const auto kind :
+             {GenericFamily::Serif, GenericFamily::SansSerif, GenericFamily::Monospace,
+              GenericFamily::Cursive, GenericFamily::Fantasy, GenericFamily::SystemUi}) {
+            CAPTURE(int(kind));
+            std::u16string family = layout.FamilyOf(kind);
+            CHECK(layout.IsInstalled(family));
+            for (char16_t& unit : family)
+                unit = FoldCase(unit);
+            CHECK(layout.IsInstalled(family));
+        }
+        CHECK(!layout.IsInstalled(u"No Such Family 471"));
+        CHECK(!layout.IsInstalled(u""));
+        CHECK(!layout.IsInstalled(std::u16string(10'000, u'a')));
+    });
+}
+
+TEST_CASE("line layout: letters are of the kind of family that was asked for") {
+    OnEachLineLayout([](LineLayout& layout) {
+        TextStyle style = LineStyle();
+        style.font.family = layout.FamilyOf(GenericFamily::Monospace);
+        CHECK(IsWithin(TextWidth(layout, u"iiiiiiii", style), TextWidth(layout, u"mmmmmmmm", style),
+                       maxOverhang));
+        CHECK(layout.FamilyOf(GenericFamily::Serif) != layout.FamilyOf(GenericFamily::SansSerif));
+        CHECK(layout.FamilyOf(GenericFamily::Serif) != layout.FamilyOf(GenericFamily::Monospace));
+    });
+}
+
 TEST_CASE("line layout: a tab reaches to the next stop, behind the last to a multiple") {
     OnEachLineLayout([](LineLayout& layout) {
         struct {
@@ -159,6 +190,28 @@ TEST_CASE("line layout: no line breaks between a box and a word joiner") {
         const auto lines = layout.BreakLines(paragraph);
         REQUIRE(lines->Count() == 2);
         CHECK(lines->Line(1).start == 4);
+    });
+}
+
+TEST_CASE(
+    "line layout: a space before a word joiner is as wide as others, and no line breaks there") {
+    OnEachLineLayout([](LineLayout& layout) {
+        const double word = TextWidth(layout, u"abc abc");
+        ParagraphText paragraph =
+            LineParagraph(layout, u"abc abc \u2060abc abc", int(1.7 * word), false);
+        auto lines = layout.BreakLines(paragraph);
+        REQUIRE(lines->Count() == 2);
+        CHECK(lines->Line(1).start == 4);
+        paragraph = LineParagraph(layout, u"a \u2060b c abcabcabc", 0, false);
+        paragraph.width = int(TextWidth(layout, u"a b c abca"));
+        paragraph.justified = true;
+        lines = layout.BreakLines(paragraph);
+        REQUIRE(lines->Count() == 2);
+        const auto width = [&](TextPos at) {
+            const TextExtent extent = lines->CharacterExtent(0, at);
+            return extent.right - extent.left;
+        };
+        CHECK(IsWithin(width(1), width(4), 2 * pixel));
     });
 }
 

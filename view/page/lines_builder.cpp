@@ -1,6 +1,7 @@
 #include "view/page/lines_builder.h"
 
 #include "formats/html/html_units.h"
+#include "view/page/first_letter.h"
 #include "view/page/text_cut.h"
 
 #include <algorithm>
@@ -60,6 +61,7 @@ void LinesBuilder::MakeRoom(HtmlNodeId node, PageWeight weight) {
 void LinesBuilder::AddText(HtmlNodeId id) {
     const std::u16string_view text = tree_[id].Text();
     const CssWhiteSpace whiteSpace = styles_.Of(tree_[id].parent).inherited->whiteSpace;
+    AddFirstLetter(id);
     for (std::size_t at = 0; at < text.size();) {
         Open(id);
         const std::size_t end = TextEnd(text, at, whiteSpace);
@@ -72,6 +74,16 @@ void LinesBuilder::AddText(HtmlNodeId id) {
     }
     if (IsLong() && KeepsBreaks(whiteSpace) && text.back() == u'\n')
         Divide(tree_.NextBehind(id), 0);
+}
+
+void LinesBuilder::AddFirstLetter(HtmlNodeId id) {
+    if (letterOf_ == noHtmlNode) return;
+    const LetterSpan span = FindFirstLetter(tree_[id].Text());
+    if (span.IsEmpty() || span.end > limits_.lines / 4) return;
+    Open(id);
+    boxes_.AddFirstLetter(id, {letterOf_, std::uint32_t(span.start), std::uint32_t(span.end)},
+                          styles_.FirstLetter(letterOf_));
+    ForgetFirstLetter();
 }
 
 // How far the text goes in the lines that are open; the start if they are too long already.
@@ -94,6 +106,7 @@ void LinesBuilder::AddUnits(std::size_t units) {
 }
 
 void LinesBuilder::AddBreak(HtmlNodeId element) {
+    ForgetFirstLetter();
     Open(element);
     AddUnits(1);
     boxes_.SetBoxOf(element);
@@ -121,8 +134,18 @@ void LinesBuilder::AddInline(HtmlNodeId element) {
 void LinesBuilder::AddGenerated(CssStyle style, HtmlNodeId first) {
     if (!style.box) return;
     Open(first).hasText = true;
+    ForgetFirstLetter(); // which would be one of these
     for (const CssContentItem& item : styles_.Content(style.box->content))
         boxes_.Weight() += PageWeight(std::min<std::size_t>(item.text.size(), maxGenerated));
+}
+
+void LinesBuilder::AddGeneratedPictures(CssStyle style, HtmlNodeId element) {
+    if (!style.box || !IsOpen()) return;
+    for (const CssContentItem& item : styles_.Content(style.box->content))
+        if (item.kind == CssContentItem::Kind::Picture) {
+            boxes_.AddGeneratedPicture(element, style, item);
+            boxes_.Weight() += boxInLinesWeight;
+        }
 }
 
 bool LinesBuilder::IsEmptyText(HtmlNodeId text) const {

@@ -18,6 +18,11 @@ class LinesBuilder {
     // They end before this node.
     void Close(HtmlNodeId behind);
 
+    // The next text begins with a block's first letter, which has a style of its own.
+    void ExpectFirstLetter(HtmlNodeId block) { letterOf_ = block; }
+    HtmlNodeId FirstLetterOf() const { return letterOf_; }
+    void ForgetFirstLetter() { letterOf_ = noHtmlNode; }
+
     void AddText(HtmlNodeId text);
     void AddBreak(HtmlNodeId element);
     // A float or a block that stands in them.
@@ -26,6 +31,8 @@ class LinesBuilder {
     void AddInline(HtmlNodeId element);
     // Text before or behind what is in an element.
     void AddGenerated(CssStyle style, HtmlNodeId first);
+    // Pictures there, once the lines are read up to them.
+    void AddGeneratedPictures(CssStyle style, HtmlNodeId element);
     // Whether the text makes no line by itself.
     bool IsEmptyText(HtmlNodeId text) const;
 
@@ -33,6 +40,7 @@ class LinesBuilder {
     void Divide(HtmlNodeId behind, std::uint32_t unit);
     void MakeRoom(HtmlNodeId node, PageWeight weight);
     std::size_t TextEnd(std::u16string_view text, std::size_t at, CssWhiteSpace whiteSpace) const;
+    void AddFirstLetter(HtmlNodeId text);
     void AddUnits(std::size_t units);
     bool IsLong() const { return boxes_.Weight() > limits_.GoodLines(); }
 
@@ -40,5 +48,6 @@ class LinesBuilder {
     const CssPageStyles& styles_;
     const PageLimits& limits_;
     PageBoxStack& boxes_;
+    HtmlNodeId letterOf_ = noHtmlNode;
     bool goesOn_ = false; // the next lines are of those before
 };

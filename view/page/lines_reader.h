@@ -16,11 +16,16 @@ class LinesReader {
   private:
     void ReadFrom(HtmlNodeId id);
     void AddUpTo(HtmlNodeId text, std::size_t from, std::size_t end);
+    void AddUnits(HtmlNodeId text, std::size_t from, std::size_t end);
+    void AddFirstLetter(HtmlNodeId text, const PageFirstLetter& letter);
     bool Enter(HtmlNodeId id);
     void Leave(HtmlNodeId element, HtmlNodeId next);
     void AddControls(std::u16string_view controls);
     void AddClear(CssClear clear);
-    void AddSide(HtmlNodeId element, CssSide side);
+    void AddSide(const CssBoxStyle& style, CssSide side);
+    void OpenAround(HtmlNodeId node);
+    void OpenDecoration(HtmlNodeId element, CssStyle style, bool begins, const TextPlace& place);
+    void CloseDecoration(HtmlNodeId element, bool ends);
     void AddBox();
     void AddMarkerInside();
     void AddGenerated(CssStyle style, HtmlNodeId element);
@@ -36,6 +41,11 @@ class LinesReader {
     const GeneratedText generated_;
     InlineWriter writer_;
     std::vector<LinesText::Place> places_;
+    struct OpenElement {
+        HtmlNodeId element = noHtmlNode; // none: what is generated in one
+        std::size_t decoration = 0;      // of the content's
+    };
+    std::vector<OpenElement> open_;
     HtmlNodeId container_ = noHtmlNode; // the element that the lines are in
     PageBoxId nextBox_ = noPageBox;
 };

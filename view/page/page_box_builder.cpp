@@ -42,10 +42,14 @@ class PageBoxBuilder : private BlockBuilder {
         const HtmlNodeId behind = tree_.NextBehind(node);
         if (boxes_.Top().style->display == CssDisplay::ListItem)
             boxes_.Top().number = numbers_.Next(node);
+        if (styles_.FirstLetter(node).box) lines_.ExpectFirstLetter(node);
         lines_.AddGenerated(styles_.Before(node), node);
+        lines_.AddGeneratedPictures(styles_.Before(node), node);
         VisitChildren(node);
         lines_.AddGenerated(styles_.After(node), behind);
+        lines_.AddGeneratedPictures(styles_.After(node), node);
         lines_.Close(behind);
+        if (styles_.FirstLetter(node).box) lines_.ForgetFirstLetter();
         boxes_.FoldLines();
         boxes_.Close();
     }
@@ -93,12 +97,18 @@ class PageBoxBuilder : private BlockBuilder {
             lines_.AddInline(id);
         lines_.AddGenerated(styles_.Before(id), id);
         lines_.AddGenerated(styles_.After(id), id);
+        lines_.AddGeneratedPictures(styles_.Before(id), id);
         VisitChildren(id);
+        lines_.AddGeneratedPictures(styles_.After(id), id);
     }
 
     void BuildInLines(HtmlNodeId id, const CssBoxStyle& style) {
         lines_.AddBox(id);
+        const HtmlNodeId letterOf = lines_.FirstLetterOf();
+        lines_.ForgetFirstLetter();
         BuildOwn(id, style);
+        if (IsOutOfFlow(style) || style.floats != CssFloat::None)
+            lines_.ExpectFirstLetter(letterOf);
     }
 
     void BuildOwn(HtmlNodeId id, const CssBoxStyle& style) {

@@ -29,6 +29,46 @@ void PageBoxStack::Open(PageBoxKind kind, HtmlNodeId node) {
     box.style = node == noHtmlNode ? &anonymousStyle : styles_.Of(node).box;
     box.isTooLong = node != noHtmlNode && weights_.IsTooLong(node);
     box.text = node == noHtmlNode ? Top().text : styles_.Of(node).inherited;
+    if (node != noHtmlNode && !boxes_.boxOfNode_[node]) boxes_.boxOfNode_[node] = Next();
+    Push(box);
+}
+
+// It is drawn in its own size, in the line, wherever the text beside it would stand.
+void PageBoxStack::AddGeneratedPicture(HtmlNodeId node, CssStyle style,
+                                       const CssContentItem& item) {
+    CssBoxStyle own = *style.box;
+    own.display = CssDisplay::Inline;
+    own.position = CssPosition::Static;
+    own.floats = CssFloat::None;
+    own.width = own.height = own.minWidth = own.minHeight = own.maxWidth = own.maxHeight = {};
+    PageBox box;
+    box.kind = PageBoxKind::Picture;
+    box.node = node;
+    box.generated = &item;
+    box.text = style.inherited;
+    box.style = boxes_.styles_->Find(own).value;
+    Push(box);
+    Close();
+}
+
+void PageBoxStack::AddFirstLetter(HtmlNodeId text, const PageFirstLetter& letter, CssStyle style) {
+    boxes_.firstLetters_[text] = letter;
+    if (style.box->floats == CssFloat::None) return;
+    Top().hasFloats = true;
+    PageBox box;
+    box.kind = PageBoxKind::Lines;
+    box.hasText = box.isFirstLetter = true;
+    box.first = box.behind = text;
+    box.firstUnit = letter.start;
+    box.behindUnit = letter.end;
+    box.units = letter.end - letter.start;
+    box.text = style.inherited;
+    box.style = style.box;
+    Push(box);
+    Close();
+}
+
+void PageBoxStack::Push(PageBox box) {
     const PageBoxId id = Next();
     if (!open_.empty()) {
         OpenBox& parent = open_.back();
@@ -37,7 +77,6 @@ void PageBoxStack::Open(PageBoxKind kind, HtmlNodeId node) {
         parent.lastChild = id;
     }
     boxes_.boxes_.push_back(box);
-    if (node != noHtmlNode && !boxes_.boxOfNode_[node]) boxes_.boxOfNode_[node] = id;
     open_.push_back({id, noPageBox, 0});
 }
 

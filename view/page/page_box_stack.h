@@ -21,6 +21,10 @@ class PageBoxStack : public PageNumbers {
 
     void Open(PageBoxKind kind, HtmlNodeId node);
     void Close();
+    // One that `content` puts beside what is in the node.
+    void AddGeneratedPicture(HtmlNodeId node, CssStyle style, const CssContentItem& item);
+    // `letter` is of the text; in lines of its own if its style floats.
+    void AddFirstLetter(HtmlNodeId text, const PageFirstLetter& letter, CssStyle style);
     // The box that the node is in, when it makes none of its own.
     void SetBoxOf(HtmlNodeId node) { boxes_.boxOfNode_[node] = TopId(); }
     void MakeTopCanvas() { boxes_.canvas_ = TopId(); }
@@ -37,6 +41,7 @@ class PageBoxStack : public PageNumbers {
         PageWeight weight = 0; // of lines
     };
 
+    void Push(PageBox box);
     std::optional<int> Number(PageBoxId box, HtmlName attribute) override;
 
     const HtmlTree& tree_;

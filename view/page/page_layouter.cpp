@@ -7,7 +7,7 @@
 #include <cmath>
 
 bool HasVisibleBox(const PageBox& box) {
-    if (box.node == noHtmlNode) return false;
+    if (box.node == noHtmlNode && !box.isFirstLetter) return false;
     const auto& borders = box.style->borderWidth;
     return !box.style->background.IsTransparent() ||
            std::any_of(borders.begin(), borders.end(), [](float width) { return width > 0; });

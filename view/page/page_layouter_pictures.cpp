@@ -17,6 +17,7 @@ Size PageLayouter::PictureContentSize(PageBoxId id, double containing) {
     const double scale = measure_.Scale();
     double width = measure_.GivenWidth(*box.style, containing);
     double height = measure_.GivenHeight(*box.style);
+    if (natural.IsEmpty() && box.generated) return {};
     const double naturalWidth = (natural.IsEmpty() ? missingPicture : natural.width) * scale;
     const double naturalHeight = (natural.IsEmpty() ? missingPicture : natural.height) * scale;
     const double ratio = naturalHeight / naturalWidth;

@@ -9,7 +9,7 @@ LinesText PageText::TextOf(PageBoxId lines) {
 }
 
 Size PageText::PictureSize(PageBoxId picture) {
-    return pictureSize ? pictureSize(boxes_[picture].node) : Size{};
+    return pictureSize ? pictureSize(boxes_[picture]) : Size{};
 }
 
 std::optional<int> PageText::Number(PageBoxId box, HtmlName attribute) {
@@ -29,6 +29,7 @@ std::shared_ptr<const InlineContent> PageText::MarkerOf(PageBoxId item) {
 
 std::shared_ptr<const InlineContent> PageText::AlternativeOf(PageBoxId picture) {
     const PageBox& box = boxes_[picture];
+    if (box.generated) return nullptr;
     const HtmlAttribute* text = tree_[box.node].Attribute(HtmlName::Alt);
     return text ? PlainContent(box, text->Value()) : nullptr;
 }
