@@ -8,7 +8,6 @@
 
 namespace {
 constexpr char32_t softHyphen = 0xAD, zeroWidthSpace = 0x200B, emDash = 0x2014;
-constexpr char32_t wordJoiner = 0x2060, byteOrderMark = 0xFEFF; // the second once was the first
 
 bool IsGlue(char32_t character) {
     return character == 0xA0 || character == 0x2007 || character == 0x202F || character == 0x2060 ||
@@ -49,7 +48,6 @@ bool MayBreak(char32_t before, char32_t left, char32_t right) {
     if (right == u'\t') return space || left == u'\t';
     if (right < 0x10000 && IsBreakingSpace(char16_t(right))) return false;
     if (right == zeroWidthSpace) return false;
-    if (right == wordJoiner || right == byteOrderMark) return false; // behind a space, too
     if (space || left == u'\t' || left == zeroWidthSpace || left == u'\u2028') return true;
     if (IsGlue(left) || IsGlue(right) || IsOpening(left)) return false;
     if (right == softHyphen || IsClosing(right) || IsNonstarter(right)) return false;

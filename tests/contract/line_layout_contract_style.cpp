@@ -193,28 +193,6 @@ TEST_CASE("line layout: no line breaks between a box and a word joiner") {
     });
 }
 
-TEST_CASE(
-    "line layout: a space before a word joiner is as wide as others, and no line breaks there") {
-    OnEachLineLayout([](LineLayout& layout) {
-        const double word = TextWidth(layout, u"abc abc");
-        ParagraphText paragraph =
-            LineParagraph(layout, u"abc abc \u2060abc abc", int(1.7 * word), false);
-        auto lines = layout.BreakLines(paragraph);
-        REQUIRE(lines->Count() == 2);
-        CHECK(lines->Line(1).start == 4);
-        paragraph = LineParagraph(layout, u"a \u2060b c abcabcabc", 0, false);
-        paragraph.width = int(TextWidth(layout, u"a b c abca"));
-        paragraph.justified = true;
-        lines = layout.BreakLines(paragraph);
-        REQUIRE(lines->Count() == 2);
-        const auto width = [&](TextPos at) {
-            const TextExtent extent = lines->CharacterExtent(0, at);
-            return extent.right - extent.left;
-        };
-        CHECK(IsWithin(width(1), width(4), 2 * pixel));
-    });
-}
-
 TEST_CASE("line layout: a box has its width, and lines may break beside it") {
     OnEachLineLayout([](LineLayout& layout) {
         for (const bool rightToLeft : {false, true}) {

@@ -152,7 +152,7 @@ TEST_CASE("page layout: an indent counts in a width that goes by the content") {
 }
 
 TEST_CASE("page layout: what does not wrap within a block that does") {
-    CHECK(Lines(u"<span style='white-space:nowrap'>aa bb</span> cc", 48) == "0,0 aa ?bb|0,16 cc");
+    CHECK(Lines(u"<span style='white-space:nowrap'>aa bb</span> cc", 48) == "0,0 aa?bb|0,16 cc");
     CHECK(Lines(u"aa <nobr>bb-bb</nobr>", 48) == "0,0 aa|0,16 bb?-?bb");
 }
 

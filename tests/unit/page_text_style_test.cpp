@@ -143,8 +143,8 @@ TEST_CASE("page text: white space as its style says") {
     CHECK(Lines(u"<div style='white-space:pre-wrap'>a  b cc\n dd</div>", 40) ==
           "0,0 a  b|0,16 cc/|0,32  dd");
     CHECK(Lines(u"<div style='white-space:nowrap'>aa bb cc</div>", 40) == "0,0 aa bb cc");
-    CHECK(Lines(u"<nobr>aa bb</nobr> cc", 48) == "0,0 aa ?bb|0,16 cc");
-    CHECK(Lines(u"aa <nobr>bb cc</nobr> dd", 56) == "0,0 aa|0,16 bb ?cc|0,32 dd");
+    CHECK(Lines(u"<nobr>aa bb</nobr> cc", 48) == "0,0 aa?bb|0,16 cc");
+    CHECK(Lines(u"aa <nobr>bb cc</nobr> dd", 56) == "0,0 aa|0,16 bb?cc|0,32 dd");
     CHECK(Lines(u"<pre style='margin:0'>a\tb</pre>") == "0,0 a\tb");
 }
 

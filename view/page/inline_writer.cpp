@@ -11,8 +11,8 @@
 
 namespace {
 constexpr char16_t lineSeparator = u'\u2028', objectReplacement = u'\uFFFC';
-// It is none of the page's text, and keeps a line from breaking.
-constexpr char16_t wordJoiner = u'\u2060';
+// Neither is of the page's text: both keep a line from breaking.
+constexpr char16_t noBreakSpace = u'\u00A0', wordJoiner = u'\u2060';
 
 bool Wraps(CssWhiteSpace whiteSpace) {
     return whiteSpace != CssWhiteSpace::NoWrap && whiteSpace != CssWhiteSpace::Pre;
@@ -96,8 +96,7 @@ void InlineWriter::AddText(std::u16string_view text, const CssInheritedStyle& st
                 AddBreak(i);
             whiteSpaceEnds_ = true;
         } else if (!keepsSpaces && IsHtmlSpace(unit)) {
-            if (!whiteSpaceEnds_) AddUnit(u' ', i);
-            if (!whiteSpaceEnds_ && !wraps) AddJoiner();
+            if (!whiteSpaceEnds_) AddUnit(wraps ? u' ' : noBreakSpace, i);
             whiteSpaceEnds_ = true;
         } else {
             if (!wraps && i > from) JoinWords(unit);
@@ -163,30 +162,22 @@ void InlineWriter::StartRun(const CssInheritedStyle& style, const TextPlace& pla
            });
 }
 
-// Lines do not break beside it, and yet the space before it is as wide as others are in its line.
-void InlineWriter::AddJoiner() {
+// Where a line could break between two that are no letters of a word.
+void InlineWriter::JoinWords(char16_t next) {
+    const auto isLetter = [](char16_t unit) { return unit < 0x250 && IsWordUnit(unit); };
+    const char16_t before = Text().empty() ? u' ' : Text().back();
+    if (before == u' ' || before == noBreakSpace || (isLetter(before) && isLetter(next))) return;
     const HtmlNodeId node = std::exchange(node_, noHtmlNode);
     AddUnit(wordJoiner, 0);
     node_ = node;
 }
 
-// Where a line could break between two that are no letters of a word.
-void InlineWriter::JoinWords(char16_t next) {
-    const auto isLetter = [](char16_t unit) { return unit < 0x250 && IsWordUnit(unit); };
-    const char16_t before = Text().empty() ? u' ' : Text().back();
-    const bool isJoined = before == u' ' || before == wordJoiner;
-    if (!isJoined && !(isLetter(before) && isLetter(next))) AddJoiner();
-}
-
 void InlineWriter::RemoveTrailingSpace() {
-    const std::u16string_view text = Text();
-    if (!whiteSpaceEnds_ || text.empty()) return;
-    const std::size_t space = text.find_last_not_of(wordJoiner);
-    if (space == text.npos || text[space] != u' ') return;
-    Text().resize(space);
+    if (!whiteSpaceEnds_ || Text().empty()) return;
+    if (Text().back() != u' ' && Text().back() != noBreakSpace) return;
+    Text().pop_back();
     auto& origins = Content().origins;
-    while (!origins.empty() && origins.back().start >= Length())
-        origins.pop_back();
+    if (!origins.empty() && origins.back().start >= Length()) origins.pop_back();
 }
 
 std::shared_ptr<InlineContent> InlineWriter::Finish() {

@@ -39,7 +39,6 @@ class InlineWriter {
     void AddLetter(char16_t unit, std::size_t number, const CssInheritedStyle& style,
                    const TextPlace& place);
     void StartRun(const CssInheritedStyle& style, const TextPlace& place, bool smallCapital);
-    void AddJoiner();
     void JoinWords(char16_t next);
     void Hide(TextPos start);
     void RemoveTrailingSpace();

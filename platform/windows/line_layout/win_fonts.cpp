@@ -1,5 +1,6 @@
 #include "platform/windows/line_layout/win_fonts.h"
 
+#include "platform/windows/base/text.h"
 #include "platform/windows/line_layout/installed_families.h"
 
 #include <algorithm>

@@ -1,5 +1,6 @@
 #include "platform/windows/line_layout/win_line_layout.h"
 
+#include "platform/windows/base/text.h"
 #include "platform/windows/line_layout/installed_families.h"
 #include "platform/windows/line_layout/win_text_lines.h"
 
