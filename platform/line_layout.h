@@ -9,6 +9,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 struct TextFont {
@@ -20,6 +21,9 @@ struct TextFont {
     bool exactSize = false;
     bool operator==(const TextFont&) const = default;
 };
+
+// What a text may ask for where it names no family.
+enum class GenericFamily { Serif, SansSerif, Monospace, Cursive, Fantasy, SystemUi };
 
 enum class TextBaseline { Normal, Superscript, Subscript }; // the last two in smaller letters
 
@@ -161,6 +165,11 @@ class LineLayout {
 
     // Pixels per inch. What was prepared before is not to be used any more.
     virtual void SetResolution(double dpi) = 0;
+    // Whether the family is there, in letters of any case, or another one that the system has in
+    // its place because its letters are as wide. A font installed later need not be found.
+    virtual bool IsInstalled(std::u16string_view family) = 0;
+    // The family that browsers of the system use for it, or what comes nearest. It is installed.
+    virtual std::u16string FamilyOf(GenericFamily) = 0;
     virtual StyleHandle Prepare(const TextStyle&) = 0;
     virtual FontMetrics Metrics(const PreparedStyle&) const = 0;
     virtual std::unique_ptr<TextLines> BreakLines(const ParagraphText&) = 0;

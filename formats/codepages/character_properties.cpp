@@ -34,21 +34,21 @@ char16_t ToLowercase(char16_t unit) {
 
 struct Range {
     char16_t first, last;
-    Script script;
+    LetterScript script;
 };
 
 constexpr Range letterRanges[] = {
-    {u'A', u'Z', Script::Latin},      {u'a', u'z', Script::Latin},
-    {0xC0, 0xD6, Script::Latin},      {0xD8, 0xF6, Script::Latin},
-    {0xF8, 0x24F, Script::Latin},     {0x300, 0x301, Script::Latin},
-    {0x303, 0x303, Script::Latin},    {0x309, 0x309, Script::Latin},
-    {0x323, 0x323, Script::Latin},    {0x386, 0x386, Script::Greek},
-    {0x388, 0x3CE, Script::Greek},    {0x400, 0x481, Script::Cyrillic},
-    {0x48A, 0x4FF, Script::Cyrillic}, {0x5B0, 0x5BD, Script::Hebrew},
-    {0x5BF, 0x5C2, Script::Hebrew},   {0x5D0, 0x5F2, Script::Hebrew},
-    {0x621, 0x652, Script::Arabic},   {0x670, 0x6D3, Script::Arabic},
-    {0xE01, 0xE3A, Script::Thai},     {0xE40, 0xE4E, Script::Thai},
-    {0x1E00, 0x1EFF, Script::Latin},
+    {u'A', u'Z', LetterScript::Latin},      {u'a', u'z', LetterScript::Latin},
+    {0xC0, 0xD6, LetterScript::Latin},      {0xD8, 0xF6, LetterScript::Latin},
+    {0xF8, 0x24F, LetterScript::Latin},     {0x300, 0x301, LetterScript::Latin},
+    {0x303, 0x303, LetterScript::Latin},    {0x309, 0x309, LetterScript::Latin},
+    {0x323, 0x323, LetterScript::Latin},    {0x386, 0x386, LetterScript::Greek},
+    {0x388, 0x3CE, LetterScript::Greek},    {0x400, 0x481, LetterScript::Cyrillic},
+    {0x48A, 0x4FF, LetterScript::Cyrillic}, {0x5B0, 0x5BD, LetterScript::Hebrew},
+    {0x5BF, 0x5C2, LetterScript::Hebrew},   {0x5D0, 0x5F2, LetterScript::Hebrew},
+    {0x621, 0x652, LetterScript::Arabic},   {0x670, 0x6D3, LetterScript::Arabic},
+    {0xE01, 0xE3A, LetterScript::Thai},     {0xE40, 0xE4E, LetterScript::Thai},
+    {0x1E00, 0x1EFF, LetterScript::Latin},
 };
 
 struct PunctuationGroup {

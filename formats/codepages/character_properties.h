@@ -16,7 +16,7 @@ enum class PunctuationKind : std::uint8_t {
 // Costs are in `costsPerBit`.
 struct CharacterProperties {
     char16_t letter = 0; // in its small form; 0 for a sign
-    Script script = Script::None;
+    LetterScript script = LetterScript::None;
     bool uppercase = false;
     bool impossible = false; // a control character, or no character at all
     PunctuationKind kind = PunctuationKind::Free;

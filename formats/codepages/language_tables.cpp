@@ -17,7 +17,7 @@
 const char16_t arabicForms[] = u"\u064B\u0640\u064C\uFE73\u064D\uFE75\u064E\u0640\u064F\u0640\u0650\u0640\u0651\u0640\u0652\u0640\u0621\u0622\u0622\u0623\u0623\u0624\u0624\u0625\u0625\u0626\u0626\u0626\u0626\u0627\u0627\u0628\u0628\u0628\u0628\u0629\u0629\u062A\u062A\u062A\u062A\u062B\u062B\u062B\u062B\u062C\u062C\u062C\u062C\u062D\u062D\u062D\u062D\u062E\u062E\u062E\u062E\u062F\u062F\u0630\u0630\u0631\u0631\u0632\u0632\u0633\u0633\u0633\u0633\u0634\u0634\u0634\u0634\u0635\u0635\u0635\u0635\u0636\u0636\u0636\u0636\u0637\u0637\u0637\u0637\u0638\u0638\u0638\u0638\u0639\u0639\u0639\u0639\u063A\u063A\u063A\u063A\u0641\u0641\u0641\u0641\u0642\u0642\u0642\u0642\u0643\u0643\u0643\u0643\u0644\u0644\u0644\u0644\u0645\u0645\u0645\u0645\u0646\u0646\u0646\u0646\u0647\u0647\u0647\u0647\u0648\u0648\u0649\u0649\u064A\u064A\u064A\u064A\u0644\u0644\u0644\u0644\u0644\u0644\u0644\u0644";
 
 const LanguageModel languageModels[languageCount] = {
-{"en", Script::Latin, 34, 24, u"etoainsrhlducmyfpgwbvkxjqz\u00E9\u00E8\u00EA\u00E7\u00EF\u00EB\u00F6\u00E6",
+{"en", LetterScript::Latin, 34, 24, u"etoainsrhlducmyfpgwbvkxjqz\u00E9\u00E8\u00EA\u00E7\u00EF\u00EB\u00F6\u00E6",
     "#Z9.302829676;45866:35@?K@FOZZZZZZZZ"
     "%Z7899:5:;<<>>>?@AAAA7EENORSZZZZZZZZ"
     ")Z87?5>12/H64I89;>>B?F:I=QGSZZZZZZZZ"
@@ -55,7 +55,7 @@ const LanguageModel languageModels[languageCount] = {
     "-Z02333444667889:::;;<>?GILLZZZZZZZZ"
     "-Z02333444667889:::;;<>?GILLZZZZZZZZ"
 },
-{"fr", Script::Latin, 42, 28, u"esritnauoldcpm\u00E9vfhgbqxz\u00E0\u00E8y\u00EAj\u00EEwk\u00F4\u00E7\u00E2\u00F9\u00FB\u00EF\u0153\u00E6\u00EB\u00FC\u00FF",
+{"fr", LetterScript::Latin, 42, 28, u"esritnauoldcpm\u00E9vfhgbqxz\u00E0\u00E8y\u00EAj\u00EEwk\u00F4\u00E7\u00E2\u00F9\u00FB\u00EF\u0153\u00E6\u00EB\u00FC\u00FF",
     "#Z328778368/.218<67@?;<HG;ZHBEZHIZZZZZZZZZZZ"
     ",Z0444455550779::==?\?@ADDFFHJJOPPQUUYZZZZZZZ"
     "(ZO.0E60>5P9H8D7ZFDZBKJ:8ZZSZZZWZZVZZZZZZZZZ"
@@ -101,7 +101,7 @@ const LanguageModel languageModels[languageCount] = {
     ".Z+444455556779::==?\?@ADDFFHJJOPPQUUYZZZZZZZ"
     "-Z/33334445567899<<?\?\?@CCEEGIIOOOPTTYZZZZZZZ"
 },
-{"de", Script::Latin, 32, 29, u"enirtsadluhogcmbfkwzpv\u00FC\u00E4\u00F6yx\u00DFjq\u00E9\u00E0",
+{"de", LetterScript::Latin, 32, 29, u"enirtsadluhogcmbfkwzpv\u00FC\u00E4\u00F6yx\u00DFjq\u00E9\u00E0",
     "#Z274;:02.96997>546636:6@FFLGZ@HZZ"
     "*Z03455661899::;;<<=>>?ACDFHIKLPZZ"
     "-ZD+/,84B=5?<F==:<?ABBFHZQPJAJYPZZ"
@@ -137,7 +137,7 @@ const LanguageModel languageModels[languageCount] = {
     "+Z145661789::;;<<==>>?@BDEGIJL.QZZ"
     "*Z/2455566889::::;<==>?@BDFHIJKPZZ"
 },
-{"es", Script::Latin, 36, 31, u"eaorsinldtcupmbvgfh\u00F3qy\u00E1jzx\u00EDw\u00FA\u00E9\u00F1k\u0301\u0303\u00FC\u00EF",
+{"es", LetterScript::Latin, 36, 31, u"eaorsinldtcupmbvgfh\u00F3qy\u00E1jzx\u00EDw\u00FA\u00E9\u00F1k\u0301\u0303\u00FC\u00EF",
     "#Z/2892772/5272698=9:L9;KEKIQBJNZIZZZZ"
     "*Z5688883:1::<1>ACCCCFFG.IJJJNNNPSTZZZ"
     "*ZC;A0/I.1794M@9@?=>TRCEZ?D;TOZZFZQZZZ"
@@ -177,7 +177,7 @@ const LanguageModel languageModels[languageCount] = {
     "4Z&49::2:;<6<>?\?CDEEEGHHIKKL8PPPQTVZZZ"
     "-Z01334445556799=>>>?AABBEEEFIJJKNOZZZ"
 },
-{"pt", Script::Latin, 45, 34, u"eaorsidtncmulpvfgb\u00E3qh\u00E7x\u00E1z\u00E9\u00EDj\u00EA\u00FA\u00F5\u00F3wyk\u00E0\u00E2\u00F4\u00FC\u0301\u00EB\u00E4\u00EE\u00F6\u00FD",
+{"pt", LetterScript::Latin, 45, 34, u"eaorsidtncmulpvfgb\u00E3qh\u00E7x\u00E1z\u00E9\u00EDj\u00EA\u00FA\u00F5\u00F3wyk\u00E0\u00E2\u00F4\u00FC\u0301\u00EB\u00E4\u00EE\u00F6\u00FD",
     "#J203927.651668187=;Z9@ZGFK?ICZIZXDLIFSXZZZZZZZ"
     "#ZDD6GGGCIIJJKCLPQRSSSTUVWXYZZZZZZZZZZZZZZZZZZZ"
     "*ZG?C//8;8153>5>?=;EZDZA8ZDZZ@ZHZZRNWZZZZZZZZZZ"
@@ -226,7 +226,7 @@ const LanguageModel languageModels[languageCount] = {
     "%Z666999:;;<<<==ABDDDEFFGHJJKMMMMOPPQUXZZZZZZZZ"
     "%Z666999:;;<<<==ABDDDEFFGHJJKMMMMOPPQUXZZZZZZZZ"
 },
-{"it", Script::Latin, 36, 26, u"eiaontlrsdcupmgfvzhbq\u00E8wyx\u00E0k\u00F9\u00F2j\u00E9\u00EC\u00EE\u00EF\u00ED\u00FA",
+{"it", LetterScript::Latin, 36, 26, u"eiaontlrsdcupmgfvzhbq\u00E8wyx\u00E0k\u00F9\u00F2j\u00E9\u00EC\u00EE\u00EF\u00ED\u00FA",
     "#Z512766470/1527=67IA;;<BLFZIZZHZZZZZZ"
     "+Z223355056889::=>>?@AFGJJJKNQQSYZZZZZ"
     ")ZF><A060/198QD:9=@<RDFZMMAZZZZZZZZZZZ"
@@ -266,7 +266,7 @@ const LanguageModel languageModels[languageCount] = {
     ".Z01123344577888<===?\?EFIIIJLOPRWZZZZZ"
     ".Z01123344577888<===?\?EFIIIJLOPRWZZZZZ"
 },
-{"nl", Script::Latin, 35, 25, u"entariodslgvmukpchbwfjzxyq\u00E9\u00EB\u00EF\u00F3\u00E4\u00F6\u00E8\u00FC\u00E1",
+{"nl", LetterScript::Latin, 35, 25, u"entariodslgvmukpchbwfjzxyq\u00E9\u00EB\u00EF\u00F3\u00E4\u00F6\u00E8\u00FC\u00E1",
     "#Z3744:420494167789445<G9FLJKZZZZZZZZ"
     ")Z0450666788:;<<<<===>@BBHISTTVXZZZZZ"
     "-Z2,2B.;D=528:>>9?:D<C>Z>?QOZOJZZZZZZ"
@@ -305,7 +305,7 @@ const LanguageModel languageModels[languageCount] = {
     "/Z//445566789:;;;1<<2>?AAHHSSSUWZZZZZ"
     "*Z/3445556779::;;;<<<=?AAGGRRSUWZZZZZ"
 },
-{"sv", Script::Latin, 32, 27, u"eatnrlisdokmgvfp\u00E4u\u00F6chb\u00E5yjxwzq\u00E9\u00E0\u00FC",
+{"sv", LetterScript::Latin, 32, 27, u"eatnrlisdokmgvfp\u00E4u\u00F6chb\u00E5yjxwzq\u00E9\u00E0\u00FC",
     "#Z4149973015559416:9==87DIFFDKOZZZ"
     "*Z3440466781::;;<<<<>?@@@DEGKSXZZZ"
     "/ZFH/,+1Q87A:;>G<CZCZ<?BZMO9XZTZZZ"
@@ -341,7 +341,7 @@ const LanguageModel languageModels[languageCount] = {
     "*Z333335567899::;;;<>?\?\?@CDFKRWZZZ"
     ".Z12222445678899::::<=>>>BCEIQVZZZ"
 },
-{"da", Script::Latin, 31, 27, u"ertnilsadogkfmvupbh\u00E6c\u00E5yj\u00F8wxz\u00E9q\u00FC",
+{"da", LetterScript::Latin, 31, 27, u"ertnilsadogkfmvupbh\u00E6c\u00E5yj\u00F8wxz\u00E9q\u00FC",
     "#Z2:38381214861549656C<DEBGDEIOMZ"
     ")2477389999414=>>>?ACCEEFFGMNSUYZ"
     ",ZF+0.L25?4A;9=:AEDDDUAZO>ZUFZZVZ"
@@ -376,7 +376,7 @@ const LanguageModel languageModels[languageCount] = {
     "*Z5;=EE,@F@AII>JK+0NPP7RSSTZZZZZZ"
     ".Z/23334455678999:;=>?@AABBHINPTZ"
 },
-{"nb", Script::Latin, 33, 26, u"etnrilsaodkgvmfupbh\u00E5jyc\u00F8wx\u00E6zq\u00E9\u00F2\u00F4\u00E8",
+{"nb", LetterScript::Latin, 33, 26, u"etnrilsaodkgvmfupbh\u00E5jyc\u00F8wx\u00E6zq\u00E9\u00F2\u00F4\u00E8",
     "#Z238:360342673629657<GI<FCEZJMQZZZ"
     "/Z0333455007889:;;;>?@ABBCILOQTZZZZ"
     ",ZF0,,?15C@779A>>CFEDZXPCZVHRZTZZZZ"
@@ -413,7 +413,7 @@ const LanguageModel languageModels[languageCount] = {
     ".Z/33.4445677899:;;=?@@ABCHLOQTZZZZ"
     ".Z/33.4445677899:;;=?@@ABCHLOQTZZZZ"
 },
-{"fi", Script::Latin, 32, 26, u"taiensolku\u00E4rmvpyjdhcfg\u00F6bwxzq\u00E9\u00E5\u0161\u017E",
+{"fi", LetterScript::Latin, 32, 26, u"taiensolku\u00E4rmvpyjdhcfg\u00F6bwxzq\u00E9\u00E5\u0161\u017E",
     "#Z/29561330<E:423;5;9<;=Z>@CFKZZZZ"
     "(Z30456678889;;<=>?\?\?DEFFGJMOVZZZZ"
     "0Z/-/0F:2M?20?FMC6UQ:LQZ;ZGSZZZZZZ"
@@ -449,7 +449,7 @@ const LanguageModel languageModels[languageCount] = {
     ".Z4-5566789.9;0<>>?\?@DFFGHKMPVZZZZ"
     "0Z1.123345666889;;<<=ACCDEHJMSZZZZ"
 },
-{"is", Script::Latin, 36, 33, u"airntselug\u00F0kfmvd\u00E1ypho\u00EDjb\u00F6\u00E6\u00F3\u00FE\u00FAx\u00FDc\u00E9wqz",
+{"is", LetterScript::Latin, 36, 33, u"airntselug\u00F0kfmvd\u00E1ypho\u00EDjb\u00F6\u00E6\u00F3\u00FE\u00FAx\u00FDc\u00E9wqz",
     "#Z29973.2696Z;352;7B=4:9A6CMB7=ENEZISQ"
     "/Z223344/5677899;;<===>>>?@@BBBFFGHOUV"
     "*ZIM-296M2;50:36CCXL?FSQZ>WZZSXDZHZMVW"
@@ -489,7 +489,7 @@ const LanguageModel languageModels[languageCount] = {
     "/Z==9>:@@'.BCCDDF<HH5IIIIJKLMMMQQ9SZZZ"
     "'Z4.>:?@/:ABBCD;FFHHHIIIIJKLMM=QQRS=ZZ"
 },
-{"ca", Script::Latin, 36, 32, u"eairlstnodcupmfvbgxq\u00F3\u00E0h\u00E9\u00EDzj\u00E8\u00E7\u00F2\u00FAy\u00EFw\u00FCk",
+{"ca", LetterScript::Latin, 36, 32, u"eairlstnodcupmfvbgxq\u00F3\u00E0h\u00E9\u00EDzj\u00E8\u00E7\u00F2\u00FAy\u00EFw\u00FCk",
     "#Z005913788.262668<?C9ZE;BPLIWZUINZHZM"
     ",Z12444450667799>>?\?@@BCEFGHIJKLMMOPSS"
     ",ZEA9//-60A?44?9=BE89EZZZZZZGZKZZSPXZZ"
@@ -529,7 +529,7 @@ const LanguageModel languageModels[languageCount] = {
     ">Z%DAFGGGHHIIILLPQQQRSTVXYAZZ*ZZZZZZZZ"
     "+Z.02=356H;?IB>8P@4;RSTV/YYZZZZZZZZAZZ"
 },
-{"ga", Script::Latin, 31, 23, u"aihnrectsoldm\u00E1gu\u00ED\u00E9bf\u00FAp\u00F3vxwyjkzq",
+{"ga", LetterScript::Latin, 31, 23, u"aihnrectsoldm\u00E1gu\u00ED\u00E9bf\u00FAp\u00F3vxwyjkzq",
     "#Z-4=35:021=247>7;B@64@=CGFJKJNPX"
     ",Z0233556667099::;;===@@BNPQRSSWX"
     "-ZV.V.0J056;857Z6U6Z@IZCZMZRVZZZZ"
@@ -564,7 +564,7 @@ const LanguageModel languageModels[languageCount] = {
     "'Z4.<<=6?\?\?\?@BBCCDDFFF/IKWX;ZZZ7Z"
     "1Z8:;;<=85>>&8ABB0CEEEG:JVWXZZZZZ"
 },
-{"cy", Script::Latin, 39, 20, u"daeinyrlowfhcgstumbp\u00E2vx\u00F4k\u00E1j\u0175q\u00EFz\u00E4\u00EB\u0177\u00EA\u00EE\u00FB\u00F6\u00F3",
+{"cy", LetterScript::Latin, 39, 20, u"daeinyrlowfhcgstumbp\u00E2vx\u00F4k\u00E1j\u0175q\u00EFz\u00E4\u00EB\u0177\u00EA\u00EE\u00FB\u00F6\u00F3",
     "#Z01665/27796:1177=598FGFGPZLZYZRZZZZZZZZ"
     "*55667777889:;3;;;<>ACPQQSVWWYYZ-ZZZZZZZZ"
     "+Z,/0.J6:A59?SZKKQ9YEORLZZZZZYZZZZZZZZZZZ"
@@ -607,7 +607,7 @@ const LanguageModel languageModels[languageCount] = {
     "+Z23344445567888889;>@MNNPSTTVVWWZZZZZZZZ"
     ".Z2334444/567888889;>@MNNPSTTVVWWZZZZZZZZ"
 },
-{"eo", Script::Latin, 32, 27, u"aoenilrtskdumpjvgbfc\u0109z\u011D\u016Dh\u015D\u0135xywq\u0125",
+{"eo", LetterScript::Latin, 32, 27, u"aoenilrtskdumpjvgbfc\u0109z\u011D\u016Dh\u015D\u0135xywq\u0125",
     "#Z1:14:/85411<52@4>:7C8H@Z=?QFLPZQ"
     "0Z/455517789::;;<=>?@CD+EFHIMRVXZZ"
     "*ZTZS1T/54/8;T7;2;8;E?K?>6PG>ZZZZZ"
@@ -643,7 +643,7 @@ const LanguageModel languageModels[languageCount] = {
     "8Z:;<==%99?@A3BCCEEGHJKLLMPPUYZZZZ"
     "6Z536;%<==>?@@AABCDEFIJJJLNOSWZZZZ"
 },
-{"mt", Script::Latin, 29, 29, u"ainrejtlokusmgd\u017Cbwp\u010Bf\u0121v\u0127xzhcq",
+{"mt", LetterScript::Latin, 29, 29, u"ainrejtlokusmgd\u017Cbwp\u010Bf\u0121v\u0127xzhcq",
     "#H33689:149272229<5A6669>8DDHBZ"
     ",K1457.78.899::;;;<=>?@@@@EFGII"
     "+HI@+4G572D8Q95;;;=59@=@@<<HHZH"
@@ -676,7 +676,7 @@ const LanguageModel languageModels[languageCount] = {
     "3L.669099:0:0<<<1=>>?ABBBBFG1JK"
     ")L256888999:0<<0<<=>?@AAABFGIJJ"
 },
-{"et", Script::Latin, 33, 25, u"aiestuldkrnomv\u00E4pgjhb\u00F5\u00FCfc\u00F6xwy\u017Ezq\u0161\u00E9",
+{"et", LetterScript::Latin, 33, 25, u"aiestuldkrnomv\u00E4pgjhb\u00F5\u00FCfc\u00F6xwy\u017Ezq\u0161\u00E9",
     "#Z2:502>3:/8862/I3E6;@I:;EZCHHZPQVZ"
     "/Z3035171889-99:=>?\?\?@BDFJMPRRUYYZZ"
     "-Z35D11</4445>48SC;<74TSHIZVNNZZVZZ"
@@ -713,7 +713,7 @@ const LanguageModel languageModels[languageCount] = {
     "3Z3-1990;<<==13/ABBCCCF1INQTVVYZZZZ"
     "0Z45567889::::;;>?@AAACEGKNQTTW(ZZZ"
 },
-{"lv", Script::Latin, 37, 31, u"aitserunoklm\u0101dpvj\u0113z\u012Bb\u0161gcf\u016B\u0146\u013C\u017E\u0137h\u0123xwy\u010Dq",
+{"lv", LetterScript::Latin, 37, 31, u"aitserunoklm\u0101dpvj\u0113z\u012Bb\u0161gcf\u016B\u0146\u013C\u017E\u0137h\u0123xwy\u010Dq",
     "#Z1141=773>247D3017PAH9<==;ZSJPOCLFHKUS"
     "(Z4556788:::;;;;<<.>?\?AABBFFHILMNORSTZZ"
     ".ZP0./X134Y666T669<Z?M;>?FLZ@@DZWZYTOWZ"
@@ -754,7 +754,7 @@ const LanguageModel languageModels[languageCount] = {
     ";Z17>?1A%CCCDDDDD7GGH9IJJKOOQRUVWXZZZZZ"
     "4Z;=99?@-ABB)CC;-DEFFGHII1NNPPTUVWZZZZZ"
 },
-{"lt", Script::Latin, 35, 31, u"iasteornkumlpdv\u0161jyg\u0117\u0173b\u012F\u0105\u017Ef\u010Dcz\u016B\u0119hxwq",
+{"lt", LetterScript::Latin, 35, 31, u"iasteornkumlpdv\u0161jyg\u0117\u0173b\u012F\u0105\u017Ef\u010Dcz\u016B\u0119hxwq",
     "#Z5304:=522?84/45::>9ZZ86U=8GDQZZBDKW"
     "0Z01345555667089<<<<==?\?@@ABCDFHJLORY"
     ".ZN213555.3638<9I78Z?U8CZCNC:C>IZZZZZ"
@@ -793,7 +793,7 @@ const LanguageModel languageModels[languageCount] = {
     "/Z*5+>1625E?8G?HKKKLLLNN@OPQRSUWY=Z=Z"
     "1Z89;7==7>>.@'@9DDEEEFGGHHIKL:OPRTWZZ"
 },
-{"pl", Script::Latin, 39, 33, u"aeiontrzswcykpdlumjbgh\u0142\u0105\u015B\u0119f\u017C\u00F3\u0107vx\u0144\u017Aq\u016F\u00ED\u0111\u00E9",
+{"pl", LetterScript::Latin, 39, 33, u"aeiontrzswcykpdlumjbgh\u0142\u0105\u015B\u0119f\u017C\u00F3\u0107vx\u0144\u017Aq\u016F\u00ED\u0111\u00E9",
     "#Z5;643393317H50387566<>GZEZ;DYZBFZKJPZYZ"
     "(Z66778:::3:1<<<<4<=>@ABCDEEEEEFLNNQTZZZZ"
     "+ZGUBL/527554C5:64?68:?K:ZFZG?Z:GMEQXZZZZ"
@@ -836,7 +836,7 @@ const LanguageModel languageModels[languageCount] = {
     "%Z8999;<<<<=>>>>>>?\?ABDDFFGGHHHHNPPSVZZZZ"
     "+Z45556888899::::::;->?@ABCCCCDDJLLORYZZZ"
 },
-{"cs", Script::Latin, 44, 35, u"eontasrivupldk\u00EDmczbh\u00E1jy\u017E\u0159\u011B\u00E9\u010D\u00FD\u0161fg\u016Fxw\u00FA\u0148\u0165\u00F3q\u010F\u013E\u00F4\u00E4",
+{"cs", LetterScript::Latin, 44, 35, u"eontasrivupldk\u00EDmczbh\u00E1jy\u017E\u0159\u011B\u00E9\u010D\u00FD\u0161fg\u016Fxw\u00FA\u0148\u0165\u00F3q\u010F\u013E\u00F4\u00E4",
     "#Z?51450:;29/:55Z5947:Z4K=AZZ<ZC<?ZFACZZZLZXZZ"
     ",Z99;;;=)>>>>67?\?\?4AA7BBBEEEEFGH2JKNOTUWZZZZZZ"
     ")ZCD/4@52I9D:558Z7897?O8L>FZZ>ZA@CZ;KWIWZNPTZZ"
@@ -884,7 +884,7 @@ const LanguageModel languageModels[languageCount] = {
     "5Z::;;;47>.>>7?4@@4B8BB8C)EFFGHIJJKNOTVWZZZ9ZZ"
     "3Z77919/4<<<<5<===?\?@@@@@CCCD-EFG6ILMRS.XXZZZZ"
 },
-{"sk", Script::Latin, 43, 36, u"oaentrivspkdulmz\u00E1bchyj\u00ED\u0165\u010D\u00E9\u00FD\u017E\u00FAf\u0161\u013Egx\u00F4\u00F3\u0148\u013A\u00E4\u010Fwq\u0155",
+{"sk", LetterScript::Latin, 43, 36, u"oaentrivspkdulmz\u00E1bchyj\u00ED\u0165\u010D\u00E9\u00FD\u017E\u00FAf\u0161\u013Egx\u00F4\u00F3\u0148\u013A\u00E4\u010Fwq\u0155",
     "#Z44@267;01.45:?52Q9:8J:ZZ;ZZCA:?JDDZZRZZJHQZ"
     "/Z3/355667888889::;<<<<>>?\?\?@@ACC2EFJKMNOPPVZ"
     "/ZMSN850M.4;516546Z3=@Z;ZZ9ZZ7ZEK=@OZZRZZZJZZ"
@@ -931,7 +931,7 @@ const LanguageModel languageModels[languageCount] = {
     ".Z?\?@A97BC=/D=0(FGHH2HIJKKLLLLMOOPRRVWYZZZZZZ"
     "2Z56678889::;3;<<=>>>?\?@AABBBCDEEFHHLM(QRSSYZ"
 },
-{"sl", Script::Latin, 30, 25, u"eaointrvsplkdjzmbu\u010Dgch\u0161\u017Efxwyq\u00E9",
+{"sl", LetterScript::Latin, 30, 25, u"eaointrvsplkdjzmbu\u010Dgch\u0161\u017Efxwyq\u00E9",
     "#Z?:3327901.:43:3678<<>A<>>EIKPZ"
     "(Z444067788999:;;<>>?@ACDDHQSSXZ"
     ")ZQFCG05445@361:85<Q<7@EE?INZUXZ"
@@ -965,7 +965,7 @@ const LanguageModel languageModels[languageCount] = {
     "/Z?\?\?\?A<8CC+(D=EFGI2JK3NOOSZZZZZ"
     "-Z445568899::::.,<>?\?ABDDEIQTTYZ"
 },
-{"hr", Script::Latin, 35, 27, u"aieontrsjkupdvlmzbg\u010Dc\u0161\u017E\u0107fh\u0111xwyq\u00F4\u020F\u00EE\u00E9",
+{"hr", LetterScript::Latin, 35, 27, u"aieontrsjkupdvlmzbg\u010Dc\u0161\u017E\u0107fh\u0111xwyq\u00F4\u020F\u00EE\u00E9",
     "#Z72A32671934.25;546<CA@B>>EZGHMSZZZZ"
     "(Z06079994;4<<==5>?ABCDEFGIJLTTVZZZZZ"
     ")ZSLT?027864B:63686:?79<@BFJDZTMZZZZZ"
@@ -1004,7 +1004,7 @@ const LanguageModel languageModels[languageCount] = {
     "3Z667799:;<&<<===>?BCDDFFGIKLTUVZZZZZ"
     ",Z5566888:.;;;<<<=+ABCCEEFHJKSSUZZZZZ"
 },
-{"hu", Script::Latin, 60, 34, u"eatlsnkozir\u00E1m\u00E9gdbvhypjfcu\u00ED\u00F3\u00F6\u0151\u00FCw\u0171\u00FAxq\u00EB\u00F4\u00E2\u00E4\u00E7\u00EE\u00FD\u00E0\u00E5\u00E8\u00E3\u00E6\u00EA\u00EC\u00EF\u00F0\u00F1\u00F2\u00F5\u00F8\u00F9\u00FB\u00FE\u0161\u017E",
+{"hu", LetterScript::Latin, 60, 34, u"eatlsnkozir\u00E1m\u00E9gdbvhypjfcu\u00ED\u00F3\u00F6\u0151\u00FCw\u0171\u00FAxq\u00EB\u00F4\u00E2\u00E4\u00E7\u00EE\u00FD\u00E0\u00E5\u00E8\u00E3\u00E6\u00EA\u00EC\u00EF\u00F0\u00F1\u00F2\u00F5\u00F8\u00F9\u00FB\u00FE\u0161\u017E",
     "#K3-55362:C8;>28;:654I9=48?DNCVG>TBDLWWWWWWWYYYYYYYYYYYYYYYYYY"
     "#ZBBCDDFGGGGGHHIILLLLLMMNNOOOQQUXYYZZZZZZZZZZZZZZZZZZZZZZZZZZZ"
     "0ZCD0-304C3B2<7R0;A==KB<B?DIGZZXOZZ@SZZZZZZZZZZZZZZZZZZZZZZZZZ"
@@ -1068,7 +1068,7 @@ const LanguageModel languageModels[languageCount] = {
     "&Z66788:;;;;;<==>@@@@@AABBCCCEEILMMNYZZZZZZZZZZZZZZZZZZZZZZZZZ"
     "&Z66788:;;;;;<==>@@@@@AABBCCCEEILMMNYZZZZZZZZZZZZZZZZZZZZZZZZZ"
 },
-{"ro", Script::Latin, 31, 28, u"eiartnulcosdp\u0103mf\u0163vgbz\u015F\u00EExh\u00E2jwykq",
+{"ro", LetterScript::Latin, 31, 28, u"eiartnulcosdp\u0103mf\u0163vgbz\u015F\u00EExh\u00E2jwykq",
     "#Z65176685071.2Z64M7=;E;6EAZDFIHM"
     "3Z5-7881:4;4<<0>>ABCCD+FFGIKNPQQY"
     "(ZE;2082F44@4;>Z=>;B<B?;N8UZGTOXW"
@@ -1103,7 +1103,7 @@ const LanguageModel languageModels[languageCount] = {
     "(Z/42?::08M<6<PP?\?TBD7VXXY;ZZBZZZ"
     "*Z@A=;;D+-5F?<.HILMMNNNPQRTVXZZZZ"
 },
-{"sq", Script::Latin, 28, 27, u"ieatrsnhu\u00EBoklmdpjbgvfzcq\u00E7xyw",
+{"sq", LetterScript::Latin, 28, 27, u"ieatrsnhu\u00EBoklmdpjbgvfzcq\u00E7xyw",
     "#Z4053314:=F>2724297568<CB?DOI"
     ".U12233355666778899::=?@BFFGGO"
     "/ZL@519*1A?N9/958<F=;=C>?SEFZZ"
@@ -1135,7 +1135,7 @@ const LanguageModel languageModels[languageCount] = {
     "1Z<,>4*34@ABB42;D;DFFHKKNQ=RSZ"
     "2Y+2677,99:::;;1<==>>ACDFJJKKS"
 },
-{"tr", Script::Latin, 32, 30, u"aeirnl\u0131stkdmuyob\u00FCg\u00E7z\u015Fc\u011Fpv\u00F6hfwxjq",
+{"tr", LetterScript::Latin, 32, 30, u"aeirnl\u0131stkdmuyob\u00FCg\u00E7z\u015Fc\u011Fpv\u00F6hfwxjq",
     "#Z272=;<O05219=550A39BA=Z:5:7<CCIM"
     ".Z55677.9:::;<==/>?@@-AABBCDDDMOUW"
     ".ZIUC-.2Z56274F2Z9ZC;9:<99CZ>@QRWZ"
@@ -1171,7 +1171,7 @@ const LanguageModel languageModels[languageCount] = {
     "4Z,*1:C@:9KK3A1M3N6PQQQRR4STTUZZZZ"
     "-ZCDD9F.H;BI,J+KLLNNOOO8P19RRSZZZZ"
 },
-{"vi", Script::Latin, 97, 69, u"nhticgauo\u0323r\u0111pm\u00EAlsb\u00F4de\u01B0\u0309\u0301ykv\u00E1\u00E0\u0300\u00E2\u01A1\u0303\u00F3\u0103x\u1EA1\u1EA3\u1ED9f\u00ED\u1ED1\u1EBF\u1EC3\u1EC7\u1ECB\u1EAD\u00F9w\u1EE3\u1EC1\u1EDBq\u1ECD\u1EA7\u1EA5\u1EE7\u00EC\u1EE5\u00E9\u00FA\u1EB7\u1EEF\u1EF1\u1EDD\u00E3\u1EED\u1EE9\u1ED3\u1ED5\u1EDF\u1EC9\u1EAF\u1EEB\u1ED7\u00FD\u00F2\u1EAB\u1EB1\u1EBDz\u00E8\u1ECF\u1EA9j\u00F5\u0169\u1EC5\u0129\u1EE1\u1EF3\u1EB5\u1EBB\u1EF7\u1EF9\u1EB3\u1EB9",
+{"vi", LetterScript::Latin, 97, 69, u"nhticgauo\u0323r\u0111pm\u00EAlsb\u00F4de\u01B0\u0309\u0301ykv\u00E1\u00E0\u0300\u00E2\u01A1\u0303\u00F3\u0103x\u1EA1\u1EA3\u1ED9f\u00ED\u1ED1\u1EBF\u1EC3\u1EC7\u1ECB\u1EAD\u00F9w\u1EE3\u1EC1\u1EDBq\u1ECD\u1EA7\u1EA5\u1EE7\u00EC\u1EE5\u00E9\u00FA\u1EB7\u1EEF\u1EF1\u1EDD\u00E3\u1EED\u1EE9\u1ED3\u1ED5\u1EDF\u1EC9\u1EAF\u1EEB\u1ED7\u00FD\u00F2\u1EAB\u1EB1\u1EBDz\u00E8\u1ECF\u1EA9j\u00F5\u0169\u1EC5\u0129\u1EE1\u1EF3\u1EB5\u1EBB\u1EF7\u1EF9\u1EB3\u1EB9",
     "#Z45->/6>E@Z;165Z454H5EJZZG55KZZFKZZZ<ZJZAOZZZZZZZDZZZ?ZZZZZZZZZZZZZZMZXKZZZZSZZZZMZZUMZZZZZZZZZZZZ"
     "&Z67899;<===>>>?\?\?\?@@@@@AAABBBBCCDFFGHHHHIIIIIIIJJKLLLLLLLLMMNNNNOOOPPPPQQQRRSSTTTUUUUUXYYYZZZZZZZZ"
     ")ZN.@FC)A<BZWZFT?J@PC?AOZZHIGZ9ZMMZBBZOZGDZGAZZZZZZZPZZZZZZZZKFZRZZZZZZYZZZZZZZZLZMZZZZZZZZZZZZZZZZ"
@@ -1272,7 +1272,7 @@ const LanguageModel languageModels[languageCount] = {
     "4Z$<<==?@AABBCCCDDDDEEEEEFFFFFFGGHJJKLLLMMMMMMNNOOPPPPPQQQQQRRRRSSSSTTTUUUUVWWXXXXYYYYZZZZZZZZZZZZZ"
     ",Z*;4==?\?@.ABB/CCCCDDDDDEEEEFFFGGGJJKLLLLMMMMMMMNNOOOPPPPPPQQQQRRRSSTTTTTUUVVVWXXXYYYYYZZZZZZZZZZZZ"
 },
-{"ru", Script::Cyrillic, 33, 32, u"\u043E\u0435\u0430\u0438\u0442\u043D\u0441\u0440\u0432\u043B\u043A\u043F\u0434\u043C\u0443\u044B\u044F\u0437\u044C\u0431\u0447\u0439\u0433\u0436\u044E\u0445\u0449\u0446\u0444\u0448\u044D\u0451\u044A",
+{"ru", LetterScript::Cyrillic, 33, 32, u"\u043E\u0435\u0430\u0438\u0442\u043D\u0441\u0440\u0432\u043B\u043A\u043F\u0434\u043C\u0443\u044B\u044F\u0437\u044C\u0431\u0447\u0439\u0433\u0436\u044E\u0445\u0449\u0446\u0444\u0448\u044D\u0451\u044A",
     "#Z38;362070<2/377Z@6Z89Z=@PBJA:C:ZZ"
     "+Z4566122993:;;;==>>>?\?\?4BDDEEFFHJT"
     ".ZB8S>2743016934KZB:Z4;657NBEAEAHOZ"
@@ -1309,7 +1309,7 @@ const LanguageModel languageModels[languageCount] = {
     "-ZROTT*+;4=2CL?3ZZZ@ZLZRG=Z>NZZCZZZ"
     "EZH$IIJJLLLMNOOOPQ3RRSSSTUWWXYYYZ0Z"
 },
-{"uk", Script::Cyrillic, 33, 32, u"\u043E\u0430\u043D\u0438\u0442\u0432\u0456\u0435\u0440\u043A\u0441\u0434\u0443\u043F\u043C\u043B\u044F\u0437\u0431\u044C\u0447\u0433\u0439\u0436\u0454\u0445\u044E\u0446\u0448\u0444\u0449\u0457\u0491",
+{"uk", LetterScript::Cyrillic, 33, 32, u"\u043E\u0430\u043D\u0438\u0442\u0432\u0456\u0435\u0440\u043A\u0441\u0434\u0443\u043F\u043C\u043B\u044F\u0437\u0431\u044C\u0447\u0433\u0439\u0436\u0454\u0445\u044E\u0446\u0448\u0444\u0449\u0457\u0491",
     "#Z783Y7/7@64328/6?618Z;@EE=FF<A9<FZ"
     "/Z566882939:;3;;<<==1@AB-DDDDDE5FHZ"
     "-ZOY6Z7/PJ1555N826O64Z93N7KD:EAEK:Z"
@@ -1346,7 +1346,7 @@ const LanguageModel languageModels[languageCount] = {
     "$ZTU=VE8WWXAMJZZBRZZZZSZIZZ4ZPZZZ6Z"
     "6Z:-:(<===,>?\?\?@@@AACDFFFHHHIIIJKLZ"
 },
-{"be", Script::Cyrillic, 32, 31, u"\u0430\u043D\u0440\u044B\u043A\u0435\u0456\u0442\u0441\u043B\u0432\u0434\u043F\u0446\u044F\u0443\u0437\u043E\u043C\u044C\u044D\u045E\u0433\u0431\u0447\u0439\u0445\u0448\u0444\u0436\u044E\u0451",
+{"be", LetterScript::Cyrillic, 32, 31, u"\u0430\u043D\u0440\u044B\u043A\u0435\u0456\u0442\u0441\u043B\u0432\u0434\u043F\u0446\u044F\u0443\u0437\u043E\u043C\u044C\u044D\u045E\u0433\u0431\u0447\u0439\u0445\u0448\u0444\u0436\u044E\u0451",
     "#Z227P2@872;22.>:72T6Z@898>ZA=9HSJ"
     "0Z/306607788888999:::;==>>>AAABDEM"
     ".ZI12Z67K6443294:Z6Z6ZI58687?BFJDN"
@@ -1382,7 +1382,7 @@ const LanguageModel languageModels[languageCount] = {
     "'ZE<GPDAQ95GR>S-SSKTFVWWX@+LLZZZFZ"
     "0ZB,0IJJJJ2K43>DLLMM,OP.?QQ?UUVWYZ"
 },
-{"bg", Script::Cyrillic, 31, 28, u"\u0430\u0435\u0438\u043E\u0442\u043D\u0440\u0441\u0432\u043A\u0434\u043B\u0437\u043F\u043C\u044A\u044F\u0431\u0443\u0447\u0433\u0439\u0446\u0436\u0449\u0444\u0448\u0445\u044E\u044C\u045D",
+{"bg", LetterScript::Cyrillic, 31, 28, u"\u0430\u0435\u0438\u043E\u0442\u043D\u0440\u0441\u0432\u043A\u0434\u043B\u0437\u043F\u043C\u044A\u044F\u0431\u0443\u0447\u0433\u0439\u0446\u0436\u0449\u0444\u0448\u0445\u044E\u044C\u045D",
     "#Z:8246/80232=307NJ8?<<S@C?;DBZZZ"
     ".Z023333567888891<<=>?@@AABCEFLZZ"
     "(ZZDJW0/9968774;;ZF=D>?:=B=IGFZZZ"
@@ -1417,7 +1417,7 @@ const LanguageModel languageModels[languageCount] = {
     "1Z688&99;<<==>>>@ABBDEEFFGHIKKRZZ"
     "(Z355555899:::;;=>?\?A4BCCDEFHHOZZ"
 },
-{"sr", Script::Cyrillic, 39, 29, u"\u0430\u0435\u0438\u043E\u0440\u0442\u043D\u0443\u0441\u043A\u043F\u0434\u0432\u043C\u043B\u0458\u0437\u0431\u0433\u0447\u0446\u0448\u045A\u0436\u045B\u0459\u0444\u0452\u0445\u045F\u0451\u0453\u0457\u045C\u0449\u044B\u044D\u044E\u044F",
+{"sr", LetterScript::Cyrillic, 39, 29, u"\u0430\u0435\u0438\u043E\u0440\u0442\u043D\u0443\u0441\u043A\u043F\u0434\u0432\u043C\u043B\u0458\u0437\u0431\u0433\u0447\u0446\u0448\u045A\u0436\u045B\u0459\u0444\u0452\u0445\u045F\u0451\u0453\u0457\u045C\u0449\u044B\u044D\u044E\u044F",
     "#S9?12772313.257<957;CC>HA>Q=YFRZZZZZZZZZ"
     "$Z9::;===?\?\?@@@ABBBEFGHHIJJKMOPZZZZZZZZZZ"
     ")ZZZQ=724@94;8388669A8<<6@BEECKZZZZZZZZZZ"
@@ -1460,7 +1460,7 @@ const LanguageModel languageModels[languageCount] = {
     "&Z4566888:::;;;====ABBDDDEFFIJKZZZZZZZZZZ"
     "&Z4566888:::;;;====ABBDDDEFFIJKZZZZZZZZZZ"
 },
-{"mk", Script::Cyrillic, 31, 27, u"\u0430\u0435\u043E\u0438\u0442\u043D\u0440\u0434\u0441\u0432\u043A\u043F\u043B\u043C\u0437\u0443\u0458\u0431\u0433\u0446\u0448\u0447\u045A\u0444\u0436\u045C\u0445\u0453\u045F\u0455\u0450",
+{"mk", LetterScript::Cyrillic, 31, 27, u"\u0430\u0435\u043E\u0438\u0442\u043D\u0440\u0434\u0441\u0432\u043A\u043F\u043B\u043C\u0437\u0443\u0458\u0431\u0433\u0446\u0448\u0447\u045A\u0444\u0436\u045C\u0445\u0453\u045F\u0455\u0450",
     "#Z:9337/82124/;84@=66A=EZ;O=CZWZZ"
     "/Z0223445778889;;.<<>?ABBCCELQYZZ"
     "'Z@GGW/58::88;7:;N9=@;@<6E?>UHTZZ"
@@ -1495,7 +1495,7 @@ const LanguageModel languageModels[languageCount] = {
     "1Z355'6679:::;<==>>?@ADDEEEGOSZZZ"
     "*Z133444588899:;;<<=>?BBCCDEMQYZZ"
 },
-{"el", Script::Greek, 34, 32, u"\u03B1\u03B5\u03BF\u03C4\u03B9\u03BD\u03C3\u03C1\u03C0\u03BC\u03B7\u03C2\u03BA\u03BB\u03AF\u03C5\u03B3\u03AE\u03AD\u03B4\u03CC\u03AC\u03C7\u03C9\u03B8\u03C6\u03CD\u03CE\u03BE\u03B2\u03B6\u03C8\u03CA\u03CB",
+{"el", LetterScript::Greek, 34, 32, u"\u03B1\u03B5\u03BF\u03C4\u03B9\u03BD\u03C3\u03C1\u03C0\u03BC\u03B7\u03C2\u03BA\u03BB\u03AF\u03C5\u03B3\u03AE\u03AD\u03B4\u03CC\u03AC\u03C7\u03C9\u03B8\u03C6\u03CD\u03CE\u03BE\u03B2\u03B6\u03C8\u03CA\u03CB",
     "#Z008/F71@03;Z2<I;6<94;@8D;>LLI<IKZZ"
     ".Z22234456667889999::;;;===?\?BCCFKZZ"
     "*ZZSZ2216138Z477=98ZZ=WZ?Z:7FZ@DCZOZ"
@@ -1533,7 +1533,7 @@ const LanguageModel languageModels[languageCount] = {
     "6Z::;;<0=>>?\?@&AAAABCC9CEEEGGKKKNSZZ"
     "2Z56667899'::<<<<<=>>>?\?@AABCFFFINZZ"
 },
-{"he", Script::Hebrew, 28, 27, u"\u05D9\u05D5\u05D4\u05EA\u05DC\u05DE\u05E8\u05E9\u05D0\u05D1\u05E0\u05E2\u05E4\u05E7\u05D3\u05D7\u05E1\u05DD\u05DB\u05D2\u05D8\u05E6\u05DF\u05D6\u05DA\u05E5\u05E3\u05BC",
+{"he", LetterScript::Hebrew, 28, 27, u"\u05D9\u05D5\u05D4\u05EA\u05DC\u05DE\u05E8\u05E9\u05D0\u05D1\u05E0\u05E2\u05E4\u05E7\u05D3\u05D7\u05E1\u05DD\u05DB\u05D2\u05D8\u05E6\u05DF\u05D6\u05DA\u05E5\u05E3\u05BC",
     "#Z7;,600;11365:9@;9Z7<>@Z<ZZZZ"
     "/Z3055177829:;;/<<<<=>>?\?ABIK4"
     "/Z32816535:85>;87<<.<@;98D>LAZ"
@@ -1565,7 +1565,7 @@ const LanguageModel languageModels[languageCount] = {
     "#ZGGHHJJJLLLMOOOOOOPQQRRSUVZZZ"
     ".Z2.446067889::;;;1;<==>>@AHJZ"
 },
-{"ar", Script::Arabic, 47, 39, u"\u0627\u0644\u064A\u0645\u062A\u0631\u062F\u0646\u0648\u0629\u0639\u0641\u0633\u0628\u062D\u0642\u0623\u0643\u0635\u0637\u062E\u062C\u0647\u0625\u0651\u0634\u0649\u0630\u0632\u0626\u063A\u0636\u062B\u064F\u064B\u0621\u0638\u0650\u064E\u0622\u0624\u06A4\u0640\u0652\u064D\u06AF\u067E",
+{"ar", LetterScript::Arabic, 47, 39, u"\u0627\u0644\u064A\u0645\u062A\u0631\u062F\u0646\u0648\u0629\u0639\u0641\u0633\u0628\u062D\u0642\u0623\u0643\u0635\u0637\u062E\u062C\u0647\u0625\u0651\u0634\u0649\u0630\u0632\u0626\u063A\u0636\u062B\u064F\u064B\u0621\u0638\u0650\u064E\u0622\u0624\u06A4\u0640\u0652\u064D\u06AF\u067E",
     "#Z)4713>?:8Z67<69:4:=@=><6ZAZIFZ@GBZZZOZZFZPZZZZZ"
     "-Z/03456677789999:<<====>?@@AAAABBCEFFGHIMOOTUXZZ"
     "2ZZ'<72595>H9;7:;>Z?>A>@DZZCZF@7KDIZB;MZZZZZZZZZZ"
@@ -1616,7 +1616,7 @@ const LanguageModel languageModels[languageCount] = {
     "/Z24788):;0;<<====?@@@@AABCDDDEEEEGHIIJKMQRSXYZZZ"
     "/Z1256678,99::;;;;=>>>>?\?AABBBCCCCEGGHH3KOQQVWZZZ"
 },
-{"fa", Script::Arabic, 41, 34, u"\u0627\u06CC\u0631\u0646\u062F\u0647\u0648\u062A\u0645\u0628\u06A9\u0634\u0633\u0644\u0641\u0632\u06AF\u067E\u062E\u0639\u062C\u0635\u062D\u0642\u0654\u0637\u0686\u0636\u0622\u0638\u0651\u0630\u063A\u062B\u0698\u064F\u064B\u0623\u064E\u0626\u0650",
+{"fa", LetterScript::Arabic, 41, 34, u"\u0627\u06CC\u0631\u0646\u062F\u0647\u0648\u062A\u0645\u0628\u06A9\u0634\u0633\u0644\u0641\u0632\u06AF\u067E\u062E\u0639\u062C\u0635\u062D\u0642\u0654\u0637\u0686\u0636\u0622\u0638\u0651\u0630\u063A\u062B\u0698\u064F\u064B\u0623\u064E\u0626\u0650",
     "#X1:33444430178D9=75:@<9<=ZD=H=MSGJFZZZZZZZ"
     ".Y.24566189991;2===>?@AABCCEFGHHHIJJNOSSUUX"
     "-YR-1.66@859A<64:4>@?@@DFEZDUHYRZZMNCKFZZOR"
@@ -1661,7 +1661,7 @@ const LanguageModel languageModels[languageCount] = {
     "1Z4/7,8-0;;;<=>5@@@ABCDDEFFHIJKKKKMMQQUVWXZ"
     ",Y23550678999:/<>>>?\?3ABCCCEGHHHIIJKNOSTUVY"
 },
-{"th", Script::Thai, 65, 49, u"\u0E32\u0E2D\u0E19\u0E48\u0E23\u0E01\u0E49\u0E07\u0E40\u0E31\u0E21\u0E25\u0E27\u0E1A\u0E14\u0E22\u0E35\u0E15\u0E04\u0E17\u0E2A\u0E2B\u0E02\u0E41\u0E34\u0E1B\u0E37\u0E30\u0E08\u0E0A\u0E38\u0E33\u0E44\u0E43\u0E39\u0E1E\u0E4C\u0E16\u0E13\u0E42\u0E47\u0E1C\u0E20\u0E0B\u0E36\u0E1F\u0E29\u0E28\u0E0D\u0E10\u0E18\u0E46\u0E09\u0E2E\u0E0F\u0E11\u0E2F\u0E24\u0E1D\u0E4A\u0E2C\u0E0E\u0E4B\u0E12\u0E06",
+{"th", LetterScript::Thai, 65, 49, u"\u0E32\u0E2D\u0E19\u0E48\u0E23\u0E01\u0E49\u0E07\u0E40\u0E31\u0E21\u0E25\u0E27\u0E1A\u0E14\u0E22\u0E35\u0E15\u0E04\u0E17\u0E2A\u0E2B\u0E02\u0E41\u0E34\u0E1B\u0E37\u0E30\u0E08\u0E0A\u0E38\u0E33\u0E44\u0E43\u0E39\u0E1E\u0E4C\u0E16\u0E13\u0E42\u0E47\u0E1C\u0E20\u0E0B\u0E36\u0E1F\u0E29\u0E28\u0E0D\u0E10\u0E18\u0E46\u0E09\u0E2E\u0E0F\u0E11\u0E2F\u0E24\u0E1D\u0E4A\u0E2C\u0E0E\u0E4B\u0E12\u0E06",
     "#ZZ7>S52ZF.W;9;<?>Z3185672Z5XZ68ZZ58Z;Z;M:ZAA>ZGZOOIZXVJZZJZPZZZZZZ"
     "5Z344445666778888999::::::;;<<======>?\?AAABDEEEEFHKLLMOOSTXXXZZZZZZ"
     "5ZZA2Z+4Z09Z/E=D9/Z9;;>?=AZ?ZA<FZZA?Z8ZDHAZEKJZH<GNZEUZUZZZZZZMZZZZ"

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-enum class Script : std::uint8_t { None, Latin, Cyrillic, Greek, Hebrew, Arabic, Thai };
+enum class LetterScript : std::uint8_t { None, Latin, Cyrillic, Greek, Hebrew, Arabic, Thai };
 
 constexpr int languageCount = 41;
 constexpr int characterModelCount = 4;
@@ -17,7 +17,7 @@ constexpr char firstCost = '#'; // the character that stands for 0
 // follows it.
 struct LanguageModel {
     const char* name;
-    Script script;
+    LetterScript script;
     int letterCount;
     int coreLetters;         // the first ones, which every charset for the language has
     const char16_t* letters; // small ones, commonest first

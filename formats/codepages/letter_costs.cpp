@@ -101,7 +101,7 @@ class LanguageReader {
 };
 
 // The letters of a script, if no two of them stand together: more likely signs of another charset.
-int LoneLetters(Script script, const PageProperties& page, const ByteEvidence& evidence) {
+int LoneLetters(LetterScript script, const PageProperties& page, const ByteEvidence& evidence) {
     const auto isLetter = [&](unsigned char byte) {
         return page.properties[byte].letter != 0 && page.properties[byte].script == script;
     };
@@ -126,7 +126,7 @@ struct PageLetters {
 };
 
 bool HasCoreLetters(const LanguageModel& model, int page, const PageLetters& letters) {
-    if (model.script != Script::Latin) return true;
+    if (model.script != LetterScript::Latin) return true;
     // Vietnamese has too many for a page: tones stand by themselves.
     if (std::string_view(model.name) == "vi")
         return page == 1258 || page == visciiPage || page == tcvnPage;
@@ -146,7 +146,7 @@ LetterCosts::LetterCosts(const ByteEvidence& evidence) : evidence_(evidence) {
     const char16_t none[128] = {};
     const PageProperties ascii = PropertiesOfPage(none, evidence);
     for (const LanguageModel& model : languageModels) {
-        if (model.script != Script::Latin) {
+        if (model.script != LetterScript::Latin) {
             asciiCosts_.push_back(AsciiLettersCost(evidence));
             continue;
         }
@@ -175,7 +175,7 @@ std::optional<PageCost> LetterCosts::Cheapest(int page, const char16_t* units, i
         if (!HasCoreLetters(model, page, letters)) continue;
         const LanguageReader reader(model, properties, evidence_);
         const int lone = LoneLetters(model.script, properties, evidence_);
-        const bool isRightToLeft = model.script == Script::Hebrew || model.script == Script::Arabic;
+        const bool isRightToLeft = model.script == LetterScript::Hebrew || model.script == LetterScript::Arabic;
         for (const bool reversed : {false, true}) {
             if (reversed && !isRightToLeft) break;
             int cost =

@@ -140,7 +140,7 @@ def write_language(file, language, text):
         text = text + "\n" + with_loose_tones(text)
     letters, core = letters_of(text, script, MOST_LETTERS.get(language, 60), SPELLING.get(language, ""))
     rows = costs(pair_counts(text, letters, script), len(letters) + 2)
-    file.write('{"%s", Script::%s, %d, %d, u"%s",\n' % (language, script.capitalize(), len(letters), core,
+    file.write('{"%s", LetterScript::%s, %d, %d, u"%s",\n' % (language, script.capitalize(), len(letters), core,
                                                      literal("".join(letters))))
     for row in rows:
         shown = "".join(chr(FIRST_LEVEL + cost) for cost in row)

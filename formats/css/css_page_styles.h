@@ -31,6 +31,11 @@ class CssPageStyles {
     // Generated content; its `box` is null when there is none.
     CssStyle Before(HtmlNodeId element) const { return Generated(element, 0); }
     CssStyle After(HtmlNodeId element) const { return Generated(element, 1); }
+    // Of the first letter in a block; its `box` is null where no rule is of it.
+    CssStyle FirstLetter(HtmlNodeId block) const {
+        const auto found = firstLetters_.find(block);
+        return found == firstLetters_.end() ? CssStyle{} : styles_[found->second];
+    }
     // What texts around everything have, and the box of what has none of its own.
     CssStyle Initial() const { return styles_[1]; }
 
@@ -53,6 +58,7 @@ class CssPageStyles {
     // The first is `display: none`, the second the initial one. In `generated_` 0 is nothing.
     std::vector<CssStyle> styles_;
     std::unordered_map<HtmlNodeId, std::array<std::uint32_t, 2>> generated_;
+    std::unordered_map<HtmlNodeId, std::uint32_t> firstLetters_;
     CssPool<CssInheritedStyle> inherited_;
     CssPool<CssBoxStyle> boxes_;
     CssListPool<CssFontFamilies> families_;

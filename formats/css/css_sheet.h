@@ -67,7 +67,7 @@ struct CssCompound {
     CssCombinator combinator = CssCombinator::None;
 };
 
-enum class CssPseudoElement : std::uint8_t { None, Before, After, NotShown };
+enum class CssPseudoElement : std::uint8_t { None, Before, After, FirstLetter, NotShown };
 
 struct CssSelector {
     std::uint32_t compounds = 0; // from left to right

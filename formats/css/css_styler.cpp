@@ -80,13 +80,31 @@ void CssStyler::StyleElement(HtmlNodeId element, std::uint32_t parent) {
     hints_.declarations.clear();
     StyleGenerated(element, CssPseudoElement::Before);
     StyleGenerated(element, CssPseudoElement::After);
+    StyleFirstLetter(element);
+}
+
+bool CssStyler::HasRules(CssPseudoElement which) const {
+    return std::ranges::any_of(matcher_.Rules(), [&](std::uint32_t rule) {
+        return index_.Rule(rule).pseudoElement == which;
+    });
+}
+
+void CssStyler::StyleFirstLetter(HtmlNodeId element) {
+    if (!HasRules(CssPseudoElement::FirstLetter)) return;
+    switch (page_.Of(element).box->display) {
+    case CssDisplay::Block:
+    case CssDisplay::InlineBlock:
+    case CssDisplay::ListItem:
+    case CssDisplay::TableCell:
+    case CssDisplay::TableCaption: break;
+    default: return; // it has no first line
+    }
+    page_.firstLetters_[element] =
+        NumberOfKey(page_.numbers_[element], CssPseudoElement::FirstLetter, {});
 }
 
 void CssStyler::StyleGenerated(HtmlNodeId element, CssPseudoElement which) {
-    const bool any = std::ranges::any_of(matcher_.Rules(), [&](std::uint32_t rule) {
-        return index_.Rule(rule).pseudoElement == which;
-    });
-    if (!any) return;
+    if (!HasRules(which)) return;
     const std::uint32_t number = NumberOfKey(page_.numbers_[element], which, {});
     const CssBoxStyle& box = *page_.styles_[number].box;
     if (box.content == 0 || box.display == CssDisplay::None) return;

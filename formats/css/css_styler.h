@@ -16,6 +16,8 @@ class CssStyler {
   private:
     void StyleElement(HtmlNodeId element, std::uint32_t parent);
     void StyleGenerated(HtmlNodeId element, CssPseudoElement which);
+    void StyleFirstLetter(HtmlNodeId element);
+    bool HasRules(CssPseudoElement which) const;
     // All that a style follows from, as bytes: elements with the same have the same style.
     void MakeKey(std::uint32_t parent, CssPseudoElement which, std::u16string_view attribute);
     std::uint32_t NumberOfKey(std::uint32_t parent, CssPseudoElement which,

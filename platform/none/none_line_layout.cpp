@@ -4,9 +4,31 @@
 #include "platform/none/none_line_breaker.h"
 #include "platform/none/none_text_lines.h"
 
+#include "common/text.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+// In the order of GenericFamily.
+constexpr const char16_t* families[] = {u"None Serif",   u"None Sans",    u"None Mono",
+                                        u"None Cursive", u"None Fantasy", u"None Interface"};
+} // namespace
+
 void NoneLineLayout::SetResolution(double dpi) {
     dpi_ = dpi;
     ++resolution_;
+}
+
+bool NoneLineLayout::IsInstalled(std::u16string_view family) {
+    return std::any_of(std::begin(families), std::end(families), [&](std::u16string_view each) {
+        return std::equal(each.begin(), each.end(), family.begin(), family.end(),
+                          [](char16_t a, char16_t b) { return FoldCase(a) == FoldCase(b); });
+    });
+}
+
+std::u16string NoneLineLayout::FamilyOf(GenericFamily family) {
+    return families[static_cast<int>(family)];
 }
 
 StyleHandle NoneLineLayout::Prepare(const TextStyle& style) {

@@ -27,6 +27,9 @@ class NoneStyle : public PreparedStyle {
 class NoneLineLayout : public LineLayout {
   public:
     void SetResolution(double dpi) override;
+    // One of the names of FamilyOf.
+    bool IsInstalled(std::u16string_view family) override;
+    std::u16string FamilyOf(GenericFamily) override;
     StyleHandle Prepare(const TextStyle&) override;
     FontMetrics Metrics(const PreparedStyle&) const override;
     std::unique_ptr<TextLines> BreakLines(const ParagraphText&) override;

@@ -1,6 +1,8 @@
 // What every line layout must do with fonts, tabs, boxes and justified lines.
 #include "tests/contract/line_layout_contract.h"
 
+#include "common/text.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -105,6 +107,35 @@ TEST_CASE("line layout: a font that is not installed gives another, the empty on
         style.font.family = u"No Such Family 471";
         CHECK(TextWidth(layout, u"several", style) > 7);
         CHECK(layout.Metrics(*layout.Prepare(style)).ascent > 0);
+    });
+}
+
+TEST_CASE("line layout: each kind of family is one that is installed") {
+    OnEachLineLayout([](LineLayout& layout) {
+        for (const auto kind :
+             {GenericFamily::Serif, GenericFamily::SansSerif, GenericFamily::Monospace,
+              GenericFamily::Cursive, GenericFamily::Fantasy, GenericFamily::SystemUi}) {
+            CAPTURE(int(kind));
+            std::u16string family = layout.FamilyOf(kind);
+            CHECK(layout.IsInstalled(family));
+            for (char16_t& unit : family)
+                unit = FoldCase(unit);
+            CHECK(layout.IsInstalled(family));
+        }
+        CHECK(!layout.IsInstalled(u"No Such Family 471"));
+        CHECK(!layout.IsInstalled(u""));
+        CHECK(!layout.IsInstalled(std::u16string(10'000, u'a')));
+    });
+}
+
+TEST_CASE("line layout: letters are of the kind of family that was asked for") {
+    OnEachLineLayout([](LineLayout& layout) {
+        TextStyle style = LineStyle();
+        style.font.family = layout.FamilyOf(GenericFamily::Monospace);
+        CHECK(IsWithin(TextWidth(layout, u"iiiiiiii", style), TextWidth(layout, u"mmmmmmmm", style),
+                       maxOverhang));
+        CHECK(layout.FamilyOf(GenericFamily::Serif) != layout.FamilyOf(GenericFamily::SansSerif));
+        CHECK(layout.FamilyOf(GenericFamily::Serif) != layout.FamilyOf(GenericFamily::Monospace));
     });
 }
 

@@ -59,14 +59,16 @@ LaidOutPage::LaidOutPage(const std::filesystem::path& file, LineLayout& system, 
       boxes(BoxesOf(tree, styles)), fonts(system, styles, 1, screenDpi),
       text(tree, styles, boxes, fonts), layouter(boxes, text, system, 1), flow(layouter) {
     system.SetResolution(screenDpi);
-    text.pictureSize = [this](HtmlNodeId picture) {
-        const QSize size = QImageReader(PicturePath(tree[picture])).size();
+    text.pictureSize = [this](const PageBox& box) {
+        const QSize size = QImageReader(PicturePath(box)).size();
         return size.isValid() ? Size{size.width(), size.height()} : Size{};
     };
     flow.SetWidth(width);
 }
 
-QString LaidOutPage::PicturePath(const HtmlNode& picture) const {
-    const HtmlAttribute* source = picture.Attribute(HtmlName::Src);
-    return source ? QString::fromStdString(PathOf(folder, source->Value()).string()) : QString();
+QString LaidOutPage::PicturePath(const PageBox& picture) const {
+    const HtmlAttribute* source = tree[picture.node].Attribute(HtmlName::Src);
+    if (!picture.generated && !source) return {};
+    const auto address = picture.generated ? picture.generated->text : source->Value();
+    return QString::fromStdString(PathOf(folder, address).string());
 }

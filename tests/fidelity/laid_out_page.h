@@ -14,7 +14,7 @@
 struct LaidOutPage {
     LaidOutPage(const std::filesystem::path& file, LineLayout& system, double width);
 
-    QString PicturePath(const HtmlNode& picture) const; // empty without one
+    QString PicturePath(const PageBox& picture) const; // empty without one
 
     std::filesystem::path folder;
     HtmlTree tree;

@@ -77,6 +77,7 @@ class BoxWriter {
 
     // A box may go on in the next zone.
     void AddBox(const PlacedBox& box, double left, double top) {
+        if (page_.boxes[box.box].node == noHtmlNode) return; // none of Chromium's elements
         const Edges edges{left, top, left + box.width, top + box.height};
         const int element = numbers_[page_.boxes[box.box].node];
         const auto [known, isNew] = boxes_.try_emplace(element, edges);

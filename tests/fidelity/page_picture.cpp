@@ -12,7 +12,7 @@ QImage PictureOf(LaidOutPage& page, int top, int height) {
     QPainter painter(&image);
     QtCanvas canvas(painter);
     const auto draw = [&](Canvas&, PageBoxId box, const Rect& place) {
-        const QString path = page.PicturePath(page.tree[page.boxes[box].node]);
+        const QString path = page.PicturePath(page.boxes[box]);
         const QImage picture(path);
         painter.drawImage(ToQRect(place), picture);
         return !picture.isNull();

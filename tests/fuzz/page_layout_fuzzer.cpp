@@ -63,7 +63,9 @@ struct PageLayout {
     explicit PageLayout(const Page& page)
         : fonts(system, page.styles, 1, 96), text(page.tree, page.styles, page.boxes, fonts),
           layouter(page.boxes, text, system, 1), flow(layouter) {
-        text.pictureSize = [](HtmlNodeId node) { return Size{int(node % 50), int(node % 40)}; };
+        text.pictureSize = [](const PageBox& box) {
+            return Size{int(box.node % 50), int(box.node % 40)};
+        };
     }
 
     CountedLayout system;

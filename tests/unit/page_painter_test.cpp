@@ -45,6 +45,56 @@ TEST_CASE("page painter: a background is below its text, and borders are around 
     CHECK(drawings.back().kind == Kind::Text);
 }
 
+TEST_CASE("page painter: an element in a line has its background and borders around its letters") {
+    const auto drawings =
+        Painted(u"aa<span style='background:#ff0000;border:1px solid #00ff00;padding:2px 4px;"
+                u"margin:0 3px'>bb</span>");
+    // It reaches out of its line, which is as high as the letters.
+    CHECK(Fills(drawings, 0x0000FF) == std::vector<Rect>{{19, 0, 26, 19}});
+    CHECK(Fills(drawings, 0x00FF00) ==
+          std::vector<Rect>{{19, 18, 26, 1}, {19, 0, 1, 19}, {44, 0, 1, 19}});
+}
+
+TEST_CASE("page painter: an element of two lines has its sides where it begins and ends") {
+    const auto drawings = Painted(u"<div style='line-height:40px'><span style='border:1px solid "
+                                  u"#00ff00'>aaaaaaa bbbbbbb</span>");
+    CHECK(Fills(drawings, 0x00FF00) == std::vector<Rect>{{0, 11, 57, 1},
+                                                         {0, 28, 57, 1},
+                                                         {0, 11, 1, 18},
+                                                         {0, 51, 57, 1},
+                                                         {0, 68, 57, 1},
+                                                         {56, 51, 1, 18}});
+}
+
+TEST_CASE("page painter: backgrounds in lines, one on the other, raised with their text") {
+    const auto drawings = Painted(u"<mark>a<b style='background:#ff0000'>b</b>c</mark>"
+                                  u"<span style='visibility:hidden;background:#00ff00'>d</span>");
+    CHECK(Fills(drawings, 0x00FFFF) == std::vector<Rect>{{0, 0, 24, 16}});
+    CHECK(Fills(drawings, 0x0000FF) == std::vector<Rect>{{8, 0, 8, 16}});
+    CHECK(Fills(drawings, 0x00FF00).empty());
+    const auto raised = Painted(u"<div style='line-height:40px'>a<span style='background:#ff0000;"
+                                u"position:relative;top:-5px'>b</span>");
+    CHECK(Fills(raised, 0x0000FF) == std::vector<Rect>{{8, 7, 8, 16}});
+}
+
+TEST_CASE("page painter: dotted, dashed and double borders") {
+    const auto bottom = [](const std::u16string& style, Rect clip = {0, 0, 100, 100}) {
+        return Fills(
+            Painted(u"<div style='width:20px;border-bottom:" + style + u" #00ff00'></div>", clip),
+            0x00FF00);
+    };
+    CHECK(bottom(u"4px dotted") == std::vector<Rect>{{0, 0, 4, 4}, {8, 0, 4, 4}, {16, 0, 4, 4}});
+    CHECK(bottom(u"4px dashed") == std::vector<Rect>{{0, 0, 8, 4}, {16, 0, 4, 4}});
+    CHECK(bottom(u"1px dashed").size() == 4);
+    CHECK(bottom(u"6px double") == std::vector<Rect>{{0, 0, 20, 2}, {0, 4, 20, 2}});
+    CHECK(bottom(u"2px double") == std::vector<Rect>{{0, 0, 20, 2}});
+    CHECK(bottom(u"4px dotted", {9, 0, 20, 20}) == std::vector<Rect>{{9, 0, 3, 4}, {16, 0, 4, 4}});
+    // Of one that is longer than any window only what is seen is drawn.
+    CHECK(Fills(Painted(u"<div style='height:90000000px;border-left:1px dotted #00ff00'></div>"),
+                0x00FF00)
+              .size() == 50);
+}
+
 TEST_CASE("page painter: nothing outside of what is to be drawn") {
     const std::u16string body = u"<div style='background:#ff0000;height:60px'>one</div>";
     CHECK(Fills(Painted(body, {10, 20, 30, 10}), 0x0000FF) == std::vector<Rect>{{10, 20, 30, 10}});

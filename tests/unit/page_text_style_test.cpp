@@ -79,6 +79,26 @@ TEST_CASE("page text: raised text is drawn where it is raised to, in its own siz
     CHECK(FirstHeight(u"a<span style='position:relative;top:-30px'>d</span>") == "16");
 }
 
+TEST_CASE("page text: a list of families is answered by the first one that is there") {
+    const auto family = [](const std::u16string& list) {
+        PageSample page(u"<p style=\"font-family:" + list + u"\">a");
+        const PageBoxId lines = page.boxes.FirstChild(page.boxes.FirstChild(rootPageBox));
+        const LinesText text = page.text.TextOf(lines);
+        return static_cast<const NoneStyle&>(*text.content->strut).Style().font.family;
+    };
+    CHECK(family(u"'None Mono'") == u"None Mono");
+    CHECK(family(u"Missing, 'none mono', serif") == u"none mono");
+    CHECK(family(u"Missing, 'Also missing', sans-serif, 'None Mono'") == u"None Sans");
+    CHECK(family(u"monospace") == u"None Mono");
+    CHECK(family(u"cursive") == u"None Cursive");
+    CHECK(family(u"fantasy") == u"None Fantasy");
+    CHECK(family(u"system-ui") == u"None Interface");
+    CHECK(family(u"'monospace', serif") == u"None Serif"); // a name, of nothing that is there
+    CHECK(family(u"ui-rounded, sans-serif") == u"None Sans");
+    CHECK(family(u"Missing") == u"None Serif");
+    CHECK(family(u"inherit") == u"None Serif"); // no list at all
+}
+
 TEST_CASE("page text: lines on text") {
     PageSample page(u"<s>a</s><u>b</u><span style='text-decoration:overline'>c</span>"
                     u"<u><s style='text-decoration:line-through overline'>d</s></u>");
@@ -99,15 +119,13 @@ TEST_CASE("page text: lines on text") {
 TEST_CASE("page text: what is marked has its background") {
     PageSample page(u"a<mark>b<i>c</i></mark>d");
     const LinesText text = page.text.TextOf(rootPageBox + 1);
-    const auto& runs = text.content->text.runs;
-    const auto background = [&](std::size_t run) {
-        return static_cast<const NoneStyle&>(*runs[run].style).Style().background;
-    };
-    REQUIRE(runs.size() == 4);
-    CHECK(!background(0));
-    CHECK(background(1) == 0x00FFFF);
-    CHECK(background(2) == 0x00FFFF);
-    CHECK(!background(3));
+    const auto& decorations = text.content->decorations;
+    REQUIRE(decorations.size() == 1);
+    CHECK(decorations[0].start == 1);
+    CHECK(decorations[0].end == 3);
+    CHECK(decorations[0].style->background.Bgr() == 0x00FFFF);
+    CHECK(decorations[0].begins);
+    CHECK(decorations[0].ends);
 }
 
 TEST_CASE("page text: cases") {

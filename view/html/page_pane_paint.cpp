@@ -37,7 +37,7 @@ void PagePane::Paint(Canvas& canvas, const Rect& clip) {
     const PagePlaces places(*page_, *shown_);
     PagePaint paint{shown_->Boxes(), look_.scale, shown_->TextColor(), clip, {}, {}, selection};
     paint.drawPicture = [this](Canvas& on, PageBoxId box, const Rect& where) {
-        return pictures_->Draw(on, shown_->Boxes()[box].node, where);
+        return pictures_->Draw(on, pictures_->PictureOf(shown_->Boxes()[box]), where);
     };
     if (SelStart() < SelEnd())
         paint.selectedUnits = [&](const InlineContent& content) {

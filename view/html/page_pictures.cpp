@@ -11,7 +11,7 @@ constexpr std::size_t maxKeptBytes = 32 << 20;
 // a colour profile.
 constexpr std::size_t headerBytes = 256 << 10;
 
-Picture PictureOf(HtmlNodeId image, std::string bytes) {
+Picture PictureFrom(HtmlNodeId image, std::string bytes) {
     Picture picture;
     picture.position = TextPos(image); // by which a store tells pictures apart
     picture.format = FormatOfPicture(bytes);
@@ -25,7 +25,17 @@ PagePictures::PagePictures(const LoadedPage& page, const PageFiles& files, Pictu
     store_.Clear();
 }
 
+HtmlNodeId PagePictures::PictureOf(const PageBox& box) {
+    if (!box.generated) return box.node;
+    const auto next = HtmlNodeId(page_.Tree().NodeCount() + 1 + addresses_.size());
+    const auto [number, isNew] = numbers_.try_emplace(box.generated->text, next);
+    if (isNew) addresses_.push_back(number->first);
+    return number->second;
+}
+
 std::u16string_view PagePictures::Address(HtmlNodeId image) const {
+    const std::size_t nodes = page_.Tree().NodeCount();
+    if (image > nodes) return addresses_[image - nodes - 1];
     const HtmlAttribute* source = page_.Tree()[image].Attribute(HtmlName::Src);
     return source ? source->Value() : std::u16string_view();
 }
@@ -33,7 +43,7 @@ std::u16string_view PagePictures::Address(HtmlNodeId image) const {
 Size PagePictures::NaturalSize(HtmlNodeId image) {
     const auto known = sizes_.find(image);
     if (known != sizes_.end()) return known->second;
-    const Picture picture = PictureOf(image, files_.ReadStart(Address(image), headerBytes));
+    const Picture picture = PictureFrom(image, files_.ReadStart(Address(image), headerBytes));
     return sizes_[image] = store_.NaturalSize(picture);
 }
 
@@ -43,7 +53,7 @@ const Picture& PagePictures::Read(HtmlNodeId image) {
         recent_.splice(recent_.begin(), recent_, kept);
         return recent_.front();
     }
-    recent_.push_front(PictureOf(image, files_.Read(Address(image), maxFileBytes)));
+    recent_.push_front(PictureFrom(image, files_.Read(Address(image), maxFileBytes)));
     bytes_ += recent_.front().bytes.size();
     while (recent_.size() > 1 && bytes_ > maxKeptBytes) {
         bytes_ -= recent_.back().bytes.size();

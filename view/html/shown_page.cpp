@@ -59,7 +59,9 @@ ShownPage::ShownPage(const LoadedPage& page, const std::vector<std::u16string>& 
       boxes_(BoxesOf(page.Tree(), styles_)), fonts_(lines, styles_, look.scale, look.dpi),
       text_(page.Tree(), styles_, boxes_, fonts_), layouter_(boxes_, text_, lines, look.scale),
       flow_(layouter_) {
-    text_.pictureSize = [&pictures](HtmlNodeId image) { return pictures.NaturalSize(image); };
+    text_.pictureSize = [&pictures](const PageBox& box) {
+        return pictures.NaturalSize(pictures.PictureOf(box));
+    };
     flow_.SetWidth(look.viewport.width);
 }
 

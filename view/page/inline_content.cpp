@@ -34,3 +34,8 @@ ParagraphText TextFrom(const InlineContent& content, TextPos start, TextPos end)
     part.tabDistance = whole.tabDistance;
     return part;
 }
+
+void SortBoxes(std::vector<InlineBox>& boxes) {
+    std::sort(boxes.begin(), boxes.end(),
+              [](const InlineBox& a, const InlineBox& b) { return a.at < b.at; });
+}

@@ -2,6 +2,7 @@
 // Positions are UTF-16 units of its text; lengths are device pixels.
 #pragma once
 
+#include "formats/css/css_style.h"
 #include "platform/line_layout.h"
 #include "view/page/float_context.h"
 
@@ -55,17 +56,28 @@ struct InlineClear {
     bool left = false, right = false;
 };
 
+// The background and the borders of an element within lines. What it takes beside its letters is in
+// its units.
+struct InlineDecoration {
+    TextPos start = 0, end = 0;
+    const CssBoxStyle* style = nullptr;
+    double ascent = 0, descent = 0;    // of its font
+    double raise = 0;                  // of its baseline above the block's
+    bool begins = false, ends = false; // there, and not in other lines before or behind
+};
+
 struct InlineContent {
     // Width and justification are set by the layout. Its boxes are `atoms`, its runs are of the
     // same text as `runs` but need not start at the same places.
     ParagraphText text;
-    std::vector<InlineRun> runs;       // ascending, the first at 0
-    std::vector<InlineAtom> atoms;     // ascending
-    std::vector<InlineFloat> floats;   // ascending
-    std::vector<InlineClear> clears;   // ascending
-    std::vector<InlineOrigin> origins; // ascending
-    std::vector<UnitSpan> hidden;      // ascending: they take their room, and are not drawn
-    StyleHandle strut;                 // of the block: no line is lower than its font
+    std::vector<InlineRun> runs;               // ascending, the first at 0
+    std::vector<InlineAtom> atoms;             // ascending
+    std::vector<InlineFloat> floats;           // ascending
+    std::vector<InlineClear> clears;           // ascending
+    std::vector<InlineOrigin> origins;         // ascending
+    std::vector<UnitSpan> hidden;              // ascending: they take their room, and are not drawn
+    std::vector<InlineDecoration> decorations; // ascending, the outer ones first
+    StyleHandle strut;                         // of the block: no line is lower than its font
     std::optional<double> strutLineHeight;
     double xHeight = 0;                    // of the block's font, for `Middle`
     Alignment alignment = Alignment::Left; // absolute
@@ -75,3 +87,4 @@ struct InlineContent {
 
 // The content from a unit on, as one of its own. There must be a run at 0.
 ParagraphText TextFrom(const InlineContent& content, TextPos start, TextPos end);
+void SortBoxes(std::vector<InlineBox>& boxes);

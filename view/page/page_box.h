@@ -9,6 +9,7 @@
 
 #include <memory>
 #include <optional>
+#include <unordered_map>
 #include <vector>
 
 using PageBoxId = std::uint32_t;
@@ -29,9 +30,10 @@ enum class PageBoxKind : std::uint8_t {
 
 struct PageBox {
     PageBoxKind kind = PageBoxKind::Block;
-    bool hasText = false;   // of Lines: it has a line
-    bool hasFloats = false; // of Lines
-    bool isTooLong = false; // to be laid out by itself
+    bool hasText = false;       // of Lines: it has a line
+    bool hasFloats = false;     // of Lines
+    bool isFirstLetter = false; // of Lines: they are a floating first letter of those around
+    bool isTooLong = false;     // to be laid out by itself
     // Lines or a table that is too long are several, one behind the other: not the first of them;
     // of tables also not the last one.
     bool continues = false, isContinued = false;
@@ -46,6 +48,8 @@ struct PageBox {
     std::int32_t number = 0; // of a list's item
     const CssInheritedStyle* text = nullptr;
     const CssBoxStyle* style = nullptr;
+    // Of a Picture that stands before or behind what is in its node; null: the node is the picture.
+    const CssContentItem* generated = nullptr;
 };
 
 // It takes no room where it stands. What a page fixes to the window stands in its text here, where
@@ -63,6 +67,12 @@ class PageNumbers {
   public:
     virtual ~PageNumbers() = default;
     virtual std::optional<int> Number(PageBoxId box, HtmlName attribute) = 0; // nothing for none
+};
+
+// The first letter of a block that has a style for it: units of a text.
+struct PageFirstLetter {
+    HtmlNodeId block = noHtmlNode;
+    std::uint32_t start = 0, end = 0;
 };
 
 class PageBoxes {
@@ -84,13 +94,19 @@ class PageBoxes {
         return box;
     }
 
+    // Null for a text without one.
+    const PageFirstLetter* FirstLetterIn(HtmlNodeId text) const {
+        const auto found = firstLetters_.find(text);
+        return found == firstLetters_.end() ? nullptr : &found->second;
+    }
+
     // The box whose background is that of all the canvas, and not its own: the root, or the page's
     // body where the root has none (CSS 2.1, 14.2).
     PageBoxId CanvasBox() const { return canvas_; }
     CssColor CanvasBackground() const { return boxes_[canvas_].style->background; }
 
   private:
-    friend class PageBoxBuilder;
+    friend class PageBoxStack;
     bool GoesOn(PageBoxId lines, HtmlNodeId text, std::size_t unit) const {
         const PageBox& box = boxes_[lines];
         return box.continues && box.first == text && box.firstUnit > 0 && box.firstUnit <= unit;
@@ -99,6 +115,7 @@ class PageBoxes {
     PageBoxId canvas_ = rootPageBox;
     std::vector<PageBox> boxes_{1}; // the first stands for the window: around the root
     std::vector<PageBoxId> boxOfNode_;
+    std::unordered_map<HtmlNodeId, PageFirstLetter> firstLetters_;
     // Those that differ from their elements'.
     std::shared_ptr<CssPool<CssBoxStyle>> styles_ = std::make_shared<CssPool<CssBoxStyle>>();
 };

@@ -1,5 +1,7 @@
 #include "view/page/page_fonts.h"
 
+#include "view/page/font_families.h"
+
 namespace {
 constexpr int boldFrom = 600;         // of the weights that fonts have, the nearest of two
 constexpr double smallCapitals = 0.7; // of the font's size, where it has none of its own
@@ -17,15 +19,17 @@ double PageFonts::TabDistance(const CssInheritedStyle& style) {
     return tabSpaces * (space + Pixels(style.letterSpacing) + Pixels(style.wordSpacing));
 }
 
-TextStyle PageFonts::StyleOf(const CssInheritedStyle& style, const PageTextUse& use) const {
+const std::u16string& PageFonts::Family(std::uint32_t families) {
+    const auto [family, isNew] = families_.try_emplace(families);
+    if (isNew) family->second = FamilyOf(styles_.Families(families), lines_);
+    return family->second;
+}
+
+TextStyle PageFonts::StyleOf(const CssInheritedStyle& style, const PageTextUse& use) {
     TextStyle text;
-    for (const CssFontFamily& family : styles_.Families(style.families)) {
-        text.font.family = family.name;
-        break;
-    }
+    text.font.family = Family(style.families);
     text.font.points = style.fontSize * scale_ * 72 / dpi_;
     text.raise = use.raise;
-    text.background = use.background;
     text.letterSpacing = Pixels(style.letterSpacing);
     text.wordSpacing = Pixels(style.wordSpacing);
     if (use.smallCapital) text.font.points *= smallCapitals;

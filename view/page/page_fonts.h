@@ -11,7 +11,6 @@
 struct PageTextUse {
     double raise = 0; // of its baseline above that of the lines, in device pixels
     bool smallCapital = false;
-    std::optional<Color> background;
     auto operator<=>(const PageTextUse&) const = default;
 };
 
@@ -30,10 +29,12 @@ class PageFonts {
     double Pixels(float css) const { return css * scale_; }
 
   private:
-    TextStyle StyleOf(const CssInheritedStyle& style, const PageTextUse& use) const;
+    TextStyle StyleOf(const CssInheritedStyle& style, const PageTextUse& use);
+    const std::u16string& Family(std::uint32_t families);
 
     LineLayout& lines_;
     const CssPageStyles& styles_;
     double scale_, dpi_;
+    std::map<std::uint32_t, std::u16string> families_; // of each list
     std::map<std::pair<const CssInheritedStyle*, PageTextUse>, StyleHandle> prepared_;
 };

@@ -1,11 +1,13 @@
 #include "view/page/page_painter.h"
 
+#include "view/page/border_painter.h"
+#include "view/page/decoration_painter.h"
+
 #include <algorithm>
 #include <cmath>
 
 namespace {
 constexpr Color missingPicture = 0xA0A0A0;
-constexpr std::uint8_t halfOpaque = 128;
 
 int Rounded(double length) {
     return int(std::lround(std::clamp(length, -1e8, 1e8)));
@@ -15,12 +17,6 @@ int Rounded(double length) {
 Rect Pixels(double left, double top, double width, double height) {
     const int x = Rounded(left), y = Rounded(top);
     return {x, y, Rounded(left + width) - x, Rounded(top + height) - y};
-}
-
-Rect Clipped(const Rect& box, const Rect& clip) {
-    const int left = std::max(box.left, clip.left), top = std::max(box.top, clip.top);
-    return {left, top, std::min(Right(box), Right(clip)) - left,
-            std::min(Bottom(box), Bottom(clip)) - top};
 }
 
 class FragmentPainter {
@@ -45,28 +41,14 @@ class FragmentPainter {
         return top < Bottom(paint_.clip) && top + height >= paint_.clip.top;
     }
 
-    void Fill(const Rect& box, CssColor color) const {
-        if (color.alpha < halfOpaque) return;
-        const Rect seen = Clipped(box, paint_.clip);
-        if (seen.width > 0 && seen.height > 0) canvas_.FillRect(seen, color.Bgr());
-    }
+    BoxPaint Boxes() const { return {canvas_, paint_.clip, paint_.scale}; }
 
     void PaintBox(const PlacedBox& placed, double left, double top) const {
         if (IsHidden(paint_.boxes[placed.box])) return;
         const CssBoxStyle& style = *paint_.boxes[placed.box].style;
         const Rect box = Pixels(left + placed.left, top + placed.top, placed.width, placed.height);
-        if (placed.box != paint_.boxes.CanvasBox()) Fill(box, style.background);
-        const auto width = [&](CssSide side) {
-            const float css = style.borderWidth[side];
-            return css > 0 ? std::max(1, Rounded(css * paint_.scale)) : 0;
-        };
-        const int above = placed.beginsAbove ? 0 : width(cssTop);
-        const int below = placed.endsBelow ? 0 : width(cssBottom);
-        Fill({box.left, box.top, box.width, above}, style.borderColor[cssTop]);
-        Fill({box.left, Bottom(box) - below, box.width, below}, style.borderColor[cssBottom]);
-        Fill({box.left, box.top, width(cssLeft), box.height}, style.borderColor[cssLeft]);
-        Fill({Right(box) - width(cssRight), box.top, width(cssRight), box.height},
-             style.borderColor[cssRight]);
+        if (placed.box != paint_.boxes.CanvasBox()) FillBox(Boxes(), box, style.background);
+        PaintBorders(Boxes(), style, box, {!placed.beginsAbove, true, !placed.endsBelow, true});
     }
 
     void PaintLines(const PlacedLines& placed, double left, double top) const {
@@ -81,6 +63,7 @@ class FragmentPainter {
                    double left, double top) const {
         const InlinePiece& piece = placed.layout.pieces[line.piece];
         const int x = Rounded(left + line.left), baseline = Rounded(top + line.baseline);
+        PaintDecorations(Boxes(), placed, line, left, top);
         const std::vector<Rect> hidden = HiddenRegion(placed, line, left, top);
         const std::vector<Rect> region = SelectedRegion(piece, line, selected, left, top);
         std::vector<Rect> without = hidden;

@@ -21,8 +21,8 @@ class PageText : public PageContent {
     std::shared_ptr<const InlineContent> MarkerOf(PageBoxId item) override;
     std::optional<int> Number(PageBoxId box, HtmlName attribute) override;
 
-    // Of a picture's element, in CSS pixels.
-    std::function<Size(HtmlNodeId)> pictureSize;
+    // In CSS pixels.
+    std::function<Size(const PageBox&)> pictureSize;
 
   private:
     std::shared_ptr<InlineContent> PlainContent(const PageBox& box, std::u16string_view text);

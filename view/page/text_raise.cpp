@@ -2,7 +2,6 @@
 
 namespace {
 constexpr double xHeight = 1.0 / 2; // of the font's size
-constexpr std::uint8_t halfOpaque = 128;
 
 // A line height without one of its own: what most fonts have, for a percentage of it.
 constexpr double normalLineHeight = 1.2;
@@ -44,6 +43,4 @@ double Shift(const CssBoxStyle& box, PageFonts& fonts) {
 void AddOwnPlace(CssStyle element, CssStyle parent, PageFonts& fonts, TextPlace& place) {
     place.raise += Raise(element, parent, fonts);
     place.shift += Shift(*element.box, fonts);
-    const CssColor& background = element.box->background;
-    if (!place.background && background.alpha >= halfOpaque) place.background = background.Bgr();
 }

@@ -1,5 +1,5 @@
 // Where a text stands that is in inline elements: how far above the baseline of its lines (CSS 2.1,
-// 10.8.1), and on what background.
+// 10.8.1).
 #pragma once
 
 #include "view/page/page_fonts.h"
@@ -12,7 +12,6 @@ constexpr double superscript = 1.0 / 3, subscript = 1.0 / 5;
 struct TextPlace {
     double raise = 0; // for which its line makes room
     double shift = 0; // upwards as well, for which it does not
-    std::optional<Color> background;
 };
 
 // Adds what one inline element does, from the innermost one outwards.

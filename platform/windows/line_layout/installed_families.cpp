@@ -34,6 +34,23 @@ const std::vector<InstalledFamily>& InstalledFamilies() {
     return families;
 }
 
+bool IsInstalledFamily(const std::wstring& family) {
+    LOGFONTW asked = {};
+    asked.lfCharSet = DEFAULT_CHARSET;
+    if (family.empty() || family.size() >= LF_FACESIZE) return false; // an empty one is any
+    family.copy(asked.lfFaceName, LF_FACESIZE - 1);
+    bool found = false;
+    const auto report = [](const LOGFONTW*, const TEXTMETRICW*, DWORD type, LPARAM found) -> int {
+        const bool hasOutlines = (type & RASTER_FONTTYPE) == 0;
+        *reinterpret_cast<bool*>(found) |= hasOutlines;
+        return hasOutlines ? 0 : 1;
+    };
+    const HDC screen = GetDC(nullptr);
+    EnumFontFamiliesExW(screen, &asked, report, reinterpret_cast<LPARAM>(&found), 0);
+    ReleaseDC(nullptr, screen);
+    return found;
+}
+
 // Each text is "FILE,Family" or "FILE,Family,factor,factor", or a file alone, whose family stands
 // in none.
 std::vector<std::wstring> LinkedFamilies(const std::wstring& family) {

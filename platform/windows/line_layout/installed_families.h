@@ -15,6 +15,9 @@ struct InstalledFamily {
 // Those with outlines. Asked of the system once; a font installed later is not among them.
 const std::vector<InstalledFamily>& InstalledFamilies();
 
+// Whether GDI has an outline font by that name, also one that it knows by another name.
+bool IsInstalledFamily(const std::wstring& family);
+
 // The families that the system's font linking gives to one, in its order; they need not be
 // installed.
 std::vector<std::wstring> LinkedFamilies(const std::wstring& family);

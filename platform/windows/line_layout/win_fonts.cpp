@@ -1,12 +1,20 @@
 #include "platform/windows/line_layout/win_fonts.h"
 
+#include "platform/windows/base/text.h"
+#include "platform/windows/line_layout/installed_families.h"
+
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 namespace {
 
 constexpr int maxHeight = 4'000;       // pixels; GDI takes no more for its bitmaps
 constexpr std::size_t maxUnused = 256; // fonts kept though no style has them
+
+std::wstring MessageFamily(double dpi) {
+    return NonClientMetricsForDpi(static_cast<int>(dpi)).lfMessageFont.lfFaceName;
+}
 
 LOGFONTW Describe(const TextFont& font, double dpi) {
     constexpr double pointsPerInch = 72;
@@ -18,8 +26,7 @@ LOGFONTW Describe(const TextFont& font, double dpi) {
     described.lfCharSet = DEFAULT_CHARSET;
     described.lfQuality = CLEARTYPE_NATURAL_QUALITY;
     if (font.family.empty()) {
-        const NONCLIENTMETRICSW metrics = NonClientMetricsForDpi(static_cast<int>(dpi));
-        std::copy_n(metrics.lfMessageFont.lfFaceName, LF_FACESIZE, described.lfFaceName);
+        MessageFamily(dpi).copy(described.lfFaceName, LF_FACESIZE - 1);
     } else {
         const std::size_t length = std::min<std::size_t>(font.family.size(), LF_FACESIZE - 1);
         std::copy_n(font.family.begin(), length, described.lfFaceName);
@@ -27,7 +34,35 @@ LOGFONTW Describe(const TextFont& font, double dpi) {
     return described;
 }
 
+// Those that come with Windows first; the others are for systems that stand in for it.
+std::span<const wchar_t* const> FamiliesOf(GenericFamily kind) {
+    static constexpr const wchar_t* serif[] = {L"Times New Roman", L"Liberation Serif",
+                                               L"DejaVu Serif", L"Noto Serif"};
+    static constexpr const wchar_t* sans[] = {L"Arial", L"Liberation Sans", L"DejaVu Sans",
+                                              L"Noto Sans", L"Tahoma"};
+    static constexpr const wchar_t* mono[] = {L"Consolas", L"Courier New", L"Liberation Mono",
+                                              L"DejaVu Sans Mono"};
+    static constexpr const wchar_t* cursive[] = {L"Comic Sans MS"};
+    static constexpr const wchar_t* fantasy[] = {L"Impact"};
+    switch (kind) {
+    case GenericFamily::Serif: return serif;
+    case GenericFamily::SansSerif: return sans;
+    case GenericFamily::Monospace: return mono;
+    case GenericFamily::Cursive: return cursive;
+    case GenericFamily::Fantasy: return fantasy;
+    case GenericFamily::SystemUi: break;
+    }
+    return {};
+}
+
 } // namespace
+
+std::u16string WinFonts::FamilyOf(GenericFamily kind) const {
+    const auto families = FamiliesOf(kind);
+    const auto found = std::find_if(families.begin(), families.end(), IsInstalledFamily);
+    const std::wstring family = found == families.end() ? MessageFamily(dpi_) : *found;
+    return FromWide(family);
+}
 
 void WinFonts::SetResolution(double dpi) {
     dpi_ = dpi;

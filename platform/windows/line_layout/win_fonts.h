@@ -21,6 +21,7 @@ class WinFonts {
     FontFallback& Fallback() { return fallback_; }
 
     void SetResolution(double dpi);
+    std::u16string FamilyOf(GenericFamily) const;
     std::shared_ptr<const WinStyle> Prepare(const TextStyle&);
     // In the size and weight of another one.
     ShapingFontPtr WithFamily(const ShapingFont&, const std::wstring& family);

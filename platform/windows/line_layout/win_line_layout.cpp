@@ -1,5 +1,7 @@
 #include "platform/windows/line_layout/win_line_layout.h"
 
+#include "platform/windows/base/text.h"
+#include "platform/windows/line_layout/installed_families.h"
 #include "platform/windows/line_layout/win_text_lines.h"
 
 FontMetrics WinLineLayout::Metrics(const PreparedStyle& style) const {
@@ -10,6 +12,10 @@ FontMetrics WinLineLayout::Metrics(const PreparedStyle& style) const {
     metrics.leading = font.leading;
     metrics.spaceWidth = font.spaceWidth;
     return metrics;
+}
+
+bool WinLineLayout::IsInstalled(std::u16string_view family) {
+    return IsInstalledFamily(ToWide(family));
 }
 
 std::unique_ptr<TextLines> WinLineLayout::BreakLines(const ParagraphText& paragraph) {

@@ -6,6 +6,8 @@
 class WinLineLayout : public LineLayout {
   public:
     void SetResolution(double dpi) override { fonts_.SetResolution(dpi); }
+    bool IsInstalled(std::u16string_view family) override;
+    std::u16string FamilyOf(GenericFamily family) override { return fonts_.FamilyOf(family); }
     StyleHandle Prepare(const TextStyle& style) override { return fonts_.Prepare(style); }
     FontMetrics Metrics(const PreparedStyle&) const override;
     // Its canvas is a WinCanvas.

@@ -1,6 +1,7 @@
 #include "platform/qt/text_view/line_layout/qt_line_layout.h"
 
 #include "platform/qt/qt_color.h"
+#include "platform/qt/text_view/line_layout/installed_families.h"
 #include "platform/qt/text_view/line_layout/qt_text_lines.h"
 
 #include <QFontInfo>
@@ -80,6 +81,14 @@ double FontLetterSpacing(const QPaintDevice& device, double pixels) {
 void QtLineLayout::SetResolution(double dpi) {
     screen_.setDotsPerMeterX(qRound(dpi / metresPerInch));
     screen_.setDotsPerMeterY(qRound(dpi / metresPerInch));
+}
+
+bool QtLineLayout::IsInstalled(std::u16string_view family) {
+    return IsInstalledFamily(QString::fromUtf16(family.data(), qsizetype(family.size())));
+}
+
+std::u16string QtLineLayout::FamilyOf(GenericFamily family) {
+    return FamilyOfKind(family).toStdU16String();
 }
 
 StyleHandle QtLineLayout::Prepare(const TextStyle& style) {

@@ -28,6 +28,8 @@ class QtStyle : public PreparedStyle {
 class QtLineLayout : public LineLayout {
   public:
     void SetResolution(double dpi) override;
+    bool IsInstalled(std::u16string_view family) override;
+    std::u16string FamilyOf(GenericFamily family) override;
     StyleHandle Prepare(const TextStyle& style) override;
     FontMetrics Metrics(const PreparedStyle& style) const override;
     std::unique_ptr<TextLines> BreakLines(const ParagraphText& paragraph) override;

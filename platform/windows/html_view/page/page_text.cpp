@@ -81,12 +81,12 @@ std::optional<std::u16string> HtmlOf(const PageRange& range) {
     return FromWide(source.View());
 }
 
-std::optional<PagePlace> PlaceOf(const PageRange& range) {
+std::optional<TextPoint> PlaceOf(const PageRange& range) {
     const auto metrics = Query<IHTMLTextRangeMetrics>(range);
     long left = 0, top = 0;
     if (!metrics || FAILED(metrics->get_offsetLeft(&left)) || FAILED(metrics->get_offsetTop(&top)))
         return std::nullopt;
-    return PagePlace{static_cast<int>(left), static_cast<int>(top)};
+    return TextPoint{static_cast<int>(left), static_cast<int>(top)};
 }
 
 std::optional<int> HeightOf(const PageRange& range) {

@@ -6,7 +6,7 @@
 #include "platform/windows/html_view/page/page_document.h"
 
 // CSS pixels from the top left of the view.
-struct PagePlace {
+struct TextPoint {
     int left = 0, top = 0;
 };
 
@@ -18,7 +18,7 @@ std::optional<TextPos> StartOf(const PageRange&);
 std::optional<PageSpan> SpanOf(const PageRange&);
 std::optional<std::u16string> TextOf(const PageRange&); // U+000A for every break
 std::optional<std::u16string> HtmlOf(const PageRange&);
-std::optional<PagePlace> PlaceOf(const PageRange&); // of its first line
+std::optional<TextPoint> PlaceOf(const PageRange&); // of its first line
 std::optional<int> HeightOf(const PageRange&);      // CSS pixels, of all its lines
 bool SelectRange(const PageRange&);
 bool HasTextAfterStart(const PageRange&);

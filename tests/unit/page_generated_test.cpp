@@ -1,0 +1,55 @@
+// What `content` puts before and behind the elements of a page.
+#include "tests/unit/page_sample.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+// Every picture is 10 by 20 pixels; those that were asked for are in the list.
+struct WithPictures {
+    explicit WithPictures(const std::u16string& body) : page(body) {
+        page.text.pictureSize = [this](const PageBox& box) {
+            if (!box.generated) return Size{10, 20};
+            if (box.generated->text == u"missing.png") return Size{};
+            addresses += box.generated->text + u" ";
+            return Size{10, 20};
+        };
+    }
+    PageSample page;
+    std::u16string addresses;
+};
+
+constexpr const char16_t* sheet =
+    u"<style>.b::before{content:url(b.png)}.a:after{content:'<' url(a.png) '>'}"
+    u".m::after{content:url(missing.png)}</style>";
+
+std::string Lines(const std::u16string& body) {
+    return WithPictures(sheet + body).page.Lines(400);
+}
+} // namespace
+
+TEST_CASE("generated: a picture stands before or behind what is in its element") {
+    CHECK(Lines(u"<p class=b style='margin:0'>one") == "0,0 #one");
+    CHECK(Lines(u"<p class=a style='margin:0'>one") == "0,0 one<#>");
+    CHECK(Lines(u"x<span class='a b'>one <img> two</span>y") == "0,0 x#one # two<#>y");
+    CHECK(Lines(u"x<span class='a b'></span>y") == "0,0 x#<#>y");
+    CHECK(Lines(u"<p class=b style='margin:0'></p>") == "0,0 #");
+}
+
+TEST_CASE("generated: a picture takes its room") {
+    CHECK(Lines(u"<div style='float:right' class=b></div>aa") == "0,0 aa|390,0 #");
+    CHECK(Lines(u"<div style='float:right' class=a></div>aa") == "0,0 aa|374,0 <#>");
+    CHECK(Lines(u"<div class=b>one</div>two") == "0,0 #one|0,23 two"); // 20 above the baseline
+    CHECK(Lines(u"<div class=m>one</div>two") == "0,0 one#|0,16 two");
+}
+
+TEST_CASE("generated: pictures are those of their rules") {
+    WithPictures sample(sheet + std::u16string(u"<p class='a b'>one <b class=b>two"));
+    sample.page.Lines(400);
+    CHECK(sample.addresses.find(u"b.png b.png a.png") != sample.addresses.npos);
+}
+
+TEST_CASE("generated: what elements have of their own is theirs where content has pictures") {
+    PageSample page(u"<style>b:before{content:url(x.png)}</style>"
+                    u"<p>one <b>two <img src=y.png></b> <i>three</i>");
+    CHECK(page.Boxes() == "Block(Block(Block(Lines[one #two # three](Picture Picture))))");
+}

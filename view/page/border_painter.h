@@ -1,0 +1,19 @@
+// Paints backgrounds and borders of boxes.
+#pragma once
+
+#include "formats/css/css_style.h"
+#include "platform/canvas.h"
+
+struct BoxPaint {
+    Canvas& canvas;
+    Rect clip;        // nothing is drawn outside
+    double scale = 1; // device pixels of one of CSS
+};
+
+Rect Clipped(const Rect& box, const Rect& clip);
+// What is less than half opaque is not drawn.
+bool IsDrawn(CssColor color);
+void FillBox(const BoxPaint& paint, const Rect& box, CssColor color);
+// Within the box, on the sides that are shown: a box that goes on elsewhere has none there.
+void PaintBorders(const BoxPaint& paint, const CssBoxStyle& style, const Rect& box,
+                  const CssSides<bool>& shown = {true, true, true, true});

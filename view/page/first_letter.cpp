@@ -1,0 +1,52 @@
+#include "view/page/first_letter.h"
+
+#include "formats/html/html_units.h"
+
+#include <algorithm>
+
+namespace {
+struct Range {
+    char16_t first, last;
+};
+// Of punctuation, in texts with letters that a sheet would make larger.
+constexpr Range punctuation[] = {
+    {u'!', u'#'},           {u'%', u'*'},           {u',', u'/'},           {u':', u';'},
+    {u'?', u'@'},           {u'[', u']'},           {u'_', u'_'},           {u'{', u'{'},
+    {u'}', u'}'},           {u'\u00A1', u'\u00A1'}, {u'\u00A7', u'\u00A7'}, {u'\u00AB', u'\u00AB'},
+    {u'\u00B6', u'\u00B7'}, {u'\u00BB', u'\u00BB'}, {u'\u00BF', u'\u00BF'}, {u'\u2010', u'\u2027'},
+    {u'\u2030', u'\u205E'}, {u'\u3001', u'\u3003'}, {u'\u3008', u'\u3011'}};
+
+bool IsPunctuation(char16_t unit) {
+    return std::any_of(std::begin(punctuation), std::end(punctuation), [&](const Range& range) {
+        return unit >= range.first && unit <= range.last;
+    });
+}
+
+std::size_t BehindPunctuation(std::u16string_view text, std::size_t at) {
+    while (at < text.size() && IsPunctuation(text[at]))
+        ++at;
+    return at;
+}
+
+bool IsCombiningMark(char16_t unit) {
+    return unit >= 0x300 && unit <= 0x36F;
+}
+
+bool IsHighSurrogate(char16_t unit) {
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
+} // namespace
+
+LetterSpan FindFirstLetter(std::u16string_view text) {
+    LetterSpan span;
+    while (span.start < text.size() && IsHtmlSpace(text[span.start]))
+        ++span.start;
+    span.end = BehindPunctuation(text, span.start);
+    if (span.end < text.size() && !IsHtmlSpace(text[span.end])) {
+        span.end += IsHighSurrogate(text[span.end]) && span.end + 1 < text.size() ? 2 : 1;
+        while (span.end < text.size() && IsCombiningMark(text[span.end]))
+            ++span.end;
+        span.end = BehindPunctuation(text, span.end);
+    }
+    return span;
+}

@@ -1,0 +1,187 @@
+#include "view/page/inline_writer.h"
+
+#include "common/find_text.h"
+#include "common/text.h"
+#include "formats/html/html_units.h"
+#include "view/layout_cost.h"
+#include "view/page/text_case.h"
+#include "view/page/text_cut.h"
+
+#include <utility>
+
+namespace {
+constexpr char16_t lineSeparator = u'\u2028', objectReplacement = u'\uFFFC';
+// Neither is of the page's text: both keep a line from breaking.
+constexpr char16_t noBreakSpace = u'\u00A0', wordJoiner = u'\u2060';
+
+bool Wraps(CssWhiteSpace whiteSpace) {
+    return whiteSpace != CssWhiteSpace::NoWrap && whiteSpace != CssWhiteSpace::Pre;
+}
+
+Alignment AlignmentOf(const CssInheritedStyle& style) {
+    const bool rightToLeft = style.direction == CssDirection::RightToLeft;
+    switch (style.textAlign) {
+    case CssTextAlign::Left:
+    case CssTextAlign::HtmlLeft: return Alignment::Left;
+    case CssTextAlign::Right:
+    case CssTextAlign::HtmlRight: return Alignment::Right;
+    case CssTextAlign::Center:
+    case CssTextAlign::HtmlCenter: return Alignment::Center;
+    case CssTextAlign::Justify: return Alignment::Justified;
+    case CssTextAlign::End: return rightToLeft ? Alignment::Left : Alignment::Right;
+    default: return rightToLeft ? Alignment::Right : Alignment::Left;
+    }
+}
+
+bool GoesOn(const InlineOrigin& before, const InlineOrigin& origin) {
+    const auto distance = std::uint32_t(origin.start - before.start);
+    return before.node == origin.node &&
+           (origin.node == noHtmlNode || before.unit + distance == origin.unit);
+}
+
+// In the place of one that begins there, or behind it by a space that went.
+template <typename Run, typename Equal>
+void AddRun(std::vector<Run>& runs, Run run, Equal equal) {
+    if (runs.back().start >= run.start)
+        runs.back() = std::move(run);
+    else if (!equal(runs.back(), run))
+        runs.push_back(std::move(run));
+}
+} // namespace
+
+InlineWriter::InlineWriter(PageFonts& fonts, const CssInheritedStyle& style) : fonts_(fonts) {
+    Content().strut = fonts_.Of(style);
+    Content().strutLineHeight = fonts_.LineHeight(style);
+    Content().xHeight = fonts_.Pixels(style.fontSize) / 2;
+    Content().text.rightToLeft = style.direction == CssDirection::RightToLeft;
+    Content().wraps = Wraps(style.whiteSpace);
+    Content().alignment = AlignmentOf(style);
+    Content().text.tabDistance = fonts_.TabDistance(style);
+    Content().text.runs = {{0, Content().strut}};
+    Content().runs = {{0, Content().strut, Content().strutLineHeight, 0}};
+}
+
+void InlineWriter::AddControls(std::u16string_view controls) {
+    for (const char16_t control : controls)
+        AddUnit(control, 0);
+}
+
+void InlineWriter::AddBreak(std::size_t unit) {
+    RemoveTrailingSpace();
+    AddUnit(lineSeparator, unit);
+    whiteSpaceEnds_ = true;
+}
+
+// One that stands for a unit of the node that is read.
+void InlineWriter::AddUnit(char16_t shown, std::size_t unit) {
+    auto& origins = Content().origins;
+    const InlineOrigin origin{Length(), node_, std::uint32_t(unit)};
+    if (origins.empty() || !GoesOn(origins.back(), origin)) origins.push_back(origin);
+    Text() += shown;
+}
+
+void InlineWriter::AddText(std::u16string_view text, const CssInheritedStyle& style,
+                           const TextPlace& place, std::size_t from) {
+    StartRun(style, place, false);
+    const TextPos start = Length();
+    const bool keepsSpaces = KeepsSpaces(style.whiteSpace);
+    const bool keepsBreaks = KeepsBreaks(style.whiteSpace);
+    const bool wraps = WrapsIn(style);
+    for (std::size_t i = from; i < text.size(); ++i) {
+        const char16_t unit = text[i];
+        if (unit == u'\n' && keepsBreaks) {
+            if (keepsSpaces)
+                AddUnit(lineSeparator, i);
+            else
+                AddBreak(i);
+            whiteSpaceEnds_ = true;
+        } else if (!keepsSpaces && IsHtmlSpace(unit)) {
+            if (!whiteSpaceEnds_) AddUnit(wraps ? u' ' : noBreakSpace, i);
+            whiteSpaceEnds_ = true;
+        } else {
+            if (!wraps && i > from) JoinWords(unit);
+            AddLetter(unit, i, style, place);
+            whiteSpaceEnds_ = false;
+        }
+    }
+    if (style.visibility != CssVisibility::Visible) Hide(start);
+}
+
+void InlineWriter::AddGap(int width, bool isStart) {
+    node_ = noHtmlNode;
+    if (!whiteSpaceEnds_) AddUnit(wordJoiner, 0);
+    Content().text.boxes.push_back({Length(), width});
+    AddUnit(objectReplacement, 0);
+    if (isStart) AddUnit(wordJoiner, 0);
+}
+
+void InlineWriter::AddObject(const CssInheritedStyle& block, HtmlNodeId node, bool joins,
+                             bool isFollowed) {
+    StartRun(block, {}, false);
+    if (joins && !Text().empty() && Text().back() != u' ') AddUnit(wordJoiner, 0);
+    node_ = node;
+    AddUnit(objectReplacement, 0);
+    node_ = noHtmlNode;
+    if (joins && isFollowed) AddUnit(wordJoiner, 0);
+    whiteSpaceEnds_ = false;
+}
+
+void InlineWriter::Hide(TextPos start) {
+    auto& hidden = Content().hidden;
+    if (start >= Length()) return;
+    if (!hidden.empty() && hidden.back().end >= start)
+        hidden.back().end = Length();
+    else
+        hidden.push_back({start, Length()});
+}
+
+bool InlineWriter::WrapsIn(const CssInheritedStyle& style) const {
+    return !content_->wraps || Wraps(style.whiteSpace);
+}
+
+void InlineWriter::AddLetter(char16_t unit, std::size_t number, const CssInheritedStyle& style,
+                             const TextPlace& place) {
+    char16_t shown = TransformedUnit(unit, style.textTransform, Text());
+    if (style.fontCaps == CssFontCaps::Small) {
+        const char16_t capital = FoldCase(shown);
+        StartRun(style, place, capital != shown);
+        shown = capital;
+    }
+    AddUnit(shown, number);
+}
+
+void InlineWriter::StartRun(const CssInheritedStyle& style, const TextPlace& place,
+                            bool smallCapital) {
+    const PageTextUse use{place.raise + place.shift, smallCapital};
+    AddRun(Content().text.runs, StyledRun{Length(), fonts_.Of(style, use)},
+           [](const StyledRun& a, const StyledRun& b) { return a.style == b.style; });
+    AddRun(Content().runs,
+           InlineRun{Length(), fonts_.Of(style), fonts_.LineHeight(style), place.raise},
+           [](const InlineRun& a, const InlineRun& b) {
+               return a.font == b.font && a.lineHeight == b.lineHeight && a.raise == b.raise;
+           });
+}
+
+// Where a line could break between two that are no letters of a word.
+void InlineWriter::JoinWords(char16_t next) {
+    const auto isLetter = [](char16_t unit) { return unit < 0x250 && IsWordUnit(unit); };
+    const char16_t before = Text().empty() ? u' ' : Text().back();
+    if (before == u' ' || before == noBreakSpace || (isLetter(before) && isLetter(next))) return;
+    const HtmlNodeId node = std::exchange(node_, noHtmlNode);
+    AddUnit(wordJoiner, 0);
+    node_ = node;
+}
+
+void InlineWriter::RemoveTrailingSpace() {
+    if (!whiteSpaceEnds_ || Text().empty()) return;
+    if (Text().back() != u' ' && Text().back() != noBreakSpace) return;
+    Text().pop_back();
+    auto& origins = Content().origins;
+    if (!origins.empty() && origins.back().start >= Length()) origins.pop_back();
+}
+
+std::shared_ptr<InlineContent> InlineWriter::Finish() {
+    RemoveTrailingSpace();
+    TruncateClusters(Text());
+    return std::move(content_);
+}

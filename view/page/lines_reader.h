@@ -1,0 +1,51 @@
+// Reads the text of a block's lines from the page's elements, in document order.
+#pragma once
+
+#include "view/page/generated_text.h"
+#include "view/page/inline_writer.h"
+#include "view/page/page_layouter.h"
+
+class LinesReader {
+  public:
+    // The arguments must outlive this object.
+    LinesReader(const HtmlTree& tree, const CssPageStyles& styles, const PageBoxes& boxes,
+                PageFonts& fonts, PageBoxId lines);
+
+    LinesText Read();
+
+  private:
+    void ReadFrom(HtmlNodeId id);
+    void AddUpTo(HtmlNodeId text, std::size_t from, std::size_t end);
+    void AddUnits(HtmlNodeId text, std::size_t from, std::size_t end);
+    void AddFirstLetter(HtmlNodeId text, const PageFirstLetter& letter);
+    bool Enter(HtmlNodeId id);
+    void Leave(HtmlNodeId element, HtmlNodeId next);
+    void AddControls(std::u16string_view controls);
+    void AddClear(CssClear clear);
+    void AddSide(const CssBoxStyle& style, CssSide side);
+    void OpenAround(HtmlNodeId node);
+    void OpenDecoration(HtmlNodeId element, CssStyle style, bool begins, const TextPlace& place);
+    void CloseDecoration(HtmlNodeId element, bool ends);
+    void AddBox();
+    void AddMarkerInside();
+    void AddGenerated(CssStyle style, HtmlNodeId element);
+    TextPlace PlaceOf(HtmlNodeId element);
+    bool IsInline(HtmlNodeId element) const;
+
+    const HtmlTree& tree_;
+    const CssPageStyles& styles_;
+    const PageBoxes& boxes_;
+    PageFonts& fonts_;
+    const PageBoxId id_;
+    const PageBox& lines_;
+    const GeneratedText generated_;
+    InlineWriter writer_;
+    std::vector<LinesText::Place> places_;
+    struct OpenElement {
+        HtmlNodeId element = noHtmlNode; // none: what is generated in one
+        std::size_t decoration = 0;      // of the content's
+    };
+    std::vector<OpenElement> open_;
+    HtmlNodeId container_ = noHtmlNode; // the element that the lines are in
+    PageBoxId nextBox_ = noPageBox;
+};

@@ -1,0 +1,52 @@
+// The boxes of a page while they are made: those that are open, each within the one before.
+#pragma once
+
+#include "formats/css/css_page_styles.h"
+#include "view/page/page_box.h"
+#include "view/page/page_weights.h"
+
+#include <vector>
+
+class PageBoxStack : public PageNumbers {
+  public:
+    PageBoxStack(const HtmlTree& tree, const CssPageStyles& styles, const PageWeights& weights);
+
+    const PageBoxes& Boxes() const { return boxes_; }
+    const PageBox& operator[](PageBoxId id) const { return boxes_[id]; }
+    PageBoxId Next() const { return boxes_.End(); }
+    bool IsEmpty() const { return open_.empty(); }
+    PageBox& Top() { return boxes_.boxes_[TopId()]; }
+    PageBoxId TopId() const { return open_.back().id; }
+    PageWeight& Weight() { return open_.back().weight; }
+
+    void Open(PageBoxKind kind, HtmlNodeId node);
+    void Close();
+    // One that `content` puts beside what is in the node.
+    void AddGeneratedPicture(HtmlNodeId node, CssStyle style, const CssContentItem& item);
+    // `letter` is of the text; in lines of its own if its style floats.
+    void AddFirstLetter(HtmlNodeId text, const PageFirstLetter& letter, CssStyle style);
+    // The box that the node is in, when it makes none of its own.
+    void SetBoxOf(HtmlNodeId node) { boxes_.boxOfNode_[node] = TopId(); }
+    void MakeTopCanvas() { boxes_.canvas_ = TopId(); }
+    bool IsInLongTable() const;
+    // A block of nothing but text is the box of its lines.
+    void FoldLines();
+    void SetStyle(PageBoxId box, const CssBoxStyle& style);
+    void CollapseBorders(PageBoxId table);
+    PageBoxes Take() { return std::move(boxes_); }
+
+  private:
+    struct OpenBox {
+        PageBoxId id = noPageBox, lastChild = noPageBox;
+        PageWeight weight = 0; // of lines
+    };
+
+    void Push(PageBox box);
+    std::optional<int> Number(PageBoxId box, HtmlName attribute) override;
+
+    const HtmlTree& tree_;
+    const CssPageStyles& styles_;
+    const PageWeights& weights_;
+    PageBoxes boxes_;
+    std::vector<OpenBox> open_;
+};

@@ -1,0 +1,70 @@
+#include "view/page/page_layouter.h"
+
+#include "view/page/table_layout.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+// Many more than the boxes of what is laid out in one go.
+constexpr std::size_t maxExtents = 32 * 1024;
+} // namespace
+
+WidthExtent PageLayouter::ExtentOfBox(PageBoxId id) {
+    const CssBoxStyle& style = *boxes_[id].style;
+    WidthExtent extent;
+    const double given = measure_.GivenWidth(style, 0);
+    if (boxes_[id].kind == PageBoxKind::Picture)
+        extent.min = extent.max = PictureContentSize(id, 0).width;
+    else if (style.width.kind == CssLength::Kind::Pixels && given >= 0 &&
+             boxes_[id].kind != PageBoxKind::Cell) // whose table may be too narrow for it
+        extent.min = extent.max = given;
+    else
+        extent = ContentExtent(id);
+    const double sides = measure_.SideInsets(style, 0) + measure_.SideMargins(style, 0);
+    return {extent.min + sides, extent.max + sides};
+}
+
+WidthExtent PageLayouter::ContentExtent(PageBoxId id) {
+    const auto known = extents_.find(id);
+    if (known != extents_.end()) return known->second;
+    const WidthExtent extent = MeasureContent(id);
+    if (extents_.size() >= maxExtents) extents_.clear();
+    return extents_[id] = extent;
+}
+
+WidthExtent PageLayouter::MeasureContent(PageBoxId id) {
+    const PageBox& box = boxes_[id];
+    if (box.kind == PageBoxKind::Lines) return LinesExtent(id);
+    if (box.kind == PageBoxKind::Table) return TableExtentOf(*this, id);
+    WidthExtent widest;
+    for (PageBoxId child = boxes_.FirstChild(id); child != noPageBox;
+         child = boxes_[child].nextSibling) {
+        const WidthExtent extent = ExtentOfBox(child);
+        widest = {std::max(widest.min, extent.min), std::max(widest.max, extent.max)};
+    }
+    return widest;
+}
+
+// With the boxes in the lines as narrow as they can be, and as wide as they ask for.
+WidthExtent PageLayouter::LinesExtent(PageBoxId lines) {
+    const LinesText text = content_.TextOf(lines);
+    text.content->textIndent = IndentOf(lines, 0);
+    if (text.boxes.empty()) return ExtentOf(lines_, *text.content);
+    const std::vector<InlineBox> gaps = text.content->text.boxes;
+    const auto measure = [&](double WidthExtent::*width) {
+        text.content->text.boxes = gaps;
+        text.content->floats.clear();
+        for (const LinesText::Place& place : text.boxes) {
+            if (IsOutOfFlow(*boxes_[place.box].style)) continue;
+            const double box = ExtentOfBox(place.box).*width;
+            if (place.hasUnit)
+                text.content->text.boxes.push_back({place.at, int(std::ceil(box))});
+            else
+                text.content->floats.push_back({place.at, FloatSide::Left, box, 0, false, false});
+        }
+        SortBoxes(text.content->text.boxes);
+        return ExtentOf(lines_, *text.content).*width;
+    };
+    return {measure(&WidthExtent::min), measure(&WidthExtent::max)};
+}

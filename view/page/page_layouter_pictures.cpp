@@ -1,0 +1,81 @@
+#include "view/page/page_layouter.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+// CSS pixels; of a picture that cannot be read and has no size.
+constexpr int missingPicture = 24;
+} // namespace
+
+Size PageLayouter::PictureContentSize(PageBoxId id, double containing) {
+    const PageBox& box = boxes_[id];
+    Size natural = content_.PictureSize(id);
+    if (natural.IsEmpty())
+        if (const auto alternative = content_.AlternativeOf(id))
+            return AlternativeSize(id, containing, *alternative);
+    const double scale = measure_.Scale();
+    double width = measure_.GivenWidth(*box.style, containing);
+    double height = measure_.GivenHeight(*box.style);
+    if (natural.IsEmpty() && box.generated) return {};
+    const double naturalWidth = (natural.IsEmpty() ? missingPicture : natural.width) * scale;
+    const double naturalHeight = (natural.IsEmpty() ? missingPicture : natural.height) * scale;
+    const double ratio = naturalHeight / naturalWidth;
+    if (width < 0) {
+        const double asked = height >= 0 ? height / ratio : naturalWidth;
+        width = measure_.LimitWidth(*box.style, containing, asked);
+        if (height >= 0 && width != asked) height = width * ratio;
+    }
+    if (height < 0) height = measure_.LimitHeight(*box.style, width * ratio);
+    return {int(std::lround(width)), int(std::lround(height))};
+}
+
+// What stands for a picture is as wide as its text, unless the picture has a size of its own.
+Size PageLayouter::AlternativeSize(PageBoxId id, double containing,
+                                   const InlineContent& alternative) {
+    const CssBoxStyle& style = *boxes_[id].style;
+    double width = measure_.GivenWidth(style, containing);
+    if (width < 0) {
+        const WidthExtent extent = ExtentOf(lines_, alternative);
+        width =
+            containing > 0 ? std::min(extent.max, std::max(extent.min, containing)) : extent.max;
+        width = measure_.LimitWidth(style, containing, width);
+    }
+    double height = measure_.GivenHeight(style);
+    if (height < 0) {
+        FloatContext none;
+        height = LayOutInline(lines_, alternative, {0, width}, 0, none).bottom;
+    }
+    return {int(std::lround(width)), int(std::lround(height))};
+}
+
+void PageLayouter::AddAlternative(PageBoxId id, double left, double top, Size size,
+                                  std::shared_ptr<const InlineContent> alternative,
+                                  PageFragment& fragment) {
+    FloatContext none;
+    InlineLayout layout = LayOutInline(lines_, *alternative, {left, left + size.width}, top, none);
+    std::erase_if(layout.lines, [&](const InlineLine& line) {
+        return line.top > top && line.top + line.height > top + size.height;
+    });
+    if (!layout.lines.empty())
+        fragment.lines.push_back({id, std::move(alternative), std::move(layout)});
+}
+
+PageFragmentPtr PageLayouter::LayOutPicture(PageBoxId id, double containing) {
+    const PageBox& box = boxes_[id];
+    const Size size = PictureContentSize(id, containing);
+    const BoxInsets insets = measure_.Insets(*box.style, containing);
+    auto fragment = std::make_shared<PageFragment>();
+    fragment->width = size.width + measure_.SideInsets(*box.style, containing);
+    fragment->height = insets.Top() + size.height + insets.Bottom();
+    if (HasVisibleBox(box))
+        fragment->boxes.push_back({id, 0, 0, fragment->width, fragment->height, false, false});
+    const double left = measure_.InsetLeft(*box.style, containing);
+    auto alternative = content_.PictureSize(id).IsEmpty() ? content_.AlternativeOf(id) : nullptr;
+    if (alternative)
+        AddAlternative(id, left, insets.Top(), size, std::move(alternative), *fragment);
+    else
+        fragment->pictures.push_back(
+            {id, left, insets.Top(), double(size.width), double(size.height)});
+    return fragment;
+}

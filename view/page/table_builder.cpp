@@ -1,0 +1,173 @@
+#include "view/page/table_builder.h"
+
+#include "formats/html/html_integer.h"
+#include "view/page/child_nodes.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+bool IsTablePart(CssDisplay display) {
+    return display >= CssDisplay::TableRowGroup && display <= CssDisplay::TableCaption;
+}
+
+bool IsRowGroup(CssDisplay display) {
+    return display == CssDisplay::TableRowGroup || display == CssDisplay::TableHeaderGroup ||
+           display == CssDisplay::TableFooterGroup;
+}
+} // namespace
+
+CssDisplay TableBuilder::DisplayOf(HtmlNodeId id) const {
+    return tree_[id].IsElement() ? styles_.Of(id).box->display : CssDisplay::Inline;
+}
+
+void TableBuilder::Build(HtmlNodeId table) {
+    if (weights_.IsTooLong(table) && HasLongRow(table))
+        return blocks_.BuildBlock(PageBoxKind::Block, table);
+    const Part around = std::exchange(part_, {});
+    boxes_.Open(PageBoxKind::Table, table);
+    if (boxes_.Top().text->borderCollapse == CssBorderCollapse::Collapse)
+        collapsed_.push_back(boxes_.TopId());
+    BuildRowsOf(table);
+    boxes_.Close();
+    part_ = around;
+}
+
+void TableBuilder::CollapseBorders() {
+    for (const PageBoxId table : collapsed_)
+        boxes_.CollapseBorders(table);
+}
+
+// Whether a table cannot be divided between its rows.
+bool TableBuilder::HasLongRow(HtmlNodeId parent) const {
+    PageWeight cells = 0; // that stand in an anonymous row
+    bool isLong = false;
+    ForChildren(tree_, parent, [&](HtmlNodeId child) {
+        const CssDisplay display = DisplayOf(child);
+        const bool isCell = !IsTablePart(display) || display == CssDisplay::TableCell;
+        cells = isCell ? cells + weights_.Of(child) : 0;
+        const PageWeight weight = isCell ? cells : weights_.Of(child);
+        if (weight <= limits_.whole) return;
+        isLong = isLong || !IsRowGroup(display) || HasLongRow(child);
+    });
+    return isLong;
+}
+
+// Blanks between the parts of a table are nothing.
+bool TableBuilder::IsShownPart(HtmlNodeId id) const {
+    const HtmlNode& node = tree_[id];
+    if (node.IsText()) return lines_.IsOpen() || !lines_.IsEmptyText(id);
+    return node.IsElement() && styles_.Of(id).box->display != CssDisplay::None;
+}
+
+// Parts of a table or of a group of rows. Cells, and what does not belong there, stand in a row of
+// their own, as many as come together.
+void TableBuilder::BuildRowsOf(HtmlNodeId parent) {
+    bool inRow = false;
+    ForChildren(tree_, parent, [&](HtmlNodeId child) {
+        if (!IsShownPart(child)) return;
+        const CssDisplay display = DisplayOf(child);
+        const bool part = IsTablePart(display) && display != CssDisplay::TableCell;
+        if (part && inRow) CloseRow(child);
+        if (!part && !inRow) {
+            Divide(weights_.Of(child));
+            boxes_.Open(PageBoxKind::Row, noHtmlNode);
+        }
+        inRow = !part;
+        if (part)
+            BuildPart(child, display);
+        else
+            BuildCell(child);
+    });
+    if (inRow) CloseRow(tree_.NextBehind(parent));
+}
+
+void TableBuilder::BuildPart(HtmlNodeId id, CssDisplay display) {
+    if (display == CssDisplay::TableCaption) Divide(weights_.Of(id));
+    switch (display) {
+    case CssDisplay::TableCaption: return blocks_.BuildBlock(PageBoxKind::Caption, id);
+    case CssDisplay::TableColumn: return BuildColumn(id);
+    case CssDisplay::TableColumnGroup: return BuildColumns(id);
+    case CssDisplay::TableRow: return BuildRow(id);
+    default: break;
+    }
+    boxes_.Open(PageBoxKind::RowGroup, id);
+    BuildRowsOf(id);
+    boxes_.Close();
+}
+
+void TableBuilder::BuildRow(HtmlNodeId row) {
+    Divide(weights_.Of(row));
+    boxes_.Open(PageBoxKind::Row, row);
+    ForChildren(tree_, row, [&](HtmlNodeId child) {
+        if (IsShownPart(child)) BuildCell(child);
+    });
+    CloseRow(tree_.NextBehind(row));
+}
+
+// A cell, or a part of one that has no element.
+void TableBuilder::BuildCell(HtmlNodeId id) {
+    if (DisplayOf(id) == CssDisplay::TableCell) {
+        CloseCell(id);
+        const int rows = HtmlInteger(tree_[id], HtmlName::Rowspan).value_or(1);
+        if (rows > 1) part_.spannedUntil = std::max(part_.spannedUntil, part_.rows - 1 + rows);
+        const PageBoxId cell = boxes_.Next();
+        blocks_.BuildBlock(PageBoxKind::Cell, id);
+        return HideEmptyCell(cell);
+    }
+    if (boxes_.Top().kind == PageBoxKind::Row) boxes_.Open(PageBoxKind::Cell, noHtmlNode);
+    blocks_.Visit(id);
+}
+
+// It keeps its room.
+void TableBuilder::HideEmptyCell(PageBoxId id) {
+    const PageBox& cell = boxes_[id];
+    const bool collapses = cell.text->borderCollapse == CssBorderCollapse::Collapse;
+    if (cell.text->emptyCells == CssEmptyCells::Show || collapses || boxes_.Next() > id + 1) return;
+    CssBoxStyle style = *cell.style;
+    style.background = cssTransparent;
+    style.borderColor.fill(cssTransparent);
+    boxes_.SetStyle(id, style);
+}
+
+void TableBuilder::CloseCell(HtmlNodeId behind) {
+    lines_.Close(behind);
+    if (boxes_.Top().kind == PageBoxKind::Cell) boxes_.Close();
+}
+
+void TableBuilder::CloseRow(HtmlNodeId behind) {
+    CloseCell(behind);
+    boxes_.Close();
+}
+
+void TableBuilder::BuildColumns(HtmlNodeId columns) {
+    boxes_.Open(PageBoxKind::Columns, columns);
+    ForChildren(tree_, columns, [&](HtmlNodeId child) {
+        if (DisplayOf(child) == CssDisplay::TableColumn) BuildColumn(child);
+    });
+    boxes_.Close();
+}
+
+void TableBuilder::BuildColumn(HtmlNodeId column) {
+    boxes_.Open(PageBoxKind::Column, column);
+    boxes_.Close();
+}
+
+// Before a row: a table that is too long ends and goes on in another one.
+void TableBuilder::Divide(PageWeight row) {
+    if (!boxes_.IsInLongTable()) return;
+    const PageWeight most = limits_.rows * (part_.rows >= part_.spannedUntil ? 1 : 4);
+    part_.weight += row;
+    ++part_.rows;
+    if (part_.rows == 1 || part_.weight <= most) return;
+    const HtmlNodeId group =
+        boxes_.Top().kind == PageBoxKind::RowGroup ? boxes_.Top().node : noHtmlNode;
+    if (group != noHtmlNode) boxes_.Close();
+    const HtmlNodeId table = boxes_.Top().node;
+    boxes_.Top().isContinued = true;
+    boxes_.Close();
+    boxes_.Open(PageBoxKind::Table, table);
+    boxes_.Top().continues = true;
+    if (group != noHtmlNode) boxes_.Open(PageBoxKind::RowGroup, group);
+    part_ = {row, 1, 0};
+}

@@ -1,0 +1,58 @@
+// Makes the boxes of a page's tables: groups, rows and cells with what stands in for missing ones
+// (CSS 2.1, 17.2.1), and the parts of a table that is too long.
+#pragma once
+
+#include "view/page/lines_builder.h"
+
+#include <vector>
+
+// Makes the boxes of what is in cells and captions.
+class BlockBuilder {
+  public:
+    virtual ~BlockBuilder() = default;
+    virtual void BuildBlock(PageBoxKind kind, HtmlNodeId node) = 0;
+    virtual void Visit(HtmlNodeId node) = 0; // as a part of what is open
+};
+
+class TableBuilder {
+  public:
+    TableBuilder(const HtmlTree& tree, const CssPageStyles& styles, const PageLimits& limits,
+                 const PageWeights& weights, PageBoxStack& boxes, LinesBuilder& lines,
+                 BlockBuilder& blocks)
+        : tree_(tree), styles_(styles), limits_(limits), weights_(weights), boxes_(boxes),
+          lines_(lines), blocks_(blocks) {}
+
+    void Build(HtmlNodeId table);
+    void CollapseBorders(); // of all tables, when all boxes are made
+
+  private:
+    // What a table has had since it began or was divided.
+    struct Part {
+        PageWeight weight = 0;
+        int rows = 0, spannedUntil = 0;
+    };
+
+    CssDisplay DisplayOf(HtmlNodeId id) const;
+    bool IsShownPart(HtmlNodeId id) const;
+    bool HasLongRow(HtmlNodeId parent) const;
+    void BuildRowsOf(HtmlNodeId parent);
+    void BuildPart(HtmlNodeId id, CssDisplay display);
+    void BuildRow(HtmlNodeId row);
+    void BuildCell(HtmlNodeId id);
+    void HideEmptyCell(PageBoxId cell);
+    void CloseCell(HtmlNodeId behind);
+    void CloseRow(HtmlNodeId behind);
+    void BuildColumns(HtmlNodeId columns);
+    void BuildColumn(HtmlNodeId column);
+    void Divide(PageWeight row);
+
+    const HtmlTree& tree_;
+    const CssPageStyles& styles_;
+    const PageLimits& limits_;
+    const PageWeights& weights_;
+    PageBoxStack& boxes_;
+    LinesBuilder& lines_;
+    BlockBuilder& blocks_;
+    Part part_; // that is open
+    std::vector<PageBoxId> collapsed_;
+};
