@@ -2,6 +2,7 @@
 
 #include "app/main_form.h"
 #include "app/moved_books.h"
+#include "app/page_places.h"
 #include "app/shown_book.h"
 #include "app/text_places.h"
 #include "books/book_script.h"
@@ -18,10 +19,11 @@ void StorePresentFormat(const MainForm& form, BookRecord& record) {
 }
 
 namespace {
-void StorePage(const MainForm& form, BookRecord& record, bool withPlace) {
-    if (!HasPageBody(form)) return; // not brought to its place, which the record has
-    if (withPlace)
-        StorePagePlace(record, *form.ports.htmlView);
+// `top` is where the page is, when it has been brought to its place. Else the record has that.
+void StorePage(const MainForm& form, BookRecord& record, const std::optional<PageTop>& top) {
+    if (!HasPageBody(form)) return;
+    if (top)
+        StorePagePlace(record, *form.ports.htmlView, *top);
     else
         StorePageSize(record, *form.ports.htmlView, ZoomStep(form.menu.mViewFont[0]));
 }
@@ -42,8 +44,10 @@ void UpdateRecord(MainForm& form, int index, bool withPlace) {
     record[Field::Access] = StoredDateTime(form.ports.clock->Now());
     record[Field::Charset] = NumberText(form.format.font.charset);
     record[Field::BackColor] = NumberText(form.ports.textView->BackColor());
+    std::optional<PageTop> top;
+    if (isPage && withPlace && HasPageBody(form)) top = form.ports.htmlView->Top();
     if (isPage)
-        StorePage(form, record, withPlace);
+        StorePage(form, record, top);
     else
         StoreText(form, record, withPlace);
     form.history.SetRecord(index, record);
@@ -56,7 +60,10 @@ void UpdateRecord(MainForm& form, int index, bool withPlace) {
     SaveHistoryItem(form, index);
     if (index == 0 && !record[Field::Path].empty()) SaveSearches(form, section);
     if (withPlace) KeepPlaceOfDataFile(form);
-    if (withPlace && isPage) KeepPageFile(form, record, section);
+    if (top) {
+        KeepPageFile(form, record, section);
+        KeepPagePlaces(form, record, *top, section);
+    }
     if (withPlace && !isPage) KeepTextPlaces(form, record, section);
     oneWrite.Commit();
 }

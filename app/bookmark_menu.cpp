@@ -2,6 +2,7 @@
 
 #include "app/book_state.h"
 #include "app/main_form.h"
+#include "app/page_places.h"
 #include "app/shown_book.h"
 #include "app/text_places.h"
 #include "common/char_refs.h"
@@ -72,6 +73,7 @@ void RefreshBookmarkMenu(MainForm& form) {
         form.history.SetRecord(0, record);
     }
     // May wait for a page, while the window is closed.
+    if (IsPageShown(form) && HasPageBody(form)) TakeMarkWords(form);
     CaptionBookmarks(bookmarks, Excerpts(form),
                      [&](TextPos start) { return IsUncertainMark(form, start); });
 }
@@ -97,7 +99,7 @@ void mBookmarkNew_Click(MainForm& form, int) {
     const int index = PlaceMark(form.bookmarks, mark->span.start);
     MenuItem& item = form.menu.mBookmarkList[index];
     item.tag = MarkText(mark->span);
-    if (!IsPageShown(form)) MakeMarkCertain(form, mark->span.start);
+    MakeMarkCertain(form, mark->span.start);
     item.caption = WithoutDirectionControls(OneLine(mark->excerpt));
     SaveMarks(form);
     form.bookmarks.defined = index;

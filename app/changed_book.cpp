@@ -3,6 +3,7 @@
 #include "app/events.h"
 #include "app/main_form.h"
 #include "app/open_book.h"
+#include "app/page_places.h"
 #include "app/shown_book.h"
 #include "app/text_places.h"
 #include "books/book_file.h"
@@ -25,7 +26,7 @@ std::string FirstBytes(const FileReader& file) {
 }
 
 std::string LastBytes(const FileReader& file) {
-    constexpr std::uint64_t count = 16;
+    constexpr std::uint64_t count = 1024;
     const std::uint64_t size = file.Size();
     std::string bytes(static_cast<std::size_t>(std::min(count, size)), '\0');
     bytes.resize(file.ReadAt(size - bytes.size(), bytes.data(), bytes.size()));
@@ -49,20 +50,31 @@ bool IsTruncatedUtf16(std::string_view first, std::string_view last, std::uint64
     return (high & 0xFC) == 0xD8;
 }
 
-// Rich text ends with a brace; other text not within a character.
+// Of a page: a tag or a comment cut.
+bool IsTruncatedTag(std::string_view last) {
+    const std::size_t tag = last.rfind('<');
+    if (tag == last.npos || last.find('>', tag) != last.npos) return false;
+    const char first = tag + 1 < last.size() ? last[tag + 1] : '/';
+    return first == '/' || first == '!' || (first >= 'A' && first <= 'Z') ||
+           (first >= 'a' && first <= 'z');
+}
+
+// Rich text ends with a brace; other text not within a character, and a page not within a tag.
 bool LooksHalfWritten(const MainForm& form, const BookContent& content) {
     if (!content.plainText) return !Trim(std::string_view(content.richText)).ends_with('}');
     const FileReader& file = *content.plainText;
     const std::string first = FirstBytes(file), last = LastBytes(file);
     if (first.empty() || last.empty() || IsTruncatedUtf16(first, last, file.Size())) return true;
-    return form.book.codePage == 0 && IsTruncatedUtf8Sequence(LastSequence(last));
+    if (IsPageShown(form) && IsTruncatedTag(last)) return true;
+    const bool isUtf8 =
+        IsPageShown(form) ? form.ports.htmlView->Charset() == "UTF-8" : form.book.codePage == 0;
+    return isUtf8 && IsTruncatedUtf8Sequence(LastSequence(last));
 }
 
-// The file as it is now, when it is another one than what is shown. A page is not shown again: its
-// place is a number of pixels, which another page has not.
+// The file as it is now, when it is another one than what is shown.
 std::optional<FileVersion> ChangedVersion(const MainForm& form) {
     const auto& shown = form.places.file;
-    if (!IsShownBookListed(form) || !shown || IsPageShown(form)) return std::nullopt;
+    if (!IsShownBookListed(form) || !shown) return std::nullopt;
     const auto version = form.ports.files->Version(form.book.path);
     return version && SameContent(*version, *shown) ? std::nullopt : version;
 }
@@ -76,10 +88,15 @@ bool ShowChange(MainForm& form) {
     if (!quiet) return false;
     // What cannot be shown is no reason for a message while one reads.
     BookFile file = OpenShownBookFile(form);
+    ReadContent(*form.ports.files, MaxPlainText(form), file);
     if (file.problem || !file.content || file.version != version ||
         LooksHalfWritten(form, *file.content))
         return false;
-    KeepSelection(form);
+    if (IsPageShown(form))
+        KeepPageSelection(form);
+    else
+        KeepSelection(form);
+    if (form.closed) return true; // while the page was asked
     ReloadBook(form, std::move(file));
     return !form.book.changed; // again, while it was read
 }

@@ -6,7 +6,7 @@ struct MainForm;
 // The file of the shown book is watched from now on.
 void WatchBookFile(MainForm&);
 
-// The system says that it may have changed. A text that is another one than what is shown, and has
+// The system says that it may have changed. One that is another than what is shown, and has
 // been left alone for a second, is shown again at the same words. One that may be half written is
 // waited for.
 void fsBook_Changed(MainForm&);

@@ -86,9 +86,13 @@ void ShowInTextView(MainForm& form, BookRecord& record, BookFile file) {
 void ShowInHtmlView(MainForm& form, const BookRecord& record,
                     const std::optional<FileVersion>& file) {
     HtmlView& html = *form.ports.htmlView;
+    auto trail = form.Refreshing ? std::move(form.page.trail) : std::vector<PagePlace>();
     ResetPage(form.page);
+    form.page.trail = std::move(trail);
+    auto selection = std::move(form.places.selection);
     form.places = {};
     form.places.file = file;
+    form.places.selection = std::move(selection);
     form.places.kept = form.places.stored =
         LoadPlaces(*form.dataFile, SectionOf(form, record), PlacesOf::Page);
     ++form.page.load;
@@ -131,6 +135,7 @@ void LoadSearches(MainForm& form, const BookRecord& record) {
 void LeavePage(MainForm& form) {
     if (!IsPageShown(form)) return;
     ResetPage(form.page);
+    form.places.selection.reset(); // of a page that never came
     form.ports.htmlView->Clear();
     form.ports.htmlView->SetVisible(false);
     form.ports.textView->SetVisible(true);

@@ -1,56 +1,19 @@
 #include "app/text_places.h"
 
+#include "app/book_places.h"
 #include "app/main_form.h"
 #include "app/shown_book.h"
 #include "common/text.h"
-#include "reading/find_places.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace {
-// A book's places in the order in which they are looked for: the reading place, the place that Last
-// Unmarked Position goes to, the bookmarks, both ends of the selection.
-struct BookPlaces {
-    std::vector<KnownPlace> known;
-    std::vector<CharSpan> marks;
-    bool hasWords = false; // the data file has some
-};
-
-KnownPlace Known(TextPos position, const KeptWords* kept) {
-    KnownPlace place{position, {}};
-    if (kept) place.words = ParseWords(kept->words).value_or(PlaceWords());
-    return place;
-}
-
 BookPlaces PlacesIn(const MainForm& form, const BookRecord& record) {
     const KeptPlaces& kept = form.places.kept;
-    BookPlaces places;
     const TextPos top = record.Number(Field::LastPos);
-    places.known.push_back(Known(top, top == kept.position ? &kept.place : nullptr));
     const std::u16string& last = form.bookmarks.last.tag;
-    places.known.push_back(Known(WholeNumber(last), last.empty() ? nullptr : &form.places.last));
-    for (const std::u16string& tag : Split(record[Field::Marks], u"|")) {
-        const auto mark = ParseMark(tag);
-        if (!mark) continue;
-        const auto words = kept.marks.find(mark->start);
-        places.known.push_back(
-            Known(mark->start, words == kept.marks.end() ? nullptr : &words->second));
-        places.marks.push_back(*mark);
-    }
-    places.hasWords = std::ranges::any_of(
-        places.known, [](const KnownPlace& each) { return !each.words.IsEmpty(); });
-    if (const auto& selection = form.places.selection) {
-        places.known.push_back(selection->start);
-        places.known.push_back(selection->end);
-    }
-    return places;
-}
-
-bool WordsStand(const TextSource& text, const std::vector<KnownPlace>& places) {
-    return std::ranges::all_of(places, [&](const KnownPlace& place) {
-        return place.words.IsEmpty() || WordsAround(text, place.position) == place.words;
-    });
+    return PlacesOfBook(form, record, Known(top, top == kept.position ? &kept.place : nullptr),
+                        Known(WholeNumber(last), last.empty() ? nullptr : &form.places.last));
 }
 
 // Whether the text is the one that the places are in. A long one is sampled by its fingerprint.
@@ -58,44 +21,6 @@ bool IsSameText(const TextSource& text, const KeptPlaces& kept,
                 const std::vector<KnownPlace>& places) {
     if (text.Length() != kept.text->length || FingerprintOf(text) != *kept.text) return false;
     return text.Length() <= maxHashed || WordsStand(text, places);
-}
-
-KeptWords WordsIn(const TextSource& text, TextPos place) {
-    return {StoredWords(WordsAround(text, place)), false};
-}
-
-// What was not found keeps its words: they may come back with the next change.
-KeptWords WordsNow(const TextSource& text, const KnownPlace& before, const FoundPlace& found) {
-    if (found.certain || before.words.IsEmpty()) return WordsIn(text, found.position);
-    return {StoredWords(before.words), true};
-}
-
-// Bookmarks in the order of the text, no two of them at one place.
-void MoveMarks(const TextSource& text, const BookPlaces& places,
-               const std::vector<FoundPlace>& found, BookRecord& record, KeptPlaces& kept) {
-    constexpr std::size_t firstMark = 2;
-    std::map<TextPos, std::u16string> tags;
-    kept.marks.clear();
-    for (std::size_t i = 0; i < places.marks.size(); ++i) {
-        const FoundPlace& place = found[firstMark + i];
-        TextPos start = std::max(place.position, 1); // there is none at the beginning of a text
-        while (tags.contains(start))
-            ++start;
-        tags[start] = MarkText({start, places.marks[i].length});
-        kept.marks[start] = WordsNow(text, places.known[firstMark + i], place);
-    }
-    std::vector<std::u16string> inOrder;
-    for (const auto& [start, tag] : tags)
-        inOrder.push_back(tag);
-    record[Field::Marks] = Join(inOrder, u"|");
-}
-
-// Of a selection that is not whole any more a caret is left.
-void MoveSelection(const std::vector<FoundPlace>& found, KeptSelection& selection) {
-    const FoundPlace &start = found.end()[-2], &end = found.end()[-1];
-    const bool isWhole = start.certain && end.certain && end.position > start.position;
-    selection.start.position = start.position;
-    selection.end.position = isWhole ? end.position : start.position;
 }
 
 // False when it was given up: nothing has changed then.
@@ -108,8 +33,7 @@ bool MovePlaces(MainForm& form, const TextSource& text, const std::function<bool
         return !givenUp;
     });
     if (givenUp) return false;
-    MoveMarks(text, places, found, record, kept);
-    if (form.places.selection) MoveSelection(found, *form.places.selection);
+    MoveMarksAndSelection(form, text, places, found, record);
     // Who has not begun to read stays at the beginning.
     if (record.Number(Field::LastPos) > 0) {
         record[Field::LastPos] = NumberText(found[0].position);
@@ -194,7 +118,6 @@ void KeepTextPlaces(MainForm& form, const BookRecord& record, const std::u16stri
 }
 
 bool IsUncertainMark(const MainForm& form, TextPos start) {
-    if (IsPageShown(form)) return false;
     const auto mark = form.places.kept.marks.find(start);
     return mark != form.places.kept.marks.end() && mark->second.uncertain;
 }

@@ -6,6 +6,7 @@
 #include "app/file_menu.h"
 #include "app/main_form.h"
 #include "app/open_book.h"
+#include "app/page_places.h"
 #include "app/shown_book.h"
 #include "app/view_menu.h"
 #include "books/html_book.h"
@@ -68,7 +69,7 @@ void StoreDocument(MainForm& form) {
     UpdateWindowTitle(form);
 }
 
-void BringToPlace(MainForm& form) {
+void BringToPlace(MainForm& form, const PageTop& top) {
     HtmlView& html = *form.ports.htmlView;
     PaintPage(html, form.ports.textView->BackColor());
     // Another size lays the page out anew: the place is one of the page in the record's size, and
@@ -76,7 +77,8 @@ void BringToPlace(MainForm& form) {
     const BookRecord record = IsShownBookListed(form) ? form.history.Record(0) : BookRecord();
     const int step = WithinZoomSteps(record.Number(Field::FontSize));
     ZoomBy(form.page, html, step);
-    html.ScrollTo(0, std::max(record.Number(Field::LastPos), 0));
+    SelectKeptInPage(form);
+    html.BringToTop(top);
     ZoomBy(form.page, html, ZoomStep(form.menu.mViewFont[0]) - step);
     form.page.restored = true;
 }
@@ -87,8 +89,13 @@ void wbMain_DocumentComplete(MainForm& form, const std::u16string& url) {
     if (nothing || !IsPageShown(form) || form.page.restored) return;
     const bool listed = IsShownBookListed(form);
     if (listed) StoreDocument(form);
-    BringToPlace(form);
-    if (listed) RefreshBookmarkMenu(form); // last, as it may wait for the page
+    const int load = form.page.load;
+    const PageTop top = FollowPage(form);
+    if (form.closed || form.page.load != load) return; // while it was waited for
+    BringToPlace(form, top);
+    if (!listed) return;
+    FillBookmarks(form.bookmarks, form.history.Record(0)[Field::Marks]);
+    RefreshBookmarkMenu(form); // last, as it may wait for the page
 }
 
 void wbMain_Zoomed(MainForm& form) {

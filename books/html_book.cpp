@@ -23,9 +23,9 @@ void StoreDocument(BookRecord& record, const HtmlView& view) {
     record[Field::Title] = StoredTitle(view.Title());
 }
 
-void StorePagePlace(BookRecord& record, const HtmlView& view) {
+void StorePagePlace(BookRecord& record, const HtmlView& view, const PageTop& top) {
     StorePageSize(record, view, view.ZoomSteps());
-    record[Field::LastPos] = NumberText(view.ScrollTop());
+    if (top.offset >= 0) record[Field::LastPos] = NumberText(top.offset);
 }
 
 void StorePageSize(BookRecord& record, const HtmlView& view, int zoomStep) {

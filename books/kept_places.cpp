@@ -11,7 +11,7 @@ std::u16string KeyOf(PlacesOf view, std::u16string_view key) {
 }
 
 constexpr std::u16string_view textKey = u"Text", fileKey = u"File", placeKey = u"Place",
-                              markKey = u"Mark-";
+                              topKey = u"Top", markKey = u"Mark-";
 // Behind words that were not found. No words hold it: it stands for the place in them, once.
 constexpr std::u16string_view uncertainEnd = u"|?";
 
@@ -45,6 +45,12 @@ void ReadFile(std::u16string_view value, KeptPlaces& places) {
     places.fileTime = TimeNumber(value.substr(std::min(comma + 1, value.size())));
 }
 
+KeptTop ParseTop(std::u16string_view value) {
+    const auto numbers = Split(value, u",");
+    if (numbers.size() != 3) return {};
+    return {WholeNumber(numbers[0]), WholeNumber(numbers[1]), WholeNumber(numbers[2])};
+}
+
 void ReadLine(std::u16string_view key, std::u16string_view value, KeptPlaces& places) {
     if (EqualIgnoringCase(key, textKey)) {
         places.text = ParseFingerprint(value);
@@ -55,6 +61,8 @@ void ReadLine(std::u16string_view key, std::u16string_view value, KeptPlaces& pl
         if (comma == value.npos) return;
         places.position = WholeNumber(value.substr(0, comma));
         places.place = ParseKept(value.substr(comma + 1));
+    } else if (EqualIgnoringCase(key, topKey)) {
+        places.top = ParseTop(value);
     } else if (StartsWithIgnoringCase(key, markKey)) {
         places.marks[WholeNumber(key.substr(markKey.size()))] = ParseKept(value);
     }
@@ -67,6 +75,10 @@ std::u16string FileText(const KeptPlaces& places) {
 
 std::u16string PlaceText(const KeptPlaces& places) {
     return NumberText(places.position) + u',' + Stored(places.place);
+}
+
+std::u16string TopText(const KeptTop& top) {
+    return Join({NumberText(top.offset), NumberText(top.above), NumberText(top.length)}, u",");
 }
 
 // The whole section anew, since a key can be taken out in no other way.
@@ -111,6 +123,8 @@ void StorePlaces(IniFile& file, const std::u16string& section, PlacesOf view,
     IniWriteString(file, section, KeyOf(view, fileKey), FileText(places));
     if (places.position >= 0)
         IniWriteString(file, section, KeyOf(view, placeKey), PlaceText(places));
+    if (places.position >= 0 && view == PlacesOf::Page)
+        IniWriteString(file, section, KeyOf(view, topKey), TopText(places.top));
     if (places.marks != stored.marks) StoreMarks(file, section, view, places);
     stored = places;
     oneWrite.Commit();

@@ -18,12 +18,21 @@ struct KeptWords {
     bool operator==(const KeptWords&) const = default;
 };
 
+// What else is kept of the reading place in a page, whose `position` is the character at the top.
+struct KeptTop {
+    int offset = -1;    // that the record had then; of another one the words are not
+    int above = 0;      // as in PageTop
+    TextPos length = 0; // of the page's text
+    bool operator==(const KeptTop&) const = default;
+};
+
 struct KeptPlaces {
     std::optional<TextFingerprint> text; // that the positions are in; none: nothing is known
     std::uint64_t fileSize = 0;          // bytes, of the file that this text was read from
     std::int64_t fileTime = 0;           // its last write, nanoseconds
     TextPos position = -1;               // of the reading place; -1 for none
     KeptWords place;
+    KeptTop top;                        // of a page
     std::map<TextPos, KeptWords> marks; // by where the bookmark starts
     bool operator==(const KeptPlaces&) const = default;
 

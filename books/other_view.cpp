@@ -1,5 +1,6 @@
 #include "books/other_view.h"
 
+#include "books/kept_places.h"
 #include "common/text.h"
 
 #include <array>
@@ -27,10 +28,31 @@ void RestoreState(BookRecord& record, const std::u16string& aside) {
         record[viewFields[i]] = state[i];
 }
 
+// A view that has never shown the book finds the places of the other one in its own text, by their
+// words: that text is another one, of no file.
+void CarryPlaces(const BookRecord& before, BookRecord& record, IniFile& file,
+                 const std::u16string& section) {
+    const bool fromPage = before.Kind() == BookKind::Html;
+    const PlacesOf from = fromPage ? PlacesOf::Page : PlacesOf::Text;
+    KeptPlaces places = LoadPlaces(file, section, from);
+    if (!places.text) return;
+    const TextPos length = fromPage ? places.top.length : places.text->length;
+    const TextPos keptFor = fromPage ? places.top.offset : places.position;
+    if (keptFor != before.Number(Field::LastPos)) places.position = -1;
+    places.text = {length, 0};
+    places.SetFile({});
+    places.top = {0, 0, length};
+    if (fromPage && places.position > 0) record[Field::LastPos] = NumberText(places.position);
+    record[Field::Marks] = before[Field::Marks];
+    KeptPlaces none;
+    StorePlaces(file, section, fromPage ? PlacesOf::Text : PlacesOf::Page, places, none);
+}
 } // namespace
 
 void ExchangeViewState(BookRecord& record, IniFile& file, const std::u16string& section) {
-    const std::u16string state = StateOf(record);
-    RestoreState(record, IniReadString(file, section, asideKey));
+    const BookRecord before = record;
+    const std::u16string state = StateOf(record), aside = IniReadString(file, section, asideKey);
+    RestoreState(record, aside);
+    if (aside.empty()) CarryPlaces(before, record, file, section);
     IniWriteString(file, section, asideKey, state);
 }

@@ -6,5 +6,7 @@
 
 // A place, marks and a size of the text view mean nothing in the HTML view, and the other way
 // round: what the record has of them is kept aside in the book's own section of the data file, for
-// the day when the kind is changed back, and what was kept aside comes into the record.
+// the day when the kind is changed back, and what was kept aside comes into the record. The first
+// time there is nothing: the places of the view before are then found by their words, where these
+// are kept.
 void ExchangeViewState(BookRecord&, IniFile&, const std::u16string& section);

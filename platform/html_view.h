@@ -4,6 +4,7 @@
 #include "common/geometry.h"
 #include "platform/text_view.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -40,6 +41,18 @@ struct PageMatch {
     PageSpan span;
     int left = 0, top = 0; // of its first character, from the left and top edges of the view
     int searchTop = 0;     // top of the line that the search began in, from the same edge
+};
+
+// What stands at the top of the view, to be brought there again, in whatever size and layout.
+struct PageTop {
+    int offset = -1;    // as `ScrollTop`; -1 while what is above has not been measured
+    TextPos start = -1; // the first character of the first line; -1 when not known
+    int above = 0;      // of that line, above its place at the top; negative below a gap
+    // The text on both sides of `start`, `maxAround` units at most, and the length of all of it.
+    std::u16string before = {}, after = {};
+    TextPos length = 0;
+
+    static constexpr TextPos maxAround = 512;
 };
 
 // Of a page's body, by the page itself: 0x00RRGGBB.
@@ -94,6 +107,12 @@ class HtmlView {
     // Brings the line in which the span begins to the top of the view (the body's top margin above
     // it), and the left edge to the left.
     virtual void ScrollSpanToTop(const PageSpan&) = 0;
+    // Brings the line of `start` there, and where `offset` is that very place, to the pixel;
+    // without a `start`, to `offset` alone. It stays there while a new window gets its size.
+    virtual void BringToTop(const PageTop& top) {
+        if (top.start >= 0 && top.offset < 0) return ScrollSpanToTop({top.start, 0});
+        ScrollTo(0, std::max(top.offset, 0));
+    }
     virtual void Select(const PageSpan&) = 0; // and scrolls as little as it takes to show its start
     virtual void SelectAll() = 0;
     virtual void SetBackColor(std::uint32_t redGreenBlue) = 0; // 0x00RRGGBB, of the body's style
@@ -120,6 +139,9 @@ class HtmlView {
     // The body's vertical offset. After `ScrollTo` it is what was asked for until the page says how
     // far it went, so that it never answers the place before.
     virtual int ScrollTop() const = 0;
+    // With that place, of one moment. Until the page has gone where it was sent, what was asked
+    // for. Until it is scrolled, `start` stays the character that was brought to the top.
+    virtual PageTop Top() const { return {.offset = ScrollTop()}; }
     // The size that `ScrollTop` counts in, as the sum of zoom keys from normal. Both change
     // together, when a size is settled: the page is laid out in it and back at its line. Until then
     // they are the place before, however many keys were pressed.

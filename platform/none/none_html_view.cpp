@@ -3,6 +3,7 @@
 #include "common/find_text.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 void NoneHtmlView::Navigate(const std::u16string& path, int page) {
     Forget();
@@ -72,11 +73,11 @@ int NoneHtmlView::LineOf(TextPos position) const {
 }
 
 int NoneHtmlView::TopOf(TextPos position) const {
-    return Margin + LineOf(position) * LineHeight;
+    return Margin + LineOf(position) * lineHeight;
 }
 
 int NoneHtmlView::MaxTop() const {
-    return std::max(TopOf(Length()) + LineHeight + Margin - ViewHeight(), 0);
+    return std::max(TopOf(Length()) + lineHeight + Margin - ViewHeight(), 0);
 }
 
 int NoneHtmlView::Within(int top) const {
@@ -109,8 +110,8 @@ void NoneHtmlView::Select(const PageSpan& span) {
     selection_ = Inside(span);
     const int top = TopOf(selection_.start);
     if (top < scrollTop_) scrollTop_ = Within(top);
-    if (top + LineHeight > scrollTop_ + ViewHeight())
-        scrollTop_ = Within(top + LineHeight - ViewHeight());
+    if (top + lineHeight > scrollTop_ + ViewHeight())
+        scrollTop_ = Within(top + lineHeight - ViewHeight());
 }
 
 void NoneHtmlView::SelectAll() {
@@ -159,4 +160,32 @@ TextPos NoneHtmlView::StartAtTop() {
     while (start < Length() && TopOf(start) < scrollTop_ + Margin)
         ++start;
     return start;
+}
+
+// Of the first line that is not above the view as a whole.
+TextPos NoneHtmlView::FirstAtTop() const {
+    std::size_t start = 0;
+    for (int line = scrollTop_ / lineHeight; line > 0; --line)
+        start = std::min(document_.text.find(u'\n', start), document_.text.size() - 1) + 1;
+    return static_cast<TextPos>(start);
+}
+
+// As the other back ends: to the pixel where that is the place of the words.
+void NoneHtmlView::BringToTop(const PageTop& top) {
+    constexpr int slack = 2;
+    if (top.start <= 0) return ScrollTo(0, std::max(top.offset, 0));
+    const int place = TopOf(top.start) - Margin + std::min(top.above, lineHeight - 1);
+    ScrollTo(0, top.offset >= 0 && std::abs(place - top.offset) <= slack ? top.offset : place);
+}
+
+PageTop NoneHtmlView::Top() const {
+    PageTop top;
+    top.offset = scrollTop_;
+    top.length = Length();
+    top.start = HasBody() && scrollTop_ > 0 ? FirstAtTop() : 0;
+    if (top.start > 0) top.above = scrollTop_ - (TopOf(top.start) - Margin);
+    const TextPos first = std::max(0, top.start - PageTop::maxAround);
+    top.before = document_.text.substr(first, top.start - first);
+    top.after = document_.text.substr(top.start, PageTop::maxAround);
+    return top;
 }

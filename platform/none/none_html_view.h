@@ -25,9 +25,10 @@ class NoneHtmlView : public HtmlView {
     // What a test sets up and does.
     std::map<std::u16string, NonePage> pages; // by path
     bool canPrint = true;
-    bool answers = true;                      // false: every question runs out of time
-    std::function<void()> whileAsked;         // what happens around while a question waits
-    void FinishLoading();                     // of the page navigated to last
+    int lineHeight = LineHeight;      // in another font
+    bool answers = true;              // false: every question runs out of time
+    std::function<void()> whileAsked; // what happens around while a question waits
+    void FinishLoading();             // of the page navigated to last
     void Die();
     bool zoomsAtOnce = true;        // false: a new size takes until `FinishZoom`
     void ZoomByHand(int steps);     // 0: back to normal
@@ -38,6 +39,7 @@ class NoneHtmlView : public HtmlView {
     void Clear() override;
     void ScrollTo(int left, int top) override;
     void ScrollSpanToTop(const PageSpan&) override;
+    void BringToTop(const PageTop& top) override;
     void Select(const PageSpan&) override;
     void SelectAll() override;
     void SetBackColor(std::uint32_t redGreenBlue) override { backColors.push_back(redGreenBlue); }
@@ -53,6 +55,7 @@ class NoneHtmlView : public HtmlView {
     std::u16string Title() const override { return loaded_ ? document_.title : u""; }
     PageColors OwnColors() const override { return document_.colors; }
     int ScrollTop() const override { return scrollTop_; }
+    PageTop Top() const override;
     int ZoomSteps() const override { return zoomSteps_; }
     int ViewHeight() const override { return bounds.height; }
     int TopMargin() const override { return Margin; }
@@ -83,6 +86,7 @@ class NoneHtmlView : public HtmlView {
 
   private:
     bool Ask(); // false when the page does not answer
+    TextPos FirstAtTop() const;
     TextPos Length() const { return static_cast<TextPos>(document_.text.size()); }
     PageSpan Inside(const PageSpan&) const;
     std::u16string TextOf(const PageSpan&) const;

@@ -13,6 +13,7 @@ class EitherHtmlView final : public HtmlView {
     void Clear() override { shown_->Clear(); }
     void ScrollTo(int left, int top) override { shown_->ScrollTo(left, top); }
     void ScrollSpanToTop(const PageSpan& span) override { shown_->ScrollSpanToTop(span); }
+    void BringToTop(const PageTop& top) override { shown_->BringToTop(top); }
     void Select(const PageSpan& span) override { shown_->Select(span); }
     void SelectAll() override { shown_->SelectAll(); }
     void SetBackColor(std::uint32_t redGreenBlue) override { shown_->SetBackColor(redGreenBlue); }
@@ -30,6 +31,7 @@ class EitherHtmlView final : public HtmlView {
     std::u16string Title() const override { return shown_->Title(); }
     PageColors OwnColors() const override { return shown_->OwnColors(); }
     int ScrollTop() const override { return shown_->ScrollTop(); }
+    PageTop Top() const override { return shown_->Top(); }
     int ZoomSteps() const override { return shown_->ZoomSteps(); }
     int ViewHeight() const override { return shown_->ViewHeight(); }
     int Percent() const override { return shown_->Percent(); }

@@ -48,6 +48,43 @@ TEST_CASE("html view: brings a line to the top, and knows the character there") 
     });
 }
 
+TEST_CASE("html view: what is at the top comes back there, to the pixel or by its words") {
+    OnEachBackEnd([](PageTest& test) {
+        test.Open(NumberedParagraphs(400), plainMargins);
+        CHECK(test.view.Top().offset == 0);
+        test.view.ScrollTo(0, 1207);
+        test.Settle();
+        const PageTop top = test.view.Top();
+        CHECK(top.offset == 1207);
+        if (top.start < 0) return; // a view that knows pixels alone
+        CHECK(top.start == 60 * lineLength);
+        CHECK(top.before.ends_with(u"line 0059\n"));
+        CHECK(top.after.starts_with(u"line 0060\n"));
+        CHECK(top.length == 400 * lineLength - 1);
+        test.Open(NumberedParagraphs(400), plainMargins);
+        test.view.BringToTop(top);
+        CHECK(test.view.Top().start == top.start); // at once
+        test.Settle();
+        CHECK(test.view.ScrollTop() == 1207);
+        test.Open("<h1>a new beginning</h1><p>line</p>" + NumberedParagraphs(400), plainMargins);
+        const TextPos moved = top.start + 16 + 5;
+        PageTop elsewhere{.offset = -1, .start = moved, .above = top.above};
+        for (const PageTop& each : {elsewhere, PageTop{1207, moved, top.above}}) {
+            test.view.BringToTop(each);
+            test.Settle();
+            CHECK(test.view.Top().start == moved);
+            CHECK(test.view.Top().above == top.above);
+            CHECK(test.view.ScrollTop() > 1207);
+        }
+        test.view.ScrollTo(0, 0);
+        test.Settle();
+        CHECK(test.view.Top().start == 0);
+        test.view.BringToTop({.offset = 60});
+        test.Settle();
+        CHECK(test.view.ScrollTop() == 60);
+    });
+}
+
 TEST_CASE("html view: selects, and shows where the selection starts") {
     OnEachBackEnd([](PageTest& test) {
         test.Open(NumberedParagraphs(200), plainMargins);

@@ -80,6 +80,68 @@ TEST_CASE(
     CHECK(bench.view.ScrollTop() == 9000);
 }
 
+TEST_CASE(
+    "page pane: words are brought to the top in another width, and not further back each time") {
+    PageBench bench(Paragraphs(300));
+    bench.view.ScrollTo(0, 9005);
+    const PageTop top = bench.view.Top();
+    CHECK(top.before.ends_with(bench.view.TextsOf({{top.start - 20, 20}})[0]));
+    CHECK(top.after.starts_with(bench.view.TextsOf({{top.start, 20}})[0]));
+    PageTop kept = top;
+    for (const int width : {450, 777, 520, 600}) {
+        CAPTURE(width);
+        PageBench other(Paragraphs(300));
+        other.Resize(width);
+        other.view.BringToTop(kept);
+        for (int i = 0; i < 100; ++i)
+            other.view.LetEventsCome();
+        kept = other.view.Top();
+        CHECK(kept.start == top.start);
+        CHECK(other.view.StartAtTop() <= top.start);
+        CHECK(top.start - other.view.StartAtTop() < 100); // in the same line
+    }
+    CHECK(std::abs(kept.offset - 9005) <= 2);
+}
+
+TEST_CASE(
+    "page pane: the pixel, where it is the same line, also in a window that gets its size late") {
+    PageBench bench(Paragraphs(300));
+    bench.view.ScrollTo(0, 9005);
+    bench.view.LetEventsCome();
+    const PageTop top = bench.view.Top();
+    REQUIRE(top.offset == 9005);
+    PageBench late(Paragraphs(300));
+    late.Resize(700);
+    late.view.BringToTop(top);
+    late.view.LetEventsCome();
+    late.view.Painted();
+    CHECK(late.view.ScrollTop() != 9005);
+    late.Resize(600);
+    CHECK(late.view.ScrollTop() == 9005);
+    CHECK(late.view.Top().start == top.start);
+}
+
+TEST_CASE("page pane: words far down are shown at once, their pixel when it is exact") {
+    PageBench bench(Paragraphs(20'000));
+    bench.view.Pane().ScrollLineToTop(4'000'000);
+    const PageTop far{.offset = -1, .start = bench.view.StartAtTop()};
+    PageBench fresh(Paragraphs(20'000));
+    fresh.view.BringToTop(far);
+    CHECK(fresh.view.StartAtTop() == far.start);
+    CHECK(fresh.view.Top().start == far.start);
+    while (!fresh.view.window.timers.empty())
+        fresh.view.LetEventsCome();
+    const PageTop exact = fresh.view.Top();
+    CHECK(exact.offset > 100'000);
+    PageBench again(Paragraphs(20'000));
+    again.view.BringToTop(exact);
+    CHECK(again.view.StartAtTop() == far.start);
+    again.view.LetEventsCome();
+    const PageTop now = again.view.Top(); // as it was asked for, or reached
+    CHECK((now.offset == exact.offset || now.offset == -1));
+    CHECK(now.start == exact.start);
+}
+
 TEST_CASE("page pane: a link is followed where it is pressed and let go, and is no text to drag") {
     PageBench bench("<p>some words <a href='http://a.b/c'>a link</a> and more");
     PagePane& pane = bench.view.Pane();

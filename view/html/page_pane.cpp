@@ -80,7 +80,10 @@ bool PagePane::UpdateLayout() {
 void PagePane::LayOutAnew(const PageLook& look) {
     const std::optional<Anchor> anchor = shown_ ? TopAnchor() : std::nullopt;
     PageLook before = std::exchange(look_, look);
-    if (before.scale != look.scale) newTop_.reset();
+    if (before.scale != look.scale) {
+        newTop_.reset();
+        wantedHeight_.reset();
+    }
     const bool sameHeight = before.viewport.height == look.viewport.height;
     const bool sameWidth = before.viewport.width == look.viewport.width;
     before.viewport = look.viewport;
@@ -99,8 +102,8 @@ void PagePane::LayOutAnew(const PageLook& look) {
     }
     scroller_.SetPage(shown_.get(), look.viewport.height);
     widest_ = 0;
-    if (newTop_ && std::chrono::steady_clock::now() < newTopUntil_)
-        ScrollToTop(*newTop_);
+    if (newTop_ && (wantedHeight_ || std::chrono::steady_clock::now() < newTopUntil_))
+        GoTo(*newTop_);
     else
         RestoreTop(anchor);
     window_.StartTimer(PaneTimer::Measuring, measuringInterval);
@@ -176,9 +179,17 @@ bool PagePane::MeasureAbove(std::size_t zone, int milliseconds) {
 bool PagePane::ReachWantedHeight(int milliseconds) {
     if (!MeasureHeight(*wantedHeight_ + look_.viewport.height, milliseconds)) return false;
     scroller_.LayoutsChanged();
-    scroller_.ScrollToHeight(*std::exchange(wantedHeight_, {}));
+    GoToMeasured(*std::exchange(wantedHeight_, {}));
     OnScrolled();
     return true;
+}
+
+// Words that are elsewhere in this layout stay at the top.
+void PagePane::GoToMeasured(double height) {
+    constexpr double slack = 2; // CSS pixels, of what was rounded
+    const bool hasWords = newTop_ && newTop_->start > 0;
+    if (!hasWords || std::abs(scroller_.Height() - height) <= slack * look_.scale)
+        scroller_.ScrollToHeight(height);
 }
 
 void PagePane::MeasureMore() {
@@ -192,23 +203,67 @@ void PagePane::MeasureMore() {
 }
 
 void PagePane::ScrollTo(int left, int top) {
+    BringToTop({.offset = top});
+    if (page_) scrollX_ = std::max(0, Rounded(left * look_.scale));
+}
+
+void PagePane::BringToTop(const PageTop& top) {
     if (!UpdateLayout()) return;
-    scrollX_ = std::max(0, Rounded(left * look_.scale));
-    topAnchor_.reset();
+    scrollX_ = 0;
     newTop_ = top;
     newTopUntil_ = std::chrono::steady_clock::now() + settlingTime;
-    ScrollToTop(top);
+    GoTo(top);
     OnScrolled();
 }
 
-void PagePane::ScrollToTop(int top) {
-    const double height = top * look_.scale;
+// To words at once; to a pixel when all above has been measured.
+void PagePane::GoTo(const PageTop& top) {
     wantedHeight_.reset();
-    if (!MeasureHeight(height + look_.viewport.height, placeTime)) {
-        wantedHeight_ = height;
-        window_.StartTimer(PaneTimer::Measuring, measuringInterval);
+    topAnchor_.reset();
+    const bool hasWords = GoToLine(top);
+    if (hasWords && top.offset < 0) return;
+    const double height = std::max(0, top.offset) * look_.scale;
+    if (MeasureHeight(height + look_.viewport.height, hasWords ? measuringTime : placeTime))
+        return GoToMeasured(height);
+    wantedHeight_ = height;
+    window_.StartTimer(PaneTimer::Measuring, measuringInterval);
+    if (!hasWords) scroller_.ScrollToHeight(height);
+}
+
+bool PagePane::GoToLine(const PageTop& top) {
+    const auto place = top.start > 0 ? PlaceOf(top.start) : std::nullopt;
+    if (!place) return false;
+    const double above = std::min(top.above * look_.scale, place->height - 1);
+    scroller_.ScrollTo({place->block.zone, place->top - std::round(shown_->TopMargin()) + above});
+    const double inView = scroller_.InView(place->block.zone, place->top);
+    topAnchor_ = Anchor{top.start, inView / place->height};
+    return true;
+}
+
+PageTop PagePane::Top() {
+    if (!UpdateLayout()) return {};
+    PageTop top;
+    if (wantedHeight_ && !ReachWantedHeight(exactTime)) {
+        top = *newTop_;
+    } else {
+        if (MeasureAbove(scroller_.Position().zone, exactTime))
+            top.offset = Rounded(scroller_.Height() / look_.scale);
+        const auto anchor = TopAnchor();
+        top.start = anchor ? anchor->position : 0;
+        const auto place = anchor ? PlaceOf(anchor->position) : std::nullopt;
+        if (place)
+            top.above = Rounded((std::round(shown_->TopMargin()) -
+                                 scroller_.InView(place->block.zone, place->top)) /
+                                look_.scale);
     }
-    scroller_.ScrollToHeight(height);
+    const std::u16string& text = page_->Text();
+    top.length = page_->Length();
+    if (top.start < 0) return top;
+    const TextPos start = std::min(top.start, top.length);
+    const TextPos first = std::max(0, start - PageTop::maxAround);
+    top.before = text.substr(std::size_t(first), std::size_t(start - first));
+    top.after = text.substr(std::size_t(start), PageTop::maxAround);
+    return top;
 }
 
 int PagePane::ScrollTop() {

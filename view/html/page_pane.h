@@ -4,6 +4,7 @@
 // Layout and scrolling are in device pixels; what the port counts in CSS pixels is converted here.
 #pragma once
 
+#include "platform/html_view.h"
 #include "view/caret_moves.h"
 #include "view/drag_selection.h"
 #include "view/html/page_scroller.h"
@@ -37,7 +38,9 @@ class PagePane : public ViewPane {
 
     // CSS pixels.
     void ScrollTo(int left, int top);
+    void BringToTop(const PageTop& top);
     int ScrollTop(); // exact, unless that would take long
+    PageTop Top();
     int ViewHeight() const;
     int TopMargin();
     void ScrollLineToTop(TextPos position);
@@ -89,7 +92,9 @@ class PagePane : public ViewPane {
     void RestoreTop(const std::optional<Anchor>& anchor);
     double ScaleOf(int zoomPercent) const;
     std::optional<CharacterPlace> PlaceOf(TextPos position);
-    void ScrollToTop(int top);
+    void GoTo(const PageTop& top);
+    bool GoToLine(const PageTop& top); // false where there is none
+    void GoToMeasured(double height);
     void OnScrolled();
     void OnUserScrolled();
     void UpdateScrollBars();
@@ -133,8 +138,9 @@ class PagePane : public ViewPane {
     PageScroller scroller_;
     std::optional<double> wantedHeight_; // asked for, while what is above is not measured
     std::optional<Anchor> topAnchor_;    // of the last layout, until the page is scrolled
-    // CSS pixels; asked for just now, in a window that may still get its size from the desktop.
-    std::optional<int> newTop_;
+    // Asked for, and since then the page has not been scrolled; just now, so that the window may
+    // still get its size from the desktop.
+    std::optional<PageTop> newTop_;
     std::chrono::steady_clock::time_point newTopUntil_;
     int scrollX_ = 0, maxScrollX_ = 0;
     double widest_ = 0; // of what has been shown

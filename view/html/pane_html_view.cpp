@@ -69,6 +69,16 @@ bool PaneHtmlView::Settle() {
 void PaneHtmlView::ScrollTo(int left, int top) {
     if (!Settle()) return;
     Pane().ScrollTo(std::max(0, left), std::max(0, top));
+    Asked({.offset = top});
+}
+
+void PaneHtmlView::BringToTop(const PageTop& top) {
+    if (!Settle()) return;
+    Pane().BringToTop(top);
+    Asked(top);
+}
+
+void PaneHtmlView::Asked(const PageTop& top) {
     askedTop_ = top;
     Post([this] { askedTop_.reset(); });
 }
@@ -157,8 +167,13 @@ PageColors PaneHtmlView::OwnColors() const {
 }
 
 int PaneHtmlView::ScrollTop() const {
-    if (askedTop_) return *askedTop_;
+    if (askedTop_ && askedTop_->offset >= 0) return askedTop_->offset;
     return HasBody() ? Pane().ScrollTop() : 0;
+}
+
+PageTop PaneHtmlView::Top() const {
+    if (!HasBody()) return {};
+    return askedTop_ ? *askedTop_ : Pane().Top();
 }
 
 PageSelection PaneHtmlView::Selection() const {

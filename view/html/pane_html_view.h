@@ -18,6 +18,7 @@ class PaneHtmlView : public HtmlView {
     void Clear() override;
     void ScrollTo(int left, int top) override;
     void ScrollSpanToTop(const PageSpan& span) override;
+    void BringToTop(const PageTop& top) override;
     void Select(const PageSpan& span) override;
     void SelectAll() override;
     void SetBackColor(std::uint32_t redGreenBlue) override;
@@ -33,6 +34,7 @@ class PaneHtmlView : public HtmlView {
     std::u16string Title() const override;
     PageColors OwnColors() const override;
     int ScrollTop() const override;
+    PageTop Top() const override;
     int ZoomSteps() const override { return shownZoom_.Steps(); }
     int ViewHeight() const override { return HasBody() ? Pane().ViewHeight() : 0; }
     int Percent() const override { return HasBody() ? Pane().Percent() : 0; }
@@ -67,6 +69,7 @@ class PaneHtmlView : public HtmlView {
     void Load(const std::u16string& path, int page);
     void Zoom(int steps);
     void ApplyZoom();
+    void Asked(const PageTop& top);
     bool Settle(); // before an order or a question; false without a page
     void ApplyColors();
 
@@ -75,6 +78,6 @@ class PaneHtmlView : public HtmlView {
     std::deque<std::function<void()>> posted_; // of the page asked for last
     PageZoom zoom_, shownZoom_;
     bool zoomPosted_ = false;
-    std::optional<int> askedTop_; // until the page says how far it went
+    std::optional<PageTop> askedTop_; // until the page says how far it went
     std::optional<Color> text_, background_;
 };

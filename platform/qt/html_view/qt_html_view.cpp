@@ -91,6 +91,10 @@ void QtHtmlView::ScrollSpanToTop(const PageSpan& span) {
     if (engine_) engine_->ScrollSpanToTop(span);
 }
 
+void QtHtmlView::BringToTop(const PageTop& top) {
+    if (engine_) engine_->BringToTop(top);
+}
+
 void QtHtmlView::Select(const PageSpan& span) {
     if (engine_) engine_->Select(span);
 }
@@ -129,6 +133,10 @@ PageColors QtHtmlView::OwnColors() const {
 
 int QtHtmlView::ScrollTop() const {
     return engine_ ? engine_->ScrollTop() : 0;
+}
+
+PageTop QtHtmlView::Top() const {
+    return engine_ ? engine_->Top() : PageTop{};
 }
 
 int QtHtmlView::ZoomSteps() const {

@@ -20,6 +20,7 @@ class QtHtmlView final : public HtmlView {
     void Clear() override;
     void ScrollTo(int left, int top) override;
     void ScrollSpanToTop(const PageSpan&) override;
+    void BringToTop(const PageTop&) override;
     void Select(const PageSpan&) override;
     void SelectAll() override;
     void SetBackColor(std::uint32_t redGreenBlue) override;
@@ -34,6 +35,7 @@ class QtHtmlView final : public HtmlView {
     std::u16string Title() const override;
     PageColors OwnColors() const override;
     int ScrollTop() const override;
+    PageTop Top() const override;
     int ZoomSteps() const override;
     int ViewHeight() const override;
     int TopMargin() const override;

@@ -46,7 +46,7 @@ class HtmlStory(Story):
 
     def wait_for_place(self, reader, strip):
         """The first whole line of this strip at its place, but for the slack."""
-        top, bottom = _first_line(strip)
+        top, bottom = first_line(strip)
         line = strip.crop(0, top, strip.width, bottom)
 
         def shows_it():
@@ -87,7 +87,7 @@ class HtmlStory(Story):
         return self.book_record(reader, path)
 
 
-def _first_line(strip):
+def first_line(strip):
     """The rows of the first line that is not cut."""
     plain = [strip.crop(0, y, strip.width, y + 1).is_plain() for y in range(strip.height)]
     top = next(y for y in range(1, strip.height) if plain[y - 1] and not plain[y])

@@ -32,6 +32,7 @@ class EngineHtmlView final : public QObject, public EngineView {
     void Clear() override;
     void ScrollTo(int left, int top) override;
     void ScrollSpanToTop(const PageSpan&) override;
+    void BringToTop(const PageTop&) override;
     void Select(const PageSpan&) override;
     void SelectAll() override;
     void SetBackColor(std::uint32_t redGreenBlue) override;
@@ -45,7 +46,8 @@ class EngineHtmlView final : public QObject, public EngineView {
     std::string Charset() const override { return snapshot_.charset; }
     std::u16string Title() const override { return snapshot_.title; }
     PageColors OwnColors() const override { return snapshot_.colors; }
-    int ScrollTop() const override { return snapshot_.scrollTop; }
+    int ScrollTop() const override { return std::max(snapshot_.top.offset, 0); }
+    PageTop Top() const override { return snapshot_.top; }
     int ZoomSteps() const override { return snapshot_.zoomSteps; }
     int ViewHeight() const override { return snapshot_.viewHeight; }
     int TopMargin() const override { return snapshot_.topMargin; }
@@ -72,7 +74,8 @@ class EngineHtmlView final : public QObject, public EngineView {
         std::string charset;
         std::u16string title;
         PageColors colors;
-        int scrollTop = 0, zoomSteps = 0; // always change together
+        PageTop top;
+        int zoomSteps = 0; // always change together
         int viewHeight = 0, topMargin = 0, percent = 0;
         PageSelection selection;
     };

@@ -5,6 +5,7 @@
 #include "platform/qt/html_view/engine/page_widget.h"
 #include "platform/qt/html_view/engine/print_job.h"
 #include "platform/qt/html_view/engine/reader_page.h"
+#include "platform/qt/qt_text.h"
 
 #include <QVariant>
 
@@ -40,9 +41,11 @@ void EngineHtmlView::ScheduleStateUpdate() {
 
 void EngineHtmlView::ApplyState(const QVariant& state) {
     const QVariantList list = state.toList();
-    if (list.size() != 7) return;
+    if (list.size() != 12) return;
     const auto number = [&list](int i) { return list[i].toInt(); };
-    snapshot_.scrollTop = number(0);
+    snapshot_.top = {
+        number(0), number(7), number(8), FromQt(list[9].toString()), FromQt(list[10].toString()),
+        number(11)};
     snapshot_.zoomSteps = calls_->ZoomSteps();
     snapshot_.viewHeight = number(1);
     snapshot_.topMargin = number(2);
@@ -53,7 +56,7 @@ void EngineHtmlView::ApplyState(const QVariant& state) {
 
 void EngineHtmlView::ScrollTo(int left, int top) {
     if (!CanCall()) return;
-    snapshot_.scrollTop = std::max(top, 0);
+    snapshot_.top = {.offset = std::max(top, 0)};
     snapshot_.zoomSteps = zoom_.Steps(); // zoom steps queued before are applied by then
     Execute(QStringLiteral("scrollTo(%1, %2)").arg(left).arg(top));
 }
@@ -64,6 +67,13 @@ void EngineHtmlView::ScrollToPercent(int percent) {
 
 void EngineHtmlView::ScrollSpanToTop(const PageSpan& span) {
     Execute(QStringLiteral("scrollSpanToTop(%1)").arg(span.start));
+}
+
+void EngineHtmlView::BringToTop(const PageTop& top) {
+    if (!CanCall()) return;
+    snapshot_.top = top;
+    snapshot_.zoomSteps = zoom_.Steps();
+    Execute(QStringLiteral("bringToTop(%1, %2, %3)").arg(top.offset).arg(top.start).arg(top.above));
 }
 
 // Updated at once, so that a command that reads the selection next sees it.

@@ -1,6 +1,7 @@
 // The commands and queries of html_view.h, executed in the page. Appended to page_text.js.
 // Commands return the state of the page, of which the view keeps a snapshot.
 const reader = (() => {
+  const maxAround = 512; // units
   const scroller = () => document.scrollingElement || document.documentElement;
   const selection = () => {
     const chosen = document.getSelection();
@@ -23,7 +24,16 @@ const reader = (() => {
   function state() {
     const span = selectedSpan();
     return [Math.round(scroller().scrollTop), scroller().clientHeight, topMargin(),
-      span.start, span.length, lineTop(span.start), percent()];
+      span.start, span.length, lineTop(span.start), percent(), ...top()];
+  }
+
+  // Of html_view.h's PageTop what stands at the top.
+  function top() {
+    saveScrollAnchor();
+    const start = Math.max(0, scrollAnchor.start), first = Math.max(0, start - maxAround);
+    const above = scroller().scrollTop > 0 ? topMargin() - lineTop(start) : 0;
+    return [start, above, pageText.part(first, start - first), pageText.part(start, maxAround),
+      pageText.whole().length];
   }
 
   const maxScrollTop = () => Math.max(0, scroller().scrollHeight - scroller().clientHeight);
@@ -121,6 +131,18 @@ const reader = (() => {
     setScrollOffset(0, scroller().scrollTop + lineTop(start) - topMargin());
     return state();
   }
+  function bringToTop(offset, start, above) {
+    if (start > 0) {
+      const box = pageText.boxAt(start);
+      const hidden = Math.min(above, Math.max(0, Math.round(box.height) - 1));
+      setScrollOffset(0, scroller().scrollTop + lineTop(start) - topMargin() + hidden);
+    }
+    const slack = 2; // pixels, of what was rounded
+    if (offset >= 0 && (start <= 0 || Math.abs(scroller().scrollTop - offset) <= slack))
+      setScrollOffset(0, offset);
+    if (start > 0 && scroller().scrollTop > 0) setScrollAnchor(start);
+    return state();
+  }
   function select(start, length) {
     const range = pageText.rangeOf(start, length);
     document.getSelection().setBaseAndExtent(range.startContainer, range.startOffset,
@@ -175,16 +197,21 @@ const reader = (() => {
   // Keeps the line at the top of the view during a zoom. Until the page is scrolled the anchor is the
   // same character: the start of its line would move further back with each zoom.
   let scrollAnchor = null;
+  const layout = () => {
+    const {scrollTop, scrollHeight, clientWidth} = scroller();
+    return [scrollTop, scrollHeight, clientWidth].join();
+  };
+  function setScrollAnchor(start) {
+    scrollAnchor = {start, top: start < 0 ? 0 : pageText.boxAt(start).top, layout: layout()};
+  }
   function saveScrollAnchor() {
-    const {scrollTop} = scroller();
-    if (scrollAnchor && scrollAnchor.scrollTop === scrollTop) return;
-    const start = scrollTop > 0 ? startAtTop() : -1;
-    scrollAnchor = {start, top: start < 0 ? 0 : pageText.boxAt(start).top};
+    if (scrollAnchor && scrollAnchor.layout === layout()) return;
+    setScrollAnchor(scroller().scrollTop > 0 ? startAtTop() : -1);
   }
   function restoreScrollAnchor() {
     const {start, top} = scrollAnchor, {scrollLeft, scrollTop} = scroller();
     setScrollOffset(scrollLeft, start < 0 ? 0 : scrollTop + pageText.boxAt(start).top - top);
-    scrollAnchor.scrollTop = scroller().scrollTop;
+    scrollAnchor.layout = layout();
     return state();
   }
 
@@ -213,7 +240,8 @@ const reader = (() => {
   }
 
   return {
-    documentInfo, state, saveScrollAnchor, restoreScrollAnchor, scrollTo, scrollSpanToTop, select, selectAll,
+    documentInfo, state, saveScrollAnchor, restoreScrollAnchor, scrollTo, scrollSpanToTop,
+    bringToTop, select, selectAll,
     scrollToPercent, headings, setBackColor, setTextColor, placeCaret, startAtTop, matchAt, selectionHtml,
     selectedText: () => {
       const {start, length} = selectedSpan();

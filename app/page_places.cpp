@@ -1,0 +1,132 @@
+#include "app/page_places.h"
+
+#include "app/book_places.h"
+#include "app/main_form.h"
+#include "app/shown_book.h"
+#include "common/string_text.h"
+#include "common/text.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace {
+// Nothing is known of a place that an older version of the program, or a hand, has written.
+void ForgetOtherTop(KeptPlaces& kept, int offset) {
+    if (kept.position >= 0 && kept.top.offset == offset && !kept.place.words.empty()) return;
+    kept.position = -1;
+    kept.place = {};
+    kept.top = {};
+}
+
+bool IsSamePage(const MainForm& form) {
+    const TextPlaces& state = form.places;
+    if (!state.file || !state.kept.text) return true; // nothing is known
+    const TextPos before = state.kept.top.length, now = form.ports.htmlView->Top().length;
+    return state.kept.IsOf(*state.file) && (before == 0 || now == 0 || before == now);
+}
+
+// The reading place stays at the beginning of a page that was not read on.
+KnownPlace KnownTop(const KeptPlaces& kept) {
+    return kept.position > 0 ? Known(kept.position, &kept.place) : KnownPlace();
+}
+
+void MovePlaces(MainForm& form, const TextSource& text, const BookPlaces& places,
+                BookRecord& record) {
+    KeptPlaces& kept = form.places.kept;
+    const TextPos length = kept.top.length > 0 ? kept.top.length : text.Length();
+    const auto found = FindPlaces(text, length, places.known, [] { return true; });
+    MoveMarksAndSelection(form, text, places, found, record);
+    if (kept.position <= 0) return;
+    kept.position = found[0].position;
+    kept.place = WordsNow(text, places.known[0], found[0]);
+}
+
+// Without an answer what is kept stays for the next opening, which tries again.
+void FindPlacesInPage(MainForm& form, BookRecord& record) {
+    TextPlaces& state = form.places;
+    const BookPlaces places = PlacesOfBook(form, record, KnownTop(state.kept), KnownPlace());
+    if (!places.hasWords) return;
+    const auto texts = form.ports.htmlView->TextsOf({{0, std::numeric_limits<TextPos>::max()}});
+    if (texts.empty()) return state.file.reset();
+    const StringText text(texts.front());
+    if (!WordsStand(text, places.known)) MovePlaces(form, text, places, record);
+    state.kept.top.length = text.Length();
+}
+} // namespace
+
+PageTop FollowPage(MainForm& form) {
+    if (!IsShownBookListed(form)) return {.offset = 0};
+    BookRecord record = form.history.Record(0);
+    KeptPlaces& kept = form.places.kept;
+    const int offset = std::max(record.Number(Field::LastPos), 0);
+    ForgetOtherTop(kept, offset);
+    const TextPos before = kept.position;
+    if (!IsSamePage(form)) {
+        FindPlacesInPage(form, record);
+        form.history.SetRecord(0, record);
+    }
+    const bool hasMoved = kept.position != before;
+    return {.offset = hasMoved ? -1 : offset, .start = kept.position, .above = kept.top.above};
+}
+
+void TakeMarkWords(MainForm& form) {
+    auto& kept = form.places.kept.marks;
+    std::vector<PageSpan> around;
+    std::vector<TextPos> starts;
+    for (const MenuItem& item : form.bookmarks.list.items) {
+        const auto mark = ParseMark(item.tag);
+        if (!mark || kept.contains(mark->start)) continue;
+        const TextPos first = std::max(0, mark->start - PageTop::maxAround);
+        starts.push_back(mark->start);
+        around.push_back({first, mark->start - first + PageTop::maxAround});
+    }
+    if (around.empty()) return;
+    const auto texts = form.ports.htmlView->TextsOf(around);
+    if (texts.size() != around.size()) return;
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        kept[starts[i]] = WordsIn(StringText(texts[i]), starts[i] - around[i].start);
+}
+
+void KeepPagePlaces(MainForm& form, const BookRecord& record, const PageTop& top,
+                    const std::u16string& section) {
+    TextPlaces& state = form.places;
+    KeptPlaces& kept = state.kept;
+    if (!state.file) return;
+    if (top.start >= 0) {
+        kept.top = {record.Number(Field::LastPos), top.above, top.length};
+        if (top.start != kept.position || kept.place.words.empty()) {
+            const std::u16string around = top.before + top.after;
+            kept.position = top.start;
+            kept.place = WordsIn(StringText(around), static_cast<TextPos>(top.before.size()));
+        }
+    }
+    std::map<TextPos, KeptWords> marks;
+    for (const MenuItem& item : form.bookmarks.list.items)
+        if (const auto mark = ParseMark(item.tag))
+            if (const auto known = kept.marks.find(mark->start); known != kept.marks.end())
+                marks.insert(*known);
+    kept.marks = std::move(marks);
+    StorePlaces(*form.dataFile, section, PlacesOf::Page, kept, state.stored);
+}
+
+void KeepPageSelection(MainForm& form) {
+    HtmlView& html = *form.ports.htmlView;
+    const PageSpan span = html.Selection().span;
+    const TextPos start = span.start, end = span.start + span.length;
+    if (!HasPageBody(form) || (start == 0 && end == 0)) return;
+    const auto firstOf = [](TextPos place) { return std::max(0, place - PageTop::maxAround); };
+    const auto around = [&](TextPos place) {
+        return PageSpan{firstOf(place), place - firstOf(place) + PageTop::maxAround};
+    };
+    const auto texts = html.TextsOf({around(start), around(end)});
+    if (texts.size() != 2) return;
+    form.places.selection = {{start, WordsAround(StringText(texts[0]), start - firstOf(start))},
+                             {end, WordsAround(StringText(texts[1]), end - firstOf(end))}};
+}
+
+void SelectKeptInPage(MainForm& form) {
+    if (const auto selection = std::exchange(form.places.selection, std::nullopt))
+        form.ports.htmlView->Select(
+            {selection->start.position, selection->end.position - selection->start.position});
+}
