@@ -9,10 +9,6 @@
 
 namespace {
 
-// The standard looks at the first 1024 bytes, and reads the page again when it meets a `meta`
-// later. Heads are rarely longer than this.
-constexpr std::size_t maxPrescan = 65'536;
-
 bool IsSpace(char byte) {
     return byte == ' ' || byte == '\t' || byte == '\n' || byte == '\f' || byte == '\r';
 }
@@ -154,7 +150,7 @@ class Prescan {
 // Of "<?xml version="1.0" encoding="..."?>", which must be the first.
 int XmlCodePage(std::string_view bytes) {
     if (!bytes.starts_with("<?xml")) return 0;
-    const std::string_view declaration = bytes.substr(0, std::min(bytes.find('>'), maxPrescan));
+    const std::string_view declaration = bytes.substr(0, std::min(bytes.find('>'), maxHtmlPrescan));
     std::size_t at = declaration.find("encoding");
     if (at == declaration.npos) return 0;
     at = declaration.find_first_not_of(" \t\r\n", at + 8);
@@ -169,6 +165,6 @@ int XmlCodePage(std::string_view bytes) {
 } // namespace
 
 int DeclaredHtmlCodePage(std::string_view bytes) {
-    const int page = Prescan(bytes.substr(0, maxPrescan)).Run();
+    const int page = Prescan(bytes.substr(0, maxHtmlPrescan)).Run();
     return page != 0 ? page : XmlCodePage(bytes);
 }

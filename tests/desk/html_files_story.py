@@ -17,6 +17,17 @@ GROWING = ('<circle r="9"><animate attributeName="r" values="0;900" dur="0.0%ds"
            'repeatCount="indefinite"/></circle>')
 HUNGRY = "<svg>" + "".join(GROWING % (number % 9 + 1) for number in range(30000)) + "</svg>"
 
+CYRILLIC_LINE = "Мельник считал фонари."
+UKRAINIAN = "Жили собі дід та баба, і була в них курочка."
+JAPANESE_LINE = "粉屋の娘は明かりを数えていた。"
+GREEK = "Ο μυλωνάς μετρούσε τα φανάρια στην προκυμαία."
+POLISH = "Młynarz liczył światła wzdłuż nabrzeża, aż zasnął."
+HEBREW = "בת הטוחן ספרה את הפנסים לאורך הרציף."
+# As a writer of the charset would, which Python does not know.
+VIETNAMESE = "Ngày xửa ngày xưa có một ông vua già, ông có ba người con trai."
+VIETNAMESE_IN_VISCII = (b"Ng\xe0y x\xd8a ng\xe0y x\xdfa c\xf3 m\xb5t \xf4ng vua gi\xe0, \xf4ng c\xf3 ba "
+                        b"ng\xdf\xb6i con trai.")
+
 
 class HtmlFiles(HtmlStory):
     def write(self, name, text, encoding):
@@ -42,6 +53,36 @@ class HtmlFiles(HtmlStory):
                 self.assertEqual(self.whole_text(reader), "\n".join(lines))
                 reader.close()
                 self.assertEqual(self.book_record(reader, path)["Charset"], charset)
+
+    def test_short_pages_that_declare_no_charset(self):
+        """With a picture and a style sheet beside them, and a link within the page."""
+        with open(self.path("side.css"), "w", encoding="ascii") as file:
+            file.write("p {margin: 0; background: #00ff00}")
+        for name, text, data in (("cp1251", CYRILLIC_LINE, CYRILLIC_LINE.encode("cp1251")),
+                                 ("cp866", CYRILLIC_LINE, CYRILLIC_LINE.encode("cp866")),
+                                 ("koi8-u", UKRAINIAN, UKRAINIAN.encode("koi8_u")),
+                                 ("euc-jp", JAPANESE_LINE, JAPANESE_LINE.encode("euc_jp")),
+                                 ("cp737", GREEK, GREEK.encode("cp737")),
+                                 ("cp852", POLISH, POLISH.encode("cp852")),
+                                 ("cp862", HEBREW, HEBREW.encode("cp862")),
+                                 ("viscii", VIETNAMESE, VIETNAMESE_IN_VISCII),
+                                 ("utf-8", POLISH, POLISH.encode("utf-8"))):
+            with self.subTest(name=name):
+                page = (b'<title>Quay</title><link rel="stylesheet" href="side.css"><body><p>' + data +
+                        b'<p><a href="#end">on</a>' + b"<p>and" * 200 +
+                        b'<p id="end" style="background: #0000ff; height: 900px">')
+                path = self.write(f"{name} 100%.htm", page, None)
+                reader = self.open(path, "Quay", self.reader(name))
+                self.wait_for_color(reader, "00ff00")
+                reader.key("Tab", "Return")
+                self.wait_for_color(reader, "0000ff")
+                self.assertEqual(self.whole_text(reader).split("\n")[0], text)
+                reader.close()
+                self.assertGreater(self.book_record(reader, path)["LastPos"], 0)
+
+    def wait_for_color(self, reader, color):
+        _, _, width, height = reader.rectangle()
+        wait_for(lambda: reader.picture().pixel(width - 60, height // 2).hex() == color, "the color", 10)
 
     def test_what_a_page_declares_holds(self):
         lines = books.lines("cyrillic", 50)

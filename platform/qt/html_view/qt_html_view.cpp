@@ -29,6 +29,9 @@ bool QtHtmlView::LoadEngine() {
 }
 
 void QtHtmlView::ConnectEngine() {
+    engine_->readUndeclared = [](const std::string& path) {
+        return ReadUndeclaredPage(path, QtLocale().AnsiCodePage());
+    };
     engine_->onLoaded = [this](int page, const std::u16string& url) {
         CallHandler(onLoaded, page, url);
     };

@@ -23,7 +23,10 @@ QUrl FileUrlOf(const std::string& path) {
 } // namespace
 
 EngineHtmlView::EngineHtmlView(QWidget* parent, int ansiCodePage)
-    : parent_(parent), ansiCodePage_(ansiCodePage) {
+    : parent_(parent), ansiCodePage_(ansiCodePage),
+      pageScheme_(guard_, [this](const std::string& path) {
+          return readUndeclared ? readUndeclared(path) : std::nullopt;
+      }) {
     parent_->window()->installEventFilter(this);
 }
 
@@ -39,7 +42,9 @@ void EngineHtmlView::Navigate(const std::u16string& path, int page) {
     guard_.SetBook(bytes);
     CreatePage();
     ConnectPage(page);
-    page_->Load(FileUrlOf(bytes));
+    const std::optional<std::string> decoded = pageScheme_.Prepare(bytes);
+    decodedCharset_ = decoded.value_or("");
+    page_->Load(decoded ? WithPageScheme(FileUrlOf(bytes)) : FileUrlOf(bytes));
 }
 
 void EngineHtmlView::Clear() {
@@ -48,7 +53,10 @@ void EngineHtmlView::Clear() {
 }
 
 void EngineHtmlView::CreatePage() {
-    if (!profile_) profile_ = CreateEngineProfile(guard_, ansiCodePage_);
+    if (!profile_) {
+        profile_ = CreateEngineProfile(guard_, ansiCodePage_);
+        pageScheme_.InstallIn(*profile_);
+    }
     page_ = std::make_unique<ReaderPage>(profile_.get(), guard_);
     calls_ = std::make_unique<PageCalls>(*page_);
     monitor_ = std::make_unique<PageMonitor>(*page_);
@@ -130,7 +138,8 @@ void EngineHtmlView::OnDocumentInfo(int page, const QVariant& info) {
     const QVariantList list = info.toList();
     if (list.size() == 6) { // a document other than HTML has no body
         snapshot_.body = true;
-        snapshot_.charset = list[0].toString().toStdString();
+        snapshot_.charset =
+            decodedCharset_.empty() ? list[0].toString().toStdString() : decodedCharset_;
         snapshot_.title = FromQt(list[1].toString());
         snapshot_.text = list[2].toBool();
         snapshot_.colors = {list[3].toUInt(), list[4].toUInt()};
@@ -141,7 +150,8 @@ void EngineHtmlView::OnDocumentInfo(int page, const QVariant& info) {
     QMetaObject::invokeMethod(
         page_.get(),
         [this, page] {
-            CallHandler(onLoaded, page, FromQt(page_->url().toString(QUrl::FullyEncoded)));
+            CallHandler(onLoaded, page,
+                        FromQt(WithFileScheme(page_->url()).toString(QUrl::FullyEncoded)));
         },
         Qt::QueuedConnection);
 }
@@ -164,7 +174,7 @@ void EngineHtmlView::OnResponsiveChanged() {
 
 void EngineHtmlView::OnLink(const QUrl& address) {
     const auto path = LocalPathOf(address);
-    const std::u16string url = FromQt(address.toString(QUrl::FullyEncoded));
+    const std::u16string url = FromQt(WithFileScheme(address).toString(QUrl::FullyEncoded));
     // Queued: this is called from acceptNavigationRequest().
     QMetaObject::invokeMethod(
         page_.get(),

@@ -6,6 +6,7 @@
 #include "common/page_zoom.h"
 #include "platform/qt/html_view/engine/engine_view.h"
 #include "platform/qt/html_view/engine/folder_guard.h"
+#include "platform/qt/html_view/engine/page_scheme.h"
 
 #include <QDeadlineTimer>
 #include <QEventLoop>
@@ -109,6 +110,8 @@ class EngineHtmlView final : public QObject, public EngineView {
     QWidget* parent_;
     int ansiCodePage_;
     FolderGuard guard_;
+    PageSchemeHandler pageScheme_;
+    std::string decodedCharset_; // of a page that was decoded for the engine; else ""
     std::unique_ptr<QWebEngineProfile> profile_;
     std::unique_ptr<ReaderPage> page_; // null without a page; must outlive its widget
     std::unique_ptr<PageCalls> calls_;

@@ -1,6 +1,7 @@
 #include "platform/qt/html_view/engine/engine_profile.h"
 
 #include "platform/qt/html_view/engine/folder_guard.h"
+#include "platform/qt/html_view/engine/page_scheme.h"
 
 #include <QLoggingCategory>
 #include <QQuickWindow>
@@ -112,6 +113,7 @@ std::unique_ptr<QWebEngineProfile> CreateEngineProfile(FolderGuard& guard, int a
     const ScopedVariable flags("QTWEBENGINE_CHROMIUM_FLAGS", EngineFlags());
     // Enables the accessibility tree of pages, which is built only while a screen reader runs.
     const ScopedVariable accessibility("QTWEBENGINE_ENABLE_LINUX_ACCESSIBILITY", "1");
+    RegisterPageScheme();
     auto profile = std::make_unique<QWebEngineProfile>(); // without a name: off the record
     profile->setUrlRequestInterceptor(&guard);
     profile->setSpellCheckEnabled(false);

@@ -1,6 +1,7 @@
 #include "platform/qt/html_view/engine/folder_guard.h"
 
 #include "platform/qt/file_url.h"
+#include "platform/qt/html_view/engine/page_scheme.h"
 
 #include <QLoggingCategory>
 
@@ -17,8 +18,9 @@ bool IsInside(const std::filesystem::path& file, const std::filesystem::path& fo
 } // namespace
 
 std::optional<std::string> LocalPathOf(const QUrl& url) {
-    return LocalPathOf(
-        url.adjusted(QUrl::RemoveQuery | QUrl::RemoveFragment).toEncoded().toStdString());
+    return LocalPathOf(WithFileScheme(url.adjusted(QUrl::RemoveQuery | QUrl::RemoveFragment))
+                           .toEncoded()
+                           .toStdString());
 }
 
 void FolderGuard::SetBook(const std::filesystem::path& path) {

@@ -7,7 +7,8 @@
 #include <optional>
 #include <string>
 
-std::optional<std::string> LocalPathOf(const QUrl&); // none unless it is a local file
+std::optional<std::string>
+LocalPathOf(const QUrl&); // none unless it is a local file, by either scheme
 
 class FolderGuard : public QWebEngineUrlRequestInterceptor {
   public:

@@ -1,0 +1,92 @@
+#include "platform/qt/html_view/engine/page_scheme.h"
+
+#include "platform/qt/html_view/engine/folder_guard.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QMimeDatabase>
+#include <QWebEngineProfile>
+#include <QWebEngineUrlRequestJob>
+#include <QWebEngineUrlScheme>
+
+#include <utility>
+
+namespace {
+constexpr char schemeName[] = "norvaset-page";
+
+// As the engine does it with files: by the name.
+QByteArray MimeTypeOf(const std::string& path) {
+    static const QMimeDatabase database;
+    return database.mimeTypeForFile(QFile::decodeName(path.c_str()), QMimeDatabase::MatchExtension)
+        .name()
+        .toLatin1();
+}
+
+bool IsHtml(const std::string& path) {
+    return MimeTypeOf(path) == "text/html";
+}
+
+QUrl WithScheme(QUrl url, const QString& from, const QString& to) {
+    if (url.scheme() == from) url.setScheme(to);
+    return url;
+}
+} // namespace
+
+void RegisterPageScheme() {
+    QWebEngineUrlScheme scheme(schemeName);
+    scheme.setSyntax(QWebEngineUrlScheme::Syntax::Path);
+    // As file: is, and with access to files, which the guard restricts.
+    scheme.setFlags(QWebEngineUrlScheme::LocalScheme | QWebEngineUrlScheme::LocalAccessAllowed);
+    QWebEngineUrlScheme::registerScheme(scheme);
+}
+
+QUrl WithPageScheme(QUrl file) {
+    return WithScheme(std::move(file), QStringLiteral("file"), QLatin1String(schemeName));
+}
+
+QUrl WithFileScheme(QUrl page) {
+    return WithScheme(std::move(page), QLatin1String(schemeName), QStringLiteral("file"));
+}
+
+PageSchemeHandler::PageSchemeHandler(const FolderGuard& guard, Reader read)
+    : guard_(guard), read_(std::move(read)) {}
+
+void PageSchemeHandler::InstallIn(QWebEngineProfile& profile) {
+    profile.installUrlSchemeHandler(schemeName, this);
+}
+
+std::optional<std::string> PageSchemeHandler::Prepare(const std::string& path) {
+    preparedPath_.clear();
+    prepared_.clear();
+    if (!read_ || !IsHtml(path)) return std::nullopt;
+    std::optional<UndeclaredPage> page = read_(path);
+    if (!page) return std::nullopt;
+    preparedPath_ = path;
+    prepared_ = QByteArray::fromStdString(page->utf8);
+    return std::move(page->charset);
+}
+
+// The prepared page, or a frame in it.
+std::optional<QByteArray> PageSchemeHandler::TakePage(const std::string& path) {
+    if (path == preparedPath_ && !prepared_.isNull()) return std::exchange(prepared_, {});
+    if (!IsHtml(path)) return std::nullopt;
+    const std::optional<UndeclaredPage> page = read_(path);
+    if (!page) return std::nullopt;
+    return QByteArray::fromStdString(page->utf8);
+}
+
+void PageSchemeHandler::requestStarted(QWebEngineUrlRequestJob* job) {
+    const std::optional<std::string> path = LocalPathOf(job->requestUrl());
+    if (!path || !guard_.Allows(job->requestUrl()))
+        return job->fail(QWebEngineUrlRequestJob::RequestDenied);
+    // The job deletes what it reads from.
+    if (const std::optional<QByteArray> page = TakePage(*path)) {
+        auto* buffer = new QBuffer(job);
+        buffer->setData(*page);
+        buffer->open(QIODevice::ReadOnly);
+        return job->reply("text/html;charset=utf-8", buffer);
+    }
+    auto* file = new QFile(QFile::decodeName(path->c_str()), job);
+    if (!file->open(QIODevice::ReadOnly)) return job->fail(QWebEngineUrlRequestJob::UrlNotFound);
+    job->reply(MimeTypeOf(*path), file);
+}
