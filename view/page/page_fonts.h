@@ -23,6 +23,7 @@ class PageFonts {
 
     // A style is one object for all elements that have it.
     StyleHandle Of(const CssInheritedStyle& style, const PageTextUse& use = {});
+    TextStyle StyleOf(const CssInheritedStyle& style, const PageTextUse& use = {}) const;
     FontMetrics Metrics(const CssInheritedStyle& style) { return lines_.Metrics(*Of(style)); }
     // In device pixels; nothing for the font's own.
     std::optional<double> LineHeight(const CssInheritedStyle& style) const;
@@ -30,8 +31,6 @@ class PageFonts {
     double Pixels(float css) const { return css * scale_; }
 
   private:
-    TextStyle StyleOf(const CssInheritedStyle& style, const PageTextUse& use) const;
-
     LineLayout& lines_;
     const CssPageStyles& styles_;
     double scale_, dpi_;
