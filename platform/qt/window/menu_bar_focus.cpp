@@ -72,5 +72,5 @@ void ActivateFocusedWindow(QWindow* focused) {
     if (window == windows.end()) return;
     while (QWidget* menu = QApplication::activePopupWidget())
         if (BelongsTo(**window, menu) || !menu->close()) break;
-    (*window)->activateWindow();
+    QApplication::setActiveWindow(*window);
 }

@@ -62,8 +62,7 @@ TEST_CASE("qt help window: Page Down in the search field scrolls the page") {
     for (auto* area : Shown()->findChildren<QAbstractScrollArea*>())
         if (auto* view = dynamic_cast<TextWidget*>(area)) page = view;
     REQUIRE(page);
-    Shown()->activateWindow();
-    QApplication::processEvents();
+    QApplication::setActiveWindow(Shown());
     search.setFocus();
     Press(search, Qt::Key_PageDown, Qt::ControlModifier); // an unused key does no harm
     CHECK(page->Pane().Caret() == 0);
