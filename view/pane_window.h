@@ -39,4 +39,5 @@ class PaneWindow {
     virtual void OnTextChanged() = 0;
     virtual void OnSelectionChanged(TextPos anchorBefore, TextPos caretBefore) = 0;
     virtual void OnVisibleTextChanged() = 0; // often while scrolling
+    virtual void OnObjectFocused() {}        // a link, by the keyboard; see ReadablePane
 };

@@ -5,7 +5,6 @@
 #include "common/text_words.h"
 #include "common/unicode.h"
 #include "common/utf.h"
-#include "view/reading_spans.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -36,24 +35,22 @@ TextSpan Common(TextSpan a, TextSpan b) {
 }
 } // namespace
 
-ReadingUnits::ReadingUnits(TextPane& pane) : pane_(pane), layouts_(pane.Layouts()) {}
-
 TextSpan ReadingUnits::At(TextPos position, ReadingUnit unit) {
-    const TextPos length = layouts_.Text().Length();
+    const TextPos length = pane_.Source().Length();
     if (unit == ReadingUnit::Character && position >= length) return {length, length};
     switch (unit) {
     case ReadingUnit::Document: return {0, length};
-    case ReadingUnit::Line: return ReadingLineAt(layouts_, position);
-    case ReadingUnit::Paragraph: return ReadingParagraphAt(layouts_, position);
+    case ReadingUnit::Line: return pane_.ReadingLine(position);
+    case ReadingUnit::Paragraph: return pane_.ReadingParagraph(position);
     case ReadingUnit::Page: {
-        const TextPos start = ReadingLineAt(layouts_, position).start;
-        return {start, PageAfter(start)};
+        const TextPos start = pane_.ReadingLine(position).start;
+        return {start, pane_.ReadingPageEnd(start)};
     }
     case ReadingUnit::Format: {
-        const TextSpan paragraph = ReadingParagraphAt(layouts_, position);
+        const TextSpan paragraph = pane_.ReadingParagraph(position);
         if (paragraph.start == paragraph.end) return paragraph;
         const TextPos within = std::min(position, paragraph.end - 1);
-        return Common(paragraph, StyleSpanAt(layouts_.Context(), within));
+        return Common(paragraph, pane_.StyleSpan(within));
     }
     case ReadingUnit::Character:
     case ReadingUnit::Word:
@@ -67,7 +64,7 @@ TextSpan ReadingUnits::WithinParagraph(TextPos position, ReadingUnit unit) {
     const bool known = starts_.unit == unit && position >= starts_.paragraph.start &&
                        position < starts_.paragraph.end;
     if (!known) {
-        const TextSpan paragraph = ReadingParagraphAt(layouts_, position);
+        const TextSpan paragraph = pane_.ReadingParagraph(position);
         if (paragraph.start == paragraph.end) return paragraph;
         const std::u16string text = ReadableText(pane_, paragraph);
         starts_ = {paragraph, unit, StartsOf(unit, text)};
@@ -78,45 +75,20 @@ TextSpan ReadingUnits::WithinParagraph(TextPos position, ReadingUnit unit) {
     return {paragraph.start + *(after - 1), paragraph.start + *after};
 }
 
-TextPos ReadingUnits::PageAfter(TextPos position) {
-    TextScroller& scroller = pane_.Scroller();
-    const auto layout = layouts_.At(position);
-    const LineRef line = LineOf(*layout, position);
-    const VerticalPos below =
-        scroller.Moved({layout->block.start, LineTop(*layout, line)}, scroller.ViewHeight());
-    if (below.y >= layouts_.At(below.block)->height) return layouts_.Text().Length();
-    // A line that is higher than the screen is a page.
-    return std::max(scroller.LineStartAt(below), ReadingLineAt(layouts_, position).end);
-}
-
-TextPos ReadingUnits::PageBefore(TextPos position) {
-    TextScroller& scroller = pane_.Scroller();
-    const auto layout = layouts_.At(position);
-    const LineRef line = LineOf(*layout, position);
-    const VerticalPos above =
-        scroller.Moved({layout->block.start, LineTop(*layout, line)}, -scroller.ViewHeight());
-    const auto first = layouts_.At(above.block);
-    const LineRef cut = LineAtHeight(*first, above.y);
-    const bool whole = LineTop(*first, cut) >= above.y;
-    const TextPos start = LineStart(*first, cut);
-    const TextPos page = whole ? start : ReadingLineAt(layouts_, start).end;
-    return std::min(page, ReadingLineAt(layouts_, position - 1).start);
-}
-
 TextPos ReadingUnits::Next(TextPos position, ReadingUnit unit) {
-    const TextPos length = layouts_.Text().Length();
+    const TextPos length = pane_.Source().Length();
     if (position >= length) return length;
     return std::clamp(At(position, unit).end, position, length);
 }
 
 TextPos ReadingUnits::Previous(TextPos position, ReadingUnit unit) {
     if (position <= 0) return 0;
-    if (unit == ReadingUnit::Page) return PageBefore(position);
+    if (unit == ReadingUnit::Page) return pane_.ReadingPageStart(position);
     return std::clamp(At(position - 1, unit).start, 0, position);
 }
 
 bool ReadingUnits::Exists(TextPos position, ReadingUnit unit) const {
-    const TextSource& text = layouts_.Text();
+    const TextSource& text = pane_.Source();
     const TextPos length = text.Length();
     if (position < length || length == 0) return true;
     const bool hasEmptyOne = unit == ReadingUnit::Line || unit == ReadingUnit::Paragraph;
@@ -135,14 +107,14 @@ ReadingUnits::Move ReadingUnits::MoveBy(TextPos from, ReadingUnit unit, int coun
         move.position = to;
         ++move.units;
     }
-    const TextPos end = forward ? layouts_.Text().Length() : 0;
+    const TextPos end = forward ? pane_.Source().Length() : 0;
     const TextPos left = std::abs(end - move.position);
     if (left > 0 && asked - move.units >= left) move = {end, move.units + left};
     if (!forward) move.units = -move.units;
     return move;
 }
 
-std::u16string ReadableText(const TextPane& pane, TextSpan span, TextPos most) {
+std::u16string ReadableText(const ReadablePane& pane, TextSpan span, TextPos most) {
     const TextPos length = std::min(span.end - span.start, most);
     std::u16string text = pane.Source().Range(span.start, span.start + length);
     const bool isCut = length < span.end - span.start;
@@ -151,7 +123,7 @@ std::u16string ReadableText(const TextPane& pane, TextSpan span, TextPos most) {
         text.pop_back();
     for (char16_t& unit : text) {
         if (unit == u'\v' || unit == 0x2028) unit = u'\n';
-        if (unit == u'\a' && !pane.IsPlain()) unit = u'\t';
+        if (unit == u'\a' && pane.HasCellMarks()) unit = u'\t';
         if (unit == 0) unit = 0xFFFD; // would end the text for most of those that read it
     }
     return text;

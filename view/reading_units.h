@@ -1,7 +1,7 @@
 // The units in which a text is read to those who do not see it, and moves by them.
 #pragma once
 
-#include "view/text_pane.h"
+#include "view/readable_pane.h"
 
 #include <optional>
 #include <string>
@@ -21,7 +21,7 @@ constexpr TextPos maxReadingReach = 256 * 1024;
 // For one question: text, style and size of the pane stay the same meanwhile.
 class ReadingUnits {
   public:
-    explicit ReadingUnits(TextPane& pane);
+    explicit ReadingUnits(ReadablePane& pane) : pane_(pane) {}
 
     // At the text's end it is the last unit, or an empty one behind a final break; for characters
     // always an empty one.
@@ -49,14 +49,12 @@ class ReadingUnits {
     };
 
     TextSpan WithinParagraph(TextPos position, ReadingUnit unit);
-    TextPos PageAfter(TextPos position);
-    TextPos PageBefore(TextPos position);
 
-    TextPane& pane_;
-    TextLayouts& layouts_;
+    ReadablePane& pane_;
     Starts starts_;
 };
 
 // As many units as the text has there, up to `most`, which cuts no pair of surrogates. Line breaks
 // become line feeds and ends of cells tabs.
-std::u16string ReadableText(const TextPane& pane, TextSpan span, TextPos most = maxReadingReach);
+std::u16string ReadableText(const ReadablePane& pane, TextSpan span,
+                            TextPos most = maxReadingReach);

@@ -6,17 +6,16 @@
 #include "view/drag_selection.h"
 #include "view/heading_index.h"
 #include "view/placeholder.h"
+#include "view/readable_pane.h"
 #include "view/text_scroller.h"
-#include "view/view_pane.h"
 
-#include <algorithm>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
-class TextPane : public ViewPane {
+class TextPane : public ReadablePane {
   public:
     // The arguments must outlive this object. Nothing is asked of the window before it is shown a
     // text or asked something.
@@ -25,7 +24,7 @@ class TextPane : public ViewPane {
     // Both start at the top with the caret at 0. A TextSource is plain text.
     void ShowText(Document document, bool plain);
     void ShowText(std::shared_ptr<const TextSource> text);
-    const TextSource& Source() const { return *text_; } // that of the file, however it is shown
+    const TextSource& Source() const override { return *text_; } // of the file, however shown
     // With the same positions, in the lines that it is displayed in.
     const TextSource& ShownSource() const { return *context_.text; }
     const Document& Text() const { return document_; } // its text may not be the one displayed
@@ -37,22 +36,21 @@ class TextPane : public ViewPane {
 
     std::function<void(const std::u16string& address)> onLink; // was clicked; none: links are text
 
-    void Select(TextPos anchor, TextPos caret); // clamped to the text
-    TextPos SelStart() const { return std::min(anchor_, caret_); }
-    TextPos SelEnd() const { return std::max(anchor_, caret_); }
-    TextPos Anchor() const { return anchor_; }
-    TextPos Caret() const { return caret_; } // one end of the selection
+    void Select(TextPos anchor, TextPos caret) override;
+    TextPos Anchor() const override { return anchor_; }
+    TextPos Caret() const override { return caret_; }
 
     // These are up to date with the window's current size, even if it is hidden.
     TextScroller& Scroller();
     TextLayouts& Layouts();
     TextPos PositionAtPoint(Point point); // the nearest position
-    TextPos CharacterAtPoint(Point point);
+    TextPos CharacterAtPoint(Point point) override;
     std::u16string LinkAt(TextPos position) const; // the address of the link there, "" for none
     std::u16string LinkAt(Point point);
     std::optional<Rect> CaretRect() override;
-    Rect CharacterRect(TextPos position); // above or below the view if the character is out of view
-    void Reveal(TextPos position);
+    Rect CharacterRect(TextPos position) override;
+    void Reveal(TextPos position) override;
+    void ScrollLineToTop(TextPos position) override;
     void RevealHorizontally(TextPos start, TextPos end); // as far as both are in one line
     void OnScrolled();                                   // call it after using the scroller
 
@@ -82,6 +80,17 @@ class TextPane : public ViewPane {
     void OnTimer(PaneTimer timer) override;
     void OnFocusChanged() override;
     void OnResized() override { UpdateLayoutSize(); }
+
+    bool HasCellMarks() const override { return !IsPlain(); }
+    TextSpan VisibleText() override;
+    std::vector<Rect> VisibleBoxes(TextSpan span) override;
+    TextSpan ReadingParagraph(TextPos position) override;
+    TextSpan ReadingLine(TextPos position) override;
+    TextSpan StyleSpan(TextPos position) override;
+    TextPos ReadingPageEnd(TextPos position) override;
+    TextPos ReadingPageStart(TextPos position) override;
+    CharacterLook LookOfCharacter(TextPos position) override;
+    ParagraphLook LookOfParagraph(TextPos position) override;
 
     // Shown while the text is empty.
     void SetPlaceholder(const Placeholder& placeholder);

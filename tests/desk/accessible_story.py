@@ -5,7 +5,7 @@ from harness import books
 from harness import screen_reader as eyes
 from harness.clipboard import copied
 from harness.html_story import HtmlStory, paragraphs, write_page
-from harness.story import SKIPPED, main
+from harness.story import SKIPPED, Story, main
 from harness.wait import wait_for
 
 LINE_LENGTH = 64  # bytes of the numbered lines of a large book, with the line feed
@@ -13,6 +13,10 @@ LARGE = 100 * 2**20 // LINE_LENGTH  # lines
 MOST_AT_ONCE = 256 * 1024  # units that one answer holds
 TEXT = "document frame"
 KINDS = (eyes.WORD, eyes.SENTENCE, eyes.LINE, eyes.CHARACTER)
+
+
+def end_of(view):
+    return next(thing for thing in eyes.all_within(view) if thing.get_name() == "The end")
 
 
 class Accessible(HtmlStory):
@@ -124,6 +128,17 @@ class Accessible(HtmlStory):
             wait_for(lambda: view.get_description() == announced, announced)
         self.go_to(program, "Escape")  # what was said once is not said again
         wait_for(lambda: view.get_description() == "", "the announcement to be over")
+        program.close()
+
+    def test_full_screen_and_scrolling_by_itself_are_announced(self):
+        program, view, _ = self.book("lanterns.txt", books.lines("latin", 3000))
+        for key, announced in (("F11", "Full screen. Escape ends it."),
+                               ("ctrl+shift+s", "Scrolling by itself. Any key ends it."),
+                               ("plus", "Speed 6 of 12."),
+                               ("space", "Scrolling has ended."),
+                               ("Escape", "No full screen any more.")):
+            program.key(key)
+            wait_for(lambda: view.get_description() == announced, announced)
         program.close()
 
     def go_to(self, program, *keys):
@@ -247,6 +262,46 @@ class Accessible(HtmlStory):
                              set(characters))
         for kind in KINDS:
             self.assertEqual("".join(eyes.read_on(view, 0, kind)), text)
+        program.close()
+
+    def test_a_page_without_an_engine_is_read_like_a_text_and_by_its_structure(self):
+        lines = books.long_paragraphs("accents", 12)
+        page = write_page(self.path("lanterns.htm"), "<h1>The quay</h1>" + paragraphs(lines) +
+                          '<p>See <a href="#end">the end</a> or <a href="other.htm">another</a>.'
+                          "<ul><li>One boat<li>Two boats</ul><table><tr><td>oil<td>wick</table>"
+                          '<img src="no.png" alt="A lantern">' + paragraphs(lines) +
+                          '<h2 id="end">The end</h2>')
+        program = Story.reader(self).start(page)  # no engine beside it
+        program.wait_for_book("Lanterns")
+        view = eyes.find(self.listener.window(program.process), "document web", "Lanterns")
+        text = view.get_text(0, -1)
+        self.assertTrue(text.startswith("The quay\n" + lines[0]), text[:80])
+        self.assertTrue(text.endswith("\nThe end"), text[-80:])
+        self.assertLessEqual({"focused", "read-only", "multi-line"}, eyes.states(view))
+        for kind in KINDS:
+            self.assertEqual("".join(eyes.read_on(view, 0, kind)), text)
+        self.assertGreater(len(list(eyes.read_on(view, 0, eyes.LINE))), 40)
+        self.assertEqual(eyes.attributes(view, 2)["level"], "1")
+        left, top, _, height = eyes.box(view, 4)
+        self.assertEqual(eyes.offset_at(view, left + 2, top + height // 2), 4)
+
+        self.assertEqual(eyes.find(view, "heading", "The quay").get_description(), "Heading level 1")
+        # Further down; so not "showing".
+        found = {(thing.get_role_name(), thing.get_name()) for thing in eyes.all_within(view)}
+        self.assertLessEqual({("heading", "The end"), ("list item", "Two boats"),
+                              ("table cell", "wick"), ("image", "A lantern")}, found)
+        self.listener.heard()
+        program.key("Tab")
+        self.hear("object:state-changed:focused", 1)
+        link = eyes.find(view, "link", "the end")
+        self.assertEqual(link.get_description(), "#end")
+        eyes.press(link)
+        wait_for(lambda: "showing" in eyes.states(end_of(view)), "the end to come into view")
+        view.set_selection(0, 4, 8)
+        self.assertEqual(copied(program), "quay")
+        program.key("F11")
+        wait_for(lambda: view.get_description() == "Full screen. Escape ends it.", "full screen")
+        program.key("Escape")
         program.close()
 
     def test_a_page_is_read_too(self):

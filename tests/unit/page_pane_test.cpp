@@ -203,3 +203,13 @@ TEST_CASE("page pane: a file that is not there is told of in the page's place") 
     view.Clear();
     CHECK(view.notice.empty());
 }
+
+TEST_CASE("page pane: a place in a list's item is at its text, not at what follows") {
+    PageBench bench(
+        "<!DOCTYPE html><style>body,ul,p{margin:0}</style><ul><li>one<li>two</ul><p>end");
+    const TextPos two = TextPos(bench.view.Pane().Page()->Text().find(u"two"));
+    bench.view.Select({0, 3});
+    CHECK(bench.view.SelectedText() == u"one");
+    CHECK(bench.PointOf(0).y < bench.PointOf(two).y);
+    CHECK(bench.PointOf(two).y < bench.PointOf(two + 4).y);
+}

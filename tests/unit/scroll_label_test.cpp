@@ -1,6 +1,8 @@
 #include "view/scroll_label.h"
 
-#include "pane_bench.h"
+#include "page_pane_bench.h"
+#include "platform/none/none_clock.h"
+#include "platform/none/none_files.h"
 
 #include <doctest/doctest.h>
 
@@ -109,4 +111,43 @@ TEST_CASE("scroll label: scrolling down by pixels says when the end is reached")
         pixels += 100;
     CHECK(bench.Percent() == 100);
     CHECK_FALSE(bench.ScrollDown(1));
+}
+
+TEST_CASE("scroll label: of a page, by its h1 to h6") {
+    NoneClock clock;
+    NoneFiles files{clock};
+    std::string source = "<!DOCTYPE html>";
+    for (const char chapter : {'1', '2', '3', '4'}) {
+        source += std::string("<h2>Chapter <i>") + chapter + "</i></h2>";
+        for (int line = 0; line < 500; ++line)
+            source += "<p>a line of it";
+    }
+    files.AddFile(u"/books/page.htm", source);
+    PagePaneBench bench(files);
+    const auto label = [&]() -> std::u16string {
+        for (const NoneDrawing& drawing : bench.Painted())
+            if (drawing.text.find(u'%') != std::u16string::npos) return drawing.text;
+        return {};
+    };
+    bench.Pane().ShowScrollLabel(); // without a page
+    bench.Navigate(u"/books/page.htm", 1);
+    bench.LetEventsCome();
+    CHECK(label().empty());
+    bench.Pane().ShowScrollLabel();
+    CHECK(label() == u"0 % \u2013 Chapter 1");
+    // What is above is not measured for the label.
+    const int before = bench.Pane().LayoutsMade();
+    bench.Pane().ScrollToValue(bench.Pane().VerticalValue() + 30'000);
+    bench.Pane().ShowScrollLabel();
+    CHECK(label().ends_with(u" % \u2013 Chapter 2"));
+    CHECK(bench.Pane().LayoutsMade() - before < 40);
+    bench.ScrollToPercent(100);
+    CHECK(label() == u"100 % \u2013 Chapter 4");
+    bench.Pane().OnTimer(PaneTimer::ScrollLabel);
+    CHECK(label().empty());
+    CHECK_FALSE(bench.window.timers.contains(PaneTimer::ScrollLabel));
+
+    bench.Pane().ShowScrollLabel();
+    bench.Clear();
+    CHECK_FALSE(bench.window.timers.contains(PaneTimer::ScrollLabel));
 }

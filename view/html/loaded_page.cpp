@@ -2,17 +2,11 @@
 
 #include "formats/html/html_reader.h"
 #include "formats/html/html_units.h"
+#include "view/html/page_objects.h"
 
 #include <algorithm>
 
 namespace {
-int HeadingLevel(const HtmlNode& node) {
-    const int level = int(node.name) - int(HtmlName::H1) + 1;
-    return node.IsElement() && node.nameSpace == HtmlNamespace::Html && level >= 1 && level <= 6
-               ? level
-               : 0;
-}
-
 // Blanks at the ends go, others become one.
 std::u16string Collapsed(std::u16string_view text) {
     std::u16string result;
@@ -89,7 +83,7 @@ std::vector<Heading> LoadedPage::Headings() const {
     const HtmlNodeId body = tree_.Body();
     for (HtmlNodeId id = body; id != noHtmlNode && headings.size() < maxHeadings;
          id = tree_.Next(id, body)) {
-        const int level = HeadingLevel(tree_[id]);
+        const int level = HeadingLevelOf(tree_[id]);
         if (level == 0) continue;
         TextPos start = -1, end = -1;
         for (HtmlNodeId inside = id; inside != noHtmlNode; inside = tree_.Next(inside, id))

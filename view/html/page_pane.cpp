@@ -27,6 +27,10 @@ PagePane::~PagePane() = default;
 void PagePane::Clear() {
     window_.StopTimer(PaneTimer::Measuring);
     window_.OnTextChanging();
+    HideScrollLabel();
+    headings_.reset();
+    ForgetObjects();
+    source_.emplace(noText_);
     scroller_.SetPage(nullptr, 1);
     shown_.reset();
     pictures_.reset();
@@ -50,6 +54,7 @@ void PagePane::Clear() {
 void PagePane::Show(std::unique_ptr<LoadedPage> page) {
     Clear();
     page_ = std::move(page);
+    source_.emplace(page_->Text());
     pageFiles_ = std::make_unique<PageFiles>(files_, *page_);
     pictures_ = std::make_unique<PagePictures>(*page_, *pageFiles_, store_);
     sheets_ = PageSheets(*page_, *pageFiles_);
@@ -78,7 +83,7 @@ bool PagePane::UpdateLayout() {
 }
 
 void PagePane::LayOutAnew(const PageLook& look) {
-    const std::optional<Anchor> anchor = shown_ ? TopAnchor() : std::nullopt;
+    const std::optional<PlaceAtTop> anchor = shown_ ? TopAnchor() : std::nullopt;
     PageLook before = std::exchange(look_, look);
     if (before.scale != look.scale) {
         newTop_.reset();
@@ -97,6 +102,7 @@ void PagePane::LayOutAnew(const PageLook& look) {
     if (newStyles) {
         scroller_.SetPage(nullptr, 1);
         shown_ = std::make_unique<ShownPage>(*page_, sheets_, *pictures_, lines_, look);
+        ForgetObjects();
     } else {
         shown_->Flow().SetWidth(look.viewport.width);
     }
@@ -115,7 +121,7 @@ std::optional<CharacterPlace> PagePane::PlaceOf(TextPos position) {
 }
 
 // At the page's start there is none: what is above the first line stays in view.
-std::optional<PagePane::Anchor> PagePane::TopAnchor() {
+std::optional<PagePane::PlaceAtTop> PagePane::TopAnchor() {
     if (scroller_.IsAtStart()) return std::nullopt;
     if (topAnchor_) return topAnchor_;
     const double margin = shown_->TopMargin();
@@ -125,10 +131,10 @@ std::optional<PagePane::Anchor> PagePane::TopAnchor() {
     const TextPos position = places.PositionOf(line->block.Content(), line->unit);
     const auto place = PlaceOf(position);
     if (!place) return std::nullopt;
-    return Anchor{position, scroller_.InView(place->block.zone, place->top) / place->height};
+    return PlaceAtTop{position, scroller_.InView(place->block.zone, place->top) / place->height};
 }
 
-void PagePane::RestoreTop(const std::optional<Anchor>& anchor) {
+void PagePane::RestoreTop(const std::optional<PlaceAtTop>& anchor) {
     topAnchor_ = anchor;
     if (!anchor) return scroller_.ScrollTo({});
     if (const auto place = PlaceOf(anchor->position))
@@ -236,7 +242,7 @@ bool PagePane::GoToLine(const PageTop& top) {
     const double above = std::min(top.above * look_.scale, place->height - 1);
     scroller_.ScrollTo({place->block.zone, place->top - std::round(shown_->TopMargin()) + above});
     const double inView = scroller_.InView(place->block.zone, place->top);
-    topAnchor_ = Anchor{top.start, inView / place->height};
+    topAnchor_ = PlaceAtTop{top.start, inView / place->height};
     return true;
 }
 

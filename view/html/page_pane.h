@@ -4,17 +4,18 @@
 // Layout and scrolling are in device pixels; what the port counts in CSS pixels is converted here.
 #pragma once
 
+#include "common/string_text.h"
 #include "platform/html_view.h"
 #include "view/caret_moves.h"
 #include "view/drag_selection.h"
 #include "view/html/page_scroller.h"
-#include "view/view_pane.h"
+#include "view/readable_pane.h"
 
 #include <chrono>
 #include <functional>
 #include <memory>
 
-class PagePane : public ViewPane {
+class PagePane : public ReadablePane {
   public:
     // The arguments must outlive this object.
     PagePane(PaneWindow& window, LineLayout& lines, PictureStore& pictures, const Files& files);
@@ -31,10 +32,10 @@ class PagePane : public ViewPane {
     void SetZoom(int percent); // the line at the top stays there
     void SetColors(std::optional<Color> text, std::optional<Color> background);
 
-    void Select(TextPos anchor, TextPos caret); // clamped to the text
-    TextPos SelStart() const { return std::min(anchor_, caret_); }
-    TextPos SelEnd() const { return std::max(anchor_, caret_); }
-    void Reveal(TextPos position);
+    void Select(TextPos anchor, TextPos caret) override;
+    TextPos Anchor() const override { return anchor_; }
+    TextPos Caret() const override { return caret_; }
+    void Reveal(TextPos position) override;
 
     // CSS pixels.
     void ScrollTo(int left, int top);
@@ -43,7 +44,7 @@ class PagePane : public ViewPane {
     PageTop Top();
     int ViewHeight() const;
     int TopMargin();
-    void ScrollLineToTop(TextPos position);
+    void ScrollLineToTop(TextPos position) override;
     void ScrollToPercent(int percent);
     int Percent();
     bool ScrollDown(double pixels); // false at the page's end
@@ -74,22 +75,43 @@ class PagePane : public ViewPane {
     int VerticalValue() override;
     void ScrollToValue(int value) override;
     void ScrollToX(int x) override;
-    void ShowScrollLabel() override {}
+    void ShowScrollLabel() override;
     void OnTimer(PaneTimer timer) override;
     void OnFocusChanged() override { window_.Redraw(); }
     void OnResized() override { UpdateLayout(); }
 
+    // To those who do not see it. Its text is the counted one, whether it is displayed or not.
+    const TextSource& Source() const override { return *source_; }
+    TextPos CharacterAtPoint(Point point) override;
+    Rect CharacterRect(TextPos position) override;
+    TextSpan VisibleText() override;
+    std::vector<Rect> VisibleBoxes(TextSpan span) override;
+    TextSpan ReadingParagraph(TextPos position) override;
+    TextSpan ReadingLine(TextPos position) override;
+    TextSpan StyleSpan(TextPos position) override;
+    TextPos ReadingPageEnd(TextPos position) override;
+    TextPos ReadingPageStart(TextPos position) override;
+    CharacterLook LookOfCharacter(TextPos position) override;
+    ParagraphLook LookOfParagraph(TextPos position) override;
+    bool HasStructure() const override { return true; }
+    const ReadingObjects& Objects() override;
+    int ObjectsVersion() const override { return objectsVersion_; }
+    Rect ObjectRect(std::size_t object) override;
+    void FollowObject(std::size_t object) override;
+    std::size_t FocusedObject() override;
+    int LayoutsMade() const { return shown_ ? shown_->Flow().LayoutsMade() : 0; } // zones so far
+
   private:
     // Where a character was, to be brought there again in another layout.
-    struct Anchor {
+    struct PlaceAtTop {
         TextPos position = 0;
         double lines = 0; // of its letters' top in the view, in heights of them
     };
 
     bool UpdateLayout(); // false without a page
     void LayOutAnew(const PageLook& look);
-    std::optional<Anchor> TopAnchor();
-    void RestoreTop(const std::optional<Anchor>& anchor);
+    std::optional<PlaceAtTop> TopAnchor();
+    void RestoreTop(const std::optional<PlaceAtTop>& anchor);
     double ScaleOf(int zoomPercent) const;
     std::optional<CharacterPlace> PlaceOf(TextPos position);
     void GoTo(const PageTop& top);
@@ -118,6 +140,12 @@ class PagePane : public ViewPane {
     TextPos NextWord(TextPos position, bool forward) const;
     std::optional<TextSpan> LinkSpan(HtmlNodeId link) const;
     void PaintFocus(Canvas& canvas);
+    void PaintLabel(Canvas& canvas);
+    void HideScrollLabel();
+    const std::vector<Heading>& Headings();
+    void ForgetObjects();
+    HtmlNodeId ElementAt(TextPos position) const;
+    std::optional<Rect> PictureRect(HtmlNodeId picture);
 
     PaneWindow& window_;
     LineLayout& lines_;
@@ -137,7 +165,7 @@ class PagePane : public ViewPane {
 
     PageScroller scroller_;
     std::optional<double> wantedHeight_; // asked for, while what is above is not measured
-    std::optional<Anchor> topAnchor_;    // of the last layout, until the page is scrolled
+    std::optional<PlaceAtTop> topAnchor_; // of the last layout, until the page is scrolled
     // Asked for, and since then the page has not been scrolled; just now, so that the window may
     // still get its size from the desktop.
     std::optional<PageTop> newTop_;
@@ -148,4 +176,12 @@ class PagePane : public ViewPane {
     TextPos anchor_ = 0, caret_ = 0;
     DragSelection drag_;
     HtmlNodeId pressedLink_ = noHtmlNode, focusedLink_ = noHtmlNode;
+
+    // Read when they are asked for first.
+    std::optional<std::vector<Heading>> headings_;
+    std::optional<ReadingObjects> objects_;
+    int objectsVersion_ = 0;
+    bool labelShown_ = false;
+    const std::u16string noText_;
+    std::optional<StringText> source_{noText_}; // of the page's text
 };

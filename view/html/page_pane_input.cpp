@@ -226,6 +226,7 @@ bool PagePane::FocusLink(bool forward) {
     focusedLink_ = found;
     Reveal(LinkSpan(found)->start);
     window_.Redraw();
+    window_.OnObjectFocused();
     return true;
 }
 

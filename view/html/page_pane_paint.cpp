@@ -58,6 +58,7 @@ void PagePane::Paint(Canvas& canvas, const Rect& clip) {
     for (const auto& [fragment, top] : seen)
         PaintFragment(canvas, paint, *fragment, -scrollX_, top);
     if (window_.HasFocus()) PaintFocus(canvas);
+    if (labelShown_) PaintLabel(canvas);
 }
 
 // A frame around the link that Return follows.

@@ -72,6 +72,7 @@ void PagePane::UpdateScrollBars() {
 void PagePane::OnTimer(PaneTimer timer) {
     if (timer == PaneTimer::Measuring) return MeasureMore();
     if (timer == PaneTimer::AutoScroll) AutoScroll();
+    if (timer == PaneTimer::ScrollLabel) HideScrollLabel();
 }
 
 void PagePane::DragTo(Point point) {

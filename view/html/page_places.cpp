@@ -20,6 +20,10 @@ TextPos EndOfOrigin(const InlineContent& content, std::size_t index) {
                                       : TextPos(content.text.text.size());
 }
 
+bool Shows(const InlineContent& content, HtmlNodeId node) {
+    return std::ranges::find(content.origins, node, &InlineOrigin::node) != content.origins.end();
+}
+
 // The unit that shows a unit of a node, or the nearest one; nothing where none of the node's is
 // shown.
 std::optional<TextPos> UnitShowing(const InlineContent& content, HtmlNodeId node,
@@ -66,12 +70,14 @@ double PlacedBlock::CaretX(std::size_t line, TextPos unit) const {
     return left + Line(line).left + Piece(line).CaretX(Line(line).line, unit - PieceStart(line));
 }
 
-std::optional<PlacedBlock> PagePlaces::FindBlock(PageBoxId box) {
+// The marker of a list's item is a block of that box, too, and shows nothing of the node.
+std::optional<PlacedBlock> PagePlaces::FindBlock(PageBoxId box, HtmlNodeId node) {
     const std::size_t zone = shown_.ZoneOf(box);
     std::optional<PlacedBlock> found;
     const PageFragmentPtr fragment = shown_.Flow().LayOut(zone);
     ForBlocks(*fragment, 0, 0, [&](const PlacedLines& lines, double left, double top) {
-        if (!found && lines.box == box) found = PlacedBlock{zone, left, top, &lines, fragment};
+        if (!found && lines.box == box && Shows(*lines.content, node))
+            found = PlacedBlock{zone, left, top, &lines, fragment};
     });
     return found;
 }
@@ -80,7 +86,7 @@ std::optional<CharacterPlace> PagePlaces::PlaceIn(const HtmlTextPiece& piece, Te
     const std::size_t unitOfNode = page_.UnitOf(piece, position);
     const PageBoxId box = shown_.BoxOf(piece.node, unitOfNode);
     if (box == noPageBox) return std::nullopt;
-    auto block = FindBlock(box);
+    auto block = FindBlock(box, piece.node);
     if (!block) return std::nullopt;
     const auto unit = UnitShowing(block->Content(), piece.node, unitOfNode);
     if (!unit) return std::nullopt;

@@ -63,7 +63,7 @@ class PagePlaces {
 
   private:
     std::optional<CharacterPlace> PlaceIn(const HtmlTextPiece& piece, TextPos position);
-    std::optional<PlacedBlock> FindBlock(PageBoxId box);
+    std::optional<PlacedBlock> FindBlock(PageBoxId box, HtmlNodeId node);
 
     const LoadedPage& page_;
     ShownPage& shown_;

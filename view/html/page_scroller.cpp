@@ -64,7 +64,11 @@ double PageScroller::InView(std::size_t zone, double y) const {
 }
 
 PageScroller::Top PageScroller::At(double inView) const {
-    Top top{top_.zone, top_.y + inView};
+    return Moved(top_, inView);
+}
+
+PageScroller::Top PageScroller::Moved(Top top, double pixels) const {
+    top.y += pixels;
     Normalize(top);
     return top;
 }

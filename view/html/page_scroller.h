@@ -29,6 +29,8 @@ class PageScroller {
     // A height of a zone in the view, and the zone and height that are at one of the view.
     double InView(std::size_t zone, double y) const;
     Top At(double inView) const;
+    // A place so much further down or up, as far as the page goes.
+    Top Moved(Top top, double pixels) const;
 
   private:
     void Normalize(Top& top) const;

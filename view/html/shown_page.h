@@ -31,6 +31,7 @@ class ShownPage {
     const CssPageStyles& Styles() const { return styles_; }
     const PageBoxes& Boxes() const { return boxes_; }
     PageFlow& Flow() { return flow_; }
+    PageFonts& Fonts() { return fonts_; }
     // The box of lines that a node's text stands in, or that an element makes; nothing for what is
     // not shown.
     PageBoxId BoxOf(HtmlNodeId node, std::size_t unit = 0) const;

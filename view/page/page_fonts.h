@@ -22,6 +22,7 @@ class PageFonts {
 
     // A style is one object for all elements that have it.
     StyleHandle Of(const CssInheritedStyle& style, const PageTextUse& use = {});
+    TextStyle StyleOf(const CssInheritedStyle& style, const PageTextUse& use = {});
     FontMetrics Metrics(const CssInheritedStyle& style) { return lines_.Metrics(*Of(style)); }
     // In device pixels; nothing for the font's own.
     std::optional<double> LineHeight(const CssInheritedStyle& style) const;
@@ -29,7 +30,6 @@ class PageFonts {
     double Pixels(float css) const { return css * scale_; }
 
   private:
-    TextStyle StyleOf(const CssInheritedStyle& style, const PageTextUse& use);
     const std::u16string& Family(std::uint32_t families);
 
     LineLayout& lines_;

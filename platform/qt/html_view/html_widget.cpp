@@ -1,6 +1,7 @@
 #include "platform/qt/html_view/html_widget.h"
 
 #include "common/keys.h"
+#include "platform/qt/qt_text.h"
 #include "platform/qt/window/key_codes.h"
 
 #include <QKeyEvent>
@@ -8,8 +9,8 @@
 #include <QMenu>
 
 HtmlWidget::HtmlWidget(QWidget* parent, const Files& files)
-    : PaneWidget(parent), pane_(*this, Lines(), Pictures(), files), notice_(new QLabel(this)) {
-    SetPane(pane_);
+    : ReadableWidget(parent), pane_(*this, Lines(), Pictures(), files), notice_(new QLabel(this)) {
+    SetReadable(pane_);
     notice_->setAlignment(Qt::AlignCenter);
     notice_->setWordWrap(true);
     notice_->setAutoFillBackground(true);
@@ -24,8 +25,14 @@ void HtmlWidget::ShowNotice(const QString& text) {
     notice_->raise();
 }
 
+// A page is called by its title.
+void HtmlWidget::OnTextChanged() {
+    if (pane_.Page()) setAccessibleName(ToQt(pane_.Page()->Title()));
+    ReadableWidget::OnTextChanged();
+}
+
 void HtmlWidget::resizeEvent(QResizeEvent* event) {
-    PaneWidget::resizeEvent(event);
+    ReadableWidget::resizeEvent(event);
     notice_->setGeometry(rect());
 }
 
@@ -37,13 +44,13 @@ void HtmlWidget::keyPressEvent(QKeyEvent* event) {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (zooms || (isReturn && shift == 0 && onOtherKey && onOtherKey('\r', false)))
         return event->accept();
-    PaneWidget::keyPressEvent(event);
+    ReadableWidget::keyPressEvent(event);
 }
 
 // Tab goes from link to link, and on to the next widget behind the last one.
 bool HtmlWidget::focusNextPrevChild(bool next) {
     if (onOtherKey && onOtherKey('\t', !next)) return true;
-    return PaneWidget::focusNextPrevChild(next);
+    return ReadableWidget::focusNextPrevChild(next);
 }
 
 void HtmlWidget::ShowContextMenu() {

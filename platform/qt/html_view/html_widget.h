@@ -2,16 +2,17 @@
 #pragma once
 
 #include "platform/html_view.h"
-#include "platform/qt/text_view/pane_widget.h"
+#include "platform/qt/text_view/readable_widget.h"
 #include "view/html/page_pane.h"
 
 class QLabel;
 
-class HtmlWidget final : public PaneWidget {
+class HtmlWidget final : public ReadableWidget {
   public:
     HtmlWidget(QWidget* parent, const Files& files); // initially hidden
 
     PagePane& Pane() { return pane_; }
+    bool IsPage() const override { return true; }
     void ShowNotice(const QString& text); // over the page; "" for none
 
     std::function<bool(int keyCode)> onZoomKey;              // with Ctrl; whether it is one
@@ -22,6 +23,7 @@ class HtmlWidget final : public PaneWidget {
     void keyPressEvent(QKeyEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     void resizeEvent(QResizeEvent* event) override;
+    void OnTextChanged() override;
 
   private:
     void ShowContextMenu();

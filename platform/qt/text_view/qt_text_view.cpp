@@ -1,14 +1,10 @@
 #include "platform/qt/text_view/qt_text_view.h"
 
 #include "platform/qt/qt_text.h"
-#include "platform/qt/text_view/accessibility/accessible_text.h"
 #include "platform/qt/text_view/event_pump.h"
 #include "platform/qt/text_view/text_widget.h"
 
-#include <QAccessible>
-
 QtTextView::QtTextView(QWidget* parent) : widget_(new TextWidget(parent)) {
-    AccessibleText::Install();
     widget_->onContextMenu = [this] {
         if (onContextMenu) onContextMenu();
     };
@@ -67,10 +63,8 @@ void QtTextView::FocusView() {
     widget_->setFocus();
 }
 
-// Qt 6.4 has no announcements. A screen reader says a description of what has the focus when it
-// changes.
 void QtTextView::Announce(std::u16string_view text) {
-    if (QAccessible::isActive()) widget_->setAccessibleDescription(ToQt(text));
+    widget_->Announce(text);
 }
 
 void QtTextView::SetName(std::u16string_view name) {

@@ -1,6 +1,7 @@
 #include "platform/windows/html_pane/html_window.h"
 
 #include "platform/shared/call_handler.h"
+#include "platform/windows/base/text.h"
 #include "platform/windows/html_view/page/page_keys.h"
 #include "platform/windows/window/dpi.h"
 #include "platform/windows/window/win_input.h"
@@ -35,8 +36,8 @@ class MessageFont {
 } // namespace
 
 HtmlWindow::HtmlWindow(HWND parent, const Files& files)
-    : PaneHost(L"NorvasetOwnPage", parent), pane_(*this, Lines(), Pictures(), files) {
-    SetPane(pane_);
+    : ReadableWindow(L"NorvasetOwnPage", parent), pane_(*this, Lines(), Pictures(), files) {
+    SetReadable(pane_);
 }
 
 // The base destroys the window, whose messages must not come here any more.
@@ -53,10 +54,16 @@ void HtmlWindow::SetNotice(std::wstring text) {
     InvalidateRect(Handle(), nullptr, FALSE);
 }
 
-std::optional<LRESULT> HtmlWindow::OnMessage(UINT message, WPARAM, LPARAM) {
-    if (message != postedMessage) return std::nullopt;
+std::optional<LRESULT> HtmlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != postedMessage) return ReadableWindow::OnMessage(message, wParam, lParam);
     CallHandler(onPosted);
     return 0;
+}
+
+// A page is called by its title where it is read aloud.
+void HtmlWindow::OnTextChanged() {
+    if (pane_.Page()) SetWindowTextW(Handle(), ToWide(pane_.Page()->Title()).c_str());
+    ReadableWindow::OnTextChanged();
 }
 
 bool HtmlWindow::OnKey(int key) {

@@ -1,10 +1,10 @@
-// The window of our own view of pages: a host for a page pane, with a page's keys.
+// The window of our own view of pages: that of a page pane, with a page's keys.
 #pragma once
 
-#include "platform/windows/text_pane/pane_host.h"
+#include "platform/windows/text_pane/readable_window.h"
 #include "view/html/page_pane.h"
 
-class HtmlWindow final : public PaneHost {
+class HtmlWindow final : public ReadableWindow {
   public:
     HtmlWindow(HWND parent, const Files& files); // initially hidden
     ~HtmlWindow();
@@ -21,6 +21,7 @@ class HtmlWindow final : public PaneHost {
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     bool OnKey(int key) override;
     void PaintOver(HDC context) override;
+    void OnTextChanged() override;
 
     PagePane pane_;
     std::wstring notice_;

@@ -7,9 +7,9 @@ constexpr wchar_t ownerProperty[] = L"Norvaset.TextWindow";
 } // namespace
 
 TextWindow::TextWindow(HWND parent)
-    : PaneHost(L"NorvasetText", parent), pane_(*this, Lines(), Pictures()) {
+    : ReadableWindow(L"NorvasetText", parent), pane_(*this, Lines(), Pictures()) {
     SetPropW(Handle(), ownerProperty, this);
-    SetPane(pane_);
+    SetReadable(pane_);
 }
 
 // The base destroys the window, whose messages must not come here any more.
@@ -22,26 +22,12 @@ TextWindow* TextWindow::Of(HWND window) {
 }
 
 std::optional<LRESULT> TextWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-    case WM_NCDESTROY: RemovePropW(Handle(), ownerProperty); return std::nullopt;
-    case WM_DESTROY: accessibility_.Disconnect(); return 0;
-    case WM_GETOBJECT: return accessibility_.AnswerGetObject(Handle(), wParam, lParam);
-    default: return std::nullopt;
-    }
+    if (message == WM_NCDESTROY) RemovePropW(Handle(), ownerProperty);
+    return ReadableWindow::OnMessage(message, wParam, lParam);
 }
 
 bool TextWindow::OnPress(Point point) {
     if (!pane_.IsPlaceholderLink(point)) return false;
     CallHandler(onPlaceholderLink);
     return true;
-}
-
-void TextWindow::OnTextChanged() {
-    NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, Handle(), OBJID_CLIENT, CHILDID_SELF);
-    accessibility_.OnTextChanged();
-}
-
-void TextWindow::OnSelectionChanged(TextPos anchorBefore, TextPos caretBefore) {
-    PaneHost::OnSelectionChanged(anchorBefore, caretBefore);
-    accessibility_.OnSelectionChanged();
 }

@@ -148,6 +148,10 @@ def paragraph_at(text, offset):
     return piece and piece.content
 
 
+def attributes(text, offset):
+    return Atspi.Text.get_attribute_run(text, offset, False)[0]
+
+
 def box(text, offset):
     """Where a character is on the screen: left, top, width, height."""
     place = text.get_character_extents(offset, Atspi.CoordType.SCREEN)

@@ -1,7 +1,5 @@
 #include "platform/qt/text_view/accessibility/accessible_attributes.h"
 
-#include "view/reading_attributes.h"
-
 #include <algorithm>
 
 namespace {
@@ -54,13 +52,15 @@ QString PositionName(TextBaseline baseline) {
 
 void AddParagraph(QString& all, const ParagraphLook& paragraph) {
     Add(all, "text-align", AlignmentName(paragraph.alignment));
+    // The name that an object has for a heading's level; there is none for texts.
+    if (paragraph.headingLevel > 0) Add(all, "level", QString::number(paragraph.headingLevel));
     Add(all, "writing-mode", paragraph.rightToLeft ? QStringLiteral("rl") : QStringLiteral("lr"));
 }
 } // namespace
 
-AccessibleAttributes AttributesAt(TextPane& pane, TextPos position) {
-    const ParagraphLook paragraph = ParagraphLookAt(pane, position);
-    const CharacterLook look = CharacterLookAt(pane, position);
+AccessibleAttributes AttributesAt(ReadablePane& pane, TextPos position) {
+    const ParagraphLook paragraph = pane.LookOfParagraph(position);
+    const CharacterLook look = pane.LookOfCharacter(position);
     AccessibleAttributes attributes;
     attributes.span = {std::max(paragraph.span.start, look.span.start),
                        std::min(paragraph.span.end, look.span.end)};

@@ -1,7 +1,7 @@
 // The formatting of a text as accessible attributes.
 #pragma once
 
-#include "view/text_pane.h"
+#include "view/readable_pane.h"
 
 #include <QString>
 
@@ -11,4 +11,4 @@ struct AccessibleAttributes {
     QString text;
 };
 
-AccessibleAttributes AttributesAt(TextPane& pane, TextPos position);
+AccessibleAttributes AttributesAt(ReadablePane& pane, TextPos position);

@@ -2,7 +2,8 @@
 
 #include "platform/qt/qt_text.h"
 #include "platform/qt/text_view/accessibility/accessible_attributes.h"
-#include "platform/qt/text_view/text_widget.h"
+#include "platform/qt/text_view/accessibility/accessible_object.h"
+#include "platform/qt/text_view/readable_widget.h"
 
 #include <QScrollBar>
 
@@ -13,7 +14,7 @@ namespace {
 // because they lack the type information for a cast.
 QAccessibleInterface* CreateInterface(const QString&, QObject* object) {
     if (object->metaObject() != &QAbstractScrollArea::staticMetaObject) return nullptr;
-    auto* view = dynamic_cast<TextWidget*>(object);
+    auto* view = dynamic_cast<ReadableWidget*>(object);
     return view ? new AccessibleText(*view) : nullptr;
 }
 
@@ -36,23 +37,28 @@ TextPos CharacterStart(const TextSource& text, TextPos position) {
 }
 } // namespace
 
-AccessibleText::AccessibleText(TextWidget& view) : QAccessibleWidget(&view) {}
+AccessibleText::AccessibleText(ReadableWidget& view) : QAccessibleWidget(&view) {}
+
+AccessibleText::~AccessibleText() {
+    ForgetObjects();
+}
 
 void AccessibleText::Install() {
     QAccessible::installFactory(CreateInterface);
 }
 
-TextWidget& AccessibleText::View() const {
-    return *static_cast<TextWidget*>(widget());
+ReadableWidget& AccessibleText::View() const {
+    return *static_cast<ReadableWidget*>(widget());
 }
 
-TextPane& AccessibleText::Pane() const {
-    return View().Pane();
+ReadablePane& AccessibleText::Pane() const {
+    return View().Readable();
 }
 
 // A view without a focus policy shows a message, which screen readers read when the dialog opens.
 QAccessible::Role AccessibleText::role() const {
-    return View().focusPolicy() == Qt::NoFocus ? QAccessible::StaticText : QAccessible::Document;
+    if (View().focusPolicy() == Qt::NoFocus) return QAccessible::StaticText;
+    return View().IsPage() ? QAccessible::WebDocument : QAccessible::Document;
 }
 
 QAccessible::State AccessibleText::state() const {
@@ -81,20 +87,46 @@ std::vector<QWidget*> AccessibleText::ScrollBars() const {
     return shown;
 }
 
+void AccessibleText::ForgetObjects() const {
+    for (const auto& [index, id] : objects_)
+        QAccessible::deleteAccessibleInterface(id);
+    objects_.clear();
+}
+
+// Those of a version before are nothing any more: see AccessibleObject::isValid.
+QAccessibleInterface* AccessibleText::Object(std::size_t index) const {
+    if (objectsVersion_ != Pane().ObjectsVersion()) ForgetObjects();
+    objectsVersion_ = Pane().ObjectsVersion();
+    if (index >= Pane().Objects().size()) return nullptr;
+    const auto known = objects_.find(index);
+    if (known != objects_.end()) return QAccessible::accessibleInterface(known->second);
+    auto* object = new AccessibleObject(View(), index);
+    objects_[index] = QAccessible::registerAccessibleInterface(object); // which owns it
+    return object;
+}
+
 int AccessibleText::childCount() const {
-    return int(ScrollBars().size());
+    return int(ReadingChildren(Pane().Objects()).size() + ScrollBars().size());
 }
 
 QAccessibleInterface* AccessibleText::child(int index) const {
+    if (index < 0) return nullptr;
+    const auto objects = ReadingChildren(Pane().Objects());
+    if (std::size_t(index) < objects.size()) return Object(objects[std::size_t(index)]);
     const auto bars = ScrollBars();
-    const bool exists = index >= 0 && index < std::ssize(bars);
-    return exists ? QAccessible::queryAccessibleInterface(bars[std::size_t(index)]) : nullptr;
+    const std::size_t bar = std::size_t(index) - objects.size();
+    return bar < bars.size() ? QAccessible::queryAccessibleInterface(bars[bar]) : nullptr;
 }
 
 int AccessibleText::indexOfChild(const QAccessibleInterface* child) const {
+    const auto objects = ReadingChildren(Pane().Objects());
+    if (const auto* object = dynamic_cast<const AccessibleObject*>(child)) {
+        const auto at = std::ranges::find(objects, object->Index());
+        return at == objects.end() ? -1 : int(at - objects.begin());
+    }
     const auto bars = ScrollBars();
     const auto bar = std::ranges::find(bars, child ? child->object() : nullptr);
-    return bar == bars.end() ? -1 : int(bar - bars.begin());
+    return bar == bars.end() ? -1 : int(objects.size()) + int(bar - bars.begin());
 }
 
 void AccessibleText::selection(int index, int* start, int* end) const {

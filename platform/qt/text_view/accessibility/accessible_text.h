@@ -1,33 +1,38 @@
-// The accessible interface of the text widget.
+// The accessible interface of the widget of a text or a page.
 #pragma once
 
 #include "view/reading_units.h"
 
 #include <QAccessibleWidget>
 
+#include <map>
 #include <optional>
+#include <vector>
 
-class TextPane;
-class TextWidget;
+class ReadableWidget;
 
 // Offsets are UTF-16 units as everywhere in Qt; -1 is the text's length and -2 the caret. The cost
 // of a call does not depend on the length of the text, so that a book of a gigabyte can be read: a
 // call returns at most `maxReadingReach` units, and boundaries are those of `ReadingUnits`.
 class AccessibleText final : public QAccessibleWidget, public QAccessibleTextInterface {
   public:
-    explicit AccessibleText(TextWidget& view);
+    explicit AccessibleText(ReadableWidget& view);
+    ~AccessibleText() override;
 
-    // Installs the factory for text widgets.
+    // Installs the factory for widgets of texts and pages, once.
     static void Install();
 
     QAccessible::Role role() const override;
     QAccessible::State state() const override;
     QString text(QAccessible::Text kind) const override;
     void* interface_cast(QAccessible::InterfaceType type) override;
-    // The visible scroll bars. The viewport is this object itself.
+    // What the text has besides characters, and the visible scroll bars. The viewport is this
+    // object itself.
     int childCount() const override;
     QAccessibleInterface* child(int index) const override;
     int indexOfChild(const QAccessibleInterface* child) const override;
+    // Of ReadablePane::Objects, also of those within others; null where there is none.
+    QAccessibleInterface* Object(std::size_t index) const;
 
     // A single selection, from the anchor to the caret.
     void selection(int index, int* start, int* end) const override;
@@ -57,11 +62,16 @@ class AccessibleText final : public QAccessibleWidget, public QAccessibleTextInt
     int offsetAtPoint(const QPoint& point) const override;
 
   private:
-    TextWidget& View() const;
-    TextPane& Pane() const;
+    ReadableWidget& View() const;
+    ReadablePane& Pane() const;
+    void ForgetObjects() const;
     std::vector<QWidget*> ScrollBars() const;
     std::optional<TextPos> PositionOf(int offset) const;
     TextPos ClampedPosition(int offset) const;
     TextSpan SpanAt(TextPos position, QAccessible::TextBoundaryType) const;
     QString SpanText(std::optional<TextSpan> span, int* start, int* end) const;
+
+    // Of the objects of one version that were asked for.
+    mutable std::map<std::size_t, QAccessible::Id> objects_;
+    mutable int objectsVersion_ = 0;
 };

@@ -2,14 +2,15 @@
 
 #include "platform/windows/base/text.h"
 #include "platform/windows/text_pane/accessibility/uia_library.h"
-#include "view/reading_attributes.h"
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <variant>
 
 namespace {
-constexpr int maxStretches = 1024; // of one style, looked at for an answer
+constexpr int maxStretches = 1024;     // of one style, looked at for an answer
+constexpr int maxParagraphs = 100'000; // likewise
 constexpr LONG lineStyleNone = 0, lineStyleSingle = 1;
 constexpr LONG flowRightToLeft = 1;
 constexpr LONG weightNormal = 400, weightBold = 700;
@@ -47,10 +48,17 @@ LONG AlignmentNumber(Alignment alignment) {
     return 0;
 }
 
+LONG StyleOf(const ParagraphLook& look) {
+    if (look.headingLevel > 0) return uia::headingStyle + look.headingLevel;
+    if (look.isListItem) return look.isNumbered ? uia::numberedListStyle : uia::bulletedListStyle;
+    return uia::normalStyle;
+}
+
 std::optional<AttributeValue> ValueOf(const ParagraphLook& look, TEXTATTRIBUTEID id) {
     switch (id) {
     case uia::horizontalTextAlignment: return AlignmentNumber(look.alignment);
     case uia::textFlowDirections: return look.rightToLeft ? flowRightToLeft : LONG(0);
+    case uia::styleId: return StyleOf(look);
     default: return std::nullopt;
     }
 }
@@ -62,25 +70,26 @@ struct Attribute {
 
 // An empty span has what is at its place.
 template <typename LookAt>
-Attribute CommonValue(TextPane& pane, TextSpan span, TEXTATTRIBUTEID id, LookAt lookAt) {
-    auto look = lookAt(pane, span.start);
+Attribute CommonValue(ReadablePane& pane, TextSpan span, TEXTATTRIBUTEID id, LookAt lookAt) {
+    auto look = (pane.*lookAt)(span.start);
     Attribute common{ValueOf(look, id)};
     for (int i = 0; common.value && look.span.end < span.end; ++i) {
         const TextPos next = look.span.end;
-        look = lookAt(pane, next);
+        look = (pane.*lookAt)(next);
         common.mixed = i == maxStretches || ValueOf(look, id) != common.value;
         if (common.mixed || look.span.end <= next) break;
     }
     return common;
 }
 
-Attribute AttributeOf(TextPane& pane, TextSpan span, TEXTATTRIBUTEID id) {
+Attribute AttributeOf(ReadablePane& pane, TextSpan span, TEXTATTRIBUTEID id) {
     switch (id) {
     case uia::isReadOnly: return {true};
     case uia::isHidden: return {false};
     case uia::horizontalTextAlignment:
-    case uia::textFlowDirections: return CommonValue(pane, span, id, ParagraphLookAt);
-    default: return CommonValue(pane, span, id, CharacterLookAt);
+    case uia::textFlowDirections:
+    case uia::styleId: return CommonValue(pane, span, id, &ReadablePane::LookOfParagraph);
+    default: return CommonValue(pane, span, id, &ReadablePane::LookOfCharacter);
     }
 }
 
@@ -112,11 +121,29 @@ HRESULT SetReserved(VARIANT* value, HRESULT(WINAPI* reserved)(IUnknown**)) {
 }
 } // namespace
 
-HRESULT GiveAttribute(TextPane& pane, TextSpan span, TEXTATTRIBUTEID id, VARIANT* value) {
+HRESULT GiveAttribute(ReadablePane& pane, TextSpan span, TEXTATTRIBUTEID id, VARIANT* value) {
     const Attribute attribute = AttributeOf(pane, span, id);
     const UiaLibrary& library = UiaLibrary::Get();
     if (!attribute.value) return SetReserved(value, library.NotSupportedValue);
     if (attribute.mixed) return SetReserved(value, library.MixedValue);
     Set(value, *attribute.value);
     return S_OK;
+}
+
+std::optional<TextSpan> FindAttributeIn(ReadablePane& pane, TextSpan span, TEXTATTRIBUTEID id,
+                                        const VARIANT& value, bool backward) {
+    if (id != uia::styleId || V_VT(&value) != VT_I4) return std::nullopt;
+    const auto isAt = [&](TextPos position) {
+        return StyleOf(pane.LookOfParagraph(position)) == V_I4(&value);
+    };
+    TextPos at = backward ? span.end - 1 : span.start;
+    for (int i = 0; i < maxParagraphs && at >= span.start && at < span.end; ++i) {
+        const TextSpan paragraph = pane.ReadingParagraph(at);
+        if (isAt(at))
+            return TextSpan{std::max(paragraph.start, span.start),
+                            std::min(paragraph.end, span.end)};
+        if (paragraph.end <= paragraph.start) break;
+        at = backward ? paragraph.start - 1 : paragraph.end;
+    }
+    return std::nullopt;
 }

@@ -1,6 +1,7 @@
 #include "platform/windows/text_pane/accessibility/text_accessibility.h"
 
 #include "platform/windows/base/com_values.h"
+#include "platform/windows/text_pane/accessibility/object_provider.h"
 #include "platform/windows/text_pane/accessibility/uia_library.h"
 
 const ComPtr<TextProvider>& TextAccessibility::Provider(HWND window) {
@@ -28,10 +29,18 @@ void TextAccessibility::Raise(EVENTID event) {
     if (raise) raise(provider_.Get(), event);
 }
 
+void TextAccessibility::OnObjectFocused() {
+    const auto raise = IsHeard() ? UiaLibrary::Get().RaiseEvent : nullptr;
+    const std::size_t focused = raise ? pane_.FocusedObject() : noReadingObject;
+    if (focused == noReadingObject) return;
+    const auto object = Adopt(new ObjectProvider(*provider_.Get(), pane_, focused));
+    raise(object.Get(), uia::focusChanged);
+}
+
 void TextAccessibility::Announce(const std::wstring& text) {
     const auto raise = IsHeard() ? UiaLibrary::Get().RaiseNotification : nullptr;
     if (!raise) return;
-    const Bstr said(text), activity(L"lines"); // of one activity the last is said
+    const Bstr said(text), activity(L"view"); // of one activity the last is said
     raise(provider_.Get(), uia::actionCompleted, uia::mostRecent, said.Get(), activity.Get());
 }
 

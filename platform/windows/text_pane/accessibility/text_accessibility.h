@@ -8,7 +8,7 @@
 
 class TextAccessibility {
   public:
-    explicit TextAccessibility(TextPane& pane) : pane_(pane) {} // which outlives this
+    explicit TextAccessibility(ReadablePane& pane) : pane_(pane) {} // which outlives this
     ~TextAccessibility() { Disconnect(); }
     TextAccessibility(const TextAccessibility&) = delete;
     TextAccessibility& operator=(const TextAccessibility&) = delete;
@@ -19,6 +19,7 @@ class TextAccessibility {
     std::optional<LRESULT> AnswerGetObject(HWND window, WPARAM wParam, LPARAM lParam);
     void OnTextChanged() { Raise(uia::textChanged); }
     void OnSelectionChanged() { Raise(uia::selectionChanged); }
+    void OnObjectFocused();
     void Announce(const std::wstring& text);
     // When the window goes: what screen readers still hold answers nothing more.
     void Disconnect();
@@ -27,6 +28,6 @@ class TextAccessibility {
     bool IsHeard() const;
     void Raise(EVENTID event);
 
-    TextPane& pane_;
+    ReadablePane& pane_;
     ComPtr<TextProvider> provider_; // made when it is asked for first: nobody listens before
 };

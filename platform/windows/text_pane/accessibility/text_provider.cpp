@@ -2,9 +2,9 @@
 
 #include "platform/windows/base/com_values.h"
 #include "platform/windows/text_pane/accessibility/guarded_answer.h"
+#include "platform/windows/text_pane/accessibility/object_provider.h"
 #include "platform/windows/text_pane/accessibility/text_range.h"
 #include "platform/windows/text_pane/accessibility/uia_library.h"
-#include "view/shown_lines.h"
 
 #include <cmath>
 
@@ -31,7 +31,12 @@ void SetWindowText(VARIANT* value, HWND window) {
 } // namespace
 
 HRESULT TextProvider::QueryInterface(REFIID id, void** found) noexcept {
-    return FindInterface<IRawElementProviderSimple, ITextProvider, ITextProvider2>(this, id, found);
+    if (!hasStructure_)
+        return FindInterface<IRawElementProviderSimple, ITextProvider, ITextProvider2>(this, id,
+                                                                                       found);
+    return FindInterface<IRawElementProviderSimple, ITextProvider, ITextProvider2,
+                         IRawElementProviderFragment, IRawElementProviderFragmentRoot>(this, id,
+                                                                                       found);
 }
 
 HRESULT TextProvider::get_ProviderOptions(ProviderOptions* options) noexcept {
@@ -42,7 +47,7 @@ HRESULT TextProvider::get_ProviderOptions(ProviderOptions* options) noexcept {
 }
 
 HRESULT TextProvider::GetPatternProvider(PATTERNID id, IUnknown** found) noexcept {
-    return GiveAnswer(*this, found, [&](TextPane&) {
+    return GiveAnswer(*this, found, [&](ReadablePane&) {
         if (id != uia::textPattern && id != uia::textPattern2) return S_OK;
         *found = static_cast<ITextProvider2*>(this);
         AddRef();
@@ -53,7 +58,7 @@ HRESULT TextProvider::GetPatternProvider(PATTERNID id, IUnknown** found) noexcep
 HRESULT TextProvider::GetPropertyValue(PROPERTYID id, VARIANT* value) noexcept {
     if (!value) return E_INVALIDARG;
     VariantInit(value); // empty: the host tells it
-    return AnswerOf(*this, [&](TextPane&) {
+    return AnswerOf(*this, [&](ReadablePane&) {
         switch (id) {
         case uia::controlType:
             V_VT(value) = VT_I4;
@@ -62,7 +67,7 @@ HRESULT TextProvider::GetPropertyValue(PROPERTYID id, VARIANT* value) noexcept {
         case uia::name: SetWindowText(value, window_); break;
         case uia::isKeyboardFocusable:
         case uia::valueIsReadOnly: SetTruth(value, true); break;
-        case uia::hasKeyboardFocus: SetTruth(value, GetFocus() == window_); break;
+        case uia::hasKeyboardFocus: SetTruth(value, ::GetFocus() == window_); break;
         default: break;
         }
         return S_OK;
@@ -70,7 +75,7 @@ HRESULT TextProvider::GetPropertyValue(PROPERTYID id, VARIANT* value) noexcept {
 }
 
 HRESULT TextProvider::get_HostRawElementProvider(IRawElementProviderSimple** host) noexcept {
-    return GiveAnswer(*this, host, [&](TextPane&) {
+    return GiveAnswer(*this, host, [&](ReadablePane&) {
         const UiaLibrary& library = UiaLibrary::Get();
         return library.HostProvider ? library.HostProvider(window_, host) : S_OK;
     });
@@ -82,32 +87,37 @@ HRESULT TextProvider::GiveRange(TextSpan span, ITextRangeProvider** range) {
 }
 
 HRESULT TextProvider::GetSelection(SAFEARRAY** ranges) noexcept {
-    return GiveAnswer(*this, ranges, [&](TextPane& pane) {
+    return GiveAnswer(*this, ranges, [&](ReadablePane& pane) {
         *ranges = ArrayOf(new TextRange(*this, {pane.SelStart(), pane.SelEnd()}));
         return *ranges ? S_OK : E_OUTOFMEMORY;
     });
 }
 
 HRESULT TextProvider::GetVisibleRanges(SAFEARRAY** ranges) noexcept {
-    return GiveAnswer(*this, ranges, [&](TextPane& pane) {
-        *ranges = ArrayOf(new TextRange(*this, ShownSpan(pane)));
+    return GiveAnswer(*this, ranges, [&](ReadablePane& pane) {
+        *ranges = ArrayOf(new TextRange(*this, pane.VisibleText()));
         return *ranges ? S_OK : E_OUTOFMEMORY;
     });
 }
 
-// There are no elements within a text, nor notes on it.
-HRESULT TextProvider::RangeFromChild(IRawElementProviderSimple*,
+HRESULT TextProvider::RangeFromChild(IRawElementProviderSimple* child,
                                      ITextRangeProvider** range) noexcept {
-    return GiveAnswer(*this, range, [](TextPane&) { return E_INVALIDARG; });
+    return GiveAnswer(*this, range, [&](ReadablePane&) {
+        const ComPtr<ObjectProvider> object = ObjectProvider::From(child);
+        const auto span = object ? object->SpanIn(*this) : std::nullopt;
+        return span ? GiveRange(*span, range) : E_INVALIDARG;
+    });
 }
+
+// There are no notes on a text.
 
 HRESULT TextProvider::RangeFromAnnotation(IRawElementProviderSimple*,
                                           ITextRangeProvider** range) noexcept {
-    return GiveAnswer(*this, range, [](TextPane&) { return E_INVALIDARG; });
+    return GiveAnswer(*this, range, [](ReadablePane&) { return E_INVALIDARG; });
 }
 
 HRESULT TextProvider::RangeFromPoint(UiaPoint point, ITextRangeProvider** range) noexcept {
-    return GiveAnswer(*this, range, [&](TextPane& pane) {
+    return GiveAnswer(*this, range, [&](ReadablePane& pane) {
         POINT inside = {std::lround(point.x), std::lround(point.y)};
         ScreenToClient(window_, &inside);
         const TextPos at =
@@ -117,13 +127,13 @@ HRESULT TextProvider::RangeFromPoint(UiaPoint point, ITextRangeProvider** range)
 }
 
 HRESULT TextProvider::get_DocumentRange(ITextRangeProvider** range) noexcept {
-    return GiveAnswer(*this, range, [&](TextPane& pane) {
+    return GiveAnswer(*this, range, [&](ReadablePane& pane) {
         return GiveRange({0, pane.Source().Length()}, range);
     });
 }
 
 HRESULT TextProvider::get_SupportedTextSelection(SupportedTextSelection* selection) noexcept {
-    return GiveAnswer(*this, selection, [&](TextPane&) {
+    return GiveAnswer(*this, selection, [&](ReadablePane&) {
         *selection = SupportedTextSelection_Single;
         return S_OK;
     });
@@ -132,8 +142,8 @@ HRESULT TextProvider::get_SupportedTextSelection(SupportedTextSelection* selecti
 HRESULT TextProvider::GetCaretRange(BOOL* active, ITextRangeProvider** range) noexcept {
     if (!active) return E_INVALIDARG;
     *active = FALSE;
-    return GiveAnswer(*this, range, [&](TextPane& pane) {
-        *active = GetFocus() == window_;
+    return GiveAnswer(*this, range, [&](ReadablePane& pane) {
+        *active = ::GetFocus() == window_;
         return GiveRange({pane.Caret(), pane.Caret()}, range);
     });
 }

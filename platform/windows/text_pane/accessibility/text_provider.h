@@ -3,17 +3,21 @@
 
 #include "platform/windows/base/com_object.h"
 #include "platform/windows/text_pane/accessibility/uia_text_pattern.h"
-#include "view/text_pane.h"
+#include "view/readable_pane.h"
 
 // UI Automation hands all calls over to the thread of the window.
-class TextProvider : public ComObject<IRawElementProviderSimple, ITextProvider2> {
+// What a page has besides characters are elements within it: see ObjectProvider.
+class TextProvider
+    : public ComObject<IRawElementProviderSimple, ITextProvider2, IRawElementProviderFragment,
+                       IRawElementProviderFragmentRoot> {
   public:
-    TextProvider(HWND window, TextPane& pane) : window_(window), pane_(&pane) {}
+    TextProvider(HWND window, ReadablePane& pane)
+        : window_(window), pane_(&pane), hasStructure_(pane.HasStructure()) {}
 
     // The window goes: from now on every call answers that there is no element.
     void LeavePane() { pane_ = nullptr; }
     HWND Window() const { return window_; }
-    TextPane* Pane() const { return pane_; }
+    ReadablePane* Pane() const { return pane_; }
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** found) noexcept override;
 
@@ -38,9 +42,23 @@ class TextProvider : public ComObject<IRawElementProviderSimple, ITextProvider2>
     HRESULT STDMETHODCALLTYPE GetCaretRange(BOOL* active,
                                             ITextRangeProvider** range) noexcept override;
 
+    HRESULT STDMETHODCALLTYPE Navigate(NavigateDirection direction,
+                                       IRawElementProviderFragment** found) noexcept override;
+    // Those that the host has for the window.
+    HRESULT STDMETHODCALLTYPE GetRuntimeId(SAFEARRAY** id) noexcept override;
+    HRESULT STDMETHODCALLTYPE get_BoundingRectangle(UiaRect* box) noexcept override;
+    HRESULT STDMETHODCALLTYPE GetEmbeddedFragmentRoots(SAFEARRAY** roots) noexcept override;
+    HRESULT STDMETHODCALLTYPE SetFocus() noexcept override;
+    HRESULT STDMETHODCALLTYPE
+    get_FragmentRoot(IRawElementProviderFragmentRoot** root) noexcept override;
+    HRESULT STDMETHODCALLTYPE ElementProviderFromPoint(
+        double x, double y, IRawElementProviderFragment** found) noexcept override;
+    HRESULT STDMETHODCALLTYPE GetFocus(IRawElementProviderFragment** found) noexcept override;
+
   private:
     HRESULT GiveRange(TextSpan span, ITextRangeProvider** range);
 
     HWND window_;
-    TextPane* pane_;
+    ReadablePane* pane_;
+    const bool hasStructure_;
 };

@@ -3,8 +3,8 @@
 #include "platform/windows/base/text.h"
 #include "platform/windows/text_pane/accessibility/attribute_values.h"
 #include "platform/windows/text_pane/accessibility/guarded_answer.h"
+#include "platform/windows/text_pane/accessibility/object_provider.h"
 #include "platform/windows/text_pane/accessibility/text_search.h"
-#include "view/shown_lines.h"
 
 #include <algorithm>
 
@@ -32,7 +32,7 @@ SAFEARRAY* ArrayOf(const std::vector<Rect>& boxes, HWND window) {
 
 HRESULT TextRange::FindText(BSTR text, BOOL backward, BOOL ignoreCase,
                             ITextRangeProvider** range) noexcept {
-    return GiveAnswer(*provider_.Get(), range, [&](TextPane& pane) {
+    return GiveAnswer(*provider_.Get(), range, [&](ReadablePane& pane) {
         const std::u16string what = FromWide({text ? text : L"", SysStringLen(text)});
         const FindOptions options{.matchCase = !ignoreCase};
         const auto found = FindIn(pane.Source(), In(pane), what, options, backward != FALSE);
@@ -41,21 +41,25 @@ HRESULT TextRange::FindText(BSTR text, BOOL backward, BOOL ignoreCase,
     });
 }
 
-HRESULT TextRange::FindAttribute(TEXTATTRIBUTEID, VARIANT, BOOL,
+HRESULT TextRange::FindAttribute(TEXTATTRIBUTEID id, VARIANT value, BOOL backward,
                                  ITextRangeProvider** range) noexcept {
-    return GiveAnswer(*provider_.Get(), range, [](TextPane&) { return S_OK; });
+    return GiveAnswer(*provider_.Get(), range, [&](ReadablePane& pane) {
+        const auto found = FindAttributeIn(pane, In(pane), id, value, backward != FALSE);
+        if (found) *range = new TextRange(*provider_.Get(), *found);
+        return S_OK;
+    });
 }
 
 HRESULT TextRange::GetAttributeValue(TEXTATTRIBUTEID id, VARIANT* value) noexcept {
     if (!value) return E_INVALIDARG;
     VariantInit(value);
     return AnswerOf(*provider_.Get(),
-                    [&](TextPane& pane) { return GiveAttribute(pane, In(pane), id, value); });
+                    [&](ReadablePane& pane) { return GiveAttribute(pane, In(pane), id, value); });
 }
 
 HRESULT TextRange::GetText(int maxLength, BSTR* text) noexcept {
     if (maxLength < -1) return E_INVALIDARG;
-    return GiveAnswer(*provider_.Get(), text, [&](TextPane& pane) {
+    return GiveAnswer(*provider_.Get(), text, [&](ReadablePane& pane) {
         const TextPos most = maxLength < 0 ? maxAnswer : std::min(maxLength, maxAnswer);
         const std::wstring units = ToWide(ReadableText(pane, In(pane), most));
         *text = SysAllocStringLen(units.data(), static_cast<UINT>(units.size()));
@@ -64,29 +68,42 @@ HRESULT TextRange::GetText(int maxLength, BSTR* text) noexcept {
 }
 
 HRESULT TextRange::GetBoundingRectangles(SAFEARRAY** boxes) noexcept {
-    return GiveAnswer(*provider_.Get(), boxes, [&](TextPane& pane) {
-        *boxes = ArrayOf(ShownBoxes(pane, In(pane)), provider_->Window());
+    return GiveAnswer(*provider_.Get(), boxes, [&](ReadablePane& pane) {
+        *boxes = ArrayOf(pane.VisibleBoxes(In(pane)), provider_->Window());
         return *boxes ? S_OK : E_OUTOFMEMORY;
     });
 }
 
 HRESULT TextRange::GetEnclosingElement(IRawElementProviderSimple** element) noexcept {
-    return GiveAnswer(*provider_.Get(), element, [&](TextPane&) {
-        *element = provider_.Get();
-        (*element)->AddRef();
+    return GiveAnswer(*provider_.Get(), element, [&](ReadablePane& pane) {
+        const std::size_t around = InnermostAround(pane.Objects(), In(pane));
+        if (around != noReadingObject) {
+            *element = new ObjectProvider(*provider_.Get(), pane, around);
+        } else {
+            *element = provider_.Get();
+            (*element)->AddRef();
+        }
         return S_OK;
     });
 }
 
 HRESULT TextRange::GetChildren(SAFEARRAY** children) noexcept {
-    return GiveAnswer(*provider_.Get(), children, [&](TextPane&) {
-        *children = SafeArrayCreateVector(VT_UNKNOWN, 0, 0);
-        return *children ? S_OK : E_OUTOFMEMORY;
+    return GiveAnswer(*provider_.Get(), children, [&](ReadablePane& pane) {
+        const auto within = OutermostWithin(pane.Objects(), In(pane));
+        *children = SafeArrayCreateVector(VT_UNKNOWN, 0, static_cast<ULONG>(within.size()));
+        if (!*children) return E_OUTOFMEMORY;
+        for (std::size_t i = 0; i < within.size(); ++i) {
+            const auto object = Adopt(new ObjectProvider(*provider_.Get(), pane, within[i]));
+            auto at = static_cast<LONG>(i);
+            SafeArrayPutElement(*children, &at,
+                                static_cast<IRawElementProviderSimple*>(object.Get()));
+        }
+        return S_OK;
     });
 }
 
 HRESULT TextRange::Select() noexcept {
-    return AnswerOf(*provider_.Get(), [&](TextPane& pane) {
+    return AnswerOf(*provider_.Get(), [&](ReadablePane& pane) {
         const TextSpan span = In(pane);
         pane.Select(span.start, span.end);
         pane.Reveal(span.end);
@@ -96,19 +113,18 @@ HRESULT TextRange::Select() noexcept {
 
 // There is one selection, which a range cannot be added to nor taken from.
 HRESULT TextRange::AddToSelection() noexcept {
-    return AnswerOf(*provider_.Get(), [](TextPane&) { return uia::invalidOperation; });
+    return AnswerOf(*provider_.Get(), [](ReadablePane&) { return uia::invalidOperation; });
 }
 
 HRESULT TextRange::RemoveFromSelection() noexcept {
-    return AnswerOf(*provider_.Get(), [](TextPane&) { return uia::invalidOperation; });
+    return AnswerOf(*provider_.Get(), [](ReadablePane&) { return uia::invalidOperation; });
 }
 
 HRESULT TextRange::ScrollIntoView(BOOL alignToTop) noexcept {
-    return AnswerOf(*provider_.Get(), [&](TextPane& pane) {
+    return AnswerOf(*provider_.Get(), [&](ReadablePane& pane) {
         const TextSpan span = In(pane);
         if (alignToTop) {
-            pane.Scroller().ScrollLineToTop(span.start);
-            pane.OnScrolled();
+            pane.ScrollLineToTop(span.start);
         } else {
             pane.Reveal(span.start);
             pane.Reveal(span.end);

@@ -46,7 +46,7 @@ class TextRange : public ComObject<ITextRangeProvider> {
     HRESULT STDMETHODCALLTYPE ScrollIntoView(BOOL alignToTop) noexcept override;
 
   private:
-    TextSpan In(const TextPane& pane) const;
+    TextSpan In(const ReadablePane& pane) const;
     // Null for a range that is not one of this window's.
     const TextRange* OursOf(ITextRangeProvider* range) const;
     void SetEndpoint(TextPatternRangeEndpoint endpoint, TextPos position);

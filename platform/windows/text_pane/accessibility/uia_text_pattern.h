@@ -92,20 +92,39 @@ __CRT_UUID_DECL(ITextProvider2, 0x0dc5e6ed, 0x3e16, 0x4bf1, 0x8f, 0x9a, 0xa9, 0x
                 0xc1, 0x95)
 #endif
 
+#ifndef __IInvokeProvider_INTERFACE_DEFINED__
+MIDL_INTERFACE("54fcb24b-e18e-47a2-b4d3-eccbe77599a2")
+IInvokeProvider : public IUnknown {
+  public:
+    virtual HRESULT STDMETHODCALLTYPE Invoke() = 0;
+};
+__CRT_UUID_DECL(IInvokeProvider, 0x54fcb24b, 0xe18e, 0x47a2, 0xb4, 0xd3, 0xec, 0xcb, 0xe7, 0x75,
+                0x99, 0xa2)
+#endif
+
 // The numbers are macros in some headers and constants in others.
 namespace uia {
-constexpr PATTERNID textPattern = 10014, textPattern2 = 10024;
-constexpr EVENTID selectionChanged = 20014, textChanged = 20015;
+constexpr PATTERNID invokePattern = 10000, textPattern = 10014, textPattern2 = 10024;
+constexpr EVENTID focusChanged = 20005, selectionChanged = 20014, textChanged = 20015;
 constexpr PROPERTYID controlType = 30003, name = 30005, hasKeyboardFocus = 30008,
-                     isKeyboardFocusable = 30009, valueIsReadOnly = 30046;
-constexpr CONTROLTYPEID document = 50030;
+                     isKeyboardFocusable = 30009, helpText = 30013, isControlElement = 30016,
+                     isContentElement = 30017, isOffscreen = 30022, valueIsReadOnly = 30046,
+                     headingLevel = 30173;
+constexpr CONTROLTYPEID hyperlink = 50005, image = 50006, listItem = 50007, list = 50008,
+                        text = 50020, group = 50026, dataItem = 50029, document = 50030,
+                        table = 50036;
+constexpr LONG noHeadingLevel = 80050; // and level 1 to 9 behind it
+constexpr int appendRuntimeId = 3;     // what precedes the rest of an element's own
 // Of texts.
 constexpr TEXTATTRIBUTEID backgroundColor = 40001, fontName = 40005, fontSize = 40006,
                           fontWeight = 40007, foregroundColor = 40008,
                           horizontalTextAlignment = 40009, isHidden = 40013, isItalic = 40014,
                           isReadOnly = 40015, isSubscript = 40016, isSuperscript = 40017,
                           strikethroughStyle = 40026, textFlowDirections = 40028,
-                          underlineStyle = 40030;
+                          underlineStyle = 40030, styleId = 40034;
+// Of paragraphs; behind the first are those of headings, 1 to 9.
+constexpr LONG headingStyle = 70000, normalStyle = 70012, bulletedListStyle = 70015,
+               numberedListStyle = 70016;
 constexpr HRESULT elementNotAvailable = static_cast<HRESULT>(0x80040201);
 constexpr HRESULT invalidOperation = static_cast<HRESULT>(0x80131509);
 constexpr LONG rootObject = -25;                   // in WM_GETOBJECT

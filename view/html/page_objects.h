@@ -1,0 +1,13 @@
+// The headings, links, lists, tables and pictures of a page, as those are told of it who do not see
+// it.
+#pragma once
+
+#include "formats/css/css_page_styles.h"
+#include "view/html/loaded_page.h"
+#include "view/reading_object.h"
+
+// What its styles do not display is left out, and pictures that say that they show nothing.
+ReadingObjects PageObjects(const LoadedPage& page, const CssPageStyles& styles);
+
+// From 1 to 6; 0 for what is no heading.
+int HeadingLevelOf(const HtmlNode& node);

@@ -1,0 +1,90 @@
+// The units in which a page is read to those who do not see it.
+#include "common/utf.h"
+#include "view/html/page_pane.h"
+
+#include <algorithm>
+
+namespace {
+constexpr TextPos maxParagraph = 64 * 1024; // of a longer one the parts are read one by one
+} // namespace
+
+TextSpan PagePane::ReadingParagraph(TextPos position) {
+    const TextSource& text = Source();
+    const TextPos length = text.Length(), at = std::clamp(position, 0, length);
+    const TextPos start = text.LastBreak(0, at) + 1, lastUnit = text.FirstBreak(at, length);
+    const TextPos end = lastUnit < 0 ? length : lastUnit + 1;
+    const TextPos part = start + (at - start) / maxParagraph * maxParagraph;
+    const auto boundary = [&](TextPos to) {
+        const bool splits = to > start && to < end && IsLowSurrogate(text.UnitAt(to));
+        return splits ? to + 1 : std::min(to, end);
+    };
+    return {boundary(part), boundary(end - part > maxParagraph ? part + maxParagraph : end)};
+}
+
+// A paragraph may stand in several blocks of lines.
+TextSpan PagePane::ReadingLine(TextPos position) {
+    const TextSpan paragraph = ReadingParagraph(position);
+    const auto place = UpdateLayout() ? PlaceOf(position) : std::nullopt;
+    if (!place || paragraph.start == paragraph.end) return paragraph;
+    const PagePlaces places(*page_, *shown_);
+    const auto inParagraph = [&](TextPos unit) {
+        return std::clamp(places.PositionOf(place->block.Content(), unit), paragraph.start,
+                          paragraph.end);
+    };
+    const std::size_t next = place->line + 1;
+    const bool isLast = next == place->block.lines->layout.lines.size();
+    const InlineLine& line = place->block.Line(place->line);
+    TextSpan span{std::min(inParagraph(line.start), position), paragraph.end};
+    if (!isLast) {
+        const TextPos end = inParagraph(place->block.Line(next).start);
+        if (end > position) span.end = end;
+        return span;
+    }
+    // A blank may stand between the blocks.
+    const TextPos last = inParagraph(line.end);
+    for (TextPos end = last; end <= last + 1 && end < paragraph.end; ++end) {
+        const auto behind = PlaceOf(end);
+        if (end <= position || !behind || behind->block.lines == place->block.lines) continue;
+        span.end = end;
+        break;
+    }
+    return span;
+}
+
+TextSpan PagePane::StyleSpan(TextPos position) {
+    if (!page_ || page_->Counted().pieces.empty()) return {0, Source().Length()};
+    const auto& pieces = page_->Counted().pieces;
+    const std::size_t piece = page_->PieceAt(position);
+    return {piece == 0 ? 0 : pieces[piece].start,
+            piece + 1 < pieces.size() ? pieces[piece + 1].start : Source().Length()};
+}
+
+TextPos PagePane::ReadingPageEnd(TextPos position) {
+    const auto place = UpdateLayout() ? PlaceOf(position) : std::nullopt;
+    if (!place) return Source().Length();
+    const PageScroller::Top top{place->block.zone, place->LineTop()};
+    const PageScroller::Top below = scroller_.Moved(top, look_.viewport.height);
+    PageFlow& flow = shown_->Flow();
+    const bool isBehind =
+        below.zone + 1 == flow.ZoneCount() && below.y >= flow.LayOut(below.zone)->height;
+    const PagePlaces places(*page_, *shown_);
+    const auto line =
+        isBehind ? std::nullopt
+                 : PagePlaces(*page_, *shown_).NearestLine(below.zone, place->x, below.y, true);
+    if (!line || line->LineBottom() <= below.y) return Source().Length();
+    return std::max(places.PositionOf(line->block.Content(), line->unit),
+                    ReadingLine(position).end);
+}
+
+TextPos PagePane::ReadingPageStart(TextPos position) {
+    const auto place = UpdateLayout() && position > 0 ? PlaceOf(position) : std::nullopt;
+    if (!place) return 0;
+    const PageScroller::Top top{place->block.zone, place->LineTop()};
+    const PageScroller::Top above = scroller_.Moved(top, -look_.viewport.height);
+    PagePlaces places(*page_, *shown_);
+    const auto line = places.NearestLine(above.zone, place->x, above.y, true);
+    if (!line) return 0;
+    const TextPos start = places.PositionOf(line->block.Content(), line->unit);
+    const bool isCut = line->block.zone == above.zone && line->LineTop() < above.y;
+    return std::min(isCut ? ReadingLine(start).end : start, ReadingLine(position - 1).start);
+}
