@@ -3,7 +3,6 @@ as they were left."""
 from harness.clipboard import copied
 from harness.html_story import HtmlStory
 from harness.story import main
-from harness.text_view import settled_strip
 from harness.wait import wait_for
 
 PATIENCE = 120  # seconds: a book of 4 MB is laid out anew for each step of the zoom
@@ -90,7 +89,7 @@ class HtmlBooks(HtmlStory):
         self.choose("b", "Up", "Return")  # to the last mark, in the middle of the book
         wait_for(lambda: len(copied(self.program)) == MARK_LENGTH, "the mark to be selected", PATIENCE)
         self.pages_on(1)
-        strip = settled_strip(self.program)
+        strip = self.lines_on_top(self.program)
         self.program.close()
         left = self.book_record(self.program, self.book)
         self.assertEqual((left["FontSize"], left["BackColor"], left["Title"]),

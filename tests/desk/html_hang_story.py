@@ -10,7 +10,6 @@ from harness.engine import (Hang, engine, is_running, pages, wait_for_ends,
                             wait_for_notice)
 from harness.html_story import HtmlStory, needs_engine, paragraphs, write_page
 from harness.story import main
-from harness.text_view import settled_strip
 from harness.wait import wait_for
 from harness.words import can_read
 
@@ -46,7 +45,7 @@ class HtmlHang(HtmlStory):
         reader = self.open(self.book, "Lanterns", reader)
         self.find_in(reader, "00200")
         self.assertEqual(copied(reader), "00200")  # it is there
-        strip = settled_strip(reader)
+        strip = self.lines_on_top(reader)
         return reader, Hang(self, reader), strip
 
     def find_in(self, reader, text):
@@ -73,7 +72,7 @@ class HtmlHang(HtmlStory):
         hang.end()
         self.wait_for_place(reader, strip)
         reader.key("Next")
-        wait_for(lambda: not settled_strip(reader).looks_like(strip), "the next page")
+        wait_for(lambda: not self.lines_on_top(reader).looks_like(strip), "the next page")
         reader.close()
         self.assertGreater(self.place(reader, self.book), FAR)
 

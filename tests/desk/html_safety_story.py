@@ -4,8 +4,10 @@ import os
 import socket
 
 from harness.html_story import OWN_VIEW, HtmlStory, needs_engine, write_page
+from harness.opened_files import OpenedFiles
 from harness.story import main
 from harness.wait import wait_for
+from harness.wine import ON_WINE, address_path
 
 RED = b"\xff\x00\x00"
 GREEN = b"\x00\xff\x00"
@@ -15,11 +17,12 @@ HEAD = """
 <base href="{url}/base/">
 <meta http-equiv="refresh" content="0;url={url}/refresh">
 <link rel="stylesheet" href="{url}/sheet.css">
+<link rel="stylesheet" href="file://{outside}/near.css"><link rel="stylesheet" href="{folder}/link.css">
 <link rel="icon" href="{url}/icon.png"><link rel="prefetch" href="{url}/prefetch">
 <link rel="preconnect" href="{url}"><link rel="dns-prefetch" href="{url}">
 <link rel="preload" as="image" href="{url}/preload"><link rel="prerender" href="{url}/prerender">
 <link rel="modulepreload" href="{url}/module"><link rel="manifest" href="{url}/manifest">
-<style>@import url({url}/import.css);
+<style>@import url({url}/import.css); @import url(file://{folder}/../outside/far.css);
 @font-face {{ font-family: far; src: url({url}/font) }}
 body {{ background: url({url}/background); font-family: far, serif; cursor: url({url}/cursor), auto }}
 </style>
@@ -32,7 +35,9 @@ BODY = """
 <img src="{url}/picture"><img srcset="{url}/set 2x" src="relative.png">
 <img src="x" onerror="document.title='ran'"><input type="image" src="{url}/button">
 <iframe src="{url}/frame"></iframe><iframe srcdoc="<img src='{url}/inner'>"></iframe>
-<iframe src="file://{outside}" width="300" height="100"></iframe>
+<img src="file://{outside}/picture.png"><img src="file://{folder}/../outside/above.png">
+<img src="file://{folder}/link.png">
+<iframe src="file://{outside}/frame.htm" width="300" height="100"></iframe>
 <iframe src="file://{folder}/link.htm" width="300" height="100"></iframe>
 <iframe src="javascript:parent.document.title='ran'"></iframe>
 <object data="{url}/object"></object><embed src="{url}/embed">
@@ -49,6 +54,12 @@ DRAWING = ('<svg xmlns="http://www.w3.org/2000/svg" xmlns:xlink="http://www.w3.o
            '<script>document.title="ran"</script></svg>')
 
 
+OUTSIDE = {"frame.htm": '<body bgcolor="#ff0000">', "picture.png": "GIF89a", "above.png": "GIF89a",
+           "near.css": "p { background: #ff0000 }", "far.css": "p { background: #ff0000 }"}
+# To Wine a link is the file that it leads to.
+LINKS = {} if ON_WINE else {"link.htm": "frame.htm", "link.png": "picture.png", "link.css": "near.css"}
+
+
 class HtmlSafety(HtmlStory):
     def setUp(self):
         self.server = socket.socket()
@@ -58,6 +69,8 @@ class HtmlSafety(HtmlStory):
         self.addCleanup(self.server.close)
         self.folder_of_book = self.path("book")
         os.mkdir(self.folder_of_book)
+        self.outside = self.path("outside")
+        os.mkdir(self.outside)
         self.url = "http://127.0.0.1:%d" % self.server.getsockname()[1]
 
     def write(self, name, text):
@@ -78,30 +91,50 @@ class HtmlSafety(HtmlStory):
         self.assertTrue(self.was_called())
         self.assertFalse(self.was_called())
 
+    def test_an_opened_file_would_be_noticed(self):
+        self.hostile_book()
+        opened = self.watch()
+        for name in OUTSIDE:
+            with open(os.path.join(self.outside, name), "rb"):
+                pass
+        self.assertEqual(opened.names(), list(OUTSIDE))
+        self.assertEqual(opened.names(), [])
+
+    def watch(self):
+        """What is opened outside the book's folder from here on."""
+        opened = OpenedFiles(self.outside)
+        self.addCleanup(opened.stop)
+        return opened
+
     def hostile_book(self):
-        outside = self.path("outside.htm")
-        with open(outside, "w", encoding="ascii") as file:
-            file.write('<body bgcolor="#ff0000">')
-        os.symlink(outside, os.path.join(self.folder_of_book, "link.htm"))
+        for name, text in OUTSIDE.items():
+            with open(os.path.join(self.outside, name), "w", encoding="ascii") as file:
+                file.write(text)
+        for name, target in LINKS.items():
+            os.symlink(os.path.join(self.outside, target), os.path.join(self.folder_of_book, name))
         self.write("drawing.svg", DRAWING.format(url=self.url))
-        values = {"url": self.url, "outside": outside, "folder": self.folder_of_book}
+        values = {"url": self.url, "outside": address_path(self.outside),
+                  "folder": address_path(self.folder_of_book)}
         return write_page(os.path.join(self.folder_of_book, "book.htm"), BODY.format(**values),
                           "Quay", HEAD.format(**values))
 
     def test_nothing_leaves(self):
-        program = self.open(self.hostile_book(), "Quay")
+        book = self.hostile_book()
+        opened = self.watch()
+        program = self.open(book, "Quay")
         for _ in range(3):
             program.key(*["Tab"] * 6, "Return", "space", "Next")
             program.finish_keys()
             program.key("Escape")
         picture = program.picture()
-        self.assertNotIn(RED, [picture.pixel(x, y) for x in range(0, picture.width, 20)
-                               for y in range(0, picture.height, 20)])
+        self.assertFalse(any(picture.pixel(x, y) == RED for x in range(0, picture.width, 20)
+                             for y in range(0, picture.height, 20)), "something from outside is seen")
         self.assertEqual(len(program.windows()), 1)
         self.assertEqual(program.title(), "Norvaset [Default] - Quay")
         self.assertFalse(self.was_called())
         program.close()
         self.assertFalse(self.was_called())
+        self.assertEqual(opened.names(), [])
 
     def test_a_title_turns_nothing_around_it(self):
         book = write_page(os.path.join(self.folder_of_book, "book.htm"), "<p>text</p>",

@@ -4,6 +4,7 @@ from harness.html_story import HtmlStory, paragraphs, write_page
 from harness.story import main
 from harness.text_view import settled_strip
 from harness.wait import wait_for
+from harness.wine import ON_WINE
 
 COUNT = 1500  # paragraphs of six sentences: far from the end of the time that leaving a page may take
 PAGES = 20  # from its end
@@ -34,14 +35,15 @@ class HtmlZoom(HtmlStory):
         return before
 
     def size(self):
-        return next(record["FontSize"] for record in self.program.data().records()
-                    if record["Path"] == self.book)
+        data = self.program.data()
+        return dict(zip(data.paths(), data.records()))[self.book]["FontSize"]
 
     def wait_for_size(self):
         wait_for(lambda: self.size() == str(STEPS), "the new size in the record")
 
     def close_at_once(self):
-        self.program.key("alt+F4")
+        # Under Wine the window manager's request overtakes keys that wait: so by keys, too.
+        self.program.key(*["alt+f", "x"] if ON_WINE else ["alt+F4"])
         self.program.wait_for_end()
 
     def kill_when_stored(self):
@@ -61,7 +63,7 @@ class HtmlZoom(HtmlStory):
         before = self.zoom_in_the_middle("calm")
         wait_for(lambda: not settled_strip(self.program).looks_like(before), "larger letters")
         self.wait_for_size()
-        strip = settled_strip(self.program)
+        strip = self.lines_on_top(self.program)
         self.program.close()
         for leave in (self.kill_when_stored, self.close_at_once, self.terminate,
                       self.open_the_other_book):

@@ -1,6 +1,5 @@
 """The dialog of File, Open through its own parts, and books that the list holds as the wrong kind."""
 import os
-import unittest
 import urllib.parse
 
 from harness import books, journeys
@@ -11,7 +10,7 @@ from harness.journey_story import JourneyStory
 from harness.open_dialog import TYPES, OpenDialog
 from harness.story import main
 from harness.wait import wait_for
-from harness.wine import ON_WINE
+from harness.wine import shown_path
 
 
 class OpenDialogStory(JourneyStory):
@@ -44,8 +43,6 @@ class OpenDialogStory(JourneyStory):
         self.begins_with("text")
         for name, kind in (("d-rich.rtf", "rich"), ("c-text", "all"), ("a-text.txt", "text"),
                            ("g-page.html", "page")):
-            if ON_WINE and kind == "page":
-                continue
             path = journeys.write(self.folder, name)
             self.open(path, kind)
             self.program.wait_for_book(path)
@@ -90,7 +87,6 @@ class OpenDialogStory(JourneyStory):
         self.assertAlmostEqual(self.book_record(self.program, self.page)["LastPos"],
                                record["LastPos"], delta=SLACK)
 
-    @unittest.skipIf(ON_WINE, "Wine has no engine for pages")
     def test_a_page_that_the_list_holds_as_text(self):
         for way in ("named", "dropped", "typed"):
             with self.subTest(way=way):
@@ -104,7 +100,6 @@ class OpenDialogStory(JourneyStory):
                     self.open(self.page)
                 self.assert_is_page()
 
-    @unittest.skipIf(ON_WINE, "Wine has no engine for pages")
     def test_to_and_fro(self):
         """Each kind has its own place, and finds it again."""
         page = journeys.write(self.folder, "i-page")
@@ -119,7 +114,7 @@ class OpenDialogStory(JourneyStory):
         self.program.close()
         record = self.book_record(self.program, page)
         self.assertEqual(record["Filter"], "2")
-        other = self.program.data().value("Default\\" + page, "OtherView").split("=")
+        other = self.program.data().value("Default\\" + shown_path(page), "OtherView").split("=")
         self.assertEqual(other[0], "12")  # the size of the letters as text, and the place
         self.assertGreater(int(other[2]), 0)
 

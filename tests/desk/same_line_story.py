@@ -2,13 +2,11 @@
 import os
 import shutil
 import subprocess
-import unittest
 
 from harness import books
 from harness.coming_back import ComingBack
 from harness.story import main
 from harness.text_view import settled_strip, wait_for_strip
-from harness.wine import ON_WINE
 
 PAGES = 60
 
@@ -67,7 +65,6 @@ class SameLine(ComingBack):
         self.assertLessEqual(now, place)
         self.assertGreater(now, place - 80)
 
-    @unittest.skipIf(ON_WINE, "Wine's text control takes minutes for so long a word")
     def test_the_file_menu_names_the_book(self):
         path = books.write_book(self.path("lanterns.txt"), ["x" * 102398] * 3)
         self.assertIn("(300K)", self.file_menu_text(self.reader().start(path)))

@@ -60,7 +60,7 @@ class WaylandWalk(Story):
     def size(self):
         return self.program.rectangle()[2:]
 
-    def test_open_by_the_dialog_read_find_copy_and_resize(self):
+    def test_open_by_the_dialog_read_find_copy_and_come_back(self):
         self.program.start()
         dialog = Dialog(self.program, "Open File", "ctrl+o")
         self.screen.fill_clipboard(self.lanterns)
@@ -86,6 +86,23 @@ class WaylandWalk(Story):
         wait_for(lambda: self.size() == SIZE and self.is_page_at_edge(), "the full screen")
         self.program.key("Escape")
         wait_for(lambda: self.size() == size and not self.is_page_at_edge(), "the window again")
+        found = self.page_at_rest()
+        self.program.close()
+        # Its place is the compositor's own affair, its size is not.
+        for _ in range(2):
+            self.program.start()
+            wait_for(lambda: self.size() == size, "the size of before")
+            self.wait_for_page(lambda page: page.looks_like(found), "the page of before")
+            self.program.close()
+
+    def test_a_size_given_at_the_start_comes_back(self):
+        self.program.start()
+        self.screen.tell(f"[con_id={self.program.window['id']}] resize set 700 600")
+        wait_for(lambda: 650 < self.size()[0] <= 700, "another size")
+        size = self.size()
+        self.program.close()
+        self.program.start()
+        wait_for(lambda: self.size() == size, "the size of before")
         self.program.close()
 
     def test_by_the_mouse(self):

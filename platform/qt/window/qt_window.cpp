@@ -151,6 +151,7 @@ void QtWindow::moveEvent(QMoveEvent*) {
 
 void QtWindow::resizeEvent(QResizeEvent*) {
     ScheduleAdjustForFrame();
+    SettleAtSizeOfCompositor();
     LayOut();
 }
 

@@ -80,6 +80,7 @@ class QtWindow final : public QWidget, public Window {
     void AdjustForFrame();
     void ScheduleAdjustForFrame();
     void StartSettling();
+    void SettleAtSizeOfCompositor();
     void Settle();
     void NotifyResize();
 

@@ -155,6 +155,15 @@ void QtWindow::ScheduleAdjustForFrame() {
         QMetaObject::invokeMethod(this, &QtWindow::AdjustForFrame, Qt::QueuedConnection);
 }
 
+// On Wayland a size other than the one asked for is the compositor's own word, and holds: nothing
+// comes after it, as from a window manager that is still putting the window into its frame.
+void QtWindow::SettleAtSizeOfCompositor() {
+    if (!requested_ || ReportsPositions() || !isVisible()) return;
+    if (IsFullScreen() || State() != WindowState::Normal || FrameMargins() != assumedFrame_) return;
+    const Rect frame = FrameBounds();
+    if (frame.width != reachable_.width || frame.height != reachable_.height) Settle();
+}
+
 // From here on the actual geometry counts.
 void QtWindow::Settle() {
     if (requested_ && FrameMargins() != assumedFrame_ && State() == WindowState::Normal) {

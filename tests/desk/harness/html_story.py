@@ -4,12 +4,14 @@ import shutil
 import unittest
 
 from harness.clipboard import clipboard
+from harness.color_dialog import ColorDialog
 from harness.dialog import Dialog
 from harness.story import Story
-from harness.text_view import STRIP_HEIGHT, top_strip
+from harness.text_view import settled_strip, top_strip
 from harness.wait import wait_for
 from harness.wine import ON_WINE, PROGRAM
 
+PLACE_HEIGHT = 80  # pixels, with one whole line of enlarged paragraphs at least
 SLACK = 2  # pixels: the record has whole pixels of a page at normal size, a zoomed page others
 MODULE = "libnorvaset-html.so"
 PAGE = ('<!DOCTYPE html>\n<html><head><meta charset="utf-8"><title>{title}</title>{head}</head>\n'
@@ -44,13 +46,17 @@ class HtmlStory(Story):
         reader.wait_for_book(title)
         return reader
 
+    def lines_on_top(self, reader):
+        """What `wait_for_place` takes, once it stays."""
+        return settled_strip(reader, PLACE_HEIGHT)
+
     def wait_for_place(self, reader, strip):
-        """The first whole line of this strip at its place, but for the slack."""
+        """The first whole line of this place where it was, but for the slack."""
         top, bottom = first_line(strip)
         line = strip.crop(0, top, strip.width, bottom)
 
         def shows_it():
-            now = top_strip(reader.picture(), STRIP_HEIGHT + SLACK)
+            now = top_strip(reader.picture(), PLACE_HEIGHT + SLACK)
             return now and any(
                 now.crop(0, place, now.width, place + line.height).looks_like(line)
                 for place in range(max(0, top - SLACK), top + SLACK + 1)
@@ -76,10 +82,8 @@ class HtmlStory(Story):
 
     def pick_background(self, reader, color):
         reader.open_menu("v")
-        dialog = Dialog(reader, "Background Color.*", "b")
-        dialog.key("alt+h", "ctrl+a")
-        dialog.type(color)
-        dialog.key("Tab")
+        dialog = ColorDialog(reader, "Background Color.*", "b")
+        dialog.set(*bytes.fromhex(color[1:]))
         dialog.close()
 
     def record(self, reader, path):

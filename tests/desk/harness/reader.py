@@ -169,10 +169,10 @@ class Reader:
         return "".join(lines).strip()
 
     def opened(self):
-        """What was handed to the desktop's opener so far."""
+        """What was handed to the desktop's opener so far: addresses, and files by their paths."""
         try:
             with open(self.opened_path, encoding="utf-8") as file:
-                return file.read().splitlines()
+                return [line.removeprefix("file://") for line in file.read().splitlines()]
         except FileNotFoundError:
             return []
 

@@ -13,11 +13,27 @@ OPENERS = """
 "Browsers"="xdg-open"
 "Mailers"="xdg-email"
 """
+# Of an address and of a file for which Wine has no program, as the setup of one would register it.
+OPENED_BY = '\n@="\\"C:\\\\windows\\\\system32\\\\winebrowser.exe\\" \\"%1\\""\n'
+PROGRAMS = f"""
+[Software\\\\Classes\\\\tel]
+"URL Protocol"=""
+
+[Software\\\\Classes\\\\tel\\\\shell\\\\open\\\\command]{OPENED_BY}
+[Software\\\\Classes\\\\.mp3]
+@="Song"
+
+[Software\\\\Classes\\\\Song\\\\shell\\\\open\\\\command]{OPENED_BY}"""
 
 
 def shown_path(path, on_wine=ON_WINE):
     """A file's name as the program shows and stores it."""
     return "Z:" + path.replace("/", "\\") if on_wine else path
+
+
+def address_path(path):
+    """A file's name as it stands after file:// in an address."""
+    return "/Z:" + path if ON_WINE else path
 
 
 def found_path(name):
@@ -34,8 +50,9 @@ def make_prefix(folder, dots_per_inch):
     for name in ("system.reg", "user.reg", "userdef.reg", ".update-timestamp"):
         shutil.copy(os.path.join(TEMPLATE, name), folder)
     _set_resolution(os.path.join(folder, "user.reg"), dots_per_inch)
-    with open(os.path.join(folder, "user.reg"), "a", encoding="ascii") as file:
-        file.write(OPENERS)
+    for registry, text in (("user.reg", OPENERS), ("system.reg", PROGRAMS)):
+        with open(os.path.join(folder, registry), "a", encoding="ascii") as file:
+            file.write(text)
 
 
 def give_prefix(folder, user):
