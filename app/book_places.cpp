@@ -17,6 +17,7 @@ BookPlaces PlacesOfBook(const MainForm& form, const BookRecord& record, KnownPla
     const KeptPlaces& kept = form.places.kept;
     BookPlaces places;
     places.known = {std::move(top), std::move(last)};
+    places.certainOnly = kept.IsOfOtherView();
     for (const std::u16string& tag : Split(record[Field::Marks], u"|")) {
         const auto mark = ParseMark(tag);
         if (!mark) continue;
@@ -58,6 +59,7 @@ void MoveMarks(const TextSource& text, const BookPlaces& places,
     kept.marks.clear();
     for (std::size_t i = 0; i < places.marks.size(); ++i) {
         const FoundPlace& place = found[firstMark + i];
+        if (places.certainOnly && !place.certain) continue;
         TextPos start = std::max(place.position, 1); // there is none at the beginning of a text
         while (tags.contains(start))
             ++start;

@@ -16,6 +16,8 @@ struct BookPlaces {
     std::vector<KnownPlace> known;
     std::vector<CharSpan> marks;
     bool hasWords = false; // the data file has some
+    // The other view has them all: here nothing is to stand where its words were not found.
+    bool certainOnly = false;
 };
 
 KnownPlace Known(TextPos position, const KeptWords* kept); // null for none

@@ -23,7 +23,7 @@ std::vector<std::u16string> Excerpts(MainForm& form) {
     const auto tags = MarkTags(form.bookmarks);
     if (!IsPageShown(form)) return TextExcerpts(*form.ports.textView, tags);
     if (!HasPageBody(form)) return {};
-    return PageExcerpts(*form.ports.htmlView, tags);
+    return PageExcerpts(form, tags);
 }
 
 void SaveMarks(MainForm& form) {
@@ -73,7 +73,6 @@ void RefreshBookmarkMenu(MainForm& form) {
         form.history.SetRecord(0, record);
     }
     // May wait for a page, while the window is closed.
-    if (IsPageShown(form) && HasPageBody(form)) TakeMarkWords(form);
     CaptionBookmarks(bookmarks, Excerpts(form),
                      [&](TextPos start) { return IsUncertainMark(form, start); });
 }

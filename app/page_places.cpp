@@ -5,6 +5,7 @@
 #include "app/shown_book.h"
 #include "common/string_text.h"
 #include "common/text.h"
+#include "reading/page_marks.h"
 
 #include <algorithm>
 #include <limits>
@@ -38,6 +39,10 @@ void MovePlaces(MainForm& form, const TextSource& text, const BookPlaces& places
     const auto found = FindPlaces(text, length, places.known, [] { return true; });
     MoveMarksAndSelection(form, text, places, found, record);
     if (kept.position <= 0) return;
+    if (places.certainOnly && !found[0].certain) {
+        kept.position = -1;
+        return;
+    }
     kept.position = found[0].position;
     kept.place = WordsNow(text, places.known[0], found[0]);
 }
@@ -53,6 +58,12 @@ void FindPlacesInPage(MainForm& form, BookRecord& record) {
     if (!WordsStand(text, places.known)) MovePlaces(form, text, places, record);
     state.kept.top.length = text.Length();
 }
+
+// What words are taken from.
+PageSpan Around(TextPos place) {
+    const TextPos first = std::max(0, place - PageTop::maxAround);
+    return {first, place - first + PageTop::maxAround};
+}
 } // namespace
 
 PageTop FollowPage(MainForm& form) {
@@ -66,26 +77,29 @@ PageTop FollowPage(MainForm& form) {
         FindPlacesInPage(form, record);
         form.history.SetRecord(0, record);
     }
-    const bool hasMoved = kept.position != before;
+    if (!form.places.file) return {.offset = offset}; // positions are those of another text
+    const bool hasMoved = kept.position >= 0 && kept.position != before;
     return {.offset = hasMoved ? -1 : offset, .start = kept.position, .above = kept.top.above};
 }
 
-void TakeMarkWords(MainForm& form) {
+std::vector<std::u16string> PageExcerpts(MainForm& form, const std::vector<std::u16string>& tags) {
     auto& kept = form.places.kept.marks;
-    std::vector<PageSpan> around;
+    std::vector<PageSpan> asked = MarkedSpans(tags);
+    const std::size_t excerpts = asked.size();
     std::vector<TextPos> starts;
-    for (const MenuItem& item : form.bookmarks.list.items) {
-        const auto mark = ParseMark(item.tag);
-        if (!mark || kept.contains(mark->start)) continue;
-        const TextPos first = std::max(0, mark->start - PageTop::maxAround);
-        starts.push_back(mark->start);
-        around.push_back({first, mark->start - first + PageTop::maxAround});
-    }
-    if (around.empty()) return;
-    const auto texts = form.ports.htmlView->TextsOf(around);
-    if (texts.size() != around.size()) return;
-    for (std::size_t i = 0; i < texts.size(); ++i)
-        kept[starts[i]] = WordsIn(StringText(texts[i]), starts[i] - around[i].start);
+    for (std::size_t i = 0; i < excerpts; ++i)
+        if (const auto mark = ParseMark(tags[i]); mark && !kept.contains(mark->start)) {
+            starts.push_back(mark->start);
+            asked.push_back(Around(mark->start));
+        }
+    if (asked.empty()) return {};
+    auto texts = form.ports.htmlView->TextsOf(asked);
+    if (texts.size() != asked.size()) return {};
+    for (std::size_t i = 0; i < starts.size(); ++i)
+        kept[starts[i]] =
+            WordsIn(StringText(texts[excerpts + i]), starts[i] - asked[excerpts + i].start);
+    texts.resize(excerpts);
+    return texts;
 }
 
 void KeepPagePlaces(MainForm& form, const BookRecord& record, const PageTop& top,
@@ -93,8 +107,13 @@ void KeepPagePlaces(MainForm& form, const BookRecord& record, const PageTop& top
     TextPlaces& state = form.places;
     KeptPlaces& kept = state.kept;
     if (!state.file) return;
+    if (!kept.text || !kept.IsOf(*state.file)) { // changed since, so that nobody can tell its text
+        kept.text = TextFingerprint();
+        kept.SetFile(*state.file);
+    }
     if (top.start >= 0) {
-        kept.top = {record.Number(Field::LastPos), top.above, top.length};
+        const TextPos length = top.length > 0 ? top.length : kept.top.length;
+        kept.top = {record.Number(Field::LastPos), top.above, length};
         if (top.start != kept.position || kept.place.words.empty()) {
             const std::u16string around = top.before + top.after;
             kept.position = top.start;
@@ -115,14 +134,11 @@ void KeepPageSelection(MainForm& form) {
     const PageSpan span = html.Selection().span;
     const TextPos start = span.start, end = span.start + span.length;
     if (!HasPageBody(form) || (start == 0 && end == 0)) return;
-    const auto firstOf = [](TextPos place) { return std::max(0, place - PageTop::maxAround); };
-    const auto around = [&](TextPos place) {
-        return PageSpan{firstOf(place), place - firstOf(place) + PageTop::maxAround};
-    };
-    const auto texts = html.TextsOf({around(start), around(end)});
+    const PageSpan first = Around(start), last = Around(end);
+    const auto texts = html.TextsOf({first, last});
     if (texts.size() != 2) return;
-    form.places.selection = {{start, WordsAround(StringText(texts[0]), start - firstOf(start))},
-                             {end, WordsAround(StringText(texts[1]), end - firstOf(end))}};
+    form.places.selection = {{start, WordsAround(StringText(texts[0]), start - first.start)},
+                             {end, WordsAround(StringText(texts[1]), end - last.start)}};
 }
 
 void SelectKeptInPage(MainForm& form) {

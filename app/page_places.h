@@ -5,6 +5,7 @@
 #include "platform/html_view.h"
 
 #include <string>
+#include <vector>
 
 class BookRecord;
 struct MainForm;
@@ -17,8 +18,9 @@ PageTop FollowPage(MainForm&);
 // has its place from.
 void KeepPagePlaces(MainForm&, const BookRecord&, const PageTop& top,
                     const std::u16string& section);
-// Takes those around bookmarks of which none are kept. May wait for the page.
-void TakeMarkWords(MainForm&);
+// The text of each bookmark tag ("start,length"), "" for a tag that is not two numbers; an empty
+// list when the page does not answer. With them come the words of bookmarks of which none are kept.
+std::vector<std::u16string> PageExcerpts(MainForm&, const std::vector<std::u16string>& tags);
 
 // Before the shown page is read again: the selection goes along to its words. And afterwards.
 void KeepPageSelection(MainForm&);

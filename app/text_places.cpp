@@ -34,6 +34,7 @@ bool MovePlaces(MainForm& form, const TextSource& text, const std::function<bool
     });
     if (givenUp) return false;
     MoveMarksAndSelection(form, text, places, found, record);
+    if (places.certainOnly && !found[0].certain) record[Field::LastPos] = u"0";
     // Who has not begun to read stays at the beginning.
     if (record.Number(Field::LastPos) > 0) {
         record[Field::LastPos] = NumberText(found[0].position);
@@ -62,9 +63,9 @@ void FollowText(MainForm& form, BookRecord& record, const std::optional<FileVers
     state.file = file;
     if (!kept.text || !file) return;
     const bool sameFile = kept.IsOf(*file);
-    kept.SetFile(*file);
     if (sameFile && kept.text->length == form.ports.textView->TextLength()) return;
     const BookPlaces places = PlacesIn(form, record);
+    kept.SetFile(*file);
     form.ports.textView->LookThrough([&](const TextSource& text, const auto& goesOn) {
         if (IsSameText(text, kept, places.known)) return;
         if (!places.hasWords)

@@ -39,6 +39,8 @@ struct KeptPlaces {
     bool IsOf(const FileVersion& file) const {
         return fileSize == file.size && fileTime == file.lastWrite;
     }
+    // They were carried over from the view that showed the book before.
+    bool IsOfOtherView() const { return text && IsOf({}); }
     void SetFile(const FileVersion& file) {
         fileSize = file.size;
         fileTime = file.lastWrite;

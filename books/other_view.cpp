@@ -2,6 +2,7 @@
 
 #include "books/kept_places.h"
 #include "common/text.h"
+#include "reading/bookmarks.h"
 
 #include <array>
 
@@ -43,7 +44,11 @@ void CarryPlaces(const BookRecord& before, BookRecord& record, IniFile& file,
     places.SetFile({});
     places.top = {0, 0, length};
     if (fromPage && places.position > 0) record[Field::LastPos] = NumberText(places.position);
-    record[Field::Marks] = before[Field::Marks];
+    std::vector<std::u16string> marks;
+    for (const std::u16string& tag : Split(before[Field::Marks], u"|"))
+        if (const auto mark = ParseMark(tag); mark && places.marks.contains(mark->start))
+            marks.push_back(tag);
+    record[Field::Marks] = Join(marks, u"|");
     KeptPlaces none;
     StorePlaces(file, section, fromPage ? PlacesOf::Text : PlacesOf::Page, places, none);
 }

@@ -107,8 +107,10 @@ class HtmlView {
     // Brings the line in which the span begins to the top of the view (the body's top margin above
     // it), and the left edge to the left.
     virtual void ScrollSpanToTop(const PageSpan&) = 0;
-    // Brings the line of `start` there, and where `offset` is that very place, to the pixel;
-    // without a `start`, to `offset` alone. It stays there while a new window gets its size.
+    // Brings the line of `start` there, and where `offset` is that very place, to the pixel; where
+    // it is another one, the line is seen as a whole. Without a `start`, to `offset` alone; without
+    // an `offset`, as much of the line is above as was. It stays there while a new window gets its
+    // size.
     virtual void BringToTop(const PageTop& top) {
         if (top.start >= 0 && top.offset < 0) return ScrollSpanToTop({top.start, 0});
         ScrollTo(0, std::max(top.offset, 0));

@@ -35,16 +35,14 @@ std::optional<PageMark> MarkInPage(HtmlView& view) {
     return PageMark{{span->start, static_cast<TextPos>(excerpt.size())}, excerpt};
 }
 
-std::vector<std::u16string> PageExcerpts(HtmlView& view, const std::vector<std::u16string>& tags) {
+std::vector<PageSpan> MarkedSpans(const std::vector<std::u16string>& tags) {
     if (tags.empty() || tags.front().empty()) return {};
     std::vector<PageSpan> spans;
     for (const std::u16string& tag : tags) {
         const auto mark = ParseMark(tag).value_or(PageSpan()); // of no length for what is none
         spans.push_back({mark.start, std::min(mark.length, maxMarkLength)});
     }
-    auto texts = view.TextsOf(spans);
-    if (texts.size() != tags.size()) texts.clear();
-    return texts;
+    return spans;
 }
 
 void GoToPageMark(HtmlView& view, const PageSpan& span) {

@@ -21,8 +21,7 @@ bool CanMarkPage(const HtmlView&);
 // the selection is scrolled out of sight. Nothing when the page does not answer.
 std::optional<PageMark> MarkInPage(HtmlView&);
 
-// The text of each bookmark tag ("start,length"), "" for a tag that is not two numbers; an empty
-// list when the page does not answer.
-std::vector<std::u16string> PageExcerpts(HtmlView&, const std::vector<std::u16string>& tags);
+// What each bookmark tag ("start,length") marks, nothing for a tag that is not two numbers.
+std::vector<PageSpan> MarkedSpans(const std::vector<std::u16string>& tags);
 
 void GoToPageMark(HtmlView&, const PageSpan&); // selects it, at the top of the view

@@ -174,8 +174,11 @@ TextPos NoneHtmlView::FirstAtTop() const {
 void NoneHtmlView::BringToTop(const PageTop& top) {
     constexpr int slack = 2;
     if (top.start <= 0) return ScrollTo(0, std::max(top.offset, 0));
-    const int place = TopOf(top.start) - Margin + std::min(top.above, lineHeight - 1);
-    ScrollTo(0, top.offset >= 0 && std::abs(place - top.offset) <= slack ? top.offset : place);
+    const int line = TopOf(top.start) - Margin;
+    const int place = line + std::min(top.above, lineHeight - 1);
+    if (top.offset < 0) return ScrollTo(0, place);
+    const bool isThere = std::abs(place - top.offset) <= slack;
+    ScrollTo(0, isThere ? top.offset : line + std::min(top.above, 0));
 }
 
 PageTop NoneHtmlView::Top() const {

@@ -1,7 +1,9 @@
 // Places of pages: by their pixels while these say the same line, else by the words there.
 #include "html_form.h"
 
+#include "app/shown_book.h"
 #include "app/view_menu.h"
+#include "common/utf.h"
 #include "tests/unit/text_edits.h"
 
 #include <doctest/doctest.h>
@@ -209,6 +211,48 @@ TEST_CASE("changed page: shown again by itself after a second of quiet, at the s
         CHECK(test.Page().loads.size() == loads + 1);
         CHECK(test.Dialogs().messages.empty());
     }
+}
+
+TEST_CASE("page places: a book that is shown as another kind takes its places along") {
+    Reading test;
+    test.DefineAt(5000);
+    test.DefineAt(9000);
+    test.Page().ScrollSpanToTop({7000, 0});
+    const std::u16string words = test.Top(), first = test.Mark(0), second = test.Mark(1);
+    const auto edited = [&](std::u16string text) { return added + text.erase(8500, 1000); };
+    test.Files().EditInPlace(path, Utf16ToUtf8(edited(test.text)));
+    OpenBook(test.form, path, BookKind::Text);
+    REQUIRE_FALSE(IsPageShown(test.form));
+    const auto textAt = [&](TextPos at) { return test.View().TextRange(at, 20); };
+    const auto start = [&](std::size_t i) {
+        return ParseMark(test.Menu().mBookmarkList[i].tag)->start;
+    };
+    CHECK(test.View().LineAround(test.View().FirstVisibleChar()).start ==
+          7000 + TextPos(added.size()));
+    CHECK(textAt(start(0)) == first);
+    CHECK(test.Record(0)[Field::Marks].find(u'|') == std::u16string::npos); // the other has gone
+    OpenBook(test.form, path, BookKind::Html); // which has kept them all
+    test.Page().FinishLoading();
+    CHECK(test.Top() == words);
+    CHECK(test.Mark(1) == second);
+}
+
+TEST_CASE("page places: a text that is shown as a page takes its places along") {
+    HtmlForm test;
+    const std::u16string text = PageText(), book = u"/b/t.txt";
+    test.PutBook(book, Utf16ToUtf8(text));
+    test.Page().pages[book] = PageOf(added + text);
+    REQUIRE(test.Start());
+    OpenBook(test.form, book);
+    test.View().Select(5000, 10);
+    test.Choose(test.Menu().mBookmark, test.Menu().mBookmarkNew);
+    test.View().ScrollLineToTop(9000);
+    const TextPos top = test.View().FirstVisibleChar();
+    OpenBook(test.form, book, BookKind::Html);
+    test.Page().FinishLoading();
+    REQUIRE(IsPageShown(test.form));
+    CHECK(test.Page().Top().start == top + TextPos(added.size()));
+    CHECK(test.Record(0)[Field::Marks] == NumberText(5000 + TextPos(added.size())) + u",10");
 }
 
 TEST_CASE("changed page: one that looks half written is waited for") {

@@ -190,12 +190,14 @@ bool PagePane::ReachWantedHeight(int milliseconds) {
     return true;
 }
 
-// Words that are elsewhere in this layout stay at the top.
+// Words that are elsewhere in this layout stay at the top, and their line is seen as a whole.
 void PagePane::GoToMeasured(double height) {
     constexpr double slack = 2; // CSS pixels, of what was rounded
     const bool hasWords = newTop_ && newTop_->start > 0;
     if (!hasWords || std::abs(scroller_.Height() - height) <= slack * look_.scale)
         scroller_.ScrollToHeight(height);
+    else if (newTop_->above > 0)
+        GoToLine({.start = newTop_->start});
 }
 
 void PagePane::MeasureMore() {

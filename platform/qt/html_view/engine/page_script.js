@@ -27,12 +27,13 @@ const reader = (() => {
       span.start, span.length, lineTop(span.start), percent(), ...top()];
   }
 
-  // Of html_view.h's PageTop what stands at the top.
+  // Of html_view.h's PageTop what stands at the top. The text of a page that was not read on is not
+  // indexed for it.
   function top() {
     saveScrollAnchor();
+    if (scroller().scrollTop <= 0) return [0, 0, "", "", 0];
     const start = Math.max(0, scrollAnchor.start), first = Math.max(0, start - maxAround);
-    const above = scroller().scrollTop > 0 ? topMargin() - lineTop(start) : 0;
-    return [start, above, pageText.part(first, start - first), pageText.part(start, maxAround),
+    return [start, topMargin() - lineTop(start), pageText.part(first, start - first), pageText.part(start, maxAround),
       pageText.whole().length];
   }
 
@@ -131,15 +132,16 @@ const reader = (() => {
     setScrollOffset(0, scroller().scrollTop + lineTop(start) - topMargin());
     return state();
   }
+  // Words that are elsewhere than at the offset come to the top, and their line is seen as a whole.
   function bringToTop(offset, start, above) {
-    if (start > 0) {
-      const box = pageText.boxAt(start);
-      const hidden = Math.min(above, Math.max(0, Math.round(box.height) - 1));
-      setScrollOffset(0, scroller().scrollTop + lineTop(start) - topMargin() + hidden);
-    }
     const slack = 2; // pixels, of what was rounded
-    if (offset >= 0 && (start <= 0 || Math.abs(scroller().scrollTop - offset) <= slack))
-      setScrollOffset(0, offset);
+    const toLine = hidden =>
+      setScrollOffset(0, scroller().scrollTop + lineTop(start) - topMargin() + hidden);
+    if (start > 0) toLine(Math.min(above, Math.max(0, Math.round(pageText.boxAt(start).height) - 1)));
+    if (offset >= 0) {
+      if (start <= 0 || Math.abs(scroller().scrollTop - offset) <= slack) setScrollOffset(0, offset);
+      else if (above > 0) toLine(0);
+    }
     if (start > 0 && scroller().scrollTop > 0) setScrollAnchor(start);
     return state();
   }
