@@ -3,6 +3,7 @@ very much of it."""
 import os
 import random
 import resource
+import struct
 
 from harness import books
 from harness.engine import pages, wait_for_ends
@@ -27,6 +28,23 @@ HEBREW = "בת הטוחן ספרה את הפנסים לאורך הרציף."
 VIETNAMESE = "Ngày xửa ngày xưa có một ông vua già, ông có ba người con trai."
 VIETNAMESE_IN_VISCII = (b"Ng\xe0y x\xd8a ng\xe0y x\xdfa c\xf3 m\xb5t \xf4ng vua gi\xe0, \xf4ng c\xf3 ba "
                         b"ng\xdf\xb6i con trai.")
+
+
+RED, GREEN, BLUE, ORANGE = b"\xff\0\0", b"\0\xff\0", b"\0\0\xff", b"\xff\xa5\0"
+DRAWN_SHEET = """<style>
+.drop::first-letter { float: left; color: orange; font: bold 120px monospace }
+b { background: #00ff00; padding: 4px 10px }
+b::after { content: url(red.bmp) }
+.dashed { width: 100px; height: 20px; border-top: 4px dashed #0000ff; clear: left }</style>"""
+DRAWN = '<p class="drop">Izzard</p><p>a <b>word</b></p><div class="dashed"></div>'
+
+
+def bitmap(width, height, color):
+    """A BMP file of one colour, given as red, green, blue."""
+    row = color[::-1] * width
+    pixels = (row + bytes(-len(row) % 4)) * height
+    return (struct.pack("<2sIII", b"BM", 54 + len(pixels), 0, 54) +
+            struct.pack("<IiiHHIIiiII", 40, width, height, 1, 24, 0, len(pixels), 0, 0, 0, 0) + pixels)
 
 
 class HtmlFiles(HtmlStory):
@@ -90,6 +108,25 @@ class HtmlFiles(HtmlStory):
         reader = self.open(self.write("latin.htm", page, "cp1251"), "quay")
         self.assertEqual(self.whole_text(reader),
                          "\n".join(line.encode("cp1251").decode("cp1252") for line in lines))
+        reader.close()
+
+    def test_what_a_style_sheet_draws_around_texts(self):
+        """A picture behind a word, boxes in a line, a dashed border, a drop cap; none is text."""
+        with open(self.path("red.bmp"), "wb") as file:
+            file.write(bitmap(20, 20, RED))
+        path = write_page(self.path("drawn.htm"), DRAWN, title="Drawn", head=DRAWN_SHEET)
+        reader = self.open(path, "Drawn")
+
+        def colours():
+            pixels = reader.picture().pixels
+            return [pixels.count(color) for color in (RED, GREEN, BLUE, ORANGE)]
+
+        def is_drawn():
+            red, green, blue, orange = colours()
+            # The word's box without its letters; of the border half; the letter's stem is thick.
+            return (red == 20 * 20 and green > 400 and 40 * 4 < blue < 60 * 4 and orange > 600)
+        wait_for(is_drawn, "what the sheet draws: " + str(colours()))
+        self.assertEqual(self.whole_text(reader), "Izzard\na word\n")
         reader.close()
 
     def test_missing_parts(self):
