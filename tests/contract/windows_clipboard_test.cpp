@@ -22,7 +22,7 @@ TEST_CASE("windows clipboard: another program holds it for a while, or for good"
 
     REQUIRE(OpenClipboard(holder));
     std::thread waits([] { WinClipboard().SetText(u"after"); });
-    Sleep(30);
+    Sleep(300); // as a remote session holds it, or one that fetches what another program copied
     CloseClipboard();
     waits.join();
     CHECK(ClipboardText() == u"after");

@@ -44,8 +44,7 @@ class Copy(Story):
         self.copy_as_rtf(reader, ["00001 ", r"\u1077?"])
 
     def copy_as_rtf(self, reader, parts):
-        reader.open_menu("e")
-        source = copied(reader, "o")
+        source = copied(reader, "o", opening=lambda: reader.open_menu("e"))
         self.assertTrue(source.startswith(r"{\rtf1") and source.rstrip().endswith("}"))
         self.assertTrue(source.isascii())
         for part in parts:

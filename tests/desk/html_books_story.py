@@ -82,8 +82,8 @@ class HtmlBooks(HtmlStory):
         self.assertEqual([mark.split(",")[1] for mark in marks], [str(MARK_LENGTH)] * 3)
         self.find(searched)
         wait_for(lambda: copied(self.program) == searched, "the place found", PATIENCE)
-        self.program.open_menu("e")
-        self.assertIn(searched, copied(self.program, "o"))
+        source = copied(self.program, "o", opening=lambda: self.program.open_menu("e"))
+        self.assertIn(searched, source)
         self.choose("e", "s")
         self.program.wait_for_book(searched)
         self.choose("b", "Up", "Return")  # to the last mark, in the middle of the book

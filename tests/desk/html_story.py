@@ -111,8 +111,8 @@ class Html(HtmlStory):
     def test_find_caption_and_source(self):
         self.find("zephyr")
         self.assertEqual(copied(self.program), "Zephyr")
-        self.program.open_menu("e")
-        self.assertEqual(copied(self.program, "o"), "<p>Zephyr</p>")
+        source = copied(self.program, "o", opening=lambda: self.program.open_menu("e"))
+        self.assertEqual(source, "<p>Zephyr</p>")
         self.choose("e", "s")
         self.program.wait_for_book("Zephyr")
         self.program.close()

@@ -6,9 +6,10 @@
 
 namespace {
 
-// Clipboard managers open the clipboard for a moment at every change.
-constexpr int Attempts = 10;
-constexpr DWORD BetweenAttempts = 10; // milliseconds
+// Clipboard managers open the clipboard for a moment at every change, remote sessions until the
+// other side has answered.
+constexpr int Attempts = 50;
+constexpr DWORD BetweenAttempts = 20; // milliseconds
 
 bool OpenTheClipboard() {
     for (int attempt = 1; !OpenClipboard(nullptr); ++attempt) {

@@ -5,7 +5,6 @@ import time
 from harness.wait import wait_for
 
 NOTHING = "nothing was copied"
-COPIES = {"ctrl+c", "ctrl+Insert"}
 AGAIN = 3  # seconds after which a key is taken for lost
 READ = ("xclip", "-selection", "clipboard", "-o", "-t", "UTF8_STRING")
 LATE = 2  # seconds; an answer takes some hundredths of one
@@ -25,11 +24,12 @@ def clipboard(screen, attempts=5):
             return text
 
 
-def copied(reader, *keys):
+def copied(reader, *keys, opening=lambda: None):
     """What another program gets from the clipboard after these keys (Ctrl+C when none are given),
     while the reader runs on. The keys are repeated until they have an effect: the reader ignores
     commands while one waits for a page. Wine notices the text that fills the clipboard before some
-    time later, without an event, and drops a copy made until then: each attempt gives it longer."""
+    time later, which nothing tells, and drops a copy made until then: each attempt gives it longer.
+    Keys in a menu are repeated, too, after `opening` has opened it."""
     keys = keys or ("ctrl+c",)
     patience = 0  # seconds between the filling and the keys
     filled, pressed = _fill(reader), None
@@ -38,12 +38,13 @@ def copied(reader, *keys):
         nonlocal filled, pressed, patience
         now = time.monotonic()
         if pressed is None and now - filled >= patience:
+            opening()
             reader.key(*keys)
             pressed = time.monotonic()
         text = clipboard(reader.screen)
         if pressed and text and text != NOTHING:
             return text
-        if pressed and COPIES.issuperset(keys) and now - pressed > AGAIN:
+        if pressed and now - pressed > AGAIN:
             patience = max(1, 2 * patience)
             # What Wine has not seen being let go, under load, would make another key of it.
             reader.screen.xdotool("keyup", "shift", "ctrl", "alt")
