@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 namespace {
 constexpr std::size_t maxFromStart = 6 * 1024; // bytes of evidence from the first sample
@@ -93,15 +94,104 @@ void CollectRareBytes(std::string_view sample, std::uint8_t (&known)[256], std::
     }
 }
 
-void CountPairs(ByteEvidence& evidence) {
-    const auto counts = std::make_unique<std::uint16_t[]>(0x10000);
+// How often each pair of bytes counts.
+using PairCounts = std::unique_ptr<std::uint16_t[]>;
+
+PairCounts CountAll(std::string_view text) {
+    auto counts = std::make_unique<std::uint16_t[]>(0x10000);
     unsigned before = '\n';
-    for (const char c : evidence.text) {
+    for (const char c : text) {
         const auto byte = static_cast<unsigned char>(c);
-        evidence.highBytes += byte >= 0x80;
         ++counts[before << 8 | byte];
         before = byte;
     }
+    return counts;
+}
+
+// How many different ones there are, when each stands by itself in ASCII; else 0.
+std::size_t CountLoneBytes(std::string_view text) {
+    bool known[256] = {};
+    std::size_t distinct = 0;
+    bool before = false;
+    for (const char c : text) {
+        if (IsHigh(c) && before) return 0;
+        before = IsHigh(c);
+        if (before) distinct += !std::exchange(known[static_cast<unsigned char>(c)], true);
+    }
+    return distinct;
+}
+
+bool IsDigit(char byte) {
+    return byte >= '0' && byte <= '9';
+}
+
+// Digits differ from one price to the next.
+unsigned ContextOf(char byte) {
+    return IsDigit(byte) ? '0' : static_cast<unsigned char>(byte);
+}
+
+bool IsBesideDigit(std::string_view text, std::size_t at) {
+    const std::size_t before = text[at - 1] == ' ' && at >= 2 ? at - 2 : at - 1;
+    const std::size_t after = text[at + 1] == ' ' && at + 2 < text.size() ? at + 2 : at + 1;
+    return IsDigit(text[before]) || IsDigit(text[after]);
+}
+
+bool IsAsciiLetter(char byte) {
+    return (byte | 0x20) >= 'a' && (byte | 0x20) <= 'z';
+}
+
+// "it's", "don't", with the apostrophe of Windows
+bool IsContraction(std::string_view text, std::size_t at) {
+    return text[at] == '\x92' && IsAsciiLetter(text[at - 1]) &&
+           (text[at + 1] == 's' || text[at + 1] == 't') &&
+           (at + 2 == text.size() || !IsAsciiLetter(text[at + 2]));
+}
+
+// Beside numbers, in contractions and as bullets stand signs, which say nothing new where they
+// stand as before. Letters have ever other ones beside them. `few` is how many different ones there
+// are.
+std::size_t DiscountRepeatedSigns(std::string_view text, std::size_t few, PairCounts& counts) {
+    std::vector<unsigned> known;
+    std::size_t counted = 0;
+    for (std::size_t i = 1; i + 1 < text.size(); ++i) {
+        if (!IsHigh(text[i])) continue;
+        const auto byte = static_cast<unsigned char>(text[i]);
+        const bool isBullet = few == 1 && text[i - 1] == '\n';
+        const unsigned after = isBullet ? 0 : ContextOf(text[i + 1]);
+        const unsigned context = ContextOf(text[i - 1]) << 16 | byte << 8u | after;
+        const bool isKnown = std::ranges::find(known, context) != known.end();
+        if (!isKnown) known.push_back(context);
+        const bool isSign =
+            isBullet || IsBesideDigit(text, i) || (few == 1 && IsContraction(text, i));
+        if (!isKnown || !isSign) {
+            ++counted;
+            continue;
+        }
+        --counts[static_cast<unsigned char>(text[i - 1]) << 8 | byte];
+        --counts[byte << 8 | static_cast<unsigned char>(text[i + 1])];
+    }
+    return counted;
+}
+
+bool HasMacLineEnds(std::string_view sample) {
+    return sample.find('\r') != sample.npos && sample.find('\n') == sample.npos;
+}
+
+// Four times the same: letters do not stand so.
+bool HasDosRules(std::string_view sample) {
+    for (const char* const rule : {"\xC4\xC4\xC4\xC4", "\xCD\xCD\xCD\xCD", "\xDB\xDB\xDB\xDB"})
+        if (sample.find(rule) != sample.npos) return true;
+    return false;
+}
+
+void CountPairs(ByteEvidence& evidence) {
+    PairCounts counts = CountAll(evidence.text);
+    constexpr std::size_t few = 3;
+    const std::size_t lone = CountLoneBytes(evidence.text);
+    evidence.highBytes =
+        lone > 0 && lone <= few
+            ? DiscountRepeatedSigns(evidence.text, lone, counts)
+            : static_cast<std::size_t>(std::ranges::count_if(evidence.text, IsHigh));
     for (unsigned pair = 0; pair < 0x10000; ++pair) {
         if (counts[pair] == 0) continue;
         const auto first = static_cast<unsigned char>(pair >> 8);
@@ -137,6 +227,9 @@ ByteEvidence GatherEvidence(std::span<const std::string_view> samples) {
     }
     for (const std::string_view rest : rests)
         CollectRareBytes(rest, known, evidence.text);
+    constexpr std::size_t lookedThrough = 16 * 1024;
+    evidence.macLineEnds = HasMacLineEnds(samples[0].substr(0, lookedThrough));
+    evidence.dosRules = HasDosRules(samples[0].substr(0, lookedThrough));
     CountPairs(evidence);
     for (const BytePair& pair : evidence.high)
         evidence.seen[pair.first] = evidence.seen[pair.second] = true;

@@ -18,7 +18,9 @@ struct ByteEvidence {
     std::size_t highBytes = 0;  // of it, from 0x80 on
     std::vector<BytePair> high; // pairs with such a byte, commonest first
     std::vector<BytePair> ascii;
-    bool seen[256] = {}; // anywhere in the samples that were looked through
+    bool macLineEnds = false; // CR alone
+    bool dosRules = false;    // lines drawn by signs of DOS
+    bool seen[256] = {};      // anywhere in the samples that were looked through
 };
 
 // From a sample that begins with the text and others from within it; a byte of another sample that

@@ -66,9 +66,10 @@ constexpr PunctuationGroup punctuation[] = {
     {u"\u203A\u20AC\u00AE\u2122\u00B0\u00AA\u00BA\u00B2\u00B3\u00BD\u2030",
      PunctuationKind::Closing, 10},
     {u"\u00AD\u2022\u200C\u200D\u200E\u200F\u2015\u2017\u20AA\u0E3F", PunctuationKind::Free, 10},
+    {u"\u00D7\u00F7", PunctuationKind::Odd, 12},
     {u"\u02BC\u0384\u0385\u00B4\u00A8\u00A4\u00A2\u00A5\u00A6\u00AC\u00B1\u00B5\u00B6\u00B8\u00B9"
-     u"\u00BC\u00BE\u00D7\u00F7"
-     u"\u00AF\u2020\u2021",
+     u"\u00BC"
+     u"\u00BE\u00AF\u2020\u2021",
      PunctuationKind::Odd, 15},
 };
 

@@ -50,7 +50,18 @@ constexpr int chosenBits = 25; // besides, for the page of a script that the rea
 constexpr int maxCostBehindBest =
     200 * costsPerBit; // a charset further behind the best is not plausible
 
+constexpr int macLineEndBits = 6, dosRuleBits = 60; // for the pages of these systems
+
+bool IsMacPage(int page) {
+    return page >= 10000 && page < 10100;
+}
+bool IsDosPage(int page) {
+    constexpr int arabic = 864; // which has letters in the place of such signs
+    return page < 870 && page != arabic;
+}
+
 int SystemBits(const ByteEvidence& evidence) {
+    if (evidence.macLineEnds || evidence.dosRules) return 0; // another system's text
     const std::size_t missing = fewBytes - std::min(evidence.highBytes, fewBytes);
     return systemBits + systemBitsForEach * static_cast<int>(missing);
 }
@@ -72,6 +83,8 @@ struct Search {
 
     int Handicap(int page, int bits) const {
         const int chosen = candidates.size() != 0 ? chosenBits : 0;
+        if (evidence.macLineEnds && IsMacPage(page)) bits -= macLineEndBits;
+        if (evidence.dosRules && IsDosPage(page)) bits -= dosRuleBits;
         return (page == systemPage ? -SystemBits(evidence) - chosen : bits) * costsPerBit;
     }
     bool Includes(int page) const {

@@ -49,11 +49,26 @@ std::size_t LatinUnitsOfUtf16(std::string_view sample, ByteOrder order) {
     return latin * 512 < count ? 0 : latin; // even a paragraph of ideographs has a line end
 }
 
+// A word or two, which have no blank and no line end: the letters of one script all have the same
+// byte, which is a control character by itself (Greek to Arabic).
+bool IsWordOfUtf16(std::string_view bytes, ByteOrder order) {
+    constexpr std::size_t longest = 64; // bytes
+    if (bytes.size() < 4 || bytes.size() > longest || bytes.size() % 2 != 0) return false;
+    const std::size_t upper = order == ByteOrder::LittleEndian ? 1 : 0;
+    for (std::size_t i = upper; i < bytes.size(); i += 2)
+        if (bytes[i] < 3 || bytes[i] > 6 || bytes[i] != bytes[upper]) return false;
+    return true;
+}
+
 } // namespace
 
 std::optional<ByteOrder> GuessUtf16(std::string_view bytes) {
     const std::string_view sample = bytes.substr(0, guessSample);
-    if (sample.find('\0') == std::string_view::npos) return std::nullopt;
+    if (sample.find('\0') == std::string_view::npos) {
+        if (IsWordOfUtf16(bytes, ByteOrder::LittleEndian)) return ByteOrder::LittleEndian;
+        if (IsWordOfUtf16(bytes, ByteOrder::BigEndian)) return ByteOrder::BigEndian;
+        return std::nullopt;
+    }
     const std::size_t little = LatinUnitsOfUtf16(sample, ByteOrder::LittleEndian);
     const std::size_t big = LatinUnitsOfUtf16(sample, ByteOrder::BigEndian);
     if (little == 0 && big == 0) return std::nullopt;
@@ -115,7 +130,7 @@ std::vector<SamplePlace> SamplePlaces(std::uint64_t size, std::uint64_t notUtf8)
 }
 
 bool LooksLikeDamagedUtf8(std::span<const std::string_view> samples) {
-    constexpr std::size_t minSequences = 3, perStray = 8;
+    constexpr std::size_t minSequences = 3, perStray = 8, fewStray = 2, perFewStray = 3;
     std::size_t sequences = 0, stray = 0;
     for (std::string_view rest : samples) {
         while (!rest.empty() && stray <= 16 + sequences / perStray) {
@@ -132,5 +147,7 @@ bool LooksLikeDamagedUtf8(std::span<const std::string_view> samples) {
             rest.remove_prefix(1);
         }
     }
-    return sequences >= minSequences && sequences >= perStray * stray;
+    // In a short text two may stand close together.
+    return sequences >= minSequences &&
+           sequences >= (stray <= fewStray ? perFewStray : perStray) * stray;
 }

@@ -271,6 +271,23 @@ TEST_CASE("charset guess: in doubt the system's own page") {
         "\xA7 1 Scope. \xA7 2 Terms. \xA7 3 Fees. \xA7 4 Notice. \xA7 5 Law. \xA7 6 End.",
         "\xA9 2001, \xA9 2002, \xA9 2003, \xA9 2004, \xA9 2005, \xA9 2006",
         "1 \xB0, 2 \xB0, 3 \xB0, 4 \xB0, 5 \xB0, 6 \xB0, 7 \xB0, 8 \xB0",
+        "9\xB0"
+        "C, 6\xB0"
+        "C, 6 \xB0, 3.5 \xB0"
+        "C, 9\xB0"
+        "C.",
+        "5\xA2, 80\xA2, 5\xA2, 10\xA2, 9\xA2, 15\xA2, 20\xA2, 50\xA2",
+        "No. 3\xBA, 5\xBA, 80\xBA, 10\xBA, 12\xBA and 9\xBA",
+        "Cups: 3\xBD, 6\xBC, 2\xBC, 1\xBE, 4\xBD, 7\xBC",
+        "\xB1 5 and \xB1 3.5 and \xB1 9 and \xB1 1200 and \xB1 80 and \xB1 9",
+        "10 \xD7 10 and 80 \xD7 80 and 9\xD7"
+        "9 and 10 \xD7 10 and 10\xD7"
+        "10",
+        "it\x92s and it\x92s and it\x92s and don\x92t and don\x92t and it\x92s and it\x92s here",
+        "\x95"
+        "a\n\x95named\n\x95with\n\x95his\n\x95"
+        "flour\n\x95winter\n\x95Rex\n\x95"
+        "at\n\x95old\n",
     };
     for (const char* const text : texts) {
         const std::string bytes = text;
@@ -302,6 +319,42 @@ TEST_CASE("charset guess: UTF-8 with stray bytes stays UTF-8") {
     const DecodedText decoded = DecodePlainText(text, 0, 1252);
     CHECK(decoded.encoding == TextEncoding::Utf8);
     CHECK(std::ranges::count(decoded.text, u'\uFFFD') >= 2);
+}
+
+TEST_CASE("charset guess: short UTF-8 with a stray byte stays UTF-8") {
+    const char16_t* const texts[] = {
+        u"\u00C0 l'\u00E9t\u00E9, o\u00F9 na\u00EEt le fa\u00E7onn\u00E9",
+        u"El ni\u00F1o comi\u00F3 ma\u00F1ana, \u00BFverdad?",
+        u"M\u0142ynarz liczy\u0142 \u015Bwiat\u0142a wzd\u0142u\u017C",
+        u"\u201CIt\u2019s the miller\u2019s,\u201D he said \u2014 \u201Ctwice.\u201D",
+    };
+    for (const char16_t* const text : texts)
+        for (const char* const stray : {"\xE9 ", "\xFF", "\xA0", "\x92"}) {
+            const std::string bytes = stray + Utf16ToUtf8(text);
+            CAPTURE(bytes);
+            CHECK(DecodePlainText(bytes, 0, 1252).encoding == TextEncoding::Utf8);
+        }
+    CHECK(DecodePlainText("\xC3\xA9 caf\xE9.", 0, 1252).encoding == TextEncoding::CodePage);
+}
+
+TEST_CASE("charset guess: a word in UTF-16 without a mark") {
+    for (const bool big : {false, true})
+        for (const char16_t* const word :
+             {u"\u041C\u0435\u043B", u"\u05D1\u05EA", u"\u03BC\u03C5\u03BB"})
+            CHECK(DecodePlainText(Wide(word, 2, big), 0, 1252).text == word);
+    CHECK(DecodePlainText("a\x04", 0, 1252).text == u"a\u0004");
+}
+
+TEST_CASE("charset guess: line ends and drawn lines show another system's text") {
+    const std::u16string mac = u"The caf\u00E9 was shut.\rThe na\u00EFve man left.\r";
+    CHECK(Decoded(Encoded(10000, mac)) == Utf16ToUtf8(mac));
+    const std::string western = "The caf\xE9 was shut.\rThe na\xEFve man left.\r";
+    CHECK(DecodePlainText(western, 0, 1252).codePage == 1252);
+    for (const char16_t* const box : {u"\u250C\u2500\u2500\u2500\u2500\u2500\u2500\u2510\r\n"
+                                      u"\u2502 Menu \u2502\r\n\u2502 Quit \u2502\r\n",
+                                      u"\u2554\u2550\u2550\u2550\u2550\u2550\u2550\u2557\r\n"
+                                      u"\u2551 MENU \u2551\r\n\u2551 Open \u2551\r\n"})
+        CHECK(Decoded(Encoded(437, box)) == Utf16ToUtf8(box));
 }
 
 TEST_CASE("charset guess: sequences of ISO-2022 and HZ") {

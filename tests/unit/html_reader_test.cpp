@@ -222,6 +222,7 @@ TEST_CASE("html reader: bytes become text by mark, declaration or guess") {
         {"<p>\xC3\xA9", u"<p>\u00E9", 65001},
         {"<p>caf\xE9", u"<p>caf\u00E9", 1252},
         {"<p>cafe", u"<p>cafe", 1252},
+        {"<p>\x1B$B$\"$$\x1B(B", u"<p>\u3042\u3044", 50220},
         {"", u"", 1252},
     };
     for (const auto& c : cases) {
