@@ -21,16 +21,22 @@ def checked_row(picture):
     return found
 
 
-def row_darkness(picture):
-    """For each item that has a caption, from the top: how dark its darkest pixel is, 0 to 255.
-    The marked item counts as dark."""
-    result, height, darkest = [], 0, 0
+def text_rows(picture):
+    """Top and bottom of each item's caption, from the top."""
+    result, height = [], 0
     for y in range(FRAME, picture.height - FRAME):
         row = picture.row(y, FRAME, picture.width - FRAME)
         if row == row[:3] * (len(row) // 3):
             if height >= LOWEST_TEXT:
-                result.append(darkest)
-            height, darkest = 0, 0
+                result.append((y - height, y))
+            height = 0
         else:
-            height, darkest = height + 1, max(darkest, WHITE - min(row))
+            height += 1
     return result
+
+
+def row_darkness(picture):
+    """For each item that has a caption, from the top: how dark its darkest pixel is, 0 to 255.
+    The marked item counts as dark."""
+    return [max(WHITE - min(picture.row(y, FRAME, picture.width - FRAME)) for y in range(top, bottom))
+            for top, bottom in text_rows(picture)]
