@@ -58,10 +58,15 @@ std::span<const wchar_t* const> FamiliesOf(GenericFamily kind) {
 } // namespace
 
 std::u16string WinFonts::FamilyOf(GenericFamily kind) const {
+    const std::wstring message = MessageFamily(dpi_);
+    if (kind == GenericFamily::SystemUi && IsInstalledFamily(message)) return FromWide(message);
     const auto families = FamiliesOf(kind);
     const auto found = std::find_if(families.begin(), families.end(), IsInstalledFamily);
-    const std::wstring family = found == families.end() ? MessageFamily(dpi_) : *found;
-    return FromWide(family);
+    if (found != families.end()) return FromWide(*found);
+    // GDI opens some font in its place.
+    if (kind == GenericFamily::Serif || kind == GenericFamily::SansSerif) return FromWide(message);
+    return FamilyOf(kind == GenericFamily::SystemUi ? GenericFamily::SansSerif
+                                                    : GenericFamily::Serif);
 }
 
 void WinFonts::SetResolution(double dpi) {
