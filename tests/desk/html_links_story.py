@@ -31,6 +31,9 @@ class HtmlLinks(HtmlStory):
         return path
 
     def follow_next(self):
+        """A dialog has just gone, or another program come: the keyboard may not be back at once."""
+        self.program.activate()
+        self.program.finish_keys()
         self.program.key("Tab", "Return")
 
     def answer(self, *keys):
