@@ -53,8 +53,6 @@ class PaneTextView : public TextView {
 
   protected:
     virtual TextPane& Pane() const = 0;
-    // To screen readers only: what has changed on the screen and in no character or place.
-    virtual void Announce(std::u16string_view) {}
     // What Find finds. `goesOn` is asked again and again and ends the search when it says no.
     TextPos FindWhile(std::u16string_view what, TextPos start, FindOptions options,
                       const std::function<bool()>& goesOn) const;

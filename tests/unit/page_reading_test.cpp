@@ -216,6 +216,14 @@ TEST_CASE("page reading: where characters are, and what is in view") {
     CHECK(page.Pane().VisibleBoxes({0, 20}).empty());
 }
 
+TEST_CASE("page reading: the text of a missing picture is none of what is in view") {
+    ReadPage page("<p>one<p>two<p><img src=no.png alt='A lantern'>");
+    CHECK(page.Pane().VisibleText().end == 7);
+    CHECK(page.Pane().VisibleBoxes({0, 7}).size() == 2);
+    ReadPage bare("<img src=no.png alt='A lantern'>");
+    CHECK(bare.Pane().VisibleText().end == 0);
+}
+
 TEST_CASE("page reading: without a page there is nothing") {
     NoneClock clock;
     NoneFiles files{clock};

@@ -68,12 +68,20 @@ Rect PagePane::CharacterRect(TextPos position) {
 TextSpan PagePane::VisibleText() {
     if (!UpdateLayout()) return {};
     const PagePlaces places(*page_, *shown_);
-    const auto first = LineAt({0, 0}, true);
-    const auto last = LineAt({look_.viewport.width, look_.viewport.height - 1}, false);
-    if (!first || !last) return {};
-    const TextPos start = places.PositionOf(first->block.Content(), first->unit);
-    const TextPos end = ReadingLine(places.PositionOf(last->block.Content(), last->unit)).end;
-    return {std::min(start, end), end};
+    PageFlow& flow = shown_->Flow();
+    const double height = look_.viewport.height;
+    std::optional<TextSpan> all;
+    double y = -scroller_.Position().y;
+    for (std::size_t zone = scroller_.Position().zone; zone < flow.ZoneCount() && y < height;
+         ++zone) {
+        const PageFragmentPtr fragment = flow.LayOut(zone);
+        if (const auto text = places.TextBetween(*fragment, -y, height - y))
+            all = all ? TextSpan{std::min(all->start, text->start), std::max(all->end, text->end)}
+                      : *text;
+        y += fragment->height;
+    }
+    if (!all) return {};
+    return {all->start, ReadingLine(std::max(all->start, all->end - 1)).end};
 }
 
 // Line by line: each has its part of the span in one stretch, or in several where its directions

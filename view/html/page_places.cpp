@@ -179,6 +179,28 @@ std::optional<CharacterPlace> PagePlaces::NearestLine(std::size_t zone, double x
     return nearest;
 }
 
+// The text of a missing picture and the marker of a list's item are none of the page's.
+std::optional<TextSpan> PagePlaces::TextBetween(const PageFragment& zone, double top,
+                                                double bottom) const {
+    std::optional<TextSpan> text;
+    ForBlocks(zone, 0, 0, [&](const PlacedLines& lines, double, double blockTop) {
+        const InlineContent& content = *lines.content;
+        const bool hasText =
+            std::ranges::any_of(content.origins, [this](const InlineOrigin& origin) {
+                return origin.node != noHtmlNode && page_.PieceOf(origin.node);
+            });
+        if (!hasText) return;
+        for (const InlineLine& line : lines.layout.lines) {
+            const double lineTop = blockTop + line.top;
+            if (lineTop >= bottom || lineTop + line.height <= top) continue;
+            const TextSpan own{PositionOf(content, line.start), PositionOf(content, line.end)};
+            text = text ? TextSpan{std::min(text->start, own.start), std::max(text->end, own.end)}
+                        : own;
+        }
+    });
+    return text;
+}
+
 TextPos PagePlaces::PositionInLine(const CharacterPlace& place, double x) const {
     const InlineLine& line = place.block.Line(place.line);
     const TextPos unit =

@@ -4,6 +4,7 @@
 // out; lengths to the side are from the page's left edge.
 #pragma once
 
+#include "view/caret_moves.h"
 #include "view/html/shown_page.h"
 
 // A block of lines in the laid-out zone that it is in, with its own top left corner.
@@ -57,6 +58,10 @@ class PagePlaces {
     TextPos UnitInLine(const CharacterPlace& line, double x) const; // of the content
     // What a unit of a line shows; noHtmlNode for what is of no node.
     HtmlNodeId NodeAt(const InlineContent& content, TextPos unit) const;
+
+    // The counted characters in the lines of a laid-out zone that are partly between two heights of
+    // it; nothing where no line shows any.
+    std::optional<TextSpan> TextBetween(const PageFragment& zone, double top, double bottom) const;
 
     // The units of the content that show characters of a stretch of the text.
     UnitSpan SelectedUnits(const InlineContent& content, TextPos start, TextPos end) const;

@@ -133,10 +133,10 @@ def read_on(text, offset, kind, most=1_000_000):
     """Piece by piece as a screen reader goes through a text, to its end."""
     while most > 0:
         content, start, end = at(text, offset, kind)
+        if end <= offset:
+            return  # behind the text's last piece, which is answered again
         if start != offset:
             raise AssertionError(f"asked at {offset}, answered from {start}: {content!r}")
-        if end <= offset:
-            return
         yield content
         offset, most = end, most - 1
 

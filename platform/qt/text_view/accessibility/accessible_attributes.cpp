@@ -52,8 +52,6 @@ QString PositionName(TextBaseline baseline) {
 
 void AddParagraph(QString& all, const ParagraphLook& paragraph) {
     Add(all, "text-align", AlignmentName(paragraph.alignment));
-    // The name that an object has for a heading's level; there is none for texts.
-    if (paragraph.headingLevel > 0) Add(all, "level", QString::number(paragraph.headingLevel));
     Add(all, "writing-mode", paragraph.rightToLeft ? QStringLiteral("rl") : QStringLiteral("lr"));
 }
 } // namespace
