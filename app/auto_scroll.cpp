@@ -3,6 +3,7 @@
 #include "app/events.h"
 #include "app/main_form.h"
 #include "app/shown_book.h"
+#include "common/text.h"
 
 #include <algorithm>
 #include <utility>
@@ -33,19 +34,27 @@ void Run(MainForm& form) {
     form.autoScroll.running = true;
 }
 
+std::u16string SpeedText(int speed) {
+    return u"Speed " + NumberText(speed + 1) + u" of " + NumberText(maxScrollSpeed + 1) + u'.';
+}
+
 void ChangeSpeed(MainForm& form, int by) {
     form.autoScroll.speed = std::clamp(form.autoScroll.speed + by, 0, maxScrollSpeed);
     Run(form);
+    Announce(form, SpeedText(form.autoScroll.speed));
 }
 } // namespace
 
 void StartAutoScroll(MainForm& form) {
-    if (IsBookShown(form)) Run(form);
+    if (!IsBookShown(form)) return;
+    Run(form);
+    Announce(form, u"Scrolling by itself. Any key ends it.");
 }
 
 void EndAutoScroll(MainForm& form) {
     if (!std::exchange(form.autoScroll.running, false)) return;
     form.ports.scrollTimer->Stop();
+    Announce(form, u"Scrolling has ended.");
 }
 
 bool SteerAutoScroll(MainForm& form, int keyCode, int shift) {

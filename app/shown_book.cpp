@@ -41,6 +41,13 @@ bool HasPageBody(const MainForm& form) {
     return form.page.HasBody(form.ports.htmlView.get());
 }
 
+void Announce(MainForm& form, std::u16string_view text) {
+    if (IsPageShown(form))
+        form.ports.htmlView->Announce(text);
+    else
+        form.ports.textView->Announce(text);
+}
+
 bool SettleZoom(MainForm& form) {
     if (HasPageBody(form)) SettleZoom(*form.ports.htmlView, form.menu.mViewFont[0]);
     return !form.closed;

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 struct MainForm;
 
@@ -26,6 +27,9 @@ void ForgetShownBook(MainForm&);
 bool CanShowPages(const MainForm&); // this front has an HTML view that works
 bool IsPageShown(const MainForm&);  // the shown book is an HTML book, loaded or not
 bool HasPageBody(const MainForm&);  // and its document is there
+
+// To screen readers only, by the view that is shown.
+void Announce(MainForm&, std::u16string_view text);
 
 // Before the page is left: lets it settle, so that its size is not lost. Waits a bounded time;
 // false when the window was closed meanwhile.

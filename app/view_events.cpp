@@ -29,10 +29,13 @@ void fwMain_Resize(MainForm& form) {
 void ToggleFullScreen(MainForm& form) {
     if (form.ports.window->IsFullScreen()) return LeaveFullScreen(form);
     form.ports.window->SetFullScreen(true);
+    Announce(form, u"Full screen. Escape ends it.");
 }
 
 void LeaveFullScreen(MainForm& form) {
-    if (form.ports.window->IsFullScreen()) LeaveFullScreen(form.placement, *form.ports.window);
+    if (!form.ports.window->IsFullScreen()) return;
+    LeaveFullScreen(form.placement, *form.ports.window);
+    Announce(form, u"No full screen any more.");
 }
 
 void fwMain_Zoom(MainForm& form, int steps) {

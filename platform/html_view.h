@@ -172,6 +172,8 @@ class HtmlView {
     virtual void SetBounds(const Rect&) = 0; // in the container panel
     virtual void SetVisible(bool) = 0;       // hidden at first
     virtual void FocusView() = 0;
+    // To screen readers only, as the text view's; for a view that can.
+    virtual void Announce(std::u16string_view) {}
 
     // The document of `page` is complete, laid out at normal size and scrolled to its start. `url`
     // is its address as the engine has it. Comes once for a page, never for a frame in it.

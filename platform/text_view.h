@@ -133,6 +133,8 @@ class TextView {
     virtual void FocusView() = 0;
     // What the text is called where it is read aloud. For a view that is accessible.
     virtual void SetName(std::u16string_view) {}
+    // To screen readers only: what has changed on the screen and in no character or place.
+    virtual void Announce(std::u16string_view) {}
 
     virtual void SetPlaceholder(const Placeholder&) = 0;
     std::function<void()> onPlaceholderLink; // it was clicked

@@ -53,6 +53,7 @@ class NoneTextView : public TextView {
     void SetPointer(Pointer pointer) override { pointer_ = pointer; }
     void FocusView() override {}
     void SetName(std::u16string_view name) override { name_ = name; }
+    void Announce(std::u16string_view text) override { announced.emplace_back(text); }
 
     void SetPlaceholder(const Placeholder& given) override { placeholder = given; }
     Placeholder placeholder;
@@ -68,6 +69,7 @@ class NoneTextView : public TextView {
     // What was asked, for tests.
     int loads = 0, scrolls = 0, fontApplications = 0;
     std::vector<std::u16string> printed; // their titles
+    std::vector<std::u16string> announced;
     const ViewFont& Font() const { return style_.font; }
     Alignment ShownAlignment() const { return style_.alignment.value_or(Alignment::Left); }
     int RightMargin() const { return style_.rightMargin; }

@@ -53,6 +53,7 @@ class EitherHtmlView final : public HtmlView {
     void SetBounds(const Rect& bounds) override;
     void SetVisible(bool visible) override;
     void FocusView() override { shown_->FocusView(); }
+    void Announce(std::u16string_view text) override { shown_->Announce(text); }
 
   private:
     void Show(HtmlView& view);

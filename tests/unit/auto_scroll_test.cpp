@@ -53,6 +53,26 @@ TEST_CASE("auto-scroll: plus and minus change its speed, with Shift where plus n
     CHECK(test.ScrollTimer().IsRunning());
 }
 
+TEST_CASE("auto-scroll: its beginning, its speed and its end are told to screen readers") {
+    ScrollForm test;
+    test.Toggle();
+    test.Press(PlusKey);
+    test.Press(spaceCode);
+    test.Press(spaceCode);
+    CHECK(test.View().announced ==
+          std::vector<std::u16string>{u"Scrolling by itself. Any key ends it.", u"Speed 6 of 12.",
+                                      u"Scrolling has ended."});
+}
+
+TEST_CASE("full screen: its beginning and its end are told to screen readers") {
+    ScrollForm test;
+    test.Release(F11Key);
+    test.Press(EscapeKey);
+    test.Press(EscapeKey);
+    CHECK(test.View().announced == std::vector<std::u16string>{u"Full screen. Escape ends it.",
+                                                               u"No full screen any more."});
+}
+
 TEST_CASE("auto-scroll: any other key ends it, and so does the mouse") {
     ScrollForm test;
     for (const int key : {spaceCode, int{EscapeKey}, int{'A'}, int{F1Key}}) {

@@ -54,3 +54,7 @@ void QtPageView::SetVisible(bool visible) {
 void QtPageView::FocusView() {
     widget_->setFocus();
 }
+
+void QtPageView::Announce(std::u16string_view text) {
+    widget_->Announce(text);
+}

@@ -22,6 +22,7 @@ class QtPageView final : public PaneHtmlView {
     void SetBounds(const Rect& bounds) override;
     void SetVisible(bool visible) override;
     void FocusView() override;
+    void Announce(std::u16string_view text) override;
 
   protected:
     PagePane& Pane() const override;

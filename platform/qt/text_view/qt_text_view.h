@@ -32,10 +32,10 @@ class QtTextView : public PaneTextView {
     void SetPointer(Pointer pointer) override;
     void FocusView() override;
     void SetName(std::u16string_view name) override;
+    void Announce(std::u16string_view text) override;
 
   protected:
     TextPane& Pane() const override;
-    void Announce(std::u16string_view) override;
 
   private:
     QPointer<TextWidget> widget_; // null once the parent has deleted it

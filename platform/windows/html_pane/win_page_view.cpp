@@ -54,3 +54,7 @@ void WinPageView::SetVisible(bool visible) {
 void WinPageView::FocusView() {
     ::SetFocus(Handle());
 }
+
+void WinPageView::Announce(std::u16string_view text) {
+    window_->Announce(ToWide(text));
+}

@@ -22,6 +22,7 @@ class WinPageView final : public PaneHtmlView {
     void SetBounds(const Rect& bounds) override;
     void SetVisible(bool visible) override;
     void FocusView() override;
+    void Announce(std::u16string_view text) override;
     ComPtr<TextProvider> Accessible() { return window_->Accessible(); }
 
   protected:
