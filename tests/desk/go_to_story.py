@@ -1,6 +1,7 @@
 """Going to a place by Ctrl+G, and the label that says where one is."""
 from harness import books
 from harness.dialog import Dialog
+from harness.html_story import paragraphs, write_page
 from harness.story import Story, main
 from harness.text_view import settled_strip, wait_for_strip
 from harness.wait import wait_for
@@ -116,6 +117,30 @@ class GoTo(Story):
         self.screen.xdotool("mousemove", left + width // 3, top + height // 2, "click", 5)
         wait_for(self.label, "the label")
         wait_for(lambda: not self.label(), "the label to go")
+        self.program.close()
+
+    def test_page_without_an_engine(self):
+        body = "".join(f"<h2>Tale {letter}</h2>" + paragraphs(books.lines("latin", LINES_OF_CHAPTER))
+                       for letter in LETTERS)
+        self.program = self.reader().start(write_page(self.path("tales.htm"), body))
+        self.program.wait_for_book("Lanterns")
+        self.program.wait_until_settled()
+        self.program.resize(800, 600)
+        top = settled_strip(self.program)
+        self.assertFalse(self.label())
+        left, top_edge, width, height = self.program.rectangle()
+        self.screen.xdotool("mousemove", left + width // 3, top_edge + height // 2, "click", 5)
+        wait_for(self.label, "the label")
+        wait_for(lambda: not self.label(), "the label to go")
+        dialog = self.ask()
+        dialog.key("alt+h")
+        dialog.type("tale d")
+        dialog.close()
+        wait_for(lambda: not settled_strip(self.program).looks_like(top), "another place")
+        dialog = self.ask()
+        dialog.type("0")
+        dialog.close()
+        wait_for_strip(self.program, top)
         self.program.close()
 
 
