@@ -14,6 +14,7 @@ from harness.wait import wait_for
 from harness.wine import ON_WINE
 
 ADDED = "<p>A chapter that nobody had missed until now.</p>"
+SOON = 6   # seconds for a copy, before the line is selected anew
 TALL = 70  # pixels: more than a line and a half, so that one of it is whole
 
 
@@ -41,7 +42,10 @@ class HtmlPlaces(HtmlStory):
         self.screen.xdotool("mousemove", left + MARGIN_X - 4, y, "mousedown", 1,
                             "mousemove", left + width // 2, y,
                             "mousemove", left + width - SCROLL_BAR - 4, y, "mouseup", 1)
-        return re.findall(r"word\d{5}", copied(program))
+        try:
+            return re.findall(r"word\d{5}", copied(program, deadline=SOON))
+        except AssertionError:
+            return []  # the page was loaded again behind the selecting
 
     def define(self):
         self.program.key("ctrl+d")
@@ -51,10 +55,10 @@ class HtmlPlaces(HtmlStory):
     def read_and_mark(self):
         """A bookmark at a line that was on top, and a place behind it."""
         self.program.press("Next", 6)
-        marked = self.top_words()
+        marked = wait_for(self.top_words, "a line")
         self.define()
         self.program.press("Next", 5)
-        return marked, self.top_words()
+        return marked, wait_for(self.top_words, "a line")
 
     def go_to_bookmark(self):
         self.program.open_menu("b")
@@ -65,7 +69,7 @@ class HtmlPlaces(HtmlStory):
         """One that is whole at the top."""
         self.read_and_mark()
         self.go_to_bookmark()
-        return self.top_words()
+        return wait_for(self.top_words, "the bookmark's line")
 
     def set_width(self, pixels):
         """Of the next window, as on another screen."""
@@ -107,9 +111,8 @@ class HtmlPlaces(HtmlStory):
         self.program.close()
 
     def editors_window(self):
-        kind = "notepad.exe" if ON_WINE else "mousepad"
         name = os.path.basename(self.book)
-        found = self.screen.xdotool("search", "--onlyvisible", "--class", kind).split()
+        found = self.screen.xdotool("search", "--onlyvisible", "--class", "mousepad").split()
         return next((window for window in found
                      if name in self.screen.xdotool("getwindowname", window)), None)
 
@@ -145,10 +148,10 @@ class HtmlPlaces(HtmlStory):
         wait_for(lambda: text in self.source(), "the editor to save")
         os.kill(int(self.screen.xdotool("getwindowpid", window)), signal.SIGTERM)
 
+    @unittest.skipIf(ON_WINE, "there the default for pages is no editor")
     def test_edited_in_the_editor(self):
         """It is shown again by itself; F5 and another start find the same words."""
-        if not ON_WINE:
-            self.use_mousepad()
+        self.use_mousepad()
         marked, words = self.read_and_mark()
         before = self.program.rectangle()
         strip = settled_strip(self.program)

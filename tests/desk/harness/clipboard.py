@@ -2,7 +2,7 @@
 import subprocess
 import time
 
-from harness.wait import wait_for
+from harness.wait import DEADLINE, wait_for
 
 NOTHING = "nothing was copied"
 AGAIN = 3  # seconds after which a key is taken for lost
@@ -24,7 +24,7 @@ def clipboard(screen, attempts=5):
             return text
 
 
-def copied(reader, *keys, opening=lambda: None):
+def copied(reader, *keys, opening=lambda: None, deadline=DEADLINE):
     """What another program gets from the clipboard after these keys (Ctrl+C when none are given),
     while the reader runs on. The keys are repeated until they have an effect: the reader ignores
     commands while one waits for a page. Wine notices the text that fills the clipboard before some
@@ -50,7 +50,7 @@ def copied(reader, *keys, opening=lambda: None):
             reader.screen.xdotool("keyup", "shift", "ctrl", "alt")
             filled, pressed = _fill(reader), None
         return None
-    return wait_for(copy, "a copy")
+    return wait_for(copy, "a copy", deadline)
 
 
 def _fill(reader):
