@@ -6,7 +6,7 @@
 #include <utility>
 
 namespace {
-constexpr int measuringInterval = 10, measuringTime = 8; // milliseconds
+constexpr int measuringTime = 8; // milliseconds
 // For a place that is asked for or stored; what is above it may take longer to be measured.
 constexpr int placeTime = 300, exactTime = 1000;
 constexpr double unitsPerInch = 96;
@@ -202,6 +202,7 @@ void PagePane::GoToMeasured(double height) {
 
 void PagePane::MeasureMore() {
     if (!UpdateLayout()) return;
+    if (pictures_->TakeLeftOut()) window_.Redraw();
     if (wantedHeight_) {
         ReachWantedHeight(measuringTime);
         return;

@@ -107,6 +107,7 @@ class PagePane : public ReadablePane {
         TextPos position = 0;
         double lines = 0; // of its letters' top in the view, in heights of them
     };
+    static constexpr int measuringInterval = 10; // milliseconds
 
     bool UpdateLayout(); // false without a page
     void LayOutAnew(const PageLook& look);

@@ -56,9 +56,10 @@ CssPageStyles ShownPage::StylesOf(const LoadedPage& page, const std::vector<std:
 ShownPage::ShownPage(const LoadedPage& page, const std::vector<std::u16string>& sheets,
                      PagePictures& pictures, LineLayout& lines, const PageLook& look)
     : page_(page), look_(look), styles_(StylesOf(page, sheets, look, sheets_)),
-      boxes_(BoxesOf(page.Tree(), styles_)), fonts_(lines, styles_, look.scale, look.dpi),
-      text_(page.Tree(), styles_, boxes_, fonts_), layouter_(boxes_, text_, lines, look.scale),
-      flow_(layouter_) {
+      boxes_(BoxesOf(page.Tree(), styles_, {},
+                     [&pictures](HtmlNodeId object) { return pictures.ShowsObject(object); })),
+      fonts_(lines, styles_, look.scale, look.dpi), text_(page.Tree(), styles_, boxes_, fonts_),
+      layouter_(boxes_, text_, lines, look.scale), flow_(layouter_) {
     text_.pictureSize = [&pictures](const PageBox& box) {
         return pictures.NaturalSize(pictures.PictureOf(box));
     };
