@@ -64,9 +64,9 @@ PictureHeader ReadWebP(std::string_view all) {
     if (chunk == "VP8X" && all.size() >= 30)
         return HeaderOf(PictureFormat::WebP, 1 + (bytes.Long(24) & 0xFFFFFF),
                         1 + (bytes.Long(27) & 0xFFFFFF));
-    if (chunk == "VP8 " && Part(all, 23, 3) == "\x9D\x01\x2A")
+    if (chunk == "VP8 " && all.size() >= 30 && Part(all, 23, 3) == "\x9D\x01\x2A")
         return HeaderOf(PictureFormat::WebP, bytes.Word(26) & 0x3FFF, bytes.Word(28) & 0x3FFF);
-    if (chunk == "VP8L" && bytes.Byte(20) == 0x2F) {
+    if (chunk == "VP8L" && all.size() >= 25 && bytes.Byte(20) == 0x2F) {
         const std::uint32_t sides = bytes.Long(21);
         return HeaderOf(PictureFormat::WebP, 1 + (sides & 0x3FFF), 1 + (sides >> 14 & 0x3FFF));
     }
@@ -98,13 +98,13 @@ std::optional<IconEntry> LargestEntry(const PictureBytes& bytes) {
     const std::uint32_t count = std::min(bytes.Word(4), 256U);
     for (std::uint32_t i = 0; i < count; ++i) {
         const std::size_t at = 6 + 16 * std::size_t{i};
-        if (at + 16 > bytes.Size()) break;
+        if (at + 16 > bytes.Size()) return std::nullopt;
         const auto side = [&](std::size_t where) {
             return bytes.Byte(where) == 0 ? 256 : bytes.Byte(where);
         };
         const IconEntry entry{side(at),           side(at + 1),        bytes.Word(at + 6),
                               bytes.Long(at + 8), bytes.Long(at + 12), at};
-        if (entry.start < bytes.Size() && (!best || IsBetter(entry, *best))) best = entry;
+        if (!best || IsBetter(entry, *best)) best = entry;
     }
     return best;
 }
@@ -113,7 +113,7 @@ std::optional<IconEntry> LargestEntry(const PictureBytes& bytes) {
 PictureHeader ReadIcon(std::string_view all) {
     const auto entry = LargestEntry(PictureBytes(all, false));
     if (!entry) return {};
-    const PictureHeader within = ReadPictureHeader(all.substr(entry->start, entry->length));
+    const PictureHeader within = ReadPictureHeader(Part(all, entry->start, entry->length));
     if (within.format == PictureFormat::Png)
         return HeaderOf(PictureFormat::Ico, std::uint32_t(within.width),
                         std::uint32_t(within.height));
@@ -152,7 +152,7 @@ std::string LargestIcon(std::string_view bytes) {
     constexpr std::uint32_t dataStart = 6 + 16;
     const auto entry = LargestEntry(PictureBytes(bytes, false));
     if (!entry || ReadAny(bytes).format != PictureFormat::Ico) return {};
-    const std::string_view data = bytes.substr(entry->start, entry->length);
+    const std::string_view data = Part(bytes, entry->start, entry->length);
     std::string icon("\0\0\1\0\1\0", 6);
     icon.append(bytes.substr(entry->at, 8));
     icon += LittleEndian(static_cast<std::uint32_t>(data.size())) + LittleEndian(dataStart);
