@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -73,22 +74,24 @@ OpenPicture Open(const Picture& picture) {
     return open;
 }
 
-// As the orientations of Exif turn and mirror; WIC turns before it mirrors.
-WICBitmapTransformOptions TransformOf(std::uint8_t orientation) {
-    switch (orientation) {
-    case 2: return WICBitmapTransformFlipHorizontal;
-    case 3: return WICBitmapTransformRotate180;
-    case 4: return WICBitmapTransformFlipVertical;
-    case 5:
-        return static_cast<WICBitmapTransformOptions>(WICBitmapTransformRotate270 |
-                                                      WICBitmapTransformFlipVertical);
-    case 6: return WICBitmapTransformRotate90;
-    case 7:
-        return static_cast<WICBitmapTransformOptions>(WICBitmapTransformRotate90 |
-                                                      WICBitmapTransformFlipVertical);
-    case 8: return WICBitmapTransformRotate270;
-    default: return WICBitmapTransformRotate0;
-    }
+// From a picture as it lies in its file to one as its orientation of Exif has it. (Wine's own
+// rotator does not turn.)
+void TurnUpright(std::uint8_t orientation, const std::vector<DWORD>& lying, Size size,
+                 DWORD* upright) {
+    const bool isTurned = orientation >= 5;
+    const bool fromRight =
+        orientation == 2 || orientation == 3 || orientation == 7 || orientation == 8;
+    const bool fromBelow =
+        orientation == 3 || orientation == 4 || orientation == 6 || orientation == 7;
+    const int width = isTurned ? size.height : size.width; // in the file
+    const int height = isTurned ? size.width : size.height;
+    for (int y = 0; y < size.height; ++y)
+        for (int x = 0; x < size.width; ++x) {
+            const int column = isTurned ? y : x, row = isTurned ? x : y;
+            const int from = (fromBelow ? height - 1 - row : row) * width +
+                             (fromRight ? width - 1 - column : column);
+            *upright++ = lying[static_cast<std::size_t>(from)];
+        }
 }
 
 // A frame of a GIF is as large as what is drawn of it: where that is in the whole, when the whole
@@ -141,7 +144,8 @@ WinBitmap DecodePicture(const Picture& picture, Size scaledTo) {
     const Rect place = FrameIn(picture, scaledTo);
     if (Right(place) > scaledTo.width || Bottom(place) > scaledTo.height) return nullptr;
     const bool lies = picture.orientation >= 5; // on its side
-    const auto width = static_cast<UINT>(place.width), height = static_cast<UINT>(place.height);
+    const Size file = lies ? Size{place.height, place.width} : Size{place.width, place.height};
+    const auto width = static_cast<UINT>(file.width), height = static_cast<UINT>(file.height);
     ComPtr<IWICFormatConverter> converter;
     ComPtr<IWICBitmapScaler> scaler;
     if (FAILED(open.factory->CreateFormatConverter(&converter)) ||
@@ -149,24 +153,24 @@ WinBitmap DecodePicture(const Picture& picture, Size scaledTo) {
                                      WICBitmapDitherTypeNone, nullptr, 0,
                                      WICBitmapPaletteTypeCustom)) ||
         FAILED(open.factory->CreateBitmapScaler(&scaler)) ||
-        FAILED(scaler->Initialize(converter.Get(), lies ? height : width, lies ? width : height,
-                                  WICBitmapInterpolationModeFant)))
+        FAILED(scaler->Initialize(converter.Get(), width, height, WICBitmapInterpolationModeFant)))
         return nullptr;
-    ComPtr<IWICBitmapFlipRotator> rotator;
-    IWICBitmapSource* source = scaler.Get();
-    if (picture.orientation != uprightPicture) {
-        if (FAILED(open.factory->CreateBitmapFlipRotator(&rotator)) ||
-            FAILED(rotator->Initialize(scaler.Get(), TransformOf(picture.orientation))))
-            return nullptr;
-        source = rotator.Get();
-    }
     void* bits = nullptr;
     WinBitmap bitmap = MakeBitmap(scaledTo, bits); // transparent all over
     if (!bitmap) return nullptr;
-    const auto stride = static_cast<UINT>(scaledTo.width) * 4;
-    const UINT before = static_cast<UINT>(place.top) * stride + static_cast<UINT>(place.left) * 4;
-    const UINT size = (height - 1) * stride + width * 4;
-    const HRESULT copied =
-        source->CopyPixels(nullptr, stride, size, static_cast<BYTE*>(bits) + before);
-    return SUCCEEDED(copied) ? std::move(bitmap) : nullptr;
+    auto* const pixels = static_cast<DWORD*>(bits);
+    if (picture.orientation != uprightPicture) {
+        std::vector<DWORD> lying(std::size_t{width} * height);
+        if (FAILED(scaler->CopyPixels(nullptr, width * 4, width * height * 4,
+                                      reinterpret_cast<BYTE*>(lying.data()))))
+            return nullptr;
+        TurnUpright(picture.orientation, lying, scaledTo, pixels);
+        return bitmap;
+    }
+    const auto stride = static_cast<UINT>(scaledTo.width);
+    DWORD* const first = pixels + static_cast<UINT>(place.top) * stride + place.left;
+    const UINT size = ((height - 1) * stride + width) * 4;
+    return SUCCEEDED(scaler->CopyPixels(nullptr, stride * 4, size, reinterpret_cast<BYTE*>(first)))
+               ? std::move(bitmap)
+               : nullptr;
 }
