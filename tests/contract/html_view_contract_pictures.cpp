@@ -12,11 +12,16 @@ std::string DataUrl(std::string_view kind, std::string_view base64) {
     return "data:image/" + std::string(kind) + ";base64," + std::string(base64);
 }
 
-// How far below the page's start the line behind it is, in CSS pixels.
-int HeightOf(PageTest& test, const std::string& picture) {
+int TopBehind(PageTest& test, const std::string& picture) {
     test.Open("<p>ab</p>" + picture + "<p>cd</p><div style='height:2000px'></div><p>ef", plain);
     test.view.ScrollSpanToTop({3, 2});
-    return test.view.ScrollTop() - 20;
+    test.Settle();
+    return test.view.ScrollTop();
+}
+
+// In CSS pixels, by what it moves.
+int HeightOf(PageTest& test, const std::string& picture) {
+    return TopBehind(test, picture) - TopBehind(test, "");
 }
 } // namespace
 

@@ -87,6 +87,13 @@ Color ShownPage::CanvasColor() const {
     return color.IsTransparent() ? 0xFFFFFF : color.Bgr();
 }
 
+Color ShownPage::BodyColor() const {
+    const HtmlNodeId body = page_.Tree().Body();
+    if (body == noHtmlNode) return CanvasColor();
+    const CssColor color = styles_.Of(body).box->background;
+    return color.IsTransparent() ? CanvasColor() : color.Bgr();
+}
+
 Color ShownPage::TextColor() const {
     const HtmlNodeId body = page_.Tree().Body();
     if (body == noHtmlNode) return 0;
