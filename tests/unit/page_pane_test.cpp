@@ -213,6 +213,8 @@ TEST_CASE("page pane: a place in a list's item is at its text, not at what follo
     CHECK(bench.view.SelectedText() == u"one");
     CHECK(bench.PointOf(0).y < bench.PointOf(two).y);
     CHECK(bench.PointOf(two).y < bench.PointOf(two + 4).y);
+}
+
 TEST_CASE("page pane: colours that the page has already style it no second time") {
     struct {
         const char* style;
