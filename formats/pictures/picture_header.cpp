@@ -7,6 +7,7 @@
 #include <optional>
 
 namespace {
+constexpr std::string_view pngMark = "\x89PNG\r\n\x1A\n";
 constexpr std::uint32_t maxSide = 1 << 24; // beyond, no picture of few pixels is meant
 
 PictureHeader HeaderOf(PictureFormat format, std::uint32_t width, std::uint32_t height) {
@@ -113,15 +114,16 @@ std::optional<IconEntry> LargestEntry(const PictureBytes& bytes) {
 PictureHeader ReadIcon(std::string_view all) {
     const auto entry = LargestEntry(PictureBytes(all, false));
     if (!entry) return {};
-    const PictureHeader within = ReadPictureHeader(Part(all, entry->start, entry->length));
-    if (within.format == PictureFormat::Png)
-        return HeaderOf(PictureFormat::Ico, std::uint32_t(within.width),
-                        std::uint32_t(within.height));
+    const std::string_view within = Part(all, entry->start, entry->length);
+    if (within.starts_with(pngMark)) { // no icon, which may be this very one
+        const PictureHeader png = ReadPng(within);
+        return HeaderOf(PictureFormat::Ico, std::uint32_t(png.width), std::uint32_t(png.height));
+    }
     return HeaderOf(PictureFormat::Ico, entry->width, entry->height);
 }
 
 PictureHeader ReadAny(std::string_view bytes) {
-    if (bytes.starts_with("\x89PNG\r\n\x1A\n")) return ReadPng(bytes);
+    if (bytes.starts_with(pngMark)) return ReadPng(bytes);
     if (bytes.starts_with("\xFF\xD8\xFF")) return ReadJpegHeader(bytes);
     if (bytes.starts_with("GIF87a") || bytes.starts_with("GIF89a")) return ReadGif(bytes);
     if (bytes.starts_with("RIFF") && bytes.size() >= 16 && bytes.substr(8, 4) == "WEBP")

@@ -59,4 +59,7 @@ TEST_CASE("picture header: of an icon the largest picture") {
     CHECK(ReadPictureHeader(icon).height == 50);
     CHECK(LargestIcon(PictureBytesOf(pngPicture)).empty());
     CHECK(LargestIcon("").empty());
+    std::string withinItself = PictureBytesOf(icoPicture);
+    withinItself.replace(6 + 16 + 12, 4, std::string(4, '\0'));
+    CHECK(ReadPictureHeader(withinItself).height == 50);
 }
