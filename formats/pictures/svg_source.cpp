@@ -183,6 +183,8 @@ class SvgWriter {
 
     // A picture that stands in the drawing, of a kind and size that does not surprise.
     bool MayShow(std::u16string_view address) {
+        // As it is written here, or a renderer takes it for the name of a file.
+        if (!address.starts_with(u"data:")) return false;
         const PictureHeader header = ReadPictureHeader(HtmlDataOf(address));
         if (header.format != PictureFormat::Png && header.format != PictureFormat::Jpeg)
             return false;
