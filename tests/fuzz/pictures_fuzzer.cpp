@@ -5,6 +5,8 @@
 #include "formats/pictures/svg_source.h"
 #include "tests/fuzz/require.h"
 
+#include <algorithm>
+
 namespace {
 void CheckHeader(std::string_view bytes) {
     const PictureHeader header = ReadPictureHeader(bytes);
@@ -23,11 +25,13 @@ void CheckDrawing(std::string_view bytes) {
     Require(safe.size() <= 4 * maxSvgUnits);
     Require(safe.find("<!") == safe.npos && safe.find("<?") == safe.npos);
     Require(safe.find("<script") == safe.npos && safe.find("@import") == safe.npos);
-    constexpr std::string_view link = "href=\"";
-    for (std::size_t at = safe.find(link); at != safe.npos; at = safe.find(link, at + 1)) {
-        const std::string_view to = std::string_view(safe).substr(at + link.size());
-        // In a text these letters may stand, but no quotation mark.
-        Require(to.starts_with('#') || to.starts_with("data:"));
+    // Quotation marks stand around values alone, so each second part between them is one.
+    std::string_view rest = safe;
+    for (std::size_t mark = rest.find('"'); mark != rest.npos; mark = rest.find('"')) {
+        const std::string_view name = rest.substr(0, mark);
+        rest.remove_prefix(mark + 1);
+        if (name.ends_with("href=")) Require(rest.starts_with('#') || rest.starts_with("data:"));
+        rest.remove_prefix(std::min(rest.find('"'), rest.size() - 1) + 1);
     }
 }
 } // namespace
