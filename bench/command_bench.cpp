@@ -40,7 +40,7 @@ void BenchProfiles() {
                                                 HistoryOf(folder.path, "Ben"));
     MainForm form(PortsIn(folder.path));
     if (!Form_Load(form)) return;
-    Heading("Changing the profile, 5,000 books in each", "looking at 5,000 files");
+    TableHead("Changing the profile, 5,000 books in each", "looking at 5,000 files");
     const double looks = Time([&] {
         for (int i = 0; i < form.history.Count(); ++i)
             Keep(form.ports.files->FileExists(GetBookPath(form.history, i)));
@@ -73,7 +73,7 @@ void BenchBookmarks(const std::string& text) {
     auto& menus = static_cast<NoneMenuBar&>(*form.ports.menuBar);
     form.ports.textView->Select(1500, 20);
     menus.Open(form.menu.mBookmark);
-    Heading("A bookmark in War and Peace, which has 1,000", "a copy of the text");
+    TableHead("A bookmark in War and Peace, which has 1,000", "a copy of the text");
     const double copy = Time([&] { Keep(std::string(text)); });
     Row("define one and delete it again", Time([&] {
             menus.Click(form.menu.mBookmarkNew);
@@ -95,7 +95,7 @@ void BenchAutosave(const std::string& text) {
     OpenBook(form, Utf8ToUtf16(book.string()));
     SaveBookState(form, 0); // the words around the bookmarks, once
     const std::string file = ReadFile(folder.path / "Norvaset.dat");
-    Heading("Autosave, 5,000 books, 1,000 bookmarks in War and Peace", "writing the file");
+    TableHead("Autosave, 5,000 books, 1,000 bookmarks in War and Peace", "writing the file");
     const double write = Time([&] {
         form.ports.files->Replace(form.DataFilePath, file, true);
         Keep(form.dataFile->Content().ToBytes().size());
@@ -113,7 +113,7 @@ void BenchFind(const std::string& bytes) {
     const std::u16string text =
         DecodePlainText(bytes, windowsLatin, windowsLatin).text + u"\nquodlibetical";
     const std::u16string_view word = u"quodlibetical";
-    Heading("Finding a word that stands only at the end of War and Peace", "a plain search");
+    TableHead("Finding a word that stands only at the end of War and Peace", "a plain search");
     // Read and written for all to see, else the compiler leaves the search out.
     const std::u16string* volatile place = &text;
     volatile std::size_t found = 0;

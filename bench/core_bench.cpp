@@ -45,7 +45,7 @@ void BenchAutosave(const std::filesystem::path& folder) {
     const std::string data = ReadFile(folder / "Norvaset.dat");
     const std::u16string spare = Utf8ToUtf16((folder / "peer.dat").string());
 
-    Heading("Autosave with 5,000 books, of which it writes the first", "plain write");
+    TableHead("Autosave with 5,000 books, of which it writes the first", "plain write");
     // The peer: the same bytes written, flushed and renamed, and nothing else.
     const double peer = Time([&] { files.Replace(spare, data, false); });
     // Each run has another title to save; so the record always differs.
@@ -79,7 +79,7 @@ void BenchAutosave(const std::filesystem::path& folder) {
 
 void BenchStartUp(const std::filesystem::path& folder) {
     const std::string data = ReadFile(folder / "Norvaset.dat");
-    Heading("Start-up with 5,000 books", "copying the data file");
+    TableHead("Start-up with 5,000 books", "copying the data file");
     const double copy = Time([&] { Keep(std::string(data)); });
     Row("parse the data file", Time([&] { ProfileFile::Parse(data, windowsLatin, DecodeLatin); }),
         copy);
@@ -101,7 +101,7 @@ void BenchStartUp(const std::filesystem::path& folder) {
 void BenchBooks(const std::filesystem::path& folder) {
     const std::string text = ReadFile(folder / "txt/War and Peace.txt");
     const std::string rich = ReadFile(folder / "rtf/War and Peace (word processor).rtf");
-    Heading("Reading War and Peace", "memcpy");
+    TableHead("Reading War and Peace", "memcpy");
     if (text.empty() || rich.empty()) {
         Note("left out: no such books in " + folder.string());
         return;

@@ -31,7 +31,7 @@ std::u16string SheetOf(const HtmlTree& tree) {
 }
 
 void BenchPage(const char* title, std::u16string html) {
-    Heading(title, "its tree");
+    TableHead(title, "its tree");
     const double reading = Time([&] { Keep(ReadHtml(html)); });
     const HtmlTree tree = ReadHtml(std::move(html));
     const std::u16string css = SheetOf(tree);

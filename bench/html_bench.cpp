@@ -29,7 +29,7 @@ void Tokenize(const std::u16string& text) {
 int main(int argc, char** argv) {
     const std::filesystem::path folder = argc > 1 ? argv[1] : "../shared/books";
     const std::string bytes = ReadFile(folder / "htm/War and Peace.htm");
-    Heading("Reading War and Peace as a page", "memcpy");
+    TableHead("Reading War and Peace as a page", "memcpy");
     if (bytes.empty()) {
         Note("left out: no such book in " + folder.string());
         return 0;

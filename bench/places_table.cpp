@@ -67,7 +67,7 @@ void PrintTimes(const std::string& name, const std::u16string& before,
         for (TextPos at = 0; at < source->Length(); at = source->PieceAt(at).End())
             Keep(source->PieceAt(at).units.size());
     });
-    Heading((name + ", changed in 100 places").c_str(), "decoding the text");
+    TableHead((name + ", changed in 100 places").c_str(), "decoding the text");
     Row("fingerprint", Time([&] { Keep(FingerprintOf(*source)); }), floor);
     Row("find 1,000 places",
         Time([&] { Keep(FindPlaces(*source, old.Length(), places, [] { return true; })); }), floor);

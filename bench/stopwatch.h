@@ -32,7 +32,7 @@ double Time(Work work) {
     return *middle;
 }
 
-inline void Heading(const char* title, const char* peer) {
+inline void TableHead(const char* title, const char* peer) {
     std::printf("\n%s\n%-52s %10s  as a ratio to %s\n", title, "", "ms", peer);
 }
 

@@ -100,7 +100,7 @@ const Step steps[] = {
 
 void BenchSteps(const char* title, const std::filesystem::path& book) {
     View view(book);
-    Heading(title, "opening it");
+    TableHead(title, "opening it");
     const double opening = Time([&] { view.Open(); });
     Row("open it and show the first page (the peer)", opening, opening);
     view.Show(view.view.TextLength() / 2);
@@ -132,7 +132,7 @@ void BenchWheel(const std::filesystem::path& book) {
 void BenchFind(const std::filesystem::path& book) {
     const View view(book);
     const std::string bytes = ReadFile(book);
-    Heading("Finding a word that stands only at the end of 100 MB", "memmem over its bytes");
+    TableHead("Finding a word that stands only at the end of 100 MB", "memmem over its bytes");
     const std::string* volatile all = &bytes; // read anew, else the compiler searches once only
     const void* volatile place = nullptr;
     const double memory =

@@ -68,14 +68,16 @@ struct StyleRun {
     std::uint32_t style = 0;
 };
 
-enum class PictureFormat : std::uint8_t { Png, Jpeg, Wmf, Emf, Other };
+// A document has the first four and Other, a page the others, too, but no metafiles.
+enum class PictureFormat : std::uint8_t { Png, Jpeg, Wmf, Emf, Other, Gif, WebP, Bmp, Ico, Svg };
 
 struct Picture {
     TextPos position = 0; // of its U+FFFC
     PictureFormat format = PictureFormat::Other;
     std::int32_t widthTwips = 0, heightTwips = 0; // display size; 0 when the file gives none
     std::string bytes;                            // the image file; empty for Other
-    std::u16string file; // names the image file while that is not read, as the text has it
+    std::u16string file;          // names the image file while that is not read, as the text has it
+    std::uint8_t orientation = 1; // by which it is turned for the screen, as Exif numbers it
 };
 
 enum class VerticalAlignment : std::uint8_t { Top, Center, Bottom };

@@ -101,6 +101,7 @@ textarea { white-space: pre-wrap; font-family: monospace }
 audio:not([controls]) { display: none }
 iframe { border: 2px inset }
 svg { overflow: hidden }
+svg:not([width]), svg[width$="%"] { max-width: 100% }
 )css";
 
 constexpr std::u16string_view quirksText = uR"css(

@@ -100,7 +100,8 @@ bool NoneFiles::SameFile(const std::u16string& a, const std::u16string& b) const
 }
 
 bool NoneFiles::IsInFolder(const std::u16string& path, const std::u16string& folder) const {
-    return Find(path) && path.starts_with(folder + separator);
+    const bool ends = !folder.empty() && folder.back() == separator;
+    return Find(path) && path.starts_with(ends ? folder : folder + separator);
 }
 
 std::optional<FileVersion> NoneFiles::Version(const std::u16string& path) const {

@@ -1,6 +1,8 @@
 // Pictures as the system's imaging component decodes and GDI draws them.
+#include "formats/pictures/picture_header.h"
 #include "platform/windows/line_layout/win_canvas.h"
 #include "platform/windows/line_layout/win_pictures.h"
+#include "tests/picture_samples.h"
 #include "tests/unit/metafile_samples.h"
 
 #include <doctest/doctest.h>
@@ -190,4 +192,48 @@ TEST_CASE("Windows pictures: the letters and lines of a metafile are drawn") {
     CHECK(pictures.Draw(surface.canvas, picture, {0, 0, 64, 64}));
     CHECK(surface.Count(0x000000) >= 60);
     CHECK(surface.At(2, 2) == white);
+}
+
+TEST_CASE("Windows pictures: each format of pages, upright and in its place") {
+    const Apartment apartment;
+    struct {
+        std::string_view base64;
+        PictureFormat format;
+        std::uint8_t orientation;
+        Size size;
+        int redX, redY, blueX, blueY;
+    } const cases[] = {
+        {pngPicture, PictureFormat::Png, 1, {8, 50}, 4, 5, 4, 45},
+        {jpegPicture, PictureFormat::Jpeg, 1, {8, 50}, 4, 5, 4, 45},
+        {turnedJpeg, PictureFormat::Jpeg, 6, {50, 8}, 45, 4, 5, 4},
+        {turnedJpeg, PictureFormat::Jpeg, 8, {50, 8}, 5, 4, 45, 4},
+        {jpegPicture, PictureFormat::Jpeg, 3, {8, 50}, 4, 45, 4, 5},
+        {gifPicture, PictureFormat::Gif, 1, {8, 50}, 4, 5, 4, 45},
+        {movedGif, PictureFormat::Gif, 1, {20, 60}, 9, 9, 9, 49},
+        {bmpPicture, PictureFormat::Bmp, 1, {8, 50}, 4, 5, 4, 45},
+        {icoPicture, PictureFormat::Ico, 1, {8, 50}, 4, 5, 4, 45},
+    };
+    const auto part = [](Color color, int byte) { return color >> 8 * byte & 0xFF; };
+    for (const auto& c : cases) {
+        CAPTURE(static_cast<int>(c.format));
+        CAPTURE(static_cast<int>(c.orientation));
+        WinPictures pictures;
+        Surface surface;
+        REQUIRE(pictures.CanDecode(c.format));
+        Picture picture;
+        picture.format = c.format;
+        picture.orientation = c.orientation;
+        picture.bytes = PictureBytesOf(c.base64);
+        if (c.format == PictureFormat::Ico) picture.bytes = LargestIcon(picture.bytes);
+        CHECK(pictures.Draw(surface.canvas, picture, {0, 0, c.size.width, c.size.height}));
+        const Color shownRed = surface.At(c.redX, c.redY), blue = surface.At(c.blueX, c.blueY);
+        CHECK((part(shownRed, 0) > 200 && part(shownRed, 1) < 60 && part(shownRed, 2) < 60));
+        CHECK((part(blue, 2) > 200 && part(blue, 1) < 60 && part(blue, 0) < 60));
+        picture.bytes.clear(); // what is kept needs none
+        CHECK(pictures.IsKept(0, c.size));
+        CHECK(pictures.Draw(surface.canvas, picture, {0, 0, c.size.width, c.size.height}));
+    }
+    WinPictures pictures;
+    CHECK_FALSE(pictures.CanDecode(PictureFormat::Svg));
+    CHECK_FALSE(pictures.CanDecode(PictureFormat::Other));
 }

@@ -37,6 +37,7 @@ TEST_CASE("page boxes: white space collapses, also across elements") {
 
 TEST_CASE("page boxes: pictures and blocks in lines are units, floats are not") {
     CHECK(Boxes(u"<p>one<img>two") == "Block(Lines[one#two](Picture))");
+    CHECK(Boxes(u"<p>one<svg><text>c</text></svg>two") == "Block(Lines[one#two](Picture))");
     CHECK(Boxes(u"<p>one<span style='display:inline-block'>in</span>two") ==
           "Block(Lines[one#two](Lines[in]))");
     CHECK(Boxes(u"<p>one<span style='float:left'>in</span> two") ==
@@ -49,7 +50,7 @@ TEST_CASE("page boxes: pictures and blocks in lines are units, floats are not") 
 TEST_CASE("page boxes: what is not displayed has none") {
     CHECK(Boxes(u"<p>one<span hidden>two</span><script>three</script>") == "Lines[one]");
     CHECK(Boxes(u"<p style='display:none'>one</p><p>two") == "Lines[two]");
-    CHECK(Boxes(u"<p>a<video>no player</video>b<svg><text>c</text></svg>") == "Lines[ab]");
+    CHECK(Boxes(u"<p>a<video>no player</video>b<canvas>c</canvas>") == "Lines[ab]");
 }
 
 TEST_CASE("page boxes: tables, their rows and cells") {

@@ -214,3 +214,25 @@ TEST_CASE("page pane: a place in a list's item is at its text, not at what follo
     CHECK(bench.PointOf(0).y < bench.PointOf(two).y);
     CHECK(bench.PointOf(two).y < bench.PointOf(two + 4).y);
 }
+
+TEST_CASE("page pane: colours that the page has already style it no second time") {
+    struct {
+        const char* style;
+        std::uint32_t background;
+        int times;
+    } const cases[] = {
+        {"", 0xFFFFFF, 1},
+        {"", 0xFFFFE0, 2},
+        {"body{background:#ffffe0}", 0xFFFFE0, 1},
+        {"html{background:white}body{background:yellow}", 0xFFFFFF, 2},
+        {"html{background:white}body{background:yellow}", 0xFFFF00, 2},
+    };
+    for (const auto& c : cases) {
+        CAPTURE(c.style);
+        PageBench bench("<style>" + std::string(c.style) + "</style>" + Paragraphs(3));
+        bench.view.SetBackColor(c.background);
+        bench.view.SetTextColor(0x000000);
+        bench.view.Painted();
+        CHECK(bench.view.Pane().TimesStyled() == c.times);
+    }
+}

@@ -43,7 +43,9 @@ class FakePaneWindow : public PaneWindow {
 class NoPictures : public PictureStore {
   public:
     void Clear() override {}
+    bool CanDecode(PictureFormat) const override { return true; }
     Size NaturalSize(const Picture&) override { return {40, 30}; }
+    bool IsKept(TextPos, Size) const override { return false; }
     bool Draw(Canvas&, const Picture&, const Rect&) override { return false; }
 };
 

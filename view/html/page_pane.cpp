@@ -6,7 +6,7 @@
 #include <utility>
 
 namespace {
-constexpr int measuringInterval = 10, measuringTime = 8; // milliseconds
+constexpr int measuringTime = 8; // milliseconds
 // For a place that is asked for or stored; what is above it may take longer to be measured.
 constexpr int placeTime = 300, exactTime = 1000;
 constexpr double unitsPerInch = 96;
@@ -61,6 +61,7 @@ void PagePane::Show(std::unique_ptr<LoadedPage> page) {
     UpdateLayout();
     ownText_ = shown_->TextColor();
     ownBackground_ = shown_->CanvasColor();
+    bodyBackground_ = shown_->BodyColor();
     window_.OnTextChanged();
 }
 
@@ -78,6 +79,9 @@ bool PagePane::UpdateLayout() {
     look.viewport = {std::max(1, room.width), std::max(1, room.height)};
     look.text = text_;
     look.background = background_;
+    // To say what the page says itself would style all of it once more.
+    if (text_ == ownText_) look.text.reset();
+    if (background_ == bodyBackground_ && background_ == ownBackground_) look.background.reset();
     if (!shown_ || look != look_) LayOutAnew(look);
     return true;
 }
@@ -101,6 +105,7 @@ void PagePane::LayOutAnew(const PageLook& look) {
     lines_.SetResolution(look.dpi);
     if (newStyles) {
         scroller_.SetPage(nullptr, 1);
+        ++timesStyled_;
         shown_ = std::make_unique<ShownPage>(*page_, sheets_, *pictures_, lines_, look);
         ForgetObjects();
     } else {
@@ -202,6 +207,7 @@ void PagePane::GoToMeasured(double height) {
 
 void PagePane::MeasureMore() {
     if (!UpdateLayout()) return;
+    if (pictures_->TakeLeftOut()) window_.Redraw();
     if (wantedHeight_) {
         ReachWantedHeight(measuringTime);
         return;

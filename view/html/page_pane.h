@@ -28,6 +28,7 @@ class PagePane : public ReadablePane {
     PageLook Look() const { return look_; }
     Color OwnText() const { return ownText_; } // as the page was loaded
     Color OwnBackground() const { return ownBackground_; }
+    int TimesStyled() const { return timesStyled_; } // all pages, for tests
 
     void SetZoom(int percent); // the line at the top stays there
     void SetColors(std::optional<Color> text, std::optional<Color> background);
@@ -107,6 +108,7 @@ class PagePane : public ReadablePane {
         TextPos position = 0;
         double lines = 0; // of its letters' top in the view, in heights of them
     };
+    static constexpr int measuringInterval = 10; // milliseconds
 
     bool UpdateLayout(); // false without a page
     void LayOutAnew(const PageLook& look);
@@ -161,7 +163,8 @@ class PagePane : public ReadablePane {
     PageLook look_;
     int zoom_ = 100; // per cent
     std::optional<Color> text_, background_;
-    Color ownText_ = 0, ownBackground_ = 0xFFFFFF;
+    Color ownText_ = 0, ownBackground_ = 0xFFFFFF, bodyBackground_ = 0xFFFFFF;
+    int timesStyled_ = 0;
 
     PageScroller scroller_;
     std::optional<double> wantedHeight_; // asked for, while what is above is not measured

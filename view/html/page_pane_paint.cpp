@@ -36,6 +36,7 @@ void PagePane::Paint(Canvas& canvas, const Rect& clip) {
         window_.HasFocus() ? system_.selection : system_.inactiveSelection;
     const PagePlaces places(*page_, *shown_);
     PagePaint paint{shown_->Boxes(), look_.scale, shown_->TextColor(), clip, {}, {}, selection};
+    pictures_->StartFrame();
     paint.drawPicture = [this](Canvas& on, PageBoxId box, const Rect& where) {
         return pictures_->Draw(on, pictures_->PictureOf(shown_->Boxes()[box]), where);
     };
@@ -59,6 +60,7 @@ void PagePane::Paint(Canvas& canvas, const Rect& clip) {
         PaintFragment(canvas, paint, *fragment, -scrollX_, top);
     if (window_.HasFocus()) PaintFocus(canvas);
     if (labelShown_) PaintLabel(canvas);
+    if (pictures_->AreLeftOut()) window_.StartTimer(PaneTimer::Measuring, measuringInterval);
 }
 
 // A frame around the link that Return follows.

@@ -56,9 +56,10 @@ CssPageStyles ShownPage::StylesOf(const LoadedPage& page, const std::vector<std:
 ShownPage::ShownPage(const LoadedPage& page, const std::vector<std::u16string>& sheets,
                      PagePictures& pictures, LineLayout& lines, const PageLook& look)
     : page_(page), look_(look), styles_(StylesOf(page, sheets, look, sheets_)),
-      boxes_(BoxesOf(page.Tree(), styles_)), fonts_(lines, styles_, look.scale, look.dpi),
-      text_(page.Tree(), styles_, boxes_, fonts_), layouter_(boxes_, text_, lines, look.scale),
-      flow_(layouter_) {
+      boxes_(BoxesOf(page.Tree(), styles_, {},
+                     [&pictures](HtmlNodeId object) { return pictures.ShowsObject(object); })),
+      fonts_(lines, styles_, look.scale, look.dpi), text_(page.Tree(), styles_, boxes_, fonts_),
+      layouter_(boxes_, text_, lines, look.scale), flow_(layouter_) {
     text_.pictureSize = [&pictures](const PageBox& box) {
         return pictures.NaturalSize(pictures.PictureOf(box));
     };
@@ -84,6 +85,13 @@ std::size_t ShownPage::ZoneOf(PageBoxId box) const {
 Color ShownPage::CanvasColor() const {
     const CssColor color = boxes_.CanvasBackground();
     return color.IsTransparent() ? 0xFFFFFF : color.Bgr();
+}
+
+Color ShownPage::BodyColor() const {
+    const HtmlNodeId body = page_.Tree().Body();
+    if (body == noHtmlNode) return CanvasColor();
+    const CssColor color = styles_.Of(body).box->background;
+    return color.IsTransparent() ? CanvasColor() : color.Bgr();
 }
 
 Color ShownPage::TextColor() const {

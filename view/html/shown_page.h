@@ -38,6 +38,7 @@ class ShownPage {
     std::size_t ZoneOf(PageBoxId box) const;
 
     Color CanvasColor() const; // behind everything; white where the page says nothing
+    Color BodyColor() const;   // behind the body's text
     Color TextColor() const;   // of the body
     double TopMargin() const;  // of the body with its border; device pixels
 

@@ -4,8 +4,10 @@
 #include "view/page/list_numbers.h"
 #include "view/page/table_builder.h"
 
+#include <utility>
+
 bool IsNotShown(const HtmlNode& node) {
-    if (node.nameSpace == HtmlNamespace::Svg) return true;
+    if (node.nameSpace == HtmlNamespace::Svg) return node.name != HtmlName::Svg;
     if (node.nameSpace != HtmlNamespace::Html) return false;
     switch (node.name) {
     case HtmlName::Audio:
@@ -23,10 +25,12 @@ bool IsNotShown(const HtmlNode& node) {
 namespace {
 class PageBoxBuilder : private BlockBuilder {
   public:
-    PageBoxBuilder(const HtmlTree& tree, const CssPageStyles& styles, const PageLimits& limits)
-        : tree_(tree), styles_(styles), weights_(tree, styles, limits.whole),
-          boxes_(tree, styles, weights_), lines_(tree, styles, limits, boxes_),
-          numbers_(tree, styles), tables_(tree, styles, limits, weights_, boxes_, lines_, *this) {}
+    PageBoxBuilder(const HtmlTree& tree, const CssPageStyles& styles, const PageLimits& limits,
+                   std::function<bool(HtmlNodeId)> showsObject)
+        : tree_(tree), styles_(styles), showsObject_(std::move(showsObject)),
+          weights_(tree, styles, limits.whole), boxes_(tree, styles, weights_),
+          lines_(tree, styles, limits, boxes_), numbers_(tree, styles),
+          tables_(tree, styles, limits, weights_, boxes_, lines_, *this) {}
 
     PageBoxes Build() {
         BuildBlock(PageBoxKind::Block, tree_.RootElement());
@@ -88,7 +92,12 @@ class PageBoxBuilder : private BlockBuilder {
         BuildOwn(id, style);
     }
 
-    bool IsPicture(HtmlNodeId id) const { return tree_[id].Is(HtmlName::Img); }
+    bool IsPicture(HtmlNodeId id) const {
+        const HtmlNode& node = tree_[id];
+        if (node.Is(HtmlName::Object)) return showsObject_ && showsObject_(id);
+        return node.Is(HtmlName::Img) ||
+               (node.nameSpace == HtmlNamespace::Svg && node.name == HtmlName::Svg);
+    }
 
     void VisitInline(HtmlNodeId id) {
         if (tree_[id].Is(HtmlName::Br))
@@ -123,6 +132,7 @@ class PageBoxBuilder : private BlockBuilder {
 
     const HtmlTree& tree_;
     const CssPageStyles& styles_;
+    const std::function<bool(HtmlNodeId)> showsObject_;
     const PageWeights weights_;
     PageBoxStack boxes_;
     LinesBuilder lines_;
@@ -131,6 +141,7 @@ class PageBoxBuilder : private BlockBuilder {
 };
 } // namespace
 
-PageBoxes BoxesOf(const HtmlTree& tree, const CssPageStyles& styles, const PageLimits& limits) {
-    return PageBoxBuilder(tree, styles, limits).Build();
+PageBoxes BoxesOf(const HtmlTree& tree, const CssPageStyles& styles, const PageLimits& limits,
+                  std::function<bool(HtmlNodeId)> showsObject) {
+    return PageBoxBuilder(tree, styles, limits, std::move(showsObject)).Build();
 }

@@ -5,8 +5,12 @@
 #include "view/page/page_box.h"
 #include "view/page/page_weights.h"
 
+#include <functional>
+
 // The result refers to both; the root is the box of `html`. There is at least the root.
-PageBoxes BoxesOf(const HtmlTree& tree, const CssPageStyles& styles, const PageLimits& limits = {});
+// `showsObject` tells which `object` is a picture; without it none is.
+PageBoxes BoxesOf(const HtmlTree& tree, const CssPageStyles& styles, const PageLimits& limits = {},
+                  std::function<bool(HtmlNodeId)> showsObject = {});
 
 // Whether an element stands for something that is not shown. What is in it is for programs that
 // know it even less.

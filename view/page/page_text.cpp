@@ -1,6 +1,7 @@
 #include "view/page/page_text.h"
 
 #include "formats/html/html_integer.h"
+#include "formats/pictures/svg_tree.h"
 #include "view/page/lines_reader.h"
 #include "view/page/list_marker.h"
 
@@ -30,6 +31,10 @@ std::shared_ptr<const InlineContent> PageText::MarkerOf(PageBoxId item) {
 std::shared_ptr<const InlineContent> PageText::AlternativeOf(PageBoxId picture) {
     const PageBox& box = boxes_[picture];
     if (box.generated) return nullptr;
+    if (tree_[box.node].nameSpace == HtmlNamespace::Svg) {
+        const std::u16string text = SvgText(tree_, box.node);
+        return text.empty() ? nullptr : PlainContent(box, text);
+    }
     const HtmlAttribute* text = tree_[box.node].Attribute(HtmlName::Alt);
     return text ? PlainContent(box, text->Value()) : nullptr;
 }

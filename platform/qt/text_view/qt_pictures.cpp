@@ -2,49 +2,51 @@
 
 #include "platform/qt/text_view/line_layout/qt_canvas.h"
 #include "platform/qt/text_view/metafile_image.h"
+#include "platform/qt/text_view/picture_reader.h"
 
-#include <QBuffer>
 #include <QImageReader>
 
 #include <algorithm>
 
 namespace {
-constexpr qint64 maxPixels = 64 * 1024 * 1024; // a file may declare a size that exceeds memory
 constexpr int maxCacheKilobytes = 64 * 1024, maxCachedSizes = 4096;
+// A box may be much larger than its picture; of one larger than that no picture is made.
+constexpr qint64 maxStretchedPixels = 16 * 1024 * 1024;
 
-bool IsMetafile(const Picture& picture) {
-    return picture.format == PictureFormat::Wmf || picture.format == PictureFormat::Emf;
+bool IsMetafile(PictureFormat format) {
+    return format == PictureFormat::Wmf || format == PictureFormat::Emf;
 }
 
-class PictureReader {
-  public:
-    explicit PictureReader(const Picture& picture)
-        : bytes_(QByteArray::fromRawData(picture.bytes.data(), qsizetype(picture.bytes.size()))),
-          buffer_(&bytes_),
-          reader_(&buffer_, picture.format == PictureFormat::Png ? "png" : "jpeg") {
-        buffer_.open(QIODevice::ReadOnly);
-        if (picture.format == PictureFormat::Png || picture.format == PictureFormat::Jpeg)
-            size_ = reader_.size();
-    }
-    bool Readable() const {
-        return size_.isValid() && qint64(size_.width()) * size_.height() <= maxPixels;
-    }
-    QSize Size() const { return Readable() ? size_ : QSize(); }
-    QImage Image() { return Readable() ? reader_.read() : QImage(); }
+qint64 Area(QSize size) {
+    return qint64(size.width()) * size.height();
+}
 
-  private:
-    QByteArray bytes_;
-    QBuffer buffer_;
-    QImageReader reader_;
-    QSize size_;
-};
+bool IsStretched(QSize natural, QSize size) {
+    return Area(size) > std::max(Area(natural), maxStretchedPixels);
+}
+
+QPixmap Decoded(const Picture& picture, QSize size) {
+    if (size.isEmpty()) return {};
+    if (IsMetafile(picture.format)) return QPixmap::fromImage(MetafileImage(picture, size));
+    const QImage image = PictureReader(picture).Read(size);
+    if (image.isNull()) return {};
+    if (IsStretched(image.size(), size)) return QPixmap::fromImage(image);
+    return QPixmap::fromImage(image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+}
 } // namespace
 
-QtPictures::QtPictures() : pixmaps_(maxCacheKilobytes), sizes_(maxCachedSizes) {}
+QtPictures::QtPictures() : kept_(maxCacheKilobytes), sizes_(maxCachedSizes) {}
 
 void QtPictures::Clear() {
-    pixmaps_.clear();
+    kept_.clear();
     sizes_.clear();
+}
+
+bool QtPictures::CanDecode(PictureFormat format) const {
+    if (IsMetafile(format)) return true;
+    const QByteArray name = PictureReader::NameOf(format);
+    static const QList<QByteArray> known = QImageReader::supportedImageFormats();
+    return !name.isEmpty() && known.contains(name);
 }
 
 Size QtPictures::NaturalSize(const Picture& picture) {
@@ -55,23 +57,33 @@ Size QtPictures::NaturalSize(const Picture& picture) {
     return size;
 }
 
+bool QtPictures::IsKept(TextPos position, Size size) const {
+    const Kept* kept = kept_.object(position);
+    return kept && (kept->pixmap.isNull() || kept->size == QSize(size.width, size.height));
+}
+
 bool QtPictures::Draw(Canvas& canvas, const Picture& picture, const Rect& box) {
-    const QPixmap pixmap = Pixmap(picture, QSize(box.width, box.height));
-    if (pixmap.isNull()) return false;
-    static_cast<QtCanvas&>(canvas).Painter().drawPixmap(box.left, box.top, pixmap);
+    const Kept& kept = At(picture, QSize(box.width, box.height));
+    if (kept.pixmap.isNull()) return false;
+    QPainter& painter = static_cast<QtCanvas&>(canvas).Painter();
+    if (kept.pixmap.size() == kept.size) {
+        painter.drawPixmap(box.left, box.top, kept.pixmap);
+        return true;
+    }
+    painter.save();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawPixmap(QRect(box.left, box.top, box.width, box.height), kept.pixmap);
+    painter.restore();
     return true;
 }
 
-QPixmap QtPictures::Pixmap(const Picture& picture, QSize size) {
-    const QPixmap* cached = pixmaps_.object(picture.position);
-    if (cached && (cached->isNull() || cached->size() == size)) return *cached;
-    QPixmap pixmap;
-    const QImage image =
-        IsMetafile(picture) ? MetafileImage(picture, size) : PictureReader(picture).Image();
-    if (!image.isNull() && !size.isEmpty())
-        pixmap =
-            QPixmap::fromImage(image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-    const int kilobytes = 1 + int(qint64(pixmap.width()) * pixmap.height() * 4 / 1024);
-    pixmaps_.insert(picture.position, new QPixmap(pixmap), kilobytes);
-    return pixmap;
+const QtPictures::Kept& QtPictures::At(const Picture& picture, QSize size) {
+    if (IsKept(picture.position, {size.width(), size.height()}))
+        return *kept_.object(picture.position);
+    auto kept = std::make_unique<Kept>(Kept{Decoded(picture, size), size});
+    const qint64 kilobytes = 1 + Area(kept->pixmap.size()) * 4 / 1024;
+    // One that exceeds the cache is all that it holds, or each scroll would decode it again.
+    Kept* const added = kept.release();
+    kept_.insert(picture.position, added, int(std::min<qint64>(kilobytes, maxCacheKilobytes)));
+    return *added;
 }

@@ -13,7 +13,11 @@ struct WinBitmapDeleter {
 };
 using WinBitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, WinBitmapDeleter>;
 
-// COM must be initialised. In pixels of the file, from its header; empty if it cannot be read, or
+// Whether the system has a decoder of it; of WebP not every Windows has one. COM must be
+// initialised, here and below.
+bool CanDecodePicture(PictureFormat);
+
+// In pixels of the file, from its header; empty if it cannot be read, or
 // is larger than memory should be given to.
 Size ReadPictureSize(const Picture&);
 
@@ -21,5 +25,5 @@ Size ReadPictureSize(const Picture&);
 // memory for it.
 WinBitmap MakeBitmap(Size, void*& bits);
 
-// As such a bitmap; null if it cannot be decoded.
+// As such a bitmap, turned upright; null if it cannot be decoded.
 WinBitmap DecodePicture(const Picture&, Size scaledTo);

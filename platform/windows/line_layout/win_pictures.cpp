@@ -19,6 +19,18 @@ void WinPictures::Clear() {
     bytes_ = 0;
 }
 
+bool WinPictures::CanDecode(PictureFormat format) const {
+    if (format == PictureFormat::Wmf || format == PictureFormat::Emf) return true;
+    const auto [known, isNew] = decodable_.try_emplace(format, false);
+    if (isNew) known->second = CanDecodePicture(format);
+    return known->second;
+}
+
+bool WinPictures::IsKept(TextPos position, Size size) const {
+    const auto known = bitmaps_.find(position);
+    return known != bitmaps_.end() && (!known->second.bitmap || known->second.size == size);
+}
+
 Size WinPictures::NaturalSize(const Picture& picture) {
     const auto known = sizes_.find(picture.position);
     if (known != sizes_.end()) return known->second;
@@ -29,9 +41,7 @@ Size WinPictures::NaturalSize(const Picture& picture) {
 // What does not fit beside the others takes the place of all of them: a view shows few at a time.
 const WinPictures::Scaled& WinPictures::At(const Picture& picture, Size size) {
     const auto known = bitmaps_.find(picture.position);
-    const bool fits =
-        known != bitmaps_.end() && (!known->second.bitmap || known->second.size == size);
-    if (fits) return known->second;
+    if (IsKept(picture.position, size)) return known->second;
     if (known != bitmaps_.end()) {
         if (known->second.bitmap) bytes_ -= BytesOf(known->second.size);
         bitmaps_.erase(known);

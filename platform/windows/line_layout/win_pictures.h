@@ -9,7 +9,9 @@
 class WinPictures : public PictureStore {
   public:
     void Clear() override;
+    bool CanDecode(PictureFormat) const override;
     Size NaturalSize(const Picture&) override;
+    bool IsKept(TextPos position, Size size) const override;
     bool Draw(Canvas&, const Picture&, const Rect& box) override; // the canvas is a WinCanvas
 
   private:
@@ -19,6 +21,7 @@ class WinPictures : public PictureStore {
     };
     const Scaled& At(const Picture&, Size);
 
+    mutable std::map<PictureFormat, bool> decodable_; // that were asked for
     std::map<TextPos, Size> sizes_;
     std::map<TextPos, Scaled> bitmaps_;
     std::size_t bytes_ = 0; // of the bitmaps
