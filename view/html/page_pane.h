@@ -9,6 +9,7 @@
 #include "view/caret_moves.h"
 #include "view/drag_selection.h"
 #include "view/html/page_scroller.h"
+#include "view/print_flow.h"
 #include "view/readable_pane.h"
 
 #include <chrono>
@@ -28,6 +29,10 @@ class PagePane : public ReadablePane {
     PageLook Look() const { return look_; }
     Color OwnText() const { return ownText_; } // as the page was loaded
     Color OwnBackground() const { return ownBackground_; }
+
+    // There must be a page. In its present zoom.
+    PrintEnd Print(const std::u16string& title, const WantedPages& wanted, LineLayout& lines,
+                   PictureStore& pictures, PrintDevice& device) const;
 
     void SetZoom(int percent); // the line at the top stays there
     void SetColors(std::optional<Color> text, std::optional<Color> background);
@@ -164,7 +169,7 @@ class PagePane : public ReadablePane {
     Color ownText_ = 0, ownBackground_ = 0xFFFFFF;
 
     PageScroller scroller_;
-    std::optional<double> wantedHeight_; // asked for, while what is above is not measured
+    std::optional<double> wantedHeight_;  // asked for, while what is above is not measured
     std::optional<PlaceAtTop> topAnchor_; // of the last layout, until the page is scrolled
     // Asked for, and since then the page has not been scrolled; just now, so that the window may
     // still get its size from the desktop.
