@@ -5,6 +5,7 @@
 #include "app/empty_view.h"
 #include "app/links.h"
 #include "app/main_form.h"
+#include "app/page_engine.h"
 #include "app/places.h"
 #include "app/shown_book.h"
 #include "app/view_events.h"
@@ -65,6 +66,7 @@ void Form_KeyDown(MainForm& form, int keyCode, int shift) {
     choose(olderCopy);
     if (keyCode == 'G' && shift == CtrlKey) GoToPlace(form);
     if (keyCode == 'P' && shift == CtrlKey) PrintBook(form);
+    if (keyCode == 'B' && shift == (CtrlKey | ShiftKey)) ChangePageEngine(form);
     if (keyCode == EscapeKey && shift == 0) LeaveFullScreen(form);
     if (keyCode == EnterKey && shift == 0) OpenWelcomeBook(form);
     if (keyCode == LeftKey && shift == AltKey) GoBackAlongLinks(form);

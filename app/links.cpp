@@ -4,6 +4,7 @@
 #include "app/main_form.h"
 #include "app/open_book.h"
 #include "app/shown_book.h"
+#include "books/page_view.h"
 #include "common/direction_controls.h"
 #include "common/web_address.h"
 #include "formats/media_file.h"
@@ -45,12 +46,23 @@ void OpenMediaFile(MainForm& form, const std::u16string& path) {
                                       u"films and PDF files, and this is none.");
     if (ConfirmProgram(form, path)) form.ports.shell->OpenFile(path);
 }
+
+// The chapters of a book may be files of their own: one that was never opened is shown as the page
+// is that leads to it.
+void InheritPageEngine(MainForm& form, const std::u16string& path) {
+    if (FindInHistory(form.history, path) >= 0 || !IsShownBookListed(form)) return;
+    IniFile& file = *form.dataFile;
+    const PageEngine engine = LoadPageEngine(file, SectionOf(form, form.history.Record(0)));
+    if (engine == PageEngine::Own)
+        SavePageEngine(file, BookSection(CurrentProfile(form), PathToKey(path)), engine);
+}
 } // namespace
 
 void wbMain_Link(MainForm& form, const std::u16string& url, const std::u16string& path) {
     if (path.empty()) return OpenExternalLink(form, url);
     const BookKind kind = KindOfName(path);
     if (kind == BookKind::Other) return OpenMediaFile(form, path);
+    if (kind == BookKind::Html) InheritPageEngine(form, path);
     HtmlPage from = form.page;
     PushPlace(from, form.ports.htmlView->ScrollTop());
     OpenOnTrail(form, path, kind == BookKind::Html ? RequestedKind(kind) : std::nullopt,

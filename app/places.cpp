@@ -57,18 +57,12 @@ void GoToPlace(MainForm& form) {
 
 void PrintBook(MainForm& form) {
     if (!IsBookShown(form)) return;
-    if (IsPageShown(form)) {
-        if (!HasPageBody(form)) return;
-        if (form.ports.htmlView->CanPrint()) return form.ports.htmlView->Print();
-        return ShowPlainMessage(form.messages, MessageIcon::Information,
-                                MessageTitle::ProductMessage,
-                                u"Norvaset shows this page by itself, and cannot print it. A web "
-                                u"browser can.");
-    }
+    if (IsPageShown(form) && !HasPageBody(form)) return;
     const BookRecord record = IsShownBookListed(form) ? form.history.Record(0) : BookRecord();
     const auto title =
         AccessibleBookName(TitledBookOf(record, form.book.path), form.ports.files->Separator());
-    const PrintAnswer answer = form.ports.textView->Print(title);
+    const PrintAnswer answer =
+        IsPageShown(form) ? form.ports.htmlView->Print(title) : form.ports.textView->Print(title);
     if (answer.result != PrintAnswer::Result::Failed || form.closed) return;
     std::u16string text = u"The book could not be printed.";
     if (!answer.reason.empty()) text += u"\r\n" + answer.reason;

@@ -9,6 +9,7 @@
 #include "app/text_places.h"
 #include "books/book_file.h"
 #include "books/book_script.h"
+#include "books/page_view.h"
 #include "books/record_format.h"
 #include "books/unwrapped_book.h"
 #include "common/flag_scope.h"
@@ -102,7 +103,9 @@ void ShowInHtmlView(MainForm& form, const BookRecord& record,
     form.ports.textView->SetBackColor(BackColorOf(record));
     form.book.codePage = 0;
     SetZoomStep(form.menu.mViewFont[0], record.Number(Field::FontSize));
+    html.SetEngine(LoadPageEngine(*form.dataFile, SectionOf(form, record)));
     html.Navigate(form.page.path, form.page.load);
+    html.OfferEngineChange(html.HasBothEngines()); // not when the browser's could not be loaded
     html.FocusView();
 }
 

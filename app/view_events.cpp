@@ -6,7 +6,9 @@
 #include "app/file_menu.h"
 #include "app/main_form.h"
 #include "app/open_book.h"
+#include "app/page_engine.h"
 #include "app/page_places.h"
+#include "app/places.h"
 #include "app/shown_book.h"
 #include "app/view_menu.h"
 #include "books/html_book.h"
@@ -123,6 +125,9 @@ void wbMain_Command(MainForm& form, PageCommand command) {
     case PageCommand::SelectAll: return mEditAll_Click(form, 0);
     case PageCommand::Copy: return mEditCopy_Click(form, 0);
     case PageCommand::Open: return mFileOpen_Click(form, 0);
-    case PageCommand::Print: return; // the view's own
+    case PageCommand::ChangeEngine: return ChangePageEngine(form);
+    case PageCommand::Print:
+        if (form.ports.htmlView->Engine() == PageEngine::Own) PrintBook(form);
+        return;
     }
 }

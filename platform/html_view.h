@@ -60,9 +60,13 @@ struct PageColors {
     std::uint32_t text = 0x000000, background = 0xFFFFFF;
 };
 
-// The commands of the view's own context menu. The view prints by itself; the event only tells of
-// it.
-enum class PageCommand { Copy, SelectAll, Print, Find, Open };
+// What shows a page: a browser's engine, or the program by itself. Layouts differ, so a place in
+// pixels is one of the engine that it was taken in; one in characters is not.
+enum class PageEngine { Browser, Own };
+
+// The commands of the view's own context menu. A browser's engine prints by itself, and the event
+// only tells of it.
+enum class PageCommand { Copy, SelectAll, Print, Find, Open, ChangeEngine };
 
 constexpr int maxPageWait = 3000; // milliseconds
 
@@ -95,12 +99,18 @@ class HtmlView {
     // Whether pages can be shown at all, as far as that is known without loading the engine; no
     // longer when `Navigate` could not load it.
     virtual bool IsAvailable() const { return true; }
+    // Whether there is a choice, as far as that is known.
+    virtual bool HasBothEngines() const { return false; }
 
     // Orders for the page. `Navigate` gives up the page before: no event of it comes any more, and
     // there is no body until `onLoaded`, which brings `page` back, the caller's number for this
     // load. A file that cannot be shown may have no `onLoaded` at all. Zoom keys not yet reported
     // are dropped.
     virtual void Navigate(const std::u16string& path, int page) = 0;
+    // For pages navigated to afterwards, where there is a choice then; initially `Browser`.
+    virtual void SetEngine(PageEngine) {}
+    // Whether the context menu has `ChangeEngine`, as an item that is checked for a browser's.
+    virtual void OfferEngineChange(bool) {}
     virtual void Clear() = 0; // no page; frees what the last one took. No event comes of it
 
     virtual void ScrollTo(int left, int top) = 0; // offsets of the body; as far as the page goes
@@ -128,11 +138,12 @@ class HtmlView {
     virtual void SendZoomKey(bool larger) = 0;
 
     virtual void ScrollToPercent(int percent) = 0; // 0 to 100
-    // By the system's dialog, as the context menu's command does; nothing where it cannot be done.
-    virtual void Print() = 0;
-    virtual bool CanPrint() const { return true; }
+    // By the system's dialog, as the text view does it. A browser's engine prints by itself as the
+    // context menu's command does, says itself what went wrong, and answers `Cancelled`.
+    virtual PrintAnswer Print(const std::u16string& title) = 0;
 
     // Kept values of the page.
+    virtual PageEngine Engine() const { return PageEngine::Browser; } // of the last `Navigate`
     virtual bool HasBody() const = 0;         // from just before `onLoaded` on
     virtual bool HasText() const = 0;         // any character, by the count above
     virtual std::string Charset() const = 0;  // as the engine names it, "" without a page

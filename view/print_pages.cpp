@@ -1,28 +1,20 @@
 #include "view/print_pages.h"
 
 #include "common/contrast.h"
-#include "view/one_line.h"
 #include "view/text_layouts.h"
 #include "view/text_painter.h"
+#include "view/text_pane.h"
 
 #include <algorithm>
-#include <cmath>
-#include <vector>
+#include <utility>
 
 namespace {
 
 constexpr double twipsPerInch = 1440, smallShare = 0.8; // of the font's size, at head and foot
 constexpr Color black = 0x000000, white = 0xFFFFFF;
 
-// A block, or the part of it that stands on a page.
-struct PlacedPart {
-    TextLayouts::Layout layout;
-    int from = 0, to = 0; // of the block's height
-    int top = 0;          // on the page, below the head
-};
-
-// The lowest place at or above `limit` where no line is cut; `from` when there is none.
-int CutAbove(const BlockLayout& layout, int from, int limit) {
+// Where no line is cut.
+int CutBetweenLines(const BlockLayout& layout, int from, int limit) {
     int cut = limit;
     for (bool moved = true; moved && cut > from;) {
         moved = false;
@@ -37,51 +29,35 @@ int CutAbove(const BlockLayout& layout, int from, int limit) {
     return std::max(cut, from);
 }
 
-class PageLayout {
+class PrintedTextBlock final : public PrintedBlock {
   public:
-    PageLayout(TextLayouts& layouts, int height)
-        : layouts_(layouts), height_(height), next_(layouts.At(0)) {}
+    PrintedTextBlock(TextLayouts::Layout layout, const TextPaint& paint, TextPos length)
+        : layout_(std::move(layout)), paint_(paint), length_(length) {}
 
-    bool IsAtEnd() const { return !next_; }
-    TextPos Position() const { return next_ ? next_->block.start : 0; }
+    int Height() const override { return layout_->height; }
+    int Percent() const override { return int(std::int64_t{100} * layout_->block.start / length_); }
 
-    std::vector<PlacedPart> Next() {
-        std::vector<PlacedPart> parts;
-        int top = 0;
-        while (next_) {
-            const int to = EndOnPage(top, parts.empty());
-            if (to == from_ && !parts.empty()) return parts;
-            parts.push_back({next_, from_, to, top});
-            top += to - from_;
-            from_ = to;
-            if (to < next_->height) return parts;
-            next_ = layouts_.After(next_);
-            from_ = 0;
-        }
-        return parts;
+    // A table row stands on one page where one can hold it, and a line that is higher than a page
+    // is cut.
+    int CutAbove(int from, int limit, int pageHeight) const override {
+        const bool wholeRow = !layout_->cells.empty() && from == 0 && layout_->height <= pageHeight;
+        return wholeRow ? from : CutBetweenLines(*layout_, from, limit);
+    }
+
+    void Paint(Canvas& canvas, Point origin, const Rect& clip) const override {
+        PaintBackground(canvas, *layout_, origin);
+        PaintBlock(canvas, paint_, *layout_, origin, clip);
     }
 
   private:
-    // A table row stands on one page where one can hold it, and a line that is higher than a page
-    // is cut.
-    int EndOnPage(int top, bool first) const {
-        const int room = height_ - top, rest = next_->height - from_;
-        if (rest <= room) return next_->height;
-        const bool wholeRow = !next_->cells.empty() && from_ == 0 && rest <= height_;
-        if (wholeRow && !first) return from_;
-        const int cut = CutAbove(*next_, from_, from_ + room);
-        return cut == from_ && first ? from_ + room : cut;
-    }
-
-    TextLayouts& layouts_;
-    int height_;
-    TextLayouts::Layout next_;
-    int from_ = 0; // of the next block's height
+    TextLayouts::Layout layout_;
+    const TextPaint& paint_;
+    TextPos length_;
 };
 
-class PagePrinter {
+class TextPrinter {
   public:
-    PagePrinter(const PrintedText& text, LineLayout& lines, PictureStore& pictures,
+    TextPrinter(const PrintedText& text, LineLayout& lines, PictureStore& pictures,
                 PrintDevice& device)
         : text_(text), lines_(lines), device_(device), style_(OnPaper(text.style)),
           system_(text.system),
@@ -97,57 +73,24 @@ class PagePrinter {
             std::max(1, device.Page().width);
         context_.pixelsPerTwip = device.Dpi() / twipsPerInch;
         styles_.Reset();
-        TextStyle small = StyleOf(style_.font, system_);
-        small.font.points *= smallShare;
-        small.underline = small.strikethrough = false;
-        small_ = lines.Prepare(small);
-        smallMetrics_ = lines.Metrics(*small_);
     }
 
     PrintEnd Run() {
-        const int edge = 2 * SmallHeight(); // of head and foot, each with the space to the text
-        PageLayout pages(layouts_, std::max(1, device_.Page().height - 2 * edge));
+        TextStyle small = StyleOf(style_.font, system_);
+        small.font.points *= smallShare;
+        small.underline = small.strikethrough = false;
+        const PrintFrame frame(text_.title, small, lines_, device_);
+        const TextPaint paint{context_, PlainTextColor(style_, system_), black, white, 0, 0};
         const TextPos length = std::max(1, text_.text.Length());
-        for (int number = 1; !pages.IsAtEnd() && number <= text_.lastWanted; ++number) {
-            const auto percent = static_cast<int>(std::int64_t{100} * pages.Position() / length);
-            if (!device_.GoesOn(percent)) return PrintEnd::GivenUp;
-            const std::vector<PlacedPart> parts = pages.Next();
-            if (text_.isWanted && !text_.isWanted(number)) continue;
-            if (!Print(parts, number, edge)) return PrintEnd::Failed;
-        }
-        return PrintEnd::Done;
+        TextLayouts::Layout last;
+        const auto next = [&]() -> std::shared_ptr<const PrintedBlock> {
+            last = last ? layouts_.After(last) : layouts_.At(0);
+            return last ? std::make_shared<PrintedTextBlock>(last, paint, length) : nullptr;
+        };
+        return PrintFlow(next, frame, text_.wanted, device_);
     }
 
   private:
-    int SmallHeight() const { return int(std::ceil(smallMetrics_.Height())); }
-
-    bool Print(const std::vector<PlacedPart>& parts, int number, int edge) {
-        Canvas* const canvas = device_.BeginPage();
-        if (!canvas) return false;
-        const Size page = device_.Page();
-        device_.ClipTo({0, 0, page.width, page.height});
-        PrintCentred(*canvas, text_.title, 0);
-        const std::string digits = std::to_string(number);
-        PrintCentred(*canvas, {digits.begin(), digits.end()}, page.height - SmallHeight());
-        const TextPaint paint{context_, PlainTextColor(style_, system_), black, white, 0, 0};
-        for (const PlacedPart& part : parts) {
-            const Rect clip{0, edge + part.top, page.width, part.to - part.from};
-            device_.ClipTo(clip);
-            const Point origin{0, clip.top - part.from};
-            PaintBackground(*canvas, *part.layout, origin);
-            PaintBlock(*canvas, paint, *part.layout, origin, clip);
-        }
-        return device_.EndPage();
-    }
-
-    void PrintCentred(Canvas& canvas, const std::u16string& text, int top) {
-        const Size page = device_.Page();
-        const auto line = LayOutOneLine(lines_, small_, text, page.width);
-        const int left = (page.width - int(std::ceil(line->Line(0).width))) / 2;
-        line->Draw(canvas, 0, left, top + int(std::lround(smallMetrics_.ascent)),
-                   {.text = black, .clip = {0, top, page.width, SmallHeight()}});
-    }
-
     const PrintedText& text_;
     LineLayout& lines_;
     PrintDevice& device_;
@@ -156,11 +99,15 @@ class PagePrinter {
     TextStyles styles_;
     LayoutContext context_;
     TextLayouts layouts_;
-    StyleHandle small_;
-    FontMetrics smallMetrics_;
 };
 
 } // namespace
+
+PrintedText PrintedTextOf(const TextPane& pane, const std::u16string& title,
+                          const WantedPages& wanted) {
+    return {pane.ShownSource(), pane.Text(), pane.IsPlain(), pane.Style(),
+            pane.System(),      title,       wanted};
+}
 
 ViewStyle OnPaper(ViewStyle style) {
     style.backColor = white;
@@ -171,5 +118,5 @@ ViewStyle OnPaper(ViewStyle style) {
 
 PrintEnd PrintPages(const PrintedText& text, LineLayout& lines, PictureStore& pictures,
                     PrintDevice& device) {
-    return PagePrinter(text, lines, pictures, device).Run();
+    return TextPrinter(text, lines, pictures, device).Run();
 }

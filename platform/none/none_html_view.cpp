@@ -7,6 +7,7 @@
 
 void NoneHtmlView::Navigate(const std::u16string& path, int page) {
     Forget();
+    engine_ = hasBrowser ? wanted_ : PageEngine::Own;
     navigations.push_back(path);
     loads.push_back(page);
 }
@@ -28,6 +29,11 @@ void NoneHtmlView::FinishLoading() {
     document_ = pages[path];
     loaded_ = true;
     onLoaded(loads.back(), u"file://" + path);
+}
+
+PrintAnswer NoneHtmlView::Print(const std::u16string& title) {
+    printedTitles.push_back(title);
+    return engine_ == PageEngine::Own ? printAnswer : PrintAnswer{};
 }
 
 void NoneHtmlView::Die() {

@@ -24,8 +24,9 @@ class NoneHtmlView : public HtmlView {
 
     // What a test sets up and does.
     std::map<std::u16string, NonePage> pages; // by path
-    bool canPrint = true;
-    int lineHeight = LineHeight;      // in another font
+    int lineHeight = LineHeight;              // in another font
+    bool hasBrowser = true, hasBothEngines = false;
+    PrintAnswer printAnswer;          // of a page that is not shown by the browser's engine
     bool answers = true;              // false: every question runs out of time
     std::function<void()> whileAsked; // what happens around while a question waits
     void FinishLoading();             // of the page navigated to last
@@ -35,6 +36,9 @@ class NoneHtmlView : public HtmlView {
     void FinishZoom(int scrollTop); // the page is laid out, and its line at the top is there now
     void ScrollByHand(int top) { scrollTop_ = Within(top); }
 
+    bool HasBothEngines() const override { return hasBothEngines; }
+    void SetEngine(PageEngine engine) override { wanted_ = engine; }
+    void OfferEngineChange(bool offered) override { offersEngineChange = offered; }
     void Navigate(const std::u16string& path, int page) override;
     void Clear() override;
     void ScrollTo(int left, int top) override;
@@ -45,10 +49,10 @@ class NoneHtmlView : public HtmlView {
     void SetBackColor(std::uint32_t redGreenBlue) override { backColors.push_back(redGreenBlue); }
     void SetTextColor(std::optional<std::uint32_t> given) override { letterColor = given; }
     void ScrollToPercent(int percent) override;
-    void Print() override { ++prints; }
-    bool CanPrint() const override { return canPrint; }
+    PrintAnswer Print(const std::u16string& title) override;
     void SendZoomKey(bool larger) override;
 
+    PageEngine Engine() const override { return engine_; }
     bool HasBody() const override { return loaded_ && document_.hasBody; }
     bool HasText() const override { return HasBody() && !document_.text.empty(); }
     std::string Charset() const override { return loaded_ ? document_.charset : ""; }
@@ -80,7 +84,9 @@ class NoneHtmlView : public HtmlView {
     std::vector<std::uint32_t> backColors;
     std::optional<std::uint32_t> letterColor; // the last one
     std::vector<std::pair<int, int>> scrolls; // left, top
-    int questions = 0, focused = 0, clears = 0, prints = 0;
+    std::vector<std::u16string> printedTitles;
+    bool offersEngineChange = false;
+    int questions = 0, focused = 0, clears = 0;
     bool visible = false;
     Rect bounds{0, 0, 640, 400};
 
@@ -96,6 +102,7 @@ class NoneHtmlView : public HtmlView {
     int MaxTop() const;
     void Forget();
 
+    PageEngine wanted_ = PageEngine::Browser, engine_ = PageEngine::Browser;
     NonePage document_;
     bool loaded_ = false, dead_ = false;
     int scrollTop_ = 0, zoomSteps_ = 0;

@@ -31,13 +31,18 @@ void EitherHtmlView::Show(HtmlView& view) {
 }
 
 void EitherHtmlView::Navigate(const std::u16string& path, int page) {
-    if (browser_->IsAvailable()) {
+    if (wanted_ == PageEngine::Browser && browser_->IsAvailable()) {
         Show(*browser_);
         browser_->Navigate(path, page);
         if (browser_->IsAvailable()) return;
     }
     Show(*own_);
     own_->Navigate(path, page);
+}
+
+void EitherHtmlView::OfferEngineChange(bool offered) {
+    browser_->OfferEngineChange(offered);
+    own_->OfferEngineChange(offered);
 }
 
 void EitherHtmlView::SetBounds(const Rect& bounds) {

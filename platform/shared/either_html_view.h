@@ -9,7 +9,10 @@ class EitherHtmlView final : public HtmlView {
   public:
     EitherHtmlView(std::unique_ptr<HtmlView> browser, std::unique_ptr<HtmlView> own);
 
+    bool HasBothEngines() const override { return browser_->IsAvailable(); }
     void Navigate(const std::u16string& path, int page) override;
+    void SetEngine(PageEngine engine) override { wanted_ = engine; }
+    void OfferEngineChange(bool offered) override;
     void Clear() override { shown_->Clear(); }
     void ScrollTo(int left, int top) override { shown_->ScrollTo(left, top); }
     void ScrollSpanToTop(const PageSpan& span) override { shown_->ScrollSpanToTop(span); }
@@ -22,9 +25,9 @@ class EitherHtmlView final : public HtmlView {
     }
     void SendZoomKey(bool larger) override { shown_->SendZoomKey(larger); }
     void ScrollToPercent(int percent) override { shown_->ScrollToPercent(percent); }
-    void Print() override { shown_->Print(); }
-    bool CanPrint() const override { return shown_->CanPrint(); }
+    PrintAnswer Print(const std::u16string& title) override { return shown_->Print(title); }
 
+    PageEngine Engine() const override { return shown_->Engine(); }
     bool HasBody() const override { return shown_->HasBody(); }
     bool HasText() const override { return shown_->HasText(); }
     std::string Charset() const override { return shown_->Charset(); }
@@ -61,5 +64,6 @@ class EitherHtmlView final : public HtmlView {
 
     std::unique_ptr<HtmlView> browser_, own_;
     HtmlView* shown_;
+    PageEngine wanted_ = PageEngine::Browser;
     bool visible_ = false;
 };

@@ -6,7 +6,8 @@ import unittest
 
 from harness import books
 from harness.engine import Hang, engine, wait_for_ends
-from harness.html_story import HtmlStory, needs_engine, paragraphs, write_page
+from harness.html_story import OWN_VIEW, HtmlStory, needs_engine, paragraphs, write_page
+from harness.printing import Printing
 from harness.story import main
 from harness.wait import wait_for
 
@@ -123,6 +124,50 @@ class HtmlPrint(HtmlStory):
         self.program.terminate()
         wait_for_ends(processes)
         self.assertFalse(os.path.exists(self.pdf))
+
+
+@unittest.skipUnless(shutil.which("pdftotext"), "poppler-utils is not installed")
+@unittest.skipUnless(OWN_VIEW, "the page is printed by the engine")
+class OwnHtmlPrint(Printing, HtmlStory):
+    def open_lines(self, count):
+        self.lines = [" ".join(line.split()) for line in books.lines("latin", count)]
+        self.book = write_page(self.path("book.htm"), paragraphs(self.lines), "Quay/lights",
+                               "<style>body{background:#ffe0c0}</style>")
+        self.program = self.open(self.book, "Quay/lights")
+        self.program.wait_until_settled()
+
+    def test_into_a_file(self):
+        self.open_lines(COUNT)
+        self.ask()
+        self.print()
+        pages = self.pages()
+        self.assertGreater(len(pages), 50)
+        self.assertEqual({page[0] for page in pages}, {"Quay/lights"})
+        self.assertEqual([page[-1] for page in pages], [str(i + 1) for i in range(len(pages))])
+        self.assertEqual([line for page in pages for line in page[1:-1]], self.lines)
+        self.program.close()
+
+    def test_some_pages_by_the_page_s_menu(self):
+        self.open_lines(COUNT)
+        self.program.key("shift+F10")
+        wait_for(self.program.popups, "the page's menu")
+        self.program.key("p")
+        self.wait_for_dialog()
+        self.choose_pages(2, 3)
+        self.print()
+        self.assertEqual([page[-1] for page in self.pages()], ["2", "3"])
+        self.program.close()
+
+    def test_cancelled(self):
+        self.open_lines(100_000)
+        self.ask()
+        self.program.key("Escape")
+        self.wait_until_alone()
+        self.assertIsNone(self.pdf())
+        self.ask()
+        self.cancel_while_it_prints()
+        self.assertIsNone(self.pdf())
+        self.program.close()
 
 
 if __name__ == "__main__":

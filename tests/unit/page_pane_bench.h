@@ -35,6 +35,7 @@ class PagePaneBench : public PaneHtmlView {
     }
 
     // Of the port, what is the window's.
+    PrintAnswer Print(const std::u16string&) override { return {}; }
     void SetBounds(const Rect&) override {}
     void SetVisible(bool) override {}
     void FocusView() override {}

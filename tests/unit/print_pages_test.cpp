@@ -1,43 +1,13 @@
 #include "view/print_pages.h"
 
 #include "common/string_text.h"
-#include "pane_bench.h"
+#include "paper.h"
 
 #include <doctest/doctest.h>
 
 #include <algorithm>
-#include <deque>
 
 namespace {
-
-// Sheets of 400 by 300 pixels at 96 dpi, which are remembered.
-class Paper : public PrintDevice {
-  public:
-    double Dpi() const override { return 96; }
-    Size Page() const override { return {400, 300}; }
-    Canvas* BeginPage() override {
-        if (static_cast<int>(pages.size()) == failAt) return nullptr;
-        pages.emplace_back();
-        return &pages.back();
-    }
-    void ClipTo(const Rect& clip) override { clips.push_back(clip); }
-    bool EndPage() override { return true; }
-    bool GoesOn(int percent) override {
-        percents.push_back(percent);
-        return static_cast<int>(percents.size()) <= endAfter;
-    }
-    std::vector<std::u16string> Texts(std::size_t page) const {
-        std::vector<std::u16string> texts;
-        for (const NoneDrawing& drawing : pages.at(page).drawings)
-            if (drawing.kind == NoneDrawing::Kind::Text) texts.push_back(drawing.text);
-        return texts;
-    }
-
-    std::deque<NoneCanvas> pages; // a canvas stays where it is
-    std::vector<Rect> clips;
-    std::vector<int> percents;
-    int failAt = -1, endAfter = 1'000'000;
-};
 
 ViewStyle InFixedFont() {
     ViewStyle style;
@@ -49,8 +19,8 @@ struct Job {
     explicit Job(std::u16string content) { document.text = std::move(content); }
     PrintEnd Print() {
         const StringText text(document.text);
-        PrintedText printed{text,          document,     plain,  style,
-                            SystemStyle(), u"The Title", wanted, lastWanted};
+        PrintedText printed{
+            text, document, plain, style, SystemStyle(), u"The Title", {wanted, lastWanted}};
         return PrintPages(printed, lines, pictures, paper);
     }
     Document document;

@@ -9,6 +9,7 @@
 #include "view/caret_moves.h"
 #include "view/drag_selection.h"
 #include "view/html/page_scroller.h"
+#include "view/print_flow.h"
 #include "view/readable_pane.h"
 
 #include <chrono>
@@ -29,6 +30,10 @@ class PagePane : public ReadablePane {
     Color OwnText() const { return ownText_; } // as the page was loaded
     Color OwnBackground() const { return ownBackground_; }
     int TimesStyled() const { return timesStyled_; } // all pages, for tests
+
+    // There must be a page. In its present zoom.
+    PrintEnd Print(const std::u16string& title, const WantedPages& wanted, LineLayout& lines,
+                   PictureStore& pictures, PrintDevice& device) const;
 
     void SetZoom(int percent); // the line at the top stays there
     void SetColors(std::optional<Color> text, std::optional<Color> background);
@@ -167,7 +172,7 @@ class PagePane : public ReadablePane {
     int timesStyled_ = 0;
 
     PageScroller scroller_;
-    std::optional<double> wantedHeight_; // asked for, while what is above is not measured
+    std::optional<double> wantedHeight_;  // asked for, while what is above is not measured
     std::optional<PlaceAtTop> topAnchor_; // of the last layout, until the page is scrolled
     // Asked for, and since then the page has not been scrolled; just now, so that the window may
     // still get its size from the desktop.

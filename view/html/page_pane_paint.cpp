@@ -1,5 +1,6 @@
 // Painting of a page.
 #include "view/html/page_pane.h"
+#include "view/html/print_html.h"
 #include "view/page/page_painter.h"
 
 #include <algorithm>
@@ -7,23 +8,6 @@
 
 namespace {
 constexpr Color usualPaper = 0xFFFFFF;
-
-// How far to the right something reaches.
-double RightEdge(const PageFragment& fragment, double left) {
-    double right = 0;
-    for (const PlacedBox& box : fragment.boxes)
-        right = std::max(right, left + box.left + box.width);
-    for (const PlacedImage& picture : fragment.pictures)
-        right = std::max(right, left + picture.left + picture.width);
-    for (const PlacedLines& lines : fragment.lines)
-        for (const InlineLine& line : lines.layout.lines)
-            right =
-                std::max(right, left + line.left +
-                                    lines.layout.pieces[line.piece].lines->Line(line.line).width);
-    for (const PlacedPart& part : fragment.parts)
-        right = std::max(right, RightEdge(*part.fragment, left + part.left));
-    return right;
-}
 } // namespace
 
 Color PagePane::BackColor() const {
@@ -51,7 +35,7 @@ void PagePane::Paint(Canvas& canvas, const Rect& clip) {
          ++zone) {
         PageFragmentPtr fragment = flow.LayOut(zone);
         const double height = fragment->height;
-        widest_ = std::max(widest_, RightEdge(*fragment, 0));
+        widest_ = std::max(widest_, RightEdge(*fragment));
         if (y + height >= clip.top) seen.emplace_back(std::move(fragment), y);
         y += height;
     }
@@ -90,4 +74,9 @@ void PagePane::PaintFocus(Canvas& canvas) {
             canvas.FillRect({Right(box) - thin, box.top, thin, box.height}, system_.link);
         }
     }
+}
+
+PrintEnd PagePane::Print(const std::u16string& title, const WantedPages& wanted, LineLayout& lines,
+                         PictureStore& pictures, PrintDevice& device) const {
+    return PrintHtml({*page_, *pageFiles_, sheets_, zoom_, title, wanted}, lines, pictures, device);
 }

@@ -25,9 +25,8 @@ class PaneHtmlView : public HtmlView {
     void SetTextColor(std::optional<std::uint32_t> redGreenBlue) override;
     void SendZoomKey(bool larger) override;
     void ScrollToPercent(int percent) override;
-    void Print() override {}
-    bool CanPrint() const override { return false; } // pages of its own are not divided yet
 
+    PageEngine Engine() const override { return PageEngine::Own; }
     bool HasBody() const override { return Page() != nullptr; }
     bool HasText() const override { return HasBody() && Page()->Length() > 0; }
     std::string Charset() const override;

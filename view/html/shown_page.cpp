@@ -30,7 +30,19 @@ std::u16string Declaration(std::u16string_view property, std::optional<Color> co
 std::u16string ReadersSheet(const PageLook& look) {
     const std::u16string declarations =
         Declaration(u"color", look.text) + Declaration(u"background-color", look.background);
-    return declarations.empty() ? u"" : u"body{" + declarations + u"}";
+    std::u16string sheet;
+    if (!declarations.empty()) sheet = u"body{" + declarations + u"}";
+    if (look.onPaper) sheet += u"pre{white-space:pre-wrap!important}";
+    return sheet;
+}
+
+// Of a picture that is larger than a sheet, in CSS pixels.
+Size FittingSize(Size size, const PageLook& look) {
+    const double across = look.viewport.width / look.scale,
+                 down = look.viewport.height / look.scale;
+    const double share =
+        std::min({1.0, across / std::max(1, size.width), down / std::max(1, size.height)});
+    return {int(size.width * share), int(size.height * share)};
 }
 } // namespace
 
@@ -60,8 +72,9 @@ ShownPage::ShownPage(const LoadedPage& page, const std::vector<std::u16string>& 
                      [&pictures](HtmlNodeId object) { return pictures.ShowsObject(object); })),
       fonts_(lines, styles_, look.scale, look.dpi), text_(page.Tree(), styles_, boxes_, fonts_),
       layouter_(boxes_, text_, lines, look.scale), flow_(layouter_) {
-    text_.pictureSize = [&pictures](const PageBox& box) {
-        return pictures.NaturalSize(pictures.PictureOf(box));
+    text_.pictureSize = [this, &pictures](const PageBox& box) {
+        const Size size = pictures.NaturalSize(pictures.PictureOf(box));
+        return look_.onPaper ? FittingSize(size, look_) : size;
     };
     flow_.SetWidth(look.viewport.width);
 }

@@ -15,6 +15,7 @@ struct PageLook {
     double dpi = 96;                       // that the line layout has
     Size viewport;                         // device pixels
     std::optional<Color> text, background; // of the body, in place of its own
+    bool onPaper = false;                  // where one cannot scroll to the side
     bool operator==(const PageLook&) const = default;
 };
 

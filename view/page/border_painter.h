@@ -8,6 +8,7 @@ struct BoxPaint {
     Canvas& canvas;
     Rect clip;        // nothing is drawn outside
     double scale = 1; // device pixels of one of CSS
+    bool backgrounds = true;
 };
 
 Rect Clipped(const Rect& box, const Rect& clip);

@@ -58,7 +58,7 @@ void PaintDecorations(const BoxPaint& paint, const PlacedLines& placed, const In
         const double x = left + line.left;
         const Rect box =
             BoxOf(decoration, at, {covered->left + x, covered->right + x}, shown, paint.scale);
-        FillBox(paint, box, decoration.style->background);
+        if (paint.backgrounds) FillBox(paint, box, decoration.style->background);
         PaintBorders(paint, *decoration.style, box, shown);
     }
 }

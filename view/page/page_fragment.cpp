@@ -41,3 +41,19 @@ double LastBaseline(const PageFragment& fragment) {
     AddToBaseline(fragment, 0, baseline);
     return baseline;
 }
+
+double RightEdge(const PageFragment& fragment, double left) {
+    double right = 0;
+    for (const PlacedBox& box : fragment.boxes)
+        right = std::max(right, left + box.left + box.width);
+    for (const PlacedImage& picture : fragment.pictures)
+        right = std::max(right, left + picture.left + picture.width);
+    for (const PlacedLines& lines : fragment.lines)
+        for (const InlineLine& line : lines.layout.lines)
+            right =
+                std::max(right, left + line.left +
+                                    lines.layout.pieces[line.piece].lines->Line(line.line).width);
+    for (const PlacedPart& part : fragment.parts)
+        right = std::max(right, RightEdge(*part.fragment, left + part.left));
+    return right;
+}

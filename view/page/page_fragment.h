@@ -50,5 +50,8 @@ FragmentMark EndOf(const PageFragment& fragment);
 // Moves all that was added since.
 void MoveSince(const FragmentMark& mark, double x, double y, PageFragment& fragment);
 
+// How far to the right anything of it reaches, from where its left edge is `left`.
+double RightEdge(const PageFragment& fragment, double left = 0);
+
 // Of the last line, from the top; negative without a line.
 double LastBaseline(const PageFragment& fragment);

@@ -41,13 +41,14 @@ class FragmentPainter {
         return top < Bottom(paint_.clip) && top + height >= paint_.clip.top;
     }
 
-    BoxPaint Boxes() const { return {canvas_, paint_.clip, paint_.scale}; }
+    BoxPaint Boxes() const { return {canvas_, paint_.clip, paint_.scale, paint_.backgrounds}; }
 
     void PaintBox(const PlacedBox& placed, double left, double top) const {
         if (IsHidden(paint_.boxes[placed.box])) return;
         const CssBoxStyle& style = *paint_.boxes[placed.box].style;
         const Rect box = Pixels(left + placed.left, top + placed.top, placed.width, placed.height);
-        if (placed.box != paint_.boxes.CanvasBox()) FillBox(Boxes(), box, style.background);
+        if (paint_.backgrounds && placed.box != paint_.boxes.CanvasBox())
+            FillBox(Boxes(), box, style.background);
         PaintBorders(Boxes(), style, box, {!placed.beginsAbove, true, !placed.endsBelow, true});
     }
 

@@ -17,6 +17,7 @@ struct PagePaint {
     // What is selected of a content.
     std::function<UnitSpan(const InlineContent&)> selectedUnits;
     SelectionColors selection;
+    bool backgrounds = true; // of boxes
 };
 
 // With the fragment's top left corner there, in the canvas's pixels.

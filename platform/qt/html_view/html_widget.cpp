@@ -53,20 +53,28 @@ bool HtmlWidget::focusNextPrevChild(bool next) {
     return ReadableWidget::focusNextPrevChild(next);
 }
 
+// Commands are queued: printing handles events, of which one deletes the menu that was chosen from.
 void HtmlWidget::ShowContextMenu() {
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     const auto add = [&](const QString& caption, PageCommand command, bool enabled) {
-        menu->addAction(caption, this,
-                        [this, command] {
-                            if (onCommand) onCommand(command);
-                        })
-            ->setEnabled(enabled);
+        QAction* action = menu->addAction(caption);
+        action->setEnabled(enabled);
+        const auto choose = [this, command] {
+            if (onCommand) onCommand(command);
+        };
+        connect(action, &QAction::triggered, this, choose, Qt::QueuedConnection);
+        return action;
     };
     const bool hasText = pane_.Page() && pane_.Page()->Length() > 0;
     add(tr("&Copy"), PageCommand::Copy, pane_.SelStart() < pane_.SelEnd());
     add(tr("Select &All"), PageCommand::SelectAll, hasText);
     add(tr("&Find..."), PageCommand::Find, hasText);
     add(tr("&Open..."), PageCommand::Open, true);
+    add(tr("&Print..."), PageCommand::Print, hasText);
+    if (offersEngineChange_) {
+        menu->addSeparator();
+        add(tr("&Browser View\tCtrl+Shift+B"), PageCommand::ChangeEngine, true)->setCheckable(true);
+    }
     menu->popup(ContextMenuPoint());
 }

@@ -13,6 +13,7 @@ class HtmlWidget final : public ReadableWidget {
 
     PagePane& Pane() { return pane_; }
     bool IsPage() const override { return true; }
+    void OfferEngineChange(bool offered) { offersEngineChange_ = offered; }
     void ShowNotice(const QString& text); // over the page; "" for none
 
     std::function<bool(int keyCode)> onZoomKey;              // with Ctrl; whether it is one
@@ -30,4 +31,5 @@ class HtmlWidget final : public ReadableWidget {
 
     PagePane pane_;
     QLabel* notice_;
+    bool offersEngineChange_ = false;
 };

@@ -25,6 +25,7 @@ bool QtHtmlView::LoadEngine() {
     ConnectEngine();
     engine_->SetBounds({0, 0, panel_->width(), panel_->height()});
     engine_->SetVisible(true);
+    engine_->OfferEngineChange(offersEngineChange_);
     return true;
 }
 
@@ -68,6 +69,11 @@ void QtHtmlView::Navigate(const std::u16string& path, int page) {
     panel_->HideNotice();
     engine_->Navigate(path, page);
     if (focused_) engine_->FocusView();
+}
+
+void QtHtmlView::OfferEngineChange(bool offered) {
+    offersEngineChange_ = offered;
+    if (engine_) engine_->OfferEngineChange(offered);
 }
 
 void QtHtmlView::Clear() {
@@ -197,8 +203,8 @@ void QtHtmlView::ScrollToPercent(int percent) {
     if (engine_) engine_->ScrollToPercent(percent);
 }
 
-void QtHtmlView::Print() {
-    if (engine_) engine_->Print();
+PrintAnswer QtHtmlView::Print(const std::u16string& title) {
+    return engine_ ? engine_->Print(title) : PrintAnswer{};
 }
 
 int QtHtmlView::Percent() const {

@@ -17,6 +17,7 @@ class QtHtmlView final : public HtmlView {
 
     bool IsAvailable() const override;
     void Navigate(const std::u16string& path, int page) override;
+    void OfferEngineChange(bool offered) override;
     void Clear() override;
     void ScrollTo(int left, int top) override;
     void ScrollSpanToTop(const PageSpan&) override;
@@ -27,7 +28,7 @@ class QtHtmlView final : public HtmlView {
     void SetTextColor(std::optional<std::uint32_t> redGreenBlue) override;
     void SendZoomKey(bool larger) override;
     void ScrollToPercent(int percent) override;
-    void Print() override;
+    PrintAnswer Print(const std::u16string& title) override;
 
     bool HasBody() const override;
     bool HasText() const override;
@@ -61,6 +62,7 @@ class QtHtmlView final : public HtmlView {
     QtWindow& window_;
     HtmlPanel* panel_; // owned by the window
     std::unique_ptr<EngineView> engine_;
-    int load_ = 0;                          // caller's number of the last load
-    bool focused_ = false, failed_ = false; // to load the engine
+    int load_ = 0; // caller's number of the last load
+    bool focused_ = false, offersEngineChange_ = false;
+    bool failed_ = false; // to load the engine
 };

@@ -4,6 +4,7 @@
 #include "platform/qt/html_view/html_widget.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/system/qt_locale.h"
+#include "platform/qt/text_view/qt_printing.h"
 #include "platform/shared/call_handler.h"
 
 QtPageView::QtPageView(QWidget* parent, const Files& files)
@@ -41,6 +42,19 @@ void QtPageView::ShowNotice(std::u16string_view text) {
 
 void QtPageView::ReportZoomKey(bool larger) {
     CallHandler(onZoomKey, larger ? PlusKey : MinusKey, CtrlKey);
+}
+
+void QtPageView::OfferEngineChange(bool offered) {
+    widget_->OfferEngineChange(offered);
+}
+
+PrintAnswer QtPageView::Print(const std::u16string& title) {
+    if (!HasBody()) return {};
+    const PrintJob print = [&](LineLayout& lines, PictureStore& pictures, PrintDevice& device,
+                               const WantedPages& wanted) {
+        return Pane().Print(title, wanted, lines, pictures, device);
+    };
+    return PrintByDialog(widget_->window(), title, print);
 }
 
 void QtPageView::SetBounds(const Rect& bounds) {

@@ -19,6 +19,8 @@ class QtPageView final : public PaneHtmlView {
     // The keystroke of SendZoomKey.
     std::function<void(int keyCode, int shift)> onZoomKey;
 
+    void OfferEngineChange(bool offered) override;
+    PrintAnswer Print(const std::u16string& title) override;
     void SetBounds(const Rect& bounds) override;
     void SetVisible(bool visible) override;
     void FocusView() override;

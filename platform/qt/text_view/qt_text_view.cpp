@@ -2,7 +2,9 @@
 
 #include "platform/qt/qt_text.h"
 #include "platform/qt/text_view/event_pump.h"
+#include "platform/qt/text_view/qt_printing.h"
 #include "platform/qt/text_view/text_widget.h"
+#include "view/print_pages.h"
 
 QtTextView::QtTextView(QWidget* parent) : widget_(new TextWidget(parent)) {
     widget_->onContextMenu = [this] {
@@ -69,4 +71,12 @@ void QtTextView::Announce(std::u16string_view text) {
 
 void QtTextView::SetName(std::u16string_view name) {
     widget_->setAccessibleName(QStringView(name).toString());
+}
+
+PrintAnswer QtTextView::Print(const std::u16string& title) {
+    const PrintJob print = [&](LineLayout& lines, PictureStore& pictures, PrintDevice& device,
+                               const WantedPages& wanted) {
+        return PrintPages(PrintedTextOf(Pane(), title, wanted), lines, pictures, device);
+    };
+    return PrintByDialog(widget_->window(), title, print);
 }

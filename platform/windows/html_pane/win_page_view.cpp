@@ -5,6 +5,7 @@
 #include "platform/windows/base/text.h"
 #include "platform/windows/html_view/page/page_keys.h"
 #include "platform/windows/html_view/page/page_menu.h"
+#include "platform/windows/printing/print_dialog.h"
 #include "platform/windows/system/win_locale.h"
 #include "platform/windows/window/win_input.h"
 
@@ -37,9 +38,19 @@ void WinPageView::ReportZoomKey(bool larger) {
 }
 
 void WinPageView::ShowContextMenu(POINT onScreen) {
-    const PageMenu menu{HasText(), Selection().span.length > 0, CanPrint()};
+    PageMenu menu{HasText(), Selection().span.length > 0, {}};
+    if (offersEngineChange_) menu.engine = PageEngine::Own;
     if (const auto command = TrackPageMenu(Handle(), onScreen, menu))
         CallHandler(onCommand, *command);
+}
+
+PrintAnswer WinPageView::Print(const std::u16string& title) {
+    if (!HasBody()) return {};
+    const PrintJob print = [&](LineLayout& lines, PictureStore& pictures, PrintDevice& device,
+                               const WantedPages& wanted) {
+        return Pane().Print(title, wanted, lines, pictures, device);
+    };
+    return PrintByDialog(GetAncestor(Handle(), GA_ROOT), title, print);
 }
 
 void WinPageView::SetBounds(const Rect& bounds) {

@@ -19,6 +19,8 @@ class WinPageView final : public PaneHtmlView {
     // The keystroke of SendZoomKey, for the window's `onKeyDown`.
     std::function<void(int keyCode, int shift)> onZoomKey;
 
+    void OfferEngineChange(bool offered) override { offersEngineChange_ = offered; }
+    PrintAnswer Print(const std::u16string& title) override;
     void SetBounds(const Rect& bounds) override;
     void SetVisible(bool visible) override;
     void FocusView() override;
@@ -35,5 +37,6 @@ class WinPageView final : public PaneHtmlView {
     void ShowContextMenu(POINT onScreen);
 
     std::unique_ptr<HtmlWindow> window_;
+    bool offersEngineChange_ = false;
     WinDrops drops_{onFilesDropped};
 };

@@ -157,7 +157,10 @@ void WinHtmlView::OnContextMenu(POINT place) {
 
 // As the engine's own menu sends it.
 void WinHtmlView::ShowContextMenu(POINT place) {
-    const auto command = TrackPageMenu(window_.Handle(), place, {HasText(), !SelectedText().empty(), true});
+    PageMenu menu{HasText(), !SelectedText().empty(), {}};
+    if (offersEngineChange_) menu.engine = PageEngine::Browser;
+    const auto command = TrackPageMenu(window_.Handle(), place, menu);
+    if (command == PageCommand::ChangeEngine) return OnCommand(*command);
     if (command && inner_.Handle())
         SendMessageW(inner_.Handle(), WM_COMMAND, static_cast<WPARAM>(CommandId(*command)), 0);
 }

@@ -32,6 +32,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
 
     bool IsAvailable() const override;
     void Navigate(const std::u16string& path, int page) override;
+    void OfferEngineChange(bool offered) override { offersEngineChange_ = offered; }
     void Clear() override;
     void ScrollTo(int left, int top) override;
     void ScrollSpanToTop(const PageSpan&) override;
@@ -41,7 +42,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     void SetTextColor(std::optional<std::uint32_t> redGreenBlue) override;
     void SendZoomKey(bool larger) override;
     void ScrollToPercent(int percent) override;
-    void Print() override;
+    PrintAnswer Print(const std::u16string& title) override;
 
     bool HasBody() const override { return snapshot_.hasBody; }
     bool HasText() const override;
@@ -121,6 +122,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     std::wstring bookHost_;
     int page_ = 0;
     bool failed_ = false; // to start the control
+    bool offersEngineChange_ = false;
     Load load_ = Load::None;
     PageZoom zoom_;            // requested
     bool zoomPending_ = false; // not yet applied

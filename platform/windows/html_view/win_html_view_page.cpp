@@ -155,10 +155,11 @@ void WinHtmlView::ScrollToPercent(int percent) {
     if (const auto most = document_.MaxScrollTop()) ScrollTo(0, (*most * percent + 99) / 100);
 }
 
-void WinHtmlView::Print() {
-    if (!HasText() || !inner_.Handle()) return;
+PrintAnswer WinHtmlView::Print(const std::u16string&) {
+    if (!HasText() || !inner_.Handle()) return {};
     SendMessageW(inner_.Handle(), WM_COMMAND, static_cast<WPARAM>(CommandId(PageCommand::Print)),
                  0);
+    return {};
 }
 
 std::vector<Heading> WinHtmlView::Headings() {

@@ -1,8 +1,9 @@
 #include "platform/windows/text_pane/win_text_view.h"
 
 #include "platform/windows/base/text.h"
-#include "platform/windows/printing/print_text.h"
+#include "platform/windows/printing/print_dialog.h"
 #include "platform/windows/text_pane/search_pump.h"
+#include "view/print_pages.h"
 
 WinTextView::WinTextView(HWND parent) : text_(std::make_unique<TextWindow>(parent)) {
     text_->onContextMenu = [this](POINT point) {
@@ -31,7 +32,11 @@ std::vector<Heading> WinTextView::Headings() const {
 }
 
 PrintAnswer WinTextView::Print(const std::u16string& title) {
-    return PrintText(GetAncestor(Handle(), GA_ROOT), Pane(), title);
+    const PrintJob print = [&](LineLayout& lines, PictureStore& pictures, PrintDevice& device,
+                               const WantedPages& wanted) {
+        return PrintPages(PrintedTextOf(Pane(), title, wanted), lines, pictures, device);
+    };
+    return PrintByDialog(GetAncestor(Handle(), GA_ROOT), title, print);
 }
 
 void WinTextView::LookThrough(const Look& look) const {

@@ -94,7 +94,12 @@ void EngineHtmlView::ConnectPage(int page) {
             [this] { ScheduleStateUpdate(); });
     widget_->onInputReleased = [this] { ScheduleStateUpdate(); };
     widget_->onZoomKey = [this](int steps) { Zoom(steps); };
-    widget_->onCommand = [this](PageCommand command) { RunCommand(command); };
+    widget_->offersEngineChange = [this] { return offersEngineChange_; };
+    // Queued: a command may handle events, of which one deletes the widget, and its menu with it.
+    widget_->onCommand = [this](PageCommand command) {
+        QMetaObject::invokeMethod(
+            this, [this, command] { RunCommand(command); }, Qt::QueuedConnection);
+    };
     widget_->hasSelection = [this] { return snapshot_.selection.span.length > 0; };
     widget_->hasText = [this] { return snapshot_.text; };
     widget_->onContextClick = [this](QPoint point) {
@@ -194,14 +199,15 @@ void EngineHtmlView::NotifyJump() {
         Qt::QueuedConnection);
 }
 
-void EngineHtmlView::Print() {
-    if (!widget_ || !snapshot_.text) return;
+PrintAnswer EngineHtmlView::Print(const std::u16string&) {
+    if (!widget_ || !snapshot_.text) return {};
     print_ = new PrintJob(*widget_);
     print_->ShowDialog();
+    return {};
 }
 
 void EngineHtmlView::RunCommand(PageCommand command) {
-    if (command == PageCommand::Print) Print();
+    if (command == PageCommand::Print) Print({});
     CallHandler(onCommand, command);
 }
 

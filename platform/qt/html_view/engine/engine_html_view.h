@@ -30,6 +30,7 @@ class EngineHtmlView final : public QObject, public EngineView {
     ~EngineHtmlView() override;
 
     void Navigate(const std::u16string& path, int page) override;
+    void OfferEngineChange(bool offered) override { offersEngineChange_ = offered; }
     void Clear() override;
     void ScrollTo(int left, int top) override;
     void ScrollSpanToTop(const PageSpan&) override;
@@ -39,7 +40,7 @@ class EngineHtmlView final : public QObject, public EngineView {
     void SetBackColor(std::uint32_t redGreenBlue) override;
     void SetTextColor(std::optional<std::uint32_t> redGreenBlue) override;
     void ScrollToPercent(int percent) override;
-    void Print() override;
+    PrintAnswer Print(const std::u16string& title) override;
     void SendZoomKey(bool larger) override; // the caller sends the window's key event
 
     bool HasBody() const override { return snapshot_.body; }
@@ -125,6 +126,7 @@ class EngineHtmlView final : public QObject, public EngineView {
     std::optional<int> pendingJump_;
     int revision_ = 0; // number of commands so far
     bool loadFinished_ = false, updateScheduled_ = false, visible_ = false, focused_ = false;
+    bool offersEngineChange_ = false;
     bool closing_ = false; // no more queries: the window is closing
     Rect bounds_;
     PendingQuery* pendingQuery_ = nullptr;

@@ -95,6 +95,13 @@ void PageWidget::contextMenuEvent(QContextMenuEvent* event) {
     AddCommand(tr("&Find..."), PageCommand::Find, hasText());
     AddCommand(tr("&Open..."), PageCommand::Open, true);
     AddCommand(tr("&Print..."), PageCommand::Print, true);
+    if (offersEngineChange()) {
+        menu_->addSeparator();
+        QAction* browser =
+            AddCommand(tr("&Browser View\tCtrl+Shift+B"), PageCommand::ChangeEngine, true);
+        browser->setCheckable(true);
+        browser->setChecked(true);
+    }
     menu_->popup(event->globalPos());
 }
 

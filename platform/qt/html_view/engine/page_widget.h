@@ -22,7 +22,7 @@ class PageWidget : public QWebEngineView {
     std::function<void()> onInputReleased;      // a key or mouse button was released
     std::function<void(QPoint)> onContextClick; // before the context menu of a click opens
     std::function<void(PageCommand)> onCommand;
-    std::function<bool()> hasSelection, hasText;
+    std::function<bool()> hasSelection, hasText, offersEngineChange;
 
   protected:
     void childEvent(QChildEvent*) override;

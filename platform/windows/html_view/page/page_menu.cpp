@@ -13,6 +13,8 @@ constexpr CommandEntry commandEntries[] = {
     {PageCommand::Print, IDM_PRINT}, {PageCommand::Find, IDM_FIND},
     {PageCommand::Open, IDM_OPEN},
 };
+
+constexpr int changeEngineId = 0x7FFF; // none of the engine's
 } // namespace
 
 std::optional<PageCommand> ToPageCommand(int number) {
@@ -38,9 +40,14 @@ std::optional<PageCommand> TrackPageMenu(HWND owner, POINT place, const PageMenu
     add(PageCommand::Find, L"&Find...", of.hasText);
     AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
     add(PageCommand::Open, L"&Open...", true);
-    if (of.canPrint) add(PageCommand::Print, L"&Print...", of.hasText);
+    add(PageCommand::Print, L"&Print...", of.hasText);
+    if (of.engine) {
+        AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
+        const UINT checked = *of.engine == PageEngine::Browser ? MF_CHECKED : MF_UNCHECKED;
+        AppendMenuW(menu, MF_STRING | checked, changeEngineId, L"&Browser View\tCtrl+Shift+B");
+    }
     const int chosen =
         TrackPopupMenu(menu, TPM_RETURNCMD | TPM_RIGHTBUTTON, place.x, place.y, 0, owner, nullptr);
     DestroyMenu(menu);
-    return ToPageCommand(chosen);
+    return chosen == changeEngineId ? PageCommand::ChangeEngine : ToPageCommand(chosen);
 }

@@ -10,7 +10,8 @@ std::optional<PageCommand> ToPageCommand(int number); // none for any other
 int CommandId(PageCommand);
 
 struct PageMenu {
-    bool hasText = false, hasSelection = false, canPrint = true;
+    bool hasText = false, hasSelection = false;
+    std::optional<PageEngine> engine; // of the page, where another one can be chosen
 };
 
 // Shows the menu at a screen position and returns the command chosen. Built in code: a menu

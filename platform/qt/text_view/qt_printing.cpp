@@ -1,12 +1,10 @@
-// Printing the text of the view.
+#include "platform/qt/text_view/qt_printing.h"
+
 #include "platform/qt/print_dialog/print_target.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/text_view/line_layout/qt_canvas.h"
 #include "platform/qt/text_view/line_layout/qt_line_layout.h"
 #include "platform/qt/text_view/qt_pictures.h"
-#include "platform/qt/text_view/qt_text_view.h"
-#include "platform/qt/text_view/text_widget.h"
-#include "view/print_pages.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -89,25 +87,23 @@ PrintAnswer AnswerOf(PrintEnd end, const QString& file) {
 
 } // namespace
 
-PrintAnswer QtTextView::Print(const std::u16string& title) {
+PrintAnswer PrintByDialog(QWidget* window, const std::u16string& title, const PrintJob& print) {
     AskPrinter* const ask = LoadPrintDialog();
     if (!ask) return {PrintAnswer::Result::Failed, u"norvaset-print.so"};
     PrintTarget target;
-    ask(widget_->window(), DocumentName(title), target);
+    ask(window, DocumentName(title), target);
     if (!target.device) return {};
-    TextPane& pane = Pane();
     const QPageRanges ranges = target.device->pageRanges();
-    PrintedText text{
-        pane.ShownSource(), pane.Text(), pane.IsPlain(), pane.Style(), pane.System(), title, {}};
+    WantedPages wanted;
     if (!ranges.isEmpty()) {
-        text.isWanted = [ranges](int page) { return ranges.contains(page); };
-        text.lastWanted = ranges.lastPage();
+        wanted.isWanted = [ranges](int page) { return ranges.contains(page); };
+        wanted.last = ranges.lastPage();
     }
     QtLineLayout lines;
     QtPictures pictures;
-    QtPrintDevice device(*target.device, widget_->window());
+    QtPrintDevice device(*target.device, window);
     if (!device.Start()) return AnswerOf(PrintEnd::Failed, {}); // the file may be another's
-    PrintEnd end = PrintPages(text, lines, pictures, device);
+    PrintEnd end = print(lines, pictures, device, wanted);
     if (!device.Finish() && end == PrintEnd::Done) end = PrintEnd::Failed;
     return AnswerOf(end, target.file);
 }

@@ -1,4 +1,4 @@
-#include "platform/windows/printing/print_text.h"
+#include "platform/windows/printing/print_dialog.h"
 
 #include "platform/windows/base/text.h"
 #include "platform/windows/line_layout/win_line_layout.h"
@@ -59,17 +59,17 @@ std::u16string LastError() {
     return FromWide(text);
 }
 
-PrintEnd PrintPagesOn(HDC context, HWND owner, PrintedText& text) {
+PrintEnd PrintOn(HDC context, HWND owner, const PrintJob& print, const WantedPages& wanted) {
     PrintProgress progress(owner);
     WinLineLayout lines;
     WinPictures pictures;
     WinPrintDevice device(context, [&progress](int percent) { return progress.GoesOn(percent); });
-    return PrintPages(text, lines, pictures, device);
+    return print(lines, pictures, device, wanted);
 }
 
 } // namespace
 
-PrintAnswer PrintText(HWND owner, const TextPane& pane, const std::u16string& title) {
+PrintAnswer PrintByDialog(HWND owner, const std::u16string& title, const PrintJob& print) {
     const PrintChoice choice(owner);
     if (!choice.IsChosen())
         return choice.Failed() ? PrintAnswer{Result::Failed, {}} : PrintAnswer{};
@@ -82,15 +82,14 @@ PrintAnswer PrintText(HWND owner, const TextPane& pane, const std::u16string& ti
         if (GetLastError() == ERROR_CANCELLED || GetLastError() == ERROR_PRINT_CANCELLED) return {};
         return {Result::Failed, LastError()};
     }
-    PrintedText text{
-        pane.ShownSource(), pane.Text(), pane.IsPlain(), pane.Style(), pane.System(), title, {}};
+    WantedPages wanted;
     if (choice.IsRange()) {
-        text.isWanted = [&choice](int page) {
+        wanted.isWanted = [&choice](int page) {
             return page >= choice.From() && page <= choice.To();
         };
-        text.lastWanted = choice.To();
+        wanted.last = choice.To();
     }
-    const PrintEnd end = PrintPagesOn(choice.Context(), owner, text);
+    const PrintEnd end = PrintOn(choice.Context(), owner, print, wanted);
     if (end == PrintEnd::Done && EndDoc(choice.Context()) > 0) return {Result::Printed, {}};
     const std::u16string reason = end == PrintEnd::GivenUp ? u"" : LastError();
     AbortDoc(choice.Context());

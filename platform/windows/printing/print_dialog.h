@@ -1,0 +1,15 @@
+// Printing by the system's dialog, with word of how far it is and a way to cancel.
+#pragma once
+
+#include "platform/text_view.h"
+#include "platform/windows/base/win32.h"
+#include "view/picture_store.h"
+#include "view/print_flow.h"
+
+#include <functional>
+
+using PrintJob =
+    std::function<PrintEnd(LineLayout&, PictureStore&, PrintDevice&, const WantedPages&)>;
+
+// `owner` takes no input meanwhile.
+PrintAnswer PrintByDialog(HWND owner, const std::u16string& title, const PrintJob& print);

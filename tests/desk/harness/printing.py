@@ -1,0 +1,67 @@
+"""Stories that print into a PDF file by Qt's own dialog."""
+import os
+import subprocess
+
+from harness.wait import wait_for
+
+FROM = 38, 139  # pixels from the dialog's left and lower edges to "Pages from"
+
+
+class Printing:
+    def ask(self):
+        self.program.key("ctrl+p")
+        self.wait_for_dialog()
+
+    def wait_for_dialog(self):
+        self.dialog = wait_for(lambda: self.program.window_named("Print"), "the print dialog")
+        wait_for(lambda: self.program.is_active(self.dialog), "the dialog to have the keyboard")
+
+    def choose_pages(self, first, last):
+        height = self.program.rectangle(self.dialog)[3]
+        self.program.key("alt+o")  # more of the dialog
+        wait_for(lambda: self.program.rectangle(self.dialog)[3] > height, "the options")
+        self.program.wait_until_idle()
+        left, top, _, height = self.program.rectangle(self.dialog)
+        self.program.click(left + FROM[0], top + height - FROM[1])
+        for page in (first, last):
+            self.program.key("Tab")
+            self.screen.xdotool("type", "--delay", 0, str(page))
+
+    def print(self):
+        self.program.key("Return")
+        wait_for(self.is_printed, "the whole file")
+        self.wait_until_alone()
+
+    def pdf(self):
+        """The file that the dialog proposes."""
+        found = [name for name in os.listdir(self.program.home) if name.endswith(".pdf")]
+        return os.path.join(self.program.home, found[0]) if found else None
+
+    def is_printed(self):
+        """Between the dialog and word of the progress no other window is open. The dialog makes a file
+        of its own for a moment, to see that it can be written."""
+        path = self.pdf()
+        try:
+            with open(path or "", "rb") as file:
+                return file.read().rstrip().endswith(b"%%EOF")
+        except FileNotFoundError:
+            return False
+
+    def wait_until_alone(self):
+        wait_for(lambda: self.program.windows() == [self.program.window], "all dialogs to close")
+        self.program.activate()
+
+    def cancel_while_it_prints(self):
+        self.program.key("Return")
+        progress = wait_for(lambda: next((w for w in self.program.windows("--name", "^Print$")
+                                          if w != self.dialog), None), "word that it prints")
+        wait_for(lambda: self.program.is_active(progress), "it to have the keyboard")
+        self.program.key("Escape")
+        self.wait_until_alone()
+
+    def pages(self):
+        done = subprocess.run(["pdftotext", "-layout", self.pdf(), "-"], capture_output=True,
+                              check=True)
+        pages = done.stdout.decode().split("\f")[:-1]
+        return [[" ".join(line.split()) for line in page.splitlines() if line.strip()]
+                for page in pages]

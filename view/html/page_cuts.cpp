@@ -1,0 +1,62 @@
+#include "view/html/page_cuts.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+constexpr double smallShare = 1.0 / 3; // of a page's height
+
+class SpanCollector {
+  public:
+    explicit SpanCollector(int pageHeight) : pageHeight_(pageHeight) {}
+
+    void Collect(const PageFragment& fragment, double top) {
+        for (const PlacedLines& lines : fragment.lines)
+            for (const InlineLine& line : lines.layout.lines)
+                Add(top + line.top, line.height, SolidSpan::Kind::Line);
+        for (const PlacedImage& picture : fragment.pictures)
+            Add(top + picture.top, picture.height, SolidSpan::Kind::Picture);
+        // Rules, and frames around nothing.
+        for (const PlacedBox& box : fragment.boxes)
+            if (box.height < pageHeight_ * smallShare)
+                Add(top + box.top, box.height, SolidSpan::Kind::Part);
+        for (const PlacedPart& part : fragment.parts) {
+            const bool isSimple = part.fragment->parts.size() <= 1;
+            const double most = isSimple ? pageHeight_ : pageHeight_ * smallShare;
+            if (part.fragment->height <= most)
+                Add(top + part.top, part.fragment->height, SolidSpan::Kind::Part);
+            Collect(*part.fragment, top + part.top);
+        }
+    }
+
+    std::vector<SolidSpan> spans;
+
+  private:
+    void Add(double top, double height, SolidSpan::Kind kind) {
+        if (height <= 0 || height > pageHeight_) return;
+        spans.push_back({int(std::floor(top)), int(std::ceil(top + height)), kind});
+    }
+
+    int pageHeight_;
+};
+} // namespace
+
+std::vector<SolidSpan> SolidSpans(const PageFragment& fragment, int pageHeight) {
+    SpanCollector collector(pageHeight);
+    collector.Collect(fragment, 0);
+    return std::move(collector.spans);
+}
+
+// Spans of neighbours touch or overlap by the pixel that their edges were rounded to.
+int CutBetween(const std::vector<SolidSpan>& spans, SolidSpan::Kind upTo, int from, int limit) {
+    int cut = limit;
+    for (bool moved = true; moved && cut > from;) {
+        moved = false;
+        for (const SolidSpan& span : spans) {
+            if (span.kind > upTo || span.top >= cut - 1 || span.bottom <= cut + 1) continue;
+            cut = span.top;
+            moved = true;
+        }
+    }
+    return std::max(cut, from);
+}

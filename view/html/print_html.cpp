@@ -1,0 +1,128 @@
+#include "view/html/print_html.h"
+
+#include "common/contrast.h"
+#include "view/html/page_cuts.h"
+#include "view/html/paper_lines.h"
+#include "view/html/shown_page.h"
+#include "view/page/page_painter.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+constexpr double cssPerInch = 96, frameSize = 8; // points
+constexpr double smallestScale = 0.5;
+constexpr Color paper = 0xFFFFFF;
+
+class PrintedZone final : public PrintedBlock {
+  public:
+    PrintedZone(PageFragmentPtr fragment, int percent, int pageHeight, const PagePaint& paint)
+        : fragment_(std::move(fragment)), percent_(percent), paint_(paint),
+          spans_(SolidSpans(*fragment_, pageHeight)) {}
+
+    int Height() const override { return int(std::ceil(fragment_->height)); }
+    int Percent() const override { return percent_; }
+
+    // At the top of a page something is cut in any case where nothing fits: table cells and floats
+    // before pictures, these before lines.
+    int CutAbove(int from, int limit, int pageHeight) const override {
+        using enum SolidSpan::Kind;
+        int cut = CutBetween(spans_, Part, from, limit);
+        if (limit - from < pageHeight) return cut;
+        if (cut == from) cut = CutBetween(spans_, Picture, from, limit);
+        if (cut == from) cut = CutBetween(spans_, Line, from, limit);
+        return cut;
+    }
+
+    int BehindSpace(int from) const override {
+        int next = Height();
+        for (const SolidSpan& span : spans_)
+            if (span.bottom > from + 1) next = std::min(next, std::max(from, span.top));
+        return next;
+    }
+
+    void Paint(Canvas& canvas, Point origin, const Rect& clip) const override {
+        PagePaint paint = paint_;
+        paint.clip = clip;
+        PaintFragment(canvas, paint, *fragment_, origin.x, origin.y);
+    }
+
+  private:
+    PageFragmentPtr fragment_;
+    int percent_;
+    const PagePaint& paint_;
+    std::vector<SolidSpan> spans_;
+};
+
+class HtmlPrinter {
+  public:
+    HtmlPrinter(const PrintedPage& page, LineLayout& lines, PictureStore& pictures,
+                PrintDevice& device)
+        : page_(page), lines_(lines), device_(device), pictures_(page.page, page.files, pictures) {
+        lines.SetResolution(device.Dpi());
+    }
+
+    PrintEnd Run() {
+        TextStyle small;
+        small.font.points = frameSize;
+        const PrintFrame frame(page_.title, small, lines_, device_);
+        room_ = frame.Room();
+        LayOut(1);
+        const auto widest = Widest();
+        if (!widest) return PrintEnd::GivenUp;
+        if (*widest > room_.width + 1) LayOut(std::max(smallestScale, room_.width / *widest));
+        PagePaint paint{shown_->Boxes(),
+                        shown_->Look().scale,
+                        ReadableOn(paper, shown_->TextColor()),
+                        {},
+                        {},
+                        {},
+                        {}};
+        paint.backgrounds = false;
+        paint.drawPicture = [this](Canvas& on, PageBoxId box, const Rect& where) {
+            return pictures_.Draw(on, pictures_.PictureOf(shown_->Boxes()[box]), where);
+        };
+        std::size_t zone = 0;
+        const auto next = [&]() -> std::shared_ptr<const PrintedBlock> {
+            PageFlow& flow = shown_->Flow();
+            if (zone == flow.ZoneCount()) return nullptr;
+            const int percent = int(100 * zone / flow.ZoneCount());
+            return std::make_shared<PrintedZone>(flow.LayOut(zone++), percent, room_.height, paint);
+        };
+        return PrintFlow(next, frame, page_.wanted, device_);
+    }
+
+  private:
+    void LayOut(double share) {
+        PageLook look;
+        look.dpi = device_.Dpi();
+        look.scale = look.dpi / cssPerInch * page_.zoom / 100 * share;
+        look.viewport = {room_.width, room_.height};
+        look.onPaper = true;
+        shown_.emplace(page_.page, page_.sheets, pictures_, lines_, look);
+    }
+
+    // Nothing when the job was given up meanwhile.
+    std::optional<double> Widest() {
+        double widest = 0;
+        PageFlow& flow = shown_->Flow();
+        for (std::size_t zone = 0; zone < flow.ZoneCount(); ++zone) {
+            if (!device_.GoesOn(0)) return std::nullopt;
+            widest = std::max(widest, RightEdge(*flow.LayOut(zone)));
+        }
+        return widest;
+    }
+
+    const PrintedPage& page_;
+    PaperLines lines_;
+    PrintDevice& device_;
+    PagePictures pictures_;
+    Rect room_;
+    std::optional<ShownPage> shown_;
+};
+} // namespace
+
+PrintEnd PrintHtml(const PrintedPage& page, LineLayout& lines, PictureStore& pictures,
+                   PrintDevice& device) {
+    return HtmlPrinter(page, lines, pictures, device).Run();
+}

@@ -1,0 +1,129 @@
+#include "view/print_flow.h"
+
+#include "view/one_line.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace {
+constexpr Color black = 0x000000;
+
+// A block, or the part of it that stands on a page.
+struct PlacedBlock {
+    std::shared_ptr<const PrintedBlock> block;
+    int from = 0, to = 0; // of the block's height
+    int top = 0;          // on the page, below the head
+};
+
+class PageCutter {
+  public:
+    PageCutter(const NextPrintedBlock& next, int height)
+        : source_(next), height_(height), next_(next()) {}
+
+    bool IsAtEnd() const { return !next_; }
+    int Percent() const { return next_ ? next_->Percent() : 100; }
+
+    std::vector<PlacedBlock> Next() {
+        std::vector<PlacedBlock> parts = Fill();
+        SkipSpace();
+        return parts;
+    }
+
+  private:
+    std::vector<PlacedBlock> Fill() {
+        std::vector<PlacedBlock> parts;
+        int top = 0;
+        while (next_) {
+            const int to = EndOnPage(top, parts.empty());
+            if (to == from_ && !parts.empty()) return parts;
+            parts.push_back({next_, from_, to, top});
+            top += to - from_;
+            from_ = to;
+            if (to < next_->Height()) return parts;
+            next_ = source_();
+            from_ = 0;
+        }
+        return parts;
+    }
+
+    int EndOnPage(int top, bool first) const {
+        const int room = height_ - top;
+        if (next_->Height() - from_ <= room) return next_->Height();
+        const int cut = next_->CutAbove(from_, from_ + room, height_);
+        return cut == from_ && first ? from_ + room : cut;
+    }
+
+    // A page does not begin with space, and there is none of space alone.
+    void SkipSpace() {
+        while (next_) {
+            from_ = next_->BehindSpace(from_);
+            if (from_ < next_->Height() || next_->Height() == 0) return;
+            next_ = source_();
+            from_ = 0;
+        }
+    }
+
+    const NextPrintedBlock& source_;
+    int height_;
+    std::shared_ptr<const PrintedBlock> next_;
+    int from_ = 0; // of the next block's height
+};
+
+bool PrintPage(const std::vector<PlacedBlock>& parts, int number, const PrintFrame& frame,
+               PrintDevice& device) {
+    Canvas* const canvas = device.BeginPage();
+    if (!canvas) return false;
+    const Size page = device.Page();
+    device.ClipTo({0, 0, page.width, page.height});
+    frame.Draw(*canvas, number);
+    const int head = frame.Room().top;
+    for (const PlacedBlock& part : parts) {
+        const Rect clip{0, head + part.top, page.width, part.to - part.from};
+        device.ClipTo(clip);
+        part.block->Paint(*canvas, {0, clip.top - part.from}, clip);
+    }
+    return device.EndPage();
+}
+} // namespace
+
+PrintFrame::PrintFrame(std::u16string title, const TextStyle& style, LineLayout& lines,
+                       PrintDevice& device)
+    : title_(std::move(title)), lines_(lines), device_(device), style_(lines.Prepare(style)),
+      metrics_(lines.Metrics(*style_)) {}
+
+int PrintFrame::LineHeight() const {
+    return int(std::ceil(metrics_.Height()));
+}
+
+Rect PrintFrame::Room() const {
+    const int edge = 2 * LineHeight(); // with the space to what is between
+    const Size page = device_.Page();
+    return {0, edge, std::max(1, page.width), std::max(1, page.height - 2 * edge)};
+}
+
+void PrintFrame::Draw(Canvas& canvas, int number) const {
+    DrawCentred(canvas, title_, 0);
+    const std::string digits = std::to_string(number);
+    DrawCentred(canvas, {digits.begin(), digits.end()}, device_.Page().height - LineHeight());
+}
+
+void PrintFrame::DrawCentred(Canvas& canvas, const std::u16string& text, int top) const {
+    const Size page = device_.Page();
+    const auto line = LayOutOneLine(lines_, style_, text, page.width);
+    const int left = (page.width - int(std::ceil(line->Line(0).width))) / 2;
+    line->Draw(canvas, 0, left, top + int(std::lround(metrics_.ascent)),
+               {.text = black, .clip = {0, top, page.width, LineHeight()}});
+}
+
+PrintEnd PrintFlow(const NextPrintedBlock& next, const PrintFrame& frame, const WantedPages& wanted,
+                   PrintDevice& device) {
+    PageCutter pages(next, frame.Room().height);
+    for (int number = 1; (number == 1 || !pages.IsAtEnd()) && number <= wanted.last; ++number) {
+        if (!device.GoesOn(pages.Percent())) return PrintEnd::GivenUp;
+        const std::vector<PlacedBlock> parts = pages.Next();
+        if (wanted.isWanted && !wanted.isWanted(number)) continue;
+        if (!PrintPage(parts, number, frame, device)) return PrintEnd::Failed;
+    }
+    return PrintEnd::Done;
+}
