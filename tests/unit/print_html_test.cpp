@@ -12,15 +12,13 @@
 namespace {
 constexpr int headAndFoot = 2 * 11; // pixels of a sheet: two lines of 8 points each
 
-// Pictures of one size, which are remembered where they are drawn.
+// Pictures are remembered where they are drawn.
 class FramedPictures : public NoPictures {
   public:
-    Size NaturalSize(const Picture&) override { return size; }
     bool Draw(Canvas&, const Picture&, const Rect& box) override {
         drawn.push_back(box);
         return true;
     }
-    Size size;
     std::vector<Rect> drawn;
 };
 
@@ -37,7 +35,13 @@ struct Job {
     explicit Job(std::string_view body)
         : page(u"/book/page.htm", "<!DOCTYPE html><body>" + std::string(body), 1252),
           files(disk, page) {
-        disk.AddFile(u"/book/a.png", "\x89PNG\r\n\x1A\n");
+        AddPicture(1, 1);
+    }
+    void AddPicture(int width, int height) {
+        std::string png = std::string("\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR", 16);
+        for (const int size : {width, height})
+            png += {0, 0, char(size >> 8), char(size)};
+        disk.AddFile(u"/book/a.png", png);
     }
     PrintEnd Print() {
         return PrintHtml({page, files, sheets, zoom, u"The Title", wanted}, lines, pictures, paper);
@@ -140,7 +144,7 @@ TEST_CASE("print html: an empty page is one sheet") {
 
 TEST_CASE("print html: a picture stands on one sheet, and one larger than that becomes smaller") {
     Job job(Paragraphs(3) + "<p><img src=a.png></p>" + Paragraphs(3));
-    job.pictures.size = {100, 200};
+    job.AddPicture(100, 200);
     REQUIRE(job.Print() == PrintEnd::Done);
     REQUIRE(job.pictures.drawn.size() == 1);
     CHECK(job.pictures.drawn[0].height == 200);
@@ -148,7 +152,7 @@ TEST_CASE("print html: a picture stands on one sheet, and one larger than that b
     CHECK(job.Body(0).size() == 3);
 
     Job large("<img src=a.png>");
-    large.pictures.size = {1000, 1000};
+    large.AddPicture(1000, 1000);
     REQUIRE(large.Print() == PrintEnd::Done);
     REQUIRE(large.pictures.drawn.size() >= 1);
     CHECK(large.pictures.drawn[0].width <= 300);
