@@ -21,8 +21,8 @@ struct ReadingObject {
     int rows = 0, columns = 0; // of a table
     // What a picture shows; of others, what those in it show where it has no text to be called by.
     std::u16string name;
-    std::u16string address;    // of a link, as the book writes it
-    std::uint32_t node = 0;    // the view's own number for it
+    std::u16string address; // of a link, as the book writes it
+    std::uint32_t node = 0; // the view's own number for it
     // In the vector that it is in, which has them in the text's order: the one that it is in, and
     // behind the last one within it.
     std::size_t parent = noReadingObject, end = 0;

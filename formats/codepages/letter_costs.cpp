@@ -175,7 +175,8 @@ std::optional<PageCost> LetterCosts::Cheapest(int page, const char16_t* units, i
         if (!HasCoreLetters(model, page, letters)) continue;
         const LanguageReader reader(model, properties, evidence_);
         const int lone = LoneLetters(model.script, properties, evidence_);
-        const bool isRightToLeft = model.script == LetterScript::Hebrew || model.script == LetterScript::Arabic;
+        const bool isRightToLeft =
+            model.script == LetterScript::Hebrew || model.script == LetterScript::Arabic;
         for (const bool reversed : {false, true}) {
             if (reversed && !isRightToLeft) break;
             int cost =

@@ -4,7 +4,8 @@
 
 namespace {
 
-// A closed `details` is shown as an open one: nothing here opens it. `rt` stands raised in the line.
+// A closed `details` is shown as an open one: nothing here opens it. `rt` stands raised in the
+// line.
 constexpr std::u16string_view defaultText = uR"css(
 area, base, basefont, datalist, head, link, meta, noembed, noframes, param, rp, script, style,
 template, title, source, track, option, optgroup, select, [hidden], dialog:not([open]) {
