@@ -213,7 +213,7 @@ TEST_CASE("Windows pictures: each format of pages, upright and in its place") {
         {bmpPicture, PictureFormat::Bmp, 1, {8, 50}, 4, 5, 4, 45},
         {icoPicture, PictureFormat::Ico, 1, {8, 50}, 4, 5, 4, 45},
     };
-    const auto part = [](Color color, int byte) { return color >> 8 * byte & 0xFF; };
+    const auto part = [](Color color, int index) { return color >> 8 * index & 0xFF; };
     for (const auto& c : cases) {
         CAPTURE(static_cast<int>(c.format));
         CAPTURE(static_cast<int>(c.orientation));

@@ -40,9 +40,9 @@ bool IsInstalledFamily(const std::wstring& family) {
     if (family.empty() || family.size() >= LF_FACESIZE) return false; // an empty one is any
     family.copy(asked.lfFaceName, LF_FACESIZE - 1);
     bool found = false;
-    const auto report = [](const LOGFONTW*, const TEXTMETRICW*, DWORD type, LPARAM found) -> int {
+    const auto report = [](const LOGFONTW*, const TEXTMETRICW*, DWORD type, LPARAM result) -> int {
         const bool hasOutlines = (type & RASTER_FONTTYPE) == 0;
-        *reinterpret_cast<bool*>(found) |= hasOutlines;
+        *reinterpret_cast<bool*>(result) |= hasOutlines;
         return hasOutlines ? 0 : 1;
     };
     const HDC screen = GetDC(nullptr);
