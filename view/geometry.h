@@ -3,6 +3,9 @@
 
 #include "common/geometry.h"
 
+#include <algorithm>
+#include <cmath>
+
 struct Point {
     int x = 0, y = 0;
     friend Point operator+(Point a, Point b) { return {a.x + b.x, a.y + b.y}; }
@@ -14,6 +17,11 @@ struct Size {
     bool IsEmpty() const { return width <= 0 || height <= 0; }
     bool operator==(const Size&) const = default;
 };
+
+// In whole pixels, and so that the sum of two is one, too: a page may ask for any length.
+inline int Rounded(double length) {
+    return int(std::lround(std::clamp(length, -5e8, 5e8)));
+}
 
 // The edges behind the last pixels.
 inline int Right(const Rect& box) {

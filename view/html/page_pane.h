@@ -114,6 +114,8 @@ class PagePane : public ReadablePane {
         double lines = 0; // of its letters' top in the view, in heights of them
     };
     static constexpr int measuringInterval = 10; // milliseconds
+    // For a place that is asked for; what is above it may take longer to be measured.
+    static constexpr int placeTime = 300;
 
     bool UpdateLayout(); // false without a page
     void LayOutAnew(const PageLook& look);

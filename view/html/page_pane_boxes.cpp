@@ -2,7 +2,6 @@
 #include "view/html/page_pane.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 // The part of the box that is in the view; empty where none is.
@@ -15,10 +14,6 @@ Rect Within(const Rect& box, Size view) {
 Rect Joined(const Rect& a, const Rect& b) {
     const int left = std::min(a.left, b.left), top = std::min(a.top, b.top);
     return {left, top, std::max(Right(a), Right(b)) - left, std::max(Bottom(a), Bottom(b)) - top};
-}
-
-int Rounded(double length) {
-    return int(std::lround(std::clamp(length, -1e9, 1e9)));
 }
 
 // With the corner of its zone. Where the picture is missing its place is that of its alternative

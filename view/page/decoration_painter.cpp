@@ -1,14 +1,11 @@
 #include "view/page/decoration_painter.h"
 
+#include "view/geometry.h"
+
 #include <algorithm>
-#include <cmath>
 #include <optional>
 
 namespace {
-int Rounded(double length) {
-    return int(std::lround(std::clamp(length, -1e8, 1e8)));
-}
-
 // What the units cover of a line, from its left edge on.
 std::optional<TextExtent> Covered(const InlinePiece& piece, const InlineLine& line,
                                   const InlineDecoration& decoration) {

@@ -4,14 +4,9 @@
 #include "view/page/decoration_painter.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 constexpr Color missingPicture = 0xA0A0A0;
-
-int Rounded(double length) {
-    return int(std::lround(std::clamp(length, -1e8, 1e8)));
-}
 
 // Edges are rounded, not sizes: neighbours meet.
 Rect Pixels(double left, double top, double width, double height) {

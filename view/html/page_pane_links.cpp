@@ -1,0 +1,73 @@
+// The links of a page: under the mouse, and by Tab and Enter.
+#include "view/html/page_pane.h"
+
+HtmlNodeId PagePane::LinkAround(HtmlNodeId node) const {
+    const HtmlTree& tree = page_->Tree();
+    for (; node != noHtmlNode; node = tree[node].parent)
+        if (tree[node].Is(HtmlName::A) && tree[node].Attribute(HtmlName::Href)) return node;
+    return noHtmlNode;
+}
+
+HtmlNodeId PagePane::LinkAt(Point point) {
+    if (!UpdateLayout()) return noHtmlNode;
+    const PagePlaces places(*page_, *shown_);
+    const PageScroller::Top at = scroller_.At(point.y);
+    const double x = point.x + scrollX_;
+    if (const HtmlNodeId picture =
+            PictureAt(*shown_->Flow().LayOut(at.zone), shown_->Boxes(), x, at.y))
+        return LinkAround(picture);
+    const auto line = LineAt(point, false);
+    if (!line) return noHtmlNode;
+    const InlineLine& box = line->block.Line(line->line);
+    const double top = scroller_.InView(line->block.zone, line->LineTop());
+    const double left = line->block.left + box.left;
+    const double width = line->block.Piece(line->line).Line(box.line).width;
+    if (point.y < top || point.y >= top + box.height || x < left || x >= left + width)
+        return noHtmlNode;
+    return LinkAround(places.NodeAt(line->block.Content(), places.UnitInLine(*line, x)));
+}
+
+// Of its text; nothing for one without a text.
+std::optional<TextSpan> PagePane::LinkSpan(HtmlNodeId link) const {
+    std::optional<TextSpan> span;
+    const HtmlTree& tree = page_->Tree();
+    for (HtmlNodeId id = link; id != noHtmlNode; id = tree.Next(id, link))
+        if (const HtmlTextPiece* piece = page_->PieceOf(id)) {
+            if (!span) span = TextSpan{piece->start, piece->end};
+            span->end = piece->end;
+        }
+    return span;
+}
+
+// From the one before, or from what is at the top of the view.
+bool PagePane::FocusLink(bool forward) {
+    if (!UpdateLayout()) return false;
+    const TextPos top = StartAtTop();
+    const HtmlTree& tree = page_->Tree();
+    HtmlNodeId found = noHtmlNode;
+    bool passed = false;
+    for (HtmlNodeId id = tree.Body(); id != noHtmlNode; id = tree.Next(id)) {
+        if (id == focusedLink_) passed = true;
+        if (id == focusedLink_ && !forward) break;
+        if (id == focusedLink_ || LinkAround(id) != id) continue;
+        const auto span = LinkSpan(id);
+        if (!span || !PlaceOf(span->start)) continue;
+        const bool isBehind = focusedLink_ == noHtmlNode ? span->start >= top : passed;
+        if (forward && !isBehind) continue;
+        if (!forward && focusedLink_ == noHtmlNode && isBehind) break;
+        found = id;
+        if (forward) break;
+    }
+    if (found == noHtmlNode) return false;
+    focusedLink_ = found;
+    Reveal(LinkSpan(found)->start);
+    window_.Redraw();
+    window_.OnObjectFocused();
+    return true;
+}
+
+bool PagePane::FollowFocusedLink() {
+    if (focusedLink_ == noHtmlNode || !onLink) return false;
+    onLink(focusedLink_);
+    return true;
+}
