@@ -1,10 +1,12 @@
 #include "view/html/loaded_page.h"
 
+#include "formats/html/html_frames.h"
 #include "formats/html/html_reader.h"
 #include "formats/html/html_units.h"
 #include "view/html/page_objects.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 // Blanks at the ends go, others become one.
@@ -21,7 +23,9 @@ std::u16string Collapsed(std::u16string_view text) {
 }
 
 HtmlFile ReadPage(std::string_view bytes, int systemCodePage) {
-    return ReadHtmlFile(bytes, 0, systemCodePage);
+    HtmlFile file = ReadHtmlFile(bytes, 0, systemCodePage);
+    if (auto links = LinksOfFrames(file.tree)) file.tree = ReadHtml(*std::move(links));
+    return file;
 }
 } // namespace
 
