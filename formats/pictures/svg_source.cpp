@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <unordered_set>
 
 namespace {
 using namespace std::string_view_literals;
@@ -102,6 +103,9 @@ class SvgWriter {
     explicit SvgWriter(const HtmlTree& tree) : tree_(tree) {}
 
     std::string Write(HtmlNodeId svg) {
+        for (HtmlNodeId id = svg; id != noHtmlNode; id = tree_.Next(id, svg))
+            if (const auto name = SvgAttribute(tree_, id, u"id"); !name.empty())
+                parts_.insert(name);
         WriteElement(svg, true);
         return out_.size() > maxSvgUnits ? std::string() : Utf16ToUtf8(out_);
     }
@@ -117,6 +121,7 @@ class SvgWriter {
         const bool isSymbol = name == u"symbol"; // drawn where it is used
         const std::u16string_view reference = SvgReference(tree_, id);
         if (name == u"image" && !MayShow(reference)) return;
+        if (name == u"use" && !IsPart(reference)) return;
         if (isSymbol) name = u"g";
         if (isSymbol) out_ += u"<defs>";
         out_.append(u"<").append(name);
@@ -181,6 +186,11 @@ class SvgWriter {
         }
     }
 
+    // A renderer complains of a part that the drawing does not have.
+    bool IsPart(std::u16string_view reference) const {
+        return reference.starts_with(u'#') && parts_.contains(reference.substr(1));
+    }
+
     // A picture that stands in the drawing, of a kind and size that does not surprise.
     bool MayShow(std::u16string_view address) {
         // As it is written here, or a renderer takes it for the name of a file.
@@ -193,6 +203,7 @@ class SvgWriter {
     }
 
     const HtmlTree& tree_;
+    std::unordered_set<std::u16string_view> parts_; // their ids
     std::u16string out_;
     std::int64_t pixels_ = 0;
 };

@@ -66,6 +66,13 @@ TEST_CASE("svg: shapes, texts, gradients and styles stay") {
     CHECK(Has(safe, "<use xlink:href=\"#s\">"));
 }
 
+TEST_CASE("svg: what uses a part that is not there is left out") {
+    const std::string safe =
+        SafeSvg(Drawing("<g id='g'/><use href='#g'/><use href='#none'/><use/><use href='g'/>"));
+    CHECK(Has(safe, "<use xlink:href=\"#g\">"));
+    CHECK(safe.find("<use") == safe.rfind("<use"));
+}
+
 TEST_CASE("svg: nothing leads outside of the drawing") {
     const char* const contents[] = {
         "<image href='secret.png'/>",
