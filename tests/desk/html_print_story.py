@@ -7,7 +7,7 @@ import unittest
 from harness import books
 from harness.engine import Hang, engine, wait_for_ends
 from harness.html_story import OWN_VIEW, HtmlStory, needs_engine, paragraphs, write_page
-from harness.printing import Printing
+from harness.printing import Printing, is_whole
 from harness.story import main
 from harness.wait import wait_for
 
@@ -47,7 +47,7 @@ class HtmlPrint(HtmlStory):
 
     def test_into_a_file(self):
         self.print()
-        wait_for(lambda: os.path.exists(self.pdf), "the file")
+        wait_for(lambda: is_whole(self.pdf), "the file")
         self.wait_until_alone()
         self.assertEqual([line.strip("\f ") for line in self.text()], self.lines)
         self.program.close()
@@ -57,7 +57,7 @@ class HtmlPrint(HtmlStory):
         dialog = wait_for(lambda: self.program.window_named("Print"), "the print dialog")
         wait_for(lambda: self.program.is_active(dialog), "the dialog to have the keyboard")
         self.program.key("Return")
-        wait_for(lambda: os.path.exists(self.pdf), "the file")
+        wait_for(lambda: is_whole(self.pdf), "the file")
         self.wait_until_alone()
         self.program.close()
 
@@ -84,7 +84,7 @@ class HtmlPrint(HtmlStory):
     def test_a_page_that_hangs_is_printed_when_it_answers(self):
         hang = self.print_hanging()
         hang.end()
-        wait_for(lambda: os.path.exists(self.pdf), "the file")
+        wait_for(lambda: is_whole(self.pdf), "the file")
         self.wait_until_alone()
         self.program.close()
 

@@ -7,6 +7,15 @@ from harness.wait import wait_for
 FROM = 38, 139  # pixels from the dialog's left and lower edges to "Pages from"
 
 
+def is_whole(pdf):
+    """The dialog makes a file of its own for a moment, to see that it can be written."""
+    try:
+        with open(pdf, "rb") as file:
+            return file.read().rstrip().endswith(b"%%EOF")
+    except FileNotFoundError:
+        return False
+
+
 class Printing:
     def ask(self):
         self.program.key("ctrl+p")
@@ -38,14 +47,8 @@ class Printing:
         return os.path.join(self.program.home, found[0]) if found else None
 
     def is_printed(self):
-        """Between the dialog and word of the progress no other window is open. The dialog makes a file
-        of its own for a moment, to see that it can be written."""
-        path = self.pdf()
-        try:
-            with open(path or "", "rb") as file:
-                return file.read().rstrip().endswith(b"%%EOF")
-        except FileNotFoundError:
-            return False
+        """Between the dialog and word of the progress no other window is open."""
+        return is_whole(self.pdf() or "")
 
     def wait_until_alone(self):
         wait_for(lambda: self.program.windows() == [self.program.window], "all dialogs to close")
