@@ -67,9 +67,10 @@ class HtmlPlaces(HtmlStory):
 
     def read_to_a_line(self):
         """One that is whole at the top."""
-        self.read_and_mark()
+        marked, _ = self.read_and_mark()
         self.go_to_bookmark()
-        return wait_for(self.top_words, "the bookmark's line")
+        self.assert_at(marked)
+        return self.top_words()
 
     def set_width(self, pixels):
         """Of the next window, as on another screen."""
