@@ -1,6 +1,7 @@
 """Pictures of a window, compared pixel by pixel."""
 import subprocess
 
+TAKING = 20      # seconds
 COLOURED = 60    # between the channels of a pixel that is no shade of grey
 CARET_WIDTH = 3  # pixels; the caret may be on in one picture and off in the other
 
@@ -48,8 +49,12 @@ class Picture:
 
 def grab(screen, window):
     """The picture of a window, or None while it cannot be taken."""
-    done = subprocess.run(["import", "-silent", "-window", str(window), "-depth", "8", "ppm:-"],
-                          env=screen.environment, capture_output=True, check=False)
+    try:
+        done = subprocess.run(["import", "-silent", "-window", str(window), "-depth", "8", "ppm:-"],
+                              env=screen.environment, capture_output=True, check=False,
+                              timeout=TAKING)
+    except subprocess.TimeoutExpired:
+        return None  # for a window that is gone it waits until somebody clicks at another
     header = done.stdout.split(b"\n", 3)
     if done.returncode != 0 or len(header) != 4:
         return None

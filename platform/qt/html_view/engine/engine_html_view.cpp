@@ -71,15 +71,10 @@ void EngineHtmlView::ConnectPage(int page) {
     connect(page_.get(), &QWebEnginePage::loadFinished, this, [this, page](bool done) {
         if (done) OnLoadFinished(page);
     });
-    const auto gone = [this, dead = page_.get()] {
-        if (dead == page_.get()) OnPageGone(); // may have been replaced since
-    };
-    connect(page_.get(), &QWebEnginePage::renderProcessTerminated, this, gone,
-            Qt::QueuedConnection);
+    const auto gone = [this] { PostForPage([this] { OnPageGone(); }); };
+    connect(page_.get(), &QWebEnginePage::renderProcessTerminated, this, gone);
     monitor_->onResponsiveChanged = [this] { OnResponsiveChanged(); };
-    monitor_->onMemoryExceeded = [this, gone] { // the monitor stops after it
-        QMetaObject::invokeMethod(page_.get(), gone, Qt::QueuedConnection);
-    };
+    monitor_->onMemoryExceeded = gone; // the monitor stops after it
     // Navigation within the page, which has not scrolled yet.
     connect(page_.get(), &QWebEnginePage::urlChanged, this, [this] {
         if (!snapshot_.body) return;
@@ -129,6 +124,16 @@ void EngineHtmlView::ReleasePage() {
     page_.release()->deleteLater();
 }
 
+// Unless there is another page by then, or none.
+void EngineHtmlView::PostForPage(std::function<void()> work) {
+    QMetaObject::invokeMethod(
+        page_.get(),
+        [this, page = page_.get(), work = std::move(work)] {
+            if (page == page_.get()) work();
+        },
+        Qt::QueuedConnection);
+}
+
 void EngineHtmlView::OnLoadFinished(int page) {
     if (std::exchange(loadFinished_, true)) return;
     calls_->LoadScript();
@@ -152,13 +157,10 @@ void EngineHtmlView::OnDocumentInfo(int page, const QVariant& info) {
     }
     // Queued: within its own callback the engine does not start another script, and the handler may
     // query the page.
-    QMetaObject::invokeMethod(
-        page_.get(),
-        [this, page] {
-            CallHandler(onLoaded, page,
-                        FromQt(WithFileScheme(page_->url()).toString(QUrl::FullyEncoded)));
-        },
-        Qt::QueuedConnection);
+    PostForPage([this, page] {
+        CallHandler(onLoaded, page,
+                    FromQt(WithFileScheme(page_->url()).toString(QUrl::FullyEncoded)));
+    });
 }
 
 void EngineHtmlView::OnPageGone() {
@@ -181,22 +183,17 @@ void EngineHtmlView::OnLink(const QUrl& address) {
     const auto path = LocalPathOf(address);
     const std::u16string url = FromQt(WithFileScheme(address).toString(QUrl::FullyEncoded));
     // Queued: this is called from acceptNavigationRequest().
-    QMetaObject::invokeMethod(
-        page_.get(),
-        [this, url, path] { CallHandler(onLink, url, path ? Utf8ToUtf16(*path, u'?') : u""); },
-        Qt::QueuedConnection);
+    PostForPage(
+        [this, url, path] { CallHandler(onLink, url, path ? Utf8ToUtf16(*path, u'?') : u""); });
 }
 
 // Queued: this runs in a callback of the engine. Not during a query, whose end calls this again.
 void EngineHtmlView::NotifyJump() {
     if (!pendingJump_ || !page_) return;
-    QMetaObject::invokeMethod(
-        page_.get(),
-        [this] {
-            if (pendingQuery_ || !pendingJump_) return;
-            CallHandler(onJump, *std::exchange(pendingJump_, std::nullopt));
-        },
-        Qt::QueuedConnection);
+    PostForPage([this] {
+        if (pendingQuery_ || !pendingJump_) return;
+        CallHandler(onJump, *std::exchange(pendingJump_, std::nullopt));
+    });
 }
 
 PrintAnswer EngineHtmlView::Print(const std::u16string&) {
@@ -229,12 +226,9 @@ void EngineHtmlView::SetPageZoom() {
 void EngineHtmlView::OnZoomApplied(const QVariant& state, int revision) {
     if (revision == revision_) ApplyState(state);
     // Queued: this runs in a callback of the engine.
-    QMetaObject::invokeMethod(
-        page_.get(),
-        [this] {
-            if (snapshot_.zoomSteps == zoom_.Steps()) CallHandler(onZoomed);
-        },
-        Qt::QueuedConnection);
+    PostForPage([this] {
+        if (snapshot_.zoomSteps == zoom_.Steps()) CallHandler(onZoomed);
+    });
 }
 
 void EngineHtmlView::SendZoomKey(bool larger) {

@@ -86,6 +86,7 @@ class EngineHtmlView final : public QObject, public EngineView {
     void CreatePage();
     void ConnectPage(int page);
     void ReleasePage();
+    void PostForPage(std::function<void()> work);
     void OnLoadFinished(int page);
     void OnDocumentInfo(int page, const QVariant& info);
     void OnPageGone();

@@ -30,13 +30,10 @@ std::function<void(const QVariant&)> EngineHtmlView::StateHandler() {
 void EngineHtmlView::ScheduleStateUpdate() {
     if (!CanCall() || updateScheduled_) return;
     updateScheduled_ = true;
-    QMetaObject::invokeMethod(
-        page_.get(),
-        [this] {
-            updateScheduled_ = false;
-            calls_->QueryState(StateHandler());
-        },
-        Qt::QueuedConnection);
+    PostForPage([this] {
+        updateScheduled_ = false;
+        calls_->QueryState(StateHandler());
+    });
 }
 
 void EngineHtmlView::ApplyState(const QVariant& state) {
