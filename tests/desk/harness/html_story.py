@@ -3,7 +3,7 @@ import os
 import shutil
 import unittest
 
-from harness.clipboard import clipboard
+from harness.clipboard import copied
 from harness.color_dialog import ColorDialog
 from harness.dialog import Dialog
 from harness.story import Story
@@ -65,10 +65,7 @@ class HtmlStory(Story):
 
     def whole_text(self, reader):
         """As it is copied, once the page is there; a page of no text never is."""
-        def take():
-            reader.key("ctrl+a", "ctrl+c")
-            return clipboard(self.screen)
-        return wait_for(take, "the page's text")
+        return copied(reader, "ctrl+a", "ctrl+c")
 
     def choose(self, menu, *keys):
         self.program.open_menu(menu)
