@@ -1,22 +1,9 @@
 #include "formats/html/html_frames.h"
 
+#include "formats/html/html_escape.h"
+
 namespace {
 constexpr int maxFrames = 1000;
-
-std::u16string Escaped(std::u16string_view text) {
-    std::u16string result;
-    for (const char16_t unit : text) {
-        if (unit == u'&')
-            result += u"&amp;";
-        else if (unit == u'<')
-            result += u"&lt;";
-        else if (unit == u'"')
-            result += u"&quot;";
-        else
-            result += unit;
-    }
-    return result;
-}
 
 std::u16string_view ValueOf(const HtmlNode& element, HtmlName name) {
     const HtmlAttribute* attribute = element.Attribute(name);
@@ -28,13 +15,16 @@ std::u16string HeadOf(const HtmlTree& page) {
     std::u16string head;
     const HtmlNodeId top = page.Head();
     for (HtmlNodeId id = top; id != noHtmlNode; id = page.Next(id, top)) {
-        if (page[id].Is(HtmlName::Base))
-            head += u"<base href=\"" + Escaped(ValueOf(page[id], HtmlName::Href)) + u"\">";
+        if (page[id].Is(HtmlName::Base)) {
+            head += u"<base href=\"";
+            AppendHtmlAttribute(head, ValueOf(page[id], HtmlName::Href));
+            head += u"\">";
+        }
         if (!page[id].Is(HtmlName::Title)) continue;
         head += u"<title>";
         for (HtmlNodeId text = page[id].firstChild; text != noHtmlNode;
              text = page[text].nextSibling)
-            head += Escaped(page[text].Text());
+            AppendHtmlText(head, page[text].Text());
         head += u"</title>";
     }
     return head;
@@ -52,7 +42,11 @@ std::optional<std::u16string> LinksOfFrames(const HtmlTree& page) {
         std::u16string_view text = ValueOf(page[id], HtmlName::Title);
         if (text.empty()) text = ValueOf(page[id], HtmlName::Name);
         if (text.empty()) text = address;
-        source += u"<p><a href=\"" + Escaped(address) + u"\">" + Escaped(text) + u"</a></p>\n";
+        source += u"<p><a href=\"";
+        AppendHtmlAttribute(source, address);
+        source += u"\">";
+        AppendHtmlText(source, text);
+        source += u"</a></p>\n";
         ++frames;
     }
     return source;

@@ -1,5 +1,6 @@
 #include "formats/html/html_selection.h"
 
+#include "formats/html/html_escape.h"
 #include "formats/html/html_finish.h"
 
 #include <algorithm>
@@ -97,7 +98,7 @@ class SourceWriter {
             source_ += u' ';
             source_ += tree_.Name(attribute.name);
             source_ += u"=\"";
-            WriteEscaped(attribute.Value(), true);
+            AppendHtmlAttribute(source_, attribute.Value());
             source_ += u'"';
         }
         source_ += u'>';
@@ -114,24 +115,7 @@ class SourceWriter {
         }
     }
 
-    void WriteText(std::u16string_view text) { WriteEscaped(text, false); }
-
-    void WriteEscaped(std::u16string_view text, bool inAttribute) {
-        for (const char16_t unit : text) {
-            if (unit == u'&')
-                source_ += u"&amp;";
-            else if (unit == u'\u00A0')
-                source_ += u"&nbsp;";
-            else if (unit == u'<' && !inAttribute)
-                source_ += u"&lt;";
-            else if (unit == u'>' && !inAttribute)
-                source_ += u"&gt;";
-            else if (unit == u'"' && inAttribute)
-                source_ += u"&quot;";
-            else
-                source_ += unit;
-        }
-    }
+    void WriteText(std::u16string_view text) { AppendHtmlText(source_, text); }
 
     const HtmlTree& tree_;
     const HtmlCountedText& counted_;

@@ -2,8 +2,6 @@
 #include "view/html/page_pane.h"
 #include "view/scroll_label.h"
 
-#include <algorithm>
-
 namespace {
 constexpr int labelTime = 1200; // milliseconds
 } // namespace

@@ -1,28 +1,11 @@
 // How a page looks and what it consists of, for those who do not see it.
 #include "view/html/page_objects.h"
 #include "view/html/page_pane.h"
+#include "view/page/text_alignment.h"
 
 #include <algorithm>
 
 namespace {
-Alignment AlignmentOf(const CssInheritedStyle& style) {
-    const bool rightToLeft = style.direction == CssDirection::RightToLeft;
-    switch (style.textAlign) {
-    case CssTextAlign::Left:
-    case CssTextAlign::HtmlLeft: return Alignment::Left;
-    case CssTextAlign::Right:
-    case CssTextAlign::HtmlRight: return Alignment::Right;
-    case CssTextAlign::Center:
-    case CssTextAlign::HtmlCenter:
-    case CssTextAlign::HeaderCell: return Alignment::Center;
-    case CssTextAlign::Justify: return Alignment::Justified;
-    case CssTextAlign::End: return rightToLeft ? Alignment::Left : Alignment::Right;
-    case CssTextAlign::Start:
-    case CssTextAlign::MatchParent: break;
-    }
-    return rightToLeft ? Alignment::Right : Alignment::Left;
-}
-
 TextBaseline BaselineOf(CssVerticalAlign align) {
     return align == CssVerticalAlign::Super ? TextBaseline::Superscript
            : align == CssVerticalAlign::Sub ? TextBaseline::Subscript

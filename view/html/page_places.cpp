@@ -1,7 +1,6 @@
 #include "view/html/page_places.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 namespace {

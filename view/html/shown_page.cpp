@@ -4,7 +4,6 @@
 #include "view/page/page_box_builder.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
 
 namespace {

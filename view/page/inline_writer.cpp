@@ -4,6 +4,7 @@
 #include "common/text.h"
 #include "formats/html/html_units.h"
 #include "view/layout_cost.h"
+#include "view/page/text_alignment.h"
 #include "view/page/text_case.h"
 #include "view/page/text_cut.h"
 
@@ -16,21 +17,6 @@ constexpr char16_t noBreakSpace = u'\u00A0', wordJoiner = u'\u2060';
 
 bool Wraps(CssWhiteSpace whiteSpace) {
     return whiteSpace != CssWhiteSpace::NoWrap && whiteSpace != CssWhiteSpace::Pre;
-}
-
-Alignment AlignmentOf(const CssInheritedStyle& style) {
-    const bool rightToLeft = style.direction == CssDirection::RightToLeft;
-    switch (style.textAlign) {
-    case CssTextAlign::Left:
-    case CssTextAlign::HtmlLeft: return Alignment::Left;
-    case CssTextAlign::Right:
-    case CssTextAlign::HtmlRight: return Alignment::Right;
-    case CssTextAlign::Center:
-    case CssTextAlign::HtmlCenter: return Alignment::Center;
-    case CssTextAlign::Justify: return Alignment::Justified;
-    case CssTextAlign::End: return rightToLeft ? Alignment::Left : Alignment::Right;
-    default: return rightToLeft ? Alignment::Right : Alignment::Left;
-    }
 }
 
 bool GoesOn(const InlineOrigin& before, const InlineOrigin& origin) {
