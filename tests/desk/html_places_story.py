@@ -66,6 +66,13 @@ class HtmlPlaces(HtmlStory):
         self.program.key("Up", "Return")
         wait_for(lambda: not self.program.popups(), "the menu to close")
 
+    def go_to_bookmark_at(self, words):
+        """Once the page is there: its bookmarks come into the menu with it."""
+        def goes_there():
+            self.go_to_bookmark()
+            return words[0] in self.top_words()
+        wait_for(goes_there, f"{words[0]} on top, by the bookmark")
+
     def read_to_a_line(self):
         """One that is whole at the top."""
         marked, _ = self.read_and_mark()
@@ -175,11 +182,7 @@ class HtmlPlaces(HtmlStory):
         self.wait_for_place(self.program, strip)
         self.assert_at(words)
         self.program.key("F5")
-
-        def goes_to_bookmark():  # once the page is there again
-            self.go_to_bookmark()
-            return marked[0] in self.top_words()
-        wait_for(goes_to_bookmark, "the bookmark's line")
+        self.go_to_bookmark_at(marked)
         self.program.close()
         self.start_again()
         self.assert_at(marked)
@@ -200,6 +203,36 @@ class HtmlPlaces(HtmlStory):
         self.wait_for_place(self.program, strip)
         self.go_to_bookmark()
         self.assert_at(marked)
+        self.program.close()
+
+    def mark_in_shelf(self, name, lines):
+        """Opened, read on, marked and closed; the words of its bookmark and of its place."""
+        self.book = write_page(self.path(os.path.join("shelf", name)), paragraphs(lines))
+        self.program.start(self.book)
+        self.program.wait_for_book("Lanterns")
+        words = self.read_and_mark()
+        self.program.close()
+        return words
+
+    def test_a_folder_that_was_renamed_comes_back_whole(self):
+        self.program.close()
+        os.remove(self.book)
+        os.mkdir(self.path("shelf"))
+        marked, _ = self.mark_in_shelf("one.htm", self.lines)
+        _, words = self.mark_in_shelf("two.htm", self.lines[1:])
+        moved = self.path("new shelf")
+        os.rename(self.path("shelf"), moved)
+        self.program.start(os.path.join(moved, "two.htm"))
+        self.program.wait_for_book("Lanterns")
+        self.assert_at(words)
+        self.program.open_menu("f")  # looks for the others
+        self.program.close_menu()
+        self.program.close()
+        self.assertEqual(self.program.data().paths()[:2],
+                         [os.path.join(moved, name) for name in ("two.htm", "one.htm")])
+        self.program.start(os.path.join(moved, "one.htm"))
+        self.program.wait_for_book("Lanterns")
+        self.go_to_bookmark_at(marked)
         self.program.close()
 
 

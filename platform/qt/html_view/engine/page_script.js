@@ -133,7 +133,9 @@ const reader = (() => {
     return state();
   }
   // Words that are elsewhere than at the offset come to the top, and their line is seen as a whole.
+  // The top is where a page begins: who has scrolled on since stays there.
   function bringToTop(offset, start, above) {
+    if (offset === 0 && start <= 0) return state();
     const slack = 2; // pixels, of what was rounded
     const toLine = hidden =>
       setScrollOffset(0, scroller().scrollTop + lineTop(start) - topMargin() + hidden);
