@@ -1,12 +1,23 @@
 #include "formats/rtf/rtf_parser.h"
 
+#include "common/utf.h"
 #include "formats/codepages/code_pages.h"
+#include "formats/rtf/rtf_math.h"
 
 #include <algorithm>
 #include <utility>
 
+namespace {
+// Characters beyond ASCII; 0 when not all of it is UTF-8.
+std::size_t CountUtf8(std::string_view bytes) {
+    if (!IsValidUtf8(bytes)) return 0;
+    return static_cast<std::size_t>(std::count_if(
+        bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) >= 0xC0; }));
+}
+} // namespace
+
 RtfParser::RtfParser(std::string_view bytes, int systemCodePage)
-    : tokenizer_(bytes), codePage_(systemCodePage) {
+    : tokenizer_(bytes), codePage_(systemCodePage), rawUtf8_(CountUtf8(bytes)) {
     // A file's text is mostly less than half of it; growing to the rest costs one copy.
     body_.text.reserve(bytes.size() / 2);
 }
@@ -50,6 +61,7 @@ void RtfParser::OpenGroup() {
     }
     stack_.push_back(State());
     State().opensDestination = false;
+    State().mathEnd = 0;
 }
 
 void RtfParser::CloseGroup() {
@@ -59,6 +71,7 @@ void RtfParser::CloseGroup() {
         --sharedDepth_;
         return;
     }
+    EndMathPart();
     AddFieldText();
     if (State().opensDestination || stack_.size() == 1) FinishCharacter();
     if (stack_.size() == 1) FinishStories();
@@ -135,6 +148,7 @@ void RtfParser::HandleKnownWord(const RtfWordEntry& entry, const RtfToken& token
     case RtfFamily::FontTable: HandleFontWord(entry, parameter); break;
     case RtfFamily::ColorTable: HandleColorWord(entry, parameter); break;
     case RtfFamily::Document: HandleDocumentWord(entry, parameter); break;
+    case RtfFamily::Math: HandleMathWord(entry.word); break;
     case RtfFamily::Unicode:
         if (entry.word == RtfWord::FallbackLength)
             State().fallbackLength = std::max(0, parameter);
@@ -151,6 +165,21 @@ void RtfParser::HandleParagraphWord(const RtfWordEntry& entry, const RtfToken& t
         State().styleNumber = token.parameter;
     else
         State().paragraph.outlineLevel = styles_.OutlineLevel(token.parameter);
+}
+
+void RtfParser::HandleMathWord(RtfWord part) {
+    if (!IsShown() || sharedDepth_ > 0) return;
+    FinishCharacter();
+    const RtfMathSigns signs = MathSignsOf(part, tokenizer_);
+    for (const char16_t unit : signs.before)
+        HandleUnicodeUnit(unit);
+    State().mathEnd = signs.after;
+}
+
+void RtfParser::EndMathPart() {
+    if (State().mathEnd == 0) return;
+    FinishCharacter();
+    HandleUnicodeUnit(State().mathEnd);
 }
 
 void RtfParser::HandleDocumentWord(const RtfWordEntry& entry, std::int32_t parameter) {

@@ -27,6 +27,8 @@ class RtfParser {
     void HandleDocumentWord(const RtfWordEntry& entry, std::int32_t parameter);
     void HandleFontWord(const RtfWordEntry& entry, std::int32_t parameter);
     void HandleColorWord(const RtfWordEntry& entry, std::int32_t parameter);
+    void HandleMathWord(RtfWord part);
+    void EndMathPart();
     void HandleParagraphWord(const RtfWordEntry& entry, const RtfToken& token);
     void HandleSymbol(unsigned char symbol);
 
@@ -55,13 +57,14 @@ class RtfParser {
     void HandleUnicodeUnit(char16_t unit);
     void AddUnit(char16_t unit);
     void EndNames(); // of fonts and styles
-    void AddBytes(std::string_view bytes);
+    void AddBytes(std::string_view bytes, int codePage);
     void AddSymbol(unsigned char byte);
     void FinishBytes();
     void FinishCharacter();
     bool SkipsFallback();
     std::u16string* Sink();
     int CodePageOfText() const;
+    int CodePageOfRawText() const;
     RtfSymbolSet SymbolsOfText() const;
     const RtfFont* FontOfText() const { return State().font ? State().font : fonts_.Default(); }
 
@@ -94,7 +97,8 @@ class RtfParser {
     RtfStyleSet<CharStyle, maxRtfCharStyles> charStyles_;
     RtfStyleSet<ParagraphStyle, maxRtfParagraphStyles> paragraphStyles_;
     RtfTextDecoder decoder_;
-    int codePage_; // of text in a font without one
+    int codePage_;        // of text in a font without one
+    std::size_t rawUtf8_; // characters of UTF-8 that are bytes of the file, not escaped
     std::int32_t defaultTab_ = 720;
 
     RtfStory body_, notes_;

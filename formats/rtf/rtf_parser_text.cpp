@@ -2,6 +2,7 @@
 
 #include "common/decode_pieces.h"
 #include "common/utf.h"
+#include "formats/codepages/code_pages.h"
 
 #include <algorithm>
 #include <string>
@@ -14,6 +15,15 @@ int RtfParser::CodePageOfText() const {
     else if (const RtfFont* font = FontOfText())
         page = font->codePage;
     return page != 0 ? page : codePage_;
+}
+
+// Rich text should have no such bytes, but some programs write their text as UTF-8, whatever code
+// page the file names. Characters of two bytes may look like UTF-8 by chance when they are few.
+int RtfParser::CodePageOfRawText() const {
+    constexpr std::size_t certain = 8;
+    const int page = CodePageOfText();
+    const bool isUtf8 = rawUtf8_ >= (IsSingleBytePage(page) ? 1 : certain);
+    return isUtf8 && !decoder_.IsPending() ? utf8Page : page;
 }
 
 RtfSymbolSet RtfParser::SymbolsOfText() const {
@@ -54,7 +64,7 @@ void RtfParser::HandleText(std::string_view bytes) {
         for (auto ends = std::count(bytes.begin(), bytes.end(), ';'); ends > 0; --ends)
             colors_.EndColor();
         return;
-    default: return AddBytes(bytes);
+    default: return AddBytes(bytes, CodePageOfRawText());
     }
 }
 
@@ -62,7 +72,7 @@ void RtfParser::HandleHexByte(unsigned char byte) {
     if (SkipsFallback()) return;
     const char c = static_cast<char>(byte);
     if (byte >= 0x20)
-        AddBytes({&c, 1});
+        AddBytes({&c, 1}, CodePageOfText());
     else if (c == '\t')
         AddUnit(u'\t');
 }
@@ -73,7 +83,7 @@ void RtfParser::HandleLiteral(char16_t unit) {
     AddUnit(unit);
 }
 
-void RtfParser::AddBytes(std::string_view bytes) {
+void RtfParser::AddBytes(std::string_view bytes, int codePage) {
     std::u16string* const sink = Sink();
     if (!sink) return;
     if (std::exchange(highSurrogate_, 0)) sink->push_back(u'\uFFFD');
@@ -85,7 +95,7 @@ void RtfParser::AddBytes(std::string_view bytes) {
             AddSymbol(static_cast<unsigned char>(c));
         return;
     }
-    decoder_.Decode(CodePageOfText(), bytes, *sink);
+    decoder_.Decode(codePage, bytes, *sink);
     EndNames();
 }
 

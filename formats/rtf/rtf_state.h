@@ -22,6 +22,7 @@ struct RtfState {
     bool inNote = false, inShape = false;
     std::int32_t fallbackLength = 1; // \uc: bytes after a \u that other readers show
     std::uint16_t fieldLink = 0;     // for the field's result
+    char16_t mathEnd = 0;            // shown at the end of this group, a part of a formula
 };
 
 // Apply a control word with its parameter to the style; no parameter means on.

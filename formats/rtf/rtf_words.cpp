@@ -50,7 +50,7 @@ constexpr WordGroup wordGroups[] = {
     To(D::FallbackPicture, "nonshppict"),
     To(D::NestedRowProperties, "nesttableprops"),
     To(D::Note, "footnote"),
-    To(D::Transparent, "field listtext pntext rtf shp shppict sp"),
+    To(D::Transparent, "field listtext mmath moMath moMathPara pntext rtf shp shppict sp"),
     // Unknown destinations marked \* are skipped anyway; some writers forget the mark.
     To(D::Skip,
        "aftncn aftnsep aftnsepc annotation atnauthor atndate atnicn atnid atnparent atnref atntime "
@@ -59,7 +59,10 @@ constexpr WordGroup wordGroups[] = {
        "fontemb "
        "fontfile footer footerf footerl footerr ftncn ftnsep ftnsepc generator header headerf "
        "headerl headerr hlinkbase info keycode keywords latentstyles listoverridetable listpicture "
-       "listtable manager mmathPr nonesttables objalias objclass objdata objname objtime operator "
+       "listtable maccPr manager mbarPr mborderBoxPr mboxPr mdPr meqArrPr mfPr mfuncPr mgroupChrPr "
+       "mlimLowPr mlimUppPr mmPr mmathPict mmathPr mnaryPr moMathParaPr mphantPr mradPr mrPr "
+       "msPrePr msSubPr msSubSupPr msSupPr nonesttables objalias objclass objdata objname objtime "
+       "operator "
        "panose passwordhash pgdsctbl pgptbl picprop pn pnseclvl pntxta pntxtb printim private "
        "protusertbl revtbl revtim rsidtbl rxe shprslt subject tc tcn template themedata "
        "title txe userprops wgrffmtfilter xe xmlnstbl"),
@@ -102,8 +105,8 @@ constexpr WordGroup wordGroups[] = {
     Valued("caps", F::Character, W::Capitals, Capitals::All),
     Valued("scaps", F::Character, W::Capitals, Capitals::Small),
     {"deleted v", F::Character, W::Hidden},
-    {"super", F::Character, W::Superscript},
-    {"sub", F::Character, W::Subscript},
+    {"mdeg msup super", F::Character, W::Superscript},
+    {"mlim msub sub", F::Character, W::Subscript},
     {"nosupersub", F::Character, W::NormalScript},
     {"up", F::Character, W::Raised},
     {"dn", F::Character, W::Lowered},
@@ -202,6 +205,13 @@ constexpr WordGroup wordGroups[] = {
     {"ansicpg", F::Document, W::AnsiCodePage},
     {"deff", F::Document, W::DefaultFont},
     {"deftab", F::Document, W::DefaultTab},
+    {"mnum", F::Math, W::MathNumerator},
+    {"mden", F::Math, W::MathDenominator},
+    {"mrad", F::Math, W::MathRadical},
+    {"md", F::Math, W::MathDelimiters},
+    {"mnary", F::Math, W::MathOperator},
+    {"macc", F::Math, W::MathAccent},
+    {"mfName mmr", F::Math, W::MathSpaced},
     {"u", F::Unicode, W::UnicodeCharacter},
     {"uc", F::Unicode, W::FallbackLength},
 };
@@ -230,8 +240,8 @@ constexpr auto words = [] {
     return entries;
 }();
 
-// Open addressing, a quarter full: an unknown word mostly takes one probe.
-constexpr std::size_t slotCount = 1024;
+// Open addressing, a sixth full: an unknown word mostly takes one probe.
+constexpr std::size_t slotCount = 2048;
 static_assert(wordCount * 3 < slotCount);
 
 constexpr std::size_t SlotOf(std::string_view name) {

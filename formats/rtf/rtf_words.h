@@ -17,6 +17,7 @@ enum class RtfFamily : std::uint8_t {
     FontTable,
     ColorTable,
     Document,
+    Math, // a part of a formula
     Unicode,
 };
 
@@ -131,6 +132,14 @@ enum class RtfWord : std::uint8_t {
     AnsiCodePage,
     DefaultFont,
     DefaultTab,
+    // Math
+    MathNumerator,
+    MathDenominator,
+    MathRadical,
+    MathDelimiters, // brackets around the part
+    MathOperator,   // a sum, an integral
+    MathAccent,     // over the part
+    MathSpaced,     // a blank follows the part
     // Unicode
     UnicodeCharacter,
     FallbackLength,

@@ -253,3 +253,19 @@ TEST_CASE("rtf reader: the default font may be named after the table") {
     const Document document = ReadRtf("{\\rtf1{\\fonttbl{\\f4 Four;}{\\f5 Five;}}\\deff5 a}", 1252);
     CHECK(document.fonts[document_check::CharStyleAt(document, 0).font] == u"Five");
 }
+
+TEST_CASE("rtf reader: text that a program wrote as UTF-8 without escaping it") {
+    CheckTexts({
+        {"{\\rtf1\\ansi\\ansicpg1252 caf\xC3\xA9 \xE2\x80\x9Cq\xE2\x80\x9D \\'e9}", "café “q” é"},
+        {"{\\rtf1\\ansi{\\fonttbl{\\f0\\fcharset204 A;}}\\f0 \xD0\xB9\\'e9}", "йй"},
+        // One byte that is none: then none is.
+        {"{\\rtf1\\ansi\\ansicpg1252 caf\xC3\xA9 \xE9}", "cafÃ© é"},
+        // Two characters of a Chinese page that look like it by chance, and more than that.
+        {"{\\rtf1\\ansi\\ansicpg936 \xD0\xA1\xD2\xBB}", "小一"},
+        {"{\\rtf1\\ansi\\ansicpg936 "
+         "\xD0\xBF\xD1\x80\xD0\xB8\xD0\xB2\xD0\xB5\xD1\x82\xD1\x8B\xD0\xB9}",
+         "приветый"},
+        // A first byte that is escaped, and its second one.
+        {"{\\rtf1\\ansi\\ansicpg932 \\'83A}", "ア"},
+    });
+}
