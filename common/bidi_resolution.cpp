@@ -135,6 +135,6 @@ class Sequence {
 };
 } // namespace
 
-void ResolveSequence(BidiText& bidi, const std::vector<TextPos>& places) {
-    Sequence(bidi, places).Resolve();
+void ResolveSequence(BidiText& bidi, const std::vector<TextPos>& sequence) {
+    Sequence(bidi, sequence).Resolve();
 }

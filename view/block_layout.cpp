@@ -137,11 +137,11 @@ TextPos PositionAt(const BlockLayout& layout, Point point, HitTest means) {
     return PositionInLine(layout, line, point.x, means);
 }
 
-TextPos PositionInLine(const BlockLayout& layout, LineRef ref, int x, HitTest means) {
-    const ParagraphLayout& paragraph = ParagraphOf(layout, ref);
+TextPos PositionInLine(const BlockLayout& layout, LineRef line, int x, HitTest means) {
+    const ParagraphLayout& paragraph = ParagraphOf(layout, line);
     const int inLine = x - paragraph.origin.x;
-    return means == HitTest::Character ? paragraph.CharacterInLine(ref.line, inLine)
-                                       : paragraph.PositionInLine(ref.line, inLine);
+    return means == HitTest::Character ? paragraph.CharacterInLine(line.line, inLine)
+                                       : paragraph.PositionInLine(line.line, inLine);
 }
 
 int CaretX(const BlockLayout& layout, LineRef line, TextPos position) {

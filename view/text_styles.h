@@ -50,7 +50,7 @@ class TextStyles {
 
     // Texts in one style are shown in another colour where the paper under them hides the style's.
     Shown Prepare(const CharStyle& style, Color paper);
-    TextStyle Resolve(const CharStyle& style, Color paper);
+    TextStyle Resolve(const CharStyle& requested, Color paper);
     CharStyle WithFontLimit(CharStyle style);
     TextFont FontOf(const CharStyle& style) const;
     std::optional<Color> Foreground(const CharStyle& style, Color paper) const;

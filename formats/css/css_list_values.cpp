@@ -5,6 +5,8 @@
 #include "formats/css/css_shorthands.h"
 #include "formats/css/css_style.h"
 
+#include <algorithm>
+
 namespace {
 
 using Kind = CssToken::Kind;
@@ -12,9 +14,8 @@ using P = CssProperty;
 
 template <std::size_t count>
 bool IsOneOf(const CssToken& token, const std::u16string_view (&words)[count]) {
-    for (const std::u16string_view word : words)
-        if (token.IsIdent(word)) return true;
-    return false;
+    return std::ranges::any_of(words,
+                               [&](std::u16string_view word) { return token.IsIdent(word); });
 }
 
 constexpr std::u16string_view lineStyles[] = {u"solid", u"double", u"dotted",   u"dashed",

@@ -81,7 +81,6 @@ bool CssMatcher::Holds(std::uint32_t number) {
         const bool isHtml = element_.node->nameSpace == HtmlNamespace::Html;
         if (element_.node->name != (isHtml ? compound.type : compound.exactType)) return false;
     }
-    for (const CssIndexedCondition& condition : index_.ConditionsOf(compound))
-        if (!HoldsHere(condition)) return false;
-    return true;
+    return std::ranges::all_of(index_.ConditionsOf(compound),
+                               [&](const auto& condition) { return HoldsHere(condition); });
 }

@@ -43,7 +43,7 @@ class CssMatcher {
         std::u16string_view language;
     };
 
-    bool Holds(std::uint32_t compound);
+    bool Holds(std::uint32_t number); // of a compound
     bool HoldsToTheLeft(const CssIndexedCompound& compound) const;
     bool HoldsHere(const CssIndexedCondition& condition);
     bool AttributeHolds(const CssIndexedCondition& condition);

@@ -39,7 +39,7 @@ CssStyler::CssStyler(const HtmlTree& tree, const CssRuleIndex& index, const CssM
     Add(initial);
 }
 
-CssPageStyles CssStyler::Style(bool dependsOnViewport) {
+CssPageStyles CssStyler::Style(bool sheetsDependOnViewport) {
     page_.numbers_.assign(tree_.NodeCount() + 1, noneNumber);
     HtmlNodeId id = tree_[htmlDocumentNode].firstChild;
     while (id) {
@@ -60,7 +60,7 @@ CssPageStyles CssStyler::Style(bool dependsOnViewport) {
         id = next;
     }
     page_.steps_ = matcher_.Steps();
-    page_.dependsOnViewport_ = dependsOnViewport || context_.usedViewport;
+    page_.dependsOnViewport_ = sheetsDependOnViewport || context_.usedViewport;
     return std::move(page_);
 }
 

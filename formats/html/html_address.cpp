@@ -197,7 +197,7 @@ std::string HtmlDataOf(std::u16string_view url) {
     if (SchemeOf(url) != u"data") return {};
     const std::size_t comma = url.find(u',');
     if (comma == url.npos) return {};
-    const std::string data = Utf16ToUtf8(DecodePercents(url.substr(comma + 1)));
+    std::string data = Utf16ToUtf8(DecodePercents(url.substr(comma + 1)));
     if (!url.substr(0, comma).ends_with(u";base64")) return data;
     std::string bytes;
     std::uint32_t bits = 0;

@@ -30,8 +30,8 @@ MetaBox FrameOf(MetaBytes bytes) {
 }
 } // namespace
 
-Metafile ReadEmf(std::string_view all) {
-    const MetaBytes bytes(all);
+Metafile ReadEmf(std::string_view data) {
+    const MetaBytes bytes(data);
     if (bytes.Size() < headerSize || bytes.U32(0) != Header) return {};
     MetaCanvas canvas(FrameOf(bytes));
     ReadRecords(canvas, bytes);

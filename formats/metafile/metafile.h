@@ -67,5 +67,5 @@ struct Metafile {
 
 // Never fails: what is not known is passed over, what is broken ends the picture. Without orders
 // there is nothing to show. Limits: see metafile_limits.h.
-Metafile ReadWmf(std::string_view bytes); // with or without a placeable header
-Metafile ReadEmf(std::string_view bytes);
+Metafile ReadWmf(std::string_view data); // with or without a placeable header
+Metafile ReadEmf(std::string_view data);

@@ -21,12 +21,12 @@ MetaObject StockObject(std::uint32_t number) {
 }
 } // namespace
 
-MetaTransform Combined(const MetaTransform& a, const MetaTransform& b) {
-    const MetaPoint origin = b.Apply({a.dx, a.dy});
-    return {b.xx * a.xx + b.yx * a.xy,
-            b.xy * a.xx + b.yy * a.xy,
-            b.xx * a.yx + b.yx * a.yy,
-            b.xy * a.yx + b.yy * a.yy,
+MetaTransform Combined(const MetaTransform& first, const MetaTransform& second) {
+    const MetaPoint origin = second.Apply({first.dx, first.dy});
+    return {second.xx * first.xx + second.yx * first.xy,
+            second.xy * first.xx + second.yy * first.xy,
+            second.xx * first.yx + second.yx * first.yy,
+            second.xy * first.yx + second.yy * first.yy,
             origin.x,
             origin.y};
 }

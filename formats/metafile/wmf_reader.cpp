@@ -38,8 +38,8 @@ MetaCanvas Played(MetaBytes bytes, std::size_t at, const MetaBox& window) {
 }
 } // namespace
 
-Metafile ReadWmf(std::string_view all) {
-    const MetaBytes bytes(all);
+Metafile ReadWmf(std::string_view data) {
+    const MetaBytes bytes(data);
     const bool isPlaceable = bytes.U32(0) == placeableKey;
     const std::size_t at = isPlaceable ? placeableSize + headerSize : headerSize;
     if (isPlaceable)

@@ -8,7 +8,7 @@ PageFiles::PageFiles(const Files& files, const LoadedPage& page) : files_(files)
 }
 
 std::u16string PageFiles::PathOf(std::u16string_view address) const {
-    const std::u16string path = ResolveHtmlAddress(page_.Path(), page_.BaseAddress(), address).path;
+    std::u16string path = ResolveHtmlAddress(page_.Path(), page_.BaseAddress(), address).path;
     if (path.empty() || folder_.empty()) return {};
     // Of a path that leads out of the folder nothing is asked: a server's name would be looked for.
     if (!path.starts_with(folder_) || !files_.IsInFolder(path, folder_)) return {};

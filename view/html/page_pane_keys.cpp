@@ -86,7 +86,7 @@ TextPos PagePane::NextCharacter(TextPos position, bool forward) const {
     const std::u16string_view text = page_->Text();
     const TextPos from = std::max(0, position - clusterReach);
     const auto starts =
-        ClusterStarts(text.substr(std::size_t(from), std::size_t(2 * clusterReach)));
+        ClusterStarts(text.substr(std::size_t(from), std::size_t(clusterReach) * 2));
     const auto behind = std::ranges::upper_bound(starts, position - from);
     if (forward) return behind == starts.end() ? page_->Length() : from + *behind;
     const auto at = std::ranges::lower_bound(starts, position - from);

@@ -52,10 +52,10 @@ class PagePlaces {
     // The line at a height of a zone that is nearest to a point, in that zone or its neighbours.
     // With `below` lines that end above the point do not count while there are others.
     std::optional<CharacterPlace> NearestLine(std::size_t zone, double x, double y, bool below);
-    // The counted place for a caret in it that is nearest to `x`, and the unit that is drawn
+    // The counted place for a caret in its line that is nearest to `x`, and the unit that is drawn
     // there.
-    TextPos PositionInLine(const CharacterPlace& line, double x) const;
-    TextPos UnitInLine(const CharacterPlace& line, double x) const; // of the content
+    TextPos PositionInLine(const CharacterPlace& place, double x) const;
+    TextPos UnitInLine(const CharacterPlace& place, double x) const; // of the content
     // What a unit of a line shows; noHtmlNode for what is of no node.
     HtmlNodeId NodeAt(const InlineContent& content, TextPos unit) const;
 

@@ -59,6 +59,7 @@ CssPageStyles ShownPage::StylesOf(const LoadedPage& page, const std::vector<std:
     if (const std::u16string readers = ReadersSheet(look); !readers.empty())
         read.push_back(ReadCss(readers, reading));
     std::vector<const CssSheet*> each;
+    each.reserve(read.size());
     for (const CssSheet& sheet : read)
         each.push_back(&sheet);
     return StylePage(page.Tree(), each, reading.medium);

@@ -44,18 +44,18 @@ class BlockFlow {
 
     void Open(PageBoxId box);
     void Close();
-    void LayOutLeaf(PageBoxId box);
+    void LayOutLeaf(PageBoxId id);
     void LayOutLines(PageBoxId box);
     void PlaceFloats(double top);
     void AddLines(PageBoxId box, InlineEdges room, LinesContent content, InlineLayout layout);
     void AddPositioned(const LinesContent& content, const InlineLayout& layout, InlineEdges room);
     void AddMarker(const InlineLine& firstLine);
-    void AddByItself(PageBoxId box);
+    void AddByItself(PageBoxId id);
     void BeforeClear(const CssBoxStyle& style);
     void ClearFloats(const CssBoxStyle& style);
     void EndMargin();
     int Place(PageBoxId box, const InlineEdges& border);
-    OpenBlock OpenedBlock(PageBoxId box, const InlineEdges& content, FragmentMark from) const;
+    OpenBlock OpenedBlock(PageBoxId id, const InlineEdges& content, FragmentMark from) const;
     void MoveRelative(const OpenBlock& block);
     BoxEdges EdgesOf(PageBoxId box) const;
     InlineEdges RoomOf(PageBoxId box) const;

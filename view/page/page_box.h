@@ -107,9 +107,9 @@ class PageBoxes {
 
   private:
     friend class PageBoxStack;
-    bool GoesOn(PageBoxId lines, HtmlNodeId text, std::size_t unit) const {
-        const PageBox& box = boxes_[lines];
-        return box.continues && box.first == text && box.firstUnit > 0 && box.firstUnit <= unit;
+    bool GoesOn(PageBoxId next, HtmlNodeId node, std::size_t unit) const {
+        const PageBox& box = boxes_[next];
+        return box.continues && box.first == node && box.firstUnit > 0 && box.firstUnit <= unit;
     }
 
     PageBoxId canvas_ = rootPageBox;

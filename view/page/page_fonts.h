@@ -11,6 +11,7 @@
 struct PageTextUse {
     double raise = 0; // of its baseline above that of the lines, in device pixels
     bool smallCapital = false;
+    // NOLINTNEXTLINE(modernize-use-nullptr): in what the compiler makes
     auto operator<=>(const PageTextUse&) const = default;
 };
 

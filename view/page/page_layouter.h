@@ -53,10 +53,10 @@ class PageLayouter {
 
     // All without margins; `containing` is the width that percentages are of.
     // As wide as its content within that width, or as its style says.
-    PageFragmentPtr LayOutShrunk(PageBoxId box, double containing);
+    PageFragmentPtr LayOutShrunk(PageBoxId id, double containing);
     // With a content of this width.
-    PageFragmentPtr LayOutBlock(PageBoxId box, double contentWidth, double containing);
-    PageFragmentPtr LayOutPicture(PageBoxId box, double containing);
+    PageFragmentPtr LayOutBlock(PageBoxId id, double contentWidth, double containing);
+    PageFragmentPtr LayOutPicture(PageBoxId id, double containing);
     LinesContent ContentOf(PageBoxId lines, double containing);
 
     // The widths that the parts of a table have in common; empty when they are not known yet. Kept
@@ -64,21 +64,21 @@ class PageLayouter {
     std::vector<double>& SharedColumns(HtmlNodeId table, double available);
 
     // Of the margin box, of which percentages are nothing.
-    WidthExtent ExtentOfBox(PageBoxId box);
+    WidthExtent ExtentOfBox(PageBoxId id);
 
   private:
-    WidthExtent ContentExtent(PageBoxId box);
-    WidthExtent MeasureContent(PageBoxId box);
+    WidthExtent ContentExtent(PageBoxId id);
+    WidthExtent MeasureContent(PageBoxId id);
     WidthExtent LinesExtent(PageBoxId lines);
     double IndentOf(PageBoxId lines, double containing) const;
-    Size PictureContentSize(PageBoxId box, double containing);
-    Size AlternativeSize(PageBoxId box, double containing, const InlineContent& alternative);
-    void AddAlternative(PageBoxId box, double left, double top, Size size,
+    Size PictureContentSize(PageBoxId id, double containing);
+    Size AlternativeSize(PageBoxId id, double containing, const InlineContent& alternative);
+    void AddAlternative(PageBoxId id, double left, double top, Size size,
                         std::shared_ptr<const InlineContent> alternative, PageFragment& fragment);
     double ContentHeight(const PageBox& box, double natural) const;
     double RaiseOf(const PageBox& box, const InlineContent& lines) const;
-    PlacedPart PartOf(PageBoxId box, double containing); // at its place in its margins
-    void ShiftRelative(PageBoxId box, double containing, PlacedPart& part) const;
+    PlacedPart PartOf(PageBoxId id, double containing); // at its place in its margins
+    void ShiftRelative(PageBoxId id, double containing, PlacedPart& part) const;
     void AddAtom(const LinesText::Place& place, double containing, LinesContent& content);
     void AddFloat(const LinesText::Place& place, double containing, LinesContent& content);
 
@@ -98,5 +98,5 @@ class PageLayouter {
 // Whether a box in the flow is laid out by itself: floats and margins do not go through it.
 bool StandsAlone(const PageBox& box);
 // Or is one of lines, or has nothing in it.
-bool IsFlowLeaf(const PageBoxes& boxes, PageBoxId box);
+bool IsFlowLeaf(const PageBoxes& boxes, PageBoxId id);
 bool HasVisibleBox(const PageBox& box); // a background or a border
