@@ -44,6 +44,36 @@ TEST_CASE("html layout: the line at the top stays there when the page is zoomed"
     });
 }
 
+TEST_CASE(
+    "html layout: the line at the top stays there in another width, and comes back to its pixel") {
+    OnEachBackEnd([](PageTest& test) {
+        test.Open(LongParagraphs(200), noMargins);
+        ScrollToMiddle(test);
+        test.view.ScrollSpanToTop({test.view.StartAtTop(), 0});
+        test.Settle();
+        const PageTop before = test.view.Top();
+        if (before.start < 0) return; // a view that knows pixels alone
+        const auto settle = [&](const Rect& bounds) {
+            test.view.SetBounds(bounds);
+            REQUIRE(test.WaitFor([&] {
+                test.Settle();
+                return test.view.ViewHeight() == bounds.height;
+            }));
+        };
+        for (const int width : {350, 470, 290}) {
+            CAPTURE(width);
+            settle({0, 0, width, 400 - width / 10});
+            const TextPos line = test.view.StartAtTop();
+            CHECK(test.view.Top().start == before.start);
+            CHECK(line <= before.start);
+            CHECK(before.start - line < 80); // in the line that the character has got into
+        }
+        settle({0, 0, 600, 400});
+        CHECK(test.view.Top().start == before.start);
+        CHECK(std::abs(test.view.ScrollTop() - before.offset) <= 1);
+    });
+}
+
 TEST_CASE("html layout: size and place change together") {
     OnEachBackEnd([](PageTest& test) {
         test.Open(LongParagraphs(200), noMargins);

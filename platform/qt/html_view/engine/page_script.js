@@ -22,6 +22,7 @@ const reader = (() => {
     Math.round(count <= 0 ? topMargin() - scroller().scrollTop : pageText.boxAt(count).top);
 
   function state() {
+    saveScrollAnchor(); // which may scroll
     const span = selectedSpan();
     return [Math.round(scroller().scrollTop), scroller().clientHeight, topMargin(),
       span.start, span.length, lineTop(span.start), percent(), ...top()];
@@ -30,7 +31,6 @@ const reader = (() => {
   // Of html_view.h's PageTop what stands at the top. The text of a page that was not read on is not
   // indexed for it.
   function top() {
-    saveScrollAnchor();
     if (scroller().scrollTop <= 0) return [0, 0, "", "", 0];
     const start = Math.max(0, scrollAnchor.start), first = Math.max(0, start - maxAround);
     return [start, topMargin() - lineTop(start), pageText.part(first, start - first), pageText.part(start, maxAround),
@@ -121,6 +121,7 @@ const reader = (() => {
 
   // The engine truncates scroll offsets to device pixels: so they are rounded here.
   function setScrollOffset(left, top) {
+    scrollAnchor = null; // else a width that has just changed would undo this
     const pixel = Math.round(top * devicePixelRatio) + 0.01;
     window.scrollTo({left, top: pixel / devicePixelRatio, behavior: "instant"});
   }
@@ -133,9 +134,7 @@ const reader = (() => {
     return state();
   }
   // Words that are elsewhere than at the offset come to the top, and their line is seen as a whole.
-  // The top is where a page begins: who has scrolled on since stays there.
-  function bringToTop(offset, start, above) {
-    if (offset === 0 && start <= 0) return state();
+  function goToTop(offset, start, above) {
     const slack = 2; // pixels, of what was rounded
     const toLine = hidden =>
       setScrollOffset(0, scroller().scrollTop + lineTop(start) - topMargin() + hidden);
@@ -144,7 +143,12 @@ const reader = (() => {
       if (start <= 0 || Math.abs(scroller().scrollTop - offset) <= slack) setScrollOffset(0, offset);
       else if (above > 0) toLine(0);
     }
-    if (start > 0 && scroller().scrollTop > 0) setScrollAnchor(start);
+  }
+  // The top is where a page begins: who has scrolled on since stays there.
+  function bringToTop(offset, start, above) {
+    if (offset === 0 && start <= 0) return state();
+    goToTop(offset, start, above);
+    if (start > 0 && scroller().scrollTop > 0) setScrollAnchor(start, {offset, above});
     return state();
   }
   function select(start, length) {
@@ -198,24 +202,37 @@ const reader = (() => {
     return 0;
   }
 
-  // Keeps the line at the top of the view during a zoom. Until the page is scrolled the anchor is the
-  // same character: the start of its line would move further back with each zoom.
+  // Keeps the line at the top of the view during a zoom and in another width. Until the page is scrolled
+  // the anchor is the same character: the start of its line would move further back with each of them.
   let scrollAnchor = null;
   const layout = () => {
     const {scrollTop, scrollHeight, clientWidth} = scroller();
     return [scrollTop, scrollHeight, clientWidth].join();
   };
-  function setScrollAnchor(start) {
-    scrollAnchor = {start, top: start < 0 ? 0 : pageText.boxAt(start).top, layout: layout()};
+  // `wanted` is what bringToTop was told beside the character, if that brought it to the top.
+  function setScrollAnchor(start, wanted = null) {
+    const {clientWidth: width} = scroller(), top = start < 0 ? 0 : pageText.boxAt(start).top;
+    scrollAnchor = {start, top, wanted, width, layout: layout()};
   }
   function saveScrollAnchor() {
     if (scrollAnchor && scrollAnchor.layout === layout()) return;
-    setScrollAnchor(scroller().scrollTop > 0 ? startAtTop() : -1);
+    if (scrollAnchor && scrollAnchor.width !== scroller().clientWidth) holdScrollAnchor();
+    else setScrollAnchor(scroller().scrollTop > 0 ? startAtTop() : -1);
+  }
+  // The engine keeps a block in its place then, not a line, and tells of it as of scrolling.
+  function holdScrollAnchor() {
+    const {start, wanted} = scrollAnchor;
+    if (!wanted) return goToScrollAnchor();
+    goToTop(wanted.offset, start, wanted.above);
+    setScrollAnchor(start, wanted);
+  }
+  function goToScrollAnchor() {
+    const anchor = scrollAnchor, {start, top} = anchor, {scrollLeft, scrollTop, clientWidth: width} = scroller();
+    setScrollOffset(scrollLeft, start < 0 ? 0 : scrollTop + pageText.boxAt(start).top - top);
+    scrollAnchor = {...anchor, width, layout: layout()};
   }
   function restoreScrollAnchor() {
-    const {start, top} = scrollAnchor, {scrollLeft, scrollTop} = scroller();
-    setScrollOffset(scrollLeft, start < 0 ? 0 : scrollTop + pageText.boxAt(start).top - top);
-    scrollAnchor.layout = layout();
+    goToScrollAnchor();
     return state();
   }
 
