@@ -13,14 +13,16 @@
 #include <algorithm>
 
 namespace {
-// Starts and ends of the bookmarks, and back; entries of another form stay.
+constexpr std::size_t placesOfMark = 3;
+
+// Starts, last characters and ends of the bookmarks, and back; entries of another form stay.
 std::vector<TextPos> BookmarkPlaces(const Bookmarks& bookmarks) {
     constexpr TextPos maxLength = 1 << 20; // of an edited record
     std::vector<TextPos> places;
     for (const MenuItem& item : bookmarks.list.items)
         if (const auto mark = ParseMark(item.tag)) {
-            places.push_back(mark->start);
-            places.push_back(mark->start + std::min(mark->length, maxLength));
+            const TextPos end = mark->start + std::min(mark->length, maxLength);
+            places.insert(places.end(), {mark->start, std::max(end - 1, mark->start), end});
         }
     return places;
 }
@@ -28,8 +30,11 @@ std::vector<TextPos> BookmarkPlaces(const Bookmarks& bookmarks) {
 void MoveBookmarks(Bookmarks& bookmarks, const TextPos* places) {
     for (MenuItem& item : bookmarks.list.items) {
         if (!ParseMark(item.tag)) continue;
-        item.tag = MarkText({places[0], std::max(places[1] - places[0], 1)});
-        places += 2;
+        const TextPos start = places[0], last = places[1], end = places[2];
+        const bool turned = last < start; // to or from visual order
+        item.tag = turned ? MarkText({last, start - last + 1})
+                          : MarkText({start, std::max(end - start, 1)});
+        places += placesOfMark;
     }
 }
 

@@ -1,12 +1,13 @@
 #!/usr/bin/python3
 """How often the charset of a plain text is guessed right, beside other detectors, on texts that no table was made from.
 
-Usage: charsets.py PROGRAM FOLDER [--cuts N] [--slow N] [--only WORD] [--wrong] [--table]
+Usage: charsets.py PROGRAM FOLDER [--cuts N] [--slow N] [--only WORD] [--seed N] [--wrong]
 PROGRAM is build/linux/charset_guesses; FOLDER has the held-out packages of formats/codepages/language_texts.py. N cuts
 are made for each language and charset; --slow takes that many of them for the detectors written in Python.
 
 Right: the decoded text is equal, character by character. Undecided, of the others: they say nothing.
-The others are Debian's libuchardet0, python3-chardet and python3-charset-normalizer.
+The others are Debian's libuchardet0, python3-chardet and python3-charset-normalizer; libfribidi0 orders lines
+for texts in visual order.
 """
 
 import argparse
@@ -18,6 +19,7 @@ import random
 import struct
 import subprocess
 import sys
+import textwrap
 import unicodedata
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "formats", "codepages"))
@@ -37,7 +39,7 @@ CHARSETS = {
     "vi": "cp1258 VISCII TCVN", "ru": "cp1251 koi8_r cp866 iso8859_5 mac_cyrillic cp855",
     "uk": "cp1251 koi8_u iso8859_5 mac_cyrillic", "be": "cp1251 iso8859_5", "bg": "cp1251 iso8859_5 cp855 mac_cyrillic",
     "sr": "cp1251 iso8859_5 cp855", "mk": "cp1251 iso8859_5", "el": "cp1253 iso8859_7 cp737 cp869 mac_greek",
-    "he": "cp1255 iso8859_8 cp862 visual", "ar": "cp1256 iso8859_6 cp720", "fa": "cp1256", "th": "cp874",
+    "he": "cp1255 iso8859_8 cp862 visual_iso8859_8 visual_cp862 visual_cp1255", "ar": "cp1256 iso8859_6 cp720", "fa": "cp1256", "th": "cp874",
     "ja": "cp932 euc_jp iso2022_jp", "ko": "cp949 johab iso2022_kr", "zh": "gb18030 ISO-2022-CN hz",
     "zh_TW": "big5hkscs EUC-TW",
     "en": "cp1252",
@@ -63,9 +65,8 @@ def is_python_codec(charset):
 
 def encode(text, charset, language):
     """Bytes and the text that they are: what the charset does not have is written in another way or left out."""
-    if charset == "visual":
-        text = "\n".join(line[::-1] for line in text.split("\n"))
-        charset = "iso8859_8"
+    if charset.startswith("visual_"):
+        return encode_visual(text, charset.removeprefix("visual_"))
     if charset == "cp1258":
         text = make_language_tables.with_loose_tones(text)
     if language == "ro" and charset != "iso8859_16":
@@ -78,6 +79,28 @@ def encode(text, charset, language):
     text = "".join(c if c < "\x80" or can(c, charset) else PLAIN.get(c, "") for c in text)
     data = text.encode(charset, "ignore")
     return data, data.decode(charset, "replace")
+
+
+BIDI = ctypes.CDLL("libfribidi.so.0")
+RIGHT_TO_LEFT = 0x111  # FRIBIDI_PAR_RTL
+
+
+def seen(line):
+    """A line from left to right as it is seen in a Hebrew text."""
+    if not any("\u05d0" <= c <= "\u05ea" for c in line):
+        return line
+    direction = ctypes.c_uint32(RIGHT_TO_LEFT)
+    ordered = (ctypes.c_uint32 * (len(line) + 1))()
+    BIDI.fribidi_log2vis((ctypes.c_uint32 * len(line))(*map(ord, line)), len(line), ctypes.byref(direction), ordered,
+                         None, None, None)
+    return "".join(map(chr, ordered[:len(line)]))
+
+
+def encode_visual(text, charset):
+    """In lines of a page. The text that they are is in logical order, though Norvaset alone gives that."""
+    text = "\n".join("\n".join(textwrap.wrap(line, 72)) for line in text.split("\n"))
+    text = encode(text, charset, "he")[1]
+    return encode("\n".join(map(seen, text.split("\n"))), charset, "he")[0], text
 
 
 KNOWN = {}
@@ -191,6 +214,7 @@ def main():
     parser.add_argument("--cuts", type=int, default=120)
     parser.add_argument("--slow", type=int, default=0)
     parser.add_argument("--only", default="")
+    parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--wrong", action="store_true")
     options = parser.parse_args()
     ours = Ours(options.program)
@@ -207,7 +231,7 @@ def main():
         for charset in charsets.split():
             if options.only and language not in options.only.split(",") and charset not in options.only.split(","):
                 continue
-            for number, (length, data, plain) in enumerate(cuts(texts, charset, language, options.cuts, 1)):
+            for number, (length, data, plain) in enumerate(cuts(texts, charset, language, options.cuts, options.seed)):
                 for detector in fast + (slow if number < options.slow else []):
                     text = detector.text(data)
                     right = text is not None and same(text, plain)

@@ -24,8 +24,15 @@ const Page* FindPage(const Page (&pages)[count], int codePage) {
     return found == std::end(pages) ? nullptr : found;
 }
 
+struct VisualPage {
+    int page, logicalPage;
+};
+constexpr VisualPage visualPages[] = {
+    {visualIsoPage, logicalIsoPage}, {visualDosPage, 862}, {visualWindowsPage, 1255}};
+
 const SingleBytePage* FindSingleBytePage(int codePage) {
-    return FindPage(singleBytePages, codePage);
+    const int letters = LogicalOrderPage(codePage);
+    return FindPage(singleBytePages, letters == logicalIsoPage ? visualIsoPage : letters);
 }
 
 // 936 is read with all that GB18030 adds, so both share a table.
@@ -105,6 +112,15 @@ void DecodeDoubleBytes(const DoubleBytePage& page, std::string_view bytes, std::
 }
 
 } // namespace
+
+bool IsVisualOrder(int codePage) {
+    return FindPage(visualPages, codePage) != nullptr;
+}
+
+int LogicalOrderPage(int codePage) {
+    const VisualPage* const visual = FindPage(visualPages, codePage);
+    return visual ? visual->logicalPage : codePage;
+}
 
 bool HasCodePage(int codePage) {
     return codePage == utf8Page || IsEscapedPage(codePage) || FindSingleBytePage(codePage) ||

@@ -10,12 +10,26 @@ constexpr int utf8Page = 65001;
 constexpr int visciiPage = 70001;
 constexpr int tcvnPage = 70002;
 
+// Hebrew that is kept as it is seen, from left to right; 28598 of Windows is, too, and 38598 the
+// same letters in logical order.
+constexpr int visualIsoPage = 28598;
+constexpr int logicalIsoPage = 38598;
+constexpr int visualDosPage = 70003;     // the letters of 862
+constexpr int visualWindowsPage = 70004; // the letters of 1255
+
+// Whether lines in this page are in visual order. DecodeCodePage leaves them so, DecodeAs of
+// plain/plain_text.h does not.
+bool IsVisualOrder(int codePage);
+// The page of the same letters in logical order; any other page itself.
+int LogicalOrderPage(int codePage);
+
 // Whether `DecodeCodePage` knows this page: of DOS 437, 720, 737, 775, 850, 852, 855, 857, 858, 860
 // to 866, 869; of Windows 874, 932, 936, 949, 950, 1250 to 1258, 1361; of the Macintosh 10000
 // (Roman), 10001 (Japanese), 10006 (Greek), 10007 (Cyrillic), 10010 (Romanian), 10029 (Latin 2),
 // 10079 (Icelandic), 10081 (Turkish), 10082 (Croatian); 20866 (KOI8-R), 21866 (KOI8-U), 28591 to
-// 28606 (ISO 8859), 51932 (EUC-JP), 51950 (EUC-TW), 54936 (GB18030), 65001 (UTF-8), VISCII and TCVN
-// 5712; and, for whole texts only, those of codepages/escaped_text.h.
+// 28606 and 38598 (ISO 8859), 51932 (EUC-JP), 51950 (EUC-TW), 54936 (GB18030), 65001 (UTF-8),
+// VISCII, TCVN 5712, DOS 862 and Windows 1255 in visual order; and, for whole texts only, those of
+// codepages/escaped_text.h.
 bool HasCodePage(int codePage);
 
 // Appends the text of `bytes`. A byte or sequence without a meaning becomes one U+FFFD, and so does

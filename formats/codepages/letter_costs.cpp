@@ -113,6 +113,32 @@ int LoneLetters(LetterScript script, const PageProperties& page, const ByteEvide
     return letters;
 }
 
+constexpr std::u16string_view finalLetters = u"\u05DA\u05DD\u05DF\u05E3\u05E5";
+
+// Five letters have a form for the end of a word, which in visual order is its first character.
+bool HasFinalLettersFirst(const PageProperties& page, const ByteEvidence& evidence) {
+    const auto isLetter = [&](unsigned char byte) {
+        return page.properties[byte].script == LetterScript::Hebrew;
+    };
+    const auto isFinal = [&](unsigned char byte) {
+        return isLetter(byte) &&
+               finalLetters.find(page.properties[byte].letter) != finalLetters.npos;
+    };
+    int first = 0, last = 0;
+    for (const BytePair& pair : evidence.high) {
+        if (isFinal(pair.first) && !isLetter(pair.second)) last += pair.count;
+        if (isFinal(pair.second) && !isLetter(pair.first)) first += pair.count;
+    }
+    return first > last;
+}
+
+// Whether a text of the language may be in this order: most charsets have one alone, and Arabic is
+// taken for what it is in either.
+bool CanBeInOrder(bool reversed, int page, LetterScript script) {
+    if (IsVisualOrder(page)) return reversed && script == LetterScript::Hebrew;
+    return !reversed || script == LetterScript::Arabic;
+}
+
 struct PageLetters {
     explicit PageLetters(const char16_t* units) {
         for (int i = 0; i < 128; ++i)
@@ -167,6 +193,7 @@ std::optional<PageCost> LetterCosts::Cheapest(int page, const char16_t* units, i
         scripts[static_cast<int>(properties.properties[pair.second].script)] = true;
     }
     if (common >= limit) return std::nullopt;
+    if (IsVisualOrder(page) && !HasFinalLettersFirst(properties, evidence_)) return std::nullopt;
     const PageLetters letters(units);
     std::optional<PageCost> best;
     for (int language = 0; language < languageCount; ++language) {
@@ -175,10 +202,8 @@ std::optional<PageCost> LetterCosts::Cheapest(int page, const char16_t* units, i
         if (!HasCoreLetters(model, page, letters)) continue;
         const LanguageReader reader(model, properties, evidence_);
         const int lone = LoneLetters(model.script, properties, evidence_);
-        const bool isRightToLeft =
-            model.script == LetterScript::Hebrew || model.script == LetterScript::Arabic;
         for (const bool reversed : {false, true}) {
-            if (reversed && !isRightToLeft) break;
+            if (!CanBeInOrder(reversed, page, model.script)) continue;
             int cost =
                 common + asciiCosts_[static_cast<std::size_t>(language)] + lone * loneLetterCost;
             for (const BytePair& pair : evidence_.high) {

@@ -32,8 +32,10 @@ constexpr PageLabels pages[] = {
             "iso-8859-6-e iso-8859-6-i iso-ir-127 iso8859-6 iso88596 iso_8859-6 iso_8859-6:1987 "},
     {28597, " csisolatingreek ecma-118 elot_928 greek greek8 iso-8859-7 iso-ir-126 iso8859-7 "
             "iso88597 iso_8859-7 iso_8859-7:1987 sun_eu_greek "},
-    {28598, " csiso88598e csisolatinhebrew hebrew iso-8859-8 iso-8859-8-e iso-ir-138 iso8859-8 "
-            "iso88598 iso_8859-8 iso_8859-8:1988 visual csiso88598i iso-8859-8-i logical "},
+    {visualIsoPage,
+     " csiso88598e csisolatinhebrew hebrew iso-8859-8 iso-8859-8-e iso-ir-138 iso8859-8 "
+     "iso88598 iso_8859-8 iso_8859-8:1988 visual "},
+    {logicalIsoPage, " csiso88598i iso-8859-8-i logical "},
     {28600, " csisolatin6 iso-8859-10 iso-ir-157 iso8859-10 iso885910 l6 latin6 "},
     {28603, " iso-8859-13 iso8859-13 iso885913 "},
     {28604, " iso-8859-14 iso8859-14 iso885914 "},

@@ -6,6 +6,7 @@
 #include "formats/codepages/code_pages.h"
 #include "formats/codepages/escaped_text.h"
 #include "formats/plain/plain_text_guess.h"
+#include "formats/plain/visual_lines.h"
 
 #include <algorithm>
 #include <iterator>
@@ -73,6 +74,7 @@ std::u16string DecodeAs(const PlainTextForm& form, std::string_view bytes) {
     std::u16string text = DecodeEncoded(form, bytes);
     // A NUL needs a zero byte, which are faster to search for. Wide text is full of them.
     if (bytes.find('\0') != bytes.npos) std::replace(text.begin(), text.end(), u'\0', u'\uFFFD');
+    if (IsVisualOrder(form.codePage)) ReorderVisualLines(text);
     return text;
 }
 

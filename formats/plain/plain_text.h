@@ -43,5 +43,6 @@ std::optional<PlainTextForm> MarkedForm(std::string_view start);
 PlainTextForm CodePageForm(std::span<const std::string_view> samples, int bookCodePage,
                            int systemCodePage);
 
-// Bytes without the mark, all or a part that decodes by itself. Line ends stay.
+// Bytes without the mark, all or a part that decodes by itself. Line ends stay; lines of a page in
+// visual order come in logical order (visual_lines.h).
 std::u16string DecodeAs(const PlainTextForm& form, std::string_view bytes);

@@ -5,6 +5,7 @@
 #include "common/sum_over_bytes.h"
 #include "common/utf.h"
 #include "formats/codepages/code_pages.h"
+#include "formats/plain/visual_lines.h"
 
 #include <algorithm>
 
@@ -45,7 +46,19 @@ std::size_t LineEndsOfTwo(std::string_view bytes) {
 }
 } // namespace
 
+std::size_t PieceLookahead(const PlainTextForm& form) {
+    return characterLookahead + (IsVisualOrder(form.codePage) ? maxVisualStretch : 0);
+}
+
 std::size_t PieceEnd(const PlainTextForm& form, std::string_view bytes, std::size_t wanted) {
+    if (!IsVisualOrder(form.codePage)) return CharactersEnd(form, bytes, wanted);
+    std::size_t end = 0;
+    while (end < wanted && end < bytes.size())
+        end = VisualStretchEnd(bytes, end);
+    return end;
+}
+
+std::size_t CharactersEnd(const PlainTextForm& form, std::string_view bytes, std::size_t wanted) {
     if (wanted >= bytes.size()) return bytes.size();
     if (IsWide(form.encoding)) return WidePieceEnd(form, bytes, wanted);
     const std::size_t end = form.encoding == TextEncoding::Utf8

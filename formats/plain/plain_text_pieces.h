@@ -4,11 +4,15 @@
 
 #include "formats/plain/plain_text.h"
 
-// `bytes` begin where a piece does and go on behind it for `pieceLookahead` bytes, or to the end of
-// the file. The piece ends at `wanted` or a few bytes further, within no character, no surrogate
-// pair and no line end.
-constexpr std::size_t pieceLookahead = 16;
+// `bytes` begin where a piece does and go on behind it for `PieceLookahead` bytes, or to the end of
+// the file. The piece ends at `wanted` or further, within no character, no surrogate pair, no line
+// end, and no line in visual order.
+constexpr std::size_t characterLookahead = 16;
+std::size_t PieceLookahead(const PlainTextForm& form);
 std::size_t PieceEnd(const PlainTextForm& form, std::string_view bytes, std::size_t wanted);
+
+// The same but for visual order, for which `characterLookahead` is enough.
+std::size_t CharactersEnd(const PlainTextForm& form, std::string_view bytes, std::size_t wanted);
 
 // The text of a piece, each line end one u'\n'.
 std::u16string DecodePiece(const PlainTextForm& form, std::string_view piece);

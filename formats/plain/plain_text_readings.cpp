@@ -64,6 +64,7 @@ class SeenBytes {
     }
     bool SameText(int page, int other) const {
         const char16_t *units = UpperHalf(page), *others = UpperHalf(other);
+        if (IsVisualOrder(page) != IsVisualOrder(other)) return false;
         if (!units || !others || WindowsPageOfScript(page) != WindowsPageOfScript(other))
             return false;
         for (int i = 0; i < 128; ++i)

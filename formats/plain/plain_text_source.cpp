@@ -3,9 +3,11 @@
 #include "common/decode_pieces.h"
 #include "common/file_limits.h"
 #include "common/utf.h"
+#include "formats/codepages/code_pages.h"
 #include "formats/codepages/escaped_text.h"
 #include "formats/plain/plain_text_guess.h"
 #include "formats/plain/plain_text_pieces.h"
+#include "formats/plain/visual_lines.h"
 
 #include <algorithm>
 
@@ -53,7 +55,7 @@ PlainTextForm PlainTextSource::GuessForm(std::string_view start, int bookCodePag
                                          int systemCodePage) const {
     const std::uint64_t size = std::min(file_->Size(), maxPlainTextSize);
     const std::uint64_t last = marks_.empty() ? 0 : marks_.back().byte;
-    const std::string piece = BytesBetween(last, last + pieceBytes_ + pieceLookahead);
+    const std::string piece = BytesBetween(last, last + pieceBytes_ + PieceLookahead({}));
     std::vector<std::string> read;
     for (const SamplePlace& place : SamplePlaces(size, last + ValidUtf8Length(piece)))
         read.push_back(place.begin == 0 ? std::string()
@@ -66,7 +68,7 @@ PlainTextForm PlainTextSource::GuessForm(std::string_view start, int bookCodePag
 // False at the first piece that is not UTF-8, when it must be; the last mark is its start then.
 bool PlainTextSource::MarkPieces(bool onlyUtf8) {
     const std::uint64_t size = std::min(file_->Size(), maxPlainTextSize);
-    std::string buffer(pieceBytes_ + pieceLookahead, '\0');
+    std::string buffer(pieceBytes_ + PieceLookahead(form_), '\0');
     Mark mark{form_.markLength, 0};
     bool ascii = true, cut = false; // within a sequence, whose bytes may be in several pieces
     marks_.clear();
@@ -135,17 +137,31 @@ TextPiece PlainTextSource::PieceAt(TextPos position) const {
     return {marks_[wanted].position, decoded_.front().text};
 }
 
+// The place of a character in the order of the file's bytes, or back. They differ within lines in
+// visual order.
+TextPos PlainTextSource::InOrderOf(bool file, TextPos position) const {
+    if (!IsVisualOrder(form_.codePage) || position >= Length()) return position;
+    const std::size_t piece = PieceWith(position);
+    const Mark &from = marks_[piece], &to = marks_[piece + 1];
+    const std::u16string bytes = DecodePiece({form_.encoding, LogicalOrderPage(form_.codePage)},
+                                             BytesBetween(from.byte, to.byte));
+    const auto place = static_cast<std::size_t>(position - from.position);
+    const std::size_t other = file ? VisualPlaceOf(bytes, place) : LogicalPlaceOf(bytes, place);
+    return from.position + static_cast<TextPos>(other);
+}
+
 // Halves the piece, always at the end of a character, until one character is left.
 std::uint64_t PlainTextSource::ByteOf(TextPos position) const {
     position = std::max(position, 0);
     if (position >= Length()) return marks_.back().byte;
+    position = InOrderOf(true, position);
     const std::size_t piece = PieceWith(position);
     const std::string bytes = BytesBetween(marks_[piece].byte, marks_[piece + 1].byte);
     std::string_view part = bytes;
     std::size_t before = static_cast<std::size_t>(position - marks_[piece].position);
     while (!part.empty()) {
-        const std::size_t half = part.size() > 2 * pieceLookahead ? part.size() / 2 : 1;
-        const std::size_t end = PieceEnd(form_, part, half);
+        const std::size_t half = part.size() > 2 * characterLookahead ? part.size() / 2 : 1;
+        const std::size_t end = CharactersEnd(form_, part, half);
         const std::size_t units = Measure(form_, part.substr(0, end)).units;
         if (units <= before) {
             before -= units;
@@ -160,14 +176,14 @@ std::uint64_t PlainTextSource::ByteOf(TextPos position) const {
 }
 
 TextPos PlainTextSource::PositionOf(std::uint64_t byte) const {
-    if (byte <= marks_.front().byte) return 0;
+    if (byte <= marks_.front().byte) return InOrderOf(false, 0);
     if (byte >= marks_.back().byte) return Length();
     const std::size_t piece = PieceWithByte(byte);
     const Mark& from = marks_[piece];
-    if (byte == from.byte) return from.position;
+    if (byte == from.byte) return InOrderOf(false, from.position);
     const std::string bytes = BytesBetween(from.byte, marks_[piece + 1].byte);
     const std::size_t end =
         std::min<std::size_t>(static_cast<std::size_t>(byte - from.byte), bytes.size());
-    const std::string_view before(bytes.data(), PieceEnd(form_, bytes, end));
-    return from.position + static_cast<TextPos>(Measure(form_, before).units);
+    const std::string_view before(bytes.data(), CharactersEnd(form_, bytes, end));
+    return InOrderOf(false, from.position + static_cast<TextPos>(Measure(form_, before).units));
 }

@@ -58,6 +58,7 @@ class PlainTextSource : public TextSource {
     std::size_t PieceWithByte(std::uint64_t byte) const;
     std::string BytesBetween(std::uint64_t from, std::uint64_t to) const;
     std::u16string Decode(std::size_t piece) const;
+    TextPos InOrderOf(bool file, TextPos position) const;
     TextPos FindIn(std::size_t piece, const TextSearch& search, TextPos start,
                    TextPos length) const;
 

@@ -28,7 +28,8 @@ std::size_t EndOfStretch(std::string_view line, const PlainTextForm& form) {
     if (line.size() <= maxStretch) return line.size();
     const std::size_t blank = line.rfind(' ', maxStretch);
     if (blank != line.npos && blank > maxStretch / 2) return blank + 1;
-    return std::max<std::size_t>(PieceEnd(form, line.substr(0, 2 * maxStretch), maxStretch), 1);
+    return std::max<std::size_t>(CharactersEnd(form, line.substr(0, 2 * maxStretch), maxStretch),
+                                 1);
 }
 
 // The place behind the first blank or line end: a sample from within may begin in a character.

@@ -1,7 +1,10 @@
 """Books in many charsets open in the right letters at once; one too short for that is put right in the
 font dialog, by keyboard."""
+import re
+
 from harness import books
-from harness.clipboard import copied
+from harness.clipboard import copied, fill
+from harness.dialog import Dialog
 from harness.font_dialog import FontDialog
 from harness.story import Story, main
 from harness.wait import wait_for
@@ -57,6 +60,33 @@ class Charset(Story):
                 self.program.wait_for_book(self.book)
                 self.assertEqual(self.first_line(), text)
                 self.program.close()
+
+    def find(self, word):
+        """Pasted, for the keyboard has no such letters."""
+        fill(self.program.screen, word)
+        dialog = Dialog(self.program, "Find", "ctrl+f")
+        dialog.key("ctrl+v")
+        dialog.close()
+
+    def test_hebrew_in_visual_order(self):
+        """Kept as it is seen: it is found as it is typed, and copied as it is read, bracket and number too."""
+        lines = books.lines("hebrew", 40)
+        lines[30] = "(פגישה) בשנת 1948 אחרי החגים."
+        seen = [re.sub(r"\d+", lambda number: number[0][::-1], line[::-1]) for line in lines]
+        seen[30] = ".םיגחה ירחא 1948 תנשב (השיגפ)"
+        self.show("pier.txt", "\r\n".join(seen).encode("cp862"))
+        self.assertEqual(self.first_line(), lines[0])
+        self.find("החגים")
+        self.assertEqual(copied(self.program), "החגים")
+        self.program.key("Home", "shift+End")
+        self.assertEqual(copied(self.program), lines[30])
+        self.program.key("ctrl+Home")
+        self.find("פגישה")
+        self.assertEqual(copied(self.program), "פגישה")
+        self.program.key("F3")
+        self.assertEqual(copied(self.program), "פגישה")
+        self.program.close()
+        self.assertEqual(self.book_record(self.program, self.book)["Charset"], "177")
 
     def test_put_right(self):
         self.program.close()

@@ -45,7 +45,7 @@ void CheckBytes(const PlainTextSource& source, TextPos position) {
 // The first byte says how large a piece is and which code page a book without a mark has.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size == 0) return 0;
-    constexpr int pages[] = {0, 932, 936, 1251, 949, 1361, 65001, 10001};
+    constexpr int pages[] = {0, 932, 936, 1251, 949, 28598, 65001, 70003};
     const std::string bytes(reinterpret_cast<const char*>(data) + 1, size - 1);
     const int page = pages[data[0] % 8];
     const DecodedText decoded = DecodePlainText(bytes, page, 1252);

@@ -148,10 +148,6 @@ const Sentence sentences[] = {
           u"\u05D5\u05DC\u05D5 \u05E9\u05DC\u05D5\u05E9\u05D4 \u05D1\u05E0\u05D9\u05DD, "
           u"\u05D5\u05D4\u05E6\u05E2\u05D9\u05E8 \u05E9\u05D1\u05D4\u05DD \u05D4\u05D9"
           u"\u05D4 \u05D4\u05D7\u05DB\u05DD \u05DE\u05DB\u05D5\u05DC\u05DD."},
-    {28598, u".\u05DD\u05DC\u05D5\u05DB\u05DE \u05DD\u05DB\u05D7\u05D4 \u05D4\u05D9\u05D4 "
-            u"\u05DD\u05D4\u05D1\u05E9 \u05E8\u05D9\u05E2\u05E6\u05D4\u05D5 ,\u05DD\u05D9"
-            u"\u05E0\u05D1 \u05D4\u05E9\u05D5\u05DC\u05E9 \u05D5\u05DC\u05D5 \u05DF\u05E7"
-            u"\u05D6 \u05DA\u05DC\u05DE \u05D4\u05D9\u05D4 \u05D4\u05D9\u05D4"},
     {1256, u"\u0643\u0627\u0646 \u064A\u0627 \u0645\u0627 \u0643\u0627\u0646 \u0641\u064A "
            u"\u0642\u062F\u064A\u0645 \u0627\u0644\u0632\u0645\u0627\u0646 \u0645\u0644"
            u"\u0643 \u0639\u062C\u0648\u0632 \u0644\u0647 \u062B\u0644\u0627\u062B\u0629 "
@@ -197,6 +193,50 @@ TEST_CASE("charset guess: a sentence in each charset, whatever the system's own"
         for (const int system : {1252, 1251, 932})
             CHECK(Decoded(Encoded(sentence.page, sentence.text), system) == text);
     }
+}
+
+namespace {
+const char16_t* const hebrew[] = {
+    u"\u05D4\u05D9\u05D4 \u05D4\u05D9\u05D4 \u05DE\u05DC\u05DA \u05D6\u05E7\u05DF "
+    u"\u05D5\u05DC\u05D5 "
+    u"\u05E9\u05DC\u05D5\u05E9\u05D4 \u05D1\u05E0\u05D9\u05DD,",
+    u"\u05D5\u05D4\u05E6\u05E2\u05D9\u05E8 \u05E9\u05D1\u05D4\u05DD \u05D4\u05D9\u05D4 "
+    u"\u05D4\u05D7\u05DB\u05DD \u05DE\u05DB\u05D5\u05DC\u05DD.",
+};
+
+std::u16string Reversed(std::u16string_view line) {
+    return {line.rbegin(), line.rend()};
+}
+} // namespace
+
+TEST_CASE("charset guess: Hebrew in visual order is in logical order when it is decoded") {
+    for (const auto& [page, letters] : {std::pair(28598, 38598), {70003, 862}}) {
+        CAPTURE(page);
+        std::string visual, logical;
+        std::u16string text;
+        for (const char16_t* line : hebrew) {
+            visual += Encoded(letters, Reversed(line)) + "\r\n";
+            logical += Encoded(letters, line) + "\r\n";
+            text += std::u16string(line) + u"\r\n";
+        }
+        for (const int system : {1252, 1255, 1251}) {
+            CHECK(DecodePlainText(visual, 0, system).codePage == page);
+            CHECK(DecodePlainText(visual, 0, system).text == text);
+            CHECK(DecodePlainText(logical, 0, system).text == text);
+        }
+        CHECK(DecodePlainText(visual, 1255, 1252).codePage == page); // the script chosen
+        CHECK(All(PlainTextSource(Reader(visual), 0, 1252, 10)) == Whole(visual, 0));
+    }
+    // Quotation marks of Windows between them.
+    const std::string quoted = "\x94" + Encoded(1255, Reversed(hebrew[0])) + "\x93\n";
+    CHECK(DecodePlainText(quoted, 0, 1252).codePage == 70004);
+}
+
+TEST_CASE("charset guess: Hebrew without letters that end words is taken for logical") {
+    const std::u16string word =
+        u"\u05E9\u05DC\u05D5\u05E9\u05D4 \u05D0\u05D5 \u05D0\u05E8\u05D1\u05E2\u05D4";
+    for (const std::u16string& text : {word, Reversed(word)})
+        CHECK(DecodePlainText(Encoded(1255, text), 0, 1252).text == text);
 }
 
 TEST_CASE("charset guess: pieces give what the whole gives") {

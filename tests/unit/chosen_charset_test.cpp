@@ -120,6 +120,37 @@ TEST_CASE("chosen charset: another one of the same script holds, exactly and for
     CHECK(next.View().FirstVisibleChar() == top);
 }
 
+TEST_CASE("chosen charset: Hebrew in visual order, with a bookmark that stays on its word") {
+    std::string lines; // "Hello" and two letters, as they are seen
+    for (int i = 0; i < 50; ++i)
+        lines += "\xE1\xE0 \xED\xE5\xEC\xF9 " + std::to_string(100 + i) + "\r\n";
+    const std::u16string word = u"\u05E9\u05DC\u05D5\u05DD", turned(word.rbegin(), word.rend());
+    Reading test(lines);
+    CHECK(test.form.book.codePage == visualIsoPage);
+    const std::u16string logical = Shown(test);
+    CHECK(logical.starts_with(u"100 " + word + u" \u05D0\u05D1\n101"));
+    const auto place = static_cast<TextPos>(logical.find(word, 200));
+    test.View().Select(place, static_cast<TextPos>(word.size()));
+    test.Menus().Open(test.Menu().mBookmark);
+    test.Menus().Click(test.Menu().mBookmarkNew);
+    const std::u16string mark = test.Menu().mBookmarkList[0].tag;
+    const auto marked = [&] {
+        const auto found = ParseMark(test.Menu().mBookmarkList[0].tag);
+        return test.View().TextRange(found->start, found->length);
+    };
+    CHECK(marked() == word);
+    ChooseReading(test, u"Hebrew (Windows 1255)");
+    CHECK(Shown(test).starts_with(u"\u05D1\u05D0 " + turned + u" 100\n"));
+    CHECK(marked() == turned);
+    ChooseReading(test, u"Hebrew, visual order (ISO 8859-8)");
+    CHECK(Shown(test) == logical);
+    CHECK(marked() == word);
+    CHECK(test.Menu().mBookmarkList[0].tag == mark);
+    test.Close();
+    CHECK(test.DataFile().find("CodePage=28598\r\n") != std::string::npos);
+    CHECK(test.Record(0)[Field::Charset] == u"177"); // which an older program goes by
+}
+
 TEST_CASE("chosen charset: what only the book's section can hold, and the book without it") {
     Reading test("\xC5\xE9\xEE\xE1\xE9"); // too short to tell
     const std::u16string before = Shown(test);

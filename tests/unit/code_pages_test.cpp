@@ -58,7 +58,10 @@ TEST_CASE("code pages: letters of every page") {
         {28595, "\xB0", u"\u0410"},
         {28596, "\xC7", u"\u0627"},
         {28597, "\xE1", u"\u03B1"},
-        {28598, "\xE0", u"\u05D0"},
+        {28598, "\xE0\xE1", u"\u05D0\u05D1"}, // in the order of the bytes
+        {38598, "\xE0\xAA", u"\u05D0\u00D7"},
+        {70003, "\x80\x81", u"\u05D0\u05D1"},
+        {70004, "\xE0\x80", u"\u05D0\u20AC"},
         {28599, "\xFD", u"\u0131"},
         {28600, "\xBD", u"\u2015"},
         {28601, "\xA1", u"\u0E01"},

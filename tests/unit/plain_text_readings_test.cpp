@@ -73,6 +73,17 @@ TEST_CASE("readings: what reads alike for a script is there once, and always the
     CHECK(other.back().name == "Code page 54936");
 }
 
+TEST_CASE("readings: Hebrew in both orders, each once, as it reads") {
+    // "Hello", as it is seen.
+    const auto readings = Readings("\xED\xE5\xEC\xF9", visualIsoPage);
+    CHECK(Find(readings, visualIsoPage)->name == "Hebrew, visual order (ISO 8859-8)");
+    CHECK(Find(readings, visualIsoPage)->line == u"\u05E9\u05DC\u05D5\u05DD");
+    CHECK(Find(readings, 1255)->line == u"\u05DD\u05D5\u05DC\u05E9");
+    CHECK_FALSE(Find(readings, logicalIsoPage));
+    CHECK(Find(readings, 862));
+    CHECK(Find(readings, visualDosPage));
+}
+
 TEST_CASE("readings: nothing to choose from where the bytes leave no doubt") {
     const char* const texts[] = {"", "ASCII alone", "\xEF\xBB\xBF\xC3\xA9", "\xFF\xFE\xE9",
                                  "\x1B$B$\"\x1B(B"};

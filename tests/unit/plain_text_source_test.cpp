@@ -1,5 +1,6 @@
 #include "formats/plain/plain_text_source.h"
 
+#include "common/utf.h"
 #include "text_samples.h"
 
 #include <doctest/doctest.h>
@@ -103,6 +104,24 @@ TEST_CASE("text source: each byte that continues nothing has a position of its o
             CHECK(source.ByteOf(position) == places[position]);
             const bool secondOfPair = position > 0 && places[position] == places[position - 1];
             CHECK(source.PositionOf(places[position]) == position - secondOfPair);
+        }
+    }
+}
+
+TEST_CASE("text source: in visual order each character keeps its byte") {
+    // "One 12 (two)." and "(a b)", as they are seen.
+    const std::string bytes = ".(\xED\xE9\xF0\xF9) 12 \xE3\xE7\xE0\r\n\r\n(a b)\xE0";
+    const std::u16string text = u"\u05D0\u05D7\u05D3 12 (\u05E9\u05E0\u05D9\u05DD).\n\n\u05D0(a b)";
+    const std::uint64_t places[] = {13, 12, 11, 10, 8,  9,  7,  6,  5,  4,  3,
+                                    2,  1,  0,  14, 16, 23, 22, 19, 20, 21, 18};
+    for (const std::size_t pieceBytes : {1u, 5u, 14u, 100u}) {
+        const PlainTextSource source(Reader(bytes), 28598, 1252, pieceBytes);
+        CHECK(Utf16ToUtf8(All(source)) == Utf16ToUtf8(text));
+        REQUIRE(source.Length() == TextPos(std::size(places)));
+        for (TextPos position = 0; position < source.Length(); ++position) {
+            CAPTURE(position);
+            CHECK(source.ByteOf(position) == places[position]);
+            CHECK(source.PositionOf(places[position]) == position);
         }
     }
 }
