@@ -1,10 +1,10 @@
 #include "files_contract.h"
 #include "platform/windows/base/text.h"
 #include "platform/windows/base/win_handle.h"
+#include "platform/windows/base/wine.h"
 #include "platform/windows/files/file_times.h"
 #include "platform/windows/files/paths.h"
 #include "platform/windows/files/win_files.h"
-#include "runs_under_wine.h"
 #include "temporary_folder_windows.h"
 
 #include <doctest/doctest.h>

@@ -1,11 +1,11 @@
 // The messages and the dialogs of our own.
 #include "platform/windows/base/text.h"
+#include "platform/windows/base/wine.h"
 #include "platform/windows/dialogs/message_box.h"
 #include "platform/windows/dialogs/win_dialogs.h"
 #include "platform/windows/dialogs/win_find_dialog.h"
 #include "platform/windows/dialogs/win_rich_message.h"
 #include "platform/windows/dialogs/win_text_dialog.h"
-#include "runs_under_wine.h"
 #include "windows_message_pump.h"
 #include "windows_while_open.h"
 

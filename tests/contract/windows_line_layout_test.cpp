@@ -98,6 +98,43 @@ TEST_CASE("Windows line layout: each character is painted within its extent") {
     }
 }
 
+TEST_CASE("Windows line layout: characters in two units are the same among text from the right") {
+    WinLineLayout layout;
+    TextStyle style = LineStyle(18);
+    style.font.family = u"DejaVu Sans";
+    style.font.italic = true;
+    for (const char16_t* one : {u"\U0001F600", u"\U0001F469\u200D\U0001F467",
+                                u"\u2764\u200D\U0001F525", u"\U0001D11E", u"\U0001E922"}) {
+        CAPTURE(one);
+        const std::u16string character = one;
+        const double width = TextWidth(layout, character, style);
+        for (const int count : {1, 2, 3, 4, 8, 12, 20, 28, 36, 44}) {
+            CAPTURE(count);
+            const auto lines =
+                LinesOf(layout, u"\u202E" + Repeated(character, count), style, unlimited, true);
+            const TextPos length = TextPos(character.size());
+            for (int i = 0; i < count; ++i) {
+                const TextExtent extent = lines->CharacterExtent(0, 1 + i * length);
+                CHECK(extent.right - extent.left == width);
+            }
+            // Wine 8 wrote behind the memory that it had for the text.
+            REQUIRE(HeapValidate(GetProcessHeap(), 0, nullptr));
+        }
+    }
+}
+
+TEST_CASE("Windows line layout: a soft hyphen is seen only where the line breaks at it") {
+    WinLineLayout layout;
+    const int width = static_cast<int>(TextWidth(layout, u"several-")) + 2;
+    for (const char16_t* text : {u"several\u00ADseveral", u"several\u00AD several"}) {
+        const bool atHyphen = std::u16string_view(text)[8] != u' ';
+        const auto lines = LinesOf(layout, text, LineStyle(), width);
+        REQUIRE(lines->Count() == 2);
+        const TextExtent hyphen = lines->CharacterExtent(0, 7);
+        CHECK((hyphen.right > hyphen.left) == atHyphen);
+    }
+}
+
 TEST_CASE("Windows line layout: nothing is painted outside the clip") {
     WinLineLayout layout;
     TextStyle style = LineStyle(24);

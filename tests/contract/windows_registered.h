@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/windows/base/text.h"
-#include "runs_under_wine.h"
+#include "platform/windows/base/wine.h"
 
 class Registered {
   public:

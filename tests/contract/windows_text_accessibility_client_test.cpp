@@ -1,8 +1,8 @@
 // The text view as a client of UI Automation sees it, through the system's own library.
 #include "platform/windows/base/com_values.h"
 #include "platform/windows/base/system_library.h"
+#include "platform/windows/base/wine.h"
 #include "platform/windows/text_pane/win_text_view.h"
-#include "tests/contract/runs_under_wine.h"
 #include "tests/contract/windows_message_pump.h"
 #include "tests/contract/windows_text_view_bench.h"
 

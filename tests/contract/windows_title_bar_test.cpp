@@ -1,6 +1,5 @@
+#include "platform/windows/base/wine.h"
 #include "platform/windows/window/title_bar.h"
-
-#include "runs_under_wine.h"
 
 #include <doctest/doctest.h>
 

@@ -1,5 +1,9 @@
 #include "platform/windows/line_layout/glyph_runs.h"
 
+#include "common/unicode.h"
+#include "platform/windows/base/wine.h"
+#include "platform/windows/line_layout/characters.h"
+
 #include <algorithm>
 
 namespace {
@@ -34,6 +38,30 @@ std::size_t EndOfFont(const ParagraphText& paragraph, std::size_t& run, std::siz
     while (next < paragraph.runs.size() && startOf(next) < end && styleOf(next) == font)
         ++next; // another style in the same font is shaped with it: letters join across colours
     return next < paragraph.runs.size() ? std::min(end, startOf(next)) : end;
+}
+
+bool HasPair(const TextUnits& text, std::size_t at, std::size_t end) {
+    const std::size_t start = at;
+    for (; at < end && (at == start || !text.units[at].caret); ++at)
+        if (CharacterAt(text.text, at) >= 0x10000) return true;
+    return false;
+}
+
+// Characters in two units, as emoji, are the same in both directions. Wine 8 makes two glyphs of
+// one that goes from right to left, and writes behind its memory.
+bool StandsAlone(const TextUnits& text, const GlyphRun& run, std::size_t at) {
+    if (!run.IsRightToLeft() || !HasPair(text, at, run.end)) return false;
+    return StrongDirection(CharacterAt(text.text, at)) != Direction::RightToLeft || RunsUnderWine();
+}
+
+// One character that stands alone, or all up to the next one that does.
+void SeparateCharacter(const TextUnits& text, GlyphRun& run) {
+    const bool alone = StandsAlone(text, run, run.start);
+    std::size_t end = run.start + 1;
+    while (end < run.end && !(text.units[end].caret && (alone || StandsAlone(text, run, end))))
+        ++end;
+    run.end = end;
+    if (alone) run.analysis.fRTL = 0;
 }
 
 // Syllables of Indic scripts are not divided, and no line begins within a ligature.
@@ -100,6 +128,7 @@ ShapedText ShapeText(WinFonts& fonts, const ParagraphText& paragraph, TextUnits&
             run.start = at;
             run.end = EndOfPart(text, at, end);
             run.analysis = text.items[item].a;
+            SeparateCharacter(text, run);
             at = run.end;
             ShapeWithFallback(fonts, text, std::move(run), shaped.runs);
         }

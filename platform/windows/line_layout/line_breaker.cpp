@@ -98,9 +98,10 @@ LineEnd Breaker::FindEnd(std::size_t start, int indent) {
     return {text_.Size(), false, true};
 }
 
+// Also those in front of what is not seen: a book may have a zero width space behind each space.
 void HideTrailingSpaces(const TextUnits& text, ShapedText& shaped, BrokenLine& line) {
     const auto start = static_cast<std::size_t>(line.line.start);
-    while (line.visibleEnd > start && text.units[line.visibleEnd - 1].isSpace)
+    while (line.visibleEnd > start && text.units[line.visibleEnd - 1].IsBlank())
         ChangeWidth(shaped, --line.visibleEnd, 0);
 }
 
@@ -133,7 +134,8 @@ BrokenLine MakeLine(const ParagraphText& paragraph, const TextUnits& text, Shape
     else
         LimitTrailingSpaces(text, shaped, line, room);
     const std::size_t last = line.visibleEnd;
-    line.hasHyphen = wrapped && last > start && text.units[last - 1].kind == UnitKind::SoftHyphen;
+    line.hasHyphen = wrapped && last > start && last == end.end &&
+                     text.units[last - 1].kind == UnitKind::SoftHyphen;
     if (line.hasHyphen) shaped.widths[last - 1] = HyphenWidth(paragraph, last - 1);
     if (wrapped && paragraph.justified) line.line.justified = JustifyLine(text, shaped, line, room);
     PlacePieces(text, shaped, line);

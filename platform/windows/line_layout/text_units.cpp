@@ -41,6 +41,8 @@ void SetPlaces(std::u16string_view text, TextUnits& all) {
     const std::vector<bool> breaks = LineBreaks(text);
     for (std::size_t at = 1; at < all.Size(); ++at) {
         TextUnit& unit = all.units[at];
+        if (!unit.caret) all.units[at - 1].isSpace = false; // it carries a mark, which is seen
+        if (unit.caret && IsIgnorable(text[at])) unit.kind = UnitKind::Hidden; // joins nothing
         const bool besideBox =
             unit.kind == UnitKind::Box || all.units[at - 1].kind == UnitKind::Box;
         const bool joined = text[at] == wordJoiner || text[at - 1] == wordJoiner;

@@ -25,6 +25,7 @@ struct TextUnit {
     bool startsStretch = false; // of a word, or between words
     bool startsWord = false;
     bool isSpace = false; // without width at the end of a wrapped line
+    bool IsBlank() const { return isSpace || kind == UnitKind::Hidden; }
 };
 
 // A part of the text in one script and direction, up to the next one's start.

@@ -13,7 +13,7 @@ struct LevelRun {
 // Spaces at a line's end stand where the paragraph ends, whatever is before them.
 std::size_t StartOfTrailingSpaces(const TextUnits& text, const BrokenLine& line) {
     std::size_t at = line.visibleEnd;
-    while (at > static_cast<std::size_t>(line.line.start) && text.units[at - 1].isSpace)
+    while (at > static_cast<std::size_t>(line.line.start) && text.units[at - 1].IsBlank())
         --at;
     return at;
 }

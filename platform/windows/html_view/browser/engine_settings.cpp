@@ -1,6 +1,7 @@
 #include "platform/windows/html_view/browser/engine_settings.h"
 
 #include "platform/windows/base/text.h"
+#include "platform/windows/base/wine.h"
 #include "platform/windows/html_view/safety/urlmon.h"
 
 #include <ole2.h>
@@ -26,8 +27,7 @@ std::wstring ProgramName() {
 
 // Wine has the control, but its engine is another one that is to be fetched from the net first.
 bool IsEngineInstalled() {
-    const HMODULE system = GetModuleHandleW(L"ntdll");
-    if (system && GetProcAddress(system, "wine_get_version")) return false;
+    if (RunsUnderWine()) return false;
     wchar_t path[MAX_PATH] = {};
     const UINT length = GetSystemDirectoryW(path, MAX_PATH);
     if (length == 0 || length >= MAX_PATH) return false;

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "formats/document.h"
-#include "tests/contract/qt/reference_view/random_numbers.h"
+#include "tests/random_numbers.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 // Random words and lines in many scripts.
 #pragma once
 
-#include "tests/contract/qt/reference_view/random_numbers.h"
+#include "tests/random_numbers.h"
 
 #include <string>
 

@@ -2,6 +2,6 @@
 #pragma once
 
 #include "tests/contract/qt/reference_view/random_book.h"
-#include "tests/contract/qt/reference_view/random_numbers.h"
+#include "tests/random_numbers.h"
 
 RandomBook MakeRichBook(Random& random, bool tables, bool pictures);

@@ -1,4 +1,4 @@
-// Whether the tests run on Windows itself or under Wine, which does some things otherwise.
+// Where the program does not run on Windows itself, and a part of the system is missing or broken.
 #pragma once
 
 #include "platform/windows/base/win32.h"
