@@ -170,3 +170,20 @@ TEST_CASE("page limits: marks without end on a letter are not all shaped") {
     CHECK(text.size() == 1001);
     CHECK(std::count(text.begin(), text.end(), u'\u0301') < 40);
 }
+
+TEST_CASE("page limits: blocks in lines that hold much are not all in the same lines") {
+    const std::u16string nested =
+        Repeated(u"<i style='display:inline-block'>x ", 400) + Repeated(u"</i>", 400);
+    const Work work = WorkOf(Repeated(nested, 60));
+    CHECK(work.zones > 3);
+    CHECK(work.most < 60'000);
+}
+
+TEST_CASE("page limits: boxes out of the flow without end come to stand in it") {
+    PageSample page(u"<p>text" + Repeated(u"<div style='position:absolute'>x</div>", 60'000));
+    page.flow.SetWidth(400);
+    CHECK(TextsOfZone(page, page.flow.ZoneCount() - 1) < 1000);
+    for (std::size_t zone = 0; zone < page.flow.ZoneCount(); ++zone)
+        page.flow.LayOut(zone);
+    CHECK(page.flow.Heights().Total() > 50'000 * 16);
+}

@@ -1,4 +1,5 @@
 // What the styles of a page's texts do to its lines.
+#include "common/contrast.h"
 #include "tests/unit/page_sample.h"
 
 #include <doctest/doctest.h>
@@ -30,6 +31,17 @@ std::string FirstHeight(const std::u16string& line) {
     const std::string lines = Lines(u"<div>" + line + u"</div><div>x</div>");
     const std::size_t start = lines.rfind('|') + 1, comma = lines.find(',', start);
     return lines.substr(comma + 1, lines.find(' ', comma) - comma - 1);
+}
+// Of the last letter that is laid out; none: the one of all that has none of its own.
+std::optional<Color> LastColor(const std::u16string& body) {
+    PageSample page(body);
+    page.flow.SetWidth(400);
+    const PageFragment* fragment = page.flow.LayOut(0).get();
+    while (fragment->lines.empty() && !fragment->parts.empty())
+        fragment = fragment->parts.back().fragment.get();
+    REQUIRE(!fragment->lines.empty());
+    const StyleHandle& style = fragment->lines.back().content->text.runs.back().style;
+    return dynamic_cast<const NoneStyle&>(*style).Style().color;
 }
 } // namespace
 
@@ -213,4 +225,39 @@ TEST_CASE("page text: generated text") {
           "<8220>ax");
     CHECK(Lines(u"<style>p{margin:0}p::before{content:'1';vertical-align:10px}</style>"
                 u"<p>a<p>b") == "0,0 1a|0,26 1b");
+}
+
+TEST_CASE("page text: what could not be read on its background is shown so that it can") {
+    struct Case {
+        const char* body;
+        std::optional<Color> color;
+    };
+    constexpr Color white = 0xFFFFFF, black = 0;
+    const Case table[] = {
+        {"<p style='color:#808080'>x", 0x808080},
+        {"<p style='color:#eee'>x", black},
+        {"<p style='background:black'>x", white},
+        {"<p style='background:rgba(0,0,0,.3)'>x", {}}, // which is not drawn
+        {"<div style='background:#123'><p style='color:#234'>x", white},
+        {"<div style='background:#123'><p style='background:white;color:#234'>x", 0x443322},
+        {"<p>aa<b style='background:#000;color:#111'>x", white},
+        {"<p style='background:#000'>aa<b style='background:#fff;color:#111'><i>x", 0x111111},
+        {"<table bgcolor=black><tr><td>x", white},
+        {"<table bgcolor=black><tr bgcolor=white><td>x", {}},
+        {"<style>p::before{content:'y';background:#000}</style><p>", white},
+        {"<ul style='background:#000;color:#000'><li>x", white},
+    };
+    for (const Case& row : table) {
+        CAPTURE(row.body);
+        const std::string body = row.body;
+        const auto color = LastColor(std::u16string(body.begin(), body.end()));
+        if (row.color == white)
+            CHECK(IsReadable(color.value_or(black), black));
+        else
+            CHECK(color == row.color);
+    }
+    // A colour stays one, lighter than it was.
+    const Color link = LastColor(u"<p style='background:#000;color:#00c'>x").value_or(black);
+    CHECK(IsReadable(link, black));
+    CHECK((link >> 16) > (link & 0xFF));
 }

@@ -1,6 +1,7 @@
 // How a page looks and what it consists of, for those who do not see it.
 #include "view/html/page_objects.h"
 #include "view/html/page_pane.h"
+#include "view/page/page_background.h"
 #include "view/page/text_alignment.h"
 
 #include <algorithm>
@@ -28,16 +29,16 @@ CharacterLook PagePane::LookOfCharacter(TextPos position) {
     const HtmlNodeId element = ElementAt(position);
     if (element == noHtmlNode) return look;
     const CssStyle style = styles.Of(element);
-    look.style = shown_->Fonts().StyleOf(*style.inherited);
-    look.style.baseline = BaselineOf(style.box->verticalAlign);
-    look.foreground = look.style.color.value_or(shown_->TextColor());
     look.background = shown_->CanvasColor();
     for (HtmlNodeId around = element; tree[around].IsElement(); around = tree[around].parent) {
         const CssColor background = styles.Of(around).box->background;
-        if (background.IsTransparent()) continue;
+        if (!IsDrawn(background)) continue;
         look.background = background.Bgr();
         break;
     }
+    look.style = shown_->Fonts().StyleOf(*style.inherited, {.background = look.background});
+    look.style.baseline = BaselineOf(style.box->verticalAlign);
+    look.foreground = look.style.color.value_or(shown_->TextColor());
     const HtmlNodeId link = LinkAround(element);
     if (link != noHtmlNode) look.link = tree[link].Attribute(HtmlName::Href)->Value();
     return look;

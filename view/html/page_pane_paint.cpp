@@ -8,6 +8,8 @@
 
 namespace {
 constexpr Color usualPaper = 0xFFFFFF;
+// Zones of a frame that are drawn though they take no height: what hangs out of them is seen.
+constexpr std::size_t maxFlatZones = 64;
 } // namespace
 
 Color PagePane::BackColor() const {
@@ -33,6 +35,9 @@ void PagePane::Paint(Canvas& canvas, const Rect& clip) {
     double y = -scroller_.Position().y;
     for (std::size_t zone = scroller_.Position().zone; zone < flow.ZoneCount() && y < Bottom(clip);
          ++zone) {
+        if (seen.size() > maxFlatZones && flow.Heights().IsMeasured(zone) &&
+            flow.Heights().Height(zone) <= 0)
+            continue;
         PageFragmentPtr fragment = flow.LayOut(zone);
         const double height = fragment->height;
         widest_ = std::max(widest_, RightEdge(*fragment));

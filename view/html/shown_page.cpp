@@ -2,6 +2,7 @@
 
 #include "formats/css/css_sheet_loader.h"
 #include "view/page/page_box_builder.h"
+#include "view/page/page_repairs.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -58,11 +59,18 @@ CssPageStyles ShownPage::StylesOf(const LoadedPage& page, const std::vector<std:
         read.push_back(ReadCss(sheet, reading));
     if (const std::u16string readers = ReadersSheet(look); !readers.empty())
         read.push_back(ReadCss(readers, reading));
-    std::vector<const CssSheet*> each;
-    each.reserve(read.size());
-    for (const CssSheet& sheet : read)
-        each.push_back(&sheet);
-    return StylePage(page.Tree(), each, reading.medium);
+    const auto style = [&] {
+        std::vector<const CssSheet*> each;
+        each.reserve(read.size());
+        for (const CssSheet& sheet : read)
+            each.push_back(&sheet);
+        return StylePage(page.Tree(), each, reading.medium);
+    };
+    CssPageStyles styles = style();
+    const std::u16string repairs = RepairingSheet(TextSharesOf(page.Tree(), styles));
+    if (repairs.empty()) return styles;
+    read.push_back(ReadCss(repairs, reading));
+    return style();
 }
 
 ShownPage::ShownPage(const LoadedPage& page, const std::vector<std::u16string>& sheets,

@@ -1,12 +1,12 @@
 #include "view/page/border_painter.h"
 
 #include "view/geometry.h"
+#include "view/page/page_background.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
-constexpr std::uint8_t halfOpaque = 128;
 constexpr int minDouble = 3; // pixels of a double line; a thinner one is a single one
 
 // A side's rectangle along the box, from its corner on.
@@ -53,10 +53,6 @@ Rect Clipped(const Rect& box, const Rect& clip) {
     const int left = std::max(box.left, clip.left), top = std::max(box.top, clip.top);
     return {left, top, std::min(Right(box), Right(clip)) - left,
             std::min(Bottom(box), Bottom(clip)) - top};
-}
-
-bool IsDrawn(CssColor color) {
-    return color.alpha >= halfOpaque;
 }
 
 void FillBox(const BoxPaint& paint, const Rect& box, CssColor color) {

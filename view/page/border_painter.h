@@ -12,8 +12,6 @@ struct BoxPaint {
 };
 
 Rect Clipped(const Rect& box, const Rect& clip);
-// What is less than half opaque is not drawn.
-bool IsDrawn(CssColor color);
 void FillBox(const BoxPaint& paint, const Rect& box, CssColor color);
 // Within the box, on the sides that are shown: a box that goes on elsewhere has none there.
 void PaintBorders(const BoxPaint& paint, const CssBoxStyle& style, const Rect& box,

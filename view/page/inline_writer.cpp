@@ -138,7 +138,7 @@ void InlineWriter::AddLetter(char16_t unit, std::size_t number, const CssInherit
 
 void InlineWriter::StartRun(const CssInheritedStyle& style, const TextPlace& place,
                             bool smallCapital) {
-    const PageTextUse use{place.raise + place.shift, smallCapital};
+    const PageTextUse use{place.raise + place.shift, smallCapital, place.background};
     AddRun(Content().text.runs, StyledRun{Length(), fonts_.Of(style, use)},
            [](const StyledRun& a, const StyledRun& b) { return a.style == b.style; });
     AddRun(Content().runs,

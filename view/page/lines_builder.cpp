@@ -114,15 +114,17 @@ void LinesBuilder::AddBreak(HtmlNodeId element) {
     if (IsOpen()) boxes_.Weight() += inlineElementWeight;
 }
 
-void LinesBuilder::AddBox(HtmlNodeId element) {
+void LinesBuilder::AddBox(HtmlNodeId element, PageWeight within) {
     const CssBoxStyle& style = *styles_.Of(element).box;
     MakeRoom(element, boxInLinesWeight);
+    if (IsOpen() && boxes_.WeightWithin() + within > limits_.whole) Divide(element, 0);
     PageBox& lines = Open(element);
     if (IsOutOfFlow(style) || style.floats != CssFloat::None)
         lines.hasFloats = lines.hasFloats || !IsOutOfFlow(style);
     else
         lines.hasText = true;
     boxes_.Weight() += boxInLinesWeight;
+    boxes_.WeightWithin() += within;
 }
 
 void LinesBuilder::AddInline(HtmlNodeId element) {

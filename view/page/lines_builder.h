@@ -25,8 +25,8 @@ class LinesBuilder {
 
     void AddText(HtmlNodeId text);
     void AddBreak(HtmlNodeId element);
-    // A float or a block that stands in them.
-    void AddBox(HtmlNodeId element);
+    // A float or a block that stands in them, with so much in it.
+    void AddBox(HtmlNodeId element, PageWeight within);
     // The start of an element, whose text follows.
     void AddInline(HtmlNodeId element);
     // Text before or behind what is in an element.

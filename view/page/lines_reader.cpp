@@ -1,8 +1,8 @@
 #include "view/page/lines_reader.h"
 
 #include "view/page/bidi_isolation.h"
-#include "view/page/border_painter.h"
 #include "view/page/list_marker.h"
+#include "view/page/page_background.h"
 #include "view/page/page_box_builder.h"
 #include "view/page/page_weights.h"
 
@@ -29,6 +29,7 @@ LinesReader::LinesReader(const HtmlTree& tree, const CssPageStyles& styles, cons
     while (boxes[box].node == noHtmlNode)
         box = boxes[box].parent;
     container_ = boxes[box].node;
+    background_ = BackgroundOf(boxes, lines);
 }
 
 LinesText LinesReader::Read() {
@@ -89,6 +90,7 @@ void LinesReader::AddFirstLetter(HtmlNodeId text, const PageFirstLetter& letter)
     const HtmlNode& node = tree_[text];
     TextPlace place = PlaceOf(node.parent);
     AddOwnPlace(style, styles_.Of(node.parent), fonts_, place);
+    if (IsDrawn(style.box->background)) place.background = style.box->background.Bgr();
     OpenDecoration(noHtmlNode, style, true, place);
     AddSide(*style.box, cssLeft);
     writer_.SetNode(text);
@@ -106,7 +108,7 @@ bool LinesReader::Enter(HtmlNodeId id) {
         return false;
     }
     if (!node.IsElement() || IsNotShown(node)) return false;
-    if (styles_.Of(id).box->display == CssDisplay::None) return false;
+    if (IsNotShown(*styles_.Of(id).box)) return false;
     if (nextBox_ != noPageBox && boxes_[nextBox_].node == id && !boxes_[nextBox_].generated) {
         AddBox();
         return false;
@@ -203,7 +205,8 @@ void LinesReader::AddMarkerInside() {
     if (boxes_[item].text->listStylePosition != CssListStylePosition::Inside) return;
     if (item != id_ && boxes_.FirstChild(item) != id_) return;
     const std::u16string marker = ListMarker(boxes_[item].text->listStyleType, boxes_[item].number);
-    if (!marker.empty()) writer_.AddText(marker + u" ", *boxes_[item].text, {});
+    if (!marker.empty())
+        writer_.AddText(marker + u" ", *boxes_[item].text, {.background = background_});
 }
 
 // Before or behind what is in an element.
@@ -211,6 +214,7 @@ void LinesReader::AddGenerated(CssStyle style, HtmlNodeId element) {
     if (!style.box) return;
     TextPlace place = PlaceOf(element);
     AddOwnPlace(style, styles_.Of(element), fonts_, place);
+    if (IsDrawn(style.box->background)) place.background = style.box->background.Bgr();
     OpenDecoration(noHtmlNode, style, true, place);
     AddSide(*style.box, cssLeft);
     for (const CssContentItem& item : styles_.Content(style.box->content))
@@ -227,8 +231,12 @@ void LinesReader::AddGenerated(CssStyle style, HtmlNodeId element) {
 TextPlace LinesReader::PlaceOf(HtmlNodeId element) {
     TextPlace place;
     for (; tree_[element].IsElement() && element != container_ && IsInline(element);
-         element = tree_[element].parent)
+         element = tree_[element].parent) {
         AddOwnPlace(styles_.Of(element), styles_.Of(tree_[element].parent), fonts_, place);
+        const CssColor background = styles_.Of(element).box->background;
+        if (!place.background && IsDrawn(background)) place.background = background.Bgr();
+    }
+    if (!place.background) place.background = background_;
     return place;
 }
 

@@ -47,5 +47,6 @@ class LinesReader {
     };
     std::vector<OpenElement> open_;
     HtmlNodeId container_ = noHtmlNode; // the element that the lines are in
+    Color background_ = 0;              // behind them
     PageBoxId nextBox_ = noPageBox;
 };

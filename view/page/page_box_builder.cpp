@@ -22,7 +22,21 @@ bool IsNotShown(const HtmlNode& node) {
     }
 }
 
+bool IsNotShown(const CssBoxStyle& style) {
+    constexpr float point = 1; // CSS pixels
+    const auto isPoint = [](const CssLength& length) {
+        return length.kind == CssLength::Kind::Pixels && length.value <= point;
+    };
+    return style.display == CssDisplay::None ||
+           (IsOutOfFlow(style) && style.overflow != CssOverflow::Visible && isPoint(style.width) &&
+            isPoint(style.height));
+}
+
 namespace {
+// Boxes out of the flow, of a page: a book may have the numbers of its pages so. They may all be in
+// one place, and then are all laid out together.
+constexpr std::size_t maxPositioned = 10'000;
+
 class PageBoxBuilder : private BlockBuilder {
   public:
     PageBoxBuilder(const HtmlTree& tree, const CssPageStyles& styles, const PageLimits& limits,
@@ -41,6 +55,7 @@ class PageBoxBuilder : private BlockBuilder {
   private:
     void BuildBlock(PageBoxKind kind, HtmlNodeId node) override {
         boxes_.Open(kind, node);
+        if (StaysInFlow(node, *boxes_.Top().style)) boxes_.Top().isTooLong = true;
         if (tree_[node].Is(HtmlName::Body) && boxes_[rootPageBox].style->background.IsTransparent())
             boxes_.MakeTopCanvas();
         const HtmlNodeId behind = tree_.NextBehind(node);
@@ -71,9 +86,10 @@ class PageBoxBuilder : private BlockBuilder {
     }
 
     void VisitElement(HtmlNodeId id, const CssBoxStyle& style) {
-        if (style.display == CssDisplay::None) return;
+        if (IsNotShown(style)) return;
         const bool leavesFlow = IsOutOfFlow(style) || style.floats != CssFloat::None;
-        if (leavesFlow && !weights_.IsTooLong(id)) return BuildInLines(id, style);
+        if (IsOutOfFlow(style)) ++positioned_;
+        if (leavesFlow && !StaysInFlow(id, style)) return BuildInLines(id, style);
         switch (style.display) {
         case CssDisplay::None: return;
         case CssDisplay::Inline:
@@ -90,6 +106,10 @@ class PageBoxBuilder : private BlockBuilder {
         }
         lines_.Close(id);
         BuildOwn(id, style);
+    }
+
+    bool StaysInFlow(HtmlNodeId id, const CssBoxStyle& style) const {
+        return weights_.IsTooLong(id) || (IsOutOfFlow(style) && positioned_ > maxPositioned);
     }
 
     bool IsPicture(HtmlNodeId id) const {
@@ -112,7 +132,7 @@ class PageBoxBuilder : private BlockBuilder {
     }
 
     void BuildInLines(HtmlNodeId id, const CssBoxStyle& style) {
-        lines_.AddBox(id);
+        lines_.AddBox(id, weights_.Of(id));
         const HtmlNodeId letterOf = lines_.FirstLetterOf();
         lines_.ForgetFirstLetter();
         BuildOwn(id, style);
@@ -138,6 +158,7 @@ class PageBoxBuilder : private BlockBuilder {
     LinesBuilder lines_;
     ListNumbers numbers_;
     TableBuilder tables_;
+    std::size_t positioned_ = 0; // boxes so far
 };
 } // namespace
 

@@ -15,3 +15,5 @@ PageBoxes BoxesOf(const HtmlTree& tree, const CssPageStyles& styles, const PageL
 // Whether an element stands for something that is not shown. What is in it is for programs that
 // know it even less.
 bool IsNotShown(const HtmlNode& node);
+// By its style: not displayed, or cut off to a point that only screen readers come by.
+bool IsNotShown(const CssBoxStyle& style);

@@ -77,7 +77,7 @@ void PageBoxStack::Push(PageBox box) {
         parent.lastChild = id;
     }
     boxes_.boxes_.push_back(box);
-    open_.push_back({id, noPageBox, 0});
+    open_.push_back({id, noPageBox, 0, 0});
 }
 
 void PageBoxStack::Close() {

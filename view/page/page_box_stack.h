@@ -18,6 +18,7 @@ class PageBoxStack : public PageNumbers {
     PageBox& Top() { return boxes_.boxes_[TopId()]; }
     PageBoxId TopId() const { return open_.back().id; }
     PageWeight& Weight() { return open_.back().weight; }
+    PageWeight& WeightWithin() { return open_.back().within; }
 
     void Open(PageBoxKind kind, HtmlNodeId node);
     void Close();
@@ -39,6 +40,7 @@ class PageBoxStack : public PageNumbers {
     struct OpenBox {
         PageBoxId id = noPageBox, lastChild = noPageBox;
         PageWeight weight = 0; // of lines
+        PageWeight within = 0; // in the boxes of these lines
     };
 
     void Push(PageBox box);

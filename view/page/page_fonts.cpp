@@ -1,11 +1,13 @@
 #include "view/page/page_fonts.h"
 
+#include "common/contrast.h"
 #include "view/page/font_families.h"
 
 namespace {
 constexpr int boldFrom = 600;         // of the weights that fonts have, the nearest of two
 constexpr double smallCapitals = 0.7; // of the font's size, where it has none of its own
 constexpr int tabSpaces = 8;
+constexpr Color black = 0; // of what has no colour of its own
 } // namespace
 
 StyleHandle PageFonts::Of(const CssInheritedStyle& style, const PageTextUse& use) {
@@ -40,6 +42,9 @@ TextStyle PageFonts::StyleOf(const CssInheritedStyle& style, const PageTextUse& 
     text.strikethrough = (style.decorations & cssLineThrough) != 0;
     text.overline = (style.decorations & cssOverline) != 0;
     if (!style.autoColor) text.color = style.color.Bgr();
+    const Color shown = text.color.value_or(black);
+    if (use.background && !IsReadable(shown, *use.background))
+        text.color = ReadableOn(*use.background, shown);
     return text;
 }
 

@@ -5,12 +5,14 @@
 #include "platform/line_layout.h"
 
 #include <map>
+#include <optional>
 #include <utility>
 
 // What a text has from the boxes that it is in.
 struct PageTextUse {
     double raise = 0; // of its baseline above that of the lines, in device pixels
     bool smallCapital = false;
+    std::optional<Color> background; // on which it can be read; none: any
     // NOLINTNEXTLINE(modernize-use-nullptr): in what the compiler makes
     auto operator<=>(const PageTextUse&) const = default;
 };

@@ -2,9 +2,12 @@
 
 #include "view/page/text_raise.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
+constexpr double hidingIndent = 500; // CSS pixels; narrower columns hang farther out
+
 VerticalAlign AlignOf(CssVerticalAlign align) {
     switch (align) {
     case CssVerticalAlign::Middle: return VerticalAlign::Middle;
@@ -101,5 +104,8 @@ void PageLayouter::AddFloat(const LinesText::Place& place, double containing,
 
 double PageLayouter::IndentOf(PageBoxId lines, double containing) const {
     const PageBox& box = boxes_[lines];
-    return box.continues ? 0 : measure_.Length(box.text->textIndent, containing);
+    if (box.continues) return 0;
+    // One that goes beyond the left edge hides the text, for a picture that stands behind it.
+    const double indent = measure_.Length(box.text->textIndent, containing);
+    return indent < -std::max(containing, hidingIndent * measure_.Scale()) ? 0 : indent;
 }

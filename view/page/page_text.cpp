@@ -4,6 +4,7 @@
 #include "formats/pictures/svg_tree.h"
 #include "view/page/lines_reader.h"
 #include "view/page/list_marker.h"
+#include "view/page/page_background.h"
 
 LinesText PageText::TextOf(PageBoxId lines) {
     return LinesReader(tree_, styles_, boxes_, fonts_, lines).Read();
@@ -23,7 +24,7 @@ std::shared_ptr<const InlineContent> PageText::MarkerOf(PageBoxId item) {
     const std::u16string marker = ListMarker(box.text->listStyleType, box.number);
     if (marker.empty() || box.text->listStylePosition == CssListStylePosition::Inside)
         return nullptr;
-    auto content = PlainContent(box, marker);
+    auto content = PlainContent(item, marker);
     content->wraps = false;
     return content;
 }
@@ -33,20 +34,20 @@ std::shared_ptr<const InlineContent> PageText::AlternativeOf(PageBoxId picture) 
     if (box.generated) return nullptr;
     if (tree_[box.node].nameSpace == HtmlNamespace::Svg) {
         const std::u16string text = SvgText(tree_, box.node);
-        return text.empty() ? nullptr : PlainContent(box, text);
+        return text.empty() ? nullptr : PlainContent(picture, text);
     }
     const HtmlAttribute* text = tree_[box.node].Attribute(HtmlName::Alt);
-    return text ? PlainContent(box, text->Value()) : nullptr;
+    return text ? PlainContent(picture, text->Value()) : nullptr;
 }
 
 // In the style of the box.
-std::shared_ptr<InlineContent> PageText::PlainContent(const PageBox& box,
-                                                      std::u16string_view text) {
+std::shared_ptr<InlineContent> PageText::PlainContent(PageBoxId id, std::u16string_view text) {
+    const PageBox& box = boxes_[id];
     auto content = std::make_shared<InlineContent>();
     content->strut = fonts_.Of(*box.text);
     content->strutLineHeight = fonts_.LineHeight(*box.text);
     content->text.text = text;
-    content->text.runs = {{0, content->strut}};
+    content->text.runs = {{0, fonts_.Of(*box.text, {.background = BackgroundOf(boxes_, id)})}};
     content->text.rightToLeft = box.text->direction == CssDirection::RightToLeft;
     content->runs = {{0, content->strut, content->strutLineHeight, 0}};
     if (IsHidden(box)) content->hidden = {{0, TextPos(text.size())}};

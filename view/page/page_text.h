@@ -25,7 +25,7 @@ class PageText : public PageContent {
     std::function<Size(const PageBox&)> pictureSize;
 
   private:
-    std::shared_ptr<InlineContent> PlainContent(const PageBox& box, std::u16string_view text);
+    std::shared_ptr<InlineContent> PlainContent(PageBoxId id, std::u16string_view text);
 
     const HtmlTree& tree_;
     const CssPageStyles& styles_;

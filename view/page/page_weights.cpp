@@ -8,7 +8,7 @@ namespace {
 bool IsShown(const HtmlTree& tree, const CssPageStyles& styles, HtmlNodeId id) {
     const HtmlNode& node = tree[id];
     if (!node.IsElement()) return node.IsText();
-    return !IsNotShown(node) && styles.Of(id).box->display != CssDisplay::None;
+    return !IsNotShown(node) && !IsNotShown(*styles.Of(id).box);
 }
 
 PageWeight Sum(PageWeight a, PageWeight b) {

@@ -10,8 +10,9 @@ constexpr double superscript = 1.0 / 3, subscript = 1.0 / 5;
 
 // Lengths in device pixels.
 struct TextPlace {
-    double raise = 0; // for which its line makes room
-    double shift = 0; // upwards as well, for which it does not
+    double raise = 0;                // for which its line makes room
+    double shift = 0;                // upwards as well, for which it does not
+    std::optional<Color> background; // that it stands on
 };
 
 // Adds what one inline element does, from the innermost one outwards.
