@@ -1,6 +1,7 @@
 #include "formats/html/html_reader.h"
 
 #include "common/line_ends.h"
+#include "formats/codepages/code_pages.h"
 #include "formats/html/html_decode.h"
 #include "formats/html/html_tree_builder.h"
 
@@ -15,5 +16,7 @@ HtmlTree ReadHtml(std::u16string text) {
 
 HtmlFile ReadHtmlFile(std::string_view bytes, int bookCodePage, int systemCodePage) {
     DecodedHtml decoded = DecodeHtml(bytes, bookCodePage, systemCodePage);
-    return {ReadHtml(std::move(decoded.text)), decoded.codePage};
+    HtmlFile file{ReadHtml(std::move(decoded.text)), decoded.codePage};
+    if (IsVisualOrder(decoded.codePage)) file.tree.SetVisualOrder();
+    return file;
 }

@@ -129,6 +129,10 @@ class HtmlTree {
     const HtmlDoctype& Doctype() const { return doctype_; }
     HtmlQuirks Quirks() const { return quirks_; }
 
+    // Whether its text is kept as it is seen, from left to right, as old Hebrew pages are.
+    bool IsVisualOrder() const { return visualOrder_; }
+    void SetVisualOrder() { visualOrder_ = true; }
+
   private:
     friend class HtmlTreeWriter;
 
@@ -138,4 +142,5 @@ class HtmlTree {
     std::unique_ptr<std::u16string> source_;
     HtmlDoctype doctype_;
     HtmlQuirks quirks_ = HtmlQuirks::None;
+    bool visualOrder_ = false;
 };

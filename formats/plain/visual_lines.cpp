@@ -66,6 +66,32 @@ struct Reordering {
     std::vector<std::size_t> order; // of each place in logical order the one in visual order
 };
 
+bool IsPoint(char16_t unit) {
+    return BidiClassOf(unit) == BidiClass::NSM;
+}
+
+// A bidirectional algorithm leaves points behind their letters, so that the first letter of a word
+// has them at the word's visual end; where a line was simply turned around none stand there.
+bool HasPointsBehindLetters(std::u16string_view visualLine) {
+    for (std::size_t i = 0; i < visualLine.size(); ++i) {
+        if (!IsPoint(visualLine[i])) continue;
+        if (i + 1 == visualLine.size()) return true;
+        const char16_t next = visualLine[i + 1];
+        if (!IsPoint(next) && StrongDirection(next) != Direction::RightToLeft) return true;
+    }
+    return false;
+}
+
+void PutLettersBeforePoints(std::u16string_view visualLine, std::vector<std::size_t>& order) {
+    for (auto at = order.begin(); at != order.end();) {
+        const auto behind =
+            std::find_if(at, order.end(), [&](std::size_t i) { return !IsPoint(visualLine[i]); });
+        if (behind == order.end()) break;
+        std::reverse(at, behind + 1);
+        at = behind + 1;
+    }
+}
+
 Reordering ReorderingOf(std::u16string_view line) {
     const LetterCounts counts = CountLetters(line);
     Reordering result;
@@ -79,6 +105,8 @@ Reordering ReorderingOf(std::u16string_view line) {
         ResetLineLevels(line, 0, TextPos(line.size()), rightToLeft, result.levels);
     }
     result.order = VisualOrder(result.levels);
+    if (std::ranges::any_of(line, IsPoint) && HasPointsBehindLetters(line))
+        PutLettersBeforePoints(line, result.order);
     return result;
 }
 

@@ -10,8 +10,7 @@ std::string Lines(const std::u16string& body, double width = 400) {
 }
 
 // The text of the page's first block of lines, in units' numbers where they are not ASCII.
-std::string Text(const std::u16string& block) {
-    PageSample page(block);
+std::string FirstText(PageSample& page) {
     PageBoxId lines = rootPageBox;
     while (page.boxes[lines].kind != PageBoxKind::Lines || !page.boxes[lines].hasText)
         ++lines;
@@ -24,6 +23,11 @@ std::string Text(const std::u16string& block) {
             shown += "<" + std::to_string(unit) + ">";
     }
     return shown;
+}
+
+std::string Text(const std::u16string& block) {
+    PageSample page(block);
+    return FirstText(page);
 }
 
 // The height of the first of these lines: where the second one begins.
@@ -215,6 +219,17 @@ TEST_CASE("page text: directions of elements in a line") {
     CHECK(Text(u"<p>a<span style='direction:rtl;unicode-bidi:embed'>b</span>c") ==
           "a<8235>b<8236>c");
     CHECK(Text(u"<p dir=rtl>a<b>b</b>") == "ab");
+}
+
+TEST_CASE("page text: a page in visual order goes from left to right, whatever its elements say") {
+    PageSample page(u"<p dir=rtl>a<span dir=rtl>b</span>c");
+    page.tree.SetVisualOrder();
+    CHECK(FirstText(page) == "<8237>abc<8236>");
+    const std::string start = "<!DOCTYPE html><meta charset=";
+    CHECK(ReadHtmlFile(start + "iso-8859-8>\xE0", 0, 1252).tree.IsVisualOrder());
+    CHECK(ReadHtmlFile(start + "visual>\xE0", 0, 1252).tree.IsVisualOrder());
+    CHECK_FALSE(ReadHtmlFile(start + "iso-8859-8-i>\xE0", 0, 1252).tree.IsVisualOrder());
+    CHECK_FALSE(ReadHtmlFile(start + "windows-1255>\xE0", 0, 1252).tree.IsVisualOrder());
 }
 
 TEST_CASE("page text: generated text") {

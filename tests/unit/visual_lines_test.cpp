@@ -71,6 +71,21 @@ TEST_CASE("visual lines: quotation marks are mirrored") {
     CHECK(text == u"\u00AB\u05D0\u05D1\u00BB");
 }
 
+TEST_CASE("visual lines: points are behind their letters, wherever they were") {
+    const std::u16string logical = u"\u05D0\u05B0\u05D1\u05BC\u05B8 \u05D2\u05D3\u05B7";
+    std::u16string ordered = u"\u05D3\u05B7\u05D2 \u05D1\u05BC\u05B8\u05D0\u05B0";
+    std::u16string turned(logical.rbegin(), logical.rend());
+    ReorderVisualLines(ordered);
+    CHECK(ordered == logical);
+    ReorderVisualLines(turned);
+    CHECK(turned == logical);
+    const std::u16string visual = u"\u05D3\u05D2\u05B7";
+    for (const std::size_t place : {0, 1, 2}) {
+        CHECK(VisualPlaceOf(visual, place) == (place + 1) % 3);
+        CHECK(LogicalPlaceOf(visual, (place + 1) % 3) == place);
+    }
+}
+
 TEST_CASE("visual lines: a line of any length, stretch by stretch") {
     std::u16string text(2 * maxVisualStretch + 10, u'\u05D0');
     text[0] = text[maxVisualStretch] = text[2 * maxVisualStretch] = u'\u05D1';

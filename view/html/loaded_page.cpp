@@ -1,5 +1,6 @@
 #include "view/html/loaded_page.h"
 
+#include "formats/codepages/code_pages.h"
 #include "formats/html/html_frames.h"
 #include "formats/html/html_reader.h"
 #include "formats/html/html_units.h"
@@ -147,8 +148,10 @@ std::string HtmlCharsetName(int codePage) {
     case 21866: return "KOI8-U";
     case 10000: return "macintosh";
     case 10007: return "x-mac-cyrillic";
+    case logicalIsoPage: return "ISO-8859-8-I";
     default: break;
     }
+    if (codePage != visualIsoPage) codePage = LogicalOrderPage(codePage);
     if (codePage > 28590 && codePage <= 28606)
         return "ISO-8859-" + std::to_string(codePage - 28590);
     return "windows-" + std::to_string(codePage);

@@ -10,6 +10,10 @@
 #include <cmath>
 
 namespace {
+// Around each block of lines of a page in visual order, which no element changes: blocks alone have
+// the direction that the page says.
+constexpr std::u16string_view leftToRightOverride = u"\u202D", endOfOverride = u"\u202C";
+
 // Something to be drawn behind its text.
 bool HasDecoration(CssStyle style) {
     const CssBoxStyle& box = *style.box;
@@ -33,6 +37,7 @@ LinesReader::LinesReader(const HtmlTree& tree, const CssPageStyles& styles, cons
 }
 
 LinesText LinesReader::Read() {
+    if (tree_.IsVisualOrder()) AddControls(leftToRightOverride);
     AddMarkerInside();
     if (lines_.first != noHtmlNode && lines_.first != container_ &&
         (lines_.first != lines_.behind || lines_.behindUnit > 0))
@@ -51,6 +56,7 @@ LinesText LinesReader::Read() {
     }
     while (!open_.empty())
         CloseDecoration(open_.back().element, false);
+    if (tree_.IsVisualOrder()) AddControls(endOfOverride);
     return {writer_.Finish(), std::move(places_)};
 }
 
@@ -119,7 +125,7 @@ bool LinesReader::Enter(HtmlNodeId id) {
         writer_.SetNode(noHtmlNode);
         AddClear(styles_.Of(id).box->clear);
     }
-    AddControls(OpeningControls(styles_.Of(id)));
+    if (!tree_.IsVisualOrder()) AddControls(OpeningControls(styles_.Of(id)));
     OpenDecoration(id, styles_.Of(id), true, PlaceOf(id));
     AddSide(*styles_.Of(id).box, cssLeft);
     AddGenerated(styles_.Before(id), id);
@@ -181,7 +187,7 @@ void LinesReader::Leave(HtmlNodeId element, HtmlNodeId next) {
         if (element == container_) return;
         AddSide(*styles_.Of(element).box, cssRight);
         CloseDecoration(element, true);
-        AddControls(ClosingControls(styles_.Of(element)));
+        if (!tree_.IsVisualOrder()) AddControls(ClosingControls(styles_.Of(element)));
     }
 }
 
