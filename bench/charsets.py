@@ -73,7 +73,10 @@ def encode(text, charset, language):
         text = text.translate(make_language_tables.COMMA_BELOW)
     if language == "ro" and charset == "iso8859_16":
         text = text.translate({v: k for k, v in make_language_tables.COMMA_BELOW.items()})
-    if charset in ("VISCII", "TCVN", "EUC-TW", "ISO-2022-CN"):
+    if charset == "ISO-2022-CN":  # which iconv does not read back where the set changes between two characters
+        text = "".join(c for c in text if c < "\x80" or can(c, charset))
+        return iconv(text.encode(), "UTF-8", charset), text
+    if charset in ("VISCII", "TCVN", "EUC-TW"):
         data = iconv(text.encode(), "UTF-8", charset)
         return data, iconv(data, charset, "UTF-8").decode()
     text = "".join(c if c < "\x80" or can(c, charset) else PLAIN.get(c, "") for c in text)
@@ -109,7 +112,8 @@ KNOWN = {}
 def can(character, charset):
     key = character, charset
     if key not in KNOWN:
-        KNOWN[key] = bool(character.encode(charset, "ignore"))
+        KNOWN[key] = bool(character.encode(charset, "ignore") if is_python_codec(charset)
+                          else iconv(character.encode(), "UTF-8", charset))
     return KNOWN[key]
 
 

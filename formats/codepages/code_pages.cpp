@@ -122,6 +122,14 @@ int LogicalOrderPage(int codePage) {
     return visual ? visual->logicalPage : codePage;
 }
 
+int OtherOrderPage(int codePage) {
+    for (const VisualPage& each : visualPages) {
+        if (each.page == codePage) return each.logicalPage;
+        if (each.logicalPage == codePage) return each.page;
+    }
+    return 0;
+}
+
 bool HasCodePage(int codePage) {
     return codePage == utf8Page || IsEscapedPage(codePage) || FindSingleBytePage(codePage) ||
            FindDoubleBytePage(codePage);

@@ -22,6 +22,8 @@ constexpr int visualWindowsPage = 70004; // the letters of 1255
 bool IsVisualOrder(int codePage);
 // The page of the same letters in logical order; any other page itself.
 int LogicalOrderPage(int codePage);
+// The page of the same letters in the other order; 0 when there is none.
+int OtherOrderPage(int codePage);
 
 // Whether `DecodeCodePage` knows this page: of DOS 437, 720, 737, 775, 850, 852, 855, 857, 858, 860
 // to 866, 869; of Windows 874, 932, 936, 949, 950, 1250 to 1258, 1361; of the Macintosh 10000

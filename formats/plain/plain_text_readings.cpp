@@ -47,11 +47,22 @@ bool ReadsAsUtf8(const Samples& samples) {
     return (samples.size() == 1 && LooksLikeUtf8(samples[0])) || LooksLikeDamagedUtf8(samples);
 }
 
+// Whoever sees words backwards looks for the other order of the same letters.
+void AddOtherOrder(std::vector<int>& pages) {
+    constexpr int windowsHebrew = 1255; // the same letters as in ISO 8859-8, and better known
+    int other = OtherOrderPage(pages[0]);
+    if (other == 0) return;
+    if (other == logicalIsoPage) other = windowsHebrew;
+    std::erase(pages, other);
+    pages.insert(pages.begin() + 1, other);
+}
+
 std::vector<int> LikeliestPages(const Samples& samples, int systemPage) {
     std::vector<int> pages;
     if (ReadsAsUtf8(samples)) pages.push_back(utf8Page);
     for (const CharsetGuess& guess : GuessCharsets(samples, systemPage))
         pages.push_back(guess.page);
+    AddOtherOrder(pages);
     return pages;
 }
 

@@ -84,6 +84,19 @@ TEST_CASE("readings: Hebrew in both orders, each once, as it reads") {
     CHECK(Find(readings, visualDosPage));
 }
 
+TEST_CASE("readings: the other order of the likeliest letters is the second choice") {
+    // "Three sons, and the youngest of them was wise", in DOS 862.
+    const std::string logical =
+        "\x99\x8C\x85\x99\x84 \x81\x90\x89\x8D "
+        "\x85\x84\x96\x92\x89\x98 \x99\x81\x84\x8D \x84\x89\x84 \x87\x8B\x8D";
+    const std::string visual(logical.rbegin(), logical.rend());
+    CHECK(Readings(logical)[0].page == 862);
+    CHECK(Readings(logical)[1].page == visualDosPage);
+    CHECK(Readings(visual)[0].page == visualDosPage);
+    CHECK(Readings(visual)[1].page == 862);
+    CHECK(Readings(visual)[0].line == Readings(logical)[0].line);
+}
+
 TEST_CASE("readings: nothing to choose from where the bytes leave no doubt") {
     const char* const texts[] = {"", "ASCII alone", "\xEF\xBB\xBF\xC3\xA9", "\xFF\xFE\xE9",
                                  "\x1B$B$\"\x1B(B"};
