@@ -123,6 +123,26 @@ TEST_CASE("Windows line layout: characters in two units are the same among text 
     }
 }
 
+TEST_CASE("Windows line layout: marks without their letters spoil no memory") {
+    WinLineLayout layout;
+    // Of Latin, Hebrew, Arabic, Thai, scripts of India, Tibetan, Khmer, Hangul and of none.
+    for (const char16_t* mark :
+         {u"\u0301", u"\u05B8", u"\u064E", u"\u0E31", u"\u0E33", u"\u093F", u"\u094D", u"\u0B4D",
+          u"\u0F71", u"\u17D2", u"\u1161", u"\u302A", u"\u200D", u"\U0001E8D0"}) {
+        const int unit = mark[0];
+        CAPTURE(unit);
+        for (const int count : {1, 3, 64, 700})
+            for (const char16_t* before : {u"", u"e", u"\u05D0", u" "})
+                for (const bool rightToLeft : {false, true}) {
+                    CAPTURE(count);
+                    const std::u16string text = before + Repeated(mark, count) + u"\u0628\u0627";
+                    LinesOf(layout, text, LineStyle(), 200, rightToLeft);
+                    // Wine 8 wrote in front of the text, and behind the room for its glyphs.
+                    REQUIRE(HeapValidate(GetProcessHeap(), 0, nullptr));
+                }
+    }
+}
+
 TEST_CASE("Windows line layout: a soft hyphen is seen only where the line breaks at it") {
     WinLineLayout layout;
     const int width = static_cast<int>(TextWidth(layout, u"several-")) + 2;

@@ -124,6 +124,22 @@ TEST_CASE("Windows pictures: drawn as large as the box, and nothing where they a
     CHECK((surface.At(2, 2) & 0xFF) < 0x20);
 }
 
+TEST_CASE("Windows pictures: two larger than the screen are both kept") {
+    const Apartment apartment;
+    WinPictures pictures;
+    Surface surface;
+    const Picture one = PictureOf(redAndNothing, PictureFormat::Png, 1),
+                  other = PictureOf(greenJpeg, PictureFormat::Jpeg, 2);
+    const Rect box = {0, 0, 5000, 4000}; // 80 MB as pixels, of which the window shows few
+    CHECK(pictures.Draw(surface.canvas, one, box));
+    CHECK(surface.At(63, 63) == red);
+    CHECK(pictures.IsKept(1, {5000, 4000}));
+    CHECK(pictures.Draw(surface.canvas, other, box));
+    CHECK((surface.At(2, 2) & 0xFF00) > 0xE000);
+    CHECK(pictures.IsKept(1, {5000, 4000}));
+    CHECK(pictures.IsKept(2, {5000, 4000}));
+}
+
 TEST_CASE("Windows pictures: what is no picture, or too large a one, is not drawn") {
     const Apartment apartment;
     WinPictures pictures;

@@ -3,6 +3,7 @@ import os
 
 from harness import books
 from harness.dialog import Dialog
+from harness.open_dialog import OpenDialog
 from harness.screen import SIZE
 from harness.story import Story, main
 from harness.wait import wait_for
@@ -30,6 +31,31 @@ class LongNames(Story):
         reader.open_menu("f")
         reader.key("Up", "Up", "Return")
         wait_for(lambda: not reader.popups(), "the menu to close")
+        reader.wait_for_book(book)
+        reader.close()
+        self.assertEqual(reader.data().paths(), [book])
+
+    def test_a_path_longer_than_a_dialog_takes(self):
+        folder = os.path.join(self.folder, *[letter * 90 for letter in "abcd"])
+        os.makedirs(folder)
+        book = books.write_book(os.path.join(folder, "tides.txt"), books.lines("latin", 50))
+        reader = self.reader().start()
+        dialog = OpenDialog(reader)
+        dialog.type_path(book)
+        reader.key("Return")
+        if ON_WINE:  # whose dialog says that there is no such file
+            message = wait_for(lambda: [window for window in reader.windows() if window not in
+                                        (reader.window, dialog.window)], "the message")[0]
+            wait_for(lambda: reader.is_active(message), "the message to have the keyboard")
+            reader.key("Return")
+            wait_for(lambda: reader.is_active(dialog.window), "the dialog to have the keyboard")
+            reader.key("Escape")
+            dialog.wait_until_closed()
+        else:
+            reader.wait_for_book(book)
+        reader.close()
+        # Handed over by a shell it is opened on either system.
+        reader.start(book)
         reader.wait_for_book(book)
         reader.close()
         self.assertEqual(reader.data().paths(), [book])

@@ -2,6 +2,7 @@
 
 #include "common/text.h"
 #include "platform/windows/base/text.h"
+#include "platform/windows/base/wine.h"
 
 #include <cderr.h>
 #include <commdlg.h>
@@ -46,6 +47,18 @@ std::wstring WithBackslashes(const std::u16string& path) {
     return native;
 }
 
+// Wine 8 copies the name that was typed to a room of MAX_PATH units, however long it is.
+UINT_PTR CALLBACK LimitName(HWND child, UINT message, WPARAM, LPARAM lParam) {
+    if (message != WM_NOTIFY || reinterpret_cast<NMHDR*>(lParam)->code != CDN_INITDONE) return 0;
+    const HWND dialog = GetParent(child);
+    const auto limit = [](HWND control, LPARAM) -> BOOL {
+        SendMessageW(control, EM_LIMITTEXT, MAX_PATH - 1, 0);
+        return TRUE;
+    };
+    EnumChildWindows(dialog, limit, 0);
+    return 0;
+}
+
 // Returns CommDlgExtendedError: 0 also for Cancel.
 DWORD Show(HWND owner, const OpenFileRequest& request, std::wstring name, OpenFileAnswer& answer) {
     const std::wstring title = ToWide(request.title), filter = NativeFilter(request);
@@ -63,6 +76,10 @@ DWORD Show(HWND owner, const OpenFileRequest& request, std::wstring name, OpenFi
     dialog.lpstrTitle = title.c_str();
     dialog.Flags =
         OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+    if (RunsUnderWine()) { // on Windows a hook makes it a dialog of an older look
+        dialog.Flags |= OFN_ENABLEHOOK | OFN_ENABLESIZING;
+        dialog.lpfnHook = LimitName;
+    }
     if (!GetOpenFileNameW(&dialog)) return CommDlgExtendedError();
     answer.result = DialogResult::Ok;
     answer.fileName = FromWide(name.c_str());

@@ -56,12 +56,13 @@ bool StandsAlone(const TextUnits& text, const GlyphRun& run, std::size_t at) {
 
 // One character that stands alone, or all up to the next one that does.
 void SeparateCharacter(const TextUnits& text, GlyphRun& run) {
-    const bool alone = StandsAlone(text, run, run.start);
+    const bool standsAlone = StandsAlone(text, run, run.start);
+    const bool alone = standsAlone || BeginsWithLostMark(text, run);
     std::size_t end = run.start + 1;
     while (end < run.end && !(text.units[end].caret && (alone || StandsAlone(text, run, end))))
         ++end;
     run.end = end;
-    if (alone) run.analysis.fRTL = 0;
+    if (standsAlone) run.analysis.fRTL = 0;
 }
 
 // Syllables of Indic scripts are not divided, and no line begins within a ligature.

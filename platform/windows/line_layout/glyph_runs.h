@@ -42,7 +42,10 @@ ShapedText ShapeText(WinFonts&, const ParagraphText&, TextUnits&);
 
 // In spaced_text.cpp: adds what styles ask for between letters and words.
 void SpaceText(const ParagraphText&, const TextUnits&, ShapedText&);
-// In glyph_shaping.cpp: in this font alone. False if it does not have the script at all.
+// In glyph_shaping.cpp: a mark of Hebrew or Arabic without its letter. Wine 8 reads and writes in
+// front of such a text, so that it is shaped without the rules of its script.
+bool BeginsWithLostMark(const TextUnits&, const GlyphRun&);
+// Likewise: in this font alone. False if it does not have the script at all.
 bool ShapeRun(MeasuringContext&, const TextUnits&, GlyphRun&);
 // In glyph_fallback.cpp: in this font, and others where it has no glyphs.
 void ShapeWithFallback(WinFonts&, const TextUnits&, GlyphRun, std::vector<GlyphRun>& runs);

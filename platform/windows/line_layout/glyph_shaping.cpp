@@ -23,7 +23,9 @@ HRESULT FindGlyphs(HDC context, const TextUnits& text, GlyphRun& run) {
     const std::size_t length = run.end - run.start;
     constexpr std::size_t maxGlyphs = 0xFFFF; // an index is 16 bits wide
     run.clusters.resize(length);
-    for (std::size_t room = length * 3 / 2 + 16;; room *= 2) {
+    // Wine 8 puts a circle under each mark of Thai or an Indic script that has no letter, and asks
+    // for no room for it.
+    for (std::size_t room = length * 3 + 16;; room *= 2) {
         room = std::min(room, maxGlyphs);
         run.glyphs.resize(room);
         run.attributes.resize(room);
@@ -68,14 +70,6 @@ void PlaceGlyphs(HDC context, GlyphRun& run) {
     }
 }
 
-// Wine 8 reads in front of such a text and fails: a mark of Hebrew or Arabic without its letter,
-// among text from left to right.
-bool IsLostMark(const TextUnits& text, const GlyphRun& run) {
-    const char32_t first = CharacterAt(text.text, run.start);
-    return !run.IsRightToLeft() && first >= 0x0590 && first <= 0x08FF &&
-           ClusterJoinOf(first) == ClusterJoin::Extending;
-}
-
 } // namespace
 
 std::size_t NextCluster(const GlyphRun& run, std::size_t unit) {
@@ -102,9 +96,14 @@ GlyphSpan GlyphsOf(const GlyphRun& run, std::size_t start, std::size_t end) {
     return span.first <= span.end && span.end <= count ? span : GlyphSpan{};
 }
 
+bool BeginsWithLostMark(const TextUnits& text, const GlyphRun& run) {
+    const char32_t first = CharacterAt(text.text, run.start);
+    return first >= 0x0590 && first <= 0x08FF && ClusterJoinOf(first) == ClusterJoin::Extending;
+}
+
 bool ShapeRun(MeasuringContext& measuring, const TextUnits& text, GlyphRun& run) {
     const HDC context = measuring.With(run.font);
-    if (IsLostMark(text, run)) run.analysis.eScript = SCRIPT_UNDEFINED;
+    if (BeginsWithLostMark(text, run)) run.analysis.eScript = SCRIPT_UNDEFINED;
     const HRESULT result = FindGlyphs(context, text, run);
     if (result == USP_E_SCRIPT_NOT_IN_FONT) return false;
     if (FAILED(result)) MakeEmptyGlyphs(run);

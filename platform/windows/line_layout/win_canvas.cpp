@@ -56,6 +56,7 @@ void WinCanvas::TintRect(const Rect& rect, Color color) {
     DeleteObject(pixel);
 }
 
-bool WinCanvas::DrawBitmap(HBITMAP bitmap, const Rect& box) {
-    return Blend(context_, box, bitmap, box.width, box.height, {AC_SRC_OVER, 0, 255, AC_SRC_ALPHA});
+bool WinCanvas::DrawBitmap(HBITMAP bitmap, Size pixels, const Rect& box) {
+    return Blend(context_, box, bitmap, pixels.width, pixels.height,
+                 {AC_SRC_OVER, 0, 255, AC_SRC_ALPHA});
 }

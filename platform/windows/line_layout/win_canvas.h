@@ -3,6 +3,7 @@
 
 #include "platform/canvas.h"
 #include "platform/windows/base/win32.h"
+#include "view/geometry.h"
 
 inline RECT ToRect(const Rect& rect) {
     return {rect.left, rect.top, rect.left + rect.width, rect.top + rect.height};
@@ -15,8 +16,8 @@ class WinCanvas : public Canvas {
 
     void FillRect(const Rect&, Color) override;
     void TintRect(const Rect&, Color) override;
-    // As large as the box, with alpha, premultiplied.
-    bool DrawBitmap(HBITMAP, const Rect& box);
+    // Stretched to the box; with alpha, premultiplied.
+    bool DrawBitmap(HBITMAP, Size pixels, const Rect& box);
 
   private:
     HDC context_; // the caller's

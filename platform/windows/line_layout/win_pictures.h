@@ -16,8 +16,8 @@ class WinPictures : public PictureStore {
 
   private:
     struct Scaled {
-        WinBitmap bitmap; // null: it cannot be decoded
-        Size size;
+        WinBitmap bitmap;  // null: it cannot be decoded
+        Size size, pixels; // as it was asked for; of the bitmap
     };
     const Scaled& At(const Picture&, Size);
 
