@@ -60,9 +60,9 @@ class HtmlPlaces(HtmlStory):
         self.program.press("Next", 5)
         return marked, wait_for(self.top_words, "a line")
 
-    def go_to_bookmark(self):
+    def go_to_bookmark(self, from_last=0):
         self.program.open_menu("b")
-        self.program.key("Up", "Return")
+        self.program.key("Up", *["Up"] * from_last, "Return")
         wait_for(lambda: not self.program.popups(), "the menu to close")
 
     def go_to_bookmark_at(self, words):
@@ -110,12 +110,15 @@ class HtmlPlaces(HtmlStory):
         self.assertAlmostEqual(self.book_record(self.program, self.book)["LastPos"], place, delta=2)
 
     def test_back_to_the_last_place_in_another_width(self):
-        _, words = self.read_and_mark()
+        marked, _ = self.read_and_mark()
+        self.define()
+        self.go_to_bookmark(from_last=1)
+        self.assert_at(marked)
         self.go_to_bookmark()
         _, _, width, height = self.program.rectangle()
         self.program.resize(width - 250, height)
         self.program.key("alt+F2")
-        self.assert_at(words)
+        self.assert_at(marked)
         self.program.close()
 
     @unittest.skipIf(OWN_VIEW, "there is no other view")
