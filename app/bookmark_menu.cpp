@@ -59,8 +59,10 @@ int ViewPosition(const MainForm& form) {
 // Next and Previous leave the last unmarked position as it was.
 void GoKeepingLast(MainForm& form, int index) {
     const std::u16string last = form.bookmarks.last.tag;
+    const PageTop lastTop = form.page.last;
     mBookmarkList_Click(form, index);
     form.bookmarks.last.tag = last;
+    form.page.last = lastTop;
 }
 } // namespace
 
@@ -122,9 +124,10 @@ void mBookmarkLast_Click(MainForm& form, int) {
     if (last.empty() || !CanGo(form)) return;
     UncheckBookmarks(form.bookmarks);
     if (IsPageShown(form))
-        form.ports.htmlView->ScrollTo(0, WholeNumber(last));
+        form.ports.htmlView->BringToTop(form.page.last);
     else
         ScrollCaretToTop(*form.ports.textView, WholeNumber(last));
+    form.page.last = {};
     last = form.bookmarks.menu.tag = u"";
 }
 
@@ -147,6 +150,7 @@ void mBookmarkDeleteList_Click(MainForm& form, int index) {
 void mBookmarkList_Click(MainForm& form, int index) {
     if (!CanGo(form)) return;
     form.bookmarks.last.tag = NumberText(ViewPosition(form));
+    if (IsPageShown(form)) form.page.last = form.ports.htmlView->Top();
     form.bookmarks.menu.tag = NumberText(index);
     UncheckBookmarks(form.bookmarks);
     form.menu.mBookmarkList[index].checked = true;

@@ -100,7 +100,7 @@ void ConnectHtmlView(MainForm& form) {
     html.onLink = [&form](const std::u16string& url, const std::u16string& path) {
         RunCommand(form, [&] { wbMain_Link(form, url, path); });
     };
-    html.onJump = [&form](int fromTop) { wbMain_Jump(form, fromTop); };
+    html.onJump = [&form](const PageTop& from) { wbMain_Jump(form, from); };
     html.onFilesDropped = [&form](const std::vector<std::u16string>& paths) {
         RunCommand(form, [&] { rtMain_FilesDropped(form, paths); });
     };

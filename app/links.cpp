@@ -64,13 +64,13 @@ void wbMain_Link(MainForm& form, const std::u16string& url, const std::u16string
     if (kind == BookKind::Other) return OpenMediaFile(form, path);
     if (kind == BookKind::Html) InheritPageEngine(form, path);
     HtmlPage from = form.page;
-    PushPlace(from, form.ports.htmlView->ScrollTop());
+    PushPlace(from, form.ports.htmlView->Top());
     OpenOnTrail(form, path, kind == BookKind::Html ? RequestedKind(kind) : std::nullopt,
                 std::move(from.trail));
 }
 
-void wbMain_Jump(MainForm& form, int fromTop) {
-    if (IsPageShown(form)) PushPlace(form.page, fromTop);
+void wbMain_Jump(MainForm& form, const PageTop& from) {
+    if (IsPageShown(form)) PushPlace(form.page, from);
 }
 
 void GoBackAlongLinks(MainForm& form) {
@@ -81,5 +81,5 @@ void GoBackAlongLinks(MainForm& form) {
     if (!IsPageShown(form) || place.path != form.page.path) // its record has the place
         return OpenOnTrail(form, place.path, BookKind::Html, std::move(trail));
     form.page.trail = std::move(trail);
-    form.ports.htmlView->ScrollTo(0, place.top);
+    form.ports.htmlView->BringToTop(place.top);
 }

@@ -32,11 +32,50 @@ KnownPlace KnownTop(const KeptPlaces& kept) {
     return kept.position > 0 ? Known(kept.position, &kept.place) : KnownPlace();
 }
 
+KnownPlace Known(const PageTop& top) {
+    if (top.start <= 0) return {};
+    const std::u16string around = top.before + top.after;
+    return {top.start, WordsAround(StringText(around), TextPos(top.before.size()))};
+}
+
+// Where links of this very page were followed.
+std::vector<PageTop*> Trail(HtmlPage& page) {
+    std::vector<PageTop*> tops;
+    for (PagePlace& place : page.trail)
+        if (place.path == page.path) tops.push_back(&place.top);
+    return tops;
+}
+
+// Those of the trail come last.
+BookPlaces PlacesInPage(MainForm& form, const BookRecord& record) {
+    const bool hasLast = !form.bookmarks.last.tag.empty();
+    BookPlaces places = PlacesOfBook(form, record, KnownTop(form.places.kept),
+                                     hasLast ? Known(form.page.last) : KnownPlace());
+    for (const PageTop* top : Trail(form.page)) {
+        places.known.push_back(Known(*top));
+        places.hasWords = places.hasWords || !places.known.back().words.IsEmpty();
+    }
+    return places;
+}
+
+// What was not found keeps its words.
+void Move(PageTop& top, const TextSource& text, const FoundPlace& found) {
+    if (top.start <= 0) return;
+    top.start = found.position;
+    if (!found.certain) return;
+    top.before = text.Range(top.start - PageTop::maxAround, top.start);
+    top.after = text.Range(top.start, top.start + PageTop::maxAround);
+}
+
 void MovePlaces(MainForm& form, const TextSource& text, const BookPlaces& places,
                 BookRecord& record) {
     KeptPlaces& kept = form.places.kept;
     const TextPos length = kept.top.length > 0 ? kept.top.length : text.Length();
-    const auto found = FindPlaces(text, length, places.known, [] { return true; });
+    auto found = FindPlaces(text, length, places.known, [] { return true; });
+    Move(form.page.last, text, found[1]);
+    const auto trail = Trail(form.page);
+    for (auto top = trail.rbegin(); top != trail.rend(); ++top, found.pop_back())
+        Move(**top, text, found.back());
     MoveMarksAndSelection(form, text, places, found, record);
     if (kept.position <= 0) return;
     if (places.certainOnly && !found[0].certain) {
@@ -50,11 +89,11 @@ void MovePlaces(MainForm& form, const TextSource& text, const BookPlaces& places
 // Without an answer what is kept stays for the next opening, which tries again.
 void FindPlacesInPage(MainForm& form, BookRecord& record) {
     TextPlaces& state = form.places;
-    const BookPlaces places = PlacesOfBook(form, record, KnownTop(state.kept), KnownPlace());
-    if (!places.hasWords) return;
+    if (!PlacesInPage(form, record).hasWords) return;
     const auto texts = form.ports.htmlView->TextsOf({{0, std::numeric_limits<TextPos>::max()}});
     if (texts.empty()) return state.file.reset();
     const StringText text(texts.front());
+    const BookPlaces places = PlacesInPage(form, record); // events came while the page was asked
     if (!WordsStand(text, places.known)) MovePlaces(form, text, places, record);
     state.kept.top.length = text.Length();
 }

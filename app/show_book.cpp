@@ -88,8 +88,10 @@ void ShowInHtmlView(MainForm& form, const BookRecord& record,
                     const std::optional<FileVersion>& file) {
     HtmlView& html = *form.ports.htmlView;
     auto trail = form.Refreshing ? std::move(form.page.trail) : std::vector<PagePlace>();
+    PageTop last = std::move(form.page.last);
     ResetPage(form.page);
     form.page.trail = std::move(trail);
+    form.page.last = std::move(last);
     auto selection = std::move(form.places.selection);
     form.places = {};
     form.places.file = file;

@@ -43,7 +43,8 @@ struct PageMatch {
     int searchTop = 0;     // top of the line that the search began in, from the same edge
 };
 
-// What stands at the top of the view, to be brought there again, in whatever size and layout.
+// What stands at the top of the view, to be brought there again, in whatever size and layout. The
+// first line is the first one of which a quarter or more is seen.
 struct PageTop {
     int offset = -1;    // as `ScrollTop`; -1 while what is above has not been measured
     TextPos start = -1; // the first character of the first line; -1 when not known
@@ -201,9 +202,9 @@ class HtmlView {
     // The user followed a link that leads out of the page. `path` is the full path of a local file,
     // "" for any other address.
     std::function<void(const std::u16string& url, const std::u16string& path)> onLink;
-    // The user followed a link into the same page, which was scrolled to `fromTop` before. Never
-    // while an order or a question of this view runs.
-    std::function<void(int fromTop)> onJump;
+    // The user followed a link into the same page; `from` was its `Top` before. Never while an
+    // order or a question of this view runs.
+    std::function<void(const PageTop& from)> onJump;
     // As the text view's.
     std::function<void(const std::vector<std::u16string>& paths)> onFilesDropped;
 };

@@ -6,7 +6,7 @@ void ResetPage(HtmlPage& page) {
     page.load = load;
 }
 
-void PushPlace(HtmlPage& page, int top) {
+void PushPlace(HtmlPage& page, const PageTop& top) {
     constexpr std::size_t maxTrailLength = 100;
     if (page.trail.size() == maxTrailLength) page.trail.erase(page.trail.begin());
     page.trail.push_back({page.path, top});

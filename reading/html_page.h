@@ -9,7 +9,7 @@
 
 struct PagePlace {
     std::u16string path; // of the page
-    int top = 0;         // its vertical offset
+    PageTop top;
 };
 
 struct HtmlPage {
@@ -18,6 +18,7 @@ struct HtmlPage {
     bool restored = false; // loaded and brought to its place: only then its place can be kept
     int pendingZoomKeys = 0;      // sent to the view and not yet seen to arrive
     std::vector<PagePlace> trail; // where links were followed that led here, the last at the end
+    PageTop last;                 // where Last Unmarked Position leads, while there is one
 
     // What happened to the page while a command ran, for when that is done.
     std::optional<std::u16string> arrivedUrl;
@@ -33,4 +34,4 @@ void ResetPage(HtmlPage&);
 
 // Remembers the place, from which a link is followed, at the end of the trail. The oldest is
 // dropped from a long one.
-void PushPlace(HtmlPage&, int top);
+void PushPlace(HtmlPage&, const PageTop& top);

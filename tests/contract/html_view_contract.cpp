@@ -19,7 +19,7 @@ PageTest::PageTest(HtmlViewBench& given)
     view.onLink = [this](const std::u16string& url, const std::u16string& path) {
         links.emplace_back(url, path);
     };
-    view.onJump = [this](int fromTop) { jumps.push_back(fromTop); };
+    view.onJump = [this](const PageTop& from) { jumps.push_back(from.offset); };
     view.onGone = [this] { ++gone; };
 }
 

@@ -85,6 +85,19 @@ TEST_CASE("html view: what is at the top comes back there, to the pixel or by it
     });
 }
 
+TEST_CASE("html view: a line of which little is seen is not the one at the top") {
+    OnEachBackEnd([](PageTest& test) {
+        test.Open(NumberedParagraphs(200), plainMargins);
+        test.view.ScrollTo(0, 60 * 20 - 3);
+        test.Settle();
+        CHECK(test.view.StartAtTop() == 60 * lineLength);
+        const PageTop top = test.view.Top();
+        if (top.start < 0) return; // a view that knows pixels alone
+        CHECK(top.start == 60 * lineLength);
+        CHECK(top.above < 0);
+    });
+}
+
 TEST_CASE("html view: selects, and shows where the selection starts") {
     OnEachBackEnd([](PageTest& test) {
         test.Open(NumberedParagraphs(200), plainMargins);

@@ -27,7 +27,8 @@ class HtmlPlaces(HtmlStory):
         self.program = self.open(self.book, "Lanterns")
 
     def top_words(self):
-        """Of the first whole line, copied as a reader copies it."""
+        """Of the first whole line, copied as a reader copies it. By clicks: the engine scrolls what is
+        dragged so near to the edge, when the mouse is held for long."""
         program = self.program
         settled_strip(program)
         picture = program.picture()
@@ -39,9 +40,8 @@ class HtmlPlaces(HtmlStory):
         y = upper + view_top(picture) + (top + bottom) // 2
         program.activate()
         program.click(left + width // 2, y + 300)  # what is selected would be dragged
-        self.screen.xdotool("mousemove", left + MARGIN_X - 4, y, "mousedown", 1,
-                            "mousemove", left + width // 2, y,
-                            "mousemove", left + width - SCROLL_BAR - 4, y, "mouseup", 1)
+        self.screen.xdotool("mousemove", left + MARGIN_X - 4, y, "click", 1, "keydown", "shift",
+                            "mousemove", left + width - SCROLL_BAR - 4, y, "click", 1, "keyup", "shift")
         try:
             return re.findall(r"word\d{5}", copied(program, deadline=SOON))
         except AssertionError:
@@ -60,9 +60,9 @@ class HtmlPlaces(HtmlStory):
         self.program.press("Next", 5)
         return marked, wait_for(self.top_words, "a line")
 
-    def go_to_bookmark(self):
+    def go_to_bookmark(self, from_last=0):
         self.program.open_menu("b")
-        self.program.key("Up", "Return")
+        self.program.key("Up", *["Up"] * from_last, "Return")
         wait_for(lambda: not self.program.popups(), "the menu to close")
 
     def go_to_bookmark_at(self, words):
@@ -108,6 +108,18 @@ class HtmlPlaces(HtmlStory):
         self.assert_at(words)
         self.program.close()
         self.assertAlmostEqual(self.book_record(self.program, self.book)["LastPos"], place, delta=2)
+
+    def test_back_to_the_last_place_in_another_width(self):
+        marked, _ = self.read_and_mark()
+        self.define()
+        self.go_to_bookmark(from_last=1)
+        self.assert_at(marked)
+        self.go_to_bookmark()
+        _, _, width, height = self.program.rectangle()
+        self.program.resize(width - 250, height)
+        self.program.key("alt+F2")
+        self.assert_at(marked)
+        self.program.close()
 
     @unittest.skipIf(OWN_VIEW, "there is no other view")
     def test_in_the_other_view(self):

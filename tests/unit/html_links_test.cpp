@@ -34,11 +34,11 @@ TEST_CASE("html links: Alt+Left goes back, within the page and to the page befor
     test.Press(37, AltKey); // no link was followed
     CHECK(test.Page().ScrollTop() == 0);
 
-    test.Page().onJump(100);
+    test.Page().onJump({.offset = 100});
     test.Page().ScrollByHand(800);
     test.Page().onLink(u"file:///b/two.html", u"/b/two.html");
     test.Page().FinishLoading();
-    test.Page().onJump(0);
+    test.Page().onJump({.offset = 0});
     test.Page().ScrollByHand(320);
     test.Press(37, AltKey);
     CHECK(test.Page().ScrollTop() == 0);
@@ -60,7 +60,7 @@ TEST_CASE("html links: a page opened from the menu has no way back") {
     test.PutPage(u"/b/two.htm");
     REQUIRE(test.Start());
     test.OpenLoaded(u"/b/p.htm");
-    test.Page().onJump(100);
+    test.Page().onJump({.offset = 100});
     test.OpenLoaded(u"/b/two.htm");
     test.Press(37, AltKey);
     CHECK(test.Page().navigations.back() == u"/b/two.htm");
@@ -216,7 +216,7 @@ TEST_CASE("html links: the way back is a hundred links long, the oldest are forg
     REQUIRE(test.Start());
     test.OpenLoaded(u"/b/p.htm");
     for (int link = 1; link <= 102; ++link)
-        test.Page().onJump(10 * link);
+        test.Page().onJump({.offset = 10 * link});
     for (int back = 102; back > 2; --back) {
         test.Press(37, AltKey);
         CHECK(test.Page().ScrollTop() == 10 * back);

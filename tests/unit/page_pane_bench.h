@@ -36,7 +36,10 @@ class PagePaneBench : public PaneHtmlView {
 
     // Of the port, what is the window's.
     PrintAnswer Print(const std::u16string&) override { return {}; }
-    void SetBounds(const Rect&) override {}
+    void SetBounds(const Rect& bounds) override {
+        window.room = {bounds.width, bounds.height};
+        pane_.OnResized();
+    }
     void SetVisible(bool) override {}
     void FocusView() override {}
     void WakeUp() override {}

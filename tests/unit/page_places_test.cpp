@@ -268,12 +268,49 @@ TEST_CASE("changed page: one that looks half written is waited for") {
     }
 }
 
-TEST_CASE("changed page: where links were followed is not forgotten") {
+TEST_CASE("page places: Last Unmarked Position and the way back are words, too") {
     Reading test;
-    test.Page().onJump(321);
-    test.Put(added + test.text);
+    test.DefineAt(5000);
+    test.Page().ScrollByHand(3000);
+    const std::u16string linked = test.Top();
+    test.Page().onJump(test.Page().Top());
+    test.Page().ScrollByHand(1234);
+    const std::u16string words = test.Top();
+    test.Choose(test.Menu().mBookmark, test.Menu().mBookmarkList, 0);
+    SUBCASE("in the same layout it is the pixel") {
+        test.Choose(test.Menu().mBookmark, test.Menu().mBookmarkLast);
+        CHECK(test.Page().ScrollTop() == 1234);
+        test.Press(37, AltKey);
+        CHECK(test.Page().ScrollTop() == 3000);
+    }
+    SUBCASE("in another layout it is the line") {
+        test.Page().lineHeight = 23;
+        test.Choose(test.Menu().mBookmark, test.Menu().mBookmarkLast);
+        CHECK(test.Top() == words);
+        test.Press(37, AltKey);
+        CHECK(test.Top() == linked);
+    }
+    SUBCASE("when the page has changed it is where the words are now") {
+        const TextPos half = TextPos(test.text.size()) / 4;
+        test.Put(added + test.text.substr(0, half) + added + test.text.substr(half));
+        test.Refresh();
+        test.Choose(test.Menu().mBookmark, test.Menu().mBookmarkLast);
+        CHECK(test.Top() == words);
+        test.Press(37, AltKey);
+        CHECK(test.Top() == linked);
+    }
+}
+
+TEST_CASE("page places: the way back to a page that changed behind the place of reading") {
+    Reading test;
+    test.Page().ScrollByHand(3000);
+    const std::u16string linked = test.Top();
+    test.Page().onJump(test.Page().Top());
+    test.Page().ScrollByHand(0);
+    test.Put(test.text.substr(0, 300) + added + test.text.substr(300));
     test.Wait(3);
     test.Page().FinishLoading();
-    REQUIRE(test.form.page.trail.size() == 1);
-    CHECK(test.form.page.trail[0].top == 321);
+    CHECK(test.Page().ScrollTop() == 0);
+    test.Press(37, AltKey);
+    CHECK(test.Top() == linked);
 }

@@ -138,6 +138,7 @@ class PagePane : public ReadablePane {
     void MeasureMore();
 
     std::optional<CharacterPlace> LineAt(Point point, bool below);
+    std::optional<CharacterPlace> FirstLine();
     TextPos PositionAtPoint(Point point);
     HtmlNodeId LinkAt(Point point);
     HtmlNodeId LinkAround(HtmlNodeId node) const;

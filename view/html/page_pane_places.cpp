@@ -58,9 +58,20 @@ int PagePane::CharacterLeft(TextPos position) {
     return place ? Rounded((place->x - scrollX_) / look_.scale) : 0;
 }
 
+// A line of which less than a quarter is seen is none that is read.
+std::optional<CharacterPlace> PagePane::FirstLine() {
+    const int margin = Rounded(shown_->TopMargin());
+    auto line = LineAt({0, margin + 1}, true);
+    if (!line) return std::nullopt;
+    const double bottom = scroller_.InView(line->block.zone, line->LineBottom());
+    if (bottom - margin > (line->LineBottom() - line->LineTop()) / 4) return line;
+    const auto next = LineAt({0, int(std::ceil(bottom)) + 1}, true);
+    return next ? next : line;
+}
+
 TextPos PagePane::StartAtTop() {
     if (!UpdateLayout()) return -1;
-    const auto line = LineAt({0, Rounded(shown_->TopMargin()) + 1}, true);
+    const auto line = FirstLine();
     if (!line) return 0;
     return PagePlaces(*page_, *shown_).PositionOf(line->block.Content(), line->unit);
 }

@@ -18,8 +18,7 @@ constexpr std::chrono::seconds settlingTime(3);
 std::optional<PagePane::PlaceAtTop> PagePane::TopAnchor() {
     if (scroller_.IsAtStart()) return std::nullopt;
     if (topAnchor_) return topAnchor_;
-    const double margin = shown_->TopMargin();
-    const auto line = LineAt({0, Rounded(margin) + 1}, true);
+    const auto line = FirstLine();
     if (!line) return std::nullopt;
     const PagePlaces places(*page_, *shown_);
     const TextPos position = places.PositionOf(line->block.Content(), line->unit);

@@ -235,7 +235,7 @@ void PaneHtmlView::FollowLink(HtmlNodeId link) {
         const auto element = page.Anchor(address.fragment);
         const bool toTop = address.fragment.empty() || address.fragment == u"top";
         if (!element && !toTop) return;
-        const int from = Pane().ScrollTop();
+        const PageTop from = Pane().Top();
         const auto piece = element ? page.PieceFrom(*element) : std::nullopt;
         Pane().ScrollLineToTop(piece   ? page.Counted().pieces[*piece].start
                                : toTop ? 0

@@ -43,7 +43,7 @@ void QtHtmlView::ConnectEngine() {
     engine_->onZoomed = [this] { CallHandler(onZoomed); };
     engine_->onResponsiveChanged = [this](bool responsive) { OnResponsiveChanged(responsive); };
     engine_->onCommand = [this](PageCommand command) { CallHandler(onCommand, command); };
-    engine_->onJump = [this](int fromTop) { CallHandler(onJump, fromTop); };
+    engine_->onJump = [this](const PageTop& from) { CallHandler(onJump, from); };
     engine_->onLink = [this](const std::u16string& url, const std::u16string& path) {
         CallHandler(onLink, url, path);
     };

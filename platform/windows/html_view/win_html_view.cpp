@@ -102,7 +102,7 @@ bool WinHtmlView::AllowNavigation(const std::wstring& url, Target target, bool s
     if (load_ == Load::Loading && target == Target::Frame) return folder_.Allows(url);
     if (load_ != Load::Complete) return false; // a redirection
     if (target == Target::Page && IsAnchorInPage(url, url_)) {
-        Post([this, top = ScrollTop()] {
+        Post([this, top = Top()] {
             if (onJump) onJump(top);
         });
         return true;

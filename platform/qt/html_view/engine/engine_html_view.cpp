@@ -78,7 +78,7 @@ void EngineHtmlView::ConnectPage(int page) {
     // Navigation within the page, which has not scrolled yet.
     connect(page_.get(), &QWebEnginePage::urlChanged, this, [this] {
         if (!snapshot_.body) return;
-        pendingJump_ = ScrollTop();
+        pendingJump_ = snapshot_.top;
         NotifyJump();
     });
     connect(page_.get(), &QWebEnginePage::scrollPositionChanged, this,

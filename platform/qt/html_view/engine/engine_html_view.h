@@ -123,8 +123,8 @@ class EngineHtmlView final : public QObject, public EngineView {
     PageZoom zoom_;
     PageSnapshot snapshot_;
     std::optional<std::u16string> textCache_; // of the page; fetched by the first search
-    // Scroll offset before a jump within the page that is still to be reported.
-    std::optional<int> pendingJump_;
+    // The top before a jump within the page that is still to be reported.
+    std::optional<PageTop> pendingJump_;
     int revision_ = 0; // number of commands so far
     bool loadFinished_ = false, updateScheduled_ = false, visible_ = false, focused_ = false;
     bool offersEngineChange_ = false;

@@ -191,13 +191,15 @@ const reader = (() => {
     return state();
   }
 
+  // A line of which less than a quarter is seen is none that is read.
   function startAtTop() {
     const top = topMargin();
     for (let y = top + 1; y < scroller().clientHeight; y += 8) { // skips gaps between paragraphs
       const place = document.caretRangeFromPoint(0, y);
       if (!place || !document.body.contains(place.startContainer)) continue;
       const count = pageText.countAt(place.startContainer, place.startOffset, false);
-      if (pageText.boxAt(count).bottom > top) return count;
+      const {bottom, height} = pageText.boxAt(count);
+      if (bottom - top > height / 4) return count;
     }
     return 0;
   }
