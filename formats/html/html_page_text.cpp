@@ -7,6 +7,9 @@
 
 namespace {
 
+// Units that most books have less of; a page of pictures may be all markup.
+constexpr std::size_t maxReserved = 8 << 20;
+
 bool IsBlock(HtmlName name) {
     using enum HtmlName;
     switch (name) {
@@ -129,17 +132,19 @@ class Collector {
         atBreak_ = result.text.back() == u'\n';
     }
 
-    // Most of a text is words with single blanks or line feeds between: they go as one.
+    // Unit by unit into room that is made before: words are too short to be copied one by one.
     void AppendCollapsed(std::u16string_view units) {
-        while (!units.empty()) {
-            const auto blank = std::ranges::find_if(units, IsHtmlSpace);
-            const auto length = std::size_t(blank - units.begin());
-            result.text += units.substr(0, length);
-            units.remove_prefix(length);
-            if (units.empty()) return;
-            result.text += u' ';
-            units.remove_prefix(HtmlSpaceLength(units));
+        std::size_t end = result.text.size();
+        result.text.resize(end + units.size());
+        char16_t* const text = result.text.data();
+        bool behindBlank = false;
+        for (const char16_t unit : units) {
+            const bool isBlank = IsHtmlSpace(unit);
+            if (isBlank && behindBlank) continue;
+            text[end++] = isBlank ? u' ' : unit;
+            behindBlank = isBlank;
         }
+        result.text.resize(end);
     }
 
     char16_t due_ = 0;
@@ -150,6 +155,7 @@ class Collector {
 
 HtmlCountedText HtmlPageText(const HtmlTree& tree) {
     Collector collector;
+    collector.result.text.reserve(std::min(tree.Source().size(), maxReserved));
     const HtmlNodeId body = tree.Body();
     int preDepth = 0;
     const auto leave = [&](HtmlNodeId id) {

@@ -236,3 +236,15 @@ TEST_CASE("page pane: colours that the page has already style it no second time"
         CHECK(bench.view.Pane().TimesStyled() == c.times);
     }
 }
+
+TEST_CASE("page pane: zones that take no height are not laid out for every frame") {
+    std::string source;
+    for (int i = 0; i < 20'000; ++i)
+        source += "<div style='margin-bottom:-900000px'>text</div>";
+    PageBench bench(source);
+    bench.view.Painted();
+    const int before = bench.view.Pane().LayoutsMade();
+    CHECK(before > 200);
+    bench.view.Painted();
+    CHECK(bench.view.Pane().LayoutsMade() - before < 100);
+}

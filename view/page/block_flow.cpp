@@ -119,12 +119,16 @@ void BlockFlow::EndMargin() {
 }
 
 void BlockFlow::PlaceFloats(double top) {
+    double below = top;
     for (const WaitingFloats& each : std::exchange(waiting_, {})) {
         LinesContent content = layouter_.ContentOf(each.lines, each.room.Width());
         InlineLayout layout =
-            LayOutInline(layouter_.Lines(), *content.content, each.room, top, floats_);
-        AddLines(each.lines, each.room, std::move(content), std::move(layout));
+            LayOutInline(layouter_.Lines(), *content.content, each.room, below, floats_);
+        below = AddLines(each.lines, each.room, std::move(content), std::move(layout));
     }
+    if (below <= top) return;
+    EndMargin();
+    top_ = std::max(top_, below);
 }
 
 // What goes below floats has them stand without its own margin.
@@ -203,8 +207,9 @@ void BlockFlow::LayOutLines(PageBoxId box) {
     AddLines(box, room, std::move(content), std::move(layout));
 }
 
-void BlockFlow::AddLines(PageBoxId box, InlineEdges room, LinesContent content,
-                         InlineLayout layout) {
+// What follows stands below the result.
+double BlockFlow::AddLines(PageBoxId box, InlineEdges room, LinesContent content,
+                           InlineLayout layout) {
     const auto add = [&](std::vector<PlacedPart>& parts, const std::vector<InlinePlace>& places) {
         for (std::size_t i = 0; i < parts.size() && i < places.size(); ++i) {
             parts[i].left += places[i].left;
@@ -214,10 +219,11 @@ void BlockFlow::AddLines(PageBoxId box, InlineEdges room, LinesContent content,
     };
     add(content.floats, layout.floats);
     add(content.atoms, layout.atoms);
-    AddPositioned(content, layout, room);
-    if (layout.lines.empty()) return;
+    const double below = AddPositioned(content, layout, room);
+    if (layout.lines.empty()) return below;
     AddMarker(layout.lines.front());
     result_.lines.push_back({box, std::move(content.content), std::move(layout)});
+    return below;
 }
 
 // Beside the first line of a list's item, before its content.
@@ -239,12 +245,14 @@ void BlockFlow::AddMarker(const InlineLine& firstLine) {
     result_.lines.push_back({item.box, content, std::move(layout)});
 }
 
-// At the top of the line that it stands in, where its style says no other place.
-void BlockFlow::AddPositioned(const LinesContent& content, const InlineLayout& layout,
-                              InlineEdges room) {
+// At the top of the line that it stands in, where its style says no other place. Between blocks it
+// is above what follows, which it would cover, unless it stands in the margin.
+double BlockFlow::AddPositioned(const LinesContent& content, const InlineLayout& layout,
+                                InlineEdges room) {
     const InlineEdges page = open_.front().room;
+    double below = layout.bottom;
     for (const LinesText::Place& positioned : content.positioned) {
-        double top = layout.bottom, left = room.left;
+        double top = below, left = room.left;
         for (const InlineLine& line : layout.lines) {
             if (line.end <= positioned.at && line.end < layout.lines.back().end) continue;
             top = line.top;
@@ -262,8 +270,11 @@ void BlockFlow::AddPositioned(const LinesContent& content, const InlineLayout& l
                 page.right - measure.Length(style.inset[cssRight], page.Width()) - fragment->width;
         left += measure.Margin(style, cssLeft, page.Width());
         top += measure.Margin(style, cssTop, page.Width());
+        if (layout.lines.empty() && left < room.right && left + fragment->width > room.left)
+            below = std::max(below, top + fragment->height);
         result_.parts.push_back({left, top, std::move(fragment)});
     }
+    return below;
 }
 
 // A table, a picture, or a block that keeps floats out: it stands where floats leave room.

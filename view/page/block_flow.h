@@ -47,8 +47,8 @@ class BlockFlow {
     void LayOutLeaf(PageBoxId id);
     void LayOutLines(PageBoxId box);
     void PlaceFloats(double top);
-    void AddLines(PageBoxId box, InlineEdges room, LinesContent content, InlineLayout layout);
-    void AddPositioned(const LinesContent& content, const InlineLayout& layout, InlineEdges room);
+    double AddLines(PageBoxId box, InlineEdges room, LinesContent content, InlineLayout layout);
+    double AddPositioned(const LinesContent& content, const InlineLayout& layout, InlineEdges room);
     void AddMarker(const InlineLine& firstLine);
     void AddByItself(PageBoxId id);
     void BeforeClear(const CssBoxStyle& style);

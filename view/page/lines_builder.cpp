@@ -117,7 +117,7 @@ void LinesBuilder::AddBreak(HtmlNodeId element) {
 void LinesBuilder::AddBox(HtmlNodeId element, PageWeight within) {
     const CssBoxStyle& style = *styles_.Of(element).box;
     MakeRoom(element, boxInLinesWeight);
-    if (IsOpen() && boxes_.WeightWithin() + within > limits_.whole) Divide(element, 0);
+    if (IsOpen() && boxes_.WeightWithin() + within > limits_.whole / 2) Divide(element, 0);
     PageBox& lines = Open(element);
     if (IsOutOfFlow(style) || style.floats != CssFloat::None)
         lines.hasFloats = lines.hasFloats || !IsOutOfFlow(style);
