@@ -193,6 +193,24 @@ TEST_CASE("line layout: no line breaks between a box and a word joiner") {
     });
 }
 
+TEST_CASE("line layout: a space before a word joiner breaks no line, and is stretched") {
+    OnEachLineLayout([](LineLayout& layout) {
+        const std::u16string text = u"aa bb \u2060cc dd";
+        const double word = TextWidth(layout, u"aa bb cc");
+        ParagraphText paragraph = LineParagraph(layout, text, int(word) - 2, false);
+        CHECK(layout.BreakLines(paragraph)->Line(0).end == 3);
+        paragraph.width = int(word) + 8;
+        paragraph.justified = true;
+        const auto lines = layout.BreakLines(paragraph);
+        REQUIRE(lines->Line(0).end == 10);
+        const auto widthOf = [&](TextPos at) {
+            const TextExtent extent = lines->CharacterExtent(0, at);
+            return extent.right - extent.left;
+        };
+        CHECK(IsWithin(widthOf(2), widthOf(5)));
+    });
+}
+
 TEST_CASE("line layout: a box has its width, and lines may break beside it") {
     OnEachLineLayout([](LineLayout& layout) {
         for (const bool rightToLeft : {false, true}) {
