@@ -40,7 +40,8 @@ TEST_CASE("page quirks: the block's font counts in lines with text of its own") 
     CHECK(Lines(large + small + u"b</b></div>c") == "0,0 b|0,20 c");
     CHECK(Lines(large + small + u"b</b> \n</div>c") == "0,0 b|0,20 c");
     CHECK(Lines(large + small + u"b</b>a</div>c") == "0,0 ba|0,40 c");
-    CHECK(Lines(large + small + u"b</b><br></div>c") == "0,0 b/|0,40 c");
+    CHECK(Lines(large + small + u"b</b><br></div>c") == "0,0 b/|0,20 c");
+    CHECK(Lines(large + picture + u"<br>d</div>c") == "0,0 #/|0,8 d|0,48 c");
     CHECK(Lines(large + u"<br></div>c") == "0,0 /|0,40 c");
     CHECK(PageSample(large + small + u"b</b></div>c").Lines(400) == "0,0 b|0,40 c");
     const std::u16string loose =

@@ -51,17 +51,21 @@ bool HasText(const InlineContent& content, TextPos start, TextPos end) {
     return units.find_first_not_of(u"\uFFFC\u2060") != units.npos;
 }
 
-// Without the blanks at its end, but with the break there, which is text of the block.
+// Without the blanks and the break at its end.
 TextPos EndOfText(const InlineContent& content, TextPos start, TextPos end) {
     const std::u16string& text = content.text.text;
-    while (end > start && text[std::size_t(end) - 1] == u' ')
+    while (end > start &&
+           (text[std::size_t(end) - 1] == u' ' || text[std::size_t(end) - 1] == u'\u2028'))
         --end;
     return end;
 }
 
-// In quirks mode only what has text of its own makes a line higher (quirks.spec.whatwg.org, 3.4).
+// In quirks mode only what has text of its own makes a line higher (quirks.spec.whatwg.org, 3.4),
+// or the block where there is nothing but a break.
 LineBox BoxOfText(LineLayout& system, const InlineContent& content, TextPos start, TextPos end) {
     std::optional<LineBox> line;
+    const auto atom = FirstFrom(content.atoms, start, [](const auto& each) { return each.at; });
+    const bool hasAtoms = atom != content.atoms.end() && atom->at < end;
     end = EndOfText(content, start, end);
     for (auto run = RunAt(content, start); run != content.runs.end() && run->start < end; ++run) {
         const auto next = std::next(run);
@@ -71,11 +75,8 @@ LineBox BoxOfText(LineLayout& system, const InlineContent& content, TextPos star
         if (!line) line = {box.above + run->raise, box.below - run->raise};
         Enclose(*line, box, run->raise);
     }
-    const bool isBroken = end > start && content.text.text[std::size_t(end) - 1] == u'\u2028';
-    if (!line && !isBroken) return {};
-    if (!line) return StrutBox(system, content);
-    if (isBroken) Enclose(*line, StrutBox(system, content), 0);
-    return *line;
+    if (line) return *line;
+    return hasAtoms ? LineBox{} : StrutBox(system, content);
 }
 
 void EncloseRuns(LineLayout& system, const InlineContent& content, TextPos start, TextPos end,
