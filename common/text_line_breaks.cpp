@@ -7,7 +7,7 @@
 #include <string>
 
 namespace {
-constexpr char32_t softHyphen = 0xAD, zeroWidthSpace = 0x200B, emDash = 0x2014;
+constexpr char32_t softHyphen = 0xAD, zeroWidthSpace = 0x200B, emDash = 0x2014, wordJoiner = 0x2060;
 
 bool IsGlue(char32_t character) {
     return character == 0xA0 || character == 0x2007 || character == 0x202F || character == 0x2060 ||
@@ -47,7 +47,7 @@ bool MayBreak(char32_t before, char32_t left, char32_t right) {
     const bool space = left < 0x10000 && IsBreakingSpace(char16_t(left));
     if (right == u'\t') return space || left == u'\t';
     if (right < 0x10000 && IsBreakingSpace(char16_t(right))) return false;
-    if (right == zeroWidthSpace) return false;
+    if (right == zeroWidthSpace || right == wordJoiner) return false;
     if (space || left == u'\t' || left == zeroWidthSpace || left == u'\u2028') return true;
     if (IsGlue(left) || IsGlue(right) || IsOpening(left)) return false;
     if (right == softHyphen || IsClosing(right) || IsNonstarter(right)) return false;

@@ -9,12 +9,25 @@ void CssCascade::Apply(std::span<const CssDeclaration> declarations, const CssBl
                        bool important) {
     for (const CssDeclaration& declaration : declarations) {
         if (declaration.important != important) continue;
-        const CssProperty property = declaration.property;
-        if (declaration.value.kind == CssValue::Kind::Revert)
-            Set(property, userAgent_[std::size_t(property)]);
-        else
-            Set(property, {true, declaration.value, &block});
+        if (declaration.property == CssProperty::WithVariables) {
+            const CssBlock& read = written_.Read(block.written[declaration.value.index]);
+            ApplyAll(read.declarations, read);
+        } else if (declaration.property != CssProperty::Custom)
+            ApplyOne(declaration, block);
     }
+}
+
+void CssCascade::ApplyAll(std::span<const CssDeclaration> declarations, const CssBlock& block) {
+    for (const CssDeclaration& declaration : declarations)
+        if (declaration.property < CssProperty::Count) ApplyOne(declaration, block);
+}
+
+void CssCascade::ApplyOne(const CssDeclaration& declaration, const CssBlock& block) {
+    const CssProperty property = declaration.property;
+    if (declaration.value.kind == CssValue::Kind::Revert)
+        Set(property, userAgent_[std::size_t(property)]);
+    else
+        Set(property, {true, declaration.value, &block});
 }
 
 void CssCascade::SetDirection(bool rightToLeft) {

@@ -12,8 +12,17 @@ struct CssCascaded {
     const CssBlock* block = nullptr; // which the value's lists are of
 };
 
+// What declarations with variables say of the element; the blocks live as long as the cascade.
+class CssWrittenReader {
+  public:
+    virtual ~CssWrittenReader() = default;
+    virtual const CssBlock& Read(const CssWrittenDeclaration& declaration) = 0;
+};
+
 class CssCascade {
   public:
+    explicit CssCascade(CssWrittenReader& written) : written_(written) {}
+
     // Declarations of one rule, from the weakest to the strongest; of these those that are
     // important, or those that are not.
     void Apply(std::span<const CssDeclaration> declarations, const CssBlock& block, bool important);
@@ -28,8 +37,11 @@ class CssCascade {
 
   private:
     using Values = std::array<CssCascaded, cssPropertyCount>;
+    void ApplyAll(std::span<const CssDeclaration> declarations, const CssBlock& block);
+    void ApplyOne(const CssDeclaration& declaration, const CssBlock& block);
     void Set(CssProperty property, const CssCascaded& value);
 
+    CssWrittenReader& written_;
     Values values_{}, userAgent_{};
     // Of start and end: which of them was declared after left and right.
     std::array<std::uint32_t, cssPropertyCount> order_{};

@@ -11,6 +11,7 @@ struct CssComputeContext {
     CssMedium medium;
     float rootFontSize = 16;
     bool isRoot = false;
+    bool quirks = false; // of the page
     // Numbers of lists, equal ones for equal lists.
     std::function<std::uint32_t(const CssFontFamilies&)> familiesNumber;
     std::function<std::uint32_t(const CssContent&)> contentNumber;

@@ -1,6 +1,7 @@
 #include "formats/css/css_computer.h"
 #include "formats/css/css_longhands.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -22,7 +23,7 @@ CssDisplay Blockified(CssDisplay display) {
 
 // A hair's breadth is drawn, and no border is wider than it says.
 float BorderWidth(float width) {
-    return width > 0 && width < 1 ? 1 : std::floor(width);
+    return width > 0 && width < 1 ? 1 : std::max(0.0f, std::floor(width));
 }
 
 void ComputeBorders(const CssPicker& pick, const CssInheritedStyle& inherited,
@@ -81,13 +82,25 @@ void ComputeVerticalAlign(const CssPicker& pick, const CssBoxStyle& parent, CssB
                                   });
 }
 
-void ComputeSizes(const CssPicker& pick, const CssBoxStyle& parent, CssBoxStyle& box) {
+bool IsQuirky(const CssCascaded& margin) {
+    return margin.given && margin.value.kind == CssValue::Kind::Length &&
+           margin.value.unit == CssUnit::QuirkyEm;
+}
+
+void ComputeSizes(const CssCascade& cascade, const CssPicker& pick, const CssBoxStyle& parent,
+                  const CssComputeContext& context, CssBoxStyle& box) {
     const CssLength zero = CssLength::Pixels(0), autos;
     for (int side = 0; side < 4; ++side) {
         const auto at = static_cast<std::size_t>(side);
         box.margin[at] = pick.Length(P::MarginTop + side, parent.margin[at], zero);
         box.padding[at] = pick.Length(P::PaddingTop + side, parent.padding[at], zero);
+        // By calc(); what is written below zero is no padding.
+        if (box.padding[at].value < 0) box.padding[at] = zero;
         box.inset[at] = pick.Length(P::Top + side, parent.inset[at], autos);
+    }
+    if (context.quirks) {
+        box.quirkyTop = IsQuirky(cascade[P::MarginTop]);
+        box.quirkyBottom = IsQuirky(cascade[P::MarginBottom]);
     }
     box.width = pick.Length(P::Width, parent.width, autos);
     box.height = pick.Length(P::Height, parent.height, autos);
@@ -104,7 +117,7 @@ CssBoxStyle ComputeCssBox(const CssCascade& cascade, const CssInheritedStyle& in
     const CssPicker pick(cascade, inherited.fontSize, context);
     CssBoxStyle box;
     ComputeDisplay(pick, parent, context, box);
-    ComputeSizes(pick, parent, box);
+    ComputeSizes(cascade, pick, parent, context, box);
     ComputeBorders(pick, inherited, parent, box);
     ComputeVerticalAlign(pick, parent, box);
     box.background = pick.Pick(

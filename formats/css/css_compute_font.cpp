@@ -20,6 +20,16 @@ bool IsMonospace(const CssFontFamilies& families) {
     return families.size() == 1 && families[0].generic && families[0].name == u"monospace";
 }
 
+// A length that is no multiple of a font's size.
+bool IsFixed(const CssValue& value) {
+    return value.kind == CssValue::Kind::Length &&
+           (value.unit == CssUnit::Px || value.unit >= CssUnit::Vw);
+}
+
+bool IsAbsoluteSize(const CssValue& value) {
+    return value.kind == CssValue::Kind::Keyword && value.keyword < cssSmaller;
+}
+
 std::uint16_t WeightOf(const CssValue& value, std::uint16_t parent) {
     if (value.kind == CssValue::Kind::Number)
         return static_cast<std::uint16_t>(std::clamp(value.number, 1.0f, 1000.0f));
@@ -48,13 +58,14 @@ void ComputeCssFont(const CssCascade& cascade, const CssInheritedStyle& parent,
 
     const float medium = context.medium.fontSize * (style.monospace ? monospaceFactor : 1);
     float outer = parent.fontSize;
-    if (style.monospace != parent.monospace)
+    if (style.monospace != parent.monospace && !parent.fixedFontSize)
         outer *= style.monospace ? monospaceFactor : 1 / monospaceFactor;
     // The root's own `rem` is the initial size.
     const CssLengthBase base{outer, context.isRoot ? context.medium.fontSize : context.rootFontSize,
                              &context.medium};
     const float size = onParent.Pick(P::FontSize, outer, medium, [&](const CssValue& value) {
         if (value.kind == CssValue::Kind::Percent) return outer * value.number / 100;
+        if (value.kind == CssValue::Kind::Sum) return onParent.LengthOf(value).Of(outer);
         if (value.kind == CssValue::Kind::Length) {
             context.usedViewport |= value.unit >= CssUnit::Vw;
             return CssPixels(value, base);
@@ -64,6 +75,10 @@ void ComputeCssFont(const CssCascade& cascade, const CssInheritedStyle& parent,
         return absoluteSizes[std::min<std::size_t>(value.keyword, 7)] * medium / mediumSize;
     });
     style.fontSize = std::clamp(size, 0.0f, maxCssFontPixels);
+    style.fixedFontSize =
+        onParent.Pick(P::FontSize, parent.fixedFontSize, false, [&](const CssValue& value) {
+            return !IsAbsoluteSize(value) && (parent.fixedFontSize || IsFixed(value));
+        });
     style.fontWeight =
         onParent.Pick(P::FontWeight, parent.fontWeight, std::uint16_t{400},
                       [&](const CssValue& value) { return WeightOf(value, parent.fontWeight); });

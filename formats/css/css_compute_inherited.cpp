@@ -1,5 +1,7 @@
 #include "formats/css/css_computer.h"
 
+#include <algorithm>
+
 namespace {
 
 using P = CssProperty;
@@ -42,8 +44,11 @@ CssInheritedStyle ComputeCssInherited(const CssCascade& cascade, const CssInheri
     style.lineHeight =
         pick.Pick(P::LineHeight, parent.lineHeight, CssLength{}, [&](const CssValue& value) {
             const CssLength length = pick.LengthOf(value);
-            if (length.kind != CssLength::Kind::Percent) return length;
-            return CssLength::Pixels(length.Of(style.fontSize)); // children inherit the pixels
+            const bool isShare =
+                length.kind == CssLength::Kind::Percent || length.kind == CssLength::Kind::Sum;
+            if (!isShare) return length;
+            // Children inherit the pixels.
+            return CssLength::Pixels(std::max(0.0f, length.Of(style.fontSize)));
         });
     style.textIndent = pick.Length(P::TextIndent, parent.textIndent, zero);
     style.letterSpacing = pick.Pixels(P::LetterSpacing, parent.letterSpacing, 0);

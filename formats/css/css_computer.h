@@ -3,6 +3,7 @@
 
 #include "formats/css/css_compute.h"
 #include "formats/css/css_length.h"
+#include "formats/css/css_math.h"
 
 class CssPicker {
   public:
@@ -20,6 +21,7 @@ class CssPicker {
         case CssValue::Kind::Inherit: return parent;
         case CssValue::Kind::Initial: return initial;
         case CssValue::Kind::Unset: return IsInherited(property) ? parent : initial;
+        case CssValue::Kind::Math: return convert(Evaluated(cascaded, base_));
         default: return convert(cascaded.value);
         }
     }
@@ -46,9 +48,17 @@ class CssPicker {
         switch (value.kind) {
         case CssValue::Kind::Length: return CssLength::Pixels(PixelsOf(value));
         case CssValue::Kind::Percent: return CssLength::Percent(ClampCssPixels(value.number));
-        case CssValue::Kind::Number: return {ClampCssPixels(value.number), CssLength::Kind::Number};
+        case CssValue::Kind::Sum:
+            return {value.number, CssLength::Kind::Sum, static_cast<std::int16_t>(value.keyword)};
+        case CssValue::Kind::Number:
+            return {ClampCssPixels(value.number), CssLength::Kind::Number, 0};
         default: return {};
         }
+    }
+
+    CssValue Evaluated(const CssCascaded& cascaded, const CssLengthBase& base) const {
+        return EvaluateCssMath(cascaded.block->maths[cascaded.value.index], base,
+                               context_.usedViewport);
     }
 
   private:

@@ -18,15 +18,17 @@ slot { display: contents }
 body { margin: 8px }
 address, cite, dfn, em, i, var { font-style: italic }
 b, strong { font-weight: bolder }
-p, blockquote, figure, listing, plaintext, pre, xmp, dir, dl, menu, ol, ul {
-    margin-top: 1em; margin-bottom: 1em }
+figure { margin-top: 1em; margin-bottom: 1em }
+blockquote, listing, plaintext, pre, xmp, dir, dl, menu, ol, ul {
+    margin-top: 1__qem; margin-bottom: 1em }
+p { margin-top: 1__qem; margin-bottom: 1__qem }
 blockquote, figure { margin-left: 40px; margin-right: 40px }
 code, kbd, samp, tt, listing, plaintext, pre, xmp { font-family: monospace }
 listing, plaintext, pre, xmp { white-space: pre }
 center { text-align: -html-center }
 big { font-size: larger }
 small { font-size: smaller }
-sub, sup { font-size: smaller; line-height: normal }
+sub, sup { font-size: smaller }
 sub { vertical-align: sub }
 sup { vertical-align: super }
 s, strike, del { text-decoration: line-through }
@@ -57,18 +59,19 @@ address, blockquote, center, dialog, div, figure, figcaption, footer, form, head
 listing, main, p, plaintext, pre, summary, xmp, article, aside, h1, h2, h3, h4, h5, h6, hgroup, nav,
 section, table, caption, colgroup, col, thead, tbody, tfoot, tr, td, th, dir, dd, dl, dt, menu, ol,
 ul, li { unicode-bidi: isolate }
-h1 { font-size: 2em; font-weight: bold; margin-top: 0.67em; margin-bottom: 0.67em }
-h2 { font-size: 1.5em; font-weight: bold; margin-top: 0.83em; margin-bottom: 0.83em }
-h3 { font-size: 1.17em; font-weight: bold; margin-top: 1em; margin-bottom: 1em }
-h4 { font-weight: bold; margin-top: 1.33em; margin-bottom: 1.33em }
-h5 { font-size: 0.83em; font-weight: bold; margin-top: 1.67em; margin-bottom: 1.67em }
-h6 { font-size: 0.67em; font-weight: bold; margin-top: 2.33em; margin-bottom: 2.33em }
-:is(article, aside, nav, section) h1 { font-size: 1.5em; margin-top: 0.83em; margin-bottom: 0.83em }
+h1 { font-size: 2em; font-weight: bold; margin-top: 0.67__qem; margin-bottom: 0.67em }
+h2 { font-size: 1.5em; font-weight: bold; margin-top: 0.83__qem; margin-bottom: 0.83em }
+h3 { font-size: 1.17em; font-weight: bold; margin-top: 1__qem; margin-bottom: 1em }
+h4 { font-weight: bold; margin-top: 1.33__qem; margin-bottom: 1.33em }
+h5 { font-size: 0.83em; font-weight: bold; margin-top: 1.67__qem; margin-bottom: 1.67em }
+h6 { font-size: 0.67em; font-weight: bold; margin-top: 2.33__qem; margin-bottom: 2.33em }
+:is(article, aside, nav, section) h1 {
+    font-size: 1.5em; margin-top: 0.83__qem; margin-bottom: 0.83em }
 :is(article, aside, nav, section) :is(article, aside, nav, section) h1 {
-    font-size: 1.17em; margin-top: 1em; margin-bottom: 1em }
+    font-size: 1.17em; margin-top: 1__qem; margin-bottom: 1em }
 :is(article, aside, nav, section) :is(article, aside, nav, section)
     :is(article, aside, nav, section) h1 {
-    font-size: 1em; margin-top: 1.33em; margin-bottom: 1.33em }
+    font-size: 1em; margin-top: 1.33__qem; margin-bottom: 1.33em }
 dd { margin-inline-start: 40px }
 dir, menu, ol, ul { padding-inline-start: 40px }
 :is(dir, dl, menu, ol, ul) :is(dir, dl, menu, ol, ul) { margin-top: 0; margin-bottom: 0 }

@@ -21,7 +21,7 @@ constexpr UnitEntry units[] = {
     {u"mm", CssUnit::Px, 96 / 25.4f}, {u"q", CssUnit::Px, 96 / 101.6f},
     {u"pc", CssUnit::Px, 16},         {u"vw", CssUnit::Vw, 1},
     {u"vh", CssUnit::Vh, 1},          {u"vmin", CssUnit::Vmin, 1},
-    {u"vmax", CssUnit::Vmax, 1},
+    {u"vmax", CssUnit::Vmax, 1},      {u"__qem", CssUnit::QuirkyEm, 1},
 };
 
 // Of fonts whose measures are not known here; CSS gives half an em for both.
@@ -32,7 +32,8 @@ float OneOf(CssUnit unit, const CssLengthBase& base) {
     const float height = base.medium ? base.medium->viewportHeight / 100 : 0;
     switch (unit) {
     case CssUnit::Px: return 1;
-    case CssUnit::Em: return base.fontSize;
+    case CssUnit::Em:
+    case CssUnit::QuirkyEm: return base.fontSize;
     case CssUnit::Rem: return base.rootFontSize;
     case CssUnit::Ex: return base.fontSize * exOfEm;
     case CssUnit::Ch: return base.fontSize * chOfEm;

@@ -24,6 +24,15 @@ constexpr int maxCssSelectorDepth = 8;
 // Nested `@media`; each level is a call.
 constexpr int maxCssBlockDepth = 32;
 
+// Of one calc(): values in it, and functions within functions.
+constexpr std::size_t maxCssMathSteps = 64;
+constexpr int maxCssMathDepth = 16;
+// Custom properties of one element, units of a value, and values within values. All those of a page
+// together may have as many units as `maxCssVariableStore`.
+constexpr std::size_t maxCssVariables = 1024, maxCssVariableUnits = 4096;
+constexpr int maxCssVariableDepth = 32;
+constexpr std::size_t maxCssVariableStore = std::size_t{4} << 20;
+
 constexpr std::size_t maxCssImports = 64;
 // Of a page: files of sheets, sheets that import each other, and the bytes of all together.
 constexpr std::size_t maxCssFiles = 64, maxCssImportDepth = 8;

@@ -3,6 +3,7 @@
 #include "formats/css/css_color.h"
 #include "formats/css/css_length.h"
 #include "formats/css/css_longhand_keywords.h"
+#include "formats/css/css_math.h"
 
 #include <algorithm>
 #include <iterator>
@@ -111,6 +112,17 @@ std::optional<CssValue> ReadNumeric(const CssLonghand& longhand, const CssToken&
     return std::nullopt;
 }
 
+std::optional<CssValue> ReadMath(const CssLonghand& longhand, CssTokenStream& tokens,
+                                 CssBlock& block) {
+    auto math = ReadCssMath(tokens);
+    if (!math) return std::nullopt;
+    const bool isNumber = math->type == CssMathType::Number;
+    if (!(longhand.accepts & (isNumber ? cssNumber : cssLength))) return std::nullopt;
+    if (math->hasPercent && !(longhand.accepts & cssPercent)) return std::nullopt;
+    block.maths.push_back(std::move(math->steps));
+    return CssValue::OfIndex(CssValue::Kind::Math, block.maths.size() - 1);
+}
+
 } // namespace
 
 const CssLonghand* FindCssLonghand(std::u16string_view lowerCase) {
@@ -123,7 +135,7 @@ const CssLonghand& CssLonghandOf(CssProperty property) {
 }
 
 std::optional<CssValue> ReadCssValue(const CssLonghand& longhand, CssTokenStream& tokens,
-                                     const CssReading& reading) {
+                                     const CssReading& reading, CssBlock& block) {
     const std::size_t start = tokens.Place();
     const CssToken& token = tokens.Peek();
     if (token.Is(CssToken::Kind::Ident))
@@ -137,6 +149,8 @@ std::optional<CssValue> ReadCssValue(const CssLonghand& longhand, CssTokenStream
     std::optional<CssValue> value;
     if (longhand.accepts & cssColor)
         value = ReadCssColor(tokens, reading.quirks);
+    else if (IsCssMath(token))
+        value = ReadMath(longhand, tokens, block);
     else {
         value = ReadNumeric(longhand, token, reading);
         if (value) tokens.Next();

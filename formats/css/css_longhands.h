@@ -39,7 +39,7 @@ const CssLonghand& CssLonghandOf(CssProperty property); // of one of them
 
 // The next of the tokens as a value of the property. Nothing, and nothing taken, if it is none.
 std::optional<CssValue> ReadCssValue(const CssLonghand& longhand, CssTokenStream& tokens,
-                                     const CssReading& reading);
+                                     const CssReading& reading, CssBlock& block);
 
 // Of `display`, beside the CssDisplay: floats stay within the box.
 constexpr std::uint16_t cssFlowRoot = 0x100;

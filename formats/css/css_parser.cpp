@@ -4,7 +4,10 @@
 #include "formats/css/css_media.h"
 #include "formats/css/css_property_parser.h"
 #include "formats/css/css_selector_parser.h"
+#include "formats/css/css_supports.h"
 #include "formats/css/css_token_stream.h"
+
+#include <optional>
 
 namespace {
 
@@ -27,6 +30,7 @@ class Parser {
     // False for one that ends with the block that it stands in.
     bool ReadAtRule(const CssToken& keyword, int depth, bool applies);
     bool ReadRule(const CssToken& first, int depth, bool applies);
+    std::optional<bool> ConditionHolds(const CssToken& keyword);
     void ReadImport();
     void AddRule(std::span<const CssSelector> selectors, std::size_t firstDeclaration);
     void ReadDeclaration();
@@ -88,7 +92,6 @@ void Parser::ReadRules(int depth, bool applies) {
 }
 
 bool Parser::ReadAtRule(const CssToken& keyword, int depth, bool applies) {
-    const bool isMedia = CssEqual(keyword.text, u"media");
     const bool isImport = CssEqual(keyword.text, u"import") && depth == 0;
     const bool isCharset = CssEqual(keyword.text, u"charset");
     const Stop stop = Collect(tokens_.Next(), true, depth > 0);
@@ -96,14 +99,24 @@ bool Parser::ReadAtRule(const CssToken& keyword, int depth, bool applies) {
     // Statements without a block may stand before an @import: @charset, @layer, and the unknown.
     if (!isCharset && stop == Stop::OpenCurly) importsEnded_ = true;
     if (stop != Stop::OpenCurly) return stop != Stop::CloseCurly;
-    if (!isMedia || overflow_ || depth >= maxCssBlockDepth) {
+    const std::optional<bool> holds =
+        overflow_ || depth >= maxCssBlockDepth ? std::nullopt : ConditionHolds(keyword);
+    if (holds)
+        ReadRules(depth + 1, applies && *holds);
+    else
         SkipBlock();
-        return true;
-    }
-    const CssMediaAnswer answer = AskCssMedia(CssTokenStream(construct_), reading_.medium);
-    sheet_.dependsOnViewport |= answer.dependsOnViewport;
-    ReadRules(depth + 1, applies && answer.applies);
     return true;
+}
+
+// Whether the rules in a block apply; nothing for a block that is none of rules, or unknown.
+std::optional<bool> Parser::ConditionHolds(const CssToken& keyword) {
+    const CssTokenStream condition(construct_);
+    if (CssEqual(keyword.text, u"supports")) return SupportsCss(condition, reading_);
+    if (CssEqual(keyword.text, u"layer")) return true;
+    if (!CssEqual(keyword.text, u"media")) return std::nullopt;
+    const CssMediaAnswer answer = AskCssMedia(condition, reading_.medium);
+    sheet_.dependsOnViewport |= answer.dependsOnViewport;
+    return answer.applies;
 }
 
 void Parser::ReadImport() {

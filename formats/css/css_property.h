@@ -80,7 +80,10 @@ enum class CssProperty : std::uint8_t {
     BorderSpacingY,
     CaptionSide,
     EmptyCells,
-    Count
+    Count,
+    // No properties: the value is the index of a CssWrittenDeclaration.
+    Custom,       // a variable
+    WithVariables // any property, or several
 };
 
 constexpr std::size_t cssPropertyCount = std::size_t(CssProperty::Count);

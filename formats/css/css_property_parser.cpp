@@ -1,7 +1,9 @@
 #include "formats/css/css_property_parser.h"
 
+#include "formats/css/css_limits.h"
 #include "formats/css/css_longhands.h"
 #include "formats/css/css_shorthands.h"
+#include "formats/css/css_variables.h"
 
 #include <vector>
 
@@ -47,17 +49,39 @@ bool ReadWide(std::span<const CssToken> value, CssValue& wide) {
     return true;
 }
 
+// From the first of the tokens, which stand in one text, to the last.
+std::u16string_view SourceOf(std::span<const CssToken> tokens) {
+    if (tokens.empty()) return {};
+    const char16_t* const start = tokens.front().source.data();
+    const std::u16string_view last = tokens.back().source;
+    return {start, static_cast<std::size_t>(last.data() + last.size() - start)};
+}
+
+void AddWritten(CssProperty property, std::u16string_view name, std::span<const CssToken> value,
+                bool important, CssBlock& block) {
+    while (!value.empty() && value.front().Is(Kind::Whitespace))
+        value = value.subspan(1);
+    const std::u16string_view text = SourceOf(value);
+    if (name.size() + text.size() > maxCssVariableUnits) return;
+    block.declarations.push_back(
+        {property, important, CssValue::OfIndex(CssValue::Kind::Math, block.written.size())});
+    block.written.push_back({std::u16string(name), std::u16string(text)});
+}
+
 } // namespace
 
 void ReadCssDeclaration(std::u16string_view name, std::span<const CssToken> value,
                         const CssReading& reading, CssBlock& block) {
+    const bool important = TakeImportant(value);
+    if (IsCssVariable(name)) return AddWritten(CssProperty::Custom, name, value, important, block);
     if (name.size() > 32) return; // no property has so long a name
     const std::u16string lower = CssLowerCase(name);
-    const bool important = TakeImportant(value);
     const CssLonghand* longhand = FindCssLonghand(lower);
     const CssShorthand* shorthand = longhand ? nullptr : FindCssShorthand(lower);
     if ((!longhand && !shorthand) || value.empty()) return;
 
+    if (UsesCssVariables(value))
+        return AddWritten(CssProperty::WithVariables, lower, value, important, block);
     const std::size_t first = block.declarations.size();
     CssValue wide;
     if (ReadWide(value, wide)) {
@@ -71,7 +95,7 @@ void ReadCssDeclaration(std::u16string_view name, std::span<const CssToken> valu
     CssTokenStream tokens(value);
     bool understood = true;
     if (longhand) {
-        const auto one = ReadCssValue(*longhand, tokens, reading);
+        const auto one = ReadCssValue(*longhand, tokens, reading, block);
         understood = one.has_value();
         if (one) block.declarations.push_back({longhand->property, important, *one});
     } else {

@@ -19,9 +19,24 @@ struct CssDeclaration {
     CssValue value;
 };
 
+// One that waits for the element: of a custom property, or with var() in its value.
+struct CssWrittenDeclaration {
+    std::u16string name, value;
+};
+
+// A step of a sum: a value is put on a stack, or the two on top of it become one.
+struct CssMathStep {
+    enum class Kind : std::uint8_t { Value, Add, Subtract, Multiply, Divide, Min, Max };
+    Kind kind = Kind::Value;
+    CssValue value;
+};
+using CssMath = std::vector<CssMathStep>;
+
 // Declarations and what their values are too long for.
 struct CssBlock {
     std::vector<CssDeclaration> declarations;
+    std::vector<CssWrittenDeclaration> written;
+    std::vector<CssMath> maths;
     std::vector<CssFontFamilies> families;
     std::vector<CssContent> contents;
 };

@@ -76,9 +76,9 @@ bool ReadOverflow(CssShorthandReader& reader, std::span<const CssProperty> prope
 // The corresponding longhand's own name is not in their table: only both together are properties.
 bool ReadBorderSpacing(CssShorthandReader& reader, std::span<const CssProperty> properties) {
     const CssLonghand length{u"", P::BorderSpacingX, cssLength, {}};
-    const auto first = ReadCssValue(length, reader.tokens, reader.reading);
+    const auto first = ReadCssValue(length, reader.tokens, reader.reading, reader.block);
     if (!first) return false;
-    const auto second = ReadCssValue(length, reader.tokens, reader.reading);
+    const auto second = ReadCssValue(length, reader.tokens, reader.reading, reader.block);
     reader.Add(properties[0], *first);
     reader.Add(properties[1], second ? *second : *first);
     return true;

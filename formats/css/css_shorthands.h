@@ -14,7 +14,7 @@ struct CssShorthandReader {
     CssBlock& block;
 
     std::optional<CssValue> Read(CssProperty property) {
-        return ReadCssValue(CssLonghandOf(property), tokens, reading);
+        return ReadCssValue(CssLonghandOf(property), tokens, reading, block);
     }
     void Add(CssProperty property, const CssValue& value) {
         block.declarations.push_back({property, false, value});

@@ -14,17 +14,20 @@
 // Lengths are CSS pixels; a percentage waits for the layout. A number stands only in `lineHeight`,
 // a multiple of the font size.
 struct CssLength {
-    enum class Kind : std::uint32_t { Auto, Pixels, Percent, Number }; // Auto: also none, normal
+    // Auto: also none, normal. Sum: `value` pixels and so many hundredths of a percent.
+    enum class Kind : std::uint16_t { Auto, Pixels, Percent, Number, Sum };
     float value = 0;
     Kind kind = Kind::Auto;
+    std::int16_t hundredths = 0;
     bool operator==(const CssLength&) const = default;
 
     bool IsAuto() const { return kind == Kind::Auto; }
     float Of(float whole) const { // 0 for Auto
+        if (kind == Kind::Sum) return value + whole * hundredths / 10'000;
         return kind == Kind::Pixels ? value : kind == Kind::Percent ? whole * value / 100 : 0;
     }
-    static CssLength Pixels(float pixels) { return {pixels, Kind::Pixels}; }
-    static CssLength Percent(float percent) { return {percent, Kind::Percent}; }
+    static CssLength Pixels(float pixels) { return {pixels, Kind::Pixels, 0}; }
+    static CssLength Percent(float percent) { return {percent, Kind::Percent, 0}; }
 };
 
 enum CssSide : std::uint8_t { cssTop, cssRight, cssBottom, cssLeft };
@@ -34,7 +37,8 @@ using CssSides = std::array<T, 4>; // in the order of CssSide
 // What texts and child elements inherit.
 struct CssInheritedStyle {
     float fontSize = 16;
-    std::uint32_t families = 0; // in CssPageStyles::Families; 0 is none given
+    std::uint32_t families = 0;  // in CssPageStyles::Families; 0 is none given
+    std::uint32_t variables = 0; // of the styler
     CssLength lineHeight;
     CssLength textIndent = CssLength::Pixels(0);
     float letterSpacing = 0, wordSpacing = 0;
@@ -60,7 +64,9 @@ struct CssInheritedStyle {
     bool autoColor = true;
     // The families are `monospace` alone, whose normal size browsers have at 13 pixels of 16.
     bool monospace = false;
-    std::array<std::uint8_t, 2> unused = {};
+    // The font size goes back to a length that was given: it is that of any family.
+    bool fixedFontSize = false;
+    std::uint8_t unused = 0;
     bool operator==(const CssInheritedStyle&) const = default;
 };
 
@@ -91,10 +97,12 @@ struct CssBoxStyle {
     std::uint8_t ownDecorations = cssNoDecoration;
     // A float, an absolute one, an overflow or a flow root: floats stay within it.
     bool flowRoot = false;
-    std::array<std::uint8_t, 2> unused = {};
+    // In quirks mode: nobody but the default sheet gave the margins, which go at the edges of cells
+    // and at the top of the page.
+    bool quirkyTop = false, quirkyBottom = false;
     bool operator==(const CssBoxStyle&) const = default;
 };
 
 // Equal parts are found by their bytes; so there is none that no member owns.
-static_assert(sizeof(CssInheritedStyle) == 4 * 2 + 8 * 2 + 4 * 4 + 4 + 2 + 16 + 2);
+static_assert(sizeof(CssInheritedStyle) == 4 * 3 + 8 * 2 + 4 * 4 + 4 + 2 + 16 + 2);
 static_assert(sizeof(CssBoxStyle) == 3 * 32 + 7 * 8 + 16 + 16 + 4 + 4 + 4 + 16);

@@ -59,7 +59,8 @@ enum class CssVerticalAlign : std::uint8_t {
     Middle,
     Bottom,
     TextBottom,
-    Length, // `verticalShift` says it; a percentage is of the line height
+    BaselineMiddle, // of old pictures: their middle stands on the baseline
+    Length,         // `verticalShift` says it; a percentage is of the line height
 };
 enum class CssWhiteSpace : std::uint8_t { Normal, NoWrap, Pre, PreWrap, PreLine, BreakSpaces };
 enum class CssListStyleType : std::uint8_t {

@@ -25,7 +25,7 @@ CssInheritedStyle InitialInherited(const CssMedium& medium) {
 CssStyler::CssStyler(const HtmlTree& tree, const CssRuleIndex& index, const CssMedium& medium)
     : tree_(tree), index_(index), matcher_(tree, index), hintsReader_(tree) {
     reading_.medium = context_.medium = medium;
-    reading_.quirks = tree.Quirks() == HtmlQuirks::Full;
+    reading_.quirks = context_.quirks = tree.Quirks() == HtmlQuirks::Full;
     context_.familiesNumber = [this](const CssFontFamilies& list) {
         return page_.families_.NumberOf(list);
     };
@@ -161,7 +161,10 @@ std::uint32_t CssStyler::Compute(std::uint32_t parent, CssPseudoElement which,
     const CssBlock own = isRead && !attribute.empty()
                              ? ReadCssBlock(attribute.substr(0, maxCssAttributeUnits), reading_)
                              : CssBlock{};
-    CssCascade cascade;
+    const CssStyle outer = page_.styles_[parent];
+    variables_ = VariablesOf(which, own, outer.inherited->variables);
+    read_.clear();
+    CssCascade cascade(*this);
     ApplyRules(cascade, which, false, CssOrigin::UserAgent);
     cascade.EndUserAgent();
     cascade.Apply(hints_.declarations, hints_, false);
@@ -170,8 +173,9 @@ std::uint32_t CssStyler::Compute(std::uint32_t parent, CssPseudoElement which,
     ApplyRules(cascade, which, true, CssOrigin::Author);
     cascade.Apply(own.declarations, own, true);
     ApplyRules(cascade, which, true, CssOrigin::UserAgent);
-    const CssStyle outer = page_.styles_[parent];
-    return Add(ComputeCssStyle(cascade, *outer.inherited, *outer.box, context_));
+    CssStyleParts parts = ComputeCssStyle(cascade, *outer.inherited, *outer.box, context_);
+    parts.inherited.variables = variables_;
+    return Add(parts);
 }
 
 std::uint32_t CssStyler::Add(const CssStyleParts& parts) {

@@ -6,9 +6,12 @@
 #include "formats/css/css_page_styles.h"
 #include "formats/css/html_hints.h"
 
+#include "formats/css/css_variables.h"
+
+#include <deque>
 #include <string>
 
-class CssStyler {
+class CssStyler : private CssWrittenReader {
   public:
     CssStyler(const HtmlTree& tree, const CssRuleIndex& index, const CssMedium& medium);
     CssPageStyles Style(bool sheetsDependOnViewport);
@@ -24,6 +27,11 @@ class CssStyler {
                               std::u16string_view attribute);
     std::uint32_t Compute(std::uint32_t parent, CssPseudoElement which,
                           std::u16string_view attribute);
+    const CssBlock& Read(const CssWrittenDeclaration& declaration) override;
+    // In css_styler_variables.cpp: of an element, with those that it inherits.
+    std::uint32_t VariablesOf(CssPseudoElement which, const CssBlock& own, std::uint32_t outer);
+    void AddWritten(std::span<const CssDeclaration> declarations, const CssBlock& block,
+                    bool important, std::vector<const CssWrittenDeclaration*>& written) const;
     void ApplyRules(CssCascade& cascade, CssPseudoElement which, bool important, CssOrigin origin);
     std::uint32_t Add(const CssStyleParts& parts);
 
@@ -34,6 +42,11 @@ class CssStyler {
     CssReading reading_; // of `style` attributes
     CssComputeContext context_;
     CssPageStyles page_;
+    // Of the element that is computed, and what its declarations with variables say.
+    std::uint32_t variables_ = 0;
+    std::deque<CssBlock> read_;
+    CssListPool<CssVariables> variableLists_;
+    std::size_t variableUnits_ = 0; // of all lists
     CssBlock hints_;
     std::string key_;
     std::unordered_map<std::string, std::uint32_t> numberOfKey_;

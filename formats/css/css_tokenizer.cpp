@@ -26,6 +26,13 @@ CssToken OfKind(Kind kind, std::u16string_view text = {}) {
 CssToken CssTokenizer::Next() {
     SkipComments();
     if (AtEnd()) return {};
+    const std::size_t start = at_;
+    CssToken token = Read();
+    token.source = text_.substr(start, at_ - start);
+    return token;
+}
+
+CssToken CssTokenizer::Read() {
     const char16_t unit = At();
     if (IsCssSpace(unit)) return ReadSpace();
     if (unit == u'"' || unit == u'\'') return ReadString(unit);

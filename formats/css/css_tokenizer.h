@@ -45,6 +45,7 @@ struct CssToken {
     float number = 0;         // kept within +-1e9
     std::u16string_view text; // without quotes and escapes; of a number as it stands
     std::u16string_view unit;
+    std::u16string_view source; // as it stands in the text
 
     bool Is(Kind other) const { return kind == other; }
     bool IsDelim(char16_t unit16) const { return kind == Kind::Delim && delim == unit16; }
@@ -71,6 +72,7 @@ class CssTokenizer {
     void ForgetTexts() { own_.clear(); }
 
   private:
+    CssToken Read();
     char16_t At(std::size_t ahead = 0) const; // U+0000 behind the end and for none
     bool AtEnd() const { return at_ >= text_.size(); }
     bool IsEscape(std::size_t ahead = 0) const;

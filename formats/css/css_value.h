@@ -19,7 +19,8 @@ struct CssColor {
 constexpr CssColor cssTransparent{0, 0, 0, 0};
 
 // What a length is relative to. The absolute units are pixels once they are read.
-enum class CssUnit : std::uint8_t { Px, Em, Rem, Ex, Ch, Vw, Vh, Vmin, Vmax };
+// QuirkyEm, of the default sheet alone, is an em that goes in some places of a page in quirks mode.
+enum class CssUnit : std::uint8_t { Px, Em, QuirkyEm, Rem, Ex, Ch, Vw, Vh, Vmin, Vmax };
 
 struct CssFontFamily {
     std::u16string name;
@@ -47,6 +48,8 @@ struct CssValue {
         CurrentColor,
         Families,
         Content,
+        Math, // `index` of one in the block; never a computed value
+        Sum,  // of `number` pixels and `keyword`, an int16_t, hundredths of a percent
         // Those of all properties.
         Inherit,
         Initial,

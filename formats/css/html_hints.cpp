@@ -104,15 +104,17 @@ void HtmlHints::Read(HtmlNodeId element, CssBlock& block) const {
 void HtmlHints::ReadBody(const HtmlNode& node, CssBlock& block) const {
     AddColorHint(block, P::TextColor, node.Attribute(HtmlName::Text));
     AddColorHint(block, P::BackgroundColor, node.Attribute(HtmlName::Bgcolor));
-    const auto margin = [&](P side, HtmlName both, HtmlName one) {
-        const HtmlAttribute* attribute = both != HtmlName::None ? node.Attribute(both) : nullptr;
-        if (!attribute && one != HtmlName::None) attribute = node.Attribute(one);
-        AddPixelsHint(block, side, attribute);
+    // One that is given for the other side alone is for both, as in browsers.
+    const auto margin = [&](P side, HtmlName both, HtmlName own, HtmlName other) {
+        for (const HtmlName name : {both, own, other}) {
+            const HtmlAttribute* given = name != HtmlName::None ? node.Attribute(name) : nullptr;
+            if (given) return AddPixelsHint(block, side, given);
+        }
     };
-    margin(P::MarginTop, marginHeight_, topMargin_);
-    margin(P::MarginBottom, marginHeight_, bottomMargin_);
-    margin(P::MarginLeft, marginWidth_, leftMargin_);
-    margin(P::MarginRight, marginWidth_, rightMargin_);
+    margin(P::MarginTop, marginHeight_, topMargin_, bottomMargin_);
+    margin(P::MarginBottom, marginHeight_, bottomMargin_, topMargin_);
+    margin(P::MarginLeft, marginWidth_, leftMargin_, rightMargin_);
+    margin(P::MarginRight, marginWidth_, rightMargin_, leftMargin_);
 }
 
 void HtmlHints::ReadTable(const HtmlNode& node, CssBlock& block) const {

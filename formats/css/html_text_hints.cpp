@@ -83,7 +83,8 @@ void ReadPictureAlign(std::u16string_view value, CssBlock& block) {
     if (CssEqual(value, u"right")) AddHint(block, P::Float, CssFloat::Right);
     if (CssEqual(value, u"top")) align(CssVerticalAlign::Top);
     if (CssEqual(value, u"texttop")) align(CssVerticalAlign::TextTop);
-    if (CssEqual(value, u"middle") || CssEqual(value, u"absmiddle") || CssEqual(value, u"center") ||
+    if (CssEqual(value, u"middle")) align(CssVerticalAlign::BaselineMiddle);
+    if (CssEqual(value, u"absmiddle") || CssEqual(value, u"center") ||
         CssEqual(value, u"abscenter"))
         align(CssVerticalAlign::Middle);
     if (CssEqual(value, u"bottom") || CssEqual(value, u"baseline"))

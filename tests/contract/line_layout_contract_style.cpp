@@ -193,6 +193,18 @@ TEST_CASE("line layout: no line breaks between a box and a word joiner") {
     });
 }
 
+TEST_CASE("line layout: no line breaks behind a space before a word joiner") {
+    OnEachLineLayout([](LineLayout& layout) {
+        const std::u16string text = u"aa bb \u2060cc dd";
+        const int width = int(TextWidth(layout, u"aa bb cc")) - 2;
+        CHECK(layout.BreakLines(LineParagraph(layout, text, width))->Line(0).end == 3);
+        const std::u16string boxes = u"aa b \u2060" + std::u16string(2, objectReplacement);
+        ParagraphText paragraph = LineParagraph(layout, boxes, width);
+        paragraph.boxes = {{6, width / 2}, {7, width / 4}};
+        CHECK(layout.BreakLines(paragraph)->Line(0).end == 3);
+    });
+}
+
 TEST_CASE("line layout: a box has its width, and lines may break beside it") {
     OnEachLineLayout([](LineLayout& layout) {
         for (const bool rightToLeft : {false, true}) {

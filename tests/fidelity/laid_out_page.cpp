@@ -26,7 +26,8 @@ std::vector<CssSheet> SheetsOf(const HtmlTree& tree, const std::filesystem::path
     reading.medium = medium;
     reading.quirks = tree.Quirks() == HtmlQuirks::Full;
     std::vector<CssSheet> sheets;
-    sheets.push_back(ReadCss(u"* { background: rgba(0,0,0,0.01) } html { font-family: serif }"));
+    sheets.push_back(
+        ReadCss(u"* { background: rgba(0,0,0,0.01) !important } html { font-family: serif }"));
     for (const CssPageSheet& sheet : FindCssSheets(tree, medium)) {
         std::u16string text = sheet.text;
         if (!sheet.address.empty()) {

@@ -90,9 +90,9 @@ TEST_CASE("css: sizes of fonts") {
         {u"font-size:12pt", 16},
         {u"font-size:0", 0},
         {u"font-size:99999px", 10000},
-        {u"font-family:monospace", 20 * 13 / 16.0},
+        {u"font-family:monospace", 20}, // of a size that was given in pixels
         {u"font-family:monospace;font-size:medium", 13},
-        {u"font-family:monospace;font-size:1em", 20 * 13 / 16.0},
+        {u"font-family:monospace;font-size:1em", 20},
         {u"font-family:monospace;font-size:20px", 20},
         {u"font-family:Courier, monospace", 20},
         {u"font-family:'monospace'", 20},
@@ -111,6 +111,15 @@ TEST_CASE("css: sizes of fonts") {
     CssMedium large;
     large.fontSize = 32;
     CHECK(PageOf(u"", u"<small id=x>t", large).Text().fontSize == doctest::Approx(32 / 1.2));
+}
+
+TEST_CASE("css: a size that was given as a length is that of any family") {
+    const auto size = [](const std::u16string& body) { return StyledPage(body).Text().fontSize; };
+    CHECK(size(u"<div style='font-size:20px'><pre id=x>") == 20);
+    CHECK(size(u"<div style='font-size:15pt'><p><code id=x>") == 20);
+    CHECK(size(u"<div style='font-size:20px'><p style='font-size:50%'><tt id=x>") == 10);
+    CHECK(size(u"<div style='font-size:200%'><pre id=x>") == 26);
+    CHECK(size(u"<div style='font-size:20px'><p style='font-size:medium'><tt id=x>") == 13);
 }
 
 TEST_CASE("css: families of fonts") {

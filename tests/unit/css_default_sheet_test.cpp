@@ -98,7 +98,7 @@ TEST_CASE("css: what elements look like without a sheet") {
 
 TEST_CASE("css: every rule of the default sheet is understood as a whole") {
     // As many as it has blocks: a slip of the pen would drop one.
-    CHECK(DefaultCssSheet().rules.size() == 81);
+    CHECK(DefaultCssSheet().rules.size() == 83);
     CHECK(QuirksCssSheet().rules.size() == 2);
     CHECK(DefaultCssSheet().imports.empty());
 }
@@ -146,7 +146,7 @@ TEST_CASE("css: old attributes of body, rules and pictures") {
     CHECK(page.Text().color == CssColor{255, 0, 0});
     CHECK(page.Box().background == CssColor{0, 0, 255});
     CHECK(page.Box().margin[cssLeft] == Px(3));
-    CHECK(page.Box().margin[cssRight] == Px(8));
+    CHECK(page.Box().margin[cssRight] == Px(3)); // as browsers, of one side for both
     CHECK(page.Box().margin[cssBottom] == Px(4));
     CHECK(page.Text(u"y").color == CssColor{0, 255, 0});
     CHECK(page.Text(u"z").color == CssColor{255, 0, 0});
@@ -163,7 +163,7 @@ TEST_CASE("css: old attributes of body, rules and pictures") {
     CHECK(BoxOf(u"<img id=x width=10 height='20%'>").height == CssLength::Percent(20));
     CHECK(BoxOf(u"<img id=x width=x>").width.IsAuto());
     CHECK(BoxOf(u"<img id=x align=left>").floats == CssFloat::Left);
-    CHECK(BoxOf(u"<img id=x align=middle>").verticalAlign == CssVerticalAlign::Middle);
+    CHECK(BoxOf(u"<img id=x align=absmiddle>").verticalAlign == CssVerticalAlign::Middle);
     CHECK(BoxOf(u"<img id=x border=2>").borderWidth[cssLeft] == 2);
     CHECK(BoxOf(u"<img id=x hspace=5>").margin[cssRight] == Px(5));
     CHECK(BoxOf(u"<img id=x vspace=5>").margin[cssTop] == Px(5));

@@ -64,6 +64,13 @@ TEST_CASE("page boxes: cells without a table's elements have a row") {
     CHECK(Boxes(u"<div style='display:table'><div style='display:table-cell'>a</div>"
                 u"<div style='display:table-cell'>b</div></div>") ==
           "Table(Row(Cell(Lines[a]) Cell(Lines[b])))");
+    CHECK(Boxes(u"a <div style='display:table-cell'>b</div> <!-- --><div style='display:table-row'>"
+                u"<p style='display:table-cell'>c</div> d") ==
+          "Lines[a] Table(Row(Cell(Lines[b])) Row(Cell(Lines[c]))) Lines[d]");
+    CHECK(Boxes(u"<table style='display:block'><col><tr><td>b</table>") ==
+          "Block(Table(Columns(Column) RowGroup(Row(Cell(Lines[b])))))");
+    CHECK(Boxes(u"<table style='display:block'><caption>a</caption><tr><td>b<td>c</table>") ==
+          "Block(Table(Caption(Lines[a]) RowGroup(Row(Cell(Lines[b]) Cell(Lines[c])))))");
     CHECK(Boxes(u"<div style='display:table'>a<b>b</b><div style='display:table-row'>c</div>"
                 u"</div>") == "Table(Row(Cell(Lines[ab])) Row(Cell(Lines[c])))");
 }

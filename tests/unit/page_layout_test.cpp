@@ -35,6 +35,14 @@ TEST_CASE("page layout: blocks have indents and widths") {
           "188,0 one");
 }
 
+TEST_CASE("page layout: blank lines do not make a height larger") {
+    const std::u16string high = u"<div style='height:40px'>";
+    CHECK(Lines(high + u"<br><br><br><br></div>b") == "0,0 /|0,16 /|0,32 /|0,48 /|0,40 b");
+    CHECK(Lines(high + u"a<br>&nbsp;<br>c<br><br></div>b") ==
+          "0,0 a/|0,16 ?/|0,32 c/|0,48 /|0,48 b");
+    CHECK(Lines(high + u"<p>a<p>&nbsp;</div>b") == "0,16 a|0,48 ?|0,40 b");
+}
+
 TEST_CASE("page layout: heights") {
     CHECK(Lines(u"<div style='height:50px'>one</div>two") == "0,0 one|0,50 two");
     CHECK(Lines(u"<div style='min-height:50px'>one</div>two") == "0,0 one|0,50 two");
@@ -135,6 +143,14 @@ TEST_CASE("page layout: floats begin where a margin behind them ends") {
     CHECK(Lines(u"<p>one</p>" + box) == "0,16 one|320,48 f");
 }
 
+TEST_CASE("page layout: a float behind a block does not wait for a larger margin") {
+    const std::u16string box = u"<div style='float:right;width:80px;height:32px'>f</div>";
+    const std::u16string far = u"<p style='margin-top:40px'>two";
+    CHECK(Lines(u"<p>one</p>" + box + far) == "0,16 one|0,72 two|320,48 f");
+    CHECK(Lines(u"<p>one</p><div>" + box + u"</div>" + far) == "0,16 one|0,72 two|320,48 f");
+    CHECK(Lines(u"<p>one</p><div>" + box + far + u"</div>") == "0,16 one|0,72 two|320,72 f");
+}
+
 TEST_CASE("page layout: a float goes below the floats that it clears") {
     const std::u16string box = u"<div style='width:80px;height:32px;float:";
     CHECK(Lines(box + u"left'>a</div>" + box + u"left;clear:left'>b</div>one") ==
@@ -152,14 +168,23 @@ TEST_CASE("page layout: an indent counts in a width that goes by the content") {
 }
 
 TEST_CASE("page layout: what does not wrap within a block that does") {
-    CHECK(Lines(u"<span style='white-space:nowrap'>aa bb</span> cc", 48) == "0,0 aa?bb|0,16 cc");
+    CHECK(Lines(u"<span style='white-space:nowrap'>aa bb</span> cc", 48) == "0,0 aa ?bb|0,16 cc");
     CHECK(Lines(u"aa <nobr>bb-bb</nobr>", 48) == "0,0 aa|0,16 bb?-?bb");
+    CHECK(Lines(u"<nobr>aa <b>bb</b></nobr> c", 48) == "0,0 aa ?bb|0,16 c");
+    CHECK(Lines(u"<nobr>aa </nobr><br>c", 48) == "0,0 aa/|0,16 c");
 }
 
 TEST_CASE("page layout: margins and padding of what stands in a line") {
     CHECK(Lines(u"<span style='margin-left:16px'>aa</span> b", 40) == "0,0 #?aa|0,16 b");
     CHECK(Lines(u"aa <span style='padding:0 8px'>b</span> c", 56) == "0,0 aa #?b?#|0,16 c");
     CHECK(Lines(u"aa <span style='border:solid 8px'>bb</span>", 48) == "0,0 aa|0,16 #?bb?#");
+}
+
+TEST_CASE("page layout: percentages in a table within a cell make its column no wider") {
+    const std::u16string table = u"<table cellpadding=0 cellspacing=0>";
+    const std::u16string inner = table + u"<td width='10%'>aaaa<td>b</table>";
+    CHECK(Lines(table + u"<td>" + inner + u"<td>c</table>") == "0,0 aaaa|32,0 b|40,0 c");
+    CHECK(Lines(inner + u"c") == "0,0 aaaa|32,0 b|0,16 c");
 }
 
 TEST_CASE("page layout: a table between its margins") {

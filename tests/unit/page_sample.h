@@ -24,11 +24,11 @@ struct PageSample {
     PageFlow flow;
 
     // In quirks mode margins of the first paragraphs go, so there is a doctype.
-    explicit PageSample(const std::u16string& body, const PageLimits& limits = {})
-        : tree(ReadHtml(u"<!DOCTYPE html><body style='margin:0'>" + body)), sheets(SheetsOf(tree)),
-          styles(Styled(tree, sheets)), boxes(BoxesOf(tree, styles, limits)),
-          fonts(system, styles, 1, 96), text(tree, styles, boxes, fonts),
-          layouter(boxes, text, system, 1), flow(layouter) {}
+    explicit PageSample(const std::u16string& body, const PageLimits& limits = {},
+                        const std::u16string& start = u"<!DOCTYPE html><body style='margin:0'>")
+        : tree(ReadHtml(start + body)), sheets(SheetsOf(tree)), styles(Styled(tree, sheets)),
+          boxes(BoxesOf(tree, styles, limits)), fonts(system, styles, 1, 96),
+          text(tree, styles, boxes, fonts), layouter(boxes, text, system, 1), flow(layouter) {}
 
     // Boxes as "Block(Lines[one two] Table(...))".
     std::string Boxes() { return BoxText(rootPageBox); }

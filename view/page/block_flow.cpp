@@ -7,7 +7,8 @@
 
 BlockFlow::BlockFlow(PageLayouter& layouter, PageBoxId container, InlineEdges room,
                      PageFragment& result)
-    : layouter_(layouter), container_(container), result_(result) {
+    : layouter_(layouter), container_(container), result_(result),
+      dropsQuirky_(layouter.Box(container).dropsQuirkyMargins) {
     OpenBlock block;
     block.box = container;
     block.room = room;
@@ -30,10 +31,10 @@ void BlockFlow::StartBehind(PageBoxId leaf) {
         open_.push_back(block);
     }
     topless_.clear();
+    settled_ = open_.size();
     const double containing = open_.back().room.Width();
     const PageBox& box = layouter_.Box(leaf);
-    if (!box.isContinued)
-        margin_.Add(layouter_.Measure().Margin(*box.style, cssBottom, containing));
+    if (!box.isContinued) AddMarginBelow(*box.style, containing);
 }
 
 void BlockFlow::LayOutContent() {
@@ -57,6 +58,7 @@ void BlockFlow::LayOut(PageBoxId from, PageBoxId end) {
 void BlockFlow::Finish() {
     while (open_.size() > 1)
         Close();
+    if (layouter_.Box(container_).dropsQuirkyMargins) margin_.DropQuirky();
     EndMargin();
     top_ = floats_.ClearedTop(true, true, top_);
 }
@@ -108,10 +110,21 @@ int BlockFlow::Place(PageBoxId box, const InlineEdges& border) {
     return index;
 }
 
+void BlockFlow::AddMarginAbove(const CssBoxStyle& style, double containing) {
+    if (dropsQuirky_ && style.quirkyTop) return;
+    margin_.Add(layouter_.Measure().Margin(style, cssTop, containing));
+}
+
+void BlockFlow::AddMarginBelow(const CssBoxStyle& style, double containing) {
+    margin_.Add(layouter_.Measure().Margin(style, cssBottom, containing), style.quirkyBottom);
+}
+
 // What follows stands below the margin, and so do the boxes that began with it.
 void BlockFlow::EndMargin() {
     top_ += margin_.Length();
     margin_ = {};
+    dropsQuirky_ = false;
+    settled_ = open_.size();
     for (const int index : topless_)
         result_.boxes[std::size_t(index)].top = top_;
     topless_.clear();
@@ -152,7 +165,7 @@ void BlockFlow::Open(PageBoxId box) {
     const BoxEdges edges = EdgesOf(box);
     const BoxInsets insets = layouter_.Measure().Insets(style, containing);
     BeforeClear(style);
-    margin_.Add(layouter_.Measure().Margin(style, cssTop, containing));
+    AddMarginAbove(style, containing);
     ClearFloats(style);
     OpenBlock block = OpenedBlock(box, edges.content, EndOf(result_));
     block.placed = Place(box, edges.border);
@@ -162,17 +175,20 @@ void BlockFlow::Open(PageBoxId box) {
         top_ += insets.Top();
     }
     open_.push_back(block);
+    dropsQuirky_ = dropsQuirky_ || layouter_.Box(box).dropsQuirkyMargins;
     if (style.display == CssDisplay::ListItem) markerAt_ = open_.size() - 1;
 }
 
 void BlockFlow::Close() {
     const OpenBlock block = open_.back();
     open_.pop_back();
+    settled_ = std::min(settled_, open_.size());
     if (markerAt_ == open_.size()) markerAt_ = 0;
     if (block.insetBelow > 0) {
         EndMargin();
         top_ += block.insetBelow;
     }
+    if (IsSettled()) PlaceFloats(top_ + margin_.Length());
     if (block.placed >= 0) {
         // One without a height of its own goes through the margin.
         PlacedBox& placed = result_.boxes[std::size_t(block.placed)];
@@ -180,8 +196,7 @@ void BlockFlow::Close() {
         std::erase(topless_, block.placed);
     }
     MoveRelative(block);
-    margin_.Add(layouter_.Measure().Margin(*layouter_.Box(block.box).style, cssBottom,
-                                           open_.back().room.Width()));
+    AddMarginBelow(*layouter_.Box(block.box).style, open_.back().room.Width());
 }
 
 void BlockFlow::LayOutLeaf(PageBoxId id) {
@@ -197,7 +212,7 @@ void BlockFlow::LayOutLines(PageBoxId box) {
     const InlineEdges room = open_.back().room;
     if (!layouter_.Box(box).hasText) {
         waiting_.push_back({box, room});
-        if (!layouter_.Box(box).hasFloats) PlaceFloats(top_ + margin_.Length());
+        if (IsSettled() || !layouter_.Box(box).hasFloats) PlaceFloats(top_ + margin_.Length());
         return;
     }
     EndMargin();
@@ -205,76 +220,6 @@ void BlockFlow::LayOutLines(PageBoxId box) {
     InlineLayout layout = LayOutInline(layouter_.Lines(), *content.content, room, top_, floats_);
     top_ = layout.bottom;
     AddLines(box, room, std::move(content), std::move(layout));
-}
-
-// What follows stands below the result.
-double BlockFlow::AddLines(PageBoxId box, InlineEdges room, LinesContent content,
-                           InlineLayout layout) {
-    const auto add = [&](std::vector<PlacedPart>& parts, const std::vector<InlinePlace>& places) {
-        for (std::size_t i = 0; i < parts.size() && i < places.size(); ++i) {
-            parts[i].left += places[i].left;
-            parts[i].top += places[i].top;
-            result_.parts.push_back(std::move(parts[i]));
-        }
-    };
-    add(content.floats, layout.floats);
-    add(content.atoms, layout.atoms);
-    const double below = AddPositioned(content, layout, room);
-    if (layout.lines.empty()) return below;
-    AddMarker(layout.lines.front());
-    result_.lines.push_back({box, std::move(content.content), std::move(layout)});
-    return below;
-}
-
-// Beside the first line of a list's item, before its content.
-void BlockFlow::AddMarker(const InlineLine& firstLine) {
-    if (markerAt_ == 0) return;
-    const OpenBlock& item = open_[std::exchange(markerAt_, 0)];
-    const auto content = layouter_.Content().MarkerOf(item.box);
-    if (!content) return;
-    FloatContext none;
-    InlineLayout layout = LayOutInline(layouter_.Lines(), *content, {0, 0}, 0, none);
-    InlineLine& line = layout.lines.front();
-    const double width = layout.pieces.front().lines->Line(0).width;
-    const double gap = layouter_.Lines().Metrics(*content->strut).Height() / 3;
-    const InlineEdges free = item.room;
-    line.left = content->text.rightToLeft ? free.right + gap : free.left - gap - width;
-    line.top = firstLine.top;
-    line.height = firstLine.height;
-    line.baseline = firstLine.baseline;
-    result_.lines.push_back({item.box, content, std::move(layout)});
-}
-
-// At the top of the line that it stands in, where its style says no other place. Between blocks it
-// is above what follows, which it would cover, unless it stands in the margin.
-double BlockFlow::AddPositioned(const LinesContent& content, const InlineLayout& layout,
-                                InlineEdges room) {
-    const InlineEdges page = open_.front().room;
-    double below = layout.bottom;
-    for (const LinesText::Place& positioned : content.positioned) {
-        double top = below, left = room.left;
-        for (const InlineLine& line : layout.lines) {
-            if (line.end <= positioned.at && line.end < layout.lines.back().end) continue;
-            top = line.top;
-            const InlinePiece& piece = layout.pieces[line.piece];
-            left = line.left + piece.lines->CaretX(line.line, positioned.at - piece.start);
-            break;
-        }
-        const CssBoxStyle& style = *layouter_.Box(positioned.box).style;
-        PageFragmentPtr fragment = layouter_.LayOutShrunk(positioned.box, page.Width());
-        const BoxMeasure& measure = layouter_.Measure();
-        if (!style.inset[cssLeft].IsAuto())
-            left = page.left + measure.Length(style.inset[cssLeft], page.Width());
-        else if (!style.inset[cssRight].IsAuto())
-            left =
-                page.right - measure.Length(style.inset[cssRight], page.Width()) - fragment->width;
-        left += measure.Margin(style, cssLeft, page.Width());
-        top += measure.Margin(style, cssTop, page.Width());
-        if (layout.lines.empty() && left < room.right && left + fragment->width > room.left)
-            below = std::max(below, top + fragment->height);
-        result_.parts.push_back({left, top, std::move(fragment)});
-    }
-    return below;
 }
 
 // A table, a picture, or a block that keeps floats out: it stands where floats leave room.
@@ -285,7 +230,7 @@ void BlockFlow::AddByItself(PageBoxId id) {
     const BoxMeasure& measure = layouter_.Measure();
     if (!box.continues) {
         BeforeClear(*box.style);
-        margin_.Add(measure.Margin(*box.style, cssTop, containing));
+        AddMarginAbove(*box.style, containing);
         ClearFloats(*box.style);
     }
     EndMargin();
@@ -307,5 +252,5 @@ void BlockFlow::AddByItself(PageBoxId id) {
         measure.RelativeShift(*box.style, *layouter_.Box(open_.back().box).text, containing);
     result_.parts.push_back({edges.border.left + shift.x, top_ + shift.y, std::move(fragment)});
     top_ += height;
-    if (!box.isContinued) margin_.Add(measure.Margin(*box.style, cssBottom, containing));
+    if (!box.isContinued) AddMarginBelow(*box.style, containing);
 }

@@ -53,7 +53,11 @@ class BlockFlow {
     void AddByItself(PageBoxId id);
     void BeforeClear(const CssBoxStyle& style);
     void ClearFloats(const CssBoxStyle& style);
+    void AddMarginAbove(const CssBoxStyle& style, double containing);
+    void AddMarginBelow(const CssBoxStyle& style, double containing);
     void EndMargin();
+    // No margin to come moves the block that is open: something stands in it.
+    bool IsSettled() const { return settled_ >= open_.size(); }
     int Place(PageBoxId box, const InlineEdges& border);
     OpenBlock OpenedBlock(PageBoxId id, const InlineEdges& content, FragmentMark from) const;
     void MoveRelative(const OpenBlock& block);
@@ -69,5 +73,7 @@ class BlockFlow {
     std::vector<WaitingFloats> waiting_;
     std::size_t markerAt_ = 0; // of the open item of a list that has no line yet; 0 for none
     CollapsedMargin margin_;
+    std::size_t settled_ = 0; // open blocks in which something stands, the container first
+    bool dropsQuirky_;        // nothing stands yet in a cell or in the page
     double top_ = 0;
 };

@@ -23,6 +23,8 @@ double FreeShare(const CssBoxStyle& style, const CssInheritedStyle& around) {
 
 double BoxMeasure::Length(const CssLength& length, double whole) const {
     if (length.kind == CssLength::Kind::Percent) return whole * length.value / 100;
+    if (length.kind == CssLength::Kind::Sum)
+        return length.value * scale_ + whole * length.hundredths / 10'000;
     return length.kind == CssLength::Kind::Pixels ? length.value * scale_ : 0;
 }
 

@@ -3,9 +3,18 @@
 
 #include "formats/html/html_tree.h"
 
+// From one up to another, or up to the last one.
+struct HtmlSiblings {
+    HtmlNodeId first = noHtmlNode, behind = noHtmlNode;
+};
+
+template <typename Do>
+void ForEach(const HtmlTree& tree, HtmlSiblings siblings, Do work) {
+    for (HtmlNodeId node = siblings.first; node != siblings.behind; node = tree[node].nextSibling)
+        work(node);
+}
+
 template <typename Do>
 void ForChildren(const HtmlTree& tree, HtmlNodeId parent, Do work) {
-    for (HtmlNodeId child = tree[parent].firstChild; child != noHtmlNode;
-         child = tree[child].nextSibling)
-        work(child);
+    ForEach(tree, {tree[parent].firstChild, noHtmlNode}, work);
 }

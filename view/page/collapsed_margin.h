@@ -8,16 +8,16 @@ class CollapsedMargin {
     CollapsedMargin() = default;
     explicit CollapsedMargin(double margin) { Add(margin); }
 
-    void Add(double margin) {
+    // A quirky one goes where it meets the bottom of a cell.
+    void Add(double margin, bool quirky = false) {
         maxPositive_ = std::max(maxPositive_, margin);
         minNegative_ = std::min(minNegative_, margin);
-    }
-    void Add(const CollapsedMargin& other) {
-        Add(other.maxPositive_);
-        Add(other.minNegative_);
+        if (!quirky) maxLasting_ = std::max(maxLasting_, margin);
     }
     double Length() const { return maxPositive_ + minNegative_; }
+    void DropQuirky() { maxPositive_ = maxLasting_; }
 
   private:
     double maxPositive_ = 0, minNegative_ = 0;
+    double maxLasting_ = 0; // of the positive ones that are not quirky
 };

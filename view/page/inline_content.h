@@ -9,7 +9,7 @@
 #include <optional>
 #include <vector>
 
-enum class VerticalAlign { Baseline, Middle, Top, Bottom };
+enum class VerticalAlign { Baseline, BaselineMiddle, Middle, Top, Bottom };
 
 // From `start` up to the next one.
 struct InlineRun {
@@ -79,7 +79,8 @@ struct InlineContent {
     std::vector<InlineDecoration> decorations; // ascending, the outer ones first
     StyleHandle strut;                         // of the block: no line is lower than its font
     std::optional<double> strutLineHeight;
-    double xHeight = 0;                    // of the block's font, for `Middle`
+    bool needsText = false; // in quirks mode, for the block's font to count in a line
+    double xHeight = 0;     // of the block's font, for `Middle`
     Alignment alignment = Alignment::Left; // absolute
     double textIndent = 0;                 // of the first line; negative: it hangs out
     bool wraps = true;

@@ -12,8 +12,8 @@
 
 namespace {
 constexpr char16_t lineSeparator = u'\u2028', objectReplacement = u'\uFFFC';
-// Neither is of the page's text: both keep a line from breaking.
-constexpr char16_t noBreakSpace = u'\u00A0', wordJoiner = u'\u2060';
+// None of the page's text: it keeps a line from breaking.
+constexpr char16_t wordJoiner = u'\u2060';
 
 bool Wraps(CssWhiteSpace whiteSpace) {
     return whiteSpace != CssWhiteSpace::NoWrap && whiteSpace != CssWhiteSpace::Pre;
@@ -82,7 +82,7 @@ void InlineWriter::AddText(std::u16string_view text, const CssInheritedStyle& st
                 AddBreak(i);
             whiteSpaceEnds_ = true;
         } else if (!keepsSpaces && IsHtmlSpace(unit)) {
-            if (!whiteSpaceEnds_) AddUnit(wraps ? u' ' : noBreakSpace, i);
+            if (!whiteSpaceEnds_) AddSpace(i, wraps);
             whiteSpaceEnds_ = true;
         } else {
             if (!wraps && i > from) JoinWords(unit);
@@ -91,6 +91,18 @@ void InlineWriter::AddText(std::u16string_view text, const CssInheritedStyle& st
         }
     }
     if (style.visibility != CssVisibility::Visible) Hide(start);
+}
+
+// One that a line does not break behind is a space like any other where lines are justified.
+void InlineWriter::AddSpace(std::size_t unit, bool wraps) {
+    AddUnit(u' ', unit);
+    if (!wraps) AddJoiner();
+}
+
+void InlineWriter::AddJoiner() {
+    const HtmlNodeId node = std::exchange(node_, noHtmlNode);
+    AddUnit(wordJoiner, 0);
+    node_ = node;
 }
 
 void InlineWriter::AddGap(int width, bool isStart) {
@@ -152,18 +164,19 @@ void InlineWriter::StartRun(const CssInheritedStyle& style, const TextPlace& pla
 void InlineWriter::JoinWords(char16_t next) {
     const auto isLetter = [](char16_t unit) { return unit < 0x250 && IsWordUnit(unit); };
     const char16_t before = Text().empty() ? u' ' : Text().back();
-    if (before == u' ' || before == noBreakSpace || (isLetter(before) && isLetter(next))) return;
-    const HtmlNodeId node = std::exchange(node_, noHtmlNode);
-    AddUnit(wordJoiner, 0);
-    node_ = node;
+    if (before == u' ' || before == wordJoiner || (isLetter(before) && isLetter(next))) return;
+    AddJoiner();
 }
 
 void InlineWriter::RemoveTrailingSpace() {
-    if (!whiteSpaceEnds_ || Text().empty()) return;
-    if (Text().back() != u' ' && Text().back() != noBreakSpace) return;
-    Text().pop_back();
+    std::u16string_view text = Text();
+    if (!whiteSpaceEnds_ || text.empty()) return;
+    if (text.back() == wordJoiner) text.remove_suffix(1);
+    if (text.empty() || text.back() != u' ') return;
+    Text().resize(text.size() - 1);
     auto& origins = Content().origins;
-    if (!origins.empty() && origins.back().start >= Length()) origins.pop_back();
+    while (!origins.empty() && origins.back().start >= Length())
+        origins.pop_back();
 }
 
 std::shared_ptr<InlineContent> InlineWriter::Finish() {

@@ -39,6 +39,8 @@ class InlineWriter {
     void AddLetter(char16_t unit, std::size_t number, const CssInheritedStyle& style,
                    const TextPlace& place);
     void StartRun(const CssInheritedStyle& style, const TextPlace& place, bool smallCapital);
+    void AddSpace(std::size_t unit, bool wraps);
+    void AddJoiner();
     void JoinWords(char16_t next);
     void Hide(TextPos start);
     void RemoveTrailingSpace();

@@ -34,6 +34,7 @@ LinesReader::LinesReader(const HtmlTree& tree, const CssPageStyles& styles, cons
         box = boxes[box].parent;
     container_ = boxes[box].node;
     background_ = BackgroundOf(boxes, lines);
+    writer_.Content().needsText = tree.Quirks() != HtmlQuirks::None;
 }
 
 LinesText LinesReader::Read() {

@@ -30,10 +30,11 @@ enum class PageBoxKind : std::uint8_t {
 
 struct PageBox {
     PageBoxKind kind = PageBoxKind::Block;
-    bool hasText = false;       // of Lines: it has a line
-    bool hasFloats = false;     // of Lines
-    bool isFirstLetter = false; // of Lines: they are a floating first letter of those around
-    bool isTooLong = false;     // to be laid out by itself
+    bool hasText = false;            // of Lines: it has a line
+    bool hasFloats = false;          // of Lines
+    bool isFirstLetter = false;      // of Lines: they are a floating first letter of those around
+    bool isTooLong = false;          // to be laid out by itself
+    bool dropsQuirkyMargins = false; // a cell, or the page's body
     // Lines or a table that is too long are several, one behind the other: not the first of them;
     // of tables also not the last one.
     bool continues = false, isContinued = false;

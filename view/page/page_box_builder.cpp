@@ -58,6 +58,8 @@ class PageBoxBuilder : private BlockBuilder {
         if (StaysInFlow(node, *boxes_.Top().style)) boxes_.Top().isTooLong = true;
         if (tree_[node].Is(HtmlName::Body) && boxes_[rootPageBox].style->background.IsTransparent())
             boxes_.MakeTopCanvas();
+        boxes_.Top().dropsQuirkyMargins =
+            kind == PageBoxKind::Cell || tree_[node].Is(HtmlName::Body);
         const HtmlNodeId behind = tree_.NextBehind(node);
         if (boxes_.Top().style->display == CssDisplay::ListItem)
             boxes_.Top().number = numbers_.Next(node);
@@ -74,7 +76,17 @@ class PageBoxBuilder : private BlockBuilder {
     }
 
     void VisitChildren(HtmlNodeId node) {
-        ForChildren(tree_, node, [&](HtmlNodeId child) { Visit(child); });
+        for (HtmlNodeId child = tree_[node].firstChild; child != noHtmlNode;) {
+            const HtmlSiblings parts = tables_.PartsFrom(child);
+            if (parts.first == parts.behind) {
+                Visit(child);
+                child = tree_[child].nextSibling;
+            } else {
+                lines_.Close(child);
+                tables_.BuildAnonymous(parts);
+                child = parts.behind;
+            }
+        }
     }
 
     void Visit(HtmlNodeId id) override {

@@ -53,6 +53,7 @@ std::optional<double> PageFonts::LineHeight(const CssInheritedStyle& style) cons
     case CssLength::Kind::Number: return style.lineHeight.value * style.fontSize * scale_;
     case CssLength::Kind::Pixels: return style.lineHeight.value * scale_;
     case CssLength::Kind::Percent: return style.lineHeight.value / 100 * style.fontSize * scale_;
+    case CssLength::Kind::Sum: // of a line height only its pixels are left
     case CssLength::Kind::Auto: break;
     }
     return std::nullopt;

@@ -17,6 +17,11 @@ void AddToBaseline(const PageFragment& fragment, double top, double& baseline) {
     for (const PlacedPart& part : fragment.parts)
         AddToBaseline(*part.fragment, top + part.top, baseline);
 }
+bool IsBlank(const InlineContent& content, const InlineLine& line) {
+    const std::u16string_view text = content.text.text;
+    const auto units = text.substr(std::size_t(line.start), std::size_t(line.end - line.start));
+    return units.find_first_not_of(u" \t\u00A0\u2028\u2060") == units.npos;
+}
 } // namespace
 
 FragmentMark EndOf(const PageFragment& fragment) {
@@ -40,6 +45,20 @@ double LastBaseline(const PageFragment& fragment) {
     double baseline = -1;
     AddToBaseline(fragment, 0, baseline);
     return baseline;
+}
+
+double VisibleBottom(const PageFragment& fragment) {
+    double bottom = 0;
+    for (const PlacedBox& box : fragment.boxes)
+        bottom = std::max(bottom, box.top + box.height);
+    for (const PlacedImage& picture : fragment.pictures)
+        bottom = std::max(bottom, picture.top + picture.height);
+    for (const PlacedLines& lines : fragment.lines)
+        for (const InlineLine& line : lines.layout.lines)
+            if (!IsBlank(*lines.content, line)) bottom = std::max(bottom, line.top + line.height);
+    for (const PlacedPart& part : fragment.parts)
+        bottom = std::max(bottom, part.top + part.fragment->height);
+    return bottom;
 }
 
 double RightEdge(const PageFragment& fragment, double left) {

@@ -53,5 +53,8 @@ void MoveSince(const FragmentMark& mark, double x, double y, PageFragment& fragm
 // How far to the right anything of it reaches, from where its left edge is `left`.
 double RightEdge(const PageFragment& fragment, double left = 0);
 
+// How far down anything of it can be seen: blank lines cannot.
+double VisibleBottom(const PageFragment& fragment);
+
 // Of the last line, from the top; negative without a line.
 double LastBaseline(const PageFragment& fragment);

@@ -30,14 +30,15 @@ bool IsFlowLeaf(const PageBoxes& boxes, PageBoxId id) {
 
 // Of a block whose lines have this one. The height of a cell is its row's, in which its content is
 // placed.
-double PageLayouter::ContentHeight(const PageBox& box, double natural) const {
+double PageLayouter::ContentHeight(const PageBox& box, const PageFragment& content,
+                                   double natural) const {
     if (box.kind == PageBoxKind::Cell) return natural;
     const double given = measure_.GivenHeight(*box.style);
     // Nothing scrolls but the page as a whole, and nothing covers what follows: a height is the
-    // least one.
+    // least one for what can be seen. Books make room by more blank lines than the height has.
     const double height = given >= 0 ? given : measure_.LimitHeight(*box.style, natural);
     const bool isWhole = given >= 0 || box.style->overflow != CssOverflow::Visible;
-    return isWhole ? std::max(height, natural) : height;
+    return isWhole && height < natural ? std::max(height, VisibleBottom(content)) : height;
 }
 
 PageFragmentPtr PageLayouter::LayOutBlock(PageBoxId id, double contentWidth, double containing) {
@@ -52,7 +53,7 @@ PageFragmentPtr PageLayouter::LayOutBlock(PageBoxId id, double contentWidth, dou
     flow.LayOutContent();
     flow.Finish();
     content->width = contentWidth;
-    content->height = ContentHeight(box, flow.Bottom());
+    content->height = ContentHeight(box, *content, flow.Bottom());
     fragment->height = insets.Top() + content->height + insets.Bottom();
     for (PlacedBox& placed : fragment->boxes)
         placed.height = fragment->height;

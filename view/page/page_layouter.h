@@ -75,7 +75,7 @@ class PageLayouter {
     Size AlternativeSize(PageBoxId id, double containing, const InlineContent& alternative);
     void AddAlternative(PageBoxId id, double left, double top, Size size,
                         std::shared_ptr<const InlineContent> alternative, PageFragment& fragment);
-    double ContentHeight(const PageBox& box, double natural) const;
+    double ContentHeight(const PageBox& box, const PageFragment& content, double natural) const;
     double RaiseOf(const PageBox& box, const InlineContent& lines) const;
     PlacedPart PartOf(PageBoxId id, double containing); // at its place in its margins
     void ShiftRelative(PageBoxId id, double containing, PlacedPart& part) const;

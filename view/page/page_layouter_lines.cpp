@@ -11,6 +11,7 @@ constexpr double hidingIndent = 500; // CSS pixels; narrower columns hang farthe
 VerticalAlign AlignOf(CssVerticalAlign align) {
     switch (align) {
     case CssVerticalAlign::Middle: return VerticalAlign::Middle;
+    case CssVerticalAlign::BaselineMiddle: return VerticalAlign::BaselineMiddle;
     case CssVerticalAlign::Top:
     case CssVerticalAlign::TextTop: return VerticalAlign::Top;
     case CssVerticalAlign::Bottom:
@@ -42,8 +43,8 @@ LinesContent PageLayouter::ContentOf(PageBoxId lines, double containing) {
 double PageLayouter::RaiseOf(const PageBox& box, const InlineContent& lines) const {
     const double fontSize = boxes_[box.parent].text->fontSize * measure_.Scale();
     switch (box.style->verticalAlign) {
-    case CssVerticalAlign::Super: return fontSize * superscript;
-    case CssVerticalAlign::Sub: return -fontSize * subscript;
+    case CssVerticalAlign::Super: return Superscript(fontSize, measure_.Scale());
+    case CssVerticalAlign::Sub: return -Subscript(fontSize, measure_.Scale());
     case CssVerticalAlign::Length: break;
     default: return 0;
     }

@@ -1,7 +1,6 @@
 #include "view/page/table_builder.h"
 
 #include "formats/html/html_integer.h"
-#include "view/page/child_nodes.h"
 
 #include <algorithm>
 #include <utility>
@@ -24,13 +23,42 @@ CssDisplay TableBuilder::DisplayOf(HtmlNodeId id) const {
 void TableBuilder::Build(HtmlNodeId table) {
     if (weights_.IsTooLong(table) && HasLongRow(table))
         return blocks_.BuildBlock(PageBoxKind::Block, table);
+    BuildTable(table, {tree_[table].firstChild, noHtmlNode}, tree_.NextBehind(table));
+}
+
+void TableBuilder::BuildTable(HtmlNodeId table, HtmlSiblings parts, HtmlNodeId behind) {
     const Part around = std::exchange(part_, {});
     boxes_.Open(PageBoxKind::Table, table);
     if (boxes_.Top().text->borderCollapse == CssBorderCollapse::Collapse)
         collapsed_.push_back(boxes_.TopId());
-    BuildRowsOf(table);
+    BuildRows(parts, behind);
     boxes_.Close();
     part_ = around;
+}
+
+void TableBuilder::BuildAnonymous(HtmlSiblings parts) {
+    const HtmlNodeId parent = tree_[parts.first].parent;
+    const bool isToTheEnd = parts.behind == noHtmlNode;
+    BuildTable(noHtmlNode, parts, isToTheEnd ? tree_.NextBehind(parent) : parts.behind);
+}
+
+HtmlSiblings TableBuilder::PartsFrom(HtmlNodeId first) const {
+    const CssDisplay around = DisplayOf(tree_[first].parent);
+    HtmlSiblings parts{first, first};
+    if (!IsTablePart(DisplayOf(first)) || around == CssDisplay::Table || IsTablePart(around))
+        return parts;
+    PageWeight weight = 0;
+    for (HtmlNodeId id = first; id != noHtmlNode; id = tree_[id].nextSibling) {
+        const CssDisplay display = DisplayOf(id);
+        const bool isColumn =
+            display == CssDisplay::TableColumn || display == CssDisplay::TableColumnGroup;
+        const bool isBlank = tree_[id].IsText() ? lines_.IsEmptyText(id) : !IsShownPart(id);
+        if (!IsTablePart(display) && !isBlank) break;
+        weight += weights_.Of(id);
+        if (IsTablePart(display) && !isColumn) parts.behind = tree_[id].nextSibling;
+    }
+    if (weight > limits_.whole) parts.behind = first;
+    return parts;
 }
 
 void TableBuilder::CollapseBorders() {
@@ -62,9 +90,9 @@ bool TableBuilder::IsShownPart(HtmlNodeId id) const {
 
 // Parts of a table or of a group of rows. Cells, and what does not belong there, stand in a row of
 // their own, as many as come together.
-void TableBuilder::BuildRowsOf(HtmlNodeId parent) {
+void TableBuilder::BuildRows(HtmlSiblings parts, HtmlNodeId behind) {
     bool inRow = false;
-    ForChildren(tree_, parent, [&](HtmlNodeId child) {
+    ForEach(tree_, parts, [&](HtmlNodeId child) {
         if (!IsShownPart(child)) return;
         const CssDisplay display = DisplayOf(child);
         const bool part = IsTablePart(display) && display != CssDisplay::TableCell;
@@ -79,7 +107,7 @@ void TableBuilder::BuildRowsOf(HtmlNodeId parent) {
         else
             BuildCell(child);
     });
-    if (inRow) CloseRow(tree_.NextBehind(parent));
+    if (inRow) CloseRow(behind);
 }
 
 void TableBuilder::BuildPart(HtmlNodeId id, CssDisplay display) {
@@ -92,7 +120,7 @@ void TableBuilder::BuildPart(HtmlNodeId id, CssDisplay display) {
     default: break;
     }
     boxes_.Open(PageBoxKind::RowGroup, id);
-    BuildRowsOf(id);
+    BuildRows({tree_[id].firstChild, noHtmlNode}, tree_.NextBehind(id));
     boxes_.Close();
 }
 

@@ -2,6 +2,7 @@
 // (CSS 2.1, 17.2.1), and the parts of a table that is too long.
 #pragma once
 
+#include "view/page/child_nodes.h"
 #include "view/page/lines_builder.h"
 
 #include <vector>
@@ -23,7 +24,11 @@ class TableBuilder {
           lines_(lines), blocks_(blocks) {}
 
     void Build(HtmlNodeId table);
-    void CollapseBorders(); // of all tables, when all boxes are made
+    // Rows, cells and captions from a node on that stand in no table, and the blanks between them;
+    // none if that node is not one of them, or if they are too long.
+    HtmlSiblings PartsFrom(HtmlNodeId first) const;
+    void BuildAnonymous(HtmlSiblings parts); // a table of these
+    void CollapseBorders();                  // of all tables, when all boxes are made
 
   private:
     // What a table has had since it began or was divided.
@@ -35,7 +40,8 @@ class TableBuilder {
     CssDisplay DisplayOf(HtmlNodeId id) const;
     bool IsShownPart(HtmlNodeId id) const;
     bool HasLongRow(HtmlNodeId parent) const;
-    void BuildRowsOf(HtmlNodeId parent);
+    void BuildTable(HtmlNodeId table, HtmlSiblings parts, HtmlNodeId behind);
+    void BuildRows(HtmlSiblings parts, HtmlNodeId behind); // `behind` is what follows them
     void BuildPart(HtmlNodeId id, CssDisplay display);
     void BuildRow(HtmlNodeId row);
     void BuildCell(HtmlNodeId id);

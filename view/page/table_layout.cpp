@@ -20,7 +20,14 @@ class TableLayouter {
         spacingY_ = collapse ? 0 : table_.text->borderSpacingY * measure_.Scale();
     }
 
-    WidthExtent Extent() { return ExtentOf(Widths(0)); }
+    // In a cell the percentages of the columns wait until the cell's width is known.
+    WidthExtent Extent() {
+        TableWidths widths = Widths(0);
+        if (layouter_.Box(table_.parent).kind == PageBoxKind::Cell)
+            for (CellWidth& cell : widths.cells)
+                cell.percentage.reset();
+        return ExtentOf(widths);
+    }
 
     PageFragmentPtr LayOut(double room) {
         auto fragment = std::make_shared<PageFragment>();

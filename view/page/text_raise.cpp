@@ -15,8 +15,8 @@ double Raise(CssStyle element, CssStyle parent, PageFonts& fonts) {
     const auto own = [&] { return fonts.Metrics(*element.inherited); };
     const auto outer = [&] { return fonts.Metrics(*parent.inherited); };
     switch (element.box->verticalAlign) {
-    case CssVerticalAlign::Super: return around * superscript;
-    case CssVerticalAlign::Sub: return -around * subscript;
+    case CssVerticalAlign::Super: return Superscript(around, fonts.Pixels(1));
+    case CssVerticalAlign::Sub: return -Subscript(around, fonts.Pixels(1));
     case CssVerticalAlign::Middle: return around * xHeight / 2 - (own().ascent - own().descent) / 2;
     case CssVerticalAlign::TextTop: return outer().ascent - own().ascent;
     case CssVerticalAlign::TextBottom: return own().descent - outer().descent;

@@ -4,9 +4,14 @@
 
 #include "view/page/page_fonts.h"
 
-// By which raised and lowered text stands away from the baseline, of the font's size around it;
-// fonts say it, but line layout does not tell.
-constexpr double superscript = 1.0 / 3, subscript = 1.0 / 5;
+// By which raised and lowered text stands away from the baseline, of the font's size around it, and
+// a pixel of CSS more, as in browsers; fonts say it, but line layout does not tell.
+constexpr double Superscript(double fontSize, double pixel) {
+    return fontSize / 3 + pixel;
+}
+constexpr double Subscript(double fontSize, double pixel) {
+    return fontSize / 5 + pixel;
+}
 
 // Lengths in device pixels.
 struct TextPlace {

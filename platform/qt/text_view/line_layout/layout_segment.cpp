@@ -255,9 +255,13 @@ LayoutSegment LayOut(const ParagraphText& paragraph, const QString& text, TextPo
     BreakLines(paragraph, segment);
     return segment;
 }
-// The paragraph's text as QTextLayout gets it.
+// The paragraph's text as QTextLayout gets it, which breaks lines behind every space, also before a
+// word joiner.
 QString SegmentText(const ParagraphText& paragraph) {
+    constexpr char16_t wordJoiner = u'\u2060';
     QString text = QStringView(paragraph.text).toString();
+    for (qsizetype at = text.indexOf(wordJoiner); at > 0; at = text.indexOf(wordJoiner, at + 1))
+        if (text[at - 1] == u' ') text[at - 1] = QChar::Nbsp;
     for (const InlineBox& box : paragraph.boxes)
         text[box.at] = boxPlaceholder;
     return text;

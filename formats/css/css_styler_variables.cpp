@@ -1,0 +1,40 @@
+// Custom properties of elements: they inherit, so that most elements have their parent's list.
+#include "formats/css/css_limits.h"
+#include "formats/css/css_styler.h"
+
+void CssStyler::AddWritten(std::span<const CssDeclaration> declarations, const CssBlock& block,
+                           bool important,
+                           std::vector<const CssWrittenDeclaration*>& written) const {
+    for (const CssDeclaration& declaration : declarations)
+        if (declaration.property == CssProperty::Custom && declaration.important == important)
+            written.push_back(&block.written[declaration.value.index]);
+}
+
+std::uint32_t CssStyler::VariablesOf(CssPseudoElement which, const CssBlock& own,
+                                     std::uint32_t outer) {
+    std::vector<const CssWrittenDeclaration*> written;
+    for (const bool important : {false, true}) {
+        for (const std::uint32_t number : matcher_.Rules()) {
+            const CssIndexedRule& rule = index_.Rule(number);
+            if (rule.pseudoElement == which && rule.Origin() == CssOrigin::Author)
+                AddWritten(DeclarationsOf(*rule.sheet, *rule.rule), rule.sheet->block, important,
+                           written);
+        }
+        AddWritten(own.declarations, own, important, written);
+    }
+    if (written.empty() || variableUnits_ > maxCssVariableStore) return outer;
+    const CssVariables list = ResolveCssVariables(variableLists_[outer], written);
+    for (const CssVariable& variable : list)
+        variableUnits_ += variable.name.size() + variable.value.size();
+    const std::uint32_t number = variableLists_.NumberOf(list);
+    return number == 0 && !list.empty() ? outer : number; // no more lists
+}
+
+const CssBlock& CssStyler::Read(const CssWrittenDeclaration& declaration) {
+    static const CssBlock none;
+    if (matcher_.IsExhausted()) return none;
+    constexpr std::uint64_t stepsOfReading = 1024; // the text may be much longer than it is written
+    matcher_.AddSteps(stepsOfReading);
+    read_.push_back(ReadCssWritten(declaration, variableLists_[variables_], reading_));
+    return read_.back();
+}

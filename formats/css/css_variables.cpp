@@ -1,0 +1,163 @@
+#include "formats/css/css_variables.h"
+
+#include "formats/css/css_limits.h"
+#include "formats/css/css_property_parser.h"
+#include "formats/css/css_token_stream.h"
+
+#include <algorithm>
+#include <map>
+
+namespace {
+
+using Kind = CssToken::Kind;
+// Null for a variable that has no value.
+using Lookup = std::function<const std::u16string*(std::u16string_view)>;
+
+// Of one text, which must outlive them, and so must the tokenizer.
+std::vector<CssToken> TokensOf(CssTokenizer& tokenizer) {
+    std::vector<CssToken> tokens;
+    for (CssToken token = tokenizer.Next(); !token.Is(Kind::End) && tokens.size() < maxCssTokens;
+         token = tokenizer.Next())
+        tokens.push_back(token);
+    return tokens;
+}
+
+// Writes a value with its variables replaced; false when one has no value, or it is too long.
+class Substitution {
+  public:
+    explicit Substitution(const Lookup& lookup) : lookup_(lookup) {}
+
+    bool Write(CssTokenStream tokens, int depth) {
+        while (!tokens.AtEndRaw()) {
+            const CssToken& token = tokens.NextRaw();
+            const bool replaced =
+                token.IsFunction(u"var") ? WriteVariable(tokens, depth) : Append(token.source);
+            if (!replaced) return false;
+        }
+        return true;
+    }
+    std::u16string Take() { return std::move(text_); }
+
+  private:
+    bool WriteVariable(CssTokenStream& tokens, int depth) {
+        CssTokenStream arguments = tokens.Arguments();
+        const CssToken& name = arguments.Next();
+        if (!name.Is(Kind::Ident) || depth >= maxCssVariableDepth) return false;
+        const bool hasFallback = arguments.Take(Kind::Comma);
+        if (!hasFallback && !arguments.AtEnd()) return false;
+        if (const std::u16string* value = lookup_(name.text)) return Append(*value);
+        return hasFallback && Write(arguments, depth + 1);
+    }
+
+    // Comments and what stands in for a variable keep tokens apart.
+    bool Append(std::u16string_view text) {
+        if (text_.size() + text.size() > maxCssVariableUnits) return false;
+        text_ += text;
+        return true;
+    }
+
+    const Lookup& lookup_;
+    std::u16string text_;
+};
+
+std::optional<std::u16string> Substituted(std::u16string_view text, const Lookup& lookup) {
+    CssTokenizer tokenizer(text);
+    const std::vector<CssToken> tokens = TokensOf(tokenizer);
+    Substitution substitution(lookup);
+    if (!substitution.Write(CssTokenStream(tokens), 0)) return std::nullopt;
+    return substitution.Take();
+}
+
+const std::u16string* Find(const CssVariables& variables, std::u16string_view name) {
+    const auto found = std::ranges::lower_bound(variables, name, {}, &CssVariable::name);
+    return found != variables.end() && found->name == name ? &found->value : nullptr;
+}
+
+// The variables that an element declares, which may use one another.
+class Resolver {
+  public:
+    Resolver(const CssVariables& inherited, std::span<const CssWrittenDeclaration* const> own)
+        : inherited_(inherited) {
+        for (const CssWrittenDeclaration* declaration : own)
+            if (own_.size() < maxCssVariables || own_.contains(declaration->name))
+                own_[declaration->name] = {declaration->value, State::Written};
+    }
+
+    CssVariables Resolve() {
+        for (auto& [name, variable] : own_)
+            ResolveOne(name, variable, 0);
+        CssVariables all;
+        for (const CssVariable& variable : inherited_)
+            if (!own_.contains(variable.name)) all.push_back(variable);
+        for (const auto& [name, variable] : own_)
+            if (variable.state == State::Valid)
+                all.push_back({std::u16string(name), variable.value});
+        std::ranges::sort(all, {}, &CssVariable::name);
+        if (all.size() > maxCssVariables) all.resize(maxCssVariables);
+        return all;
+    }
+
+  private:
+    enum class State : std::uint8_t { Written, Open, Valid, Invalid };
+    struct Variable {
+        std::u16string value;
+        State state = State::Written;
+    };
+
+    void ResolveOne(std::u16string_view name, Variable& variable, int depth) {
+        if (variable.state == State::Open) variable.state = State::Invalid; // by way of itself
+        if (variable.state != State::Written) return;
+        variable.state = State::Open;
+        const bool isInherited =
+            CssEqual(variable.value, u"inherit") || CssEqual(variable.value, u"unset");
+        const Lookup lookup = [&](std::u16string_view other) { return ValueOf(other, depth + 1); };
+        std::optional<std::u16string> value;
+        if (isInherited) {
+            if (const std::u16string* outer = Find(inherited_, name)) value = *outer;
+        } else if (!CssEqual(variable.value, u"initial") && depth < maxCssVariableDepth)
+            value = Substituted(variable.value, lookup);
+        const bool isValid = value && variable.state == State::Open;
+        variable.state = isValid ? State::Valid : State::Invalid;
+        if (isValid) variable.value = std::move(*value);
+    }
+
+    const std::u16string* ValueOf(std::u16string_view name, int depth) {
+        const auto own = own_.find(name);
+        if (own == own_.end()) return Find(inherited_, name);
+        ResolveOne(name, own->second, depth);
+        return own->second.state == State::Valid ? &own->second.value : nullptr;
+    }
+
+    const CssVariables& inherited_;
+    std::map<std::u16string_view, Variable> own_;
+};
+
+} // namespace
+
+bool IsCssVariable(std::u16string_view name) {
+    return name.size() > 2 && name.starts_with(u"--");
+}
+
+bool UsesCssVariables(std::span<const CssToken> value) {
+    return std::ranges::any_of(value,
+                               [](const CssToken& token) { return token.IsFunction(u"var"); });
+}
+
+CssVariables ResolveCssVariables(const CssVariables& inherited,
+                                 std::span<const CssWrittenDeclaration* const> own) {
+    return Resolver(inherited, own).Resolve();
+}
+
+CssBlock ReadCssWritten(const CssWrittenDeclaration& declaration, const CssVariables& variables,
+                        const CssReading& reading) {
+    const Lookup lookup = [&](std::u16string_view name) { return Find(variables, name); };
+    CssBlock block;
+    if (const auto text = Substituted(declaration.value, lookup)) {
+        CssTokenizer tokenizer(*text);
+        ReadCssDeclaration(declaration.name, TokensOf(tokenizer), reading, block);
+    }
+    if (!block.declarations.empty()) return block;
+    CssTokenizer unset(u"unset");
+    ReadCssDeclaration(declaration.name, TokensOf(unset), reading, block);
+    return block;
+}
