@@ -49,14 +49,18 @@ TEST_CASE("page repairs: text that is nearly all positioned stands one below the
           "13 some words|13 12");
 }
 
-TEST_CASE("page repairs: a positioned box between blocks is above what it would cover") {
+TEST_CASE("page repairs: a wide positioned box between blocks is above what it would cover") {
     const std::string words = "<p>some words of a page",
-                      box = "<div style='position:absolute;left:";
-    CHECK(Painted(words + box + "40px'>box</div>" + words) ==
+                      wide = "<div style='position:absolute;width:70%;left:",
+                      narrow = "<div style='position:absolute;left:";
+    CHECK(Painted(words + wide + "40px'>box</div>" + words) ==
           "13 some words of a page|45 some words of a page|29 box");
-    CHECK(Painted(words + box + "40px'>box</div>" + box + "50px'>other</div>" + words) ==
+    CHECK(Painted(words + wide + "40px'>box</div>" + wide + "50px'>other</div>" + words) ==
           "13 some words of a page|61 some words of a page|29 box|45 other");
-    CHECK(Painted("<div style='margin-left:80px'>" + words + box + "4px'>12</div>" + words) ==
+    // The number of a page, in its margin and in its text.
+    CHECK(Painted("<div style='margin-left:80px'>" + words + narrow + "4px'>12</div>" + words) ==
+          "13 some words of a page|29 some words of a page|29 12");
+    CHECK(Painted(words + narrow + "90px'>12</div>" + words) ==
           "13 some words of a page|29 some words of a page|29 12");
 }
 
