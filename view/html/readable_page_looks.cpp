@@ -1,6 +1,6 @@
 // How a page looks and what it consists of, for those who do not see it.
 #include "view/html/page_objects.h"
-#include "view/html/page_pane.h"
+#include "view/html/readable_page.h"
 #include "view/page/page_background.h"
 #include "view/page/text_alignment.h"
 
@@ -12,46 +12,49 @@ TextBaseline BaselineOf(CssVerticalAlign align) {
            : align == CssVerticalAlign::Sub ? TextBaseline::Subscript
                                             : TextBaseline::Normal;
 }
+
+HtmlNodeId ElementAt(const LoadedPage& page, TextPos position) {
+    const auto& pieces = page.Counted().pieces;
+    return pieces.empty() ? page.Tree().Body()
+                          : page.Tree()[pieces[page.PieceAt(position)].node].parent;
+}
 } // namespace
 
-HtmlNodeId PagePane::ElementAt(TextPos position) const {
-    const auto& pieces = page_->Counted().pieces;
-    return pieces.empty() ? page_->Tree().Body()
-                          : page_->Tree()[pieces[page_->PieceAt(position)].node].parent;
-}
-
-CharacterLook PagePane::LookOfCharacter(TextPos position) {
+CharacterLook ReadablePage::LookOfCharacter(TextPos position) {
     CharacterLook look;
     look.span = StyleSpan(position);
-    if (!UpdateLayout()) return look;
-    const HtmlTree& tree = page_->Tree();
-    const CssPageStyles& styles = shown_->Styles();
-    const HtmlNodeId element = ElementAt(position);
+    const auto view = Viewport();
+    if (!view) return look;
+    ShownPage& shown = view->shown;
+    const HtmlTree& tree = view->page.Tree();
+    const CssPageStyles& styles = shown.Styles();
+    const HtmlNodeId element = ElementAt(view->page, position);
     if (element == noHtmlNode) return look;
     const CssStyle style = styles.Of(element);
-    look.background = shown_->CanvasColor();
+    look.background = shown.CanvasColor();
     for (HtmlNodeId around = element; tree[around].IsElement(); around = tree[around].parent) {
         const CssColor background = styles.Of(around).box->background;
         if (!IsDrawn(background)) continue;
         look.background = background.Bgr();
         break;
     }
-    look.style = shown_->Fonts().StyleOf(*style.inherited, {.background = look.background});
+    look.style = shown.Fonts().StyleOf(*style.inherited, {.background = look.background});
     look.style.baseline = BaselineOf(style.box->verticalAlign);
-    look.foreground = look.style.color.value_or(shown_->TextColor());
-    const HtmlNodeId link = LinkAround(element);
+    look.foreground = look.style.color.value_or(shown.TextColor());
+    const HtmlNodeId link = LinkAround(tree, element);
     if (link != noHtmlNode) look.link = tree[link].Attribute(HtmlName::Href)->Value();
     return look;
 }
 
-ParagraphLook PagePane::LookOfParagraph(TextPos position) {
+ParagraphLook ReadablePage::LookOfParagraph(TextPos position) {
     ParagraphLook look;
     look.span = ReadingParagraph(position);
-    if (!UpdateLayout()) return look;
-    const HtmlTree& tree = page_->Tree();
-    const HtmlNodeId element = ElementAt(position);
+    const auto view = Viewport();
+    if (!view) return look;
+    const HtmlTree& tree = view->page.Tree();
+    const HtmlNodeId element = ElementAt(view->page, position);
     if (element == noHtmlNode) return look;
-    const CssInheritedStyle& style = *shown_->Styles().Of(element).inherited;
+    const CssInheritedStyle& style = *view->shown.Styles().Of(element).inherited;
     look.alignment = AlignmentOf(style);
     look.rightToLeft = style.direction == CssDirection::RightToLeft;
     for (HtmlNodeId around = element; tree[around].IsElement(); around = tree[around].parent) {
@@ -64,29 +67,15 @@ ParagraphLook PagePane::LookOfParagraph(TextPos position) {
     return look;
 }
 
-const ReadingObjects& PagePane::Objects() {
+const ReadingObjects& ReadablePage::Objects() {
     if (!objects_) {
         objects_.emplace();
-        if (UpdateLayout()) objects_ = PageObjects(*page_, shown_->Styles());
+        if (const auto view = Viewport()) objects_ = PageObjects(view->page, view->shown.Styles());
     }
     return *objects_;
 }
 
-void PagePane::ForgetObjects() {
+void ReadablePage::ForgetObjects() {
     objects_.reset();
     ++objectsVersion_;
-}
-
-void PagePane::FollowObject(std::size_t index) {
-    const ReadingObjects& objects = Objects();
-    if (index >= objects.size() || objects[index].kind != ReadingObjectKind::Link) return;
-    if (onLink) onLink(objects[index].node);
-}
-
-std::size_t PagePane::FocusedObject() {
-    const ReadingObjects& objects = Objects();
-    const auto found = std::ranges::find_if(objects, [this](const ReadingObject& object) {
-        return object.kind == ReadingObjectKind::Link && object.node == focusedLink_;
-    });
-    return found == objects.end() ? noReadingObject : std::size_t(found - objects.begin());
 }
