@@ -88,8 +88,8 @@ class TextPane : public ReadablePane {
     TextSpan StyleSpan(TextPos position) override;
     TextPos ReadingPageEnd(TextPos position) override;
     TextPos ReadingPageStart(TextPos position) override;
-    CharacterLook LookOfCharacter(TextPos position) override;
-    ParagraphLook LookOfParagraph(TextPos position) override;
+    CharacterFormat CharacterFormatAt(TextPos position) override;
+    ParagraphFormat ParagraphFormatAt(TextPos position) override;
 
     // Shown while the text is empty.
     void SetPlaceholder(const Placeholder& placeholder);

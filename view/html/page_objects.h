@@ -1,5 +1,4 @@
-// The headings, links, lists, tables and pictures of a page, as those are told of it who do not see
-// it.
+// The headings, links, lists, tables and pictures of a page, for assistive technology.
 #pragma once
 
 #include "formats/css/css_page_styles.h"

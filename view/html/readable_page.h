@@ -1,5 +1,5 @@
-// The half of a page's pane that is asked for those who do not see it. Its text is the counted one,
-// whether it is displayed or not.
+// What assistive technology asks of a pane with a page. Its text is the counted one, whether it is
+// displayed or not.
 #pragma once
 
 #include "common/string_text.h"
@@ -18,8 +18,8 @@ class ReadablePage : public ReadablePane {
     TextSpan StyleSpan(TextPos position) override;
     TextPos ReadingPageEnd(TextPos position) override;
     TextPos ReadingPageStart(TextPos position) override;
-    CharacterLook LookOfCharacter(TextPos position) override;
-    ParagraphLook LookOfParagraph(TextPos position) override;
+    CharacterFormat CharacterFormatAt(TextPos position) override;
+    ParagraphFormat ParagraphFormatAt(TextPos position) override;
     bool HasStructure() const override { return true; }
     const ReadingObjects& Objects() override;
     int ObjectsVersion() const override { return objectsVersion_; }

@@ -119,8 +119,8 @@ std::vector<Rect> ReadablePage::VisibleBoxes(TextSpan span) {
                                 Rounded(place->height)};
                 box = box ? Joined(*box, part) : part;
             }
-            const Rect seen = box ? Within(*box, view->size) : Rect{};
-            if (seen.width > 0 && seen.height > 0) boxes.push_back(seen);
+            const Rect visible = box ? Within(*box, view->size) : Rect{};
+            if (visible.width > 0 && visible.height > 0) boxes.push_back(visible);
         }
         at = std::max(to, at + 1);
     }

@@ -1,4 +1,4 @@
-// The units in which a page is read to those who do not see it.
+// The units in which assistive technology reads a page.
 #include "common/utf.h"
 #include "view/html/readable_page.h"
 

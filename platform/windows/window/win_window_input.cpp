@@ -26,7 +26,7 @@ bool WinWindow::PreTranslateMessage(MSG& message) {
     const bool ours = Handle() && (message.hwnd == Handle() || IsChild(Handle(), message.hwnd));
     if (!ours) return false;
     if (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST) {
-        if (beneath_) ShowMenuBarForKey(message);
+        if (windowed_) ShowMenuBarForKey(message);
         const bool isKey = message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN ||
                            message.message == WM_KEYUP || message.message == WM_SYSKEYUP;
         if (!isKey) return false;
@@ -35,7 +35,7 @@ bool WinWindow::PreTranslateMessage(MSG& message) {
         return translateKey && Handle() && translateKey(message);
     }
     const bool moved = message.message == WM_MOUSEMOVE || message.message == WM_NCMOUSEMOVE;
-    if (moved && beneath_) FollowPointer(message);
+    if (moved && windowed_) FollowPointer(message);
     if (IsPress(message.message)) CallHandler(events_.onMouse);
     if (message.message != WM_MOUSEWHEEL) return false;
     if (GET_KEYSTATE_WPARAM(message.wParam) & MK_CONTROL) {

@@ -1,10 +1,8 @@
-// How a page looks and what it consists of, for those who do not see it.
+// The formats and the structure of a page, for assistive technology.
 #include "view/html/page_objects.h"
 #include "view/html/readable_page.h"
 #include "view/page/page_background.h"
 #include "view/page/text_alignment.h"
-
-#include <algorithm>
 
 namespace {
 TextBaseline BaselineOf(CssVerticalAlign align) {
@@ -20,51 +18,51 @@ HtmlNodeId ElementAt(const LoadedPage& page, TextPos position) {
 }
 } // namespace
 
-CharacterLook ReadablePage::LookOfCharacter(TextPos position) {
-    CharacterLook look;
-    look.span = StyleSpan(position);
+CharacterFormat ReadablePage::CharacterFormatAt(TextPos position) {
+    CharacterFormat format;
+    format.span = StyleSpan(position);
     const auto view = Viewport();
-    if (!view) return look;
+    if (!view) return format;
     ShownPage& shown = view->shown;
     const HtmlTree& tree = view->page.Tree();
     const CssPageStyles& styles = shown.Styles();
     const HtmlNodeId element = ElementAt(view->page, position);
-    if (element == noHtmlNode) return look;
+    if (element == noHtmlNode) return format;
     const CssStyle style = styles.Of(element);
-    look.background = shown.CanvasColor();
+    format.background = shown.CanvasColor();
     for (HtmlNodeId around = element; tree[around].IsElement(); around = tree[around].parent) {
         const CssColor background = styles.Of(around).box->background;
         if (!IsDrawn(background)) continue;
-        look.background = background.Bgr();
+        format.background = background.Bgr();
         break;
     }
-    look.style = shown.Fonts().StyleOf(*style.inherited, {.background = look.background});
-    look.style.baseline = BaselineOf(style.box->verticalAlign);
-    look.foreground = look.style.color.value_or(shown.TextColor());
+    format.style = shown.Fonts().StyleOf(*style.inherited, {.background = format.background});
+    format.style.baseline = BaselineOf(style.box->verticalAlign);
+    format.foreground = format.style.color.value_or(shown.TextColor());
     const HtmlNodeId link = LinkAround(tree, element);
-    if (link != noHtmlNode) look.link = tree[link].Attribute(HtmlName::Href)->Value();
-    return look;
+    if (link != noHtmlNode) format.link = tree[link].Attribute(HtmlName::Href)->Value();
+    return format;
 }
 
-ParagraphLook ReadablePage::LookOfParagraph(TextPos position) {
-    ParagraphLook look;
-    look.span = ReadingParagraph(position);
+ParagraphFormat ReadablePage::ParagraphFormatAt(TextPos position) {
+    ParagraphFormat format;
+    format.span = ReadingParagraph(position);
     const auto view = Viewport();
-    if (!view) return look;
+    if (!view) return format;
     const HtmlTree& tree = view->page.Tree();
     const HtmlNodeId element = ElementAt(view->page, position);
-    if (element == noHtmlNode) return look;
+    if (element == noHtmlNode) return format;
     const CssInheritedStyle& style = *view->shown.Styles().Of(element).inherited;
-    look.alignment = AlignmentOf(style);
-    look.rightToLeft = style.direction == CssDirection::RightToLeft;
+    format.alignment = AlignmentOf(style);
+    format.rightToLeft = style.direction == CssDirection::RightToLeft;
     for (HtmlNodeId around = element; tree[around].IsElement(); around = tree[around].parent) {
-        if (look.headingLevel == 0) look.headingLevel = HeadingLevelOf(tree[around]);
-        if (tree[around].Is(HtmlName::Li)) look.isListItem = true;
+        if (format.headingLevel == 0) format.headingLevel = HeadingLevelOf(tree[around]);
+        if (tree[around].Is(HtmlName::Li)) format.isListItem = true;
         if (!tree[around].Is(HtmlName::Ul) && !tree[around].Is(HtmlName::Ol)) continue;
-        look.isNumbered = look.isListItem && tree[around].Is(HtmlName::Ol);
+        format.isNumbered = format.isListItem && tree[around].Is(HtmlName::Ol);
         break;
     }
-    return look;
+    return format;
 }
 
 const ReadingObjects& ReadablePage::Objects() {
