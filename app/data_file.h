@@ -1,4 +1,4 @@
-// The data file of the running program, and what the user is told of it.
+// The data file of the running program, and the messages about it.
 #pragma once
 
 #include "datafile/ini_file.h"
@@ -20,7 +20,7 @@ void WriteDataFileAtLast(MainForm&);
 // `otherUsersFile` is the one beside the program when it belongs to another user, or "".
 void ReportStartTrouble(MainForm&, const std::u16string& otherUsersFile);
 
-// One message, if the user has not been told of this.
+// One message, unless there has been one about this.
 void ReportTrouble(MainForm&, IniTrouble);
 
 // Called each second. What could not be written is tried again for some seconds, because other

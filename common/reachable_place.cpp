@@ -7,8 +7,8 @@
 namespace {
 
 // Pixels of the screen.
-constexpr int farthest = 32767;  // where window systems can place
-constexpr int maxExtent = 16384; // beyond it X11 and the drawing buffers give up
+constexpr int maxCoordinate = 32767; // where window systems can place
+constexpr int maxExtent = 16384;     // beyond it X11 and the drawing buffers give up
 // Pixels at 96 dpi.
 constexpr double minWidth = 160, minHeight = 100;
 constexpr double titleHeight = 30;
@@ -58,8 +58,8 @@ Rect Within(Rect place, const Rect& screen) {
 
 Rect ReachablePlace(const Rect& asked, const std::vector<Rect>& screens, double scale) {
     const auto pixels = [&](double at96) { return static_cast<int>(std::lround(at96 * scale)); };
-    const Rect place{std::clamp(asked.left, -farthest, farthest),
-                     std::clamp(asked.top, -farthest, farthest),
+    const Rect place{std::clamp(asked.left, -maxCoordinate, maxCoordinate),
+                     std::clamp(asked.top, -maxCoordinate, maxCoordinate),
                      std::clamp(asked.width, pixels(minWidth), maxExtent),
                      std::clamp(asked.height, pixels(minHeight), maxExtent)};
     const Rect title{place.left, place.top, place.width, pixels(titleHeight)};

@@ -1,4 +1,4 @@
-// What the user has been told of the data file in this run.
+// The problems of the data file that this run has reported to the user.
 #pragma once
 
 #include "datafile/ini_file.h"

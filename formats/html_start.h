@@ -1,4 +1,4 @@
-// Telling HTML by the first bytes of a file.
+// Recognises HTML by the first bytes of a file.
 #pragma once
 
 #include <string_view>

@@ -1,8 +1,8 @@
-// A pane whose text is read to those who do not see it. Positions are those of its source.
+// A pane whose text assistive technology can read. Positions are those of its source.
 #pragma once
 
 #include "common/text_source.h"
-#include "view/reading_look.h"
+#include "view/reading_format.h"
 #include "view/reading_object.h"
 #include "view/view_pane.h"
 
@@ -40,8 +40,8 @@ class ReadablePane : public ViewPane {
     virtual TextPos ReadingPageEnd(TextPos position) = 0;
     virtual TextPos ReadingPageStart(TextPos position) = 0;
 
-    virtual CharacterLook LookOfCharacter(TextPos position) = 0;
-    virtual ParagraphLook LookOfParagraph(TextPos position) = 0;
+    virtual CharacterFormat CharacterFormatAt(TextPos position) = 0;
+    virtual ParagraphFormat ParagraphFormatAt(TextPos position) = 0;
 
     // What it has besides characters: the same until the version is another one.
     virtual bool HasStructure() const { return false; } // whether it ever has any

@@ -1,5 +1,5 @@
-// What the text of a view consists of besides its characters: headings, links, lists, tables and
-// pictures, as they are told to those who do not see them.
+// What the text of a view consists of besides its characters, for assistive technology: headings,
+// links, lists, tables and pictures.
 #pragma once
 
 #include "view/caret_moves.h"

@@ -1,4 +1,4 @@
-// The units in which a text is read to those who do not see it, and moves by them.
+// The units in which assistive technology reads a text, and moves by them.
 #pragma once
 
 #include "view/readable_pane.h"

@@ -77,8 +77,8 @@ std::vector<Rect> ShownBoxes(TextPane& pane, TextSpan span) {
         if (part.start >= part.end) return;
         const Rect box = Moved(BoxOf(shown, part), {-pane.ToTextX(0), shown.blockTop});
         const Rect room{0, 0, pane.Width(), pane.Scroller().ViewHeight()};
-        const Rect seen = Intersection(box, room);
-        if (seen.width > 0 && seen.height > 0) boxes.push_back(seen);
+        const Rect visible = Intersection(box, room);
+        if (visible.width > 0 && visible.height > 0) boxes.push_back(visible);
     });
     return boxes;
 }

@@ -69,7 +69,6 @@ class TextPane : public ReadablePane {
     void ScrollTo(TextPos position); // by the vertical scroll bar
     void ScrollBy(Point pixels) override;
     void ScrollToX(int x) override;
-    int ScrollX() const { return scrollX_; }
     int ToTextX(int viewX) const { return viewX - margin_ + scrollX_; }
     int Width() const { return width_; } // as last laid out
     int Percent();                       // how far it is scrolled
@@ -89,8 +88,8 @@ class TextPane : public ReadablePane {
     TextSpan StyleSpan(TextPos position) override;
     TextPos ReadingPageEnd(TextPos position) override;
     TextPos ReadingPageStart(TextPos position) override;
-    CharacterLook LookOfCharacter(TextPos position) override;
-    ParagraphLook LookOfParagraph(TextPos position) override;
+    CharacterFormat CharacterFormatAt(TextPos position) override;
+    ParagraphFormat ParagraphFormatAt(TextPos position) override;
 
     // Shown while the text is empty.
     void SetPlaceholder(const Placeholder& placeholder);

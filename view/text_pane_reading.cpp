@@ -1,7 +1,7 @@
-// What a text pane says to those who do not see it.
-#include "view/reading_attributes.h"
+// What assistive technology asks of a text pane.
 #include "view/reading_spans.h"
 #include "view/shown_lines.h"
+#include "view/text_pane.h"
 
 #include <algorithm>
 
@@ -53,12 +53,4 @@ TextPos TextPane::ReadingPageStart(TextPos position) {
     const TextPos start = LineStart(*first, cut);
     const TextPos page = whole ? start : ReadingLine(start).end;
     return std::min(page, ReadingLine(position - 1).start);
-}
-
-CharacterLook TextPane::LookOfCharacter(TextPos position) {
-    return CharacterLookAt(*this, position);
-}
-
-ParagraphLook TextPane::LookOfParagraph(TextPos position) {
-    return ParagraphLookAt(*this, position);
 }

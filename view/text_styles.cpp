@@ -118,17 +118,17 @@ const StyleHandle& TextStyles::SmallerAt(TextPos position) {
 }
 
 // Each link has a style of its own, but styles that look the same are prepared once.
-TextStyles::Shown TextStyles::Prepare(const CharStyle& style, Color paper) {
+TextStyles::Shown TextStyles::Prepare(const CharStyle& style, Color background) {
     CharStyle shared = style;
     shared.link = std::min<std::uint16_t>(shared.link, 1);
-    if (!last_ || last_->style != shared || last_->paper != paper) {
-        const TextStyle resolved = Resolve(shared, paper);
-        last_ = {shared, paper, Shown{resolved, layout_.Prepare(resolved)}};
+    if (!last_ || last_->style != shared || last_->background != background) {
+        const TextStyle resolved = Resolve(shared, background);
+        last_ = {shared, background, Shown{resolved, layout_.Prepare(resolved)}};
     }
     return last_->shown;
 }
 
-TextStyle TextStyles::Resolve(const CharStyle& requested, Color paper) {
+TextStyle TextStyles::Resolve(const CharStyle& requested, Color background) {
     TextStyle style;
     if (view_.fontForAll) {
         style = StyleOf(view_.font, system_);
@@ -141,7 +141,7 @@ TextStyle TextStyles::Resolve(const CharStyle& requested, Color paper) {
     if (requested.link != 0) style.underline = true;
     style.baseline = BaselineOf(requested.script);
     if (!requested.autoBackground) style.background = requested.background;
-    style.color = Foreground(requested, paper);
+    style.color = Foreground(requested, background);
     return style;
 }
 
@@ -170,8 +170,8 @@ TextFont TextStyles::FontOf(const CharStyle& style) const {
 }
 
 // None: the view's text colour, which is drawn with.
-std::optional<Color> TextStyles::Foreground(const CharStyle& style, Color paper) const {
-    const Color back = style.autoBackground ? paper : style.background;
+std::optional<Color> TextStyles::Foreground(const CharStyle& style, Color background) const {
+    const Color back = style.autoBackground ? background : style.background;
     if (view_.autoColor && style.link != 0) return ReadableOn(back, system_.link);
     if (view_.autoColor && !style.autoForeground) return ReadableOn(back, style.foreground);
     if (style.autoBackground || IsReadable(PlainTextColor(view_, system_), back))

@@ -43,17 +43,18 @@ class TextStyles {
   private:
     struct Prepared {
         CharStyle style;
-        Color paper = 0;
+        Color background = 0;
         Shown shown;
     };
     using FontKey = std::tuple<std::uint16_t, std::uint16_t, bool, bool>;
 
-    // Texts in one style are shown in another colour where the paper under them hides the style's.
-    Shown Prepare(const CharStyle& style, Color paper);
-    TextStyle Resolve(const CharStyle& requested, Color paper);
+    // Texts in one style are shown in another colour where the background under them hides the
+    // style's.
+    Shown Prepare(const CharStyle& style, Color background);
+    TextStyle Resolve(const CharStyle& requested, Color background);
     CharStyle WithFontLimit(CharStyle style);
     TextFont FontOf(const CharStyle& style) const;
-    std::optional<Color> Foreground(const CharStyle& style, Color paper) const;
+    std::optional<Color> Foreground(const CharStyle& style, Color background) const;
 
     const Document& document_;
     const ViewStyle& view_;

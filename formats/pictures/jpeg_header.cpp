@@ -34,11 +34,11 @@ bool IsAlone(std::uint32_t marker) {
 }
 } // namespace
 
-PictureHeader ReadJpegHeader(std::string_view all) {
+PictureHeader ReadJpegHeader(std::string_view data) {
     PictureHeader header;
-    const PictureBytes bytes(all, true);
+    const PictureBytes bytes(data, true);
     bool hasExif = false;
-    for (std::size_t at = 2; at + 4 <= all.size();) {
+    for (std::size_t at = 2; at + 4 <= data.size();) {
         if (bytes.Byte(at) != 0xFF) return {};
         const std::uint32_t marker = bytes.Byte(at + 1);
         if (marker == 0xFF) { // fills
@@ -49,7 +49,7 @@ PictureHeader ReadJpegHeader(std::string_view all) {
         if (IsAlone(marker)) continue;
         const std::size_t length = bytes.Word(at);
         if (length < 2) return {};
-        const std::string_view segment = all.substr(at + 2, length - 2);
+        const std::string_view segment = data.substr(at + 2, length - 2);
         if (marker == 0xE1 && !hasExif && segment.starts_with(exifMark)) {
             hasExif = true;
             header.orientation = OrientationOf(segment.substr(exifMark.size()));

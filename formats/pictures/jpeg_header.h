@@ -3,4 +3,4 @@
 
 #include "formats/pictures/picture_header.h"
 
-PictureHeader ReadJpegHeader(std::string_view bytes);
+PictureHeader ReadJpegHeader(std::string_view data);

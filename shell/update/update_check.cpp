@@ -63,6 +63,7 @@ std::vector<std::u16string> DownloadAddresses(const ProgramVersion& version,
     const std::u16string number = NumberText(newest.major) + u"." + NumberText(newest.minor) +
                                   u"." + NumberText(newest.revision);
     std::vector<std::u16string> addresses;
+    addresses.reserve(packages.size());
     for (const std::u16string& package : packages)
         addresses.push_back(product + Replace(package, u"*", number));
     return addresses;

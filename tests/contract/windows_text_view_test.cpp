@@ -241,7 +241,8 @@ TEST_CASE("windows text view: a horizontal scroll bar is there for lines wider t
     const Painted painted(bench.view.Handle());
     CHECK(hasBar());
     bench.Send(WM_HSCROLL, SB_PAGERIGHT);
-    CHECK(bench.view.Pane().ScrollX() > 300);
+    const Painted scrolled(bench.view.Handle());
+    CHECK(GetScrollPos(bench.view.Handle(), SB_HORZ) > 300);
     bench.view.SetRightMargin(0);
     const Painted again(bench.view.Handle());
     CHECK_FALSE(hasBar());

@@ -1,4 +1,4 @@
-"""A book as it is read by those who do not see the screen."""
+"""A book as a screen reader finds it."""
 import sys
 
 from harness import books

@@ -1,13 +1,12 @@
 """Printing a page into a PDF file, and what goes wrong with it."""
 import os
 import shutil
-import subprocess
 import unittest
 
 from harness import books
 from harness.engine import Hang, engine, wait_for_ends
 from harness.html_story import OWN_VIEW, HtmlStory, needs_engine, paragraphs, write_page
-from harness.printing import Printing, is_whole
+from harness.printing import Printing
 from harness.story import main
 from harness.wait import wait_for
 
@@ -17,48 +16,31 @@ MESSAGE = "^Norvaset Message$"
 
 @unittest.skipUnless(shutil.which("pdftotext"), "poppler-utils is not installed")
 @needs_engine
-class HtmlPrint(HtmlStory):
+class HtmlPrint(Printing, HtmlStory):
     def setUp(self):
         self.lines = [" ".join(line.split()) for line in books.lines("latin", COUNT)]
         self.book = write_page(self.path("book.htm"), paragraphs(self.lines), "Quay/lights",
                                "<style>body{background:#ffe0c0}</style>")
         self.program = self.open(self.book, "Quay/lights")
-        self.pdf = os.path.join(self.program.home, "Quay lights.pdf")
+        self.proposed = os.path.join(self.program.home, "Quay lights.pdf")
 
     def ask(self):
         left, top, _, _ = self.program.rectangle()
         self.screen.xdotool("mousemove", left + 200, top + 300, "click", 3)
         wait_for(self.program.popups, "the page's menu")
         self.program.key("p")
-        dialog = wait_for(lambda: self.program.window_named("Print"), "the print dialog")
-        wait_for(lambda: self.program.is_active(dialog), "the dialog to have the keyboard")
-
-    def wait_until_alone(self):
-        wait_for(lambda: self.program.windows() == [self.program.window], "all dialogs to close")
-        self.program.activate()
-
-    def print(self):
-        self.ask()
-        self.program.key("Return")
-
-    def text(self):
-        done = subprocess.run(["pdftotext", "-layout", self.pdf, "-"], capture_output=True, check=True)
-        return [" ".join(line.split()) for line in done.stdout.decode().splitlines() if line.strip()]
+        self.wait_for_dialog()
 
     def test_into_a_file(self):
+        self.ask()
         self.print()
-        wait_for(lambda: is_whole(self.pdf), "the file")
-        self.wait_until_alone()
-        self.assertEqual([line.strip("\f ") for line in self.text()], self.lines)
+        self.assertEqual(self.pdf(), self.proposed)
+        self.assertEqual([line for page in self.pages() for line in page], self.lines)
         self.program.close()
 
     def test_by_key(self):
-        self.program.key("ctrl+p")
-        dialog = wait_for(lambda: self.program.window_named("Print"), "the print dialog")
-        wait_for(lambda: self.program.is_active(dialog), "the dialog to have the keyboard")
-        self.program.key("Return")
-        wait_for(lambda: is_whole(self.pdf), "the file")
-        self.wait_until_alone()
+        super().ask()
+        self.print()
         self.program.close()
 
     def test_cancelled(self):
@@ -66,31 +48,24 @@ class HtmlPrint(HtmlStory):
         self.program.key("Escape")
         self.wait_until_alone()
         self.program.close()
-        self.assertFalse(os.path.exists(self.pdf))
-
-    def wait_for_progress(self, dialog_before):
-        return wait_for(lambda: next((w for w in self.program.windows("--name", "^Print$")
-                                      if w != dialog_before), None), "word that it prints")
+        self.assertIsNone(self.pdf())
 
     def print_hanging(self):
         self.ask()
-        dialog = self.program.window_named("Print")
         hang = Hang(self, self.program)
-        self.program.key("Return")
-        progress = self.wait_for_progress(dialog)
-        wait_for(lambda: self.program.is_active(progress), "it to have the keyboard")
+        self.start_printing()
         return hang
 
     def test_a_page_that_hangs_is_printed_when_it_answers(self):
         hang = self.print_hanging()
         hang.end()
-        wait_for(lambda: is_whole(self.pdf), "the file")
+        wait_for(self.is_printed, "the file")
         self.wait_until_alone()
         self.program.close()
 
     def test_what_cannot_be_written(self):
         hang = self.print_hanging()
-        os.mkdir(self.pdf)  # now that the dialog has found that it can be
+        os.mkdir(self.proposed)  # now that the dialog has found that it can be
         hang.end()
         self.program.answer_message()
         self.wait_until_alone()
@@ -104,7 +79,7 @@ class HtmlPrint(HtmlStory):
         wait_for_ends(hang.pids)
         self.whole_text(self.program)
         self.program.close()
-        self.assertFalse(os.path.exists(self.pdf))
+        self.assertIsNone(self.pdf())
 
     def test_the_page_dies_while_it_prints(self):
         hang = self.print_hanging()
@@ -123,7 +98,7 @@ class HtmlPrint(HtmlStory):
         processes = engine(self.program)
         self.program.terminate()
         wait_for_ends(processes)
-        self.assertFalse(os.path.exists(self.pdf))
+        self.assertIsNone(self.pdf())
 
 
 @unittest.skipUnless(shutil.which("pdftotext"), "poppler-utils is not installed")
@@ -160,13 +135,7 @@ class OwnHtmlPrint(Printing, HtmlStory):
 
     def test_cancelled(self):
         self.open_lines(100_000)
-        self.ask()
-        self.program.key("Escape")
-        self.wait_until_alone()
-        self.assertIsNone(self.pdf())
-        self.ask()
-        self.cancel_while_it_prints()
-        self.assertIsNone(self.pdf())
+        self.cancel_printing()
         self.program.close()
 
 

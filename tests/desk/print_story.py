@@ -42,13 +42,7 @@ class Print(Printing, Story):
 
     def test_cancelled(self):
         self.open(count=100_000)
-        self.ask()
-        self.program.key("Escape")
-        self.wait_until_alone()
-        self.assertIsNone(self.pdf())
-        self.ask()
-        self.cancel_while_it_prints()
-        self.assertIsNone(self.pdf())
+        self.cancel_printing()
         self.program.close()
 
 

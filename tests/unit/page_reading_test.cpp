@@ -1,4 +1,4 @@
-// What a page says to those who do not see it, without a toolkit: its units, looks and structure.
+// What a page is for assistive technology, without a toolkit: its units, formats and structure.
 #include "common/utf.h"
 #include "platform/none/none_clock.h"
 #include "platform/none/none_files.h"
@@ -166,23 +166,23 @@ TEST_CASE("page reading: how its text looks") {
         "<body style='background:#102030'><h2>Head</h2><p style='color:#ff0000;text-align:"
         "right'>red <b>bold</b> x<sup>2</sup> <a href='b.htm'>link</a>"
         "<p dir=rtl>\u05D0<ol><li>item</ol>");
-    const auto look = [&](std::u16string_view what) {
-        return page.Pane().LookOfCharacter(page.Find(what));
+    const auto format = [&](std::u16string_view what) {
+        return page.Pane().CharacterFormatAt(page.Find(what));
     };
     const auto paragraph = [&](std::u16string_view what) {
-        return page.Pane().LookOfParagraph(page.Find(what));
+        return page.Pane().ParagraphFormatAt(page.Find(what));
     };
     CHECK(paragraph(u"Head").headingLevel == 2);
-    CHECK(look(u"Head").style.font.bold);
-    CHECK(look(u"Head").style.font.points == doctest::Approx(18));
-    CHECK(look(u"Head").background == 0x302010);
-    CHECK(look(u"red").foreground == 0x0000FF);
-    CHECK_FALSE(look(u"red").style.font.bold);
-    CHECK(look(u"red").link.empty());
-    CHECK(look(u"bold").style.font.bold);
-    CHECK(look(u"bold").span.end - look(u"bold").span.start >= 4);
-    CHECK(look(u"2").style.baseline == TextBaseline::Superscript);
-    CHECK(look(u"link").link == u"b.htm");
+    CHECK(format(u"Head").style.font.bold);
+    CHECK(format(u"Head").style.font.points == doctest::Approx(18));
+    CHECK(format(u"Head").background == 0x302010);
+    CHECK(format(u"red").foreground == 0x0000FF);
+    CHECK_FALSE(format(u"red").style.font.bold);
+    CHECK(format(u"red").link.empty());
+    CHECK(format(u"bold").style.font.bold);
+    CHECK(format(u"bold").span.end - format(u"bold").span.start >= 4);
+    CHECK(format(u"2").style.baseline == TextBaseline::Superscript);
+    CHECK(format(u"link").link == u"b.htm");
     CHECK(paragraph(u"red").alignment == Alignment::Right);
     CHECK(paragraph(u"red").headingLevel == 0);
     CHECK(paragraph(u"\u05D0").rightToLeft);
@@ -234,8 +234,8 @@ TEST_CASE("page reading: without a page there is nothing") {
     CHECK(pane.VisibleBoxes({0, 10}).empty());
     CHECK(pane.VisibleText().end == 0);
     CHECK(pane.CharacterAtPoint({5, 5}) == 0);
-    CHECK(pane.LookOfCharacter(0).span.end == 0);
-    CHECK(pane.LookOfParagraph(0).headingLevel == 0);
+    CHECK(pane.CharacterFormatAt(0).span.end == 0);
+    CHECK(pane.ParagraphFormatAt(0).headingLevel == 0);
     CHECK(ReadingUnits(pane).At(0, ReadingUnit::Line).end == 0);
     CHECK(ReadingUnits(pane).MoveBy(0, ReadingUnit::Page, 3).units == 0);
 }

@@ -1,7 +1,6 @@
 // Text that its background would hide is shown in another colour; nothing else changes.
 #include "common/contrast.h"
 #include "tests/unit/pane_bench.h"
-#include "view/reading_attributes.h"
 
 #include <doctest/doctest.h>
 
@@ -13,7 +12,7 @@ Color ColorOf(PaneBench& bench, std::u16string_view text) {
     const std::u16string all = bench.TextRange(0, bench.TextLength());
     const std::size_t at = all.find(text);
     REQUIRE(at != all.npos);
-    return CharacterLookAt(bench.Pane(), TextPos(at)).foreground;
+    return bench.Pane().CharacterFormatAt(TextPos(at)).foreground;
 }
 } // namespace
 

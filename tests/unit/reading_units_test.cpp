@@ -1,6 +1,5 @@
 // The units of a text for screen readers, and where they are on the screen, without a toolkit.
 #include "tests/unit/pane_bench.h"
-#include "view/reading_attributes.h"
 #include "view/reading_units.h"
 #include "view/shown_lines.h"
 
@@ -69,10 +68,10 @@ TEST_CASE("reading units: the boxes of what is in view") {
 TEST_CASE("reading units: a copy of the view's look") {
     PaneBench bench;
     bench.LoadRichText("{\\rtf1 a{\\b b}\\par\\qr c}", 1252);
-    CHECK(CharacterLookAt(bench.Pane(), 1).style.font.bold);
-    CHECK(CharacterLookAt(bench.Pane(), 1).span.start == 1);
-    CHECK(CharacterLookAt(bench.Pane(), 1).span.end == 2);
-    CHECK_FALSE(CharacterLookAt(bench.Pane(), 0).style.font.bold);
-    CHECK(ParagraphLookAt(bench.Pane(), 0).alignment == Alignment::Left);
-    CHECK(ParagraphLookAt(bench.Pane(), 4).alignment == Alignment::Right);
+    CHECK(bench.Pane().CharacterFormatAt(1).style.font.bold);
+    CHECK(bench.Pane().CharacterFormatAt(1).span.start == 1);
+    CHECK(bench.Pane().CharacterFormatAt(1).span.end == 2);
+    CHECK_FALSE(bench.Pane().CharacterFormatAt(0).style.font.bold);
+    CHECK(bench.Pane().ParagraphFormatAt(0).alignment == Alignment::Left);
+    CHECK(bench.Pane().ParagraphFormatAt(4).alignment == Alignment::Right);
 }

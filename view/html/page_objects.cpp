@@ -4,12 +4,16 @@
 #include <optional>
 
 namespace {
+bool IsLink(const HtmlNode& node) {
+    return node.Is(HtmlName::A) && node.Attribute(HtmlName::Href);
+}
+
 std::optional<ReadingObjectKind> KindOf(const HtmlNode& node) {
     if (HeadingLevelOf(node) > 0) return ReadingObjectKind::Heading;
     if (!node.IsElement() || node.nameSpace != HtmlNamespace::Html) return std::nullopt;
     switch (node.name) {
     case HtmlName::A:
-        if (!node.Attribute(HtmlName::Href)) return std::nullopt;
+        if (!IsLink(node)) return std::nullopt;
         return ReadingObjectKind::Link;
     case HtmlName::Img: return ReadingObjectKind::Picture;
     case HtmlName::Ul:
@@ -140,4 +144,10 @@ int HeadingLevelOf(const HtmlNode& node) {
 
 ReadingObjects PageObjects(const LoadedPage& page, const CssPageStyles& styles) {
     return Reader(page, styles).Read();
+}
+
+HtmlNodeId LinkAround(const HtmlTree& tree, HtmlNodeId node) {
+    while (node != noHtmlNode && !IsLink(tree[node]))
+        node = tree[node].parent;
+    return node;
 }

@@ -1,5 +1,4 @@
-// The headings, links, lists, tables and pictures of a page, as those are told of it who do not see
-// it.
+// The headings, links, lists, tables and pictures of a page, for assistive technology.
 #pragma once
 
 #include "formats/css/css_page_styles.h"
@@ -11,3 +10,6 @@ ReadingObjects PageObjects(const LoadedPage& page, const CssPageStyles& styles);
 
 // From 1 to 6; 0 for what is no heading.
 int HeadingLevelOf(const HtmlNode& node);
+
+// The link that a node is in, or is; noHtmlNode for none.
+HtmlNodeId LinkAround(const HtmlTree& tree, HtmlNodeId node);

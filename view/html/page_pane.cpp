@@ -20,7 +20,7 @@ void PagePane::Clear() {
     HideScrollLabel();
     headings_.reset();
     ForgetObjects();
-    source_.emplace(noText_);
+    ClearSource();
     scroller_.SetPage(nullptr, 1);
     shown_.reset();
     pictures_.reset();
@@ -44,7 +44,7 @@ void PagePane::Clear() {
 void PagePane::Show(std::unique_ptr<LoadedPage> page) {
     Clear();
     page_ = std::move(page);
-    source_.emplace(page_->Text());
+    SetSource(page_->Text());
     pageFiles_ = std::make_unique<PageFiles>(files_, *page_);
     pictures_ = std::make_unique<PagePictures>(*page_, *pageFiles_, store_);
     sheets_ = PageSheets(*page_, *pageFiles_);
@@ -57,6 +57,15 @@ void PagePane::Show(std::unique_ptr<LoadedPage> page) {
 
 double PagePane::ScaleOf(int zoomPercent) const {
     return window_.Dpi() / unitsPerInch * zoomPercent / 100;
+}
+
+PageViewport PagePane::CurrentViewport() {
+    return {*page_, *shown_, scroller_, scrollX_, look_.viewport};
+}
+
+std::optional<PageViewport> PagePane::Viewport() {
+    if (!UpdateLayout()) return std::nullopt;
+    return CurrentViewport();
 }
 
 // Called before the layout is used, because a hidden window may not be told of its size.
@@ -95,7 +104,6 @@ void PagePane::LayOutAnew(const PageLook& look) {
     lines_.SetResolution(look.dpi);
     if (newStyles) {
         scroller_.SetPage(nullptr, 1);
-        ++timesStyled_;
         shown_ = std::make_unique<ShownPage>(*page_, sheets_, *pictures_, lines_, look);
         ForgetObjects();
     } else {

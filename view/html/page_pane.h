@@ -4,19 +4,17 @@
 // Layout and scrolling are in device pixels; what the port counts in CSS pixels is converted here.
 #pragma once
 
-#include "common/string_text.h"
 #include "platform/html_view.h"
 #include "view/caret_moves.h"
 #include "view/drag_selection.h"
-#include "view/html/page_scroller.h"
+#include "view/html/readable_page.h"
 #include "view/print_flow.h"
-#include "view/readable_pane.h"
 
 #include <chrono>
 #include <functional>
 #include <memory>
 
-class PagePane : public ReadablePane {
+class PagePane : public ReadablePage {
   public:
     // The arguments must outlive this object.
     PagePane(PaneWindow& window, LineLayout& lines, PictureStore& pictures, const Files& files);
@@ -29,7 +27,6 @@ class PagePane : public ReadablePane {
     PageLook Look() const { return look_; }
     Color OwnText() const { return ownText_; } // as the page was loaded
     Color OwnBackground() const { return ownBackground_; }
-    int TimesStyled() const { return timesStyled_; } // all pages, for tests
 
     // There must be a page. In its present zoom.
     PrintEnd Print(const std::u16string& title, const WantedPages& wanted, LineLayout& lines,
@@ -86,23 +83,6 @@ class PagePane : public ReadablePane {
     void OnFocusChanged() override { window_.Redraw(); }
     void OnResized() override { UpdateLayout(); }
 
-    // To those who do not see it. Its text is the counted one, whether it is displayed or not.
-    const TextSource& Source() const override { return *source_; }
-    TextPos CharacterAtPoint(Point point) override;
-    Rect CharacterRect(TextPos position) override;
-    TextSpan VisibleText() override;
-    std::vector<Rect> VisibleBoxes(TextSpan span) override;
-    TextSpan ReadingParagraph(TextPos position) override;
-    TextSpan ReadingLine(TextPos position) override;
-    TextSpan StyleSpan(TextPos position) override;
-    TextPos ReadingPageEnd(TextPos position) override;
-    TextPos ReadingPageStart(TextPos position) override;
-    CharacterLook LookOfCharacter(TextPos position) override;
-    ParagraphLook LookOfParagraph(TextPos position) override;
-    bool HasStructure() const override { return true; }
-    const ReadingObjects& Objects() override;
-    int ObjectsVersion() const override { return objectsVersion_; }
-    Rect ObjectRect(std::size_t object) override;
     void FollowObject(std::size_t object) override;
     std::size_t FocusedObject() override;
     int LayoutsMade() const { return shown_ ? shown_->Flow().LayoutsMade() : 0; } // zones so far
@@ -117,7 +97,9 @@ class PagePane : public ReadablePane {
     // For a place that is asked for; what is above it may take longer to be measured.
     static constexpr int placeTime = 300;
 
-    bool UpdateLayout(); // false without a page
+    std::optional<PageViewport> Viewport() override;
+    PageViewport CurrentViewport(); // without a look at the window; there must be a page
+    bool UpdateLayout();            // false without a page
     void LayOutAnew(const PageLook& look);
     std::optional<PlaceAtTop> TopAnchor();
     void RestoreTop(const std::optional<PlaceAtTop>& anchor);
@@ -141,7 +123,6 @@ class PagePane : public ReadablePane {
     std::optional<CharacterPlace> FirstLine();
     TextPos PositionAtPoint(Point point);
     HtmlNodeId LinkAt(Point point);
-    HtmlNodeId LinkAround(HtmlNodeId node) const;
     TextSpan UnitAround(TextPos position);
     void ExtendTo(Point point);
     void AutoScroll();
@@ -153,9 +134,6 @@ class PagePane : public ReadablePane {
     void PaintLabel(Canvas& canvas);
     void HideScrollLabel();
     const std::vector<Heading>& Headings();
-    void ForgetObjects();
-    HtmlNodeId ElementAt(TextPos position) const;
-    std::optional<Rect> PictureRect(HtmlNodeId picture);
 
     PaneWindow& window_;
     LineLayout& lines_;
@@ -172,7 +150,6 @@ class PagePane : public ReadablePane {
     int zoom_ = 100; // per cent
     std::optional<Color> text_, background_;
     Color ownText_ = 0, ownBackground_ = 0xFFFFFF, bodyBackground_ = 0xFFFFFF;
-    int timesStyled_ = 0;
 
     PageScroller scroller_;
     std::optional<double> wantedHeight_;  // asked for, while what is above is not measured
@@ -188,11 +165,6 @@ class PagePane : public ReadablePane {
     DragSelection drag_;
     HtmlNodeId pressedLink_ = noHtmlNode, focusedLink_ = noHtmlNode;
 
-    // Read when they are asked for first.
-    std::optional<std::vector<Heading>> headings_;
-    std::optional<ReadingObjects> objects_;
-    int objectsVersion_ = 0;
+    std::optional<std::vector<Heading>> headings_; // read when they are asked for first
     bool labelShown_ = false;
-    const std::u16string noText_;
-    std::optional<StringText> source_{noText_}; // of the page's text
 };

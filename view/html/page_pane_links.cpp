@@ -1,12 +1,8 @@
 // The links of a page: under the mouse, and by Tab and Enter.
+#include "view/html/page_objects.h"
 #include "view/html/page_pane.h"
 
-HtmlNodeId PagePane::LinkAround(HtmlNodeId node) const {
-    const HtmlTree& tree = page_->Tree();
-    for (; node != noHtmlNode; node = tree[node].parent)
-        if (tree[node].Is(HtmlName::A) && tree[node].Attribute(HtmlName::Href)) return node;
-    return noHtmlNode;
-}
+#include <algorithm>
 
 HtmlNodeId PagePane::LinkAt(Point point) {
     if (!UpdateLayout()) return noHtmlNode;
@@ -15,7 +11,7 @@ HtmlNodeId PagePane::LinkAt(Point point) {
     const double x = point.x + scrollX_;
     if (const HtmlNodeId picture =
             PictureAt(*shown_->Flow().LayOut(at.zone), shown_->Boxes(), x, at.y))
-        return LinkAround(picture);
+        return LinkAround(page_->Tree(), picture);
     const auto line = LineAt(point, false);
     if (!line) return noHtmlNode;
     const InlineLine& box = line->block.Line(line->line);
@@ -24,7 +20,8 @@ HtmlNodeId PagePane::LinkAt(Point point) {
     const double width = line->block.Piece(line->line).Line(box.line).width;
     if (point.y < top || point.y >= top + box.height || x < left || x >= left + width)
         return noHtmlNode;
-    return LinkAround(places.NodeAt(line->block.Content(), places.UnitInLine(*line, x)));
+    return LinkAround(page_->Tree(),
+                      places.NodeAt(line->block.Content(), places.UnitInLine(*line, x)));
 }
 
 // Of its text; nothing for one without a text.
@@ -49,7 +46,7 @@ bool PagePane::FocusLink(bool forward) {
     for (HtmlNodeId id = tree.Body(); id != noHtmlNode; id = tree.Next(id)) {
         if (id == focusedLink_) passed = true;
         if (id == focusedLink_ && !forward) break;
-        if (id == focusedLink_ || LinkAround(id) != id) continue;
+        if (id == focusedLink_ || LinkAround(tree, id) != id) continue;
         const auto span = LinkSpan(id);
         if (!span || !PlaceOf(span->start)) continue;
         const bool isBehind = focusedLink_ == noHtmlNode ? span->start >= top : passed;
@@ -70,4 +67,18 @@ bool PagePane::FollowFocusedLink() {
     if (focusedLink_ == noHtmlNode || !onLink) return false;
     onLink(focusedLink_);
     return true;
+}
+
+void PagePane::FollowObject(std::size_t index) {
+    const ReadingObjects& objects = Objects();
+    if (index >= objects.size() || objects[index].kind != ReadingObjectKind::Link) return;
+    if (onLink) onLink(objects[index].node);
+}
+
+std::size_t PagePane::FocusedObject() {
+    const ReadingObjects& objects = Objects();
+    const auto found = std::ranges::find_if(objects, [this](const ReadingObject& object) {
+        return object.kind == ReadingObjectKind::Link && object.node == focusedLink_;
+    });
+    return found == objects.end() ? noReadingObject : std::size_t(found - objects.begin());
 }

@@ -4,8 +4,7 @@
 #include <algorithm>
 
 std::optional<CharacterPlace> PagePane::LineAt(Point point, bool below) {
-    const PageScroller::Top at = scroller_.At(point.y);
-    return PagePlaces(*page_, *shown_).NearestLine(at.zone, point.x + scrollX_, at.y, below);
+    return CurrentViewport().LineAt(point, below);
 }
 
 TextPos PagePane::PositionAtPoint(Point point) {

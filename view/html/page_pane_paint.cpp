@@ -7,13 +7,13 @@
 #include <cmath>
 
 namespace {
-constexpr Color usualPaper = 0xFFFFFF;
+constexpr Color defaultBackground = 0xFFFFFF;
 // Zones of a frame that are drawn though they take no height: what hangs out of them is seen.
 constexpr std::size_t maxFlatZones = 64;
 } // namespace
 
 Color PagePane::BackColor() const {
-    return shown_ ? shown_->CanvasColor() : usualPaper;
+    return shown_ ? shown_->CanvasColor() : defaultBackground;
 }
 
 void PagePane::Paint(Canvas& canvas, const Rect& clip) {
@@ -31,21 +31,21 @@ void PagePane::Paint(Canvas& canvas, const Rect& clip) {
             return places.SelectedUnits(content, SelStart(), SelEnd());
         };
     PageFlow& flow = shown_->Flow();
-    std::vector<std::pair<PageFragmentPtr, double>> seen;
+    std::vector<std::pair<PageFragmentPtr, double>> visible;
     double y = -scroller_.Position().y;
     for (std::size_t zone = scroller_.Position().zone; zone < flow.ZoneCount() && y < Bottom(clip);
          ++zone) {
-        if (seen.size() > maxFlatZones && flow.Heights().IsMeasured(zone) &&
+        if (visible.size() > maxFlatZones && flow.Heights().IsMeasured(zone) &&
             flow.Heights().Height(zone) <= 0)
             continue;
         PageFragmentPtr fragment = flow.LayOut(zone);
         const double height = fragment->height;
         widest_ = std::max(widest_, RightEdge(*fragment));
-        if (y + height >= clip.top) seen.emplace_back(std::move(fragment), y);
+        if (y + height >= clip.top) visible.emplace_back(std::move(fragment), y);
         y += height;
     }
     UpdateScrollBars();
-    for (const auto& [fragment, top] : seen)
+    for (const auto& [fragment, top] : visible)
         PaintFragment(canvas, paint, *fragment, -scrollX_, top);
     if (window_.HasFocus()) PaintFocus(canvas);
     if (labelShown_) PaintLabel(canvas);

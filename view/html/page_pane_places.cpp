@@ -5,7 +5,7 @@
 #include <cmath>
 
 std::optional<CharacterPlace> PagePane::PlaceOf(TextPos position) {
-    return PagePlaces(*page_, *shown_).PlaceOf(position);
+    return CurrentViewport().PlaceOf(position);
 }
 
 int PagePane::TopMargin() {

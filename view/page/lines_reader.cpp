@@ -1,27 +1,13 @@
 #include "view/page/lines_reader.h"
 
 #include "view/page/bidi_isolation.h"
-#include "view/page/list_marker.h"
 #include "view/page/page_background.h"
 #include "view/page/page_box_builder.h"
-#include "view/page/page_weights.h"
-
-#include <algorithm>
-#include <cmath>
 
 namespace {
 // Around each block of lines of a page in visual order, which no element changes: blocks alone have
 // the direction that the page says.
 constexpr std::u16string_view leftToRightOverride = u"\u202D", endOfOverride = u"\u202C";
-
-// Something to be drawn behind its text.
-bool HasDecoration(CssStyle style) {
-    const CssBoxStyle& box = *style.box;
-    if (box.display != CssDisplay::Inline) return false;
-    if (style.inherited->visibility != CssVisibility::Visible) return false;
-    return IsDrawn(box.background) || std::any_of(box.borderWidth.begin(), box.borderWidth.end(),
-                                                  [](float width) { return width > 0; });
-}
 } // namespace
 
 LinesReader::LinesReader(const HtmlTree& tree, const CssPageStyles& styles, const PageBoxes& boxes,
@@ -92,21 +78,6 @@ void LinesReader::AddUnits(HtmlNodeId text, std::size_t from, std::size_t end) {
     writer_.SetNode(noHtmlNode);
 }
 
-void LinesReader::AddFirstLetter(HtmlNodeId text, const PageFirstLetter& letter) {
-    const CssStyle style = styles_.FirstLetter(letter.block);
-    const HtmlNode& node = tree_[text];
-    TextPlace place = PlaceOf(node.parent);
-    AddOwnPlace(style, styles_.Of(node.parent), fonts_, place);
-    if (IsDrawn(style.box->background)) place.background = style.box->background.Bgr();
-    OpenDecoration(noHtmlNode, style, true, place);
-    AddSide(*style.box, cssLeft);
-    writer_.SetNode(text);
-    writer_.AddText(node.Text().substr(0, letter.end), *style.inherited, place, letter.start);
-    writer_.SetNode(noHtmlNode);
-    AddSide(*style.box, cssRight);
-    CloseDecoration(noHtmlNode, true);
-}
-
 // Whether what is in the node is read next.
 bool LinesReader::Enter(HtmlNodeId id) {
     const HtmlNode& node = tree_[id];
@@ -143,43 +114,6 @@ void LinesReader::AddClear(CssClear clear) {
         {writer_.Length(), clear != CssClear::Right, clear != CssClear::Left});
 }
 
-// What an element takes on a side in its line: margin, border and padding.
-void LinesReader::AddSide(const CssBoxStyle& style, CssSide side) {
-    if (style.display != CssDisplay::Inline || !lines_.hasText) return;
-    const float css =
-        style.margin[side].Of(0) + style.borderWidth[side] + style.padding[side].Of(0);
-    const int width = int(std::lround(fonts_.Pixels(css)));
-    if (width > 0) writer_.AddGap(width, side == cssLeft);
-}
-
-// The elements that the first of these lines goes on with.
-void LinesReader::OpenAround(HtmlNodeId node) {
-    std::vector<HtmlNodeId> around;
-    while ((node = tree_[node].parent) != container_ && node != noHtmlNode)
-        around.push_back(node);
-    for (auto element = around.rbegin(); element != around.rend(); ++element)
-        if (tree_[*element].IsElement())
-            OpenDecoration(*element, styles_.Of(*element), false, PlaceOf(*element));
-}
-
-void LinesReader::OpenDecoration(HtmlNodeId element, CssStyle style, bool begins,
-                                 const TextPlace& place) {
-    if (!HasDecoration(style) || !lines_.hasText) return;
-    const FontMetrics metrics = fonts_.Metrics(*style.inherited);
-    auto& decorations = writer_.Content().decorations;
-    open_.push_back({element, decorations.size()});
-    decorations.push_back({writer_.Length(), writer_.Length(), style.box, metrics.ascent,
-                           metrics.descent, place.raise + place.shift, begins, false});
-}
-
-void LinesReader::CloseDecoration(HtmlNodeId element, bool ends) {
-    if (open_.empty() || open_.back().element != element) return;
-    InlineDecoration& decoration = writer_.Content().decorations[open_.back().decoration];
-    decoration.end = writer_.Length();
-    decoration.ends = ends;
-    open_.pop_back();
-}
-
 // The elements that end before the next node, from this one outwards.
 void LinesReader::Leave(HtmlNodeId element, HtmlNodeId next) {
     const HtmlNodeId around = next == noHtmlNode ? noHtmlNode : tree_[next].parent;
@@ -203,35 +137,6 @@ void LinesReader::AddBox() {
                           !writer_.WrapsIn(*styles_.Of(around).inherited), isFollowed);
     }
     nextBox_ = box.nextSibling;
-}
-
-// The marker of a list's item, where it is part of its first line.
-void LinesReader::AddMarkerInside() {
-    const PageBoxId item = lines_.node != noHtmlNode ? id_ : lines_.parent;
-    if (boxes_[item].style->display != CssDisplay::ListItem) return;
-    if (boxes_[item].text->listStylePosition != CssListStylePosition::Inside) return;
-    if (item != id_ && boxes_.FirstChild(item) != id_) return;
-    const std::u16string marker = ListMarker(boxes_[item].text->listStyleType, boxes_[item].number);
-    if (!marker.empty())
-        writer_.AddText(marker + u" ", *boxes_[item].text, {.background = background_});
-}
-
-// Before or behind what is in an element.
-void LinesReader::AddGenerated(CssStyle style, HtmlNodeId element) {
-    if (!style.box) return;
-    TextPlace place = PlaceOf(element);
-    AddOwnPlace(style, styles_.Of(element), fonts_, place);
-    if (IsDrawn(style.box->background)) place.background = style.box->background.Bgr();
-    OpenDecoration(noHtmlNode, style, true, place);
-    AddSide(*style.box, cssLeft);
-    for (const CssContentItem& item : styles_.Content(style.box->content))
-        if (item.kind != CssContentItem::Kind::Picture)
-            writer_.AddText(generated_.Of(item, element).substr(0, maxGenerated), *style.inherited,
-                            place);
-        else if (nextBox_ != noPageBox && boxes_[nextBox_].generated == &item)
-            AddBox();
-    AddSide(*style.box, cssRight);
-    CloseDecoration(noHtmlNode, true);
 }
 
 // Of the text that stands in an element.

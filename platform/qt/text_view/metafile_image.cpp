@@ -28,11 +28,11 @@ class MetafilePainter {
 
   private:
     // Beyond this the raster engine has no precision left.
-    static constexpr double farthest = 1 << 15;
+    static constexpr double maxCoordinate = 1 << 15;
 
     QPointF Point(MetaPoint share) const {
-        return {std::clamp(share.x * size_.width(), -farthest, farthest),
-                std::clamp(share.y * size_.height(), -farthest, farthest)};
+        return {std::clamp(share.x * size_.width(), -maxCoordinate, maxCoordinate),
+                std::clamp(share.y * size_.height(), -maxCoordinate, maxCoordinate)};
     }
     QRectF Rect(const MetaRect& share) const {
         return QRectF(Point({share.left, share.top}), Point({share.right, share.bottom}));

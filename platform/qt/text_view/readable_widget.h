@@ -1,4 +1,4 @@
-// The widget of a pane whose text is read to those who do not see it: its accessibility events.
+// The widget of a pane whose text assistive technology can read: its accessibility events.
 #pragma once
 
 #include "platform/qt/text_view/pane_widget.h"

@@ -70,7 +70,7 @@ void WinFileWatch::Stop() {
 }
 
 LRESULT WinFileWatch::Handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == changesMessage) TakeChanges();
+    if (message == changesMessage) HandleChanges();
     if (message == WM_DEVICECHANGE && wParam == DBT_DEVICEQUERYREMOVE) {
         Stop();
         return TRUE;
@@ -78,7 +78,7 @@ LRESULT WinFileWatch::Handle(HWND window, UINT message, WPARAM wParam, LPARAM lP
     return DefWindowProcW(window, message, wParam, lParam);
 }
 
-void WinFileWatch::TakeChanges() {
+void WinFileWatch::HandleChanges() {
     if (!folder_) return; // a message that was on its way
     const auto names = folder_->Take();
     complete_ = complete_ && folder_->IsWatching();

@@ -19,7 +19,7 @@ class WinFileWatch final : public FileWatch {
 
   private:
     LRESULT Handle(HWND, UINT, WPARAM, LPARAM);
-    void TakeChanges();
+    void HandleChanges();
 
     WinNativeWindow window_;
     std::wstring name_; // of the file in its folder

@@ -7,7 +7,7 @@
 class HtmlWindow final : public ReadableWindow {
   public:
     HtmlWindow(HWND parent, const Files& files); // initially hidden
-    ~HtmlWindow();
+    ~HtmlWindow() override;
 
     PagePane& Pane() { return pane_; }
     void SetNotice(std::wstring text); // over the page; "" for none

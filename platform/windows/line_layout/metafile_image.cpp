@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr double farthest = 1 << 15; // pixels; beyond it GDI cuts coordinates
+constexpr double maxCoordinate = 1 << 15; // pixels; beyond it GDI cuts coordinates
 constexpr double minText = 1, maxText = 2000;
 
 struct GdiDeleter {
@@ -37,8 +37,8 @@ class MetafilePainter {
 };
 
 POINT MetafilePainter::PointOf(MetaPoint share) const {
-    return {std::lround(std::clamp(share.x * size_.width, -farthest, farthest)),
-            std::lround(std::clamp(share.y * size_.height, -farthest, farthest))};
+    return {std::lround(std::clamp(share.x * size_.width, -maxCoordinate, maxCoordinate)),
+            std::lround(std::clamp(share.y * size_.height, -maxCoordinate, maxCoordinate))};
 }
 
 RECT MetafilePainter::RectOf(const MetaRect& share) const {

@@ -100,7 +100,7 @@ ShapingFontPtr WinFonts::Open(const LOGFONTW& description) {
     ShapingFontPtr& font = fonts_[Key(description.lfFaceName, description.lfHeight,
                                       description.lfWeight, description.lfItalic)];
     if (font) return font;
-    const ShapingFontPtr opened = font = OpenShapingFont(context_, description);
+    ShapingFontPtr opened = font = OpenShapingFont(context_, description);
     if (fonts_.size() > maxUnused)
         std::erase_if(fonts_, [](const auto& each) { return each.second.use_count() == 1; });
     return opened;

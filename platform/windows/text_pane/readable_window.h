@@ -1,4 +1,4 @@
-// A window for a pane whose text is read to those who do not see it.
+// A window for a pane whose text assistive technology can read.
 #pragma once
 
 #include "platform/windows/text_pane/accessibility/text_accessibility.h"

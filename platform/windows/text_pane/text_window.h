@@ -7,7 +7,7 @@
 class TextWindow final : public ReadableWindow {
   public:
     explicit TextWindow(HWND parent);
-    ~TextWindow();
+    ~TextWindow() override;
 
     static TextWindow* Of(HWND window); // null for another window
     TextPane& Pane() { return pane_; }

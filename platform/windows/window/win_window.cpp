@@ -6,7 +6,7 @@
 #include "platform/windows/window/win_drops.h"
 #include "platform/windows/window/window_messages.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -14,43 +14,11 @@ constexpr int maxExtent = 16384; // pixels; larger windows cannot be drawn
 constexpr UINT_PTR closeTimer = 1;
 constexpr UINT closeDelay = 50;        // milliseconds, for a dialog or menu to go away
 constexpr double defaultFontSize = 12; // points
-constexpr double twipsPerInch = 1440;
-constexpr int defaultWidth = 860, defaultHeight = 960; // pixels at 96 dpi
-
-Rect ToRect(const RECT& rectangle) {
-    return {rectangle.left, rectangle.top, rectangle.right - rectangle.left,
-            rectangle.bottom - rectangle.top};
-}
-
-std::vector<Rect> WorkAreas() {
-    std::vector<Rect> screens;
-    const auto add = [](HMONITOR monitor, HDC, RECT*, LPARAM found) -> BOOL {
-        MONITORINFO info = {};
-        info.cbSize = sizeof info;
-        if (GetMonitorInfoW(monitor, &info))
-            reinterpret_cast<std::vector<Rect>*>(found)->push_back(ToRect(info.rcWork));
-        return TRUE;
-    };
-    EnumDisplayMonitors(nullptr, nullptr, add, reinterpret_cast<LPARAM>(&screens));
-    return screens;
-}
 
 bool IsMenuOpen() {
     GUITHREADINFO thread = {};
     thread.cbSize = sizeof thread;
     return GetGUIThreadInfo(GetCurrentThreadId(), &thread) && (thread.flags & GUI_INMENUMODE);
-}
-
-bool IsPress(UINT message) {
-    switch (message) {
-    case WM_LBUTTONDOWN:
-    case WM_RBUTTONDOWN:
-    case WM_MBUTTONDOWN:
-    case WM_XBUTTONDOWN:
-    case WM_NCLBUTTONDOWN: // of a scroll bar
-    case WM_MOUSEWHEEL: return true;
-    default: return false;
-    }
 }
 
 // The enabled one of our windows while a modal dialog disables the others; null for none.
@@ -82,20 +50,6 @@ WinWindow::WinWindow()
 
 WinWindow::~WinWindow() {
     if (Handle()) DestroyWindow(Handle()); // its messages use the other members
-}
-
-// A comfortable width for reading, in the middle of the screen.
-void WinWindow::SetDefaultBounds() {
-    RECT work = {};
-    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
-    const Rect available = ToRect(work);
-    const int dpi = WindowDpi(Handle());
-    const int width = std::min(MulDiv(defaultWidth, dpi, USER_DEFAULT_SCREEN_DPI),
-                               MulDiv(available.width, 9, 10));
-    const int height = std::min(MulDiv(defaultHeight, dpi, USER_DEFAULT_SCREEN_DPI),
-                                MulDiv(available.height, 9, 10));
-    Move({available.left + (available.width - width) / 2,
-          available.top + (available.height - height) / 2, width, height});
 }
 
 void WinWindow::SetEvents(WindowEvents events) {
@@ -145,63 +99,6 @@ void WinWindow::CloseWhenPossible() {
     else
         return Close();
     SetTimer(Handle(), closeTimer, closeDelay, nullptr);
-}
-
-WindowState WinWindow::State() const {
-    if (!open_) return initialState_;
-    if (IsIconic(Handle())) return WindowState::Minimized;
-    return IsZoomed(Handle()) ? WindowState::Maximized : WindowState::Normal;
-}
-
-void WinWindow::SetState(WindowState state) {
-    if (!open_) {
-        initialState_ = state;
-        return;
-    }
-    if (state == State()) return; // ShowWindow would activate a normal window
-    constexpr int commands[] = {SW_SHOWNORMAL, SW_MINIMIZE, SW_MAXIMIZE};
-    ShowWindow(Handle(), commands[static_cast<int>(state)]);
-}
-
-Rect WinWindow::Bounds() const {
-    RECT bounds = {};
-    WINDOWPLACEMENT placement = {};
-    placement.length = sizeof placement;
-    // GetWindowRect of a minimised window is off-screen.
-    if (IsIconic(Handle()) && GetWindowPlacement(Handle(), &placement))
-        bounds = placement.rcNormalPosition;
-    else
-        GetWindowRect(Handle(), &bounds);
-    return RequestedBounds(instead_, ToRect(bounds));
-}
-
-void WinWindow::Move(const Rect& bounds) {
-    const double scale = static_cast<double>(WindowDpi(Handle())) / USER_DEFAULT_SCREEN_DPI;
-    const Rect shown = ReachablePlace(bounds, WorkAreas(), scale);
-    instead_.reset();
-    if (shown != bounds) instead_ = {bounds, shown};
-    SetWindowPos(Handle(), nullptr, shown.left, shown.top, shown.width, shown.height,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-int WinWindow::InnerWidth() const {
-    RECT inner = {};
-    GetClientRect(Handle(), &inner);
-    return inner.right;
-}
-
-int WinWindow::InnerHeight() const {
-    RECT inner = {};
-    GetClientRect(Handle(), &inner);
-    return inner.bottom;
-}
-
-double WinWindow::TwipsPerPixelX() const {
-    return twipsPerInch / WindowDpi(Handle());
-}
-
-double WinWindow::TwipsPerPixelY() const {
-    return TwipsPerPixelX(); // Windows has one DPI for both axes
 }
 
 void WinWindow::SetTitle(std::u16string_view title) {
@@ -270,53 +167,4 @@ void WinWindow::FocusView() {
             SetFocus(view);
             return;
         }
-}
-
-void WinWindow::HandlePosChanged() {
-    const ReportedState now = {Bounds(), InnerWidth(), InnerHeight(), State()};
-    if (std::exchange(reported_, now) != now) CallHandler(events_.onResize);
-}
-
-void WinWindow::HandleDpiChanged(const RECT& suggested) {
-    if (font_) ApplySystemFont();
-    Move(ToRect(suggested));
-    CallHandler(events_.onResize); // even when the rectangle is unchanged
-}
-
-void WinWindow::ReportKeyDown(int keyCode, int shift) {
-    CallHandler(events_.onKeyDown, keyCode, shift);
-}
-
-bool WinWindow::PreTranslateMessage(MSG& message) {
-    const bool ours = Handle() && (message.hwnd == Handle() || IsChild(Handle(), message.hwnd));
-    if (!ours) return false;
-    if (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST) {
-        if (beneath_) ShowMenuBarForKey(message);
-        const bool isKey = message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN ||
-                           message.message == WM_KEYUP || message.message == WM_SYSKEYUP;
-        if (!isKey) return false;
-        if (normalizeKey) normalizeKey(message);
-        input_.HandleKey(message, events_);
-        return translateKey && Handle() && translateKey(message);
-    }
-    const bool moved = message.message == WM_MOUSEMOVE || message.message == WM_NCMOUSEMOVE;
-    if (moved && beneath_) FollowPointer(message);
-    if (IsPress(message.message)) CallHandler(events_.onMouse);
-    if (message.message != WM_MOUSEWHEEL) return false;
-    if (GET_KEYSTATE_WPARAM(message.wParam) & MK_CONTROL) {
-        input_.HandleZoomWheel(message, events_);
-        return true;
-    }
-    const HWND focus = GetFocus(); // before Windows 10 the wheel goes there anyway
-    if (!IsChild(ViewArea(), message.hwnd) && IsChild(ViewArea(), focus)) message.hwnd = focus;
-    return false;
-}
-
-void RunMessageLoop(WinWindow& window) {
-    MSG message;
-    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-        if (window.PreTranslateMessage(message)) continue;
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-    }
 }

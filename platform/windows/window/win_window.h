@@ -41,7 +41,7 @@ class WinWindow final : public Window {
     void SetState(WindowState) override;
     Rect Bounds() const override;
     void Move(const Rect&) override;
-    bool IsFullScreen() const override { return beneath_.has_value(); }
+    bool IsFullScreen() const override { return windowed_.has_value(); }
     void SetFullScreen(bool) override;
     int InnerWidth() const override;
     int InnerHeight() const override;
@@ -61,8 +61,8 @@ class WinWindow final : public Window {
         bool operator==(const ReportedState&) const = default;
     };
 
-    // What a window leaves when it becomes a full screen.
-    struct Beneath {
+    // Before it became a full screen, to be restored.
+    struct WindowedState {
         WINDOWPLACEMENT placement;
         std::optional<ShownInstead> instead;
         HMENU menu;
@@ -70,7 +70,7 @@ class WinWindow final : public Window {
 
     LRESULT HandleMessage(HWND, UINT, WPARAM, LPARAM);
     void EnterFullScreen();
-    void RestoreBeneath();
+    void LeaveFullScreen();
     void FollowPointer(const MSG&);
     void ShowMenuBar(bool shown) const; // of a full screen
     void ShowMenuBarForKey(const MSG&) const;
@@ -87,7 +87,7 @@ class WinWindow final : public Window {
     WinFont font_;                                   // null: the device's default
     ReportedState reported_;                         // at the last onResize
     std::optional<ShownInstead> instead_;            // of the bounds given to `Move`
-    std::optional<Beneath> beneath_;                 // while full screen
+    std::optional<WindowedState> windowed_;          // while full screen
     WindowState initialState_ = WindowState::Normal; // until `Open`
     bool open_ = false, unloaded_ = false;
     WinNativeWindow frame_, panel_;

@@ -22,18 +22,18 @@ void WinWindow::SetFullScreen(bool on) {
     if (on)
         EnterFullScreen();
     else
-        RestoreBeneath();
+        LeaveFullScreen();
     reported_ = {};
     HandlePosChanged();
 }
 
 void WinWindow::EnterFullScreen() {
-    Beneath beneath = {};
-    beneath.placement.length = sizeof beneath.placement;
-    GetWindowPlacement(Handle(), &beneath.placement);
-    beneath.instead = instead_;
-    beneath.menu = GetMenu(Handle());
-    beneath_ = beneath; // before the window tells of its change
+    WindowedState windowed = {};
+    windowed.placement.length = sizeof windowed.placement;
+    GetWindowPlacement(Handle(), &windowed.placement);
+    windowed.instead = instead_;
+    windowed.menu = GetMenu(Handle());
+    windowed_ = windowed; // before the window reports its change
     const RECT screen = ScreenOf(Handle());
     SetMenu(Handle(), nullptr);
     SetWindowLongPtrW(Handle(), GWL_STYLE,
@@ -42,16 +42,16 @@ void WinWindow::EnterFullScreen() {
                  screen.bottom - screen.top, SWP_NOOWNERZORDER | SWP_FRAMECHANGED);
 }
 
-void WinWindow::RestoreBeneath() {
-    const Beneath beneath = *beneath_;
+void WinWindow::LeaveFullScreen() {
+    const WindowedState windowed = *windowed_;
     SetWindowLongPtrW(Handle(), GWL_STYLE,
                       GetWindowLongPtrW(Handle(), GWL_STYLE) | WS_OVERLAPPEDWINDOW);
-    SetMenu(Handle(), beneath.menu);
-    SetWindowPlacement(Handle(), &beneath.placement);
+    SetMenu(Handle(), windowed.menu);
+    SetWindowPlacement(Handle(), &windowed.placement);
     SetWindowPos(Handle(), nullptr, 0, 0, 0, 0,
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOOWNERZORDER | SWP_FRAMECHANGED);
-    instead_ = beneath.instead;
-    beneath_.reset();
+    instead_ = windowed.instead;
+    windowed_.reset();
 }
 
 // At the upper edge is a border; what is not within a window's client area may be the menu bar. An
@@ -65,8 +65,8 @@ void WinWindow::FollowPointer(const MSG& message) {
 }
 
 void WinWindow::ShowMenuBar(bool shown) const {
-    if (beneath_ && shown != (GetMenu(Handle()) != nullptr))
-        SetMenu(Handle(), shown ? beneath_->menu : nullptr);
+    if (windowed_ && shown != (GetMenu(Handle()) != nullptr))
+        SetMenu(Handle(), shown ? windowed_->menu : nullptr);
 }
 
 // Before the key that opens a menu is dispatched: the window that has the keyboard looks for the

@@ -54,13 +54,23 @@ class Printing:
         wait_for(lambda: self.program.windows() == [self.program.window], "all dialogs to close")
         self.program.activate()
 
-    def cancel_while_it_prints(self):
+    def start_printing(self):
         self.program.key("Return")
         progress = wait_for(lambda: next((w for w in self.program.windows("--name", "^Print$")
                                           if w != self.dialog), None), "word that it prints")
         wait_for(lambda: self.program.is_active(progress), "it to have the keyboard")
+
+    def cancel_printing(self):
+        """In the dialog, and while it prints."""
+        self.ask()
         self.program.key("Escape")
         self.wait_until_alone()
+        self.assertIsNone(self.pdf())
+        self.ask()
+        self.start_printing()
+        self.program.key("Escape")
+        self.wait_until_alone()
+        self.assertIsNone(self.pdf())
 
     def pages(self):
         done = subprocess.run(["pdftotext", "-layout", self.pdf(), "-"], capture_output=True,

@@ -50,22 +50,22 @@ QString PositionName(TextBaseline baseline) {
     return QStringLiteral("baseline");
 }
 
-void AddParagraph(QString& all, const ParagraphLook& paragraph) {
+void AddParagraph(QString& all, const ParagraphFormat& paragraph) {
     Add(all, "text-align", AlignmentName(paragraph.alignment));
     Add(all, "writing-mode", paragraph.rightToLeft ? QStringLiteral("rl") : QStringLiteral("lr"));
 }
 } // namespace
 
 AccessibleAttributes AttributesAt(ReadablePane& pane, TextPos position) {
-    const ParagraphLook paragraph = pane.LookOfParagraph(position);
-    const CharacterLook look = pane.LookOfCharacter(position);
+    const ParagraphFormat paragraph = pane.ParagraphFormatAt(position);
+    const CharacterFormat character = pane.CharacterFormatAt(position);
     AccessibleAttributes attributes;
-    attributes.span = {std::max(paragraph.span.start, look.span.start),
-                       std::min(paragraph.span.end, look.span.end)};
-    AddFont(attributes.text, look.style);
-    Add(attributes.text, "color", ColorText(look.foreground));
-    Add(attributes.text, "background-color", ColorText(look.background));
-    Add(attributes.text, "text-position", PositionName(look.style.baseline));
+    attributes.span = {std::max(paragraph.span.start, character.span.start),
+                       std::min(paragraph.span.end, character.span.end)};
+    AddFont(attributes.text, character.style);
+    Add(attributes.text, "color", ColorText(character.foreground));
+    Add(attributes.text, "background-color", ColorText(character.background));
+    Add(attributes.text, "text-position", PositionName(character.style.baseline));
     AddParagraph(attributes.text, paragraph);
     return attributes;
 }

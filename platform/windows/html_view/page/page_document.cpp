@@ -119,11 +119,11 @@ std::optional<int> PageDocument::ViewHeight() const {
 }
 
 std::optional<int> PageDocument::MaxScrollTop() const {
-    long whole = 0, seen = 0;
+    long whole = 0, visible = 0;
     if (!scroller_ || FAILED(scroller_->get_scrollHeight(&whole)) ||
-        FAILED(scroller_->get_clientHeight(&seen)))
+        FAILED(scroller_->get_clientHeight(&visible)))
         return std::nullopt;
-    return static_cast<int>(std::max(whole - seen, 0L));
+    return static_cast<int>(std::max(whole - visible, 0L));
 }
 
 ComPtr<IHTMLElementCollection> PageDocument::Elements(const wchar_t* name) const {

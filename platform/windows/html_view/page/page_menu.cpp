@@ -29,21 +29,21 @@ int CommandId(PageCommand command) {
     return 0;
 }
 
-std::optional<PageCommand> TrackPageMenu(HWND owner, POINT place, const PageMenu& of) {
+std::optional<PageCommand> TrackPageMenu(HWND owner, POINT place, const PageMenu& items) {
     const HMENU menu = CreatePopupMenu();
     const auto add = [menu](PageCommand command, const wchar_t* caption, bool enabled) {
         AppendMenuW(menu, enabled ? MF_STRING : MF_STRING | MF_GRAYED,
                     static_cast<UINT_PTR>(CommandId(command)), caption);
     };
-    add(PageCommand::Copy, L"&Copy", of.hasSelection);
-    add(PageCommand::SelectAll, L"Select &All", of.hasText);
-    add(PageCommand::Find, L"&Find...", of.hasText);
+    add(PageCommand::Copy, L"&Copy", items.hasSelection);
+    add(PageCommand::SelectAll, L"Select &All", items.hasText);
+    add(PageCommand::Find, L"&Find...", items.hasText);
     AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
     add(PageCommand::Open, L"&Open...", true);
-    add(PageCommand::Print, L"&Print...", of.hasText);
-    if (of.engine) {
+    add(PageCommand::Print, L"&Print...", items.hasText);
+    if (items.engine) {
         AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
-        const UINT checked = *of.engine == PageEngine::Browser ? MF_CHECKED : MF_UNCHECKED;
+        const UINT checked = *items.engine == PageEngine::Browser ? MF_CHECKED : MF_UNCHECKED;
         AppendMenuW(menu, MF_STRING | checked, changeEngineId, L"&Browser View\tCtrl+Shift+B");
     }
     const int chosen =

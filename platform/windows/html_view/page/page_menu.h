@@ -16,4 +16,4 @@ struct PageMenu {
 
 // Shows the menu at a screen position and returns the command chosen. Built in code: a menu
 // resource would repeat the engine's ids, and be missing in the test programs.
-std::optional<PageCommand> TrackPageMenu(HWND owner, POINT place, const PageMenu& menu);
+std::optional<PageCommand> TrackPageMenu(HWND owner, POINT place, const PageMenu& items);

@@ -21,8 +21,8 @@ LONG LineStyle(bool drawn) {
     return drawn ? lineStyleSingle : lineStyleNone;
 }
 
-std::optional<AttributeValue> ValueOf(const CharacterLook& look, TEXTATTRIBUTEID id) {
-    const TextStyle& style = look.style;
+std::optional<AttributeValue> ValueOf(const CharacterFormat& format, TEXTATTRIBUTEID id) {
+    const TextStyle& style = format.style;
     switch (id) {
     case uia::fontName: return style.font.family;
     case uia::fontSize: return style.font.points;
@@ -32,8 +32,8 @@ std::optional<AttributeValue> ValueOf(const CharacterLook& look, TEXTATTRIBUTEID
     case uia::strikethroughStyle: return LineStyle(style.strikethrough);
     case uia::isSubscript: return style.baseline == TextBaseline::Subscript;
     case uia::isSuperscript: return style.baseline == TextBaseline::Superscript;
-    case uia::foregroundColor: return static_cast<LONG>(look.foreground);
-    case uia::backgroundColor: return static_cast<LONG>(look.background);
+    case uia::foregroundColor: return static_cast<LONG>(format.foreground);
+    case uia::backgroundColor: return static_cast<LONG>(format.background);
     default: return std::nullopt;
     }
 }
@@ -48,17 +48,18 @@ LONG AlignmentNumber(Alignment alignment) {
     return 0;
 }
 
-LONG StyleOf(const ParagraphLook& look) {
-    if (look.headingLevel > 0) return uia::headingStyle + look.headingLevel;
-    if (look.isListItem) return look.isNumbered ? uia::numberedListStyle : uia::bulletedListStyle;
+LONG StyleOf(const ParagraphFormat& format) {
+    if (format.headingLevel > 0) return uia::headingStyle + format.headingLevel;
+    if (format.isListItem)
+        return format.isNumbered ? uia::numberedListStyle : uia::bulletedListStyle;
     return uia::normalStyle;
 }
 
-std::optional<AttributeValue> ValueOf(const ParagraphLook& look, TEXTATTRIBUTEID id) {
+std::optional<AttributeValue> ValueOf(const ParagraphFormat& format, TEXTATTRIBUTEID id) {
     switch (id) {
-    case uia::horizontalTextAlignment: return AlignmentNumber(look.alignment);
-    case uia::textFlowDirections: return look.rightToLeft ? flowRightToLeft : LONG(0);
-    case uia::styleId: return StyleOf(look);
+    case uia::horizontalTextAlignment: return AlignmentNumber(format.alignment);
+    case uia::textFlowDirections: return format.rightToLeft ? flowRightToLeft : LONG(0);
+    case uia::styleId: return StyleOf(format);
     default: return std::nullopt;
     }
 }
@@ -69,15 +70,15 @@ struct Attribute {
 };
 
 // An empty span has what is at its place.
-template <typename LookAt>
-Attribute CommonValue(ReadablePane& pane, TextSpan span, TEXTATTRIBUTEID id, LookAt lookAt) {
-    auto look = (pane.*lookAt)(span.start);
-    Attribute common{ValueOf(look, id)};
-    for (int i = 0; common.value && look.span.end < span.end; ++i) {
-        const TextPos next = look.span.end;
-        look = (pane.*lookAt)(next);
-        common.mixed = i == maxStretches || ValueOf(look, id) != common.value;
-        if (common.mixed || look.span.end <= next) break;
+template <typename FormatAt>
+Attribute CommonValue(ReadablePane& pane, TextSpan span, TEXTATTRIBUTEID id, FormatAt formatAt) {
+    auto format = (pane.*formatAt)(span.start);
+    Attribute common{ValueOf(format, id)};
+    for (int i = 0; common.value && format.span.end < span.end; ++i) {
+        const TextPos next = format.span.end;
+        format = (pane.*formatAt)(next);
+        common.mixed = i == maxStretches || ValueOf(format, id) != common.value;
+        if (common.mixed || format.span.end <= next) break;
     }
     return common;
 }
@@ -88,8 +89,8 @@ Attribute AttributeOf(ReadablePane& pane, TextSpan span, TEXTATTRIBUTEID id) {
     case uia::isHidden: return {false};
     case uia::horizontalTextAlignment:
     case uia::textFlowDirections:
-    case uia::styleId: return CommonValue(pane, span, id, &ReadablePane::LookOfParagraph);
-    default: return CommonValue(pane, span, id, &ReadablePane::LookOfCharacter);
+    case uia::styleId: return CommonValue(pane, span, id, &ReadablePane::ParagraphFormatAt);
+    default: return CommonValue(pane, span, id, &ReadablePane::CharacterFormatAt);
     }
 }
 
@@ -134,7 +135,7 @@ std::optional<TextSpan> FindAttributeIn(ReadablePane& pane, TextSpan span, TEXTA
                                         const VARIANT& value, bool backward) {
     if (id != uia::styleId || V_VT(&value) != VT_I4) return std::nullopt;
     const auto isAt = [&](TextPos position) {
-        return StyleOf(pane.LookOfParagraph(position)) == V_I4(&value);
+        return StyleOf(pane.ParagraphFormatAt(position)) == V_I4(&value);
     };
     TextPos at = backward ? span.end - 1 : span.start;
     for (int i = 0; i < maxParagraphs && at >= span.start && at < span.end; ++i) {

@@ -1,6 +1,6 @@
-// The units in which a page is read to those who do not see it.
+// The units in which assistive technology reads a page.
 #include "common/utf.h"
-#include "view/html/page_pane.h"
+#include "view/html/readable_page.h"
 
 #include <algorithm>
 
@@ -8,7 +8,7 @@ namespace {
 constexpr TextPos maxParagraph = 64 * 1024; // of a longer one the parts are read one by one
 } // namespace
 
-TextSpan PagePane::ReadingParagraph(TextPos position) {
+TextSpan ReadablePage::ReadingParagraph(TextPos position) {
     const TextSource& text = Source();
     const TextPos length = text.Length(), at = std::clamp(position, 0, length);
     const TextPos start = text.LastBreak(0, at) + 1, lastUnit = text.FirstBreak(at, length);
@@ -22,11 +22,12 @@ TextSpan PagePane::ReadingParagraph(TextPos position) {
 }
 
 // A paragraph may stand in several blocks of lines.
-TextSpan PagePane::ReadingLine(TextPos position) {
+TextSpan ReadablePage::ReadingLine(TextPos position) {
     const TextSpan paragraph = ReadingParagraph(position);
-    const auto place = UpdateLayout() ? PlaceOf(position) : std::nullopt;
+    const auto view = Viewport();
+    const auto place = view ? view->PlaceOf(position) : std::nullopt;
     if (!place || paragraph.start == paragraph.end) return paragraph;
-    const PagePlaces places(*page_, *shown_);
+    const PagePlaces places = view->Places();
     const auto inParagraph = [&](TextPos unit) {
         return std::clamp(places.PositionOf(place->block.Content(), unit), paragraph.start,
                           paragraph.end);
@@ -43,7 +44,7 @@ TextSpan PagePane::ReadingLine(TextPos position) {
     // A blank may stand between the blocks.
     const TextPos last = inParagraph(line.end);
     for (TextPos end = last; end <= last + 1 && end < paragraph.end; ++end) {
-        const auto behind = PlaceOf(end);
+        const auto behind = view->PlaceOf(end);
         if (end <= position || !behind || behind->block.lines == place->block.lines) continue;
         span.end = end;
         break;
@@ -51,37 +52,39 @@ TextSpan PagePane::ReadingLine(TextPos position) {
     return span;
 }
 
-TextSpan PagePane::StyleSpan(TextPos position) {
-    if (!page_ || page_->Counted().pieces.empty()) return {0, Source().Length()};
-    const auto& pieces = page_->Counted().pieces;
-    const std::size_t piece = page_->PieceAt(position);
+TextSpan ReadablePage::StyleSpan(TextPos position) {
+    const auto view = Viewport();
+    if (!view || view->page.Counted().pieces.empty()) return {0, Source().Length()};
+    const auto& pieces = view->page.Counted().pieces;
+    const std::size_t piece = view->page.PieceAt(position);
     return {piece == 0 ? 0 : pieces[piece].start,
             piece + 1 < pieces.size() ? pieces[piece + 1].start : Source().Length()};
 }
 
-TextPos PagePane::ReadingPageEnd(TextPos position) {
-    const auto place = UpdateLayout() ? PlaceOf(position) : std::nullopt;
+TextPos ReadablePage::ReadingPageEnd(TextPos position) {
+    const auto view = Viewport();
+    const auto place = view ? view->PlaceOf(position) : std::nullopt;
     if (!place) return Source().Length();
     const PageScroller::Top top{place->block.zone, place->LineTop()};
-    const PageScroller::Top below = scroller_.Moved(top, look_.viewport.height);
-    PageFlow& flow = shown_->Flow();
+    const PageScroller::Top below = view->scroller.Moved(top, view->size.height);
+    PageFlow& flow = view->shown.Flow();
     const bool isBehind =
         below.zone + 1 == flow.ZoneCount() && below.y >= flow.LayOut(below.zone)->height;
-    const PagePlaces places(*page_, *shown_);
+    PagePlaces places = view->Places();
     const auto line =
-        isBehind ? std::nullopt
-                 : PagePlaces(*page_, *shown_).NearestLine(below.zone, place->x, below.y, true);
+        isBehind ? std::nullopt : places.NearestLine(below.zone, place->x, below.y, true);
     if (!line || line->LineBottom() <= below.y) return Source().Length();
     return std::max(places.PositionOf(line->block.Content(), line->unit),
                     ReadingLine(position).end);
 }
 
-TextPos PagePane::ReadingPageStart(TextPos position) {
-    const auto place = UpdateLayout() && position > 0 ? PlaceOf(position) : std::nullopt;
+TextPos ReadablePage::ReadingPageStart(TextPos position) {
+    const auto view = Viewport();
+    const auto place = view && position > 0 ? view->PlaceOf(position) : std::nullopt;
     if (!place) return 0;
     const PageScroller::Top top{place->block.zone, place->LineTop()};
-    const PageScroller::Top above = scroller_.Moved(top, -look_.viewport.height);
-    PagePlaces places(*page_, *shown_);
+    const PageScroller::Top above = view->scroller.Moved(top, -view->size.height);
+    PagePlaces places = view->Places();
     const auto line = places.NearestLine(above.zone, place->x, above.y, true);
     if (!line) return 0;
     const TextPos start = places.PositionOf(line->block.Content(), line->unit);

@@ -1,8 +1,8 @@
-#include "view/reading_attributes.h"
-
+// The formats of a text pane, for assistive technology.
 #include "common/contrast.h"
 #include "view/paragraph_shape.h"
 #include "view/reading_spans.h"
+#include "view/text_pane.h"
 
 #include <algorithm>
 
@@ -23,28 +23,27 @@ TextPos WithinText(const TextPane& pane, TextPos position) {
 }
 } // namespace
 
-CharacterLook CharacterLookAt(TextPane& pane, TextPos position) {
-    const LayoutContext& context = pane.Layouts().Context();
-    const TextPos at = WithinText(pane, position);
-    CharacterLook look;
-    look.span = StyleSpanAt(context, at);
-    look.style = context.plain ? context.styles.Plain().style : context.styles.At(at).style;
-    const Color text = PlainTextColor(context.viewStyle, pane.System());
+CharacterFormat TextPane::CharacterFormatAt(TextPos position) {
+    const LayoutContext& context = layouts_.Context();
+    const TextPos at = WithinText(*this, position);
+    CharacterFormat format;
+    format.span = StyleSpanAt(context, at);
+    format.style = context.plain ? context.styles.Plain().style : context.styles.At(at).style;
+    const Color text = PlainTextColor(context.viewStyle, System());
     const auto shading =
-        look.style.background ? look.style.background : ShadingAt(context.document, at);
-    look.background = shading.value_or(context.viewStyle.backColor);
+        format.style.background ? format.style.background : ShadingAt(context.document, at);
+    format.background = shading.value_or(context.viewStyle.backColor);
     const bool isHidden = shading && !IsReadable(text, *shading);
-    look.foreground = look.style.color.value_or(isHidden ? LegibleOn(*shading) : text);
-    return look;
+    format.foreground = format.style.color.value_or(isHidden ? LegibleOn(*shading) : text);
+    return format;
 }
 
-ParagraphLook ParagraphLookAt(TextPane& pane, TextPos position) {
-    TextLayouts& layouts = pane.Layouts();
-    const TextSpan span = ReadingParagraphAt(layouts, WithinText(pane, position));
+ParagraphFormat TextPane::ParagraphFormatAt(TextPos position) {
+    const TextSpan span = ReadingParagraphAt(layouts_, WithinText(*this, position));
     ParagraphPart part;
     part.start = span.start;
-    part.end = EndOf(layouts.Context(), span);
+    part.end = EndOf(layouts_.Context(), span);
     const ParagraphShape shape =
-        ShapeOf(layouts.Context(), part, layouts.Text().Range(span.start, span.end));
+        ShapeOf(layouts_.Context(), part, layouts_.Text().Range(span.start, span.end));
     return {span, shape.alignment, shape.rightToLeft};
 }

@@ -1,5 +1,5 @@
 // Where the characters of a page are in the view, and its pictures and links.
-#include "view/html/page_pane.h"
+#include "view/html/readable_page.h"
 
 #include <algorithm>
 
@@ -35,18 +35,31 @@ std::optional<PlacedImage> FindPicture(const PageFragment& fragment, PageBoxId b
         }
     return std::nullopt;
 }
+
+std::optional<Rect> PictureRect(const PageViewport& view, HtmlNodeId picture) {
+    const PageBoxId box = view.shown.BoxOf(picture);
+    if (box == noPageBox) return std::nullopt;
+    const std::size_t zone = view.shown.ZoneOf(box);
+    const auto found = FindPicture(*view.shown.Flow().LayOut(zone), box);
+    if (!found) return std::nullopt;
+    return Rect{Rounded(found->left) - view.scrollX,
+                Rounded(view.scroller.InView(zone, found->top)), Rounded(found->width),
+                Rounded(found->height)};
+}
 } // namespace
 
-TextPos PagePane::CharacterAtPoint(Point point) {
-    if (!UpdateLayout()) return 0;
-    const auto line = LineAt(point, false);
+TextPos ReadablePage::CharacterAtPoint(Point point) {
+    const auto view = Viewport();
+    const auto line = view ? view->LineAt(point) : std::nullopt;
     if (!line) return 0;
-    const PagePlaces places(*page_, *shown_);
-    return places.PositionOf(line->block.Content(), places.UnitInLine(*line, point.x + scrollX_));
+    const PagePlaces places = view->Places();
+    return places.PositionOf(line->block.Content(),
+                             places.UnitInLine(*line, point.x + view->scrollX));
 }
 
-Rect PagePane::CharacterRect(TextPos position) {
-    const auto place = UpdateLayout() ? PlaceOf(position) : std::nullopt;
+Rect ReadablePage::CharacterRect(TextPos position) {
+    const auto view = Viewport();
+    const auto place = view ? view->PlaceOf(position) : std::nullopt;
     if (!place) return {};
     double left = place->x, right = place->x;
     const InlineLine& line = place->block.Line(place->line);
@@ -56,19 +69,20 @@ Rect PagePane::CharacterRect(TextPos position) {
         left = place->block.left + line.left + extent.left;
         right = place->block.left + line.left + extent.right;
     }
-    return {Rounded(left) - scrollX_, Rounded(scroller_.InView(place->block.zone, place->top)),
+    return {Rounded(left) - view->scrollX, Rounded(view->TopOf(*place)),
             std::max(1, Rounded(right - left)), Rounded(place->height)};
 }
 
-TextSpan PagePane::VisibleText() {
-    if (!UpdateLayout()) return {};
-    const PagePlaces places(*page_, *shown_);
-    PageFlow& flow = shown_->Flow();
-    const double height = look_.viewport.height;
+TextSpan ReadablePage::VisibleText() {
+    const auto view = Viewport();
+    if (!view) return {};
+    const PagePlaces places = view->Places();
+    PageFlow& flow = view->shown.Flow();
+    const double height = view->size.height;
     std::optional<TextSpan> all;
-    double y = -scroller_.Position().y;
-    for (std::size_t zone = scroller_.Position().zone; zone < flow.ZoneCount() && y < height;
-         ++zone) {
+    const PageScroller::Top& top = view->scroller.Position();
+    double y = -top.y;
+    for (std::size_t zone = top.zone; zone < flow.ZoneCount() && y < height; ++zone) {
         const PageFragmentPtr fragment = flow.LayOut(zone);
         if (const auto text = places.TextBetween(*fragment, -y, height - y))
             all = all ? TextSpan{std::min(all->start, text->start), std::max(all->end, text->end)}
@@ -81,54 +95,46 @@ TextSpan PagePane::VisibleText() {
 
 // Line by line: each has its part of the span in one stretch, or in several where its directions
 // change.
-std::vector<Rect> PagePane::VisibleBoxes(TextSpan span) {
+std::vector<Rect> ReadablePage::VisibleBoxes(TextSpan span) {
     std::vector<Rect> boxes;
+    const auto view = Viewport();
+    if (!view) return boxes;
     const TextSpan visible = VisibleText();
     const TextPos end = std::min(span.end, visible.end);
     for (TextPos at = std::max(span.start, visible.start); at < end;) {
         const TextSpan text = ReadingLine(at);
         const TextPos to = std::min(end, text.end);
-        if (const auto place = PlaceOf(at)) {
+        if (const auto place = view->PlaceOf(at)) {
             const InlineLine& line = place->block.Line(place->line);
-            const UnitSpan units =
-                PagePlaces(*page_, *shown_).SelectedUnits(place->block.Content(), at, to);
+            const UnitSpan units = view->Places().SelectedUnits(place->block.Content(), at, to);
             const TextPos first = place->block.PieceStart(place->line);
             std::optional<Rect> box;
             for (const TextExtent& extent :
                  place->block.Piece(place->line)
                      .Extents(line.line, std::max(units.start, line.start) - first,
                               std::min(units.end, line.end) - first)) {
-                const double left = place->block.left + line.left + extent.left - scrollX_;
-                const Rect part{
-                    Rounded(left), Rounded(scroller_.InView(place->block.zone, place->top)),
-                    std::max(1, Rounded(extent.right - extent.left)), Rounded(place->height)};
+                const double left = place->block.left + line.left + extent.left - view->scrollX;
+                const Rect part{Rounded(left), Rounded(view->TopOf(*place)),
+                                std::max(1, Rounded(extent.right - extent.left)),
+                                Rounded(place->height)};
                 box = box ? Joined(*box, part) : part;
             }
-            const Rect seen = box ? Within(*box, look_.viewport) : Rect{};
-            if (seen.width > 0 && seen.height > 0) boxes.push_back(seen);
+            const Rect visible = box ? Within(*box, view->size) : Rect{};
+            if (visible.width > 0 && visible.height > 0) boxes.push_back(visible);
         }
         at = std::max(to, at + 1);
     }
     return boxes;
 }
 
-std::optional<Rect> PagePane::PictureRect(HtmlNodeId picture) {
-    const PageBoxId box = shown_->BoxOf(picture);
-    if (box == noPageBox) return std::nullopt;
-    const std::size_t zone = shown_->ZoneOf(box);
-    const auto found = FindPicture(*shown_->Flow().LayOut(zone), box);
-    if (!found) return std::nullopt;
-    return Rect{Rounded(found->left) - scrollX_, Rounded(scroller_.InView(zone, found->top)),
-                Rounded(found->width), Rounded(found->height)};
-}
-
-Rect PagePane::ObjectRect(std::size_t index) {
+Rect ReadablePage::ObjectRect(std::size_t index) {
     const ReadingObjects& objects = Objects();
-    if (index >= objects.size() || !UpdateLayout()) return {};
+    const auto view = Viewport();
+    if (index >= objects.size() || !view) return {};
     const ReadingObject& object = objects[index];
     if (object.kind == ReadingObjectKind::Picture) {
-        const auto box = PictureRect(object.node);
-        return box ? Within(*box, look_.viewport) : Rect{};
+        const auto box = PictureRect(*view, object.node);
+        return box ? Within(*box, view->size) : Rect{};
     }
     std::optional<Rect> all;
     for (const Rect& box : VisibleBoxes(object.span))

@@ -1,4 +1,4 @@
-// How a text looks, for those who do not see it.
+// The formats of a text, for assistive technology.
 #pragma once
 
 #include "platform/line_layout.h"
@@ -6,14 +6,14 @@
 
 #include <string>
 
-struct CharacterLook {
+struct CharacterFormat {
     TextSpan span; // that has it
     TextStyle style;
     Color foreground = 0, background = 0;
     std::u16string link; // the address that it leads to, "" for none
 };
 
-struct ParagraphLook {
+struct ParagraphFormat {
     TextSpan span;
     Alignment alignment = Alignment::Left; // absolute, not relative to the direction
     bool rightToLeft = false;

@@ -1,0 +1,50 @@
+// What stands in lines by their styles: markers, first letters and generated content.
+#include "view/page/lines_reader.h"
+#include "view/page/list_marker.h"
+#include "view/page/page_background.h"
+#include "view/page/page_weights.h"
+#include "view/page/text_raise.h"
+
+void LinesReader::AddFirstLetter(HtmlNodeId text, const PageFirstLetter& letter) {
+    const CssStyle style = styles_.FirstLetter(letter.block);
+    const HtmlNode& node = tree_[text];
+    TextPlace place = PlaceOf(node.parent);
+    AddOwnPlace(style, styles_.Of(node.parent), fonts_, place);
+    if (IsDrawn(style.box->background)) place.background = style.box->background.Bgr();
+    OpenDecoration(noHtmlNode, style, true, place);
+    AddSide(*style.box, cssLeft);
+    writer_.SetNode(text);
+    writer_.AddText(node.Text().substr(0, letter.end), *style.inherited, place, letter.start);
+    writer_.SetNode(noHtmlNode);
+    AddSide(*style.box, cssRight);
+    CloseDecoration(noHtmlNode, true);
+}
+
+// The marker of a list's item, where it is part of its first line.
+void LinesReader::AddMarkerInside() {
+    const PageBoxId item = lines_.node != noHtmlNode ? id_ : lines_.parent;
+    if (boxes_[item].style->display != CssDisplay::ListItem) return;
+    if (boxes_[item].text->listStylePosition != CssListStylePosition::Inside) return;
+    if (item != id_ && boxes_.FirstChild(item) != id_) return;
+    const std::u16string marker = ListMarker(boxes_[item].text->listStyleType, boxes_[item].number);
+    if (!marker.empty())
+        writer_.AddText(marker + u" ", *boxes_[item].text, {.background = background_});
+}
+
+// Before or behind what is in an element.
+void LinesReader::AddGenerated(CssStyle style, HtmlNodeId element) {
+    if (!style.box) return;
+    TextPlace place = PlaceOf(element);
+    AddOwnPlace(style, styles_.Of(element), fonts_, place);
+    if (IsDrawn(style.box->background)) place.background = style.box->background.Bgr();
+    OpenDecoration(noHtmlNode, style, true, place);
+    AddSide(*style.box, cssLeft);
+    for (const CssContentItem& item : styles_.Content(style.box->content))
+        if (item.kind != CssContentItem::Kind::Picture)
+            writer_.AddText(generated_.Of(item, element).substr(0, maxGenerated), *style.inherited,
+                            place);
+        else if (nextBox_ != noPageBox && boxes_[nextBox_].generated == &item)
+            AddBox();
+    AddSide(*style.box, cssRight);
+    CloseDecoration(noHtmlNode, true);
+}
