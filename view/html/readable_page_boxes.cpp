@@ -119,8 +119,8 @@ std::vector<Rect> ReadablePage::VisibleBoxes(TextSpan span) {
                                 Rounded(place->height)};
                 box = box ? Joined(*box, part) : part;
             }
-            const Rect visible = box ? Within(*box, view->size) : Rect{};
-            if (visible.width > 0 && visible.height > 0) boxes.push_back(visible);
+            const Rect inView = box ? Within(*box, view->size) : Rect{};
+            if (inView.width > 0 && inView.height > 0) boxes.push_back(inView);
         }
         at = std::max(to, at + 1);
     }

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "tests/contract/qt/reference_view/random_book.h"
-#include "tests/random_numbers.h"
 #include "tests/contract/qt/reference_view/reference_view.h"
 #include "tests/contract/qt/text_view_bench.h"
+#include "tests/random_numbers.h"
 
 #include <QImage>
 
