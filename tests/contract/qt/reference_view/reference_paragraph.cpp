@@ -92,6 +92,7 @@ std::unique_ptr<QTextLayout> Prepared(const ReferenceSettings& settings, const R
                                 ReferencePictureFormat(settings, picture, placed.size.width())});
         text[placed.position] = referencePlaceholder;
     }
+    text.replace(u" \u2060"_qs, u"\u00A0\u2060"_qs); // where Qt would break a line
     const QFont font =
         settings.plain
             ? ReferenceFont(settings.style.font)
