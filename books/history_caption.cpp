@@ -35,8 +35,12 @@ std::u16string HistoryCaption(const BookRecord& record, const DateNames& names,
 
 std::u16string DirectedCaption(std::u16string_view caption) {
     if (!HasRightToLeft(caption)) return u"";
+    const std::size_t dateEnd = caption.starts_with(u'[') ? caption.find(u"] ") + 1 : 0;
+    const std::u16string date = DirectedWords(caption.substr(0, dateEnd));
+    caption.remove_prefix(dateEnd);
     const std::size_t at = caption.find(beforeTitle);
-    if (at == caption.npos) return DirectedPath(caption);
+    if (at == caption.npos) return date + DirectedPath(caption);
     const std::u16string_view title = caption.substr(at + beforeTitle.size());
-    return DirectedPath(caption.substr(0, at)) + std::u16string(beforeTitle) + DirectedText(title);
+    return date + DirectedPath(caption.substr(0, at)) + std::u16string(beforeTitle) +
+           DirectedText(title);
 }

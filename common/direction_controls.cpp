@@ -46,6 +46,16 @@ std::u16string DirectedText(std::u16string_view text) {
     return rightToLeftEmbedding + std::u16string(text) + popDirection;
 }
 
+std::u16string DirectedWords(std::u16string_view words) {
+    std::u16string directed;
+    for (const char16_t unit : words) {
+        if (unit == u' ' && !directed.empty() && IsRightToLeftLetter(directed.back()))
+            directed += leftToRightMark;
+        directed += unit;
+    }
+    return directed;
+}
+
 std::u16string WithoutDirectionControls(std::u16string text) {
     std::erase_if(text, [](char16_t unit) {
         return (unit >= 0x202A && unit <= 0x202E) || (unit >= 0x2066 && unit <= 0x206F);

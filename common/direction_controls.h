@@ -18,3 +18,6 @@ bool IsRightToLeft(std::u16string_view);
 // show as boxes.
 std::u16string DirectedPath(std::u16string_view path);
 std::u16string DirectedText(std::u16string_view text);
+// Words and numbers in a line from left to right, each word in its own direction: the date
+// "2026 Jul 21" with a Hebrew month.
+std::u16string DirectedWords(std::u16string_view words);

@@ -66,6 +66,10 @@ TEST_CASE("history caption: shown with path and title each in its own direction"
         {u"/\u05D0/\u05D1.txt", u"\u200E/\u05D0/\u200E\u05D1.txt"},
         {u"\\\u0628\t= Yes, \u0628", u"\u200E\\\u0628\t= Yes, \u0628"},
         {u"/\u05D0\t\u05D1", u"\u200E/\u05D0\t\u05D1"}, // a tab in a name
+        {u"[2026 \u05E0\u05D5\u05D1  23] (2K) /b/a.txt",
+         u"[2026 \u05E0\u05D5\u05D1\u200E  23] (2K) /b/a.txt"},
+        {u"[2026 Nov  23] /\u05D0.txt", u"[2026 Nov  23]\u200E /\u05D0.txt"},
+        {u"[\u05D0", u"\u200E[\u05D0"}, // no date
         {u"/b\t= 12, \uFE8F.", u"/b\t= \u202B12, \uFE8F.\u202C"},
     };
     for (const auto& row : rows)

@@ -67,6 +67,8 @@ std::vector<QRect> StatusPanels::PanelRects() const {
 void StatusPanels::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setPen(palette().color(QPalette::WindowText));
+    // In the direction of its own letters, whatever the window's is.
+    painter.setLayoutDirection(date_.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     const std::vector<QRect> rects = PanelRects();
     for (std::size_t i = 0; i < rects.size(); ++i) {
         qDrawShadePanel(&painter, rects[i], palette(), true);
