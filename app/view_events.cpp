@@ -83,7 +83,8 @@ void BringToPlace(MainForm& form, const PageTop& top) {
     const int step = WithinZoomSteps(record.Number(Field::FontSize));
     ZoomBy(form.page, html, step);
     SelectKeptInPage(form);
-    html.BringToTop(top);
+    // Where a page begins: who has scrolled on while it loaded stays there.
+    if (top.offset > 0 || top.start > 0) html.BringToTop(top);
     ZoomBy(form.page, html, ZoomStep(form.menu.mViewFont[0]) - step);
     form.page.restored = true;
 }

@@ -32,9 +32,9 @@ VIETNAMESE_IN_VISCII = (b"Ng\xe0y x\xd8a ng\xe0y x\xdfa c\xf3 m\xb5t \xf4ng vua 
                         b"ng\xdf\xb6i con trai.")
 
 
-RED, GREEN, BLUE, ORANGE = b"\xff\0\0", b"\0\xff\0", b"\0\0\xff", b"\xff\xa5\0"
+RED, GREEN, BLUE, BROWN = b"\xff\0\0", b"\0\xff\0", b"\0\0\xff", b"\xa5\x2a\x2a"
 DRAWN_SHEET = """<style>
-.drop::first-letter { float: left; color: orange; font: bold 120px monospace }
+.drop::first-letter { float: left; color: brown; font: bold 120px monospace }
 b { background: #00ff00; padding: 4px 10px }
 b::after { content: url(red.png) }
 .dashed { width: 100px; height: 20px; border-top: 4px dashed #0000ff; clear: left }</style>"""
@@ -124,12 +124,12 @@ class HtmlFiles(HtmlStory):
         def colours():
             pixels = reader.picture().pixels
             counts = collections.Counter(pixels[at:at + 3] for at in range(0, len(pixels), 3))
-            return [counts[color] for color in (RED, GREEN, BLUE, ORANGE)]
+            return [counts[color] for color in (RED, GREEN, BLUE, BROWN)]
 
         def is_drawn():
-            red, green, blue, orange = colours()
+            red, green, blue, brown = colours()
             # The word's box without its letters; of the border half; the letter's stem is thick.
-            return (red == 20 * 20 and green > 400 and 40 * 4 < blue < 80 * 4 and orange > 600)
+            return (red == 20 * 20 and green > 400 and 40 * 4 < blue < 80 * 4 and brown > 600)
         wait_for(is_drawn, "what the sheet draws: " + str(colours()))
         self.assertEqual(self.whole_text(reader), "Izzard\na word")
         reader.close()

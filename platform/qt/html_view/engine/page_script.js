@@ -144,9 +144,7 @@ const reader = (() => {
       else if (above > 0) toLine(0);
     }
   }
-  // The top is where a page begins: who has scrolled on since stays there.
   function bringToTop(offset, start, above) {
-    if (offset === 0 && start <= 0) return state();
     goToTop(offset, start, above);
     if (start > 0 && scroller().scrollTop > 0) setScrollAnchor(start, {offset, above});
     return state();
@@ -218,7 +216,9 @@ const reader = (() => {
   }
   function saveScrollAnchor() {
     if (scrollAnchor && scrollAnchor.layout === layout()) return;
-    if (scrollAnchor && scrollAnchor.width !== scroller().clientWidth) holdScrollAnchor();
+    // At the page's start there is none: who is elsewhere now has scrolled.
+    const holds = scrollAnchor && scrollAnchor.start >= 0;
+    if (holds && scrollAnchor.width !== scroller().clientWidth) holdScrollAnchor();
     else setScrollAnchor(scroller().scrollTop > 0 ? startAtTop() : -1);
   }
   // The engine keeps a block in its place then, not a line, and tells of it as of scrolling.
