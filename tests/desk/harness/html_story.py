@@ -89,7 +89,7 @@ class HtmlStory(Story):
 
 
 def first_line(strip):
-    """The rows of the first line that is not cut."""
+    """The rows of the first line that is not cut; all of a picture that is higher."""
     plain = [strip.crop(0, y, strip.width, y + 1).is_plain() for y in range(strip.height)]
-    top = next(y for y in range(1, strip.height) if plain[y - 1] and not plain[y])
+    top = next((y for y in range(1, strip.height) if plain[y - 1] and not plain[y]), 0)
     return top, next((y for y in range(top, strip.height) if plain[y]), strip.height)
