@@ -64,7 +64,7 @@ void AddWritten(CssProperty property, std::u16string_view name, std::span<const 
     const std::u16string_view text = SourceOf(value);
     if (name.size() + text.size() > maxCssVariableUnits) return;
     block.declarations.push_back(
-        {property, important, CssValue::OfIndex(CssValue::Kind::Math, block.written.size())});
+        {property, important, CssValue::OfIndex(CssValue::Kind::Written, block.written.size())});
     block.written.push_back({std::u16string(name), std::u16string(text)});
 }
 

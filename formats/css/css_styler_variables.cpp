@@ -5,6 +5,7 @@
 void CssStyler::AddWritten(std::span<const CssDeclaration> declarations, const CssBlock& block,
                            bool important,
                            std::vector<const CssWrittenDeclaration*>& written) const {
+    if (block.written.empty()) return; // as most sheets and style attributes are
     for (const CssDeclaration& declaration : declarations)
         if (declaration.property == CssProperty::Custom && declaration.important == important)
             written.push_back(&block.written[declaration.value.index]);

@@ -48,7 +48,8 @@ struct CssValue {
         CurrentColor,
         Families,
         Content,
-        Math, // `index` of one in the block; never a computed value
+        Math,    // `index` of one in the block; never a computed value
+        Written, // `index` of a CssWrittenDeclaration in the block; likewise
         Sum,  // of `number` pixels and `keyword`, an int16_t, hundredths of a percent
         // Those of all properties.
         Inherit,

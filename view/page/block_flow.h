@@ -62,7 +62,6 @@ class BlockFlow {
     OpenBlock OpenedBlock(PageBoxId id, const InlineEdges& content, FragmentMark from) const;
     void MoveRelative(const OpenBlock& block);
     BoxEdges EdgesOf(PageBoxId box) const;
-    InlineEdges RoomOf(PageBoxId box) const;
 
     PageLayouter& layouter_;
     const PageBoxId container_;

@@ -30,6 +30,7 @@ class LinesReader {
     void AddMarkerInside();
     void AddGenerated(CssStyle style, HtmlNodeId element);
     TextPlace PlaceOf(HtmlNodeId element);
+    TextPlace PlaceWithin(HtmlNodeId element, CssStyle style);
     bool IsInline(HtmlNodeId element) const;
 
     const HtmlTree& tree_;

@@ -5,12 +5,18 @@
 #include "view/page/page_weights.h"
 #include "view/page/text_raise.h"
 
+// Of a pseudo-element with this style.
+TextPlace LinesReader::PlaceWithin(HtmlNodeId element, CssStyle style) {
+    TextPlace place = PlaceOf(element);
+    AddOwnPlace(style, styles_.Of(element), fonts_, place);
+    if (IsDrawn(style.box->background)) place.background = style.box->background.Bgr();
+    return place;
+}
+
 void LinesReader::AddFirstLetter(HtmlNodeId text, const PageFirstLetter& letter) {
     const CssStyle style = styles_.FirstLetter(letter.block);
     const HtmlNode& node = tree_[text];
-    TextPlace place = PlaceOf(node.parent);
-    AddOwnPlace(style, styles_.Of(node.parent), fonts_, place);
-    if (IsDrawn(style.box->background)) place.background = style.box->background.Bgr();
+    const TextPlace place = PlaceWithin(node.parent, style);
     OpenDecoration(noHtmlNode, style, true, place);
     AddSide(*style.box, cssLeft);
     writer_.SetNode(text);
@@ -34,9 +40,7 @@ void LinesReader::AddMarkerInside() {
 // Before or behind what is in an element.
 void LinesReader::AddGenerated(CssStyle style, HtmlNodeId element) {
     if (!style.box) return;
-    TextPlace place = PlaceOf(element);
-    AddOwnPlace(style, styles_.Of(element), fonts_, place);
-    if (IsDrawn(style.box->background)) place.background = style.box->background.Bgr();
+    const TextPlace place = PlaceWithin(element, style);
     OpenDecoration(noHtmlNode, style, true, place);
     AddSide(*style.box, cssLeft);
     for (const CssContentItem& item : styles_.Content(style.box->content))
