@@ -59,10 +59,10 @@ int ViewPosition(const MainForm& form) {
 // Next and Previous leave the last unmarked position as it was.
 void GoKeepingLast(MainForm& form, int index) {
     const std::u16string last = form.bookmarks.last.tag;
-    const PageTop lastTop = form.page.last;
+    const PageTop lastTop = form.bookmarks.lastTop;
     mBookmarkList_Click(form, index);
     form.bookmarks.last.tag = last;
-    form.page.last = lastTop;
+    form.bookmarks.lastTop = lastTop;
 }
 } // namespace
 
@@ -120,15 +120,15 @@ void mBookmarkPrev_Click(MainForm& form, int) {
 }
 
 void mBookmarkLast_Click(MainForm& form, int) {
-    std::u16string& last = form.bookmarks.last.tag;
+    const std::u16string& last = form.bookmarks.last.tag;
     if (last.empty() || !CanGo(form)) return;
     UncheckBookmarks(form.bookmarks);
     if (IsPageShown(form))
-        form.ports.htmlView->BringToTop(form.page.last);
+        form.ports.htmlView->BringToTop(form.bookmarks.lastTop);
     else
         ScrollCaretToTop(*form.ports.textView, WholeNumber(last));
-    form.page.last = {};
-    last = form.bookmarks.menu.tag = u"";
+    ForgetLastPosition(form.bookmarks);
+    form.bookmarks.menu.tag = u"";
 }
 
 void mBookmarkClearAll_Click(MainForm& form, int) {
@@ -150,7 +150,7 @@ void mBookmarkDeleteList_Click(MainForm& form, int index) {
 void mBookmarkList_Click(MainForm& form, int index) {
     if (!CanGo(form)) return;
     form.bookmarks.last.tag = NumberText(ViewPosition(form));
-    if (IsPageShown(form)) form.page.last = form.ports.htmlView->Top();
+    if (IsPageShown(form)) form.bookmarks.lastTop = form.ports.htmlView->Top();
     form.bookmarks.menu.tag = NumberText(index);
     UncheckBookmarks(form.bookmarks);
     form.menu.mBookmarkList[index].checked = true;

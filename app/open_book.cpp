@@ -40,7 +40,7 @@ void ChangeKind(MainForm& form, int index, BookKind kind) {
     SetHistoryCaption(form.history, index);
     if (!shown) return;
     ForgetShownBook(form);
-    form.bookmarks.last.tag = u"";
+    ForgetLastPosition(form.bookmarks);
 }
 
 // Whether the listed book can be shown as it is asked for.

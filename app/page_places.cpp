@@ -50,7 +50,7 @@ std::vector<PageTop*> Trail(HtmlPage& page) {
 BookPlaces PlacesInPage(MainForm& form, const BookRecord& record) {
     const bool hasLast = !form.bookmarks.last.tag.empty();
     BookPlaces places = PlacesOfBook(form, record, KnownTop(form.places.kept),
-                                     hasLast ? Known(form.page.last) : KnownPlace());
+                                     hasLast ? Known(form.bookmarks.lastTop) : KnownPlace());
     for (const PageTop* top : Trail(form.page)) {
         places.known.push_back(Known(*top));
         places.hasWords = places.hasWords || !places.known.back().words.IsEmpty();
@@ -72,7 +72,7 @@ void MovePlaces(MainForm& form, const TextSource& text, const BookPlaces& places
     KeptPlaces& kept = form.places.kept;
     const TextPos length = kept.top.length > 0 ? kept.top.length : text.Length();
     auto found = FindPlaces(text, length, places.known, [] { return true; });
-    Move(form.page.last, text, found[1]);
+    Move(form.bookmarks.lastTop, text, found[1]);
     const auto trail = Trail(form.page);
     for (auto top = trail.rbegin(); top != trail.rend(); ++top, found.pop_back())
         Move(**top, text, found.back());

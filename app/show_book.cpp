@@ -88,10 +88,8 @@ void ShowInHtmlView(MainForm& form, const BookRecord& record,
                     const std::optional<FileVersion>& file) {
     HtmlView& html = *form.ports.htmlView;
     auto trail = form.Refreshing ? std::move(form.page.trail) : std::vector<PagePlace>();
-    PageTop last = std::move(form.page.last);
     ResetPage(form.page);
     form.page.trail = std::move(trail);
-    form.page.last = std::move(last);
     auto selection = std::move(form.places.selection);
     form.places = {};
     form.places.file = file;
@@ -172,7 +170,7 @@ void ShowBook(MainForm& form, ListedBook book) {
     form.menu.mFileList[0].checked = true;
     form.book.path = record.Path();
     if (form.book.path != pathBefore) {
-        form.bookmarks.last.tag = u""; // a place in that book
+        ForgetLastPosition(form.bookmarks); // in that book
         form.book.isNew = true;
     }
     WatchBookFile(form);

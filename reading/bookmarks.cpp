@@ -136,6 +136,11 @@ void UncheckBookmarks(Bookmarks& bookmarks) {
         item.checked = false;
 }
 
+void ForgetLastPosition(Bookmarks& bookmarks) {
+    bookmarks.last.tag.clear();
+    bookmarks.lastTop = {};
+}
+
 std::optional<CharSpan> MarkInText(const TextView& view) {
     const TextPos start = view.SelStart(), selected = view.SelLength();
     if (start == 0) return std::nullopt;

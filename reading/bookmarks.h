@@ -2,6 +2,7 @@
 #pragma once
 
 #include "common/menu_model.h"
+#include "platform/html_view.h"
 #include "platform/text_view.h"
 
 #include <functional>
@@ -15,6 +16,7 @@ struct Bookmarks {
     MenuItem& separator;   // above the list
     MenuItem& menu;        // the tag: the index gone to last, "" or "-1" for none
     MenuItem& last;        // the tag: the last unmarked position, "" for none
+    PageTop lastTop = {};  // what stands there, on a page
     int defined = -1;      // the index defined just now: stands out when the menu opens next
 
     bool IsEmpty() const { return list[0].tag.empty(); }
@@ -49,6 +51,7 @@ void RemoveAllMarks(Bookmarks&);
 // The one last gone to; the first when there is none, as in a book just opened.
 int CurrentBookmark(const Bookmarks&);
 void UncheckBookmarks(Bookmarks&);
+void ForgetLastPosition(Bookmarks&);
 
 // What to mark in a text: the selection, or a standard length from the caret; nothing at the
 // beginning of the text.

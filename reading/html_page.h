@@ -18,7 +18,6 @@ struct HtmlPage {
     bool restored = false; // loaded and brought to its place: only then its place can be kept
     int pendingZoomKeys = 0;      // sent to the view and not yet seen to arrive
     std::vector<PagePlace> trail; // where links were followed that led here, the last at the end
-    PageTop last;                 // where Last Unmarked Position leads, while there is one
 
     // What happened to the page while a command ran, for when that is done.
     std::optional<std::u16string> arrivedUrl;

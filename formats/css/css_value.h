@@ -50,7 +50,7 @@ struct CssValue {
         Content,
         Math,    // `index` of one in the block; never a computed value
         Written, // `index` of a CssWrittenDeclaration in the block; likewise
-        Sum,  // of `number` pixels and `keyword`, an int16_t, hundredths of a percent
+        Sum,     // of `number` pixels and `keyword`, an int16_t, hundredths of a percent
         // Those of all properties.
         Inherit,
         Initial,

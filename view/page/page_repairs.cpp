@@ -18,37 +18,36 @@ bool IsNeverRead(const HtmlNode& node) {
     default: return false;
     }
 }
+
+bool IsSeen(CssStyle style) {
+    return style.box->display != CssDisplay::None &&
+           style.inherited->visibility == CssVisibility::Visible;
+}
+
+void AddShare(std::u16string_view text, CssStyle style, bool isPositioned, PageTextShares& shares) {
+    if (std::all_of(text.begin(), text.end(), IsHtmlSpace)) return;
+    shares.all += text.size();
+    if (!IsSeen(style))
+        shares.hidden += text.size();
+    else if (isPositioned)
+        shares.positioned += text.size();
+}
 } // namespace
 
 PageTextShares TextSharesOf(const HtmlTree& tree, const CssPageStyles& styles) {
     PageTextShares shares;
-    HtmlNodeId behindPositioned = noHtmlNode;
-    bool isPositioned = false;
-    for (HtmlNodeId id = tree.RootElement(); id != noHtmlNode;) {
-        if (isPositioned && id == behindPositioned) isPositioned = false;
+    bool isPositioned = false; // up to `positionedEnd`
+    HtmlNodeId positionedEnd = noHtmlNode;
+    const auto next = [&](HtmlNodeId id) {
+        return tree[id].IsElement() && IsNeverRead(tree[id]) ? tree.NextBehind(id) : tree.Next(id);
+    };
+    for (HtmlNodeId id = tree.RootElement(); id != noHtmlNode; id = next(id)) {
         const HtmlNode& node = tree[id];
-        if (node.IsElement()) {
-            if (IsNeverRead(node)) {
-                id = tree.NextBehind(id);
-                continue;
-            }
-            if (!isPositioned && styles.Of(id).box->position == CssPosition::Absolute) {
-                isPositioned = true;
-                behindPositioned = tree.NextBehind(id);
-            }
-        } else if (node.IsText()) {
-            const std::u16string_view text = node.Text();
-            if (!std::all_of(text.begin(), text.end(), IsHtmlSpace)) {
-                const CssStyle style = styles.Of(node.parent);
-                shares.all += text.size();
-                if (style.box->display == CssDisplay::None ||
-                    style.inherited->visibility != CssVisibility::Visible)
-                    shares.hidden += text.size();
-                else if (isPositioned)
-                    shares.positioned += text.size();
-            }
-        }
-        id = tree.Next(id);
+        if (isPositioned && id == positionedEnd) isPositioned = false;
+        if (node.IsText()) AddShare(node.Text(), styles.Of(node.parent), isPositioned, shares);
+        if (isPositioned || !node.IsElement()) continue;
+        isPositioned = styles.Of(id).box->position == CssPosition::Absolute;
+        if (isPositioned) positionedEnd = tree.NextBehind(id);
     }
     return shares;
 }
