@@ -24,11 +24,14 @@ void NoneHtmlView::Forget() {
     selection_ = {};
 }
 
-void NoneHtmlView::FinishLoading() {
-    const std::u16string path = navigations.back();
-    document_ = pages[path];
+void NoneHtmlView::ShowPage() {
+    document_ = pages[navigations.back()];
     loaded_ = true;
-    onLoaded(loads.back(), u"file://" + path);
+}
+
+void NoneHtmlView::FinishLoading() {
+    ShowPage();
+    onLoaded(loads.back(), u"file://" + navigations.back());
 }
 
 PrintAnswer NoneHtmlView::Print(const std::u16string& title) {

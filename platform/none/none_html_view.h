@@ -29,7 +29,8 @@ class NoneHtmlView : public HtmlView {
     PrintAnswer printAnswer;          // of a page that is not shown by the browser's engine
     bool answers = true;              // false: every question runs out of time
     std::function<void()> whileAsked; // what happens around while a question waits
-    void FinishLoading();             // of the page navigated to last
+    void ShowPage();                  // the one navigated to last; it can be scrolled
+    void FinishLoading();             // of it, which is shown by then at the latest
     void Die();
     bool zoomsAtOnce = true;        // false: a new size takes until `FinishZoom`
     void ZoomByHand(int steps);     // 0: back to normal

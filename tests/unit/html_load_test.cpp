@@ -218,6 +218,19 @@ TEST_CASE("html load: reopened at its place, in its size and colour, with its ma
     CHECK(next.Record(0)[Field::Marks] == u"100,5");
 }
 
+TEST_CASE("html load: who scrolls a page without a place while it loads stays there") {
+    HtmlForm test;
+    test.PutPage(u"/b/p.htm");
+    REQUIRE(test.Start());
+    OpenBook(test.form, u"/b/p.htm");
+    test.Page().ShowPage();
+    test.Page().ScrollByHand(300);
+    test.Page().FinishLoading();
+    CHECK(test.Page().ScrollTop() == 300);
+    test.Autosave();
+    CHECK(test.Record(0)[Field::LastPos] == u"300");
+}
+
 TEST_CASE("html load: a new book takes the present zoom, its size and no place") {
     HtmlForm test;
     test.PutPage(u"/b/p.htm");
