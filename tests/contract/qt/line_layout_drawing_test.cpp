@@ -1,4 +1,5 @@
 // What only the line layout of Qt has: its pixels.
+#include "platform/qt/text_view/line_layout/pinned_fonts.h"
 #include "platform/qt/text_view/line_layout/qt_canvas.h"
 #include "platform/qt/text_view/line_layout/qt_line_layout.h"
 
@@ -8,6 +9,7 @@
 #include <doctest/doctest.h>
 
 #include <cstdlib>
+#include <set>
 
 namespace {
 constexpr int width = 200, height = 80, baseline = 40; // pixels
@@ -74,4 +76,15 @@ TEST_CASE("qt line layout: a line above the text is above its letters") {
     style.overline = true;
     CHECK(Drawn(style).first < plain.first);
     CHECK(Drawn(style).last == plain.last);
+}
+
+TEST_CASE("line layout: fonts of many sizes are found among each other without going through all") {
+    std::set<std::size_t> hashes;
+    QFont font(QStringLiteral("Serif"));
+    for (int size = 0; size < 1000; ++size) {
+        font.setPointSizeF(8 + size / 100.0);
+        hashes.insert(FontHash{}(font));
+    }
+    CHECK(hashes.size() == 1000);
+    CHECK(FontHash{}(font) == FontHash{}(QFont(font)));
 }

@@ -1,15 +1,20 @@
 #include "platform/qt/text_view/line_layout/pinned_fonts.h"
 
 #include <QFontMetricsF>
-#include <QSet>
+
+#include <unordered_set>
+
+std::size_t FontHash::operator()(const QFont& font) const {
+    return qHashMulti(0, font.pointSizeF(), font.letterSpacing(), font.weight(), font.italic(),
+                      font.family());
+}
 
 std::vector<QFont> PinFonts(const QFont& layoutFont,
                             const QList<QTextLayout::FormatRange>& formats) {
     std::vector<QFont> fonts;
-    QSet<QFont> known;
+    std::unordered_set<QFont, FontHash> known;
     const auto pin = [&](const QFont& font) {
-        if (known.contains(font)) return;
-        known.insert(font);
+        if (!known.insert(font).second) return;
         fonts.push_back(font);
         QFontMetricsF(font).ascent(); // loads the engine, which copies of the font share
     };
