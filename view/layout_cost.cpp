@@ -69,7 +69,8 @@ class UnitCounter {
         const bool isDeepInCluster = cluster_.Add(character) >= maxClusterLength;
         // Font fallback tries one font after the other.
         const bool rare = units > 1 || HasNoFont(character);
-        if (isDeepInCluster || rare || character == u'\t' || wordLength_ > maxWordLength)
+        const bool startsRun = character == u'\t' || IsDirectionControl(character);
+        if (isDeepInCluster || rare || startsRun || wordLength_ > maxWordLength)
             costly_ += units;
     }
 
@@ -148,6 +149,13 @@ TextPos CostlyUnits(const TextSource& text, const Document& document, TextPos st
                                           [](const Picture& picture) { return picture.position; });
     return runs + pictures + CostlyInText(text, start, end) +
            CostlyInCapitals(text, document, start, end);
+}
+
+bool IsDense(std::u16string_view piece) {
+    UnitCounter counter;
+    for (const char16_t unit : piece)
+        counter.Add(unit);
+    return 4 * counter.Costly() >= TextPos(piece.size());
 }
 
 bool IsDenseBefore(const TextSource& text, const Document& document, TextPos position) {

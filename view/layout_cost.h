@@ -1,11 +1,13 @@
 // Estimates the work to lay out a text by counting its costly units, which take many times the time
 // or memory of a letter in a book: a run of one letter, a picture, a tab, a character outside the
-// BMP or in no font, the tail of a long cluster (marks, joiners, zero-width characters), and a word
-// that is too long to break.
+// BMP or in no font, the tail of a long cluster (marks, joiners, zero-width characters), a change of
+// direction by a control, and a word that is too long to break.
 #pragma once
 
 #include "common/text_source.h"
 #include "formats/document.h"
+
+#include <string_view>
 
 // Position within the current grapheme cluster.
 class ClusterLength {
@@ -30,4 +32,5 @@ TextPos CostlyUnits(const TextSource& text, const Document& document, TextPos st
 // Whether so many units before `position` are costly that a paragraph is cut there. Books have runs
 // of a word or two and are not dense.
 constexpr TextPos densePiece = 2 * 1024;
+bool IsDense(std::u16string_view piece);
 bool IsDenseBefore(const TextSource& text, const Document& document, TextPos position);

@@ -171,6 +171,35 @@ TEST_CASE("page limits: marks without end on a letter are not all shaped") {
     CHECK(std::count(text.begin(), text.end(), u'\u0301') < 40);
 }
 
+TEST_CASE("page limits: text that systems take long for is in small parts, wherever it stands") {
+    const auto longest = [](const std::u16string& text) {
+        PageSample page(u"<p>" + text);
+        std::uint32_t units = 0;
+        for (PageBoxId id = rootPageBox; id < page.boxes.End(); ++id)
+            units = std::max(units, page.boxes[id].units);
+        return units;
+    };
+    const std::u16string words = Repeated(u"some words ", 1000);
+    CHECK(longest(words) > 10'000);
+    CHECK(longest(Repeated(u"\u202B\u202C", 10'000)) <= 2048);
+    CHECK(longest(Repeated(u"\u2067a\u2069", 10'000)) <= 2048);
+    CHECK(longest(Repeated(u"\U0001D49C", 10'000)) <= 2048);
+    CHECK(longest(std::u16string(20'000, u'a')) <= 2048 + 512);
+    CHECK(longest(words + Repeated(u"\u2067a\u2069", 1000)) > 10'000);
+    PageSample page(u"<p>" + Repeated(words, 3) + Repeated(u"\u2067a\u2069", 10'000));
+    CHECK(page.boxes[page.boxes.End() - 1].units <= 2048);
+}
+
+TEST_CASE("page limits: cells without a table that are too many for one are blocks, all of them") {
+    const std::u16string cells = Repeated(u"<div style='display:table-cell'>some words</div>", 4);
+    CHECK(PageSample(cells).Boxes().find("Table") != std::string::npos);
+    CHECK(PageSample(cells, low).Boxes().find("Table") != std::string::npos);
+    CHECK(PageSample(Repeated(cells, 10), low).Boxes().find("Table") == std::string::npos);
+    const std::u16string columns = u"<div style='display:table-column'></div>";
+    CHECK(PageSample(columns + u"a" + columns + cells).Boxes().find("Table") != std::string::npos);
+    CHECK(PageSample(Repeated(columns, 4) + u"a").Boxes().find("Table") == std::string::npos);
+}
+
 TEST_CASE("page limits: blocks in lines that hold much are not all in the same lines") {
     const std::u16string nested =
         Repeated(u"<i style='display:inline-block'>x ", 400) + Repeated(u"</i>", 400);

@@ -1,6 +1,7 @@
 #include "view/page/lines_builder.h"
 
 #include "formats/html/html_units.h"
+#include "view/layout_cost.h"
 #include "view/page/first_letter.h"
 #include "view/page/text_cut.h"
 
@@ -89,13 +90,22 @@ void LinesBuilder::AddFirstLetter(HtmlNodeId id) {
 // How far the text goes in the lines that are open; the start if they are too long already.
 std::size_t LinesBuilder::TextEnd(std::u16string_view text, std::size_t at,
                                   CssWhiteSpace whiteSpace) const {
-    const std::size_t room = limits_.lines - std::min(limits_.lines, boxes_.Weight());
+    const std::size_t room = RoomFor(text.substr(at));
     if (IsLong() && KeepsBreaks(whiteSpace)) {
         const std::size_t lineBreak = text.substr(0, at + room).find(u'\n', at);
         if (lineBreak != text.npos) return lineBreak + 1;
     }
     if (text.size() - at <= room) return text.size();
     return room == 0 ? at : TextCut(text, at, at + room, whiteSpace);
+}
+
+// Text that a system takes long for gets less room.
+std::size_t LinesBuilder::RoomFor(std::u16string_view text) const {
+    const std::size_t room = limits_.lines - std::min(limits_.lines, boxes_.Weight());
+    const std::size_t end = std::min(room, text.size());
+    for (std::size_t at = 0; at + densePiece < end; at += densePiece)
+        if (IsDense(text.substr(at, densePiece))) return at + densePiece;
+    return room;
 }
 
 void LinesBuilder::AddUnits(std::size_t units) {

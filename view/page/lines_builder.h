@@ -40,6 +40,7 @@ class LinesBuilder {
     void Divide(HtmlNodeId behind, std::uint32_t unit);
     void MakeRoom(HtmlNodeId node, PageWeight weight);
     std::size_t TextEnd(std::u16string_view text, std::size_t at, CssWhiteSpace whiteSpace) const;
+    std::size_t RoomFor(std::u16string_view text) const;
     void AddFirstLetter(HtmlNodeId text);
     void AddUnits(std::size_t units);
     bool IsLong() const { return boxes_.Weight() > limits_.GoodLines(); }

@@ -77,15 +77,14 @@ class PageBoxBuilder : private BlockBuilder {
 
     void VisitChildren(HtmlNodeId node) {
         for (HtmlNodeId child = tree_[node].firstChild; child != noHtmlNode;) {
-            const HtmlSiblings parts = tables_.PartsFrom(child);
-            if (parts.first == parts.behind) {
-                Visit(child);
-                child = tree_[child].nextSibling;
-            } else {
+            const TableParts parts = tables_.PartsFrom(child);
+            if (parts.makeTable) {
                 lines_.Close(child);
-                tables_.BuildAnonymous(parts);
-                child = parts.behind;
+                tables_.BuildAnonymous(parts.nodes);
+            } else {
+                ForEach(tree_, parts.nodes, [&](HtmlNodeId part) { Visit(part); });
             }
+            child = parts.nodes.behind;
         }
     }
 

@@ -42,9 +42,9 @@ void TableBuilder::BuildAnonymous(HtmlSiblings parts) {
     BuildTable(noHtmlNode, parts, isToTheEnd ? tree_.NextBehind(parent) : parts.behind);
 }
 
-HtmlSiblings TableBuilder::PartsFrom(HtmlNodeId first) const {
+TableParts TableBuilder::PartsFrom(HtmlNodeId first) const {
     const CssDisplay around = DisplayOf(tree_[first].parent);
-    HtmlSiblings parts{first, first};
+    TableParts parts{{first, tree_[first].nextSibling}};
     if (!IsTablePart(DisplayOf(first)) || around == CssDisplay::Table || IsTablePart(around))
         return parts;
     PageWeight weight = 0;
@@ -55,9 +55,10 @@ HtmlSiblings TableBuilder::PartsFrom(HtmlNodeId first) const {
         const bool isBlank = tree_[id].IsText() ? lines_.IsEmptyText(id) : !IsShownPart(id);
         if (!IsTablePart(display) && !isBlank) break;
         weight += weights_.Of(id);
-        if (IsTablePart(display) && !isColumn) parts.behind = tree_[id].nextSibling;
+        if (IsTablePart(display)) parts.nodes.behind = tree_[id].nextSibling;
+        parts.makeTable = parts.makeTable || (IsTablePart(display) && !isColumn);
     }
-    if (weight > limits_.whole) parts.behind = first;
+    if (weight > limits_.whole) parts.makeTable = false;
     return parts;
 }
 

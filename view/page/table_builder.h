@@ -15,6 +15,11 @@ class BlockBuilder {
     virtual void Visit(HtmlNodeId node) = 0; // as a part of what is open
 };
 
+struct TableParts {
+    HtmlSiblings nodes;
+    bool makeTable = false; // else they are none, too many, or columns alone
+};
+
 class TableBuilder {
   public:
     TableBuilder(const HtmlTree& tree, const CssPageStyles& styles, const PageLimits& limits,
@@ -24,9 +29,9 @@ class TableBuilder {
           lines_(lines), blocks_(blocks) {}
 
     void Build(HtmlNodeId table);
-    // Rows, cells and captions from a node on that stand in no table, and the blanks between them;
-    // none if that node is not one of them, or if they are too long.
-    HtmlSiblings PartsFrom(HtmlNodeId first) const;
+    // Parts of tables from a node on that stand in no table, and the blanks between them; else that
+    // node alone.
+    TableParts PartsFrom(HtmlNodeId first) const;
     void BuildAnonymous(HtmlSiblings parts); // a table of these
     void CollapseBorders();                  // of all tables, when all boxes are made
 
