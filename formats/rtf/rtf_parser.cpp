@@ -53,7 +53,6 @@ void RtfParser::HandleToken(const RtfToken& token) {
 }
 
 void RtfParser::OpenGroup() {
-    FinishBytes();
     fallbackLeft_ = 0;
     if (stack_.size() == maxRtfDepth) {
         ++sharedDepth_;
@@ -65,7 +64,6 @@ void RtfParser::OpenGroup() {
 }
 
 void RtfParser::CloseGroup() {
-    FinishBytes();
     fallbackLeft_ = 0;
     if (sharedDepth_ > 0) {
         --sharedDepth_;
@@ -117,7 +115,6 @@ Document RtfParser::ReleaseDocument() {
 void RtfParser::HandleWord(const RtfToken& token, bool isStarred) {
     if (State().destination == RtfDestination::Skip) return;
     const RtfWordEntry* entry = FindRtfWord(token.text);
-    FinishBytes();
     if (isStarred && (!entry || entry->family != RtfFamily::Destination))
         return EnterDestination(RtfDestination::Skip);
     if (entry) HandleKnownWord(*entry, token);

@@ -94,6 +94,7 @@ void RtfParser::EndField() {
 // At the end of a field whose result is empty or left out.
 void RtfParser::AddFieldText() {
     if (fieldTexts_.empty() || fieldTexts_.back().depth != stack_.size()) return;
+    FinishCharacter();
     const FieldText field = std::move(fieldTexts_.back());
     fieldTexts_.pop_back();
     if (Story().Size() != field.resultStart || !IsShown()) return;

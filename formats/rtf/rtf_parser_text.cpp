@@ -91,6 +91,7 @@ void RtfParser::AddBytes(std::string_view bytes, int codePage) {
     if (!isBody)
         bytes = bytes.substr(0, maxRtfFieldLength - std::min(maxRtfFieldLength, sink->size()));
     if (const RtfSymbolSet symbols = SymbolsOfText(); symbols != RtfSymbolSet::None) {
+        FinishBytes();
         for (const char c : bytes)
             AddSymbol(static_cast<unsigned char>(c));
         return;
@@ -132,8 +133,8 @@ void RtfParser::FinishBytes() {
     if (std::u16string* const sink = Sink()) decoder_.Flush(*sink);
 }
 
-// Before whatever cannot be a character's next part. Between the halves of a pair may be properties
-// and groups, but no text.
+// Before whatever cannot be a character's next part. Between the halves of a pair and between the
+// bytes of a character may be properties and groups, but no text.
 void RtfParser::FinishCharacter() {
     FinishBytes();
     if (State().destination == RtfDestination::Skip) return;

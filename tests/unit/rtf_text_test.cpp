@@ -164,7 +164,6 @@ TEST_CASE("rtf reader: characters of several bytes in all their spellings") {
         {"{\\rtf1\\ansicpg932\\'b1\\'b2}", "ｱｲ"},
         {"{\\rtf1\\ansicpg932\\'83\\par x}", "\uFFFD\nx"},
         {"{\\rtf1\\ansicpg932\\'83}", "\uFFFD"},
-        {"{\\rtf1\\ansicpg932{\\'83}e}", "\uFFFDe"},
         {"{\\rtf1\\ansicpg932\\'83\\u8364?e}", "\uFFFD€e"},
         {"{\\rtf1\\ansicpg949\\'b8\\'bc\\'c0\\'ba}", "맑은"},
         {"{\\rtf1\\ansicpg936\\'d6\\'d0\\'b9\\'fa}", "中国"},
@@ -172,6 +171,23 @@ TEST_CASE("rtf reader: characters of several bytes in all their spellings") {
         {"{\\rtf1\\ansicpg950\\'a4\\'a4\\'a4\\'e5}", "中文"},
         {"{\\rtf1{\\fonttbl{\\f0\\fcharset134 A;}{\\f1\\fcharset204 B;}}\\f0\\'d6\\f1\\'d0}",
          "\uFFFDР"},
+    });
+}
+
+TEST_CASE("rtf reader: properties and groups between the bytes of a character") {
+    CheckTexts({
+        {"{\\rtf1\\ansicpg932{\\'83}e}", "テ"},
+        {"{\\rtf1\\ansicpg932{\\'8c}{\\'e1}\\'94\\loch\\b\\'79}", "吾輩"},
+        {"{\\rtf1\\ansicpg932\\'94{\\*\\unknown x\\par}\\'4c}", "猫"},
+        {"{\\rtf1\\ansicpg54936\\'81{\\'30}\\b\\'81{{\\'30}}}", "\u0080"},
+        {"{\\rtf1\\ansicpg65001\\'e2{\\'82}\\i\\'ac}", "€"},
+        {"{\\rtf1{\\fonttbl{\\f0\\fcharset128 A;}{\\f1\\fcharset128 B;}}\\f0\\'8c\\f1\\'e1}", "吾"},
+        {"{\\rtf1\\ansicpg932{\\'83}\\tab e}", "\uFFFD\te"},
+        {"{\\rtf1\\ansicpg932{\\'83}\\par e}", "\uFFFD\ne"},
+        {"{\\rtf1\\ansicpg932 a\\'83{\\footnote\\'65}\\'65}", "a\uFFFDe\ne\n"},
+        {"{\\rtf1\\ansicpg932\\'83{\\pict\\pngblip 41}e}", "\uFFFD\uFFFCe"},
+        {"{\\rtf1\\ansicpg932{\\fonttbl{\\f1\\fcharset2 Symbol;}}\\'83\\f1 a}", "\uFFFDα"},
+        {"{\\rtf1\\ansicpg932{\\field{\\*\\fldinst QUOTE x}{\\fldrslt\\'83}}e}", "\uFFFDe"},
     });
 }
 
