@@ -154,6 +154,9 @@ std::u16string TextOfField(std::u16string_view instruction) {
     if (EqualIgnoringCase(words.Word(), u"SYMBOL")) return TextOfSymbol(words);
     if (EqualIgnoringCase(words.Word(), u"EQ")) return EquationReader(words.Rest()).Read();
     if (EqualIgnoringCase(words.Word(), u"QUOTE") && words.Next()) return words.Word();
+    const bool isButton = EqualIgnoringCase(words.Word(), u"MACROBUTTON") ||
+                          EqualIgnoringCase(words.Word(), u"GOTOBUTTON");
+    if (isButton && words.Next()) return std::u16string(TrimBlanks(words.Rest()));
     return {};
 }
 

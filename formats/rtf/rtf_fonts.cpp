@@ -10,7 +10,7 @@ void RtfFontTable::Begin(std::int32_t number) {
     font_ = {};
     number_ = number;
     hasOpenFont_ = true;
-    hasSymbols_ = false;
+    hasSymbols_ = true;
     name_.clear();
 }
 

@@ -42,7 +42,8 @@ class RtfFontTable {
     std::int32_t defaultNumber_ = 0;
     RtfFont font_;
     std::int32_t number_ = 0;
-    bool hasOpenFont_ = false, hasSymbols_ = false;
+    bool hasOpenFont_ = false;
+    bool hasSymbols_ = true; // of a font without a charset, the name decides
     std::u16string name_;
 };
 

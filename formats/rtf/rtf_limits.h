@@ -36,6 +36,14 @@ constexpr std::size_t maxRtfRows = 65'536;
 constexpr std::size_t maxRtfPictures = 32'768;
 constexpr std::size_t maxRtfPictureBytes = std::size_t{1} << 29; // of all pictures
 
+// A number takes several times what the paragraph takes in the file. Paragraphs beyond have none.
+constexpr std::size_t maxRtfNumberedParagraphs = 65'536;
+constexpr std::size_t maxRtfNumberFormats = 1024;
+constexpr std::size_t maxRtfNumberTextLength = 16; // units before a number, and behind it
+constexpr std::int32_t maxRtfNumber = 999'999;
+constexpr std::size_t maxRtfFormEntries = 256; // word processors stop at 25
+constexpr std::size_t maxRtfFileName = 260;
+
 // Character styles hold the link's index in 16 bits.
 constexpr std::size_t maxRtfLinks = 65'535;
 constexpr std::size_t maxRtfFieldLength = 4096; // units of an instruction: a long address

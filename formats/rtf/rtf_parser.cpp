@@ -140,11 +140,19 @@ void RtfParser::HandleKnownWord(const RtfWordEntry& entry, const RtfToken& token
             rows_.definition.Apply(entry, parameter, colors_);
         break;
     case RtfFamily::Picture:
-        if (destination == RtfDestination::Picture) picture_.Apply(entry, parameter);
+        if (destination == RtfDestination::Picture ||
+            destination == RtfDestination::AttachedPicture)
+            picture_.Apply(entry, parameter);
         break;
     case RtfFamily::FontTable: HandleFontWord(entry, parameter); break;
     case RtfFamily::ColorTable: HandleColorWord(entry, parameter); break;
     case RtfFamily::Document: HandleDocumentWord(entry, parameter); break;
+    case RtfFamily::Numbering:
+        if (destination == RtfDestination::Numbering) numbering_.Apply(entry, parameter);
+        break;
+    case RtfFamily::FormField:
+        if (destination == RtfDestination::FormField) formField_.Apply(entry, parameter);
+        break;
     case RtfFamily::Math: HandleMathWord(entry.word); break;
     case RtfFamily::Unicode:
         if (entry.word == RtfWord::FallbackLength)

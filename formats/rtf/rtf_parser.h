@@ -1,7 +1,9 @@
 // The RTF reader: handles groups, destinations, control words and text.
 #pragma once
 
+#include "formats/rtf/rtf_form_field.h"
 #include "formats/rtf/rtf_limits.h"
+#include "formats/rtf/rtf_numbering.h"
 #include "formats/rtf/rtf_pictures.h"
 #include "formats/rtf/rtf_rows.h"
 #include "formats/rtf/rtf_state.h"
@@ -41,6 +43,7 @@ class RtfParser {
     void AddPicture(RtfStory& story, const CharStyle& style, Picture picture);
     void EndNote(const RtfState& ended);
     void EndPicture(const RtfState& ended);
+    void EndAttachedPicture(const RtfState& ended);
 
     void HandleBreak(RtfWord word);
     void EndParagraph();
@@ -49,6 +52,7 @@ class RtfParser {
     void EndRow();
     void EndNestedRow();
     void AddNoteNumber();
+    void AddParagraphNumber();
 
     void HandleText(std::string_view bytes);
     void HandleHexByte(unsigned char byte);
@@ -63,6 +67,7 @@ class RtfParser {
     void FinishCharacter();
     bool SkipsFallback();
     std::u16string* Sink();
+    std::size_t MaxLengthOfSink() const;
     int CodePageOfText() const;
     int CodePageOfRawText() const;
     RtfSymbolSet SymbolsOfText() const;
@@ -105,7 +110,9 @@ class RtfParser {
     RtfRowBuilder rows_;
     RtfPictureReader picture_;
     std::size_t noteCount_ = 0;
-    std::u16string fieldInstruction_, shapeProperty_;
+    RtfNumbering numbering_;
+    RtfFormField formField_; // of the last instruction
+    std::u16string fieldInstruction_, shapeProperty_, attachedFile_;
     std::vector<std::u16string> links_;
     // What a field shows if it has no result: it is the group of this depth.
     struct FieldText {

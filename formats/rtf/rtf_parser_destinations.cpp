@@ -1,5 +1,6 @@
 #include "formats/rtf/rtf_parser.h"
 
+#include "common/text.h"
 #include "formats/rtf/rtf_field_text.h"
 #include "formats/rtf/rtf_fields.h"
 
@@ -33,6 +34,7 @@ void RtfParser::EnterDestination(RtfDestination destination) {
         if (state.fieldLink != 0) state.chars.link = state.fieldLink;
         state.fieldLink = 0;
         return;
+    case RtfDestination::ParagraphNumber: state.inNumber = true; return;
     case RtfDestination::FallbackPicture:
         if (Story().text.ends_with(u'\uFFFC')) state.destination = RtfDestination::Skip;
         return;
@@ -48,7 +50,15 @@ void RtfParser::EnterNested(RtfDestination destination) {
     switch (destination) {
     case RtfDestination::Picture: picture_.Begin(); break;
     case RtfDestination::Styles: styles_.Name().clear(); break;
-    case RtfDestination::FieldInstruction: fieldInstruction_.clear(); break;
+    case RtfDestination::FieldInstruction:
+        fieldInstruction_.clear();
+        formField_ = {};
+        break;
+    case RtfDestination::Numbering: numbering_.Begin(); break;
+    case RtfDestination::AttachedPicture:
+        attachedFile_.clear();
+        picture_.Begin();
+        break;
     case RtfDestination::ShapePropertyName: shapeProperty_.clear(); break;
     default: break;
     }
@@ -68,6 +78,9 @@ void RtfParser::EndDestination(const RtfState& ended) {
     case RtfDestination::Fonts: fonts_.End(); break;
     case RtfDestination::FieldInstruction: EndField(); break;
     case RtfDestination::Picture: EndPicture(ended); break;
+    case RtfDestination::AttachedPicture: EndAttachedPicture(ended); break;
+    case RtfDestination::Numbering: State().numberFormat = numbering_.End(); break;
+    case RtfDestination::FormEntry: formField_.EndEntry(); break;
     default: break;
     }
     if (ended.inNote && !State().inNote) EndNote(ended);
@@ -80,6 +93,7 @@ void RtfParser::EndField() {
     if (IsShown() && sharedDepth_ == 0) {
         FieldText field{TextOfField(fieldInstruction_), PictureFileOfField(fieldInstruction_),
                         stack_.size(), Story().Size()};
+        if (field.text.empty()) field.text = formField_.Text(fieldInstruction_);
         if (!field.text.empty() || !field.pictureFile.empty())
             fieldTexts_.push_back(std::move(field));
     }
@@ -115,6 +129,16 @@ void RtfParser::EndNote(const RtfState& ended) {
 void RtfParser::EndPicture(const RtfState& ended) {
     const bool isShown = ended.outer == RtfDestination::Body && !ended.isHidden;
     if (isShown) AddPicture(ended.inNote ? notes_ : body_, ended.chars, picture_.Release());
+}
+
+// The character behind it stands for the picture in other readers.
+void RtfParser::EndAttachedPicture(const RtfState& ended) {
+    fallbackLeft_ = 1;
+    if (ended.outer != RtfDestination::Body || ended.isHidden) return;
+    Picture picture = picture_.Release();
+    picture.file = TrimBlanks(attachedFile_);
+    if (!picture.file.empty())
+        AddPicture(ended.inNote ? notes_ : body_, ended.chars, std::move(picture));
 }
 
 void RtfParser::AddPicture(RtfStory& story, const CharStyle& style, Picture picture) {

@@ -27,8 +27,10 @@ int RtfParser::CodePageOfRawText() const {
 }
 
 RtfSymbolSet RtfParser::SymbolsOfText() const {
-    const RtfFont* const font =
-        State().destination == RtfDestination::Body ? FontOfText() : nullptr;
+    const RtfDestination destination = State().destination;
+    const bool isShown =
+        destination == RtfDestination::Body || destination == RtfDestination::NumberBefore;
+    const RtfFont* const font = isShown ? FontOfText() : nullptr;
     return font ? font->symbols : RtfSymbolSet::None;
 }
 
@@ -37,13 +39,31 @@ std::u16string* RtfParser::Sink() {
     switch (State().destination) {
     case RtfDestination::Body:
         if (State().isHidden) return nullptr;
+        if (State().numberFormat != 0) AddParagraphNumber();
         Story().UseCharStyle(CharStyleNow());
         return &Story().text;
     case RtfDestination::Fonts: return &fonts_.Name();
     case RtfDestination::Styles: return &styles_.Name();
     case RtfDestination::FieldInstruction: return &fieldInstruction_;
     case RtfDestination::ShapePropertyName: return &shapeProperty_;
+    case RtfDestination::NumberBefore: return &numbering_.Before();
+    case RtfDestination::NumberAfter: return &numbering_.After();
+    case RtfDestination::FormEntry: return &formField_.Entry();
+    case RtfDestination::FormDefaultText: return &formField_.DefaultText();
+    case RtfDestination::AttachedPicture: return &attachedFile_;
     default: return nullptr;
+    }
+}
+
+std::size_t RtfParser::MaxLengthOfSink() const {
+    switch (State().destination) {
+    case RtfDestination::Body: return body_.text.max_size();
+    case RtfDestination::NumberBefore:
+    case RtfDestination::NumberAfter: return maxRtfNumberTextLength;
+    case RtfDestination::FormEntry:
+    case RtfDestination::FormDefaultText:
+    case RtfDestination::AttachedPicture: return maxRtfFileName;
+    default: return maxRtfFieldLength;
     }
 }
 
@@ -87,9 +107,8 @@ void RtfParser::AddBytes(std::string_view bytes, int codePage) {
     std::u16string* const sink = Sink();
     if (!sink) return;
     if (std::exchange(highSurrogate_, 0)) sink->push_back(u'\uFFFD');
-    const bool isBody = State().destination == RtfDestination::Body;
-    if (!isBody)
-        bytes = bytes.substr(0, maxRtfFieldLength - std::min(maxRtfFieldLength, sink->size()));
+    const std::size_t maxLength = MaxLengthOfSink();
+    bytes = bytes.substr(0, maxLength - std::min(maxLength, sink->size()));
     if (const RtfSymbolSet symbols = SymbolsOfText(); symbols != RtfSymbolSet::None) {
         FinishBytes();
         for (const char c : bytes)
@@ -109,7 +128,7 @@ void RtfParser::EndNames() {
 void RtfParser::AddUnit(char16_t unit) {
     std::u16string* const sink = Sink();
     if (!sink) return;
-    if (State().destination != RtfDestination::Body && sink->size() >= maxRtfFieldLength) return;
+    if (sink->size() >= MaxLengthOfSink()) return;
     sink->push_back(unit);
     EndNames();
 }
@@ -195,7 +214,9 @@ void RtfParser::EndParagraph() {
     if (State().inShape) return AddUnit(u'\v');
     if (IsDropCap()) return;
     if (!State().inNote) rows_.BeforeParagraphEnd(body_, State().inTable);
+    const TextPos start = Story().paragraphStart;
     Story().EndParagraph(u'\n', CharStyleNow(), ParagraphStyleNow());
+    if (!State().inNote) numbering_.EndParagraph(start, Story().Size());
 }
 
 // Whether the paragraph that ends is the first letter of the next one.
@@ -221,6 +242,16 @@ void RtfParser::EndNestedRow() {
     if (story.AtParagraphStart()) return;
     if (story.text.back() == u'\t') story.text.pop_back();
     EndParagraph();
+}
+
+// Before the first text of a paragraph, unless that is the number itself.
+void RtfParser::AddParagraphNumber() {
+    RtfState& state = State();
+    if (!body_.AtParagraphStart() || state.inNote || state.inNumber) return;
+    const std::size_t format = std::exchange(state.numberFormat, 0);
+    for (const char16_t unit : numbering_.TextOfParagraph(format, body_.paragraphStart))
+        AddUnit(unit);
+    state.numberFormat = format;
 }
 
 void RtfParser::AddNoteNumber() {

@@ -95,6 +95,7 @@ void ApplyParagraphWord(RtfState& state, const RtfWordEntry& entry, bool hasPara
         state.borderSide = RtfBorderSide::None;
         state.shading = {};
         state.dropCapLines = 0;
+        state.numberFormat = 0;
         break;
     case RtfWord::Align: style.alignment = static_cast<Alignment>(entry.value); break;
     case RtfWord::LeftIndent: style.leftIndent = ClampRtfTwips(parameter); break;

@@ -1,6 +1,7 @@
 #include "formats/rtf/rtf_words.h"
 
 #include "formats/document.h"
+#include "formats/rtf/rtf_numbering.h"
 
 #include <array>
 #include <cstddef>
@@ -50,7 +51,15 @@ constexpr WordGroup wordGroups[] = {
     To(D::FallbackPicture, "nonshppict"),
     To(D::NestedRowProperties, "nesttableprops"),
     To(D::Note, "footnote"),
-    To(D::Transparent, "field listtext mmath moMath moMathPara pntext rtf shp shppict sp"),
+    To(D::Numbering, "pn"),
+    To(D::NumberBefore, "pntxtb"),
+    To(D::NumberAfter, "pntxta"),
+    To(D::ParagraphNumber, "listtext pntext"),
+    To(D::FormField, "formfield"),
+    To(D::FormEntry, "ffl"),
+    To(D::FormDefaultText, "ffdeftext"),
+    To(D::AttachedPicture, "NeXTGraphic"),
+    To(D::Transparent, "field mmath moMath moMathPara rtf shp shppict sp"),
     // Unknown destinations marked \* are skipped anyway; some writers forget the mark.
     To(D::Skip,
        "aftncn aftnsep aftnsepc annotation atnauthor atndate atnicn atnid atnparent atnref atntime "
@@ -63,7 +72,7 @@ constexpr WordGroup wordGroups[] = {
        "mlimLowPr mlimUppPr mmPr mmathPict mmathPr mnaryPr moMathParaPr mphantPr mradPr mrPr "
        "msPrePr msSubPr msSubSupPr msSupPr nonesttables objalias objclass objdata objname objtime "
        "operator "
-       "panose passwordhash pgdsctbl pgptbl picprop pn pnseclvl pntxta pntxtb printim private "
+       "panose passwordhash pgdsctbl pgptbl picprop pnseclvl printim private "
        "protusertbl revtbl revtim rsidtbl rxe shprslt subject tc tcn template themedata "
        "title txe userprops wgrffmtfilter xe xmlnstbl"),
 
@@ -110,7 +119,7 @@ constexpr WordGroup wordGroups[] = {
     {"nosupersub", F::Character, W::NormalScript},
     {"up", F::Character, W::Raised},
     {"dn", F::Character, W::Lowered},
-    {"f", F::Character, W::Font},
+    {"f pnf", F::Character, W::Font},
     {"fs", F::Character, W::FontSize},
     {"cf", F::Character, W::Foreground},
     {"cb chcbpat highlight", F::Character, W::Background},
@@ -188,8 +197,8 @@ constexpr WordGroup wordGroups[] = {
     Valued("dibitmap macpict pmmetafile wbitmap", F::Picture, W::PictureKind, PictureFormat::Other),
     {"picw", F::Picture, W::PictureWidth},
     {"pich", F::Picture, W::PictureHeight},
-    {"picwgoal", F::Picture, W::PictureGoalWidth},
-    {"pichgoal", F::Picture, W::PictureGoalHeight},
+    {"picwgoal width", F::Picture, W::PictureGoalWidth},
+    {"height pichgoal", F::Picture, W::PictureGoalHeight},
     {"picscalex", F::Picture, W::PictureScaleX},
     {"picscaley", F::Picture, W::PictureScaleY},
 
@@ -205,6 +214,17 @@ constexpr WordGroup wordGroups[] = {
     {"ansicpg", F::Document, W::AnsiCodePage},
     {"deff", F::Document, W::DefaultFont},
     {"deftab", F::Document, W::DefaultTab},
+    Valued("pncard pndec pnord pnordt", F::Numbering, W::NumberKind, RtfNumberKind::Decimal),
+    Valued("pnucrm", F::Numbering, W::NumberKind, RtfNumberKind::UpperRoman),
+    Valued("pnlcrm", F::Numbering, W::NumberKind, RtfNumberKind::LowerRoman),
+    Valued("pnucltr", F::Numbering, W::NumberKind, RtfNumberKind::UpperLetter),
+    Valued("pnlcltr", F::Numbering, W::NumberKind, RtfNumberKind::LowerLetter),
+    {"pnstart", F::Numbering, W::NumberStart},
+    {"pnlvl pnlvlbody", F::Numbering, W::NumberedParagraph},
+    {"pnlvlblt", F::Numbering, W::BulletedParagraph},
+    {"pnlvlcont", F::Numbering, W::ContinuedParagraph},
+    {"ffres", F::FormField, W::FormResult},
+    {"ffdefres", F::FormField, W::FormDefaultResult},
     {"mnum", F::Math, W::MathNumerator},
     {"mden", F::Math, W::MathDenominator},
     {"mrad", F::Math, W::MathRadical},

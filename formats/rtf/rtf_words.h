@@ -17,6 +17,8 @@ enum class RtfFamily : std::uint8_t {
     FontTable,
     ColorTable,
     Document,
+    Numbering,
+    FormField,
     Math, // a part of a formula
     Unicode,
 };
@@ -36,6 +38,13 @@ enum class RtfDestination : std::uint8_t {
     Shape,
     ShapePropertyName,
     NestedRowProperties,
+    Numbering,
+    NumberBefore,
+    NumberAfter,
+    FormField,
+    FormEntry,
+    FormDefaultText,
+    AttachedPicture, // its text is the name of a file beside the book
 
     Transparent,        // as the group around it
     UnicodeHalf,        // as around \upr, for us
@@ -45,6 +54,7 @@ enum class RtfDestination : std::uint8_t {
     FieldResult,        // as the group around it, with the field's link
     FallbackPicture,    // a picture for readers that do not know \shppict
     ShapePropertyValue, // may hold the shape's picture
+    ParagraphNumber,    // what the writer has put in front of a paragraph
 };
 
 enum class RtfWord : std::uint8_t {
@@ -132,6 +142,15 @@ enum class RtfWord : std::uint8_t {
     AnsiCodePage,
     DefaultFont,
     DefaultTab,
+    // Numbering
+    NumberKind, // `value` is the RtfNumberKind
+    NumberStart,
+    NumberedParagraph,
+    BulletedParagraph,
+    ContinuedParagraph, // of the one before, without a number
+    // FormField
+    FormResult,
+    FormDefaultResult,
     // Math
     MathNumerator,
     MathDenominator,

@@ -74,6 +74,10 @@ const NastyFile nastyFiles[] = {
     {"{\\rtf1{\\footnote ", "x"},
     {"{\\rtf1 ", "{\\upr{x}{\\*\\ud y}}"},
     {"{\\rtf1 ", "\\chftn"},
+    {"{\\rtf1{\\*\\pn\\pnlcrm\\pnstart3888{\\pntxtb ((((((((((((((((}}", "x\\par"},
+    {"{\\rtf1 ", "{\\*\\pn\\pndec}"},
+    {"{\\rtf1{\\*\\formfield", "{\\*\\ffl x}"},
+    {"{\\rtf1 ", "{\\NeXTGraphic a}"},
     {"{\\rtf1\\v ", "x\\par"},
 };
 
@@ -125,6 +129,7 @@ TEST_CASE("rtf limits: fonts, styles and links that all differ cost no more") {
         {"{\\rtf1 ", "{\\field{\\*\\fldinst HYPERLINK ", "}{\\fldrslt b}}"},
         {"{\\rtf1 ", "\\ansicpg", "\\'e9"},
         {"{\\rtf1 ", "\\u", "?"},
+        {"{\\rtf1 ", "{\\*\\pn\\pndec\\pnstart", "}"},
     };
     for (const auto& c : cases) {
         CAPTURE(c.before);

@@ -154,6 +154,9 @@ TEST_CASE("rtf fields: without a result, what the instruction says") {
         {"EQ \\\\o(", ""},
         {"EQ ))\\\\", "))"},
         {"QUOTE \"a b\"", "a b"},
+        {"MACROBUTTON NoMacro [Type here]", "[Type here]"},
+        {"GOTOBUTTON place see there ", "see there"},
+        {"GOTOBUTTON place", ""},
         {"PAGE", ""},
         {"HYPERLINK \"u\"", ""},
     };
@@ -164,6 +167,33 @@ TEST_CASE("rtf fields: without a result, what the instruction says") {
         CHECK(Utf16ToUtf8(Read("x" + field + "}y").text) == "x" + c.text + "y");
         CHECK(Utf16ToUtf8(Read("x" + field + "{\\fldrslt{\\b z}}}y").text) == "xzy");
     }
+}
+
+TEST_CASE("rtf fields: those of forms show their state") {
+    const struct {
+        std::string instruction, form, text;
+    } cases[] = {
+        {"FORMCHECKBOX", "\\fftype1\\ffres1", "☒"},
+        {"FORMCHECKBOX", "\\fftype1\\ffres0\\ffdefres1", "☐"},
+        {"FORMCHECKBOX", "\\fftype1\\ffres25\\ffdefres1{\\*\\ffname Check}", "☒"},
+        {"FORMCHECKBOX", "\\fftype1", "☐"},
+        {"FORMDROPDOWN", "\\fftype2\\ffres1{\\*\\ffl One}{\\*\\ffl Two}", "Two"},
+        {"FORMDROPDOWN", "\\fftype2\\ffres25{\\*\\ffl One}{\\*\\ffl Two}", "One"},
+        {"FORMDROPDOWN", "\\fftype2\\ffres-1{\\*\\ffl One}", ""},
+        {"FORMTEXT", "\\fftype0{\\*\\ffname T}{\\*\\ffdeftext words}", "words"},
+        {"PAGE", "\\ffres1{\\*\\ffl One}", ""},
+    };
+    for (const auto& c : cases) {
+        CAPTURE(c.form);
+        const std::string field =
+            "{\\field{\\*\\fldinst{" + c.instruction + " {\\*\\formfield{" + c.form + "}}}}";
+        CHECK(Utf16ToUtf8(Read("x" + field + "{\\fldrslt}}y").text) == "x" + c.text + "y");
+        CHECK(Utf16ToUtf8(Read("x" + field + "{\\fldrslt z}}y").text) == "xzy");
+    }
+    // What one field says is nothing to the next.
+    CHECK(Read("{\\field{\\*\\fldinst FORMTEXT{\\*\\formfield{\\*\\ffdeftext a}}}}"
+               "{\\field{\\*\\fldinst FORMTEXT}}")
+              .text == u"a");
 }
 
 TEST_CASE("rtf fields: a sign in place of a result has the style around the field") {
@@ -252,6 +282,18 @@ TEST_CASE("rtf fields: a picture in a file is named, and shown where the field h
     REQUIRE(stored.pictures.size() == 1);
     CHECK(stored.pictures[0].bytes == "A");
     CHECK(Read("{\\field{\\*\\fldinst INCLUDEPICTURE}{\\fldrslt}}").pictures.empty());
+}
+
+TEST_CASE("rtf pictures: in a file beside the book, with a character that stands for it") {
+    const Document document =
+        Read("a{{\\NeXTGraphic my pic.png \\width6400 \\height4800 \\noorient\n}\\'ac}b");
+    CHECK(document.text == u"a\uFFFCb");
+    REQUIRE(document.pictures.size() == 1);
+    CHECK(document.pictures[0].file == u"my pic.png");
+    CHECK(document.pictures[0].widthTwips == 6400);
+    CHECK(document.pictures[0].heightTwips == 4800);
+    CHECK(Read("a{\\v{\\NeXTGraphic b.png}\\'ac}c").text == u"ac");
+    CHECK(Read("a{{\\NeXTGraphic}\\'ac}b").text == u"ab");
 }
 
 TEST_CASE("picture files: read once for each name, and by what they are") {

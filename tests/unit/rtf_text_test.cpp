@@ -210,7 +210,8 @@ TEST_CASE("rtf reader: properties and groups between the halves of a pair") {
 TEST_CASE("rtf reader: fonts of symbols") {
     const std::string start = "{\\rtf1{\\fonttbl{\\f0 A;}{\\f1\\fcharset2 Symbol;}"
                               "{\\f2\\fcharset2 Wingdings;}{\\f3\\fcharset2 Other;}"
-                              "{\\f4\\fcharset0 Symbol;}{\\f5\\fcharset2 Webdings;}}";
+                              "{\\f4\\fcharset0 Symbol;}{\\f5\\fcharset2 Webdings;}"
+                              "{\\f6\\ftech Symbol;}}";
     struct {
         std::string_view body, text;
     } const cases[] = {
@@ -224,6 +225,7 @@ TEST_CASE("rtf reader: fonts of symbols") {
         {"{\\f5 4<=an\\'7f\\'ff}", "⏵⏹⏺✔⬤\uF07F🕊"},
         {"{\\f3 a\\'b7}", "a·"},
         {"{\\f4 a\\'b7}", "a·"},
+        {"{\\f6 a\\'b7}", "α•"}, // an old writer names no charset
         {"{\\pntext\\f1\\'b7\\tab}a", "•\ta"},
     };
     for (const auto& c : cases) {

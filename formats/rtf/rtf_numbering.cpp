@@ -1,0 +1,102 @@
+#include "formats/rtf/rtf_numbering.h"
+
+#include "formats/rtf/rtf_limits.h"
+#include "formats/rtf/rtf_symbols.h"
+
+#include <algorithm>
+
+namespace {
+
+std::u16string DecimalText(std::int32_t number) {
+    const std::string digits = std::to_string(number);
+    return {digits.begin(), digits.end()};
+}
+
+std::u16string RomanText(std::int32_t number, bool isUpper) {
+    constexpr std::int32_t largest = 3999;
+    if (number <= 0 || number > largest) return DecimalText(number);
+    constexpr struct {
+        std::int32_t value;
+        std::u16string_view upper, lower;
+    } digits[] = {{1000, u"M", u"m"}, {900, u"CM", u"cm"}, {500, u"D", u"d"}, {400, u"CD", u"cd"},
+                  {100, u"C", u"c"},  {90, u"XC", u"xc"},  {50, u"L", u"l"},  {40, u"XL", u"xl"},
+                  {10, u"X", u"x"},   {9, u"IX", u"ix"},   {5, u"V", u"v"},   {4, u"IV", u"iv"},
+                  {1, u"I", u"i"}};
+    std::u16string text;
+    for (const auto& digit : digits)
+        for (; number >= digit.value; number -= digit.value)
+            text += isUpper ? digit.upper : digit.lower;
+    return text;
+}
+
+// After z follows aa, then bb.
+std::u16string LetterText(std::int32_t number, char16_t first) {
+    constexpr std::int32_t letters = 26, mostInRow = 8;
+    if (number <= 0 || number > letters * mostInRow) return DecimalText(number);
+    return std::u16string(static_cast<std::size_t>((number - 1) / letters + 1),
+                          static_cast<char16_t>(first + (number - 1) % letters));
+}
+
+std::u16string TextOf(RtfNumberKind kind, std::int32_t number) {
+    switch (kind) {
+    case RtfNumberKind::Decimal: return DecimalText(number);
+    case RtfNumberKind::UpperRoman: return RomanText(number, true);
+    case RtfNumberKind::LowerRoman: return RomanText(number, false);
+    case RtfNumberKind::UpperLetter: return LetterText(number, u'A');
+    case RtfNumberKind::LowerLetter: return LetterText(number, u'a');
+    default: return {};
+    }
+}
+
+} // namespace
+
+std::u16string NumberText(const RtfNumberFormat& format, std::int32_t number) {
+    return format.before + TextOf(format.kind, number) + format.after;
+}
+
+void RtfNumbering::Begin() {
+    format_ = {};
+    isBullet_ = isContinued_ = false;
+}
+
+void RtfNumbering::Apply(const RtfWordEntry& entry, std::int32_t parameter) {
+    switch (entry.word) {
+    case RtfWord::NumberKind: format_.kind = static_cast<RtfNumberKind>(entry.value); break;
+    case RtfWord::NumberStart: format_.start = std::clamp(parameter, 0, maxRtfNumber); break;
+    case RtfWord::NumberedParagraph: // its kind may come later, or never
+        if (format_.kind == RtfNumberKind::None) format_.kind = RtfNumberKind::Decimal;
+        break;
+    case RtfWord::BulletedParagraph: isBullet_ = true; break;
+    case RtfWord::ContinuedParagraph: isContinued_ = true; break;
+    default: break;
+    }
+}
+
+std::size_t RtfNumbering::End() {
+    if (isBullet_) format_.kind = RtfNumberKind::Bullet;
+    if (isContinued_ || format_.kind == RtfNumberKind::None) return 0;
+    // A sign that only a symbol font has is some bullet.
+    std::ranges::replace_if(format_.before, IsSymbolFontUnit, u'\u2022');
+    if (format_.kind == RtfNumberKind::Bullet && format_.before.empty()) format_.before = u"\u2022";
+    const auto known = std::ranges::find(formats_, format_);
+    if (known == formats_.end() && formats_.size() == maxRtfNumberFormats) return 0;
+    const auto index = static_cast<std::size_t>(known - formats_.begin());
+    if (known == formats_.end()) formats_.push_back(format_);
+    return index + 1;
+}
+
+std::u16string RtfNumbering::TextOfParagraph(std::size_t format, std::uint32_t paragraphStart) {
+    if (count_ == maxRtfNumberedParagraphs) return {};
+    ++count_;
+    const RtfNumberFormat& found = formats_[format - 1];
+    const bool goesOn =
+        lastFormat_ == format && lastEnd_ == paragraphStart && lastEnd_ > lastStart_;
+    lastNumber_ = goesOn && lastNumber_ < maxRtfNumber ? lastNumber_ + 1 : found.start;
+    lastFormat_ = format;
+    lastStart_ = lastEnd_ = paragraphStart;
+    return NumberText(found, lastNumber_) + u'\t';
+}
+
+void RtfNumbering::EndParagraph(std::uint32_t start, std::uint32_t end) {
+    if (lastFormat_ != 0 && start == lastStart_) lastEnd_ = end;
+}
