@@ -76,6 +76,7 @@ void RtfParser::CloseGroup() {
     const RtfState ended = std::move(State());
     stack_.pop_back();
     if (ended.opensDestination && !stack_.empty()) EndDestination(ended);
+    if (ended.inNumber && !stack_.empty() && !State().inNumber) EndWrittenNumber();
 }
 
 void RtfParser::CloseAllGroups() {

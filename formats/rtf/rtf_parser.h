@@ -53,6 +53,7 @@ class RtfParser {
     void EndNestedRow();
     void AddNoteNumber();
     void AddParagraphNumber();
+    void EndWrittenNumber();
 
     void HandleText(std::string_view bytes);
     void HandleHexByte(unsigned char byte);
@@ -111,6 +112,7 @@ class RtfParser {
     RtfPictureReader picture_;
     std::size_t noteCount_ = 0;
     RtfNumbering numbering_;
+    std::u16string blankNumber_; // written in front of the paragraph that begins
     RtfFormField formField_; // of the last instruction
     std::u16string fieldInstruction_, shapeProperty_, attachedFile_;
     std::vector<std::u16string> links_;

@@ -39,7 +39,7 @@ std::u16string* RtfParser::Sink() {
     switch (State().destination) {
     case RtfDestination::Body:
         if (State().isHidden) return nullptr;
-        if (State().numberFormat != 0) AddParagraphNumber();
+        if (State().numberFormat != 0 || !blankNumber_.empty()) AddParagraphNumber();
         Story().UseCharStyle(CharStyleNow());
         return &Story().text;
     case RtfDestination::Fonts: return &fonts_.Name();
@@ -214,6 +214,7 @@ void RtfParser::EndParagraph() {
     if (State().inShape) return AddUnit(u'\v');
     if (IsDropCap()) return;
     if (!State().inNote) rows_.BeforeParagraphEnd(body_, State().inTable);
+    if (!State().inNote) blankNumber_.clear();
     const TextPos start = Story().paragraphStart;
     Story().EndParagraph(u'\n', CharStyleNow(), ParagraphStyleNow());
     if (!State().inNote) numbering_.EndParagraph(start, Story().Size());
@@ -249,9 +250,20 @@ void RtfParser::AddParagraphNumber() {
     RtfState& state = State();
     if (!body_.AtParagraphStart() || state.inNote || state.inNumber) return;
     const std::size_t format = std::exchange(state.numberFormat, 0);
-    for (const char16_t unit : numbering_.TextOfParagraph(format, body_.paragraphStart))
+    std::u16string text = std::exchange(blankNumber_, {});
+    if (format != 0) text = numbering_.TextOfParagraph(format, body_.paragraphStart);
+    for (const char16_t unit : text)
         AddUnit(unit);
     state.numberFormat = format;
+}
+
+// One of blanks alone waits for the paragraph's text: what the writer could not write out may
+// follow as a description.
+void RtfParser::EndWrittenNumber() {
+    const bool isBlank =
+        !State().inNote && !body_.AtParagraphStart() &&
+        body_.text.find_first_not_of(u" \t\u00A0", body_.paragraphStart) == body_.text.npos;
+    if (isBlank) blankNumber_ = body_.TakeParagraph();
 }
 
 void RtfParser::AddNoteNumber() {

@@ -46,6 +46,14 @@ void RtfStory::EndLastParagraph(std::uint32_t paragraphStyle) {
     DropEmptyRun(charRuns, Size());
 }
 
+std::u16string RtfStory::TakeParagraph() {
+    std::u16string taken = text.substr(paragraphStart);
+    text.resize(paragraphStart);
+    while (charRuns.size() > 1 && charRuns.back().start > paragraphStart)
+        charRuns.pop_back();
+    return taken;
+}
+
 void RtfStory::Append(RtfStory&& other) {
     const TextPos offset = Size();
     text += other.text;

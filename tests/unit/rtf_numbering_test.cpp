@@ -37,6 +37,11 @@ TEST_CASE("rtf numbering: paragraphs without their number get one") {
         {"{\\*\\pn\\pndec}a\\par\\par b", "1\ta\n\n1\tb"},
         {"{\\*\\pn\\pndec}{\\v x}{\\b a}", "1\ta"},
         {"\\trowd\\cellx9\\intbl{\\*\\pn\\pndec}a\\cell\\row", "1\ta\a\n"},
+        // Written as blanks only.
+        {"{\\listtext  \\tab}\\pard{\\*\\pn\\pnlvlbody\\pndec{\\pntxta .}}{\\b a}\\par", "1.\ta\n"},
+        {"{\\listtext  \\tab}\\pard{\\b a}", " \ta"},
+        {"a\\par{\\b\\listtext\\tab}\\par b", "a\n\nb"},
+        {"a{\\listtext  \\tab}{\\*\\pn\\pndec}b", "a \tb"},
         // Written out, or of no paragraph.
         {"\\pard{\\pntext\\f1\\'b7\\tab}{\\*\\pn\\pnlvlblt\\pnf1{\\pntxtb\\'b7}}a\\par"
          "{\\pntext\\f1\\'b7\\tab}b",
