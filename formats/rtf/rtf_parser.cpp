@@ -14,10 +14,28 @@ std::size_t CountUtf8(std::string_view bytes) {
     return static_cast<std::size_t>(std::count_if(
         bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) >= 0xC0; }));
 }
+
+// Whether a file names UTF-8 as its code page and escapes bytes of that. Fonts may name Windows'
+// Latin page all the same, of which other such files have their bytes.
+bool EscapesUtf8(std::string_view bytes) {
+    constexpr std::size_t headerLength = 4096;
+    if (bytes.substr(0, headerLength).find("\\ansicpg65001") == bytes.npos) return false;
+    RtfTokenizer tokenizer(bytes);
+    std::string escaped;
+    for (RtfToken token = tokenizer.Next(); token.kind != RtfToken::Kind::End;
+         token = tokenizer.Next()) {
+        if (token.kind == RtfToken::Kind::Hex)
+            escaped += static_cast<char>(token.byte);
+        else if (escaped.empty() || escaped.back() != ' ')
+            escaped += ' '; // no character goes on behind it
+    }
+    return CountUtf8(escaped) > 0;
+}
 } // namespace
 
 RtfParser::RtfParser(std::string_view bytes, int systemCodePage)
-    : tokenizer_(bytes), codePage_(systemCodePage), rawUtf8_(CountUtf8(bytes)) {
+    : tokenizer_(bytes), codePage_(systemCodePage), rawUtf8_(CountUtf8(bytes)),
+      escapesUtf8_(EscapesUtf8(bytes)) {
     // A file's text is mostly less than half of it; growing to the rest costs one copy.
     body_.text.reserve(bytes.size() / 2);
 }

@@ -105,6 +105,7 @@ class RtfParser {
     RtfTextDecoder decoder_;
     int codePage_;        // of text in a font without one
     std::size_t rawUtf8_; // characters of UTF-8 that are bytes of the file, not escaped
+    bool escapesUtf8_;
     std::int32_t defaultTab_ = 720;
 
     RtfStory body_, notes_;

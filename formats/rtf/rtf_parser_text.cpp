@@ -14,6 +14,7 @@ int RtfParser::CodePageOfText() const {
         page = fonts_.CodePageOfName();
     else if (const RtfFont* font = FontOfText())
         page = font->codePage;
+    if (escapesUtf8_ && page == 1252) page = utf8Page;
     return page != 0 ? page : codePage_;
 }
 

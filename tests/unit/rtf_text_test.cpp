@@ -131,6 +131,9 @@ TEST_CASE("rtf reader: code pages of the document") {
         {"{\\rtf1\\ansicpg65001\\'c3\\'a9 \xC3\xA9\xE2\x82\xAC}", "é é€"},
         {"{\\rtf1\\ansicpg65001 \xC3x\xE2\x82}", "\uFFFDx\uFFFD\uFFFD"},
     });
+    const std::string font = "{\\rtf1\\ansicpg65001{\\fonttbl{\\f0\\fcharset0 A;}}\\f0";
+    CHECK(ReadText(font + "\\'d0\\'9f\\'d1\\'80}") == "Пр");
+    CHECK(ReadText(font + "caf\\'e9}") == "café");
     CHECK(ReadText("{\\rtf1\\'cf}", 1251) == "П");
     CHECK(ReadText("{\\rtf1\\ansi\\'cf}", 1251) == "П");
     CHECK(ReadText("{\\rtf1\\ansi\\ansicpg1252\\'cf}", 1251) == "Ï");
