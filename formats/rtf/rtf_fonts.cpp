@@ -6,6 +6,24 @@
 
 #include <algorithm>
 
+namespace {
+
+// Fonts of Windows 3.1 say their script by the name alone.
+int CodePageOfFontName(std::u16string_view name) {
+    constexpr struct {
+        std::u16string_view end;
+        int codePage;
+    } scripts[] = {
+        {u" CE", 1250}, {u" Cyr", 1251}, {u" Greek", 1253}, {u" Tur", 1254}, {u" Baltic", 1257}};
+    for (const auto& script : scripts)
+        if (name.size() > script.end.size() &&
+            EqualIgnoringCase(name.substr(name.size() - script.end.size()), script.end))
+            return script.codePage;
+    return 0;
+}
+
+} // namespace
+
 void RtfFontTable::Begin(std::int32_t number) {
     font_ = {};
     number_ = number;
@@ -44,6 +62,7 @@ void RtfFontTable::End() {
 void RtfFontTable::Add(std::u16string name) {
     if (fonts_.size() == maxRtfFonts || names_.size() == maxRtfFonts) return;
     name = TrimBlanks(name);
+    if (font_.codePage == 0) font_.codePage = CodePageOfFontName(name);
     font_.symbols = hasSymbols_ ? SymbolSetOfFont(name) : RtfSymbolSet::None;
     if (number_ == defaultNumber_ && font_.symbols == RtfSymbolSet::None) names_[0] = name;
     if (name != names_[0]) font_.index = IndexOfName(name);

@@ -1,6 +1,7 @@
 #include "formats/rtf/rtf_parser.h"
 
 #include "common/utf.h"
+#include "formats/codepages/charset_guess.h"
 #include "formats/codepages/code_pages.h"
 #include "formats/rtf/rtf_math.h"
 
@@ -31,11 +32,30 @@ bool EscapesUtf8(std::string_view bytes) {
     }
     return CountUtf8(escaped) > 0;
 }
+
+// The code page of a file that names none, neither for itself nor for a font: as of a plain text.
+int GuessedCodePage(std::string_view bytes, int systemCodePage) {
+    constexpr std::size_t enough = 64 * 1024; // bytes of text
+    for (const char* const name : {"\\ansicpg", "\\fcharset", "\\cpg", "\\mac", "\\pc"})
+        if (bytes.find(name) != bytes.npos) return systemCodePage;
+    RtfTokenizer tokenizer(bytes);
+    std::string text;
+    for (RtfToken token = tokenizer.Next();
+         token.kind != RtfToken::Kind::End && text.size() < enough; token = tokenizer.Next()) {
+        if (token.kind == RtfToken::Kind::Hex) text += static_cast<char>(token.byte);
+        if (token.kind == RtfToken::Kind::Text) text += token.text;
+        if (token.kind == RtfToken::Kind::Word && (token.text == "par" || token.text == "line"))
+            text += '\n';
+    }
+    const std::string_view samples[] = {text};
+    const int page = GuessCharsets(samples, systemCodePage).front().page;
+    return IsVisualOrder(page) ? systemCodePage : page;
+}
 } // namespace
 
 RtfParser::RtfParser(std::string_view bytes, int systemCodePage)
-    : tokenizer_(bytes), codePage_(systemCodePage), rawUtf8_(CountUtf8(bytes)),
-      escapesUtf8_(EscapesUtf8(bytes)) {
+    : tokenizer_(bytes), codePage_(GuessedCodePage(bytes, systemCodePage)),
+      rawUtf8_(CountUtf8(bytes)), escapesUtf8_(EscapesUtf8(bytes)) {
     // A file's text is mostly less than half of it; growing to the rest costs one copy.
     body_.text.reserve(bytes.size() / 2);
 }

@@ -114,7 +114,7 @@ class RtfParser {
     std::size_t noteCount_ = 0;
     RtfNumbering numbering_;
     std::u16string blankNumber_; // written in front of the paragraph that begins
-    RtfFormField formField_; // of the last instruction
+    RtfFormField formField_;     // of the last instruction
     std::u16string fieldInstruction_, shapeProperty_, attachedFile_;
     std::vector<std::u16string> links_;
     // What a field shows if it has no result: it is the group of this depth.

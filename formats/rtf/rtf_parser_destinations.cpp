@@ -27,7 +27,8 @@ void RtfParser::EnterDestination(RtfDestination destination) {
         state.inShape = true;
         return;
     case RtfDestination::ShapePropertyValue:
-        if (shapeProperty_ == u"pib") return leave(RtfDestination::Shape);
+        if (shapeProperty_ == u"pib" || shapeProperty_ == u"gtextUNICODE")
+            return leave(RtfDestination::Shape);
         state.destination = RtfDestination::Skip;
         return;
     case RtfDestination::FieldResult:

@@ -181,7 +181,8 @@ void RtfParser::HandleUnicodeUnit(char16_t unit) {
         highSurrogate_ = unit;
     else if (IsLowSurrogate(unit) || unit == u'\uFFFC')
         AddUnit(u'\uFFFD'); // nothing of its own, or what stands for a picture
-    else if (unit == u'\n' || unit == u'\r' || unit == u'\v')
+    else if (unit == u'\n' || unit == u'\r' || unit == u'\v' || unit == u'\u2028' ||
+             unit == u'\u2029')
         AddUnit(u'\v');
     else if (IsSymbolFontUnit(unit) && SymbolsOfText() != RtfSymbolSet::None)
         AddSymbol(static_cast<unsigned char>(unit & 0xFF));

@@ -15,6 +15,6 @@ struct RtfStory {
     void UseCharStyle(std::uint32_t style); // for what is appended now
     void EndParagraph(char16_t terminator, std::uint32_t charStyle, std::uint32_t paragraphStyle);
     void EndLastParagraph(std::uint32_t paragraphStyle); // one without a terminator
-    std::u16string TakeParagraph(); // takes back what stands in it so far
+    std::u16string TakeParagraph();                      // takes back what stands in it so far
     void Append(RtfStory&& other);
 };

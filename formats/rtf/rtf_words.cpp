@@ -29,8 +29,8 @@ constexpr WordGroup To(RtfDestination destination, std::string_view names) {
     return Valued(names, F::Destination, W::None, destination);
 }
 
-constexpr WordGroup Literal(std::string_view name, char16_t unit) {
-    return Valued(name, F::Literal, W::None, unit);
+constexpr WordGroup Literal(std::string_view names, char16_t unit) {
+    return Valued(names, F::Literal, W::None, unit);
 }
 
 constexpr WordGroup wordGroups[] = {
@@ -76,7 +76,7 @@ constexpr WordGroup wordGroups[] = {
        "protusertbl revtbl revtim rsidtbl rxe shprslt subject tc tcn template themedata "
        "title txe userprops wgrffmtfilter xe xmlnstbl"),
 
-    Literal("tab", u'\t'),
+    Literal("ptabldot ptablmdot ptablminus ptablnone ptabluscore tab", u'\t'),
     Literal("emspace", u'\u2003'),
     Literal("enspace", u'\u2002'),
     Literal("qmspace", u'\u2005'),

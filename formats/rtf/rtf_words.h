@@ -53,7 +53,7 @@ enum class RtfDestination : std::uint8_t {
     ShapeText,          // shown in the paragraph that the shape is anchored in
     FieldResult,        // as the group around it, with the field's link
     FallbackPicture,    // a picture for readers that do not know \shppict
-    ShapePropertyValue, // may hold the shape's picture
+    ShapePropertyValue, // may hold the shape's picture, or its text as a drawing
     ParagraphNumber,    // what the writer has put in front of a paragraph
 };
 

@@ -49,6 +49,7 @@ const NastyFile nastyFiles[] = {
     {"{\\rtf1 ", "\\u-10179?"},
     {"{\\rtf1 ", "\\'e9"},
     {"{\\rtf1 ", "\\'"},
+    {"{\\rtf1 ", "\\'cf\\'f0 "},
     {"{\\rtf1\\ansicpg65001", "\\'c3\\'a9"},
     {"{\\rtf1{\\pict\\pngblip ", "41"},
     {"{\\rtf1 ", "{\\pict}"},

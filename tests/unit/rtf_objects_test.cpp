@@ -267,6 +267,10 @@ TEST_CASE("rtf shapes: text boxes of old word processors are shown where they ar
     CHECK(Read("a" + box + "b\\par c").text == u"ainside\vtwo\vb\nc");
     CHECK(Read("{\\shp{\\*\\shpinst{\\shptxt new}}{\\shprslt" + box + "}}").text == u"new");
     CHECK(Read("a{\\*\\do\\dpline\\dpx1}b").text == u"ab");
+    CHECK(
+        Read("a{\\shp{\\*\\shpinst{\\sp{\\sn gtextUNICODE}{\\sv Title}}{\\sp{\\sn gtextFont}{\\sv "
+             "F}}}}b")
+            .text == u"aTitleb");
 }
 
 TEST_CASE("rtf fields: a picture in a file is named, and shown where the field has no result") {

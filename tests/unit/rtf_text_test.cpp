@@ -59,6 +59,7 @@ TEST_CASE("rtf reader: what is text") {
         {"{\\rtf1 \\lquote\\rquote\\ldblquote\\rdblquote\\bullet}", "‘’“”•"},
         {"{\\rtf1 \\~\\-\\_\\zwj\\zwnj\\zwbo\\zwnbo\\ltrmark\\rtlmark}",
          "\u00A0\u00AD\u2011\u200D\u200C\u200B\u2060\u200E\u200F"},
+        {"{\\rtf1 a{\\ptabldot\\pindtabqr}b}", "a\tb"},
         {"{\\rtf1 a\\unknown1 b\\|c\\:d}", "abcd"},
         {"{\\rtf1 a{\\v hidden\\par}b\\v c\\v0 d\\v e\\plain f}", "abdf"},
         {"{\\rtf1 a\\bin3 }}}b}", "ab"},
@@ -112,6 +113,7 @@ TEST_CASE("rtf reader: unicode characters and what stands for them elsewhere") {
         {"{\\rtf1\\u-10179?\\u-10179?\\u-8704?x}", "\uFFFD😀x"},
         {"{\\rtf1\\u0?\\u7?\\u31?x}", "x"},
         {"{\\rtf1\\u10?\\u13?\\u11?\\u9?x}", "\v\v\v\tx"},
+        {"{\\rtf1 a\\uc0\\u8232 b\\u8233 c}", "a\vb\vc"},
         {"{\\rtf1\\u-4?x}", "\uFFFDx"},
         {"{\\rtf1\\u99999999?x}", "\uFFFDx"},
         {"{\\rtf1\\uc-5\\u8364 x}", "€x"},
@@ -149,6 +151,26 @@ TEST_CASE("rtf reader: code pages of fonts") {
         {"{\\rtf1{\\fonttbl\\f0\\fcharset204 A;\\f1\\fcharset161 B;}\\f0\\'cf\\f1\\'cf}", "ПΟ"},
         {"{\\rtf1{\\fonttbl{\\f0\\fcharset204 A;}}{\\f0\\'cf}\\plain\\'cf}", "ПП"},
         {"{\\rtf1{\\fonttbl{\\f0\\fcharset204 A;}{\\f1 B;}}\\f1{\\f0\\'cf}\\'cf}", "ПÏ"},
+    });
+}
+
+TEST_CASE("rtf reader: a file that names no code page is read in the likeliest") {
+    CheckTexts({
+        {"{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}\\f0\\'cf\\'f0\\'e8\\'e2\\'e5\\'f2, "
+         "\\'ec\\'e8\\'f0! \\'ca\\'e0\\'ea \\'e4\\'e5\\'eb\\'e0?\\par}",
+         "Привет, мир! Как дела?\n"},
+        {"{\\rtf1\\ansi caf\\'e9 \\'97 \\'93na\\'efve\\'94 \\'95\\par}", "café — “naïve” •\n"},
+        {"{\\rtf1\\ansi \\'b7 one\\par\\'b7 two\\par}", "· one\n· two\n"},
+    });
+}
+
+TEST_CASE("rtf reader: fonts of old systems name their script") {
+    CheckTexts({
+        {"{\\rtf1{\\fonttbl{\\f0 Times New Roman Cyr;}{\\f1 Arial CE;}}\\f0\\'cf\\f1\\'e8}", "Пč"},
+        {"{\\rtf1{\\fonttbl{\\f0 Courier New Greek;}{\\f1 Arial TUR;}{\\f2 A Baltic;}}"
+         "\\f0\\'e1\\f1\\'fd\\f2\\'eb}",
+         "αıė"},
+        {"{\\rtf1{\\fonttbl{\\f0\\fcharset161 Arial CE;}{\\f1 CE;}}\\f0\\'e1\\f1\\'e8}", "αè"},
     });
 }
 

@@ -83,7 +83,7 @@ class DocumentMaker {
             u"пись?мо", u"😀",
             u"\\'41",   u"\uFFFD\u0080ÿ",
             u"-1 ",     u"0;",
-            u"\u2028",
+            u"\u2003",
         };
         for (int i = Below(4); i >= 0; --i)
             made_.text += pieces[static_cast<std::size_t>(Below(13))];
