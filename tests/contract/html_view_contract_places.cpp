@@ -202,6 +202,24 @@ TEST_CASE("html view: keys of the user scroll and zoom, and the window is told o
     });
 }
 
+TEST_CASE(
+    "html view: keys pressed while an engine loads a page go on from where it is brought to") {
+    OnEachEngine([](PageTest& test) {
+        const auto loaded = test.view.onLoaded;
+        test.view.onLoaded = [&](int page, const std::u16string& url) {
+            loaded(page, url);
+            test.bench.Press(pageDown, 0);
+            test.view.BringToTop({.offset = 1000});
+        };
+        const std::string body = plainMargins + NumberedParagraphs(400);
+        test.Navigate(test.Write("book.htm", "<!DOCTYPE html>" + body));
+        test.bench.Press(pageDown, 0);
+        CHECK(test.WaitFor([&] { return test.view.ScrollTop() > 1500; }));
+        test.Settle();
+        CHECK(test.view.ScrollTop() < 1800); // two pages on
+    });
+}
+
 TEST_CASE("html view: links") {
     OnEachBackEnd([](PageTest& test) {
         test.Write("other.htm", "other");

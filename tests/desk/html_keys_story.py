@@ -2,7 +2,7 @@
 from harness import books
 from harness.clipboard import copied
 from harness.dialog import Dialog
-from harness.html_story import HtmlStory, paragraphs, write_page
+from harness.html_story import SLACK, HtmlStory, paragraphs, write_page
 from harness.menu_picture import row_darkness
 from harness.picture import grab
 from harness.story import main
@@ -38,6 +38,20 @@ class HtmlKeys(HtmlStory):
                 self.program.key(back)
                 self.wait_for_top()
         self.program.close()
+
+    def test_pressed_while_it_loads(self):
+        """From where it was left, as soon as the window has the keyboard."""
+        self.program.key("Next")
+        self.wait_until_moved(self.top)
+        left = settled_strip(self.program)
+        self.program.close()
+        place = self.book_record(self.program, self.book)["LastPos"]
+        self.program.start()
+        self.program.key("Next")
+        self.wait_until_moved(left)
+        self.program.close()
+        self.assertAlmostEqual(self.book_record(self.program, self.book)["LastPos"], 2 * place,
+                               delta=SLACK)
 
     def test_a_link_and_back(self):
         self.program.key("Tab", "Return")

@@ -209,7 +209,6 @@ class HtmlPlaces(HtmlStory):
         self.book = write_page(self.path(os.path.join("shelf", name)), paragraphs(lines))
         self.program.start(self.book)
         self.program.wait_for_book("Lanterns")
-        settled_strip(self.program)  # keys before that may be lost on the engine
         words = self.read_and_mark()
         self.program.close()
         return words

@@ -157,10 +157,21 @@ void EngineHtmlView::OnDocumentInfo(int page, const QVariant& info) {
     }
     // Queued: within its own callback the engine does not start another script, and the handler may
     // query the page.
-    PostForPage([this, page] {
+    PostForPage([this, page, alive = QPointer<QObject>(page_.get())] {
         CallHandler(onLoaded, page,
                     FromQt(WithFileScheme(page_->url()).toString(QUrl::FullyEncoded)));
+        if (alive && alive == page_.get()) SendHeldKeys();
     });
+}
+
+// Once the page is at the place that the handler of its load has brought it to. Queued: this runs
+// in a callback of the engine.
+void EngineHtmlView::SendHeldKeys() {
+    calls_->Call(QStringLiteral("pixelRatio()"),
+                 [this, alive = QPointer<QObject>(page_.get())](const QVariant&) {
+                     if (alive && alive == page_.get())
+                         PostForPage([this] { widget_->SendHeldKeys(); });
+                 });
 }
 
 void EngineHtmlView::OnPageGone() {

@@ -89,6 +89,7 @@ class EngineHtmlView final : public QObject, public EngineView {
     void PostForPage(std::function<void()> work);
     void OnLoadFinished(int page);
     void OnDocumentInfo(int page, const QVariant& info);
+    void SendHeldKeys();
     void OnPageGone();
     void OnResponsiveChanged();
     bool CanCall() const { return page_ && snapshot_.body; }

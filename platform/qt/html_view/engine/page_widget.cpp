@@ -4,12 +4,15 @@
 
 #include <QChildEvent>
 #include <QContextMenuEvent>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMenu>
 
 #include <utility>
 
 namespace {
+constexpr std::size_t maxHeldKeys = 200; // events; more are not pressed on purpose
+
 bool IsNavigationKey(int key) {
     switch (key) {
     case Qt::Key_Home:
@@ -43,30 +46,61 @@ void PageWidget::childEvent(QChildEvent* event) {
 }
 
 bool PageWidget::eventFilter(QObject* object, QEvent* event) {
-    switch (event->type()) {
+    return FilterInput(*event) || QWebEngineView::eventFilter(object, event);
+}
+
+// Until that child exists this widget has the focus itself.
+bool PageWidget::event(QEvent* event) {
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+    return (isKey && holdsKeys_ && FilterInput(*event)) || QWebEngineView::event(event);
+}
+
+bool PageWidget::FilterInput(QEvent& event) {
+    switch (event.type()) {
     case QEvent::ShortcutOverride: // accepting it would disable shortcuts of the window
-        event->ignore();
+        event.ignore();
         return true;
-    case QEvent::KeyPress:
+    case QEvent::KeyPress: {
         rightPressed_ = false;
-        return FilterKey(static_cast<const QKeyEvent&>(*event)) || keysBlocked_;
-    case QEvent::InputMethod:
-        if (keysBlocked_) return true;
-        break;
+        const auto& key = static_cast<const QKeyEvent&>(event);
+        return FilterKey(key) || keysBlocked_ || HoldKey(key);
+    }
+    case QEvent::InputMethod: return keysBlocked_;
     case QEvent::Wheel:
-        if (!(static_cast<QWheelEvent*>(event)->modifiers() & Qt::ControlModifier)) break;
-        event->ignore(); // propagates to the window
+        if (!(static_cast<QWheelEvent&>(event).modifiers() & Qt::ControlModifier)) break;
+        event.ignore(); // propagates to the window
         return true;
     case QEvent::MouseButtonPress:
-        rightPressed_ = static_cast<QMouseEvent*>(event)->button() == Qt::RightButton;
+        rightPressed_ = static_cast<QMouseEvent&>(event).button() == Qt::RightButton;
         break;
     case QEvent::KeyRelease:
+        if (HoldKey(static_cast<const QKeyEvent&>(event))) return true;
+        [[fallthrough]];
     case QEvent::MouseButtonRelease:
         if (onInputReleased) QMetaObject::invokeMethod(this, onInputReleased, Qt::QueuedConnection);
         break;
     default: break;
     }
-    return QWebEngineView::eventFilter(object, event);
+    return false;
+}
+
+// The engine drops keys that come before the document, and scripts that bring a page to its place
+// may overtake or be overtaken by them.
+bool PageWidget::HoldKey(const QKeyEvent& event) {
+    if (holdsKeys_ && heldKeys_.size() < maxHeldKeys) heldKeys_.emplace_back(event.clone());
+    return holdsKeys_;
+}
+
+void PageWidget::SendHeldKeys() {
+    holdsKeys_ = false;
+    QWidget* const input = focusProxy() ? focusProxy() : this;
+    for (const auto& key : std::exchange(heldKeys_, {}))
+        QCoreApplication::sendEvent(input, key.get());
+}
+
+void PageWidget::SetKeysBlocked(bool blocked) {
+    keysBlocked_ = blocked;
+    heldKeys_.clear();
 }
 
 bool PageWidget::FilterKey(const QKeyEvent& event) {

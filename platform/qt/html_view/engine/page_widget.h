@@ -1,4 +1,5 @@
-// The widget of one page: passes the window's keys on to it, and has its own context menu.
+// The widget of one page: passes the window's keys on to it, and has its own context menu. Keys
+// that are pressed while the page loads are held for it.
 #pragma once
 
 #include "platform/html_view.h"
@@ -7,7 +8,9 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
+class QKeyEvent;
 class QMenu;
 
 class PageWidget : public QWebEngineView {
@@ -15,8 +18,9 @@ class PageWidget : public QWebEngineView {
     PageWidget(QWebEnginePage*, QWidget* parent);
     ~PageWidget() override;
 
-    void SetHasSelection(bool);                                   // updates the open context menu
-    void SetKeysBlocked(bool blocked) { keysBlocked_ = blocked; } // keys do not reach the page
+    void SetHasSelection(bool); // updates the open context menu
+    void SetKeysBlocked(bool);  // keys do not reach the page, nor do those held
+    void SendHeldKeys();        // and all later ones at once
 
     std::function<void(int steps)> onZoomKey;   // 0 resets the zoom
     std::function<void()> onInputReleased;      // a key or mouse button was released
@@ -27,15 +31,19 @@ class PageWidget : public QWebEngineView {
   protected:
     void childEvent(QChildEvent*) override;
     void contextMenuEvent(QContextMenuEvent*) override;
+    bool event(QEvent*) override;
     bool eventFilter(QObject*, QEvent*) override;
 
   private:
-    bool FilterKey(const QKeyEvent&); // whether the event is withheld from the page
+    bool FilterInput(QEvent&); // whether the event is withheld from the page
+    bool HoldKey(const QKeyEvent&);
+    bool FilterKey(const QKeyEvent&);
     QAction* AddCommand(const QString& caption, PageCommand command, bool enabled);
 
     std::unique_ptr<QMenu> menu_; // the last one shown
     QAction* copy_ = nullptr;     // in menu_
-    bool keysBlocked_ = false;
+    bool keysBlocked_ = false, holdsKeys_ = true;
+    std::vector<std::unique_ptr<QKeyEvent>> heldKeys_;
     // The context menu is requested by the mouse, which moves the caret, not by a key.
     bool rightPressed_ = false;
 };
