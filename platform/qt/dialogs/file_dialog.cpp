@@ -60,7 +60,7 @@ class FileDialog final : public QFileDialog {
     }
 
     bool eventFilter(QObject* object, QEvent* event) override {
-        if (object == open_ && event->type() == QEvent::EnabledChange) EnableOpenForTypedFile();
+        if (object == open_ && event->type() == QEvent::EnabledChange) EnableOpenForTypedName();
         if (object == completions_ && HandleCompleterKey(*event)) return true;
         return QFileDialog::eventFilter(object, event);
     }
@@ -74,7 +74,7 @@ class FileDialog final : public QFileDialog {
         list_ = findChild<QListView*>(QStringLiteral("listView"));
         if (!open_ || !name_ || !list_) return;
         open_->installEventFilter(this);
-        connect(name_, &QLineEdit::textChanged, this, &FileDialog::EnableOpenForTypedFile);
+        connect(name_, &QLineEdit::textChanged, this, &FileDialog::EnableOpenForTypedName);
         completions_ = name_->completer() ? name_->completer()->popup() : nullptr;
         if (completions_) completions_->installEventFilter(this);
         auto* label = findChild<QLabel*>(QStringLiteral("fileTypeLabel"));
@@ -112,9 +112,10 @@ class FileDialog final : public QFileDialog {
         return file.isFile() ? file.absoluteFilePath() : QString();
     }
 
-    // Qt disables the button for a file that the filter hides, although accept() would open it.
-    void EnableOpenForTypedFile() {
-        if (!open_->isEnabled() && !TypedFile().isEmpty()) open_->setEnabled(true);
+    // Qt disables the button for a file that the filter hides and for one that does not exist,
+    // although accept() would open the one and report the other.
+    void EnableOpenForTypedName() {
+        if (!open_->isEnabled() && !name_->text().isEmpty()) open_->setEnabled(true);
     }
 
     // The completer's popup opens once the folder has been read, and swallows Enter even if no

@@ -13,6 +13,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
 
@@ -124,9 +125,7 @@ TEST_CASE("qt file dialog: the button opens what the filter hides, by name or pa
         CAPTURE(name.toStdString());
         const OpenFileAnswer answer = desk.Ask([&](const Parts& parts) {
             CHECK(WaitFor([&] { return parts.Listed() == listed[0]; }));
-            parts.TypeName(name.chopped(1)); // the name of a folder first
-            CHECK_FALSE(parts.open->isEnabled());
-            parts.name->insert(name.last(1));
+            parts.TypeName(name);
             CHECK(parts.open->isEnabled());
             QApplication::processEvents();
             CHECK(parts.open->isEnabled());
@@ -138,14 +137,31 @@ TEST_CASE("qt file dialog: the button opens what the filter hides, by name or pa
     }
 }
 
-TEST_CASE("qt file dialog: the button stays grey for what is no file") {
-    const Desk desk;
-    for (const char* name : {"none.txt", "/no/such/file"})
-        CHECK(desk.Ask([&](const Parts& parts) {
-                      CHECK(WaitFor([&] { return parts.Listed() == listed[0]; }));
-                      parts.TypeName(name);
-                      QApplication::processEvents();
-                      CHECK_FALSE(parts.open->isEnabled());
-                  })
-                  .result == DialogResult::Cancel);
+TEST_CASE("qt file dialog: the button says of what does not exist that it was not found") {
+    Desk desk;
+    REQUIRE(QFile::link("gone.txt", desk.Path("broken.txt")));
+    for (const QString& name :
+         {QString("none.txt"), QString("/no/such/file"), desk.Path("broken.txt")}) {
+        CAPTURE(name.toStdString());
+        QString text;
+        const OpenFileAnswer answer = desk.Ask([&](const Parts& parts) {
+            CHECK(WaitFor([&] { return parts.Listed() == listed[0]; }));
+            CHECK_FALSE(parts.open->isEnabled());
+            parts.TypeName(name);
+            QApplication::processEvents();
+            REQUIRE(parts.open->isEnabled());
+            QTimer::singleShot(0, qApp, [&text] {
+                auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                REQUIRE(box);
+                text = box->text();
+                box->reject();
+            });
+            parts.open->click();
+            CHECK(parts.dialog.isVisible());
+            CHECK(parts.name->text() == name);
+        });
+        CHECK(answer.result == DialogResult::Cancel);
+        CHECK(text.contains("File not found"));
+        CHECK(text.contains(name.section('/', -1)));
+    }
 }
