@@ -21,6 +21,15 @@ void Form_Unload(MainForm& form) {
     WriteDataFileAtLast(form);
 }
 
+void SaveAfterDisplayLoss(MainForm& form) noexcept {
+    if (!form.started || form.closed) return;
+    form.closed = true;
+    try {
+        SaveBookState(form, 0);
+    } catch (...) { // the program is about to end
+    }
+}
+
 namespace {
 // Not as soon as it is shown: the desktop takes its time, and who only looks for a book opens many.
 void TellDesktopOfBook(MainForm& form) {

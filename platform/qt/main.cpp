@@ -1,4 +1,5 @@
 #include "app/main_form.h"
+#include "app/saving_events.h"
 #include "app/start_up.h"
 #include "platform/qt/color_scheme/color_scheme.h"
 #include "platform/qt/qt_ports.h"
@@ -9,6 +10,25 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+
+namespace {
+MainForm* runningForm = nullptr;
+
+// Qt calls exit() when the X server closes the connection, which is all that a program notices of
+// the end of some sessions. main() has not returned then, and its objects are alive.
+void SaveAtExit() {
+    if (runningForm) SaveAfterDisplayLoss(*runningForm);
+}
+
+int Run(MainForm& form) {
+    runningForm = &form;
+    std::atexit(SaveAtExit);
+    const int result = QApplication::exec();
+    runningForm = nullptr;
+    return result;
+}
+} // namespace
 
 int main(int argc, char** argv) {
     // Before anything that needs a display.
@@ -27,5 +47,5 @@ int main(int argc, char** argv) {
         qEnvironmentVariable("FLATPAK_ID", QStringLiteral("norvaset")));
     const ColorScheme colorScheme;
     MainForm form(MakeQtPorts(argc, argv, activation));
-    return Form_Load(form) ? QApplication::exec() : 0;
+    return Form_Load(form) ? Run(form) : 0;
 }

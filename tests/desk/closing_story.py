@@ -1,9 +1,12 @@
 """However the program is asked to end, the place is kept."""
+import os
 import signal
 import unittest
 
 from harness import books
+from harness.screen import Screen
 from harness.story import Story, main
+from harness.wait import wait_for
 from harness.wine import ON_WINE
 
 
@@ -28,6 +31,26 @@ class Closing(Story):
                 reader.process.send_signal(number)
                 reader.wait_for_end()
                 self.assert_place_kept(reader)
+
+    @unittest.skipIf(ON_WINE, "there the window has a server of its own")
+    def test_the_display_goes_away(self):
+        """As at the end of a session that ends with its X server, without a word to programs."""
+        for number, keys in enumerate(([], ["ctrl+o"], ["alt+f"])):
+            with self.subTest(keys=keys):
+                folder = self.path(f"screen{number}")
+                os.mkdir(folder)
+                screen, self.screen = self.screen, Screen(folder)
+                try:
+                    reader = self.read_on(f"program{number}")
+                    shown = len(reader.windows())
+                    reader.key(*keys)
+                    wait_for(lambda: not keys or len(reader.windows()) > shown, "the dialog or menu")
+                    self.screen.end_server()
+                    wait_for(lambda: not reader.is_alive(), "the end of the program")
+                    self.assert_place_kept(reader)
+                finally:
+                    self.screen.stop()
+                    self.screen = screen
 
     def test_while_a_menu_is_open(self):
         reader = self.read_on()

@@ -73,6 +73,9 @@ class Screen:
         """Whether the X server and the window manager have done all that was asked so far."""
         return all(is_asleep(process) for process in self._processes)
 
+    def end_server(self):
+        self._processes[0].kill()
+
     def stop(self):
         for process in reversed(self._processes):
             process.terminate()
