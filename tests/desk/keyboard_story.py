@@ -47,6 +47,15 @@ class Keyboard(Story):
         """Text after text, page after text, page after page, text after page."""
         return [self.texts[1], *self.pages, self.texts[0]]
 
+    def test_the_menu_key_after_a_menu_was_left(self):
+        self.program.open_menu("f")
+        self.program.close_menu()
+        self.program.key("Menu")
+        wait_for(self.program.popups, "the menu of the text")
+        self.program.key("Escape")
+        wait_for(lambda: not self.program.popups(), "the menu to close")
+        self.program.close()
+
     def test_dropped(self):
         if not os.access(DRAG_SOURCE, os.X_OK):
             self.skipTest("the window to drag from is not built: the preset linux makes it")

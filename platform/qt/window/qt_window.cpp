@@ -180,6 +180,10 @@ void QtWindow::wheelEvent(QWheelEvent* event) {
 // Key events of the QWindow arrive here before the focus widget sees them.
 bool QtWindow::eventFilter(QObject* object, QEvent* event) {
     if (object == windowHandle() && event->type() == QEvent::WindowUnblocked) Reactivate();
+    // Precedes the menu key's own press, which takes the focus back from the menu bar.
+    if (object == windowHandle() && event->type() == QEvent::ContextMenu &&
+        !QApplication::activePopupWidget())
+        RestoreViewFocus();
     const bool mouse = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::Wheel;
     if (object == windowHandle() && mouse) CallHandler(events_.onMouse);
     if (object == windowHandle() && event->type() == QEvent::MouseMove && IsFullScreen() &&
