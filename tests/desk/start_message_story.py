@@ -1,10 +1,15 @@
-"""A message at the start: over the window, and with its whole title."""
+"""A message at the start: over the window, with its whole title and text."""
+import os
+
+from harness.menu_picture import text_rows
 from harness.picture import grab
 from harness.story import Story, main
 from harness.wait import wait_for
 from harness.wine import ON_WINE
 
 FRAME = 25  # pixels above a window that hold its title bar
+ICON, BUTTONS = 60, 38  # pixels at the left of a message, and at its lower edge
+TWO_LINES = 38  # pixels, at most
 BESIDE_TITLE = 70  # pixels at the right of it: the window manager's buttons
 
 
@@ -37,6 +42,22 @@ class StartMessage(Story):
                                 for x in range(bar.width - title.width + 1)), "a cut title")
         narrow.answer_message()
         narrow.close()
+
+    def test_breaks_its_lines(self):
+        """A path and some 120 letters, for which the box is too narrow."""
+        program = self.reader()
+        os.mkdir(program.data_path)
+        program.process = program.launch()
+        box = program.wait_for_message()
+
+        def shows_all():
+            picture = grab(self.screen, box)
+            rows = picture and text_rows(picture.crop(ICON, 0, picture.width, picture.height - BUTTONS))
+            return rows and rows[-1][1] - rows[0][0] > TWO_LINES
+        wait_for(shows_all, "three lines")
+        program.answer_message()
+        program.wait_for_window()
+        program.close()
 
     def test_the_program_can_be_ended_by_its_system_meanwhile(self):
         program, _ = self.message_of("/m")

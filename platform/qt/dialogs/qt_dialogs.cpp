@@ -45,6 +45,11 @@ void AddButtons(QMessageBox& box, const Message& message) {
                                                                     : QMessageBox::Ok);
 }
 
+void Widen(QMessageBox& box, int width) {
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    if (grid) grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, -1);
+}
+
 // Window managers put an icon and up to three buttons beside the title and elide it if there is no
 // room; QMessageBox allows for less.
 void WidenForTitle(QMessageBox& box) {
@@ -52,21 +57,21 @@ void WidenForTitle(QMessageBox& box) {
     QFont font = QApplication::font();
     font.setBold(true);
     const QFontMetrics metrics(font);
-    const int width =
-        metrics.horizontalAdvance(box.windowTitle()) + titleButtons * metrics.height();
-    auto* grid = qobject_cast<QGridLayout*>(box.layout());
-    if (grid) grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, -1);
+    Widen(box, metrics.horizontalAdvance(box.windowTitle()) + titleButtons * metrics.height());
 }
 
-// QMessageBox breaks lines at half the screen's width, which a large scale factor makes narrow.
+// QMessageBox breaks lines at half the screen's width, which a large scale factor makes narrow. A
+// text with a minimum width of its own it would not break at all, but cut off.
 void WidenForLines(QMessageBox& box) {
-    constexpr int maxTextWidth = 400,
-                  besideText = 200; // pixels; icon, margins and the screen's edges
+    constexpr int maxTextWidth = 400, besideText = 110, edges = 90; // pixels; icon and margins
     auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
     if (!label) return;
-    const int room = std::min(maxTextWidth, box.screen()->availableGeometry().width() - besideText);
+    const int room = std::max(0, box.screen()->availableGeometry().width() - besideText - edges);
     const int widest = label->fontMetrics().size(0, box.text()).width();
-    label->setMinimumWidth(std::clamp(widest, 0, std::max(0, room)));
+    if (widest <= std::min(maxTextWidth, room))
+        label->setMinimumWidth(widest);
+    else
+        Widen(box, std::min(maxTextWidth, room) + besideText);
 }
 
 } // namespace

@@ -10,9 +10,11 @@
 #include <QDoubleSpinBox>
 #include <QFontComboBox>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
 #include <QTreeWidget>
 
@@ -202,6 +204,34 @@ TEST_CASE("qt dialogs: a message, its lines and its icon") {
         });
         CHECK(dialogs.ShowMessage(message) == DialogResult::Ok);
     }
+}
+
+TEST_CASE("qt dialogs: a message shows its whole text, however long its lines and words") {
+    QtDialogs dialogs(nullptr);
+    for (const int words : {1, 10, 14, 16, 18, 20, 30, 100})
+        for (const int letters : {4, 40, 250}) {
+            CAPTURE(words);
+            CAPTURE(letters);
+            Message message;
+            message.text = std::u16string(static_cast<std::size_t>(letters), u'n') + u"\r\n";
+            for (int i = 0; i < words; ++i)
+                message.text += u"words ";
+            message.icon = MessageIcon::Exclamation;
+            message.helpButton = true;
+            WhileOpen([](QDialog& dialog) {
+                const auto* label = dialog.findChild<QLabel*>("qt_msgbox_label");
+                REQUIRE(label);
+                const QSize shown = label->contentsRect().size();
+                const QRect needed = label->fontMetrics().boundingRect(
+                    QRect(QPoint(0, 0), QSize(shown.width(), 10'000)),
+                    label->wordWrap() ? Qt::TextWrapAnywhere | Qt::TextWordWrap : 0, label->text());
+                CHECK(needed.width() <= shown.width());
+                CHECK(needed.height() <= shown.height());
+                CHECK(dialog.width() <= dialog.screen()->availableGeometry().width());
+                Confirm(dialog);
+            });
+            CHECK(dialogs.ShowMessage(message) == DialogResult::Ok);
+        }
 }
 
 TEST_CASE("qt dialogs: the Help button opens the topic, and the message stays") {
