@@ -2,6 +2,7 @@
 #include "css_samples.h"
 
 #include "common/text.h"
+#include "tests/unit/test_folders.h"
 
 #include <doctest/doctest.h>
 
@@ -12,7 +13,7 @@
 namespace {
 
 std::u16string ReadBook(const std::string& name) {
-    std::ifstream file(std::filesystem::path(REAL_BOOKS) / "htm" / name, std::ios::binary);
+    std::ifstream file(RealBooks() / "htm" / name, std::ios::binary);
     const std::string bytes{std::istreambuf_iterator<char>(file), {}};
     return DecodeCss(bytes, IsValidUtf8(bytes) ? 65001 : 28591);
 }
@@ -58,7 +59,7 @@ HtmlNodeId First(const HtmlTree& tree, HtmlName name, std::u16string_view classN
 } // namespace
 
 TEST_CASE("css: declarations of real books") {
-    if (!std::filesystem::exists(std::filesystem::path(REAL_BOOKS) / "htm")) {
+    if (!std::filesystem::exists(RealBooks() / "htm")) {
         MESSAGE("skipped: no real books");
         return;
     }
@@ -79,7 +80,7 @@ TEST_CASE("css: declarations of real books") {
 }
 
 TEST_CASE("css: what real books look like") {
-    if (!std::filesystem::exists(std::filesystem::path(REAL_BOOKS) / "htm")) {
+    if (!std::filesystem::exists(RealBooks() / "htm")) {
         MESSAGE("skipped: no real books");
         return;
     }

@@ -2,11 +2,10 @@
 #include "common/utf.h"
 #include "reading/find_places.h"
 #include "tests/unit/book_editions.h"
+#include "tests/unit/test_folders.h"
 #include "tests/unit/text_edits.h"
 
 #include <doctest/doctest.h>
-
-#include <filesystem>
 
 namespace {
 std::vector<FoundPlace> Found(const std::u16string& before, const std::u16string& after,
@@ -177,9 +176,9 @@ TEST_CASE("find places: words as the data file keeps them") {
 }
 
 TEST_CASE("find places: War and Peace in three editions") {
-    const auto editions = Editions(REAL_BOOKS);
+    const auto editions = Editions(RealBooks());
     if (editions.size() < 3) {
-        MESSAGE("skipped: no War and Peace as text, RTF and page at " << REAL_BOOKS);
+        MESSAGE("skipped: no War and Peace as text, RTF and page at " << RealBooks().string());
         return;
     }
     for (const auto& [from, text] : editions)

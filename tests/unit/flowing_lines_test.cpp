@@ -5,6 +5,7 @@
 #include "common/utf.h"
 #include "tests/unit/pane_bench.h"
 #include "tests/unit/show_text.h"
+#include "tests/unit/test_folders.h"
 #include "view/unwrapped_text.h"
 
 #include <doctest/doctest.h>
@@ -295,9 +296,9 @@ TEST_CASE("unwrapped text: not of rich text, nor where lines do not wrap") {
 }
 
 TEST_CASE("flowing lines: of real books nearly all lines within paragraphs, and no others") {
-    const std::filesystem::path folder = REAL_BOOKS "/txt";
+    const std::filesystem::path folder = RealBooks() / "txt";
     if (!std::filesystem::is_directory(folder)) {
-        MESSAGE("skipped: no real books at " << REAL_BOOKS);
+        MESSAGE("skipped: no real books at " << RealBooks().string());
         return;
     }
     std::ifstream file(folder / "War and Peace.txt", std::ios::binary);

@@ -1,5 +1,7 @@
 #include "tests/unit/golden.h"
 
+#include "tests/unit/test_folders.h"
+
 #include <doctest/doctest.h>
 
 #include <cstdlib>
@@ -14,7 +16,7 @@ std::string ReadWholeFile(const std::string& path) {
 }
 
 void CheckGolden(const std::string& name, const std::string& actual) {
-    const std::string path = std::string(SOURCE_FOLDER "/tests/golden/") + name;
+    const std::string path = (SourceFolder() / "tests/golden" / name).string();
     if (std::getenv("APPROVE_GOLDEN"))
         std::ofstream(path, std::ios::binary | std::ios::trunc) << actual;
     CAPTURE(name);

@@ -7,6 +7,7 @@
 #include "formats/rtf/rtf_writer.h"
 #include "test_form.h"
 #include "tests/document_check.h"
+#include "tests/unit/test_folders.h"
 
 #include <doctest/doctest.h>
 
@@ -21,7 +22,7 @@ std::u16string PageText(const char* lines) {
 }
 
 std::string ShippedHelp() {
-    std::ifstream file(HELP_FILE, std::ios::binary);
+    std::ifstream file(HelpFile(), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
 

@@ -1,4 +1,6 @@
 // The folders have one order: each includes what stands below it, and nothing else.
+#include "tests/unit/test_folders.h"
+
 #include <doctest/doctest.h>
 
 #include <algorithm>
@@ -49,7 +51,7 @@ std::string IncludedBy(const std::string& line) {
 using LineCheck = std::function<void(const std::string& file, const std::string& line)>;
 
 void ForEachLine(std::string_view folder, const LineCheck& check) {
-    const fs::path source = SOURCE_FOLDER;
+    const fs::path source = SourceFolder();
     for (const auto& entry : fs::recursive_directory_iterator(source / folder)) {
         if (entry.path().extension() != ".h" && entry.path().extension() != ".cpp") continue;
         std::ifstream file(entry.path());

@@ -1,6 +1,7 @@
 #include "formats/plain/plain_text.h"
 
 #include "common/utf.h"
+#include "tests/unit/test_folders.h"
 
 #include <doctest/doctest.h>
 
@@ -242,9 +243,9 @@ TEST_CASE("plain text: every language in its own charset") {
         {"zh-big5.txt", 950, 950, u"\u7E41\u9AD4\u4E2D\u6587\u7E41\u9AD4\u4E2D\u6587"},
         {"zh-gb18030.txt", 936, 936, u"\u7B80\u4F53\u4E2D\u6587\u7B80\u4F53\u4E2D\u6587"},
     };
-    const std::filesystem::path folder = std::filesystem::path(REAL_BOOKS) / "charsets";
+    const std::filesystem::path folder = RealBooks() / "charsets";
     if (!std::filesystem::exists(folder)) {
-        MESSAGE("skipped: no real books at " << REAL_BOOKS);
+        MESSAGE("skipped: no real books at " << RealBooks().string());
         return;
     }
     for (const auto& book : books) {

@@ -3,6 +3,7 @@
 #include "tests/document_check.h"
 #include "tests/unit/golden.h"
 #include "tests/unit/rtf_dump.h"
+#include "tests/unit/test_folders.h"
 
 #include <doctest/doctest.h>
 
@@ -11,7 +12,8 @@ namespace {
 constexpr const char* goldenNames[] = {"characters", "paragraphs", "table", "objects"};
 
 Document ReadGolden(const std::string& name) {
-    const std::string rtf = ReadWholeFile(SOURCE_FOLDER "/tests/golden/rtf/" + name + ".rtf");
+    const std::string rtf =
+        ReadWholeFile((SourceFolder() / "tests/golden/rtf" / (name + ".rtf")).string());
     REQUIRE(LooksLikeRtf(rtf));
     return ReadRtf(rtf, 1252);
 }

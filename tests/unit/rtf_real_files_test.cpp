@@ -4,6 +4,7 @@
 #include "formats/rtf/rtf_reader.h"
 #include "tests/document_check.h"
 #include "tests/unit/golden.h"
+#include "tests/unit/test_folders.h"
 
 #include <doctest/doctest.h>
 
@@ -94,7 +95,7 @@ std::string Replaced(std::string text, char from, char to) {
 } // namespace
 
 TEST_CASE("rtf real files: read as their descriptions say") {
-    const std::filesystem::path folder = REAL_BOOKS "/rtf/parser";
+    const std::filesystem::path folder = RealBooks() / "rtf/parser";
     if (!std::filesystem::exists(folder)) {
         MESSAGE("skipped: no real books here");
         return;
@@ -123,7 +124,7 @@ TEST_CASE("rtf real files: read as their descriptions say") {
 }
 
 TEST_CASE("rtf real files: books of a word processor") {
-    const std::filesystem::path folder = REAL_BOOKS "/rtf";
+    const std::filesystem::path folder = RealBooks() / "rtf";
     if (!std::filesystem::exists(folder)) {
         MESSAGE("skipped: no real books here");
         return;

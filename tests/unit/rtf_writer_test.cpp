@@ -2,6 +2,7 @@
 #include "formats/rtf/rtf_writer.h"
 #include "tests/document_check.h"
 #include "tests/unit/golden.h"
+#include "tests/unit/test_folders.h"
 
 #include <doctest/doctest.h>
 
@@ -207,7 +208,7 @@ TEST_CASE("rtf writer: generated documents read as they were") {
 }
 
 TEST_CASE("rtf writer: real files read as they were") {
-    const std::filesystem::path folder = REAL_BOOKS "/rtf";
+    const std::filesystem::path folder = RealBooks() / "rtf";
     if (!std::filesystem::exists(folder)) {
         MESSAGE("skipped: no real books here");
         return;
