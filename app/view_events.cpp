@@ -8,7 +8,7 @@
 #include "app/open_book.h"
 #include "app/page_engine.h"
 #include "app/page_places.h"
-#include "app/places.h"
+#include "app/print_book.h"
 #include "app/shown_book.h"
 #include "app/view_menu.h"
 #include "books/html_book.h"
@@ -18,7 +18,6 @@
 #include "reading/page_colors.h"
 #include "reading/zoom.h"
 
-#include <algorithm>
 #include <cstdlib>
 
 void fwMain_Resize(MainForm& form) {

@@ -1,9 +1,8 @@
-#include "app/places.h"
+#include "app/go_to_place.h"
 
 #include "app/main_form.h"
 #include "app/shown_book.h"
 #include "reading/hourglass.h"
-#include "shell/window_title.h"
 
 namespace {
 PlaceAnswer Ask(const MainForm& form, int percent, std::vector<Heading> headings, TextPos top) {
@@ -53,18 +52,4 @@ void GoToPlace(MainForm& form) {
     if (!IsBookShown(form)) return;
     if (!IsPageShown(form)) return GoInText(form);
     if (HasPageBody(form)) GoInPage(form);
-}
-
-void PrintBook(MainForm& form) {
-    if (!IsBookShown(form)) return;
-    if (IsPageShown(form) && !HasPageBody(form)) return;
-    const BookRecord record = IsShownBookListed(form) ? form.history.Record(0) : BookRecord();
-    const auto title =
-        AccessibleBookName(TitledBookOf(record, form.book.path), form.ports.files->Separator());
-    const PrintAnswer answer =
-        IsPageShown(form) ? form.ports.htmlView->Print(title) : form.ports.textView->Print(title);
-    if (answer.result != PrintAnswer::Result::Failed || form.closed) return;
-    std::u16string text = u"The book could not be printed.";
-    if (!answer.reason.empty()) text += u"\r\n" + answer.reason;
-    ShowPlainMessage(form.messages, MessageIcon::Exclamation, MessageTitle::ProductMessage, text);
 }

@@ -1,0 +1,6 @@
+// Printing the shown book.
+#pragma once
+
+struct MainForm;
+
+void PrintBook(MainForm&);
