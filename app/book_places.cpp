@@ -35,7 +35,7 @@ BookPlaces PlacesOfBook(const MainForm& form, const BookRecord& record, KnownPla
     return places;
 }
 
-bool WordsStand(const TextSource& text, const std::vector<KnownPlace>& places) {
+bool HasWordsAt(const TextSource& text, const std::vector<KnownPlace>& places) {
     return std::ranges::all_of(places, [&](const KnownPlace& place) {
         return place.words.IsEmpty() || WordsAround(text, place.position) == place.words;
     });
@@ -67,6 +67,7 @@ void MoveMarks(const TextSource& text, const BookPlaces& places,
         kept.marks[start] = WordsNow(text, places.known[firstMark + i], place);
     }
     std::vector<std::u16string> inOrder;
+    inOrder.reserve(tags.size());
     for (const auto& [start, tag] : tags)
         inOrder.push_back(tag);
     record[Field::Marks] = Join(inOrder, u"|");

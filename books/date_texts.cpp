@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
-#include <vector>
 
 namespace {
 std::u16string Padded(int number, std::size_t digits) {

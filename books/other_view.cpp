@@ -15,6 +15,7 @@ constexpr std::array viewFields = {Field::FontSize, Field::Charset, Field::LastP
 
 std::u16string StateOf(const BookRecord& record) {
     std::vector<std::u16string> state;
+    state.reserve(viewFields.size());
     for (const Field field : viewFields)
         state.push_back(record[field]);
     return Join(state, u"=");

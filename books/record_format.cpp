@@ -3,6 +3,7 @@
 #include "common/text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 std::u16string FlagText(bool on) {
@@ -14,8 +15,9 @@ Color ColorOf(const std::u16string& field, Color fallback) {
 }
 } // namespace
 
-ViewFont FontOf(const BookRecord& record, ViewFont font) {
+ViewFont FontOf(const BookRecord& record, ViewFont standard) {
     constexpr int maxSize = 1638; // points, the most that a rich-edit control takes
+    ViewFont font = std::move(standard);
     const int size = record.Number(Field::FontSize);
     if (!record[Field::FontName].empty()) font.name = record[Field::FontName];
     if (size > 0) font.size = std::min(size, maxSize);
