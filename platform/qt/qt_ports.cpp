@@ -21,6 +21,7 @@
 #include "platform/qt/window/qt_menu_bar.h"
 #include "platform/qt/window/qt_status_bar.h"
 #include "platform/qt/window/qt_window.h"
+#include "platform/shared/call_handler.h"
 #include "platform/shared/either_html_view.h"
 #include "product.h"
 
@@ -66,6 +67,9 @@ std::unique_ptr<HtmlView> MakeHtmlView(QtWindow& window, const Files& files) {
 Ports MakeQtPorts(int argc, char** argv, const std::u16string& activation) {
     auto window = std::make_unique<QtWindow>();
     auto textView = std::make_unique<QtTextView>(window->ViewArea());
+    window->onFilesDropped = [view = textView.get()](const auto& paths) {
+        CallHandler(view->onFilesDropped, paths);
+    };
     Ports ports;
     ports.launch = ThisLaunch(argc, argv);
     ports.menuBar = std::make_unique<QtMenuBar>(

@@ -40,6 +40,17 @@ class Drop(Story):
         self.assert_opened(first)
         self.assertEqual(self.program.data().paths(), [first, self.book])
 
+    def test_on_the_bars(self):
+        """Menu bar, scroll bar and status bar are parts of the window, too."""
+        _, _, width, height = self.program.rectangle()
+        for number, at in enumerate(((width // 2, 10), (width - 10, height // 2), (50, height - 10))):
+            with self.subTest(at=at):
+                path = self.write(f"quay{number}.txt")
+                drop(self, self.address(path), at=at)
+                self.program.wait_for_book(path)
+                self.program.activate()
+        self.program.close()
+
     def test_names_with_percents_and_other_scripts(self):
         path = self.write("100% 25%41 – мельник #粉屋 𝄞?.txt".replace("?", ""))
         drop(self, self.address(path))

@@ -1,6 +1,7 @@
 #include "platform/qt/window/qt_window.h"
 
 #include "platform/qt/qt_text.h"
+#include "platform/qt/text_view/dropped_paths.h"
 #include "platform/qt/window/accessible_roles.h"
 #include "platform/qt/window/key_codes.h"
 #include "platform/qt/window/menu_bar_focus.h"
@@ -43,6 +44,7 @@ QtWindow::QtWindow()
     settleTimer_.callOnTimeout([this] { Settle(); });
     menuBarTimer_.callOnTimeout([this] { HideUnusedMenuBar(); });
     connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { CloseFromSystem(); });
+    setAcceptDrops(true);
     SetDefaultGeometry();
 }
 
@@ -175,6 +177,16 @@ void QtWindow::wheelEvent(QWheelEvent* event) {
     const int steps = zoomRemainder_ / QWheelEvent::DefaultDeltasPerStep;
     zoomRemainder_ -= steps * QWheelEvent::DefaultDeltasPerStep;
     if (steps != 0) CallHandler(events_.onZoom, steps);
+}
+
+void QtWindow::dragEnterEvent(QDragEnterEvent* event) {
+    const bool isOfPage = event->source(); // a link or a picture of it is no file to open
+    if (!isOfPage) AcceptFileDrag(*event);
+}
+
+void QtWindow::dropEvent(QDropEvent* event) {
+    if (const auto paths = AcceptFileDrop(*event); !paths.empty())
+        CallHandler(onFilesDropped, paths);
 }
 
 // Key events of the QWindow arrive here before the focus widget sees them.

@@ -9,8 +9,10 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 class MenuBarFocus;
@@ -32,6 +34,9 @@ class QtWindow final : public QWidget, public Window {
     // those of the main block.
     void AddPageWidget(QWidget* page) { pageWidgets_.push_back(page); }
     void SendKeyDown(int code, int shift); // a synthesized key press
+
+    // On the bars and the scroll bar, which take no drops themselves.
+    std::function<void(const std::vector<std::u16string>& paths)> onFilesDropped;
 
     // On a signal or at logout: cancels open menus and dialogs, then closes the window as its user
     // would.
@@ -64,6 +69,8 @@ class QtWindow final : public QWidget, public Window {
     void changeEvent(QEvent*) override;
     void closeEvent(QCloseEvent*) override;
     void wheelEvent(QWheelEvent*) override;
+    void dragEnterEvent(QDragEnterEvent*) override;
+    void dropEvent(QDropEvent*) override;
     bool eventFilter(QObject*, QEvent*) override;
 
   private:

@@ -50,12 +50,13 @@ class Drag:
         wait_for(move_until_dragging, "the drag to begin")
 
 
-def drop(story, *addresses):
-    """Drops these addresses of files on the middle of the story's program."""
+def drop(story, *addresses, at=None):
+    """Drops these addresses of files on the middle of the story's program, or at this point of it."""
     listed = story.path("addresses")
     with open(listed, "wb") as file:
         file.write(b"".join(address + b"\r\n" for address in addresses))
     left, top, width, height = story.program.rectangle()
     drag = Drag(story.screen, listed)
     story.addCleanup(drag.stop)
-    drag.drop_at(left + width // 2, top + height // 2)
+    x, y = at or (width // 2, height // 2)
+    drag.drop_at(left + x, top + y)
