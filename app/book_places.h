@@ -23,7 +23,7 @@ struct BookPlaces {
 KnownPlace Known(TextPos position, const KeptWords* kept); // null for none
 BookPlaces PlacesOfBook(const MainForm&, const BookRecord&, KnownPlace top, KnownPlace last);
 
-bool WordsStand(const TextSource&, const std::vector<KnownPlace>&);
+bool HasWordsAt(const TextSource&, const std::vector<KnownPlace>&); // at all of them
 KeptWords WordsIn(const TextSource&, TextPos place);
 // What was not found keeps its words: they may come back with the next change.
 KeptWords WordsNow(const TextSource&, const KnownPlace& before, const FoundPlace& found);

@@ -94,7 +94,7 @@ void FindPlacesInPage(MainForm& form, BookRecord& record) {
     if (texts.empty()) return state.file.reset();
     const StringText text(texts.front());
     const BookPlaces places = PlacesInPage(form, record); // events came while the page was asked
-    if (!WordsStand(text, places.known)) MovePlaces(form, text, places, record);
+    if (!HasWordsAt(text, places.known)) MovePlaces(form, text, places, record);
     state.kept.top.length = text.Length();
 }
 

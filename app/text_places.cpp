@@ -20,7 +20,7 @@ BookPlaces PlacesIn(const MainForm& form, const BookRecord& record) {
 bool IsSameText(const TextSource& text, const KeptPlaces& kept,
                 const std::vector<KnownPlace>& places) {
     if (text.Length() != kept.text->length || FingerprintOf(text) != *kept.text) return false;
-    return text.Length() <= maxHashed || WordsStand(text, places);
+    return text.Length() <= maxHashed || HasWordsAt(text, places);
 }
 
 // False when it was given up: nothing has changed then.
@@ -66,7 +66,7 @@ void FollowText(MainForm& form, BookRecord& record, const std::optional<FileVers
     if (sameFile && kept.text->length == form.ports.textView->TextLength()) return;
     const BookPlaces places = PlacesIn(form, record);
     kept.SetFile(*file);
-    form.ports.textView->LookThrough([&](const TextSource& text, const auto& goesOn) {
+    form.ports.textView->VisitText([&](const TextSource& text, const auto& goesOn) {
         if (IsSameText(text, kept, places.known)) return;
         if (!places.hasWords)
             ForgetTextPlaces(form);
@@ -79,7 +79,7 @@ void FollowText(MainForm& form, BookRecord& record, const std::optional<FileVers
 void KeepSelection(MainForm& form) {
     const TextView& view = *form.ports.textView;
     const TextPos start = view.SelStart(), end = start + view.SelLength();
-    view.LookThrough([&](const TextSource& text, const auto&) {
+    view.VisitText([&](const TextSource& text, const auto&) {
         form.places.selection = {{start, WordsAround(text, start)}, {end, WordsAround(text, end)}};
     });
 }
@@ -94,7 +94,7 @@ void KeepTextPlaces(MainForm& form, const BookRecord& record, const std::u16stri
     TextPlaces& state = form.places;
     KeptPlaces& kept = state.kept;
     if (!state.file) return;
-    form.ports.textView->LookThrough([&](const TextSource& text, const auto&) {
+    form.ports.textView->VisitText([&](const TextSource& text, const auto&) {
         if (!kept.text) {
             kept.text = FingerprintOf(text);
             kept.SetFile(*state.file);

@@ -74,11 +74,11 @@ class TextView {
     // The chapter headings in the text's order, `maxHeadings` at most. A search like `Find`: what
     // was found by then when it is given up.
     virtual std::vector<Heading> Headings() const = 0;
-    // Hands over the text loaded now, which stays as long as `look` runs. One that takes long asks
+    // Hands over the text loaded now, which stays as long as `visit` runs. One that takes long asks
     // `goesOn` now and then: the window stays drawn meanwhile as during a search, and is given up
     // by the same.
-    using Look = std::function<void(const TextSource&, const std::function<bool()>& goesOn)>;
-    virtual void LookThrough(const Look& look) const = 0;
+    using TextVisitor = std::function<void(const TextSource&, const std::function<bool()>& goesOn)>;
+    virtual void VisitText(const TextVisitor& visit) const = 0;
     // The selection as RTF source, pure ASCII.
     virtual std::string SelectionAsRtf() const = 0;
 

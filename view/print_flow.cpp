@@ -57,7 +57,7 @@ class PageCutter {
     // A page does not begin with space, and there is none of space alone.
     void SkipSpace() {
         while (next_) {
-            from_ = next_->BehindSpace(from_);
+            from_ = next_->StartOfPage(from_);
             if (from_ < next_->Height() || next_->Height() == 0) return;
             next_ = source_();
             from_ = 0;

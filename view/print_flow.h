@@ -37,9 +37,9 @@ class PrintedBlock {
     virtual int Percent() const = 0; // how far along it begins
     // The lowest place at or above `limit` where nothing is cut that fits a page; `from` for none.
     virtual int CutAbove(int from, int limit, int pageHeight) const = 0;
-    // Where a page begins that would begin at `from`: behind the space there; the height when
-    // nothing follows.
-    virtual int BehindSpace(int from) const { return from; }
+    // Where a page begins that is to begin at `from` or later: after the empty space there; the
+    // height when nothing follows.
+    virtual int StartOfPage(int from) const { return from; }
     // On a page that is clipped to this.
     virtual void Paint(Canvas&, Point origin, const Rect& clip) const = 0;
 };

@@ -63,9 +63,9 @@ TextPos NoneTextView::Find(std::u16string_view what, TextPos start, FindOptions 
     return found == std::u16string::npos ? -1 : static_cast<TextPos>(found);
 }
 
-void NoneTextView::LookThrough(const Look& look) const {
-    ++looks;
-    look(StringText(document_.text), [] { return true; });
+void NoneTextView::VisitText(const TextVisitor& visit) const {
+    ++visits;
+    visit(StringText(document_.text), [] { return true; });
 }
 
 std::string NoneTextView::SelectionAsRtf() const {

@@ -20,7 +20,7 @@ class NoneTextView : public TextView {
     bool MirrorsRightToLeft() const override { return mirrorsRightToLeft; }
     TextPos Find(std::u16string_view what, TextPos start, FindOptions) const override;
     std::vector<Heading> Headings() const override { return headings; }
-    void LookThrough(const Look& look) const override;
+    void VisitText(const TextVisitor& visit) const override;
     std::string SelectionAsRtf() const override;
 
     TextPos FirstVisibleChar() const override { return LineAround(anchor_).start; }
@@ -64,7 +64,7 @@ class NoneTextView : public TextView {
     PrintAnswer printAnswer{PrintAnswer::Result::Printed, {}};
     std::function<void()> whileFinding;           // when set, a search is given up after it
     mutable std::vector<Pointer> pointersOfFinds; // shown during each search
-    mutable int looks = 0;                        // how often the text was handed over
+    mutable int visits = 0;                       // how often the text was handed over
 
     // What was asked, for tests.
     int loads = 0, scrolls = 0, fontApplications = 0;

@@ -140,14 +140,14 @@ TEST_CASE("text view: hands over its text") {
         view.LoadPlainText(text);
         std::u16string seen;
         bool goesOn = false;
-        view.LookThrough([&](const TextSource& source, const std::function<bool()>& asked) {
+        view.VisitText([&](const TextSource& source, const std::function<bool()>& asked) {
             seen = source.Range(0, source.Length());
             goesOn = asked();
         });
         CHECK(seen == text);
         CHECK(goesOn);
         view.LoadRichText("{\\rtf1 rich\\par text}", 1252);
-        view.LookThrough([&](const TextSource& source, const auto&) {
+        view.VisitText([&](const TextSource& source, const auto&) {
             seen = source.Range(0, source.Length());
         });
         CHECK(seen == view.TextRange(0, view.TextLength()));

@@ -25,7 +25,7 @@ class PagePaneBench : public PaneHtmlView {
         if (onKey) onKey(keyCode, shift);
         const bool extend = shift & ShiftKey, control = shift & CtrlKey;
         if (control && ZoomByKey(keyCode)) return;
-        if (PressOther(keyCode, extend)) return;
+        if (HandleOtherKey(keyCode, extend)) return;
         if (keyCode == 34) pane_.Press(PaneKey::PageDown, extend, control);
     }
     std::vector<NoneDrawing> Painted() {

@@ -115,7 +115,7 @@ TEST_CASE("page pictures: a frame decodes only so much, and the next ones the re
         for (std::size_t i = 0; i < 3; ++i)
             CHECK(test.Draw(i)); // with its room left empty where it does not stand yet
         CHECK(test.store.kept.size() == frame);
-        CHECK(test.pictures.TakeLeftOut() == (frame < 3));
+        CHECK(test.pictures.ResetLeftOut() == (frame < 3));
     }
     CHECK_FALSE(test.pictures.AreLeftOut());
     CHECK(test.store.drawn[1].bytes.empty()); // it was kept

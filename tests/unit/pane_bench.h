@@ -85,8 +85,8 @@ class PaneBench : public PaneTextView {
         return Pane().Headings([] { return true; });
     }
     PrintAnswer Print(const std::u16string&) override { return {}; }
-    void LookThrough(const Look& look) const override {
-        look(Pane().Source(), [] { return true; });
+    void VisitText(const TextVisitor& visit) const override {
+        visit(Pane().Source(), [] { return true; });
     }
     void SetBounds(const Rect&) override {}
     void SetVisible(bool) override {}

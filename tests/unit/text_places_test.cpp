@@ -65,7 +65,7 @@ TEST_CASE("places: a book that did not change costs no look at its text") {
     test.Close();
     Places next(test);
     REQUIRE(next.Start());
-    CHECK(next.View().looks == 0);
+    CHECK(next.View().visits == 0);
 }
 
 TEST_CASE("places: only the time of the file has changed") {
@@ -77,7 +77,7 @@ TEST_CASE("places: only the time of the file has changed") {
     test.Close();
     Places next(test);
     REQUIRE(next.Start());
-    CHECK(next.View().looks == 0); // which is known by now
+    CHECK(next.View().visits == 0); // which is known by now
 }
 
 TEST_CASE("places: another encoding and other line ends") {

@@ -60,7 +60,7 @@ double PagePane::ScaleOf(int zoomPercent) const {
 }
 
 PageViewport PagePane::CurrentViewport() {
-    return {*page_, *shown_, scroller_, scrollX_, look_.viewport};
+    return {*page_, *shown_, scroller_, scrollX_, options_.viewport};
 }
 
 std::optional<PageViewport> PagePane::Viewport() {
@@ -72,44 +72,44 @@ std::optional<PageViewport> PagePane::Viewport() {
 bool PagePane::UpdateLayout() {
     if (!page_) return false;
     const Size room = window_.Room();
-    PageLook look;
-    look.dpi = window_.Dpi();
-    look.scale = ScaleOf(zoom_);
-    look.viewport = {std::max(1, room.width), std::max(1, room.height)};
-    look.text = text_;
-    look.background = background_;
+    PageRenderOptions options;
+    options.dpi = window_.Dpi();
+    options.scale = ScaleOf(zoom_);
+    options.viewport = {std::max(1, room.width), std::max(1, room.height)};
+    options.text = text_;
+    options.background = background_;
     // To say what the page says itself would style all of it once more.
-    if (text_ == ownText_) look.text.reset();
-    if (background_ == bodyBackground_ && background_ == ownBackground_) look.background.reset();
-    if (!shown_ || look != look_) LayOutAnew(look);
+    if (text_ == ownText_) options.text.reset();
+    if (background_ == bodyBackground_ && background_ == ownBackground_) options.background.reset();
+    if (!shown_ || options != options_) LayOutAnew(options);
     return true;
 }
 
-void PagePane::LayOutAnew(const PageLook& look) {
+void PagePane::LayOutAnew(const PageRenderOptions& options) {
     const std::optional<PlaceAtTop> anchor = shown_ ? TopAnchor() : std::nullopt;
-    PageLook before = std::exchange(look_, look);
-    if (before.scale != look.scale) {
+    PageRenderOptions before = std::exchange(options_, options);
+    if (before.scale != options.scale) {
         newTop_.reset();
         wantedHeight_.reset();
     }
-    const bool sameHeight = before.viewport.height == look.viewport.height;
-    const bool sameWidth = before.viewport.width == look.viewport.width;
-    before.viewport = look.viewport;
-    const bool newStyles = !shown_ || before != look ||
+    const bool sameHeight = before.viewport.height == options.viewport.height;
+    const bool sameWidth = before.viewport.width == options.viewport.width;
+    before.viewport = options.viewport;
+    const bool newStyles = !shown_ || before != options ||
                            (shown_->Styles().DependsOnViewport() && !(sameWidth && sameHeight));
     if (!newStyles && sameWidth) {
-        scroller_.SetPage(shown_.get(), look.viewport.height);
+        scroller_.SetPage(shown_.get(), options.viewport.height);
         return scroller_.ScrollBy(0);
     }
-    lines_.SetResolution(look.dpi);
+    lines_.SetResolution(options.dpi);
     if (newStyles) {
         scroller_.SetPage(nullptr, 1);
-        shown_ = std::make_unique<ShownPage>(*page_, sheets_, *pictures_, lines_, look);
+        shown_ = std::make_unique<ShownPage>(*page_, sheets_, *pictures_, lines_, options);
         ForgetObjects();
     } else {
-        shown_->Flow().SetWidth(look.viewport.width);
+        shown_->Flow().SetWidth(options.viewport.width);
     }
-    scroller_.SetPage(shown_.get(), look.viewport.height);
+    scroller_.SetPage(shown_.get(), options.viewport.height);
     widest_ = 0;
     if (newTop_ && (wantedHeight_ || std::chrono::steady_clock::now() < newTopUntil_))
         GoTo(*newTop_);

@@ -24,8 +24,7 @@ class PagePane : public ReadablePage {
     void Show(std::unique_ptr<LoadedPage> page);
     void Clear();
     const LoadedPage* Page() const { return page_.get(); } // null without one
-    PageLook Look() const { return look_; }
-    Color OwnText() const { return ownText_; } // as the page was loaded
+    Color OwnText() const { return ownText_; }             // as the page was loaded
     Color OwnBackground() const { return ownBackground_; }
 
     // There must be a page. In its present zoom.
@@ -98,9 +97,9 @@ class PagePane : public ReadablePage {
     static constexpr int placeTime = 300;
 
     std::optional<PageViewport> Viewport() override;
-    PageViewport CurrentViewport(); // without a look at the window; there must be a page
+    PageViewport CurrentViewport(); // without asking the window; there must be a page
     bool UpdateLayout();            // false without a page
-    void LayOutAnew(const PageLook& look);
+    void LayOutAnew(const PageRenderOptions& options);
     std::optional<PlaceAtTop> TopAnchor();
     void RestoreTop(const std::optional<PlaceAtTop>& anchor);
     double ScaleOf(int zoomPercent) const;
@@ -146,7 +145,7 @@ class PagePane : public ReadablePage {
     std::unique_ptr<PagePictures> pictures_;
     std::vector<std::u16string> sheets_;
     std::unique_ptr<ShownPage> shown_;
-    PageLook look_;
+    PageRenderOptions options_;
     int zoom_ = 100; // per cent
     std::optional<Color> text_, background_;
     Color ownText_ = 0, ownBackground_ = 0xFFFFFF, bodyBackground_ = 0xFFFFFF;

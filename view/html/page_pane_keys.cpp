@@ -63,7 +63,7 @@ std::optional<TextPos> PagePane::KeyTarget(PaneKey key, bool control) {
     const double bottom = scroller_.InView(place->block.zone, place->LineBottom());
     const InlineLine& line = place->block.Line(place->line);
     const PagePlaces places(*page_, *shown_);
-    const int page = look_.viewport.height - 2 * LineHeight();
+    const int page = options_.viewport.height - 2 * LineHeight();
     switch (key) {
     case PaneKey::Left:
     case PaneKey::Right: {

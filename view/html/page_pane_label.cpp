@@ -33,5 +33,5 @@ void PagePane::PaintLabel(Canvas& canvas) {
     const std::vector<Heading>& headings = Headings();
     const int above = HeadingAbove(headings, StartAtTop());
     if (above >= 0) label.heading = headings[std::size_t(above)].text;
-    PaintScrollLabel(canvas, lines_, system_, label, look_.viewport);
+    PaintScrollLabel(canvas, lines_, system_, label, options_.viewport);
 }

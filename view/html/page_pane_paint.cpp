@@ -21,7 +21,7 @@ void PagePane::Paint(Canvas& canvas, const Rect& clip) {
     const SelectionColors& selection =
         window_.HasFocus() ? system_.selection : system_.inactiveSelection;
     const PagePlaces places(*page_, *shown_);
-    PagePaint paint{shown_->Boxes(), look_.scale, shown_->TextColor(), clip, {}, {}, selection};
+    PagePaint paint{shown_->Boxes(), options_.scale, shown_->TextColor(), clip, {}, {}, selection};
     pictures_->StartFrame();
     paint.drawPicture = [this](Canvas& on, PageBoxId box, const Rect& where) {
         return pictures_->Draw(on, pictures_->PictureOf(shown_->Boxes()[box]), where);
@@ -59,7 +59,7 @@ void PagePane::PaintFocus(Canvas& canvas) {
     if (!first) return;
     const PagePlaces places(*page_, *shown_);
     const UnitSpan units = places.SelectedUnits(first->block.Content(), span->start, span->end);
-    const int thin = std::max(1, int(std::lround(look_.scale)));
+    const int thin = std::max(1, int(std::lround(options_.scale)));
     for (std::size_t i = first->line; i < first->block.lines->layout.lines.size(); ++i) {
         const InlineLine& line = first->block.Line(i);
         const TextPos from = std::max(units.start, line.start), to = std::min(units.end, line.end);

@@ -9,7 +9,7 @@ std::optional<CharacterPlace> PagePane::PlaceOf(TextPos position) {
 }
 
 int PagePane::TopMargin() {
-    return UpdateLayout() ? Rounded(shown_->TopMargin() / look_.scale) : 0;
+    return UpdateLayout() ? Rounded(shown_->TopMargin() / options_.scale) : 0;
 }
 
 void PagePane::ScrollLineToTop(TextPos position) {
@@ -39,7 +39,7 @@ void PagePane::ScrollToPercent(int percent) {
 bool PagePane::ScrollDown(double pixels) {
     if (!UpdateLayout()) return false;
     const PageScroller::Top before = scroller_.Position();
-    scroller_.ScrollBy(pixels * look_.scale);
+    scroller_.ScrollBy(pixels * options_.scale);
     OnUserScrolled();
     return scroller_.Position() != before;
 }
@@ -47,15 +47,15 @@ bool PagePane::ScrollDown(double pixels) {
 int PagePane::LineTop(TextPos position) {
     if (!UpdateLayout()) return 0;
     const auto place = position > 0 ? PlaceOf(position) : std::nullopt;
-    if (!place) return Rounded((shown_->TopMargin() - scroller_.Height()) / look_.scale);
+    if (!place) return Rounded((shown_->TopMargin() - scroller_.Height()) / options_.scale);
     // What lies between it and the view is to be exact.
     MeasureAbove(std::max(place->block.zone, scroller_.Position().zone), placeTime);
-    return Rounded(scroller_.InView(place->block.zone, place->top) / look_.scale);
+    return Rounded(scroller_.InView(place->block.zone, place->top) / options_.scale);
 }
 
 int PagePane::CharacterLeft(TextPos position) {
     const auto place = UpdateLayout() ? PlaceOf(position) : std::nullopt;
-    return place ? Rounded((place->x - scrollX_) / look_.scale) : 0;
+    return place ? Rounded((place->x - scrollX_) / options_.scale) : 0;
 }
 
 // A line of which less than a quarter is seen is none that is read.
@@ -79,7 +79,7 @@ TextPos PagePane::StartAtTop() {
 void PagePane::Reveal(TextPos position) {
     const auto place = UpdateLayout() ? PlaceOf(position) : std::nullopt;
     if (!place) return;
-    const double height = look_.viewport.height;
+    const double height = options_.viewport.height;
     const double top = scroller_.InView(place->block.zone, place->top);
     if (top < 0 || place->height > height)
         scroller_.ScrollTo({place->block.zone, place->top});
@@ -87,9 +87,9 @@ void PagePane::Reveal(TextPos position) {
         scroller_.ScrollTo({place->block.zone, place->top + place->height - height});
     OnUserScrolled();
     const int x = Rounded(place->x) - scrollX_, margin = Rounded(shown_->TopMargin());
-    if (x >= 0 && x < look_.viewport.width) return;
-    maxScrollX_ = std::max(maxScrollX_, Rounded(place->x) + margin - look_.viewport.width);
-    ScrollToX(scrollX_ + (x < 0 ? x - margin : x + margin - look_.viewport.width));
+    if (x >= 0 && x < options_.viewport.width) return;
+    maxScrollX_ = std::max(maxScrollX_, Rounded(place->x) + margin - options_.viewport.width);
+    ScrollToX(scrollX_ + (x < 0 ? x - margin : x + margin - options_.viewport.width));
 }
 
 // Of the place where the next keys extend the selection.
@@ -99,6 +99,6 @@ std::optional<Rect> PagePane::CaretRect() {
     const Rect box{Rounded(place->x) - scrollX_,
                    Rounded(scroller_.InView(place->block.zone, place->top)), 1,
                    Rounded(place->height)};
-    const Rect view{0, 0, look_.viewport.width, look_.viewport.height};
+    const Rect view{0, 0, options_.viewport.width, options_.viewport.height};
     return Intersect(box, view) ? std::optional(box) : std::nullopt;
 }

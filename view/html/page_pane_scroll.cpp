@@ -61,12 +61,12 @@ void PagePane::ScrollToX(int x) {
 // Called when painting: what is in view decides how far it scrolls sideways.
 void PagePane::UpdateScrollBars() {
     const double max = std::max(scroller_.Height(), scroller_.MaxHeight());
-    const int page = look_.viewport.height;
+    const int page = options_.viewport.height;
     window_.ShowVertical({VerticalValue(), int(std::min(std::ceil(max), 1e9)), page, LineHeight()});
-    maxScrollX_ = std::max(0, int(std::ceil(widest_)) - look_.viewport.width);
+    maxScrollX_ = std::max(0, int(std::ceil(widest_)) - options_.viewport.width);
     scrollX_ = std::min(scrollX_, maxScrollX_);
     window_.SetHorizontalBar(maxScrollX_ > 0);
-    window_.ShowHorizontal({scrollX_, maxScrollX_, look_.viewport.width, LineHeight()});
+    window_.ShowHorizontal({scrollX_, maxScrollX_, options_.viewport.width, LineHeight()});
 }
 
 void PagePane::OnTimer(PaneTimer timer) {

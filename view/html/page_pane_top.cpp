@@ -58,7 +58,7 @@ bool PagePane::MeasureAbove(std::size_t zone, int milliseconds) {
 
 // Whether the heights down to it are exact now.
 bool PagePane::ReachWantedHeight(int milliseconds) {
-    if (!MeasureHeight(*wantedHeight_ + look_.viewport.height, milliseconds)) return false;
+    if (!MeasureHeight(*wantedHeight_ + options_.viewport.height, milliseconds)) return false;
     scroller_.LayoutsChanged();
     GoToMeasured(*std::exchange(wantedHeight_, {}));
     OnScrolled();
@@ -69,7 +69,7 @@ bool PagePane::ReachWantedHeight(int milliseconds) {
 void PagePane::GoToMeasured(double height) {
     constexpr double slack = 2; // CSS pixels, of what was rounded
     const bool hasWords = newTop_ && newTop_->start > 0;
-    if (!hasWords || std::abs(scroller_.Height() - height) <= slack * look_.scale)
+    if (!hasWords || std::abs(scroller_.Height() - height) <= slack * options_.scale)
         scroller_.ScrollToHeight(height);
     else if (newTop_->above > 0)
         GoToLine({.start = newTop_->start});
@@ -77,7 +77,7 @@ void PagePane::GoToMeasured(double height) {
 
 void PagePane::MeasureMore() {
     if (!UpdateLayout()) return;
-    if (pictures_->TakeLeftOut()) window_.Redraw();
+    if (pictures_->ResetLeftOut()) window_.Redraw();
     if (wantedHeight_) {
         ReachWantedHeight(measuringTime);
         return;
@@ -88,7 +88,7 @@ void PagePane::MeasureMore() {
 
 void PagePane::ScrollTo(int left, int top) {
     BringToTop({.offset = top});
-    if (page_) scrollX_ = std::max(0, Rounded(left * look_.scale));
+    if (page_) scrollX_ = std::max(0, Rounded(left * options_.scale));
 }
 
 void PagePane::BringToTop(const PageTop& top) {
@@ -106,8 +106,8 @@ void PagePane::GoTo(const PageTop& top) {
     topAnchor_.reset();
     const bool hasWords = GoToLine(top);
     if (hasWords && top.offset < 0) return;
-    const double height = std::max(0, top.offset) * look_.scale;
-    if (MeasureHeight(height + look_.viewport.height, hasWords ? measuringTime : placeTime))
+    const double height = std::max(0, top.offset) * options_.scale;
+    if (MeasureHeight(height + options_.viewport.height, hasWords ? measuringTime : placeTime))
         return GoToMeasured(height);
     wantedHeight_ = height;
     window_.StartTimer(PaneTimer::Measuring, measuringInterval);
@@ -117,7 +117,7 @@ void PagePane::GoTo(const PageTop& top) {
 bool PagePane::GoToLine(const PageTop& top) {
     const auto place = top.start > 0 ? PlaceOf(top.start) : std::nullopt;
     if (!place) return false;
-    const double above = std::min(top.above * look_.scale, place->height - 1);
+    const double above = std::min(top.above * options_.scale, place->height - 1);
     scroller_.ScrollTo({place->block.zone, place->top - std::round(shown_->TopMargin()) + above});
     const double inView = scroller_.InView(place->block.zone, place->top);
     topAnchor_ = PlaceAtTop{top.start, inView / place->height};
@@ -131,14 +131,14 @@ PageTop PagePane::Top() {
         top = *newTop_;
     } else {
         if (MeasureAbove(scroller_.Position().zone, exactTime))
-            top.offset = Rounded(scroller_.Height() / look_.scale);
+            top.offset = Rounded(scroller_.Height() / options_.scale);
         const auto anchor = TopAnchor();
         top.start = anchor ? anchor->position : 0;
         const auto place = anchor ? PlaceOf(anchor->position) : std::nullopt;
         if (place)
             top.above = Rounded((std::round(shown_->TopMargin()) -
                                  scroller_.InView(place->block.zone, place->top)) /
-                                look_.scale);
+                                options_.scale);
     }
     const std::u16string& text = page_->Text();
     top.length = page_->Length();
@@ -153,7 +153,7 @@ PageTop PagePane::Top() {
 int PagePane::ScrollTop() {
     if (!UpdateLayout()) return 0;
     if (wantedHeight_ && !ReachWantedHeight(exactTime))
-        return Rounded(*wantedHeight_ / look_.scale);
+        return Rounded(*wantedHeight_ / options_.scale);
     MeasureAbove(scroller_.Position().zone, exactTime);
-    return Rounded(scroller_.Height() / look_.scale);
+    return Rounded(scroller_.Height() / options_.scale);
 }

@@ -141,7 +141,7 @@ void PagePictures::StartFrame() {
     frameCost_ = 0;
 }
 
-bool PagePictures::TakeLeftOut() {
+bool PagePictures::ResetLeftOut() {
     return std::exchange(leftOut_, false);
 }
 

@@ -26,11 +26,11 @@ class PagePictures {
     bool ShowsObject(HtmlNodeId object);
     bool Draw(Canvas& canvas, HtmlNodeId image, const Rect& box); // see PictureStore
 
-    // From here on only so much is decoded that a window is not held; Draw leaves out the others,
-    // which come with the next frames. Without a frame, as on paper, all are drawn.
+    // From here on only so much is decoded as keeps the window responsive; Draw leaves out the
+    // others, which come with the next frames. Without a frame, as on paper, all are drawn.
     void StartFrame();
     bool AreLeftOut() const { return leftOut_; }
-    bool TakeLeftOut(); // since this was asked
+    bool ResetLeftOut(); // whether some were left out since the last call
 
   private:
     struct Known {

@@ -147,7 +147,7 @@ bool PaneHtmlView::ZoomByKey(int keyCode) {
     return true;
 }
 
-bool PaneHtmlView::PressOther(int keyCode, bool shift) {
+bool PaneHtmlView::HandleOtherKey(int keyCode, bool shift) {
     if (!Settle()) return false;
     if (keyCode == '\t') return Pane().FocusLink(!shift);
     return keyCode == '\r' && Pane().FollowFocusedLink();

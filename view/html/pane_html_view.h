@@ -57,10 +57,10 @@ class PaneHtmlView : public HtmlView {
     // The keystroke of SendZoomKey, for the window's `onKeyDown`.
     virtual void ReportZoomKey(bool larger) = 0;
 
-    void RunPosted();                         // one event or load
-    bool ZoomByKey(int keyCode);              // with Ctrl; whether it is one of the view's keys
-    bool PressOther(int keyCode, bool shift); // Tab and Return
-    void FollowLink(HtmlNodeId link);         // to be the pane's `onLink`
+    void RunPosted();                             // one event or load
+    bool ZoomByKey(int keyCode);                  // with Ctrl; whether it is one of the view's keys
+    bool HandleOtherKey(int keyCode, bool shift); // Tab and Return
+    void FollowLink(HtmlNodeId link);             // to be the pane's `onLink`
 
   private:
     const LoadedPage* Page() const { return Pane().Page(); }

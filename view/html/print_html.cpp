@@ -34,7 +34,7 @@ class PrintedZone final : public PrintedBlock {
         return cut;
     }
 
-    int BehindSpace(int from) const override {
+    int StartOfPage(int from) const override {
         int next = Height();
         for (const SolidSpan& span : spans_)
             if (span.bottom > from + 1) next = std::min(next, std::max(from, span.top));
@@ -72,7 +72,7 @@ class HtmlPrinter {
         if (!widest) return PrintEnd::GivenUp;
         if (*widest > room_.width + 1) LayOut(std::max(smallestScale, room_.width / *widest));
         PagePaint paint{shown_->Boxes(),
-                        shown_->Look().scale,
+                        shown_->Options().scale,
                         ReadableOn(paper, shown_->TextColor()),
                         {},
                         {},
@@ -94,12 +94,12 @@ class HtmlPrinter {
 
   private:
     void LayOut(double share) {
-        PageLook look;
-        look.dpi = device_.Dpi();
-        look.scale = look.dpi / cssPerInch * page_.zoom / 100 * share;
-        look.viewport = {room_.width, room_.height};
-        look.onPaper = true;
-        shown_.emplace(page_.page, page_.sheets, pictures_, lines_, look);
+        PageRenderOptions options;
+        options.dpi = device_.Dpi();
+        options.scale = options.dpi / cssPerInch * page_.zoom / 100 * share;
+        options.viewport = {room_.width, room_.height};
+        options.onPaper = true;
+        shown_.emplace(page_.page, page_.sheets, pictures_, lines_, options);
     }
 
     // Nothing when the job was given up meanwhile.

@@ -10,10 +10,10 @@
 namespace {
 constexpr std::uint64_t maxSheetBytes = 16 << 20; // of a file
 
-CssReading ReadingOf(const LoadedPage& page, const PageLook& look) {
+CssReading ReadingOf(const LoadedPage& page, const PageRenderOptions& options) {
     CssReading reading;
-    reading.medium.viewportWidth = float(look.viewport.width / look.scale);
-    reading.medium.viewportHeight = float(look.viewport.height / look.scale);
+    reading.medium.viewportWidth = float(options.viewport.width / options.scale);
+    reading.medium.viewportHeight = float(options.viewport.height / options.scale);
     reading.quirks = page.Tree().Quirks() == HtmlQuirks::Full;
     return reading;
 }
@@ -27,19 +27,19 @@ std::u16string Declaration(std::u16string_view property, std::optional<Color> co
 }
 
 // The reader's own colours, as a style sheet behind those of the page.
-std::u16string ReadersSheet(const PageLook& look) {
+std::u16string ReadersSheet(const PageRenderOptions& options) {
     const std::u16string declarations =
-        Declaration(u"color", look.text) + Declaration(u"background-color", look.background);
+        Declaration(u"color", options.text) + Declaration(u"background-color", options.background);
     std::u16string sheet;
     if (!declarations.empty()) sheet = u"body{" + declarations + u"}";
-    if (look.onPaper) sheet += u"pre{white-space:pre-wrap!important}";
+    if (options.onPaper) sheet += u"pre{white-space:pre-wrap!important}";
     return sheet;
 }
 
 // Of a picture that is larger than a sheet, in CSS pixels.
-Size FittingSize(Size size, const PageLook& look) {
-    const double across = look.viewport.width / look.scale,
-                 down = look.viewport.height / look.scale;
+Size FittingSize(Size size, const PageRenderOptions& options) {
+    const double across = options.viewport.width / options.scale,
+                 down = options.viewport.height / options.scale;
     const double share =
         std::min({1.0, across / std::max(1, size.width), down / std::max(1, size.height)});
     return {int(size.width * share), int(size.height * share)};
@@ -53,11 +53,11 @@ std::vector<std::u16string> PageSheets(const LoadedPage& page, const PageFiles& 
 }
 
 CssPageStyles ShownPage::StylesOf(const LoadedPage& page, const std::vector<std::u16string>& sheets,
-                                  const PageLook& look, std::vector<CssSheet>& read) {
-    const CssReading reading = ReadingOf(page, look);
+                                  const PageRenderOptions& options, std::vector<CssSheet>& read) {
+    const CssReading reading = ReadingOf(page, options);
     for (const std::u16string& sheet : sheets)
         read.push_back(ReadCss(sheet, reading));
-    if (const std::u16string readers = ReadersSheet(look); !readers.empty())
+    if (const std::u16string readers = ReadersSheet(options); !readers.empty())
         read.push_back(ReadCss(readers, reading));
     const auto style = [&] {
         std::vector<const CssSheet*> each;
@@ -74,17 +74,18 @@ CssPageStyles ShownPage::StylesOf(const LoadedPage& page, const std::vector<std:
 }
 
 ShownPage::ShownPage(const LoadedPage& page, const std::vector<std::u16string>& sheets,
-                     PagePictures& pictures, LineLayout& lines, const PageLook& look)
-    : page_(page), look_(look), styles_(StylesOf(page, sheets, look, sheets_)),
+                     PagePictures& pictures, LineLayout& lines, const PageRenderOptions& options)
+    : page_(page), options_(options), styles_(StylesOf(page, sheets, options, sheets_)),
       boxes_(BoxesOf(page.Tree(), styles_, {},
                      [&pictures](HtmlNodeId object) { return pictures.ShowsObject(object); })),
-      fonts_(lines, styles_, look.scale, look.dpi), text_(page.Tree(), styles_, boxes_, fonts_),
-      layouter_(boxes_, text_, lines, look.scale), flow_(layouter_) {
+      fonts_(lines, styles_, options.scale, options.dpi),
+      text_(page.Tree(), styles_, boxes_, fonts_), layouter_(boxes_, text_, lines, options.scale),
+      flow_(layouter_) {
     text_.pictureSize = [this, &pictures](const PageBox& box) {
         const Size size = pictures.NaturalSize(pictures.PictureOf(box));
-        return look_.onPaper ? FittingSize(size, look_) : size;
+        return options_.onPaper ? FittingSize(size, options_) : size;
     };
-    flow_.SetWidth(look.viewport.width);
+    flow_.SetWidth(options.viewport.width);
 }
 
 PageBoxId ShownPage::BoxOf(HtmlNodeId node, std::size_t unit) const {
@@ -126,6 +127,6 @@ double ShownPage::TopMargin() const {
     const HtmlNodeId body = page_.Tree().Body();
     if (body == noHtmlNode) return 0;
     const CssBoxStyle& style = *styles_.Of(body).box;
-    const double width = look_.viewport.width / look_.scale;
-    return (style.margin[cssTop].Of(float(width)) + style.borderWidth[cssTop]) * look_.scale;
+    const double width = options_.viewport.width / options_.scale;
+    return (style.margin[cssTop].Of(float(width)) + style.borderWidth[cssTop]) * options_.scale;
 }

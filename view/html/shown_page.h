@@ -10,13 +10,13 @@
 
 #include <optional>
 
-struct PageLook {
+struct PageRenderOptions {
     double scale = 1;                      // device pixels of one of CSS
     double dpi = 96;                       // that the line layout has
     Size viewport;                         // device pixels
     std::optional<Color> text, background; // of the body, in place of its own
     bool onPaper = false;                  // where one cannot scroll to the side
-    bool operator==(const PageLook&) const = default;
+    bool operator==(const PageRenderOptions&) const = default;
 };
 
 // The texts of the style sheets that a page asks for, in their order.
@@ -26,9 +26,9 @@ class ShownPage {
   public:
     // All references must outlive this object.
     ShownPage(const LoadedPage& page, const std::vector<std::u16string>& sheets,
-              PagePictures& pictures, LineLayout& lines, const PageLook& look);
+              PagePictures& pictures, LineLayout& lines, const PageRenderOptions& options);
 
-    const PageLook& Look() const { return look_; }
+    const PageRenderOptions& Options() const { return options_; }
     const CssPageStyles& Styles() const { return styles_; }
     const PageBoxes& Boxes() const { return boxes_; }
     PageFlow& Flow() { return flow_; }
@@ -45,10 +45,10 @@ class ShownPage {
 
   private:
     static CssPageStyles StylesOf(const LoadedPage& page, const std::vector<std::u16string>& sheets,
-                                  const PageLook& look, std::vector<CssSheet>& read);
+                                  const PageRenderOptions& options, std::vector<CssSheet>& read);
 
     const LoadedPage& page_;
-    PageLook look_;
+    PageRenderOptions options_;
     std::vector<CssSheet> sheets_;
     CssPageStyles styles_;
     PageBoxes boxes_;

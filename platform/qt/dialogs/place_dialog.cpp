@@ -44,7 +44,7 @@ PlaceDialog::PlaceDialog(QWidget* parent, const PlaceRequest& request)
     filter_->installEventFilter(this);
     LayOut();
     FillList();
-    SelectPresent();
+    SelectCurrent();
     const bool hasHeadings = !request.headings.empty();
     filter_->setEnabled(hasHeadings);
     list_->setEnabled(hasHeadings);
@@ -87,7 +87,7 @@ void PlaceDialog::FillList() {
     }
 }
 
-void PlaceDialog::SelectPresent() {
+void PlaceDialog::SelectCurrent() {
     if (request_.heading < 0) return;
     const QSignalBlocker quiet(list_);
     list_->setCurrentRow(request_.heading); // all are in the list

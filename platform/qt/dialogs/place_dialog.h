@@ -22,7 +22,7 @@ class PlaceDialog final : public QDialog {
   private:
     void LayOut();
     void FillList();
-    void SelectPresent();
+    void SelectCurrent();
 
     const PlaceRequest& request_;
     QSpinBox* percent_;

@@ -11,7 +11,9 @@ QtPageView::QtPageView(QWidget* parent, const Files& files)
     : PaneHtmlView(files, QtLocale().AnsiCodePage()), widget_(new HtmlWidget(parent, files)) {
     widget_->Pane().onLink = [this](HtmlNodeId link) { FollowLink(link); };
     widget_->onZoomKey = [this](int keyCode) { return ZoomByKey(keyCode); };
-    widget_->onOtherKey = [this](int keyCode, bool shift) { return PressOther(keyCode, shift); };
+    widget_->onOtherKey = [this](int keyCode, bool shift) {
+        return HandleOtherKey(keyCode, shift);
+    };
     widget_->onCommand = [this](PageCommand command) { CallHandler(onCommand, command); };
     widget_->onFilesDropped = [this](const std::vector<std::u16string>& paths) {
         CallHandler(onFilesDropped, paths);

@@ -44,9 +44,9 @@ std::vector<Heading> QtTextView::Headings() const {
     return Pane().Headings([&events] { return events.ProcessEvents(); });
 }
 
-void QtTextView::LookThrough(const Look& look) const {
+void QtTextView::VisitText(const TextVisitor& visit) const {
     EventPump events;
-    look(Pane().Source(), [&events] { return events.ProcessEvents(); });
+    visit(Pane().Source(), [&events] { return events.ProcessEvents(); });
 }
 
 void QtTextView::SetBounds(const Rect& bounds) {

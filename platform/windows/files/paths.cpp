@@ -71,7 +71,7 @@ std::optional<std::wstring> NativePath(const std::u16string& path) {
     return std::wstring(Verbatim) + full;
 }
 
-bool NamesDevice(const std::u16string& path) {
+bool IsDevicePath(const std::u16string& path) {
     const std::wstring wide = ToWide(path);
     return !IsInvalidPath(wide) && IsDevice(FullPath(wide));
 }

@@ -10,7 +10,7 @@ std::optional<std::wstring> NativePath(const std::u16string& path);
 
 // A device, a pipe or a mailslot: "\\.\pipe\x", "\\server\pipe\x", and "C:\books\NUL" on systems
 // that treat it as one.
-bool NamesDevice(const std::u16string& path);
+bool IsDevicePath(const std::u16string& path);
 
 std::wstring FolderOf(const std::wstring& path); // up to its last "\", which is not part of it
 std::wstring NameOf(const std::wstring& path);   // what follows the last "\"

@@ -68,7 +68,7 @@ std::uint64_t MakeUint64(DWORD high, DWORD low) {
 RegularFile::RegularFile(const std::u16string& path) {
     const auto native = NativePath(path);
     if (!native) {
-        if (NamesDevice(path)) status = ReadStatus::NotAFile;
+        if (IsDevicePath(path)) status = ReadStatus::NotAFile;
         return;
     }
     handle = OpenExisting(*native, GENERIC_READ);

@@ -14,7 +14,9 @@ WinPageView::WinPageView(HWND parent, const Files& files)
       window_(std::make_unique<HtmlWindow>(parent, files)) {
     window_->Pane().onLink = [this](HtmlNodeId link) { FollowLink(link); };
     window_->onZoomKey = [this](int keyCode) { return ZoomByKey(keyCode); };
-    window_->onOtherKey = [this](int keyCode, bool shift) { return PressOther(keyCode, shift); };
+    window_->onOtherKey = [this](int keyCode, bool shift) {
+        return HandleOtherKey(keyCode, shift);
+    };
     window_->onPosted = [this] { RunPosted(); };
     window_->onContextMenu = [this](POINT onScreen) { ShowContextMenu(onScreen); };
     window_->onCopy = [this] { CallHandler(onCommand, PageCommand::Copy); };

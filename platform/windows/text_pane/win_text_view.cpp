@@ -39,9 +39,9 @@ PrintAnswer WinTextView::Print(const std::u16string& title) {
     return PrintByDialog(GetAncestor(Handle(), GA_ROOT), title, print);
 }
 
-void WinTextView::LookThrough(const Look& look) const {
+void WinTextView::VisitText(const TextVisitor& visit) const {
     SearchPump messages;
-    look(Pane().Source(), [&] { return messages.GoesOn(); });
+    visit(Pane().Source(), [&] { return messages.GoesOn(); });
 }
 
 void WinTextView::SetBounds(const Rect& bounds) {

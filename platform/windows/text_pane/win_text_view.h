@@ -16,7 +16,7 @@ class WinTextView : public PaneTextView {
 
     // Keeps the window drawn while it searches long, although it is const.
     TextPos Find(std::u16string_view what, TextPos start, FindOptions options) const override;
-    void LookThrough(const Look& look) const override;
+    void VisitText(const TextVisitor& visit) const override;
 
     std::vector<Heading> Headings() const override; // likewise
     PrintAnswer Print(const std::u16string& title) override;

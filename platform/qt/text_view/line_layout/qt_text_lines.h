@@ -52,7 +52,7 @@ class QtTextLines : public TextLines {
     TextExtent WholeExtent(int line) const;
     std::vector<TextExtent> CharacterExtents(int line, TextPos start, TextPos end) const;
     TextPos ReportedAt(int line, double x, QTextLine::CursorPosition kind) const;
-    TextPos SideStep(TextPos from, Step step, bool forward) const;
+    TextPos VisualStep(TextPos from, Step step, bool forward) const;
 
     std::vector<LayoutSegment> segments_;
     std::vector<Place> places_; // of each line

@@ -43,7 +43,7 @@ CharSpan QtTextLines::WordAt(TextPos position) const {
 
 // In bidirectional text QTextLayout ignores trailing spaces, and stops within grapheme clusters. It
 // does not move out of a line that consists of a line separator only.
-TextPos QtTextLines::SideStep(TextPos from, Step step, bool forward) const {
+TextPos QtTextLines::VisualStep(TextPos from, Step step, bool forward) const {
     const int line = LineOf(from);
     const TextPos spaces = VisibleEnd(line);
     if (from >= spaces) return forward ? NextPosition(from) : PreviousPosition(from);
@@ -62,9 +62,9 @@ TextPos QtTextLines::SideStep(TextPos from, Step step, bool forward) const {
 }
 
 TextPos QtTextLines::LeftOf(TextPos position) const {
-    return SideStep(position, &QTextLayout::leftCursorPosition, rightToLeft_);
+    return VisualStep(position, &QTextLayout::leftCursorPosition, rightToLeft_);
 }
 
 TextPos QtTextLines::RightOf(TextPos position) const {
-    return SideStep(position, &QTextLayout::rightCursorPosition, !rightToLeft_);
+    return VisualStep(position, &QTextLayout::rightCursorPosition, !rightToLeft_);
 }

@@ -18,19 +18,19 @@ std::optional<LRESULT> TextAccessibility::AnswerGetObject(HWND window, WPARAM wP
     return library.ReturnProvider(window, wParam, lParam, Provider(window).Get());
 }
 
-bool TextAccessibility::IsHeard() const {
+bool TextAccessibility::HasListeners() const {
     if (!provider_) return false;
     const UiaLibrary& library = UiaLibrary::Get();
     return library.ClientsAreListening && library.ClientsAreListening();
 }
 
 void TextAccessibility::Raise(EVENTID event) {
-    const auto raise = IsHeard() ? UiaLibrary::Get().RaiseEvent : nullptr;
+    const auto raise = HasListeners() ? UiaLibrary::Get().RaiseEvent : nullptr;
     if (raise) raise(provider_.Get(), event);
 }
 
 void TextAccessibility::OnObjectFocused() {
-    const auto raise = IsHeard() ? UiaLibrary::Get().RaiseEvent : nullptr;
+    const auto raise = HasListeners() ? UiaLibrary::Get().RaiseEvent : nullptr;
     const std::size_t focused = raise ? pane_.FocusedObject() : noReadingObject;
     if (focused == noReadingObject) return;
     const auto object = Adopt(new ObjectProvider(*provider_.Get(), pane_, focused));
@@ -38,7 +38,7 @@ void TextAccessibility::OnObjectFocused() {
 }
 
 void TextAccessibility::Announce(const std::wstring& text) {
-    const auto raise = IsHeard() ? UiaLibrary::Get().RaiseNotification : nullptr;
+    const auto raise = HasListeners() ? UiaLibrary::Get().RaiseNotification : nullptr;
     if (!raise) return;
     const Bstr said(text), activity(L"view"); // of one activity the last is said
     raise(provider_.Get(), uia::actionCompleted, uia::mostRecent, said.Get(), activity.Get());

@@ -25,7 +25,7 @@ class TextAccessibility {
     void Disconnect();
 
   private:
-    bool IsHeard() const;
+    bool HasListeners() const;
     void Raise(EVENTID event);
 
     ReadablePane& pane_;
