@@ -8,6 +8,7 @@
 #include "bench/stopwatch.h"
 #include "formats/plain/plain_text_source.h"
 
+#include <algorithm>
 #include <cctype>
 #include <ctime>
 #include <functional>

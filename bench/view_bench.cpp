@@ -13,7 +13,7 @@
 #include <QPixmap>
 #include <QWheelEvent>
 
-#include <array>
+#include <algorithm>
 #include <cstring>
 #include <functional>
 

@@ -1,8 +1,6 @@
 // Embeddings, overrides and isolates (rules X1 to X9), of common/bidi_classes.h.
 #include "common/bidi_classes.h"
 
-#include <utility>
-
 namespace {
 using enum BidiClass;
 

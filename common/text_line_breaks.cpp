@@ -4,8 +4,6 @@
 #include "common/text_words.h"
 #include "common/unicode.h"
 
-#include <string>
-
 namespace {
 constexpr char32_t softHyphen = 0xAD, zeroWidthSpace = 0x200B, emDash = 0x2014, wordJoiner = 0x2060;
 

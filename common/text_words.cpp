@@ -4,8 +4,6 @@
 #include "common/text_clusters.h"
 #include "common/unicode.h"
 
-#include <algorithm>
-
 namespace {
 enum class Kind { Space, Other, Letter, Number, Ideograph };
 

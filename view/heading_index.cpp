@@ -2,7 +2,7 @@
 
 #include "formats/document_headings.h"
 
-#include <utility>
+#include <algorithm>
 
 namespace {
 constexpr TextPos stretch = 1 << 20; // units; some milliseconds

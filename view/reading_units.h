@@ -3,7 +3,6 @@
 
 #include "view/readable_pane.h"
 
-#include <optional>
 #include <string>
 #include <vector>
 

@@ -4,8 +4,6 @@
 #include "view/paragraph_box_painter.h"
 #include "view/selected_region.h"
 
-#include <algorithm>
-
 namespace {
 // Three parts of the first colour and two of the second. Opaque, so that borders are no darker
 // where they overlap.

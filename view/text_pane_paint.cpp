@@ -3,6 +3,7 @@
 #include "view/text_painter.h"
 #include "view/text_pane.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 

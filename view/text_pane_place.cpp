@@ -2,6 +2,7 @@
 #include "view/scroll_label.h"
 #include "view/text_pane.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace {

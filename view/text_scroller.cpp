@@ -1,7 +1,6 @@
 #include "view/text_scroller.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace {
 int LineHeight(const BlockLayout& layout, LineRef line) {

@@ -9,7 +9,6 @@
 #include <map>
 #include <optional>
 #include <set>
-#include <string>
 #include <tuple>
 #include <utility>
 #include <vector>

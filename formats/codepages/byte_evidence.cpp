@@ -3,6 +3,7 @@
 #include "common/decode_pieces.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <utility>
 

@@ -4,7 +4,6 @@
 #include "formats/codepages/code_pages.h"
 
 #include <algorithm>
-#include <climits>
 #include <iterator>
 #include <string_view>
 

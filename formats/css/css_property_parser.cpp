@@ -5,8 +5,6 @@
 #include "formats/css/css_shorthands.h"
 #include "formats/css/css_variables.h"
 
-#include <vector>
-
 namespace {
 
 using Kind = CssToken::Kind;

@@ -2,8 +2,6 @@
 
 #include "formats/css/css_tokenizer.h"
 
-#include <algorithm>
-
 namespace {
 
 using Kind = CssCondition::Kind;

@@ -3,8 +3,6 @@
 #include "formats/css/css_limits.h"
 #include "formats/css/css_selector_reader.h"
 
-#include <algorithm>
-
 using Kind = CssToken::Kind;
 using Condition = CssCondition::Kind;
 

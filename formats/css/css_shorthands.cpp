@@ -1,5 +1,6 @@
 #include "formats/css/css_shorthands.h"
 
+#include <algorithm>
 #include <array>
 #include <vector>
 

@@ -5,7 +5,9 @@
 #include "formats/css/css_token_stream.h"
 
 #include <algorithm>
+#include <functional>
 #include <map>
+#include <optional>
 
 namespace {
 

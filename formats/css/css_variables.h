@@ -5,8 +5,6 @@
 #include "formats/css/css_sheet.h"
 #include "formats/css/css_tokenizer.h"
 
-#include <functional>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>

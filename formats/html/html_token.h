@@ -3,7 +3,6 @@
 
 #include "formats/html/html_tree.h"
 
-#include <string>
 #include <string_view>
 #include <vector>
 

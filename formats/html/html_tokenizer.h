@@ -6,6 +6,8 @@
 
 #include "formats/html/html_token.h"
 
+#include <string>
+
 // How text is read up to the next tag. All but `Data` and `CData` end with the end tag of the last
 // start tag.
 enum class HtmlContent : std::uint8_t { Data, Rcdata, Rawtext, ScriptData, Plaintext, CData };

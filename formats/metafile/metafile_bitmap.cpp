@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <bit>
 #include <cstdlib>
-#include <limits>
 
 namespace {
 constexpr std::size_t coreHeaderSize = 12, infoHeaderSize = 40; // the old one and the usual one

@@ -9,8 +9,8 @@
 #include "formats/plain/visual_lines.h"
 
 #include <algorithm>
-#include <iterator>
 #include <optional>
+#include <vector>
 
 namespace {
 

@@ -12,7 +12,6 @@
 #include "formats/plain/telling_line.h"
 
 #include <algorithm>
-#include <span>
 
 namespace {
 using Samples = std::vector<std::string_view>;

@@ -10,6 +10,7 @@
 #include "formats/plain/visual_lines.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace {
 constexpr std::size_t maxDecoded = 8; // pieces kept: a screen needs one or two

@@ -4,7 +4,7 @@
 #include "common/unicode.h"
 
 #include <algorithm>
-#include <numeric>
+#include <vector>
 
 namespace {
 constexpr std::u16string_view mirrored = u"()[]{}<>\u00AB\u00BB\u2039\u203A"; // in pairs

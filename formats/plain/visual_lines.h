@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <vector>
 
 // Of a longer line each stretch of this length is reordered by itself, so that no text has to be
 // looked at as a whole. Lines in visual order have a line end for each line of a page.

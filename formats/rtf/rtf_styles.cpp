@@ -3,8 +3,6 @@
 #include "common/text.h"
 #include "formats/rtf/rtf_limits.h"
 
-#include <algorithm>
-
 std::uint8_t OutlineLevelOfName(std::u16string_view name) {
     constexpr std::u16string_view heading = u"heading";
     const std::u16string_view trimmed = TrimBlanks(name);

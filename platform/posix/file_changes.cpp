@@ -8,7 +8,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
+#include <cstdint>
 #include <utility>
 
 namespace {

@@ -3,7 +3,6 @@
 
 #include "platform/posix/file_descriptor.h"
 
-#include <cstdint>
 #include <string>
 #include <vector>
 

@@ -31,6 +31,8 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include <algorithm>
+
 namespace {
 
 // A folder of the same installation prefix.

@@ -5,6 +5,7 @@
 #include "shell/help/help_search.h"
 
 #include <memory>
+#include <optional>
 
 std::u16string FindHelpFile(const Files& files, const std::u16string& besideProgram,
                             const std::u16string& sharedFolder) {

@@ -4,7 +4,6 @@
 #include "platform/files.h"
 #include "platform/help_window.h"
 
-#include <optional>
 #include <string>
 #include <string_view>
 

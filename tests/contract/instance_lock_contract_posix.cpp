@@ -11,7 +11,6 @@
 #include <unistd.h>
 
 #include <fstream>
-#include <optional>
 
 namespace fs = std::filesystem;
 

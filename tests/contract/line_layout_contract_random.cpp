@@ -6,7 +6,6 @@
 #include "tests/contract/random_paragraph.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 

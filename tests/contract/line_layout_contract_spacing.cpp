@@ -1,8 +1,6 @@
 // What every line layout must do with letters and words that are set apart.
 #include "tests/contract/line_layout_contract.h"
 
-#include <algorithm>
-
 namespace {
 TextStyle Spaced(double letters, double words = 0) {
     TextStyle style = LineStyle();

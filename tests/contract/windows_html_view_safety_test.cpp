@@ -7,8 +7,6 @@
 #include <mshtmhst.h>
 #include <urlmon.h>
 
-#include <algorithm>
-
 TEST_CASE("windows html view: the engine is told to run, fetch and ask nothing") {
     ShownView shown;
     shown.Open(L"text");

@@ -4,8 +4,6 @@
 
 #include <ole2.h>
 
-#include <array>
-
 TEST_CASE("windows text accessibility: the window is a document that is read only") {
     Reader reader;
     reader.view.SetName(u"War and \u0416");

@@ -5,7 +5,6 @@
 #include "reading/text_letters.h"
 
 #include <algorithm>
-#include <map>
 
 namespace {
 int Below(std::mt19937& random, std::size_t limit) {

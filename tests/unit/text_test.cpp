@@ -2,7 +2,6 @@
 
 #include <doctest/doctest.h>
 
-#include <cmath>
 #include <limits>
 #include <string>
 #include <vector>

@@ -5,7 +5,6 @@
 
 #include <doctest/doctest.h>
 
-#include <algorithm>
 #include <random>
 
 namespace {

@@ -4,6 +4,8 @@
 
 #include <QHeaderView>
 
+#include <algorithm>
+
 namespace {
 constexpr int visibleRows = 7, visibleLetters = 78;
 }

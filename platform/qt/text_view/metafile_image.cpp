@@ -6,7 +6,7 @@
 #include <QPainter>
 #include <QPainterPath>
 
-#include <cmath>
+#include <algorithm>
 
 namespace {
 class MetafilePainter {

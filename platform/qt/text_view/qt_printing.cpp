@@ -12,8 +12,6 @@
 #include <QLibrary>
 #include <QProgressDialog>
 
-#include <optional>
-
 namespace {
 
 AskPrinter* LoadPrintDialog() {

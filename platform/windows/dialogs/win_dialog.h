@@ -4,7 +4,6 @@
 #include "platform/windows/dialogs/dialog_control.h"
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 // A modal dialog, centred over its owner. Derived classes fill and read its controls.

@@ -1,8 +1,5 @@
 #include "platform/windows/files/folder_changes.h"
 
-#include <cstddef>
-#include <utility>
-
 namespace {
 constexpr DWORD share = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 

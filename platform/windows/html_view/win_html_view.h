@@ -14,6 +14,7 @@
 #include "platform/windows/window/win_drops.h"
 
 #include <deque>
+#include <string>
 
 // The engine is in-process and on this thread, so queries do not wait. Its events are posted: the
 // form's handlers never run inside a call of the engine, and may navigate or clear.

@@ -1,7 +1,5 @@
 #include "platform/windows/line_layout/line_painter.h"
 
-#include <algorithm>
-
 namespace {
 
 class Painter {

@@ -1,6 +1,5 @@
 #include "platform/windows/line_layout/line_breaker.h"
 
-#include <algorithm>
 #include <numeric>
 
 namespace {

@@ -6,7 +6,6 @@
 #include "platform/windows/window/dpi.h"
 #include "platform/windows/window/win_drops.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace {

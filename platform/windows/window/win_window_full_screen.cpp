@@ -4,8 +4,6 @@
 #include "platform/windows/window/win_window.h"
 #include "platform/windows/window/window_messages.h"
 
-#include <utility>
-
 namespace {
 
 RECT ScreenOf(HWND window) {

@@ -10,6 +10,7 @@
 #include <QImage>
 
 #include <limits>
+#include <string>
 
 namespace {
 // A table of two columns: the first cell of a row has one paragraph, the second two.

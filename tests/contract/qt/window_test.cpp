@@ -14,7 +14,6 @@
 #include <QWindow>
 
 #include <csignal>
-#include <functional>
 
 namespace {
 

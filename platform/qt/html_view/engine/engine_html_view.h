@@ -13,6 +13,7 @@
 #include <QObject>
 #include <QPointer>
 
+#include <algorithm>
 #include <memory>
 
 class PageCalls;

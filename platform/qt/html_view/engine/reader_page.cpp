@@ -5,7 +5,6 @@
 #include <QWebEngineNewWindowRequest>
 
 #include <csignal>
-#include <utility>
 
 ReaderPage::ReaderPage(QWebEngineProfile* profile, const FolderGuard& guard)
     : QWebEnginePage(profile), guard_(guard) {

@@ -9,7 +9,6 @@
 #include <QScreen>
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 const QTextCharFormat& FormatOf(const StyledRun& run) {

@@ -4,7 +4,6 @@
 #include "platform/qt/text_view/line_layout/qt_canvas.h"
 
 #include <algorithm>
-#include <cmath>
 
 QtTextLines::QtTextLines(const ParagraphText& paragraph, QPaintDevice& device)
     : segments_(LayOutSegments(paragraph, device)), rightToLeft_(paragraph.rightToLeft) {

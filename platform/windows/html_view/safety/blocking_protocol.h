@@ -7,8 +7,6 @@
 
 #include <urlmon.h>
 
-#include <string>
-
 class BlockingProtocolFactory final : public ComObject<IClassFactory> {
   public:
     explicit BlockingProtocolFactory(BookFolder folder) : folder_(std::move(folder)) {}

@@ -7,7 +7,6 @@
 
 #include <urlmon.h>
 
-#include <string>
 #include <vector>
 
 class RemoteBlocker {

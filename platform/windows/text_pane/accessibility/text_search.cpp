@@ -1,7 +1,5 @@
 #include "platform/windows/text_pane/accessibility/text_search.h"
 
-#include <algorithm>
-
 namespace {
 constexpr TextPos searchPiece = 256 * 1024; // units looked at together
 constexpr int maxPieces = 64;
