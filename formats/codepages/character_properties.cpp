@@ -51,6 +51,11 @@ constexpr Range letterRanges[] = {
     {0x1E00, 0x1EFF, LetterScript::Latin},
 };
 
+bool IsMark(char16_t unit) {
+    const bool hebrew = unit >= 0x5B0 && unit <= 0x5C2;
+    return hebrew || (unit >= 0x64B && unit <= 0x652) || unit == 0x670;
+}
+
 struct PunctuationGroup {
     std::u16string_view characters;
     PunctuationKind kind;
@@ -105,6 +110,7 @@ CharacterProperties PropertiesOf(char16_t unit) {
     properties.script = range->script;
     properties.letter = ToLowercase(unit);
     properties.uppercase = properties.letter != unit;
+    properties.mark = IsMark(unit);
     // Romanian has a comma below, and in most charsets only the cedilla.
     if (properties.letter == 0x219) properties.letter = 0x15F;
     if (properties.letter == 0x21B) properties.letter = 0x163;

@@ -61,6 +61,8 @@ constexpr RarePage singleBytePages[] = {
     {865, 6},
     {866, 3},
     {869, 6},
+    {1125, 6},
+    {mikPage, 7},
     {10000, 5},
     {10006, 6},
     {10007, 5},
@@ -104,9 +106,10 @@ constexpr int macLineEndBits = 6, dosRuleBits = 60; // for the pages of these sy
 bool IsMacPage(int page) {
     return page >= 10000 && page < 10100;
 }
+// MIK has letters where other pages of DOS have the corners of frames.
 bool IsDosPage(int page) {
     constexpr int arabic = 864; // which has letters in the place of such signs
-    return page < 870 && page != arabic;
+    return (page < 870 && page != arabic) || page == 1125;
 }
 
 int SystemBits(const ByteEvidence& evidence) {
@@ -179,7 +182,7 @@ void TryCharacters(Search& search) {
 constexpr std::initializer_list<int> families[] = {
     {1252, 850, 858, 437, 10000, 28605, 28591, 860, 861, 863, 865, 10079, 28604},
     {1250, 28592, 852, 10029, 28606, 10010, 10082},
-    {1251, 20866, 21866, 866, 28595, 10007, 855},
+    {1251, 20866, 21866, 866, 28595, 10007, 855, 1125, mikPage},
     {1253, 28597, 737, 869, 10006},
     {1254, 28599, 857, 10081, 28593},
     {1255, logicalIsoPage, 862, visualIsoPage, visualDosPage, visualWindowsPage},

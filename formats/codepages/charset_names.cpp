@@ -30,6 +30,8 @@ constexpr NamedCharset charsets[] = {
     {21866, "Ukrainian (KOI8-U)"},
     {866, "Cyrillic (DOS 866)"},
     {855, "Cyrillic (DOS 855)"},
+    {1125, "Ukrainian (DOS 1125)"},
+    {mikPage, "Bulgarian (DOS MIK)"},
     {28595, "Cyrillic (ISO 8859-5)"},
     {10007, "Cyrillic (Macintosh)"},
     {1253, "Greek (Windows 1253)"},

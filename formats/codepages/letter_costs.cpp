@@ -13,7 +13,11 @@ constexpr int uppercaseFirstCost = 2 * costsPerBit, uppercaseInRowCost = 5,
               uppercaseInWordCost = 8 * costsPerBit;
 constexpr int strangeLetterCost = 8 * costsPerBit; // of the script, but not of the language
 constexpr int scriptChangeCost = 10 * costsPerBit; // within a word
-constexpr int loneLetterCost = 5 * costsPerBit; // of a script whose letters nowhere stand together
+constexpr int loneLetterCost = 5 * costsPerBit;  // of a script whose letters nowhere stand together
+constexpr int withinWordCost = 12 * costsPerBit; // of a quotation mark: more likely a letter
+// The tables are of texts without vowels: where these are written, each letter has one or two.
+constexpr int markCost = 10, secondMarkCost = 5 * costsPerBit, strayMarkCost = 15 * costsPerBit;
+constexpr int letterAfterMarkCost = 18, endAfterMarkCost = 10;
 constexpr int wrongSideCost = 5 * costsPerBit, boxDrawingInRowCost = costsPerBit;
 
 bool IsAsciiLetter(unsigned char byte) {
@@ -83,11 +87,16 @@ class LanguageReader {
             }
             const auto place = letters.find(properties.letter);
             classes_[byte] = place == letters.npos ? 1 : static_cast<unsigned char>(place + 2);
-            if (byte >= 0x80 && place == letters.npos) foreign_[byte] = strangeLetterCost;
+            marks_[byte] = properties.mark;
+            const bool isStrange = byte >= 0x80 && place == letters.npos && !properties.mark;
+            if (isStrange) foreign_[byte] = strangeLetterCost;
         }
     }
 
     int Cost(unsigned char first, unsigned char second) const {
+        if (marks_[second])
+            return marks_[first] ? secondMarkCost : classes_[first] != 0 ? markCost : strayMarkCost;
+        if (marks_[first]) return classes_[second] != 0 ? letterAfterMarkCost : endAfterMarkCost;
         return model_.costs[classes_[first] * size_ + classes_[second]] - firstCost;
     }
     int ForeignCost(unsigned char byte) const { return foreign_[byte]; }
@@ -96,6 +105,7 @@ class LanguageReader {
     const LanguageModel& model_;
     int size_;
     unsigned char classes_[256] = {};
+    bool marks_[256] = {};
     int foreign_[256] = {};
 };
 
@@ -168,6 +178,14 @@ int AsciiLettersCost(const ByteEvidence& evidence) {
 }
 
 LetterCosts::LetterCosts(const ByteEvidence& evidence) : evidence_(evidence) {
+    bool isElsewhere[256] = {};
+    for (const BytePair& pair : evidence.high) {
+        withinWords_[pair.second] += pair.count;
+        if (!IsAsciiLetter(pair.first)) isElsewhere[pair.second] = true;
+        if (!IsAsciiLetter(pair.second)) isElsewhere[pair.first] = true;
+    }
+    for (int byte = 0; byte < 256; ++byte)
+        if (isElsewhere[byte]) withinWords_[byte] = 0;
     const char16_t none[128] = {};
     const PageProperties ascii = PropertiesOfPage(none, evidence);
     for (const LanguageModel& model : languageModels) {
@@ -183,9 +201,18 @@ LetterCosts::LetterCosts(const ByteEvidence& evidence) : evidence_(evidence) {
     }
 }
 
+int LetterCosts::WithinWordsCost(const char16_t* units) const {
+    constexpr std::u16string_view marks =
+        u"\u00AB\u00BB\u201C\u201D\u201E\u201A\u2039\u203A\u00A1\u00BF";
+    int count = 0;
+    for (int byte = 0x80; byte < 0x100; ++byte)
+        if (marks.find(units[byte - 0x80]) != marks.npos) count += withinWords_[byte];
+    return count * withinWordCost;
+}
+
 std::optional<PageCost> LetterCosts::Cheapest(int page, const char16_t* units, int limit) const {
     const PageProperties properties = PropertiesOfPage(units, evidence_);
-    int common = 0;
+    int common = WithinWordsCost(units);
     bool scripts[7] = {};
     for (const BytePair& pair : evidence_.high) {
         common += pair.count * CommonCost(properties, pair);

@@ -19,8 +19,11 @@ class LetterCosts {
     std::optional<PageCost> Cheapest(int page, const char16_t* units, int limit) const;
 
   private:
+    int WithinWordsCost(const char16_t* units) const;
+
     const ByteEvidence& evidence_;
     std::vector<int> asciiCosts_; // of each language
+    int withinWords_[256] = {};   // how often a byte stands between ASCII letters, if only there
 };
 
 // What an ASCII letter costs in languages that have others.

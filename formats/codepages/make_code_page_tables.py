@@ -13,13 +13,16 @@ LEAD = 0  # in a table of single bytes: this one begins a pair
 
 SINGLE_BYTE = {
     **{page: "cp%d" % page for page in (437, 720, 737, 775, 850, 852, 855, 857, 858, *range(860, 867), 869, 874)},
-    **{page: "cp%d" % page for page in range(1250, 1259)},
+    **{page: "cp%d" % page for page in (1125, *range(1250, 1259))},
     10000: "mac_roman", 10006: "mac_greek", 10007: "mac_cyrillic", 10029: "mac_latin2", 10081: "mac_turkish",
     10010: "mac_romanian", 10079: "mac_iceland", 10082: "mac_croatian",
     20866: "koi8_r", 21866: "koi8_u",
     **{28590 + part: "iso8859_%d" % part for part in range(1, 17) if part != 12},  # there is no part 12
 }
-VISCII, TCVN = 70001, 70002  # numbers of our own
+VISCII, TCVN, MIK = 70001, 70002, 70005  # numbers of our own
+
+# The Bulgarian letters of DOS in alphabetical order, then signs; from 0xE0 on as 437.
+MIK_SIGNS = "└┴┬├─┼╣║╚╔╩╦╠═╬┐░▒▓│┤№§╗╝┘┌█▄▌▐▀"
 
 FROM_ICONV = os.path.join(os.path.dirname(os.path.abspath(__file__)), "iconv_tables.txt")
 
@@ -101,6 +104,7 @@ def write_single_byte(file, rows):
     pages = {page: single_units((codec,), additions=WINDOWS_ADDITIONS.get(page)) for page, codec in SINGLE_BYTE.items()}
     pages[VISCII] = rows["VISCII", "", 0x80]
     pages[TCVN] = rows["TCVN", "", 0x80]
+    pages[MIK] = [*range(0x410, 0x450), *map(ord, MIK_SIGNS), *pages[437][0x60:]]
     file.write("inline constexpr SingleBytePage singleBytePages[] = {\n")
     for page, units in sorted(pages.items()):
         file.write("{%d, {%s}},\n" % (page, numbers(units)))

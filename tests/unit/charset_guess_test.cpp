@@ -179,6 +179,14 @@ const Sentence sentences[] = {
     {950, u"\u5F9E\u524D\u6709\u4E00\u500B\u8001\u570B\u738B\uFF0C\u4ED6\u6709\u4E09\u500B"
           u"\u5152\u5B50\uFF0C\u6700\u5C0F\u7684\u5152\u5B50\u6700\u8070\u660E\uFF0C\u5927"
           u"\u5BB6\u90FD\u5F88\u559C\u6B61\u4ED6\u3002"},
+    {1125, u"Був собі дід та баба, та була в них курочка Ряба; знесла вона яєчко, не просте, "
+           u"а золоте, і її ґанок світився."},
+    {mikPage, u"Имало едно време един цар, който имал трима синове; най-малкият от тях бил и "
+              u"най-умният, но никой не го знаел."},
+    {1255, u"בְּרֵאשִׁית, בָּרָא אֱלֹהִים, אֵת הַשָּׁמַיִם, וְאֵת הָאָרֶץ. וְהָאָרֶץ, הָיְתָה תֹהוּ"},
+    {1255, u"שִׁיר הַשִּׁירִים"},
+    {1256, u"الْحَمْدُ لِلَّهِ رَبِّ الْعَالَمِينَ مَالِكِ يَوْمِ الدِّينِ إِيَّاكَ نَعْبُدُ وَإِيَّاكَ نَسْتَعِينُ"},
+    {28596, u"بِسْمِ اللَّهِ الرَّحْمَنِ"},
     {51950, u"\u5F9E\u524D\u6709\u4E00\u500B\u8001\u570B\u738B\uFF0C\u4ED6\u6709\u4E09\u500B"
             u"\u5152\u5B50\uFF0C\u6700\u5C0F\u7684\u5152\u5B50\u6700\u8070\u660E\uFF0C\u5927"
             u"\u5BB6\u90FD\u5F88\u559C\u6B61\u4ED6\u3002"},
@@ -293,6 +301,23 @@ TEST_CASE("charset guess: one rare letter far behind counts beside thousands of 
     // oe in ISO 8859-15, a half in the other charsets of Western Europe
     book += "Ma s\xBDur, mon c\xBDur, un n\xBDud, un v\xBDu, un b\xBDuf, l'\xBDuf, un \xBDil.\n";
     CHECK(DecodePlainText(book + "Fin.\n", 0, 1252).codePage == 28605);
+}
+
+TEST_CASE("charset guess: a quotation mark within a word is a letter of DOS") {
+    const struct {
+        int page;
+        const char16_t* text;
+    } cases[] = {
+        {850, u"entendit parler d'un fabuleux trésor et partit"},
+        {850, u"anhand des Empfängers einstellen"},
+        {437, u"certificados generados automáticamente, físicas"},
+        {865, u"bankkontokassekladde eller søgeresultater."},
+    };
+    for (const auto& c : cases)
+        CHECK(Decoded(Encoded(c.page, c.text)) == Utf16ToUtf8(c.text));
+    // Where it is elsewhere, too, a blank was forgotten.
+    const std::string forgotten = "Er rief \x84Halt\x93und lief weg, er sagte\x84Nein\x93.";
+    CHECK(DecodePlainText(forgotten, 0, 1252).codePage == 1252);
 }
 
 TEST_CASE("charset guess: in doubt the system's own page") {

@@ -30,6 +30,8 @@ TEST_CASE("code pages: letters of every page") {
         {850, "\x9B\xD5", u"\u00F8\u0131"},
         {852, "\x88", u"\u0142"},
         {866, "\x80\xAF\xE0\xF0", u"\u0410\u043F\u0440\u0401"},
+        {1125, "\x80\xF3\xF7\xF9", u"\u0410\u0491\u0456\u0457"},
+        {mikPage, "\x80\xBF\xC4\xCD\xD5\xE0\xFF", u"\u0410\u044F\u2500\u2550\u2116\u03B1\u00A0"},
         {874, "\xA1\xE0\xA0", u"\u0E01\u0E40\u00A0"},
         {932, "\x93\xFA\x96{\xB1\\", u"\u65E5\u672C\uFF71\\"},
         {936, "\xBC\xF2\xCC\xE5\x80", u"\u7B80\u4F53\u20AC"},
