@@ -1,4 +1,5 @@
 // Showing the book of a history item: file and record become what is on the screen.
+#include "app/auto_scroll.h"
 #include "app/book_state.h"
 #include "app/bookmark_menu.h"
 #include "app/changed_book.h"
@@ -154,6 +155,7 @@ void ShowBook(MainForm& form, ListedBook book) {
     }
     if (!SettleZoom(form)) return;
 
+    if (!form.Refreshing) EndAutoScroll(form);
     const FlagScope loading(form.LoadingBook);
     if (index >= 1) MakeFirst(form, index);
     form.ports.textView->LoadPlainText(u"");

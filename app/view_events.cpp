@@ -1,5 +1,6 @@
 #include "app/view_events.h"
 
+#include "app/auto_scroll.h"
 #include "app/book_state.h"
 #include "app/bookmark_menu.h"
 #include "app/edit_menu.h"
@@ -45,6 +46,7 @@ void fwMain_Zoom(MainForm& form, int steps) {
 }
 
 void rtMain_ContextMenu(MainForm& form) {
+    EndAutoScroll(form); // the menu's own key comes as no key
     MenuTree& menu = form.menu;
     mEdit_Click(form, 0);
     mView_Click(form, 0);

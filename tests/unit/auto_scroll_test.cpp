@@ -88,6 +88,19 @@ TEST_CASE("auto-scroll: any other key ends it, and so does the mouse") {
     CHECK_FALSE(test.ScrollTimer().IsRunning());
 }
 
+TEST_CASE("auto-scroll: another book and the menu of the text end it, a book read anew does not") {
+    ScrollForm test;
+    test.PutBook(u"/books/b.txt", NumberedLines(300));
+    test.Toggle();
+    OpenBook(test.form, u"/books/b.txt");
+    CHECK_FALSE(test.ScrollTimer().IsRunning());
+    test.Toggle();
+    ReloadBook(test.form, OpenShownBookFile(test.form));
+    CHECK(test.ScrollTimer().IsRunning());
+    test.View().onContextMenu();
+    CHECK_FALSE(test.ScrollTimer().IsRunning());
+}
+
 TEST_CASE("auto-scroll: Escape ends it before it leaves the full screen") {
     ScrollForm test;
     test.Release(F11Key);
