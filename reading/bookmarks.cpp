@@ -81,6 +81,7 @@ std::vector<std::u16string> TextExcerpts(const TextView& view,
 void CaptionBookmarks(Bookmarks& bookmarks, std::vector<std::u16string> excerpts,
                       const std::function<bool(TextPos start)>& isUncertain) {
     MenuArray &list = bookmarks.list, &deleteList = bookmarks.deleteList;
+    const bool known = !excerpts.empty(); // a page may not have answered
     excerpts.resize(list.items.size());
     for (int i = 0; i < list.Count(); ++i) {
         if (i == deleteList.Count()) AddMenuItem(deleteList);
@@ -90,7 +91,11 @@ void CaptionBookmarks(Bookmarks& bookmarks, std::vector<std::u16string> excerpts
             list[i].caption = uncertain ? u"? " : u"";
             list[i].caption += WithoutDirectionControls(OneLine(excerpt));
         }
+        // At the end of a book, or before many blank lines.
+        const bool blank = known && !list[i].tag.empty() && TrimBlanks(list[i].caption).empty();
+        list[i].shown = blank ? u"(no text)" : u"";
         deleteList[i].caption = list[i].caption;
+        deleteList[i].shown = list[i].shown;
     }
     deleteList.items.resize(list.items.size());
 }

@@ -57,6 +57,28 @@ TEST_CASE("bookmarks: defined out of order they are kept in order") {
     CHECK(next.Menu().mBookmarkList.Count() == 5);
 }
 
+TEST_CASE("bookmarks: one where no text follows is shown as that, with its caption left as it is") {
+    TestForm test;
+    test.PutBook(u"/b/a.txt", "one line" + std::string(200, '\n'));
+    test.Start();
+    OpenBook(test.form, u"/b/a.txt");
+    for (const TextPos start : {4, 50, test.View().TextLength()}) {
+        test.View().Select(start, 0);
+        test.Menus().Open(test.Menu().mBookmark);
+        test.Menus().Click(test.Menu().mBookmarkNew);
+    }
+    for (const MenuArray* list : {&test.Menu().mBookmarkList, &test.Menu().mBookmarkDeleteList}) {
+        REQUIRE(list->Count() == 3);
+        CHECK((*list)[0].ShownCaption().starts_with(u"line"));
+        CHECK(TrimBlanks((*list)[1].caption).empty());
+        CHECK((*list)[1].ShownCaption() == u"(no text)");
+        CHECK((*list)[2].ShownCaption() == u"(no text)");
+    }
+    test.Menus().Click(test.Menu().mBookmarkDeleteList, 2);
+    test.Menus().Click(test.Menu().mBookmarkDeleteList, 1);
+    CHECK(test.Menu().mBookmarkList[0].shown.empty());
+}
+
 TEST_CASE("bookmarks: the length of a mark") {
     Reading test;
     test.Define(10, 0);
