@@ -8,9 +8,9 @@ namespace {
 // Runs a change of the whole text.
 template <typename Change>
 void ApplyToWholeText(TextView& view, Scrolling scrolling, Change change) {
+    if (scrolling == Scrolling::Leave) return change(); // the top takes a layout
     const TextPos caret = view.SelStart(), top = FirstVisibleChar(view);
     change();
-    if (scrolling == Scrolling::Leave) return;
     view.Select(caret, 0);
     view.ScrollLineToTop(top);
 }

@@ -23,7 +23,10 @@ class NoneTextView : public TextView {
     void VisitText(const TextVisitor& visit) const override;
     std::string SelectionAsRtf() const override;
 
-    TextPos FirstVisibleChar() const override { return LineAround(anchor_).start; }
+    TextPos FirstVisibleChar() const override {
+        ++topsAsked;
+        return LineAround(anchor_).start;
+    }
     LineSpan LineAround(TextPos position) const override;
     void ScrollLineToTop(TextPos position) override;
     int Percent() const override;
@@ -65,6 +68,7 @@ class NoneTextView : public TextView {
     std::function<void()> whileFinding;           // when set, a search is given up after it
     mutable std::vector<Pointer> pointersOfFinds; // shown during each search
     mutable int visits = 0;                       // how often the text was handed over
+    mutable int topsAsked = 0;                    // each takes a layout
 
     // What was asked, for tests.
     int loads = 0, scrolls = 0, fontApplications = 0;
