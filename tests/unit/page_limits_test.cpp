@@ -5,6 +5,7 @@
 #include <doctest/doctest.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 std::u16string Repeated(std::u16string_view text, int times) {
@@ -152,6 +153,24 @@ TEST_CASE("page limits: what is shown of a page takes bounded work") {
         WorkOf(u"<p>" + Repeated(u"<b style='display:inline-block'>x</b> ", 20'000));
     CHECK(blocks.zones > 100);
     CHECK(blocks.most < 400);
+}
+
+TEST_CASE("page limits: lines without a height do not bring all of a page to one place") {
+    PageSample page(u"<p style='line-height:0'>" + Repeated(u"some words ", 200'000));
+    page.flow.SetWidth(400);
+    const auto zones = page.flow.ZoneCount();
+    double height = 0;
+    std::size_t shown = 0;
+    for (; shown < zones && height < 800; ++shown)
+        height += page.flow.HeightOf(shown);
+    CHECK(shown < zones / 2);
+    const int texts = page.system.paragraphs;
+    for (std::size_t zone = 0; zone < shown; ++zone)
+        page.flow.LayOut(zone);
+    CHECK(page.system.paragraphs == texts); // all of them were kept
+    PageSample usual(u"<p>" + Repeated(u"some words ", 200'000));
+    usual.flow.SetWidth(30'000);
+    CHECK(std::fmod(usual.flow.HeightOf(1), 16) == 0); // its lines have it as they are
 }
 
 TEST_CASE("page limits: zones that stay laid out are few where they are long") {

@@ -8,8 +8,10 @@
 
 namespace {
 constexpr Color defaultBackground = 0xFFFFFF;
-// Zones of a frame that are drawn though they take no height: what hangs out of them is seen.
+// Zones of a frame that are drawn though they take no height, or nearly none: what hangs out of
+// them is seen.
 constexpr std::size_t maxFlatZones = 64;
+constexpr double flat = 1; // device pixels
 } // namespace
 
 Color PagePane::BackColor() const {
@@ -35,9 +37,10 @@ void PagePane::Paint(Canvas& canvas, const Rect& clip) {
     double y = -scroller_.Position().y;
     for (std::size_t zone = scroller_.Position().zone; zone < flow.ZoneCount() && y < Bottom(clip);
          ++zone) {
-        if (visible.size() > maxFlatZones && flow.Heights().IsMeasured(zone) &&
-            flow.Heights().Height(zone) <= 0)
+        if (visible.size() > maxFlatZones && flow.HeightOf(zone) < flat) {
+            y += flow.HeightOf(zone);
             continue;
+        }
         PageFragmentPtr fragment = flow.LayOut(zone);
         const double height = fragment->height;
         widest_ = std::max(widest_, RightEdge(*fragment));

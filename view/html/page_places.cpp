@@ -167,7 +167,7 @@ std::optional<CharacterPlace> PagePlaces::NearestLine(std::size_t zone, double x
     double above = 0;
     for (std::size_t before = zone; before-- > 0 && least > 0;) {
         if (least < 1e12 && (y - above) * 1e4 > least) break;
-        above -= flow.LayOut(before)->height;
+        above -= flow.HeightOf(before);
         lookInto(before, above);
     }
     if (nearest) {

@@ -9,15 +9,15 @@ void PageScroller::SetPage(ShownPage* page, int viewHeight) {
     maxTop_.reset();
 }
 
-// Lays out the zones on the way, whose heights are exact then.
+// By the exact heights of the zones on the way.
 void PageScroller::Normalize(Top& top) const {
     PageFlow& flow = page_->Flow();
     top.zone = std::min(top.zone, flow.ZoneCount() - 1);
     while (top.y < 0 && top.zone > 0)
-        top.y += flow.LayOut(--top.zone)->height;
+        top.y += flow.HeightOf(--top.zone);
     top.y = std::max(top.y, 0.0);
     while (top.zone + 1 < flow.ZoneCount()) {
-        const double height = flow.LayOut(top.zone)->height;
+        const double height = flow.HeightOf(top.zone);
         if (top.y < height) return;
         top.y -= height;
         ++top.zone;
@@ -28,9 +28,9 @@ const PageScroller::Top& PageScroller::MaxTop() {
     if (maxTop_) return *maxTop_;
     PageFlow& flow = page_->Flow();
     Top top{flow.ZoneCount() - 1, 0};
-    double height = flow.LayOut(top.zone)->height;
+    double height = flow.HeightOf(top.zone);
     while (height < viewHeight_ && top.zone > 0)
-        height += flow.LayOut(--top.zone)->height;
+        height += flow.HeightOf(--top.zone);
     top.y = std::max(0.0, height - viewHeight_);
     return maxTop_.emplace(top);
 }

@@ -9,6 +9,13 @@ namespace {
 // Zones that stay laid out, and their weight: some ten megabytes.
 constexpr std::size_t maxKept = 64;
 constexpr std::size_t maxKeptWeight = 512 * 1024;
+
+// Device pixels. Lines in each other (`line-height:0`) would bring all of a page to one place, and a
+// screen shows no more than is kept. Lines of fewer than some thousand letters are higher.
+double MinHeight(const PageZone& zone) {
+    constexpr double weightOfPixel = 512;
+    return zone.weight / weightOfPixel;
+}
 } // namespace
 
 PageFlow::PageFlow(PageLayouter& layouter)
@@ -51,6 +58,11 @@ PageFragmentPtr PageFlow::LayOut(std::size_t zone) {
     return kept_.front().fragment;
 }
 
+double PageFlow::HeightOf(std::size_t zone) {
+    if (!heights_.IsMeasured(zone)) LayOut(zone);
+    return heights_.Height(zone);
+}
+
 PageFragmentPtr PageFlow::MakeLayout(std::size_t zone) {
     ++layoutsMade_;
     auto fragment = std::make_shared<PageFragment>();
@@ -63,7 +75,7 @@ PageFragmentPtr PageFlow::MakeLayout(std::size_t zone) {
     else
         flow.Break(zones_[zone].endsBelowFloats);
     fragment->width = width_;
-    fragment->height = std::max(0.0, flow.Bottom());
+    fragment->height = std::max(flow.Bottom(), MinHeight(zones_[zone]));
     heights_.SetMeasured(zone, fragment->height);
     return fragment;
 }

@@ -19,6 +19,8 @@ class PageFlow {
     const PageZone& Zone(std::size_t zone) const { return zones_[zone]; }
     // Laid out if it is not at hand. Its height becomes exact.
     PageFragmentPtr LayOut(std::size_t zone);
+    // Exact. A zone that has been measured is not laid out for it.
+    double HeightOf(std::size_t zone);
     // Lays out up to so many zones whose height is an estimate, from the first on. False when there
     // are none.
     bool MeasureSome(std::size_t zones);
