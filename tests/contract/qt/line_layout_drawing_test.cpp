@@ -88,3 +88,16 @@ TEST_CASE("line layout: fonts of many sizes are found among each other without g
     CHECK(hashes.size() == 1000);
     CHECK(FontHash{}(font) == FontHash{}(QFont(font)));
 }
+
+TEST_CASE("line layout: letters of no size take no room") {
+    QtLineLayout layout;
+    layout.SetResolution(96);
+    TextStyle style;
+    style.font.exactSize = true;
+    style.font.points = 0;
+    ParagraphText paragraph;
+    paragraph.text = u"HHH";
+    paragraph.runs = {{0, layout.Prepare(style)}};
+    paragraph.width = width;
+    CHECK(layout.BreakLines(paragraph)->Line(0).width < 1);
+}

@@ -14,10 +14,15 @@
 
 namespace {
 constexpr double metresPerInch = 0.0254;
+constexpr double minPoints = 0.01; // QFont keeps its own size instead of none
+
+double PointsOf(const TextStyle& style) {
+    return std::max(minPoints, style.font.points);
+}
 
 QFont ToQFont(const TextStyle& style, const QPaintDevice& device) {
     QFont font(QString::fromStdU16String(style.font.family));
-    font.setPointSizeF(style.font.points);
+    font.setPointSizeF(PointsOf(style));
     font.setBold(style.font.bold);
     font.setItalic(style.font.italic);
     font.setUnderline(style.underline);
@@ -40,7 +45,7 @@ double BaselineOffset(const QFont& font, const QPaintDevice& device, double pixe
 double SizeFactor(const TextStyle& style, const QPaintDevice& device) {
     constexpr double pointsPerInch = 72;
     if (!style.font.exactSize || style.baseline != TextBaseline::Normal) return 1;
-    const double pixels = style.font.points * device.logicalDpiY() / pointsPerInch;
+    const double pixels = PointsOf(style) * device.logicalDpiY() / pointsPerInch;
     return pixels / std::max(1.0, std::round(pixels));
 }
 
