@@ -37,6 +37,23 @@ class Dense(Story):
     def test_marks_on_one_letter(self):
         self.read(books.write_book(self.path("marks.txt"), ["a" + "\u0301" * MANY + END]))
 
+    def test_marks_in_a_page(self):
+        """In our own view, on both systems."""
+        path = self.path("marks.html")
+        with open(path, "w", encoding="utf-8") as file:
+            file.write("<!doctype html><meta charset=utf-8><p>a" + "\u0301" * MANY + END)
+        program = self.reader()
+        program.variables = {"NORVASET_OWN_VIEW": "1"}
+        program.start(path).wait_for_book(path)
+        program.key("Next", "Down", "ctrl+End", "Prior", "ctrl+Home")
+        dialog = Dialog(program, "Find", "ctrl+f")
+        dialog.type("needle")
+        dialog.close()
+        self.assertEqual(copied(program), "needle")
+        program.finish_keys()
+        self.assertLess(self.peak(program), MOST_MEMORY)
+        program.close()
+
     def test_tabs(self):
         self.read(books.write_book(self.path("tabs.txt"), ["\t" * 10 * MANY + END]))
 

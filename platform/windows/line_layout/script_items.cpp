@@ -2,6 +2,19 @@
 
 namespace {
 
+constexpr wchar_t zeroWidthSpace = 0x200B, graphemeJoiner = 0x034F;
+
+// Of zero width spaces in a row all but the first are replaced by another character that is not
+// seen and has no direction: Wine 8 looks back over all of them from each one, and a paragraph cut
+// down to a few of a letter's marks may have thousands.
+std::wstring TextToItemize(const TextUnits& all) {
+    std::wstring text = all.text;
+    for (std::size_t at = 1; at < text.size(); ++at)
+        if (all.text[at] == zeroWidthSpace && all.text[at - 1] == zeroWidthSpace)
+            text[at] = graphemeJoiner;
+    return text;
+}
+
 // One item for all of it when the system gives none.
 ScriptItems Itemize(const Uniscribe* uniscribe, const TextUnits& all) {
     const int length = static_cast<int>(all.Size());
@@ -13,12 +26,13 @@ ScriptItems Itemize(const Uniscribe* uniscribe, const TextUnits& all) {
     SCRIPT_CONTROL control = {}; // without both of these there are no directions
     SCRIPT_STATE state = {};
     state.uBidiLevel = all.baseLevel & 1;
+    const std::wstring text = TextToItemize(all);
     ScriptItems items(static_cast<std::size_t>(length) / 8 + 16);
     for (;;) {
         int count = 0; // without the last one
         const HRESULT result =
-            uniscribe->itemize(all.text.data(), length, static_cast<int>(items.size()) - 1,
-                               &control, &state, items.data(), &count);
+            uniscribe->itemize(text.data(), length, static_cast<int>(items.size()) - 1, &control,
+                               &state, items.data(), &count);
         if (SUCCEEDED(result)) {
             items.resize(static_cast<std::size_t>(count) + 1);
             return items;
