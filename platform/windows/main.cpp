@@ -6,6 +6,19 @@
 
 #include <ole2.h>
 
+#include <cstdlib>
+
+#ifdef __MINGW32__
+// In the place of libstdc++'s, which writes the exception's name to a console that is not there and
+// brings 60 KB to read it.
+namespace __gnu_cxx {
+void __verbose_terminate_handler();
+void __verbose_terminate_handler() {
+    std::abort();
+}
+} // namespace __gnu_cxx
+#endif
+
 namespace {
 
 // From System32 only: anybody may have put DLLs into the current folder, a book's or the program's.

@@ -22,6 +22,10 @@ TEST_CASE("windows html view: colours of computed styles") {
         {L"", {}},
         {L"rgb(1, 2", {}},
         {L"#12", {}},
+        {L"#01020g", {}},
+        {L"rgba(1, 2, 3)", {}},
+        {L"rgba(1, 2, 3, 1)", 0x010203},
+        {L"rgba(0, 0, 0, 0.0)", {}},
     };
     for (const auto& row : table)
         CHECK(ParseCssColor(row.text) == row.color);

@@ -2,14 +2,40 @@
 
 #include <cwchar>
 
+namespace {
+
+// The number at `at`, which moves behind it and a comma. Without scanf, whose formats would be in
+// the program for this alone.
+std::optional<unsigned> NextNumber(const std::wstring& text, std::size_t& at) {
+    const wchar_t* const start = text.c_str() + at;
+    wchar_t* end = nullptr;
+    const unsigned long number = std::wcstoul(start, &end, 10);
+    if (end == start) return std::nullopt;
+    at = text.find_first_not_of(L" ,", static_cast<std::size_t>(end - text.c_str()));
+    if (at == std::wstring::npos) at = text.size();
+    return static_cast<unsigned>(number & 0xFF);
+}
+
+std::optional<std::uint32_t> ParseHex(const std::wstring& text) {
+    if (text.size() != 7 || text.find_first_not_of(L"0123456789abcdefABCDEF", 1) != text.npos)
+        return std::nullopt;
+    return static_cast<std::uint32_t>(std::wcstoul(text.c_str() + 1, nullptr, 16));
+}
+
+} // namespace
+
 std::optional<std::uint32_t> ParseCssColor(const std::wstring& text) {
-    unsigned red = 0, green = 0, blue = 0, whole = 0;
-    double opacity = 1;
-    const wchar_t* css = text.c_str();
-    if (text.size() == 7 && std::swscanf(css, L"#%6x", &whole) == 1) return whole;
-    const bool plain = std::swscanf(css, L"rgb(%u ,%u ,%u", &red, &green, &blue) == 3;
-    const bool mixed =
-        std::swscanf(css, L"rgba(%u ,%u ,%u ,%lf", &red, &green, &blue, &opacity) == 4;
-    if (!(plain || mixed) || opacity <= 0) return std::nullopt;
-    return (red & 0xFF) << 16 | (green & 0xFF) << 8 | (blue & 0xFF);
+    if (text.starts_with(L'#')) return ParseHex(text);
+    const bool mixed = text.starts_with(L"rgba(");
+    if (!mixed && !text.starts_with(L"rgb(")) return std::nullopt;
+    std::size_t at = mixed ? 5 : 4;
+    std::uint32_t color = 0;
+    for (int part = 0; part < 3; ++part) {
+        const auto number = NextNumber(text, at);
+        if (!number) return std::nullopt;
+        color = color << 8 | *number;
+    }
+    // Of the opacity it matters only whether it is none.
+    if (mixed && text.find_first_of(L"123456789", at) == text.npos) return std::nullopt;
+    return color;
 }
