@@ -15,6 +15,7 @@ struct CssComputeContext {
     // Numbers of lists, equal ones for equal lists.
     std::function<std::uint32_t(const CssFontFamilies&)> familiesNumber;
     std::function<std::uint32_t(const CssContent&)> contentNumber;
+    std::function<std::uint32_t(const CssCounterChanges&)> countersNumber;
     bool usedViewport = false; // a length was relative to the window
 };
 

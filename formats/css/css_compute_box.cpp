@@ -46,25 +46,59 @@ void ComputeBorders(const CssPicker& pick, const CssInheritedStyle& inherited,
     }
 }
 
+// As a parent's computed value has it.
+std::uint16_t DisplayWord(const CssBoxStyle& style) {
+    const bool isFlex = style.innerLayout == CssInnerLayout::Flex;
+    return std::uint16_t(std::uint16_t(style.display) | (isFlex ? cssFlexLayout : 0));
+}
+
 void ComputeDisplay(const CssPicker& pick, const CssBoxStyle& parent,
                     const CssComputeContext& context, CssBoxStyle& box) {
-    const auto display = pick.Pick(P::Display, static_cast<std::uint16_t>(parent.display),
-                                   static_cast<std::uint16_t>(CssDisplay::Inline),
-                                   [](const CssValue& value) { return value.keyword; });
-    box.display = static_cast<CssDisplay>(display & ~cssFlowRoot);
+    const auto display =
+        pick.Pick(P::Display, DisplayWord(parent), static_cast<std::uint16_t>(CssDisplay::Inline),
+                  [](const CssValue& value) { return value.keyword; });
+    box.display = static_cast<CssDisplay>(display & ~(cssFlowRoot | cssFlexLayout));
+    if (display & cssFlexLayout) box.innerLayout = CssInnerLayout::Flex;
+    const bool isFlexItem = parent.innerLayout == CssInnerLayout::Flex;
     box.position = pick.Keyword(P::Position, parent.position, CssPosition::Static);
     box.floats = pick.Keyword(P::Float, parent.floats, CssFloat::None);
     box.overflow = pick.Keyword(P::Overflow, parent.overflow, CssOverflow::Visible);
     const bool isAbsolute =
         box.position == CssPosition::Absolute || box.position == CssPosition::Fixed;
-    if (isAbsolute) box.floats = CssFloat::None;
+    if (isAbsolute || isFlexItem) box.floats = CssFloat::None;
     const bool isFloat = box.floats != CssFloat::None;
-    if (isAbsolute || isFloat || context.isRoot) box.display = Blockified(box.display);
+    if (isAbsolute || isFloat || isFlexItem || context.isRoot)
+        box.display = Blockified(box.display);
     const bool isOwn = box.display == CssDisplay::InlineBlock ||
                        box.display == CssDisplay::TableCell ||
                        box.display == CssDisplay::TableCaption;
-    box.flowRoot = isAbsolute || isFloat || context.isRoot || isOwn || (display & cssFlowRoot) ||
-                   box.overflow != CssOverflow::Visible;
+    box.flowRoot = isAbsolute || isFloat || isFlexItem || context.isRoot || isOwn ||
+                   (display & cssFlowRoot) || box.overflow != CssOverflow::Visible;
+}
+
+// Gaps that are a percentage are none.
+void ComputeFlex(const CssPicker& pick, const CssBoxStyle& parent, CssBoxStyle& box) {
+    const CssBoxStyle initial;
+    const auto number = [&](P property, auto member) {
+        box.*member =
+            pick.Pick(property, parent.*member, initial.*member, [](const CssValue& value) {
+                return value.kind == CssValue::Kind::Number ? value.number : 0;
+            });
+    };
+    const auto keyword = [&](P property, auto member) {
+        box.*member = pick.Keyword(property, parent.*member, initial.*member);
+    };
+    number(P::FlexGrow, &CssBoxStyle::flexGrow);
+    number(P::FlexShrink, &CssBoxStyle::flexShrink);
+    number(P::AspectRatio, &CssBoxStyle::aspectRatio);
+    box.flexBasis = pick.Length(P::FlexBasis, parent.flexBasis, initial.flexBasis);
+    box.columnGap = pick.Pixels(P::ColumnGap, parent.columnGap, 0);
+    box.rowGap = pick.Pixels(P::RowGap, parent.rowGap, 0);
+    keyword(P::FlexDirection, &CssBoxStyle::flexDirection);
+    keyword(P::FlexWrap, &CssBoxStyle::flexWrap);
+    keyword(P::JustifyContent, &CssBoxStyle::justifyContent);
+    keyword(P::AlignItems, &CssBoxStyle::alignItems);
+    keyword(P::ObjectFit, &CssBoxStyle::objectFit);
 }
 
 void ComputeVerticalAlign(const CssPicker& pick, const CssBoxStyle& parent, CssBoxStyle& box) {
@@ -80,6 +114,16 @@ void ComputeVerticalAlign(const CssPicker& pick, const CssBoxStyle& parent, CssB
                                                  ? static_cast<CssVerticalAlign>(value.keyword)
                                                  : CssVerticalAlign::Length;
                                   });
+}
+
+CssLength WidthOfKeyword(std::uint16_t keyword) {
+    using enum CssLength::Kind;
+    switch (keyword) {
+    case cssMinContent: return {0, MinContent, 0};
+    case cssMaxContent: return {0, MaxContent, 0};
+    case cssFitContent: return {0, FitContent, 0};
+    default: return {};
+    }
 }
 
 bool IsQuirky(const CssCascaded& margin) {
@@ -102,11 +146,17 @@ void ComputeSizes(const CssCascade& cascade, const CssPicker& pick, const CssBox
         box.quirkyTop = IsQuirky(cascade[P::MarginTop]);
         box.quirkyBottom = IsQuirky(cascade[P::MarginBottom]);
     }
-    box.width = pick.Length(P::Width, parent.width, autos);
+    const auto width = [&](P property, const CssLength& outer) {
+        return pick.Pick(property, outer, autos, [&](const CssValue& value) {
+            return value.kind == CssValue::Kind::Keyword ? WidthOfKeyword(value.keyword)
+                                                         : pick.LengthOf(value);
+        });
+    };
+    box.width = width(P::Width, parent.width);
     box.height = pick.Length(P::Height, parent.height, autos);
-    box.minWidth = pick.Length(P::MinWidth, parent.minWidth, autos);
+    box.minWidth = width(P::MinWidth, parent.minWidth);
     box.minHeight = pick.Length(P::MinHeight, parent.minHeight, autos);
-    box.maxWidth = pick.Length(P::MaxWidth, parent.maxWidth, autos);
+    box.maxWidth = width(P::MaxWidth, parent.maxWidth);
     box.maxHeight = pick.Length(P::MaxHeight, parent.maxHeight, autos);
 }
 
@@ -120,6 +170,7 @@ CssBoxStyle ComputeCssBox(const CssCascade& cascade, const CssInheritedStyle& in
     ComputeSizes(cascade, pick, parent, context, box);
     ComputeBorders(pick, inherited, parent, box);
     ComputeVerticalAlign(pick, parent, box);
+    ComputeFlex(pick, parent, box);
     box.background = pick.Pick(
         P::BackgroundColor, parent.background, cssTransparent, [&](const CssValue& value) {
             return value.kind == CssValue::Kind::Rgba ? value.AsColor() : inherited.color;
@@ -128,6 +179,14 @@ CssBoxStyle ComputeCssBox(const CssCascade& cascade, const CssInheritedStyle& in
         if (value.kind != CssValue::Kind::Content) return 0u;
         return context.contentNumber(cascade[P::Content].block->contents[value.index]);
     });
+    const auto counters = [&](P property, std::uint32_t outer) {
+        return pick.Pick(property, outer, 0u, [&](const CssValue& value) {
+            if (value.kind != CssValue::Kind::Counters) return 0u;
+            return context.countersNumber(cascade[property].block->counters[value.index]);
+        });
+    };
+    box.counterReset = counters(P::CounterReset, parent.counterReset);
+    box.counterIncrement = counters(P::CounterIncrement, parent.counterIncrement);
     const CssBoxStyle initial;
     const auto keyword = [&](P property, auto member) {
         box.*member = pick.Keyword(property, parent.*member, initial.*member);

@@ -19,9 +19,8 @@ body { margin: 8px }
 address, cite, dfn, em, i, var { font-style: italic }
 b, strong { font-weight: bolder }
 figure { margin-top: 1em; margin-bottom: 1em }
-blockquote, listing, plaintext, pre, xmp, dir, dl, menu, ol, ul {
-    margin-top: 1__qem; margin-bottom: 1em }
-p { margin-top: 1__qem; margin-bottom: 1__qem }
+blockquote, dir, dl, menu, ol, ul { margin-top: 1__qem; margin-bottom: 1em }
+p, listing, plaintext, pre, xmp { margin-top: 1__qem; margin-bottom: 1__qem }
 blockquote, figure { margin-left: 40px; margin-right: 40px }
 code, kbd, samp, tt, listing, plaintext, pre, xmp { font-family: monospace }
 listing, plaintext, pre, xmp { white-space: pre }
@@ -59,6 +58,7 @@ address, blockquote, center, dialog, div, figure, figcaption, footer, form, head
 listing, main, p, plaintext, pre, summary, xmp, article, aside, h1, h2, h3, h4, h5, h6, hgroup, nav,
 section, table, caption, colgroup, col, thead, tbody, tfoot, tr, td, th, dir, dd, dl, dt, menu, ol,
 ul, li { unicode-bidi: isolate }
+h1, h2, h3, h4, h5, h6 { break-after: avoid }
 h1 { font-size: 2em; font-weight: bold; margin-top: 0.67__qem; margin-bottom: 0.67em }
 h2 { font-size: 1.5em; font-weight: bold; margin-top: 0.83__qem; margin-bottom: 0.83em }
 h3 { font-size: 1.17em; font-weight: bold; margin-top: 1__qem; margin-bottom: 1em }

@@ -17,6 +17,14 @@ inline void AppendCssKey(std::u16string& key, const CssFontFamily& family) {
 inline void AppendCssKey(std::u16string& key, const CssContentItem& item) {
     key += item.text;
     key += static_cast<char16_t>(item.kind);
+    key += static_cast<char16_t>(item.numberStyle);
+    key += item.separator;
+}
+inline void AppendCssKey(std::u16string& key, const CssCounterChange& change) {
+    key += change.name;
+    key += u'\uFFFE';
+    key += static_cast<char16_t>(change.value);
+    key += static_cast<char16_t>(change.value >> 16);
 }
 template <typename List>
 std::u16string CssKeyOf(const List& list) {

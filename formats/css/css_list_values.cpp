@@ -56,6 +56,7 @@ bool ReadContentItem(CssTokenStream& tokens, CssContentItem& item) {
         item.text = CssLowerCase(arguments.Peek().text);
         return arguments.Next().Is(Kind::Ident) && arguments.AtEnd();
     }
+    if (token.Is(Kind::Function)) return ReadCssCounter(token, tokens.Arguments(), item);
     item.kind = CssContentItem::Kind::OpenQuote;
     if (token.IsIdent(u"open-quote")) return true;
     item.kind = CssContentItem::Kind::CloseQuote;

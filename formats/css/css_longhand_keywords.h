@@ -12,6 +12,11 @@ namespace css_keywords {
 
 constexpr CssKeyword autos[] = {K(u"auto", 0)};
 constexpr CssKeyword nones[] = {K(u"none", 0)};
+constexpr CssKeyword widths[] = {
+    K(u"auto", 0), K(u"none", 0), K(u"min-content", cssMinContent),
+    K(u"-webkit-min-content", cssMinContent), K(u"max-content", cssMaxContent),
+    K(u"-webkit-max-content", cssMaxContent), K(u"fit-content", cssFitContent),
+    K(u"-webkit-fit-content", cssFitContent)};
 constexpr CssKeyword normals[] = {K(u"normal", 0)};
 constexpr CssKeyword borderWidths[] = {K(u"thin", 1), K(u"medium", 3), K(u"thick", 5)};
 constexpr CssKeyword borderStyles[] = {
@@ -20,7 +25,6 @@ constexpr CssKeyword borderStyles[] = {
     K(u"solid", CssBorderStyle::Solid), K(u"double", CssBorderStyle::Double),
     K(u"groove", CssBorderStyle::Groove), K(u"ridge", CssBorderStyle::Ridge),
     K(u"inset", CssBorderStyle::Inset), K(u"outset", CssBorderStyle::Outset)};
-// Flex and grid lay their children out below each other here, in the order of the text.
 constexpr CssKeyword displays[] = {
     K(u"none", CssDisplay::None), K(u"inline", CssDisplay::Inline),
     K(u"block", CssDisplay::Block), K(u"inline-block", CssDisplay::InlineBlock),
@@ -34,11 +38,12 @@ constexpr CssKeyword displays[] = {
     K(u"table-column-group", CssDisplay::TableColumnGroup),
     K(u"table-caption", CssDisplay::TableCaption), K(u"contents", CssDisplay::Contents),
     K(u"flow-root", int(CssDisplay::Block) | cssFlowRoot),
-    K(u"flex", int(CssDisplay::Block) | cssFlowRoot),
+    K(u"flex", int(CssDisplay::Block) | cssFlowRoot | cssFlexLayout),
     K(u"grid", int(CssDisplay::Block) | cssFlowRoot),
-    K(u"inline-flex", CssDisplay::InlineBlock), K(u"inline-grid", CssDisplay::InlineBlock),
+    K(u"inline-flex", int(CssDisplay::InlineBlock) | cssFlexLayout),
+    K(u"inline-grid", CssDisplay::InlineBlock),
     K(u"-webkit-box", int(CssDisplay::Block) | cssFlowRoot),
-    K(u"-webkit-flex", int(CssDisplay::Block) | cssFlowRoot),
+    K(u"-webkit-flex", int(CssDisplay::Block) | cssFlowRoot | cssFlexLayout),
     K(u"ruby", CssDisplay::Inline), K(u"ruby-text", CssDisplay::Inline)};
 constexpr CssKeyword positions[] = {
     K(u"static", CssPosition::Static), K(u"relative", CssPosition::Relative),
@@ -123,6 +128,31 @@ constexpr CssKeyword captionSides[] = {K(u"top", CssCaptionSide::Top),
                                        K(u"bottom", CssCaptionSide::Bottom)};
 constexpr CssKeyword emptyCells[] = {K(u"show", CssEmptyCells::Show),
                                      K(u"hide", CssEmptyCells::Hide)};
+constexpr CssKeyword flexDirections[] = {K(u"row", CssFlexDirection::Row),
+                                         K(u"row-reverse", CssFlexDirection::RowReverse),
+                                         K(u"column", CssFlexDirection::Column),
+                                         K(u"column-reverse", CssFlexDirection::ColumnReverse)};
+constexpr CssKeyword flexWraps[] = {K(u"nowrap", CssFlexWrap::NoWrap),
+                                    K(u"wrap", CssFlexWrap::Wrap),
+                                    K(u"wrap-reverse", CssFlexWrap::WrapReverse)};
+constexpr CssKeyword justifyContents[] = {
+    K(u"normal", CssJustifyContent::Start), K(u"start", CssJustifyContent::Start),
+    K(u"flex-start", CssJustifyContent::Start), K(u"left", CssJustifyContent::Start),
+    K(u"stretch", CssJustifyContent::Start), K(u"end", CssJustifyContent::End),
+    K(u"flex-end", CssJustifyContent::End), K(u"right", CssJustifyContent::End),
+    K(u"center", CssJustifyContent::Center),
+    K(u"space-between", CssJustifyContent::SpaceBetween),
+    K(u"space-around", CssJustifyContent::SpaceAround),
+    K(u"space-evenly", CssJustifyContent::SpaceEvenly)};
+constexpr CssKeyword alignItems[] = {
+    K(u"normal", CssAlignItems::Stretch), K(u"stretch", CssAlignItems::Stretch),
+    K(u"start", CssAlignItems::Start), K(u"flex-start", CssAlignItems::Start),
+    K(u"end", CssAlignItems::End), K(u"flex-end", CssAlignItems::End),
+    K(u"center", CssAlignItems::Center), K(u"baseline", CssAlignItems::Baseline)};
+constexpr CssKeyword objectFits[] = {
+    K(u"fill", CssObjectFit::Fill), K(u"contain", CssObjectFit::Contain),
+    K(u"cover", CssObjectFit::Contain), K(u"none", CssObjectFit::Contain),
+    K(u"scale-down", CssObjectFit::Contain)};
 #undef K
 // clang-format on
 

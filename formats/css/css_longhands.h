@@ -43,6 +43,10 @@ std::optional<CssValue> ReadCssValue(const CssLonghand& longhand, CssTokenStream
 
 // Of `display`, beside the CssDisplay: floats stay within the box.
 constexpr std::uint16_t cssFlowRoot = 0x100;
+// Likewise: a flex container.
+constexpr std::uint16_t cssFlexLayout = 0x200;
+// Of widths that follow from the content.
+constexpr std::uint16_t cssMinContent = 1, cssMaxContent = 2, cssFitContent = 3;
 // Of `font-size`, behind the eight absolute sizes from xx-small to xxx-large.
 constexpr std::uint16_t cssSmaller = 8, cssLarger = 9;
 // Of `font-weight`.

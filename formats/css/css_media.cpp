@@ -111,7 +111,7 @@ bool QueryHolds(CssTokenStream query, const CssMedium& medium, CssMediaAnswer& a
         return ConditionHolds(query, medium, answer, 0);
     }
     const CssToken& type = query.Next();
-    bool holds = type.IsIdent(u"all") || type.IsIdent(u"screen");
+    bool holds = type.IsIdent(u"all") || type.IsIdent(medium.isPrint ? u"print" : u"screen");
     if (!query.AtEnd()) {
         if (!query.TakeIdent(u"and")) return false;
         const bool condition = ConditionHolds(query, medium, answer, 0);

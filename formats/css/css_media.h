@@ -1,4 +1,5 @@
-// Media queries: whether a condition holds on our screen (mediaqueries-4, what costs nothing).
+// Media queries: whether a condition holds on our screen, or on paper (mediaqueries-4, what costs
+// nothing).
 #pragma once
 
 #include "formats/css/css_parser.h"

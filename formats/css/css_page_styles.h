@@ -32,15 +32,17 @@ class CssPageStyles {
     CssStyle Before(HtmlNodeId element) const { return Generated(element, 0); }
     CssStyle After(HtmlNodeId element) const { return Generated(element, 1); }
     // Of the first letter in a block; its `box` is null where no rule is of it.
-    CssStyle FirstLetter(HtmlNodeId block) const {
-        const auto found = firstLetters_.find(block);
-        return found == firstLetters_.end() ? CssStyle{} : styles_[found->second];
-    }
+    CssStyle FirstLetter(HtmlNodeId block) const { return First(firstLetters_, block); }
+    // Likewise of a block's first line.
+    CssStyle FirstLine(HtmlNodeId block) const { return First(firstLines_, block); }
     // What texts around everything have, and the box of what has none of its own.
     CssStyle Initial() const { return styles_[1]; }
 
     const CssFontFamilies& Families(std::uint32_t number) const { return families_[number]; }
     const CssContent& Content(std::uint32_t number) const { return contents_[number]; }
+    const CssCounterChanges& Counters(std::uint32_t number) const { return counters_[number]; }
+    // Some content shows a counter.
+    bool ShowsCounters() const { return showsCounters_; }
 
     // A window of another size has other styles: by a rule of its own, or by a length.
     bool DependsOnViewport() const { return dependsOnViewport_; }
@@ -49,6 +51,11 @@ class CssPageStyles {
 
   private:
     friend class CssStyler;
+    CssStyle First(const std::unordered_map<HtmlNodeId, std::uint32_t>& styles,
+                   HtmlNodeId block) const {
+        const auto found = styles.find(block);
+        return found == styles.end() ? CssStyle{} : styles_[found->second];
+    }
     CssStyle Generated(HtmlNodeId element, std::size_t place) const {
         const auto found = generated_.find(element);
         return found == generated_.end() ? CssStyle{} : styles_[found->second[place]];
@@ -58,11 +65,13 @@ class CssPageStyles {
     // The first is `display: none`, the second the initial one. In `generated_` 0 is nothing.
     std::vector<CssStyle> styles_;
     std::unordered_map<HtmlNodeId, std::array<std::uint32_t, 2>> generated_;
-    std::unordered_map<HtmlNodeId, std::uint32_t> firstLetters_;
+    std::unordered_map<HtmlNodeId, std::uint32_t> firstLetters_, firstLines_;
     CssPool<CssInheritedStyle> inherited_;
     CssPool<CssBoxStyle> boxes_;
     CssListPool<CssFontFamilies> families_;
     CssListPool<CssContent> contents_;
+    CssListPool<CssCounterChanges> counters_;
+    bool showsCounters_ = false;
     bool dependsOnViewport_ = false;
     std::uint64_t steps_ = 0;
 };

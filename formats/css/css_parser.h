@@ -10,6 +10,7 @@
 struct CssMedium {
     float viewportWidth = 800, viewportHeight = 600; // CSS pixels
     float fontSize = 16;                             // that of `medium`
+    bool isPrint = false;                            // rules for paper apply, and none for screens
 };
 
 struct CssReading {

@@ -79,7 +79,7 @@ CssPseudoElement OldCssPseudoElement(std::u16string_view name) {
     if (CssEqual(name, u"before")) return CssPseudoElement::Before;
     if (CssEqual(name, u"after")) return CssPseudoElement::After;
     if (CssEqual(name, u"first-letter")) return CssPseudoElement::FirstLetter;
-    if (CssEqual(name, u"first-line")) return CssPseudoElement::NotShown;
+    if (CssEqual(name, u"first-line")) return CssPseudoElement::FirstLine;
     return CssPseudoElement::None;
 }
 

@@ -39,6 +39,7 @@ struct CssBlock {
     std::vector<CssMath> maths;
     std::vector<CssFontFamilies> families;
     std::vector<CssContent> contents;
+    std::vector<CssCounterChanges> counters;
 };
 
 // One thing that a selector asks of an element.
@@ -82,7 +83,14 @@ struct CssCompound {
     CssCombinator combinator = CssCombinator::None;
 };
 
-enum class CssPseudoElement : std::uint8_t { None, Before, After, FirstLetter, NotShown };
+enum class CssPseudoElement : std::uint8_t {
+    None,
+    Before,
+    After,
+    FirstLetter,
+    FirstLine,
+    NotShown
+};
 
 struct CssSelector {
     std::uint32_t compounds = 0; // from left to right

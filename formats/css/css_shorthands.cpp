@@ -107,6 +107,12 @@ constexpr P fonts[] = {P::FontStyle, P::FontVariant, P::FontWeight,
                        P::FontSize,  P::LineHeight,  P::FontFamily};
 constexpr P family[] = {P::FontFamily};
 constexpr P content[] = {P::Content};
+constexpr P counterReset[] = {P::CounterReset};
+constexpr P counterIncrement[] = {P::CounterIncrement};
+constexpr P flex[] = {P::FlexGrow, P::FlexShrink, P::FlexBasis};
+constexpr P flexFlow[] = {P::FlexDirection, P::FlexWrap};
+constexpr P gaps[] = {P::RowGap, P::ColumnGap};
+constexpr P aspectRatio[] = {P::AspectRatio};
 constexpr P decoration[] = {P::TextDecoration};
 constexpr P listStyles[] = {P::ListStyleType, P::ListStylePosition};
 
@@ -131,6 +137,12 @@ const CssShorthand shorthands[] = {
     {u"border-spacing", ReadBorderSpacing, spacings},
     {u"list-style", ReadCssListStyle, listStyles},
     {u"content", ReadCssContent, content},
+    {u"counter-reset", ReadCssCounterReset, counterReset},
+    {u"counter-increment", ReadCssCounterIncrement, counterIncrement},
+    {u"flex", ReadCssFlex, flex},
+    {u"flex-flow", ReadCssFlexFlow, flexFlow},
+    {u"gap", ReadPair, gaps},
+    {u"aspect-ratio", ReadCssAspectRatio, aspectRatio},
     {u"overflow", ReadOverflow, overflow},
     {u"overflow-x", ReadOverflow, overflow},
     {u"overflow-y", ReadOverflow, overflow},

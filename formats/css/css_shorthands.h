@@ -37,3 +37,10 @@ bool ReadCssContent(CssShorthandReader& reader, std::span<const CssProperty>);
 bool ReadCssTextDecoration(CssShorthandReader& reader, std::span<const CssProperty>);
 bool ReadCssBackground(CssShorthandReader& reader, std::span<const CssProperty>);
 bool ReadCssListStyle(CssShorthandReader& reader, std::span<const CssProperty>);
+bool ReadCssCounterReset(CssShorthandReader& reader, std::span<const CssProperty>);
+bool ReadCssCounterIncrement(CssShorthandReader& reader, std::span<const CssProperty>);
+bool ReadCssFlex(CssShorthandReader& reader, std::span<const CssProperty>);
+bool ReadCssFlexFlow(CssShorthandReader& reader, std::span<const CssProperty> properties);
+bool ReadCssAspectRatio(CssShorthandReader& reader, std::span<const CssProperty>);
+// The arguments of counter() and counters(), of `content`; false for other functions.
+bool ReadCssCounter(const CssToken& function, CssTokenStream arguments, CssContentItem& item);

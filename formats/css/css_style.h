@@ -14,15 +14,26 @@
 // Lengths are CSS pixels; a percentage waits for the layout. A number stands only in `lineHeight`,
 // a multiple of the font size.
 struct CssLength {
-    // Auto: also none, normal. Sum: `value` pixels and so many hundredths of a percent.
-    enum class Kind : std::uint16_t { Auto, Pixels, Percent, Number, Sum };
+    // Auto: also none, normal. Sum: `value` pixels and so many hundredths of a percent. The last
+    // three are of widths, which follow from the content.
+    enum class Kind : std::uint16_t {
+        Auto,
+        Pixels,
+        Percent,
+        Number,
+        Sum,
+        MinContent,
+        MaxContent,
+        FitContent
+    };
     float value = 0;
     Kind kind = Kind::Auto;
     std::int16_t hundredths = 0;
     bool operator==(const CssLength&) const = default;
 
     bool IsAuto() const { return kind == Kind::Auto; }
-    float Of(float whole) const { // 0 for Auto
+    bool IsOfContent() const { return kind >= Kind::MinContent; }
+    float Of(float whole) const { // 0 for Auto and what follows from the content
         if (kind == Kind::Sum) return value + whole * hundredths / 10'000;
         return kind == Kind::Pixels ? value : kind == Kind::Percent ? whole * value / 100 : 0;
     }
@@ -82,7 +93,12 @@ struct CssBoxStyle {
     CssSides<CssColor> borderColor = {};        // `currentcolor` is resolved
     CssSides<CssBorderStyle> borderStyle = {};
     CssColor background = cssTransparent;
-    std::uint32_t content = 0; // in CssPageStyles::Content; 0 is none
+    std::uint32_t content = 0;                            // in CssPageStyles::Content; 0 is none
+    std::uint32_t counterReset = 0, counterIncrement = 0; // in CssPageStyles::Counters; likewise
+    CssLength flexBasis;
+    float flexGrow = 0, flexShrink = 1;
+    float columnGap = 0, rowGap = 0;
+    float aspectRatio = 0; // width by height; 0 for `auto`
     CssDisplay display = CssDisplay::Inline;
     CssPosition position = CssPosition::Static;
     CssFloat floats = CssFloat::None;
@@ -100,9 +116,16 @@ struct CssBoxStyle {
     // In quirks mode: nobody but the default sheet gave the margins, which go at the edges of cells
     // and at the top of the page.
     bool quirkyTop = false, quirkyBottom = false;
+    CssInnerLayout innerLayout = CssInnerLayout::Flow;
+    CssFlexDirection flexDirection = CssFlexDirection::Row;
+    CssFlexWrap flexWrap = CssFlexWrap::NoWrap;
+    CssJustifyContent justifyContent = CssJustifyContent::Start;
+    CssAlignItems alignItems = CssAlignItems::Stretch;
+    CssObjectFit objectFit = CssObjectFit::Fill;
+    std::uint16_t unused = 0;
     bool operator==(const CssBoxStyle&) const = default;
 };
 
 // Equal parts are found by their bytes; so there is none that no member owns.
 static_assert(sizeof(CssInheritedStyle) == 4 * 3 + 8 * 2 + 4 * 4 + 4 + 2 + 16 + 2);
-static_assert(sizeof(CssBoxStyle) == 3 * 32 + 7 * 8 + 16 + 16 + 4 + 4 + 4 + 16);
+static_assert(sizeof(CssBoxStyle) == 3 * 32 + 8 * 8 + 16 + 16 + 4 + 4 + 3 * 4 + 5 * 4 + 16 + 8);

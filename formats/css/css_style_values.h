@@ -6,7 +6,7 @@
 enum class CssDisplay : std::uint8_t {
     None,
     Inline,
-    Block, // also flow-root, flex and grid
+    Block, // also flow-root, flex and grid; see CssInnerLayout
     InlineBlock,
     ListItem,
     Table,
@@ -20,6 +20,23 @@ enum class CssDisplay : std::uint8_t {
     TableColumnGroup,
     TableCaption,
     Contents,
+};
+// How the children of a block are laid out; those of a grid one below the other.
+enum class CssInnerLayout : std::uint8_t { Flow, Flex };
+enum class CssFlexDirection : std::uint8_t { Row, RowReverse, Column, ColumnReverse };
+enum class CssFlexWrap : std::uint8_t { NoWrap, Wrap, WrapReverse };
+enum class CssJustifyContent : std::uint8_t {
+    Start,
+    End,
+    Center,
+    SpaceBetween,
+    SpaceAround,
+    SpaceEvenly
+};
+enum class CssAlignItems : std::uint8_t { Stretch, Start, End, Center, Baseline };
+enum class CssObjectFit : std::uint8_t {
+    Fill,
+    Contain // also cover and none, which would cut the picture
 };
 enum class CssPosition : std::uint8_t { Static, Relative, Absolute, Fixed, Sticky };
 enum class CssFloat : std::uint8_t { None, Left, Right };

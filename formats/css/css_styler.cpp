@@ -30,7 +30,13 @@ CssStyler::CssStyler(const HtmlTree& tree, const CssRuleIndex& index, const CssM
         return page_.families_.NumberOf(list);
     };
     context_.contentNumber = [this](const CssContent& list) {
+        page_.showsCounters_ |= std::ranges::any_of(list, [](const CssContentItem& item) {
+            return item.kind >= CssContentItem::Kind::Counter;
+        });
         return page_.contents_.NumberOf(list);
+    };
+    context_.countersNumber = [this](const CssCounterChanges& list) {
+        return page_.counters_.NumberOf(list);
     };
     CssStyleParts initial{InitialInherited(medium), {}};
     CssStyleParts none = initial;
@@ -80,7 +86,8 @@ void CssStyler::StyleElement(HtmlNodeId element, std::uint32_t parent) {
     hints_.declarations.clear();
     StyleGenerated(element, CssPseudoElement::Before);
     StyleGenerated(element, CssPseudoElement::After);
-    StyleFirstLetter(element);
+    StyleFirst(element, CssPseudoElement::FirstLetter, page_.firstLetters_);
+    StyleFirst(element, CssPseudoElement::FirstLine, page_.firstLines_);
 }
 
 bool CssStyler::HasRules(CssPseudoElement which) const {
@@ -89,8 +96,9 @@ bool CssStyler::HasRules(CssPseudoElement which) const {
     });
 }
 
-void CssStyler::StyleFirstLetter(HtmlNodeId element) {
-    if (!HasRules(CssPseudoElement::FirstLetter)) return;
+void CssStyler::StyleFirst(HtmlNodeId element, CssPseudoElement which,
+                           std::unordered_map<HtmlNodeId, std::uint32_t>& styles) {
+    if (!HasRules(which)) return;
     switch (page_.Of(element).box->display) {
     case CssDisplay::Block:
     case CssDisplay::InlineBlock:
@@ -99,8 +107,7 @@ void CssStyler::StyleFirstLetter(HtmlNodeId element) {
     case CssDisplay::TableCaption: break;
     default: return; // it has no first line
     }
-    page_.firstLetters_[element] =
-        NumberOfKey(page_.numbers_[element], CssPseudoElement::FirstLetter, {});
+    styles[element] = NumberOfKey(page_.numbers_[element], which, {});
 }
 
 void CssStyler::StyleGenerated(HtmlNodeId element, CssPseudoElement which) {

@@ -19,7 +19,8 @@ class CssStyler : private CssWrittenReader {
   private:
     void StyleElement(HtmlNodeId element, std::uint32_t parent);
     void StyleGenerated(HtmlNodeId element, CssPseudoElement which);
-    void StyleFirstLetter(HtmlNodeId element);
+    void StyleFirst(HtmlNodeId element, CssPseudoElement which,
+                    std::unordered_map<HtmlNodeId, std::uint32_t>& styles);
     bool HasRules(CssPseudoElement which) const;
     // All that a style follows from, as bytes: elements with the same have the same style.
     void MakeKey(std::uint32_t parent, CssPseudoElement which, std::u16string_view attribute);

@@ -31,12 +31,29 @@ using CssFontFamilies = std::vector<CssFontFamily>;
 
 // A piece of what `content` puts before or behind an element.
 struct CssContentItem {
-    enum class Kind : std::uint8_t { Text, Attribute, Picture, OpenQuote, CloseQuote };
+    enum class Kind : std::uint8_t {
+        Text,
+        Attribute,
+        Picture,
+        OpenQuote,
+        CloseQuote,
+        Counter, // the innermost of the name
+        Counters // all of the name, from the outermost one on
+    };
     Kind kind = Kind::Text;
-    std::u16string text; // or the attribute's name, the picture's address
+    std::uint16_t numberStyle = 0; // of a counter, a CssListStyleType
+    std::u16string text;      // or the attribute's name, the picture's address, the counter's name
+    std::u16string separator; // between counters
     bool operator==(const CssContentItem&) const = default;
 };
 using CssContent = std::vector<CssContentItem>;
+
+struct CssCounterChange {
+    std::u16string name;
+    std::int32_t value = 0; // that it is set to, or that is added
+    bool operator==(const CssCounterChange&) const = default;
+};
+using CssCounterChanges = std::vector<CssCounterChange>;
 
 struct CssValue {
     enum class Kind : std::uint8_t {
@@ -48,9 +65,10 @@ struct CssValue {
         CurrentColor,
         Families,
         Content,
-        Math,    // `index` of one in the block; never a computed value
-        Written, // `index` of a CssWrittenDeclaration in the block; likewise
-        Sum,     // of `number` pixels and `keyword`, an int16_t, hundredths of a percent
+        Counters, // `index` of changes in the block
+        Math,     // `index` of one in the block; never a computed value
+        Written,  // `index` of a CssWrittenDeclaration in the block; likewise
+        Sum,      // of `number` pixels and `keyword`, an int16_t, hundredths of a percent
         // Those of all properties.
         Inherit,
         Initial,
