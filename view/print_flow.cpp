@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <deque>
 #include <vector>
 
 namespace {
@@ -35,16 +36,45 @@ class PageCutter {
         std::vector<PlacedBlock> parts;
         int top = 0;
         while (next_) {
+            if (from_ == 0 && next_->BeginsPage() && HasHeight(parts)) return parts;
             const int to = EndOnPage(top, parts.empty());
-            if (to == from_ && !parts.empty()) return parts;
+            if (to == from_ && !parts.empty() && next_->Height() > 0) return WithoutHeadings(parts);
             parts.push_back({next_, from_, to, top});
             top += to - from_;
             from_ = to;
             if (to < next_->Height()) return parts;
-            next_ = source_();
-            from_ = 0;
+            const bool isLast = next_->EndsPage();
+            Advance();
+            if (isLast && HasHeight(parts)) return parts;
         }
         return parts;
+    }
+
+    static bool HasHeight(const std::vector<PlacedBlock>& parts) {
+        return !parts.empty() && parts.back().top + parts.back().to - parts.back().from > 0;
+    }
+
+    // Those at the end go to the next page, with what they belong to, unless there is nothing else.
+    std::vector<PlacedBlock> WithoutHeadings(std::vector<PlacedBlock> parts) {
+        std::size_t count = parts.size();
+        while (count > 0 && parts[count - 1].from == 0 && parts[count - 1].block->StaysWithNext())
+            --count;
+        if (count == 0 || count == parts.size()) return parts;
+        returned_.push_front(next_);
+        for (; parts.size() > count; parts.pop_back())
+            returned_.push_front(parts.back().block);
+        Advance();
+        return parts;
+    }
+
+    void Advance() {
+        from_ = 0;
+        if (returned_.empty()) {
+            next_ = source_();
+        } else {
+            next_ = returned_.front();
+            returned_.pop_front();
+        }
     }
 
     int EndOnPage(int top, bool first) const {
@@ -59,12 +89,12 @@ class PageCutter {
         while (next_) {
             from_ = next_->StartOfPage(from_);
             if (from_ < next_->Height() || next_->Height() == 0) return;
-            next_ = source_();
-            from_ = 0;
+            Advance();
         }
     }
 
     const NextPrintedBlock& source_;
+    std::deque<std::shared_ptr<const PrintedBlock>> returned_; // before the source's next one
     int height_;
     std::shared_ptr<const PrintedBlock> next_;
     int from_ = 0; // of the next block's height

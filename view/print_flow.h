@@ -35,6 +35,10 @@ class PrintedBlock {
     virtual ~PrintedBlock() = default;
     virtual int Height() const = 0;
     virtual int Percent() const = 0; // how far along it begins
+    // Whether a page begins with it, or ends behind it.
+    virtual bool BeginsPage() const { return false; }
+    virtual bool EndsPage() const { return false; }
+    virtual bool StaysWithNext() const { return false; } // a page does not end behind it
     // The lowest place at or above `limit` where nothing is cut that fits a page; `from` for none.
     virtual int CutAbove(int from, int limit, int pageHeight) const = 0;
     // Where a page begins that is to begin at `from` or later: after the empty space there; the

@@ -222,3 +222,62 @@ TEST_CASE("print html: cuts are moved up, from span to span") {
     CHECK(CutBetween(spans, Line, 0, 150) == 150);
     CHECK(CutBetween(spans, Line, 50, 80) == 50);
 }
+
+namespace {
+// On which sheet a text stands; -1 for none.
+int SheetOf(const Job& job, std::u16string_view text) {
+    for (std::size_t sheet = 0; sheet < job.paper.pages.size(); ++sheet)
+        if (Find(job.paper.pages[sheet], text)) return int(sheet);
+    return -1;
+}
+
+std::string Breaks(int count, char letter) {
+    std::string text;
+    for (int i = 0; i < count; ++i)
+        text += std::string(1, letter) + std::to_string(i) + "<br>";
+    return text;
+}
+} // namespace
+
+TEST_CASE("print html: a heading stands on the sheet of what follows it") {
+    for (int above = 1; above < 20; ++above) {
+        Job job("<p style='margin:0'>" + Breaks(above, 'a') +
+                "</p><h3 style='margin:0;font-size:16px'>heading</h3><p style='margin:0'>" +
+                Breaks(3, 'b'));
+        REQUIRE(job.Print() == PrintEnd::Done);
+        CHECK(SheetOf(job, u"heading") == SheetOf(job, u"b0"));
+        CHECK(SheetOf(job, u"a0") == 0);
+    }
+}
+
+TEST_CASE("print html: no line of a paragraph stands alone") {
+    for (int above = 1; above < 20; ++above) {
+        Job job("<p style='margin:0'>" + Breaks(above, 'a') + "</p><p style='margin:0'>" +
+                Breaks(5, 'b'));
+        REQUIRE(job.Print() == PrintEnd::Done);
+        CHECK(SheetOf(job, u"b0") == SheetOf(job, u"b1"));
+        CHECK(SheetOf(job, u"b3") == SheetOf(job, u"b4"));
+    }
+}
+
+TEST_CASE("print html: sheets begin and end where styles say so") {
+    Job job("<p>one<div style='page-break-before:always'><p>two</div><p style='break-after:page'>"
+            "three<p>four");
+    REQUIRE(job.Print() == PrintEnd::Done);
+    CHECK(job.paper.pages.size() == 3);
+    CHECK(SheetOf(job, u"one") == 0);
+    CHECK(SheetOf(job, u"two") == 1);
+    CHECK(SheetOf(job, u"three") == 1);
+    CHECK(SheetOf(job, u"four") == 2);
+    Job first("<div style='page-break-before:always'>one</div>"); // no empty sheet before it
+    REQUIRE(first.Print() == PrintEnd::Done);
+    CHECK(first.paper.pages.size() == 1);
+}
+
+TEST_CASE("print html: rules for paper apply, and none for screens") {
+    Job job("<p class=s>screen<p class=p>paper");
+    job.sheets = {u"@media print{.s{display:none}}@media screen{.p{display:none}}"};
+    REQUIRE(job.Print() == PrintEnd::Done);
+    CHECK(SheetOf(job, u"screen") == -1);
+    CHECK(SheetOf(job, u"paper") == 0);
+}

@@ -6,14 +6,18 @@
 namespace {
 constexpr double smallShare = 1.0 / 3; // of a page's height
 
+constexpr std::size_t kept = 2; // lines
+
 class SpanCollector {
   public:
     explicit SpanCollector(int pageHeight) : pageHeight_(pageHeight) {}
 
     void Collect(const PageFragment& fragment, double top) {
-        for (const PlacedLines& lines : fragment.lines)
+        for (const PlacedLines& lines : fragment.lines) {
             for (const InlineLine& line : lines.layout.lines)
                 Add(top + line.top, line.height, SolidSpan::Kind::Line);
+            AddKept(lines.layout.lines, top);
+        }
         for (const PlacedImage& picture : fragment.pictures)
             Add(top + picture.top, picture.height, SolidSpan::Kind::Picture);
         // Rules, and frames around nothing.
@@ -32,6 +36,17 @@ class SpanCollector {
     std::vector<SolidSpan> spans;
 
   private:
+    // No line of a paragraph stands alone on a sheet.
+    void AddKept(const std::vector<InlineLine>& lines, double top) {
+        const auto add = [&](std::size_t first, std::size_t last) {
+            const double from = lines[first].top;
+            Add(top + from, lines[last].top + lines[last].height - from, SolidSpan::Kind::Kept);
+        };
+        if (lines.size() < 2) return;
+        add(0, std::min(kept, lines.size()) - 1);
+        add(lines.size() - std::min(kept, lines.size()), lines.size() - 1);
+    }
+
     void Add(double top, double height, SolidSpan::Kind kind) {
         if (height <= 0 || height > pageHeight_) return;
         spans.push_back({int(std::floor(top)), int(std::ceil(top + height)), kind});

@@ -7,13 +7,14 @@
 
 // What is not to be cut; device pixels from the zone's top.
 struct SolidSpan {
-    enum class Kind { Line, Picture, Part };
+    enum class Kind { Line, Picture, Part, Kept };
     int top = 0, bottom = 0;
     Kind kind = Kind::Line;
 };
 
-// Lines, pictures, and parts that stand by themselves, as cells and floats do, in no order. A part
-// with other parts in it, as a table has rows, is one when it is small.
+// Kept are the first two lines of a paragraph, and its last two. Lines, pictures, and parts that
+// stand by themselves, as cells and floats do, in no order. A part with other parts in it, as a
+// table has rows, is one when it is small.
 std::vector<SolidSpan> SolidSpans(const PageFragment& fragment, int pageHeight);
 
 // The lowest place at or above `limit` that is within none of the spans; `from` for none.

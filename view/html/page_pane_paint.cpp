@@ -86,5 +86,6 @@ void PagePane::PaintFocus(Canvas& canvas) {
 
 PrintEnd PagePane::Print(const std::u16string& title, const WantedPages& wanted, LineLayout& lines,
                          PictureStore& pictures, PrintDevice& device) const {
-    return PrintHtml({*page_, *pageFiles_, sheets_, zoom_, title, wanted}, lines, pictures, device);
+    const auto sheets = PageSheets(*page_, *pageFiles_, true);
+    return PrintHtml({*page_, *pageFiles_, sheets, zoom_, title, wanted}, lines, pictures, device);
 }

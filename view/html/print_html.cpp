@@ -14,21 +14,46 @@ constexpr double cssPerInch = 96, frameSize = 8; // points
 constexpr double smallestScale = 0.5;
 constexpr Color paper = 0xFFFFFF;
 
+// Where sheets begin and end around a zone, by the styles of its boxes.
+struct ZoneBreaks {
+    bool beginsPage = false, endsPage = false, staysWithNext = false;
+};
+
+ZoneBreaks BreaksOf(const PageBoxes& boxes, PageBoxId first, PageBoxId lastLeaf) {
+    ZoneBreaks breaks;
+    for (PageBoxId box = first;; ++box) {
+        breaks.beginsPage |= boxes[box].style->breakBefore == CssBreak::Page;
+        if (IsFlowLeaf(boxes, box)) break;
+    }
+    const PageBoxId end = boxes[lastLeaf].end;
+    for (PageBoxId box = lastLeaf; box != noPageBox && boxes[box].end == end;
+         box = boxes[box].parent) {
+        breaks.endsPage |= boxes[box].style->breakAfter == CssBreak::Page;
+        breaks.staysWithNext |= boxes[box].style->breakAfter == CssBreak::Avoid;
+    }
+    return breaks;
+}
+
 class PrintedZone final : public PrintedBlock {
   public:
-    PrintedZone(PageFragmentPtr fragment, int percent, int pageHeight, const PagePaint& paint)
-        : fragment_(std::move(fragment)), percent_(percent), paint_(paint),
+    PrintedZone(PageFragmentPtr fragment, ZoneBreaks breaks, int percent, int pageHeight,
+                const PagePaint& paint)
+        : fragment_(std::move(fragment)), breaks_(breaks), percent_(percent), paint_(paint),
           spans_(SolidSpans(*fragment_, pageHeight)) {}
 
     int Height() const override { return int(std::ceil(fragment_->height)); }
     int Percent() const override { return percent_; }
+    bool BeginsPage() const override { return breaks_.beginsPage; }
+    bool EndsPage() const override { return breaks_.endsPage; }
+    bool StaysWithNext() const override { return breaks_.staysWithNext; }
 
-    // At the top of a page something is cut in any case where nothing fits: table cells and floats
-    // before pictures, these before lines.
+    // At the top of a page something is cut in any case where nothing fits: what is kept together
+    // before table cells and floats, these before pictures, and lines last.
     int CutAbove(int from, int limit, int pageHeight) const override {
         using enum SolidSpan::Kind;
-        int cut = CutBetween(spans_, Part, from, limit);
+        int cut = CutBetween(spans_, Kept, from, limit);
         if (limit - from < pageHeight) return cut;
+        if (cut == from) cut = CutBetween(spans_, Part, from, limit);
         if (cut == from) cut = CutBetween(spans_, Picture, from, limit);
         if (cut == from) cut = CutBetween(spans_, Line, from, limit);
         return cut;
@@ -49,6 +74,7 @@ class PrintedZone final : public PrintedBlock {
 
   private:
     PageFragmentPtr fragment_;
+    ZoneBreaks breaks_;
     int percent_;
     const PagePaint& paint_;
     std::vector<SolidSpan> spans_;
@@ -87,7 +113,10 @@ class HtmlPrinter {
             PageFlow& flow = shown_->Flow();
             if (zone == flow.ZoneCount()) return nullptr;
             const int percent = int(100 * zone / flow.ZoneCount());
-            return std::make_shared<PrintedZone>(flow.LayOut(zone++), percent, room_.height, paint);
+            const PageBoxId first = zone == 0 ? rootPageBox : flow.Zone(zone - 1).end;
+            const ZoneBreaks breaks = BreaksOf(shown_->Boxes(), first, flow.Zone(zone).lastLeaf);
+            return std::make_shared<PrintedZone>(flow.LayOut(zone++), breaks, percent, room_.height,
+                                                 paint);
         };
         return PrintFlow(next, frame, page_.wanted, device_);
     }

@@ -9,7 +9,7 @@
 struct PrintedPage {
     const LoadedPage& page;
     const PageFiles& files;
-    const std::vector<std::u16string>& sheets; // texts
+    const std::vector<std::u16string>& sheets; // texts, of those for paper
     int zoom = 100;                            // per cent
     std::u16string title;
     WantedPages wanted;

@@ -14,6 +14,7 @@ CssReading ReadingOf(const LoadedPage& page, const PageRenderOptions& options) {
     CssReading reading;
     reading.medium.viewportWidth = float(options.viewport.width / options.scale);
     reading.medium.viewportHeight = float(options.viewport.height / options.scale);
+    reading.medium.isPrint = options.onPaper;
     reading.quirks = page.Tree().Quirks() == HtmlQuirks::Full;
     return reading;
 }
@@ -46,10 +47,13 @@ Size FittingSize(Size size, const PageRenderOptions& options) {
 }
 } // namespace
 
-std::vector<std::u16string> PageSheets(const LoadedPage& page, const PageFiles& files) {
-    return LoadCssTexts(
-        page.Tree(), CssMedium{}, page.CodePage(),
-        [&](std::u16string_view address) { return files.Read(address, maxSheetBytes); });
+std::vector<std::u16string> PageSheets(const LoadedPage& page, const PageFiles& files,
+                                       bool onPaper) {
+    CssMedium medium;
+    medium.isPrint = onPaper;
+    return LoadCssTexts(page.Tree(), medium, page.CodePage(), [&](std::u16string_view address) {
+        return files.Read(address, maxSheetBytes);
+    });
 }
 
 CssPageStyles ShownPage::StylesOf(const LoadedPage& page, const std::vector<std::u16string>& sheets,

@@ -20,7 +20,8 @@ struct PageRenderOptions {
 };
 
 // The texts of the style sheets that a page asks for, in their order.
-std::vector<std::u16string> PageSheets(const LoadedPage& page, const PageFiles& files);
+std::vector<std::u16string> PageSheets(const LoadedPage& page, const PageFiles& files,
+                                       bool onPaper = false);
 
 class ShownPage {
   public:
