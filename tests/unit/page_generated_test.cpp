@@ -53,3 +53,34 @@ TEST_CASE("generated: what elements have of their own is theirs where content ha
                     u"<p>one <b>two <img src=y.png></b> <i>three</i>");
     CHECK(page.Boxes() == "Block(Block(Block(Lines[one #two # three](Picture Picture))))");
 }
+
+TEST_CASE("generated: a block of its own stands above or below") {
+    const std::u16string block =
+        u"<style>.t::before{content:'top';display:block}.t::after{content:'end';display:block;"
+        u"text-align:right}.r::after{content:'';display:block;height:10px}</style>";
+    CHECK(Lines(block + u"<div class=t>one</div>two") == "0,0 top|0,16 one|376,32 end|0,48 two");
+    CHECK(Lines(block + u"<div class=t><p style='margin:0'>one</div>two") ==
+          "0,0 top|0,16 one|376,32 end|0,48 two");
+    CHECK(Lines(block + u"<div class=t></div>two") == "0,0 top|376,16 end|0,32 two");
+    CHECK(Lines(block + u"a <b class=t>one</b> two") ==
+          "0,0 a|0,16 top|0,32 one|0,48 end|0,64 two");
+    CHECK(Lines(block + u"<div class=r>one</div>two") == "0,0 one|0,26 two");
+}
+
+TEST_CASE("generated: floats, and blocks in lines") {
+    const std::u16string sheets =
+        u"<style>.f::before{content:'1';float:right}.i::after{content:'2';display:inline-block;"
+        u"width:80px;text-align:right}.d::before{content:'. . . .';float:left;width:0;"
+        u"white-space:nowrap}</style>";
+    CHECK(Lines(sheets + u"<div class=f>one</div>two") == "0,0 one|392,0 1|0,16 two");
+    CHECK(Lines(sheets + u"<div class=i>one</div>two") == "72,0 2|0,0 one#|0,16 two");
+    CHECK(Lines(sheets + u"<div class=f><b>one</b></div>two") == "0,0 one|392,0 1|0,16 two");
+    CHECK(Lines(sheets + u"<div class=d>one</div>two") == "0,0 one|0,16 two"); // leaders
+}
+
+TEST_CASE("generated: one that goes below floats makes its block as high") {
+    const std::u16string body = u"<div class=c><img style='float:right'>one</div>two";
+    CHECK(Lines(u"<style>.c::after{content:'';display:table;clear:both}</style>" + body) ==
+          "0,0 one|0,20 two");
+    CHECK(Lines(body) == "0,0 one|0,16 two");
+}

@@ -52,7 +52,8 @@ TEST_CASE("page layout: heights") {
 TEST_CASE("page layout: limits of widths and heights") {
     CHECK(Lines(u"<div style='min-width:50%;width:10px;float:right'>a") == "200,0 a");
     CHECK(Lines(u"<div style='max-width:50%;margin-left:auto'>a") == "200,0 a");
-    CHECK(Lines(u"<div style='max-height:20px'>a<br>b</div>c") == "0,0 a/|0,16 b|0,20 c");
+    CHECK(Lines(u"<div style='max-height:20px'>a<br>b</div>c") ==
+          "0,0 a/|0,16 b|0,32 c"); // nothing lies on what follows
     CHECK(Lines(u"<div style='max-height:50px'>a</div>b") == "0,0 a|0,16 b");
     CHECK(Lines(u"<div style='height:50%'>a</div>b") == "0,0 a|0,16 b");
     CHECK(Lines(u"<div style='max-height:50%'>a<br>b</div>c") == "0,0 a/|0,16 b|0,32 c");
@@ -323,4 +324,49 @@ TEST_CASE("page layout: tables in tables") {
     PageSample page(body + u"x");
     CHECK(page.Lines(400) == "0,0 x");
     CHECK(page.system.paragraphs < 20 * 100);
+}
+
+TEST_CASE("page layout: a float behind the last space of its block is there") {
+    CHECK(Lines(u"<p style='margin:0'>one <b style='float:right'>7</b> </p>two") ==
+          "0,0 one|392,0 7|0,16 two");
+    CHECK(Lines(u"<p style='margin:0'>one <b style='position:absolute;right:0'>7</b>\n</p>two") ==
+          "0,0 one|392,0 7|0,16 two");
+}
+
+TEST_CASE("page layout: widths that follow from the content") {
+    CHECK(Lines(u"<div style='width:fit-content;margin:auto'>one</div>") == "188,0 one");
+    CHECK(Lines(u"<div style='width:min-content'>one two") == "0,0 one|0,16 two");
+    CHECK(Lines(u"<div style='width:max-content'>one two three", 48) == "0,0 one two three");
+    CHECK(Lines(u"<div style='max-width:fit-content;margin:auto'>one</div>") == "188,0 one");
+    CHECK(Lines(u"<div style='float:right;width:min-content'>one two") == "376,0 one|376,16 two");
+}
+
+TEST_CASE("page layout: a block without a height hides what clears floats, and no words") {
+    const std::u16string hides = u"<div style='height:0;overflow:hidden'>";
+    CHECK(Lines(hides + u".</div>two") == "0,0 two");
+    CHECK(Lines(hides + u"&nbsp;</div>two") == "0,0 two");
+    CHECK(Lines(hides + u"one</div>two") == "0,0 one|0,16 two");
+    CHECK(Lines(u"<div style='max-height:0;overflow:hidden'>one</div>two") == "0,0 one|0,16 two");
+}
+
+TEST_CASE("page layout: a table's share of a width is with its borders and beside its margins") {
+    const std::u16string table = u"<table cellpadding=0 cellspacing=0 style='width:50%;";
+    const std::u16string cells = u"'><td align=right>one</table>";
+    CHECK(Lines(table + cells) == "176,0 one");
+    CHECK(Lines(table + u"border:8px solid" + cells) == "168,8 one");
+    CHECK(Lines(table + u"margin-left:50px" + cells) == "226,0 one");
+    CHECK(Lines(u"<table cellpadding=0 cellspacing=0 style='max-width:50%'><td>one two three four "
+                u"five six seven</table>") == "0,0 one two three four five|0,16 six seven");
+}
+
+TEST_CASE("page layout: what is positioned goes by the nearest box that says so") {
+    const std::u16string number = u"<b style='position:absolute;right:10px'>7</b>";
+    CHECK(Lines(u"<p style='margin:0 100px'>one" + number) == "100,0 one|382,0 7");
+    CHECK(Lines(u"<p style='margin:0 100px;position:relative'>one" + number) ==
+          "100,0 one|282,0 7");
+    CHECK(Lines(u"<p style='margin:0 100px;padding:0 9px;position:relative'>one" + number) ==
+          "109,0 one|282,0 7");
+    CHECK(Lines(u"<div style='position:relative;margin:0 50px'><div style='overflow:hidden;"
+                u"margin:0 50px'>one" +
+                number) == "100,0 one|332,0 7");
 }

@@ -6,8 +6,8 @@
 #include <utility>
 
 BlockFlow::BlockFlow(PageLayouter& layouter, PageBoxId container, InlineEdges room,
-                     PageFragment& result)
-    : layouter_(layouter), container_(container), result_(result),
+                     PageFragment& result, std::optional<InlineEdges> positioned)
+    : layouter_(layouter), container_(container), result_(result), positioned_(positioned),
       dropsQuirky_(layouter.Box(container).dropsQuirkyMargins) {
     OpenBlock block;
     block.box = container;
@@ -97,8 +97,20 @@ void BlockFlow::MoveRelative(const OpenBlock& block) {
 
 BoxEdges BlockFlow::EdgesOf(PageBoxId box) const {
     const OpenBlock& around = open_.back();
-    return layouter_.Measure().InFlow(*layouter_.Box(box).style, *layouter_.Box(around.box).text,
-                                      around.room);
+    return layouter_.EdgesInFlow(box, around.box, around.room);
+}
+
+// The paddings' edges of the nearest positioned box around what stands here.
+InlineEdges BlockFlow::PositionedRoom() const {
+    for (std::size_t i = open_.size(); i-- > 0;) {
+        const CssBoxStyle& style = *layouter_.Box(open_[i].box).style;
+        if (style.position == CssPosition::Static || open_[i].box == noPageBox) continue;
+        const double containing = open_[i > 0 ? i - 1 : 0].room.Width();
+        const BoxMeasure& measure = layouter_.Measure();
+        return {open_[i].room.left - measure.Length(style.padding[cssLeft], containing),
+                open_[i].room.right + measure.Length(style.padding[cssRight], containing)};
+    }
+    return positioned_.value_or(open_.front().room);
 }
 
 // The box's index in the result, or -1 if nothing of it is seen.
@@ -222,6 +234,14 @@ void BlockFlow::LayOutLines(PageBoxId box) {
     AddLines(box, room, std::move(content), std::move(layout));
 }
 
+PageFragmentPtr BlockFlow::LayOutAlone(PageBoxId id) {
+    const BoxEdges edges = EdgesOf(id);
+    const InlineEdges positioned = PositionedRoom();
+    return layouter_.LayOutBlock(
+        id, edges.content.Width(), open_.back().room.Width(),
+        InlineEdges{positioned.left - edges.border.left, positioned.right - edges.border.left});
+}
+
 // A table, a picture, or a block that keeps floats out: it stands where floats leave room.
 void BlockFlow::AddByItself(PageBoxId id) {
     const PageBox& box = layouter_.Box(id);
@@ -237,11 +257,11 @@ void BlockFlow::AddByItself(PageBoxId id) {
     PageFragmentPtr fragment;
     const double sides = measure.SideMargins(*box.style, containing);
     if (box.kind == PageBoxKind::Table)
-        fragment = LayOutTable(layouter_, id, containing - sides);
+        fragment = LayOutTable(layouter_, id, containing);
     else if (box.kind == PageBoxKind::Picture)
         fragment = layouter_.LayOutPicture(id, containing);
     else
-        fragment = layouter_.LayOutBlock(id, EdgesOf(id).content.Width(), containing);
+        fragment = LayOutAlone(id);
     top_ = floats_.FittingTop(top_, fragment->height, fragment->width + sides, room);
     const InlineEdges free = floats_.RoomAt(top_, top_ + fragment->height, room);
     const double insets = measure.SideInsets(*box.style, containing);

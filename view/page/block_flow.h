@@ -10,7 +10,9 @@
 class BlockFlow {
   public:
     // Within a box whose content has this room. The flow begins at height 0.
-    BlockFlow(PageLayouter& layouter, PageBoxId container, InlineEdges room, PageFragment& result);
+    // Boxes out of the flow stand between `positioned` where nothing in the container says more.
+    BlockFlow(PageLayouter& layouter, PageBoxId container, InlineEdges room, PageFragment& result,
+              std::optional<InlineEdges> positioned = {});
 
     // Goes on behind a leaf whose border ends at height 0: one with text or a size of its own, or
     // one that was broken behind below floats.
@@ -51,6 +53,7 @@ class BlockFlow {
     double AddPositioned(const LinesContent& content, const InlineLayout& layout, InlineEdges room);
     void AddMarker(const InlineLine& firstLine);
     void AddByItself(PageBoxId id);
+    PageFragmentPtr LayOutAlone(PageBoxId id);
     void BeforeClear(const CssBoxStyle& style);
     void ClearFloats(const CssBoxStyle& style);
     void AddMarginAbove(const CssBoxStyle& style, double containing);
@@ -62,10 +65,12 @@ class BlockFlow {
     OpenBlock OpenedBlock(PageBoxId id, const InlineEdges& content, FragmentMark from) const;
     void MoveRelative(const OpenBlock& block);
     BoxEdges EdgesOf(PageBoxId box) const;
+    InlineEdges PositionedRoom() const;
 
     PageLayouter& layouter_;
     const PageBoxId container_;
     PageFragment& result_;
+    const std::optional<InlineEdges> positioned_;
     FloatContext floats_;
     std::vector<OpenBlock> open_; // the container first
     std::vector<int> topless_;    // placed boxes that begin where the margin ends

@@ -47,7 +47,7 @@ void BlockFlow::AddMarker(const InlineLine& firstLine) {
 // wide one is above what follows, which it would cover; a page's number is not.
 double BlockFlow::AddPositioned(const LinesContent& content, const InlineLayout& layout,
                                 InlineEdges room) {
-    const InlineEdges page = open_.front().room;
+    const InlineEdges page = PositionedRoom();
     double below = layout.bottom;
     for (const LinesText::Place& positioned : content.positioned) {
         double top = below, left = room.left;

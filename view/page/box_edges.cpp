@@ -4,7 +4,7 @@
 
 namespace {
 bool HasSize(const CssLength& length) {
-    return !length.IsAuto();
+    return !length.IsAuto() && !length.IsOfContent();
 }
 
 // Where a block that is narrower than its room stands in it, as a share of what is free.

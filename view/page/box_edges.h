@@ -36,7 +36,8 @@ class BoxMeasure {
     }
     double SideMargins(const CssBoxStyle& style, double containing) const;
 
-    // The content's width as the style gives it, within its limits; negative for `auto`.
+    // The content's width as the style gives it, within its limits; negative for `auto` and for
+    // what follows from the content.
     double GivenWidth(const CssBoxStyle& style, double containing) const;
     double LimitWidth(const CssBoxStyle& style, double containing, double width) const;
     // Likewise of the height, of which a percentage is `auto`.

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-std::u16string_view GeneratedText::Of(const CssContentItem& item, HtmlNodeId element) const {
+std::u16string_view GeneratedText::Of(const CssContentItem& item, HtmlNodeId element,
+                                      GeneratedPlace place) const {
     switch (item.kind) {
     case CssContentItem::Kind::Text: return item.text;
     case CssContentItem::Kind::Attribute: {
@@ -11,6 +12,8 @@ std::u16string_view GeneratedText::Of(const CssContentItem& item, HtmlNodeId ele
     }
     case CssContentItem::Kind::OpenQuote: return IsQuoteWithin(element) ? u"\u2018" : u"\u201C";
     case CssContentItem::Kind::CloseQuote: return IsQuoteWithin(element) ? u"\u2019" : u"\u201D";
+    case CssContentItem::Kind::Counter:
+    case CssContentItem::Kind::Counters: return counters_.TextOf(element, place, item);
     case CssContentItem::Kind::Picture: break;
     }
     return {};

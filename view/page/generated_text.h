@@ -3,17 +3,19 @@
 
 #include "formats/css/css_page_styles.h"
 #include "formats/html/html_tree.h"
+#include "view/page/page_counters.h"
 
 #include <string_view>
 
 class GeneratedText {
   public:
     // The arguments must outlive this object.
-    GeneratedText(const HtmlTree& tree, const CssPageStyles& styles)
-        : tree_(tree), styles_(styles) {}
+    GeneratedText(const HtmlTree& tree, const CssPageStyles& styles, const PageCounters& counters)
+        : tree_(tree), styles_(styles), counters_(counters) {}
 
     // Refers to the page and its styles.
-    std::u16string_view Of(const CssContentItem& item, HtmlNodeId element) const;
+    std::u16string_view Of(const CssContentItem& item, HtmlNodeId element,
+                           GeneratedPlace place) const;
 
   private:
     bool IsQuoteWithin(HtmlNodeId element) const;
@@ -21,4 +23,5 @@ class GeneratedText {
 
     const HtmlTree& tree_;
     const CssPageStyles& styles_;
+    const PageCounters& counters_;
 };

@@ -6,6 +6,7 @@
 #include "platform/line_layout.h"
 #include "view/page/float_context.h"
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -66,6 +67,13 @@ struct InlineDecoration {
     bool begins = false, ends = false; // there, and not in other lines before or behind
 };
 
+// The same units as they are in the first line, which may have a style of its own.
+struct InlineFirstLine {
+    std::u16string text; // as long as the content's
+    std::vector<StyledRun> styles;
+    std::vector<InlineRun> runs;
+};
+
 struct InlineContent {
     // Width and justification are set by the layout. Its boxes are `atoms`, its runs are of the
     // same text as `runs` but need not start at the same places.
@@ -77,7 +85,8 @@ struct InlineContent {
     std::vector<InlineOrigin> origins;         // ascending
     std::vector<UnitSpan> hidden;              // ascending: they take their room, and are not drawn
     std::vector<InlineDecoration> decorations; // ascending, the outer ones first
-    StyleHandle strut;                         // of the block: no line is lower than its font
+    std::shared_ptr<const InlineFirstLine> firstLine; // none for most
+    StyleHandle strut; // of the block: no line is lower than its font
     std::optional<double> strutLineHeight;
     bool needsText = false; // in quirks mode, for the block's font to count in a line
     double xHeight = 0;     // of the block's font, for `Middle`

@@ -22,6 +22,11 @@ class InlineLayouter {
         : system_(system), content_(content), room_(room), top_(top), context_(floats),
           end_(static_cast<TextPos>(content.text.text.size())) {
         result_.atoms.resize(content.atoms.size());
+        if (!content.firstLine) return;
+        first_ = content;
+        first_->text.text = content.firstLine->text;
+        first_->text.runs = content.firstLine->styles;
+        first_->runs = content.firstLine->runs;
     }
 
     InlineLayout Run() {
@@ -57,22 +62,27 @@ class InlineLayouter {
     void BreakOn() {
         height_ = std::max(height_, StrutBox(system_, content_).Height());
         const InlineEdges edges = RoomFor(height_);
-        const bool besideFloats = HasFloats() || context_.NextChange(top_) > top_;
+        const bool isFirst = IsFirstApart();
+        const bool besideFloats = isFirst || HasFloats() || context_.NextChange(top_) > top_;
         const TextPos end = std::min(end_, at_ + (besideFloats ? besideFloats_ : maxAtOnce));
         InlinePiece piece{at_, system_.BreakLines(Paragraph(edges, end))};
         const std::size_t before = result_.lines.size();
         // A break at the end begins no line.
-        for (int i = 0; at_ < end_ && i < piece.lines->Count(); ++i) {
+        for (int i = 0; at_ < end_ && i < piece.lines->Count() && isFirst == IsFirstApart(); ++i) {
             const TextPos lineEnd = piece.start + piece.lines->Line(i).end;
-            const LineBox box = LineBoxOf(system_, content_, at_, lineEnd);
+            const LineBox box = LineBoxOf(system_, Content(), at_, lineEnd);
             if (!CanPlace(piece, i, edges, box.Height())) break;
             Place(piece, i, edges, box);
         }
         if (result_.lines.size() > before) result_.pieces.push_back(std::move(piece));
     }
 
+    // Whether the next line is the first one and has styles of its own.
+    bool IsFirstApart() const { return at_ == 0 && first_; }
+    const InlineContent& Content() const { return IsFirstApart() ? *first_ : content_; }
+
     ParagraphText Paragraph(InlineEdges edges, TextPos end) const {
-        ParagraphText text = TextFrom(content_, at_, end);
+        ParagraphText text = TextFrom(Content(), at_, end);
         const double indent = Indent(at_), hanging = std::max(0.0, -indent);
         text.firstIndent = int(std::lround(std::max(0.0, indent)));
         text.indent = int(std::lround(hanging));
@@ -120,10 +130,10 @@ class InlineLayouter {
 
     double FirstWordWidth() const {
         const auto window =
-            std::u16string_view(content_.text.text).substr(std::size_t(at_), maxFirstWord);
+            std::u16string_view(Content().text.text).substr(std::size_t(at_), maxFirstWord);
         const std::vector<bool> breaks = LineBreaks(window);
         const auto next = std::find(breaks.begin() + 1, breaks.begin() + window.size(), true);
-        ParagraphText word = TextFrom(content_, at_, at_ + TextPos(next - breaks.begin()));
+        ParagraphText word = TextFrom(Content(), at_, at_ + TextPos(next - breaks.begin()));
         word.width = maxBreakWidth;
         return system_.BreakLines(word)->Line(0).width;
     }
@@ -184,6 +194,7 @@ class InlineLayouter {
 
     LineLayout& system_;
     const InlineContent& content_;
+    std::optional<InlineContent> first_;
     const InlineEdges room_;
     double top_;
     FloatContext& context_;

@@ -124,8 +124,7 @@ void LinesBuilder::AddBreak(HtmlNodeId element) {
     if (IsOpen()) boxes_.Weight() += inlineElementWeight;
 }
 
-void LinesBuilder::AddBox(HtmlNodeId element, PageWeight within) {
-    const CssBoxStyle& style = *styles_.Of(element).box;
+void LinesBuilder::AddBox(HtmlNodeId element, const CssBoxStyle& style, PageWeight within) {
     MakeRoom(element, boxInLinesWeight);
     if (IsOpen() && boxes_.WeightWithin() + within > limits_.whole / 2) Divide(element, 0);
     PageBox& lines = Open(element);

@@ -26,7 +26,7 @@ class LinesBuilder {
     void AddText(HtmlNodeId text);
     void AddBreak(HtmlNodeId element);
     // A float or a block that stands in them, with so much in it.
-    void AddBox(HtmlNodeId element, PageWeight within);
+    void AddBox(HtmlNodeId element, const CssBoxStyle& style, PageWeight within);
     // The start of an element, whose text follows.
     void AddInline(HtmlNodeId element);
     // Text before or behind what is in an element.

@@ -4,16 +4,35 @@
 #include "view/page/page_background.h"
 #include "view/page/page_box_builder.h"
 
+#include <algorithm>
+
 namespace {
 // Around each block of lines of a page in visual order, which no element changes: blocks alone have
 // the direction that the page says.
 constexpr std::u16string_view leftToRightOverride = u"\u202D", endOfOverride = u"\u202C";
+
+CssInheritedStyle InFirstLine(CssInheritedStyle style, const CssInheritedStyle& block,
+                              const CssInheritedStyle& line) {
+    const auto take = [&](auto... members) {
+        ((style.*members = style.*members == block.*members ? line.*members : style.*members), ...);
+    };
+    using Style = CssInheritedStyle;
+    take(&Style::fontSize, &Style::families, &Style::lineHeight, &Style::letterSpacing,
+         &Style::wordSpacing, &Style::fontWeight, &Style::fontStyle, &Style::fontCaps,
+         &Style::textTransform);
+    if (style.color == block.color && style.autoColor == block.autoColor) {
+        style.color = line.color;
+        style.autoColor = line.autoColor;
+    }
+    style.decorations |= line.decorations;
+    return style;
+}
 } // namespace
 
 LinesReader::LinesReader(const HtmlTree& tree, const CssPageStyles& styles, const PageBoxes& boxes,
                          PageFonts& fonts, PageBoxId lines)
     : tree_(tree), styles_(styles), boxes_(boxes), fonts_(fonts), id_(lines), lines_(boxes[lines]),
-      generated_(tree, styles), writer_(fonts, *boxes[lines].text),
+      generated_(tree, styles, boxes.Counters()), writer_(fonts, *boxes[lines].text),
       nextBox_(boxes.FirstChild(lines)) {
     PageBoxId box = lines;
     while (boxes[box].node == noHtmlNode)
@@ -24,27 +43,66 @@ LinesReader::LinesReader(const HtmlTree& tree, const CssPageStyles& styles, cons
 }
 
 LinesText LinesReader::Read() {
+    ReadAll();
+    LinesText text{writer_.Finish(), std::move(places_)};
+    // The space before them may have gone with the end.
+    const auto end = TextPos(text.content->text.text.size());
+    for (LinesText::Place& place : text.boxes)
+        place.at = std::min(place.at, end);
+    return text;
+}
+
+std::shared_ptr<const InlineFirstLine> LinesReader::ReadFirstLine(CssStyle firstLine) {
+    firstLine_ = firstLine.inherited;
+    ReadAll();
+    const auto content = writer_.Finish();
+    auto line = std::make_shared<InlineFirstLine>();
+    line->text = std::move(content->text.text);
+    line->styles = std::move(content->text.runs);
+    line->runs = std::move(content->runs);
+    return line;
+}
+
+CssStyle LinesReader::FirstLineStyle() const {
+    if (lines_.continues || IsGenerated(lines_) || lines_.isFirstLetter) return {};
+    const bool isFirst = lines_.node != noHtmlNode || boxes_.FirstChild(lines_.parent) == id_;
+    return isFirst ? styles_.FirstLine(container_) : CssStyle{};
+}
+
+void LinesReader::ReadAll() {
     if (tree_.IsVisualOrder()) AddControls(leftToRightOverride);
     AddMarkerInside();
     if (lines_.first != noHtmlNode && lines_.first != container_ &&
         (lines_.first != lines_.behind || lines_.behindUnit > 0))
         OpenAround(lines_.first);
-    if (lines_.first == lines_.behind && lines_.behindUnit > 0) {
+    if (lines_.generatedPlace != GeneratedPlace::None) {
+        AddContent({lines_.text, lines_.style}, container_, lines_.generatedPlace,
+                   {.background = background_});
+    } else if (lines_.first == lines_.behind && lines_.behindUnit > 0) {
         AddUpTo(lines_.behind, lines_.firstUnit, lines_.behindUnit);
     } else if (lines_.first == container_) {
-        AddGenerated(styles_.Before(container_), container_);
+        AddGenerated(styles_.Before(container_), container_, GeneratedPlace::Before);
         const HtmlNodeId child = tree_[container_].firstChild;
-        if (child == noHtmlNode) AddGenerated(styles_.After(container_), container_);
+        if (child == noHtmlNode)
+            AddGenerated(styles_.After(container_), container_, GeneratedPlace::Behind);
         ReadFrom(child);
     } else if (lines_.first == lines_.behind) {
-        AddGenerated(styles_.After(container_), container_);
+        AddGenerated(styles_.After(container_), container_, GeneratedPlace::Behind);
     } else {
         ReadFrom(lines_.first);
     }
     while (!open_.empty())
         CloseDecoration(open_.back().element, false);
     if (tree_.IsVisualOrder()) AddControls(endOfOverride);
-    return {writer_.Finish(), std::move(places_)};
+}
+
+// What texts in an element have. In a block's first line they take from its style what they have
+// from the block itself.
+const CssInheritedStyle& LinesReader::StyleIn(HtmlNodeId element) {
+    const CssInheritedStyle& own = *styles_.Of(element).inherited;
+    return firstLine_
+               ? fonts_.Keep(InFirstLine(own, *styles_.Of(container_).inherited, *firstLine_))
+               : own;
 }
 
 // In document order, up to the node behind the lines.
@@ -71,8 +129,7 @@ void LinesReader::AddUpTo(HtmlNodeId text, std::size_t from, std::size_t end) {
 
 void LinesReader::AddUnits(HtmlNodeId text, std::size_t from, std::size_t end) {
     const HtmlNode& node = tree_[text];
-    const CssInheritedStyle& style =
-        lines_.isFirstLetter ? *lines_.text : *styles_.Of(node.parent).inherited;
+    const CssInheritedStyle& style = lines_.isFirstLetter ? *lines_.text : StyleIn(node.parent);
     writer_.SetNode(text);
     writer_.AddText(node.Text().substr(0, end), style, PlaceOf(node.parent), from);
     writer_.SetNode(noHtmlNode);
@@ -87,7 +144,7 @@ bool LinesReader::Enter(HtmlNodeId id) {
     }
     if (!node.IsElement() || IsNotShown(node)) return false;
     if (IsNotShown(*styles_.Of(id).box)) return false;
-    if (nextBox_ != noPageBox && boxes_[nextBox_].node == id && !boxes_[nextBox_].generated) {
+    if (nextBox_ != noPageBox && boxes_[nextBox_].node == id && !IsGenerated(boxes_[nextBox_])) {
         AddBox();
         return false;
     }
@@ -100,7 +157,7 @@ bool LinesReader::Enter(HtmlNodeId id) {
     if (!tree_.IsVisualOrder()) AddControls(OpeningControls(styles_.Of(id)));
     OpenDecoration(id, styles_.Of(id), true, PlaceOf(id));
     AddSide(*styles_.Of(id).box, cssLeft);
-    AddGenerated(styles_.Before(id), id);
+    AddGenerated(styles_.Before(id), id, GeneratedPlace::Before);
     return true;
 }
 
@@ -118,7 +175,7 @@ void LinesReader::AddClear(CssClear clear) {
 void LinesReader::Leave(HtmlNodeId element, HtmlNodeId next) {
     const HtmlNodeId around = next == noHtmlNode ? noHtmlNode : tree_[next].parent;
     for (; element != noHtmlNode && element != around; element = tree_[element].parent) {
-        AddGenerated(styles_.After(element), element);
+        AddGenerated(styles_.After(element), element, GeneratedPlace::Behind);
         if (element == container_) return;
         AddSide(*styles_.Of(element).box, cssRight);
         CloseDecoration(element, true);
@@ -131,9 +188,10 @@ void LinesReader::AddBox() {
     const bool inLine = !IsOutOfFlow(*box.style) && box.style->floats == CssFloat::None;
     places_.push_back({writer_.Length(), nextBox_, inLine});
     if (inLine) {
-        const HtmlNodeId around = box.generated ? box.node : tree_[box.node].parent;
-        const bool isFollowed = !box.generated && tree_[box.node].nextSibling != noHtmlNode;
-        writer_.AddObject(*lines_.text, box.generated ? noHtmlNode : box.node,
+        const bool isGenerated = IsGenerated(box);
+        const HtmlNodeId around = isGenerated ? box.node : tree_[box.node].parent;
+        const bool isFollowed = !isGenerated && tree_[box.node].nextSibling != noHtmlNode;
+        writer_.AddObject(*lines_.text, isGenerated ? noHtmlNode : box.node,
                           !writer_.WrapsIn(*styles_.Of(around).inherited), isFollowed);
     }
     nextBox_ = box.nextSibling;

@@ -12,8 +12,14 @@ class LinesReader {
                 PageFonts& fonts, PageBoxId lines);
 
     LinesText Read();
+    // The same with the styles that texts have in the block's first line.
+    std::shared_ptr<const InlineFirstLine> ReadFirstLine(CssStyle firstLine);
+    // Of the block that the lines begin; its `box` is null where no rule is of it.
+    CssStyle FirstLineStyle() const;
 
   private:
+    void ReadAll();
+    const CssInheritedStyle& StyleIn(HtmlNodeId element);
     void ReadFrom(HtmlNodeId id);
     void AddUpTo(HtmlNodeId text, std::size_t from, std::size_t end);
     void AddUnits(HtmlNodeId text, std::size_t from, std::size_t end);
@@ -28,7 +34,9 @@ class LinesReader {
     void CloseDecoration(HtmlNodeId element, bool ends);
     void AddBox();
     void AddMarkerInside();
-    void AddGenerated(CssStyle style, HtmlNodeId element);
+    void AddGenerated(CssStyle style, HtmlNodeId element, GeneratedPlace place);
+    void AddContent(CssStyle style, HtmlNodeId element, GeneratedPlace generatedPlace,
+                    const TextPlace& place);
     TextPlace PlaceOf(HtmlNodeId element);
     TextPlace PlaceWithin(HtmlNodeId element, CssStyle style);
     bool IsInline(HtmlNodeId element) const;
@@ -47,7 +55,8 @@ class LinesReader {
         std::size_t decoration = 0;      // of the content's
     };
     std::vector<OpenElement> open_;
-    HtmlNodeId container_ = noHtmlNode; // the element that the lines are in
-    Color background_ = 0;              // behind them
+    const CssInheritedStyle* firstLine_ = nullptr; // that is read
+    HtmlNodeId container_ = noHtmlNode;            // the element that the lines are in
+    Color background_ = 0;                         // behind them
     PageBoxId nextBox_ = noPageBox;
 };

@@ -2,6 +2,7 @@
 #include "view/page/lines_reader.h"
 #include "view/page/list_marker.h"
 #include "view/page/page_background.h"
+#include "view/page/page_box_builder.h"
 #include "view/page/page_weights.h"
 #include "view/page/text_raise.h"
 
@@ -38,17 +39,29 @@ void LinesReader::AddMarkerInside() {
 }
 
 // Before or behind what is in an element.
-void LinesReader::AddGenerated(CssStyle style, HtmlNodeId element) {
+void LinesReader::AddGenerated(CssStyle style, HtmlNodeId element, GeneratedPlace generatedPlace) {
     if (!style.box) return;
+    if (HasOwnBox(style)) {
+        const PageBox& box = boxes_[nextBox_];
+        if (box.node == element && box.generatedPlace == generatedPlace) AddBox();
+        return;
+    }
     const TextPlace place = PlaceWithin(element, style);
     OpenDecoration(noHtmlNode, style, true, place);
     AddSide(*style.box, cssLeft);
-    for (const CssContentItem& item : styles_.Content(style.box->content))
-        if (item.kind != CssContentItem::Kind::Picture)
-            writer_.AddText(generated_.Of(item, element).substr(0, maxGenerated), *style.inherited,
-                            place);
-        else if (nextBox_ != noPageBox && boxes_[nextBox_].generated == &item)
-            AddBox();
+    AddContent(style, element, generatedPlace, place);
     AddSide(*style.box, cssRight);
     CloseDecoration(noHtmlNode, true);
+}
+
+void LinesReader::AddContent(CssStyle style, HtmlNodeId element, GeneratedPlace generatedPlace,
+                             const TextPlace& place) {
+    for (const CssContentItem& item : styles_.Content(style.box->content)) {
+        const bool isNext = nextBox_ != noPageBox && boxes_[nextBox_].generated == &item;
+        if (item.kind != CssContentItem::Kind::Picture)
+            writer_.AddText(generated_.Of(item, element, generatedPlace).substr(0, maxGenerated),
+                            *style.inherited, place);
+        else if (isNext)
+            AddBox();
+    }
 }

@@ -57,12 +57,16 @@ std::u16string Number(CssListStyleType type, int number) {
 }
 } // namespace
 
-std::u16string ListMarker(CssListStyleType type, int number) {
+std::u16string CounterText(CssListStyleType type, int number) {
     switch (type) {
     case CssListStyleType::None: return u"";
     case CssListStyleType::Disc: return u"\u2022";
     case CssListStyleType::Circle: return u"\u25E6";
     case CssListStyleType::Square: return u"\u25AA";
-    default: return Number(type, number) + u".";
+    default: return Number(type, number);
     }
+}
+
+std::u16string ListMarker(CssListStyleType type, int number) {
+    return CounterText(type, number) + (type < CssListStyleType::Decimal ? u"" : u".");
 }

@@ -28,13 +28,19 @@ enum class PageBoxKind : std::uint8_t {
     Cell, // a block
 };
 
+// Where content that a style generates stands beside what is in its element.
+enum class GeneratedPlace : std::uint8_t { None, Before, Behind };
+
+class PageCounters;
+
 struct PageBox {
     PageBoxKind kind = PageBoxKind::Block;
-    bool hasText = false;            // of Lines: it has a line
-    bool hasFloats = false;          // of Lines
-    bool isFirstLetter = false;      // of Lines: they are a floating first letter of those around
-    bool isTooLong = false;          // to be laid out by itself
-    bool dropsQuirkyMargins = false; // a cell, or the page's body
+    bool hasText = false;       // of Lines: it has a line
+    bool hasFloats = false;     // of Lines
+    bool isFirstLetter = false; // of Lines: they are a floating first letter of those around
+    GeneratedPlace generatedPlace = GeneratedPlace::None; // a box of generated content
+    bool isTooLong = false;                               // to be laid out by itself
+    bool dropsQuirkyMargins = false;                      // a cell, or the page's body
     // Lines or a table that is too long are several, one behind the other: not the first of them;
     // of tables also not the last one.
     bool continues = false, isContinued = false;
@@ -57,6 +63,11 @@ struct PageBox {
 // nothing covers anything.
 inline bool IsOutOfFlow(const CssBoxStyle& style) {
     return style.position == CssPosition::Absolute;
+}
+
+// Not of the element itself, but of what stands before or behind what is in it.
+inline bool IsGenerated(const PageBox& box) {
+    return box.generated || box.generatedPlace != GeneratedPlace::None;
 }
 
 inline bool IsHidden(const PageBox& box) {
@@ -104,6 +115,7 @@ class PageBoxes {
     // The box whose background is that of all the canvas, and not its own: the root, or the page's
     // body where the root has none (CSS 2.1, 14.2).
     PageBoxId CanvasBox() const { return canvas_; }
+    const PageCounters& Counters() const { return *counters_; }
     CssColor CanvasBackground() const { return boxes_[canvas_].style->background; }
 
   private:
@@ -117,6 +129,7 @@ class PageBoxes {
     std::vector<PageBox> boxes_{1}; // the first stands for the window: around the root
     std::vector<PageBoxId> boxOfNode_;
     std::unordered_map<HtmlNodeId, PageFirstLetter> firstLetters_;
+    std::shared_ptr<const PageCounters> counters_;
     // Those that differ from their elements'.
     std::shared_ptr<CssPool<CssBoxStyle>> styles_ = std::make_shared<CssPool<CssBoxStyle>>();
 };

@@ -32,7 +32,22 @@ bool IsNotShown(const CssBoxStyle& style) {
             isPoint(style.height));
 }
 
+bool HasOwnBox(CssStyle generated) {
+    return generated.box && generated.box->display != CssDisplay::Inline &&
+           generated.box->display != CssDisplay::Contents;
+}
+
+bool IsInLines(const CssBoxStyle& style) {
+    return IsOutOfFlow(style) || style.floats != CssFloat::None ||
+           style.display == CssDisplay::InlineBlock || style.display == CssDisplay::InlineTable;
+}
+
 namespace {
+// A float without a width whose text lies behind what follows, such as a row of leaders.
+bool HangsOut(const CssBoxStyle& style) {
+    return style.floats != CssFloat::None && style.width == CssLength::Pixels(0);
+}
+
 // Boxes out of the flow, of a page: a book may have the numbers of its pages so. They may all be in
 // one place, and then are all laid out together.
 constexpr std::size_t maxPositioned = 10'000;
@@ -64,11 +79,9 @@ class PageBoxBuilder : private BlockBuilder {
         if (boxes_.Top().style->display == CssDisplay::ListItem)
             boxes_.Top().number = numbers_.Next(node);
         if (styles_.FirstLetter(node).box) lines_.ExpectFirstLetter(node);
-        lines_.AddGenerated(styles_.Before(node), node);
-        lines_.AddGeneratedPictures(styles_.Before(node), node);
+        BuildGenerated(node, styles_.Before(node), GeneratedPlace::Before, node);
         VisitChildren(node);
-        lines_.AddGenerated(styles_.After(node), behind);
-        lines_.AddGeneratedPictures(styles_.After(node), node);
+        BuildGenerated(node, styles_.After(node), GeneratedPlace::Behind, behind);
         lines_.Close(behind);
         if (styles_.FirstLetter(node).box) lines_.ForgetFirstLetter();
         boxes_.FoldLines();
@@ -131,19 +144,41 @@ class PageBoxBuilder : private BlockBuilder {
     }
 
     void VisitInline(HtmlNodeId id) {
+        const CssStyle before = styles_.Before(id), after = styles_.After(id);
+        if (HasOwnBox(before)) BuildGenerated(id, before, GeneratedPlace::Before, id);
         if (tree_[id].Is(HtmlName::Br))
             lines_.AddBreak(id);
         else
             lines_.AddInline(id);
-        lines_.AddGenerated(styles_.Before(id), id);
-        lines_.AddGenerated(styles_.After(id), id);
-        lines_.AddGeneratedPictures(styles_.Before(id), id);
+        if (!HasOwnBox(before)) lines_.AddGenerated(before, id);
+        if (!HasOwnBox(after)) lines_.AddGenerated(after, id);
+        if (!HasOwnBox(before)) lines_.AddGeneratedPictures(before, id);
         VisitChildren(id);
-        lines_.AddGeneratedPictures(styles_.After(id), id);
+        if (HasOwnBox(after))
+            BuildGenerated(id, after, GeneratedPlace::Behind, tree_.NextBehind(id));
+        else
+            lines_.AddGeneratedPictures(after, id);
+    }
+
+    // Before or behind what is in an element; in lines that would begin with the node `at`.
+    void BuildGenerated(HtmlNodeId id, CssStyle style, GeneratedPlace place, HtmlNodeId at) {
+        if (!HasOwnBox(style)) {
+            lines_.AddGenerated(style, at);
+            return lines_.AddGeneratedPictures(style, id);
+        }
+        if (IsNotShown(*style.box) || HangsOut(*style.box)) return;
+        const bool isInLines = IsInLines(*style.box);
+        if (isInLines)
+            lines_.AddBox(at, *style.box, 0);
+        else
+            lines_.Close(at);
+        boxes_.OpenGenerated(id, style, place);
+        lines_.AddGeneratedPictures(style, id);
+        boxes_.Close();
     }
 
     void BuildInLines(HtmlNodeId id, const CssBoxStyle& style) {
-        lines_.AddBox(id, weights_.Of(id));
+        lines_.AddBox(id, style, weights_.Of(id));
         const HtmlNodeId letterOf = lines_.FirstLetterOf();
         lines_.ForgetFirstLetter();
         BuildOwn(id, style);

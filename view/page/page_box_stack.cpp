@@ -2,6 +2,7 @@
 
 #include "formats/html/html_integer.h"
 #include "view/page/collapsed_borders.h"
+#include "view/page/page_counters.h"
 
 #include <algorithm>
 
@@ -16,6 +17,7 @@ const CssBoxStyle anonymousStyle = [] {
 PageBoxStack::PageBoxStack(const HtmlTree& tree, const CssPageStyles& styles,
                            const PageWeights& weights)
     : tree_(tree), styles_(styles), weights_(weights) {
+    boxes_.counters_ = std::make_shared<PageCounters>(tree, styles);
     boxes_.boxes_.reserve(tree.NodeCount() + tree.NodeCount() / 64 + 16);
     boxes_.boxOfNode_.assign(tree.NodeCount() + 1, noPageBox);
     boxes_.boxes_[noPageBox].text = styles_.Initial().inherited;
@@ -30,6 +32,20 @@ void PageBoxStack::Open(PageBoxKind kind, HtmlNodeId node) {
     box.isTooLong = node != noHtmlNode && weights_.IsTooLong(node);
     box.text = node == noHtmlNode ? Top().text : styles_.Of(node).inherited;
     if (node != noHtmlNode && !boxes_.boxOfNode_[node]) boxes_.boxOfNode_[node] = Next();
+    Push(box);
+}
+
+void PageBoxStack::OpenGenerated(HtmlNodeId node, CssStyle style, GeneratedPlace place) {
+    const CssContent& content = styles_.Content(style.box->content);
+    PageBox box;
+    box.hasText = std::any_of(content.begin(), content.end(), [](const CssContentItem& item) {
+        return item.kind != CssContentItem::Kind::Text || !item.text.empty();
+    });
+    box.kind = box.hasText ? PageBoxKind::Lines : PageBoxKind::Block;
+    box.generatedPlace = place;
+    box.node = node;
+    box.text = style.inherited;
+    box.style = style.box;
     Push(box);
 }
 
@@ -96,6 +112,7 @@ void PageBoxStack::FoldLines() {
     PageBox& block = Top();
     const PageBoxId only = TopId() + 1;
     if (block.kind != PageBoxKind::Block || Next() != only + 1) return;
+    if (block.style->innerLayout == CssInnerLayout::Flex) return; // whose items are boxes
     const PageBox& lines = boxes_[only];
     if (lines.kind != PageBoxKind::Lines || lines.node != noHtmlNode) return;
     block.kind = PageBoxKind::Lines;

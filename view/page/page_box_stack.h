@@ -22,6 +22,8 @@ class PageBoxStack : public PageNumbers {
 
     void Open(PageBoxKind kind, HtmlNodeId node);
     void Close();
+    // Of what stands before or behind what is in the node: lines, or an empty block.
+    void OpenGenerated(HtmlNodeId node, CssStyle style, GeneratedPlace place);
     // One that `content` puts beside what is in the node.
     void AddGeneratedPicture(HtmlNodeId node, CssStyle style, const CssContentItem& item);
     // `letter` is of the text; in lines of its own if its style floats.

@@ -54,7 +54,8 @@ std::optional<double> PageFonts::LineHeight(const CssInheritedStyle& style) cons
     case CssLength::Kind::Pixels: return style.lineHeight.value * scale_;
     case CssLength::Kind::Percent: return style.lineHeight.value / 100 * style.fontSize * scale_;
     case CssLength::Kind::Sum: // of a line height only its pixels are left
-    case CssLength::Kind::Auto: break;
+    case CssLength::Kind::Auto:
+    default: break;
     }
     return std::nullopt;
 }

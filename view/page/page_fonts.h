@@ -25,6 +25,10 @@ class PageFonts {
 
     // A style is one object for all elements that have it.
     StyleHandle Of(const CssInheritedStyle& style, const PageTextUse& use = {});
+    // One object for equal styles that no element has, as long as the fonts.
+    const CssInheritedStyle& Keep(const CssInheritedStyle& style) {
+        return *own_.Find(style).value;
+    }
     TextStyle StyleOf(const CssInheritedStyle& style, const PageTextUse& use = {});
     FontMetrics Metrics(const CssInheritedStyle& style) { return lines_.Metrics(*Of(style)); }
     // In device pixels; nothing for the font's own.
@@ -38,6 +42,7 @@ class PageFonts {
     LineLayout& lines_;
     const CssPageStyles& styles_;
     double scale_, dpi_;
+    CssPool<CssInheritedStyle> own_;
     std::map<std::uint32_t, std::u16string> families_; // of each list
     std::map<std::pair<const CssInheritedStyle*, PageTextUse>, StyleHandle> prepared_;
 };

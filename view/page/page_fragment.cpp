@@ -1,5 +1,7 @@
 #include "view/page/page_fragment.h"
 
+#include "common/find_text.h"
+
 #include <algorithm>
 
 namespace {
@@ -45,6 +47,17 @@ double LastBaseline(const PageFragment& fragment) {
     double baseline = -1;
     AddToBaseline(fragment, 0, baseline);
     return baseline;
+}
+
+bool HasWords(const PageFragment& fragment) {
+    const auto hasWord = [](const PlacedLines& lines) {
+        const std::u16string& text = lines.content->text.text;
+        return std::any_of(text.begin(), text.end(), IsWordUnit);
+    };
+    return !fragment.pictures.empty() ||
+           std::any_of(fragment.lines.begin(), fragment.lines.end(), hasWord) ||
+           std::any_of(fragment.parts.begin(), fragment.parts.end(),
+                       [](const PlacedPart& part) { return HasWords(*part.fragment); });
 }
 
 double VisibleBottom(const PageFragment& fragment) {

@@ -54,6 +54,8 @@ void MoveSince(const FragmentMark& mark, double x, double y, PageFragment& fragm
 double RightEdge(const PageFragment& fragment, double left = 0);
 
 // How far down anything of it can be seen: blank lines cannot.
+// Letters or digits, or a picture.
+bool HasWords(const PageFragment& fragment);
 double VisibleBottom(const PageFragment& fragment);
 
 // Of the last line, from the top; negative without a line.

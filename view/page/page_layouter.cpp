@@ -1,6 +1,7 @@
 #include "view/page/page_layouter.h"
 
 #include "view/page/block_flow.h"
+#include "view/page/flex_layout.h"
 #include "view/page/table_layout.h"
 
 #include <algorithm>
@@ -12,6 +13,16 @@ bool HasVisibleBox(const PageBox& box) {
     return !box.style->background.IsTransparent() ||
            std::any_of(borders.begin(), borders.end(), [](float width) { return width > 0; });
 }
+
+namespace {
+// A trick to make room below floats, in pages that were written for old browsers; what can be read
+// is shown all the same, as nothing here would open it.
+bool HidesItsContent(const CssBoxStyle& style) {
+    const CssLength none = CssLength::Pixels(0);
+    return style.overflow == CssOverflow::Hidden &&
+           (style.height == none || style.maxHeight == none);
+}
+} // namespace
 
 bool StandsAlone(const PageBox& box) {
     if (box.kind == PageBoxKind::Picture || box.kind == PageBoxKind::Table) return true;
@@ -37,11 +48,11 @@ double PageLayouter::ContentHeight(const PageBox& box, const PageFragment& conte
     // Nothing scrolls but the page as a whole, and nothing covers what follows: a height is the
     // least one for what can be seen. Books make room by more blank lines than the height has.
     const double height = given >= 0 ? given : measure_.LimitHeight(*box.style, natural);
-    const bool isWhole = given >= 0 || box.style->overflow != CssOverflow::Visible;
-    return isWhole && height < natural ? std::max(height, VisibleBottom(content)) : height;
+    return height < natural ? std::max(height, VisibleBottom(content)) : height;
 }
 
-PageFragmentPtr PageLayouter::LayOutBlock(PageBoxId id, double contentWidth, double containing) {
+PageFragmentPtr PageLayouter::LayOutBlock(PageBoxId id, double contentWidth, double containing,
+                                          std::optional<InlineEdges> positioned) {
     const PageBox& box = boxes_[id];
     const BoxInsets insets = measure_.Insets(*box.style, containing);
     const double left = measure_.InsetLeft(*box.style, containing);
@@ -49,11 +60,23 @@ PageFragmentPtr PageLayouter::LayOutBlock(PageBoxId id, double contentWidth, dou
     fragment->width = contentWidth + measure_.SideInsets(*box.style, containing);
     if (HasVisibleBox(box)) fragment->boxes.push_back({id, 0, 0, fragment->width, 0, false, false});
     auto content = std::make_shared<PageFragment>();
-    BlockFlow flow(*this, id, {0, contentWidth}, *content);
-    flow.LayOutContent();
-    flow.Finish();
+    if (positioned) positioned = {positioned->left - left, positioned->right - left};
+    double bottom = 0;
+    if (IsFlexContainer(box)) {
+        bottom = LayOutFlex(*this, id, contentWidth, positioned, *content);
+    } else {
+        BlockFlow flow(*this, id, {0, contentWidth}, *content, positioned);
+        flow.LayOutContent();
+        flow.Finish();
+        bottom = flow.Bottom();
+    }
     content->width = contentWidth;
-    content->height = ContentHeight(box, *content, flow.Bottom());
+    if (HidesItsContent(*box.style) && !HasWords(*content)) {
+        *content = {};
+        content->width = contentWidth;
+        bottom = 0;
+    }
+    content->height = ContentHeight(box, *content, bottom);
     fragment->height = insets.Top() + content->height + insets.Bottom();
     for (PlacedBox& placed : fragment->boxes)
         placed.height = fragment->height;
@@ -64,16 +87,37 @@ PageFragmentPtr PageLayouter::LayOutBlock(PageBoxId id, double contentWidth, dou
 PageFragmentPtr PageLayouter::LayOutShrunk(PageBoxId id, double containing) {
     const PageBox& box = boxes_[id];
     if (box.kind == PageBoxKind::Picture) return LayOutPicture(id, containing);
-    const double margins = measure_.SideMargins(*box.style, containing);
-    if (box.kind == PageBoxKind::Table) return LayOutTable(*this, id, containing - margins);
+    if (box.kind == PageBoxKind::Table) return LayOutTable(*this, id, containing);
     double width = measure_.GivenWidth(*box.style, containing);
     if (width < 0) {
-        const WidthExtent extent = ContentExtent(id);
-        const double room = containing - margins - measure_.SideInsets(*box.style, containing);
-        width = std::ceil(std::min(extent.max, std::max(extent.min, room)));
+        const double room = containing - measure_.SideMargins(*box.style, containing) -
+                            measure_.SideInsets(*box.style, containing);
+        width = WidthByContent(box.style->width, id, room);
         width = measure_.LimitWidth(*box.style, containing, width);
     }
     return LayOutBlock(id, width, containing);
+}
+
+// As wide as the content within the room, unless the style asks for all or for the least.
+double PageLayouter::WidthByContent(const CssLength& length, PageBoxId id, double room) {
+    const WidthExtent extent = ContentExtent(id);
+    if (length.kind == CssLength::Kind::MinContent) return std::ceil(extent.min);
+    if (length.kind == CssLength::Kind::MaxContent) return std::ceil(extent.max);
+    return std::ceil(std::min(extent.max, std::max(extent.min, room)));
+}
+
+BoxEdges PageLayouter::EdgesInFlow(PageBoxId id, PageBoxId around, InlineEdges room) {
+    const PageBox& box = boxes_[id];
+    const CssBoxStyle& style = *box.style;
+    const CssInheritedStyle& text = *boxes_[around].text;
+    const bool byWidth = style.width.IsOfContent(), byLimit = style.maxWidth.IsOfContent();
+    if ((!byWidth && !byLimit) || box.isTooLong) return measure_.InFlow(style, text, room);
+    const double free = room.Width() - measure_.SideMargins(style, room.Width()) -
+                        measure_.SideInsets(style, room.Width());
+    const double given = measure_.GivenWidth(style, room.Width());
+    double width = byWidth ? WidthByContent(style.width, id, free) : given >= 0 ? given : free;
+    if (byLimit) width = std::min(width, WidthByContent(style.maxWidth, id, free));
+    return measure_.OfWidth(style, text, room, measure_.LimitWidth(style, room.Width(), width));
 }
 
 std::vector<double>& PageLayouter::SharedColumns(HtmlNodeId table, double available) {

@@ -5,6 +5,7 @@
 #include "view/page/box_edges.h"
 #include "view/page/page_fragment.h"
 
+#include <optional>
 #include <unordered_map>
 
 // The text of a block of lines, and where in it its boxes stand.
@@ -55,26 +56,39 @@ class PageLayouter {
     // As wide as its content within that width, or as its style says.
     PageFragmentPtr LayOutShrunk(PageBoxId id, double containing);
     // With a content of this width.
-    PageFragmentPtr LayOutBlock(PageBoxId id, double contentWidth, double containing);
+    // Boxes out of the flow whose containing block is around this one stand between `positioned`,
+    // told from the left edge of the border; without it within the content.
+    PageFragmentPtr LayOutBlock(PageBoxId id, double contentWidth, double containing,
+                                std::optional<InlineEdges> positioned = {});
     PageFragmentPtr LayOutPicture(PageBoxId id, double containing);
     LinesContent ContentOf(PageBoxId lines, double containing);
+
+    // A block in the flow, also one whose width follows from its content. `around` is the box that
+    // it stands in, with this room.
+    BoxEdges EdgesInFlow(PageBoxId id, PageBoxId around, InlineEdges room);
 
     // The widths that the parts of a table have in common; empty when they are not known yet. Kept
     // for the last table and width alone.
     std::vector<double>& SharedColumns(HtmlNodeId table, double available);
 
+    // Of the content.
+    WidthExtent ContentExtent(PageBoxId id);
     // Of the margin box, of which percentages are nothing.
     WidthExtent ExtentOfBox(PageBoxId id);
 
   private:
-    WidthExtent ContentExtent(PageBoxId id);
     WidthExtent MeasureContent(PageBoxId id);
     WidthExtent LinesExtent(PageBoxId lines);
     double IndentOf(PageBoxId lines, double containing) const;
-    Size PictureContentSize(PageBoxId id, double containing);
+    Size PictureContentSize(PageBoxId id, const CssBoxStyle& style, double containing);
+    Size LimitPicture(const CssBoxStyle& style, double containing, double width,
+                      double height) const;
+    PlacedImage PlacedWithin(PageBoxId id, double left, double top, Size size);
+    WidthExtent PictureExtent(PageBoxId id);
     Size AlternativeSize(PageBoxId id, double containing, const InlineContent& alternative);
     void AddAlternative(PageBoxId id, double left, double top, Size size,
                         std::shared_ptr<const InlineContent> alternative, PageFragment& fragment);
+    double WidthByContent(const CssLength& length, PageBoxId id, double room);
     double ContentHeight(const PageBox& box, const PageFragment& content, double natural) const;
     double RaiseOf(const PageBox& box, const InlineContent& lines) const;
     PlacedPart PartOf(PageBoxId id, double containing); // at its place in its margins

@@ -1,5 +1,6 @@
 #include "view/page/page_layouter.h"
 
+#include "view/page/flex_layout.h"
 #include "view/page/table_layout.h"
 
 #include <algorithm>
@@ -15,7 +16,7 @@ WidthExtent PageLayouter::ExtentOfBox(PageBoxId id) {
     WidthExtent extent;
     const double given = measure_.GivenWidth(style, 0);
     if (boxes_[id].kind == PageBoxKind::Picture)
-        extent.min = extent.max = PictureContentSize(id, 0).width;
+        extent = PictureExtent(id);
     else if (style.width.kind == CssLength::Kind::Pixels && given >= 0 &&
              boxes_[id].kind != PageBoxKind::Cell) // whose table may be too narrow for it
         extent.min = extent.max = given;
@@ -23,6 +24,20 @@ WidthExtent PageLayouter::ExtentOfBox(PageBoxId id) {
         extent = ContentExtent(id);
     const double sides = measure_.SideInsets(style, 0) + measure_.SideMargins(style, 0);
     return {extent.min + sides, extent.max + sides};
+}
+
+// A percentage is of a width that is not known yet: such a picture asks for its own width, and may
+// become as narrow as needed.
+WidthExtent PageLayouter::PictureExtent(PageBoxId id) {
+    CssBoxStyle style = *boxes_[id].style;
+    const auto isShare = [](const CssLength& length) {
+        return length.kind == CssLength::Kind::Percent || length.kind == CssLength::Kind::Sum;
+    };
+    const bool isElastic = isShare(style.width) || isShare(style.maxWidth);
+    for (CssLength* length : {&style.width, &style.minWidth, &style.maxWidth})
+        if (isShare(*length)) *length = {};
+    const double width = PictureContentSize(id, style, 0).width;
+    return {isElastic ? 0 : width, width};
 }
 
 WidthExtent PageLayouter::ContentExtent(PageBoxId id) {
@@ -37,6 +52,7 @@ WidthExtent PageLayouter::MeasureContent(PageBoxId id) {
     const PageBox& box = boxes_[id];
     if (box.kind == PageBoxKind::Lines) return LinesExtent(id);
     if (box.kind == PageBoxKind::Table) return TableExtentOf(*this, id);
+    if (IsFlexContainer(box)) return FlexExtentOf(*this, id);
     WidthExtent widest;
     for (PageBoxId child = boxes_.FirstChild(id); child != noPageBox;
          child = boxes_[child].nextSibling) {

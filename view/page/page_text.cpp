@@ -7,7 +7,15 @@
 #include "view/page/page_background.h"
 
 LinesText PageText::TextOf(PageBoxId lines) {
-    return LinesReader(tree_, styles_, boxes_, fonts_, lines).Read();
+    LinesReader reader(tree_, styles_, boxes_, fonts_, lines);
+    LinesText text = reader.Read();
+    const CssStyle style = reader.FirstLineStyle();
+    if (!style.box) return text;
+    LinesReader first(tree_, styles_, boxes_, fonts_, lines);
+    text.content->firstLine = first.ReadFirstLine(style);
+    if (text.content->firstLine->text.size() != text.content->text.text.size())
+        text.content->firstLine = nullptr;
+    return text;
 }
 
 Size PageText::PictureSize(PageBoxId picture) {

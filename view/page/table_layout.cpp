@@ -29,9 +29,11 @@ class TableLayouter {
         return ExtentOf(widths);
     }
 
-    PageFragmentPtr LayOut(double room) {
+    PageFragmentPtr LayOut(double containing) {
         auto fragment = std::make_shared<PageFragment>();
-        const double insets = measure_.SideInsets(*table_.style, room);
+        const double insets = measure_.SideInsets(*table_.style, containing);
+        const double room = containing - measure_.SideMargins(*table_.style, containing);
+        containing_ = containing;
         PlaceColumns(table_.isTooLong ? SharedWidths(room - insets)
                                       : ColumnWidths(Widths(room - insets)));
         fragment->width = insets + (grid_.columns == 0 ? 0 : lefts_.back());
@@ -46,9 +48,10 @@ class TableLayouter {
         TableWidths widths;
         widths.columns = grid_.columns;
         widths.spacing = spacingX_;
-        widths.available = available;
+        widths.available =
+            std::min(available, measure_.LimitWidth(*table_.style, containing_, available));
         const CssLength& width = table_.style->width;
-        const double given = measure_.GivenWidth(*table_.style, available);
+        const double given = measure_.GivenWidth(*table_.style, containing_);
         if (given >= 0 && (available > 0 || width.kind == CssLength::Kind::Pixels))
             widths.fixed = given;
         for (const GridCell& column : grid_.columnBoxes)
@@ -97,7 +100,9 @@ class TableLayouter {
         const std::size_t looked = std::min(parts.size(), measuredParts);
         for (std::size_t i = 0; i < looked; ++i) {
             const std::size_t part = looked == 1 ? 0 : i * (parts.size() - 1) / (looked - 1);
-            TableWidths widths = TableLayouter(layouter_, parts[part]).Widths(available);
+            TableLayouter one(layouter_, parts[part]);
+            one.containing_ = containing_;
+            TableWidths widths = one.Widths(available);
             widths.columns = std::max(widths.columns, all.columns);
             widths.cells.insert(widths.cells.end(), all.cells.begin(), all.cells.end());
             all = std::move(widths);
@@ -259,13 +264,14 @@ class TableLayouter {
     const PageBox& table_;
     const PageBoxId id_;
     const TableGrid grid_;
+    double containing_ = 0; // the width that percentages are of; 0 while it is not known
     double spacingX_ = 0, spacingY_ = 0;
     std::vector<double> lefts_; // of each column, and behind the last
 };
 } // namespace
 
-PageFragmentPtr LayOutTable(PageLayouter& layouter, PageBoxId table, double room) {
-    return TableLayouter(layouter, table).LayOut(room);
+PageFragmentPtr LayOutTable(PageLayouter& layouter, PageBoxId table, double containing) {
+    return TableLayouter(layouter, table).LayOut(containing);
 }
 
 WidthExtent TableExtentOf(PageLayouter& layouter, PageBoxId table) {

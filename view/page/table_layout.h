@@ -3,7 +3,8 @@
 
 #include "view/page/page_layouter.h"
 
-// With its captions and without its margins; at most as wide as the room, unless its words are.
-PageFragmentPtr LayOutTable(PageLayouter& layouter, PageBoxId table, double room);
+// With its captions and without its margins; at most as wide as `containing` leaves room, unless
+// its words are.
+PageFragmentPtr LayOutTable(PageLayouter& layouter, PageBoxId table, double containing);
 // Of its content, without its borders.
 WidthExtent TableExtentOf(PageLayouter& layouter, PageBoxId table);

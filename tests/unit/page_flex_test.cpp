@@ -1,0 +1,98 @@
+// Items of flex containers: how wide they are, and where they stand.
+#include "tests/unit/page_sample.h"
+#include "view/page/flex_sizes.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+std::string Lines(const std::u16string& body, double width = 400) {
+    return PageSample(u"<style>p{margin:0}.f{display:flex}</style>" + body).Lines(width);
+}
+
+FlexSize Item(double basis, double min, double grow = 0, double shrink = 1) {
+    return {basis, min, 1e9, grow, shrink * basis};
+}
+
+std::string Places(const std::vector<FlexSize>& items, double width, double gap = 0,
+                   CssJustifyContent justify = CssJustifyContent::Start) {
+    std::string text;
+    for (const FlexPlace& place : FlexPlaces(items, width, gap, justify))
+        text += std::to_string(int(place.left)) + "+" + std::to_string(int(place.width)) + " ";
+    return text;
+}
+} // namespace
+
+TEST_CASE("flex: room that is left goes to those that grow, or between items") {
+    CHECK(Places({Item(50, 0), Item(50, 0)}, 200) == "0+50 50+50 ");
+    CHECK(Places({Item(50, 0, 1), Item(50, 0, 3)}, 200) == "0+75 75+125 ");
+    CHECK(Places({Item(50, 0, 0.5), Item(50, 0)}, 200) == "0+100 100+50 ");
+    CHECK(Places({Item(50, 0), Item(50, 0)}, 200, 10, CssJustifyContent::End) == "90+50 150+50 ");
+    CHECK(Places({Item(50, 0)}, 200, 0, CssJustifyContent::Center) == "75+50 ");
+    CHECK(Places({Item(50, 0), Item(50, 0)}, 200, 0, CssJustifyContent::SpaceBetween) ==
+          "0+50 150+50 ");
+    CHECK(Places({Item(50, 0), Item(50, 0)}, 200, 0, CssJustifyContent::SpaceAround) ==
+          "25+50 125+50 ");
+    FlexSize pushed = Item(50, 0);
+    pushed.autoLeft = true;
+    CHECK(Places({Item(50, 0), pushed}, 200) == "0+50 150+50 ");
+}
+
+TEST_CASE("flex: items become narrower by their widths, down to their words") {
+    CHECK(Places({Item(200, 0), Item(100, 0)}, 150) == "0+100 100+50 ");
+    CHECK(Places({Item(200, 180), Item(100, 0)}, 240) == "0+180 180+60 ");
+    CHECK(Places({Item(200, 0, 0, 0), Item(100, 0)}, 240) == "0+200 200+40 ");
+}
+
+TEST_CASE("flex: items stand beside each other") {
+    CHECK(Lines(u"<div class=f><p>one<p>two</div>three") == "0,0 one|24,0 two|0,16 three");
+    CHECK(Lines(u"<div class=f style='gap:10px'><p>one<p>two</div>") == "0,0 one|34,0 two");
+    CHECK(Lines(u"<div class=f><p style='flex:1'>one<p style='flex:1'>two</div>") ==
+          "0,0 one|200,0 two");
+    CHECK(Lines(u"<div class=f><p style='width:100px'>one<p>two</div>") == "0,0 one|100,0 two");
+    CHECK(Lines(u"<div class=f><p>one<p style='margin-left:auto'>two</div>") ==
+          "0,0 one|376,0 two");
+    CHECK(Lines(u"<div class=f style='flex-direction:row-reverse'><p>one<p>two</div>") ==
+          "0,0 two|24,0 one");
+}
+
+TEST_CASE("flex: text, and elements that would be in lines, are items") {
+    CHECK(Lines(u"<div class=f>one <b>two</b> <i>three</i></div>") ==
+          "0,0 one|24,0 two|48,0 three");
+    CHECK(Lines(u"<div class=f style='justify-content:center'>one</div>") == "188,0 one");
+    CHECK(Lines(u"<div class=f><p style='float:right'>one<p>two</div>") == "0,0 one|24,0 two");
+}
+
+TEST_CASE("flex: a poem is in the middle, as wide as its longest verse") {
+    CHECK(Lines(u"<div class=f style='justify-content:center'><div><p>one<p>three</div></div>") ==
+          "180,0 one|180,16 three");
+}
+
+TEST_CASE("flex: items that do not fit beside each other stand below each other") {
+    const std::u16string items = u"<p>oneword<p>another</div>x";
+    CHECK(Lines(u"<div class=f>" + items, 100) == "0,0 oneword|0,16 another|0,32 x");
+    CHECK(Lines(u"<div class=f style='flex-wrap:wrap;row-gap:4px'>" + items, 100) ==
+          "0,0 oneword|0,20 another|0,36 x");
+    CHECK(Lines(u"<div class=f><p>one two<p>three</div>", 72) == "0,0 one|0,16 two|32,0 three");
+}
+
+TEST_CASE("flex: a column") {
+    const std::u16string column = u"<div class=f style='flex-direction:column;";
+    CHECK(Lines(column + u"'><p>one<p>two</div>") == "0,0 one|0,16 two");
+    CHECK(Lines(column + u"align-items:center'><p>one<p>three</div>") == "188,0 one|180,16 three");
+    CHECK(Lines(column + u"height:64px;justify-content:center'><p>one<p>two</div>x") ==
+          "0,16 one|0,32 two|0,64 x");
+}
+
+TEST_CASE("flex: items stand in their row as they are told") {
+    const std::u16string items = u"<p>one<p>a<br>b</div>";
+    CHECK(Lines(u"<div class=f style='align-items:center'>" + items) == "0,8 one|24,0 a/|24,16 b");
+    CHECK(Lines(u"<div class=f style='align-items:flex-end'>" + items) ==
+          "0,16 one|24,0 a/|24,16 b");
+    CHECK(Lines(u"<div class=f style='min-height:48px;align-items:center'><p>one</div>x") ==
+          "0,16 one|0,48 x");
+}
+
+TEST_CASE("flex: a number of a line goes by the page around the container") {
+    CHECK(Lines(u"<div class=f style='justify-content:center'><p>one<span style='position:absolute;"
+                u"right:10%'>5</span></div>") == "188,0 one|352,0 5");
+}

@@ -1,0 +1,228 @@
+#include "view/page/flex_layout.h"
+
+#include "view/page/flex_sizes.h"
+#include "view/page/table_layout.h"
+
+#include <algorithm>
+
+namespace {
+bool IsColumn(const CssBoxStyle& style) {
+    return style.flexDirection >= CssFlexDirection::Column;
+}
+
+class FlexLayouter {
+  public:
+    FlexLayouter(PageLayouter& layouter, PageBoxId container, double width,
+                 std::optional<InlineEdges> positioned, PageFragment& result)
+        : layouter_(layouter), measure_(layouter.Measure()), container_(container),
+          style_(*layouter.Box(container).style), width_(width), positioned_(positioned),
+          result_(result) {}
+
+    double Run() {
+        std::vector<Item> items = Items();
+        if (IsColumn(style_)) return LayOutColumn(items);
+        const double gap = style_.columnGap * measure_.Scale();
+        const bool wraps = style_.flexWrap != CssFlexWrap::NoWrap;
+        double top = 0;
+        for (const FlexSpan span : FlexLines(Sizes(items), width_, gap, wraps)) {
+            if (top > 0) top += style_.rowGap * measure_.Scale();
+            const bool isOnly = span.end - span.start == items.size();
+            top += LayOutRow({items.begin() + long(span.start), items.begin() + long(span.end)},
+                             top, isOnly ? GivenHeight() : 0);
+        }
+        return top;
+    }
+
+  private:
+    struct Item {
+        PageBoxId id = noPageBox;
+        FlexSize size; // of the margin box
+        double sides = 0;
+        PageFragmentPtr fragment;
+    };
+
+    std::vector<Item> Items() {
+        std::vector<Item> items;
+        for (PageBoxId id = layouter_.Boxes().FirstChild(container_); id != noPageBox;
+             id = layouter_.Box(id).nextSibling)
+            items.push_back(ItemOf(id));
+        const bool reversed = style_.flexDirection == CssFlexDirection::RowReverse;
+        if (reversed) std::reverse(items.begin(), items.end());
+        return items;
+    }
+
+    Item ItemOf(PageBoxId id) {
+        const CssBoxStyle& style = *layouter_.Box(id).style;
+        Item item;
+        item.id = id;
+        const double insets = measure_.SideInsets(style, width_);
+        item.sides = measure_.SideMargins(style, width_) + insets;
+        if (IsColumn(style_)) return item;
+        const WidthExtent extent = Extent(id);
+        const double given = measure_.GivenWidth(style, width_);
+        double basis = given >= 0 ? given : extent.max;
+        if (!style.flexBasis.IsAuto() && !style.flexBasis.IsOfContent())
+            basis = std::max(0.0, measure_.Length(style.flexBasis, width_) -
+                                      (style.boxSizing == CssBoxSizing::BorderBox ? insets : 0));
+        const double min = given >= 0 ? std::min(given, extent.min) : extent.min;
+        item.size.min = measure_.LimitWidth(style, width_, min) + item.sides;
+        item.size.max = measure_.LimitWidth(style, width_, 1e9) + item.sides;
+        item.size.basis = basis + item.sides;
+        item.size.grow = style.flexGrow;
+        item.size.shrink = style.flexShrink * basis;
+        item.size.autoLeft = style.margin[cssLeft].IsAuto();
+        item.size.autoRight = style.margin[cssRight].IsAuto();
+        return item;
+    }
+
+    // Of the content.
+    WidthExtent Extent(PageBoxId id) {
+        if (layouter_.Box(id).kind != PageBoxKind::Picture) return layouter_.ContentExtent(id);
+        const CssBoxStyle& style = *layouter_.Box(id).style;
+        const double width = layouter_.LayOutPicture(id, width_)->width;
+        return {width - measure_.SideInsets(style, width_),
+                width - measure_.SideInsets(style, width_)};
+    }
+
+    static std::vector<FlexSize> Sizes(const std::vector<Item>& items) {
+        std::vector<FlexSize> sizes;
+        for (const Item& item : items)
+            sizes.push_back(item.size);
+        return sizes;
+    }
+
+    double GivenHeight() const {
+        const double given = measure_.GivenHeight(style_);
+        return given >= 0 ? given : measure_.LimitHeight(style_, 0);
+    }
+
+    // Answers the height.
+    double LayOutRow(std::vector<Item> items, double top, double leastHeight) {
+        const double gap = style_.columnGap * measure_.Scale();
+        const std::vector<FlexPlace> places =
+            FlexPlaces(Sizes(items), width_, gap, style_.justifyContent);
+        double height = leastHeight;
+        for (std::size_t i = 0; i < items.size(); ++i) {
+            LayOutItem(items[i], places[i].left, places[i].width);
+            height = std::max(height, OuterHeight(items[i]));
+        }
+        for (std::size_t i = 0; i < items.size(); ++i)
+            Place(items[i], places[i].left, top, height - OuterHeight(items[i]));
+        return height;
+    }
+
+    void LayOutItem(Item& item, double left, double width) {
+        const PageBox& box = layouter_.Box(item.id);
+        if (box.kind == PageBoxKind::Picture) {
+            item.fragment = layouter_.LayOutPicture(item.id, width_);
+        } else if (box.kind == PageBoxKind::Table) {
+            item.fragment = LayOutTable(layouter_, item.id, width);
+        } else {
+            item.fragment = layouter_.LayOutBlock(item.id, std::max(0.0, width - item.sides),
+                                                  width_, PositionedFrom(box, left));
+        }
+    }
+
+    std::optional<InlineEdges> PositionedFrom(const PageBox& box, double left) const {
+        left += measure_.Margin(*box.style, cssLeft, width_);
+        if (style_.position != CssPosition::Static) return InlineEdges{-left, width_ - left};
+        if (!positioned_) return {};
+        return InlineEdges{positioned_->left - left, positioned_->right - left};
+    }
+
+    double OuterHeight(const Item& item) const {
+        const CssBoxStyle& style = *layouter_.Box(item.id).style;
+        return measure_.Margin(style, cssTop, width_) + item.fragment->height +
+               measure_.Margin(style, cssBottom, width_);
+    }
+
+    // `free`: of the height of its row.
+    void Place(Item& item, double left, double top, double free) {
+        const PageBox& box = layouter_.Box(item.id);
+        if (style_.alignItems == CssAlignItems::Center)
+            top += free / 2;
+        else if (style_.alignItems == CssAlignItems::End)
+            top += free;
+        const auto shift =
+            measure_.RelativeShift(*box.style, *layouter_.Box(container_).text, width_);
+        result_.parts.push_back({left + measure_.Margin(*box.style, cssLeft, width_) + shift.x,
+                                 top + measure_.Margin(*box.style, cssTop, width_) + shift.y,
+                                 std::move(item.fragment)});
+    }
+
+    // Those that are not stretched are as wide as their content.
+    double LayOutColumn(std::vector<Item>& items) {
+        std::vector<double> lefts;
+        double height =
+            style_.rowGap * measure_.Scale() * double(items.empty() ? 0 : items.size() - 1);
+        for (Item& item : items) {
+            lefts.push_back(LayOutInColumn(item));
+            height += OuterHeight(item);
+        }
+        const double free = std::max(0.0, GivenHeight() - height);
+        double top = style_.justifyContent == CssJustifyContent::Center ? free / 2
+                     : style_.justifyContent == CssJustifyContent::End  ? free
+                                                                        : 0;
+        const double first = top;
+        for (std::size_t i = 0; i < items.size(); ++i) {
+            const double outer = OuterHeight(items[i]);
+            Place(items[i], lefts[i], top, 0);
+            top += outer + style_.rowGap * measure_.Scale();
+        }
+        return std::max(first + height, GivenHeight());
+    }
+
+    // Answers the left edge of its margin box.
+    double LayOutInColumn(Item& item) {
+        const PageBox& box = layouter_.Box(item.id);
+        const BoxEdges edges = layouter_.EdgesInFlow(item.id, container_, {0, width_});
+        const bool isStretched =
+            style_.alignItems == CssAlignItems::Stretch && box.kind != PageBoxKind::Picture &&
+            box.kind != PageBoxKind::Table && !box.style->margin[cssLeft].IsAuto() &&
+            !box.style->margin[cssRight].IsAuto();
+        if (isStretched) {
+            LayOutItem(item, 0, edges.content.Width() + item.sides);
+            return edges.border.left - edges.marginLeft;
+        }
+        item.fragment = layouter_.LayOutShrunk(item.id, width_);
+        const double free =
+            width_ - item.fragment->width - measure_.SideMargins(*box.style, width_);
+        const bool left = box.style->margin[cssLeft].IsAuto(),
+                   right = box.style->margin[cssRight].IsAuto();
+        if (left || right) return std::max(0.0, left && right ? free / 2 : left ? free : 0);
+        if (style_.alignItems == CssAlignItems::Center) return std::max(0.0, free / 2);
+        return style_.alignItems == CssAlignItems::End ? std::max(0.0, free) : 0;
+    }
+
+    PageLayouter& layouter_;
+    const BoxMeasure& measure_;
+    const PageBoxId container_;
+    const CssBoxStyle& style_;
+    const double width_;
+    const std::optional<InlineEdges> positioned_;
+    PageFragment& result_;
+};
+} // namespace
+
+bool IsFlexContainer(const PageBox& box) {
+    return box.style->innerLayout == CssInnerLayout::Flex && box.kind == PageBoxKind::Block;
+}
+
+double LayOutFlex(PageLayouter& layouter, PageBoxId container, double width,
+                  std::optional<InlineEdges> positioned, PageFragment& result) {
+    return FlexLayouter(layouter, container, width, positioned, result).Run();
+}
+
+WidthExtent FlexExtentOf(PageLayouter& layouter, PageBoxId container) {
+    const CssBoxStyle& style = *layouter.Box(container).style;
+    const double gap = style.columnGap * layouter.Measure().Scale();
+    WidthExtent whole;
+    for (PageBoxId id = layouter.Boxes().FirstChild(container); id != noPageBox;
+         id = layouter.Box(id).nextSibling) {
+        const WidthExtent extent = layouter.ExtentOfBox(id);
+        whole.min = std::max(whole.min, extent.min); // they may stand below each other
+        whole.max = IsColumn(style) ? std::max(whole.max, extent.max)
+                                    : whole.max + extent.max + (whole.max > 0 ? gap : 0);
+    }
+    return whole;
+}

@@ -1,0 +1,14 @@
+// Lays out the items of a flex container beside each other, or one below the other (CSS Flexible
+// Box Layout 1). Nothing is cut or covered: items that do not fit beside each other even as narrow
+// as they can be stand one below the other.
+#pragma once
+
+#include "view/page/page_layouter.h"
+
+bool IsFlexContainer(const PageBox& box);
+
+// With a content of this width; the items are added to `result`. Answers the content's height.
+double LayOutFlex(PageLayouter& layouter, PageBoxId container, double width,
+                  std::optional<InlineEdges> positioned, PageFragment& result);
+// Of its content.
+WidthExtent FlexExtentOf(PageLayouter& layouter, PageBoxId container);
