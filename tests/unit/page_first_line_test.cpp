@@ -47,5 +47,5 @@ TEST_CASE("first line: only the first of a block") {
     CHECK(Lines(u"letter-spacing:8px", u"<p>one two<br>one two<p>one two") ==
           "0,0 one|0,16 two/|0,32 one two|0,48 one|0,64 two");
     CHECK(Lines(u"letter-spacing:8px", u"<p>one two <img style='float:left'>three") ==
-          "0,0 one|1,16 two three");
+          "0,0 one|24,16 two|24,32 three");
 }

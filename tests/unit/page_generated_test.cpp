@@ -63,7 +63,7 @@ TEST_CASE("generated: a block of its own stands above or below") {
           "0,0 top|0,16 one|376,32 end|0,48 two");
     CHECK(Lines(block + u"<div class=t></div>two") == "0,0 top|376,16 end|0,32 two");
     CHECK(Lines(block + u"a <b class=t>one</b> two") ==
-          "0,0 a|0,16 top|0,32 one|0,48 end|0,64 two");
+          "0,0 a|0,16 top|0,32 one|376,48 end|0,64 two");
     CHECK(Lines(block + u"<div class=r>one</div>two") == "0,0 one|0,26 two");
 }
 
@@ -72,9 +72,9 @@ TEST_CASE("generated: floats, and blocks in lines") {
         u"<style>.f::before{content:'1';float:right}.i::after{content:'2';display:inline-block;"
         u"width:80px;text-align:right}.d::before{content:'. . . .';float:left;width:0;"
         u"white-space:nowrap}</style>";
-    CHECK(Lines(sheets + u"<div class=f>one</div>two") == "0,0 one|392,0 1|0,16 two");
-    CHECK(Lines(sheets + u"<div class=i>one</div>two") == "72,0 2|0,0 one#|0,16 two");
-    CHECK(Lines(sheets + u"<div class=f><b>one</b></div>two") == "0,0 one|392,0 1|0,16 two");
+    CHECK(Lines(sheets + u"<div class=f>one</div>two") == "0,0 one|0,16 two|392,0 1");
+    CHECK(Lines(sheets + u"<div class=i>one</div>two") == "0,0 one#|96,0 2|0,16 two");
+    CHECK(Lines(sheets + u"<div class=f><b>one</b></div>two") == "0,0 one|0,16 two|392,0 1");
     CHECK(Lines(sheets + u"<div class=d>one</div>two") == "0,0 one|0,16 two"); // leaders
 }
 

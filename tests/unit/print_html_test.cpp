@@ -275,7 +275,7 @@ TEST_CASE("print html: sheets begin and end where styles say so") {
 }
 
 TEST_CASE("print html: rules for paper apply, and none for screens") {
-    Job job("<p class=s>screen<p class=p>paper");
+    Job job("<p class=s>screen<p class=p>paper<p>and what stands on both of them");
     job.sheets = {u"@media print{.s{display:none}}@media screen{.p{display:none}}"};
     REQUIRE(job.Print() == PrintEnd::Done);
     CHECK(SheetOf(job, u"screen") == -1);
