@@ -281,6 +281,27 @@ TEST_CASE("line layout: justified lines fill the width, all but the last") {
     });
 }
 
+// Also where the next word would fit but for a part of a pixel.
+TEST_CASE("line layout: justified lines are not left short at any width") {
+    OnEachLineLayout([](LineLayout& layout) {
+        TextStyle style = LineStyle();
+        style.font.exactSize = true;
+        const std::u16string text =
+            u"some words in a row of several words that fill more lines than one, and go on";
+        const int all = int(TextWidth(layout, text, style));
+        for (int width = all / 4; width < all - 1; ++width) {
+            ParagraphText paragraph = LineParagraph(layout, text, width);
+            paragraph.runs[0].style = layout.Prepare(style);
+            paragraph.justified = true;
+            const auto lines = layout.BreakLines(paragraph);
+            CAPTURE(width);
+            REQUIRE(lines->Line(0).justified);
+            const TextPos end = lines->Line(0).end; // behind a space
+            CHECK(lines->CharacterExtent(0, end - 2).right > width - 4 * pixel);
+        }
+    });
+}
+
 TEST_CASE("line layout: a line without spaces, with a tab or before a break is not justified") {
     OnEachLineLayout([](LineLayout& layout) {
         for (const char16_t* text :

@@ -158,7 +158,11 @@ void BreakByAdvances(const ParagraphText& paragraph, const QTextLayout& text, QT
         if (advance <= (IsUnbroken(text.text(), line) ? width : room)) break;
         line.setLineWidth(i + 1 < maxWords ? std::max(1.0, advance - 1.0 / 32) : width);
     }
-    if (!ChangeWidth(line, width)) ChangeWidth(line, line.naturalTextWidth());
+    // The next word may fit into the whole width by Qt's own count; a line that is a little
+    // narrower is stretched all the same.
+    for (const double less : {0.0, width - room, 1.0, 2.0, 3.0})
+        if (ChangeWidth(line, width - less)) return;
+    ChangeWidth(line, line.naturalTextWidth());
 }
 
 // Breaks the line; returns whether it is stretched.
