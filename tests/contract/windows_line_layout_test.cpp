@@ -1,8 +1,8 @@
 // What only the line layout of Windows has: GDI's pixels, and the system's other fonts.
 #include "platform/windows/line_layout/installed_families.h"
-#include "platform/windows/line_layout/win_canvas.h"
 #include "platform/windows/line_layout/win_line_layout.h"
 #include "tests/contract/line_layout_contract.h"
+#include "tests/contract/windows_memory_picture.h"
 
 #include <algorithm>
 #include <functional>
@@ -13,28 +13,9 @@ constexpr Color white = 0xFFFFFF, black = 0, red = 0x0000FF, blue = 0xFF0000, ye
 constexpr int pictureWidth = 400, pictureHeight = 80, left = 40, baseline = 50; // pixels
 constexpr Rect whole = {0, 0, pictureWidth, pictureHeight};
 
-// A picture of 32 bits in memory, white at first.
-class Picture {
+class Picture : public MemoryPicture {
   public:
-    Picture() : context_(CreateCompatibleDC(nullptr)), canvas_(context_) {
-        BITMAPINFO info = {};
-        info.bmiHeader = {
-            sizeof info.bmiHeader, pictureWidth, -pictureHeight, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-        bitmap_ = CreateDIBSection(context_, &info, DIB_RGB_COLORS, &bits_, nullptr, 0);
-        original_ = SelectObject(context_, bitmap_);
-        canvas_.FillRect(whole, white);
-    }
-    ~Picture() {
-        SelectObject(context_, original_);
-        DeleteObject(bitmap_);
-        DeleteDC(context_);
-    }
-    WinCanvas& Canvas() { return canvas_; }
-    Color At(int x, int y) const {
-        GdiFlush();
-        const auto pixel = static_cast<const DWORD*>(bits_)[y * pictureWidth + x] & 0xFFFFFF;
-        return (pixel & 0xFF) << 16 | (pixel & 0xFF00) | pixel >> 16; // RGB in memory
-    }
+    Picture() : MemoryPicture({pictureWidth, pictureHeight}) {}
     int Count(const Rect& area, const std::function<bool(Color)>& wanted) const {
         int count = 0;
         for (int y = area.top; y < area.top + area.height; ++y)
@@ -48,13 +29,6 @@ class Picture {
     int Painted(const Rect& area) const {
         return Count(area, [](Color each) { return each != white; });
     }
-
-  private:
-    HDC context_;
-    WinCanvas canvas_;
-    void* bits_ = nullptr;
-    HBITMAP bitmap_ = nullptr;
-    HGDIOBJ original_ = nullptr;
 };
 
 LinePaint InBlack(Rect clip = whole) {

@@ -53,10 +53,12 @@ class PaneBench : public PaneTextView {
   public:
     static constexpr int letter = 8, lineHeight = 17;
 
-    explicit PaneBench(int width = 400, int height = 170) {
+    explicit PaneBench(int width = 400, int height = 170) : pane_(window, lines, pictures) {
         window.room = {width, height};
         SetFont({u"Fixed", 12, 0});
     }
+    // On another line layout, which must outlive this object, in its own font.
+    explicit PaneBench(LineLayout& system) : pane_(window, system, pictures) {}
     TextPane& Pane() const override { return pane_; }
     int TextWidth() { return window.room.width - 2 * Margin(); }
     int Margin() { return std::max(6, window.room.width / 40); }
@@ -98,5 +100,5 @@ class PaneBench : public PaneTextView {
     NoPictures pictures;
 
   private:
-    mutable TextPane pane_{window, lines, pictures};
+    mutable TextPane pane_;
 };

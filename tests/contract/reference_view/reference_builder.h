@@ -1,7 +1,7 @@
 // Lays out the whole text, from its start to its end.
 #pragma once
 
-#include "tests/contract/qt/reference_view/reference_paragraph.h"
+#include "tests/contract/reference_view/reference_paragraph.h"
 
 struct ReferenceBuilder {
     const ReferenceSettings& settings;
@@ -10,8 +10,8 @@ struct ReferenceBuilder {
 
     TextPos Size() const { return TextPos(settings.text.size()); }
     void Everything();
-    // Appends the lines of the part, in as many layouts as it takes.
-    void Add(const ReferencePart& part, QPoint origin, QRect cell, bool hidden);
+    // Appends the lines of the part. No cell: outside tables.
+    void Add(const ReferencePart& part, Point origin, std::optional<Rect> cell, bool hidden);
     void EndBlock(TextPos end, int height);
 
   private:

@@ -1,16 +1,10 @@
-#include "tests/contract/qt/reference_view/reference_text.h"
-
-#include "tests/contract/qt/reference_view/reference_positions.h"
+#include "tests/contract/reference_view/reference_text.h"
 
 #include <algorithm>
 #include <cmath>
 
 int ReferenceSettings::Pixels(double twips) const {
     return int(std::lround(std::clamp(twips, -31680.0, 31680.0) * pixelsPerTwip));
-}
-
-QTextLine ReferenceLine::Text(const ReferenceText& text) const {
-    return text.ParagraphOf(*this).text->lineAt(index);
 }
 
 const ReferenceLine& ReferenceText::LineOf(TextPos position) const {
@@ -37,9 +31,8 @@ const ReferenceLine& ReferenceText::LineAt(int y) const {
     return *found;
 }
 
-double ReferenceText::X(const ReferenceLine& line, TextPos position) const {
+double ReferenceText::XInParagraph(const ReferenceLine& line, TextPos position) const {
     const ReferenceParagraph& paragraph = paragraphs[line.paragraph];
     const int at = std::clamp(position, paragraph.start, paragraph.end) - paragraph.start;
-    return paragraph.origin.x() +
-           ReferenceX(line.Text(*this), *paragraph.text, paragraph.rightToLeft, at);
+    return line.left + paragraph.text->CaretX(line.index, at);
 }

@@ -1,4 +1,4 @@
-#include "tests/contract/qt/reference_view/random_words.h"
+#include "tests/contract/reference_view/random_words.h"
 
 #include <vector>
 

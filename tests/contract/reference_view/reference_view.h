@@ -2,7 +2,8 @@
 // scrolling. Lengths are device pixels.
 #pragma once
 
-#include "tests/contract/qt/reference_view/reference_text.h"
+#include "tests/contract/reference_view/reference_text.h"
+#include "view/view_pane.h"
 
 #include <optional>
 
@@ -19,7 +20,7 @@ class ReferenceView {
 
     int Top() const;
     TextPos FirstVisible() const;
-    QRect CaretBox(TextPos position) const;
+    Rect CaretBox(TextPos position) const;
 
     void ScrollLineToTop(TextPos position);
     void ScrollBy(int pixels);
@@ -39,7 +40,7 @@ class ReferenceView {
     std::string Describe(const ReferenceLine& line) const;
 
     // Not for vertical keys; none if any position is possible.
-    std::optional<TextPos> KeyTarget(int key, bool control) const;
+    std::optional<TextPos> KeyTarget(PaneKey key, bool control) const;
     const ReferenceLine& LineAbove(int x) const;
     const ReferenceLine& LineBelow(int x) const;
     // Scrolls a page; returns the caret's new line, or null if it moves to the start or end of the
@@ -51,7 +52,7 @@ class ReferenceView {
     int MaxTop() const { return std::max(0, reference_.height - viewHeight); }
     int Moved(int y) const { return std::clamp(y, 0, reference_.height); }
     void SetTop(int y);
-    TextPos Next(bool forward, QTextLayout::CursorMode mode) const;
+    TextPos Next(bool forward, bool words) const;
     const ReferenceLine& LineIn(const ReferenceParagraph& paragraph, int y) const;
 
     ReferenceText reference_;

@@ -1,4 +1,4 @@
-#include "tests/contract/qt/reference_view/reference_view.h"
+#include "tests/contract/reference_view/reference_view.h"
 
 #include <algorithm>
 #include <cmath>
@@ -33,12 +33,13 @@ TextPos ReferenceView::FirstVisible() const {
     return reference_.LineAt(Moved(line.bottom)).start;
 }
 
-QRect ReferenceView::CaretBox(TextPos position) const {
+Rect ReferenceView::CaretBox(TextPos position) const {
     const ReferenceLine& line = reference_.LineOf(position);
-    const QTextLine text = line.Text(reference_);
-    const ReferenceParagraph& paragraph = reference_.ParagraphOf(line);
-    return {int(std::floor(reference_.X(line, position))),
-            int(std::floor(paragraph.origin.y() + text.y())), 1, int(std::ceil(text.height()))};
+    const TextLine& measures = reference_.Measures(line);
+    const Point origin = reference_.ParagraphOf(line).origin;
+    return {origin.x + int(std::floor(reference_.XInParagraph(line, position))),
+            origin.y + int(std::floor(line.baseline - origin.y - measures.ascent)), 1,
+            int(std::ceil(measures.ascent + measures.descent))};
 }
 
 void ReferenceView::ScrollLineToTop(TextPos position) {
@@ -99,9 +100,9 @@ void ReferenceView::Reveal(TextPos position) {
     const ReferenceLine& line = reference_.LineOf(position);
     int from = line.top, to = line.bottom;
     if (to - from > viewHeight) {
-        const QRect box = CaretBox(position);
-        from = std::max(from, box.top());
-        to = std::min(to, box.top() + box.height());
+        const Rect box = CaretBox(position);
+        from = std::clamp(box.top, from, to - 1); // headless it is empty beside a picture
+        to = std::min(to, Bottom(box));
     }
     if (from < Top())
         SetTop(from);

@@ -1,7 +1,7 @@
 // The reference layout of table rows.
 #pragma once
 
-#include "tests/contract/qt/reference_view/reference_builder.h"
+#include "tests/contract/reference_view/reference_builder.h"
 
 // Whether it is laid out as a row; otherwise as paragraphs.
 bool IsReferenceRow(const TableRow& row);

@@ -1,4 +1,4 @@
-#include "tests/contract/qt/reference_view/reference_rows.h"
+#include "tests/contract/reference_view/reference_rows.h"
 
 #include <algorithm>
 #include <cmath>
@@ -86,8 +86,8 @@ void Fill(ReferenceBuilder& maker, const TableRow& row, Cell& cell) {
     TextPos start = cell.cell->start;
     const TextPos cellEnd = cell.hidden ? start : cell.cell->end;
     const auto add = [&](TextPos end) {
-        maker.Add({start, end, true, true, width, width}, QPoint(cell.left + gap, y),
-                  QRect(cell.left, 0, cell.width, 0), cell.hidden);
+        maker.Add({start, end, true, true, width, width}, {cell.left + gap, y},
+                  Rect{cell.left, 0, cell.width, 0}, cell.hidden);
         y = whole.paragraphs.back().bottom;
         start = end + 1;
     };
@@ -113,12 +113,12 @@ std::vector<int> Tops(const std::vector<Cell>& cells, std::size_t rows) {
 }
 
 void MoveDown(ReferenceText& whole, ReferenceParagraph& paragraph, int by) {
-    paragraph.origin.ry() += by;
+    paragraph.origin.y += by;
     paragraph.top += by;
     paragraph.bottom += by;
     for (std::size_t i = 0; i < paragraph.lineCount; ++i) {
         ReferenceLine& line = whole.lines[paragraph.firstLine + i];
-        for (int* y : {&line.top, &line.bottom, &line.inkTop, &line.inkBottom})
+        for (int* y : {&line.top, &line.bottom, &line.inkTop, &line.inkBottom, &line.baseline})
             *y += by;
     }
 }
@@ -129,8 +129,8 @@ void Settle(ReferenceText& whole, const Cell& cell, int number, int top, int bot
         ReferenceParagraph& paragraph = whole.paragraphs[i];
         MoveDown(whole, paragraph, top);
         paragraph.cellNumber = number;
-        paragraph.cell.setTop(whole.height + top);
-        paragraph.cell.setHeight(bottom - top);
+        paragraph.cell->top = whole.height + top;
+        paragraph.cell->height = bottom - top;
     }
     const ReferenceParagraph& last = whole.paragraphs[cell.end - 1];
     whole.lines[whole.paragraphs[cell.first].firstLine].top = whole.height + top;

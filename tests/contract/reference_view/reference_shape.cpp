@@ -1,24 +1,32 @@
-#include "tests/contract/qt/reference_view/reference_shape.h"
+#include "tests/contract/reference_view/reference_shape.h"
 
-#include "tests/contract/qt/reference_view/reference_style.h"
-
-#include <QFontMetricsF>
-#include <QGuiApplication>
-#include <QScreen>
+#include "common/unicode.h"
+#include "common/utf.h"
+#include "tests/contract/reference_view/reference_style.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
-double TabUnit(const ReferenceSettings& settings) {
-    return qRound(QGuiApplication::primaryScreen()->logicalDotsPerInchY()) /
-           double(settings.device->logicalDpiY());
+// By the first strong character outside isolates.
+bool StartsLeftwards(std::u16string_view text) {
+    int isolates = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const BidiClass direction = BidiClassOf(FirstCharacter(text.substr(at, 2)));
+        if (direction == BidiClass::LRI || direction == BidiClass::RLI ||
+            direction == BidiClass::FSI)
+            ++isolates;
+        if (direction == BidiClass::PDI) isolates = std::max(0, isolates - 1);
+        if (isolates > 0 || IsLowSurrogate(text[at])) continue;
+        if (direction == BidiClass::L) return false;
+        if (direction == BidiClass::R || direction == BidiClass::AL) return true;
+    }
+    return false;
 }
 
 void SetPlainTabs(const ReferenceSettings& settings, ReferenceShape& shape) {
-    const double blank =
-        QFontMetricsF(ReferenceFont(settings.style.font), settings.device).horizontalAdvance(u' ');
-    shape.option.setTabStopDistance(std::max(1.0, 8 * blank) * TabUnit(settings));
+    const StyleHandle style = settings.lines->Prepare(ReferenceTextStyle(settings, {}, false));
+    shape.tabDistance = std::max(1.0, 8 * settings.lines->Metrics(*style).spaceWidth);
 }
 
 void SetTabs(const ReferenceSettings& settings, const ParagraphStyle& style,
@@ -32,13 +40,8 @@ void SetTabs(const ReferenceSettings& settings, const ParagraphStyle& style,
     for (int i = 1; i <= 200 && (last / tabDistance + i - 1) * tabDistance < part.breakWidth; ++i)
         stops.push_back((last / tabDistance + i) * tabDistance);
     std::sort(stops.begin(), stops.end());
-    QList<QTextOption::Tab> tabs;
-    for (const int stop : stops)
-        if (stop > shape.firstIndent)
-            tabs.append({(stop - shape.firstIndent) * TabUnit(settings),
-                         shape.rightToLeft ? QTextOption::RightTab : QTextOption::LeftTab});
-    shape.option.setTabs(tabs);
-    shape.option.setTabStopDistance(tabDistance * TabUnit(settings));
+    shape.tabStops = stops;
+    shape.tabDistance = tabDistance;
 }
 
 void SetMeasures(const ReferenceSettings& settings, const ParagraphStyle& style,
@@ -67,20 +70,17 @@ int ReferenceShape::SlotHeight(const ReferenceSettings& settings, int natural) c
     return std::max({1, natural, settings.Pixels(spacing)});
 }
 
-ReferenceShape ReferenceShapeOf(const ReferenceSettings& settings, const ReferencePart& part,
-                                const QString& text, const bool* rightToLeft) {
+ReferenceShape ReferenceShapeOf(const ReferenceSettings& settings, const ReferencePart& part) {
     const ParagraphStyle& style = ReferenceParagraphStyle(*settings.document, part.end);
+    const std::u16string_view text =
+        std::u16string_view(settings.text)
+            .substr(std::size_t(part.start), std::size_t(part.end - part.start));
     ReferenceShape shape;
-    shape.rightToLeft = rightToLeft      ? *rightToLeft
-                        : settings.plain ? text.isRightToLeft()
-                                         : style.rightToLeft;
+    shape.rightToLeft = settings.plain ? StartsLeftwards(text) : style.rightToLeft;
     shape.alignment = settings.style.alignment.value_or(
         shape.rightToLeft && style.alignment == Alignment::Left ? Alignment::Right
                                                                 : style.alignment);
     shape.stretches = shape.alignment == Alignment::Justified && part.breakWidth <= part.alignWidth;
-    shape.option.setAlignment(shape.stretches ? Qt::AlignJustify : Qt::AlignLeft);
-    shape.option.setTextDirection(shape.rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
-    shape.option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     if (settings.plain)
         SetPlainTabs(settings, shape);
     else

@@ -3,14 +3,13 @@
 #pragma once
 
 #include "formats/document.h"
+#include "platform/line_layout.h"
+#include "view/geometry.h"
 #include "view/view_style.h"
-
-#include <QPoint>
-#include <QRect>
-#include <QTextLayout>
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,7 +21,7 @@ struct ReferenceSettings {
     ViewStyle style;
     int viewWidth = 1, breakWidth = 1;
     double pixelsPerTwip = 96.0 / 1440;
-    QPaintDevice* device = nullptr;
+    LineLayout* lines = nullptr;
 
     int Pixels(double twips) const;
     int Hairline() const { return std::max(1, Pixels(15)); }
@@ -36,21 +35,21 @@ struct ReferenceLine {
     int top = 0, bottom = 0;       // lines tile their cell or block
     int inkTop = 0, inkBottom = 0; // without the space around the paragraph
     std::size_t paragraph = 0;     // index in ReferenceText::paragraphs
-    int index = 0;                 // of the QTextLine
+    int index = 0;                 // in the paragraph
+    int left = 0;                  // of its text, from the paragraph's origin
+    int baseline = 0;
     int Height() const { return std::max(1, bottom - top); }
-    QTextLine Text(const struct ReferenceText& text) const;
 };
 
 struct ReferenceParagraph {
     TextPos start = 0, end = 0;
     bool rightToLeft = false, hidden = false;
-    QPointF origin; // of the layout's coordinates
+    Point origin;
     int top = 0, bottom = 0;
-    QRect cell; // null outside tables
+    std::optional<Rect> cell; // none outside tables
     int cellNumber = -1;
     std::size_t block = 0, firstLine = 0, lineCount = 0;
-    std::vector<QFont> fonts; // pinned for the text
-    std::unique_ptr<QTextLayout> text;
+    std::unique_ptr<TextLines> text;
 };
 
 struct ReferenceBlock {
@@ -68,12 +67,17 @@ struct ReferenceText {
     const ReferenceParagraph& ParagraphOf(const ReferenceLine& line) const {
         return paragraphs[line.paragraph];
     }
+    const TextLine& Measures(const ReferenceLine& line) const {
+        return ParagraphOf(line).text->Line(line.index);
+    }
     std::size_t BlockAt(int y) const;
     // The lowest line of its block that starts at or above y.
     const ReferenceLine& LineAt(int y) const;
-    double X(const ReferenceLine& line, TextPos position) const; // of the caret
+    // Of the caret, from the paragraph's origin; and from the start of the view's lines.
+    double XInParagraph(const ReferenceLine& line, TextPos position) const;
+    double X(const ReferenceLine& line, TextPos position) const {
+        return ParagraphOf(line).origin.x + XInParagraph(line, position);
+    }
 };
 
 ReferenceText LayOutReference(const ReferenceSettings& settings);
-
-QFont ReferenceFont(const ViewFont& font);

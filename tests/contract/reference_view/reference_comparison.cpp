@@ -1,19 +1,19 @@
-#include "tests/contract/qt/reference_view/reference_comparison.h"
+#include "tests/contract/reference_view/reference_comparison.h"
 
 #include "common/line_ends.h"
 #include "formats/plain/plain_text_source.h"
+#include "tests/contract/reference_view/reference_style.h"
 
 #include <doctest/doctest.h>
 
 #include <cmath>
 
-ReferenceComparison::ReferenceComparison(Random& random, RandomBook book)
-    : random_(random), book_(std::move(book)) {
-    const double dots = bench_.Widget().logicalDpiX() * Ratio() / 0.0254;
-    screen_.setDotsPerMeterX(qRound(dots));
-    screen_.setDotsPerMeterY(qRound(dots));
-    reference_.settings.device = &screen_;
-    reference_.settings.pixelsPerTwip = bench_.Widget().logicalDpiX() * Ratio() / 1440;
+ReferenceComparison::ReferenceComparison(LineLayout& lines, Random& random, RandomBook book)
+    : random_(random), book_(std::move(book)), view_(lines) {
+    view_.window.dpi = OneIn(random_, 3) ? 144 : 96;
+    lines.SetResolution(view_.window.dpi);
+    reference_.settings.lines = &lines;
+    reference_.settings.pixelsPerTwip = view_.window.dpi / 1440;
     Resize();
     Load(Change::None);
 }
@@ -68,44 +68,52 @@ void ReferenceComparison::LoadPlain(bool otherCodePage) {
     reference_.settings.text = text->Range(0, text->Length());
     document_ = Document();
     if (OneIn(random_, 2))
-        View().LoadText(text);
+        view_.LoadText(text);
     else
-        View().LoadPlainText(DecodePlainText(bytes, codePage, 1252).text);
+        view_.LoadPlainText(DecodePlainText(bytes, codePage, 1252).text);
 }
 
 void ReferenceComparison::LoadRich() {
     document_ = book_.document;
     reference_.settings.text = document_.text;
-    View().LoadDocument(document_);
+    view_.LoadDocument(document_);
 }
 
 // Call it after the view's size may have changed; sets the size of the reference.
 void ReferenceComparison::Fit() {
-    Widget().Pane().Scroller();
-    const QSize all = Widget().maximumViewportSize();
-    const int width = int(all.width() * Ratio());
-    margin_ = std::max(int(6 * Ratio()), width / 40);
-    const int room = std::max(1, width - 2 * margin_);
+    Pane().Scroller();
+    margin_ = std::max(int(6 * Ratio()), Room().width / 40);
+    const int room = std::max(1, Room().width - 2 * margin_);
     const double right = reference_.settings.style.rightMargin * reference_.settings.pixelsPerTwip;
     const int breakWidth = right > 0 ? int(std::clamp(right, 1.0, double(1 << 24))) : room;
-    const int height = std::max(1, int(all.height() * Ratio()));
+    const int height = std::max(1, Room().height);
     const bool same = breakWidth == reference_.settings.breakWidth &&
                       height == reference_.viewHeight &&
                       std::min(room, breakWidth) == reference_.settings.viewWidth;
     reference_.settings.breakWidth = breakWidth;
     reference_.settings.viewWidth = std::min(room, breakWidth);
     reference_.viewHeight = height;
+    const FontMetrics metrics = ViewFontMetrics();
     reference_.lineHeight =
-        std::max(1, QFontMetrics(ReferenceFont(reference_.settings.style.font), &screen_).height());
+        std::max(1, int(std::lround(metrics.ascent) + std::lround(metrics.descent)));
     if (!reference_.settings.document) return;
     reference_.Relayout();
     if (!same) reference_.KeepEndAtBottom();
 }
 
+FontMetrics ReferenceComparison::ViewFontMetrics() const {
+    LineLayout& lines = *reference_.settings.lines;
+    const CharStyle own;
+    ReferenceSettings plain = reference_.settings;
+    plain.plain = true;
+    return lines.Metrics(*lines.Prepare(ReferenceTextStyle(plain, own, false)));
+}
+
 void ReferenceComparison::Resize() {
     const bool narrow = OneIn(random_, 6);
-    View().SetBounds({0, 0, narrow ? 20 + Below(random_, 60) : 100 + Below(random_, 700),
-                      OneIn(random_, 6) ? 10 + Below(random_, 40) : 80 + Below(random_, 500)});
+    view_.window.room = {narrow ? 20 + Below(random_, 60) : 100 + Below(random_, 700),
+                         OneIn(random_, 6) ? 20 + Below(random_, 40) : 80 + Below(random_, 500)};
+    Pane().OnResized();
     Fit();
 }
 
@@ -115,15 +123,15 @@ void ReferenceComparison::ChangeStyle() {
     case 0: ChangeFont(); break;
     case 1:
         style.fontForAll = true;
-        View().ApplyFontToAll();
+        view_.ApplyFontToAll();
         break;
     case 2:
         style.alignment = Alignment(Below(random_, 4));
-        View().SetAlignment(*style.alignment);
+        view_.SetAlignment(*style.alignment);
         break;
     default:
         style.rightMargin = OneIn(random_, 2) ? 0 : OneIn(random_, 2) ? 491520 : 3000;
-        View().SetRightMargin(style.rightMargin);
+        view_.SetRightMargin(style.rightMargin);
     }
     Fit();
 }
@@ -133,5 +141,5 @@ void ReferenceComparison::ChangeFont() {
     font.size = OneIn(random_, 8) ? 60 + Below(random_, 200) : 6 + Below(random_, 20);
     font.name = OneIn(random_, 2) ? u"Noto Serif" : u"DejaVu Sans";
     font.italic = OneIn(random_, 3);
-    View().SetFont(font);
+    view_.SetFont(font);
 }

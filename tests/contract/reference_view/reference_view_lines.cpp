@@ -1,42 +1,46 @@
 // Positions within lines.
-#include "tests/contract/qt/reference_view/reference_view.h"
+#include "common/unicode.h"
+#include "common/utf.h"
+#include "tests/contract/reference_view/reference_view.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <limits>
 #include <tuple>
 
 namespace {
-bool IsLeftwards(QChar unit) {
-    return unit.direction() == QChar::DirR || unit.direction() == QChar::DirAL;
+bool IsLeftwards(BidiClass direction) {
+    return direction == BidiClass::R || direction == BidiClass::AL;
 }
 
 // By the last strong character.
-bool EndsLeftwards(const QString& text) {
-    for (qsizetype i = text.size() - 1; i >= 0; --i) {
-        if (IsLeftwards(text[i])) return true;
-        if (text[i].direction() == QChar::DirL && !text[i].isSurrogate()) return false;
+bool EndsLeftwards(std::u16string_view text) {
+    for (std::size_t i = text.size(); i-- > 0;) {
+        const BidiClass direction = BidiClassOf(text[i]);
+        if (IsLeftwards(direction)) return true;
+        if (direction == BidiClass::L && !IsSurrogate(text[i])) return false;
     }
     return false;
 }
 
 // Whether the direction is certain among characters of that direction.
-bool MayGo(QChar unit, bool rightToLeft) {
-    if (unit.isSurrogate()) return false;
-    switch (unit.direction()) {
-    case QChar::DirL:
-    case QChar::DirEN: return !rightToLeft;
-    case QChar::DirR:
-    case QChar::DirAL: return rightToLeft;
-    case QChar::DirES:
-    case QChar::DirET:
-    case QChar::DirCS:
-    case QChar::DirB:
-    case QChar::DirS:
-    case QChar::DirWS:
-    case QChar::DirON:
-    case QChar::DirNSM:
-    case QChar::DirBN: return true;
+bool MayGo(char16_t unit, bool rightToLeft) {
+    if (IsSurrogate(unit)) return false;
+    switch (BidiClassOf(unit)) {
+    case BidiClass::L:
+    case BidiClass::EN: return !rightToLeft;
+    case BidiClass::R:
+    case BidiClass::AL: return rightToLeft;
+    case BidiClass::ES:
+    case BidiClass::ET:
+    case BidiClass::CS:
+    case BidiClass::B:
+    case BidiClass::S:
+    case BidiClass::WS:
+    case BidiClass::ON:
+    case BidiClass::NSM:
+    case BidiClass::BN: return true;
     default: return false; // digits of right-to-left scripts, and direction controls
     }
 }
@@ -62,10 +66,9 @@ const ReferenceLine& ReferenceView::LineNear(int x, int y) const {
     for (const ReferenceParagraph& paragraph : reference_.paragraphs) {
         if (paragraph.block != block || paragraph.hidden) continue;
         std::tuple each(0, 0, distance(y, paragraph.top, paragraph.bottom));
-        if (!paragraph.cell.isNull()) {
-            const QRect& cell = paragraph.cell;
-            std::get<0>(each) = distance(y, cell.top(), cell.top() + cell.height());
-            std::get<1>(each) = distance(x, cell.left(), cell.left() + cell.width());
+        if (const auto& cell = paragraph.cell) {
+            std::get<0>(each) = distance(y, cell->top, Bottom(*cell));
+            std::get<1>(each) = distance(x, cell->left, Right(*cell));
         }
         if (nearest && each >= minDistance) continue;
         nearest = &paragraph;
@@ -77,18 +80,18 @@ const ReferenceLine& ReferenceView::LineNear(int x, int y) const {
 TextPos ReferenceView::LastCaretPosition(const ReferenceLine& line) const {
     if (!line.isContinued) return line.end;
     const ReferenceParagraph& paragraph = reference_.ParagraphOf(line);
-    return paragraph.start + paragraph.text->previousCursorPosition(line.end - paragraph.start);
+    return paragraph.start + paragraph.text->PreviousPosition(line.end - paragraph.start);
 }
 
 bool ReferenceView::IsUnidirectional(const ReferenceLine& line) const {
     const ReferenceParagraph& paragraph = reference_.ParagraphOf(line);
-    const QString text = paragraph.text->text();
-    const int start = line.start - paragraph.start, length = line.end - line.start;
+    const std::u16string_view text = settings.text;
+    const auto from = std::size_t(paragraph.start), start = std::size_t(line.start);
     // Digits have the direction of the text before them.
-    if (!paragraph.rightToLeft && EndsLeftwards(text.first(start))) return false;
-    const QString own = text.mid(start, length);
+    if (!paragraph.rightToLeft && EndsLeftwards(text.substr(from, start - from))) return false;
+    const auto own = text.substr(start, std::size_t(line.end) - start);
     return std::all_of(own.begin(), own.end(),
-                       [&](QChar unit) { return MayGo(unit, paragraph.rightToLeft); });
+                       [&](char16_t unit) { return MayGo(unit, paragraph.rightToLeft); });
 }
 
 std::string ReferenceView::Describe(const ReferenceLine& line) const {
@@ -97,9 +100,9 @@ std::string ReferenceView::Describe(const ReferenceLine& line) const {
         const bool inside = at < TextPos(settings.text.size());
         const char16_t unit = inside ? settings.text[std::size_t(at)] : u'\0';
         text += " " + std::to_string(at);
-        text += unit > 32 && unit < 127 ? std::string(1, char(unit))
-                                        : "(" + QString::number(unit, 16).toStdString() + ")";
-        text += QString::number(reference_.X(line, at), 'f', 1).toStdString();
+        char code[16];
+        std::snprintf(code, sizeof code, "(%x)%.1f", unsigned(unit), reference_.X(line, at));
+        text += code;
     }
     return text;
 }
@@ -113,11 +116,10 @@ bool ReferenceView::IsPossible(const ReferenceLine& line, int x, TextPos positio
     const ReferenceParagraph& paragraph = reference_.ParagraphOf(line);
     double minDistance = std::numeric_limits<double>::max();
     for (TextPos each = line.start; each <= last; ++each)
-        if (paragraph.text->isValidCursorPosition(each - paragraph.start))
+        if (paragraph.text->IsPosition(each - paragraph.start))
             minDistance = std::min(minDistance, std::abs(reference_.X(line, each) - x));
     // Behind the text of a wrapped line there are only its trailing spaces.
-    const QTextLine text = line.Text(reference_);
-    const double end = paragraph.origin.x() + text.naturalTextRect().right();
+    const double end = paragraph.origin.x + line.left + reference_.Measures(line).width;
     if (!paragraph.rightToLeft && x >= end - 1 && position == last) return true;
     return std::abs(reference_.X(line, position) - x) <= minDistance + 1;
 }

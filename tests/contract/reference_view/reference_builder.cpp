@@ -1,7 +1,9 @@
-#include "tests/contract/qt/reference_view/reference_builder.h"
+#include "tests/contract/reference_view/reference_builder.h"
 
 #include "common/string_text.h"
-#include "tests/contract/qt/reference_view/reference_rows.h"
+#include "common/unicode.h"
+#include "common/utf.h"
+#include "tests/contract/reference_view/reference_rows.h"
 #include "view/layout_cost.h"
 
 #include <algorithm>
@@ -57,51 +59,50 @@ TextPos ReferenceBuilder::Cut(TextPos grid) const {
         if (text[std::size_t(i)] == u' ') return i + 1;
     TextPos cut = grid;
     while (cut > grid - blankSearch &&
-           (QChar::isLowSurrogate(text[std::size_t(cut)]) ||
-            QChar::isMark(text[std::size_t(cut)]) || text[std::size_t(cut)] == u'\u200D'))
+           (IsLowSurrogate(text[std::size_t(cut)]) || IsMarkOrFormat(text[std::size_t(cut)])))
         --cut;
     return cut;
 }
 
 void ReferenceBuilder::Piece(TextPos start, TextPos end, bool first, bool last) {
-    Add({start, end, first, last, settings.breakWidth, settings.viewWidth}, QPoint(0, whole.height),
-        QRect(), false);
+    Add({start, end, first, last, settings.breakWidth, settings.viewWidth}, {0, whole.height},
+        std::nullopt, false);
 }
 
-void ReferenceBuilder::Add(const ReferencePart& part, QPoint origin, QRect cell, bool hidden) {
-    int top = origin.y();
-    for (ReferenceLayout& out : LayOutReferencePart(settings, part)) {
-        ReferenceParagraph& paragraph = whole.paragraphs.emplace_back();
-        paragraph.start = out.start;
-        paragraph.end = out.end;
-        paragraph.rightToLeft = out.rightToLeft;
-        paragraph.hidden = hidden;
-        paragraph.origin = QPointF(origin.x(), top) + out.shift;
-        paragraph.top = top;
-        paragraph.cell = cell;
-        paragraph.block = whole.blocks.size();
-        paragraph.firstLine = whole.lines.size();
-        paragraph.lineCount = out.places.size();
-        paragraph.fonts = std::move(out.fonts);
-        paragraph.text = std::move(out.text);
-        for (std::size_t i = 0; i < out.places.size(); ++i) {
-            const ReferenceSlot& slot = out.places[i];
-            const bool last = i + 1 == out.places.size();
-            ReferenceLine line;
-            line.start = out.start + slot.start;
-            line.end = last ? out.end : out.start + out.places[i + 1].start;
-            line.isContinued = !last || (out.isContinued && out.end > line.start);
-            line.top = top + (i == 0 ? 0 : slot.top);
-            line.bottom = top + (last ? out.height : out.places[i + 1].top);
-            line.inkTop = top + slot.top;
-            line.inkBottom = top + slot.top + slot.height;
-            line.paragraph = whole.paragraphs.size() - 1;
-            line.index = int(i);
-            whole.lines.push_back(line);
-        }
-        top += out.height;
-        paragraph.bottom = top;
+void ReferenceBuilder::Add(const ReferencePart& part, Point origin, std::optional<Rect> cell,
+                           bool hidden) {
+    const int top = origin.y;
+    ReferenceLayout out = LayOutReferencePart(settings, part);
+    ReferenceParagraph& paragraph = whole.paragraphs.emplace_back();
+    paragraph.start = out.start;
+    paragraph.end = out.end;
+    paragraph.rightToLeft = out.rightToLeft;
+    paragraph.hidden = hidden;
+    paragraph.origin = origin;
+    paragraph.top = top;
+    paragraph.cell = cell;
+    paragraph.block = whole.blocks.size();
+    paragraph.firstLine = whole.lines.size();
+    paragraph.lineCount = out.places.size();
+    paragraph.text = std::move(out.text);
+    for (std::size_t i = 0; i < out.places.size(); ++i) {
+        const ReferenceSlot& slot = out.places[i];
+        const bool last = i + 1 == out.places.size();
+        ReferenceLine line;
+        line.start = out.start + slot.start;
+        line.end = last ? out.end : out.start + out.places[i + 1].start;
+        line.isContinued = !last || (!part.last && out.end > line.start);
+        line.top = top + (i == 0 ? 0 : slot.top);
+        line.bottom = top + (last ? out.height : out.places[i + 1].top);
+        line.inkTop = top + slot.top;
+        line.inkBottom = top + slot.top + slot.height;
+        line.paragraph = whole.paragraphs.size() - 1;
+        line.index = int(i);
+        line.left = slot.left;
+        line.baseline = top + slot.baseline;
+        whole.lines.push_back(line);
     }
+    paragraph.bottom = top + out.height;
 }
 
 void ReferenceBuilder::EndBlock(TextPos end, int height) {
