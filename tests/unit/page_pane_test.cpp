@@ -216,6 +216,21 @@ TEST_CASE("page pane: a place in a list's item is at its text, not at what follo
     CHECK(bench.PointOf(two).y < bench.PointOf(two + 4).y);
 }
 
+TEST_CASE("page pane: the marker of a list's item stands for the place of its text") {
+    std::string source = "<!DOCTYPE html><style>body,ul,ol{margin:0}</style><ol>";
+    for (int i = 0; i < 2000; ++i)
+        source += "<li>item " + std::to_string(i);
+    PageBench bench(source);
+    bench.view.ScrollTo(0, 16 * 1000);
+    bench.view.Pane().ScrollLines(0); // by its user
+    const TextPos item = TextPos(bench.view.Pane().Page()->Text().find(u"item 1000"));
+    CHECK(bench.view.StartAtTop() == item);
+    const int before = bench.view.Pane().LayoutsMade();
+    bench.Resize(500);
+    CHECK(bench.view.StartAtTop() == item);
+    CHECK(bench.view.Pane().LayoutsMade() - before < 200);
+}
+
 TEST_CASE("page pane: colours that the page has already style it no second time") {
     struct {
         const char* style;

@@ -19,6 +19,12 @@ TextPos EndOfOrigin(const InlineContent& content, std::size_t index) {
                                       : TextPos(content.text.text.size());
 }
 
+// The marker of a list's item has none.
+bool ShowsNodes(const InlineContent& content) {
+    return std::ranges::any_of(
+        content.origins, [](const InlineOrigin& origin) { return origin.node != noHtmlNode; });
+}
+
 bool Shows(const InlineContent& content, HtmlNodeId node) {
     return std::ranges::find(content.origins, node, &InlineOrigin::node) != content.origins.end();
 }
@@ -140,6 +146,7 @@ std::optional<CharacterPlace> PagePlaces::NearestLine(std::size_t zone, double x
     const auto lookInto = [&](std::size_t at, double offset) {
         const PageFragmentPtr fragment = flow.LayOut(at);
         ForBlocks(*fragment, 0, 0, [&](const PlacedLines& lines, double left, double top) {
+            if (!ShowsNodes(*lines.content)) return;
             for (std::size_t i = 0; i < lines.layout.lines.size(); ++i) {
                 const InlineLine& line = lines.layout.lines[i];
                 const double lineTop = offset + top + line.top;
