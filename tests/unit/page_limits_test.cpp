@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
+#include <vector>
 
 namespace {
 std::u16string Repeated(std::u16string_view text, int times) {
@@ -181,6 +183,16 @@ TEST_CASE("page limits: zones that stay laid out are few where they are long") {
         page.flow.LayOut(zone);
     CHECK(TextsOfZone(page, zones - 2) == 0);
     CHECK(TextsOfZone(page, zones - 30) > 0);
+}
+
+TEST_CASE("page limits: of styles without number not all stay prepared") {
+    PageSample page(u"<p>text");
+    const CssInheritedStyle& style = *page.boxes[rootPageBox].text;
+    std::vector<std::weak_ptr<const PreparedStyle>> styles;
+    for (int i = 0; i < 20'000; ++i)
+        styles.push_back(page.fonts.Of(style, {double(i), false, std::nullopt}));
+    CHECK(std::ranges::count_if(styles, [](const auto& each) { return !each.expired(); }) < 10'000);
+    CHECK(page.fonts.Of(style) == page.fonts.Of(style));
 }
 
 TEST_CASE("page limits: marks without end on a letter are not all shaped") {

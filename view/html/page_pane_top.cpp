@@ -42,7 +42,7 @@ bool PagePane::MeasureUntil(const std::function<bool(std::size_t)>& isEnough, in
     while (flow.FirstNotMeasured() < flow.ZoneCount()) {
         if (isEnough(flow.FirstNotMeasured())) return true;
         if (std::chrono::steady_clock::now() > end) return false;
-        flow.MeasureSome(8);
+        flow.MeasureSome(1); // one may take some of that time
     }
     return true;
 }

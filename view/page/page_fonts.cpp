@@ -8,9 +8,13 @@ constexpr int boldFrom = 600;         // of the weights that fonts have, the nea
 constexpr double smallCapitals = 0.7; // of the font's size, where it has none of its own
 constexpr int tabSpaces = 8;
 constexpr Color black = 0; // of what has no colour of its own
+// Styles that are kept prepared; each takes some kilobytes. A book has some tens, a page with a
+// colour for each word has as many as words.
+constexpr std::size_t maxPrepared = 4096;
 } // namespace
 
 StyleHandle PageFonts::Of(const CssInheritedStyle& style, const PageTextUse& use) {
+    if (prepared_.size() >= maxPrepared && !prepared_.contains({&style, use})) prepared_.clear();
     StyleHandle& handle = prepared_[{&style, use}];
     if (!handle) handle = lines_.Prepare(StyleOf(style, use));
     return handle;

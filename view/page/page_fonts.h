@@ -23,7 +23,7 @@ class PageFonts {
     PageFonts(LineLayout& lines, const CssPageStyles& styles, double scale, double dpi)
         : lines_(lines), styles_(styles), scale_(scale), dpi_(dpi) {}
 
-    // A style is one object for all elements that have it.
+    // A style is one object for all elements that have it, as long as a page has not too many.
     StyleHandle Of(const CssInheritedStyle& style, const PageTextUse& use = {});
     // One object for equal styles that no element has, as long as the fonts.
     const CssInheritedStyle& Keep(const CssInheritedStyle& style) {

@@ -84,6 +84,7 @@ double FontLetterSpacing(const QPaintDevice& device, double pixels) {
 }
 
 void QtLineLayout::SetResolution(double dpi) {
+    exactSizes_.clear();
     screen_.setDotsPerMeterX(qRound(dpi / metresPerInch));
     screen_.setDotsPerMeterY(qRound(dpi / metresPerInch));
 }
@@ -115,10 +116,22 @@ StyleHandle QtLineLayout::Prepare(const TextStyle& style) {
     prepared->exactSize = style.font.exactSize;
     prepared->sizeFactor = sizeFactor;
     if (style.font.exactSize) {
-        prepared->cutOff = CutOff(font, sizeFactor, screen_);
-        prepared->maxInk = QFontMetricsF(font, &screen_).height() / 4;
+        const ExactSize exact = ExactSizeOf(font, sizeFactor);
+        prepared->cutOff = exact.cutOff;
+        prepared->maxInk = exact.maxInk;
     }
     return prepared;
+}
+
+// Measuring takes a tenth of a millisecond, and a page may have a colour for each word.
+QtLineLayout::ExactSize QtLineLayout::ExactSizeOf(const QFont& font, double sizeFactor) {
+    constexpr std::size_t maxKept = 1024;
+    if (const auto known = exactSizes_.find(font); known != exactSizes_.end()) return known->second;
+    if (exactSizes_.size() >= maxKept) exactSizes_.clear();
+    const ExactSize exact{CutOff(font, sizeFactor, screen_),
+                          QFontMetricsF(font, &screen_).height() / 4};
+    exactSizes_.emplace(font, exact);
+    return exact;
 }
 
 FontMetrics QtLineLayout::Metrics(const PreparedStyle& style) const {

@@ -2,9 +2,12 @@
 #pragma once
 
 #include "platform/line_layout.h"
+#include "platform/qt/text_view/line_layout/pinned_fonts.h"
 
 #include <QImage>
 #include <QTextCharFormat>
+
+#include <unordered_map>
 
 // In a QTextCharFormat: pixels by which a character, and the last of spaces between words, is wider
 // than its glyph. The glyph's advance does not tell, and its font says it in other units.
@@ -35,5 +38,11 @@ class QtLineLayout : public LineLayout {
     std::unique_ptr<TextLines> BreakLines(const ParagraphText& paragraph) override;
 
   private:
+    struct ExactSize {
+        double cutOff = 0, maxInk = 0; // as in QtStyle
+    };
+    ExactSize ExactSizeOf(const QFont& font, double sizeFactor);
+
+    std::unordered_map<QFont, ExactSize, FontHash> exactSizes_;
     QImage screen_{1, 1, QImage::Format_Mono}; // a paint device of the screen's resolution
 };
