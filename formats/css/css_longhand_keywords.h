@@ -12,11 +12,13 @@ namespace css_keywords {
 
 constexpr CssKeyword autos[] = {K(u"auto", 0)};
 constexpr CssKeyword nones[] = {K(u"none", 0)};
-constexpr CssKeyword widths[] = {
-    K(u"auto", 0), K(u"none", 0), K(u"min-content", cssMinContent),
-    K(u"-webkit-min-content", cssMinContent), K(u"max-content", cssMaxContent),
-    K(u"-webkit-max-content", cssMaxContent), K(u"fit-content", cssFitContent),
-    K(u"-webkit-fit-content", cssFitContent)};
+#define WIDTHS_OF_CONTENT \
+    K(u"min-content", cssMinContent), K(u"-webkit-min-content", cssMinContent), \
+    K(u"max-content", cssMaxContent), K(u"-webkit-max-content", cssMaxContent), \
+    K(u"fit-content", cssFitContent), K(u"-webkit-fit-content", cssFitContent)
+constexpr CssKeyword widths[] = {K(u"auto", 0), WIDTHS_OF_CONTENT};
+constexpr CssKeyword maxWidths[] = {K(u"none", 0), WIDTHS_OF_CONTENT};
+#undef WIDTHS_OF_CONTENT
 constexpr CssKeyword normals[] = {K(u"normal", 0)};
 constexpr CssKeyword borderWidths[] = {K(u"thin", 1), K(u"medium", 3), K(u"thick", 5)};
 constexpr CssKeyword borderStyles[] = {

@@ -75,7 +75,7 @@ constexpr CssLonghand longhands[] = {
     {u"margin-right", P::MarginRight, anyLengths, autos},
     {u"margin-top", P::MarginTop, anyLengths, autos},
     {u"max-height", P::MaxHeight, lengths, nones},
-    {u"max-width", P::MaxWidth, lengths, widths},
+    {u"max-width", P::MaxWidth, lengths, maxWidths},
     {u"min-height", P::MinHeight, lengths, autos},
     {u"min-width", P::MinWidth, lengths, widths},
     {u"object-fit", P::ObjectFit, 0, objectFits},

@@ -211,7 +211,7 @@ TEST_CASE("css: values that properties do not take") {
                                          u"list-style:blue",
                                          u"content:red",
                                          u"content:attr(1)",
-                                         u"content:counter(x)",
+                                         u"content:counter(1)",
                                          u"page-break-before:yes",
                                          u"colr:red",
                                          u"margin:inherit 1px",
