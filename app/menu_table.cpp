@@ -129,7 +129,7 @@ bool CanBeChosen(const Row& row) {
 } // namespace
 
 MenuTree::MenuTree() {
-    MenuArray *top = nullptr, *sub = nullptr;
+    MenuArray *top = &mFile, *sub = &mFileRemove; // the first ones of the table
     for (const Row& row : rows) {
         MenuArray& array = this->*row.array;
         if (array.items.empty()) {
