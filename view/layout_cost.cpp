@@ -70,8 +70,7 @@ class UnitCounter {
         // Font fallback tries one font after the other.
         const bool rare = units > 1 || HasNoFont(character);
         const bool startsRun = character == u'\t' || IsDirectionControl(character);
-        if (isDeepInCluster || rare || startsRun || wordLength_ > maxWordLength)
-            costly_ += units;
+        if (isDeepInCluster || rare || startsRun || wordLength_ > maxWordLength) costly_ += units;
     }
 
     ClusterLength cluster_;

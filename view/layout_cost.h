@@ -1,7 +1,7 @@
 // Estimates the work to lay out a text by counting its costly units, which take many times the time
 // or memory of a letter in a book: a run of one letter, a picture, a tab, a character outside the
-// BMP or in no font, the tail of a long cluster (marks, joiners, zero-width characters), a change of
-// direction by a control, and a word that is too long to break.
+// BMP or in no font, the tail of a long cluster (marks, joiners, zero-width characters), a change
+// of direction by a control, and a word that is too long to break.
 #pragma once
 
 #include "common/text_source.h"

@@ -10,8 +10,8 @@ namespace {
 constexpr std::size_t maxKept = 64;
 constexpr std::size_t maxKeptWeight = 512 * 1024;
 
-// Device pixels. Lines in each other (`line-height:0`) would bring all of a page to one place, and a
-// screen shows no more than is kept. Lines of fewer than some thousand letters are higher.
+// Device pixels. Lines in each other (`line-height:0`) would bring all of a page to one place, and
+// a screen shows no more than is kept. Lines of fewer than some thousand letters are higher.
 double MinHeight(const PageZone& zone) {
     constexpr double weightOfPixel = 512;
     return zone.weight / weightOfPixel;
