@@ -162,6 +162,10 @@ void BreakByAdvances(const ParagraphText& paragraph, const QTextLayout& text, QT
     // narrower is stretched all the same.
     for (const double less : {0.0, width - room, 1.0, 2.0, 3.0})
         if (ChangeWidth(line, width - less)) return;
+    // The ink of the last letter does not fit: a justified line is stretched by no more than that.
+    constexpr double step = 0.5;
+    for (double more = step; more < style.maxInk; more += step)
+        if (ChangeWidth(line, width + more)) return;
     ChangeWidth(line, line.naturalTextWidth());
 }
 
