@@ -304,6 +304,25 @@ TEST_CASE("line layout: justified lines end near the edge at any width") {
     });
 }
 
+TEST_CASE("line layout: a word alone in a justified line is not spread") {
+    OnEachLineLayout([](LineLayout& layout) {
+        TextStyle plain = LineStyle(), bold = LineStyle();
+        plain.font.exactSize = bold.font.exactSize = true;
+        bold.font.bold = true;
+        const int word = int(TextWidth(layout, u"understander", bold));
+        for (int width = word; width < word + 20; ++width) {
+            ParagraphText paragraph =
+                LineParagraph(layout, u"under\u00ADstander under\u00ADstander", width);
+            paragraph.runs = {{0, layout.Prepare(plain)}, {5, layout.Prepare(bold)}};
+            const double natural = layout.BreakLines(paragraph)->CharacterExtent(0, 12).right;
+            paragraph.justified = true;
+            CAPTURE(width);
+            const auto lines = layout.BreakLines(paragraph);
+            CHECK(lines->CharacterExtent(0, 12).right < natural + 3 * pixel);
+        }
+    });
+}
+
 TEST_CASE("line layout: a line without spaces, with a tab or before a break is not justified") {
     OnEachLineLayout([](LineLayout& layout) {
         for (const char16_t* text :

@@ -133,6 +133,15 @@ bool ChangeWidth(QTextLine& line, double width) {
     return false;
 }
 
+// As narrow as the width, or as near to it as the ink of the last letter allows: a justified line
+// is stretched to all of its width.
+bool Shrink(QTextLine& line, double width, double maxInk) {
+    constexpr double step = 0.5;
+    for (double more = 0; more <= maxInk; more += step)
+        if (ChangeWidth(line, width + more)) return true;
+    return false;
+}
+
 // Whether lines are as wide as the advances of their letters. QTextLayout itself wants room for the
 // ink of the last letter, too.
 bool GoesByAdvances(const ParagraphText& paragraph) {
@@ -162,11 +171,7 @@ void BreakByAdvances(const ParagraphText& paragraph, const QTextLayout& text, QT
     // narrower is stretched all the same.
     for (const double less : {0.0, width - room, 1.0, 2.0, 3.0})
         if (ChangeWidth(line, width - less)) return;
-    // The ink of the last letter does not fit: a justified line is stretched by no more than that.
-    constexpr double step = 0.5;
-    for (double more = step; more < style.maxInk; more += step)
-        if (ChangeWidth(line, width + more)) return;
-    ChangeWidth(line, line.naturalTextWidth());
+    if (!Shrink(line, width, style.maxInk)) ChangeWidth(line, line.naturalTextWidth());
 }
 
 // Breaks the line; returns whether it is stretched.
@@ -177,7 +182,8 @@ bool BreakLine(const ParagraphText& paragraph, const QTextLayout& text, QTextLin
     else
         line.setLineWidth(width);
     const bool stretched = paragraph.justified && IsJustifiedLine(text.text(), line);
-    if (paragraph.justified && !stretched) ChangeWidth(line, line.naturalTextWidth());
+    const auto& style = static_cast<const QtStyle&>(*paragraph.runs.front().style);
+    if (paragraph.justified && !stretched) Shrink(line, line.naturalTextWidth(), style.maxInk);
     if (stretched && paragraph.rightToLeft) {
         line.setPosition(QPointF(roomForSpaces, 0));
         const double spaces = TrailingSpacesWidth(text, line);
