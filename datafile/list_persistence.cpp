@@ -14,6 +14,7 @@ std::u16string Indexed(std::size_t index, std::u16string_view value) {
 
 std::vector<std::u16string> IndexedLines(const std::vector<std::u16string>& values) {
     std::vector<std::u16string> lines;
+    lines.reserve(values.size());
     for (const std::u16string& value : values)
         lines.push_back(Indexed(lines.size(), value));
     return lines;

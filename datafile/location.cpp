@@ -18,7 +18,7 @@ std::u16string ProgramFile(const Files& files, const Launch& launch, std::u16str
 }
 
 std::u16string ResolveDataFilePath(Files& files, const Launch& launch) {
-    const std::u16string beside = ProgramFile(files, launch, dataFileEnding);
+    std::u16string beside = ProgramFile(files, launch, dataFileEnding);
     const bool ofOther = files.FileExists(beside) && !files.MayReplace(beside);
     if (KeepsData(files, launch.programFolder) && !ofOther) return beside;
     files.CreateFolder(launch.userDataFolder);
@@ -28,7 +28,7 @@ std::u16string ResolveDataFilePath(Files& files, const Launch& launch) {
 
 std::u16string SeedOwnDataFile(Files& files, const Launch& launch,
                                const std::u16string& dataFilePath) {
-    const std::u16string beside = ProgramFile(files, launch, dataFileEnding);
+    std::u16string beside = ProgramFile(files, launch, dataFileEnding);
     if (dataFilePath == beside || files.FileExists(dataFilePath)) return u"";
     // Another user's own state is no beginning for this one's.
     if (KeepsData(files, launch.programFolder)) return beside;

@@ -180,9 +180,10 @@ bool HasMacLineEnds(std::string_view sample) {
 
 // Four times the same: letters do not stand so.
 bool HasDosRules(std::string_view sample) {
-    for (const char* const rule : {"\xC4\xC4\xC4\xC4", "\xCD\xCD\xCD\xCD", "\xDB\xDB\xDB\xDB"})
-        if (sample.find(rule) != sample.npos) return true;
-    return false;
+    constexpr std::string_view rules[] = {"\xC4\xC4\xC4\xC4", "\xCD\xCD\xCD\xCD",
+                                          "\xDB\xDB\xDB\xDB"};
+    return std::ranges::any_of(
+        rules, [&](std::string_view rule) { return sample.find(rule) != sample.npos; });
 }
 
 void CountPairs(ByteEvidence& evidence) {
