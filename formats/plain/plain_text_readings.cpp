@@ -153,6 +153,7 @@ std::vector<CharsetReading> CharsetReadings(const FileReader& file, int systemPa
     std::vector<int> pages = LikeliestPages(samples, systemPage);
     const std::string line = TellingLine(samples, FormOfPage(pages[0]));
     std::vector<CharsetReading> readings;
+    readings.reserve(pages.size());
     for (const int page : pages)
         readings.push_back({page, NameOf(page), LineIn(page, line)});
     AddOtherCharsets(readings, line);

@@ -48,8 +48,8 @@ TextPos RtfTextWriter::WriteParagraph(TextPos start, TextPos end) {
 
 void RtfTextWriter::WriteText(TextPos start, TextPos end, bool inTable,
                               std::string_view terminator) {
-    const TextPos textEnd = static_cast<TextPos>(document_.text.size());
-    UseParagraphStyle(paragraphStyles_.At(terminator.empty() ? ParagraphEnd(end, textEnd) : end),
+    const TextPos length = static_cast<TextPos>(document_.text.size());
+    UseParagraphStyle(paragraphStyles_.At(terminator.empty() ? ParagraphEnd(end, length) : end),
                       inTable);
     for (TextPos at = start; at < end;) {
         UseCharStyle(charStyles_.At(at));
