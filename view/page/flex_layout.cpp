@@ -86,6 +86,7 @@ class FlexLayouter {
 
     static std::vector<FlexSize> Sizes(const std::vector<Item>& items) {
         std::vector<FlexSize> sizes;
+        sizes.reserve(items.size());
         for (const Item& item : items)
             sizes.push_back(item.size);
         return sizes;

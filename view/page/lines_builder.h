@@ -23,7 +23,7 @@ class LinesBuilder {
     HtmlNodeId FirstLetterOf() const { return letterOf_; }
     void ForgetFirstLetter() { letterOf_ = noHtmlNode; }
 
-    void AddText(HtmlNodeId text);
+    void AddText(HtmlNodeId id);
     void AddBreak(HtmlNodeId element);
     // A float or a block that stands in them, with so much in it.
     void AddBox(HtmlNodeId element, const CssBoxStyle& style, PageWeight within);
@@ -41,7 +41,7 @@ class LinesBuilder {
     void MakeRoom(HtmlNodeId node, PageWeight weight);
     std::size_t TextEnd(std::u16string_view text, std::size_t at, CssWhiteSpace whiteSpace) const;
     std::size_t RoomFor(std::u16string_view text) const;
-    void AddFirstLetter(HtmlNodeId text);
+    void AddFirstLetter(HtmlNodeId id);
     void AddUnits(std::size_t units);
     bool IsLong() const { return boxes_.Weight() > limits_.GoodLines(); }
 
