@@ -42,7 +42,6 @@ constexpr std::size_t maxRtfNumberFormats = 1024;
 constexpr std::size_t maxRtfNumberTextLength = 16; // units before a number, and behind it
 constexpr std::int32_t maxRtfNumber = 999'999;
 constexpr std::size_t maxRtfFormEntries = 256; // word processors stop at 25
-constexpr std::size_t maxRtfFileName = 260;
 
 // Character styles hold the link's index in 16 bits.
 constexpr std::size_t maxRtfLinks = 65'535;

@@ -61,9 +61,6 @@ std::size_t RtfParser::MaxLengthOfSink() const {
     case RtfDestination::Body: return body_.text.max_size();
     case RtfDestination::NumberBefore:
     case RtfDestination::NumberAfter: return maxRtfNumberTextLength;
-    case RtfDestination::FormEntry:
-    case RtfDestination::FormDefaultText:
-    case RtfDestination::AttachedPicture: return maxRtfFileName;
     default: return maxRtfFieldLength;
     }
 }

@@ -6,7 +6,7 @@
 namespace {
 constexpr double smallShare = 1.0 / 3; // of a page's height
 
-constexpr std::size_t kept = 2; // lines
+constexpr std::size_t orphans = 2, widows = 2; // lines, as CSS has them by default
 
 class SpanCollector {
   public:
@@ -43,8 +43,8 @@ class SpanCollector {
             Add(top + from, lines[last].top + lines[last].height - from, SolidSpan::Kind::Kept);
         };
         if (lines.size() < 2) return;
-        add(0, std::min(kept, lines.size()) - 1);
-        add(lines.size() - std::min(kept, lines.size()), lines.size() - 1);
+        add(0, std::min(orphans, lines.size()) - 1);
+        add(lines.size() - std::min(widows, lines.size()), lines.size() - 1);
     }
 
     void Add(double top, double height, SolidSpan::Kind kind) {

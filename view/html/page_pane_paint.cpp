@@ -86,6 +86,6 @@ void PagePane::PaintFocus(Canvas& canvas) {
 
 PrintEnd PagePane::Print(const std::u16string& title, const WantedPages& wanted, LineLayout& lines,
                          PictureStore& pictures, PrintDevice& device) const {
-    const auto sheets = PageSheets(*page_, *pageFiles_, true);
+    const auto sheets = PageSheets(*page_, *pageFiles_, {.isPrint = true});
     return PrintHtml({*page_, *pageFiles_, sheets, zoom_, title, wanted}, lines, pictures, device);
 }

@@ -48,9 +48,7 @@ Size FittingSize(Size size, const PageRenderOptions& options) {
 } // namespace
 
 std::vector<std::u16string> PageSheets(const LoadedPage& page, const PageFiles& files,
-                                       bool onPaper) {
-    CssMedium medium;
-    medium.isPrint = onPaper;
+                                       const CssMedium& medium) {
     return LoadCssTexts(page.Tree(), medium, page.CodePage(), [&](std::u16string_view address) {
         return files.Read(address, maxSheetBytes);
     });

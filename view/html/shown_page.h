@@ -2,6 +2,7 @@
 // for another size where its style sheets ask for that.
 #pragma once
 
+#include "formats/css/css_parser.h"
 #include "view/html/loaded_page.h"
 #include "view/html/page_files.h"
 #include "view/html/page_pictures.h"
@@ -21,7 +22,7 @@ struct PageRenderOptions {
 
 // The texts of the style sheets that a page asks for, in their order.
 std::vector<std::u16string> PageSheets(const LoadedPage& page, const PageFiles& files,
-                                       bool onPaper = false);
+                                       const CssMedium& medium = {});
 
 class ShownPage {
   public:
