@@ -1,5 +1,5 @@
 // Pictures as Windows metafiles, WMF ([MS-WMF]) and EMF ([MS-EMF]): their records as a list of
-// orders that any toolkit can paint.
+// drawing commands that any toolkit can carry out.
 #pragma once
 
 #include "common/geometry.h"
@@ -51,7 +51,7 @@ struct MetaImage {
     Mode mode = Mode::Copy;
 };
 
-struct MetaOrder {
+struct MetaCommand {
     enum class Kind : std::uint8_t { Shape, Text, Image };
     Kind kind = Kind::Shape;
     MetaRect clip;
@@ -59,13 +59,13 @@ struct MetaOrder {
 };
 
 struct Metafile {
-    std::vector<MetaOrder> orders; // painted one over the other
+    std::vector<MetaCommand> commands; // painted one over the other
     std::vector<MetaShape> shapes;
     std::vector<MetaText> texts;
     std::vector<MetaImage> images;
 };
 
-// Never fails: what is not known is passed over, what is broken ends the picture. Without orders
+// Never fails: what is not known is passed over, what is broken ends the picture. Without commands
 // there is nothing to show. Limits: see metafile_limits.h.
 Metafile ReadWmf(std::string_view data); // with or without a placeable header
 Metafile ReadEmf(std::string_view data);

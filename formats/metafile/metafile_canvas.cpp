@@ -54,10 +54,10 @@ double MetaCanvas::CoverOf(const MetaBox& box) const {
     return std::max(0.0, width) * std::max(0.0, height);
 }
 
-bool MetaCanvas::AddOrder(MetaOrder::Kind kind, std::size_t index, double cover) {
-    if (file_.orders.size() >= maxMetaOrders || coverLeft_ <= 0) return false;
+bool MetaCanvas::AddCommand(MetaCommand::Kind kind, std::size_t index, double cover) {
+    if (file_.commands.size() >= maxMetaCommands || coverLeft_ <= 0) return false;
     coverLeft_ -= cover;
-    file_.orders.push_back({kind, state_.clip, index});
+    file_.commands.push_back({kind, state_.clip, index});
     return true;
 }
 
@@ -86,7 +86,7 @@ void MetaCanvas::AddShape(const std::vector<MetaPoints>& contours, bool isClosed
         }
     }
     if ((shape.hasPen || shape.hasBrush) &&
-        AddOrder(MetaOrder::Kind::Shape, file_.shapes.size(), CoverOf(box)))
+        AddCommand(MetaCommand::Kind::Shape, file_.shapes.size(), CoverOf(box)))
         file_.shapes.push_back(std::move(shape));
 }
 
@@ -125,36 +125,37 @@ void MetaCanvas::Text(MetaPoint place, std::u16string text, double width) {
     constexpr unsigned updatesPosition = 1, right = 2, center = 6, bottom = 8, baseline = 24;
     if (text.empty() || text.size() > textLeft_ || isInPath_) return;
     const bool isAtPosition = (state_.textAlign & updatesPosition) != 0;
-    MetaText order;
-    order.place = Placed(isAtPosition ? state_.position : place);
-    order.width = std::abs(MappedVector({width, 0}).x);
+    MetaText result;
+    result.place = Placed(isAtPosition ? state_.position : place);
+    result.width = std::abs(MappedVector({width, 0}).x);
     if (isAtPosition) state_.position.x += width;
     const MetaFont& font = state_.font;
     constexpr double usualHeight = 12;
-    order.height = MappedHeight(font.height == 0 ? usualHeight : font.height);
-    order.font = font.name;
-    order.degrees = font.degrees;
-    order.color = state_.textColor;
-    order.background = state_.background;
-    order.hasBackground = state_.isOpaque;
-    order.isBold = font.isBold;
-    order.isItalic = font.isItalic;
-    order.isUnderlined = font.isUnderlined;
-    order.isStruckOut = font.isStruckOut;
+    result.height = MappedHeight(font.height == 0 ? usualHeight : font.height);
+    result.font = font.name;
+    result.degrees = font.degrees;
+    result.color = state_.textColor;
+    result.background = state_.background;
+    result.hasBackground = state_.isOpaque;
+    result.isBold = font.isBold;
+    result.isItalic = font.isItalic;
+    result.isUnderlined = font.isUnderlined;
+    result.isStruckOut = font.isStruckOut;
     if ((state_.textAlign & center) == center)
-        order.horizontal = MetaText::Horizontal::Center;
+        result.horizontal = MetaText::Horizontal::Center;
     else if ((state_.textAlign & right) != 0)
-        order.horizontal = MetaText::Horizontal::Right;
+        result.horizontal = MetaText::Horizontal::Right;
     if ((state_.textAlign & baseline) == baseline)
-        order.vertical = MetaText::Vertical::Baseline;
+        result.vertical = MetaText::Vertical::Baseline;
     else if ((state_.textAlign & bottom) != 0)
-        order.vertical = MetaText::Vertical::Bottom;
+        result.vertical = MetaText::Vertical::Bottom;
     textLeft_ -= text.size();
     // A letter is about as wide as it is high.
-    const double letter = std::min(1.0, order.height);
+    const double letter = std::min(1.0, result.height);
     const double cover = static_cast<double>(text.size()) * letter * letter;
-    order.text = std::move(text);
-    if (AddOrder(MetaOrder::Kind::Text, file_.texts.size(), cover)) file_.texts.push_back(order);
+    result.text = std::move(text);
+    if (AddCommand(MetaCommand::Kind::Text, file_.texts.size(), cover))
+        file_.texts.push_back(result);
 }
 
 void MetaCanvas::Image(const MetaBox& place, MetaImage image, std::uint32_t rasterOperation) {
@@ -178,7 +179,7 @@ void MetaCanvas::Image(const MetaBox& place, MetaImage image, std::uint32_t rast
     image.place = {from.x, from.y, to.x, to.y};
     const MetaBox box{std::min(from.x, to.x), std::min(from.y, to.y), std::max(from.x, to.x),
                       std::max(from.y, to.y)};
-    if (AddOrder(MetaOrder::Kind::Image, file_.images.size(), CoverOf(box)))
+    if (AddCommand(MetaCommand::Kind::Image, file_.images.size(), CoverOf(box)))
         file_.images.push_back(std::move(image));
 }
 

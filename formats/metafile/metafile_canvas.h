@@ -1,4 +1,4 @@
-// Where the records of a metafile draw: a device context that collects orders.
+// Where the records of a metafile draw: a device context that collects commands.
 #pragma once
 
 #include "formats/metafile/metafile_curves.h"
@@ -94,7 +94,7 @@ class MetaCanvas {
     void AddShape(const std::vector<MetaPoints>& contours, bool isClosed, bool hasPen,
                   bool hasBrush);
     double CoverOf(const MetaBox& box) const; // how much of the picture may be painted over
-    bool AddOrder(MetaOrder::Kind kind, std::size_t index, double cover);
+    bool AddCommand(MetaCommand::Kind kind, std::size_t index, double cover);
 
     MetaBox frame_;
     MetaState state_;

@@ -3,9 +3,9 @@
 
 #include <cstddef>
 
-// Drawings of word processors have some thousands of orders; a map of a whole book some ten
+// Drawings of word processors have some thousands of commands; a map of a whole book some ten
 // thousands.
-constexpr std::size_t maxMetaOrders = 50'000;
+constexpr std::size_t maxMetaCommands = 50'000;
 constexpr std::size_t maxMetaPoints = 1'000'000;
 constexpr std::size_t maxMetaTextUnits = 200'000;
 constexpr std::size_t maxMetaPixels = 16 * 1024 * 1024; // of all its bitmaps together

@@ -1,4 +1,4 @@
-// Any bytes as a metafile: the orders are sound, whatever paints them.
+// Any bytes as a metafile: the commands are sound, whatever paints them.
 #include "formats/metafile/metafile.h"
 #include "formats/metafile/metafile_limits.h"
 #include "tests/fuzz/require.h"
@@ -11,13 +11,13 @@ void CheckPlace(double x, double y) {
 }
 
 void Check(const Metafile& file) {
-    Require(file.orders.size() <= maxMetaOrders);
+    Require(file.commands.size() <= maxMetaCommands);
     std::size_t points = 0, pixels = 0;
-    for (const MetaOrder& order : file.orders) {
+    for (const MetaCommand& command : file.commands) {
         const std::size_t sizes[] = {file.shapes.size(), file.texts.size(), file.images.size()};
-        Require(order.index < sizes[static_cast<std::size_t>(order.kind)]);
-        Require(order.clip.left >= 0 && order.clip.right <= 1 && order.clip.top >= 0 &&
-                order.clip.bottom <= 1);
+        Require(command.index < sizes[static_cast<std::size_t>(command.kind)]);
+        Require(command.clip.left >= 0 && command.clip.right <= 1 && command.clip.top >= 0 &&
+                command.clip.bottom <= 1);
     }
     for (const MetaShape& shape : file.shapes)
         for (const auto& contour : shape.contours) {

@@ -26,7 +26,7 @@ TEST_CASE("wmf: a polygon with its pen and brush, in shares of the window") {
         window + WmfRecord(0x02FA, Words({0, 20, 0, 0x00FF, 0})) +
         WmfRecord(0x02FC, Words({0, 0x3344, 0x0055, 0})) + WmfRecord(0x012D, Words({0})) +
         WmfRecord(0x012D, Words({1})) + WmfRecord(0x0324, Words({3, 10, 20, 110, 20, 60, 220}))));
-    REQUIRE(file.orders.size() == 1);
+    REQUIRE(file.commands.size() == 1);
     REQUIRE(file.shapes.size() == 1);
     const MetaShape& shape = file.shapes[0];
     CHECK(shape.isClosed);
@@ -186,28 +186,28 @@ TEST_CASE("emf: text and bitmaps, mapped from a window to its viewport") {
 }
 
 TEST_CASE("metafiles: nothing, noise and what is cut off") {
-    CHECK(ReadWmf("").orders.empty());
-    CHECK(ReadEmf("").orders.empty());
-    CHECK(ReadEmf(Wmf(window)).orders.empty());
+    CHECK(ReadWmf("").commands.empty());
+    CHECK(ReadEmf("").commands.empty());
+    CHECK(ReadEmf(Wmf(window)).commands.empty());
     const std::string whole =
         Wmf(window + WmfRecord(0x0324, Words({3, 0, 0, 1, 1, 2, 2})) +
             WmfRecord(0x0F43,
                       Longs({0x00CC0020}) + Words({0, 2, 2, 0, 0, 9, 9, 0, 0}) + SmallBitmap()));
     for (std::size_t size = 0; size < whole.size(); ++size)
-        CHECK(ReadWmf(whole.substr(0, size)).orders.size() <= 2);
+        CHECK(ReadWmf(whole.substr(0, size)).commands.size() <= 2);
 }
 
 TEST_CASE("metafiles: the limits hold") {
     std::string records;
-    for (std::size_t i = 0; i < maxMetaOrders + 10; ++i)
+    for (std::size_t i = 0; i < maxMetaCommands + 10; ++i)
         records += WmfRecord(0x041B, Words({1, 1, 0, 0}));
     const Metafile file = ReadWmf(Wmf(window + records));
-    CHECK(file.orders.size() == maxMetaOrders);
-    CHECK(file.shapes.size() == maxMetaOrders);
+    CHECK(file.commands.size() == maxMetaCommands);
+    CHECK(file.shapes.size() == maxMetaCommands);
     std::string covers;
     for (int i = 0; i < 2 * static_cast<int>(maxMetaCover); ++i)
         covers += WmfRecord(0x041B, Words({220, 110, 20, 10}));
-    CHECK(ReadWmf(Wmf(window + covers)).orders.size() == static_cast<std::size_t>(maxMetaCover));
+    CHECK(ReadWmf(Wmf(window + covers)).commands.size() == static_cast<std::size_t>(maxMetaCover));
     // A bitmap of four billion pixels of which there are sixteen bytes.
     const std::string huge = Longs({40, 65535, 65535, 24 << 16 | 1, 0, 0, 0, 0, 0, 0});
     CHECK(ReadWmf(Wmf(window +

@@ -14,13 +14,13 @@ class MetafilePainter {
     MetafilePainter(QPainter& painter, QSize size) : painter_(painter), size_(size) {}
 
     void Paint(const Metafile& file) {
-        for (const MetaOrder& order : file.orders) {
-            painter_.setClipRect(Rect(order.clip));
+        for (const MetaCommand& command : file.commands) {
+            painter_.setClipRect(Rect(command.clip));
             painter_.save();
-            switch (order.kind) {
-            case MetaOrder::Kind::Shape: PaintShape(file.shapes[order.index]); break;
-            case MetaOrder::Kind::Text: PaintText(file.texts[order.index]); break;
-            case MetaOrder::Kind::Image: PaintImage(file.images[order.index]); break;
+            switch (command.kind) {
+            case MetaCommand::Kind::Shape: PaintShape(file.shapes[command.index]); break;
+            case MetaCommand::Kind::Text: PaintText(file.texts[command.index]); break;
+            case MetaCommand::Kind::Image: PaintImage(file.images[command.index]); break;
             }
             painter_.restore();
         }
@@ -122,7 +122,7 @@ class MetafilePainter {
 QImage MetafileImage(const Picture& picture, QSize size) {
     const Metafile file =
         picture.format == PictureFormat::Wmf ? ReadWmf(picture.bytes) : ReadEmf(picture.bytes);
-    if (file.orders.empty() || size.isEmpty()) return {};
+    if (file.commands.empty() || size.isEmpty()) return {};
     QImage image(size, QImage::Format_RGB32);
     if (image.isNull()) return {};
     image.fill(Qt::white);

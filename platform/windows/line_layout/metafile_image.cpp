@@ -153,14 +153,14 @@ void MetafilePainter::PaintImage(const MetaImage& image) const {
 }
 
 void MetafilePainter::Paint(const Metafile& file) const {
-    for (const MetaOrder& order : file.orders) {
+    for (const MetaCommand& command : file.commands) {
         const SavedContext saved(context_);
-        const RECT clip = RectOf(order.clip);
+        const RECT clip = RectOf(command.clip);
         IntersectClipRect(context_, clip.left, clip.top, clip.right, clip.bottom);
-        switch (order.kind) {
-        case MetaOrder::Kind::Shape: PaintShape(file.shapes[order.index]); break;
-        case MetaOrder::Kind::Text: PaintText(file.texts[order.index]); break;
-        case MetaOrder::Kind::Image: PaintImage(file.images[order.index]); break;
+        switch (command.kind) {
+        case MetaCommand::Kind::Shape: PaintShape(file.shapes[command.index]); break;
+        case MetaCommand::Kind::Text: PaintText(file.texts[command.index]); break;
+        case MetaCommand::Kind::Image: PaintImage(file.images[command.index]); break;
         }
     }
 }
@@ -182,7 +182,7 @@ bool IsMetafile(const Picture& picture) {
 WinBitmap MetafileImage(const Picture& picture, Size size) {
     const Metafile file =
         picture.format == PictureFormat::Wmf ? ReadWmf(picture.bytes) : ReadEmf(picture.bytes);
-    if (file.orders.empty() || size.IsEmpty()) return nullptr;
+    if (file.commands.empty() || size.IsEmpty()) return nullptr;
     void* bits = nullptr;
     WinBitmap bitmap = MakeBitmap(size, bits);
     const HDC context = CreateCompatibleDC(nullptr);
