@@ -4,16 +4,38 @@
 #include "formats/metafile/metafile_text.h"
 
 namespace {
+// The type that draws the same from coordinates of 32 bits.
+EmfType Of32Bits(EmfType type16) {
+    const auto number = [](EmfType type) { return static_cast<std::uint32_t>(type); };
+    return static_cast<EmfType>(number(type16) - number(EmfType::PolyBezier16) +
+                                number(EmfType::PolyBezier));
+}
+
+// Offsets of the fields of EMR_BITBLT and EMR_STRETCHBLT.
+struct BitBltField {
+    static constexpr std::size_t destination = 24, destinationSize = 32, rasterOperation = 40,
+                                 source = 44, bitmap = 84;
+    static constexpr std::size_t sourceSize = 100; // of EMR_STRETCHBLT alone
+};
+
+// Of EMR_SETDIBITSTODEVICE and EMR_STRETCHDIBITS; the last two are of the latter alone.
+struct DiBitsField {
+    static constexpr std::size_t destination = 24, source = 32, sourceSize = 40, bitmap = 48,
+                                 rasterOperation = 68, destinationSize = 72;
+};
+
 class DrawingReader {
+    using enum EmfType;
+
   public:
     DrawingReader(MetaCanvas& canvas, const EmfRecord& record) : canvas_(canvas), record_(record) {}
 
-    void Read(std::uint32_t type) {
+    void Read(EmfType type) {
         if (!ReadPath(type)) ReadDrawing(type);
     }
 
   private:
-    bool ReadPath(std::uint32_t type) {
+    bool ReadPath(EmfType type) {
         switch (type) {
         case BeginPath: canvas_.BeginPath(); return true;
         case EndPath: canvas_.EndPath(); return true;
@@ -25,10 +47,9 @@ class DrawingReader {
         }
     }
 
-    void ReadDrawing(std::uint32_t type) {
+    void ReadDrawing(EmfType type) {
         if (type >= PolyBezier && type <= PolyPolygon) return ReadPoly(type, false);
-        if (type >= PolyBezier16 && type <= PolyPolygon16)
-            return ReadPoly(type - PolyBezier16 + PolyBezier, true);
+        if (type >= PolyBezier16 && type <= PolyPolygon16) return ReadPoly(Of32Bits(type), true);
         switch (type) {
         case MoveTo: return canvas_.MoveTo(record_.PointAt(8));
         case LineTo: return canvas_.LineTo(record_.PointAt(8));
@@ -52,30 +73,12 @@ class DrawingReader {
                 {PiePoints(record_.BoxAt(8), record_.PointAt(24), record_.PointAt(32))});
         case ExtTextOutA:
         case ExtTextOutW: return ReadText(type == ExtTextOutW);
-        case BitBlt:
-            if (record_.U32(84) == 0)
-                return canvas_.Fill(record_.SizedBox(24, 32), record_.U32(40));
-            return ReadImage(
-                84,
-                {record_.Number(44), record_.Number(48), record_.Number(32), record_.Number(36)},
-                record_.SizedBox(24, 32), record_.U32(40));
-        case StretchBlt:
-            if (record_.U32(84) == 0)
-                return canvas_.Fill(record_.SizedBox(24, 32), record_.U32(40));
-            return ReadImage(
-                84,
-                {record_.Number(44), record_.Number(48), record_.Number(100), record_.Number(104)},
-                record_.SizedBox(24, 32), record_.U32(40));
-        case SetDiBitsToDevice:
-            return ReadImage(
-                48,
-                {record_.Number(32), record_.Number(36), record_.Number(40), record_.Number(44)},
-                record_.SizedBox(24, 40), 0);
+        case BitBlt: return ReadBitBlt(BitBltField::destinationSize);
+        case StretchBlt: return ReadBitBlt(BitBltField::sourceSize);
+        case SetDiBitsToDevice: return ReadDiBits(DiBitsField::sourceSize, 0);
         case StretchDiBits:
-            return ReadImage(
-                48,
-                {record_.Number(32), record_.Number(36), record_.Number(40), record_.Number(44)},
-                record_.SizedBox(24, 72), record_.U32(68));
+            return ReadDiBits(DiBitsField::destinationSize,
+                              record_.U32(DiBitsField::rasterOperation));
         default: return;
         }
     }
@@ -90,7 +93,7 @@ class DrawingReader {
         return points;
     }
 
-    void ReadPoly(std::uint32_t type, bool isShort) {
+    void ReadPoly(EmfType type, bool isShort) {
         if (type == PolyPolyline || type == PolyPolygon) return ReadPolys(type, isShort);
         MetaPoints points = PointsAt(28, record_.U32(24), isShort);
         switch (type) {
@@ -106,7 +109,7 @@ class DrawingReader {
         }
     }
 
-    void ReadPolys(std::uint32_t type, bool isShort) {
+    void ReadPolys(EmfType type, bool isShort) {
         const std::size_t count = record_.U32(24), size = isShort ? 4 : 8;
         std::vector<MetaPoints> parts;
         if (count > record_.Size() / 4) return;
@@ -136,9 +139,28 @@ class DrawingReader {
         canvas_.Text(record_.PointAt(36), ShownMetaText(std::move(text)), width);
     }
 
-    // At `offsets`: place and size of the header, then of the pixels. `source` is left, top, width
-    // and height of the part that is shown.
-    void ReadImage(std::size_t offsets, const MetaBox& source, const MetaBox& place,
+    // Without a bitmap the brush fills the place.
+    void ReadBitBlt(std::size_t sourceSizeAt) {
+        using Field = BitBltField;
+        const MetaBox place = record_.SizedBox(Field::destination, Field::destinationSize);
+        const std::uint32_t operation = record_.U32(Field::rasterOperation);
+        if (record_.U32(Field::bitmap) == 0) return canvas_.Fill(place, operation);
+        ReadImage(Field::bitmap, SourceAt(Field::source, sourceSizeAt), place, operation);
+    }
+
+    void ReadDiBits(std::size_t destinationSizeAt, std::uint32_t operation) {
+        using Field = DiBitsField;
+        ReadImage(Field::bitmap, SourceAt(Field::source, Field::sourceSize),
+                  record_.SizedBox(Field::destination, destinationSizeAt), operation);
+    }
+
+    BitmapPart SourceAt(std::size_t place, std::size_t size) const {
+        return {record_.Number(place), record_.Number(place + 4), record_.Number(size),
+                record_.Number(size + 4)};
+    }
+
+    // At `offsets`: place and size of the header, then of the pixels.
+    void ReadImage(std::size_t offsets, const BitmapPart& source, const MetaBox& place,
                    std::uint32_t operation) {
         const auto part = [this](std::size_t at) {
             return MetaBytes(record_.Part(record_.U32(at), record_.U32(at + 4)));
@@ -154,6 +176,6 @@ class DrawingReader {
 };
 } // namespace
 
-void ReadEmfDrawing(MetaCanvas& canvas, const EmfRecord& record, std::uint32_t type) {
+void ReadEmfDrawing(MetaCanvas& canvas, const EmfRecord& record, EmfType type) {
     DrawingReader(canvas, record).Read(type);
 }

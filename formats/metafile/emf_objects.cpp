@@ -16,12 +16,13 @@ MetaFont ReadFont(const EmfRecord& record) {
 }
 } // namespace
 
-bool ReadEmfObject(MetaCanvas& canvas, const EmfRecord& record, std::uint32_t type) {
+bool ReadEmfObject(MetaCanvas& canvas, const EmfRecord& record, EmfType type) {
     constexpr std::uint32_t noPen = 5, noBrush = 1;
     const std::uint32_t number = record.U32(8);
     const auto isDashed = [](std::uint32_t style) {
         return (style & 0xF) >= 1 && (style & 0xF) < noPen;
     };
+    using enum EmfType;
     switch (type) {
     case SelectObject: canvas.SelectObject(number); return true;
     case DeleteObject: canvas.DeleteObject(number); return true;

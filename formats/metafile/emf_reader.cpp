@@ -8,9 +8,9 @@ constexpr std::size_t recordHeader = 8, headerSize = 88;
 void ReadRecords(MetaCanvas& canvas, const MetaBytes& file) {
     std::size_t at = 0;
     for (std::size_t i = 0; i < maxMetaRecords && at + recordHeader <= file.Size(); ++i) {
-        const std::uint32_t type = file.U32(at);
+        const auto type = static_cast<EmfType>(file.U32(at));
         const std::size_t size = file.U32(at + 4);
-        if (size < recordHeader || size > file.Size() - at || type == EndOfFile) return;
+        if (size < recordHeader || size > file.Size() - at || type == EmfType::EndOfFile) return;
         const EmfRecord record(file.Part(at, size));
         if (!ReadEmfState(canvas, file, record, type) && !ReadEmfObject(canvas, record, type))
             ReadEmfDrawing(canvas, record, type);
@@ -32,7 +32,8 @@ MetaBox FrameOf(MetaBytes bytes) {
 
 Metafile ReadEmf(std::string_view data) {
     const MetaBytes bytes(data);
-    if (bytes.Size() < headerSize || bytes.U32(0) != Header) return {};
+    if (bytes.Size() < headerSize || static_cast<EmfType>(bytes.U32(0)) != EmfType::Header)
+        return {};
     MetaCanvas canvas(FrameOf(bytes));
     ReadRecords(canvas, bytes);
     return canvas.Release();

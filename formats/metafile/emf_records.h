@@ -5,7 +5,7 @@
 #include "formats/metafile/metafile_canvas.h"
 
 // By their numbers; those of 16 bits begin at PolyBezier16 in the same order.
-enum EmfType : std::uint32_t {
+enum class EmfType : std::uint32_t {
     Header = 1,
     PolyBezier = 2,
     Polygon = 3,
@@ -86,7 +86,6 @@ class EmfRecord : public MetaBytes {
 };
 
 // False if the record is not of the group. `file` has the header.
-bool ReadEmfState(MetaCanvas& canvas, const MetaBytes& file, const EmfRecord& record,
-                  std::uint32_t type);
-bool ReadEmfObject(MetaCanvas& canvas, const EmfRecord& record, std::uint32_t type);
-void ReadEmfDrawing(MetaCanvas& canvas, const EmfRecord& record, std::uint32_t type);
+bool ReadEmfState(MetaCanvas& canvas, const MetaBytes& file, const EmfRecord& record, EmfType type);
+bool ReadEmfObject(MetaCanvas& canvas, const EmfRecord& record, EmfType type);
+void ReadEmfDrawing(MetaCanvas& canvas, const EmfRecord& record, EmfType type);

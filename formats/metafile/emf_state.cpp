@@ -7,8 +7,9 @@ class StateReader {
     StateReader(MetaCanvas& canvas, const MetaBytes& file, const EmfRecord& record)
         : canvas_(canvas), file_(file), record_(record) {}
 
-    bool Read(std::uint32_t type) {
+    bool Read(EmfType type) {
         MetaState& state = canvas_.State();
+        using enum EmfType;
         switch (type) {
         case SetWindowExt: state.windowExtent = record_.PointAt(8); return true;
         case SetWindowOrg: state.windowOrigin = record_.PointAt(8); return true;
@@ -75,6 +76,6 @@ class StateReader {
 } // namespace
 
 bool ReadEmfState(MetaCanvas& canvas, const MetaBytes& file, const EmfRecord& record,
-                  std::uint32_t type) {
+                  EmfType type) {
     return StateReader(canvas, file, record).Read(type);
 }

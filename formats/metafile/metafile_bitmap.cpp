@@ -116,12 +116,12 @@ MetaImage ReadBitmap(MetaBytes header, MetaBytes bits, std::size_t maxPixels) {
     return image;
 }
 
-void CropBitmap(MetaImage& image, const MetaBox& part) {
-    const bool isInside = part.left >= 0 && part.top >= 0 && part.right >= 1 && part.bottom >= 1 &&
-                          part.left + part.right <= image.width &&
-                          part.top + part.bottom <= image.height;
-    const int width = isInside ? static_cast<int>(part.right) : image.width;
-    const int height = isInside ? static_cast<int>(part.bottom) : image.height;
+void CropBitmap(MetaImage& image, const BitmapPart& part) {
+    const bool isInside = part.left >= 0 && part.top >= 0 && part.width >= 1 && part.height >= 1 &&
+                          part.left + part.width <= image.width &&
+                          part.top + part.height <= image.height;
+    const int width = isInside ? static_cast<int>(part.width) : image.width;
+    const int height = isInside ? static_cast<int>(part.height) : image.height;
     if (width == image.width && height == image.height) return;
     std::vector<std::uint32_t> pixels;
     for (int y = 0; y < height; ++y) {

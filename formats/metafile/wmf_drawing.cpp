@@ -8,7 +8,8 @@ class DrawingReader {
   public:
     DrawingReader(MetaCanvas& canvas, const WmfRecord& record) : canvas_(canvas), record_(record) {}
 
-    void Read(std::uint32_t function) {
+    void Read(WmfFunction function) {
+        using enum WmfFunction;
         switch (function) {
         case MoveTo: return canvas_.MoveTo(record_.PointAt(0));
         case LineTo: return canvas_.LineTo(record_.PointAt(0));
@@ -51,8 +52,7 @@ class DrawingReader {
         return points;
     }
 
-    // The part of a picture that is shown: left, top, width and height.
-    MetaBox SourceAt(std::size_t place, std::size_t size) const {
+    BitmapPart SourceAt(std::size_t place, std::size_t size) const {
         const MetaPoint corner = record_.PointAt(place), extent = record_.PointAt(size);
         return {corner.x, corner.y, extent.x, extent.y};
     }
@@ -89,7 +89,7 @@ class DrawingReader {
         canvas_.Text(place, TextOfMetaBytes(bytes, canvas_.State().font.charset), width);
     }
 
-    void ReadImage(std::size_t word, const MetaBox& source, const MetaBox& place,
+    void ReadImage(std::size_t word, const BitmapPart& source, const MetaBox& place,
                    std::uint32_t operation) {
         const MetaBytes header(record_.Part(2 * word, record_.Size()));
         const MetaBytes bits(header.Part(BitmapHeaderSize(header), header.Size()));
@@ -104,6 +104,6 @@ class DrawingReader {
 };
 } // namespace
 
-void ReadWmfDrawing(MetaCanvas& canvas, const WmfRecord& record, std::uint32_t function) {
+void ReadWmfDrawing(MetaCanvas& canvas, const WmfRecord& record, WmfFunction function) {
     DrawingReader(canvas, record).Read(function);
 }

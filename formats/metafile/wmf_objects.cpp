@@ -5,8 +5,9 @@
 
 #include <cstdlib>
 
-bool ReadWmfState(MetaCanvas& canvas, const WmfRecord& record, std::uint32_t function) {
+bool ReadWmfState(MetaCanvas& canvas, const WmfRecord& record, WmfFunction function) {
     MetaState& state = canvas.State();
+    using enum WmfFunction;
     switch (function) {
     case SaveDc: canvas.Save(); return true;
     case RestoreDc: canvas.Restore(record.S16(0)); return true;
@@ -40,8 +41,9 @@ MetaFont ReadFont(const WmfRecord& record) {
 }
 } // namespace
 
-bool ReadWmfObject(MetaCanvas& canvas, const WmfRecord& record, std::uint32_t function) {
+bool ReadWmfObject(MetaCanvas& canvas, const WmfRecord& record, WmfFunction function) {
     constexpr std::uint32_t noPen = 5, dashes = 4, noBrush = 1;
+    using enum WmfFunction;
     switch (function) {
     case CreatePenIndirect: {
         const std::uint32_t style = record.U16(0) & 0xF;

@@ -6,11 +6,16 @@ namespace {
 constexpr std::uint32_t placeableKey = 0x9AC6CDD7;
 constexpr std::size_t placeableSize = 22, headerSize = 18, recordHeader = 6;
 
+WmfFunction FunctionAt(const MetaBytes& file, std::size_t record) {
+    return static_cast<WmfFunction>(file.U16(record + 4));
+}
+
 void ReadRecords(MetaCanvas& canvas, const MetaBytes& file, std::size_t at) {
     for (std::size_t i = 0; i < maxMetaRecords && at + recordHeader <= file.Size(); ++i) {
         const std::size_t size = std::size_t{file.U32(at)} * 2;
-        const std::uint32_t function = file.U16(at + 4);
-        if (size < recordHeader || size > file.Size() - at || function == EndOfFile) return;
+        const WmfFunction function = FunctionAt(file, at);
+        if (size < recordHeader || size > file.Size() - at || function == WmfFunction::EndOfFile)
+            return;
         const WmfRecord record(file.Part(at + recordHeader, size - recordHeader));
         if (!ReadWmfState(canvas, record, function) && !ReadWmfObject(canvas, record, function))
             ReadWmfDrawing(canvas, record, function);
@@ -23,7 +28,7 @@ bool HasWindowExtent(MetaBytes bytes, std::size_t at) {
     while (at + recordHeader <= bytes.Size()) {
         const std::size_t size = std::size_t{bytes.U32(at)} * 2;
         if (size < recordHeader || size > bytes.Size() - at) return false;
-        if (bytes.U16(at + 4) == SetWindowExt) return true;
+        if (FunctionAt(bytes, at) == WmfFunction::SetWindowExt) return true;
         at += size;
     }
     return false;

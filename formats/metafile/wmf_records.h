@@ -6,7 +6,7 @@
 #include "formats/metafile/metafile_canvas.h"
 
 // By their numbers.
-enum WmfFunction : std::uint32_t {
+enum class WmfFunction : std::uint32_t {
     EndOfFile = 0x0000,
     SaveDc = 0x001E,
     CreatePalette = 0x00F7,
@@ -69,6 +69,6 @@ class WmfRecord : public MetaBytes {
 };
 
 // False if the record is not of the group.
-bool ReadWmfState(MetaCanvas& canvas, const WmfRecord& record, std::uint32_t function);
-bool ReadWmfObject(MetaCanvas& canvas, const WmfRecord& record, std::uint32_t function);
-void ReadWmfDrawing(MetaCanvas& canvas, const WmfRecord& record, std::uint32_t function);
+bool ReadWmfState(MetaCanvas& canvas, const WmfRecord& record, WmfFunction function);
+bool ReadWmfObject(MetaCanvas& canvas, const WmfRecord& record, WmfFunction function);
+void ReadWmfDrawing(MetaCanvas& canvas, const WmfRecord& record, WmfFunction function);
