@@ -60,8 +60,8 @@ bool CorrectKind(MainForm& form, int index, RequestedKind asked, std::string_vie
 } // namespace
 
 ListedBook AddBook(MainForm& form, const std::u16string& path, RequestedKind kind) {
-    const bool isPage = kind.value_or(KindOfName(path)) == BookKind::Html;
-    BookFile file = OpenBookFile(*form.ports.files, path, MaxPlainText(form), isPage);
+    BookFile file =
+        OpenBookFile(*form.ports.files, path, MaxPlainText(form), kind.value_or(KindOfName(path)));
     if (file.problem) {
         ShowBookMessage(form.messages, file.problem.text);
         return {};
@@ -92,8 +92,7 @@ void OpenBook(MainForm& form, const std::u16string& path, RequestedKind kind) {
 
 BookFile OpenShownBookFile(const MainForm& form) {
     const BookRecord record = form.history.Record(0);
-    return OpenBookFile(*form.ports.files, record.Path(), MaxPlainText(form),
-                        record.Kind() == BookKind::Html);
+    return OpenBookFile(*form.ports.files, record.Path(), MaxPlainText(form), record.Kind());
 }
 
 void ReloadBook(MainForm& form, BookFile file) {

@@ -123,7 +123,8 @@ void ReadBookToShow(MainForm& form, ListedBook& book) {
     const Files& files = *form.ports.files;
     const bool isPage = record.Kind() == BookKind::Html;
     const Hourglass hourglass(*form.ports.textView);
-    if (!book.file) book.file = OpenBookFile(files, record.Path(), MaxPlainText(form), isPage);
+    if (!book.file)
+        book.file = OpenBookFile(files, record.Path(), MaxPlainText(form), record.Kind());
     if (isPage && !CanShowPages(form))
         book.file->problem = NoPageView(record.Path());
     else if (!isPage)

@@ -100,7 +100,7 @@ BookProblem NoPageView(const std::u16string& path) {
 }
 
 BookFile OpenBookFile(const Files& files, const std::u16string& path, std::uint64_t maxPlainText,
-                      bool isPage) {
+                      BookKind kind) {
     BookFile book;
     book.path = path;
     if (!IsStorablePath(path)) {
@@ -111,16 +111,16 @@ BookFile OpenBookFile(const Files& files, const std::u16string& path, std::uint6
     book.version = files.Version(path);
     std::uint64_t limit = maxPlainText;
     const ReadStatus status =
-        isPage ? ReadStart(files, book, limit) : ReadWhole(files, book, limit);
+        kind == BookKind::Html ? ReadStart(files, book, limit) : ReadWhole(files, book, limit);
     book.problem = ProblemOf(files, path, status, limit);
     return book;
 }
 
 void ReadContent(const Files& files, std::uint64_t maxPlainText, BookFile& book) {
     if (book.problem || book.content) return;
-    book = OpenBookFile(files, book.path, maxPlainText, false);
+    book = ReadBookFile(files, book.path, maxPlainText);
 }
 
 BookFile ReadBookFile(const Files& files, const std::u16string& path, std::uint64_t maxPlainText) {
-    return OpenBookFile(files, path, maxPlainText, false);
+    return OpenBookFile(files, path, maxPlainText, BookKind::Other);
 }

@@ -1,6 +1,7 @@
 // Reading book files.
 #pragma once
 
+#include "books/book_record.h"
 #include "common/file_limits.h"
 #include "platform/files.h"
 
@@ -37,10 +38,10 @@ struct BookFile {
     std::optional<BookContent> content; // once it was read
 };
 
-// Opens it to be shown: a page is read by its view, and only begun here; anything else is read.
+// Opens it to be shown: a page is read by its view, and only begun here; any other kind is read.
 // `maxPlainText` is the size of the largest file, in bytes, whose plain text can be shown.
 BookFile OpenBookFile(const Files&, const std::u16string& path, std::uint64_t maxPlainText,
-                      bool isPage);
+                      BookKind);
 // Reads what was not read yet.
 void ReadContent(const Files&, std::uint64_t maxPlainText, BookFile&);
 // Opens and reads it, whatever it is.
