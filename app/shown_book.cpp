@@ -67,15 +67,16 @@ void UpdateWindowTitle(MainForm& form) {
     const std::u16string &product = form.messages.productTitle, &profile = CurrentProfile(form);
     UpdateEmptyView(form);
     if (!IsBookShown(form)) {
-        return ports.window->SetTitle(WindowTitle(product, profile, nullptr, false));
+        return ports.window->SetTitle(WindowTitle(product, profile, nullptr, TitleMode::Path));
     }
     // A title bar may show the system's own script only; a title in another one gives way to the
     // path.
     const int codePage = CharsetToCodePage(form.format.font.charset);
     const bool titleWanted =
         CheckedItem(form.menu.mOptionsTitle) == 1 && codePage == ports.locale->AnsiCodePage();
+    const TitleMode mode = titleWanted ? TitleMode::BookTitle : TitleMode::Path;
     const BookRecord record = IsShownBookListed(form) ? form.history.Record(0) : BookRecord();
     const TitledBook book = TitledBookOf(record, form.book.path);
     ports.textView->SetName(AccessibleBookName(book, ports.files->Separator()));
-    ports.window->SetTitle(WindowTitle(product, profile, &book, titleWanted));
+    ports.window->SetTitle(WindowTitle(product, profile, &book, mode));
 }

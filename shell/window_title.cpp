@@ -9,9 +9,12 @@ TitledBook TitledBookOf(const BookRecord& record, const std::u16string& path) {
 }
 
 std::u16string WindowTitle(const std::u16string& product, const std::u16string& profile,
-                           const TitledBook* book, bool titleWanted) {
+                           const TitledBook* book, TitleMode mode) {
     std::u16string title = product + u" [" + profile + u"]";
-    if (book) title += u" - " + (titleWanted && !book->title.empty() ? book->title : book->path);
+    if (book) {
+        const bool hasTitle = mode == TitleMode::BookTitle && !book->title.empty();
+        title += u" - " + (hasTitle ? book->title : book->path);
+    }
     return WithoutDirectionControls(title);
 }
 

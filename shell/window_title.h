@@ -14,10 +14,12 @@ struct TitledBook {
 // The shown book's path and the title of its record.
 TitledBook TitledBookOf(const BookRecord&, const std::u16string& path);
 
-// "product [profile] - path", with the book's own title for the path when that is wanted and there
-// is one; null for no book: the first part alone.
+enum class TitleMode { Path, BookTitle };
+
+// "product [profile] - path", by the mode with the book's own title for the path if there is one;
+// null for no book: the first part alone.
 std::u16string WindowTitle(const std::u16string& product, const std::u16string& profile,
-                           const TitledBook*, bool titleWanted);
+                           const TitledBook*, TitleMode);
 
 // Title or file name: what one would say of the book.
 std::u16string AccessibleBookName(const TitledBook&, char16_t separator);
