@@ -52,14 +52,14 @@ void mHelpUpdate_Click(MainForm& form, int) {
     if (answer.status == FetchStatus::Abandoned) return;
     const UpdateResult check =
         answer.status == FetchStatus::Ok ? CompareVersions(own, answer.bytes) : UpdateResult();
-    switch (check.result) {
-    case -1:
+    switch (check.status) {
+    case UpdateResult::Status::Unknown:
         return ShowPlainMessage(form.messages, MessageIcon::Critical, MessageTitle::Product,
                                 u"Remote resource is not accessible now.\r\nPlease try later.");
-    case 0:
+    case UpdateResult::Status::UpToDate:
         return ShowPlainMessage(form.messages, MessageIcon::Information, MessageTitle::Product,
                                 u"Your copy of the application is up to date.");
-    case 1: return OfferUpdate(form, own, check);
+    case UpdateResult::Status::NewerVersion: return OfferUpdate(form, own, check);
     }
 }
 

@@ -7,7 +7,7 @@
 std::u16string AboutText(const ProgramVersion& version, const std::u16string& extraText) {
     const std::u16string lineEnd = u"\r\n", mail = CommentsEntry(version, 1);
     std::u16string text = Replace(version.description, u". ", u"." + lineEnd) + lineEnd;
-    text += u"Version " + VersionText(version, true) + lineEnd;
+    text += u"Version " + VersionText(version, VersionFormat::Full) + lineEnd;
     if (!extraText.empty()) text += extraText + lineEnd;
     text += std::u16string(60, u' ') + lineEnd; // keeps the box wide enough for the lines
     text += version.copyright + lineEnd + CommentsEntry(version, 0) + lineEnd;

@@ -6,7 +6,7 @@ void RegisterProgram(Registry& registry, const ProgramVersion& version,
                      const std::u16string& programFolder) {
     const std::u16string key = u"SOFTWARE\\" + version.company + u"\\" + version.title;
     RegWriteValue(registry, key, u"", programFolder);
-    RegWriteValue(registry, key, u"CurrentVersion", VersionText(version, false));
+    RegWriteValue(registry, key, u"CurrentVersion", VersionText(version, VersionFormat::Padded));
 }
 
 int RegWriteValue(Registry& registry, const std::u16string& key, const std::u16string& name,

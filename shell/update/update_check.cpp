@@ -51,7 +51,8 @@ UpdateResult CompareVersions(const ProgramVersion& own, std::string_view updateF
     version.minor = newest->minor;
     version.revision = newest->revision;
     const bool isNewer = *newest > VersionNumbers{own.major, own.minor, own.revision};
-    return {isNewer ? 1 : 0, VersionText(version, true), *newest};
+    return {isNewer ? UpdateResult::Status::NewerVersion : UpdateResult::Status::UpToDate,
+            VersionText(version, VersionFormat::Full), *newest};
 }
 
 std::vector<std::u16string> DownloadAddresses(const ProgramVersion& version,

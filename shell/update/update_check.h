@@ -21,7 +21,8 @@ struct VersionNumbers {
 std::optional<VersionNumbers> ParseUpdateFile(std::string_view bytes);
 
 struct UpdateResult {
-    int result = -1; // -1: not known; 0: this version is the newest; 1: there is a newer one
+    enum class Status { Unknown, UpToDate, NewerVersion };
+    Status status = Status::Unknown;
     std::u16string newVersion; // digits and dots
     VersionNumbers newest;
 };

@@ -11,9 +11,9 @@ std::u16string Padded(int number, int base) {
 
 } // namespace
 
-std::u16string VersionText(const ProgramVersion& version, bool full) {
+std::u16string VersionText(const ProgramVersion& version, VersionFormat format) {
     std::u16string text = NumberText(version.major) + u".";
-    if (full) {
+    if (format == VersionFormat::Full) {
         text += version.minor > 0 ? NumberText(version.minor) : u"00";
         if (version.revision > 0) text += u"." + NumberText(version.revision);
     } else {

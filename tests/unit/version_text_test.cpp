@@ -19,7 +19,7 @@ TEST_CASE("version text: short and full") {
         version.major = c.major;
         version.minor = c.minor;
         version.revision = c.revision;
-        CHECK(VersionText(version, false) == c.text);
-        CHECK(VersionText(version, true) == c.full);
+        CHECK(VersionText(version, VersionFormat::Padded) == c.text);
+        CHECK(VersionText(version, VersionFormat::Full) == c.full);
     }
 }
