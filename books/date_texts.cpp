@@ -56,12 +56,12 @@ int SmallNumber(std::u16string_view text) {
 DateNames BuildPaddedDateNames(const Locale& locale, const TextMeasure& measure) {
     DateNames names;
     for (int month = 1; month <= 12; ++month) {
-        names.ShortMonthNames[month - 1] = locale.MonthName(month, false);
-        names.LongMonthNames[month - 1] = locale.MonthName(month, true);
+        names.ShortMonthNames[month - 1] = locale.MonthName(month, NameLength::Short);
+        names.LongMonthNames[month - 1] = locale.MonthName(month, NameLength::Long);
     }
     for (int day = 1; day <= 7; ++day) {
-        names.ShortDayNames[day - 1] = locale.DayName(day, false);
-        names.LongDayNames[day - 1] = locale.DayName(day, true);
+        names.ShortDayNames[day - 1] = locale.DayName(day, NameLength::Short);
+        names.LongDayNames[day - 1] = locale.DayName(day, NameLength::Long);
     }
     PadToSameWidth(names.ShortMonthNames, measure);
     PadToSameWidth(names.LongMonthNames, measure);

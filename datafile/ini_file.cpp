@@ -125,7 +125,7 @@ void IniFile::Change(WriteMode mode, Edit edit) {
         return earlier.section == edit.section && (edit.key.empty() || earlier.key == edit.key);
     });
     pending_.push_back(std::move(edit));
-    keepTime_ = keepTime_ && mode == WriteMode::KeepTime;
+    if (mode != WriteMode::KeepTime) time_ = WriteTime::Now;
     always_ = always_ || mode == WriteMode::Always;
     if (batches_ == 0) WriteChanges();
 }
@@ -140,14 +140,14 @@ bool IniFile::WriteChanges() {
     if (unread_ || Trouble() == IniTrouble::NotRead) return false;
     const std::string& bytes = content_.ToBytes();
     if (always_ || bytes != before_) {
-        writeFailed_ = !files_.Replace(path_, bytes, keepTime_);
+        writeFailed_ = !files_.Replace(path_, bytes, time_);
         if (writeFailed_) return false;
         version_ = files_.Version(path_);
         status_ = ReadStatus::Ok;
     }
     pending_.clear();
     before_.clear();
-    keepTime_ = true;
+    time_ = WriteTime::Keep;
     always_ = false;
     return true;
 }

@@ -92,7 +92,8 @@ class IniFile {
     int batches_ = 0;
     std::vector<Edit> pending_; // not written yet; `content_` has them
     std::string before_;        // bytes on disk, while there are such
-    bool keepTime_ = true, always_ = false;
+    WriteTime time_ = WriteTime::Keep;
+    bool always_ = false;
     bool writeFailed_ = false;
 };
 
@@ -129,8 +130,8 @@ double IniReadNumber(IniFile&, std::u16string_view section, std::u16string_view 
 // Nothing happens when the value is there already. An empty value is always written, as one blank,
 // so that its key stays.
 void IniWriteString(IniFile&, std::u16string_view section, std::u16string_view key,
-                    std::u16string_view value, bool keepFileTime = false);
+                    std::u16string_view value, WriteTime time = WriteTime::Now);
 
 // The same for a number with four decimals. 0 is always written.
 void IniWriteNumber(IniFile&, std::u16string_view section, std::u16string_view key, double value,
-                    bool keepFileTime = false);
+                    WriteTime time = WriteTime::Now);

@@ -54,8 +54,8 @@ std::u16string ReadCut(IniFile& file, std::u16string_view section, std::u16strin
     return CutTo(std::u16string(fallback), length);
 }
 
-IniFile::WriteMode ModeFor(bool keepFileTime, bool always) {
-    if (keepFileTime) return IniFile::WriteMode::KeepTime;
+IniFile::WriteMode ModeFor(WriteTime time, bool always) {
+    if (time == WriteTime::Keep) return IniFile::WriteMode::KeepTime;
     return always ? IniFile::WriteMode::Always : IniFile::WriteMode::NewTime;
 }
 
@@ -78,14 +78,14 @@ double IniReadNumber(IniFile& file, std::u16string_view section, std::u16string_
 }
 
 void IniWriteString(IniFile& file, std::u16string_view section, std::u16string_view key,
-                    std::u16string_view value, bool keepFileTime) {
+                    std::u16string_view value, WriteTime time) {
     if (!value.empty() && IniReadString(file, section, key) == value) return;
-    file.SetValue(ModeFor(keepFileTime, value.empty()), section, key, value.empty() ? u" " : value);
+    file.SetValue(ModeFor(time, value.empty()), section, key, value.empty() ? u" " : value);
 }
 
 void IniWriteNumber(IniFile& file, std::u16string_view section, std::u16string_view key,
-                    double value, bool keepFileTime) {
+                    double value, WriteTime time) {
     const std::int64_t fixed = ToFixed(value);
     if (fixed != 0 && ToFixed(IniReadNumber(file, section, key)) == fixed) return;
-    file.SetValue(ModeFor(keepFileTime, fixed == 0), section, key, FixedText(fixed));
+    file.SetValue(ModeFor(time, fixed == 0), section, key, FixedText(fixed));
 }

@@ -34,6 +34,6 @@ std::u16string SeedOwnDataFile(Files& files, const Launch& launch,
     if (KeepsData(files, launch.programFolder)) return beside;
     std::string bytes;
     if (files.Read(beside, maxDataFileSize, bytes) == ReadStatus::Ok)
-        files.Replace(dataFilePath, bytes, false);
+        files.Replace(dataFilePath, bytes, WriteTime::Now);
     return u"";
 }

@@ -15,6 +15,9 @@
 // each undecipherable byte or character, and no file is found under such a path.
 enum class FileTime { Creation = 0, LastAccess = 1, LastWrite = 2 };
 
+// Of a file that is replaced: the moment at which it is, or that of the old one.
+enum class WriteTime { Now, Keep };
+
 enum class ReadStatus { Ok, NotFound, NotAFile, Denied, TooLarge, Failed };
 
 // Identity and version of a file's content, to see whether a copy in memory is still current.
@@ -68,7 +71,7 @@ class Files {
     // asked. A new file can be read and written by those who may make files in its folder. False
     // when it could not be done, or another user's file may not be written; the old content is then
     // untouched.
-    virtual bool Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) = 0;
+    virtual bool Replace(const std::u16string& path, std::string_view bytes, WriteTime time) = 0;
 
     virtual std::optional<DateTime> Time(const std::u16string& path,
                                          FileTime) const = 0; // local time

@@ -137,13 +137,13 @@ bool NoneFiles::MayReplace(const std::u16string& path) const {
     return IsUsable(path) && FolderIsWritable(FolderOf(path)) && !othersFiles.contains(path);
 }
 
-bool NoneFiles::Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) {
-    const bool done = WriteOver(path, bytes, keepFileTime);
-    replaceCalls.push_back({path, std::string(bytes), keepFileTime, done});
+bool NoneFiles::Replace(const std::u16string& path, std::string_view bytes, WriteTime time) {
+    const bool done = WriteOver(path, bytes, time);
+    replaceCalls.push_back({path, std::string(bytes), time, done});
     return done;
 }
 
-bool NoneFiles::WriteOver(const std::u16string& path, std::string_view bytes, bool keepFileTime) {
+bool NoneFiles::WriteOver(const std::u16string& path, std::string_view bytes, WriteTime time) {
     if (failReplace || !MayReplace(path)) return false;
     if (FolderExists(path)) return false;
     const File* old = Find(path);
@@ -153,7 +153,7 @@ bool NoneFiles::WriteOver(const std::u16string& path, std::string_view bytes, bo
     if (!existed) return true;
     file.readOnly = before.readOnly;
     file.creation = before.creation;
-    if (keepFileTime) {
+    if (time == WriteTime::Keep) {
         file.lastWrite = before.lastWrite;
         file.writeNumber = before.writeNumber;
     }

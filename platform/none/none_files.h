@@ -43,7 +43,8 @@ class NoneFiles : public Files {
     struct ReplaceCall {
         std::u16string path;
         std::string bytes;
-        bool keepFileTime = false, done = false;
+        WriteTime time = WriteTime::Now;
+        bool done = false;
     };
     std::vector<ReplaceCall> replaceCalls;
     mutable std::vector<std::u16string> readCalls; // the paths, in order
@@ -69,14 +70,14 @@ class NoneFiles : public Files {
     ReadStatus ReadStart(const std::u16string& path, std::size_t count,
                          std::string& bytes) const override;
     bool MayReplace(const std::u16string& path) const override;
-    bool Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) override;
+    bool Replace(const std::u16string& path, std::string_view bytes, WriteTime time) override;
     std::optional<DateTime> Time(const std::u16string& path, FileTime) const override;
     bool SetTime(const std::u16string& path, const DateTime& local, FileTime) override;
 
   private:
     std::u16string FolderOf(const std::u16string& path) const; // "" for one at the root
     const File* Find(const std::u16string& path) const;
-    bool WriteOver(const std::u16string& path, std::string_view bytes, bool keepFileTime);
+    bool WriteOver(const std::u16string& path, std::string_view bytes, WriteTime time);
 
     const Clock& clock_;
     std::map<std::u16string, File> files_;

@@ -7,17 +7,17 @@ const char16_t* const months[] = {u"January",   u"February", u"March",    u"Apri
 const char16_t* const days[] = {u"Sunday",   u"Monday", u"Tuesday", u"Wednesday",
                                 u"Thursday", u"Friday", u"Saturday"};
 
-std::u16string NameOf(const std::u16string& name, bool full) {
-    return full ? name : name.substr(0, 3);
+std::u16string NameOf(const std::u16string& name, NameLength length) {
+    return length == NameLength::Long ? name : name.substr(0, 3);
 }
 } // namespace
 
-std::u16string NoneLocale::MonthName(int month, bool full) const {
-    return NameOf(months[month - 1], full);
+std::u16string NoneLocale::MonthName(int month, NameLength length) const {
+    return NameOf(months[month - 1], length);
 }
 
-std::u16string NoneLocale::DayName(int weekday, bool full) const {
-    return NameOf(days[weekday - 1], full);
+std::u16string NoneLocale::DayName(int weekday, NameLength length) const {
+    return NameOf(days[weekday - 1], length);
 }
 
 Ports MakeNonePorts() {

@@ -227,8 +227,8 @@ class NoneUpdateCheck : public UpdateCheck {
 class NoneLocale : public Locale {
   public:
     int AnsiCodePage() const override { return codePage; }
-    std::u16string MonthName(int month, bool full) const override;
-    std::u16string DayName(int weekday, bool full) const override;
+    std::u16string MonthName(int month, NameLength) const override;
+    std::u16string DayName(int weekday, NameLength) const override;
     int codePage = 1252;
 };
 

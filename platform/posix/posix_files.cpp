@@ -184,11 +184,11 @@ bool PosixFiles::MayReplace(const std::u16string& path) const {
     return native && ::MayReplace(*native);
 }
 
-bool PosixFiles::Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) {
+bool PosixFiles::Replace(const std::u16string& path, std::string_view bytes, WriteTime time) {
     const auto native = NativePath(path);
     if (!native) return false;
     if (replaced_.insert(*native).second) RemoveLeftovers(*native);
-    return ReplaceInOneStep(*native, bytes, keepFileTime);
+    return ReplaceInOneStep(*native, bytes, time);
 }
 
 std::optional<DateTime> PosixFiles::Time(const std::u16string& path, FileTime which) const {

@@ -66,7 +66,7 @@ bool SetMode(int file, mode_t mode) {
 }
 
 // Owner before mode: a change of owner clears bits of the mode.
-bool CopyAttributes(int file, const struct stat& old, bool keepFileTime) {
+bool CopyAttributes(int file, const struct stat& old, WriteTime time) {
     mode_t mode = old.st_mode & 07777;
     if (fchown(file, old.st_uid, old.st_gid) != 0 &&
         fchown(file, static_cast<uid_t>(-1), old.st_gid) != 0) {
@@ -74,16 +74,16 @@ bool CopyAttributes(int file, const struct stat& old, bool keepFileTime) {
     }
     if (!SetMode(file, mode)) return false;
     const timespec times[2] = {{0, UTIME_OMIT}, old.st_mtim};
-    return !keepFileTime || futimens(file, times) == 0;
+    return time == WriteTime::Now || futimens(file, times) == 0;
 }
 
 bool WriteTemporary(const std::string& path, std::string_view bytes, const struct stat* old,
-                    bool keepFileTime) {
+                    WriteTime time) {
     FileDescriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
     if (!file.IsOpen()) return false;
     if (!old) ShareAsFolder(file.Number(), FolderOf(path));
     const bool written = WriteAll(file.Number(), bytes) &&
-                         (!old || CopyAttributes(file.Number(), *old, keepFileTime)) &&
+                         (!old || CopyAttributes(file.Number(), *old, time)) &&
                          Flush(file.Number()) && file.Close();
     if (!written) unlink(path.c_str());
     return written;
@@ -108,7 +108,7 @@ bool MayReplace(const std::string& path) {
     return !sticky && may(target, W_OK);
 }
 
-bool ReplaceInOneStep(const std::string& path, std::string_view bytes, bool keepFileTime) {
+bool ReplaceInOneStep(const std::string& path, std::string_view bytes, WriteTime time) {
     const auto target = FollowLinks(path);
     if (!target || !MayReplace(*target)) return false;
     struct stat old {};
@@ -116,7 +116,7 @@ bool ReplaceInOneStep(const std::string& path, std::string_view bytes, bool keep
     if (exists ? !S_ISREG(old.st_mode) : errno != ENOENT) return false;
 
     const std::string temporary = TemporaryName(*target);
-    if (!WriteTemporary(temporary, bytes, exists ? &old : nullptr, keepFileTime)) return false;
+    if (!WriteTemporary(temporary, bytes, exists ? &old : nullptr, time)) return false;
     if (rename(temporary.c_str(), target->c_str()) != 0) {
         unlink(temporary.c_str());
         return false;

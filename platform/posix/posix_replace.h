@@ -1,6 +1,8 @@
 // Putting new content in the place of a file in one step.
 #pragma once
 
+#include "platform/files.h"
+
 #include <string>
 #include <string_view>
 
@@ -14,7 +16,7 @@ bool MayReplace(const std::string& path);
 // those who may write into the folder. Anything but a regular file is left alone, and so is another
 // user's that this one may not write. On failure (false) the old content is untouched and no
 // temporary file stays.
-bool ReplaceInOneStep(const std::string& path, std::string_view bytes, bool keepFileTime);
+bool ReplaceInOneStep(const std::string& path, std::string_view bytes, WriteTime time);
 
 // Removes the temporary files that processes killed while replacing this file have left.
 void RemoveLeftovers(const std::string& path);

@@ -12,7 +12,7 @@ constexpr DateTime LongAgo{1999, 12, 31, 23, 59, 58};
 void CheckQuestions(FilesUnderTest& test) {
     Files& files = test.Port();
     const std::u16string file = test.Path(u"a.txt"), folder = test.Path(u"folder");
-    REQUIRE(files.Replace(file, "x", false));
+    REQUIRE(files.Replace(file, "x", WriteTime::Now));
     REQUIRE(files.CreateFolder(folder));
     CHECK(files.FileExists(file));
     CHECK_FALSE(files.FolderExists(file));
@@ -49,7 +49,7 @@ void CheckFolders(FilesUnderTest& test) {
     CHECK(files.CreateFolder(deep));
     CHECK(files.FolderExists(test.Path(u"one")));
     CHECK(files.FolderExists(deep));
-    REQUIRE(files.Replace(test.Path(u"file"), "", false));
+    REQUIRE(files.Replace(test.Path(u"file"), "", WriteTime::Now));
     CHECK_FALSE(files.CreateFolder(test.Path(u"file")));
     CHECK_FALSE(files.CreateFolder(test.Path(u"file") + files.Separator() + u"sub"));
     CHECK_FALSE(files.CreateFolder(u""));
@@ -62,14 +62,14 @@ void CheckReading(FilesUnderTest& test) {
     std::string content;
     for (int i = 0; i < 100'000; ++i)
         content += static_cast<char>(i);
-    REQUIRE(files.Replace(file, content, false));
+    REQUIRE(files.Replace(file, content, WriteTime::Now));
     std::string bytes = "as it was";
     CHECK(files.Read(file, content.size() - 1, bytes) == ReadStatus::TooLarge);
     CHECK(files.Read(test.Root(), NoLimit, bytes) == ReadStatus::NotAFile);
     CHECK(bytes == "as it was");
     CHECK(files.Read(file, content.size(), bytes) == ReadStatus::Ok);
     CHECK((bytes == content));
-    REQUIRE(files.Replace(file, "", false));
+    REQUIRE(files.Replace(file, "", WriteTime::Now));
     CHECK(files.Read(file, 0, bytes) == ReadStatus::Ok);
     CHECK(bytes.empty());
 }
@@ -84,7 +84,7 @@ void CheckOpening(FilesUnderTest& test) {
     Files& files = test.Port();
     const std::u16string file = test.Path(u"parts");
     ReadStatus status = ReadStatus::Failed;
-    REQUIRE(files.Replace(file, "0123456789", false));
+    REQUIRE(files.Replace(file, "0123456789", WriteTime::Now));
     const std::unique_ptr<FileReader> reader = files.Open(file, status);
     CHECK(status == ReadStatus::Ok);
     REQUIRE(reader);
@@ -107,7 +107,7 @@ void CheckReplacing(FilesUnderTest& test) {
     Files& files = test.Port();
     const std::u16string file = test.Path(u"Книга “1”.dat");
     for (const std::size_t size : {std::size_t(10), std::size_t(3'000'000), std::size_t(0)}) {
-        CHECK(files.Replace(file, std::string(size, 'x'), false));
+        CHECK(files.Replace(file, std::string(size, 'x'), WriteTime::Now));
         std::string bytes;
         CHECK(files.Read(file, NoLimit, bytes) == ReadStatus::Ok);
         CHECK((bytes == std::string(size, 'x')));
@@ -119,30 +119,30 @@ void CheckReplacing(FilesUnderTest& test) {
     CHECK_FALSE(files.MayReplace(test.Path(u"none") + files.Separator() + u"a"));
     CHECK_FALSE(files.MayReplace(test.Path(u"a?b")));
     CHECK_FALSE(files.MayReplace(u""));
-    CHECK_FALSE(files.Replace(test.Path(u"none") + files.Separator() + u"a", "x", false));
-    CHECK_FALSE(files.Replace(test.Path(u"a?b"), "x", false));
-    CHECK_FALSE(files.Replace(u"", "x", false));
+    CHECK_FALSE(files.Replace(test.Path(u"none") + files.Separator() + u"a", "x", WriteTime::Now));
+    CHECK_FALSE(files.Replace(test.Path(u"a?b"), "x", WriteTime::Now));
+    CHECK_FALSE(files.Replace(u"", "x", WriteTime::Now));
     REQUIRE(files.CreateFolder(test.Path(u"folder")));
-    CHECK_FALSE(files.Replace(test.Path(u"folder"), "x", false));
+    CHECK_FALSE(files.Replace(test.Path(u"folder"), "x", WriteTime::Now));
     CHECK(test.NamesIn(test.Root()).size() == 2);
 }
 
 void CheckAttributes(FilesUnderTest& test) {
     Files& files = test.Port();
     const std::u16string file = test.Path(u"a.dat");
-    CHECK(files.Replace(file, "old", true)); // there is no time to keep yet
+    CHECK(files.Replace(file, "old", WriteTime::Keep)); // there is no time to keep yet
     CHECK_FALSE(test.IsReadOnly(file));
     test.MakeReadOnly(file);
     REQUIRE(files.SetTime(file, LongAgo, FileTime::LastWrite));
     const auto before = files.Version(file);
 
     CHECK(files.MayReplace(file));
-    CHECK(files.Replace(file, "new", true));
+    CHECK(files.Replace(file, "new", WriteTime::Keep));
     CHECK(test.IsReadOnly(file));
     CHECK(files.Time(file, FileTime::LastWrite) == LongAgo);
     CHECK(files.Version(file)->lastWrite == before->lastWrite);
 
-    CHECK(files.Replace(file, "newer", false));
+    CHECK(files.Replace(file, "newer", WriteTime::Now));
     CHECK(test.IsReadOnly(file));
     CHECK(files.Time(file, FileTime::LastWrite) != LongAgo);
     std::string bytes;
@@ -153,14 +153,14 @@ void CheckAttributes(FilesUnderTest& test) {
 void CheckVersions(FilesUnderTest& test) {
     Files& files = test.Port();
     const std::u16string file = test.Path(u"a.dat"), other = test.Path(u"b.dat");
-    REQUIRE(files.Replace(file, "1", false));
+    REQUIRE(files.Replace(file, "1", WriteTime::Now));
     const auto first = files.Version(file);
     CHECK(first);
     CHECK(files.Version(file) == first);
-    REQUIRE(files.Replace(other, "1", false));
+    REQUIRE(files.Replace(other, "1", WriteTime::Now));
     CHECK(files.Version(other) != first);
     CHECK_FALSE(files.SameFile(file, other));
-    REQUIRE(files.Replace(file, "22", true)); // seen even though the time is the same
+    REQUIRE(files.Replace(file, "22", WriteTime::Keep)); // seen even though the time is the same
     const auto second = files.Version(file);
     CHECK(second != first);
     CHECK(second->size == 2);
@@ -171,7 +171,7 @@ void CheckVersions(FilesUnderTest& test) {
 void CheckStamps(FilesUnderTest& test) {
     Files& files = test.Port();
     const std::u16string file = test.Path(u"a.dat");
-    REQUIRE(files.Replace(file, "1", false));
+    REQUIRE(files.Replace(file, "1", WriteTime::Now));
     const DateTime summer{2020, 7, 1, 12, 0, 0};
     CHECK(files.SetTime(file, LongAgo, FileTime::LastWrite));
     CHECK(files.SetTime(file, summer, FileTime::LastAccess));

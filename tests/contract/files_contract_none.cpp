@@ -34,19 +34,19 @@ TEST_CASE("files in memory: failures on demand, and a record of what was asked")
     NoneFiles files(clock);
     files.AddFile(u"/a/b", "old");
     files.failReplace = true;
-    CHECK_FALSE(files.Replace(u"/a/b", "new", true));
+    CHECK_FALSE(files.Replace(u"/a/b", "new", WriteTime::Keep));
     CHECK(files.Bytes(u"/a/b") == "old");
     files.failReplace = false;
     files.readOnlyFolders.insert(u"/a");
     CHECK_FALSE(files.FolderIsWritable(u"/a"));
-    CHECK_FALSE(files.Replace(u"/a/b", "new", false));
+    CHECK_FALSE(files.Replace(u"/a/b", "new", WriteTime::Now));
     CHECK_FALSE(files.CreateFolder(u"/a/c"));
     files.readFailure[u"/a/b"] = ReadStatus::Denied;
     std::string bytes;
     CHECK(files.Read(u"/a/b", 10, bytes) == ReadStatus::Denied);
 
     REQUIRE(files.replaceCalls.size() == 2);
-    CHECK(files.replaceCalls[0].keepFileTime);
+    CHECK(files.replaceCalls[0].time == WriteTime::Keep);
     CHECK(files.replaceCalls[1].bytes == "new");
     CHECK_FALSE(files.replaceCalls[1].done);
     CHECK(files.readCalls == std::vector<std::u16string>{u"/a/b"});

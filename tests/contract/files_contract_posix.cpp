@@ -76,16 +76,16 @@ TEST_CASE("files on POSIX") {
 TEST_CASE("files on POSIX: modes and owners") {
     PosixUnderTest test;
     const std::u16string file = test.Path(u"a.dat");
-    REQUIRE(test.Port().Replace(file, "1", false));
+    REQUIRE(test.Port().Replace(file, "1", WriteTime::Now));
     CHECK((test.Status(file).st_mode & 07777) == 0600); // what one reads is one's own affair
     for (const mode_t mode : {0644u, 0664u, 0400u, 0755u}) {
         REQUIRE(chmod(test.Native(file).c_str(), mode) == 0);
-        CHECK(test.Port().Replace(file, "2", false));
+        CHECK(test.Port().Replace(file, "2", WriteTime::Now));
         CHECK((test.Status(file).st_mode & 07777) == mode);
     }
     if (geteuid() != 0) return;
     REQUIRE(chown(test.Native(file).c_str(), 1234, 5678) == 0);
-    CHECK(test.Port().Replace(file, "3", false));
+    CHECK(test.Port().Replace(file, "3", WriteTime::Now));
     CHECK(test.Status(file).st_uid == 1234);
     CHECK(test.Status(file).st_gid == 5678);
 }
@@ -101,13 +101,13 @@ TEST_CASE("files on POSIX: a new file is for those who may write into its folder
         REQUIRE(test.Port().CreateFolder(folder));
         REQUIRE(chmod(test.Native(folder).c_str(), c.folder) == 0);
         CHECK(test.Port().FolderIsPublic(folder) == (c.folder == 01777));
-        REQUIRE(test.Port().Replace(folder + u"/a", "1", false));
+        REQUIRE(test.Port().Replace(folder + u"/a", "1", WriteTime::Now));
         CHECK((test.Status(folder + u"/a").st_mode & 07777) == c.file);
     }
     if (geteuid() != 0) return;
     const std::u16string folder = test.Path(u"d" + NumberText(02775));
     REQUIRE(chown(test.Native(folder).c_str(), 0, 5678) == 0);
-    REQUIRE(test.Port().Replace(folder + u"/b", "1", false));
+    REQUIRE(test.Port().Replace(folder + u"/b", "1", WriteTime::Now));
     CHECK(test.Status(folder + u"/b").st_gid == 5678);
 }
 
@@ -116,18 +116,18 @@ TEST_CASE("files on POSIX: another user's file") {
     PosixUnderTest test;
     REQUIRE(chmod(test.Native(test.Root()).c_str(), 0777) == 0);
     const std::u16string file = test.Path(u"a"), shared = test.Path(u"b"), none = test.Path(u"c");
-    REQUIRE(test.Port().Replace(file, "theirs", false));
+    REQUIRE(test.Port().Replace(file, "theirs", WriteTime::Now));
     REQUIRE(chmod(test.Native(file).c_str(), 0644) == 0);
-    REQUIRE(test.Port().Replace(shared, "ours", false));
+    REQUIRE(test.Port().Replace(shared, "ours", WriteTime::Now));
     REQUIRE(chmod(test.Native(shared).c_str(), 0666) == 0);
     CHECK(test.Port().MayReplace(file));
     {
         const WithoutPrivileges nobody;
         CHECK_FALSE(test.Port().MayReplace(file));
-        CHECK_FALSE(test.Port().Replace(file, "mine", false));
+        CHECK_FALSE(test.Port().Replace(file, "mine", WriteTime::Now));
         CHECK(test.BytesOf(file) == "theirs");
         CHECK(test.Port().MayReplace(shared));
-        CHECK(test.Port().Replace(shared, "ours too", false));
+        CHECK(test.Port().Replace(shared, "ours too", WriteTime::Now));
         CHECK(test.Port().MayReplace(none));
     }
     CHECK((test.Status(shared).st_mode & 0777) == 0666);
@@ -150,7 +150,7 @@ TEST_CASE("files on POSIX: what is no regular file is neither read nor replaced"
         std::string bytes = "as it was";
         CHECK(test.Port().Read(test.Path(name), NoLimit, bytes) == ReadStatus::NotAFile);
         CHECK(bytes == "as it was");
-        CHECK_FALSE(test.Port().Replace(test.Path(name), "x", false));
+        CHECK_FALSE(test.Port().Replace(test.Path(name), "x", WriteTime::Now));
         CHECK(test.Port().FileExists(test.Path(name))); // it is there, and no folder
     }
     close(listener);
@@ -161,7 +161,7 @@ TEST_CASE("files on POSIX: a link stays a link") {
     PosixUnderTest test;
     REQUIRE(test.Port().CreateFolder(test.Path(u"real")));
     const std::u16string real = test.Path(u"real/a.dat"), link = test.Path(u"link");
-    REQUIRE(test.Port().Replace(real, "1", false));
+    REQUIRE(test.Port().Replace(real, "1", WriteTime::Now));
     MakeLink("second", test.NativeFile("link"));
     MakeLink(test.NativeFile("real/a.dat"), test.NativeFile("second"));
     CHECK(test.Port().SameFile(link, real));
@@ -171,15 +171,15 @@ TEST_CASE("files on POSIX: a link stays a link") {
     REQUIRE(test.Port().CreateFolder(test.Path(u"books")));
     MakeLink(test.NativeFile("real/a.dat"), test.NativeFile("books/picture"));
     CHECK_FALSE(test.Port().IsInFolder(test.Path(u"books/picture"), test.Path(u"books")));
-    CHECK(test.Port().Replace(link, "2", false));
+    CHECK(test.Port().Replace(link, "2", WriteTime::Now));
     CHECK(test.BytesOf(real) == "2");
     CHECK(S_ISLNK(test.Status(link).st_mode));
 
     MakeLink("real/new.dat", test.NativeFile("dangling"));
-    CHECK(test.Port().Replace(test.Path(u"dangling"), "3", false));
+    CHECK(test.Port().Replace(test.Path(u"dangling"), "3", WriteTime::Now));
     CHECK(test.BytesOf(test.Path(u"real/new.dat")) == "3");
     MakeLink("loop", test.NativeFile("loop"));
-    CHECK_FALSE(test.Port().Replace(test.Path(u"loop"), "4", false));
+    CHECK_FALSE(test.Port().Replace(test.Path(u"loop"), "4", WriteTime::Now));
     CHECK_FALSE(test.Port().FileExists(test.Path(u"loop")));
 }
 
@@ -189,15 +189,15 @@ TEST_CASE("files on POSIX: rights") {
     const WithoutPrivileges nobody;
     const std::u16string secret = test.Path(u"secret"), folder = test.Path(u"folder");
     const std::u16string inside = test.Path(u"folder/a.dat");
-    REQUIRE(test.Port().Replace(secret, "1", false));
+    REQUIRE(test.Port().Replace(secret, "1", WriteTime::Now));
     REQUIRE(chmod(test.Native(secret).c_str(), 0) == 0);
     std::string bytes;
     CHECK(test.Port().Read(secret, NoLimit, bytes) == ReadStatus::Denied);
     REQUIRE(test.Port().CreateFolder(folder));
-    REQUIRE(test.Port().Replace(inside, "old", false));
+    REQUIRE(test.Port().Replace(inside, "old", WriteTime::Now));
     REQUIRE(chmod(test.Native(folder).c_str(), 0555) == 0);
     CHECK_FALSE(test.Port().FolderIsWritable(folder));
-    CHECK_FALSE(test.Port().Replace(inside, "new", false));
+    CHECK_FALSE(test.Port().Replace(inside, "new", WriteTime::Now));
     CHECK_FALSE(test.Port().CreateFolder(test.Path(u"folder/sub")));
     CHECK(test.BytesOf(inside) == "old");
     CHECK(test.NamesIn(folder).size() == 1);
@@ -213,7 +213,7 @@ TEST_CASE("files on POSIX: names that are no text") {
     for (const std::u16string& path :
          {test.Path(PathFromNative("caf\xE9.txt")), test.Path(u"caf\xD800")}) {
         CHECK_FALSE(test.Port().FileExists(path));
-        CHECK_FALSE(test.Port().Replace(path, "y", false));
+        CHECK_FALSE(test.Port().Replace(path, "y", WriteTime::Now));
     }
     CHECK(test.NamesIn(test.Root()).size() == 2);
 }
@@ -242,7 +242,7 @@ TEST_CASE("files on POSIX: a killed writer's file is removed, nobody else's") {
                                              "a.dat.99999999999999999999.new"};
     for (const std::string& name : others)
         leave(name);
-    CHECK(test.Port().Replace(test.Path(u"a.dat"), "1", false));
+    CHECK(test.Port().Replace(test.Path(u"a.dat"), "1", WriteTime::Now));
     CHECK(test.NamesIn(test.Root()).size() == others.size() + 1);
     for (const std::string& name : others)
         CHECK(fs::exists(test.NativeFile(name)));

@@ -34,7 +34,7 @@ class WinUnderTest : public FilesUnderTest {
     // Not every Windows puts a file in the place of one that is being read.
     void TakeThePlaceOf(const std::u16string& file, std::string_view bytes) override {
         REQUIRE(MoveFileW(ToWide(file).c_str(), ToWide(file + u".old").c_str()));
-        REQUIRE(files_.Replace(file, bytes, false));
+        REQUIRE(files_.Replace(file, bytes, WriteTime::Now));
     }
     bool KnowsCreationTimes() override { return !RunsUnderWine(); }
 
@@ -89,7 +89,7 @@ TEST_CASE("windows files: a device, a pipe or a mailslot is neither read nor rep
         CHECK(bytes == "as it was");
         CHECK_FALSE(test.Port().FileExists(path));
         CHECK_FALSE(test.Port().FolderExists(path));
-        CHECK_FALSE(test.Port().Replace(path, "x", false));
+        CHECK_FALSE(test.Port().Replace(path, "x", WriteTime::Now));
         CHECK_FALSE(test.Port().CreateFolder(path));
     }
     for (const char16_t* name : {u"NUL", u"con", u"COM1.txt"}) { // a device before Windows 11
@@ -101,7 +101,7 @@ TEST_CASE("windows files: a device, a pipe or a mailslot is neither read nor rep
 TEST_CASE("windows files: the same place by other spellings") {
     WinUnderTest test;
     const std::u16string file = test.Path(u"a.txt");
-    REQUIRE(test.Port().Replace(file, "x", false));
+    REQUIRE(test.Port().Replace(file, "x", WriteTime::Now));
     std::u16string slashes = file;
     std::replace(slashes.begin(), slashes.end(), u'\\', u'/');
     const std::u16string others[] = {slashes, test.Path(u"A.TXT"), u"\\\\?\\" + file,
@@ -111,7 +111,7 @@ TEST_CASE("windows files: the same place by other spellings") {
         CHECK(test.Port().SameFile(file, other));
         CHECK(test.BytesOf(other) == "x");
     }
-    CHECK(test.Port().Replace(slashes, "y", false));
+    CHECK(test.Port().Replace(slashes, "y", WriteTime::Now));
     CHECK(test.BytesOf(file) == "y");
 }
 
@@ -125,8 +125,8 @@ TEST_CASE("windows files: a path of any length") {
     CHECK(test.Port().FolderExists(folder));
     CHECK(test.Port().FolderIsWritable(folder));
     const std::u16string file = folder + u"/книга.txt";
-    CHECK(test.Port().Replace(file, "1", false));
-    CHECK(test.Port().Replace(file, "2", true));
+    CHECK(test.Port().Replace(file, "1", WriteTime::Now));
+    CHECK(test.Port().Replace(file, "2", WriteTime::Keep));
     CHECK(test.Port().FileExists(file));
     CHECK(test.BytesOf(file) == "2");
     CHECK(test.Port().SetTime(file, {2001, 2, 3, 4, 5, 6}, FileTime::LastWrite));
@@ -167,7 +167,7 @@ TEST_CASE("windows paths: what the system is given") {
 TEST_CASE("windows files: another program has the book open") {
     WinUnderTest test;
     const std::u16string file = test.Path(u"a.txt");
-    REQUIRE(test.Port().Replace(file, "old", false));
+    REQUIRE(test.Port().Replace(file, "old", WriteTime::Now));
     constexpr DWORD all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     {
         const WinHandle writer = OpenAs(file, GENERIC_READ | GENERIC_WRITE, all);
@@ -181,14 +181,14 @@ TEST_CASE("windows files: another program has the book open") {
     CHECK(bytes == "as it was");
     CHECK(test.Port().FileExists(file));
     CHECK(test.Port().Version(file));
-    CHECK_FALSE(test.Port().Replace(file, "new", false));
+    CHECK_FALSE(test.Port().Replace(file, "new", WriteTime::Now));
     CHECK(test.NamesIn(test.Root()).size() == 1); // and no temporary file
 }
 
 TEST_CASE("windows files: what another program may do while a book is being read") {
     WinUnderTest test;
     const std::u16string file = test.Path(u"a.txt"), renamed = test.Path(u"b.txt");
-    REQUIRE(test.Port().Replace(file, "0123456789", false));
+    REQUIRE(test.Port().Replace(file, "0123456789", WriteTime::Now));
     ReadStatus status = ReadStatus::Failed;
     const std::unique_ptr<FileReader> reader = test.Port().Open(file, status);
     REQUIRE(reader);
@@ -245,11 +245,11 @@ TEST_CASE("windows files: a place far behind 4 GB is read where it is") {
 TEST_CASE("windows files: attributes of all kinds are kept, and the time of creation") {
     WinUnderTest test;
     const std::u16string file = test.Path(u"a.dat");
-    REQUIRE(test.Port().Replace(file, "old", false));
+    REQUIRE(test.Port().Replace(file, "old", WriteTime::Now));
     constexpr DWORD marks = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_READONLY;
     REQUIRE(SetFileAttributesW(ToWide(file).c_str(), marks));
     const auto creation = test.Port().Time(file, FileTime::Creation);
-    CHECK(test.Port().Replace(file, "new", false));
+    CHECK(test.Port().Replace(file, "new", WriteTime::Now));
     CHECK((test.Attributes(file) & marks) == marks);
     CHECK(test.BytesOf(file) == "new");
     CHECK(test.Port().Time(file, FileTime::Creation) == creation);
@@ -259,7 +259,7 @@ TEST_CASE("windows files: names that are no text") {
     WinUnderTest test;
     const std::u16string file = test.Path(std::u16string(u"caf\xD800.txt"));
     // The system keeps any units in a name; Wine keeps names that are text only.
-    if (!test.Port().Replace(file, "x", false)) {
+    if (!test.Port().Replace(file, "x", WriteTime::Now)) {
         MESSAGE("skipped: this system's names are text");
         CHECK(test.NamesIn(test.Root()).empty());
         CHECK_FALSE(test.Port().FileExists(file));
@@ -273,7 +273,7 @@ TEST_CASE("windows files: names that are no text") {
 TEST_CASE("windows files: a link stays a link") {
     WinUnderTest test;
     const std::u16string real = test.Path(u"real.dat"), link = test.Path(u"link");
-    REQUIRE(test.Port().Replace(real, "1", false));
+    REQUIRE(test.Port().Replace(real, "1", WriteTime::Now));
     constexpr DWORD unprivileged = 2; // SYMBOLIC_LINK_FLAG_ALLOW_UNPRIVILEGED_CREATE
     // Wine says that it has made one, and has not.
     if (!CreateSymbolicLinkW(ToWide(link).c_str(), ToWide(real).c_str(), unprivileged) ||
@@ -282,7 +282,7 @@ TEST_CASE("windows files: a link stays a link") {
         return;
     }
     CHECK(test.Port().SameFile(link, real));
-    CHECK(test.Port().Replace(link, "2", false));
+    CHECK(test.Port().Replace(link, "2", WriteTime::Now));
     CHECK(test.BytesOf(real) == "2");
     CHECK((test.Attributes(link) & FILE_ATTRIBUTE_REPARSE_POINT) != 0);
 }
@@ -314,7 +314,7 @@ TEST_CASE("windows files: a killed writer's file is removed, nobody else's") {
                                                 name(u"a.dat", L"99999999999999999999")};
     for (const std::u16string& path : others)
         Leave(path);
-    CHECK(test.Port().Replace(test.Path(u"a.dat"), "1", false));
+    CHECK(test.Port().Replace(test.Path(u"a.dat"), "1", WriteTime::Now));
     CHECK(test.NamesIn(test.Root()).size() == others.size() + 1);
     for (const std::u16string& path : others)
         CHECK(test.Port().FileExists(path));

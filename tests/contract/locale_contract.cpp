@@ -19,16 +19,16 @@ TEST_CASE("locale contract: the ANSI code page is one of the system's language")
 
 TEST_CASE("locale contract: months and days have the names that dates have") {
     OnEach(LocaleBackEnds(), [](LocaleUnderTest& test) {
-        for (const bool full : {true, false}) {
-            CAPTURE(full);
+        for (const NameLength length : {NameLength::Long, NameLength::Short}) {
+            CAPTURE(length == NameLength::Long);
             std::set<std::u16string> months, days;
             for (int month = 1; month <= 12; ++month) {
-                CHECK((test.Port().MonthName(month, full) == test.MonthInDate(month, full)));
-                months.insert(test.Port().MonthName(month, full));
+                CHECK((test.Port().MonthName(month, length) == test.MonthInDate(month, length)));
+                months.insert(test.Port().MonthName(month, length));
             }
             for (int day = 1; day <= 7; ++day) {
-                CHECK((test.Port().DayName(day, full) == test.DayInDate(day, full)));
-                days.insert(test.Port().DayName(day, full));
+                CHECK((test.Port().DayName(day, length) == test.DayInDate(day, length)));
+                days.insert(test.Port().DayName(day, length));
             }
             CHECK(months.size() == 12);
             CHECK(days.size() == 7);

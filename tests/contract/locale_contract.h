@@ -11,8 +11,8 @@ class LocaleUnderTest {
     virtual ~LocaleUnderTest() = default;
     virtual Locale& Port() = 0;
     // As the system writes them in a date, without the port.
-    virtual std::u16string MonthInDate(int month, bool full) = 0;
-    virtual std::u16string DayInDate(int weekday, bool full) = 0; // Sunday is 1
+    virtual std::u16string MonthInDate(int month, NameLength length) = 0;
+    virtual std::u16string DayInDate(int weekday, NameLength length) = 0; // Sunday is 1
 };
 
 // Defined once in each test program.

@@ -10,7 +10,7 @@ class WinShellUnderTest final : public ShellUnderTest {
     WinShellUnderTest() {
         scheme_.IsScheme();
         extension_.IsKind(L"norvasettest.song");
-        REQUIRE(WinFiles().Replace(File(), "la la", false));
+        REQUIRE(WinFiles().Replace(File(), "la la", WriteTime::Now));
     }
     Shell& Port() override { return shell_; }
     std::u16string Program() override { return starts_.Program(); }

@@ -49,7 +49,7 @@ class NoneFileWatchUnderTest final : public FileWatchUnderTest {
         files_.AddFile(path, bytes);
     }
     void Replace(const std::u16string& path, std::string_view bytes) override {
-        REQUIRE(files_.Replace(path, bytes, false));
+        REQUIRE(files_.Replace(path, bytes, WriteTime::Now));
     }
     void Remove(const std::u16string& path) override { files_.Remove(path); }
     bool Becomes(const std::function<bool()>& condition) override {
@@ -77,15 +77,15 @@ class NoneRegistryUnderTest final : public RegistryUnderTest {
 class NoneLocaleUnderTest final : public LocaleUnderTest {
   public:
     Locale& Port() override { return locale_; }
-    std::u16string MonthInDate(int month, bool full) override {
+    std::u16string MonthInDate(int month, NameLength length) override {
         std::tm date = {};
         date.tm_mon = month - 1;
-        return InDate(date, full ? "%B" : "%b");
+        return InDate(date, length == NameLength::Long ? "%B" : "%b");
     }
-    std::u16string DayInDate(int weekday, bool full) override {
+    std::u16string DayInDate(int weekday, NameLength length) override {
         std::tm date = {};
         date.tm_wday = weekday - 1;
-        return InDate(date, full ? "%A" : "%a");
+        return InDate(date, length == NameLength::Long ? "%A" : "%a");
     }
 
   private:

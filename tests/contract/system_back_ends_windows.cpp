@@ -109,13 +109,13 @@ class WinLocaleUnderTest final : public LocaleUnderTest {
   public:
     Locale& Port() override { return locale_; }
     // With a day before it, which is cut off again: some languages have another form then.
-    std::u16string MonthInDate(int month, bool full) override {
+    std::u16string MonthInDate(int month, NameLength length) override {
         const SYSTEMTIME date = {2026, static_cast<WORD>(month), 0, 15, 0, 0, 0, 0};
-        return InDate(date, full ? L"dd MMMM" : L"dd MMM").substr(3);
+        return InDate(date, length == NameLength::Long ? L"dd MMMM" : L"dd MMM").substr(3);
     }
-    std::u16string DayInDate(int weekday, bool full) override {
+    std::u16string DayInDate(int weekday, NameLength length) override {
         const SYSTEMTIME date = {2026, 2, 0, static_cast<WORD>(weekday), 0, 0, 0, 0};
-        return InDate(date, full ? L"dddd" : L"ddd"); // the 1st is a Sunday
+        return InDate(date, length == NameLength::Long ? L"dddd" : L"ddd"); // the 1st is a Sunday
     }
 
   private:
@@ -129,7 +129,9 @@ class WinLocaleUnderTest final : public LocaleUnderTest {
 
 class WinVersionInfoUnderTest final : public VersionInfoUnderTest {
   public:
-    WinVersionInfoUnderTest() { REQUIRE(WinFiles().Replace(Folder() + u"\\text", "text", false)); }
+    WinVersionInfoUnderTest() {
+        REQUIRE(WinFiles().Replace(Folder() + u"\\text", "text", WriteTime::Now));
+    }
     VersionInfo& Port() override { return versionInfo_; }
     std::u16string DescribedProgram() override { return FromWide(HelperPath()); }
     std::u16string Description() override {

@@ -23,7 +23,7 @@ std::wstring Variable(const wchar_t* name) {
 void Write(const std::wstring& path, const std::wstring& text) {
     const std::string_view bytes(reinterpret_cast<const char*>(text.data()),
                                  text.size() * sizeof(wchar_t));
-    WinFiles().Replace(FromWide(path), bytes, false);
+    WinFiles().Replace(FromWide(path), bytes, WriteTime::Now);
 }
 
 void Tell(const std::wstring& text) {
@@ -33,7 +33,7 @@ void Tell(const std::wstring& text) {
 [[noreturn]] void ReplaceForever(const std::u16string& path) {
     WinFiles files;
     for (int round = 0;; ++round) {
-        files.Replace(path, std::string(HelperBytes, round % 2 == 0 ? 'a' : 'b'), true);
+        files.Replace(path, std::string(HelperBytes, round % 2 == 0 ? 'a' : 'b'), WriteTime::Keep);
         if (round == 0) Tell(L"begun");
     }
 }

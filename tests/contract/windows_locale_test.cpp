@@ -12,8 +12,8 @@ TEST_CASE("windows locale: the code page is one that single letters are kept in"
 
 TEST_CASE("windows locale: there are no other months and days") {
     for (const int number : {-1, 0, 13, 1000}) {
-        CHECK(WinLocale().MonthName(number, true).empty());
-        CHECK(WinLocale().DayName(number, false).empty());
+        CHECK(WinLocale().MonthName(number, NameLength::Long).empty());
+        CHECK(WinLocale().DayName(number, NameLength::Short).empty());
     }
-    CHECK(WinLocale().DayName(8, true).empty());
+    CHECK(WinLocale().DayName(8, NameLength::Long).empty());
 }

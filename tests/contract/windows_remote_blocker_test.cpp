@@ -30,7 +30,7 @@ std::string ReadAddress(const std::wstring& url) {
 // Returns its address.
 std::wstring PutFile(const std::wstring& path, std::string_view text = "local text") {
     REQUIRE(WinFiles().CreateFolder(FromWide(path.substr(0, path.rfind(L'\\')))));
-    REQUIRE(WinFiles().Replace(FromWide(path), text, false));
+    REQUIRE(WinFiles().Replace(FromWide(path), text, WriteTime::Now));
     return L"file:///" + path;
 }
 

@@ -62,7 +62,7 @@ TEST_CASE("windows shell: another stream of a file is not opened") {
     Registered extension(L".norvasettest", starts.Program());
     extension.IsKind(L"norvasettest.song");
     const std::u16string path = starts.Folder() + u"\\a song.norvasettest";
-    REQUIRE(WinFiles().Replace(path, "la la", false));
+    REQUIRE(WinFiles().Replace(path, "la la", WriteTime::Now));
     WinShell().OpenFile(path + u":b.norvasettest");
     WinShell().OpenFile(path);
     CHECK((starts.NextStart() == std::vector<std::u16string>{path}));

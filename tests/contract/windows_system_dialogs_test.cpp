@@ -119,7 +119,7 @@ TEST_CASE("windows dialogs: cancelled") {
 TEST_CASE("windows dialogs: a file is chosen") {
     const TemporaryFolder folder;
     const std::u16string root = FromWide(folder.path), name = u"Война и мир “1”.rtf";
-    REQUIRE(WinFiles().Replace(root + u"\\" + name, "x", false));
+    REQUIRE(WinFiles().Replace(root + u"\\" + name, "x", WriteTime::Now));
     OpenFileRequest request;
     request.title = u"Open";
     request.filter = u"Text Files (*.txt)|*.txt|Rich Text Files (*.rtf)|*.rtf|All Files (*.*)|*.*|";

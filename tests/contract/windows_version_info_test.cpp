@@ -30,7 +30,7 @@ TEST_CASE("windows version info: what a program says of itself") {
 TEST_CASE("windows version info: a file without any") {
     const TemporaryFolder folder;
     const std::u16string text = FromWide(folder.path) + u"\\a.exe";
-    REQUIRE(WinFiles().Replace(text, "MZ but no program", false));
+    REQUIRE(WinFiles().Replace(text, "MZ but no program", WriteTime::Now));
     for (const std::u16string& path :
          {text, FromWide(folder.path) + u"\\none.exe", FromWide(folder.path), std::u16string(),
           std::u16string(u"NUL"), std::u16string(u"C:\\a?b")}) {
@@ -46,6 +46,6 @@ TEST_CASE("windows version info: by a long path") {
     const std::u16string copy = deep + u"\\" + std::u16string(100, u'y') + u".exe";
     std::string bytes;
     REQUIRE(WinFiles().Read(FromWide(HelperPath()), 1u << 30, bytes) == ReadStatus::Ok);
-    REQUIRE(WinFiles().Replace(copy, bytes, false));
+    REQUIRE(WinFiles().Replace(copy, bytes, WriteTime::Now));
     CHECK(GetFileVersionString(copy, u"ProductName") == u"Helper");
 }

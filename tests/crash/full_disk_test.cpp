@@ -68,13 +68,13 @@ struct Store {
 };
 
 void CheckNothingIsWritten(Store& store) {
-    CHECK_FALSE(store.files.Replace(store.path, StateBytes(2), false));
+    CHECK_FALSE(store.files.Replace(store.path, StateBytes(2), WriteTime::Now));
     WriteState(store.ini, 2);
     SUBCASE("each key by itself") {
         IniWriteString(store.ini, StateSection, u"key7", u"2");
     }
     SUBCASE("keeping the time") {
-        IniWriteString(store.ini, StateSection, u"key7", u"2", true);
+        IniWriteString(store.ini, StateSection, u"key7", u"2", WriteTime::Keep);
     }
     CHECK((store.Bytes() == StateBytes(1)));
     CHECK(store.ini.Trouble() == IniTrouble::NotWritten);
@@ -104,7 +104,7 @@ void CheckFullDisk(std::size_t free) {
         return;
     }
     Store store{folder.path};
-    REQUIRE(store.files.Replace(store.path, StateBytes(1), false));
+    REQUIRE(store.files.Replace(store.path, StateBytes(1), WriteTime::Now));
     {
         std::ofstream filler(folder.path + "/filler", std::ios::binary);
         filler << std::string(size - StateBytes(1).size() - free, 'x');
@@ -121,7 +121,7 @@ void CheckFullDisk(std::size_t free) {
 TEST_CASE("over a file size limit nothing is written and nothing is lost") {
     const TemporaryFolder folder;
     Store store{folder.path};
-    REQUIRE(store.files.Replace(store.path, StateBytes(1), false));
+    REQUIRE(store.files.Replace(store.path, StateBytes(1), WriteTime::Now));
     {
         const FileSizeLimit limit(64 * 1024);
         CheckNothingIsWritten(store);

@@ -58,10 +58,10 @@ TEST_CASE("killed at any moment, the data file holds one whole state") {
     const std::u16string path = PathFromNative(folder.path + "/Norvaset.dat");
     SharedNumber written;
     PosixFiles files;
-    REQUIRE(files.Replace(path, StateBytes(0), false));
+    REQUIRE(files.Replace(path, StateBytes(0), WriteTime::Now));
 
     const auto start = Time::now();
-    REQUIRE(files.Replace(path, StateBytes(0), false));
+    REQUIRE(files.Replace(path, StateBytes(0), WriteTime::Now));
     const double oneWrite = std::chrono::duration<double>(Time::now() - start).count();
     std::mt19937 random(std::random_device{}());
     std::uniform_real_distribution<double> delay(0, 4 * oneWrite);
@@ -92,6 +92,6 @@ TEST_CASE("killed at any moment, the data file holds one whole state") {
     CHECK(written.Value() > 0);
 
     PosixFiles fresh;
-    CHECK(fresh.Replace(path, "last", false));
+    CHECK(fresh.Replace(path, "last", WriteTime::Now));
     CHECK(FilesIn(folder.path) == 1);
 }

@@ -164,11 +164,11 @@ TEST_CASE("ini file: the last-write time") {
 
     IniWriteString(store.ini, u"s", u"a", u"1");
     CHECK(stamp() == before);
-    IniWriteString(store.ini, u"s", u"a", u"2", true);
+    IniWriteString(store.ini, u"s", u"a", u"2", WriteTime::Keep);
     CHECK(store.Bytes() == "[s]\r\na=2\r\n");
     CHECK(stamp() == before);
-    IniWriteString(store.ini, u"s", u"e", u"", true);
-    IniWriteNumber(store.ini, u"s", u"n", 3, true);
+    IniWriteString(store.ini, u"s", u"e", u"", WriteTime::Keep);
+    IniWriteNumber(store.ini, u"s", u"n", 3, WriteTime::Keep);
     CHECK(stamp() == before);
     IniWriteString(store.ini, u"s", u"a", u"3");
     CHECK(stamp() == store.clock.Now());
@@ -359,10 +359,10 @@ TEST_CASE("ini file: a batch is one write") {
     store.clock.Advance(std::chrono::hours(1));
     {
         IniBatch batch(store.ini);
-        IniWriteString(store.ini, u"s", u"a", u"2", true);
+        IniWriteString(store.ini, u"s", u"a", u"2", WriteTime::Keep);
         {
             IniBatch inner(store.ini);
-            IniWriteNumber(store.ini, u"s", u"b", 3, true);
+            IniWriteNumber(store.ini, u"s", u"b", 3, WriteTime::Keep);
             CHECK(IniReadNumber(store.ini, u"s", u"b") == 3);
             CHECK(inner.Commit());
         }
@@ -374,9 +374,9 @@ TEST_CASE("ini file: a batch is one write") {
     CHECK(store.files.Find(store.path)->lastWrite == before);
     {
         IniBatch batch(store.ini);
-        IniWriteString(store.ini, u"s", u"a", u"3", true);
+        IniWriteString(store.ini, u"s", u"a", u"3", WriteTime::Keep);
         IniWriteString(store.ini, u"s", u"b", u"4");
-        IniWriteString(store.ini, u"s", u"c", u"5", true);
+        IniWriteString(store.ini, u"s", u"c", u"5", WriteTime::Keep);
         CHECK(batch.Commit());
     }
     CHECK(store.files.Find(store.path)->lastWrite == store.clock.Now());
@@ -390,7 +390,7 @@ TEST_CASE("ini file: a batch is one write") {
     }
     CHECK(store.Writes() == 2);
     store.ini.SetSection(KeepTime, u"s", {u"a=3"});
-    CHECK(store.files.replaceCalls.back().keepFileTime);
+    CHECK(store.files.replaceCalls.back().time == WriteTime::Keep);
     CHECK(store.Bytes() == "[s]\r\na=3\r\n");
 }
 

@@ -44,8 +44,8 @@ std::string_view CharacterLocale() {
     return {};
 }
 
-QLocale::FormatType NameFormat(bool full) {
-    return full ? QLocale::LongFormat : QLocale::ShortFormat;
+QLocale::FormatType NameFormat(NameLength length) {
+    return length == NameLength::Long ? QLocale::LongFormat : QLocale::ShortFormat;
 }
 
 } // namespace
@@ -67,11 +67,11 @@ int QtLocale::AnsiCodePage() const {
     return AnsiCodePageOf(CharacterLocale());
 }
 
-std::u16string QtLocale::MonthName(int month, bool full) const {
-    return FromQt(QLocale::system().monthName(month, NameFormat(full)));
+std::u16string QtLocale::MonthName(int month, NameLength length) const {
+    return FromQt(QLocale::system().monthName(month, NameFormat(length)));
 }
 
-std::u16string QtLocale::DayName(int weekday, bool full) const {
+std::u16string QtLocale::DayName(int weekday, NameLength length) const {
     const int qtWeekday = weekday == 1 ? 7 : weekday - 1; // Monday is 1
-    return FromQt(QLocale::system().dayName(qtWeekday, NameFormat(full)));
+    return FromQt(QLocale::system().dayName(qtWeekday, NameFormat(length)));
 }

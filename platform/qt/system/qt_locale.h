@@ -8,8 +8,8 @@
 class QtLocale final : public Locale {
   public:
     int AnsiCodePage() const override;
-    std::u16string MonthName(int month, bool full) const override;
-    std::u16string DayName(int weekday, bool full) const override;
+    std::u16string MonthName(int month, NameLength) const override;
+    std::u16string DayName(int weekday, NameLength) const override;
 };
 
 // The ANSI code page that Windows uses for a locale in POSIX notation ("ru_RU.UTF-8",

@@ -106,11 +106,11 @@ bool WriteAll(HANDLE file, std::string_view bytes) {
     return true;
 }
 
-bool CopyAttributes(HANDLE file, const OldFile& old, bool keepFileTime) {
+bool CopyAttributes(HANDLE file, const OldFile& old, WriteTime time) {
     WriteDacl(file, old.dacl);  // without WRITE_DAC the folder's inherited entries apply
     FILE_BASIC_INFO basic = {}; // a time of 0 is not changed
     basic.CreationTime = old.basic.CreationTime;
-    if (keepFileTime) basic.LastWriteTime = old.basic.LastWriteTime;
+    if (time == WriteTime::Keep) basic.LastWriteTime = old.basic.LastWriteTime;
     constexpr DWORD copied = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN |
                              FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
     basic.FileAttributes = (old.basic.FileAttributes & copied) | FILE_ATTRIBUTE_ARCHIVE;
@@ -118,13 +118,13 @@ bool CopyAttributes(HANDLE file, const OldFile& old, bool keepFileTime) {
 }
 
 bool WriteTemporary(const std::wstring& path, std::string_view bytes, const OldFile* old,
-                    bool keepFileTime) {
+                    WriteTime time) {
     WinHandle file(CreateFileW(path.c_str(), GENERIC_WRITE | READ_CONTROL | WRITE_DAC,
                                FILE_SHARE_READ, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL,
                                nullptr));
     if (!file.IsOpen()) return false;
     const bool written = WriteAll(file.Get(), bytes) &&
-                         (!old || CopyAttributes(file.Get(), *old, keepFileTime)) &&
+                         (!old || CopyAttributes(file.Get(), *old, time)) &&
                          FlushFileBuffers(file.Get()) && file.Close();
     file.Close();
     if (!written) Remove(path);
@@ -175,7 +175,7 @@ std::optional<std::wstring> FollowLink(const std::wstring& path) {
 
 } // namespace
 
-bool ReplaceInOneStep(const std::wstring& path, std::string_view bytes, bool keepFileTime) {
+bool ReplaceInOneStep(const std::wstring& path, std::string_view bytes, WriteTime time) {
     const auto target = FollowLink(path);
     if (!target) return false;
     const auto old = QueryOldFile(*target);
@@ -183,7 +183,7 @@ bool ReplaceInOneStep(const std::wstring& path, std::string_view bytes, bool kee
     if (old && (old->basic.FileAttributes & FILE_ATTRIBUTE_DIRECTORY)) return false;
 
     const std::wstring temporary = TemporaryName(*target);
-    if (!WriteTemporary(temporary, bytes, old ? &*old : nullptr, keepFileTime)) return false;
+    if (!WriteTemporary(temporary, bytes, old ? &*old : nullptr, time)) return false;
     if (old ? RenameOver(temporary, *target, *old) : Rename(temporary, *target)) return true;
     Remove(temporary);
     return false;

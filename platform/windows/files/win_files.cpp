@@ -116,11 +116,11 @@ bool WinFiles::MayReplace(const std::u16string& path) const {
     return file.IsOpen() || GetLastError() != ERROR_ACCESS_DENIED;
 }
 
-bool WinFiles::Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) {
+bool WinFiles::Replace(const std::u16string& path, std::string_view bytes, WriteTime time) {
     const auto native = NativePath(path);
     if (!native) return false;
     if (replaced_.insert(*native).second) RemoveLeftovers(*native);
-    return ReplaceInOneStep(*native, bytes, keepFileTime);
+    return ReplaceInOneStep(*native, bytes, time);
 }
 
 std::optional<DateTime> WinFiles::Time(const std::u16string& path, FileTime which) const {

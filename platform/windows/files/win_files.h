@@ -27,7 +27,7 @@ class WinFiles final : public Files {
                          std::string& bytes) const override;
     std::unique_ptr<FileReader> Open(const std::u16string& path, ReadStatus&) const override;
     bool MayReplace(const std::u16string& path) const override;
-    bool Replace(const std::u16string& path, std::string_view bytes, bool keepFileTime) override;
+    bool Replace(const std::u16string& path, std::string_view bytes, WriteTime time) override;
     std::optional<DateTime> Time(const std::u16string& path, FileTime) const override;
     bool SetTime(const std::u16string& path, const DateTime& local, FileTime) override;
 

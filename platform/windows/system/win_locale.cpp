@@ -33,17 +33,20 @@ int WinLocale::AnsiCodePage() const {
 }
 
 // Genitive where the language has one: "1 января", not "январь".
-std::u16string WinLocale::MonthName(int month, bool full) const {
+std::u16string WinLocale::MonthName(int month, NameLength length) const {
     if (month < 1 || month > 12) return {};
     const auto index = static_cast<DWORD>(month - 1);
-    const CALTYPE inCalendar = (full ? CAL_SMONTHNAME1 : CAL_SABBREVMONTHNAME1) + index;
-    const LCTYPE inLocale = (full ? LOCALE_SMONTHNAME1 : LOCALE_SABBREVMONTHNAME1) + index;
+    const CALTYPE inCalendar =
+        (length == NameLength::Long ? CAL_SMONTHNAME1 : CAL_SABBREVMONTHNAME1) + index;
+    const LCTYPE inLocale =
+        (length == NameLength::Long ? LOCALE_SMONTHNAME1 : LOCALE_SABBREVMONTHNAME1) + index;
     const std::u16string name = CalendarName(inCalendar | CAL_RETURN_GENITIVE_NAMES);
     return name.empty() ? LocaleName(inLocale) : name; // a locale without the Gregorian calendar
 }
 
-std::u16string WinLocale::DayName(int weekday, bool full) const {
+std::u16string WinLocale::DayName(int weekday, NameLength length) const {
     if (weekday < 1 || weekday > 7) return {};
     const auto fromMonday = static_cast<DWORD>((weekday + 5) % 7);
-    return LocaleName((full ? LOCALE_SDAYNAME1 : LOCALE_SABBREVDAYNAME1) + fromMonday);
+    return LocaleName((length == NameLength::Long ? LOCALE_SDAYNAME1 : LOCALE_SABBREVDAYNAME1) +
+                      fromMonday);
 }

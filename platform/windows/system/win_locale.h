@@ -6,6 +6,6 @@
 class WinLocale final : public Locale {
   public:
     int AnsiCodePage() const override;
-    std::u16string MonthName(int month, bool full) const override;
-    std::u16string DayName(int weekday, bool full) const override;
+    std::u16string MonthName(int month, NameLength) const override;
+    std::u16string DayName(int weekday, NameLength) const override;
 };

@@ -112,11 +112,12 @@ class QtRegistryUnderTest final : public RegistryUnderTest {
 class QtLocaleUnderTest final : public LocaleUnderTest {
   public:
     Locale& Port() override { return locale_; }
-    std::u16string MonthInDate(int month, bool full) override {
-        return InDate(QDate(2026, month, 15), full ? "MMMM" : "MMM");
+    std::u16string MonthInDate(int month, NameLength length) override {
+        return InDate(QDate(2026, month, 15), length == NameLength::Long ? "MMMM" : "MMM");
     }
-    std::u16string DayInDate(int weekday, bool full) override {
-        return InDate(QDate(2026, 2, weekday), full ? "dddd" : "ddd"); // the 1st is a Sunday
+    std::u16string DayInDate(int weekday, NameLength length) override {
+        return InDate(QDate(2026, 2, weekday),
+                      length == NameLength::Long ? "dddd" : "ddd"); // the 1st is a Sunday
     }
 
   private:
