@@ -78,7 +78,7 @@ struct MainForm {
 
     std::vector<std::u16string> handedOver; // books of later starts, while a command runs
 
-    bool ProfileSwitching = false; // start-up's first switch into a profile
+    bool ProfileSwitching = false; // a profile is being entered from the data file
     bool ProfileChanging = false;  // a switch into a profile is running
     bool Refreshing = false;       // the shown book is being reloaded
     bool OpeningBook = false;      // a book from outside the list is being shown
