@@ -9,7 +9,6 @@
 #include <algorithm>
 
 namespace {
-constexpr TextPos maxMarkLength = 80;
 constexpr TextPos standardLength = 81; // of a mark without a fitting selection
 
 TextPos StartOf(const std::u16string& tag) {

@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+constexpr TextPos maxMarkLength = 80;
+
 struct Bookmarks {
     MenuArray& list;       // ascending; one item without a tag when there are none
     MenuArray& deleteList; // the same captions, in the submenu

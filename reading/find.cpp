@@ -4,24 +4,13 @@
 #include "common/text.h"
 #include "reading/caret.h"
 #include "reading/hourglass.h"
+#include "reading/stored_text.h"
 
 #include <algorithm>
 
 namespace {
 constexpr std::size_t maxSearches = 20;
 constexpr TextPos maxSearchLength = 64 * 1024; // taken from the selection
-
-// "|" separates searches, so one inside a search is stored as a reference, as is what a line cannot
-// hold, and quotes, which around the value would not be part of it.
-std::u16string Stored(const std::u16string& search) {
-    constexpr std::u16string_view special = u"|&\"'";
-    std::u16string stored;
-    for (const char16_t unit : search) {
-        const bool plain = unit > u' ' && special.find(unit) == special.npos;
-        stored += plain ? std::u16string(1, unit) : u"&#" + NumberText(unit) + u";";
-    }
-    return stored;
-}
 
 // Where the view counts a right-to-left line from its other end, the highlight moves onto the
 // match.
@@ -41,7 +30,7 @@ void RememberSearch(FindState& find) {
 std::u16string StoredSearches(const std::vector<std::u16string>& history) {
     std::vector<std::u16string> stored;
     for (const std::u16string& search : history)
-        stored.push_back(Stored(search));
+        stored.push_back(StoredText(search, StoredBlanks::AsReferences));
     return Join(stored, u"|");
 }
 

@@ -6,8 +6,6 @@
 #include <algorithm>
 
 namespace {
-constexpr TextPos maxMarkLength = 80;
-
 // What is marked, before it is known how much text is there; nothing without an answer.
 std::optional<PageSpan> SpanToMark(HtmlView& html) {
     const PageSelection selection = html.Selection();

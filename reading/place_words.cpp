@@ -4,6 +4,7 @@
 #include "common/text.h"
 #include "common/unicode.h"
 #include "common/utf.h"
+#include "reading/stored_text.h"
 
 #include <algorithm>
 
@@ -40,27 +41,10 @@ PlaceWords WordsAround(const TextSource& text, TextPos place) {
     return words;
 }
 
-namespace {
-// "|" is the place, a reference stands for what a line cannot hold, and blanks at the ends and
-// quotes around a value would not be part of it.
-std::u16string Stored(std::u16string_view words) {
-    constexpr std::u16string_view special = u"|&\"'";
-    std::u16string stored;
-    for (std::size_t i = 0; i < words.size(); ++i) {
-        const char16_t unit = words[i];
-        const bool inside = i > 0 && i + 1 < words.size();
-        const bool plain = unit > u' ' && special.find(unit) == special.npos;
-        if (plain || (unit == u' ' && inside))
-            stored += unit;
-        else
-            stored += u"&#" + NumberText(unit) + u";";
-    }
-    return stored;
-}
-} // namespace
-
 std::u16string StoredWords(const PlaceWords& words) {
-    return Stored(words.before) + u'|' + Stored(words.after);
+    // "|" is the place.
+    return StoredText(words.before, StoredBlanks::InnerAsTheyAre) + u'|' +
+           StoredText(words.after, StoredBlanks::InnerAsTheyAre);
 }
 
 std::optional<PlaceWords> ParseWords(std::u16string_view stored) {
