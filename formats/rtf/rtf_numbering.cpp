@@ -1,5 +1,7 @@
 #include "formats/rtf/rtf_numbering.h"
 
+#include "common/roman_numerals.h"
+#include "common/text.h"
 #include "formats/rtf/rtf_limits.h"
 #include "formats/rtf/rtf_symbols.h"
 
@@ -7,41 +9,19 @@
 
 namespace {
 
-std::u16string DecimalText(std::int32_t number) {
-    const std::string digits = std::to_string(number);
-    return {digits.begin(), digits.end()};
-}
-
-std::u16string RomanText(std::int32_t number, bool isUpper) {
-    constexpr std::int32_t largest = 3999;
-    if (number <= 0 || number > largest) return DecimalText(number);
-    constexpr struct {
-        std::int32_t value;
-        std::u16string_view upper, lower;
-    } digits[] = {{1000, u"M", u"m"}, {900, u"CM", u"cm"}, {500, u"D", u"d"}, {400, u"CD", u"cd"},
-                  {100, u"C", u"c"},  {90, u"XC", u"xc"},  {50, u"L", u"l"},  {40, u"XL", u"xl"},
-                  {10, u"X", u"x"},   {9, u"IX", u"ix"},   {5, u"V", u"v"},   {4, u"IV", u"iv"},
-                  {1, u"I", u"i"}};
-    std::u16string text;
-    for (const auto& digit : digits)
-        for (; number >= digit.value; number -= digit.value)
-            text += isUpper ? digit.upper : digit.lower;
-    return text;
-}
-
 // After z follows aa, then bb.
 std::u16string LetterText(std::int32_t number, char16_t first) {
     constexpr std::int32_t letters = 26, mostInRow = 8;
-    if (number <= 0 || number > letters * mostInRow) return DecimalText(number);
+    if (number <= 0 || number > letters * mostInRow) return NumberText(number);
     return std::u16string(static_cast<std::size_t>((number - 1) / letters + 1),
                           static_cast<char16_t>(first + (number - 1) % letters));
 }
 
 std::u16string TextOf(RtfNumberKind kind, std::int32_t number) {
     switch (kind) {
-    case RtfNumberKind::Decimal: return DecimalText(number);
-    case RtfNumberKind::UpperRoman: return RomanText(number, true);
-    case RtfNumberKind::LowerRoman: return RomanText(number, false);
+    case RtfNumberKind::Decimal: return NumberText(number);
+    case RtfNumberKind::UpperRoman: return UpperRoman(number);
+    case RtfNumberKind::LowerRoman: return LowerRoman(number);
     case RtfNumberKind::UpperLetter: return LetterText(number, u'A');
     case RtfNumberKind::LowerLetter: return LetterText(number, u'a');
     default: return {};

@@ -1,33 +1,18 @@
 #include "view/page/list_marker.h"
 
+#include "common/roman_numerals.h"
 #include "common/text.h"
 
 #include <algorithm>
 #include <string_view>
 
 namespace {
-constexpr int maxRoman = 3999;
-
 // a to z, then aa: no letter is a zero.
 std::u16string Letters(int number, std::u16string_view letters) {
     const int count = int(letters.size());
     std::u16string text;
     for (; number > 0; number = (number - 1) / count)
         text.insert(text.begin(), letters[std::size_t((number - 1) % count)]);
-    return text;
-}
-
-std::u16string Roman(int number) {
-    constexpr struct {
-        int value;
-        std::u16string_view text;
-    } parts[] = {{1000, u"m"}, {900, u"cm"}, {500, u"d"}, {400, u"cd"}, {100, u"c"},
-                 {90, u"xc"},  {50, u"l"},   {40, u"xl"}, {10, u"x"},   {9, u"ix"},
-                 {5, u"v"},    {4, u"iv"},   {1, u"i"}};
-    std::u16string text;
-    for (const auto& part : parts)
-        for (; number >= part.value; number -= part.value)
-            text += part.text;
     return text;
 }
 
@@ -40,7 +25,7 @@ std::u16string Upper(std::u16string text) {
 std::u16string Number(CssListStyleType type, int number) {
     constexpr std::u16string_view latin = u"abcdefghijklmnopqrstuvwxyz";
     constexpr std::u16string_view greek = u"αβγδεζηθικλμνξοπρστυφχψω";
-    const bool positive = number > 0, roman = positive && number <= maxRoman;
+    const bool positive = number > 0;
     switch (type) {
     case CssListStyleType::LowerAlpha:
         return positive ? Letters(number, latin) : NumberText(number);
@@ -48,8 +33,8 @@ std::u16string Number(CssListStyleType type, int number) {
         return positive ? Upper(Letters(number, latin)) : NumberText(number);
     case CssListStyleType::LowerGreek:
         return positive ? Letters(number, greek) : NumberText(number);
-    case CssListStyleType::LowerRoman: return roman ? Roman(number) : NumberText(number);
-    case CssListStyleType::UpperRoman: return roman ? Upper(Roman(number)) : NumberText(number);
+    case CssListStyleType::LowerRoman: return LowerRoman(number);
+    case CssListStyleType::UpperRoman: return UpperRoman(number);
     case CssListStyleType::DecimalLeadingZero:
         return (number >= 0 && number < 10 ? u"0" : u"") + NumberText(number);
     default: return NumberText(number);
