@@ -31,6 +31,19 @@ inline int Bottom(const Rect& box) {
     return box.top + box.height;
 }
 
+// The least that holds both.
+inline Rect Joined(const Rect& a, const Rect& b) {
+    const int left = std::min(a.left, b.left), top = std::min(a.top, b.top);
+    return {left, top, std::max(Right(a), Right(b)) - left, std::max(Bottom(a), Bottom(b)) - top};
+}
+
+// Without width or height where they do not intersect.
+inline Rect Intersection(const Rect& a, const Rect& b) {
+    const int left = std::max(a.left, b.left), top = std::max(a.top, b.top);
+    return {left, top, std::max(0, std::min(Right(a), Right(b)) - left),
+            std::max(0, std::min(Bottom(a), Bottom(b)) - top)};
+}
+
 inline Rect Moved(Rect box, Point by) {
     return {box.left + by.x, box.top + by.y, box.width, box.height};
 }

@@ -33,18 +33,6 @@ void ForEachShownLine(TextPane& pane, Take take) {
     }
 }
 
-Rect Joined(const Rect& a, const Rect& b) {
-    const int left = std::min(a.left, b.left), top = std::min(a.top, b.top);
-    return {left, top, std::max(Right(a), Right(b)) - left, std::max(Bottom(a), Bottom(b)) - top};
-}
-
-// Empty where they do not intersect.
-Rect Intersection(const Rect& a, const Rect& b) {
-    const int left = std::max(a.left, b.left), top = std::max(a.top, b.top);
-    return {left, top, std::max(0, std::min(Right(a), Right(b)) - left),
-            std::max(0, std::min(Bottom(a), Bottom(b)) - top)};
-}
-
 Rect BoxOf(const ShownLine& shown, TextSpan part) {
     const ParagraphLayout& paragraph = shown.layout.paragraphs[shown.line.paragraph];
     Rect box = CharacterBox(shown.layout, part.start);

@@ -1,18 +1,10 @@
 // What the headless line layout draws.
 #include "platform/none/none_canvas.h"
 #include "platform/none/none_text_lines.h"
+#include "view/geometry.h"
 
 #include <algorithm>
 #include <cmath>
-
-namespace {
-Rect Intersection(const Rect& a, const Rect& b) {
-    const int left = std::max(a.left, b.left), top = std::max(a.top, b.top);
-    const int right = std::min(a.left + a.width, b.left + b.width),
-              bottom = std::min(a.top + a.height, b.top + b.height);
-    return {left, top, std::max(0, right - left), std::max(0, bottom - top)};
-}
-} // namespace
 
 void NoneTextLines::FillBackgrounds(Canvas& canvas, const NoneLine& line, int left, int baseline,
                                     const Rect& clip) const {

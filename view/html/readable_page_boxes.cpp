@@ -6,14 +6,7 @@
 namespace {
 // The part of the box that is in the view; empty where none is.
 Rect Within(const Rect& box, Size view) {
-    const int left = std::clamp(box.left, 0, view.width), top = std::clamp(box.top, 0, view.height);
-    return {left, top, std::clamp(Right(box), left, view.width) - left,
-            std::clamp(Bottom(box), top, view.height) - top};
-}
-
-Rect Joined(const Rect& a, const Rect& b) {
-    const int left = std::min(a.left, b.left), top = std::min(a.top, b.top);
-    return {left, top, std::max(Right(a), Right(b)) - left, std::max(Bottom(a), Bottom(b)) - top};
+    return Intersection(box, {0, 0, view.width, view.height});
 }
 
 // With the corner of its zone. Where the picture is missing its place is that of its alternative

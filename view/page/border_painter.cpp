@@ -49,15 +49,9 @@ void PaintSide(const BoxPaint& paint, const Side& side, CssBorderStyle style, Cs
 }
 } // namespace
 
-Rect Clipped(const Rect& box, const Rect& clip) {
-    const int left = std::max(box.left, clip.left), top = std::max(box.top, clip.top);
-    return {left, top, std::min(Right(box), Right(clip)) - left,
-            std::min(Bottom(box), Bottom(clip)) - top};
-}
-
 void FillBox(const BoxPaint& paint, const Rect& box, CssColor color) {
     if (!IsDrawn(color)) return;
-    const Rect seen = Clipped(box, paint.clip);
+    const Rect seen = Intersection(box, paint.clip);
     if (seen.width > 0 && seen.height > 0) paint.canvas.FillRect(seen, color.Bgr());
 }
 

@@ -11,7 +11,6 @@ struct BoxPaint {
     bool backgrounds = true;
 };
 
-Rect Clipped(const Rect& box, const Rect& clip);
 void FillBox(const BoxPaint& paint, const Rect& box, CssColor color);
 // Within the box, on the sides that are shown: a box that goes on elsewhere has none there.
 void PaintBorders(const BoxPaint& paint, const CssBoxStyle& style, const Rect& box,

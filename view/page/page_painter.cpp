@@ -68,7 +68,7 @@ class FragmentPainter {
                           {.text = paint_.text, .clip = paint_.clip, .without = without});
         if (region.empty()) return;
         for (const Rect& box : region)
-            canvas_.FillRect(Clipped(box, paint_.clip), paint_.selection.background);
+            canvas_.FillRect(Intersection(box, paint_.clip), paint_.selection.background);
         piece.lines->Draw(canvas_, line.line, x, baseline,
                           {.text = paint_.selection.text,
                            .oneColor = true,
@@ -113,7 +113,7 @@ class FragmentPainter {
             Pixels(left + picture.left, top + picture.top, picture.width, picture.height);
         if (!Intersect(box, paint_.clip) || IsHidden(paint_.boxes[picture.box])) return;
         if (paint_.drawPicture && paint_.drawPicture(canvas_, picture.box, box)) return;
-        const Rect seen = Clipped(box, paint_.clip);
+        const Rect seen = Intersection(box, paint_.clip);
         canvas_.TintRect(seen, missingPicture);
     }
 
