@@ -2,6 +2,7 @@
 
 #include "common/find_text.h"
 #include "common/unicode.h"
+#include "common/utf.h"
 
 #include <algorithm>
 
@@ -36,7 +37,7 @@ std::u16string HeadingText(std::u16string_view text) {
         else if (!line.empty() && line.back() != u' ')
             line += u' ';
     }
-    if (!line.empty() && (line.back() & 0xFC00) == 0xD800) line.pop_back(); // half a pair
+    if (!line.empty() && IsHighSurrogate(line.back())) line.pop_back(); // half a pair
     while (!line.empty() && line.back() == u' ')
         line.pop_back();
     return line;

@@ -1,5 +1,6 @@
 #include "view/page/first_letter.h"
 
+#include "common/utf.h"
 #include "formats/html/html_units.h"
 
 #include <algorithm>
@@ -30,10 +31,6 @@ std::size_t BehindPunctuation(std::u16string_view text, std::size_t at) {
 
 bool IsCombiningMark(char16_t unit) {
     return unit >= 0x300 && unit <= 0x36F;
-}
-
-bool IsHighSurrogate(char16_t unit) {
-    return unit >= 0xD800 && unit <= 0xDBFF;
 }
 } // namespace
 

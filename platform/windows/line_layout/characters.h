@@ -1,15 +1,15 @@
 // Characters of a text that layout treats alike in every script.
 #pragma once
 
+#include "common/utf.h"
+
 #include <string_view>
 
 // Of a unit that is no half of a pair, the unit itself.
 inline char32_t CharacterAt(std::wstring_view text, std::size_t at) {
-    const char32_t high = text[at];
-    if (high < 0xD800 || high > 0xDBFF || at + 1 >= text.size()) return high;
-    const char32_t low = text[at + 1];
-    if (low < 0xDC00 || low > 0xDFFF) return high;
-    return 0x10000 + ((high - 0xD800) << 10) + (low - 0xDC00);
+    const char16_t units[] = {static_cast<char16_t>(text[at]),
+                              at + 1 < text.size() ? static_cast<char16_t>(text[at + 1]) : u'\0'};
+    return FirstCharacter({units, 2});
 }
 
 // Neither seen nor shaped. Most fonts lack them, and some show a box.

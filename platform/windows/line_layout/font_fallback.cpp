@@ -1,5 +1,6 @@
 #include "platform/windows/line_layout/font_fallback.h"
 
+#include "common/utf.h"
 #include "platform/windows/line_layout/installed_families.h"
 #include "platform/windows/line_layout/script_families.h"
 
@@ -13,9 +14,8 @@ constexpr LONG probeHeight = -16;
 
 bool ShapesPair(HDC context, ShapingFont& font, char32_t character) {
     const Uniscribe* const uniscribe = LoadUniscribe();
-    const auto offset = character - 0x10000;
-    const wchar_t pair[] = {static_cast<wchar_t>(0xD800 + (offset >> 10)),
-                            static_cast<wchar_t>(0xDC00 + (offset & 0x3FF))};
+    const wchar_t pair[] = {static_cast<wchar_t>(HighSurrogateOf(character)),
+                            static_cast<wchar_t>(LowSurrogateOf(character))};
     constexpr int maxGlyphs = 16;
     SCRIPT_ITEM items[3] = {};
     WORD glyphs[maxGlyphs] = {}, clusters[2] = {};

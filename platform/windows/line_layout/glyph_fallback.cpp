@@ -20,7 +20,7 @@ char32_t LackingCharacter(WinFonts& fonts, const TextUnits& text, const GlyphRun
                           std::size_t start, std::size_t end) {
     for (std::size_t at = start; at < end; ++at) {
         const char32_t character = CharacterAt(text.text, at);
-        const bool low = character >= 0xDC00 && character <= 0xDFFF;
+        const bool low = IsLowSurrogate(static_cast<char16_t>(text.text[at]));
         if (!low && !IsIgnorable(character) && !IsInFont(fonts, run.font, character))
             return character;
     }

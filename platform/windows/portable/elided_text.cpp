@@ -1,10 +1,8 @@
 #include "platform/windows/portable/elided_text.h"
 
-namespace {
-bool IsLowSurrogate(char16_t unit) {
-    return unit >= 0xDC00 && unit <= 0xDFFF;
-}
+#include "common/utf.h"
 
+namespace {
 // With `kept` units of the text or one or two less.
 std::u16string Elided(std::u16string_view text, std::size_t kept) {
     std::size_t head = (kept + 1) / 2, tail = text.size() - kept / 2;
