@@ -1,6 +1,8 @@
 // What a unit of a page's or a sheet's source is for the tokenizers.
 #pragma once
 
+#include "common/hex_digits.h"
+
 #include <string_view>
 
 constexpr bool IsHtmlSpace(char16_t unit) {
@@ -27,12 +29,6 @@ constexpr bool IsAsciiAlphanumeric(char16_t unit) {
 
 constexpr char16_t AsciiLower(char16_t unit) {
     return IsAsciiUpper(unit) ? static_cast<char16_t>(unit | 0x20) : unit;
-}
-
-constexpr int HexDigitOf(char16_t unit) { // -1 for none
-    if (IsAsciiDigit(unit)) return unit - u'0';
-    const char16_t lower = AsciiLower(unit);
-    return lower >= u'a' && lower <= u'f' ? lower - u'a' + 10 : -1;
 }
 
 // `lower` is in small letters.

@@ -1,5 +1,7 @@
 #include "formats/rtf/rtf_tokenizer.h"
 
+#include "common/hex_digits.h"
+
 #include <array>
 #include <limits>
 
@@ -25,12 +27,8 @@ constexpr auto endsText = [] {
 
 constexpr auto hexDigits = [] {
     std::array<signed char, 256> table{};
-    for (auto& value : table)
-        value = -1;
-    for (std::size_t i = 0; i < 10; ++i)
-        table['0' + i] = static_cast<signed char>(i);
-    for (std::size_t i = 0; i < 6; ++i)
-        table['a' + i] = table['A' + i] = static_cast<signed char>(10 + i);
+    for (std::size_t i = 0; i < table.size(); ++i)
+        table[i] = static_cast<signed char>(HexDigitOf(static_cast<char16_t>(i)));
     return table;
 }();
 

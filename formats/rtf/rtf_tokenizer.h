@@ -41,5 +41,5 @@ class RtfTokenizer {
     const char* end_;
 };
 
-// The value of a hexadecimal digit, -1 for any other byte.
+// `HexDigitOf` by a table: pictures have millions of digits.
 int HexDigit(unsigned char byte);

@@ -1,5 +1,7 @@
 #include "platform/qt/file_url.h"
 
+#include "common/hex_digits.h"
+
 #include <algorithm>
 
 namespace {
@@ -13,19 +15,14 @@ std::string ToLower(std::string_view text) {
     return lower;
 }
 
-int HexDigit(char character) {
-    if (character >= '0' && character <= '9') return character - '0';
-    const char lower = ToLower(character);
-    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
-
 std::string DecodePercents(std::string_view text) {
     std::string bytes;
+    const auto digit = [text](std::size_t at) {
+        return at < text.size() ? HexDigitOf(static_cast<unsigned char>(text[at])) : -1;
+    };
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool escaped = text[i] == '%' && i + 2 < text.size() && HexDigit(text[i + 1]) >= 0 &&
-                             HexDigit(text[i + 2]) >= 0;
-        bytes += escaped ? static_cast<char>(HexDigit(text[i + 1]) * 16 + HexDigit(text[i + 2]))
-                         : text[i];
+        const bool escaped = text[i] == '%' && digit(i + 1) >= 0 && digit(i + 2) >= 0;
+        bytes += escaped ? static_cast<char>(digit(i + 1) * 16 + digit(i + 2)) : text[i];
         i += escaped ? 2 : 0;
     }
     return bytes;
