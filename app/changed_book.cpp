@@ -19,19 +19,7 @@ bool SameContent(const FileVersion& a, const FileVersion& b) {
     return a.size == b.size && a.lastWrite == b.lastWrite;
 }
 
-std::string FirstBytes(const FileReader& file) {
-    std::string bytes(16, '\0');
-    bytes.resize(file.ReadAt(0, bytes.data(), bytes.size()));
-    return bytes;
-}
-
-std::string LastBytes(const FileReader& file) {
-    constexpr std::uint64_t count = 1024;
-    const std::uint64_t size = file.Size();
-    std::string bytes(static_cast<std::size_t>(std::min(count, size)), '\0');
-    bytes.resize(file.ReadAt(size - bytes.size(), bytes.data(), bytes.size()));
-    return bytes;
-}
+constexpr std::uint64_t firstBytes = 16, lastBytes = 1024; // looked at
 
 // Behind the last character that is whole; nothing of a sequence alone.
 std::string_view LastSequence(std::string_view bytes) {
@@ -63,8 +51,10 @@ bool IsTruncatedTag(std::string_view last) {
 bool LooksHalfWritten(const MainForm& form, const BookContent& content) {
     if (!content.plainText) return !Trim(std::string_view(content.richText)).ends_with('}');
     const FileReader& file = *content.plainText;
-    const std::string first = FirstBytes(file), last = LastBytes(file);
-    if (first.empty() || last.empty() || IsTruncatedUtf16(first, last, file.Size())) return true;
+    const std::uint64_t size = file.Size();
+    const std::string first = BytesAt(file, 0, firstBytes),
+                      last = BytesAt(file, size - std::min(size, lastBytes), lastBytes);
+    if (first.empty() || last.empty() || IsTruncatedUtf16(first, last, size)) return true;
     if (IsPageShown(form) && IsTruncatedTag(last)) return true;
     const bool isUtf8 =
         IsPageShown(form) ? form.ports.htmlView->Charset() == "UTF-8" : form.book.codePage == 0;

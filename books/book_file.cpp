@@ -43,12 +43,6 @@ std::u16string Reason(ReadStatus status, std::uint64_t limit) {
     return u"could not be read.";
 }
 
-std::string FirstBytes(const FileReader& file, std::uint64_t count) {
-    std::string bytes(static_cast<std::size_t>(std::min(count, file.Size())), '\0');
-    bytes.resize(file.ReadAt(0, bytes.data(), bytes.size()));
-    return bytes;
-}
-
 BookContent InMemory(std::string bytes) {
     if (LooksLikeRtf(bytes)) return {std::move(bytes), nullptr};
     return {"", std::make_shared<BytesReader>(std::move(bytes))};
@@ -59,11 +53,11 @@ ReadStatus OpenLarge(const Files& files, BookFile& book, std::uint64_t& limit) {
     ReadStatus status = ReadStatus::Failed;
     std::shared_ptr<const FileReader> file = files.Open(book.path, status);
     if (!file) return status;
-    book.start = FirstBytes(*file, examinedBytes);
+    book.start = BytesAt(*file, 0, examinedBytes);
     limit = MaxSize(book.path, book.start, limit);
     if (file->Size() > limit) return ReadStatus::TooLarge;
     if (LooksLikeRtf(book.start))
-        book.content = {FirstBytes(*file, limit), nullptr};
+        book.content = {BytesAt(*file, 0, limit), nullptr};
     else
         book.content = {"", std::move(file)};
     return ReadStatus::Ok;

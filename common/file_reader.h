@@ -15,6 +15,14 @@ class FileReader {
     virtual std::size_t ReadAt(std::uint64_t offset, char* to, std::size_t count) const = 0;
 };
 
+// `count` bytes from `offset` on, or fewer where there are no more.
+inline std::string BytesAt(const FileReader& file, std::uint64_t offset, std::uint64_t count) {
+    const std::uint64_t left = file.Size() - std::min(offset, file.Size());
+    std::string bytes(static_cast<std::size_t>(std::min(count, left)), '\0');
+    bytes.resize(file.ReadAt(offset, bytes.data(), bytes.size()));
+    return bytes;
+}
+
 // Bytes in memory, which nobody changes.
 class BytesReader : public FileReader {
   public:

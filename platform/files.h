@@ -1,6 +1,7 @@
 // The port of the file system.
 #pragma once
 
+#include "common/file_limits.h"
 #include "common/file_reader.h"
 #include "platform/clock.h"
 
@@ -59,7 +60,7 @@ class Files {
     // in `status`. A back end that has nothing better reads it whole.
     virtual std::unique_ptr<FileReader> Open(const std::u16string& path, ReadStatus& status) const {
         std::string bytes;
-        status = Read(path, std::uint64_t{256} << 20, bytes);
+        status = Read(path, maxFileInMemory, bytes);
         if (status != ReadStatus::Ok) return nullptr;
         return std::make_unique<BytesReader>(std::move(bytes));
     }

@@ -16,12 +16,6 @@
 namespace {
 using Samples = std::vector<std::string_view>;
 
-std::string BytesAt(const FileReader& file, std::uint64_t from, std::size_t length) {
-    std::string bytes(length, '\0');
-    bytes.resize(file.ReadAt(from, bytes.data(), length));
-    return bytes;
-}
-
 // The size of the file when there is none.
 std::uint64_t FirstHighByte(const FileReader& file, std::uint64_t from) {
     constexpr std::size_t block = 1 << 16;

@@ -113,9 +113,7 @@ std::size_t PlainTextSource::PieceWithByte(std::uint64_t byte) const {
 
 std::string PlainTextSource::BytesBetween(std::uint64_t from, std::uint64_t to) const {
     const std::uint64_t end = std::min({to, file_->Size(), maxPlainTextSize});
-    std::string bytes(static_cast<std::size_t>(end - std::min(from, end)), '\0');
-    bytes.resize(file_->ReadAt(from, bytes.data(), bytes.size()));
-    return bytes;
+    return BytesAt(*file_, from, end - std::min(from, end));
 }
 
 std::u16string PlainTextSource::Decode(std::size_t piece) const {

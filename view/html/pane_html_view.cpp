@@ -1,5 +1,7 @@
 #include "view/html/pane_html_view.h"
 
+#include "common/colors.h"
+#include "common/file_limits.h"
 #include "common/find_text.h"
 #include "common/keys.h"
 #include "formats/html/html_address.h"
@@ -9,13 +11,6 @@
 #include <utility>
 
 namespace {
-constexpr std::uint64_t maxPageBytes = std::uint64_t{256} << 20;
-
-// From 0x00RRGGBB, and back.
-constexpr Color Swapped(std::uint32_t color) {
-    return (color & 0xFF) << 16 | (color & 0xFF00) | (color >> 16 & 0xFF);
-}
-
 std::u16string_view NoticeOf(ReadStatus status) {
     return status == ReadStatus::TooLarge ? u"This page is too long to be shown."
                                           : u"This book cannot be loaded.";
@@ -52,7 +47,7 @@ void PaneHtmlView::Clear() {
 
 void PaneHtmlView::Load(const std::u16string& path, int page) {
     std::string bytes;
-    const ReadStatus status = files_.Read(path, maxPageBytes, bytes);
+    const ReadStatus status = files_.Read(path, maxFileInMemory, bytes);
     if (status != ReadStatus::Ok) return ShowNotice(NoticeOf(status));
     zoom_ = {}; // keys pressed while it loaded are of the page before
     posted_.clear();
@@ -98,13 +93,13 @@ void PaneHtmlView::SelectAll() {
 }
 
 void PaneHtmlView::SetBackColor(std::uint32_t redGreenBlue) {
-    background_ = Swapped(redGreenBlue);
+    background_ = SwapColorOrder(redGreenBlue);
     ApplyColors();
 }
 
 void PaneHtmlView::SetTextColor(std::optional<std::uint32_t> redGreenBlue) {
     text_.reset();
-    if (redGreenBlue) text_ = Swapped(*redGreenBlue);
+    if (redGreenBlue) text_ = SwapColorOrder(*redGreenBlue);
     ApplyColors();
 }
 
@@ -163,7 +158,7 @@ std::u16string PaneHtmlView::Title() const {
 
 PageColors PaneHtmlView::OwnColors() const {
     if (!HasBody()) return {};
-    return {Swapped(Pane().OwnText()), Swapped(Pane().OwnBackground())};
+    return {SwapColorOrder(Pane().OwnText()), SwapColorOrder(Pane().OwnBackground())};
 }
 
 int PaneHtmlView::ScrollTop() const {
