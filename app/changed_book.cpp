@@ -7,7 +7,7 @@
 #include "app/shown_book.h"
 #include "app/text_places.h"
 #include "books/book_file.h"
-#include "books/moved_books.h"
+#include "common/paths.h"
 #include "common/text.h"
 #include "formats/plain/plain_text_guess.h"
 

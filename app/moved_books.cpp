@@ -7,6 +7,7 @@
 #include "books/book_file.h"
 #include "books/book_script.h"
 #include "books/moved_books.h"
+#include "common/paths.h"
 #include "common/string_text.h"
 #include "common/text.h"
 #include "formats/rtf/rtf_reader.h"

@@ -1,20 +1,14 @@
 #include "books/moved_books.h"
 
+#include "common/paths.h"
 #include "common/text.h"
 #include "datafile/list_persistence.h"
 
 #include <algorithm>
 
 namespace {
-// Of a path of POSIX a backslash is a letter like others.
-bool IsPosix(std::u16string_view path) {
-    return path.starts_with(u'/');
-}
-bool IsSeparator(char16_t unit, bool posix) {
-    return unit == u'/' || (unit == u'\\' && !posix);
-}
 char16_t SeparatorOf(std::u16string_view path) {
-    return IsPosix(path) ? u'/' : u'\\';
+    return IsPosixPath(path) ? u'/' : u'\\';
 }
 
 // The name at the end of a folder's path; "" for a root.
@@ -25,14 +19,6 @@ std::u16string_view WithoutSeparator(std::u16string_view name) {
     return name.substr(std::min<std::size_t>(name.size(), 1));
 }
 } // namespace
-
-std::u16string_view FolderOf(std::u16string_view path) {
-    const bool posix = IsPosix(path);
-    std::size_t end = path.size();
-    while (end > 0 && !IsSeparator(path[end - 1], posix))
-        --end;
-    return end == 0 ? path : path.substr(0, end - 1);
-}
 
 FolderMove MoveOf(std::u16string_view from, std::u16string_view to) {
     for (;;) {
@@ -46,18 +32,14 @@ FolderMove MoveOf(std::u16string_view from, std::u16string_view to) {
 
 std::u16string PathAfter(const FolderMove& move, std::u16string_view path) {
     const std::size_t length = move.from.size();
-    const bool posix = IsPosix(path);
-    if (path.size() <= length || !IsSeparator(path[length], posix)) return u"";
+    const bool posix = IsPosixPath(path);
+    if (path.size() <= length || !IsPathSeparator(path[length], posix)) return u"";
     if (!StartsWithIgnoringCase(path, move.from)) return u"";
     std::u16string rest(path.substr(length));
     const char16_t separator = move.to.empty() ? u'/' : SeparatorOf(move.to);
     for (char16_t& unit : rest)
-        if (IsSeparator(unit, posix)) unit = separator;
+        if (IsPathSeparator(unit, posix)) unit = separator;
     return move.to + rest;
-}
-
-bool IsNetworkPath(std::u16string_view path) {
-    return path.starts_with(u"\\\\") || path.starts_with(u"//");
 }
 
 void MoveBook(History& history, IniFile& file, const std::u16string& profile, int index,

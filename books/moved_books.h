@@ -14,15 +14,10 @@ struct FolderMove {
     std::u16string from, to;
 };
 
-// The folder of a path of either system, without a separator at its end.
-std::u16string_view FolderOf(std::u16string_view path);
 FolderMove MoveOf(std::u16string_view fromFolder, std::u16string_view toFolder);
 
 // Where a file is after the move; "" for one that was not in that folder.
 std::u16string PathAfter(const FolderMove&, std::u16string_view path);
-
-// On another machine, as far as its path tells: nobody should wait for that.
-bool IsNetworkPath(std::u16string_view path);
 
 // From now on record `index` and all that the data file keeps of its book are of the file at
 // `path`. The list is to be saved.

@@ -1,5 +1,7 @@
 #include "datafile/ini_file.h"
 
+#include "common/paths.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -44,9 +46,8 @@ const ProfileFile& IniFile::Content() {
 
 // A folder that is out of reach, on a share or a stick, says nothing of the file in it.
 bool IniFile::FolderIsThere() const {
-    const auto end = path_.rfind(files_.Separator());
-    return end == std::u16string::npos ||
-           files_.FolderExists(path_.substr(0, std::max<std::size_t>(end, 1)));
+    const std::u16string folder(FolderOf(path_, files_.Separator()));
+    return folder.empty() || files_.FolderExists(folder);
 }
 
 void IniFile::Refresh() {

@@ -1,6 +1,7 @@
 #include "shell/options.h"
 
 #include "common/menu_items.h"
+#include "common/paths.h"
 #include "common/text.h"
 
 #include <array>
@@ -16,7 +17,7 @@ std::u16string EditorKey(int kind) {
 }
 
 std::u16string FileName(const std::u16string& path, char16_t separator) {
-    std::u16string name = path.substr(path.rfind(separator) + 1);
+    std::u16string name(FileNameOf(path, separator));
     for (char16_t& unit : name)
         if (unit >= u'A' && unit <= u'Z') unit = static_cast<char16_t>(unit - u'A' + u'a');
     return name;

@@ -2,6 +2,7 @@
 
 #include "common/char_refs.h"
 #include "common/direction_controls.h"
+#include "common/paths.h"
 #include "common/text.h"
 
 TitledBook TitledBookOf(const BookRecord& record, const std::u16string& path) {
@@ -19,5 +20,5 @@ std::u16string WindowTitle(const std::u16string& product, const std::u16string& 
 }
 
 std::u16string AccessibleBookName(const TitledBook& book, char16_t separator) {
-    return book.title.empty() ? book.path.substr(book.path.rfind(separator) + 1) : book.title;
+    return book.title.empty() ? std::u16string(FileNameOf(book.path, separator)) : book.title;
 }

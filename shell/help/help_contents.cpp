@@ -1,5 +1,6 @@
 #include "shell/help/help_contents.h"
 
+#include "common/paths.h"
 #include "formats/rtf/rtf_writer.h"
 #include "shell/help/help_file.h"
 #include "shell/help/help_search.h"
@@ -10,8 +11,9 @@
 std::u16string FindHelpFile(const Files& files, const std::u16string& besideProgram,
                             const std::u16string& sharedFolder) {
     if (sharedFolder.empty() || files.FileExists(besideProgram)) return besideProgram;
-    const std::u16string name = besideProgram.substr(besideProgram.rfind(files.Separator()));
-    return files.FileExists(sharedFolder + name) ? sharedFolder + name : besideProgram;
+    std::u16string shared = sharedFolder + files.Separator();
+    shared += FileNameOf(besideProgram, files.Separator());
+    return files.FileExists(shared) ? shared : besideProgram;
 }
 
 namespace {
