@@ -48,8 +48,8 @@ std::string BookPathBytes(const std::vector<std::string>& arguments,
         path += path.empty() ? "" : " ";
         path += argument;
     }
-    if (path.starts_with("file:/"))
-        path = ParseFileUrl(path)->path; // desktops pass this machine's files only
+    // An address on another machine stays as it is, and no file is found by it.
+    if (const auto local = LocalPathOf(path)) path = *local;
     if (path.empty()) return {};
     return Normalized(std::filesystem::path(currentFolder) / path).string();
 }
