@@ -83,15 +83,15 @@ std::vector<CharsetReading> ReadingsOfBook(const MainForm& form) {
     const auto file = ReadBookFile(*form.ports.files, form.book.path, MaxPlainText(form));
     if (file.problem || !file.content->plainText) return {};
     return CharsetReadings(*file.content->plainText, form.ports.locale->AnsiCodePage(),
-                           PresentPage(form));
+                           PresentCodePage(form));
 }
 
-int PresentPage(const MainForm& form) {
+int PresentCodePage(const MainForm& form) {
     return form.book.codePage != 0 ? form.book.codePage : utf8Page;
 }
 
-void ReadInCharset(MainForm& form, int page) {
-    if (!form.book.path.empty()) ShowIn(form, {page, true});
+void ReadInCodePage(MainForm& form, int codePage) {
+    if (!form.book.path.empty()) ShowIn(form, {codePage, true});
 }
 
 void ReadInScriptOfFont(MainForm& form) {

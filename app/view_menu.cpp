@@ -50,7 +50,7 @@ FontRequest FontQuestion(const MainForm& form, const std::vector<CharsetReading>
     FontRequest request{DialogTitle(form.menu.mViewFont[0]), form.format.font,
                         form.format.textColor};
     for (const CharsetReading& each : readings) {
-        if (each.page == PresentPage(form))
+        if (each.page == PresentCodePage(form))
             request.reading = static_cast<int>(request.readings.size());
         request.readings.push_back({std::u16string(each.name.begin(), each.name.end()), each.line,
                                     FontCharsetOf(each.page), each.standsForScript});
@@ -58,14 +58,14 @@ FontRequest FontQuestion(const MainForm& form, const std::vector<CharsetReading>
     return request;
 }
 
-// `page` is 0 when the charset of the text was not chosen by itself.
-void ChangeFont(MainForm& form, ViewFont chosen, int page) {
+// `codePage` is 0 when the charset of the text was not chosen by itself.
+void ChangeFont(MainForm& form, ViewFont chosen, int codePage) {
     TextView& view = *form.ports.textView;
-    if (page != 0) chosen.charset = ScriptCharset(page, chosen.charset);
+    if (codePage != 0) chosen.charset = ScriptCharset(codePage, chosen.charset);
     const bool newCharset = chosen.charset != form.format.font.charset;
     form.format.font = chosen;
-    if (page != 0)
-        ReadInCharset(form, page);
+    if (codePage != 0)
+        ReadInCodePage(form, codePage);
     else if (newCharset)
         ReadInScriptOfFont(form);
     ApplyFont(view, chosen, Scrolling::Restore);

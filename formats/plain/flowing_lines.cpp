@@ -8,10 +8,10 @@
 namespace {
 using Looks = std::vector<LineLook>;
 
-constexpr int minPage = 50; // columns; narrower texts are lists and most verse
+constexpr int minLineLength = 50; // columns; narrower texts are lists and most verse
 // Columns that a line may be shorter than it could be: not every program filled lines alike. A line
 // that goes on in a small letter within a sentence was counted in bytes, perhaps.
-constexpr int slack = 3, sentenceSlack = 5; // the second a share of the page: a fifth
+constexpr int slack = 3, sentenceSlack = 5; // the second a share of the length: a fifth
 constexpr std::size_t minLinesForShare = 10;
 constexpr std::size_t minStanza = 3; // lines
 
@@ -50,8 +50,8 @@ Range StanzaAround(const Looks& looks, Range within, std::size_t line) {
     return stanza;
 }
 
-// The width that the lines were broken at: most that could be are near it, a few are wider.
-int PageWidth(const Looks& looks, Range around) {
+// The length that the lines were broken at: most that could be are near it, a few are wider.
+int LineLength(const Looks& looks, Range around) {
     std::vector<int> widths;
     for (std::size_t i = around.first; i < around.last; ++i)
         if (IsInner(looks, i)) widths.push_back(looks[i].width);
@@ -64,17 +64,17 @@ int PageWidth(const Looks& looks, Range around) {
 }
 
 // Whether the word below would not have fitted.
-bool IsFull(const Looks& looks, std::size_t line, int page) {
-    return looks[line].width + 1 + looks[line + 1].firstWord > page;
+bool IsFull(const Looks& looks, std::size_t line, int lineLength) {
+    return looks[line].width + 1 + looks[line + 1].firstWord > lineLength;
 }
 
 // Lines that end where a sentence or a verse does are as long as they are.
-bool IsFilledText(const Looks& looks, Range around, int page) {
+bool IsFilledText(const Looks& looks, Range around, int lineLength) {
     int inner = 0, full = 0;
     for (std::size_t i = around.first; i < around.last; ++i) {
         if (!IsInner(looks, i)) continue;
         ++inner;
-        full += IsFull(looks, i, page - slack) ? 1 : 0;
+        full += IsFull(looks, i, lineLength - slack) ? 1 : 0;
     }
     return 2 * full >= inner;
 }
@@ -97,11 +97,11 @@ bool IsVerse(const Looks& looks, Range around, Range stanza) {
 bool Flows(const Looks& looks, std::size_t line) {
     if (!CanFlow(looks, line)) return false;
     const Range around = Around(looks, line);
-    const int page = PageWidth(looks, around);
-    if (page < minPage) return false;
+    const int lineLength = LineLength(looks, around);
+    if (lineLength < minLineLength) return false;
     const bool isWithinSentence = looks[line + 1].startsWithSmall && !looks[line].endsSentence;
-    const int missing = isWithinSentence ? page / sentenceSlack : slack;
-    return IsFull(looks, line, page - missing) && IsFilledText(looks, around, page) &&
+    const int missing = isWithinSentence ? lineLength / sentenceSlack : slack;
+    return IsFull(looks, line, lineLength - missing) && IsFilledText(looks, around, lineLength) &&
            !IsVerse(looks, around, StanzaAround(looks, around, line));
 }
 } // namespace
