@@ -150,7 +150,7 @@ PrintEnd PrintFlow(const NextPrintedBlock& next, const PrintFrame& frame, const 
                    PrintDevice& device) {
     PageCutter pages(next, frame.Room().height);
     for (int number = 1; (number == 1 || !pages.IsAtEnd()) && number <= wanted.last; ++number) {
-        if (!device.GoesOn(pages.Percent())) return PrintEnd::GivenUp;
+        if (!device.OnProgress(pages.Percent())) return PrintEnd::GivenUp;
         const std::vector<PlacedBlock> parts = pages.Next();
         if (wanted.isWanted && !wanted.isWanted(number)) continue;
         if (!PrintPage(parts, number, frame, device)) return PrintEnd::Failed;

@@ -18,8 +18,8 @@ class PrintDevice {
     virtual Canvas* BeginPage() = 0;      // null when the device fails
     virtual void ClipTo(const Rect&) = 0; // what is drawn on this page from now on
     virtual bool EndPage() = 0;
-    // Asked before each page, also one that is left out; false ends the job.
-    virtual bool GoesOn(int percent) = 0;
+    // Called before each page, also one that is left out; false cancels the job.
+    virtual bool OnProgress(int percent) = 0;
 };
 
 struct WantedPages {

@@ -18,7 +18,7 @@ class Paper : public PrintDevice {
     }
     void ClipTo(const Rect& clip) override { clips.push_back(clip); }
     bool EndPage() override { return true; }
-    bool GoesOn(int percent) override {
+    bool OnProgress(int percent) override {
         percents.push_back(percent);
         return static_cast<int>(percents.size()) <= endAfter;
     }

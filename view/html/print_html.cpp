@@ -136,7 +136,7 @@ class HtmlPrinter {
         double widest = 0;
         PageFlow& flow = shown_->Flow();
         for (std::size_t zone = 0; zone < flow.ZoneCount(); ++zone) {
-            if (!device_.GoesOn(0)) return std::nullopt;
+            if (!device_.OnProgress(0)) return std::nullopt;
             widest = std::max(widest, RightEdge(*flow.LayOut(zone)));
         }
         return widest;

@@ -57,7 +57,7 @@ class QtPrintDevice final : public PrintDevice {
     }
     void ClipTo(const Rect& box) override { painter_.setClipRect(ToQRect(box)); }
     bool EndPage() override { return painter_.isActive(); }
-    bool GoesOn(int percent) override {
+    bool OnProgress(int percent) override {
         constexpr int interval = 50; // milliseconds
         if (sinceEvents_.elapsed() < interval) return !progress_.wasCanceled();
         progress_.setValue(percent);

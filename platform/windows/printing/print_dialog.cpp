@@ -63,7 +63,8 @@ PrintEnd PrintOn(HDC context, HWND owner, const PrintJob& print, const WantedPag
     PrintProgress progress(owner);
     WinLineLayout lines;
     WinPictures pictures;
-    WinPrintDevice device(context, [&progress](int percent) { return progress.GoesOn(percent); });
+    WinPrintDevice device(context,
+                          [&progress](int percent) { return progress.OnProgress(percent); });
     return print(lines, pictures, device, wanted);
 }
 

@@ -47,7 +47,7 @@ INT_PTR CALLBACK PrintProgress::DialogProc(HWND window, UINT message, WPARAM wPa
     return FALSE;
 }
 
-bool PrintProgress::GoesOn(int percent) {
+bool PrintProgress::OnProgress(int percent) {
     constexpr ULONGLONG interval = 50; // milliseconds
     const ULONGLONG now = GetTickCount64();
     if (now - last_ < interval) return !cancelled_;

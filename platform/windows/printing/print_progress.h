@@ -11,7 +11,7 @@ class PrintProgress {
     PrintProgress(const PrintProgress&) = delete;
     PrintProgress& operator=(const PrintProgress&) = delete;
 
-    bool GoesOn(int percent); // false once cancelled; handles messages now and then
+    bool OnProgress(int percent); // false once cancelled; handles messages now and then
 
   private:
     static INT_PTR CALLBACK DialogProc(HWND, UINT message, WPARAM, LPARAM);

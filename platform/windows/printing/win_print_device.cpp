@@ -14,9 +14,9 @@ int Inset(HDC context, int unreachable, int dpi) {
 
 } // namespace
 
-WinPrintDevice::WinPrintDevice(HDC context, std::function<bool(int)> goesOn)
-    : context_(context), goesOn_(std::move(goesOn)), dpi_(GetDeviceCaps(context, LOGPIXELSY)),
-      canvas_(context) {
+WinPrintDevice::WinPrintDevice(HDC context, std::function<bool(int)> onProgress)
+    : context_(context), onProgress_(std::move(onProgress)),
+      dpi_(GetDeviceCaps(context, LOGPIXELSY)), canvas_(context) {
     const int x = GetDeviceCaps(context, LOGPIXELSX), y = GetDeviceCaps(context, LOGPIXELSY);
     const int across = static_cast<int>(2 * margin * x), down = static_cast<int>(2 * margin * y);
     origin_ = {Inset(context, PHYSICALOFFSETX, x), Inset(context, PHYSICALOFFSETY, y)};
