@@ -110,7 +110,7 @@ void toChange_Timer(MainForm& form) {
     if (ShowChange(form)) form.ports.changeTimer->Stop();
 }
 
-void LookAtBookFile(MainForm& form) {
+void CheckBookFile(MainForm& form) {
     if (form.ports.fileWatch->SeesAllChanges() || IsNetworkPath(form.book.path)) return;
     if (const auto version = ChangedVersion(form); version != form.book.changed)
         fsBook_Changed(form);

@@ -13,4 +13,4 @@ void fsBook_Changed(MainForm&);
 void toChange_Timer(MainForm&); // each second from then on, until nothing is left to be shown
 
 // Called each second, for a file of which the system does not tell.
-void LookAtBookFile(MainForm&);
+void CheckBookFile(MainForm&);

@@ -50,7 +50,7 @@ void ReadDataFile(MainForm& form) {
     }
 }
 
-void WriteDataFileAtLast(MainForm& form) {
+void RetryWritingDataFile(MainForm& form) {
     for (int i = 1; i < attempts && !form.dataFile->Flush(); ++i)
         form.ports.clock->Wait(betweenAttempts);
     if (!form.dataFile->Flush()) ReportTrouble(form, form.dataFile->Trouble());

@@ -14,7 +14,7 @@ std::unique_ptr<IniFile> OpenDataFile(MainForm&);
 // virus scanners do, is tried again for a while.
 void ReadDataFile(MainForm&);
 // The same for what has to be written when the program ends; what could not be is reported.
-void WriteDataFileAtLast(MainForm&);
+void RetryWritingDataFile(MainForm&);
 
 // What start-up found out about the file, in one message each, when the window is there.
 // `otherUsersFile` is the one beside the program when it belongs to another user, or "".

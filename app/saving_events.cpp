@@ -18,7 +18,7 @@ void Form_Unload(MainForm& form) {
     oneWrite.Commit();
     form.ports.shell->onStartRequest = nullptr; // a later start waits for the end of this one
     form.closed = true;                         // nothing may begin while the last message waits
-    WriteDataFileAtLast(form);
+    RetryWritingDataFile(form);
 }
 
 void SaveAfterDisplayLoss(MainForm& form) noexcept {
@@ -44,7 +44,7 @@ void toSave_Timer(MainForm& form) {
     WatchDataFile(form);
     constexpr int looksEachSecond = 5; // at the disk
     LookForMovedBooks(form, looksEachSecond);
-    LookAtBookFile(form);
+    CheckBookFile(form);
     TellDesktopOfBook(form);
     form.autosaveTick = (form.autosaveTick + 1) % saveInterval;
     if (form.autosaveTick == 0) SaveBookState(form, 0);
