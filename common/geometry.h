@@ -23,4 +23,4 @@ struct CharSpan {
 
 enum class Alignment { Left = 0, Right = 1, Center = 2, Justified = 3 };
 
-enum class Pointer { Default, Hourglass };
+enum class CursorShape { Default, Wait }; // of the mouse

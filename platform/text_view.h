@@ -129,7 +129,7 @@ class TextView {
 
     virtual void SetBounds(const Rect&) = 0; // in the container panel
     virtual void SetVisible(bool) = 0;
-    virtual void SetPointer(Pointer) = 0;
+    virtual void SetCursorShape(CursorShape) = 0;
     virtual void FocusView() = 0;
     // What the text is called where it is read aloud. For a view that is accessible.
     virtual void SetName(std::u16string_view) {}

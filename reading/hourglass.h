@@ -6,8 +6,8 @@
 // The view shows the hourglass while one lives.
 class Hourglass {
   public:
-    explicit Hourglass(TextView& view) : view_(view) { view_.SetPointer(Pointer::Hourglass); }
-    ~Hourglass() { view_.SetPointer(Pointer::Default); }
+    explicit Hourglass(TextView& view) : view_(view) { view_.SetCursorShape(CursorShape::Wait); }
+    ~Hourglass() { view_.SetCursorShape(CursorShape::Default); }
     Hourglass(const Hourglass&) = delete;
     Hourglass& operator=(const Hourglass&) = delete;
 

@@ -53,7 +53,7 @@ void NoneTextView::Select(TextPos start, TextPos length) {
 }
 
 TextPos NoneTextView::Find(std::u16string_view what, TextPos start, FindOptions options) const {
-    pointersOfFinds.push_back(pointer_);
+    cursorsOfFinds.push_back(cursor_);
     if (whileFinding) {
         whileFinding();
         return findGivenUp;

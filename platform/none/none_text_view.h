@@ -53,7 +53,7 @@ class NoneTextView : public TextView {
 
     void SetBounds(const Rect& bounds) override { bounds_ = bounds; }
     void SetVisible(bool visible) override { visible_ = visible; }
-    void SetPointer(Pointer pointer) override { pointer_ = pointer; }
+    void SetCursorShape(CursorShape shape) override { cursor_ = shape; }
     void FocusView() override {}
     void SetName(std::u16string_view name) override { name_ = name; }
     void Announce(std::u16string_view text) override { announced.emplace_back(text); }
@@ -65,10 +65,10 @@ class NoneTextView : public TextView {
     bool mirrorsRightToLeft = false;
     std::vector<Heading> headings;
     PrintAnswer printAnswer{PrintAnswer::Result::Printed, {}};
-    std::function<void()> whileFinding;           // when set, a search is given up after it
-    mutable std::vector<Pointer> pointersOfFinds; // shown during each search
-    mutable int visits = 0;                       // how often the text was handed over
-    mutable int topsAsked = 0;                    // each takes a layout
+    std::function<void()> whileFinding;              // when set, a search is given up after it
+    mutable std::vector<CursorShape> cursorsOfFinds; // shown during each search
+    mutable int visits = 0;                          // how often the text was handed over
+    mutable int topsAsked = 0;                       // each takes a layout
 
     // What was asked, for tests.
     int loads = 0, scrolls = 0, fontApplications = 0;
@@ -83,7 +83,7 @@ class NoneTextView : public TextView {
     const Rect& Bounds() const { return bounds_; }
     bool Visible() const { return visible_; }
     const std::u16string& Name() const { return name_; }
-    Pointer ShownPointer() const { return pointer_; }
+    CursorShape ShownCursor() const { return cursor_; }
 
   private:
     void Load(Document document, bool isPlain);
@@ -99,5 +99,5 @@ class NoneTextView : public TextView {
     bool visible_ = true;
     int scrolledX_ = 0; // pixels
     Rect bounds_{0, 0, 640, 400};
-    Pointer pointer_ = Pointer::Default;
+    CursorShape cursor_ = CursorShape::Default;
 };

@@ -288,11 +288,11 @@ TEST_CASE("windows text view: the hourglass is over the text while it is asked f
                    MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
         return GetCursor();
     };
-    bench.view.SetPointer(Pointer::Hourglass);
+    bench.view.SetCursorShape(CursorShape::Wait);
     CHECK(shown() == LoadCursorW(nullptr, IDC_WAIT));
     bench.view.LoadPlainText(u"another text");
     CHECK(shown() == LoadCursorW(nullptr, IDC_WAIT));
-    bench.view.SetPointer(Pointer::Default);
+    bench.view.SetCursorShape(CursorShape::Default);
     CHECK(shown() == LoadCursorW(nullptr, IDC_IBEAM));
 }
 

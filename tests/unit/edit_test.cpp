@@ -151,8 +151,8 @@ TEST_CASE("find: from behind the selection, and around the end") {
 TEST_CASE("find: shows the hourglass while it searches") {
     Reading test("one two one");
     test.Find(u"nowhere");
-    CHECK(test.View().pointersOfFinds == std::vector{Pointer::Hourglass, Pointer::Hourglass});
-    CHECK(test.View().ShownPointer() == Pointer::Default);
+    CHECK(test.View().cursorsOfFinds == std::vector{CursorShape::Wait, CursorShape::Wait});
+    CHECK(test.View().ShownCursor() == CursorShape::Default);
 }
 
 TEST_CASE("find: one given up leaves all as it was and does not begin anew at the start") {
@@ -160,7 +160,7 @@ TEST_CASE("find: one given up leaves all as it was and does not begin anew at th
     test.View().Select(4, 3);
     test.View().whileFinding = [] {};
     test.Find(u"one");
-    CHECK(test.View().pointersOfFinds.size() == 1);
+    CHECK(test.View().cursorsOfFinds.size() == 1);
     CHECK(test.View().SelStart() == 4);
     CHECK(test.View().SelLength() == 3);
     test.View().whileFinding = nullptr;
@@ -173,7 +173,7 @@ TEST_CASE("find: the window may be closed while it searches") {
     test.View().whileFinding = [&test] { test.Window().Events().onUnload(); };
     test.Find(u"one");
     CHECK(test.form.closed);
-    CHECK(test.View().pointersOfFinds.size() == 1);
+    CHECK(test.View().cursorsOfFinds.size() == 1);
 }
 
 TEST_CASE("find: next without a text asks for one, with the selection as its start") {

@@ -92,7 +92,7 @@ class PaneBench : public PaneTextView {
     }
     void SetBounds(const Rect&) override {}
     void SetVisible(bool) override {}
-    void SetPointer(Pointer) override {}
+    void SetCursorShape(CursorShape) override {}
     void FocusView() override {}
 
     FakePaneWindow window;

@@ -23,7 +23,7 @@ TEST_CASE("open: the look of a record is shown as set") {
     CHECK_FALSE(test.Menu().mViewWordWrap[0].checked);
     CHECK(test.View().RightMargin() == 491520);
     CHECK(test.View().FirstVisibleChar() == 14);
-    CHECK(test.View().ShownPointer() == Pointer::Default);
+    CHECK(test.View().ShownCursor() == CursorShape::Default);
     REQUIRE(test.Menu().mBookmarkList.Count() == 2);
     CHECK(test.Menu().mBookmarkList[0].caption == u"0 l");
     CHECK(test.Menu().mBookmarkDeleteList[1].caption == test.Menu().mBookmarkList[1].caption);

@@ -118,14 +118,14 @@ TEST_CASE("update check: a program that is ending asks and tells nothing") {
 TEST_CASE("update check: the pointer shows the wait, and no other command starts meanwhile") {
     Checking test;
     test.Update().whileFetching = [&test] {
-        CHECK(test.View().ShownPointer() == Pointer::Hourglass);
+        CHECK(test.View().ShownCursor() == CursorShape::Wait);
         test.Menus().Click(test.Menu().mHelpAbout);
         test.Menus().Click(test.Menu().mHelpUpdate);
         CHECK(test.Dialogs().messages.empty());
     };
     test.Check(FetchStatus::Failed);
     CHECK(test.Update().fetched.size() == 1);
-    CHECK(test.View().ShownPointer() == Pointer::Default);
+    CHECK(test.View().ShownCursor() == CursorShape::Default);
     CHECK(test.Dialogs().messages.size() == 1);
 }
 

@@ -93,7 +93,7 @@ TEST_CASE("view: the top line and the caret stay where they are") {
     ApplyTextColor(test.View(), 7, false, Scrolling::Restore);
     CHECK(test.View().FirstVisibleChar() == top);
     CHECK(test.View().SelStart() == 400);
-    CHECK(test.View().ShownPointer() == Pointer::Default);
+    CHECK(test.View().ShownCursor() == CursorShape::Default);
 }
 
 TEST_CASE("view: the colours of rich text are kept only when wanted") {

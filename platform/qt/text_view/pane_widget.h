@@ -24,7 +24,7 @@ class PaneWidget : public QAbstractScrollArea, protected PaneWindow {
 
     std::function<void()> onContextMenu;
     std::function<void(const std::vector<std::u16string>&)> onFilesDropped;
-    void SetPointer(Qt::CursorShape shape); // but over a link
+    void SetCursorShape(Qt::CursorShape shape); // but over a link
 
   protected:
     void SetPane(ViewPane& pane); // once, by the constructor of the derived class

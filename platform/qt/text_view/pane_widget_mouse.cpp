@@ -36,7 +36,7 @@ void PaneWidget::mouseDoubleClickEvent(QMouseEvent* event) {
     pane_->Click(ToPane(mouse_), 2, false);
 }
 
-void PaneWidget::SetPointer(Qt::CursorShape shape) {
+void PaneWidget::SetCursorShape(Qt::CursorShape shape) {
     pointer_ = shape;
     viewport()->setCursor(shape);
 }

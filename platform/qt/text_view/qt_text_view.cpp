@@ -57,8 +57,8 @@ void QtTextView::SetVisible(bool visible) {
     widget_->setVisible(visible);
 }
 
-void QtTextView::SetPointer(Pointer pointer) {
-    widget_->SetPointer(pointer == Pointer::Hourglass ? Qt::WaitCursor : Qt::IBeamCursor);
+void QtTextView::SetCursorShape(CursorShape shape) {
+    widget_->SetCursorShape(shape == CursorShape::Wait ? Qt::WaitCursor : Qt::IBeamCursor);
 }
 
 void QtTextView::FocusView() {

@@ -29,7 +29,7 @@ class QtTextView : public PaneTextView {
 
     void SetBounds(const Rect& bounds) override;
     void SetVisible(bool visible) override;
-    void SetPointer(Pointer pointer) override;
+    void SetCursorShape(CursorShape shape) override;
     void FocusView() override;
     void SetName(std::u16string_view name) override;
     void Announce(std::u16string_view text) override;

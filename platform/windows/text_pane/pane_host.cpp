@@ -156,8 +156,8 @@ void PaneHost::Paint() {
     PlaceSystemCaret();
 }
 
-void PaneHost::SetPointer(Pointer pointer) {
-    pointer_ = pointer;
+void PaneHost::SetCursorShape(CursorShape shape) {
+    cursor_ = shape;
     POINT mouse = {};
     if (!GetCursorPos(&mouse) || WindowFromPoint(mouse) != Handle()) return;
     SendMessageW(Handle(), WM_SETCURSOR, reinterpret_cast<WPARAM>(Handle()),
@@ -170,7 +170,7 @@ bool PaneHost::HandleSetCursor(LPARAM where) const {
     const bool onLink = GetCursorPos(&mouse) && ScreenToClient(Handle(), &mouse) &&
                         pane_->IsLink({static_cast<int>(mouse.x), static_cast<int>(mouse.y)});
     const LPCWSTR text = onLink ? IDC_HAND : IDC_IBEAM;
-    SetCursor(LoadCursorW(nullptr, pointer_ == Pointer::Hourglass ? IDC_WAIT : text));
+    SetCursor(LoadCursorW(nullptr, cursor_ == CursorShape::Wait ? IDC_WAIT : text));
     return true;
 }
 

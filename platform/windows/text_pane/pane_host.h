@@ -18,7 +18,7 @@ class PaneHost : protected PaneWindow {
     PaneHost& operator=(const PaneHost&) = delete;
 
     HWND Handle() const { return window_.Handle(); }
-    void SetPointer(Pointer pointer);
+    void SetCursorShape(CursorShape shape);
 
     std::function<void(POINT onScreen)> onContextMenu;
     std::function<void(std::vector<std::u16string> paths)> onDrop;
@@ -71,7 +71,7 @@ class PaneHost : protected PaneWindow {
     WinPictures pictures_;
     ViewPane* pane_ = nullptr;
     bool horizontalBar_ = false;
-    Pointer pointer_ = Pointer::Default;
+    CursorShape cursor_ = CursorShape::Default;
     int wheelRemainder_ = 0, sidewaysRemainder_ = 0; // lines, times the turn of a notch
     POINT clicked_ = {};
     DWORD clickTime_ = 0;

@@ -53,8 +53,8 @@ void WinTextView::SetVisible(bool visible) {
     ShowWindow(Handle(), visible ? SW_SHOWNA : SW_HIDE);
 }
 
-void WinTextView::SetPointer(Pointer pointer) {
-    text_->SetPointer(pointer);
+void WinTextView::SetCursorShape(CursorShape shape) {
+    text_->SetCursorShape(shape);
 }
 
 void WinTextView::FocusView() {

@@ -23,7 +23,7 @@ class WinTextView : public PaneTextView {
 
     void SetBounds(const Rect& bounds) override;
     void SetVisible(bool visible) override;
-    void SetPointer(Pointer pointer) override;
+    void SetCursorShape(CursorShape shape) override;
     void FocusView() override;
     void SetName(std::u16string_view name) override;
 
