@@ -1,7 +1,7 @@
 #include "formats/metafile/metafile_text.h"
 
 #include "formats/codepages/code_pages.h"
-#include "formats/rtf/rtf_symbols.h"
+#include "formats/codepages/symbol_fonts.h"
 
 #include <algorithm>
 
@@ -11,7 +11,7 @@ std::u16string TextOfMetaBytes(std::string_view bytes, int charset) {
     if (charset == symbolCharset) {
         for (const char byte : bytes)
             text += static_cast<char16_t>(
-                SymbolOfByte(RtfSymbolSet::Symbol, static_cast<unsigned char>(byte)));
+                SymbolOfByte(SymbolSet::Symbol, static_cast<unsigned char>(byte)));
     } else {
         const int page = CodePageOfFontCharset(charset);
         DecodeCodePage(page == 0 ? windowsLatin : page, bytes, text);

@@ -3,8 +3,8 @@
 #include "common/decode_pieces.h"
 #include "common/text.h"
 #include "formats/codepages/code_pages.h"
+#include "formats/codepages/symbol_fonts.h"
 #include "formats/rtf/rtf_field_words.h"
-#include "formats/rtf/rtf_symbols.h"
 
 #include <charconv>
 #include <cstdint>
@@ -41,14 +41,14 @@ std::u16string TextOfSymbol(RtfFieldWords& words) {
     const auto code = CodeOf(words.Word());
     if (!code) return {};
     bool isUnicode = false;
-    RtfSymbolSet symbols = RtfSymbolSet::None;
+    SymbolSet symbols = SymbolSet::None;
     while (words.Next()) {
         if (words.IsSwitch(u'u')) isUnicode = true;
         if (words.IsSwitch(u'f') && words.Next()) symbols = SymbolSetOfFont(words.Word());
     }
     if (isUnicode) return TextOfCharacter(*code);
     const auto byte = static_cast<unsigned char>(*code & 0xFF);
-    if (symbols != RtfSymbolSet::None) {
+    if (symbols != SymbolSet::None) {
         const char32_t sign = SymbolOfByte(symbols, byte);
         const bool isPrivateUse = sign < 0x10000 && IsSymbolFontUnit(static_cast<char16_t>(sign));
         return isPrivateUse ? std::u16string() : TextOfCharacter(sign);

@@ -63,8 +63,8 @@ void RtfFontTable::Add(std::u16string name) {
     if (fonts_.size() == maxRtfFonts || names_.size() == maxRtfFonts) return;
     name = TrimBlanks(name);
     if (font_.codePage == 0) font_.codePage = CodePageOfFontName(name);
-    font_.symbols = hasSymbols_ ? SymbolSetOfFont(name) : RtfSymbolSet::None;
-    if (number_ == defaultNumber_ && font_.symbols == RtfSymbolSet::None) names_[0] = name;
+    font_.symbols = hasSymbols_ ? SymbolSetOfFont(name) : SymbolSet::None;
+    if (number_ == defaultNumber_ && font_.symbols == SymbolSet::None) names_[0] = name;
     if (name != names_[0]) font_.index = IndexOfName(name);
     fonts_.insert_or_assign(number_, font_);
 }
@@ -79,7 +79,7 @@ std::uint16_t RtfFontTable::IndexOfName(const std::u16string& name) {
 void RtfFontTable::SetDefault(std::int32_t number) {
     defaultNumber_ = number;
     const RtfFont* const font = Find(number);
-    if (font && font->symbols == RtfSymbolSet::None) names_[0] = names_[font->index];
+    if (font && font->symbols == SymbolSet::None) names_[0] = names_[font->index];
 }
 
 const RtfFont* RtfFontTable::Find(std::int32_t number) const {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "common/geometry.h"
-#include "formats/rtf/rtf_symbols.h"
+#include "formats/codepages/symbol_fonts.h"
 
 #include <cstdint>
 #include <string>
@@ -10,9 +10,9 @@
 #include <vector>
 
 struct RtfFont {
-    std::uint16_t index = 0;                   // in Document::fonts
-    int codePage = 0;                          // of text in this font; 0 for the document's
-    RtfSymbolSet symbols = RtfSymbolSet::None; // instead of a code page
+    std::uint16_t index = 0;             // in Document::fonts
+    int codePage = 0;                    // of text in this font; 0 for the document's
+    SymbolSet symbols = SymbolSet::None; // instead of a code page
 };
 
 class RtfFontTable {

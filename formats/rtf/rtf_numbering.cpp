@@ -2,8 +2,8 @@
 
 #include "common/roman_numerals.h"
 #include "common/text.h"
+#include "formats/codepages/symbol_fonts.h"
 #include "formats/rtf/rtf_limits.h"
-#include "formats/rtf/rtf_symbols.h"
 
 #include <algorithm>
 

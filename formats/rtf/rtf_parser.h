@@ -71,7 +71,7 @@ class RtfParser {
     std::size_t MaxLengthOfSink() const;
     int CodePageOfText() const;
     int CodePageOfRawText() const;
-    RtfSymbolSet SymbolsOfText() const;
+    SymbolSet SymbolsOfText() const;
     const RtfFont* FontOfText() const { return State().font ? State().font : fonts_.Default(); }
 
     RtfState& State() { return stack_.back(); }

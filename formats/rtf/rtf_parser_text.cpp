@@ -27,12 +27,12 @@ int RtfParser::CodePageOfRawText() const {
     return isUtf8 && !decoder_.IsPending() ? utf8Page : page;
 }
 
-RtfSymbolSet RtfParser::SymbolsOfText() const {
+SymbolSet RtfParser::SymbolsOfText() const {
     const RtfDestination destination = State().destination;
     const bool isShown =
         destination == RtfDestination::Body || destination == RtfDestination::NumberBefore;
     const RtfFont* const font = isShown ? FontOfText() : nullptr;
-    return font ? font->symbols : RtfSymbolSet::None;
+    return font ? font->symbols : SymbolSet::None;
 }
 
 // Where text of the current group is appended; nullptr when it is discarded.
@@ -107,7 +107,7 @@ void RtfParser::AddBytes(std::string_view bytes, int codePage) {
     if (std::exchange(highSurrogate_, 0)) sink->push_back(u'\uFFFD');
     const std::size_t maxLength = MaxLengthOfSink();
     bytes = bytes.substr(0, maxLength - std::min(maxLength, sink->size()));
-    if (const RtfSymbolSet symbols = SymbolsOfText(); symbols != RtfSymbolSet::None) {
+    if (const SymbolSet symbols = SymbolsOfText(); symbols != SymbolSet::None) {
         FinishBytes();
         for (const char c : bytes)
             AddSymbol(static_cast<unsigned char>(c));
@@ -181,7 +181,7 @@ void RtfParser::HandleUnicodeUnit(char16_t unit) {
     else if (unit == u'\n' || unit == u'\r' || unit == u'\v' || unit == u'\u2028' ||
              unit == u'\u2029')
         AddUnit(u'\v');
-    else if (IsSymbolFontUnit(unit) && SymbolsOfText() != RtfSymbolSet::None)
+    else if (IsSymbolFontUnit(unit) && SymbolsOfText() != SymbolSet::None)
         AddSymbol(static_cast<unsigned char>(unit & 0xFF));
     else if (unit >= 0x20 || unit == u'\t')
         AddUnit(unit);

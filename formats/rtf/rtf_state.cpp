@@ -22,7 +22,7 @@ void SetFont(RtfState& state, const RtfFont* font) {
     state.font = font;
     if (!font)
         state.chars.font = 0;
-    else if (font->symbols == RtfSymbolSet::None)
+    else if (font->symbols == SymbolSet::None)
         state.chars.font = font->index;
 }
 

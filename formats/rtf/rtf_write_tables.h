@@ -46,7 +46,3 @@ class RtfWriteTables {
     std::map<std::uint16_t, std::size_t> fontNumbers_;
     std::map<Color, std::size_t> colorNumbers_;
 };
-
-// Text outside of tables and without pictures, in ASCII: other characters as \u with "?" for old
-// readers.
-void AppendRtfText(std::string& rtf, std::u16string_view text);

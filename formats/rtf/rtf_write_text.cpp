@@ -1,5 +1,6 @@
 #include "formats/rtf/rtf_write_text.h"
 
+#include "formats/rtf/rtf_escape.h"
 #include "formats/rtf/rtf_fields.h"
 
 #include <algorithm>

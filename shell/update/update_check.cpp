@@ -1,7 +1,7 @@
 #include "shell/update/update_check.h"
 
 #include "common/text.h"
-#include "formats/rtf/rtf_write_tables.h"
+#include "formats/rtf/rtf_escape.h"
 #include "shell/update/product_web.h"
 #include "shell/update/version_text.h"
 

@@ -1,4 +1,4 @@
-#include "formats/rtf/rtf_symbols.h"
+#include "formats/codepages/symbol_fonts.h"
 
 #include "common/text.h"
 
@@ -71,18 +71,18 @@ char32_t SignOfByte(std::u32string_view signs, unsigned char byte) {
 
 } // namespace
 
-RtfSymbolSet SymbolSetOfFont(std::u16string_view name) {
-    if (EqualIgnoringCase(name, u"Symbol")) return RtfSymbolSet::Symbol;
-    if (EqualIgnoringCase(name, u"Wingdings")) return RtfSymbolSet::Wingdings;
-    if (EqualIgnoringCase(name, u"Webdings")) return RtfSymbolSet::Webdings;
-    return RtfSymbolSet::None;
+SymbolSet SymbolSetOfFont(std::u16string_view name) {
+    if (EqualIgnoringCase(name, u"Symbol")) return SymbolSet::Symbol;
+    if (EqualIgnoringCase(name, u"Wingdings")) return SymbolSet::Wingdings;
+    if (EqualIgnoringCase(name, u"Webdings")) return SymbolSet::Webdings;
+    return SymbolSet::None;
 }
 
-char32_t SymbolOfByte(RtfSymbolSet set, unsigned char byte) {
+char32_t SymbolOfByte(SymbolSet set, unsigned char byte) {
     switch (set) {
-    case RtfSymbolSet::Symbol: return GreekOfByte(byte);
-    case RtfSymbolSet::Wingdings: return SignOfByte(wingdings, byte);
-    case RtfSymbolSet::Webdings: return SignOfByte(webdings, byte);
+    case SymbolSet::Symbol: return GreekOfByte(byte);
+    case SymbolSet::Wingdings: return SignOfByte(wingdings, byte);
+    case SymbolSet::Webdings: return SignOfByte(webdings, byte);
     default: return PrivateUseOf(byte);
     }
 }
