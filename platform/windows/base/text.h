@@ -33,9 +33,11 @@ inline std::wstring WindowText(HWND window) {
     return text;
 }
 
+constexpr DWORD maxPathLength = 32'767; // units: the system's limit
+
 // Of the running executable.
 inline std::wstring ProgramPath() {
-    std::wstring path(MAXSHORT, L'\0'); // the system's limit
-    path.resize(GetModuleFileNameW(nullptr, path.data(), MAXSHORT));
+    std::wstring path(maxPathLength, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, path.data(), maxPathLength));
     return path;
 }

@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr std::size_t MaxPathLength = 32'768; // units, with the NUL: the system's own limit
+constexpr std::size_t pathSize = maxPathLength + 1; // with the NUL
 
 // The dialog uses shell objects, which need a COM apartment.
 class ComApartment {
@@ -63,7 +63,7 @@ UINT_PTR CALLBACK LimitName(HWND child, UINT message, WPARAM, LPARAM lParam) {
 DWORD Show(HWND owner, const OpenFileRequest& request, std::wstring name, OpenFileAnswer& answer) {
     const std::wstring title = ToWide(request.title), filter = NativeFilter(request);
     const std::wstring folder = WithBackslashes(request.initialFolder);
-    name.resize(MaxPathLength, L'\0');
+    name.resize(pathSize, L'\0');
     name.back() = L'\0';
     OPENFILENAMEW dialog = {};
     dialog.lStructSize = sizeof dialog;

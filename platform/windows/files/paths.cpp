@@ -7,13 +7,13 @@
 
 namespace {
 
-constexpr std::wstring_view Verbatim = L"\\\\?\\", VerbatimServer = L"\\\\?\\UNC\\";
-constexpr std::wstring_view Server = L"\\\\", Device = L"\\\\.\\";
+constexpr std::wstring_view verbatim = L"\\\\?\\", verbatimServer = L"\\\\?\\UNC\\";
+constexpr std::wstring_view server = L"\\\\", device = L"\\\\.\\";
 // A folder's path must leave room for a name of 8.3 characters in it.
-constexpr std::size_t MaxPlainPathLength = MAX_PATH - 13;
+constexpr std::size_t maxPlainPathLength = MAX_PATH - 13;
 
 std::wstring FullPath(const std::wstring& path) {
-    if (path.starts_with(Verbatim)) return path; // not normalised by the system either
+    if (path.starts_with(verbatim)) return path; // not normalised by the system either
     std::wstring full(MAX_PATH, L'\0');
     for (;;) {
         const DWORD length =
@@ -38,14 +38,14 @@ bool IsDriveOrVolume(std::wstring_view rest) {
 
 bool IsDevice(std::wstring_view full) {
     std::wstring_view share;
-    if (StartsWithIgnoringCase(full, VerbatimServer)) {
-        share = ShareOf(full.substr(VerbatimServer.size()));
-    } else if (full.starts_with(Verbatim)) {
-        return !IsDriveOrVolume(full.substr(Verbatim.size()));
-    } else if (full.starts_with(Device)) {
+    if (StartsWithIgnoringCase(full, verbatimServer)) {
+        share = ShareOf(full.substr(verbatimServer.size()));
+    } else if (full.starts_with(verbatim)) {
+        return !IsDriveOrVolume(full.substr(verbatim.size()));
+    } else if (full.starts_with(device)) {
         return true;
-    } else if (full.starts_with(Server)) {
-        share = ShareOf(full.substr(Server.size()));
+    } else if (full.starts_with(server)) {
+        share = ShareOf(full.substr(server.size()));
     }
     for (const std::wstring_view inner : {L"pipe", L"mailslot", L"IPC$"})
         if (EqualsIgnoringCase(share, inner)) return true;
@@ -53,7 +53,7 @@ bool IsDevice(std::wstring_view full) {
 }
 
 bool IsInvalidPath(std::wstring_view path) {
-    const std::size_t start = path.starts_with(Verbatim) ? Verbatim.size() : 0;
+    const std::size_t start = path.starts_with(verbatim) ? verbatim.size() : 0;
     return path.empty() || path.find(L'\0') != path.npos || path.find(L'?', start) != path.npos;
 }
 
@@ -64,11 +64,11 @@ std::optional<std::wstring> NativePath(const std::u16string& path) {
     if (IsInvalidPath(wide)) return std::nullopt;
     const std::wstring full = FullPath(wide);
     if (full.empty() || IsDevice(full)) return std::nullopt;
-    if (full.size() <= MaxPlainPathLength || full.starts_with(Verbatim)) return full;
-    if (full.starts_with(Server)) {
-        return std::wstring(VerbatimServer).append(full, Server.size());
+    if (full.size() <= maxPlainPathLength || full.starts_with(verbatim)) return full;
+    if (full.starts_with(server)) {
+        return std::wstring(verbatimServer).append(full, server.size());
     }
-    return std::wstring(Verbatim) + full;
+    return std::wstring(verbatim) + full;
 }
 
 bool IsDevicePath(const std::u16string& path) {

@@ -48,10 +48,12 @@ ReadStatus ReadToEnd(HANDLE file, std::uint64_t sizeNow, std::uint64_t limit, st
 
 } // namespace
 
-WinHandle OpenExisting(const std::wstring& path, DWORD access) {
+WinHandle OpenExisting(const std::wstring& path, DWORD access, DWORD& error) {
     constexpr DWORD sharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    return WinHandle(CreateFileW(path.c_str(), access, sharing, nullptr, OPEN_EXISTING,
-                                 FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+    WinHandle file(CreateFileW(path.c_str(), access, sharing, nullptr, OPEN_EXISTING,
+                               FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+    error = file.IsOpen() ? ERROR_SUCCESS : GetLastError();
+    return file;
 }
 
 std::optional<BY_HANDLE_FILE_INFORMATION> InformationOf(const WinHandle& file) {
@@ -71,9 +73,10 @@ RegularFile::RegularFile(const std::u16string& path) {
         if (IsDevicePath(path)) status = ReadStatus::NotAFile;
         return;
     }
-    handle = OpenExisting(*native, GENERIC_READ);
+    DWORD error = ERROR_SUCCESS;
+    handle = OpenExisting(*native, GENERIC_READ, error);
     if (!handle.IsOpen()) {
-        status = ToReadStatus(GetLastError());
+        status = ToReadStatus(error);
         return;
     }
     const auto information = InformationOf(handle);

@@ -10,7 +10,8 @@
 
 // Opens a file or a folder that exists; other programs may read, write, rename or delete it
 // meanwhile.
-WinHandle OpenExisting(const std::wstring& path, DWORD access);
+// `error` receives the system's code, ERROR_SUCCESS when it is open.
+WinHandle OpenExisting(const std::wstring& path, DWORD access, DWORD& error);
 std::optional<BY_HANDLE_FILE_INFORMATION> InformationOf(const WinHandle&);
 std::uint64_t MakeUint64(DWORD high, DWORD low);
 

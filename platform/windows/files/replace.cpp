@@ -1,5 +1,6 @@
 #include "platform/windows/files/replace.h"
 
+#include "platform/windows/base/text.h"
 #include "platform/windows/base/win_handle.h"
 #include "platform/windows/files/paths.h"
 
@@ -10,13 +11,13 @@
 namespace {
 
 // "Norvaset.dat.1234.new": the target's name, the writer's process id.
-constexpr std::wstring_view TemporaryEnd = L".new";
+constexpr std::wstring_view temporaryEnd = L".new";
 // A virus scanner or an indexer may hold a file for a moment just after it was written.
-constexpr int RenameAttempts = 8;
-constexpr DWORD BetweenAttempts = 25; // milliseconds
+constexpr int renameAttempts = 8;
+constexpr DWORD betweenAttempts = 25; // milliseconds
 
 std::wstring TemporaryName(const std::wstring& target) {
-    return target + L'.' + std::to_wstring(GetCurrentProcessId()) + std::wstring(TemporaryEnd);
+    return target + L'.' + std::to_wstring(GetCurrentProcessId()) + std::wstring(temporaryEnd);
 }
 
 std::optional<DWORD> ParseProcessId(std::wstring_view digits) {
@@ -33,12 +34,12 @@ std::optional<DWORD> ParseProcessId(std::wstring_view digits) {
 
 // The process id in the name of a temporary file of `target`, both without folder.
 std::optional<DWORD> WriterProcessId(std::wstring_view name, const std::wstring& target) {
-    if (name.size() < target.size() + 1 + TemporaryEnd.size()) return std::nullopt;
-    if (!name.ends_with(TemporaryEnd)) return std::nullopt;
+    if (name.size() < target.size() + 1 + temporaryEnd.size()) return std::nullopt;
+    if (!name.ends_with(temporaryEnd)) return std::nullopt;
     if (UppercasePath(std::wstring(name.substr(0, target.size()))) != UppercasePath(target))
         return std::nullopt;
     name.remove_prefix(target.size());
-    name.remove_suffix(TemporaryEnd.size());
+    name.remove_suffix(temporaryEnd.size());
     return name.front() == L'.' ? ParseProcessId(name.substr(1)) : std::nullopt;
 }
 
@@ -82,17 +83,17 @@ void WriteDacl(HANDLE file, std::vector<BYTE> dacl) {
     SetKernelObjectSecurity(file, DACL_SECURITY_INFORMATION, dacl.data());
 }
 
-std::optional<OldFile> QueryOldFile(const std::wstring& path) {
+// Returns the system's error code, ERROR_SUCCESS when `old` is filled.
+DWORD QueryOldFile(const std::wstring& path, OldFile& old) {
     constexpr DWORD sharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     const WinHandle file(CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES | READ_CONTROL, sharing,
                                      nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
-    OldFile old;
-    if (!file.IsOpen() || GetFileType(file.Get()) != FILE_TYPE_DISK ||
-        !GetFileInformationByHandleEx(file.Get(), FileBasicInfo, &old.basic, sizeof old.basic)) {
-        return std::nullopt;
-    }
+    if (!file.IsOpen()) return GetLastError();
+    if (GetFileType(file.Get()) != FILE_TYPE_DISK) return ERROR_BAD_FILE_TYPE;
+    if (!GetFileInformationByHandleEx(file.Get(), FileBasicInfo, &old.basic, sizeof old.basic))
+        return GetLastError();
     old.dacl = ReadDacl(file.Get());
-    return old;
+    return ERROR_SUCCESS;
 }
 
 bool WriteAll(HANDLE file, std::string_view bytes) {
@@ -139,10 +140,10 @@ bool Rename(const std::wstring& from, const std::wstring& to) {
         }
         const DWORD error = GetLastError();
         if ((error != ERROR_SHARING_VIOLATION && error != ERROR_ACCESS_DENIED) ||
-            attempt == RenameAttempts) {
+            attempt == renameAttempts) {
             return false;
         }
-        Sleep(BetweenAttempts);
+        Sleep(betweenAttempts);
     }
 }
 
@@ -167,8 +168,8 @@ std::optional<std::wstring> FollowLink(const std::wstring& path) {
     const WinHandle file(CreateFileW(path.c_str(), 0, sharing, nullptr, OPEN_EXISTING,
                                      FILE_FLAG_BACKUP_SEMANTICS, nullptr));
     if (!file.IsOpen()) return std::nullopt;
-    std::wstring target(MAXSHORT, L'\0');
-    target.resize(GetFinalPathNameByHandleW(file.Get(), target.data(), MAXSHORT, 0));
+    std::wstring target(maxPathLength, L'\0');
+    target.resize(GetFinalPathNameByHandleW(file.Get(), target.data(), maxPathLength, 0));
     if (target.empty()) return std::nullopt;
     return target;
 }
@@ -178,12 +179,14 @@ std::optional<std::wstring> FollowLink(const std::wstring& path) {
 bool ReplaceInOneStep(const std::wstring& path, std::string_view bytes, WriteTime time) {
     const auto target = FollowLink(path);
     if (!target) return false;
-    const auto old = QueryOldFile(*target);
-    if (!old && GetLastError() != ERROR_FILE_NOT_FOUND) return false;
+    OldFile file;
+    const DWORD error = QueryOldFile(*target, file);
+    if (error != ERROR_SUCCESS && error != ERROR_FILE_NOT_FOUND) return false;
+    const OldFile* const old = error == ERROR_SUCCESS ? &file : nullptr;
     if (old && (old->basic.FileAttributes & FILE_ATTRIBUTE_DIRECTORY)) return false;
 
     const std::wstring temporary = TemporaryName(*target);
-    if (!WriteTemporary(temporary, bytes, old ? &*old : nullptr, time)) return false;
+    if (!WriteTemporary(temporary, bytes, old, time)) return false;
     if (old ? RenameOver(temporary, *target, *old) : Rename(temporary, *target)) return true;
     Remove(temporary);
     return false;
@@ -193,7 +196,7 @@ void RemoveLeftovers(const std::wstring& path) {
     const auto target = FollowLink(path);
     if (!target) return;
     const std::wstring name = NameOf(*target);
-    const std::wstring pattern = *target + L".*" + std::wstring(TemporaryEnd);
+    const std::wstring pattern = *target + L".*" + std::wstring(temporaryEnd);
     WIN32_FIND_DATAW found = {};
     const HANDLE search = FindFirstFileW(pattern.c_str(), &found);
     if (search == INVALID_HANDLE_VALUE) return;

@@ -12,7 +12,8 @@ namespace {
 
 WinHandle OpenExisting(const std::u16string& path, DWORD access) {
     const auto native = NativePath(path);
-    return native ? ::OpenExisting(*native, access) : WinHandle();
+    DWORD error = ERROR_SUCCESS;
+    return native ? ::OpenExisting(*native, access, error) : WinHandle();
 }
 
 std::optional<DWORD> AttributesOf(const std::u16string& path) {
@@ -70,9 +71,9 @@ bool WinFiles::SameFile(const std::u16string& a, const std::u16string& b) const 
 
 bool WinFiles::IsInFolder(const std::u16string& path, const std::u16string& folder) const {
     const auto realPath = [](const WinHandle& opened) {
-        std::wstring real(MAXSHORT, L'\0'); // the system's limit
+        std::wstring real(maxPathLength, L'\0');
         real.resize(opened.IsOpen()
-                        ? GetFinalPathNameByHandleW(opened.Get(), real.data(), MAXSHORT, 0)
+                        ? GetFinalPathNameByHandleW(opened.Get(), real.data(), maxPathLength, 0)
                         : 0);
         return real;
     };
@@ -112,8 +113,9 @@ bool WinFiles::MayReplace(const std::u16string& path) const {
     const auto native = NativePath(path);
     if (!native || !FolderIsWritable(FromWide(FolderOf(*native)))) return false;
     // Not GENERIC_WRITE: the read-only attribute would deny that to the owner, too.
-    const WinHandle file = OpenExisting(*native, GENERIC_READ | DELETE);
-    return file.IsOpen() || GetLastError() != ERROR_ACCESS_DENIED;
+    DWORD error = ERROR_SUCCESS;
+    const WinHandle file = OpenExisting(*native, GENERIC_READ | DELETE, error);
+    return error != ERROR_ACCESS_DENIED;
 }
 
 bool WinFiles::Replace(const std::u16string& path, std::string_view bytes, WriteTime time) {

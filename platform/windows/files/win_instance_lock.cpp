@@ -5,9 +5,9 @@
 
 namespace {
 
-constexpr DWORD LockOffset = 0x40000000; // beyond the contents: a locked byte cannot be read
-constexpr int Attempts = 10;             // another instance may be exiting
-constexpr DWORD BetweenAttempts = 25;    // milliseconds
+constexpr DWORD lockOffset = 0x40000000; // beyond the contents: a locked byte cannot be read
+constexpr int attempts = 10;             // another instance may be exiting
+constexpr DWORD betweenAttempts = 25;    // milliseconds
 
 enum class Locking { Locked, Held, Impossible };
 
@@ -35,7 +35,7 @@ WinHandle OpenLockFile(const std::wstring& path) {
 
 Locking Lock(const WinHandle& file) {
     OVERLAPPED place = {};
-    place.Offset = LockOffset;
+    place.Offset = lockOffset;
     constexpr DWORD flags = LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY;
     if (LockFileEx(file.Get(), flags, 0, 1, 0, &place)) return Locking::Locked;
     const DWORD error = GetLastError();
@@ -89,8 +89,8 @@ InstanceClaim WinInstanceLock::Acquire(const std::u16string& dataFilePath) {
     const auto path = PathFor(dataFilePath);
     if (file_.IsOpen() || !path) return {};
     const std::wstring& name = *path;
-    for (int i = 0; i < Attempts; ++i) {
-        if (i > 0) Sleep(BetweenAttempts);
+    for (int i = 0; i < attempts; ++i) {
+        if (i > 0) Sleep(betweenAttempts);
         WinHandle file = OpenLockFile(name);
         if (!file.IsOpen()) {
             if (GetLastError() == ERROR_ACCESS_DENIED) continue; // just being deleted, or no rights

@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr DWORD maxPathLength = 32768;
-
 std::u16string KnownFolder(const KNOWNFOLDERID& id) {
     wchar_t* path = nullptr;
     const bool known = SUCCEEDED(SHGetKnownFolderPath(id, KF_FLAG_DONT_VERIFY, nullptr, &path));

@@ -8,13 +8,13 @@ namespace {
 
 // Clipboard managers open the clipboard for a moment at every change, remote sessions until the
 // other side has answered.
-constexpr int Attempts = 50;
-constexpr DWORD BetweenAttempts = 20; // milliseconds
+constexpr int attempts = 50;
+constexpr DWORD betweenAttempts = 20; // milliseconds
 
 bool OpenTheClipboard() {
     for (int attempt = 1; !OpenClipboard(nullptr); ++attempt) {
-        if (attempt == Attempts) return false;
-        Sleep(BetweenAttempts);
+        if (attempt == attempts) return false;
+        Sleep(betweenAttempts);
     }
     return true;
 }

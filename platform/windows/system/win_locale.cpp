@@ -5,19 +5,19 @@
 
 namespace {
 
-constexpr int MaxNameLength = 80; // units, with the NUL
+constexpr int maxNameLength = 80; // units, with the NUL
 
 // Gregorian, whatever the user's calendar is.
 std::u16string CalendarName(CALTYPE type) {
-    wchar_t name[MaxNameLength] = {};
-    GetCalendarInfoEx(LOCALE_NAME_USER_DEFAULT, CAL_GREGORIAN, nullptr, type, name, MaxNameLength,
+    wchar_t name[maxNameLength] = {};
+    GetCalendarInfoEx(LOCALE_NAME_USER_DEFAULT, CAL_GREGORIAN, nullptr, type, name, maxNameLength,
                       nullptr);
     return FromWide(name);
 }
 
 std::u16string LocaleName(LCTYPE type) {
-    wchar_t name[MaxNameLength] = {};
-    GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, type, name, MaxNameLength);
+    wchar_t name[maxNameLength] = {};
+    GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, type, name, maxNameLength);
     return FromWide(name);
 }
 

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr DWORD ElevationRequired = 740; // ERROR_ELEVATION_REQUIRED, which not every SDK has
+constexpr DWORD elevationRequired = 740; // ERROR_ELEVATION_REQUIRED, which not every SDK has
 
 // The program inherits no handles and is not waited for.
 bool StartProgram(const std::wstring& program, const std::wstring& argument) {
@@ -58,7 +58,7 @@ void WinShell::OpenWith(const std::u16string& program, const std::u16string& arg
     if (StartProgram(file, ToWide(argument))) return;
     const DWORD error = GetLastError();
     // A shortcut to a program, or one that needs elevation.
-    if (error == ERROR_BAD_EXE_FORMAT || error == ElevationRequired)
+    if (error == ERROR_BAD_EXE_FORMAT || error == elevationRequired)
         OpenByShell(file, QuotedArgument(ToWide(argument)));
 }
 

@@ -14,9 +14,10 @@ WinHandle Open(const std::wstring& path) {
 }
 
 std::wstring RealPath(const WinHandle& opened) {
-    std::wstring path(MAXSHORT, L'\0'); // the system's limit
-    path.resize(opened.IsOpen() ? GetFinalPathNameByHandleW(opened.Get(), path.data(), MAXSHORT, 0)
-                                : 0);
+    std::wstring path(maxPathLength, L'\0');
+    path.resize(opened.IsOpen()
+                    ? GetFinalPathNameByHandleW(opened.Get(), path.data(), maxPathLength, 0)
+                    : 0);
     return path;
 }
 
@@ -29,8 +30,8 @@ bool IsRegularFile(const WinHandle& opened) {
 
 // Without "." and "..", which URLs may contain between backslashes.
 std::wstring FullPath(const std::wstring& path) {
-    std::wstring full(MAXSHORT, L'\0');
-    full.resize(GetFullPathNameW(path.c_str(), MAXSHORT, full.data(), nullptr));
+    std::wstring full(maxPathLength, L'\0');
+    full.resize(GetFullPathNameW(path.c_str(), maxPathLength, full.data(), nullptr));
     return full;
 }
 
