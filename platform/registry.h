@@ -1,4 +1,5 @@
-// The port of the registry, under HKEY_LOCAL_MACHINE. A system without one keeps nothing.
+// The port of the registry, under HKEY_LOCAL_MACHINE. A system without one keeps nothing. Windows
+// keeps values apart for programs of 32 and of 64 bits: these are those that the other kind sees.
 #pragma once
 
 #include <string>

@@ -6,7 +6,7 @@
 
 #include <string>
 
-// Its folder and its version, for an installer.
+// Its folder and its version, for an installer. What this user may not write stays as it is.
 void RegisterProgram(Registry&, const ProgramVersion&, const std::u16string& programFolder);
 
 // The value of a registry entry under the local machine's root is written only when it differs.

@@ -20,7 +20,8 @@ class PlainTextSource : public TextSource {
   public:
     // Reads the whole file once to know its length in units and where its pieces begin. The text is
     // DecodePlainText's with line ends unified. Bytes that go or change later show as U+FFFD or as
-    // what they are then; positions stay.
+    // what they are then; positions stay. Of a text in an escaped encoding (ISO 2022 and its
+    // like), which no piece tells by itself, the first maxFileInMemory bytes are the text.
     PlainTextSource(std::shared_ptr<const FileReader> file, int bookCodePage, int systemCodePage,
                     std::size_t pieceBytes = 64 * 1024);
 
