@@ -7,12 +7,12 @@
 #include <ole2.h>
 
 #include <cstdlib>
+#include <exception>
 
 #ifdef __MINGW32__
 // In the place of libstdc++'s, which writes the exception's name to a console that is not there and
 // brings 60 KB to read it.
 namespace __gnu_cxx {
-void __verbose_terminate_handler();
 void __verbose_terminate_handler() {
     std::abort();
 }

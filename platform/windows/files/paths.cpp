@@ -3,6 +3,7 @@
 #include "platform/windows/base/text.h"
 #include "platform/windows/base/win32.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace {
@@ -47,9 +48,9 @@ bool IsDevice(std::wstring_view full) {
     } else if (full.starts_with(server)) {
         share = ShareOf(full.substr(server.size()));
     }
-    for (const std::wstring_view inner : {L"pipe", L"mailslot", L"IPC$"})
-        if (EqualsIgnoringCase(share, inner)) return true;
-    return false;
+    constexpr std::wstring_view shares[] = {L"pipe", L"mailslot", L"IPC$"}; // of what is no file
+    return std::ranges::any_of(
+        shares, [&](std::wstring_view name) { return EqualsIgnoringCase(share, name); });
 }
 
 bool IsInvalidPath(std::wstring_view path) {

@@ -41,6 +41,7 @@ std::vector<int> VisualOrder(const std::vector<LevelRun>& runs) {
     std::vector<int> order(runs.size());
     std::iota(order.begin(), order.end(), 0);
     std::vector<BYTE> levels;
+    levels.reserve(runs.size());
     for (const LevelRun& run : runs)
         levels.push_back(run.level);
     const Uniscribe* const uniscribe = LoadUniscribe();

@@ -46,7 +46,7 @@ class PaneHost : protected PaneWindow {
     int BlinkInterval() const override;
     void Redraw() override;
     void RedrawPart(const Rect& part) override;
-    void SetHorizontalBar(bool shown) override;
+    void SetHorizontalBar(bool shown) final; // called by the constructor
     void ShowVertical(const ScrollRange& range) override;
     void ShowHorizontal(const ScrollRange& range) override;
     void StartTimer(PaneTimer timer, int milliseconds) override;
