@@ -121,11 +121,14 @@ std::vector<SamplePlace> SamplePlaces(std::uint64_t size, std::uint64_t notUtf8)
     std::vector<SamplePlace> places{
         {0, static_cast<std::size_t>(std::min<std::uint64_t>(size, guessSample))}};
     if (size <= guessSample) return places;
-    const std::uint64_t last = size - sampleSize;
+    const std::uint64_t last = std::max<std::uint64_t>(size - sampleSize, guessSample);
+    const auto add = [&](std::uint64_t begin) {
+        places.push_back(
+            {begin, static_cast<std::size_t>(std::min<std::uint64_t>(sampleSize, size - begin))});
+    };
     for (std::uint64_t i = 1; i <= sampleCount; ++i)
-        places.push_back({guessSample + (last - guessSample) / sampleCount * i, sampleSize});
-    if (notUtf8 >= guessSample)
-        places.push_back({std::min(notUtf8 - sampleSize / 2, last), sampleSize});
+        add(guessSample + (last - guessSample) / sampleCount * i);
+    if (notUtf8 >= guessSample) add(std::min(notUtf8 - sampleSize / 2, last));
     return places;
 }
 

@@ -1,6 +1,7 @@
 #include "formats/plain/plain_text.h"
 
 #include "common/utf.h"
+#include "formats/plain/plain_text_guess.h"
 #include "tests/unit/test_folders.h"
 
 #include <doctest/doctest.h>
@@ -199,6 +200,23 @@ TEST_CASE("plain text: large books in Unicode and in a code page of pairs") {
         characters += u"\u65E5\u672C\n";
     }
     CHECK((DecodePlainText(pairs, 932, 1252).text == characters));
+}
+
+TEST_CASE("plain text: samples lie within a book of any size") {
+    for (const std::uint64_t size :
+         {std::uint64_t{0}, std::uint64_t{1}, std::uint64_t{guessSample},
+          std::uint64_t{guessSample} + 1, std::uint64_t{guessSample} + 4095,
+          std::uint64_t{guessSample} + 4096, std::uint64_t{guessSample} + 100'000})
+        for (const std::uint64_t notUtf8 : {std::uint64_t{0}, size / 2, size})
+            for (const SamplePlace& place : SamplePlaces(size, notUtf8)) {
+                CAPTURE(size);
+                CHECK(place.begin <= size);
+                CHECK(place.length <= size - place.begin);
+            }
+    std::string bytes;
+    while (bytes.size() <= guessSample)
+        bytes += "\xCD\xF3 \xF7\xF2\xEE, \xEA\xED\xFF\xE7\xFC.\n";
+    CHECK(DecodePlainText(bytes, 0, 1252).codePage == 1251);
 }
 
 TEST_CASE("plain text: every language in its own charset") {
