@@ -158,7 +158,19 @@ const char16_t* UpperHalf(int codePage) {
 }
 
 bool IsSingleBytePage(int codePage) {
-    return codePage != utf8Page && !FindDoubleBytePage(codePage);
+    return codePage != utf8Page && !IsEscapedPage(codePage) && !FindDoubleBytePage(codePage);
+}
+
+std::size_t SequenceLength(int codePage, std::string_view bytes) {
+    const auto first = static_cast<unsigned char>(bytes[0]);
+    if (codePage == utf8Page)
+        return static_cast<std::size_t>(std::max(Utf8SequenceLength(first), 1));
+    const DoubleBytePage* const page = FindDoubleBytePage(codePage);
+    if (!page || !IsLeadByte(codePage, first)) return 1;
+    const char second = bytes.size() > 1 ? bytes[1] : '\0';
+    if (page->page == gbkPage && second >= '0' && second <= '9') return 4;
+    if (page->longer && page->longer->lead == first) return page->longer->firstPlane != 0 ? 4 : 3;
+    return 2;
 }
 
 std::size_t CharacterEnd(int codePage, std::string_view bytes, std::size_t place) {

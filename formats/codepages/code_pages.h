@@ -48,6 +48,9 @@ bool IsSingleBytePage(int codePage);
 // Whether this byte begins a double-byte character of the page (false for single-byte pages).
 bool IsLeadByte(int codePage, unsigned char byte);
 
+// Of how many bytes the character is that begins with these, as far as they tell: at least one.
+std::size_t SequenceLength(int codePage, std::string_view bytes);
+
 // Where the character ends that holds the byte before `place`, when `bytes` begins with a whole
 // character: so a long text is cut into parts that decode by themselves. `place` must not be behind
 // the bytes.

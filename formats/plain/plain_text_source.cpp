@@ -30,7 +30,7 @@ PlainTextSource::PlainTextSource(std::shared_ptr<const FileReader> file, int boo
     const std::string start = BytesBetween(0, guessSample);
     if (const auto marked = MarkedForm(start)) {
         form_ = *marked;
-        if (IsEscapedPage(form_.codePage)) ConvertToUtf8();
+        ConvertEscaped();
         MarkPieces(false);
     } else if (!MarkPieces(true)) {
         form_ = GuessForm(start, bookCodePage, systemCodePage);
@@ -41,11 +41,14 @@ PlainTextSource::PlainTextSource(std::shared_ptr<const FileReader> file, int boo
 PlainTextSource::PlainTextSource(std::shared_ptr<const FileReader> file, const PlainTextForm& form,
                                  std::size_t pieceBytes)
     : file_(std::move(file)), pieceBytes_(pieceBytes), form_(form) {
+    ConvertEscaped();
     MarkPieces(false);
 }
 
-// No piece of such a text decodes by itself. They are relics of mail, so they are small.
-void PlainTextSource::ConvertToUtf8() {
+// No piece of a text with escape sequences decodes by itself, so it becomes one of UTF-8. Such
+// texts are relics of mail, and small; one above the limit of a file in memory is cut there.
+void PlainTextSource::ConvertEscaped() {
+    if (form_.encoding != TextEncoding::CodePage || !IsEscapedPage(form_.codePage)) return;
     file_ = std::make_shared<BytesReader>(
         Utf16ToUtf8(DecodeAs(form_, BytesBetween(0, maxFileInMemory))));
     form_ = {};

@@ -53,7 +53,7 @@ class PlainTextSource : public TextSource {
     };
 
     bool MarkPieces(bool onlyUtf8);
-    void ConvertToUtf8();
+    void ConvertEscaped();
     PlainTextForm GuessForm(std::string_view start, int bookCodePage, int systemCodePage) const;
     std::size_t PieceWith(TextPos position) const;
     std::size_t PieceWithByte(std::uint64_t byte) const;

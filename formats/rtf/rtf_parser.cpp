@@ -3,6 +3,7 @@
 #include "common/utf.h"
 #include "formats/codepages/charset_guess.h"
 #include "formats/codepages/code_pages.h"
+#include "formats/codepages/escaped_text.h"
 #include "formats/rtf/rtf_math.h"
 
 #include <algorithm>
@@ -232,7 +233,7 @@ void RtfParser::HandleDocumentWord(const RtfWordEntry& entry, std::int32_t param
         if (entry.value != 0) codePage_ = entry.value;
         break;
     case RtfWord::AnsiCodePage:
-        if (HasCodePage(parameter)) codePage_ = parameter;
+        if (HasCodePage(parameter) && !IsEscapedPage(parameter)) codePage_ = parameter;
         break;
     case RtfWord::DefaultFont: fonts_.SetDefault(parameter); break;
     case RtfWord::DefaultTab:

@@ -59,7 +59,8 @@ void RtfTextDecoder::AddPending(char byte, std::u16string& text) {
     const bool breaksUtf8 = page_->number == utf8Page && IsPending() && !IsUtf8Continuation(byte);
     if (breaksUtf8) DecodePending(text);
     pending_[pendingSize_++] = byte;
-    if (pendingSize_ == PendingLength()) DecodePending(text);
+    const std::string_view bytes(pending_.data(), pendingSize_);
+    if (pendingSize_ == SequenceLength(page_->number, bytes)) DecodePending(text);
 }
 
 void RtfTextDecoder::DecodePending(std::u16string& text) {
@@ -68,15 +69,6 @@ void RtfTextDecoder::DecodePending(std::u16string& text) {
     std::replace(text.begin() + static_cast<std::ptrdiff_t>(start), text.end(), u'\uFFFC',
                  u'\uFFFD');
     pendingSize_ = 0;
-}
-
-// In GB18030 a digit as the second byte means that two more follow.
-std::size_t RtfTextDecoder::PendingLength() const {
-    const unsigned char lead = Unsigned(pending_[0]);
-    if (page_->number == utf8Page)
-        return static_cast<std::size_t>(std::max(Utf8SequenceLength(lead), 1));
-    const bool isChinese = page_->number == 936 || page_->number == 54936;
-    return isChinese && pendingSize_ >= 2 && pending_[1] >= '0' && pending_[1] <= '9' ? 4 : 2;
 }
 
 void RtfTextDecoder::Flush(std::u16string& text) {

@@ -25,7 +25,6 @@ class RtfTextDecoder {
     std::size_t DecodeSingleBytes(std::string_view bytes, std::u16string& text) const;
     void AddPending(char byte, std::u16string& text);
     void DecodePending(std::u16string& text);
-    std::size_t PendingLength() const;
 
     std::map<int, Page> pages_;
     const Page* page_ = nullptr;

@@ -196,3 +196,13 @@ TEST_CASE("plain text source: the bytes of a mark are the first character's") {
     CHECK(source.PositionOf(100) == 4);
     CHECK(source.ByteOf(0) == 3);
 }
+
+TEST_CASE("plain text source: a page of escape sequences that was chosen for a text") {
+    const std::string bytes = "a \x1B$B$\"$$\x1B(B b"; // ISO-2022-JP
+    PlainTextForm form;
+    form.encoding = TextEncoding::CodePage;
+    form.codePage = 50220;
+    const PlainTextSource source(Reader(bytes), form, 4);
+    CHECK(All(source) == u"a \u3042\u3044 b");
+    CHECK(source.Length() == 6);
+}

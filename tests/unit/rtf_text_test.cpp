@@ -194,6 +194,9 @@ TEST_CASE("rtf reader: characters of several bytes in all their spellings") {
         {"{\\rtf1\\ansicpg936\\'d6\\'d0\\'b9\\'fa}", "中国"},
         {"{\\rtf1\\ansicpg54936\\'81\\'30\\'81\\'30 x}", "\u0080 x"},
         {"{\\rtf1\\ansicpg950\\'a4\\'a4\\'a4\\'e5}", "中文"},
+        {"{\\rtf1\\ansicpg51932\\'8f\\'b0\\'a1\\'a4\\'a2}", "丂あ"},
+        {"{\\rtf1\\ansicpg51950\\'8e\\'a2\\'a1\\'a1\\'c4\\'e3}", "乂中"},
+        {"{\\rtf1\\ansicpg50220 a\\'e9}", "aé"}, // a page for whole texts only
         {"{\\rtf1{\\fonttbl{\\f0\\fcharset134 A;}{\\f1\\fcharset204 B;}}\\f0\\'d6\\f1\\'d0}",
          "\uFFFDР"},
     });
