@@ -58,11 +58,11 @@ std::size_t RtfNumbering::End() {
     // A sign that only a symbol font has is some bullet.
     std::ranges::replace_if(format_.before, IsSymbolFontUnit, u'\u2022');
     if (format_.kind == RtfNumberKind::Bullet && format_.before.empty()) format_.before = u"\u2022";
-    const auto known = std::ranges::find(formats_, format_);
-    if (known == formats_.end() && formats_.size() == maxRtfNumberFormats) return 0;
-    const auto index = static_cast<std::size_t>(known - formats_.begin());
-    if (known == formats_.end()) formats_.push_back(format_);
-    return index + 1;
+    const auto known = numbers_.find(format_);
+    if (known != numbers_.end()) return known->second;
+    if (formats_.size() == maxRtfNumberFormats) return 0;
+    formats_.push_back(format_);
+    return numbers_[format_] = formats_.size();
 }
 
 std::u16string RtfNumbering::TextOfParagraph(std::size_t format, std::uint32_t paragraphStart) {

@@ -4,6 +4,8 @@
 
 #include "formats/rtf/rtf_words.h"
 
+#include <compare>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -22,7 +24,7 @@ struct RtfNumberFormat {
     std::int32_t start = 1;
     std::u16string before, after; // the number; a bullet is before none
 
-    bool operator==(const RtfNumberFormat&) const = default;
+    auto operator<=>(const RtfNumberFormat&) const = default;
 };
 
 std::u16string NumberText(const RtfNumberFormat& format, std::int32_t number);
@@ -45,6 +47,7 @@ class RtfNumbering {
     RtfNumberFormat format_;
     bool isBullet_ = false, isContinued_ = false;
     std::vector<RtfNumberFormat> formats_;
+    std::map<RtfNumberFormat, std::size_t> numbers_; // of the formats, from 1
     std::size_t lastFormat_ = 0, count_ = 0;
     std::int32_t lastNumber_ = 0;
     std::uint32_t lastStart_ = 0, lastEnd_ = 0; // of the last numbered paragraph
