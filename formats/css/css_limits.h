@@ -31,7 +31,7 @@ constexpr int maxCssMathDepth = 16;
 // together may have as many units as `maxCssVariableStore`.
 constexpr std::size_t maxCssVariables = 1024, maxCssVariableUnits = 4096;
 constexpr int maxCssVariableDepth = 32;
-constexpr std::size_t maxCssVariableStore = std::size_t{4} << 20;
+constexpr std::size_t maxCssVariableStore = std::size_t{8} << 20;
 
 constexpr std::size_t maxCssImports = 64;
 // Of a page: files of sheets, sheets that import each other, and the bytes of all together.

@@ -50,6 +50,7 @@ class CssListPool {
         return numbers_.emplace(key, static_cast<std::uint32_t>(lists_.size() - 1)).first->second;
     }
     const List& operator[](std::uint32_t number) const { return lists_[number]; }
+    std::size_t Count() const { return lists_.size(); } // with the empty one
 
   private:
     std::deque<List> lists_;

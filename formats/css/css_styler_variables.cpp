@@ -2,6 +2,18 @@
 #include "formats/css/css_limits.h"
 #include "formats/css/css_styler.h"
 
+namespace {
+// Of a declaration: with its variables in their places it may be much longer than it is written.
+constexpr std::uint64_t stepsOfReading = 1024;
+
+std::size_t UnitsOf(const CssVariables& list) {
+    std::size_t units = 0;
+    for (const CssVariable& variable : list)
+        units += variable.name.size() + variable.value.size();
+    return units;
+}
+} // namespace
+
 void CssStyler::AddWritten(std::span<const CssDeclaration> declarations, const CssBlock& block,
                            bool important,
                            std::vector<const CssWrittenDeclaration*>& written) const {
@@ -23,18 +35,22 @@ std::uint32_t CssStyler::VariablesOf(CssPseudoElement which, const CssBlock& own
         }
         AddWritten(own.declarations, own, important, written);
     }
-    if (written.empty() || variableUnits_ > maxCssVariableStore) return outer;
+    const bool isFull = variableUnits_ > maxCssVariableStore || matcher_.IsExhausted();
+    if (written.empty() || isFull) return outer;
+    for (const CssWrittenDeclaration* declaration : written)
+        matcher_.AddSteps(stepsOfReading + declaration->value.size());
     const CssVariables list = ResolveCssVariables(variableLists_[outer], written);
-    for (const CssVariable& variable : list)
-        variableUnits_ += variable.name.size() + variable.value.size();
+    const std::size_t units = UnitsOf(list);
+    matcher_.AddSteps(units); // which are copied and compared
+    const std::size_t known = variableLists_.Count();
     const std::uint32_t number = variableLists_.NumberOf(list);
+    if (variableLists_.Count() > known) variableUnits_ += units;
     return number == 0 && !list.empty() ? outer : number; // no more lists
 }
 
 const CssBlock& CssStyler::Read(const CssWrittenDeclaration& declaration) {
     static const CssBlock none;
     if (matcher_.IsExhausted()) return none;
-    constexpr std::uint64_t stepsOfReading = 1024; // the text may be much longer than it is written
     matcher_.AddSteps(stepsOfReading);
     read_.push_back(ReadCssWritten(declaration, variableLists_[variables_], reading_));
     return read_.back();

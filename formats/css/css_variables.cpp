@@ -32,9 +32,10 @@ class Substitution {
     bool Write(CssTokenStream tokens, int depth) {
         while (!tokens.AtEndRaw()) {
             const CssToken& token = tokens.NextRaw();
-            const bool replaced =
-                token.IsFunction(u"var") ? WriteVariable(tokens, depth) : Append(token.source);
-            if (!replaced) return false;
+            const bool isVariable = token.IsFunction(u"var");
+            if (isVariable || token.source.data() != written_) KeepApart();
+            if (!(isVariable ? WriteVariable(tokens, depth) : Append(token.source))) return false;
+            written_ = isVariable ? nullptr : token.source.data() + token.source.size();
         }
         return true;
     }
@@ -51,7 +52,12 @@ class Substitution {
         return hasFallback && Write(arguments, depth + 1);
     }
 
-    // Comments and what stands in for a variable keep tokens apart.
+    // What stood apart by a comment, or stands in for a variable, makes no token with what is
+    // beside it: `var(--n)px` is no length.
+    void KeepApart() {
+        if (!text_.empty() && text_.back() != u' ') text_ += u"/**/";
+    }
+
     bool Append(std::u16string_view text) {
         if (text_.size() + text.size() > maxCssVariableUnits) return false;
         text_ += text;
@@ -60,6 +66,7 @@ class Substitution {
 
     const Lookup& lookup_;
     std::u16string text_;
+    const char16_t* written_ = nullptr; // the end of the last token, in its source
 };
 
 std::optional<std::u16string> Substituted(std::u16string_view text, const Lookup& lookup) {

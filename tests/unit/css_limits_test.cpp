@@ -159,6 +159,25 @@ TEST_CASE("css: long attributes are read once, or not to their end") {
     CHECK(page.styles.Count() < 10);
 }
 
+TEST_CASE("css: variables are resolved within a bound, and kept once") {
+    std::u16string sheet = u"*{";
+    for (int i = 0; i < 200; ++i)
+        sheet += u"--v" + Utf8ToUtf16(std::to_string(i)) + u":" + Repeat(u"x ", 2000) + u";";
+    std::u16string body;
+    for (int i = 0; i < 5000; ++i)
+        body += u"<p style='--i:" + Utf8ToUtf16(std::to_string(i)) + u"'>text";
+    const StyledPage page(u"<!DOCTYPE html><style>" + sheet + u"}</style>" + body);
+    CHECK(page.styles.Steps() < maxCssSteps + 4'000'000);
+
+    // The same variables at each of many elements cost their memory once.
+    std::u16string same = u"<!DOCTYPE html><style>:root{--a:" + Repeat(u"x", 4000) + u"}" +
+                          u"i{font-size:7px}p{width:var(--w)}</style>";
+    for (int i = 0; i < 4000; ++i)
+        same += u"<p style='--w:" + Utf8ToUtf16(std::to_string(i % 2)) + u"px'><i></i>";
+    const StyledPage small(same + u"<p id=x style='--w:9px'>");
+    CHECK(small.Box().width == CssLength::Pixels(9));
+}
+
 TEST_CASE("css: a list of fonts for each element is found by its names") {
     std::u16string html = u"<!DOCTYPE html>";
     for (int i = 0; i < 30'000; ++i)

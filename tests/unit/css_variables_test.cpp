@@ -57,6 +57,16 @@ TEST_CASE("css: variables of variables, and without a value") {
     CHECK(Width(css + u";width:var(--u0)}").IsAuto());
 }
 
+TEST_CASE("css: what stands beside a variable makes no token with it") {
+    CHECK(Width(u"div{--n:1;width:5px;width:var(--n)px}").IsAuto());
+    CHECK(Width(u"div{--n:1;width:5px;width:1/**/px}") == Px(5));
+    CHECK(Width(u"div{--n:2;width:calc(3px*var(--n))}") == Px(6));
+    CHECK(Width(u"div{--n:2;width:calc(var(--n)*3px)}") == Px(6));
+    CHECK(Width(u"div{--n:1/**/px;width:var(--n)}").IsAuto());
+    CHECK(PageOf(u"div{--a:1px;margin:var(--a)var(--a)}", u"<div id=x>").Box().margin[cssLeft] ==
+          Px(1));
+}
+
 TEST_CASE("css: sums of lengths") {
     CHECK(Width(u"div{width:calc(1px + 2px * 3)}") == Px(7));
     CHECK(Width(u"div{width:calc((1px + 2px) * 3)}") == Px(9));
