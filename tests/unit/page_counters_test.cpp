@@ -1,4 +1,5 @@
 // Numbers that styles count.
+#include "common/utf.h"
 #include "tests/unit/page_sample.h"
 
 #include <doctest/doctest.h>
@@ -41,4 +42,14 @@ TEST_CASE("counters: they begin, go on and are set as they are told") {
     CHECK(Lines(u"body{counter-reset:n}p{counter-increment:n}p::after{content:'(' "
                 u"counter(n,lower-alpha) ')'}",
                 u"<p>a<p>b") == "0,0 a(a)|0,16 b(b)");
+}
+
+TEST_CASE("counters: leaving an element costs nothing for the names of others") {
+    std::u16string page;
+    for (int i = 0; i < 300; ++i)
+        page += u"<div style='counter-reset:a" + Utf8ToUtf16(std::to_string(i)) + u"'>";
+    page += u"<p style='counter-reset:a7 5'>";
+    for (int i = 0; i < 300; ++i)
+        page += u"</div>";
+    CHECK(Lines(u"p::before{content:counter(a7) '|' counters(a7,'.')}", page) == "0,0 5|0.5");
 }

@@ -50,24 +50,33 @@ void PageCounters::Enter(HtmlNodeId element) {
 
 void PageCounters::Leave(HtmlNodeId element) {
     AddTexts(element, styles_.After(element), GeneratedPlace::Behind);
-    for (auto& [name, instances] : counters_)
-        while (!instances.empty() && instances.back().scope == element)
-            instances.pop_back();
+    for (; !opened_.empty() && opened_.back().scope == element; opened_.pop_back()) {
+        Instances& instances = opened_.back().counter->second;
+        instances.pop_back();
+        if (instances.empty()) counters_.erase(opened_.back().counter);
+    }
+}
+
+void PageCounters::Begin(Counters::iterator counter, HtmlNodeId scope, int value) {
+    counter->second.push_back({scope, value});
+    opened_.push_back({scope, counter});
 }
 
 // A counter that an element begins is there for what is in it and for its siblings behind.
 void PageCounters::Change(const CssBoxStyle& style, HtmlNodeId scope) {
     for (const CssCounterChange& reset : styles_.Counters(style.counterReset)) {
-        Instances& instances = counters_[reset.name];
+        const auto counter = counters_.try_emplace(reset.name).first;
+        Instances& instances = counter->second;
         if (!instances.empty() && instances.back().scope == scope)
             instances.back().value = reset.value;
         else
-            instances.push_back({scope, reset.value});
+            Begin(counter, scope, reset.value);
     }
     for (const CssCounterChange& increment : styles_.Counters(style.counterIncrement)) {
-        Instances& instances = counters_[increment.name];
-        if (instances.empty()) instances.push_back({scope, 0});
-        instances.back().value = Sum(instances.back().value, increment.value);
+        const auto counter = counters_.try_emplace(increment.name).first;
+        if (counter->second.empty()) Begin(counter, scope, 0);
+        int& value = counter->second.back().value;
+        value = Sum(value, increment.value);
     }
 }
 

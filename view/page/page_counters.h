@@ -8,6 +8,7 @@
 #include <map>
 #include <string>
 #include <utility>
+#include <vector>
 
 class PageCounters {
   public:
@@ -30,9 +31,17 @@ class PageCounters {
     void AddTexts(HtmlNodeId element, CssStyle style, GeneratedPlace place);
     std::u16string TextOf(const CssContentItem& item) const;
 
+    using Counters = std::map<std::u16string, Instances, std::less<>>;
+    struct Opened {
+        HtmlNodeId scope;
+        Counters::iterator counter;
+    };
+    void Begin(Counters::iterator counter, HtmlNodeId scope, int value);
+
     const HtmlTree& tree_;
     const CssPageStyles& styles_;
-    std::map<std::u16string, Instances, std::less<>> counters_;
+    Counters counters_;          // those that have an instance
+    std::vector<Opened> opened_; // instances in the order in which they began
     std::map<std::pair<HtmlNodeId, const CssContentItem*>, std::u16string> texts_[2];
     std::size_t units_ = 0; // of all texts
 };
