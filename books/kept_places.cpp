@@ -4,6 +4,7 @@
 #include "datafile/list_persistence.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 std::u16string KeyOf(PlacesOf view, std::u16string_view key) {
@@ -25,24 +26,22 @@ KeptWords ParseKept(std::u16string_view value) {
     return {std::u16string(value), uncertain};
 }
 
-// Digits alone: a number in this form cannot have come from anywhere else.
+// Of digits alone, such as a time of nanoseconds, which fits up to the year 2262; 0 for others.
 std::int64_t LongNumber(std::u16string_view digits) {
     std::int64_t value = 0;
-    for (const char16_t digit : digits.substr(0, 18))
-        if (digit >= u'0' && digit <= u'9') value = value * 10 + (digit - u'0');
+    for (const char16_t digit : digits) {
+        const std::int64_t added = digit - u'0';
+        const bool fits = value <= (std::numeric_limits<std::int64_t>::max() - added) / 10;
+        if (added < 0 || added > 9 || !fits) return 0;
+        value = value * 10 + added;
+    }
     return value;
-}
-
-// A time of nanoseconds has 19 digits by now, which 64 bits hold up to the year 2262.
-std::int64_t TimeNumber(std::u16string_view digits) {
-    const std::u16string_view last = digits.size() > 18 ? digits.substr(18, 1) : u"";
-    return last.empty() ? LongNumber(digits) : LongNumber(digits) * 10 + (last.front() - u'0');
 }
 
 void ReadFile(std::u16string_view value, KeptPlaces& places) {
     const std::size_t comma = std::min(value.find(u','), value.size());
     places.fileSize = static_cast<std::uint64_t>(LongNumber(value.substr(0, comma)));
-    places.fileTime = TimeNumber(value.substr(std::min(comma + 1, value.size())));
+    places.fileTime = LongNumber(value.substr(std::min(comma + 1, value.size())));
 }
 
 KeptTop ParseTop(std::u16string_view value) {

@@ -7,6 +7,7 @@
 #include "reading/caret.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 constexpr TextPos standardLength = 81; // of a mark without a fitting selection
@@ -19,7 +20,9 @@ TextPos StartOf(const std::u16string& tag) {
 std::optional<CharSpan> ParseMark(const std::u16string& tag) {
     const auto parts = Split(tag, u",");
     if (parts.size() != 2) return std::nullopt;
-    return CharSpan{std::max(WholeNumber(parts[0]), 0), std::max(WholeNumber(parts[1]), 0)};
+    const TextPos start = std::max(WholeNumber(parts[0]), 0);
+    const TextPos maxLength = std::numeric_limits<TextPos>::max() - start;
+    return CharSpan{start, std::clamp(WholeNumber(parts[1]), 0, maxLength)};
 }
 
 std::u16string MarkText(const CharSpan& mark) {

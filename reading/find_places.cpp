@@ -3,6 +3,7 @@
 #include "reading/place_candidates.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <numeric>
 #include <optional>
@@ -73,12 +74,14 @@ class PlaceFinder {
     struct KnownEnd {
         TextPos old = 0, now = 0;
     };
+    // Old places come from the data file, which somebody may have edited.
+    static std::int64_t Distance(TextPos from, TextPos to) { return std::int64_t{to} - from; }
     KnownEnd EndOf(std::size_t i) const { return {places_[i].position, found_[i].position}; }
 
     // As far apart as before, so that nothing as long as the words of a place was put in between.
     static bool KeepDistance(KnownEnd a, KnownEnd b) {
-        constexpr TextPos less = static_cast<TextPos>(maxWordsLength);
-        return a.old <= b.old && (b.now - a.now) - (b.old - a.old) < less;
+        constexpr auto less = static_cast<std::int64_t>(maxWordsLength);
+        return a.old <= b.old && Distance(a.now, b.now) - Distance(a.old, b.old) < less;
     }
     static bool GoTogether(KnownEnd a, KnownEnd b) {
         return KeepDistance(a, b) && KeepDistance({a.now, a.old}, {b.now, b.old});
@@ -132,14 +135,16 @@ class PlaceFinder {
     // An edit between the two moves what is behind it: the place has moved as one of them has, or
     // by something in between.
     Expectation ExpectationOf(TextPos position, KnownEnd before, KnownEnd behind) const {
-        const TextPos asBefore = position - before.old + before.now;
-        const TextPos asBehind = position - behind.old + behind.now;
-        const double span = std::max(behind.old - before.old, 1);
-        const double share = std::clamp((position - before.old) / span, 0.0, 1.0);
+        const auto inText = [&](std::int64_t place) {
+            return static_cast<TextPos>(std::clamp<std::int64_t>(place, 0, text_.Length()));
+        };
+        const TextPos asBefore = inText(before.now + Distance(before.old, position));
+        const TextPos asBehind = inText(behind.now + Distance(behind.old, position));
+        const double span = std::max(double(behind.old) - before.old, 1.0);
+        const double share = std::clamp((double(position) - before.old) / span, 0.0, 1.0);
         const auto between =
             static_cast<TextPos>(before.now + share * (double(behind.now) - before.now));
-        const auto inText = [&](TextPos place) { return std::clamp(place, 0, text_.Length()); };
-        return {inText(std::min(asBefore, asBehind)), inText(std::max(asBefore, asBehind)),
+        return {std::min(asBefore, asBehind), std::max(asBefore, asBehind),
                 inText(behind.now >= before.now ? between : asBefore), before.now, behind.now};
     }
 

@@ -265,3 +265,12 @@ TEST_CASE("bookmarks: tags that are not two numbers get no caption and do no har
     test.Choose(test.Menu().mBookmarkList, 0);
     CHECK(test.Menu().mBookmarkList[0].checked);
 }
+
+TEST_CASE("bookmarks: a mark of an edited record ends where positions do") {
+    const auto mark = ParseMark(u"2147483647,2147483647");
+    REQUIRE(mark);
+    CHECK(mark->start == 2147483647);
+    CHECK(mark->length == 0);
+    CHECK(ParseMark(u"2147483600,100")->length == 47);
+    CHECK(ParseMark(u"5,-3")->length == 0);
+}
