@@ -5,6 +5,7 @@
 #include "platform/qt/qt_ports.h"
 #include "platform/qt/system/application_setup.h"
 #include "platform/qt/system/command_line.h"
+#include "platform/qt/system/guarded_application.h"
 
 #include <QApplication>
 
@@ -40,7 +41,7 @@ int main(int argc, char** argv) {
     ExcludeProgramFolderFromPluginPaths();
     const std::u16string activation = StartupActivation();
     FontconfigLoader fontconfig;
-    const QApplication application(argc, argv);
+    const GuardedApplication application(argc, argv);
     fontconfig.Finish();
     // In a Flatpak the desktop entry is called after the application's id.
     QGuiApplication::setDesktopFileName(

@@ -1,5 +1,6 @@
 #include "platform/windows/window/win_native_window.h"
 
+#include "platform/shared/call_handler.h"
 #include "platform/windows/resources/resource.h"
 
 #include <exception>
@@ -51,7 +52,9 @@ LRESULT CALLBACK WinNativeWindow::WndProc(HWND window, UINT message, WPARAM wPar
     try {
         return self->handler_(window, message, wParam, lParam);
     } catch (const std::exception& error) {
-        OutputDebugStringA(error.what());
-        return 0;
+        ReportHandlerFailure(error.what());
+    } catch (...) {
+        ReportHandlerFailure("an exception of an unknown type");
     }
+    return 0;
 }

@@ -1,13 +1,12 @@
 // The contract tests of ports whose back ends need a QApplication.
 #define DOCTEST_CONFIG_IMPLEMENT
 #include "platform/none/none_text_view.h"
+#include "platform/qt/system/guarded_application.h"
 #include "platform/qt/text_view/qt_text_view.h"
 #include "platform/qt/text_view/text_widget.h"
 #include "tests/contract/text_view_contract.h"
 
 #include <doctest/doctest.h>
-
-#include <QApplication>
 
 namespace {
 int XInQtView(TextView& view, TextPos position) {
@@ -23,6 +22,6 @@ std::vector<TextViewBackEnd> TextViewBackEnds() {
 }
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
+    const GuardedApplication application(argc, argv);
     return doctest::Context(argc, argv).run();
 }
