@@ -13,6 +13,7 @@
 #include <QVariant>
 
 #include <algorithm>
+#include <utility>
 
 struct EngineHtmlView::PendingQuery {
     QEventLoop loop;
@@ -28,9 +29,11 @@ void EngineHtmlView::CancelQuery() {
 bool EngineHtmlView::eventFilter(QObject*, QEvent* event) {
     if (event->type() != QEvent::Close) return false;
     CancelQuery();
+    PendingQuery* const cancelled = std::exchange(pendingQuery_, nullptr); // still in its loop
     const auto state = Query(QStringLiteral("state()"), QDeadlineTimer(maxPageWait),
                              QEventLoop::ExcludeUserInputEvents);
     if (state) ApplyState(*state);
+    pendingQuery_ = cancelled;
     closing_ = true;
     return false;
 }
