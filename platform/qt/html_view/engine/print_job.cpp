@@ -22,7 +22,6 @@ QString WriteFileAtomically(const QString& path, const QByteArray& bytes) {
     const QFileInfo existing(path);
     if (existing.exists() && !existing.isFile()) return PrintJob::tr("This is not a file.");
     QSaveFile file(path);
-    file.setDirectWriteFallback(true);
     const bool written =
         file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
     return written ? QString() : file.errorString();
