@@ -265,3 +265,44 @@ TEST_CASE("page pane: zones that take no height are not laid out for every frame
     bench.view.Painted();
     CHECK(bench.view.Pane().LayoutsMade() - before < 100);
 }
+
+TEST_CASE(
+    "page pane: a page of pictures keeps its place in another width, at the cost of a screen") {
+    for (const char* start : {"", "<h1>Title</h1>"}) {
+        CAPTURE(start);
+        std::string source = "<!DOCTYPE html><style>body,div,h1{margin:0}div{height:300px}</style>";
+        source += start;
+        for (int i = 0; i < 2000; ++i)
+            source += "<div></div>";
+        PageBench bench(source);
+        bench.view.ScrollTo(0, 300'000);
+        for (int i = 0; i < 500; ++i)
+            bench.view.LetEventsCome();
+        bench.view.Painted();
+        const int before = bench.view.Pane().LayoutsMade();
+        CHECK_FALSE(bench.view.Pane().IsLink({100, 100}));
+        CHECK(bench.view.Pane().LayoutsMade() - before < 200);
+        bench.view.Pane().ScrollLines(0); // by its user
+        const int place = bench.view.ScrollTop();
+        CHECK(place > 299'000);
+        bench.Resize(500);
+        CHECK(bench.view.ScrollTop() == place);
+        CHECK(bench.view.Top().start == 0);
+    }
+}
+
+TEST_CASE("page pane: Tab goes to the link behind the view without a layout of those above") {
+    std::string source = "<!DOCTYPE html><style>body,p{margin:0}</style>";
+    for (int i = 0; i < 5000; ++i)
+        source += "<p><a href='x" + std::to_string(i) + "'>link " + std::to_string(i) + "</a>";
+    PageBench bench(source);
+    bench.view.Pane().ScrollLineToTop(TextPos(bench.view.Pane().Page()->Text().find(u"link 2500")));
+    bench.view.Painted();
+    const int before = bench.view.Pane().LayoutsMade();
+    CHECK(bench.view.Pane().FocusLink(true));
+    CHECK(bench.view.Pane().LayoutsMade() - before < 100);
+    CHECK(bench.view.Pane().FollowFocusedLink());
+    bench.view.LetEventsCome();
+    REQUIRE(bench.links.size() == 1);
+    CHECK(bench.links[0].ends_with(u"x2500"));
+}

@@ -87,10 +87,13 @@ class PagePane : public ReadablePage {
     int LayoutsMade() const { return shown_ ? shown_->Flow().LayoutsMade() : 0; } // zones so far
 
   private:
-    // Where a character was, to be brought there again in another layout.
+    // Where a character was, to be brought there again in another layout. Among pictures alone
+    // there is none near: what share of a zone was above the view.
     struct PlaceAtTop {
-        TextPos position = 0;
-        double lines = 0; // of its letters' top in the view, in heights of them
+        TextPos position = 0; // -1 for none
+        double lines = 0;     // of its letters' top in the view, in heights of them
+        std::size_t zone = 0;
+        double share = 0;
     };
     static constexpr int measuringInterval = 10; // milliseconds
     // For a place that is asked for; what is above it may take longer to be measured.
@@ -101,6 +104,7 @@ class PagePane : public ReadablePage {
     bool UpdateLayout();            // false without a page
     void LayOutAnew(const PageRenderOptions& options);
     std::optional<PlaceAtTop> TopAnchor();
+    PlaceAtTop ZoneAtTop();
     void RestoreTop(const std::optional<PlaceAtTop>& anchor);
     double ScaleOf(int zoomPercent) const;
     std::optional<CharacterPlace> PlaceOf(TextPos position);
@@ -129,6 +133,7 @@ class PagePane : public ReadablePage {
     TextPos NextCharacter(TextPos position, bool forward) const;
     TextPos NextWord(TextPos position, bool forward) const;
     std::optional<TextSpan> LinkSpan(HtmlNodeId link) const;
+    HtmlNodeId NextLink(bool forward);
     void PaintFocus(Canvas& canvas);
     void PaintLabel(Canvas& canvas);
     void HideScrollLabel();

@@ -37,25 +37,27 @@ std::optional<TextSpan> PagePane::LinkSpan(HtmlNodeId link) const {
 }
 
 // From the one before, or from what is at the top of the view.
-bool PagePane::FocusLink(bool forward) {
-    if (!UpdateLayout()) return false;
+HtmlNodeId PagePane::NextLink(bool forward) {
     const TextPos top = StartAtTop();
     const HtmlTree& tree = page_->Tree();
-    HtmlNodeId found = noHtmlNode;
+    HtmlNodeId last = noHtmlNode;
     bool passed = false;
     for (HtmlNodeId id = tree.Body(); id != noHtmlNode; id = tree.Next(id)) {
         if (id == focusedLink_) passed = true;
-        if (id == focusedLink_ && !forward) break;
         if (id == focusedLink_ || LinkAround(tree, id) != id) continue;
         const auto span = LinkSpan(id);
-        if (!span || !PlaceOf(span->start)) continue;
-        const bool isBehind = focusedLink_ == noHtmlNode ? span->start >= top : passed;
-        if (forward && !isBehind) continue;
-        if (!forward && focusedLink_ == noHtmlNode && isBehind) break;
-        found = id;
-        if (forward) break;
+        if (!span) continue;
+        const bool isAfter = focusedLink_ == noHtmlNode ? span->start >= top : passed;
+        if (isAfter) return forward ? id : last;
+        last = id;
     }
-    if (found == noHtmlNode) return false;
+    return forward ? noHtmlNode : last;
+}
+
+bool PagePane::FocusLink(bool forward) {
+    if (!UpdateLayout()) return false;
+    const HtmlNodeId found = NextLink(forward);
+    if (found == noHtmlNode || !PlaceOf(LinkSpan(found)->start)) return false;
     focusedLink_ = found;
     Reveal(LinkSpan(found)->start);
     window_.Redraw();

@@ -19,7 +19,7 @@ std::optional<PagePane::PlaceAtTop> PagePane::TopAnchor() {
     if (scroller_.IsAtStart()) return std::nullopt;
     if (topAnchor_) return topAnchor_;
     const auto line = FirstLine();
-    if (!line) return std::nullopt;
+    if (!line) return ZoneAtTop();
     const PagePlaces places(*page_, *shown_);
     const TextPos position = places.PositionOf(line->block.Content(), line->unit);
     const auto place = PlaceOf(position);
@@ -27,9 +27,20 @@ std::optional<PagePane::PlaceAtTop> PagePane::TopAnchor() {
     return PlaceAtTop{position, scroller_.InView(place->block.zone, place->top) / place->height};
 }
 
+PagePane::PlaceAtTop PagePane::ZoneAtTop() {
+    const PageScroller::Top& top = scroller_.Position();
+    const double height = std::max(1.0, shown_->Flow().HeightOf(top.zone));
+    return {.position = -1, .zone = top.zone, .share = top.y / height};
+}
+
 void PagePane::RestoreTop(const std::optional<PlaceAtTop>& anchor) {
     topAnchor_ = anchor;
     if (!anchor) return scroller_.ScrollTo({});
+    PageFlow& flow = shown_->Flow();
+    if (anchor->position < 0 && flow.ZoneCount() > 0) {
+        const std::size_t zone = std::min(anchor->zone, flow.ZoneCount() - 1);
+        return scroller_.ScrollTo({zone, anchor->share * flow.HeightOf(zone)});
+    }
     if (const auto place = PlaceOf(anchor->position))
         scroller_.ScrollTo({place->block.zone, place->top - anchor->lines * place->height});
 }
@@ -133,8 +144,9 @@ PageTop PagePane::Top() {
         if (MeasureAbove(scroller_.Position().zone, exactTime))
             top.offset = Rounded(scroller_.Height() / options_.scale);
         const auto anchor = TopAnchor();
-        top.start = anchor ? anchor->position : 0;
-        const auto place = anchor ? PlaceOf(anchor->position) : std::nullopt;
+        const bool hasWords = anchor && anchor->position >= 0;
+        top.start = hasWords ? anchor->position : 0;
+        const auto place = hasWords ? PlaceOf(anchor->position) : std::nullopt;
         if (place)
             top.above = Rounded((std::round(shown_->TopMargin()) -
                                  scroller_.InView(place->block.zone, place->top)) /

@@ -138,6 +138,9 @@ HtmlNodeId PagePlaces::NodeAt(const InlineContent& content, TextPos unit) const 
     return content.origins.empty() ? noHtmlNode : content.origins[OriginOf(content, unit)].node;
 }
 
+// Of text from the point that it is nearest to: some screens of pictures, which take a layout each.
+constexpr std::size_t maxZonesAway = 64;
+
 std::optional<CharacterPlace> PagePlaces::NearestLine(std::size_t zone, double x, double y,
                                                       bool below) {
     PageFlow& flow = shown_.Flow();
@@ -167,12 +170,14 @@ std::optional<CharacterPlace> PagePlaces::NearestLine(std::size_t zone, double x
     const double end = lookInto(zone, 0);
     // A zone that has no line there, such as a picture's, or one that ends at that height.
     double offset = end;
-    for (std::size_t next = zone + 1; next < flow.ZoneCount() && least > 0; ++next) {
+    const std::size_t lastZone = std::min(flow.ZoneCount(), zone + 1 + maxZonesAway);
+    for (std::size_t next = zone + 1; next < lastZone && least > 0; ++next) {
         if (least < 1e12 && Outside(offset, y, y) * 1e4 > least) break;
         offset = lookInto(next, offset);
     }
     double above = 0;
-    for (std::size_t before = zone; before-- > 0 && least > 0;) {
+    const std::size_t firstZone = zone - std::min(zone, maxZonesAway);
+    for (std::size_t before = zone; before-- > firstZone && least > 0;) {
         if (least < 1e12 && (y - above) * 1e4 > least) break;
         above -= flow.HeightOf(before);
         lookInto(before, above);
