@@ -43,7 +43,8 @@ void KeepChoice(MainForm& form, int codePage) {
     form.book.chosen = {codePage, true};
     if (!IsShownBookListed(form)) return;
     const std::u16string key(RecordKey(form.menu.mFileList[0].tag));
-    StoreChosenCodePage(*form.dataFile, BookSection(CurrentProfile(form), key), codePage);
+    StoreChosenCodePage(*form.dataFile, BookSection(form.history, CurrentProfile(form), key),
+                        codePage);
 }
 
 void ShowIn(MainForm& form, ChosenCharset wanted) {

@@ -54,7 +54,8 @@ void InheritPageEngine(MainForm& form, const std::u16string& path) {
     IniFile& file = *form.dataFile;
     const PageEngine engine = LoadPageEngine(file, SectionOf(form, form.history.Record(0)));
     if (engine == PageEngine::Own)
-        SavePageEngine(file, BookSection(CurrentProfile(form), PathToKey(path)), engine);
+        SavePageEngine(file, BookSection(form.history, CurrentProfile(form), PathToKey(path)),
+                       engine);
 }
 } // namespace
 

@@ -13,7 +13,7 @@ const std::u16string& CurrentProfile(const MainForm& form) {
 }
 
 std::u16string SectionOf(const MainForm& form, const BookRecord& record) {
-    return BookSection(CurrentProfile(form), record[Field::Path]);
+    return BookSection(form.history, CurrentProfile(form), record[Field::Path]);
 }
 
 bool IsBookShown(const MainForm& form) {

@@ -52,9 +52,11 @@ void RemoveMissingBooks(History&); // every record whose file is missing
 // -1.
 int FillHistory(History&, const std::vector<std::u16string>& records);
 
-// The sections of the data file for a profile's list, and for what a record has no field for.
+// The sections of the data file for a profile's list, and for what a record has no field for. A
+// book of the list whose name differs from another's in case only has a section of its own.
 std::u16string HistorySection(const std::u16string& profile);
-std::u16string BookSection(const std::u16string& profile, const std::u16string& recordKey);
+std::u16string BookSection(const History&, const std::u16string& profile,
+                           const std::u16string& recordKey);
 
 // Writes one record, or the whole list, merged with what another program has put there.
 void SaveHistoryItem(History&, IniFile&, const std::u16string& profile, int index);

@@ -5,31 +5,46 @@
 #include "common/text.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <string_view>
 
 std::u16string HistorySection(const std::u16string& profile) {
     return profile + u"\\mFileList";
 }
 
-std::u16string BookSection(const std::u16string& profile, const std::u16string& recordKey) {
-    return profile + u'\\' + recordKey;
-}
-
 namespace {
 // On a case-sensitive file system two books may have keys that the data file takes for one.
-bool SharesKeyInOtherCase(const MenuArray& list, int index) {
-    const auto key = RecordKey(list[index].tag);
+bool SharesKeyInOtherCase(const MenuArray& list, std::u16string_view key) {
     return std::ranges::any_of(list.items, [&](const MenuItem& item) {
         const auto other = RecordKey(item.tag);
         return other.size() == key.size() && other != key && EqualIgnoringCase(other, key);
     });
 }
+
+// Tells keys apart that differ in case only: 8 hexadecimal digits (FNV-1a, 32 bits).
+std::u16string HashOf(std::u16string_view key) {
+    std::uint32_t hash = 2'166'136'261;
+    for (const char16_t unit : key)
+        hash = (hash ^ unit) * 16'777'619;
+    std::u16string digits;
+    for (int shift = 28; shift >= 0; shift -= 4)
+        digits += u"0123456789abcdef"[hash >> shift & 15];
+    return digits;
+}
 } // namespace
+
+std::u16string BookSection(const History& history, const std::u16string& profile,
+                           const std::u16string& recordKey) {
+    const std::u16string section = profile + u'\\' + recordKey;
+    if (!SharesKeyInOtherCase(history.list, recordKey)) return section;
+    return section + u'\\' + HashOf(recordKey);
+}
 
 void SaveHistoryItem(History& history, IniFile& file, const std::u16string& profile, int index) {
     const std::u16string& record = history.list[index].tag;
     const std::u16string key(RecordKey(record));
     if (key.empty()) return;
-    if (SharesKeyInOtherCase(history.list, index)) return SaveHistoryList(history, file, profile);
+    if (SharesKeyInOtherCase(history.list, key)) return SaveHistoryList(history, file, profile);
     const std::u16string rest = key.size() < record.size() ? record.substr(key.size() + 1) : u"";
     IniWriteString(file, HistorySection(profile), key, rest);
     const auto inFile = std::ranges::find(history.inFile, key, KeyOfLine);

@@ -45,15 +45,15 @@ std::u16string PathAfter(const FolderMove& move, std::u16string_view path) {
 void MoveBook(History& history, IniFile& file, const std::u16string& profile, int index,
               const std::u16string& path) {
     BookRecord record = history.Record(index);
-    const std::u16string before = BookSection(profile, record[Field::Path]);
+    const std::u16string before = BookSection(history, profile, record[Field::Path]);
     record[Field::Path] = PathToKey(path);
-    const std::u16string now = BookSection(profile, record[Field::Path]);
+    history.SetRecord(index, record);
+    const std::u16string now = BookSection(history, profile, record[Field::Path]);
     if (!EqualIgnoringCase(before, now)) {
         const ListLines lines = LoadSectionLines(file, before);
         if (!lines.empty()) file.MergeSection(now, LoadSectionLines(file, now), lines);
         file.RemoveLines(before, lines);
     }
-    history.SetRecord(index, record);
     SetHistoryCaption(history, index);
     SyncRemoveMenu(history, history.Count() - 1);
 }

@@ -1,5 +1,6 @@
 #include "platform/posix/posix_start_requests.h"
 
+#include "common/utf.h"
 #include "platform/posix/posix_paths.h"
 
 #include <fcntl.h>
@@ -90,10 +91,11 @@ bool RemoveSocket(const std::string& path) {
 }
 
 std::string Packet(const StartRequest& request) {
-    const auto book = NativePath(request.book);
+    // Not as a path of the system: one that cannot be one is to be named in the first's message.
+    const std::string book = Utf16ToUtf8(request.book);
     const std::string activation(request.activation.begin(), request.activation.end()); // ASCII
     std::string packet(greeting);
-    for (const std::string& part : {book.value_or(""), activation})
+    for (const std::string& part : {book, activation})
         (packet += '\0') += part;
     return packet += '\0';
 }

@@ -101,8 +101,10 @@ TEST_CASE("shell contract: a later start's book reaches the one that has the dat
             test.Folder() + u"/\u0411\u0443\u043A\u0432\u0430 = \U0001D11E.txt";
         CHECK(AskBeside(test, file, book) == HandOver::Taken);
         CHECK(AskBeside(test, file, u"") == HandOver::Taken);
+        const std::u16string undecipherable = test.Folder() + u"/who?.txt"; // for the message
+        CHECK(AskBeside(test, file, undecipherable) == HandOver::Taken);
         test.Settle();
-        CHECK((books == std::vector<std::u16string>{book, u""}));
+        CHECK((books == std::vector<std::u16string>{book, u"", undecipherable}));
     });
 }
 

@@ -233,6 +233,27 @@ TEST_CASE("history: two books whose names differ only in case stay two") {
     CHECK(next.Record(1)[Field::LastPos] == u"0");
 }
 
+TEST_CASE("history: two books whose names differ only in case keep their own marks and searches") {
+    TestForm test;
+    test.PutBook(u"/b/Book.txt", "one\nThe first book has this text.\nthree\n");
+    test.PutBook(u"/b/book.txt", "1\n2\nThe other one, which is longer, has that.\n4\n");
+    REQUIRE(test.Start());
+    const auto mark = [&](const std::u16string& path, TextPos position) {
+        OpenBook(test.form, path);
+        test.View().Select(position, 0);
+        test.Menus().Open(test.Menu().mBookmark);
+        test.Menus().Click(test.Menu().mBookmarkNew);
+    };
+    mark(u"/b/Book.txt", 8);
+    mark(u"/b/book.txt", 4);
+    for (int i = 0; i < 3; ++i) {
+        OpenBook(test.form, u"/b/Book.txt");
+        CHECK(test.Record(0)[Field::Marks] == u"8,81");
+        OpenBook(test.form, u"/b/book.txt");
+        CHECK(test.Record(0)[Field::Marks] == u"4,81");
+    }
+}
+
 TEST_CASE("history: a hand-edited section keeps every line that names a book") {
     TestForm test;
     test.PutDataFile("[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n/b/only-a-path\r\n"

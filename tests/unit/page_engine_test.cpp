@@ -82,10 +82,11 @@ TEST_CASE("page engine: what was chosen is the book's own, in this profile") {
     test.OpenLoaded(u"/books/p.htm");
     CHECK(test.Page().Engine() == PageEngine::Own);
     CHECK(test.LastPos() == top);
-    const std::u16string section = BookSection(test.form.menu.mUser[0].tag, u"/books/p.htm");
+    const std::u16string section =
+        BookSection(test.form.history, test.form.menu.mUser[0].tag, u"/books/p.htm");
     CHECK(LoadPageEngine(*test.form.dataFile, section) == PageEngine::Own);
-    CHECK(LoadPageEngine(*test.form.dataFile, BookSection(u"Other", u"/books/p.htm")) ==
-          PageEngine::Browser);
+    CHECK(LoadPageEngine(*test.form.dataFile, BookSection(test.form.history, u"Other",
+                                                          u"/books/p.htm")) == PageEngine::Browser);
 }
 
 TEST_CASE("page engine: a chapter that a link leads to for the first time is shown alike") {
@@ -168,7 +169,8 @@ TEST_CASE("page engine: a file that has gone leaves the page as it is") {
     test.Press('B', CtrlKey | ShiftKey);
     CHECK(test.Page().navigations.size() == 1);
     CHECK(test.Dialogs().messages.size() == 1);
-    const std::u16string section = BookSection(test.form.menu.mUser[0].tag, u"/books/p.htm");
+    const std::u16string section =
+        BookSection(test.form.history, test.form.menu.mUser[0].tag, u"/books/p.htm");
     CHECK(LoadPageEngine(*test.form.dataFile, section) == PageEngine::Browser);
 }
 
