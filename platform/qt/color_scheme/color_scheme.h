@@ -16,10 +16,8 @@ class ColorScheme : public QObject {
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-  private slots:
-    void OnSettingChanged(const QDBusMessage& changed);
-
   private:
+    Q_SLOT void OnSettingChanged(const QDBusMessage& changed);
     void Ask();
     void Apply(bool dark);
 
