@@ -3,7 +3,7 @@
 
 #include "formats/css/css_cascade.h"
 #include "formats/css/css_parser.h"
-#include "formats/css/css_style.h"
+#include "formats/css/css_rare_style.h"
 
 #include <functional>
 
@@ -16,6 +16,8 @@ struct CssComputeContext {
     std::function<std::uint32_t(const CssFontFamilies&)> familiesNumber;
     std::function<std::uint32_t(const CssContent&)> contentNumber;
     std::function<std::uint32_t(const CssCounterChanges&)> countersNumber;
+    // One object for equal ones.
+    std::function<const CssRareStyle*(const CssRareStyle&)> rareStyle;
     bool usedViewport = false; // a length was relative to the window
 };
 

@@ -76,31 +76,6 @@ void ComputeDisplay(const CssPicker& pick, const CssBoxStyle& parent,
                    (display & cssFlowRoot) || box.overflow != CssOverflow::Visible;
 }
 
-// Gaps that are a percentage are none.
-void ComputeFlex(const CssPicker& pick, const CssBoxStyle& parent, CssBoxStyle& box) {
-    const CssBoxStyle initial;
-    const auto number = [&](P property, auto member) {
-        box.*member =
-            pick.Pick(property, parent.*member, initial.*member, [](const CssValue& value) {
-                return value.kind == CssValue::Kind::Number ? value.number : 0;
-            });
-    };
-    const auto keyword = [&](P property, auto member) {
-        box.*member = pick.Keyword(property, parent.*member, initial.*member);
-    };
-    number(P::FlexGrow, &CssBoxStyle::flexGrow);
-    number(P::FlexShrink, &CssBoxStyle::flexShrink);
-    number(P::AspectRatio, &CssBoxStyle::aspectRatio);
-    box.flexBasis = pick.Length(P::FlexBasis, parent.flexBasis, initial.flexBasis);
-    box.columnGap = pick.Pixels(P::ColumnGap, parent.columnGap, 0);
-    box.rowGap = pick.Pixels(P::RowGap, parent.rowGap, 0);
-    keyword(P::FlexDirection, &CssBoxStyle::flexDirection);
-    keyword(P::FlexWrap, &CssBoxStyle::flexWrap);
-    keyword(P::JustifyContent, &CssBoxStyle::justifyContent);
-    keyword(P::AlignItems, &CssBoxStyle::alignItems);
-    keyword(P::ObjectFit, &CssBoxStyle::objectFit);
-}
-
 void ComputeVerticalAlign(const CssPicker& pick, const CssBoxStyle& parent, CssBoxStyle& box) {
     box.verticalShift = pick.Pick(P::VerticalAlign, parent.verticalShift, CssLength::Pixels(0),
                                   [&](const CssValue& value) {
@@ -170,7 +145,7 @@ CssBoxStyle ComputeCssBox(const CssCascade& cascade, const CssInheritedStyle& in
     ComputeSizes(cascade, pick, parent, context, box);
     ComputeBorders(pick, inherited, parent, box);
     ComputeVerticalAlign(pick, parent, box);
-    ComputeFlex(pick, parent, box);
+    box.rare = ComputeCssRare(cascade, pick, *parent.rare, context);
     box.background = pick.Pick(
         P::BackgroundColor, parent.background, cssTransparent, [&](const CssValue& value) {
             return value.kind == CssValue::Kind::Rgba ? value.AsColor() : inherited.color;

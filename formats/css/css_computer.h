@@ -66,3 +66,7 @@ class CssPicker {
     CssComputeContext& context_;
     CssLengthBase base_;
 };
+
+// As one object; `parent` is that of the element around.
+const CssRareStyle* ComputeCssRare(const CssCascade& cascade, const CssPicker& pick,
+                                   const CssRareStyle& parent, CssComputeContext& context);

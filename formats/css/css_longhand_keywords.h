@@ -146,11 +146,15 @@ constexpr CssKeyword justifyContents[] = {
     K(u"space-between", CssJustifyContent::SpaceBetween),
     K(u"space-around", CssJustifyContent::SpaceAround),
     K(u"space-evenly", CssJustifyContent::SpaceEvenly)};
-constexpr CssKeyword alignItems[] = {
-    K(u"normal", CssAlignItems::Stretch), K(u"stretch", CssAlignItems::Stretch),
-    K(u"start", CssAlignItems::Start), K(u"flex-start", CssAlignItems::Start),
-    K(u"end", CssAlignItems::End), K(u"flex-end", CssAlignItems::End),
-    K(u"center", CssAlignItems::Center), K(u"baseline", CssAlignItems::Baseline)};
+#define ALIGNMENTS \
+    K(u"normal", CssAlignItems::Stretch), K(u"stretch", CssAlignItems::Stretch), \
+    K(u"start", CssAlignItems::Start), K(u"flex-start", CssAlignItems::Start), \
+    K(u"self-start", CssAlignItems::Start), K(u"end", CssAlignItems::End), \
+    K(u"flex-end", CssAlignItems::End), K(u"self-end", CssAlignItems::End), \
+    K(u"center", CssAlignItems::Center), K(u"baseline", CssAlignItems::Baseline)
+constexpr CssKeyword alignItems[] = {ALIGNMENTS};
+constexpr CssKeyword alignSelves[] = {K(u"auto", CssAlignItems::Auto), ALIGNMENTS};
+#undef ALIGNMENTS
 constexpr CssKeyword objectFits[] = {
     K(u"fill", CssObjectFit::Fill), K(u"contain", CssObjectFit::Contain),
     K(u"cover", CssObjectFit::Contain), K(u"none", CssObjectFit::Contain),

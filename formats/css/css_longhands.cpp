@@ -22,6 +22,7 @@ constexpr std::uint8_t lineWidths = cssLength | cssLengthKeyword;
 constexpr CssLonghand longhands[] = {
     {u"-webkit-box-sizing", P::BoxSizing, 0, boxSizings},
     {u"align-items", P::AlignItems, 0, alignItems},
+    {u"align-self", P::AlignSelf, 0, alignSelves},
     {u"background-color", P::BackgroundColor, cssColor, {}},
     {u"border-bottom-color", P::BorderBottomColor, cssColor, {}},
     {u"border-bottom-style", P::BorderBottomStyle, 0, borderStyles},

@@ -4,7 +4,7 @@
 #include "formats/css/css_list_pool.h"
 #include "formats/css/css_parser.h"
 #include "formats/css/css_pool.h"
-#include "formats/css/css_style.h"
+#include "formats/css/css_rare_style.h"
 #include "formats/html/html_tree.h"
 
 #include <array>
@@ -68,6 +68,7 @@ class CssPageStyles {
     std::unordered_map<HtmlNodeId, std::uint32_t> firstLetters_, firstLines_;
     CssPool<CssInheritedStyle> inherited_;
     CssPool<CssBoxStyle> boxes_;
+    CssPool<CssRareStyle> rare_;
     CssListPool<CssFontFamilies> families_;
     CssListPool<CssContent> contents_;
     CssListPool<CssCounterChanges> counters_;

@@ -65,6 +65,7 @@ enum class CssProperty : std::uint8_t {
     FlexBasis,
     JustifyContent,
     AlignItems,
+    AlignSelf,
     ColumnGap,
     RowGap,
     ObjectFit,
@@ -100,6 +101,10 @@ enum class CssProperty : std::uint8_t {
 };
 
 constexpr std::size_t cssPropertyCount = std::size_t(CssProperty::Count);
+
+// Those of CssRareStyle.
+constexpr CssProperty firstCssRareProperty = CssProperty::FlexDirection,
+                      lastCssRareProperty = CssProperty::AspectRatio;
 
 constexpr bool IsInherited(CssProperty property) {
     return property >= CssProperty::TextColor;

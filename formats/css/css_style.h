@@ -81,6 +81,9 @@ struct CssInheritedStyle {
     bool operator==(const CssInheritedStyle&) const = default;
 };
 
+struct CssRareStyle;
+extern const CssRareStyle initialCssRareStyle;
+
 // What is of one box alone.
 struct CssBoxStyle {
     CssSides<CssLength> margin = {CssLength::Pixels(0), CssLength::Pixels(0), CssLength::Pixels(0),
@@ -95,10 +98,6 @@ struct CssBoxStyle {
     CssColor background = cssTransparent;
     std::uint32_t content = 0;                            // in CssPageStyles::Content; 0 is none
     std::uint32_t counterReset = 0, counterIncrement = 0; // in CssPageStyles::Counters; likewise
-    CssLength flexBasis;
-    float flexGrow = 0, flexShrink = 1;
-    float columnGap = 0, rowGap = 0;
-    float aspectRatio = 0; // width by height; 0 for `auto`
     CssDisplay display = CssDisplay::Inline;
     CssPosition position = CssPosition::Static;
     CssFloat floats = CssFloat::None;
@@ -117,15 +116,11 @@ struct CssBoxStyle {
     // and at the top of the page.
     bool quirkyTop = false, quirkyBottom = false;
     CssInnerLayout innerLayout = CssInnerLayout::Flow;
-    CssFlexDirection flexDirection = CssFlexDirection::Row;
-    CssFlexWrap flexWrap = CssFlexWrap::NoWrap;
-    CssJustifyContent justifyContent = CssJustifyContent::Start;
-    CssAlignItems alignItems = CssAlignItems::Stretch;
-    CssObjectFit objectFit = CssObjectFit::Fill;
-    std::uint16_t unused = 0;
+    std::array<std::uint8_t, 3> unused{};
+    const CssRareStyle* rare = &initialCssRareStyle; // equal ones are one object
     bool operator==(const CssBoxStyle&) const = default;
 };
 
 // Equal parts are found by their bytes; so there is none that no member owns.
 static_assert(sizeof(CssInheritedStyle) == 4 * 3 + 8 * 2 + 4 * 4 + 4 + 2 + 16 + 2);
-static_assert(sizeof(CssBoxStyle) == 3 * 32 + 8 * 8 + 16 + 16 + 4 + 4 + 3 * 4 + 5 * 4 + 16 + 8);
+static_assert(sizeof(CssBoxStyle) == 3 * 32 + 7 * 8 + 16 + 16 + 4 + 4 + 3 * 4 + 20 + 8);

@@ -33,7 +33,7 @@ enum class CssJustifyContent : std::uint8_t {
     SpaceAround,
     SpaceEvenly
 };
-enum class CssAlignItems : std::uint8_t { Stretch, Start, End, Center, Baseline };
+enum class CssAlignItems : std::uint8_t { Stretch, Start, End, Center, Baseline, Auto };
 enum class CssObjectFit : std::uint8_t {
     Fill,
     Contain // also cover and none, which would cut the picture

@@ -20,6 +20,17 @@ std::string Places(const std::vector<FlexSize>& items, double width, double gap 
         text += std::to_string(int(place.left)) + "+" + std::to_string(int(place.width)) + " ";
     return text;
 }
+// Those that are drawn.
+std::string Boxes(const PageFragment& fragment, double left, double top) {
+    std::string text;
+    const auto number = [](double each) { return std::to_string(int(each)); };
+    for (const PlacedBox& box : fragment.boxes)
+        text += number(left + box.left) + "," + number(top + box.top) + " " + number(box.width) +
+                "x" + number(box.height) + " ";
+    for (const PlacedPart& part : fragment.parts)
+        text += Boxes(*part.fragment, left + part.left, top + part.top);
+    return text;
+}
 } // namespace
 
 TEST_CASE("flex: room that is left goes to those that grow, or between items") {
@@ -90,6 +101,36 @@ TEST_CASE("flex: items stand in their row as they are told") {
           "0,16 one|24,0 a/|24,16 b");
     CHECK(Lines(u"<div class=f style='min-height:48px;align-items:center'><p>one</div>x") ==
           "0,16 one|0,48 x");
+}
+
+TEST_CASE("flex: items stand on one baseline, or where one of them asks for") {
+    CHECK(Lines(u"<div class=f style='align-items:baseline'><p style='padding-top:4px'>one<p>two"
+                u"</div>x") == "0,4 one|24,4 two|0,20 x");
+    CHECK(Lines(u"<div class=f><p>a<br>b<p style='align-self:flex-end'>two</div>") ==
+          "0,0 a/|0,16 b|8,16 two");
+}
+
+TEST_CASE("flex: rows from below to above, and columns") {
+    const std::u16string reverse = u"<div class=f style='flex-wrap:wrap-reverse;width:40px'>";
+    CHECK(Lines(reverse + u"<p>one<p>two</div>x") == "0,0 two|0,16 one|0,32 x");
+    CHECK(Lines(u"<div class=f style='flex-wrap:wrap-reverse;align-items:flex-start'>"
+                u"<p>one<p>a<br>b</div>") == "0,16 one|24,0 a/|24,16 b");
+    const std::u16string column = u"<div class=f style='flex-direction:column-reverse;";
+    CHECK(Lines(column + u"'><p>one<p>two</div>") == "0,0 two|0,16 one");
+    CHECK(Lines(column + u"height:64px'><p>one<p>two</div>x") == "0,32 two|0,48 one|0,64 x");
+}
+
+TEST_CASE("flex: items of a row are as high as it") {
+    const auto boxes = [](const std::u16string& style) {
+        PageSample page(u"<style>p{margin:0;background:red}.f{display:flex}</style>"
+                        u"<div class=f><p style='" +
+                        style + u"'>one<p>a<br>b</div>");
+        page.flow.SetWidth(400);
+        return Boxes(*page.flow.LayOut(0), 0, 0);
+    };
+    CHECK(boxes(u"") == "0,0 24x32 24,0 8x32 ");
+    CHECK(boxes(u"height:10px") == "0,0 24x16 24,0 8x32 ");
+    CHECK(boxes(u"align-self:center") == "0,8 24x16 24,0 8x32 ");
 }
 
 TEST_CASE("flex: a number of a line goes by the page around the container") {

@@ -1,5 +1,6 @@
 #include "view/page/flex_layout.h"
 
+#include "formats/css/css_rare_style.h"
 #include "view/page/flex_sizes.h"
 #include "view/page/table_layout.h"
 
@@ -7,7 +8,7 @@
 
 namespace {
 bool IsColumn(const CssBoxStyle& style) {
-    return style.flexDirection >= CssFlexDirection::Column;
+    return style.rare->flexDirection >= CssFlexDirection::Column;
 }
 
 class FlexLayouter {
@@ -21,11 +22,13 @@ class FlexLayouter {
     double Run() {
         std::vector<Item> items = Items();
         if (IsColumn(style_)) return LayOutColumn(items);
-        const double gap = style_.columnGap * measure_.Scale();
-        const bool wraps = style_.flexWrap != CssFlexWrap::NoWrap;
+        const double gap = style_.rare->columnGap * measure_.Scale();
+        const bool wraps = style_.rare->flexWrap != CssFlexWrap::NoWrap;
+        std::vector<FlexSpan> lines = FlexLines(Sizes(items), width_, gap, wraps);
+        if (isUpwards_) std::reverse(lines.begin(), lines.end());
         double top = 0;
-        for (const FlexSpan span : FlexLines(Sizes(items), width_, gap, wraps)) {
-            if (top > 0) top += style_.rowGap * measure_.Scale();
+        for (const FlexSpan span : lines) {
+            if (top > 0) top += style_.rare->rowGap * measure_.Scale();
             const bool isOnly = span.end - span.start == items.size();
             top += LayOutRow({items.begin() + long(span.start), items.begin() + long(span.end)},
                              top, isOnly ? GivenHeight() : 0);
@@ -46,8 +49,10 @@ class FlexLayouter {
         for (PageBoxId id = layouter_.Boxes().FirstChild(container_); id != noPageBox;
              id = layouter_.Box(id).nextSibling)
             items.push_back(ItemOf(id));
-        const bool reversed = style_.flexDirection == CssFlexDirection::RowReverse;
-        if (reversed) std::reverse(items.begin(), items.end());
+        const CssFlexDirection direction = style_.rare->flexDirection;
+        if (direction == CssFlexDirection::RowReverse ||
+            direction == CssFlexDirection::ColumnReverse)
+            std::reverse(items.begin(), items.end());
         return items;
     }
 
@@ -61,15 +66,15 @@ class FlexLayouter {
         const WidthExtent extent = Extent(id);
         const double given = measure_.GivenWidth(style, width_);
         double basis = given >= 0 ? given : extent.max;
-        if (!style.flexBasis.IsAuto() && !style.flexBasis.IsOfContent())
-            basis = std::max(0.0, measure_.Length(style.flexBasis, width_) -
+        if (!style.rare->flexBasis.IsAuto() && !style.rare->flexBasis.IsOfContent())
+            basis = std::max(0.0, measure_.Length(style.rare->flexBasis, width_) -
                                       (style.boxSizing == CssBoxSizing::BorderBox ? insets : 0));
         const double min = given >= 0 ? std::min(given, extent.min) : extent.min;
         item.size.min = measure_.LimitWidth(style, width_, min) + item.sides;
         item.size.max = measure_.LimitWidth(style, width_, 1e9) + item.sides;
         item.size.basis = basis + item.sides;
-        item.size.grow = style.flexGrow;
-        item.size.shrink = style.flexShrink * basis;
+        item.size.grow = style.rare->flexGrow;
+        item.size.shrink = style.rare->flexShrink * basis;
         item.size.autoLeft = style.margin[cssLeft].IsAuto();
         item.size.autoRight = style.margin[cssRight].IsAuto();
         return item;
@@ -99,17 +104,59 @@ class FlexLayouter {
 
     // Answers the height.
     double LayOutRow(std::vector<Item> items, double top, double leastHeight) {
-        const double gap = style_.columnGap * measure_.Scale();
+        const double gap = style_.rare->columnGap * measure_.Scale();
         const std::vector<FlexPlace> places =
-            FlexPlaces(Sizes(items), width_, gap, style_.justifyContent);
-        double height = leastHeight;
+            FlexPlaces(Sizes(items), width_, gap, style_.rare->justifyContent);
+        double baseline = 0, below = 0;
         for (std::size_t i = 0; i < items.size(); ++i) {
             LayOutItem(items[i], places[i].left, places[i].width);
-            height = std::max(height, OuterHeight(items[i]));
+            const double above =
+                Alignment(items[i]) == CssAlignItems::Baseline ? BaselineOf(items[i]) : 0;
+            baseline = std::max(baseline, above);
+            below = std::max(below, OuterHeight(items[i]) - above);
         }
+        const double height = std::max(leastHeight, baseline + below);
         for (std::size_t i = 0; i < items.size(); ++i)
-            Place(items[i], places[i].left, top, height - OuterHeight(items[i]));
+            Place(items[i], places[i].left, top + Align(items[i], height, baseline));
         return height;
+    }
+
+    CssAlignItems Alignment(const Item& item) const {
+        const CssAlignItems own = layouter_.Box(item.id).style->rare->alignSelf;
+        const CssAlignItems align = own == CssAlignItems::Auto ? style_.rare->alignItems : own;
+        if (!isUpwards_) return align;
+        return align == CssAlignItems::Start ? CssAlignItems::End
+               : align == CssAlignItems::End ? CssAlignItems::Start
+                                             : align;
+    }
+
+    // Of the first line, from the top of the margin box; of what has no line its bottom.
+    double BaselineOf(const Item& item) const {
+        const double baseline = FirstBaseline(*item.fragment);
+        if (baseline < 0) return OuterHeight(item);
+        return measure_.Margin(*layouter_.Box(item.id).style, cssTop, width_) + baseline;
+    }
+
+    // How far below the top of a row of that height its margin box stands.
+    double Align(Item& item, double height, double baseline) const {
+        const double free = height - OuterHeight(item);
+        switch (Alignment(item)) {
+        case CssAlignItems::Center: return free / 2;
+        case CssAlignItems::End: return free;
+        case CssAlignItems::Baseline: return baseline - BaselineOf(item);
+        case CssAlignItems::Stretch: Stretch(item, free); break;
+        default: break;
+        }
+        return 0;
+    }
+
+    void Stretch(Item& item, double free) const {
+        const PageBox& box = layouter_.Box(item.id);
+        const bool isBlock = box.kind == PageBoxKind::Block || box.kind == PageBoxKind::Lines;
+        const CssBoxStyle& style = *box.style;
+        if (!isBlock || !style.height.IsAuto() || !style.maxHeight.IsAuto()) return;
+        if (style.margin[cssTop].IsAuto() || style.margin[cssBottom].IsAuto()) return;
+        item.fragment = Stretched(item.fragment, item.fragment->height + free);
     }
 
     void LayOutItem(Item& item, double left, double width) {
@@ -137,13 +184,8 @@ class FlexLayouter {
                measure_.Margin(style, cssBottom, width_);
     }
 
-    // `free`: of the height of its row.
-    void Place(Item& item, double left, double top, double free) {
+    void Place(Item& item, double left, double top) {
         const PageBox& box = layouter_.Box(item.id);
-        if (style_.alignItems == CssAlignItems::Center)
-            top += free / 2;
-        else if (style_.alignItems == CssAlignItems::End)
-            top += free;
         const auto shift =
             measure_.RelativeShift(*box.style, *layouter_.Box(container_).text, width_);
         result_.parts.push_back({left + measure_.Margin(*box.style, cssLeft, width_) + shift.x,
@@ -155,20 +197,24 @@ class FlexLayouter {
     double LayOutColumn(std::vector<Item>& items) {
         std::vector<double> lefts;
         double height =
-            style_.rowGap * measure_.Scale() * double(items.empty() ? 0 : items.size() - 1);
+            style_.rare->rowGap * measure_.Scale() * double(items.empty() ? 0 : items.size() - 1);
         for (Item& item : items) {
             lefts.push_back(LayOutInColumn(item));
             height += OuterHeight(item);
         }
         const double free = std::max(0.0, GivenHeight() - height);
-        double top = style_.justifyContent == CssJustifyContent::Center ? free / 2
-                     : style_.justifyContent == CssJustifyContent::End  ? free
-                                                                        : 0;
+        const bool isUpwards = style_.rare->flexDirection == CssFlexDirection::ColumnReverse;
+        const CssJustifyContent justify = style_.rare->justifyContent;
+        const CssJustifyContent atBottom =
+            isUpwards ? CssJustifyContent::Start : CssJustifyContent::End;
+        double top = justify == CssJustifyContent::Center ? free / 2
+                     : justify == atBottom                ? free
+                                                          : 0;
         const double first = top;
         for (std::size_t i = 0; i < items.size(); ++i) {
             const double outer = OuterHeight(items[i]);
-            Place(items[i], lefts[i], top, 0);
-            top += outer + style_.rowGap * measure_.Scale();
+            Place(items[i], lefts[i], top);
+            top += outer + style_.rare->rowGap * measure_.Scale();
         }
         return std::max(first + height, GivenHeight());
     }
@@ -178,7 +224,7 @@ class FlexLayouter {
         const PageBox& box = layouter_.Box(item.id);
         const BoxEdges edges = layouter_.EdgesInFlow(item.id, container_, {0, width_});
         const bool isStretched =
-            style_.alignItems == CssAlignItems::Stretch && box.kind != PageBoxKind::Picture &&
+            Alignment(item) == CssAlignItems::Stretch && box.kind != PageBoxKind::Picture &&
             box.kind != PageBoxKind::Table && !box.style->margin[cssLeft].IsAuto() &&
             !box.style->margin[cssRight].IsAuto();
         if (isStretched) {
@@ -191,8 +237,8 @@ class FlexLayouter {
         const bool left = box.style->margin[cssLeft].IsAuto(),
                    right = box.style->margin[cssRight].IsAuto();
         if (left || right) return std::max(0.0, left && right ? free / 2 : left ? free : 0);
-        if (style_.alignItems == CssAlignItems::Center) return std::max(0.0, free / 2);
-        return style_.alignItems == CssAlignItems::End ? std::max(0.0, free) : 0;
+        if (Alignment(item) == CssAlignItems::Center) return std::max(0.0, free / 2);
+        return Alignment(item) == CssAlignItems::End ? std::max(0.0, free) : 0;
     }
 
     PageLayouter& layouter_;
@@ -202,6 +248,8 @@ class FlexLayouter {
     const double width_;
     const std::optional<InlineEdges> positioned_;
     PageFragment& result_;
+    // Rows stand one above the other.
+    const bool isUpwards_ = !IsColumn(style_) && style_.rare->flexWrap == CssFlexWrap::WrapReverse;
 };
 } // namespace
 
@@ -216,7 +264,7 @@ double LayOutFlex(PageLayouter& layouter, PageBoxId container, double width,
 
 WidthExtent FlexExtentOf(PageLayouter& layouter, PageBoxId container) {
     const CssBoxStyle& style = *layouter.Box(container).style;
-    const double gap = style.columnGap * layouter.Measure().Scale();
+    const double gap = style.rare->columnGap * layouter.Measure().Scale();
     WidthExtent whole;
     for (PageBoxId id = layouter.Boxes().FirstChild(container); id != noPageBox;
          id = layouter.Box(id).nextSibling) {

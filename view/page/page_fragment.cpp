@@ -19,6 +19,17 @@ void AddToBaseline(const PageFragment& fragment, double top, double& baseline) {
     for (const PlacedPart& part : fragment.parts)
         AddToBaseline(*part.fragment, top + part.top, baseline);
 }
+
+void AddFirstBaseline(const PageFragment& fragment, double top, double& baseline) {
+    const auto add = [&](double each) {
+        baseline = baseline < 0 ? each : std::min(baseline, each);
+    };
+    for (const PlacedLines& lines : fragment.lines)
+        add(top + lines.layout.lines.front().baseline);
+    for (const PlacedPart& part : fragment.parts)
+        AddFirstBaseline(*part.fragment, top + part.top, baseline);
+}
+
 bool IsBlank(const InlineContent& content, const InlineLine& line) {
     const std::u16string_view text = content.text.text;
     const auto units = text.substr(std::size_t(line.start), std::size_t(line.end - line.start));
@@ -47,6 +58,27 @@ double LastBaseline(const PageFragment& fragment) {
     double baseline = -1;
     AddToBaseline(fragment, 0, baseline);
     return baseline;
+}
+
+double FirstBaseline(const PageFragment& fragment) {
+    double baseline = -1;
+    AddFirstBaseline(fragment, 0, baseline);
+    return baseline;
+}
+
+PageFragmentPtr Stretched(const PageFragmentPtr& block, double height, double shift) {
+    if (height <= block->height) return block;
+    auto stretched = std::make_shared<PageFragment>();
+    stretched->width = block->width;
+    stretched->height = height;
+    stretched->boxes = block->boxes;
+    for (PlacedBox& placed : stretched->boxes)
+        placed.height = height;
+    for (PlacedPart part : block->parts) {
+        part.top += shift;
+        stretched->parts.push_back(std::move(part));
+    }
+    return stretched;
 }
 
 bool HasWords(const PageFragment& fragment) {

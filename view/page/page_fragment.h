@@ -53,10 +53,14 @@ void MoveSince(const FragmentMark& mark, double x, double y, PageFragment& fragm
 // How far to the right anything of it reaches, from where its left edge is `left`.
 double RightEdge(const PageFragment& fragment, double left = 0);
 
-// How far down anything of it can be seen: blank lines cannot.
 // Letters or digits, or a picture.
 bool HasWords(const PageFragment& fragment);
+// How far down anything of it can be seen: blank lines cannot.
 double VisibleBottom(const PageFragment& fragment);
 
-// Of the last line, from the top; negative without a line.
+// Of the last line, from the top, and of the highest one; negative without a line.
 double LastBaseline(const PageFragment& fragment);
+double FirstBaseline(const PageFragment& fragment);
+
+// A block that is to be as high as what is beside it, with its content so much further down.
+PageFragmentPtr Stretched(const PageFragmentPtr& block, double height, double shift = 0);

@@ -1,3 +1,4 @@
+#include "formats/css/css_rare_style.h"
 #include "view/page/page_layouter.h"
 
 #include <algorithm>
@@ -36,7 +37,7 @@ Size PageLayouter::PictureContentSize(PageBoxId id, const CssBoxStyle& style, do
     const double naturalWidth = (natural.IsEmpty() ? missingPicture : natural.width) * scale;
     const double naturalHeight = (natural.IsEmpty() ? missingPicture : natural.height) * scale;
     const double ratio =
-        style.aspectRatio > 0 ? 1 / style.aspectRatio : naturalHeight / naturalWidth;
+        style.rare->aspectRatio > 0 ? 1 / style.rare->aspectRatio : naturalHeight / naturalWidth;
     if (width < 0 && height < 0)
         return LimitPicture(style, containing, naturalWidth, naturalWidth * ratio);
     if (width < 0) {
@@ -83,7 +84,7 @@ void PageLayouter::AddAlternative(PageBoxId id, double left, double top, Size si
 PlacedImage PageLayouter::PlacedWithin(PageBoxId id, double left, double top, Size size) {
     PlacedImage image{id, left, top, double(size.width), double(size.height)};
     const Size natural = content_.PictureSize(id);
-    if (boxes_[id].style->objectFit == CssObjectFit::Fill || natural.IsEmpty()) return image;
+    if (boxes_[id].style->rare->objectFit == CssObjectFit::Fill || natural.IsEmpty()) return image;
     const double share = std::min(image.width / natural.width, image.height / natural.height);
     const double width = std::round(natural.width * share),
                  height = std::round(natural.height * share);

@@ -197,8 +197,9 @@ class TableLayouter {
             const GridCell& cell = grid_.cells[i];
             const std::size_t last = cell.row + cell.rows - 1;
             const double height = tops[last] + heights[last] - tops[cell.row];
-            fragment.parts.push_back({left + lefts_[cell.column], tops[cell.row],
-                                      Stretched(layouts[i], cell.box, height)});
+            const double shift = ContentShift(cell.box, height - layouts[i]->height);
+            fragment.parts.push_back(
+                {left + lefts_[cell.column], tops[cell.row], Stretched(layouts[i], height, shift)});
         }
         fragment.height = bottom + insets.Bottom();
     }
@@ -220,27 +221,13 @@ class TableLayouter {
                     fragment.boxes.push_back({box, left, tops[i], width, heights[i], false, false});
     }
 
-    // A cell as high as its row, its content where `vertical-align` puts it.
-    PageFragmentPtr Stretched(const PageFragmentPtr& cell, PageBoxId box, double height) const {
-        const double free = height - cell->height;
-        if (free <= 0) return cell;
-        auto stretched = std::make_shared<PageFragment>();
-        stretched->width = cell->width;
-        stretched->height = height;
-        stretched->boxes = cell->boxes;
-        for (PlacedBox& placed : stretched->boxes)
-            placed.height = height;
-        double shift = 0;
-        switch (layouter_.Box(box).style->verticalAlign) {
-        case CssVerticalAlign::Middle: shift = free / 2; break;
-        case CssVerticalAlign::Bottom: shift = free; break;
-        default: break;
+    // Where `vertical-align` puts the content of a cell that is so much lower than its row.
+    double ContentShift(PageBoxId cell, double free) const {
+        switch (layouter_.Box(cell).style->verticalAlign) {
+        case CssVerticalAlign::Middle: return free / 2;
+        case CssVerticalAlign::Bottom: return free;
+        default: return 0;
         }
-        for (PlacedPart part : cell->parts) {
-            part.top += shift;
-            stretched->parts.push_back(std::move(part));
-        }
-        return stretched;
     }
 
     void AddCaptions(PageFragment& fragment, CssCaptionSide side) {
