@@ -17,6 +17,7 @@ struct CssComputeContext {
     std::function<std::uint32_t(const CssContent&)> contentNumber;
     std::function<std::uint32_t(const CssCounterChanges&)> countersNumber;
     // One object for equal ones.
+    std::function<const CssGrid*(const CssGrid&)> grid;
     std::function<const CssRareStyle*(const CssRareStyle&)> rareStyle;
     bool usedViewport = false; // a length was relative to the window
 };

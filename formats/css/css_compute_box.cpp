@@ -21,11 +21,6 @@ CssDisplay Blockified(CssDisplay display) {
     }
 }
 
-// A hair's breadth is drawn, and no border is wider than it says.
-float BorderWidth(float width) {
-    return width > 0 && width < 1 ? 1 : std::max(0.0f, std::floor(width));
-}
-
 void ComputeBorders(const CssPicker& pick, const CssInheritedStyle& inherited,
                     const CssBoxStyle& parent, CssBoxStyle& box) {
     constexpr float medium = 3;
@@ -35,7 +30,7 @@ void ComputeBorders(const CssPicker& pick, const CssInheritedStyle& inherited,
             pick.Keyword(P::BorderTopStyle + side, parent.borderStyle[at], CssBorderStyle::None);
         const float width = pick.Pixels(P::BorderTopWidth + side, parent.borderWidth[at], medium);
         const bool isNone = box.borderStyle[at] <= CssBorderStyle::Hidden;
-        box.borderWidth[at] = isNone ? 0 : BorderWidth(width);
+        box.borderWidth[at] = isNone ? 0 : CssBorderWidth(width);
         box.borderColor[at] = pick.Pick(P::BorderTopColor + side, parent.borderColor[at],
                                         inherited.color, [&](const CssValue& value) {
                                             return value.kind == CssValue::Kind::Rgba
@@ -48,8 +43,10 @@ void ComputeBorders(const CssPicker& pick, const CssInheritedStyle& inherited,
 
 // As a parent's computed value has it.
 std::uint16_t DisplayWord(const CssBoxStyle& style) {
-    const bool isFlex = style.innerLayout == CssInnerLayout::Flex;
-    return std::uint16_t(std::uint16_t(style.display) | (isFlex ? cssFlexLayout : 0));
+    const std::uint16_t layout = style.innerLayout == CssInnerLayout::Flex   ? cssFlexLayout
+                                 : style.innerLayout == CssInnerLayout::Grid ? cssGridLayout
+                                                                             : 0;
+    return std::uint16_t(std::uint16_t(style.display) | layout);
 }
 
 void ComputeDisplay(const CssPicker& pick, const CssBoxStyle& parent,
@@ -57,22 +54,22 @@ void ComputeDisplay(const CssPicker& pick, const CssBoxStyle& parent,
     const auto display =
         pick.Pick(P::Display, DisplayWord(parent), static_cast<std::uint16_t>(CssDisplay::Inline),
                   [](const CssValue& value) { return value.keyword; });
-    box.display = static_cast<CssDisplay>(display & ~(cssFlowRoot | cssFlexLayout));
+    box.display = static_cast<CssDisplay>(display & ~(cssFlowRoot | cssFlexLayout | cssGridLayout));
     if (display & cssFlexLayout) box.innerLayout = CssInnerLayout::Flex;
-    const bool isFlexItem = parent.innerLayout == CssInnerLayout::Flex;
+    if (display & cssGridLayout) box.innerLayout = CssInnerLayout::Grid;
+    const bool isItem = parent.innerLayout != CssInnerLayout::Flow;
     box.position = pick.Keyword(P::Position, parent.position, CssPosition::Static);
     box.floats = pick.Keyword(P::Float, parent.floats, CssFloat::None);
     box.overflow = pick.Keyword(P::Overflow, parent.overflow, CssOverflow::Visible);
     const bool isAbsolute =
         box.position == CssPosition::Absolute || box.position == CssPosition::Fixed;
-    if (isAbsolute || isFlexItem) box.floats = CssFloat::None;
+    if (isAbsolute || isItem) box.floats = CssFloat::None;
     const bool isFloat = box.floats != CssFloat::None;
-    if (isAbsolute || isFloat || isFlexItem || context.isRoot)
-        box.display = Blockified(box.display);
+    if (isAbsolute || isFloat || isItem || context.isRoot) box.display = Blockified(box.display);
     const bool isOwn = box.display == CssDisplay::InlineBlock ||
                        box.display == CssDisplay::TableCell ||
                        box.display == CssDisplay::TableCaption;
-    box.flowRoot = isAbsolute || isFloat || isFlexItem || context.isRoot || isOwn ||
+    box.flowRoot = isAbsolute || isFloat || isItem || context.isRoot || isOwn ||
                    (display & cssFlowRoot) || box.overflow != CssOverflow::Visible;
 }
 
@@ -137,15 +134,20 @@ void ComputeSizes(const CssCascade& cascade, const CssPicker& pick, const CssBox
 
 } // namespace
 
+float CssBorderWidth(float width) {
+    return width > 0 && width < 1 ? 1 : std::max(0.0f, std::floor(width));
+}
+
 CssBoxStyle ComputeCssBox(const CssCascade& cascade, const CssInheritedStyle& inherited,
                           const CssBoxStyle& parent, CssComputeContext& context) {
     const CssPicker pick(cascade, inherited.fontSize, context);
     CssBoxStyle box;
+    box.rare = ComputeCssRare(cascade, pick, inherited, *parent.rare, context);
     ComputeDisplay(pick, parent, context, box);
+    box.flowRoot = box.flowRoot || box.rare->HasColumns();
     ComputeSizes(cascade, pick, parent, context, box);
     ComputeBorders(pick, inherited, parent, box);
     ComputeVerticalAlign(pick, parent, box);
-    box.rare = ComputeCssRare(cascade, pick, *parent.rare, context);
     box.background = pick.Pick(
         P::BackgroundColor, parent.background, cssTransparent, [&](const CssValue& value) {
             return value.kind == CssValue::Kind::Rgba ? value.AsColor() : inherited.color;

@@ -1,5 +1,6 @@
 // Properties that few boxes have.
 #include "formats/css/css_computer.h"
+#include "formats/css/css_longhands.h"
 
 constinit const CssRareStyle initialCssRareStyle;
 
@@ -14,11 +15,74 @@ bool IsAnyGiven(const CssCascade& cascade) {
     return false;
 }
 
+// With absolute lengths.
+void MakeAbsolute(const CssPicker& pick, const CssCascaded& declared, CssValue& length) {
+    if (length.kind == CssValue::Kind::Math)
+        length = pick.Evaluated({true, length, declared.block});
+    if (length.kind == CssValue::Kind::Length) length = CssValue::Pixels(pick.PixelsOf(length));
+}
+
+const CssGrid* ComputedGrid(const CssPicker& pick, const CssCascaded& declared,
+                            const CssValue& value, CssComputeContext& context) {
+    if (value.kind != CssValue::Kind::Grid) return nullptr;
+    CssGrid grid = declared.block->grids[value.index];
+    for (CssGridTrack& track : grid.tracks) {
+        MakeAbsolute(pick, declared, track.min);
+        MakeAbsolute(pick, declared, track.max);
+    }
+    return context.grid(grid);
+}
+
+void ComputeGrid(const CssCascade& cascade, const CssPicker& pick, const CssRareStyle& parent,
+                 CssComputeContext& context, CssRareStyle& rare) {
+    const auto grid = [&](P property, auto member) {
+        const CssGrid* none = nullptr;
+        rare.*member = pick.Pick(property, parent.*member, none, [&](const CssValue& value) {
+            return ComputedGrid(pick, cascade[property], value, context);
+        });
+    };
+    grid(P::GridTemplateColumns, &CssRareStyle::gridColumns);
+    grid(P::GridTemplateRows, &CssRareStyle::gridRows);
+    grid(P::GridTemplateAreas, &CssRareStyle::gridAreas);
+    grid(P::GridAutoColumns, &CssRareStyle::gridAutoColumns);
+    grid(P::GridAutoRows, &CssRareStyle::gridAutoRows);
+    const auto edge = [&](P property, auto member) {
+        rare.*member =
+            pick.Pick(property, parent.*member, CssGridEdge{}, [&](const CssValue& value) {
+                CssGridEdge computed;
+                computed.name = ComputedGrid(pick, cascade[property], value, context);
+                if (value.kind == CssValue::Kind::Number)
+                    (value.keyword == cssGridSpan ? computed.span : computed.line) =
+                        std::int32_t(value.number);
+                return computed;
+            });
+    };
+    edge(P::GridRowStart, &CssRareStyle::rowStart);
+    edge(P::GridColumnStart, &CssRareStyle::columnStart);
+    edge(P::GridRowEnd, &CssRareStyle::rowEnd);
+    edge(P::GridColumnEnd, &CssRareStyle::columnEnd);
+}
+
+void ComputeColumns(const CssPicker& pick, const CssInheritedStyle& inherited,
+                    const CssRareStyle& parent, CssRareStyle& rare) {
+    constexpr float medium = 3;
+    rare.columnWidth = pick.Length(P::ColumnWidth, parent.columnWidth, CssLength{});
+    rare.columnRuleStyle =
+        pick.Keyword(P::ColumnRuleStyle, parent.columnRuleStyle, CssBorderStyle::None);
+    if (rare.columnRuleStyle <= CssBorderStyle::Hidden) return;
+    rare.columnRuleWidth =
+        CssBorderWidth(pick.Pixels(P::ColumnRuleWidth, parent.columnRuleWidth, medium));
+    rare.columnRuleColor = pick.Pick(
+        P::ColumnRuleColor, parent.columnRuleColor, inherited.color, [&](const CssValue& value) {
+            return value.kind == CssValue::Kind::Rgba ? value.AsColor() : inherited.color;
+        });
+}
+
 } // namespace
 
-// Gaps that are a percentage are none.
 const CssRareStyle* ComputeCssRare(const CssCascade& cascade, const CssPicker& pick,
-                                   const CssRareStyle& parent, CssComputeContext& context) {
+                                   const CssInheritedStyle& inherited, const CssRareStyle& parent,
+                                   CssComputeContext& context) {
     if (!IsAnyGiven(cascade)) return &initialCssRareStyle;
     const CssRareStyle& initial = initialCssRareStyle;
     CssRareStyle rare;
@@ -33,16 +97,23 @@ const CssRareStyle* ComputeCssRare(const CssCascade& cascade, const CssPicker& p
     };
     number(P::FlexGrow, &CssRareStyle::flexGrow);
     number(P::FlexShrink, &CssRareStyle::flexShrink);
+    number(P::ColumnCount, &CssRareStyle::columnCount);
     number(P::AspectRatio, &CssRareStyle::aspectRatio);
     rare.flexBasis = pick.Length(P::FlexBasis, parent.flexBasis, initial.flexBasis);
-    rare.columnGap = pick.Pixels(P::ColumnGap, parent.columnGap, 0);
-    rare.rowGap = pick.Pixels(P::RowGap, parent.rowGap, 0);
+    rare.columnGap = pick.Length(P::ColumnGap, parent.columnGap, initial.columnGap);
+    rare.rowGap = pick.Length(P::RowGap, parent.rowGap, initial.rowGap);
     keyword(P::FlexDirection, &CssRareStyle::flexDirection);
     keyword(P::FlexWrap, &CssRareStyle::flexWrap);
     keyword(P::JustifyContent, &CssRareStyle::justifyContent);
     keyword(P::AlignItems, &CssRareStyle::alignItems);
     keyword(P::AlignSelf, &CssRareStyle::alignSelf);
+    keyword(P::JustifyItems, &CssRareStyle::justifyItems);
+    keyword(P::JustifySelf, &CssRareStyle::justifySelf);
+    keyword(P::GridAutoFlow, &CssRareStyle::gridFlow);
+    keyword(P::ColumnSpan, &CssRareStyle::columnSpan);
     keyword(P::ObjectFit, &CssRareStyle::objectFit);
+    ComputeGrid(cascade, pick, parent, context, rare);
+    ComputeColumns(pick, inherited, parent, rare);
     if (rare == initial) return &initialCssRareStyle;
     return context.rareStyle(rare);
 }

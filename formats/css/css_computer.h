@@ -56,6 +56,7 @@ class CssPicker {
         }
     }
 
+    CssValue Evaluated(const CssCascaded& cascaded) const { return Evaluated(cascaded, base_); }
     CssValue Evaluated(const CssCascaded& cascaded, const CssLengthBase& base) const {
         return EvaluateCssMath(cascaded.block->maths[cascaded.value.index], base,
                                context_.usedViewport);
@@ -67,6 +68,10 @@ class CssPicker {
     CssLengthBase base_;
 };
 
+// A hair's breadth is drawn, and no border is wider than it says.
+float CssBorderWidth(float width);
+
 // As one object; `parent` is that of the element around.
 const CssRareStyle* ComputeCssRare(const CssCascade& cascade, const CssPicker& pick,
-                                   const CssRareStyle& parent, CssComputeContext& context);
+                                   const CssInheritedStyle& inherited, const CssRareStyle& parent,
+                                   CssComputeContext& context);

@@ -4,8 +4,7 @@
 
 namespace {
 
-// A closed `details` is shown as an open one: nothing here opens it. `rt` stands raised in the
-// line.
+// A closed `details` is shown as an open one: nothing here opens it.
 constexpr std::u16string_view defaultText = uR"css(
 area, base, basefont, datalist, head, link, meta, noembed, noframes, param, rp, script, style,
 template, title, source, track, option, optgroup, select, [hidden], dialog:not([open]) {
@@ -38,8 +37,8 @@ abbr[title], acronym[title] { text-decoration: underline }
 a:link { color: #0000ee; text-decoration: underline }
 q::before { content: open-quote }
 q::after { content: close-quote }
-rt { font-size: 50%; vertical-align: super }
-ruby, rt { text-indent: 0 }
+ruby { display: ruby; text-indent: 0 }
+rt { display: ruby-text; font-size: 50%; line-height: normal; text-indent: 0 }
 mi { font-style: italic }
 mfrac { display: inline-block; vertical-align: middle; text-align: center; text-indent: 0 }
 mfrac > * { display: block; padding-left: 1px; padding-right: 1px }

@@ -1,4 +1,4 @@
-// Shorthands of flex containers and their items, and shares of a width.
+// Shorthands of flex containers, their items and columns, and shares of a width.
 #include "formats/css/css_shorthands.h"
 
 namespace {
@@ -46,6 +46,21 @@ bool ReadCssFlexFlow(CssShorthandReader& reader, std::span<const CssProperty> pr
     }
     for (std::size_t i = 0; i < 2; ++i)
         reader.Add(properties[i], values[i]);
+    return true;
+}
+
+// A width, a number, or both in any order.
+bool ReadCssColumns(CssShorthandReader& reader, std::span<const CssProperty>) {
+    std::optional<CssValue> width, count;
+    for (int i = 0; i < 2 && !reader.tokens.AtEnd(); ++i) {
+        if (reader.tokens.TakeIdent(u"auto")) continue;
+        std::optional<CssValue>& part = reader.tokens.Peek().Is(Kind::Number) ? count : width;
+        if (part) return false;
+        part = reader.Read(&part == &count ? P::ColumnCount : P::ColumnWidth);
+        if (!part) return false;
+    }
+    reader.Add(P::ColumnWidth, width.value_or(CssValue::OfKeyword(0)));
+    reader.Add(P::ColumnCount, count.value_or(CssValue::OfKeyword(0)));
     return true;
 }
 

@@ -65,6 +65,9 @@ constexpr std::size_t maxCssAttributeUnits = 65'536;
 // Characters and nodes that `dir=auto` looks at for the first letter that has a direction.
 constexpr int maxCssDirectionSearch = 1000;
 
+// Of a grid, in each direction, and lines or areas that have a name. Pages have twelve.
+constexpr std::size_t maxCssGridTracks = 1000, maxCssGridLines = 256;
+
 // Computed lengths stay within these, in CSS pixels: sums of many of them fit 32 bits.
 constexpr float maxCssPixels = 1'000'000;
 constexpr float maxCssFontPixels = 10'000;

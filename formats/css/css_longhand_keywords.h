@@ -41,12 +41,13 @@ constexpr CssKeyword displays[] = {
     K(u"table-caption", CssDisplay::TableCaption), K(u"contents", CssDisplay::Contents),
     K(u"flow-root", int(CssDisplay::Block) | cssFlowRoot),
     K(u"flex", int(CssDisplay::Block) | cssFlowRoot | cssFlexLayout),
-    K(u"grid", int(CssDisplay::Block) | cssFlowRoot),
+    K(u"grid", int(CssDisplay::Block) | cssFlowRoot | cssGridLayout),
     K(u"inline-flex", int(CssDisplay::InlineBlock) | cssFlexLayout),
-    K(u"inline-grid", CssDisplay::InlineBlock),
+    K(u"inline-grid", int(CssDisplay::InlineBlock) | cssGridLayout),
     K(u"-webkit-box", int(CssDisplay::Block) | cssFlowRoot),
     K(u"-webkit-flex", int(CssDisplay::Block) | cssFlowRoot | cssFlexLayout),
-    K(u"ruby", CssDisplay::Inline), K(u"ruby-text", CssDisplay::Inline)};
+    K(u"ruby", CssDisplay::Ruby), K(u"ruby-text", CssDisplay::RubyText),
+    K(u"ruby-base", CssDisplay::Inline)};
 constexpr CssKeyword positions[] = {
     K(u"static", CssPosition::Static), K(u"relative", CssPosition::Relative),
     K(u"absolute", CssPosition::Absolute), K(u"fixed", CssPosition::Fixed),
@@ -154,7 +155,15 @@ constexpr CssKeyword justifyContents[] = {
     K(u"center", CssAlignItems::Center), K(u"baseline", CssAlignItems::Baseline)
 constexpr CssKeyword alignItems[] = {ALIGNMENTS};
 constexpr CssKeyword alignSelves[] = {K(u"auto", CssAlignItems::Auto), ALIGNMENTS};
+constexpr CssKeyword justifyItems[] = {
+    K(u"left", CssAlignItems::Start), K(u"right", CssAlignItems::End),
+    K(u"legacy", CssAlignItems::Stretch), ALIGNMENTS};
+constexpr CssKeyword justifySelves[] = {
+    K(u"auto", CssAlignItems::Auto), K(u"left", CssAlignItems::Start),
+    K(u"right", CssAlignItems::End), ALIGNMENTS};
 #undef ALIGNMENTS
+constexpr CssKeyword columnSpans[] = {K(u"none", CssColumnSpan::None),
+                                      K(u"all", CssColumnSpan::All)};
 constexpr CssKeyword objectFits[] = {
     K(u"fill", CssObjectFit::Fill), K(u"contain", CssObjectFit::Contain),
     K(u"cover", CssObjectFit::Contain), K(u"none", CssObjectFit::Contain),

@@ -45,6 +45,9 @@ std::optional<CssValue> ReadCssValue(const CssLonghand& longhand, CssTokenStream
 constexpr std::uint16_t cssFlowRoot = 0x100;
 // Likewise: a flex container.
 constexpr std::uint16_t cssFlexLayout = 0x200;
+constexpr std::uint16_t cssGridLayout = 0x400; // a grid container
+// Beside the number of a grid's line: it is one of tracks.
+constexpr std::uint16_t cssGridSpan = 1;
 // Of widths that follow from the content.
 constexpr std::uint16_t cssMinContent = 1, cssMaxContent = 2, cssFitContent = 3;
 // Of `font-size`, behind the eight absolute sizes from xx-small to xxx-large.

@@ -72,6 +72,7 @@ class CssPageStyles {
     CssListPool<CssFontFamilies> families_;
     CssListPool<CssContent> contents_;
     CssListPool<CssCounterChanges> counters_;
+    CssListPool<CssGrid> grids_;
     bool showsCounters_ = false;
     bool dependsOnViewport_ = false;
     std::uint64_t steps_ = 0;

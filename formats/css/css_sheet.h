@@ -1,6 +1,7 @@
 // A style sheet: its rules that apply on this screen, in what this program understands of them.
 #pragma once
 
+#include "formats/css/css_grid.h"
 #include "formats/css/css_property.h"
 #include "formats/css/css_value.h"
 
@@ -40,6 +41,7 @@ struct CssBlock {
     std::vector<CssFontFamilies> families;
     std::vector<CssContent> contents;
     std::vector<CssCounterChanges> counters;
+    std::vector<CssGrid> grids;
 };
 
 // One thing that a selector asks of an element.

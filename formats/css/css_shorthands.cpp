@@ -112,10 +112,26 @@ constexpr P counterIncrement[] = {P::CounterIncrement};
 constexpr P flex[] = {P::FlexGrow, P::FlexShrink, P::FlexBasis};
 constexpr P flexFlow[] = {P::FlexDirection, P::FlexWrap};
 constexpr P gaps[] = {P::RowGap, P::ColumnGap};
+constexpr P gridColumns[] = {P::GridTemplateColumns};
+constexpr P gridRows[] = {P::GridTemplateRows};
+constexpr P gridAreas[] = {P::GridTemplateAreas};
+constexpr P gridAutoColumns[] = {P::GridAutoColumns};
+constexpr P gridAutoRows[] = {P::GridAutoRows};
+constexpr P gridFlow[] = {P::GridAutoFlow};
+constexpr P grid[] = {P::GridTemplateRows, P::GridTemplateColumns, P::GridTemplateAreas,
+                      P::GridAutoFlow};
+constexpr P gridArea[] = {P::GridRowStart, P::GridColumnStart, P::GridRowEnd, P::GridColumnEnd};
+constexpr P gridRow[] = {P::GridRowStart, P::GridRowEnd};
+constexpr P gridColumn[] = {P::GridColumnStart, P::GridColumnEnd};
+constexpr P placeItems[] = {P::AlignItems, P::JustifyItems};
+constexpr P placeSelf[] = {P::AlignSelf, P::JustifySelf};
+constexpr P columns[] = {P::ColumnWidth, P::ColumnCount};
+constexpr P columnRule[] = {P::ColumnRuleWidth, P::ColumnRuleStyle, P::ColumnRuleColor};
 constexpr P aspectRatio[] = {P::AspectRatio};
 constexpr P decoration[] = {P::TextDecoration};
 constexpr P listStyles[] = {P::ListStyleType, P::ListStylePosition};
 
+const std::span<const P> wholeGrid = grid, area = gridArea;
 const std::span<const P> allBorders = borders;
 
 const CssShorthand shorthands[] = {
@@ -142,6 +158,28 @@ const CssShorthand shorthands[] = {
     {u"flex", ReadCssFlex, flex},
     {u"flex-flow", ReadCssFlexFlow, flexFlow},
     {u"gap", ReadPair, gaps},
+    {u"grid-gap", ReadPair, gaps},
+    {u"grid-template-columns", ReadCssGridTracks, gridColumns},
+    {u"grid-template-rows", ReadCssGridTracks, gridRows},
+    {u"grid-template-areas", ReadCssGridAreas, gridAreas},
+    {u"grid-auto-columns", ReadCssGridTracks, gridAutoColumns},
+    {u"grid-auto-rows", ReadCssGridTracks, gridAutoRows},
+    {u"grid-auto-flow", ReadCssGridFlow, gridFlow},
+    {u"grid-template", ReadCssGridTemplate, wholeGrid.first(3)},
+    {u"grid", ReadCssGridTemplate, grid},
+    {u"grid-area", ReadCssGridPlace, gridArea},
+    {u"grid-row", ReadCssGridPlace, gridRow},
+    {u"grid-column", ReadCssGridPlace, gridColumn},
+    {u"grid-row-start", ReadCssGridPlace, area.subspan(0, 1)},
+    {u"grid-column-start", ReadCssGridPlace, area.subspan(1, 1)},
+    {u"grid-row-end", ReadCssGridPlace, area.subspan(2, 1)},
+    {u"grid-column-end", ReadCssGridPlace, area.subspan(3, 1)},
+    {u"place-items", ReadPair, placeItems},
+    {u"place-self", ReadPair, placeSelf},
+    {u"columns", ReadCssColumns, columns},
+    {u"-moz-columns", ReadCssColumns, columns},
+    {u"-webkit-columns", ReadCssColumns, columns},
+    {u"column-rule", ReadBorder, columnRule},
     {u"aspect-ratio", ReadCssAspectRatio, aspectRatio},
     {u"overflow", ReadOverflow, overflow},
     {u"overflow-x", ReadOverflow, overflow},

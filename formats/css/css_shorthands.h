@@ -41,6 +41,12 @@ bool ReadCssCounterReset(CssShorthandReader& reader, std::span<const CssProperty
 bool ReadCssCounterIncrement(CssShorthandReader& reader, std::span<const CssProperty>);
 bool ReadCssFlex(CssShorthandReader& reader, std::span<const CssProperty>);
 bool ReadCssFlexFlow(CssShorthandReader& reader, std::span<const CssProperty> properties);
+bool ReadCssGridTracks(CssShorthandReader& reader, std::span<const CssProperty> properties);
+bool ReadCssGridAreas(CssShorthandReader& reader, std::span<const CssProperty> properties);
+bool ReadCssGridTemplate(CssShorthandReader& reader, std::span<const CssProperty> properties);
+bool ReadCssGridPlace(CssShorthandReader& reader, std::span<const CssProperty> properties);
+bool ReadCssGridFlow(CssShorthandReader& reader, std::span<const CssProperty> properties);
+bool ReadCssColumns(CssShorthandReader& reader, std::span<const CssProperty> properties);
 bool ReadCssAspectRatio(CssShorthandReader& reader, std::span<const CssProperty>);
 // The arguments of counter() and counters(), of `content`; false for other functions.
 bool ReadCssCounter(const CssToken& function, CssTokenStream arguments, CssContentItem& item);

@@ -20,9 +20,13 @@ enum class CssDisplay : std::uint8_t {
     TableColumnGroup,
     TableCaption,
     Contents,
+    Ruby,
+    RubyText,
 };
-// How the children of a block are laid out; those of a grid one below the other.
-enum class CssInnerLayout : std::uint8_t { Flow, Flex };
+// How the children of a block are laid out.
+enum class CssInnerLayout : std::uint8_t { Flow, Flex, Grid };
+enum class CssGridFlow : std::uint8_t { Rows, Columns };
+enum class CssColumnSpan : std::uint8_t { None, All };
 enum class CssFlexDirection : std::uint8_t { Row, RowReverse, Column, ColumnReverse };
 enum class CssFlexWrap : std::uint8_t { NoWrap, Wrap, WrapReverse };
 enum class CssJustifyContent : std::uint8_t {

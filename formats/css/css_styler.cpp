@@ -38,6 +38,9 @@ CssStyler::CssStyler(const HtmlTree& tree, const CssRuleIndex& index, const CssM
     context_.countersNumber = [this](const CssCounterChanges& list) {
         return page_.counters_.NumberOf(list);
     };
+    context_.grid = [this](const CssGrid& grid) {
+        return &page_.grids_[page_.grids_.NumberOf(grid)];
+    };
     context_.rareStyle = [this](const CssRareStyle& style) {
         return page_.rare_.Find(style).value;
     };

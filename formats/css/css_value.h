@@ -66,6 +66,7 @@ struct CssValue {
         Families,
         Content,
         Counters, // `index` of changes in the block
+        Grid,     // `index` of a CssGrid in the block
         Math,     // `index` of one in the block; never a computed value
         Written,  // `index` of a CssWrittenDeclaration in the block; likewise
         Sum,      // of `number` pixels and `keyword`, an int16_t, hundredths of a percent

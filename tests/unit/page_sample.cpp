@@ -4,8 +4,8 @@
 
 namespace {
 const char* NameOf(PageBoxKind kind) {
-    constexpr const char* names[] = {"Block",   "Lines",  "Picture",  "Table", "Caption",
-                                     "Columns", "Column", "RowGroup", "Row",   "Cell"};
+    constexpr const char* names[] = {"Block",  "Lines",    "Picture", "Table", "Caption", "Columns",
+                                     "Column", "RowGroup", "Row",     "Cell",  "Ruby"};
     return names[std::size_t(kind)];
 }
 

@@ -1,8 +1,7 @@
 #include "view/page/flex_layout.h"
 
-#include "formats/css/css_rare_style.h"
 #include "view/page/flex_sizes.h"
-#include "view/page/table_layout.h"
+#include "view/page/item_layout.h"
 
 #include <algorithm>
 
@@ -16,19 +15,19 @@ class FlexLayouter {
     FlexLayouter(PageLayouter& layouter, PageBoxId container, double width,
                  std::optional<InlineEdges> positioned, PageFragment& result)
         : layouter_(layouter), measure_(layouter.Measure()), container_(container),
-          style_(*layouter.Box(container).style), width_(width), positioned_(positioned),
-          result_(result) {}
+          style_(*layouter.Box(container).style), width_(width), result_(result),
+          layout_(layouter, container, width, positioned) {}
 
     double Run() {
         std::vector<Item> items = Items();
         if (IsColumn(style_)) return LayOutColumn(items);
-        const double gap = style_.rare->columnGap * measure_.Scale();
+        const double gap = measure_.Length(style_.rare->columnGap, width_);
         const bool wraps = style_.rare->flexWrap != CssFlexWrap::NoWrap;
         std::vector<FlexSpan> lines = FlexLines(Sizes(items), width_, gap, wraps);
         if (isUpwards_) std::reverse(lines.begin(), lines.end());
         double top = 0;
         for (const FlexSpan span : lines) {
-            if (top > 0) top += style_.rare->rowGap * measure_.Scale();
+            if (top > 0) top += measure_.Length(style_.rare->rowGap, 0);
             const bool isOnly = span.end - span.start == items.size();
             top += LayOutRow({items.begin() + long(span.start), items.begin() + long(span.end)},
                              top, isOnly ? GivenHeight() : 0);
@@ -46,8 +45,7 @@ class FlexLayouter {
 
     std::vector<Item> Items() {
         std::vector<Item> items;
-        for (PageBoxId id = layouter_.Boxes().FirstChild(container_); id != noPageBox;
-             id = layouter_.Box(id).nextSibling)
+        for (const PageBoxId id : layout_.Items())
             items.push_back(ItemOf(id));
         const CssFlexDirection direction = style_.rare->flexDirection;
         if (direction == CssFlexDirection::RowReverse ||
@@ -61,7 +59,7 @@ class FlexLayouter {
         Item item;
         item.id = id;
         const double insets = measure_.SideInsets(style, width_);
-        item.sides = measure_.SideMargins(style, width_) + insets;
+        item.sides = layout_.Sides(id);
         if (IsColumn(style_)) return item;
         const WidthExtent extent = Extent(id);
         const double given = measure_.GivenWidth(style, width_);
@@ -104,12 +102,12 @@ class FlexLayouter {
 
     // Answers the height.
     double LayOutRow(std::vector<Item> items, double top, double leastHeight) {
-        const double gap = style_.rare->columnGap * measure_.Scale();
+        const double gap = measure_.Length(style_.rare->columnGap, width_);
         const std::vector<FlexPlace> places =
             FlexPlaces(Sizes(items), width_, gap, style_.rare->justifyContent);
         double baseline = 0, below = 0;
         for (std::size_t i = 0; i < items.size(); ++i) {
-            LayOutItem(items[i], places[i].left, places[i].width);
+            items[i].fragment = layout_.LayOut(items[i].id, places[i].left, places[i].width);
             const double above =
                 Alignment(items[i]) == CssAlignItems::Baseline ? BaselineOf(items[i]) : 0;
             baseline = std::max(baseline, above);
@@ -122,8 +120,7 @@ class FlexLayouter {
     }
 
     CssAlignItems Alignment(const Item& item) const {
-        const CssAlignItems own = layouter_.Box(item.id).style->rare->alignSelf;
-        const CssAlignItems align = own == CssAlignItems::Auto ? style_.rare->alignItems : own;
+        const CssAlignItems align = layout_.Alignment(item.id);
         if (!isUpwards_) return align;
         return align == CssAlignItems::Start ? CssAlignItems::End
                : align == CssAlignItems::End ? CssAlignItems::Start
@@ -144,60 +141,25 @@ class FlexLayouter {
         case CssAlignItems::Center: return free / 2;
         case CssAlignItems::End: return free;
         case CssAlignItems::Baseline: return baseline - BaselineOf(item);
-        case CssAlignItems::Stretch: Stretch(item, free); break;
+        case CssAlignItems::Stretch:
+            item.fragment = layout_.StretchedTo(item.id, item.fragment, height);
+            break;
         default: break;
         }
         return 0;
     }
 
-    void Stretch(Item& item, double free) const {
-        const PageBox& box = layouter_.Box(item.id);
-        const bool isBlock = box.kind == PageBoxKind::Block || box.kind == PageBoxKind::Lines;
-        const CssBoxStyle& style = *box.style;
-        if (!isBlock || !style.height.IsAuto() || !style.maxHeight.IsAuto()) return;
-        if (style.margin[cssTop].IsAuto() || style.margin[cssBottom].IsAuto()) return;
-        item.fragment = Stretched(item.fragment, item.fragment->height + free);
-    }
-
-    void LayOutItem(Item& item, double left, double width) {
-        const PageBox& box = layouter_.Box(item.id);
-        if (box.kind == PageBoxKind::Picture) {
-            item.fragment = layouter_.LayOutPicture(item.id, width_);
-        } else if (box.kind == PageBoxKind::Table) {
-            item.fragment = LayOutTable(layouter_, item.id, width);
-        } else {
-            item.fragment = layouter_.LayOutBlock(item.id, std::max(0.0, width - item.sides),
-                                                  width_, PositionedFrom(box, left));
-        }
-    }
-
-    std::optional<InlineEdges> PositionedFrom(const PageBox& box, double left) const {
-        left += measure_.Margin(*box.style, cssLeft, width_);
-        if (style_.position != CssPosition::Static) return InlineEdges{-left, width_ - left};
-        if (!positioned_) return {};
-        return InlineEdges{positioned_->left - left, positioned_->right - left};
-    }
-
-    double OuterHeight(const Item& item) const {
-        const CssBoxStyle& style = *layouter_.Box(item.id).style;
-        return measure_.Margin(style, cssTop, width_) + item.fragment->height +
-               measure_.Margin(style, cssBottom, width_);
-    }
+    double OuterHeight(const Item& item) const { return layout_.Height(item.id, *item.fragment); }
 
     void Place(Item& item, double left, double top) {
-        const PageBox& box = layouter_.Box(item.id);
-        const auto shift =
-            measure_.RelativeShift(*box.style, *layouter_.Box(container_).text, width_);
-        result_.parts.push_back({left + measure_.Margin(*box.style, cssLeft, width_) + shift.x,
-                                 top + measure_.Margin(*box.style, cssTop, width_) + shift.y,
-                                 std::move(item.fragment)});
+        layout_.Place(item.id, std::move(item.fragment), left, top, result_);
     }
 
     // Those that are not stretched are as wide as their content.
     double LayOutColumn(std::vector<Item>& items) {
         std::vector<double> lefts;
         double height =
-            style_.rare->rowGap * measure_.Scale() * double(items.empty() ? 0 : items.size() - 1);
+            measure_.Length(style_.rare->rowGap, 0) * double(items.empty() ? 0 : items.size() - 1);
         for (Item& item : items) {
             lefts.push_back(LayOutInColumn(item));
             height += OuterHeight(item);
@@ -214,7 +176,7 @@ class FlexLayouter {
         for (std::size_t i = 0; i < items.size(); ++i) {
             const double outer = OuterHeight(items[i]);
             Place(items[i], lefts[i], top);
-            top += outer + style_.rare->rowGap * measure_.Scale();
+            top += outer + measure_.Length(style_.rare->rowGap, 0);
         }
         return std::max(first + height, GivenHeight());
     }
@@ -228,7 +190,7 @@ class FlexLayouter {
             box.kind != PageBoxKind::Table && !box.style->margin[cssLeft].IsAuto() &&
             !box.style->margin[cssRight].IsAuto();
         if (isStretched) {
-            LayOutItem(item, 0, edges.content.Width() + item.sides);
+            item.fragment = layout_.LayOut(item.id, 0, edges.content.Width() + item.sides);
             return edges.border.left - edges.marginLeft;
         }
         item.fragment = layouter_.LayOutShrunk(item.id, width_);
@@ -246,8 +208,8 @@ class FlexLayouter {
     const PageBoxId container_;
     const CssBoxStyle& style_;
     const double width_;
-    const std::optional<InlineEdges> positioned_;
     PageFragment& result_;
+    ItemLayout layout_;
     // Rows stand one above the other.
     const bool isUpwards_ = !IsColumn(style_) && style_.rare->flexWrap == CssFlexWrap::WrapReverse;
 };
@@ -264,7 +226,7 @@ double LayOutFlex(PageLayouter& layouter, PageBoxId container, double width,
 
 WidthExtent FlexExtentOf(PageLayouter& layouter, PageBoxId container) {
     const CssBoxStyle& style = *layouter.Box(container).style;
-    const double gap = style.rare->columnGap * layouter.Measure().Scale();
+    const double gap = layouter.Measure().Length(style.rare->columnGap, 0);
     WidthExtent whole;
     for (PageBoxId id = layouter.Boxes().FirstChild(container); id != noPageBox;
          id = layouter.Box(id).nextSibling) {

@@ -26,6 +26,7 @@ enum class PageBoxKind : std::uint8_t {
     RowGroup,
     Row,
     Cell, // a block
+    Ruby, // of base and annotation, each of them Lines; it stands in a line
 };
 
 // Where content that a style generates stands beside what is in its element.

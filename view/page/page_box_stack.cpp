@@ -112,7 +112,7 @@ void PageBoxStack::FoldLines() {
     PageBox& block = Top();
     const PageBoxId only = TopId() + 1;
     if (block.kind != PageBoxKind::Block || Next() != only + 1) return;
-    if (block.style->innerLayout == CssInnerLayout::Flex) return; // whose items are boxes
+    if (block.style->innerLayout != CssInnerLayout::Flow) return; // whose items are boxes
     const PageBox& lines = boxes_[only];
     if (lines.kind != PageBoxKind::Lines || lines.node != noHtmlNode) return;
     block.kind = PageBoxKind::Lines;

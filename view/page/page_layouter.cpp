@@ -2,6 +2,7 @@
 
 #include "view/page/block_flow.h"
 #include "view/page/flex_layout.h"
+#include "view/page/grid_layout.h"
 #include "view/page/table_layout.h"
 
 #include <algorithm>
@@ -64,6 +65,8 @@ PageFragmentPtr PageLayouter::LayOutBlock(PageBoxId id, double contentWidth, dou
     double bottom = 0;
     if (IsFlexContainer(box)) {
         bottom = LayOutFlex(*this, id, contentWidth, positioned, *content);
+    } else if (IsGridContainer(box)) {
+        bottom = LayOutGrid(*this, id, contentWidth, positioned, *content);
     } else {
         BlockFlow flow(*this, id, {0, contentWidth}, *content, positioned);
         flow.LayOutContent();
