@@ -183,6 +183,32 @@ TEST_CASE("page pane: clicks select words and paragraphs, and Shift with keys go
     CHECK(bench.view.Selection().span == PageSpan{0, 0});
 }
 
+TEST_CASE("page pane: letters of a box in a line, and of a ruby, are where they are clicked") {
+    PageBench bench("<p>One <span style='display:inline-block'>two three</span> four<p>"
+                    "a <ruby>base<rt>reading</ruby> b");
+    PagePane& pane = bench.view.Pane();
+    pane.Click(bench.PointOf(9), 2, false);
+    CHECK(bench.view.SelectedText() == u"three");
+    pane.Click(bench.PointOf(25), 1, false);
+    CHECK(bench.view.Selection().span.start == 25);
+    pane.Click(bench.PointOf(30), 1, false);
+    CHECK(bench.view.Selection().span.start == 30);
+    bench.view.Select({19, 15});
+    CHECK(bench.view.SelectedText() == u"a basereading b");
+}
+
+TEST_CASE("page pane: letters in columns are where they are clicked") {
+    PageBench bench("<div style='columns:2'>one<br>two<br>three<br>four</div>");
+    PagePane& pane = bench.view.Pane();
+    const Point two = bench.PointOf(4), three = bench.PointOf(8);
+    CHECK(three.x > two.x + 100);
+    CHECK(three.y < two.y);
+    pane.Click(three, 2, false);
+    CHECK(bench.view.SelectedText() == u"three");
+    pane.Click(two, 2, false);
+    CHECK(bench.view.SelectedText() == u"two");
+}
+
 TEST_CASE("page pane: what is not shown has a place beside what is") {
     PageBench bench("<p>one<p style='display:none'>two<p>three");
     REQUIRE(bench.view.TextsOf({{0, 20}})[0] == u"one\ntwo\nthree");

@@ -158,7 +158,7 @@ std::optional<CharacterPlace> PagePlaces::NearestLine(std::size_t zone, double x
                 double distance = Outside(y, lineTop, lineTop + line.height - 0.01) * 1e4 +
                                   Outside(x, from, from + text.width);
                 if (below && lineTop + line.height <= y) distance += 1e12;
-                if (distance >= least) continue;
+                if (distance > least) continue; // what stands in a line comes behind it
                 least = distance;
                 nearest.emplace();
                 nearest->block = {at, left, top, &lines, fragment};

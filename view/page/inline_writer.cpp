@@ -113,15 +113,17 @@ void InlineWriter::AddGap(int width, bool isStart) {
     if (isStart) AddUnit(wordJoiner, 0);
 }
 
-void InlineWriter::AddObject(const CssInheritedStyle& block, HtmlNodeId node, bool joins,
-                             bool isFollowed) {
+TextPos InlineWriter::AddObject(const CssInheritedStyle& block, HtmlNodeId node, bool joinsBefore,
+                                bool joinsBehind) {
     StartRun(block, {}, false);
-    if (joins && !Text().empty() && Text().back() != u' ') AddUnit(wordJoiner, 0);
+    if (joinsBefore && !Text().empty() && Text().back() != u' ') AddUnit(wordJoiner, 0);
     node_ = node;
+    const TextPos at = Length();
     AddUnit(objectReplacement, 0);
     node_ = noHtmlNode;
-    if (joins && isFollowed) AddUnit(wordJoiner, 0);
+    if (joinsBehind) AddUnit(wordJoiner, 0);
     whiteSpaceEnds_ = false;
+    return at;
 }
 
 void InlineWriter::Hide(TextPos start) {

@@ -27,9 +27,10 @@ class InlineWriter {
     void AddControls(std::u16string_view controls);
     // What the start or the end of an element takes in its line, in device pixels.
     void AddGap(int width, bool isStart);
-    // The unit of a box that stands in the line. `joins`: no line breaks before it, and behind it
-    // if something follows.
-    void AddObject(const CssInheritedStyle& block, HtmlNodeId node, bool joins, bool isFollowed);
+    // The unit of a box that stands in the line, and no line breaks on a side where it is joined.
+    // Answers where the unit is.
+    TextPos AddObject(const CssInheritedStyle& block, HtmlNodeId node, bool joinsBefore,
+                      bool joinsBehind);
     bool WrapsIn(const CssInheritedStyle& style) const;
     std::shared_ptr<InlineContent> Finish();
 

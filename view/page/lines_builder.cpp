@@ -136,6 +136,14 @@ void LinesBuilder::AddBox(HtmlNodeId element, const CssBoxStyle& style, PageWeig
     boxes_.WeightWithin() += within;
 }
 
+void LinesBuilder::AddRuby(HtmlNodeId first, PageWeight within) {
+    MakeRoom(first, rubyWeight);
+    if (IsOpen() && boxes_.WeightWithin() + within > limits_.whole / 2) Divide(first, 0);
+    Open(first).hasText = true;
+    boxes_.Weight() += rubyWeight;
+    boxes_.WeightWithin() += within;
+}
+
 void LinesBuilder::AddInline(HtmlNodeId element) {
     MakeRoom(element, inlineElementWeight);
     if (TakesRoomBefore(*styles_.Of(element).box)) Open(element);

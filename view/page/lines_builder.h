@@ -27,6 +27,8 @@ class LinesBuilder {
     void AddBreak(HtmlNodeId element);
     // A float or a block that stands in them, with so much in it.
     void AddBox(HtmlNodeId element, const CssBoxStyle& style, PageWeight within);
+    // A word with an annotation, that begins with the node.
+    void AddRuby(HtmlNodeId first, PageWeight within);
     // The start of an element, whose text follows.
     void AddInline(HtmlNodeId element);
     // Text before or behind what is in an element.

@@ -108,6 +108,13 @@ const CssInheritedStyle& LinesReader::StyleIn(HtmlNodeId element) {
 // In document order, up to the node behind the lines.
 void LinesReader::ReadFrom(HtmlNodeId id) {
     while (id != noHtmlNode && id != lines_.behind) {
+        if (IsRubyAt(id)) {
+            const HtmlNodeId behind = boxes_[nextBox_].behind;
+            AddRuby();
+            Leave(tree_[id].parent, behind);
+            id = behind;
+            continue;
+        }
         const bool within = Enter(id);
         const HtmlNodeId next = within ? tree_.Next(id) : tree_.NextBehind(id);
         Leave(within ? id : tree_[id].parent, next);
@@ -186,14 +193,16 @@ void LinesReader::Leave(HtmlNodeId element, HtmlNodeId next) {
 void LinesReader::AddBox() {
     const PageBox& box = boxes_[nextBox_];
     const bool inLine = !IsOutOfFlow(*box.style) && box.style->floats == CssFloat::None;
-    places_.push_back({writer_.Length(), nextBox_, inLine});
+    TextPos at = writer_.Length();
     if (inLine) {
         const bool isGenerated = IsGenerated(box);
         const HtmlNodeId around = isGenerated ? box.node : tree_[box.node].parent;
         const bool isFollowed = !isGenerated && tree_[box.node].nextSibling != noHtmlNode;
-        writer_.AddObject(*lines_.text, isGenerated ? noHtmlNode : box.node,
-                          !writer_.WrapsIn(*styles_.Of(around).inherited), isFollowed);
+        const bool joins = !writer_.WrapsIn(*styles_.Of(around).inherited);
+        at = writer_.AddObject(*lines_.text, isGenerated ? noHtmlNode : box.node, joins,
+                               joins && isFollowed);
     }
+    places_.push_back({at, nextBox_, inLine});
     nextBox_ = box.nextSibling;
 }
 

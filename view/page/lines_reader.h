@@ -33,6 +33,10 @@ class LinesReader {
     void OpenDecoration(HtmlNodeId element, CssStyle style, bool begins, const TextPlace& place);
     void CloseDecoration(HtmlNodeId element, bool ends);
     void AddBox();
+    void AddRuby();
+    bool IsRubyAt(HtmlNodeId id) const;
+    char16_t FirstUnit(HtmlNodeId from, HtmlNodeId behind) const;
+    char16_t LastUnit(HtmlNodeId from, HtmlNodeId behind) const;
     void AddMarkerInside();
     void AddGenerated(CssStyle style, HtmlNodeId element, GeneratedPlace place);
     void AddContent(CssStyle style, HtmlNodeId element, GeneratedPlace generatedPlace,

@@ -2,6 +2,7 @@
 
 #include "view/page/child_nodes.h"
 #include "view/page/list_numbers.h"
+#include "view/page/ruby_segment.h"
 #include "view/page/table_builder.h"
 
 #include <utility>
@@ -56,7 +57,7 @@ class PageBoxBuilder : private BlockBuilder {
   public:
     PageBoxBuilder(const HtmlTree& tree, const CssPageStyles& styles, const PageLimits& limits,
                    std::function<bool(HtmlNodeId)> showsObject)
-        : tree_(tree), styles_(styles), showsObject_(std::move(showsObject)),
+        : tree_(tree), styles_(styles), limits_(limits), showsObject_(std::move(showsObject)),
           weights_(tree, styles, limits.whole), boxes_(tree, styles, weights_),
           lines_(tree, styles, limits, boxes_), numbers_(tree, styles),
           tables_(tree, styles, limits, weights_, boxes_, lines_, *this) {}
@@ -119,7 +120,9 @@ class PageBoxBuilder : private BlockBuilder {
         case CssDisplay::Inline:
             if (IsPicture(id)) return BuildInLines(id, style);
             return VisitInline(id);
-        case CssDisplay::Contents: return VisitInline(id);
+        case CssDisplay::Contents:
+        case CssDisplay::RubyText: return VisitInline(id);
+        case CssDisplay::Ruby: return VisitRuby(id);
         case CssDisplay::InlineBlock:
         case CssDisplay::InlineTable:
             if (!weights_.IsTooLong(id)) return BuildInLines(id, style);
@@ -141,6 +144,41 @@ class PageBoxBuilder : private BlockBuilder {
         if (node.Is(HtmlName::Object)) return showsObject_ && showsObject_(id);
         return node.Is(HtmlName::Img) ||
                (node.nameSpace == HtmlNamespace::Svg && node.name == HtmlName::Svg);
+    }
+
+    void VisitRuby(HtmlNodeId id) {
+        lines_.AddInline(id);
+        lines_.AddGenerated(styles_.Before(id), id);
+        lines_.AddGenerated(styles_.After(id), id);
+        for (HtmlNodeId child = tree_[id].firstChild; child != noHtmlNode;) {
+            RubySegment segment = RubySegmentFrom(tree_, styles_, child);
+            const bool isWord = segment.annotation != noHtmlNode &&
+                                IsRubyWord(tree_, styles_, segment) &&
+                                segment.weight <= limits_.lines;
+            if (isWord)
+                BuildRuby(id, segment);
+            else
+                VisitAll({segment.first, segment.next});
+            child = segment.next;
+        }
+    }
+
+    void VisitAll(HtmlSiblings nodes) {
+        ForEach(tree_, nodes, [&](HtmlNodeId node) { Visit(node); });
+    }
+
+    void BuildRuby(HtmlNodeId id, const RubySegment& segment) {
+        lines_.AddRuby(segment.first, segment.weight);
+        lines_.ForgetFirstLetter();
+        boxes_.OpenRuby(PageBoxKind::Ruby, segment.first, segment.behind, styles_.Of(id));
+        boxes_.OpenRuby(PageBoxKind::Lines, segment.first, segment.annotation, styles_.Of(id));
+        VisitAll({segment.first, segment.annotation});
+        boxes_.Close();
+        boxes_.OpenRuby(PageBoxKind::Lines, segment.annotation, segment.behind,
+                        styles_.Of(segment.annotation));
+        VisitAll({segment.annotation, segment.next});
+        boxes_.Close();
+        boxes_.Close();
     }
 
     void VisitInline(HtmlNodeId id) {
@@ -198,6 +236,7 @@ class PageBoxBuilder : private BlockBuilder {
 
     const HtmlTree& tree_;
     const CssPageStyles& styles_;
+    const PageLimits limits_;
     const std::function<bool(HtmlNodeId)> showsObject_;
     const PageWeights weights_;
     PageBoxStack boxes_;

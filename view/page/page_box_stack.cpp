@@ -49,6 +49,16 @@ void PageBoxStack::OpenGenerated(HtmlNodeId node, CssStyle style, GeneratedPlace
     Push(box);
 }
 
+void PageBoxStack::OpenRuby(PageBoxKind kind, HtmlNodeId first, HtmlNodeId behind, CssStyle style) {
+    PageBox box;
+    box.kind = kind;
+    box.first = first;
+    box.behind = behind;
+    box.text = style.inherited;
+    box.style = &anonymousStyle;
+    Push(box);
+}
+
 // It is drawn in its own size, in the line, wherever the text beside it would stand.
 void PageBoxStack::AddGeneratedPicture(HtmlNodeId node, CssStyle style,
                                        const CssContentItem& item) {

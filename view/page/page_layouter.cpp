@@ -3,6 +3,7 @@
 #include "view/page/block_flow.h"
 #include "view/page/flex_layout.h"
 #include "view/page/grid_layout.h"
+#include "view/page/ruby_layout.h"
 #include "view/page/table_layout.h"
 
 #include <algorithm>
@@ -91,6 +92,7 @@ PageFragmentPtr PageLayouter::LayOutShrunk(PageBoxId id, double containing) {
     const PageBox& box = boxes_[id];
     if (box.kind == PageBoxKind::Picture) return LayOutPicture(id, containing);
     if (box.kind == PageBoxKind::Table) return LayOutTable(*this, id, containing);
+    if (box.kind == PageBoxKind::Ruby) return LayOutRuby(*this, id, containing);
     double width = measure_.GivenWidth(*box.style, containing);
     if (width < 0) {
         const double room = containing - measure_.SideMargins(*box.style, containing) -

@@ -2,6 +2,7 @@
 
 #include "view/page/flex_layout.h"
 #include "view/page/grid_layout.h"
+#include "view/page/ruby_layout.h"
 #include "view/page/table_layout.h"
 
 #include <algorithm>
@@ -53,6 +54,7 @@ WidthExtent PageLayouter::MeasureContent(PageBoxId id) {
     const PageBox& box = boxes_[id];
     if (box.kind == PageBoxKind::Lines) return LinesExtent(id);
     if (box.kind == PageBoxKind::Table) return TableExtentOf(*this, id);
+    if (box.kind == PageBoxKind::Ruby) return RubyExtentOf(*this, id);
     if (IsFlexContainer(box)) return FlexExtentOf(*this, id);
     if (IsGridContainer(box)) return GridExtentOf(*this, id);
     WidthExtent widest;

@@ -31,6 +31,8 @@ struct PageLimits {
 };
 // A float or a block in a line, in the weight of those lines: each breaks what follows anew.
 constexpr PageWeight boxInLinesWeight = 256;
+// A word with an annotation above it: two lines of their own, that nothing else waits for.
+constexpr PageWeight rubyWeight = 64;
 // An element within a line, with text of its own in a font of its own.
 constexpr PageWeight inlineElementWeight = 16;
 // Of each piece of generated text, in units; the rest is not shown. Sheets have some words.
