@@ -67,7 +67,7 @@ class BoxWriter {
 
     void Add(const PageFragment& fragment, double left, double top) {
         for (const PlacedBox& box : fragment.boxes)
-            AddBox(box, left + box.left, top + box.top);
+            if (!box.isColumnRule) AddBox(box, left + box.left, top + box.top);
         for (const PlacedLines& lines : fragment.lines)
             for (const InlineLine& line : lines.layout.lines)
                 AddLine(lines, line, left, top);

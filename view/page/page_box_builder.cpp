@@ -2,6 +2,7 @@
 
 #include "view/page/child_nodes.h"
 #include "view/page/list_numbers.h"
+#include "view/page/multi_columns.h"
 #include "view/page/ruby_segment.h"
 #include "view/page/table_builder.h"
 
@@ -86,6 +87,8 @@ class PageBoxBuilder : private BlockBuilder {
         lines_.Close(behind);
         if (styles_.FirstLetter(node).box) lines_.ForgetFirstLetter();
         boxes_.FoldLines();
+        if (HasColumns(boxes_.Top()) && boxes_.HasMoreUnits(maxUnitsInColumns))
+            boxes_.Top().isTooLong = true;
         boxes_.Close();
     }
 

@@ -118,6 +118,13 @@ bool PageBoxStack::IsInLongTable() const {
     return table != open_.rend() && boxes_[table->id].isTooLong;
 }
 
+bool PageBoxStack::HasMoreUnits(std::uint32_t units) const {
+    std::uint32_t all = 0;
+    for (PageBoxId box = TopId(); box < Next() && all <= units; ++box)
+        all += boxes_[box].units;
+    return all > units;
+}
+
 void PageBoxStack::FoldLines() {
     PageBox& block = Top();
     const PageBoxId only = TopId() + 1;

@@ -34,6 +34,8 @@ class PageBoxStack : public PageNumbers {
     void SetBoxOf(HtmlNodeId node) { boxes_.boxOfNode_[node] = TopId(); }
     void MakeTopCanvas() { boxes_.canvas_ = TopId(); }
     bool IsInLongTable() const;
+    // Whether the texts in the box that is open are longer.
+    bool HasMoreUnits(std::uint32_t units) const;
     // A block of nothing but text is the box of its lines.
     void FoldLines();
     void SetStyle(PageBoxId box, const CssBoxStyle& style);

@@ -16,6 +16,7 @@ struct PlacedBox {
     PageBoxId box = noPageBox;
     double left = 0, top = 0, width = 0, height = 0;
     bool beginsAbove = false, endsBelow = false; // of the fragment
+    bool isColumnRule = false;                   // not the box, but a line between its columns
 };
 
 struct PlacedPart {

@@ -3,6 +3,7 @@
 #include "view/page/block_flow.h"
 #include "view/page/flex_layout.h"
 #include "view/page/grid_layout.h"
+#include "view/page/multi_columns.h"
 #include "view/page/ruby_layout.h"
 #include "view/page/table_layout.h"
 
@@ -68,6 +69,8 @@ PageFragmentPtr PageLayouter::LayOutBlock(PageBoxId id, double contentWidth, dou
         bottom = LayOutFlex(*this, id, contentWidth, positioned, *content);
     } else if (IsGridContainer(box)) {
         bottom = LayOutGrid(*this, id, contentWidth, positioned, *content);
+    } else if (HasColumns(box)) {
+        bottom = LayOutInColumns(*this, id, contentWidth, positioned, *content);
     } else {
         BlockFlow flow(*this, id, {0, contentWidth}, *content, positioned);
         flow.LayOutContent();

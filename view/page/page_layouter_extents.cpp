@@ -2,6 +2,7 @@
 
 #include "view/page/flex_layout.h"
 #include "view/page/grid_layout.h"
+#include "view/page/multi_columns.h"
 #include "view/page/ruby_layout.h"
 #include "view/page/table_layout.h"
 
@@ -45,7 +46,8 @@ WidthExtent PageLayouter::PictureExtent(PageBoxId id) {
 WidthExtent PageLayouter::ContentExtent(PageBoxId id) {
     const auto known = extents_.find(id);
     if (known != extents_.end()) return known->second;
-    const WidthExtent extent = MeasureContent(id);
+    WidthExtent extent = MeasureContent(id);
+    if (HasColumns(boxes_[id])) extent = ExtentInColumns(*this, id, extent);
     if (extents_.size() >= maxExtents) extents_.clear();
     return extents_[id] = extent;
 }

@@ -1,5 +1,6 @@
 #include "view/page/page_painter.h"
 
+#include "formats/css/css_rare_style.h"
 #include "view/page/border_painter.h"
 #include "view/page/decoration_painter.h"
 
@@ -42,9 +43,18 @@ class FragmentPainter {
         if (IsHidden(paint_.boxes[placed.box])) return;
         const CssBoxStyle& style = *paint_.boxes[placed.box].style;
         const Rect box = Pixels(left + placed.left, top + placed.top, placed.width, placed.height);
+        if (placed.isColumnRule) return PaintRule(*style.rare, box);
         if (paint_.backgrounds && placed.box != paint_.boxes.CanvasBox())
             FillBox(Boxes(), box, style.background);
         PaintBorders(Boxes(), style, box, {!placed.beginsAbove, true, !placed.endsBelow, true});
+    }
+
+    void PaintRule(const CssRareStyle& columns, const Rect& box) const {
+        CssBoxStyle rule;
+        rule.borderWidth[cssLeft] = columns.columnRuleWidth;
+        rule.borderStyle[cssLeft] = columns.columnRuleStyle;
+        rule.borderColor[cssLeft] = columns.columnRuleColor;
+        PaintBorders(Boxes(), rule, box);
     }
 
     void PaintLines(const PlacedLines& placed, double left, double top) const {

@@ -1,0 +1,19 @@
+// Text in several columns beside each other (CSS Multi-column Layout 1), as high as each other.
+//
+// A page is one long scroll. So there are columns only where they are no higher than a window: of
+// higher ones a reader would scroll down the first and up again to the second. Such text stands in
+// one column, and what is longer than any window holds is not even laid out to find that out.
+#pragma once
+
+#include "view/page/page_layouter.h"
+
+// Units of a text that may be in columns; a window full of small letters has fewer.
+constexpr std::uint32_t maxUnitsInColumns = 16 * 1024;
+
+bool HasColumns(const PageBox& box);
+
+// With a content of this width, added to `result`. Answers the content's height.
+double LayOutInColumns(PageLayouter& layouter, PageBoxId container, double width,
+                       std::optional<InlineEdges> positioned, PageFragment& result);
+// Of its content, where that of one column is known.
+WidthExtent ExtentInColumns(const PageLayouter& layouter, PageBoxId container, WidthExtent column);
