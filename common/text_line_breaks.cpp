@@ -33,8 +33,10 @@ bool IsWord(char32_t character) {
     return WordPartOf(character) == WordPart::Letter || WordPartOf(character) == WordPart::Number;
 }
 
-// Of three characters in a row, the first may be 0.
+// Of three characters in a row, the first may be 0. A straight quotation mark stays with the sign
+// before it, as it may close what ends there.
 bool MayBreakAfterSign(char32_t before, char32_t sign, char32_t after) {
+    if (after == u'"' || after == u'\'') return false;
     if (sign == softHyphen || sign == emDash) return true;
     if (IsHyphen(sign))
         return IsWord(before) && (sign != u'-' || WordPartOf(after) != WordPart::Number);

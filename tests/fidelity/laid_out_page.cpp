@@ -1,6 +1,6 @@
 #include "tests/fidelity/laid_out_page.h"
 
-#include "formats/css/css_page_sheets.h"
+#include "formats/css/css_sheet_loader.h"
 #include "view/page/page_box_builder.h"
 
 #include <QFile>
@@ -28,14 +28,11 @@ std::vector<CssSheet> SheetsOf(const HtmlTree& tree, const std::filesystem::path
     std::vector<CssSheet> sheets;
     sheets.push_back(
         ReadCss(u"* { background: rgba(0,0,0,0.01) !important } html { font-family: serif }"));
-    for (const CssPageSheet& sheet : FindCssSheets(tree, medium)) {
-        std::u16string text = sheet.text;
-        if (!sheet.address.empty()) {
-            const QByteArray bytes = BytesOf(PathOf(folder, sheet.address));
-            text = DecodeCss({bytes.data(), std::size_t(bytes.size())}, utf8);
-        }
+    const auto read = [&](std::u16string_view address) {
+        return BytesOf(PathOf(folder, address)).toStdString();
+    };
+    for (const std::u16string& text : LoadCssTexts(tree, medium, utf8, read))
         sheets.push_back(ReadCss(text, reading));
-    }
     return sheets;
 }
 

@@ -94,6 +94,13 @@ TEST_CASE("column widths: a spanning cell widens the columns that have no width 
     CHECK(ColumnWidths(Table(2, {Cell(0, 10, 50), Cell(1, 20, 25), wide}, 400)) == Widths{100, 50});
 }
 
+TEST_CASE("column widths: a column of the whole width leaves no table narrower than its room") {
+    CellWidth whole = Cell(1, 20, 100);
+    whole.percentage = 100;
+    CHECK(ColumnWidths(Table(2, {Cell(0, 10, 50), whole}, 400)) == Widths{10, 390});
+    CHECK(ColumnWidths(Table(2, {whole}, 400)) == Widths{0, 100});
+}
+
 TEST_CASE("column widths: spacing is around each column") {
     TableWidths table = Table(2, {Cell(0, 10, 50), Cell(1, 20, 100)}, 400);
     table.spacing = 4;

@@ -276,3 +276,12 @@ TEST_CASE("page text: what could not be read on its background is shown so that 
     CHECK(IsReadable(link, black));
     CHECK((link >> 16) > (link & 0xFF));
 }
+
+TEST_CASE("page text: addresses and paths break as in browsers") {
+    CHECK(Text(u"/usr/lib and/or w.5 a|b 3,5") == "/<8288>usr/<8288>lib and/<8288>or w.<8288>5 "
+                                                  "a|<8288>b 3,5");
+    CHECK(Text(u"x?y 3-4 -5 a-b what\u2026now") ==
+          "x?<8203>y 3-<8203>4 -5 a-b what<8230><8203>now");
+    CHECK(Text(u"<pre>a/b</pre>") == "a/b");
+    CHECK(Lines(u"<p style='margin:0'>aa /usr/lib b", 64) == "0,0 aa|0,16 /?usr/?lib|0,32 b");
+}

@@ -74,6 +74,7 @@ TEST_CASE("lines break behind spaces, hyphens and ideographs") {
     CHECK(CutLines(u"\uD55C\uAD6D \u30AB\u30FC\u30C9") == u"\uD55C|\uAD6D |\u30AB\u30FC|\u30C9");
     CHECK(CutLines(u"(one) two? /usr/lib") == u"(one) |two? |/usr/|lib");
     CHECK(CutLines(u"yes\u2014no") == u"yes|\u2014|no");
+    CHECK(CutLines(u"\"yes\u2014\" 'no-'") == u"\"yes|\u2014\" |'no-'");
     CHECK(CutLines(u"a \u0301b e\u0301") == u"a \u0301|b |e\u0301");
     CHECK(CutLines(u"a\t\tb \tc") == u"a\t|\t|b |\t|c");
     CHECK(CutLines(u"") == u"");

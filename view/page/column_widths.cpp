@@ -98,6 +98,9 @@ double Spacing(const TableWidths& table) {
     return table.columns == 0 ? 0 : table.spacing * static_cast<double>(table.columns + 1);
 }
 
+// What a table asks for whose columns leave others no room by their percentages: wider than any.
+constexpr double unlimitedWidth = 1e6;
+
 // The greatest width that a table of these columns asks for: so wide that no percentage leaves its
 // column, or the rest of the columns, too little.
 double MaxWidth(const Columns& columns) {
@@ -110,8 +113,9 @@ double MaxWidth(const Columns& columns) {
     double asked = max;
     for (const Column& column : columns)
         if (column.percentage > 0) asked = std::max(asked, column.max * 100 / column.percentage);
-    if (percentages > 0 && percentages < 100 && rest > 0)
-        asked = std::max(asked, rest * 100 / (100 - percentages));
+    if (percentages > 0 && rest > 0)
+        asked = percentages < 100 ? std::max(asked, rest * 100 / (100 - percentages))
+                                  : std::max(asked, unlimitedWidth);
     return asked;
 }
 

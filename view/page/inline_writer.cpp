@@ -4,6 +4,7 @@
 #include "common/text.h"
 #include "formats/html/html_units.h"
 #include "view/layout_cost.h"
+#include "view/page/browser_breaks.h"
 #include "view/page/text_alignment.h"
 #include "view/page/text_case.h"
 #include "view/page/text_cut.h"
@@ -14,6 +15,8 @@ namespace {
 constexpr char16_t lineSeparator = u'\u2028', objectReplacement = u'\uFFFC';
 // None of the page's text: it keeps a line from breaking.
 constexpr char16_t wordJoiner = u'\u2060';
+// Nor is this, behind which a line may break.
+constexpr char16_t zeroWidthSpace = u'\u200B';
 
 bool Wraps(CssWhiteSpace whiteSpace) {
     return whiteSpace != CssWhiteSpace::NoWrap && whiteSpace != CssWhiteSpace::Pre;
@@ -85,7 +88,10 @@ void InlineWriter::AddText(std::u16string_view text, const CssInheritedStyle& st
             if (!whiteSpaceEnds_) AddSpace(i, wraps);
             whiteSpaceEnds_ = true;
         } else {
-            if (!wraps && i > from) JoinWords(unit);
+            if (wraps)
+                ChangeBreak(unit);
+            else if (i > from)
+                JoinWords(unit);
             AddLetter(unit, i, style, place);
             whiteSpaceEnds_ = false;
         }
@@ -96,13 +102,23 @@ void InlineWriter::AddText(std::u16string_view text, const CssInheritedStyle& st
 // One that a line does not break behind is a space like any other where lines are justified.
 void InlineWriter::AddSpace(std::size_t unit, bool wraps) {
     AddUnit(u' ', unit);
-    if (!wraps) AddJoiner();
+    if (!wraps) AddOwnUnit(wordJoiner);
 }
 
-void InlineWriter::AddJoiner() {
+// None of the page's.
+void InlineWriter::AddOwnUnit(char16_t unit) {
     const HtmlNodeId node = std::exchange(node_, noHtmlNode);
-    AddUnit(wordJoiner, 0);
+    AddUnit(unit, 0);
     node_ = node;
+}
+
+void InlineWriter::ChangeBreak(char16_t next) {
+    const std::u16string_view text = Text();
+    if (!content_->wraps || text.empty()) return;
+    const char16_t before = text.size() > 1 ? text[text.size() - 2] : u'\0';
+    const BreakChange change = BreakChangeAt(before, text.back(), next);
+    if (change == BreakChange::Join) AddOwnUnit(wordJoiner);
+    if (change == BreakChange::Break) AddOwnUnit(zeroWidthSpace);
 }
 
 void InlineWriter::AddGap(int width, bool isStart) {
@@ -167,7 +183,7 @@ void InlineWriter::JoinWords(char16_t next) {
     const auto isLetter = [](char16_t unit) { return unit < 0x250 && IsWordUnit(unit); };
     const char16_t before = Text().empty() ? u' ' : Text().back();
     if (before == u' ' || before == wordJoiner || (isLetter(before) && isLetter(next))) return;
-    AddJoiner();
+    AddOwnUnit(wordJoiner);
 }
 
 void InlineWriter::RemoveTrailingSpace() {

@@ -41,7 +41,8 @@ class InlineWriter {
                    const TextPlace& place);
     void StartRun(const CssInheritedStyle& style, const TextPlace& place, bool smallCapital);
     void AddSpace(std::size_t unit, bool wraps);
-    void AddJoiner();
+    void AddOwnUnit(char16_t unit);
+    void ChangeBreak(char16_t next);
     void JoinWords(char16_t next);
     void Hide(TextPos start);
     void RemoveTrailingSpace();
