@@ -32,6 +32,12 @@ TEST_CASE("page quirks: the first margin of the page goes") {
     CHECK(PageSample(u"<p>a").Lines(400) == "0,16 a");
 }
 
+TEST_CASE("page quirks: a list's marker counts in the first line of its item") {
+    const std::u16string list = u"<ul style='line-height:40px'>",
+                         small = u"<b style='line-height:20px'>";
+    CHECK(Lines(list + u"<li>" + small + u"b<br>c</b></ul>d") == "26,0 ?|40,0 b/|40,40 c|0,76 d");
+}
+
 TEST_CASE("page quirks: the block's font counts in lines with text of its own") {
     const std::u16string large = u"<div style='line-height:40px'>";
     const std::u16string picture = u"<img width=8 height=8>",

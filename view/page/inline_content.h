@@ -89,6 +89,7 @@ struct InlineContent {
     StyleHandle strut; // of the block: no line is lower than its font
     std::optional<double> strutLineHeight;
     bool needsText = false; // in quirks mode, for the block's font to count in a line
+    bool hasMarker = false; // beside the first line, in the block's font
     double xHeight = 0;     // of the block's font, for `Middle`
     Alignment alignment = Alignment::Left; // absolute
     double textIndent = 0;                 // of the first line; negative: it hangs out

@@ -107,6 +107,7 @@ LineBox LineBoxOf(LineLayout& system, const InlineContent& content, TextPos star
         line = BoxOfText(system, content, start, end);
     else
         EncloseRuns(system, content, start, end, line);
+    if (start == 0 && content.hasMarker) Enclose(line, StrutBox(system, content), 0);
     EncloseAtoms(content, start, end, line);
     return line;
 }

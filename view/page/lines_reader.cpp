@@ -71,7 +71,7 @@ CssStyle LinesReader::FirstLineStyle() const {
 
 void LinesReader::ReadAll() {
     if (tree_.IsVisualOrder()) AddControls(leftToRightOverride);
-    AddMarkerInside();
+    AddMarker();
     if (lines_.first != noHtmlNode && lines_.first != container_ &&
         (lines_.first != lines_.behind || lines_.behindUnit > 0))
         OpenAround(lines_.first);

@@ -37,7 +37,7 @@ class LinesReader {
     bool IsRubyAt(HtmlNodeId id) const;
     char16_t FirstUnit(HtmlNodeId from, HtmlNodeId behind) const;
     char16_t LastUnit(HtmlNodeId from, HtmlNodeId behind) const;
-    void AddMarkerInside();
+    void AddMarker();
     void AddGenerated(CssStyle style, HtmlNodeId element, GeneratedPlace place);
     void AddContent(CssStyle style, HtmlNodeId element, GeneratedPlace generatedPlace,
                     const TextPlace& place);

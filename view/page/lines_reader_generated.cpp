@@ -27,12 +27,13 @@ void LinesReader::AddFirstLetter(HtmlNodeId text, const PageFirstLetter& letter)
     CloseDecoration(noHtmlNode, true);
 }
 
-// The marker of a list's item, where it is part of its first line.
-void LinesReader::AddMarkerInside() {
+// The marker of a list's item, if these are its first lines.
+void LinesReader::AddMarker() {
     const PageBoxId item = lines_.node != noHtmlNode ? id_ : lines_.parent;
     if (boxes_[item].style->display != CssDisplay::ListItem) return;
-    if (boxes_[item].text->listStylePosition != CssListStylePosition::Inside) return;
     if (item != id_ && boxes_.FirstChild(item) != id_) return;
+    writer_.Content().hasMarker = true;
+    if (boxes_[item].text->listStylePosition != CssListStylePosition::Inside) return;
     const std::u16string marker = ListMarker(boxes_[item].text->listStyleType, boxes_[item].number);
     if (!marker.empty())
         writer_.AddText(marker + u" ", *boxes_[item].text, {.background = background_});
