@@ -197,6 +197,14 @@ TEST_CASE("page layout: a table between its margins") {
     CHECK(Lines(start + u"<tr><td rowspan=2>a<td>b<tr><td>c</table>") == "3,13 a|15,3 b|15,23 c");
 }
 
+TEST_CASE("page layout: columns go by the direction of their table") {
+    const std::u16string start = u"<table dir=rtl cellspacing=2 cellpadding=1 align=left>";
+    CHECK(Lines(start + u"<tr><td>a<td>bb<tr><td>ccc<td>d</table>") ==
+          "39,3 a|3,3 bb|23,23 ccc|11,23 d");
+    CHECK(Lines(start + u"<tr><td>a<td>b<tr><td colspan=2>cccc</table>") ==
+          "27,3 a|9,3 b|3,23 cccc");
+}
+
 TEST_CASE("page layout: lists and definitions are indented") {
     CHECK(Lines(u"<ol><li>one<li>two<li value=9>nine<li>x</ol>") ==
           "18,16 1.|40,16 one|18,32 2.|40,32 two|18,48 9.|40,48 nine|10,64 10.|40,64 x");

@@ -45,6 +45,12 @@ TEST_CASE("page table: borders that meet are drawn once") {
           "0000 4444 4444");
 }
 
+TEST_CASE("page table: borders that meet stand where columns from right to left have them") {
+    const std::u16string first = u"<style>.a{border-left:4px solid}</style>";
+    CHECK(Borders(collapse + first + u"<table dir=rtl><tr><td class=a>a<td>b</table>") ==
+          "0000 0002 0200");
+}
+
 TEST_CASE("page table: collapsed borders take no more room than one") {
     CHECK(Lines(collapse + u"<style>td{border:4px solid}</style>"
                            u"<table><tr><td>aa<td>b<tr><td>c<td>d</table>x") ==

@@ -134,6 +134,14 @@ CollapsedBorders::EdgeGrid::Area AreaOf(const GridCell& cell, const TableGrid& g
             std::min(cell.column + cell.columns, grid.columns)};
 }
 
+// The columns from left to right as they are seen.
+TableGrid Mirrored(TableGrid grid) {
+    for (std::vector<GridCell>* cells : {&grid.cells, &grid.columnBoxes})
+        for (GridCell& cell : *cells)
+            cell.column = grid.columns - std::min(cell.column + cell.columns, grid.columns);
+    return grid;
+}
+
 template <typename WidthOf>
 void SetBorders(CssBoxStyle& style, const Sides& around, WidthOf widthOf) {
     for (const CssSide side : {cssTop, cssRight, cssBottom, cssLeft})
@@ -142,6 +150,13 @@ void SetBorders(CssBoxStyle& style, const Sides& around, WidthOf widthOf) {
 } // namespace
 
 void CollapsedBorders::Apply(PageBoxId table, const TableGrid& grid) {
+    if (boxes_[table].text->direction == CssDirection::RightToLeft)
+        ApplySeen(table, Mirrored(grid));
+    else
+        ApplySeen(table, grid);
+}
+
+void CollapsedBorders::ApplySeen(PageBoxId table, const TableGrid& grid) {
     const std::size_t rows = grid.rows.size(), columns = grid.columns;
     if (rows == 0 || columns == 0 || rows + 1 > maxEdges / (columns + 1)) return;
     EdgeGrid edges(rows, columns);

@@ -124,7 +124,8 @@ class TableLayouter {
         return width;
     }
 
-    // From the left edge of the table's content.
+    // From the left edge of the table's content, or from the right one where the table's direction
+    // is from right to left.
     void PlaceColumns(const std::vector<double>& widths) {
         double left = spacingX_;
         for (const double width : widths) {
@@ -135,6 +136,11 @@ class TableLayouter {
     }
     double Width(const GridCell& cell) const {
         return lefts_[cell.column + cell.columns] - spacingX_ - lefts_[cell.column];
+    }
+    double Left(const GridCell& cell) const {
+        const double near = lefts_[cell.column];
+        const bool rightToLeft = table_.text->direction == CssDirection::RightToLeft;
+        return rightToLeft ? lefts_.back() - near - Width(cell) : near;
     }
 
     PageFragmentPtr LayOutCell(const GridCell& cell) {
@@ -199,7 +205,7 @@ class TableLayouter {
             const double height = tops[last] + heights[last] - tops[cell.row];
             const double shift = ContentShift(cell.box, height - layouts[i]->height);
             fragment.parts.push_back(
-                {left + lefts_[cell.column], tops[cell.row], Stretched(layouts[i], height, shift)});
+                {left + Left(cell), tops[cell.row], Stretched(layouts[i], height, shift)});
         }
         fragment.height = bottom + insets.Bottom();
     }
@@ -253,7 +259,7 @@ class TableLayouter {
     const TableGrid grid_;
     double containing_ = 0; // the width that percentages are of; 0 while it is not known
     double spacingX_ = 0, spacingY_ = 0;
-    std::vector<double> lefts_; // of each column, and behind the last
+    std::vector<double> lefts_; // of each column as if from left to right, and behind the last
 };
 } // namespace
 
