@@ -32,7 +32,7 @@ CHARSETS = {
     "fr": WESTERN + " iso8859_15 cp437 cp863", "de": WESTERN + " cp437", "es": WESTERN + " cp437", "pt": WESTERN + " cp860",
     "it": WESTERN, "nl": "cp1252", "sv": WESTERN + " cp437", "da": WESTERN + " cp865", "nb": "cp1252 cp865",
     "fi": "cp1252 cp850 iso8859_15", "is": "cp1252 cp861 mac_iceland", "ca": "cp1252", "ga": "cp1252",
-    "cy": "iso8859_14", "eo": "iso8859_3", "et": "cp1257 iso8859_13 iso8859_15 iso8859_4",
+    "gd": "cp1252 iso8859_14", "br": "cp1252", "cy": "iso8859_14", "eo": "iso8859_3", "et": "cp1257 iso8859_13 iso8859_15 iso8859_4",
     "lv": "cp1257 iso8859_13 cp775 iso8859_4 iso8859_10", "lt": "cp1257 iso8859_13 cp775 iso8859_4",
     **dict.fromkeys(("pl", "cs", "sk", "hu", "sl", "hr"), "cp1250 iso8859_2 cp852 mac_latin2"),
     "ro": "cp1250 iso8859_2 iso8859_16 cp852", "tr": "cp1254 iso8859_9 cp857 mac_turkish iso8859_3",

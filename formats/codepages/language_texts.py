@@ -19,7 +19,8 @@ import tempfile
 LANGUAGES = {
     "en": ("en", "C"), "fr": ("fr",), "de": ("de",), "es": ("es",), "pt": ("pt", "pt_BR", "pt-br"), "it": ("it",),
     "nl": ("nl",), "sv": ("sv",), "da": ("da",), "nb": ("nb", "nb_NO"), "fi": ("fi",), "is": ("is",), "ca": ("ca",),
-    "ga": ("ga",), "cy": ("cy",), "eo": ("eo",), "mt": ("mt",), "et": ("et",), "lv": ("lv",), "lt": ("lt",),
+    "ga": ("ga",), "gd": ("gd",), "br": ("br",), "cy": ("cy",), "eo": ("eo",), "mt": ("mt",),
+    "et": ("et",), "lv": ("lv",), "lt": ("lt",),
     "pl": ("pl",), "cs": ("cs",), "sk": ("sk",), "sl": ("sl",), "hr": ("hr", "sr@latin"), "hu": ("hu",),
     "ro": ("ro",), "sq": ("sq",), "tr": ("tr",), "vi": ("vi",),
     "ru": ("ru",), "uk": ("uk",), "be": ("be",), "bg": ("bg",), "sr": ("sr",), "mk": ("mk",),

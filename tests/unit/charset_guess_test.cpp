@@ -362,6 +362,23 @@ TEST_CASE("charset guess: in doubt the system's own page") {
     CHECK(DecodePlainText("\xE0", 0, 1251).codePage == 1251);
 }
 
+TEST_CASE("charset guess: languages whose accents are rare elsewhere stay Western") {
+    const char16_t* const gaelic =
+        u"Chaidh an t-iasgair a-mach air a\u2019 mhuir sa mhadainn, is chunnaic e "
+        u"eilean beag fad \u00E0s. Th\u00E0inig e gu t\u00ECr, rinn e teine m\u00F2r "
+        u"air an tr\u00E0igh, agus dh\u2019fhuirich e an sin gus an do "
+        u"dh\u2019\u00E8irich a\u2019 ghealach. Bha na rionnagan gl\u00E8 shoilleir; "
+        u"dh\u2019inns e sgeulachd dha fh\u00E8in mu na seann l\u00E0ithean, nuair a "
+        u"bha a sheanair \u00F2g.";
+    const char16_t* const breton =
+        u"Bemdez ez ae ar pesketaer kozh da besketa\u00F1, da werzha\u00F1 ha da "
+        u"brena\u00F1 bara. Kavout a rae evnio\u00F9 ha pesked er poullo\u00F9, hag e "
+        u"kane kanaouenno\u00F9 evit kousket, da\u00F1sal ha c'hoarzhin. Goude-se e "
+        u"save e zorn evit saludi\u00F1 ar bigi a oa o tont en-dro d'ar porzhio\u00F9.";
+    for (const char16_t* const text : {gaelic, breton})
+        CHECK(Decoded(Encoded(1252, text)) == Utf16ToUtf8(text));
+}
+
 TEST_CASE("charset guess: a script that was chosen is kept, and its charset told") {
     const std::string koi8 = Encoded(20866, sentences[14].text);
     const std::string dos = Encoded(866, sentences[14].text);
