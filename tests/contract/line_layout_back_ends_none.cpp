@@ -4,3 +4,7 @@
 std::vector<BackEnd<LineLayout>> LineLayoutBackEnds() {
     return {MakeBackEnd<LineLayout, NoneLineLayout>("none")};
 }
+
+ParagraphLimits LimitsOfParagraphs() {
+    return {};
+}

@@ -4,3 +4,7 @@
 std::vector<BackEnd<LineLayout>> LineLayoutBackEnds() {
     return {MakeBackEnd<LineLayout, WinLineLayout>("windows")};
 }
+
+ParagraphLimits LimitsOfParagraphs() {
+    return {};
+}

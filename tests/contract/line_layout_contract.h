@@ -13,6 +13,13 @@
 // Defined once in each test program.
 std::vector<BackEnd<LineLayout>> LineLayoutBackEnds();
 
+// What random paragraphs leave out, as the back ends cannot place it. Defined with them.
+struct ParagraphLimits {
+    int minLetterSpacing = -2, maxLetterSpacing = 6; // pixels
+    bool joinedParts = true; // characters for which fonts may have several glyphs
+};
+ParagraphLimits LimitsOfParagraphs();
+
 // On each back end, at 96 pixels per inch.
 void OnEachLineLayout(void (*check)(LineLayout&));
 

@@ -1,5 +1,4 @@
-// Any paragraph, at any width, is laid out whole. Not on Qt, whose text layout finds its way in
-// text of two directions in another way from left to right than back; it has books of its own.
+// Any paragraph, at any width, is laid out whole.
 //
 // NORVASET_PARAGRAPHS=first-last lays out these instead of the default ones.
 #include "tests/contract/line_layout_contract.h"

@@ -1,5 +1,9 @@
 #include "tests/contract/random_paragraph.h"
 
+#include "tests/contract/line_layout_contract.h"
+
+#include <algorithm>
+
 namespace {
 constexpr const char16_t* parts[] = {
     u"a",
@@ -57,16 +61,49 @@ constexpr const char16_t* parts[] = {
     u"\uFFFD",
 };
 
+// Characters for which fonts may have several glyphs, and halves of some.
+constexpr std::u16string_view joinedParts[] = {
+    u"\U0001F469\u200D\U0001F467",
+    u"\U0001F1E9\U0001F1EA",
+    u"\U0001F44D\U0001F3FD",
+    u"\u1100\u1161",
+    u"\u0928\u092E\u0938\u094D\u0924\u0947",
+    u"\u200D",
+    u"\xD834",
+    u"\xDD1E",
+};
+
+std::vector<std::u16string_view> AllParts() {
+    std::vector<std::u16string_view> all(std::begin(parts), std::end(parts));
+    if (LimitsOfParagraphs().joinedParts) return all;
+    std::erase_if(all, [](std::u16string_view part) {
+        return std::find(std::begin(joinedParts), std::end(joinedParts), part) !=
+               std::end(joinedParts);
+    });
+    return all;
+}
+
+std::u16string_view RandomPart(Random& random) {
+    static const std::vector<std::u16string_view> all = AllParts();
+    return all[std::size_t(Below(random, int(all.size())))];
+}
+
 std::u16string RandomText(Random& random) {
     std::u16string text;
     // Of one kind of part now and then, as a text is of one script.
-    const char16_t* often = parts[Below(random, int(std::size(parts)))];
+    const std::u16string_view often = RandomPart(random);
     for (int length = Below(random, OneIn(random, 8) ? 400 : 40); length > 0; --length)
-        text += OneIn(random, 4) ? often : parts[Below(random, int(std::size(parts)))];
+        text += OneIn(random, 4) ? often : RandomPart(random);
     return text;
 }
 
+// A box takes the place of a character, and not of a half of one.
+bool MayBeBox(char16_t unit) {
+    return LimitsOfParagraphs().joinedParts || unit < 0xD800 || unit > 0xDFFF;
+}
+
 TextStyle RandomStyle(Random& random) {
+    const ParagraphLimits limits = LimitsOfParagraphs();
     TextStyle style;
     style.font.points = OneIn(random, 12) ? 40 + Below(random, 80) : 6 + 3 * Below(random, 5);
     style.font.bold = OneIn(random, 4);
@@ -74,7 +111,9 @@ TextStyle RandomStyle(Random& random) {
     style.underline = OneIn(random, 6);
     if (OneIn(random, 3)) style.font.family = OneIn(random, 2) ? u"Noto Serif" : u"DejaVu Sans";
     if (OneIn(random, 6)) style.baseline = TextBaseline(Below(random, 3));
-    if (OneIn(random, 8)) style.letterSpacing = Below(random, 9) - 2;
+    if (OneIn(random, 8))
+        style.letterSpacing =
+            std::clamp(Below(random, 9) - 2, limits.minLetterSpacing, limits.maxLetterSpacing);
     if (OneIn(random, 8)) style.wordSpacing = Below(random, 20) - 2;
     return style;
 }
@@ -87,7 +126,8 @@ ParagraphText RandomParagraph(Random& random, LineLayout& layout) {
     for (TextPos at = 0; at <= length; at += 1 + Below(random, OneIn(random, 2) ? 200 : 20))
         paragraph.runs.push_back({at, layout.Prepare(RandomStyle(random))});
     for (TextPos at = Below(random, 9); at < length; at += 1 + Below(random, 30))
-        if (OneIn(random, 3)) paragraph.boxes.push_back({at, Below(random, 60)});
+        if (OneIn(random, 3) && MayBeBox(paragraph.text[std::size_t(at)]))
+            paragraph.boxes.push_back({at, Below(random, 60)});
     paragraph.rightToLeft = OneIn(random, 2);
     paragraph.justified = OneIn(random, 2);
     paragraph.width = 1 + Below(random, OneIn(random, 2) ? 40 : 600);

@@ -42,6 +42,6 @@ std::unique_ptr<PanePicture> MakePanePicture(Size size) {
     return std::make_unique<NonePicture>(size);
 }
 
-bool KeepsPlacesWhenDrawn() {
+bool HasWholePixels() {
     return true;
 }

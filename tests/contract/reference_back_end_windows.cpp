@@ -17,6 +17,6 @@ std::unique_ptr<PanePicture> MakePanePicture(Size size) {
     return std::make_unique<WindowsPicture>(size);
 }
 
-bool KeepsPlacesWhenDrawn() {
+bool HasWholePixels() {
     return true;
 }

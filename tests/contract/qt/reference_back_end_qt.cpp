@@ -32,7 +32,7 @@ std::unique_ptr<PanePicture> MakePanePicture(Size size) {
     return std::make_unique<QtPicture>(size);
 }
 
-// Qt 6.4 does so once the line has been asked for its glyphs.
-bool KeepsPlacesWhenDrawn() {
+// Text behind a tab is laid out by itself, and starts at a fraction of a pixel.
+bool HasWholePixels() {
     return false;
 }

@@ -130,10 +130,9 @@ TEST_CASE("qt text view: the arrows step over a line that is only its end") {
     }
 }
 
-TEST_CASE("qt text view: the arrows step over each blank with an accent at a line's end") {
+TEST_CASE("qt text view: the arrows step over each blank with an accent") {
     QtViewBench bench(15, 400); // one letter per line
     bench.view.LoadPlainText(u"\u05D0 \u0301 \u0301 \u05D1\u05D2");
-    REQUIRE(bench.view.LineAround(0).length == 6);
     for (const TextPos place : {1, 3, 5, 6}) {
         bench.Press(Qt::Key_Left);
         CHECK(bench.view.SelStart() == place);

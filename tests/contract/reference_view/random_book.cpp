@@ -2,20 +2,9 @@
 
 #include "common/utf.h"
 #include "tests/contract/reference_view/random_words.h"
-#include "tests/contract/reference_view/reference_back_end.h"
 #include "tests/contract/reference_view/rich_book.h"
 
-#include <algorithm>
-
-namespace {
-void ReplaceSoftHyphens(RandomBook& book) {
-    std::u16string text = Utf8ToUtf16(book.bytes);
-    for (std::u16string* each : {&text, &book.document.text})
-        std::replace(each->begin(), each->end(), u'\u00AD', u'x');
-    book.bytes = Utf16ToUtf8(text);
-}
-
-RandomBook MakeAnyBook(Random& random, int number) {
+RandomBook MakeBook(Random& random, int number) {
     RandomBook book;
     switch (number % 8) {
     case 0: book.bytes = Utf16ToUtf8(RandomLines(random, 1 + Below(random, 60), 12, 0)); break;
@@ -29,12 +18,5 @@ RandomBook MakeAnyBook(Random& random, int number) {
     case 5: return MakeRichBook(random, true, false);
     default: return MakeRichBook(random, OneIn(random, 2), true);
     }
-    return book;
-}
-} // namespace
-
-RandomBook MakeBook(Random& random, int number) {
-    RandomBook book = MakeAnyBook(random, number);
-    if (!KeepsPlacesWhenDrawn()) ReplaceSoftHyphens(book);
     return book;
 }

@@ -18,6 +18,5 @@ class PanePicture {
 // White.
 std::unique_ptr<PanePicture> MakePanePicture(Size size);
 
-// False: a line that was drawn may place its characters up to a pixel beside where they were, and
-// those behind a soft hyphen anywhere.
-bool KeepsPlacesWhenDrawn();
+// False: a caret may be a pixel beside its place, by rounding.
+bool HasWholePixels();

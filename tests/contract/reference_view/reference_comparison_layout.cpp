@@ -70,7 +70,7 @@ void ReferenceComparison::CheckCharacter(const BlockLayout& layout, int blockTop
     const Rect box = Moved(::CaretBox(layout, at), {0, blockTop});
     INFO("line", reference_.Describe(line));
     INFO("the caret is at ", Describe(box), " instead of ", Describe(expected));
-    REQUIRE(std::abs(box.left - expected.left) <= (KeepsPlacesWhenDrawn() ? 0 : 1));
+    REQUIRE(std::abs(box.left - expected.left) <= (HasWholePixels() ? 0 : 1));
     REQUIRE((Rect{expected.left, box.top, box.width, box.height} == expected));
     if (line.inkBottom <= line.inkTop + 1) return;
     const int x = expected.left, y = (line.inkTop + line.inkBottom) / 2 - blockTop;

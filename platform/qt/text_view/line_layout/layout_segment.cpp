@@ -1,67 +1,20 @@
 #include "platform/qt/text_view/line_layout/layout_segment.h"
 
-#include "platform/qt/text_view/line_layout/line_positions.h"
-#include "platform/qt/text_view/line_layout/pinned_fonts.h"
+#include "common/text_characters.h"
+#include "common/text_words.h"
+#include "common/unicode.h"
+#include "platform/qt/text_view/line_layout/line_edges.h"
+#include "platform/qt/text_view/line_layout/line_places.h"
 #include "platform/qt/text_view/line_layout/qt_line_layout.h"
+#include "platform/qt/text_view/line_layout/segment_formats.h"
 
-#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QScreen>
 
 #include <algorithm>
 
 namespace {
-const QTextCharFormat& FormatOf(const StyledRun& run) {
-    return static_cast<const QtStyle&>(*run.style).format;
-}
-
-const StyledRun& RunAt(const ParagraphText& paragraph, TextPos position) {
-    const auto after =
-        std::upper_bound(paragraph.runs.begin() + 1, paragraph.runs.end(), position,
-                         [](TextPos at, const StyledRun& run) { return at < run.start; });
-    return *(after - 1);
-}
-
-QTextLayout::FormatRange BoxFormat(const ParagraphText& paragraph, const InlineBox& box,
-                                   TextPos start, QPaintDevice& device) {
-    QTextCharFormat format = FormatOf(RunAt(paragraph, box.at));
-    QFont font = format.font();
-    font.setPointSizeF(1);
-    font.setUnderline(false);
-    font.setStrikeOut(false);
-    font.setLetterSpacing(QFont::AbsoluteSpacing, 0);
-    const double own = QFontMetricsF(font, &device).horizontalAdvance(boxPlaceholder);
-    font.setOverline(false);
-    const double spacing = std::max(0.0, box.width - own);
-    font.setLetterSpacing(QFont::AbsoluteSpacing, FontLetterSpacing(device, spacing));
-    format.setFont(font);
-    format.setProperty(letterSpacingProperty, spacing);
-    format.setForeground(Qt::transparent);
-    format.setVerticalAlignment(QTextCharFormat::AlignNormal);
-    return {box.at - start, 1, format};
-}
-
-// Ascending; they do not overlap.
-QList<QTextLayout::FormatRange> Formats(const ParagraphText& paragraph, TextPos start, TextPos end,
-                                        QPaintDevice& device) {
-    QList<QTextLayout::FormatRange> formats;
-    const auto& runs = paragraph.runs;
-    auto box = std::lower_bound(paragraph.boxes.begin(), paragraph.boxes.end(), start,
-                                [](const InlineBox& each, TextPos at) { return each.at < at; });
-    for (auto run = &RunAt(paragraph, start) - runs.data(); run < std::ssize(runs); ++run) {
-        const StyledRun& each = runs[std::size_t(run)];
-        if (each.start >= end) break;
-        TextPos from = std::max(start, each.start);
-        const TextPos to =
-            run + 1 < std::ssize(runs) ? std::min(end, runs[std::size_t(run) + 1].start) : end;
-        for (; box != paragraph.boxes.end() && box->at < to; from = box++->at + 1) {
-            if (box->at > from) formats.append({from - start, box->at - from, FormatOf(each)});
-            formats.append(BoxFormat(paragraph, *box, start, device));
-        }
-        if (to > from) formats.append({from - start, to - from, FormatOf(each)});
-    }
-    return formats;
-}
+constexpr char16_t zeroWidthSpace = 0x200B, wordJoiner = 0x2060;
 
 // QTextLayout takes tab stops in the resolution of the primary screen and scales them to its
 // device.
@@ -91,26 +44,9 @@ QTextOption OptionOf(const ParagraphText& paragraph, TextPos start, const QPaint
     option.setTabs(tabs);
     option.setTabStopDistance(TabStop(device, paragraph.tabDistance));
     option.setTextDirection(paragraph.rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
-    // QTextLayout only justifies; lines are aligned after their visible width is known.
-    option.setAlignment(paragraph.justified ? Qt::AlignJustify : Qt::AlignLeft);
+    option.setAlignment(Qt::AlignLeft); // see Stretch
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     return option;
-}
-
-void SetFormats(const ParagraphText& paragraph, LayoutSegment& segment, QPaintDevice& device) {
-    const TextPos end = segment.start + TextPos(segment.text->text().size());
-    const bool isPlain = paragraph.runs.size() == 1 && paragraph.boxes.empty();
-    const QTextCharFormat& format = FormatOf(paragraph.runs.front());
-    const bool fontOnly = !format.hasProperty(QTextFormat::ForegroundBrush) &&
-                          !format.hasProperty(QTextFormat::BackgroundBrush) &&
-                          !format.hasProperty(QTextFormat::TextVerticalAlignment) &&
-                          !format.hasProperty(QTextFormat::TextBaselineOffset) &&
-                          !format.hasProperty(letterSpacingProperty) &&
-                          !format.hasProperty(wordSpacingProperty);
-    if (isPlain && fontOnly) return; // the layout's own font
-    const auto formats = Formats(paragraph, segment.start, end, device);
-    segment.fonts = PinFonts(segment.text->font(), formats);
-    segment.text->setFormats(formats);
 }
 
 // Lines with spaces between words only. A line before a line break keeps its width, and so does a
@@ -156,6 +92,21 @@ bool IsUnbroken(const QString& text, const QTextLine& line) {
     return !QStringView(text).sliced(line.textStart(), line.textLength()).trimmed().contains(u' ');
 }
 
+bool EndsWithinCharacter(const QTextLayout& text, const QTextLine& line) {
+    return !IsCharacterStart(text, line.textStart() + line.textLength());
+}
+
+// Where a line has no room for a word, it may be broken within a character of several scripts or
+// fonts.
+void KeepCharacter(const QTextLayout& text, QTextLine& line) {
+    constexpr int maxSteps = 64;
+    const double step = std::max(1.0, line.height() / 8), before = line.width();
+    for (int i = 1; i <= maxSteps; ++i) {
+        if (!EndsWithinCharacter(text, line)) return;
+        line.setLineWidth(before + i * step);
+    }
+}
+
 void BreakByAdvances(const ParagraphText& paragraph, const QTextLayout& text, QTextLine& line,
                      int width) {
     const auto& style = static_cast<const QtStyle&>(*paragraph.runs.front().style);
@@ -174,29 +125,49 @@ void BreakByAdvances(const ParagraphText& paragraph, const QTextLayout& text, QT
     if (!Shrink(line, width, style.maxInk)) ChangeWidth(line, line.naturalTextWidth());
 }
 
+bool EndsWith(const QString& text, const QTextLine& line, QChar unit) {
+    const int end = line.textStart() + line.textLength();
+    return end > 0 && text[end - 1] == unit;
+}
+
+// As long as it is not broken anew, a stretched line remains so, whatever the layout's alignment:
+// with another one, the others of its paragraph remain as they are.
+void Stretch(QTextLayout& text, const QTextLine& line) {
+    const QTextOption own = text.textOption();
+    QTextOption justify = own;
+    justify.setAlignment(Qt::AlignJustify);
+    text.setTextOption(justify);
+    line.naturalTextRect();
+    text.setTextOption(own);
+}
+
 // Breaks the line; returns whether it is stretched.
-bool BreakLine(const ParagraphText& paragraph, const QTextLayout& text, QTextLine& line, int width,
+bool BreakLine(const ParagraphText& paragraph, QTextLayout& text, QTextLine& line, int width,
                bool byAdvances) {
     if (byAdvances)
         BreakByAdvances(paragraph, text, line, width);
     else
         line.setLineWidth(width);
+    KeepCharacter(text, line);
     const bool stretched = paragraph.justified && IsJustifiedLine(text.text(), line);
-    const auto& style = static_cast<const QtStyle&>(*paragraph.runs.front().style);
-    if (paragraph.justified && !stretched) Shrink(line, line.naturalTextWidth(), style.maxInk);
-    if (stretched && paragraph.rightToLeft) {
-        line.setPosition(QPointF(roomForSpaces, 0));
-        const double spaces = TrailingSpacesWidth(text, line);
-        line.setPosition(QPointF(0, 0)); // tab stops are relative to it
-        ChangeWidth(line, line.width() + spaces);
-    }
-    if (paragraph.rightToLeft) line.setPosition(QPointF(roomForSpaces, 0));
-    return stretched;
+    constexpr double rounding = 0.5;
+    if (!stretched || line.horizontalAdvance() > width + rounding) return false;
+    if (EndsWith(text.text(), line, u'\t')) return false;
+    const double spaces = paragraph.rightToLeft ? TrailingSpacesWidth(text, line) : 0;
+    if (spaces > 0 && !ChangeWidth(line, line.width() + spaces)) return false;
+    Stretch(text, line);
+    return true;
 }
 
 bool Has(const QTextLayout& text, const QTextLine& line, QChar unit) {
     const QString all = text.text();
     return QStringView(all).sliced(line.textStart(), line.textLength()).contains(unit);
+}
+
+// Qt 6.4 measures the ink of the last letter by the font of what is behind the line.
+double ShownWidth(const QTextLine& line, bool inksBeyond) {
+    const double advance = line.horizontalAdvance(), maxInk = inksBeyond ? line.height() / 3 : 0;
+    return std::clamp(line.naturalTextWidth(), advance, advance + maxInk);
 }
 
 TextLine MetricsOf(const LayoutSegment& segment, const QTextLine& line, double width,
@@ -207,7 +178,7 @@ TextLine MetricsOf(const LayoutSegment& segment, const QTextLine& line, double w
     metrics.ascent = line.ascent();
     metrics.descent = line.descent();
     metrics.leading = line.leading();
-    metrics.width = width;
+    metrics.width = std::max(0.0, width);
     metrics.justified = stretched;
     return metrics;
 }
@@ -231,13 +202,16 @@ void BreakLines(const ParagraphText& paragraph, LayoutSegment& segment) {
             segment.end = segment.start + line.textStart();
             break;
         }
-        const double shown = stretched    ? width
-                             : byAdvances ? line.horizontalAdvance()
-                                          : line.naturalTextWidth();
-        segment.metrics.push_back(MetricsOf(segment, line, shown, stretched));
+        const bool inksBeyond = !byAdvances && !EndsWith(text.text(), line, boxPlaceholder);
+        const double shown = stretched ? width : ShownWidth(line, inksBeyond);
         // A soft hyphen at a line's end is there only after the glyphs have been requested, which
         // changes cursor positions: so they are requested here.
         if (Has(text, line, QChar::SoftHyphen)) line.glyphRuns(line.textStart(), 1);
+        const double hyphen = EndsWith(text.text(), line, QChar::SoftHyphen) && !stretched
+                                  ? LinePlaces(text, line, segment.isUnidirectional).Width() - shown
+                                  : 0;
+        segment.metrics.push_back(
+            MetricsOf(segment, line, shown + std::max(0.0, hyphen), stretched));
     }
     text.endLayout();
 }
@@ -255,11 +229,38 @@ qsizetype EndOfTabs(const QString& text, qsizetype from, int tabs) {
     return from;
 }
 
+bool TurnsLeftToRight(char32_t character) {
+    constexpr char32_t firstOfOthers = 0x590; // Hebrew
+    if (character < firstOfOthers) return false;
+    const BidiClass kind = BidiClassOf(character);
+    return kind == BidiClass::R || kind == BidiClass::AL || kind == BidiClass::AN ||
+           kind >= BidiClass::LRE;
+}
+
+bool TurnsRightToLeft(char32_t character) {
+    const BidiClass kind = BidiClassOf(character);
+    return kind == BidiClass::L || kind == BidiClass::EN || kind == BidiClass::AN ||
+           kind >= BidiClass::LRE;
+}
+
+// Whether all of it has the direction of its paragraph.
+bool IsUnidirectional(std::u16string_view text, bool rightToLeft) {
+    for (std::size_t at = 0; at < text.size();) {
+        const char32_t character = FirstCharacter(text.substr(at, 2));
+        if (rightToLeft ? TurnsRightToLeft(character) : TurnsLeftToRight(character)) return false;
+        at += std::size_t(UnitsOf(character));
+    }
+    return true;
+}
+
 LayoutSegment LayOut(const ParagraphText& paragraph, const QString& text, TextPos start,
                      TextPos end, QPaintDevice& device) {
     LayoutSegment segment;
     segment.start = start;
     segment.end = end;
+    segment.isUnidirectional = IsUnidirectional(
+        std::u16string_view(paragraph.text).substr(std::size_t(start), std::size_t(end - start)),
+        paragraph.rightToLeft);
     segment.text = std::make_unique<QTextLayout>(text.sliced(start, end - start),
                                                  FormatOf(paragraph.runs.back()).font(), &device);
     segment.text->setTextOption(OptionOf(paragraph, start, device));
@@ -268,15 +269,63 @@ LayoutSegment LayOut(const ParagraphText& paragraph, const QString& text, TextPo
     BreakLines(paragraph, segment);
     return segment;
 }
-// The paragraph's text as QTextLayout gets it, which breaks lines behind every space, also before a
-// word joiner.
+
+bool IsMark(const QString& text, qsizetype at) {
+    if (at >= text.size()) return false;
+    const QStringView rest = QStringView(text).sliced(at);
+    const char32_t character =
+        FirstCharacter(std::u16string_view(rest.utf16(), std::size_t(rest.size())));
+    const ClusterJoin join = ClusterJoinOf(character);
+    return join == ClusterJoin::Extending || join == ClusterJoin::Joiner;
+}
+
+bool IsGlue(char16_t unit) {
+    return unit == wordJoiner || unit == u'\uFEFF';
+}
+
+// QTextLayout breaks lines behind every space, even before a mark on it or a word joiner.
+void KeepSpaces(QString& text) {
+    constexpr char16_t firstMark = 0x300;
+    for (qsizetype at = 1; at < text.size(); ++at) {
+        if (text[at] < QChar(firstMark) || !IsBreakingSpace(text[at - 1].unicode())) continue;
+        if (text[at] == QChar(wordJoiner) || IsMark(text, at)) text[at - 1] = QChar::Nbsp;
+    }
+}
+
+// In front of a line separator it counts some spaces to the line and some not.
+void HideSpacesBeforeBreaks(QString& text) {
+    for (qsizetype end = text.indexOf(QChar::LineSeparator); end >= 0;
+         end = text.indexOf(QChar::LineSeparator, end + 1))
+        for (qsizetype at = end - 1; at >= 0 && IsBreakingSpace(text[at].unicode()); --at)
+            text[at] = QChar(zeroWidthSpace);
+}
+
+// A hyphen that a line ends with is drawn, even where it breaks for a space or does not break.
+void HideHyphensAtEnds(QString& text) {
+    for (qsizetype at = text.size() - 1; at >= 0; --at) {
+        if (text[at] != QChar::SoftHyphen) continue;
+        const char16_t next = at + 1 < text.size() ? text[at + 1].unicode() : u'\u2028';
+        const bool isSpace =
+            next == zeroWidthSpace || next == u'\u2028' || next == u'\t' || IsBreakingSpace(next);
+        if (isSpace || next == QChar::SoftHyphen || IsMark(text, at + 1))
+            text[at] = QChar(zeroWidthSpace);
+        else if (IsGlue(next))
+            text[at] = QChar(wordJoiner);
+    }
+}
+
+// The paragraph's text as QTextLayout gets it.
 QString SegmentText(const ParagraphText& paragraph) {
-    constexpr char16_t wordJoiner = u'\u2060';
     QString text = QStringView(paragraph.text).toString();
-    for (qsizetype at = text.indexOf(wordJoiner); at > 0; at = text.indexOf(wordJoiner, at + 1))
-        if (text[at - 1] == u' ') text[at - 1] = QChar::Nbsp;
-    for (const InlineBox& box : paragraph.boxes)
+    KeepSpaces(text);
+    HideSpacesBeforeBreaks(text);
+    HideHyphensAtEnds(text);
+    for (const InlineBox& box : paragraph.boxes) {
         text[box.at] = boxPlaceholder;
+        // Marks on it would be as wide as it is.
+        for (qsizetype at = box.at + 1; IsMark(text, at); ++at)
+            text[at] = QChar(zeroWidthSpace);
+    }
     return text;
 }
 } // namespace

@@ -10,15 +10,12 @@
 #include <memory>
 #include <vector>
 
-// QTextLayout clips cursor positions left of 0, where it assumes trailing spaces (see
-// line_positions.h): so lines of a right-to-left paragraph are laid out to the right of this.
-constexpr int roomForSpaces = 1 << 14; // pixels
-
 struct LayoutSegment {
     TextPos start = 0, end = 0;        // in the paragraph; the layout's text may reach further
     std::unique_ptr<QTextLayout> text; // lines behind `metrics` are not to be used
     std::vector<QFont> fonts;          // pinned for the text
     std::vector<TextLine> metrics;     // of its lines; positions are of the paragraph
+    bool isUnidirectional = false;     // all text has the paragraph's direction
 };
 
 std::vector<LayoutSegment> LayOutSegments(const ParagraphText& paragraph, QPaintDevice& device);

@@ -1,6 +1,5 @@
 #include "platform/qt/text_view/line_layout/qt_text_lines.h"
 
-#include "platform/qt/text_view/line_layout/line_positions.h"
 #include "platform/qt/text_view/line_layout/qt_canvas.h"
 
 #include <algorithm>
@@ -17,11 +16,15 @@ const TextLine& QtTextLines::Line(int index) const {
     return segments_[place.segment].metrics[std::size_t(place.line)];
 }
 
-QtTextLines::LaidOut QtTextLines::At(int index) const {
-    const Place& place = places_[std::size_t(index)];
-    const LayoutSegment& segment = segments_[place.segment];
-    return {segment, *segment.text, segment.text->lineAt(place.line),
-            rightToLeft_ ? double(roomForSpaces) : 0.0};
+QTextLine QtTextLines::At(int index) const {
+    return SegmentAt(index).text->lineAt(places_[std::size_t(index)].line);
+}
+
+const LinePlaces& QtTextLines::PlacesIn(int index) const {
+    const LayoutSegment& segment = SegmentAt(index);
+    if (!asked_ || asked_->index != index)
+        asked_.emplace(AskedLine{index, {*segment.text, At(index), segment.isUnidirectional}});
+    return asked_->places;
 }
 
 const LayoutSegment& QtTextLines::SegmentOf(TextPos position) const {
@@ -47,36 +50,40 @@ TextPos QtTextLines::LastPosition(int line) const {
     return line + 1 == Count() ? Line(line).end : PreviousPosition(Line(line).end);
 }
 
-TextPos QtTextLines::VisibleEnd(int index) const {
-    const LaidOut at = At(index);
-    return at.segment.start + TextEnd(at.layout, at.line);
-}
-
 double QtTextLines::CaretX(int index, TextPos position) const {
     const TextPos within = std::clamp(position, Line(index).start, Line(index).end);
-    const LaidOut at = At(index);
-    return ::CaretX(at.layout, at.line, within - at.segment.start) - at.shift;
+    return PlacesIn(index).CaretX(within - SegmentAt(index).start);
 }
 
 TextExtent QtTextLines::CharacterExtent(int index, TextPos position) const {
-    const LaidOut at = At(index);
-    const TextPos visibleEnd = VisibleEnd(index);
-    const TextPos within = std::clamp(position, Line(index).start, visibleEnd);
-    const double leading = CaretX(index, within);
-    if (within == visibleEnd) return {leading, leading};
-    const double trailing = TrailingX(at.layout, at.line, within - at.segment.start) - at.shift;
-    return {std::min(leading, trailing), std::max(leading, trailing)};
+    const TextPos within = std::clamp(position, Line(index).start, Line(index).end);
+    return PlacesIn(index).ExtentOf(within - SegmentAt(index).start);
+}
+
+std::vector<TextExtent> QtTextLines::Extents(int index, TextPos start, TextPos end) const {
+    const TextPos from = std::max(start, Line(index).start), to = std::min(end, Line(index).end);
+    const TextPos origin = SegmentAt(index).start;
+    if (from >= to) return {};
+    return PlacesIn(index).Extents(from - origin, to - origin);
+}
+
+TextPos QtTextLines::PositionAt(int index, double x) const {
+    const TextPos last = std::max(Line(index).start, LastPosition(index));
+    return std::min(last, SegmentAt(index).start + PlacesIn(index).CaretAt(x));
+}
+
+TextPos QtTextLines::CharacterAt(int index, double x) const {
+    return SegmentAt(index).start + PlacesIn(index).CharacterAt(x);
 }
 
 void QtTextLines::Draw(Canvas& canvas, int index, int left, int baseline,
                        const LinePaint& paint) const {
-    const LaidOut at = At(index);
+    const QTextLine line = At(index);
     QPainter& painter = static_cast<QtCanvas&>(canvas).Painter();
-    const QPointF origin(left - at.shift, baseline - at.line.ascent());
-    // A line is drawn at its own position, which is the shift.
-    const QPointF place(origin.x() + at.shift - at.line.x(), origin.y() - at.line.y());
+    // It is drawn at its own position in the layout.
+    const QPointF place(left - line.x(), baseline - line.ascent() - line.y());
     painter.setPen(ToQColor(paint.text));
-    if (paint.within.empty() && paint.without.empty()) return at.line.draw(&painter, place);
+    if (paint.within.empty() && paint.without.empty()) return line.draw(&painter, place);
     QRegion region(ToQRect(paint.clip));
     for (const Rect& box : paint.without)
         region -= ToQRect(box);
@@ -85,14 +92,14 @@ void QtTextLines::Draw(Canvas& canvas, int index, int left, int baseline,
         within += ToQRect(box);
     painter.save();
     painter.setClipRegion(paint.within.empty() ? region : region & within);
-    QTextLayout& layout = *at.segment.text;
+    QTextLayout& layout = *SegmentAt(index).text;
     const QTextOption normal = layout.textOption();
     if (paint.oneColor) {
         QTextOption oneColor = normal;
         oneColor.setFlags(normal.flags() | QTextOption::SuppressColors);
         layout.setTextOption(oneColor);
     }
-    at.line.draw(&painter, place);
+    line.draw(&painter, place);
     if (paint.oneColor) layout.setTextOption(normal);
     painter.restore();
 }

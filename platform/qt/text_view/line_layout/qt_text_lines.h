@@ -2,6 +2,9 @@
 #pragma once
 
 #include "platform/qt/text_view/line_layout/layout_segment.h"
+#include "platform/qt/text_view/line_layout/line_places.h"
+
+#include <optional>
 
 class QtTextLines : public TextLines {
   public:
@@ -19,8 +22,8 @@ class QtTextLines : public TextLines {
 
     TextPos NextPosition(TextPos position) const override;
     TextPos PreviousPosition(TextPos position) const override;
-    TextPos LeftOf(TextPos position) const override;
-    TextPos RightOf(TextPos position) const override;
+    TextPos LeftOf(TextPos position) const override { return Beside(position, false); }
+    TextPos RightOf(TextPos position) const override { return Beside(position, true); }
     TextPos NextWord(TextPos position) const override;
     TextPos PreviousWord(TextPos position) const override;
     CharSpan WordAt(TextPos position) const override;
@@ -34,27 +37,24 @@ class QtTextLines : public TextLines {
         std::size_t segment = 0;
         int line = 0;
     };
-    // A line as QTextLayout has it. Positions are relative to the segment, 0 of x is `shift`.
-    struct LaidOut {
-        const LayoutSegment& segment;
-        const QTextLayout& layout;
-        QTextLine line;
-        double shift = 0;
-    };
-    using Step = int (QTextLayout::*)(int) const;
-
-    LaidOut At(int line) const;
+    const LayoutSegment& SegmentAt(int line) const {
+        return segments_[places_[std::size_t(line)].segment];
+    }
+    QTextLine At(int line) const;
+    const LinePlaces& PlacesIn(int line) const;
     const LayoutSegment& SegmentOf(TextPos position) const;     // that starts at or before it
     const LayoutSegment& SegmentBefore(TextPos position) const; // that has the unit before it
     int LineOf(TextPos position) const;
     TextPos LastPosition(int line) const;
-    TextPos VisibleEnd(int line) const; // where trailing spaces of a wrapped line begin
-    TextExtent WholeExtent(int line) const;
-    std::vector<TextExtent> CharacterExtents(int line, TextPos start, TextPos end) const;
-    TextPos ReportedAt(int line, double x, QTextLine::CursorPosition kind) const;
-    TextPos VisualStep(TextPos from, Step step, bool forward) const;
+    std::vector<TextPos> CaretOrder(int line) const;
+    TextPos Beside(TextPos position, bool right) const;
 
+    struct AskedLine {
+        int index = 0;
+        LinePlaces places;
+    };
     std::vector<LayoutSegment> segments_;
-    std::vector<Place> places_; // of each line
+    std::vector<Place> places_;              // of each line
+    mutable std::optional<AskedLine> asked_; // the last one
     bool rightToLeft_ = false;
 };

@@ -1,17 +1,18 @@
 // Places of the caret, one after the other.
 #include "common/text_words.h"
+#include "platform/qt/text_view/line_layout/line_edges.h"
 #include "platform/qt/text_view/line_layout/qt_text_lines.h"
 
 #include <algorithm>
 
 TextPos QtTextLines::NextPosition(TextPos position) const {
     const LayoutSegment& segment = SegmentOf(position);
-    return segment.start + segment.text->nextCursorPosition(position - segment.start);
+    return segment.start + NextCharacter(*segment.text, position - segment.start);
 }
 
 TextPos QtTextLines::PreviousPosition(TextPos position) const {
     const LayoutSegment& segment = SegmentBefore(position);
-    return segment.start + segment.text->previousCursorPosition(position - segment.start);
+    return segment.start + PreviousCharacter(*segment.text, position - segment.start);
 }
 
 // A word boundary may be within a grapheme cluster (a space with a mark): then the cluster's end.
@@ -20,7 +21,7 @@ TextPos QtTextLines::NextWord(TextPos position) const {
     const int to =
         segment.text->nextCursorPosition(position - segment.start, QTextLayout::SkipWords);
     const TextPos next = segment.start + to;
-    return segment.text->isValidCursorPosition(to) ? next : NextPosition(next);
+    return IsCharacterStart(*segment.text, to) ? next : NextPosition(next);
 }
 
 TextPos QtTextLines::PreviousWord(TextPos position) const {
@@ -28,7 +29,7 @@ TextPos QtTextLines::PreviousWord(TextPos position) const {
     const int to =
         segment.text->previousCursorPosition(position - segment.start, QTextLayout::SkipWords);
     const TextPos before = segment.start + to;
-    return segment.text->isValidCursorPosition(to) ? before : PreviousPosition(before);
+    return IsCharacterStart(*segment.text, to) ? before : PreviousPosition(before);
 }
 
 CharSpan QtTextLines::WordAt(TextPos position) const {
@@ -41,30 +42,40 @@ CharSpan QtTextLines::WordAt(TextPos position) const {
     return {segment.start + *(end - 1), *end - *(end - 1)};
 }
 
-// In bidirectional text QTextLayout ignores trailing spaces, and stops within grapheme clusters. It
-// does not move out of a line that consists of a line separator only.
-TextPos QtTextLines::VisualStep(TextPos from, Step step, bool forward) const {
-    const int line = LineOf(from);
-    const TextPos spaces = VisibleEnd(line);
-    if (from >= spaces) return forward ? NextPosition(from) : PreviousPosition(from);
-    const LayoutSegment& segment = At(line).segment;
-    int at = from - segment.start;
-    do {
-        const int to = (segment.text.get()->*step)(at);
-        if (to == at && forward) return line + 1 < Count() ? Line(line).end : from;
-        if (to == at) return line > 0 ? LastPosition(line - 1) : from;
-        at = to;
-    } while (!segment.text->isValidCursorPosition(at));
-    const TextPos to = segment.start + at;
-    if (to >= Line(line).end) return std::min(to, spaces);
-    if (to >= Line(line).start || line == 0) return to;
-    return VisibleEnd(line - 1) < from ? LastPosition(line - 1) : to;
+// The places in a line from left to right. Trailing spaces follow the text, as they would in the
+// direction of the paragraph.
+std::vector<TextPos> QtTextLines::CaretOrder(int line) const {
+    const TextPos origin = SegmentAt(line).start, last = LastPosition(line);
+    std::vector<TextPos> places;
+    for (const int at : PlacesIn(line).CaretOrder())
+        places.push_back(origin + at);
+    std::vector<TextPos> behind;
+    for (TextPos at = origin + PlacesIn(line).TextEnd(); at <= last; at = NextPosition(at)) {
+        behind.push_back(at);
+        if (NextPosition(at) == at) break;
+    }
+    if (rightToLeft_)
+        places.insert(places.begin(), behind.rbegin(), behind.rend());
+    else
+        places.insert(places.end(), behind.begin(), behind.end());
+    return places;
 }
 
-TextPos QtTextLines::LeftOf(TextPos position) const {
-    return VisualStep(position, &QTextLayout::leftCursorPosition, rightToLeft_);
-}
-
-TextPos QtTextLines::RightOf(TextPos position) const {
-    return VisualStep(position, &QTextLayout::rightCursorPosition, !rightToLeft_);
+TextPos QtTextLines::Beside(TextPos position, bool right) const {
+    const int line = LineOf(position);
+    const bool forward = right != rightToLeft_;
+    if (PlacesIn(line).IsUnidirectional()) {
+        const TextPos to = forward ? NextPosition(position) : PreviousPosition(position);
+        if (LineOf(to) == line) return to;
+    } else {
+        const std::vector<TextPos> places = CaretOrder(line);
+        const auto here = std::find(places.begin(), places.end(), position);
+        if (here != places.end() && here != (right ? places.end() - 1 : places.begin()))
+            return right ? *(here + 1) : *(here - 1);
+    }
+    const int beyond = forward ? line + 1 : line - 1;
+    if (beyond < 0 || beyond >= Count()) return position;
+    const std::vector<TextPos> places = CaretOrder(beyond);
+    if (places.empty()) return position;
+    return right ? places.front() : places.back();
 }
