@@ -101,10 +101,9 @@ bool EndsWithinCharacter(const QTextLayout& text, const QTextLine& line) {
 void KeepCharacter(const QTextLayout& text, QTextLine& line) {
     constexpr int maxSteps = 64;
     const double step = std::max(1.0, line.height() / 8), before = line.width();
-    for (int i = 1; i <= maxSteps; ++i) {
-        if (!EndsWithinCharacter(text, line)) return;
+    for (int i = 1; i <= maxSteps && EndsWithinCharacter(text, line); ++i)
         line.setLineWidth(before + i * step);
-    }
+    if (EndsWithinCharacter(text, line)) line.setLineWidth(before); // as for thousands of marks
 }
 
 void BreakByAdvances(const ParagraphText& paragraph, const QTextLayout& text, QTextLine& line,
