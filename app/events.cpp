@@ -29,12 +29,17 @@ void HandlePageEvents(MainForm& form) {
     if (std::exchange(form.page.gone, false)) RunCommand(form, [&] { wbMain_Gone(form); });
 }
 
-// While a command waits for a dialog its user is at something else: the books come after it, all of
-// them, as each was asked for.
+// While a command waits for a dialog its user is at something else: what comes by a later start or
+// a drop is opened after it, all of it, as each was asked for.
 void OpenHandedOver(MainForm& form) {
     if (form.handling) return;
-    for (const std::u16string& book : std::exchange(form.handedOver, {}))
-        RunCommand(form, [&] { rtMain_FilesDropped(form, {book}); });
+    for (const auto& paths : std::exchange(form.handedOver, {}))
+        RunCommand(form, [&] { rtMain_FilesDropped(form, paths); });
+}
+
+void OpenAfterCommand(MainForm& form, const std::vector<std::u16string>& paths) {
+    form.handedOver.push_back(paths);
+    OpenHandedOver(form);
 }
 
 void ShowWaitingMessages(MainForm& form) {
@@ -102,7 +107,7 @@ void ConnectHtmlView(MainForm& form) {
     };
     html.onJump = [&form](const PageTop& from) { wbMain_Jump(form, from); };
     html.onFilesDropped = [&form](const std::vector<std::u16string>& paths) {
-        RunCommand(form, [&] { rtMain_FilesDropped(form, paths); });
+        OpenAfterCommand(form, paths);
     };
 }
 } // namespace
@@ -110,8 +115,7 @@ void ConnectHtmlView(MainForm& form) {
 void ConnectLaterStarts(MainForm& form) {
     form.ports.shell->onStartRequest = [&form](const StartRequest& request) {
         if (form.messages.windowShown) form.ports.window->BringToFront(request.activation);
-        if (!request.book.empty()) form.handedOver.push_back(request.book);
-        OpenHandedOver(form);
+        if (!request.book.empty()) OpenAfterCommand(form, {request.book});
     };
 }
 
@@ -156,7 +160,7 @@ void ConnectEvents(MainForm& form) {
         return ReadBookPicture(*form.ports.files, form.history.Record(0).Path(), name);
     };
     form.ports.textView->onFilesDropped = [&form](const std::vector<std::u16string>& paths) {
-        RunCommand(form, [&] { rtMain_FilesDropped(form, paths); });
+        OpenAfterCommand(form, paths);
     };
     if (form.ports.htmlView) ConnectHtmlView(form);
 

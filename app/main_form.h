@@ -76,7 +76,8 @@ struct MainForm {
     WindowPlacement placement;
     int autosaveTick = 0; // seconds since the reading state was saved, 0 to 59
 
-    std::vector<std::u16string> handedOver; // books of later starts, while a command runs
+    // Books of later starts and drops, while a command runs.
+    std::vector<std::vector<std::u16string>> handedOver;
 
     bool ProfileSwitching = false; // a profile is being entered from the data file
     bool ProfileChanging = false;  // a switch into a profile is running

@@ -250,6 +250,46 @@ TEST_CASE("windows window: a drop of no files changes nothing") {
     CHECK(told == 1);
 }
 
+TEST_CASE("windows window: a drop while a dialog is open leaves the keyboard to the dialog") {
+    Bench bench;
+    bench.window.Open();
+    int drops = 0;
+    bench.window.onFilesDropped = [&](const auto&) { ++drops; };
+    using namespace std::string_literals;
+    {
+        const WhileOpen dropped([&](HWND dialog) {
+            SendMessageW(bench.window.Handle(), WM_DROPFILES, DropOf(L"C:\\b.txt\0"s), 0);
+            CHECK(Becomes([&] { return drops == 1; }));
+            CHECK(GetForegroundWindow() == dialog);
+            PressButton(dialog, IDOK);
+        });
+        MessageBoxW(bench.window.Handle(), L"A question", L"Title", MB_OK);
+    }
+    CHECK(drops == 1);
+}
+
+TEST_CASE("windows window: a drop closes the menu that is open, which has the books of before") {
+    Bench bench;
+    bench.window.Open();
+    const HMENU menu = CreatePopupMenu();
+    AppendMenuW(menu, MF_STRING, 1, L"A book");
+    int drops = 0;
+    bench.window.onFilesDropped = [&](const auto&) { ++drops; };
+    using namespace std::string_literals;
+    PostMessageW(bench.window.Handle(), WM_DROPFILES, DropOf(L"C:\\b.txt\0"s), 0);
+    static bool gaveUp = false; // a timer is told nothing but its number
+    const auto giveUp = SetTimer(nullptr, 0, 5000, [](HWND, UINT, UINT_PTR, DWORD) {
+        gaveUp = true;
+        EndMenu();
+    });
+    SetForegroundWindow(bench.window.Handle());
+    TrackPopupMenuEx(menu, TPM_RETURNCMD, 10, 10, bench.window.Handle(), nullptr);
+    KillTimer(nullptr, giveUp);
+    CHECK_FALSE(gaveUp);
+    CHECK(Becomes([&] { return drops == 1; }));
+    DestroyMenu(menu);
+}
+
 TEST_CASE("windows window: a message about a drop has the keyboard") {
     Bench bench;
     bench.window.Open();

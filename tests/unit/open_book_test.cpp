@@ -76,6 +76,23 @@ TEST_CASE("open: a cancelled dialog changes nothing") {
     test.CheckUnchanged();
 }
 
+TEST_CASE("open: files dropped while a dialog is open wait for its end, the first of each drop") {
+    TestForm test;
+    for (const char16_t* path : {u"/b/a.txt", u"/b/b.txt", u"/b/c.txt"})
+        test.PutBook(path);
+    REQUIRE(test.Start());
+    test.Dialogs().whileOpen = [&] {
+        test.View().onFilesDropped({u"/b/a.txt", u"/b/b.txt"});
+        test.View().onFilesDropped({u"/b/c.txt"});
+        test.View().onFilesDropped({});
+        CHECK(test.form.history.Count() == 0);
+    };
+    test.Menus().Click(test.Menu().mFileOpen);
+    CHECK(test.Window().title == u"Norvaset [Default] - /b/c.txt");
+    REQUIRE(test.form.history.Count() == 2);
+    CHECK(GetBookPath(test.form.history, 1) == u"/b/a.txt");
+}
+
 TEST_CASE("open: a dropped file of another kind opens in the text view, further ones are left") {
     TestForm test;
     test.PutBook(u"/b/a.log", "a log");

@@ -2,6 +2,7 @@
 
 #include "platform/windows/base/text.h"
 #include "platform/windows/base/win32.h"
+#include "platform/windows/files/shortcut.h"
 #include "product.h"
 
 #include <knownfolders.h>
@@ -53,7 +54,7 @@ Launch ThisLaunch() {
     launch.programFolder = FromWide(program.substr(0, separator));
     launch.executableName = FromWide(name.substr(0, name.rfind(L'.')));
     launch.userDataFolder = KnownFolder(FOLDERID_RoamingAppData) + u"\\" PRODUCT_TITLE;
-    launch.commandLine = BookPath(Arguments());
+    launch.commandLine = FollowShortcut(BookPath(Arguments()));
     launch.rootFolder = KnownFolder(FOLDERID_Documents);
     launch.programsFolder = SystemDrive();
     return launch;

@@ -2,6 +2,8 @@
 
 #include "platform/shared/call_handler.h"
 #include "platform/windows/base/text.h"
+#include "platform/windows/files/shortcut.h"
+#include "platform/windows/window/foreground.h"
 
 #include <shlwapi.h>
 
@@ -28,7 +30,7 @@ void WinDrops::HandleNext() {
     if (pending_.empty()) return;
     const Drop drop = std::move(pending_.front());
     pending_.pop_front();
-    SetForegroundWindow(drop.window);
+    BringToForeground(drop.window);
     CallHandler(handler_, drop.paths);
 }
 
@@ -39,7 +41,7 @@ std::vector<std::u16string> DroppedFiles(HDROP drop) {
         std::wstring path(DragQueryFileW(drop, i, nullptr, 0), L'\0');
         DragQueryFileW(drop, i, path.data(), static_cast<UINT>(path.size()) + 1);
         // Under Wine a drop of web addresses alone has one name: whatever the memory held.
-        if (!PathIsRelativeW(path.c_str())) paths.push_back(FromWide(path));
+        if (!PathIsRelativeW(path.c_str())) paths.push_back(FollowShortcut(FromWide(path)));
     }
     return paths;
 }

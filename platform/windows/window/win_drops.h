@@ -1,6 +1,6 @@
 // Files dropped on a window. The drop returns at once, so that its source is not blocked; the
 // handler is called from the message loop, after the window was brought to the foreground: a
-// message box about the files then has the focus.
+// message box about the files then has the focus. A shortcut stands for the file that it leads to.
 #pragma once
 
 #include "platform/windows/window/win_native_window.h"

@@ -2,6 +2,7 @@
 
 #include "platform/shared/call_handler.h"
 #include "platform/windows/base/text.h"
+#include "platform/windows/window/foreground.h"
 #include "platform/windows/window/title_bar.h"
 #include "platform/windows/window/win_drops.h"
 #include "platform/windows/window/window_messages.h"
@@ -14,12 +15,6 @@ constexpr int maxExtent = 16384; // pixels; larger windows cannot be drawn
 constexpr UINT_PTR closeTimer = 1;
 constexpr UINT closeDelay = 50;        // milliseconds, for a dialog or menu to go away
 constexpr double defaultFontSize = 12; // points
-
-bool IsMenuOpen() {
-    GUITHREADINFO thread = {};
-    thread.cbSize = sizeof thread;
-    return GetGUIThreadInfo(GetCurrentThreadId(), &thread) && (thread.flags & GUI_INMENUMODE);
-}
 
 // The enabled one of our windows while a modal dialog disables the others; null for none.
 HWND ActiveDialog() {
@@ -72,9 +67,7 @@ void WinWindow::Close() {
 
 // The start that asks has given the right to it (AllowSetForegroundWindow), so there is no token.
 void WinWindow::BringToFront(const std::u16string&) {
-    if (IsMenuOpen()) EndMenu();
-    if (IsIconic(Handle())) ShowWindow(Handle(), SW_RESTORE);
-    SetForegroundWindow(GetLastActivePopup(Handle()));
+    BringToForeground(Handle());
 }
 
 void WinWindow::Alert() {
