@@ -3,6 +3,7 @@
 #include "platform/windows/system/win_clipboard.h"
 #include "platform/windows/text_pane/win_text_view.h"
 #include "platform/windows/window/dpi.h"
+#include "platform/windows/window/win_window.h"
 #include "tests/contract/windows_drop.h"
 #include "tests/contract/windows_message_pump.h"
 #include "tests/contract/windows_text_view_bench.h"
@@ -308,6 +309,29 @@ TEST_CASE("windows text view: what is selected is painted in the selection's col
     CHECK(painted.Count(word, 0xFFFFFF) < word.width * word.height / 2);
     CHECK(painted.Count(other, 0xFFFFFF) > other.width * other.height / 3);
     CHECK(painted.Count({0, 0, painted.width, painted.height}, 0x0000FF) > 100);
+}
+
+TEST_CASE(
+    "windows text view: the selection follows the system's colours, of which windows alone hear") {
+    WinWindow window;
+    WinTextView view(window.ViewArea());
+    window.SetPanelBounds({0, 0, 400, 300});
+    view.SetBounds({0, 0, 400, 300});
+    view.SetVisible(true);
+    window.Open();
+    view.LoadPlainText(u"lanterns");
+    view.Select(0, 8);
+    const Rect word = view.Pane().CharacterRect(1);
+    const int element = COLOR_HIGHLIGHT;
+    const COLORREF before = GetSysColor(element), other = RGB(40, 160, 20);
+    for (const UINT message : {WM_SYSCOLORCHANGE, WM_SETTINGCHANGE}) {
+        SetSysColors(1, &element, &other);
+        SendMessageW(window.Handle(), message, 0, 0);
+        CHECK(Painted(view.Handle()).Count(word, other) > word.width * word.height / 3);
+        SetSysColors(1, &element, &before);
+        SendMessageW(window.Handle(), message, 0, 0);
+        CHECK(Painted(view.Handle()).Count(word, other) == 0);
+    }
 }
 
 TEST_CASE("windows text view: a picture is decoded and scaled to its place") {

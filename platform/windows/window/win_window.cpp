@@ -28,6 +28,20 @@ HWND ActiveDialog() {
     return dialog;
 }
 
+// The system tells top-level windows alone; views and common controls have to hear of it from
+// theirs.
+void SendToAllWithin(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    MSG sent = {nullptr, message, wParam, lParam, 0, {}};
+    const auto send = [](HWND child, LPARAM what) -> BOOL {
+        const MSG& each = *reinterpret_cast<const MSG*>(what);
+        // A browser's windows may be another process's, which is told by itself.
+        if (GetWindowThreadProcessId(child, nullptr) == GetCurrentThreadId())
+            SendMessageW(child, each.message, each.wParam, each.lParam);
+        return TRUE;
+    };
+    EnumChildWindows(window, send, reinterpret_cast<LPARAM>(&sent));
+}
+
 } // namespace
 
 WinWindow::WinWindow()
@@ -131,7 +145,9 @@ LRESULT WinWindow::HandleMessage(HWND window, UINT message, WPARAM wParam, LPARA
         return 0;
     case WM_SETTINGCHANGE:
         FollowColorScheme(window);
+        SendToAllWithin(window, message, wParam, lParam);
         return DefWindowProcW(window, message, wParam, lParam);
+    case WM_SYSCOLORCHANGE: SendToAllWithin(window, message, wParam, lParam); return 0;
     case WM_DROPFILES: drops_.Add(window, FinishDrop(reinterpret_cast<HDROP>(wParam))); return 0;
     case WM_TIMER:
         if (wParam == closeTimer) CloseWhenPossible();
