@@ -7,6 +7,8 @@
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
+
 #include <colordlg.h>
 #include <dlgs.h>
 
@@ -142,6 +144,26 @@ TEST_CASE("windows dialogs: a file is chosen") {
     }
     GetCurrentDirectoryW(MAX_PATH, after);
     CHECK((std::wstring(before) == after));
+}
+
+TEST_CASE("windows dialogs: a folder or a name that is longer than the dialog takes is left out") {
+    const TemporaryFolder folder;
+    for (const std::size_t length :
+         {MAX_PATH - 13, MAX_PATH - 12, MAX_PATH - 2, MAX_PATH - 1, MAX_PATH, 700}) {
+        CAPTURE(length);
+        std::u16string deep = FromWide(folder.path);
+        while (deep.size() < length)
+            deep +=
+                u'\\' + std::u16string(std::min<std::size_t>(length - deep.size() - 1, 60), u'd');
+        REQUIRE(WinFiles().CreateFolder(deep));
+        OpenFileRequest inFolder, ofName;
+        inFolder.initialFolder = deep;
+        ofName.fileName = deep;
+        for (const OpenFileRequest& request : {inFolder, ofName}) {
+            const WhileOpen shown([](HWND dialog) { PressButton(dialog, IDCANCEL); });
+            CHECK(WinDialogs(nullptr).OpenFile(request).result == DialogResult::Cancel);
+        }
+    }
 }
 
 namespace {

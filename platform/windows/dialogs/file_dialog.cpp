@@ -47,6 +47,22 @@ std::wstring WithBackslashes(const std::u16string& path) {
     return native;
 }
 
+// Whether the dialog takes the path: a folder's must leave room for a name of 8.3 characters in it.
+// Wine 8 ends in an access violation for one of MAX_PATH - 2.
+bool Fits(const std::wstring& path) {
+    constexpr std::size_t room = 13;
+    return path.size() + room <= MAX_PATH;
+}
+
+// The folder, or the nearest one above it that fits, or none.
+std::wstring FittingFolder(std::wstring folder) {
+    while (!Fits(folder)) {
+        const std::size_t separator = folder.rfind(L'\\');
+        folder.resize(separator == folder.npos ? 0 : separator);
+    }
+    return folder;
+}
+
 // Wine 8 copies the name that was typed to a room of MAX_PATH units, however long it is.
 UINT_PTR CALLBACK LimitName(HWND child, UINT message, WPARAM, LPARAM lParam) {
     if (message != WM_NOTIFY || reinterpret_cast<NMHDR*>(lParam)->code != CDN_INITDONE) return 0;
@@ -62,7 +78,8 @@ UINT_PTR CALLBACK LimitName(HWND child, UINT message, WPARAM, LPARAM lParam) {
 // Returns CommDlgExtendedError: 0 also for Cancel.
 DWORD Show(HWND owner, const OpenFileRequest& request, std::wstring name, OpenFileAnswer& answer) {
     const std::wstring title = ToWide(request.title), filter = NativeFilter(request);
-    const std::wstring folder = WithBackslashes(request.initialFolder);
+    const std::wstring folder = FittingFolder(WithBackslashes(request.initialFolder));
+    if (!Fits(name)) name.clear();
     name.resize(pathSize, L'\0');
     name.back() = L'\0';
     OPENFILENAMEW dialog = {};
