@@ -125,6 +125,7 @@ class SecondInstance(Story):
             self.running.process = first
             first.send_signal(signal.SIGCONT)
         # What was given up does not happen later: its user was told so.
+        self.running.activate()  # the keyboard comes back from the other one's message a moment later
         self.running.finish_keys()
         self.assertEqual(self.running.title(), "Norvaset [Default] - " + shown_path(self.first))
         self.assert_ends(self.second)
