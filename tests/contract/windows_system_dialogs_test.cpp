@@ -79,6 +79,38 @@ TEST_CASE("windows dialogs: what is changed of a font, and nothing else") {
     CHECK(answer.color == 0);
 }
 
+TEST_CASE("windows dialogs: a font that is not installed is shown by its name and size") {
+    for (const auto& [size, shownSize] : {std::pair(14.0, L"14"), {10.5, L"10.5"}, {27.0, L"27"}}) {
+        ViewFont missing;
+        missing.name = u"No Such Face";
+        missing.size = size;
+        const auto isShown = [&, text = std::wstring(shownSize)](HWND dialog) {
+            CHECK((TextOf(dialog, cmb1) == L"No Such Face"));
+            CHECK((TextOf(dialog, cmb3) == text));
+        };
+        const WhileOpen shown([&](HWND dialog) {
+            isShown(dialog);
+            PressButton(dialog, IDOK);
+        });
+        CHECK(WinDialogs(nullptr).ChooseFont({u"", missing}).font == missing);
+    }
+    ViewFont missing;
+    missing.name = u"No Such Face";
+    const WhileOpen shown([&](HWND dialog) {
+        const HWND sizes = GetDlgItem(dialog, cmb3);
+        const LRESULT other = SendMessageW(sizes, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                           reinterpret_cast<LPARAM>(L"16"));
+        REQUIRE(other != CB_ERR);
+        SendMessageW(sizes, CB_SETCURSEL, static_cast<WPARAM>(other), 0);
+        SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(cmb3, CBN_SELCHANGE),
+                     reinterpret_cast<LPARAM>(sizes));
+        PressButton(dialog, IDOK);
+    });
+    const ViewFont chosen = WinDialogs(nullptr).ChooseFont({u"", missing}).font;
+    CHECK(chosen.name == u"No Such Face");
+    CHECK(chosen.size == 16);
+}
+
 TEST_CASE("windows dialogs: a colour confirmed untouched is exactly the one given") {
     const OwnerWindow owner({300, 200, 900, 700});
     WinDialogs dialogs(owner.Get());

@@ -9,6 +9,8 @@
 #include <commdlg.h>
 #include <dlgs.h>
 
+#include <cmath>
+
 namespace {
 
 // The controls of the system's font dialog.
@@ -57,12 +59,33 @@ void SelectColor(HWND dialog, Color color) {
     SendDlgItemMessageW(dialog, ColorBox, CB_SETCURSEL, index, 0);
 }
 
+std::wstring SizeText(double points) {
+    const long tenths = std::lround(points * 10);
+    const std::wstring whole = std::to_wstring(tenths / 10);
+    return tenths % 10 == 0 ? whole : whole + L'.' + std::to_wstring(tenths % 10);
+}
+
+// In place of an entry of the list, which may have it or not.
+void ShowInBox(HWND dialog, int box, const std::wstring& text) {
+    const auto entry = SendDlgItemMessageW(dialog, box, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                           reinterpret_cast<LPARAM>(text.c_str()));
+    SendDlgItemMessageW(dialog, box, CB_SETCURSEL, static_cast<WPARAM>(entry), 0);
+    SetDlgItemTextW(dialog, box, text.c_str());
+}
+
+// Of a face that is not installed the dialog shows no name, Wine's the first of the list in its
+// smallest size.
+void ShowMissingFont(HWND dialog, const ViewFont& font) {
+    const std::wstring face = ToWide(font.name);
+    if (face.empty() || EqualsIgnoringCase(TextOf(dialog, FaceBox), face)) return;
+    ShowInBox(dialog, FaceBox, face);
+    ShowInBox(dialog, SizeBox, SizeText(font.size));
+}
+
 void OnInitDialog(HWND dialog, FontDialogState& state) {
     SetWindowTextW(dialog, ToWide(state.request.title).c_str());
     SelectColor(dialog, state.request.color);
-    // The dialog leaves the name of a face that is not installed empty.
-    if (TextOf(dialog, FaceBox).empty())
-        SetDlgItemTextW(dialog, FaceBox, ToWide(state.request.font.name).c_str());
+    ShowMissingFont(dialog, state.request.font);
     state.first = state.last = ReadControls(dialog);
     if (!state.request.readings.empty()) AddReadingList(dialog, ScriptBox, state.request);
     CenterOver(dialog, GetWindow(dialog, GW_OWNER));
