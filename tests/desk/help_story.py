@@ -104,6 +104,7 @@ class Help(Story):
             self.program.key("F1", "alt+f")
             window = self.wait_for_help()
             wait_for(lambda: not self.program.popups(), "the menu to close")
+            self.program.wait_until_idle()  # the menu's grab takes the keys until a moment after it
             self.close_dialog(window, "Escape")
         self.program.close()
 
