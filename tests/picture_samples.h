@@ -1,7 +1,7 @@
 // Small pictures in each format: 8 pixels wide and 50 high, red above, blue below.
 #pragma once
 
-#include "formats/html/html_address.h"
+#include "formats/html/html_data_address.h"
 
 #include <string>
 #include <string_view>

@@ -192,30 +192,3 @@ HtmlAddress ResolveHtmlAddress(std::u16string_view pagePath, std::u16string_view
     if (address.hasFragment) address.fragment = DecodePercents(parts.fragment.substr(1));
     return address;
 }
-
-std::string HtmlDataOf(std::u16string_view url) {
-    if (SchemeOf(url) != u"data") return {};
-    const std::size_t comma = url.find(u',');
-    if (comma == url.npos) return {};
-    std::string data = Utf16ToUtf8(DecodePercents(url.substr(comma + 1)));
-    if (!url.substr(0, comma).ends_with(u";base64")) return data;
-    std::string bytes;
-    std::uint32_t bits = 0;
-    int count = 0;
-    for (const char digit : data) {
-        const int value = digit >= 'A' && digit <= 'Z'   ? digit - 'A'
-                          : digit >= 'a' && digit <= 'z' ? digit - 'a' + 26
-                          : digit >= '0' && digit <= '9' ? digit - '0' + 52
-                          : digit == '+'                 ? 62
-                          : digit == '/'                 ? 63
-                                                         : -1;
-        if (value < 0) continue;
-        bits = bits << 6 | std::uint32_t(value);
-        count += 6;
-        if (count >= 8) {
-            count -= 8;
-            bytes += static_cast<char>(bits >> count & 0xFF);
-        }
-    }
-    return bytes;
-}

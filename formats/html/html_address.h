@@ -19,6 +19,3 @@ std::u16string HtmlFileUrl(std::u16string_view path);
 // `base` address as it is written, or "".
 HtmlAddress ResolveHtmlAddress(std::u16string_view pagePath, std::u16string_view base,
                                std::u16string_view reference);
-
-// The bytes of a `data:` address; "" for any other.
-std::string HtmlDataOf(std::u16string_view url);

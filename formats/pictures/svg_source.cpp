@@ -1,7 +1,7 @@
 #include "formats/pictures/svg_source.h"
 
 #include "common/utf.h"
-#include "formats/html/html_address.h"
+#include "formats/html/html_data_address.h"
 #include "formats/html/html_reader.h"
 #include "formats/pictures/picture_header.h"
 #include "formats/pictures/svg_limits.h"

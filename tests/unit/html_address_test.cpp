@@ -1,4 +1,5 @@
 #include "formats/html/html_address.h"
+#include "formats/html/html_data_address.h"
 
 #include <doctest/doctest.h>
 
@@ -37,7 +38,23 @@ TEST_CASE("html address: references of a page") {
 
 TEST_CASE("html address: data in an address") {
     CHECK(HtmlDataOf(u"data:text/plain;base64,SGVsbG8=") == "Hello");
-    CHECK(HtmlDataOf(u"data:,a%20b") == "a b");
+    CHECK(HtmlDataOf(u"data:text/plain;base64,SGVsbG8=", 3) == "Hel");
+    CHECK(HtmlDataOf(u"DATA:,a%20b") == "a b");
+    CHECK(HtmlDataOf(u"data:,\u00e9%e9%4%zz%") == "\xC3\xA9\xE9%4%zz%");
     CHECK(HtmlDataOf(u"data:nothing").empty());
     CHECK(HtmlDataOf(u"http://a.b/,c").empty());
+}
+
+TEST_CASE("html address: long data, whose parts end within an escape or a character") {
+    for (std::size_t before = 0; before < 8; ++before) {
+        std::u16string url = u"data:,";
+        std::string bytes;
+        for (std::size_t i = 0; i < before; ++i, bytes += 'a')
+            url += u'a';
+        for (int i = 0; i < 50'000; ++i, bytes += "A\xF0\x9F\x98\x80")
+            url += u"%41\U0001F600";
+        CAPTURE(before);
+        CHECK(HtmlDataOf(url) == bytes);
+        CHECK(HtmlDataOf(url, 100'001) == bytes.substr(0, 100'001));
+    }
 }

@@ -1,6 +1,7 @@
 #include "view/html/page_files.h"
 
 #include "formats/html/html_address.h"
+#include "formats/html/html_data_address.h"
 
 PageFiles::PageFiles(const Files& files, const LoadedPage& page) : files_(files), page_(page) {
     const std::u16string& path = page.Path();
@@ -16,7 +17,10 @@ std::u16string PageFiles::PathOf(std::u16string_view address) const {
 }
 
 std::string PageFiles::Read(std::u16string_view address, std::uint64_t limit) const {
-    if (std::string data = HtmlDataOf(address); !data.empty()) return data;
+    if (IsHtmlDataAddress(address)) {
+        std::string data = HtmlDataOf(address, std::size_t(limit) + 1);
+        return data.size() > limit ? std::string() : data;
+    }
     std::string bytes;
     const std::u16string path = PathOf(address);
     if (path.empty() || files_.Read(path, limit, bytes) != ReadStatus::Ok) return {};
@@ -24,7 +28,7 @@ std::string PageFiles::Read(std::u16string_view address, std::uint64_t limit) co
 }
 
 std::string PageFiles::ReadStart(std::u16string_view address, std::size_t count) const {
-    if (std::string data = HtmlDataOf(address); !data.empty()) return data;
+    if (IsHtmlDataAddress(address)) return HtmlDataOf(address, count);
     std::string bytes;
     const std::u16string path = PathOf(address);
     if (path.empty() || files_.ReadStart(path, count, bytes) != ReadStatus::Ok) return {};
