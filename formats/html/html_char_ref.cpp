@@ -6,6 +6,7 @@
 #include "formats/html/html_units.h"
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -57,14 +58,37 @@ char16_t NameUnit(const HtmlEntity& entity, std::size_t index) {
     return static_cast<unsigned char>(htmlEntityNames[entity.nameBegin + index]);
 }
 
+constexpr char firstLetter = 'A', lastLetter = 'z'; // that names begin with
+
+// Where the names begin that have a first letter or a later one: as many searches are saved as
+// there are references, which are every quotation mark in some books.
+constexpr auto firstNames = [] {
+    std::array<std::uint16_t, lastLetter - firstLetter + 2> firsts{};
+    std::uint16_t name = 0;
+    for (int letter = 0; letter < int(firsts.size()); ++letter) {
+        while (name < htmlEntityCount &&
+               htmlEntityNames[htmlEntities[name].nameBegin] - firstLetter < letter)
+            ++name;
+        firsts[std::size_t(letter)] = name;
+    }
+    return firsts;
+}();
+
 // The longest name that the text begins with: the names that begin like it are narrowed unit by
 // unit, and one that ends is the first of them.
 const HtmlEntity* LongestName(std::u16string_view text) {
-    const HtmlEntity* first = htmlEntities;
-    const HtmlEntity* last = htmlEntities + htmlEntityCount;
+    if (text[0] < firstLetter || text[0] > lastLetter) return nullptr;
+    const HtmlEntity* first = htmlEntities + firstNames[std::size_t(text[0] - firstLetter)];
+    const HtmlEntity* last = htmlEntities + firstNames[std::size_t(text[0] - firstLetter + 1)];
     const HtmlEntity* longest = nullptr;
-    for (std::size_t i = 0; i < text.size() && first != last; ++i) {
+    for (std::size_t i = 1; i < text.size() && first != last; ++i) {
         const char16_t unit = text[i];
+        if (last - first == 1) {
+            const bool goesOn = NameUnit(*first, i) == unit;
+            if (goesOn && NameLength(first) == i + 1) return first;
+            if (!goesOn) break;
+            continue;
+        }
         first = std::partition_point(
             first, last, [=](const HtmlEntity& entity) { return NameUnit(entity, i) < unit; });
         last = std::partition_point(
