@@ -19,7 +19,8 @@ struct CssComputeContext {
     // One object for equal ones.
     std::function<const CssGrid*(const CssGrid&)> grid;
     std::function<const CssRareStyle*(const CssRareStyle&)> rareStyle;
-    bool usedViewport = false; // a length was relative to the window
+    bool usedViewport = false;        // a length was relative to the window
+    bool usedOuterBackground = false; // a background was the one around it
 };
 
 struct CssStyleParts {

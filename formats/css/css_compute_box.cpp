@@ -148,6 +148,8 @@ CssBoxStyle ComputeCssBox(const CssCascade& cascade, const CssInheritedStyle& in
     ComputeSizes(cascade, pick, parent, context, box);
     ComputeBorders(pick, inherited, parent, box);
     ComputeVerticalAlign(pick, parent, box);
+    context.usedOuterBackground |=
+        cascade[P::BackgroundColor].value.kind == CssValue::Kind::Inherit;
     box.background = pick.Pick(
         P::BackgroundColor, parent.background, cssTransparent, [&](const CssValue& value) {
             return value.kind == CssValue::Kind::Rgba ? value.AsColor() : inherited.color;

@@ -46,6 +46,10 @@ class CssPageStyles {
 
     // A window of another size has other styles: by a rule of its own, or by a length.
     bool DependsOnViewport() const { return dependsOnViewport_; }
+    // Some element's background follows from that of the one around it.
+    bool InheritsBackgrounds() const { return inheritsBackgrounds_; }
+    // In place of the computed one, of this element alone.
+    void SetBackground(HtmlNodeId element, CssColor color);
     // How much was tested; see maxCssSteps.
     std::uint64_t Steps() const { return steps_; }
 
@@ -75,6 +79,7 @@ class CssPageStyles {
     CssListPool<CssGrid> grids_;
     bool showsCounters_ = false;
     bool dependsOnViewport_ = false;
+    bool inheritsBackgrounds_ = false;
     std::uint64_t steps_ = 0;
 };
 

@@ -73,6 +73,7 @@ CssPageStyles CssStyler::Style(bool sheetsDependOnViewport) {
     }
     page_.steps_ = matcher_.Steps();
     page_.dependsOnViewport_ = sheetsDependOnViewport || context_.usedViewport;
+    page_.inheritsBackgrounds_ = context_.usedOuterBackground;
     return std::move(page_);
 }
 
@@ -199,6 +200,15 @@ std::uint32_t CssStyler::Add(const CssStyleParts& parts) {
         numberOfParts_.emplace(key, static_cast<std::uint32_t>(page_.styles_.size()));
     if (isNew) page_.styles_.push_back({inherited.value, box.value});
     return place->second;
+}
+
+void CssPageStyles::SetBackground(HtmlNodeId element, CssColor color) {
+    CssStyle style = Of(element);
+    CssBoxStyle box = *style.box;
+    box.background = color;
+    style.box = boxes_.Find(box).value;
+    numbers_[element] = static_cast<std::uint32_t>(styles_.size());
+    styles_.push_back(style);
 }
 
 CssPageStyles StylePage(const HtmlTree& tree, std::span<const CssSheet* const> sheets,

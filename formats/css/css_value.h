@@ -15,6 +15,9 @@ struct CssColor {
     std::uint32_t Bgr() const {
         return std::uint32_t(blue) << 16 | std::uint32_t(green) << 8 | red;
     }
+    static CssColor FromBgr(std::uint32_t bgr) {
+        return {std::uint8_t(bgr), std::uint8_t(bgr >> 8), std::uint8_t(bgr >> 16)};
+    }
 };
 constexpr CssColor cssTransparent{0, 0, 0, 0};
 

@@ -257,17 +257,19 @@ TEST_CASE("page pane: the marker of a list's item stands for the place of its te
     CHECK(bench.view.Pane().LayoutsMade() - before < 200);
 }
 
-TEST_CASE("page pane: colours that the page has already style it no second time") {
+TEST_CASE("page pane: a background, and colours that the page has, style it no second time") {
     struct {
         const char* style;
         std::uint32_t background;
         int timesMore;
     } const cases[] = {
         {"", 0xFFFFFF, 0},
-        {"", 0xFFFFE0, 1},
+        {"", 0xFFFFE0, 0},
         {"body{background:#ffffe0}", 0xFFFFE0, 0},
-        {"html{background:white}body{background:yellow}", 0xFFFFFF, 1},
-        {"html{background:white}body{background:yellow}", 0xFFFF00, 1},
+        {"body{background:#ffffe0}", 0xFFFFFF, 0},
+        {"html{background:white}body{background:yellow}", 0xFFFFFF, 0},
+        {"html{background:white}body{background:yellow}", 0xFFFF00, 0},
+        {"p{background:inherit}", 0xFFFFE0, 1},
     };
     for (const auto& c : cases) {
         CAPTURE(c.style);
@@ -278,6 +280,34 @@ TEST_CASE("page pane: colours that the page has already style it no second time"
         bench.view.Painted();
         CHECK(bench.view.Pane().ObjectsVersion() - before == c.timesMore);
     }
+}
+
+TEST_CASE("page pane: a background colours what a style sheet of the reader's would") {
+    const struct {
+        const char* style;
+        Color canvas, paragraph;
+    } cases[] = {
+        {"", 0x112233, 0x112233},
+        {"body{background:yellow}p{background:red}", 0x112233, 0x0000FF},
+        {"html{background:white}body{background:yellow}", 0xFFFFFF, 0x112233},
+        {"body>*{background:inherit}", 0x112233, 0x112233},
+    };
+    for (const auto& c : cases) {
+        CAPTURE(c.style);
+        PageBench bench("<style>" + std::string(c.style) + "</style><p>text");
+        bench.view.SetBackColor(0x332211);
+        bench.view.Painted();
+        CHECK(bench.view.Pane().BackColor() == c.canvas);
+        CHECK(bench.view.Pane().CharacterFormatAt(0).background == c.paragraph);
+    }
+}
+
+TEST_CASE("page pane: the text is not counted for the first screen") {
+    PageBench bench(Paragraphs(3000));
+    bench.view.SetBackColor(0x332211);
+    bench.view.Painted();
+    CHECK_FALSE(bench.view.Pane().Page()->IsCounted());
+    CHECK(bench.view.TextsOf({{0, 6}}) == std::vector<std::u16string>{u"0 word"});
 }
 
 TEST_CASE("page pane: zones that take no height are not laid out for every frame") {

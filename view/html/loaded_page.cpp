@@ -35,10 +35,15 @@ LoadedPage::LoadedPage(std::u16string path, std::string_view bytes, int systemCo
     HtmlFile page = ReadPage(bytes, systemCodePage);
     tree_ = std::move(page.tree);
     codePage_ = page.codePage;
-    counted_ = HtmlPageText(tree_);
-    pieceOfNode_.assign(tree_.NodeCount() + 1, 0);
-    for (std::size_t i = 0; i < counted_.pieces.size(); ++i)
-        pieceOfNode_[counted_.pieces[i].node] = std::uint32_t(i + 1);
+}
+
+const LoadedPage::CountedPage& LoadedPage::CountedNow() const {
+    if (counted_) return *counted_;
+    counted_.emplace(HtmlPageText(tree_), std::vector<std::uint32_t>(tree_.NodeCount() + 1));
+    const auto& pieces = counted_->text.pieces;
+    for (std::size_t i = 0; i < pieces.size(); ++i)
+        counted_->pieceOfNode[pieces[i].node] = std::uint32_t(i + 1);
+    return *counted_;
 }
 
 std::u16string LoadedPage::Title() const {
@@ -54,12 +59,13 @@ std::u16string LoadedPage::Title() const {
 }
 
 const HtmlTextPiece* LoadedPage::PieceOf(HtmlNodeId node) const {
-    const std::uint32_t number = pieceOfNode_[node];
-    return number == 0 ? nullptr : &counted_.pieces[number - 1];
+    const CountedPage& counted = CountedNow();
+    const std::uint32_t number = counted.pieceOfNode[node];
+    return number == 0 ? nullptr : &counted.text.pieces[number - 1];
 }
 
 std::size_t LoadedPage::PieceAt(TextPos position) const {
-    const auto& pieces = counted_.pieces;
+    const auto& pieces = Counted().pieces;
     const auto behind = std::ranges::upper_bound(
         pieces, position, {}, [](const HtmlTextPiece& piece) { return piece.start; });
     return behind == pieces.begin() ? 0 : std::size_t(behind - pieces.begin()) - 1;
@@ -67,7 +73,7 @@ std::size_t LoadedPage::PieceAt(TextPos position) const {
 
 std::optional<std::size_t> LoadedPage::PieceFrom(HtmlNodeId element) const {
     for (HtmlNodeId id = element; id != noHtmlNode; id = tree_.Next(id))
-        if (const std::uint32_t number = pieceOfNode_[id]) return number - 1;
+        if (const std::uint32_t number = CountedNow().pieceOfNode[id]) return number - 1;
     return std::nullopt;
 }
 
@@ -98,7 +104,7 @@ std::vector<Heading> LoadedPage::Headings() const {
             }
         if (start < 0) continue;
         const auto text =
-            std::u16string_view(counted_.text).substr(std::size_t(start), std::size_t(end - start));
+            std::u16string_view(Text()).substr(std::size_t(start), std::size_t(end - start));
         if (std::u16string line = HeadingText(text); !line.empty())
             headings.push_back({start, level, std::move(line)});
     }

@@ -21,10 +21,12 @@ class LoadedPage {
     int CodePage() const { return codePage_; }
     std::u16string Title() const; // "" where it has none
 
-    // Its text as platform/html_view.h counts it.
-    const HtmlCountedText& Counted() const { return counted_; }
-    const std::u16string& Text() const { return counted_.text; }
-    TextPos Length() const { return TextPos(counted_.text.size()); }
+    // Its text as platform/html_view.h counts it: counted when it is asked for first, because the
+    // first screen of a long page is sooner there without it.
+    const HtmlCountedText& Counted() const { return CountedNow().text; }
+    const std::u16string& Text() const { return Counted().text; }
+    TextPos Length() const { return TextPos(Text().size()); }
+    bool IsCounted() const { return counted_.has_value(); }
 
     // Of the pieces of the counted text: of a node, of the character at a position or the last one
     // before it, and the first one in or behind an element. Nothing where there is none.
@@ -42,11 +44,16 @@ class LoadedPage {
     std::u16string_view BaseAddress() const; // of the `base` element, as it is written
 
   private:
+    struct CountedPage {
+        HtmlCountedText text;
+        std::vector<std::uint32_t> pieceOfNode; // their numbers from 1; 0 for none
+    };
+    const CountedPage& CountedNow() const;
+
     std::u16string path_;
     HtmlTree tree_;
     int codePage_ = 0;
-    HtmlCountedText counted_;
-    std::vector<std::uint32_t> pieceOfNode_; // their numbers from 1; 0 for none
+    mutable std::optional<CountedPage> counted_;
 };
 
 // As browsers name a charset.

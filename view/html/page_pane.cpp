@@ -20,7 +20,7 @@ void PagePane::Clear() {
     HideScrollLabel();
     headings_.reset();
     ForgetObjects();
-    ClearSource();
+    ForgetSource();
     scroller_.SetPage(nullptr, 1);
     shown_.reset();
     pictures_.reset();
@@ -44,7 +44,7 @@ void PagePane::Clear() {
 void PagePane::Show(std::unique_ptr<LoadedPage> page) {
     Clear();
     page_ = std::move(page);
-    SetSource(page_->Text());
+    ForgetSource();
     pageFiles_ = std::make_unique<PageFiles>(files_, *page_);
     pictures_ = std::make_unique<PagePictures>(*page_, *pageFiles_, store_);
     sheets_ = PageSheets(*page_, *pageFiles_);
@@ -85,7 +85,18 @@ bool PagePane::UpdateLayout() {
     return true;
 }
 
+// Where nothing else has changed and the page can do so. Its letters stay where they are.
+bool PagePane::ChangeBackground(const PageRenderOptions& options) {
+    PageRenderOptions changed = options_;
+    changed.background = options.background;
+    if (!shown_ || changed != options || !options.background) return false;
+    if (!shown_->SetBackground(*options.background)) return false;
+    options_ = options;
+    return true;
+}
+
 void PagePane::LayOutAnew(const PageRenderOptions& options) {
+    if (ChangeBackground(options)) return;
     const std::optional<PlaceAtTop> anchor = shown_ ? TopAnchor() : std::nullopt;
     PageRenderOptions before = std::exchange(options_, options);
     if (before.scale != options.scale) {

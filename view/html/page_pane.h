@@ -100,9 +100,11 @@ class PagePane : public ReadablePage {
     static constexpr int placeTime = 300;
 
     std::optional<PageViewport> Viewport() override;
+    const std::u16string* CountedText() const override { return page_ ? &page_->Text() : nullptr; }
     PageViewport CurrentViewport(); // without asking the window; there must be a page
     bool UpdateLayout();            // false without a page
     void LayOutAnew(const PageRenderOptions& options);
+    bool ChangeBackground(const PageRenderOptions& options);
     std::optional<PlaceAtTop> TopAnchor();
     PlaceAtTop ZoneAtTop();
     void RestoreTop(const std::optional<PlaceAtTop>& anchor);

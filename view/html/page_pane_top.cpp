@@ -35,7 +35,7 @@ PagePane::PlaceAtTop PagePane::ZoneAtTop() {
 
 void PagePane::RestoreTop(const std::optional<PlaceAtTop>& anchor) {
     topAnchor_ = anchor;
-    if (!anchor) return scroller_.ScrollTo({});
+    if (!anchor) return scroller_.ScrollToStart();
     PageFlow& flow = shown_->Flow();
     if (anchor->position < 0 && flow.ZoneCount() > 0) {
         const std::size_t zone = std::min(anchor->zone, flow.ZoneCount() - 1);

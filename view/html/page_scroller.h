@@ -19,7 +19,8 @@ class PageScroller {
 
     const Top& Position() const { return top_; }
     bool IsAtStart() const { return top_ == Top{}; }
-    void ScrollTo(Top top); // as far as the page goes
+    void ScrollTo(Top top);             // as far as the page goes
+    void ScrollToStart() { top_ = {}; } // nothing is laid out for it
     void ScrollBy(double pixels) { ScrollTo({top_.zone, top_.y + pixels}); }
     // From the page's top, and back: exact once all above has been measured.
     void ScrollToHeight(double pixels);

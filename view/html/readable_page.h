@@ -8,7 +8,7 @@
 
 class ReadablePage : public ReadablePane {
   public:
-    const TextSource& Source() const override { return *source_; }
+    const TextSource& Source() const override;
     TextPos CharacterAtPoint(Point point) override;
     Rect CharacterRect(TextPos position) override;
     TextSpan VisibleText() override;
@@ -29,13 +29,15 @@ class ReadablePage : public ReadablePane {
     // Of the page as it is laid out for the window's present size; nothing without a page.
     virtual std::optional<PageViewport> Viewport() = 0;
 
-    void SetSource(const std::u16string& text) { source_.emplace(text); } // observed
-    void ClearSource() { source_.emplace(noText_); }
-    void ForgetObjects(); // when a page or its styles are other ones
+    // As it is counted; null without a page. It must stay until the source is forgotten.
+    virtual const std::u16string* CountedText() const = 0;
+
+    void ForgetSource() { source_.reset(); } // before another page is shown
+    void ForgetObjects();                    // when a page or its styles are other ones
 
   private:
     const std::u16string noText_;
-    std::optional<StringText> source_{noText_};
-    std::optional<ReadingObjects> objects_; // read when they are asked for first
+    mutable std::optional<StringText> source_; // made when it is asked for first
+    std::optional<ReadingObjects> objects_;    // read when they are asked for first
     int objectsVersion_ = 0;
 };

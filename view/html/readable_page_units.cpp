@@ -8,6 +8,12 @@ namespace {
 constexpr TextPos maxParagraph = 64 * 1024; // of a longer one the parts are read one by one
 } // namespace
 
+const TextSource& ReadablePage::Source() const {
+    if (source_) return *source_;
+    const std::u16string* text = CountedText();
+    return source_.emplace(text ? *text : noText_);
+}
+
 TextSpan ReadablePage::ReadingParagraph(TextPos position) {
     const TextSource& text = Source();
     const TextPos length = text.Length(), at = std::clamp(position, 0, length);

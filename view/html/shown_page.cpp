@@ -90,6 +90,17 @@ ShownPage::ShownPage(const LoadedPage& page, const std::vector<std::u16string>& 
     flow_.SetWidth(options.viewport.width);
 }
 
+bool ShownPage::SetBackground(Color color) {
+    const HtmlNodeId body = page_.Tree().Body();
+    if (body == noHtmlNode || styles_.InheritsBackgrounds()) return false;
+    const CssColor opaque = CssColor::FromBgr(color);
+    styles_.SetBackground(body, opaque);
+    boxes_.SetBackground(body, opaque);
+    flow_.ForgetLayouts();
+    options_.background = color;
+    return true;
+}
+
 PageBoxId ShownPage::BoxOf(HtmlNodeId node, std::size_t unit) const {
     return boxes_.BoxOf(node, unit);
 }

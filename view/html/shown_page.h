@@ -31,6 +31,9 @@ class ShownPage {
               PagePictures& pictures, LineLayout& lines, const PageRenderOptions& options);
 
     const PageRenderOptions& Options() const { return options_; }
+    // In place of the body's own, without styling and measuring the page again. False where other
+    // elements follow it.
+    bool SetBackground(Color color);
     const CssPageStyles& Styles() const { return styles_; }
     const PageBoxes& Boxes() const { return boxes_; }
     PageFlow& Flow() { return flow_; }

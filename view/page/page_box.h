@@ -118,6 +118,8 @@ class PageBoxes {
     PageBoxId CanvasBox() const { return canvas_; }
     const PageCounters& Counters() const { return *counters_; }
     CssColor CanvasBackground() const { return boxes_[canvas_].style->background; }
+    // Of the boxes that an element makes, but not of what is generated in it.
+    void SetBackground(HtmlNodeId element, CssColor color);
 
   private:
     friend class PageBoxStack;

@@ -14,6 +14,17 @@ const CssBoxStyle anonymousStyle = [] {
 }();
 } // namespace
 
+void PageBoxes::SetBackground(HtmlNodeId element, CssColor color) {
+    const PageBoxId first = BoxOf(element);
+    for (PageBoxId id = first; id != noPageBox && id < boxes_[first].end; ++id) {
+        PageBox& box = boxes_[id];
+        if (box.node != element || IsGenerated(box)) continue;
+        CssBoxStyle style = *box.style;
+        style.background = color;
+        box.style = styles_->Find(style).value;
+    }
+}
+
 PageBoxStack::PageBoxStack(const HtmlTree& tree, const CssPageStyles& styles,
                            const PageWeights& weights)
     : tree_(tree), styles_(styles), weights_(weights) {

@@ -24,14 +24,18 @@ PageFlow::PageFlow(PageLayouter& layouter)
 void PageFlow::SetWidth(double width) {
     if (width == width_) return;
     width_ = width;
-    kept_.clear();
-    keptWeight_ = 0;
+    ForgetLayouts();
     nextToMeasure_ = 0;
     std::vector<double> estimates;
     estimates.reserve(zones_.size());
     for (const PageZone& zone : zones_)
         estimates.push_back(Estimate(zone));
     heights_ = HeightIndex(estimates);
+}
+
+void PageFlow::ForgetLayouts() {
+    kept_.clear();
+    keptWeight_ = 0;
 }
 
 // Letters are about half as wide as high, and a paragraph has a line's space.

@@ -14,6 +14,8 @@ class PageFlow {
     // Device pixels. What was laid out for another width is forgotten.
     void SetWidth(double width);
     double Width() const { return width_; }
+    // For colours that have changed: heights stay.
+    void ForgetLayouts();
 
     std::size_t ZoneCount() const { return zones_.size(); }
     const PageZone& Zone(std::size_t zone) const { return zones_[zone]; }
