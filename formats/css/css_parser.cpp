@@ -13,37 +13,57 @@ namespace {
 
 using Kind = CssToken::Kind;
 
-// Rules may stand at the top, in the block of an `@media`, or be the declarations of an attribute.
-class Parser {
+// Of a rule, or of an attribute: a page may have one at each element, so nothing is made for it
+// that only sheets need.
+class DeclarationParser {
   public:
-    Parser(std::u16string_view text, const CssReading& reading, CssSheet& sheet)
-        : tokens_(text.substr(0, maxCssUnits)), reading_(reading), sheet_(sheet) {}
+    DeclarationParser(std::u16string_view text, const CssReading& reading, CssBlock& block)
+        : tokens_(text.substr(0, maxCssUnits)), reading_(reading), block_(block) {
+        construct_.reserve(usualTokens);
+    }
 
-    void ReadRules(int depth, bool applies);
     void ReadDeclarations();
 
-  private:
+  protected:
     enum class Stop : std::uint8_t { End, Semicolon, OpenCurly, CloseCurly };
     // Tokens from `first` on up to what ends this construct, which is passed.
     Stop Collect(CssToken first, bool semicolonEnds, bool curlyEnds);
     void SkipBlock();
+
+    CssTokenizer tokens_;
+    const CssReading& reading_;
+    CssBlock& block_;
+    std::vector<CssToken> construct_;
+    bool overflow_ = false; // the construct is longer than anybody writes
+
+  private:
+    static constexpr std::size_t usualTokens = 16; // of a declaration
+
+    void ReadDeclaration();
+};
+
+// Rules may stand at the top, or in the block of an `@media`.
+class Parser : private DeclarationParser {
+  public:
+    Parser(std::u16string_view text, const CssReading& reading, CssSheet& sheet)
+        : DeclarationParser(text, reading, sheet.block), sheet_(sheet) {}
+
+    void ReadRules(int depth, bool applies);
+
+  private:
     // False for one that ends with the block that it stands in.
     bool ReadAtRule(const CssToken& keyword, int depth, bool applies);
     bool ReadRule(const CssToken& first, int depth, bool applies);
     std::optional<bool> ConditionHolds(const CssToken& keyword);
     void ReadImport();
     void AddRule(std::span<const CssSelector> selectors, std::size_t firstDeclaration);
-    void ReadDeclaration();
 
-    CssTokenizer tokens_;
-    const CssReading& reading_;
     CssSheet& sheet_;
-    std::vector<CssToken> construct_;
-    bool overflow_ = false;     // the construct is longer than anybody writes
     bool importsEnded_ = false; // another rule has come
 };
 
-Parser::Stop Parser::Collect(CssToken first, bool semicolonEnds, bool curlyEnds) {
+DeclarationParser::Stop DeclarationParser::Collect(CssToken first, bool semicolonEnds,
+                                                   bool curlyEnds) {
     construct_.clear();
     overflow_ = false;
     CssBrackets brackets;
@@ -65,7 +85,7 @@ Parser::Stop Parser::Collect(CssToken first, bool semicolonEnds, bool curlyEnds)
 }
 
 // Behind its "{".
-void Parser::SkipBlock() {
+void DeclarationParser::SkipBlock() {
     CssBrackets brackets;
     CssToken open;
     open.kind = Kind::OpenCurly;
@@ -167,7 +187,7 @@ void Parser::AddRule(std::span<const CssSelector> selectors, std::size_t firstDe
 }
 
 // Behind a "{", or of an attribute, up to its end.
-void Parser::ReadDeclarations() {
+void DeclarationParser::ReadDeclarations() {
     while (true) {
         tokens_.ForgetTexts();
         const CssToken token = tokens_.Next();
@@ -183,13 +203,13 @@ void Parser::ReadDeclarations() {
     }
 }
 
-void Parser::ReadDeclaration() {
-    if (sheet_.block.declarations.size() >= maxCssDeclarations) return;
+void DeclarationParser::ReadDeclaration() {
+    if (block_.declarations.size() >= maxCssDeclarations) return;
     CssTokenStream tokens(construct_);
     const CssToken name = tokens.Next();
     if (!name.Is(Kind::Ident) || !tokens.Take(Kind::Colon)) return;
     const std::span<const CssToken> rest = std::span(construct_).subspan(tokens.Place());
-    ReadCssDeclaration(name.text, rest, reading_, sheet_.block);
+    ReadCssDeclaration(name.text, rest, reading_, block_);
 }
 
 } // namespace
@@ -201,7 +221,7 @@ CssSheet ReadCss(std::u16string_view text, const CssReading& reading) {
 }
 
 CssBlock ReadCssBlock(std::u16string_view text, const CssReading& reading) {
-    CssSheet sheet;
-    Parser(text, reading, sheet).ReadDeclarations();
-    return std::move(sheet.block);
+    CssBlock block;
+    DeclarationParser(text, reading, block).ReadDeclarations();
+    return block;
 }

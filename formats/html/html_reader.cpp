@@ -14,8 +14,9 @@ HtmlTree ReadHtml(std::u16string text) {
     return tree;
 }
 
-HtmlFile ReadHtmlFile(std::string_view bytes, int bookCodePage, int systemCodePage) {
+HtmlFile ReadHtmlFile(std::string bytes, int bookCodePage, int systemCodePage) {
     DecodedHtml decoded = DecodeHtml(bytes, bookCodePage, systemCodePage);
+    bytes = std::string();
     HtmlFile file{ReadHtml(std::move(decoded.text)), decoded.codePage};
     if (IsVisualOrder(decoded.codePage)) file.tree.SetVisualOrder();
     return file;

@@ -14,4 +14,6 @@ struct HtmlFile {
     HtmlTree tree;
     int codePage = 0; // of DecodeHtml
 };
-HtmlFile ReadHtmlFile(std::string_view bytes, int bookCodePage, int systemCodePage);
+// The bytes are given up as soon as they are decoded: a page may have a hundred megabytes of
+// pictures in its text.
+HtmlFile ReadHtmlFile(std::string bytes, int bookCodePage, int systemCodePage);

@@ -84,7 +84,7 @@ SvgSize SizeOfSvg(const HtmlTree& tree, HtmlNodeId svg) {
 
 SvgSize SizeOfSvg(std::string_view bytes) {
     if (!IsSvg(bytes)) return {};
-    const HtmlFile file = ReadHtmlFile(bytes.substr(0, rootBytes), utf8, utf8);
+    const HtmlFile file = ReadHtmlFile(std::string(bytes.substr(0, rootBytes)), utf8, utf8);
     const HtmlNodeId svg = SvgRoot(file.tree);
     return svg == noHtmlNode ? SvgSize{} : SizeOfSvg(file.tree, svg);
 }

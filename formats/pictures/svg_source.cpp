@@ -216,7 +216,7 @@ std::string SafeSvg(const HtmlTree& tree, HtmlNodeId svg) {
 
 std::string SafeSvg(std::string_view bytes) {
     if (!IsSvg(bytes) || bytes.size() > maxSvgFileBytes) return {};
-    const HtmlFile file = ReadHtmlFile(bytes, utf8, utf8);
+    const HtmlFile file = ReadHtmlFile(std::string(bytes), utf8, utf8);
     const HtmlNodeId svg = SvgRoot(file.tree);
     return svg == noHtmlNode ? std::string() : SafeSvg(file.tree, svg);
 }

@@ -23,16 +23,16 @@ std::u16string Collapsed(std::u16string_view text) {
     return result;
 }
 
-HtmlFile ReadPage(std::string_view bytes, int systemCodePage) {
-    HtmlFile file = ReadHtmlFile(bytes, 0, systemCodePage);
+HtmlFile ReadPage(std::string bytes, int systemCodePage) {
+    HtmlFile file = ReadHtmlFile(std::move(bytes), 0, systemCodePage);
     if (auto links = LinksOfFrames(file.tree)) file.tree = ReadHtml(*std::move(links));
     return file;
 }
 } // namespace
 
-LoadedPage::LoadedPage(std::u16string path, std::string_view bytes, int systemCodePage)
+LoadedPage::LoadedPage(std::u16string path, std::string bytes, int systemCodePage)
     : path_(std::move(path)) {
-    HtmlFile page = ReadPage(bytes, systemCodePage);
+    HtmlFile page = ReadPage(std::move(bytes), systemCodePage);
     tree_ = std::move(page.tree);
     codePage_ = page.codePage;
 }

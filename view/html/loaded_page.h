@@ -14,7 +14,7 @@
 class LoadedPage {
   public:
     // `systemCodePage` is for pages that do not say their charset.
-    LoadedPage(std::u16string path, std::string_view bytes, int systemCodePage);
+    LoadedPage(std::u16string path, std::string bytes, int systemCodePage);
 
     const std::u16string& Path() const { return path_; }
     const HtmlTree& Tree() const { return tree_; }

@@ -51,7 +51,7 @@ void PaneHtmlView::Load(const std::u16string& path, int page) {
     if (status != ReadStatus::Ok) return ShowNotice(NoticeOf(status));
     zoom_ = {}; // keys pressed while it loaded are of the page before
     posted_.clear();
-    Pane().Show(std::make_unique<LoadedPage>(path, bytes, systemCodePage_));
+    Pane().Show(std::make_unique<LoadedPage>(path, std::move(bytes), systemCodePage_));
     if (onLoaded) onLoaded(page, HtmlFileUrl(path));
 }
 
