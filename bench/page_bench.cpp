@@ -2,6 +2,7 @@
 // a place within it, and at its end.
 //
 //   page_bench [folder of books]        War and Peace as a page is looked for there
+//   page_bench PAGE...                  these pages alone
 #include "bench/bench_folder.h"
 #include "bench/stopwatch.h"
 #include "formats/html/html_reader.h"
@@ -120,6 +121,11 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     const std::filesystem::path books = argc > 1 ? argv[1] : "../shared/books";
+    if (argc > 1 && !std::filesystem::is_directory(books)) {
+        for (int i = 1; i < argc; ++i)
+            BenchPage(argv[i], argv[i]);
+        return 0;
+    }
     const std::filesystem::path book = books / "htm/War and Peace.htm";
     if (std::filesystem::exists(book)) BenchPage("War and Peace", book);
     BenchMadePages();
