@@ -60,8 +60,8 @@ char16_t NameUnit(const HtmlEntity& entity, std::size_t index) {
 
 constexpr char firstLetter = 'A', lastLetter = 'z'; // that names begin with
 
-// Where the names begin that have a first letter or a later one: as many searches are saved as
-// there are references, which are every quotation mark in some books.
+// Where the names with a first letter, or a later one, begin: it is not searched for, as some books
+// write every quotation mark as a reference.
 constexpr auto firstNames = [] {
     std::array<std::uint16_t, lastLetter - firstLetter + 2> firsts{};
     std::uint16_t name = 0;

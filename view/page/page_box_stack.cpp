@@ -18,7 +18,7 @@ void PageBoxes::SetBackground(HtmlNodeId element, CssColor color) {
     const PageBoxId first = BoxOf(element);
     for (PageBoxId id = first; id != noPageBox && id < boxes_[first].end; ++id) {
         PageBox& box = boxes_[id];
-        if (box.node != element || IsGenerated(box)) continue;
+        if (box.node != element || box.isFirstLetter || IsGenerated(box)) continue;
         CssBoxStyle style = *box.style;
         style.background = color;
         box.style = styles_->Find(style).value;
