@@ -1,12 +1,12 @@
 #include "platform/qt/text_view/line_layout/layout_segment.h"
 
 #include "common/text_characters.h"
-#include "common/text_words.h"
 #include "common/unicode.h"
-#include "platform/qt/text_view/line_layout/line_edges.h"
+#include "platform/qt/text_view/line_layout/line_breaking.h"
 #include "platform/qt/text_view/line_layout/line_places.h"
 #include "platform/qt/text_view/line_layout/qt_line_layout.h"
 #include "platform/qt/text_view/line_layout/segment_formats.h"
+#include "platform/qt/text_view/line_layout/segment_text.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -14,8 +14,6 @@
 #include <algorithm>
 
 namespace {
-constexpr char16_t zeroWidthSpace = 0x200B, wordJoiner = 0x2060;
-
 // QTextLayout takes tab stops in the resolution of the primary screen and scales them to its
 // device.
 double TabStop(const QPaintDevice& device, double pixels) {
@@ -47,115 +45,6 @@ QTextOption OptionOf(const ParagraphText& paragraph, TextPos start, const QPaint
     option.setAlignment(Qt::AlignLeft); // see Stretch
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     return option;
-}
-
-// Lines with spaces between words only. A line before a line break keeps its width, and so does a
-// line with a tab, where text would leave its column.
-bool IsJustifiedLine(const QString& text, const QTextLine& line) {
-    const int end = line.textStart() + line.textLength();
-    if (end >= text.size() || text[end - 1] == QChar::LineSeparator) return false;
-    const QStringView words =
-        QStringView(text).sliced(line.textStart(), line.textLength()).trimmed();
-    return words.contains(u' ') && !words.contains(u'\t');
-}
-
-// Sets another width unless the line would then break elsewhere.
-bool ChangeWidth(QTextLine& line, double width) {
-    const double before = line.width();
-    const int length = line.textLength();
-    line.setLineWidth(width);
-    if (line.textLength() == length) return true;
-    line.setLineWidth(before);
-    return false;
-}
-
-// As narrow as the width, or as near to it as the ink of the last letter allows: a justified line
-// is stretched to all of its width.
-bool Shrink(QTextLine& line, double width, double maxInk) {
-    constexpr double step = 0.5;
-    for (double more = 0; more <= maxInk; more += step)
-        if (ChangeWidth(line, width + more)) return true;
-    return false;
-}
-
-// Whether lines are as wide as the advances of their letters. QTextLayout itself wants room for the
-// ink of the last letter, too.
-bool GoesByAdvances(const ParagraphText& paragraph) {
-    return static_cast<const QtStyle&>(*paragraph.runs.front().style).exactSize &&
-           !paragraph.rightToLeft;
-}
-
-// A word, or all there is: its width may be the one that was measured.
-bool IsUnbroken(const QString& text, const QTextLine& line) {
-    const int end = line.textStart() + line.textLength();
-    if (end >= text.size() || text[end - 1] == QChar::LineSeparator) return true;
-    return !QStringView(text).sliced(line.textStart(), line.textLength()).trimmed().contains(u' ');
-}
-
-bool EndsWithinCharacter(const QTextLayout& text, const QTextLine& line) {
-    return !IsCharacterStart(text, line.textStart() + line.textLength());
-}
-
-// Where a line has no room for a word, it may be broken within a character of several scripts or
-// fonts.
-void KeepCharacter(const QTextLayout& text, QTextLine& line) {
-    constexpr int maxSteps = 64;
-    const double step = std::max(1.0, line.height() / 8), before = line.width();
-    for (int i = 1; i <= maxSteps && EndsWithinCharacter(text, line); ++i)
-        line.setLineWidth(before + i * step);
-    if (EndsWithinCharacter(text, line)) line.setLineWidth(before); // as for thousands of marks
-}
-
-void BreakByAdvances(const ParagraphText& paragraph, const QTextLayout& text, QTextLine& line,
-                     int width) {
-    const auto& style = static_cast<const QtStyle&>(*paragraph.runs.front().style);
-    const double room = width / (1 + style.cutOff);
-    line.setLineWidth(width + style.maxInk);
-    constexpr int maxWords = 4; // in the room for ink
-    for (int i = 0; i < maxWords; ++i) {
-        const double advance = line.horizontalAdvance();
-        if (advance <= (IsUnbroken(text.text(), line) ? width : room)) break;
-        line.setLineWidth(i + 1 < maxWords ? std::max(1.0, advance - 1.0 / 32) : width);
-    }
-    // The next word may fit into the whole width by Qt's own count; a line that is a little
-    // narrower is stretched all the same.
-    for (const double less : {0.0, width - room, 1.0, 2.0, 3.0})
-        if (ChangeWidth(line, width - less)) return;
-    if (!Shrink(line, width, style.maxInk)) ChangeWidth(line, line.naturalTextWidth());
-}
-
-bool EndsWith(const QString& text, const QTextLine& line, QChar unit) {
-    const int end = line.textStart() + line.textLength();
-    return end > 0 && text[end - 1] == unit;
-}
-
-// As long as it is not broken anew, a stretched line remains so, whatever the layout's alignment:
-// with another one, the others of its paragraph remain as they are.
-void Stretch(QTextLayout& text, const QTextLine& line) {
-    const QTextOption own = text.textOption();
-    QTextOption justify = own;
-    justify.setAlignment(Qt::AlignJustify);
-    text.setTextOption(justify);
-    line.naturalTextRect();
-    text.setTextOption(own);
-}
-
-// Breaks the line; returns whether it is stretched.
-bool BreakLine(const ParagraphText& paragraph, QTextLayout& text, QTextLine& line, int width,
-               bool byAdvances) {
-    if (byAdvances)
-        BreakByAdvances(paragraph, text, line, width);
-    else
-        line.setLineWidth(width);
-    KeepCharacter(text, line);
-    const bool stretched = paragraph.justified && IsJustifiedLine(text.text(), line);
-    constexpr double rounding = 0.5;
-    if (!stretched || line.horizontalAdvance() > width + rounding) return false;
-    if (EndsWith(text.text(), line, u'\t')) return false;
-    const double spaces = paragraph.rightToLeft ? TrailingSpacesWidth(text, line) : 0;
-    if (spaces > 0 && !ChangeWidth(line, line.width() + spaces)) return false;
-    Stretch(text, line);
-    return true;
 }
 
 bool Has(const QTextLayout& text, const QTextLine& line, QChar unit) {
@@ -269,64 +158,6 @@ LayoutSegment LayOut(const ParagraphText& paragraph, const QString& text, TextPo
     return segment;
 }
 
-bool IsMark(const QString& text, qsizetype at) {
-    if (at >= text.size()) return false;
-    const QStringView rest = QStringView(text).sliced(at);
-    const char32_t character =
-        FirstCharacter(std::u16string_view(rest.utf16(), std::size_t(rest.size())));
-    const ClusterJoin join = ClusterJoinOf(character);
-    return join == ClusterJoin::Extending || join == ClusterJoin::Joiner;
-}
-
-bool IsGlue(char16_t unit) {
-    return unit == wordJoiner || unit == u'\uFEFF';
-}
-
-// QTextLayout breaks lines behind every space, even before a mark on it or a word joiner.
-void KeepSpaces(QString& text) {
-    constexpr char16_t firstMark = 0x300;
-    for (qsizetype at = 1; at < text.size(); ++at) {
-        if (text[at] < QChar(firstMark) || !IsBreakingSpace(text[at - 1].unicode())) continue;
-        if (text[at] == QChar(wordJoiner) || IsMark(text, at)) text[at - 1] = QChar::Nbsp;
-    }
-}
-
-// In front of a line separator it counts some spaces to the line and some not.
-void HideSpacesBeforeBreaks(QString& text) {
-    for (qsizetype end = text.indexOf(QChar::LineSeparator); end >= 0;
-         end = text.indexOf(QChar::LineSeparator, end + 1))
-        for (qsizetype at = end - 1; at >= 0 && IsBreakingSpace(text[at].unicode()); --at)
-            text[at] = QChar(zeroWidthSpace);
-}
-
-// A hyphen that a line ends with is drawn, even where it breaks for a space or does not break.
-void HideHyphensAtEnds(QString& text) {
-    for (qsizetype at = text.size() - 1; at >= 0; --at) {
-        if (text[at] != QChar::SoftHyphen) continue;
-        const char16_t next = at + 1 < text.size() ? text[at + 1].unicode() : u'\u2028';
-        const bool isSpace =
-            next == zeroWidthSpace || next == u'\u2028' || next == u'\t' || IsBreakingSpace(next);
-        if (isSpace || next == QChar::SoftHyphen || IsMark(text, at + 1))
-            text[at] = QChar(zeroWidthSpace);
-        else if (IsGlue(next))
-            text[at] = QChar(wordJoiner);
-    }
-}
-
-// The paragraph's text as QTextLayout gets it.
-QString SegmentText(const ParagraphText& paragraph) {
-    QString text = QStringView(paragraph.text).toString();
-    KeepSpaces(text);
-    HideSpacesBeforeBreaks(text);
-    HideHyphensAtEnds(text);
-    for (const InlineBox& box : paragraph.boxes) {
-        text[box.at] = boxPlaceholder;
-        // Marks on it would be as wide as it is.
-        for (qsizetype at = box.at + 1; IsMark(text, at); ++at)
-            text[at] = QChar(zeroWidthSpace);
-    }
-    return text;
-}
 } // namespace
 
 std::vector<LayoutSegment> LayOutSegments(const ParagraphText& paragraph, QPaintDevice& device) {

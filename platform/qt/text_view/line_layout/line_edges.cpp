@@ -31,6 +31,14 @@ LineEdges::LineEdges(QTextLayout& layout, const QTextLine& line, bool rightToLef
     layout.setTextOption(option);
 }
 
+bool IsSpace(QChar unit) {
+    return unit.isSpace() && unit != QChar::LineSeparator;
+}
+
+int LineEnd(const QTextLine& line) {
+    return line.textStart() + line.textLength();
+}
+
 bool IsRightToLeft(const QTextLayout& layout) {
     return layout.textOption().textDirection() == Qt::RightToLeft;
 }

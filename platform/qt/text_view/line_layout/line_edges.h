@@ -4,10 +4,6 @@
 
 #include <QTextLayout>
 
-// Represents a box in the layout; transparent, and widened to the box by letter spacing. It is
-// neutral in direction, and a line may break on both sides of it.
-constexpr char16_t boxPlaceholder = u'\u2014';
-
 // Places of the caret: between characters with their marks (grapheme clusters). Qt 6.4 has some
 // within pairs of surrogates beside Thai.
 bool IsCharacterStart(const QTextLayout& layout, int at);
@@ -35,6 +31,10 @@ class LineEdges {
     QTextOption own_;
 };
 
+constexpr double edgeRounding = 1.0 / 32; // Qt counts in 64ths of a pixel
+
+bool IsSpace(QChar unit);
+int LineEnd(const QTextLine& line);
 bool IsRightToLeft(const QTextLayout& layout);
 bool IsWrapped(const QTextLayout& layout, const QTextLine& line);
 // Of the spaces at the line's end that are not drawn.

@@ -1,8 +1,8 @@
 #include "platform/qt/text_view/line_layout/segment_formats.h"
 
-#include "platform/qt/text_view/line_layout/line_edges.h"
 #include "platform/qt/text_view/line_layout/pinned_fonts.h"
 #include "platform/qt/text_view/line_layout/qt_line_layout.h"
+#include "platform/qt/text_view/line_layout/segment_text.h"
 
 #include <QFontMetricsF>
 
