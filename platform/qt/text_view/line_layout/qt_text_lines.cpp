@@ -16,14 +16,14 @@ const TextLine& QtTextLines::Line(int index) const {
     return segments_[place.segment].metrics[std::size_t(place.line)];
 }
 
-QTextLine QtTextLines::At(int index) const {
-    return SegmentAt(index).text->lineAt(places_[std::size_t(index)].line);
+QTextLine QtTextLines::At(int line) const {
+    return SegmentAt(line).text->lineAt(places_[std::size_t(line)].line);
 }
 
-const LinePlaces& QtTextLines::PlacesIn(int index) const {
-    const LayoutSegment& segment = SegmentAt(index);
-    if (!asked_ || asked_->index != index)
-        asked_.emplace(AskedLine{index, {*segment.text, At(index), segment.isUnidirectional}});
+const LinePlaces& QtTextLines::PlacesIn(int line) const {
+    const LayoutSegment& segment = SegmentAt(line);
+    if (!asked_ || asked_->index != line)
+        asked_.emplace(AskedLine{line, {*segment.text, At(line), segment.isUnidirectional}});
     return asked_->places;
 }
 
@@ -50,40 +50,40 @@ TextPos QtTextLines::LastPosition(int line) const {
     return line + 1 == Count() ? Line(line).end : PreviousPosition(Line(line).end);
 }
 
-double QtTextLines::CaretX(int index, TextPos position) const {
-    const TextPos within = std::clamp(position, Line(index).start, Line(index).end);
-    return PlacesIn(index).CaretX(within - SegmentAt(index).start);
+double QtTextLines::CaretX(int line, TextPos position) const {
+    const TextPos within = std::clamp(position, Line(line).start, Line(line).end);
+    return PlacesIn(line).CaretX(within - SegmentAt(line).start);
 }
 
-TextExtent QtTextLines::CharacterExtent(int index, TextPos position) const {
-    const TextPos within = std::clamp(position, Line(index).start, Line(index).end);
-    return PlacesIn(index).ExtentOf(within - SegmentAt(index).start);
+TextExtent QtTextLines::CharacterExtent(int line, TextPos position) const {
+    const TextPos within = std::clamp(position, Line(line).start, Line(line).end);
+    return PlacesIn(line).ExtentOf(within - SegmentAt(line).start);
 }
 
-std::vector<TextExtent> QtTextLines::Extents(int index, TextPos start, TextPos end) const {
-    const TextPos from = std::max(start, Line(index).start), to = std::min(end, Line(index).end);
-    const TextPos origin = SegmentAt(index).start;
+std::vector<TextExtent> QtTextLines::Extents(int line, TextPos start, TextPos end) const {
+    const TextPos from = std::max(start, Line(line).start), to = std::min(end, Line(line).end);
+    const TextPos origin = SegmentAt(line).start;
     if (from >= to) return {};
-    return PlacesIn(index).Extents(from - origin, to - origin);
+    return PlacesIn(line).Extents(from - origin, to - origin);
 }
 
-TextPos QtTextLines::PositionAt(int index, double x) const {
-    const TextPos last = std::max(Line(index).start, LastPosition(index));
-    return std::min(last, SegmentAt(index).start + PlacesIn(index).CaretAt(x));
+TextPos QtTextLines::PositionAt(int line, double x) const {
+    const TextPos last = std::max(Line(line).start, LastPosition(line));
+    return std::min(last, SegmentAt(line).start + PlacesIn(line).CaretAt(x));
 }
 
-TextPos QtTextLines::CharacterAt(int index, double x) const {
-    return SegmentAt(index).start + PlacesIn(index).CharacterAt(x);
+TextPos QtTextLines::CharacterAt(int line, double x) const {
+    return SegmentAt(line).start + PlacesIn(line).CharacterAt(x);
 }
 
-void QtTextLines::Draw(Canvas& canvas, int index, int left, int baseline,
+void QtTextLines::Draw(Canvas& canvas, int line, int left, int baseline,
                        const LinePaint& paint) const {
-    const QTextLine line = At(index);
+    const QTextLine laidOut = At(line);
     QPainter& painter = static_cast<QtCanvas&>(canvas).Painter();
     // It is drawn at its own position in the layout.
-    const QPointF place(left - line.x(), baseline - line.ascent() - line.y());
+    const QPointF place(left - laidOut.x(), baseline - laidOut.ascent() - laidOut.y());
     painter.setPen(ToQColor(paint.text));
-    if (paint.within.empty() && paint.without.empty()) return line.draw(&painter, place);
+    if (paint.within.empty() && paint.without.empty()) return laidOut.draw(&painter, place);
     QRegion region(ToQRect(paint.clip));
     for (const Rect& box : paint.without)
         region -= ToQRect(box);
@@ -92,14 +92,14 @@ void QtTextLines::Draw(Canvas& canvas, int index, int left, int baseline,
         within += ToQRect(box);
     painter.save();
     painter.setClipRegion(paint.within.empty() ? region : region & within);
-    QTextLayout& layout = *SegmentAt(index).text;
+    QTextLayout& layout = *SegmentAt(line).text;
     const QTextOption normal = layout.textOption();
     if (paint.oneColor) {
         QTextOption oneColor = normal;
         oneColor.setFlags(normal.flags() | QTextOption::SuppressColors);
         layout.setTextOption(oneColor);
     }
-    line.draw(&painter, place);
+    laidOut.draw(&painter, place);
     if (paint.oneColor) layout.setTextOption(normal);
     painter.restore();
 }
