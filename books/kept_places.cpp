@@ -30,9 +30,9 @@ KeptWords ParseKept(std::u16string_view value) {
 std::int64_t LongNumber(std::u16string_view digits) {
     std::int64_t value = 0;
     for (const char16_t digit : digits) {
+        if (digit < u'0' || digit > u'9') return 0;
         const std::int64_t added = digit - u'0';
-        const bool fits = value <= (std::numeric_limits<std::int64_t>::max() - added) / 10;
-        if (added < 0 || added > 9 || !fits) return 0;
+        if (value > (std::numeric_limits<std::int64_t>::max() - added) / 10) return 0;
         value = value * 10 + added;
     }
     return value;

@@ -31,7 +31,7 @@ void MakeShortcut(const std::wstring& shortcut, const std::wstring& target) {
 }
 
 void Write(const std::wstring& path, std::string_view bytes) {
-    REQUIRE(WinFiles().Replace(FromWide(path), bytes, false));
+    REQUIRE(WinFiles().Replace(FromWide(path), bytes, WriteTime::Now));
 }
 
 Paths Dropped(const std::wstring& path) {
