@@ -39,7 +39,7 @@ LoadedPage::LoadedPage(std::u16string path, std::string bytes, int systemCodePag
 
 const LoadedPage::CountedPage& LoadedPage::CountedNow() const {
     if (counted_) return *counted_;
-    counted_.emplace(HtmlPageText(tree_), std::vector<std::uint32_t>(tree_.NodeCount() + 1));
+    counted_ = CountedPage{HtmlPageText(tree_), std::vector<std::uint32_t>(tree_.NodeCount() + 1)};
     const auto& pieces = counted_->text.pieces;
     for (std::size_t i = 0; i < pieces.size(); ++i)
         counted_->pieceOfNode[pieces[i].node] = std::uint32_t(i + 1);
