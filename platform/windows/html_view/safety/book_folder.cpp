@@ -59,6 +59,6 @@ bool BookFolder::Allows(std::wstring_view url) const {
 bool BookFolder::Contains(const std::wstring& path) const {
     if (!IsBelow(path, folder_)) return false;
     const WinHandle file = Open(path);
-    if (!file.IsOpen()) return false;
+    if (!file.IsOpen()) return true; // cannot be loaded anyway
     return !real_.empty() && IsRegularFile(file) && IsBelow(RealPath(file), real_);
 }
