@@ -311,8 +311,19 @@ TEST_CASE("windows text view: what is selected is painted in the selection's col
     CHECK(painted.Count({0, 0, painted.width, painted.height}, 0x0000FF) > 100);
 }
 
+namespace {
+// A window that ends asks the program to end, which would end the loops of other tests.
+struct QuitRemover {
+    ~QuitRemover() {
+        MSG quit;
+        PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
+    }
+};
+} // namespace
+
 TEST_CASE(
     "windows text view: the selection follows the system's colours, of which windows alone hear") {
+    const QuitRemover remover;
     WinWindow window;
     WinTextView view(window.ViewArea());
     window.SetPanelBounds({0, 0, 400, 300});
