@@ -21,11 +21,6 @@ namespace {
 constexpr QSize defaultSize(940, 680);
 constexpr int listWidth = 300;
 constexpr int westernCodePage = 1252; // irrelevant: the pages are ASCII
-
-// std::bad_alloc must not reach Qt.
-void CallGuarded(const std::function<void()>& function) {
-    CallHandler(function);
-}
 } // namespace
 
 HelpWidget::HelpWidget(const HelpContents& contents)

@@ -4,12 +4,6 @@
 
 bool GuardedApplication::notify(QObject* receiver, QEvent* event) {
     bool accepted = true;
-    try {
-        accepted = QApplication::notify(receiver, event);
-    } catch (const std::exception& error) {
-        ReportHandlerFailure(error.what());
-    } catch (...) {
-        ReportHandlerFailure("an exception of an unknown type");
-    }
+    CallGuarded([&] { accepted = QApplication::notify(receiver, event); });
     return accepted;
 }

@@ -3,7 +3,6 @@
 #include "platform/shared/call_handler.h"
 #include "platform/windows/resources/resource.h"
 
-#include <exception>
 
 namespace {
 
@@ -49,12 +48,7 @@ LRESULT CALLBACK WinNativeWindow::WndProc(HWND window, UINT message, WPARAM wPar
         SetWindowLongPtrW(window, GWLP_USERDATA, 0);
         self->handle_ = nullptr;
     }
-    try {
-        return self->handler_(window, message, wParam, lParam);
-    } catch (const std::exception& error) {
-        ReportHandlerFailure(error.what());
-    } catch (...) {
-        ReportHandlerFailure("an exception of an unknown type");
-    }
-    return 0;
+    LRESULT result = 0;
+    CallGuarded([&] { result = self->handler_(window, message, wParam, lParam); });
+    return result;
 }
