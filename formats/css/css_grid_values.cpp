@@ -123,8 +123,12 @@ void Add(CssShorthandReader& reader, P property, CssGrid grid) {
     reader.block.grids.push_back(std::move(grid));
 }
 
-void AddNone(CssShorthandReader& reader, P property) {
-    reader.Add(property, CssValue::OfKeyword(0));
+// `none` for an empty one.
+void AddGiven(CssShorthandReader& reader, P property, CssGrid grid) {
+    if (grid.empty())
+        reader.Add(property, CssValue::OfKeyword(0));
+    else
+        Add(reader, property, std::move(grid));
 }
 
 // A row of areas: names, and dots for cells of none. Each area is a rectangle.
@@ -255,23 +259,15 @@ std::u16string CssKeyOf(const CssGrid& grid) {
 
 bool ReadCssGridTracks(CssShorthandReader& reader, std::span<const CssProperty> properties) {
     CssGrid grid;
-    if (reader.tokens.TakeIdent(u"none"))
-        AddNone(reader, properties[0]);
-    else if (ReadTracks(reader, grid, false))
-        Add(reader, properties[0], std::move(grid));
-    else
-        return false;
+    if (!reader.tokens.TakeIdent(u"none") && !ReadTracks(reader, grid, false)) return false;
+    AddGiven(reader, properties[0], std::move(grid));
     return true;
 }
 
 bool ReadCssGridAreas(CssShorthandReader& reader, std::span<const CssProperty> properties) {
     CssGrid grid;
-    if (reader.tokens.TakeIdent(u"none"))
-        AddNone(reader, properties[0]);
-    else if (ReadAreas(reader, grid, nullptr))
-        Add(reader, properties[0], std::move(grid));
-    else
-        return false;
+    if (!reader.tokens.TakeIdent(u"none") && !ReadAreas(reader, grid, nullptr)) return false;
+    AddGiven(reader, properties[0], std::move(grid));
     return true;
 }
 
@@ -299,15 +295,9 @@ bool ReadCssGridTemplate(CssShorthandReader& reader, std::span<const CssProperty
             return false;
         }
     }
-    const auto add = [&](P property, CssGrid grid) {
-        if (grid.empty())
-            AddNone(reader, property);
-        else
-            Add(reader, property, std::move(grid));
-    };
-    add(P::GridTemplateRows, std::move(rows));
-    add(P::GridTemplateColumns, std::move(columns));
-    add(P::GridTemplateAreas, std::move(areas));
+    AddGiven(reader, P::GridTemplateRows, std::move(rows));
+    AddGiven(reader, P::GridTemplateColumns, std::move(columns));
+    AddGiven(reader, P::GridTemplateAreas, std::move(areas));
     if (properties.size() > 3)
         reader.Add(P::GridAutoFlow,
                    CssValue::Of(flowsInColumns ? CssGridFlow::Columns : CssGridFlow::Rows));

@@ -55,16 +55,15 @@ class GridLayouter {
 
   private:
     void Place() {
-        std::size_t columns = 0;
+        std::size_t columns = 0, repeated = 0;
         if (const CssGrid* written = grid_.gridColumns) {
             repetitions_ = Repetitions(*written);
-            columns = written->tracks.size() + (repetitions_ - 1) * RepeatedTracks(*written);
+            repeated = (repetitions_ - 1) * RepeatedTracks(*written);
+            columns = written->tracks.size() + repeated;
         }
         std::vector<const CssRareStyle*> styles;
         for (const PageBoxId item : items_)
             styles.push_back(layouter_.Box(item).style->rare);
-        const std::size_t repeated =
-            grid_.gridColumns ? (repetitions_ - 1) * RepeatedTracks(*grid_.gridColumns) : 0;
         placement_ = PlaceGridItems(grid_, columns, repeated, styles);
         if (grid_.gridColumns && grid_.gridColumns->collapsesEmpty) DropEmptyRepetitions();
     }

@@ -10,6 +10,11 @@
 namespace {
 constexpr double maxHeight = 900; // of columns, in CSS pixels: what most windows show
 
+double GapOf(const BoxMeasure& measure, const PageBox& box, double width) {
+    const CssLength& gap = box.style->rare->columnGap;
+    return gap.IsAuto() ? box.text->fontSize * measure.Scale() : measure.Length(gap, width);
+}
+
 class ColumnLayouter {
   public:
     ColumnLayouter(PageLayouter& layouter, PageBoxId container, double width,
@@ -18,7 +23,7 @@ class ColumnLayouter {
           style_(*box_.style->rare), width_(width), positioned_(positioned) {
         const BoxMeasure& measure = layouter_.Measure();
         const double em = box_.text->fontSize * measure.Scale();
-        gap_ = style_.columnGap.IsAuto() ? em : measure.Length(style_.columnGap, width);
+        gap_ = GapOf(measure, box_, width);
         const double narrowest = std::max(em, measure.Length(style_.columnWidth, width));
         const double most = std::max(1.0, std::floor((width + gap_) / (narrowest + gap_)));
         const bool isCounted = style_.columnCount >= 1;
@@ -197,9 +202,7 @@ WidthExtent ExtentInColumns(const PageLayouter& layouter, PageBoxId container, W
     const PageBox& box = layouter.Box(container);
     const CssRareStyle& style = *box.style->rare;
     if (style.columnCount < 1) return column;
-    const BoxMeasure& measure = layouter.Measure();
-    const double gap = style.columnGap.IsAuto() ? box.text->fontSize * measure.Scale()
-                                                : measure.Length(style.columnGap, 0);
+    const double gap = GapOf(layouter.Measure(), box, 0);
     constexpr float manyColumns = 100;
     const double count = std::min(style.columnCount, manyColumns);
     return {column.min, column.max * count + gap * (count - 1)};
