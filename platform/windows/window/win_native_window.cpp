@@ -3,7 +3,6 @@
 #include "platform/shared/call_handler.h"
 #include "platform/windows/resources/resource.h"
 
-
 namespace {
 
 HICON ProgramIcon(int widthMetric, int heightMetric) {
