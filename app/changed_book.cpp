@@ -21,7 +21,7 @@ bool SameContent(const FileVersion& a, const FileVersion& b) {
 
 constexpr std::uint64_t firstBytes = 16, lastBytes = 1024; // looked at
 
-// Behind the last character that is whole; nothing of a sequence alone.
+// After the last character that is whole; nothing of a sequence alone.
 std::string_view LastSequence(std::string_view bytes) {
     std::size_t start = bytes.size();
     while (start > 0 && (static_cast<unsigned char>(bytes[start - 1]) & 0xC0) == 0x80)

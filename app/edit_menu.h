@@ -8,5 +8,5 @@ void mEditCopy_Click(MainForm&, int);
 void mEditCopyRTF_Click(MainForm&, int); // the RTF source, as Unicode text
 void mEditAll_Click(MainForm&, int);
 void mEditFind_Click(MainForm&, int);  // asks for a text and finds it
-void mEditNext_Click(MainForm&, int);  // from behind the selection, once around the end
+void mEditNext_Click(MainForm&, int);  // from the end of the selection, once around the end
 void mEditTitle_Click(MainForm&, int); // the selection becomes the book's caption

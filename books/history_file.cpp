@@ -55,7 +55,7 @@ void SaveHistoryItem(History& history, IniFile& file, const std::u16string& prof
 }
 
 namespace {
-// What another program has put into the list comes into the menu, behind the shown book.
+// What another program has put into the list comes into the menu, after the shown book.
 void ShowMergedList(History& history, const ListLines& lines) {
     MenuArray& list = history.list;
     for (std::size_t i = 0; i < lines.size(); ++i) {

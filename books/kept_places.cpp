@@ -13,7 +13,7 @@ std::u16string KeyOf(PlacesOf view, std::u16string_view key) {
 
 constexpr std::u16string_view textKey = u"Text", fileKey = u"File", placeKey = u"Place",
                               topKey = u"Top", markKey = u"Mark-";
-// Behind words that were not found. No words hold it: it stands for the place in them, once.
+// After words that were not found. No words hold it: it stands for the place in them, once.
 constexpr std::u16string_view uncertainEnd = u"|?";
 
 std::u16string Stored(const KeptWords& words) {

@@ -37,17 +37,17 @@ std::vector<std::vector<TextPos>> LevelRuns(const BidiText& bidi) {
     return runs;
 }
 
-// Joins each run that ends with the start of an isolate to the one that goes on behind it (BD13).
+// Joins each run that ends with the start of an isolate to the one that goes on after it (BD13).
 std::vector<std::vector<TextPos>> RunSequences(const BidiText& bidi) {
     std::vector<std::vector<TextPos>> sequences;
-    std::vector<std::size_t> sequenceBehind(bidi.classes.size() + 1, 0); // by an isolate's end
+    std::vector<std::size_t> sequenceAfter(bidi.classes.size() + 1, 0); // by an isolate's end
     for (auto& run : LevelRuns(bidi)) {
-        const std::size_t joined = sequenceBehind[std::size_t(run.front())];
+        const std::size_t joined = sequenceAfter[std::size_t(run.front())];
         const std::size_t index = joined > 0 ? joined - 1 : sequences.size();
         if (joined == 0) sequences.emplace_back();
         sequences[index].insert(sequences[index].end(), run.begin(), run.end());
         const TextPos end = bidi.matching[std::size_t(run.back())];
-        if (end >= 0) sequenceBehind[std::size_t(end)] = index + 1;
+        if (end >= 0) sequenceAfter[std::size_t(end)] = index + 1;
     }
     return sequences;
 }
@@ -81,7 +81,7 @@ std::vector<BidiLevel> BidiLevels(std::u16string_view text, bool rightToLeft) {
 
 void ResetLineLevels(std::u16string_view text, TextPos start, TextPos end, bool rightToLeft,
                      std::vector<BidiLevel>& levels) {
-    bool resets = true; // behind is a tab or the line's end
+    bool resets = true; // after is a tab or the line's end
     for (TextPos at = end - 1; at >= start; --at) {
         const BidiClass bidi = BidiClassOf(text[std::size_t(at)]);
         const bool separates = bidi == BidiClass::S || bidi == BidiClass::B;

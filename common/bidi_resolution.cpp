@@ -23,7 +23,7 @@ class Sequence {
         start_ = DirectionOf(std::max(level_, LevelBefore(places.front())));
         const TextPos last = places.back();
         const bool open = IsIsolateStart(bidi.Class(last)); // to the end of the paragraph
-        end_ = DirectionOf(std::max(level_, open ? bidi.base : LevelBehind(last)));
+        end_ = DirectionOf(std::max(level_, open ? bidi.base : LevelAfter(last)));
     }
 
     void Resolve() {
@@ -45,7 +45,7 @@ class Sequence {
         }
         return at < 0 ? bidi_.base : bidi_.Level(at);
     }
-    BidiLevel LevelBehind(TextPos at) const {
+    BidiLevel LevelAfter(TextPos at) const {
         while (++at < bidi_.Size() && bidi_.Class(at) == BN) {
         }
         return at == bidi_.Size() ? bidi_.base : bidi_.Level(at);
@@ -72,8 +72,8 @@ class Sequence {
 
     void ResolveSeparators() { // W4
         for (std::size_t i = 1; i + 1 < Count(); ++i) {
-            const BidiClass before = At(i - 1), behind = At(i + 1);
-            if (before != behind) continue;
+            const BidiClass before = At(i - 1), after = At(i + 1);
+            if (before != after) continue;
             if (before == EN && (At(i) == ES || At(i) == CS)) At(i) = EN;
             if (before == AN && At(i) == CS) At(i) = AN;
         }
@@ -109,9 +109,9 @@ class Sequence {
             while (to < Count() && IsNeutral(At(to)))
                 ++to;
             const BidiClass before = i > 0 ? AsStrong(At(i - 1)) : start_;
-            const BidiClass behind = to < Count() ? AsStrong(At(to)) : end_;
+            const BidiClass after = to < Count() ? AsStrong(At(to)) : end_;
             for (; i < to; ++i)
-                At(i) = before == behind ? before : DirectionOf(level_);
+                At(i) = before == after ? before : DirectionOf(level_);
             ++i;
         }
     }

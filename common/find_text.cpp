@@ -36,12 +36,12 @@ namespace {
 bool StandsAlone(std::u16string_view text, std::size_t at, std::size_t length) {
     const bool joinedBefore = at > 0 && IsWordUnit(text[at - 1]) && IsWordUnit(text[at]);
     const std::size_t end = at + length;
-    const bool joinedBehind =
+    const bool joinedAfter =
         end < text.size() && IsWordUnit(text[end]) && IsWordUnit(text[end - 1]);
-    return !joinedBefore && !joinedBehind;
+    return !joinedBefore && !joinedAfter;
 }
 
-// Each unit that is folded to another one, behind that one, in order.
+// Each unit that is folded to another one, after that one, in order.
 using Fold = std::pair<char16_t, char16_t>;
 
 std::vector<Fold> AllFolds() {
@@ -122,7 +122,7 @@ template <std::size_t maxForms>
 std::size_t TextSearch::FindWith(std::u16string_view text, std::size_t start) const {
     const auto first = First<maxForms>(first_), last = First<maxForms>(last_);
     const std::size_t lastOffset = what_.size() - 1;
-    const std::size_t end = text.size() - lastOffset; // no match begins here or behind
+    const std::size_t end = text.size() - lastOffset; // no match begins here or after
     while (start < end) {
         const std::size_t blockEnd = std::min(start + blockSize, end);
         const char16_t* const begins = text.data() + start;

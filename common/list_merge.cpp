@@ -43,7 +43,7 @@ ListLines MergedList(const ListLines& base, const ListLines& ours, const ListLin
         const auto key = keyOf(line);
         if (!before.contains(key) && known.insert(key).second) added.push_back(line);
     }
-    const auto behindFirst = merged.begin() + (merged.empty() ? 0 : 1);
-    merged.insert(behindFirst, added.begin(), added.end());
+    const auto afterFirst = merged.begin() + (merged.empty() ? 0 : 1);
+    merged.insert(afterFirst, added.begin(), added.end());
     return merged;
 }

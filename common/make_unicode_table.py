@@ -18,7 +18,7 @@ MARKS_APART = {0x102B, 0x102C, 0x1038, *range(0x1062, 0x1065), *range(0x1067, 0x
 # No marks, but joined to the character before: Thai and Lao AM, halfwidth Katakana sounds, the zero width non-joiner,
 # skin tones, tags.
 EXTENDING = {0x0E33, 0x0EB3, 0xFF9E, 0xFF9F, 0x200C, *range(0x1F3FB, 0x1F400), *range(0xE0020, 0xE0080)}
-# Joined to the character behind: number and poetry signs, and letters that stand before a consonant as a sign.
+# Joined to the character after: number and poetry signs, and letters that stand before a consonant as a sign.
 PREPENDED = {*range(0x0600, 0x0606), 0x06DD, 0x070F, 0x0890, 0x0891, 0x08E2, 0x0D4E, 0x110BD, 0x110CD, 0x111C2, 0x111C3,
              0x1193F, 0x11941, 0x11A3A, *range(0x11A84, 0x11A8A), 0x11D46}
 

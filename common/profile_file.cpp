@@ -54,7 +54,7 @@ void ProfileFile::Index() {
     }
 }
 
-// Zeros among the text could make a reader take it for UTF-16; behind the mark of UTF-8 none does.
+// Zeros among the text could make a reader take it for UTF-16; after the mark of UTF-8 none does.
 void ProfileFile::KeepApartFromUtf16() {
     if (!Utf16OrderOf(text_)) return;
     text_.insert(0, utf8Mark);

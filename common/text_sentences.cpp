@@ -102,16 +102,16 @@ class Sentences {
         if (!IsTerminator(KindAt(at))) return at;
         const bool isDot = KindAt(at) == Kind::Dot;
         if (isDot && IsWithinWord(at)) return at;
-        std::size_t behind = at + 1;
-        while (KindAt(behind) == Kind::Close)
-            ++behind;
-        while (KindAt(behind) == Kind::Space)
-            ++behind;
-        if (behind >= clusters_.size()) return at;
-        if (KindAt(behind) == Kind::Break) return behind + 1;
-        const bool goesOn = KindAt(behind) == Kind::Continuation || IsTerminator(KindAt(behind)) ||
-                            (isDot && LowerFollows(behind));
-        return goesOn ? at : behind;
+        std::size_t after = at + 1;
+        while (KindAt(after) == Kind::Close)
+            ++after;
+        while (KindAt(after) == Kind::Space)
+            ++after;
+        if (after >= clusters_.size()) return at;
+        if (KindAt(after) == Kind::Break) return after + 1;
+        const bool goesOn = KindAt(after) == Kind::Continuation || IsTerminator(KindAt(after)) ||
+                            (isDot && LowerFollows(after));
+        return goesOn ? at : after;
     }
 
     // "3.14", "U.S."

@@ -7,5 +7,5 @@
 #include <string_view>
 #include <vector>
 
-// Each with the spaces and breaks behind it. With the text's length at the end.
+// Each with the spaces and breaks after it. With the text's length at the end.
 std::vector<TextPos> SentenceStarts(std::u16string_view text);

@@ -29,7 +29,7 @@ enum class ClusterJoin : std::uint8_t {
     Control,   // joins nothing
     Extending, // the one before: marks
     Joiner,    // the one before, and pictographs around it
-    Prepended, // the one behind
+    Prepended, // the one after
     Pictograph,
     RegionalIndicator, // in pairs: flags
     LeadingJamo,

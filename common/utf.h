@@ -39,10 +39,10 @@ bool IsValidUtf8(std::string_view bytes);
 
 // The number of UTF-16 units of valid UTF-8.
 std::size_t Utf16Length(std::string_view bytes);
-// The next place from `place` on, which is not behind the bytes, that is in no valid sequence.
+// The next place from `place` on, which is not after the bytes, that is in no valid sequence.
 std::size_t Utf8CharacterEnd(std::string_view bytes, std::size_t place);
 
-// The character at `at`, which moves behind it, of valid UTF-8.
+// The character at `at`, which moves after it, of valid UTF-8.
 char32_t NextUtf8Character(std::string_view bytes, std::size_t& at);
 
 // Each byte that is no part of a valid sequence becomes `replacement`.

@@ -171,9 +171,9 @@ class HtmlView {
     virtual std::vector<std::u16string> TextsOf(const std::vector<PageSpan>&) = 0;
     virtual std::u16string SelectedText() = 0;    // "" on failure
     virtual std::u16string SelectionAsHtml() = 0; // the source of what is selected; "" on failure
-    // The first place of `what` behind the selection, up to the text's end; nothing on failure,
+    // The first place of `what` after the selection, up to the text's end; nothing on failure,
     // too.
-    virtual std::optional<PageMatch> FindBehindSelection(std::u16string_view what, FindOptions) = 0;
+    virtual std::optional<PageMatch> FindAfterSelection(std::u16string_view what, FindOptions) = 0;
     // The character at the left end of the view's first line, just below the top margin; -1 on
     // failure.
     virtual TextPos StartAtTop() = 0;

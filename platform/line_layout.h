@@ -87,7 +87,7 @@ struct ParagraphText {
     // From the start edge (not from the indent), ascending. A tab reaches to the next one that is
     // at least a pixel away.
     std::vector<int> tabStops;
-    double tabDistance = 48; // of those behind the last one, as multiples from the start edge
+    double tabDistance = 48; // of those after the last one, as multiples from the start edge
 };
 
 // One line of a paragraph. 0 is the left edge of its visible text for all x. Trailing spaces of a
@@ -145,7 +145,7 @@ class TextLines {
         return position == 0 || NextPosition(PreviousPosition(position)) == position;
     }
     // The place of the caret that is seen to the left or right; the same where the text ends there.
-    // Behind an end of a line comes the line before or after.
+    // After an end of a line comes the line before or after.
     virtual TextPos LeftOf(TextPos position) const = 0;
     virtual TextPos RightOf(TextPos position) const = 0;
     // Starts of words (for Ctrl and an arrow); the same at an end of the text.

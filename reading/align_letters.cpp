@@ -67,7 +67,7 @@ class Table {
         }
     }
 
-    // The place is where a way leaves this row: behind what was added right before its letter.
+    // The place is where a way leaves this row: after what was added right before its letter.
     void MarkSplit(int i) {
         for (int k = 0; k < width_; ++k) {
             Way& way = above_[Index(k)];
@@ -89,20 +89,20 @@ LetterAlignment AlignLetters(std::u16string_view letters, std::size_t split,
     if (way.cost >= unreachable) { // nothing lies near the diagonal: at an end of the text
         found.split = std::min(start + split, stretch.size());
         found.costBefore = static_cast<int>(split);
-        found.costBehind = static_cast<int>(letters.size() - split);
+        found.costAfter = static_cast<int>(letters.size() - split);
         return found;
     }
     found.split =
         static_cast<std::size_t>(std::clamp(way.split, 0, static_cast<int>(stretch.size())));
     found.costBefore = way.costAtSplit;
-    found.costBehind = way.cost - way.costAtSplit;
+    found.costAfter = way.cost - way.costAtSplit;
     const std::size_t most = std::min(split, found.split);
     while (found.sameBefore < most &&
            letters[split - 1 - found.sameBefore] == stretch[found.split - 1 - found.sameBefore])
         ++found.sameBefore;
-    while (split + found.sameBehind < letters.size() &&
-           found.split + found.sameBehind < stretch.size() &&
-           letters[split + found.sameBehind] == stretch[found.split + found.sameBehind])
-        ++found.sameBehind;
+    while (split + found.sameAfter < letters.size() &&
+           found.split + found.sameAfter < stretch.size() &&
+           letters[split + found.sameAfter] == stretch[found.split + found.sameAfter])
+        ++found.sameAfter;
     return found;
 }

@@ -5,12 +5,12 @@
 #include <string_view>
 
 struct LetterAlignment {
-    std::size_t split = 0;              // the place: index in the stretch
-    int costBefore = 0, costBehind = 0; // letters changed, added or missing on each side
+    std::size_t split = 0;             // the place: index in the stretch
+    int costBefore = 0, costAfter = 0; // letters changed, added or missing on each side
     // Letters that stand right at the place on each side as they were.
-    std::size_t sameBefore = 0, sameBehind = 0;
+    std::size_t sameBefore = 0, sameAfter = 0;
 
-    int Cost() const { return costBefore + costBehind; }
+    int Cost() const { return costBefore + costAfter; }
 };
 
 // `letters` with the place at `split`, in a stretch in which they are expected to begin at `start`,

@@ -46,7 +46,7 @@ void CaptionBookmarks(Bookmarks&, std::vector<std::u16string> excerpts,
 
 // The index of the mark at `start`, for which a place is made when it is new.
 int PlaceMark(Bookmarks&, TextPos start);
-// The marks behind it move up. The check stays at its index, as the current one does.
+// The marks after it move up. The check stays at its index, as the current one does.
 void RemoveMark(Bookmarks&, int index);
 void RemoveAllMarks(Bookmarks&);
 

@@ -66,7 +66,7 @@ bool FindNext(TextView& view, const FindState& find, int charset) {
 }
 
 bool FindNext(HtmlView& view, const FindState& find) {
-    const auto match = view.FindBehindSelection(find.text, find.options);
+    const auto match = view.FindAfterSelection(find.text, find.options);
     if (!match) return false;
     view.ScrollTo(match->left, match->top - match->searchTop);
     view.Select(match->span); // shows it, where the distance alone does not lead there

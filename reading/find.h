@@ -27,7 +27,7 @@ std::vector<std::u16string> ParseSearches(std::u16string_view stored);
 std::u16string SelectedSearch(const TextView&, int charset);
 std::u16string SelectedSearch(HtmlView&);
 
-// The next place behind the selection: in a text once around its end, selected and in view; in a
+// The next place after the selection: in a text once around its end, selected and in view; in a
 // page up to its end only. Nothing changes when there is none, or when a long search is given up.
 // `charset` is the font's. False when there is none.
 bool FindNext(TextView&, const FindState&, int charset);

@@ -100,10 +100,10 @@ class PlaceFinder {
             for (end = first + 1; end < settled.size(); ++end)
                 if (!GoTogether(EndOf(settled[end - 1]), EndOf(settled[end]))) break;
             const KnownEnd before = first > 0 ? EndOf(settled[first - 1]) : KnownEnd();
-            const KnownEnd behind =
+            const KnownEnd after =
                 end < settled.size() ? EndOf(settled[end]) : KnownEnd{oldLength_, text_.Length()};
             const TextPos old = places_[settled[first]].position;
-            if (GoTogether(before, behind) && (old < before.old || old > behind.old))
+            if (GoTogether(before, after) && (old < before.old || old > after.old))
                 doubted.insert(doubted.end(), settled.begin() + std::ptrdiff_t(first),
                                settled.begin() + std::ptrdiff_t(end));
         }
@@ -125,27 +125,27 @@ class PlaceFinder {
             next = std::max(next, at + 1);
             while (next < order_.size() && !settled[order_[next]].certain)
                 ++next;
-            KnownEnd behind{oldLength_, text_.Length()};
+            KnownEnd after{oldLength_, text_.Length()};
             if (next < order_.size())
-                behind = {places_[order_[next]].position, settled[order_[next]].position};
-            FindWhereExpected(i, ExpectationOf(places_[i].position, before, behind));
+                after = {places_[order_[next]].position, settled[order_[next]].position};
+            FindWhereExpected(i, ExpectationOf(places_[i].position, before, after));
         }
     }
 
-    // An edit between the two moves what is behind it: the place has moved as one of them has, or
+    // An edit between the two moves what is after it: the place has moved as one of them has, or
     // by something in between.
-    Expectation ExpectationOf(TextPos position, KnownEnd before, KnownEnd behind) const {
+    Expectation ExpectationOf(TextPos position, KnownEnd before, KnownEnd after) const {
         const auto inText = [&](std::int64_t place) {
             return static_cast<TextPos>(std::clamp<std::int64_t>(place, 0, text_.Length()));
         };
         const TextPos asBefore = inText(before.now + Distance(before.old, position));
-        const TextPos asBehind = inText(behind.now + Distance(behind.old, position));
-        const double span = std::max(double(behind.old) - before.old, 1.0);
+        const TextPos asAfter = inText(after.now + Distance(after.old, position));
+        const double span = std::max(double(after.old) - before.old, 1.0);
         const double share = std::clamp((double(position) - before.old) / span, 0.0, 1.0);
         const auto between =
-            static_cast<TextPos>(before.now + share * (double(behind.now) - before.now));
-        return {std::min(asBefore, asBehind), std::max(asBefore, asBehind),
-                inText(behind.now >= before.now ? between : asBefore), before.now, behind.now};
+            static_cast<TextPos>(before.now + share * (double(after.now) - before.now));
+        return {std::min(asBefore, asAfter), std::max(asBefore, asAfter),
+                inText(after.now >= before.now ? between : asBefore), before.now, after.now};
     }
 
     bool Fits(const PlaceCandidate& candidate, const Expectation& expected) const {

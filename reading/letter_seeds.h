@@ -15,7 +15,7 @@ struct LetterSeed {
 struct SeedHit {
     LetterSeed seed;
     std::int64_t letter = 0; // index of its first letter among the letters of the text
-    TextPos end = 0;         // just behind its last one, in the text
+    TextPos end = 0;         // just after its last one, in the text
 };
 
 class LetterSeeds {

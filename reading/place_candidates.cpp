@@ -25,10 +25,10 @@ double Share(int cost, std::size_t letters) {
 // One side alone tells only where it has letters enough.
 double NearDifference(const LetterAlignment& found, const SoughtLetters& sought) {
     constexpr std::size_t enough = 20;
-    const std::size_t before = sought.split, behind = sought.letters.size() - before;
+    const std::size_t before = sought.split, after = sought.letters.size() - before;
     double near = 1;
     if (before >= enough) near = std::min(near, Share(found.costBefore, before));
-    if (behind >= enough) near = std::min(near, Share(found.costBehind, behind));
+    if (after >= enough) near = std::min(near, Share(found.costAfter, after));
     return near;
 }
 
@@ -38,9 +38,9 @@ TextPos PositionOf(const TextSource& text, const PlacedLetters& stretch,
     const std::size_t at = found.split, count = stretch.letters.size();
     const TextPos from = at > 0 ? stretch.positions[at - 1] + 1 : 0;
     const TextPos to = at < count ? stretch.positions[at] : text.Length();
-    if (found.sameBefore == 0 && found.sameBehind > 0 && at > 0) {
-        const PlaceWords behind{u"", words.after};
-        return PlaceInGap(text, from, to, behind);
+    if (found.sameBefore == 0 && found.sameAfter > 0 && at > 0) {
+        const PlaceWords after{u"", words.after};
+        return PlaceInGap(text, from, to, after);
     }
     return PlaceInGap(text, from, to, words);
 }

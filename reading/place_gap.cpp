@@ -12,7 +12,7 @@ bool IsLetter(char16_t unit) {
     return LettersOfUnits()[unit] != 0;
 }
 
-// The units behind the last letter, and those before the first one.
+// The units after the last letter, and those before the first one.
 std::u16string_view WithoutLettersAtEnd(std::u16string_view units) {
     std::size_t start = units.size();
     while (start > 0 && !IsLetter(units[start - 1]))
@@ -29,10 +29,10 @@ std::size_t CountSigns(std::u16string_view units) { // all but white space
         std::ranges::count_if(units, [](char16_t unit) { return !IsSpaceCharacter(unit); }));
 }
 
-// Behind as many signs as stood before the place. A place at a sign is behind the white space that
-// follows them, one in white space behind as many line ends as it was, so that an empty line is
+// After as many signs as stood before the place. A place at a sign is after the white space that
+// follows them, one in white space after as many line ends as it was, so that an empty line is
 // found.
-std::size_t BehindSigns(std::u16string_view gap, std::u16string_view head, char16_t unit) {
+std::size_t AfterSigns(std::u16string_view gap, std::u16string_view head, char16_t unit) {
     std::size_t at = 0;
     for (std::size_t signs = CountSigns(head); at < gap.size() && signs > 0; ++at)
         if (!IsSpaceCharacter(gap[at])) --signs;
@@ -49,7 +49,7 @@ std::size_t BehindSigns(std::u16string_view gap, std::u16string_view head, char1
     return at;
 }
 
-// Before the signs that stand right before the letter behind the place.
+// Before the signs that stand right before the letter after the place.
 std::size_t BeforeSigns(std::u16string_view gap, std::size_t signs) {
     std::size_t at = gap.size();
     while (at > 0 && signs > 0 && !IsSpaceCharacter(gap[at - 1])) {
@@ -70,5 +70,5 @@ TextPos PlaceInGap(const TextSource& text, TextPos from, TextPos to, const Place
     const bool joinsWord = std::ranges::none_of(tail, IsSpaceCharacter);
     if (joinsWord && to - from <= maxGap)
         return from + static_cast<TextPos>(BeforeSigns(gap, tail.size()));
-    return from + static_cast<TextPos>(BehindSigns(gap, head, tail.front()));
+    return from + static_cast<TextPos>(AfterSigns(gap, head, tail.front()));
 }

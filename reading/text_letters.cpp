@@ -58,7 +58,7 @@ void AddBefore(const TextSource& text, TextPos position, std::size_t count, Plac
     std::ranges::reverse(placed.positions);
 }
 
-void AddBehind(const TextSource& text, TextPos position, std::size_t count, PlacedLetters& placed) {
+void AddAfter(const TextSource& text, TextPos position, std::size_t count, PlacedLetters& placed) {
     const LetterTable& table = LettersOfUnits();
     const std::size_t wanted = placed.letters.size() + count;
     const TextPos end = std::min(text.Length(), position + maxLookedAt);
@@ -82,6 +82,6 @@ PlacedLetters LettersAround(const TextSource& text, TextPos position, std::size_
     position = std::clamp(position, 0, text.Length());
     AddBefore(text, position, before, placed);
     split = placed.letters.size();
-    AddBehind(text, position, after, placed);
+    AddAfter(text, position, after, placed);
     return placed;
 }

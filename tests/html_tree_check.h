@@ -15,7 +15,7 @@ inline std::string FaultOfNode(const HtmlTree& tree, HtmlNodeId id) {
     if (node.firstChild != noHtmlNode && tree[node.firstChild].previousSibling != noHtmlNode)
         return "before the first";
     if (node.lastChild != noHtmlNode && tree[node.lastChild].nextSibling != noHtmlNode)
-        return "behind the last";
+        return "after the last";
     if (node.nextSibling != noHtmlNode && tree[node.nextSibling].previousSibling != id)
         return "siblings";
     if (node.nextSibling != noHtmlNode && tree[node.nextSibling].parent != node.parent)

@@ -24,7 +24,7 @@ bool RightToLeft(const Place& place) {
 
 using Step = TextPos (TextLines::*)(TextPos) const;
 
-// Before the last character or word if no paragraph break follows: the position behind it belongs
+// Before the last character or word if no paragraph break follows: the position after it belongs
 // to the next part.
 TextPos LastPosition(const ParagraphLayout& paragraph, TextPos nextStart, Step back) {
     if (paragraph.end < nextStart || paragraph.end == paragraph.start) return paragraph.end;

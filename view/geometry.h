@@ -23,7 +23,7 @@ inline int Rounded(double length) {
     return int(std::lround(std::clamp(length, -5e8, 5e8)));
 }
 
-// The edges behind the last pixels.
+// The edges after the last pixels.
 inline int Right(const Rect& box) {
     return box.left + box.width;
 }

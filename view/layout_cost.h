@@ -23,7 +23,7 @@ class ClusterLength {
 // Longer clusters are truncated for shaping. The longest emoji sequences have some twenty units,
 // and stream-safe text has at most 30 marks per letter.
 constexpr int maxClusterLength = 32;
-// Shaping a cluster takes quadratic time: what is behind its beginning becomes units that show
+// Shaping a cluster takes quadratic time: what is after its beginning becomes units that show
 // nothing, as many as there were.
 void TruncateClusters(std::u16string& text);
 

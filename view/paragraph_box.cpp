@@ -35,7 +35,7 @@ bool HasNeighbourAbove(const LayoutContext& context, const ParagraphPart& part) 
            BlockAt(*context.text, context.document.rows, part.start - 1).rows.empty();
 }
 
-// Behind the last break of a text nothing is boxed.
+// After the last break of a text nothing is boxed.
 bool HasNeighbourBelow(const LayoutContext& context, const ParagraphPart& part) {
     if (part.end + 1 >= context.text->Length()) return false;
     if (part.inCell) return context.text->UnitAt(part.end) == u'\n';
@@ -54,8 +54,8 @@ int BorderThickness(const LayoutContext& context, const ParagraphBorder& border)
 
 ParagraphBox BoxOf(const LayoutContext& context, const ParagraphPart& part,
                    const ParagraphStyle& style) {
-    const bool isBehindText = part.start > 0 && part.start == context.text->Length();
-    if (isBehindText || (style.autoBackground && !HasBorders(style))) return {};
+    const bool isAfterText = part.start > 0 && part.start == context.text->Length();
+    if (isAfterText || (style.autoBackground && !HasBorders(style))) return {};
     ParagraphBox box;
     box.style = &style;
     const Document& document = context.document;

@@ -65,7 +65,7 @@ struct ParagraphLayout {
     int LineBottom(int line) const { return line + 1 < LineCount() ? LineTop(line + 1) : height; }
     int TopWithoutSpace(int line) const { return line == 0 ? spaceBefore : LineTop(line); }
     int BottomWithoutSpace(int line) const;
-    // The last caret position in a line: in a wrapped line the position behind the last character
+    // The last caret position in a line: in a wrapped line the position after the last character
     // is already in the next line.
     TextPos LastCaretPosition(int line) const;
     double X(int line, TextPos position) const; // of the caret, relative to the origin

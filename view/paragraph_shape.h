@@ -18,7 +18,7 @@ struct ParagraphShape {
     int breakWidth = 1, alignWidth = 1;
     ParagraphBox box;
     std::vector<int> tabStops; // from the start edge, ascending
-    double tabDistance = 1;    // between those behind the last one
+    double tabDistance = 1;    // between those after the last one
 
     int TextWidth() const; // of a line that fits the view
     int LineHeight(int natural) const;

@@ -35,10 +35,10 @@ class PrintedBlock {
     virtual ~PrintedBlock() = default;
     virtual int Height() const = 0;
     virtual int Percent() const = 0; // how far along it begins
-    // Whether a page begins with it, or ends behind it.
+    // Whether a page begins with it, or ends after it.
     virtual bool BeginsPage() const { return false; }
     virtual bool EndsPage() const { return false; }
-    virtual bool StaysWithNext() const { return false; } // a page does not end behind it
+    virtual bool StaysWithNext() const { return false; } // a page does not end after it
     // The lowest place at or above `limit` where nothing is cut that fits a page; `from` for none.
     virtual int CutAbove(int from, int limit, int pageHeight) const = 0;
     // Where a page begins that is to begin at `from` or later: after the empty space there; the
@@ -48,7 +48,7 @@ class PrintedBlock {
     virtual void Paint(Canvas&, Point origin, const Rect& clip) const = 0;
 };
 
-// The next one, null behind the last.
+// The next one, null after the last.
 using NextPrintedBlock = std::function<std::shared_ptr<const PrintedBlock>()>;
 
 // What stands at the head and at the foot of all pages.

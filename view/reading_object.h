@@ -11,7 +11,7 @@
 enum class ReadingObjectKind { Heading, Link, Picture, List, ListItem, Table, Row, Cell };
 
 constexpr std::size_t noReadingObject = std::size_t(-1);
-constexpr std::size_t maxReadingObjects = 50'000; // of a text; those behind are left out
+constexpr std::size_t maxReadingObjects = 50'000; // of a text; those after are left out
 
 struct ReadingObject {
     ReadingObjectKind kind = ReadingObjectKind::Heading;
@@ -24,7 +24,7 @@ struct ReadingObject {
     std::u16string address; // of a link, as the book writes it
     std::uint32_t node = 0; // the view's own number for it
     // In the vector that it is in, which has them in the text's order: the one that it is in, and
-    // behind the last one within it.
+    // after the last one within it.
     std::size_t parent = noReadingObject, end = 0;
 };
 

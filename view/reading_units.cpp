@@ -12,7 +12,7 @@
 namespace {
 constexpr int maxLines = 8 * 1024; // laid out for an answer
 
-// Words with the spaces behind them.
+// Words with the spaces after them.
 std::vector<TextPos> ReadingWordStarts(std::u16string_view text) {
     std::vector<TextPos> starts = WordBoundaries(text);
     std::erase_if(starts, [text](TextPos at) {

@@ -13,7 +13,7 @@ enum class ReadingUnit { Character, Format, Word, Line, Paragraph, Page, Documen
 constexpr TextPos maxReadingReach = 256 * 1024;
 
 // Units of one kind tile the text: each ends where the next one starts, so a word includes the
-// spaces behind it and a paragraph its break. Formats are of one style, within a paragraph. Lines
+// spaces after it and a paragraph its break. Formats are of one style, within a paragraph. Lines
 // are those on the screen, and a page is what fits on it below a line: pages start at any line.
 // Table cells have paragraphs of their own, and an over-long paragraph is split.
 //
@@ -22,14 +22,14 @@ class ReadingUnits {
   public:
     explicit ReadingUnits(ReadablePane& pane) : pane_(pane) {}
 
-    // At the text's end it is the last unit, or an empty one behind a final break; for characters
+    // At the text's end it is the last unit, or an empty one after a final break; for characters
     // always an empty one.
     TextSpan At(TextPos position, ReadingUnit unit);
     // The nearest boundaries of units; the same position at the text's ends.
     TextPos Next(TextPos position, ReadingUnit unit);
     TextPos Previous(TextPos position, ReadingUnit unit);
-    // Whether there is a unit to be read there: behind the last one there is only the empty line
-    // behind a final break.
+    // Whether there is a unit to be read there: after the last one there is only the empty line
+    // after a final break.
     bool Exists(TextPos position, ReadingUnit unit) const;
 
     struct Move {
@@ -37,7 +37,7 @@ class ReadingUnits {
         int units = 0; // passed; less than asked for at the text's ends and after a long way
     };
     // Backwards for a negative count, whose units are negative, too. A count that leads to the
-    // text's end in any case does so; then its units behind the longest way are counted by length.
+    // text's end in any case does so; then its units after the longest way are counted by length.
     Move MoveBy(TextPos from, ReadingUnit unit, int count);
 
   private:

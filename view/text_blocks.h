@@ -11,7 +11,7 @@
 #include <span>
 
 struct TextBlock {
-    TextPos start = 0, end = 0;     // `end` is behind the paragraph break
+    TextPos start = 0, end = 0;     // `end` is after the paragraph break
     std::span<const TableRow> rows; // empty for a paragraph; refers to the document
 };
 
@@ -27,7 +27,7 @@ constexpr TextPos maxTextLength = 0x7FFFFFFF - 4 * pieceLength;
 constexpr TextPos maxRowLength = 32 * 1024;
 constexpr std::size_t maxJoinedRows = 256;
 
-// The block that contains `position`, which must be within the text or at its end. Behind a final
+// The block that contains `position`, which must be within the text or at its end. After a final
 // paragraph break (and in an empty text) there is an empty block.
 TextBlock BlockAt(const TextSource& text, const std::vector<TableRow>& rows, TextPos position);
 

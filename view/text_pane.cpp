@@ -204,7 +204,7 @@ const TextSpan& TextPane::VisibleSpan() {
     for (int y = layout->height - top.y; y < scroller_.ViewHeight(); y += layout->height) {
         const auto after = layouts_.After(layout);
         if (!after) {
-            ++visible.end; // the position behind the last character
+            ++visible.end; // the position after the last character
             break;
         }
         layout = after;

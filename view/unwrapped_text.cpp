@@ -14,7 +14,7 @@ constexpr std::size_t maxPieces = 16; // more than the longest paragraph has
 constexpr TextPos lineReach = static_cast<TextPos>(maxPageLine) + 1;
 constexpr int linesReached = static_cast<int>(linesAround) + 2;
 
-// Up to so many lines before and behind a place, and of a longer line than a page's a part that
+// Up to so many lines before and after a place, and of a longer line than a page's a part that
 // shows its length.
 TextPos StartOfLinesBefore(const TextSource& text, TextPos position) {
     for (int i = 0; i < linesReached && position > 0; ++i) {
@@ -35,7 +35,7 @@ TextPos EndOfLinesAfter(const TextSource& text, TextPos position) {
     return position;
 }
 
-// Nothing where no space was in the text that was broken: behind a hyphen or a dash, and between
+// Nothing where no space was in the text that was broken: after a hyphen or a dash, and between
 // letters of a script that has none.
 char16_t ShownLineEnd(std::u16string_view above, std::u16string_view below) {
     constexpr char16_t nothing = u'\u200B', space = u' '; // a zero-width space may be broken at

@@ -13,7 +13,7 @@ struct BytePair {
 };
 
 struct ByteEvidence {
-    std::string text;           // stretches of the samples, a line end before and behind each
+    std::string text;           // stretches of the samples, a line end before and after each
     std::size_t highBytes = 0;  // of it, from 0x80 on
     std::vector<BytePair> high; // pairs with such a byte, commonest first
     std::vector<BytePair> ascii;

@@ -7,8 +7,8 @@
 enum class PunctuationKind : std::uint8_t {
     Free,      // anywhere: dashes, blanks
     Opening,   // before a word: quotation marks, inverted question marks
-    Closing,   // behind a word
-    Joining,   // behind a letter, before another or none: the apostrophe
+    Closing,   // after a word
+    Joining,   // after a letter, before another or none: the apostrophe
     Odd,       // rarely beside a letter
     BoxDrawing // in a row of its like
 };

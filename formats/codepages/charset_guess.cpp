@@ -98,8 +98,8 @@ constexpr CharacterPage characterPages[] = {
 constexpr int systemBits = 5, systemBitsForEach = 2;
 constexpr std::size_t fewBytes = 5;
 constexpr int chosenBits = 25; // besides, for the page of a script that the reader chose
-constexpr int maxCostBehindBest =
-    200 * costsPerBit; // a charset further behind the best is not plausible
+constexpr int maxCostOverBest =
+    200 * costsPerBit; // a charset further after the best is not plausible
 
 constexpr int macLineEndBits = 6, dosRuleBits = 60; // for the pages of these systems
 
@@ -142,7 +142,7 @@ struct Search {
     bool Includes(int page) const {
         return candidates.size() == 0 || std::ranges::find(candidates, page) != candidates.end();
     }
-    int Limit() const { return best + maxCostBehindBest; }
+    int Limit() const { return best + maxCostOverBest; }
     void Add(PageCost cost) {
         best = std::min(best, cost.cost);
         found.push_back(cost);

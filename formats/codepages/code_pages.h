@@ -52,7 +52,7 @@ bool IsLeadByte(int codePage, unsigned char byte);
 std::size_t SequenceLength(int codePage, std::string_view bytes);
 
 // Where the character ends that holds the byte before `place`, when `bytes` begins with a whole
-// character: so a long text is cut into parts that decode by themselves. `place` must not be behind
+// character: so a long text is cut into parts that decode by themselves. `place` must not be after
 // the bytes.
 std::size_t CharacterEnd(int codePage, std::string_view bytes, std::size_t place);
 

@@ -12,7 +12,7 @@ enum class Set { Ascii, Roman, Katakana, Jis0208, Jis0212, Gb2312, Ksc5601, Cns1
 struct Sequence {
     std::string_view bytes;
     Set set;
-    bool shifted; // for what stands behind a shift-out
+    bool shifted; // for what stands after a shift-out
 };
 
 using namespace std::string_view_literals;

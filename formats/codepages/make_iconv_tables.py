@@ -27,7 +27,7 @@ def row(charset, sequences):
 
 
 def single_bytes(charset):
-    # TCVN puts a letter and the tone mark behind it together, so each byte is read by itself.
+    # TCVN puts a letter and the tone mark after it together, so each byte is read by itself.
     yield "-", 0x00, "".join(character(charset, bytes([byte])) for byte in range(0x20))
     yield "-", 0x80, "".join(character(charset, bytes([byte])) for byte in range(0x80, 0x100))
 

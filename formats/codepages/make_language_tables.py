@@ -62,7 +62,7 @@ def folded(text):
 
 
 def with_loose_tones(text):
-    """Vietnamese as code page 1258 has it: the tone behind its letter, unless the page has both in one."""
+    """Vietnamese as code page 1258 has it: the tone after its letter, unless the page has both in one."""
     parts = []
     for character in text:
         plain = unicodedata.normalize("NFD", character)

@@ -14,7 +14,7 @@ std::uint8_t Part(float value) { // of 255
     return static_cast<std::uint8_t>(std::lround(std::clamp(value, 0.0f, 255.0f)));
 }
 
-// The digits behind a "#": 3, 4, 6 or 8 of them.
+// The digits after a "#": 3, 4, 6 or 8 of them.
 std::optional<CssColor> FromHex(std::u16string_view digits) {
     if (digits.size() != 3 && digits.size() != 4 && digits.size() != 6 && digits.size() != 8)
         return std::nullopt;

@@ -73,8 +73,8 @@ bool CssMatcher::IsNth(const CssIndexedCondition& condition) {
     if (condition.condition.kind == Kind::NthLastChild) number = place.lastChild;
     if (condition.condition.kind == Kind::NthOfType) number = place.ofType;
     if (condition.condition.kind == Kind::NthLastOfType) number = place.lastOfType;
-    const std::int64_t a = condition.condition.a, behind = number - condition.condition.b;
-    return a == 0 ? behind == 0 : behind % a == 0 && behind / a >= 0;
+    const std::int64_t a = condition.condition.a, after = number - condition.condition.b;
+    return a == 0 ? after == 0 : after % a == 0 && after / a >= 0;
 }
 
 bool CssMatcher::HoldsHere(const CssIndexedCondition& condition) {

@@ -13,7 +13,7 @@ using P = CssProperty;
 
 constexpr float maxCounter = 1e9F;
 
-// Names, each with a number behind it or not.
+// Names, each with a number after it or not.
 bool ReadChanges(CssShorthandReader& reader, P property, std::int32_t byDefault) {
     CssCounterChanges changes;
     if (!reader.tokens.TakeIdent(u"none")) {

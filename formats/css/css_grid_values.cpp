@@ -134,7 +134,7 @@ void AddGiven(CssShorthandReader& reader, P property, CssGrid grid) {
 // A row of areas: names, and dots for cells of none. Each area is a rectangle.
 bool AddAreas(std::u16string_view row, std::size_t number, std::size_t& columns, CssGrid& grid) {
     std::size_t column = 0;
-    const auto isBehind = [&](const CssGridArea& area) {
+    const auto isAfter = [&](const CssGridArea& area) {
         return area.rowEnd != std::int32_t(number) + 1;
     };
     for (std::size_t at = 0; at < row.size();) {
@@ -155,7 +155,7 @@ bool AddAreas(std::u16string_view row, std::size_t number, std::size_t& columns,
                 ++known->columnEnd;
             else if (known->rowEnd == y && known->column == x)
                 known->rowEnd = y + 1;
-            else if (isBehind(*known) || x < known->column || x >= known->columnEnd)
+            else if (isAfter(*known) || x < known->column || x >= known->columnEnd)
                 return false;
         }
         at = end + 1;
@@ -166,7 +166,7 @@ bool AddAreas(std::u16string_view row, std::size_t number, std::size_t& columns,
     return column > 0;
 }
 
-// Rows of areas, each with a track behind it or not.
+// Rows of areas, each with a track after it or not.
 bool ReadAreas(CssShorthandReader& reader, CssGrid& areas, CssGrid* rows) {
     std::size_t columns = 0, number = 0;
     while (!reader.tokens.AtEnd() && !reader.tokens.Peek().IsDelim(u'/')) {

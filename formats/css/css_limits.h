@@ -51,7 +51,7 @@ constexpr std::size_t maxCssClassUnits = 4096;
 // compare all of the one at each place of the other.
 constexpr std::size_t maxCssPartUnits = 1024;
 constexpr std::size_t maxCssSearchedUnits = 65'536;
-// Different lists of fonts, and different contents before and behind elements, of a page.
+// Different lists of fonts, and different contents before and after elements, of a page.
 constexpr std::size_t maxCssLists = 16'384;
 // Units of an old attribute that are looked at: a colour, a number, the names of some fonts.
 constexpr std::size_t maxHtmlHintUnits = 1024;

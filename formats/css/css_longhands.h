@@ -50,7 +50,7 @@ constexpr std::uint16_t cssGridLayout = 0x400; // a grid container
 constexpr std::uint16_t cssGridSpan = 1;
 // Of widths that follow from the content.
 constexpr std::uint16_t cssMinContent = 1, cssMaxContent = 2, cssFitContent = 3;
-// Of `font-size`, behind the eight absolute sizes from xx-small to xxx-large.
+// Of `font-size`, after the eight absolute sizes from xx-small to xxx-large.
 constexpr std::uint16_t cssSmaller = 8, cssLarger = 9;
 // Of `font-weight`.
 constexpr std::uint16_t cssBolder = 1, cssLighter = 2;

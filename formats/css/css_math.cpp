@@ -43,7 +43,7 @@ class MathReader {
         return type;
     }
 
-    // Behind a comma, of the same type as what was before.
+    // After a comma, of the same type as what was before.
     std::optional<Type> ReadNext(CssTokenStream& tokens, std::optional<Type> before) {
         if (!before || !tokens.Take(Kind::Comma)) return std::nullopt;
         const auto type = ReadSum(tokens);

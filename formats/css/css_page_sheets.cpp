@@ -29,7 +29,7 @@ std::vector<CssPageSheet> FindCssSheets(const HtmlTree& tree, const CssMedium& m
         id = next;
         const HtmlNode& node = tree[id];
         // What stands in a template is of no page.
-        next = node.Is(HtmlName::Template) ? tree.NextBehind(id) : tree.Next(id);
+        next = node.Is(HtmlName::Template) ? tree.NextAfter(id) : tree.Next(id);
         if ((!node.Is(HtmlName::Style) && !node.Is(HtmlName::Link)) || !IsSheet(node)) continue;
         const std::u16string_view title = Value(node, HtmlName::Title);
         if (chosenTitle.empty()) chosenTitle = title;

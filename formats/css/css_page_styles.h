@@ -13,7 +13,7 @@
 #include <unordered_map>
 #include <vector>
 
-// What an element, or content before or behind it, looks like. The parts live as long as the
+// What an element, or content before or after it, looks like. The parts live as long as the
 // styles they are of, and equal ones are at the same place.
 struct CssStyle {
     const CssInheritedStyle* inherited = nullptr;

@@ -84,7 +84,7 @@ DeclarationParser::Stop DeclarationParser::Collect(CssToken first, bool semicolo
     }
 }
 
-// Behind its "{".
+// After its "{".
 void DeclarationParser::SkipBlock() {
     CssBrackets brackets;
     CssToken open;
@@ -186,7 +186,7 @@ void Parser::AddRule(std::span<const CssSelector> selectors, std::size_t firstDe
     sheet_.rules.push_back(rule);
 }
 
-// Behind a "{", or of an attribute, up to its end.
+// After a "{", or of an attribute, up to its end.
 void DeclarationParser::ReadDeclarations() {
     while (true) {
         tokens_.ForgetTexts();

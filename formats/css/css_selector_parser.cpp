@@ -24,7 +24,7 @@ bool CssSelectorReader::ReadList(CssTokenStream list, std::vector<CssSelector>& 
         else if (!forgiving)
             return false;
         more = list.EndedByComma(start);
-        if (more && list.AtEnd()) return forgiving; // an empty selector behind the comma
+        if (more && list.AtEnd()) return forgiving; // an empty selector after the comma
     }
     return true;
 }
@@ -54,7 +54,7 @@ bool CssSelectorReader::ReadSelector(CssTokenStream tokens, CssSelector& selecto
     tokens.SkipSpace();
     do {
         Compound result;
-        if (selector.pseudoElement != CssPseudoElement::None) return false; // nothing behind one
+        if (selector.pseudoElement != CssPseudoElement::None) return false; // nothing after one
         if (!ReadCompound(tokens, selector, result, depth)) return false;
         result.compound.combinator = combinator;
         result.compound.conditions = static_cast<std::uint32_t>(sheet_.conditions.size());
@@ -86,7 +86,7 @@ bool CssSelectorReader::ReadCompound(CssTokenStream& tokens, CssSelector& select
     if (!ReadType(tokens, selector, result)) return false;
     while (true) {
         const CssToken& token = tokens.PeekRaw();
-        const bool behindElement = selector.pseudoElement != CssPseudoElement::None;
+        const bool afterElement = selector.pseudoElement != CssPseudoElement::None;
         if (token.Is(Kind::Hash) && token.isId) {
             AddName(result, Condition::Id, tokens.NextRaw().text);
             selector.specificity = AddCssSpecificity(selector.specificity, cssIdWeight);
@@ -106,7 +106,7 @@ bool CssSelectorReader::ReadCompound(CssTokenStream& tokens, CssSelector& select
             continue;
         } else
             return !result.empty;
-        if (behindElement) return false; // but for states, which nothing has
+        if (afterElement) return false; // but for states, which nothing has
         result.empty = false;
     }
 }

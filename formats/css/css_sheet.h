@@ -52,7 +52,7 @@ struct CssCondition {
         HasAttribute,  // `name`
         AttributeIs,   // `name`, `value`
         AttributeWord, // ~=: one of the words
-        AttributeDash, // |=: `value`, or it with a "-" behind
+        AttributeDash, // |=: `value`, or it with a "-" after
         AttributeStart,
         AttributeEnd,
         AttributePart,

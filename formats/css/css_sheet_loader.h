@@ -6,7 +6,7 @@
 
 #include <functional>
 
-// The bytes behind an address as a page could have it, relative to that page; "" where nothing may
+// The bytes after an address as a page could have it, relative to that page; "" where nothing may
 // be read. Who reads decides what may be: nothing here is a path.
 using CssFileReader = std::function<std::string(std::u16string_view address)>;
 

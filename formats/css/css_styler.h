@@ -1,4 +1,4 @@
-// Walks over a page and styles its elements; the work behind StylePage.
+// Walks over a page and styles its elements; the work after StylePage.
 #pragma once
 
 #include "formats/css/css_compute.h"

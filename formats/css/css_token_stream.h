@@ -50,7 +50,7 @@ class CssTokenStream {
     // Up to the next comma outside of brackets, which is passed, or the end.
     CssTokenStream UpToComma();
 
-    // Whether the last token before this place, and behind `start`, is a comma.
+    // Whether the last token before this place, and after `start`, is a comma.
     bool EndedByComma(std::size_t start) const {
         return at_ > start && tokens_[at_ - 1].Is(CssToken::Kind::Comma);
     }

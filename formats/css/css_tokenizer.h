@@ -73,13 +73,13 @@ class CssTokenizer {
 
   private:
     CssToken Read();
-    char16_t At(std::size_t ahead = 0) const; // U+0000 behind the end and for none
+    char16_t At(std::size_t ahead = 0) const; // U+0000 after the end and for none
     bool AtEnd() const { return at_ >= text_.size(); }
     bool IsEscape(std::size_t ahead = 0) const;
     bool StartsIdent(std::size_t ahead = 0) const;
     bool StartsNumber(std::size_t ahead = 0) const;
     void SkipComments();
-    char32_t ReadEscape(); // behind its backslash
+    char32_t ReadEscape(); // after its backslash
     std::u16string_view ReadName();
     CssToken ReadSpace();
     CssToken ReadString(char16_t quote);

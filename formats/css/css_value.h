@@ -32,7 +32,7 @@ struct CssFontFamily {
 };
 using CssFontFamilies = std::vector<CssFontFamily>;
 
-// A piece of what `content` puts before or behind an element.
+// A piece of what `content` puts before or after an element.
 struct CssContentItem {
     enum class Kind : std::uint8_t {
         Text,

@@ -24,7 +24,7 @@ CssDirection FirstDirection(const HtmlTree& tree, HtmlNodeId element) {
             if (bidi == BidiClass::R || bidi == BidiClass::AL) return CssDirection::RightToLeft;
             text.remove_prefix(character > 0xFFFF ? 2 : 1);
         }
-        id = isApart ? tree.NextBehind(id, element) : tree.Next(id, element);
+        id = isApart ? tree.NextAfter(id, element) : tree.Next(id, element);
     }
     return CssDirection::LeftToRight;
 }

@@ -52,7 +52,7 @@ std::size_t NameLength(const HtmlEntity* entity) {
     return std::size_t(entity[1].nameBegin - entity[0].nameBegin);
 }
 
-// Unit `index` of a name, 0 behind its end.
+// Unit `index` of a name, 0 after its end.
 char16_t NameUnit(const HtmlEntity& entity, std::size_t index) {
     if (index >= NameLength(&entity)) return 0;
     return static_cast<unsigned char>(htmlEntityNames[entity.nameBegin + index]);

@@ -25,7 +25,7 @@ struct Attribute {
     std::string name, value; // in small letters
 };
 
-// The label behind "charset=" in the value of `content`.
+// The label after "charset=" in the value of `content`.
 std::string_view LabelInContent(std::string_view content) {
     constexpr std::string_view word = "charset";
     for (std::size_t at = content.find(word); at != content.npos; at = content.find(word, at)) {

@@ -1,4 +1,4 @@
-// Insertion modes "text", "in template", and those of framesets and behind the body.
+// Insertion modes "text", "in template", and those of framesets and after the body.
 #include "formats/html/html_element_kinds.h"
 #include "formats/html/html_tree_builder.h"
 

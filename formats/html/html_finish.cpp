@@ -6,13 +6,13 @@ using enum HtmlName;
 
 namespace {
 
-// All that is in `id` comes behind it.
+// All that is in `id` comes after it.
 void Empty(HtmlTreeWriter& writer, HtmlNodeId id) {
-    const HtmlPlace behind{writer[id].parent, writer[id].nextSibling};
+    const HtmlPlace after{writer[id].parent, writer[id].nextSibling};
     while (writer[id].firstChild != noHtmlNode) {
         const HtmlNodeId child = writer[id].firstChild;
         writer.Remove(child);
-        writer.Insert(child, behind);
+        writer.Insert(child, after);
     }
 }
 
@@ -95,6 +95,6 @@ void FillSelectedContent(HtmlTreeWriter& writer) {
                 writer.Remove(tree[content].firstChild);
             CopyChildren(writer, option, content);
         }
-        id = tree.NextBehind(id);
+        id = tree.NextAfter(id);
     }
 }

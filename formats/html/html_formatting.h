@@ -23,7 +23,7 @@ class HtmlFormatting {
     std::size_t Count() const { return entries_.size(); }
     // noHtmlNode for a marker. Only a clone may take the place of an element.
     HtmlNodeId& operator[](std::size_t index) { return entries_[index].id; }
-    // Behind the last marker.
+    // After the last marker.
     std::size_t GroupBegin() const;
     std::size_t LastOf(HtmlName name) const;
     std::size_t IndexOf(HtmlNodeId id) const;

@@ -10,7 +10,7 @@ namespace {
 
 struct PageLabels {
     int page;
-    std::string_view labels; // with blanks between, before and behind
+    std::string_view labels; // with blanks between, before and after
 };
 
 // The table of the Encoding Standard's section "Names and labels". The labels of its encoding

@@ -137,18 +137,18 @@ class Collector {
         std::size_t end = result.text.size();
         result.text.resize(end + units.size());
         char16_t* const text = result.text.data();
-        bool behindBlank = false;
+        bool afterBlank = false;
         for (const char16_t unit : units) {
             const bool isBlank = IsHtmlSpace(unit);
-            if (isBlank && behindBlank) continue;
+            if (isBlank && afterBlank) continue;
             text[end++] = isBlank ? u' ' : unit;
-            behindBlank = isBlank;
+            afterBlank = isBlank;
         }
         result.text.resize(end);
     }
 
     char16_t due_ = 0;
-    bool atBreak_ = true; // behind a line feed, or at the start
+    bool atBreak_ = true; // after a line feed, or at the start
 };
 
 } // namespace

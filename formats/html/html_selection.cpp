@@ -46,7 +46,7 @@ class SourceWriter {
         OpenAround(first->node);
         for (HtmlNodeId id = first->node; id != noHtmlNode && HasMore();) {
             CloseUpTo(tree_[id].parent);
-            id = WriteNode(id) ? tree_.Next(id) : tree_.NextBehind(id);
+            id = WriteNode(id) ? tree_.Next(id) : tree_.NextAfter(id);
         }
         CloseUpTo(noHtmlNode);
         return std::move(source_);

@@ -19,7 +19,7 @@ bool HtmlTokenizer::ReadTag(HtmlTokenKind kind, std::size_t nameBegin) {
     return Emit(kind);
 }
 
-// To behind the ">".
+// To after the ">".
 bool HtmlTokenizer::ReadAttributes() {
     while (true) {
         SkipSpaces();

@@ -64,7 +64,7 @@ class HtmlTokenizer {
     bool EmitEndOfFile();
     void SkipSpaces();
     bool AtEnd() const { return at_ >= source_.size(); }
-    // u'\xFFFF' behind the end, which no rule looks for.
+    // u'\xFFFF' after the end, which no rule looks for.
     char16_t UnitAt(std::size_t at) const { return at < source_.size() ? source_[at] : u'\xFFFF'; }
     std::u16string_view Between(std::size_t begin, std::size_t end) const;
     std::u16string_view Keep(std::u16string_view units);

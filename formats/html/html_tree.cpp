@@ -66,10 +66,10 @@ HtmlNodeId HtmlTree::Body() const {
 }
 
 HtmlNodeId HtmlTree::Next(HtmlNodeId id, HtmlNodeId top) const {
-    return nodes_[id].firstChild != noHtmlNode ? nodes_[id].firstChild : NextBehind(id, top);
+    return nodes_[id].firstChild != noHtmlNode ? nodes_[id].firstChild : NextAfter(id, top);
 }
 
-HtmlNodeId HtmlTree::NextBehind(HtmlNodeId id, HtmlNodeId top) const {
+HtmlNodeId HtmlTree::NextAfter(HtmlNodeId id, HtmlNodeId top) const {
     while (id != top && id != noHtmlNode) {
         if (nodes_[id].nextSibling != noHtmlNode) return nodes_[id].nextSibling;
         id = nodes_[id].parent;

@@ -119,7 +119,7 @@ class HtmlTree {
     // The next node in document order within `top`: noHtmlNode at its end. The second leaves out
     // what is in `id`.
     HtmlNodeId Next(HtmlNodeId id, HtmlNodeId top = htmlDocumentNode) const;
-    HtmlNodeId NextBehind(HtmlNodeId id, HtmlNodeId top = htmlDocumentNode) const;
+    HtmlNodeId NextAfter(HtmlNodeId id, HtmlNodeId top = htmlDocumentNode) const;
 
     const HtmlNames& Names() const { return names_; }
     std::u16string_view Name(HtmlName name) const { return names_.TextOf(name); }

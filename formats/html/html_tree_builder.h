@@ -165,7 +165,7 @@ class HtmlTreeBuilder {
     HtmlNodeId head_ = noHtmlNode, form_ = noHtmlNode;
     bool framesetOk_ = true;
     bool fosterParenting_ = false;
-    bool skipsLineFeed_ = false; // the next one, just behind `pre` or `textarea`
+    bool skipsLineFeed_ = false; // the next one, just after `pre` or `textarea`
     bool stopped_ = false;
     std::size_t cloneCount_ = 0, maxClones_ = 0;
     std::uint64_t steps_ = 0;

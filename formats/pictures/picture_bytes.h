@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-// 0 behind the end.
+// 0 after the end.
 class PictureBytes {
   public:
     PictureBytes(std::string_view bytes, bool bigEndian) : bytes_(bytes), bigEndian_(bigEndian) {}

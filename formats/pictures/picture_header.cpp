@@ -18,7 +18,7 @@ PictureHeader HeaderOf(PictureFormat format, std::uint32_t width, std::uint32_t 
     return header;
 }
 
-// "" where that is behind the end.
+// "" where that is after the end.
 std::string_view Part(std::string_view all, std::size_t at, std::size_t length) {
     return at < all.size() ? all.substr(at, length) : std::string_view();
 }
@@ -29,7 +29,7 @@ PictureHeader ReadPng(std::string_view all) {
     return HeaderOf(PictureFormat::Png, bytes.Long(16), bytes.Long(20));
 }
 
-// Where the first frame begins: behind the extensions.
+// Where the first frame begins: after the extensions.
 std::optional<std::size_t> FirstFrameOfGif(const PictureBytes& bytes) {
     const std::uint32_t flags = bytes.Byte(10);
     std::size_t at = 13 + (flags & 0x80 ? std::size_t{3} << (1 + (flags & 7)) : 0);

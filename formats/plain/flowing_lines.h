@@ -6,7 +6,7 @@
 #include <vector>
 
 // What the answer for a line end depends on: so many lines on each side of it, and among them none
-// behind a line that is longer than any page was wide.
+// after a line that is longer than any page was wide.
 constexpr std::size_t linesAround = 40;
 constexpr std::size_t maxPageLine = 200; // UTF-16 units
 

@@ -99,7 +99,7 @@ bool IsTitle(std::u16string_view text) {
     return FoldCase(first) == first && !IsIn(u",;", text.back());
 }
 
-// What stands behind the number.
+// What stands after the number.
 HeadingLine WithTitle(int level, std::u16string_view rest) {
     const std::u16string_view title =
         Trimmed(rest, [](char16_t unit) { return IsSpace(unit) || IsIn(separators, unit); });

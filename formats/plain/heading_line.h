@@ -6,8 +6,8 @@
 struct HeadingLine {
     int level = 0; // 0: none; 1 is of books and parts, 2 of chapters
     // What else it takes beside an empty line before: a number alone needs nothing, with a title or
-    // as a Roman number it needs an empty line behind, too.
-    bool needsSpaceBehind = false;
+    // as a Roman number it needs an empty line after, too.
+    bool needsSpaceAfter = false;
     bool hasTitle = false;
 
     explicit operator bool() const { return level > 0; }

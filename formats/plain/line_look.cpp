@@ -57,7 +57,7 @@ bool IsTableRow(std::u16string_view text) {
            text.find(u'|') != text.npos || text.find(u".....") != text.npos;
 }
 
-// A bullet, a number of at most three digits or a letter, with a blank behind it.
+// A bullet, a number of at most three digits or a letter, with a blank after it.
 bool BeginsItem(std::u16string_view text) {
     const std::size_t blank = text.find(u' ');
     if (blank == text.npos || blank == 0) return false;

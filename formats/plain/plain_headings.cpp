@@ -39,7 +39,7 @@ void PlainHeadings::Finish() {
         EndLine();
 }
 
-// Whether it is closed off from what comes behind, perhaps with a second line of its title.
+// Whether it is closed off from what comes after, perhaps with a second line of its title.
 bool PlainHeadings::StandsAlone() const {
     const Line &next = lines_[2], &second = lines_[3];
     if (next.blank) return true;
@@ -52,7 +52,7 @@ bool PlainHeadings::IsHeading() const {
     if (made_ == Made::OfParagraphs) return true;
     // One of many lines in a row is of a table of contents.
     if (!before.blank || next.heading) return false;
-    return !line.heading.needsSpaceBehind || StandsAlone();
+    return !line.heading.needsSpaceAfter || StandsAlone();
 }
 
 void PlainHeadings::Judge() {
@@ -65,7 +65,7 @@ void PlainHeadings::Judge() {
     Add(line, isTitle_);
 }
 
-// Headings with nothing but other headings behind them are a table of contents, too.
+// Headings with nothing but other headings after them are a table of contents, too.
 void PlainHeadings::Add(const Line& line, bool takesNext) {
     while (found_.size() > withText_ && found_.back().level >= line.heading.level)
         found_.pop_back();

@@ -42,6 +42,6 @@ class PlainHeadings {
     // around it when the one after next is known.
     std::array<Line, 4> lines_;
     std::vector<Heading> found_;
-    std::size_t withText_ = 0; // how many of them have a text behind them
+    std::size_t withText_ = 0; // how many of them have a text after them
     bool isTitle_ = false;     // the line to judge next is of the heading before
 };

@@ -22,7 +22,7 @@ TextPos PlainTextSource::FindWhile(std::u16string_view what, TextPos start, Find
     return notFound;
 }
 
-// The first match that begins in the piece. It may end behind it, and whether it is a whole word
+// The first match that begins in the piece. It may end after it, and whether it is a whole word
 // shows one unit further.
 TextPos PlainTextSource::FindIn(std::size_t piece, const TextSearch& search, TextPos start,
                                 TextPos length) const {

@@ -4,7 +4,7 @@
 
 #include "formats/plain/plain_text.h"
 
-// `bytes` begin where a piece does and go on behind it for `PieceLookahead` bytes, or to the end of
+// `bytes` begin where a piece does and go on after it for `PieceLookahead` bytes, or to the end of
 // the file. The piece ends at `wanted` or further, within no character, no surrogate pair, no line
 // end, and no line in visual order.
 constexpr std::size_t characterLookahead = 16;

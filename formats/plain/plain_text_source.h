@@ -37,7 +37,7 @@ class PlainTextSource : public TextSource {
                       const std::function<bool()>& goesOn) const override;
 
     // The byte of the file at which the character at a position begins, and back: the position of
-    // the first character that begins at or behind a byte. Both moved into the text.
+    // the first character that begins at or after a byte. Both moved into the text.
     std::uint64_t ByteOf(TextPos position) const;
     TextPos PositionOf(std::uint64_t byte) const;
 

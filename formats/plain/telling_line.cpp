@@ -32,7 +32,7 @@ std::size_t EndOfStretch(std::string_view line, const PlainTextForm& form) {
                                  1);
 }
 
-// The place behind the first blank or line end: a sample from within may begin in a character.
+// The place after the first blank or line end: a sample from within may begin in a character.
 std::string_view FromWholeWord(std::string_view sample) {
     const std::size_t blank = sample.find_first_of(" \t\r\n");
     return blank == sample.npos ? std::string_view() : sample.substr(blank + 1);

@@ -70,9 +70,9 @@ bool IsPoint(char16_t unit) {
     return BidiClassOf(unit) == BidiClass::NSM;
 }
 
-// A bidirectional algorithm leaves points behind their letters, so that the first letter of a word
+// A bidirectional algorithm leaves points after their letters, so that the first letter of a word
 // has them at the word's visual end; where a line was simply turned around none stand there.
-bool HasPointsBehindLetters(std::u16string_view visualLine) {
+bool HasPointsAfterLetters(std::u16string_view visualLine) {
     for (std::size_t i = 0; i < visualLine.size(); ++i) {
         if (!IsPoint(visualLine[i])) continue;
         if (i + 1 == visualLine.size()) return true;
@@ -84,11 +84,11 @@ bool HasPointsBehindLetters(std::u16string_view visualLine) {
 
 void PutLettersBeforePoints(std::u16string_view visualLine, std::vector<std::size_t>& order) {
     for (auto at = order.begin(); at != order.end();) {
-        const auto behind =
+        const auto after =
             std::find_if(at, order.end(), [&](std::size_t i) { return !IsPoint(visualLine[i]); });
-        if (behind == order.end()) break;
-        std::reverse(at, behind + 1);
-        at = behind + 1;
+        if (after == order.end()) break;
+        std::reverse(at, after + 1);
+        at = after + 1;
     }
 }
 
@@ -105,7 +105,7 @@ Reordering ReorderingOf(std::u16string_view line) {
         ResetLineLevels(line, 0, TextPos(line.size()), rightToLeft, result.levels);
     }
     result.order = VisualOrder(result.levels);
-    if (std::ranges::any_of(line, IsPoint) && HasPointsBehindLetters(line))
+    if (std::ranges::any_of(line, IsPoint) && HasPointsAfterLetters(line))
         PutLettersBeforePoints(line, result.order);
     return result;
 }

@@ -100,7 +100,7 @@ class EquationReader {
         return text;
     }
 
-    // Behind its backslash.
+    // After its backslash.
     std::u16string ReadSwitch(int depth) {
         const char16_t name = FoldCase(rest_.front());
         SkipOptions();

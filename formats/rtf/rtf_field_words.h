@@ -12,7 +12,7 @@ class RtfFieldWords {
 
     bool Next();
     const std::u16string& Word() const { return word_; }
-    std::u16string_view Rest() const { return rest_; } // behind the word
+    std::u16string_view Rest() const { return rest_; } // after the word
     bool IsSwitch(char16_t letter) const;
     bool IsAnySwitch() const { return !isQuoted_ && !word_.empty() && word_[0] == u'\\'; }
 

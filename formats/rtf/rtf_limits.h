@@ -39,7 +39,7 @@ constexpr std::size_t maxRtfPictureBytes = std::size_t{1} << 29; // of all pictu
 // A number takes several times what the paragraph takes in the file. Paragraphs beyond have none.
 constexpr std::size_t maxRtfNumberedParagraphs = 65'536;
 constexpr std::size_t maxRtfNumberFormats = 1024;
-constexpr std::size_t maxRtfNumberTextLength = 16; // units before a number, and behind it
+constexpr std::size_t maxRtfNumberTextLength = 16; // units before a number, and after it
 constexpr std::int32_t maxRtfNumber = 999'999;
 constexpr std::size_t maxRtfFormEntries = 256; // word processors stop at 25
 

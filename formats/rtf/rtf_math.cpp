@@ -26,7 +26,7 @@ bool IsLongTerm(RtfTokenizer ahead) {
         fallback = 0;
         if (token.kind != Kind::Word || token.text != "u") continue;
         characters += IsLowSurrogate(static_cast<char16_t>(token.parameter)) ? 0 : 1;
-        fallback = 1; // the "?" behind it, as word processors write
+        fallback = 1; // the "?" after it, as word processors write
     }
     return characters > 1;
 }

@@ -13,5 +13,5 @@ struct RtfMathSigns {
     char16_t after = 0;
 };
 
-// `ahead` stands behind the word that begins the part.
+// `ahead` stands after the word that begins the part.
 RtfMathSigns MathSignsOf(RtfWord part, RtfTokenizer ahead);

@@ -29,7 +29,7 @@ bool EscapesUtf8(std::string_view bytes) {
         if (token.kind == RtfToken::Kind::Hex)
             escaped += static_cast<char>(token.byte);
         else if (escaped.empty() || escaped.back() != ' ')
-            escaped += ' '; // no character goes on behind it
+            escaped += ' '; // no character goes on after it
     }
     return CountUtf8(escaped) > 0;
 }

@@ -132,7 +132,7 @@ void RtfParser::EndPicture(const RtfState& ended) {
     if (isShown) AddPicture(ended.inNote ? notes_ : body_, ended.chars, picture_.Release());
 }
 
-// The character behind it stands for the picture in other readers.
+// The character after it stands for the picture in other readers.
 void RtfParser::EndAttachedPicture(const RtfState& ended) {
     fallbackLeft_ = 1;
     if (ended.outer != RtfDestination::Body || ended.isHidden) return;

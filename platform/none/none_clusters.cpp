@@ -79,18 +79,18 @@ void PlaceBoxes(const ParagraphText& paragraph, NoneClusters& clusters) {
         clusters.all[index].width = box.width;
         clusters.all[index].mayBreak = !IsJoined(clusters.text, box.at);
         if (index + 1 == clusters.Count() || IsJoined(clusters.text, box.at + 1)) continue;
-        NoneCluster& behind = clusters.all[index + 1];
-        if (behind.kind != Kind::Space && behind.kind != Kind::Break) behind.mayBreak = true;
+        NoneCluster& after = clusters.all[index + 1];
+        if (after.kind != Kind::Space && after.kind != Kind::Break) after.mayBreak = true;
     }
 }
 } // namespace
 
 std::size_t NoneClusters::IndexAt(TextPos position) const {
     if (position >= TextPos(text.size())) return all.size();
-    const auto behind =
+    const auto after =
         std::upper_bound(all.begin(), all.end(), position,
                          [](TextPos at, const NoneCluster& each) { return at < each.start; });
-    return behind == all.begin() ? 0 : std::size_t(behind - all.begin() - 1);
+    return after == all.begin() ? 0 : std::size_t(after - all.begin() - 1);
 }
 
 NoneClusters ShapeClusters(const ParagraphText& paragraph) {

@@ -147,8 +147,8 @@ std::u16string NoneHtmlView::SelectionAsHtml() {
     return Ask() ? u"<p>" + TextOf(selection_) + u"</p>" : u"";
 }
 
-std::optional<PageMatch> NoneHtmlView::FindBehindSelection(std::u16string_view what,
-                                                           FindOptions options) {
+std::optional<PageMatch> NoneHtmlView::FindAfterSelection(std::u16string_view what,
+                                                          FindOptions options) {
     if (!Ask()) return std::nullopt;
     const TextPos start = selection_.start + selection_.length;
     const auto found = FindText(document_.text, what, static_cast<std::size_t>(start), options);

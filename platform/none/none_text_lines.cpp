@@ -12,10 +12,10 @@ NoneTextLines::NoneTextLines(const ParagraphText& paragraph, NoneClusters cluste
       rightToLeft_(paragraph.rightToLeft) {}
 
 int NoneTextLines::LineOf(TextPos position) const {
-    const auto behind =
+    const auto after =
         std::upper_bound(lines_.begin() + 1, lines_.end(), position,
                          [](TextPos at, const NoneLine& each) { return at < each.line.start; });
-    return int(behind - lines_.begin() - 1);
+    return int(after - lines_.begin() - 1);
 }
 
 std::size_t NoneTextLines::IndexIn(const NoneLine& line, TextPos position) const {

@@ -17,7 +17,7 @@
 #include <string_view>
 #include <vector>
 
-// A request is one packet: the greeting, the book's path and the activation, with a NUL behind each
+// A request is one packet: the greeting, the book's path and the activation, with a NUL after each
 // of them. The answer is one byte; a refusal is the end of the connection.
 
 namespace {

@@ -46,9 +46,9 @@ class EitherHtmlView final : public HtmlView {
     }
     std::u16string SelectedText() override { return shown_->SelectedText(); }
     std::u16string SelectionAsHtml() override { return shown_->SelectionAsHtml(); }
-    std::optional<PageMatch> FindBehindSelection(std::u16string_view what,
-                                                 FindOptions options) override {
-        return shown_->FindBehindSelection(what, options);
+    std::optional<PageMatch> FindAfterSelection(std::u16string_view what,
+                                                FindOptions options) override {
+        return shown_->FindAfterSelection(what, options);
     }
     TextPos StartAtTop() override { return shown_->StartAtTop(); }
     std::vector<Heading> Headings() override { return shown_->Headings(); }

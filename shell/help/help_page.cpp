@@ -82,7 +82,7 @@ void HelpPageWriter::AddLinked(std::u16string_view text, std::uint32_t style) {
         AddRun(text.substr(0, open + 1), style);
         AddLink(title->first, title->second, style);
         text.remove_prefix(close);
-        from = 1; // behind its closing quotation mark
+        from = 1; // after its closing quotation mark
     }
 }
 

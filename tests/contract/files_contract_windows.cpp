@@ -216,7 +216,7 @@ TEST_CASE("windows files: what another program may do while a book is being read
     CHECK(status == ReadStatus::NotAFile);
 }
 
-TEST_CASE("windows files: a place far behind 4 GB is read where it is") {
+TEST_CASE("windows files: a place far after 4 GB is read where it is") {
     WinUnderTest test;
     const std::u16string path = test.Path(u"large");
     constexpr std::uint64_t place = (std::uint64_t{5} << 30) + 3;

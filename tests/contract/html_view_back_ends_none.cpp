@@ -12,7 +12,7 @@ class NoneHtmlBench : public HtmlViewBench {
     HtmlView& View() override { return view_; }
     void LetEventsCome() override { view_.LetEventsCome(); }
     void Press(int keyCode, int shift) override { view_.Press(keyCode, shift); }
-    void CloseWindow() override { // by an event behind those that are on their way
+    void CloseWindow() override { // by an event after those that are on their way
         for (int i = 0; i < 10; ++i)
             LetEventsCome();
     }

@@ -35,7 +35,7 @@ class OwnHtmlBench final : public HtmlViewBench {
         }
         MsgWaitForMultipleObjects(0, nullptr, FALSE, 5, QS_ALLINPUT);
     }
-    void CloseWindow() override { // by a message behind those that are on their way
+    void CloseWindow() override { // by a message after those that are on their way
         LetEventsCome();
         window_.Close();
     }

@@ -24,7 +24,7 @@ TEST_CASE("html view: a page that hangs is told of, keeps its values and answers
         CHECK(test.view.TextsOf({{0, 1}}).empty());
         CHECK(test.view.SelectedText().empty());
         CHECK(test.view.SelectionAsHtml().empty());
-        CHECK_FALSE(test.view.FindBehindSelection(u"line", {}).has_value());
+        CHECK_FALSE(test.view.FindAfterSelection(u"line", {}).has_value());
         CHECK(test.view.StartAtTop() == -1);
         test.bench.HangEngine(false);
         REQUIRE(test.WaitFor([&] { return !test.bench.SaysHang(); }));
@@ -92,7 +92,7 @@ TEST_CASE("html view: while a new size takes its time, size and place stay those
         CHECK(zoomed <= 2); // keys in a row are one new size, or two as the first is begun at once
         CHECK(test.view.ScrollTop() != 1500);
         test.view.SendZoomKey(true);
-        test.view.ScrollTo(0, 2500); // counts in the size that it comes behind
+        test.view.ScrollTo(0, 2500); // counts in the size that it comes after
         CHECK(test.view.ZoomSteps() == 7);
         CHECK(test.view.ScrollTop() == 2500);
         test.Settle();

@@ -12,7 +12,7 @@ std::string DataUrl(std::string_view kind, std::string_view base64) {
     return "data:image/" + std::string(kind) + ";base64," + std::string(base64);
 }
 
-int TopBehind(PageTest& test, const std::string& picture) {
+int TopAfter(PageTest& test, const std::string& picture) {
     test.Open("<p>ab</p>" + picture + "<p>cd</p><div style='height:2000px'></div><p>ef", plain);
     test.view.ScrollSpanToTop({3, 2});
     test.Settle();
@@ -21,7 +21,7 @@ int TopBehind(PageTest& test, const std::string& picture) {
 
 // In CSS pixels, by what it moves.
 int HeightOf(PageTest& test, const std::string& picture) {
-    return TopBehind(test, picture) - TopBehind(test, "");
+    return TopAfter(test, picture) - TopAfter(test, "");
 }
 } // namespace
 

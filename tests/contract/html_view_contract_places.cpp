@@ -130,25 +130,25 @@ TEST_CASE("html view: texts of spans inside, across and outside the text") {
     });
 }
 
-TEST_CASE("html view: finds behind the selection, up to the end") {
+TEST_CASE("html view: finds after the selection, up to the end") {
     OnEachBackEnd([](PageTest& test) {
         test.Open(NumberedParagraphs(200) + "<p>Word words</p>", plainMargins);
-        const auto first = test.view.FindBehindSelection(u"LINE 01", {});
+        const auto first = test.view.FindAfterSelection(u"LINE 01", {});
         REQUIRE(first.has_value());
         CHECK(first->span == PageSpan{1000, 7});
         CHECK(std::abs(first->top - 2008) <= 2);
         CHECK(first->left == 8);
         CHECK(first->searchTop == 8);
         test.view.Select(first->span);
-        const auto second = test.view.FindBehindSelection(u"line 01", {});
+        const auto second = test.view.FindAfterSelection(u"line 01", {});
         REQUIRE(second.has_value());
         CHECK(second->span.start == 1010);
         CHECK(second->top - second->searchTop == 20);
-        CHECK_FALSE(test.view.FindBehindSelection(u"LINE", {.matchCase = true}).has_value());
-        CHECK_FALSE(test.view.FindBehindSelection(u"line 0000", {}).has_value()); // no way round
-        CHECK(test.view.FindBehindSelection(u"word", {.wholeWord = true})->span.start == 2000);
-        CHECK_FALSE(test.view.FindBehindSelection(u"wor", {.wholeWord = true}).has_value());
-        CHECK_FALSE(test.view.FindBehindSelection(u"", {}).has_value());
+        CHECK_FALSE(test.view.FindAfterSelection(u"LINE", {.matchCase = true}).has_value());
+        CHECK_FALSE(test.view.FindAfterSelection(u"line 0000", {}).has_value()); // no way round
+        CHECK(test.view.FindAfterSelection(u"word", {.wholeWord = true})->span.start == 2000);
+        CHECK_FALSE(test.view.FindAfterSelection(u"wor", {.wholeWord = true}).has_value());
+        CHECK_FALSE(test.view.FindAfterSelection(u"", {}).has_value());
     });
 }
 

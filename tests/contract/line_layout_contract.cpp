@@ -84,7 +84,7 @@ TEST_CASE("line layout: a word that is longer than the line breaks where the lin
         const double letter = TextWidth(layout, word) / 40;
         const int width = int(7.5 * letter);
         const auto lines = layout.BreakLines(LineParagraph(layout, u"a " + word, width));
-        // The long word may start behind the short one, or in a line of its own.
+        // The long word may start after the short one, or in a line of its own.
         for (int line = 1; line + 1 < lines->Count(); ++line)
             CHECK(lines->Line(line).width > width - letter - pixel);
         CHECK(lines->Count() >= 6);

@@ -6,7 +6,7 @@
 #include <limits>
 
 namespace {
-constexpr TextPos farBehind = std::numeric_limits<TextPos>::max();
+constexpr TextPos farAfter = std::numeric_limits<TextPos>::max();
 
 bool IsLeftToRightLetter(char16_t unit) {
     return unit >= u'a' && unit <= u'z';
@@ -169,10 +169,10 @@ TEST_CASE("line layout: positions outside a line are moved into it") {
             CAPTURE(line);
             const TextLine& each = lines.Line(line);
             CHECK(lines.CaretX(line, -5) == lines.CaretX(line, each.start));
-            CHECK(lines.CaretX(line, farBehind) == lines.CaretX(line, each.end));
-            CHECK(CoverTheSame(Joined(lines.Extents(line, -5, farBehind)),
+            CHECK(lines.CaretX(line, farAfter) == lines.CaretX(line, each.end));
+            CHECK(CoverTheSame(Joined(lines.Extents(line, -5, farAfter)),
                                Joined(lines.Extents(line, each.start, each.end))));
-            CHECK(lines.Extents(line, farBehind, farBehind).empty());
+            CHECK(lines.Extents(line, farAfter, farAfter).empty());
         }
     });
 }
@@ -247,7 +247,7 @@ TEST_CASE("line layout: in text of one direction, steps go on from line to line"
     });
 }
 
-TEST_CASE("line layout: words start behind spaces") {
+TEST_CASE("line layout: words start after spaces") {
     OnEachLineLayout([](LineLayout& layout) {
         struct {
             std::u16string text;

@@ -36,13 +36,13 @@ void CheckTiling(std::vector<TextExtent> extents, const TextLine& line, double o
     std::sort(extents.begin(), extents.end(), [](const TextExtent& a, const TextExtent& b) {
         return a.left + a.right < b.left + b.right;
     });
-    double behind = 0;
+    double after = 0;
     for (const TextExtent& each : extents) {
-        CHECK(IsWithin(each.left, behind, 1.5 * pixel));
-        behind = each.right;
+        CHECK(IsWithin(each.left, after, 1.5 * pixel));
+        after = each.right;
     }
-    CHECK(behind <= line.width + pixel);
-    CHECK(behind >= line.width - overhang - pixel);
+    CHECK(after <= line.width + pixel);
+    CHECK(after >= line.width - overhang - pixel);
 }
 
 // What the largest letters reach beyond their advance.
@@ -88,7 +88,7 @@ void CheckLine(const TextLines& lines, int index, const ParagraphText& paragraph
     CHECK(CoverTheSame(whole, Joined(extents)));
     const int indent = index == 0 ? paragraph.firstIndent : paragraph.indent;
     const double room = std::max(1, paragraph.width - indent);
-    // No line begins within a ligature, and a letter may have a hyphen behind it.
+    // No line begins within a ligature, and a letter may have a hyphen after it.
     if (extents.size() > 4) CHECK(line.width <= room + Overhang(line));
     if (line.justified) CHECK(IsWithin(line.width, room, 2 * pixel));
 }

@@ -139,7 +139,7 @@ TEST_CASE("line layout: letters are of the kind of family that was asked for") {
     });
 }
 
-TEST_CASE("line layout: a tab reaches to the next stop, behind the last to a multiple") {
+TEST_CASE("line layout: a tab reaches to the next stop, after the last to a multiple") {
     OnEachLineLayout([](LineLayout& layout) {
         struct {
             std::u16string text;
@@ -173,8 +173,8 @@ TEST_CASE("line layout: tab stops are from the start edge, not from the indent")
             CHECK(IsWithin(FromStart(*lines, 3, rightToLeft), 280));
             const auto atStop = BreakWithTabs(layout, u"\t\t" + text.substr(1, 1), rightToLeft);
             CHECK(IsWithin(FromStart(*atStop, 2, rightToLeft), 330));
-            const auto behind = BreakWithTabs(layout, text, rightToLeft, 220);
-            CHECK(IsWithin(FromStart(*behind, 1, rightToLeft), 110));
+            const auto after = BreakWithTabs(layout, text, rightToLeft, 220);
+            CHECK(IsWithin(FromStart(*after, 1, rightToLeft), 110));
         }
     });
 }
@@ -193,7 +193,7 @@ TEST_CASE("line layout: no line breaks between a box and a word joiner") {
     });
 }
 
-TEST_CASE("line layout: no line breaks behind a space before a word joiner") {
+TEST_CASE("line layout: no line breaks after a space before a word joiner") {
     OnEachLineLayout([](LineLayout& layout) {
         const std::u16string text = u"aa bb \u2060cc dd";
         const int width = int(TextWidth(layout, u"aa bb cc")) - 2;
@@ -296,7 +296,7 @@ TEST_CASE("line layout: justified lines end near the edge at any width") {
             const auto lines = layout.BreakLines(paragraph);
             CAPTURE(width);
             REQUIRE(lines->Line(0).justified);
-            const TextPos end = lines->Line(0).end; // behind a space
+            const TextPos end = lines->Line(0).end; // after a space
             const double right = lines->CharacterExtent(0, end - 2).right;
             CHECK(right > width - 4 * pixel);
             CHECK(right < width + 4 * pixel); // Qt makes room for the ink of the last letter

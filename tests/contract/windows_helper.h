@@ -8,7 +8,7 @@
 // Names of environment variables: what to do, and the file that the answer goes to.
 inline constexpr wchar_t HelperDoes[] = L"NORVASET_HELPER_DOES";
 inline constexpr wchar_t HelperOutput[] = L"NORVASET_HELPER_OUTPUT";
-// It records its arguments, each with a NUL behind it, in a file of its own below that path, whose
+// It records its arguments, each with a NUL after it, in a file of its own below that path, whose
 // name ends in ".started"; or tells the name of its own file and the argument; or takes the lock of
 // that name, tells "yes" or "no", and lives until it is killed; or replaces the file of that name
 // without end, by HelperBytes of one letter and then of another, and says so the first time; or

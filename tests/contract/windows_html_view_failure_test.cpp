@@ -31,7 +31,7 @@ Answers ReadABook(ShownView& shown) {
     answers.texts = view.TextsOf({{0, 6}, {7, 6}});
     answers.selected = view.SelectedText();
     answers.html = view.SelectionAsHtml();
-    answers.match = view.FindBehindSelection(u"line", {});
+    answers.match = view.FindAfterSelection(u"line", {});
     answers.top = view.StartAtTop();
     if (shown.engine.Inner()) {
         SendMessageW(shown.engine.Inner(), WM_RBUTTONUP, 0, MAKELPARAM(20, 20));

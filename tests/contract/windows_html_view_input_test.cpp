@@ -30,7 +30,7 @@ MSG KeyDown(HWND window, WPARAM key) {
     return message;
 }
 
-// A question comes behind all orders.
+// A question comes after all orders.
 void Settle(ShownView& shown) {
     shown.view->StartAtTop();
 }

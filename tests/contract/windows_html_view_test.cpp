@@ -47,7 +47,7 @@ TEST_CASE("windows html view: no control is made before the first page") {
     CHECK(shown.view->Charset() == "");
     CHECK(shown.view->TextsOf({{0, 1}}).empty());
     CHECK(shown.view->StartAtTop() == -1);
-    CHECK_FALSE(shown.view->FindBehindSelection(u"a", {}));
+    CHECK_FALSE(shown.view->FindAfterSelection(u"a", {}));
 }
 
 TEST_CASE("windows html view: a page is loaded once and tells what it is") {
@@ -159,11 +159,11 @@ TEST_CASE("windows html view: selecting scrolls as little as it takes") {
     CHECK(shown.view->ScrollTop() == topMargin + 40 * StandIn::LineHeight);
 }
 
-TEST_CASE("windows html view: finds behind the selection, to the end only") {
+TEST_CASE("windows html view: finds after the selection, to the end only") {
     ShownView shown;
     shown.Open(L"One\ntwo one\nbone one");
     const auto found = [&](FindOptions options) {
-        const auto match = shown.view->FindBehindSelection(u"one", options);
+        const auto match = shown.view->FindAfterSelection(u"one", options);
         return match ? match->span.start : -1;
     };
     CHECK(found({}) == 0);
@@ -171,7 +171,7 @@ TEST_CASE("windows html view: finds behind the selection, to the end only") {
     shown.view->Select({8, 3});
     CHECK(found({}) == 13);
     CHECK(found({.wholeWord = true}) == 17);
-    const auto match = shown.view->FindBehindSelection(u"ONE", {.wholeWord = true});
+    const auto match = shown.view->FindAfterSelection(u"ONE", {.wholeWord = true});
     REQUIRE(match);
     CHECK(match->left == StandIn::Edge + 5 * StandIn::CellWidth);
     CHECK(match->top - match->searchTop == StandIn::LineHeight);

@@ -91,7 +91,7 @@ TEST_CASE("Windows line layout: characters in two units are the same among text 
                 const TextExtent extent = lines->CharacterExtent(0, 1 + i * length);
                 CHECK(extent.right - extent.left == width);
             }
-            // Wine 8 wrote behind the memory that it had for the text.
+            // Wine 8 wrote after the memory that it had for the text.
             REQUIRE(HeapValidate(GetProcessHeap(), 0, nullptr));
         }
     }
@@ -111,7 +111,7 @@ TEST_CASE("Windows line layout: marks without their letters spoil no memory") {
                     CAPTURE(count);
                     const std::u16string text = before + Repeated(mark, count) + u"\u0628\u0627";
                     LinesOf(layout, text, LineStyle(), 200, rightToLeft);
-                    // Wine 8 wrote in front of the text, and behind the room for its glyphs.
+                    // Wine 8 wrote in front of the text, and after the room for its glyphs.
                     REQUIRE(HeapValidate(GetProcessHeap(), 0, nullptr));
                 }
     }

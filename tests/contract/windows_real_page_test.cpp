@@ -113,7 +113,7 @@ TEST_CASE("real page: is loaded, read, marked, searched, scrolled and zoomed") {
         real.view.ScrollTo(0, 1200);
         CHECK(real.view.ScrollTop() == 1200);
         real.view.ScrollTo(0, 0);
-        const auto match = real.view.FindBehindSelection(u"line 150", {.wholeWord = true});
+        const auto match = real.view.FindAfterSelection(u"line 150", {.wholeWord = true});
         REQUIRE(match);
         CHECK(real.view.TextsOf({match->span}) == std::vector<std::u16string>{u"line 150"});
         real.view.Select(match->span);
@@ -124,7 +124,7 @@ TEST_CASE("real page: is loaded, read, marked, searched, scrolled and zoomed") {
         real.view.ScrollSpanToTop(match->span);
         CHECK(std::abs(real.view.Selection().top - real.view.TopMargin()) <= 1);
         CHECK(std::abs(real.view.StartAtTop() - match->span.start) <= 10);
-        CHECK_FALSE(real.view.FindBehindSelection(u"line 149", {}));
+        CHECK_FALSE(real.view.FindAfterSelection(u"line 149", {}));
         const int before = real.view.ViewHeight();
         const TextPos top = real.view.StartAtTop();
         real.view.SendZoomKey(true);

@@ -237,7 +237,7 @@ void ChooseScript(HWND dialog, const wchar_t* name) {
 FontAnswer AnswerAfter(const FontRequest& request, const std::function<void(HWND)>& action) {
     const WhileOpen shown([&](HWND dialog) {
         action(dialog);
-        Confirm(dialog); // behind what the dialog has posted to itself
+        Confirm(dialog); // after what the dialog has posted to itself
     });
     return WinDialogs(nullptr).ChooseFont(request);
 }

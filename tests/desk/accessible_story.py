@@ -243,7 +243,7 @@ class Accessible(HtmlStory):
         program.start(other).wait_for_book(other)
         menu = eyes.find(self.listener.window(program.process), "menu item", "File")
         eyes.press(menu)
-        # The path stays left of the "=", and the title, which reads from the right, behind it.
+        # The path stays left of the "=", and the title, which reads from the right, after it.
         shown = f"{self.path('lanterns.txt')}\t= \u202b{title}\u202c"
 
         def names():

@@ -135,7 +135,7 @@ class BadPath(Story):
         self.program.close()
         place = self.book_record(self.program, self.book)["LastPos"]
         self.assertGreater(place, 0)
-        books.write_book(self.book, ["short"])  # the place is now behind the end
+        books.write_book(self.book, ["short"])  # the place is now after the end
         self.program.start()
         self.program.wait_for_book(self.book)
         self.program.press("Next", 2)

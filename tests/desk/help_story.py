@@ -72,7 +72,7 @@ class Help(Story):
         self.wait_for_words(window, "Three things to know")
 
         def link():
-            """The last word of the title, behind which its sentence ends; in the list it is further left."""
+            """The last word of the title, after which its sentence ends; in the list it is further left."""
             found = places_of(self.program.screen, window, "wrong")
             return max((place for place in found if place[0] > LIST_WIDTH), default=None)
         x, y = wait_for(link, "the link")

@@ -115,7 +115,7 @@ class HtmlFiles(HtmlStory):
         reader.close()
 
     def test_what_a_style_sheet_draws_around_texts(self):
-        """A picture behind a word, boxes in a line, a dashed border, a drop cap; none is text."""
+        """A picture after a word, boxes in a line, a dashed border, a drop cap; none is text."""
         with open(self.path("red.png"), "wb") as file:
             file.write(png(20, 20, RED))
         path = write_page(self.path("drawn.htm"), DRAWN, title="Drawn", head=DRAWN_SHEET)

@@ -53,7 +53,7 @@ class HtmlPlaces(HtmlStory):
         self.program.close_menu()
 
     def read_and_mark(self):
-        """A bookmark at a line that was on top, and a place behind it."""
+        """A bookmark at a line that was on top, and a place after it."""
         self.program.press("Next", 6)
         marked = wait_for(self.top_words, "a line")
         self.define()

@@ -41,7 +41,7 @@ class MenuDirections(HtmlStory):
         # Both are equal but for the file's name, which is the last part.
         start, end = first_difference(with_mark, without), path_end(without)
         self.assertLess(end - start, LONGEST_NAME)
-        # The title stands behind a gap. Its mark is left of the letters, where it ends.
+        # The title stands after a gap. Its mark is left of the letters, where it ends.
         titles = [columns[title_start(columns):] for columns in (with_mark, without)]
         width = len(without_margin(titles[1]))
         self.assertLess(first_difference(*titles), width // 2)

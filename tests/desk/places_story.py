@@ -40,7 +40,7 @@ class Places(Story):
         return [books.text_at(text, place, length) for place in places]
 
     def read_and_mark(self):
-        """Two bookmarks, and a place behind them."""
+        """Two bookmarks, and a place after them."""
         self.program.start(self.book)
         self.program.wait_for_book(self.book)
         for _ in range(2):

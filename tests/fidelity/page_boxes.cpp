@@ -94,11 +94,11 @@ class BoxWriter {
 
     // The unit of the page that a unit of the lines shows, if it is none of its white space.
     std::optional<Letter> LetterAt(const InlineContent& content, TextPos at) {
-        const auto behind =
+        const auto after =
             std::upper_bound(content.origins.begin(), content.origins.end(), at,
                              [](TextPos pos, const InlineOrigin& o) { return pos < o.start; });
-        if (behind == content.origins.begin()) return std::nullopt;
-        const InlineOrigin& origin = *std::prev(behind);
+        if (after == content.origins.begin()) return std::nullopt;
+        const InlineOrigin& origin = *std::prev(after);
         if (origin.node == noHtmlNode || !page_.tree[origin.node].IsText()) return std::nullopt;
         const std::u16string_view text = page_.tree[origin.node].Text();
         const std::size_t unit = origin.unit + std::size_t(at - origin.start);

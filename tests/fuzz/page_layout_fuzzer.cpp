@@ -107,12 +107,12 @@ TextDigest TextOfTree(const Page& page) {
             page.tree[id].IsText() ? page.tree[id].Text() : std::u16string_view();
         for (std::size_t i = 0; i < text.size(); ++i)
             if (!IsHtmlSpace(text[i])) digest.Add(id, i);
-        id = shown ? page.tree.Next(id, root) : page.tree.NextBehind(id, root);
+        id = shown ? page.tree.Next(id, root) : page.tree.NextAfter(id, root);
     }
     return digest;
 }
 
-// Places of lines are those of their box; the boxes in them come before what is behind.
+// Places of lines are those of their box; the boxes in them come before what is after.
 class TextOfLines {
   public:
     TextOfLines(const Page& page, PageText& text) : page_(page), text_(text) {}

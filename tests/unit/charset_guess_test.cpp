@@ -267,7 +267,7 @@ TEST_CASE("charset guess: a licence in English does not decide, nor does its cop
     CHECK(DecodePlainText(book, 0, 1252).codePage == 1251);
 }
 
-TEST_CASE("charset guess: a long book is looked into behind its first part") {
+TEST_CASE("charset guess: a long book is looked into after its first part") {
     std::string book(guessSample + 100, 'x');
     for (std::size_t i = 0; i < book.size(); i += 70)
         book[i] = '\n';
@@ -288,8 +288,8 @@ TEST_CASE("charset guess: the frames of a DOS book do not speak against it") {
     }
 }
 
-TEST_CASE("charset guess: one rare letter far behind counts beside thousands of common ones") {
-    // So many letters that each of them a few times is more than what is looked at behind.
+TEST_CASE("charset guess: one rare letter far after counts beside thousands of common ones") {
+    // So many letters that each of them a few times is more than what is looked at after.
     std::string book;
     while (book.size() < 60'000)
         book +=

@@ -193,7 +193,7 @@ TEST_CASE("chosen charset: to Unicode and back, each place on its character") {
     Reading test("caf\xC3\xA9\r\nd\xC3\xA9j\xC3\xA0 vu\r\n");
     CHECK(Offered(test).readings[0].name == u"Unicode (UTF-8)");
     CHECK(Offered(test).readings[0].charset == -1);
-    test.View().Select(8, 0); // behind "déj"
+    test.View().Select(8, 0); // after "déj"
     ChooseReading(test, u"Western (Windows 1252)");
     CHECK(Shown(test).starts_with(u"caf\u00C3\u00A9"));
     CHECK(test.View().SelStart() == 10);

@@ -74,7 +74,7 @@ TEST_CASE("css: declarations of real books") {
         CHECK(page.styles.Count() < 500);
         CHECK_FALSE(page.sheets.empty());
     }
-    // Pictures behind text are not shown: in the reader's own colours it could not be read.
+    // Pictures after text are not shown: in the reader's own colours it could not be read.
     CHECK(unknown == std::set<std::string>{"background-image:\n    url(\"images/illus007.png\")",
                                            "background-repeat: no-repeat"});
 }

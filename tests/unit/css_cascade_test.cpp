@@ -94,7 +94,7 @@ TEST_CASE("css: start and end are sides by the direction") {
     CHECK(page(u"div{padding-inline:3px 4px}").padding[cssRight] == four);
 }
 
-TEST_CASE("css: content before and behind an element") {
+TEST_CASE("css: content before and after an element") {
     const StyledPage page =
         PageOf(u"#x::before{content:'a' attr(title);color:red}#x:after{content:url(b.png)}"
                u"#y::before{content:none}#z::before{content:'x';display:none}#z::after{color:red}",

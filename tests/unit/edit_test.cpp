@@ -131,7 +131,7 @@ TEST_CASE("edit: every way to a copy is the one command, which follows the selec
     CHECK(test.Menu().mEditCopy[0].caption == u"&Copy\tCtrl+C");
 }
 
-TEST_CASE("find: from behind the selection, and around the end") {
+TEST_CASE("find: from the end of the selection, and around the end") {
     Reading test("one two one three one");
     test.Find(u"one");
     CHECK(test.View().SelStart() == 0);

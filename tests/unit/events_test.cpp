@@ -1,4 +1,4 @@
-// What a command that fails leaves behind.
+// What a command that fails leaves after.
 #include "test_form.h"
 
 #include "app/events.h"

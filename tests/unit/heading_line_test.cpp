@@ -93,7 +93,7 @@ std::vector<std::string> TextsIn(std::u16string_view text) {
 using Texts = std::vector<std::string>;
 } // namespace
 
-TEST_CASE("headings: an empty line stands before one, and behind those that could be a text") {
+TEST_CASE("headings: an empty line stands before one, and after those that could be a text") {
     CHECK(TextsIn(u"CHAPTER I\nIt was.\nMore.\n") == Texts{"CHAPTER I"});
     CHECK(TextsIn(u"It was\nCHAPTER I\nnot.\n").empty());
     CHECK(TextsIn(u"a\n\nCHAPTER II\n\nIt was.\n") == Texts{"CHAPTER II"});

@@ -21,7 +21,7 @@ struct Zooming : HtmlForm {
     std::u16string Pair(int index = 0) const {
         return Record(index)[Field::FontSize] + u" at " + Record(index)[Field::LastPos];
     }
-    // The page settles while it is asked something, as a question comes behind all orders.
+    // The page settles while it is asked something, as a question comes after all orders.
     void SettleWhenAsked(int scrollTop) {
         Page().whileAsked = [this, scrollTop] { Page().FinishZoom(scrollTop); };
     }

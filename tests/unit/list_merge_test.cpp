@@ -13,7 +13,7 @@ TEST_CASE("list merge: ours, with what only the other one has changed or added")
          {u"b=2", u"a=1"},
          {u"a=1", u"b=1"},
          {u"b=2", u"a=1"}},
-        {"a line of theirs comes behind the first",
+        {"a line of theirs comes after the first",
          {u"a=1", u"b=1"},
          {u"b=1", u"a=1"},
          {u"c=3", u"a=1", u"b=1"},

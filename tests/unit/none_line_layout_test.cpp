@@ -57,7 +57,7 @@ TEST_CASE("headless line layout: lines are filled to the last letter") {
     CHECK(InLines(u"one\u2028 two\u2028", 9) == u"one\u2028| two\u2028|");
 }
 
-TEST_CASE("headless line layout: a soft hyphen is seen where a line breaks behind it") {
+TEST_CASE("headless line layout: a soft hyphen is seen where a line breaks after it") {
     CHECK(InLines(u"co\u00ADop", 3) == u"co\u00AD|op");
     CHECK(InLines(u"a co\u00ADop", 4) == u"a |co\u00ADop"); // no room for the hyphen
     NoneLineLayout layout;

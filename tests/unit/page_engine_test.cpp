@@ -4,7 +4,7 @@
 #include "books/page_view.h"
 
 namespace {
-constexpr TextPos line22 = 166; // behind 10 lines of 7 units and 12 of 8
+constexpr TextPos line22 = 166; // after 10 lines of 7 units and 12 of 8
 
 struct TwoEngines : HtmlForm {
     TwoEngines() {

@@ -1,4 +1,4 @@
-// What `content` puts before and behind the elements of a page.
+// What `content` puts before and after the elements of a page.
 #include "tests/unit/page_sample.h"
 
 #include <doctest/doctest.h>
@@ -27,7 +27,7 @@ std::string Lines(const std::u16string& body) {
 }
 } // namespace
 
-TEST_CASE("generated: a picture stands before or behind what is in its element") {
+TEST_CASE("generated: a picture stands before or after what is in its element") {
     CHECK(Lines(u"<p class=b style='margin:0'>one") == "0,0 #one");
     CHECK(Lines(u"<p class=a style='margin:0'>one") == "0,0 one<#>");
     CHECK(Lines(u"x<span class='a b'>one <img> two</span>y") == "0,0 x#one # two<#>y");

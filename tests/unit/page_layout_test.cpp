@@ -134,7 +134,7 @@ TEST_CASE("page layout: cells share a table that is narrower than their widths")
     CHECK(Lines(table + u"<td style='width:80px'>b</table>", 200) == "0,0 a|80,0 b");
 }
 
-TEST_CASE("page layout: floats begin where a margin behind them ends") {
+TEST_CASE("page layout: floats begin where a margin after them ends") {
     const std::u16string box = u"<div style='float:right;width:80px;height:32px'>f</div>";
     CHECK(Lines(box + u"<p>one") == "0,16 one|320,16 f");
     CHECK(Lines(u"<div>" + box + u"</div><p>one") == "0,16 one|320,16 f");
@@ -144,7 +144,7 @@ TEST_CASE("page layout: floats begin where a margin behind them ends") {
     CHECK(Lines(u"<p>one</p>" + box) == "0,16 one|320,48 f");
 }
 
-TEST_CASE("page layout: a float behind a block does not wait for a larger margin") {
+TEST_CASE("page layout: a float after a block does not wait for a larger margin") {
     const std::u16string box = u"<div style='float:right;width:80px;height:32px'>f</div>";
     const std::u16string far = u"<p style='margin-top:40px'>two";
     CHECK(Lines(u"<p>one</p>" + box + far) == "0,16 one|0,72 two|320,48 f");
@@ -334,7 +334,7 @@ TEST_CASE("page layout: tables in tables") {
     CHECK(page.system.paragraphs < 20 * 100);
 }
 
-TEST_CASE("page layout: a float behind the last space of its block is there") {
+TEST_CASE("page layout: a float after the last space of its block is there") {
     CHECK(Lines(u"<p style='margin:0'>one <b style='float:right'>7</b> </p>two") ==
           "0,0 one|0,16 two|392,0 7");
     CHECK(Lines(u"<p style='margin:0'>one <b style='position:absolute;right:0'>7</b>\n</p>two") ==

@@ -46,7 +46,7 @@ Work WorkOf(const std::u16string& body) {
 }
 } // namespace
 
-TEST_CASE("page limits: a long text goes on in a new line behind a space") {
+TEST_CASE("page limits: a long text goes on in a new line after a space") {
     const std::u16string text = Repeated(u"seven.. ", 12);
     CHECK(Lines(u"<p>" + text, {}) == "0,16 seven.. seven.. seven.. seven.. seven.. seven..|"
                                       "0,32 seven.. seven.. seven.. seven.. seven.. seven..");

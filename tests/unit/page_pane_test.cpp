@@ -347,7 +347,7 @@ TEST_CASE(
     }
 }
 
-TEST_CASE("page pane: Tab goes to the link behind the view without a layout of those above") {
+TEST_CASE("page pane: Tab goes to the link after the view without a layout of those above") {
     std::string source = "<!DOCTYPE html><style>body,p{margin:0}</style>";
     for (int i = 0; i < 5000; ++i)
         source += "<p><a href='x" + std::to_string(i) + "'>link " + std::to_string(i) + "</a>";

@@ -301,7 +301,7 @@ TEST_CASE("page places: Last Unmarked Position and the way back are words, too")
     }
 }
 
-TEST_CASE("page places: the way back to a page that changed behind the place of reading") {
+TEST_CASE("page places: the way back to a page that changed after the place of reading") {
     Reading test;
     test.Page().ScrollByHand(3000);
     const std::u16string linked = test.Top();

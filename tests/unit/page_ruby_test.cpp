@@ -20,7 +20,7 @@ TEST_CASE("ruby: an annotation stands above the middle of its base") {
 TEST_CASE("ruby: each base has its own annotation") {
     CHECK(Lines(u"<ruby>a<rt>x</rt>b<rt>y</rt></ruby>") == "0,0 #?#|0,8 a|2,0 x|8,8 b|10,0 y");
     CHECK(Lines(u"<ruby>a<rp>(</rp><rt>x</rt><rp>)</rp>b</ruby>") == "0,0 #?b|0,8 a|2,0 x");
-    // In older pages the annotations of several bases stand behind the last of them.
+    // In older pages the annotations of several bases stand after the last of them.
     CHECK(Lines(u"<ruby><rb>a</rb><rb>b</rb><rt>x</rt><rt>y</rt></ruby>") == "0,0 #|0,8 ab|4,0 xy");
 }
 

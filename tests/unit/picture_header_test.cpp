@@ -24,7 +24,7 @@ TEST_CASE("picture header: format and size of each kind") {
         CHECK(header.width == c.width);
         CHECK(header.height == c.height);
         CHECK(header.orientation == c.orientation);
-        for (std::size_t length = 0; length < bytes.size(); ++length) { // no byte behind the end
+        for (std::size_t length = 0; length < bytes.size(); ++length) { // no byte after the end
             const std::string cut = bytes.substr(0, length);
             const PictureHeader part = ReadPictureHeader(std::string_view(cut));
             if (part.format != PictureFormat::Other) CHECK(part.width == c.width);

@@ -164,7 +164,7 @@ TEST_CASE("readings: for each script the page of Windows unless the bytes say an
     CHECK_FALSE(standing(tale, utf8Page));
 }
 
-TEST_CASE("readings: letters far behind the start of a long text are found") {
+TEST_CASE("readings: letters far after the start of a long text are found") {
     std::string book(3 * guessSample, 'x');
     for (std::size_t i = 0; i < book.size(); i += 50)
         book[i] = '\n';

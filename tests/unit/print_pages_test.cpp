@@ -91,7 +91,7 @@ TEST_CASE("print: the wanted pages alone, under their own numbers") {
     REQUIRE(job.paper.pages.size() == 2);
     CHECK(job.paper.Texts(0)[1] == u"2");
     CHECK(job.paper.Texts(1)[1] == u"3");
-    CHECK(job.paper.percents.size() == 3); // what comes behind is not laid out
+    CHECK(job.paper.percents.size() == 3); // what comes after is not laid out
 }
 
 TEST_CASE("print: cancelled or failed, it ends") {

@@ -248,13 +248,13 @@ TEST_CASE("rtf writer: a picture at the border of a stretch, where a style begin
     REQUIRE(document.pictures.size() == 1);
     CHECK(FirstDifference(document, ReadAgain(document)) == "");
     const Document before = ReadAgain(document, 0, 1), at = ReadAgain(document, 1, 1),
-                   behind = ReadAgain(document, 2, 1);
+                   after = ReadAgain(document, 2, 1);
     CHECK(before.text == u"a");
     CHECK(before.pictures.empty());
     CHECK(at.text == u"\uFFFC");
     CHECK(at.pictures.size() == 1);
-    CHECK(behind.text == u"b");
-    CHECK(behind.pictures.empty());
+    CHECK(after.text == u"b");
+    CHECK(after.pictures.empty());
 }
 
 TEST_CASE("rtf writer: whole rows are a table, parts of rows are paragraphs") {

@@ -64,7 +64,7 @@ TEST_CASE("where words start") {
     CHECK(WordStarts(u"").empty());
 }
 
-TEST_CASE("lines break behind spaces, hyphens and ideographs") {
+TEST_CASE("lines break after spaces, hyphens and ideographs") {
     CHECK(CutLines(u"one two  three ") == u"one |two  |three ");
     CHECK(CutLines(u"well-known -5 3-4 --x") == u"well-|known |-5 |3-4 |--x");
     CHECK(CutLines(u"co\u00ADop a\u00A0b a\u2060b a\u202Fb a\u200Bb") ==

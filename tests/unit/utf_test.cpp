@@ -63,11 +63,11 @@ TEST_CASE("utf: UTF-8 is checked and decoded") {
 TEST_CASE("utf: many bytes at once are checked like one after the other") {
     for (const Utf8Case& c : utf8Cases)
         for (std::size_t before = 0; before < 40; ++before)
-            for (const std::size_t behind : {0, 1, 3, 30, 5000}) {
+            for (const std::size_t after : {0, 1, 3, 30, 5000}) {
                 const std::string bytes =
-                    std::string(before, 'x') + std::string(c.bytes) + std::string(behind, 'y');
+                    std::string(before, 'x') + std::string(c.bytes) + std::string(after, 'y');
                 CAPTURE(before);
-                CAPTURE(behind);
+                CAPTURE(after);
                 CHECK(IsValidUtf8(bytes) == c.valid);
             }
     std::mt19937 random(11); // NOLINT: the same bytes every time

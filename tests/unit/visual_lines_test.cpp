@@ -70,7 +70,7 @@ TEST_CASE("visual lines: quotation marks are mirrored") {
     CHECK(text == u"\u00AB\u05D0\u05D1\u00BB");
 }
 
-TEST_CASE("visual lines: points are behind their letters, wherever they were") {
+TEST_CASE("visual lines: points are after their letters, wherever they were") {
     const std::u16string logical = u"\u05D0\u05B0\u05D1\u05BC\u05B8 \u05D2\u05D3\u05B7";
     std::u16string ordered = u"\u05D3\u05B7\u05D2 \u05D1\u05BC\u05B8\u05D0\u05B0";
     std::u16string turned(logical.rbegin(), logical.rend());

@@ -66,9 +66,9 @@ const HtmlTextPiece* LoadedPage::PieceOf(HtmlNodeId node) const {
 
 std::size_t LoadedPage::PieceAt(TextPos position) const {
     const auto& pieces = Counted().pieces;
-    const auto behind = std::ranges::upper_bound(
+    const auto after = std::ranges::upper_bound(
         pieces, position, {}, [](const HtmlTextPiece& piece) { return piece.start; });
-    return behind == pieces.begin() ? 0 : std::size_t(behind - pieces.begin()) - 1;
+    return after == pieces.begin() ? 0 : std::size_t(after - pieces.begin()) - 1;
 }
 
 std::optional<std::size_t> LoadedPage::PieceFrom(HtmlNodeId element) const {

@@ -29,7 +29,7 @@ class LoadedPage {
     bool IsCounted() const { return counted_.has_value(); }
 
     // Of the pieces of the counted text: of a node, of the character at a position or the last one
-    // before it, and the first one in or behind an element. Nothing where there is none.
+    // before it, and the first one in or after an element. Nothing where there is none.
     const HtmlTextPiece* PieceOf(HtmlNodeId node) const;
     std::size_t PieceAt(TextPos position) const;
     std::optional<std::size_t> PieceFrom(HtmlNodeId element) const;

@@ -10,7 +10,7 @@ class PageFiles {
     // Both must outlive this object.
     PageFiles(const Files& files, const LoadedPage& page);
 
-    // The bytes behind an address as the page has it; "" where it leads elsewhere, to no regular
+    // The bytes after an address as the page has it; "" where it leads elsewhere, to no regular
     // file, or to more than `limit` bytes.
     std::string Read(std::u16string_view address, std::uint64_t limit) const;
     // The first ones, `count` at most, of a file of any length.

@@ -48,11 +48,11 @@ class Reader {
         for (HtmlNodeId id = body; id != noHtmlNode;) {
             Leave(id);
             if (tree[id].IsElement() && styles_.Of(id).box->display == CssDisplay::None) {
-                id = tree.NextBehind(id, body);
+                id = tree.NextAfter(id, body);
                 continue;
             }
             if (const HtmlTextPiece* piece = page_.PieceOf(id)) Count(*piece);
-            Open(id, tree.NextBehind(id, body));
+            Open(id, tree.NextAfter(id, body));
             id = tree.Next(id, body);
         }
         Leave(noHtmlNode);
@@ -62,13 +62,13 @@ class Reader {
   private:
     struct Opened {
         std::size_t object = 0;
-        HtmlNodeId behind = noHtmlNode; // the first node that is not in it
+        HtmlNodeId after = noHtmlNode; // the first node that is not in it
         bool hasText = false;
     };
 
     // What the node is not in any more; noHtmlNode is the page's end.
     void Leave(HtmlNodeId id) {
-        while (!around_.empty() && around_.back().behind == id) {
+        while (!around_.empty() && around_.back().after == id) {
             ReadingObject& object = objects_[around_.back().object];
             object.span.end = lastEnd_;
             if (!around_.back().hasText) {
@@ -95,7 +95,7 @@ class Reader {
         }
     }
 
-    void Open(HtmlNodeId id, HtmlNodeId behind) {
+    void Open(HtmlNodeId id, HtmlNodeId after) {
         const HtmlNode& node = page_.Tree()[id];
         const auto kind = KindOf(node);
         if (!kind || objects_.size() == maxReadingObjects || IsDecoration(node)) return;
@@ -110,7 +110,7 @@ class Reader {
         if (*kind == ReadingObjectKind::Row)
             if (ReadingObject* table = Around(ReadingObjectKind::Table)) ++table->rows;
         if (*kind == ReadingObjectKind::Cell) CountCell();
-        around_.push_back({objects_.size(), behind});
+        around_.push_back({objects_.size(), after});
         objects_.push_back(std::move(object));
     }
 

@@ -87,8 +87,8 @@ TextPos PagePane::NextCharacter(TextPos position, bool forward) const {
     const TextPos from = std::max(0, position - clusterReach);
     const auto starts =
         ClusterStarts(text.substr(std::size_t(from), std::size_t(clusterReach) * 2));
-    const auto behind = std::ranges::upper_bound(starts, position - from);
-    if (forward) return behind == starts.end() ? page_->Length() : from + *behind;
+    const auto after = std::ranges::upper_bound(starts, position - from);
+    if (forward) return after == starts.end() ? page_->Length() : from + *after;
     const auto at = std::ranges::lower_bound(starts, position - from);
     return at == starts.begin() ? 0 : from + *std::prev(at);
 }

@@ -10,7 +10,7 @@
 namespace {
 constexpr std::uint64_t maxFileBytes = 32 << 20;
 constexpr std::size_t maxKeptBytes = 32 << 20;
-// Where the size stands; of a JPEG sometimes behind two segments of 64 KB, with a small picture and
+// Where the size stands; of a JPEG sometimes after two segments of 64 KB, with a small picture and
 // a colour profile.
 constexpr std::size_t usualHeaderBytes = 4 << 10, headerBytes = 256 << 10;
 constexpr int maxObjects = 256; // of a page, whose files are looked into when it is opened

@@ -45,9 +45,8 @@ std::optional<TextPos> UnitShowing(const InlineContent& content, HtmlNodeId node
 }
 
 std::size_t OriginOf(const InlineContent& content, TextPos unit) {
-    const auto behind = std::ranges::upper_bound(content.origins, unit, {}, &InlineOrigin::start);
-    return behind == content.origins.begin() ? 0
-                                             : std::size_t(behind - content.origins.begin()) - 1;
+    const auto after = std::ranges::upper_bound(content.origins, unit, {}, &InlineOrigin::start);
+    return after == content.origins.begin() ? 0 : std::size_t(after - content.origins.begin()) - 1;
 }
 
 // Of the letters of a line; where lines are closer than those are high, the line's.
@@ -67,8 +66,8 @@ double Outside(double at, double from, double to) {
 
 std::size_t PlacedBlock::LineOf(TextPos unit) const {
     const auto& all = lines->layout.lines;
-    const auto behind = std::ranges::upper_bound(all, unit, {}, &InlineLine::start);
-    return behind == all.begin() ? 0 : std::size_t(behind - all.begin()) - 1;
+    const auto after = std::ranges::upper_bound(all, unit, {}, &InlineLine::start);
+    return after == all.begin() ? 0 : std::size_t(after - all.begin()) - 1;
 }
 
 double PlacedBlock::CaretX(std::size_t line, TextPos unit) const {
@@ -104,7 +103,7 @@ std::optional<CharacterPlace> PagePlaces::PlaceIn(const HtmlTextPiece& piece, Te
     return place;
 }
 
-// What is not shown stands where the text behind it does; at the end, that before it.
+// What is not shown stands where the text after it does; at the end, that before it.
 std::optional<CharacterPlace> PagePlaces::PlaceOf(TextPos position) {
     const auto& pieces = page_.Counted().pieces;
     if (pieces.empty()) return std::nullopt;
@@ -158,7 +157,7 @@ std::optional<CharacterPlace> PagePlaces::NearestLine(std::size_t zone, double x
                 double distance = Outside(y, lineTop, lineTop + line.height - 0.01) * 1e4 +
                                   Outside(x, from, from + text.width);
                 if (below && lineTop + line.height <= y) distance += 1e12;
-                if (distance > least) continue; // what stands in a line comes behind it
+                if (distance > least) continue; // what stands in a line comes after it
                 least = distance;
                 nearest.emplace();
                 nearest->block = {at, left, top, &lines, fragment};

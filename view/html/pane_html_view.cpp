@@ -199,8 +199,8 @@ std::u16string PaneHtmlView::SelectionAsHtml() {
     return HtmlSourceOf(page.Tree(), page.Counted(), Pane().SelStart(), Pane().SelEnd());
 }
 
-std::optional<PageMatch> PaneHtmlView::FindBehindSelection(std::u16string_view what,
-                                                           FindOptions options) {
+std::optional<PageMatch> PaneHtmlView::FindAfterSelection(std::u16string_view what,
+                                                          FindOptions options) {
     if (!Settle()) return std::nullopt;
     const TextPos from = Pane().SelEnd();
     const std::size_t found = FindText(Page()->Text(), what, std::size_t(from), options);

@@ -43,8 +43,8 @@ class PaneHtmlView : public HtmlView {
     std::vector<std::u16string> TextsOf(const std::vector<PageSpan>& spans) override;
     std::u16string SelectedText() override;
     std::u16string SelectionAsHtml() override;
-    std::optional<PageMatch> FindBehindSelection(std::u16string_view what,
-                                                 FindOptions options) override;
+    std::optional<PageMatch> FindAfterSelection(std::u16string_view what,
+                                                FindOptions options) override;
     TextPos StartAtTop() override;
     std::vector<Heading> Headings() override;
 

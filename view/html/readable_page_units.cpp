@@ -50,8 +50,8 @@ TextSpan ReadablePage::ReadingLine(TextPos position) {
     // A blank may stand between the blocks.
     const TextPos last = inParagraph(line.end);
     for (TextPos end = last; end <= last + 1 && end < paragraph.end; ++end) {
-        const auto behind = view->PlaceOf(end);
-        if (end <= position || !behind || behind->block.lines == place->block.lines) continue;
+        const auto after = view->PlaceOf(end);
+        if (end <= position || !after || after->block.lines == place->block.lines) continue;
         span.end = end;
         break;
     }
@@ -74,11 +74,11 @@ TextPos ReadablePage::ReadingPageEnd(TextPos position) {
     const PageScroller::Top top{place->block.zone, place->LineTop()};
     const PageScroller::Top below = view->scroller.Moved(top, view->size.height);
     PageFlow& flow = view->shown.Flow();
-    const bool isBehind =
+    const bool isAfter =
         below.zone + 1 == flow.ZoneCount() && below.y >= flow.LayOut(below.zone)->height;
     PagePlaces places = view->Places();
     const auto line =
-        isBehind ? std::nullopt : places.NearestLine(below.zone, place->x, below.y, true);
+        isAfter ? std::nullopt : places.NearestLine(below.zone, place->x, below.y, true);
     if (!line || line->LineBottom() <= below.y) return Source().Length();
     return std::max(places.PositionOf(line->block.Content(), line->unit),
                     ReadingLine(position).end);

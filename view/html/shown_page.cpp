@@ -27,7 +27,7 @@ std::u16string Declaration(std::u16string_view property, std::optional<Color> co
     return std::u16string(property) + u":#" + std::u16string(digits, digits + 6) + u"!important;";
 }
 
-// The reader's own colours, as a style sheet behind those of the page.
+// The reader's own colours, as a style sheet after those of the page.
 std::u16string ReadersSheet(const PageRenderOptions& options) {
     const std::u16string declarations =
         Declaration(u"color", options.text) + Declaration(u"background-color", options.background);

@@ -43,8 +43,8 @@ class ShownPage {
     PageBoxId BoxOf(HtmlNodeId node, std::size_t unit = 0) const;
     std::size_t ZoneOf(PageBoxId box) const;
 
-    Color CanvasColor() const; // behind everything; white where the page says nothing
-    Color BodyColor() const;   // behind the body's text
+    Color CanvasColor() const; // after everything; white where the page says nothing
+    Color BodyColor() const;   // after the body's text
     Color TextColor() const;   // of the body
     double TopMargin() const;  // of the body with its border; device pixels
 

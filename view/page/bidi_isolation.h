@@ -5,6 +5,6 @@
 
 #include <string_view>
 
-// Before what is in the element, and behind it; "" for most.
+// Before what is in the element, and after it; "" for most.
 std::u16string_view OpeningControls(CssStyle element);
 std::u16string_view ClosingControls(CssStyle element);

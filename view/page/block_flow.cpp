@@ -15,7 +15,7 @@ BlockFlow::BlockFlow(PageLayouter& layouter, PageBoxId container, InlineEdges ro
     open_.push_back(block);
 }
 
-void BlockFlow::StartBehind(PageBoxId leaf) {
+void BlockFlow::StartAfter(PageBoxId leaf) {
     std::vector<PageBoxId> around;
     for (PageBoxId box = layouter_.Box(leaf).parent; box != container_;
          box = layouter_.Box(box).parent)

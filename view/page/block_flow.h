@@ -1,6 +1,6 @@
 // The flow of blocks from above to below (CSS 2.1, 9.4.1): margins that meet, and floats.
 //
-// It can begin behind any box that is not empty, because heights above it decide about nothing
+// It can begin after any box that is not empty, because heights above it decide about nothing
 // below but floats.
 #pragma once
 
@@ -14,12 +14,12 @@ class BlockFlow {
     BlockFlow(PageLayouter& layouter, PageBoxId container, InlineEdges room, PageFragment& result,
               std::optional<InlineEdges> positioned = {});
 
-    // Goes on behind a leaf whose border ends at height 0: one with text or a size of its own, or
-    // one that was broken behind below floats.
-    void StartBehind(PageBoxId leaf);
+    // Goes on after a leaf whose border ends at height 0: one with text or a size of its own, or
+    // one that was broken after below floats.
+    void StartAfter(PageBoxId leaf);
     // All that is in the container.
     void LayOutContent();
-    // Lays out the boxes from one to another that is behind it; both in the container.
+    // Lays out the boxes from one to another that is after it; both in the container.
     void LayOut(PageBoxId from, PageBoxId end);
     // Ends the boxes that are open, and goes below all floats.
     void Finish();

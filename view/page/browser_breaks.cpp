@@ -19,7 +19,7 @@ bool IsOneOf(char16_t unit, std::u16string_view units) {
 } // namespace
 
 // Seen in Chromium: it takes paths, addresses and file names as one word, but for what stands
-// behind a hyphen or a question mark. Systems break behind a slash, and some behind a full stop
+// after a hyphen or a question mark. Systems break after a slash, and some after a full stop
 // between a letter and a digit.
 BreakChange BreakChangeAt(char16_t before, char16_t left, char16_t right) {
     const bool wordFollows = IsAsciiWord(right);

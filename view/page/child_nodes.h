@@ -5,12 +5,12 @@
 
 // From one up to another, or up to the last one.
 struct HtmlSiblings {
-    HtmlNodeId first = noHtmlNode, behind = noHtmlNode;
+    HtmlNodeId first = noHtmlNode, after = noHtmlNode;
 };
 
 template <typename Do>
 void ForEach(const HtmlTree& tree, HtmlSiblings siblings, Do work) {
-    for (HtmlNodeId node = siblings.first; node != siblings.behind; node = tree[node].nextSibling)
+    for (HtmlNodeId node = siblings.first; node != siblings.after; node = tree[node].nextSibling)
         work(node);
 }
 

@@ -23,7 +23,7 @@ bool IsPunctuation(char16_t unit) {
     });
 }
 
-std::size_t BehindPunctuation(std::u16string_view text, std::size_t at) {
+std::size_t AfterPunctuation(std::u16string_view text, std::size_t at) {
     while (at < text.size() && IsPunctuation(text[at]))
         ++at;
     return at;
@@ -38,12 +38,12 @@ LetterSpan FindFirstLetter(std::u16string_view text) {
     LetterSpan span;
     while (span.start < text.size() && IsHtmlSpace(text[span.start]))
         ++span.start;
-    span.end = BehindPunctuation(text, span.start);
+    span.end = AfterPunctuation(text, span.start);
     if (span.end < text.size() && !IsHtmlSpace(text[span.end])) {
         span.end += IsHighSurrogate(text[span.end]) && span.end + 1 < text.size() ? 2 : 1;
         while (span.end < text.size() && IsCombiningMark(text[span.end]))
             ++span.end;
-        span.end = BehindPunctuation(text, span.end);
+        span.end = AfterPunctuation(text, span.end);
     }
     return span;
 }

@@ -10,5 +10,5 @@ struct LetterSpan {
     bool IsEmpty() const { return start >= end; }
 };
 
-// Behind white space; empty in a text of nothing else.
+// After white space; empty in a text of nothing else.
 LetterSpan FindFirstLetter(std::u16string_view text);

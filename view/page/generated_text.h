@@ -1,4 +1,4 @@
-// What `content` puts before and behind what is in an element (CSS 2.1, 12.2).
+// What `content` puts before and after what is in an element (CSS 2.1, 12.2).
 #pragma once
 
 #include "formats/css/css_page_styles.h"

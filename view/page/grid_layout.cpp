@@ -88,7 +88,7 @@ class GridLayouter {
         return std::size_t(std::clamp(std::floor(fitting), 1.0, std::max(1.0, most)));
     }
 
-    // Of auto-fit: those behind the last item.
+    // Of auto-fit: those after the last item.
     void DropEmptyRepetitions() {
         std::size_t used = 1;
         for (const GridItemPlace& place : placement_.items)

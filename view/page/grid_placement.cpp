@@ -101,7 +101,7 @@ class GridPlacer {
         for (Item& item : items)
             if (!item.across.start && item.along.start) PutInTrack(item);
         for (Item& item : items)
-            if (!item.along.start) PutBehind(item);
+            if (!item.along.start) PutAfter(item);
     }
     std::size_t Across() const { return across_; }
 
@@ -139,7 +139,7 @@ class GridPlacer {
     }
 
     // Not before the one that was placed last.
-    void PutBehind(Item& item) {
+    void PutAfter(Item& item) {
         if (item.across.start) {
             if (*item.across.start < cursorAcross_) ++cursorAlong_;
             cursorAcross_ = *item.across.start;

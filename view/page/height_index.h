@@ -16,7 +16,7 @@ class HeightIndex {
     std::size_t NotMeasured() const { return notMeasured_; }
     double Height(std::size_t block) const { return heights_[block]; }
 
-    double Top(std::size_t block) const; // also of the one behind the last
+    double Top(std::size_t block) const; // also of the one after the last
     double Total() const { return Top(Count()); }
     // The block that covers a height; the first or the last one outside the page. There must be
     // one.

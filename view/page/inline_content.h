@@ -64,7 +64,7 @@ struct InlineDecoration {
     const CssBoxStyle* style = nullptr;
     double ascent = 0, descent = 0;    // of its font
     double raise = 0;                  // of its baseline above the block's
-    bool begins = false, ends = false; // there, and not in other lines before or behind
+    bool begins = false, ends = false; // there, and not in other lines before or after
 };
 
 // The same units as they are in the first line, which may have a style of its own.

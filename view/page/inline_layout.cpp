@@ -139,7 +139,7 @@ class InlineLayouter {
     }
 
     // Floats before that unit may stand beside a line that ends there: of the last line also those
-    // behind it.
+    // after it.
     TextPos EndOfFloats(TextPos lineEnd) const {
         const bool isLast = lineEnd == end_ && content_.text.text.back() != u'\u2028';
         return isLast ? lineEnd + 1 : lineEnd;

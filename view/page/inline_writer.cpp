@@ -15,7 +15,7 @@ namespace {
 constexpr char16_t lineSeparator = u'\u2028', objectReplacement = u'\uFFFC';
 // None of the page's text: it keeps a line from breaking.
 constexpr char16_t wordJoiner = u'\u2060';
-// Nor is this, behind which a line may break.
+// Nor is this, after which a line may break.
 constexpr char16_t zeroWidthSpace = u'\u200B';
 
 bool Wraps(CssWhiteSpace whiteSpace) {
@@ -28,7 +28,7 @@ bool GoesOn(const InlineOrigin& before, const InlineOrigin& origin) {
            (origin.node == noHtmlNode || before.unit + distance == origin.unit);
 }
 
-// In the place of one that begins there, or behind it by a space that went.
+// In the place of one that begins there, or after it by a space that went.
 template <typename Run, typename Equal>
 void AddRun(std::vector<Run>& runs, Run run, Equal equal) {
     if (runs.back().start >= run.start)
@@ -99,7 +99,7 @@ void InlineWriter::AddText(std::u16string_view text, const CssInheritedStyle& st
     if (style.visibility != CssVisibility::Visible) Hide(start);
 }
 
-// One that a line does not break behind is a space like any other where lines are justified.
+// One that a line does not break after is a space like any other where lines are justified.
 void InlineWriter::AddSpace(std::size_t unit, bool wraps) {
     AddUnit(u' ', unit);
     if (!wraps) AddOwnUnit(wordJoiner);
@@ -130,14 +130,14 @@ void InlineWriter::AddGap(int width, bool isStart) {
 }
 
 TextPos InlineWriter::AddObject(const CssInheritedStyle& block, HtmlNodeId node, bool joinsBefore,
-                                bool joinsBehind) {
+                                bool joinsAfter) {
     StartRun(block, {}, false);
     if (joinsBefore && !Text().empty() && Text().back() != u' ') AddUnit(wordJoiner, 0);
     node_ = node;
     const TextPos at = Length();
     AddUnit(objectReplacement, 0);
     node_ = noHtmlNode;
-    if (joinsBehind) AddUnit(wordJoiner, 0);
+    if (joinsAfter) AddUnit(wordJoiner, 0);
     whiteSpaceEnds_ = false;
     return at;
 }

@@ -30,7 +30,7 @@ class InlineWriter {
     // The unit of a box that stands in the line, and no line breaks on a side where it is joined.
     // Answers where the unit is.
     TextPos AddObject(const CssInheritedStyle& block, HtmlNodeId node, bool joinsBefore,
-                      bool joinsBehind);
+                      bool joinsAfter);
     bool WrapsIn(const CssInheritedStyle& style) const;
     std::shared_ptr<InlineContent> Finish();
 
@@ -50,5 +50,5 @@ class InlineWriter {
     PageFonts& fonts_;
     std::shared_ptr<InlineContent> content_ = std::make_shared<InlineContent>();
     HtmlNodeId node_ = noHtmlNode;
-    bool whiteSpaceEnds_ = true; // collapsible: at the start, behind a space or a break
+    bool whiteSpaceEnds_ = true; // collapsible: at the start, after a space or a break
 };

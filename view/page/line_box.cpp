@@ -69,8 +69,8 @@ LineBox BoxOfText(LineLayout& system, const InlineContent& content, TextPos star
     end = EndOfText(content, start, end);
     for (auto run = RunAt(content, start); run != content.runs.end() && run->start < end; ++run) {
         const auto next = std::next(run);
-        const TextPos behind = next == content.runs.end() ? end : std::min(end, next->start);
-        if (!HasText(content, std::max(start, run->start), behind)) continue;
+        const TextPos after = next == content.runs.end() ? end : std::min(end, next->start);
+        if (!HasText(content, std::max(start, run->start), after)) continue;
         const LineBox box = FontBox(system.Metrics(*run->font), run->lineHeight);
         if (!line) line = {box.above + run->raise, box.below - run->raise};
         Enclose(*line, box, run->raise);

@@ -39,18 +39,18 @@ PageBox& LinesBuilder::Open(HtmlNodeId node) {
     return boxes_.Top();
 }
 
-void LinesBuilder::Close(HtmlNodeId behind) {
+void LinesBuilder::Close(HtmlNodeId after) {
     goesOn_ = false;
     if (!IsOpen()) return;
-    boxes_.Top().behind = behind;
+    boxes_.Top().after = after;
     boxes_.Close();
 }
 
 // They are too long and go on in others, from there on.
-void LinesBuilder::Divide(HtmlNodeId behind, std::uint32_t unit) {
+void LinesBuilder::Divide(HtmlNodeId after, std::uint32_t unit) {
     if (!IsOpen()) return;
-    boxes_.Top().behindUnit = unit;
-    Close(behind);
+    boxes_.Top().afterUnit = unit;
+    Close(after);
     goesOn_ = true;
 }
 
@@ -73,8 +73,7 @@ void LinesBuilder::AddText(HtmlNodeId id) {
         Open(id).firstUnit = std::uint32_t(end);
         at = end;
     }
-    if (IsLong() && KeepsBreaks(whiteSpace) && text.back() == u'\n')
-        Divide(tree_.NextBehind(id), 0);
+    if (IsLong() && KeepsBreaks(whiteSpace) && text.back() == u'\n') Divide(tree_.NextAfter(id), 0);
 }
 
 void LinesBuilder::AddFirstLetter(HtmlNodeId id) {
@@ -120,7 +119,7 @@ void LinesBuilder::AddBreak(HtmlNodeId element) {
     Open(element);
     AddUnits(1);
     boxes_.SetBoxOf(element);
-    if (IsLong()) Divide(tree_.NextBehind(element), 0);
+    if (IsLong()) Divide(tree_.NextAfter(element), 0);
     if (IsOpen()) boxes_.Weight() += inlineElementWeight;
 }
 

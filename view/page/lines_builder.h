@@ -16,7 +16,7 @@ class LinesBuilder {
     // They begin with this node, unless they have begun.
     PageBox& Open(HtmlNodeId node);
     // They end before this node.
-    void Close(HtmlNodeId behind);
+    void Close(HtmlNodeId after);
 
     // The next text begins with a block's first letter, which has a style of its own.
     void ExpectFirstLetter(HtmlNodeId block) { letterOf_ = block; }
@@ -31,7 +31,7 @@ class LinesBuilder {
     void AddRuby(HtmlNodeId first, PageWeight within);
     // The start of an element, whose text follows.
     void AddInline(HtmlNodeId element);
-    // Text before or behind what is in an element.
+    // Text before or after what is in an element.
     void AddGenerated(CssStyle style, HtmlNodeId first);
     // Pictures there, once the lines are read up to them.
     void AddGeneratedPictures(CssStyle style, HtmlNodeId element);
@@ -39,7 +39,7 @@ class LinesBuilder {
     bool IsEmptyText(HtmlNodeId text) const;
 
   private:
-    void Divide(HtmlNodeId behind, std::uint32_t unit);
+    void Divide(HtmlNodeId after, std::uint32_t unit);
     void MakeRoom(HtmlNodeId node, PageWeight weight);
     std::size_t TextEnd(std::u16string_view text, std::size_t at, CssWhiteSpace whiteSpace) const;
     std::size_t RoomFor(std::u16string_view text) const;

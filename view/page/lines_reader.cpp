@@ -73,21 +73,21 @@ void LinesReader::ReadAll() {
     if (tree_.IsVisualOrder()) AddControls(leftToRightOverride);
     AddMarker();
     if (lines_.first != noHtmlNode && lines_.first != container_ &&
-        (lines_.first != lines_.behind || lines_.behindUnit > 0))
+        (lines_.first != lines_.after || lines_.afterUnit > 0))
         OpenAround(lines_.first);
     if (lines_.generatedPlace != GeneratedPlace::None) {
         AddContent({lines_.text, lines_.style}, container_, lines_.generatedPlace,
                    {.background = background_});
-    } else if (lines_.first == lines_.behind && lines_.behindUnit > 0) {
-        AddUpTo(lines_.behind, lines_.firstUnit, lines_.behindUnit);
+    } else if (lines_.first == lines_.after && lines_.afterUnit > 0) {
+        AddUpTo(lines_.after, lines_.firstUnit, lines_.afterUnit);
     } else if (lines_.first == container_) {
         AddGenerated(styles_.Before(container_), container_, GeneratedPlace::Before);
         const HtmlNodeId child = tree_[container_].firstChild;
         if (child == noHtmlNode)
-            AddGenerated(styles_.After(container_), container_, GeneratedPlace::Behind);
+            AddGenerated(styles_.After(container_), container_, GeneratedPlace::After);
         ReadFrom(child);
-    } else if (lines_.first == lines_.behind) {
-        AddGenerated(styles_.After(container_), container_, GeneratedPlace::Behind);
+    } else if (lines_.first == lines_.after) {
+        AddGenerated(styles_.After(container_), container_, GeneratedPlace::After);
     } else {
         ReadFrom(lines_.first);
     }
@@ -105,22 +105,22 @@ const CssInheritedStyle& LinesReader::StyleIn(HtmlNodeId element) {
                : own;
 }
 
-// In document order, up to the node behind the lines.
+// In document order, up to the node after the lines.
 void LinesReader::ReadFrom(HtmlNodeId id) {
-    while (id != noHtmlNode && id != lines_.behind) {
+    while (id != noHtmlNode && id != lines_.after) {
         if (IsRubyAt(id)) {
-            const HtmlNodeId behind = boxes_[nextBox_].behind;
+            const HtmlNodeId after = boxes_[nextBox_].after;
             AddRuby();
-            Leave(tree_[id].parent, behind);
-            id = behind;
+            Leave(tree_[id].parent, after);
+            id = after;
             continue;
         }
         const bool within = Enter(id);
-        const HtmlNodeId next = within ? tree_.Next(id) : tree_.NextBehind(id);
+        const HtmlNodeId next = within ? tree_.Next(id) : tree_.NextAfter(id);
         Leave(within ? id : tree_[id].parent, next);
         id = next;
     }
-    if (lines_.behindUnit > 0) AddUpTo(lines_.behind, 0, lines_.behindUnit);
+    if (lines_.afterUnit > 0) AddUpTo(lines_.after, 0, lines_.afterUnit);
 }
 
 void LinesReader::AddUpTo(HtmlNodeId text, std::size_t from, std::size_t end) {
@@ -182,7 +182,7 @@ void LinesReader::AddClear(CssClear clear) {
 void LinesReader::Leave(HtmlNodeId element, HtmlNodeId next) {
     const HtmlNodeId around = next == noHtmlNode ? noHtmlNode : tree_[next].parent;
     for (; element != noHtmlNode && element != around; element = tree_[element].parent) {
-        AddGenerated(styles_.After(element), element, GeneratedPlace::Behind);
+        AddGenerated(styles_.After(element), element, GeneratedPlace::After);
         if (element == container_) return;
         AddSide(*styles_.Of(element).box, cssRight);
         CloseDecoration(element, true);

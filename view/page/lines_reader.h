@@ -35,8 +35,8 @@ class LinesReader {
     void AddBox();
     void AddRuby();
     bool IsRubyAt(HtmlNodeId id) const;
-    char16_t FirstUnit(HtmlNodeId from, HtmlNodeId behind) const;
-    char16_t LastUnit(HtmlNodeId from, HtmlNodeId behind) const;
+    char16_t FirstUnit(HtmlNodeId from, HtmlNodeId after) const;
+    char16_t LastUnit(HtmlNodeId from, HtmlNodeId after) const;
     void AddMarker();
     void AddGenerated(CssStyle style, HtmlNodeId element, GeneratedPlace place);
     void AddContent(CssStyle style, HtmlNodeId element, GeneratedPlace generatedPlace,

@@ -6,7 +6,7 @@
 #include <cmath>
 
 namespace {
-// Something to be drawn behind its text.
+// Something to be drawn after its text.
 bool HasDecoration(CssStyle style) {
     const CssBoxStyle& box = *style.box;
     if (box.display != CssDisplay::Inline) return false;

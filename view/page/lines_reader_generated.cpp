@@ -39,7 +39,7 @@ void LinesReader::AddMarker() {
         writer_.AddText(marker + u" ", *boxes_[item].text, {.background = background_});
 }
 
-// Before or behind what is in an element.
+// Before or after what is in an element.
 void LinesReader::AddGenerated(CssStyle style, HtmlNodeId element, GeneratedPlace generatedPlace) {
     if (!style.box) return;
     if (HasOwnBox(style)) {

@@ -6,5 +6,5 @@
 #include <string>
 
 // "1." or a bullet; "" for none. Numbers that a system of letters does not have are decimal.
-std::u16string CounterText(CssListStyleType type, int number); // without what stands behind it
+std::u16string CounterText(CssListStyleType type, int number); // without what stands after it
 std::u16string ListMarker(CssListStyleType type, int number);

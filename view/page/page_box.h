@@ -30,7 +30,7 @@ enum class PageBoxKind : std::uint8_t {
 };
 
 // Where content that a style generates stands beside what is in its element.
-enum class GeneratedPlace : std::uint8_t { None, Before, Behind };
+enum class GeneratedPlace : std::uint8_t { None, Before, After };
 
 class PageCounters;
 
@@ -42,21 +42,21 @@ struct PageBox {
     GeneratedPlace generatedPlace = GeneratedPlace::None; // a box of generated content
     bool isTooLong = false;                               // to be laid out by itself
     bool dropsQuirkyMargins = false;                      // a cell, or the page's body
-    // Lines or a table that is too long are several, one behind the other: not the first of them;
+    // Lines or a table that is too long are several, one after the other: not the first of them;
     // of tables also not the last one.
     bool continues = false, isContinued = false;
     HtmlNodeId node = noHtmlNode; // none: an anonymous box
     PageBoxId parent = noPageBox, nextSibling = noPageBox;
-    PageBoxId end = noPageBox;                          // behind the last one within it
-    HtmlNodeId first = noHtmlNode, behind = noHtmlNode; // of Lines: the nodes, in document order
+    PageBoxId end = noPageBox;                         // after the last one within it
+    HtmlNodeId first = noHtmlNode, after = noHtmlNode; // of Lines: the nodes, in document order
     // Units of these two, if they are texts that are divided: the first one's from there on, the
     // other one's up to there.
-    std::uint32_t firstUnit = 0, behindUnit = 0;
+    std::uint32_t firstUnit = 0, afterUnit = 0;
     std::uint32_t units = 0; // of the texts of Lines, as they are written
     std::int32_t number = 0; // of a list's item
     const CssInheritedStyle* text = nullptr;
     const CssBoxStyle* style = nullptr;
-    // Of a Picture that stands before or behind what is in its node; null: the node is the picture.
+    // Of a Picture that stands before or after what is in its node; null: the node is the picture.
     const CssContentItem* generated = nullptr;
 };
 
@@ -66,7 +66,7 @@ inline bool IsOutOfFlow(const CssBoxStyle& style) {
     return style.position == CssPosition::Absolute;
 }
 
-// Not of the element itself, but of what stands before or behind what is in it.
+// Not of the element itself, but of what stands before or after what is in it.
 inline bool IsGenerated(const PageBox& box) {
     return box.generated || box.generatedPlace != GeneratedPlace::None;
 }

@@ -77,14 +77,14 @@ class PageBoxBuilder : private BlockBuilder {
             boxes_.MakeTopCanvas();
         boxes_.Top().dropsQuirkyMargins =
             kind == PageBoxKind::Cell || tree_[node].Is(HtmlName::Body);
-        const HtmlNodeId behind = tree_.NextBehind(node);
+        const HtmlNodeId after = tree_.NextAfter(node);
         if (boxes_.Top().style->display == CssDisplay::ListItem)
             boxes_.Top().number = numbers_.Next(node);
         if (styles_.FirstLetter(node).box) lines_.ExpectFirstLetter(node);
         BuildGenerated(node, styles_.Before(node), GeneratedPlace::Before, node);
         VisitChildren(node);
-        BuildGenerated(node, styles_.After(node), GeneratedPlace::Behind, behind);
-        lines_.Close(behind);
+        BuildGenerated(node, styles_.After(node), GeneratedPlace::After, after);
+        lines_.Close(after);
         if (styles_.FirstLetter(node).box) lines_.ForgetFirstLetter();
         boxes_.FoldLines();
         if (HasColumns(boxes_.Top()) && boxes_.HasMoreUnits(maxUnitsInColumns))
@@ -101,7 +101,7 @@ class PageBoxBuilder : private BlockBuilder {
             } else {
                 ForEach(tree_, parts.nodes, [&](HtmlNodeId part) { Visit(part); });
             }
-            child = parts.nodes.behind;
+            child = parts.nodes.after;
         }
     }
 
@@ -173,11 +173,11 @@ class PageBoxBuilder : private BlockBuilder {
     void BuildRuby(HtmlNodeId id, const RubySegment& segment) {
         lines_.AddRuby(segment.first, segment.weight);
         lines_.ForgetFirstLetter();
-        boxes_.OpenRuby(PageBoxKind::Ruby, segment.first, segment.behind, styles_.Of(id));
+        boxes_.OpenRuby(PageBoxKind::Ruby, segment.first, segment.after, styles_.Of(id));
         boxes_.OpenRuby(PageBoxKind::Lines, segment.first, segment.annotation, styles_.Of(id));
         VisitAll({segment.first, segment.annotation});
         boxes_.Close();
-        boxes_.OpenRuby(PageBoxKind::Lines, segment.annotation, segment.behind,
+        boxes_.OpenRuby(PageBoxKind::Lines, segment.annotation, segment.after,
                         styles_.Of(segment.annotation));
         VisitAll({segment.annotation, segment.next});
         boxes_.Close();
@@ -196,12 +196,12 @@ class PageBoxBuilder : private BlockBuilder {
         if (!HasOwnBox(before)) lines_.AddGeneratedPictures(before, id);
         VisitChildren(id);
         if (HasOwnBox(after))
-            BuildGenerated(id, after, GeneratedPlace::Behind, tree_.NextBehind(id));
+            BuildGenerated(id, after, GeneratedPlace::After, tree_.NextAfter(id));
         else
             lines_.AddGeneratedPictures(after, id);
     }
 
-    // Before or behind what is in an element; in lines that would begin with the node `at`.
+    // Before or after what is in an element; in lines that would begin with the node `at`.
     void BuildGenerated(HtmlNodeId id, CssStyle style, GeneratedPlace place, HtmlNodeId at) {
         if (!HasOwnBox(style)) {
             lines_.AddGenerated(style, at);

@@ -17,7 +17,7 @@ PageBoxes BoxesOf(const HtmlTree& tree, const CssPageStyles& styles, const PageL
 bool IsNotShown(const HtmlNode& node);
 // By its style: not displayed, or cut off to a point that only screen readers come by.
 bool IsNotShown(const CssBoxStyle& style);
-// Whether what stands before or behind what is in an element is a box, and no part of its lines.
+// Whether what stands before or after what is in an element is a box, and no part of its lines.
 bool HasOwnBox(CssStyle generated);
 // A float, a block in a line, or a box out of the flow.
 bool IsInLines(const CssBoxStyle& style);

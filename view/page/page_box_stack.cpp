@@ -60,11 +60,11 @@ void PageBoxStack::OpenGenerated(HtmlNodeId node, CssStyle style, GeneratedPlace
     Push(box);
 }
 
-void PageBoxStack::OpenRuby(PageBoxKind kind, HtmlNodeId first, HtmlNodeId behind, CssStyle style) {
+void PageBoxStack::OpenRuby(PageBoxKind kind, HtmlNodeId first, HtmlNodeId after, CssStyle style) {
     PageBox box;
     box.kind = kind;
     box.first = first;
-    box.behind = behind;
+    box.after = after;
     box.text = style.inherited;
     box.style = &anonymousStyle;
     Push(box);
@@ -95,9 +95,9 @@ void PageBoxStack::AddFirstLetter(HtmlNodeId text, const PageFirstLetter& letter
     PageBox box;
     box.kind = PageBoxKind::Lines;
     box.hasText = box.isFirstLetter = true;
-    box.first = box.behind = text;
+    box.first = box.after = text;
     box.firstUnit = letter.start;
-    box.behindUnit = letter.end;
+    box.afterUnit = letter.end;
     box.units = letter.end - letter.start;
     box.text = style.inherited;
     box.style = style.box;
@@ -147,8 +147,8 @@ void PageBoxStack::FoldLines() {
     block.hasText = lines.hasText;
     block.units = lines.units;
     block.first = lines.first;
-    block.behind = lines.behind;
-    for (HtmlNodeId id = lines.first; id != noHtmlNode && id != lines.behind; id = tree_.Next(id))
+    block.after = lines.after;
+    for (HtmlNodeId id = lines.first; id != noHtmlNode && id != lines.after; id = tree_.Next(id))
         if (boxes_.boxOfNode_[id] == only) boxes_.boxOfNode_[id] = TopId();
     boxes_.boxes_.pop_back();
     open_.back().lastChild = noPageBox;

@@ -23,8 +23,8 @@ class PageBoxStack : public PageNumbers {
     void Open(PageBoxKind kind, HtmlNodeId node);
     void Close();
     // A word with an annotation, and either of them: from a node up to another, in a style.
-    void OpenRuby(PageBoxKind kind, HtmlNodeId first, HtmlNodeId behind, CssStyle style);
-    // Of what stands before or behind what is in the node: lines, or an empty block.
+    void OpenRuby(PageBoxKind kind, HtmlNodeId first, HtmlNodeId after, CssStyle style);
+    // Of what stands before or after what is in the node: lines, or an empty block.
     void OpenGenerated(HtmlNodeId node, CssStyle style, GeneratedPlace place);
     // One that `content` puts beside what is in the node.
     void AddGeneratedPicture(HtmlNodeId node, CssStyle style, const CssContentItem& item);

@@ -38,7 +38,7 @@ PageCounters::PageCounters(const HtmlTree& tree, const CssPageStyles& styles)
 
 std::u16string_view PageCounters::TextOf(HtmlNodeId node, GeneratedPlace place,
                                          const CssContentItem& item) const {
-    const auto& texts = texts_[place == GeneratedPlace::Behind];
+    const auto& texts = texts_[place == GeneratedPlace::After];
     const auto found = texts.find({node, &item});
     return found == texts.end() ? std::u16string_view() : found->second;
 }
@@ -49,7 +49,7 @@ void PageCounters::Enter(HtmlNodeId element) {
 }
 
 void PageCounters::Leave(HtmlNodeId element) {
-    AddTexts(element, styles_.After(element), GeneratedPlace::Behind);
+    AddTexts(element, styles_.After(element), GeneratedPlace::After);
     for (; !opened_.empty() && opened_.back().scope == element; opened_.pop_back()) {
         Instances& instances = opened_.back().counter->second;
         instances.pop_back();
@@ -62,7 +62,7 @@ void PageCounters::Begin(Counters::iterator counter, HtmlNodeId scope, int value
     opened_.push_back({scope, counter});
 }
 
-// A counter that an element begins is there for what is in it and for its siblings behind.
+// A counter that an element begins is there for what is in it and for its siblings after.
 void PageCounters::Change(const CssBoxStyle& style, HtmlNodeId scope) {
     for (const CssCounterChange& reset : styles_.Counters(style.counterReset)) {
         const auto counter = counters_.try_emplace(reset.name).first;
@@ -87,7 +87,7 @@ void PageCounters::AddTexts(HtmlNodeId element, CssStyle style, GeneratedPlace p
         if (item.kind < CssContentItem::Kind::Counter || units_ >= maxUnits) continue;
         std::u16string text = TextOf(item);
         units_ += text.size();
-        texts_[place == GeneratedPlace::Behind][{element, &item}] = std::move(text);
+        texts_[place == GeneratedPlace::After][{element, &item}] = std::move(text);
     }
 }
 

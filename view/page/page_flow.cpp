@@ -72,7 +72,7 @@ PageFragmentPtr PageFlow::MakeLayout(std::size_t zone) {
     auto fragment = std::make_shared<PageFragment>();
     BlockFlow flow(layouter_, noPageBox, {0, width_}, *fragment);
     const bool first = zone == 0, last = zone + 1 == zones_.size();
-    if (!first) flow.StartBehind(zones_[zone - 1].lastLeaf);
+    if (!first) flow.StartAfter(zones_[zone - 1].lastLeaf);
     flow.LayOut(first ? rootPageBox : zones_[zone - 1].end, zones_[zone].end);
     if (last)
         flow.Finish();

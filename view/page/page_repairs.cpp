@@ -39,7 +39,7 @@ PageTextShares TextSharesOf(const HtmlTree& tree, const CssPageStyles& styles) {
     bool isPositioned = false; // up to `positionedEnd`
     HtmlNodeId positionedEnd = noHtmlNode;
     const auto next = [&](HtmlNodeId id) {
-        return tree[id].IsElement() && IsNeverRead(tree[id]) ? tree.NextBehind(id) : tree.Next(id);
+        return tree[id].IsElement() && IsNeverRead(tree[id]) ? tree.NextAfter(id) : tree.Next(id);
     };
     for (HtmlNodeId id = tree.RootElement(); id != noHtmlNode; id = next(id)) {
         const HtmlNode& node = tree[id];
@@ -47,7 +47,7 @@ PageTextShares TextSharesOf(const HtmlTree& tree, const CssPageStyles& styles) {
         if (node.IsText()) AddShare(node.Text(), styles.Of(node.parent), isPositioned, shares);
         if (isPositioned || !node.IsElement()) continue;
         isPositioned = styles.Of(id).box->position == CssPosition::Absolute;
-        if (isPositioned) positionedEnd = tree.NextBehind(id);
+        if (isPositioned) positionedEnd = tree.NextAfter(id);
     }
     return shares;
 }

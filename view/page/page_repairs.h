@@ -14,6 +14,6 @@ struct PageTextShares {
 };
 PageTextShares TextSharesOf(const HtmlTree& tree, const CssPageStyles& styles);
 
-// A style sheet behind those of the page that shows what is hidden if that is the larger part, and
+// A style sheet after those of the page that shows what is hidden if that is the larger part, and
 // that lays out what is positioned in the flow if that is the larger part; "" for most pages.
 std::u16string RepairingSheet(const PageTextShares& shares);

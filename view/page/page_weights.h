@@ -18,10 +18,10 @@ struct PageLimits {
     // beyond it is an ordinary block of the flow; a table beyond it, see below. A table of four
     // columns has some 1,500 rows.
     PageWeight whole = 256 * 1024;
-    // Of the text of one paragraph. The text beyond goes on in a new line, behind a line break if
-    // one is near, else behind a space.
+    // Of the text of one paragraph. The text beyond goes on in a new line, after a line break if
+    // one is near, else after a space.
     PageWeight lines = 32 * 1024;
-    // From there on it ends behind the next line break, where that is not to be seen.
+    // From there on it ends after the next line break, where that is not to be seen.
     PageWeight GoodLines() const { return lines / 4 * 3; }
     // Rows that are laid out together of a table that is too long. All have the same columns, whose
     // widths are those that some of the rows ask for. Such a table is divided where no cell spans

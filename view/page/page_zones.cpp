@@ -8,7 +8,7 @@ constexpr int floatReach = 16;
 // Of a zone. Where every paragraph has a float, such as the number of its page, one may be cut off.
 constexpr int maxLeaves = 64;
 constexpr PageWeight maxZoneWeight = 64 * 1024;
-// Of one in which there is no leaf to end it behind.
+// Of one in which there is no leaf to end it after.
 constexpr int maxLeavesByForce = 1024;
 constexpr PageWeight maxWeightByForce = 2 * maxZoneWeight;
 

@@ -6,17 +6,17 @@
 
 #include <vector>
 
-// From behind the zone before up to the end of its last leaf. Ends of blocks behind that leaf
-// belong to the next zone; those behind the last leaf of all to the last one.
+// From after the zone before up to the end of its last leaf. Ends of blocks after that leaf
+// belong to the next zone; those after the last leaf of all to the last one.
 struct PageZone {
     PageBoxId lastLeaf = noPageBox;
-    PageBoxId end = noPageBox; // behind that leaf
+    PageBoxId end = noPageBox; // after that leaf
     std::uint32_t units = 0;   // of its texts
     PageWeight weight = 0;
     bool endsBelowFloats = false;
 };
 
-// There is at least one. A zone ends behind a leaf that has a height, and not soon behind floats,
+// There is at least one. A zone ends after a leaf that has a height, and not soon after floats,
 // which stand beside what follows: the same zones at all widths. Where a page has too much without
 // such a leaf, a zone ends below its floats.
 std::vector<PageZone> ZonesOf(const PageBoxes& boxes);

@@ -50,14 +50,14 @@ RubySegment RubySegmentFrom(const HtmlTree& tree, const CssPageStyles& styles, H
     }
     if (last == noHtmlNode) return segment;
     segment.next = tree[last].nextSibling;
-    segment.behind = tree.NextBehind(last);
+    segment.after = tree.NextAfter(last);
     return segment;
 }
 
 bool IsRubyWord(const HtmlTree& tree, const CssPageStyles& styles, RubySegment& segment) {
     int nodes = 0;
     segment.weight = 0;
-    for (HtmlNodeId id = segment.first; id != noHtmlNode && id != segment.behind;
+    for (HtmlNodeId id = segment.first; id != noHtmlNode && id != segment.after;
          id = tree.Next(id)) {
         const HtmlNode& node = tree[id];
         if (++nodes > maxNodes) return false;

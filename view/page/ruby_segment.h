@@ -4,13 +4,13 @@
 #include "formats/css/css_page_styles.h"
 #include "view/page/page_weights.h"
 
-// Nodes within a ruby, one after the other: bases from `first` on, and annotations up to `behind`,
-// which is behind the last one in document order.
+// Nodes within a ruby, one after the other: bases from `first` on, and annotations up to `after`,
+// which is after the last one in document order.
 struct RubySegment {
     HtmlNodeId first = noHtmlNode;
     HtmlNodeId annotation = noHtmlNode; // the first one; none: there are only bases to the end
     HtmlNodeId next = noHtmlNode;       // what follows in the ruby
-    HtmlNodeId behind = noHtmlNode;
+    HtmlNodeId after = noHtmlNode;
     PageWeight weight = 0;
 };
 

@@ -23,23 +23,23 @@ CssDisplay TableBuilder::DisplayOf(HtmlNodeId id) const {
 void TableBuilder::Build(HtmlNodeId table) {
     if (weights_.IsTooLong(table) && HasLongRow(table))
         return blocks_.BuildBlock(PageBoxKind::Block, table);
-    BuildTable(table, {tree_[table].firstChild, noHtmlNode}, tree_.NextBehind(table));
+    BuildTable(table, {tree_[table].firstChild, noHtmlNode}, tree_.NextAfter(table));
 }
 
-void TableBuilder::BuildTable(HtmlNodeId table, HtmlSiblings parts, HtmlNodeId behind) {
+void TableBuilder::BuildTable(HtmlNodeId table, HtmlSiblings parts, HtmlNodeId after) {
     const Part around = std::exchange(part_, {});
     boxes_.Open(PageBoxKind::Table, table);
     if (boxes_.Top().text->borderCollapse == CssBorderCollapse::Collapse)
         collapsed_.push_back(boxes_.TopId());
-    BuildRows(parts, behind);
+    BuildRows(parts, after);
     boxes_.Close();
     part_ = around;
 }
 
 void TableBuilder::BuildAnonymous(HtmlSiblings parts) {
     const HtmlNodeId parent = tree_[parts.first].parent;
-    const bool isToTheEnd = parts.behind == noHtmlNode;
-    BuildTable(noHtmlNode, parts, isToTheEnd ? tree_.NextBehind(parent) : parts.behind);
+    const bool isToTheEnd = parts.after == noHtmlNode;
+    BuildTable(noHtmlNode, parts, isToTheEnd ? tree_.NextAfter(parent) : parts.after);
 }
 
 TableParts TableBuilder::PartsFrom(HtmlNodeId first) const {
@@ -55,7 +55,7 @@ TableParts TableBuilder::PartsFrom(HtmlNodeId first) const {
         const bool isBlank = tree_[id].IsText() ? lines_.IsEmptyText(id) : !IsShownPart(id);
         if (!IsTablePart(display) && !isBlank) break;
         weight += weights_.Of(id);
-        if (IsTablePart(display)) parts.nodes.behind = tree_[id].nextSibling;
+        if (IsTablePart(display)) parts.nodes.after = tree_[id].nextSibling;
         parts.makeTable = parts.makeTable || (IsTablePart(display) && !isColumn);
     }
     if (weight > limits_.whole) parts.makeTable = false;
@@ -91,7 +91,7 @@ bool TableBuilder::IsShownPart(HtmlNodeId id) const {
 
 // Parts of a table or of a group of rows. Cells, and what does not belong there, stand in a row of
 // their own, as many as come together.
-void TableBuilder::BuildRows(HtmlSiblings parts, HtmlNodeId behind) {
+void TableBuilder::BuildRows(HtmlSiblings parts, HtmlNodeId after) {
     bool inRow = false;
     ForEach(tree_, parts, [&](HtmlNodeId child) {
         if (!IsShownPart(child)) return;
@@ -108,7 +108,7 @@ void TableBuilder::BuildRows(HtmlSiblings parts, HtmlNodeId behind) {
         else
             BuildCell(child);
     });
-    if (inRow) CloseRow(behind);
+    if (inRow) CloseRow(after);
 }
 
 void TableBuilder::BuildPart(HtmlNodeId id, CssDisplay display) {
@@ -121,7 +121,7 @@ void TableBuilder::BuildPart(HtmlNodeId id, CssDisplay display) {
     default: break;
     }
     boxes_.Open(PageBoxKind::RowGroup, id);
-    BuildRows({tree_[id].firstChild, noHtmlNode}, tree_.NextBehind(id));
+    BuildRows({tree_[id].firstChild, noHtmlNode}, tree_.NextAfter(id));
     boxes_.Close();
 }
 
@@ -131,7 +131,7 @@ void TableBuilder::BuildRow(HtmlNodeId row) {
     ForChildren(tree_, row, [&](HtmlNodeId child) {
         if (IsShownPart(child)) BuildCell(child);
     });
-    CloseRow(tree_.NextBehind(row));
+    CloseRow(tree_.NextAfter(row));
 }
 
 // A cell, or a part of one that has no element.
@@ -159,13 +159,13 @@ void TableBuilder::HideEmptyCell(PageBoxId id) {
     boxes_.SetStyle(id, style);
 }
 
-void TableBuilder::CloseCell(HtmlNodeId behind) {
-    lines_.Close(behind);
+void TableBuilder::CloseCell(HtmlNodeId after) {
+    lines_.Close(after);
     if (boxes_.Top().kind == PageBoxKind::Cell) boxes_.Close();
 }
 
-void TableBuilder::CloseRow(HtmlNodeId behind) {
-    CloseCell(behind);
+void TableBuilder::CloseRow(HtmlNodeId after) {
+    CloseCell(after);
     boxes_.Close();
 }
 

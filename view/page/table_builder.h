@@ -45,14 +45,14 @@ class TableBuilder {
     CssDisplay DisplayOf(HtmlNodeId id) const;
     bool IsShownPart(HtmlNodeId id) const;
     bool HasLongRow(HtmlNodeId parent) const;
-    void BuildTable(HtmlNodeId table, HtmlSiblings parts, HtmlNodeId behind);
-    void BuildRows(HtmlSiblings parts, HtmlNodeId behind); // `behind` is what follows them
+    void BuildTable(HtmlNodeId table, HtmlSiblings parts, HtmlNodeId after);
+    void BuildRows(HtmlSiblings parts, HtmlNodeId after); // `after` is what follows them
     void BuildPart(HtmlNodeId id, CssDisplay display);
     void BuildRow(HtmlNodeId row);
     void BuildCell(HtmlNodeId id);
     void HideEmptyCell(PageBoxId cell);
-    void CloseCell(HtmlNodeId behind);
-    void CloseRow(HtmlNodeId behind);
+    void CloseCell(HtmlNodeId after);
+    void CloseRow(HtmlNodeId after);
     void BuildColumns(HtmlNodeId columns);
     void BuildColumn(HtmlNodeId column);
     void Divide(PageWeight row);

@@ -85,7 +85,7 @@ class GridBuilder {
         });
     }
 
-    // The column behind it.
+    // The column after it.
     std::size_t AddCell(PageBoxId box, std::size_t row, std::size_t column) {
         GridCell cell{box, row, column, 1, Span(box, HtmlName::Colspan, maxColumnSpan)};
         cell.rows = Span(box, HtmlName::Rowspan, maxRowSpan);
@@ -113,7 +113,7 @@ class GridBuilder {
     const PageBoxes& boxes_;
     PageNumbers& numbers_;
     TableGrid grid_;
-    std::vector<std::size_t> takenUntil_; // of each column: the row behind the cell that spans it
+    std::vector<std::size_t> takenUntil_; // of each column: the row after the cell that spans it
     std::size_t nextColumn_ = 0, groupStart_ = 0;
 };
 } // namespace

@@ -187,7 +187,7 @@ class TableLayouter {
         if (table_.continues) insets.borderTop = insets.paddingTop = 0;
         if (table_.isContinued) insets.borderBottom = insets.paddingBottom = 0;
         const double top = fragment.height + insets.Top();
-        std::vector<double> tops; // of each row, and behind the last
+        std::vector<double> tops; // of each row, and after the last
         double at = top + (heights.empty() || table_.continues ? 0 : spacingY_);
         for (const double height : heights) {
             tops.push_back(at);
@@ -259,7 +259,7 @@ class TableLayouter {
     const TableGrid grid_;
     double containing_ = 0; // the width that percentages are of; 0 while it is not known
     double spacingX_ = 0, spacingY_ = 0;
-    std::vector<double> lefts_; // of each column as if from left to right, and behind the last
+    std::vector<double> lefts_; // of each column as if from left to right, and after the last
 };
 } // namespace
 

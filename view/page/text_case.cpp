@@ -25,7 +25,7 @@ char16_t SmallLetter(char16_t capital) {
     return found == smallLetters.end() ? capital : found->second;
 }
 
-// Behind a space, a break, a dash, an opening bracket or quotation mark.
+// After a space, a break, a dash, an opening bracket or quotation mark.
 bool BeginsWord(std::u16string_view before) {
     constexpr std::u16string_view starts = u" \u00A0\u2028\t-\u2013\u2014/([{\"\u201C\u201E\u2018"
                                            u"\u201A\u00AB\u2039\u00BF\u00A1\uFFFC";

@@ -9,7 +9,7 @@
 bool KeepsSpaces(CssWhiteSpace whiteSpace);
 bool KeepsBreaks(CssWhiteSpace whiteSpace);
 
-// A place behind `from` and not behind `limit`, which is within the text. Best behind a line break,
-// which makes no difference to be seen; else behind a space, else between two characters.
+// A place after `from` and not after `limit`, which is within the text. Best after a line break,
+// which makes no difference to be seen; else after a space, else between two characters.
 std::size_t TextCut(std::u16string_view text, std::size_t from, std::size_t limit,
                     CssWhiteSpace whiteSpace);

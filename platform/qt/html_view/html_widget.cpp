@@ -47,7 +47,7 @@ void HtmlWidget::keyPressEvent(QKeyEvent* event) {
     ReadableWidget::keyPressEvent(event);
 }
 
-// Tab goes from link to link, and on to the next widget behind the last one.
+// Tab goes from link to link, and on to the next widget after the last one.
 bool HtmlWidget::focusNextPrevChild(bool next) {
     if (onOtherKey && onOtherKey('\t', !next)) return true;
     return ReadableWidget::focusNextPrevChild(next);

@@ -176,9 +176,9 @@ std::u16string QtHtmlView::SelectionAsHtml() {
     return engine_ ? engine_->SelectionAsHtml() : u"";
 }
 
-std::optional<PageMatch> QtHtmlView::FindBehindSelection(std::u16string_view what,
-                                                         FindOptions options) {
-    return engine_ ? engine_->FindBehindSelection(what, options) : std::nullopt;
+std::optional<PageMatch> QtHtmlView::FindAfterSelection(std::u16string_view what,
+                                                        FindOptions options) {
+    return engine_ ? engine_->FindAfterSelection(what, options) : std::nullopt;
 }
 
 TextPos QtHtmlView::StartAtTop() {

@@ -87,9 +87,9 @@ QString ElidedCaption(const MenuItem& item, const QFont& font, int maxWidth) {
     const QString caption = ToQt(item.ShownCaption());
     const qsizetype tab = caption.indexOf(QLatin1Char('\t'));
     const QFontMetrics metrics(font);
-    const int behindTab = tab < 0 ? 0 : metrics.horizontalAdvance(caption.mid(tab + 1));
+    const int afterTab = tab < 0 ? 0 : metrics.horizontalAdvance(caption.mid(tab + 1));
     QString text = metrics.elidedText(caption.left(tab), Qt::ElideMiddle,
-                                      std::max(maxWidth - behindTab, maxWidth / 4));
+                                      std::max(maxWidth - afterTab, maxWidth / 4));
     if (tab >= 0) text += caption.mid(tab);
     return text.replace(QLatin1Char('&'), QLatin1String("&&"));
 }

@@ -60,7 +60,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     std::vector<std::u16string> TextsOf(const std::vector<PageSpan>&) override;
     std::u16string SelectedText() override;
     std::u16string SelectionAsHtml() override;
-    std::optional<PageMatch> FindBehindSelection(std::u16string_view what, FindOptions) override;
+    std::optional<PageMatch> FindAfterSelection(std::u16string_view what, FindOptions) override;
     TextPos StartAtTop() override;
     std::vector<Heading> Headings() override;
 

@@ -126,8 +126,8 @@ std::u16string WinHtmlView::SelectionAsHtml() {
     return HtmlOf(document_.SelectedText()).value_or(u"");
 }
 
-std::optional<PageMatch> WinHtmlView::FindBehindSelection(std::u16string_view what,
-                                                          FindOptions options) {
+std::optional<PageMatch> WinHtmlView::FindAfterSelection(std::u16string_view what,
+                                                         FindOptions options) {
     ApplyZoom();
     if (what.empty()) return std::nullopt;
     const PageRange rest = RestAfter(document_, document_.SelectedText());

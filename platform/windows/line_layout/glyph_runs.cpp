@@ -48,7 +48,7 @@ bool HasPair(const TextUnits& text, std::size_t at, std::size_t end) {
 }
 
 // Characters in two units, as emoji, are the same in both directions. Wine 8 makes two glyphs of
-// one that goes from right to left, and writes behind its memory.
+// one that goes from right to left, and writes after its memory.
 bool StandsAlone(const TextUnits& text, const GlyphRun& run, std::size_t at) {
     if (!run.IsRightToLeft() || !HasPair(text, at, run.end)) return false;
     return StrongDirection(CharacterAt(text.text, at)) != Direction::RightToLeft || RunsUnderWine();

@@ -60,7 +60,7 @@ bool Breaker::HyphenFits(std::size_t at) const {
            Fits(HyphenWidth(paragraph_, at - 1));
 }
 
-// Where a line may begin at the earliest, behind a unit.
+// Where a line may begin at the earliest, after a unit.
 std::size_t Breaker::NextPlace(std::size_t at) const {
     do
         ++at;
@@ -75,7 +75,7 @@ int Breaker::WidthOf(std::size_t start, std::size_t end) const {
     return width;
 }
 
-// Within a word: not behind a soft hyphen for which there is no room.
+// Within a word: not after a soft hyphen for which there is no room.
 std::size_t Breaker::EndWithin(std::size_t start, std::size_t at) const {
     return HyphenFits(at) || at - 1 == start ? at : at - 1;
 }
@@ -98,7 +98,7 @@ LineEnd Breaker::FindEnd(std::size_t start, int indent) {
     return {text_.Size(), false, true};
 }
 
-// Also those in front of what is not seen: a book may have a zero width space behind each space.
+// Also those in front of what is not seen: a book may have a zero width space after each space.
 void HideTrailingSpaces(const TextUnits& text, ShapedText& shaped, BrokenLine& line) {
     const auto start = static_cast<std::size_t>(line.line.start);
     while (line.visibleEnd > start && text.units[line.visibleEnd - 1].IsBlank())

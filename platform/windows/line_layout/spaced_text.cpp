@@ -38,7 +38,7 @@ void Spacer::Space(std::size_t start, std::size_t end, const TextStyle& style) {
     }
 }
 
-// Behind its marks. A ligature has the space of all its characters behind it.
+// After its marks. A ligature has the space of all its characters after it.
 void Spacer::Widen(std::size_t unit, int by) {
     while (run_ != shaped_.runs.end() && run_->end <= unit)
         ++run_;

@@ -42,7 +42,7 @@ std::size_t WinTextLines::CaretTo(std::size_t unit) const {
     return unit;
 }
 
-// Behind a line's last character the caret stands at the end of the paragraph's direction.
+// After a line's last character the caret stands at the end of the paragraph's direction.
 double WinTextLines::CaretX(int index, TextPos position) const {
     const BrokenLine& line = At(index);
     const auto at = static_cast<std::size_t>(std::clamp(position, line.line.start, line.line.end));
@@ -58,10 +58,10 @@ std::size_t WinTextLines::CaretIn(const VisualPiece& piece, double x) const {
     const auto end = before_.begin() + static_cast<std::ptrdiff_t>(piece.end);
     const auto reached = std::lower_bound(first, end, *first + along);
     const auto unit = static_cast<std::size_t>(reached - before_.begin());
-    const std::size_t behind = CaretFrom(unit),
+    const std::size_t after = CaretFrom(unit),
                       front = CaretTo(unit > piece.start ? unit - 1 : unit);
-    if (behind >= piece.end) return front;
-    return std::abs(EdgeX(piece, front) - x) <= std::abs(EdgeX(piece, behind) - x) ? front : behind;
+    if (after >= piece.end) return front;
+    return std::abs(EdgeX(piece, front) - x) <= std::abs(EdgeX(piece, after) - x) ? front : after;
 }
 
 TextPos WinTextLines::PositionAt(int index, double x) const {
@@ -97,8 +97,8 @@ TextPos WinTextLines::CharacterAt(int index, double x) const {
     const double along = std::clamp(from, 0.0, nearest->width - 0.5); // within the last pixel
     const auto first = before_.begin() + static_cast<std::ptrdiff_t>(nearest->start);
     const auto end = before_.begin() + static_cast<std::ptrdiff_t>(nearest->end) + 1;
-    const auto behind = std::upper_bound(first, end, *first + along);
-    return static_cast<TextPos>(CaretTo(static_cast<std::size_t>(behind - before_.begin()) - 1));
+    const auto after = std::upper_bound(first, end, *first + along);
+    return static_cast<TextPos>(CaretTo(static_cast<std::size_t>(after - before_.begin()) - 1));
 }
 
 TextExtent WinTextLines::CharacterExtent(int index, TextPos position) const {

@@ -33,7 +33,7 @@ class WinTextLines : public TextLines {
     int WidthOf(std::size_t start, std::size_t end) const { return before_[end] - before_[start]; }
     int EdgeX(const VisualPiece&, std::size_t unit) const; // where it begins
     std::size_t CaretIn(const VisualPiece&, double x) const;
-    std::size_t CaretFrom(std::size_t unit) const; // at or behind it
+    std::size_t CaretFrom(std::size_t unit) const; // at or after it
     std::size_t CaretTo(std::size_t unit) const;   // at or in front of it
     std::vector<TextPos> PlacesByX(int line) const;
     TextPos Beside(TextPos position, bool right) const;

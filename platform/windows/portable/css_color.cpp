@@ -4,7 +4,7 @@
 
 namespace {
 
-// The number at `at`, which moves behind it and a comma. Without scanf, whose formats would be in
+// The number at `at`, which moves after it and a comma. Without scanf, whose formats would be in
 // the program for this alone.
 std::optional<unsigned> NextNumber(const std::wstring& text, std::size_t& at) {
     const wchar_t* const start = text.c_str() + at;

@@ -31,9 +31,9 @@ std::u16string ShownLiteral(const std::u16string& caption) {
         return static_cast<int>(MeasureText(nullptr, font.get(), ToWide(text)).cx);
     };
     const std::size_t tab = std::min(caption.find(u'\t'), caption.size());
-    const std::u16string behind = caption.substr(tab);
-    const int room = std::max(maxWidth - width(behind), maxWidth / 4);
-    return ElidedInMiddle(std::u16string_view(caption).substr(0, tab), room, width) + behind;
+    const std::u16string after = caption.substr(tab);
+    const int room = std::max(maxWidth - width(after), maxWidth / 4);
+    return ElidedInMiddle(std::u16string_view(caption).substr(0, tab), room, width) + after;
 }
 
 } // namespace

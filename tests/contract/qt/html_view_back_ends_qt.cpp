@@ -14,7 +14,7 @@ class OwnHtmlBench final : public QtHtmlBench {
     HtmlView& View() override { return view_; }
     bool HasEngine() override { return false; }
     void KillEngine() override {}
-    void CloseWindow() override { // by an event behind those that are on their way
+    void CloseWindow() override { // by an event after those that are on their way
         QCoreApplication::processEvents();
         QtHtmlBench::CloseWindow();
     }

@@ -32,7 +32,7 @@ std::unique_ptr<PanePicture> MakePanePicture(Size size) {
     return std::make_unique<QtPicture>(size);
 }
 
-// Text behind a tab is laid out by itself, and starts at a fraction of a pixel.
+// Text after a tab is laid out by itself, and starts at a fraction of a pixel.
 bool HasWholePixels() {
     return false;
 }

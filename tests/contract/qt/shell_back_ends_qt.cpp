@@ -50,7 +50,7 @@ class QtShellUnderTest final : public ShellUnderTest {
         QFile file(folder.filePath(records.front()));
         REQUIRE(file.open(QIODevice::ReadOnly));
         QList<QByteArray> arguments = file.readAll().split('\0');
-        arguments.removeLast(); // behind the last NUL
+        arguments.removeLast(); // after the last NUL
         file.remove();
         std::vector<std::u16string> texts;
         for (const QByteArray& argument : arguments)

@@ -57,7 +57,7 @@ TEST_CASE("qt text view: neighbours with the same borders are one box") {
     CHECK(lines(box + between + "a\\par b\\par c\\par\\pard d") == 4);
     CHECK(lines(box + "a\\par\\pard b\\par" + box + "c\\par\\pard d") == 4);
     CHECK(lines(box + "a\\par\\li300 b\\par\\pard c") == 2); // the second is narrower
-    CHECK(lines("x\\par" + box + "a\\par") == 2);            // nothing boxed behind the last break
+    CHECK(lines("x\\par" + box + "a\\par") == 2);            // nothing boxed after the last break
     CHECK(lines(box + "a\\par\\pard\\trowd\\cellx900\\intbl b\\cell\\row" + box + "c\\par") == 4);
 }
 

@@ -13,7 +13,7 @@ namespace {
 constexpr TextPos piece = 16 * 1024, densePart = 2 * 1024, blankSearch = 256;
 } // namespace
 
-// Behind the final break there is an empty paragraph.
+// After the final break there is an empty paragraph.
 void ReferenceBuilder::Everything() {
     std::size_t row = 0;
     const auto& rows = settings.document->rows;

@@ -77,9 +77,9 @@ void ReferenceComparison::CheckSelectedLine(const PanePicture& picture, const Re
     for (TextPos at = line.start; at < line.end; at += step) {
         const TextPos next = paragraph.text->NextPosition(at - paragraph.start);
         const double x = Reference().X(line, at),
-                     behind = Reference().X(line, paragraph.start + next);
-        const int column = left + int(std::floor((x + behind) / 2));
-        if (std::abs(behind - x) < 3 || column < 0 || column >= Room().width) continue;
+                     after = Reference().X(line, paragraph.start + next);
+        const int column = left + int(std::floor((x + after) / 2));
+        if (std::abs(after - x) < 3 || column < 0 || column >= Room().width) continue;
         if (IsBlankAtEnd(line, at) || IsPartlySelected(at, paragraph.start + next)) continue;
         INFO("line ", line.start, ", character ", at, ", column ", column);
         const bool isSelected = at >= view_.SelStart() && at < view_.SelStart() + view_.SelLength();

@@ -39,9 +39,9 @@ void AddText(const ReferenceSettings& settings, const ReferencePart& part,
         start(at, ReferenceTextStyle(settings, style, IsSmall(settings, style, at)));
         paragraph.text += Shown(settings, settings.text[std::size_t(at)], style.capitals);
     }
-    const CharStyle& behind =
+    const CharStyle& after =
         settings.plain ? plain : ReferenceCharStyle(*settings.document, part.end);
-    start(part.end, ReferenceTextStyle(settings, behind, false));
+    start(part.end, ReferenceTextStyle(settings, after, false));
 }
 
 int SlotLeft(const ReferenceShape& shape, const ReferencePart& part, const TextLine& line,

@@ -118,7 +118,7 @@ bool ReferenceView::IsPossible(const ReferenceLine& line, int x, TextPos positio
     for (TextPos each = line.start; each <= last; ++each)
         if (paragraph.text->IsPosition(each - paragraph.start))
             minDistance = std::min(minDistance, std::abs(reference_.X(line, each) - x));
-    // Behind the text of a wrapped line there are only its trailing spaces.
+    // After the text of a wrapped line there are only its trailing spaces.
     const double end = paragraph.origin.x + line.left + reference_.Measures(line).width;
     if (!paragraph.rightToLeft && x >= end - 1 && position == last) return true;
     return std::abs(reference_.X(line, position) - x) <= minDistance + 1;

@@ -44,7 +44,7 @@ class RichBook {
             runs.push_back(run);
     }
 
-    // No run starts behind the text.
+    // No run starts after the text.
     void Finish(std::vector<StyleRun>& runs) const {
         while (runs.size() > 1 && runs.back().start >= Size())
             runs.pop_back();

@@ -1,4 +1,4 @@
-// Our own stand-in for the system's browser control: pages of plain lines behind the same
+// Our own stand-in for the system's browser control: pages of plain lines after the same
 // interfaces, as far as the HTML view uses them. It remembers every call, counts its objects, and
 // fails the call that it is told to.
 #pragma once

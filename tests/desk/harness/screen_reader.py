@@ -134,7 +134,7 @@ def read_on(text, offset, kind, most=1_000_000):
     while most > 0:
         content, start, end = at(text, offset, kind)
         if end <= offset:
-            return  # behind the text's last piece, which is answered again
+            return  # after the text's last piece, which is answered again
         if start != offset:
             raise AssertionError(f"asked at {offset}, answered from {start}: {content!r}")
         yield content

@@ -165,7 +165,7 @@ void EngineHtmlView::OnDocumentInfo(int page, const QVariant& info) {
 }
 
 // Once the page is at the place that the handler of its load has brought it to: the engine runs
-// scripts in their order, so that any answer comes behind that. Queued: this runs in its callback.
+// scripts in their order, so that any answer comes after that. Queued: this runs in its callback.
 void EngineHtmlView::SendHeldKeys() {
     calls_->Call(QStringLiteral("pixelRatio()"),
                  [this, alive = QPointer<QObject>(page_.get())](const QVariant&) {

@@ -91,8 +91,8 @@ bool EngineHtmlView::FetchText(QDeadlineTimer end) {
     return textCache_.has_value();
 }
 
-std::optional<PageMatch> EngineHtmlView::FindBehindSelection(std::u16string_view what,
-                                                             FindOptions options) {
+std::optional<PageMatch> EngineHtmlView::FindAfterSelection(std::u16string_view what,
+                                                            FindOptions options) {
     const std::u16string wanted(what); // a copy, because its owner may change it during a query
     const QDeadlineTimer end(maxPageWait);
     if (!FetchText(end)) return std::nullopt;

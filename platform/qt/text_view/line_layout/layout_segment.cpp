@@ -29,8 +29,8 @@ int IndentAt(const ParagraphText& paragraph, TextPos start) {
 // QTextLayout measures tab stops from the start of each line. They are given relative to the first
 // line, which is the only one with tabs in its layout.
 QTextOption OptionOf(const ParagraphText& paragraph, TextPos start, const QPaintDevice& device) {
-    // A delimiter tab whose delimiter does not occur aligns the text behind it like a plain tab, in
-    // either direction. For a plain tab QTextLayout measures all text behind it, needlessly.
+    // A delimiter tab whose delimiter does not occur aligns the text after it like a plain tab, in
+    // either direction. For a plain tab QTextLayout measures all text after it, needlessly.
     constexpr char16_t absentDelimiter = u'\uFFFF';
     const int indent = IndentAt(paragraph, start);
     QList<QTextOption::Tab> tabs;
@@ -52,7 +52,7 @@ bool Has(const QTextLayout& text, const QTextLine& line, QChar unit) {
     return QStringView(all).sliced(line.textStart(), line.textLength()).contains(unit);
 }
 
-// Qt 6.4 measures the ink of the last letter by the font of what is behind the line.
+// Qt 6.4 measures the ink of the last letter by the font of what is after the line.
 double ShownWidth(const QTextLine& line, bool inksBeyond) {
     const double advance = line.horizontalAdvance(), maxInk = inksBeyond ? line.height() / 3 : 0;
     return std::clamp(line.naturalTextWidth(), advance, advance + maxInk);
@@ -71,7 +71,7 @@ TextLine MetricsOf(const LayoutSegment& segment, const QTextLine& line, double w
     return metrics;
 }
 
-// Stops before the second line with a tab. If the paragraph is continued behind the layout's text,
+// Stops before the second line with a tab. If the paragraph is continued after the layout's text,
 // the last line may be incomplete and is left out, too.
 void BreakLines(const ParagraphText& paragraph, LayoutSegment& segment) {
     QTextLayout& text = *segment.text;
@@ -108,7 +108,7 @@ void BreakLines(const ParagraphText& paragraph, LayoutSegment& segment) {
 // QTextLayout takes quadratic time in tabs.
 constexpr int minTabs = 16;
 
-// The position behind the next `tabs` tabs, or the text's end.
+// The position after the next `tabs` tabs, or the text's end.
 qsizetype EndOfTabs(const QString& text, qsizetype from, int tabs) {
     while (tabs-- > 0 && from < text.size()) {
         const qsizetype tab = text.indexOf(u'\t', from);

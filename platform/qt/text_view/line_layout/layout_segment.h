@@ -1,4 +1,4 @@
-// Lines of a paragraph that one QTextLayout can lay out: it places text behind a tab correctly only
+// Lines of a paragraph that one QTextLayout can lay out: it places text after a tab correctly only
 // in its first line, so that each further line with a tab starts a segment.
 #pragma once
 
@@ -12,7 +12,7 @@
 
 struct LayoutSegment {
     TextPos start = 0, end = 0;        // in the paragraph; the layout's text may reach further
-    std::unique_ptr<QTextLayout> text; // lines behind `metrics` are not to be used
+    std::unique_ptr<QTextLayout> text; // lines after `metrics` are not to be used
     std::vector<QFont> fonts;          // pinned for the text
     std::vector<TextLine> metrics;     // of its lines; positions are of the paragraph
     bool isUnidirectional = false;     // all text has the paragraph's direction

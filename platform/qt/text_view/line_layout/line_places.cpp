@@ -48,10 +48,10 @@ double LinePlaces::AskedCaret(int at) const {
 }
 
 const LinePlaces::Character* LinePlaces::At(int at) const {
-    const auto behind =
+    const auto after =
         std::upper_bound(characters_.begin(), characters_.end(), at,
                          [](int place, const Character& each) { return place < each.start; });
-    return behind == characters_.begin() ? nullptr : &*std::prev(behind);
+    return after == characters_.begin() ? nullptr : &*std::prev(after);
 }
 
 double LinePlaces::Width() const {
@@ -143,10 +143,10 @@ int LinePlaces::CharacterAt(double x) const {
 }
 
 int LinePlaces::CaretAlong(double distance) const {
-    const int behind = FirstAlong(distance);
-    if (behind <= line_.textStart()) return behind;
-    const int before = FirstAlong(Along(PreviousCharacter(layout_, behind)));
-    return distance - Along(before) <= Along(behind) - distance ? before : behind;
+    const int after = FirstAlong(distance);
+    if (after <= line_.textStart()) return after;
+    const int before = FirstAlong(Along(PreviousCharacter(layout_, after)));
+    return distance - Along(before) <= Along(after) - distance ? before : after;
 }
 
 int LinePlaces::CaretAt(double x) const {

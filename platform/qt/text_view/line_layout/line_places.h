@@ -19,7 +19,7 @@ class LinePlaces {
     bool IsUnidirectional() const { return isUnidirectional_; }
     int TextEnd() const { return textEnd_; } // where trailing spaces start, which are not seen
     double Width() const;                    // of the text
-    double CaretX(int at) const;             // behind the text its end
+    double CaretX(int at) const;             // after the text its end
     TextExtent ExtentOf(int at) const;
     std::vector<TextExtent> Extents(int from, int to) const; // from left to right
     int CharacterAt(double x) const;                         // the nearest one that has a width
@@ -53,7 +53,7 @@ class LinePlaces {
     QTextLayout& layout_;
     QTextLine line_;
     bool isUnidirectional_ = false;
-    int drawnEnd_ = 0; // what is behind it has its width beside the line
+    int drawnEnd_ = 0; // what is after it has its width beside the line
     int textEnd_ = 0;
     double origin_ = 0;                 // of the text, right of spaces that are not drawn
     std::vector<Character> characters_; // in the order of the text; none if unidirectional

@@ -26,7 +26,7 @@ Edges EdgesOf(QTextLayout& layout, const QTextLine& line, const std::vector<int>
 }
 
 // Of a character that is not drawn, whose direction Qt does not tell: `others` are of the wrong
-// one, where it has no width though it is a space, or is not behind the character before it, which
+// one, where it has no width though it is a space, or is not after the character before it, which
 // ends at `before`.
 bool IsAskedRightly(const Edges& edges, const Edges& others, std::size_t i, bool isSpace,
                     double before) {
@@ -155,6 +155,6 @@ void LinePlaces::SetEnds() {
     if (!last.rightToLeft && isWhole) last.extent.right = std::max(last.extent.right, end);
     endCaret_ = IsRightToLeft(layout_) ? first.extent.left : last.extent.right;
     if (!IsWrapped(layout_, line_)) return;
-    const Character& behind = characters_.back();
-    endCaret_ = behind.rightToLeft ? behind.extent.left : behind.extent.right;
+    const Character& after = characters_.back();
+    endCaret_ = after.rightToLeft ? after.extent.left : after.extent.right;
 }

@@ -49,15 +49,15 @@ std::vector<TextPos> QtTextLines::CaretOrder(int line) const {
     std::vector<TextPos> places;
     for (const int at : PlacesIn(line).CaretOrder())
         places.push_back(origin + at);
-    std::vector<TextPos> behind;
+    std::vector<TextPos> after;
     for (TextPos at = origin + PlacesIn(line).TextEnd(); at <= last; at = NextPosition(at)) {
-        behind.push_back(at);
+        after.push_back(at);
         if (NextPosition(at) == at) break;
     }
     if (rightToLeft_)
-        places.insert(places.begin(), behind.rbegin(), behind.rend());
+        places.insert(places.begin(), after.rbegin(), after.rend());
     else
-        places.insert(places.end(), behind.begin(), behind.end());
+        places.insert(places.end(), after.begin(), after.end());
     return places;
 }
 

@@ -20,7 +20,7 @@ bool IsGlue(char16_t unit) {
     return unit == wordJoiner || unit == u'\uFEFF';
 }
 
-// QTextLayout breaks lines behind every space, even before a mark on it or a word joiner.
+// QTextLayout breaks lines after every space, even before a mark on it or a word joiner.
 void KeepSpaces(QString& text) {
     constexpr char16_t firstMark = 0x300;
     for (qsizetype at = 1; at < text.size(); ++at) {

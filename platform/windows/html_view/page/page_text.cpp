@@ -124,10 +124,10 @@ bool IsSame(const PageRange& a, const PageRange& b) {
     return a && b && SUCCEEDED(a->isEqual(b.Get(), &same)) && same != VARIANT_FALSE;
 }
 
-PageRange RestAfter(const PageDocument& document, const PageRange& behind) {
+PageRange RestAfter(const PageDocument& document, const PageRange& after) {
     PageRange rest = document.WholeText();
     const Bstr how(L"StartToEnd");
-    if (rest && behind && FAILED(rest->setEndPoint(how.Get(), behind.Get()))) return {};
+    if (rest && after && FAILED(rest->setEndPoint(how.Get(), after.Get()))) return {};
     return rest;
 }
 

@@ -28,7 +28,7 @@ PageRange RangeAt(const PageDocument&, int left, int top);
 bool IsInside(const PageRange& inner, const PageRange& outer);
 bool IsSame(const PageRange&, const PageRange&);
 
-// From the end of `behind` (null: the start of the text) to the end of the text.
-PageRange RestAfter(const PageDocument&, const PageRange& behind);
+// From the end of `after` (null: the start of the text) to the end of the text.
+PageRange RestAfter(const PageDocument&, const PageRange& after);
 // Moves `range` to the first match in it.
 bool FindIn(const PageRange& range, std::u16string_view what, FindOptions);

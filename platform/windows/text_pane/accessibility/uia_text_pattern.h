@@ -113,7 +113,7 @@ constexpr PROPERTYID controlType = 30003, name = 30005, hasKeyboardFocus = 30008
 constexpr CONTROLTYPEID hyperlink = 50005, image = 50006, listItem = 50007, list = 50008,
                         text = 50020, group = 50026, dataItem = 50029, document = 50030,
                         table = 50036;
-constexpr LONG noHeadingLevel = 80050; // and level 1 to 9 behind it
+constexpr LONG noHeadingLevel = 80050; // and level 1 to 9 after it
 constexpr int appendRuntimeId = 3;     // what precedes the rest of an element's own
 // Of texts.
 constexpr TEXTATTRIBUTEID backgroundColor = 40001, fontName = 40005, fontSize = 40006,
@@ -122,7 +122,7 @@ constexpr TEXTATTRIBUTEID backgroundColor = 40001, fontName = 40005, fontSize = 
                           isReadOnly = 40015, isSubscript = 40016, isSuperscript = 40017,
                           strikethroughStyle = 40026, textFlowDirections = 40028,
                           underlineStyle = 40030, styleId = 40034;
-// Of paragraphs; behind the first are those of headings, 1 to 9.
+// Of paragraphs; after the first are those of headings, 1 to 9.
 constexpr LONG headingStyle = 70000, normalStyle = 70012, bulletedListStyle = 70015,
                numberedListStyle = 70016;
 constexpr HRESULT elementNotAvailable = static_cast<HRESULT>(0x80040201);
