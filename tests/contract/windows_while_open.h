@@ -6,7 +6,6 @@
 
 #include <doctest/doctest.h>
 
-#include <algorithm>
 #include <functional>
 #include <string>
 #include <utility>
@@ -76,30 +75,28 @@ inline int DistanceOfMiddles(const RECT& first, const RECT& second) {
            2;
 }
 
-// A window that owns dialogs, at this place.
+// A window that owns dialogs, at this place. Without a caption, since a window manager moves one
+// that has it when it likes, also when a dialog has been placed over it.
 class OwnerWindow {
   public:
     explicit OwnerWindow(const RECT& place)
-        : place_(place),
-          window_(CreateWindowExW(0, L"STATIC", L"Owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
-                                  place.left, place.top, place.right - place.left,
-                                  place.bottom - place.top, nullptr, nullptr, nullptr, nullptr)) {
+        : window_(CreateWindowExW(0, L"STATIC", L"Owner", WS_POPUP | WS_VISIBLE, place.left,
+                                  place.top, place.right - place.left, place.bottom - place.top,
+                                  nullptr, nullptr, nullptr, nullptr)) {
         REQUIRE(window_);
     }
     ~OwnerWindow() { DestroyWindow(window_); }
     OwnerWindow(const OwnerWindow&) = delete;
     OwnerWindow& operator=(const OwnerWindow&) = delete;
     HWND Get() const { return window_; }
-    // From the middle of a dialog to its own, where it is or was made: a window manager may move it
-    // when the dialog is there already.
+    // From the middle of a dialog to its own.
     int DistanceTo(HWND dialog) const {
-        RECT now = {}, other = {};
-        GetWindowRect(window_, &now);
+        RECT own = {}, other = {};
+        GetWindowRect(window_, &own);
         GetWindowRect(dialog, &other);
-        return std::min(DistanceOfMiddles(now, other), DistanceOfMiddles(place_, other));
+        return DistanceOfMiddles(own, other);
     }
 
   private:
-    RECT place_;
     HWND window_;
 };
