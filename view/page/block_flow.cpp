@@ -16,6 +16,7 @@ BlockFlow::BlockFlow(PageLayouter& layouter, PageBoxId container, InlineEdges ro
 }
 
 void BlockFlow::StartAfter(PageBoxId leaf) {
+    beginsAbove_ = true;
     std::vector<PageBoxId> around;
     for (PageBoxId box = layouter_.Box(leaf).parent; box != container_;
          box = layouter_.Box(box).parent)
@@ -27,6 +28,7 @@ void BlockFlow::StartAfter(PageBoxId leaf) {
         OpenBlock block = OpenedBlock(*box, edges.content, EndOf(result_));
         block.placed = Place(*box, edges.border);
         block.insetBelow = insets.Bottom();
+        block.beginsAbove = true;
         if (block.placed >= 0) result_.boxes[std::size_t(block.placed)].beginsAbove = true;
         open_.push_back(block);
     }
@@ -69,6 +71,7 @@ void BlockFlow::Break(bool belowFloats) {
         EndMargin();
         top_ = floats_.ClearedTop(true, true, top_);
     }
+    top_ = std::max(top_, positionedBottom_);
     for (const OpenBlock& block : open_) {
         if (block.placed < 0) continue;
         PlacedBox& placed = result_.boxes[std::size_t(block.placed)];
@@ -100,19 +103,6 @@ BoxEdges BlockFlow::EdgesOf(PageBoxId box) const {
     return layouter_.EdgesInFlow(box, around.box, around.room);
 }
 
-// The paddings' edges of the nearest positioned box around what stands here.
-InlineEdges BlockFlow::PositionedRoom() const {
-    for (std::size_t i = open_.size(); i-- > 0;) {
-        const CssBoxStyle& style = *layouter_.Box(open_[i].box).style;
-        if (style.position == CssPosition::Static || open_[i].box == noPageBox) continue;
-        const double containing = open_[i > 0 ? i - 1 : 0].room.Width();
-        const BoxMeasure& measure = layouter_.Measure();
-        return {open_[i].room.left - measure.Length(style.padding[cssLeft], containing),
-                open_[i].room.right + measure.Length(style.padding[cssRight], containing)};
-    }
-    return positioned_.value_or(open_.front().room);
-}
-
 // The box's index in the result, or -1 if nothing of it is seen.
 int BlockFlow::Place(PageBoxId box, const InlineEdges& border) {
     if (!HasVisibleBox(layouter_.Box(box))) return -1;
@@ -136,6 +126,8 @@ void BlockFlow::EndMargin() {
     top_ += margin_.Length();
     margin_ = {};
     dropsQuirky_ = false;
+    for (std::size_t i = settled_; i < open_.size(); ++i)
+        if (!open_[i].hasInsetAbove) open_[i].contentTop = top_;
     settled_ = open_.size();
     for (const int index : topless_)
         result_.boxes[std::size_t(index)].top = top_;
@@ -185,6 +177,8 @@ void BlockFlow::Open(PageBoxId box) {
     if (insets.Top() > 0) {
         EndMargin();
         top_ += insets.Top();
+        block.hasInsetAbove = true;
+        block.contentTop = top_;
     }
     open_.push_back(block);
     dropsQuirky_ = dropsQuirky_ || layouter_.Box(box).dropsQuirkyMargins;
@@ -192,6 +186,9 @@ void BlockFlow::Open(PageBoxId box) {
 }
 
 void BlockFlow::Close() {
+    // Those that are waiting are told from this block.
+    if (layouter_.Box(open_.back().box).style->position != CssPosition::Static)
+        PlaceFloats(top_ + margin_.Length());
     const OpenBlock block = open_.back();
     open_.pop_back();
     settled_ = std::min(settled_, open_.size());
@@ -236,7 +233,7 @@ void BlockFlow::LayOutLines(PageBoxId box) {
 
 PageFragmentPtr BlockFlow::LayOutAlone(PageBoxId id) {
     const BoxEdges edges = EdgesOf(id);
-    const InlineEdges positioned = PositionedRoom();
+    const InlineEdges positioned = RoomOfPositioned(*layouter_.Box(id).style).sides;
     return layouter_.LayOutBlock(
         id, edges.content.Width(), open_.back().room.Width(),
         InlineEdges{positioned.left - edges.border.left, positioned.right - edges.border.left});
@@ -262,11 +259,14 @@ void BlockFlow::AddByItself(PageBoxId id) {
         fragment = layouter_.LayOutPicture(id, containing);
     else
         fragment = LayOutAlone(id);
-    top_ = floats_.FittingTop(top_, fragment->height, fragment->width + sides, room);
-    const InlineEdges free = floats_.RoomAt(top_, top_ + fragment->height, room);
     const double insets = measure.SideInsets(*box.style, containing);
-    const BoxEdges edges = measure.OfWidth(*box.style, *layouter_.Box(open_.back().box).text, free,
-                                           fragment->width - insets);
+    const CssInheritedStyle& around = *layouter_.Box(open_.back().box).text;
+    BoxEdges edges = measure.OfWidth(*box.style, around, room, fragment->width - insets);
+    if (!IsClear(edges.content, fragment->height)) {
+        top_ = floats_.FittingTop(top_, fragment->height, fragment->width + sides, room);
+        const InlineEdges free = floats_.RoomAt(top_, top_ + fragment->height, room);
+        edges = measure.OfWidth(*box.style, around, free, fragment->width - insets);
+    }
     const double height = fragment->height;
     const auto shift =
         measure.RelativeShift(*box.style, *layouter_.Box(open_.back().box).text, containing);

@@ -34,8 +34,17 @@ class BlockFlow {
         InlineEdges room; // of the content
         int placed = -1;  // in the result's boxes
         double insetBelow = 0;
+        double contentTop = 0;      // once something stands in it
+        bool hasInsetAbove = false; // its content begins below a border or padding
+        bool beginsAbove = false;   // of the result
         BoxMeasure::Shift shift = {}; // of what is within it
         FragmentMark from = {};       // what is within it
+    };
+
+    // The padding box that a box out of the flow is told from.
+    struct PositionedRoom {
+        InlineEdges sides;
+        std::optional<double> top, height; // nothing: not known here
     };
 
     // Lines without text, whose floats stand where the margins end that meet around them.
@@ -51,6 +60,11 @@ class BlockFlow {
     void PlaceFloats(double top);
     double AddLines(PageBoxId box, InlineEdges room, LinesContent content, InlineLayout layout);
     double AddPositioned(const LinesContent& content, const InlineLayout& layout, InlineEdges room);
+    PositionedRoom RoomOfPositioned(const CssBoxStyle& style) const;
+    PositionedRoom RoomIn(std::size_t open) const;
+    FloatRect PlaceOf(const CssBoxStyle& style, const PositionedRoom& room, const FloatRect& inText,
+                      const InlineLayout& layout) const;
+    bool IsClear(const InlineEdges& content, double height) const;
     void AddMarker(const InlineLine& firstLine);
     void AddByItself(PageBoxId id);
     PageFragmentPtr LayOutAlone(PageBoxId id);
@@ -65,7 +79,6 @@ class BlockFlow {
     OpenBlock OpenedBlock(PageBoxId id, const InlineEdges& content, FragmentMark from) const;
     void MoveRelative(const OpenBlock& block);
     BoxEdges EdgesOf(PageBoxId box) const;
-    InlineEdges PositionedRoom() const;
 
     PageLayouter& layouter_;
     const PageBoxId container_;
@@ -77,6 +90,8 @@ class BlockFlow {
     std::vector<WaitingFloats> waiting_;
     std::size_t markerAt_ = 0; // of the open item of a list that has no line yet; 0 for none
     CollapsedMargin margin_;
+    double positionedBottom_ = 0; // of boxes out of the flow that others are kept clear of
+    bool beginsAbove_ = false;    // the container, of the result
     std::size_t settled_ = 0; // open blocks in which something stands, the container first
     bool dropsQuirky_;        // nothing stands yet in a cell or in the page
     double top_ = 0;

@@ -1,5 +1,4 @@
-// What stands in and beside the lines of the flow: floats, blocks in lines, markers, absolute
-// boxes.
+// What stands in and beside the lines of the flow: floats, blocks in lines, markers.
 #include "view/page/block_flow.h"
 
 #include <algorithm>
@@ -41,38 +40,4 @@ void BlockFlow::AddMarker(const InlineLine& firstLine) {
     line.height = firstLine.height;
     line.baseline = firstLine.baseline;
     result_.lines.push_back({item.box, content, std::move(layout)});
-}
-
-// At the top of the line that it stands in, where its style says no other place. Between blocks a
-// wide one is above what follows, which it would cover; a page's number is not.
-double BlockFlow::AddPositioned(const LinesContent& content, const InlineLayout& layout,
-                                InlineEdges room) {
-    const InlineEdges page = PositionedRoom();
-    double below = layout.bottom;
-    for (const LinesText::Place& positioned : content.positioned) {
-        double top = below, left = room.left;
-        for (const InlineLine& line : layout.lines) {
-            if (line.end <= positioned.at && line.end < layout.lines.back().end) continue;
-            top = line.top;
-            const InlinePiece& piece = layout.pieces[line.piece];
-            left = line.left + piece.lines->CaretX(line.line, positioned.at - piece.start);
-            break;
-        }
-        const CssBoxStyle& style = *layouter_.Box(positioned.box).style;
-        PageFragmentPtr fragment = layouter_.LayOutShrunk(positioned.box, page.Width());
-        const BoxMeasure& measure = layouter_.Measure();
-        if (!style.inset[cssLeft].IsAuto())
-            left = page.left + measure.Length(style.inset[cssLeft], page.Width());
-        else if (!style.inset[cssRight].IsAuto())
-            left =
-                page.right - measure.Length(style.inset[cssRight], page.Width()) - fragment->width;
-        left += measure.Margin(style, cssLeft, page.Width());
-        top += measure.Margin(style, cssTop, page.Width());
-        const double covered =
-            std::min(left + fragment->width, room.right) - std::max(left, room.left);
-        if (layout.lines.empty() && covered > room.Width() / 2)
-            below = std::max(below, top + fragment->height);
-        result_.parts.push_back({left, top, std::move(fragment)});
-    }
-    return below;
 }

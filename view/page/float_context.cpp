@@ -72,14 +72,21 @@ FloatContext::Place FloatContext::Add(FloatSide side, double width, double heigh
     any_ = true;
     lastTop_ = placed;
     if (height <= 0 || width <= 0) return {left, placed}; // takes no room
-    if (side == FloatSide::Left) {
-        Cover(left_, placed, placed + height, left + width, side);
-        leftBottom_ = std::max(leftBottom_, placed + height);
-    } else {
-        Cover(right_, placed, placed + height, left, side);
-        rightBottom_ = std::max(rightBottom_, placed + height);
-    }
+    Take(side, placed, placed + height, side == FloatSide::Left ? left + width : left);
     return {left, placed};
+}
+
+void FloatContext::Reserve(const FloatRect& box, InlineEdges room) {
+    if (box.height <= 0 || box.width <= 0) return;
+    const bool isLeft = room.right - box.Right() >= box.left - room.left;
+    Take(isLeft ? FloatSide::Left : FloatSide::Right, box.top, box.Bottom(),
+         isLeft ? box.Right() : box.left);
+}
+
+void FloatContext::Take(FloatSide side, double top, double bottom, double reach) {
+    Cover(side == FloatSide::Left ? left_ : right_, top, bottom, reach, side);
+    double& lowest = side == FloatSide::Left ? leftBottom_ : rightBottom_;
+    lowest = std::max(lowest, bottom);
 }
 
 void FloatContext::Cover(Profile& profile, double top, double bottom, double reach,

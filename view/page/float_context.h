@@ -13,6 +13,12 @@ struct InlineEdges {
     bool operator==(const InlineEdges&) const = default;
 };
 
+struct FloatRect {
+    double left = 0, top = 0, width = 0, height = 0;
+    double Right() const { return left + width; }
+    double Bottom() const { return top + height; }
+};
+
 class FloatContext {
   public:
     struct Place {
@@ -33,12 +39,16 @@ class FloatContext {
     // then as far to its side as it goes. One that is too wide goes where there are no floats.
     Place Add(FloatSide side, double width, double height, double top, InlineEdges room);
 
+    // Keeps what follows clear of a box that stands in `room`, on the side that leaves more of it.
+    void Reserve(const FloatRect& box, InlineEdges room);
+
     // Below the floats of these sides, at or below `top`.
     double ClearedTop(bool left, bool right, double top) const;
 
   private:
     // How far floats reach from a side, from a height down to the next one's.
     using Profile = std::map<double, double>;
+    void Take(FloatSide side, double top, double bottom, double reach);
     static void Cover(Profile& profile, double top, double bottom, double reach, FloatSide side);
 
     Profile left_, right_;

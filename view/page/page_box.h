@@ -60,10 +60,18 @@ struct PageBox {
     const CssContentItem* generated = nullptr;
 };
 
-// It takes no room where it stands. What a page fixes to the window stands in its text here, where
-// nothing covers anything.
+// Such as a list of chapters at a side of the window.
+bool IsFixedBeside(const CssBoxStyle& style);
+
+// It takes no room where it stands. What else a page fixes to the window stands in its text here,
+// where nothing covers anything.
 inline bool IsOutOfFlow(const CssBoxStyle& style) {
-    return style.position == CssPosition::Absolute;
+    return style.position == CssPosition::Absolute || IsFixedBeside(style);
+}
+
+// Its style says how high it stands.
+inline bool HasVerticalInset(const CssBoxStyle& style) {
+    return !style.inset[cssTop].IsAuto() || !style.inset[cssBottom].IsAuto();
 }
 
 // Not of the element itself, but of what stands before or after what is in it.

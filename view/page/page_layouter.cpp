@@ -96,12 +96,22 @@ PageFragmentPtr PageLayouter::LayOutShrunk(PageBoxId id, double containing) {
     if (box.kind == PageBoxKind::Picture) return LayOutPicture(id, containing);
     if (box.kind == PageBoxKind::Table) return LayOutTable(*this, id, containing);
     if (box.kind == PageBoxKind::Ruby) return LayOutRuby(*this, id, containing);
-    double width = measure_.GivenWidth(*box.style, containing);
+    return LayOutPositioned(id, containing, containing);
+}
+
+PageFragmentPtr PageLayouter::LayOutPositioned(PageBoxId id, double containing, double available) {
+    const PageBox& box = boxes_[id];
+    const CssBoxStyle& style = *box.style;
+    if (box.kind == PageBoxKind::Picture || box.kind == PageBoxKind::Table)
+        return LayOutShrunk(id, style.width.IsAuto() ? available : containing);
+    double width = measure_.GivenWidth(style, containing);
     if (width < 0) {
-        const double room = containing - measure_.SideMargins(*box.style, containing) -
-                            measure_.SideInsets(*box.style, containing);
-        width = WidthByContent(box.style->width, id, room);
-        width = measure_.LimitWidth(*box.style, containing, width);
+        const double room = available - measure_.SideMargins(style, containing) -
+                            measure_.SideInsets(style, containing);
+        const bool fills = IsOutOfFlow(style) && style.width.IsAuto() &&
+                           !style.inset[cssLeft].IsAuto() && !style.inset[cssRight].IsAuto();
+        width = fills ? std::max(0.0, room) : WidthByContent(style.width, id, room);
+        width = measure_.LimitWidth(style, containing, width);
     }
     return LayOutBlock(id, width, containing);
 }

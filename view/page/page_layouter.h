@@ -55,6 +55,8 @@ class PageLayouter {
     // All without margins; `containing` is the width that percentages are of.
     // As wide as its content within that width, or as its style says.
     PageFragmentPtr LayOutShrunk(PageBoxId id, double containing);
+    // A box out of the flow, with its margins no wider than `available` unless its style says so.
+    PageFragmentPtr LayOutPositioned(PageBoxId id, double containing, double available);
     // With a content of this width.
     // Boxes out of the flow whose containing block is around this one stand between `positioned`,
     // told from the left edge of the border; without it within the content.

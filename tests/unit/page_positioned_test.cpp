@@ -1,0 +1,85 @@
+// Boxes out of the flow: beside the text, in places of their own, and on nothing.
+#include "tests/unit/page_sample.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+std::string Lines(const std::u16string& body, double width) {
+    return PageSample(body).Lines(width);
+}
+
+// Words that take some lines of 100 pixels.
+const std::u16string words = u"one two three four five six";
+} // namespace
+
+TEST_CASE("page positioned: a side bar that is fixed to the window stands beside the text") {
+    const std::u16string bar =
+        u"<div style='position:fixed;top:0;left:0;width:60px'>chapter<br>other</div>";
+    CHECK(Lines(bar + u"<div style='margin-left:60px'>one two three</div>", 160) ==
+          "60,0 one two|60,16 three|0,0 chapter/|0,16 other");
+    // Also where the page makes room by the padding of what is laid out by itself.
+    CHECK(Lines(bar + u"<div style='padding-left:60px;overflow:hidden'>one two three</div>", 160) ==
+          "0,0 chapter/|0,16 other|60,0 one two|60,16 three");
+    // A head over all the page, and what hides out of the window, stand in the text.
+    CHECK(Lines(u"<div style='position:fixed;top:0;left:0;right:0'>head</div>one", 160) ==
+          "0,0 head|0,16 one");
+    CHECK(Lines(u"<div style='position:fixed;top:0;left:-60px;width:60px'>menu</div>one", 160) ==
+          "0,0 menu|0,16 one");
+}
+
+TEST_CASE("page positioned: text goes around a box that has no room beside it") {
+    CHECK(Lines(u"<div style='position:absolute;top:0;right:0;width:40px'>share</div>" + words,
+                100) == "0,0 one two|0,16 three four|0,32 five six|60,0 share");
+    CHECK(Lines(u"<div style='position:absolute;top:0;right:0;width:40px'>share</div>"
+                u"<div style='overflow:hidden'>one two three</div>",
+                100) == "60,0 share|0,16 one two|0,32 three");
+}
+
+TEST_CASE("page positioned: boxes stand at the heights that their style says") {
+    const std::u16string sheet = u"<style>.page{position:relative;height:100px;margin:8px 0}"
+                                 u"b{position:absolute;font-weight:normal}</style>";
+    CHECK(Lines(sheet + u"<div class=page><b style='left:9px;top:10px'>one</b>"
+                        u"<b style='left:9px;top:40px'>two</b>"
+                        u"<b style='left:9px;bottom:0'>three</b></div>after",
+                200) == "9,18 one|9,48 two|9,92 three|0,116 after");
+    CHECK(Lines(u"<div style='position:relative;padding:5px'>"
+                u"<b style='position:absolute;right:2px;top:2px'>copy</b><p>one</div>",
+                100) == "5,21 one|66,2 copy");
+}
+
+TEST_CASE("page positioned: no box is on another or on text above it") {
+    const std::u16string box = u"<b style='position:absolute;left:0;top:0'>";
+    CHECK(Lines(u"one" + (u"<div>" + box + u"two</b></div>") + (u"<div>" + box + u"six</b></div>"),
+                100) == "0,0 one|0,16 two|0,32 six");
+}
+
+TEST_CASE("page positioned: a box between both sides fills the room between them") {
+    CHECK(Lines(u"<div style='position:absolute;top:0;left:40px;right:20px'>one two three</div>",
+                124) == "40,0 one two|40,16 three");
+    CHECK(Lines(u"<div style='position:absolute;top:0;left:60px'>one two three</div>", 124) ==
+          "60,0 one two|60,16 three");
+}
+
+TEST_CASE("page positioned: a page is as high as a bar beside its text") {
+    std::u16string bar = u"<div style='position:absolute;top:0;left:0;width:60px'>";
+    for (int i = 0; i < 400; ++i)
+        bar += u"line<br>";
+    PageSample page(bar + u"</div><div style='margin-left:60px'><p>one<p>two</div>");
+    page.flow.SetWidth(200);
+    while (page.flow.MeasureSome(100)) {
+    }
+    CHECK(page.flow.Heights().Total() >= 400 * 16);
+}
+
+TEST_CASE("page positioned: nothing of a bar is cut off where the text beside it is divided") {
+    std::u16string body = u"<div style='position:absolute;top:0;left:0;width:60px'>";
+    for (int i = 0; i < 400; ++i)
+        body += u"line<br>";
+    body += u"</div><div style='margin-left:60px'>";
+    for (int i = 0; i < 200; ++i)
+        body += u"<p>one";
+    PageSample page(body);
+    page.flow.SetWidth(200);
+    REQUIRE(page.flow.ZoneCount() > 1);
+    CHECK(page.flow.HeightOf(0) >= 400 * 16);
+}

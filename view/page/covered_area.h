@@ -1,0 +1,9 @@
+// What can be seen of laid-out boxes in a rectangle.
+#pragma once
+
+#include "view/page/float_context.h"
+#include "view/page/page_fragment.h"
+
+// The bottom of what of it is seen there, text and pictures; the rectangle's top for nothing.
+double CoveredBottom(const InlineLayout& lines, const FloatRect& area);
+double CoveredBottom(const PageFragment& fragment, const FloatRect& area);
