@@ -83,3 +83,33 @@ TEST_CASE("page positioned: nothing of a bar is cut off where the text beside it
     REQUIRE(page.flow.ZoneCount() > 1);
     CHECK(page.flow.HeightOf(0) >= 400 * 16);
 }
+
+TEST_CASE("page positioned: what a page hides from everybody who looks at it is not shown") {
+    const auto hidden = [](const std::u16string& style) {
+        return Lines(u"<style>.a{" + style + u"}</style><div>one</div><div class=a>link</div>two",
+                     160) ==
+               "0,0 one|0,16 two";
+    };
+    CHECK(hidden(u"position:absolute;left:-9999px"));
+    CHECK(hidden(u"position:absolute;top:-1000px"));
+    CHECK(hidden(u"position:fixed;left:-999px"));
+    CHECK(hidden(u"position:absolute;width:1px;height:1px;overflow:hidden"));
+    CHECK(hidden(u"position:absolute;height:1px;overflow:hidden"));
+    CHECK(hidden(u"height:0;width:0;overflow:hidden"));
+    CHECK(Lines(u"one<div style='width:0;overflow:hidden'>link</div>two", 160) ==
+          "0,0 one|0,16 two");
+    // Nothing here would open it or bring it back.
+    CHECK(!hidden(u"max-height:0;overflow:hidden"));
+    CHECK(!hidden(u"height:0;overflow:hidden"));
+    CHECK(!hidden(u"opacity:0"));
+    CHECK(!hidden(u"width:0;min-width:100%;overflow:hidden"));
+    CHECK(Lines(u"<div style='display:flex'><div style='width:0;flex:1;overflow:hidden'>one</div>"
+                u"</div>",
+                160) == "0,0 one");
+}
+
+TEST_CASE("page positioned: a heading that makes room for a picture is shown") {
+    CHECK(Lines(u"<div style='text-indent:-9999px'>one</div>", 160) == "0,0 one");
+    CHECK(Lines(u"<div style='text-indent:100%;overflow:hidden;white-space:nowrap'>one</div>",
+                160) == "0,0 one");
+}

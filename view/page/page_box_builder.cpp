@@ -1,5 +1,6 @@
 #include "view/page/page_box_builder.h"
 
+#include "formats/css/css_rare_style.h"
 #include "view/page/child_nodes.h"
 #include "view/page/list_numbers.h"
 #include "view/page/multi_columns.h"
@@ -24,14 +25,38 @@ bool IsNotShown(const HtmlNode& node) {
     }
 }
 
-bool IsNotShown(const CssBoxStyle& style) {
+namespace {
+bool IsPoint(const CssLength& length) {
     constexpr float point = 1; // CSS pixels
-    const auto isPoint = [](const CssLength& length) {
-        return length.kind == CssLength::Kind::Pixels && length.value <= point;
+    return length.kind == CssLength::Kind::Pixels && length.value <= point;
+}
+
+// Above the page or beside it, where nobody is to see it, such as a link for screen readers.
+bool IsOffPage(const CssBoxStyle& style) {
+    constexpr float far = -500; // CSS pixels
+    const auto isFar = [&](CssSide side) {
+        const CssLength& inset = style.inset[side];
+        return inset.kind == CssLength::Kind::Pixels && inset.value < far;
     };
-    return style.display == CssDisplay::None ||
-           (IsOutOfFlow(style) && style.overflow != CssOverflow::Visible && isPoint(style.width) &&
-            isPoint(style.height));
+    return isFar(cssLeft) || isFar(cssTop);
+}
+
+// It shows at most a point of its content, to the side.
+bool HasNoWidth(const CssBoxStyle& style) {
+    const bool isBlock = style.display == CssDisplay::Block ||
+                         style.display == CssDisplay::InlineBlock ||
+                         style.display == CssDisplay::ListItem;
+    const bool grows = style.rare->flexGrow > 0 || !(style.minWidth.IsAuto() || IsPoint(style.minWidth));
+    return isBlock && IsPoint(style.width) && !grows;
+}
+} // namespace
+
+bool IsNotShown(const CssBoxStyle& style) {
+    if (style.display == CssDisplay::None) return true;
+    const bool hides = style.overflow != CssOverflow::Visible;
+    if (hides && HasNoWidth(style)) return true;
+    if (style.position != CssPosition::Absolute && style.position != CssPosition::Fixed) return false;
+    return IsOffPage(style) || (hides && (IsPoint(style.height) || IsPoint(style.maxHeight)));
 }
 
 bool HasOwnBox(CssStyle generated) {
@@ -114,7 +139,10 @@ class PageBoxBuilder : private BlockBuilder {
     }
 
     void VisitElement(HtmlNodeId id, const CssBoxStyle& style) {
-        if (IsNotShown(style)) return;
+        if (IsNotShown(style)) {
+            const bool parts = style.display == CssDisplay::Block && !IsInLines(style);
+            return parts ? lines_.Close(id) : void();
+        }
         const bool leavesFlow = IsOutOfFlow(style) || style.floats != CssFloat::None;
         if (IsOutOfFlow(style)) ++positioned_;
         if (leavesFlow && !StaysInFlow(id, style)) return BuildInLines(id, style);

@@ -106,7 +106,9 @@ void PageLayouter::AddFloat(const LinesText::Place& place, double containing,
 double PageLayouter::IndentOf(PageBoxId lines, double containing) const {
     const PageBox& box = boxes_[lines];
     if (box.continues) return 0;
-    // One that goes beyond the left edge hides the text, for a picture that stands behind it.
+    // One that goes beyond an edge hides the text, for a picture that stands behind it.
     const double indent = measure_.Length(box.text->textIndent, containing);
-    return indent < -std::max(containing, hidingIndent * measure_.Scale()) ? 0 : indent;
+    const bool hides = indent < -std::max(containing, hidingIndent * measure_.Scale()) ||
+                       (containing > 0 && indent >= containing);
+    return hides ? 0 : indent;
 }
