@@ -22,6 +22,10 @@ constexpr UnitEntry units[] = {
     {u"pc", CssUnit::Px, 16},         {u"vw", CssUnit::Vw, 1},
     {u"vh", CssUnit::Vh, 1},          {u"vmin", CssUnit::Vmin, 1},
     {u"vmax", CssUnit::Vmax, 1},      {u"__qem", CssUnit::QuirkyEm, 1},
+    {u"vi", CssUnit::Vw, 1},          {u"vb", CssUnit::Vh, 1},
+    {u"dvw", CssUnit::Vw, 1},         {u"dvh", CssUnit::Vh, 1},
+    {u"svw", CssUnit::Vw, 1},         {u"svh", CssUnit::Vh, 1},
+    {u"lvw", CssUnit::Vw, 1},         {u"lvh", CssUnit::Vh, 1},
 };
 
 // Of fonts whose measures are not known here; CSS gives half an em for both.
