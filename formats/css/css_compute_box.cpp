@@ -187,6 +187,12 @@ CssStyleParts ComputeCssStyle(CssCascade& cascade, const CssInheritedStyle& pare
     parts.inherited = ComputeCssInherited(cascade, parent, context);
     cascade.SetDirection(parts.inherited.direction == CssDirection::RightToLeft);
     parts.box = ComputeCssBox(cascade, parts.inherited, parentBox, context);
+    // What moves a table by `align` moves nothing in it.
+    const bool isTable = parts.box.display == CssDisplay::Table ||
+                         parts.box.display == CssDisplay::InlineTable;
+    CssTextAlign& align = parts.inherited.textAlign;
+    if (isTable && align >= CssTextAlign::HtmlLeft && align <= CssTextAlign::HtmlCenter)
+        align = CssTextAlign::Start;
     // Lines are not drawn through what is not of the text around.
     const CssBoxStyle& box = parts.box;
     const bool isApart = box.floats != CssFloat::None || box.position == CssPosition::Absolute ||

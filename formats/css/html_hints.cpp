@@ -38,11 +38,6 @@ void ReadCaptionAlign(const HtmlNode& node, CssBlock& block) {
         AddHint(block, P::CaptionSide, CssCaptionSide::Bottom);
 }
 
-int BorderOf(const HtmlNode& table) {
-    const HtmlAttribute* border = table.Attribute(HtmlName::Border);
-    return border ? HtmlNonNegative(border->Value()).value_or(1) : 0;
-}
-
 } // namespace
 
 HtmlHints::HtmlHints(const HtmlTree& tree) : tree_(tree) {
@@ -54,6 +49,8 @@ HtmlHints::HtmlHints(const HtmlTree& tree) : tree_(tree) {
     marginHeight_ = find(u"marginheight");
     marginWidth_ = find(u"marginwidth");
     borderColor_ = find(u"bordercolor");
+    frame_ = find(u"frame");
+    rules_ = find(u"rules");
     const HtmlNodeId body = tree.Body();
     const HtmlAttribute* link = body ? tree[body].Attribute(HtmlName::Link) : nullptr;
     if (link) linkColor_ = link->Value();
@@ -62,8 +59,8 @@ HtmlHints::HtmlHints(const HtmlTree& tree) : tree_(tree) {
 void HtmlHints::Read(HtmlNodeId element, CssBlock& block) const {
     const HtmlNode& node = tree_[element];
     if (node.nameSpace != HtmlNamespace::Html ||
-        (node.length == 0 && linkColor_.empty() && node.name != HtmlName::Td &&
-         node.name != HtmlName::Th && node.name != HtmlName::Bdi))
+        (node.length == 0 && linkColor_.empty() && rules_ == HtmlName::None &&
+         node.name != HtmlName::Td && node.name != HtmlName::Th && node.name != HtmlName::Bdi))
         return;
     ReadDirectionHints(tree_, element, block);
     switch (node.name) {
@@ -78,6 +75,7 @@ void HtmlHints::Read(HtmlNodeId element, CssBlock& block) const {
         AddColorHint(block, P::BackgroundColor, node.Attribute(HtmlName::Bgcolor));
         AddDimensionHint(block, P::Height, node.Attribute(HtmlName::Height), true);
         ReadTableAlign(node, block);
+        ReadRowEdges(element, block);
         return ReadValign(node, block);
     case HtmlName::Col:
     case HtmlName::Colgroup:
@@ -130,8 +128,7 @@ void HtmlHints::ReadTable(const HtmlNode& node, CssBlock& block) const {
             for (const P side : {P::MarginLeft, P::MarginRight})
                 AddHint(block, side, CssValue::OfKeyword(cssAutoKeyword));
     }
-    if (const int border = BorderOf(node))
-        AddBorderHint(block, static_cast<float>(border), std::uint16_t(CssBorderStyle::Outset));
+    ReadTableEdges(node, block);
     const HtmlAttribute* color =
         borderColor_ != HtmlName::None ? node.Attribute(borderColor_) : nullptr;
     for (int side = 0; side < 4; ++side)
@@ -152,7 +149,7 @@ void HtmlHints::ReadCell(HtmlNodeId element, CssBlock& block) const {
         for (int side = 0; side < 4; ++side)
             AddPixelsHint(block, P::PaddingTop + side,
                           tree_[table].Attribute(HtmlName::Cellpadding));
-        if (BorderOf(tree_[table])) AddBorderHint(block, 1, std::uint16_t(CssBorderStyle::Inset));
+        ReadCellEdges(tree_[table], block);
     }
     AddColorHint(block, P::BackgroundColor, node.Attribute(HtmlName::Bgcolor));
     AddDimensionHint(block, P::Width, node.Attribute(HtmlName::Width), true);

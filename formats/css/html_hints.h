@@ -15,11 +15,14 @@ class HtmlHints {
     void ReadBody(const HtmlNode& node, CssBlock& block) const;
     void ReadTable(const HtmlNode& node, CssBlock& block) const;
     void ReadCell(HtmlNodeId element, CssBlock& block) const;
+    void ReadTableEdges(const HtmlNode& table, CssBlock& block) const;
+    void ReadCellEdges(const HtmlNode& table, CssBlock& block) const;
+    void ReadRowEdges(HtmlNodeId row, CssBlock& block) const; // of a group of rows, too
     HtmlNodeId TableOf(HtmlNodeId cell) const;
 
     const HtmlTree& tree_;
     std::u16string_view linkColor_; // of `body`
     // Attributes that nothing but this speaks of.
     HtmlName topMargin_, rightMargin_, bottomMargin_, leftMargin_, marginHeight_, marginWidth_,
-        borderColor_;
+        borderColor_, frame_, rules_;
 };

@@ -45,6 +45,28 @@ TEST_CASE("page table: borders that meet are drawn once") {
           "0000 4444 4444");
 }
 
+TEST_CASE("page table: lines within it and around it by old attributes") {
+    const std::u16string rows = u"><tr><td>a<td>b<tr><td>c<td>d</table>";
+    const auto borders = [&](const std::u16string& attributes) {
+        return Borders(u"<table " + attributes + rows);
+    };
+    CHECK(borders(u"rules=all") == "0000 0000 0001 1000 1001");
+    CHECK(borders(u"rules=cols") == "0000 0000 0001 0000 0001");
+    CHECK(borders(u"rules=rows") == "0000 0000 0000 1000 1000");
+    CHECK(borders(u"rules=none border=1") == borders(u"frame=box rules=none"));
+    CHECK(borders(u"frame=void border=2") == "0000 1111 1111 1111 1111");
+    CHECK(borders(u"frame=hsides") == "1010 0000 0000 0000 0000");
+    CHECK(Borders(u"<table rules=groups><tbody><tr><td>a<tbody><tr><td>b<tr><td>c</table>") ==
+          "0000 0000 1000 0000");
+}
+
+TEST_CASE("page table: what moves a table moves no text in it") {
+    CHECK(Lines(u"<center><table cellpadding=0 cellspacing=0 width=80><td>a</table></center>",
+                100) == "10,0 a");
+    CHECK(Lines(u"<table cellpadding=0 cellspacing=0 width=80><td align=center>a</table>", 100) ==
+          "36,0 a");
+}
+
 TEST_CASE("page table: borders that meet stand where columns from right to left have them") {
     const std::u16string first = u"<style>.a{border-left:4px solid}</style>";
     CHECK(Borders(collapse + first + u"<table dir=rtl><tr><td class=a>a<td>b</table>") ==
