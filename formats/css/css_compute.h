@@ -17,7 +17,9 @@ struct CssComputeContext {
     std::function<std::uint32_t(const CssContent&)> contentNumber;
     std::function<std::uint32_t(const CssCounterChanges&)> countersNumber;
     // One object for equal ones.
-    std::function<const CssGrid*(const CssGrid&)> grid;
+    std::function<const CssGridTracks*(const CssGridTracks&)> gridTracks;
+    std::function<const CssGridAreas*(const CssGridAreas&)> gridAreas;
+    std::function<const CssGridName*(const CssGridName&)> gridName;
     std::function<const CssRareStyle*(const CssRareStyle&)> rareStyle;
     bool usedViewport = false;        // a length was relative to the window
     bool usedOuterBackground = false; // a background was the one around it

@@ -22,39 +22,50 @@ void MakeAbsolute(const CssPicker& pick, const CssCascaded& declared, CssValue& 
     if (length.kind == CssValue::Kind::Length) length = CssValue::Pixels(pick.PixelsOf(length));
 }
 
-const CssGrid* ComputedGrid(const CssPicker& pick, const CssCascaded& declared,
-                            const CssValue& value, CssComputeContext& context) {
-    if (value.kind != CssValue::Kind::Grid) return nullptr;
-    CssGrid grid = declared.block->grids[value.index];
-    for (CssGridTrack& track : grid.tracks) {
+const CssGridTracks* ComputedTracks(const CssPicker& pick, const CssCascaded& declared,
+                                    const CssValue& value, CssComputeContext& context) {
+    if (value.kind != CssValue::Kind::GridTracks) return nullptr;
+    CssGridTracks tracks = declared.block->gridTracks[value.index];
+    for (CssGridTrack& track : tracks.tracks) {
         MakeAbsolute(pick, declared, track.min);
         MakeAbsolute(pick, declared, track.max);
     }
-    return context.grid(grid);
+    return context.gridTracks(tracks);
+}
+
+CssGridEdge ComputedEdge(const CssCascaded& declared, const CssValue& value,
+                         CssComputeContext& context) {
+    CssGridEdge edge;
+    if (value.kind == CssValue::Kind::GridName)
+        edge.name = context.gridName(declared.block->gridNames[value.index]);
+    else if (value.kind == CssValue::Kind::Number)
+        (value.keyword == cssGridSpan ? edge.span : edge.line) = std::int32_t(value.number);
+    return edge;
 }
 
 void ComputeGrid(const CssCascade& cascade, const CssPicker& pick, const CssRareStyle& parent,
                  CssComputeContext& context, CssRareStyle& rare) {
-    const auto grid = [&](P property, auto member) {
-        const CssGrid* none = nullptr;
+    const auto tracks = [&](P property, auto member) {
+        const CssGridTracks* none = nullptr;
         rare.*member = pick.Pick(property, parent.*member, none, [&](const CssValue& value) {
-            return ComputedGrid(pick, cascade[property], value, context);
+            return ComputedTracks(pick, cascade[property], value, context);
         });
     };
-    grid(P::GridTemplateColumns, &CssRareStyle::gridColumns);
-    grid(P::GridTemplateRows, &CssRareStyle::gridRows);
-    grid(P::GridTemplateAreas, &CssRareStyle::gridAreas);
-    grid(P::GridAutoColumns, &CssRareStyle::gridAutoColumns);
-    grid(P::GridAutoRows, &CssRareStyle::gridAutoRows);
+    tracks(P::GridTemplateColumns, &CssRareStyle::gridColumns);
+    tracks(P::GridTemplateRows, &CssRareStyle::gridRows);
+    tracks(P::GridAutoColumns, &CssRareStyle::gridAutoColumns);
+    tracks(P::GridAutoRows, &CssRareStyle::gridAutoRows);
+    const CssGridAreas* none = nullptr;
+    constexpr P areas = P::GridTemplateAreas;
+    rare.gridAreas = pick.Pick(areas, parent.gridAreas, none, [&](const CssValue& value) {
+        return value.kind == CssValue::Kind::GridAreas
+                   ? context.gridAreas(cascade[areas].block->gridAreas[value.index])
+                   : nullptr;
+    });
     const auto edge = [&](P property, auto member) {
         rare.*member =
             pick.Pick(property, parent.*member, CssGridEdge{}, [&](const CssValue& value) {
-                CssGridEdge computed;
-                computed.name = ComputedGrid(pick, cascade[property], value, context);
-                if (value.kind == CssValue::Kind::Number)
-                    (value.keyword == cssGridSpan ? computed.span : computed.line) =
-                        std::int32_t(value.number);
-                return computed;
+                return ComputedEdge(cascade[property], value, context);
             });
     };
     edge(P::GridRowStart, &CssRareStyle::rowStart);

@@ -19,23 +19,34 @@ struct CssGridLine {
     std::int32_t line = 0; // the first one is 0
 };
 
-struct CssGridArea {
-    std::u16string name;
-    std::int32_t column = 0, row = 0, columnEnd = 0, rowEnd = 0; // lines, the first one is 0
-};
-
-// What is too long for a declaration, of any of the properties.
-struct CssGrid {
+// The columns or the rows that a page writes, and the names of lines between them.
+struct CssGridTracks {
     std::vector<CssGridTrack> tracks;
     // Of `tracks`: those that are there as often as they fit. None in most grids.
     std::uint32_t repeatStart = 0, repeatEnd = 0;
     bool collapsesEmpty = false; // of the repeated: auto-fit
     std::vector<CssGridLine> lines;
-    std::vector<CssGridArea> areas;
-    std::u16string name; // of an area or a line, that an item goes to
 
-    bool empty() const { return tracks.empty() && areas.empty() && name.empty(); }
+    bool empty() const { return tracks.empty(); }
     bool Repeats() const { return repeatEnd > repeatStart; }
+    std::uint32_t RepeatedTracks() const { return repeatEnd - repeatStart; }
 };
 
-std::u16string CssKeyOf(const CssGrid& grid); // equal for equal ones
+struct CssGridArea {
+    std::u16string name;
+    std::int32_t column = 0, row = 0, columnEnd = 0, rowEnd = 0; // lines, the first one is 0
+};
+using CssGridAreas = std::vector<CssGridArea>;
+
+// Of an area or a line, that an item goes to.
+struct CssGridName {
+    std::u16string name;
+    bool empty() const { return name.empty(); }
+};
+
+// Texts that are equal for equal ones.
+std::u16string CssKeyOf(const CssGridTracks& tracks);
+std::u16string CssKeyOf(const CssGridAreas& areas);
+inline const std::u16string& CssKeyOf(const CssGridName& name) {
+    return name.name;
+}

@@ -49,6 +49,7 @@ class CssListPool {
         lists_.push_back(list);
         return numbers_.emplace(key, static_cast<std::uint32_t>(lists_.size() - 1)).first->second;
     }
+    const List& Find(const List& list) { return lists_[NumberOf(list)]; }
     const List& operator[](std::uint32_t number) const { return lists_[number]; }
     std::size_t Count() const { return lists_.size(); } // with the empty one
 

@@ -76,7 +76,9 @@ class CssPageStyles {
     CssListPool<CssFontFamilies> families_;
     CssListPool<CssContent> contents_;
     CssListPool<CssCounterChanges> counters_;
-    CssListPool<CssGrid> grids_;
+    CssListPool<CssGridTracks> gridTracks_;
+    CssListPool<CssGridAreas> gridAreas_;
+    CssListPool<CssGridName> gridNames_;
     bool showsCounters_ = false;
     bool dependsOnViewport_ = false;
     bool inheritsBackgrounds_ = false;

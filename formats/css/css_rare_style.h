@@ -8,19 +8,19 @@
 
 // Where an item of a grid begins or ends.
 struct CssGridEdge {
-    const CssGrid* name = nullptr; // of an area or of a line
-    std::int32_t line = 0;         // from 1 on, or from the last one, -1; 0 is `auto`
-    std::int32_t span = 0;         // tracks from the other edge; 0 is none
+    const CssGridName* name = nullptr; // of an area or of a line
+    std::int32_t line = 0;             // from 1 on, or from the last one, -1; 0 is `auto`
+    std::int32_t span = 0;             // tracks from the other edge; 0 is none
     bool operator==(const CssGridEdge&) const = default;
 };
 
 struct CssRareStyle {
     // Null for none. Equal ones are one object.
-    const CssGrid* gridColumns = nullptr;
-    const CssGrid* gridRows = nullptr;
-    const CssGrid* gridAreas = nullptr;
-    const CssGrid* gridAutoColumns = nullptr;
-    const CssGrid* gridAutoRows = nullptr;
+    const CssGridTracks* gridColumns = nullptr;
+    const CssGridTracks* gridRows = nullptr;
+    const CssGridAreas* gridAreas = nullptr;
+    const CssGridTracks* gridAutoColumns = nullptr;
+    const CssGridTracks* gridAutoRows = nullptr;
     CssGridEdge rowStart, columnStart, rowEnd, columnEnd;
     CssLength flexBasis;
     CssLength columnGap, rowGap; // `auto` is `normal`

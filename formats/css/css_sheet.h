@@ -41,7 +41,9 @@ struct CssBlock {
     std::vector<CssFontFamilies> families;
     std::vector<CssContent> contents;
     std::vector<CssCounterChanges> counters;
-    std::vector<CssGrid> grids;
+    std::vector<CssGridTracks> gridTracks;
+    std::vector<CssGridAreas> gridAreas;
+    std::vector<CssGridName> gridNames;
 };
 
 // One thing that a selector asks of an element.

@@ -38,9 +38,13 @@ CssStyler::CssStyler(const HtmlTree& tree, const CssRuleIndex& index, const CssM
     context_.countersNumber = [this](const CssCounterChanges& list) {
         return page_.counters_.NumberOf(list);
     };
-    context_.grid = [this](const CssGrid& grid) {
-        return &page_.grids_[page_.grids_.NumberOf(grid)];
+    context_.gridTracks = [this](const CssGridTracks& tracks) {
+        return &page_.gridTracks_.Find(tracks);
     };
+    context_.gridAreas = [this](const CssGridAreas& areas) {
+        return &page_.gridAreas_.Find(areas);
+    };
+    context_.gridName = [this](const CssGridName& name) { return &page_.gridNames_.Find(name); };
     context_.rareStyle = [this](const CssRareStyle& style) {
         return page_.rare_.Find(style).value;
     };

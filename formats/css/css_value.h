@@ -68,11 +68,13 @@ struct CssValue {
         CurrentColor,
         Families,
         Content,
-        Counters, // `index` of changes in the block
-        Grid,     // `index` of a CssGrid in the block
-        Math,     // `index` of one in the block; never a computed value
-        Written,  // `index` of a CssWrittenDeclaration in the block; likewise
-        Sum,      // of `number` pixels and `keyword`, an int16_t, hundredths of a percent
+        Counters,   // `index` of changes in the block
+        GridTracks, // `index` of one in the block, as the next two
+        GridAreas,
+        GridName,
+        Math,    // `index` of one in the block; never a computed value
+        Written, // `index` of a CssWrittenDeclaration in the block; likewise
+        Sum,     // of `number` pixels and `keyword`, an int16_t, hundredths of a percent
         // Those of all properties.
         Inherit,
         Initial,

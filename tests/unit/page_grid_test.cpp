@@ -51,12 +51,6 @@ TEST_CASE("grid: an item across shares asks for no width of its own") {
                100) == "0,0 acrosseveryt|0,16 hing|0,32 two");
 }
 
-TEST_CASE("grid: an item across shares asks for no width of its own") {
-    CHECK(Grid(u"grid-template-columns:1fr minmax(0,100px) 1fr",
-               u"<p style='grid-column:1/-1'>acrosseverything<p style='grid-column:2'>two",
-               100) == "0,0 acrosseveryt|0,16 hing|0,32 two");
-}
-
 TEST_CASE("grid: columns are there as often as they fit") {
     const std::u16string fill = u"grid-template-columns:repeat(auto-fill,minmax(90px,1fr))";
     CHECK(Grid(fill, four) == "0,0 one|100,0 two|200,0 three|300,0 four");
@@ -93,6 +87,9 @@ TEST_CASE("grid: areas and lines have names") {
     CHECK(Grid(lines, u"<p style='grid-column:text'>one<p style='grid-column:full'>two") ==
           "50,0 one|0,16 two");
     CHECK(Grid(u"grid-template-areas:'a b' 'b a'", u"<p style='grid-area:b'>x") == "0,0 x");
+    for (const auto* const noRectangle : {u"'a a' 'a b'", u"'a b' 'a a'", u"'a .' '. b' 'a .'"})
+        CHECK(Grid(u"grid-template-areas:" + std::u16string(noRectangle),
+                   u"<p style='grid-area:b'>x") == "0,0 x");
 }
 
 TEST_CASE("grid: nothing stands on anything else") {

@@ -1,44 +1,65 @@
 #include "view/page/grid_layout.h"
 
-#include "formats/css/css_limits.h"
 #include "view/page/flex_sizes.h"
-#include "view/page/grid_tracks.h"
+#include "view/page/grid_cells.h"
 #include "view/page/item_layout.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
+using TrackPlaces = std::vector<FlexPlace>;
+
+TrackPlaces PlacesOf(const std::vector<double>& sizes, double room, double gap,
+                     CssJustifyContent justify) {
+    std::vector<FlexSize> tracks;
+    for (const double size : sizes)
+        tracks.push_back({size, size, size, 0, 0});
+    return tracks.empty() ? TrackPlaces{} : FlexPlaces(tracks, room, gap, justify);
+}
+
+FlexPlace PlaceOf(const TrackPlaces& tracks, GridSpan span) {
+    const FlexPlace &first = tracks[span.start], &last = tracks[span.end - 1];
+    return {first.left, last.left + last.width - first.left};
+}
+
+double SumOf(const std::vector<double>& sizes, double gap) {
+    double sum = sizes.empty() ? 0 : gap * double(sizes.size() - 1);
+    for (const double size : sizes)
+        sum += size;
+    return sum;
+}
+
 class GridLayouter {
   public:
     // A negative width: it is not known.
     GridLayouter(PageLayouter& layouter, PageBoxId container, double width,
                  std::optional<InlineEdges> positioned)
         : layouter_(layouter), measure_(layouter.Measure()), container_(container),
-          style_(*layouter.Box(container).style), grid_(*style_.rare), width_(width),
-          layout_(layouter, container, std::max(0.0, width), positioned), items_(layout_.Items()) {
-        columnGap_ = measure_.Length(grid_.columnGap, std::max(0.0, width));
-        rowGap_ = measure_.Length(grid_.rowGap, 0);
-        Place();
-    }
+          style_(*layouter.Box(container).style), grid_(*style_.rare),
+          layout_(layouter, container, std::max(0.0, width), positioned),
+          items_(layout_.Items()), room_{width,
+                                         measure_.Length(grid_.columnGap, std::max(0.0, width)),
+                                         measure_.Scale()},
+          rowGap_(measure_.Length(grid_.rowGap, 0)) {}
 
+    // Columns by the widths of the items, then the items in these, then rows by their heights.
     double Run(PageFragment& result) {
-        std::vector<double> widths = ColumnWidths(width_);
-        double all = columnGap_ * (double(widths.size()) - 1);
-        for (const double width : widths)
-            all += width;
-        if (widths.size() > 1 && all > width_ + 1) {
-            StackItems();
-            widths = {width_};
+        GridCells cells = Cells();
+        std::vector<double> widths = ColumnWidths(cells);
+        if (widths.size() > 1 && SumOf(widths, room_.columnGap) > room_.width + 1) {
+            cells = StackedGridCells(items_.size());
+            widths = {room_.width};
         }
-        columns_ = Places(widths, width_, columnGap_, grid_.justifyContent);
-        LayOutItems();
+        const TrackPlaces columns =
+            PlacesOf(widths, room_.width, room_.columnGap, grid_.justifyContent);
+        std::vector<Item> items = LaidOut(cells, columns);
         const double given = GivenHeight();
-        const std::vector<double> heights = RowHeights(given);
-        rows_ = Places(heights, 0, rowGap_, CssJustifyContent::Start);
-        for (std::size_t i = 0; i < items_.size(); ++i)
-            PlaceItem(i, result);
-        return std::max(given, rows_.empty() ? 0 : rows_.back().left + rows_.back().width);
+        const TrackPlaces rows =
+            PlacesOf(RowHeights(cells, items, given), 0, rowGap_, CssJustifyContent::Start);
+        for (std::size_t i = 0; i < items.size(); ++i)
+            Place(std::move(items[i]), PlaceOf(rows, cells.placement.items[i].rows), result);
+        return std::max(given, rows.empty() ? 0 : rows.back().left + rows.back().width);
     }
 
     // Items may stand one below the other, unless a column has a width of its own.
@@ -46,117 +67,31 @@ class GridLayouter {
         WidthExtent extent;
         for (const PageBoxId item : items_)
             extent.min = std::max(extent.min, layouter_.ExtentOfBox(item).min);
-        for (const double width : ColumnWidths(-1))
-            extent.max += width;
-        if (placement_.columns > 1) extent.max += columnGap_ * double(placement_.columns - 1);
-        extent.max = std::max(extent.min, extent.max);
+        extent.max = std::max(extent.min, SumOf(ColumnWidths(Cells()), room_.columnGap));
         return extent;
     }
 
   private:
-    void Place() {
-        std::size_t columns = 0, repeated = 0;
-        if (const CssGrid* written = grid_.gridColumns) {
-            repetitions_ = Repetitions(*written);
-            repeated = (repetitions_ - 1) * RepeatedTracks(*written);
-            columns = written->tracks.size() + repeated;
-        }
+    struct Item {
+        PageBoxId box = noPageBox;
+        FlexPlace column; // or several of them
+        PageFragmentPtr fragment;
+    };
+
+    GridCells Cells() const {
         std::vector<const CssRareStyle*> styles;
         for (const PageBoxId item : items_)
             styles.push_back(layouter_.Box(item).style->rare);
-        placement_ = PlaceGridItems(grid_, columns, repeated, styles);
-        if (grid_.gridColumns && grid_.gridColumns->collapsesEmpty) DropEmptyRepetitions();
+        return GridCellsOf(grid_, room_, styles);
     }
 
-    static std::size_t RepeatedTracks(const CssGrid& grid) {
-        return grid.repeatEnd - grid.repeatStart;
-    }
-
-    // As many as fit; one where the width is not known.
-    std::size_t Repetitions(const CssGrid& written) const {
-        if (!written.Repeats() || width_ <= 0) return 1;
-        double others = 0, once = 0;
-        for (std::size_t i = 0; i < written.tracks.size(); ++i) {
-            const GridTrackSize size = GridTrackSizeOf(written.tracks[i], width_, measure_.Scale());
-            const double least = std::max(size.base, size.maxByContent ? 0 : size.limit);
-            (i >= written.repeatStart && i < written.repeatEnd ? once : others) +=
-                (size.shares > 0 ? size.base : least) + columnGap_;
-        }
-        const double fitting = (width_ + columnGap_ - others) / std::max(once, 1.0);
-        const double most =
-            double(maxCssGridTracks) / double(std::max<std::size_t>(1, written.tracks.size()));
-        return std::size_t(std::clamp(std::floor(fitting), 1.0, std::max(1.0, most)));
-    }
-
-    // Of auto-fit: those after the last item.
-    void DropEmptyRepetitions() {
-        std::size_t used = 1;
-        for (const GridItemPlace& place : placement_.items)
-            used = std::max(used, place.columns.end);
-        const std::size_t repeated = RepeatedTracks(*grid_.gridColumns);
-        while (repetitions_ > 1 && placement_.columns >= used + repeated) {
-            placement_.columns -= repeated;
-            --repetitions_;
-        }
-    }
-
-    static GridTrackSize AutoTrack() {
-        return GridTrackSizeOf({CssValue::OfKeyword(0), CssValue::OfKeyword(0)}, -1, 1);
-    }
-
-    // The tracks of one direction: those that are written, and those that items need besides.
-    std::vector<GridTrackSize> Tracks(const CssGrid* written, const CssGrid* others,
-                                      std::size_t repetitions, std::size_t count,
-                                      double whole) const {
-        std::vector<GridTrackSize> tracks;
-        const auto add = [&](const CssGrid& grid, std::size_t from, std::size_t to) {
-            for (std::size_t i = from; i < to && tracks.size() < count; ++i)
-                tracks.push_back(GridTrackSizeOf(grid.tracks[i], whole, measure_.Scale()));
-        };
-        if (written) {
-            add(*written, 0, written->repeatStart);
-            for (std::size_t i = 0; written->Repeats() && i < repetitions; ++i)
-                add(*written, written->repeatStart, written->repeatEnd);
-            add(*written, written->repeatEnd, written->tracks.size());
-        }
-        while (tracks.size() < count) {
-            if (others && !others->tracks.empty())
-                add(*others, 0, others->tracks.size());
-            else
-                tracks.push_back(AutoTrack());
-        }
-        return tracks;
-    }
-
-    std::vector<double> ColumnWidths(double room) {
+    std::vector<double> ColumnWidths(const GridCells& cells) {
         std::vector<GridContent> contents;
         for (std::size_t i = 0; i < items_.size(); ++i)
-            contents.push_back({placement_.items[i].columns, layouter_.ExtentOfBox(items_[i])});
-        return GridTrackSizes(Tracks(grid_.gridColumns, grid_.gridAutoColumns, repetitions_,
-                                     placement_.columns, room),
-                              contents, room, columnGap_);
-    }
-
-    void StackItems() {
-        placement_.columns = 1;
-        placement_.rows = items_.size();
-        for (std::size_t i = 0; i < items_.size(); ++i)
-            placement_.items[i] = {{0, 1}, {i, i + 1}};
-        isStacked_ = true;
-    }
-
-    // Where each track stands.
-    static std::vector<FlexPlace> Places(const std::vector<double>& sizes, double room, double gap,
-                                         CssJustifyContent justify) {
-        std::vector<FlexSize> tracks;
-        for (const double size : sizes)
-            tracks.push_back({size, size, size, 0, 0});
-        return tracks.empty() ? std::vector<FlexPlace>{} : FlexPlaces(tracks, room, gap, justify);
-    }
-
-    static FlexPlace Of(const std::vector<FlexPlace>& tracks, GridSpan span) {
-        const FlexPlace &first = tracks[span.start], &last = tracks[span.end - 1];
-        return {first.left, last.left + last.width - first.left};
+            contents.push_back(
+                {cells.placement.items[i].columns, layouter_.ExtentOfBox(items_[i])});
+        return GridTrackSizes(GridColumnsOf(grid_, cells, room_), contents, room_.width,
+                              room_.columnGap);
     }
 
     CssAlignItems Justification(PageBoxId item) const {
@@ -164,24 +99,29 @@ class GridLayouter {
         return own == CssAlignItems::Auto ? grid_.justifyItems : own;
     }
 
-    // As wide as its columns, or as its content.
-    void LayOutItems() {
+    std::vector<Item> LaidOut(const GridCells& cells, const TrackPlaces& columns) {
+        std::vector<Item> items;
         for (std::size_t i = 0; i < items_.size(); ++i) {
-            const PageBoxId item = items_[i];
-            const CssBoxStyle& style = *layouter_.Box(item).style;
-            const FlexPlace place = Of(columns_, placement_.items[i].columns);
-            const bool fills = Justification(item) == CssAlignItems::Stretch &&
-                               !style.margin[cssLeft].IsAuto() && !style.margin[cssRight].IsAuto();
-            double width = place.width;
-            const double given = measure_.GivenWidth(style, place.width);
-            const double sides = layout_.Sides(item);
-            if (given >= 0)
-                width = given + sides;
-            else if (!fills)
-                width = std::min(width, std::ceil(layouter_.ExtentOfBox(item).max));
-            width = measure_.LimitWidth(style, place.width, std::max(0.0, width - sides)) + sides;
-            fragments_.push_back(layout_.LayOut(item, place.left, width));
+            const FlexPlace column = PlaceOf(columns, cells.placement.items[i].columns);
+            const double width = WidthOf(items_[i], column.width);
+            items.push_back({items_[i], column, layout_.LayOut(items_[i], column.left, width)});
         }
+        return items;
+    }
+
+    // As wide as its columns, or as its content.
+    double WidthOf(PageBoxId item, double columnWidth) {
+        const CssBoxStyle& style = *layouter_.Box(item).style;
+        const bool fills = Justification(item) == CssAlignItems::Stretch &&
+                           !style.margin[cssLeft].IsAuto() && !style.margin[cssRight].IsAuto();
+        double width = columnWidth;
+        const double given = measure_.GivenWidth(style, columnWidth);
+        const double sides = layout_.Sides(item);
+        if (given >= 0)
+            width = given + sides;
+        else if (!fills)
+            width = std::min(width, std::ceil(layouter_.ExtentOfBox(item).max));
+        return measure_.LimitWidth(style, columnWidth, std::max(0.0, width - sides)) + sides;
     }
 
     double GivenHeight() const {
@@ -189,40 +129,34 @@ class GridLayouter {
         return given >= 0 ? given : measure_.LimitHeight(style_, 0);
     }
 
-    // What is written is the least: nothing is cut.
-    std::vector<double> RowHeights(double given) const {
-        std::vector<GridTrackSize> tracks =
-            isStacked_ ? std::vector<GridTrackSize>(placement_.rows, AutoTrack())
-                       : Tracks(grid_.gridRows, grid_.gridAutoRows, 1, placement_.rows, -1);
-        for (GridTrackSize& track : tracks)
-            track.minByContent = true;
+    std::vector<double> RowHeights(const GridCells& cells, const std::vector<Item>& items,
+                                   double given) const {
         std::vector<GridContent> contents;
-        for (std::size_t i = 0; i < items_.size(); ++i) {
-            const double height = layout_.Height(items_[i], *fragments_[i]);
-            contents.push_back({placement_.items[i].rows, {height, height}});
+        for (std::size_t i = 0; i < items.size(); ++i) {
+            const double height = layout_.Height(items[i].box, *items[i].fragment);
+            contents.push_back({cells.placement.items[i].rows, {height, height}});
         }
-        return GridTrackSizes(std::move(tracks), contents, given > 0 ? given : -1, rowGap_);
+        return GridTrackSizes(GridRowsOf(grid_, cells, room_.scale), contents,
+                              given > 0 ? given : -1, rowGap_);
     }
 
-    void PlaceItem(std::size_t i, PageFragment& result) {
-        const PageBoxId item = items_[i];
-        const FlexPlace column = Of(columns_, placement_.items[i].columns);
-        const FlexPlace row = Of(rows_, placement_.items[i].rows);
-        const double free = column.width - layout_.Width(item, *fragments_[i]);
-        double left = column.left + std::max(0.0, free) * FreeShare(item);
+    void Place(Item item, FlexPlace row, PageFragment& result) const {
+        const double width = layout_.Width(item.box, *item.fragment);
+        const double free = std::max(0.0, item.column.width - width);
+        double left = item.column.left + free * FreeShare(item.box);
         if (layouter_.Box(container_).text->direction == CssDirection::RightToLeft)
-            left = width_ - left - layout_.Width(item, *fragments_[i]);
+            left = room_.width - left - width;
         double top = row.left;
-        const double freeBelow = row.width - layout_.Height(item, *fragments_[i]);
-        switch (layout_.Alignment(item)) {
+        const double freeBelow = row.width - layout_.Height(item.box, *item.fragment);
+        switch (layout_.Alignment(item.box)) {
         case CssAlignItems::Center: top += freeBelow / 2; break;
         case CssAlignItems::End: top += freeBelow; break;
         case CssAlignItems::Stretch:
-            fragments_[i] = layout_.StretchedTo(item, fragments_[i], row.width);
+            item.fragment = layout_.StretchedTo(item.box, item.fragment, row.width);
             break;
         default: break;
         }
-        layout_.Place(item, fragments_[i], left, top, result);
+        layout_.Place(item.box, item.fragment, left, top, result);
     }
 
     double FreeShare(PageBoxId item) const {
@@ -242,15 +176,10 @@ class GridLayouter {
     const PageBoxId container_;
     const CssBoxStyle& style_;
     const CssRareStyle& grid_;
-    const double width_;
     ItemLayout layout_;
     const std::vector<PageBoxId> items_;
-    double columnGap_ = 0, rowGap_ = 0;
-    std::size_t repetitions_ = 1; // of the columns that are there as often as they fit
-    GridPlacement placement_;
-    bool isStacked_ = false;
-    std::vector<FlexPlace> columns_, rows_;
-    std::vector<PageFragmentPtr> fragments_; // of the items
+    const GridRoom room_;
+    const double rowGap_;
 };
 } // namespace
 

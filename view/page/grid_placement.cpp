@@ -11,8 +11,8 @@ constexpr std::u16string_view startSuffix = u"-start", endSuffix = u"-end";
 
 // One direction of a grid.
 struct Axis {
-    const CssGrid* tracks = nullptr;
-    const CssGrid* areas = nullptr;
+    const CssGridTracks* tracks = nullptr;
+    const CssGridAreas* areas = nullptr;
     bool isColumns = false;
     std::size_t count = 0;    // of tracks that are asked for
     std::size_t repeated = 0; // more than are written
@@ -32,7 +32,7 @@ std::optional<std::int32_t> NamedLine(const Axis& axis, std::u16string_view name
         areaName.remove_suffix(areaEnd ? endSuffix.size() : startSuffix.size());
     }
     if (axis.areas)
-        for (const CssGridArea& area : axis.areas->areas) {
+        for (const CssGridArea& area : *axis.areas) {
             if (area.name == name) return LineOfArea(area, axis.isColumns, isEnd);
             if (area.name == areaName) return LineOfArea(area, axis.isColumns, areaEnd);
         }
@@ -158,10 +158,10 @@ class GridPlacer {
     std::size_t cursorAcross_ = 0, cursorAlong_ = 0;
 };
 
-std::size_t AreaTracks(const CssGrid* areas, bool isColumns) {
+std::size_t AreaTracks(const CssGridAreas* areas, bool isColumns) {
     std::int32_t tracks = 0;
     if (areas)
-        for (const CssGridArea& area : areas->areas)
+        for (const CssGridArea& area : *areas)
             tracks = std::max(tracks, isColumns ? area.columnEnd : area.rowEnd);
     return std::size_t(tracks);
 }

@@ -8,8 +8,6 @@
 #include <cmath>
 
 namespace {
-constexpr double maxHeight = 900; // of columns, in CSS pixels: what most windows show
-
 double GapOf(const BoxMeasure& measure, const PageBox& box, double width) {
     const CssLength& gap = box.style->rare->columnGap;
     return gap.IsAuto() ? box.text->fontSize * measure.Scale() : measure.Length(gap, width);
@@ -86,7 +84,7 @@ class ColumnLayouter {
             return true;
         }
         const ColumnBreaks breaks = Balanced(chunks, count_);
-        if (breaks.height > maxHeight * layouter_.Measure().Scale()) return false;
+        if (breaks.height > maxColumnHeight * layouter_.Measure().Scale()) return false;
         breaks_ = &breaks.columns;
         MoveIntoColumns(text);
         AddRules(breaks.height, text);

@@ -7,6 +7,9 @@
 
 #include "view/page/page_layouter.h"
 
+// In CSS pixels: what most windows show. A number of its own, and not the height of this window,
+// because heights decide about nothing in the layout: a window made higher keeps its lines.
+constexpr double maxColumnHeight = 900;
 // Units of a text that may be in columns; a window full of small letters has fewer.
 constexpr std::uint32_t maxUnitsInColumns = 16 * 1024;
 
