@@ -31,15 +31,15 @@ void HandlePageEvents(MainForm& form) {
 
 // While a command waits for a dialog its user is at something else: what comes by a later start or
 // a drop is opened after it, all of it, as each was asked for.
-void OpenHandedOver(MainForm& form) {
+void OpenWaitingBooks(MainForm& form) {
     if (form.handling) return;
-    for (const auto& paths : std::exchange(form.handedOver, {}))
+    for (const auto& paths : std::exchange(form.waitingBooks, {}))
         RunCommand(form, [&] { rtMain_FilesDropped(form, paths); });
 }
 
 void OpenAfterCommand(MainForm& form, const std::vector<std::u16string>& paths) {
-    form.handedOver.push_back(paths);
-    OpenHandedOver(form);
+    form.waitingBooks.push_back(paths);
+    OpenWaitingBooks(form);
 }
 
 void ShowWaitingMessages(MainForm& form) {
@@ -75,7 +75,7 @@ void RunCommand(MainForm& form, const std::function<void()>& command) {
     }
     ShowWaitingMessages(form);
     HandlePageEvents(form);
-    OpenHandedOver(form);
+    OpenWaitingBooks(form);
 }
 
 namespace {

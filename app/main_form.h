@@ -76,8 +76,8 @@ struct MainForm {
     WindowPlacement placement;
     int autosaveTick = 0; // seconds since the reading state was saved, 0 to 59
 
-    // Books of later starts and drops, while a command runs.
-    std::vector<std::vector<std::u16string>> handedOver;
+    // Paths of later starts and drops that came while a command runs, those of each together.
+    std::vector<std::vector<std::u16string>> waitingBooks;
 
     bool ProfileSwitching = false; // a profile is being entered from the data file
     bool ProfileChanging = false;  // a switch into a profile is running

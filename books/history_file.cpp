@@ -1,6 +1,7 @@
 // The history list in the data file.
 #include "books/history.h"
 
+#include "common/hash.h"
 #include "common/menu_items.h"
 #include "common/text.h"
 
@@ -14,18 +15,22 @@ std::u16string HistorySection(const std::u16string& profile) {
 
 namespace {
 // On a case-sensitive file system two books may have keys that the data file takes for one.
+// Asked for each value of a book's section, so a record whose key has another length costs no more
+// than a look at the place where it would end.
 bool SharesKeyInOtherCase(const MenuArray& list, std::u16string_view key) {
     return std::ranges::any_of(list.items, [&](const MenuItem& item) {
-        const auto other = RecordKey(item.tag);
-        return other.size() == key.size() && other != key && EqualIgnoringCase(other, key);
+        const std::u16string_view record = item.tag;
+        const bool endsThere = record.size() == key.size() ||
+                               (record.size() > key.size() && record[key.size()] == u'=');
+        const auto other = record.substr(0, key.size());
+        return endsThere && other != key && EqualIgnoringCase(other, key);
     });
 }
 
-// Tells keys apart that differ in case only: 8 hexadecimal digits (FNV-1a, 32 bits).
+// Tells keys apart that differ in case only: 8 hexadecimal digits. They are in data files, so they
+// stay as they are.
 std::u16string HashOf(std::u16string_view key) {
-    std::uint32_t hash = 2'166'136'261;
-    for (const char16_t unit : key)
-        hash = (hash ^ unit) * 16'777'619;
+    const std::uint32_t hash = Fnv1a(key);
     std::u16string digits;
     for (int shift = 28; shift >= 0; shift -= 4)
         digits += u"0123456789abcdef"[hash >> shift & 15];

@@ -1,5 +1,6 @@
 #include "formats/html/html_names.h"
 
+#include "common/hash.h"
 #include "formats/html/html_limits.h"
 
 namespace {
@@ -12,11 +13,8 @@ constexpr std::u16string_view knownNames[] = {
 };
 static_assert(std::size(knownNames) == std::size_t(HtmlName::FirstOfDocument));
 
-// FNV-1a, by units.
 std::size_t HashOf(std::u16string_view text) {
-    std::uint32_t hash = 2166136261u;
-    for (const char16_t unit : text)
-        hash = (hash ^ unit) * 16777619u;
+    const std::uint32_t hash = Fnv1a(text);
     return hash ^ (hash >> 15);
 }
 

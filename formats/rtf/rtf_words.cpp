@@ -1,5 +1,6 @@
 #include "formats/rtf/rtf_words.h"
 
+#include "common/hash.h"
 #include "formats/document.h"
 #include "formats/rtf/rtf_numbering.h"
 
@@ -265,9 +266,7 @@ constexpr std::size_t slotCount = 2048;
 static_assert(wordCount * 3 < slotCount);
 
 constexpr std::size_t SlotOf(std::string_view name) {
-    std::uint32_t hash = 2166136261;
-    for (const char c : name)
-        hash = (hash ^ static_cast<unsigned char>(c)) * 16777619;
+    const std::uint32_t hash = Fnv1a(name);
     return (hash ^ hash >> 15) % slotCount;
 }
 

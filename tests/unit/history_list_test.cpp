@@ -295,3 +295,18 @@ TEST_CASE("history: the only book, missing, is removed without a word") {
     CHECK(test.Order().empty());
     CHECK(test.DataFile().find("/gone.txt") == std::string::npos);
 }
+
+TEST_CASE("history: the section of a book whose name differs from another's in case") {
+    TestForm test;
+    REQUIRE(test.Start());
+    const History& history = test.form.history;
+    const auto section = [&](const std::u16string& key) { return BookSection(history, u"A", key); };
+    AddHistoryItem(test.form.history, u"/b/book.txt=2021:07:04:18:05:30=0");
+    AddHistoryItem(test.form.history, u"/b/Book.txt.old=2021:07:04:18:05:30=0");
+    CHECK(section(u"/b/Book.txt") == u"A\\/b/Book.txt\\43e9dd42");
+    CHECK(section(u"/b/book.txt") == u"A\\/b/book.txt");
+    CHECK(section(u"/b/Book.tx") == u"A\\/b/Book.tx");
+    CHECK(section(u"/b/Book.txt.") == u"A\\/b/Book.txt.");
+    AddHistoryItem(test.form.history, u"/b/BOOK.TXT"); // a record without fields
+    CHECK(section(u"/b/book.txt").size() == std::u16string(u"A\\/b/book.txt\\01234567").size());
+}

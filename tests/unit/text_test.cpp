@@ -1,3 +1,4 @@
+#include "common/hash.h"
 #include "common/text.h"
 
 #include <doctest/doctest.h>
@@ -153,4 +154,11 @@ TEST_CASE("text: numbers as text") {
     CHECK(NumberText(-12) == u"-12");
     CHECK(NumberText(std::numeric_limits<std::int64_t>::min()) == u"-9223372036854775808");
     CHECK(NumberText(std::numeric_limits<std::int64_t>::max()) == u"9223372036854775807");
+}
+
+TEST_CASE("a hash of a text is the same everywhere") {
+    CHECK(Fnv1a(std::string_view()) == 0x811C9DC5);
+    CHECK(Fnv1a(std::string_view("foobar")) == 0xBF9CF968);
+    CHECK(Fnv1a(std::u16string_view(u"foobar")) == 0xBF9CF968);
+    CHECK(Fnv1a(std::string_view("\xFF")) == Fnv1a(std::u16string_view(u"\u00FF")));
 }
