@@ -4,6 +4,8 @@
 #include "common/geometry.h"
 #include "view/geometry.h"
 
+#include <chrono>
+
 enum class PaneTimer { CaretBlink, AutoScroll, ScrollLabel, Headings, Measuring };
 constexpr int paneTimers = 5;
 
@@ -33,6 +35,8 @@ class PaneWindow {
     virtual void ShowHorizontal(const ScrollRange& range) = 0;
     virtual void StartTimer(PaneTimer timer, int milliseconds) = 0; // until it is stopped
     virtual void StopTimer(PaneTimer timer) = 0;
+    // Of a clock that is never set, since some moment.
+    virtual std::chrono::milliseconds SteadyTime() const = 0;
 
     // For assistive technology, after the change but for the first.
     virtual void OnTextChanging() = 0;

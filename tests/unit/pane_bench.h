@@ -31,12 +31,16 @@ class FakePaneWindow : public PaneWindow {
     void ShowHorizontal(const ScrollRange& range) override { horizontal = range; }
     void StartTimer(PaneTimer timer, int) override { timers.insert(timer); }
     void StopTimer(PaneTimer timer) override { timers.erase(timer); }
+    // Each look at the clock takes `look`, as the work between two looks does.
+    std::chrono::milliseconds SteadyTime() const override { return time += look; }
     void OnTextChanging() override {}
     void OnTextChanged() override { ++textChanges; }
     void OnSelectionChanged(TextPos, TextPos) override { ++selectionChanges; }
     void OnVisibleTextChanged() override {}
 
     static constexpr int scrollBar = 16;
+    mutable std::chrono::milliseconds time{0};
+    std::chrono::milliseconds look{0};
     int textChanges = 0, selectionChanges = 0;
 };
 

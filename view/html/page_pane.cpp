@@ -1,11 +1,12 @@
 #include "view/html/page_pane.h"
 
 #include <algorithm>
-#include <chrono>
 #include <utility>
 
 namespace {
 constexpr double unitsPerInch = 96;
+constexpr int measuringInterval = 10; // milliseconds
+constexpr PageMeasurer::Time measuringTime(8);
 } // namespace
 
 PagePane::PagePane(PaneWindow& window, LineLayout& lines, PictureStore& pictures,
@@ -17,8 +18,7 @@ PagePane::~PagePane() = default;
 void PagePane::Clear() {
     window_.StopTimer(PaneTimer::Measuring);
     window_.OnTextChanging();
-    HideScrollLabel();
-    headings_.reset();
+    label_.Forget();
     ForgetObjects();
     ForgetSource();
     scroller_.SetPage(nullptr, 1);
@@ -30,13 +30,11 @@ void PagePane::Clear() {
     zoom_ = 100;
     text_.reset();
     background_.reset();
-    wantedHeight_.reset();
-    topAnchor_.reset();
-    newTop_.reset();
+    top_.Release();
     scrollX_ = maxScrollX_ = 0;
     widest_ = 0;
     anchor_ = caret_ = 0;
-    pressedLink_ = focusedLink_ = noHtmlNode;
+    links_.Forget();
     window_.Redraw();
     window_.OnTextChanged();
 }
@@ -97,12 +95,10 @@ bool PagePane::ChangeBackground(const PageRenderOptions& options) {
 
 void PagePane::LayOutAnew(const PageRenderOptions& options) {
     if (ChangeBackground(options)) return;
-    const std::optional<PlaceAtTop> anchor = shown_ ? TopAnchor() : std::nullopt;
+    std::optional<PageTopKeeper::Anchor> anchor;
+    if (shown_) anchor = top_.AnchorOf(CurrentViewport());
     PageRenderOptions before = std::exchange(options_, options);
-    if (before.scale != options.scale) {
-        newTop_.reset();
-        wantedHeight_.reset();
-    }
+    if (before.scale != options.scale) top_.OnNewScale();
     const bool sameHeight = before.viewport.height == options.viewport.height;
     const bool sameWidth = before.viewport.width == options.viewport.width;
     before.viewport = options.viewport;
@@ -122,17 +118,29 @@ void PagePane::LayOutAnew(const PageRenderOptions& options) {
     }
     scroller_.SetPage(shown_.get(), options.viewport.height);
     widest_ = 0;
-    if (newTop_ && (wantedHeight_ || std::chrono::steady_clock::now() < newTopUntil_))
-        GoTo(*newTop_);
-    else
-        RestoreTop(anchor);
-    window_.StartTimer(PaneTimer::Measuring, measuringInterval);
+    top_.Restore(CurrentViewport(), anchor);
+    StartMeasuring();
     OnScrolled();
+}
+
+void PagePane::StartMeasuring() {
+    window_.StartTimer(PaneTimer::Measuring, measuringInterval);
+}
+
+void PagePane::MeasureMore() {
+    if (!UpdateLayout()) return;
+    if (pictures_->ResetLeftOut()) window_.Redraw();
+    if (top_.IsOnItsWay()) {
+        if (top_.GoOn(CurrentViewport())) OnScrolled();
+        return;
+    }
+    if (measurer_.MeasureAll(shown_->Flow(), measuringTime))
+        window_.StopTimer(PaneTimer::Measuring);
+    UpdateScrollBars();
 }
 
 void PagePane::SetZoom(int percent) {
     zoom_ = percent;
-    wantedHeight_.reset();
     UpdateLayout();
 }
 

@@ -5,12 +5,13 @@
 #pragma once
 
 #include "platform/html_view.h"
-#include "view/caret_moves.h"
 #include "view/drag_selection.h"
+#include "view/html/page_links.h"
+#include "view/html/page_scroll_label.h"
+#include "view/html/page_top_keeper.h"
 #include "view/html/readable_page.h"
 #include "view/print_flow.h"
 
-#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -44,6 +45,7 @@ class PagePane : public ReadablePage {
     void BringToTop(const PageTop& top);
     int ScrollTop(); // exact, unless that would take long
     PageTop Top();
+    void SettleTop(); // what it takes to make both exact, a second at most
     int ViewHeight() const;
     int TopMargin();
     void ScrollLineToTop(TextPos position) override;
@@ -68,7 +70,7 @@ class PagePane : public ReadablePage {
     void Click(Point point, int count, bool extend) override;
     void DragTo(Point point) override;
     void EndDrag() override;
-    bool IsLink(Point point) override { return LinkAt(point) != noHtmlNode; }
+    bool IsLink(Point point) override;
     void PrepareContextMenu(Point point) override;
     void SelectAll() override;
     void ScrollLines(int lines) override;
@@ -87,59 +89,24 @@ class PagePane : public ReadablePage {
     int LayoutsMade() const { return shown_ ? shown_->Flow().LayoutsMade() : 0; } // zones so far
 
   private:
-    // Where a character was, to be brought there again in another layout. Among pictures alone
-    // there is none near: what share of a zone was above the view.
-    struct PlaceAtTop {
-        TextPos position = 0; // -1 for none
-        double lines = 0;     // of its letters' top in the view, in heights of them
-        std::size_t zone = 0;
-        double share = 0;
-    };
-    static constexpr int measuringInterval = 10; // milliseconds
-    // For a place that is asked for; what is above it may take longer to be measured.
-    static constexpr int placeTime = 300;
-
     std::optional<PageViewport> Viewport() override;
     const std::u16string* CountedText() const override { return page_ ? &page_->Text() : nullptr; }
     PageViewport CurrentViewport(); // without asking the window; there must be a page
     bool UpdateLayout();            // false without a page
     void LayOutAnew(const PageRenderOptions& options);
     bool ChangeBackground(const PageRenderOptions& options);
-    std::optional<PlaceAtTop> TopAnchor();
-    PlaceAtTop ZoneAtTop();
-    void RestoreTop(const std::optional<PlaceAtTop>& anchor);
     double ScaleOf(int zoomPercent) const;
     std::optional<CharacterPlace> PlaceOf(TextPos position);
-    void GoTo(const PageTop& top);
-    bool GoToLine(const PageTop& top); // false where there is none
-    void GoToMeasured(double height);
     void OnScrolled();
     void OnUserScrolled();
     void UpdateScrollBars();
-    // Make heights exact: down to one, above a zone, or all; false when the time was over before.
-    bool MeasureHeight(double height, int milliseconds);
-    bool MeasureAbove(std::size_t zone, int milliseconds);
-    bool MeasureAll(int milliseconds) { return MeasureAbove(std::size_t(-1), milliseconds); }
-    bool MeasureUntil(const std::function<bool(std::size_t)>& isEnough, int milliseconds);
-    bool ReachWantedHeight(int milliseconds);
+    void StartMeasuring();
     void MeasureMore();
 
-    std::optional<CharacterPlace> LineAt(Point point, bool below);
-    std::optional<CharacterPlace> FirstLine();
     TextPos PositionAtPoint(Point point);
-    HtmlNodeId LinkAt(Point point);
     TextSpan UnitAround(TextPos position);
     void ExtendTo(Point point);
     void AutoScroll();
-    std::optional<TextPos> KeyTarget(PaneKey key, bool control);
-    TextPos NextCharacter(TextPos position, bool forward) const;
-    TextPos NextWord(TextPos position, bool forward) const;
-    std::optional<TextSpan> LinkSpan(HtmlNodeId link) const;
-    HtmlNodeId NextLink(bool forward);
-    void PaintFocus(Canvas& canvas);
-    void PaintLabel(Canvas& canvas);
-    void HideScrollLabel();
-    const std::vector<Heading>& Headings();
 
     PaneWindow& window_;
     LineLayout& lines_;
@@ -158,19 +125,13 @@ class PagePane : public ReadablePage {
     Color ownText_ = 0, ownBackground_ = 0xFFFFFF, bodyBackground_ = 0xFFFFFF;
 
     PageScroller scroller_;
-    std::optional<double> wantedHeight_;  // asked for, while what is above is not measured
-    std::optional<PlaceAtTop> topAnchor_; // of the last layout, until the page is scrolled
-    // Asked for, and since then the page has not been scrolled; just now, so that the window may
-    // still get its size from the desktop.
-    std::optional<PageTop> newTop_;
-    std::chrono::steady_clock::time_point newTopUntil_;
+    PageTopKeeper top_{scroller_, window_};
+    PageMeasurer measurer_{window_};
     int scrollX_ = 0, maxScrollX_ = 0;
     double widest_ = 0; // of what has been shown
 
     TextPos anchor_ = 0, caret_ = 0;
     DragSelection drag_;
-    HtmlNodeId pressedLink_ = noHtmlNode, focusedLink_ = noHtmlNode;
-
-    std::optional<std::vector<Heading>> headings_; // read when they are asked for first
-    bool labelShown_ = false;
+    PageLinks links_;
+    PageScrollLabel label_{window_};
 };

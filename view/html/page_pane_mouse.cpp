@@ -1,27 +1,26 @@
-// Selecting by the mouse.
+// What the mouse does to a page.
 #include "view/html/page_pane.h"
 
 #include <algorithm>
 
-std::optional<CharacterPlace> PagePane::LineAt(Point point, bool below) {
-    return CurrentViewport().LineAt(point, below);
-}
-
 TextPos PagePane::PositionAtPoint(Point point) {
-    const auto line = LineAt(point, false);
-    if (!line) return 0;
-    return PagePlaces(*page_, *shown_).PositionInLine(*line, point.x + scrollX_);
+    const PageViewport view = CurrentViewport();
+    const auto line = view.LineAt(point);
+    return line ? view.Places().PositionInLine(*line, point.x + scrollX_) : 0;
 }
 
 void PagePane::Click(Point point, int count, bool extend) {
     if (!UpdateLayout()) return;
-    focusedLink_ = noHtmlNode;
-    pressedLink_ = count == 1 && !extend ? LinkAt(point) : noHtmlNode;
+    links_.Press(count == 1 && !extend ? LinkAt(CurrentViewport(), point) : noHtmlNode);
     const TextPos position = PositionAtPoint(point);
     drag_.Press(point, count);
     const bool fromAnchor = extend && drag_.By() == DragSelection::Unit::Character;
     drag_.KeepSelected(fromAnchor ? TextSpan{anchor_, anchor_} : UnitAround(position));
     ExtendTo(point);
+}
+
+bool PagePane::IsLink(Point point) {
+    return UpdateLayout() && LinkAt(CurrentViewport(), point) != noHtmlNode;
 }
 
 void PagePane::PrepareContextMenu(Point point) {
@@ -55,4 +54,23 @@ TextSpan PagePane::UnitAround(TextPos position) {
 void PagePane::ExtendTo(Point point) {
     const auto ends = drag_.ExtendedTo(UnitAround(PositionAtPoint(point)));
     Select(ends.anchor, ends.caret);
+}
+
+void PagePane::DragTo(Point point) {
+    if (!UpdateLayout() || links_.KeepPressed(CurrentViewport(), point)) return;
+    ExtendTo(point);
+    drag_.MoveTo(point);
+}
+
+// A link that is pressed and let go is followed.
+void PagePane::EndDrag() {
+    drag_.Finish();
+    const HtmlNodeId link = links_.LetGo();
+    if (link != noHtmlNode && onLink) onLink(link);
+}
+
+// The speed grows with the distance from the window.
+void PagePane::AutoScroll() {
+    ScrollBy(drag_.Overshoot());
+    ExtendTo(drag_.Mouse());
 }

@@ -4,7 +4,6 @@
 #include "view/page/page_painter.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 constexpr Color defaultBackground = 0xFFFFFF;
@@ -50,38 +49,10 @@ void PagePane::Paint(Canvas& canvas, const Rect& clip) {
     UpdateScrollBars();
     for (const auto& [fragment, top] : visible)
         PaintFragment(canvas, paint, *fragment, -scrollX_, top);
-    if (window_.HasFocus()) PaintFocus(canvas);
-    if (labelShown_) PaintLabel(canvas);
-    if (pictures_->AreLeftOut()) window_.StartTimer(PaneTimer::Measuring, measuringInterval);
-}
-
-// A frame around the link that Return follows.
-void PagePane::PaintFocus(Canvas& canvas) {
-    const auto span = focusedLink_ != noHtmlNode ? LinkSpan(focusedLink_) : std::nullopt;
-    const auto first = span ? PlaceOf(span->start) : std::nullopt;
-    if (!first) return;
-    const PagePlaces places(*page_, *shown_);
-    const UnitSpan units = places.SelectedUnits(first->block.Content(), span->start, span->end);
-    const int thin = std::max(1, int(std::lround(options_.scale)));
-    for (std::size_t i = first->line; i < first->block.lines->layout.lines.size(); ++i) {
-        const InlineLine& line = first->block.Line(i);
-        const TextPos from = std::max(units.start, line.start), to = std::min(units.end, line.end);
-        if (from >= to) break;
-        const TextPos start = first->block.PieceStart(i);
-        const int top =
-            int(std::lround(scroller_.InView(first->block.zone, first->block.top + line.top)));
-        for (const TextExtent& extent :
-             first->block.Piece(i).Extents(line.line, from - start, to - start)) {
-            const double left = first->block.left + line.left + extent.left - scrollX_;
-            const Rect box{int(std::floor(left)) - thin, top,
-                           int(std::ceil(extent.right - extent.left)) + 2 * thin,
-                           int(std::lround(line.height))};
-            canvas.FillRect({box.left, box.top, box.width, thin}, system_.link);
-            canvas.FillRect({box.left, Bottom(box) - thin, box.width, thin}, system_.link);
-            canvas.FillRect({box.left, box.top, thin, box.height}, system_.link);
-            canvas.FillRect({Right(box) - thin, box.top, thin, box.height}, system_.link);
-        }
-    }
+    const PageViewport view = CurrentViewport();
+    if (window_.HasFocus()) links_.PaintFocus(canvas, view, system_.link);
+    label_.Paint(canvas, lines_, system_, view, scroller_);
+    if (pictures_->AreLeftOut()) StartMeasuring();
 }
 
 PrintEnd PagePane::Print(const std::u16string& title, const WantedPages& wanted, LineLayout& lines,

@@ -4,6 +4,11 @@
 #include <algorithm>
 #include <cmath>
 
+namespace {
+// What is above a place may take longer to be measured.
+constexpr PageMeasurer::Time placeTime(300);
+} // namespace
+
 std::optional<CharacterPlace> PagePane::PlaceOf(TextPos position) {
     return CurrentViewport().PlaceOf(position);
 }
@@ -23,15 +28,12 @@ void PagePane::ScrollLineToTop(TextPos position) {
 }
 
 int PagePane::Percent() {
-    if (!UpdateLayout()) return 0;
-    const double height = scroller_.Height(), max = scroller_.MaxHeight();
-    if (height >= max - 1) return 100;
-    return int(100 * height / max + 0.01);
+    return UpdateLayout() ? scroller_.Percent() : 0;
 }
 
 void PagePane::ScrollToPercent(int percent) {
     if (!UpdateLayout()) return;
-    MeasureAll(placeTime);
+    measurer_.MeasureAll(shown_->Flow(), placeTime);
     scroller_.ScrollToHeight(std::ceil(scroller_.MaxHeight() * percent / 100));
     OnUserScrolled();
 }
@@ -44,12 +46,39 @@ bool PagePane::ScrollDown(double pixels) {
     return scroller_.Position() != before;
 }
 
+void PagePane::ScrollTo(int left, int top) {
+    BringToTop({.offset = top});
+    if (page_) scrollX_ = std::max(0, Rounded(left * options_.scale));
+}
+
+void PagePane::BringToTop(const PageTop& top) {
+    if (!UpdateLayout()) return;
+    scrollX_ = 0;
+    top_.BringToTop(CurrentViewport(), top);
+    OnScrolled();
+}
+
+void PagePane::SettleTop() {
+    if (UpdateLayout() && top_.Settle(CurrentViewport())) OnScrolled();
+}
+
+PageTop PagePane::Top() {
+    SettleTop();
+    return page_ ? top_.Top(CurrentViewport()) : PageTop{};
+}
+
+int PagePane::ScrollTop() {
+    SettleTop();
+    return page_ ? Rounded(top_.Height(CurrentViewport())) : 0;
+}
+
 int PagePane::LineTop(TextPos position) {
     if (!UpdateLayout()) return 0;
     const auto place = position > 0 ? PlaceOf(position) : std::nullopt;
     if (!place) return Rounded((shown_->TopMargin() - scroller_.Height()) / options_.scale);
     // What lies between it and the view is to be exact.
-    MeasureAbove(std::max(place->block.zone, scroller_.Position().zone), placeTime);
+    measurer_.MeasureAbove(shown_->Flow(), std::max(place->block.zone, scroller_.Position().zone),
+                           placeTime);
     return Rounded(scroller_.InView(place->block.zone, place->top) / options_.scale);
 }
 
@@ -58,22 +87,8 @@ int PagePane::CharacterLeft(TextPos position) {
     return place ? Rounded((place->x - scrollX_) / options_.scale) : 0;
 }
 
-// A line of which less than a quarter is seen is none that is read.
-std::optional<CharacterPlace> PagePane::FirstLine() {
-    const int margin = Rounded(shown_->TopMargin());
-    auto line = LineAt({0, margin + 1}, true);
-    if (!line) return std::nullopt;
-    const double bottom = scroller_.InView(line->block.zone, line->LineBottom());
-    if (bottom - margin > (line->LineBottom() - line->LineTop()) / 4) return line;
-    const auto next = LineAt({0, int(std::ceil(bottom)) + 1}, true);
-    return next ? next : line;
-}
-
 TextPos PagePane::StartAtTop() {
-    if (!UpdateLayout()) return -1;
-    const auto line = FirstLine();
-    if (!line) return 0;
-    return PagePlaces(*page_, *shown_).PositionOf(line->block.Content(), line->unit);
+    return UpdateLayout() ? CurrentViewport().StartAtTop() : -1;
 }
 
 void PagePane::Reveal(TextPos position) {

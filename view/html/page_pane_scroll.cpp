@@ -20,9 +20,7 @@ void PagePane::OnScrolled() {
 }
 
 void PagePane::OnUserScrolled() {
-    wantedHeight_.reset();
-    topAnchor_.reset();
-    newTop_.reset();
+    top_.Release();
     OnScrolled();
 }
 
@@ -69,29 +67,12 @@ void PagePane::UpdateScrollBars() {
     window_.ShowHorizontal({scrollX_, maxScrollX_, options_.viewport.width, LineHeight()});
 }
 
+void PagePane::ShowScrollLabel() {
+    if (UpdateLayout() && scroller_.MaxHeight() > 0) label_.Show(); // there is something to scroll
+}
+
 void PagePane::OnTimer(PaneTimer timer) {
     if (timer == PaneTimer::Measuring) return MeasureMore();
     if (timer == PaneTimer::AutoScroll) AutoScroll();
-    if (timer == PaneTimer::ScrollLabel) HideScrollLabel();
-}
-
-void PagePane::DragTo(Point point) {
-    if (!UpdateLayout()) return;
-    if (pressedLink_ != noHtmlNode && LinkAt(point) == pressedLink_) return;
-    pressedLink_ = noHtmlNode;
-    ExtendTo(point);
-    drag_.MoveTo(point);
-}
-
-// A link that is pressed and let go is followed.
-void PagePane::EndDrag() {
-    drag_.Finish();
-    const HtmlNodeId link = std::exchange(pressedLink_, noHtmlNode);
-    if (link != noHtmlNode && onLink) onLink(link);
-}
-
-// The speed grows with the distance from the window.
-void PagePane::AutoScroll() {
-    ScrollBy(drag_.Overshoot());
-    ExtendTo(drag_.Mouse());
+    if (timer == PaneTimer::ScrollLabel) label_.Hide();
 }

@@ -58,6 +58,12 @@ double PageScroller::MaxHeight() {
     return page_->Flow().Heights().Top(top.zone) + top.y;
 }
 
+int PageScroller::Percent() {
+    const double height = Height(), max = MaxHeight();
+    if (height >= max - 1) return 100;
+    return int(100 * height / max + 0.01);
+}
+
 double PageScroller::InView(std::size_t zone, double y) const {
     const HeightIndex& heights = page_->Flow().Heights();
     return heights.Top(zone) - heights.Top(top_.zone) + y - top_.y;

@@ -26,6 +26,7 @@ class PageScroller {
     void ScrollToHeight(double pixels);
     double Height() const;
     double MaxHeight();
+    int Percent(); // 100 when the page's end is in view
 
     // A height of a zone in the view, and the zone and height that are at one of the view.
     double InView(std::size_t zone, double y) const;

@@ -11,6 +11,7 @@ struct PageViewport {
     int scrollX = 0;
     Size size;
 
+    double Scale() const { return shown.Options().scale; }
     PagePlaces Places() const { return {page, shown}; }
     std::optional<CharacterPlace> PlaceOf(TextPos position) const {
         return Places().PlaceOf(position);
@@ -19,6 +20,12 @@ struct PageViewport {
     std::optional<CharacterPlace> LineAt(Point point, bool below = false) const {
         const PageScroller::Top at = scroller.At(point.y);
         return Places().NearestLine(at.zone, point.x + scrollX, at.y, below);
+    }
+    // The first one that is read; nothing where there is no text near.
+    std::optional<CharacterPlace> FirstLine() const;
+    TextPos StartAtTop() const; // of that line; 0 without one
+    TextPos PositionOf(const CharacterPlace& place) const {
+        return Places().PositionOf(place.block.Content(), place.unit);
     }
     // From the top of the view.
     double TopOf(const CharacterPlace& place) const {

@@ -130,6 +130,11 @@ void PaneWidget::StopTimer(PaneTimer timer) {
     TimerOf(timer).stop();
 }
 
+std::chrono::milliseconds PaneWidget::SteadyTime() const {
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch());
+}
+
 void PaneWidget::timerEvent(QTimerEvent* event) {
     for (int timer = 0; timer < paneTimers; ++timer)
         if (event->timerId() == TimerOf(PaneTimer(timer)).timerId())

@@ -72,6 +72,7 @@ class PaneWidget : public QAbstractScrollArea, protected PaneWindow {
     void ShowHorizontal(const ScrollRange& range) override;
     void StartTimer(PaneTimer timer, int milliseconds) override;
     void StopTimer(PaneTimer timer) override;
+    std::chrono::milliseconds SteadyTime() const override;
 
     QBasicTimer& TimerOf(PaneTimer timer) { return timers_[std::size_t(timer)]; }
     void UpdateSystemStyle();

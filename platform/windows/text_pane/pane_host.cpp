@@ -129,6 +129,11 @@ void PaneHost::StopTimer(PaneTimer timer) {
     KillTimer(Handle(), firstTimer + static_cast<UINT_PTR>(timer));
 }
 
+std::chrono::milliseconds PaneHost::SteadyTime() const {
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch());
+}
+
 void PaneHost::OnSelectionChanged(TextPos, TextPos) {
     PlaceSystemCaret();
 }

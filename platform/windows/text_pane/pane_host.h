@@ -51,6 +51,7 @@ class PaneHost : protected PaneWindow {
     void ShowHorizontal(const ScrollRange& range) override;
     void StartTimer(PaneTimer timer, int milliseconds) override;
     void StopTimer(PaneTimer timer) override;
+    std::chrono::milliseconds SteadyTime() const override;
 
     LRESULT HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     bool HandleInput(UINT message, WPARAM wParam, LPARAM lParam);
