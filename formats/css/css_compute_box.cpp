@@ -188,8 +188,8 @@ CssStyleParts ComputeCssStyle(CssCascade& cascade, const CssInheritedStyle& pare
     cascade.SetDirection(parts.inherited.direction == CssDirection::RightToLeft);
     parts.box = ComputeCssBox(cascade, parts.inherited, parentBox, context);
     // What moves a table by `align` moves nothing in it.
-    const bool isTable = parts.box.display == CssDisplay::Table ||
-                         parts.box.display == CssDisplay::InlineTable;
+    const bool isTable =
+        parts.box.display == CssDisplay::Table || parts.box.display == CssDisplay::InlineTable;
     CssTextAlign& align = parts.inherited.textAlign;
     if (isTable && align >= CssTextAlign::HtmlLeft && align <= CssTextAlign::HtmlCenter)
         align = CssTextAlign::Start;

@@ -87,8 +87,7 @@ TEST_CASE("page positioned: nothing of a bar is cut off where the text beside it
 TEST_CASE("page positioned: what a page hides from everybody who looks at it is not shown") {
     const auto hidden = [](const std::u16string& style) {
         return Lines(u"<style>.a{" + style + u"}</style><div>one</div><div class=a>link</div>two",
-                     160) ==
-               "0,0 one|0,16 two";
+                     160) == "0,0 one|0,16 two";
     };
     CHECK(hidden(u"position:absolute;left:-9999px"));
     CHECK(hidden(u"position:absolute;top:-1000px"));

@@ -34,9 +34,9 @@ class BlockFlow {
         InlineEdges room; // of the content
         int placed = -1;  // in the result's boxes
         double insetBelow = 0;
-        double contentTop = 0;      // once something stands in it
-        bool hasInsetAbove = false; // its content begins below a border or padding
-        bool beginsAbove = false;   // of the result
+        double contentTop = 0;        // once something stands in it
+        bool hasInsetAbove = false;   // its content begins below a border or padding
+        bool beginsAbove = false;     // of the result
         BoxMeasure::Shift shift = {}; // of what is within it
         FragmentMark from = {};       // what is within it
     };
@@ -92,7 +92,7 @@ class BlockFlow {
     CollapsedMargin margin_;
     double positionedBottom_ = 0; // of boxes out of the flow that others are kept clear of
     bool beginsAbove_ = false;    // the container, of the result
-    std::size_t settled_ = 0; // open blocks in which something stands, the container first
-    bool dropsQuirky_;        // nothing stands yet in a cell or in the page
+    std::size_t settled_ = 0;     // open blocks in which something stands, the container first
+    bool dropsQuirky_;            // nothing stands yet in a cell or in the page
     double top_ = 0;
 };

@@ -78,7 +78,7 @@ FloatRect BlockFlow::PlaceOf(const CssBoxStyle& style, const PositionedRoom& roo
     FloatRect box = inText;
     box.top = std::max(0.0, *room.top + offset);
     return CoveredBottom(result_, box) > box.top || CoveredBottom(layout, box) > box.top ? inText
-                                                                                        : box;
+                                                                                         : box;
 }
 
 // At the top of the line that it stands in, where its style says no other place. Between blocks a
@@ -130,6 +130,5 @@ double BlockFlow::AddPositioned(const LinesContent& content, const InlineLayout&
 
 // Of boxes beside it. One that the page makes room for by padding may stand there.
 bool BlockFlow::IsClear(const InlineEdges& content, double height) const {
-    return positionedBottom_ > top_ &&
-           floats_.RoomAt(top_, top_ + height, content) == content;
+    return positionedBottom_ > top_ && floats_.RoomAt(top_, top_ + height, content) == content;
 }

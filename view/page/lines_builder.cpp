@@ -128,8 +128,7 @@ void LinesBuilder::AddBox(HtmlNodeId element, const CssBoxStyle& style, PageWeig
     if (IsOpen() && boxes_.WeightWithin() + within > limits_.whole / 2) Divide(element, 0);
     PageBox& lines = Open(element);
     if (IsOutOfFlow(style) || style.floats != CssFloat::None)
-        lines.hasFloats =
-            lines.hasFloats || !IsOutOfFlow(style) || HasVerticalInset(style);
+        lines.hasFloats = lines.hasFloats || !IsOutOfFlow(style) || HasVerticalInset(style);
     else
         lines.hasText = true;
     boxes_.Weight() += boxInLinesWeight;

@@ -46,7 +46,8 @@ bool HasNoWidth(const CssBoxStyle& style) {
     const bool isBlock = style.display == CssDisplay::Block ||
                          style.display == CssDisplay::InlineBlock ||
                          style.display == CssDisplay::ListItem;
-    const bool grows = style.rare->flexGrow > 0 || !(style.minWidth.IsAuto() || IsPoint(style.minWidth));
+    const bool grows =
+        style.rare->flexGrow > 0 || !(style.minWidth.IsAuto() || IsPoint(style.minWidth));
     return isBlock && IsPoint(style.width) && !grows;
 }
 } // namespace
@@ -55,7 +56,8 @@ bool IsNotShown(const CssBoxStyle& style) {
     if (style.display == CssDisplay::None) return true;
     const bool hides = style.overflow != CssOverflow::Visible;
     if (hides && HasNoWidth(style)) return true;
-    if (style.position != CssPosition::Absolute && style.position != CssPosition::Fixed) return false;
+    if (style.position != CssPosition::Absolute && style.position != CssPosition::Fixed)
+        return false;
     return IsOffPage(style) || (hides && (IsPoint(style.height) || IsPoint(style.maxHeight)));
 }
 
