@@ -15,7 +15,7 @@ constexpr double twipsPerInch = 1440;
 bool ScrollPageDown(MainForm& form, int pixels) {
     HtmlView& html = *form.ports.htmlView;
     if (!HasPageBody(form) || html.Percent() >= 100) return false;
-    html.ScrollTo(0, html.ScrollTop() + pixels);
+    html.ScrollDown(pixels);
     return true;
 }
 

@@ -150,7 +150,7 @@ void mBookmarkDeleteList_Click(MainForm& form, int index) {
 void mBookmarkList_Click(MainForm& form, int index) {
     if (!CanGo(form)) return;
     form.bookmarks.last.tag = NumberText(ViewPosition(form));
-    if (IsPageShown(form)) form.bookmarks.lastTop = form.ports.htmlView->Top();
+    if (IsPageShown(form)) form.bookmarks.lastTop = PlaceToReturnTo(*form.ports.htmlView);
     form.bookmarks.menu.tag = NumberText(index);
     UncheckBookmarks(form.bookmarks);
     form.menu.mBookmarkList[index].checked = true;

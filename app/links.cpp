@@ -14,7 +14,7 @@
 namespace {
 void OpenOnTrail(MainForm& form, const std::u16string& path, RequestedKind kind,
                  std::vector<PagePlace> trail) {
-    if (!SettleZoom(form)) return;
+    if (!SettlePage(form)) return;
     SaveBookState(form, 0);
     OpenBook(form, path, kind);
     form.page.trail = std::move(trail);
@@ -65,7 +65,7 @@ void wbMain_Link(MainForm& form, const std::u16string& url, const std::u16string
     if (kind == BookKind::Other) return OpenMediaFile(form, path);
     if (kind == BookKind::Html) InheritPageEngine(form, path);
     HtmlPage from = form.page;
-    PushPlace(from, form.ports.htmlView->Top());
+    PushPlace(from, PlaceToReturnTo(*form.ports.htmlView));
     OpenOnTrail(form, path, kind == BookKind::Html ? RequestedKind(kind) : std::nullopt,
                 std::move(from.trail));
 }

@@ -67,7 +67,7 @@ ListedBook AddBook(MainForm& form, const std::u16string& path, RequestedKind kin
         return {};
     }
     int index = FindInHistory(form.history, path);
-    if (!SettleZoom(form)) return {};
+    if (!SettlePage(form)) return {};
     if (index < 0) index = TakeOverMovedBook(form, file);
     if (index >= 0) {
         if (!CorrectKind(form, index, kind, file.start)) return {};
@@ -98,7 +98,7 @@ BookFile OpenShownBookFile(const MainForm& form) {
 void ReloadBook(MainForm& form, BookFile file) {
     // Opened before the view is given up: a file that has gone leaves the text on the screen.
     if (file.problem) return ShowBookMessage(form.messages, file.problem.text);
-    if (!SettleZoom(form)) return;
+    if (!SettlePage(form)) return;
     SaveBookState(form, 0);
     const FlagScope refreshing(form.Refreshing);
     ShowBook(form, {0, std::move(file)});

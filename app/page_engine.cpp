@@ -13,7 +13,7 @@ void ChangePageEngine(MainForm& form) {
     if (!form.ports.htmlView->HasBothEngines()) return;
     BookFile file = OpenShownBookFile(form);
     if (file.problem) return ReloadBook(form, std::move(file)); // which says what is the matter
-    if (!SettleZoom(form)) return;
+    if (!SettlePage(form)) return;
     if (HasPageBody(form)) KeepPageSelection(form);
     if (form.closed) return; // while the page was asked
     const PageEngine engine = form.ports.htmlView->Engine();

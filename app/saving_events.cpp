@@ -11,7 +11,7 @@
 
 void Form_Unload(MainForm& form) {
     if (!form.started || form.closed) return;
-    SettleZoom(form);
+    SettlePage(form);
     IniBatch oneWrite(*form.dataFile);
     SaveBookState(form, 0);
     SaveWindowPlacement(form.placement, *form.dataFile, CurrentProfile(form), *form.ports.window);

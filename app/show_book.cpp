@@ -154,7 +154,7 @@ void ShowBook(MainForm& form, ListedBook book) {
         ShowBookMessage(form.messages, book.file->problem.text);
         return SetHistoryCaption(form.history, index);
     }
-    if (!SettleZoom(form)) return;
+    if (!SettlePage(form)) return;
 
     if (!form.Refreshing) EndAutoScroll(form);
     const FlagScope loading(form.LoadingBook);

@@ -48,8 +48,9 @@ void Announce(MainForm& form, std::u16string_view text) {
         form.ports.textView->Announce(text);
 }
 
-bool SettleZoom(MainForm& form) {
+bool SettlePage(MainForm& form) {
     if (HasPageBody(form)) SettleZoom(*form.ports.htmlView, form.menu.mViewFont[0]);
+    if (HasPageBody(form)) form.ports.htmlView->SettleTop();
     return !form.closed;
 }
 

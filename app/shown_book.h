@@ -31,9 +31,9 @@ bool HasPageBody(const MainForm&);  // and its document is there
 // To screen readers only, by the view that is shown.
 void Announce(MainForm&, std::u16string_view text);
 
-// Before the page is left: lets it settle, so that its size is not lost. Waits a bounded time;
-// false when the window was closed meanwhile.
-bool SettleZoom(MainForm&);
+// Before the page is left: lets it settle, so that neither its size nor its place is lost. Waits a
+// bounded time; false when the window was closed meanwhile.
+bool SettlePage(MainForm&);
 
 // The largest file, in bytes, whose plain text the view shows.
 std::uint64_t MaxPlainText(const MainForm&);

@@ -37,6 +37,7 @@ struct PageSelection {
     int top = 0;
 };
 
+// Far from the view the heights may be estimates.
 struct PageMatch {
     PageSpan span;
     int left = 0, top = 0; // of its first character, from the left and top edges of the view
@@ -52,6 +53,8 @@ struct PageTop {
     // The text on both sides of `start`, `maxAround` units at most, and the length of all of it.
     std::u16string before = {}, after = {};
     TextPos length = 0;
+
+    bool LeadsSomewhere() const { return offset >= 0 || start > 0; }
 
     static constexpr TextPos maxAround = 512;
 };
@@ -115,6 +118,8 @@ class HtmlView {
     virtual void Clear() = 0; // no page; frees what the last one took. No event comes of it
 
     virtual void ScrollTo(int left, int top) = 0; // offsets of the body; as far as the page goes
+    // From where it is, as far as the page goes.
+    virtual void ScrollDown(int pixels) { ScrollTo(0, ScrollTop() + pixels); }
     // Brings the line in which the span begins to the top of the view (the body's top margin above
     // it), and the left edge to the left.
     virtual void ScrollSpanToTop(const PageSpan&) = 0;
@@ -151,7 +156,8 @@ class HtmlView {
     virtual std::u16string Title() const = 0; // of the document, "" when it has none
     virtual PageColors OwnColors() const = 0; // before any order; black on white where not known
     // The body's vertical offset. After `ScrollTo` it is what was asked for until the page says how
-    // far it went, so that it never answers the place before.
+    // far it went, so that it never answers the place before. An estimate while what is above has
+    // not been measured.
     virtual int ScrollTop() const = 0;
     // With that place, of one moment. Until the page has gone where it was sent, what was asked
     // for. Until it is scrolled, `start` stays the character that was brought to the top.
@@ -166,6 +172,9 @@ class HtmlView {
     virtual PageSelection Selection() const = 0;
 
     // Questions.
+    // Waits until what is above has been measured, so that `Top` becomes exact: for a place that is
+    // kept for good. Where that takes too long `Top` stays without an offset.
+    virtual void SettleTop() {}
     // The texts of spans, in order and as many; a span outside the text gives what is inside. The
     // failure value is an empty list.
     virtual std::vector<std::u16string> TextsOf(const std::vector<PageSpan>&) = 0;
@@ -208,3 +217,10 @@ class HtmlView {
     // As the text view's.
     std::function<void(const std::vector<std::u16string>& paths)> onFilesDropped;
 };
+
+// Of a place that is kept while the program runs: words lead there, so only where there are none
+// the page is asked. A question.
+inline PageTop PlaceToReturnTo(HtmlView& view) {
+    if (!view.Top().LeadsSomewhere()) view.SettleTop();
+    return view.Top();
+}

@@ -131,6 +131,10 @@ PageSelection NoneHtmlView::Selection() const {
     return {selection_, TopOf(selection_.start) - scrollTop_};
 }
 
+void NoneHtmlView::SettleTop() {
+    if (!isMeasured && Ask()) isMeasured = true;
+}
+
 std::vector<std::u16string> NoneHtmlView::TextsOf(const std::vector<PageSpan>& spans) {
     std::vector<std::u16string> texts;
     if (!Ask()) return texts;
@@ -192,7 +196,7 @@ void NoneHtmlView::BringToTop(const PageTop& top) {
 
 PageTop NoneHtmlView::Top() const {
     PageTop top;
-    top.offset = scrollTop_;
+    top.offset = isMeasured ? scrollTop_ : -1;
     top.length = Length();
     top.start = HasBody() && scrollTop_ > 0 ? FirstAtTop() : 0;
     if (top.start > 0) top.above = scrollTop_ - (TopOf(top.start) - Margin);

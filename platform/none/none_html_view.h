@@ -32,6 +32,7 @@ class NoneHtmlView : public HtmlView {
     void ShowPage();                  // the one navigated to last; it can be scrolled
     void FinishLoading();             // of it, which is shown by then at the latest
     void Die();
+    bool isMeasured = true;         // false: where the page is is not exact until `SettleTop`
     bool zoomsAtOnce = true;        // false: a new size takes until `FinishZoom`
     void ZoomByHand(int steps);     // 0: back to normal
     void FinishZoom(int scrollTop); // the page is laid out, and its line at the top is there now
@@ -67,6 +68,7 @@ class NoneHtmlView : public HtmlView {
     int Percent() const override;
     PageSelection Selection() const override;
 
+    void SettleTop() override;
     std::vector<std::u16string> TextsOf(const std::vector<PageSpan>&) override;
     std::u16string SelectedText() override;
     std::u16string SelectionAsHtml() override;

@@ -15,6 +15,7 @@ class EitherHtmlView final : public HtmlView {
     void OfferEngineChange(bool offered) override;
     void Clear() override { shown_->Clear(); }
     void ScrollTo(int left, int top) override { shown_->ScrollTo(left, top); }
+    void ScrollDown(int pixels) override { shown_->ScrollDown(pixels); }
     void ScrollSpanToTop(const PageSpan& span) override { shown_->ScrollSpanToTop(span); }
     void BringToTop(const PageTop& top) override { shown_->BringToTop(top); }
     void Select(const PageSpan& span) override { shown_->Select(span); }
@@ -41,6 +42,7 @@ class EitherHtmlView final : public HtmlView {
     int TopMargin() const override { return shown_->TopMargin(); }
     PageSelection Selection() const override { return shown_->Selection(); }
 
+    void SettleTop() override { shown_->SettleTop(); }
     std::vector<std::u16string> TextsOf(const std::vector<PageSpan>& spans) override {
         return shown_->TextsOf(spans);
     }

@@ -284,3 +284,27 @@ TEST_CASE("html load: a page is told by any of its usual endings") {
         CHECK(test.Record(0)[Field::Filter] == u"2");
     }
 }
+
+TEST_CASE("html load: a place is stored as it is known, and exactly when its page is left") {
+    enum class Left { Closed, OtherBook, ReadAgain };
+    for (const Left left : {Left::Closed, Left::OtherBook, Left::ReadAgain}) {
+        CAPTURE(int(left));
+        HtmlForm test;
+        test.PutPage(u"/b/p.htm");
+        test.PutBook(u"/b/other.txt", "text");
+        REQUIRE(test.Start());
+        test.OpenLoaded(u"/b/p.htm");
+        test.Page().ScrollByHand(300);
+        test.Autosave();
+        test.Page().isMeasured = false; // by another width, say
+        test.Page().ScrollByHand(700);
+        const int questions = test.Page().questions;
+        test.Autosave();
+        CHECK(test.Page().questions == questions);
+        CHECK(test.Record(0)[Field::LastPos] == u"300");
+        if (left == Left::Closed) test.Close();
+        if (left == Left::OtherBook) OpenBook(test.form, u"/b/other.txt");
+        if (left == Left::ReadAgain) test.Choose(test.Menu().mView, test.Menu().mViewRefresh);
+        CHECK(test.Record(left == Left::OtherBook ? 1 : 0)[Field::LastPos] == u"700");
+    }
+}

@@ -120,9 +120,11 @@ TEST_CASE("page top: a window gets its size late, but not seconds later") {
         TopBench bench;
         bench.Resize(700);
         bench.top.BringToTop(bench.View(), {.offset = 140 * paragraphHeight});
+        REQUIRE(bench.top.Arrive(bench.View()));
         bench.scroller.ScrollBy(paragraphHeight); // by the window, not by its user
         bench.window.time += late ? 3001ms : 2999ms;
         bench.Resize(600);
+        CHECK(bench.top.Arrive(bench.View()) != late);
         CHECK(bench.View().StartAtTop() == bench.StartOf(late ? 141 : 140));
     }
 }

@@ -43,8 +43,8 @@ class PagePane : public ReadablePage {
     // CSS pixels.
     void ScrollTo(int left, int top);
     void BringToTop(const PageTop& top);
-    int ScrollTop(); // exact, unless that would take long
-    PageTop Top();
+    int ScrollTop();  // at once: by estimates where what is above has not been measured
+    PageTop Top();    // at once, too
     void SettleTop(); // what it takes to make both exact, a second at most
     int ViewHeight() const;
     int TopMargin();
@@ -52,7 +52,7 @@ class PagePane : public ReadablePage {
     void ScrollToPercent(int percent);
     int Percent();
     bool ScrollDown(double pixels); // false at the page's end
-    // Of the line of a position, from the view's edges.
+    // Of the line of a position, from the view's edges; by estimates where it is far from them.
     int LineTop(TextPos position);
     int CharacterLeft(TextPos position);
     TextPos StartAtTop();
@@ -97,6 +97,7 @@ class PagePane : public ReadablePage {
     bool ChangeBackground(const PageRenderOptions& options);
     double ScaleOf(int zoomPercent) const;
     std::optional<CharacterPlace> PlaceOf(TextPos position);
+    void Arrive(); // at what was asked for, before it is seen or scrolled on from
     void OnScrolled();
     void OnUserScrolled();
     void UpdateScrollBars();

@@ -19,6 +19,7 @@ Color PagePane::BackColor() const {
 
 void PagePane::Paint(Canvas& canvas, const Rect& clip) {
     if (!UpdateLayout()) return;
+    Arrive();
     const SelectionColors& selection =
         window_.HasFocus() ? system_.selection : system_.inactiveSelection;
     const PagePlaces places(*page_, *shown_);

@@ -5,8 +5,7 @@
 #include <cmath>
 
 namespace {
-// What is above a place may take longer to be measured.
-constexpr PageMeasurer::Time placeTime(300);
+constexpr PageMeasurer::Time percentTime(300); // for the share of a page's height
 } // namespace
 
 std::optional<CharacterPlace> PagePane::PlaceOf(TextPos position) {
@@ -33,13 +32,17 @@ int PagePane::Percent() {
 
 void PagePane::ScrollToPercent(int percent) {
     if (!UpdateLayout()) return;
-    measurer_.MeasureAll(shown_->Flow(), placeTime);
-    scroller_.ScrollToHeight(std::ceil(scroller_.MaxHeight() * percent / 100));
+    if (percent > 0 && percent < 100) measurer_.MeasureAll(shown_->Flow(), percentTime);
+    if (percent >= 100)
+        scroller_.ScrollToEnd();
+    else
+        scroller_.ScrollToHeight(std::ceil(scroller_.MaxHeight() * percent / 100));
     OnUserScrolled();
 }
 
 bool PagePane::ScrollDown(double pixels) {
     if (!UpdateLayout()) return false;
+    Arrive();
     const PageScroller::Top before = scroller_.Position();
     scroller_.ScrollBy(pixels * options_.scale);
     OnUserScrolled();
@@ -58,27 +61,27 @@ void PagePane::BringToTop(const PageTop& top) {
     OnScrolled();
 }
 
+void PagePane::Arrive() {
+    if (top_.Arrive(CurrentViewport())) OnScrolled();
+}
+
 void PagePane::SettleTop() {
     if (UpdateLayout() && top_.Settle(CurrentViewport())) OnScrolled();
 }
 
 PageTop PagePane::Top() {
-    SettleTop();
-    return page_ ? top_.Top(CurrentViewport()) : PageTop{};
+    return UpdateLayout() ? top_.Top(CurrentViewport()) : PageTop{};
 }
 
 int PagePane::ScrollTop() {
-    SettleTop();
-    return page_ ? Rounded(top_.Height(CurrentViewport())) : 0;
+    return UpdateLayout() ? Rounded(top_.Height(CurrentViewport())) : 0;
 }
 
 int PagePane::LineTop(TextPos position) {
     if (!UpdateLayout()) return 0;
     const auto place = position > 0 ? PlaceOf(position) : std::nullopt;
     if (!place) return Rounded((shown_->TopMargin() - scroller_.Height()) / options_.scale);
-    // What lies between it and the view is to be exact.
-    measurer_.MeasureAbove(shown_->Flow(), std::max(place->block.zone, scroller_.Position().zone),
-                           placeTime);
+    scroller_.At(options_.viewport.height); // what is in view has exact heights now
     return Rounded(scroller_.InView(place->block.zone, place->top) / options_.scale);
 }
 
@@ -88,7 +91,9 @@ int PagePane::CharacterLeft(TextPos position) {
 }
 
 TextPos PagePane::StartAtTop() {
-    return UpdateLayout() ? CurrentViewport().StartAtTop() : -1;
+    if (!UpdateLayout()) return -1;
+    Arrive();
+    return CurrentViewport().StartAtTop();
 }
 
 void PagePane::Reveal(TextPos position) {

@@ -36,6 +36,7 @@ void PagePane::ScrollPage(bool down) {
 
 void PagePane::ScrollBy(Point pixels) {
     if (!UpdateLayout()) return;
+    Arrive();
     if (pixels.y != 0) scroller_.ScrollBy(pixels.y);
     scrollX_ = std::clamp(scrollX_ + pixels.x, 0, std::max(scrollX_, maxScrollX_));
     OnUserScrolled();

@@ -41,6 +41,10 @@ void PageScroller::ScrollTo(Top top) {
     top_ = std::min(top, MaxTop());
 }
 
+void PageScroller::ScrollToEnd() {
+    if (page_) top_ = MaxTop();
+}
+
 void PageScroller::ScrollToHeight(double pixels) {
     if (!page_) return;
     PageFlow& flow = page_->Flow();

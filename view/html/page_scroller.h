@@ -22,6 +22,7 @@ class PageScroller {
     void ScrollTo(Top top);             // as far as the page goes
     void ScrollToStart() { top_ = {}; } // nothing is laid out for it
     void ScrollBy(double pixels) { ScrollTo({top_.zone, top_.y + pixels}); }
+    void ScrollToEnd(); // at the cost of a screen
     // From the page's top, and back: exact once all above has been measured.
     void ScrollToHeight(double pixels);
     double Height() const;

@@ -6,7 +6,7 @@
 
 namespace {
 constexpr PageMeasurer::Time stepTime(8);    // of what is done in the background
-constexpr PageMeasurer::Time placeTime(300); // for a height that is asked for
+constexpr PageMeasurer::Time placeTime(300); // that the first frame waits for a height
 constexpr PageMeasurer::Time exactTime(1000);
 // Of a window that comes up: window managers change its size after it was shown.
 constexpr PageMeasurer::Time settlingTime(3000);
@@ -67,14 +67,29 @@ void PageTopKeeper::BringToTop(const PageViewport& view, const PageTop& top) {
 void PageTopKeeper::GoTo(const PageViewport& view, const PageTop& top) {
     wantedHeight_.reset();
     anchor_.reset();
+    isUnseen_ = false;
     const bool hasWords = GoToLine(view, top);
     if (hasWords && top.offset < 0) return;
     const double height = std::max(0, top.offset) * view.Scale();
-    if (measurer_.MeasureTo(view.shown.Flow(), height + view.size.height,
-                            hasWords ? stepTime : placeTime))
-        return GoToMeasured(view, height);
+    if (!hasWords) return GoToHeight(view, height);
     wantedHeight_ = height;
-    if (!hasWords) scroller_.ScrollToHeight(height);
+    ReachWantedHeight(view, stepTime);
+}
+
+// Others may be asked for before this one is seen: nothing is measured for it yet.
+void PageTopKeeper::GoToHeight(const PageViewport& view, double height) {
+    PageFlow& flow = view.shown.Flow();
+    const std::size_t first = flow.FirstNotMeasured();
+    const double bottom = height + view.size.height;
+    if (first < flow.ZoneCount() && flow.Heights().Top(first) <= bottom) {
+        wantedHeight_ = height;
+        isUnseen_ = true;
+    }
+    scroller_.ScrollToHeight(height);
+}
+
+bool PageTopKeeper::Arrive(const PageViewport& view) {
+    return std::exchange(isUnseen_, false) && wantedHeight_ && ReachWantedHeight(view, placeTime);
 }
 
 bool PageTopKeeper::GoToLine(const PageViewport& view, const PageTop& top) {

@@ -38,6 +38,9 @@ class PageTopKeeper {
     // each time; true when it is reached, so that the page is scrolled.
     bool IsOnItsWay() const { return wantedHeight_.has_value(); }
     bool GoOn(const PageViewport& view);
+    // Before what was asked for last is seen, or scrolled on from: a height that is not far down is
+    // reached. Once; true when the page is scrolled by it.
+    bool Arrive(const PageViewport& view);
     // What can be measured in a second, for a place that is kept for good. True when the page is
     // scrolled by it.
     bool Settle(const PageViewport& view);
@@ -48,6 +51,7 @@ class PageTopKeeper {
 
   private:
     void GoTo(const PageViewport& view, const PageTop& top);
+    void GoToHeight(const PageViewport& view, double height);
     bool GoToLine(const PageViewport& view, const PageTop& top); // false where there is none
     void GoToMeasured(const PageViewport& view, double height);
     void GoToAnchor(const PageViewport& view, const std::optional<Anchor>& anchor);
@@ -59,6 +63,7 @@ class PageTopKeeper {
     PageMeasurer measurer_;
 
     std::optional<double> wantedHeight_; // device pixels; while what is above is not measured
+    bool isUnseen_ = false;              // what is shown of it, which is by estimates
     std::optional<Anchor> anchor_;       // of the last layout, until the page is scrolled
     // Asked for, and since then the page has not been scrolled; just now, so that the window may
     // still get its size from the desktop.

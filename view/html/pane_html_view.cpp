@@ -107,6 +107,10 @@ void PaneHtmlView::ApplyColors() {
     if (Settle()) Pane().SetColors(text_, background_);
 }
 
+void PaneHtmlView::ScrollDown(int pixels) {
+    if (Settle()) Pane().ScrollDown(pixels);
+}
+
 void PaneHtmlView::ScrollToPercent(int percent) {
     if (Settle()) Pane().ScrollToPercent(percent);
 }
@@ -177,6 +181,10 @@ PageSelection PaneHtmlView::Selection() const {
     return {{start, Pane().SelEnd() - start}, Pane().LineTop(start)};
 }
 
+void PaneHtmlView::SettleTop() {
+    if (Settle()) Pane().SettleTop();
+}
+
 std::vector<std::u16string> PaneHtmlView::TextsOf(const std::vector<PageSpan>& spans) {
     if (!Settle()) return {};
     std::vector<std::u16string> texts;
@@ -230,7 +238,7 @@ void PaneHtmlView::FollowLink(HtmlNodeId link) {
         const auto element = page.Anchor(address.fragment);
         const bool toTop = address.fragment.empty() || address.fragment == u"top";
         if (!element && !toTop) return;
-        const PageTop from = Pane().Top();
+        const PageTop from = PlaceToReturnTo(*this);
         const auto piece = element ? page.PieceFrom(*element) : std::nullopt;
         Pane().ScrollLineToTop(piece   ? page.Counted().pieces[*piece].start
                                : toTop ? 0

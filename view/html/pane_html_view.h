@@ -24,6 +24,7 @@ class PaneHtmlView : public HtmlView {
     void SetBackColor(std::uint32_t redGreenBlue) override;
     void SetTextColor(std::optional<std::uint32_t> redGreenBlue) override;
     void SendZoomKey(bool larger) override;
+    void ScrollDown(int pixels) override;
     void ScrollToPercent(int percent) override;
 
     PageEngine Engine() const override { return PageEngine::Own; }
@@ -40,6 +41,7 @@ class PaneHtmlView : public HtmlView {
     int TopMargin() const override { return HasBody() ? Pane().TopMargin() : 0; }
     PageSelection Selection() const override;
 
+    void SettleTop() override;
     std::vector<std::u16string> TextsOf(const std::vector<PageSpan>& spans) override;
     std::u16string SelectedText() override;
     std::u16string SelectionAsHtml() override;
