@@ -250,6 +250,17 @@ TEST_CASE("print html: a heading stands on the sheet of what follows it") {
     }
 }
 
+TEST_CASE("print html: a heading does not stand with the space below it alone") {
+    for (int above = 1; above < 20; ++above) {
+        Job job("<p style='margin:0'>" + Breaks(above, 'a') +
+                "</p><h3 style='margin:0 0 20px;font-size:16px'>heading</h3>"
+                "<div style='float:left'>" +
+                Breaks(3, 'b') + "</div><p style='margin:0'>" + Breaks(3, 'c'));
+        REQUIRE(job.Print() == PrintEnd::Done);
+        CHECK(SheetOf(job, u"heading") == SheetOf(job, u"b0"));
+    }
+}
+
 TEST_CASE("print html: no line of a paragraph stands alone") {
     for (int above = 1; above < 20; ++above) {
         Job job("<p style='margin:0'>" + Breaks(above, 'a') + "</p><p style='margin:0'>" +

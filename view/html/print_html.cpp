@@ -52,6 +52,7 @@ class PrintedZone final : public PrintedBlock {
     int CutAbove(int from, int limit, int pageHeight) const override {
         using enum SolidSpan::Kind;
         int cut = CutBetween(spans_, Kept, from, limit);
+        if (StartOfPage(from) >= cut) cut = from; // a heading does not stay for space
         if (limit - from < pageHeight) return cut;
         if (cut == from) cut = CutBetween(spans_, Part, from, limit);
         if (cut == from) cut = CutBetween(spans_, Picture, from, limit);
