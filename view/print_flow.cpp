@@ -15,6 +15,7 @@ struct PlacedBlock {
     std::shared_ptr<const PrintedBlock> block;
     int from = 0, to = 0; // of the block's height
     int top = 0;          // on the page, below the head
+    PrintedBlock::Stretch repeated = {}; // above it
 };
 
 class PageCutter {
@@ -37,9 +38,12 @@ class PageCutter {
         int top = 0;
         while (next_) {
             if (from_ == 0 && next_->BeginsPage() && HasHeight(parts)) return parts;
+            const auto repeated =
+                parts.empty() ? next_->RepeatedAt(from_) : PrintedBlock::Stretch{};
+            top += repeated.Height();
             const int to = EndOnPage(top, parts.empty());
             if (to == from_ && !parts.empty() && next_->Height() > 0) return WithoutHeadings(parts);
-            parts.push_back({next_, from_, to, top});
+            parts.push_back({next_, from_, to, top, repeated});
             top += to - from_;
             from_ = to;
             if (to < next_->Height()) return parts;
@@ -80,7 +84,7 @@ class PageCutter {
     int EndOnPage(int top, bool first) const {
         const int room = height_ - top;
         if (next_->Height() - from_ <= room) return next_->Height();
-        const int cut = next_->CutAbove(from_, from_ + room, height_);
+        const int cut = next_->CutAbove(from_, from_ + room, first ? room : height_);
         return cut == from_ && first ? from_ + room : cut;
     }
 
@@ -108,10 +112,16 @@ bool PrintPage(const std::vector<PlacedBlock>& parts, int number, const PrintFra
     device.ClipTo({0, 0, page.width, page.height});
     frame.Draw(*canvas, number);
     const int head = frame.Room().top;
-    for (const PlacedBlock& part : parts) {
-        const Rect clip{0, head + part.top, page.width, part.to - part.from};
+    const auto paint = [&](const PrintedBlock& block, int from, int to, int top) {
+        const Rect clip{0, head + top, page.width, to - from};
         device.ClipTo(clip);
-        part.block->Paint(*canvas, {0, clip.top - part.from}, clip);
+        block.Paint(*canvas, {0, clip.top - from}, clip);
+    };
+    for (const PlacedBlock& part : parts) {
+        const auto& repeated = part.repeated;
+        if (repeated.Height() > 0)
+            paint(*part.block, repeated.top, repeated.bottom, part.top - repeated.Height());
+        paint(*part.block, part.from, part.to, part.top);
     }
     return device.EndPage();
 }

@@ -44,6 +44,13 @@ class PrintedBlock {
     // Where a page begins that is to begin at `from` or later: after the empty space there; the
     // height when nothing follows.
     virtual int StartOfPage(int from) const { return from; }
+    // What stands once more at the top of a page that begins there, such as the head of a table:
+    // a stretch of the block, empty for nothing.
+    struct Stretch {
+        int top = 0, bottom = 0;
+        int Height() const { return bottom - top; }
+    };
+    virtual Stretch RepeatedAt(int /*from*/) const { return {}; }
     // On a page that is clipped to this.
     virtual void Paint(Canvas&, Point origin, const Rect& clip) const = 0;
 };

@@ -173,6 +173,24 @@ TEST_CASE("print html: a row of a table stands on one sheet, and the table on se
     CHECK(job.Body(0).size() >= 8); // and no sheet is left half empty
 }
 
+TEST_CASE("print html: each sheet of a table begins with its head") {
+    std::string rows;
+    for (int i = 0; i < 40; ++i)
+        rows += "<tr><td>row " + std::to_string(i);
+    Job job("<table><thead><tr><th>head</thead>" + rows + "</table><p>after");
+    REQUIRE(job.Print() == PrintEnd::Done);
+    REQUIRE(job.paper.pages.size() > 2);
+    std::vector<std::u16string> all;
+    for (std::size_t sheet = 0; sheet < job.paper.pages.size(); ++sheet) {
+        const auto body = job.Body(sheet);
+        CHECK(body.front() == u"head");
+        all.insert(all.end(), body.begin() + 1, body.end());
+    }
+    REQUIRE(all.size() == 41);
+    for (int i = 0; i < 40; ++i)
+        CHECK(all[std::size_t(i)] == u"row " + Digits(i));
+}
+
 TEST_CASE("print html: what is wider than the paper makes all of it smaller") {
     const std::string wide = "<table border=1 width=700><tr><td>wide</table>";
     Job job(Paragraphs(1)), smaller(Paragraphs(1) + wide);

@@ -54,7 +54,24 @@ class SpanCollector {
 
     int pageHeight_;
 };
+
+void AddHeads(const PageFragment& fragment, double top, int pageHeight,
+              std::vector<TableHead>& heads) {
+    const double height = fragment.headBottom - fragment.headTop;
+    if (height > 0 && height < pageHeight * smallShare)
+        heads.push_back({int(std::floor(top + fragment.headTop)),
+                         int(std::ceil(top + fragment.headBottom)),
+                         int(std::floor(top + fragment.height))});
+    for (const PlacedPart& part : fragment.parts)
+        AddHeads(*part.fragment, top + part.top, pageHeight, heads);
+}
 } // namespace
+
+std::vector<TableHead> TableHeads(const PageFragment& fragment, int pageHeight) {
+    std::vector<TableHead> heads;
+    AddHeads(fragment, 0, pageHeight, heads);
+    return heads;
+}
 
 std::vector<SolidSpan> SolidSpans(const PageFragment& fragment, int pageHeight) {
     SpanCollector collector(pageHeight);

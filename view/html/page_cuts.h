@@ -17,5 +17,13 @@ struct SolidSpan {
 // table has rows, is one when it is small.
 std::vector<SolidSpan> SolidSpans(const PageFragment& fragment, int pageHeight);
 
+// Of a table that reaches over sheets.
+struct TableHead {
+    int top = 0, bottom = 0, tableBottom = 0;
+};
+
+// The outer tables first. One that takes too much of a sheet is none.
+std::vector<TableHead> TableHeads(const PageFragment& fragment, int pageHeight);
+
 // The lowest place at or above `limit` that is within none of the spans; `from` for none.
 int CutBetween(const std::vector<SolidSpan>& spans, SolidSpan::Kind upTo, int from, int limit);

@@ -39,7 +39,7 @@ class PrintedZone final : public PrintedBlock {
     PrintedZone(PageFragmentPtr fragment, ZoneBreaks breaks, int percent, int pageHeight,
                 const PagePaint& paint)
         : fragment_(std::move(fragment)), breaks_(breaks), percent_(percent), paint_(paint),
-          spans_(SolidSpans(*fragment_, pageHeight)) {}
+          spans_(SolidSpans(*fragment_, pageHeight)), heads_(TableHeads(*fragment_, pageHeight)) {}
 
     int Height() const override { return int(std::ceil(fragment_->height)); }
     int Percent() const override { return percent_; }
@@ -67,6 +67,12 @@ class PrintedZone final : public PrintedBlock {
         return next;
     }
 
+    Stretch RepeatedAt(int from) const override {
+        for (const TableHead& head : heads_)
+            if (from >= head.bottom && from < head.tableBottom) return {head.top, head.bottom};
+        return {};
+    }
+
     void Paint(Canvas& canvas, Point origin, const Rect& clip) const override {
         PagePaint paint = paint_;
         paint.clip = clip;
@@ -79,6 +85,7 @@ class PrintedZone final : public PrintedBlock {
     int percent_;
     const PagePaint& paint_;
     std::vector<SolidSpan> spans_;
+    std::vector<TableHead> heads_;
 };
 
 class HtmlPrinter {

@@ -198,6 +198,10 @@ class TableLayouter {
         const double bottom = std::max(at, top + given);
         PlaceTableBox(fragment, fragment.height, bottom + insets.Bottom() - fragment.height);
         PlaceRowBoxes(fragment, tops, heights, room);
+        if (const std::size_t head = HeadRows(); head > 0 && head < heights.size()) {
+            fragment.headTop = tops[0];
+            fragment.headBottom = tops[head];
+        }
         const double left = measure_.InsetLeft(*table_.style, room);
         for (std::size_t i = 0; i < layouts.size(); ++i) {
             const GridCell& cell = grid_.cells[i];
@@ -208,6 +212,15 @@ class TableLayouter {
                 {left + Left(cell), tops[cell.row], Stretched(layouts[i], height, shift)});
         }
         fragment.height = bottom + insets.Bottom();
+    }
+
+    std::size_t HeadRows() const {
+        std::size_t rows = 0;
+        while (rows < grid_.rows.size() &&
+               layouter_.Box(layouter_.Box(grid_.rows[rows]).parent).style->display ==
+                   CssDisplay::TableHeaderGroup)
+            ++rows;
+        return rows;
     }
 
     void PlaceTableBox(PageFragment& fragment, double top, double height) const {
