@@ -163,17 +163,22 @@ TEST_CASE("css: variables are resolved within a bound, and kept once") {
     std::u16string sheet = u"*{";
     for (int i = 0; i < 200; ++i)
         sheet += u"--v" + Utf8ToUtf16(std::to_string(i)) + u":" + Repeat(u"x ", 2000) + u";";
-    std::u16string body;
-    for (int i = 0; i < 5000; ++i)
-        body += u"<p style='--i:" + Utf8ToUtf16(std::to_string(i)) + u"'>text";
-    const StyledPage page(u"<!DOCTYPE html><style>" + sheet + u"}</style>" + body);
-    CHECK(page.styles.Steps() < maxCssSteps + 4'000'000);
+    // Styles that differ, so that each element has its variables resolved.
+    const auto stepsWith = [&](int elements) {
+        std::u16string body;
+        for (int i = 0; i < elements; ++i)
+            body += u"<p style='width:" + Utf8ToUtf16(std::to_string(i)) + u"px'>text";
+        return StyledPage(u"<!DOCTYPE html><style>" + sheet + u"}</style>" + body).styles.Steps();
+    };
+    const std::uint64_t unitsOfVariables = 200 * 4000;
+    CHECK(stepsWith(20) - stepsWith(10) >= 10 * unitsOfVariables);
+    CHECK(stepsWith(500) < maxCssSteps + 4'000'000);
 
     // The same variables at each of many elements cost their memory once.
     std::u16string same = u"<!DOCTYPE html><style>:root{--a:" + Repeat(u"x", 4000) + u"}" +
                           u"i{font-size:7px}p{width:var(--w)}</style>";
     for (int i = 0; i < 4000; ++i)
-        same += u"<p style='--w:" + Utf8ToUtf16(std::to_string(i % 2)) + u"px'><i></i>";
+        same += u"<p style='--w:1px;height:" + Utf8ToUtf16(std::to_string(i)) + u"px'><i></i>";
     const StyledPage small(same + u"<p id=x style='--w:9px'>");
     CHECK(small.Box().width == CssLength::Pixels(9));
 }

@@ -1,6 +1,8 @@
 // Numbers that styles count.
 #include "common/utf.h"
+#include "tests/unit/css_samples.h"
 #include "tests/unit/page_sample.h"
+#include "view/page/page_counters.h"
 
 #include <doctest/doctest.h>
 
@@ -44,7 +46,9 @@ TEST_CASE("counters: they begin, go on and are set as they are told") {
                 u"<p>a<p>b") == "0,0 a(a)|0,16 b(b)");
 }
 
-TEST_CASE("counters: leaving an element costs nothing for the names of others") {
+TEST_CASE("counters: a counter ends with the element around the one that began it") {
+    CHECK(Lines(u"p::before{content:counter(a) ' ' counters(a,'.') ' '}",
+                u"<div><p style='counter-reset:a 5'>b</div><p>c") == "0,0 5 5 b|0,16 0 0 c");
     std::u16string page;
     for (int i = 0; i < 300; ++i)
         page += u"<div style='counter-reset:a" + Utf8ToUtf16(std::to_string(i)) + u"'>";
@@ -52,4 +56,15 @@ TEST_CASE("counters: leaving an element costs nothing for the names of others") 
     for (int i = 0; i < 300; ++i)
         page += u"</div>";
     CHECK(Lines(u"p::before{content:counter(a7) ' ' counters(a7,'.')}", page) == "0,0 5 0.5");
+}
+
+TEST_CASE("counters: leaving an element costs nothing for the names of others") {
+    const std::size_t names = 300, others = 1000;
+    std::u16string body;
+    for (std::size_t i = 0; i < names; ++i)
+        body += u"<i style='counter-reset:a" + Utf8ToUtf16(std::to_string(i)) + u"'></i>";
+    for (std::size_t i = 0; i < others; ++i)
+        body += u"<b></b>";
+    const StyledPage page = PageOf(u"b::before{content:counter(a1)}", body);
+    CHECK(PageCounters(page.tree, page.styles).Steps() <= 2 * names); // begun and ended
 }

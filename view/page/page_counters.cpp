@@ -51,6 +51,7 @@ void PageCounters::Enter(HtmlNodeId element) {
 void PageCounters::Leave(HtmlNodeId element) {
     AddTexts(element, styles_.After(element), GeneratedPlace::After);
     for (; !opened_.empty() && opened_.back().scope == element; opened_.pop_back()) {
+        ++steps_;
         Instances& instances = opened_.back().counter->second;
         instances.pop_back();
         if (instances.empty()) counters_.erase(opened_.back().counter);
@@ -58,6 +59,7 @@ void PageCounters::Leave(HtmlNodeId element) {
 }
 
 void PageCounters::Begin(Counters::iterator counter, HtmlNodeId scope, int value) {
+    ++steps_;
     counter->second.push_back({scope, value});
     opened_.push_back({scope, counter});
 }

@@ -17,6 +17,7 @@ class PageCounters {
     // Of one item of the content of a node; "" beyond the limit of all of them.
     std::u16string_view TextOf(HtmlNodeId node, GeneratedPlace place,
                                const CssContentItem& item) const;
+    std::size_t Steps() const { return steps_; } // counters looked at
 
   private:
     struct Instance {
@@ -44,4 +45,5 @@ class PageCounters {
     std::vector<Opened> opened_; // instances in the order in which they began
     std::map<std::pair<HtmlNodeId, const CssContentItem*>, std::u16string> texts_[2];
     std::size_t units_ = 0; // of all texts
+    std::size_t steps_ = 0;
 };
