@@ -3,15 +3,14 @@ import os
 import urllib.parse
 
 from harness import books
-from harness.drag import DRAG_SOURCE, drop
+from harness.drag import drop, needs_drag_source
 from harness.story import Story, main
 from harness.wine import ON_WINE
 
 
+@needs_drag_source
 class Drop(Story):
     def setUp(self):
-        if not os.access(DRAG_SOURCE, os.X_OK):
-            self.skipTest("the window to drag from is not built: the preset linux makes it")
         self.book = self.write("lanterns.txt")
         self.program = self.reader().start(self.book)
         self.program.wait_for_book(self.book)

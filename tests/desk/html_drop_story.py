@@ -3,7 +3,7 @@ import os
 import urllib.parse
 
 from harness import books
-from harness.drag import DRAG_SOURCE, drop
+from harness.drag import drop, needs_drag_source
 from harness.html_story import HtmlStory, needs_engine, paragraphs, write_page
 from harness.story import main
 from harness.wait import wait_for
@@ -17,10 +17,9 @@ BODY = ('<p style="margin:0;font-size:80px"><a href="other.htm">a link to somewh
 LINK, IMAGE, TEXT = (300, 70), (100, 180), (100, 400)  # points in the window
 
 
+@needs_drag_source
 class HtmlDrop(HtmlStory):
     def setUp(self):
-        if not os.access(DRAG_SOURCE, os.X_OK):
-            self.skipTest("the window to drag from is not built: the preset linux makes it")
         with open(self.path("picture.svg"), "w", encoding="ascii") as file:
             file.write(PICTURE)
         self.other = write_page(self.path("other.htm"), "<p>other</p>", "Other")

@@ -5,7 +5,7 @@ import urllib.parse
 
 from harness import books
 from harness.dialog import Dialog
-from harness.drag import DRAG_SOURCE, drop
+from harness.drag import drop, needs_drag_source
 from harness.html_story import MODULE, paragraphs, write_page
 from harness.open_dialog import OpenDialog
 from harness.story import Story, main
@@ -56,9 +56,8 @@ class Keyboard(Story):
         wait_for(lambda: not self.program.popups(), "the menu to close")
         self.program.close()
 
+    @needs_drag_source
     def test_dropped(self):
-        if not os.access(DRAG_SOURCE, os.X_OK):
-            self.skipTest("the window to drag from is not built: the preset linux makes it")
         for path in self.each_after_each():
             with self.subTest(path=path):
                 drop(self, b"file://" + urllib.parse.quote(path).encode())
