@@ -105,6 +105,8 @@ void ShowInHtmlView(MainForm& form, const BookRecord& record,
     form.book.codePage = 0;
     SetZoomStep(form.menu.mViewFont[0], record.Number(Field::FontSize));
     html.SetEngine(LoadPageEngine(*form.dataFile, SectionOf(form, record)));
+    html.ExpectPlace(record.Number(Field::LastPos) > 0 || form.places.kept.position > 0 ||
+                     form.places.selection);
     html.Navigate(form.page.path, form.page.load);
     html.OfferEngineChange(html.HasBothEngines()); // not when the browser's could not be loaded
     html.FocusView();

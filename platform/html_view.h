@@ -115,6 +115,10 @@ class HtmlView {
     virtual void SetEngine(PageEngine) {}
     // Whether the context menu has `ChangeEngine`, as an item that is checked for a browser's.
     virtual void OfferEngineChange(bool) {}
+    // For pages navigated to afterwards: whether `BringToTop` or `Select` follows `onLoaded`;
+    // initially so. Keys pressed while such a page loads go on from there. Any other page they move
+    // at once, as far as it has come.
+    virtual void ExpectPlace(bool) {}
     virtual void Clear() = 0; // no page; frees what the last one took. No event comes of it
 
     virtual void ScrollTo(int left, int top) = 0; // offsets of the body; as far as the page goes

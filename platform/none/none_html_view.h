@@ -41,6 +41,7 @@ class NoneHtmlView : public HtmlView {
     bool HasBothEngines() const override { return hasBothEngines; }
     void SetEngine(PageEngine engine) override { wanted_ = engine; }
     void OfferEngineChange(bool offered) override { offersEngineChange = offered; }
+    void ExpectPlace(bool expected) override { placeExpected = expected; }
     void Navigate(const std::u16string& path, int page) override;
     void Clear() override;
     void ScrollTo(int left, int top) override;
@@ -88,7 +89,7 @@ class NoneHtmlView : public HtmlView {
     std::optional<std::uint32_t> letterColor; // the last one
     std::vector<std::pair<int, int>> scrolls; // left, top
     std::vector<std::u16string> printedTitles;
-    bool offersEngineChange = false;
+    bool offersEngineChange = false, placeExpected = true;
     int questions = 0, focused = 0, clears = 0;
     bool visible = false;
     Rect bounds{0, 0, 640, 400};

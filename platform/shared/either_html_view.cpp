@@ -45,6 +45,11 @@ void EitherHtmlView::OfferEngineChange(bool offered) {
     own_->OfferEngineChange(offered);
 }
 
+void EitherHtmlView::ExpectPlace(bool expected) {
+    browser_->ExpectPlace(expected);
+    own_->ExpectPlace(expected);
+}
+
 void EitherHtmlView::SetBounds(const Rect& bounds) {
     browser_->SetBounds(bounds);
     own_->SetBounds(bounds);

@@ -13,6 +13,7 @@ class EitherHtmlView final : public HtmlView {
     void Navigate(const std::u16string& path, int page) override;
     void SetEngine(PageEngine engine) override { wanted_ = engine; }
     void OfferEngineChange(bool offered) override;
+    void ExpectPlace(bool) override;
     void Clear() override { shown_->Clear(); }
     void ScrollTo(int left, int top) override { shown_->ScrollTo(left, top); }
     void ScrollDown(int pixels) override { shown_->ScrollDown(pixels); }

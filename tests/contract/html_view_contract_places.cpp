@@ -220,6 +220,19 @@ TEST_CASE(
     });
 }
 
+TEST_CASE("html view: a key pressed while an engine loads a page without a place moves it once") {
+    OnEachEngine([](PageTest& test) {
+        test.view.ExpectPlace(false);
+        const std::string body = plainMargins + NumberedParagraphs(20000);
+        test.Navigate(test.Write("book.htm", "<!DOCTYPE html>" + body));
+        test.bench.Press(pageDown, 0);
+        REQUIRE(test.WaitFor([&] { return !test.loaded.empty(); }));
+        CHECK(test.WaitFor([&] { return test.view.ScrollTop() > 200; }));
+        test.Settle();
+        CHECK(test.view.ScrollTop() < 450); // one page on
+    });
+}
+
 TEST_CASE("html view: links") {
     OnEachBackEnd([](PageTest& test) {
         test.Write("other.htm", "other");

@@ -308,3 +308,18 @@ TEST_CASE("html load: a place is stored as it is known, and exactly when its pag
         CHECK(test.Record(left == Left::OtherBook ? 1 : 0)[Field::LastPos] == u"700");
     }
 }
+
+TEST_CASE("html load: keys wait for a place, where a page is brought to one") {
+    struct Case {
+        const char* place;
+        bool expected;
+    };
+    for (const Case& row : {Case{"1200", true}, Case{"0", false}, Case{"", false}}) {
+        HtmlForm test;
+        test.PutHistory(std::string("/b/p.htm=2021:1:1:1:1:1=2==0=0=0=0=0=0=1=0=0=16711680=") +
+                        row.place + "=6=Old=\r\n");
+        test.PutPage(u"/b/p.htm");
+        REQUIRE(test.Start());
+        CHECK(test.Page().placeExpected == row.expected);
+    }
+}

@@ -67,6 +67,7 @@ void QtHtmlView::Navigate(const std::u16string& path, int page) {
         return;
     }
     panel_->HideNotice();
+    engine_->ExpectPlace(placeExpected_);
     engine_->Navigate(path, page);
     if (focused_) engine_->FocusView();
 }

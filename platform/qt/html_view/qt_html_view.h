@@ -18,6 +18,7 @@ class QtHtmlView final : public HtmlView {
     bool IsAvailable() const override;
     void Navigate(const std::u16string& path, int page) override;
     void OfferEngineChange(bool offered) override;
+    void ExpectPlace(bool expected) override { placeExpected_ = expected; }
     void Clear() override;
     void ScrollTo(int left, int top) override;
     void ScrollSpanToTop(const PageSpan&) override;
@@ -64,5 +65,6 @@ class QtHtmlView final : public HtmlView {
     std::unique_ptr<EngineView> engine_;
     int load_ = 0; // caller's number of the last load
     bool focused_ = false, offersEngineChange_ = false;
+    bool placeExpected_ = true;
     bool failed_ = false; // to load the engine
 };

@@ -13,6 +13,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QVariant>
+#include <QWebEngineScript>
 
 #include <utility>
 
@@ -83,8 +84,7 @@ void EngineHtmlView::ConnectPage(int page) {
     });
     connect(page_.get(), &QWebEnginePage::scrollPositionChanged, this,
             [this] { ScheduleStateUpdate(); });
-    connect(page_.get(), &QWebEnginePage::contentsSizeChanged, this,
-            [this] { ScheduleStateUpdate(); });
+    connect(page_.get(), &QWebEnginePage::contentsSizeChanged, this, [this] { OnSizeChanged(); });
     connect(page_.get(), &QWebEnginePage::selectionChanged, this,
             [this] { ScheduleStateUpdate(); });
     widget_->onInputReleased = [this] { ScheduleStateUpdate(); };
@@ -162,6 +162,21 @@ void EngineHtmlView::OnDocumentInfo(int page, const QVariant& info) {
                     FromQt(WithFileScheme(page_->url()).toString(QUrl::FullyEncoded)));
         if (alive && alive == page_.get()) SendHeldKeys();
     });
+}
+
+void EngineHtmlView::OnSizeChanged() {
+    ScheduleStateUpdate();
+    if (!loadFinished_ && !placeExpected_) SendHeldKeysOncePainted();
+}
+
+// Until the first picture of a document the engine drops keys.
+void EngineHtmlView::SendHeldKeysOncePainted() {
+    page_->runJavaScript(QStringLiteral("performance.getEntriesByType('paint').length"),
+                         QWebEngineScript::ApplicationWorld,
+                         [this, alive = QPointer<QObject>(page_.get())](const QVariant& pictures) {
+                             if (alive && alive == page_.get() && pictures.toInt() > 0)
+                                 PostForPage([this] { widget_->SendHeldKeys(); });
+                         });
 }
 
 // Once the page is at the place that the handler of its load has brought it to: the engine runs

@@ -32,6 +32,7 @@ class EngineHtmlView final : public QObject, public EngineView {
 
     void Navigate(const std::u16string& path, int page) override;
     void OfferEngineChange(bool offered) override { offersEngineChange_ = offered; }
+    void ExpectPlace(bool expected) override { placeExpected_ = expected; }
     void Clear() override;
     void ScrollTo(int left, int top) override;
     void ScrollSpanToTop(const PageSpan&) override;
@@ -90,6 +91,8 @@ class EngineHtmlView final : public QObject, public EngineView {
     void PostForPage(std::function<void()> work);
     void OnLoadFinished(int page);
     void OnDocumentInfo(int page, const QVariant& info);
+    void OnSizeChanged();
+    void SendHeldKeysOncePainted();
     void SendHeldKeys();
     void OnPageGone();
     void OnResponsiveChanged();
@@ -128,6 +131,7 @@ class EngineHtmlView final : public QObject, public EngineView {
     // The top before a jump within the page that is still to be reported.
     std::optional<PageTop> pendingJump_;
     int revision_ = 0; // number of commands so far
+    bool placeExpected_ = true;
     bool loadFinished_ = false, updateScheduled_ = false, visible_ = false, focused_ = false;
     bool offersEngineChange_ = false;
     bool closing_ = false; // no more queries: the window is closing

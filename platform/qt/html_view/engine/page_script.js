@@ -230,7 +230,8 @@ const reader = (() => {
   }
   function goToScrollAnchor() {
     const anchor = scrollAnchor, {start, top} = anchor, {scrollLeft, scrollTop, clientWidth: width} = scroller();
-    setScrollOffset(scrollLeft, start < 0 ? 0 : scrollTop + pageText.boxAt(start).top - top);
+    // From the page's start no size moves a page; who is elsewhere has scrolled meanwhile.
+    if (start >= 0) setScrollOffset(scrollLeft, scrollTop + pageText.boxAt(start).top - top);
     scrollAnchor = {...anchor, width, layout: layout()};
   }
   function restoreScrollAnchor() {
