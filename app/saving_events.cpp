@@ -11,13 +11,13 @@
 
 void Form_Unload(MainForm& form) {
     if (!form.started || form.closed) return;
+    form.ports.shell->onStartRequest = nullptr; // a later start waits for the end of this one
     SettlePage(form);
     IniBatch oneWrite(*form.dataFile);
     SaveBookState(form, 0);
     SaveWindowPlacement(form.placement, *form.dataFile, CurrentProfile(form), *form.ports.window);
     oneWrite.Commit();
-    form.ports.shell->onStartRequest = nullptr; // a later start waits for the end of this one
-    form.closed = true;                         // nothing may begin while the last message waits
+    form.closed = true; // nothing may begin while the last message waits
     RetryWritingDataFile(form);
 }
 

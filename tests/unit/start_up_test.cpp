@@ -1,3 +1,4 @@
+#include "html_form.h"
 #include "test_form.h"
 
 #include "app/events.h"
@@ -174,6 +175,22 @@ TEST_CASE("a later start: a program that ends listens no more") {
     CHECK(test.Shell().onStartRequest);
     test.Close();
     CHECK_FALSE(test.Shell().onStartRequest);
+}
+
+TEST_CASE("a later start: none is taken while the end waits for a page") {
+    HtmlForm test;
+    test.PutPage(u"/b/p.htm");
+    REQUIRE(test.Start());
+    test.OpenLoaded(u"/b/p.htm");
+    test.Page().zoomsAtOnce = false;
+    test.Press(PlusKey, CtrlKey);
+    int waits = 0;
+    test.Page().whileAsked = [&] {
+        ++waits;
+        CHECK_FALSE(test.Shell().onStartRequest);
+    };
+    test.Close();
+    CHECK(waits > 0);
 }
 
 TEST_CASE("start-up: a run without a change writes only the state it leaves") {
