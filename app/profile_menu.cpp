@@ -55,7 +55,7 @@ bool IsUnreadRefused(MainForm& form) {
 
 void mUserNew_Click(MainForm& form, int) {
     if (IsUnreadRefused(form)) return;
-    const auto title = Replace(form.menu.mUserNew[0].caption, u"&", u"");
+    const auto title = PlainCaption(form.menu.mUserNew[0]);
     const auto name = ProfileName(form.ports.dialogs->AskText(title, u"Enter new user name:"));
     if (!IsSupportedName(name)) return Refuse(form, u"You tried to use unsupported character(s).");
     if (EqualIgnoringCase(name, profileListSection)) // its settings would become profiles

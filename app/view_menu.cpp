@@ -37,7 +37,7 @@ void mViewRefresh_Click(MainForm& form, int) {
 
 void mViewBackground_Click(MainForm& form, int) {
     TextView& view = *form.ports.textView;
-    const auto title = DialogTitle(form.menu.mViewBackground[0]);
+    const auto title = PlainCaption(form.menu.mViewBackground[0]);
     const ColorAnswer answer = form.ports.dialogs->ChooseColor(title, view.BackColor());
     if (answer.result != DialogResult::Ok || answer.color == view.BackColor()) return;
     view.SetBackColor(answer.color);
@@ -47,7 +47,7 @@ void mViewBackground_Click(MainForm& form, int) {
 
 namespace {
 FontRequest FontQuestion(const MainForm& form, const std::vector<CharsetReading>& readings) {
-    FontRequest request{DialogTitle(form.menu.mViewFont[0]), form.format.font,
+    FontRequest request{PlainCaption(form.menu.mViewFont[0]), form.format.font,
                         form.format.textColor};
     for (const CharsetReading& each : readings) {
         if (each.page == PresentCodePage(form))

@@ -40,6 +40,10 @@ int CheckedItem(const MenuArray& group) {
     return 0;
 }
 
+std::u16string PlainCaption(const MenuItem& item) {
+    return Replace(BaseCaption(item), u"&", u"");
+}
+
 std::u16string DialogTitle(const MenuItem& item) {
-    return Replace(Replace(BaseCaption(item), u"&", u""), u"...", u"");
+    return Replace(PlainCaption(item), u"...", u"");
 }

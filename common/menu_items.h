@@ -25,5 +25,9 @@ void CheckRadioItem(int index, MenuArray&);
 // The index of the checked item, 0 when there is none.
 int CheckedItem(const MenuArray&);
 
-// A caption without its access-key marks and dots, as a dialog's title.
+// A caption up to its tab without its access-key marks: the title of the dialogs of colours, fonts
+// and new profiles.
+std::u16string PlainCaption(const MenuItem&);
+
+// And without its dots: the title of all other dialogs of a menu item.
 std::u16string DialogTitle(const MenuItem&);

@@ -43,7 +43,7 @@ class Dialogs(Story):
         self.screen.xdotool("mousemove", "--window", dialog.window, x, y, "click", 1)
 
     def test_font_and_script_by_keys(self):
-        font = self.open("f", "Font")
+        font = self.open("f", "Font...")
         font.key("alt+z", "ctrl+a", "2", "0", "alt+s", "b", "alt+u", "alt+r", "g", "r")
         font.close()
         record = self.record_after_closing()
@@ -51,7 +51,7 @@ class Dialogs(Story):
         self.assertEqual(shown, {"FontSize": "20", "Bold": "1", "Underline": "1", "Charset": GREEK})
 
     def test_font_by_mouse(self):
-        font = self.open("f", "Font")
+        font = self.open("f", "Font...")
         self.click_in(font, *SIZE_UP)
         self.click_in(font, *STRIKEOUT)
         self.click_in(font, *OK)
@@ -95,20 +95,20 @@ class Dialogs(Story):
         self.program.close()
 
     def test_font_given_up(self):
-        font = self.open("f", "Font")
+        font = self.open("f", "Font...")
         font.key("alt+z", "ctrl+a", "3", "0")
         font.close("Escape")
         self.assertEqual(self.record_after_closing()["FontSize"], "12")
 
     def test_colour_by_mouse(self):
-        colour = self.open("b", "Background Color")
+        colour = self.open("b", "Background Color...")
         self.click_in(colour, *FIRST_SWATCH)
         self.click_in(colour, *OK)
         self.wait_for_end(colour)
         self.assertEqual(self.record_after_closing()["BackColor"], "0")
 
     def test_colour_by_keys(self):
-        colour = self.open("b", "Background Color")
+        colour = self.open("b", "Background Color...")
         colour.key("alt+h", "ctrl+a")
         colour.type("#ffe0c0")
         colour.close()

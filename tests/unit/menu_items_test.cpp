@@ -39,6 +39,7 @@ TEST_CASE("shortcuts: the text of a caption is replaced, never appended") {
     SetMenuShortcutText(item, u"F2");
     CHECK(item.caption == u"Set &TXT Editor...\tF2");
     CHECK(BaseCaption(item) == u"Set &TXT Editor...");
+    CHECK(PlainCaption(item) == u"Set TXT Editor...");
     CHECK(DialogTitle(item) == u"Set TXT Editor");
 }
 

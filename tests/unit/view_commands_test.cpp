@@ -43,8 +43,8 @@ TEST_CASE("view: cancelled or unchanged choices change and write nothing") {
     CHECK(test.View().BackColor() == background);
     CHECK(test.View().ShownAlignment() == Alignment::Left);
     CHECK(test.View().fontApplications == applications);
-    CHECK(test.Dialogs().fontRequests[0].title == u"Font");
-    CHECK(test.Dialogs().colorRequests[0].first == u"Background Color");
+    CHECK(test.Dialogs().fontRequests[0].title == u"Font...");
+    CHECK(test.Dialogs().colorRequests[0].first == u"Background Color...");
 }
 
 TEST_CASE("view: font, colours, alignment, wrap and size are kept with their book") {

@@ -13,7 +13,7 @@ KEYS = WINDOWS if ON_WINE else LINUX
 class FontDialog(Dialog):
     def __init__(self, reader):
         reader.open_menu("v")
-        super().__init__(reader, "Font", "f")
+        super().__init__(reader, "Font...", "f")
 
     def press(self, control, *keys):
         """The control's own keys, and these in it."""

@@ -79,7 +79,7 @@ class HtmlStory(Story):
 
     def pick_background(self, reader, color):
         reader.open_menu("v")
-        dialog = ColorDialog(reader, "Background Color.*", "b")
+        dialog = ColorDialog(reader, "Background Color...", "b")
         dialog.set(*bytes.fromhex(color[1:]))
         dialog.close()
 
