@@ -69,18 +69,28 @@ void PagePane::SettleTop() {
     if (UpdateLayout() && top_.Settle(CurrentViewport())) OnScrolled();
 }
 
+// As much as the background does in one go: all of a page of some screens.
+void PagePane::MeasureBriefly(std::size_t zone) {
+    constexpr PageMeasurer::Time briefly(8);
+    if (top_.IsOnItsWay() && top_.GoOn(CurrentViewport())) OnScrolled();
+    measurer_.MeasureAbove(shown_->Flow(), std::max(zone, scroller_.Position().zone), briefly);
+}
+
 PageTop PagePane::Top() {
-    return UpdateLayout() ? top_.Top(CurrentViewport()) : PageTop{};
+    if (UpdateLayout()) MeasureBriefly(0);
+    return page_ ? top_.Top(CurrentViewport()) : PageTop{};
 }
 
 int PagePane::ScrollTop() {
-    return UpdateLayout() ? Rounded(top_.Height(CurrentViewport())) : 0;
+    if (UpdateLayout()) MeasureBriefly(0);
+    return page_ ? Rounded(top_.Height(CurrentViewport())) : 0;
 }
 
 int PagePane::LineTop(TextPos position) {
     if (!UpdateLayout()) return 0;
     const auto place = position > 0 ? PlaceOf(position) : std::nullopt;
     if (!place) return Rounded((shown_->TopMargin() - scroller_.Height()) / options_.scale);
+    MeasureBriefly(place->block.zone);
     scroller_.At(options_.viewport.height); // what is in view has exact heights now
     return Rounded(scroller_.InView(place->block.zone, place->top) / options_.scale);
 }
