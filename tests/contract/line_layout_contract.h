@@ -16,7 +16,7 @@ std::vector<BackEnd<LineLayout>> LineLayoutBackEnds();
 // What random paragraphs leave out, as the back ends cannot place it. Defined with them.
 struct ParagraphLimits {
     int minLetterSpacing = -2, maxLetterSpacing = 6; // pixels
-    bool joinedParts = true; // characters for which fonts may have several glyphs
+    bool joinedParts = true;                         // characters that may have several glyphs
 };
 ParagraphLimits LimitsOfParagraphs();
 

@@ -93,10 +93,7 @@ void CheckLine(const TextLines& lines, int index, const ParagraphText& paragraph
     if (line.justified) CHECK(IsWithin(line.width, room, 2 * pixel));
 }
 
-void CheckParagraph(LineLayout& layout, int number) {
-    CAPTURE(number);
-    Random random{unsigned(number)};
-    const ParagraphText paragraph = RandomParagraph(random, layout);
+void CheckParagraph(LineLayout& layout, const ParagraphText& paragraph) {
     const auto lines = layout.BreakLines(paragraph);
     TextPos at = 0;
     for (int line = 0; line < lines->Count(); ++line) {
@@ -116,7 +113,41 @@ TEST_CASE("line layout: random paragraphs are laid out whole") {
         int first = 0, last = 399;
         if (const char* paragraphs = std::getenv("NORVASET_PARAGRAPHS"))
             std::sscanf(paragraphs, "%d-%d", &first, &last);
-        for (int number = first; number <= last; ++number)
-            CheckParagraph(layout, number);
+        for (int number = first; number <= last; ++number) {
+            CAPTURE(number);
+            Random random{unsigned(number)};
+            CheckParagraph(layout, RandomParagraph(random, layout));
+        }
+    });
+}
+
+TEST_CASE("line layout: lines that end within a word of several scripts or fonts are whole") {
+    OnEachLineLayout([](LineLayout& layout) {
+        for (const char16_t* text : {
+                 u"\u0E33\u00AD\u200F\uFFFD",
+                 u"e\u00AD\u2069 ",
+                 u"\u202E\u00A0\u0E27\u0E2A\u0E14\u0E2A\u0E14\u0E35\u0E2A",
+                 u"\u2067)\u0E01\u0E33\u0E2A\u0E27",
+                 u"\U0001F1E9\U0001F1EA\u0301(\u0628\uFFFD\u3002",
+                 u"\u4E2D\xD83D\U0001F3FD\u00A0or(",
+             })
+            for (const int width : {1, 23, 52, 150, 300})
+                for (const bool rightToLeft : {false, true}) {
+                    CAPTURE(width);
+                    CAPTURE(rightToLeft);
+                    CheckParagraph(layout, LineParagraph(layout, text, width, rightToLeft));
+                }
+    });
+}
+
+TEST_CASE("line layout: a style that begins within a pair of surrogates does not split it") {
+    OnEachLineLayout([](LineLayout& layout) {
+        ParagraphText paragraph = LineParagraph(layout, u"\u0E14\u2764\uFE0F\U0001D11E", 51);
+        TextStyle large = LineStyle(81);
+        large.font.bold = true;
+        paragraph.runs.push_back({4, layout.Prepare(large)});
+        CheckParagraph(layout, paragraph);
+        const auto lines = layout.BreakLines(paragraph);
+        CHECK(lines->NextPosition(3) == 5);
     });
 }

@@ -5,9 +5,8 @@ std::vector<BackEnd<LineLayout>> LineLayoutBackEnds() {
     return {MakeBackEnd<LineLayout, QtLineLayout>("qt")};
 }
 
-// Qt 6.4 narrows characters that are not seen, too, and widens marks. Where text of another
-// direction is right of a line's last character, QTextLine::cursorToX() forgets all its glyphs but
-// one.
+// Qt 6.4 narrows characters that are not seen, too, and widens marks. What no font has as
+// a whole, as a syllable or a family, has several glyphs and not always all of them at its place.
 ParagraphLimits LimitsOfParagraphs() {
     return {0, 1, false};
 }

@@ -48,13 +48,19 @@ bool EndsWithinCharacter(const QTextLayout& text, const QTextLine& line) {
 }
 
 // Where a line has no room for a word, it may be broken within a character of several scripts or
-// fonts.
-void KeepCharacter(const QTextLayout& text, QTextLine& line) {
+// fonts, where Qt 6.4 even sees an end of a word: the line would then grow by all the next word.
+void KeepCharacter(QTextLayout& text, QTextLine& line) {
+    if (!EndsWithinCharacter(text, line)) return;
     constexpr int maxSteps = 64;
+    const QTextOption own = text.textOption();
+    QTextOption anywhere = own;
+    anywhere.setWrapMode(QTextOption::WrapAnywhere);
+    text.setTextOption(anywhere);
     const double step = std::max(1.0, line.height() / 8), before = line.width();
     for (int i = 1; i <= maxSteps && EndsWithinCharacter(text, line); ++i)
         line.setLineWidth(before + i * step);
     if (EndsWithinCharacter(text, line)) line.setLineWidth(before); // as for thousands of marks
+    text.setTextOption(own);
 }
 
 void BreakByAdvances(const ParagraphText& paragraph, const QTextLayout& text, QTextLine& line,

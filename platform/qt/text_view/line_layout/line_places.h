@@ -37,7 +37,11 @@ class LinePlaces {
     };
 
     void Place();
+    bool IsStretched() const;
+    double DrawnWidth() const; // from the line's left edge, without what is not drawn
     std::optional<bool> DrawnRightToLeft(int at) const; // none: it is not drawn
+    void MoveAfterCutItem();
+    std::size_t StartOfLastItem() const;
     void JoinLigatures();
     void SetOrder();
     void JoinNeighbours();

@@ -25,16 +25,31 @@ Edges EdgesOf(QTextLayout& layout, const QTextLine& line, const std::vector<int>
     return found;
 }
 
+// Where a line ends on the right, and the character before one, in its own direction.
+struct Neighbours {
+    double lineEnd = 0, before = 0;
+};
+
 // Of a character that is not drawn, whose direction Qt does not tell: `others` are of the wrong
-// one, where it has no width though it is a space, or is not after the character before it, which
-// ends at `before`.
+// one, where it has no width though it is a space, is outside the line, or is not after the
+// character before it.
 bool IsAskedRightly(const Edges& edges, const Edges& others, std::size_t i, bool isSpace,
-                    double before) {
+                    const Neighbours& neighbours) {
     const double width = edges.WidthOf(i), other = others.WidthOf(i);
     if (isSpace && (width > edgeRounding) != (other > edgeRounding)) return width > edgeRounding;
+    const double lineEnd = neighbours.lineEnd + edgeRounding, before = neighbours.before;
+    if ((edges.leading[i] > lineEnd) != (others.leading[i] > lineEnd))
+        return edges.leading[i] <= lineEnd;
     const bool follows = std::abs(edges.leading[i] - before) < edgeRounding;
     const bool otherFollows = std::abs(others.leading[i] - before) < edgeRounding;
     return follows != otherFollows ? follows : width < other;
+}
+
+bool HasSoftHyphen(const QTextLayout& layout, const QTextLine& line) {
+    const QString text = layout.text();
+    return QStringView(text)
+        .sliced(line.textStart(), line.textLength())
+        .contains(QChar(QChar::SoftHyphen));
 }
 
 std::vector<int> Starts(const QTextLayout& layout, const QTextLine& line) {
@@ -57,7 +72,8 @@ void LinePlaces::Place() {
     const std::vector<int> starts = Starts(layout_, line_);
     const Edges ways[] = {EdgesOf(layout_, line_, starts, false),
                           EdgesOf(layout_, line_, starts, true)};
-    double before = line_.x(); // where the last one ends
+    Neighbours neighbours{line_.x() + DrawnWidth() + TrailingSpacesWidth(layout_, line_),
+                          line_.x()};
     for (std::size_t i = 0; i < starts.size(); ++i) {
         const bool same =
             ways[0].leading[i] == ways[1].leading[i] && ways[0].trailing[i] == ways[1].trailing[i];
@@ -68,19 +84,62 @@ void LinePlaces::Place() {
             rightToLeft = IsRightToLeft(layout_);
         else if (!same)
             rightToLeft = DrawnRightToLeft(starts[i]).value_or(
-                IsAskedRightly(ways[1], ways[0], i, IsSpace(text[starts[i]]), before));
+                IsAskedRightly(ways[1], ways[0], i, IsSpace(text[starts[i]]), neighbours));
         const double leading = ways[rightToLeft].leading[i] - line_.x();
         const double trailing = ways[rightToLeft].trailing[i] - line_.x();
         const auto [left, right] = std::minmax({leading, trailing});
         characters_.push_back({starts[i], leading, {left, right}, rightToLeft, isTab});
-        before = ways[rightToLeft].trailing[i];
+        neighbours.before = ways[rightToLeft].trailing[i];
     }
+    MoveAfterCutItem();
     JoinLigatures();
     SetOrder();
     JoinNeighbours();
     DropSpaces();
     SetOrder();
     SetEnds();
+}
+
+// Qt 6.4 lays a line out in items of one script and font. Where the line ends within one, that
+// counts with one glyph of its last character: what is to the right is reported too near by the
+// others, as by a letter under its mark from right to left.
+void LinePlaces::MoveAfterCutItem() {
+    // A soft hyphen that is not drawn has a width in the line's, but no place.
+    if (!IsWrapped(layout_, line_) || HasSoftHyphen(layout_, line_)) return;
+    const std::size_t first = StartOfLastItem();
+    TextExtent item = characters_[first].extent;
+    for (std::size_t i = first; i < characters_.size(); ++i)
+        item = {std::min(item.left, characters_[i].extent.left),
+                std::max(item.right, characters_[i].extent.right)};
+    double end = 0; // of the others
+    for (std::size_t i = 0; i < first; ++i)
+        end = std::max(end, characters_[i].extent.right);
+    const double ink =
+        line_.naturalTextWidth() - line_.horizontalAdvance(); // is not stretched over
+    const double lineEnd = DrawnWidth() - (IsStretched() ? ink : 0), missing = lineEnd - end;
+    const TextExtent& last = characters_.back().extent;
+    if (item.right > lineEnd - edgeRounding || missing <= edgeRounding ||
+        missing > last.right - last.left + edgeRounding)
+        return;
+    for (std::size_t i = 0; i < first; ++i) {
+        Character& each = characters_[i];
+        if (each.extent.left < item.right - missing - edgeRounding) continue;
+        each.caret += missing;
+        each.extent.left += missing;
+        each.extent.right += missing;
+    }
+}
+
+// Of the characters that stand beside each other up to the last one, in its direction.
+std::size_t LinePlaces::StartOfLastItem() const {
+    std::size_t first = characters_.size() - 1;
+    for (; first > 0; --first) {
+        const Character &each = characters_[first - 1], &next = characters_[first];
+        const double gap = next.rightToLeft ? each.extent.left - next.extent.right
+                                            : each.extent.right - next.extent.left;
+        if (each.rightToLeft != next.rightToLeft || std::abs(gap) > edgeRounding) break;
+    }
+    return first;
 }
 
 // Each part of a ligature is reported to end with all of it. Some are said to begin with it, too:
@@ -144,12 +203,18 @@ void LinePlaces::DropSpaces() {
         characters_.pop_back();
 }
 
+bool LinePlaces::IsStretched() const {
+    return line_.naturalTextRect().width() > line_.naturalTextWidth() + edgeRounding;
+}
+
+double LinePlaces::DrawnWidth() const {
+    return IsStretched() ? line_.width() : line_.horizontalAdvance();
+}
+
 void LinePlaces::SetEnds() {
     if (order_.empty()) return;
-    const bool isStretched =
-        line_.naturalTextRect().width() > line_.naturalTextWidth() + edgeRounding;
-    const double end = isStretched ? line_.width() : line_.horizontalAdvance();
-    const bool isWhole = textEnd_ == drawnEnd_ && !(isStretched && IsRightToLeft(layout_));
+    const double end = DrawnWidth();
+    const bool isWhole = textEnd_ == drawnEnd_ && !(IsStretched() && IsRightToLeft(layout_));
     const Character& first = characters_[order_.front()];
     Character& last = characters_[order_.back()];
     if (!last.rightToLeft && isWhole) last.extent.right = std::max(last.extent.right, end);

@@ -1,5 +1,6 @@
 #include "platform/qt/text_view/line_layout/segment_formats.h"
 
+#include "platform/qt/text_view/line_layout/line_edges.h"
 #include "platform/qt/text_view/line_layout/pinned_fonts.h"
 #include "platform/qt/text_view/line_layout/qt_line_layout.h"
 #include "platform/qt/text_view/line_layout/segment_text.h"
@@ -41,7 +42,7 @@ TextPos CharacterEnd(const QTextLayout& text, TextPos position) {
     constexpr char16_t firstMark = 0x300;
     const QString units = text.text();
     while (position > 0 && position < units.size() && units[position] >= QChar(firstMark) &&
-           !text.isValidCursorPosition(position))
+           !IsCharacterStart(text, position))
         ++position;
     return position;
 }

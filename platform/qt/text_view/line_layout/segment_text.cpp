@@ -16,6 +16,19 @@ bool IsMark(const QString& text, qsizetype at) {
     return join == ClusterJoin::Extending || join == ClusterJoin::Joiner;
 }
 
+// QTextLayout takes half a pair for a part of its neighbour, in another font.
+void ReplaceLoneSurrogates(QString& text) {
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        if (!text[at].isSurrogate()) continue;
+        const bool isPair =
+            text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
+        if (isPair)
+            ++at;
+        else
+            text[at] = QChar::ReplacementCharacter;
+    }
+}
+
 bool IsGlue(char16_t unit) {
     return unit == wordJoiner || unit == u'\uFEFF';
 }
@@ -54,6 +67,7 @@ void HideHyphensAtEnds(QString& text) {
 
 QString SegmentText(const ParagraphText& paragraph) {
     QString text = QStringView(paragraph.text).toString();
+    ReplaceLoneSurrogates(text);
     KeepSpaces(text);
     HideSpacesBeforeBreaks(text);
     HideHyphensAtEnds(text);
