@@ -52,15 +52,15 @@ bool EndsWithinCharacter(const QTextLayout& text, const QTextLine& line) {
 void KeepCharacter(QTextLayout& text, QTextLine& line) {
     if (!EndsWithinCharacter(text, line)) return;
     constexpr int maxSteps = 64;
-    const QTextOption own = text.textOption();
-    QTextOption anywhere = own;
-    anywhere.setWrapMode(QTextOption::WrapAnywhere);
-    text.setTextOption(anywhere);
+    QTextOption ways[] = {text.textOption(), text.textOption()};
+    ways[1].setWrapMode(QTextOption::WrapAnywhere);
     const double step = std::max(1.0, line.height() / 8), before = line.width();
-    for (int i = 1; i <= maxSteps && EndsWithinCharacter(text, line); ++i)
-        line.setLineWidth(before + i * step);
+    for (int i = 2; i <= 2 * maxSteps && EndsWithinCharacter(text, line); ++i) {
+        text.setTextOption(ways[i % 2]);
+        line.setLineWidth(before + i / 2 * step);
+    }
+    text.setTextOption(ways[0]);
     if (EndsWithinCharacter(text, line)) line.setLineWidth(before); // as for thousands of marks
-    text.setTextOption(own);
 }
 
 void BreakByAdvances(const ParagraphText& paragraph, const QTextLayout& text, QTextLine& line,
