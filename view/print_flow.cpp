@@ -13,8 +13,8 @@ constexpr Color black = 0x000000;
 // A block, or the part of it that stands on a page.
 struct PlacedBlock {
     std::shared_ptr<const PrintedBlock> block;
-    int from = 0, to = 0; // of the block's height
-    int top = 0;          // on the page, below the head
+    int from = 0, to = 0;                // of the block's height
+    int top = 0;                         // on the page, below the head
     PrintedBlock::Stretch repeated = {}; // above it
 };
 

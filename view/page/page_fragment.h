@@ -37,8 +37,8 @@ struct PlacedLines {
 
 struct PageFragment {
     double width = 0, height = 0;
-    double headTop = 0, headBottom = 0;  // of a table: the rows that each sheet of it begins with
-    std::vector<PlacedBox> boxes; // the outer ones first
+    double headTop = 0, headBottom = 0; // of a table: the rows that each sheet of it begins with
+    std::vector<PlacedBox> boxes;       // the outer ones first
     std::vector<PlacedImage> pictures;
     std::vector<PlacedLines> lines;
     std::vector<PlacedPart> parts;
