@@ -61,12 +61,16 @@ constexpr const char16_t* parts[] = {
     u"\uFFFD",
 };
 
-// Of several glyphs each, where no font has one for the whole.
+// Of several glyphs each, where no font has one for the whole, and halves of pairs.
 constexpr std::u16string_view joinedParts[] = {
     u"\U0001F469\u200D\U0001F467",
     u"\U0001F1E9\U0001F1EA",
+    u"\U0001F44D\U0001F3FD",
+    u"\u1100\u1161",
     u"\u0928\u092E\u0938\u094D\u0924\u0947",
     u"\u200D",
+    u"\xD834",
+    u"\xDD1E",
 };
 
 std::vector<std::u16string_view> AllParts() {

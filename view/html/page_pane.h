@@ -99,6 +99,7 @@ class PagePane : public ReadablePage {
     std::optional<CharacterPlace> PlaceOf(TextPos position);
     void Arrive(); // at what was asked for, before it is seen or scrolled on from
     void MeasureBriefly(std::size_t zone); // above it and above the view
+    void ArriveAndMeasure();
     void OnScrolled();
     void OnUserScrolled();
     void UpdateScrollBars();

@@ -69,20 +69,25 @@ void PagePane::SettleTop() {
     if (UpdateLayout() && top_.Settle(CurrentViewport())) OnScrolled();
 }
 
-// As much as the background does in one go: all of a page of some screens.
+// All of a page of some screens.
 void PagePane::MeasureBriefly(std::size_t zone) {
-    constexpr PageMeasurer::Time briefly(8);
+    constexpr PageMeasurer::Time briefly(30); // less than a frame that is seen to be late
     if (top_.IsOnItsWay() && top_.GoOn(CurrentViewport())) OnScrolled();
     measurer_.MeasureAbove(shown_->Flow(), std::max(zone, scroller_.Position().zone), briefly);
 }
 
+void PagePane::ArriveAndMeasure() {
+    Arrive();
+    MeasureBriefly(0);
+}
+
 PageTop PagePane::Top() {
-    if (UpdateLayout()) MeasureBriefly(0);
+    if (UpdateLayout()) ArriveAndMeasure();
     return page_ ? top_.Top(CurrentViewport()) : PageTop{};
 }
 
 int PagePane::ScrollTop() {
-    if (UpdateLayout()) MeasureBriefly(0);
+    if (UpdateLayout()) ArriveAndMeasure();
     return page_ ? Rounded(top_.Height(CurrentViewport())) : 0;
 }
 
