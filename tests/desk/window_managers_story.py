@@ -33,6 +33,7 @@ class Somewhere(Story):
 
     def come_back(self):
         """Closes, starts again, and finds window and book as they were."""
+        self.program.wait_until_settled()
         before = self.program.rectangle()
         self.program.close()
         placement = self.stored("Left", "Top", "Width", "Height", "State")

@@ -296,7 +296,8 @@ class Reader:
         box = self.wait_for_message()
         wait_for(lambda: self.is_active(box), "the message box to have the keyboard")
         self.key(key)
-        wait_for(lambda: not self.message_box(), "the message box to close")
+        # A program that had nothing else to say has ended with it.
+        wait_for(lambda: self.process.poll() is not None or not self.message_box(), "the message box to close")
 
     def start_with_message(self, *arguments, key="Return"):
         """Starts, and answers the message that comes up over the main window."""
