@@ -208,9 +208,9 @@ TEST_CASE("windows update check: one time limit for everything") {
         while (connection.Send("x"))
             Sleep(20);
     };
-    // So do the redirections.
+    // So do the redirections, before there are too many.
     const auto circle = [](const LoopbackConnection& connection, const std::string&) {
-        Sleep(100);
+        Sleep(shortTime / 2);
         connection.Send(RedirectionBytes("/again"));
     };
     for (const LoopbackServer::Answer& answer :
