@@ -93,9 +93,10 @@ class TextDigest {
 bool IsShown(const Page& page, HtmlNodeId id) {
     const HtmlNode& node = page.tree[id];
     if (!node.IsElement()) return true;
-    const CssDisplay display = page.styles.Of(id).box->display;
-    return !IsNotShown(node) && !node.Is(HtmlName::Img) && display != CssDisplay::None &&
-           display != CssDisplay::TableColumn && display != CssDisplay::TableColumnGroup;
+    const CssBoxStyle& style = *page.styles.Of(id).box;
+    return !IsNotShown(node) && !IsNotShown(style) && !node.Is(HtmlName::Img) &&
+           style.display != CssDisplay::TableColumn &&
+           style.display != CssDisplay::TableColumnGroup;
 }
 
 TextDigest TextOfTree(const Page& page) {
