@@ -9,6 +9,7 @@
 class PageMeasurer {
   public:
     using Time = std::chrono::milliseconds;
+    static constexpr Time backgroundStep{8}; // between two events
 
     explicit PageMeasurer(const PaneWindow& window) : window_(window) {} // whose clock counts
 

@@ -6,7 +6,6 @@
 namespace {
 constexpr double unitsPerInch = 96;
 constexpr int measuringInterval = 10; // milliseconds
-constexpr PageMeasurer::Time measuringTime(8);
 } // namespace
 
 PagePane::PagePane(PaneWindow& window, LineLayout& lines, PictureStore& pictures,
@@ -134,7 +133,7 @@ void PagePane::MeasureMore() {
         if (top_.GoOn(CurrentViewport())) OnScrolled();
         return;
     }
-    if (measurer_.MeasureAll(shown_->Flow(), measuringTime))
+    if (measurer_.MeasureAll(shown_->Flow(), PageMeasurer::backgroundStep))
         window_.StopTimer(PaneTimer::Measuring);
     UpdateScrollBars();
 }

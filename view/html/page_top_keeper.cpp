@@ -5,7 +5,6 @@
 #include <utility>
 
 namespace {
-constexpr PageMeasurer::Time stepTime(8);    // of what is done in the background
 constexpr PageMeasurer::Time placeTime(300); // that the first frame waits for a height
 constexpr PageMeasurer::Time exactTime(1000);
 // Of a window that comes up: window managers change its size after it was shown.
@@ -73,7 +72,7 @@ void PageTopKeeper::GoTo(const PageViewport& view, const PageTop& top) {
     const double height = std::max(0, top.offset) * view.Scale();
     if (!hasWords) return GoToHeight(view, height);
     wantedHeight_ = height;
-    ReachWantedHeight(view, stepTime);
+    ReachWantedHeight(view, PageMeasurer::backgroundStep);
 }
 
 // Others may be asked for before this one is seen: nothing is measured for it yet.
@@ -113,7 +112,7 @@ void PageTopKeeper::GoToMeasured(const PageViewport& view, double height) {
 }
 
 bool PageTopKeeper::GoOn(const PageViewport& view) {
-    return ReachWantedHeight(view, stepTime);
+    return ReachWantedHeight(view, PageMeasurer::backgroundStep);
 }
 
 bool PageTopKeeper::ReachWantedHeight(const PageViewport& view, PageMeasurer::Time limit) {

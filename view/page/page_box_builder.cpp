@@ -142,8 +142,9 @@ class PageBoxBuilder : private BlockBuilder {
 
     void VisitElement(HtmlNodeId id, const CssBoxStyle& style) {
         if (IsNotShown(style)) {
-            const bool parts = style.display == CssDisplay::Block && !IsInLines(style);
-            return parts ? lines_.Close(id) : void();
+            const bool dividesLines = style.display == CssDisplay::Block && !IsInLines(style);
+            if (dividesLines) lines_.Close(id);
+            return;
         }
         const bool leavesFlow = IsOutOfFlow(style) || style.floats != CssFloat::None;
         if (IsOutOfFlow(style)) ++positioned_;
