@@ -31,7 +31,7 @@ std::size_t CountSigns(std::u16string_view units) { // all but white space
 
 // After as many signs as stood before the place. A place at a sign is after the white space that
 // follows them, one in white space after as many line ends as it was, so that an empty line is
-// found.
+// found; where there are fewer, at the start of the line that they lead to.
 std::size_t AfterSigns(std::u16string_view gap, std::u16string_view head, char16_t unit) {
     std::size_t at = 0;
     for (std::size_t signs = CountSigns(head); at < gap.size() && signs > 0; ++at)
@@ -44,7 +44,9 @@ std::size_t AfterSigns(std::u16string_view gap, std::u16string_view head, char16
     auto ends = std::count(head.begin(), head.end(), u'\n');
     for (std::size_t i = at; i < gap.size() && IsSpaceCharacter(gap[i]); ++i) {
         if (ends == 0 && (gap[i] == u'\n') == (unit == u'\n')) return i;
-        if (gap[i] == u'\n' && --ends < 0) break;
+        if (gap[i] != u'\n') continue;
+        if (--ends < 0) break;
+        at = i + 1;
     }
     return at;
 }

@@ -150,6 +150,21 @@ TEST_CASE("find places: what stands at the place itself") {
     CHECK(at(3) == u"We");
 }
 
+TEST_CASE("find places: an empty line that is gone becomes the line after it, not the one before") {
+    const std::u16string before = u"He had gone there at seven.\n\n\n\"Well, prince,\" she said "
+                                  u"to him; it was a long evening in July.";
+    const TextPos firstEmpty = 28, secondEmpty = 29;
+    for (const std::u16string between : {u"\n", u" \n", u" \n  "}) {
+        const std::u16string after = u"Once upon a time. He had gone there at seven." + between +
+                                     u"\"Well, prince,\" she said to him; it was a long evening "
+                                     u"in July.";
+        CAPTURE(between.size());
+        const auto lineEnd = static_cast<TextPos>(after.find(u'\n'));
+        for (const auto& found : Found(before, after, {firstEmpty, secondEmpty}))
+            CHECK(found.position > lineEnd);
+    }
+}
+
 TEST_CASE("find places: given up when the user says so, nothing is certain") {
     std::mt19937 random(5);
     const std::u16string before = RandomBook(random, 30);
