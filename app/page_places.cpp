@@ -118,7 +118,8 @@ PageTop FollowPage(MainForm& form) {
     }
     if (!form.places.file) return {.offset = offset}; // positions are those of another text
     const bool hasMoved = kept.position >= 0 && kept.position != before;
-    return {.offset = hasMoved ? -1 : offset, .start = kept.position, .above = kept.top.above};
+    const bool byWords = hasMoved || kept.top.byWordsAlone;
+    return {.offset = byWords ? -1 : offset, .start = kept.position, .above = kept.top.above};
 }
 
 std::vector<std::u16string> PageExcerpts(MainForm& form, const std::vector<std::u16string>& tags) {
@@ -152,7 +153,7 @@ void KeepPagePlaces(MainForm& form, const BookRecord& record, const PageTop& top
     }
     if (top.start >= 0) {
         const TextPos length = top.length > 0 ? top.length : kept.top.length;
-        kept.top = {record.Number(Field::LastPos), top.above, length};
+        kept.top = {record.Number(Field::LastPos), top.above, length, top.offset < 0};
         if (top.start != kept.position || kept.place.words.empty()) {
             const std::u16string around = top.before + top.after;
             kept.position = top.start;

@@ -15,6 +15,7 @@ constexpr std::u16string_view textKey = u"Text", fileKey = u"File", placeKey = u
                               topKey = u"Top", markKey = u"Mark-";
 // After words that were not found. No words hold it: it stands for the place in them, once.
 constexpr std::u16string_view uncertainEnd = u"|?";
+constexpr std::u16string_view byWords = u"words"; // at the end of a top
 
 std::u16string Stored(const KeptWords& words) {
     return words.words + std::u16string(words.uncertain ? uncertainEnd : u"");
@@ -45,9 +46,10 @@ void ReadFile(std::u16string_view value, KeptPlaces& places) {
 }
 
 KeptTop ParseTop(std::u16string_view value) {
-    const auto numbers = Split(value, u",");
-    if (numbers.size() != 3) return {};
-    return {WholeNumber(numbers[0]), WholeNumber(numbers[1]), WholeNumber(numbers[2])};
+    const auto parts = Split(value, u",");
+    const bool byWordsAlone = parts.size() == 4 && parts[3] == byWords;
+    if (parts.size() != 3 && !byWordsAlone) return {};
+    return {WholeNumber(parts[0]), WholeNumber(parts[1]), WholeNumber(parts[2]), byWordsAlone};
 }
 
 void ReadLine(std::u16string_view key, std::u16string_view value, KeptPlaces& places) {
@@ -77,7 +79,10 @@ std::u16string PlaceText(const KeptPlaces& places) {
 }
 
 std::u16string TopText(const KeptTop& top) {
-    return Join({NumberText(top.offset), NumberText(top.above), NumberText(top.length)}, u",");
+    std::vector<std::u16string> parts = {NumberText(top.offset), NumberText(top.above),
+                                         NumberText(top.length)};
+    if (top.byWordsAlone) parts.emplace_back(byWords);
+    return Join(parts, u",");
 }
 
 // The whole section anew, since a key can be taken out in no other way.

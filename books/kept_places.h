@@ -23,6 +23,9 @@ struct KeptTop {
     int offset = -1;    // that the record had then; of another one the words are not
     int above = 0;      // as in PageTop
     TextPos length = 0; // of the page's text
+    // `offset` is not that place but an older one, as this had not been measured: words alone lead
+    // there.
+    bool byWordsAlone = false;
     bool operator==(const KeptTop&) const = default;
 };
 

@@ -132,7 +132,7 @@ PageSelection NoneHtmlView::Selection() const {
 }
 
 void NoneHtmlView::SettleTop() {
-    if (!isMeasured && Ask()) isMeasured = true;
+    if (!isMeasured && Ask()) isMeasured = !isTooLong;
 }
 
 std::vector<std::u16string> NoneHtmlView::TextsOf(const std::vector<PageSpan>& spans) {

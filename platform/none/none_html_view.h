@@ -33,6 +33,7 @@ class NoneHtmlView : public HtmlView {
     void FinishLoading();             // of it, which is shown by then at the latest
     void Die();
     bool isMeasured = true;         // false: where the page is is not exact until `SettleTop`
+    bool isTooLong = false;         // and not after it either
     bool zoomsAtOnce = true;        // false: a new size takes until `FinishZoom`
     void ZoomByHand(int steps);     // 0: back to normal
     void FinishZoom(int scrollTop); // the page is laid out, and its line at the top is there now

@@ -115,6 +115,26 @@ TEST_CASE("page places: the words in another font, there and back") {
     CHECK(back.Top() == words);
 }
 
+TEST_CASE("page places: of one that could not be measured the words alone, to the pixel of their line") {
+    Reading test;
+    test.Page().isMeasured = false;
+    test.Page().isTooLong = true;
+    test.Page().ScrollByHand(1234);
+    const int above = test.Page().Top().above;
+    REQUIRE(above > 0);
+    test.Close();
+    CHECK(test.Record(0)[Field::LastPos] == u""); // as it was: what nobody measured is no pixel
+    Reading again(test, NoneHtmlView::LineHeight);
+    CHECK(again.Page().ScrollTop() == 1234);
+    again.Close();
+    const std::string kept = again.Section();
+    CHECK(kept.find("PageTop=1234,") != kept.npos);
+    CHECK(kept.find(",words") == kept.npos);
+    Reading measured(again, NoneHtmlView::LineHeight);
+    CHECK(measured.Page().ScrollTop() == 1234);
+    CHECK(again.Record(0)[Field::LastPos] == u"1234");
+}
+
 TEST_CASE("page places: found in an edited page by Refresh") {
     Reading test;
     test.DefineAt(5000);
