@@ -115,7 +115,8 @@ TEST_CASE("page places: the words in another font, there and back") {
     CHECK(back.Top() == words);
 }
 
-TEST_CASE("page places: of one that could not be measured the words alone, to the pixel of their line") {
+TEST_CASE(
+    "page places: of one that could not be measured the words alone, to the pixel of their line") {
     Reading test;
     test.Page().isMeasured = false;
     test.Page().isTooLong = true;
