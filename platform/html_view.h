@@ -59,9 +59,9 @@ struct PageTop {
     static constexpr TextPos maxAround = 512;
 };
 
-// Of a page's body, by the page itself: 0x00RRGGBB.
+// Of a page's body, by the page itself.
 struct PageColors {
-    std::uint32_t text = 0x000000, background = 0xFFFFFF;
+    Color text = 0x000000, background = 0xFFFFFF;
 };
 
 // What shows a page: a browser's engine, or the program by itself. Layouts differ, so a place in
@@ -137,10 +137,10 @@ class HtmlView {
     }
     virtual void Select(const PageSpan&) = 0; // and scrolls as little as it takes to show its start
     virtual void SelectAll() = 0;
-    virtual void SetBackColor(std::uint32_t redGreenBlue) = 0; // 0x00RRGGBB, of the body's style
+    virtual void SetBackColor(Color) = 0; // of the body's style
     // Of the body's style, too: of text that the page gives no other colour. Nothing: the page's
     // own.
-    virtual void SetTextColor(std::optional<std::uint32_t> redGreenBlue) = 0;
+    virtual void SetTextColor(std::optional<Color>) = 0;
     // One keystroke of Ctrl and "+" (larger) or "-": the page zooms one step, which orders given
     // afterwards find done. The line at the top stays there. The window's `onKeyDown` receives
     // `PlusKey` or `MinusKey` with Ctrl, once for each call and after it has returned. Steps that

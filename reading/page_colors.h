@@ -4,11 +4,10 @@
 #include "common/geometry.h"
 #include "platform/html_view.h"
 
-#include <cstdint>
 #include <optional>
 
 // The colour for text that would be hard to see on `background`, though not on the page's own;
-// nothing where the page's own colour will do. All colours are 0x00RRGGBB.
-std::optional<std::uint32_t> ReadableTextColor(const PageColors& own, std::uint32_t background);
+// nothing where the page's own colour will do.
+std::optional<Color> ReadableTextColor(const PageColors& own, Color background);
 
 void PaintPage(HtmlView&, Color background); // of a page that has a body

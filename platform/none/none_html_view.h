@@ -50,8 +50,8 @@ class NoneHtmlView : public HtmlView {
     void BringToTop(const PageTop& top) override;
     void Select(const PageSpan&) override;
     void SelectAll() override;
-    void SetBackColor(std::uint32_t redGreenBlue) override { backColors.push_back(redGreenBlue); }
-    void SetTextColor(std::optional<std::uint32_t> given) override { letterColor = given; }
+    void SetBackColor(Color color) override { backColors.push_back(color); }
+    void SetTextColor(std::optional<Color> color) override { textColor = color; }
     void ScrollToPercent(int percent) override;
     PrintAnswer Print(const std::u16string& title) override;
     void SendZoomKey(bool larger) override;
@@ -86,8 +86,8 @@ class NoneHtmlView : public HtmlView {
     std::vector<std::u16string> navigations;
     std::vector<int> loads; // their numbers
     std::vector<bool> zoomKeys;
-    std::vector<std::uint32_t> backColors;
-    std::optional<std::uint32_t> letterColor; // the last one
+    std::vector<Color> backColors;
+    std::optional<Color> textColor;           // the last one
     std::vector<std::pair<int, int>> scrolls; // left, top
     std::vector<std::u16string> printedTitles;
     bool offersEngineChange = false, placeExpected = true;

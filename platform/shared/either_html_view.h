@@ -21,10 +21,8 @@ class EitherHtmlView final : public HtmlView {
     void BringToTop(const PageTop& top) override { shown_->BringToTop(top); }
     void Select(const PageSpan& span) override { shown_->Select(span); }
     void SelectAll() override { shown_->SelectAll(); }
-    void SetBackColor(std::uint32_t redGreenBlue) override { shown_->SetBackColor(redGreenBlue); }
-    void SetTextColor(std::optional<std::uint32_t> redGreenBlue) override {
-        shown_->SetTextColor(redGreenBlue);
-    }
+    void SetBackColor(Color color) override { shown_->SetBackColor(color); }
+    void SetTextColor(std::optional<Color> color) override { shown_->SetTextColor(color); }
     void SendZoomKey(bool larger) override { shown_->SendZoomKey(larger); }
     void ScrollToPercent(int percent) override { shown_->ScrollToPercent(percent); }
     PrintAnswer Print(const std::u16string& title) override { return shown_->Print(title); }

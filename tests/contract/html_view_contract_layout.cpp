@@ -216,27 +216,27 @@ TEST_CASE("html layout: a page that scrolls inside an element scrolls as a whole
     });
 }
 
-TEST_CASE("html layout: a page's own colours, and letters in another one") {
+TEST_CASE("html layout: a page's own colours, and its text in another one") {
     const struct {
         const char *head, *body;
-        std::uint32_t letters, paper;
+        Color text, background;
     } cases[] = {
         {"", "text", 0x000000, 0xFFFFFF},
-        {"<style>body{color:#eee;background:#123}</style>", "text", 0xEEEEEE, 0x112233},
-        {"<style>html{background:#123;color:silver}</style>", "text", 0xC0C0C0, 0x112233},
+        {"<style>body{color:#eee;background:#123}</style>", "text", 0xEEEEEE, 0x332211},
+        {"<style>html{background:#123;color:silver}</style>", "text", 0xC0C0C0, 0x332211},
         {"<style>body{background:rgba(9,9,9,0)}</style>", "text", 0x000000, 0xFFFFFF},
     };
     OnEachBackEnd([&](PageTest& test) {
         for (const auto& sample : cases) {
             CAPTURE(sample.head);
             test.Open(sample.body, sample.head);
-            CHECK(test.view.OwnColors().text == sample.letters);
-            CHECK(test.view.OwnColors().background == sample.paper);
+            CHECK(test.view.OwnColors().text == sample.text);
+            CHECK(test.view.OwnColors().background == sample.background);
             test.view.SetBackColor(0x808080);
             test.view.SetTextColor(0xFF0000);
             test.view.SetTextColor(std::nullopt);
             test.Settle();
-            CHECK(test.view.OwnColors().text == sample.letters); // as loaded
+            CHECK(test.view.OwnColors().text == sample.text); // as loaded
         }
     });
 }
@@ -252,7 +252,7 @@ TEST_CASE("html layout: a page has the style sheets that its own ones import") {
             CAPTURE(head);
             test.Open("text", head);
             CHECK(test.view.OwnColors().text == 0xEEEEEE);
-            CHECK(test.view.OwnColors().background == 0x112233);
+            CHECK(test.view.OwnColors().background == 0x332211);
         }
     });
 }

@@ -11,12 +11,12 @@
 TEST_CASE("windows html view: colours of computed styles") {
     const struct {
         const wchar_t* text;
-        std::optional<std::uint32_t> color;
+        std::optional<Color> color;
     } table[] = {
-        {L"rgb(1, 2, 3)", 0x010203},
-        {L"rgb(255,128,0)", 0xFF8000},
-        {L"#0A1BFF", 0x0A1BFF},
-        {L"rgba(1, 2, 3, 0.5)", 0x010203},
+        {L"rgb(1, 2, 3)", 0x030201},
+        {L"rgb(255,128,0)", 0x0080FF},
+        {L"#0A1BFF", 0xFF1B0A},
+        {L"rgba(1, 2, 3, 0.5)", 0x030201},
         {L"rgba(1, 2, 3, 0)", {}},
         {L"transparent", {}},
         {L"", {}},
@@ -24,7 +24,7 @@ TEST_CASE("windows html view: colours of computed styles") {
         {L"#12", {}},
         {L"#01020g", {}},
         {L"rgba(1, 2, 3)", {}},
-        {L"rgba(1, 2, 3, 1)", 0x010203},
+        {L"rgba(1, 2, 3, 1)", 0x030201},
         {L"rgba(0, 0, 0, 0.0)", {}},
     };
     for (const auto& row : table)

@@ -215,10 +215,10 @@ TEST_CASE("windows html view: the line at the top stays there in another size or
     CHECK(shown.view->ScrollTop() == 1300);
 }
 
-TEST_CASE("windows html view: the background is told in red, green and blue") {
+TEST_CASE("windows html view: the background is set in HTML's order of colours") {
     ShownView shown;
     shown.Open(L"text");
-    shown.view->SetBackColor(0x0A1BFF);
+    shown.view->SetBackColor(0xFF1B0A);
     CHECK(shown.engine.backColor == L"#0A1BFF");
 }
 
@@ -232,8 +232,8 @@ TEST_CASE("windows html view: a page's own colours, and letters in another one")
     shown.engine.letterColor = L"silver"; // in the body's style attribute
     shown.Open(L"text");
     CHECK(shown.view->OwnColors().text == 0xEEEEEE);
-    CHECK(shown.view->OwnColors().background == 0x102030);
-    shown.view->SetTextColor(0x010203);
+    CHECK(shown.view->OwnColors().background == 0x302010);
+    shown.view->SetTextColor(0x030201);
     CHECK(shown.engine.letterColor == L"#010203");
     shown.view->SetTextColor(std::nullopt);
     CHECK(shown.engine.letterColor == L"silver");

@@ -46,7 +46,7 @@ TEST_CASE("html load: the view changes, and the page is brought to what the reco
     test.Page().FinishLoading();
     CHECK(test.Files().replaceCalls.size() == writes);
     CHECK(test.Page().ScrollTop() == 1200);
-    CHECK(test.Page().backColors == std::vector<std::uint32_t>{0x0000FF}); // red and blue exchanged
+    CHECK(test.Page().backColors == std::vector<Color>{0xFF0000});
     CHECK(test.Page().zoomKeys == std::vector<bool>{true, true});
     CHECK(test.Record(0)[Field::Title] == u"A Page");
     CHECK(test.Window().title == u"Norvaset [A] - A Page");
@@ -205,7 +205,7 @@ TEST_CASE("html load: reopened at its place, in its size and colour, with its ma
     test.Page().FinishLoading();
     CHECK(test.Page().ScrollTop() == 777);
     CHECK(test.ZoomTag() == u"-1");
-    CHECK(test.Page().backColors.back() == 0x10FF00); // red and blue exchanged
+    CHECK(test.Page().backColors.back() == 0x00FF10);
     CHECK(test.Record(0)[Field::Marks] == u"100,5");
     test.Close();
     HtmlForm next(test);
@@ -214,7 +214,7 @@ TEST_CASE("html load: reopened at its place, in its size and colour, with its ma
     next.Page().FinishLoading();
     CHECK(next.Page().ScrollTop() == 777);
     CHECK(next.Page().zoomKeys == std::vector<bool>{false});
-    CHECK(next.Page().backColors.back() == 0x10FF00);
+    CHECK(next.Page().backColors.back() == 0x00FF10);
     CHECK(next.Record(0)[Field::Marks] == u"100,5");
 }
 

@@ -4,29 +4,29 @@
 
 #include <doctest/doctest.h>
 
-TEST_CASE("page colours: letters change only where the reader's background would hide them") {
+TEST_CASE("page colours: text changes only where the reader's background would hide them") {
     struct Case {
         PageColors own;
-        std::uint32_t background;
-        std::optional<std::uint32_t> letters;
+        Color background;
+        std::optional<Color> text;
     };
     const Case table[] = {
         {{0x000000, 0xFFFFFF}, 0xFFFFFF, {}},       // as most pages are read
-        {{0x000000, 0xFFFFFF}, 0xFFE0C0, {}},       // pastel
+        {{0x000000, 0xFFFFFF}, 0xC0E0FF, {}},       // pastel
         {{0x000000, 0xFFFFFF}, 0x000000, 0xFFFFFF}, // at night
-        {{0x000000, 0xFFFFFF}, 0x203040, 0xFFFFFF},
+        {{0x000000, 0xFFFFFF}, 0x403020, 0xFFFFFF},
         {{0x000000, 0xFFFFFF}, 0x808080, {}},       // can still be read
-        {{0xEEEEEE, 0x223344}, 0xFFFFFF, 0x000000}, // a dark page on white
-        {{0xEEEEEE, 0x223344}, 0x000000, {}},
+        {{0xEEEEEE, 0x443322}, 0xFFFFFF, 0x000000}, // a dark page on white
+        {{0xEEEEEE, 0x443322}, 0x000000, {}},
         {{0xBBBBBB, 0xFFFFFF}, 0xFFFFFF, {}}, // faint, as its author wanted it
         {{0xBBBBBB, 0xFFFFFF}, 0xDDDDDD, 0x000000},
-        {{0xFF0000, 0xFFFF00}, 0xFF0000, 0x000000},
-        {{0x0000FF, 0xFFFFFF}, 0x0000FF, 0xFFFFFF},
+        {{0x0000FF, 0x00FFFF}, 0x0000FF, 0x000000},
+        {{0xFF0000, 0xFFFFFF}, 0xFF0000, 0xFFFFFF},
     };
     for (const Case& row : table) {
         CAPTURE(row.own.text);
         CAPTURE(row.background);
-        CHECK(ReadableTextColor(row.own, row.background) == row.letters);
+        CHECK(ReadableTextColor(row.own, row.background) == row.text);
     }
 }
 
@@ -34,20 +34,20 @@ TEST_CASE("page colours: they follow the reader's choice, there and back") {
     HtmlForm test;
     test.PutPage(u"/b/p.htm");
     NonePage dark = HtmlForm::LongPage();
-    dark.colors = {0xEEEEEE, 0x102030};
+    dark.colors = {0xEEEEEE, 0x302010};
     test.PutPage(u"/b/dark.htm", dark);
     REQUIRE(test.Start());
     test.OpenLoaded(u"/b/p.htm");
-    CHECK(test.Page().letterColor == std::nullopt);
+    CHECK(test.Page().textColor == std::nullopt);
     const auto choose = [&](Color color) {
         test.Dialogs().colorAnswer = {DialogResult::Ok, color};
         test.Choose(test.Menu().mView, test.Menu().mViewBackground);
     };
     choose(0x402010);
-    CHECK(test.Page().backColors.back() == 0x102040);
-    CHECK(test.Page().letterColor == 0xFFFFFFu);
+    CHECK(test.Page().backColors.back() == 0x402010);
+    CHECK(test.Page().textColor == 0xFFFFFFu);
     choose(0xFFFFFF);
-    CHECK(test.Page().letterColor == std::nullopt);
+    CHECK(test.Page().textColor == std::nullopt);
     test.OpenLoaded(u"/b/dark.htm"); // on white
-    CHECK(test.Page().letterColor == 0x000000u);
+    CHECK(test.Page().textColor == 0x000000u);
 }

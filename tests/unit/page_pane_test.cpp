@@ -263,16 +263,16 @@ TEST_CASE("page pane: the marker of a list's item stands for the place of its te
 TEST_CASE("page pane: a background, and colours that the page has, style it no second time") {
     struct {
         const char* style;
-        std::uint32_t background;
+        Color background;
         int timesMore;
     } const cases[] = {
         {"", 0xFFFFFF, 0},
-        {"", 0xFFFFE0, 0},
-        {"body{background:#ffffe0}", 0xFFFFE0, 0},
+        {"", 0xE0FFFF, 0},
+        {"body{background:#ffffe0}", 0xE0FFFF, 0},
         {"body{background:#ffffe0}", 0xFFFFFF, 0},
         {"html{background:white}body{background:yellow}", 0xFFFFFF, 0},
-        {"html{background:white}body{background:yellow}", 0xFFFF00, 0},
-        {"p{background:inherit}", 0xFFFFE0, 1},
+        {"html{background:white}body{background:yellow}", 0x00FFFF, 0},
+        {"p{background:inherit}", 0xE0FFFF, 1},
     };
     for (const auto& c : cases) {
         CAPTURE(c.style);
@@ -298,7 +298,7 @@ TEST_CASE("page pane: a background colours what a style sheet of the reader's wo
     for (const auto& c : cases) {
         CAPTURE(c.style);
         PageBench bench("<style>" + std::string(c.style) + "</style><p>text");
-        bench.view.SetBackColor(0x332211);
+        bench.view.SetBackColor(0x112233);
         bench.view.Painted();
         CHECK(bench.view.Pane().BackColor() == c.canvas);
         CHECK(bench.view.Pane().CharacterFormatAt(0).background == c.paragraph);
@@ -307,7 +307,7 @@ TEST_CASE("page pane: a background colours what a style sheet of the reader's wo
 
 TEST_CASE("page pane: the text is not counted for the first screen") {
     PageBench bench(Paragraphs(3000));
-    bench.view.SetBackColor(0x332211);
+    bench.view.SetBackColor(0x112233);
     bench.view.Painted();
     CHECK_FALSE(bench.view.Pane().Page()->IsCounted());
     CHECK(bench.view.TextsOf({{0, 6}}) == std::vector<std::u16string>{u"0 word"});

@@ -1,6 +1,5 @@
 #include "view/html/pane_html_view.h"
 
-#include "common/colors.h"
 #include "common/file_limits.h"
 #include "common/find_text.h"
 #include "common/keys.h"
@@ -92,14 +91,13 @@ void PaneHtmlView::SelectAll() {
     if (Settle()) Pane().SelectAll();
 }
 
-void PaneHtmlView::SetBackColor(std::uint32_t redGreenBlue) {
-    background_ = SwapColorOrder(redGreenBlue);
+void PaneHtmlView::SetBackColor(Color color) {
+    background_ = color;
     ApplyColors();
 }
 
-void PaneHtmlView::SetTextColor(std::optional<std::uint32_t> redGreenBlue) {
-    text_.reset();
-    if (redGreenBlue) text_ = SwapColorOrder(*redGreenBlue);
+void PaneHtmlView::SetTextColor(std::optional<Color> color) {
+    text_ = color;
     ApplyColors();
 }
 
@@ -162,7 +160,7 @@ std::u16string PaneHtmlView::Title() const {
 
 PageColors PaneHtmlView::OwnColors() const {
     if (!HasBody()) return {};
-    return {SwapColorOrder(Pane().OwnText()), SwapColorOrder(Pane().OwnBackground())};
+    return {Pane().OwnText(), Pane().OwnBackground()};
 }
 
 int PaneHtmlView::ScrollTop() const {

@@ -21,8 +21,8 @@ class PaneHtmlView : public HtmlView {
     void BringToTop(const PageTop& top) override;
     void Select(const PageSpan& span) override;
     void SelectAll() override;
-    void SetBackColor(std::uint32_t redGreenBlue) override;
-    void SetTextColor(std::optional<std::uint32_t> redGreenBlue) override;
+    void SetBackColor(Color) override;
+    void SetTextColor(std::optional<Color>) override;
     void SendZoomKey(bool larger) override;
     void ScrollDown(int pixels) override;
     void ScrollToPercent(int percent) override;

@@ -113,12 +113,12 @@ void QtHtmlView::SelectAll() {
     if (engine_) engine_->SelectAll();
 }
 
-void QtHtmlView::SetBackColor(std::uint32_t redGreenBlue) {
-    if (engine_) engine_->SetBackColor(redGreenBlue);
+void QtHtmlView::SetBackColor(Color color) {
+    if (engine_) engine_->SetBackColor(color);
 }
 
-void QtHtmlView::SetTextColor(std::optional<std::uint32_t> redGreenBlue) {
-    if (engine_) engine_->SetTextColor(redGreenBlue);
+void QtHtmlView::SetTextColor(std::optional<Color> color) {
+    if (engine_) engine_->SetTextColor(color);
 }
 
 bool QtHtmlView::HasBody() const {

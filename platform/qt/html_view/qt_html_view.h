@@ -25,8 +25,8 @@ class QtHtmlView final : public HtmlView {
     void BringToTop(const PageTop&) override;
     void Select(const PageSpan&) override;
     void SelectAll() override;
-    void SetBackColor(std::uint32_t redGreenBlue) override;
-    void SetTextColor(std::optional<std::uint32_t> redGreenBlue) override;
+    void SetBackColor(Color) override;
+    void SetTextColor(std::optional<Color>) override;
     void SendZoomKey(bool larger) override;
     void ScrollToPercent(int percent) override;
     PrintAnswer Print(const std::u16string& title) override;

@@ -39,8 +39,8 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     void ScrollSpanToTop(const PageSpan&) override;
     void Select(const PageSpan&) override;
     void SelectAll() override;
-    void SetBackColor(std::uint32_t redGreenBlue) override;
-    void SetTextColor(std::optional<std::uint32_t> redGreenBlue) override;
+    void SetBackColor(Color) override;
+    void SetTextColor(std::optional<Color>) override;
     void SendZoomKey(bool larger) override;
     void ScrollToPercent(int percent) override;
     PrintAnswer Print(const std::u16string& title) override;

@@ -50,12 +50,12 @@ void WinHtmlView::SelectAll() {
     SelectRange(document_.WholeText());
 }
 
-void WinHtmlView::SetBackColor(std::uint32_t redGreenBlue) {
-    document_.SetBackColor(redGreenBlue);
+void WinHtmlView::SetBackColor(Color color) {
+    document_.SetBackColor(color);
 }
 
-void WinHtmlView::SetTextColor(std::optional<std::uint32_t> redGreenBlue) {
-    document_.SetTextColor(redGreenBlue);
+void WinHtmlView::SetTextColor(std::optional<Color> color) {
+    document_.SetTextColor(color);
 }
 
 bool WinHtmlView::HasText() const {

@@ -1,5 +1,7 @@
 #include "platform/windows/portable/css_color.h"
 
+#include "common/colors.h"
+
 #include <cwchar>
 
 namespace {
@@ -16,24 +18,24 @@ std::optional<unsigned> NextNumber(const std::wstring& text, std::size_t& at) {
     return static_cast<unsigned>(number & 0xFF);
 }
 
-std::optional<std::uint32_t> ParseHex(const std::wstring& text) {
+std::optional<Color> ParseHex(const std::wstring& text) {
     if (text.size() != 7 || text.find_first_not_of(L"0123456789abcdefABCDEF", 1) != text.npos)
         return std::nullopt;
-    return static_cast<std::uint32_t>(std::wcstoul(text.c_str() + 1, nullptr, 16));
+    return SwapColorOrder(static_cast<Color>(std::wcstoul(text.c_str() + 1, nullptr, 16)));
 }
 
 } // namespace
 
-std::optional<std::uint32_t> ParseCssColor(const std::wstring& text) {
+std::optional<Color> ParseCssColor(const std::wstring& text) {
     if (text.starts_with(L'#')) return ParseHex(text);
     const bool mixed = text.starts_with(L"rgba(");
     if (!mixed && !text.starts_with(L"rgb(")) return std::nullopt;
     std::size_t at = mixed ? 5 : 4;
-    std::uint32_t color = 0;
-    for (int part = 0; part < 3; ++part) {
+    Color color = 0;
+    for (int shift = 0; shift < 24; shift += 8) {
         const auto number = NextNumber(text, at);
         if (!number) return std::nullopt;
-        color = color << 8 | *number;
+        color |= *number << shift;
     }
     // Of the opacity it matters only whether it is none.
     if (mixed && text.find_first_of(L"123456789", at) == text.npos) return std::nullopt;

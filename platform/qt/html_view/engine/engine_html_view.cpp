@@ -1,5 +1,6 @@
 #include "platform/qt/html_view/engine/engine_html_view.h"
 
+#include "common/colors.h"
 #include "common/utf.h"
 #include "platform/qt/html_view/engine/engine_profile.h"
 #include "platform/qt/html_view/engine/page_calls.h"
@@ -152,7 +153,7 @@ void EngineHtmlView::OnDocumentInfo(int page, const QVariant& info) {
             decodedCharset_.empty() ? list[0].toString().toStdString() : decodedCharset_;
         snapshot_.title = FromQt(list[1].toString());
         snapshot_.text = list[2].toBool();
-        snapshot_.colors = {list[3].toUInt(), list[4].toUInt()};
+        snapshot_.colors = {SwapColorOrder(list[3].toUInt()), SwapColorOrder(list[4].toUInt())};
         ApplyState(list[5]);
     }
     // Queued: within its own callback the engine does not start another script, and the handler may

@@ -39,8 +39,8 @@ class EngineHtmlView final : public QObject, public EngineView {
     void BringToTop(const PageTop&) override;
     void Select(const PageSpan&) override;
     void SelectAll() override;
-    void SetBackColor(std::uint32_t redGreenBlue) override;
-    void SetTextColor(std::optional<std::uint32_t> redGreenBlue) override;
+    void SetBackColor(Color) override;
+    void SetTextColor(std::optional<Color>) override;
     void ScrollToPercent(int percent) override;
     PrintAnswer Print(const std::u16string& title) override;
     void SendZoomKey(bool larger) override; // the caller sends the window's key event

@@ -1,4 +1,5 @@
 // Commands to the page, and the snapshot of its state that they update.
+#include "common/colors.h"
 #include "platform/qt/html_view/engine/engine_html_view.h"
 #include "platform/qt/html_view/engine/page_calls.h"
 #include "platform/qt/html_view/engine/page_monitor.h"
@@ -87,16 +88,16 @@ void EngineHtmlView::SelectAll() {
 }
 
 namespace {
-QString ColorName(std::uint32_t redGreenBlue) {
-    return QStringLiteral("#%1").arg(redGreenBlue & 0xFFFFFF, 6, 16, QLatin1Char('0'));
+QString ColorName(Color color) {
+    return QStringLiteral("#%1").arg(SwapColorOrder(color), 6, 16, QLatin1Char('0'));
 }
 } // namespace
 
-void EngineHtmlView::SetBackColor(std::uint32_t redGreenBlue) {
-    Execute(QStringLiteral("setBackColor('%1')").arg(ColorName(redGreenBlue)));
+void EngineHtmlView::SetBackColor(Color color) {
+    Execute(QStringLiteral("setBackColor('%1')").arg(ColorName(color)));
 }
 
-void EngineHtmlView::SetTextColor(std::optional<std::uint32_t> redGreenBlue) {
-    const QString color = redGreenBlue ? ColorName(*redGreenBlue) : QString();
-    Execute(QStringLiteral("setTextColor('%1')").arg(color));
+void EngineHtmlView::SetTextColor(std::optional<Color> color) {
+    const QString name = color ? ColorName(*color) : QString();
+    Execute(QStringLiteral("setTextColor('%1')").arg(name));
 }

@@ -7,8 +7,8 @@ namespace {
 
 using StyleProperty = HRESULT (IHTMLCSSStyleDeclaration::*)(VARIANT*);
 
-std::optional<std::uint32_t> ColorIn(const ComPtr<IHTMLCSSStyleDeclaration>& style,
-                                     StyleProperty property) {
+std::optional<Color> ColorIn(const ComPtr<IHTMLCSSStyleDeclaration>& style,
+                             StyleProperty property) {
     Variant color;
     if (!style || FAILED((style.Get()->*property)(color.Put()))) return std::nullopt;
     return ParseCssColor(TextOf(&color.Get()));

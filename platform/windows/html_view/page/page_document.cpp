@@ -1,5 +1,6 @@
 #include "platform/windows/html_view/page/page_document.h"
 
+#include "common/colors.h"
 #include "platform/windows/base/com_values.h"
 
 #include <algorithm>
@@ -65,9 +66,9 @@ ComPtr<IHTMLStyle> StyleOf(const ComPtr<IDispatch>& body) {
     return style;
 }
 
-std::wstring ColorName(std::uint32_t redGreenBlue) {
+std::wstring ColorName(Color color) {
     wchar_t name[8] = {};
-    std::swprintf(name, 8, L"#%06X", static_cast<unsigned>(redGreenBlue & 0xFFFFFF));
+    std::swprintf(name, 8, L"#%06X", static_cast<unsigned>(SwapColorOrder(color)));
     return name;
 }
 
@@ -149,16 +150,16 @@ bool PageDocument::ScrollTo(int left, int top) {
     return window && SUCCEEDED(window->scrollTo(left, top));
 }
 
-bool PageDocument::SetBackColor(std::uint32_t redGreenBlue) {
+bool PageDocument::SetBackColor(Color color) {
     const auto style = StyleOf(body_);
-    const Variant color(ColorName(redGreenBlue));
-    return style && SUCCEEDED(style->put_backgroundColor(color.Get()));
+    const Variant name(ColorName(color));
+    return style && SUCCEEDED(style->put_backgroundColor(name.Get()));
 }
 
-bool PageDocument::SetTextColor(std::optional<std::uint32_t> redGreenBlue) {
+bool PageDocument::SetTextColor(std::optional<Color> color) {
     const auto style = StyleOf(body_);
-    const Variant color(redGreenBlue ? ColorName(*redGreenBlue) : originalTextColor_);
-    return style && SUCCEEDED(style->put_color(color.Get()));
+    const Variant name(color ? ColorName(*color) : originalTextColor_);
+    return style && SUCCEEDED(style->put_color(name.Get()));
 }
 
 // Null before version 9.

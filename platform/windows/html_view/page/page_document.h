@@ -1,6 +1,7 @@
 // A loaded document, through MSHTML's object model (in-process, synchronous).
 #pragma once
 
+#include "common/geometry.h"
 #include "platform/windows/base/com_ptr.h"
 
 #include <mshtml.h>
@@ -27,8 +28,8 @@ class PageDocument {
     ComPtr<IHTMLElementCollection> Elements(const wchar_t* name) const; // in the page's order
 
     bool ScrollTo(int left, int top);
-    bool SetBackColor(std::uint32_t redGreenBlue);                // 0x00RRGGBB
-    bool SetTextColor(std::optional<std::uint32_t> redGreenBlue); // none: the page's own
+    bool SetBackColor(Color);
+    bool SetTextColor(std::optional<Color>); // none: the page's own
     // Computed style of the body or of the root element; null without one.
     ComPtr<IHTMLCSSStyleDeclaration> ComputedStyle(bool ofBody) const;
 
