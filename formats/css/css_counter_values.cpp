@@ -28,8 +28,8 @@ bool ReadChanges(CssShorthandReader& reader, P property, std::int32_t byDefault)
             changes.push_back(std::move(change));
         }
     }
-    reader.Add(property, CssValue::OfIndex(CssValue::Kind::Counters, reader.block.counters.size()));
-    reader.block.counters.push_back(std::move(changes));
+    reader.Add(property, reader.block.Store(CssValue::Kind::Counters, &CssBlock::counters,
+                                            std::move(changes)));
     return true;
 }
 

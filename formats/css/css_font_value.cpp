@@ -79,9 +79,8 @@ bool ReadCssFontFamily(CssShorthandReader& reader, std::span<const CssProperty>)
         if (families.size() < maxCssFontFamilies) families.push_back(std::move(family));
     }
     if (families.empty()) return false;
-    reader.Add(P::FontFamily,
-               CssValue::OfIndex(CssValue::Kind::Families, reader.block.families.size()));
-    reader.block.families.push_back(std::move(families));
+    reader.Add(P::FontFamily, reader.block.Store(CssValue::Kind::Families, &CssBlock::families,
+                                                 std::move(families)));
     return true;
 }
 

@@ -88,9 +88,8 @@ bool ReadCssGridAreaRows(CssShorthandReader& reader, CssGridAreas& areas, CssGri
 
 void AddCssGridAreas(CssShorthandReader& reader, CssProperty property, CssGridAreas areas) {
     if (areas.empty()) return reader.Add(property, CssValue::OfKeyword(0));
-    std::vector<CssGridAreas>& all = reader.block.gridAreas;
-    reader.Add(property, CssValue::OfIndex(CssValue::Kind::GridAreas, all.size()));
-    all.push_back(std::move(areas));
+    reader.Add(property, reader.block.Store(CssValue::Kind::GridAreas, &CssBlock::gridAreas,
+                                            std::move(areas)));
 }
 
 bool ReadCssGridAreas(CssShorthandReader& reader, std::span<const CssProperty> properties) {

@@ -43,9 +43,8 @@ bool ReadPlace(CssShorthandReader& reader, Place& place) {
 
 void AddPlace(CssShorthandReader& reader, CssProperty property, const Place& place) {
     if (place.name.empty()) return reader.Add(property, place.value);
-    std::vector<CssGridName>& all = reader.block.gridNames;
-    reader.Add(property, CssValue::OfIndex(CssValue::Kind::GridName, all.size()));
-    all.push_back(place.name);
+    reader.Add(property,
+               reader.block.Store(CssValue::Kind::GridName, &CssBlock::gridNames, place.name));
 }
 } // namespace
 

@@ -124,9 +124,8 @@ bool ReadCssGridTrackList(CssShorthandReader& reader, CssGridTracks& tracks) {
 
 void AddCssGridTracks(CssShorthandReader& reader, CssProperty property, CssGridTracks tracks) {
     if (tracks.empty()) return reader.Add(property, CssValue::OfKeyword(0));
-    std::vector<CssGridTracks>& all = reader.block.gridTracks;
-    reader.Add(property, CssValue::OfIndex(CssValue::Kind::GridTracks, all.size()));
-    all.push_back(std::move(tracks));
+    reader.Add(property, reader.block.Store(CssValue::Kind::GridTracks, &CssBlock::gridTracks,
+                                            std::move(tracks)));
 }
 
 bool ReadCssGridTracks(CssShorthandReader& reader, std::span<const CssProperty> properties) {

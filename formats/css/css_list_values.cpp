@@ -131,9 +131,8 @@ bool ReadCssContent(CssShorthandReader& reader, std::span<const CssProperty>) {
         content.push_back(std::move(item));
     }
     if (content.empty()) return false;
-    reader.Add(P::Content,
-               CssValue::OfIndex(CssValue::Kind::Content, reader.block.contents.size()));
-    reader.block.contents.push_back(std::move(content));
+    reader.Add(P::Content, reader.block.Store(CssValue::Kind::Content, &CssBlock::contents,
+                                              std::move(content)));
     return true;
 }
 

@@ -152,8 +152,7 @@ std::optional<CssValue> ReadMath(const CssLonghand& longhand, CssTokenStream& to
     const bool isNumber = math->type == CssMathType::Number;
     if (!(longhand.accepts & (isNumber ? cssNumber : cssLength))) return std::nullopt;
     if (math->hasPercent && !(longhand.accepts & cssPercent)) return std::nullopt;
-    block.maths.push_back(std::move(math->steps));
-    return CssValue::OfIndex(CssValue::Kind::Math, block.maths.size() - 1);
+    return block.Store(CssValue::Kind::Math, &CssBlock::maths, std::move(math->steps));
 }
 
 } // namespace

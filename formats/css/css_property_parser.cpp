@@ -61,9 +61,10 @@ void AddWritten(CssProperty property, std::u16string_view name, std::span<const 
         value = value.subspan(1);
     const std::u16string_view text = SourceOf(value);
     if (name.size() + text.size() > maxCssVariableUnits) return;
+    CssWrittenDeclaration written{std::u16string(name), std::u16string(text)};
     block.declarations.push_back(
-        {property, important, CssValue::OfIndex(CssValue::Kind::Written, block.written.size())});
-    block.written.push_back({std::u16string(name), std::u16string(text)});
+        {property, important,
+         block.Store(CssValue::Kind::Written, &CssBlock::written, std::move(written))});
 }
 
 } // namespace

@@ -12,6 +12,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 struct CssDeclaration {
@@ -44,6 +45,14 @@ struct CssBlock {
     std::vector<CssGridTracks> gridTracks;
     std::vector<CssGridAreas> gridAreas;
     std::vector<CssGridName> gridNames;
+
+    // Puts `item` at the end of one of the lists; the value that stands for it.
+    template <typename T>
+    CssValue Store(CssValue::Kind kind, std::vector<T> CssBlock::*list, T item) {
+        std::vector<T>& items = this->*list;
+        items.push_back(std::move(item));
+        return CssValue::OfIndex(kind, items.size() - 1);
+    }
 };
 
 // One thing that a selector asks of an element.

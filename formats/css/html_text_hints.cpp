@@ -32,8 +32,7 @@ void AddFontFace(CssBlock& block, std::u16string_view face) {
         ReadCssBlock(u"font-family:" + std::u16string(face.substr(0, maxHtmlHintUnits)));
     if (read.declarations.size() != 1 || read.families.empty()) return;
     AddHint(block, P::FontFamily,
-            CssValue::OfIndex(CssValue::Kind::Families, block.families.size()));
-    block.families.push_back(read.families.front());
+            block.Store(CssValue::Kind::Families, &CssBlock::families, read.families.front()));
 }
 
 void ReadAlign(const HtmlNode& node, CssBlock& block) {
