@@ -215,16 +215,9 @@ class HtmlView {
     // The user followed a link that leads out of the page. `path` is the full path of a local file,
     // "" for any other address.
     std::function<void(const std::u16string& url, const std::u16string& path)> onLink;
-    // The user followed a link into the same page; `from` was its `Top` before. Never while an
-    // order or a question of this view runs.
+    // The user followed a link into the same page; `from` was its `Top` before, settled where it
+    // would lead nowhere. Never while an order or a question of this view runs.
     std::function<void(const PageTop& from)> onJump;
     // As the text view's.
     std::function<void(const std::vector<std::u16string>& paths)> onFilesDropped;
 };
-
-// Of a place that is kept while the program runs: words lead there, so only where there are none
-// the page is asked. A question.
-inline PageTop PlaceToReturnTo(HtmlView& view) {
-    if (!view.Top().LeadsSomewhere()) view.SettleTop();
-    return view.Top();
-}

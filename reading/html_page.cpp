@@ -6,6 +6,11 @@ void ResetPage(HtmlPage& page) {
     page.load = load;
 }
 
+PageTop PlaceToReturnTo(HtmlView& view) {
+    if (!view.Top().LeadsSomewhere()) view.SettleTop();
+    return view.Top();
+}
+
 void PushPlace(HtmlPage& page, const PageTop& top) {
     constexpr std::size_t maxTrailLength = 100;
     if (page.trail.size() == maxTrailLength) page.trail.erase(page.trail.begin());

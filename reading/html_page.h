@@ -31,6 +31,10 @@ struct HtmlPage {
 // Another page takes the place of this one, or none. Numbers of loads are not used again.
 void ResetPage(HtmlPage&);
 
+// Of a place that is kept while the program runs. Its words lead there, so the page is laid out as
+// far as that, which takes time, only where there are none.
+PageTop PlaceToReturnTo(HtmlView&);
+
 // Remembers the place, from which a link is followed, at the end of the trail. The oldest is
 // dropped from a long one.
 void PushPlace(HtmlPage&, const PageTop& top);

@@ -236,7 +236,8 @@ void PaneHtmlView::FollowLink(HtmlNodeId link) {
         const auto element = page.Anchor(address.fragment);
         const bool toTop = address.fragment.empty() || address.fragment == u"top";
         if (!element && !toTop) return;
-        const PageTop from = PlaceToReturnTo(*this);
+        if (!Top().LeadsSomewhere()) SettleTop();
+        const PageTop from = Top();
         const auto piece = element ? page.PieceFrom(*element) : std::nullopt;
         Pane().ScrollLineToTop(piece   ? page.Counted().pieces[*piece].start
                                : toTop ? 0
