@@ -5,6 +5,7 @@
 #include "platform/posix/posix_file_reader.h"
 #include "platform/posix/posix_paths.h"
 #include "platform/posix/posix_replace.h"
+#include "platform/posix/real_path.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -134,11 +135,8 @@ bool PosixFiles::IsInFolder(const std::u16string& path, const std::u16string& fo
     const auto file = NativePath(path), place = NativePath(folder);
     if (!file || !place) return false;
     std::error_code error;
-    const std::string real = std::filesystem::canonical(*file, error).native();
-    if (error) return false;
-    std::string start = std::filesystem::canonical(*place, error).native();
-    if (!start.ends_with('/')) start += '/';
-    return !error && real.starts_with(start);
+    const auto realFolder = std::filesystem::canonical(*place, error);
+    return !error && RealPathBelow(realFolder, *file).has_value();
 }
 
 std::optional<FileVersion> PosixFiles::Version(const std::u16string& path) const {

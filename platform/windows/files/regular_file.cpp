@@ -1,5 +1,6 @@
 #include "platform/windows/files/regular_file.h"
 
+#include "platform/windows/base/text.h"
 #include "platform/windows/files/paths.h"
 
 #include <algorithm>
@@ -61,6 +62,19 @@ std::optional<BY_HANDLE_FILE_INFORMATION> InformationOf(const WinHandle& file) {
     if (!file.IsOpen() || !GetFileInformationByHandle(file.Get(), &information))
         return std::nullopt;
     return information;
+}
+
+std::wstring RealPathOf(const WinHandle& opened) {
+    if (!opened.IsOpen()) return {};
+    std::wstring path(maxPathLength, L'\0');
+    path.resize(GetFinalPathNameByHandleW(opened.Get(), path.data(), maxPathLength, 0));
+    return path;
+}
+
+std::wstring RealFolderOf(const WinHandle& opened) {
+    std::wstring folder = RealPathOf(opened);
+    if (!folder.empty() && !folder.ends_with(L'\\')) folder += L'\\';
+    return folder;
 }
 
 std::uint64_t MakeUint64(DWORD high, DWORD low) {

@@ -13,6 +13,9 @@
 // `error` receives the system's code, ERROR_SUCCESS when it is open.
 WinHandle OpenExisting(const std::wstring& path, DWORD access, DWORD& error);
 std::optional<BY_HANDLE_FILE_INFORMATION> InformationOf(const WinHandle&);
+// Where links lead; "" when it is not open.
+std::wstring RealPathOf(const WinHandle&);
+std::wstring RealFolderOf(const WinHandle&); // with a backslash at the end
 std::uint64_t MakeUint64(DWORD high, DWORD low);
 
 // A regular file, or why there is none.

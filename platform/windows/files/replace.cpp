@@ -3,6 +3,7 @@
 #include "platform/windows/base/text.h"
 #include "platform/windows/base/win_handle.h"
 #include "platform/windows/files/paths.h"
+#include "platform/windows/files/regular_file.h"
 
 #include <algorithm>
 #include <optional>
@@ -168,8 +169,7 @@ std::optional<std::wstring> FollowLink(const std::wstring& path) {
     const WinHandle file(CreateFileW(path.c_str(), 0, sharing, nullptr, OPEN_EXISTING,
                                      FILE_FLAG_BACKUP_SEMANTICS, nullptr));
     if (!file.IsOpen()) return std::nullopt;
-    std::wstring target(maxPathLength, L'\0');
-    target.resize(GetFinalPathNameByHandleW(file.Get(), target.data(), maxPathLength, 0));
+    std::wstring target = RealPathOf(file);
     if (target.empty()) return std::nullopt;
     return target;
 }

@@ -70,17 +70,9 @@ bool WinFiles::SameFile(const std::u16string& a, const std::u16string& b) const 
 }
 
 bool WinFiles::IsInFolder(const std::u16string& path, const std::u16string& folder) const {
-    const auto realPath = [](const WinHandle& opened) {
-        std::wstring real(maxPathLength, L'\0');
-        real.resize(opened.IsOpen()
-                        ? GetFinalPathNameByHandleW(opened.Get(), real.data(), maxPathLength, 0)
-                        : 0);
-        return real;
-    };
-    const std::wstring file = realPath(OpenExisting(path, FILE_READ_ATTRIBUTES));
-    std::wstring place = realPath(OpenExisting(folder, FILE_READ_ATTRIBUTES));
-    if (!place.empty() && !place.ends_with(L'\\')) place += L'\\';
-    return !place.empty() && file.starts_with(place);
+    const std::wstring place = RealFolderOf(OpenExisting(folder, FILE_READ_ATTRIBUTES));
+    return !place.empty() &&
+           RealPathOf(OpenExisting(path, FILE_READ_ATTRIBUTES)).starts_with(place);
 }
 
 std::optional<FileVersion> WinFiles::Version(const std::u16string& path) const {

@@ -1,20 +1,16 @@
 #include "platform/qt/html_view/engine/folder_guard.h"
 
+#include "platform/posix/real_path.h"
 #include "platform/qt/file_url.h"
 #include "platform/qt/html_view/engine/page_scheme.h"
 
 #include <QLoggingCategory>
 
-#include <algorithm>
 #include <system_error>
 
 namespace {
 // Log blocked requests with QT_LOGGING_RULES="norvaset.refused.debug=true".
 Q_LOGGING_CATEGORY(refused, "norvaset.refused", QtInfoMsg)
-
-bool IsInside(const std::filesystem::path& file, const std::filesystem::path& folder) {
-    return std::ranges::mismatch(folder, file).in1 == folder.end();
-}
 } // namespace
 
 std::optional<std::string> LocalPathOf(const QUrl& url) {
@@ -31,11 +27,9 @@ void FolderGuard::SetBook(const std::filesystem::path& path) {
 bool FolderGuard::Allows(const QUrl& address) const {
     if (address.scheme() == QLatin1String("data")) return true;
     const auto path = LocalPathOf(address);
-    if (!path || folder_.empty()) return false;
+    const auto file = path ? RealPathBelow(folder_, *path) : std::nullopt;
     std::error_code error;
-    const auto file = std::filesystem::canonical(*path, error);
-    // Reading a pipe or device might never end.
-    return !error && std::filesystem::is_regular_file(file, error) && IsInside(file, folder_);
+    return file && std::filesystem::is_regular_file(*file, error); // a pipe might never end
 }
 
 void FolderGuard::interceptRequest(QWebEngineUrlRequestInfo& request) {

@@ -1,31 +1,21 @@
 #include "platform/windows/html_view/safety/book_folder.h"
 
 #include "platform/windows/base/text.h"
-#include "platform/windows/base/win_handle.h"
+#include "platform/windows/files/regular_file.h"
 #include "platform/windows/html_view/safety/addresses.h"
 
 namespace {
 
 // Without read access: only for its path and attributes.
 WinHandle Open(const std::wstring& path) {
-    return WinHandle(CreateFileW(path.c_str(), 0,
-                                 FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                 OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
-}
-
-std::wstring RealPath(const WinHandle& opened) {
-    std::wstring path(maxPathLength, L'\0');
-    path.resize(opened.IsOpen()
-                    ? GetFinalPathNameByHandleW(opened.Get(), path.data(), maxPathLength, 0)
-                    : 0);
-    return path;
+    DWORD error = ERROR_SUCCESS;
+    return OpenExisting(path, 0, error);
 }
 
 bool IsRegularFile(const WinHandle& opened) {
-    BY_HANDLE_FILE_INFORMATION about = {};
-    return GetFileType(opened.Get()) == FILE_TYPE_DISK &&
-           GetFileInformationByHandle(opened.Get(), &about) &&
-           !(about.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY);
+    const auto about = InformationOf(opened);
+    return GetFileType(opened.Get()) == FILE_TYPE_DISK && about &&
+           !(about->dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 
 // Without "." and "..", which URLs may contain between backslashes.
@@ -45,8 +35,7 @@ BookFolder::BookFolder(const std::wstring& bookPath) {
     const std::wstring book = FullPath(bookPath);
     folder_ = book.substr(0, book.rfind(L'\\') + 1);
     if (folder_.empty()) return;
-    real_ = RealPath(Open(folder_));
-    if (!real_.empty() && !real_.ends_with(L'\\')) real_ += L'\\';
+    real_ = RealFolderOf(Open(folder_));
 }
 
 bool BookFolder::Allows(std::wstring_view url) const {
@@ -60,5 +49,5 @@ bool BookFolder::Contains(const std::wstring& path) const {
     if (!IsBelow(path, folder_)) return false;
     const WinHandle file = Open(path);
     if (!file.IsOpen()) return true; // cannot be loaded anyway
-    return !real_.empty() && IsRegularFile(file) && IsBelow(RealPath(file), real_);
+    return !real_.empty() && IsRegularFile(file) && IsBelow(RealPathOf(file), real_);
 }
