@@ -33,11 +33,6 @@ void StoreText(const MainForm& form, BookRecord& record, bool withPlace) {
     if (withPlace) record[Field::LastPos] = NumberText(FirstVisibleChar(*form.ports.textView));
 }
 
-void SaveSearches(MainForm& form, const std::u16string& bookSection) {
-    if (form.find.history.empty()) return;
-    IniWriteString(*form.dataFile, bookSection, searchesKey, StoredSearches(form.find.history));
-}
-
 void UpdateRecord(MainForm& form, int index, bool withPlace) {
     BookRecord record = form.history.Record(index);
     const bool isPage = record.Kind() == BookKind::Html;
@@ -53,18 +48,19 @@ void UpdateRecord(MainForm& form, int index, bool withPlace) {
     form.history.SetRecord(index, record);
 
     IniBatch oneWrite(*form.dataFile);
-    const auto section = SectionOf(form, record);
+    const BookSettings settings = SettingsOf(form, record);
     const bool nothingChosen = index != 0 || form.book.chosen.codePage == 0;
     if (nothingChosen && !isPage)
-        StoreNothingChosen(*form.dataFile, section, record, form.ports.locale->AnsiCodePage());
+        StoreNothingChosen(settings, record, form.ports.locale->AnsiCodePage());
     SaveHistoryItem(form, index);
-    if (index == 0 && !record[Field::Path].empty()) SaveSearches(form, section);
+    if (index == 0 && !record[Field::Path].empty() && !form.find.history.empty())
+        SaveSearches(settings, form.find.history);
     if (withPlace) KeepPlaceOfDataFile(form);
     if (top) {
-        KeepPageFile(form, record, section);
-        KeepPagePlaces(form, record, *top, section);
+        KeepPageFile(form, record, settings);
+        KeepPagePlaces(form, record, *top, settings);
     }
-    if (withPlace && !isPage) KeepTextPlaces(form, record, section);
+    if (withPlace && !isPage) KeepTextPlaces(form, record, settings);
     oneWrite.Commit();
 }
 } // namespace

@@ -38,13 +38,11 @@ void MoveBookmarks(Bookmarks& bookmarks, const TextPos* places) {
     }
 }
 
-// The section of the data file is that of item 0, which may be another book's by now.
+// The settings are those of item 0, which may be another book's by now.
 void KeepChoice(MainForm& form, int codePage) {
     form.book.chosen = {codePage, true};
     if (!IsShownBookListed(form)) return;
-    const std::u16string key(RecordKey(form.menu.mFileList[0].tag));
-    StoreChosenCodePage(*form.dataFile, BookSection(form.history, CurrentProfile(form), key),
-                        codePage);
+    StoreChosenCodePage(SettingsOf(form, form.history.Record(0)), codePage);
 }
 
 void ShowIn(MainForm& form, ChosenCharset wanted) {

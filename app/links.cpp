@@ -4,7 +4,6 @@
 #include "app/main_form.h"
 #include "app/open_book.h"
 #include "app/shown_book.h"
-#include "books/page_view.h"
 #include "common/direction_controls.h"
 #include "common/web_address.h"
 #include "formats/media_file.h"
@@ -51,11 +50,8 @@ void OpenMediaFile(MainForm& form, const std::u16string& path) {
 // is that leads to it.
 void InheritPageEngine(MainForm& form, const std::u16string& path) {
     if (FindInHistory(form.history, path) >= 0 || !IsShownBookListed(form)) return;
-    IniFile& file = *form.dataFile;
-    const PageEngine engine = LoadPageEngine(file, SectionOf(form, form.history.Record(0)));
-    if (engine == PageEngine::Own)
-        SavePageEngine(file, BookSection(form.history, CurrentProfile(form), PathToKey(path)),
-                       engine);
+    const PageEngine engine = LoadPageEngine(SettingsOf(form, form.history.Record(0)));
+    if (engine == PageEngine::Own) SavePageEngine(SettingsOf(form, PathToKey(path)), engine);
 }
 } // namespace
 

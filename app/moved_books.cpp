@@ -57,13 +57,12 @@ class FileText {
 bool IsSameBook(MainForm& form, int index, FileText& file) {
     constexpr TextPos tooShort = 16; // units: anything may have such a text
     const BookRecord record = form.history.Record(index);
-    const std::u16string section = SectionOf(form, record);
-    const KeptPlaces kept = LoadKeptText(*form.dataFile, section, ViewOf(record));
+    const BookSettings settings = SettingsOf(form, record);
+    const KeptPlaces kept = LoadKeptText(settings, ViewOf(record));
     if (!kept.text || kept.text->length < tooShort) return false;
     ChosenCharset chosen;
     if (ViewOf(record) == PlacesOf::Text)
-        chosen =
-            CharsetChosenFor(*form.dataFile, section, record, form.ports.locale->AnsiCodePage());
+        chosen = CharsetChosenFor(settings, record, form.ports.locale->AnsiCodePage());
     return file.Fingerprint(chosen) == kept.text;
 }
 
@@ -113,7 +112,7 @@ namespace {
 bool IsTheMoved(MainForm& form, int index, const std::u16string& path) {
     const BookRecord record = form.history.Record(index);
     const auto version = form.ports.files->Version(path);
-    const KeptPlaces kept = LoadKeptText(*form.dataFile, SectionOf(form, record), ViewOf(record));
+    const KeptPlaces kept = LoadKeptText(SettingsOf(form, record), ViewOf(record));
     if (version && kept.text && kept.IsOf(*version)) return true;
     BookFile file;
     file.path = path;
@@ -167,7 +166,7 @@ bool FollowCarriedDataFile(MainForm& form) {
     return changed;
 }
 
-void KeepPageFile(MainForm& form, const BookRecord& record, const std::u16string& section) {
+void KeepPageFile(MainForm& form, const BookRecord& record, const BookSettings& settings) {
     TextPlaces& state = form.places;
     if (!state.file || (state.kept.text && state.kept.IsOf(*state.file))) return;
     if (form.ports.files->Version(record.Path()) != state.file) return; // not the one shown
@@ -177,5 +176,5 @@ void KeepPageFile(MainForm& form, const BookRecord& record, const std::u16string
     if (!text) return;
     state.kept.text = text;
     state.kept.SetFile(*state.file);
-    StorePlaces(*form.dataFile, section, PlacesOf::Page, state.kept, state.stored);
+    StorePlaces(settings, PlacesOf::Page, state.kept, state.stored);
 }

@@ -5,6 +5,7 @@
 
 struct BookFile;
 class BookRecord;
+struct BookSettings;
 struct MainForm;
 
 // The book of this file is not in the list. When it is one of the list whose file is gone, and that
@@ -23,4 +24,4 @@ bool FollowCarriedDataFile(MainForm&);
 void KeepPlaceOfDataFile(MainForm&);
 
 // Keeps what the file of the shown page is recognised by.
-void KeepPageFile(MainForm&, const BookRecord&, const std::u16string& section);
+void KeepPageFile(MainForm&, const BookRecord&, const BookSettings&);

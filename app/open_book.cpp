@@ -30,7 +30,7 @@ void ChangeKind(MainForm& form, int index, BookKind kind) {
     if (shown) SaveBookState(form, 0);
     BookRecord record = form.history.Record(index);
     const bool wasPage = record.Kind() == BookKind::Html, isPage = kind == BookKind::Html;
-    if (wasPage != isPage) ExchangeViewState(record, *form.dataFile, SectionOf(form, record));
+    if (wasPage != isPage) ExchangeViewState(record, SettingsOf(form, record));
     if (wasPage && record[Field::FontName].empty()) // never shown as a text
         StorePresentFormat(form, record);
     record.SetKind(kind);

@@ -4,7 +4,6 @@
 #include "app/open_book.h"
 #include "app/page_places.h"
 #include "app/shown_book.h"
-#include "books/page_view.h"
 
 #include <utility>
 
@@ -17,7 +16,7 @@ void ChangePageEngine(MainForm& form) {
     if (HasPageBody(form)) KeepPageSelection(form);
     if (form.closed) return; // while the page was asked
     const PageEngine engine = form.ports.htmlView->Engine();
-    SavePageEngine(*form.dataFile, SectionOf(form, form.history.Record(0)),
+    SavePageEngine(SettingsOf(form, form.history.Record(0)),
                    engine == PageEngine::Browser ? PageEngine::Own : PageEngine::Browser);
     ReloadBook(form, std::move(file));
 }

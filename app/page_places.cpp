@@ -143,7 +143,7 @@ std::vector<std::u16string> PageExcerpts(MainForm& form, const std::vector<std::
 }
 
 void KeepPagePlaces(MainForm& form, const BookRecord& record, const PageTop& top,
-                    const std::u16string& section) {
+                    const BookSettings& settings) {
     TextPlaces& state = form.places;
     KeptPlaces& kept = state.kept;
     if (!state.file) return;
@@ -166,7 +166,7 @@ void KeepPagePlaces(MainForm& form, const BookRecord& record, const PageTop& top
             if (const auto known = kept.marks.find(mark->start); known != kept.marks.end())
                 marks.insert(*known);
     kept.marks = std::move(marks);
-    StorePlaces(*form.dataFile, section, PlacesOf::Page, kept, state.stored);
+    StorePlaces(settings, PlacesOf::Page, kept, state.stored);
 }
 
 void KeepPageSelection(MainForm& form) {

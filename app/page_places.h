@@ -8,6 +8,7 @@
 #include <vector>
 
 class BookRecord;
+struct BookSettings;
 struct MainForm;
 
 // Once the page is there: what is to be at its top. Where its text has changed, reading place and
@@ -16,8 +17,7 @@ PageTop FollowPage(MainForm&);
 
 // Keeps the words at the top of the page and those around each bookmark. `top` is what the record
 // has its place from.
-void KeepPagePlaces(MainForm&, const BookRecord&, const PageTop& top,
-                    const std::u16string& section);
+void KeepPagePlaces(MainForm&, const BookRecord&, const PageTop& top, const BookSettings&);
 // The text of each bookmark tag ("start,length"), "" for a tag that is not two numbers; an empty
 // list when the page does not answer. With them come the words of bookmarks of which none are kept.
 std::vector<std::u16string> PageExcerpts(MainForm&, const std::vector<std::u16string>& tags);

@@ -10,9 +10,7 @@
 #include "app/text_places.h"
 #include "books/book_file.h"
 #include "books/book_script.h"
-#include "books/page_view.h"
 #include "books/record_format.h"
-#include "books/unwrapped_book.h"
 #include "common/flag_scope.h"
 #include "common/text.h"
 #include "formats/plain/plain_text_source.h"
@@ -29,7 +27,7 @@ std::shared_ptr<PlainTextSource> TextOf(MainForm& form, const BookRecord& record
                                         const BookContent& content) {
     const int ansiCodePage = form.ports.locale->AnsiCodePage();
     ShownBook& book = form.book;
-    book.chosen = CharsetChosenFor(*form.dataFile, SectionOf(form, record), record, ansiCodePage);
+    book.chosen = CharsetChosenFor(SettingsOf(form, record), record, ansiCodePage);
     book.codePage = 0;
     book.plain = content.plainText != nullptr;
     if (!book.plain) return nullptr;
@@ -50,8 +48,7 @@ void KeepGuessedScript(MainForm& form) {
     record[Field::Charset] = NumberText(form.format.font.charset);
     form.history.SetRecord(0, record);
     IniBatch oneWrite(*form.dataFile);
-    StoreNothingChosen(*form.dataFile, SectionOf(form, record), record,
-                       form.ports.locale->AnsiCodePage());
+    StoreNothingChosen(SettingsOf(form, record), record, form.ports.locale->AnsiCodePage());
     SaveHistoryItem(form, 0);
 }
 
@@ -68,8 +65,7 @@ void ShowInTextView(MainForm& form, BookRecord& record, BookFile file) {
     view.SetFont(form.format.font);
     ApplyFont(view, form.format.font, Scrolling::Leave);
     SetWordWrap(view, *form.ports.window, form.menu.mViewWordWrap[0], record.Flag(Field::Wrap));
-    SetUnwrapped(view, form.menu.mViewUnwrap[0],
-                 text && LoadUnwrapped(*form.dataFile, SectionOf(form, record)));
+    SetUnwrapped(view, form.menu.mViewUnwrap[0], text && LoadUnwrapped(SettingsOf(form, record)));
     if (text)
         view.LoadText(std::move(text));
     else
@@ -95,8 +91,7 @@ void ShowInHtmlView(MainForm& form, const BookRecord& record,
     form.places = {};
     form.places.file = file;
     form.places.selection = std::move(selection);
-    form.places.kept = form.places.stored =
-        LoadPlaces(*form.dataFile, SectionOf(form, record), PlacesOf::Page);
+    form.places.kept = form.places.stored = LoadPlaces(SettingsOf(form, record), PlacesOf::Page);
     ++form.page.load;
     form.page.path = record.Path();
     html.SetVisible(true);
@@ -104,7 +99,7 @@ void ShowInHtmlView(MainForm& form, const BookRecord& record,
     form.ports.textView->SetBackColor(BackColorOf(record));
     form.book.codePage = 0;
     SetZoomStep(form.menu.mViewFont[0], record.Number(Field::FontSize));
-    html.SetEngine(LoadPageEngine(*form.dataFile, SectionOf(form, record)));
+    html.SetEngine(LoadPageEngine(SettingsOf(form, record)));
     html.ExpectPlace(record.Number(Field::LastPos) > 0 || form.places.kept.position > 0 ||
                      form.places.selection);
     html.Navigate(form.page.path, form.page.load);
@@ -133,10 +128,6 @@ void ReadBookToShow(MainForm& form, ListedBook& book) {
         ReadContent(files, MaxPlainText(form), *book.file);
 }
 
-void LoadSearches(MainForm& form, const BookRecord& record) {
-    form.find.history =
-        ParseSearches(IniReadString(*form.dataFile, SectionOf(form, record), searchesKey));
-}
 } // namespace
 
 void LeavePage(MainForm& form) {
@@ -180,7 +171,7 @@ void ShowBook(MainForm& form, ListedBook book) {
     }
     WatchBookFile(form);
     UpdateWindowTitle(form);
-    LoadSearches(form, record);
+    form.find.history = LoadSearches(SettingsOf(form, record));
     LoadBookmarks(form, record[Field::Marks]);
     form.ports.menuBar->Refresh();
 }

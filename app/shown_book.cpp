@@ -12,8 +12,12 @@ const std::u16string& CurrentProfile(const MainForm& form) {
     return form.menu.mUser[0].tag;
 }
 
-std::u16string SectionOf(const MainForm& form, const BookRecord& record) {
-    return BookSection(form.history, CurrentProfile(form), record[Field::Path]);
+BookSettings SettingsOf(const MainForm& form, const std::u16string& recordKey) {
+    return {*form.dataFile, BookSection(form.history, CurrentProfile(form), recordKey)};
+}
+
+BookSettings SettingsOf(const MainForm& form, const BookRecord& record) {
+    return SettingsOf(form, record[Field::Path]);
 }
 
 bool IsBookShown(const MainForm& form) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "books/book_record.h"
+#include "books/book_settings.h"
 
 #include <cstdint>
 #include <string>
@@ -10,8 +11,9 @@
 struct MainForm;
 
 const std::u16string& CurrentProfile(const MainForm&);
-// The book's own section of the data file, in the current profile.
-std::u16string SectionOf(const MainForm&, const BookRecord&);
+// Of the current profile; of a book by its record's key.
+BookSettings SettingsOf(const MainForm&, const std::u16string& recordKey);
+BookSettings SettingsOf(const MainForm&, const BookRecord&);
 
 // Whether history item 0 stands for the book in the view, and is not just the first of the list:
 // its check mark says so.

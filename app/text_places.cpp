@@ -58,7 +58,7 @@ void ForgetTextPlaces(MainForm& form) {
 
 void FollowText(MainForm& form, BookRecord& record, const std::optional<FileVersion>& file) {
     TextPlaces& state = form.places;
-    state.kept = state.stored = LoadPlaces(*form.dataFile, SectionOf(form, record), PlacesOf::Text);
+    state.kept = state.stored = LoadPlaces(SettingsOf(form, record), PlacesOf::Text);
     KeptPlaces& kept = state.kept;
     state.file = file;
     if (!kept.text || !file) return;
@@ -90,7 +90,7 @@ void SelectKept(MainForm& form) {
                                     selection->end.position - selection->start.position);
 }
 
-void KeepTextPlaces(MainForm& form, const BookRecord& record, const std::u16string& section) {
+void KeepTextPlaces(MainForm& form, const BookRecord& record, const BookSettings& settings) {
     TextPlaces& state = form.places;
     KeptPlaces& kept = state.kept;
     if (!state.file) return;
@@ -115,7 +115,7 @@ void KeepTextPlaces(MainForm& form, const BookRecord& record, const std::u16stri
         const std::u16string& last = form.bookmarks.last.tag;
         if (!last.empty()) state.last = WordsIn(text, WholeNumber(last));
     });
-    StorePlaces(*form.dataFile, section, PlacesOf::Text, kept, state.stored);
+    StorePlaces(settings, PlacesOf::Text, kept, state.stored);
 }
 
 bool IsUncertainMark(const MainForm& form, TextPos start) {

@@ -9,6 +9,7 @@
 #include <string>
 
 class BookRecord;
+struct BookSettings;
 struct MainForm;
 
 // What the data file keeps of the book, whose text the view has now, and whose file was `file` when
@@ -25,7 +26,7 @@ void KeepSelection(MainForm&);
 void SelectKept(MainForm&);
 
 // Keeps the words around the reading place, which the record has, and around each bookmark.
-void KeepTextPlaces(MainForm&, const BookRecord&, const std::u16string& section);
+void KeepTextPlaces(MainForm&, const BookRecord&, const BookSettings&);
 
 // Whether a bookmark that starts there is where its words were not found.
 bool IsUncertainMark(const MainForm&, TextPos start);

@@ -5,7 +5,6 @@
 #include "app/main_form.h"
 #include "app/open_book.h"
 #include "app/shown_book.h"
-#include "books/unwrapped_book.h"
 #include "common/menu_items.h"
 #include "reading/caret.h"
 #include "reading/hourglass.h"
@@ -148,5 +147,5 @@ void mViewUnwrap_Click(MainForm& form, int) {
     MenuItem& item = form.menu.mViewUnwrap[0];
     SetUnwrapped(*form.ports.textView, item, !item.checked);
     if (IsShownBookListed(form))
-        SaveUnwrapped(*form.dataFile, SectionOf(form, form.history.Record(0)), item.checked);
+        SaveUnwrapped(SettingsOf(form, form.history.Record(0)), item.checked);
 }

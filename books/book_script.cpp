@@ -15,23 +15,21 @@ int CodePageOfNumber(const BookRecord& record, int ansiCodePage) {
 }
 } // namespace
 
-ChosenCharset CharsetChosenFor(IniFile& file, const std::u16string& section,
-                               const BookRecord& record, int ansiCodePage) {
-    const std::u16string stored = IniReadString(file, section, codePageKey);
+ChosenCharset CharsetChosenFor(const BookSettings& settings, const BookRecord& record,
+                               int ansiCodePage) {
+    const std::u16string stored = settings.Read(codePageKey);
     const int page = WholeNumber(stored);
     if (!stored.empty() && (page == 0 || HasCodePage(page))) return {page, true};
     return {CodePageOfNumber(record, ansiCodePage), false};
 }
 
-void StoreChosenCodePage(IniFile& file, const std::u16string& section, int codePage) {
-    IniWriteString(file, section, codePageKey, NumberText(codePage));
+void StoreChosenCodePage(const BookSettings& settings, int codePage) {
+    settings.Write(codePageKey, NumberText(codePage));
 }
 
-void StoreNothingChosen(IniFile& file, const std::u16string& section, const BookRecord& record,
-                        int ansiCodePage) {
+void StoreNothingChosen(const BookSettings& settings, const BookRecord& record, int ansiCodePage) {
     const bool looksChosen = CodePageOfNumber(record, ansiCodePage) != 0;
-    if (looksChosen && IniReadString(file, section, codePageKey).empty())
-        StoreChosenCodePage(file, section, 0);
+    if (looksChosen && settings.Read(codePageKey).empty()) StoreChosenCodePage(settings, 0);
 }
 
 int ScriptCharset(int codePage, int present) {

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "books/book_record.h"
-#include "datafile/ini_file.h"
+#include "books/book_settings.h"
 
 struct ChosenCharset {
     int codePage = 0;   // 0: nothing was chosen
@@ -12,17 +12,14 @@ struct ChosenCharset {
 };
 
 // What the reader chose for the book. A record that nothing more is known of, by hand or by an
-// older version, is read in the script of its Charset number. `section` is the book's own of the
-// data file.
-ChosenCharset CharsetChosenFor(IniFile&, const std::u16string& section, const BookRecord&,
-                               int ansiCodePage);
+// older version, is read in the script of its Charset number.
+ChosenCharset CharsetChosenFor(const BookSettings&, const BookRecord&, int ansiCodePage);
 
 // The reader chose just this one.
-void StoreChosenCodePage(IniFile&, const std::u16string& section, int codePage);
+void StoreChosenCodePage(const BookSettings&, int codePage);
 
 // Records that nothing was chosen for a book whose record would look as if.
-void StoreNothingChosen(IniFile&, const std::u16string& section, const BookRecord&,
-                        int ansiCodePage);
+void StoreNothingChosen(const BookSettings&, const BookRecord&, int ansiCodePage);
 
 // The font character set of the script that a code page is for; `present` when that is for it, too,
 // or when there is none.

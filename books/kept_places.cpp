@@ -86,23 +86,22 @@ std::u16string TopText(const KeptTop& top) {
 }
 
 // The whole section anew, since a key can be taken out in no other way.
-void StoreMarks(IniFile& file, const std::u16string& section, PlacesOf view,
-                const KeptPlaces& places) {
+void StoreMarks(const BookSettings& settings, PlacesOf view, const KeptPlaces& places) {
     const std::u16string start = KeyOf(view, markKey);
-    const ListLines before = LoadSectionLines(file, section);
+    const ListLines before = LoadSectionLines(settings.file, settings.section);
     ListLines lines;
     for (const std::u16string& line : before)
         if (!StartsWithIgnoringCase(line, start)) lines.push_back(line);
     for (const auto& [position, words] : places.marks)
         lines.push_back(start + NumberText(position) + u'=' + Stored(words));
-    file.MergeSection(section, before, lines);
+    settings.file.MergeSection(settings.section, before, lines);
 }
 } // namespace
 
-KeptPlaces LoadPlaces(IniFile& file, const std::u16string& section, PlacesOf view) {
+KeptPlaces LoadPlaces(const BookSettings& settings, PlacesOf view) {
     const std::u16string start = KeyOf(view, u"");
     KeptPlaces places;
-    for (const std::u16string& line : LoadSectionLines(file, section)) {
+    for (const std::u16string& line : LoadSectionLines(settings.file, settings.section)) {
         const std::size_t equals = line.find(u'=');
         if (equals == line.npos || !StartsWithIgnoringCase(line, start)) continue;
         const std::u16string_view whole(line);
@@ -112,24 +111,23 @@ KeptPlaces LoadPlaces(IniFile& file, const std::u16string& section, PlacesOf vie
     return places;
 }
 
-KeptPlaces LoadKeptText(IniFile& file, const std::u16string& section, PlacesOf view) {
+KeptPlaces LoadKeptText(const BookSettings& settings, PlacesOf view) {
     KeptPlaces places;
-    places.text = ParseFingerprint(IniReadString(file, section, KeyOf(view, textKey)));
-    if (places.text) ReadFile(IniReadString(file, section, KeyOf(view, fileKey)), places);
+    places.text = ParseFingerprint(settings.Read(KeyOf(view, textKey)));
+    if (places.text) ReadFile(settings.Read(KeyOf(view, fileKey)), places);
     return places;
 }
 
-void StorePlaces(IniFile& file, const std::u16string& section, PlacesOf view,
-                 const KeptPlaces& places, KeptPlaces& stored) {
+void StorePlaces(const BookSettings& settings, PlacesOf view, const KeptPlaces& places,
+                 KeptPlaces& stored) {
     if (places == stored || !places.text) return;
-    IniBatch oneWrite(file);
-    IniWriteString(file, section, KeyOf(view, textKey), StoredFingerprint(*places.text));
-    IniWriteString(file, section, KeyOf(view, fileKey), FileText(places));
-    if (places.position >= 0)
-        IniWriteString(file, section, KeyOf(view, placeKey), PlaceText(places));
+    IniBatch oneWrite(settings.file);
+    settings.Write(KeyOf(view, textKey), StoredFingerprint(*places.text));
+    settings.Write(KeyOf(view, fileKey), FileText(places));
+    if (places.position >= 0) settings.Write(KeyOf(view, placeKey), PlaceText(places));
     if (places.position >= 0 && view == PlacesOf::Page)
-        IniWriteString(file, section, KeyOf(view, topKey), TopText(places.top));
-    if (places.marks != stored.marks) StoreMarks(file, section, view, places);
+        settings.Write(KeyOf(view, topKey), TopText(places.top));
+    if (places.marks != stored.marks) StoreMarks(settings, view, places);
     stored = places;
     oneWrite.Commit();
 }

@@ -2,7 +2,7 @@
 // record: by these the places are found again when the text has changed.
 #pragma once
 
-#include "datafile/ini_file.h"
+#include "books/book_settings.h"
 #include "platform/files.h"
 #include "reading/place_words.h"
 #include "reading/text_fingerprint.h"
@@ -53,12 +53,10 @@ struct KeptPlaces {
 // A text and a page have keys of their own: what one of them counts means nothing in the other.
 enum class PlacesOf { Text, Page };
 
-// `section` is the book's own of the data file.
-KeptPlaces LoadPlaces(IniFile&, const std::u16string& section, PlacesOf);
+KeptPlaces LoadPlaces(const BookSettings&, PlacesOf);
 
-// Writes what differs from `stored`, which the section holds, and makes that the same.
-void StorePlaces(IniFile&, const std::u16string& section, PlacesOf, const KeptPlaces&,
-                 KeptPlaces& stored);
+// Writes what differs from `stored`, which the data file holds, and makes that the same.
+void StorePlaces(const BookSettings&, PlacesOf, const KeptPlaces&, KeptPlaces& stored);
 
 // Text and file alone, without reading the places.
-KeptPlaces LoadKeptText(IniFile&, const std::u16string& section, PlacesOf);
+KeptPlaces LoadKeptText(const BookSettings&, PlacesOf);

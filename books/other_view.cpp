@@ -32,11 +32,10 @@ void RestoreState(BookRecord& record, const std::u16string& aside) {
 
 // A view that has never shown the book finds the places of the other one in its own text, by their
 // words: that text is another one, of no file.
-void CarryPlaces(const BookRecord& before, BookRecord& record, IniFile& file,
-                 const std::u16string& section) {
+void CarryPlaces(const BookRecord& before, BookRecord& record, const BookSettings& settings) {
     const bool fromPage = before.Kind() == BookKind::Html;
     const PlacesOf from = fromPage ? PlacesOf::Page : PlacesOf::Text;
-    KeptPlaces places = LoadPlaces(file, section, from);
+    KeptPlaces places = LoadPlaces(settings, from);
     if (!places.text) return;
     const TextPos length = fromPage ? places.top.length : places.text->length;
     const TextPos keptFor = fromPage ? places.top.offset : places.position;
@@ -51,14 +50,14 @@ void CarryPlaces(const BookRecord& before, BookRecord& record, IniFile& file,
             marks.push_back(tag);
     record[Field::Marks] = Join(marks, u"|");
     KeptPlaces none;
-    StorePlaces(file, section, fromPage ? PlacesOf::Text : PlacesOf::Page, places, none);
+    StorePlaces(settings, fromPage ? PlacesOf::Text : PlacesOf::Page, places, none);
 }
 } // namespace
 
-void ExchangeViewState(BookRecord& record, IniFile& file, const std::u16string& section) {
+void ExchangeViewState(BookRecord& record, const BookSettings& settings) {
     const BookRecord before = record;
-    const std::u16string state = StateOf(record), aside = IniReadString(file, section, asideKey);
+    const std::u16string state = StateOf(record), aside = settings.Read(asideKey);
     RestoreState(record, aside);
-    if (aside.empty()) CarryPlaces(before, record, file, section);
-    IniWriteString(file, section, asideKey, state);
+    if (aside.empty()) CarryPlaces(before, record, settings);
+    settings.Write(asideKey, state);
 }

@@ -16,9 +16,6 @@ struct FindState {
 
 void RememberSearch(FindState&); // the present text comes to the front of the history
 
-// The key that a book's history stands under in its section of the data file.
-inline constexpr std::u16string_view searchesKey = u"HistFind";
-
 // A history as the data file keeps it, in one line, and back.
 std::u16string StoredSearches(const std::vector<std::u16string>& history);
 std::vector<std::u16string> ParseSearches(std::u16string_view stored);

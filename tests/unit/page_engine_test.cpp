@@ -1,7 +1,7 @@
 // A page changes between the browser's view and our own, whose lines have other heights.
 #include "html_form.h"
 
-#include "books/page_view.h"
+#include "books/book_settings.h"
 
 namespace {
 constexpr TextPos line22 = 166; // after 10 lines of 7 units and 12 of 8
@@ -84,9 +84,10 @@ TEST_CASE("page engine: what was chosen is the book's own, in this profile") {
     CHECK(test.LastPos() == top);
     const std::u16string section =
         BookSection(test.form.history, test.form.menu.mUser[0].tag, u"/books/p.htm");
-    CHECK(LoadPageEngine(*test.form.dataFile, section) == PageEngine::Own);
-    CHECK(LoadPageEngine(*test.form.dataFile, BookSection(test.form.history, u"Other",
-                                                          u"/books/p.htm")) == PageEngine::Browser);
+    CHECK(LoadPageEngine({*test.form.dataFile, section}) == PageEngine::Own);
+    CHECK(LoadPageEngine(
+              {*test.form.dataFile, BookSection(test.form.history, u"Other", u"/books/p.htm")}) ==
+          PageEngine::Browser);
 }
 
 TEST_CASE("page engine: a chapter that a link leads to for the first time is shown alike") {
@@ -171,7 +172,7 @@ TEST_CASE("page engine: a file that has gone leaves the page as it is") {
     CHECK(test.Dialogs().messages.size() == 1);
     const std::u16string section =
         BookSection(test.form.history, test.form.menu.mUser[0].tag, u"/books/p.htm");
-    CHECK(LoadPageEngine(*test.form.dataFile, section) == PageEngine::Browser);
+    CHECK(LoadPageEngine({*test.form.dataFile, section}) == PageEngine::Browser);
 }
 
 TEST_CASE("page engine: a page that is closed while it is asked stays where it was") {
