@@ -119,7 +119,8 @@ void ConnectLaterStarts(MainForm& form) {
     };
 }
 
-void ConnectEvents(MainForm& form) {
+namespace {
+void ConnectWindow(MainForm& form) {
     WindowEvents events;
     events.onShown = [&form] {
         form.messages.windowShown = true;
@@ -140,29 +141,37 @@ void ConnectEvents(MainForm& form) {
     events.onMouse = [&form] { EndAutoScroll(form); };
     events.onZoom = [&form](int steps) { RunCommand(form, [&] { fwMain_Zoom(form, steps); }); };
     form.ports.window->SetEvents(events);
+}
 
-    MenuEvents menuEvents;
-    menuEvents.onOpening = [&form](MenuArray& menu) { RunHandler(form, menu, 0); };
-    menuEvents.onClick = [&form](MenuArray& array, int index) { RunHandler(form, array, index); };
-    form.ports.menuBar->Attach(form.menu.TopLevel(), menuEvents);
+void ConnectMenus(MainForm& form) {
+    MenuEvents events;
+    events.onOpening = [&form](MenuArray& menu) { RunHandler(form, menu, 0); };
+    events.onClick = [&form](MenuArray& array, int index) { RunHandler(form, array, index); };
+    form.ports.menuBar->Attach(form.menu.TopLevel(), events);
+}
+
+void ConnectTextView(MainForm& form) {
+    TextView& view = *form.ports.textView;
+    view.onPlaceholderLink = [&form] { RunCommand(form, [&form] { OpenWelcomeBook(form); }); };
+    view.onContextMenu = [&form] { RunCommand(form, [&form] { rtMain_ContextMenu(form); }); };
+    view.onCopy = [&form] { RunCommand(form, [&form] { ChooseCopy(form); }); };
+    view.onPictureFile = [&form](const std::u16string& name) {
+        return ReadBookPicture(*form.ports.files, form.history.Record(0).Path(), name);
+    };
+    view.onFilesDropped = [&form](const std::vector<std::u16string>& paths) {
+        OpenAfterCommand(form, paths);
+    };
+}
+} // namespace
+
+void ConnectEvents(MainForm& form) {
+    ConnectWindow(form);
+    ConnectMenus(form);
+    ConnectTextView(form);
+    if (form.ports.htmlView) ConnectHtmlView(form);
 
     // Not a command of its own: it comes while one waits for its message.
     form.ports.dialogs->onHelp = [&form](const std::string& topic) { OpenHelp(form, topic); };
-
-    form.ports.textView->onPlaceholderLink = [&form] {
-        RunCommand(form, [&form] { OpenWelcomeBook(form); });
-    };
-    form.ports.textView->onContextMenu = [&form] {
-        RunCommand(form, [&] { rtMain_ContextMenu(form); });
-    };
-    form.ports.textView->onCopy = [&form] { RunCommand(form, [&form] { ChooseCopy(form); }); };
-    form.ports.textView->onPictureFile = [&form](const std::u16string& name) {
-        return ReadBookPicture(*form.ports.files, form.history.Record(0).Path(), name);
-    };
-    form.ports.textView->onFilesDropped = [&form](const std::vector<std::u16string>& paths) {
-        OpenAfterCommand(form, paths);
-    };
-    if (form.ports.htmlView) ConnectHtmlView(form);
 
     // No command either: it is remembered while one runs.
     form.ports.fileWatch->onChanged = [&form] { fsBook_Changed(form); };

@@ -79,7 +79,7 @@ bool MayBeGone(const MainForm& form, int index, std::uint64_t size) {
 }
 
 // Index 0 may be the book in the view, whose file has been moved: it is shown anew.
-void Take(MainForm& form, int index, const std::u16string& path) {
+void ApplyMove(MainForm& form, int index, const std::u16string& path) {
     IniBatch oneWrite(*form.dataFile);
     if (index == 0 && IsShownBookListed(form)) {
         SaveBookState(form, 0);
@@ -101,7 +101,7 @@ int TakeOverMovedBook(MainForm& form, BookFile& file) {
     }
     if (found < 0) return -1;
     const std::u16string from(FolderOf(GetBookPath(form.history, found)));
-    Take(form, found, file.path);
+    ApplyMove(form, found, file.path);
     const std::u16string_view to = FolderOf(file.path);
     if (from != to) form.moved = MovedFolder{MoveOf(from, to), 0};
     return found;
@@ -129,7 +129,7 @@ bool LookFor(MainForm& form, int index, const FolderMove& move) {
     if (now.empty() || IsNetworkPath(now)) return false;
     const bool found = files.FileExists(now) && !files.FileExists(path) &&
                        FindInHistory(form.history, now) < 0 && IsTheMoved(form, index, now);
-    if (found) Take(form, index, now);
+    if (found) ApplyMove(form, index, now);
     return true;
 }
 } // namespace

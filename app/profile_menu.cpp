@@ -45,7 +45,7 @@ void Refuse(MainForm& form, const std::u16string& reason) {
 }
 
 // Without the data file there is nothing to switch to.
-bool IsUnreadRefused(MainForm& form) {
+bool RefuseWhileUnread(MainForm& form) {
     if (!form.dataFile->IsUnread()) return false;
     form.reportedTrouble.reported.erase(IniTrouble::Unread);
     ReportTrouble(form, IniTrouble::Unread);
@@ -54,7 +54,7 @@ bool IsUnreadRefused(MainForm& form) {
 } // namespace
 
 void mUserNew_Click(MainForm& form, int) {
-    if (IsUnreadRefused(form)) return;
+    if (RefuseWhileUnread(form)) return;
     const auto title = PlainCaption(form.menu.mUserNew[0]);
     const auto name = ProfileName(form.ports.dialogs->AskText(title, u"Enter new user name:"));
     if (!IsSupportedName(name)) return Refuse(form, u"You tried to use unsupported character(s).");
@@ -65,7 +65,7 @@ void mUserNew_Click(MainForm& form, int) {
 }
 
 void mUserDeleteList_Click(MainForm& form, int index) {
-    if (IsUnreadRefused(form)) return;
+    if (RefuseWhileUnread(form)) return;
     if (!ConfirmLoss(form.messages, u"All data of the profile will be lost.")) return;
     MenuArray& list = form.menu.mProfileList;
     list.items.erase(list.items.begin() + index);
@@ -74,6 +74,6 @@ void mUserDeleteList_Click(MainForm& form, int index) {
 }
 
 void mProfileList_Click(MainForm& form, int index) {
-    if (!form.menu.mProfileList[index].checked && !IsUnreadRefused(form))
+    if (!form.menu.mProfileList[index].checked && !RefuseWhileUnread(form))
         SwitchToProfile(form, index);
 }

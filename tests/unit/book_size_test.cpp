@@ -50,7 +50,7 @@ TEST_CASE("open: large books, and the largest plain text that the view can show"
     CHECK(test.View().TextRange(0, 20) == u"also all");
 }
 
-TEST_CASE("open: a book that memory does not hold is told, and keeps its record") {
+TEST_CASE("open: a book that memory does not hold is reported, and keeps its record") {
     TestForm test;
     test.form.ports.textView = std::make_unique<SmallTextView>();
     test.PutDataFile("[mProfileList]\r\n0=A\r\n[A\\mFileList]\r\n/b/"
@@ -60,9 +60,8 @@ TEST_CASE("open: a book that memory does not hold is told, and keeps its record"
     REQUIRE(test.Start());
     REQUIRE(test.Dialogs().messages.size() == 1);
     CHECK(test.Dialogs().messages[0].text == u"There is not enough memory for this.");
-    CHECK_FALSE(test.form.LoadingBook);
-    CHECK_FALSE(test.form.ProfileChanging);
-    CHECK_FALSE(test.form.ProfileSwitching);
+    CHECK_FALSE(test.form.profileChanging);
+    CHECK_FALSE(test.form.profileSwitching);
     test.Timer().Tick(60);
     test.Close();
     CHECK(test.DataFile().find("=77=9==") != std::string::npos);
@@ -79,7 +78,7 @@ TEST_CASE("open: a refresh that memory does not hold leaves no flag behind") {
     test.Menus().Open(test.Menu().mView);
     test.Menus().Click(test.Menu().mViewRefresh);
     REQUIRE(test.Dialogs().messages.size() == 1);
-    CHECK_FALSE(test.form.Refreshing);
+    CHECK_FALSE(test.form.refreshing);
     OpenBook(test.form, u"/b/b.txt");
     CHECK(test.DataFile().find("\r\n/b/b.txt=2026") < test.DataFile().find("\r\n/b/a.txt="));
 }
