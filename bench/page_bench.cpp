@@ -16,13 +16,13 @@
 
 namespace {
 constexpr int windowsLatin = 1252;
-constexpr int fewestRuns = 3;
+constexpr int minRuns = 3;
 
 // Milliseconds of the processor, the least of some runs: the machine may have other work.
 template <typename Work>
 double ProcessorTime(Work work) {
     double least = 0;
-    for (int run = 0; run < fewestRuns; ++run) {
+    for (int run = 0; run < minRuns; ++run) {
         const std::clock_t start = std::clock();
         work();
         const double time = 1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;

@@ -17,12 +17,12 @@ void Keep(const Value& value) {
 template <typename Work>
 double Time(Work work) {
     using Ticks = std::chrono::steady_clock;
-    constexpr auto longest = std::chrono::milliseconds(400);
-    constexpr std::size_t fewest = 9, most = 400;
+    constexpr auto maxTime = std::chrono::milliseconds(400);
+    constexpr std::size_t minRuns = 9, maxRuns = 400;
     work();
     std::vector<double> times;
     const auto begin = Ticks::now();
-    while (times.size() < fewest || (times.size() < most && Ticks::now() - begin < longest)) {
+    while (times.size() < minRuns || (times.size() < maxRuns && Ticks::now() - begin < maxTime)) {
         const auto start = Ticks::now();
         work();
         times.push_back(std::chrono::duration<double, std::milli>(Ticks::now() - start).count());

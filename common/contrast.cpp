@@ -48,8 +48,8 @@ bool IsReadable(Color text, Color background) {
 }
 
 bool CanBeSeen(Color line, Color background) {
-    constexpr int least = 80; // of a difference in brightness
-    return std::abs(Brightness(line) - Brightness(background)) >= least;
+    constexpr int minDifference = 80; // in brightness
+    return std::abs(Brightness(line) - Brightness(background)) >= minDifference;
 }
 
 Color LegibleOn(Color background) {

@@ -59,13 +59,13 @@ constexpr std::size_t blockSize = 32;
 // Whether one of the first forms stands in the 32 units from `begins` on and one of the last ones
 // at the same place from `ends` on: few blocks of a text pass. Without a branch, so that the
 // compiler can ask for several units at once.
-template <std::size_t most>
-bool MayBeginInBlock(const char16_t* begins, const char16_t* ends, std::array<char16_t, most> first,
-                     std::array<char16_t, most> last) {
+template <std::size_t maxForms>
+bool MayBeginInBlock(const char16_t* begins, const char16_t* ends,
+                     std::array<char16_t, maxForms> first, std::array<char16_t, maxForms> last) {
     char16_t found = 0;
     for (std::size_t i = 0; i < blockSize; ++i) {
         char16_t begin = 0, end = 0;
-        for (std::size_t form = 0; form < most; ++form) {
+        for (std::size_t form = 0; form < maxForms; ++form) {
             begin = static_cast<char16_t>(begin | (begins[i] == first[form]));
             end = static_cast<char16_t>(end | (ends[i] == last[form]));
         }
@@ -74,16 +74,16 @@ bool MayBeginInBlock(const char16_t* begins, const char16_t* ends, std::array<ch
     return found != 0;
 }
 
-template <std::size_t most>
-bool IsOneOf(char16_t unit, const std::array<char16_t, most>& forms) {
+template <std::size_t maxForms>
+bool IsOneOf(char16_t unit, const std::array<char16_t, maxForms>& forms) {
     return std::find(forms.begin(), forms.end(), unit) != forms.end();
 }
 
-template <std::size_t most>
-std::array<char16_t, most> First(const std::vector<char16_t>& forms) {
-    std::array<char16_t, most> first;
+template <std::size_t maxForms>
+std::array<char16_t, maxForms> First(const std::vector<char16_t>& forms) {
+    std::array<char16_t, maxForms> first;
     first.fill(forms.front());
-    std::copy_n(forms.begin(), std::min(forms.size(), most), first.begin());
+    std::copy_n(forms.begin(), std::min(forms.size(), maxForms), first.begin());
     return first;
 }
 } // namespace

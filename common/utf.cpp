@@ -96,7 +96,7 @@ bool IsWrongAt(const unsigned char* at) {
 } // namespace
 
 bool IsValidUtf8(std::string_view bytes) {
-    constexpr std::size_t most = 4096;
+    constexpr std::size_t blockSize = 4096;
     const auto* const start = reinterpret_cast<const unsigned char*>(bytes.data());
     const std::size_t size = bytes.size();
     // The ends are looked at slowly: there are no three bytes before, or a sequence may be cut.
@@ -105,7 +105,7 @@ bool IsValidUtf8(std::string_view bytes) {
     if (at < 4) at += ValidUtf8Length(bytes.substr(at, 4));
     if (at < 3) return false;
     while (at < size) {
-        const std::size_t end = std::min(size, at + most);
+        const std::size_t end = std::min(size, at + blockSize);
         unsigned char wrong = 0;
         for (; at < end; ++at)
             wrong = static_cast<unsigned char>(wrong | IsWrongAt(start + at));

@@ -11,11 +11,11 @@ namespace {
 // Of `@charset "name";` in exactly this form at the start; 0 for none.
 int DeclaredCodePage(std::string_view bytes) {
     constexpr std::string_view start = "@charset \"";
-    constexpr std::size_t longest = 64;
+    constexpr std::size_t maxName = 64;
     if (!bytes.starts_with(start)) return 0;
     bytes.remove_prefix(start.size());
     const std::size_t end = bytes.find('"');
-    if (end > longest || bytes.substr(end, 2) != "\";") return 0;
+    if (end > maxName || bytes.substr(end, 2) != "\";") return 0;
     return HtmlLabelCodePage(bytes.substr(0, end));
 }
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 std::optional<int> HtmlInteger(std::u16string_view text) {
-    constexpr int most = 1'000'000;
+    constexpr int maxNumber = 1'000'000;
     constexpr std::size_t maxUnits = 1024; // with blanks and zeros before; some are read often
     text = text.substr(0, maxUnits);
     text.remove_prefix(HtmlSpaceLength(text));
@@ -14,7 +14,7 @@ std::optional<int> HtmlInteger(std::u16string_view text) {
     if (text.empty() || !IsAsciiDigit(text[0])) return std::nullopt;
     int number = 0;
     for (; !text.empty() && IsAsciiDigit(text[0]); text.remove_prefix(1))
-        number = std::min(number * 10 + (text[0] - u'0'), most);
+        number = std::min(number * 10 + (text[0] - u'0'), maxNumber);
     return negative ? -number : number;
 }
 

@@ -29,16 +29,16 @@ Layout ReadLayout(MetaBytes header) {
     for (std::size_t i = 0; hasMasks && i < 3; ++i)
         layout.masks[i] = header.U32(infoHeaderSize + 4 * i);
     if (hasMasks && size == infoHeaderSize) layout.paletteAt += 12;
-    const std::size_t most = layout.bits <= 8 ? std::size_t{1} << layout.bits : 0;
-    layout.paletteColors = colors == 0 ? most : std::min<std::size_t>(colors, 256);
+    const std::size_t maxColors = layout.bits <= 8 ? std::size_t{1} << layout.bits : 0;
+    layout.paletteColors = colors == 0 ? maxColors : std::min<std::size_t>(colors, 256);
     return layout;
 }
 
 std::uint32_t Scaled(std::uint32_t pixel, std::uint32_t mask) {
     if (mask == 0) return 0;
     const int shift = std::countr_zero(mask);
-    const std::uint64_t most = mask >> shift;
-    return static_cast<std::uint32_t>(std::uint64_t{(pixel & mask) >> shift} * 255 / most);
+    const std::uint64_t maxValue = mask >> shift;
+    return static_cast<std::uint32_t>(std::uint64_t{(pixel & mask) >> shift} * 255 / maxValue);
 }
 
 class Row {
@@ -98,8 +98,9 @@ MetaImage ReadBitmap(MetaBytes header, MetaBytes bits, std::size_t maxPixels) {
     const Layout layout = ReadLayout(header);
     const std::int64_t height = std::abs(layout.height);
     MetaImage image;
-    const std::int64_t most = std::min<std::int64_t>(static_cast<std::int64_t>(maxPixels), 1 << 28);
-    if (!IsKnown(layout) || layout.width <= 0 || height == 0 || height > most / layout.width)
+    const std::int64_t maxArea =
+        std::min<std::int64_t>(static_cast<std::int64_t>(maxPixels), 1 << 28);
+    if (!IsKnown(layout) || layout.width <= 0 || height == 0 || height > maxArea / layout.width)
         return image;
     const auto width = static_cast<std::size_t>(layout.width);
     const std::size_t stride = (width * layout.bits + 31) / 32 * 4;

@@ -62,8 +62,8 @@ void WriteSelf(const FileDescriptor& file, const std::string& path) {
 }
 
 InstanceClaim ClaimOfHolder(const FileDescriptor& file) {
-    constexpr std::size_t longest = 1024;
-    std::string text(longest, '\0');
+    constexpr std::size_t maxContent = 1024;
+    std::string text(maxContent, '\0');
     const ssize_t got = pread(file.Number(), text.data(), text.size(), 0);
     text.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
     const std::size_t first = text.find('\n'), second = text.find('\n', first + 1);

@@ -145,14 +145,14 @@ TextPos WinHtmlView::StartAtTop() {
 }
 
 int WinHtmlView::Percent() const {
-    const auto top = document_.ScrollTop(), most = document_.MaxScrollTop();
-    if (top && most) snapshot_.percent = *top >= *most ? 100 : MulDiv(100, *top, *most);
+    const auto top = document_.ScrollTop(), max = document_.MaxScrollTop();
+    if (top && max) snapshot_.percent = *top >= *max ? 100 : MulDiv(100, *top, *max);
     return snapshot_.percent;
 }
 
 void WinHtmlView::ScrollToPercent(int percent) {
     ApplyZoom();
-    if (const auto most = document_.MaxScrollTop()) ScrollTo(0, (*most * percent + 99) / 100);
+    if (const auto max = document_.MaxScrollTop()) ScrollTo(0, (*max * percent + 99) / 100);
 }
 
 PrintAnswer WinHtmlView::Print(const std::u16string&) {

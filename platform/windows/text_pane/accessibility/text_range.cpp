@@ -60,8 +60,8 @@ HRESULT TextRange::GetAttributeValue(TEXTATTRIBUTEID id, VARIANT* value) noexcep
 HRESULT TextRange::GetText(int maxLength, BSTR* text) noexcept {
     if (maxLength < -1) return E_INVALIDARG;
     return GiveAnswer(*provider_.Get(), text, [&](ReadablePane& pane) {
-        const TextPos most = maxLength < 0 ? maxAnswer : std::min(maxLength, maxAnswer);
-        const std::wstring units = ToWide(ReadableText(pane, In(pane), most));
+        const TextPos limit = maxLength < 0 ? maxAnswer : std::min(maxLength, maxAnswer);
+        const std::wstring units = ToWide(ReadableText(pane, In(pane), limit));
         *text = SysAllocStringLen(units.data(), static_cast<UINT>(units.size()));
         return *text ? S_OK : E_OUTOFMEMORY;
     });
