@@ -40,9 +40,9 @@ class DrawingReader {
         case BeginPath: canvas_.BeginPath(); return true;
         case EndPath: canvas_.EndPath(); return true;
         case CloseFigure: canvas_.CloseFigure(); return true;
-        case FillPath: canvas_.PaintPath(true, false); return true;
-        case StrokePath: canvas_.PaintPath(false, true); return true;
-        case StrokeAndFillPath: canvas_.PaintPath(true, true); return true;
+        case FillPath: canvas_.PaintPath(MetaPaint::Fill); return true;
+        case StrokePath: canvas_.PaintPath(MetaPaint::Stroke); return true;
+        case StrokeAndFillPath: canvas_.PaintPath(MetaPaint::FillAndStroke); return true;
         default: return false;
         }
     }

@@ -61,13 +61,12 @@ bool MetaCanvas::AddCommand(MetaCommand::Kind kind, std::size_t index, double co
     return true;
 }
 
-void MetaCanvas::AddShape(const std::vector<MetaPoints>& contours, bool isClosed, bool hasPen,
-                          bool hasBrush) {
+void MetaCanvas::AddShape(const std::vector<MetaPoints>& contours, bool isClosed, MetaPaint paint) {
     MetaShape shape;
     shape.isClosed = isClosed;
     shape.isWinding = state_.isWinding;
-    shape.hasPen = hasPen && state_.pen.isVisible;
-    shape.hasBrush = hasBrush && state_.brush.isVisible;
+    shape.hasPen = paint != MetaPaint::Fill && state_.pen.isVisible;
+    shape.hasBrush = paint != MetaPaint::Stroke && state_.brush.isVisible;
     shape.isDashed = state_.pen.isDashed;
     shape.penWidth = std::min(1.0, MappedHeight(state_.pen.width));
     shape.pen = state_.pen.color;
@@ -91,7 +90,9 @@ void MetaCanvas::AddShape(const std::vector<MetaPoints>& contours, bool isClosed
 }
 
 void MetaCanvas::Shape(std::vector<MetaPoints> contours, bool isClosed) {
-    if (!isInPath_) return AddShape(contours, isClosed, true, isClosed);
+    if (!isInPath_)
+        return AddShape(contours, isClosed,
+                        isClosed ? MetaPaint::FillAndStroke : MetaPaint::Stroke);
     for (MetaPoints& contour : contours) {
         if (contour.empty() || contour.size() >= pointsLeft_) continue;
         pointsLeft_ -= contour.size() + 1;
@@ -195,13 +196,13 @@ void MetaCanvas::Fill(const MetaBox& place, std::uint32_t rasterOperation) {
                    {place.right, place.top},
                    {place.right, place.bottom},
                    {place.left, place.bottom}}},
-                 true, false, true);
+                 true, MetaPaint::Fill);
     state_.brush = brush;
 }
 
 void MetaCanvas::Pixel(MetaPoint place, Color color) {
     const MetaPen pen = state_.pen;
     state_.pen = {.color = color};
-    AddShape({{place, place}}, false, true, false);
+    AddShape({{place, place}}, false, MetaPaint::Stroke);
     state_.pen = pen;
 }

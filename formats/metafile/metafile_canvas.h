@@ -46,6 +46,8 @@ struct MetaState {
     MetaRect clip;
 };
 
+enum class MetaPaint { Stroke, Fill, FillAndStroke };
+
 class MetaCanvas {
   public:
     // The picture's place in what viewports are measured in.
@@ -77,7 +79,7 @@ class MetaCanvas {
     void BeginPath();
     void EndPath() { isInPath_ = false; }
     void CloseFigure();
-    void PaintPath(bool fills, bool strokes);
+    void PaintPath(MetaPaint paint);
 
     // How many pixels of bitmaps may still be read; reading takes them.
     std::size_t PixelsLeft() const { return pixelsLeft_; }
@@ -91,8 +93,7 @@ class MetaCanvas {
     MetaPoint MappedVector(MetaPoint logical) const;
     double MappedHeight(double logical) const;
     void Shape(std::vector<MetaPoints> contours, bool isClosed);
-    void AddShape(const std::vector<MetaPoints>& contours, bool isClosed, bool hasPen,
-                  bool hasBrush);
+    void AddShape(const std::vector<MetaPoints>& contours, bool isClosed, MetaPaint paint);
     double CoverOf(const MetaBox& box) const; // how much of the picture may be painted over
     bool AddCommand(MetaCommand::Kind kind, std::size_t index, double cover);
 

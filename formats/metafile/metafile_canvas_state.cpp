@@ -89,9 +89,9 @@ void MetaCanvas::CloseFigure() {
     path_.back().push_back(path_.back().front());
 }
 
-void MetaCanvas::PaintPath(bool fills, bool strokes) {
+void MetaCanvas::PaintPath(MetaPaint paint) {
     isInPath_ = false;
     std::erase_if(path_, [](const MetaPoints& contour) { return contour.size() < 2; });
-    if (!path_.empty()) AddShape(path_, false, strokes, fills);
+    if (!path_.empty()) AddShape(path_, false, paint);
     path_.clear();
 }
