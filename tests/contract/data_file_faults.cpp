@@ -88,16 +88,16 @@ class Program {
     void Close() { test_.Close(); }
 
     std::u16string Title() { return test_.Window().title; }
-    Told WhatWasTold() {
-        Told told = Told::Nothing;
+    Reported WhatWasReported() {
+        Reported reported = Reported::Nothing;
         for (const Message& message : test_.Dialogs().messages) {
-            CHECK(told == Told::Nothing); // in one message
-            told = message.text.find(u"read") != message.text.npos &&
-                           message.text.find(u"cannot be written") == message.text.npos
-                       ? Told::CannotRead
-                       : Told::CannotWrite;
+            CHECK(reported == Reported::Nothing); // in one message
+            reported = message.text.find(u"read") != message.text.npos &&
+                               message.text.find(u"cannot be written") == message.text.npos
+                           ? Reported::CannotRead
+                           : Reported::CannotWrite;
         }
-        return told;
+        return reported;
     }
     bool HasBook(const char* name) {
         const auto order = test_.Order();
@@ -123,7 +123,7 @@ void CheckNextStart(const Place& place) {
     CheckKept(place.dataFile);
     Program next(place.path);
     REQUIRE(next.Start());
-    CHECK(next.WhatWasTold() == Told::Nothing);
+    CHECK(next.WhatWasReported() == Reported::Nothing);
     CHECK(next.Title().starts_with(u"Norvaset [Anna]"));
     next.Close();
     CheckKept(place.dataFile);
@@ -135,7 +135,7 @@ void CheckThereAtStart(const Fault& fault, const fs::path& folder, bool endsWhil
     Program program(place.path);
     REQUIRE(program.Start());
     program.Read();
-    CHECK(program.WhatWasTold() == fault.atStart);
+    CHECK(program.WhatWasReported() == fault.atStart);
     if (endsWhileItRuns) {
         end();
         program.Tick();
@@ -158,7 +158,7 @@ void CheckFaultThatComes(const Fault& fault, const fs::path& folder, bool endsWh
     REQUIRE(program.Start());
     const EndOfFault end = fault.begin(place.dataFile);
     program.Read();
-    CHECK(program.WhatWasTold() == fault.later);
+    CHECK(program.WhatWasReported() == fault.later);
     CHECK(program.HasBook("second.txt"));
     if (endsWhileItRuns) {
         end();
@@ -219,7 +219,7 @@ void CheckBytes(const fs::path& folder) {
             if (!atStart) Write(place.dataFile, c.bytes);
             program.Read();
             program.Close();
-            CHECK(program.WhatWasTold() == Told::Nothing);
+            CHECK(program.WhatWasReported() == Reported::Nothing);
             CheckNextStart(place);
         }
     }
@@ -238,7 +238,7 @@ void CheckLosses(const fs::path& folder) {
             fs::remove(place.dataFile);
         program.Read();
         program.Close();
-        CHECK(program.WhatWasTold() == Told::Nothing);
+        CHECK(program.WhatWasReported() == Reported::Nothing);
         CheckNextStart(place);
     }
 }

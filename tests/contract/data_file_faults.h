@@ -12,13 +12,13 @@
 
 using EndOfFault = std::function<void()>; // the file can be used again
 
-enum class Told { Nothing, CannotRead, CannotWrite };
+enum class Reported { Nothing, CannotRead, CannotWrite };
 
 struct Fault {
     const char* name;
     // Brings the fault to a data file that is there.
     std::function<EndOfFault(const std::filesystem::path& dataFile)> begin;
-    Told atStart, later; // when it is there at the start; when it comes to a running program
+    Reported atStart, later; // when it is there at the start; when it comes to a running program
 };
 
 // The faults of this system, those of the bytes left out.

@@ -85,13 +85,15 @@ std::vector<Fault> FaultsOfSystem() {
     const auto out = [](const fs::path& file) { fs::create_symlink("not mounted/file", file); };
     const auto loop = [](const fs::path& file) { fs::create_symlink(file.filename(), file); };
     return {
-        {"no right to read", ReplacedUnreadable, Told::CannotRead, Told::CannotRead},
-        {"a folder in its place", InItsPlace(folder), Told::CannotRead, Told::CannotRead},
-        {"a pipe in its place", InItsPlace(pipe), Told::CannotRead, Told::CannotRead},
-        {"a link to itself in its place", InItsPlace(loop), Told::CannotRead, Told::CannotRead},
-        {"a link out of reach in its place", InItsPlace(out), Told::CannotRead, Told::CannotRead},
-        {"a read-only file", ReadOnly, Told::Nothing, Told::Nothing},
-        {"no space", NoSpace, Told::CannotWrite, Told::CannotWrite},
+        {"no right to read", ReplacedUnreadable, Reported::CannotRead, Reported::CannotRead},
+        {"a folder in its place", InItsPlace(folder), Reported::CannotRead, Reported::CannotRead},
+        {"a pipe in its place", InItsPlace(pipe), Reported::CannotRead, Reported::CannotRead},
+        {"a link to itself in its place", InItsPlace(loop), Reported::CannotRead,
+         Reported::CannotRead},
+        {"a link out of reach in its place", InItsPlace(out), Reported::CannotRead,
+         Reported::CannotRead},
+        {"a read-only file", ReadOnly, Reported::Nothing, Reported::Nothing},
+        {"no space", NoSpace, Reported::CannotWrite, Reported::CannotWrite},
     };
 }
 
@@ -107,7 +109,7 @@ TEST_CASE("data file on POSIX: a folder that becomes read-only while the program
     const TemporaryFolder folder;
     REQUIRE(chmod(folder.path.c_str(), 0777) == 0);
     const WithoutPrivileges nobody;
-    const Fault fault{"read-only folder", FolderReadOnly, Told::Nothing, Told::CannotWrite};
+    const Fault fault{"read-only folder", FolderReadOnly, Reported::Nothing, Reported::CannotWrite};
     for (const bool endsWhileItRuns : {true, false})
         CheckFaultThatComes(fault, fs::path(folder.path) / (endsWhileItRuns ? "a" : "b"),
                             endsWhileItRuns);

@@ -55,11 +55,11 @@ std::u16string PathOfSystem(const fs::path& path) {
 
 std::vector<Fault> FaultsOfSystem() {
     return {
-        {"held without sharing", ReplacedAndHeld, Told::CannotRead, Told::CannotRead},
-        {"held for reading only", Held<GENERIC_READ, FILE_SHARE_READ>, Told::CannotWrite,
-         Told::CannotWrite},
-        {"a folder in its place", FolderInItsPlace, Told::CannotRead, Told::CannotRead},
-        {"a read-only file", ReadOnly, Told::Nothing, Told::Nothing},
+        {"held without sharing", ReplacedAndHeld, Reported::CannotRead, Reported::CannotRead},
+        {"held for reading only", Held<GENERIC_READ, FILE_SHARE_READ>, Reported::CannotWrite,
+         Reported::CannotWrite},
+        {"a folder in its place", FolderInItsPlace, Reported::CannotRead, Reported::CannotRead},
+        {"a read-only file", ReadOnly, Reported::Nothing, Reported::Nothing},
     };
 }
 

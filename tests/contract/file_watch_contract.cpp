@@ -63,7 +63,7 @@ TEST_CASE("file watch contract: a file that is written, replaced, removed and ma
     });
 }
 
-TEST_CASE("file watch contract: nothing is told of other files, and nothing after the end") {
+TEST_CASE("file watch contract: nothing is reported of other files, and nothing after the end") {
     OnEach(FileWatchBackEnds(), [](FileWatchUnderTest& test) {
         const auto path = test.Path(u"book.txt"), other = test.Path(u"book.txt.dat");
         test.Write(path, "one");

@@ -8,7 +8,7 @@ constexpr std::chrono::seconds maxSilence(60);
 constexpr int pageDown = 34;
 } // namespace
 
-TEST_CASE("html view: a page that hangs is told of, keeps its values and answers no question") {
+TEST_CASE("html view: a page that hangs is reported, keeps its values and answers no question") {
     OnEachEngine([](PageTest& test) {
         test.Open(NumberedParagraphs(400), "<title>Hung</title>");
         test.view.Select({55, 4});

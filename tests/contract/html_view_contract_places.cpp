@@ -163,7 +163,7 @@ TEST_CASE("html view: the source of the selection") {
     });
 }
 
-TEST_CASE("html view: zoom keys of the program are carried out in order and told afterwards") {
+TEST_CASE("html view: zoom keys of the program are carried out in order and reported afterwards") {
     OnEachBackEnd([](PageTest& test) {
         test.Open(NumberedParagraphs(400), plainMargins);
         test.bench.keysDown.clear();
@@ -266,7 +266,8 @@ TEST_CASE("html view: links") {
     });
 }
 
-TEST_CASE("html view: links of all schemes and to all files are told, and only those followed") {
+TEST_CASE(
+    "html view: links of all schemes and to all files are reported, and only those followed") {
     OnEachBackEnd([](PageTest& test) {
         test.Write("song.mp3", "ID3");
         test.Write("frame.htm", "<a href='tel:+1'>call</a>");

@@ -112,7 +112,7 @@ TEST_CASE("instance lock on POSIX: the same file by another path") {
         CHECK(Claim(PathFromNative(data.path + way)) == Result::Own);
 }
 
-TEST_CASE("instance lock on POSIX: another user's is told with their name") {
+TEST_CASE("instance lock on POSIX: another user's is reported with their name") {
     if (geteuid() != 0) return;
     const TemporaryFolder data;
     REQUIRE(chmod(data.path.c_str(), 0777) == 0);

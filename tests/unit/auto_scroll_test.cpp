@@ -53,7 +53,7 @@ TEST_CASE("auto-scroll: plus and minus change its speed, with Shift where plus n
     CHECK(test.ScrollTimer().IsRunning());
 }
 
-TEST_CASE("auto-scroll: its beginning, its speed and its end are told to screen readers") {
+TEST_CASE("auto-scroll: its beginning, its speed and its end are announced to screen readers") {
     ScrollForm test;
     test.Toggle();
     test.Press(PlusKey);
@@ -64,7 +64,7 @@ TEST_CASE("auto-scroll: its beginning, its speed and its end are told to screen 
                                       u"Scrolling has ended."});
 }
 
-TEST_CASE("full screen: its beginning and its end are told to screen readers") {
+TEST_CASE("full screen: its beginning and its end are announced to screen readers") {
     ScrollForm test;
     test.Release(F11Key);
     test.Press(EscapeKey);

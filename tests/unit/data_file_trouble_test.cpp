@@ -135,7 +135,8 @@ TEST_CASE("data file: when it can be read at last, it is, and nothing of either 
     CHECK(test.Dialogs().messages.size() == 1);
 }
 
-TEST_CASE("data file: a write that fails is tried for some seconds, told once, and made up for") {
+TEST_CASE(
+    "data file: a write that fails is tried for some seconds, reported once, and made up for") {
     TestForm test;
     test.PutBook(u"/b/a.txt", NumberedLines(500));
     REQUIRE(test.Start());
@@ -168,7 +169,7 @@ TEST_CASE("data file: a write that fails is tried for some seconds, told once, a
     CHECK(Names(Utf8ToUtf16(test.DataFile()), u"/b/a.txt="));
 }
 
-TEST_CASE("data file: what cannot be written when the program ends is told") {
+TEST_CASE("data file: what cannot be written when the program ends is reported") {
     TestForm test;
     test.PutBook(u"/b/a.txt", NumberedLines(500));
     REQUIRE(test.Start());
@@ -191,7 +192,7 @@ TEST_CASE("data file: what cannot be written when the program ends is told") {
     }
 }
 
-TEST_CASE("data file: one that rights forbid to write is told at the start") {
+TEST_CASE("data file: one that rights forbid to write is reported at the start") {
     TestForm test;
     test.PutDataFile(stored);
     test.Files().readOnlyFolders.insert(u"/app");
@@ -205,7 +206,7 @@ TEST_CASE("data file: one that rights forbid to write is told at the start") {
     CHECK(test.Dialogs().messages.size() == 1);
 }
 
-TEST_CASE("data file: another user's beside the program is left alone, which is told once") {
+TEST_CASE("data file: another user's beside the program is left alone, which is reported once") {
     TestForm test;
     test.PutDataFile(stored);
     test.PutBook(u"/b/a.txt", NumberedLines(500));
@@ -230,8 +231,8 @@ TEST_CASE("data file: it is not kept in a folder for everybody's temporary files
     CHECK(test.form.DataFilePath == u"/home/reader/.local/share/Norvaset/Norvaset.dat");
 }
 
-TEST_CASE(
-    "data file: in use by somebody else, it is told by whom, and nothing is read or written") {
+TEST_CASE("data file: in use by somebody else, the message says by whom, and nothing is read or "
+          "written") {
     TestForm test;
     test.PutDataFile(stored);
     test.Shell().claim = {InstanceClaim::Result::SomebodyElse, u"bert on desk"};

@@ -8,7 +8,7 @@
 #include <new>
 #include <stdexcept>
 
-TEST_CASE("commands: one that fails is told, and the next one runs") {
+TEST_CASE("commands: one that fails is reported, and the next one runs") {
     TestForm test;
     REQUIRE(test.Start());
     RunCommand(test.form, [] { throw std::bad_alloc(); });
@@ -24,8 +24,8 @@ TEST_CASE("commands: one that fails is told, and the next one runs") {
     CHECK(runs == 1);
 }
 
-TEST_CASE(
-    "commands: a failure that cannot even be told holds back neither commands nor the autosave") {
+TEST_CASE("commands: a failure that cannot even be reported holds back neither commands nor the "
+          "autosave") {
     TestForm test;
     test.PutBook(u"/b/a.txt", NumberedLines(300));
     test.form.ports.launch.commandLine = u"/b/a.txt";

@@ -75,7 +75,7 @@ TEST_CASE("help: the Help button of a message opens its topic while the message 
     CHECK(test.Help().page == 1);
 }
 
-TEST_CASE("help: a missing or damaged file is told, and which") {
+TEST_CASE("help: a missing or damaged file is reported, and which") {
     TestForm test;
     test.Start();
     test.Menus().Click(test.Menu().mHelpTopics);

@@ -183,7 +183,7 @@ TEST_CASE("html links: what is looked at or listened to goes to the desktop, aft
     }
 }
 
-TEST_CASE("html links: a file that is not there is told of") {
+TEST_CASE("html links: a file that is not there is reported") {
     HtmlForm test;
     test.PutPage(u"/b/p.htm");
     REQUIRE(test.Start());

@@ -250,7 +250,7 @@ TEST_CASE("html load: a new book takes the present zoom, its size and no place")
     CHECK(test.Record(1)[Field::LastPos] == u"400"); // the book left keeps its place
 }
 
-TEST_CASE("html load: a page whose file is gone or barred is told, and the shown book stays") {
+TEST_CASE("html load: a page whose file is gone or barred is reported, and the shown book stays") {
     HtmlForm test;
     test.PutPage(u"/b/p.htm");
     test.PutPage(u"/b/q.htm");
@@ -274,7 +274,7 @@ TEST_CASE("html load: a page whose file is gone or barred is told, and the shown
     CHECK(test.Record(0)[Field::LastPos] == u"300");
 }
 
-TEST_CASE("html load: a page is told by any of its usual endings") {
+TEST_CASE("html load: a page is recognised by any of its usual endings") {
     for (const char16_t* path : {u"/b/p.htm", u"/b/p.HTML", u"/b/p.xhtml"}) {
         HtmlForm test;
         test.PutPage(path);

@@ -18,7 +18,7 @@ void OpenByDialog(TestForm& test, const std::u16string& path, int filterIndex) {
 }
 } // namespace
 
-TEST_CASE("open: rich text in capitals is told from its content, for All Files only") {
+TEST_CASE("open: rich text in capitals is recognised by its content, for All Files only") {
     TestForm test;
     test.PutBook(u"/b/a.txt", "{\\RTF1 Hello}");
     REQUIRE(test.Start());
@@ -130,7 +130,7 @@ TEST_CASE("open: a listed book moves to the top and the place of the one left is
     CHECK(test.Record(1)[Field::LastPos] == u"");
 }
 
-TEST_CASE("open: a new book has its size, the present look, no place, and starts at the top") {
+TEST_CASE("open: a new book has its size, the present style, no place, and starts at the top") {
     TestForm test;
     test.PutBook(u"/b/a.txt", NumberedLines(300));
     test.PutBook(u"/b/b.txt", "12345");
@@ -189,7 +189,7 @@ TEST_CASE(
     CHECK(next.View().TextRange(0, 6) == u"energy");
 }
 
-TEST_CASE("open: what cannot be opened is told, and nothing changes") {
+TEST_CASE("open: what cannot be opened is reported, and nothing changes") {
     TestForm test;
     test.PutBook(u"/b/a.txt", "shown");
     test.PutBook(u"/b/locked.txt");
@@ -268,7 +268,7 @@ TEST_CASE("open: a book that vanished while the list still offers it leaves the 
     CHECK_FALSE(test.Menu().mFileList[1].enabled);
 }
 
-TEST_CASE("open: an HTML book without an HTML view is told, and the shown book stays") {
+TEST_CASE("open: an HTML book without an HTML view is reported, and the shown book stays") {
     TestForm test;
     test.form.ports.htmlView.reset();
     test.PutBook(u"/b/a.txt", "shown");

@@ -222,7 +222,7 @@ TEST_CASE("page pane: what is not shown has a place beside what is") {
     CHECK(bench.view.SelectedText() == u"three");
 }
 
-TEST_CASE("page pane: a file that is not there is told of in the page's place") {
+TEST_CASE("page pane: a file that is not there is reported in the page's place") {
     NoneClock clock;
     NoneFiles files{clock};
     PagePaneBench view(files);

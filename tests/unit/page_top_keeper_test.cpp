@@ -62,7 +62,7 @@ class TopBench {
 };
 } // namespace
 
-TEST_CASE("page top: a height far down is told as it was asked for until it is reached") {
+TEST_CASE("page top: a height far down is reported as it was asked for until it is reached") {
     constexpr int place = 2000 * paragraphHeight;
     TopBench bench;
     bench.window.look = 1ms;
@@ -80,7 +80,7 @@ TEST_CASE("page top: a height far down is told as it was asked for until it is r
     CHECK(bench.Top().start == bench.StartOf(2000));
 }
 
-TEST_CASE("page top: it is told at once, and its pixel when all above has been measured") {
+TEST_CASE("page top: it is reported at once, and its pixel when all above has been measured") {
     TopBench bench;
     bench.window.look = 1ms;
     bench.top.BringToTop(bench.View(), {.start = bench.StartOf(700), .above = 5});

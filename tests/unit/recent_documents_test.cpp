@@ -18,7 +18,7 @@ struct Opening : TestForm {
 };
 } // namespace
 
-TEST_CASE("recent documents: a book is told a second after it was opened, once") {
+TEST_CASE("recent documents: a book is reported a second after it was opened, once") {
     Opening test;
     OpenBook(test.form, u"/b/a.txt", BookKind::Text);
     CHECK(test.Told().empty());
@@ -29,7 +29,7 @@ TEST_CASE("recent documents: a book is told a second after it was opened, once")
     CHECK(test.Told().size() == 1);
 }
 
-TEST_CASE("recent documents: of books opened one after the other the last is told") {
+TEST_CASE("recent documents: of books opened one after the other the last is reported") {
     Opening test;
     for (const char16_t* path : {u"/b/a.txt", u"/b/b.txt", u"/b/c.txt"})
         OpenBook(test.form, path, BookKind::Text);
@@ -40,7 +40,7 @@ TEST_CASE("recent documents: of books opened one after the other the last is tol
     CHECK(test.Told() == Paths{u"/b/c.txt", u"/b/b.txt"});
 }
 
-TEST_CASE("recent documents: a book that cannot be opened is not told") {
+TEST_CASE("recent documents: a book that cannot be opened is not reported") {
     Opening test;
     OpenBook(test.form, u"/b/gone.txt", BookKind::Text);
     test.Timer().Tick(5);

@@ -27,7 +27,7 @@ void CheckTexts(const TextCase (&cases)[count]) {
 
 } // namespace
 
-TEST_CASE("rtf reader: tells rich text by its start") {
+TEST_CASE("rtf reader: recognises rich text by its start") {
     for (const std::string_view good : {"{\\rtf1}", "{\\rtf", "{\\RTF1}", " \r\n\t{\\rtf1}",
                                         "\xEF\xBB\xBF{\\rtf1}", "\xEF\xBB\xBF\n{\\Rtf1}"}) {
         CAPTURE(good);

@@ -108,7 +108,7 @@ TEST_CASE("start-up: a second instance hands its book over and ends without a wo
     CHECK(test.Dialogs().messages.empty());
 }
 
-TEST_CASE("start-up: a first one that does not answer is told of after three seconds") {
+TEST_CASE("start-up: a first one that does not answer is reported after three seconds") {
     for (const HandOver answer : {HandOver::NoAnswer, HandOver::NobodyThere}) {
         TestForm test;
         test.Shell().claim.result = InstanceClaim::Result::Own;
@@ -302,7 +302,7 @@ TEST_CASE("start-up: a book on the command line opens in place of the last one")
     CHECK(third.Window().title == u"Norvaset [Default] - /b/given.txt");
 }
 
-TEST_CASE("start-up: a missing book on the command line is told, and the last one opens") {
+TEST_CASE("start-up: a missing book on the command line is reported, and the last one opens") {
     TestForm first;
     first.PutBook(u"/b/a.txt");
     REQUIRE(first.Start());

@@ -38,7 +38,7 @@ TEST_CASE("update check: nothing is fetched unless asked") {
     CHECK(test.Update().fetched.empty());
 }
 
-TEST_CASE("update check: a failure is told as an error") {
+TEST_CASE("update check: a failure is reported as an error") {
     Checking test;
     for (const std::string& bytes : {std::string(), File("9.9"), std::string("<html>")})
         test.Check(FetchStatus::Ok, bytes);
