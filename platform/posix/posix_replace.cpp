@@ -19,18 +19,18 @@
 namespace {
 
 // "Norvaset.dat.1234.new": the target's name, the writer's process id.
-constexpr std::string_view TemporaryEnd = ".new";
+constexpr std::string_view temporaryEnd = ".new";
 
 std::string TemporaryName(const std::string& target) {
-    return target + "." + std::to_string(getpid()) + std::string(TemporaryEnd);
+    return target + "." + std::to_string(getpid()) + std::string(temporaryEnd);
 }
 
 // The process id in the name of a temporary file of `target`, both without folder.
 std::optional<pid_t> WriterOf(std::string_view name, std::string_view target) {
-    if (!name.starts_with(target) || !name.ends_with(TemporaryEnd)) return std::nullopt;
-    if (name.size() < target.size() + 1 + TemporaryEnd.size()) return std::nullopt;
+    if (!name.starts_with(target) || !name.ends_with(temporaryEnd)) return std::nullopt;
+    if (name.size() < target.size() + 1 + temporaryEnd.size()) return std::nullopt;
     name.remove_prefix(target.size());
-    name.remove_suffix(TemporaryEnd.size());
+    name.remove_suffix(temporaryEnd.size());
     if (name.front() != '.') return std::nullopt;
     name.remove_prefix(1);
     pid_t writer = 0;

@@ -6,8 +6,8 @@
 
 namespace {
 
-constexpr std::uint64_t NoLimit = 1u << 30;
-constexpr DateTime LongAgo{1999, 12, 31, 23, 59, 58};
+constexpr std::uint64_t noLimit = 1u << 30;
+constexpr DateTime longAgo{1999, 12, 31, 23, 59, 58};
 
 void CheckQuestions(FilesUnderTest& test) {
     Files& files = test.Port();
@@ -29,10 +29,10 @@ void CheckQuestions(FilesUnderTest& test) {
         CHECK_FALSE(files.FolderIsPublic(path));
         CHECK_FALSE(files.Version(path));
         CHECK_FALSE(files.Time(path, FileTime::LastWrite));
-        CHECK_FALSE(files.SetTime(path, LongAgo, FileTime::LastWrite));
+        CHECK_FALSE(files.SetTime(path, longAgo, FileTime::LastWrite));
         CHECK_FALSE(files.SameFile(path, path));
         std::string bytes = "as it was";
-        CHECK(files.Read(path, NoLimit, bytes) == ReadStatus::NotFound);
+        CHECK(files.Read(path, noLimit, bytes) == ReadStatus::NotFound);
         CHECK(bytes == "as it was");
     }
     CHECK(files.SameFile(file, file));
@@ -65,7 +65,7 @@ void CheckReading(FilesUnderTest& test) {
     REQUIRE(files.Replace(file, content, WriteTime::Now));
     std::string bytes = "as it was";
     CHECK(files.Read(file, content.size() - 1, bytes) == ReadStatus::TooLarge);
-    CHECK(files.Read(test.Root(), NoLimit, bytes) == ReadStatus::NotAFile);
+    CHECK(files.Read(test.Root(), noLimit, bytes) == ReadStatus::NotAFile);
     CHECK(bytes == "as it was");
     CHECK(files.Read(file, content.size(), bytes) == ReadStatus::Ok);
     CHECK((bytes == content));
@@ -109,7 +109,7 @@ void CheckReplacing(FilesUnderTest& test) {
     for (const std::size_t size : {std::size_t(10), std::size_t(3'000'000), std::size_t(0)}) {
         CHECK(files.Replace(file, std::string(size, 'x'), WriteTime::Now));
         std::string bytes;
-        CHECK(files.Read(file, NoLimit, bytes) == ReadStatus::Ok);
+        CHECK(files.Read(file, noLimit, bytes) == ReadStatus::Ok);
         CHECK((bytes == std::string(size, 'x')));
     }
     CHECK(test.NamesIn(test.Root()) == std::vector<std::u16string>{u"Книга “1”.dat"});
@@ -133,20 +133,20 @@ void CheckAttributes(FilesUnderTest& test) {
     CHECK(files.Replace(file, "old", WriteTime::Keep)); // there is no time to keep yet
     CHECK_FALSE(test.IsReadOnly(file));
     test.MakeReadOnly(file);
-    REQUIRE(files.SetTime(file, LongAgo, FileTime::LastWrite));
+    REQUIRE(files.SetTime(file, longAgo, FileTime::LastWrite));
     const auto before = files.Version(file);
 
     CHECK(files.MayReplace(file));
     CHECK(files.Replace(file, "new", WriteTime::Keep));
     CHECK(test.IsReadOnly(file));
-    CHECK(files.Time(file, FileTime::LastWrite) == LongAgo);
+    CHECK(files.Time(file, FileTime::LastWrite) == longAgo);
     CHECK(files.Version(file)->lastWrite == before->lastWrite);
 
     CHECK(files.Replace(file, "newer", WriteTime::Now));
     CHECK(test.IsReadOnly(file));
-    CHECK(files.Time(file, FileTime::LastWrite) != LongAgo);
+    CHECK(files.Time(file, FileTime::LastWrite) != longAgo);
     std::string bytes;
-    CHECK(files.Read(file, NoLimit, bytes) == ReadStatus::Ok);
+    CHECK(files.Read(file, noLimit, bytes) == ReadStatus::Ok);
     CHECK(bytes == "newer");
 }
 
@@ -164,7 +164,7 @@ void CheckVersions(FilesUnderTest& test) {
     const auto second = files.Version(file);
     CHECK(second != first);
     CHECK(second->size == 2);
-    REQUIRE(files.SetTime(file, LongAgo, FileTime::LastWrite));
+    REQUIRE(files.SetTime(file, longAgo, FileTime::LastWrite));
     CHECK(files.Version(file) != second);
 }
 
@@ -173,14 +173,14 @@ void CheckStamps(FilesUnderTest& test) {
     const std::u16string file = test.Path(u"a.dat");
     REQUIRE(files.Replace(file, "1", WriteTime::Now));
     const DateTime summer{2020, 7, 1, 12, 0, 0};
-    CHECK(files.SetTime(file, LongAgo, FileTime::LastWrite));
+    CHECK(files.SetTime(file, longAgo, FileTime::LastWrite));
     CHECK(files.SetTime(file, summer, FileTime::LastAccess));
-    CHECK(files.Time(file, FileTime::LastWrite) == LongAgo);
+    CHECK(files.Time(file, FileTime::LastWrite) == longAgo);
     CHECK(files.Time(file, FileTime::LastAccess) == summer);
     const auto creation = files.Time(file, FileTime::Creation);
     if (creation && test.KnowsCreationTimes()) CHECK(creation->year > 2020);
     std::string bytes;
-    CHECK(files.Read(file, NoLimit, bytes) == ReadStatus::Ok);
+    CHECK(files.Read(file, noLimit, bytes) == ReadStatus::Ok);
     CHECK(bytes == "1");
 }
 

@@ -25,6 +25,11 @@ class FilesUnderTest {
     // False where the system makes up a creation time from the others.
     virtual bool KnowsCreationTimes() { return true; }
 
+    std::string BytesOf(const std::u16string& path) {
+        std::string bytes;
+        CHECK(Port().Read(path, 1u << 30, bytes) == ReadStatus::Ok);
+        return bytes;
+    }
     std::u16string Path(const std::u16string& name) { return Root() + Port().Separator() + name; }
 };
 

@@ -23,7 +23,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::uint64_t NoLimit = 1u << 30;
+constexpr std::uint64_t noLimit = 1u << 30;
 
 class PosixUnderTest : public FilesUnderTest {
   public:
@@ -50,11 +50,6 @@ class PosixUnderTest : public FilesUnderTest {
         struct stat status {};
         REQUIRE(lstat(Native(path).c_str(), &status) == 0);
         return status;
-    }
-    std::string BytesOf(const std::u16string& path) {
-        std::string bytes;
-        CHECK(files_.Read(path, NoLimit, bytes) == ReadStatus::Ok);
-        return bytes;
     }
 
   private:
@@ -148,7 +143,7 @@ TEST_CASE("files on POSIX: what is no regular file is neither read nor replaced"
     REQUIRE(bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0);
     for (const char16_t* name : {u"pipe", u"device", u"socket"}) {
         std::string bytes = "as it was";
-        CHECK(test.Port().Read(test.Path(name), NoLimit, bytes) == ReadStatus::NotAFile);
+        CHECK(test.Port().Read(test.Path(name), noLimit, bytes) == ReadStatus::NotAFile);
         CHECK(bytes == "as it was");
         CHECK_FALSE(test.Port().Replace(test.Path(name), "x", WriteTime::Now));
         CHECK(test.Port().FileExists(test.Path(name))); // it is there, and no folder
@@ -192,7 +187,7 @@ TEST_CASE("files on POSIX: rights") {
     REQUIRE(test.Port().Replace(secret, "1", WriteTime::Now));
     REQUIRE(chmod(test.Native(secret).c_str(), 0) == 0);
     std::string bytes;
-    CHECK(test.Port().Read(secret, NoLimit, bytes) == ReadStatus::Denied);
+    CHECK(test.Port().Read(secret, noLimit, bytes) == ReadStatus::Denied);
     REQUIRE(test.Port().CreateFolder(folder));
     REQUIRE(test.Port().Replace(inside, "old", WriteTime::Now));
     REQUIRE(chmod(test.Native(folder).c_str(), 0555) == 0);
@@ -252,7 +247,7 @@ TEST_CASE("files on POSIX: a file whose size is no guide") {
     std::string bytes;
     PosixFiles files;
     // Of size 0 as the system says, and yet not empty.
-    CHECK(files.Read(u"/proc/self/status", NoLimit, bytes) == ReadStatus::Ok);
+    CHECK(files.Read(u"/proc/self/status", noLimit, bytes) == ReadStatus::Ok);
     CHECK(bytes.size() > 100);
     CHECK(files.Read(u"/proc/self/status", 100, bytes) == ReadStatus::TooLarge);
 }

@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr std::uint64_t NoLimit = 1u << 30;
+constexpr std::uint64_t noLimit = 1u << 30;
 
 class WinUnderTest : public FilesUnderTest {
   public:
@@ -42,11 +42,6 @@ class WinUnderTest : public FilesUnderTest {
         const DWORD attributes = GetFileAttributesW(ToWide(file).c_str());
         REQUIRE(attributes != INVALID_FILE_ATTRIBUTES);
         return attributes;
-    }
-    std::string BytesOf(const std::u16string& path) {
-        std::string bytes;
-        CHECK(files_.Read(path, NoLimit, bytes) == ReadStatus::Ok);
-        return bytes;
     }
 
   private:
@@ -84,7 +79,7 @@ TEST_CASE("windows files: a device, a pipe or a mailslot is neither read nor rep
              u"COM1", u"\\\\.\\C:", u"\\\\.\\PhysicalDrive0", u"\\\\?\\GLOBALROOT\\Device\\Null"}) {
         CAPTURE(std::string(path.begin(), path.end()));
         std::string bytes = "as it was";
-        CHECK(test.Port().Read(path, NoLimit, bytes) == ReadStatus::NotAFile);
+        CHECK(test.Port().Read(path, noLimit, bytes) == ReadStatus::NotAFile);
         CHECK(test.Port().ReadStart(path, 10, bytes) == ReadStatus::NotAFile);
         CHECK(bytes == "as it was");
         CHECK_FALSE(test.Port().FileExists(path));
@@ -94,7 +89,7 @@ TEST_CASE("windows files: a device, a pipe or a mailslot is neither read nor rep
     }
     for (const char16_t* name : {u"NUL", u"con", u"COM1.txt"}) { // a device before Windows 11
         std::string bytes;
-        CHECK(test.Port().Read(test.Path(name), NoLimit, bytes) != ReadStatus::Ok);
+        CHECK(test.Port().Read(test.Path(name), noLimit, bytes) != ReadStatus::Ok);
     }
 }
 
@@ -132,7 +127,7 @@ TEST_CASE("windows files: a path of any length") {
     CHECK(test.Port().SetTime(file, {2001, 2, 3, 4, 5, 6}, FileTime::LastWrite));
     CHECK(test.Port().Time(file, FileTime::LastWrite) == DateTime{2001, 2, 3, 4, 5, 6});
     std::string bytes;
-    CHECK(test.Port().Read(file + std::u16string(40'000, u'x'), NoLimit, bytes) ==
+    CHECK(test.Port().Read(file + std::u16string(40'000, u'x'), noLimit, bytes) ==
           ReadStatus::NotFound);
 }
 
@@ -177,7 +172,7 @@ TEST_CASE("windows files: another program has the book open") {
     const WinHandle alone = OpenAs(file, GENERIC_READ | GENERIC_WRITE, 0);
     REQUIRE(alone.IsOpen());
     std::string bytes = "as it was";
-    CHECK(test.Port().Read(file, NoLimit, bytes) == ReadStatus::Denied);
+    CHECK(test.Port().Read(file, noLimit, bytes) == ReadStatus::Denied);
     CHECK(bytes == "as it was");
     CHECK(test.Port().FileExists(file));
     CHECK(test.Port().Version(file));

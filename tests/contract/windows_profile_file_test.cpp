@@ -13,8 +13,8 @@
 
 namespace {
 
-constexpr unsigned FileCount = 2'000, OperationsPerFile = 4, QuestionCount = 2;
-constexpr std::size_t BufferSize = 32'767; // units: more than any section here has
+constexpr unsigned fileCount = 2'000, operationsPerFile = 4, questionCount = 2;
+constexpr std::size_t bufferSize = 32'767; // units: more than any section here has
 
 using Lines = std::vector<std::u16string>;
 
@@ -42,16 +42,16 @@ class SystemProfile {
 
     std::optional<std::u16string> Value(const std::wstring& section, const std::wstring& key) {
         static constexpr wchar_t none[] = L"\x7Fnone";
-        std::wstring buffer(BufferSize, L'\0');
+        std::wstring buffer(bufferSize, L'\0');
         buffer.resize(GetPrivateProfileStringW(section.c_str(), key.c_str(), none, buffer.data(),
-                                               BufferSize, path_.c_str()));
+                                               bufferSize, path_.c_str()));
         if (buffer == none) return std::nullopt;
         return FromWide(buffer);
     }
     Lines SectionLines(const std::wstring& section) {
-        std::wstring buffer(BufferSize, L'\0');
+        std::wstring buffer(bufferSize, L'\0');
         buffer.resize(
-            GetPrivateProfileSectionW(section.c_str(), buffer.data(), BufferSize, path_.c_str()));
+            GetPrivateProfileSectionW(section.c_str(), buffer.data(), bufferSize, path_.c_str()));
         Lines lines;
         for (std::size_t at = 0; at < buffer.size() && buffer[at] != L'\0';) {
             const std::wstring line = buffer.c_str() + at;
@@ -160,7 +160,7 @@ void Compare(const std::wstring& path, Generator& names) {
     const ProfileFile engine = EngineOn(path);
     SystemProfile system(path);
     INFO(engine.ToBytes());
-    for (unsigned i = 0; i < QuestionCount; ++i) {
+    for (unsigned i = 0; i < questionCount; ++i) {
         const std::string section = names.Section(), key = names.Key();
         CAPTURE(section);
         CAPTURE(key);
@@ -208,7 +208,7 @@ void Change(ProfileFile& engine, SystemProfile& system, Generator& choose) {
 
 TEST_CASE("windows profile file: engine and system read the same") {
     const TemporaryFolder folder;
-    for (unsigned seed = 0; seed < FileCount; ++seed) {
+    for (unsigned seed = 0; seed < fileCount; ++seed) {
         CAPTURE(seed);
         Generator generate(seed);
         // A name of its own each time: the system may keep what it knows of a file by its name.
@@ -239,7 +239,7 @@ TEST_CASE("windows profile file: a file in the system's code page") {
 
 TEST_CASE("windows profile file: each reads what the other wrote") {
     const TemporaryFolder folder;
-    for (unsigned seed = 0; seed < FileCount; ++seed) {
+    for (unsigned seed = 0; seed < fileCount; ++seed) {
         CAPTURE(seed);
         Generator generate(seed);
         const std::string before = generate.File();
@@ -249,7 +249,7 @@ TEST_CASE("windows profile file: each reads what the other wrote") {
         Write(theirs, before);
         ProfileFile engine = ProfileFile::Parse(before, 0, DecodeAnsi);
         SystemProfile system(theirs);
-        for (unsigned i = 0; i < OperationsPerFile; ++i) {
+        for (unsigned i = 0; i < operationsPerFile; ++i) {
             Change(engine, system, generate);
             CompareEngines(engine, EngineOn(theirs));
         }

@@ -64,17 +64,17 @@ struct Store {
         CHECK(files.Read(path, 1u << 30, bytes) == ReadStatus::Ok);
         return bytes;
     }
-    std::u16string Key() { return IniReadString(ini, StateSection, u"key7"); }
+    std::u16string Key() { return IniReadString(ini, stateSection, u"key7"); }
 };
 
 void CheckNothingIsWritten(Store& store) {
     CHECK_FALSE(store.files.Replace(store.path, StateBytes(2), WriteTime::Now));
     WriteState(store.ini, 2);
     SUBCASE("each key by itself") {
-        IniWriteString(store.ini, StateSection, u"key7", u"2");
+        IniWriteString(store.ini, stateSection, u"key7", u"2");
     }
     SUBCASE("keeping the time") {
-        IniWriteString(store.ini, StateSection, u"key7", u"2", WriteTime::Keep);
+        IniWriteString(store.ini, stateSection, u"key7", u"2", WriteTime::Keep);
     }
     CHECK((store.Bytes() == StateBytes(1)));
     CHECK(store.ini.Trouble() == IniTrouble::NotWritten);

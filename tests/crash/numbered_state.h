@@ -6,8 +6,8 @@
 
 #include <string>
 
-inline constexpr int KeyCount = 200;
-inline constexpr std::u16string_view StateSection = u"State";
+inline constexpr int keyCount = 200;
+inline constexpr std::u16string_view stateSection = u"State";
 
 // The rest of the file, which no write may touch.
 inline std::string Ballast() {
@@ -26,7 +26,7 @@ inline std::u16string StateValue(int number) {
 inline std::string StateBytes(int number) {
     std::string bytes = Ballast() + "[State]\r\n";
     const std::u16string value = StateValue(number);
-    for (int key = 0; key < KeyCount; ++key) {
+    for (int key = 0; key < keyCount; ++key) {
         bytes +=
             "key" + std::to_string(key) + "=" + std::string(value.begin(), value.end()) + "\r\n";
     }
@@ -35,12 +35,12 @@ inline std::string StateBytes(int number) {
 
 inline void WriteState(IniFile& file, int number) {
     IniBatch batch(file);
-    for (int key = 0; key < KeyCount; ++key) {
-        IniWriteString(file, StateSection, u"key" + NumberText(key), StateValue(number));
+    for (int key = 0; key < keyCount; ++key) {
+        IniWriteString(file, stateSection, u"key" + NumberText(key), StateValue(number));
     }
     batch.Commit();
 }
 
-inline std::u16string NotDecoded(int, std::string_view) {
+inline std::u16string NotDecoded(int, std::string_view) { // all is UTF-8 here
     return {};
-} // all is UTF-8 here
+}

@@ -1,6 +1,7 @@
 #include "formats/plain/plain_text_source.h"
 
 #include "common/utf.h"
+#include "tests/changing_file.h"
 #include "text_samples.h"
 
 #include <doctest/doctest.h>
@@ -63,7 +64,7 @@ TEST_CASE("text source: wide text, cut in pairs and line ends, with and without 
     }
 }
 
-TEST_CASE("text source: UTF-8 is told by all bytes, and may end within a character") {
+TEST_CASE("text source: UTF-8 is recognised by all bytes, and may end within a character") {
     const std::string utf8 = "na\xC3\xAFve and more of it ";
     for (const std::string& bytes : std::vector<std::string>{
              utf8 + "\xE2\x82", utf8 + "\xFF", "only ascii \xE2\x82", utf8 + "\xE2\x82 goes on",
@@ -152,22 +153,6 @@ TEST_CASE("text source: breaks are found across pieces") {
     CHECK(source.Range(-4, 3) == u"ab\n");
     CHECK(source.Range(8, 2) == u"");
 }
-
-namespace {
-// A file whose end, or all that is in it, changes after it was opened.
-class ChangingFile : public FileReader {
-  public:
-    explicit ChangingFile(std::string now) : bytes(std::move(now)), size_(bytes.size()) {}
-    std::uint64_t Size() const override { return size_; }
-    std::size_t ReadAt(std::uint64_t offset, char* to, std::size_t count) const override {
-        return offset < bytes.size() ? bytes.copy(to, count, std::size_t(offset)) : 0;
-    }
-    std::string bytes;
-
-  private:
-    std::uint64_t size_;
-};
-} // namespace
 
 TEST_CASE("text source: a file that shrinks or changes keeps its length in positions") {
     std::string bytes;

@@ -1,5 +1,5 @@
-// What a file that means harm costs: memory in proportion to its size, and as many allocations. Work
-// that allocates nothing shows in the time limit of rtf_fuzzer alone.
+// What a file that means harm costs: memory in proportion to its size, and as many allocations.
+// Work that allocates nothing shows in the time limit of rtf_fuzzer alone.
 #include "allocations.h"
 #include "formats/rtf/rtf_limits.h"
 #include "formats/rtf/rtf_reader.h"

@@ -3,6 +3,7 @@
 
 #include "common/line_ends.h"
 #include "formats/plain/plain_text_source.h"
+#include "tests/changing_file.h"
 
 #include <doctest/doctest.h>
 
@@ -120,26 +121,11 @@ TEST_CASE("qt text view: a text in pieces equals the same text in memory") {
     }
 }
 
-namespace {
-class ShrinkingFile : public FileReader {
-  public:
-    explicit ShrinkingFile(std::string all) : bytes(std::move(all)), size_(bytes.size()) {}
-    std::uint64_t Size() const override { return size_; }
-    std::size_t ReadAt(std::uint64_t offset, char* to, std::size_t count) const override {
-        return offset < bytes.size() ? bytes.copy(to, count, std::size_t(offset)) : 0;
-    }
-    std::string bytes;
-
-  private:
-    std::uint64_t size_;
-};
-} // namespace
-
 TEST_CASE("qt text view: a file that shrinks while it is read is shown as far as it exists") {
     std::string bytes;
     for (int i = 0; i < 20'000; ++i)
         bytes += "line " + std::to_string(i) + "\n";
-    const auto file = std::make_shared<ShrinkingFile>(bytes);
+    const auto file = std::make_shared<ChangingFile>(bytes);
     QtViewBench bench;
     bench.view.LoadText(std::make_shared<PlainTextSource>(file, 0, 1252, 4096));
     const TextPos length = bench.view.TextLength();
