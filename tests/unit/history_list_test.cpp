@@ -9,7 +9,7 @@
 namespace {
 std::u16string CaptionOf(const std::u16string& record) {
     DateNames names;
-    names.ShortMonthNames.fill(u"Jul ");
+    names.shortMonthNames.fill(u"Jul ");
     return HistoryCaption(BookRecord::Parse(record), names, {2026, 11, 21});
 }
 
