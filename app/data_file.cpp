@@ -19,7 +19,7 @@ std::u16string DecodePage(int codePage, std::string_view bytes) {
 }
 
 std::u16string TextOf(const MainForm& form, IniTrouble trouble) {
-    const std::u16string& path = form.DataFilePath;
+    const std::u16string& path = form.dataFilePath;
     switch (trouble) {
     case IniTrouble::None: break;
     case IniTrouble::Unread:
@@ -38,7 +38,7 @@ std::u16string TextOf(const MainForm& form, IniTrouble trouble) {
 } // namespace
 
 std::unique_ptr<IniFile> OpenDataFile(MainForm& form) {
-    return std::make_unique<IniFile>(*form.ports.files, form.DataFilePath,
+    return std::make_unique<IniFile>(*form.ports.files, form.dataFilePath,
                                      form.ports.locale->AnsiCodePage(), DecodePage);
 }
 
@@ -62,11 +62,11 @@ void ReportStartTrouble(MainForm& form, const std::u16string& otherUsersFile) {
             form.messages,
             otherUsersFile +
                 u"\r\nbelongs to another user. Your books and settings are kept in\r\n" +
-                form.DataFilePath,
+                form.dataFilePath,
             helpTopic);
     const IniTrouble trouble = form.dataFile->Trouble();
     const bool unwritable =
-        trouble == IniTrouble::None && !form.ports.files->MayReplace(form.DataFilePath);
+        trouble == IniTrouble::None && !form.ports.files->MayReplace(form.dataFilePath);
     ReportTrouble(form, unwritable ? IniTrouble::NotWritten : trouble);
 }
 

@@ -142,15 +142,15 @@ void LookForMovedBooks(MainForm& form, int maxBooks) {
 }
 
 void KeepPlaceOfDataFile(MainForm& form) {
-    IniWriteString(*form.dataFile, CurrentProfile(form), dataFileKey, form.DataFilePath);
+    IniWriteString(*form.dataFile, CurrentProfile(form), dataFileKey, form.dataFilePath);
 }
 
 bool FollowCarriedDataFile(MainForm& form) {
     IniFile& file = *form.dataFile;
     const std::u16string before = IniReadString(file, CurrentProfile(form), dataFileKey);
-    if (before == form.DataFilePath) return false;
+    if (before == form.dataFilePath) return false;
     IniBatch oneWrite(file);
-    const FolderMove move = MoveOf(FolderOf(before), FolderOf(form.DataFilePath));
+    const FolderMove move = MoveOf(FolderOf(before), FolderOf(form.dataFilePath));
     bool changed = false;
     for (int i = 0; !before.empty() && i < form.history.Count(); ++i) {
         if (form.menu.mFileList[i].enabled) continue;
