@@ -20,7 +20,7 @@ BookSettings SettingsOf(const MainForm&, const BookRecord&);
 bool IsBookShown(const MainForm&);
 
 // Whether its record is that of the book in the view. Not so once that book has been taken off the
-// list: item 0 is then its neighbour, whose place and look are not to be seen.
+// list: item 0 is then its neighbour, whose place and format are not to be shown.
 bool IsShownBookListed(const MainForm&);
 
 // From now on item 0 stands for no book in the view; its next click shows it.

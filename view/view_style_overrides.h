@@ -1,4 +1,4 @@
-// What the look of a view changes of the styles of its text: for a copy of what is shown.
+// What the style of a view changes of the styles of its text: for a copy of what is shown.
 #pragma once
 
 #include "formats/style_overrides.h"

@@ -30,11 +30,11 @@ FolderChanges::FolderChanges(const std::wstring& folder, HWND window, UINT messa
 }
 
 FolderChanges::~FolderChanges() {
-    constexpr DWORD patience = 2000;                          // milliseconds
+    constexpr DWORD timeout = 2000;                           // milliseconds
     if (wait_) UnregisterWaitEx(wait_, INVALID_HANDLE_VALUE); // no call comes any more
     if (!asked_ || HasOverlappedIoCompleted(&request_->overlapped)) return;
     CancelIoEx(folder_.Get(), &request_->overlapped);
-    if (WaitForSingleObject(request_->done.Get(), patience) != WAIT_OBJECT_0 &&
+    if (WaitForSingleObject(request_->done.Get(), timeout) != WAIT_OBJECT_0 &&
         !HasOverlappedIoCompleted(&request_->overlapped))
         static_cast<void>(request_.release());
 }
