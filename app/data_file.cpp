@@ -19,7 +19,7 @@ std::u16string DecodePage(int codePage, std::string_view bytes) {
 }
 
 std::u16string TextOf(const MainForm& form, IniTrouble trouble) {
-    const std::u16string& path = form.dataFilePath;
+    const std::u16string& path = form.DataFilePath;
     switch (trouble) {
     case IniTrouble::None: break;
     case IniTrouble::Unread:
@@ -38,7 +38,7 @@ std::u16string TextOf(const MainForm& form, IniTrouble trouble) {
 } // namespace
 
 std::unique_ptr<IniFile> OpenDataFile(MainForm& form) {
-    return std::make_unique<IniFile>(*form.ports.files, form.dataFilePath,
+    return std::make_unique<IniFile>(*form.ports.files, form.DataFilePath,
                                      form.ports.locale->AnsiCodePage(), DecodePage);
 }
 
@@ -62,11 +62,11 @@ void ReportStartTrouble(MainForm& form, const std::u16string& otherUsersFile) {
             form.messages,
             otherUsersFile +
                 u"\r\nbelongs to another user. Your books and settings are kept in\r\n" +
-                form.dataFilePath,
+                form.DataFilePath,
             helpTopic);
     const IniTrouble trouble = form.dataFile->Trouble();
     const bool unwritable =
-        trouble == IniTrouble::None && !form.ports.files->MayReplace(form.dataFilePath);
+        trouble == IniTrouble::None && !form.ports.files->MayReplace(form.DataFilePath);
     ReportTrouble(form, unwritable ? IniTrouble::NotWritten : trouble);
 }
 

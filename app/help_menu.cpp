@@ -15,7 +15,7 @@ void mHelpTopics_Click(MainForm& form, int) {
 
 void OpenHelp(MainForm& form, const std::string& topic) {
     const Files& files = *form.ports.files;
-    const auto path = FindHelpFile(files, form.helpFilePath, form.ports.launch.sharedFolder);
+    const auto path = FindHelpFile(files, form.HelpFilePath, form.ports.launch.sharedFolder);
     const HelpAtTopic help = ReadHelp(files, path, topic, form.messages.productTitle + u" Help");
     if (!help.problem.empty())
         return ShowPlainMessage(form.messages, MessageIcon::Exclamation,

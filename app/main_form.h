@@ -58,9 +58,9 @@ struct MainForm {
     MenuTree menu;
     Messages messages;
 
-    std::u16string dataFilePath;
-    std::u16string helpFilePath;
-    std::unique_ptr<IniFile> dataFile; // at dataFilePath; set by start-up
+    std::u16string DataFilePath;
+    std::u16string HelpFilePath;
+    std::unique_ptr<IniFile> dataFile; // at DataFilePath; set by start-up
     ReportedTrouble reportedTrouble;
     ListLines profilesInFile; // the list as the data file held it when it was last read or written
 

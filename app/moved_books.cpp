@@ -142,15 +142,15 @@ void LookForMovedBooks(MainForm& form, int maxBooks) {
 }
 
 void KeepPlaceOfDataFile(MainForm& form) {
-    IniWriteString(*form.dataFile, CurrentProfile(form), dataFileKey, form.dataFilePath);
+    IniWriteString(*form.dataFile, CurrentProfile(form), dataFileKey, form.DataFilePath);
 }
 
 bool FollowCarriedDataFile(MainForm& form) {
     IniFile& file = *form.dataFile;
     const std::u16string before = IniReadString(file, CurrentProfile(form), dataFileKey);
-    if (before == form.dataFilePath) return false;
+    if (before == form.DataFilePath) return false;
     IniBatch oneWrite(file);
-    const FolderMove move = MoveOf(FolderOf(before), FolderOf(form.dataFilePath));
+    const FolderMove move = MoveOf(FolderOf(before), FolderOf(form.DataFilePath));
     bool changed = false;
     for (int i = 0; !before.empty() && i < form.history.Count(); ++i) {
         if (form.menu.mFileList[i].enabled) continue;

@@ -58,15 +58,15 @@ bool Claim(MainForm& form) {
     constexpr int patience = 3000, betweenAttempts = 50; // milliseconds
     const std::u16string& title = form.messages.productTitle;
     for (int waited = 0;; waited += betweenAttempts) {
-        const InstanceClaim claim = form.ports.shell->ClaimDataFile(form.dataFilePath);
+        const InstanceClaim claim = form.ports.shell->ClaimDataFile(form.DataFilePath);
         if (claim.IsGranted()) return true;
         if (claim.result == InstanceClaim::Result::SomebodyElse) {
-            TellWhyItEnds(form, form.dataFilePath + u"\r\nis in use by " + claim.holder +
+            TellWhyItEnds(form, form.DataFilePath + u"\r\nis in use by " + claim.holder +
                                     u". Close " + title + u" there first.");
             return false;
         }
         const HandOver answer = form.ports.shell->HandOverBook(
-            form.dataFilePath, form.ports.launch.commandLine, patience - waited);
+            form.DataFilePath, form.ports.launch.commandLine, patience - waited);
         if (answer == HandOver::Taken) return false;
         if (answer == HandOver::NoAnswer || waited + betweenAttempts >= patience) {
             TellWhyItEnds(form, title + u" is running already, but does not answer. Try again when "
@@ -80,11 +80,11 @@ bool Claim(MainForm& form) {
 
 bool Form_Load(MainForm& form) {
     const Launch& launch = form.ports.launch;
-    form.dataFilePath = ResolveDataFilePath(*form.ports.files, launch);
+    form.DataFilePath = ResolveDataFilePath(*form.ports.files, launch);
     ConnectLaterStarts(form);
     if (!Claim(form)) return false;
     form.started = true;
-    const auto otherUsersFile = SeedOwnDataFile(*form.ports.files, launch, form.dataFilePath);
+    const auto otherUsersFile = SeedOwnDataFile(*form.ports.files, launch, form.DataFilePath);
     form.dataFile = OpenDataFile(form);
     ReadDataFile(form);
     {
@@ -94,7 +94,7 @@ bool Form_Load(MainForm& form) {
         ShowShortcuts(form);
         RegisterProgram(*form.ports.registry, form.ports.versionInfo->OwnVersion(),
                         launch.programFolder);
-        form.helpFilePath = ProgramFile(*form.ports.files, launch, u".hlp");
+        form.HelpFilePath = ProgramFile(*form.ports.files, launch, u".hlp");
         SetUpViews(form);
         form.history.dateNames =
             BuildPaddedDateNames(*form.ports.locale, [&](std::u16string_view text) {

@@ -97,7 +97,7 @@ void BenchAutosave(const std::string& text) {
     const std::string file = ReadFile(folder.path / "Norvaset.dat");
     TableHead("Autosave, 5,000 books, 1,000 bookmarks in War and Peace", "writing the file");
     const double write = Time([&] {
-        form.ports.files->Replace(form.dataFilePath, file, WriteTime::Keep);
+        form.ports.files->Replace(form.DataFilePath, file, WriteTime::Keep);
         Keep(form.dataFile->Content().ToBytes().size());
     });
     int line = 0;

@@ -228,7 +228,7 @@ TEST_CASE("data file: it is not kept in a folder for everybody's temporary files
     TestForm test;
     test.Files().publicFolders.insert(u"/app");
     REQUIRE(test.Start());
-    CHECK(test.form.dataFilePath == u"/home/reader/.local/share/Norvaset/Norvaset.dat");
+    CHECK(test.form.DataFilePath == u"/home/reader/.local/share/Norvaset/Norvaset.dat");
 }
 
 TEST_CASE("data file: in use by somebody else, the message says by whom, and nothing is read or "

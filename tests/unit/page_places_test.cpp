@@ -191,7 +191,7 @@ TEST_CASE("page places: one that an older version has left since counts alone") 
     std::string data = test.DataFile();
     const std::size_t at = data.find("=1234=");
     REQUIRE(at != data.npos);
-    test.Files().EditInPlace(test.form.dataFilePath, data.replace(at, 6, "=800="));
+    test.Files().EditInPlace(test.form.DataFilePath, data.replace(at, 6, "=800="));
     Reading again(test, NoneHtmlView::LineHeight);
     CHECK(again.Page().ScrollTop() == 800);
 }

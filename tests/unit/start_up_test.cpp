@@ -9,8 +9,8 @@
 TEST_CASE("start-up: the first run makes a data file with the scheme and the one profile") {
     TestForm test;
     REQUIRE(test.Start());
-    CHECK(test.form.dataFilePath == TestForm::dataPath);
-    CHECK(test.form.helpFilePath == u"/app/Norvaset.hlp");
+    CHECK(test.form.DataFilePath == TestForm::dataPath);
+    CHECK(test.form.HelpFilePath == u"/app/Norvaset.hlp");
     CHECK(test.DataFile() ==
           "[Scheme]\r\n"
           "<Path>=<Access>=<Filter>=<FontName>=<FontSize>=<Charset>=<Bold>=<Italic>=<Underline>="
@@ -213,7 +213,7 @@ TEST_CASE("start-up: the user's folder is used when the program's cannot be writ
     TestForm readOnly;
     readOnly.Files().readOnlyFolders.insert(u"/app");
     REQUIRE(readOnly.Start());
-    CHECK(readOnly.form.dataFilePath == u"/home/reader/.local/share/Norvaset/Norvaset.dat");
+    CHECK(readOnly.form.DataFilePath == u"/home/reader/.local/share/Norvaset/Norvaset.dat");
 }
 
 TEST_CASE("start-up: a data file beside the program that cannot be written is taken over once") {
@@ -223,7 +223,7 @@ TEST_CASE("start-up: a data file beside the program that cannot be written is ta
     first.PutBook(u"/b/a.txt", NumberedLines(300));
     first.Files().readOnlyFolders.insert(u"/app");
     REQUIRE(first.Start());
-    CHECK(first.form.dataFilePath == u"/home/reader/.local/share/Norvaset/Norvaset.dat");
+    CHECK(first.form.DataFilePath == u"/home/reader/.local/share/Norvaset/Norvaset.dat");
     CHECK(first.Window().title == u"Norvaset [Anna] - /b/a.txt");
     first.View().ScrollLineToTop(900);
     const TextPos top = first.View().FirstVisibleChar();
