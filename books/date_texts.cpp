@@ -56,17 +56,17 @@ int SmallNumber(std::u16string_view text) {
 DateNames BuildPaddedDateNames(const Locale& locale, const TextMeasure& measure) {
     DateNames names;
     for (int month = 1; month <= 12; ++month) {
-        names.shortMonthNames[month - 1] = locale.MonthName(month, NameLength::Short);
-        names.longMonthNames[month - 1] = locale.MonthName(month, NameLength::Long);
+        names.ShortMonthNames[month - 1] = locale.MonthName(month, NameLength::Short);
+        names.LongMonthNames[month - 1] = locale.MonthName(month, NameLength::Long);
     }
     for (int day = 1; day <= 7; ++day) {
-        names.shortDayNames[day - 1] = locale.DayName(day, NameLength::Short);
-        names.longDayNames[day - 1] = locale.DayName(day, NameLength::Long);
+        names.ShortDayNames[day - 1] = locale.DayName(day, NameLength::Short);
+        names.LongDayNames[day - 1] = locale.DayName(day, NameLength::Long);
     }
-    PadToSameWidth(names.shortMonthNames, measure);
-    PadToSameWidth(names.longMonthNames, measure);
-    PadToSameWidth(names.shortDayNames, measure);
-    PadToSameWidth(names.longDayNames, measure);
+    PadToSameWidth(names.ShortMonthNames, measure);
+    PadToSameWidth(names.LongMonthNames, measure);
+    PadToSameWidth(names.ShortDayNames, measure);
+    PadToSameWidth(names.LongDayNames, measure);
     return names;
 }
 
@@ -83,6 +83,6 @@ DateTime ParseStoredDateTime(std::u16string_view text, const DateTime& now) {
 }
 
 std::u16string FormatListDate(const DateTime& date, const DateNames& names) {
-    const auto& month = names.shortMonthNames.at(static_cast<std::size_t>(date.month - 1));
+    const auto& month = names.ShortMonthNames.at(static_cast<std::size_t>(date.month - 1));
     return Padded(date.year, 4) + u' ' + month + u' ' + Padded(date.day, 2);
 }

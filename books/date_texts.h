@@ -12,8 +12,8 @@
 // Names in the user's language, each padded with blanks to about the width of the widest of its
 // table.
 struct DateNames {
-    std::array<std::u16string, 12> shortMonthNames, longMonthNames; // January first
-    std::array<std::u16string, 7> shortDayNames, longDayNames;      // Sunday first
+    std::array<std::u16string, 12> ShortMonthNames, LongMonthNames; // January first
+    std::array<std::u16string, 7> ShortDayNames, LongDayNames;      // Sunday first
 };
 
 using TextMeasure = std::function<double(std::u16string_view)>; // width of a text

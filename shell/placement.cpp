@@ -24,24 +24,24 @@ bool IsNormal(const Window& window) {
 
 void RememberNormalRectangle(WindowPlacement& placement, const Window& window) {
     const Rect bounds = window.Bounds();
-    placement.left = Twips(bounds.left, window.TwipsPerPixelX());
-    placement.top = Twips(bounds.top, window.TwipsPerPixelY());
-    placement.width = Twips(bounds.width, window.TwipsPerPixelX());
-    placement.height = Twips(bounds.height, window.TwipsPerPixelY());
+    placement.Left = Twips(bounds.left, window.TwipsPerPixelX());
+    placement.Top = Twips(bounds.top, window.TwipsPerPixelY());
+    placement.Width = Twips(bounds.width, window.TwipsPerPixelX());
+    placement.Height = Twips(bounds.height, window.TwipsPerPixelY());
 }
 } // namespace
 
 void MoveToPlacement(const WindowPlacement& placement, Window& window) {
     const double x = window.TwipsPerPixelX(), y = window.TwipsPerPixelY();
-    window.Move({Pixels(placement.left, x), Pixels(placement.top, y), Pixels(placement.width, x),
-                 Pixels(placement.height, y)});
+    window.Move({Pixels(placement.Left, x), Pixels(placement.Top, y), Pixels(placement.Width, x),
+                 Pixels(placement.Height, y)});
 }
 
 void FollowWindow(WindowPlacement& placement, Window& window) {
     if (window.IsFullScreen()) return;
-    const bool wasNormal = placement.state == static_cast<int>(WindowState::Normal);
+    const bool wasNormal = placement.State == static_cast<int>(WindowState::Normal);
     if (window.State() == WindowState::Normal && !wasNormal) MoveToPlacement(placement, window);
-    placement.state = static_cast<int>(window.State());
+    placement.State = static_cast<int>(window.State());
     if (window.State() == WindowState::Normal) RememberNormalRectangle(placement, window);
 }
 
@@ -50,11 +50,11 @@ void SaveWindowPlacement(WindowPlacement& placement, IniFile& file, const std::u
     if (IsNormal(window)) RememberNormalRectangle(placement, window);
     const double x = window.TwipsPerPixelX(), y = window.TwipsPerPixelY();
     IniBatch oneWrite(file);
-    IniWriteNumber(file, profile, u"Left", placement.left / x);
-    IniWriteNumber(file, profile, u"Top", placement.top / y);
-    IniWriteNumber(file, profile, u"Width", placement.width / x);
-    IniWriteNumber(file, profile, u"Height", placement.height / y);
-    IniWriteNumber(file, profile, u"State", placement.state);
+    IniWriteNumber(file, profile, u"Left", placement.Left / x);
+    IniWriteNumber(file, profile, u"Top", placement.Top / y);
+    IniWriteNumber(file, profile, u"Width", placement.Width / x);
+    IniWriteNumber(file, profile, u"Height", placement.Height / y);
+    IniWriteNumber(file, profile, u"State", placement.State);
     oneWrite.Commit();
 }
 
@@ -66,18 +66,18 @@ WindowPlacement LoadWindowPlacement(IniFile& file, const std::u16string& profile
         return RoundToEven(std::clamp(pixels, -maxPixels, maxPixels) * perPixel);
     };
     WindowPlacement placement;
-    placement.left = read(u"Left", now.left, window.TwipsPerPixelX());
-    placement.top = read(u"Top", now.top, window.TwipsPerPixelY());
-    placement.width = read(u"Width", now.width, window.TwipsPerPixelX());
-    placement.height = read(u"Height", now.height, window.TwipsPerPixelY());
-    placement.state = read(u"State", static_cast<int>(window.State()), 1);
-    if (!window.IsFullScreen()) window.SetState(StateOf(placement.state));
+    placement.Left = read(u"Left", now.left, window.TwipsPerPixelX());
+    placement.Top = read(u"Top", now.top, window.TwipsPerPixelY());
+    placement.Width = read(u"Width", now.width, window.TwipsPerPixelX());
+    placement.Height = read(u"Height", now.height, window.TwipsPerPixelY());
+    placement.State = read(u"State", static_cast<int>(window.State()), 1);
+    if (!window.IsFullScreen()) window.SetState(StateOf(placement.State));
     return placement;
 }
 
 void LeaveFullScreen(const WindowPlacement& placement, Window& window) {
     window.SetFullScreen(false);
-    const WindowState state = StateOf(placement.state);
+    const WindowState state = StateOf(placement.State);
     window.SetState(state);
     if (state == WindowState::Normal) MoveToPlacement(placement, window);
 }

@@ -9,7 +9,7 @@
 
 // The window's state (a WindowState) and its last normal rectangle, in twips.
 struct WindowPlacement {
-    std::int32_t state = 0, left = 0, top = 0, width = 0, height = 0;
+    std::int32_t State = 0, Left = 0, Top = 0, Width = 0, Height = 0;
     bool operator==(const WindowPlacement&) const = default;
 };
 

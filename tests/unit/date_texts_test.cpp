@@ -49,13 +49,13 @@ TEST_CASE("dates: labels of all months are as wide as each other, to one blank")
     const double blank = measure(u" ");
     const double widest = measure(u"Mar");
     for (int month = 1; month <= 12; ++month) {
-        const double width = measure(names.shortMonthNames[month - 1]);
+        const double width = measure(names.ShortMonthNames[month - 1]);
         CHECK(width > widest - blank);
         CHECK(width < widest + blank);
     }
-    CHECK(FormatListDate({2021, 7, 4}, names) == u"2021 " + names.shortMonthNames[6] + u" 04");
-    CHECK(names.shortMonthNames[6].starts_with(u"Jul"));
-    CHECK(names.shortDayNames[0].starts_with(u"Sun"));
-    CHECK(names.longMonthNames[8] == u"September");
-    CHECK(names.longDayNames[3] == u"Wednesday");
+    CHECK(FormatListDate({2021, 7, 4}, names) == u"2021 " + names.ShortMonthNames[6] + u" 04");
+    CHECK(names.ShortMonthNames[6].starts_with(u"Jul"));
+    CHECK(names.ShortDayNames[0].starts_with(u"Sun"));
+    CHECK(names.LongMonthNames[8] == u"September");
+    CHECK(names.LongDayNames[3] == u"Wednesday");
 }

@@ -9,7 +9,7 @@
 namespace {
 std::u16string CaptionOf(const std::u16string& record) {
     DateNames names;
-    names.shortMonthNames.fill(u"Jul ");
+    names.ShortMonthNames.fill(u"Jul ");
     return HistoryCaption(BookRecord::Parse(record), names, {2026, 11, 21});
 }
 

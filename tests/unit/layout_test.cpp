@@ -50,7 +50,7 @@ TEST_CASE("layout: minimising moves nothing, and leaving it lands on the normal 
     test.Window().DragTo({5, 6, 400, 320});
     const Rect before = test.View().Bounds();
     test.Window().SetState(WindowState::Minimized);
-    CHECK(test.form.placement.state == 1);
+    CHECK(test.form.placement.State == 1);
     CHECK(test.View().Bounds() == before);
     test.Window().DragTo(
         {-32000, -32000, 1, 1}); // where some window managers put a minimised window
@@ -178,7 +178,7 @@ TEST_CASE("layout: at 120 dpi a stored width of 800 is 9600 twips") {
                      "500\r\nState=0\r\n");
     test.Window().twipsPerPixel = 12;
     REQUIRE(test.Start());
-    CHECK(test.form.placement.width == 9600);
+    CHECK(test.form.placement.Width == 9600);
     CHECK(test.Window().Bounds() == Rect{1, 2, 800, 500});
     test.Close();
     CHECK(test.DataFile().find("Width=800\r\n") != std::string::npos);
@@ -189,7 +189,7 @@ TEST_CASE("layout: a profile without a placement keeps the window where it is") 
     test.Window().DragTo({50, 60, 700, 500});
     REQUIRE(test.Start());
     CHECK(test.Window().Bounds() == Rect{50, 60, 700, 500});
-    CHECK(test.form.placement.state == 0);
+    CHECK(test.form.placement.State == 0);
 }
 
 TEST_CASE("layout: wild stored numbers do not get to the window system") {
