@@ -79,10 +79,11 @@ struct MainForm {
     // Paths of later starts and drops that came while a command runs, those of each together.
     std::vector<std::vector<std::u16string>> waitingBooks;
 
-    bool profileSwitching = false; // a profile is being entered from the data file
-    bool profileChanging = false;  // a switch into a profile is running
-    bool refreshing = false;       // the shown book is being reloaded
-    bool openingBook = false;      // a book from outside the list is being shown
+    bool ProfileSwitching = false; // a profile is being entered from the data file
+    bool ProfileChanging = false;  // a switch into a profile is running
+    bool Refreshing = false;       // the shown book is being reloaded
+    bool OpeningBook = false;      // a book from outside the list is being shown
+    bool LoadingBook = false;      // a book is being shown
 
     bool started = false;  // false in a second instance, which saves nothing
     bool closed = false;   // the window has gone: nothing may wait or ask any more

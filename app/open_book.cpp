@@ -86,7 +86,7 @@ ListedBook AddBook(MainForm& form, const std::u16string& path, RequestedKind kin
 void OpenBook(MainForm& form, const std::u16string& path, RequestedKind kind) {
     ListedBook book = AddBook(form, path, kind);
     if (book.index < 0 || (book.index == 0 && IsBookShown(form))) return;
-    const FlagScope opening(form.openingBook);
+    const FlagScope opening(form.OpeningBook);
     ShowBook(form, std::move(book));
 }
 
@@ -100,6 +100,6 @@ void ReloadBook(MainForm& form, BookFile file) {
     if (file.problem) return ShowBookMessage(form.messages, file.problem.text);
     if (!SettlePage(form)) return;
     SaveBookState(form, 0);
-    const FlagScope refreshing(form.refreshing);
+    const FlagScope refreshing(form.Refreshing);
     ShowBook(form, {0, std::move(file)});
 }

@@ -125,7 +125,7 @@ void ShowNoBook(MainForm& form) {
 void SwitchToProfile(MainForm& form, int index, const std::vector<std::u16string>& records,
                      const std::u16string& shown) {
     {
-        const FlagScope changing(form.profileChanging);
+        const FlagScope changing(form.ProfileChanging);
         form.menu.mProfileList[0].checked = true;
         MakeCurrent(form, index);
         SyncProfileDeleteMenu(form);
@@ -148,6 +148,6 @@ void SwitchToProfile(MainForm& form, int index, const std::vector<std::u16string
 
 void EnterProfile(MainForm& form, const std::vector<std::u16string>& records,
                   const std::u16string& shown) {
-    const FlagScope switching(form.profileSwitching);
+    const FlagScope switching(form.ProfileSwitching);
     SwitchToProfile(form, 0, records, shown);
 }

@@ -11,6 +11,7 @@
 #include "books/book_file.h"
 #include "books/book_script.h"
 #include "books/record_format.h"
+#include "common/flag_scope.h"
 #include "common/text.h"
 #include "formats/plain/plain_text_source.h"
 #include "reading/caret.h"
@@ -83,7 +84,7 @@ void ShowInTextView(MainForm& form, BookRecord& record, BookFile file) {
 void ShowInHtmlView(MainForm& form, const BookRecord& record,
                     const std::optional<FileVersion>& file) {
     HtmlView& html = *form.ports.htmlView;
-    auto trail = form.refreshing ? std::move(form.page.trail) : std::vector<PagePlace>();
+    auto trail = form.Refreshing ? std::move(form.page.trail) : std::vector<PagePlace>();
     ResetPage(form.page);
     form.page.trail = std::move(trail);
     auto selection = std::move(form.places.selection);
@@ -107,7 +108,7 @@ void ShowInHtmlView(MainForm& form, const BookRecord& record,
 }
 
 void MakeFirst(MainForm& form, int index) {
-    const bool keepsOldState = form.profileSwitching || form.refreshing || form.openingBook;
+    const bool keepsOldState = form.ProfileSwitching || form.Refreshing || form.OpeningBook;
     if (!keepsOldState) SaveBookState(form, 0);
     MoveHistoryItemToTop(form.history, index);
     SyncRemoveMenu(form.history, form.history.Count() - 1);
@@ -148,10 +149,11 @@ void ShowBook(MainForm& form, ListedBook book) {
     }
     if (!SettlePage(form)) return;
 
-    if (!form.refreshing) EndAutoScroll(form);
+    if (!form.Refreshing) EndAutoScroll(form);
+    const FlagScope loading(form.LoadingBook);
     if (index >= 1) MakeFirst(form, index);
     form.ports.textView->LoadPlainText(u"");
-    if (!form.profileChanging && !form.refreshing) SaveHistoryList(form);
+    if (!form.ProfileChanging && !form.Refreshing) SaveHistoryList(form);
     ForgetShownBook(form); // so that a book that memory does not hold keeps its record
     const std::u16string pathBefore = std::exchange(form.book.path, u"");
     form.bookmarks.menu.enabled = true;

@@ -60,8 +60,9 @@ TEST_CASE("open: a book that memory does not hold is reported, and keeps its rec
     REQUIRE(test.Start());
     REQUIRE(test.Dialogs().messages.size() == 1);
     CHECK(test.Dialogs().messages[0].text == u"There is not enough memory for this.");
-    CHECK_FALSE(test.form.profileChanging);
-    CHECK_FALSE(test.form.profileSwitching);
+    CHECK_FALSE(test.form.LoadingBook);
+    CHECK_FALSE(test.form.ProfileChanging);
+    CHECK_FALSE(test.form.ProfileSwitching);
     test.Timer().Tick(60);
     test.Close();
     CHECK(test.DataFile().find("=77=9==") != std::string::npos);
@@ -78,7 +79,7 @@ TEST_CASE("open: a refresh that memory does not hold leaves no flag behind") {
     test.Menus().Open(test.Menu().mView);
     test.Menus().Click(test.Menu().mViewRefresh);
     REQUIRE(test.Dialogs().messages.size() == 1);
-    CHECK_FALSE(test.form.refreshing);
+    CHECK_FALSE(test.form.Refreshing);
     OpenBook(test.form, u"/b/b.txt");
     CHECK(test.DataFile().find("\r\n/b/b.txt=2026") < test.DataFile().find("\r\n/b/a.txt="));
 }
