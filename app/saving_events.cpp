@@ -6,13 +6,23 @@
 #include "app/main_form.h"
 #include "app/moved_books.h"
 #include "app/shown_book.h"
+#include "common/flag_scope.h"
 
 #include <utility>
+
+namespace {
+// It may wait for the page, while timers and other events come: no command may begin then.
+void SettleLastPage(MainForm& form) {
+    const FlagScope handling(form.handling);
+    if (HasPageBody(form)) form.ports.htmlView->PrepareToClose();
+    SettlePage(form);
+}
+} // namespace
 
 void Form_Unload(MainForm& form) {
     if (!form.started || form.closed) return;
     form.ports.shell->onStartRequest = nullptr; // a later start waits for the end of this one
-    SettlePage(form);
+    SettleLastPage(form);
     IniBatch oneWrite(*form.dataFile);
     SaveBookState(form, 0);
     SaveWindowPlacement(form.placement, *form.dataFile, CurrentProfile(form), *form.ports.window);

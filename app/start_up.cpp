@@ -56,6 +56,8 @@ void TellWhyItEnds(MainForm& form, const std::u16string& text) {
 // message. A first instance that is exiting lets the second one take over.
 bool Claim(MainForm& form) {
     constexpr int patience = 3000, betweenAttempts = 50; // milliseconds
+    constexpr int patienceWithEnd = maxPageWait + patience;
+    int limit = patience;
     const std::u16string& title = form.messages.productTitle;
     for (int waited = 0;; waited += betweenAttempts) {
         const InstanceClaim claim = form.ports.shell->ClaimDataFile(form.DataFilePath);
@@ -66,9 +68,10 @@ bool Claim(MainForm& form) {
             return false;
         }
         const HandOver answer = form.ports.shell->HandOverBook(
-            form.DataFilePath, form.ports.launch.commandLine, patience - waited);
+            form.DataFilePath, form.ports.launch.commandLine, limit - waited);
         if (answer == HandOver::Taken) return false;
-        if (answer == HandOver::NoAnswer || waited + betweenAttempts >= patience) {
+        if (answer == HandOver::Refused) limit = patienceWithEnd;
+        if (answer == HandOver::NoAnswer || waited + betweenAttempts >= limit) {
             TellWhyItEnds(form, title + u" is running already, but does not answer. Try again when "
                                         u"it has finished what it is doing, or end it.");
             return false;

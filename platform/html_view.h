@@ -79,8 +79,8 @@ constexpr int maxPageWait = 3000; // milliseconds
 // Kept values are answered at once, never from a wait: also while a page loads, while the window
 // closes, and after the engine has gone (then they are the last ones known).
 // Questions may wait for the page, `maxPageWait` at most, and then answer their failure value.
-// While one waits, events keep coming; the close of the window, `onGone` and a second question (it
-// fails) end the wait at once. Without a body every question answers its failure value at once, and
+// While one waits, events keep coming; `PrepareToClose`, `onGone` and a second question (it fails)
+// end the wait at once. Without a body every question answers its failure value at once, and
 // so it does while the page is known to hang. That is said in the page's place; its values are
 // kept, and when it answers again it comes back and carries out what was ordered meanwhile.
 //
@@ -174,6 +174,12 @@ class HtmlView {
     virtual int Percent() const = 0;    // how far it is scrolled: 100 when its end is in view
     virtual int TopMargin() const = 0;  // of the body with its border: above the first line
     virtual PageSelection Selection() const = 0;
+
+    // The window is closing. Ends the wait of a question, and where the page lives in another
+    // process, waits until it has done what was ordered (`maxPageWait` at most), so that the kept
+    // values are its last ones. No event of the user comes meanwhile. Questions may fail from then
+    // on.
+    virtual void PrepareToClose() {}
 
     // Questions.
     // Waits until what is above has been measured, so that `Top` becomes exact: for a place that is

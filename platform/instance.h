@@ -25,5 +25,6 @@ struct StartRequest {
 enum class HandOver {
     Taken,
     NobodyThere, // the instance does not listen yet, or no more
+    Refused,     // it is about to end
     NoAnswer     // within the time given; then it does not do later what it was asked for
 };

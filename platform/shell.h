@@ -35,6 +35,6 @@ class Shell {
                                   int milliseconds) = 0;
     // In the instance that has claimed the data file: another start of the same user asks for
     // something. Told from the event loop, also while a dialog or a menu is open; the other has its
-    // answer by then. Without a handler it is refused, and the other finds nobody there.
+    // answer by then. Without a handler it is refused.
     std::function<void(const StartRequest&)> onStartRequest;
 };

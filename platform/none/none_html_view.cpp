@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 void NoneHtmlView::Navigate(const std::u16string& path, int page) {
     Forget();
@@ -129,6 +130,10 @@ void NoneHtmlView::SelectAll() {
 
 PageSelection NoneHtmlView::Selection() const {
     return {selection_, TopOf(selection_.start) - scrollTop_};
+}
+
+void NoneHtmlView::PrepareToClose() {
+    if (!std::exchange(closing, true) && whileAsked) whileAsked();
 }
 
 void NoneHtmlView::SettleTop() {

@@ -28,7 +28,7 @@ class NoneHtmlView : public HtmlView {
     bool hasBrowser = true, hasBothEngines = false;
     PrintAnswer printAnswer;          // of a page that is not shown by the browser's engine
     bool answers = true;              // false: every question runs out of time
-    std::function<void()> whileAsked; // what happens around while a question waits
+    std::function<void()> whileAsked; // what happens around while a question or the end waits
     void ShowPage();                  // the one navigated to last; it can be scrolled
     void FinishLoading();             // of it, which is shown by then at the latest
     void Die();
@@ -70,6 +70,7 @@ class NoneHtmlView : public HtmlView {
     int Percent() const override;
     PageSelection Selection() const override;
 
+    void PrepareToClose() override;
     void SettleTop() override;
     std::vector<std::u16string> TextsOf(const std::vector<PageSpan>&) override;
     std::u16string SelectedText() override;
@@ -92,7 +93,7 @@ class NoneHtmlView : public HtmlView {
     std::vector<std::u16string> printedTitles;
     bool offersEngineChange = false, placeExpected = true;
     int questions = 0, focused = 0, clears = 0;
-    bool visible = false;
+    bool visible = false, closing = false;
     Rect bounds{0, 0, 640, 400};
 
   private:

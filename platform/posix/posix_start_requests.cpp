@@ -139,7 +139,7 @@ HandOver AskAt(const std::string& path, const std::string& packet, int milliseco
     if (!WaitUntilReadable(connection, milliseconds)) return HandOver::NoAnswer;
     char answer = 0;
     const bool taken = recv(connection.Number(), &answer, 1, 0) == 1 && answer == yes;
-    return taken ? HandOver::Taken : HandOver::NobodyThere;
+    return taken ? HandOver::Taken : HandOver::Refused;
 }
 
 } // namespace

@@ -41,6 +41,7 @@ class EitherHtmlView final : public HtmlView {
     int TopMargin() const override { return shown_->TopMargin(); }
     PageSelection Selection() const override { return shown_->Selection(); }
 
+    void PrepareToClose() override { shown_->PrepareToClose(); }
     void SettleTop() override { shown_->SettleTop(); }
     std::vector<std::u16string> TextsOf(const std::vector<PageSpan>& spans) override {
         return shown_->TextsOf(spans);

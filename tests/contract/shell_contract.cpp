@@ -113,7 +113,7 @@ TEST_CASE("shell contract: nobody is there without a claim, or with nobody who l
         const std::u16string file = test.Folder() + u"/Norvaset.dat";
         CHECK(test.Port().HandOverBook(file, u"", aWhile) == HandOver::NobodyThere);
         REQUIRE(test.Port().ClaimDataFile(file).IsGranted());
-        CHECK(AskBeside(test, file, u"") == HandOver::NobodyThere); // refused: no handler
+        CHECK(AskBeside(test, file, u"") == HandOver::Refused);
         const std::u16string other = test.Folder() + u"/Other.dat";
         CHECK(AskBeside(test, other, u"") == HandOver::NobodyThere);
     });
@@ -145,7 +145,7 @@ TEST_CASE("shell contract: a handler may take itself away") {
         REQUIRE(test.Port().ClaimDataFile(file).IsGranted());
         CHECK(AskBeside(test, file, u"") == HandOver::Taken);
         test.Settle();
-        CHECK(AskBeside(test, file, u"") == HandOver::NobodyThere);
+        CHECK(AskBeside(test, file, u"") == HandOver::Refused);
         CHECK(requests == 1);
     });
 }

@@ -1,11 +1,12 @@
 """A page made larger: its size and the place in it are left and found again together."""
 from harness import books
-from harness.html_story import HtmlStory, paragraphs, write_page
+from harness.html_story import HtmlStory, needs_engine, paragraphs, write_page
 from harness.story import main
 from harness.text_view import settled_strip
 from harness.wait import wait_for
 from harness.wine import ON_WINE
 
+LONG = 50000  # paragraphs, 20 MB: a new size of these takes the engine longer than a program needs to start
 COUNT = 1500  # paragraphs of six sentences: far from the end of the time that leaving a page may take
 PAGES = 20  # from its end
 STEPS = 4
@@ -74,6 +75,21 @@ class HtmlZoom(HtmlStory):
                 self.wait_for_place(self.program, strip)
                 self.program.close()
                 self.assertEqual(self.size(), str(STEPS))
+
+    @needs_engine
+    def test_another_book_while_the_page_is_left(self):
+        """The end waits for the page's place; the later start is shown, by whichever program."""
+        book = write_page(self.path("long.htm"), paragraphs(books.long_paragraphs("latin", LONG)))
+        self.program = self.open(book, "Lanterns")
+        self.program.key("Next", "ctrl+plus", "ctrl+plus", "alt+F4")
+        leaving = self.program.process
+        later = self.program.launch(self.other)
+        wait_for(lambda: leaving.poll() is not None, "the end of the first program")
+        self.program.process = later
+        self.program.wait_for_window()
+        self.program.wait_for_book(self.other)
+        self.program.close()
+        self.assertEqual(self.program.data().paths(), [self.other, book])
 
 
 if __name__ == "__main__":

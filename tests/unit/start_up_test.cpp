@@ -123,6 +123,19 @@ TEST_CASE("start-up: a first one that does not answer is reported after three se
     }
 }
 
+TEST_CASE("start-up: a first one that ends is waited for, as long as a page may take it") {
+    TestForm test;
+    test.Shell().claim.result = InstanceClaim::Result::Own;
+    test.Shell().handOverAnswer = HandOver::Refused;
+    test.Clock().whileWaiting = [&] {
+        if (test.Clock().waited > maxPageWait) test.Shell().handOverAnswer = HandOver::NobodyThere;
+        if (test.Clock().waited > maxPageWait + 1000)
+            test.Shell().claim.result = InstanceClaim::Result::Granted;
+    };
+    CHECK(test.Start());
+    CHECK(test.Dialogs().messages.empty());
+}
+
 TEST_CASE("start-up: a first one that ends just then makes place") {
     TestForm test;
     test.PutBook(u"/b/a.txt");
@@ -184,13 +197,31 @@ TEST_CASE("a later start: none is taken while the end waits for a page") {
     test.OpenLoaded(u"/b/p.htm");
     test.Page().zoomsAtOnce = false;
     test.Press(PlusKey, CtrlKey);
-    int waits = 0;
+    int waits = 0, waitsForEnd = 0;
     test.Page().whileAsked = [&] {
         ++waits;
+        if (test.Page().closing) ++waitsForEnd;
         CHECK_FALSE(test.Shell().onStartRequest);
     };
     test.Close();
     CHECK(waits > 0);
+    CHECK(waitsForEnd == waits); // the view knows it before it is asked anything
+}
+
+TEST_CASE("the end: no command begins while it waits for a page") {
+    HtmlForm test;
+    test.PutPage(u"/b/p.htm");
+    test.PutBook(u"/b/a.txt");
+    REQUIRE(test.Start());
+    test.OpenLoaded(u"/b/p.htm");
+    int waits = 0;
+    test.Page().whileAsked = [&] {
+        ++waits;
+        test.Page().onFilesDropped({u"/b/a.txt"});
+    };
+    test.Close();
+    CHECK(waits == 1);
+    CHECK(GetBookPath(test.form.history, 0) == u"/b/p.htm");
 }
 
 TEST_CASE("start-up: a run without a change writes only the state it leaves") {

@@ -165,6 +165,10 @@ PageSelection QtHtmlView::Selection() const {
     return engine_ ? engine_->Selection() : PageSelection{};
 }
 
+void QtHtmlView::PrepareToClose() {
+    if (engine_) engine_->PrepareToClose();
+}
+
 std::vector<std::u16string> QtHtmlView::TextsOf(const std::vector<PageSpan>& spans) {
     return engine_ ? engine_->TextsOf(spans) : std::vector<std::u16string>{};
 }

@@ -44,6 +44,7 @@ class QtHtmlView final : public HtmlView {
     int Percent() const override;
     PageSelection Selection() const override;
 
+    void PrepareToClose() override;
     std::vector<std::u16string> TextsOf(const std::vector<PageSpan>&) override;
     std::u16string SelectedText() override;
     std::u16string SelectionAsHtml() override;

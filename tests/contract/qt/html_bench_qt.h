@@ -13,6 +13,7 @@ class QtHtmlBench : public HtmlViewBench {
     QtHtmlBench() {
         WindowEvents events;
         events.onKeyDown = [this](int code, int shift) { keysDown.emplace_back(code, shift); };
+        events.onUnload = [this] { View().PrepareToClose(); };
         window_.SetEvents(std::move(events));
         window_.Open();
         window_.resize(700, 600);

@@ -28,9 +28,7 @@ EngineHtmlView::EngineHtmlView(QWidget* parent, int ansiCodePage)
     : parent_(parent), ansiCodePage_(ansiCodePage),
       pageScheme_(guard_, [this](const std::string& path) {
           return readUndeclared ? readUndeclared(path) : std::nullopt;
-      }) {
-    parent_->window()->installEventFilter(this);
-}
+      }) {}
 
 EngineHtmlView::~EngineHtmlView() {
     ReleasePage();

@@ -58,6 +58,7 @@ class EngineHtmlView final : public QObject, public EngineView {
     int Percent() const override { return snapshot_.percent; }
     PageSelection Selection() const override { return snapshot_.selection; }
 
+    void PrepareToClose() override;
     std::vector<std::u16string> TextsOf(const std::vector<PageSpan>&) override;
     std::u16string SelectedText() override;
     std::u16string SelectionAsHtml() override;
@@ -68,9 +69,6 @@ class EngineHtmlView final : public QObject, public EngineView {
     void SetBounds(const Rect&) override;
     void SetVisible(bool) override;
     void FocusView() override;
-
-  protected:
-    bool eventFilter(QObject* window, QEvent*) override; // cancels a query when the window closes
 
   private:
     struct PageSnapshot {
@@ -134,7 +132,7 @@ class EngineHtmlView final : public QObject, public EngineView {
     bool placeExpected_ = true;
     bool loadFinished_ = false, updateScheduled_ = false, visible_ = false, focused_ = false;
     bool offersEngineChange_ = false;
-    bool closing_ = false; // no more queries: the window is closing
+    bool closing_ = false; // no more queries
     Rect bounds_;
     PendingQuery* pendingQuery_ = nullptr;
 };

@@ -8,7 +8,6 @@
 #include "platform/qt/html_view/engine/reader_page.h"
 #include "platform/qt/qt_text.h"
 
-#include <QEvent>
 #include <QTimer>
 #include <QVariant>
 
@@ -24,10 +23,8 @@ void EngineHtmlView::CancelQuery() {
     if (pendingQuery_) pendingQuery_->loop.quit();
 }
 
-// A last query when the window closes, because the page may still be applying a zoom or scrolling
-// for a key, and its position is saved next.
-bool EngineHtmlView::eventFilter(QObject*, QEvent* event) {
-    if (event->type() != QEvent::Close) return false;
+// A last query, because the page may still be applying a zoom or scrolling for a key.
+void EngineHtmlView::PrepareToClose() {
     CancelQuery();
     PendingQuery* const cancelled = std::exchange(pendingQuery_, nullptr); // still in its loop
     const auto state = Query(QStringLiteral("state()"), QDeadlineTimer(maxPageWait),
@@ -35,7 +32,6 @@ bool EngineHtmlView::eventFilter(QObject*, QEvent* event) {
     if (state) ApplyState(*state);
     pendingQuery_ = cancelled;
     closing_ = true;
-    return false;
 }
 
 // A nested query fails, and cancels the one that is waiting.
