@@ -7,6 +7,7 @@
 
 #include <shellapi.h>
 
+#include <future>
 #include <memory>
 
 namespace {
@@ -66,6 +67,30 @@ TEST_CASE("windows shell: another stream of a file is not opened") {
     WinShell().OpenFile(path + u":b.norvasettest");
     WinShell().OpenFile(path);
     CHECK((starts.NextStart() == std::vector<std::u16string>{path}));
+}
+
+TEST_CASE("windows shell: a book that reached a program at its end was not taken") {
+    const StartRecorder starts; // with a folder
+    const std::u16string file = starts.Folder() + u"\\Norvaset.dat";
+    WinShell first;
+    int opened = 0;
+    first.onStartRequest = [&](const StartRequest&) { ++opened; };
+    REQUIRE(first.ClaimDataFile(file).IsGranted());
+    auto answer = std::async(
+        std::launch::async, [&] { return WinShell().HandOverBook(file, u"C:\\b\\a.txt", 20'000); });
+    MSG message; // its own, which waits to be handled; what others send is dispatched meanwhile
+    const ULONGLONG end = GetTickCount64() + 10'000;
+    const auto isNoted = [&] {
+        return PeekMessageW(&message, nullptr, WM_APP, WM_APP, PM_NOREMOVE) != 0;
+    };
+    while (!isNoted() && GetTickCount64() < end)
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
+    REQUIRE(isNoted());
+    first.onStartRequest = nullptr;
+    REQUIRE(Becomes(
+        [&] { return answer.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
+    CHECK(answer.get() == HandOver::Refused);
+    CHECK(opened == 0);
 }
 
 TEST_CASE("windows shell: the default editor is the system's") {

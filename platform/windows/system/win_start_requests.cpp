@@ -4,15 +4,19 @@
 #include "platform/windows/base/text.h"
 #include "platform/windows/base/win_handle.h"
 
+#include <algorithm>
 #include <cstring>
+#include <optional>
 #include <vector>
 
 namespace {
 
 constexpr wchar_t className[] = L"NorvasetStartRequests";
 constexpr UINT requestMessage = WM_APP;
-constexpr ULONG_PTR requestKind = 0x4E727631; // of COPYDATASTRUCT: "Nrv1"
-constexpr LRESULT taken = 1;
+constexpr UINT answerMessage = WM_APP + 1;    // to the sender: `taken`, or 0
+constexpr ULONG_PTR requestKind = 0x4E727632; // of COPYDATASTRUCT: "Nrv2"
+constexpr LRESULT noted = 1;                  // of WM_COPYDATA: an answer follows
+constexpr WPARAM taken = 1;
 constexpr std::size_t maxPath = 32768; // the longest path of the system
 
 // What is sent: when it is given up (GetTickCount64, which all processes share), then the path.
@@ -73,36 +77,58 @@ LRESULT StartRequestListener::HandleMessage(HWND window, UINT message, WPARAM wP
                                             LPARAM lParam) {
     if (message == WM_COPYDATA) {
         const auto& data = *reinterpret_cast<const COPYDATASTRUCT*>(lParam);
-        return Take(reinterpret_cast<HWND>(wParam), data) ? taken : 0;
+        return Note(reinterpret_cast<HWND>(wParam), data) ? noted : 0;
     }
     if (message == requestMessage) HandleNext();
     return DefWindowProcW(window, message, wParam, lParam);
 }
 
-// Only noted: the sender waits for the answer, and what it asks for may take long.
-bool StartRequestListener::Take(HWND sender, const COPYDATASTRUCT& data) {
+// Whoever sends waits, and what it asks for may take long. It is answered when its turn comes: the
+// program may end before.
+bool StartRequestListener::Note(HWND sender, const COPYDATASTRUCT& data) {
     Deadline deadline = 0;
     if (data.dwData != requestKind || data.cbData < sizeof deadline || !data.lpData) return false;
     const std::size_t length = (data.cbData - sizeof deadline) / sizeof(wchar_t);
     if (length > maxPath || !handler_ || !IsOfThisUser(sender)) return false;
     std::memcpy(&deadline, data.lpData, sizeof deadline);
-    if (GetTickCount64() >= deadline) return false; // its user has been told by now
-    StartRequest request;
-    request.book.resize(length);
-    std::memcpy(request.book.data(), static_cast<const BYTE*>(data.lpData) + sizeof deadline,
+    std::u16string book(length, u'\0');
+    std::memcpy(book.data(), static_cast<const BYTE*>(data.lpData) + sizeof deadline,
                 length * sizeof(wchar_t));
-    pending_.push_back(std::move(request));
+    pending_.push_back({sender, deadline, {std::move(book), {}}});
     PostMessageW(window_->Handle(), requestMessage, 0, 0);
     return true;
 }
 
 void StartRequestListener::HandleNext() {
     if (pending_.empty()) return;
-    const StartRequest request = std::move(pending_.front());
+    const Pending next = std::move(pending_.front());
     pending_.pop_front();
-    const Handler handler = handler_; // which it may take away itself
-    CallHandler(handler, request);
+    const bool isLate = GetTickCount64() >= next.deadline; // its user has been told by now
+    const Handler handler = isLate ? nullptr : handler_;   // which it may take away itself
+    if (PostMessageW(next.sender, answerMessage, handler ? taken : 0, 0) && handler)
+        CallHandler(handler, next.request);
 }
+
+namespace {
+
+// The messages of its window alone are handled meanwhile.
+HandOver WaitForAnswer(HWND sender, HWND listener, const std::optional<HandOver>& answer,
+                       ULONGLONG end) {
+    constexpr ULONGLONG look = 50; // milliseconds between looks at whether the listener is gone
+    for (;;) {
+        MSG message;
+        while (PeekMessageW(&message, sender, 0, 0, PM_REMOVE))
+            DispatchMessageW(&message);
+        if (answer) return *answer;
+        if (!IsWindow(listener)) return HandOver::NobodyThere;
+        const ULONGLONG now = GetTickCount64();
+        if (now >= end) return HandOver::NoAnswer;
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(std::min(end - now, look)),
+                                  QS_ALLINPUT);
+    }
+}
+
+} // namespace
 
 HandOver AskRunningInstance(const std::wstring& lockFile, const std::u16string& book,
                             int milliseconds) {
@@ -114,16 +140,28 @@ HandOver AskRunningInstance(const std::wstring& lockFile, const std::u16string& 
     GetWindowThreadProcessId(listener, &process);
     AllowSetForegroundWindow(process);
 
-    const Deadline deadline = GetTickCount64() + static_cast<Deadline>(milliseconds);
+    const Deadline end = GetTickCount64() + static_cast<Deadline>(milliseconds);
+    // Earlier, so that an answer given in time comes in time.
+    const Deadline deadline = end - static_cast<Deadline>(milliseconds) / 8;
     std::vector<BYTE> bytes(sizeof deadline + book.size() * sizeof(wchar_t));
     std::memcpy(bytes.data(), &deadline, sizeof deadline);
     std::memcpy(bytes.data() + sizeof deadline, book.data(), book.size() * sizeof(wchar_t));
     COPYDATASTRUCT data = {requestKind, static_cast<DWORD>(bytes.size()), bytes.data()};
-    const WinNativeWindow sender({L"NorvasetStart", 0, 0, HWND_MESSAGE});
-    DWORD_PTR answer = 0;
+    std::optional<HandOver> answer;
+    const WinNativeWindow sender(
+        {L"NorvasetStart", 0, 0, HWND_MESSAGE},
+        [&answer](HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+            if (message == answerMessage)
+                answer = wParam == taken ? HandOver::Taken : HandOver::Refused;
+            return DefWindowProcW(window, message, wParam, lParam);
+        });
+    // Of a listener with fewer rights, too.
+    ChangeWindowMessageFilterEx(sender.Handle(), answerMessage, MSGFLT_ALLOW, nullptr);
+    DWORD_PTR received = 0;
     if (!SendMessageTimeoutW(listener, WM_COPYDATA, reinterpret_cast<WPARAM>(sender.Handle()),
                              reinterpret_cast<LPARAM>(&data), SMTO_NORMAL,
-                             static_cast<UINT>(milliseconds), &answer))
+                             static_cast<UINT>(milliseconds), &received))
         return IsWindow(listener) ? HandOver::NoAnswer : HandOver::NobodyThere;
-    return answer == taken ? HandOver::Taken : HandOver::NobodyThere;
+    if (received != noted) return HandOver::Refused;
+    return WaitForAnswer(sender.Handle(), listener, answer, end);
 }

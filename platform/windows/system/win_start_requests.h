@@ -21,11 +21,16 @@ class StartRequestListener {
 
   private:
     LRESULT HandleMessage(HWND, UINT, WPARAM, LPARAM);
-    bool Take(HWND sender, const COPYDATASTRUCT&);
+    bool Note(HWND sender, const COPYDATASTRUCT&);
     void HandleNext();
 
     const Handler& handler_;
-    std::deque<StartRequest> pending_;
+    struct Pending {
+        HWND sender;
+        unsigned long long deadline; // GetTickCount64: given up then
+        StartRequest request;
+    };
+    std::deque<Pending> pending_;
     std::unique_ptr<WinNativeWindow> window_;
 };
 
