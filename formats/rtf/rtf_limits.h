@@ -40,6 +40,10 @@ constexpr std::size_t maxRtfPictureBytes = std::size_t{1} << 29; // of all pictu
 constexpr std::size_t maxRtfNumberedParagraphs = 65'536;
 constexpr std::size_t maxRtfNumberFormats = 1024;
 constexpr std::size_t maxRtfNumberTextLength = 16; // units before a number, and after it
+// A list has an id and nine levels; word processors stop at some thousand lists.
+constexpr std::size_t maxRtfLists = 4096;
+constexpr std::size_t maxRtfListLevels = 9;
+constexpr std::size_t maxRtfLevelTextLength = 32, maxRtfListNumberLength = 64;
 constexpr std::int32_t maxRtfNumber = 999'999;
 constexpr std::size_t maxRtfFormEntries = 256; // word processors stop at 25
 

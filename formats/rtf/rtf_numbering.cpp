@@ -17,21 +17,22 @@ std::u16string LetterText(std::int32_t number, char16_t first) {
                           static_cast<char16_t>(first + (number - 1) % letters));
 }
 
-std::u16string TextOf(RtfNumberKind kind, std::int32_t number) {
+} // namespace
+
+std::u16string NumberText(RtfNumberKind kind, std::int32_t number) {
     switch (kind) {
     case RtfNumberKind::Decimal: return NumberText(number);
     case RtfNumberKind::UpperRoman: return UpperRoman(number);
     case RtfNumberKind::LowerRoman: return LowerRoman(number);
     case RtfNumberKind::UpperLetter: return LetterText(number, u'A');
     case RtfNumberKind::LowerLetter: return LetterText(number, u'a');
+    case RtfNumberKind::TwoDigits: return (number < 10 ? u"0" : u"") + NumberText(number);
     default: return {};
     }
 }
 
-} // namespace
-
 std::u16string NumberText(const RtfNumberFormat& format, std::int32_t number) {
-    return format.before + TextOf(format.kind, number) + format.after;
+    return format.before + NumberText(format.kind, number) + format.after;
 }
 
 void RtfNumbering::Begin() {

@@ -16,6 +16,7 @@ enum class RtfNumberKind : std::uint8_t {
     LowerRoman,
     UpperLetter,
     LowerLetter,
+    TwoDigits, // at least
     Bullet
 };
 
@@ -27,6 +28,7 @@ struct RtfNumberFormat {
     auto operator<=>(const RtfNumberFormat&) const = default;
 };
 
+std::u16string NumberText(RtfNumberKind kind, std::int32_t number); // "" for a bullet
 std::u16string NumberText(const RtfNumberFormat& format, std::int32_t number);
 
 class RtfNumbering {

@@ -152,6 +152,19 @@ Document RtfParser::ReleaseDocument() {
     return document;
 }
 
+std::uint32_t RtfParser::ParagraphStyleNow() {
+    const RtfState& now = State();
+    ParagraphStyle style = now.paragraph;
+    const bool hasIndent = style.leftIndent != 0 || style.firstLineIndent != 0;
+    const RtfListLevel* const level =
+        now.list != 0 && !hasIndent ? lists_.Level(now.list, now.listLevel) : nullptr;
+    if (level) {
+        style.leftIndent = level->leftIndent;
+        style.firstLineIndent = level->firstLineIndent;
+    }
+    return paragraphStyles_.IndexOf(style);
+}
+
 void RtfParser::HandleWord(const RtfToken& token, bool isStarred) {
     if (State().destination == RtfDestination::Skip) return;
     const RtfWordEntry* entry = FindRtfWord(token.text);
@@ -190,6 +203,9 @@ void RtfParser::HandleKnownWord(const RtfWordEntry& entry, const RtfToken& token
     case RtfFamily::Numbering:
         if (destination == RtfDestination::Numbering) numbering_.Apply(entry, parameter);
         break;
+    case RtfFamily::List:
+        lists_.Apply(entry, !token.hasParameter || parameter != 0, parameter);
+        break;
     case RtfFamily::FormField:
         if (destination == RtfDestination::FormField) formField_.Apply(entry, parameter);
         break;
@@ -204,6 +220,8 @@ void RtfParser::HandleKnownWord(const RtfWordEntry& entry, const RtfToken& token
 }
 
 void RtfParser::HandleParagraphWord(const RtfWordEntry& entry, const RtfToken& token) {
+    if (entry.word == RtfWord::ListNumber && State().destination == RtfDestination::ListOverride)
+        return lists_.Apply(entry, true, token.parameter);
     if (entry.word != RtfWord::StyleNumber)
         return ApplyParagraphWord(State(), entry, token.hasParameter, token.parameter, colors_);
     if (State().destination == RtfDestination::Styles)

@@ -3,6 +3,7 @@
 
 #include "formats/rtf/rtf_form_field.h"
 #include "formats/rtf/rtf_limits.h"
+#include "formats/rtf/rtf_lists.h"
 #include "formats/rtf/rtf_numbering.h"
 #include "formats/rtf/rtf_pictures.h"
 #include "formats/rtf/rtf_rows.h"
@@ -12,6 +13,8 @@
 #include "formats/rtf/rtf_styles.h"
 #include "formats/rtf/rtf_text_decoder.h"
 #include "formats/rtf/rtf_tokenizer.h"
+
+#include <limits>
 
 class RtfParser {
   public:
@@ -53,6 +56,8 @@ class RtfParser {
     void EndNestedRow();
     void AddNoteNumber();
     void AddParagraphNumber();
+    std::u16string ListNumber(std::int32_t list);
+    void CountListParagraph();
     void EndWrittenNumber();
 
     void HandleText(std::string_view bytes);
@@ -86,9 +91,11 @@ class RtfParser {
         return charStyles_.IndexOf(
             now.dropCapLines == 0 ? now.chars : DropCapStyle(now.chars, now.dropCapLines));
     }
-    std::uint32_t ParagraphStyleNow() { return paragraphStyles_.IndexOf(State().paragraph); }
+    std::uint32_t ParagraphStyleNow();
     void FinishStories();
     Document ReleaseDocument();
+
+    static constexpr TextPos nowhere = std::numeric_limits<TextPos>::max();
 
     RtfTokenizer tokenizer_;
     std::vector<RtfState> stack_;
@@ -113,6 +120,8 @@ class RtfParser {
     RtfPictureReader picture_;
     std::size_t noteCount_ = 0;
     RtfNumbering numbering_;
+    RtfLists lists_;
+    TextPos numberedStart_ = nowhere; // the last paragraph of a list that got its number
     std::u16string blankNumber_; // written in front of the paragraph that begins
     RtfFormField formField_;     // of the last instruction
     std::u16string fieldInstruction_, shapeProperty_, attachedFile_;

@@ -56,6 +56,14 @@ void RtfParser::EnterNested(RtfDestination destination) {
         formField_ = {};
         break;
     case RtfDestination::Numbering: numbering_.Begin(); break;
+    case RtfDestination::List:
+    case RtfDestination::ListOverride: lists_.BeginList(); break;
+    case RtfDestination::ListOverrideLevel: lists_.BeginOverrideLevel(); break;
+    case RtfDestination::ListLevel:
+        state.paragraph = {}; // has its own font and indents, or none
+        state.font = nullptr;
+        lists_.BeginLevel();
+        break;
     case RtfDestination::AttachedPicture:
         attachedFile_.clear();
         picture_.Begin();
@@ -81,6 +89,10 @@ void RtfParser::EndDestination(const RtfState& ended) {
     case RtfDestination::Picture: EndPicture(ended); break;
     case RtfDestination::AttachedPicture: EndAttachedPicture(ended); break;
     case RtfDestination::Numbering: State().numberFormat = numbering_.End(); break;
+    case RtfDestination::List: lists_.EndList(); break;
+    case RtfDestination::ListLevel: lists_.EndLevel(ended); break;
+    case RtfDestination::ListOverride: lists_.EndOverride(); break;
+    case RtfDestination::ListOverrideLevel: lists_.EndOverrideLevel(); break;
     case RtfDestination::FormEntry: formField_.EndEntry(); break;
     default: break;
     }

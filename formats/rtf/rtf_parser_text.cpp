@@ -40,7 +40,8 @@ std::u16string* RtfParser::Sink() {
     switch (State().destination) {
     case RtfDestination::Body:
         if (State().isHidden) return nullptr;
-        if (State().numberFormat != 0 || !blankNumber_.empty()) AddParagraphNumber();
+        if (State().numberFormat != 0 || State().list != 0 || !blankNumber_.empty())
+            AddParagraphNumber();
         Story().UseCharStyle(CharStyleNow());
         return &Story().text;
     case RtfDestination::Fonts: return &fonts_.Name();
@@ -49,6 +50,7 @@ std::u16string* RtfParser::Sink() {
     case RtfDestination::ShapePropertyName: return &shapeProperty_;
     case RtfDestination::NumberBefore: return &numbering_.Before();
     case RtfDestination::NumberAfter: return &numbering_.After();
+    case RtfDestination::ListLevelText: return &lists_.LevelText();
     case RtfDestination::FormEntry: return &formField_.Entry();
     case RtfDestination::FormDefaultText: return &formField_.DefaultText();
     case RtfDestination::AttachedPicture: return &attachedFile_;
@@ -61,6 +63,7 @@ std::size_t RtfParser::MaxLengthOfSink() const {
     case RtfDestination::Body: return body_.text.max_size();
     case RtfDestination::NumberBefore:
     case RtfDestination::NumberAfter: return maxRtfNumberTextLength;
+    case RtfDestination::ListLevelText: return maxRtfLevelTextLength;
     default: return maxRtfFieldLength;
     }
 }
@@ -91,8 +94,8 @@ void RtfParser::HandleHexByte(unsigned char byte) {
     const char c = static_cast<char>(byte);
     if (byte >= 0x20)
         AddBytes({&c, 1}, CodePageOfText());
-    else if (c == '\t')
-        AddUnit(u'\t');
+    else if (c == '\t' || State().destination == RtfDestination::ListLevelText)
+        AddUnit(byte);
 }
 
 void RtfParser::HandleLiteral(char16_t unit) {
@@ -196,7 +199,9 @@ void RtfParser::HandleBreak(RtfWord word) {
     switch (word) {
     case RtfWord::EndParagraph: return EndParagraph();
     case RtfWord::EndPage:
-        if (!Story().AtParagraphStart()) EndParagraph();
+        if (Story().AtParagraphStart()) return;
+        EndParagraph();
+        if (!State().inNote) numberedStart_ = body_.paragraphStart; // the same one goes on
         return;
     case RtfWord::BreakLine: return AddUnit(u'\v');
     case RtfWord::EndCell: return EndCell();
@@ -212,6 +217,7 @@ void RtfParser::EndParagraph() {
     if (State().isHidden) return;
     if (State().inShape) return AddUnit(u'\v');
     if (IsDropCap()) return;
+    CountListParagraph();
     if (!State().inNote) rows_.BeforeParagraphEnd(body_, State().inTable);
     if (!State().inNote) blankNumber_.clear();
     const TextPos start = Story().paragraphStart;
@@ -228,6 +234,7 @@ bool RtfParser::IsDropCap() {
 
 void RtfParser::EndCell() {
     if (!MayHoldTable()) return AddUnit(u'\t');
+    CountListParagraph();
     rows_.EndCell(body_, CharStyleNow(), ParagraphStyleNow());
 }
 
@@ -249,11 +256,30 @@ void RtfParser::AddParagraphNumber() {
     RtfState& state = State();
     if (!body_.AtParagraphStart() || state.inNote || state.inNumber) return;
     const std::size_t format = std::exchange(state.numberFormat, 0);
+    const std::int32_t list = std::exchange(state.list, 0);
     std::u16string text = std::exchange(blankNumber_, {});
-    if (format != 0) text = numbering_.TextOfParagraph(format, body_.paragraphStart);
+    if (list != 0 && lists_.Level(list, state.listLevel)) {
+        if (std::u16string number = ListNumber(list); !number.empty()) text = std::move(number);
+    } else if (format != 0) {
+        text = numbering_.TextOfParagraph(format, body_.paragraphStart);
+    }
     for (const char16_t unit : text)
         AddUnit(unit);
     state.numberFormat = format;
+    state.list = list;
+}
+
+// "" when the paragraph has its number already.
+std::u16string RtfParser::ListNumber(std::int32_t list) {
+    if (std::exchange(numberedStart_, body_.paragraphStart) == body_.paragraphStart) return {};
+    return lists_.TextOfParagraph(list, State().listLevel);
+}
+
+// One whose number is written out counts for those after it.
+void RtfParser::CountListParagraph() {
+    const RtfState& state = State();
+    if (state.list == 0 || state.inNote || body_.AtParagraphStart()) return;
+    ListNumber(state.list);
 }
 
 // One of blanks alone waits for the paragraph's text: what the writer could not write out may

@@ -96,6 +96,7 @@ void ApplyParagraphWord(RtfState& state, const RtfWordEntry& entry, bool hasPara
         state.shading = {};
         state.dropCapLines = 0;
         state.numberFormat = 0;
+        state.list = state.listLevel = 0;
         break;
     case RtfWord::Align: style.alignment = static_cast<Alignment>(entry.value); break;
     case RtfWord::LeftIndent: style.leftIndent = ClampRtfTwips(parameter); break;
@@ -108,6 +109,8 @@ void ApplyParagraphWord(RtfState& state, const RtfWordEntry& entry, bool hasPara
     case RtfWord::ParagraphDirection: style.rightToLeft = entry.value != 0; break;
     case RtfWord::TabStop: AddTabStop(style.tabStops, parameter); break;
     case RtfWord::InTable: state.inTable = on; break;
+    case RtfWord::ListNumber: state.list = parameter; break;
+    case RtfWord::ListLevel: state.listLevel = parameter; break;
     case RtfWord::ParagraphBackground:
     case RtfWord::ShadingPattern:
     case RtfWord::Shading: state.shading.Apply(entry, parameter, colors, style); break;

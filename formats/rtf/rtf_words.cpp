@@ -55,6 +55,12 @@ constexpr WordGroup wordGroups[] = {
     To(D::Numbering, "pn"),
     To(D::NumberBefore, "pntxtb"),
     To(D::NumberAfter, "pntxta"),
+    To(D::ListTable, "listoverridetable listtable"),
+    To(D::List, "list"),
+    To(D::ListOverride, "listoverride"),
+    To(D::ListLevel, "listlevel"),
+    To(D::ListLevelText, "leveltext"),
+    To(D::ListOverrideLevel, "lfolevel"),
     To(D::ParagraphNumber, "listtext pntext"),
     To(D::FormField, "formfield"),
     To(D::FormEntry, "ffl"),
@@ -68,8 +74,8 @@ constexpr WordGroup wordGroups[] = {
        "comment company creatim datastore doccomm docvar falt filetbl fldtype "
        "fontemb "
        "fontfile footer footerf footerl footerr ftncn ftnsep ftnsepc generator header headerf "
-       "headerl headerr hlinkbase info keycode keywords latentstyles listoverridetable listpicture "
-       "listtable maccPr manager mbarPr mborderBoxPr mboxPr mdPr meqArrPr mfPr mfuncPr mgroupChrPr "
+       "headerl headerr hlinkbase info keycode keywords latentstyles levelnumbers listname "
+       "listpicture liststylename maccPr manager mbarPr mborderBoxPr mboxPr mdPr meqArrPr mfPr mfuncPr mgroupChrPr "
        "mlimLowPr mlimUppPr mmPr mmathPict mmathPr mnaryPr moMathParaPr mphantPr mradPr mrPr "
        "msPrePr msSubPr msSubSupPr msSupPr nonesttables objalias objclass objdata objname objtime "
        "operator "
@@ -143,6 +149,8 @@ constexpr WordGroup wordGroups[] = {
     {"rtlpar", F::Paragraph, W::ParagraphDirection, 1},
     {"tx", F::Paragraph, W::TabStop},
     {"intbl", F::Paragraph, W::InTable},
+    {"ls", F::Paragraph, W::ListNumber},
+    {"ilvl", F::Paragraph, W::ListLevel},
     {"cbpat", F::Paragraph, W::ParagraphBackground},
     {"cfpat", F::Paragraph, W::ShadingPattern},
     {"shading", F::Paragraph, W::Shading},
@@ -224,6 +232,13 @@ constexpr WordGroup wordGroups[] = {
     {"pnlvl pnlvlbody", F::Numbering, W::NumberedParagraph},
     {"pnlvlblt", F::Numbering, W::BulletedParagraph},
     {"pnlvlcont", F::Numbering, W::ContinuedParagraph},
+    {"listid", F::List, W::ListId},
+    {"levelnfc levelnfcn", F::List, W::LevelKind},
+    {"levelstartat", F::List, W::LevelStart},
+    {"levelfollow", F::List, W::LevelFollow},
+    {"levellegal", F::List, W::LevelLegal},
+    {"levelnorestart", F::List, W::LevelGoesOn},
+    {"listoverridestartat", F::List, W::LevelStartsAnew},
     {"ffres", F::FormField, W::FormResult},
     {"ffdefres", F::FormField, W::FormDefaultResult},
     {"mnum", F::Math, W::MathNumerator},

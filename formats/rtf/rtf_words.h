@@ -18,6 +18,7 @@ enum class RtfFamily : std::uint8_t {
     ColorTable,
     Document,
     Numbering,
+    List,
     FormField,
     Math, // a part of a formula
     Unicode,
@@ -41,6 +42,12 @@ enum class RtfDestination : std::uint8_t {
     Numbering,
     NumberBefore,
     NumberAfter,
+    ListTable, // of overrides, too
+    List,
+    ListOverride,
+    ListLevel,
+    ListLevelText,
+    ListOverrideLevel,
     FormField,
     FormEntry,
     FormDefaultText,
@@ -106,6 +113,8 @@ enum class RtfWord : std::uint8_t {
     StyleNumber,
     OutlineLevel, // 0 is the highest, 9 is no heading
     InTable,
+    ListNumber, // in the table of overrides, the number that paragraphs give
+    ListLevel,  // 0 is the highest
     // Row
     RowDefaults,
     CellRightEdge,
@@ -148,6 +157,14 @@ enum class RtfWord : std::uint8_t {
     NumberedParagraph,
     BulletedParagraph,
     ContinuedParagraph, // of the one before, without a number
+    // List
+    ListId,
+    LevelKind,
+    LevelStart,
+    LevelFollow,
+    LevelLegal,
+    LevelGoesOn,
+    LevelStartsAnew,
     // FormField
     FormResult,
     FormDefaultResult,
