@@ -122,8 +122,8 @@ class RtfParser {
     RtfNumbering numbering_;
     RtfLists lists_;
     TextPos numberedStart_ = nowhere; // the last paragraph of a list that got its number
-    std::u16string blankNumber_; // written in front of the paragraph that begins
-    RtfFormField formField_;     // of the last instruction
+    std::u16string blankNumber_;      // written in front of the paragraph that begins
+    RtfFormField formField_;          // of the last instruction
     std::u16string fieldInstruction_, shapeProperty_, attachedFile_;
     std::vector<std::u16string> links_;
     // What a field shows if it has no result: it is the group of this depth.

@@ -20,12 +20,12 @@ struct RtfState {
     RtfDestination outer = RtfDestination::Body; // around this one
     bool opensDestination = false;               // the destination ends with this group
     bool inNote = false, inShape = false;
-    bool inNumber = false;           // in a number that the writer has put in front of a paragraph
-    std::size_t numberFormat = 0;    // of paragraphs whose numbers are to be added, 0 for none
+    bool inNumber = false;        // in a number that the writer has put in front of a paragraph
+    std::size_t numberFormat = 0; // of paragraphs whose numbers are to be added, 0 for none
     std::int32_t list = 0, listLevel = 0; // of the paragraph: \ls, 0 for none, and \ilvl
-    std::int32_t fallbackLength = 1; // \uc: bytes after a \u that other readers show
-    std::uint16_t fieldLink = 0;     // for the field's result
-    char16_t mathEnd = 0;            // shown at the end of this group, a part of a formula
+    std::int32_t fallbackLength = 1;      // \uc: bytes after a \u that other readers show
+    std::uint16_t fieldLink = 0;          // for the field's result
+    char16_t mathEnd = 0;                 // shown at the end of this group, a part of a formula
 };
 
 // Apply a control word with its parameter to the style; no parameter means on.

@@ -2,11 +2,13 @@
 
 #include "common/hex_digits.h"
 
+#include <algorithm>
 #include <array>
 #include <limits>
 
 namespace {
 
+using namespace std::string_view_literals;
 using Kind = RtfToken::Kind;
 
 constexpr bool IsLetter(char c) {
@@ -37,6 +39,22 @@ RtfToken SymbolToken(char c) {
     token.kind = Kind::Symbol;
     token.byte = static_cast<unsigned char>(c);
     return token;
+}
+
+// The data of a group whose length is wrong: up to a brace that rich text follows; all of it when
+// there is none, as in a file that was cut. A file that was not ends with a brace.
+std::string_view DataOfGroup(std::string_view rest) {
+    constexpr std::size_t enough = 64; // bytes: data has some control byte among so many
+    const auto isText = [](char c) {
+        return static_cast<unsigned char>(c) >= 0x20 || c == '\r' || c == '\n' || c == '\t';
+    };
+    const bool isWhole = rest.find_last_not_of(" \r\n\t\0"sv) == rest.rfind('}');
+    for (std::size_t end = isWhole ? rest.find('}') : rest.npos; end != rest.npos;
+         end = rest.find('}', end + 1)) {
+        const std::string_view after = rest.substr(end + 1, enough);
+        if (std::all_of(after.begin(), after.end(), isText)) return rest.substr(0, end);
+    }
+    return rest;
 }
 
 } // namespace
@@ -128,7 +146,7 @@ RtfToken RtfTokenizer::ReadBinary(std::int32_t length) {
     const auto size = length < 0 ? 0 : static_cast<std::size_t>(length);
     RtfToken token;
     token.kind = Kind::Binary;
-    token.text = {at_, size < left ? size : left};
+    token.text = size <= left ? std::string_view(at_, size) : DataOfGroup({at_, left});
     at_ += token.text.size();
     return token;
 }

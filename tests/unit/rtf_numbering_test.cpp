@@ -101,7 +101,8 @@ const std::string lists =
     "{\\leveltext\\'04\\'00.\\'01);}{\\levelnumbers\\'01\\'03;}\\fi-360\\li1440}"
     "{\\listlevel\\levelnfc23{\\leveltext\\'01\\u-3913 ?;}{\\levelnumbers;}\\f1\\fi-180\\li2160}"
     "{\\listname ;}\\listid77}"
-    "{\\list{\\listlevel\\levelnfc1\\levelfollow2{\\leveltext\\'05Kap \\'00;}{\\levelnumbers\\'05;}}"
+    "{\\list{\\listlevel\\levelnfc1\\levelfollow2{\\leveltext\\'05Kap "
+    "\\'00;}{\\levelnumbers\\'05;}}"
     "{\\listlevel\\levelnfc2\\levellegal1\\levelnorestart1{\\leveltext\\'03\\'00.\\'01;}}"
     "{\\listlevel\\levelnfc22{\\leveltext\\'01\\'02;}}"
     "{\\*\\listpicture{\\pict\\pngblip 00}}\\listid-8}}"
@@ -174,9 +175,8 @@ TEST_CASE("rtf numbering: signs of lists in symbol fonts") {
 }
 
 TEST_CASE("rtf numbering: indents of a list, where the paragraph has none") {
-    const Document document = ReadRtf("{\\rtf1" + lists +
-                                          "\\pard\\ls1 a\\par\\ilvl1 b\\par\\li500 c\\par\\pard d",
-                                      1252);
+    const Document document =
+        ReadRtf("{\\rtf1" + lists + "\\pard\\ls1 a\\par\\ilvl1 b\\par\\li500 c\\par\\pard d", 1252);
     const auto leftAt = [&](TextPos at) {
         return document_check::ParagraphStyleAt(document, at).leftIndent;
     };

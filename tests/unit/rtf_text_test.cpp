@@ -63,6 +63,7 @@ TEST_CASE("rtf reader: what is text") {
         {"{\\rtf1 a\\unknown1 b\\|c\\:d}", "abcd"},
         {"{\\rtf1 a{\\v hidden\\par}b\\v c\\v0 d\\v e\\plain f}", "abdf"},
         {"{\\rtf1 a\\bin3 }}}b}", "ab"},
+        {"{\\rtf1 a{\\*\\unknown\\bin300 \x01}\x02}b\\par}", "ab\n"},
         {"not rich text", ""},
         {"", ""},
     });

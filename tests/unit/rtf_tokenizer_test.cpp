@@ -59,6 +59,8 @@ TEST_CASE("rtf tokenizer: groups, words, symbols and text") {
         {"\\*\\~\\{", "symbol *; symbol ~; symbol {; "},
         {"\\bin3 {}\\x", "binary {}\\; text x; "},
         {"\\bin9 ab", "binary ab; "},
+        {"{\\bin99 a}b\x01}\\par x}\n", "{; binary a}b\x01; }; word par; text x; }; "},
+        {"\\bin99 a}b\x01}x", "binary a}b\x01}x; "},
         {"\\bin-1 ab", "binary ; text ab; "},
         {"\\bin", "binary ; "},
         {"\\fs99999999999", "word fs 2147483647; "},
