@@ -21,6 +21,22 @@ constexpr RangeCost rangeCosts[] = {
 constexpr int besideAsciiCost = 5 * costsPerBit;
 constexpr int errorCost = 28 * costsPerBit;
 
+// Half-width kana in a row are a text of some sixty signs; the two marks change the sound of some.
+constexpr int kanaInRowCost = 7 * costsPerBit, soundMarkCost = 3 * costsPerBit,
+              straySoundMarkCost = 20 * costsPerBit;
+
+bool IsHalfWidthKana(char16_t unit) {
+    return unit >= 0xFF66 && unit <= 0xFF9F;
+}
+
+int KanaCost(char16_t before, char16_t kana) {
+    constexpr char16_t voiced = 0xFF9E;
+    const bool takesVoicedMark = before == 0xFF73 || (before >= 0xFF76 && before <= 0xFF84);
+    const bool takesBoth = before >= 0xFF8A && before <= 0xFF8E;
+    if (kana < voiced) return kanaInRowCost;
+    return takesBoth || (takesVoicedMark && kana == voiced) ? soundMarkCost : straySoundMarkCost;
+}
+
 bool IsAsciiLetter(char16_t unit) {
     return (unit | 0x20) >= u'a' && (unit | 0x20) <= u'z';
 }
@@ -47,7 +63,8 @@ int CharacterCosts::Cost(std::u16string_view text, int limit) const {
             cost += before < 0x80 ? AsciiShare(asciiLetterCost) : asciiLetterCost + besideAsciiCost;
         else if (unit >= 0x80 && IsAsciiLetter(before))
             cost += besideAsciiCost;
-        cost += costs_[unit];
+        const bool isKanaInRow = IsHalfWidthKana(unit) && IsHalfWidthKana(before);
+        cost += isKanaInRow ? KanaCost(before, unit) : costs_[unit];
         if (cost >= limit) return cost;
         before = unit;
     }
