@@ -18,8 +18,9 @@ struct CharacterProperties {
     char16_t letter = 0; // in its small form; 0 for a sign
     LetterScript script = LetterScript::None;
     bool uppercase = false;
-    bool mark = false;       // a vowel or another sign with a letter of Hebrew or Arabic
-    bool impossible = false; // a control character, or no character at all
+    bool mark = false;        // a vowel or another sign with a letter of Hebrew or Arabic
+    bool impossible = false;  // a control character, or no character at all
+    bool withNumbers = false; // a sign that mostly stands beside a digit
     PunctuationKind kind = PunctuationKind::Free;
     int cost = 0; // of a sign; ASCII ones are free, for they are the same in every charset
 };

@@ -63,6 +63,8 @@ constexpr RarePage singleBytePages[] = {
     {869, 6},
     {1125, 6},
     {mikPage, 7},
+    {kazakhPage, 4},
+    {asianPage, 5},
     {10000, 5},
     {10006, 6},
     {10007, 5},
@@ -182,7 +184,7 @@ void TryCharacters(Search& search) {
 constexpr std::initializer_list<int> families[] = {
     {1252, 850, 858, 437, 10000, 28605, 28591, 860, 861, 863, 865, 10079, 28604},
     {1250, 28592, 852, 10029, 28606, 10010, 10082},
-    {1251, 20866, 21866, 866, 28595, 10007, 855, 1125, mikPage},
+    {1251, 20866, 21866, 866, 28595, 10007, 855, 1125, mikPage, kazakhPage, asianPage},
     {1253, 28597, 737, 869, 10006},
     {1254, 28599, 857, 10081, 28593},
     {1255, logicalIsoPage, 862, visualIsoPage, visualDosPage, visualWindowsPage},

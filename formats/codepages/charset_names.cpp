@@ -32,6 +32,8 @@ constexpr NamedCharset charsets[] = {
     {855, "Cyrillic (DOS 855)"},
     {1125, "Ukrainian (DOS 1125)"},
     {mikPage, "Bulgarian (DOS MIK)"},
+    {kazakhPage, "Kazakh (KZ-1048)"},
+    {asianPage, "Cyrillic, Asian (PT154)"},
     {28595, "Cyrillic (ISO 8859-5)"},
     {10007, "Cyrillic (Macintosh)"},
     {1253, "Greek (Windows 1253)"},

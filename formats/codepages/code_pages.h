@@ -9,7 +9,9 @@ constexpr int utf8Page = 65001;
 // Charsets for which Windows has no number.
 constexpr int visciiPage = 70001;
 constexpr int tcvnPage = 70002;
-constexpr int mikPage = 70005; // Bulgarian of DOS
+constexpr int mikPage = 70005;    // Bulgarian of DOS
+constexpr int kazakhPage = 70006; // KZ-1048: 1251 with the letters of Kazakh
+constexpr int asianPage = 70007;  // PT154: with those of Kazakh, Tatar, Bashkir and others
 
 // Hebrew that is kept as it is seen, from left to right; 28598 of Windows is, too, and 38598 the
 // same letters in logical order.
@@ -31,8 +33,8 @@ int OtherOrderPage(int codePage);
 // (Roman), 10001 (Japanese), 10006 (Greek), 10007 (Cyrillic), 10010 (Romanian), 10029 (Latin 2),
 // 10079 (Icelandic), 10081 (Turkish), 10082 (Croatian); 20866 (KOI8-R), 21866 (KOI8-U), 28591 to
 // 28606 and 38598 (ISO 8859), 51932 (EUC-JP), 51950 (EUC-TW), 54936 (GB18030), 65001 (UTF-8),
-// VISCII, TCVN 5712, MIK, DOS 862 and Windows 1255 in visual order; and, for whole texts only,
-// those of codepages/escaped_text.h.
+// VISCII, TCVN 5712, MIK, KZ-1048, PT154, DOS 862 and Windows 1255 in visual order; and, for whole
+// texts only, those of codepages/escaped_text.h.
 bool HasCodePage(int codePage);
 
 // Appends the text of `bytes`. A byte or sequence without a meaning becomes one U+FFFD, and so does

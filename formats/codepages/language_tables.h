@@ -6,7 +6,7 @@
 
 enum class LetterScript : std::uint8_t { None, Latin, Cyrillic, Greek, Hebrew, Arabic, Thai };
 
-constexpr int languageCount = 43;
+constexpr int languageCount = 46;
 constexpr int characterModelCount = 4;
 constexpr int characterBandCount = 6;
 constexpr int costsPerBit = 4;

@@ -24,6 +24,7 @@ LANGUAGES = {
     "pl": ("pl",), "cs": ("cs",), "sk": ("sk",), "sl": ("sl",), "hr": ("hr", "sr@latin"), "hu": ("hu",),
     "ro": ("ro",), "sq": ("sq",), "tr": ("tr",), "vi": ("vi",),
     "ru": ("ru",), "uk": ("uk",), "be": ("be",), "bg": ("bg",), "sr": ("sr",), "mk": ("mk",),
+    "kk": ("kk",), "tt": ("tt",), "id": ("id",),
     "el": ("el",), "he": ("he",), "ar": ("ar",), "fa": ("fa",), "th": ("th",),
     "ja": ("ja",), "ko": ("ko",), "zh": ("zh", "zh_CN"), "zh_TW": ("zh_TW",),
 }
@@ -41,6 +42,7 @@ TRAINING = (
 NAMES_OF_COUNTRIES = "usr/share/locale/{}/LC_MESSAGES/iso_*.mo"
 TRAINING_MORE = {
     "mt": (NAMES_OF_COUNTRIES,), "sq": (NAMES_OF_COUNTRIES,),
+    "kk": (NAMES_OF_COUNTRIES,), "tt": (NAMES_OF_COUNTRIES,),
     "en": tuple("usr/share/games/fortunes/" + name for name in
                 ("computers", "cookie", "definitions", "education", "food", "humorists", "kids", "law", "literature",
                  "love", "medicine", "people", "politics", "science", "songs-poems", "wisdom", "work")),
@@ -61,7 +63,7 @@ HELD_OUT = (
 # Of Debian 12, with the versions that the tables were made from.
 PACKAGES = {
     **dict.fromkeys(("libreoffice-l10n-" + name for name in (
-        "ar be bg ca cs cy da de el eo es et fi fr ga he hr hu is it ja ko lt lv mk nb nl pl pt ro ru sk sl sr sv th tr uk "
+        "ar be bg ca cs cy da de el eo es et fi fr ga he hr hu id is it ja kk ko lt lv mk nb nl pl pt ro ru sk sl sr sv th tr uk "
         "vi zh-cn zh-tw").split()), "4:7.4.7-1+deb12u14"),
     **dict.fromkeys(("manpages-" + name for name in (
         "cs da de el es fi fr it mk nb nl pt-br ro ru sr sv uk vi").split()), "4.18.1-1"),

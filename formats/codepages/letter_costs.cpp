@@ -14,10 +14,12 @@ constexpr int uppercaseFirstCost = 2 * costsPerBit, uppercaseInRowCost = 5,
 constexpr int strangeLetterCost = 8 * costsPerBit; // of the script, but not of the language
 constexpr int scriptChangeCost = 10 * costsPerBit; // within a word
 constexpr int loneLetterCost = 5 * costsPerBit;  // of a script whose letters nowhere stand together
-constexpr int withinWordCost = 12 * costsPerBit; // of a quotation mark: more likely a letter
+constexpr int withinWordCost = 12 * costsPerBit; // of a quotation mark or fraction: a letter
 // The tables are of texts without vowels: where these are written, each letter has one or two.
 constexpr int markCost = 10, secondMarkCost = 5 * costsPerBit, strayMarkCost = 15 * costsPerBit;
 constexpr int letterAfterMarkCost = 18, endAfterMarkCost = 10;
+constexpr int letterAfterDigitCost = 5 * costsPerBit, signAfterDigitCost = 6 * costsPerBit;
+constexpr int freeAfterLetterCost = costsPerBit;
 constexpr int wrongSideCost = 5 * costsPerBit, boxDrawingInRowCost = costsPerBit;
 
 bool IsAsciiLetter(unsigned char byte) {
@@ -51,7 +53,10 @@ int PunctuationCost(const CharacterProperties& before, const CharacterProperties
         character.kind == PunctuationKind::Odd || character.kind == PunctuationKind::BoxDrawing;
     if (character.kind == PunctuationKind::BoxDrawing && same) return boxDrawingInRowCost;
     int cost = character.cost;
-    if (cost != 0 && before.letter != 0 && (opens || odd)) cost += wrongSideCost;
+    if (cost != 0 && before.letter != 0) {
+        if (opens || odd) cost += wrongSideCost;
+        if (character.kind == PunctuationKind::Free) cost += freeAfterLetterCost;
+    }
     if (character.kind == PunctuationKind::Joining && before.letter == 0) cost += wrongSideCost;
     return cost;
 }
@@ -60,8 +65,11 @@ int PunctuationCost(const CharacterProperties& before, const CharacterProperties
 int CommonCost(const PageProperties& page, BytePair pair) {
     const CharacterProperties &before = page.properties[pair.first],
                               &character = page.properties[pair.second];
+    const bool isAfterDigit = pair.first >= '0' && pair.first <= '9';
+    if (character.withNumbers && isAfterDigit) return signAfterDigitCost;
     if (character.letter == 0) return PunctuationCost(before, character, pair.first == pair.second);
     int cost = UppercaseCost(before, character);
+    if (isAfterDigit) cost += letterAfterDigitCost;
     if (before.letter != 0 && before.script != character.script) cost += scriptChangeCost;
     const bool closes = before.kind == PunctuationKind::Closing ||
                         before.kind == PunctuationKind::Odd ||
@@ -168,6 +176,12 @@ bool HasCoreLetters(const LanguageModel& model, int page, const PageLetters& let
     return std::all_of(model.letters, model.letters + model.coreLetters,
                        [&](char16_t letter) { return letters.Has(letter); });
 }
+// Of a language that is often written with none but ASCII letters, signs may be all that is left.
+bool NeedsAsciiOnly(const LanguageModel& model) {
+    return model.script == LetterScript::Latin &&
+           std::all_of(model.letters, model.letters + model.coreLetters,
+                       [](char16_t letter) { return letter < 0x80; });
+}
 } // namespace
 
 int AsciiLettersCost(const ByteEvidence& evidence) {
@@ -203,7 +217,8 @@ LetterCosts::LetterCosts(const ByteEvidence& evidence) : evidence_(evidence) {
 
 int LetterCosts::WithinWordsCost(const char16_t* units) const {
     constexpr std::u16string_view marks =
-        u"\u00AB\u00BB\u201C\u201D\u201E\u201A\u2039\u203A\u00A1\u00BF";
+        u"\u00AB\u00BB\u201C\u201D\u201E\u201A\u2039\u203A\u00A1\u00BF"
+        u"\u00A4\u00A6\u00A8\u00B4\u00B8\u00B9\u00BC\u00BD\u00BE";
     int count = 0;
     for (int byte = 0x80; byte < 0x100; ++byte)
         if (marks.find(units[byte - 0x80]) != marks.npos) count += withinWords_[byte];
@@ -224,7 +239,7 @@ std::optional<PageCost> LetterCosts::Cheapest(int page, const char16_t* units, i
     std::optional<PageCost> best;
     for (int language = 0; language < languageCount; ++language) {
         const LanguageModel& model = languageModels[language];
-        if (!scripts[static_cast<int>(model.script)] && language != 0) continue;
+        if (!scripts[static_cast<int>(model.script)] && !NeedsAsciiOnly(model)) continue;
         if (!HasCoreLetters(model, page, letters)) continue;
         const LanguageReader reader(model, properties, evidence_);
         const int lone = LoneLetters(model.script, properties, evidence_);

@@ -16,6 +16,7 @@ SINGLE_BYTE = {
     **{page: "cp%d" % page for page in (1125, *range(1250, 1259))},
     10000: "mac_roman", 10006: "mac_greek", 10007: "mac_cyrillic", 10029: "mac_latin2", 10081: "mac_turkish",
     10010: "mac_romanian", 10079: "mac_iceland", 10082: "mac_croatian",
+    70006: "kz1048", 70007: "ptcp154",  # numbers of our own
     20866: "koi8_r", 21866: "koi8_u",
     **{28590 + part: "iso8859_%d" % part for part in range(1, 17) if part != 12},  # there is no part 12
 }

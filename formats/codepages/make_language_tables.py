@@ -16,7 +16,7 @@ import language_texts
 
 IDEOGRAPHIC = ("ja", "ko", "zh", "zh_TW")
 SCRIPTS = {
-    **dict.fromkeys(("ru", "uk", "be", "bg", "sr", "mk"), "CYRILLIC"),
+    **dict.fromkeys(("ru", "uk", "be", "bg", "sr", "mk", "kk", "tt"), "CYRILLIC"),
     "el": "GREEK", "he": "HEBREW", "ar": "ARABIC", "fa": "ARABIC", "th": "THAI",
 }
 RAREST = 1e-5  # of a language's letters; a rarer one is a foreign letter

@@ -183,10 +183,17 @@ const Sentence sentences[] = {
            u"а золоте, і її ґанок світився."},
     {mikPage, u"Имало едно време един цар, който имал трима синове; най-малкият от тях бил и "
               u"най-умният, но никой не го знаел."},
+    {kazakhPage, u"Ерте заманда бір қарт пен кемпір өмір сүріпті, олардың үш ұлы болыпты; кенжесі "
+                 u"әрі ақылды, әрі көңілді екен."},
+    {asianPage, u"Борын заманда бер карт белән карчык яшәгәннәр, аларның өч улы булган; кечесе иң "
+                u"акыллысы һәм җитезе икән."},
+    {1251, u"Ерте заманда бiр карт пен кемпiр омiр сурiптi, олардын уш улы болыпты; кенжесi "
+           u"ари акылды екен."},
     {1255, u"בְּרֵאשִׁית, בָּרָא אֱלֹהִים, אֵת הַשָּׁמַיִם, וְאֵת הָאָרֶץ. וְהָאָרֶץ, הָיְתָה תֹהוּ"},
     {1255, u"שִׁיר הַשִּׁירִים"},
     {1256, u"الْحَمْدُ لِلَّهِ رَبِّ الْعَالَمِينَ مَالِكِ يَوْمِ الدِّينِ إِيَّاكَ نَعْبُدُ وَإِيَّاكَ نَسْتَعِينُ"},
     {28596, u"بِسْمِ اللَّهِ الرَّحْمَنِ"},
+    {932, u"MIDI ﾃﾞｰﾀ ｦ ﾖﾐｺﾐﾏｽ (ﾌｧｲﾙ ﾒｲ: SONG01.MID)"},
     {51950, u"\u5F9E\u524D\u6709\u4E00\u500B\u8001\u570B\u738B\uFF0C\u4ED6\u6709\u4E09\u500B"
             u"\u5152\u5B50\uFF0C\u6700\u5C0F\u7684\u5152\u5B50\u6700\u8070\u660E\uFF0C\u5927"
             u"\u5BB6\u90FD\u5F88\u559C\u6B61\u4ED6\u3002"},
@@ -360,6 +367,24 @@ TEST_CASE("charset guess: in doubt the system's own page") {
         CHECK(DecodePlainText(bytes, 0, 1252).codePage == 1252);
     }
     CHECK(DecodePlainText("\xE0", 0, 1251).codePage == 1251);
+}
+
+TEST_CASE("charset guess: signs alone leave a text in the system's own page") {
+    const char16_t* const texts[] = {
+        u"— Ga je morgen mee naar de markt? vroeg de oude molenaar.\n— Nee, ik blijf liever thuis "
+        u"bij het vuur, zei zijn vrouw.\n— Dan ga ik alleen, het regent toch niet.\n",
+        u"The old road² ran past the mill² and the church², and the people² who lived there² "
+        u"never thought² about where it went². And the children² of the village² played in the "
+        u"field² until evening², when their mothers² called².",
+    };
+    for (const char16_t* const text : texts)
+        CHECK(Decoded(Encoded(1252, text)) == Utf16ToUtf8(text));
+}
+
+TEST_CASE("charset guess: a fraction within a word is a letter of another page") {
+    const char16_t* const text =
+        u"La version du nœud n'était pas trouvée, dit le garçon à sa mère.";
+    CHECK(Decoded(Encoded(28605, text)) == Utf16ToUtf8(text));
 }
 
 TEST_CASE("charset guess: languages whose accents are rare elsewhere stay Western") {

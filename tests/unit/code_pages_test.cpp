@@ -31,6 +31,8 @@ TEST_CASE("code pages: letters of every page") {
         {852, "\x88", u"\u0142"},
         {866, "\x80\xAF\xE0\xF0", u"\u0410\u043F\u0440\u0401"},
         {1125, "\x80\xF3\xF7\xF9", u"\u0410\u0491\u0456\u0457"},
+        {kazakhPage, "\x8D\x9D\xA3\xBC\xBA\xBE\xFF", u"\u049A\u049B\u04D8\u04D9\u0493\u04A3\u044F"},
+        {asianPage, "\x80\x90\xA2\xB9\xBF\xFF", u"\u0496\u0497\u045E\u2116\u049D\u044F"},
         {mikPage, "\x80\xBF\xC4\xCD\xD5\xE0\xFF", u"\u0410\u044F\u2500\u2550\u2116\u03B1\u00A0"},
         {874, "\xA1\xE0\xA0", u"\u0E01\u0E40\u00A0"},
         {932, "\x93\xFA\x96{\xB1\\", u"\u65E5\u672C\uFF71\\"},
