@@ -247,3 +247,21 @@ TEST_CASE("page limits: boxes out of the flow without end come to stand in it") 
         page.flow.LayOut(zone);
     CHECK(page.flow.Heights().Total() > 50'000 * 16);
 }
+
+TEST_CASE(
+    "page limits: boxes beside earlier text are few, and not laid out with all that is theirs") {
+    const std::u16string box = u"<p style='position:absolute;top:0;left:0;width:9px'>x</p>";
+    PageSample page(u"<div style='margin-left:60px'>" + Repeated(u"<p>text", 1000) + u"</div>" +
+                    Repeated(u"<p>y" + box, 50'000));
+    page.flow.SetWidth(400);
+    const std::size_t last = page.flow.ZoneCount() - 1;
+    CHECK(TextsOfZone(page, last) < 1000);
+    CHECK(TextsOfZone(page, 0) < 1000);
+    CHECK(page.flow.LayoutsMade() <= 2);
+    // Each in a container of its own.
+    const std::u16string each = u"<div style='position:relative'>" + Repeated(u"<p>text", 40) + box;
+    PageSample nested(Repeated(each, 400));
+    nested.flow.SetWidth(400);
+    TextsOfZone(nested, nested.flow.ZoneCount() / 2);
+    CHECK(nested.flow.LayoutsMade() < 40);
+}

@@ -475,3 +475,23 @@ TEST_CASE("page pane: an end that was left at once comes back, to the pixel wher
         CHECK(again.view.Percent() == 100);
     }
 }
+
+TEST_CASE("page pane: the text is at the top, not what stands beside it") {
+    std::string bar = "<nav style='position:absolute;top:0;left:0;width:96px'>";
+    for (int i = 0; i < 60; ++i)
+        bar += "<div>link" + std::to_string(i) + "</div>";
+    PageBench bench(Paragraphs(200) + "<style>p{margin-left:100px}</style>" + bar + "</nav>");
+    bench.view.ScrollTo(0, 400);
+    bench.view.Pane().ScrollLines(0); // by its user
+    const std::u16string& text = bench.view.Pane().Page()->Text();
+    const TextPos link = TextPos(text.find(u"link20"));
+    const TextPos place = bench.view.StartAtTop();
+    CHECK(place > 0);
+    CHECK(place < link);
+    bench.Resize(500);
+    CHECK(bench.view.StartAtTop() <= place);
+    CHECK(place - bench.view.StartAtTop() < 100); // in the same line
+    // A link of it is found where it is seen.
+    bench.view.BringToTop({.offset = -1, .start = link});
+    CHECK(bench.PointOf(link).y < 32);
+}

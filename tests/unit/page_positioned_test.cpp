@@ -47,6 +47,13 @@ TEST_CASE("page positioned: boxes stand at the heights that their style says") {
                 100) == "5,21 one|66,2 copy");
 }
 
+TEST_CASE("page positioned: a box in one that is out of the flow is told from its top") {
+    CHECK(Lines(u"<div style='position:absolute;top:0;right:0;width:100%'>"
+                u"<div style='margin-top:32px'>one</div>"
+                u"<div style='position:absolute;top:0;right:8px'>two</div></div>",
+                100) == "0,32 one|68,0 two");
+}
+
 TEST_CASE("page positioned: no box is on another or on text above it") {
     const std::u16string box = u"<b style='position:absolute;left:0;top:0'>";
     CHECK(Lines(u"one" + (u"<div>" + box + u"two</b></div>") + (u"<div>" + box + u"six</b></div>"),
@@ -111,4 +118,87 @@ TEST_CASE("page positioned: a heading that makes room for a picture is shown") {
     CHECK(Lines(u"<div style='text-indent:-9999px'>one</div>", 160) == "0,0 one");
     CHECK(Lines(u"<div style='text-indent:100%;overflow:hidden;white-space:nowrap'>one</div>",
                 160) == "0,0 one");
+}
+
+namespace {
+std::u16string Paragraphs(int count) {
+    std::u16string all;
+    for (int i = 0; i < count; ++i)
+        all += u"<p>one";
+    return all;
+}
+
+// Where a text stands in the page's lines, as "0,16"; empty where it is in none.
+std::string PlaceOf(const std::string& text, const std::string& lines) {
+    const auto end = ("|" + lines + "|").find(" " + text + "|");
+    if (end == std::string::npos) return {};
+    const auto start = ("|" + lines).rfind('|', end);
+    return lines.substr(start, end - 1 - start);
+}
+} // namespace
+
+TEST_CASE("page positioned: a bar after the text stands beside its beginning") {
+    const std::u16string text = u"<div style='margin-left:60px'>" + Paragraphs(400) + u"</div>";
+    const auto placeOf = [&](const std::u16string& style, const std::u16string& before = {}) {
+        PageSample page(before + text + u"<nav style='width:56px;" + style + u"'>bar</nav>end");
+        const std::string lines = page.Lines(200);
+        REQUIRE(page.flow.ZoneCount() > 2);
+        return PlaceOf("bar", lines);
+    };
+    CHECK(placeOf(u"position:absolute;top:0;left:0") == "0,0");
+    CHECK(placeOf(u"position:absolute;top:40px;left:2px;margin:3px") == "5,43");
+    CHECK(placeOf(u"position:fixed;top:0;left:0") == "0,0");
+    // A heading may be higher than the page reckons with.
+    CHECK(placeOf(u"position:absolute;top:20px;left:0;width:30px;padding:9px", u"<p>a<p>b") ==
+          "9,73");
+    // Where the text is, it is after it.
+    CHECK(placeOf(u"position:absolute;top:9px;left:60px;padding:9px") == "69,12825");
+    CHECK(placeOf(u"position:absolute;top:9px;right:0;width:150px;padding:9px") == "41,12825");
+    CHECK(placeOf(u"position:absolute;left:0") == "0,12816");
+}
+
+TEST_CASE("page positioned: a bar after the text stands below the top of what it is told from") {
+    const std::u16string bar =
+        u"<nav style='position:absolute;top:8px;right:0;width:50px'>bar</nav>";
+    PageSample page(u"<header>head</header><div style='position:relative;padding-right:60px'>" +
+                    Paragraphs(200) + bar + Paragraphs(200) + u"</div>end");
+    const std::string lines = page.Lines(200);
+    REQUIRE(page.flow.ZoneCount() > 2);
+    CHECK(PlaceOf("bar", lines) == "150,40");
+    CHECK(PlaceOf("end", lines) == "0,12832");
+}
+
+TEST_CASE(
+    "page positioned: a bar takes no room where it is written, also where that is seen first") {
+    const std::u16string text = u"<div style='margin-left:60px'>" + Paragraphs(400) + u"</div>";
+    PageSample page(text +
+                    u"<nav style='position:absolute;top:0;left:0;width:56px'><b>bar</b></nav>");
+    page.flow.SetWidth(200);
+    const std::size_t last = page.flow.ZoneCount() - 1;
+    PageBoxId bar = rootPageBox;
+    while (page.boxes[bar].style->position != CssPosition::Absolute)
+        ++bar;
+    CHECK(page.flow.LayOut(last)->parts.empty());
+    CHECK(page.flow.ZoneOf(bar) == 0);
+    CHECK(page.flow.LayoutsMade() == 2);
+    // Without room beside the text it stands where it is written.
+    PageSample narrow(Paragraphs(400) + u"<nav style='position:absolute;top:0;left:0;width:56px;"
+                                        u"padding:9px'>bar</nav>");
+    narrow.flow.SetWidth(100);
+    CHECK(narrow.flow.LayOut(narrow.flow.ZoneCount() - 1)->parts.size() == 1);
+}
+
+TEST_CASE("page positioned: text goes on beside a bar as far as that is high") {
+    std::u16string bar = u"<nav style='position:absolute;top:0;left:0;width:56px'>";
+    for (int i = 0; i < 100; ++i)
+        bar += u"<div>line</div>";
+    PageSample page(u"<div style='margin-left:60px'>" + Paragraphs(400) + u"</div>" + bar +
+                    u"</nav>end");
+    const std::string lines = page.Lines(200);
+    CHECK(PlaceOf("line", lines) == "0,0");
+    // No gap where the zone ends.
+    CHECK(PlaceOf("end", lines) == "0,12816");
+    page.flow.SetWidth(199);
+    page.flow.LayOut(0);
+    CHECK(page.flow.Heights().Height(0) < 200 * 32);
 }

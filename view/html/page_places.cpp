@@ -6,11 +6,13 @@
 namespace {
 // Calls `visit` for all blocks of lines of a laid-out zone, with their corners.
 template <class Visit>
-void ForBlocks(const PageFragment& fragment, double left, double top, const Visit& visit) {
+void ForBlocks(const PageFragment& fragment, double left, double top, const Visit& visit,
+               bool isPositioned = false) {
     for (const PlacedLines& lines : fragment.lines)
-        if (!lines.layout.lines.empty()) visit(lines, left, top);
+        if (!lines.layout.lines.empty()) visit(lines, left, top, isPositioned);
     for (const PlacedPart& part : fragment.parts)
-        ForBlocks(*part.fragment, left + part.left, top + part.top, visit);
+        ForBlocks(*part.fragment, left + part.left, top + part.top, visit,
+                  isPositioned || part.isPositioned);
 }
 
 TextPos EndOfOrigin(const InlineContent& content, std::size_t index) {
@@ -76,10 +78,10 @@ double PlacedBlock::CaretX(std::size_t line, TextPos unit) const {
 
 // The marker of a list's item is a block of that box, too, and shows nothing of the node.
 std::optional<PlacedBlock> PagePlaces::FindBlock(PageBoxId box, HtmlNodeId node) {
-    const std::size_t zone = shown_.ZoneOf(box);
+    const std::size_t zone = shown_.Flow().ZoneOf(box);
     std::optional<PlacedBlock> found;
     const PageFragmentPtr fragment = shown_.Flow().LayOut(zone);
-    ForBlocks(*fragment, 0, 0, [&](const PlacedLines& lines, double left, double top) {
+    ForBlocks(*fragment, 0, 0, [&](const PlacedLines& lines, double left, double top, bool) {
         if (!found && lines.box == box && Shows(*lines.content, node))
             found = PlacedBlock{zone, left, top, &lines, fragment};
     });
@@ -139,6 +141,8 @@ HtmlNodeId PagePlaces::NodeAt(const InlineContent& content, TextPos unit) const 
 
 // Of text from the point that it is nearest to: some screens of pictures, which take a layout each.
 constexpr std::size_t maxZonesAway = 64;
+// So far away what stands beside the text counts as the line at a height; device pixels.
+constexpr double besideText = 1000;
 
 std::optional<CharacterPlace> PagePlaces::NearestLine(std::size_t zone, double x, double y,
                                                       bool below) {
@@ -147,7 +151,8 @@ std::optional<CharacterPlace> PagePlaces::NearestLine(std::size_t zone, double x
     double least = std::numeric_limits<double>::max();
     const auto lookInto = [&](std::size_t at, double offset) {
         const PageFragmentPtr fragment = flow.LayOut(at);
-        ForBlocks(*fragment, 0, 0, [&](const PlacedLines& lines, double left, double top) {
+        const auto visit = [&](const PlacedLines& lines, double left, double top,
+                               bool isPositioned) {
             if (!ShowsNodes(*lines.content)) return;
             for (std::size_t i = 0; i < lines.layout.lines.size(); ++i) {
                 const InlineLine& line = lines.layout.lines[i];
@@ -157,13 +162,15 @@ std::optional<CharacterPlace> PagePlaces::NearestLine(std::size_t zone, double x
                 double distance = Outside(y, lineTop, lineTop + line.height - 0.01) * 1e4 +
                                   Outside(x, from, from + text.width);
                 if (below && lineTop + line.height <= y) distance += 1e12;
+                if (below && isPositioned) distance += besideText * 1e4;
                 if (distance > least) continue; // what stands in a line comes after it
                 least = distance;
                 nearest.emplace();
                 nearest->block = {at, left, top, &lines, fragment};
                 nearest->line = i;
             }
-        });
+        };
+        ForBlocks(*fragment, 0, 0, visit);
         return offset + fragment->height;
     };
     const double end = lookInto(zone, 0);
@@ -193,7 +200,7 @@ std::optional<CharacterPlace> PagePlaces::NearestLine(std::size_t zone, double x
 std::optional<TextSpan> PagePlaces::TextBetween(const PageFragment& zone, double top,
                                                 double bottom) const {
     std::optional<TextSpan> text;
-    ForBlocks(zone, 0, 0, [&](const PlacedLines& lines, double, double blockTop) {
+    ForBlocks(zone, 0, 0, [&](const PlacedLines& lines, double, double blockTop, bool) {
         const InlineContent& content = *lines.content;
         const bool hasText =
             std::ranges::any_of(content.origins, [this](const InlineOrigin& origin) {

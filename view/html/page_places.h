@@ -51,7 +51,7 @@ class PagePlaces {
 
     // The line at a height of a zone that is nearest to a point, in that zone or its neighbours;
     // nothing where there is no text some screens up and down. With `below` lines that end above
-    // the point do not count while there are others.
+    // the point do not count while there are others, nor what stands beside the text.
     std::optional<CharacterPlace> NearestLine(std::size_t zone, double x, double y, bool below);
     // The counted place for a caret in its line that is nearest to `x`, and the unit that is drawn
     // there.

@@ -32,7 +32,7 @@ std::optional<PlacedImage> FindPicture(const PageFragment& fragment, PageBoxId b
 std::optional<Rect> PictureRect(const PageViewport& view, HtmlNodeId picture) {
     const PageBoxId box = view.shown.BoxOf(picture);
     if (box == noPageBox) return std::nullopt;
-    const std::size_t zone = view.shown.ZoneOf(box);
+    const std::size_t zone = view.shown.Flow().ZoneOf(box);
     const auto found = FindPicture(*view.shown.Flow().LayOut(zone), box);
     if (!found) return std::nullopt;
     return Rect{Rounded(found->left) - view.scrollX,

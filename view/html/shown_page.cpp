@@ -105,18 +105,6 @@ PageBoxId ShownPage::BoxOf(HtmlNodeId node, std::size_t unit) const {
     return boxes_.BoxOf(node, unit);
 }
 
-std::size_t ShownPage::ZoneOf(PageBoxId box) const {
-    std::size_t low = 0, high = flow_.ZoneCount() - 1;
-    while (low < high) {
-        const std::size_t middle = (low + high) / 2;
-        if (flow_.Zone(middle).end > box)
-            high = middle;
-        else
-            low = middle + 1;
-    }
-    return low;
-}
-
 Color ShownPage::CanvasColor() const {
     const CssColor color = boxes_.CanvasBackground();
     return color.IsTransparent() ? 0xFFFFFF : color.Bgr();

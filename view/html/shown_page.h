@@ -41,7 +41,6 @@ class ShownPage {
     // The box of lines that a node's text stands in, or that an element makes; nothing for what is
     // not shown.
     PageBoxId BoxOf(HtmlNodeId node, std::size_t unit = 0) const;
-    std::size_t ZoneOf(PageBoxId box) const;
 
     Color CanvasColor() const; // after everything; white where the page says nothing
     Color BodyColor() const;   // after the body's text

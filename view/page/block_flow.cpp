@@ -12,6 +12,7 @@ BlockFlow::BlockFlow(PageLayouter& layouter, PageBoxId container, InlineEdges ro
     OpenBlock block;
     block.box = container;
     block.room = room;
+    block.hasInsetAbove = true; // no margin goes through it
     open_.push_back(block);
 }
 

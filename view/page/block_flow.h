@@ -6,6 +6,9 @@
 
 #include "view/page/collapsed_margin.h"
 #include "view/page/page_layouter.h"
+#include "view/page/side_boxes.h"
+
+#include <utility>
 
 class BlockFlow {
   public:
@@ -21,6 +24,11 @@ class BlockFlow {
     void LayOutContent();
     // Lays out the boxes from one to another that is after it; both in the container.
     void LayOut(PageBoxId from, PageBoxId end);
+    // Boxes out of the flow that stand elsewhere.
+    void LeaveOut(std::vector<PageBoxId> boxes) { leftOut_ = std::move(boxes); }
+    // Puts a box of later text beside what was laid out, below the top of a box that is open. False
+    // where there is no room for it.
+    bool PlaceBeside(const SideBox& side);
     // Ends the boxes that are open, and goes below all floats.
     void Finish();
     // Ends the fragment with boxes open, below all floats or where its last leaf ends.
@@ -60,8 +68,13 @@ class BlockFlow {
     void PlaceFloats(double top);
     double AddLines(PageBoxId box, InlineEdges room, LinesContent content, InlineLayout layout);
     double AddPositioned(const LinesContent& content, const InlineLayout& layout, InlineEdges room);
+    PageFragmentPtr LayOutPositioned(PageBoxId id, const InlineEdges& page);
+    double LeftOf(const CssBoxStyle& style, const InlineEdges& page, double width,
+                  double inText) const;
     PositionedRoom RoomOfPositioned(const CssBoxStyle& style) const;
     PositionedRoom RoomIn(std::size_t open) const;
+    std::optional<double> TopOf(const CssBoxStyle& style, const PositionedRoom& room,
+                                double boxHeight) const;
     FloatRect PlaceOf(const CssBoxStyle& style, const PositionedRoom& room, const FloatRect& inText,
                       const InlineLayout& layout) const;
     bool IsClear(const InlineEdges& content, double height) const;
@@ -88,6 +101,7 @@ class BlockFlow {
     std::vector<OpenBlock> open_; // the container first
     std::vector<int> topless_;    // placed boxes that begin where the margin ends
     std::vector<WaitingFloats> waiting_;
+    std::vector<PageBoxId> leftOut_;
     std::size_t markerAt_ = 0; // of the open item of a list that has no line yet; 0 for none
     CollapsedMargin margin_;
     double positionedBottom_ = 0; // of boxes out of the flow that others are kept clear of

@@ -8,6 +8,8 @@
 namespace {
 // Others that one goes below.
 constexpr int maxSteps = 256;
+// Letter sizes that a box beside earlier text may stand lower than its style says.
+constexpr double maxLower = 12;
 
 FloatRect BelowWhatItCovers(FloatRect box, const PageFragment& fragment) {
     for (int step = 0; step < maxSteps; ++step) {
@@ -61,24 +63,73 @@ BlockFlow::PositionedRoom BlockFlow::RoomOfPositioned(const CssBoxStyle& style) 
     return room;
 }
 
-// As high as its style says where it covers nothing there, and where the text has it otherwise.
-FloatRect BlockFlow::PlaceOf(const CssBoxStyle& style, const PositionedRoom& room,
-                             const FloatRect& inText, const InlineLayout& layout) const {
+// Of its border box, where its style says one that is known.
+std::optional<double> BlockFlow::TopOf(const CssBoxStyle& style, const PositionedRoom& room,
+                                       double boxHeight) const {
     const BoxMeasure& measure = layouter_.Measure();
     const CssLength &top = style.inset[cssTop], &bottom = style.inset[cssBottom];
     const bool byTop = !top.IsAuto();
     const bool needsHeight = !byTop || top.kind != CssLength::Kind::Pixels;
-    if (!room.top || (needsHeight && !room.height)) return inText;
+    if (!room.top || (needsHeight && !room.height)) return std::nullopt;
     const double height = room.height.value_or(0);
     const double containing = room.sides.Width();
     const double offset =
         byTop ? measure.Length(top, height) + measure.Margin(style, cssTop, containing)
-              : height - measure.Length(bottom, height) - inText.height -
+              : height - measure.Length(bottom, height) - boxHeight -
                     measure.Margin(style, cssBottom, containing);
+    return std::max(0.0, *room.top + offset);
+}
+
+// As high as its style says where it covers nothing there, and where the text has it otherwise.
+FloatRect BlockFlow::PlaceOf(const CssBoxStyle& style, const PositionedRoom& room,
+                             const FloatRect& inText, const InlineLayout& layout) const {
     FloatRect box = inText;
-    box.top = std::max(0.0, *room.top + offset);
+    box.top = TopOf(style, room, inText.height).value_or(inText.top);
     return CoveredBottom(result_, box) > box.top || CoveredBottom(layout, box) > box.top ? inText
                                                                                          : box;
+}
+
+PageFragmentPtr BlockFlow::LayOutPositioned(PageBoxId id, const InlineEdges& page) {
+    const CssBoxStyle& style = *layouter_.Box(id).style;
+    const double available = page.Width() -
+                             layouter_.Measure().Length(style.inset[cssLeft], page.Width()) -
+                             layouter_.Measure().Length(style.inset[cssRight], page.Width());
+    return layouter_.LayOutPositioned(id, page.Width(), available > 0 ? available : page.Width());
+}
+
+// Of the border box.
+double BlockFlow::LeftOf(const CssBoxStyle& style, const InlineEdges& page, double width,
+                         double inText) const {
+    const BoxMeasure& measure = layouter_.Measure();
+    const auto inset = [&](CssSide side) {
+        return measure.Length(style.inset[side], page.Width());
+    };
+    const double marginLeft = measure.Margin(style, cssLeft, page.Width());
+    if (!style.inset[cssLeft].IsAuto()) return page.left + inset(cssLeft) + marginLeft;
+    if (style.inset[cssRight].IsAuto()) return inText + marginLeft;
+    return page.right - inset(cssRight) - measure.Margin(style, cssRight, page.Width()) - width;
+}
+
+// All that the box may cover is there: what follows the result stands below it.
+bool BlockFlow::PlaceBeside(const SideBox& side) {
+    PlaceFloats(top_ + margin_.Length());
+    const auto open = std::ranges::find(open_, side.container, &OpenBlock::box);
+    if (open == open_.end()) return false;
+    const CssBoxStyle& style = *layouter_.Box(side.box).style;
+    PositionedRoom room = RoomIn(std::size_t(open - open_.begin()));
+    if (open == open_.begin()) room.top = 0;
+    PageFragmentPtr fragment = LayOutPositioned(side.box, room.sides);
+    const auto top = TopOf(style, room, fragment->height);
+    if (!top || *top >= top_) return false;
+    const double left = LeftOf(style, room.sides, fragment->width, room.sides.left);
+    const FloatRect wanted{left, *top, fragment->width, fragment->height};
+    const FloatRect box = BelowWhatItCovers(wanted, result_);
+    // Below a heading that takes more room than the page reckoned with, but not below its text.
+    const double em = layouter_.Box(side.box).text->fontSize * layouter_.Measure().Scale();
+    if (left < 0 || box.top - wanted.top > maxLower * em) return false;
+    positionedBottom_ = std::max(positionedBottom_, box.Bottom());
+    result_.parts.push_back({box.left, box.top, std::move(fragment), true});
+    return true;
 }
 
 // At the top of the line that it stands in, where its style says no other place. Between blocks a
@@ -87,6 +138,7 @@ double BlockFlow::AddPositioned(const LinesContent& content, const InlineLayout&
                                 InlineEdges room) {
     double below = layout.bottom;
     for (const LinesText::Place& positioned : content.positioned) {
+        if (std::ranges::find(leftOut_, positioned.box) != leftOut_.end()) continue;
         double top = below, left = room.left;
         for (const InlineLine& line : layout.lines) {
             if (line.end <= positioned.at && line.end < layout.lines.back().end) continue;
@@ -98,19 +150,9 @@ double BlockFlow::AddPositioned(const LinesContent& content, const InlineLayout&
         const CssBoxStyle& style = *layouter_.Box(positioned.box).style;
         const PositionedRoom around = RoomOfPositioned(style);
         const InlineEdges& page = around.sides;
-        const BoxMeasure& measure = layouter_.Measure();
-        const auto inset = [&](CssSide side) {
-            return measure.Length(style.inset[side], page.Width());
-        };
-        const double available = page.Width() - inset(cssLeft) - inset(cssRight);
-        PageFragmentPtr fragment = layouter_.LayOutPositioned(
-            positioned.box, page.Width(), available > 0 ? available : page.Width());
-        if (!style.inset[cssLeft].IsAuto())
-            left = page.left + inset(cssLeft);
-        else if (!style.inset[cssRight].IsAuto())
-            left = page.right - inset(cssRight) - fragment->width;
-        left += measure.Margin(style, cssLeft, page.Width());
-        top += measure.Margin(style, cssTop, page.Width());
+        PageFragmentPtr fragment = LayOutPositioned(positioned.box, page);
+        left = LeftOf(style, page, fragment->width, left);
+        top += layouter_.Measure().Margin(style, cssTop, page.Width());
         FloatRect box{left, top, fragment->width, fragment->height};
         if (HasVerticalInset(style)) {
             box = PlaceOf(style, around, box, layout);
@@ -123,7 +165,7 @@ double BlockFlow::AddPositioned(const LinesContent& content, const InlineLayout&
         const double covered = std::min(box.Right(), room.right) - std::max(box.left, room.left);
         if (layout.lines.empty() && box.top == top && covered > room.Width() / 2)
             below = std::max(below, box.Bottom());
-        result_.parts.push_back({box.left, box.top, std::move(fragment)});
+        result_.parts.push_back({box.left, box.top, std::move(fragment), true});
     }
     return below;
 }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 // Zones that stay laid out, and their weight: some ten megabytes.
@@ -18,13 +19,41 @@ double MinHeight(const PageZone& zone) {
 }
 } // namespace
 
-PageFlow::PageFlow(PageLayouter& layouter)
-    : layouter_(layouter), zones_(ZonesOf(layouter.Boxes())) {}
+PageFlow::PageFlow(PageLayouter& layouter) : layouter_(layouter) {
+    const std::vector<SideBox> sides = SideBoxesOf(layouter.Boxes());
+    zones_ = ZonesOf(layouter.Boxes(), sides);
+    for (const SideBox& side : sides) {
+        const std::size_t own = ::ZoneOf(zones_, side.lines);
+        const std::size_t zone = ::ZoneOf(zones_, std::max(rootPageBox, side.container));
+        if (zone < own) sides_.push_back({side, zone, own, std::nullopt});
+    }
+}
+
+std::size_t PageFlow::ZoneOf(PageBoxId box) {
+    const std::size_t own = ::ZoneOf(zones_, box);
+    for (Side& each : sides_) {
+        const PageBoxId side = each.side.box;
+        if (box >= side && box < layouter_.Box(side).end) return IsPlaced(each) ? each.zone : own;
+    }
+    return own;
+}
+
+bool PageFlow::IsPlaced(Side& side) {
+    if (!side.isPlaced) LayOut(side.zone);
+    return side.isPlaced.value_or(false);
+}
+
+void PageFlow::PlaceSides(std::size_t zone, BlockFlow& flow) {
+    for (Side& each : sides_)
+        if (each.zone == zone) each.isPlaced = flow.PlaceBeside(each.side);
+}
 
 void PageFlow::SetWidth(double width) {
     if (width == width_) return;
     width_ = width;
     ForgetLayouts();
+    for (Side& each : sides_)
+        each.isPlaced.reset();
     nextToMeasure_ = 0;
     std::vector<double> estimates;
     estimates.reserve(zones_.size());
@@ -68,12 +97,17 @@ double PageFlow::HeightOf(std::size_t zone) {
 }
 
 PageFragmentPtr PageFlow::MakeLayout(std::size_t zone) {
+    std::vector<PageBoxId> elsewhere;
+    for (Side& each : sides_)
+        if (each.ownZone == zone && IsPlaced(each)) elsewhere.push_back(each.side.box);
     ++layoutsMade_;
     auto fragment = std::make_shared<PageFragment>();
     BlockFlow flow(layouter_, noPageBox, {0, width_}, *fragment);
+    flow.LeaveOut(std::move(elsewhere));
     const bool first = zone == 0, last = zone + 1 == zones_.size();
     if (!first) flow.StartAfter(zones_[zone - 1].lastLeaf);
     flow.LayOut(first ? rootPageBox : zones_[zone - 1].end, zones_[zone].end);
+    PlaceSides(zone, flow);
     if (last)
         flow.Finish();
     else

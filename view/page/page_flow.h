@@ -6,6 +6,9 @@
 #include "view/page/page_zones.h"
 
 #include <list>
+#include <optional>
+
+class BlockFlow;
 
 class PageFlow {
   public:
@@ -17,6 +20,8 @@ class PageFlow {
     // For colours that have changed: heights stay.
     void ForgetLayouts();
 
+    // That shows a box, which may be one before its own.
+    std::size_t ZoneOf(PageBoxId box);
     std::size_t ZoneCount() const { return zones_.size(); }
     const PageZone& Zone(std::size_t zone) const { return zones_[zone]; }
     // Laid out if it is not at hand. Its height becomes exact.
@@ -38,11 +43,21 @@ class PageFlow {
         PageFragmentPtr fragment;
     };
 
+    // A box that is told from an earlier zone than its own.
+    struct Side {
+        SideBox side;
+        std::size_t zone = 0, ownZone = 0;
+        std::optional<bool> isPlaced; // in that zone; nothing: not known yet
+    };
+
     PageFragmentPtr MakeLayout(std::size_t zone);
+    bool IsPlaced(Side& side);
+    void PlaceSides(std::size_t zone, BlockFlow& flow);
     double Estimate(const PageZone& zone) const;
 
     PageLayouter& layouter_;
     std::vector<PageZone> zones_;
+    std::vector<Side> sides_;
     HeightIndex heights_;
     std::list<Kept> kept_; // the last one used first
     std::size_t keptWeight_ = 0;

@@ -22,6 +22,7 @@ struct PlacedBox {
 struct PlacedPart {
     double left = 0, top = 0;
     PageFragmentPtr fragment;
+    bool isPositioned = false; // out of the flow, beside other text
 };
 
 struct PlacedImage {

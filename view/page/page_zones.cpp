@@ -2,6 +2,9 @@
 
 #include "view/page/page_layouter.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace {
 // Leaves that floats are expected to reach down to: a picture is as high as that many paragraphs.
 constexpr int floatReach = 16;
@@ -20,6 +23,28 @@ bool HasHeight(const PageBox& leaf) {
     return leaf.kind == PageBoxKind::Lines ? leaf.hasText : StandsAlone(leaf);
 }
 
+// Beside boxes at the side, in the order of the boxes that these are told from.
+class TextBeside {
+  public:
+    explicit TextBeside(std::vector<SideBox> sides) : sides_(std::move(sides)) {
+        std::ranges::stable_sort(sides_, {}, &SideBox::container);
+    }
+    void Begin(PageBoxId box) {
+        for (; next_ < sides_.size() && sides_[next_].container <= box; ++next_)
+            missing_ = std::max(missing_, sides_[next_].height);
+    }
+    void AddLeaf(std::uint32_t units) {
+        constexpr std::uint32_t unitsOfLine = 96;
+        missing_ -= std::min(missing_, int(1 + units / unitsOfLine));
+    }
+    bool IsMissing() const { return missing_ > 0; }
+
+  private:
+    std::vector<SideBox> sides_;
+    std::size_t next_ = 0;
+    int missing_ = 0; // lines
+};
+
 std::uint32_t UnitsIn(const PageBoxes& boxes, PageBoxId leaf) {
     std::uint32_t units = 0;
     for (PageBoxId box = leaf; box < boxes[leaf].end; ++box)
@@ -28,7 +53,13 @@ std::uint32_t UnitsIn(const PageBoxes& boxes, PageBoxId leaf) {
 }
 } // namespace
 
-std::vector<PageZone> ZonesOf(const PageBoxes& boxes) {
+std::size_t ZoneOf(const std::vector<PageZone>& zones, PageBoxId box) {
+    const auto found = std::ranges::upper_bound(zones, box, {}, &PageZone::end);
+    return std::min(std::size_t(found - zones.begin()), zones.size() - 1);
+}
+
+std::vector<PageZone> ZonesOf(const PageBoxes& boxes, const std::vector<SideBox>& sides) {
+    TextBeside beside(sides);
     std::vector<PageZone> zones;
     PageZone zone;
     int leaves = 0, joined = 0;
@@ -40,6 +71,7 @@ std::vector<PageZone> ZonesOf(const PageBoxes& boxes) {
     };
     for (PageBoxId box = rootPageBox; box < boxes.End();) {
         zone.weight += elementWeight;
+        beside.Begin(box);
         if (!IsFlowLeaf(boxes, box)) {
             ++box;
             continue;
@@ -47,12 +79,14 @@ std::vector<PageZone> ZonesOf(const PageBoxes& boxes) {
         ++leaves;
         joined = HasFloats(boxes, box) ? floatReach : joined - 1;
         const std::uint32_t units = UnitsIn(boxes, box);
+        beside.AddLeaf(units);
         zone.units += units;
         zone.lastLeaf = box;
         zone.end = boxes[box].end;
         zone.weight += units + elementWeight * (zone.end - box);
-        if (HasHeight(boxes[box]) &&
-            (joined <= 0 || leaves >= maxLeaves || zone.weight >= maxZoneWeight))
+        const int mostLeaves = beside.IsMissing() ? maxLeavesByForce : maxLeaves;
+        if (HasHeight(boxes[box]) && ((joined <= 0 && !beside.IsMissing()) ||
+                                      leaves >= mostLeaves || zone.weight >= maxZoneWeight))
             end(false);
         else if (leaves >= maxLeavesByForce || zone.weight >= maxWeightByForce)
             end(true);

@@ -3,6 +3,7 @@
 
 #include "view/page/page_box.h"
 #include "view/page/page_weights.h"
+#include "view/page/side_boxes.h"
 
 #include <vector>
 
@@ -18,5 +19,9 @@ struct PageZone {
 
 // There is at least one. A zone ends after a leaf that has a height, and not soon after floats,
 // which stand beside what follows: the same zones at all widths. Where a page has too much without
-// such a leaf, a zone ends below its floats.
-std::vector<PageZone> ZonesOf(const PageBoxes& boxes);
+// such a leaf, a zone ends below its floats. Where something stands at the side of the text, as
+// much of the text as that is high is in the same zone.
+std::vector<PageZone> ZonesOf(const PageBoxes& boxes, const std::vector<SideBox>& sides = {});
+
+// The one in which a box begins.
+std::size_t ZoneOf(const std::vector<PageZone>& zones, PageBoxId box);
