@@ -147,6 +147,12 @@ void ReorderVisualLines(std::u16string& text) {
     }
 }
 
+std::u16string InVisualOrder(std::u16string_view logical) {
+    std::u16string text(logical);
+    ReorderVisualLines(text); // what puts one order into the other does so both ways
+    return text;
+}
+
 std::size_t VisualPlaceOf(std::u16string_view visualText, std::size_t logicalPlace) {
     const Stretch stretch = StretchWith(visualText, logicalPlace);
     if (logicalPlace >= stretch.end) return logicalPlace;

@@ -17,6 +17,9 @@ std::size_t VisualStretchEnd(std::string_view bytes, std::size_t start);
 // mirrored.
 void ReorderVisualLines(std::u16string& text);
 
+// A word or phrase as it stands in a text in visual order.
+std::u16string InVisualOrder(std::u16string_view logical);
+
 // Places of a text in visual order and of the same text reordered.
 std::size_t VisualPlaceOf(std::u16string_view visualText, std::size_t logicalPlace);
 std::size_t LogicalPlaceOf(std::u16string_view visualText, std::size_t visualPlace);

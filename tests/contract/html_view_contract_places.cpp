@@ -319,3 +319,32 @@ TEST_CASE("html view: frames of the folder show, others and redirections do not"
         CHECK(test.Text() == u"outer");
     });
 }
+
+TEST_CASE("html view: Hebrew in visual order is found as it is typed, in logical order") {
+    const char iso[] =
+        "<p>\xED\xE9\xF0\xE1 \xE4\xF9\xE5\xEC\xF9 \xE5\xEC\xE5 \xEF\xF7\xE6 \xEA\xEC\xEE "
+        "\xE4\xE9\xE4 \xE4\xE9\xE4<p>\xED\xEC\xE5\xEB\xEE \xED\xEB\xE7\xE4 \xE4\xE9\xE4 "
+        "\xED\xE4\xE1\xF9 \xF8\xE9\xF2\xF6\xE4\xE5<p>\xF7\xE5\xE7\xF8\xE4 \xF8\xF2\xE9\xE4 "
+        "\xEC\xE0 \xED\xE9\xF0\xE1\xE4 \xE5\xE0\xF6\xE9 \xE3\xE7\xE0 \xED\xE5\xE9";
+    const char dos[] =
+        "<p>\x8D\x89\x90\x81 \x84\x99\x85\x8C\x99 \x85\x8C\x85 \x8F\x97\x86 \x8A\x8C\x8E "
+        "\x84\x89\x84 \x84\x89\x84<p>\x8D\x8C\x85\x8B\x8E \x8D\x8B\x87\x84 \x84\x89\x84 "
+        "\x8D\x84\x81\x99 \x98\x89\x92\x96\x84\x85<p>\x97\x85\x87\x98\x84 \x98\x92\x89\x84 "
+        "\x8C\x80 \x8D\x89\x90\x81\x84 \x85\x80\x96\x89 \x83\x87\x80 \x8D\x85\x89";
+    OnEachBackEnd([&](PageTest& test) {
+        for (const std::string& page :
+             {std::string("<meta charset=iso-8859-8>") + iso, std::string(iso), std::string(dos)}) {
+            const auto loads = test.loaded.size();
+            test.Navigate(test.Write("page.htm", page));
+            REQUIRE(test.WaitFor([&] { return test.loaded.size() > loads; }));
+            const auto old = test.view.FindAfterSelection(u"מלך זקן", {});
+            REQUIRE(old.has_value());
+            const auto texts = test.view.TextsOf({old->span});
+            CHECK(texts.front() == u"ןקז ךלמ");
+            // A word further right stands further right: the letters are not turned around.
+            const auto once = test.view.FindAfterSelection(u"היה", {});
+            REQUIRE(once.has_value());
+            CHECK(once->left > old->left);
+        }
+    });
+}

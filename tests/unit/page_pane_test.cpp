@@ -495,3 +495,20 @@ TEST_CASE("page pane: the text is at the top, not what stands beside it") {
     bench.view.BringToTop({.offset = -1, .start = link});
     CHECK(bench.PointOf(link).y < 32);
 }
+
+TEST_CASE("page pane: in a page in visual order is found what is typed in logical order") {
+    const std::string letters = "<p>\xEC\xE0\xF8\xF9\xE9 \xEE\xE5\xEC\xF9 (1948) abc</p>";
+    PageBench visual("<meta charset=iso-8859-8>" + letters);
+    PageBench logical("<meta charset=windows-1255>" + letters);
+    const auto found = [](PageBench& bench, std::u16string_view what) {
+        const auto match = bench.view.FindAfterSelection(what, {});
+        return match ? Utf16ToUtf8(bench.view.TextsOf({match->span}).front()) : "nothing";
+    };
+    CHECK(found(visual, u"שלומ") == "מולש");
+    CHECK(found(visual, u"שלומ ישראל") == "לארשי מולש");
+    CHECK(found(visual, u"ישראל שלומ") == "nothing");
+    CHECK(found(visual, u"(1948) שלומ") == "מולש (1948)");
+    CHECK(found(visual, u"מולש") == "מולש"); // as it was copied from the page
+    CHECK(found(visual, u"ABC") == "abc");
+    CHECK(found(logical, u"שלומ") == "nothing");
+}

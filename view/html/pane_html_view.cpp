@@ -5,6 +5,7 @@
 #include "common/keys.h"
 #include "formats/html/html_address.h"
 #include "formats/html/html_selection.h"
+#include "formats/plain/visual_lines.h"
 
 #include <algorithm>
 #include <utility>
@@ -209,7 +210,10 @@ std::optional<PageMatch> PaneHtmlView::FindAfterSelection(std::u16string_view wh
                                                           FindOptions options) {
     if (!Settle()) return std::nullopt;
     const TextPos from = Pane().SelEnd();
-    const std::size_t found = FindText(Page()->Text(), what, std::size_t(from), options);
+    std::size_t found = FindText(Page()->Text(), what, std::size_t(from), options);
+    if (Page()->Tree().IsVisualOrder())
+        found = std::min(found,
+                         FindText(Page()->Text(), InVisualOrder(what), std::size_t(from), options));
     if (found == std::u16string::npos) return std::nullopt;
     const auto start = TextPos(found);
     return PageMatch{{start, TextPos(what.size())},

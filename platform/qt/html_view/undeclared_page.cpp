@@ -7,6 +7,26 @@
 #include "platform/posix/posix_files.h"
 #include "view/html/loaded_page.h"
 
+namespace {
+constexpr char visualCharset[] = "ISO-8859-8"; // as the engine names it
+
+// The letters as bytes of ISO 8859-8, all else as character references.
+std::string InHebrewPage(std::u16string_view text) {
+    constexpr char16_t firstLetter = 0x5D0, lastLetter = 0x5EA;
+    constexpr int firstByte = 0xE0;
+    std::string bytes;
+    for (const char16_t character : text) {
+        if (character < 0x80)
+            bytes += static_cast<char>(character);
+        else if (character >= firstLetter && character <= lastLetter)
+            bytes += static_cast<char>(firstByte + (character - firstLetter));
+        else
+            bytes += "&#" + std::to_string(static_cast<unsigned>(character)) + ";";
+    }
+    return bytes;
+}
+} // namespace
+
 std::optional<UndeclaredPage> ReadUndeclaredPage(const std::string& path, int systemCodePage) {
     const PosixFiles files;
     const std::u16string name = Utf8ToUtf16(path, u'?');
@@ -16,10 +36,13 @@ std::optional<UndeclaredPage> ReadUndeclaredPage(const std::string& path, int sy
         return std::nullopt;
     if (files.Read(name, maxFileInMemory, bytes) != ReadStatus::Ok) return std::nullopt;
     std::optional<DecodedHtml> page = DecodeUndeclaredHtml(bytes, 0, systemCodePage);
-    // Hebrew in visual order is recognised by the engine, too, which cannot lay it out in UTF-8. It
-    // has no charset of DOS.
-    const bool visual = page && IsVisualOrder(page->codePage) && page->codePage != visualDosPage;
-    if (!page || visual) return std::nullopt;
+    if (!page) return std::nullopt;
+    const bool isVisual = IsVisualOrder(page->codePage);
     bytes = {};
-    return UndeclaredPage{Utf16ToUtf8(page->text), HtmlCharsetName(page->codePage)};
+    if (isVisual) return UndeclaredPage{InHebrewPage(page->text), visualCharset, visualCharset};
+    return UndeclaredPage{Utf16ToUtf8(page->text), "UTF-8", HtmlCharsetName(page->codePage)};
+}
+
+bool IsInVisualOrder(std::string_view charset) {
+    return charset == visualCharset;
 }

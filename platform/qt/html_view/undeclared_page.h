@@ -4,11 +4,17 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 struct UndeclaredPage {
-    std::string utf8, charset; // its text, and the name of the charset of its bytes
+    std::string bytes;   // in `sentAs`, for the engine
+    std::string sentAs;  // UTF-8, or ISO-8859-8 for Hebrew in visual order, which has no other
+    std::string charset; // the name of that of the file
 };
 
 // Nothing for a page that has a byte-order mark, declares its charset or is ASCII alone, and when
 // the file cannot be read: the engine shows these by itself.
 std::optional<UndeclaredPage> ReadUndeclaredPage(const std::string& path, int systemCodePage);
+
+// Whether the engine lays out a page of this charset as its lines are kept: Hebrew as it is seen.
+bool IsInVisualOrder(std::string_view charset);

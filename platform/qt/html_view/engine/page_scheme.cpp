@@ -57,22 +57,20 @@ void PageSchemeHandler::InstallIn(QWebEngineProfile& profile) {
 
 std::optional<std::string> PageSchemeHandler::Prepare(const std::string& path) {
     preparedPath_.clear();
-    prepared_.clear();
+    prepared_.reset();
     if (!read_ || !IsHtml(path)) return std::nullopt;
     std::optional<UndeclaredPage> page = read_(path);
     if (!page) return std::nullopt;
     preparedPath_ = path;
-    prepared_ = QByteArray::fromStdString(page->utf8);
-    return std::move(page->charset);
+    std::string charset = page->charset;
+    prepared_ = std::move(page);
+    return charset;
 }
 
 // The prepared page, or a frame in it.
-std::optional<QByteArray> PageSchemeHandler::TakePage(const std::string& path) {
-    if (path == preparedPath_ && !prepared_.isNull()) return std::exchange(prepared_, {});
-    if (!IsHtml(path)) return std::nullopt;
-    const std::optional<UndeclaredPage> page = read_(path);
-    if (!page) return std::nullopt;
-    return QByteArray::fromStdString(page->utf8);
+std::optional<UndeclaredPage> PageSchemeHandler::TakePage(const std::string& path) {
+    if (path == preparedPath_ && prepared_) return std::exchange(prepared_, std::nullopt);
+    return IsHtml(path) ? read_(path) : std::nullopt;
 }
 
 void PageSchemeHandler::requestStarted(QWebEngineUrlRequestJob* job) {
@@ -80,11 +78,11 @@ void PageSchemeHandler::requestStarted(QWebEngineUrlRequestJob* job) {
     if (!path || !guard_.Allows(job->requestUrl()))
         return job->fail(QWebEngineUrlRequestJob::RequestDenied);
     // The job deletes what it reads from.
-    if (const std::optional<QByteArray> page = TakePage(*path)) {
+    if (const std::optional<UndeclaredPage> page = TakePage(*path)) {
         auto* buffer = new QBuffer(job);
-        buffer->setData(*page);
+        buffer->setData(QByteArray::fromStdString(page->bytes));
         buffer->open(QIODevice::ReadOnly);
-        return job->reply("text/html;charset=utf-8", buffer);
+        return job->reply("text/html;charset=" + QByteArray::fromStdString(page->sentAs), buffer);
     }
     auto* file = new QFile(QFile::decodeName(path->c_str()), job);
     if (!file->open(QIODevice::ReadOnly)) return job->fail(QWebEngineUrlRequestJob::UrlNotFound);

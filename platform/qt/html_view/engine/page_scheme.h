@@ -32,10 +32,10 @@ class PageSchemeHandler : public QWebEngineUrlSchemeHandler {
     void requestStarted(QWebEngineUrlRequestJob*) override;
 
   private:
-    std::optional<QByteArray> TakePage(const std::string& path);
+    std::optional<UndeclaredPage> TakePage(const std::string& path);
 
     const FolderGuard& guard_;
     Reader read_;
     std::string preparedPath_;
-    QByteArray prepared_; // in UTF-8
+    std::optional<UndeclaredPage> prepared_;
 };
