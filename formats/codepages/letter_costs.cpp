@@ -19,6 +19,7 @@ constexpr int withinWordCost = 12 * costsPerBit; // of a quotation mark or fract
 constexpr int markCost = 10, secondMarkCost = 5 * costsPerBit, strayMarkCost = 15 * costsPerBit;
 constexpr int letterAfterMarkCost = 18, endAfterMarkCost = 10;
 constexpr int letterAfterDigitCost = 5 * costsPerBit, signAfterDigitCost = 6 * costsPerBit;
+constexpr int noLettersCost = 6 * costsPerBit;
 constexpr int freeAfterLetterCost = costsPerBit;
 constexpr int wrongSideCost = 5 * costsPerBit, boxDrawingInRowCost = costsPerBit;
 
@@ -239,7 +240,8 @@ std::optional<PageCost> LetterCosts::Cheapest(int page, const char16_t* units, i
     std::optional<PageCost> best;
     for (int language = 0; language < languageCount; ++language) {
         const LanguageModel& model = languageModels[language];
-        if (!scripts[static_cast<int>(model.script)] && !NeedsAsciiOnly(model)) continue;
+        const bool hasLetters = scripts[static_cast<int>(model.script)];
+        if (!hasLetters && !NeedsAsciiOnly(model)) continue;
         if (!HasCoreLetters(model, page, letters)) continue;
         const LanguageReader reader(model, properties, evidence_);
         const int lone = LoneLetters(model.script, properties, evidence_);
@@ -247,6 +249,7 @@ std::optional<PageCost> LetterCosts::Cheapest(int page, const char16_t* units, i
             if (!CanBeInOrder(reversed, page, model.script)) continue;
             int cost =
                 common + asciiCosts_[static_cast<std::size_t>(language)] + lone * loneLetterCost;
+            if (!hasLetters && language != 0) cost += noLettersCost; // less common than English
             for (const BytePair& pair : evidence_.high) {
                 cost += pair.count * ((reversed ? reader.Cost(pair.second, pair.first)
                                                 : reader.Cost(pair.first, pair.second)) +
