@@ -252,6 +252,7 @@ void RtfParser::HandleDocumentWord(const RtfWordEntry& entry, std::int32_t param
         break;
     case RtfWord::AnsiCodePage:
         if (HasCodePage(parameter) && !IsEscapedPage(parameter)) codePage_ = parameter;
+        decoder_.UseFilePage(codePage_);
         break;
     case RtfWord::DefaultFont: fonts_.SetDefault(parameter); break;
     case RtfWord::DefaultTab:

@@ -65,7 +65,13 @@ void RtfTextDecoder::AddPending(char byte, std::u16string& text) {
 
 void RtfTextDecoder::DecodePending(std::u16string& text) {
     const std::size_t start = text.size();
-    DecodeCodePage(page_->number, {pending_.data(), pendingSize_}, text);
+    const std::string_view bytes(pending_.data(), pendingSize_);
+    DecodeCodePage(page_->number, bytes, text);
+    const bool isWrong = text.find(u'\uFFFD', start) != text.npos;
+    if (isWrong && filePage_ != 0 && page_->number != utf8Page && IsSingleBytePage(filePage_)) {
+        text.resize(start);
+        DecodeCodePage(filePage_, bytes, text);
+    }
     std::replace(text.begin() + static_cast<std::ptrdiff_t>(start), text.end(), u'\uFFFC',
                  u'\uFFFD');
     pendingSize_ = 0;

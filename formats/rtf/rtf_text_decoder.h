@@ -8,11 +8,15 @@
 
 class RtfTextDecoder {
   public:
+    // The one that the file names. Some writers name a Japanese font's charset for Western text:
+    // what is no character of the font's page is read in this one.
+    void UseFilePage(int codePage) { filePage_ = codePage; }
+
     // Appends the text of `bytes`, which have no control bytes; the bytes of an unfinished
     // character wait for the next call. U+FFFC, which stands for a picture, becomes U+FFFD.
     void Decode(int codePage, std::string_view bytes, std::u16string& text);
     bool IsPending() const { return pendingSize_ != 0; }
-    void Flush(std::u16string& text); // an unfinished character becomes U+FFFD
+    void Flush(std::u16string& text); // an unfinished character is read as one that is none
 
   private:
     static constexpr char16_t leadByte = 0;
@@ -26,6 +30,7 @@ class RtfTextDecoder {
     void AddPending(char byte, std::u16string& text);
     void DecodePending(std::u16string& text);
 
+    int filePage_ = 0;
     std::map<int, Page> pages_;
     const Page* page_ = nullptr;
     std::array<char, 4> pending_{};

@@ -1,13 +1,24 @@
 // Any bytes as RTF: the document is sound, and what the writer makes of it reads as the same text.
+#include "formats/rtf/rtf_limits.h"
 #include "formats/rtf/rtf_reader.h"
 #include "formats/rtf/rtf_writer.h"
 #include "tests/document_check.h"
 #include "tests/fuzz/require.h"
 
+#include <algorithm>
+
+namespace {
+std::size_t Paragraphs(const Document& document) {
+    const auto ends = [](char16_t unit) { return unit == u'\n' || unit == u'\a'; };
+    return 1 + static_cast<std::size_t>(std::ranges::count_if(document.text, ends));
+}
+} // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     const Document document = ReadRtf(bytes, 1251);
-    Require(document.text.size() <= size, "more text than bytes");
+    Require(document.text.size() <= size + Paragraphs(document) * maxRtfListNumberLength,
+            "more text than bytes and numbers of lists");
     const std::string fault = document_check::FirstFault(document);
     Require(fault.empty(), "document", fault);
 

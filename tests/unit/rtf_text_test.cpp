@@ -316,3 +316,10 @@ TEST_CASE("rtf reader: text that a program wrote as UTF-8 without escaping it") 
         {"{\\rtf1\\ansi\\ansicpg932 \\'83A}", "ア"},
     });
 }
+
+TEST_CASE("rtf reader: Western letters in a font that is said to be Japanese") {
+    const std::string head = "{\\rtf1\\ansi\\ansicpg1252{\\fonttbl{\\f0\\fcharset128 Times;}}\\f0 ";
+    CHECK(ReadText(head + "caf\\'e9 au lait\\par}") == "caf\u00E9 au lait\n");
+    CHECK(ReadText(head + "caf\\'e9}") == "caf\u00E9");
+    CHECK(ReadText(head + "\\'93\\'fa\\'96\\'7b}") == "\u65E5\u672C");
+}
