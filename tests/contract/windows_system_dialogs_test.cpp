@@ -178,6 +178,40 @@ TEST_CASE("windows dialogs: a file is chosen") {
     CHECK((std::wstring(before) == after));
 }
 
+// As the file functions of the system take such names: else a book would be listed twice.
+TEST_CASE("windows dialogs: dots and spaces after a typed name are no part of the file's") {
+    const TemporaryFolder folder;
+    const std::u16string path = FromWide(folder.path) + u"\\book.txt";
+    REQUIRE(WinFiles().Replace(path, "x", WriteTime::Now));
+    OpenFileRequest request;
+    request.initialFolder = FromWide(folder.path);
+    for (const wchar_t* typed :
+         {L"book.txt.", L"book.txt  ", L"book.txt. .", L"sub\\..\\book.txt"}) {
+        CAPTURE(FromWide(typed));
+        const WhileOpen shown([&](HWND dialog) {
+            SetDlgItemTextW(dialog, GetDlgItem(dialog, cmb13) ? cmb13 : edt1, typed);
+            PressButton(dialog, IDOK);
+            PressButton(dialog, IDCANCEL);
+        });
+        CHECK((WinDialogs(nullptr).OpenFile(request).fileName == path));
+    }
+}
+
+TEST_CASE("windows dialogs: a typed name that is too long for a path chooses nothing") {
+    const TemporaryFolder folder;
+    OpenFileRequest request;
+    request.initialFolder = FromWide(folder.path);
+    for (const std::wstring root : {L"", L"\\"}) {
+        const std::wstring typed = root + std::wstring(MAX_PATH - 1 - root.size(), L'x');
+        const WhileOpen shown([&](HWND dialog) {
+            SetDlgItemTextW(dialog, GetDlgItem(dialog, cmb13) ? cmb13 : edt1, typed.c_str());
+            PressButton(dialog, IDOK);
+            PressButton(dialog, IDCANCEL);
+        });
+        CHECK(WinDialogs(nullptr).OpenFile(request).result == DialogResult::Cancel);
+    }
+}
+
 TEST_CASE("windows dialogs: a folder or a name that is longer than the dialog takes is left out") {
     const TemporaryFolder folder;
     for (const std::size_t length :

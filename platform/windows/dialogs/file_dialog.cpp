@@ -5,10 +5,14 @@
 #include "platform/windows/base/wine.h"
 
 #include <cderr.h>
+#include <commctrl.h>
 #include <commdlg.h>
+#include <dlgs.h>
 #include <objbase.h>
+#include <shlwapi.h>
 
 #include <algorithm>
+#include <cwchar>
 
 namespace {
 
@@ -63,7 +67,29 @@ std::wstring FittingFolder(std::wstring folder) {
     return folder;
 }
 
-// Wine 8 copies the name that was typed to a room of MAX_PATH units, however long it is.
+// Wine 8 copies the name that was typed, and puts the folder in front of it, in a room of MAX_PATH
+// units, however long both are.
+bool IsNameTooLong(HWND dialog) {
+    wchar_t name[MAX_PATH] = {}, folder[MAX_PATH] = {};
+    if (GetDlgItemTextW(dialog, cmb13, name, MAX_PATH) == 0)
+        GetDlgItemTextW(dialog, edt1, name, MAX_PATH);
+    const bool fromRoot = name[0] == L'\\'; // gets a drive
+    const bool inFolder = !fromRoot && PathIsRelativeW(name);
+    if (inFolder)
+        SendMessageW(dialog, CDM_GETFOLDERPATH, MAX_PATH, reinterpret_cast<LPARAM>(folder));
+    const std::size_t inFront = inFolder ? std::wcslen(folder) + 1 : fromRoot ? 2 : 0;
+    return inFront + std::wcslen(name) >= MAX_PATH;
+}
+
+LRESULT CALLBACK RefuseLongName(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                DWORD_PTR) {
+    if (message == WM_COMMAND && LOWORD(wParam) == IDOK && IsNameTooLong(dialog)) {
+        MessageBeep(MB_ICONWARNING);
+        return 0;
+    }
+    return DefSubclassProc(dialog, message, wParam, lParam);
+}
+
 UINT_PTR CALLBACK LimitName(HWND child, UINT message, WPARAM, LPARAM lParam) {
     if (message != WM_NOTIFY || reinterpret_cast<NMHDR*>(lParam)->code != CDN_INITDONE) return 0;
     const HWND dialog = GetParent(child);
@@ -72,7 +98,15 @@ UINT_PTR CALLBACK LimitName(HWND child, UINT message, WPARAM, LPARAM lParam) {
         return TRUE;
     };
     EnumChildWindows(dialog, limit, 0);
+    SetWindowSubclass(dialog, RefuseLongName, 0, 0);
     return 0;
+}
+
+// As the file functions take it: dots and spaces at the end are no part of it.
+std::u16string FileOf(const std::wstring& chosen) {
+    std::wstring full(pathSize, L'\0');
+    const DWORD length = GetFullPathNameW(chosen.c_str(), pathSize, full.data(), nullptr);
+    return FromWide(length > 0 && length < pathSize ? full.substr(0, length) : chosen);
 }
 
 // Returns CommDlgExtendedError: 0 also for Cancel.
@@ -99,7 +133,7 @@ DWORD Show(HWND owner, const OpenFileRequest& request, std::wstring name, OpenFi
     }
     if (!GetOpenFileNameW(&dialog)) return CommDlgExtendedError();
     answer.result = DialogResult::Ok;
-    answer.fileName = FromWide(name.c_str());
+    answer.fileName = FileOf(name.c_str());
     answer.filterIndex = std::max(static_cast<int>(dialog.nFilterIndex), 1);
     return 0;
 }
