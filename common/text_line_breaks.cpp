@@ -43,7 +43,13 @@ bool MayBreakAfterSign(char32_t before, char32_t sign, char32_t after) {
     return sign == u'/' && IsWord(before) && WordPartOf(after) == WordPart::Letter;
 }
 
+// Most of a text in Latin letters: no rule concerns two of them side by side.
+bool IsLatinLetter(char32_t character) {
+    return (character >= u'a' && character <= u'z') || (character >= u'A' && character <= u'Z');
+}
+
 bool MayBreak(char32_t before, char32_t left, char32_t right) {
+    if (IsLatinLetter(left) && IsLatinLetter(right)) return false;
     const bool space = left < 0x10000 && IsBreakingSpace(char16_t(left));
     if (right == u'\t') return space || left == u'\t';
     if (right < 0x10000 && IsBreakingSpace(char16_t(right))) return false;
