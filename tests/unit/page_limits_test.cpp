@@ -265,3 +265,15 @@ TEST_CASE(
     TextsOfZone(nested, nested.flow.ZoneCount() / 2);
     CHECK(nested.flow.LayoutsMade() < 40);
 }
+
+TEST_CASE("page limits: rows in rows, all too long, take bounded work in each part") {
+    const std::u16string row = u"<div style='display:flex'><nav style='width:9px'>x</nav>"
+                               u"<main style='flex:1'>";
+    PageSample page(Repeated(row, 200) + Repeated(u"<p>text", 1000), low);
+    page.flow.SetWidth(4000);
+    const std::size_t zones = page.flow.ZoneCount();
+    CHECK(zones > 10);
+    CHECK(TextsOfZone(page, zones / 2) < 3000);
+    CHECK(TextsOfZone(page, zones - 1) < 3000);
+    CHECK(page.flow.LayoutsMade() < 10);
+}

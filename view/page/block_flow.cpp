@@ -175,7 +175,8 @@ void BlockFlow::Open(PageBoxId box) {
     OpenBlock block = OpenedBlock(box, edges.content, EndOf(result_));
     block.placed = Place(box, edges.border);
     block.insetBelow = insets.Bottom();
-    if (insets.Top() > 0) {
+    const bool keepsMargins = layouter_.Box(box).isTooLong && style.flowRoot;
+    if (insets.Top() > 0 || keepsMargins) {
         EndMargin();
         top_ += insets.Top();
         block.hasInsetAbove = true;
@@ -211,6 +212,7 @@ void BlockFlow::Close() {
 
 void BlockFlow::LayOutLeaf(PageBoxId id) {
     const PageBox& box = layouter_.Box(id);
+    if (std::ranges::find(leftOut_, id) != leftOut_.end()) return;
     if (StandsAlone(box)) return AddByItself(id);
     if (box.node == noHtmlNode) return LayOutLines(id);
     Open(id);

@@ -55,6 +55,12 @@ class BlockFlow {
         std::optional<double> top, height; // nothing: not known here
     };
 
+    // Of a border box.
+    struct SidePlace {
+        PageFragmentPtr fragment;
+        double left = 0, top = 0;
+    };
+
     // Lines without text, whose floats stand where the margins end that meet around them.
     struct WaitingFloats {
         PageBoxId lines = noPageBox;
@@ -68,6 +74,8 @@ class BlockFlow {
     void PlaceFloats(double top);
     double AddLines(PageBoxId box, InlineEdges room, LinesContent content, InlineLayout layout);
     double AddPositioned(const LinesContent& content, const InlineLayout& layout, InlineEdges room);
+    std::optional<SidePlace> PlaceOfPositioned(PageBoxId id, std::size_t open);
+    std::optional<SidePlace> PlaceOfSibling(const SideBox& side, std::size_t open);
     PageFragmentPtr LayOutPositioned(PageBoxId id, const InlineEdges& page);
     double LeftOf(const CssBoxStyle& style, const InlineEdges& page, double width,
                   double inText) const;

@@ -2,6 +2,7 @@
 #include "view/page/block_flow.h"
 
 #include "view/page/covered_area.h"
+#include "view/page/item_layout.h"
 
 #include <algorithm>
 
@@ -110,25 +111,69 @@ double BlockFlow::LeftOf(const CssBoxStyle& style, const InlineEdges& page, doub
     return page.right - inset(cssRight) - measure.Margin(style, cssRight, page.Width()) - width;
 }
 
+// Where its style has it, if that is known.
+std::optional<BlockFlow::SidePlace> BlockFlow::PlaceOfPositioned(PageBoxId id, std::size_t open) {
+    const CssBoxStyle& style = *layouter_.Box(id).style;
+    PositionedRoom room = RoomIn(open);
+    if (open == 0) room.top = 0;
+    SidePlace place;
+    place.fragment = LayOutPositioned(id, room.sides);
+    const auto top = TopOf(style, room, place.fragment->height);
+    if (!top) return std::nullopt;
+    place.left = LeftOf(style, room.sides, place.fragment->width, room.sides.left);
+    place.top = *top;
+    return place;
+}
+
+// Beside a long box that is open, in the room that both stand in.
+std::optional<BlockFlow::SidePlace> BlockFlow::PlaceOfSibling(const SideBox& side,
+                                                              std::size_t open) {
+    const InlineEdges room = open_[open - 1].room;
+    const double width = room.Width();
+    const BoxMeasure& measure = layouter_.Measure();
+    const CssBoxStyle& style = *layouter_.Box(side.box).style;
+    const CssBoxStyle& longStyle = *layouter_.Box(side.container).style;
+    SidePlace place;
+    if (side.kind == SideBox::Kind::Item) {
+        const std::vector<ItemPlace> row = layouter_.RowOfLongItem(side.container, width);
+        const auto own = std::ranges::find(row, side.box, &ItemPlace::item);
+        if (own == row.end()) return std::nullopt;
+        place.fragment = ItemLayout(layouter_, open_[open - 1].box, width, {})
+                             .LayOut(side.box, own->place.left, own->place.width);
+        place.left = room.left + own->place.left + measure.Margin(style, cssLeft, width);
+    } else {
+        place.fragment = layouter_.LayOutShrunk(side.box, width);
+        const BoxEdges edges = layouter_.EdgesInFlow(side.container, open_[open - 1].box, room);
+        place.left =
+            style.floats == CssFloat::Left
+                ? edges.border.right + edges.marginRight + measure.Margin(style, cssLeft, width)
+                : room.right - place.fragment->width - measure.Margin(style, cssRight, width);
+    }
+    constexpr double rounded = 1;
+    if (place.left + place.fragment->width > room.right + rounded) return std::nullopt;
+    const double above =
+        measure.Insets(longStyle, width).Top() + measure.Margin(longStyle, cssTop, width);
+    place.top = open_[open].contentTop - above + measure.Margin(style, cssTop, width);
+    return place;
+}
+
 // All that the box may cover is there: what follows the result stands below it.
 bool BlockFlow::PlaceBeside(const SideBox& side) {
     PlaceFloats(top_ + margin_.Length());
-    const auto open = std::ranges::find(open_, side.container, &OpenBlock::box);
-    if (open == open_.end()) return false;
-    const CssBoxStyle& style = *layouter_.Box(side.box).style;
-    PositionedRoom room = RoomIn(std::size_t(open - open_.begin()));
-    if (open == open_.begin()) room.top = 0;
-    PageFragmentPtr fragment = LayOutPositioned(side.box, room.sides);
-    const auto top = TopOf(style, room, fragment->height);
-    if (!top || *top >= top_) return false;
-    const double left = LeftOf(style, room.sides, fragment->width, room.sides.left);
-    const FloatRect wanted{left, *top, fragment->width, fragment->height};
+    const auto found = std::ranges::find(open_, side.container, &OpenBlock::box);
+    if (found == open_.end()) return false;
+    const std::size_t open = std::size_t(found - open_.begin());
+    const bool isPositioned = side.kind == SideBox::Kind::Positioned;
+    auto place = isPositioned ? PlaceOfPositioned(side.box, open) : PlaceOfSibling(side, open);
+    if (!place || place->left < 0 || place->top < 0 || place->top >= top_) return false;
+    const FloatRect wanted{place->left, place->top, place->fragment->width,
+                           place->fragment->height};
     const FloatRect box = BelowWhatItCovers(wanted, result_);
     // Below a heading that takes more room than the page reckoned with, but not below its text.
     const double em = layouter_.Box(side.box).text->fontSize * layouter_.Measure().Scale();
-    if (left < 0 || box.top - wanted.top > maxLower * em) return false;
+    if (box.top - wanted.top > maxLower * em) return false;
     positionedBottom_ = std::max(positionedBottom_, box.Bottom());
-    result_.parts.push_back({box.left, box.top, std::move(fragment), true});
+    result_.parts.push_back({box.left, box.top, std::move(place->fragment), true});
     return true;
 }
 

@@ -1,7 +1,7 @@
 #include "view/page/flex_layout.h"
 
-#include "view/page/flex_sizes.h"
 #include "view/page/item_layout.h"
+#include "view/page/side_boxes.h"
 
 #include <algorithm>
 
@@ -33,6 +33,24 @@ class FlexLayouter {
                              top, isOnly ? GivenHeight() : 0);
         }
         return top;
+    }
+
+    std::vector<ItemPlace> RowOf(PageBoxId id) {
+        if (IsColumn(style_)) return {};
+        const std::vector<Item> items = Items();
+        const std::vector<FlexSize> sizes = Sizes(items);
+        const double gap = measure_.Length(style_.rare->columnGap, width_);
+        const bool wraps = style_.rare->flexWrap != CssFlexWrap::NoWrap;
+        for (const FlexSpan span : FlexLines(sizes, width_, gap, wraps)) {
+            const std::vector<FlexPlace> places =
+                FlexPlaces({sizes.begin() + long(span.start), sizes.begin() + long(span.end)},
+                           width_, gap, style_.rare->justifyContent);
+            std::vector<ItemPlace> row;
+            for (std::size_t i = 0; i < places.size(); ++i)
+                row.push_back({items[span.start + i].id, places[i]});
+            if (std::ranges::find(row, id, &ItemPlace::item) != row.end()) return row;
+        }
+        return {};
     }
 
   private:
@@ -80,6 +98,7 @@ class FlexLayouter {
 
     // Of the content.
     WidthExtent Extent(PageBoxId id) {
+        if (IsLongItem(layouter_.Boxes(), id)) return layouter_.LongItemExtent(id);
         if (layouter_.Box(id).kind != PageBoxKind::Picture) return layouter_.ContentExtent(id);
         const CssBoxStyle& style = *layouter_.Box(id).style;
         const double width = layouter_.LayOutPicture(id, width_)->width;
@@ -222,6 +241,12 @@ bool IsFlexContainer(const PageBox& box) {
 double LayOutFlex(PageLayouter& layouter, PageBoxId container, double width,
                   std::optional<InlineEdges> positioned, PageFragment& result) {
     return FlexLayouter(layouter, container, width, positioned, result).Run();
+}
+
+std::vector<ItemPlace> FlexRowOf(PageLayouter& layouter, PageBoxId container, double width,
+                                 PageBoxId item) {
+    PageFragment none;
+    return FlexLayouter(layouter, container, width, {}, none).RowOf(item);
 }
 
 WidthExtent FlexExtentOf(PageLayouter& layouter, PageBoxId container) {

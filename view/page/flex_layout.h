@@ -3,6 +3,7 @@
 // as they can be stand one below the other.
 #pragma once
 
+#include "view/page/flex_sizes.h"
 #include "view/page/page_layouter.h"
 
 bool IsFlexContainer(const PageBox& box);
@@ -10,5 +11,8 @@ bool IsFlexContainer(const PageBox& box);
 // With a content of this width; the items are added to `result`. Answers the content's height.
 double LayOutFlex(PageLayouter& layouter, PageBoxId container, double width,
                   std::optional<InlineEdges> positioned, PageFragment& result);
+// The places of the items that stand in a row with this one, itself among them.
+std::vector<ItemPlace> FlexRowOf(PageLayouter& layouter, PageBoxId container, double width,
+                                 PageBoxId item);
 // Of its content.
 WidthExtent FlexExtentOf(PageLayouter& layouter, PageBoxId container);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "formats/css/css_style_values.h"
+#include "view/page/page_box.h"
 
 #include <cstddef>
 #include <vector>
@@ -20,6 +21,11 @@ struct FlexSpan {
 
 struct FlexPlace {
     double left = 0, width = 0;
+};
+
+struct ItemPlace {
+    PageBoxId item = noPageBox;
+    FlexPlace place;
 };
 
 // Which items stand beside each other. Without `wraps` all of them, if their narrowest fit; else

@@ -1,8 +1,8 @@
 #include "view/page/grid_layout.h"
 
-#include "view/page/flex_sizes.h"
 #include "view/page/grid_cells.h"
 #include "view/page/item_layout.h"
+#include "view/page/side_boxes.h"
 
 #include <algorithm>
 #include <cmath>
@@ -21,6 +21,10 @@ TrackPlaces PlacesOf(const std::vector<double>& sizes, double room, double gap,
 FlexPlace PlaceOf(const TrackPlaces& tracks, GridSpan span) {
     const FlexPlace &first = tracks[span.start], &last = tracks[span.end - 1];
     return {first.left, last.left + last.width - first.left};
+}
+
+bool Meet(GridSpan a, GridSpan b) {
+    return a.start < b.end && b.start < a.end;
 }
 
 double SumOf(const std::vector<double>& sizes, double gap) {
@@ -62,6 +66,27 @@ class GridLayouter {
         return std::max(given, rows.empty() ? 0 : rows.back().left + rows.back().width);
     }
 
+    std::vector<ItemPlace> RowOf(PageBoxId id) {
+        const GridCells cells = Cells();
+        const std::vector<double> widths = ColumnWidths(cells);
+        if (SumOf(widths, room_.columnGap) > room_.width + 1) return {};
+        const TrackPlaces columns =
+            PlacesOf(widths, room_.width, room_.columnGap, grid_.justifyContent);
+        const auto& placed = cells.placement.items;
+        const auto own = placed[std::size_t(std::ranges::find(items_, id) - items_.begin())];
+        std::vector<ItemPlace> row;
+        for (std::size_t i = 0; i < items_.size(); ++i) {
+            const bool isBeside =
+                !Meet(placed[i].columns, own.columns) && Meet(placed[i].rows, own.rows);
+            if (items_[i] != id && !isBeside) continue;
+            FlexPlace place = PlaceOf(columns, placed[i].columns);
+            if (layouter_.Box(container_).text->direction == CssDirection::RightToLeft)
+                place.left = room_.width - place.left - place.width;
+            row.push_back({items_[i], place});
+        }
+        return row;
+    }
+
     // Items may stand one below the other, unless a column has a width of its own.
     WidthExtent Extent() {
         WidthExtent extent;
@@ -88,10 +113,14 @@ class GridLayouter {
     std::vector<double> ColumnWidths(const GridCells& cells) {
         std::vector<GridContent> contents;
         for (std::size_t i = 0; i < items_.size(); ++i)
-            contents.push_back(
-                {cells.placement.items[i].columns, layouter_.ExtentOfBox(items_[i])});
+            contents.push_back({cells.placement.items[i].columns, ExtentOf(items_[i])});
         return GridTrackSizes(GridColumnsOf(grid_, cells, room_), contents, room_.width,
                               room_.columnGap);
+    }
+
+    WidthExtent ExtentOf(PageBoxId item) {
+        return IsLongItem(layouter_.Boxes(), item) ? layouter_.LongItemExtent(item)
+                                                   : layouter_.ExtentOfBox(item);
     }
 
     CssAlignItems Justification(PageBoxId item) const {
@@ -190,6 +219,11 @@ bool IsGridContainer(const PageBox& box) {
 double LayOutGrid(PageLayouter& layouter, PageBoxId container, double width,
                   std::optional<InlineEdges> positioned, PageFragment& result) {
     return GridLayouter(layouter, container, width, positioned).Run(result);
+}
+
+std::vector<ItemPlace> GridRowOf(PageLayouter& layouter, PageBoxId container, double width,
+                                 PageBoxId item) {
+    return GridLayouter(layouter, container, width, {}).RowOf(item);
 }
 
 WidthExtent GridExtentOf(PageLayouter& layouter, PageBoxId container) {

@@ -2,6 +2,7 @@
 // narrowest columns fit beside each other the items stand one below the other.
 #pragma once
 
+#include "view/page/flex_sizes.h"
 #include "view/page/page_layouter.h"
 
 bool IsGridContainer(const PageBox& box);
@@ -9,5 +10,8 @@ bool IsGridContainer(const PageBox& box);
 // With a content of this width; the items are added to `result`. Answers the content's height.
 double LayOutGrid(PageLayouter& layouter, PageBoxId container, double width,
                   std::optional<InlineEdges> positioned, PageFragment& result);
+// The places of the items that stand beside this one, itself among them.
+std::vector<ItemPlace> GridRowOf(PageLayouter& layouter, PageBoxId container, double width,
+                                 PageBoxId item);
 // Of its content.
 WidthExtent GridExtentOf(PageLayouter& layouter, PageBoxId container);

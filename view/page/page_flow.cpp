@@ -23,9 +23,11 @@ PageFlow::PageFlow(PageLayouter& layouter) : layouter_(layouter) {
     const std::vector<SideBox> sides = SideBoxesOf(layouter.Boxes());
     zones_ = ZonesOf(layouter.Boxes(), sides);
     for (const SideBox& side : sides) {
-        const std::size_t own = ::ZoneOf(zones_, side.lines);
+        const std::size_t own = ::ZoneOf(zones_, side.leaf);
         const std::size_t zone = ::ZoneOf(zones_, std::max(rootPageBox, side.container));
-        if (zone < own) sides_.push_back({side, zone, own, std::nullopt});
+        const bool isInFlow = side.kind != SideBox::Kind::Positioned;
+        if (zone < own || (zone == own && isInFlow))
+            sides_.push_back({side, zone, own, std::nullopt});
     }
 }
 
@@ -43,9 +45,32 @@ bool PageFlow::IsPlaced(Side& side) {
     return side.isPlaced.value_or(false);
 }
 
-void PageFlow::PlaceSides(std::size_t zone, BlockFlow& flow) {
+// Those that are told from the same zone are tried beside its text first.
+std::vector<PageBoxId> PageFlow::StandElsewhere(std::size_t zone) {
+    std::vector<PageBoxId> boxes;
+    for (Side& each : sides_) {
+        if (each.ownZone != zone) continue;
+        if (each.IsWithinZone() ? each.isPlaced.value_or(true) : IsPlaced(each))
+            boxes.push_back(each.side.kind == SideBox::Kind::Positioned ? each.side.box
+                                                                        : each.side.leaf);
+    }
+    return boxes;
+}
+
+// False where one has no room beside the text that was to have it.
+bool PageFlow::PlaceSides(std::size_t zone, BlockFlow& flow) {
+    bool arePlaced = true;
+    for (Side& each : sides_) {
+        if (each.zone != zone || (each.IsWithinZone() && !each.isPlaced.value_or(true))) continue;
+        each.isPlaced = flow.PlaceBeside(each.side);
+        arePlaced = arePlaced && (*each.isPlaced || !each.IsWithinZone());
+    }
+    return arePlaced;
+}
+
+void PageFlow::GiveUpSides(std::size_t zone) {
     for (Side& each : sides_)
-        if (each.zone == zone) each.isPlaced = flow.PlaceBeside(each.side);
+        if (each.zone == zone && each.IsWithinZone()) each.isPlaced = false;
 }
 
 void PageFlow::SetWidth(double width) {
@@ -97,25 +122,33 @@ double PageFlow::HeightOf(std::size_t zone) {
 }
 
 PageFragmentPtr PageFlow::MakeLayout(std::size_t zone) {
-    std::vector<PageBoxId> elsewhere;
-    for (Side& each : sides_)
-        if (each.ownZone == zone && IsPlaced(each)) elsewhere.push_back(each.side.box);
-    ++layoutsMade_;
     auto fragment = std::make_shared<PageFragment>();
-    BlockFlow flow(layouter_, noPageBox, {0, width_}, *fragment);
+    if (!LayOutZone(zone, *fragment) && !LayOutZone(zone, *fragment)) {
+        GiveUpSides(zone);
+        LayOutZone(zone, *fragment);
+    }
+    heights_.SetMeasured(zone, fragment->height);
+    return fragment;
+}
+
+// False if another attempt is needed, without boxes beside the text that have no room there.
+bool PageFlow::LayOutZone(std::size_t zone, PageFragment& fragment) {
+    std::vector<PageBoxId> elsewhere = StandElsewhere(zone);
+    ++layoutsMade_;
+    fragment = {};
+    BlockFlow flow(layouter_, noPageBox, {0, width_}, fragment);
     flow.LeaveOut(std::move(elsewhere));
     const bool first = zone == 0, last = zone + 1 == zones_.size();
     if (!first) flow.StartAfter(zones_[zone - 1].lastLeaf);
     flow.LayOut(first ? rootPageBox : zones_[zone - 1].end, zones_[zone].end);
-    PlaceSides(zone, flow);
+    if (!PlaceSides(zone, flow)) return false;
     if (last)
         flow.Finish();
     else
         flow.Break(zones_[zone].endsBelowFloats);
-    fragment->width = width_;
-    fragment->height = std::max(flow.Bottom(), MinHeight(zones_[zone]));
-    heights_.SetMeasured(zone, fragment->height);
-    return fragment;
+    fragment.width = width_;
+    fragment.height = std::max(flow.Bottom(), MinHeight(zones_[zone]));
+    return true;
 }
 
 std::size_t PageFlow::FirstNotMeasured() {

@@ -48,11 +48,15 @@ class PageFlow {
         SideBox side;
         std::size_t zone = 0, ownZone = 0;
         std::optional<bool> isPlaced; // in that zone; nothing: not known yet
+        bool IsWithinZone() const { return zone == ownZone; }
     };
 
     PageFragmentPtr MakeLayout(std::size_t zone);
     bool IsPlaced(Side& side);
-    void PlaceSides(std::size_t zone, BlockFlow& flow);
+    std::vector<PageBoxId> StandElsewhere(std::size_t zone);
+    bool PlaceSides(std::size_t zone, BlockFlow& flow);
+    void GiveUpSides(std::size_t zone);
+    bool LayOutZone(std::size_t zone, PageFragment& fragment);
     double Estimate(const PageZone& zone) const;
 
     PageLayouter& layouter_;

@@ -5,6 +5,7 @@
 #include "view/page/grid_layout.h"
 #include "view/page/multi_columns.h"
 #include "view/page/ruby_layout.h"
+#include "view/page/side_boxes.h"
 #include "view/page/table_layout.h"
 
 #include <algorithm>
@@ -128,14 +129,46 @@ BoxEdges PageLayouter::EdgesInFlow(PageBoxId id, PageBoxId around, InlineEdges r
     const PageBox& box = boxes_[id];
     const CssBoxStyle& style = *box.style;
     const CssInheritedStyle& text = *boxes_[around].text;
+    if (box.isTooLong) return EdgesOfLong(id, text, room);
     const bool byWidth = style.width.IsOfContent(), byLimit = style.maxWidth.IsOfContent();
-    if ((!byWidth && !byLimit) || box.isTooLong) return measure_.InFlow(style, text, room);
+    if (!byWidth && !byLimit) return measure_.InFlow(style, text, room);
     const double free = room.Width() - measure_.SideMargins(style, room.Width()) -
                         measure_.SideInsets(style, room.Width());
     const double given = measure_.GivenWidth(style, room.Width());
     double width = byWidth ? WidthByContent(style.width, id, free) : given >= 0 ? given : free;
     if (byLimit) width = std::min(width, WidthByContent(style.maxWidth, id, free));
     return measure_.OfWidth(style, text, room, measure_.LimitWidth(style, room.Width(), width));
+}
+
+// It stands in the flow, where it would stand if it were laid out as one.
+BoxEdges PageLayouter::EdgesOfLong(PageBoxId id, const CssInheritedStyle& around,
+                                   InlineEdges room) {
+    const CssBoxStyle& style = *boxes_[id].style;
+    if (IsLongItem(boxes_, id)) {
+        const std::vector<ItemPlace> row = RowOfLongItem(id, room.Width());
+        const auto own = std::ranges::find(row, id, &ItemPlace::item);
+        if (row.size() > 1 && own != row.end()) {
+            room = {room.left + own->place.left, room.left + own->place.left + own->place.width};
+            const double sides = measure_.SideMargins(style, room.Width()) +
+                                 measure_.SideInsets(style, room.Width());
+            return measure_.OfWidth(style, around, room, std::max(0.0, room.Width() - sides));
+        }
+    }
+    BoxEdges edges = measure_.InFlow(style, around, room);
+    const double right = edges.border.right + edges.marginRight;
+    if (style.floats == CssFloat::Right && right < room.right) {
+        for (InlineEdges* each : {&edges.border, &edges.content}) {
+            each->left += room.right - right;
+            each->right += room.right - right;
+        }
+    }
+    return edges;
+}
+
+std::vector<ItemPlace> PageLayouter::RowOfLongItem(PageBoxId id, double width) {
+    const PageBoxId container = boxes_[id].parent;
+    return IsFlexContainer(boxes_[container]) ? FlexRowOf(*this, container, width, id)
+                                              : GridRowOf(*this, container, width, id);
 }
 
 std::vector<double>& PageLayouter::SharedColumns(HtmlNodeId table, double available) {

@@ -3,6 +3,7 @@
 
 #include "view/geometry.h"
 #include "view/page/box_edges.h"
+#include "view/page/flex_sizes.h"
 #include "view/page/page_fragment.h"
 
 #include <optional>
@@ -75,10 +76,17 @@ class PageLayouter {
 
     // Of the content.
     WidthExtent ContentExtent(PageBoxId id);
+    // What is taken for it of an item that is too long to be measured.
+    WidthExtent LongItemExtent(PageBoxId id) const;
     // Of the margin box, of which percentages are nothing.
     WidthExtent ExtentOfBox(PageBoxId id);
 
+    // The places of items that stand beside one that is too long, itself among them, in a container
+    // with a content of this width.
+    std::vector<ItemPlace> RowOfLongItem(PageBoxId id, double width);
+
   private:
+    BoxEdges EdgesOfLong(PageBoxId id, const CssInheritedStyle& around, InlineEdges room);
     WidthExtent MeasureContent(PageBoxId id);
     WidthExtent LinesExtent(PageBoxId lines);
     double IndentOf(PageBoxId lines, double containing) const;

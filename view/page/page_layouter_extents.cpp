@@ -29,6 +29,12 @@ WidthExtent PageLayouter::ExtentOfBox(PageBoxId id) {
     return {extent.min + sides, extent.max + sides};
 }
 
+// Some words beside each other, and as much as there is.
+WidthExtent PageLayouter::LongItemExtent(PageBoxId id) const {
+    constexpr double minLetters = 12, max = 1e6;
+    return {minLetters * boxes_[id].text->fontSize * measure_.Scale(), max};
+}
+
 // A percentage is of a width that is not known yet: such a picture asks for its own width, and may
 // become as narrow as needed.
 WidthExtent PageLayouter::PictureExtent(PageBoxId id) {

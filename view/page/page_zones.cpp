@@ -33,8 +33,14 @@ class TextBeside {
         for (; next_ < sides_.size() && sides_[next_].container <= box; ++next_)
             missing_ = std::max(missing_, sides_[next_].height);
     }
+    // What stands there is no end of a zone.
+    bool Has(PageBoxId leaf) const {
+        return std::ranges::any_of(sides_, [&](const SideBox& side) {
+            return side.leaf == leaf && side.kind != SideBox::Kind::Positioned;
+        });
+    }
     void AddLeaf(std::uint32_t units) {
-        constexpr std::uint32_t unitsOfLine = 96;
+        constexpr std::uint32_t unitsOfLine = 192; // of a wide window
         missing_ -= std::min(missing_, int(1 + units / unitsOfLine));
     }
     bool IsMissing() const { return missing_ > 0; }
@@ -79,14 +85,16 @@ std::vector<PageZone> ZonesOf(const PageBoxes& boxes, const std::vector<SideBox>
         ++leaves;
         joined = HasFloats(boxes, box) ? floatReach : joined - 1;
         const std::uint32_t units = UnitsIn(boxes, box);
-        beside.AddLeaf(units);
+        const bool isBeside = beside.Has(box);
+        if (!isBeside) beside.AddLeaf(units);
         zone.units += units;
         zone.lastLeaf = box;
         zone.end = boxes[box].end;
         zone.weight += units + elementWeight * (zone.end - box);
         const int mostLeaves = beside.IsMissing() ? maxLeavesByForce : maxLeaves;
-        if (HasHeight(boxes[box]) && ((joined <= 0 && !beside.IsMissing()) ||
-                                      leaves >= mostLeaves || zone.weight >= maxZoneWeight))
+        if (HasHeight(boxes[box]) && !isBeside &&
+            ((joined <= 0 && !beside.IsMissing()) || leaves >= mostLeaves ||
+             zone.weight >= maxZoneWeight))
             end(false);
         else if (leaves >= maxLeavesByForce || zone.weight >= maxWeightByForce)
             end(true);
