@@ -1,6 +1,7 @@
 #include "platform/qt/dialogs/file_dialog.h"
 
 #include "platform/qt/dialogs/file_filter.h"
+#include "platform/qt/file_url.h"
 #include "platform/qt/qt_text.h"
 
 #include <QAbstractItemView>
@@ -8,6 +9,7 @@
 #include <QDateTime>
 #include <QDialogButtonBox>
 #include <QEvent>
+#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHeaderView>
@@ -19,6 +21,7 @@
 #include <QMimeDatabase>
 #include <QPushButton>
 #include <QScreen>
+#include <QSignalBlocker>
 #include <QTreeView>
 
 #include <algorithm>
@@ -45,6 +48,7 @@ class FileDialog final : public QFileDialog {
 
   protected:
     void accept() override {
+        if (name_ && !Exists(name_->text())) UseMeantPath();
         const QStringList files = selectedFiles();
         if (const QString typed = TypedFile(); !typed.isEmpty() && files.value(0) != typed)
             list_->clearSelection(); // navigating to the folder may have left a selection
@@ -110,6 +114,20 @@ class FileDialog final : public QFileDialog {
         if (!name_ || !list_ || name_->text().isEmpty()) return {};
         const QFileInfo file(directory(), name_->text());
         return file.isFile() ? file.absoluteFilePath() : QString();
+    }
+
+    bool Exists(const QString& typed) const { return QFileInfo(directory(), typed).exists(); }
+
+    // What is pasted may have a blank or a line end around it, or be the address of a file.
+    void UseMeantPath() {
+        const QString trimmed = name_->text().trimmed();
+        const auto local = LocalPathOf(trimmed.toStdString());
+        for (const QString& meant : {trimmed, QFile::decodeName(local.value_or("").c_str())}) {
+            if (meant.isEmpty() || !Exists(meant)) continue;
+            const QSignalBlocker noCompletions(name_);
+            name_->setText(meant);
+            return;
+        }
     }
 
     // Qt disables the button for a file that the filter hides and for one that does not exist,

@@ -16,6 +16,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
+#include <QUrl>
 
 #include <functional>
 
@@ -134,6 +135,35 @@ TEST_CASE("qt file dialog: the button opens what the filter hides, by name or pa
         CHECK(answer.result == DialogResult::Ok);
         CHECK(QString::fromStdU16String(answer.fileName).endsWith("/" + name.section('/', -1)));
         CHECK(answer.filterIndex == 1);
+    }
+}
+
+TEST_CASE("qt file dialog: a pasted path or address is the file that it means") {
+    const Desk desk;
+    const QString spaced = desk.Path("two %words.txt");
+    REQUIRE(QFile(spaced).open(QIODevice::WriteOnly));
+    const QString address =
+        QString::fromLatin1(QUrl::fromLocalFile(spaced).toEncoded(QUrl::FullyEncoded));
+    REQUIRE(address.contains("%20%25words"));
+    for (const auto& [pasted, meant] : std::initializer_list<std::pair<QString, QString>>{
+             {" " + desk.Path("a.txt"), desk.Path("a.txt")},
+             {desk.Path("a.txt") + " \n", desk.Path("a.txt")},
+             {"a.txt ", desk.Path("a.txt")},
+             {address, spaced},
+             {address + "\n", spaced},
+             {"two %words.txt", spaced}}) {
+        CAPTURE(pasted.toStdString());
+        const OpenFileAnswer answer = desk.Ask([&](const Parts& parts) {
+            CHECK(WaitFor([&] { return parts.Listed().contains("a.txt"); }));
+            parts.TypeName(pasted);
+            QTimer::singleShot(0, qApp, [] {
+                if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+                    box->reject();
+            });
+            parts.open->click();
+        });
+        CHECK(answer.result == DialogResult::Ok);
+        CHECK(QString::fromStdU16String(answer.fileName) == meant);
     }
 }
 
