@@ -17,6 +17,7 @@ std::vector<BackEnd<LineLayout>> LineLayoutBackEnds();
 struct ParagraphLimits {
     int minLetterSpacing = -2, maxLetterSpacing = 6; // pixels
     bool joinedParts = true;                         // characters that may have several glyphs
+    bool turnedSaraAm = true; // Thai with U+0E33 that U+202E turns to right to left
 };
 ParagraphLimits LimitsOfParagraphs();
 

@@ -7,6 +7,8 @@ std::vector<BackEnd<LineLayout>> LineLayoutBackEnds() {
 
 // Qt 6.4 narrows characters that are not seen, too, and widens marks. What no font has as
 // a whole, as a syllable or a family, has several glyphs and not always all of them at its place.
+// Thai that is turned to right to left is one cluster from its first U+0E33 to its last one, so
+// that no line breaks between them, however wide it gets.
 ParagraphLimits LimitsOfParagraphs() {
-    return {0, 1, false};
+    return {0, 1, false, false};
 }
