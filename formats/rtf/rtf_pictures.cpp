@@ -1,5 +1,6 @@
 #include "formats/rtf/rtf_pictures.h"
 
+#include "formats/rtf/rtf_bitmap.h"
 #include "formats/rtf/rtf_limits.h"
 #include "formats/rtf/rtf_tokenizer.h"
 
@@ -10,11 +11,19 @@ void RtfPictureReader::Begin() {
     picture_ = {};
     width_ = height_ = {};
     halfByte_ = -1;
+    isBitmap_ = false;
 }
 
 void RtfPictureReader::Apply(const RtfWordEntry& entry, std::int32_t parameter) {
     switch (entry.word) {
-    case RtfWord::PictureKind: picture_.format = static_cast<PictureFormat>(entry.value); break;
+    case RtfWord::PictureKind:
+        picture_.format = static_cast<PictureFormat>(entry.value);
+        isBitmap_ = false;
+        break;
+    case RtfWord::PictureIsBitmap:
+        picture_.format = PictureFormat::Wmf; // which it becomes
+        isBitmap_ = true;
+        break;
     case RtfWord::PictureWidth: width_.size = parameter; break;
     case RtfWord::PictureHeight: height_.size = parameter; break;
     case RtfWord::PictureGoalWidth: width_.goal = parameter; break;
@@ -51,17 +60,21 @@ void RtfPictureReader::AddBytes(std::string_view bytes) {
     totalBytes_ += bytes.size();
 }
 
+constexpr std::int32_t twipsPerPixel = 15;
+
 std::int32_t RtfPictureReader::ShownTwips(const Extent& extent) const {
     std::int64_t twips = extent.goal;
     // A bitmap's own size is its reader's business, a metafile's is in hundredths of a millimetre.
     const bool isBitmap =
         picture_.format == PictureFormat::Png || picture_.format == PictureFormat::Jpeg;
+    if (twips == 0 && isBitmap_) twips = extent.size * std::int64_t{twipsPerPixel};
     if (twips == 0 && !isBitmap) twips = extent.size * std::int64_t{1440} / 2540;
     if (extent.percent > 0) twips = twips * extent.percent / 100;
     return static_cast<std::int32_t>(std::clamp<std::int64_t>(twips, 0, maxRtfTwips));
 }
 
 Picture RtfPictureReader::Release() {
+    if (isBitmap_) picture_.bytes = MetafileOfBitmap(picture_.bytes);
     picture_.widthTwips = ShownTwips(width_);
     picture_.heightTwips = ShownTwips(height_);
     if (picture_.format == PictureFormat::Other) picture_.bytes.clear(); // its kind came late

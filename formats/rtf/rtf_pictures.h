@@ -25,6 +25,7 @@ class RtfPictureReader {
 
     Picture picture_;
     Extent width_, height_;
-    int halfByte_ = -1; // the first digit of a pair
+    bool isBitmap_ = false; // without the header of a file
+    int halfByte_ = -1;     // the first digit of a pair
     std::size_t totalBytes_ = 0;
 };

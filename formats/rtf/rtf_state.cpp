@@ -3,6 +3,7 @@
 #include "formats/rtf/rtf_limits.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -37,6 +38,10 @@ void SetFontSize(CharStyle& style, std::int32_t halfPoints) {
     if (halfPoints > 0)
         style.halfPoints = static_cast<std::uint16_t>(std::min(halfPoints, maxRtfHalfPoints));
 }
+
+// Text that ends at a stop begins there in this reader: at the edge of the page, where a table of
+// contents has its numbers, there is no room for it, and it would stand on the next line.
+constexpr std::int32_t nearPageEdge = 5 * 1440; // twips
 
 void AddTabStop(std::vector<std::int32_t>& stops, std::int32_t position) {
     if (position <= 0 || stops.size() == maxRtfTabStops) return;
@@ -107,7 +112,11 @@ void ApplyParagraphWord(RtfState& state, const RtfWordEntry& entry, bool hasPara
     case RtfWord::LineSpacing: style.lineSpacing = ClampRtfTwips(parameter); break;
     case RtfWord::LineSpacingIsMultiple: style.lineSpacingIsMultiple = on; break;
     case RtfWord::ParagraphDirection: style.rightToLeft = entry.value != 0; break;
-    case RtfWord::TabStop: AddTabStop(style.tabStops, parameter); break;
+    case RtfWord::RightTab: state.isRightTab = true; break;
+    case RtfWord::TabStop:
+        if (!std::exchange(state.isRightTab, false) || parameter < nearPageEdge)
+            AddTabStop(style.tabStops, parameter);
+        break;
     case RtfWord::InTable: state.inTable = on; break;
     case RtfWord::ListNumber: state.list = parameter; break;
     case RtfWord::ListLevel: state.listLevel = parameter; break;

@@ -106,6 +106,7 @@ enum class RtfWord : std::uint8_t {
     LineSpacingIsMultiple,
     ParagraphDirection, // `value` is 1 for right to left
     TabStop,
+    RightTab, // the text of the next stop ends there
     ParagraphBackground,
     ShadingPattern, // its colour
     Shading,        // hundredths of a percent of the pattern over the background
@@ -133,6 +134,7 @@ enum class RtfWord : std::uint8_t {
     BorderColor,
     // Picture
     PictureKind, // `value` is the PictureFormat
+    PictureIsBitmap,
     PictureWidth,
     PictureHeight,
     PictureGoalWidth,

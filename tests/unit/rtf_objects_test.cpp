@@ -1,5 +1,6 @@
 // Pictures, links and footnotes that the reader finds in a text.
 #include "common/utf.h"
+#include "formats/metafile/metafile.h"
 #include "formats/picture_files.h"
 #include "formats/rtf/rtf_fields.h"
 #include "formats/rtf/rtf_limits.h"
@@ -317,4 +318,24 @@ TEST_CASE("picture files: read once for each name, and by what they are") {
     CHECK(document.pictures[1].bytes == document.pictures[0].bytes);
     CHECK(document.pictures[2].bytes.empty());
     CHECK(document_check::FirstFault(document) == "");
+}
+
+TEST_CASE("rtf pictures: a bitmap without a file's header is shown") {
+    // 2 x 1 pixels of 24 bits, the line padded to 8 bytes: red and blue.
+    const std::string bitmap = "2800000002000000010000000100180000000000000000000000000000000000"
+                               "00000000000000000000ffff00000000";
+    const Document document = Read("{\\pict\\dibitmap0\\picw2\\pich1 " + bitmap + "}");
+    REQUIRE(document.pictures.size() == 1);
+    const Picture& picture = document.pictures[0];
+    CHECK(picture.format == PictureFormat::Wmf);
+    CHECK(picture.widthTwips == 30);
+    CHECK(picture.heightTwips == 15);
+    const Metafile metafile = ReadWmf(picture.bytes);
+    REQUIRE(metafile.images.size() == 1);
+    CHECK(metafile.images[0].width == 2);
+    CHECK(metafile.images[0].height == 1);
+    for (const char* const broken : {"", "28000000", "0000000001", "280000000200000000000000"})
+        CHECK(Read(std::string("{\\pict\\dibitmap0 ") + broken + std::string(60, '0') + "}")
+                  .pictures[0]
+                  .format == PictureFormat::Other);
 }

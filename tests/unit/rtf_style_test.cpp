@@ -134,6 +134,10 @@ TEST_CASE("rtf reader: words that change paragraphs") {
          [](ParagraphStyle& s) {
              s.tabStops = {100, 300};
          }},
+        {"\\tqr\\tldot\\tx8000\\tqr\\tx2000\\tx9000 x\\par",
+         [](ParagraphStyle& s) {
+             s.tabStops = {2000, 9000};
+         }},
         {"\\li2147483647\\fi-2147483648\\sb-7 x\\par",
          [](ParagraphStyle& s) {
              s.leftIndent = maxRtfTwips;
