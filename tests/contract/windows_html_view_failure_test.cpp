@@ -8,7 +8,7 @@ struct Answers {
     std::vector<std::u16string> texts;
     std::u16string selected, html;
     std::optional<PageMatch> match;
-    TextPos top = 0;
+    TextPos top = 0, kept = 0;
 };
 
 // Everything that the core asks of a page, once.
@@ -24,6 +24,8 @@ Answers ReadABook(ShownView& shown) {
     view.Title();
     view.Select({300, 5});
     view.ScrollSpanToTop({300, 5});
+    const PageTop top = view.Top();
+    view.BringToTop(top);
     view.Selection();
     view.Selection();
     Answers answers;
@@ -33,6 +35,7 @@ Answers ReadABook(ShownView& shown) {
     answers.html = view.SelectionAsHtml();
     answers.match = view.FindAfterSelection(u"line", {});
     answers.top = view.StartAtTop();
+    answers.kept = top.start;
     if (shown.engine.Inner()) {
         SendMessageW(shown.engine.Inner(), WM_RBUTTONUP, 0, MAKELPARAM(20, 20));
         shown.engine.Follow(L"file:///C:/books/b.htm");
@@ -52,6 +55,7 @@ void CheckAnswers(const Answers& answers) {
     CHECK((answers.selected.empty() || answers.selected.size() == 5));
     CHECK((answers.html.empty() || answers.html.size() == 12));
     CHECK(answers.top >= -1);
+    CHECK(answers.kept >= -1);
     if (answers.match) CHECK(answers.match->span.length == 4);
     if (!answers.body) {
         CHECK(answers.texts.empty());

@@ -215,6 +215,65 @@ TEST_CASE("windows html view: the line at the top stays there in another size or
     CHECK(shown.view->ScrollTop() == 1300);
 }
 
+TEST_CASE(
+    "windows html view: what stands at the top is told by its words, and brought back by them") {
+    ShownView shown;
+    const std::wstring text = Lines(300);
+    shown.Open(text);
+    CHECK(shown.view->Top().start == 0);
+    shown.view->ScrollTo(0, 100 * StandIn::LineHeight + 7);
+    const PageTop top = shown.view->Top();
+    CHECK(top.offset == 2007);
+    CHECK(top.start == StartOfLine(text, 100));
+    CHECK(top.above == 7);
+    CHECK(top.before.ends_with(u"line 99\n"));
+    CHECK(top.before.size() == PageTop::maxAround);
+    CHECK(top.after.starts_with(u"line 100\nline 101"));
+    CHECK(top.length == TextPos(text.size()));
+    shown.view->ScrollTo(0, 101 * StandIn::LineHeight - 4); // less than a quarter of line 100
+    CHECK(shown.view->Top().start == StartOfLine(text, 101));
+    CHECK(shown.view->Top().above == -4);
+    CHECK(shown.view->StartAtTop() == StartOfLine(text, 101));
+    for (const int lower : {0, 500}) { // in another layout
+        CAPTURE(lower);
+        ShownView other;
+        other.engine.textTop = lower;
+        other.Open(text);
+        other.view->BringToTop(top);
+        CHECK(other.view->Top().offset == (lower == 0 ? 2007 : 2000 + lower)); // the line whole
+        CHECK(other.view->Top().start == top.start);
+        PageTop byWords = top;
+        byWords.offset = -1;
+        other.view->BringToTop(byWords);
+        CHECK(other.view->Top().offset == 2007 + lower);
+        // Not the start of the line that it comes to stand in.
+        byWords.start += 5;
+        other.view->BringToTop(byWords);
+        CHECK(other.view->Top().start == byWords.start);
+        other.engine.pushedByLayout = 100;
+        other.view->SetBounds({0, 0, ShownView::Width / 2, ShownView::Height});
+        CHECK(other.view->Top().start == byWords.start);
+    }
+}
+
+TEST_CASE("windows html view: the text before the top is counted once for each place") {
+    ShownView shown;
+    shown.Open(Lines(300));
+    shown.view->ScrollTo(0, 2000);
+    shown.view->Top();
+    const auto countsOf = [&] {
+        return std::ranges::count_if(shown.engine.calls, [](const auto& call) {
+            return call.starts_with("range.move character -");
+        });
+    };
+    const auto before = countsOf();
+    shown.view->Top();
+    CHECK(countsOf() == before);
+    shown.view->ScrollTo(0, 3000);
+    shown.view->Top();
+    CHECK(countsOf() > before);
+}
+
 TEST_CASE("windows html view: the background is set in HTML's order of colours") {
     ShownView shown;
     shown.Open(L"text");

@@ -90,6 +90,7 @@ void WinHtmlView::ReleaseControl() {
     document_ = {};
     scrollAnchor_ = {};
     snapshot_.measured.Reset();
+    snapshot_.topLine.Reset();
     control_.reset();
 }
 

@@ -37,6 +37,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     void Clear() override;
     void ScrollTo(int left, int top) override;
     void ScrollSpanToTop(const PageSpan&) override;
+    void BringToTop(const PageTop&) override;
     void Select(const PageSpan&) override;
     void SelectAll() override;
     void SetBackColor(Color) override;
@@ -51,6 +52,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     std::u16string Title() const override;
     PageColors OwnColors() const override { return snapshot_.colors; }
     int ScrollTop() const override;
+    PageTop Top() const override;
     int ZoomSteps() const override { return snapshot_.zoomSteps; }
     int ViewHeight() const override;
     int TopMargin() const override;
@@ -80,6 +82,8 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
         int scrollTop = 0, zoomSteps = 0, viewHeight = 0, topMargin = 0, percent = 0;
         PageSelection selection;
         PageRange measured; // the range that `selection.span` belongs to
+        PageTop top;
+        PageRange topLine; // that its characters were counted to
     };
 
     bool AllowNavigation(const std::wstring& url, Target, bool sends) override;
@@ -99,6 +103,7 @@ class WinHtmlView final : public HtmlView, BrowserOwner, InnerWindow::Owner {
     void RelayoutAtAnchor(const std::function<void()>& change); // keeps the top line
     void FitWindow();
     void ScrollIntoView(TextPos start);
+    void ReadTopLine(const PageRange& line) const;
     void ApplyLoadedPage(const std::wstring& url);
     void ShowContextMenu(POINT);
     void ReportLink(const std::wstring& url);

@@ -21,13 +21,6 @@ void WinHtmlView::ScrollTo(int left, int top) {
     document_.ScrollTo(left, top);
 }
 
-void WinHtmlView::ScrollSpanToTop(const PageSpan& span) {
-    ApplyZoom();
-    const auto place = PlaceOf(RangeOf(document_, span));
-    const auto scrolled = document_.ScrollTop();
-    if (place && scrolled) ScrollTo(0, place->top + *scrolled - TopMargin());
-}
-
 void WinHtmlView::Select(const PageSpan& span) {
     ApplyZoom();
     if (SelectRange(RangeOf(document_, span))) ScrollIntoView(span.start);
@@ -137,22 +130,6 @@ std::optional<PageMatch> WinHtmlView::FindAfterSelection(std::u16string_view wha
     const auto place = PlaceOf(rest);
     if (!span || !place) return std::nullopt;
     return PageMatch{*span, place->left, place->top, from->top};
-}
-
-TextPos WinHtmlView::StartAtTop() {
-    ApplyZoom();
-    return StartOf(RangeAt(document_, 0, TopMargin())).value_or(-1);
-}
-
-int WinHtmlView::Percent() const {
-    const auto top = document_.ScrollTop(), max = document_.MaxScrollTop();
-    if (top && max) snapshot_.percent = *top >= *max ? 100 : MulDiv(100, *top, *max);
-    return snapshot_.percent;
-}
-
-void WinHtmlView::ScrollToPercent(int percent) {
-    ApplyZoom();
-    if (const auto max = document_.MaxScrollTop()) ScrollTo(0, (*max * percent + 99) / 100);
 }
 
 PrintAnswer WinHtmlView::Print(const std::u16string&) {

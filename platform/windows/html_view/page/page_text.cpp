@@ -113,6 +113,20 @@ PageRange RangeAt(const PageDocument& document, int left, int top) {
     return range;
 }
 
+PageRange LineAt(const PageDocument& document, int top) {
+    PageRange line = RangeAt(document, 0, top);
+    const PageRange character = Copy(line);
+    long moved = 0;
+    if (!character || !MoveEnd(character, 1, &moved)) return line;
+    const auto place = PlaceOf(character);
+    const auto height = HeightOf(character);
+    if (!place || !height) return line;
+    const int bottom = place->top + *height;
+    if (bottom - top > *height / 4) return line;
+    PageRange next = RangeAt(document, 0, bottom + 1);
+    return next ? next : line;
+}
+
 bool IsInside(const PageRange& inner, const PageRange& outer) {
     VARIANT_BOOL inside = VARIANT_FALSE;
     return inner && outer && SUCCEEDED(outer->inRange(inner.Get(), &inside)) &&

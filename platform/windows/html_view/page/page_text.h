@@ -25,6 +25,8 @@ bool HasTextAfterStart(const PageRange&);
 
 // The caret position at a point of the view, in CSS pixels.
 PageRange RangeAt(const PageDocument&, int left, int top);
+// That of the first line of which a quarter or more is below `top`.
+PageRange LineAt(const PageDocument&, int top);
 bool IsInside(const PageRange& inner, const PageRange& outer);
 bool IsSame(const PageRange&, const PageRange&);
 

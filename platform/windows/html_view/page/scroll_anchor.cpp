@@ -1,15 +1,23 @@
 #include "platform/windows/html_view/page/scroll_anchor.h"
 
-// Unless the page was scrolled meanwhile, the anchor character stays the same: taking the start of
-// its current line instead would drift back with every change.
+bool ScrollAnchor::Holds(const PageDocument& document) const {
+    return line_ && document.ScrollTop().value_or(0) == scrollTop_;
+}
+
+PageRange ScrollAnchor::Line(const PageDocument& document, int topMargin) const {
+    if (Holds(document)) return line_;
+    return document.ScrollTop().value_or(0) > 0 ? LineAt(document, topMargin) : PageRange();
+}
+
 void ScrollAnchor::Save(const PageDocument& document, int topMargin) {
-    const int scrollTop = document.ScrollTop().value_or(0);
-    if (line_ && scrollTop == scrollTop_) return;
-    line_ = scrollTop > 0 ? RangeAt(document, 0, topMargin) : PageRange();
-    const auto place = PlaceOf(line_);
-    if (!place) line_.Reset();
+    if (!Holds(document)) Set(document, Line(document, topMargin));
+}
+
+void ScrollAnchor::Set(const PageDocument& document, const PageRange& line) {
+    const auto place = PlaceOf(line);
+    line_ = place ? line : PageRange();
     top_ = place ? place->top : 0;
-    scrollTop_ = scrollTop;
+    scrollTop_ = document.ScrollTop().value_or(0);
 }
 
 void ScrollAnchor::Restore(PageDocument& document) {
