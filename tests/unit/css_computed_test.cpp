@@ -8,29 +8,15 @@ TEST_CASE("css: lengths in all units") {
         std::u16string_view length;
         double pixels;
     };
-    const Row rows[] = {{u"10px", 10},
-                        {u"2em", 40},
-                        {u"2rem", 32},
-                        {u"1in", 96},
-                        {u"2.54cm", 96},
-                        {u"25.4mm", 96},
-                        {u"101.6q", 96},
-                        {u"72pt", 96},
-                        {u"6pc", 96},
-                        {u"1ex", 10},
-                        {u"1ch", 10},
-                        {u"10vw", 80},
-                        {u"10vh", 60},
-                        {u"10vmin", 60},
-                        {u"10dvw", 80},
-                        {u"10svh", 60},
-                        {u"10lvh", 60},
-                        {u"10vi", 80},
-                        {u"10vmax", 80},
-                        {u"0", 0},
-                        {u"-1.5EM", -30},
-                        {u"1e3px", 1000},
-                        {u"99999999in", 1'000'000}};
+    const Row rows[] = {{u"10px", 10},    {u"2em", 40},     {u"2rem", 32},
+                        {u"1in", 96},     {u"2.54cm", 96},  {u"25.4mm", 96},
+                        {u"101.6q", 96},  {u"72pt", 96},    {u"6pc", 96},
+                        {u"1ex", 10},     {u"1ch", 10},     {u"10vw", 80},
+                        {u"10vh", 60},    {u"10vmin", 60},  {u"10dvw", 80},
+                        {u"10dvh", 60},   {u"10svw", 80},   {u"10svh", 60},
+                        {u"10lvw", 80},   {u"10lvh", 60},   {u"10vi", 80},
+                        {u"10vb", 60},    {u"10vmax", 80},  {u"0", 0},
+                        {u"-1.5EM", -30}, {u"1e3px", 1000}, {u"99999999in", 1'000'000}};
     for (const Row& row : rows) {
         std::u16string css = u"#x{font-size:20px;margin-left:";
         css += row.length;
@@ -40,6 +26,18 @@ TEST_CASE("css: lengths in all units") {
                       Utf16ToUtf8(row.length));
         CHECK(page.styles.DependsOnViewport() == (row.length.find(u'v') != row.length.npos));
     }
+}
+
+TEST_CASE("css: sizes along lines are widths, those of blocks heights") {
+    const StyledPage page = PageOf(u"#x{inline-size:1px;min-inline-size:2px;max-inline-size:3px;"
+                                   u"block-size:4px;min-block-size:5px;max-block-size:6px}",
+                                   u"<div id=x>");
+    CHECK(page.Box().width == CssLength::Pixels(1));
+    CHECK(page.Box().minWidth == CssLength::Pixels(2));
+    CHECK(page.Box().maxWidth == CssLength::Pixels(3));
+    CHECK(page.Box().height == CssLength::Pixels(4));
+    CHECK(page.Box().minHeight == CssLength::Pixels(5));
+    CHECK(page.Box().maxHeight == CssLength::Pixels(6));
 }
 
 TEST_CASE("css: colours") {

@@ -56,6 +56,11 @@ TEST_CASE("page table: lines within it and around it by old attributes") {
     CHECK(borders(u"rules=none border=1") == borders(u"frame=box rules=none"));
     CHECK(borders(u"frame=void border=2") == "0000 1111 1111 1111 1111");
     CHECK(borders(u"frame=hsides") == "1010 0000 0000 0000 0000");
+    CHECK(borders(u"frame=vsides") == "0101 0000 0000 0000 0000");
+    CHECK(borders(u"frame=above") == "1000 0000 0000 0000 0000");
+    CHECK(borders(u"frame=rhs") == "0100 0000 0000 0000 0000");
+    CHECK(borders(u"frame=below") == "0010 0000 0000 0000 0000");
+    CHECK(borders(u"frame=lhs") == "0001 0000 0000 0000 0000");
     CHECK(Borders(u"<table rules=groups><tbody><tr><td>a<tbody><tr><td>b<tr><td>c</table>") ==
           "0000 0000 1000 0000");
 }
