@@ -18,12 +18,19 @@ struct Template {
     CssGridFlow flow = CssGridFlow::Rows;
 };
 
+// Names of lines may stand before a row of areas, and before tracks.
+bool BeginsWithArea(CssTokenStream ahead) {
+    while (ahead.Take(Kind::OpenSquare))
+        while (!ahead.AtEnd() && !ahead.Next().Is(Kind::CloseSquare)) {
+        }
+    return ahead.Peek().Is(Kind::String);
+}
+
 // Rows and columns, rows of areas and columns, or one of them by `auto-flow` (`grid` alone).
 bool ReadTemplate(CssShorthandReader& reader, Template& read) {
     CssTokenStream& tokens = reader.tokens;
     const bool flowsInRows = TakeFlow(tokens);
-    const bool isArea =
-        !flowsInRows && (tokens.Peek().Is(Kind::String) || tokens.Peek().Is(Kind::OpenSquare));
+    const bool isArea = !flowsInRows && BeginsWithArea(tokens);
     const bool hasRows = isArea ? ReadCssGridAreaRows(reader, read.areas, &read.rows)
                                 : ReadCssGridTrackList(reader, read.rows) || flowsInRows;
     if (!hasRows) return false;

@@ -150,3 +150,10 @@ TEST_CASE("grid: more tracks than any page has") {
         items += u"<p>x";
     CHECK(Grid(u"grid-template-columns:repeat(100,1fr)", items, 2000).ends_with("1980,464 x"));
 }
+
+TEST_CASE("page grid: names of lines begin tracks as well as rows of areas") {
+    CHECK(Grid(u"grid-template:[a] 40px [b] auto / 100px 1fr", u"<p>one<p>two<p>three") ==
+          "0,0 one|100,0 two|0,40 three");
+    CHECK(Grid(u"grid-template:[a] 'x y' 40px [b] / 100px 1fr",
+               u"<p style='grid-area:y'>one<p style='grid-area:x'>two") == "100,0 one|0,0 two");
+}
