@@ -46,7 +46,7 @@ bool PageFlow::IsPlaced(Side& side) {
 }
 
 // Those that are told from the same zone are tried beside its text first.
-std::vector<PageBoxId> PageFlow::StandElsewhere(std::size_t zone) {
+std::vector<PageBoxId> PageFlow::BoxesElsewhere(std::size_t zone) {
     std::vector<PageBoxId> boxes;
     for (Side& each : sides_) {
         if (each.ownZone != zone) continue;
@@ -133,7 +133,7 @@ PageFragmentPtr PageFlow::MakeLayout(std::size_t zone) {
 
 // False if another attempt is needed, without boxes beside the text that have no room there.
 bool PageFlow::LayOutZone(std::size_t zone, PageFragment& fragment) {
-    std::vector<PageBoxId> elsewhere = StandElsewhere(zone);
+    std::vector<PageBoxId> elsewhere = BoxesElsewhere(zone);
     ++layoutsMade_;
     fragment = {};
     BlockFlow flow(layouter_, noPageBox, {0, width_}, fragment);

@@ -53,7 +53,7 @@ class PageFlow {
 
     PageFragmentPtr MakeLayout(std::size_t zone);
     bool IsPlaced(Side& side);
-    std::vector<PageBoxId> StandElsewhere(std::size_t zone);
+    std::vector<PageBoxId> BoxesElsewhere(std::size_t zone);
     bool PlaceSides(std::size_t zone, BlockFlow& flow);
     void GiveUpSides(std::size_t zone);
     bool LayOutZone(std::size_t zone, PageFragment& fragment);

@@ -91,9 +91,9 @@ std::vector<PageZone> ZonesOf(const PageBoxes& boxes, const std::vector<SideBox>
         zone.lastLeaf = box;
         zone.end = boxes[box].end;
         zone.weight += units + elementWeight * (zone.end - box);
-        const int mostLeaves = beside.IsMissing() ? maxLeavesByForce : maxLeaves;
+        const int leafLimit = beside.IsMissing() ? maxLeavesByForce : maxLeaves;
         if (HasHeight(boxes[box]) && !isBeside &&
-            ((joined <= 0 && !beside.IsMissing()) || leaves >= mostLeaves ||
+            ((joined <= 0 && !beside.IsMissing()) || leaves >= leafLimit ||
              zone.weight >= maxZoneWeight))
             end(false);
         else if (leaves >= maxLeavesByForce || zone.weight >= maxWeightByForce)

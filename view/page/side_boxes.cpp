@@ -47,6 +47,7 @@ PageBoxId ContainerOf(const PageBoxes& boxes, PageBoxId id, PageBoxId lines) {
         around = boxes[around].parent;
     return around;
 }
+
 class SideBoxFinder {
   public:
     explicit SideBoxFinder(const PageBoxes& boxes) : boxes_(boxes) {}
@@ -89,8 +90,8 @@ class SideBoxFinder {
 
     void AddFloatAfter(PageBoxId block) {
         const PageBoxId lines = boxes_[block].nextSibling;
-        const PageBox& after = boxes_[lines];
-        if (lines == noPageBox || after.kind != PageBoxKind::Lines || after.hasText) return;
+        if (lines == noPageBox || boxes_[lines].kind != PageBoxKind::Lines || boxes_[lines].hasText)
+            return;
         const PageBoxId side = boxes_.FirstChild(lines);
         const bool isAlone = side != noPageBox && boxes_[side].nextSibling == noPageBox;
         if (isAlone && boxes_[side].style->floats != CssFloat::None &&
