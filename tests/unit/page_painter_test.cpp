@@ -160,4 +160,9 @@ TEST_CASE("page painter: a picture that cannot be shown has its text in its plac
     CHECK(drawings[0].kind == Kind::Text);
     CHECK(drawings[0].text == u"two words");
     CHECK(Painted(u"<img alt='' style='display:block'>").empty());
+    const auto framed = Painted(u"<img alt='two' width=60 height=40 style='display:block'>");
+    CHECK(Fills(framed, 0xA0A0A0) ==
+          std::vector<Rect>{{0, 0, 60, 1}, {0, 39, 60, 1}, {0, 1, 1, 38}, {59, 1, 1, 38}});
+    CHECK(framed.front().text == u"two");
+    CHECK(Painted(u"<img alt='' width=60 height=40 style='display:block'>").empty());
 }

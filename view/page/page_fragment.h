@@ -28,6 +28,7 @@ struct PlacedPart {
 struct PlacedImage {
     PageBoxId box = noPageBox;
     double left = 0, top = 0, width = 0, height = 0; // of its content
+    bool isFrame = false; // of one that cannot be shown, around the text that stands for it
 };
 
 struct PlacedLines {

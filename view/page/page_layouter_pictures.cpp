@@ -106,9 +106,15 @@ PageFragmentPtr PageLayouter::LayOutPicture(PageBoxId id, double containing) {
         fragment->boxes.push_back({id, 0, 0, fragment->width, fragment->height, false, false});
     const double left = measure_.InsetLeft(*box.style, containing);
     auto alternative = content_.PictureSize(id).IsEmpty() ? content_.AlternativeOf(id) : nullptr;
-    if (alternative)
-        AddAlternative(id, left, insets.Top(), size, std::move(alternative), *fragment);
-    else
+    if (!alternative) {
         fragment->pictures.push_back(PlacedWithin(id, left, insets.Top(), size));
+        return fragment;
+    }
+    const bool hasSize =
+        measure_.GivenWidth(*box.style, containing) > 0 && measure_.GivenHeight(*box.style) > 0;
+    if (hasSize && !alternative->text.text.empty())
+        fragment->pictures.push_back(
+            {id, left, insets.Top(), double(size.width), double(size.height), true});
+    AddAlternative(id, left, insets.Top(), size, std::move(alternative), *fragment);
     return fragment;
 }

@@ -122,9 +122,20 @@ class FragmentPainter {
         const Rect box =
             Pixels(left + picture.left, top + picture.top, picture.width, picture.height);
         if (!Intersect(box, paint_.clip) || IsHidden(paint_.boxes[picture.box])) return;
+        if (picture.isFrame) return PaintFrame(box);
         if (paint_.drawPicture && paint_.drawPicture(canvas_, picture.box, box)) return;
         const Rect seen = Intersection(box, paint_.clip);
         canvas_.TintRect(seen, missingPicture);
+    }
+
+    void PaintFrame(const Rect& box) const {
+        const int right = box.left + box.width - 1, bottom = box.top + box.height - 1;
+        for (const Rect& side :
+             {Rect{box.left, box.top, box.width, 1}, Rect{box.left, bottom, box.width, 1},
+              Rect{box.left, box.top + 1, 1, box.height - 2},
+              Rect{right, box.top + 1, 1, box.height - 2}})
+            if (Intersect(side, paint_.clip))
+                canvas_.FillRect(Intersection(side, paint_.clip), missingPicture);
     }
 
     Canvas& canvas_;
