@@ -133,7 +133,7 @@ DWORD Show(HWND owner, const OpenFileRequest& request, std::wstring name, OpenFi
     }
     if (!GetOpenFileNameW(&dialog)) return CommDlgExtendedError();
     answer.result = DialogResult::Ok;
-    answer.fileName = FileOf(name.c_str());
+    answer.fileName = FileOf(name.substr(0, name.find(L'\0')));
     answer.filterIndex = std::max(static_cast<int>(dialog.nFilterIndex), 1);
     return 0;
 }

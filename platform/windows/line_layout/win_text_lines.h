@@ -35,7 +35,7 @@ class WinTextLines : public TextLines {
     std::size_t CaretIn(const VisualPiece&, double x) const;
     std::size_t CaretFrom(std::size_t unit) const; // at or after it
     std::size_t CaretTo(std::size_t unit) const;   // at or in front of it
-    std::vector<TextPos> PlacesByX(int line) const;
+    std::vector<TextPos> PlacesByX(int index) const;
     TextPos Beside(TextPos position, bool right) const;
 
     TextUnits text_;

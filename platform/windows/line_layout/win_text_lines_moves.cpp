@@ -28,6 +28,7 @@ std::vector<TextPos> WinTextLines::PlacesByX(int index) const {
     if (last) add(CaretX(index, line.end), line.end);
     std::sort(places.begin(), places.end());
     std::vector<TextPos> sorted;
+    sorted.reserve(places.size());
     for (const auto& place : places)
         sorted.push_back(text_.baseLevel ? -place.second : place.second);
     return sorted;

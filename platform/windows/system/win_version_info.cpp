@@ -93,7 +93,7 @@ std::u16string TextEntry(const std::vector<std::byte>& block, const std::wstring
 
 // From the program's own resource, else `built` (UTF-8).
 std::u16string OwnText(const char16_t* key, std::string_view built) {
-    const std::u16string text = GetFileVersionString(FromWide(ProgramPath()), key);
+    std::u16string text = GetFileVersionString(FromWide(ProgramPath()), key);
     if (!text.empty()) return text;
     std::wstring wide(built.size(), L'\0'); // UTF-16 never needs more units
     wide.resize(static_cast<std::size_t>(

@@ -58,7 +58,7 @@ class PaneHost : protected PaneWindow {
     bool HandleMouse(UINT message, WPARAM wParam, LPARAM lParam);
     bool HandleKey(int key);
     void HandleClick(POINT point, bool extend);
-    void HandleRightClick(POINT point);
+    void HandleRightClick(POINT onScreen);
     void HandleWheel(int turn, bool sideways);
     void HandleVerticalScroll(int request);
     void HandleHorizontalScroll(int request);

@@ -29,11 +29,11 @@ void AddLevel(const PageDocument& document, int level, std::vector<Heading>& hea
     long count = 0;
     if (!elements || FAILED(elements->get_length(&count))) return;
     for (long i = 0; i < std::min(count, maxElements); ++i) {
-        VARIANT index = {}, none = {};
-        V_VT(&index) = VT_I4;
-        V_I4(&index) = i;
+        VARIANT number = {}, none = {}; // the element, and no further choice among some
+        V_VT(&number) = VT_I4;
+        V_I4(&number) = i;
         ComPtr<IDispatch> item;
-        if (FAILED(elements->item(index, none, &item))) continue;
+        if (FAILED(elements->item(number, none, &item))) continue;
         const auto element = Query<IHTMLElement>(item);
         if (!element) continue;
         if (auto heading = HeadingOf(document, element, level))
