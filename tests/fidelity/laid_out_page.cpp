@@ -39,6 +39,7 @@ std::vector<CssSheet> SheetsOf(const HtmlTree& tree, const std::filesystem::path
 CssPageStyles Styled(const HtmlTree& tree, const std::vector<CssSheet>& sheets,
                      const CssMedium& medium) {
     std::vector<const CssSheet*> each;
+    each.reserve(sheets.size());
     for (const CssSheet& sheet : sheets)
         each.push_back(&sheet);
     return StylePage(tree, each, medium);

@@ -42,6 +42,7 @@ std::vector<CssSheet> SheetsOf(const HtmlTree& tree) {
 
 CssPageStyles Styled(const HtmlTree& tree, const std::vector<CssSheet>& sheets) {
     std::vector<const CssSheet*> each;
+    each.reserve(sheets.size());
     for (const CssSheet& sheet : sheets)
         each.push_back(&sheet);
     return StylePage(tree, each, CssMedium{});

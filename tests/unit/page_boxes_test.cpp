@@ -6,7 +6,7 @@
 namespace {
 // What is in the body.
 std::string Boxes(const std::u16string& body) {
-    const std::string all = PageSample(body).Boxes();
+    std::string all = PageSample(body).Boxes();
     constexpr std::string_view around = "Block(Block";
     if (all.rfind(around, 0) != 0) return all;
     return all.substr(around.size() + 1, all.size() - around.size() - 3);

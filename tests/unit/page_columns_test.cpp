@@ -39,7 +39,7 @@ TEST_CASE("columns: so many, or as many as fit") {
     CHECK(Columns(u"columns:4;column-gap:20px", four) ==
           "0,0 one|105,0 two|210,0 three|315,0 four|0,16 end");
     CHECK(Columns(u"columns:2;direction:rtl", u"<p>one<p>two") == "376,0 one|176,0 two|0,16 end");
-    CHECK(Columns(u"columns:1000000", u"<p>a<p>b").find("b") != std::string::npos);
+    CHECK(Columns(u"columns:1000000", u"<p>a<p>b").find('b') != std::string::npos);
 }
 
 TEST_CASE("columns: lines of a paragraph go on in the next column, two at least") {

@@ -138,13 +138,13 @@ TEST_CASE("grid: one in a line is as wide as its columns") {
 }
 
 TEST_CASE("grid: more tracks than any page has") {
-    CHECK(Grid(u"grid-template-columns:repeat(1000000,1px)", u"<p>a<p>b").find("b") !=
+    CHECK(Grid(u"grid-template-columns:repeat(1000000,1px)", u"<p>a<p>b").find('b') !=
           std::string::npos);
-    CHECK(Grid(u"grid-template-columns:repeat(auto-fill,1px)", u"<p>a<p>b").find("b") !=
+    CHECK(Grid(u"grid-template-columns:repeat(auto-fill,1px)", u"<p>a<p>b").find('b') !=
           std::string::npos);
     CHECK(Grid(u"grid-template-columns:repeat(1000,1fr)",
                u"<p style='grid-area:1000000/1000000'>a<p style='grid-column:span 1000000'>b")
-              .find("b") != std::string::npos);
+              .find('b') != std::string::npos);
     std::u16string items;
     for (int i = 0; i < 3000; ++i)
         items += u"<p>x";

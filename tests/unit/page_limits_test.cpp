@@ -189,6 +189,7 @@ TEST_CASE("page limits: of styles without number not all stay prepared") {
     PageSample page(u"<p>text");
     const CssInheritedStyle& style = *page.boxes[rootPageBox].text;
     std::vector<std::weak_ptr<const PreparedStyle>> styles;
+    styles.reserve(20'000);
     for (int i = 0; i < 20'000; ++i)
         styles.push_back(page.fonts.Of(style, {double(i), false, std::nullopt}));
     CHECK(std::ranges::count_if(styles, [](const auto& each) { return !each.expired(); }) < 10'000);

@@ -26,6 +26,7 @@ std::vector<CssSheet> PageSample::SheetsOf(const HtmlTree& tree) {
 
 CssPageStyles PageSample::Styled(const HtmlTree& tree, const std::vector<CssSheet>& sheets) {
     std::vector<const CssSheet*> each;
+    each.reserve(sheets.size());
     for (const CssSheet& sheet : sheets)
         each.push_back(&sheet);
     return StylePage(tree, each, CssMedium{});

@@ -38,6 +38,6 @@ struct PageSample {
   private:
     static std::vector<CssSheet> SheetsOf(const HtmlTree& tree);
     static CssPageStyles Styled(const HtmlTree& tree, const std::vector<CssSheet>& sheets);
-    std::string BoxText(PageBoxId box);
+    std::string BoxText(PageBoxId id);
     void AddLines(const PageFragment& fragment, double left, double top, std::string& lines);
 };

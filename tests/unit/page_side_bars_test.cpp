@@ -65,7 +65,9 @@ TEST_CASE("page side bars: items of a grid stand beside a long one, above it and
         u"main{grid-area:m;padding:5px}footer{grid-area:f}</style><div class=page>";
     const std::u16string bar = u"<nav>bar</nav>", long_ = u"<main>" + Text() + u"</main>";
     for (const std::u16string& items : {bar + long_, long_ + bar}) {
-        const Bench page(sheet + u"<header>head</header>" + items + u"<footer>foot</footer>");
+        std::u16string body = sheet;
+        body.append(u"<header>head</header>").append(items).append(u"<footer>foot</footer>");
+        const Bench page(body);
         CHECK(page.PlaceOf("head") == "0,0");
         CHECK(page.PlaceOf("bar") == "0,16");
         CHECK(page.PlaceOf("first") == "105,37");

@@ -84,7 +84,7 @@ class PagePane : public ReadablePage {
     void OnFocusChanged() override { window_.Redraw(); }
     void OnResized() override { UpdateLayout(); }
 
-    void FollowObject(std::size_t object) override;
+    void FollowObject(std::size_t index) override;
     std::size_t FocusedObject() override;
     int LayoutsMade() const { return shown_ ? shown_->Flow().LayoutsMade() : 0; } // zones so far
 

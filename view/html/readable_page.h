@@ -23,7 +23,7 @@ class ReadablePage : public ReadablePane {
     bool HasStructure() const override { return true; }
     const ReadingObjects& Objects() override;
     int ObjectsVersion() const override { return objectsVersion_; }
-    Rect ObjectRect(std::size_t object) override;
+    Rect ObjectRect(std::size_t index) override;
 
   protected:
     // Of the page as it is laid out for the window's present size; nothing without a page.

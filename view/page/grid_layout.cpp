@@ -13,6 +13,7 @@ using TrackPlaces = std::vector<FlexPlace>;
 TrackPlaces PlacesOf(const std::vector<double>& sizes, double room, double gap,
                      CssJustifyContent justify) {
     std::vector<FlexSize> tracks;
+    tracks.reserve(sizes.size());
     for (const double size : sizes)
         tracks.push_back({size, size, size, 0, 0});
     return tracks.empty() ? TrackPlaces{} : FlexPlaces(tracks, room, gap, justify);
