@@ -12,6 +12,8 @@ class FirstRun(Story):
         self.assertEqual(data.value("mProfileList", "0"), "Default")
         self.assertEqual(data.records(), [])
 
+        reader.wait_until_settled()
+        reader.wait_until_idle()  # all of the window is painted
         before = reader.picture()
         menu = reader.open_menu("f")
         rectangle = reader.rectangle()
