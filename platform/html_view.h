@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 #include <functional>
 #include <optional>
 #include <string>
@@ -55,6 +56,15 @@ struct PageTop {
     TextPos length = 0;
 
     bool LeadsSomewhere() const { return offset >= 0 || start > 0; }
+
+    // Where to scroll to, by the line that `start` is in now: to the offset, where that is the same
+    // place but for rounding, else so that the line is seen as a whole.
+    int OffsetAt(int lineOffset, int lineHeight) const {
+        constexpr int slack = 2;
+        const int place = lineOffset + std::min(above, std::max(lineHeight - 1, 0));
+        if (offset < 0) return place;
+        return std::abs(place - offset) <= slack ? offset : lineOffset + std::min(above, 0);
+    }
 
     static constexpr TextPos maxAround = 512;
 };

@@ -188,15 +188,9 @@ TextPos NoneHtmlView::FirstAtTop() const {
     return static_cast<TextPos>(start);
 }
 
-// As the other back ends: to the pixel where that is the place of the words.
 void NoneHtmlView::BringToTop(const PageTop& top) {
-    constexpr int slack = 2;
     if (top.start <= 0) return ScrollTo(0, std::max(top.offset, 0));
-    const int line = TopOf(top.start) - Margin;
-    const int place = line + std::min(top.above, lineHeight - 1);
-    if (top.offset < 0) return ScrollTo(0, place);
-    const bool isThere = std::abs(place - top.offset) <= slack;
-    ScrollTo(0, isThere ? top.offset : line + std::min(top.above, 0));
+    ScrollTo(0, top.OffsetAt(TopOf(top.start) - Margin, lineHeight));
 }
 
 PageTop NoneHtmlView::Top() const {

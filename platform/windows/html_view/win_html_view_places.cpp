@@ -2,7 +2,6 @@
 #include "platform/windows/html_view/win_html_view.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 void WinHtmlView::ScrollSpanToTop(const PageSpan& span) {
     ApplyZoom();
@@ -11,22 +10,13 @@ void WinHtmlView::ScrollSpanToTop(const PageSpan& span) {
     if (place && scrolled) ScrollTo(0, place->top + *scrolled - TopMargin());
 }
 
-// Words that are elsewhere than at the offset come to the top, and their line is seen as a whole.
 void WinHtmlView::BringToTop(const PageTop& top) {
-    constexpr int slack = 2; // CSS pixels, of what was rounded
     ApplyZoom();
     const PageRange line = top.start > 0 ? RangeOf(document_, {top.start, 1}) : PageRange();
     const auto place = PlaceOf(line);
     const auto height = HeightOf(line), scrolled = document_.ScrollTop();
     if (!place || !height || !scrolled) return ScrollTo(0, std::max(top.offset, 0));
-    const int lineTop = place->top + *scrolled - TopMargin();
-    ScrollTo(0, lineTop + std::min(top.above, std::max(*height - 1, 0)));
-    if (top.offset >= 0) {
-        if (std::abs(ScrollTop() - top.offset) <= slack)
-            ScrollTo(0, top.offset);
-        else if (top.above > 0)
-            ScrollTo(0, lineTop);
-    }
+    ScrollTo(0, top.OffsetAt(place->top + *scrolled - TopMargin(), *height));
     scrollAnchor_.Set(document_, RangeOf(document_, {top.start, 0}));
 }
 
