@@ -2,6 +2,9 @@
 
 #include "common/char_refs.h"
 #include "common/text.h"
+#include "formats/codepages/code_pages.h"
+#include "formats/html/html_labels.h"
+#include "formats/plain/visual_lines.h"
 #include "reading/caret.h"
 #include "reading/hourglass.h"
 #include "reading/stored_text.h"
@@ -18,6 +21,18 @@ void SelectLogically(TextView& view, int charset) {
     if (!CountsMirrored(view, charset)) return;
     const TextPos length = view.SelLength();
     view.Select(std::max<TextPos>(LogicalCaretPos(view, charset) - 1, 0), length);
+}
+
+// A page in visual order is not reordered: it has words as people type them, in logical order, and
+// as they were copied from it.
+std::optional<PageMatch> FindOnPage(HtmlView& view, const FindState& find) {
+    const auto match = view.FindAfterSelection(find.text, find.options);
+    if (!IsVisualOrder(HtmlLabelCodePage(view.Charset()))) return match;
+    const std::u16string visual = InVisualOrder(find.text);
+    if (visual == find.text) return match;
+    const auto turned = view.FindAfterSelection(visual, find.options);
+    const bool isTurnedFirst = turned && (!match || turned->span.start < match->span.start);
+    return isTurnedFirst ? turned : match;
 }
 } // namespace
 
@@ -66,7 +81,7 @@ bool FindNext(TextView& view, const FindState& find, int charset) {
 }
 
 bool FindNext(HtmlView& view, const FindState& find) {
-    const auto match = view.FindAfterSelection(find.text, find.options);
+    const auto match = FindOnPage(view, find);
     if (!match) return false;
     view.ScrollTo(match->left, match->top - match->searchTop);
     view.Select(match->span); // shows it, where the distance alone does not lead there

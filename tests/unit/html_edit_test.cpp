@@ -125,6 +125,28 @@ TEST_CASE("html find: forward from the selection, shown, and not around the end"
     CHECK(test.form.find.history == std::vector<std::u16string>{u"LINE 29"});
 }
 
+TEST_CASE("html find: on a page in visual order, what is typed in logical order is found") {
+    const auto found = [](const std::string& charset, const std::u16string& what) {
+        HtmlForm test;
+        NonePage page;
+        page.charset = charset;
+        page.text = u"לארשי מולש (1948) abc";
+        test.PutPage(u"/b/p.htm", page);
+        REQUIRE(test.Start());
+        test.OpenLoaded(u"/b/p.htm");
+        test.Find(what);
+        return test.Page().SelectedText();
+    };
+    CHECK(found("ISO-8859-8", u"שלומ") == u"מולש");
+    CHECK(found("iso-8859-8", u"שלומ ישראל") == u"לארשי מולש");
+    CHECK(found("ISO-8859-8", u"ישראל שלומ").empty());
+    CHECK(found("ISO-8859-8", u"(1948) שלומ") == u"מולש (1948)");
+    CHECK(found("ISO-8859-8", u"מולש") == u"מולש"); // as it was copied from the page
+    CHECK(found("ISO-8859-8", u"ABC") == u"abc");
+    CHECK(found("windows-1255", u"שלומ").empty());
+    CHECK(found("ISO-8859-8-I", u"שלומ").empty());
+}
+
 TEST_CASE("html find: the history belongs to the book, the search goes on in the next") {
     Reading test;
     test.Dialogs().findAnswer = {DialogResult::Ok, u"LINE 2", false, true};

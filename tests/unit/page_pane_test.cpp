@@ -160,20 +160,3 @@ TEST_CASE("page pane: Tab goes to the link after the view without a layout of th
     REQUIRE(bench.links.size() == 1);
     CHECK(bench.links[0].ends_with(u"x2500"));
 }
-
-TEST_CASE("page pane: in a page in visual order is found what is typed in logical order") {
-    const std::string letters = "<p>\xEC\xE0\xF8\xF9\xE9 \xEE\xE5\xEC\xF9 (1948) abc</p>";
-    PageBench visual("<meta charset=iso-8859-8>" + letters);
-    PageBench logical("<meta charset=windows-1255>" + letters);
-    const auto found = [](PageBench& bench, std::u16string_view what) {
-        const auto match = bench.view.FindAfterSelection(what, {});
-        return match ? Utf16ToUtf8(bench.view.TextsOf({match->span}).front()) : "nothing";
-    };
-    CHECK(found(visual, u"שלומ") == "מולש");
-    CHECK(found(visual, u"שלומ ישראל") == "לארשי מולש");
-    CHECK(found(visual, u"ישראל שלומ") == "nothing");
-    CHECK(found(visual, u"(1948) שלומ") == "מולש (1948)");
-    CHECK(found(visual, u"מולש") == "מולש"); // as it was copied from the page
-    CHECK(found(visual, u"ABC") == "abc");
-    CHECK(found(logical, u"שלומ") == "nothing");
-}

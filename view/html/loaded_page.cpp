@@ -135,6 +135,7 @@ std::u16string_view LoadedPage::BaseAddress() const {
 }
 
 std::string HtmlCharsetName(int codePage) {
+    if (IsVisualOrder(codePage)) return "ISO-8859-8"; // the only one that browsers know
     switch (codePage) {
     case 65001: return "UTF-8";
     case 1200: return "UTF-16LE";
@@ -157,7 +158,6 @@ std::string HtmlCharsetName(int codePage) {
     case logicalIsoPage: return "ISO-8859-8-I";
     default: break;
     }
-    if (codePage != visualIsoPage) codePage = LogicalOrderPage(codePage);
     if (codePage > 28590 && codePage <= 28606)
         return "ISO-8859-" + std::to_string(codePage - 28590);
     return "windows-" + std::to_string(codePage);

@@ -5,7 +5,6 @@
 #include "common/keys.h"
 #include "formats/html/html_address.h"
 #include "formats/html/html_selection.h"
-#include "formats/plain/visual_lines.h"
 
 #include <algorithm>
 #include <utility>
@@ -210,10 +209,7 @@ std::optional<PageMatch> PaneHtmlView::FindAfterSelection(std::u16string_view wh
                                                           FindOptions options) {
     if (!Settle()) return std::nullopt;
     const TextPos from = Pane().SelEnd();
-    std::size_t found = FindText(Page()->Text(), what, std::size_t(from), options);
-    if (Page()->Tree().IsVisualOrder())
-        found = std::min(found,
-                         FindText(Page()->Text(), InVisualOrder(what), std::size_t(from), options));
+    const std::size_t found = FindText(Page()->Text(), what, std::size_t(from), options);
     if (found == std::u16string::npos) return std::nullopt;
     const auto start = TextPos(found);
     return PageMatch{{start, TextPos(what.size())},

@@ -1,6 +1,5 @@
 #include "platform/qt/html_view/qt_html_view.h"
 
-#include "formats/plain/visual_lines.h"
 #include "platform/qt/html_view/html_module.h"
 #include "platform/qt/html_view/html_panel.h"
 #include "platform/qt/html_view/undeclared_page.h"
@@ -185,13 +184,7 @@ std::u16string QtHtmlView::SelectionAsHtml() {
 
 std::optional<PageMatch> QtHtmlView::FindAfterSelection(std::u16string_view what,
                                                         FindOptions options) {
-    if (!engine_) return std::nullopt;
-    auto match = engine_->FindAfterSelection(what, options);
-    if (!IsInVisualOrder(engine_->Charset())) return match;
-    const std::u16string visual = InVisualOrder(what);
-    const auto seen = visual == what ? match : engine_->FindAfterSelection(visual, options);
-    const bool isSeenFirst = seen && (!match || seen->span.start < match->span.start);
-    return isSeenFirst ? seen : match;
+    return engine_ ? engine_->FindAfterSelection(what, options) : std::nullopt;
 }
 
 TextPos QtHtmlView::StartAtTop() {

@@ -8,8 +8,6 @@
 #include "view/html/loaded_page.h"
 
 namespace {
-constexpr char visualCharset[] = "ISO-8859-8"; // as the engine names it
-
 // The letters as bytes of ISO 8859-8, all else as character references.
 std::string InHebrewPage(std::u16string_view text) {
     constexpr char16_t firstLetter = 0x5D0, lastLetter = 0x5EA;
@@ -39,10 +37,7 @@ std::optional<UndeclaredPage> ReadUndeclaredPage(const std::string& path, int sy
     if (!page) return std::nullopt;
     const bool isVisual = IsVisualOrder(page->codePage);
     bytes = {};
-    if (isVisual) return UndeclaredPage{InHebrewPage(page->text), visualCharset, visualCharset};
-    return UndeclaredPage{Utf16ToUtf8(page->text), "UTF-8", HtmlCharsetName(page->codePage)};
-}
-
-bool IsInVisualOrder(std::string_view charset) {
-    return charset == visualCharset;
+    const std::string charset = HtmlCharsetName(page->codePage);
+    if (isVisual) return UndeclaredPage{InHebrewPage(page->text), charset, charset};
+    return UndeclaredPage{Utf16ToUtf8(page->text), "UTF-8", charset};
 }

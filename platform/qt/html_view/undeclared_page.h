@@ -4,7 +4,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 
 struct UndeclaredPage {
     std::string bytes;   // in `sentAs`, for the engine
@@ -15,6 +14,3 @@ struct UndeclaredPage {
 // Nothing for a page that has a byte-order mark, declares its charset or is ASCII alone, and when
 // the file cannot be read: the engine shows these by itself.
 std::optional<UndeclaredPage> ReadUndeclaredPage(const std::string& path, int systemCodePage);
-
-// Whether the engine lays out a page of this charset as its lines are kept: Hebrew as it is seen.
-bool IsInVisualOrder(std::string_view charset);
