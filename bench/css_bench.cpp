@@ -36,11 +36,10 @@ void BenchPage(const char* title, std::u16string html) {
     const HtmlTree tree = ReadHtml(std::move(html));
     const std::u16string css = SheetOf(tree);
     const CssSheet sheet = ReadCss(css);
-    const CssSheet* const sheets[] = {&sheet};
     Row("text to tree (the peer)", reading, reading);
     Row("its sheets", Time([&] { Keep(ReadCss(css)); }), reading);
-    Row("its styles", Time([&] { Keep(StylePage(tree, sheets, {})); }), reading);
-    const CssPageStyles styles = StylePage(tree, sheets, {});
+    Row("its styles", Time([&] { Keep(StylePage(tree, {&sheet, 1}, {})); }), reading);
+    const CssPageStyles styles = StylePage(tree, {&sheet, 1}, {});
     Note(std::to_string(tree.NodeCount()) + " nodes, " + std::to_string(styles.Steps()) +
          " steps, " + std::to_string(styles.Count()) + " styles");
 }
@@ -59,8 +58,7 @@ void BenchHostile(const char* what, const std::u16string& css) {
                                    Repeat(u"<p class=b>text <b>bold</b>", 10'000));
     const double reading = ProcessorTime([&] { Keep(ReadCss(css)); });
     const CssSheet sheet = ReadCss(css);
-    const CssSheet* const sheets[] = {&sheet};
-    const double styling = ProcessorTime([&] { Keep(StylePage(tree, sheets, {})); });
+    const double styling = ProcessorTime([&] { Keep(StylePage(tree, {&sheet, 1}, {})); });
     std::printf("%-52s %10.0f  %.0f\n", what, reading, styling);
 }
 

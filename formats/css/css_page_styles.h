@@ -86,5 +86,5 @@ class CssPageStyles {
 };
 
 // The sheets of the page, in its order; what they import stands before them.
-CssPageStyles StylePage(const HtmlTree& tree, std::span<const CssSheet* const> sheets,
+CssPageStyles StylePage(const HtmlTree& tree, std::span<const CssSheet> sheets,
                         const CssMedium& medium);

@@ -215,15 +215,15 @@ void CssPageStyles::SetBackground(HtmlNodeId element, CssColor color) {
     styles_.push_back(style);
 }
 
-CssPageStyles StylePage(const HtmlTree& tree, std::span<const CssSheet* const> sheets,
+CssPageStyles StylePage(const HtmlTree& tree, std::span<const CssSheet> sheets,
                         const CssMedium& medium) {
     CssRuleIndex index(tree);
     index.Add(DefaultCssSheet(), CssOrigin::UserAgent);
     if (tree.Quirks() == HtmlQuirks::Full) index.Add(QuirksCssSheet(), CssOrigin::UserAgent);
     bool dependsOnViewport = false;
-    for (const CssSheet* sheet : sheets) {
-        index.Add(*sheet, CssOrigin::Author);
-        dependsOnViewport |= sheet->dependsOnViewport;
+    for (const CssSheet& sheet : sheets) {
+        index.Add(sheet, CssOrigin::Author);
+        dependsOnViewport |= sheet.dependsOnViewport;
     }
     return CssStyler(tree, index, medium).Style(dependsOnViewport);
 }

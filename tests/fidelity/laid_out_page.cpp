@@ -36,15 +36,6 @@ std::vector<CssSheet> SheetsOf(const HtmlTree& tree, const std::filesystem::path
     return sheets;
 }
 
-CssPageStyles Styled(const HtmlTree& tree, const std::vector<CssSheet>& sheets,
-                     const CssMedium& medium) {
-    std::vector<const CssSheet*> each;
-    each.reserve(sheets.size());
-    for (const CssSheet& sheet : sheets)
-        each.push_back(&sheet);
-    return StylePage(tree, each, medium);
-}
-
 HtmlTree TreeOf(const std::filesystem::path& file) {
     const QByteArray bytes = BytesOf(file);
     return ReadHtmlFile({bytes.data(), std::size_t(bytes.size())}, 0, windowsLatin).tree;
@@ -54,7 +45,7 @@ HtmlTree TreeOf(const std::filesystem::path& file) {
 
 LaidOutPage::LaidOutPage(const std::filesystem::path& file, LineLayout& system, double width)
     : folder(file.parent_path()), tree(TreeOf(file)), medium{float(width), 600, 16},
-      sheets(SheetsOf(tree, folder, medium)), styles(Styled(tree, sheets, medium)),
+      sheets(SheetsOf(tree, folder, medium)), styles(StylePage(tree, sheets, medium)),
       boxes(BoxesOf(tree, styles)), fonts(system, styles, 1, screenDpi),
       text(tree, styles, boxes, fonts), layouter(boxes, text, system, 1), flow(layouter) {
     system.SetResolution(screenDpi);

@@ -55,8 +55,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const CssSheet sheet = ReadCss(css, reading);
     Require(sheet.rules.size() <= size && sheet.selectors.size() <= size + 1, "rules");
     Require(sheet.block.declarations.size() <= 2 * size, "declarations");
-    const CssSheet* const sheets[] = {&sheet};
-    const CssPageStyles styles = StylePage(Page(), sheets, reading.medium);
+    const CssPageStyles styles = StylePage(Page(), {&sheet, 1}, reading.medium);
     const std::size_t nodes = Page().NodeCount();
     Require(styles.Steps() <= nodes * (1000 + 20 * size), "steps");
     for (HtmlNodeId id = 1; id <= nodes; ++id) {

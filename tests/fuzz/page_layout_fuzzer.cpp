@@ -40,18 +40,10 @@ std::vector<CssSheet> SheetsOf(const HtmlTree& tree) {
     return sheets;
 }
 
-CssPageStyles Styled(const HtmlTree& tree, const std::vector<CssSheet>& sheets) {
-    std::vector<const CssSheet*> each;
-    each.reserve(sheets.size());
-    for (const CssSheet& sheet : sheets)
-        each.push_back(&sheet);
-    return StylePage(tree, each, CssMedium{});
-}
-
 struct Page {
     Page(std::u16string source, const PageLimits& limits)
-        : tree(ReadHtml(std::move(source))), sheets(SheetsOf(tree)), styles(Styled(tree, sheets)),
-          boxes(BoxesOf(tree, styles, limits)) {}
+        : tree(ReadHtml(std::move(source))), sheets(SheetsOf(tree)),
+          styles(StylePage(tree, sheets, {})), boxes(BoxesOf(tree, styles, limits)) {}
 
     HtmlTree tree;
     std::vector<CssSheet> sheets;

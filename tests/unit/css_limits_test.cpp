@@ -141,9 +141,8 @@ TEST_CASE("css: 130,000 paragraphs cost a number each") {
         Repeat(u"<p class=a>text <i>it</i><p style='margin:2px'>text", 65'000);
     const HtmlTree tree = ReadHtml(html);
     const CssSheet sheet = ReadCss(u"p{margin:1px}.a{color:red}p + p i{color:blue}");
-    const CssSheet* const sheets[] = {&sheet};
     AllocationCounter counter;
-    const CssPageStyles styles = StylePage(tree, sheets, {});
+    const CssPageStyles styles = StylePage(tree, {&sheet, 1}, {});
     CHECK(counter.Counts().peakBytes < tree.NodeCount() * 4 + 200'000);
     CHECK(styles.Count() < 12);
 }

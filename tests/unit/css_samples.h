@@ -6,9 +6,9 @@
 #include "formats/css/css_page_styles.h"
 #include "formats/html/html_reader.h"
 
-#include <deque>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // A page with the sheets that stand in it.
 struct StyledPage {
@@ -17,10 +17,9 @@ struct StyledPage {
         CssReading reading;
         reading.medium = medium;
         reading.quirks = tree.Quirks() == HtmlQuirks::Full;
-        std::vector<const CssSheet*> list;
         for (const CssPageSheet& sheet : FindCssSheets(tree, medium))
-            list.push_back(&sheets.emplace_back(ReadCss(sheet.text, reading)));
-        styles = StylePage(tree, list, medium);
+            sheets.push_back(ReadCss(sheet.text, reading));
+        styles = StylePage(tree, sheets, medium);
     }
 
     HtmlNodeId Id(std::u16string_view id) const {
@@ -34,7 +33,7 @@ struct StyledPage {
     const CssInheritedStyle& Text(std::u16string_view id = u"x") const { return *Of(id).inherited; }
 
     HtmlTree tree;
-    std::deque<CssSheet> sheets;
+    std::vector<CssSheet> sheets;
     CssPageStyles styles;
 };
 

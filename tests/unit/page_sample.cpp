@@ -24,14 +24,6 @@ std::vector<CssSheet> PageSample::SheetsOf(const HtmlTree& tree) {
     return sheets;
 }
 
-CssPageStyles PageSample::Styled(const HtmlTree& tree, const std::vector<CssSheet>& sheets) {
-    std::vector<const CssSheet*> each;
-    each.reserve(sheets.size());
-    for (const CssSheet& sheet : sheets)
-        each.push_back(&sheet);
-    return StylePage(tree, each, CssMedium{});
-}
-
 std::string PageSample::BoxText(PageBoxId id) {
     const PageBox& box = boxes[id];
     std::string shown = NameOf(box.kind);

@@ -26,7 +26,7 @@ struct PageSample {
     // In quirks mode margins of the first paragraphs go, so there is a doctype.
     explicit PageSample(const std::u16string& body, const PageLimits& limits = {},
                         const std::u16string& start = u"<!DOCTYPE html><body style='margin:0'>")
-        : tree(ReadHtml(start + body)), sheets(SheetsOf(tree)), styles(Styled(tree, sheets)),
+        : tree(ReadHtml(start + body)), sheets(SheetsOf(tree)), styles(StylePage(tree, sheets, {})),
           boxes(BoxesOf(tree, styles, limits)), fonts(system, styles, 1, 96),
           text(tree, styles, boxes, fonts), layouter(boxes, text, system, 1), flow(layouter) {}
 
@@ -37,7 +37,6 @@ struct PageSample {
 
   private:
     static std::vector<CssSheet> SheetsOf(const HtmlTree& tree);
-    static CssPageStyles Styled(const HtmlTree& tree, const std::vector<CssSheet>& sheets);
     std::string BoxText(PageBoxId id);
     void AddLines(const PageFragment& fragment, double left, double top, std::string& lines);
 };

@@ -61,18 +61,11 @@ CssPageStyles ShownPage::StylesOf(const LoadedPage& page, const std::vector<std:
         read.push_back(ReadCss(sheet, reading));
     if (const std::u16string readers = ReadersSheet(options); !readers.empty())
         read.push_back(ReadCss(readers, reading));
-    const auto style = [&] {
-        std::vector<const CssSheet*> each;
-        each.reserve(read.size());
-        for (const CssSheet& sheet : read)
-            each.push_back(&sheet);
-        return StylePage(page.Tree(), each, reading.medium);
-    };
-    CssPageStyles styles = style();
+    CssPageStyles styles = StylePage(page.Tree(), read, reading.medium);
     const std::u16string repairs = RepairingSheet(TextSharesOf(page.Tree(), styles));
     if (repairs.empty()) return styles;
     read.push_back(ReadCss(repairs, reading));
-    return style();
+    return StylePage(page.Tree(), read, reading.medium);
 }
 
 ShownPage::ShownPage(const LoadedPage& page, const std::vector<std::u16string>& sheets,
