@@ -3,16 +3,15 @@
 #include "common/key_names.h"
 #include "common/text.h"
 
-MenuItem& AddMenuItem(MenuArray& array, const std::u16string& caption,
-                      const std::u16string& shortcut, const std::u16string& tag, int helpContextId,
-                      bool checked, bool visible) {
+MenuItem& AddMenuItem(MenuArray& array, std::u16string_view caption,
+                      const MenuItemOptions& options) {
     MenuItem item;
     item.caption = caption;
-    if (!shortcut.empty()) item.caption += u'\t' + GetShortcutText(shortcut);
-    item.tag = tag;
-    if (helpContextId > 0) item.helpContextId = helpContextId;
-    item.checked = checked;
-    item.visible = visible;
+    if (!options.shortcut.empty()) item.caption += u'\t' + GetShortcutText(options.shortcut);
+    item.tag = options.tag;
+    if (options.helpContextId > 0) item.helpContextId = options.helpContextId;
+    item.checked = options.checked;
+    item.visible = options.visible;
     item.literal = array.Count() > 0 && array[0].literal;
     return array.items.emplace_back(std::move(item));
 }

@@ -6,12 +6,15 @@
 #include <string>
 #include <string_view>
 
-// Appends an element to the array, with the text of `shortcut` ("keycode.shift") after its caption
-// when one is given. A help context of 0 is none. The element is literal when the array's first
-// item is.
-MenuItem& AddMenuItem(MenuArray&, const std::u16string& caption = u"",
-                      const std::u16string& shortcut = u"", const std::u16string& tag = u"",
-                      int helpContextId = 0, bool checked = false, bool visible = true);
+struct MenuItemOptions {
+    std::u16string_view shortcut{}; // "keycode.shift"; its text comes after the caption
+    std::u16string_view tag{};
+    int helpContextId = 0; // 0: none
+    bool checked = false, visible = true;
+};
+
+// Appends an element to the array. It is literal when the array's first item is.
+MenuItem& AddMenuItem(MenuArray&, std::u16string_view caption = {}, const MenuItemOptions& = {});
 
 // The caption up to its first tab.
 std::u16string_view BaseCaption(const MenuItem&);

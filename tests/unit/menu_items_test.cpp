@@ -45,7 +45,12 @@ TEST_CASE("shortcuts: the text of a caption is replaced, never appended") {
 
 TEST_CASE("menu items: an added item takes what it is given") {
     MenuArray array{"list", {MenuItem{}}, {}};
-    const MenuItem& item = AddMenuItem(array, u"Find", u"70.2", u"tag", 7, true, false);
+    const MenuItem& item = AddMenuItem(array, u"Find",
+                                       {.shortcut = u"70.2",
+                                        .tag = u"tag",
+                                        .helpContextId = 7,
+                                        .checked = true,
+                                        .visible = false});
     CHECK(array.Count() == 2);
     CHECK(item.caption == u"Find\tCtrl+F");
     CHECK(item.tag == u"tag");
