@@ -27,21 +27,24 @@ std::u16string Reversed(std::u16string_view line) {
 } // namespace
 
 TEST_CASE("charset guess: Hebrew in visual order is in logical order when it is decoded") {
-    for (const auto& [page, letters] : {std::pair(28598, 38598), {70003, 862}}) {
-        CAPTURE(page);
+    const struct {
+        int visual, logical; // code pages
+    } cases[] = {{28598, 38598}, {70003, 862}};
+    for (const auto& pages : cases) {
+        CAPTURE(pages.visual);
         std::string visual, logical;
         std::u16string text;
         for (const char16_t* line : hebrew) {
-            visual += Encoded(letters, Reversed(line)) + "\r\n";
-            logical += Encoded(letters, line) + "\r\n";
+            visual += Encoded(pages.logical, Reversed(line)) + "\r\n";
+            logical += Encoded(pages.logical, line) + "\r\n";
             text += std::u16string(line) + u"\r\n";
         }
         for (const int system : {1252, 1255, 1251}) {
-            CHECK(DecodePlainText(visual, 0, system).codePage == page);
+            CHECK(DecodePlainText(visual, 0, system).codePage == pages.visual);
             CHECK(DecodePlainText(visual, 0, system).text == text);
             CHECK(DecodePlainText(logical, 0, system).text == text);
         }
-        CHECK(DecodePlainText(visual, 1255, 1252).codePage == page); // the script chosen
+        CHECK(DecodePlainText(visual, 1255, 1252).codePage == pages.visual); // the script chosen
         CHECK(All(PlainTextSource(Reader(visual), 0, 1252, 10)) == Whole(visual, 0));
     }
     // Quotation marks of Windows between them.
