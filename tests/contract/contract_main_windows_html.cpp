@@ -1,7 +1,7 @@
 // The contract tests of the HTML view on the Windows view, whose control is the stand-in. It reads
 // pages of plain paragraphs; what else a page may be, windows_real_page_test.cpp tries where there
 // is an engine.
-#define DOCTEST_CONFIG_IMPLEMENT_WITH_MAIN
+#define DOCTEST_CONFIG_IMPLEMENT
 #include "platform/windows/html_view/safety/addresses.h"
 #include "platform/windows/html_view/win_html_view.h"
 #include "tests/contract/html_view_contract.h"
@@ -82,4 +82,10 @@ class StandInBench final : public HtmlViewBench {
 
 std::vector<HtmlViewBackEnd> HtmlViewBackEnds() {
     return {{"windows on the stand-in", [] { return std::make_unique<StandInBench>(); }}};
+}
+
+int main(int argc, char** argv) {
+    doctest::Context context(argc, argv);
+    context.addFilter("test-suite", plainPagesSuite);
+    return context.run();
 }

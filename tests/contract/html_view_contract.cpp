@@ -104,7 +104,7 @@ TEST_CASE("html view: every character of a page can be selected, and nothing els
     });
 }
 
-TEST_CASE("html view: a load is reported once, and only the page asked for last") {
+TEST_CASE("html view: a load is reported once, and only the page asked for last" * plainPages) {
     OnEachBackEnd([](PageTest& test) {
         CHECK_FALSE(test.view.HasBody());
         CHECK(test.view.Charset().empty());
@@ -129,7 +129,7 @@ TEST_CASE("html view: a load is reported once, and only the page asked for last"
     });
 }
 
-TEST_CASE("html view: whoever hears of a load may order and ask at once") {
+TEST_CASE("html view: whoever hears of a load may order and ask at once" * plainPages) {
     OnEachBackEnd([](PageTest& test) {
         std::u16string text;
         test.view.onLoaded = [&](int, const std::u16string&) {
@@ -173,7 +173,8 @@ TEST_CASE("html view: charsets and files of all kinds") {
 }
 
 TEST_CASE(
-    "html view: a dead engine is reported, answers nothing, and comes back with the next page") {
+    "html view: a dead engine is reported, answers nothing, and comes back with the next page" *
+    plainPages) {
     OnEachEngine([](PageTest& test) {
         test.Open(NumberedParagraphs(300));
         test.view.ScrollTo(0, 500);
@@ -189,7 +190,7 @@ TEST_CASE(
     });
 }
 
-TEST_CASE("html view: the close of the window ends a wait") {
+TEST_CASE("html view: the close of the window ends a wait" * plainPages) {
     OnEachBackEnd([](PageTest& test) {
         test.Open(NumberedParagraphs(20000));
         test.view.onLoaded = nullptr;

@@ -42,6 +42,11 @@ struct HtmlViewBackEnd {
 // Defined once in each test program.
 std::vector<HtmlViewBackEnd> HtmlViewBackEnds();
 
+// Marks the cases that ask for plain paragraphs only: those that the stand-in for the browser
+// control of Windows runs.
+inline constexpr const char* plainPagesSuite = "plain pages";
+inline const doctest::test_suite plainPages(plainPagesSuite);
+
 // A bench, a folder of pages, and what the view told.
 class PageTest {
   public:

@@ -36,7 +36,7 @@ TEST_CASE("html view: scrolls as far as the page goes") {
     });
 }
 
-TEST_CASE("html view: brings a line to the top, and knows the character there") {
+TEST_CASE("html view: brings a line to the top, and knows the character there" * plainPages) {
     OnEachBackEnd([](PageTest& test) {
         test.Open(NumberedParagraphs(200), plainMargins);
         for (const int line : {0, 1, 57, 120}) {
@@ -48,7 +48,8 @@ TEST_CASE("html view: brings a line to the top, and knows the character there") 
     });
 }
 
-TEST_CASE("html view: what is at the top comes back there, to the pixel or by its words") {
+TEST_CASE("html view: what is at the top comes back there, to the pixel or by its words" *
+          plainPages) {
     OnEachBackEnd([](PageTest& test) {
         test.Open(NumberedParagraphs(400), plainMargins);
         CHECK(test.view.Top().offset == 0);
@@ -85,7 +86,7 @@ TEST_CASE("html view: what is at the top comes back there, to the pixel or by it
     });
 }
 
-TEST_CASE("html view: a line of which little is seen is not the one at the top") {
+TEST_CASE("html view: a line of which little is seen is not the one at the top" * plainPages) {
     OnEachBackEnd([](PageTest& test) {
         test.Open(NumberedParagraphs(200), plainMargins);
         test.view.ScrollTo(0, 60 * 20 - 3);
@@ -98,7 +99,7 @@ TEST_CASE("html view: a line of which little is seen is not the one at the top")
     });
 }
 
-TEST_CASE("html view: selects, and shows where the selection starts") {
+TEST_CASE("html view: selects, and shows where the selection starts" * plainPages) {
     OnEachBackEnd([](PageTest& test) {
         test.Open(NumberedParagraphs(200), plainMargins);
         CHECK(test.view.Selection().span == PageSpan{});
@@ -122,7 +123,7 @@ TEST_CASE("html view: selects, and shows where the selection starts") {
     });
 }
 
-TEST_CASE("html view: texts of spans inside, across and outside the text") {
+TEST_CASE("html view: texts of spans inside, across and outside the text" * plainPages) {
     OnEachBackEnd([](PageTest& test) {
         test.Open(NumberedParagraphs(3));
         const std::vector<std::u16string> expected{u"line 0001", u"0\nl", u"line 0002", u"", u""};
@@ -130,7 +131,7 @@ TEST_CASE("html view: texts of spans inside, across and outside the text") {
     });
 }
 
-TEST_CASE("html view: finds after the selection, up to the end") {
+TEST_CASE("html view: finds after the selection, up to the end" * plainPages) {
     OnEachBackEnd([](PageTest& test) {
         test.Open(NumberedParagraphs(200) + "<p>Word words</p>", plainMargins);
         const auto first = test.view.FindAfterSelection(u"LINE 01", {});
