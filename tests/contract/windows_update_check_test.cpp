@@ -3,8 +3,8 @@
 
 #include "loopback_server_windows.h"
 #include "platform/windows/base/text.h"
+#include "platform/windows/base/win_native_window.h"
 #include "platform/windows/web/web_target.h"
-#include "platform/windows/window/win_native_window.h"
 #include "tls_server_windows.h"
 
 #include <doctest/doctest.h>

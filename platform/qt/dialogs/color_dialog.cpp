@@ -1,6 +1,6 @@
 #include "platform/qt/dialogs/color_dialog.h"
 
-#include "platform/qt/qt_color.h"
+#include "platform/qt/base/qt_color.h"
 
 #include <QColorDialog>
 

@@ -1,8 +1,8 @@
 #include "platform/qt/dialogs/file_dialog.h"
 
+#include "platform/qt/base/file_url.h"
+#include "platform/qt/base/qt_text.h"
 #include "platform/qt/dialogs/file_filter.h"
-#include "platform/qt/file_url.h"
-#include "platform/qt/qt_text.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>

@@ -1,6 +1,6 @@
 #include "platform/qt/dialogs/file_filter.h"
 
-#include "platform/qt/qt_text.h"
+#include "platform/qt/base/qt_text.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #include "platform/qt/dialogs/find_dialog.h"
 
+#include "platform/qt/base/qt_font.h"
+#include "platform/qt/base/qt_text.h"
 #include "platform/qt/dialogs/check_box.h"
-#include "platform/qt/qt_font.h"
-#include "platform/qt/qt_text.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>

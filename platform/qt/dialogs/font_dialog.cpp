@@ -1,13 +1,13 @@
 #include "platform/qt/dialogs/font_dialog.h"
 
 #include "common/contrast.h"
+#include "platform/qt/base/qt_color.h"
+#include "platform/qt/base/qt_font.h"
+#include "platform/qt/base/qt_text.h"
 #include "platform/qt/dialogs/check_box.h"
 #include "platform/qt/dialogs/color_dialog.h"
 #include "platform/qt/dialogs/font_scripts.h"
 #include "platform/qt/dialogs/reading_list.h"
-#include "platform/qt/qt_color.h"
-#include "platform/qt/qt_font.h"
-#include "platform/qt/qt_text.h"
 #include "platform/shared/reading_of_script.h"
 
 #include <QDialogButtonBox>

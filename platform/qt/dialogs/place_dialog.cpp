@@ -1,6 +1,6 @@
 #include "platform/qt/dialogs/place_dialog.h"
 
-#include "platform/qt/qt_text.h"
+#include "platform/qt/base/qt_text.h"
 
 #include <QCoreApplication>
 #include <QDialogButtonBox>

@@ -1,12 +1,12 @@
 #include "platform/qt/dialogs/qt_dialogs.h"
 
+#include "platform/qt/base/qt_text.h"
 #include "platform/qt/dialogs/color_dialog.h"
 #include "platform/qt/dialogs/file_dialog.h"
 #include "platform/qt/dialogs/find_dialog.h"
 #include "platform/qt/dialogs/font_dialog.h"
 #include "platform/qt/dialogs/place_dialog.h"
 #include "platform/qt/dialogs/rich_message.h"
-#include "platform/qt/qt_text.h"
 #include "platform/qt/window/window_icon.h"
 #include "platform/shared/call_handler.h"
 

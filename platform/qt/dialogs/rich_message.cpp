@@ -1,7 +1,7 @@
 #include "platform/qt/dialogs/rich_message.h"
 
-#include "platform/qt/qt_color.h"
-#include "platform/qt/qt_text.h"
+#include "platform/qt/base/qt_color.h"
+#include "platform/qt/base/qt_text.h"
 #include "platform/qt/text_view/qt_text_view.h"
 
 #include <QAbstractScrollArea>

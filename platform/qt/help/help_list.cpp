@@ -1,6 +1,6 @@
 #include "platform/qt/help/help_list.h"
 
-#include "platform/qt/qt_text.h"
+#include "platform/qt/base/qt_text.h"
 
 #include <QPainter>
 #include <QStyledItemDelegate>

@@ -1,9 +1,9 @@
 #include "platform/qt/help/qt_help_window.h"
 
 #include "common/text.h"
+#include "platform/qt/base/qt_color.h"
+#include "platform/qt/base/qt_text.h"
 #include "platform/qt/help/help_list.h"
-#include "platform/qt/qt_color.h"
-#include "platform/qt/qt_text.h"
 #include "platform/qt/system/qt_clipboard.h"
 #include "platform/qt/text_view/qt_text_view.h"
 #include "platform/qt/window/window_icon.h"

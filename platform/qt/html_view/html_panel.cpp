@@ -1,6 +1,6 @@
 #include "platform/qt/html_view/html_panel.h"
 
-#include "platform/qt/text_view/dropped_paths.h"
+#include "platform/qt/text_view/pane/dropped_paths.h"
 
 #include <QDropEvent>
 #include <QLabel>

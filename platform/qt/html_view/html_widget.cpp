@@ -1,7 +1,7 @@
 #include "platform/qt/html_view/html_widget.h"
 
 #include "common/keys.h"
-#include "platform/qt/qt_text.h"
+#include "platform/qt/base/qt_text.h"
 #include "platform/qt/window/key_codes.h"
 
 #include <QKeyEvent>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/html_view.h"
-#include "platform/qt/text_view/readable_widget.h"
+#include "platform/qt/text_view/accessibility/readable_widget.h"
 #include "view/html/page_pane.h"
 
 class QLabel;

@@ -1,8 +1,8 @@
 #include "platform/qt/html_view/qt_page_view.h"
 
 #include "common/keys.h"
+#include "platform/qt/base/qt_text.h"
 #include "platform/qt/html_view/html_widget.h"
-#include "platform/qt/qt_text.h"
 #include "platform/qt/system/qt_locale.h"
 #include "platform/qt/text_view/qt_printing.h"
 #include "platform/shared/call_handler.h"

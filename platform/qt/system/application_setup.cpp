@@ -1,6 +1,6 @@
 #include "platform/qt/system/application_setup.h"
 
-#include "platform/qt/qt_text.h"
+#include "platform/qt/base/qt_text.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "platform/qt/system/command_line.h"
 
-#include "platform/qt/file_url.h"
+#include "platform/qt/base/file_url.h"
 #include "product.h"
 
 #include <filesystem>

@@ -1,6 +1,6 @@
 #include "platform/qt/system/qt_clipboard.h"
 
-#include "platform/qt/qt_text.h"
+#include "platform/qt/base/qt_text.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

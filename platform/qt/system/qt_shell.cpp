@@ -1,7 +1,7 @@
 #include "platform/qt/system/qt_shell.h"
 
 #include "common/web_address.h"
-#include "platform/qt/qt_text.h"
+#include "platform/qt/base/qt_text.h"
 #include "platform/shared/call_handler.h"
 
 #include <QProcess>

@@ -1,7 +1,7 @@
 #include "platform/qt/system/qt_version_info.h"
 
 #include "common/text.h"
-#include "platform/qt/qt_text.h"
+#include "platform/qt/base/qt_text.h"
 #include "platform/qt/system/desktop_entries.h"
 #include "product.h"
 

@@ -1,10 +1,10 @@
 #include "platform/qt/text_view/qt_printing.h"
 
+#include "platform/qt/base/qt_text.h"
 #include "platform/qt/print_dialog/print_target.h"
-#include "platform/qt/qt_text.h"
 #include "platform/qt/text_view/line_layout/qt_canvas.h"
 #include "platform/qt/text_view/line_layout/qt_line_layout.h"
-#include "platform/qt/text_view/qt_pictures.h"
+#include "platform/qt/text_view/pictures/qt_pictures.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

@@ -1,6 +1,6 @@
 #include "platform/qt/text_view/qt_text_view.h"
 
-#include "platform/qt/qt_text.h"
+#include "platform/qt/base/qt_text.h"
 #include "platform/qt/text_view/event_pump.h"
 #include "platform/qt/text_view/qt_printing.h"
 #include "platform/qt/text_view/text_widget.h"

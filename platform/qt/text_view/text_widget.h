@@ -1,7 +1,7 @@
 // The widget of the text view: a widget for a text pane.
 #pragma once
 
-#include "platform/qt/text_view/readable_widget.h"
+#include "platform/qt/text_view/accessibility/readable_widget.h"
 #include "view/text_pane.h"
 
 class TextWidget : public ReadableWidget {

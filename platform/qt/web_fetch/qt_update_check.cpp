@@ -1,6 +1,6 @@
 #include "platform/qt/web_fetch/qt_update_check.h"
 
-#include "platform/qt/qt_text.h"
+#include "platform/qt/base/qt_text.h"
 
 #include <QFile>
 #include <QFileInfo>

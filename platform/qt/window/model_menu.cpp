@@ -1,6 +1,6 @@
 #include "platform/qt/window/model_menu.h"
 
-#include "platform/qt/qt_text.h"
+#include "platform/qt/base/qt_text.h"
 
 #include <QAccessible>
 #include <QActionGroup>

@@ -1,7 +1,7 @@
 #include "platform/qt/window/qt_window.h"
 
-#include "platform/qt/qt_text.h"
-#include "platform/qt/text_view/dropped_paths.h"
+#include "platform/qt/base/qt_text.h"
+#include "platform/qt/text_view/pane/dropped_paths.h"
 #include "platform/qt/window/accessible_roles.h"
 #include "platform/qt/window/key_codes.h"
 #include "platform/qt/window/menu_bar_focus.h"

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "platform/file_watch.h"
+#include "platform/windows/base/win_native_window.h"
 #include "platform/windows/files/folder_changes.h"
-#include "platform/windows/window/win_native_window.h"
 
 #include <memory>
 #include <string>

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "platform/help_window.h"
+#include "platform/windows/base/win_native_window.h"
 #include "platform/windows/help/win_help_list.h"
 #include "platform/windows/text_pane/win_text_view.h"
-#include "platform/windows/window/win_native_window.h"
 
 #include <memory>
 

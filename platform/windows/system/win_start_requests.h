@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/instance.h"
-#include "platform/windows/window/win_native_window.h"
+#include "platform/windows/base/win_native_window.h"
 
 #include <deque>
 #include <functional>

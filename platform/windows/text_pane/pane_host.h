@@ -1,9 +1,9 @@
 // A window of our own class for a pane: scroll bars, painting, keys and mouse.
 #pragma once
 
+#include "platform/windows/base/win_native_window.h"
 #include "platform/windows/line_layout/win_line_layout.h"
 #include "platform/windows/line_layout/win_pictures.h"
-#include "platform/windows/window/win_native_window.h"
 #include "view/view_pane.h"
 
 #include <functional>

@@ -1,9 +1,9 @@
 // One asynchronous HTTP request; it proceeds while messages are dispatched.
 #pragma once
 
+#include "platform/windows/base/win_native_window.h"
 #include "platform/windows/web/http.h"
 #include "platform/windows/web/web_target.h"
-#include "platform/windows/window/win_native_window.h"
 
 #include <memory>
 #include <string>

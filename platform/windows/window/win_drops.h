@@ -3,7 +3,7 @@
 // message box about the files then has the focus. A shortcut stands for the file that it leads to.
 #pragma once
 
-#include "platform/windows/window/win_native_window.h"
+#include "platform/windows/base/win_native_window.h"
 
 #include <shellapi.h>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/timer.h"
-#include "platform/windows/window/win_native_window.h"
+#include "platform/windows/base/win_native_window.h"
 
 // Ticks are dropped while `owner` is disabled by a modal dialog: no handler starts inside the one
 // that waits for the dialog.

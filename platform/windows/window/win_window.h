@@ -3,10 +3,10 @@
 
 #include "common/reachable_place.h"
 #include "platform/window.h"
+#include "platform/windows/base/win_native_window.h"
 #include "platform/windows/window/dpi.h"
 #include "platform/windows/window/win_drops.h"
 #include "platform/windows/window/win_input.h"
-#include "platform/windows/window/win_native_window.h"
 
 #include <functional>
 #include <optional>

@@ -1,6 +1,6 @@
+#include "platform/qt/base/qt_text.h"
 #include "platform/qt/help/help_list.h"
 #include "platform/qt/help/qt_help_window.h"
-#include "platform/qt/qt_text.h"
 #include "platform/qt/text_view/text_widget.h"
 #include "tests/contract/help_window_contract.h"
 

@@ -2,7 +2,7 @@
 #include "formats/pictures/picture_header.h"
 #include "formats/pictures/svg_source.h"
 #include "platform/qt/text_view/line_layout/qt_canvas.h"
-#include "platform/qt/text_view/qt_pictures.h"
+#include "platform/qt/text_view/pictures/qt_pictures.h"
 #include "tests/picture_samples.h"
 
 #include <doctest/doctest.h>

@@ -1,5 +1,5 @@
 // The desktop's shell on Qt. A script stands for xdg-open and for any other program.
-#include "platform/qt/qt_text.h"
+#include "platform/qt/base/qt_text.h"
 #include "platform/qt/system/qt_shell.h"
 #include "tests/contract/qt/event_loop.h"
 #include "tests/contract/shell_contract.h"

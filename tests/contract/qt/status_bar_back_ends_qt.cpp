@@ -1,4 +1,4 @@
-#include "platform/qt/qt_text.h"
+#include "platform/qt/base/qt_text.h"
 #include "platform/qt/window/qt_status_bar.h"
 #include "tests/contract/status_bar_contract.h"
 

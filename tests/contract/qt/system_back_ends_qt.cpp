@@ -1,7 +1,7 @@
 // Clipboard, timer, file watch, registry, locale and version information on Qt, and in memory.
 #include "common/utf.h"
 #include "platform/posix/posix_paths.h"
-#include "platform/qt/qt_text.h"
+#include "platform/qt/base/qt_text.h"
 #include "platform/qt/system/qt_clipboard.h"
 #include "platform/qt/system/qt_file_watch.h"
 #include "platform/qt/system/qt_locale.h"

@@ -1,7 +1,7 @@
 // The fixture of the tests of Qt's text view.
 #pragma once
 
-#include "platform/qt/qt_font.h"
+#include "platform/qt/base/qt_font.h"
 #include "platform/qt/text_view/line_layout/qt_canvas.h"
 #include "platform/qt/text_view/line_layout/qt_text_lines.h"
 #include "platform/qt/text_view/qt_text_view.h"

@@ -2,7 +2,7 @@
 #include "tests/contract/qt/text_view_bench.h"
 
 #include "common/string_text.h"
-#include "platform/qt/text_view/dropped_paths.h"
+#include "platform/qt/text_view/pane/dropped_paths.h"
 
 #include <doctest/doctest.h>
 

@@ -2,7 +2,7 @@
 #include "app/main_form.h"
 #include "app/start_up.h"
 #include "platform/none/none_ports.h"
-#include "platform/qt/qt_text.h"
+#include "platform/qt/base/qt_text.h"
 #include "platform/qt/web_fetch/qt_update_check.h"
 #include "tests/contract/loopback_server.h"
 

@@ -2,13 +2,13 @@
 
 #include "common/colors.h"
 #include "common/utf.h"
+#include "platform/qt/base/qt_text.h"
 #include "platform/qt/html_view/engine/engine_profile.h"
 #include "platform/qt/html_view/engine/page_calls.h"
 #include "platform/qt/html_view/engine/page_monitor.h"
 #include "platform/qt/html_view/engine/page_widget.h"
 #include "platform/qt/html_view/engine/print_job.h"
 #include "platform/qt/html_view/engine/reader_page.h"
-#include "platform/qt/qt_text.h"
 #include "platform/shared/call_handler.h"
 
 #include <QCoreApplication>
@@ -165,7 +165,7 @@ void EngineHtmlView::OnDocumentInfo(int page, const QVariant& info) {
 
 void EngineHtmlView::OnSizeChanged() {
     ScheduleStateUpdate();
-    if (!loadFinished_ && !placeExpected_) SendHeldKeysOncePainted();
+    if (page_ && !loadFinished_ && !placeExpected_) SendHeldKeysOncePainted();
 }
 
 // Until the first picture of a document the engine drops keys.

@@ -4,9 +4,9 @@
 #pragma once
 
 #include "common/page_zoom.h"
-#include "platform/qt/html_view/engine/engine_view.h"
 #include "platform/qt/html_view/engine/folder_guard.h"
 #include "platform/qt/html_view/engine/page_scheme.h"
+#include "platform/qt/html_view/engine_view.h"
 
 #include <QDeadlineTimer>
 #include <QEventLoop>

@@ -1,12 +1,12 @@
 // Commands to the page, and the snapshot of its state that they update.
 #include "common/colors.h"
+#include "platform/qt/base/qt_text.h"
 #include "platform/qt/html_view/engine/engine_html_view.h"
 #include "platform/qt/html_view/engine/page_calls.h"
 #include "platform/qt/html_view/engine/page_monitor.h"
 #include "platform/qt/html_view/engine/page_widget.h"
 #include "platform/qt/html_view/engine/print_job.h"
 #include "platform/qt/html_view/engine/reader_page.h"
-#include "platform/qt/qt_text.h"
 
 #include <QVariant>
 

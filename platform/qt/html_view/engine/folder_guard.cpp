@@ -1,7 +1,7 @@
 #include "platform/qt/html_view/engine/folder_guard.h"
 
 #include "platform/posix/real_path.h"
-#include "platform/qt/file_url.h"
+#include "platform/qt/base/file_url.h"
 #include "platform/qt/html_view/engine/page_scheme.h"
 
 #include <QLoggingCategory>

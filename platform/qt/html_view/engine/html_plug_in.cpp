@@ -1,4 +1,4 @@
-#include "platform/qt/html_view/engine/html_plug_in.h"
+#include "platform/qt/html_view/html_plug_in.h"
 
 #include "platform/qt/html_view/engine/engine_html_view.h"
 

@@ -1,8 +1,8 @@
 #include "platform/qt/text_view/accessibility/accessible_object.h"
 
-#include "platform/qt/qt_text.h"
+#include "platform/qt/base/qt_text.h"
 #include "platform/qt/text_view/accessibility/accessible_text.h"
-#include "platform/qt/text_view/readable_widget.h"
+#include "platform/qt/text_view/accessibility/readable_widget.h"
 
 #include <algorithm>
 

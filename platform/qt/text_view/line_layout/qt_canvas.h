@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/canvas.h"
-#include "platform/qt/qt_color.h"
+#include "platform/qt/base/qt_color.h"
 
 #include <QPainter>
 

@@ -1,6 +1,6 @@
 #include "platform/qt/text_view/line_layout/qt_line_layout.h"
 
-#include "platform/qt/qt_color.h"
+#include "platform/qt/base/qt_color.h"
 #include "platform/qt/text_view/line_layout/installed_families.h"
 #include "platform/qt/text_view/line_layout/qt_text_lines.h"
 

@@ -1,4 +1,4 @@
-#include "platform/qt/text_view/picture_reader.h"
+#include "platform/qt/text_view/pictures/picture_reader.h"
 
 #include "formats/pictures/picture_header.h"
 

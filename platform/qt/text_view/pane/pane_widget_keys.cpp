@@ -1,5 +1,5 @@
 // Key events of the pane widget. Unused keys propagate to the window.
-#include "platform/qt/text_view/pane_widget.h"
+#include "platform/qt/text_view/pane/pane_widget.h"
 
 #include <QKeyEvent>
 

@@ -1,6 +1,6 @@
-#include "platform/qt/text_view/pane_widget.h"
+#include "platform/qt/text_view/pane/pane_widget.h"
 
-#include "platform/qt/qt_color.h"
+#include "platform/qt/base/qt_color.h"
 #include "platform/qt/text_view/line_layout/qt_canvas.h"
 
 #include <QEvent>

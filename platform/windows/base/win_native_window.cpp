@@ -1,4 +1,4 @@
-#include "platform/windows/window/win_native_window.h"
+#include "platform/windows/base/win_native_window.h"
 
 #include "platform/shared/call_handler.h"
 #include "platform/windows/resources/resource.h"

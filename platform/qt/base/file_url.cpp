@@ -1,4 +1,4 @@
-#include "platform/qt/file_url.h"
+#include "platform/qt/base/file_url.h"
 
 #include "common/hex_digits.h"
 

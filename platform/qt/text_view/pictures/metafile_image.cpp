@@ -1,7 +1,7 @@
-#include "platform/qt/text_view/metafile_image.h"
+#include "platform/qt/text_view/pictures/metafile_image.h"
 
 #include "formats/metafile/metafile.h"
-#include "platform/qt/qt_color.h"
+#include "platform/qt/base/qt_color.h"
 
 #include <QPainter>
 #include <QPainterPath>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/qt/text_view/line_layout/qt_line_layout.h"
-#include "platform/qt/text_view/qt_pictures.h"
+#include "platform/qt/text_view/pictures/qt_pictures.h"
 #include "view/view_pane.h"
 
 #include <QAbstractScrollArea>

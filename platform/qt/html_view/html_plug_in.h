@@ -1,7 +1,7 @@
 // The entry point of the HTML view's module.
 #pragma once
 
-#include "platform/qt/html_view/engine/engine_view.h"
+#include "platform/qt/html_view/engine_view.h"
 
 class QWidget;
 

@@ -1,8 +1,8 @@
-#include "platform/qt/text_view/qt_pictures.h"
+#include "platform/qt/text_view/pictures/qt_pictures.h"
 
 #include "platform/qt/text_view/line_layout/qt_canvas.h"
-#include "platform/qt/text_view/metafile_image.h"
-#include "platform/qt/text_view/picture_reader.h"
+#include "platform/qt/text_view/pictures/metafile_image.h"
+#include "platform/qt/text_view/pictures/picture_reader.h"
 
 #include <QImageReader>
 

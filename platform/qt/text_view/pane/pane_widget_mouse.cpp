@@ -1,6 +1,6 @@
 // Mouse, wheel and drop events of the pane widget.
-#include "platform/qt/text_view/dropped_paths.h"
-#include "platform/qt/text_view/pane_widget.h"
+#include "platform/qt/text_view/pane/dropped_paths.h"
+#include "platform/qt/text_view/pane/pane_widget.h"
 
 #include <QContextMenuEvent>
 #include <QDropEvent>

@@ -1,7 +1,7 @@
-#include "platform/qt/text_view/dropped_paths.h"
+#include "platform/qt/text_view/pane/dropped_paths.h"
 
 #include "common/utf.h"
-#include "platform/qt/file_url.h"
+#include "platform/qt/base/file_url.h"
 
 #include <QList>
 #include <QMimeData>

@@ -1,7 +1,7 @@
 // The widget of a pane whose text assistive technology can read: its accessibility events.
 #pragma once
 
-#include "platform/qt/text_view/pane_widget.h"
+#include "platform/qt/text_view/pane/pane_widget.h"
 #include "view/readable_pane.h"
 
 class ReadableWidget : public PaneWidget {
