@@ -181,7 +181,7 @@ TEST_CASE("page places: a bookmark whose words have gone is uncertain until they
     test.Put(test.text);
     test.Refresh();
     CHECK(test.Mark(0) == mark);
-    CHECK(test.Menu().mBookmarkList[0].caption.find(u"?") == std::u16string::npos);
+    CHECK(test.Menu().mBookmarkList[0].caption.find(u'?') == std::u16string::npos);
 }
 
 TEST_CASE("page places: one that an older version has left since counts alone") {
