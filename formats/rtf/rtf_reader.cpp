@@ -31,5 +31,5 @@ bool LooksLikeRtf(std::string_view bytes) {
 Document ReadRtf(std::string_view bytes, int systemCodePage) {
     // Positions are 32 bits, and no byte makes more than one character.
     constexpr auto maxSize = static_cast<std::size_t>(std::numeric_limits<TextPos>::max());
-    return RtfParser(bytes.substr(0, maxSize), systemCodePage).Parse();
+    return RtfParser(SkipStart(bytes).substr(0, maxSize), systemCodePage).Parse();
 }

@@ -47,6 +47,7 @@ TEST_CASE("rtf reader: what is text") {
         {"{\\rtf1 A\\par B}", "A\nB"},
         {"{\\rtf1\r\nA\r\nB\\par\r\n}", "AB\n"},
         {"\xEF\xBB\xBF {\\rtf1 A}", "A"},
+        {"\xEF\xBB\xBF{\\rtf1\\ansi with \\'e9}", "with é"},
         {"{\\rtf1 A}B{C}", "A"},
         {"{\\rtf1 A", "A"},
         {"{\\rtf1 A{\\b B", "AB"},
