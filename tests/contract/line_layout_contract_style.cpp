@@ -64,6 +64,21 @@ TEST_CASE("line layout: a larger font raises the lines that it is in") {
     });
 }
 
+TEST_CASE("line layout: a control character raises no line and takes no room") {
+    OnEachLineLayout([](LineLayout& layout) {
+        const TextLine plain = layout.BreakLines(LineParagraph(layout, u"some words"))->Line(0);
+        for (const char16_t control : {u'\x01', u'\b', u'\f', u'\x1A', u'\x1B', u'\x7F', u'\x85'}) {
+            CAPTURE(int(control));
+            const std::u16string text = control + std::u16string(u"some") + control + u" words";
+            const auto lines = layout.BreakLines(LineParagraph(layout, text));
+            REQUIRE(lines->Count() == 1);
+            CHECK(IsWithin(lines->Line(0).ascent, plain.ascent));
+            CHECK(IsWithin(lines->Line(0).descent, plain.descent));
+            CHECK(IsWithin(lines->Line(0).width, plain.width));
+        }
+    });
+}
+
 TEST_CASE("line layout: an empty line is as high as the font of a run at the text's end") {
     OnEachLineLayout([](LineLayout& layout) {
         const auto large = layout.Prepare(LineStyle(24));

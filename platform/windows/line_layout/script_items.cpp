@@ -4,14 +4,22 @@ namespace {
 
 constexpr wchar_t zeroWidthSpace = 0x200B, graphemeJoiner = 0x034F;
 
-// Of zero width spaces in a row all but the first are replaced by another character that is not
-// seen and has no direction: Wine 8 looks back over all of them from each one, and a paragraph cut
-// down to a few of a letter's marks may have thousands.
+// U+0000 to U+001F without the tab, U+007F to U+009F.
+bool IsControlCode(wchar_t unit) {
+    return (unit < 0x20 && unit != L'\t') || (unit >= 0x7F && unit <= 0x9F);
+}
+
+// Two kinds of characters are replaced by another one that is not seen and has no direction. A
+// control character takes the space after it into its item, in which no space has a width. Of zero
+// width spaces in a row all but the first: Wine 8 looks back over all of them from each one, and a
+// paragraph cut down to a few of a letter's marks may have thousands.
 std::wstring TextToItemize(const TextUnits& all) {
     std::wstring text = all.text;
-    for (std::size_t at = 1; at < text.size(); ++at)
-        if (all.text[at] == zeroWidthSpace && all.text[at - 1] == zeroWidthSpace)
-            text[at] = graphemeJoiner;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const bool isRepeated =
+            at > 0 && all.text[at] == zeroWidthSpace && all.text[at - 1] == zeroWidthSpace;
+        if (isRepeated || IsControlCode(all.text[at])) text[at] = graphemeJoiner;
+    }
     return text;
 }
 

@@ -33,6 +33,14 @@ bool IsGlue(char16_t unit) {
     return unit == wordJoiner || unit == u'\uFEFF';
 }
 
+// Fonts have boxes for them, or none of them, and another font would make the line higher.
+void HideControls(QString& text) {
+    for (QChar& unit : text) {
+        const bool isControl = unit < QChar(u' ') || (unit >= QChar(0x7F) && unit < QChar(0xA0));
+        if (isControl && unit != QChar::Tabulation) unit = QChar(zeroWidthSpace);
+    }
+}
+
 // QTextLayout breaks lines after every space, even before a mark on it or a word joiner.
 void KeepSpaces(QString& text) {
     constexpr char16_t firstMark = 0x300;
@@ -68,6 +76,7 @@ void HideHyphensAtEnds(QString& text) {
 QString SegmentText(const ParagraphText& paragraph) {
     QString text = QStringView(paragraph.text).toString();
     ReplaceLoneSurrogates(text);
+    HideControls(text);
     KeepSpaces(text);
     HideSpacesBeforeBreaks(text);
     HideHyphensAtEnds(text);
