@@ -286,8 +286,10 @@ TEST_CASE("Windows line layout: another installed font is found for what one lac
     LOGFONTW description = {};
     description.lfHeight = -16;
     description.lfCharSet = DEFAULT_CHARSET;
-    // Hebrew, Devanagari, Georgian, a pictograph, a mathematical letter.
-    for (const char32_t character : {0x05D0, 0x0915, 0x10D0, 0x263A}) {
+    // Hebrew, Devanagari, Georgian, a pictograph; Latin beyond the oldest code pages: Vietnamese,
+    // phonetic letters, a ligature; a fraction.
+    for (const char32_t character :
+         {0x05D0, 0x0915, 0x10D0, 0x263A, 0x01B0, 0x0283, 0x1E0D, 0xFB02, 0x2153}) {
         const std::wstring& family = fallback.FamilyFor(character, L"No Such Family 471");
         CAPTURE(static_cast<unsigned>(character));
         REQUIRE_FALSE(family.empty());
@@ -299,6 +301,17 @@ TEST_CASE("Windows line layout: another installed font is found for what one lac
     }
     CHECK(fallback.FamilyFor(0xE123, L"Arial").empty()); // for private use
     CHECK(fallback.FamilyFor(0xFFFF, L"Arial").empty());
+}
+
+TEST_CASE("Windows line layout: one font stands in for all letters of a language that it has") {
+    MeasuringContext context;
+    FontFallback fallback(context);
+    const std::wstring& family = fallback.FamilyFor(0x01A1, L"No Such Family 471");
+    REQUIRE_FALSE(family.empty());
+    for (const char32_t vietnamese : {0x01B0, 0x0111, 0x1EA5, 0x1EC5, 0x0309}) {
+        CAPTURE(static_cast<unsigned>(vietnamese));
+        CHECK(fallback.FamilyFor(vietnamese, L"No Such Family 471") == family);
+    }
 }
 
 TEST_CASE("Windows line layout: a mark of the other direction without its letter is survived") {

@@ -1,8 +1,16 @@
 #include "platform/windows/line_layout/installed_families.h"
 
 #include <algorithm>
+#include <bit>
 
 namespace {
+
+int SubsetCount(const InstalledFamily& family) {
+    int count = 0;
+    for (const DWORD subsets : family.signature.fsUsb)
+        count += std::popcount(subsets);
+    return count;
+}
 
 std::vector<InstalledFamily> EnumerateFamilies() {
     std::vector<InstalledFamily> families;
@@ -24,6 +32,10 @@ std::vector<InstalledFamily> EnumerateFamilies() {
     const HDC screen = GetDC(nullptr);
     EnumFontFamiliesExW(screen, &any, report, reinterpret_cast<LPARAM>(&families), 0);
     ReleaseDC(nullptr, screen);
+    std::stable_sort(families.begin(), families.end(),
+                     [](const InstalledFamily& a, const InstalledFamily& b) {
+                         return SubsetCount(a) > SubsetCount(b);
+                     });
     return families;
 }
 
