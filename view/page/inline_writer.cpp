@@ -191,7 +191,7 @@ void InlineWriter::RemoveTrailingSpace() {
     if (!whiteSpaceEnds_ || text.empty()) return;
     if (text.back() == wordJoiner) text.remove_suffix(1);
     if (text.empty() || text.back() != u' ') return;
-    Text().resize(text.size() - 1);
+    Text().erase(text.size() - 1);
     auto& origins = Content().origins;
     while (!origins.empty() && origins.back().start >= Length())
         origins.pop_back();
