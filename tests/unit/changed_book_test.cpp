@@ -53,6 +53,18 @@ TEST_CASE("changed book: written little by little") {
     });
 }
 
+TEST_CASE("changed book: written again before the system tells of it") {
+    Places test;
+    test.Define(5000);
+    const std::u16string words = test.TextAt(5000);
+    const int loads = test.View().loads;
+    test.Put(added);
+    test.FileWatch().Deliver();
+    test.Put(added + test.text);
+    test.ChangeTimer().Tick(2); // the first sees another file than the one told of
+    CheckShown(test, words, loads);
+}
+
 TEST_CASE("changed book: one that looks half written is waited for") {
     OnEachDrive([](Places& test) {
         const std::u16string words = test.TextAt(5000);

@@ -191,6 +191,17 @@ TEST_CASE("rtf fields: those of forms show their state") {
         CHECK(Utf16ToUtf8(Read("x" + field + "{\\fldrslt}}y").text) == "x" + c.text + "y");
         CHECK(Utf16ToUtf8(Read("x" + field + "{\\fldrslt z}}y").text) == "xzy");
     }
+    // The entries of a list are counted.
+    std::string entries;
+    for (std::size_t i = 0; i <= maxRtfFormEntries; ++i)
+        entries += "{\\*\\ffl " + std::to_string(i) + "}";
+    const auto chosen = [&](std::size_t index) {
+        return Utf16ToUtf8(Read("{\\field{\\*\\fldinst{FORMDROPDOWN {\\*\\formfield{\\ffdefres" +
+                                std::to_string(index) + entries + "}}}}}")
+                               .text);
+    };
+    CHECK(chosen(maxRtfFormEntries - 1) == std::to_string(maxRtfFormEntries - 1));
+    CHECK(chosen(maxRtfFormEntries).empty());
     // What one field says is nothing to the next.
     CHECK(Read("{\\field{\\*\\fldinst FORMTEXT{\\*\\formfield{\\*\\ffdeftext a}}}}"
                "{\\field{\\*\\fldinst FORMTEXT}}")
