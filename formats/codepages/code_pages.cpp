@@ -65,13 +65,13 @@ std::optional<Character> DecodeLong(const LongSequences& longer, const unsigned 
     const auto isInside = [](int number, int count) { return number >= 0 && number < count; };
     if (!isInside(plane, longer.planes) || !isInside(row, eucRows) || !isInside(cell, eucRows))
         return std::nullopt;
-    return Character{longer.units[(plane * eucRows + row) * eucRows + cell], length};
+    return Character{longer.units()[(plane * eucRows + row) * eucRows + cell], length};
 }
 
 // The character at a lead byte. A second byte that cannot follow it is left to be read by itself,
 // and so is an ASCII one of a pair without a meaning: a stray lead byte eats no letter and no line
 // end.
-Character DecodePair(const DoubleBytePage& page, const unsigned char* at,
+Character DecodePair(const DoubleBytePage& page, const char16_t* pairs, const unsigned char* at,
                      const unsigned char* end) {
     if (page.page == gbkPage && end - at >= 4 && IsFourByteSequence(at))
         return {FourByteCharacter(at), 4};
@@ -80,7 +80,7 @@ Character DecodePair(const DoubleBytePage& page, const unsigned char* at,
     if (end - at < 2 || at[1] < page.firstTrail || at[1] - page.firstTrail >= page.trailCount)
         return {undefinedUnit, 1};
     const int row = at[0] - page.firstLead;
-    const char16_t unit = page.pairs[row * page.trailCount + (at[1] - page.firstTrail)];
+    const char16_t unit = pairs[row * page.trailCount + (at[1] - page.firstTrail)];
     return {unit, unit == undefinedUnit && at[1] < 0x80 ? 1 : 2};
 }
 
@@ -93,9 +93,10 @@ void ReplaceControlCharacters(int codePage, std::u16string& text, std::size_t be
 }
 
 void DecodeDoubleBytes(const DoubleBytePage& page, std::string_view bytes, std::u16string& text) {
+    const char16_t* const pairs = page.pairs();
     DecodeInPieces(bytes, text,
-                   [&page](const unsigned char*& at, const unsigned char* stop,
-                           const unsigned char* end, char16_t*& out) {
+                   [&page, pairs](const unsigned char*& at, const unsigned char* stop,
+                                  const unsigned char* end, char16_t*& out) {
                        do {
                            const unsigned char byte = *at;
                            const char16_t unit = byte < 0x80 ? byte : page.units[byte - 0x80];
@@ -103,7 +104,7 @@ void DecodeDoubleBytes(const DoubleBytePage& page, std::string_view bytes, std::
                                *out++ = unit;
                                ++at;
                            } else {
-                               const Character character = DecodePair(page, at, end);
+                               const Character character = DecodePair(page, pairs, at, end);
                                out = PutUtf16(character.value, out);
                                at += character.length;
                            }
@@ -181,7 +182,7 @@ std::size_t CharacterEnd(int codePage, std::string_view bytes, std::size_t place
     const unsigned char *at = start, *const end = start + bytes.size();
     while (at < start + place) {
         const bool leads = *at >= 0x80 && page->units[*at - 0x80] == leadUnit;
-        at += leads ? DecodePair(*page, at, end).length : 1;
+        at += leads ? DecodePair(*page, page->pairs(), at, end).length : 1;
     }
     return static_cast<std::size_t>(at - start);
 }

@@ -91,6 +91,42 @@ def numbers(values):
     return ",".join(map(str, values))
 
 
+def packed(units):
+    """As code_page_shapes.h says."""
+    def count(is_one, most):
+        length = 0
+        while length < most and at + length < len(units) and is_one(units[at + length], length):
+            length += 1
+        return length
+
+    result, last, at = [], 0, 0
+    while at < len(units):
+        undefined = count(lambda unit, _: unit == UNDEFINED, 2048)
+        following = count(lambda unit, before: unit == last + 1 + before, 32)
+        distance = units[at] - last
+        if undefined:
+            result += [0x5F + undefined] if undefined <= 8 else [0x68 + (undefined - 1) // 256, (undefined - 1) % 256]
+            at += undefined
+            continue
+        if following:
+            result += [0x3F + following]
+        elif 2 <= distance <= 65:
+            result += [distance - 2]
+        elif -0x4000 <= distance < 0x4000:
+            result += [0x70 + (distance + 0x4000) // 256, (distance + 0x4000) % 256]
+        else:
+            result += [0xF0, units[at] // 256, units[at] % 256]
+        at += max(1, following)
+        last = units[at - 1]
+    return result
+
+
+def write_packed(file, name, unit_rows):
+    file.write("inline constexpr std::uint8_t %s[] = {\n" % name)
+    file.write(numbers(packed([unit for row in unit_rows for unit in row])))
+    file.write("\n};\n")
+
+
 def iconv_rows():
     """Charset and the bytes before the last one: the units from the first last byte on."""
     rows = {}
@@ -129,23 +165,17 @@ def write_euc(file, rows):
     trails = range(0xA1, 0xFF)
     hole = [UNDEFINED] * len(trails)
 
-    def write(name, unit_rows):
-        file.write("inline constexpr char16_t %s[] = {\n" % name)
-        for units in unit_rows:
-            file.write(numbers(units) + ",\n")
-        file.write("};\n")
-
     japanese = [[euc_jp_unit(bytes([lead, trail])) for trail in trails] for lead in range(0x8E, 0xFF)]
-    write("pairUnits%d" % EUC_JP, japanese)
-    write("longUnits%d" % EUC_JP,
-          [[one_unit(bytes([0x8F, row, cell]), ("euc_jp",)) for cell in trails] for row in trails])
+    write_packed(file, "pairUnits%d" % EUC_JP, japanese)
+    write_packed(file, "longUnits%d" % EUC_JP,
+                 [[one_unit(bytes([0x8F, row, cell]), ("euc_jp",)) for cell in trails] for row in trails])
     chinese = [rows.get(("EUC-TW", "%02x" % lead, 0xA1), hole) for lead in range(0x8E, 0xFF)]
-    write("pairUnits%d" % EUC_TW, chinese)
-    write("longUnits%d" % EUC_TW,
-          [rows.get(("EUC-TW", "8e%02x%02x" % (plane, row), 0xA1), hole) for plane in (0xA2, 0xA3) for row in trails])
-    file.write("inline constexpr LongSequences longSequences%d{0x8F, 0, 1, longUnits%d};\n" % (EUC_JP, EUC_JP))
-    file.write("inline constexpr LongSequences longSequences%d{0x8E, 0xA2, 2, longUnits%d};\n" % (EUC_TW, EUC_TW))
-    shape = "pairUnits%d, 142, 161, 94, &longSequences%d"
+    write_packed(file, "pairUnits%d" % EUC_TW, chinese)
+    write_packed(file, "longUnits%d" % EUC_TW,
+                 [rows.get(("EUC-TW", "8e%02x%02x" % (plane, row), 0xA1), hole) for plane in (0xA2, 0xA3) for row in trails])
+    file.write("inline constexpr LongSequences longSequences%d{0x8F, 0, 1, Unpacked<longUnits%d>};\n" % (EUC_JP, EUC_JP))
+    file.write("inline constexpr LongSequences longSequences%d{0x8E, 0xA2, 2, Unpacked<longUnits%d>};\n" % (EUC_TW, EUC_TW))
+    shape = "Unpacked<pairUnits%d>, 142, 161, 94, &longSequences%d"
     return [(EUC_JP, single_units(("euc_jp",), (0x8E, 0x8F, *EUC_LEADS)), shape % (EUC_JP, EUC_JP)),
             (EUC_TW, single_units(("ascii",), (0x8E, *EUC_LEADS)), shape % (EUC_TW, EUC_TW))]
 
@@ -154,14 +184,13 @@ def write_double_byte(file, rows):
     pages = []
     for page, (codecs, leads, first_trail, last_trail) in DOUBLE_BYTE.items():
         trails = range(first_trail, last_trail + 1)
-        file.write("inline constexpr char16_t pairUnits%d[] = {\n" % page)
+        unit_rows = []
         for lead in range(leads[0], leads[-1] + 1):
             pairs = [bytes([lead, trail]) for trail in trails] if lead in leads else []
-            row = [pair_unit(page, codecs, pair) for pair in pairs] or [UNDEFINED] * len(trails)
-            file.write(numbers(row) + ",\n")
-        file.write("};\n")
+            unit_rows.append([pair_unit(page, codecs, pair) for pair in pairs] or [UNDEFINED] * len(trails))
+        write_packed(file, "pairUnits%d" % page, unit_rows)
         additions = EURO_OF_936 if page == 936 else None
-        shape = "pairUnits%d, %d, %d, %d, nullptr" % (page, leads[0], first_trail, len(trails))
+        shape = "Unpacked<pairUnits%d>, %d, %d, %d, nullptr" % (page, leads[0], first_trail, len(trails))
         pages.append((page, single_units(codecs, leads, additions), shape))
         if page == 932:
             pages.append((10001, single_units(codecs, leads, MAC_JAPANESE), shape))
@@ -196,8 +225,8 @@ def write_four_byte_ranges(file):
 LAYOUT = """\
 //
 // singleBytePages: the units of bytes 80 to FF. controlLetters: pages with letters below 20.
-// pairUnitsN: of page N, a row of units for each lead byte, a unit for each trail byte.
-// longUnitsN: of page N's longer sequences, planes of 94 rows of 94 units.
+// pairUnitsN: of page N, packed, a row of units for each lead byte, a unit for each trail byte.
+// longUnitsN: of page N's longer sequences, packed, planes of 94 rows of 94 units.
 // doubleBytePages: the pages that these belong to. fourByteRanges, bmpFourBytes: GB18030.
 // U+FFFD is no character; code_page_shapes.h says the types.
 """
