@@ -116,6 +116,17 @@ TextPos CaretDown(TextLayouts& layouts, TextPos position, int x) {
     return after ? PositionAt(*after, {x, 0}) : position;
 }
 
+// By the breaks of the text: a long paragraph is laid out as several.
+TextPos ParagraphUp(TextLayouts& layouts, TextPos position) {
+    return layouts.Text().LastBreak(0, position - 1) + 1;
+}
+
+TextPos ParagraphDown(TextLayouts& layouts, TextPos position) {
+    const TextSource& text = layouts.Text();
+    const TextPos end = text.FirstBreak(position, text.Length());
+    return end < 0 ? text.Length() : end + 1;
+}
+
 TextPos CaretHome(TextLayouts& layouts, TextPos position) {
     const Place place(layouts, position);
     return LineStart(*place.layout, place.line);

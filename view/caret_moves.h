@@ -13,6 +13,10 @@ TextPos WordRight(TextLayouts& layouts, TextPos position);
 TextPos CaretUp(TextLayouts& layouts, TextPos position, int x);
 TextPos CaretDown(TextLayouts& layouts, TextPos position, int x);
 
+// To where the paragraph begins, or the one before; to where the next one begins, or the end.
+TextPos ParagraphUp(TextLayouts& layouts, TextPos position);
+TextPos ParagraphDown(TextLayouts& layouts, TextPos position);
+
 TextPos CaretHome(TextLayouts& layouts, TextPos position);
 TextPos CaretEnd(TextLayouts& layouts, TextPos position); // of the line
 

@@ -24,7 +24,8 @@ bool TextPane::Press(PaneKey key, bool extend, bool control) {
     const VerticalPos top = scroller_.Top();
     MoveCaret(*target, extend);
     if (shown) scroller_.ScrollTo(top);
-    if (page || key == PaneKey::Up || key == PaneKey::Down) preferredX_ = column;
+    const bool byLine = !control && (key == PaneKey::Up || key == PaneKey::Down);
+    if (page || byLine) preferredX_ = column;
     return true;
 }
 
@@ -35,8 +36,8 @@ std::optional<TextPos> TextPane::KeyTarget(PaneKey key, bool control) {
         return control ? WordRight(layouts_, caret_) : CaretRight(layouts_, caret_);
     case PaneKey::Home: return control ? 0 : CaretHome(layouts_, caret_);
     case PaneKey::End: return control ? text_->Length() : CaretEnd(layouts_, caret_);
-    case PaneKey::Up:
-    case PaneKey::Down:
+    case PaneKey::Up: return control ? ParagraphUp(layouts_, caret_) : VerticalTarget(key);
+    case PaneKey::Down: return control ? ParagraphDown(layouts_, caret_) : VerticalTarget(key);
     case PaneKey::PageUp:
     case PaneKey::PageDown:
         if (control) return std::nullopt;

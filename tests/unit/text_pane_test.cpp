@@ -84,6 +84,12 @@ TEST_CASE("text pane: keys move the caret") {
         {0, PaneKey::Down, false, 11},  {11, PaneKey::Up, false, 0},
         {27, PaneKey::Down, false, 28}, {28, PaneKey::Down, false, 29},
         {3, PaneKey::PageUp, false, 0}, {3, PaneKey::PageDown, false, 35},
+        {3, PaneKey::Down, true, 11},   {11, PaneKey::Down, true, 28},
+        {28, PaneKey::Down, true, 29},  {30, PaneKey::Down, true, 35},
+        {35, PaneKey::Down, true, 35},  {33, PaneKey::Up, true, 29},
+        {29, PaneKey::Up, true, 28},    {28, PaneKey::Up, true, 11},
+        {12, PaneKey::Up, true, 11},    {3, PaneKey::Up, true, 0},
+        {0, PaneKey::Up, true, 0},
     };
     PaneBench bench;
     bench.LoadPlainText(someLines);
@@ -93,7 +99,18 @@ TEST_CASE("text pane: keys move the caret") {
         CHECK(bench.Press(c.key, false, c.control) == c.to);
         CHECK(bench.SelLength() == 0);
     }
-    CHECK_FALSE(bench.Pane().Press(PaneKey::Up, false, true)); // is the window's
+    CHECK_FALSE(bench.Pane().Press(PaneKey::PageUp, false, true)); // is the window's
+}
+
+TEST_CASE("text pane: a paragraph that is laid out in pieces is passed as a whole") {
+    PaneBench bench;
+    const std::u16string dense(40'000, u'x'); // is laid out in many pieces
+    bench.LoadPlainText(u"one\n" + dense + u"\nthree");
+    bench.Select(2, 0);
+    CHECK(bench.Press(PaneKey::Down, true, true) == 4);
+    CHECK(bench.Press(PaneKey::Down, true, true) == 40'005);
+    CHECK(bench.SelLength() == 40'003);
+    CHECK(bench.Press(PaneKey::Up, false, true) == 4);
 }
 
 TEST_CASE("text pane: up and down keep the column, left and right do not") {
