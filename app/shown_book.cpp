@@ -77,9 +77,9 @@ void UpdateWindowTitle(MainForm& form) {
     // A title bar may show the system's own script only; a title in another one gives way to the
     // path.
     const int codePage = CharsetToCodePage(form.format.font.charset);
-    const bool titleWanted =
+    const bool usesTitle =
         CheckedItem(form.menu.mOptionsTitle) == 1 && codePage == ports.locale->AnsiCodePage();
-    const TitleMode mode = titleWanted ? TitleMode::BookTitle : TitleMode::Path;
+    const TitleMode mode = usesTitle ? TitleMode::BookTitle : TitleMode::Path;
     const BookRecord record = IsShownBookListed(form) ? form.history.Record(0) : BookRecord();
     const TitledBook book = TitledBookOf(record, form.book.path);
     ports.textView->SetName(AccessibleBookName(book, ports.files->Separator()));

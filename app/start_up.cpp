@@ -55,9 +55,9 @@ void TellWhyItEnds(MainForm& form, const std::u16string& text) {
 // A second instance hands its book to the first one, which comes to the front, and exits without a
 // message. A first instance that is exiting lets the second one take over.
 bool Claim(MainForm& form) {
-    constexpr int patience = 3000, betweenAttempts = 50; // milliseconds
-    constexpr int patienceWithEnd = maxPageWait + patience;
-    int limit = patience;
+    constexpr int timeout = 3000, betweenAttempts = 50; // milliseconds
+    constexpr int timeoutWithEnd = maxPageWait + timeout;
+    int limit = timeout;
     const std::u16string& title = form.messages.productTitle;
     for (int waited = 0;; waited += betweenAttempts) {
         const InstanceClaim claim = form.ports.shell->ClaimDataFile(form.DataFilePath);
@@ -70,7 +70,7 @@ bool Claim(MainForm& form) {
         const HandOver answer = form.ports.shell->HandOverBook(
             form.DataFilePath, form.ports.launch.commandLine, limit - waited);
         if (answer == HandOver::Taken) return false;
-        if (answer == HandOver::Refused) limit = patienceWithEnd;
+        if (answer == HandOver::Refused) limit = timeoutWithEnd;
         if (answer == HandOver::NoAnswer || waited + betweenAttempts >= limit) {
             TellWhyItEnds(form, title + u" is running already, but does not answer. Try again when "
                                         u"it has finished what it is doing, or end it.");

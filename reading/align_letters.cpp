@@ -96,8 +96,8 @@ LetterAlignment AlignLetters(std::u16string_view letters, std::size_t split,
         static_cast<std::size_t>(std::clamp(way.split, 0, static_cast<int>(stretch.size())));
     found.costBefore = way.costAtSplit;
     found.costAfter = way.cost - way.costAtSplit;
-    const std::size_t most = std::min(split, found.split);
-    while (found.sameBefore < most &&
+    const std::size_t maxCount = std::min(split, found.split);
+    while (found.sameBefore < maxCount &&
            letters[split - 1 - found.sameBefore] == stretch[found.split - 1 - found.sameBefore])
         ++found.sameBefore;
     while (split + found.sameAfter < letters.size() &&

@@ -27,14 +27,14 @@ TextPos UsualStylePosition(const LayoutContext& context) {
         TextPos length = 0, first = 0;
     };
     std::map<std::uint32_t, Use> uses;
-    const Use* most = nullptr;
+    const Use* longest = nullptr;
     for (std::size_t i = 0; i < std::min(runs.size(), maxRuns); ++i) {
         const TextPos end = i + 1 < runs.size() ? runs[i + 1].start : context.text->Length();
         Use& use = uses.try_emplace(runs[i].style, Use{0, runs[i].start}).first->second;
         use.length += end - runs[i].start;
-        if (!most || use.length > most->length) most = &use;
+        if (!longest || use.length > longest->length) longest = &use;
     }
-    return most ? most->first : 0;
+    return longest ? longest->first : 0;
 }
 
 StyleHandle UsualStyle(const LayoutContext& context) {

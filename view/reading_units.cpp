@@ -99,9 +99,9 @@ ReadingUnits::Move ReadingUnits::MoveBy(TextPos from, ReadingUnit unit, int coun
     const bool forward = count > 0;
     const std::int64_t asked = std::abs(static_cast<std::int64_t>(count));
     const bool isLaidOut = unit == ReadingUnit::Line || unit == ReadingUnit::Page;
-    const std::int64_t most = isLaidOut ? std::min<std::int64_t>(asked, maxLines) : asked;
+    const std::int64_t maxUnits = isLaidOut ? std::min<std::int64_t>(asked, maxLines) : asked;
     Move move{from, 0};
-    while (move.units < most && std::abs(move.position - from) < maxReadingReach) {
+    while (move.units < maxUnits && std::abs(move.position - from) < maxReadingReach) {
         const TextPos to = forward ? Next(move.position, unit) : Previous(move.position, unit);
         if (to == move.position) break;
         move.position = to;
@@ -114,8 +114,8 @@ ReadingUnits::Move ReadingUnits::MoveBy(TextPos from, ReadingUnit unit, int coun
     return move;
 }
 
-std::u16string ReadableText(const ReadablePane& pane, TextSpan span, TextPos most) {
-    const TextPos length = std::min(span.end - span.start, most);
+std::u16string ReadableText(const ReadablePane& pane, TextSpan span, TextPos maxLength) {
+    const TextPos length = std::min(span.end - span.start, maxLength);
     std::u16string text = pane.Source().Range(span.start, span.start + length);
     const bool isCut = length < span.end - span.start;
     if (isCut && !text.empty() && IsHighSurrogate(text.back()) &&

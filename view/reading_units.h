@@ -56,4 +56,4 @@ class ReadingUnits {
 // As many units as the text has there, up to `most`, which cuts no pair of surrogates. Line breaks
 // become line feeds and ends of cells tabs.
 std::u16string ReadableText(const ReadablePane& pane, TextSpan span,
-                            TextPos most = maxReadingReach);
+                            TextPos maxLength = maxReadingReach);

@@ -123,8 +123,8 @@ bool TextPane::UpdateResolution() {
 void TextPane::UpdateLayoutSize() {
     const bool sameScreen = !UpdateResolution();
     width_ = window_.Room().width;
-    const int least = int(minMargin * context_.pixelsPerTwip * twipsPerInch / unitsPerInch);
-    margin_ = std::max(least, width_ / marginDivisor);
+    const int minWidth = int(minMargin * context_.pixelsPerTwip * twipsPerInch / unitsPerInch);
+    margin_ = std::max(minWidth, width_ / marginDivisor);
     const int room = std::max(1, width_ - 2 * margin_);
     const int breakWidth = BreakWidth(room), viewWidth = std::min(room, breakWidth);
     const int columnWidth = ColumnWidth(viewWidth);

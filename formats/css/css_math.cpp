@@ -27,12 +27,12 @@ class MathReader {
   private:
     std::optional<Type> ReadArguments(const CssToken& name, CssTokenStream& arguments) {
         if (name.IsFunction(u"clamp")) {
-            const auto least = ReadSum(arguments), wanted = ReadNext(arguments, least);
-            const auto most = ReadNext(arguments, wanted);
-            if (!most) return std::nullopt;
+            const auto min = ReadSum(arguments), wanted = ReadNext(arguments, min);
+            const auto max = ReadNext(arguments, wanted);
+            if (!max) return std::nullopt;
             Add(Step::Min);
-            Add(Step::Max); // the least one wins
-            return most;
+            Add(Step::Max); // min wins over max
+            return max;
         }
         std::optional<Type> type = ReadSum(arguments);
         const bool isMin = name.IsFunction(u"min");
@@ -128,14 +128,14 @@ Sum Smaller(const Sum& left, const Sum& right, const CssLengthBase& base, bool s
 }
 
 CssValue ValueOf(const Sum& sum) {
-    constexpr float most = 32'767;
+    constexpr float max = 32'767;
     if (sum.isNumber) return CssValue::Number(ClampCssPixels(sum.number));
     if (sum.percent == 0) return CssValue::Pixels(ClampCssPixels(sum.pixels));
     if (sum.pixels == 0) return CssValue::Percent(sum.percent);
     CssValue value = CssValue::OfKind(CssValue::Kind::Sum);
     value.number = ClampCssPixels(sum.pixels);
     value.keyword =
-        static_cast<std::uint16_t>(std::lround(std::clamp(sum.percent * 100, -most, most)));
+        static_cast<std::uint16_t>(std::lround(std::clamp(sum.percent * 100, -max, max)));
     return value;
 }
 

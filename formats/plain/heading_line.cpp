@@ -60,8 +60,9 @@ int RomanNumber(std::u16string_view text) {
     std::u16string_view rest = text;
     int value = 0;
     for (const auto& part : parts) {
-        const int most = part.digits == u"C" || part.digits == u"X" || part.digits == u"I" ? 3 : 1;
-        for (int i = 0; i < most && rest.starts_with(part.digits); ++i) {
+        const int maxCount =
+            part.digits == u"C" || part.digits == u"X" || part.digits == u"I" ? 3 : 1;
+        for (int i = 0; i < maxCount && rest.starts_with(part.digits); ++i) {
             rest.remove_prefix(part.digits.size());
             value += part.value;
         }

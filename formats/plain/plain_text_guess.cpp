@@ -52,8 +52,8 @@ std::size_t LatinUnitsOfUtf16(std::string_view sample, ByteOrder order) {
 // A word or two, which have no blank and no line end: the letters of one script all have the same
 // byte, which is a control character by itself (Greek to Arabic).
 bool IsWordOfUtf16(std::string_view bytes, ByteOrder order) {
-    constexpr std::size_t longest = 64; // bytes
-    if (bytes.size() < 4 || bytes.size() > longest || bytes.size() % 2 != 0) return false;
+    constexpr std::size_t maxSize = 64; // bytes
+    if (bytes.size() < 4 || bytes.size() > maxSize || bytes.size() % 2 != 0) return false;
     const std::size_t upper = order == ByteOrder::LittleEndian ? 1 : 0;
     for (std::size_t i = upper; i < bytes.size(); i += 2)
         if (bytes[i] < 3 || bytes[i] > 6 || bytes[i] != bytes[upper]) return false;
@@ -90,9 +90,9 @@ bool IsUtf32(std::string_view sample, ByteOrder order) {
 } // namespace
 
 std::optional<ByteOrder> GuessUtf32(std::string_view bytes) {
-    constexpr std::size_t least = 16; // bytes
+    constexpr std::size_t minSize = 16; // bytes
     const std::string_view sample = bytes.substr(0, 64 * 1024);
-    if (sample.size() < least || sample.find('\0') == sample.npos) return std::nullopt;
+    if (sample.size() < minSize || sample.find('\0') == sample.npos) return std::nullopt;
     for (const ByteOrder order : {ByteOrder::LittleEndian, ByteOrder::BigEndian})
         if (IsUtf32(sample, order)) return order;
     return std::nullopt;

@@ -7,9 +7,9 @@
 #include "formats/codepages/charset_names.h"
 #include "formats/codepages/charsets.h"
 #include "formats/codepages/code_pages.h"
+#include "formats/plain/distinctive_line.h"
 #include "formats/plain/plain_text_guess.h"
 #include "formats/plain/plain_text_source.h"
-#include "formats/plain/telling_line.h"
 
 #include <algorithm>
 
@@ -145,7 +145,7 @@ std::vector<CharsetReading> CharsetReadings(const FileReader& file, int systemPa
     if (MarkedForm(samples[0]) || std::ranges::all_of(samples, IsAscii)) return {};
 
     std::vector<int> pages = LikeliestPages(samples, systemPage);
-    const std::string line = TellingLine(samples, FormOfPage(pages[0]));
+    const std::string line = DistinctiveLine(samples, FormOfPage(pages[0]));
     std::vector<CharsetReading> readings;
     readings.reserve(pages.size());
     for (const int page : pages)

@@ -77,9 +77,9 @@ bool PlainTextSource::MarkPieces(bool onlyUtf8) {
     bool ascii = true, cut = false; // within a sequence, whose bytes may be in several pieces
     marks_.clear();
     while (mark.byte < size) {
-        const auto most =
+        const auto count =
             static_cast<std::size_t>(std::min<std::uint64_t>(buffer.size(), size - mark.byte));
-        const std::string_view bytes(buffer.data(), file_->ReadAt(mark.byte, buffer.data(), most));
+        const std::string_view bytes(buffer.data(), file_->ReadAt(mark.byte, buffer.data(), count));
         if (bytes.empty()) break; // the file has become shorter
         const std::string_view piece = bytes.substr(0, PieceEnd(form_, bytes, pieceBytes_));
         const PieceMeasure measure = Measure(form_, piece);

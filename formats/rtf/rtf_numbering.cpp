@@ -11,8 +11,8 @@ namespace {
 
 // After z follows aa, then bb.
 std::u16string LetterText(std::int32_t number, char16_t first) {
-    constexpr std::int32_t letters = 26, mostInRow = 8;
-    if (number <= 0 || number > letters * mostInRow) return NumberText(number);
+    constexpr std::int32_t letters = 26, maxInRow = 8;
+    if (number <= 0 || number > letters * maxInRow) return NumberText(number);
     return std::u16string(static_cast<std::size_t>((number - 1) / letters + 1),
                           static_cast<char16_t>(first + (number - 1) % letters));
 }

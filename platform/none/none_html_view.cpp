@@ -63,7 +63,7 @@ void NoneHtmlView::FinishZoom(int scrollTop) {
 
 bool NoneHtmlView::Ask() {
     ++questions;
-    if (whileAsked) whileAsked();
+    if (whileWaiting) whileWaiting();
     return answers && !dead_ && HasBody();
 }
 
@@ -133,7 +133,7 @@ PageSelection NoneHtmlView::Selection() const {
 }
 
 void NoneHtmlView::PrepareToClose() {
-    if (!std::exchange(closing, true) && whileAsked) whileAsked();
+    if (!std::exchange(closing, true) && whileWaiting) whileWaiting();
 }
 
 void NoneHtmlView::SettleTop() {

@@ -26,11 +26,11 @@ class NoneHtmlView : public HtmlView {
     std::map<std::u16string, NonePage> pages; // by path
     int lineHeight = LineHeight;              // in another font
     bool hasBrowser = true, hasBothEngines = false;
-    PrintAnswer printAnswer;          // of a page that is not shown by the browser's engine
-    bool answers = true;              // false: every question runs out of time
-    std::function<void()> whileAsked; // what happens around while a question or the end waits
-    void ShowPage();                  // the one navigated to last; it can be scrolled
-    void FinishLoading();             // of it, which is shown by then at the latest
+    PrintAnswer printAnswer;            // of a page that is not shown by the browser's engine
+    bool answers = true;                // false: every question runs out of time
+    std::function<void()> whileWaiting; // what happens around while a question or the end waits
+    void ShowPage();                    // the one navigated to last; it can be scrolled
+    void FinishLoading();               // of it, which is shown by then at the latest
     void Die();
     bool isMeasured = true;         // false: where the page is is not exact until `SettleTop`
     bool isTooLong = false;         // and not after it either

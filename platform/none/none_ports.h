@@ -171,11 +171,11 @@ class NoneShell : public Shell {
     }
     HandOver HandOverBook(const std::u16string&, const std::u16string& book, int ms) override {
         handedOver.push_back(book);
-        patience = ms;
+        timeout = ms;
         return handOverAnswer;
     }
     std::vector<std::u16string> handedOver;
-    int patience = 0; // milliseconds, of the last time
+    int timeout = 0; // milliseconds, of the last time
     HandOver handOverAnswer = HandOver::Taken;
     std::vector<std::pair<std::u16string, std::u16string>> started;
     std::vector<std::u16string> opened, openedFiles, recent;

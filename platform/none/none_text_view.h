@@ -24,7 +24,7 @@ class NoneTextView : public TextView {
     std::string SelectionAsRtf() const override;
 
     TextPos FirstVisibleChar() const override {
-        ++topsAsked;
+        ++topQueries;
         return LineAround(anchor_).start;
     }
     LineSpan LineAround(TextPos position) const override;
@@ -68,7 +68,7 @@ class NoneTextView : public TextView {
     std::function<void()> whileFinding;              // when set, a search is given up after it
     mutable std::vector<CursorShape> cursorsOfFinds; // shown during each search
     mutable int visits = 0;                          // how often the text was handed over
-    mutable int topsAsked = 0;                       // each takes a layout
+    mutable int topQueries = 0;                      // each takes a layout
 
     // What was asked, for tests.
     int loads = 0, scrolls = 0, fontApplications = 0;

@@ -60,7 +60,7 @@ class StandInBench final : public HtmlViewBench {
     ~StandInBench() override { CloseWindow(); }
 
     HtmlView& View() override { return view_; }
-    void LetEventsCome() override {
+    void ProcessEvents() override {
         if (engine_.IsLoading()) engine_.FinishLoading();
         MSG message;
         while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))

@@ -37,7 +37,7 @@ TEST_CASE("file watch contract: a file that is written, replaced, removed and ma
         Calls calls(test.Port());
         test.Port().Watch(path);
         CHECK(test.Port().SeesAllChanges());
-        const auto isTold = [&] {
+        const auto isReported = [&] {
             const int before = std::exchange(calls.count, 0);
             CAPTURE(before);
             return test.Becomes([&] { return calls.count > 0; });
@@ -45,20 +45,20 @@ TEST_CASE("file watch contract: a file that is written, replaced, removed and ma
         for (int round = 0; round < 2; ++round) { // also the file that took the place
             test.Write(path, "two, written in place");
             CHECK(calls.count == 0); // never from within
-            CHECK(isTold());
+            CHECK(isReported());
             WaitForOthers(test);
             calls.count = 0;
             test.Replace(path, "three");
-            CHECK(isTold());
+            CHECK(isReported());
             WaitForOthers(test);
             calls.count = 0;
         }
         test.Remove(path);
-        CHECK(isTold());
+        CHECK(isReported());
         WaitForOthers(test);
         calls.count = 0;
         test.Write(path, "four");
-        CHECK(isTold());
+        CHECK(isReported());
         CHECK(test.Port().SeesAllChanges());
     });
 }

@@ -95,7 +95,7 @@ void CheckOpening(FilesUnderTest& test) {
     CHECK(ReadPart(*reader, ~std::uint64_t{0} >> 1, 1).empty());
     CHECK(ReadPart(*reader, 3, 0).empty());
 
-    test.TakeThePlaceOf(file, "other"); // the reader keeps to the file it was given
+    test.ReplaceAsAnotherProgram(file, "other"); // the reader keeps to the file it was given
     CHECK(ReadPart(*reader, 2, 3) == "234");
     for (const std::u16string& path : {test.Root(), test.Path(u"none"), test.Path(u"?")}) {
         CHECK_FALSE(files.Open(path, status));
@@ -168,7 +168,7 @@ void CheckVersions(FilesUnderTest& test) {
     CHECK(files.Version(file) != second);
 }
 
-void CheckStamps(FilesUnderTest& test) {
+void CheckFileTimes(FilesUnderTest& test) {
     Files& files = test.Port();
     const std::u16string file = test.Path(u"a.dat");
     REQUIRE(files.Replace(file, "1", WriteTime::Now));
@@ -209,6 +209,6 @@ void CheckFilesContract(FilesUnderTest& test) {
         CheckVersions(test);
     }
     SUBCASE("stamps") {
-        CheckStamps(test);
+        CheckFileTimes(test);
     }
 }

@@ -19,7 +19,7 @@ class FilesUnderTest {
     virtual bool IsReadOnly(const std::u16string& file) = 0;
     virtual std::vector<std::u16string> NamesIn(const std::u16string& folder) = 0; // sorted
     // As another program does it that saves a file of this name.
-    virtual void TakeThePlaceOf(const std::u16string& file, std::string_view bytes) {
+    virtual void ReplaceAsAnotherProgram(const std::u16string& file, std::string_view bytes) {
         REQUIRE(Port().Replace(file, bytes, WriteTime::Now));
     }
     // False where the system makes up a creation time from the others.

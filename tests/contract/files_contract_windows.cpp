@@ -32,7 +32,7 @@ class WinUnderTest : public FilesUnderTest {
         return names;
     }
     // Not every Windows puts a file in the place of one that is being read.
-    void TakeThePlaceOf(const std::u16string& file, std::string_view bytes) override {
+    void ReplaceAsAnotherProgram(const std::u16string& file, std::string_view bytes) override {
         REQUIRE(MoveFileW(ToWide(file).c_str(), ToWide(file + u".old").c_str()));
         REQUIRE(files_.Replace(file, bytes, WriteTime::Now));
     }

@@ -10,11 +10,11 @@ class NoneHtmlBench : public HtmlViewBench {
         view_.onKey = [this](int code, int shift) { keysDown.emplace_back(code, shift); };
     }
     HtmlView& View() override { return view_; }
-    void LetEventsCome() override { view_.LetEventsCome(); }
+    void ProcessEvents() override { view_.ProcessEvents(); }
     void Press(int keyCode, int shift) override { view_.Press(keyCode, shift); }
     void CloseWindow() override { // by an event after those that are on their way
         for (int i = 0; i < 10; ++i)
-            LetEventsCome();
+            ProcessEvents();
     }
     bool HasEngine() override { return false; }
     void KillEngine() override {}

@@ -26,7 +26,7 @@ class OwnHtmlBench final : public HtmlViewBench {
     void KillEngine() override {}
     double PixelRatio() override { return 1; }
 
-    void LetEventsCome() override {
+    void ProcessEvents() override {
         MSG message;
         while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
             if (message.message == WM_QUIT || window_.PreTranslateMessage(message)) continue;
@@ -36,7 +36,7 @@ class OwnHtmlBench final : public HtmlViewBench {
         MsgWaitForMultipleObjects(0, nullptr, FALSE, 5, QS_ALLINPUT);
     }
     void CloseWindow() override { // by a message after those that are on their way
-        LetEventsCome();
+        ProcessEvents();
         window_.Close();
     }
     void Press(int keyCode, int shift) override {

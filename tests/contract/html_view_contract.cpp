@@ -48,11 +48,11 @@ void PageTest::Open(std::string_view body, std::string_view head) {
     REQUIRE(WaitFor([this] { return !loaded.empty() && loaded.back().first == page; }));
 }
 
-bool PageTest::WaitFor(const std::function<bool()>& condition, std::chrono::seconds longest) const {
-    const auto end = std::chrono::steady_clock::now() + longest;
+bool PageTest::WaitFor(const std::function<bool()>& condition, std::chrono::seconds timeout) const {
+    const auto end = std::chrono::steady_clock::now() + timeout;
     while (!condition()) {
         if (std::chrono::steady_clock::now() > end) return false;
-        bench.LetEventsCome();
+        bench.ProcessEvents();
     }
     return true;
 }

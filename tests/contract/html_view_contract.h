@@ -20,7 +20,7 @@ class HtmlViewBench {
   public:
     virtual ~HtmlViewBench() = default;
     virtual HtmlView& View() = 0; // 600 x 400 pixels, shown, with the keyboard
-    virtual void LetEventsCome() = 0;
+    virtual void ProcessEvents() = 0;
     virtual void Press(int keyCode, int shift) = 0; // a key down and up, as by the user
     virtual void CloseWindow() = 0;
     // Whether another process, or a part of the system, shows the page. Then there are frames, too.
@@ -59,7 +59,7 @@ class PageTest {
     void Open(std::string_view body, std::string_view head = "");
     // False when the time is over.
     bool WaitFor(const std::function<bool()>& condition,
-                 std::chrono::seconds longest = std::chrono::seconds(10)) const;
+                 std::chrono::seconds timeout = std::chrono::seconds(10)) const;
     // Lets all orders given so far take place.
     void Settle() { view.TextsOf({{0, 1}}); }
     std::u16string Text(PageSpan span = {0, 1 << 30});

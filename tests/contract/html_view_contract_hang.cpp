@@ -80,8 +80,8 @@ TEST_CASE("html view: while a new size takes its time, size and place stay those
         test.bench.HangEngine(true);
         for (int i = 0; i < 6; ++i) {
             test.view.SendZoomKey(true);
-            test.bench.LetEventsCome(); // in which the view asks for what it keeps
-            test.bench.LetEventsCome();
+            test.bench.ProcessEvents(); // in which the view asks for what it keeps
+            test.bench.ProcessEvents();
             CHECK(test.view.ZoomSteps() == 0);
             CHECK(test.view.ScrollTop() == 1500);
         }

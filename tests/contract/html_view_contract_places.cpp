@@ -314,7 +314,7 @@ TEST_CASE("html view: frames of the folder show, others and redirections do not"
         test.view.SelectAll();
         CHECK(test.view.SelectedText() == u"outer");
         for (int i = 0; i < 50; ++i)
-            test.bench.LetEventsCome();
+            test.bench.ProcessEvents();
         CHECK(test.loaded.size() == loads);
         CHECK(test.links.empty());
         CHECK(test.Text() == u"outer");

@@ -25,11 +25,11 @@ class HelperRun {
 
     // Waits, with a deadline, and forgets what was said before.
     std::wstring Answer() {
-        constexpr ULONGLONG patience = 20'000; // milliseconds
+        constexpr ULONGLONG timeout = 20'000; // milliseconds
         const ULONGLONG start = GetTickCount64();
         std::string bytes;
         while (WinFiles().Read(FromWide(output_), 1u << 20, bytes) != ReadStatus::Ok) {
-            REQUIRE(GetTickCount64() - start < patience);
+            REQUIRE(GetTickCount64() - start < timeout);
             SwitchToThread();
         }
         DeleteFileW(output_.c_str());

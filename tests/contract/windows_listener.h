@@ -10,7 +10,7 @@ class Listener {
     std::string Address() const {
         return "http://127.0.0.1:" + std::to_string(server_.Port()) + "/";
     }
-    bool WasAsked() const { return server_.Connections() > 0; }
+    bool WasContacted() const { return server_.Connections() > 0; }
 
   private:
     LoopbackServer server_{[](const LoopbackConnection&, const std::string&) {}};

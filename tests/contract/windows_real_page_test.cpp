@@ -162,5 +162,5 @@ TEST_CASE("real page: runs nothing, fetches nothing and goes nowhere") {
     CHECK(real.view.Title() == u"Still");
     CHECK(real.loaded.size() == 1);
     CHECK(real.links.empty());
-    CHECK_FALSE(listener.WasAsked());
+    CHECK_FALSE(listener.WasContacted());
 }

@@ -66,7 +66,7 @@ TEST_CASE("remote blocker: files of the book's folder load, others and other mac
         const std::string address = listener.Address();
         const std::wstring server(address.begin(), address.end());
         CHECK(ReadAddress(server) == "refused");
-        CHECK_FALSE(listener.WasAsked());
+        CHECK_FALSE(listener.WasContacted());
         CHECK(ReadAddress(L"file://norvaset.invalid/share/a.png") == "refused");
     }
     for (const std::wstring& address : {url, below, beside, above})

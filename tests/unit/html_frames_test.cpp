@@ -31,7 +31,7 @@ TEST_CASE("html frames: the view shows the links, which can be followed") {
     view.onLink = [&](const std::u16string&, const std::u16string& path) { paths.push_back(path); };
     const auto settle = [&] {
         for (int i = 0; i < 10; ++i)
-            view.LetEventsCome();
+            view.ProcessEvents();
     };
     view.Navigate(u"/book/index.htm", 1);
     settle();

@@ -216,7 +216,7 @@ TEST_CASE("html order: marks without an answer keep their names at their places"
     TwoPages test;
     test.Page().FinishLoading();
     test.Page().Select({10, 6});
-    test.Page().whileAsked = [&] {
+    test.Page().whileWaiting = [&] {
         // The mark's own text is told, the captions of the list are not.
         if (test.Record(0)[Field::Marks] == u"10,6|20,4") test.Page().answers = false;
     };
@@ -231,7 +231,7 @@ TEST_CASE("html order: while a question waits nothing else starts") {
     TwoPages test;
     test.Page().FinishLoading();
     test.Page().Select({49, 6});
-    test.Page().whileAsked = [&] {
+    test.Page().whileWaiting = [&] {
         test.Press('O', CtrlKey);
         test.Menus().Click(test.Menu().mFileList, 1);
         test.Autosave();
@@ -251,7 +251,7 @@ TEST_CASE("html order: a zoom key of the user counts also while a question waits
     test.Page().FinishLoading();
     test.DeliverZoomKeys();
     test.Page().Select({50, 6});
-    test.Page().whileAsked = [&] { test.Press(PlusKey, CtrlKey); };
+    test.Page().whileWaiting = [&] { test.Press(PlusKey, CtrlKey); };
     test.Choose(test.Menu().mEdit, test.Menu().mEditCopy);
     test.Autosave();
     CHECK(test.Record(0)[Field::FontSize] == u"2");
@@ -263,7 +263,7 @@ TEST_CASE("html order: the window closes while a question waits") {
     test.Page().Select({90, 4});
     test.Choose(test.Menu().mBookmark, test.Menu().mBookmarkNew);
     test.Page().ScrollByHand(1600);
-    test.Page().whileAsked = [&] {
+    test.Page().whileWaiting = [&] {
         if (test.Page().closing) return;
         test.Page().answers = false;
         test.Close();
@@ -290,7 +290,7 @@ TEST_CASE("html order: the window closes while a question waits") {
 
 TEST_CASE("html order: the window closes while the captions of a page just loaded are asked for") {
     TwoPages test;
-    test.Page().whileAsked = [&] { test.Close(); };
+    test.Page().whileWaiting = [&] { test.Close(); };
     test.Page().FinishLoading();
     CHECK(test.Page().questions == 1);
     CHECK(test.DataFile().find("=1200=6=A Page=20,4") != std::string::npos);

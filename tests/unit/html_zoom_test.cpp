@@ -22,8 +22,8 @@ struct Zooming : HtmlForm {
         return Record(index)[Field::FontSize] + u" at " + Record(index)[Field::LastPos];
     }
     // The page settles while it is asked something, as a question comes after all orders.
-    void SettleWhenAsked(int scrollTop) {
-        Page().whileAsked = [this, scrollTop] { Page().FinishZoom(scrollTop); };
+    void SettleWhileWaiting(int scrollTop) {
+        Page().whileWaiting = [this, scrollTop] { Page().FinishZoom(scrollTop); };
     }
 };
 } // namespace
@@ -67,7 +67,7 @@ TEST_CASE("html zoom: before a page is left its size settles") {
     for (const bool answers : {true, false})
         for (const auto& leave : ways) {
             Zooming test;
-            if (answers) test.SettleWhenAsked(900);
+            if (answers) test.SettleWhileWaiting(900);
             test.Page().answers = answers;
             test.Press(PlusKey, CtrlKey);
             leave(test);

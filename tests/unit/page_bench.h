@@ -31,7 +31,7 @@ class PageBench {
         };
         view.Navigate(path, 1);
         for (int i = 0; i < 10; ++i)
-            view.LetEventsCome();
+            view.ProcessEvents();
         REQUIRE(isLoaded);
     }
     void Resize(int width) {

@@ -178,7 +178,7 @@ TEST_CASE("page engine: a file that has gone leaves the page as it is") {
 TEST_CASE("page engine: a page that is closed while it is asked stays where it was") {
     TwoEngines test;
     test.Page().Select({line22, 4});
-    test.Page().whileAsked = [&] { test.Window().Close(); };
+    test.Page().whileWaiting = [&] { test.Window().Close(); };
     test.Press('B', CtrlKey | ShiftKey);
     CHECK(test.Page().navigations.size() == 1);
 }

@@ -16,7 +16,7 @@ class PagePaneBench : public PaneHtmlView {
 
     PagePane& Pane() const override { return pane_; }
     // One event or load, and what runs in the meantime.
-    void LetEventsCome() {
+    void ProcessEvents() {
         for (const PaneTimer timer : std::set(window.timers))
             pane_.OnTimer(timer);
         RunPosted();

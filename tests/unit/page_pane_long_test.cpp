@@ -76,7 +76,7 @@ TEST_CASE("page pane: a match far down is shown without a layout of what is abov
     CHECK(bench.view.Selection().top >= 0);
     CHECK(bench.view.Selection().top < 400);
     const int shown = bench.view.Selection().top;
-    bench.view.LetEventsCome();
+    bench.view.ProcessEvents();
     CHECK(bench.view.Selection().top == shown);
 }
 
@@ -87,7 +87,7 @@ TEST_CASE("page pane: a long page that scrolls by itself goes on from where it i
     for (int i = 0; i < 100; ++i) {
         bench.view.ScrollDown(4);
         bench.view.Painted();
-        bench.view.LetEventsCome();
+        bench.view.ProcessEvents();
     }
     CHECK(bench.view.StartAtTop() > before);
     CHECK(bench.view.StartAtTop() - before < 400 / 16 * 75);

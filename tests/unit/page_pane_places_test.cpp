@@ -35,7 +35,7 @@ TEST_CASE(
     "page pane: words are brought to the top in another width, and not further back each time") {
     PageBench bench(Paragraphs(300));
     bench.view.ScrollTo(0, 9000);
-    bench.view.LetEventsCome();
+    bench.view.ProcessEvents();
     const PageTop top = bench.view.Top();
     CHECK(top.above > 0);
     CHECK(top.before.ends_with(bench.view.TextsOf({{top.start - 20, 20}})[0]));
@@ -47,7 +47,7 @@ TEST_CASE(
         other.Resize(width);
         other.view.BringToTop(kept);
         for (int i = 0; i < 100; ++i)
-            other.view.LetEventsCome();
+            other.view.ProcessEvents();
         kept = other.view.Top();
         CHECK(kept.start == top.start);
         CHECK(other.view.StartAtTop() <= top.start);
@@ -60,13 +60,13 @@ TEST_CASE(
     "page pane: the pixel, where it is the same line, also in a window that gets its size late") {
     PageBench bench(Paragraphs(300));
     bench.view.ScrollTo(0, 9005);
-    bench.view.LetEventsCome();
+    bench.view.ProcessEvents();
     const PageTop top = bench.view.Top();
     REQUIRE(top.offset == 9005);
     PageBench late(Paragraphs(300));
     late.Resize(700);
     late.view.BringToTop(top);
-    late.view.LetEventsCome();
+    late.view.ProcessEvents();
     late.view.Painted();
     CHECK(late.view.ScrollTop() != 9005);
     late.Resize(600);
@@ -83,13 +83,13 @@ TEST_CASE("page pane: words far down are shown at once, their pixel when it is e
     CHECK(fresh.view.StartAtTop() == far.start);
     CHECK(fresh.view.Top().start == far.start);
     while (!fresh.view.window.timers.empty())
-        fresh.view.LetEventsCome();
+        fresh.view.ProcessEvents();
     const PageTop exact = fresh.view.Top();
     CHECK(exact.offset > 100'000);
     PageBench again(Paragraphs(20'000));
     again.view.BringToTop(exact);
     CHECK(again.view.StartAtTop() == far.start);
-    again.view.LetEventsCome();
+    again.view.ProcessEvents();
     const PageTop now = again.view.Top(); // as it was asked for, or reached
     CHECK((now.offset == exact.offset || now.offset == -1));
     CHECK(now.start == exact.start);
@@ -141,7 +141,7 @@ TEST_CASE(
         PageBench bench(source);
         bench.view.ScrollTo(0, 300'000);
         for (int i = 0; i < 500; ++i)
-            bench.view.LetEventsCome();
+            bench.view.ProcessEvents();
         bench.view.Painted();
         const int before = bench.view.Pane().LayoutsMade();
         CHECK_FALSE(bench.view.Pane().IsLink({100, 100}));

@@ -10,13 +10,13 @@ TEST_CASE("page pane: a link is followed where it is pressed and let go, and is 
     CHECK_FALSE(pane.IsLink(word));
     pane.Click(link, 1, false);
     pane.EndDrag();
-    bench.view.LetEventsCome();
+    bench.view.ProcessEvents();
     CHECK(bench.links == std::vector<std::u16string>{u"http://a.b/c"});
     pane.Click(link, 1, false);
     pane.DragTo(word);
     pane.EndDrag();
     for (int i = 0; i < 5; ++i)
-        bench.view.LetEventsCome();
+        bench.view.ProcessEvents();
     CHECK(bench.links.size() == 1);
     CHECK(bench.view.SelectedText() == u"me words a ");
 }
@@ -73,7 +73,7 @@ TEST_CASE("page pane: a file that is not there is reported in the page's place")
     PagePaneBench view(files);
     view.Navigate(u"/nowhere.htm", 1);
     for (int i = 0; i < 5; ++i)
-        view.LetEventsCome();
+        view.ProcessEvents();
     CHECK_FALSE(view.HasBody());
     CHECK(view.notice == u"This book cannot be loaded.");
     view.Clear();
@@ -156,7 +156,7 @@ TEST_CASE("page pane: Tab goes to the link after the view without a layout of th
     CHECK(bench.view.Pane().FocusLink(true));
     CHECK(bench.view.Pane().LayoutsMade() - before < 100);
     CHECK(bench.view.Pane().FollowFocusedLink());
-    bench.view.LetEventsCome();
+    bench.view.ProcessEvents();
     REQUIRE(bench.links.size() == 1);
     CHECK(bench.links[0].ends_with(u"x2500"));
 }

@@ -19,7 +19,7 @@ class ReadPage {
         view = std::make_unique<PagePaneBench>(files, width, height);
         view->Navigate(path, 1);
         for (int i = 0; i < 10; ++i)
-            view->LetEventsCome();
+            view->ProcessEvents();
         REQUIRE(Pane().Page());
     }
     PagePane& Pane() { return view->Pane(); }
@@ -151,13 +151,13 @@ TEST_CASE("page reading: the page's structure") {
     };
     page.Pane().FollowObject(0); // no link
     page.Pane().FollowObject(1);
-    page.view->LetEventsCome();
+    page.view->ProcessEvents();
     REQUIRE(links.size() == 1);
     CHECK(links[0].ends_with(u"b.htm"));
     const int version = page.Pane().ObjectsVersion();
     page.view->SendZoomKey(true);
-    page.view->LetEventsCome();
-    page.view->LetEventsCome();
+    page.view->ProcessEvents();
+    page.view->ProcessEvents();
     CHECK(page.Pane().ObjectsVersion() != version);
 }
 

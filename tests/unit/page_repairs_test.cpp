@@ -16,7 +16,7 @@ std::string Painted(const std::string& body) {
     PagePaneBench view{files};
     view.Navigate(u"/books/page.htm", 1);
     for (int i = 0; i < 10; ++i)
-        view.LetEventsCome();
+        view.ProcessEvents();
     std::string lines;
     for (const NoneDrawing& drawing : view.Painted()) {
         if (drawing.kind != NoneDrawing::Kind::Text) continue;

@@ -19,15 +19,15 @@ struct Job {
     explicit Job(std::u16string content) { document.text = std::move(content); }
     PrintEnd Print() {
         const StringText text(document.text);
-        PrintedText printed{
-            text, document, plain, style, SystemStyle(), u"The Title", {wanted, lastWanted}};
+        PrintedText printed{text,         document,          plain, style, SystemStyle(),
+                            u"The Title", {wanted, lastPage}};
         return PrintPages(printed, lines, pictures, paper);
     }
     Document document;
     bool plain = true;
     ViewStyle style = InFixedFont();
     std::function<bool(int)> wanted;
-    int lastWanted = 1'000'000;
+    int lastPage = 1'000'000;
     NoneLineLayout lines;
     NoPictures pictures;
     Paper paper;
@@ -86,7 +86,7 @@ TEST_CASE("print: a paragraph that is longer than a page goes on over the next o
 TEST_CASE("print: the wanted pages alone, under their own numbers") {
     Job job(Lines(60));
     job.wanted = [](int page) { return page == 2 || page == 3; };
-    job.lastWanted = 3;
+    job.lastPage = 3;
     REQUIRE(job.Print() == PrintEnd::Done);
     REQUIRE(job.paper.pages.size() == 2);
     CHECK(job.paper.Texts(0)[1] == u"2");

@@ -131,7 +131,7 @@ TEST_CASE("scroll label: of a page, by its h1 to h6") {
     };
     bench.Pane().ShowScrollLabel(); // without a page
     bench.Navigate(u"/books/page.htm", 1);
-    bench.LetEventsCome();
+    bench.ProcessEvents();
     CHECK(label().empty());
     bench.Pane().ShowScrollLabel();
     CHECK(label() == u"0 % \u2013 Chapter 1");

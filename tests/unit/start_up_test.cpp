@@ -117,7 +117,7 @@ TEST_CASE("start-up: a first one that does not answer is reported after three se
         REQUIRE(test.Dialogs().messages.size() == 1);
         CHECK(test.Dialogs().messages[0].title == u"Norvaset Message");
         CHECK(test.Dialogs().messages[0].text.find(u"does not answer") != std::u16string::npos);
-        CHECK(test.Shell().patience <= 3000);
+        CHECK(test.Shell().timeout <= 3000);
         CHECK(test.Clock().waited <= 3000);
         CHECK(test.Files().replaceCalls.empty());
     }
@@ -198,7 +198,7 @@ TEST_CASE("a later start: none is taken while the end waits for a page") {
     test.Page().zoomsAtOnce = false;
     test.Press(PlusKey, CtrlKey);
     int waits = 0, waitsForEnd = 0;
-    test.Page().whileAsked = [&] {
+    test.Page().whileWaiting = [&] {
         ++waits;
         if (test.Page().closing) ++waitsForEnd;
         CHECK_FALSE(test.Shell().onStartRequest);
@@ -215,7 +215,7 @@ TEST_CASE("the end: no command begins while it waits for a page") {
     REQUIRE(test.Start());
     test.OpenLoaded(u"/b/p.htm");
     int waits = 0;
-    test.Page().whileAsked = [&] {
+    test.Page().whileWaiting = [&] {
         ++waits;
         test.Page().onFilesDropped({u"/b/a.txt"});
     };

@@ -109,12 +109,12 @@ TEST_CASE("view: the colours of rich text are kept only when wanted") {
 
 TEST_CASE("view: a format that leaves the place alone does not ask for it") {
     Reading test;
-    const int before = test.View().topsAsked;
+    const int before = test.View().topQueries;
     ApplyTextColor(test.View(), 9, false, Scrolling::Leave);
     ApplyFont(test.View(), {}, Scrolling::Leave);
-    CHECK(test.View().topsAsked == before);
+    CHECK(test.View().topQueries == before);
     ApplyFont(test.View(), {}, Scrolling::Restore);
-    CHECK(test.View().topsAsked == before + 1);
+    CHECK(test.View().topQueries == before + 1);
 }
 
 TEST_CASE("view: a caption in a script that a title bar may not show gives way to the path") {

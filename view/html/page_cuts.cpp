@@ -26,8 +26,8 @@ class SpanCollector {
                 Add(top + box.top, box.height, SolidSpan::Kind::Part);
         for (const PlacedPart& part : fragment.parts) {
             const bool isSimple = part.fragment->parts.size() <= 1;
-            const double most = isSimple ? pageHeight_ : pageHeight_ * smallShare;
-            if (part.fragment->height <= most)
+            const double maxHeight = isSimple ? pageHeight_ : pageHeight_ * smallShare;
+            if (part.fragment->height <= maxHeight)
                 Add(top + part.top, part.fragment->height, SolidSpan::Kind::Part);
             Collect(*part.fragment, top + part.top);
         }

@@ -104,7 +104,7 @@ Size PagePictures::NaturalSize(HtmlNodeId image) {
 }
 
 bool PagePictures::ShowsObject(HtmlNodeId object) {
-    if (known_.find(object) == known_.end() && ++objectsAsked_ > maxObjects) return false;
+    if (known_.find(object) == known_.end() && ++objectsQueried_ > maxObjects) return false;
     return !KnownOf(object).size.IsEmpty();
 }
 

@@ -52,7 +52,7 @@ class PagePictures {
     std::unordered_map<std::u16string, HtmlNodeId> numbers_; // of the pictures in no element
     std::vector<std::u16string_view> addresses_;             // of these, in the order of numbers
     std::unordered_map<HtmlNodeId, Known> known_;
-    int objectsAsked_ = 0;
+    int objectsQueried_ = 0;
     std::list<Picture> recent_; // with their bytes; the last one drawn first
     std::size_t bytes_ = 0;     // of those
     bool inFrame_ = false, leftOut_ = false;

@@ -148,7 +148,7 @@ std::optional<CharacterPlace> PagePlaces::NearestLine(std::size_t zone, double x
                                                       bool below) {
     PageFlow& flow = shown_.Flow();
     std::optional<CharacterPlace> nearest;
-    double least = std::numeric_limits<double>::max();
+    double minDistance = std::numeric_limits<double>::max();
     const auto lookInto = [&](std::size_t at, double offset) {
         const PageFragmentPtr fragment = flow.LayOut(at);
         const auto visit = [&](const PlacedLines& lines, double left, double top,
@@ -163,8 +163,8 @@ std::optional<CharacterPlace> PagePlaces::NearestLine(std::size_t zone, double x
                                   Outside(x, from, from + text.width);
                 if (below && lineTop + line.height <= y) distance += 1e12;
                 if (below && isPositioned) distance += besideText * 1e4;
-                if (distance > least) continue; // what stands in a line comes after it
-                least = distance;
+                if (distance > minDistance) continue; // what stands in a line comes after it
+                minDistance = distance;
                 nearest.emplace();
                 nearest->block = {at, left, top, &lines, fragment};
                 nearest->line = i;
@@ -177,14 +177,14 @@ std::optional<CharacterPlace> PagePlaces::NearestLine(std::size_t zone, double x
     // A zone that has no line there, such as a picture's, or one that ends at that height.
     double offset = end;
     const std::size_t lastZone = std::min(flow.ZoneCount(), zone + 1 + maxZonesAway);
-    for (std::size_t next = zone + 1; next < lastZone && least > 0; ++next) {
-        if (least < 1e12 && Outside(offset, y, y) * 1e4 > least) break;
+    for (std::size_t next = zone + 1; next < lastZone && minDistance > 0; ++next) {
+        if (minDistance < 1e12 && Outside(offset, y, y) * 1e4 > minDistance) break;
         offset = lookInto(next, offset);
     }
     double above = 0;
     const std::size_t firstZone = zone - std::min(zone, maxZonesAway);
-    for (std::size_t before = zone; before-- > firstZone && least > 0;) {
-        if (least < 1e12 && (y - above) * 1e4 > least) break;
+    for (std::size_t before = zone; before-- > firstZone && minDistance > 0;) {
+        if (minDistance < 1e12 && (y - above) * 1e4 > minDistance) break;
         above -= flow.HeightOf(before);
         lookInto(before, above);
     }

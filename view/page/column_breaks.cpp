@@ -99,16 +99,16 @@ std::vector<ColumnChunk> ColumnChunksOf(const PageFragment& text, const PageBoxe
 
 // As low as they can be.
 ColumnBreaks Balanced(const std::vector<ColumnChunk>& chunks, std::size_t columns) {
-    double least = 0, most = 0;
+    double low = 0, high = 0;
     for (const ColumnChunk& chunk : chunks) {
-        least = std::max(least, chunk.bottom - chunk.top);
-        most = std::max(most, chunk.bottom - chunks.front().top);
+        low = std::max(low, chunk.bottom - chunk.top);
+        high = std::max(high, chunk.bottom - chunks.front().top);
     }
     constexpr double exactness = 0.25; // device pixels
-    while (most - least > exactness) {
-        const double middle = (least + most) / 2;
-        (Filled(chunks, middle).columns.size() <= columns ? most : least) = middle;
+    while (high - low > exactness) {
+        const double middle = (low + high) / 2;
+        (Filled(chunks, middle).columns.size() <= columns ? high : low) = middle;
     }
-    const ColumnBreaks lowest = Filled(chunks, least);
-    return lowest.columns.size() <= columns ? lowest : Filled(chunks, most);
+    const ColumnBreaks lowest = Filled(chunks, low);
+    return lowest.columns.size() <= columns ? lowest : Filled(chunks, high);
 }

@@ -120,7 +120,7 @@ class FlexLayouter {
     }
 
     // Answers the height.
-    double LayOutRow(std::vector<Item> items, double top, double leastHeight) {
+    double LayOutRow(std::vector<Item> items, double top, double minHeight) {
         const double gap = measure_.Length(style_.rare->columnGap, width_);
         const std::vector<FlexPlace> places =
             FlexPlaces(Sizes(items), width_, gap, style_.rare->justifyContent);
@@ -132,7 +132,7 @@ class FlexLayouter {
             baseline = std::max(baseline, above);
             below = std::max(below, OuterHeight(items[i]) - above);
         }
-        const double height = std::max(leastHeight, baseline + below);
+        const double height = std::max(minHeight, baseline + below);
         for (std::size_t i = 0; i < items.size(); ++i)
             Place(items[i], places[i].left, top + Align(items[i], height, baseline));
         return height;

@@ -26,7 +26,7 @@ auto StepAt(Profile& profile, double height) {
 }
 
 template <class Profile>
-double FarthestReach(const Profile& profile, FloatSide side, double top, double bottom) {
+double MaxReach(const Profile& profile, FloatSide side, double top, double bottom) {
     double reach = Nothing(side);
     auto step = StepAt(profile, top);
     if (step == profile.end()) step = profile.begin();
@@ -45,8 +45,8 @@ double NextStep(const Profile& profile, double top) {
 } // namespace
 
 InlineEdges FloatContext::RoomAt(double top, double bottom, InlineEdges room) const {
-    return {std::max(room.left, FarthestReach(left_, FloatSide::Left, top, bottom)),
-            std::min(room.right, FarthestReach(right_, FloatSide::Right, top, bottom))};
+    return {std::max(room.left, MaxReach(left_, FloatSide::Left, top, bottom)),
+            std::min(room.right, MaxReach(right_, FloatSide::Right, top, bottom))};
 }
 
 double FloatContext::NextChange(double top) const {

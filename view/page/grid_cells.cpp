@@ -7,7 +7,7 @@
 
 namespace {
 // The least that it takes.
-double LeastOf(const GridTrackSize& track) {
+double MinSizeOf(const GridTrackSize& track) {
     if (track.shares > 0 || track.maxByContent) return track.base;
     return std::max(track.base, track.limit);
 }
@@ -19,11 +19,11 @@ std::size_t RepetitionsIn(const CssGridTracks& written, const GridRoom& room) {
     for (std::size_t i = 0; i < written.tracks.size(); ++i) {
         const GridTrackSize size = GridTrackSizeOf(written.tracks[i], room.width, room.scale);
         const bool isRepeated = i >= written.repeatStart && i < written.repeatEnd;
-        (isRepeated ? once : others) += LeastOf(size) + room.columnGap;
+        (isRepeated ? once : others) += MinSizeOf(size) + room.columnGap;
     }
     const double fitting = (room.width + room.columnGap - others) / std::max(once, 1.0);
-    const double most = double(maxCssGridTracks) / double(written.tracks.size());
-    return std::size_t(std::clamp(std::floor(fitting), 1.0, std::max(1.0, most)));
+    const double maxTracks = double(maxCssGridTracks) / double(written.tracks.size());
+    return std::size_t(std::clamp(std::floor(fitting), 1.0, std::max(1.0, maxTracks)));
 }
 
 // Of auto-fit: those after the last item.

@@ -33,7 +33,7 @@ class TrackSizer {
         for (const GridContent& item : items)
             Add(item);
         for (GridTrackSize& track : tracks_)
-            track.limit = std::max(track.base, std::min(track.limit, track.most));
+            track.limit = std::max(track.base, std::min(track.limit, track.maxLimit));
         Grow();
         Share();
         Stretch();
@@ -175,7 +175,8 @@ GridTrackSize GridTrackSizeOf(const CssGridTrack& track, double whole, double sc
         size.maxByContent = true;
         size.maxIsNarrowest = IsKeyword(track.max, cssMinContent);
         size.stretches = IsKeyword(track.max, 0);
-        if (track.fits && IsLength(track.max, whole)) size.most = LengthOf(track.max, whole, scale);
+        if (track.fits && IsLength(track.max, whole))
+            size.maxLimit = LengthOf(track.max, whole, scale);
     }
     return size;
 }

@@ -10,7 +10,7 @@ struct GridTrackSize {
     // What the content of items says: to `base` the narrowest or the widest, and to `limit`.
     bool minByContent = false, minIsWidest = false;
     bool maxByContent = false, maxIsNarrowest = false;
-    double most = 1e9; // of `limit`, by fit-content()
+    double maxLimit = 1e9; // by fit-content()
     bool stretches = false;
 };
 

@@ -23,9 +23,9 @@ class ColumnLayouter {
         const double em = box_.text->fontSize * measure.Scale();
         gap_ = GapOf(measure, box_, width);
         const double narrowest = std::max(em, measure.Length(style_.columnWidth, width));
-        const double most = std::max(1.0, std::floor((width + gap_) / (narrowest + gap_)));
+        const double maxCount = std::max(1.0, std::floor((width + gap_) / (narrowest + gap_)));
         const bool isCounted = style_.columnCount >= 1;
-        count_ = std::size_t(isCounted ? std::min(double(style_.columnCount), most) : most);
+        count_ = std::size_t(isCounted ? std::min(double(style_.columnCount), maxCount) : maxCount);
         columnWidth_ = (width + gap_) / double(count_) - gap_;
     }
 

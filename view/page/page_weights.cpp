@@ -12,8 +12,8 @@ bool IsShown(const HtmlTree& tree, const CssPageStyles& styles, HtmlNodeId id) {
 }
 
 PageWeight Sum(PageWeight a, PageWeight b) {
-    const PageWeight most = std::numeric_limits<PageWeight>::max();
-    return a > most - b ? most : a + b;
+    const PageWeight max = std::numeric_limits<PageWeight>::max();
+    return a > max - b ? max : a + b;
 }
 } // namespace
 

@@ -17,7 +17,7 @@ bool IsSet(const CssBoxStyle& style, CssSide side) {
     return !style.inset[side].IsAuto();
 }
 
-bool IsToldFromTop(const CssBoxStyle& style) {
+bool IsPlacedFromTop(const CssBoxStyle& style) {
     return IsOutOfFlow(style) && style.inset[cssTop].kind == CssLength::Kind::Pixels &&
            (IsSet(style, cssLeft) || IsSet(style, cssRight));
 }
@@ -74,7 +74,7 @@ class SideBoxFinder {
     void AddPositioned(PageBoxId lines) {
         using enum SideBox::Kind;
         for (PageBoxId id = boxes_.FirstChild(lines); id != noPageBox; id = boxes_[id].nextSibling)
-            if (IsToldFromTop(*boxes_[id].style))
+            if (IsPlacedFromTop(*boxes_[id].style))
                 Add({Positioned, id, lines, ContainerOf(boxes_, id, lines)},
                     LinesAbove(*boxes_[id].style));
     }

@@ -185,10 +185,10 @@ void TableBuilder::BuildColumn(HtmlNodeId column) {
 // Before a row: a table that is too long ends and goes on in another one.
 void TableBuilder::Divide(PageWeight row) {
     if (!boxes_.IsInLongTable()) return;
-    const PageWeight most = limits_.rows * (part_.rows >= part_.spannedUntil ? 1 : 4);
+    const PageWeight maxWeight = limits_.rows * (part_.rows >= part_.spannedUntil ? 1 : 4);
     part_.weight += row;
     ++part_.rows;
-    if (part_.rows == 1 || part_.weight <= most) return;
+    if (part_.rows == 1 || part_.weight <= maxWeight) return;
     const HtmlNodeId group =
         boxes_.Top().kind == PageBoxKind::RowGroup ? boxes_.Top().node : noHtmlNode;
     if (group != noHtmlNode) boxes_.Close();

@@ -20,8 +20,8 @@ class GridBuilder {
     }
 
   private:
-    std::size_t Span(PageBoxId box, HtmlName attribute, int most) const {
-        return std::size_t(std::clamp(numbers_.Number(box, attribute).value_or(1), 1, most));
+    std::size_t Span(PageBoxId box, HtmlName attribute, int max) const {
+        return std::size_t(std::clamp(numbers_.Number(box, attribute).value_or(1), 1, max));
     }
 
     template <typename Visit>

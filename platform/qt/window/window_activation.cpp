@@ -64,7 +64,7 @@ void RequestAt(xcb_connection_t* connection, const QWindow& window, std::uint32_
          XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
 }
 
-// Else the desktop shows that something is starting until it loses patience: messages of 20 bytes
+// Else the desktop shows that something is starting until it loses timeout: messages of 20 bytes
 // to the root window, the last one with a NUL.
 void EndStartup(xcb_connection_t* connection, const QWindow& window, const QByteArray& startupId) {
     QByteArray quoted = startupId;

@@ -32,7 +32,7 @@ bool MayBeShortName(const std::wstring& name) {
 }
 
 // So that a stick can be taken out safely: the system asks those who have something open on it.
-HDEVNOTIFY AskedBeforeRemoval(HWND window, HANDLE folder) {
+HDEVNOTIFY RegisterForRemoval(HWND window, HANDLE folder) {
     DEV_BROADCAST_HANDLE filter = {};
     filter.dbch_size = sizeof filter;
     filter.dbch_devicetype = DBT_DEVTYP_HANDLE;
@@ -59,7 +59,7 @@ void WinFileWatch::Watch(const std::u16string& path) {
     folder_ = std::make_unique<FolderChanges>(FolderOf(*native), window_.Handle(), changesMessage);
     complete_ = folder_->IsWatching() && !MayChangeUnseen(*native);
     if (folder_->IsWatching())
-        deviceNotification_ = AskedBeforeRemoval(window_.Handle(), folder_->Folder());
+        deviceNotification_ = RegisterForRemoval(window_.Handle(), folder_->Folder());
 }
 
 void WinFileWatch::Stop() {

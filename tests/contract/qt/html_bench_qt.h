@@ -20,7 +20,7 @@ class QtHtmlBench : public HtmlViewBench {
         window_.SetPanelBounds({0, 0, 604, 404});
     }
 
-    void LetEventsCome() override {
+    void ProcessEvents() override {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 10);
     }
     void CloseWindow() override { window_.Close(); }

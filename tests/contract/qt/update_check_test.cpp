@@ -31,7 +31,7 @@ constexpr std::u16string_view notAccessible =
     u"Remote resource is not accessible now.\r\nPlease try later.";
 constexpr std::u16string_view upToDate = u"Your copy of the application is up to date.";
 
-std::u16string ToldBy(const QByteArray& body, const QByteArray& status = "200 OK") {
+std::u16string MessageAfter(const QByteArray& body, const QByteArray& status = "200 OK") {
     LoopbackServer server([&](QTcpSocket& socket, const QByteArray& path) {
         if (path == "/Products/Norvaset/Norvaset.js")
             SendAnswer(socket, status, body);
@@ -45,12 +45,12 @@ std::u16string ToldBy(const QByteArray& body, const QByteArray& status = "200 OK
 } // namespace
 
 TEST_CASE("qt update check: equal, older, absent and nonsense") {
-    CHECK(ToldBy("{\"version\":\"2.5.12\"}\n") == upToDate);
-    CHECK(ToldBy("{\"version\":\"2.5.11\"}\n") == upToDate);
-    CHECK(ToldBy("{\"version\":\"9.0.0\"}\n", "404 Not Found") == notAccessible);
-    CHECK(ToldBy("") == notAccessible);
-    CHECK(ToldBy("<html>Please sign in to use this network</html>") == notAccessible);
-    CHECK(ToldBy("{\"version\":\"9.0.{\\\\object}\"}\n") == notAccessible);
+    CHECK(MessageAfter("{\"version\":\"2.5.12\"}\n") == upToDate);
+    CHECK(MessageAfter("{\"version\":\"2.5.11\"}\n") == upToDate);
+    CHECK(MessageAfter("{\"version\":\"9.0.0\"}\n", "404 Not Found") == notAccessible);
+    CHECK(MessageAfter("") == notAccessible);
+    CHECK(MessageAfter("<html>Please sign in to use this network</html>") == notAccessible);
+    CHECK(MessageAfter("{\"version\":\"9.0.{\\\\object}\"}\n") == notAccessible);
 }
 
 TEST_CASE("qt update check: a newer version is offered") {

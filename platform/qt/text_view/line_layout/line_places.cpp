@@ -37,12 +37,12 @@ LinePlaces::LinePlaces(QTextLayout& layout, const QTextLine& line, bool isUnidir
     drawnEnd_ = textEnd_ = DrawnEnd(layout, line);
     if (IsWrapped(layout, line) && !EndsWithTab(layout, line))
         textEnd_ = std::min(textEnd_, SpacesStart(layout, line));
-    if (isUnidirectional_ && IsRightToLeft(layout)) origin_ = AskedCaret(drawnEnd_);
-    endCaret_ = AskedCaret(textEnd_);
+    if (isUnidirectional_ && IsRightToLeft(layout)) origin_ = QueryCaret(drawnEnd_);
+    endCaret_ = QueryCaret(textEnd_);
     if (!isUnidirectional_) Place();
 }
 
-double LinePlaces::AskedCaret(int at) const {
+double LinePlaces::QueryCaret(int at) const {
     const LineEdges edges(layout_, line_, IsRightToLeft(layout_));
     return edges.Leading(at) - line_.x() - origin_;
 }
@@ -56,12 +56,12 @@ const LinePlaces::Character* LinePlaces::At(int at) const {
 
 double LinePlaces::Width() const {
     if (!isUnidirectional_) return order_.empty() ? 0 : characters_[order_.back()].extent.right;
-    return std::abs(endCaret_ - AskedCaret(line_.textStart()));
+    return std::abs(endCaret_ - QueryCaret(line_.textStart()));
 }
 
 double LinePlaces::CaretX(int at) const {
     if (at >= textEnd_) return endCaret_;
-    if (isUnidirectional_) return AskedCaret(at);
+    if (isUnidirectional_) return QueryCaret(at);
     const Character* const character = At(at);
     return character ? character->caret : endCaret_;
 }

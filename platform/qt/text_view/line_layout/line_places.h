@@ -48,7 +48,7 @@ class LinePlaces {
     void DropSpaces();
     void SetEnds();
     const Character* At(int at) const;
-    double AskedCaret(int at) const;
+    double QueryCaret(int at) const;
     double Along(int at) const;
     int FirstAlong(double distance) const;
     int CharacterAlong(double distance) const;

@@ -33,8 +33,8 @@ struct Neighbours {
 // Of a character that is not drawn, whose direction Qt does not tell: `others` are of the wrong
 // one, where it has no width though it is a space, is outside the line, or is not after the
 // character before it.
-bool IsAskedRightly(const Edges& edges, const Edges& others, std::size_t i, bool isSpace,
-                    const Neighbours& neighbours) {
+bool HasRightDirection(const Edges& edges, const Edges& others, std::size_t i, bool isSpace,
+                       const Neighbours& neighbours) {
     const double width = edges.WidthOf(i), other = others.WidthOf(i);
     if (isSpace && (width > edgeRounding) != (other > edgeRounding)) return width > edgeRounding;
     const double lineEnd = neighbours.lineEnd + edgeRounding, before = neighbours.before;
@@ -84,7 +84,7 @@ void LinePlaces::Place() {
             rightToLeft = IsRightToLeft(layout_);
         else if (!same)
             rightToLeft = DrawnRightToLeft(starts[i]).value_or(
-                IsAskedRightly(ways[1], ways[0], i, IsSpace(text[starts[i]]), neighbours));
+                HasRightDirection(ways[1], ways[0], i, IsSpace(text[starts[i]]), neighbours));
         const double leading = ways[rightToLeft].leading[i] - line_.x();
         const double trailing = ways[rightToLeft].trailing[i] - line_.x();
         const auto [left, right] = std::minmax({leading, trailing});

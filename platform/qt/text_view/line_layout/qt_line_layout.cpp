@@ -52,7 +52,7 @@ double SizeFactor(const TextStyle& style, const QPaintDevice& device) {
 // Of a text with letters as often as in books. Where the difference is another one than cutting
 // off makes, as with hinted fonts, there is nothing to make good.
 double CutOff(const QFont& font, double sizeFactor, const QPaintDevice& device) {
-    constexpr double most = 1.0 / 256;
+    constexpr double maxMissing = 1.0 / 256;
     constexpr int large = 2048; // pixels; so many units most fonts have
     const QString sample =
         QStringLiteral("eeeeeeetttttaaaaooooiiiinnnnsssshhhrrrddlluuccmwfgypbvk            ");
@@ -63,7 +63,7 @@ double CutOff(const QFont& font, double sizeFactor, const QPaintDevice& device) 
     const double exact =
         QFontMetricsF(largeFont).horizontalAdvance(sample) * size * sizeFactor / large;
     const double missing = exact / QFontMetricsF(font, &device).horizontalAdvance(sample) - 1;
-    return missing > 0 && missing < most ? missing : 0;
+    return missing > 0 && missing < maxMissing ? missing : 0;
 }
 
 QTextCharFormat::VerticalAlignment ToAlignment(TextBaseline baseline) {

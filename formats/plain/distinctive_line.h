@@ -10,4 +10,4 @@
 // The bytes of the line with the most letters that are not ASCII in `form`, many of a kind counted
 // as few: a ruled line has no letters but in a wrong charset. Of a long line a stretch, near the
 // first of them. The samples are the start of the text and others from within it.
-std::string TellingLine(std::span<const std::string_view> samples, const PlainTextForm& form);
+std::string DistinctiveLine(std::span<const std::string_view> samples, const PlainTextForm& form);

@@ -1,4 +1,4 @@
-#include "formats/plain/telling_line.h"
+#include "formats/plain/distinctive_line.h"
 
 #include "common/decode_pieces.h"
 #include "common/find_text.h"
@@ -64,14 +64,14 @@ std::string_view FromNearFirstLetter(std::string_view stretch) {
 }
 } // namespace
 
-std::string TellingLine(std::span<const std::string_view> samples, const PlainTextForm& form) {
+std::string DistinctiveLine(std::span<const std::string_view> samples, const PlainTextForm& form) {
     std::string_view best;
-    int most = -1, judged = 0;
+    int maxLetters = -1, judged = 0;
     const auto judge = [&](std::string_view stretch) {
         if (IsAscii(stretch)) return true;
         const int letters = LettersBeyondAscii(DecodeAs(form, stretch));
-        if (letters > most) {
-            most = letters;
+        if (letters > maxLetters) {
+            maxLetters = letters;
             best = stretch;
         }
         return ++judged < maxJudged;
