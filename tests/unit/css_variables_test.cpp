@@ -1,4 +1,5 @@
 // Custom properties and what is reckoned up.
+#include "formats/css/css_limits.h"
 #include "tests/unit/css_samples.h"
 
 #include <doctest/doctest.h>
@@ -120,5 +121,10 @@ TEST_CASE("css: rules for what is supported") {
     CHECK_FALSE(holds(u"(initial-letter:3)"));
     CHECK_FALSE(holds(u"not (float:left)"));
     CHECK_FALSE(holds(u"float:left"));
+    const auto nested = [](std::size_t depth) {
+        return std::u16string(depth, u'(') + u"float:left" + std::u16string(depth, u')');
+    };
+    CHECK(holds(nested(1 + maxCssSelectorDepth)));
+    CHECK_FALSE(holds(nested(2 + maxCssSelectorDepth)));
     CHECK(Width(u"@layer base{div{width:5px}}") == Px(5));
 }

@@ -25,6 +25,20 @@ TEST_CASE("text pane: lines break between words at the window's width") {
     CHECK(bench.PaintedLines() == std::vector<std::u16string>{u"a few words in a narrow window"});
 }
 
+TEST_CASE("text pane: a paragraph's border takes its thickness from the text") {
+    const auto topWith = [](std::uint16_t width) {
+        Document document;
+        document.text = u"text\n";
+        document.paragraphStyles[0].borders.top.width = width;
+        PaneBench bench;
+        bench.LoadDocument(document);
+        bench.PaintedLines();
+        return bench.Pane().CharacterRect(0).top;
+    };
+    CHECK(topWith(1) == topWith(0) + 1);      // seen, however thin
+    CHECK(topWith(15 * 4) == topWith(0) + 4); // twips, at 96 dpi
+}
+
 TEST_CASE("text pane: a link is where its letters are, and is clicked without selecting") {
     Document document;
     document.text = u"go there now\n";
