@@ -30,7 +30,7 @@ PageTest::~PageTest() {
 }
 
 std::filesystem::path PageTest::Write(const std::string& name, std::string_view bytes) const {
-    const std::filesystem::path path = folder / name;
+    std::filesystem::path path = folder / name;
     std::ofstream(path, std::ios::binary) << bytes;
     return path;
 }
