@@ -77,6 +77,11 @@ std::wstring RealFolderOf(const WinHandle& opened) {
     return folder;
 }
 
+bool IsBelowRealFolder(const WinHandle& opened, std::wstring_view realFolder) {
+    const std::wstring path = RealPathOf(opened);
+    return !realFolder.empty() && path.size() > realFolder.size() && path.starts_with(realFolder);
+}
+
 std::uint64_t MakeUint64(DWORD high, DWORD low) {
     return static_cast<std::uint64_t>(high) << 32 | low;
 }

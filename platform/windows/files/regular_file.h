@@ -16,6 +16,8 @@ std::optional<BY_HANDLE_FILE_INFORMATION> InformationOf(const WinHandle&);
 // Where links lead; "" when it is not open.
 std::wstring RealPathOf(const WinHandle&);
 std::wstring RealFolderOf(const WinHandle&); // with a backslash at the end
+// Whether it lies in the folder of that real path or below; false when either cannot be opened.
+bool IsBelowRealFolder(const WinHandle&, std::wstring_view realFolder);
 std::uint64_t MakeUint64(DWORD high, DWORD low);
 
 // A regular file, or why there is none.

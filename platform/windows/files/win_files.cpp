@@ -70,9 +70,8 @@ bool WinFiles::SameFile(const std::u16string& a, const std::u16string& b) const 
 }
 
 bool WinFiles::IsInFolder(const std::u16string& path, const std::u16string& folder) const {
-    const std::wstring place = RealFolderOf(OpenExisting(folder, FILE_READ_ATTRIBUTES));
-    return !place.empty() &&
-           RealPathOf(OpenExisting(path, FILE_READ_ATTRIBUTES)).starts_with(place);
+    return IsBelowRealFolder(OpenExisting(path, FILE_READ_ATTRIBUTES),
+                             RealFolderOf(OpenExisting(folder, FILE_READ_ATTRIBUTES)));
 }
 
 std::optional<FileVersion> WinFiles::Version(const std::u16string& path) const {

@@ -25,7 +25,7 @@ std::wstring FullPath(const std::wstring& path) {
     return full;
 }
 
-bool IsBelow(std::wstring_view path, std::wstring_view folder) {
+bool IsBelowByName(std::wstring_view path, std::wstring_view folder) {
     return path.size() > folder.size() && StartsWithIgnoringCase(path, folder);
 }
 
@@ -46,8 +46,8 @@ bool BookFolder::Allows(std::wstring_view url) const {
 
 // By name first: opening a file of another host would contact that host.
 bool BookFolder::Contains(const std::wstring& path) const {
-    if (!IsBelow(path, folder_)) return false;
+    if (!IsBelowByName(path, folder_)) return false;
     const WinHandle file = Open(path);
     if (!file.IsOpen()) return true; // cannot be loaded anyway
-    return !real_.empty() && IsRegularFile(file) && IsBelow(RealPathOf(file), real_);
+    return IsRegularFile(file) && IsBelowRealFolder(file, real_);
 }
