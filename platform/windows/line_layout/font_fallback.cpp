@@ -12,6 +12,16 @@ constexpr std::size_t maxRemembered = 1 << 16; // characters
 constexpr int maxInstalledTried = 16;          // opening one takes a millisecond
 constexpr LONG probeHeight = -16;
 
+// Latin letters, punctuation and signs: a font of any script has some of them and says so, a broad
+// one has them all. For other scripts fonts of their own come first: Wine 8 reads outside of the
+// text that it shapes in some of the broad ones.
+bool IsInMostFonts(int subset) {
+    constexpr int lastOfLatin = 5, moreLatin = 29, punctuation = 31, dingbats = 47, cjkSigns = 48,
+                  ligatures = 62;
+    return subset <= lastOfLatin || subset == moreLatin || subset == ligatures ||
+           (subset >= punctuation && subset <= dingbats) || subset == cjkSigns;
+}
+
 bool ShapesPair(HDC context, ShapingFont& font, char32_t character) {
     const Uniscribe* const uniscribe = LoadUniscribe();
     const wchar_t pair[] = {static_cast<wchar_t>(HighSurrogateOf(character)),
@@ -63,7 +73,8 @@ std::wstring FontFallback::Search(char32_t character, const Chosen& chosen) {
 std::wstring FontFallback::SearchInstalled(char32_t character) {
     const int subset = UnicodeSubsetOf(character);
     int tried = 0;
-    for (const InstalledFamily& family : InstalledFamilies()) {
+    const auto& families = IsInMostFonts(subset) ? BroadFamiliesFirst() : InstalledFamilies();
+    for (const InstalledFamily& family : families) {
         if (subset < 0 || !family.HasSubset(subset)) continue;
         if (Has(family.name, character)) return family.name;
         if (++tried == maxInstalledTried) break;

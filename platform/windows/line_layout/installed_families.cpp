@@ -32,10 +32,6 @@ std::vector<InstalledFamily> EnumerateFamilies() {
     const HDC screen = GetDC(nullptr);
     EnumFontFamiliesExW(screen, &any, report, reinterpret_cast<LPARAM>(&families), 0);
     ReleaseDC(nullptr, screen);
-    std::stable_sort(families.begin(), families.end(),
-                     [](const InstalledFamily& a, const InstalledFamily& b) {
-                         return SubsetCount(a) > SubsetCount(b);
-                     });
     return families;
 }
 
@@ -43,6 +39,18 @@ std::vector<InstalledFamily> EnumerateFamilies() {
 
 const std::vector<InstalledFamily>& InstalledFamilies() {
     static const std::vector<InstalledFamily> families = EnumerateFamilies();
+    return families;
+}
+
+const std::vector<InstalledFamily>& BroadFamiliesFirst() {
+    static const std::vector<InstalledFamily> families = [] {
+        std::vector<InstalledFamily> sorted = InstalledFamilies();
+        std::stable_sort(sorted.begin(), sorted.end(),
+                         [](const InstalledFamily& a, const InstalledFamily& b) {
+                             return SubsetCount(a) > SubsetCount(b);
+                         });
+        return sorted;
+    }();
     return families;
 }
 

@@ -12,10 +12,10 @@ struct InstalledFamily {
     bool HasSubset(int bit) const { return (signature.fsUsb[bit / 32] >> (bit % 32) & 1) != 0; }
 };
 
-// Those with outlines, that with the most subsets first: a font that has one letter of a script
-// alone says that it has the script. Asked of the system once; a font installed later is not among
-// them.
+// Those with outlines. Asked of the system once; a font installed later is not among them.
 const std::vector<InstalledFamily>& InstalledFamilies();
+// Those with the most subsets first.
+const std::vector<InstalledFamily>& BroadFamiliesFirst();
 
 // Whether GDI has an outline font by that name, also one that it knows by another name.
 bool IsInstalledFamily(const std::wstring& family);
