@@ -43,6 +43,11 @@ TEST_CASE("flex: room that is left goes to those that grow, or between items") {
           "0+50 150+50 ");
     CHECK(Places({Item(50, 0), Item(50, 0)}, 200, 0, CssJustifyContent::SpaceAround) ==
           "25+50 125+50 ");
+    CHECK(Places({Item(0, 60, 1), Item(0, 20, 1)}, 200) == "0+100 100+100 ");
+    CHECK(Places({Item(0, 120, 1), Item(0, 20, 1), Item(0, 20, 1)}, 200) == "0+120 120+40 160+40 ");
+    FlexSize small = Item(0, 0, 1);
+    small.max = 30;
+    CHECK(Places({Item(0, 120, 1), small, Item(0, 20, 1)}, 200) == "0+120 120+30 150+50 ");
     FlexSize pushed = Item(50, 0);
     pushed.autoLeft = true;
     CHECK(Places({Item(50, 0), pushed}, 200) == "0+50 150+50 ");
@@ -63,7 +68,18 @@ TEST_CASE("flex: items stand beside each other") {
     CHECK(Lines(u"<div class=f><p>one<p style='margin-left:auto'>two</div>") ==
           "0,0 one|376,0 two");
     CHECK(Lines(u"<div class=f style='flex-direction:row-reverse'><p>one<p>two</div>") ==
-          "0,0 two|24,0 one");
+          "376,0 one|352,0 two");
+}
+
+TEST_CASE("flex: from right to left") {
+    CHECK(Lines(u"<div class=f dir=rtl><p>one<p>two</div>") == "376,0 one|352,0 two");
+    CHECK(Lines(u"<div class=f dir=rtl><p>one<p style='margin-right:auto'>two</div>") ==
+          "376,0 one|0,0 two");
+    CHECK(Lines(u"<div class=f dir=rtl style='flex-direction:row-reverse'><p>one<p>two</div>") ==
+          "0,0 one|24,0 two");
+    const std::u16string column = u"<div class=f dir=rtl style='flex-direction:column;align-items:";
+    CHECK(Lines(column + u"start'><p>one</div>") == "376,0 one");
+    CHECK(Lines(column + u"end'><p>one</div>") == "0,0 one");
 }
 
 TEST_CASE("flex: text, and elements that would be in lines, are items") {

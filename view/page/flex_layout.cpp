@@ -47,7 +47,7 @@ class FlexLayouter {
                            width_, gap, style_.rare->justifyContent);
             std::vector<ItemPlace> row;
             for (std::size_t i = 0; i < places.size(); ++i)
-                row.push_back({items[span.start + i].id, places[i]});
+                row.push_back({items[span.start + i].id, {LeftOf(places[i]), places[i].width}});
             if (std::ranges::find(row, id, &ItemPlace::item) != row.end()) return row;
         }
         return {};
@@ -65,9 +65,7 @@ class FlexLayouter {
         std::vector<Item> items;
         for (const PageBoxId id : layout_.Items())
             items.push_back(ItemOf(id));
-        const CssFlexDirection direction = style_.rare->flexDirection;
-        if (direction == CssFlexDirection::RowReverse ||
-            direction == CssFlexDirection::ColumnReverse)
+        if (style_.rare->flexDirection == CssFlexDirection::ColumnReverse)
             std::reverse(items.begin(), items.end());
         return items;
     }
@@ -91,8 +89,8 @@ class FlexLayouter {
         item.size.basis = basis + item.sides;
         item.size.grow = style.rare->flexGrow;
         item.size.shrink = style.rare->flexShrink * basis;
-        item.size.autoLeft = style.margin[cssLeft].IsAuto();
-        item.size.autoRight = style.margin[cssRight].IsAuto();
+        item.size.autoLeft = style.margin[isFromRight_ ? cssRight : cssLeft].IsAuto();
+        item.size.autoRight = style.margin[isFromRight_ ? cssLeft : cssRight].IsAuto();
         return item;
     }
 
@@ -119,6 +117,11 @@ class FlexLayouter {
         return given >= 0 ? given : measure_.LimitHeight(style_, 0);
     }
 
+    // Places in a row are counted from where it begins.
+    double LeftOf(const FlexPlace& place) const {
+        return isFromRight_ ? width_ - place.left - place.width : place.left;
+    }
+
     // Answers the height.
     double LayOutRow(std::vector<Item> items, double top, double minHeight) {
         const double gap = measure_.Length(style_.rare->columnGap, width_);
@@ -126,7 +129,7 @@ class FlexLayouter {
             FlexPlaces(Sizes(items), width_, gap, style_.rare->justifyContent);
         double baseline = 0, below = 0;
         for (std::size_t i = 0; i < items.size(); ++i) {
-            items[i].fragment = layout_.LayOut(items[i].id, places[i].left, places[i].width);
+            items[i].fragment = layout_.LayOut(items[i].id, LeftOf(places[i]), places[i].width);
             const double above =
                 Alignment(items[i]) == CssAlignItems::Baseline ? BaselineOf(items[i]) : 0;
             baseline = std::max(baseline, above);
@@ -134,7 +137,7 @@ class FlexLayouter {
         }
         const double height = std::max(minHeight, baseline + below);
         for (std::size_t i = 0; i < items.size(); ++i)
-            Place(items[i], places[i].left, top + Align(items[i], height, baseline));
+            Place(items[i], LeftOf(places[i]), top + Align(items[i], height, baseline));
         return height;
     }
 
@@ -219,7 +222,8 @@ class FlexLayouter {
                    right = box.style->margin[cssRight].IsAuto();
         if (left || right) return std::max(0.0, left && right ? free / 2 : left ? free : 0);
         if (Alignment(item) == CssAlignItems::Center) return std::max(0.0, free / 2);
-        return Alignment(item) == CssAlignItems::End ? std::max(0.0, free) : 0;
+        const bool isAtEnd = Alignment(item) == CssAlignItems::End;
+        return isAtEnd != isRightToLeft_ ? std::max(0.0, free) : 0;
     }
 
     PageLayouter& layouter_;
@@ -229,6 +233,10 @@ class FlexLayouter {
     const double width_;
     PageFragment& result_;
     ItemLayout layout_;
+    const bool isRightToLeft_ =
+        layouter_.Box(container_).text->direction == CssDirection::RightToLeft;
+    const bool isFromRight_ =
+        isRightToLeft_ != (style_.rare->flexDirection == CssFlexDirection::RowReverse);
     // Rows stand one above the other.
     const bool isUpwards_ = !IsColumn(style_) && style_.rare->flexWrap == CssFlexWrap::WrapReverse;
 };

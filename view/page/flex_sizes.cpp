@@ -14,25 +14,46 @@ double WidthOf(const std::vector<FlexPlace>& places, double gap) {
     return width;
 }
 
-// Shares what is left, or missing, between the items that are not at their limit yet.
+// The room taken while those that are not at their limit yet have their basis.
+double TakenWidth(const std::vector<FlexSize>& items, const std::vector<FlexPlace>& places,
+                  const std::vector<bool>& fixed, double gap) {
+    double width = gap * double(items.size() - 1);
+    for (std::size_t i = 0; i < items.size(); ++i)
+        width += fixed[i] ? places[i].width : items[i].basis;
+    return width;
+}
+
+// Shares what is left, or missing, between the items that are not at their limit yet. Of limits
+// that are met in a round only those on the side that changes the sum more are kept.
 void Share(const std::vector<FlexSize>& items, double width, double gap, bool grows,
            std::vector<FlexPlace>& places) {
-    std::vector<bool> fixed(items.size(), false);
+    const auto weight = [grows](const FlexSize& item) { return grows ? item.grow : item.shrink; };
+    std::vector<bool> fixed(items.size());
+    for (std::size_t i = 0; i < items.size(); ++i)
+        fixed[i] = weight(items[i]) <= 0 || (grows ? items[i].basis > Hypothetical(items[i])
+                                                   : items[i].basis < Hypothetical(items[i]));
+    const double all = width - TakenWidth(items, places, fixed, gap);
     for (std::size_t round = 0; round < items.size(); ++round) {
-        const double free = width - WidthOf(places, gap);
+        double free = width - TakenWidth(items, places, fixed, gap);
         double weights = 0;
         for (std::size_t i = 0; i < items.size(); ++i)
-            if (!fixed[i]) weights += grows ? items[i].grow : items[i].shrink;
-        if (weights <= 0 || (grows ? free <= 0 : free >= 0)) return;
+            if (!fixed[i]) weights += weight(items[i]);
+        if (weights <= 0) return;
         // Weights below one in all leave a part of the room free.
-        const double all = grows ? std::max(1.0, weights) : weights;
+        if (grows && weights < 1 && all * weights < free) free = all * weights;
+        double change = 0;
+        std::vector<double> wanted(items.size());
+        for (std::size_t i = 0; i < items.size(); ++i) {
+            if (fixed[i]) continue;
+            wanted[i] = items[i].basis + free * weight(items[i]) / weights;
+            places[i].width = std::max(items[i].min, std::min(items[i].max, wanted[i]));
+            change += places[i].width - wanted[i];
+        }
         bool limited = false;
         for (std::size_t i = 0; i < items.size(); ++i) {
             if (fixed[i]) continue;
-            const double share = free * (grows ? items[i].grow : items[i].shrink) / all;
-            const double wanted = places[i].width + share;
-            places[i].width = std::max(items[i].min, std::min(items[i].max, wanted));
-            fixed[i] = places[i].width != wanted;
+            const double by = places[i].width - wanted[i];
+            fixed[i] = change > 0 ? by > 0 : change < 0 ? by < 0 : true;
             limited = limited || fixed[i];
         }
         if (!limited) return;
@@ -90,7 +111,6 @@ std::vector<FlexPlace> FlexPlaces(const std::vector<FlexSize>& items, double wid
     const bool grows = all <= width;
     int autoMargins = 0;
     for (std::size_t i = 0; i < items.size(); ++i) {
-        // What grows begins at its basis, which its limits may have raised.
         places[i].width = Hypothetical(items[i]);
         autoMargins += items[i].autoLeft + items[i].autoRight;
     }
