@@ -1,5 +1,7 @@
 #include "formats/css/css_cascade.h"
 
+#include "formats/css/css_style.h"
+
 void CssCascade::Set(CssProperty property, const CssCascaded& value) {
     values_[std::size_t(property)] = value;
     order_[std::size_t(property)] = ++time_;
@@ -40,4 +42,13 @@ void CssCascade::SetDirection(bool rightToLeft) {
     settle(P::MarginInlineEnd, rightToLeft ? P::MarginLeft : P::MarginRight);
     settle(P::PaddingInlineStart, rightToLeft ? P::PaddingRight : P::PaddingLeft);
     settle(P::PaddingInlineEnd, rightToLeft ? P::PaddingLeft : P::PaddingRight);
+    settle(P::InsetInlineStart, rightToLeft ? P::Right : P::Left);
+    settle(P::InsetInlineEnd, rightToLeft ? P::Left : P::Right);
+    const int start = rightToLeft ? cssRight : cssLeft, end = rightToLeft ? cssLeft : cssRight;
+    settle(P::BorderInlineStartWidth, P::BorderTopWidth + start);
+    settle(P::BorderInlineStartStyle, P::BorderTopStyle + start);
+    settle(P::BorderInlineStartColor, P::BorderTopColor + start);
+    settle(P::BorderInlineEndWidth, P::BorderTopWidth + end);
+    settle(P::BorderInlineEndStyle, P::BorderTopStyle + end);
+    settle(P::BorderInlineEndColor, P::BorderTopColor + end);
 }

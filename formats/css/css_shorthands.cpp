@@ -100,6 +100,17 @@ constexpr P topBorder[] = {P::BorderTopWidth, P::BorderTopStyle, P::BorderTopCol
 constexpr P rightBorder[] = {P::BorderRightWidth, P::BorderRightStyle, P::BorderRightColor};
 constexpr P bottomBorder[] = {P::BorderBottomWidth, P::BorderBottomStyle, P::BorderBottomColor};
 constexpr P leftBorder[] = {P::BorderLeftWidth, P::BorderLeftStyle, P::BorderLeftColor};
+constexpr P inlineStartBorder[] = {P::BorderInlineStartWidth, P::BorderInlineStartStyle,
+                                   P::BorderInlineStartColor};
+constexpr P inlineEndBorder[] = {P::BorderInlineEndWidth, P::BorderInlineEndStyle,
+                                 P::BorderInlineEndColor};
+constexpr P inlineBorders[] = {P::BorderInlineStartWidth, P::BorderInlineEndWidth,
+                               P::BorderInlineStartStyle, P::BorderInlineEndStyle,
+                               P::BorderInlineStartColor, P::BorderInlineEndColor};
+constexpr P blockBorders[] = {P::BorderTopWidth,    P::BorderBottomWidth, P::BorderTopStyle,
+                              P::BorderBottomStyle, P::BorderTopColor,    P::BorderBottomColor};
+constexpr P inlineInsets[] = {P::InsetInlineStart, P::InsetInlineEnd};
+constexpr P blockInsets[] = {P::Top, P::Bottom};
 constexpr P spacings[] = {P::BorderSpacingX, P::BorderSpacingY};
 constexpr P overflow[] = {P::Overflow};
 constexpr P background[] = {P::BackgroundColor};
@@ -132,7 +143,8 @@ constexpr P decoration[] = {P::TextDecoration};
 constexpr P listStyles[] = {P::ListStyleType, P::ListStylePosition};
 
 const std::span<const P> wholeGrid = grid, area = gridArea;
-const std::span<const P> allBorders = borders;
+const std::span<const P> allBorders = borders, bordersOfLine = inlineBorders,
+                         bordersOfBlock = blockBorders;
 
 const CssShorthand shorthands[] = {
     {u"margin", ReadSides, margins},
@@ -147,6 +159,18 @@ const CssShorthand shorthands[] = {
     {u"border-right", ReadBorder, rightBorder},
     {u"border-bottom", ReadBorder, bottomBorder},
     {u"border-left", ReadBorder, leftBorder},
+    {u"border-block-start", ReadBorder, topBorder},
+    {u"border-block-end", ReadBorder, bottomBorder},
+    {u"border-inline-start", ReadBorder, inlineStartBorder},
+    {u"border-inline-end", ReadBorder, inlineEndBorder},
+    {u"border-inline", ReadBorder, inlineBorders},
+    {u"border-inline-width", ReadPair, bordersOfLine.subspan(0, 2)},
+    {u"border-inline-style", ReadPair, bordersOfLine.subspan(2, 2)},
+    {u"border-inline-color", ReadPair, bordersOfLine.subspan(4, 2)},
+    {u"border-block", ReadBorder, blockBorders},
+    {u"border-block-width", ReadPair, bordersOfBlock.subspan(0, 2)},
+    {u"border-block-style", ReadPair, bordersOfBlock.subspan(2, 2)},
+    {u"border-block-color", ReadPair, bordersOfBlock.subspan(4, 2)},
     {u"border-width", ReadSides, allBorders.subspan(0, 4)},
     {u"border-style", ReadSides, allBorders.subspan(4, 4)},
     {u"border-color", ReadSides, allBorders.subspan(8, 4)},
@@ -185,6 +209,8 @@ const CssShorthand shorthands[] = {
     {u"overflow-x", ReadOverflow, overflow},
     {u"overflow-y", ReadOverflow, overflow},
     {u"inset", ReadSides, insets},
+    {u"inset-inline", ReadPair, inlineInsets},
+    {u"inset-block", ReadPair, blockInsets},
     {u"margin-inline", ReadPair, inlineMargins},
     {u"margin-block", ReadPair, blockMargins},
     {u"padding-inline", ReadPair, inlinePaddings},

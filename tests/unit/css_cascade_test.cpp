@@ -92,6 +92,13 @@ TEST_CASE("css: start and end are sides by the direction") {
     CHECK(page(u"div{margin-left:4px;margin-inline-start:3px}").margin[cssLeft] == three);
     CHECK(page(u"div{margin-left:4px!important;margin-inline-start:3px}").margin[cssLeft] == four);
     CHECK(page(u"div{padding-inline:3px 4px}").padding[cssRight] == four);
+    const CssBoxStyle quote = page(u"div{border-inline-start:4px solid red;direction:rtl}");
+    CHECK(quote.borderWidth == CssSides<float>{0, 4, 0, 0});
+    CHECK(quote.borderColor[cssRight] == CssColor{255, 0, 0});
+    CHECK(page(u"div{border-inline-end:4px solid}").borderWidth[cssRight] == 4);
+    CHECK(page(u"div{border-block:1px dotted}").borderWidth == CssSides<float>{1, 0, 1, 0});
+    CHECK(page(u"div{border-style:solid;border-inline-width:2px 4px}").borderWidth[cssLeft] == 2);
+    CHECK(page(u"div{inset-inline:3px 4px;direction:rtl}").inset[cssLeft] == four);
 }
 
 TEST_CASE("css: content before and after an element") {
