@@ -134,6 +134,20 @@ TEST_CASE("page layout: cells share a table that is narrower than their widths")
     CHECK(Lines(table + u"<td style='width:80px'>b</table>", 200) == "0,0 a|80,0 b");
 }
 
+TEST_CASE("page layout: a block that keeps floats out fills what they leave of a line") {
+    const auto lines = [](const std::u16string& style, const std::u16string& words) {
+        return PageSample(u"<div style='float:left;width:40px'>float</div><div style='" + style +
+                          u"'>" + words + u"</div>")
+            .Lines(120);
+    };
+    CHECK(lines(u"overflow:hidden", u"one two three") == "0,0 float|40,0 one two|40,16 three");
+    CHECK(lines(u"display:flow-root;margin-left:56px", u"one two") == "0,0 float|56,0 one two");
+    CHECK(lines(u"overflow:hidden;margin-left:24px", u"one two") == "0,0 float|40,0 one two");
+    CHECK(lines(u"display:table", u"one two three") == "0,0 float|40,0 one two|40,16 three");
+    CHECK(lines(u"overflow:hidden", u"longestword") == "0,0 float|0,16 longestword");
+    CHECK(lines(u"overflow:hidden;width:100px", u"one two") == "0,0 float|0,16 one two");
+}
+
 TEST_CASE("page layout: floats begin where a margin after them ends") {
     const std::u16string box = u"<div style='float:right;width:80px;height:32px'>f</div>";
     CHECK(Lines(box + u"<p>one") == "0,16 one|320,16 f");

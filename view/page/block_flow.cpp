@@ -234,12 +234,31 @@ void BlockFlow::LayOutLines(PageBoxId box) {
     AddLines(box, room, std::move(content), std::move(layout));
 }
 
-PageFragmentPtr BlockFlow::LayOutAlone(PageBoxId id) {
-    const BoxEdges edges = EdgesOf(id);
+PageFragmentPtr BlockFlow::LayOutAlone(PageBoxId id, const BoxEdges& edges) {
     const InlineEdges positioned = RoomOfPositioned(*layouter_.Box(id).style).sides;
     return layouter_.LayOutBlock(
         id, edges.content.Width(), open_.back().room.Width(),
         InlineEdges{positioned.left - edges.border.left, positioned.right - edges.border.left});
+}
+
+// Where a table or a block that keeps floats out fills what they leave of a line: beside all of
+// them, so that it is laid out once. Nothing where its words do not fit there, where it has a width,
+// or where a positioned box stands, for which pages make room by padding.
+std::optional<InlineEdges> BlockFlow::RoomBesideFloats(PageBoxId id) {
+    const PageBox& box = layouter_.Box(id);
+    const CssBoxStyle& style = *box.style;
+    const bool isBlock = box.kind != PageBoxKind::Picture && style.flowRoot;
+    if ((!isBlock && box.kind != PageBoxKind::Table) || !style.width.IsAuto()) return {};
+    const InlineEdges room = open_.back().room;
+    const double bottom = floats_.ClearedTop(true, true, top_);
+    const InlineEdges free = floats_.RoomAt(top_, bottom, room);
+    if (bottom <= top_ || positionedBottom_ > top_ || free == room) return {};
+    if (free.Width() < layouter_.ExtentOfBox(id).min) return {};
+    // Its margins may lie behind the floats, its border may not.
+    const BoxMeasure& measure = layouter_.Measure();
+    return InlineEdges{
+        std::max(room.left, free.left - measure.Margin(style, cssLeft, room.Width())),
+        std::min(room.right, free.right + measure.Margin(style, cssRight, room.Width()))};
 }
 
 // A table, a picture, or a block that keeps floats out: it stands where floats leave room.
@@ -256,16 +275,18 @@ void BlockFlow::AddByItself(PageBoxId id) {
     EndMargin();
     PageFragmentPtr fragment;
     const double sides = measure.SideMargins(*box.style, containing);
+    const std::optional<InlineEdges> beside = RoomBesideFloats(id);
     if (box.kind == PageBoxKind::Table)
-        fragment = LayOutTable(layouter_, id, containing);
+        fragment = LayOutTable(layouter_, id, beside ? beside->Width() : containing);
     else if (box.kind == PageBoxKind::Picture)
         fragment = layouter_.LayOutPicture(id, containing);
     else
-        fragment = LayOutAlone(id);
+        fragment = LayOutAlone(id, layouter_.EdgesInFlow(id, open_.back().box, beside.value_or(room)));
     const double insets = measure.SideInsets(*box.style, containing);
     const CssInheritedStyle& around = *layouter_.Box(open_.back().box).text;
-    BoxEdges edges = measure.OfWidth(*box.style, around, room, fragment->width - insets);
-    if (!IsClear(edges.content, fragment->height)) {
+    BoxEdges edges =
+        measure.OfWidth(*box.style, around, beside.value_or(room), fragment->width - insets);
+    if (!beside && !IsClear(edges.content, fragment->height)) {
         top_ = floats_.FittingTop(top_, fragment->height, fragment->width + sides, room);
         const InlineEdges free = floats_.RoomAt(top_, top_ + fragment->height, room);
         edges = measure.OfWidth(*box.style, around, free, fragment->width - insets);

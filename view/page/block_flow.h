@@ -88,7 +88,8 @@ class BlockFlow {
     bool IsClear(const InlineEdges& content, double height) const;
     void AddMarker(const InlineLine& firstLine);
     void AddByItself(PageBoxId id);
-    PageFragmentPtr LayOutAlone(PageBoxId id);
+    std::optional<InlineEdges> RoomBesideFloats(PageBoxId id);
+    PageFragmentPtr LayOutAlone(PageBoxId id, const BoxEdges& edges);
     void BeforeClear(const CssBoxStyle& style);
     void ClearFloats(const CssBoxStyle& style);
     void AddMarginAbove(const CssBoxStyle& style, double containing);
