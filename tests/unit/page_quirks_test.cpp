@@ -18,6 +18,12 @@ TEST_CASE("page quirks: margins of the default sheet go at the edges of cells") 
     CHECK(PageSample(table + u"<p>a</table>c").Lines(400) == "0,16 a|0,48 c");
 }
 
+TEST_CASE("page quirks: a cell's height is that of its border box") {
+    const std::u16string cell = u"<table cellpadding=4 cellspacing=0><td height=40>a</table>b";
+    CHECK(Lines(cell) == "4,12 a|0,40 b");
+    CHECK(PageSample(cell).Lines(400) == "4,16 a|0,48 b");
+}
+
 TEST_CASE("page quirks: the page's own margins stay") {
     CHECK(Lines(table + u"<p style='margin:8px 0'>a</table>c") == "0,8 a|0,32 c");
     CHECK(Lines(table + u"<p style='margin-top:8px'>a</table>c") == "0,8 a|0,24 c");

@@ -103,7 +103,8 @@ class PageBoxBuilder : private BlockBuilder {
         if (tree_[node].Is(HtmlName::Body) && boxes_[rootPageBox].style->background.IsTransparent())
             boxes_.MakeTopCanvas();
         boxes_.Top().dropsQuirkyMargins =
-            kind == PageBoxKind::Cell || tree_[node].Is(HtmlName::Body);
+            tree_.Quirks() == HtmlQuirks::Full &&
+            (kind == PageBoxKind::Cell || tree_[node].Is(HtmlName::Body));
         const HtmlNodeId after = tree_.NextAfter(node);
         if (boxes_.Top().style->display == CssDisplay::ListItem)
             boxes_.Top().number = numbers_.Next(node);

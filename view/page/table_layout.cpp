@@ -153,6 +153,8 @@ class TableLayouter {
         const CssBoxStyle& style = *layouter_.Box(cell.box).style;
         const double given = measure_.GivenHeight(style);
         if (given < 0) return layout.height;
+        // In quirks mode it is that of the border box (quirks.spec.whatwg.org).
+        if (layouter_.Box(cell.box).dropsQuirkyMargins) return std::max(layout.height, given);
         const BoxInsets insets = measure_.Insets(style, Width(cell));
         return std::max(layout.height, insets.Top() + given + insets.Bottom());
     }
