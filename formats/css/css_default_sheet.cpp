@@ -43,10 +43,16 @@ mi { font-style: italic }
 mfrac { display: inline-block; vertical-align: middle; text-align: center; text-indent: 0 }
 mfrac > * { display: block; padding-left: 1px; padding-right: 1px }
 mfrac > :nth-child(2) { border-top: 1px solid }
-msub > :nth-child(2), msubsup > :nth-child(2) { vertical-align: sub; font-size: smaller }
-msup > :nth-child(2), msubsup > :nth-child(3) { vertical-align: super; font-size: smaller }
+math[display=block i] { display: block; text-align: center }
+:is(msub, msubsup, munder, munderover) > :nth-child(2) { vertical-align: sub; font-size: smaller }
+:is(msup, mover) > :nth-child(2), :is(msubsup, munderover) > :nth-child(3) {
+    vertical-align: super; font-size: smaller }
 msqrt { text-decoration: overline }
 msqrt::before { content: "\221A" }
+mroot { display: inline-flex; flex-direction: row-reverse }
+mroot > :first-child { text-decoration: overline }
+mroot > :first-child::before { content: "\221A" }
+mroot > :nth-child(2) { font-size: smaller }
 mtable { display: inline-table; vertical-align: middle; border-spacing: 4px }
 mtr { display: table-row }
 mtd { display: table-cell; text-align: center }
@@ -64,13 +70,6 @@ h3 { font-size: 1.17em; font-weight: bold; margin-top: 1__qem; margin-bottom: 1e
 h4 { font-weight: bold; margin-top: 1.33__qem; margin-bottom: 1.33em }
 h5 { font-size: 0.83em; font-weight: bold; margin-top: 1.67__qem; margin-bottom: 1.67em }
 h6 { font-size: 0.67em; font-weight: bold; margin-top: 2.33__qem; margin-bottom: 2.33em }
-:is(article, aside, nav, section) h1 {
-    font-size: 1.5em; margin-top: 0.83__qem; margin-bottom: 0.83em }
-:is(article, aside, nav, section) :is(article, aside, nav, section) h1 {
-    font-size: 1.17em; margin-top: 1__qem; margin-bottom: 1em }
-:is(article, aside, nav, section) :is(article, aside, nav, section)
-    :is(article, aside, nav, section) h1 {
-    font-size: 1em; margin-top: 1.33__qem; margin-bottom: 1.33em }
 dd { margin-inline-start: 40px }
 dir, menu, ol, ul { padding-inline-start: 40px }
 :is(dir, dl, menu, ol, ul) :is(dir, dl, menu, ol, ul) { margin-top: 0; margin-bottom: 0 }

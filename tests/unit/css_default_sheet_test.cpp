@@ -34,7 +34,8 @@ TEST_CASE("css: what elements look like without a sheet") {
         {u"<span id=x>", CssDisplay::Inline, 16, 400, 0},
         {u"<unknown id=x>", CssDisplay::Inline, 16, 400, 0},
         {u"<h1 id=x>", CssDisplay::Block, 32, 700, 21.44},
-        {u"<section><h1 id=x>", CssDisplay::Block, 24, 700, 19.92},
+        {u"<section><h1 id=x>", CssDisplay::Block, 32, 700, 21.44},
+        {u"<math><munderover><mo>S</mo><mn id=x>", CssDisplay::Inline, 16 / 1.2, 400, 0},
         {u"<h2 id=x>", CssDisplay::Block, 24, 700, 19.92},
         {u"<h3 id=x>", CssDisplay::Block, 18.72, 700, 18.72},
         {u"<h4 id=x>", CssDisplay::Block, 16, 700, 21.28},
@@ -98,7 +99,7 @@ TEST_CASE("css: what elements look like without a sheet") {
 
 TEST_CASE("css: every rule of the default sheet is understood as a whole") {
     // As many as it has blocks: a slip of the pen would drop one.
-    CHECK(DefaultCssSheet().rules.size() == 84);
+    CHECK(DefaultCssSheet().rules.size() == 86);
     CHECK(QuirksCssSheet().rules.size() == 2);
     CHECK(DefaultCssSheet().imports.empty());
 }

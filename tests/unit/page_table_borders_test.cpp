@@ -140,6 +140,13 @@ TEST_CASE("page: a fraction has its parts one above the other") {
     CHECK(Lines(u"<math><mfrac><mn>1</mn><mn>22</mn></mfrac></math>") == "0,0 #|5,0 1|1,17 22");
 }
 
+TEST_CASE("page: the index of a root stands before it, and a formula of its own in the middle") {
+    CHECK(Lines(u"<math><mroot><mn>8</mn><mn>3</mn></mroot></math>") ==
+          "0,0 #|7,0 ?8|0,0 3");
+    CHECK(Lines(u"<p style='margin:0'>a<math display=block><mn>1</mn></math>b") ==
+          "0,0 a|196,16 1|0,32 b");
+}
+
 TEST_CASE("page table: captions above and below, with their margins") {
     const std::u16string rows = u"<tr><td style='padding:0'>aaaa</table>";
     CHECK(Lines(u"<table cellspacing=0><caption>c</caption>" + rows) == "12,0 c|0,16 aaaa");
