@@ -148,6 +148,13 @@ TEST_CASE("page layout: a block that keeps floats out fills what they leave of a
     CHECK(lines(u"overflow:hidden;width:100px", u"one two") == "0,0 float|0,16 one two");
 }
 
+TEST_CASE("page layout: a line that its box would cut goes on in the next one") {
+    const std::u16string one = u"<div style='width:40px;white-space:nowrap;",
+                         two = u"'>one two</div>";
+    CHECK(Lines(one + u"overflow:hidden" + two) == "0,0 one|0,16 two");
+    CHECK(Lines(one + two) == "0,0 one two");
+}
+
 TEST_CASE("page layout: floats begin where a margin after them ends") {
     const std::u16string box = u"<div style='float:right;width:80px;height:32px'>f</div>";
     CHECK(Lines(box + u"<p>one") == "0,16 one|320,16 f");

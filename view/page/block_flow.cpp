@@ -242,8 +242,8 @@ PageFragmentPtr BlockFlow::LayOutAlone(PageBoxId id, const BoxEdges& edges) {
 }
 
 // Where a table or a block that keeps floats out fills what they leave of a line: beside all of
-// them, so that it is laid out once. Nothing where its words do not fit there, where it has a width,
-// or where a positioned box stands, for which pages make room by padding.
+// them, so that it is laid out once. Nothing where its words do not fit there, where it has a
+// width, or where a positioned box stands, for which pages make room by padding.
 std::optional<InlineEdges> BlockFlow::RoomBesideFloats(PageBoxId id) {
     const PageBox& box = layouter_.Box(id);
     const CssBoxStyle& style = *box.style;
@@ -281,7 +281,8 @@ void BlockFlow::AddByItself(PageBoxId id) {
     else if (box.kind == PageBoxKind::Picture)
         fragment = layouter_.LayOutPicture(id, containing);
     else
-        fragment = LayOutAlone(id, layouter_.EdgesInFlow(id, open_.back().box, beside.value_or(room)));
+        fragment =
+            LayOutAlone(id, layouter_.EdgesInFlow(id, open_.back().box, beside.value_or(room)));
     const double insets = measure.SideInsets(*box.style, containing);
     const CssInheritedStyle& around = *layouter_.Box(open_.back().box).text;
     BoxEdges edges =

@@ -41,7 +41,7 @@ struct PageBox {
     bool isFirstLetter = false; // of Lines: they are a floating first letter of those around
     GeneratedPlace generatedPlace = GeneratedPlace::None; // a box of generated content
     bool isTooLong = false;                               // to be laid out by itself
-    bool dropsQuirkyMargins = false;                      // a cell, or the page's body, in quirks mode
+    bool dropsQuirkyMargins = false; // a cell, or the page's body, in quirks mode
     // Lines or a table that is too long are several, one after the other: not the first of them;
     // of tables also not the last one.
     bool continues = false, isContinued = false;
