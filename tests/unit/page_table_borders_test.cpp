@@ -141,8 +141,7 @@ TEST_CASE("page: a fraction has its parts one above the other") {
 }
 
 TEST_CASE("page: the index of a root stands before it, and a formula of its own in the middle") {
-    CHECK(Lines(u"<math><mroot><mn>8</mn><mn>3</mn></mroot></math>") ==
-          "0,0 #|7,0 ?8|0,0 3");
+    CHECK(Lines(u"<math><mroot><mn>8</mn><mn>3</mn></mroot></math>") == "0,0 #|7,0 ?8|0,0 3");
     CHECK(Lines(u"<p style='margin:0'>a<math display=block><mn>1</mn></math>b") ==
           "0,0 a|196,16 1|0,32 b");
 }
