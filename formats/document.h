@@ -7,6 +7,7 @@
 #pragma once
 
 #include "common/geometry.h"
+#include "common/tab_stop.h"
 
 #include <cstdint>
 #include <string>
@@ -53,7 +54,7 @@ struct ParagraphStyle {
     std::int32_t spaceBefore = 0, spaceAfter = 0;
     std::int32_t lineSpacing = 0;       // twips; 0 single, < 0 exactly, > 0 at least
     bool lineSpacingIsMultiple = false; // it is then in 240ths of a line
-    std::vector<std::int32_t> tabStops; // twips from the left edge, ascending
+    std::vector<TabStop> tabStops;      // twips from the start edge, ascending
     ParagraphBorders borders;
     Color background = 0;
     bool autoBackground = true;    // none

@@ -3,6 +3,7 @@
 // paragraph's start; lengths are device pixels.
 #pragma once
 
+#include "common/tab_stop.h"
 #include "platform/canvas.h"
 
 #include <memory>
@@ -85,8 +86,10 @@ struct ParagraphText {
     int width = 1;
     int firstIndent = 0, indent = 0; // of the first line and of the others
     // From the start edge (not from the indent), ascending. A tab reaches to the next one that is
-    // at least a pixel away.
-    std::vector<int> tabStops;
+    // at least a pixel away. One that is not Left stays with the text that stands at it, as far as
+    // that has room in a line: the line breaks in front of the tab, not after it. It then reaches to
+    // the last stop that is not Left.
+    std::vector<TabStop> tabStops;
     double tabDistance = 48; // of those after the last one, as multiples from the start edge
 };
 
@@ -155,7 +158,7 @@ class TextLines {
     // text's end the last one.
     virtual CharSpan WordAt(TextPos position) const = 0;
 
-    // At the left edge and the baseline of what is visible.
+    // At the left edge and the baseline of what is visible; with the leaders of its tabs.
     virtual void Draw(Canvas&, int line, int left, int baseline, const LinePaint&) const = 0;
 };
 

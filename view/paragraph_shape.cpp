@@ -72,17 +72,20 @@ void SetSpacing(const LayoutContext& context, const ParagraphStyle& style,
 }
 
 void SetTabs(const LayoutContext& context, const ParagraphStyle& style, ParagraphShape& shape) {
-    std::vector<int>& stops = shape.tabStops;
+    std::vector<TabStop>& stops = shape.tabStops;
     const std::size_t own = std::min(style.tabStops.size(), maxCustomTabs);
     for (std::size_t i = 0; i < own; ++i)
-        stops.push_back(context.Pixels(style.tabStops[i]));
+        stops.push_back({context.Pixels(style.tabStops[i].position), style.tabStops[i].alignment,
+                         style.tabStops[i].leader});
     // A hanging indent is a tab stop.
-    if (shape.firstIndent < shape.indent) stops.push_back(shape.indent);
-    std::sort(stops.begin(), stops.end());
+    if (shape.firstIndent < shape.indent) stops.push_back({shape.indent});
+    std::stable_sort(stops.begin(), stops.end(), [](const TabStop& a, const TabStop& b) {
+        return a.position < b.position;
+    });
     const int defaultDistance = context.Pixels(std::max(minTab, context.document.defaultTab));
-    int stop = stops.empty() ? 0 : stops.back() / defaultDistance * defaultDistance;
+    int stop = stops.empty() ? 0 : stops.back().position / defaultDistance * defaultDistance;
     for (int i = 0; i < maxDefaultTabs && stop < shape.breakWidth; ++i)
-        stops.push_back(stop += defaultDistance);
+        stops.push_back({stop += defaultDistance});
     shape.tabDistance = defaultDistance;
 }
 

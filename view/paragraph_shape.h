@@ -17,8 +17,8 @@ struct ParagraphShape {
     bool justified = false; // lines are justified where possible
     int breakWidth = 1, alignWidth = 1;
     ParagraphBox box;
-    std::vector<int> tabStops; // from the start edge, ascending
-    double tabDistance = 1;    // between those after the last one
+    std::vector<TabStop> tabStops; // from the start edge, ascending
+    double tabDistance = 1;        // between those after the last one
 
     int TextWidth() const; // of a line that fits the view
     int LineHeight(int natural) const;

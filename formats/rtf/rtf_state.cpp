@@ -39,14 +39,15 @@ void SetFontSize(CharStyle& style, std::int32_t halfPoints) {
         style.halfPoints = static_cast<std::uint16_t>(std::min(halfPoints, maxRtfHalfPoints));
 }
 
-// Text that ends at a stop begins there in this reader: at the edge of the page, where a table of
-// contents has its numbers, there is no room for it, and it would stand on the next line.
-constexpr std::int32_t nearPageEdge = 5 * 1440; // twips
-
-void AddTabStop(std::vector<std::int32_t>& stops, std::int32_t position) {
-    if (position <= 0 || stops.size() == maxRtfTabStops) return;
-    const auto place = std::lower_bound(stops.begin(), stops.end(), position);
-    if (place == stops.end() || *place != position) stops.insert(place, position);
+void AddTabStop(std::vector<TabStop>& stops, const TabStop& stop) {
+    if (stop.position <= 0 || stops.size() == maxRtfTabStops) return;
+    const auto place = std::lower_bound(
+        stops.begin(), stops.end(), stop.position,
+        [](const TabStop& each, std::int32_t position) { return each.position < position; });
+    if (place != stops.end() && place->position == stop.position)
+        *place = stop;
+    else
+        stops.insert(place, stop);
 }
 
 } // namespace
@@ -96,6 +97,7 @@ void ApplyParagraphWord(RtfState& state, const RtfWordEntry& entry, bool hasPara
     switch (entry.word) {
     case RtfWord::ParagraphDefaults:
         style = {};
+        state.tabStop = {};
         state.inTable = false;
         state.borderSide = RtfBorderSide::None;
         state.shading = {};
@@ -112,10 +114,13 @@ void ApplyParagraphWord(RtfState& state, const RtfWordEntry& entry, bool hasPara
     case RtfWord::LineSpacing: style.lineSpacing = ClampRtfTwips(parameter); break;
     case RtfWord::LineSpacingIsMultiple: style.lineSpacingIsMultiple = on; break;
     case RtfWord::ParagraphDirection: style.rightToLeft = entry.value != 0; break;
-    case RtfWord::RightTab: state.isRightTab = true; break;
+    case RtfWord::TabAlignment:
+        state.tabStop.alignment = static_cast<TabAlignment>(entry.value);
+        break;
+    case RtfWord::TabLeader: state.tabStop.leader = static_cast<TabLeader>(entry.value); break;
     case RtfWord::TabStop:
-        if (!std::exchange(state.isRightTab, false) || parameter < nearPageEdge)
-            AddTabStop(style.tabStops, parameter);
+        state.tabStop.position = parameter;
+        AddTabStop(style.tabStops, std::exchange(state.tabStop, {}));
         break;
     case RtfWord::InTable: state.inTable = on; break;
     case RtfWord::ListNumber: state.list = parameter; break;

@@ -13,7 +13,7 @@ struct RtfState {
     bool inTable = false;
     RtfBorderSide borderSide = RtfBorderSide::None;
     RtfShading shading;
-    bool isRightTab = false;       // the next tab stop
+    TabStop tabStop;               // the next one, but for its position
     std::int32_t styleNumber = 0;  // in the style sheet, while that is read
     std::uint8_t dropCapLines = 0; // lines that the paragraph is as high as
 

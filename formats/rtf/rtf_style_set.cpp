@@ -37,7 +37,8 @@ std::size_t HashOf(const ParagraphStyle& style) {
         if (border->width != 0)
             hash = Mix({static_cast<std::int64_t>(hash), border->width, border->space,
                         border->color, border->autoColor});
-    for (const std::int32_t stop : style.tabStops)
-        hash = Mix({static_cast<std::int64_t>(hash), stop});
+    for (const TabStop& stop : style.tabStops)
+        hash = Mix({static_cast<std::int64_t>(hash), stop.position,
+                    static_cast<int>(stop.alignment), static_cast<int>(stop.leader)});
     return hash;
 }

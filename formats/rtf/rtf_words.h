@@ -105,8 +105,9 @@ enum class RtfWord : std::uint8_t {
     LineSpacing,
     LineSpacingIsMultiple,
     ParagraphDirection, // `value` is 1 for right to left
+    TabAlignment, // of the next stop
+    TabLeader,
     TabStop,
-    RightTab, // the text of the next stop ends there
     ParagraphBackground,
     ShadingPattern, // its colour
     Shading,        // hundredths of a percent of the pattern over the background

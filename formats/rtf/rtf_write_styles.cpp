@@ -24,6 +24,13 @@ std::string ColorWord(const char* name, Color color, const RtfWriteTables& table
     return Word(name, static_cast<std::int64_t>(tables.ColorNumber(color)));
 }
 
+std::string TabStopWords(const TabStop& stop) {
+    constexpr const char* alignments[] = {"", "\\tqr", "\\tqc", "\\tqdec"};
+    constexpr const char* leaders[] = {"", "\\tldot", "\\tlmdot", "\\tlhyph", "\\tlul", "\\tleq"};
+    std::string rtf = alignments[static_cast<int>(stop.alignment)];
+    return rtf + leaders[static_cast<int>(stop.leader)] + Word("tx", stop.position);
+}
+
 std::string BorderWords(const char* side, const ParagraphBorder& border,
                         const RtfWriteTables& tables) {
     if (border.width == 0) return {};
@@ -70,8 +77,8 @@ std::string ParagraphStyleWords(const ParagraphStyle& style, bool inTable,
     rtf += WordUnlessZero("sa", style.spaceAfter);
     rtf += WordUnlessZero("sl", style.lineSpacing);
     rtf += WordUnlessZero("slmult", style.lineSpacingIsMultiple);
-    for (const std::int32_t stop : style.tabStops)
-        rtf += Word("tx", stop);
+    for (const TabStop& stop : style.tabStops)
+        rtf += TabStopWords(stop);
     const ParagraphBorders& borders = style.borders;
     rtf += BorderWords("\\brdrt", borders.top, tables);
     rtf += BorderWords("\\brdrl", borders.left, tables);

@@ -8,10 +8,10 @@
 #include <vector>
 
 struct NoneDrawing {
-    enum class Kind { Fill, Tint, Text } kind = Kind::Fill;
+    enum class Kind { Fill, Tint, Text, Leader } kind = Kind::Fill;
     Rect rect; // of a fill or a tint; of text the clip
     Color color = 0;
-    // Of text only.
+    // Of text and leaders only.
     std::u16string text = {}; // in the order of reading
     int left = 0, baseline = 0;
     bool oneColor = false;
@@ -26,8 +26,9 @@ class NoneCanvas : public Canvas {
     void TintRect(const Rect& rect, Color color) override {
         drawings.push_back({NoneDrawing::Kind::Tint, rect, color});
     }
-    void DrawLine(std::u16string text, int left, int baseline, const LinePaint& paint) {
-        drawings.push_back({NoneDrawing::Kind::Text,
+    void DrawLine(std::u16string text, int left, int baseline, const LinePaint& paint,
+                  NoneDrawing::Kind kind = NoneDrawing::Kind::Text) {
+        drawings.push_back({kind,
                             paint.clip,
                             paint.text,
                             std::move(text),

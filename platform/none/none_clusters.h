@@ -12,6 +12,7 @@ struct NoneCluster {
     BidiLevel level = 0;
     double width = 0;
     double left = 0; // in its line
+    TabLeader leader = TabLeader::None;
 };
 
 struct NoneClusters {

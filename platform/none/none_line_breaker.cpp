@@ -8,6 +8,12 @@ using Kind = NoneCluster::Kind;
 
 constexpr double rounding = 1e-6; // pixels, of sums of widths
 
+struct PlacedTab {
+    std::size_t index = 0;
+    const TabStop* alignedAt = nullptr; // a stop that is not Left
+    double pen = 0; // where it begins
+};
+
 class LineBreaker {
   public:
     LineBreaker(const ParagraphText& paragraph, NoneClusters& clusters)
@@ -35,11 +41,12 @@ class LineBreaker {
         const bool wrapped = line.end < all_.size() && last != Kind::Break;
         line.visibleEnd = last == Kind::Break && line.end > first ? line.end - 1 : line.end;
         const std::size_t spaces = TrailingSpaces(line);
+        if (wrapped && last == Kind::SoftHyphen) ShowHyphen(first, line.end);
+        AlignLastTab(spaces);
         if (wrapped)
             line.visibleEnd = spaces;
         else
             LimitSpaces(first, spaces, line.visibleEnd);
-        if (wrapped && last == Kind::SoftHyphen) ShowHyphen(first, line.end);
         line.line.start = clusters_.StartOf(first);
         line.line.end = clusters_.StartOf(line.end);
         if (wrapped && paragraph_.justified) line.line.justified = Justify(first, line.visibleEnd);
@@ -51,31 +58,80 @@ class LineBreaker {
     std::size_t EndOfLine(std::size_t first) {
         double pen = 0;
         std::size_t chance = first; // the last one to break at; none where it is `first`
+        tabs_.clear();
         for (std::size_t i = first; i < all_.size(); ++i) {
             NoneCluster& each = all_[i];
             if (each.kind == Kind::Break) return i + 1;
-            const bool fits = TakeWidth(each, pen);
-            if (i > first && each.mayBreak && HyphenFits(all_[i - 1], pen)) chance = i;
+            if (each.kind == Kind::Tab) pen += AlignLastTab(i);
+            const bool fits = TakeWidth(i, pen);
+            const bool keeps = i > 0 && IsAlignedTab(i - 1) && chance > first;
+            if (i > first && (IsAlignedTab(i) || (MayBreak(i, pen) && !keeps))) chance = i;
             if (!fits && i > first) return chance > first ? chance : i;
             pen += each.width;
         }
         return all_.size();
     }
 
+    bool IsAlignedTab(std::size_t index) const {
+        return !tabs_.empty() && tabs_.back().index == index && tabs_.back().alignedAt;
+    }
+
+    bool MayBreak(std::size_t index, double pen) const {
+        return all_[index].mayBreak && HyphenFits(all_[index - 1], pen);
+    }
+
     // Spaces always fit. A tab reaches at most to the line's end.
-    bool TakeWidth(NoneCluster& each, double pen) const {
+    bool TakeWidth(std::size_t index, double pen) {
+        NoneCluster& each = all_[index];
         if (each.kind == Kind::Space) return true;
         const double left = room_ - pen;
         if (each.kind != Kind::Tab) return each.width <= left + rounding;
-        each.width = std::min(NextStop(indent_ + pen) - indent_ - pen, std::max(left, 1.0));
-        return left >= 1;
+        const TabStop* const stop = StopOf(index, indent_ + pen);
+        const double next = stop ? stop->position : NextDefaultStop(indent_ + pen);
+        each.leader = stop ? stop->leader : TabLeader::None;
+        each.width = std::min(next - indent_ - pen, std::max(left, 1.0));
+        const bool aligned = stop && stop->alignment != TabAlignment::Left;
+        tabs_.push_back({index, aligned ? stop : nullptr, pen});
+        if (aligned) each.width = each.style->CharacterWidth(); // as yet
+        return left >= (aligned ? each.width : 1);
     }
 
-    double NextStop(double from) const {
-        for (const int stop : paragraph_.tabStops)
-            if (stop >= from + 1) return stop;
+    const TabStop* StopOf(std::size_t tab, double from) const {
+        const bool moved = from == indent_ && tab > 0 && all_[tab - 1].kind != Kind::Break;
+        return moved ? MovedTabStop(paragraph_.tabStops, from)
+                     : NextTabStop(paragraph_.tabStops, from);
+    }
+
+    double NextDefaultStop(double from) const {
         const double distance = std::max(1.0, paragraph_.tabDistance);
         return std::ceil((from + 1) / distance - rounding) * distance;
+    }
+
+    // Widens the last tab for the text up to `end`, where the next tab is or the line ends;
+    // returns by how much.
+    double AlignLastTab(std::size_t end) {
+        while (!tabs_.empty() && tabs_.back().index >= end)
+            tabs_.pop_back();
+        if (tabs_.empty() || !tabs_.back().alignedAt) return 0;
+        const PlacedTab& tab = tabs_.back();
+        double& width = all_[tab.index].width;
+        const double before = width;
+        width = TabGap(*tab.alignedAt, indent_ + tab.pen, indent_ + room_, MeasureAfterTab(tab, end),
+                       all_[tab.index].style->CharacterWidth());
+        return width - before;
+    }
+
+    TabbedText MeasureAfterTab(const PlacedTab& tab, std::size_t end) const {
+        TabbedText text;
+        const TextPos start = clusters_.StartOf(tab.index + 1);
+        const std::u16string_view units = std::u16string_view(clusters_.text)
+                                              .substr(std::size_t(start), std::size_t(clusters_.StartOf(end) - start));
+        const TextPos decimals = start + TextPos(UnitsBeforeDecimals(units));
+        for (std::size_t i = tab.index + 1; i < end; ++i) {
+            text.width += all_[i].width;
+            if (all_[i].start < decimals) text.beforeDecimals += all_[i].width;
+        }
+        return text;
     }
 
     bool HyphenFits(const NoneCluster& before, double pen) const {
@@ -140,6 +196,7 @@ class LineBreaker {
             all_[index].left = line.line.width;
             line.line.width += all_[index].width;
         }
+        line.startEdge = paragraph_.rightToLeft ? line.line.width + indent_ : -indent_;
     }
 
     // An empty line is as high as the font it would have.
@@ -160,6 +217,7 @@ class LineBreaker {
     std::vector<NoneCluster>& all_;
     int indent_ = 0;
     double room_ = 1;
+    std::vector<PlacedTab> tabs_; // of the line
 };
 } // namespace
 

@@ -21,12 +21,28 @@ void NoneTextLines::FillBackgrounds(Canvas& canvas, const NoneLine& line, int le
     }
 }
 
+void NoneTextLines::DrawLeaders(NoneCanvas& canvas, const NoneLine& line, int left, int baseline,
+                                const LinePaint& paint) const {
+    for (const std::size_t i : line.order) {
+        const NoneCluster& each = Cluster(i);
+        const char16_t character = LeaderCharacter(each.leader);
+        if (character == 0) continue;
+        const LeaderSpan span = LeaderIn(each.left, each.left + each.width,
+                                         each.style->CharacterWidth(), line.startEdge);
+        canvas.DrawLine(std::u16string(std::size_t(span.count), character),
+                        left + int(std::lround(span.left)), baseline, paint,
+                        NoneDrawing::Kind::Leader);
+    }
+}
+
 void NoneTextLines::Draw(Canvas& canvas, int index, int left, int baseline,
                          const LinePaint& paint) const {
     const NoneLine& line = At(index);
     if (!paint.oneColor) FillBackgrounds(canvas, line, left, baseline, paint.clip);
     const auto start = std::size_t(line.line.start),
                end = std::size_t(clusters_.StartOf(line.visibleEnd));
-    if (auto* record = dynamic_cast<NoneCanvas*>(&canvas))
-        record->DrawLine(clusters_.text.substr(start, end - start), left, baseline, paint);
+    auto* const record = dynamic_cast<NoneCanvas*>(&canvas);
+    if (!record) return;
+    record->DrawLine(clusters_.text.substr(start, end - start), left, baseline, paint);
+    DrawLeaders(*record, line, left, baseline, paint);
 }

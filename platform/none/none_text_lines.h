@@ -3,6 +3,8 @@
 
 #include "platform/none/none_line_breaker.h"
 
+class NoneCanvas;
+
 class NoneTextLines : public TextLines {
   public:
     NoneTextLines(const ParagraphText&, NoneClusters, std::vector<NoneLine>);
@@ -40,6 +42,7 @@ class NoneTextLines : public TextLines {
     // end.
     std::vector<std::size_t> CaretPlaces(int line) const;
     TextPos Beside(TextPos position, bool right) const;
+    void DrawLeaders(NoneCanvas&, const NoneLine&, int left, int baseline, const LinePaint&) const;
     void FillBackgrounds(Canvas&, const NoneLine&, int left, int baseline, const Rect& clip) const;
 
     NoneClusters clusters_;

@@ -21,7 +21,7 @@ ParagraphStyle Spaced(std::int32_t before, std::int32_t after, std::int32_t hang
     style.spaceAfter = after;
     style.leftIndent = hanging;
     style.firstLineIndent = -hanging;
-    if (hanging > 0) style.tabStops = {hanging};
+    if (hanging > 0) style.tabStops = {{hanging}};
     return style;
 }
 

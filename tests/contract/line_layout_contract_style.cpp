@@ -20,7 +20,7 @@ ParagraphText WithLargeRun(LineLayout& layout, std::u16string text, TextPos star
 std::unique_ptr<TextLines> BreakWithTabs(LineLayout& layout, std::u16string text, bool rightToLeft,
                                          int indent = 0) {
     ParagraphText paragraph = LineParagraph(layout, std::move(text), unlimited, rightToLeft);
-    paragraph.tabStops = {200, 330};
+    paragraph.tabStops = {{200}, {330}};
     paragraph.tabDistance = 150;
     paragraph.firstIndent = indent;
     return layout.BreakLines(paragraph);
@@ -344,7 +344,7 @@ TEST_CASE("line layout: a line without spaces, with a tab or before a break is n
              {u"several several", u"a\tb several several", u"a b c\u2028several several"}) {
             ParagraphText paragraph =
                 LineParagraph(layout, text, int(2 * TextWidth(layout, u"several")));
-            paragraph.tabStops = {int(TextWidth(layout, u"abc"))};
+            paragraph.tabStops = {{int(TextWidth(layout, u"abc"))}};
             const auto natural = layout.BreakLines(paragraph);
             paragraph.justified = true;
             const auto lines = layout.BreakLines(paragraph);

@@ -132,6 +132,11 @@ ParagraphText RandomParagraph(Random& random, LineLayout& layout) {
     paragraph.width = 1 + Below(random, OneIn(random, 2) ? 40 : 600);
     paragraph.firstIndent = Below(random, 50);
     paragraph.indent = Below(random, 50);
-    if (OneIn(random, 2)) paragraph.tabStops = {Below(random, 40), 40 + Below(random, 40)};
+    if (OneIn(random, 2)) paragraph.tabStops = {{Below(random, 40)}, {40 + Below(random, 40)}};
+    if (OneIn(random, 2)) {
+        for (TabStop& stop : paragraph.tabStops)
+            stop.alignment = TabAlignment(Below(random, 4));
+        paragraph.tabStops.push_back({100 + Below(random, 400), TabAlignment(Below(random, 4))});
+    }
     return paragraph;
 }

@@ -28,6 +28,14 @@ std::string BorderText(const char* name, const ParagraphBorder& border) {
            ColorText("color", border.autoColor, border.color);
 }
 
+std::string TabStopText(const TabStop& stop) {
+    const char* const alignments[] = {"tab", "right-tab", "center-tab", "decimal-tab"};
+    const char* const leaders[] = {"",         "/dots",        "/middle-dots",
+                                   "/hyphens", "/underscores", "/equal-signs"};
+    return Number(alignments[static_cast<int>(stop.alignment)], stop.position) +
+           leaders[static_cast<int>(stop.leader)];
+}
+
 std::string ParagraphText(const ParagraphStyle& style) {
     const char* const alignments[] = {"left", "right", "center", "justified"};
     std::string text = alignments[static_cast<int>(style.alignment)];
@@ -36,8 +44,8 @@ std::string ParagraphText(const ParagraphStyle& style) {
             Number("right", style.rightIndent) + Number("first", style.firstLineIndent) +
             Number("before", style.spaceBefore) + Number("after", style.spaceAfter);
     text += Number(style.lineSpacingIsMultiple ? "lines/240" : "line", style.lineSpacing);
-    for (const std::int32_t stop : style.tabStops)
-        text += Number("tab", stop);
+    for (const TabStop& stop : style.tabStops)
+        text += TabStopText(stop);
     const ParagraphBorders& borders = style.borders;
     text += BorderText("border-left", borders.left) + BorderText("border-top", borders.top) +
             BorderText("border-right", borders.right) +

@@ -132,11 +132,25 @@ TEST_CASE("rtf reader: words that change paragraphs") {
         {"\\rtlpar\\ltrpar x\\par", [](ParagraphStyle&) {}},
         {"\\tx300\\tx100\\tx300\\tx-5\\tx0 x\\par",
          [](ParagraphStyle& s) {
-             s.tabStops = {100, 300};
+             s.tabStops = {{100}, {300}};
          }},
         {"\\tqr\\tldot\\tx8000\\tqr\\tx2000\\tx9000 x\\par",
          [](ParagraphStyle& s) {
-             s.tabStops = {2000, 9000};
+             s.tabStops = {{2000, TabAlignment::Right},
+                           {8000, TabAlignment::Right, TabLeader::Dots},
+                           {9000}};
+         }},
+        {"\\tlhyph\\tqc\\tx10\\tlul\\tqdec\\tx20\\tlmdot\\tx30\\tlth\\tx40\\tleq\\tx50 x\\par",
+         [](ParagraphStyle& s) {
+             s.tabStops = {{10, TabAlignment::Center, TabLeader::Hyphens},
+                           {20, TabAlignment::Decimal, TabLeader::Underscores},
+                           {30, TabAlignment::Left, TabLeader::MiddleDots},
+                           {40, TabAlignment::Left, TabLeader::Underscores},
+                           {50, TabAlignment::Left, TabLeader::EqualSigns}};
+         }},
+        {"\\tqr\\pard\\tx10\\tx20\\tqc\\tx20 x\\par",
+         [](ParagraphStyle& s) {
+             s.tabStops = {{10}, {20, TabAlignment::Center}};
          }},
         {"\\li2147483647\\fi-2147483648\\sb-7 x\\par",
          [](ParagraphStyle& s) {

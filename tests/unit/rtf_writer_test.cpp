@@ -124,7 +124,8 @@ class DocumentMaker {
         style.lineSpacing = Maybe() ? Below(1000) - 500 : 0;
         style.lineSpacingIsMultiple = Maybe();
         for (int i = Below(4), stop = 0; i > 0; --i)
-            style.tabStops.push_back(stop += Below(900) + 1);
+            style.tabStops.push_back({stop += Below(900) + 1, static_cast<TabAlignment>(Below(4)),
+                                      static_cast<TabLeader>(Below(6))});
         ParagraphBorders& borders = style.borders;
         for (ParagraphBorder* border :
              {&borders.left, &borders.top, &borders.right, &borders.bottom, &borders.between})

@@ -19,10 +19,18 @@ class Breaker {
         : paragraph_(paragraph), text_(text), shaped_(shaped) {}
 
     LineEnd FindEnd(std::size_t start, int indent);
+    // Of the line found last, up to `end`; the last one is widened for the text that stands at it.
+    std::vector<PlacedTab> TabsUpTo(std::size_t end);
 
   private:
     bool Fits(int width) const { return x_ + width <= room_; }
-    int TabWidth() const;
+    int DefaultTabWidth() const;
+    int TabWidth(std::size_t at);
+    bool IsAlignedTab(std::size_t at) const;
+    int MinGap(std::size_t tab) const;
+    const TabStop* StopOf(std::size_t tab) const;
+    int AlignLastTab(std::size_t end);
+    TabbedText MeasureAfter(const PlacedTab&, std::size_t end) const;
     bool TakeWidth(std::size_t at, std::size_t next, int& width);
     bool HyphenFits(std::size_t at) const;
     std::size_t EndWithin(std::size_t start, std::size_t at) const;
@@ -33,24 +41,72 @@ class Breaker {
     const TextUnits& text_;
     ShapedText& shaped_;
     int x_ = 0, indent_ = 0, room_ = 0;
+    std::vector<PlacedTab> tabs_;
 };
 
-// To the next stop that is at least a pixel away, from the start edge.
-int Breaker::TabWidth() const {
+// From the start edge.
+int Breaker::DefaultTabWidth() const {
     const int from = indent_ + x_;
-    for (const int stop : paragraph_.tabStops)
-        if (stop > from) return stop - from;
     const double distance = std::max(1.0, paragraph_.tabDistance);
     const double next = (std::floor((from + 0.5) / distance) + 1) * distance;
     return std::max(1, static_cast<int>(std::lround(next)) - from);
+}
+
+int Breaker::MinGap(std::size_t tab) const {
+    return std::max(1, StyleAt(paragraph_, tab).font->spaceWidth);
+}
+
+const TabStop* Breaker::StopOf(std::size_t tab) const {
+    const bool moved = x_ == 0 && tab > 0 && text_.units[tab - 1].kind != UnitKind::LineBreak;
+    return moved ? MovedTabStop(paragraph_.tabStops, indent_ + x_)
+                 : NextTabStop(paragraph_.tabStops, indent_ + x_);
+}
+
+// To the next stop; the least of a gap where text has to stand at that, as yet.
+int Breaker::TabWidth(std::size_t at) {
+    const TabStop* const stop = StopOf(at);
+    tabs_.push_back({at, x_, stop ? *stop : TabStop()});
+    if (!stop) return DefaultTabWidth();
+    return tabs_.back().IsAligned() ? MinGap(at) : stop->position - indent_ - x_;
+}
+
+bool Breaker::IsAlignedTab(std::size_t at) const {
+    return !tabs_.empty() && tabs_.back().unit == at && tabs_.back().IsAligned();
+}
+
+// For the text up to `end`, where the next tab is or the line ends; returns by how much it grows.
+int Breaker::AlignLastTab(std::size_t end) {
+    if (tabs_.empty() || !tabs_.back().IsAligned()) return 0;
+    const PlacedTab& tab = tabs_.back();
+    const double gap = TabGap(tab.stop, indent_ + tab.pen, indent_ + room_, MeasureAfter(tab, end),
+                              MinGap(tab.unit));
+    const int before = shaped_.widths[tab.unit];
+    shaped_.widths[tab.unit] = std::max(1, static_cast<int>(std::lround(gap)));
+    return shaped_.widths[tab.unit] - before;
+}
+
+TabbedText Breaker::MeasureAfter(const PlacedTab& tab, std::size_t end) const {
+    const std::size_t start = tab.unit + 1;
+    const std::u16string text(text_.text.begin() + static_cast<std::ptrdiff_t>(start),
+                              text_.text.begin() + static_cast<std::ptrdiff_t>(end));
+    return {static_cast<double>(WidthOf(start, end)),
+            static_cast<double>(WidthOf(start, start + UnitsBeforeDecimals(text)))};
+}
+
+std::vector<PlacedTab> Breaker::TabsUpTo(std::size_t end) {
+    while (!tabs_.empty() && tabs_.back().unit >= end)
+        tabs_.pop_back();
+    AlignLastTab(end);
+    return std::move(tabs_);
 }
 
 // Spaces always do. A tab reaches at most to the line's end.
 bool Breaker::TakeWidth(std::size_t at, std::size_t next, int& width) {
     const TextUnit& unit = text_.units[at];
     if (unit.kind == UnitKind::Tab)
-        shaped_.widths[at] = std::min(TabWidth(), std::max(1, room_ - x_));
+        shaped_.widths[at] = std::min(TabWidth(at), std::max(1, room_ - x_));
     width = WidthOf(at, next);
+    if (IsAlignedTab(at)) return Fits(MinGap(at));
     return unit.isSpace || width == 0 || x_ + width <= room_;
 }
 
@@ -84,14 +140,19 @@ LineEnd Breaker::FindEnd(std::size_t start, int indent) {
     indent_ = indent;
     room_ = std::max(1, paragraph_.width - indent);
     x_ = 0;
+    tabs_.clear();
     std::size_t candidate = start, next = start; // none yet
     for (std::size_t at = start; at < text_.Size(); at = next) {
         const TextUnit& unit = text_.units[at];
         next = NextPlace(at);
         if (unit.kind == UnitKind::LineBreak) return {at + 1, true, false};
-        if (unit.mayBreak && at > start && HyphenFits(at)) candidate = at;
+        if (unit.kind == UnitKind::Tab) x_ += AlignLastTab(at);
+        const bool keeps = at > start && IsAlignedTab(at - 1) && candidate > start;
+        if (unit.mayBreak && at > start && HyphenFits(at) && !keeps) candidate = at;
         int width = 0;
-        if (!TakeWidth(at, next, width) && at > start)
+        const bool fits = TakeWidth(at, next, width);
+        if (at > start && IsAlignedTab(at)) candidate = at;
+        if (!fits && at > start)
             return {candidate > start ? candidate : EndWithin(start, at), false, false};
         x_ += width;
     }
@@ -121,7 +182,7 @@ void LimitTrailingSpaces(const TextUnits& text, ShapedText& shaped, const Broken
 }
 
 BrokenLine MakeLine(const ParagraphText& paragraph, const TextUnits& text, ShapedText& shaped,
-                    std::size_t start, const LineEnd& end) {
+                    Breaker& breaker, std::size_t start, const LineEnd& end) {
     BrokenLine line;
     line.line.start = static_cast<TextPos>(start);
     line.line.end = static_cast<TextPos>(end.end);
@@ -129,6 +190,7 @@ BrokenLine MakeLine(const ParagraphText& paragraph, const TextUnits& text, Shape
     const bool wrapped = !end.isBreak && !end.isTextEnd;
     const int indent = start == 0 ? paragraph.firstIndent : paragraph.indent;
     const int room = std::max(1, paragraph.width - indent);
+    line.tabs = breaker.TabsUpTo(StartOfTrailingSpaces(text, line));
     if (wrapped)
         HideTrailingSpaces(text, shaped, line);
     else
@@ -139,6 +201,7 @@ BrokenLine MakeLine(const ParagraphText& paragraph, const TextUnits& text, Shape
     if (line.hasHyphen) shaped.widths[last - 1] = HyphenWidth(paragraph, last - 1);
     if (wrapped && paragraph.justified) line.line.justified = JustifyLine(text, shaped, line, room);
     PlacePieces(text, shaped, line);
+    line.startEdge = paragraph.rightToLeft ? static_cast<int>(line.line.width) + indent : -indent;
     MeasureLine(paragraph, shaped, line);
     return line;
 }
@@ -156,7 +219,7 @@ std::vector<BrokenLine> BreakIntoLines(const ParagraphText& paragraph, const Tex
     do {
         const std::size_t start = end.end;
         end = breaker.FindEnd(start, start == 0 ? paragraph.firstIndent : paragraph.indent);
-        lines.push_back(MakeLine(paragraph, text, shaped, start, end));
+        lines.push_back(MakeLine(paragraph, text, shaped, breaker, start, end));
     } while (!end.isTextEnd);
     return lines;
 }

@@ -10,8 +10,18 @@ struct VisualPiece {
     bool rightToLeft = false;
 };
 
+// A tab to one of the paragraph's own stops.
+struct PlacedTab {
+    std::size_t unit = 0;
+    int pen = 0; // where it begins, from the line's start
+    TabStop stop;
+    bool IsAligned() const { return stop.alignment != TabAlignment::Left; }
+};
+
 struct BrokenLine {
     TextLine line;
+    std::vector<PlacedTab> tabs;
+    int startEdge = 0;               // the x of the paragraph's, before its indent
     std::size_t visibleEnd = 0;      // without trailing spaces that have no width, and breaks
     std::vector<VisualPiece> pieces; // from left to right
     bool hasHyphen = false;          // a soft one at its end is seen
@@ -23,7 +33,9 @@ std::vector<BrokenLine> BreakIntoLines(const ParagraphText&, const TextUnits&, S
 
 // In justified_line.cpp: widens the spaces between the line's words to `room` pixels.
 bool JustifyLine(const TextUnits&, ShapedText&, BrokenLine&, int room);
-// In visual_pieces.cpp: sets the line's pieces and width, when the widths are known.
+// In visual_pieces.cpp, also for what is not seen.
+std::size_t StartOfTrailingSpaces(const TextUnits&, const BrokenLine&);
+// Sets the line's pieces and width, when the widths are known.
 void PlacePieces(const TextUnits&, const ShapedText&, BrokenLine&);
 // In line_metrics.cpp: of the fonts in the line.
 void MeasureLine(const ParagraphText&, const ShapedText&, BrokenLine&);

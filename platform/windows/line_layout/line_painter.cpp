@@ -1,5 +1,9 @@
 #include "platform/windows/line_layout/line_painter.h"
 
+#include <algorithm>
+#include <cmath>
+#include <string>
+
 namespace {
 
 class Painter {
@@ -16,6 +20,7 @@ class Painter {
     void PaintBackground(const PaintedPart&) const;
     void PaintText(const PaintedPart&, Color) const;
     void PaintGlyphs(const PaintedPart&, int y) const;
+    void PaintLeader(const PaintedPart&, int y) const;
     void PaintRule(const PaintedPart&, const TextRule&, int y, Color) const;
 
     WinCanvas& canvas_;
@@ -56,6 +61,26 @@ void Painter::PaintGlyphs(const PaintedPart& part, int y) const {
                        &run.advances[span.first], nullptr, &run.offsets[span.first]);
 }
 
+void Painter::PaintLeader(const PaintedPart& part, int y) const {
+    const auto& tabs = painted_.line.tabs;
+    const auto tab = std::find_if(tabs.begin(), tabs.end(), [&](const PlacedTab& each) {
+        return each.unit == part.start;
+    });
+    const char16_t character = tab == tabs.end() ? u'\0' : LeaderCharacter(tab->stop.leader);
+    if (character == 0) return;
+    const HDC context = canvas_.Context();
+    SelectObject(context, part.style->font->handle.get());
+    const auto unit = static_cast<wchar_t>(character);
+    SIZE size = {};
+    GetTextExtentPoint32W(context, &unit, 1, &size);
+    const LeaderSpan span = LeaderIn(part.left, part.right, size.cx, painted_.line.startEdge);
+    if (span.count == 0) return;
+    const std::wstring text(static_cast<std::size_t>(span.count), unit);
+    const std::vector<INT> advances(text.size(), size.cx);
+    ExtTextOutW(context, left_ + static_cast<int>(std::lround(span.left)), y, 0, nullptr,
+                text.data(), static_cast<UINT>(span.count), advances.data());
+}
+
 void Painter::PaintRule(const PaintedPart& part, const TextRule& rule, int y, Color color) const {
     canvas_.FillRect({left_ + part.left, y - rule.top, part.right - part.left, rule.thickness},
                      color);
@@ -67,6 +92,7 @@ void Painter::PaintText(const PaintedPart& part, Color color) const {
     const WinStyle& style = *part.style;
     const int y = baseline_ - style.rise - style.raise;
     SetTextColor(canvas_.Context(), color);
+    if (kind == UnitKind::Tab) PaintLeader(part, y);
     if (kind == UnitKind::Text || kind == UnitKind::SoftHyphen) PaintGlyphs(part, y);
     if (style.style.underline) PaintRule(part, style.font->underline, y, color);
     if (style.style.strikethrough) PaintRule(part, style.font->strikeout, y, color);

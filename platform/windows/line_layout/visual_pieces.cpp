@@ -9,17 +9,10 @@ struct LevelRun {
     BYTE level = 0;
 };
 
-// Spaces at a line's end stand where the paragraph ends, whatever is before them.
-std::size_t StartOfTrailingSpaces(const TextUnits& text, const BrokenLine& line) {
-    std::size_t at = line.visibleEnd;
-    while (at > static_cast<std::size_t>(line.line.start) && text.units[at - 1].IsBlank())
-        --at;
-    return at;
-}
-
 std::vector<LevelRun> LevelRuns(const TextUnits& text, const ShapedText& shaped,
                                 const BrokenLine& line) {
     std::vector<LevelRun> runs;
+    // They stand where the paragraph ends, whatever is before them.
     const std::size_t spaces = StartOfTrailingSpaces(text, line);
     const auto end = static_cast<std::size_t>(line.line.end);
     for (auto at = static_cast<std::size_t>(line.line.start); at < end; ++at) {
@@ -51,6 +44,13 @@ std::vector<int> VisualOrder(const std::vector<LevelRun>& runs) {
 }
 
 } // namespace
+
+std::size_t StartOfTrailingSpaces(const TextUnits& text, const BrokenLine& line) {
+    std::size_t at = line.visibleEnd;
+    while (at > static_cast<std::size_t>(line.line.start) && text.units[at - 1].IsBlank())
+        --at;
+    return at;
+}
 
 void PlacePieces(const TextUnits& text, const ShapedText& shaped, BrokenLine& line) {
     const std::vector<LevelRun> runs = LevelRuns(text, shaped, line);

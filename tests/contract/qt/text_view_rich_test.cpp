@@ -334,7 +334,7 @@ TEST_CASE("qt text view: absurd measures of a file do no harm") {
                                      std::numeric_limits<std::int32_t>::max()}) {
         style.leftIndent = style.rightIndent = style.firstLineIndent = value;
         style.spaceBefore = style.spaceAfter = style.lineSpacing = value;
-        style.tabStops = {value};
+        style.tabStops = {{value, TabAlignment::Right, TabLeader::Dots}};
         document.defaultTab = value;
         document.charStyles[0].halfPoints = std::uint16_t(value);
         QtViewBench bench(200, 200);

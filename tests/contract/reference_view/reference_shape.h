@@ -9,7 +9,7 @@ struct ReferenceShape {
     int firstIndent = 0, indent = 0, endIndent = 0, before = 0, after = 0;
     std::int32_t spacing = 0;
     bool multiple = false;
-    std::vector<int> tabStops; // as in ParagraphText
+    std::vector<TabStop> tabStops; // as in ParagraphText
     double tabDistance = 48;
 
     int SlotHeight(const ReferenceSettings& settings, int natural) const;

@@ -107,7 +107,7 @@ class RichBook {
             if (overlaps_ && OneIn(random_, 2)) style.lineSpacing = -style.lineSpacing / 2;
         }
         for (int i = Below(random_, 4), stop = 0; i > 0; --i)
-            style.tabStops.push_back(stop += 1 + Below(random_, 2000));
+            style.tabStops.push_back({stop += 1 + Below(random_, 2000)});
         return style;
     }
 

@@ -7,6 +7,7 @@
 #include "platform/qt/text_view/line_layout/qt_line_layout.h"
 #include "platform/qt/text_view/line_layout/segment_formats.h"
 #include "platform/qt/text_view/line_layout/segment_text.h"
+#include "platform/qt/text_view/line_layout/tab_gaps.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -16,7 +17,7 @@
 namespace {
 // QTextLayout takes tab stops in the resolution of the primary screen and scales them to its
 // device.
-double TabStop(const QPaintDevice& device, double pixels) {
+double ToTabUnits(const QPaintDevice& device, double pixels) {
     const QScreen* screen = QGuiApplication::primaryScreen();
     const double defaultDpi = screen ? qRound(screen->logicalDotsPerInchY()) : 0;
     return defaultDpi > 0 ? pixels * defaultDpi / device.logicalDpiY() : pixels;
@@ -28,19 +29,17 @@ int IndentAt(const ParagraphText& paragraph, TextPos start) {
 
 // QTextLayout measures tab stops from the start of each line. They are given relative to the first
 // line, which is the only one with tabs in its layout.
-QTextOption OptionOf(const ParagraphText& paragraph, TextPos start, const QPaintDevice& device) {
-    // A delimiter tab whose delimiter does not occur aligns the text after it like a plain tab, in
-    // either direction. For a plain tab QTextLayout measures all text after it, needlessly.
-    constexpr char16_t absentDelimiter = u'\uFFFF';
+std::vector<double> TabsFrom(const ParagraphText& paragraph, TextPos start) {
     const int indent = IndentAt(paragraph, start);
-    QList<QTextOption::Tab> tabs;
-    for (const int each : paragraph.tabStops)
-        if (each > indent)
-            tabs.append({TabStop(device, each - indent), QTextOption::DelimiterTab,
-                         QChar(absentDelimiter)});
+    std::vector<double> tabs;
+    for (const TabStop& each : paragraph.tabStops)
+        if (each.position > indent) tabs.push_back(each.position - indent);
+    return tabs;
+}
+
+QTextOption OptionOf(const ParagraphText& paragraph, const QPaintDevice& device) {
     QTextOption option;
-    option.setTabs(tabs);
-    option.setTabStopDistance(TabStop(device, paragraph.tabDistance));
+    option.setTabStopDistance(ToTabUnits(device, paragraph.tabDistance));
     option.setTextDirection(paragraph.rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
     option.setAlignment(Qt::AlignLeft); // see Stretch
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -141,8 +140,8 @@ bool IsUnidirectional(std::u16string_view text, bool rightToLeft) {
     return true;
 }
 
-LayoutSegment LayOut(const ParagraphText& paragraph, const QString& text, TextPos start,
-                     TextPos end, QPaintDevice& device) {
+LayoutSegment Prepare(const ParagraphText& paragraph, const QString& text, TextPos start,
+                      TextPos end, QPaintDevice& device) {
     LayoutSegment segment;
     segment.start = start;
     segment.end = end;
@@ -151,14 +150,49 @@ LayoutSegment LayOut(const ParagraphText& paragraph, const QString& text, TextPo
         paragraph.rightToLeft);
     segment.text = std::make_unique<QTextLayout>(text.sliced(start, end - start),
                                                  FormatOf(paragraph.runs.back()).font(), &device);
-    segment.text->setTextOption(OptionOf(paragraph, start, device));
+    segment.text->setTextOption(OptionOf(paragraph, device));
     segment.text->setCacheEnabled(true); // shaped once, painted often
     SetFormats(paragraph, segment, device);
-    BreakLines(paragraph, segment);
     return segment;
 }
 
+// The same with a box in a tab's place that has no room in the line: so the next one begins there.
+LayoutSegment PrepareUpTo(int tab, const ParagraphText& paragraph, const QString& text,
+                          TextPos start, QPaintDevice& device) {
+    ParagraphText cut = paragraph;
+    const TextPos at = start + tab;
+    std::erase_if(cut.boxes, [&](const InlineBox& each) { return each.at >= at; });
+    cut.boxes.push_back({at, paragraph.width + 1});
+    QString withBox = text;
+    withBox[at] = QChar(boxPlaceholder);
+    return Prepare(cut, withBox, start, at + 1, device);
+}
+
+LayoutSegment LayOut(const ParagraphText& paragraph, const QString& text, TextPos start,
+                     TextPos end, QPaintDevice& device) {
+    LayoutSegment segment = Prepare(paragraph, text, start, end, device);
+    if (!HasOwnTabs(paragraph) || !segment.text->text().contains(u'\t')) {
+        SetTabs(*segment.text, TabsFrom(paragraph, start), device);
+    } else if (const auto moved = PlaceTabs(paragraph, segment, device)) {
+        segment = PrepareUpTo(*moved, paragraph, text, start, device);
+        PlaceTabs(paragraph, segment, device);
+    }
+    BreakLines(paragraph, segment);
+    return segment;
+}
 } // namespace
+
+void SetTabs(QTextLayout& text, const std::vector<double>& ends, const QPaintDevice& device) {
+    // A delimiter tab whose delimiter does not occur aligns the text after it like a plain tab, in
+    // either direction. For a plain tab QTextLayout measures all text after it, needlessly.
+    constexpr char16_t absentDelimiter = u'\uFFFF';
+    QList<QTextOption::Tab> tabs;
+    for (const double each : ends)
+        tabs.append({ToTabUnits(device, each), QTextOption::DelimiterTab, QChar(absentDelimiter)});
+    QTextOption option = text.textOption();
+    option.setTabs(tabs);
+    text.setTextOption(option);
+}
 
 std::vector<LayoutSegment> LayOutSegments(const ParagraphText& paragraph, QPaintDevice& device) {
     std::vector<LayoutSegment> segments;

@@ -4,18 +4,33 @@
 
 #include "platform/line_layout.h"
 
+#include <QColor>
 #include <QFont>
 #include <QTextLayout>
 
 #include <memory>
+#include <optional>
 #include <vector>
+
+// Of a tab.
+struct SegmentLeader {
+    TextPos at = 0; // in the paragraph
+    int indent = 0; // of its line
+    char16_t character = 0;
+    QFont font; // in pixels
+    std::optional<QColor> color;
+};
 
 struct LayoutSegment {
     TextPos start = 0, end = 0;        // in the paragraph; the layout's text may reach further
     std::unique_ptr<QTextLayout> text; // lines after `metrics` are not to be used
     std::vector<QFont> fonts;          // pinned for the text
     std::vector<TextLine> metrics;     // of its lines; positions are of the paragraph
+    std::vector<SegmentLeader> leaders;
     bool isUnidirectional = false;     // all text has the paragraph's direction
 };
+
+// From the line's start edge, where the gaps of its tabs end.
+void SetTabs(QTextLayout&, const std::vector<double>& ends, const QPaintDevice& device);
 
 std::vector<LayoutSegment> LayOutSegments(const ParagraphText& paragraph, QPaintDevice& device);

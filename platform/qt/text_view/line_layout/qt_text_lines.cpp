@@ -2,6 +2,8 @@
 
 #include "platform/qt/text_view/line_layout/qt_canvas.h"
 
+#include <QFontMetricsF>
+
 #include <algorithm>
 
 QtTextLines::QtTextLines(const ParagraphText& paragraph, QPaintDevice& device)
@@ -78,12 +80,9 @@ TextPos QtTextLines::CharacterAt(int line, double x) const {
 
 void QtTextLines::Draw(Canvas& canvas, int line, int left, int baseline,
                        const LinePaint& paint) const {
-    const QTextLine laidOut = At(line);
     QPainter& painter = static_cast<QtCanvas&>(canvas).Painter();
-    // It is drawn at its own position in the layout.
-    const QPointF place(left - laidOut.x(), baseline - laidOut.ascent() - laidOut.y());
-    painter.setPen(ToQColor(paint.text));
-    if (paint.within.empty() && paint.without.empty()) return laidOut.draw(&painter, place);
+    if (paint.within.empty() && paint.without.empty())
+        return DrawText(painter, line, left, baseline, paint);
     QRegion region(ToQRect(paint.clip));
     for (const Rect& box : paint.without)
         region -= ToQRect(box);
@@ -92,6 +91,16 @@ void QtTextLines::Draw(Canvas& canvas, int line, int left, int baseline,
         within += ToQRect(box);
     painter.save();
     painter.setClipRegion(paint.within.empty() ? region : region & within);
+    DrawText(painter, line, left, baseline, paint);
+    painter.restore();
+}
+
+void QtTextLines::DrawText(QPainter& painter, int line, int left, int baseline,
+                           const LinePaint& paint) const {
+    const QTextLine laidOut = At(line);
+    // It is drawn at its own position in the layout.
+    const QPointF place(left - laidOut.x(), baseline - laidOut.ascent() - laidOut.y());
+    painter.setPen(ToQColor(paint.text));
     QTextLayout& layout = *SegmentAt(line).text;
     const QTextOption normal = layout.textOption();
     if (paint.oneColor) {
@@ -101,5 +110,19 @@ void QtTextLines::Draw(Canvas& canvas, int line, int left, int baseline,
     }
     laidOut.draw(&painter, place);
     if (paint.oneColor) layout.setTextOption(normal);
-    painter.restore();
+    for (const SegmentLeader& leader : SegmentAt(line).leaders)
+        if (leader.at >= Line(line).start && leader.at < Line(line).end)
+            DrawLeader(painter, line, leader, left, baseline, paint);
+}
+
+void QtTextLines::DrawLeader(QPainter& painter, int line, const SegmentLeader& leader, int left,
+                             int baseline, const LinePaint& paint) const {
+    const TextExtent gap = CharacterExtent(line, leader.at);
+    const double startEdge = rightToLeft_ ? Line(line).width + leader.indent : -leader.indent;
+    const QString character(leader.character);
+    const double advance = QFontMetricsF(leader.font).horizontalAdvance(character);
+    const LeaderSpan span = LeaderIn(gap.left, gap.right, advance, startEdge);
+    painter.setFont(leader.font);
+    painter.setPen(leader.color && !paint.oneColor ? *leader.color : ToQColor(paint.text));
+    painter.drawText(QPointF(left + span.left, baseline), character.repeated(span.count));
 }

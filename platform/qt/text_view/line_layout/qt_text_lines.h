@@ -41,6 +41,10 @@ class QtTextLines : public TextLines {
         return segments_[places_[std::size_t(line)].segment];
     }
     QTextLine At(int line) const;
+    void DrawText(QPainter& painter, int line, int left, int baseline,
+                  const LinePaint& paint) const;
+    void DrawLeader(QPainter& painter, int line, const SegmentLeader& leader, int left,
+                    int baseline, const LinePaint& paint) const;
     const LinePlaces& PlacesIn(int line) const;
     const LayoutSegment& SegmentOf(TextPos position) const;     // that starts at or before it
     const LayoutSegment& SegmentBefore(TextPos position) const; // that has the unit before it

@@ -80,6 +80,10 @@ const QTextCharFormat& FormatOf(const StyledRun& run) {
     return static_cast<const QtStyle&>(*run.style).format;
 }
 
+const QTextCharFormat& FormatAt(const ParagraphText& paragraph, TextPos position) {
+    return FormatOf(RunAt(paragraph, position));
+}
+
 void SetFormats(const ParagraphText& paragraph, LayoutSegment& segment, QPaintDevice& device) {
     const bool isPlain = paragraph.runs.size() == 1 && paragraph.boxes.empty();
     const QTextCharFormat& format = FormatOf(paragraph.runs.front());

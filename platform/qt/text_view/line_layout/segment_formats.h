@@ -6,4 +6,5 @@
 #include <QTextCharFormat>
 
 const QTextCharFormat& FormatOf(const StyledRun& run);
+const QTextCharFormat& FormatAt(const ParagraphText& paragraph, TextPos position);
 void SetFormats(const ParagraphText& paragraph, LayoutSegment& segment, QPaintDevice& device);

@@ -1,0 +1,14 @@
+// Places the tabs of a segment's first line: QTextLayout knows stops at which text begins alone.
+#pragma once
+
+#include "platform/qt/text_view/line_layout/layout_segment.h"
+
+#include <optional>
+
+// Whether a stop asks for more than QTextLayout does.
+bool HasOwnTabs(const ParagraphText&);
+
+// Sets the layout's tabs so that what is after them stands at their stops, and the segment's
+// leaders. Returns the place in the layout of a tab that is to begin the next line instead, with
+// what stands at its stop.
+std::optional<int> PlaceTabs(const ParagraphText&, LayoutSegment&, QPaintDevice&);
