@@ -39,9 +39,8 @@ bool DividesThousands(std::u16string_view number, std::size_t separator) {
 } // namespace
 
 const TabStop* NextTabStop(std::span<const TabStop> ascending, double from) {
-    const auto next =
-        std::find_if(ascending.begin(), ascending.end(),
-                     [&](const TabStop& each) { return each.position >= from + 1; });
+    const auto next = std::find_if(ascending.begin(), ascending.end(),
+                                   [&](const TabStop& each) { return each.position >= from + 1; });
     return next == ascending.end() ? nullptr : &*next;
 }
 

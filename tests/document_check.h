@@ -39,8 +39,10 @@ inline bool StylesAreSound(const Document& document) {
     };
     const auto hasOrder = [](const ParagraphStyle& style) {
         const auto& stops = style.tabStops;
-        return std::adjacent_find(stops.begin(), stops.end(), [](const TabStop& a, const TabStop& b) { return a.position >= b.position; }) ==
-               stops.end();
+        return std::adjacent_find(stops.begin(), stops.end(),
+                                  [](const TabStop& a, const TabStop& b) {
+                                      return a.position >= b.position;
+                                  }) == stops.end();
     };
     return std::all_of(document.charStyles.begin(), document.charStyles.end(), isSound) &&
            std::all_of(document.paragraphStyles.begin(), document.paragraphStyles.end(), hasOrder);

@@ -79,9 +79,8 @@ void SetTabs(const LayoutContext& context, const ParagraphStyle& style, Paragrap
                          style.tabStops[i].leader});
     // A hanging indent is a tab stop.
     if (shape.firstIndent < shape.indent) stops.push_back({shape.indent});
-    std::stable_sort(stops.begin(), stops.end(), [](const TabStop& a, const TabStop& b) {
-        return a.position < b.position;
-    });
+    std::stable_sort(stops.begin(), stops.end(),
+                     [](const TabStop& a, const TabStop& b) { return a.position < b.position; });
     const int defaultDistance = context.Pixels(std::max(minTab, context.document.defaultTab));
     int stop = stops.empty() ? 0 : stops.back().position / defaultDistance * defaultDistance;
     for (int i = 0; i < maxDefaultTabs && stop < shape.breakWidth; ++i)

@@ -105,7 +105,7 @@ enum class RtfWord : std::uint8_t {
     LineSpacing,
     LineSpacingIsMultiple,
     ParagraphDirection, // `value` is 1 for right to left
-    TabAlignment, // of the next stop
+    TabAlignment,       // of the next stop
     TabLeader,
     TabStop,
     ParagraphBackground,

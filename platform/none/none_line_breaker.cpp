@@ -11,7 +11,7 @@ constexpr double rounding = 1e-6; // pixels, of sums of widths
 struct PlacedTab {
     std::size_t index = 0;
     const TabStop* alignedAt = nullptr; // a stop that is not Left
-    double pen = 0; // where it begins
+    double pen = 0;                     // where it begins
 };
 
 class LineBreaker {
@@ -116,16 +116,17 @@ class LineBreaker {
         const PlacedTab& tab = tabs_.back();
         double& width = all_[tab.index].width;
         const double before = width;
-        width = TabGap(*tab.alignedAt, indent_ + tab.pen, indent_ + room_, MeasureAfterTab(tab, end),
-                       all_[tab.index].style->CharacterWidth());
+        width = TabGap(*tab.alignedAt, indent_ + tab.pen, indent_ + room_,
+                       MeasureAfterTab(tab, end), all_[tab.index].style->CharacterWidth());
         return width - before;
     }
 
     TabbedText MeasureAfterTab(const PlacedTab& tab, std::size_t end) const {
         TabbedText text;
         const TextPos start = clusters_.StartOf(tab.index + 1);
-        const std::u16string_view units = std::u16string_view(clusters_.text)
-                                              .substr(std::size_t(start), std::size_t(clusters_.StartOf(end) - start));
+        const std::u16string_view units =
+            std::u16string_view(clusters_.text)
+                .substr(std::size_t(start), std::size_t(clusters_.StartOf(end) - start));
         const TextPos decimals = start + TextPos(UnitsBeforeDecimals(units));
         for (std::size_t i = tab.index + 1; i < end; ++i) {
             text.width += all_[i].width;

@@ -75,9 +75,9 @@ TEST_CASE("line layout: decimals after a decimal tab begin at the stop") {
         struct {
             const char16_t* text;
             TextPos atStop;
-        } const cases[] = {{u"\t12.50", 3},    {u"\t-1,234.5", 7}, {u"\t1.234,56", 6}, {u"\t7", 2},
-                           {u"\t7 miles", 2},  {u"\tabc", 4},      {u"\t1,234", 6},    {u"\t$3,5", 3},
-                           {u"\t1.5\t2.75", 2}};
+        } const cases[] = {{u"\t12.50", 3}, {u"\t-1,234.5", 7}, {u"\t1.234,56", 6},
+                           {u"\t7", 2},     {u"\t7 miles", 2},  {u"\tabc", 4},
+                           {u"\t1,234", 6}, {u"\t$3,5", 3},     {u"\t1.5\t2.75", 2}};
         for (const auto& [text, atStop] : cases) {
             CAPTURE(atStop);
             const auto lines = Broken(layout, {text}, {{200, TabAlignment::Decimal}});
@@ -106,13 +106,13 @@ TEST_CASE("line layout: a right stop beyond the line is the line's end") {
 
 TEST_CASE("line layout: a line breaks in front of a right tab, not after it") {
     OnEachLineLayout([](LineLayout& layout) {
-        for (const Sample& sample : {Sample{u"several words in a title\t12"},
-                                     Sample{u"1.2\tseveral words in a title\t12"},
-                                     Sample{u"\u05D0\u05D1\u05D2 \u05D0\u05D1\u05D2\u05D3\t12", true}}) {
+        for (const Sample& sample :
+             {Sample{u"several words in a title\t12"}, Sample{u"1.2\tseveral words in a title\t12"},
+              Sample{u"\u05D0\u05D1\u05D2 \u05D0\u05D1\u05D2\u05D3\t12", true}}) {
             const TextPos tab = TextPos(sample.text.rfind(u'\t')), end = LengthOf(sample);
             const auto title = int(Broken(layout, sample, {{30}})->CaretX(0, tab));
             int alone = 0;
-            for (int width = title + 60; width > title / 2; width -= 3) {
+            for (int width = title + 60; width > std::max(title / 2, 60); width -= 3) {
                 CAPTURE(width);
                 const auto lines = Broken(layout, sample, {{30}, rightStop}, width);
                 const int last = lines->Count() - 1;

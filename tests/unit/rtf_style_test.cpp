@@ -136,9 +136,8 @@ TEST_CASE("rtf reader: words that change paragraphs") {
          }},
         {"\\tqr\\tldot\\tx8000\\tqr\\tx2000\\tx9000 x\\par",
          [](ParagraphStyle& s) {
-             s.tabStops = {{2000, TabAlignment::Right},
-                           {8000, TabAlignment::Right, TabLeader::Dots},
-                           {9000}};
+             s.tabStops = {
+                 {2000, TabAlignment::Right}, {8000, TabAlignment::Right, TabLeader::Dots}, {9000}};
          }},
         {"\\tlhyph\\tqc\\tx10\\tlul\\tqdec\\tx20\\tlmdot\\tx30\\tlth\\tx40\\tleq\\tx50 x\\par",
          [](ParagraphStyle& s) {

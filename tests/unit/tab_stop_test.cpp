@@ -23,10 +23,13 @@ TEST_CASE("the gap of a tab leaves the text after it at its stop") {
         int position;
         double pen, gap;
     } const cases[] = {
-        {TabAlignment::Right, 200, 50, 110},    {TabAlignment::Center, 200, 50, 130},
-        {TabAlignment::Decimal, 200, 50, 120},  {TabAlignment::Right, 500, 50, 210}, // the line's end
-        {TabAlignment::Center, 295, 50, 210},   {TabAlignment::Right, 200, 170, 4}, // beyond the stop
-        {TabAlignment::Right, 500, 270, 4},     // beyond the line
+        {TabAlignment::Right, 200, 50, 110},
+        {TabAlignment::Center, 200, 50, 130},
+        {TabAlignment::Decimal, 200, 50, 120},
+        {TabAlignment::Right, 500, 50, 210}, // the line's end
+        {TabAlignment::Center, 295, 50, 210},
+        {TabAlignment::Right, 200, 170, 4}, // beyond the stop
+        {TabAlignment::Right, 500, 270, 4}, // beyond the line
     };
     for (const auto& [alignment, position, pen, gap] : cases) {
         CAPTURE(position);
@@ -40,9 +43,18 @@ TEST_CASE("a decimal tab divides the number after it") {
         const char16_t* text;
         std::size_t units;
     } const cases[] = {
-        {u"", 0},          {u"12.5", 2},       {u"-12,5", 3},    {u"1,234", 5},
-        {u"1.234", 1},     {u"1,234.50", 5},   {u"1.234,5", 5},  {u"1,234,567", 9},
-        {u"7 miles", 1},   {u"total 3.5", 9},  {u"$ 3.5", 3},    {u"3.", 1},
+        {u"", 0},
+        {u"12.5", 2},
+        {u"-12,5", 3},
+        {u"1,234", 5},
+        {u"1.234", 1},
+        {u"1,234.50", 5},
+        {u"1.234,5", 5},
+        {u"1,234,567", 9},
+        {u"7 miles", 1},
+        {u"total 3.5", 9},
+        {u"$ 3.5", 3},
+        {u"3.", 1},
         {u"\u0663\u066B\u0665", 1},
     };
     for (const auto& [text, units] : cases) {

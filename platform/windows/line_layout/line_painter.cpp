@@ -63,9 +63,8 @@ void Painter::PaintGlyphs(const PaintedPart& part, int y) const {
 
 void Painter::PaintLeader(const PaintedPart& part, int y) const {
     const auto& tabs = painted_.line.tabs;
-    const auto tab = std::find_if(tabs.begin(), tabs.end(), [&](const PlacedTab& each) {
-        return each.unit == part.start;
-    });
+    const auto tab = std::find_if(tabs.begin(), tabs.end(),
+                                  [&](const PlacedTab& each) { return each.unit == part.start; });
     const char16_t character = tab == tabs.end() ? u'\0' : LeaderCharacter(tab->stop.leader);
     if (character == 0) return;
     const HDC context = canvas_.Context();

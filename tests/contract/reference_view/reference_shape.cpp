@@ -36,7 +36,8 @@ void SetTabs(const ReferenceSettings& settings, const ParagraphStyle& style,
         stops.push_back({settings.Pixels(stop.position), stop.alignment, stop.leader});
     if (shape.firstIndent < shape.indent) stops.push_back({shape.indent});
     const auto before = [](const TabStop& a, const TabStop& b) { return a.position < b.position; };
-    const int last = stops.empty() ? 0 : std::max_element(stops.begin(), stops.end(), before)->position;
+    const int last =
+        stops.empty() ? 0 : std::max_element(stops.begin(), stops.end(), before)->position;
     const int tabDistance = settings.Pixels(std::max(60, settings.document->defaultTab));
     for (int i = 1; i <= 200 && (last / tabDistance + i - 1) * tabDistance < part.breakWidth; ++i)
         stops.push_back({(last / tabDistance + i) * tabDistance});

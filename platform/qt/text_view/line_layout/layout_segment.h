@@ -27,7 +27,7 @@ struct LayoutSegment {
     std::vector<QFont> fonts;          // pinned for the text
     std::vector<TextLine> metrics;     // of its lines; positions are of the paragraph
     std::vector<SegmentLeader> leaders;
-    bool isUnidirectional = false;     // all text has the paragraph's direction
+    bool isUnidirectional = false; // all text has the paragraph's direction
 };
 
 // From the line's start edge, where the gaps of its tabs end.

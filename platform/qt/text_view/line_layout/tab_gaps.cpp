@@ -106,8 +106,8 @@ TabbedText TabPlacer::MeasureAfter(int tab) const {
     return {WidthOf(start, end), WidthOf(start, start + UnitsBeforeStop(start, end))};
 }
 
-// With the least of a gap the line is broken where its text ends. Then its gap is made as wide as it
-// may be: the ink of the last letter may want some pixels of it.
+// With the least of a gap the line is broken where its text ends. Then its gap is made as wide as
+// it may be: the ink of the last letter may want some pixels of it.
 void TabPlacer::Align(int tab, double pen, const TabStop& stop) {
     const double minGap = MinGap(tab);
     const double gap = TabGap(stop, indent_ + pen, indent_ + room_, MeasureAfter(tab), minGap);
@@ -158,9 +158,10 @@ std::optional<int> TabPlacer::Place() {
 } // namespace
 
 bool HasOwnTabs(const ParagraphText& paragraph) {
-    return std::any_of(paragraph.tabStops.begin(), paragraph.tabStops.end(), [](const TabStop& each) {
-        return each.alignment != TabAlignment::Left || each.leader != TabLeader::None;
-    });
+    return std::any_of(
+        paragraph.tabStops.begin(), paragraph.tabStops.end(), [](const TabStop& each) {
+            return each.alignment != TabAlignment::Left || each.leader != TabLeader::None;
+        });
 }
 
 std::optional<int> PlaceTabs(const ParagraphText& paragraph, LayoutSegment& segment,
