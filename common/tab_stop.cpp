@@ -44,7 +44,7 @@ const TabStop* NextTabStop(std::span<const TabStop> ascending, double from) {
     return next == ascending.end() ? nullptr : &*next;
 }
 
-const TabStop* MovedTabStop(std::span<const TabStop> ascending, double from) {
+const TabStop* StopAfterWrap(std::span<const TabStop> ascending, double from) {
     for (std::size_t i = ascending.size(); i-- > 0 && ascending[i].position >= from + 1;)
         if (ascending[i].alignment != TabAlignment::Left) return &ascending[i];
     return NextTabStop(ascending, from);

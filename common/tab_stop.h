@@ -23,8 +23,9 @@ struct TabStop {
 
 // The first one at least a pixel after `from`; null after the last one.
 const TabStop* NextTabStop(std::span<const TabStop> ascending, double from);
-// Of a tab that was moved to the next line with the text after it: the last one that is not Left.
-const TabStop* MovedTabStop(std::span<const TabStop> ascending, double from);
+// Of a tab in a line after a wrapped one, where a narrow window puts it: the last stop that is not
+// Left, as a number at the edge stays there.
+const TabStop* StopAfterWrap(std::span<const TabStop> ascending, double from);
 
 // The text after a tab: its width, and that of what stands before a decimal stop.
 struct TabbedText {

@@ -87,8 +87,8 @@ struct ParagraphText {
     int firstIndent = 0, indent = 0; // of the first line and of the others
     // From the start edge (not from the indent), ascending. A tab reaches to the next one that is
     // at least a pixel away. One that is not Left stays with the text that stands at it, as far as
-    // that has room in a line: the line breaks in front of the tab, not after it. It then reaches
-    // to the last stop that is not Left.
+    // that has room in a line: the line breaks in front of the tab, not after it.
+    // In a line after a wrapped one a tab reaches to the last stop that is not Left.
     std::vector<TabStop> tabStops;
     double tabDistance = 48; // of those after the last one, as multiples from the start edge
 };

@@ -59,6 +59,7 @@ class LineBreaker {
         double pen = 0;
         std::size_t chance = first; // the last one to break at; none where it is `first`
         tabs_.clear();
+        continues_ = first > 0 && all_[first - 1].kind != Kind::Break;
         for (std::size_t i = first; i < all_.size(); ++i) {
             NoneCluster& each = all_[i];
             if (each.kind == Kind::Break) return i + 1;
@@ -86,7 +87,7 @@ class LineBreaker {
         if (each.kind == Kind::Space) return true;
         const double left = room_ - pen;
         if (each.kind != Kind::Tab) return each.width <= left + rounding;
-        const TabStop* const stop = StopOf(index, indent_ + pen);
+        const TabStop* const stop = StopOf(indent_ + pen);
         const double next = stop ? stop->position : NextDefaultStop(indent_ + pen);
         each.leader = stop ? stop->leader : TabLeader::None;
         each.width = std::min(next - indent_ - pen, std::max(left, 1.0));
@@ -96,10 +97,9 @@ class LineBreaker {
         return left >= (aligned ? each.width : 1);
     }
 
-    const TabStop* StopOf(std::size_t tab, double from) const {
-        const bool moved = from == indent_ && tab > 0 && all_[tab - 1].kind != Kind::Break;
-        return moved ? MovedTabStop(paragraph_.tabStops, from)
-                     : NextTabStop(paragraph_.tabStops, from);
+    const TabStop* StopOf(double from) const {
+        return continues_ ? StopAfterWrap(paragraph_.tabStops, from)
+                          : NextTabStop(paragraph_.tabStops, from);
     }
 
     double NextDefaultStop(double from) const {
@@ -218,6 +218,7 @@ class LineBreaker {
     std::vector<NoneCluster>& all_;
     int indent_ = 0;
     double room_ = 1;
+    bool continues_ = false;      // the line, after a wrapped one
     std::vector<PlacedTab> tabs_; // of the line
 };
 } // namespace

@@ -11,9 +11,9 @@ TEST_CASE("a tab reaches to the next stop that is at least a pixel away") {
     CHECK(NextTabStop(stops, 99.5) == &stops[1]);
     CHECK(NextTabStop(stops, 199.5) == nullptr);
     CHECK(NextTabStop({}, 0) == nullptr);
-    CHECK(MovedTabStop(stops, 0) == &stops[1]);
-    CHECK(MovedTabStop(stops, 200) == nullptr);
-    CHECK(MovedTabStop({stops, 1}, 0) == &stops[0]);
+    CHECK(StopAfterWrap(stops, 0) == &stops[1]);
+    CHECK(StopAfterWrap(stops, 200) == nullptr);
+    CHECK(StopAfterWrap({stops, 1}, 0) == &stops[0]);
 }
 
 TEST_CASE("the gap of a tab leaves the text after it at its stop") {

@@ -28,7 +28,7 @@ class Breaker {
     int TabWidth(std::size_t at);
     bool IsAlignedTab(std::size_t at) const;
     int MinGap(std::size_t tab) const;
-    const TabStop* StopOf(std::size_t tab) const;
+    const TabStop* StopOf() const;
     int AlignLastTab(std::size_t end);
     TabbedText MeasureAfter(const PlacedTab&, std::size_t end) const;
     bool TakeWidth(std::size_t at, std::size_t next, int& width);
@@ -41,6 +41,7 @@ class Breaker {
     const TextUnits& text_;
     ShapedText& shaped_;
     int x_ = 0, indent_ = 0, room_ = 0;
+    bool continues_ = false; // the line, after a wrapped one
     std::vector<PlacedTab> tabs_;
 };
 
@@ -56,15 +57,14 @@ int Breaker::MinGap(std::size_t tab) const {
     return std::max(1, StyleAt(paragraph_, tab).font->spaceWidth);
 }
 
-const TabStop* Breaker::StopOf(std::size_t tab) const {
-    const bool moved = x_ == 0 && tab > 0 && text_.units[tab - 1].kind != UnitKind::LineBreak;
-    return moved ? MovedTabStop(paragraph_.tabStops, indent_ + x_)
-                 : NextTabStop(paragraph_.tabStops, indent_ + x_);
+const TabStop* Breaker::StopOf() const {
+    return continues_ ? StopAfterWrap(paragraph_.tabStops, indent_ + x_)
+                      : NextTabStop(paragraph_.tabStops, indent_ + x_);
 }
 
 // To the next stop; the least of a gap where text has to stand at that, as yet.
 int Breaker::TabWidth(std::size_t at) {
-    const TabStop* const stop = StopOf(at);
+    const TabStop* const stop = StopOf();
     tabs_.push_back({at, x_, stop ? *stop : TabStop()});
     if (!stop) return DefaultTabWidth();
     return tabs_.back().IsAligned() ? MinGap(at) : stop->position - indent_ - x_;
@@ -141,6 +141,7 @@ LineEnd Breaker::FindEnd(std::size_t start, int indent) {
     room_ = std::max(1, paragraph_.width - indent);
     x_ = 0;
     tabs_.clear();
+    continues_ = start > 0 && text_.units[start - 1].kind != UnitKind::LineBreak;
     std::size_t candidate = start, next = start; // none yet
     for (std::size_t at = start; at < text_.Size(); at = next) {
         const TextUnit& unit = text_.units[at];

@@ -29,7 +29,7 @@ class TabPlacer {
     int LineEnd() const { return line_.textStart() + line_.textLength(); }
     double PenAt(int tab) const;
     double MinGap(int tab) const;
-    const TabStop* StopOf(int tab, double pen) const;
+    const TabStop* StopOf(double pen) const;
     bool MovesToNextLine(int tab, double pen) const;
     double WidthOf(int from, int to) const;
     int UnitsBeforeStop(int start, int end) const;
@@ -67,12 +67,12 @@ double TabPlacer::MinGap(int tab) const {
     return std::max(1.0, QFontMetricsF(font, &device_).horizontalAdvance(u' '));
 }
 
-const TabStop* TabPlacer::StopOf(int tab, double pen) const {
-    const TextPos at = segment_.start + tab;
-    const bool moved =
-        tab == 0 && at > 0 && paragraph_.text[std::size_t(at) - 1] != QChar::LineSeparator;
-    return moved ? MovedTabStop(paragraph_.tabStops, indent_ + pen)
-                 : NextTabStop(paragraph_.tabStops, indent_ + pen);
+const TabStop* TabPlacer::StopOf(double pen) const {
+    const TextPos start = segment_.start;
+    const bool continues =
+        start > 0 && paragraph_.text[std::size_t(start) - 1] != QChar::LineSeparator;
+    return continues ? StopAfterWrap(paragraph_.tabStops, indent_ + pen)
+                     : NextTabStop(paragraph_.tabStops, indent_ + pen);
 }
 
 // A line does not end between a tab and what stands at its stop. A tab that the line begins with
@@ -140,7 +140,7 @@ std::optional<int> TabPlacer::Place() {
     for (int tab = int(units_.indexOf(u'\t')); tab >= 0 && tab < LineEnd();
          tab = int(units_.indexOf(u'\t', tab + 1))) {
         const double pen = PenAt(tab);
-        const TabStop* const stop = StopOf(tab, pen);
+        const TabStop* const stop = StopOf(pen);
         if (!stop) return std::nullopt; // nor for those after it
         if (stop->alignment == TabAlignment::Left) {
             ends_.push_back(stop->position - indent_);
