@@ -95,7 +95,8 @@ struct PlaceRequest {
     int heading = -1; // index of the one that the place is under
 };
 
-// Either a per cent or a heading: what the user chose last.
+// Either a per cent or a heading: what the user chose last. Cancel also when nothing was chosen:
+// the per cent shown is a rounded one, and going there would leave the place.
 struct PlaceAnswer {
     DialogResult result = DialogResult::Cancel;
     int percent = 0;

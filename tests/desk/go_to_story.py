@@ -88,6 +88,30 @@ class GoTo(Story):
         wait_for_strip(self.program, top)
         self.program.close()
 
+    def test_nothing_chosen_and_nothing_found(self):
+        self.open(self.plain())
+        self.program.press("Next", 2)  # into the first chapter, between two per cents
+        place = settled_strip(self.program)
+        self.ask().close()
+        wait_for_strip(self.program, place)
+        dialog = self.ask()
+        dialog.key("alt+h")
+        dialog.type("zebra")
+        dialog.key("Return")  # no heading has it: the dialog waits for another word
+        self.program.wait_until_idle()
+        self.assertTrue(self.program.window_exists(dialog.window))
+        dialog.close("Escape")
+        wait_for_strip(self.program, place)
+
+    def test_heading_that_one_is_under(self):
+        path = self.plain()
+        self.open(path)
+        self.program.press("Next", 2)
+        dialog = self.ask()
+        dialog.key("alt+l")  # it is chosen in the list already
+        dialog.close()
+        self.assertEqual(self.shown_line(path), "CHAPTER I")
+
     def test_rich_text(self):
         path = self.path("tales.rtf")
         with open(path, "w", encoding="ascii") as file:

@@ -48,16 +48,34 @@ PlaceDialog::PlaceDialog(QWidget* parent, const PlaceRequest& request)
     const bool hasHeadings = !request.headings.empty();
     filter_->setEnabled(hasHeadings);
     list_->setEnabled(hasHeadings);
-    connect(percent_, &QSpinBox::valueChanged, this, [this] { byHeading_ = false; });
+    Connect();
+    percent_->setFocus();
+}
+
+void PlaceDialog::Connect() {
+    const auto choosePercent = [this] { Choose(Choice::Percent); };
+    const auto chooseHeading = [this] { Choose(Choice::Heading); };
+    // Enter emits it with the value unchanged; of the same number typed again it is not emitted.
+    connect(percent_, &QSpinBox::valueChanged, this, [this](int value) {
+        if (value != request_.percent) Choose(Choice::Percent);
+    });
+    connect(percent_->findChild<QLineEdit*>(), &QLineEdit::textEdited, this, choosePercent);
     connect(filter_, &QLineEdit::textEdited, this, [this] {
         FillList();
         list_->setCurrentRow(0);
-        byHeading_ = list_->count() > 0;
+        Choose(Choice::Heading);
     });
-    connect(list_, &QListWidget::currentRowChanged, this, [this] { byHeading_ = true; });
-    connect(list_, &QListWidget::itemClicked, this, [this] { byHeading_ = true; });
-    connect(list_, &QListWidget::itemActivated, this, &QDialog::accept);
-    percent_->setFocus();
+    connect(list_, &QListWidget::currentRowChanged, this, chooseHeading);
+    connect(list_, &QListWidget::itemClicked, this, chooseHeading);
+    connect(list_, &QListWidget::itemActivated, this, [this] {
+        Choose(Choice::Heading);
+        accept();
+    });
+}
+
+void PlaceDialog::Choose(Choice choice) {
+    choice_ = choice;
+    go_->setEnabled(choice != Choice::Heading || list_->currentItem());
 }
 
 void PlaceDialog::LayOut() {
@@ -69,7 +87,8 @@ void PlaceDialog::LayOut() {
     column->addWidget(LabelOf(tr("&List of headings:"), list_));
     column->addWidget(list_);
     auto* buttons = new QDialogButtonBox;
-    buttons->addButton(tr("&Go"), QDialogButtonBox::AcceptRole)->setDefault(true);
+    go_ = buttons->addButton(tr("&Go"), QDialogButtonBox::AcceptRole);
+    go_->setDefault(true);
     buttons->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
     column->addWidget(buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -103,6 +122,7 @@ bool PlaceDialog::eventFilter(QObject* watched, QEvent* event) {
 }
 
 PlaceAnswer PlaceDialog::Answer() const {
-    const QListWidgetItem* item = byHeading_ ? list_->currentItem() : nullptr;
+    if (choice_ == Choice::None) return {};
+    const QListWidgetItem* item = choice_ == Choice::Heading ? list_->currentItem() : nullptr;
     return {DialogResult::Ok, percent_->value(), item ? item->data(Qt::UserRole).toInt() : -1};
 }

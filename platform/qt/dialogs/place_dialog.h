@@ -7,6 +7,7 @@
 
 class QLineEdit;
 class QListWidget;
+class QPushButton;
 class QSpinBox;
 
 class PlaceDialog final : public QDialog {
@@ -20,7 +21,11 @@ class PlaceDialog final : public QDialog {
                      QEvent*) override; // keys of the filter that move in the list
 
   private:
+    enum class Choice { None, Percent, Heading };
+
     void LayOut();
+    void Connect();
+    void Choose(Choice);
     void FillList();
     void SelectCurrent();
 
@@ -28,5 +33,6 @@ class PlaceDialog final : public QDialog {
     QSpinBox* percent_;
     QLineEdit* filter_;
     QListWidget* list_;
-    bool byHeading_ = false; // what was changed last
+    QPushButton* go_ = nullptr;
+    Choice choice_ = Choice::None; // what was changed last
 };

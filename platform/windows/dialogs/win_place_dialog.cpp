@@ -36,7 +36,6 @@ std::vector<DialogControl> Controls() {
 
 PlaceAnswer WinPlaceDialog::Ask(HWND owner, const PlaceRequest& request) {
     request_ = &request;
-    byHeading_ = false;
     answer_ = {};
     const int result = Run(owner, request.title, Width, Height, Controls());
     if (result == 0) answer_.result = DialogResult::Failed;
@@ -51,7 +50,7 @@ void WinPlaceDialog::OnInitDialog() {
     EnableWindow(Control(Filter), !request_->headings.empty());
     EnableWindow(Control(List), !request_->headings.empty());
     SetWindowSubclass(Control(Filter), FilterProc, 0, reinterpret_cast<DWORD_PTR>(this));
-    byHeading_ = false;
+    choice_ = Choice::None; // the texts set here count as changes
     SetFocus(Control(Percent));
     SendDlgItemMessageW(Window(), Percent, EM_SETSEL, 0, -1);
 }
@@ -92,20 +91,28 @@ LRESULT CALLBACK WinPlaceDialog::FilterProc(HWND window, UINT message, WPARAM wP
     return DefSubclassProc(window, message, wParam, lParam);
 }
 
+void WinPlaceDialog::Choose(Choice choice) {
+    choice_ = choice;
+    EnableWindow(Control(IDOK), choice != Choice::Heading || SelectedHeading() >= 0);
+}
+
 void WinPlaceDialog::OnCommand(WORD control, WORD notification) {
-    if (control == Percent && notification == EN_CHANGE) byHeading_ = false;
-    if (control == List && notification == LBN_SELCHANGE) byHeading_ = true;
+    if (control == Percent && notification == EN_CHANGE) Choose(Choice::Percent);
+    if (control == List && notification == LBN_SELCHANGE) Choose(Choice::Heading);
     if (control == List && notification == LBN_DBLCLK) {
-        byHeading_ = true;
+        Choose(Choice::Heading);
         PostMessageW(Window(), WM_COMMAND, IDOK, 0);
     }
     if (control != Filter || notification != EN_CHANGE) return;
     FillList();
     SelectRow(0);
-    byHeading_ = SelectedHeading() >= 0;
+    Choose(Choice::Heading);
 }
 
 void WinPlaceDialog::OnOk() {
+    if (GetFocus() == Control(List)) choice_ = Choice::Heading;
+    if (choice_ == Choice::None) return;
     const auto percent = static_cast<int>(std::wcstol(Text(Percent).c_str(), nullptr, 10));
-    answer_ = {DialogResult::Ok, std::clamp(percent, 0, 100), byHeading_ ? SelectedHeading() : -1};
+    answer_ = {DialogResult::Ok, std::clamp(percent, 0, 100),
+               choice_ == Choice::Heading ? SelectedHeading() : -1};
 }

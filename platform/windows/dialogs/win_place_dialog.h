@@ -11,15 +11,18 @@ class WinPlaceDialog final : public WinDialog {
     enum : WORD { Percent = 100, Filter = 101, List = 102, Label = 103 }; // controls
 
   private:
+    enum class Choice { None, Percent, Heading };
+
     void OnInitDialog() override;
     void OnCommand(WORD control, WORD notification) override;
     void OnOk() override;
     void FillList();
+    void Choose(Choice);
     void SelectRow(int row) const;
     int SelectedHeading() const;
     static LRESULT CALLBACK FilterProc(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR) noexcept;
 
     const PlaceRequest* request_ = nullptr;
-    bool byHeading_ = false; // what was changed last
+    Choice choice_ = Choice::None; // what was changed last
     PlaceAnswer answer_;
 };
