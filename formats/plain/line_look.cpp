@@ -51,6 +51,15 @@ bool IsInCapitals(std::u16string_view text) {
     return std::ranges::none_of(text, IsSmall) && std::ranges::count_if(text, IsCapital) > 1;
 }
 
+// Without the indent that a paragraph begins with: a tab or some blanks. A wider one is there to
+// set the line apart.
+std::u16string_view WithoutIndent(std::u16string_view text) {
+    constexpr std::size_t maxBlanks = 8;
+    if (text.starts_with(u'\t')) return text.substr(1);
+    const std::size_t letter = text.find_first_not_of(u' ');
+    return letter <= maxBlanks ? text.substr(letter) : text;
+}
+
 // Columns that were lined up by blanks, a tab, bars or a row of dots.
 bool IsTableRow(std::u16string_view text) {
     return text.find(u"    ") != text.npos || text.find(u'\t') != text.npos ||
@@ -84,7 +93,8 @@ LineLook LookOf(std::u16string_view line) {
     ForEachCharacter(text, [&](TextPos, char32_t each) { look.width += ColumnsOf(each); });
     look.firstWord = FirstWordOf(text);
     const auto letter = std::ranges::find_if(text, IsLetter);
-    look.standsAlone = letter == text.end() || IsInCapitals(text) || IsTableRow(text);
+    look.standsAlone =
+        letter == text.end() || IsInCapitals(text) || IsTableRow(WithoutIndent(text));
     look.isItem = BeginsItem(text);
     if (letter == text.end()) return look;
     look.startsWithCapital = IsCapital(*letter);

@@ -60,6 +60,18 @@ const char16_t* const pages[] = {
     u">  The ferryman took up his oar again, looked at it as if he had never seen\n"
     u">one, and laid it down beside him. It was as though the whole river were\n"
     u" asleep.\n",
+    // An indent as a typewriter has it: a tab, or five blanks. One that sets a line apart is wider.
+    u">\tThe boat had been drifting for an hour when the first of the lamps came\n"
+    u">out of the mist, low over the water and as yellow as butter. Nobody said\n"
+    u" anything at all then.\n"
+    u">     The ferryman took up his oar again, looked at it as if he had never\n"
+    u">seen one, and laid it down beside him. It was as though the whole river\n"
+    u" were asleep.\n"
+    u"                                              Dover, the fifth of the tenth\n"
+    u">The boat had been drifting for an hour when the first of the lamps came\n"
+    u" out of the mist, low over the water.\n"
+    u" \tlamps\tburning in the night\tand seen from the river by those who pass\n"
+    u" boats\tafloat\n",
     // Verse.
     u" The lamps along the river burn all night\n"
     u" And nobody remembers who has lit them;\n"
