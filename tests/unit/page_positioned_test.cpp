@@ -60,6 +60,25 @@ TEST_CASE("page positioned: no box is on another or on text above it") {
                 100) == "0,0 one|0,16 two|0,32 six");
 }
 
+TEST_CASE("page positioned: of a pile none is on another") {
+    std::u16string page;
+    std::string piled;
+    for (int i = 0; i < 600; ++i) {
+        page += u"<div><b style='position:absolute;left:0;top:0'>two</b></div>";
+        piled += (i > 0 ? "|0," : "0,") + std::to_string(16 * i) + " two";
+    }
+    CHECK(Lines(page, 100) == piled);
+    // Each where it is the first to have room.
+    CHECK(Lines(u"<b style='position:absolute;left:0;top:16px'>1</b>"
+                u"<b style='position:absolute;left:0;top:32px'>2</b>"
+                u"<b style='position:absolute;left:0;top:48px'>3</b>"
+                u"<b style='position:absolute;left:0;top:64px'>4</b>"
+                u"<b style='position:absolute;left:0;top:96px'>6</b>"
+                u"<p>text</p>"
+                u"<b style='position:absolute;left:0;top:16px'>5</b>",
+                100) == "8,16 text|0,16 1|0,32 2|0,48 3|0,64 4|0,96 6|0,80 5");
+}
+
 TEST_CASE("page positioned: a box between both sides fills the room between them") {
     CHECK(Lines(u"<div style='position:absolute;top:0;left:40px;right:20px'>one two three</div>",
                 124) == "40,0 one two|40,16 three");

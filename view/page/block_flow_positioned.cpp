@@ -7,17 +7,18 @@
 #include <algorithm>
 
 namespace {
-// Others that one goes below.
-constexpr int maxSteps = 256;
+// Others that one goes below one by one.
+constexpr int maxSteps = 3;
 // Letter sizes that a box beside earlier text may stand lower than its style says.
 constexpr double maxLower = 12;
 
 FloatRect BelowWhatItCovers(FloatRect box, const PageFragment& fragment) {
     for (int step = 0; step < maxSteps; ++step) {
         const double bottom = CoveredBottom(fragment, box);
-        if (bottom <= box.top) break;
+        if (bottom <= box.top) return box;
         box.top = bottom;
     }
+    box.top = FreeTop(fragment, box);
     return box;
 }
 } // namespace
