@@ -53,13 +53,13 @@ def put_before(program, script, folder):
     os.chmod(path, 0o755)
 
 
-def picture_and_windows(folder):
+def picture_and_windows(folder, *book):
     put_before("openbox", LATE_WINDOW_MANAGER, folder)
     put_before("import", WITNESS, folder)
     environment = {name: value for name, value in os.environ.items()
                    if name not in ("DISPLAY", "WAYLAND_DISPLAY", "XAUTHORITY")}
     environment["PATH"] = folder + os.pathsep + environment["PATH"]
-    subprocess.run([os.path.join(TOP, "scripts/run"), *(["--windows"] if ON_WINE else [])],
+    subprocess.run([os.path.join(TOP, "scripts/run"), *(["--windows"] if ON_WINE else []), *book],
                    env=environment, check=True, stdin=subprocess.DEVNULL, timeout=LONGEST)
     with open(os.path.join(folder, "windows"), encoding="ascii") as file:
         return read_picture(os.path.join(BUILD, "screenshot.png")), file.read().count("0x")
@@ -78,6 +78,10 @@ def covered_columns(row):
     return len(row) - len(row.lstrip(BACKGROUND)), len(row.rstrip(BACKGROUND))
 
 
+def middle_of(picture):
+    return picture.crop(picture.width // 3, 100, picture.width * 2 // 3, picture.height // 2)
+
+
 class Run(unittest.TestCase):
     def test_the_picture_is_the_book_alone(self):
         with tempfile.TemporaryDirectory() as folder, first_run():
@@ -87,8 +91,17 @@ class Run(unittest.TestCase):
         covered = [columns for columns in rows if columns]
         self.assertGreater(len(covered), picture.height // 2)
         self.assertEqual(len(set(covered[CORNER:-CORNER])), 1, "there is something beside it")
-        middle = picture.crop(picture.width // 3, 100, picture.width * 2 // 3, picture.height // 2)
-        self.assertFalse(middle.is_plain(), "the book has no text")
+        self.assertFalse(middle_of(picture).is_plain(), "the book has no text")
+
+    def test_the_picture_waits_for_a_long_page(self):
+        with tempfile.TemporaryDirectory() as folder, first_run():
+            page = os.path.join(folder, "long.htm")
+            with open(page, "w", encoding="ascii") as file:
+                file.write("<p>Some words of a page that takes a while to be read.\n" * 100_000)
+            for start in ("new", "read before"):
+                picture, _ = picture_and_windows(folder, page)
+                with self.subTest(start):
+                    self.assertFalse(middle_of(picture).is_plain(), "the page has no text")
 
 
 if __name__ == "__main__":
