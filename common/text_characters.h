@@ -10,6 +10,11 @@ constexpr TextPos UnitsOf(char32_t character) {
     return character > 0xFFFF ? 2 : 1;
 }
 
+// C0, C1 and delete: among them tab and line breaks.
+constexpr bool IsControlCode(char32_t character) {
+    return character < U' ' || (character >= 0x7F && character < 0xA0);
+}
+
 // Calls `take` with each character and its position; a lone surrogate is itself.
 template <class Take>
 void ForEachCharacter(std::u16string_view text, Take take) {

@@ -1,5 +1,6 @@
 #include "view/layout_cost.h"
 
+#include "common/text_characters.h"
 #include "common/unicode.h"
 #include "common/utf.h"
 #include "view/capitals.h"
@@ -13,8 +14,7 @@ constexpr TextPos maxWordLength = 512; // units without a line break opportunity
 bool IsExtender(char32_t character) {
     if (character >= u' ' && character < 0x7F) return false;
     if (IsMarkOrFormat(character)) return true;
-    const bool isControl = character < u' ' || (character >= 0x7F && character < 0xA0);
-    if (isControl) return character != u'\t' && character != u'\v';
+    if (IsControlCode(character)) return character != u'\t' && character != u'\v';
     const bool jamo = (character >= 0x1160 && character < 0x1200) ||
                       (character >= 0xD7B0 && character < 0xD800); // vowels and finals
     return jamo || (character >= 0x1F3FB && character <= 0x1F3FF); // skin tones

@@ -50,8 +50,7 @@ double Spacing(char16_t first, const TextStyle& style) {
 double WidthOf(std::u16string_view cluster, const NoneStyle& style) {
     double width = 0;
     ForEachCharacter(cluster, [&](TextPos, char32_t character) {
-        const bool isControl = character < U' ' || (character >= 0x7F && character < 0xA0);
-        if (width > 0 || isControl || IsMarkOrFormat(character)) return;
+        if (width > 0 || IsControlCode(character) || IsMarkOrFormat(character)) return;
         width = style.CharacterWidth() * (IsWide(character) ? 2 : 1);
     });
     return width > 0 ? std::max(0.0, width + Spacing(cluster.front(), style.Style())) : 0;

@@ -1,13 +1,9 @@
+#include "common/text_characters.h"
 #include "platform/windows/line_layout/text_units.h"
 
 namespace {
 
 constexpr wchar_t zeroWidthSpace = 0x200B, graphemeJoiner = 0x034F;
-
-// U+0000 to U+001F without the tab, U+007F to U+009F.
-bool IsControlCode(wchar_t unit) {
-    return (unit < 0x20 && unit != L'\t') || (unit >= 0x7F && unit <= 0x9F);
-}
 
 // Two kinds of characters are replaced by another one that is not seen and has no direction. A
 // control character takes the space after it into its item, in which no space has a width. Of zero
@@ -18,7 +14,8 @@ std::wstring TextToItemize(const TextUnits& all) {
     for (std::size_t at = 0; at < text.size(); ++at) {
         const bool isRepeated =
             at > 0 && all.text[at] == zeroWidthSpace && all.text[at - 1] == zeroWidthSpace;
-        if (isRepeated || IsControlCode(all.text[at])) text[at] = graphemeJoiner;
+        const bool isControl = IsControlCode(all.text[at]) && all.text[at] != L'\t';
+        if (isRepeated || isControl) text[at] = graphemeJoiner;
     }
     return text;
 }

@@ -35,10 +35,9 @@ bool IsGlue(char16_t unit) {
 
 // Fonts have boxes for them, or none of them, and another font would make the line higher.
 void HideControls(QString& text) {
-    for (QChar& unit : text) {
-        const bool isControl = unit < QChar(u' ') || (unit >= QChar(0x7F) && unit < QChar(0xA0));
-        if (isControl && unit != QChar::Tabulation) unit = QChar(zeroWidthSpace);
-    }
+    for (QChar& unit : text)
+        if (IsControlCode(unit.unicode()) && unit != QChar::Tabulation)
+            unit = QChar(zeroWidthSpace);
 }
 
 // QTextLayout breaks lines after every space, even before a mark on it or a word joiner.

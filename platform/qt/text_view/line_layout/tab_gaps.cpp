@@ -98,7 +98,7 @@ int TabPlacer::UnitsBeforeStop(int start, int end) const {
 
 // Up to the next tab or the line's end, without spaces there.
 TabbedText TabPlacer::MeasureAfter(int tab) const {
-    const int start = tab + 1, lineEnd = line_.textStart() + line_.textLength();
+    const int start = tab + 1, lineEnd = LineEnd();
     const auto next = units_.indexOf(u'\t', start);
     int end = next >= 0 && next < lineEnd ? int(next) : lineEnd;
     while (end == lineEnd && end > start && IsLineEndSpace(units_[end - 1]))
