@@ -102,6 +102,21 @@ TEST_CASE("flex: items that do not fit beside each other stand below each other"
     CHECK(Lines(u"<div class=f><p>one two<p>three</div>", 72) == "0,0 one|0,16 two|32,0 three");
 }
 
+TEST_CASE(
+    "flex: an item that says how narrow it may be, or scrolls, stays beside what is before it") {
+    const auto beside = [](const std::u16string& style) {
+        return Lines(u"<div class=f><p>bar<div style='flex-grow:1;" + style +
+                         u"'>one two<p style='white-space:nowrap'>a line that is too wide</div>",
+                     100);
+    };
+    CHECK(beside(u"") == "0,0 bar|0,16 one two|0,32 a line that is too wide");
+    const std::string inRow = "0,0 bar|24,0 one two|24,16 a line that is too wide";
+    CHECK(beside(u"min-width:0") == inRow);
+    CHECK(beside(u"min-width:60px") == inRow);
+    CHECK(beside(u"overflow-x:auto") == inRow);
+    CHECK(beside(u"min-width:90px") == beside(u""));
+}
+
 TEST_CASE("flex: a column") {
     const std::u16string column = u"<div class=f style='flex-direction:column;";
     CHECK(Lines(column + u"'><p>one<p>two</div>") == "0,0 one|0,16 two");

@@ -45,6 +45,22 @@ TEST_CASE("grid: columns go by their content") {
           "0,0 one|200,0 two");
 }
 
+TEST_CASE("grid: an item that says how narrow it may be, or scrolls, does not widen its column") {
+    const auto beside = [](const std::u16string& columns, const std::u16string& style) {
+        return Grid(u"grid-template-columns:24px " + columns,
+                    u"<p>bar<div style='" + style +
+                        u"'>one two<p style='white-space:nowrap'>a line that is too wide</div>",
+                    100);
+    };
+    const std::string below = "0,0 bar|0,16 one two|0,32 a line that is too wide";
+    const std::string inRow = "0,0 bar|24,0 one two|24,16 a line that is too wide";
+    CHECK(beside(u"1fr", u"") == below);
+    CHECK(beside(u"1fr", u"min-width:0") == inRow);
+    CHECK(beside(u"auto", u"overflow:auto") == inRow);
+    CHECK(beside(u"minmax(0,1fr)", u"") == inRow);
+    CHECK(beside(u"min-content", u"min-width:0") == below);
+}
+
 TEST_CASE("grid: an item across shares asks for no width of its own") {
     CHECK(Grid(u"grid-template-columns:1fr minmax(0,100px) 1fr",
                u"<p style='grid-column:1/-1'>acrosseverything<p style='grid-column:2'>two",

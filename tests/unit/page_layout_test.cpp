@@ -100,6 +100,8 @@ TEST_CASE("page layout: old attributes of lists, breaks and pictures") {
 TEST_CASE("page layout: the text of a picture that cannot be shown stands in the line") {
     CHECK(Lines(u"a<img alt='bb cc'>d") == "0,0 a#d|8,0 bb cc");
     CHECK(Lines(u"<img alt='bb cc dd'>", 60) == "0,0 #|0,0 bb cc|0,16 dd");
+    CHECK(Lines(u"<table><td width=40><img alt='bb cc dd'><td>e</table>") ==
+          "3,3 #|3,3 bb cc|3,19 dd|47,11 e");
     CHECK(Lines(u"a<img alt=''>d<div style='float:right'>x<img alt=''>y</div>") ==
           "0,0 a#d|384,0 x#y");
     CHECK(Lines(u"a<img alt='bb cc dd' width=40 height=30>d", 100) == "0,0 a#d|8,0 bb cc");

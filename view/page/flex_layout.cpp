@@ -83,7 +83,8 @@ class FlexLayouter {
         if (!style.rare->flexBasis.IsAuto() && !style.rare->flexBasis.IsOfContent())
             basis = std::max(0.0, measure_.Length(style.rare->flexBasis, width_) -
                                       (style.boxSizing == CssBoxSizing::BorderBox ? insets : 0));
-        const double min = given >= 0 ? std::min(given, extent.min) : extent.min;
+        const double content = layout_.MayBeNarrow(id) ? 0 : extent.min;
+        const double min = given >= 0 ? std::min(given, content) : content;
         item.size.min = measure_.LimitWidth(style, width_, min) + item.sides;
         item.size.max = measure_.LimitWidth(style, width_, 1e9) + item.sides;
         item.size.basis = basis + item.sides;

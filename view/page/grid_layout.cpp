@@ -113,8 +113,11 @@ class GridLayouter {
 
     std::vector<double> ColumnWidths(const GridCells& cells) {
         std::vector<GridContent> contents;
-        for (std::size_t i = 0; i < items_.size(); ++i)
-            contents.push_back({cells.placement.items[i].columns, ExtentOf(items_[i])});
+        for (std::size_t i = 0; i < items_.size(); ++i) {
+            const WidthExtent extent = ExtentOf(items_[i]);
+            contents.push_back(
+                {cells.placement.items[i].columns, extent, MinOf(items_[i], extent)});
+        }
         return GridTrackSizes(GridColumnsOf(grid_, cells, room_), contents, room_.width,
                               room_.columnGap);
     }
@@ -122,6 +125,14 @@ class GridLayouter {
     WidthExtent ExtentOf(PageBoxId item) {
         return IsLongItem(layouter_.Boxes(), item) ? layouter_.LongItemExtent(item)
                                                    : layouter_.ExtentOfBox(item);
+    }
+
+    // Of the margin box, in a track that leaves it to the item.
+    double MinOf(PageBoxId item, const WidthExtent& extent) const {
+        if (!layout_.MayBeNarrow(item)) return extent.min;
+        const CssBoxStyle& style = *layouter_.Box(item).style;
+        return std::min(extent.min, measure_.LimitWidth(style, std::max(0.0, room_.width), 0) +
+                                        layout_.Sides(item));
     }
 
     CssAlignItems Justification(PageBoxId item) const {
@@ -164,7 +175,7 @@ class GridLayouter {
         std::vector<GridContent> contents;
         for (std::size_t i = 0; i < items.size(); ++i) {
             const double height = layout_.Height(items[i].box, *items[i].fragment);
-            contents.push_back({cells.placement.items[i].rows, {height, height}});
+            contents.push_back({cells.placement.items[i].rows, {height, height}, height});
         }
         return GridTrackSizes(GridRowsOf(grid_, cells, room_.scale), contents,
                               given > 0 ? given : -1, rowGap_);

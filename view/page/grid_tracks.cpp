@@ -70,10 +70,15 @@ class TrackSizer {
         const auto base = [](GridTrackSize& track) -> double& { return track.base; };
         const auto limit = [](GridTrackSize& track) -> double& { return track.limit; };
         // One that spans shares and other tracks has no least width of its own by CSS.
-        if (item.span.Length() == 1 || !HasShares(item.span))
+        if (item.span.Length() == 1 || !HasShares(item.span)) {
+            Distribute(
+                item.span, item.autoMin, [](const GridTrackSize& track) { return track.minIsAuto; },
+                base);
             Distribute(
                 item.span, item.extent.min,
-                [](const GridTrackSize& track) { return track.minByContent; }, base);
+                [](const GridTrackSize& track) { return track.minByContent && !track.minIsAuto; },
+                base);
+        }
         Distribute(
             item.span, item.extent.max,
             [](const GridTrackSize& track) { return track.minIsWidest; }, base);
@@ -166,6 +171,7 @@ GridTrackSize GridTrackSizeOf(const CssGridTrack& track, double whole, double sc
     if (isLength) size.base = LengthOf(track.min, whole, scale);
     size.minIsWidest = IsKeyword(track.min, cssMaxContent);
     size.minByContent = !isLength && !size.minIsWidest;
+    size.minIsAuto = IsKeyword(track.min, 0);
     if (track.max.kind == CssValue::Kind::Number) {
         size.shares = track.max.number;
         size.maxByContent = size.shares == 0;

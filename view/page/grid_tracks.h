@@ -9,6 +9,7 @@ struct GridTrackSize {
     double shares = 0;          // in what is left
     // What the content of items says: to `base` the narrowest or the widest, and to `limit`.
     bool minByContent = false, minIsWidest = false;
+    bool minIsAuto = false; // by content, but for items that may be narrower
     bool maxByContent = false, maxIsNarrowest = false;
     double maxLimit = 1e9; // by fit-content()
     bool stretches = false;
@@ -20,6 +21,7 @@ GridTrackSize GridTrackSizeOf(const CssGridTrack& track, double whole, double sc
 struct GridContent {
     GridSpan span;
     WidthExtent extent; // of the margin box
+    double autoMin = 0; // the narrowest where the track leaves that to the item
 };
 
 // `room` is for all tracks with their gaps; where it is negative, as much as they ask for.

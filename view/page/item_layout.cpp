@@ -23,6 +23,11 @@ double ItemLayout::Sides(PageBoxId item) const {
            layouter_.Measure().SideInsets(StyleOf(item), width_);
 }
 
+bool ItemLayout::MayBeNarrow(PageBoxId item) const {
+    const CssBoxStyle& style = StyleOf(item);
+    return !style.minWidth.IsAuto() || style.overflow != CssOverflow::Visible;
+}
+
 PageFragmentPtr ItemLayout::LayOut(PageBoxId item, double left, double width) {
     const PageBox& box = layouter_.Box(item);
     if (box.kind == PageBoxKind::Picture) return layouter_.LayOutPicture(item, width_);

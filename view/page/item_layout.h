@@ -14,6 +14,9 @@ class ItemLayout {
     std::vector<PageBoxId> Items() const;
     CssAlignItems Alignment(PageBoxId item) const; // never `auto`
     double Sides(PageBoxId item) const;            // margins, borders and paddings
+    // Whether it may be narrower than its content: one that says how narrow it may be, or that
+    // may scroll (CSS Flexible Box Layout 4.5, CSS Grid Layout 6.6).
+    bool MayBeNarrow(PageBoxId item) const;
 
     // Lengths are of margin boxes. A picture has its own width.
     PageFragmentPtr LayOut(PageBoxId item, double left, double width);

@@ -36,7 +36,7 @@ WidthExtent PageLayouter::LongItemExtent(PageBoxId id) const {
 }
 
 // A percentage is of a width that is not known yet: such a picture asks for its own width, and may
-// become as narrow as needed.
+// become as narrow as needed. The text that stands for a picture may be broken between its words.
 WidthExtent PageLayouter::PictureExtent(PageBoxId id) {
     CssBoxStyle style = *boxes_[id].style;
     const auto isShare = [](const CssLength& length) {
@@ -45,6 +45,12 @@ WidthExtent PageLayouter::PictureExtent(PageBoxId id) {
     const bool isElastic = isShare(style.width) || isShare(style.maxWidth);
     for (CssLength* length : {&style.width, &style.minWidth, &style.maxWidth})
         if (isShare(*length)) *length = {};
+    if (measure_.GivenWidth(style, 0) < 0 && content_.PictureSize(id).IsEmpty())
+        if (const auto alternative = content_.AlternativeOf(id)) {
+            const WidthExtent words = ExtentOf(lines_, *alternative);
+            return {isElastic ? 0 : measure_.LimitWidth(style, 0, words.min),
+                    measure_.LimitWidth(style, 0, words.max)};
+        }
     const double width = PictureContentSize(id, style, 0).width;
     return {isElastic ? 0 : width, width};
 }
