@@ -27,6 +27,19 @@ TEST_CASE("page positioned: a side bar that is fixed to the window stands beside
           "0,0 menu|0,16 one");
 }
 
+TEST_CASE("page positioned: what a page puts above itself covers nothing") {
+    const auto skip = [](const std::u16string& top) {
+        return Lines(u"<a style='position:absolute;left:0;top:" + top + u"'>skip</a>one", 100);
+    };
+    CHECK(skip(u"-100%") == "0,0 one|-32,0 skip");
+    CHECK(skip(u"-40px") == "0,0 one|-32,0 skip");
+    CHECK(skip(u"-16px") == "0,0 one|-32,0 skip");
+    CHECK(skip(u"-15px") == skip(u"0"));
+    CHECK(Lines(u"<p>first<div style='position:relative'>"
+                u"<a style='position:absolute;right:0;top:-32px'>up</a>one</div>",
+                100) == "0,16 first|0,48 one|84,32 up");
+}
+
 TEST_CASE("page positioned: text goes around a box that has no room beside it") {
     CHECK(Lines(u"<div style='position:absolute;top:0;right:0;width:40px'>share</div>" + words,
                 100) == "0,0 one two|0,16 three four|0,32 five six|60,0 share");

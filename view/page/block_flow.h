@@ -53,6 +53,7 @@ class BlockFlow {
     struct PositionedRoom {
         InlineEdges sides;
         std::optional<double> top, height; // nothing: not known here
+        bool isPage = false;
     };
 
     // Of a border box.
@@ -83,6 +84,7 @@ class BlockFlow {
     PositionedRoom RoomIn(std::size_t open) const;
     std::optional<double> TopOf(const CssBoxStyle& style, const PositionedRoom& room,
                                 double boxHeight) const;
+    bool IsAbovePage(const CssBoxStyle& style, const PositionedRoom& room, double boxHeight) const;
     FloatRect PlaceOf(const CssBoxStyle& style, const PositionedRoom& room, const FloatRect& inText,
                       const InlineLayout& layout) const;
     bool IsClear(const InlineEdges& content, double height) const;

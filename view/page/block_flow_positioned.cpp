@@ -21,6 +21,7 @@ FloatRect BelowWhatItCovers(FloatRect box, const PageFragment& fragment) {
     box.top = FreeTop(fragment, box);
     return box;
 }
+
 } // namespace
 
 bool IsFixedBeside(const CssBoxStyle& style) {
@@ -62,6 +63,7 @@ BlockFlow::PositionedRoom BlockFlow::RoomOfPositioned(const CssBoxStyle& style) 
     PositionedRoom room;
     room.sides = positioned_.value_or(open_.front().room);
     if (isInPage && !beginsAbove_) room.top = 0;
+    room.isPage = isInPage;
     return room;
 }
 
@@ -79,14 +81,24 @@ std::optional<double> BlockFlow::TopOf(const CssBoxStyle& style, const Positione
         byTop ? measure.Length(top, height) + measure.Margin(style, cssTop, containing)
               : height - measure.Length(bottom, height) - boxHeight -
                     measure.Margin(style, cssBottom, containing);
-    return std::max(0.0, *room.top + offset);
+    return *room.top + offset;
+}
+
+// Wholly above the page, which has nothing there, as links are that only the Tab key brings. Some
+// are above any height that the page may be shown in.
+bool BlockFlow::IsAbovePage(const CssBoxStyle& style, const PositionedRoom& room,
+                            double boxHeight) const {
+    const CssLength& top = style.inset[cssTop];
+    if (top.kind == CssLength::Kind::Percent && top.value <= -100 && room.isPage) return true;
+    const bool isAtTopOfPage = container_ == noPageBox && !positioned_ && !beginsAbove_;
+    return isAtTopOfPage && TopOf(style, room, boxHeight).value_or(0) + boxHeight <= 0;
 }
 
 // As high as its style says where it covers nothing there, and where the text has it otherwise.
 FloatRect BlockFlow::PlaceOf(const CssBoxStyle& style, const PositionedRoom& room,
                              const FloatRect& inText, const InlineLayout& layout) const {
     FloatRect box = inText;
-    box.top = TopOf(style, room, inText.height).value_or(inText.top);
+    box.top = std::max(0.0, TopOf(style, room, inText.height).value_or(inText.top));
     return CoveredBottom(result_, box) > box.top || CoveredBottom(layout, box) > box.top ? inText
                                                                                          : box;
 }
@@ -200,7 +212,9 @@ double BlockFlow::AddPositioned(const LinesContent& content, const InlineLayout&
         left = LeftOf(style, page, fragment->width, left);
         top += layouter_.Measure().Margin(style, cssTop, page.Width());
         FloatRect box{left, top, fragment->width, fragment->height};
-        if (HasVerticalInset(style)) {
+        if (HasVerticalInset(style) && IsAbovePage(style, around, box.height)) {
+            box.left = std::min(0.0, room.left) - box.width;
+        } else if (HasVerticalInset(style)) {
             box = PlaceOf(style, around, box, layout);
             if (layout.lines.empty()) box = BelowWhatItCovers(box, result_);
             if (box.Right() > room.left && box.left < room.right) {
