@@ -27,7 +27,7 @@ class NoneTextLines : public TextLines {
     CharSpan WordAt(TextPos position) const override;
 
     // Only what a NoneCanvas records, and the backgrounds of styles.
-    void Draw(Canvas&, int line, int left, int baseline, const LinePaint&) const override;
+    void Draw(Canvas&, int index, int left, int baseline, const LinePaint&) const override;
 
   private:
     const NoneLine& At(int index) const { return lines_[std::size_t(index)]; }

@@ -161,7 +161,9 @@ TEST_CASE("line layout: a tab reaches to the next stop, after the last to a mult
             bool rightToLeft;
         } const cases[] = {{u"a\tb\tc\td\t\te", false},
                            {u"\u05D0\t\u05D1\t\u05D2\t\u05D3\t\t\u05D4", true}};
-        for (const auto& [text, rightToLeft] : cases) {
+        for (const auto& each : cases) {
+            const std::u16string& text = each.text;
+            const bool rightToLeft = each.rightToLeft;
             CAPTURE(rightToLeft);
             const auto lines = BreakWithTabs(layout, text, rightToLeft);
             REQUIRE(lines->Count() == 1);
@@ -228,7 +230,7 @@ TEST_CASE("line layout: a box has its width, and lines may break beside it") {
             const double wordWidth = TextWidth(layout, word);
             const int box = int(2 * wordWidth);
             ParagraphText paragraph =
-                LineParagraph(layout, word + objectReplacement + word, unlimited, rightToLeft);
+                LineParagraph(layout, (word + objectReplacement).append(word), unlimited, rightToLeft);
             paragraph.boxes = {{3, box}};
             auto lines = layout.BreakLines(paragraph);
             REQUIRE(lines->Count() == 1);
@@ -271,7 +273,9 @@ TEST_CASE("line layout: justified lines fill the width, all but the last") {
         } const cases[] = {
             {u"some words in a row of several words that fill more lines than one", false},
             {Repeated(u"\u05E9\u05DC \u05D5\u05DD\u05E2 ", 8) + u"\u05E9\u05DC", true}};
-        for (const auto& [text, rightToLeft] : cases) {
+        for (const auto& each : cases) {
+            const std::u16string& text = each.text;
+            const bool rightToLeft = each.rightToLeft;
             CAPTURE(rightToLeft);
             const int indent = 7, room = int(TextWidth(layout, text) / 3.5);
             ParagraphText paragraph = LineParagraph(layout, text, room + indent, rightToLeft);

@@ -78,9 +78,10 @@ TEST_CASE("line layout: decimals after a decimal tab begin at the stop") {
         } const cases[] = {{u"\t12.50", 3}, {u"\t-1,234.5", 7}, {u"\t1.234,56", 6},
                            {u"\t7", 2},     {u"\t7 miles", 2},  {u"\tabc", 4},
                            {u"\t1,234", 6}, {u"\t$3,5", 3},     {u"\t1.5\t2.75", 2}};
-        for (const auto& [text, atStop] : cases) {
+        for (const auto& each : cases) {
+            const TextPos atStop = each.atStop;
             CAPTURE(atStop);
-            const auto lines = Broken(layout, {text}, {{200, TabAlignment::Decimal}});
+            const auto lines = Broken(layout, {each.text}, {{200, TabAlignment::Decimal}});
             CHECK(IsWithin(lines->CaretX(0, atStop), 200, maxOverhang));
         }
     });

@@ -172,7 +172,7 @@ TEST_CASE("windows dialogs: a file is chosen") {
         const OpenFileAnswer answer = WinDialogs(nullptr).OpenFile(request);
         CHECK(answer.result == DialogResult::Ok);
         CHECK(answer.filterIndex == 2);
-        CHECK(WinFiles().SameFile(answer.fileName, root + u"\\" + name));
+        CHECK(WinFiles().SameFile(answer.fileName, (root + u"\\").append(name)));
     }
     GetCurrentDirectoryW(MAX_PATH, after);
     CHECK((std::wstring(before) == after));

@@ -8,10 +8,10 @@
 
 namespace {
 
-const CssBoxStyle BoxOf(std::u16string_view body) {
+CssBoxStyle BoxOf(std::u16string_view body) {
     return PageOf(u"", body).Box();
 }
-const CssInheritedStyle TextOf(std::u16string_view body) {
+CssInheritedStyle TextOf(std::u16string_view body) {
     return PageOf(u"", body).Text();
 }
 CssLength Px(float pixels) {

@@ -31,10 +31,10 @@ TEST_CASE("the gap of a tab leaves the text after it at its stop") {
         {TabAlignment::Right, 200, 170, 4}, // beyond the stop
         {TabAlignment::Right, 500, 270, 4}, // beyond the line
     };
-    for (const auto& [alignment, position, pen, gap] : cases) {
-        CAPTURE(position);
-        CAPTURE(pen);
-        CHECK(TabGap({position, alignment}, pen, 300, text, 4) == gap);
+    for (const auto& each : cases) {
+        CAPTURE(each.position);
+        CAPTURE(each.pen);
+        CHECK(TabGap({each.position, each.alignment}, each.pen, 300, text, 4) == each.gap);
     }
 }
 
@@ -57,9 +57,9 @@ TEST_CASE("a decimal tab divides the number after it") {
         {u"3.", 1},
         {u"\u0663\u066B\u0665", 1},
     };
-    for (const auto& [text, units] : cases) {
-        CAPTURE(units);
-        CHECK(UnitsBeforeDecimals(text) == units);
+    for (const auto& each : cases) {
+        CAPTURE(each.units);
+        CHECK(UnitsBeforeDecimals(each.text) == each.units);
     }
 }
 

@@ -50,7 +50,7 @@ class TableBuilder {
     void BuildPart(HtmlNodeId id, CssDisplay display);
     void BuildRow(HtmlNodeId row);
     void BuildCell(HtmlNodeId id);
-    void HideEmptyCell(PageBoxId cell);
+    void HideEmptyCell(PageBoxId id);
     void CloseCell(HtmlNodeId after);
     void CloseRow(HtmlNodeId after);
     void BuildColumns(HtmlNodeId columns);

@@ -145,13 +145,14 @@ TEST_CASE("qt file dialog: a pasted path or address is the file that it means") 
     const QString address =
         QString::fromLatin1(QUrl::fromLocalFile(spaced).toEncoded(QUrl::FullyEncoded));
     REQUIRE(address.contains("%20%25words"));
-    for (const auto& [pasted, meant] : std::initializer_list<std::pair<QString, QString>>{
+    for (const auto& each : std::initializer_list<std::pair<QString, QString>>{
              {" " + desk.Path("a.txt"), desk.Path("a.txt")},
              {desk.Path("a.txt") + " \n", desk.Path("a.txt")},
              {"a.txt ", desk.Path("a.txt")},
              {address, spaced},
              {address + "\n", spaced},
              {"two %words.txt", spaced}}) {
+        const QString &pasted = each.first, &meant = each.second;
         CAPTURE(pasted.toStdString());
         const OpenFileAnswer answer = desk.Ask([&](const Parts& parts) {
             CHECK(WaitFor([&] { return parts.Listed().contains("a.txt"); }));
