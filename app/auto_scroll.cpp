@@ -1,7 +1,7 @@
 #include "app/auto_scroll.h"
 
-#include "app/events.h"
 #include "app/main_form.h"
+#include "app/run_command.h"
 #include "app/shown_book.h"
 #include "common/text.h"
 

@@ -1,7 +1,8 @@
 #include "app/book_state.h"
 
+#include "app/carried_data_file.h"
+#include "app/file_fingerprints.h"
 #include "app/main_form.h"
-#include "app/moved_books.h"
 #include "app/page_places.h"
 #include "app/shown_book.h"
 #include "app/text_places.h"
@@ -28,12 +29,17 @@ void StorePage(const MainForm& form, BookRecord& record, const std::optional<Pag
         StorePageSize(record, *form.ports.htmlView, ZoomStep(form.menu.mViewFont[0]));
 }
 
-void StoreText(const MainForm& form, BookRecord& record, bool withPlace) {
+// What of the views goes into a record.
+enum class Stored { Format, FormatAndPlace };
+
+void StoreText(const MainForm& form, BookRecord& record, Stored stored) {
     StorePresentFormat(form, record);
-    if (withPlace) record[Field::LastPos] = NumberText(FirstVisibleChar(*form.ports.textView));
+    if (stored == Stored::FormatAndPlace)
+        record[Field::LastPos] = NumberText(FirstVisibleChar(*form.ports.textView));
 }
 
-void UpdateRecord(MainForm& form, int index, bool withPlace) {
+void UpdateRecord(MainForm& form, int index, Stored stored) {
+    const bool withPlace = stored == Stored::FormatAndPlace;
     BookRecord record = form.history.Record(index);
     const bool isPage = record.Kind() == BookKind::Html;
     record[Field::Access] = StoredDateTime(form.ports.clock->Now());
@@ -44,7 +50,7 @@ void UpdateRecord(MainForm& form, int index, bool withPlace) {
     if (isPage)
         StorePage(form, record, top);
     else
-        StoreText(form, record, withPlace);
+        StoreText(form, record, stored);
     form.history.SetRecord(index, record);
 
     IniBatch oneWrite(*form.dataFile);
@@ -67,11 +73,11 @@ void UpdateRecord(MainForm& form, int index, bool withPlace) {
 
 void SaveBookState(MainForm& form, int index) {
     if (index == 0 && !IsShownBookListed(form)) return;
-    UpdateRecord(form, index, index == 0);
+    UpdateRecord(form, index, index == 0 ? Stored::FormatAndPlace : Stored::Format);
 }
 
 void SaveNewBookState(MainForm& form, int index) {
-    UpdateRecord(form, index, false);
+    UpdateRecord(form, index, Stored::Format);
 }
 
 void SaveHistoryList(MainForm& form) {

@@ -1,9 +1,9 @@
 #include "app/changed_book.h"
 
-#include "app/events.h"
 #include "app/main_form.h"
 #include "app/open_book.h"
 #include "app/page_places.h"
+#include "app/run_command.h"
 #include "app/shown_book.h"
 #include "app/text_places.h"
 #include "books/book_file.h"

@@ -2,6 +2,7 @@
 
 #include "app/book_state.h"
 #include "app/main_form.h"
+#include "app/main_window.h"
 #include "app/shown_book.h"
 #include "common/char_refs.h"
 #include "common/menu_items.h"

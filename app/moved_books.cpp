@@ -1,60 +1,21 @@
 #include "app/moved_books.h"
 
 #include "app/book_state.h"
-#include "app/charset.h"
+#include "app/file_fingerprints.h"
 #include "app/main_form.h"
 #include "app/shown_book.h"
 #include "books/book_file.h"
 #include "books/book_script.h"
 #include "books/moved_books.h"
 #include "common/paths.h"
-#include "common/string_text.h"
 #include "common/text.h"
-#include "formats/rtf/rtf_reader.h"
-
-#include <map>
-#include <utility>
 
 namespace {
-constexpr std::u16string_view dataFileKey = u"DataFile"; // of a profile: where that was
-
 PlacesOf ViewOf(const BookRecord& record) {
     return record.Kind() == BookKind::Html ? PlacesOf::Page : PlacesOf::Text;
 }
 
-// The texts of one file, in each charset that one of the books is read in. It is read when there is
-// something to compare it with.
-class FileText {
-  public:
-    FileText(const MainForm& form, BookFile& file)
-        : files_(*form.ports.files), maxPlainText_(MaxPlainText(form)),
-          ansiCodePage_(form.ports.locale->AnsiCodePage()), file_(file) {}
-
-    std::optional<TextFingerprint> Fingerprint(ChosenCharset chosen) {
-        const std::pair key(chosen.codePage, chosen.exact);
-        const auto known = known_.find(key);
-        if (known != known_.end()) return known->second;
-        ReadContent(files_, maxPlainText_, file_);
-        if (file_.problem) return std::nullopt;
-        return known_[key] = Compute(*file_.content, chosen);
-    }
-
-  private:
-    TextFingerprint Compute(const BookContent& content, ChosenCharset chosen) const {
-        if (content.plainText)
-            return FingerprintOf(*DecodeBook(content.plainText, chosen, ansiCodePage_));
-        const Document document = ReadRtf(content.richText, ansiCodePage_);
-        return FingerprintOf(StringText(document.text));
-    }
-
-    const Files& files_;
-    std::uint64_t maxPlainText_;
-    int ansiCodePage_;
-    BookFile& file_;
-    std::map<std::pair<int, bool>, TextFingerprint> known_; // by the reader's choice
-};
-
-bool IsSameBook(MainForm& form, int index, FileText& file) {
+bool IsSameBook(MainForm& form, int index, FileFingerprints& file) {
     constexpr TextPos tooShort = 16; // units: anything may have such a text
     const BookRecord record = form.history.Record(index);
     const BookSettings settings = SettingsOf(form, record);
@@ -63,7 +24,7 @@ bool IsSameBook(MainForm& form, int index, FileText& file) {
     ChosenCharset chosen;
     if (ViewOf(record) == PlacesOf::Text)
         chosen = CharsetChosenFor(settings, record, form.ports.locale->AnsiCodePage());
-    return file.Fingerprint(chosen) == kept.text;
+    return file.Of(chosen) == kept.text;
 }
 
 // Whether its file may have gone, as far as that is known or worth a look: one that was there when
@@ -92,7 +53,7 @@ void ApplyMove(MainForm& form, int index, const std::u16string& path) {
 } // namespace
 
 int TakeOverMovedBook(MainForm& form, BookFile& file) {
-    FileText text(form, file);
+    FileFingerprints text(form, file);
     int found = -1;
     for (int i = 0; file.version && i < form.history.Count(); ++i) {
         if (!MayBeGone(form, i, file.version->size) || !IsSameBook(form, i, text)) continue;
@@ -116,7 +77,7 @@ bool IsTheMoved(MainForm& form, int index, const std::u16string& path) {
     if (version && kept.text && kept.IsOf(*version)) return true;
     BookFile file;
     file.path = path;
-    FileText text(form, file);
+    FileFingerprints text(form, file);
     return IsSameBook(form, index, text);
 }
 
@@ -139,42 +100,4 @@ void LookForMovedBooks(MainForm& form, int maxBooks) {
     while (form.moved->next < form.history.Count() && maxBooks > 0)
         if (LookFor(form, form.moved->next++, form.moved->folder)) --maxBooks;
     if (form.moved->next >= form.history.Count()) form.moved.reset();
-}
-
-void KeepPlaceOfDataFile(MainForm& form) {
-    IniWriteString(*form.dataFile, CurrentProfile(form), dataFileKey, form.DataFilePath);
-}
-
-bool FollowCarriedDataFile(MainForm& form) {
-    IniFile& file = *form.dataFile;
-    const std::u16string before = IniReadString(file, CurrentProfile(form), dataFileKey);
-    if (before == form.DataFilePath) return false;
-    IniBatch oneWrite(file);
-    const FolderMove move = MoveOf(FolderOf(before), FolderOf(form.DataFilePath));
-    bool changed = false;
-    for (int i = 0; !before.empty() && i < form.history.Count(); ++i) {
-        if (form.menu.mFileList[i].enabled) continue;
-        const std::u16string now = PathAfter(move, GetBookPath(form.history, i));
-        const bool found = !now.empty() && form.ports.files->FileExists(now) &&
-                           FindInHistory(form.history, now) < 0;
-        if (found) MoveBook(form.history, file, CurrentProfile(form), i, now);
-        changed = changed || found;
-    }
-    if (changed) SaveHistoryList(form);
-    if (!before.empty()) KeepPlaceOfDataFile(form);
-    oneWrite.Commit();
-    return changed;
-}
-
-void KeepPageFile(MainForm& form, const BookRecord& record, const BookSettings& settings) {
-    TextPlaces& state = form.places;
-    if (!state.file || (state.kept.text && state.kept.IsOf(*state.file))) return;
-    if (form.ports.files->Version(record.Path()) != state.file) return; // not the one shown
-    BookFile file;
-    file.path = record.Path();
-    const auto text = FileText(form, file).Fingerprint({});
-    if (!text) return;
-    state.kept.text = text;
-    state.kept.SetFile(*state.file);
-    StorePlaces(settings, PlacesOf::Page, state.kept, state.stored);
 }

@@ -2,6 +2,7 @@
 
 #include "app/book_state.h"
 #include "app/main_form.h"
+#include "app/main_window.h"
 #include "app/open_book.h"
 #include "app/shown_book.h"
 #include "books/book_kind.h"

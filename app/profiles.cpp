@@ -1,8 +1,9 @@
 #include "app/profiles.h"
 
 #include "app/book_state.h"
+#include "app/carried_data_file.h"
 #include "app/main_form.h"
-#include "app/moved_books.h"
+#include "app/main_window.h"
 #include "app/open_book.h"
 #include "app/shown_book.h"
 #include "common/flag_scope.h"

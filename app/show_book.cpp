@@ -5,6 +5,7 @@
 #include "app/changed_book.h"
 #include "app/charset.h"
 #include "app/main_form.h"
+#include "app/main_window.h"
 #include "app/open_book.h"
 #include "app/shown_book.h"
 #include "app/text_places.h"

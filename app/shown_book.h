@@ -39,7 +39,3 @@ bool SettlePage(MainForm&);
 
 // The largest file, in bytes, whose plain text the view shows.
 std::uint64_t MaxPlainText(const MainForm&);
-
-void LayOutForm(MainForm&); // places everything in the window
-// "product [profile] - book", and the name of the text where it is read aloud.
-void UpdateWindowTitle(MainForm&);

@@ -6,6 +6,7 @@
 #include "app/main_form.h"
 #include "app/options_menu.h"
 #include "app/profiles.h"
+#include "app/run_command.h"
 #include "app/saving_events.h"
 #include "common/menu_items.h"
 #include "datafile/location.h"

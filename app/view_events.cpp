@@ -6,6 +6,7 @@
 #include "app/edit_menu.h"
 #include "app/file_menu.h"
 #include "app/main_form.h"
+#include "app/main_window.h"
 #include "app/open_book.h"
 #include "app/page_engine.h"
 #include "app/page_places.h"

@@ -3,6 +3,7 @@
 #include "app/book_state.h"
 #include "app/charset.h"
 #include "app/main_form.h"
+#include "app/main_window.h"
 #include "app/open_book.h"
 #include "app/shown_book.h"
 #include "common/menu_items.h"

@@ -1,7 +1,7 @@
 // What a command that fails leaves after.
 #include "test_form.h"
 
-#include "app/events.h"
+#include "app/run_command.h"
 
 #include <doctest/doctest.h>
 

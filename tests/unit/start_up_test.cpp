@@ -1,8 +1,8 @@
 #include "html_form.h"
 #include "test_form.h"
 
-#include "app/events.h"
 #include "app/open_book.h"
+#include "app/run_command.h"
 
 #include <doctest/doctest.h>
 

@@ -1,5 +1,6 @@
 #include "test_form.h"
 
+#include "app/main_window.h"
 #include "app/shown_book.h"
 
 #include <doctest/doctest.h>
