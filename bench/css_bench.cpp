@@ -5,6 +5,7 @@
 #include "bench/stopwatch.h"
 #include "formats/css/css_page_sheets.h"
 #include "formats/css/css_page_styles.h"
+#include "formats/css/css_parser.h"
 #include "formats/html/html_decode.h"
 #include "formats/html/html_reader.h"
 

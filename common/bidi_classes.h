@@ -1,8 +1,10 @@
 // The state that the steps of the bidirectional algorithm share; for bidi_*.cpp.
 #pragma once
 
-#include "common/bidi_levels.h"
-#include "common/unicode.h"
+#include "common/geometry.h"
+#include "common/unicode_properties.h"
+
+#include <vector>
 
 struct BidiText {
     std::vector<BidiClass> classes; // of each unit, as the steps before have left it

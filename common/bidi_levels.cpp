@@ -2,6 +2,7 @@
 
 #include "common/bidi_classes.h"
 #include "common/text_characters.h"
+#include "common/unicode.h"
 
 #include <algorithm>
 #include <numeric>

@@ -4,12 +4,10 @@
 #pragma once
 
 #include "common/geometry.h"
+#include "common/unicode_properties.h"
 
-#include <cstdint>
 #include <string_view>
 #include <vector>
-
-using BidiLevel = std::uint8_t; // odd ones are right to left
 
 // For each unit of a paragraph, before its lines are known.
 std::vector<BidiLevel> BidiLevels(std::u16string_view text, bool rightToLeft);

@@ -3,7 +3,7 @@
 // never asks whether it has room.
 #pragma once
 
-#include "common/utf.h"
+#include "common/surrogates.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -98,7 +98,7 @@ def main(output):
     assert len(kinds) <= 256 and len(blocks) <= 256
     with open(output, "w", encoding="ascii", newline="\n") as file:
         file.write("// Made by common/make_unicode_table.py from Unicode %s.\n#pragma once\n\n" % unicodedata.unidata_version)
-        file.write('#include "common/unicode.h"\n\n#include <cstdint>\n\n// clang-format off\n')
+        file.write('#include "common/unicode_properties.h"\n\n#include <cstdint>\n\n// clang-format off\n')
         file.write("namespace unicode_table {\n")
         file.write("enum : std::uint8_t { markOrFormat = 1, unassignedOrPrivate = 2, virama = 4, wide = 8, opening = 16, "
                    "closing = 32 };\n")

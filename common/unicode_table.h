@@ -1,7 +1,7 @@
 // Made by common/make_unicode_table.py from Unicode 14.0.0.
 #pragma once
 
-#include "common/unicode.h"
+#include "common/unicode_properties.h"
 
 #include <cstdint>
 

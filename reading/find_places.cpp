@@ -179,11 +179,11 @@ class PlaceFinder {
 
     // Where it is if nothing around it has changed: too frequent words are found nowhere else.
     void AddExpected(std::size_t i, const Expectation& expected) {
-        const SoughtLetters sought = LettersToSeek(places_[i].words);
+        const PlacePattern pattern = PatternOf(places_[i].words);
         constexpr std::size_t fewLetters = 6;
-        if (sought.letters.size() < fewLetters) return;
+        if (pattern.letters.size() < fewLetters) return;
         for (const TextPos place : {expected.low, expected.high}) {
-            const PlaceCandidate there = CandidateNear(text_, places_[i], sought, place);
+            const PlaceCandidate there = CandidateNear(text_, places_[i], pattern, place);
             const bool known = std::ranges::any_of(
                 candidates_[i], [&](const auto& each) { return each.position == there.position; });
             if (!known) candidates_[i].push_back(there);

@@ -6,11 +6,6 @@
 #include <functional>
 #include <vector>
 
-struct KnownPlace {
-    TextPos position = 0; // in the text that the words are from
-    PlaceWords words;     // empty: nothing is known
-};
-
 struct FoundPlace {
     TextPos position = 0;
     bool certain = false; // else as far along as it was, between what was found around it

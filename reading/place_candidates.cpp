@@ -23,9 +23,9 @@ double Share(int cost, std::size_t letters) {
 }
 
 // One side alone tells only where it has letters enough.
-double NearDifference(const LetterAlignment& found, const SoughtLetters& sought) {
+double NearDifference(const LetterAlignment& found, const PlacePattern& pattern) {
     constexpr std::size_t enough = 20;
-    const std::size_t before = sought.split, after = sought.letters.size() - before;
+    const std::size_t before = pattern.split, after = pattern.letters.size() - before;
     double near = 1;
     if (before >= enough) near = std::min(near, Share(found.costBefore, before));
     if (after >= enough) near = std::min(near, Share(found.costAfter, after));
@@ -46,21 +46,21 @@ TextPos PositionOf(const TextSource& text, const PlacedLetters& stretch,
 }
 
 // `anchor` is in the text where letter `offset` of those looked for is expected.
-PlaceCandidate Verify(const TextSource& text, const PlaceWords& words, const SoughtLetters& sought,
+PlaceCandidate Verify(const TextSource& text, const PlaceWords& words, const PlacePattern& pattern,
                       TextPos anchor, std::size_t offset) {
-    const std::size_t count = sought.letters.size();
+    const std::size_t count = pattern.letters.size();
     std::size_t split = 0;
     const PlacedLetters stretch =
         LettersAround(text, anchor, offset + maxShift, count - offset + maxShift, split);
     const std::size_t start = split - std::min(split, offset);
     LetterAlignment found;
     const std::u16string_view view(stretch.letters);
-    if (split >= offset && view.substr(start, count) == sought.letters)
-        found = {start + sought.split, 0, 0, sought.split, count - sought.split};
+    if (split >= offset && view.substr(start, count) == pattern.letters)
+        found = {start + pattern.split, 0, 0, pattern.split, count - pattern.split};
     else
-        found = AlignLetters(sought.letters, sought.split, view, start, maxShift);
+        found = AlignLetters(pattern.letters, pattern.split, view, start, maxShift);
     return {PositionOf(text, stretch, found, words), Share(found.Cost(), count),
-            NearDifference(found, sought)};
+            NearDifference(found, pattern)};
 }
 
 // Seeds of one place that stand in the same order and distance as in its letters.
@@ -102,11 +102,11 @@ void AddCandidate(std::vector<PlaceCandidate>& candidates, const PlaceCandidate&
 }
 } // namespace
 
-SoughtLetters LettersToSeek(const PlaceWords& words) {
-    SoughtLetters sought{LettersOf(words.before), 0};
-    sought.split = sought.letters.size();
-    sought.letters += LettersOf(words.after);
-    return sought;
+PlacePattern PatternOf(const PlaceWords& words) {
+    PlacePattern pattern{LettersOf(words.before), 0};
+    pattern.split = pattern.letters.size();
+    pattern.letters += LettersOf(words.after);
+    return pattern;
 }
 
 std::vector<std::vector<PlaceCandidate>> FindCandidates(const TextSource& text,
@@ -114,10 +114,10 @@ std::vector<std::vector<PlaceCandidate>> FindCandidates(const TextSource& text,
                                                         const std::function<bool()>& goesOn) {
     const std::size_t seedLength = SeedLength(text.Length());
     LetterSeeds seeds(seedLength);
-    std::vector<SoughtLetters> sought;
+    std::vector<PlacePattern> patterns;
     for (std::uint32_t i = 0; i < places.size(); ++i) {
-        sought.push_back(LettersToSeek(places[i].words));
-        const std::u16string_view letters = sought.back().letters;
+        patterns.push_back(PatternOf(places[i].words));
+        const std::u16string_view letters = patterns.back().letters;
         for (std::uint32_t at = 0; at + seedLength <= letters.size(); at += seedStep)
             seeds.Add(letters.substr(at, seedLength), {i, at});
     }
@@ -131,7 +131,7 @@ std::vector<std::vector<PlaceCandidate>> FindCandidates(const TextSource& text,
         const std::uint32_t place = hit->seed.place;
         const SeedHit* const next =
             std::find_if(hit, end, [=](const SeedHit& each) { return each.seed.place != place; });
-        std::ranges::copy(Groups(hit, next, sought[place].split), std::back_inserter(groups));
+        std::ranges::copy(Groups(hit, next, patterns[place].split), std::back_inserter(groups));
         hit = next;
     }
     // In the order of the text, which keeps only a few of its pieces at hand.
@@ -140,7 +140,7 @@ std::vector<std::vector<PlaceCandidate>> FindCandidates(const TextSource& text,
     for (const SeedGroup& group : groups) {
         const LetterSeed& seed = group.nearest.seed;
         AddCandidate(candidates[seed.place],
-                     Verify(text, places[seed.place].words, sought[seed.place], group.nearest.end,
+                     Verify(text, places[seed.place].words, patterns[seed.place], group.nearest.end,
                             seed.offset + seedLength));
     }
     for (auto& each : candidates)
@@ -149,6 +149,6 @@ std::vector<std::vector<PlaceCandidate>> FindCandidates(const TextSource& text,
 }
 
 PlaceCandidate CandidateNear(const TextSource& text, const KnownPlace& place,
-                             const SoughtLetters& sought, TextPos expected) {
-    return Verify(text, place.words, sought, expected, sought.split);
+                             const PlacePattern& pattern, TextPos expected) {
+    return Verify(text, place.words, pattern, expected, pattern.split);
 }

@@ -1,16 +1,18 @@
 // Where in a text the words of places may be.
 #pragma once
 
-#include "reading/find_places.h"
+#include "reading/place_words.h"
 
+#include <functional>
 #include <string>
+#include <vector>
 
 // The letters around a place, as they are looked for.
-struct SoughtLetters {
+struct PlacePattern {
     std::u16string letters;
     std::size_t split = 0; // the place: so many are before it
 };
-SoughtLetters LettersToSeek(const PlaceWords&);
+PlacePattern PatternOf(const PlaceWords&);
 
 struct PlaceCandidate {
     TextPos position = 0;
@@ -24,5 +26,5 @@ std::vector<std::vector<PlaceCandidate>> FindCandidates(const TextSource&,
                                                         const std::function<bool()>& goesOn);
 
 // The candidate at a position at which the place is expected, give or take some letters.
-PlaceCandidate CandidateNear(const TextSource&, const KnownPlace&, const SoughtLetters&,
+PlaceCandidate CandidateNear(const TextSource&, const KnownPlace&, const PlacePattern&,
                              TextPos expected);

@@ -16,6 +16,11 @@ struct PlaceWords {
     bool operator==(const PlaceWords&) const = default;
 };
 
+struct KnownPlace {
+    TextPos position = 0; // in the text that the words are from
+    PlaceWords words;     // empty: nothing is known
+};
+
 constexpr std::size_t maxWordsLength = 64;
 
 PlaceWords WordsAround(const TextSource&, TextPos place);

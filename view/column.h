@@ -1,7 +1,7 @@
 // The column of a text: how wide its paragraphs are in a view that is wider than the eye likes.
 #pragma once
 
-#include "view/block_layout.h"
+#include "view/paragraph_layout.h"
 
 // Of samples of a plain text the longest lines that were broken for the width of a page.
 std::vector<std::u16string> PageLines(const TextSource& text);

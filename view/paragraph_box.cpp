@@ -1,6 +1,5 @@
 #include "view/paragraph_box.h"
 
-#include "view/paragraph_layout.h"
 #include "view/style_runs.h"
 #include "view/text_blocks.h"
 

@@ -1,10 +1,7 @@
 // The box of a paragraph's borders and shading.
 #pragma once
 
-#include "formats/document.h"
-
-struct LayoutContext;
-struct ParagraphPart;
+#include "view/layout_context.h"
 
 // In pixels. Neighbours with the same borders and indents are in one box.
 struct ParagraphBox {

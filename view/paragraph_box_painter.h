@@ -1,7 +1,7 @@
 // Paints borders and shading of paragraphs.
 #pragma once
 
-#include "view/text_painter.h"
+#include "view/text_paint.h"
 
 // `origin` is that of the paragraph, in the canvas's pixels.
 void PaintShading(Canvas& canvas, const ParagraphLayout& paragraph, Point origin);

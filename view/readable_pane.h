@@ -51,6 +51,3 @@ class ReadablePane : public ViewPane {
     virtual void FollowObject(std::size_t) {}           // a link
     virtual std::size_t FocusedObject() { return noReadingObject; }
 };
-
-// What it is called where it is read aloud, "" for lists and tables.
-std::u16string ReadingName(const ReadablePane& pane, const ReadingObject& object);

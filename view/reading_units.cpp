@@ -128,3 +128,18 @@ std::u16string ReadableText(const ReadablePane& pane, TextSpan span, TextPos max
     }
     return text;
 }
+
+std::u16string ReadingName(const ReadablePane& pane, const ReadingObject& object) {
+    constexpr TextPos maxName = 1024; // units
+    switch (object.kind) {
+    case ReadingObjectKind::Picture: return object.name;
+    case ReadingObjectKind::List:
+    case ReadingObjectKind::Table:
+    case ReadingObjectKind::Row: return {};
+    case ReadingObjectKind::Heading:
+    case ReadingObjectKind::Link:
+    case ReadingObjectKind::ListItem:
+    case ReadingObjectKind::Cell: break;
+    }
+    return object.name.empty() ? ReadableText(pane, object.span, maxName) : object.name;
+}

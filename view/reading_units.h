@@ -57,3 +57,6 @@ class ReadingUnits {
 // become line feeds and ends of cells tabs.
 std::u16string ReadableText(const ReadablePane& pane, TextSpan span,
                             TextPos maxLength = maxReadingReach);
+
+// What an object is called where it is read aloud, "" for lists and tables.
+std::u16string ReadingName(const ReadablePane& pane, const ReadingObject& object);

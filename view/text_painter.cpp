@@ -5,15 +5,6 @@
 #include "view/selected_region.h"
 
 namespace {
-// Three parts of the first colour and two of the second. Opaque, so that borders are no darker
-// where they overlap.
-Color Blend(Color a, Color b) {
-    const auto mix = [&](int shift) {
-        return (3 * (a >> shift & 0xFF) + 2 * (b >> shift & 0xFF)) / 5 << shift;
-    };
-    return mix(0) | mix(8) | mix(16);
-}
-
 // Inside the box.
 void PaintFrame(Canvas& canvas, const Rect& box, int thickness, Color color) {
     canvas.FillRect({box.left, box.top, box.width, thickness}, color);
@@ -26,8 +17,7 @@ void PaintPicture(Canvas& canvas, const TextPaint& paint, const PlacedPicture& p
                   const Rect& box) {
     const Picture* picture = PictureAt(paint.context.document, placed.position);
     if (!picture || !paint.context.pictures.Draw(canvas, *picture, box))
-        PaintFrame(canvas, box, paint.context.Hairline(),
-                   Blend(paint.context.viewStyle.backColor, paint.text));
+        PaintFrame(canvas, box, paint.context.Hairline(), paint.MissingPicture());
     if (placed.position >= paint.selectionStart && placed.position < paint.selectionEnd)
         canvas.TintRect(box, paint.selectionBackground);
 }
@@ -96,10 +86,6 @@ Color TextColorIn(const TextPaint& paint, const BlockLayout& layout,
     return IsReadable(paint.text, back) ? paint.text : LegibleOn(back);
 }
 } // namespace
-
-Color TextPaint::Line() const {
-    return Blend(text, context.viewStyle.backColor);
-}
 
 void PaintBackground(Canvas& canvas, const BlockLayout& layout, Point origin) {
     for (const CellLayout& cell : layout.cells)

@@ -3,6 +3,7 @@
 #include "common/unicode.h"
 #include "common/utf.h"
 #include "formats/plain/flowing_lines.h"
+#include "formats/plain/line_traits.h"
 
 #include <algorithm>
 #include <vector>

@@ -1,6 +1,6 @@
 #include "formats/codepages/escaped_text.h"
 
-#include "formats/codepages/code_pages.h"
+#include "formats/codepages/double_byte_pages.h"
 
 #include <algorithm>
 #include <iterator>
@@ -56,7 +56,7 @@ void AppendPair(Set set, char first, char second, std::u16string& text) {
     default: text += u'\uFFFD'; return;
     }
     bytes += {High(first), High(second)};
-    DecodeCodePage(page, bytes, text);
+    DecodeDoubleBytes(*FindDoubleBytePage(page), bytes, text);
 }
 
 void AppendSingle(Set set, char byte, std::u16string& text) {

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "formats/css/css_cascade.h"
-#include "formats/css/css_parser.h"
 #include "formats/css/css_rare_style.h"
+#include "formats/css/css_reading.h"
 
 #include <functional>
 

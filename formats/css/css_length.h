@@ -1,7 +1,7 @@
 // Lengths: reading one from a token, and its pixels.
 #pragma once
 
-#include "formats/css/css_parser.h"
+#include "formats/css/css_reading.h"
 #include "formats/css/css_tokenizer.h"
 #include "formats/css/css_value.h"
 

@@ -2,7 +2,7 @@
 // css_longhands.cpp.
 #pragma once
 
-#include "formats/css/css_longhands.h"
+#include "formats/css/css_keyword.h"
 #include "formats/css/css_style_values.h"
 
 namespace css_keywords {

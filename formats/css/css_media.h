@@ -2,7 +2,7 @@
 // nothing).
 #pragma once
 
-#include "formats/css/css_parser.h"
+#include "formats/css/css_reading.h"
 #include "formats/css/css_token_stream.h"
 
 struct CssMediaAnswer {

@@ -1,7 +1,8 @@
 // The style sheets that a page asks for, in its order.
 #pragma once
 
-#include "formats/css/css_parser.h"
+#include "formats/css/css_reading.h"
+#include "formats/css/css_sheet.h"
 #include "formats/html/html_tree.h"
 
 #include <string>

@@ -2,9 +2,10 @@
 #pragma once
 
 #include "formats/css/css_list_pool.h"
-#include "formats/css/css_parser.h"
 #include "formats/css/css_pool.h"
 #include "formats/css/css_rare_style.h"
+#include "formats/css/css_reading.h"
+#include "formats/css/css_sheet.h"
 #include "formats/html/html_tree.h"
 
 #include <array>

@@ -3,7 +3,6 @@
 #include "formats/css/css_limits.h"
 #include "formats/css/css_longhands.h"
 #include "formats/css/css_shorthands.h"
-#include "formats/css/css_variables.h"
 
 namespace {
 
@@ -104,4 +103,17 @@ void ReadCssDeclaration(std::u16string_view name, std::span<const CssToken> valu
     if (!understood || !tokens.AtEnd()) block.declarations.resize(first);
     for (std::size_t i = first; i < block.declarations.size(); ++i)
         block.declarations[i].important = important;
+}
+
+CssBlock ReadCssWritten(const CssWrittenDeclaration& declaration, const CssVariables& variables,
+                        const CssReading& reading) {
+    CssBlock block;
+    if (const auto text = SubstituteCssVariables(declaration.value, variables)) {
+        CssTokenizer tokenizer(*text);
+        ReadCssDeclaration(declaration.name, CssTokensOf(tokenizer), reading, block);
+    }
+    if (!block.declarations.empty()) return block;
+    CssTokenizer unset(u"unset");
+    ReadCssDeclaration(declaration.name, CssTokensOf(unset), reading, block);
+    return block;
 }

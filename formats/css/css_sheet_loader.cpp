@@ -1,6 +1,7 @@
 #include "formats/css/css_sheet_loader.h"
 
 #include "formats/css/css_limits.h"
+#include "formats/css/css_parser.h"
 #include "formats/css/css_tokenizer.h"
 
 #include <algorithm>

@@ -2,6 +2,7 @@
 
 #include "formats/css/css_default_sheet.h"
 #include "formats/css/css_limits.h"
+#include "formats/css/css_parser.h"
 
 #include <algorithm>
 

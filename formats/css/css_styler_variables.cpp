@@ -1,5 +1,6 @@
 // Custom properties of elements: they inherit, so that most elements have their parent's list.
 #include "formats/css/css_limits.h"
+#include "formats/css/css_property_parser.h"
 #include "formats/css/css_styler.h"
 
 namespace {

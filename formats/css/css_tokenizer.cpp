@@ -1,5 +1,7 @@
 #include "formats/css/css_tokenizer.h"
 
+#include "formats/css/css_limits.h"
+
 #include <algorithm>
 
 namespace {
@@ -170,4 +172,12 @@ CssToken CssTokenizer::ReadBadUrl() {
     if (!AtEnd()) ++at_;
     at_ = std::min(at_, text_.size());
     return OfKind(Kind::BadUrl);
+}
+
+std::vector<CssToken> CssTokensOf(CssTokenizer& tokenizer) {
+    std::vector<CssToken> tokens;
+    for (CssToken token = tokenizer.Next();
+         !token.Is(CssToken::Kind::End) && tokens.size() < maxCssTokens; token = tokenizer.Next())
+        tokens.push_back(token);
+    return tokens;
 }

@@ -8,6 +8,7 @@
 #include <list>
 #include <string>
 #include <string_view>
+#include <vector>
 
 struct CssToken {
     enum class Kind : std::uint8_t {
@@ -96,3 +97,6 @@ class CssTokenizer {
     std::size_t at_ = 0;
     std::list<std::u16string> own_; // those that had escapes: few, often none
 };
+
+// Of one text, `maxCssTokens` at most. The text must outlive them, and so must the tokenizer.
+std::vector<CssToken> CssTokensOf(CssTokenizer& tokenizer);

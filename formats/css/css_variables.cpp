@@ -1,7 +1,6 @@
 #include "formats/css/css_variables.h"
 
 #include "formats/css/css_limits.h"
-#include "formats/css/css_property_parser.h"
 #include "formats/css/css_token_stream.h"
 
 #include <algorithm>
@@ -14,15 +13,6 @@ namespace {
 using Kind = CssToken::Kind;
 // Null for a variable that has no value.
 using Lookup = std::function<const std::u16string*(std::u16string_view)>;
-
-// Of one text, which must outlive them, and so must the tokenizer.
-std::vector<CssToken> TokensOf(CssTokenizer& tokenizer) {
-    std::vector<CssToken> tokens;
-    for (CssToken token = tokenizer.Next(); !token.Is(Kind::End) && tokens.size() < maxCssTokens;
-         token = tokenizer.Next())
-        tokens.push_back(token);
-    return tokens;
-}
 
 // Writes a value with its variables replaced; false when one has no value, or it is too long.
 class Substitution {
@@ -71,7 +61,7 @@ class Substitution {
 
 std::optional<std::u16string> Substituted(std::u16string_view text, const Lookup& lookup) {
     CssTokenizer tokenizer(text);
-    const std::vector<CssToken> tokens = TokensOf(tokenizer);
+    const std::vector<CssToken> tokens = CssTokensOf(tokenizer);
     Substitution substitution(lookup);
     if (!substitution.Write(CssTokenStream(tokens), 0)) return std::nullopt;
     return substitution.Take();
@@ -157,16 +147,8 @@ CssVariables ResolveCssVariables(const CssVariables& inherited,
     return Resolver(inherited, own).Resolve();
 }
 
-CssBlock ReadCssWritten(const CssWrittenDeclaration& declaration, const CssVariables& variables,
-                        const CssReading& reading) {
+std::optional<std::u16string> SubstituteCssVariables(std::u16string_view value,
+                                                     const CssVariables& variables) {
     const Lookup lookup = [&](std::u16string_view name) { return Find(variables, name); };
-    CssBlock block;
-    if (const auto text = Substituted(declaration.value, lookup)) {
-        CssTokenizer tokenizer(*text);
-        ReadCssDeclaration(declaration.name, TokensOf(tokenizer), reading, block);
-    }
-    if (!block.declarations.empty()) return block;
-    CssTokenizer unset(u"unset");
-    ReadCssDeclaration(declaration.name, TokensOf(unset), reading, block);
-    return block;
+    return Substituted(value, lookup);
 }

@@ -1,10 +1,10 @@
 // Custom properties (css-variables-1): their values are texts, which stand in for var().
 #pragma once
 
-#include "formats/css/css_parser.h"
 #include "formats/css/css_sheet.h"
 #include "formats/css/css_tokenizer.h"
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -28,7 +28,6 @@ bool UsesCssVariables(std::span<const CssToken> value);
 // The variables of an element whose parent has these. Of own ones of the same name the last wins.
 CssVariables ResolveCssVariables(const CssVariables& inherited,
                                  std::span<const CssWrittenDeclaration* const> own);
-// What a declaration says with the variables in their places: of one that makes no sense then,
-// `unset`.
-CssBlock ReadCssWritten(const CssWrittenDeclaration& declaration, const CssVariables& variables,
-                        const CssReading& reading);
+// A value with the variables in their places; nothing where one has no value, or it is too long.
+std::optional<std::u16string> SubstituteCssVariables(std::u16string_view value,
+                                                     const CssVariables& variables);

@@ -9,7 +9,7 @@ constexpr std::uint32_t orientationTag = 0x0112, shortType = 3;
 
 // Of the first directory of a TIFF file.
 std::uint8_t OrientationOf(std::string_view tiff) {
-    const PictureBytes bytes(tiff, tiff.starts_with("MM"));
+    const PictureBytes bytes(tiff, tiff.starts_with("MM") ? std::endian::big : std::endian::little);
     const std::size_t directory = bytes.Long(4);
     if (directory >= tiff.size()) return uprightPicture;
     const std::uint32_t entries = bytes.Word(directory);
@@ -34,12 +34,12 @@ bool IsAlone(std::uint32_t marker) {
 }
 } // namespace
 
-PictureHeader ReadJpegHeader(std::string_view data) {
-    PictureHeader header;
-    const PictureBytes bytes(data, true);
+std::optional<JpegHeader> ReadJpegHeader(std::string_view data) {
+    JpegHeader header;
+    const PictureBytes bytes(data, std::endian::big);
     bool hasExif = false;
     for (std::size_t at = 2; at + 4 <= data.size();) {
-        if (bytes.Byte(at) != 0xFF) return {};
+        if (bytes.Byte(at) != 0xFF) return std::nullopt;
         const std::uint32_t marker = bytes.Byte(at + 1);
         if (marker == 0xFF) { // fills
             ++at;
@@ -48,15 +48,14 @@ PictureHeader ReadJpegHeader(std::string_view data) {
         at += 2;
         if (IsAlone(marker)) continue;
         const std::size_t length = bytes.Word(at);
-        if (length < 2) return {};
+        if (length < 2) return std::nullopt;
         const std::string_view segment = data.substr(at + 2, length - 2);
         if (marker == 0xE1 && !hasExif && segment.starts_with(exifMark)) {
             hasExif = true;
             header.orientation = OrientationOf(segment.substr(exifMark.size()));
         }
         if (IsFrame(marker)) {
-            if (segment.size() < 5) return {};
-            header.format = PictureFormat::Jpeg;
+            if (segment.size() < 5) return std::nullopt;
             header.height = static_cast<int>(bytes.Word(at + 3));
             header.width = static_cast<int>(bytes.Word(at + 5));
             return header;
@@ -64,5 +63,5 @@ PictureHeader ReadJpegHeader(std::string_view data) {
         if (marker == 0xDA || marker == 0xD9) break; // the picture, before its size
         at += length;
     }
-    return {};
+    return std::nullopt;
 }

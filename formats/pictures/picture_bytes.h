@@ -1,6 +1,7 @@
 // Numbers in the header of a picture's file.
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -8,7 +9,8 @@
 // 0 after the end.
 class PictureBytes {
   public:
-    PictureBytes(std::string_view bytes, bool bigEndian) : bytes_(bytes), bigEndian_(bigEndian) {}
+    PictureBytes(std::string_view bytes, std::endian order)
+        : bytes_(bytes), bigEndian_(order == std::endian::big) {}
 
     std::size_t Size() const { return bytes_.size(); }
     std::uint32_t Byte(std::size_t at) const {

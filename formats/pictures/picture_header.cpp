@@ -1,6 +1,5 @@
 #include "formats/pictures/picture_header.h"
 
-#include "formats/pictures/jpeg_header.h"
 #include "formats/pictures/picture_bytes.h"
 
 #include <algorithm>
@@ -23,8 +22,14 @@ std::string_view Part(std::string_view all, std::size_t at, std::size_t length) 
     return at < all.size() ? all.substr(at, length) : std::string_view();
 }
 
+PictureHeader ReadJpeg(std::string_view all) {
+    const std::optional<JpegHeader> jpeg = ReadJpegHeader(all);
+    if (!jpeg) return {};
+    return {PictureFormat::Jpeg, jpeg->width, jpeg->height, jpeg->orientation, {}};
+}
+
 PictureHeader ReadPng(std::string_view all) {
-    const PictureBytes bytes(all, true);
+    const PictureBytes bytes(all, std::endian::big);
     if (Part(all, 12, 4) != "IHDR" || all.size() < 24) return {};
     return HeaderOf(PictureFormat::Png, bytes.Long(16), bytes.Long(20));
 }
@@ -45,7 +50,7 @@ std::optional<std::size_t> FirstFrameOfGif(const PictureBytes& bytes) {
 
 // As large as its screen, and at least as its first frame, which stands in it.
 PictureHeader ReadGif(std::string_view all) {
-    const PictureBytes bytes(all, false);
+    const PictureBytes bytes(all, std::endian::little);
     const auto frame = FirstFrameOfGif(bytes);
     if (!frame) return {};
     const std::uint32_t left = bytes.Word(*frame + 1), top = bytes.Word(*frame + 3),
@@ -60,7 +65,7 @@ PictureHeader ReadGif(std::string_view all) {
 
 // RFC 9649.
 PictureHeader ReadWebP(std::string_view all) {
-    const PictureBytes bytes(all, false);
+    const PictureBytes bytes(all, std::endian::little);
     const std::string_view chunk = Part(all, 12, 4);
     if (chunk == "VP8X" && all.size() >= 30)
         return HeaderOf(PictureFormat::WebP, 1 + (bytes.Long(24) & 0xFFFFFF),
@@ -76,7 +81,7 @@ PictureHeader ReadWebP(std::string_view all) {
 
 // A negative height: the first row is on top.
 PictureHeader ReadBmp(std::string_view all) {
-    const PictureBytes bytes(all, false);
+    const PictureBytes bytes(all, std::endian::little);
     const std::uint32_t headerSize = bytes.Long(14);
     if (headerSize == 12) return HeaderOf(PictureFormat::Bmp, bytes.Word(18), bytes.Word(20));
     if (headerSize < 40 || headerSize > 1024) return {};
@@ -112,7 +117,7 @@ std::optional<IconEntry> LargestEntry(const PictureBytes& bytes) {
 
 // What the entry says of its size may be wrong for a PNG in it.
 PictureHeader ReadIcon(std::string_view all) {
-    const auto entry = LargestEntry(PictureBytes(all, false));
+    const auto entry = LargestEntry(PictureBytes(all, std::endian::little));
     if (!entry) return {};
     const std::string_view within = Part(all, entry->start, entry->length);
     if (within.starts_with(pngMark)) { // no icon, which may be this very one
@@ -124,7 +129,7 @@ PictureHeader ReadIcon(std::string_view all) {
 
 PictureHeader ReadAny(std::string_view bytes) {
     if (bytes.starts_with(pngMark)) return ReadPng(bytes);
-    if (bytes.starts_with("\xFF\xD8\xFF")) return ReadJpegHeader(bytes);
+    if (bytes.starts_with("\xFF\xD8\xFF")) return ReadJpeg(bytes);
     if (bytes.starts_with("GIF87a") || bytes.starts_with("GIF89a")) return ReadGif(bytes);
     if (bytes.starts_with("RIFF") && bytes.size() >= 16 && bytes.substr(8, 4) == "WEBP")
         return ReadWebP(bytes);
@@ -152,7 +157,7 @@ PictureHeader ReadPictureHeader(std::string_view bytes) {
 
 std::string LargestIcon(std::string_view bytes) {
     constexpr std::uint32_t dataStart = 6 + 16;
-    const auto entry = LargestEntry(PictureBytes(bytes, false));
+    const auto entry = LargestEntry(PictureBytes(bytes, std::endian::little));
     if (!entry || ReadAny(bytes).format != PictureFormat::Ico) return {};
     const std::string_view data = Part(bytes, entry->start, entry->length);
     std::string icon("\0\0\1\0\1\0", 6);

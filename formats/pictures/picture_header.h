@@ -2,12 +2,10 @@
 #pragma once
 
 #include "formats/document.h"
+#include "formats/pictures/jpeg_header.h"
 
 #include <string>
 #include <string_view>
-
-// How the rows and columns of a file stand on the screen, as Exif numbers it (TIFF's Orientation).
-constexpr std::uint8_t uprightPicture = 1;
 
 struct PictureHeader {
     PictureFormat format = PictureFormat::Other; // also where the size cannot be found

@@ -8,7 +8,6 @@
 // What the answer for a line end depends on: so many lines on each side of it, and among them none
 // after a line that is longer than any page was wide.
 constexpr std::size_t linesAround = 40;
-constexpr std::size_t maxPageLine = 200; // UTF-16 units
 
 std::vector<std::u16string_view> LinesOf(std::u16string_view text); // without their ends
 

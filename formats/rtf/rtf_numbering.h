@@ -9,17 +9,6 @@
 #include <string>
 #include <vector>
 
-enum class RtfNumberKind : std::uint8_t {
-    None,
-    Decimal,
-    UpperRoman,
-    LowerRoman,
-    UpperLetter,
-    LowerLetter,
-    TwoDigits, // at least
-    Bullet
-};
-
 struct RtfNumberFormat {
     RtfNumberKind kind = RtfNumberKind::None;
     std::int32_t start = 1;

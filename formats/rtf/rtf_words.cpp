@@ -2,7 +2,6 @@
 
 #include "common/hash.h"
 #include "formats/document.h"
-#include "formats/rtf/rtf_numbering.h"
 
 #include <array>
 #include <cstddef>

@@ -64,6 +64,18 @@ enum class RtfDestination : std::uint8_t {
     ParagraphNumber,    // what the writer has put in front of a paragraph
 };
 
+// Of a list, and of paragraphs that are numbered by themselves.
+enum class RtfNumberKind : std::uint8_t {
+    None,
+    Decimal,
+    UpperRoman,
+    LowerRoman,
+    UpperLetter,
+    LowerLetter,
+    TwoDigits, // at least
+    Bullet
+};
+
 enum class RtfWord : std::uint8_t {
     None,
     // Break

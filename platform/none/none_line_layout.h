@@ -4,25 +4,7 @@
 // everywhere.
 #pragma once
 
-#include "platform/line_layout.h"
-
-class NoneStyle : public PreparedStyle {
-  public:
-    NoneStyle(const TextStyle& style, double dpi, int resolution)
-        : style_(style), pixels_(style.font.points * dpi / 72), resolution_(resolution) {}
-    const TextStyle& Style() const { return style_; }
-    double Ascent() const { return 0.8 * pixels_; }
-    double Descent() const { return 0.2 * pixels_; }
-    double CharacterWidth() const {
-        return style_.baseline == TextBaseline::Normal ? pixels_ / 2 : pixels_ / 3;
-    }
-    int Resolution() const { return resolution_; }
-
-  private:
-    TextStyle style_;
-    double pixels_; // the font's height
-    int resolution_;
-};
+#include "platform/none/none_clusters.h"
 
 class NoneLineLayout : public LineLayout {
   public:

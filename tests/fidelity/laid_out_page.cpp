@@ -1,5 +1,6 @@
 #include "tests/fidelity/laid_out_page.h"
 
+#include "formats/css/css_parser.h"
 #include "formats/css/css_sheet_loader.h"
 #include "view/page/page_box_builder.h"
 

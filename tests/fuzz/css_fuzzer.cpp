@@ -3,6 +3,7 @@
 #include "formats/css/css_limits.h"
 #include "formats/css/css_page_sheets.h"
 #include "formats/css/css_page_styles.h"
+#include "formats/css/css_parser.h"
 #include "formats/html/html_reader.h"
 #include "tests/fuzz/require.h"
 

@@ -3,6 +3,7 @@
 #include "css_samples.h"
 
 #include "formats/css/css_limits.h"
+#include "formats/css/css_parser.h"
 
 #include <doctest/doctest.h>
 
@@ -50,7 +51,8 @@ TEST_CASE("css: elements meet the rules of their own names only") {
     std::u16string css;
     for (int i = 0; i < 20'000; ++i) {
         const std::u16string number = Utf8ToUtf16(std::to_string(i));
-        css += u".c" + number + u"{color:red}#i" + number + u" b{color:red}";
+        css.append(u".c").append(number).append(u"{color:red}#i");
+        css.append(number).append(u" b{color:red}");
     }
     CHECK(StepsOf(css, Repeat(u"<p class=c7>t", 1000)) <= 10'010);
 }

@@ -4,6 +4,7 @@
 #include "common/utf.h"
 #include "formats/css/css_page_sheets.h"
 #include "formats/css/css_page_styles.h"
+#include "formats/css/css_parser.h"
 #include "formats/html/html_reader.h"
 
 #include <string>

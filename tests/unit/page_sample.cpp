@@ -1,6 +1,7 @@
 #include "tests/unit/page_sample.h"
 
 #include "common/utf.h"
+#include "formats/css/css_parser.h"
 
 namespace {
 const char* NameOf(PageBoxKind kind) {

@@ -4,7 +4,6 @@
 #include "formats/html/html_frames.h"
 #include "formats/html/html_reader.h"
 #include "formats/html/html_units.h"
-#include "view/html/page_objects.h"
 
 #include <algorithm>
 #include <utility>
@@ -161,4 +160,11 @@ std::string HtmlCharsetName(int codePage) {
     if (codePage > 28590 && codePage <= 28606)
         return "ISO-8859-" + std::to_string(codePage - 28590);
     return "windows-" + std::to_string(codePage);
+}
+
+int HeadingLevelOf(const HtmlNode& node) {
+    const int level = int(node.name) - int(HtmlName::H1) + 1;
+    return node.IsElement() && node.nameSpace == HtmlNamespace::Html && level >= 1 && level <= 6
+               ? level
+               : 0;
 }

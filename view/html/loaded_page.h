@@ -58,3 +58,6 @@ class LoadedPage {
 
 // As browsers name a charset: "ISO-8859-8" for each page in visual order.
 std::string HtmlCharsetName(int codePage);
+
+// From 1 to 6; 0 for what is no heading.
+int HeadingLevelOf(const HtmlNode& node);

@@ -135,13 +135,6 @@ class Reader {
 };
 } // namespace
 
-int HeadingLevelOf(const HtmlNode& node) {
-    const int level = int(node.name) - int(HtmlName::H1) + 1;
-    return node.IsElement() && node.nameSpace == HtmlNamespace::Html && level >= 1 && level <= 6
-               ? level
-               : 0;
-}
-
 ReadingObjects PageObjects(const LoadedPage& page, const CssPageStyles& styles) {
     return Reader(page, styles).Read();
 }

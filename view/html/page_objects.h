@@ -8,8 +8,5 @@
 // What its styles do not display is left out, and pictures that say that they show nothing.
 ReadingObjects PageObjects(const LoadedPage& page, const CssPageStyles& styles);
 
-// From 1 to 6; 0 for what is no heading.
-int HeadingLevelOf(const HtmlNode& node);
-
 // The link that a node is in, or is; noHtmlNode for none.
 HtmlNodeId LinkAround(const HtmlTree& tree, HtmlNodeId node);

@@ -4,6 +4,7 @@
 #include "view/html/page_cuts.h"
 #include "view/html/paper_lines.h"
 #include "view/html/shown_page.h"
+#include "view/page/flow_leaf.h"
 #include "view/page/page_painter.h"
 
 #include <algorithm>

@@ -1,5 +1,6 @@
 #include "view/html/shown_page.h"
 
+#include "formats/css/css_parser.h"
 #include "formats/css/css_sheet_loader.h"
 #include "view/page/page_box_builder.h"
 #include "view/page/page_repairs.h"

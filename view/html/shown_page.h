@@ -2,7 +2,7 @@
 // for another size where its style sheets ask for that.
 #pragma once
 
-#include "formats/css/css_parser.h"
+#include "formats/css/css_reading.h"
 #include "view/html/loaded_page.h"
 #include "view/html/page_files.h"
 #include "view/html/page_pictures.h"

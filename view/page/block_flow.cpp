@@ -1,5 +1,6 @@
 #include "view/page/block_flow.h"
 
+#include "view/page/flow_leaf.h"
 #include "view/page/table_layout.h"
 
 #include <algorithm>

@@ -2,6 +2,7 @@
 #include "view/page/block_flow.h"
 
 #include "view/page/covered_area.h"
+#include "view/page/formatting_contexts.h"
 #include "view/page/item_layout.h"
 
 #include <algorithm>
@@ -148,7 +149,7 @@ std::optional<BlockFlow::SidePlace> BlockFlow::PlaceOfSibling(const SideBox& sid
     const CssBoxStyle& longStyle = *layouter_.Box(side.container).style;
     SidePlace place;
     if (side.kind == SideBox::Kind::Item) {
-        const std::vector<ItemPlace> row = layouter_.RowOfLongItem(side.container, width);
+        const std::vector<ItemPlace> row = RowOfLongItem(layouter_, side.container, width);
         const auto own = std::ranges::find(row, side.box, &ItemPlace::item);
         if (own == row.end()) return std::nullopt;
         place.fragment = ItemLayout(layouter_, open_[open - 1].box, width, {})

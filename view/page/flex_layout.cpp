@@ -243,10 +243,6 @@ class FlexLayouter {
 };
 } // namespace
 
-bool IsFlexContainer(const PageBox& box) {
-    return box.style->innerLayout == CssInnerLayout::Flex && box.kind == PageBoxKind::Block;
-}
-
 double LayOutFlex(PageLayouter& layouter, PageBoxId container, double width,
                   std::optional<InlineEdges> positioned, PageFragment& result) {
     return FlexLayouter(layouter, container, width, positioned, result).Run();

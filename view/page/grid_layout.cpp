@@ -224,10 +224,6 @@ class GridLayouter {
 };
 } // namespace
 
-bool IsGridContainer(const PageBox& box) {
-    return box.style->innerLayout == CssInnerLayout::Grid && box.kind == PageBoxKind::Block;
-}
-
 double LayOutGrid(PageLayouter& layouter, PageBoxId container, double width,
                   std::optional<InlineEdges> positioned, PageFragment& result) {
     return GridLayouter(layouter, container, width, positioned).Run(result);

@@ -5,8 +5,6 @@
 #include "view/page/flex_sizes.h"
 #include "view/page/page_layouter.h"
 
-bool IsGridContainer(const PageBox& box);
-
 // With a content of this width; the items are added to `result`. Answers the content's height.
 double LayOutGrid(PageLayouter& layouter, PageBoxId container, double width,
                   std::optional<InlineEdges> positioned, PageFragment& result);

@@ -1,8 +1,8 @@
 #include "view/page/lines_reader.h"
 
 #include "view/page/bidi_isolation.h"
+#include "view/page/box_generation.h"
 #include "view/page/page_background.h"
-#include "view/page/page_box_builder.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 // What stands in lines by their styles: markers, first letters and generated content.
+#include "view/page/box_generation.h"
 #include "view/page/lines_reader.h"
 #include "view/page/list_marker.h"
 #include "view/page/page_background.h"
-#include "view/page/page_box_builder.h"
 #include "view/page/page_weights.h"
 #include "view/page/text_raise.h"
 

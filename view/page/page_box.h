@@ -74,6 +74,15 @@ inline bool HasVerticalInset(const CssBoxStyle& style) {
     return !style.inset[cssTop].IsAuto() || !style.inset[cssBottom].IsAuto();
 }
 
+// Boxes of other kinds, such as cells, are laid out as what they are.
+inline bool IsFlexContainer(const PageBox& box) {
+    return box.style->innerLayout == CssInnerLayout::Flex && box.kind == PageBoxKind::Block;
+}
+
+inline bool IsGridContainer(const PageBox& box) {
+    return box.style->innerLayout == CssInnerLayout::Grid && box.kind == PageBoxKind::Block;
+}
+
 // Not of the element itself, but of what stands before or after what is in it.
 inline bool IsGenerated(const PageBox& box) {
     return box.generated || box.generatedPlace != GeneratedPlace::None;

@@ -1,6 +1,7 @@
 #include "view/page/page_box_builder.h"
 
 #include "formats/css/css_rare_style.h"
+#include "view/page/box_generation.h"
 #include "view/page/child_nodes.h"
 #include "view/page/list_numbers.h"
 #include "view/page/multi_columns.h"
@@ -8,68 +9,6 @@
 #include "view/page/table_builder.h"
 
 #include <utility>
-
-bool IsNotShown(const HtmlNode& node) {
-    if (node.nameSpace == HtmlNamespace::Svg) return node.name != HtmlName::Svg;
-    if (node.nameSpace != HtmlNamespace::Html) return false;
-    switch (node.name) {
-    case HtmlName::Audio:
-    case HtmlName::Canvas:
-    case HtmlName::Embed:
-    case HtmlName::Iframe:
-    case HtmlName::Input:
-    case HtmlName::Select:
-    case HtmlName::Textarea:
-    case HtmlName::Video: return true;
-    default: return false;
-    }
-}
-
-namespace {
-bool IsPoint(const CssLength& length) {
-    constexpr float point = 1; // CSS pixels
-    return length.kind == CssLength::Kind::Pixels && length.value <= point;
-}
-
-// Above the page or beside it, where nobody is to see it, such as a link for screen readers.
-bool IsOffPage(const CssBoxStyle& style) {
-    constexpr float far = -500; // CSS pixels
-    const auto isFar = [&](CssSide side) {
-        const CssLength& inset = style.inset[side];
-        return inset.kind == CssLength::Kind::Pixels && inset.value < far;
-    };
-    return isFar(cssLeft) || isFar(cssTop);
-}
-
-// It shows at most a point of its content, to the side.
-bool HasNoWidth(const CssBoxStyle& style) {
-    const bool isBlock = style.display == CssDisplay::Block ||
-                         style.display == CssDisplay::InlineBlock ||
-                         style.display == CssDisplay::ListItem;
-    const bool grows =
-        style.rare->flexGrow > 0 || !(style.minWidth.IsAuto() || IsPoint(style.minWidth));
-    return isBlock && IsPoint(style.width) && !grows;
-}
-} // namespace
-
-bool IsNotShown(const CssBoxStyle& style) {
-    if (style.display == CssDisplay::None) return true;
-    const bool hides = style.overflow != CssOverflow::Visible;
-    if (hides && HasNoWidth(style)) return true;
-    if (style.position != CssPosition::Absolute && style.position != CssPosition::Fixed)
-        return false;
-    return IsOffPage(style) || (hides && (IsPoint(style.height) || IsPoint(style.maxHeight)));
-}
-
-bool HasOwnBox(CssStyle generated) {
-    return generated.box && generated.box->display != CssDisplay::Inline &&
-           generated.box->display != CssDisplay::Contents;
-}
-
-bool IsInLines(const CssBoxStyle& style) {
-    return IsOutOfFlow(style) || style.floats != CssFloat::None ||
-           style.display == CssDisplay::InlineBlock || style.display == CssDisplay::InlineTable;
-}
 
 namespace {
 // A float without a width whose text lies behind what follows, such as a row of leaders.

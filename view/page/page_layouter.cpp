@@ -1,12 +1,7 @@
 #include "view/page/page_layouter.h"
 
-#include "view/page/block_flow.h"
-#include "view/page/flex_layout.h"
-#include "view/page/grid_layout.h"
-#include "view/page/multi_columns.h"
-#include "view/page/ruby_layout.h"
+#include "view/page/formatting_contexts.h"
 #include "view/page/side_boxes.h"
-#include "view/page/table_layout.h"
 
 #include <algorithm>
 #include <cmath>
@@ -27,21 +22,6 @@ bool HidesItsContent(const CssBoxStyle& style) {
            (style.height == none || style.maxHeight == none);
 }
 } // namespace
-
-bool StandsAlone(const PageBox& box) {
-    if (box.kind == PageBoxKind::Picture || box.kind == PageBoxKind::Table) return true;
-    if (box.parent == noPageBox || box.isTooLong) return false; // the page, or as much of it
-    const CssBoxStyle& style = *box.style;
-    const auto isSet = [](const CssLength& length) {
-        return length.kind == CssLength::Kind::Pixels;
-    };
-    return style.flowRoot || isSet(style.height) || isSet(style.minHeight) ||
-           isSet(style.maxHeight);
-}
-
-bool IsFlowLeaf(const PageBoxes& boxes, PageBoxId id) {
-    return boxes.IsEmpty(id) || boxes[id].kind == PageBoxKind::Lines || StandsAlone(boxes[id]);
-}
 
 // Of a block whose lines have this one. The height of a cell is its row's, in which its content is
 // placed.
@@ -65,19 +45,7 @@ PageFragmentPtr PageLayouter::LayOutBlock(PageBoxId id, double contentWidth, dou
     if (HasVisibleBox(box)) fragment->boxes.push_back({id, 0, 0, fragment->width, 0, false, false});
     auto content = std::make_shared<PageFragment>();
     if (positioned) positioned = {positioned->left - left, positioned->right - left};
-    double bottom = 0;
-    if (IsFlexContainer(box)) {
-        bottom = LayOutFlex(*this, id, contentWidth, positioned, *content);
-    } else if (IsGridContainer(box)) {
-        bottom = LayOutGrid(*this, id, contentWidth, positioned, *content);
-    } else if (HasColumns(box)) {
-        bottom = LayOutInColumns(*this, id, contentWidth, positioned, *content);
-    } else {
-        BlockFlow flow(*this, id, {0, contentWidth}, *content, positioned);
-        flow.LayOutContent();
-        flow.Finish();
-        bottom = flow.Bottom();
-    }
+    double bottom = LayOutContent(*this, id, contentWidth, positioned, *content);
     content->width = contentWidth;
     if (HidesItsContent(*box.style) && !HasWords(*content)) {
         *content = {};
@@ -95,8 +63,8 @@ PageFragmentPtr PageLayouter::LayOutBlock(PageBoxId id, double contentWidth, dou
 PageFragmentPtr PageLayouter::LayOutShrunk(PageBoxId id, double containing) {
     const PageBox& box = boxes_[id];
     if (box.kind == PageBoxKind::Picture) return LayOutPicture(id, containing);
-    if (box.kind == PageBoxKind::Table) return LayOutTable(*this, id, containing);
-    if (box.kind == PageBoxKind::Ruby) return LayOutRuby(*this, id, containing);
+    if (box.kind == PageBoxKind::Table || box.kind == PageBoxKind::Ruby)
+        return LayOutAtomic(*this, id, containing);
     return LayOutPositioned(id, containing, containing);
 }
 
@@ -145,7 +113,7 @@ BoxEdges PageLayouter::EdgesOfLong(PageBoxId id, const CssInheritedStyle& around
                                    InlineEdges room) {
     const CssBoxStyle& style = *boxes_[id].style;
     if (IsLongItem(boxes_, id)) {
-        const std::vector<ItemPlace> row = RowOfLongItem(id, room.Width());
+        const std::vector<ItemPlace> row = RowOfLongItem(*this, id, room.Width());
         const auto own = std::ranges::find(row, id, &ItemPlace::item);
         if (row.size() > 1 && own != row.end()) {
             room = {room.left + own->place.left, room.left + own->place.left + own->place.width};
@@ -163,12 +131,6 @@ BoxEdges PageLayouter::EdgesOfLong(PageBoxId id, const CssInheritedStyle& around
         }
     }
     return edges;
-}
-
-std::vector<ItemPlace> PageLayouter::RowOfLongItem(PageBoxId id, double width) {
-    const PageBoxId container = boxes_[id].parent;
-    return IsFlexContainer(boxes_[container]) ? FlexRowOf(*this, container, width, id)
-                                              : GridRowOf(*this, container, width, id);
 }
 
 std::vector<double>& PageLayouter::SharedColumns(HtmlNodeId table, double available) {

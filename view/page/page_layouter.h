@@ -76,19 +76,14 @@ class PageLayouter {
 
     // Of the content.
     WidthExtent ContentExtent(PageBoxId id);
+    WidthExtent LinesExtent(PageBoxId lines);
     // What is taken for it of an item that is too long to be measured.
     WidthExtent LongItemExtent(PageBoxId id) const;
     // Of the margin box, of which percentages are nothing.
     WidthExtent ExtentOfBox(PageBoxId id);
 
-    // The places of items that stand beside one that is too long, itself among them, in a container
-    // with a content of this width.
-    std::vector<ItemPlace> RowOfLongItem(PageBoxId id, double width);
-
   private:
     BoxEdges EdgesOfLong(PageBoxId id, const CssInheritedStyle& around, InlineEdges room);
-    WidthExtent MeasureContent(PageBoxId id);
-    WidthExtent LinesExtent(PageBoxId lines);
     double IndentOf(PageBoxId lines, double containing) const;
     Size PictureContentSize(PageBoxId id, const CssBoxStyle& style, double containing);
     Size LimitPicture(const CssBoxStyle& style, double containing, double width,
@@ -119,8 +114,4 @@ class PageLayouter {
     } columns_;
 };
 
-// Whether a box in the flow is laid out by itself: floats and margins do not go through it.
-bool StandsAlone(const PageBox& box);
-// Or is one of lines, or has nothing in it.
-bool IsFlowLeaf(const PageBoxes& boxes, PageBoxId id);
 bool HasVisibleBox(const PageBox& box); // a background or a border

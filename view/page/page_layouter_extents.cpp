@@ -1,10 +1,6 @@
 #include "view/page/page_layouter.h"
 
-#include "view/page/flex_layout.h"
-#include "view/page/grid_layout.h"
-#include "view/page/multi_columns.h"
-#include "view/page/ruby_layout.h"
-#include "view/page/table_layout.h"
+#include "view/page/formatting_contexts.h"
 
 #include <algorithm>
 #include <cmath>
@@ -58,26 +54,9 @@ WidthExtent PageLayouter::PictureExtent(PageBoxId id) {
 WidthExtent PageLayouter::ContentExtent(PageBoxId id) {
     const auto known = extents_.find(id);
     if (known != extents_.end()) return known->second;
-    WidthExtent extent = MeasureContent(id);
-    if (HasColumns(boxes_[id])) extent = ExtentInColumns(*this, id, extent);
+    const WidthExtent extent = ExtentOfContent(*this, id);
     if (extents_.size() >= maxExtents) extents_.clear();
     return extents_[id] = extent;
-}
-
-WidthExtent PageLayouter::MeasureContent(PageBoxId id) {
-    const PageBox& box = boxes_[id];
-    if (box.kind == PageBoxKind::Lines) return LinesExtent(id);
-    if (box.kind == PageBoxKind::Table) return TableExtentOf(*this, id);
-    if (box.kind == PageBoxKind::Ruby) return RubyExtentOf(*this, id);
-    if (IsFlexContainer(box)) return FlexExtentOf(*this, id);
-    if (IsGridContainer(box)) return GridExtentOf(*this, id);
-    WidthExtent widest;
-    for (PageBoxId child = boxes_.FirstChild(id); child != noPageBox;
-         child = boxes_[child].nextSibling) {
-        const WidthExtent extent = ExtentOfBox(child);
-        widest = {std::max(widest.min, extent.min), std::max(widest.max, extent.max)};
-    }
-    return widest;
 }
 
 // With the boxes in the lines as narrow as they can be, and as wide as they ask for.

@@ -1,7 +1,7 @@
 #include "view/page/page_repairs.h"
 
 #include "formats/html/html_units.h"
-#include "view/page/page_box_builder.h"
+#include "view/page/box_generation.h"
 
 #include <algorithm>
 

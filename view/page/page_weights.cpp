@@ -1,6 +1,6 @@
 #include "view/page/page_weights.h"
 
-#include "view/page/page_box_builder.h"
+#include "view/page/box_generation.h"
 
 #include <limits>
 

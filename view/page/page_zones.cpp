@@ -1,5 +1,6 @@
 #include "view/page/page_zones.h"
 
+#include "view/page/flow_leaf.h"
 #include "view/page/page_layouter.h"
 
 #include <algorithm>

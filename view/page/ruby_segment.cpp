@@ -1,7 +1,8 @@
 #include "view/page/ruby_segment.h"
 
 #include "formats/html/html_units.h"
-#include "view/page/page_box_builder.h"
+#include "view/page/box_generation.h"
+#include "view/page/page_box.h"
 
 #include <algorithm>
 

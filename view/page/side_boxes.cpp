@@ -1,7 +1,6 @@
 #include "view/page/side_boxes.h"
 
-#include "view/page/flex_layout.h"
-#include "view/page/grid_layout.h"
+#include "view/page/flow_leaf.h"
 
 #include <algorithm>
 #include <utility>

@@ -2,7 +2,6 @@
 
 #include "common/utf.h"
 #include "tests/contract/reference_view/random_words.h"
-#include "tests/contract/reference_view/rich_book.h"
 
 RandomBook MakeBook(Random& random, int number) {
     RandomBook book;

@@ -16,3 +16,6 @@ struct RandomBook {
 
 // The kinds alternate by `number`.
 RandomBook MakeBook(Random& random, int number);
+
+// A rich text, with or without tables and pictures: rich_book.cpp.
+RandomBook MakeRichBook(Random& random, bool tables, bool pictures);

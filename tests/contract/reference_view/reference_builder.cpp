@@ -3,7 +3,6 @@
 #include "common/string_text.h"
 #include "common/unicode.h"
 #include "common/utf.h"
-#include "tests/contract/reference_view/reference_rows.h"
 #include "view/layout_cost.h"
 
 #include <algorithm>

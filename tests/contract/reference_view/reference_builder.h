@@ -19,3 +19,10 @@ struct ReferenceBuilder {
     void Piece(TextPos start, TextPos end, bool first, bool last);
     TextPos Cut(TextPos grid) const;
 };
+
+// Of table rows: reference_rows.cpp.
+// Whether it is laid out as a row; otherwise as paragraphs.
+bool IsReferenceRow(const TableRow& row);
+
+// `index` is the first row of a block; adds the rows that share cells with it, too.
+void AddReferenceRows(ReferenceBuilder& maker, std::size_t index);

@@ -3,12 +3,6 @@
 
 #include "tests/contract/reference_view/reference_text.h"
 
-struct ReferencePart {
-    TextPos start = 0, end = 0;
-    bool first = true, last = true; // of its paragraph
-    int breakWidth = 1, alignWidth = 1;
-};
-
 struct ReferenceSlot {
     int start = 0; // in the layout
     int top = 0, height = 0;

@@ -1,4 +1,5 @@
-#include "tests/contract/reference_view/reference_rows.h"
+// The reference layout of table rows.
+#include "tests/contract/reference_view/reference_builder.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 // A paragraph style in pixels, for the reference layout.
 #pragma once
 
-#include "tests/contract/reference_view/reference_paragraph.h"
+#include "tests/contract/reference_view/reference_text.h"
 
 struct ReferenceShape {
     bool rightToLeft = false, stretches = false;

@@ -81,3 +81,9 @@ struct ReferenceText {
 };
 
 ReferenceText LayOutReference(const ReferenceSettings& settings);
+
+struct ReferencePart {
+    TextPos start = 0, end = 0;
+    bool first = true, last = true; // of its paragraph
+    int breakWidth = 1, alignWidth = 1;
+};

@@ -1,4 +1,4 @@
-#include "tests/contract/reference_view/rich_book.h"
+#include "tests/contract/reference_view/random_book.h"
 
 #include "tests/contract/reference_view/random_words.h"
 

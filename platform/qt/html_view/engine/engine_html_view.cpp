@@ -6,6 +6,7 @@
 #include "platform/qt/html_view/engine/engine_profile.h"
 #include "platform/qt/html_view/engine/page_calls.h"
 #include "platform/qt/html_view/engine/page_monitor.h"
+#include "platform/qt/html_view/engine/page_url.h"
 #include "platform/qt/html_view/engine/page_widget.h"
 #include "platform/qt/html_view/engine/print_job.h"
 #include "platform/qt/html_view/engine/reader_page.h"

@@ -1,7 +1,7 @@
 #include "platform/qt/html_view/engine/engine_profile.h"
 
 #include "platform/qt/html_view/engine/folder_guard.h"
-#include "platform/qt/html_view/engine/page_scheme.h"
+#include "platform/qt/html_view/engine/page_url.h"
 
 #include <QLoggingCategory>
 #include <QQuickWindow>

@@ -1,8 +1,7 @@
 #include "platform/qt/html_view/engine/folder_guard.h"
 
 #include "platform/posix/real_path.h"
-#include "platform/qt/base/file_url.h"
-#include "platform/qt/html_view/engine/page_scheme.h"
+#include "platform/qt/html_view/engine/page_url.h"
 
 #include <QLoggingCategory>
 
@@ -12,12 +11,6 @@ namespace {
 // Log blocked requests with QT_LOGGING_RULES="norvaset.refused.debug=true".
 Q_LOGGING_CATEGORY(refused, "norvaset.refused", QtInfoMsg)
 } // namespace
-
-std::optional<std::string> LocalPathOf(const QUrl& url) {
-    return LocalPathOf(WithFileScheme(url.adjusted(QUrl::RemoveQuery | QUrl::RemoveFragment))
-                           .toEncoded()
-                           .toStdString());
-}
 
 void FolderGuard::SetBook(const std::filesystem::path& path) {
     std::error_code error;

@@ -4,11 +4,6 @@
 #include <QWebEngineUrlRequestInterceptor>
 
 #include <filesystem>
-#include <optional>
-#include <string>
-
-std::optional<std::string>
-LocalPathOf(const QUrl&); // none unless it is a local file, by either scheme
 
 class FolderGuard : public QWebEngineUrlRequestInterceptor {
   public:

@@ -1,19 +1,17 @@
 #include "platform/qt/html_view/engine/page_scheme.h"
 
 #include "platform/qt/html_view/engine/folder_guard.h"
+#include "platform/qt/html_view/engine/page_url.h"
 
 #include <QBuffer>
 #include <QFile>
 #include <QMimeDatabase>
 #include <QWebEngineProfile>
 #include <QWebEngineUrlRequestJob>
-#include <QWebEngineUrlScheme>
 
 #include <utility>
 
 namespace {
-constexpr char schemeName[] = "norvaset-page";
-
 // As the engine does it with files: by the name.
 QByteArray MimeTypeOf(const std::string& path) {
     static const QMimeDatabase database;
@@ -25,34 +23,13 @@ QByteArray MimeTypeOf(const std::string& path) {
 bool IsHtml(const std::string& path) {
     return MimeTypeOf(path) == "text/html";
 }
-
-QUrl WithScheme(QUrl url, const QString& from, const QString& to) {
-    if (url.scheme() == from) url.setScheme(to);
-    return url;
-}
 } // namespace
-
-void RegisterPageScheme() {
-    QWebEngineUrlScheme scheme(schemeName);
-    scheme.setSyntax(QWebEngineUrlScheme::Syntax::Path);
-    // As file: is, and with access to files, which the guard restricts.
-    scheme.setFlags(QWebEngineUrlScheme::LocalScheme | QWebEngineUrlScheme::LocalAccessAllowed);
-    QWebEngineUrlScheme::registerScheme(scheme);
-}
-
-QUrl WithPageScheme(QUrl file) {
-    return WithScheme(std::move(file), QStringLiteral("file"), QLatin1String(schemeName));
-}
-
-QUrl WithFileScheme(QUrl page) {
-    return WithScheme(std::move(page), QLatin1String(schemeName), QStringLiteral("file"));
-}
 
 PageSchemeHandler::PageSchemeHandler(const FolderGuard& guard, Reader read)
     : guard_(guard), read_(std::move(read)) {}
 
 void PageSchemeHandler::InstallIn(QWebEngineProfile& profile) {
-    profile.installUrlSchemeHandler(schemeName, this);
+    profile.installUrlSchemeHandler(pageScheme, this);
 }
 
 std::optional<std::string> PageSchemeHandler::Prepare(const std::string& path) {

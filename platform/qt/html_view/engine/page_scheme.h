@@ -1,23 +1,18 @@
-// A scheme of our own for pages that do not say their charset, and what is beside them: with file:
-// the engine takes the bytes from the disk and decides by itself.
+// The handler of a scheme of our own for pages that do not say their charset, and what is beside
+// them: with file: the engine takes the bytes from the disk and decides by itself.
 #pragma once
 
 #include "platform/qt/html_view/undeclared_page.h"
 
 #include <QByteArray>
-#include <QUrl>
 #include <QWebEngineUrlSchemeHandler>
 
 #include <functional>
+#include <optional>
+#include <string>
 
 class FolderGuard;
 class QWebEngineProfile;
-
-void RegisterPageScheme(); // before the engine starts
-
-// The same file by the other scheme; any other URL as it is.
-QUrl WithPageScheme(QUrl file);
-QUrl WithFileScheme(QUrl page);
 
 class PageSchemeHandler : public QWebEngineUrlSchemeHandler {
   public:

@@ -3,6 +3,7 @@
 #include "platform/qt/base/qt_text.h"
 #include "platform/qt/text_view/accessibility/accessible_text.h"
 #include "platform/qt/text_view/accessibility/readable_widget.h"
+#include "view/reading_units.h"
 
 #include <algorithm>
 

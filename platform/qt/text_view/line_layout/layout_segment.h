@@ -29,8 +29,3 @@ struct LayoutSegment {
     std::vector<SegmentLeader> leaders;
     bool isUnidirectional = false; // all text has the paragraph's direction
 };
-
-// From the line's start edge, where the gaps of its tabs end.
-void SetTabs(QTextLayout&, const std::vector<double>& ends, const QPaintDevice& device);
-
-std::vector<LayoutSegment> LayOutSegments(const ParagraphText& paragraph, QPaintDevice& device);

@@ -24,9 +24,9 @@ QTextLine QtTextLines::At(int line) const {
 
 const LinePlaces& QtTextLines::PlacesIn(int line) const {
     const LayoutSegment& segment = SegmentAt(line);
-    if (!asked_ || asked_->index != line)
-        asked_.emplace(AskedLine{line, {*segment.text, At(line), segment.isUnidirectional}});
-    return asked_->places;
+    if (!cached_ || cached_->index != line)
+        cached_.emplace(CachedLine{line, {*segment.text, At(line), segment.isUnidirectional}});
+    return cached_->places;
 }
 
 const LayoutSegment& QtTextLines::SegmentOf(TextPos position) const {

@@ -1,7 +1,7 @@
 // The lines of a paragraph, laid out by QTextLayout.
 #pragma once
 
-#include "platform/qt/text_view/line_layout/layout_segment.h"
+#include "platform/qt/text_view/line_layout/lay_out_segments.h"
 #include "platform/qt/text_view/line_layout/line_places.h"
 
 #include <optional>
@@ -53,12 +53,12 @@ class QtTextLines : public TextLines {
     std::vector<TextPos> CaretOrder(int line) const;
     TextPos Beside(TextPos position, bool right) const;
 
-    struct AskedLine {
+    struct CachedLine {
         int index = 0;
         LinePlaces places;
     };
     std::vector<LayoutSegment> segments_;
-    std::vector<Place> places_;              // of each line
-    mutable std::optional<AskedLine> asked_; // the last one
+    std::vector<Place> places_;                // of each line
+    mutable std::optional<CachedLine> cached_; // the last one
     bool rightToLeft_ = false;
 };

@@ -7,6 +7,9 @@
 #include <QFontInfo>
 #include <QFontMetricsF>
 
+#include <QGuiApplication>
+#include <QScreen>
+
 #include <algorithm>
 
 namespace {
@@ -167,4 +170,22 @@ bool HasOwnTabs(const ParagraphText& paragraph) {
 std::optional<int> PlaceTabs(const ParagraphText& paragraph, LayoutSegment& segment,
                              QPaintDevice& device) {
     return TabPlacer(paragraph, segment, device).Place();
+}
+
+double ToTabUnits(const QPaintDevice& device, double pixels) {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    const double defaultDpi = screen ? qRound(screen->logicalDotsPerInchY()) : 0;
+    return defaultDpi > 0 ? pixels * defaultDpi / device.logicalDpiY() : pixels;
+}
+
+void SetTabs(QTextLayout& text, const std::vector<double>& ends, const QPaintDevice& device) {
+    // A delimiter tab whose delimiter does not occur aligns the text after it like a plain tab, in
+    // either direction. For a plain tab QTextLayout measures all text after it, needlessly.
+    constexpr char16_t absentDelimiter = u'\uFFFF';
+    QList<QTextOption::Tab> tabs;
+    for (const double each : ends)
+        tabs.append({ToTabUnits(device, each), QTextOption::DelimiterTab, QChar(absentDelimiter)});
+    QTextOption option = text.textOption();
+    option.setTabs(tabs);
+    text.setTextOption(option);
 }

@@ -12,3 +12,9 @@ bool HasOwnTabs(const ParagraphText&);
 // leaders. Returns the place in the layout of a tab that is to begin the next line instead, with
 // what stands at its stop.
 std::optional<int> PlaceTabs(const ParagraphText&, LayoutSegment&, QPaintDevice&);
+
+// QTextLayout takes tab stops in the resolution of the primary screen and scales them to its
+// device.
+double ToTabUnits(const QPaintDevice& device, double pixels);
+// From the line's start edge, where the gaps of its tabs end.
+void SetTabs(QTextLayout&, const std::vector<double>& ends, const QPaintDevice& device);

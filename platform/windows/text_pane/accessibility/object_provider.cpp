@@ -2,6 +2,7 @@
 
 #include "platform/windows/base/text.h"
 #include "platform/windows/text_pane/accessibility/guarded_answer.h"
+#include "view/reading_units.h"
 
 #include <algorithm>
 
@@ -63,7 +64,7 @@ ObjectProvider::ObjectProvider(TextProvider& root, ReadablePane& pane, std::size
 
 template <typename Answer>
 HRESULT ObjectProvider::AnswerHere(Answer answer) const noexcept {
-    return AnswerOf(*root_.Get(), [&](ReadablePane& pane) {
+    return AnswerOf(root_->Pane(), [&](ReadablePane& pane) {
         return IsCurrent(pane) ? answer(pane) : uia::elementNotAvailable;
     });
 }

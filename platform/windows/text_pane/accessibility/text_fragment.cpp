@@ -4,7 +4,7 @@
 
 HRESULT TextProvider::Navigate(NavigateDirection direction,
                                IRawElementProviderFragment** found) noexcept {
-    return GiveAnswer(*this, found, [&](ReadablePane& pane) {
+    return GiveAnswer(Pane(), found, [&](ReadablePane& pane) {
         const auto children = ReadingChildren(pane.Objects());
         if (children.empty()) return S_OK;
         if (direction == NavigateDirection_FirstChild)
@@ -16,11 +16,11 @@ HRESULT TextProvider::Navigate(NavigateDirection direction,
 }
 
 HRESULT TextProvider::GetRuntimeId(SAFEARRAY** id) noexcept {
-    return GiveAnswer(*this, id, [](ReadablePane&) { return S_OK; });
+    return GiveAnswer(Pane(), id, [](ReadablePane&) { return S_OK; });
 }
 
 HRESULT TextProvider::get_BoundingRectangle(UiaRect* box) noexcept {
-    return GiveAnswer(*this, box, [&](ReadablePane&) {
+    return GiveAnswer(Pane(), box, [&](ReadablePane&) {
         RECT window = {};
         GetWindowRect(window_, &window);
         *box = {double(window.left), double(window.top), double(window.right - window.left),
@@ -30,18 +30,18 @@ HRESULT TextProvider::get_BoundingRectangle(UiaRect* box) noexcept {
 }
 
 HRESULT TextProvider::GetEmbeddedFragmentRoots(SAFEARRAY** roots) noexcept {
-    return GiveAnswer(*this, roots, [](ReadablePane&) { return S_OK; });
+    return GiveAnswer(Pane(), roots, [](ReadablePane&) { return S_OK; });
 }
 
 HRESULT TextProvider::SetFocus() noexcept {
-    return AnswerOf(*this, [&](ReadablePane&) {
+    return AnswerOf(Pane(), [&](ReadablePane&) {
         ::SetFocus(window_);
         return S_OK;
     });
 }
 
 HRESULT TextProvider::get_FragmentRoot(IRawElementProviderFragmentRoot** root) noexcept {
-    return GiveAnswer(*this, root, [&](ReadablePane&) {
+    return GiveAnswer(Pane(), root, [&](ReadablePane&) {
         *root = this;
         AddRef();
         return S_OK;
@@ -51,7 +51,7 @@ HRESULT TextProvider::get_FragmentRoot(IRawElementProviderFragmentRoot** root) n
 // The innermost one.
 HRESULT TextProvider::ElementProviderFromPoint(double x, double y,
                                                IRawElementProviderFragment** found) noexcept {
-    return GiveAnswer(*this, found, [&](ReadablePane& pane) {
+    return GiveAnswer(Pane(), found, [&](ReadablePane& pane) {
         POINT corner = {0, 0};
         ClientToScreen(window_, &corner);
         const Rect point{int(x) - corner.x, int(y) - corner.y, 1, 1};
@@ -67,7 +67,7 @@ HRESULT TextProvider::ElementProviderFromPoint(double x, double y,
 }
 
 HRESULT TextProvider::GetFocus(IRawElementProviderFragment** found) noexcept {
-    return GiveAnswer(*this, found, [&](ReadablePane& pane) {
+    return GiveAnswer(Pane(), found, [&](ReadablePane& pane) {
         const std::size_t focused = pane.FocusedObject();
         if (focused != noReadingObject) *found = new ObjectProvider(*this, pane, focused);
         return S_OK;

@@ -47,7 +47,7 @@ HRESULT TextProvider::get_ProviderOptions(ProviderOptions* options) noexcept {
 }
 
 HRESULT TextProvider::GetPatternProvider(PATTERNID id, IUnknown** found) noexcept {
-    return GiveAnswer(*this, found, [&](ReadablePane&) {
+    return GiveAnswer(Pane(), found, [&](ReadablePane&) {
         if (id != uia::textPattern && id != uia::textPattern2) return S_OK;
         *found = static_cast<ITextProvider2*>(this);
         AddRef();
@@ -58,7 +58,7 @@ HRESULT TextProvider::GetPatternProvider(PATTERNID id, IUnknown** found) noexcep
 HRESULT TextProvider::GetPropertyValue(PROPERTYID id, VARIANT* value) noexcept {
     if (!value) return E_INVALIDARG;
     VariantInit(value); // empty: the host tells it
-    return AnswerOf(*this, [&](ReadablePane&) {
+    return AnswerOf(Pane(), [&](ReadablePane&) {
         switch (id) {
         case uia::controlType:
             V_VT(value) = VT_I4;
@@ -75,7 +75,7 @@ HRESULT TextProvider::GetPropertyValue(PROPERTYID id, VARIANT* value) noexcept {
 }
 
 HRESULT TextProvider::get_HostRawElementProvider(IRawElementProviderSimple** host) noexcept {
-    return GiveAnswer(*this, host, [&](ReadablePane&) {
+    return GiveAnswer(Pane(), host, [&](ReadablePane&) {
         const UiaLibrary& library = UiaLibrary::Get();
         return library.HostProvider ? library.HostProvider(window_, host) : S_OK;
     });
@@ -87,14 +87,14 @@ HRESULT TextProvider::GiveRange(TextSpan span, ITextRangeProvider** range) {
 }
 
 HRESULT TextProvider::GetSelection(SAFEARRAY** ranges) noexcept {
-    return GiveAnswer(*this, ranges, [&](ReadablePane& pane) {
+    return GiveAnswer(Pane(), ranges, [&](ReadablePane& pane) {
         *ranges = ArrayOf(new TextRange(*this, {pane.SelStart(), pane.SelEnd()}));
         return *ranges ? S_OK : E_OUTOFMEMORY;
     });
 }
 
 HRESULT TextProvider::GetVisibleRanges(SAFEARRAY** ranges) noexcept {
-    return GiveAnswer(*this, ranges, [&](ReadablePane& pane) {
+    return GiveAnswer(Pane(), ranges, [&](ReadablePane& pane) {
         *ranges = ArrayOf(new TextRange(*this, pane.VisibleText()));
         return *ranges ? S_OK : E_OUTOFMEMORY;
     });
@@ -102,7 +102,7 @@ HRESULT TextProvider::GetVisibleRanges(SAFEARRAY** ranges) noexcept {
 
 HRESULT TextProvider::RangeFromChild(IRawElementProviderSimple* child,
                                      ITextRangeProvider** range) noexcept {
-    return GiveAnswer(*this, range, [&](ReadablePane&) {
+    return GiveAnswer(Pane(), range, [&](ReadablePane&) {
         const ComPtr<ObjectProvider> object = ObjectProvider::From(child);
         const auto span = object ? object->SpanIn(*this) : std::nullopt;
         return span ? GiveRange(*span, range) : E_INVALIDARG;
@@ -113,11 +113,11 @@ HRESULT TextProvider::RangeFromChild(IRawElementProviderSimple* child,
 
 HRESULT TextProvider::RangeFromAnnotation(IRawElementProviderSimple*,
                                           ITextRangeProvider** range) noexcept {
-    return GiveAnswer(*this, range, [](ReadablePane&) { return E_INVALIDARG; });
+    return GiveAnswer(Pane(), range, [](ReadablePane&) { return E_INVALIDARG; });
 }
 
 HRESULT TextProvider::RangeFromPoint(UiaPoint point, ITextRangeProvider** range) noexcept {
-    return GiveAnswer(*this, range, [&](ReadablePane& pane) {
+    return GiveAnswer(Pane(), range, [&](ReadablePane& pane) {
         POINT inside = {std::lround(point.x), std::lround(point.y)};
         ScreenToClient(window_, &inside);
         const TextPos at =
@@ -127,13 +127,13 @@ HRESULT TextProvider::RangeFromPoint(UiaPoint point, ITextRangeProvider** range)
 }
 
 HRESULT TextProvider::get_DocumentRange(ITextRangeProvider** range) noexcept {
-    return GiveAnswer(*this, range, [&](ReadablePane& pane) {
+    return GiveAnswer(Pane(), range, [&](ReadablePane& pane) {
         return GiveRange({0, pane.Source().Length()}, range);
     });
 }
 
 HRESULT TextProvider::get_SupportedTextSelection(SupportedTextSelection* selection) noexcept {
-    return GiveAnswer(*this, selection, [&](ReadablePane&) {
+    return GiveAnswer(Pane(), selection, [&](ReadablePane&) {
         *selection = SupportedTextSelection_Single;
         return S_OK;
     });
@@ -142,7 +142,7 @@ HRESULT TextProvider::get_SupportedTextSelection(SupportedTextSelection* selecti
 HRESULT TextProvider::GetCaretRange(BOOL* active, ITextRangeProvider** range) noexcept {
     if (!active) return E_INVALIDARG;
     *active = FALSE;
-    return GiveAnswer(*this, range, [&](ReadablePane& pane) {
+    return GiveAnswer(Pane(), range, [&](ReadablePane& pane) {
         *active = ::GetFocus() == window_;
         return GiveRange({pane.Caret(), pane.Caret()}, range);
     });

@@ -32,7 +32,7 @@ SAFEARRAY* ArrayOf(const std::vector<Rect>& boxes, HWND window) {
 
 HRESULT TextRange::FindText(BSTR text, BOOL backward, BOOL ignoreCase,
                             ITextRangeProvider** range) noexcept {
-    return GiveAnswer(*provider_.Get(), range, [&](ReadablePane& pane) {
+    return GiveAnswer(provider_->Pane(), range, [&](ReadablePane& pane) {
         const std::u16string what = FromWide({text ? text : L"", SysStringLen(text)});
         const FindOptions options{.matchCase = !ignoreCase};
         const auto found = FindIn(pane.Source(), In(pane), what, options, backward != FALSE);
@@ -43,7 +43,7 @@ HRESULT TextRange::FindText(BSTR text, BOOL backward, BOOL ignoreCase,
 
 HRESULT TextRange::FindAttribute(TEXTATTRIBUTEID id, VARIANT value, BOOL backward,
                                  ITextRangeProvider** range) noexcept {
-    return GiveAnswer(*provider_.Get(), range, [&](ReadablePane& pane) {
+    return GiveAnswer(provider_->Pane(), range, [&](ReadablePane& pane) {
         const auto found = FindAttributeIn(pane, In(pane), id, value, backward != FALSE);
         if (found) *range = new TextRange(*provider_.Get(), *found);
         return S_OK;
@@ -53,13 +53,13 @@ HRESULT TextRange::FindAttribute(TEXTATTRIBUTEID id, VARIANT value, BOOL backwar
 HRESULT TextRange::GetAttributeValue(TEXTATTRIBUTEID id, VARIANT* value) noexcept {
     if (!value) return E_INVALIDARG;
     VariantInit(value);
-    return AnswerOf(*provider_.Get(),
+    return AnswerOf(provider_->Pane(),
                     [&](ReadablePane& pane) { return GiveAttribute(pane, In(pane), id, value); });
 }
 
 HRESULT TextRange::GetText(int maxLength, BSTR* text) noexcept {
     if (maxLength < -1) return E_INVALIDARG;
-    return GiveAnswer(*provider_.Get(), text, [&](ReadablePane& pane) {
+    return GiveAnswer(provider_->Pane(), text, [&](ReadablePane& pane) {
         const TextPos limit = maxLength < 0 ? maxAnswer : std::min(maxLength, maxAnswer);
         const std::wstring units = ToWide(ReadableText(pane, In(pane), limit));
         *text = SysAllocStringLen(units.data(), static_cast<UINT>(units.size()));
@@ -68,14 +68,14 @@ HRESULT TextRange::GetText(int maxLength, BSTR* text) noexcept {
 }
 
 HRESULT TextRange::GetBoundingRectangles(SAFEARRAY** boxes) noexcept {
-    return GiveAnswer(*provider_.Get(), boxes, [&](ReadablePane& pane) {
+    return GiveAnswer(provider_->Pane(), boxes, [&](ReadablePane& pane) {
         *boxes = ArrayOf(pane.VisibleBoxes(In(pane)), provider_->Window());
         return *boxes ? S_OK : E_OUTOFMEMORY;
     });
 }
 
 HRESULT TextRange::GetEnclosingElement(IRawElementProviderSimple** element) noexcept {
-    return GiveAnswer(*provider_.Get(), element, [&](ReadablePane& pane) {
+    return GiveAnswer(provider_->Pane(), element, [&](ReadablePane& pane) {
         const std::size_t around = InnermostAround(pane.Objects(), In(pane));
         if (around != noReadingObject) {
             *element = new ObjectProvider(*provider_.Get(), pane, around);
@@ -88,7 +88,7 @@ HRESULT TextRange::GetEnclosingElement(IRawElementProviderSimple** element) noex
 }
 
 HRESULT TextRange::GetChildren(SAFEARRAY** children) noexcept {
-    return GiveAnswer(*provider_.Get(), children, [&](ReadablePane& pane) {
+    return GiveAnswer(provider_->Pane(), children, [&](ReadablePane& pane) {
         const auto within = OutermostWithin(pane.Objects(), In(pane));
         *children = SafeArrayCreateVector(VT_UNKNOWN, 0, static_cast<ULONG>(within.size()));
         if (!*children) return E_OUTOFMEMORY;
@@ -103,7 +103,7 @@ HRESULT TextRange::GetChildren(SAFEARRAY** children) noexcept {
 }
 
 HRESULT TextRange::Select() noexcept {
-    return AnswerOf(*provider_.Get(), [&](ReadablePane& pane) {
+    return AnswerOf(provider_->Pane(), [&](ReadablePane& pane) {
         const TextSpan span = In(pane);
         pane.Select(span.start, span.end);
         pane.Reveal(span.end);
@@ -113,15 +113,15 @@ HRESULT TextRange::Select() noexcept {
 
 // There is one selection, which a range cannot be added to nor taken from.
 HRESULT TextRange::AddToSelection() noexcept {
-    return AnswerOf(*provider_.Get(), [](ReadablePane&) { return uia::invalidOperation; });
+    return AnswerOf(provider_->Pane(), [](ReadablePane&) { return uia::invalidOperation; });
 }
 
 HRESULT TextRange::RemoveFromSelection() noexcept {
-    return AnswerOf(*provider_.Get(), [](ReadablePane&) { return uia::invalidOperation; });
+    return AnswerOf(provider_->Pane(), [](ReadablePane&) { return uia::invalidOperation; });
 }
 
 HRESULT TextRange::ScrollIntoView(BOOL alignToTop) noexcept {
-    return AnswerOf(*provider_.Get(), [&](ReadablePane& pane) {
+    return AnswerOf(provider_->Pane(), [&](ReadablePane& pane) {
         const TextSpan span = In(pane);
         if (alignToTop) {
             pane.ScrollLineToTop(span.start);

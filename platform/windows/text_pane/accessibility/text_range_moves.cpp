@@ -58,14 +58,14 @@ void TextRange::SetEndpoint(TextPatternRangeEndpoint endpoint, TextPos position)
 }
 
 HRESULT TextRange::Clone(ITextRangeProvider** clone) noexcept {
-    return GiveAnswer(*provider_.Get(), clone, [&](ReadablePane&) {
+    return GiveAnswer(provider_->Pane(), clone, [&](ReadablePane&) {
         *clone = new TextRange(*provider_.Get(), span_);
         return S_OK;
     });
 }
 
 HRESULT TextRange::Compare(ITextRangeProvider* range, BOOL* same) noexcept {
-    return GiveAnswer(*provider_.Get(), same, [&](ReadablePane& pane) {
+    return GiveAnswer(provider_->Pane(), same, [&](ReadablePane& pane) {
         const TextRange* other = OursOf(range);
         if (!other) return S_OK;
         const TextSpan mine = In(pane), its = other->In(pane);
@@ -77,7 +77,7 @@ HRESULT TextRange::Compare(ITextRangeProvider* range, BOOL* same) noexcept {
 HRESULT TextRange::CompareEndpoints(TextPatternRangeEndpoint endpoint, ITextRangeProvider* range,
                                     TextPatternRangeEndpoint itsEndpoint,
                                     int* difference) noexcept {
-    return GiveAnswer(*provider_.Get(), difference, [&](ReadablePane& pane) {
+    return GiveAnswer(provider_->Pane(), difference, [&](ReadablePane& pane) {
         const TextRange* other = OursOf(range);
         if (!other) return E_INVALIDARG;
         *difference = EndpointOf(In(pane), endpoint) - EndpointOf(other->In(pane), itsEndpoint);
@@ -86,7 +86,7 @@ HRESULT TextRange::CompareEndpoints(TextPatternRangeEndpoint endpoint, ITextRang
 }
 
 HRESULT TextRange::ExpandToEnclosingUnit(TextUnit unit) noexcept {
-    return AnswerOf(*provider_.Get(), [&](ReadablePane& pane) {
+    return AnswerOf(provider_->Pane(), [&](ReadablePane& pane) {
         span_ = ReadingUnits(pane).At(In(pane).start, UnitOf(unit));
         return S_OK;
     });
@@ -94,7 +94,7 @@ HRESULT TextRange::ExpandToEnclosingUnit(TextUnit unit) noexcept {
 
 // An empty range stays one; another becomes the unit that it comes to.
 HRESULT TextRange::Move(TextUnit systemUnit, int count, int* moved) noexcept {
-    return GiveAnswer(*provider_.Get(), moved, [&](ReadablePane& pane) {
+    return GiveAnswer(provider_->Pane(), moved, [&](ReadablePane& pane) {
         const ReadingUnit unit = UnitOf(systemUnit);
         ReadingUnits units(pane);
         const TextSpan span = In(pane);
@@ -114,7 +114,7 @@ HRESULT TextRange::Move(TextUnit systemUnit, int count, int* moved) noexcept {
 
 HRESULT TextRange::MoveEndpointByUnit(TextPatternRangeEndpoint endpoint, TextUnit unit, int count,
                                       int* moved) noexcept {
-    return GiveAnswer(*provider_.Get(), moved, [&](ReadablePane& pane) {
+    return GiveAnswer(provider_->Pane(), moved, [&](ReadablePane& pane) {
         span_ = In(pane);
         const auto move =
             ReadingUnits(pane).MoveBy(EndpointOf(span_, endpoint), UnitOf(unit), count);
@@ -126,7 +126,7 @@ HRESULT TextRange::MoveEndpointByUnit(TextPatternRangeEndpoint endpoint, TextUni
 
 HRESULT TextRange::MoveEndpointByRange(TextPatternRangeEndpoint endpoint, ITextRangeProvider* range,
                                        TextPatternRangeEndpoint itsEndpoint) noexcept {
-    return AnswerOf(*provider_.Get(), [&](ReadablePane& pane) {
+    return AnswerOf(provider_->Pane(), [&](ReadablePane& pane) {
         const TextRange* other = OursOf(range);
         if (!other) return E_INVALIDARG;
         span_ = In(pane);

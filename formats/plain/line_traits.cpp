@@ -1,10 +1,9 @@
-#include "formats/plain/line_look.h"
+#include "formats/plain/line_traits.h"
 
 #include "common/find_text.h"
 #include "common/text.h"
 #include "common/text_characters.h"
 #include "common/unicode.h"
-#include "formats/plain/flowing_lines.h"
 
 #include <algorithm>
 
@@ -83,22 +82,22 @@ bool BeginsItem(std::u16string_view text) {
 }
 } // namespace
 
-LineLook LookOf(std::u16string_view line) {
-    LineLook look;
-    look.isTooLong = line.size() > maxPageLine;
+LineTraits TraitsOf(std::u16string_view line) {
+    LineTraits traits;
+    traits.isTooLong = line.size() > maxPageLine;
     const std::u16string_view text = WithoutEnd(line);
-    if (text.empty() || look.isTooLong) return look;
-    look.isBlank = false;
-    look.isIndented = IsSpaceCharacter(text.front());
-    ForEachCharacter(text, [&](TextPos, char32_t each) { look.width += ColumnsOf(each); });
-    look.firstWord = FirstWordOf(text);
+    if (text.empty() || traits.isTooLong) return traits;
+    traits.isBlank = false;
+    traits.isIndented = IsSpaceCharacter(text.front());
+    ForEachCharacter(text, [&](TextPos, char32_t each) { traits.width += ColumnsOf(each); });
+    traits.firstWord = FirstWordOf(text);
     const auto letter = std::ranges::find_if(text, IsLetter);
-    look.standsAlone =
+    traits.standsAlone =
         letter == text.end() || IsInCapitals(text) || IsTableRow(WithoutIndent(text));
-    look.isItem = BeginsItem(text);
-    if (letter == text.end()) return look;
-    look.startsWithCapital = IsCapital(*letter);
-    look.startsWithSmall = IsSmall(*letter);
-    look.endsSentence = sentenceEnds.find(text.back()) != sentenceEnds.npos;
-    return look;
+    traits.isItem = BeginsItem(text);
+    if (letter == text.end()) return traits;
+    traits.startsWithCapital = IsCapital(*letter);
+    traits.startsWithSmall = IsSmall(*letter);
+    traits.endsSentence = sentenceEnds.find(text.back()) != sentenceEnds.npos;
+    return traits;
 }

@@ -1,4 +1,4 @@
-#include "platform/qt/text_view/line_layout/layout_segment.h"
+#include "platform/qt/text_view/line_layout/lay_out_segments.h"
 
 #include "common/text_characters.h"
 #include "common/unicode.h"
@@ -9,20 +9,9 @@
 #include "platform/qt/text_view/line_layout/segment_text.h"
 #include "platform/qt/text_view/line_layout/tab_gaps.h"
 
-#include <QGuiApplication>
-#include <QScreen>
-
 #include <algorithm>
 
 namespace {
-// QTextLayout takes tab stops in the resolution of the primary screen and scales them to its
-// device.
-double ToTabUnits(const QPaintDevice& device, double pixels) {
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    const double defaultDpi = screen ? qRound(screen->logicalDotsPerInchY()) : 0;
-    return defaultDpi > 0 ? pixels * defaultDpi / device.logicalDpiY() : pixels;
-}
-
 int IndentAt(const ParagraphText& paragraph, TextPos start) {
     return start == 0 ? paragraph.firstIndent : paragraph.indent;
 }
@@ -181,18 +170,6 @@ LayoutSegment LayOut(const ParagraphText& paragraph, const QString& text, TextPo
     return segment;
 }
 } // namespace
-
-void SetTabs(QTextLayout& text, const std::vector<double>& ends, const QPaintDevice& device) {
-    // A delimiter tab whose delimiter does not occur aligns the text after it like a plain tab, in
-    // either direction. For a plain tab QTextLayout measures all text after it, needlessly.
-    constexpr char16_t absentDelimiter = u'\uFFFF';
-    QList<QTextOption::Tab> tabs;
-    for (const double each : ends)
-        tabs.append({ToTabUnits(device, each), QTextOption::DelimiterTab, QChar(absentDelimiter)});
-    QTextOption option = text.textOption();
-    option.setTabs(tabs);
-    text.setTextOption(option);
-}
 
 std::vector<LayoutSegment> LayOutSegments(const ParagraphText& paragraph, QPaintDevice& device) {
     std::vector<LayoutSegment> segments;

@@ -3,7 +3,9 @@
 
 #include <string_view>
 
-struct LineLook {
+constexpr std::size_t maxPageLine = 200; // UTF-16 units; no page was wider
+
+struct LineTraits {
     bool isBlank = true, isTooLong = false, isIndented = false;
     bool standsAlone = false; // a heading in capitals, a row of a table, a rule
     bool isItem = false;      // of a list
@@ -13,4 +15,4 @@ struct LineLook {
     int firstWord = 0; // likewise, of what would have to fit at the end of the line above
 };
 
-LineLook LookOf(std::u16string_view line);
+LineTraits TraitsOf(std::u16string_view line);

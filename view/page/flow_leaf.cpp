@@ -1,0 +1,16 @@
+#include "view/page/flow_leaf.h"
+
+bool StandsAlone(const PageBox& box) {
+    if (box.kind == PageBoxKind::Picture || box.kind == PageBoxKind::Table) return true;
+    if (box.parent == noPageBox || box.isTooLong) return false; // the page, or as much of it
+    const CssBoxStyle& style = *box.style;
+    const auto isSet = [](const CssLength& length) {
+        return length.kind == CssLength::Kind::Pixels;
+    };
+    return style.flowRoot || isSet(style.height) || isSet(style.minHeight) ||
+           isSet(style.maxHeight);
+}
+
+bool IsFlowLeaf(const PageBoxes& boxes, PageBoxId id) {
+    return boxes.IsEmpty(id) || boxes[id].kind == PageBoxKind::Lines || StandsAlone(boxes[id]);
+}
