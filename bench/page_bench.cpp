@@ -73,7 +73,7 @@ void BenchPage(const char* title, const std::filesystem::path& page) {
     Row("at its last words", open([&] { at(0.999); }), tree);
     Row("at the end, by its height", open([&] { view.Pane().ScrollToPercent(100); }), tree);
     Row("one screen more", ProcessorTime([&] {
-            view.Pane().ScrollPage(true);
+            view.Pane().PageDown();
             view.Paint();
         }),
         tree);

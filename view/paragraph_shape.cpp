@@ -108,13 +108,13 @@ bool StartsRightToLeft(std::u16string_view text) {
     return false;
 }
 // Scaled down to fit, with its proportions.
-Size Fitted(Size size, Size most) {
-    if (size.width <= most.width && size.height <= most.height) return size;
+Size ScaledToFit(Size size, Size bounds) {
+    if (size.width <= bounds.width && size.height <= bounds.height) return size;
     const std::int64_t width = size.width, height = size.height;
-    const int fittingWidth = int(most.height * width / height);
-    const Size fitted = fittingWidth <= most.width
-                            ? Size{fittingWidth, most.height}
-                            : Size{most.width, int(most.width * height / width)};
+    const int fittingWidth = int(bounds.height * width / height);
+    const Size fitted = fittingWidth <= bounds.width
+                            ? Size{fittingWidth, bounds.height}
+                            : Size{bounds.width, int(bounds.width * height / width)};
     return {std::max(1, fitted.width), std::max(1, fitted.height)};
 }
 } // namespace
@@ -173,5 +173,5 @@ Size PictureSize(const LayoutContext& context, const Picture& picture, int width
     }
     if (size.IsEmpty())
         size = {context.Pixels(fallbackPictureSize), context.Pixels(fallbackPictureSize)};
-    return Fitted(size, {std::max(1, width), maxPictureHeight});
+    return ScaledToFit(size, {std::max(1, width), maxPictureHeight});
 }

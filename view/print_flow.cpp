@@ -156,13 +156,13 @@ void PrintFrame::DrawCentred(Canvas& canvas, const std::u16string& text, int top
                {.text = black, .clip = {0, top, page.width, LineHeight()}});
 }
 
-PrintEnd PrintFlow(const NextPrintedBlock& next, const PrintFrame& frame, const WantedPages& wanted,
-                   PrintDevice& device) {
+PrintEnd PrintFlow(const NextPrintedBlock& next, const PrintFrame& frame,
+                   const PageRanges& pageRanges, PrintDevice& device) {
     PageCutter pages(next, frame.Room().height);
-    for (int number = 1; (number == 1 || !pages.IsAtEnd()) && number <= wanted.last; ++number) {
+    for (int number = 1; (number == 1 || !pages.IsAtEnd()) && number <= pageRanges.last; ++number) {
         if (!device.OnProgress(pages.Percent())) return PrintEnd::GivenUp;
         const std::vector<PlacedBlock> parts = pages.Next();
-        if (wanted.isWanted && !wanted.isWanted(number)) continue;
+        if (pageRanges.contains && !pageRanges.contains(number)) continue;
         if (!PrintPage(parts, number, frame, device)) return PrintEnd::Failed;
     }
     return PrintEnd::Done;

@@ -22,8 +22,8 @@ class PrintDevice {
     virtual bool OnProgress(int percent) = 0;
 };
 
-struct WantedPages {
-    std::function<bool(int page)> isWanted; // by its number, from 1; none: all
+struct PageRanges {
+    std::function<bool(int page)> contains; // by its number, from 1; none: all
     int last = 0x7FFFFFFF;
 };
 
@@ -79,5 +79,5 @@ class PrintFrame {
     FontMetrics metrics_;
 };
 
-PrintEnd PrintFlow(const NextPrintedBlock& next, const PrintFrame& frame, const WantedPages& wanted,
-                   PrintDevice& device);
+PrintEnd PrintFlow(const NextPrintedBlock& next, const PrintFrame& frame,
+                   const PageRanges& pageRanges, PrintDevice& device);

@@ -87,7 +87,7 @@ class TextPrinter {
             last = last ? layouts_.After(last) : layouts_.At(0);
             return last ? std::make_shared<PrintedTextBlock>(last, paint, length) : nullptr;
         };
-        return PrintFlow(next, frame, text_.wanted, device_);
+        return PrintFlow(next, frame, text_.pageRanges, device_);
     }
 
   private:
@@ -104,9 +104,9 @@ class TextPrinter {
 } // namespace
 
 PrintedText PrintedTextOf(const TextPane& pane, const std::u16string& title,
-                          const WantedPages& wanted) {
+                          const PageRanges& pageRanges) {
     return {pane.ShownSource(), pane.Text(), pane.IsPlain(), pane.Style(),
-            pane.System(),      title,       wanted};
+            pane.System(),      title,       pageRanges};
 }
 
 ViewStyle OnPaper(ViewStyle style) {

@@ -16,12 +16,12 @@ struct PrintedText {
     ViewStyle style;
     SystemStyle system;
     std::u16string title;
-    WantedPages wanted;
+    PageRanges pageRanges;
 };
 
 // As the pane shows it.
 PrintedText PrintedTextOf(const TextPane& pane, const std::u16string& title,
-                          const WantedPages& wanted);
+                          const PageRanges& pageRanges);
 
 // `lines` draws on the device's canvas.
 PrintEnd PrintPages(const PrintedText& text, LineLayout& lines, PictureStore& pictures,

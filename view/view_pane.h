@@ -34,6 +34,8 @@ class ViewPane {
 
     virtual void ScrollLines(int lines) = 0;
     virtual void ScrollPage(bool down) = 0;
+    void PageUp() { ScrollPage(false); }
+    void PageDown() { ScrollPage(true); }
     virtual void ScrollBy(Point pixels) = 0;
     // By the scroll bars, in the units of their ranges.
     virtual int VerticalValue() = 0;

@@ -22,10 +22,15 @@ bool IsBoundary(char byte) {
     return static_cast<unsigned char>(byte) < 0x30;
 }
 
+// Which ends of a text a part of it has.
+struct TextEnds {
+    bool start = false, end = false;
+};
+
 // A part of a text without what may be half a character at its ends.
-std::string_view WithoutPartialCharacters(std::string_view part, bool fromStart, bool toEnd) {
+std::string_view WithoutPartialCharacters(std::string_view part, TextEnds has) {
     constexpr std::size_t maxScanned = 512;
-    if (!fromStart) {
+    if (!has.start) {
         const auto line = part.substr(0, maxScanned).find_first_of("\n\r");
         const auto* const blank = std::ranges::find_if(part.substr(0, maxScanned), IsBoundary);
         if (line != part.npos)
@@ -33,7 +38,7 @@ std::string_view WithoutPartialCharacters(std::string_view part, bool fromStart,
         else if (blank != part.substr(0, maxScanned).end())
             part.remove_prefix(static_cast<std::size_t>(blank - part.begin()));
     }
-    if (!toEnd) {
+    if (!has.end) {
         const auto last = std::find_if(part.rbegin(), part.rend(), IsBoundary);
         if (last != part.rend() && static_cast<std::size_t>(last - part.rbegin()) < maxScanned)
             part.remove_suffix(static_cast<std::size_t>(last - part.rbegin()));
@@ -70,7 +75,7 @@ std::size_t CollectStretches(std::string_view sample, std::size_t maxBytes, std:
         std::string_view stretch =
             sample.substr(begin, std::min(wanted + around, sample.size()) - begin);
         if (wanted >= begin + (limit - text.size()))
-            stretch = WithoutPartialCharacters(stretch, true, false);
+            stretch = WithoutPartialCharacters(stretch, {.start = true});
         text += stretch;
         text += '\n';
         taken = std::max(begin + stretch.size(), high + 1);
@@ -90,7 +95,7 @@ void CollectRareBytes(std::string_view sample, std::uint8_t (&known)[256], std::
         if (count >= enough) continue;
         ++count;
         const std::size_t begin = at - std::min(at, around);
-        text += WithoutPartialCharacters(sample.substr(begin, 2 * around), false, false);
+        text += WithoutPartialCharacters(sample.substr(begin, 2 * around), {});
         text += '\n';
     }
 }
@@ -214,7 +219,8 @@ ByteEvidence GatherEvidence(std::span<const std::string_view> samples) {
         samples.size() > 1 ? (maxTotal - maxFromStart) / (samples.size() - 1) : maxTotal;
     for (std::size_t i = 0; i < samples.size(); ++i) {
         const bool alone = samples.size() == 1;
-        const std::string_view part = WithoutPartialCharacters(samples[i], i == 0, alone);
+        const std::string_view part =
+            WithoutPartialCharacters(samples[i], {.start = i == 0, .end = alone});
         const std::size_t taken = CollectStretches(part,
                                                    alone    ? maxTotal
                                                    : i == 0 ? maxFromStart

@@ -54,12 +54,12 @@ bool HtmlTokenizer::EmitText(std::size_t end) {
     return Emit(HtmlTokenKind::Characters);
 }
 
-// All that stand here, as U+FFFD where they are `replaced`.
-bool HtmlTokenizer::ReadNulls(bool replaced) {
+// All that stand here.
+bool HtmlTokenizer::ReadNulls(Nulls nulls) {
     while (UnitAt(at_) == u'\0')
         ++at_;
-    const std::u16string_view nulls = Between(tokenBegin_, at_);
-    token_.text = replaced ? WithoutNulls(nulls) : nulls;
+    const std::u16string_view units = Between(tokenBegin_, at_);
+    token_.text = nulls == Nulls::Replaced ? WithoutNulls(units) : units;
     return Emit(HtmlTokenKind::Characters);
 }
 
@@ -75,7 +75,7 @@ bool HtmlTokenizer::ReadCharRef() {
 bool HtmlTokenizer::ReadData() {
     std::size_t end = at_;
     switch (source_[at_]) {
-    case u'\0': return ReadNulls(false);
+    case u'\0': return ReadNulls(Nulls::Kept);
     case u'&': return ReadCharRef();
     case u'<':
         if (ReadMarkup()) return true;
@@ -100,7 +100,7 @@ std::size_t HtmlTokenizer::EndTagLength() const {
 
 bool HtmlTokenizer::ReadRcdata() {
     const char16_t first = source_[at_];
-    if (first == u'\0') return ReadNulls(true);
+    if (first == u'\0') return ReadNulls(Nulls::Replaced);
     if (first == u'&') return ReadCharRef();
     if (first == u'<' && EndTagLength() > 0) return ReadTag(HtmlTokenKind::EndTag, at_ + 2);
     return EmitText(
@@ -109,14 +109,14 @@ bool HtmlTokenizer::ReadRcdata() {
 
 bool HtmlTokenizer::ReadRawtext() {
     const char16_t first = source_[at_];
-    if (first == u'\0') return ReadNulls(true);
+    if (first == u'\0') return ReadNulls(Nulls::Replaced);
     if (first == u'<' && EndTagLength() > 0) return ReadTag(HtmlTokenKind::EndTag, at_ + 2);
     return EmitText(
         std::min(source_.find_first_of(std::u16string_view(u"\0<", 2), at_ + 1), source_.size()));
 }
 
 bool HtmlTokenizer::ReadPlaintext() {
-    if (source_[at_] == u'\0') return ReadNulls(true);
+    if (source_[at_] == u'\0') return ReadNulls(Nulls::Replaced);
     return EmitText(std::min(source_.find(u'\0', at_), source_.size()));
 }
 
@@ -126,7 +126,7 @@ bool HtmlTokenizer::ReadCData() {
         content_ = HtmlContent::Data;
         return false;
     }
-    if (source_[at_] == u'\0') return ReadNulls(false);
+    if (source_[at_] == u'\0') return ReadNulls(Nulls::Kept);
     std::size_t end = at_;
     while (end < source_.size() && source_[end] != u'\0' && source_.substr(end, 3) != u"]]>")
         ++end;
@@ -161,7 +161,7 @@ void HtmlTokenizer::PassScriptUnit(std::size_t at) {
 }
 
 bool HtmlTokenizer::ReadScriptData() {
-    if (source_[at_] == u'\0') return ReadNulls(true);
+    if (source_[at_] == u'\0') return ReadNulls(Nulls::Replaced);
     const auto endsHere = [&] {
         return source_[at_] == u'<' && scriptEscape_ != ScriptEscape::Twice && EndTagLength() > 0;
     };

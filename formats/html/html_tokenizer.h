@@ -35,7 +35,8 @@ class HtmlTokenizer {
     bool ReadPlaintext();
     bool ReadCData();
     bool ReadCharRef();
-    bool ReadNulls(bool replaced);
+    enum class Nulls : std::uint8_t { Kept, Replaced }; // by U+FFFD
+    bool ReadNulls(Nulls nulls);
     bool EmitText(std::size_t end);
     std::size_t EndTagLength() const;
     bool IsScriptTag(std::size_t at) const;

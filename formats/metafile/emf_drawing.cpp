@@ -48,8 +48,9 @@ class DrawingReader {
     }
 
     void ReadDrawing(EmfType type) {
-        if (type >= PolyBezier && type <= PolyPolygon) return ReadPoly(type, false);
-        if (type >= PolyBezier16 && type <= PolyPolygon16) return ReadPoly(Of32Bits(type), true);
+        if (type >= PolyBezier && type <= PolyPolygon) return ReadPoly(type, PointSize::Long);
+        if (type >= PolyBezier16 && type <= PolyPolygon16)
+            return ReadPoly(Of32Bits(type), PointSize::Short);
         switch (type) {
         case MoveTo: return canvas_.MoveTo(record_.PointAt(8));
         case LineTo: return canvas_.LineTo(record_.PointAt(8));
@@ -83,19 +84,21 @@ class DrawingReader {
         }
     }
 
-    MetaPoints PointsAt(std::size_t at, std::size_t count, bool isShort) const {
+    enum class PointSize : std::size_t { Short = 4, Long = 8 }; // bytes
+
+    MetaPoints PointsAt(std::size_t at, std::size_t count, PointSize pointSize) const {
         MetaPoints points;
-        const std::size_t size = isShort ? 4 : 8;
+        const auto size = static_cast<std::size_t>(pointSize);
         for (std::size_t i = 0; i < count && at + size <= record_.Size(); ++i, at += size)
-            points.push_back(isShort
+            points.push_back(pointSize == PointSize::Short
                                  ? MetaPoint{double(record_.S16(at)), double(record_.S16(at + 2))}
                                  : record_.PointAt(at));
         return points;
     }
 
-    void ReadPoly(EmfType type, bool isShort) {
-        if (type == PolyPolyline || type == PolyPolygon) return ReadPolys(type, isShort);
-        MetaPoints points = PointsAt(28, record_.U32(24), isShort);
+    void ReadPoly(EmfType type, PointSize pointSize) {
+        if (type == PolyPolyline || type == PolyPolygon) return ReadPolys(type, pointSize);
+        MetaPoints points = PointsAt(28, record_.U32(24), pointSize);
         switch (type) {
         case PolyBezier: return canvas_.Lines({BezierPoints(points)});
         case Polygon: return canvas_.Areas({std::move(points)});
@@ -109,13 +112,13 @@ class DrawingReader {
         }
     }
 
-    void ReadPolys(EmfType type, bool isShort) {
-        const std::size_t count = record_.U32(24), size = isShort ? 4 : 8;
+    void ReadPolys(EmfType type, PointSize pointSize) {
+        const std::size_t count = record_.U32(24), size = static_cast<std::size_t>(pointSize);
         std::vector<MetaPoints> parts;
         if (count > record_.Size() / 4) return;
         std::size_t at = 32 + 4 * count;
         for (std::size_t i = 0; i < count && at < record_.Size(); ++i) {
-            parts.push_back(PointsAt(at, record_.U32(32 + 4 * i), isShort));
+            parts.push_back(PointsAt(at, record_.U32(32 + 4 * i), pointSize));
             at += size * parts.back().size();
         }
         type == PolyPolygon ? canvas_.Areas(std::move(parts)) : canvas_.Lines(std::move(parts));

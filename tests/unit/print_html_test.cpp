@@ -44,7 +44,8 @@ struct Job {
         disk.AddFile(u"/book/a.png", png);
     }
     PrintEnd Print() {
-        return PrintHtml({page, files, sheets, zoom, u"The Title", wanted}, lines, pictures, paper);
+        return PrintHtml({page, files, sheets, zoom, u"The Title", pageRanges}, lines, pictures,
+                         paper);
     }
     // Between head and foot, in order.
     std::vector<std::u16string> Body(std::size_t sheet) const {
@@ -58,7 +59,7 @@ struct Job {
     PageFiles files;
     std::vector<std::u16string> sheets;
     int zoom = 100;
-    WantedPages wanted;
+    PageRanges pageRanges;
     RememberedStyles lines;
     FramedPictures pictures;
     Paper paper;
@@ -121,9 +122,9 @@ TEST_CASE("print html: a paragraph that is longer than a sheet goes on over the 
     CHECK(job.Body(job.paper.pages.size() - 1).back().ends_with(u"end"));
 }
 
-TEST_CASE("print html: the wanted pages alone; given up; failed") {
+TEST_CASE("print html: the chosen pages alone; given up; failed") {
     Job job(Paragraphs(60));
-    job.wanted = {[](int page) { return page == 2; }, 2};
+    job.pageRanges = {[](int page) { return page == 2; }, 2};
     REQUIRE(job.Print() == PrintEnd::Done);
     REQUIRE(job.paper.pages.size() == 1);
     CHECK(job.paper.Texts(0)[1] == u"2");

@@ -193,9 +193,9 @@ TEST_CASE("text pane: paging shows one line of the page before, and comes back")
     PaneBench bench;
     bench.LoadPlainText(Numbered(100));
     bench.Painted();
-    bench.Pane().ScrollPage(true);
+    bench.Pane().PageDown();
     CHECK(bench.FirstVisibleChar() == 7 * 9);
-    bench.Pane().ScrollPage(false);
+    bench.Pane().PageUp();
     CHECK(bench.FirstVisibleChar() == 0);
     bench.Press(PaneKey::Space);
     CHECK(bench.FirstVisibleChar() == 7 * 9);

@@ -29,7 +29,7 @@ class PagePane : public ReadablePage {
     Color OwnBackground() const { return ownBackground_; }
 
     // There must be a page. In its present zoom.
-    PrintEnd Print(const std::u16string& title, const WantedPages& wanted, LineLayout& lines,
+    PrintEnd Print(const std::u16string& title, const PageRanges& pageRanges, LineLayout& lines,
                    PictureStore& pictures, PrintDevice& device) const;
 
     void SetZoom(int percent); // the line at the top stays there

@@ -21,8 +21,8 @@ bool PagePane::Press(PaneKey key, bool extend, bool control) {
     case PaneKey::Down: ScrollLines(2); break;
     case PaneKey::Left: ScrollBy({-2 * LineHeight(), 0}); break;
     case PaneKey::Right: ScrollBy({2 * LineHeight(), 0}); break;
-    case PaneKey::PageUp: ScrollPage(false); break;
-    case PaneKey::PageDown: ScrollPage(true); break;
+    case PaneKey::PageUp: PageUp(); break;
+    case PaneKey::PageDown: PageDown(); break;
     case PaneKey::Home: ScrollToPercent(0); break;
     case PaneKey::End: ScrollToPercent(100); break;
     case PaneKey::Space: break;

@@ -56,8 +56,9 @@ void PagePane::Paint(Canvas& canvas, const Rect& clip) {
     if (pictures_->AreLeftOut()) StartMeasuring();
 }
 
-PrintEnd PagePane::Print(const std::u16string& title, const WantedPages& wanted, LineLayout& lines,
-                         PictureStore& pictures, PrintDevice& device) const {
+PrintEnd PagePane::Print(const std::u16string& title, const PageRanges& pageRanges,
+                         LineLayout& lines, PictureStore& pictures, PrintDevice& device) const {
     const auto sheets = PageSheets(*page_, *pageFiles_, {.isPrint = true});
-    return PrintHtml({*page_, *pageFiles_, sheets, zoom_, title, wanted}, lines, pictures, device);
+    return PrintHtml({*page_, *pageFiles_, sheets, zoom_, title, pageRanges}, lines, pictures,
+                     device);
 }

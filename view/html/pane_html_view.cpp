@@ -38,7 +38,7 @@ void PaneHtmlView::Clear() {
     zoomPosted_ = false;
     Pane().Clear();
     zoom_ = shownZoom_ = {};
-    askedTop_.reset();
+    requestedTop_.reset();
     text_.reset();
     background_.reset();
     ShowNotice(u"");
@@ -56,7 +56,7 @@ void PaneHtmlView::Load(const std::u16string& path, int page) {
 
 bool PaneHtmlView::Settle() {
     ApplyZoom();
-    askedTop_.reset();
+    requestedTop_.reset();
     return HasBody();
 }
 
@@ -73,8 +73,8 @@ void PaneHtmlView::BringToTop(const PageTop& top) {
 }
 
 void PaneHtmlView::Asked(const PageTop& top) {
-    askedTop_ = top;
-    Post([this] { askedTop_.reset(); });
+    requestedTop_ = top;
+    Post([this] { requestedTop_.reset(); });
 }
 
 void PaneHtmlView::ScrollSpanToTop(const PageSpan& span) {
@@ -130,7 +130,7 @@ void PaneHtmlView::Zoom(int steps) {
 
 void PaneHtmlView::ApplyZoom() {
     if (!HasBody() || zoom_.Steps() == shownZoom_.Steps()) return;
-    askedTop_.reset();
+    requestedTop_.reset();
     shownZoom_ = zoom_;
     Pane().SetZoom(zoom_.Percent());
     Post([this] {
@@ -164,13 +164,13 @@ PageColors PaneHtmlView::OwnColors() const {
 }
 
 int PaneHtmlView::ScrollTop() const {
-    if (askedTop_ && askedTop_->offset >= 0) return askedTop_->offset;
+    if (requestedTop_ && requestedTop_->offset >= 0) return requestedTop_->offset;
     return HasBody() ? Pane().ScrollTop() : 0;
 }
 
 PageTop PaneHtmlView::Top() const {
     if (!HasBody()) return {};
-    return askedTop_ ? *askedTop_ : Pane().Top();
+    return requestedTop_ ? *requestedTop_ : Pane().Top();
 }
 
 PageSelection PaneHtmlView::Selection() const {

@@ -79,6 +79,6 @@ class PaneHtmlView : public HtmlView {
     std::deque<std::function<void()>> posted_; // of the page asked for last
     PageZoom zoom_, shownZoom_;
     bool zoomPosted_ = false;
-    std::optional<PageTop> askedTop_; // until the page says how far it went
+    std::optional<PageTop> requestedTop_; // until the page says how far it went
     std::optional<Color> text_, background_;
 };

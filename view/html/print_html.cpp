@@ -127,7 +127,7 @@ class HtmlPrinter {
             return std::make_shared<PrintedZone>(flow.LayOut(zone++), breaks, percent, room_.height,
                                                  paint);
         };
-        return PrintFlow(next, frame, page_.wanted, device_);
+        return PrintFlow(next, frame, page_.pageRanges, device_);
     }
 
   private:

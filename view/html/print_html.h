@@ -12,7 +12,7 @@ struct PrintedPage {
     const std::vector<std::u16string>& sheets; // texts, of those for paper
     int zoom = 100;                            // per cent
     std::u16string title;
-    WantedPages wanted;
+    PageRanges pageRanges;
 };
 
 // Letters, pictures and borders, on white. What is wider than the paper makes all of it smaller,

@@ -151,12 +151,12 @@ void SetBorders(CssBoxStyle& style, const Sides& around, WidthOf widthOf) {
 
 void CollapsedBorders::Apply(PageBoxId table, const TableGrid& grid) {
     if (boxes_[table].text->direction == CssDirection::RightToLeft)
-        ApplySeen(table, Mirrored(grid));
+        ApplyVisual(table, Mirrored(grid));
     else
-        ApplySeen(table, grid);
+        ApplyVisual(table, grid);
 }
 
-void CollapsedBorders::ApplySeen(PageBoxId table, const TableGrid& grid) {
+void CollapsedBorders::ApplyVisual(PageBoxId table, const TableGrid& grid) {
     const std::size_t rows = grid.rows.size(), columns = grid.columns;
     if (rows == 0 || columns == 0 || rows + 1 > maxEdges / (columns + 1)) return;
     EdgeGrid edges(rows, columns);

@@ -18,7 +18,7 @@ class CollapsedBorders {
     class EdgeGrid;
 
   private:
-    void ApplySeen(PageBoxId table, const TableGrid& grid); // its columns from left to right
+    void ApplyVisual(PageBoxId table, const TableGrid& grid); // its columns from left to right
     void OfferAll(EdgeGrid& edges, PageBoxId table, const TableGrid& grid) const;
     template <typename Do>
     void Change(PageBoxId box, Do work);

@@ -53,8 +53,8 @@ void QtPageView::OfferEngineChange(bool offered) {
 PrintAnswer QtPageView::Print(const std::u16string& title) {
     if (!HasBody()) return {};
     const PrintJob print = [&](LineLayout& lines, PictureStore& pictures, PrintDevice& device,
-                               const WantedPages& wanted) {
-        return Pane().Print(title, wanted, lines, pictures, device);
+                               const PageRanges& pageRanges) {
+        return Pane().Print(title, pageRanges, lines, pictures, device);
     };
     return PrintByDialog(widget_->window(), title, print);
 }

@@ -92,16 +92,16 @@ PrintAnswer PrintByDialog(QWidget* window, const std::u16string& title, const Pr
     ask(window, DocumentName(title), target);
     if (!target.device) return {};
     const QPageRanges ranges = target.device->pageRanges();
-    WantedPages wanted;
+    PageRanges pageRanges;
     if (!ranges.isEmpty()) {
-        wanted.isWanted = [ranges](int page) { return ranges.contains(page); };
-        wanted.last = ranges.lastPage();
+        pageRanges.contains = [ranges](int page) { return ranges.contains(page); };
+        pageRanges.last = ranges.lastPage();
     }
     QtLineLayout lines;
     QtPictures pictures;
     QtPrintDevice device(*target.device, window);
     if (!device.Start()) return AnswerOf(PrintEnd::Failed, {}); // the file may be another's
-    PrintEnd end = print(lines, pictures, device, wanted);
+    PrintEnd end = print(lines, pictures, device, pageRanges);
     if (!device.Finish() && end == PrintEnd::Done) end = PrintEnd::Failed;
     return AnswerOf(end, target.file);
 }

@@ -10,7 +10,7 @@
 class QWidget;
 
 using PrintJob =
-    std::function<PrintEnd(LineLayout&, PictureStore&, PrintDevice&, const WantedPages&)>;
+    std::function<PrintEnd(LineLayout&, PictureStore&, PrintDevice&, const PageRanges&)>;
 
 // `window` takes no input meanwhile.
 PrintAnswer PrintByDialog(QWidget* window, const std::u16string& title, const PrintJob& print);

@@ -75,8 +75,8 @@ void QtTextView::SetName(std::u16string_view name) {
 
 PrintAnswer QtTextView::Print(const std::u16string& title) {
     const PrintJob print = [&](LineLayout& lines, PictureStore& pictures, PrintDevice& device,
-                               const WantedPages& wanted) {
-        return PrintPages(PrintedTextOf(Pane(), title, wanted), lines, pictures, device);
+                               const PageRanges& pageRanges) {
+        return PrintPages(PrintedTextOf(Pane(), title, pageRanges), lines, pictures, device);
     };
     return PrintByDialog(widget_->window(), title, print);
 }

@@ -122,8 +122,8 @@ void HelpFrame::CopySelection() const {
 bool HelpFrame::HandleSearchKey(int key) {
     if (IsDown(VK_CONTROL) || IsDown(VK_SHIFT)) return false;
     if (key == VK_DOWN) Focus(List);
-    if (key == VK_NEXT) text_->Pane().ScrollPage(true);
-    if (key == VK_PRIOR) text_->Pane().ScrollPage(false);
+    if (key == VK_NEXT) text_->Pane().PageDown();
+    if (key == VK_PRIOR) text_->Pane().PageUp();
     return key == VK_DOWN || key == VK_NEXT || key == VK_PRIOR;
 }
 

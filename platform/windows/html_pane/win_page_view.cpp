@@ -49,8 +49,8 @@ void WinPageView::ShowContextMenu(POINT onScreen) {
 PrintAnswer WinPageView::Print(const std::u16string& title) {
     if (!HasBody()) return {};
     const PrintJob print = [&](LineLayout& lines, PictureStore& pictures, PrintDevice& device,
-                               const WantedPages& wanted) {
-        return Pane().Print(title, wanted, lines, pictures, device);
+                               const PageRanges& pageRanges) {
+        return Pane().Print(title, pageRanges, lines, pictures, device);
     };
     return PrintByDialog(GetAncestor(Handle(), GA_ROOT), title, print);
 }

@@ -59,13 +59,13 @@ std::u16string LastError() {
     return FromWide(text);
 }
 
-PrintEnd PrintOn(HDC context, HWND owner, const PrintJob& print, const WantedPages& wanted) {
+PrintEnd PrintOn(HDC context, HWND owner, const PrintJob& print, const PageRanges& pageRanges) {
     PrintProgress progress(owner);
     WinLineLayout lines;
     WinPictures pictures;
     WinPrintDevice device(context,
                           [&progress](int percent) { return progress.OnProgress(percent); });
-    return print(lines, pictures, device, wanted);
+    return print(lines, pictures, device, pageRanges);
 }
 
 } // namespace
@@ -83,14 +83,14 @@ PrintAnswer PrintByDialog(HWND owner, const std::u16string& title, const PrintJo
         if (GetLastError() == ERROR_CANCELLED || GetLastError() == ERROR_PRINT_CANCELLED) return {};
         return {Result::Failed, LastError()};
     }
-    WantedPages wanted;
+    PageRanges pageRanges;
     if (choice.IsRange()) {
-        wanted.isWanted = [&choice](int page) {
+        pageRanges.contains = [&choice](int page) {
             return page >= choice.From() && page <= choice.To();
         };
-        wanted.last = choice.To();
+        pageRanges.last = choice.To();
     }
-    const PrintEnd end = PrintOn(choice.Context(), owner, print, wanted);
+    const PrintEnd end = PrintOn(choice.Context(), owner, print, pageRanges);
     if (end == PrintEnd::Done && EndDoc(choice.Context()) > 0) return {Result::Printed, {}};
     const std::u16string reason = end == PrintEnd::GivenUp ? u"" : LastError();
     AbortDoc(choice.Context());

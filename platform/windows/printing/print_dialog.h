@@ -9,7 +9,7 @@
 #include <functional>
 
 using PrintJob =
-    std::function<PrintEnd(LineLayout&, PictureStore&, PrintDevice&, const WantedPages&)>;
+    std::function<PrintEnd(LineLayout&, PictureStore&, PrintDevice&, const PageRanges&)>;
 
 // `owner` takes no input meanwhile.
 PrintAnswer PrintByDialog(HWND owner, const std::u16string& title, const PrintJob& print);

@@ -168,8 +168,8 @@ void PaneHost::HandleVerticalScroll(int request) {
     switch (request) {
     case SB_LINEUP: return pane_->ScrollLines(-1);
     case SB_LINEDOWN: return pane_->ScrollLines(1);
-    case SB_PAGEUP: return pane_->ScrollPage(false);
-    case SB_PAGEDOWN: return pane_->ScrollPage(true);
+    case SB_PAGEUP: return pane_->PageUp();
+    case SB_PAGEDOWN: return pane_->PageDown();
     case SB_TOP: return pane_->ScrollToValue(0);
     case SB_BOTTOM: return pane_->ScrollToValue(std::numeric_limits<int>::max());
     case SB_THUMBTRACK:

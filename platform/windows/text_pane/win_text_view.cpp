@@ -33,8 +33,8 @@ std::vector<Heading> WinTextView::Headings() const {
 
 PrintAnswer WinTextView::Print(const std::u16string& title) {
     const PrintJob print = [&](LineLayout& lines, PictureStore& pictures, PrintDevice& device,
-                               const WantedPages& wanted) {
-        return PrintPages(PrintedTextOf(Pane(), title, wanted), lines, pictures, device);
+                               const PageRanges& pageRanges) {
+        return PrintPages(PrintedTextOf(Pane(), title, pageRanges), lines, pictures, device);
     };
     return PrintByDialog(GetAncestor(Handle(), GA_ROOT), title, print);
 }

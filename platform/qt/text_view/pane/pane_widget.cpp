@@ -111,8 +111,8 @@ void PaneWidget::OnVerticalAction(int action) {
     switch (action) {
     case QAbstractSlider::SliderSingleStepAdd: pane_->ScrollLines(1); break;
     case QAbstractSlider::SliderSingleStepSub: pane_->ScrollLines(-1); break;
-    case QAbstractSlider::SliderPageStepAdd: pane_->ScrollPage(true); break;
-    case QAbstractSlider::SliderPageStepSub: pane_->ScrollPage(false); break;
+    case QAbstractSlider::SliderPageStepAdd: pane_->PageDown(); break;
+    case QAbstractSlider::SliderPageStepSub: pane_->PageUp(); break;
     default: pane_->ScrollToValue(bar.sliderPosition()); break;
     }
     pane_->ShowScrollLabel();
