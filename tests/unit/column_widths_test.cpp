@@ -69,6 +69,9 @@ TEST_CASE("column widths: a fixed width holds unless a word is wider") {
     TableWidths wide = Table(2, {Fixed(0, 10, 50, 80), Cell(1, 20, 100)}, 400);
     wide.fixed = 400;
     CHECK(ColumnWidths(wide) == Widths{80, 320});
+    // Rather than that a column without anything in it becomes wide.
+    wide.cells.pop_back();
+    CHECK(ColumnWidths(wide) == Widths{400, 0});
 }
 
 TEST_CASE("column widths: a percentage is of the table") {
@@ -78,6 +81,19 @@ TEST_CASE("column widths: a percentage is of the table") {
     table.fixed.reset();
     // So wide that a quarter of it has room for the first column.
     CHECK(ColumnWidths(table) == Widths{50, 150});
+    // And so wide that the other half has room for the second.
+    CHECK(ColumnWidths(Table(2, {Percent(0, 10, 20, 50), Cell(1, 20, 100)}, 400)) ==
+          Widths{100, 100});
+    // A hundred times its width is more than there is.
+    CHECK(ColumnWidths(Table(2, {Percent(0, 10, 50, 1), Cell(1, 20, 100)}, 4000)) ==
+          Widths{40, 3960});
+}
+
+TEST_CASE("column widths: a percentage outweighs a fixed width in the same column") {
+    TableWidths table =
+        Table(2, {Percent(0, 10, 50, 25), Fixed(0, 10, 50, 40), Fixed(1, 10, 50, 60)}, 400);
+    table.fixed = 400;
+    CHECK(ColumnWidths(table) == Widths{100, 300});
 }
 
 TEST_CASE("column widths: percentages are at most the whole table") {
@@ -92,6 +108,10 @@ TEST_CASE("column widths: a spanning cell widens the columns that have no width 
     CHECK(ColumnWidths(Table(2, {Fixed(0, 10, 50, 50), Cell(1, 20, 20), wide}, 400)) ==
           Widths{50, 100});
     CHECK(ColumnWidths(Table(2, {Cell(0, 10, 50), Cell(1, 20, 25), wide}, 400)) == Widths{100, 50});
+    // The narrower one first, wherever it stands: so the wider one finds enough room.
+    CellWidth wider = Cell(0, 90, 160);
+    wider.span = 3;
+    CHECK(ColumnWidths(Table(3, {Cell(2, 10, 10), wider, wide}, 400)) == Widths{75, 75, 10});
 }
 
 TEST_CASE("column widths: a column of the whole width leaves no table narrower than its room") {

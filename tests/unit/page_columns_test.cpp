@@ -84,6 +84,16 @@ TEST_CASE("columns: a border goes on from column to column") {
     CHECK(content.boxes[1].beginsAbove);
 }
 
+TEST_CASE("columns: a box begins in its column where its text does") {
+    PageSample page(u"<div style='columns:2;column-gap:0'>a<div style='background:red'>b</div>"
+                    u"c<br>d</div>");
+    page.flow.SetWidth(400);
+    const PageFragment& content = *page.flow.LayOut(0)->parts[0].fragment->parts[0].fragment;
+    REQUIRE(content.boxes.size() == 1);
+    CHECK(content.boxes[0].top == 16);
+    CHECK(content.boxes[0].height == 16);
+}
+
 TEST_CASE("columns: a line stands between each two") {
     PageSample page(u"<div style='columns:4;column-gap:20px;column-rule:2px solid red'>"
                     u"<p style='margin:0'>a<p style='margin:0'>b<p style='margin:0'>c</div>");

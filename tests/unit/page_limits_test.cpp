@@ -103,6 +103,15 @@ TEST_CASE("page limits: a table in parts has the columns and rows that it has in
     CHECK(Lines(around, low) == Lines(around, {}));
 }
 
+TEST_CASE("page limits: a table in parts has room for columns of a few rows in the middle") {
+    for (const std::u16string cell : {u"<td>third", u"<td colspan=2>third"}) {
+        const std::u16string rows = Repeated(u"<tr><td>a<td>b", 60);
+        const std::string lines = Lines(
+            u"<table cellpadding=0>" + rows + u"<tr><td>a<td>b" + cell + rows + u"</table>", low);
+        CHECK(lines.find(" third|") != std::string::npos);
+    }
+}
+
 TEST_CASE("page limits: a table is divided where no cell spans rows, unless it never ends") {
     const std::u16string spanning = u"<tr><td rowspan=3>a<td>b<tr><td>c<tr><td>d";
     const std::u16string table = u"<table>" + Repeated(spanning, 8) + u"</table>";

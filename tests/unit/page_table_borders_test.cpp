@@ -129,6 +129,14 @@ TEST_CASE("page table: spacing between cells") {
     CHECK(Lines(u"<table style='border-spacing:5px 10px'>" + cells) == "5,10 a|18,10 b|5,36 c");
     CHECK(Lines(u"<table cellspacing=0>" + cells) == "0,0 a|8,0 b|0,16 c");
     CHECK(Lines(u"<table cellspacing=4>" + cells) == "4,4 a|16,4 b|4,24 c");
+    // A cell over two rows has the one between them.
+    CHECK(Lines(u"<table cellpadding=0 style='border-spacing:0 10px'><tr><td rowspan=2>a<br>b<br>c"
+                u"<td>x<tr><td>y</table>z") == "0,10 a/|0,26 b/|0,42 c|8,10 x|8,39 y|0,68 z");
+}
+
+TEST_CASE("page table: as wide as what is as wide as its text does not make that narrower") {
+    CHECK(Lines(u"<div style='float:left'><table cellpadding=0 cellspacing=0 width=100%>"
+                u"<tr><td>aa bb</table></div>c") == "40,0 c|0,0 aa bb");
 }
 
 TEST_CASE("page table: is as wide as the longest word of its caption") {

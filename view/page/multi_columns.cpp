@@ -152,7 +152,7 @@ class ColumnLayouter {
             PlacedBox part = box;
             part.beginsAbove = box.beginsAbove || i > first;
             part.endsBelow = box.endsBelow || !isLast;
-            const double top = i > first ? column.top : std::max(box.top, column.top);
+            const double top = std::max(box.top, column.top);
             part.left += Left(i);
             part.top = top - column.top;
             part.height = std::max(0.0, (isLast ? bottom : column.bottom) - top);

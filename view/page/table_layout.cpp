@@ -72,7 +72,7 @@ class TableLayouter {
             all.min = layouter_.ExtentOfBox(caption).min -
                       measure_.SideInsets(*table_.style, available) - 2 * spacingX_;
             all.max = all.min;
-            if (all.min > 0) widths.cells.push_back(all);
+            widths.cells.push_back(all);
         }
     }
 
@@ -83,7 +83,7 @@ class TableLayouter {
         std::vector<double> widths = shared;
         widths.resize(std::max(widths.size(), grid_.columns));
         for (const GridCell& cell : grid_.cells) {
-            if (cell.columns > 1 || cell.column < shared.size()) continue;
+            if (cell.column < shared.size()) continue;
             double& width = widths[cell.column];
             width = std::max(width, layouter_.ExtentOfBox(cell.box).min);
         }
