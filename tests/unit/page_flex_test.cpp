@@ -45,6 +45,8 @@ TEST_CASE("flex: room that is left goes to those that grow, or between items") {
           "25+50 125+50 ");
     CHECK(Places({Item(0, 60, 1), Item(0, 20, 1)}, 200) == "0+100 100+100 ");
     CHECK(Places({Item(0, 120, 1), Item(0, 20, 1), Item(0, 20, 1)}, 200) == "0+120 120+40 160+40 ");
+    // Not more than there is where one cannot do with its part.
+    CHECK(Places({Item(0, 80, 0.5), Item(0, 0, 0.4)}, 100) == "0+80 80+20 ");
     FlexSize small = Item(0, 0, 1);
     small.max = 30;
     CHECK(Places({Item(0, 120, 1), small, Item(0, 20, 1)}, 200) == "0+120 120+30 150+50 ");
@@ -99,6 +101,8 @@ TEST_CASE("flex: items that do not fit beside each other stand below each other"
     CHECK(Lines(u"<div class=f>" + items, 100) == "0,0 oneword|0,16 another|0,32 x");
     CHECK(Lines(u"<div class=f style='flex-wrap:wrap;row-gap:4px'>" + items, 100) ==
           "0,0 oneword|0,20 another|0,36 x");
+    CHECK(Lines(u"<div class=f style='flex-wrap:wrap'>" + items, 112) ==
+          "0,0 oneword|56,0 another|0,16 x");
     CHECK(Lines(u"<div class=f><p>one two<p>three</div>", 72) == "0,0 one|0,16 two|32,0 three");
 }
 

@@ -29,6 +29,13 @@ TEST_CASE("grid: columns are as wide as they say") {
           "0,0 one|100,0 two|200,0 three|300,0 four");
     CHECK(Grid(u"grid-template-columns:calc(50px + 50px) 2em 1fr", u"<p>one<p>two<p>three") ==
           "0,0 one|100,0 two|132,0 three");
+    CHECK(Grid(u"grid-template-columns:calc(10% + 10px) 1fr", u"<p>one<p>two") ==
+          "0,0 one|50,0 two");
+    // Shares below one in all leave a part free.
+    CHECK(Grid(u"grid-template-columns:0.25fr 0.25fr", u"<p>one<p>two") == "0,0 one|100,0 two");
+    // What a long word takes is missing to the other shares alike.
+    CHECK(Grid(u"grid-template-columns:1fr 1fr 1fr", u"<p>twelveletter<p>one<p>two", 200) ==
+          "0,0 twelveletter|96,0 one|148,0 two");
 }
 
 TEST_CASE("grid: columns go by their content") {
@@ -65,6 +72,9 @@ TEST_CASE("grid: an item across shares asks for no width of its own") {
     CHECK(Grid(u"grid-template-columns:1fr minmax(0,100px) 1fr",
                u"<p style='grid-column:1/-1'>acrosseverything<p style='grid-column:2'>two",
                100) == "0,0 acrosseveryt|0,16 hing|0,32 two");
+    CHECK(Grid(u"grid-template-columns:1fr 3fr",
+               u"<p style='grid-column:1/-1'>acrosseverythinghere<p>one<p>two",
+               200) == "0,0 acrosseverythinghere|0,16 one|50,16 two");
 }
 
 TEST_CASE("grid: columns are there as often as they fit") {
@@ -121,6 +131,7 @@ TEST_CASE("grid: rows are at least as high as they say, and as their items") {
     CHECK(Grid(u"grid-template-rows:40px", u"<p>one<p>two") == "0,0 one|0,40 two");
     CHECK(Grid(u"grid-template-rows:10px", u"<p>one<p>two") == "0,0 one|0,16 two");
     CHECK(Grid(u"grid-auto-rows:1fr", u"<p>a<br>b<p>two<p>x") == "0,0 a/|0,16 b|0,32 two|0,64 x");
+    CHECK(Grid(u"grid-auto-rows:0.5fr", u"<p>a<br>b<p>two<p>x") == "0,0 a/|0,16 b|0,32 two|0,48 x");
     CHECK(Grid(u"grid-template-columns:1fr 1fr",
                u"<p style='grid-row:span 2'>a<br>b<br>c<br>d"
                u"<p>two<p>x") == "0,0 a/|0,16 b/|0,32 c/|0,48 d|200,0 two|200,32 x");
