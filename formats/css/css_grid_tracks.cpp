@@ -31,7 +31,7 @@ bool ReadMinMax(CssShorthandReader& reader, CssGridTrack& track) {
 
 bool ReadFitContent(CssShorthandReader& reader, CssGridTrack& track) {
     const auto limit = ReadBreadth(reader, false);
-    if (!limit || limit->kind == CssValue::Kind::Keyword) return false;
+    if (!limit || limit->kind == CssValue::Kind::Keyword || !reader.tokens.AtEnd()) return false;
     track = {CssValue::OfKeyword(0), *limit, true};
     return true;
 }

@@ -101,7 +101,6 @@ void Parser::ReadRules(int depth, bool applies) {
         tokens_.ForgetTexts();
         const CssToken token = tokens_.Next();
         if (token.Is(Kind::End)) return;
-        if (depth > 0 && token.Is(Kind::CloseCurly)) return;
         if (token.Is(Kind::Whitespace)) continue;
         // The marks that hid a sheet from the oldest browsers.
         if (depth == 0 && (token.Is(Kind::Cdo) || token.Is(Kind::Cdc))) continue;

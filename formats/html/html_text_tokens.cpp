@@ -147,16 +147,15 @@ void HtmlTokenizer::PassScriptUnit(std::size_t at) {
     if (source_[at] == u'<') {
         if (scriptEscape_ == ScriptEscape::None && source_.substr(at, 4) == u"<!--") {
             scriptEscape_ = ScriptEscape::Once;
-            escapeDashes_ = at + 2;
         } else if (scriptEscape_ == ScriptEscape::Once && IsScriptTag(at + 1)) {
             scriptEscape_ = ScriptEscape::Twice;
         } else if (scriptEscape_ == ScriptEscape::Twice && UnitAt(at + 1) == u'/' &&
                    IsScriptTag(at + 2)) {
             scriptEscape_ = ScriptEscape::Once;
         }
-    } else if (source_[at] == u'>' && scriptEscape_ != ScriptEscape::None) {
-        if (at >= escapeDashes_ + 2 && source_.substr(at - 2, 2) == u"--")
-            scriptEscape_ = ScriptEscape::None;
+    } else if (source_[at] == u'>' && scriptEscape_ != ScriptEscape::None &&
+               source_.substr(at - 2, 2) == u"--") {
+        scriptEscape_ = ScriptEscape::None; // the dashes may be those of "<!--"
     }
 }
 

@@ -83,7 +83,6 @@ class HtmlTokenizer {
 
     enum class ScriptEscape : std::uint8_t { None, Once, Twice };
     ScriptEscape scriptEscape_ = ScriptEscape::None;
-    std::size_t escapeDashes_ = 0; // where those of "<!--" begin
 
     std::vector<std::uint32_t> tagOfName_; // the last tag that has an attribute of this name
     std::uint32_t tagCount_ = 0;

@@ -117,6 +117,7 @@ TEST_CASE("css: media queries") {
                                         u"(width >= 800px)",
                                         u"(400px < width <= 800px)",
                                         u"(800px >= width)",
+                                        u"(900px > width)",
                                         u"not (width < 1px)",
                                         u"(min-width: 1px) and (max-height: 600px)",
                                         u"(min-width:9999px) or (min-height:1px)",
@@ -139,6 +140,9 @@ TEST_CASE("css: media queries") {
                                          u"(orientation: portrait)",
                                          u"(width > 800px)",
                                          u"(800px < width)",
+                                         u"(800px width)",
+                                         u"(width: 800px 1px)",
+                                         u"(color red)",
                                          u"screen (color)",
                                          u"(width >= )",
                                          u"(min-width: 10)",
@@ -150,7 +154,15 @@ TEST_CASE("css: media queries") {
     for (const std::u16string_view query : doNot)
         CHECK_MESSAGE(!AskCssMedia(query, {}).applies, Utf16ToUtf8(query));
     CHECK(AskCssMedia(u"(min-width: 1px)", {}).dependsOnViewport);
+    CHECK(AskCssMedia(u"(orientation: landscape)", {}).dependsOnViewport);
     CHECK_FALSE(AskCssMedia(u"screen", {}).dependsOnViewport);
+    CHECK(AskCssMedia(u"(orientation: portrait)", {100, 100}).applies);
+    const auto nested = [](int depth) {
+        return std::u16string(std::size_t(depth), u'(') + u"width" +
+               std::u16string(std::size_t(depth), u')');
+    };
+    CHECK(AskCssMedia(nested(5), {}).applies);
+    CHECK_FALSE(AskCssMedia(nested(1000), {}).applies);
     CHECK(ReadCss(u"@media (min-width:1px){p{color:red}}").dependsOnViewport);
 }
 

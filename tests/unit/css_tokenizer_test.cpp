@@ -76,6 +76,7 @@ TEST_CASE("css: text becomes tokens") {
         {u"'on\\\r\ne'", "'one'"},
         {u"\\31 23 \\26 B \\000026B", "id:123 _ id:&B _ id:&B"},
         {u"\\110000x \\d800 \\0 ", "id:\uFFFDx _ id:\uFFFD\uFFFD"},
+        {u"\\31\r\n2 \\\U0001F600x", "id:12 _ id:\U0001F600x"},
         {u"\\", "id:\uFFFD"},
         {u"\\\n", "\\ _"},
         {u"'x\\", "'x'"},
@@ -99,7 +100,7 @@ TEST_CASE("css: text becomes tokens") {
 }
 
 TEST_CASE("css: numbers keep within their bounds") {
-    CssTokenizer tokenizer(u"99999999999999999999999 -1e99 1e-99 0.1 +.25e1");
+    CssTokenizer tokenizer(u"99999999999999999999999 -1e99 1e-99 0.1 +.25e1 1e3000000000");
     CHECK(tokenizer.Next().number == doctest::Approx(1e9));
     tokenizer.Next();
     CHECK(tokenizer.Next().number == doctest::Approx(-1e9));
@@ -109,4 +110,6 @@ TEST_CASE("css: numbers keep within their bounds") {
     CHECK(tokenizer.Next().number == doctest::Approx(0.1));
     tokenizer.Next();
     CHECK(tokenizer.Next().number == doctest::Approx(2.5));
+    tokenizer.Next();
+    CHECK(tokenizer.Next().number == doctest::Approx(1e9));
 }

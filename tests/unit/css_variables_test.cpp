@@ -76,6 +76,7 @@ TEST_CASE("css: sums of lengths") {
     CHECK(Width(u"div{width:calc(50% / 2)}") == CssLength::Percent(25));
     CHECK(Width(u":root{--s:2em} div{font-size:10px;width:calc(var(--s) * 2)}") == Px(40));
     CHECK(Width(u"div{width:calc(100% - 4px)}").Of(100) == 96);
+    CHECK(Width(u"div{width:calc(1000% + 4px)}").Of(100) > 300);
     CHECK(Width(u"div{width:min(30px, 20px, 40px)}") == Px(20));
     CHECK(Width(u"div{width:max(30px, 2px)}") == Px(30));
     CHECK(Width(u"div{width:clamp(10px, 5px, 20px)}") == Px(10));
@@ -101,6 +102,10 @@ TEST_CASE("css: sums that make no sense") {
     for (int i = 0; i < 1000; ++i)
         deep += u"calc(";
     CHECK(Width(deep + u"1px") == Px(5));
+    std::u16string endless = u"div{width:5px;width:calc(0px";
+    for (int i = 0; i < 1000; ++i)
+        endless += u" + 1px";
+    CHECK(Width(endless + u")}") == Px(5));
 }
 
 TEST_CASE("css: rules for what is supported") {

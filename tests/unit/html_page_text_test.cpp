@@ -33,6 +33,11 @@ TEST_CASE("html page text: characters are counted as in every view") {
     }
 }
 
+TEST_CASE("html page text: an element without content ends where it begins") {
+    CHECK(HtmlPageText(PageWithBody("<pre></pre>a  b")).text == u"a b");
+    CHECK(HtmlPageText(PageWithBody("a<div></div>b")).text == u"a\nb");
+}
+
 TEST_CASE("html page text: places within a text node") {
     // Of "  one \n two " the piece is "one two".
     constexpr std::u16string_view node = u"  one \n two ";

@@ -86,6 +86,17 @@ TEST_CASE("html reader: what books write becomes what they mean") {
     }
 }
 
+TEST_CASE("html reader: drawings within a page") {
+    CHECK(BodyOf(u"<svg>x</svg><frameset>") == u"body(svg('x'))");
+    CHECK(BodyOf(u"<frameset><frame></frameset>") != u"body");
+    CHECK(BodyOf(u"<svg><font>x</svg>") == u"body(svg(font('x')))");
+    for (const std::u16string_view name : {u"color", u"face", u"size"}) {
+        const std::u16string attribute = std::u16string(name) + u"=";
+        CHECK(BodyOf(u"<svg><font " + attribute + u"1>x") ==
+              u"body(svg font[" + attribute + u"1]('x'))");
+    }
+}
+
 TEST_CASE("html reader: nodes know their source") {
     const HtmlTree tree =
         ReadHtml(u"<title>t</title>\r\n<p class=x>one &amp; two</p><b>three<p>four</b>five");
@@ -194,6 +205,11 @@ TEST_CASE("html reader: the declared charset") {
         {"<?xml version='1.0' encoding='windows-1253'?><html>", 1253},
         {"<?xml version='1.0' encoding='windows-1253'?><meta charset=shift_jis>", 932},
         {"<metacharset=big5>", 0},
+        {"<meta http-equiv=content-type content='charset of text; charset=gbk;level=1'>", 936},
+        {"<meta http-equiv=content-type content='charset=\"gbk'>", 0},
+        {"<!--><meta charset=big5><!-- -->", 950},
+        {"<meta = charset=big5>", 950},
+        {"<meta charset=big5", 0}, // without its end it is no tag
         {"", 0},
         {"<", 0},
         {"<meta", 0},

@@ -63,6 +63,17 @@ TEST_CASE("page floats: a box without width or height takes no room") {
     CHECK(floats.ClearedTop(true, true, 7) == 7);
 }
 
+TEST_CASE("page floats: text stands on the broader side of a box, and after one in the middle") {
+    const auto roomBeside = [](double boxLeft, double boxRight) {
+        FloatContext floats;
+        floats.Reserve({boxLeft, 0, boxRight - boxLeft, 10}, page);
+        return floats.RoomAt(0, 10, page);
+    };
+    CHECK(roomBeside(10, 20) == InlineEdges{20, 100});
+    CHECK(roomBeside(80, 90) == InlineEdges{0, 80});
+    CHECK(roomBeside(40, 60) == InlineEdges{60, 100});
+}
+
 TEST_CASE("page floats: clearing goes below those of a side") {
     FloatContext floats;
     floats.Add(left, 10, 20, 0, page);

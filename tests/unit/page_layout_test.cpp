@@ -167,6 +167,21 @@ TEST_CASE("page layout: floats begin where a margin after them ends") {
     CHECK(Lines(u"<p>one</p>" + box) == "0,16 one|320,48 f");
 }
 
+TEST_CASE("page layout: a float at the beginning of a line stands beside it") {
+    CHECK(Lines(u"one<br><b style='float:right;width:40px'>f</b>two", 100) ==
+          "0,0 one/|0,16 two|60,16 f");
+}
+
+TEST_CASE("page layout: a box that only clears floats has its parent as high as them") {
+    PageSample page(u"<div style='background:red'><div style='float:left'>a<br>b</div>"
+                    u"<div style='clear:both'></div></div><p>x");
+    page.flow.SetWidth(400);
+    const PageFragment& fragment = *page.flow.LayOut(0);
+    REQUIRE(fragment.boxes.size() == 1);
+    CHECK(fragment.boxes[0].top == 0);
+    CHECK(fragment.boxes[0].height == 32);
+}
+
 TEST_CASE("page layout: a float after a block does not wait for a larger margin") {
     const std::u16string box = u"<div style='float:right;width:80px;height:32px'>f</div>";
     const std::u16string far = u"<p style='margin-top:40px'>two";
@@ -235,6 +250,7 @@ TEST_CASE("page layout: lists and definitions are indented") {
     CHECK(Lines(u"<ol reversed><li>a<li>b</ol>") == "18,16 2.|40,16 a|18,32 1.|40,32 b");
     CHECK(Lines(u"<ol start=3 style='list-style-position:inside'><li>a</ol>") == "40,16 3. a");
     CHECK(Lines(u"<ul style='list-style:none'><li>a</ul>") == "40,16 a");
+    CHECK(Lines(u"<ul><li></ul>after") == "0,16 after");
     CHECK(Lines(u"<dl><dt>one<dd>two</dl>") == "0,16 one|40,32 two");
 }
 

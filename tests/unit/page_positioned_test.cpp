@@ -58,6 +58,10 @@ TEST_CASE("page positioned: boxes stand at the heights that their style says") {
     CHECK(Lines(u"<div style='position:relative;padding:5px'>"
                 u"<b style='position:absolute;right:2px;top:2px'>copy</b><p>one</div>",
                 100) == "5,21 one|66,2 copy");
+    // Also after a box that others stood in.
+    CHECK(Lines(u"<div><div>one</div></div><div style='position:relative;margin-top:20px'><div>two"
+                u"<b style='position:absolute;top:0;right:0'>x</b></div></div>",
+                100) == "0,0 one|0,36 two|92,36 x");
 }
 
 TEST_CASE("page positioned: a box in one that is out of the flow is told from its top") {
