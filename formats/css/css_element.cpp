@@ -5,14 +5,6 @@
 
 #include <algorithm>
 
-std::uint32_t CssElementReader::AddName(std::u16string_view name) {
-    return ignoreCase_ ? names_.Add(CssLowerCase(name)) : names_.Add(name);
-}
-
-std::uint32_t CssElementReader::NumberOf(std::u16string_view name) const {
-    return ignoreCase_ ? names_.Find(CssLowerCase(name)) : names_.Find(name);
-}
-
 void CssElementReader::Read(HtmlNodeId id, std::u16string_view parentLanguage,
                             CssElement& element) const {
     element.id = id;
@@ -23,18 +15,15 @@ void CssElementReader::Read(HtmlNodeId id, std::u16string_view parentLanguage,
     for (const HtmlAttribute& attribute : element.node->Attributes()) {
         if (attribute.nameSpace != HtmlAttributeNamespace::None) continue;
         std::u16string_view value = attribute.Value();
-        if (attribute.name == HtmlName::Id) element.idNumber = NumberOf(value);
+        if (attribute.name == HtmlName::Id) element.idNumber = names_.Asked(value);
         if (attribute.name == HtmlName::Lang) element.language = value;
         if (attribute.name != HtmlName::Class) continue;
         value = value.substr(0, maxCssClassUnits);
-        for (std::size_t at = 0;
-             at < value.size() && element.classNumbers.size() < maxCssClasses;) {
-            while (at < value.size() && IsCssSpace(value[at]))
-                ++at;
-            const std::size_t start = at;
-            while (at < value.size() && !IsCssSpace(value[at]))
-                ++at;
-            const std::uint32_t number = NumberOf(value.substr(start, at - start));
+        std::size_t at = 0;
+        while (element.classNumbers.size() < maxCssClasses) {
+            const std::u16string_view name = NextCssClass(value, at);
+            if (name.empty()) break;
+            const std::uint32_t number = names_.Asked(name);
             if (number &&
                 std::ranges::find(element.classNumbers, number) == element.classNumbers.end())
                 element.classNumbers.push_back(number);

@@ -1,7 +1,7 @@
 // What rules ask of an element, gathered once for all of them.
 #pragma once
 
-#include "formats/css/css_sheet.h"
+#include "formats/css/css_page_names.h"
 #include "formats/html/html_tree.h"
 
 #include <vector>
@@ -15,23 +15,18 @@ struct CssElement {
     std::u16string_view language;
 };
 
-// The texts that rules have as ids and classes, by number.
 class CssElementReader {
   public:
-    explicit CssElementReader(const HtmlTree& tree)
-        : tree_(tree), ignoreCase_(tree.Quirks() == HtmlQuirks::Full) {}
+    explicit CssElementReader(const HtmlTree& tree) : tree_(tree), names_(tree) {}
 
-    std::uint32_t AddName(std::u16string_view name);
-    std::size_t NameCount() const { return names_.Count(); }
+    // The number of an id or a class of a rule; 0 when no element of the page has it.
+    std::uint32_t AskName(std::u16string_view name) { return names_.Ask(name); }
     // Fills in all but `previousElement`.
     void Read(HtmlNodeId id, std::u16string_view parentLanguage, CssElement& element) const;
 
   private:
-    std::uint32_t NumberOf(std::u16string_view name) const;
-
     const HtmlTree& tree_;
-    bool ignoreCase_; // ids and classes of pages in quirks mode
-    CssTexts names_;
+    CssPageNames names_;
 };
 
 bool IsHtmlLink(const HtmlNode& node);

@@ -40,8 +40,9 @@ constexpr std::size_t maxCssFileBytes = std::size_t{16} << 20;
 constexpr std::size_t maxCssFontFamilies = 32; // of one declaration
 constexpr std::size_t maxCssContentItems = 32; // of one declaration
 
-// Tests of compounds, and rules that held, on all elements of a page: less than half a second. A
-// book of a million elements with fifty rules tested and ten held for each has most of it. Elements
+// Tests of compounds, and rules that held with their declarations, on all elements of a page: less
+// than half a second. A book of a million elements with fifty rules tested and ten held for each
+// has most of it. Elements
 // beyond have the default sheet, their attributes and their own `style`.
 constexpr std::uint64_t maxCssSteps = 150'000'000;
 // Classes of one element that some rule speaks of, and units of its `class` attribute.

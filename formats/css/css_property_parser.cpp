@@ -4,6 +4,9 @@
 #include "formats/css/css_longhands.h"
 #include "formats/css/css_shorthands.h"
 
+#include <algorithm>
+#include <array>
+
 namespace {
 
 using Kind = CssToken::Kind;
@@ -72,8 +75,10 @@ void ReadCssDeclaration(std::u16string_view name, std::span<const CssToken> valu
                         const CssReading& reading, CssBlock& block) {
     const bool important = TakeImportant(value);
     if (IsCssVariable(name)) return AddWritten(CssProperty::Custom, name, value, important, block);
-    if (name.size() > 32) return; // no property has so long a name
-    const std::u16string lower = CssLowerCase(name);
+    std::array<char16_t, 32> letters; // no property has a longer name
+    if (name.size() > letters.size()) return;
+    std::ranges::transform(name, letters.begin(), AsciiLower);
+    const std::u16string_view lower(letters.data(), name.size());
     const CssLonghand* longhand = FindCssLonghand(lower);
     const CssShorthand* shorthand = longhand ? nullptr : FindCssShorthand(lower);
     if ((!longhand && !shorthand) || value.empty()) return;

@@ -1,8 +1,10 @@
 #include "formats/css/css_rule_index.h"
 
+#include "formats/css/css_limits.h"
 #include "formats/css/css_tokenizer.h"
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -57,18 +59,30 @@ void CssRuleIndex::Add(const CssSheet& sheet, CssOrigin origin) {
 }
 
 std::uint32_t CssRuleIndex::AddSelector(const CssSheet& sheet, const CssSelector& selector) {
+    const std::size_t compounds = compounds_.size(), conditions = conditions_.size(),
+                      alternatives = alternatives_.size();
+    const std::uint32_t steps = steps_;
+    std::array<std::uint32_t, maxCssCompounds> numbers;
     std::uint32_t left = noCssNumber;
     for (std::uint32_t i = 0; i < selector.compoundCount; ++i) {
-        if (!AddCompound(sheet, sheet.compounds[selector.compounds + i], left)) return noCssNumber;
-        const auto number = static_cast<std::uint32_t>(compounds_.size() - 1);
-        if (i + 1 == selector.compoundCount) return number;
-        left = steps_++;
+        if (!AddCompound(sheet, sheet.compounds[selector.compounds + i], left)) {
+            if (alternatives_.size() > alternatives) return noCssNumber; // elements meet these
+            compounds_.resize(compounds);
+            conditions_.resize(conditions);
+            steps_ = steps;
+            return noCssNumber;
+        }
+        numbers[i] = static_cast<std::uint32_t>(compounds_.size() - 1);
+        if (i + 1 < selector.compoundCount) left = steps_++;
+    }
+    // Only now that all of them can hold: `div .absent` costs no div anything.
+    for (std::uint32_t i = 0; i + 1 < selector.compoundCount; ++i) {
         CssCandidate candidate;
-        candidate.compound = number;
-        candidate.step = left;
+        candidate.compound = numbers[i];
+        candidate.step = compounds_[numbers[i + 1]].left;
         AddCandidate(candidate);
     }
-    return noCssNumber;
+    return selector.compoundCount > 0 ? numbers[selector.compoundCount - 1] : noCssNumber;
 }
 
 bool CssRuleIndex::AddCompound(const CssSheet& sheet, const CssCompound& compound,
@@ -83,23 +97,28 @@ bool CssRuleIndex::AddCompound(const CssSheet& sheet, const CssCompound& compoun
         indexed.exactType = tree_.Names().Find(type);
         if (indexed.type == HtmlName::None && indexed.exactType == HtmlName::None) return false;
     }
-    std::vector<CssIndexedCondition> conditions;
-    for (std::uint32_t i = 0; i < compound.conditionCount; ++i)
-        if (!AddCondition(sheet, sheet.conditions[compound.conditions + i], conditions))
-            return false;
-    indexed.conditions = static_cast<std::uint32_t>(conditions_.size());
-    indexed.conditionCount = static_cast<std::uint32_t>(conditions.size());
-    conditions_.insert(conditions_.end(), conditions.begin(), conditions.end());
-    compounds_.push_back(indexed);
-    return true;
+    const std::size_t start = openConditions_.size();
+    bool canHold = true;
+    for (std::uint32_t i = 0; i < compound.conditionCount && canHold; ++i)
+        canHold = AddCondition(sheet, sheet.conditions[compound.conditions + i]);
+    const auto first = openConditions_.begin() + static_cast<std::ptrdiff_t>(start);
+    if (canHold) {
+        indexed.conditions = static_cast<std::uint32_t>(conditions_.size());
+        indexed.conditionCount = static_cast<std::uint32_t>(openConditions_.end() - first);
+        conditions_.insert(conditions_.end(), first, openConditions_.end());
+        compounds_.push_back(indexed);
+    }
+    openConditions_.erase(first, openConditions_.end());
+    return canHold;
 }
 
-bool CssRuleIndex::AddCondition(const CssSheet& sheet, CssCondition condition,
-                                std::vector<CssIndexedCondition>& conditions) {
+bool CssRuleIndex::AddCondition(const CssSheet& sheet, CssCondition condition) {
     CssIndexedCondition indexed;
     if (condition.kind == Kind::Never) return false;
-    if (condition.kind == Kind::Class || condition.kind == Kind::Id)
-        condition.name = elements.AddName(sheet.texts[condition.name]);
+    if (condition.kind == Kind::Class || condition.kind == Kind::Id) {
+        condition.name = elements.AskName(sheet.texts[condition.name]);
+        if (condition.name == 0) return false;
+    }
     indexed.condition = condition;
     if (IsOfAttribute(condition.kind)) {
         const std::u16string_view name = sheet.texts[condition.name];
@@ -119,7 +138,7 @@ bool CssRuleIndex::AddCondition(const CssSheet& sheet, CssCondition condition,
         const bool isEmpty = indexed.condition.value == 0;
         if (isEmpty && condition.kind == Kind::Is) return false;
     }
-    conditions.push_back(indexed);
+    openConditions_.push_back(indexed);
     return true;
 }
 

@@ -93,8 +93,7 @@ class CssRuleIndex {
     // The number of the selector's last compound; noCssNumber when nothing of this page can fit.
     std::uint32_t AddSelector(const CssSheet& sheet, const CssSelector& selector);
     bool AddCompound(const CssSheet& sheet, const CssCompound& compound, std::uint32_t left);
-    bool AddCondition(const CssSheet& sheet, CssCondition condition,
-                      std::vector<CssIndexedCondition>& conditions);
+    bool AddCondition(const CssSheet& sheet, CssCondition condition);
     void AddAlternatives(const CssSheet& sheet, CssIndexedCondition& condition);
     void AddCandidate(CssCandidate candidate);
     // The list that all elements which the compound holds at look into; nullptr for `others_`.
@@ -105,6 +104,8 @@ class CssRuleIndex {
     std::vector<CssCandidate> others_;
     std::vector<CssIndexedCompound> compounds_;
     std::vector<CssIndexedCondition> conditions_;
+    // Of the compounds that are being added, one in an argument of the other.
+    std::vector<CssIndexedCondition> openConditions_;
     std::vector<std::uint32_t> alternatives_; // compounds in the arguments of :is() and :not()
     std::vector<CssIndexedRule> rules_;
     CssOrigin origin_ = CssOrigin::UserAgent; // of the sheet that is being added

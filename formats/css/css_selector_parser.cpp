@@ -3,6 +3,8 @@
 #include "formats/css/css_limits.h"
 #include "formats/css/css_selector_reader.h"
 
+#include <array>
+
 using Kind = CssToken::Kind;
 using Condition = CssCondition::Kind;
 
@@ -49,36 +51,44 @@ CssCombinator ReadCombinator(CssTokenStream& tokens) {
 } // namespace
 
 bool CssSelectorReader::ReadSelector(CssTokenStream tokens, CssSelector& selector, int depth) {
-    std::vector<CssCompound> compounds;
+    std::array<CssCompound, maxCssCompounds> compounds;
+    std::size_t count = 0;
     CssCombinator combinator = CssCombinator::None;
     tokens.SkipSpace();
     do {
-        Compound result;
         if (selector.pseudoElement != CssPseudoElement::None) return false; // nothing after one
-        if (!ReadCompound(tokens, selector, result, depth)) return false;
+        Compound result;
+        result.firstCondition = conditions_.size();
+        const bool isRead = ReadCompound(tokens, selector, result, depth);
+        Finish(result);
+        if (!isRead || count == maxCssCompounds) return false;
         result.compound.combinator = combinator;
-        result.compound.conditions = static_cast<std::uint32_t>(sheet_.conditions.size());
-        result.compound.conditionCount = static_cast<std::uint16_t>(result.conditions.size());
-        sheet_.conditions.insert(sheet_.conditions.end(), result.conditions.begin(),
-                                 result.conditions.end());
-        compounds.push_back(result.compound);
-        if (compounds.size() > maxCssCompounds) return false;
+        compounds[count++] = result.compound;
         combinator = tokens.AtEndRaw() ? CssCombinator::None : ReadCombinator(tokens);
         if (combinator == CssCombinator::Descendant && tokens.AtEnd()) break;
     } while (combinator != CssCombinator::None);
     if (!tokens.AtEnd()) return false;
     if (depth > 0 && selector.pseudoElement != CssPseudoElement::None) return false;
     selector.compounds = static_cast<std::uint32_t>(sheet_.compounds.size());
-    selector.compoundCount = static_cast<std::uint16_t>(compounds.size());
-    sheet_.compounds.insert(sheet_.compounds.end(), compounds.begin(), compounds.end());
+    selector.compoundCount = static_cast<std::uint16_t>(count);
+    sheet_.compounds.insert(sheet_.compounds.end(), compounds.begin(), compounds.begin() + count);
     return true;
 }
 
-void CssSelectorReader::AddName(Compound& result, Condition kind, std::u16string_view name) {
+// Its conditions go to the sheet, after those of the compounds in its arguments.
+void CssSelectorReader::Finish(Compound& result) {
+    const auto first = conditions_.begin() + static_cast<std::ptrdiff_t>(result.firstCondition);
+    result.compound.conditions = static_cast<std::uint32_t>(sheet_.conditions.size());
+    result.compound.conditionCount = static_cast<std::uint16_t>(conditions_.end() - first);
+    sheet_.conditions.insert(sheet_.conditions.end(), first, conditions_.end());
+    conditions_.erase(first, conditions_.end());
+}
+
+void CssSelectorReader::AddName(Condition kind, std::u16string_view name) {
     CssCondition condition;
     condition.kind = kind;
     condition.name = sheet_.texts.Add(name);
-    result.conditions.push_back(condition);
+    conditions_.push_back(condition);
 }
 
 bool CssSelectorReader::ReadCompound(CssTokenStream& tokens, CssSelector& selector,
@@ -88,16 +98,16 @@ bool CssSelectorReader::ReadCompound(CssTokenStream& tokens, CssSelector& select
         const CssToken& token = tokens.PeekRaw();
         const bool afterElement = selector.pseudoElement != CssPseudoElement::None;
         if (token.Is(Kind::Hash) && token.isId) {
-            AddName(result, Condition::Id, tokens.NextRaw().text);
+            AddName(Condition::Id, tokens.NextRaw().text);
             selector.specificity = AddCssSpecificity(selector.specificity, cssIdWeight);
         } else if (token.IsDelim(u'.')) {
             tokens.NextRaw();
             if (!tokens.PeekRaw().Is(Kind::Ident)) return false;
-            AddName(result, Condition::Class, tokens.NextRaw().text);
+            AddName(Condition::Class, tokens.NextRaw().text);
             selector.specificity = AddCssSpecificity(selector.specificity, cssClassWeight);
         } else if (token.Is(Kind::OpenSquare)) {
             tokens.NextRaw();
-            if (!ReadAttribute(tokens.Arguments(), result)) return false;
+            if (!ReadAttribute(tokens.Arguments())) return false;
             selector.specificity = AddCssSpecificity(selector.specificity, cssClassWeight);
         } else if (token.Is(Kind::Colon)) {
             tokens.NextRaw();

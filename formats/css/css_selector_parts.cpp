@@ -51,7 +51,7 @@ Condition OperatorOf(char16_t delim) {
 
 } // namespace
 
-bool CssSelectorReader::ReadAttribute(CssTokenStream tokens, Compound& result) {
+bool CssSelectorReader::ReadAttribute(CssTokenStream tokens) {
     if (tokens.Peek().IsDelim(u'*') && tokens.PeekRaw(1).IsDelim(u'|')) {
         tokens.NextRaw();
         tokens.NextRaw();
@@ -73,7 +73,7 @@ bool CssSelectorReader::ReadAttribute(CssTokenStream tokens, Compound& result) {
         else if (tokens.TakeIdent(u"s"))
             condition.caseOf = CssCondition::Case::Exact;
     }
-    result.conditions.push_back(condition);
+    conditions_.push_back(condition);
     return tokens.AtEnd();
 }
 
@@ -86,7 +86,7 @@ bool CssSelectorReader::ReadPseudoClass(CssTokenStream& tokens, CssSelector& sel
     const CssToken name = tokens.NextRaw();
     if (name.Is(Kind::Function)) {
         if (selector.pseudoElement != CssPseudoElement::None) return false;
-        return ReadPseudoFunction(name, tokens.Arguments(), selector, result, depth);
+        return ReadPseudoFunction(name, tokens.Arguments(), selector, depth);
     }
     if (!name.Is(Kind::Ident)) return false;
     if (const CssPseudoElement old = OldCssPseudoElement(name.text);
@@ -98,13 +98,13 @@ bool CssSelectorReader::ReadPseudoClass(CssTokenStream& tokens, CssSelector& sel
     }
     const std::vector<CssCondition> conditions = CssPseudoClass(name.text);
     if (conditions.empty()) return false;
-    result.conditions.insert(result.conditions.end(), conditions.begin(), conditions.end());
+    conditions_.insert(conditions_.end(), conditions.begin(), conditions.end());
     selector.specificity = AddCssSpecificity(selector.specificity, cssClassWeight);
     return true;
 }
 
 bool CssSelectorReader::ReadPseudoFunction(const CssToken& name, CssTokenStream arguments,
-                                           CssSelector& selector, Compound& result, int depth) {
+                                           CssSelector& selector, int depth) {
     std::optional<CssCondition> condition = CssPseudoFunction(name.text);
     if (!condition) return false;
     std::uint32_t weight = cssClassWeight;
@@ -130,7 +130,7 @@ bool CssSelectorReader::ReadPseudoFunction(const CssToken& name, CssTokenStream 
         condition->a = nth->first;
         condition->b = nth->second;
     }
-    result.conditions.push_back(*condition);
+    conditions_.push_back(*condition);
     selector.specificity = AddCssSpecificity(selector.specificity, weight);
     return true;
 }

@@ -23,20 +23,23 @@ class CssSelectorReader {
   private:
     struct Compound {
         CssCompound compound;
-        std::vector<CssCondition> conditions;
+        std::size_t firstCondition = 0; // of `conditions_`
         bool empty = true;
     };
     bool ReadSelector(CssTokenStream tokens, CssSelector& selector, int depth);
     bool ReadCompound(CssTokenStream& tokens, CssSelector& selector, Compound& result, int depth);
     bool ReadType(CssTokenStream& tokens, CssSelector& selector, Compound& result);
-    bool ReadAttribute(CssTokenStream tokens, Compound& result);
+    bool ReadAttribute(CssTokenStream tokens);
     bool ReadPseudoClass(CssTokenStream& tokens, CssSelector& selector, Compound& result,
                          int depth);
     bool ReadPseudoFunction(const CssToken& name, CssTokenStream arguments, CssSelector& selector,
-                            Compound& result, int depth);
+                            int depth);
+    void Finish(Compound& result);
     bool ReadPseudoElement(CssTokenStream& tokens, CssSelector& selector, Compound& result);
-    void AddName(Compound& result, CssCondition::Kind kind, std::u16string_view name);
+    void AddName(CssCondition::Kind kind, std::u16string_view name);
     bool HasRoom() const;
 
     CssSheet& sheet_;
+    // Of the compounds that are being read, one within the other; those of the innermost are last.
+    std::vector<CssCondition> conditions_;
 };

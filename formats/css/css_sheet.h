@@ -7,11 +7,9 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -117,17 +115,17 @@ struct CssRule {
     std::uint32_t declarations = 0, declarationCount = 0; // of the sheet's block
 };
 
-// Texts by number; number 0 is the empty one.
+// Texts by number, one after the other; number 0 is the empty one.
 class CssTexts {
   public:
     std::uint32_t Add(std::u16string_view text);
-    std::uint32_t Find(std::u16string_view text) const; // 0 for none
-    std::u16string_view operator[](std::uint32_t number) const { return texts_[number]; }
-    std::size_t Count() const { return texts_.size(); }
+    std::u16string_view operator[](std::uint32_t number) const {
+        return std::u16string_view(all_).substr(ends_[number], ends_[number + 1] - ends_[number]);
+    }
 
   private:
-    std::deque<std::u16string> texts_{u""};
-    std::unordered_map<std::u16string_view, std::uint32_t> numbers_{{u"", 0}};
+    std::u16string all_;
+    std::vector<std::uint32_t> ends_{0, 0}; // of the text before each, and of the last one
 };
 
 struct CssSheet {

@@ -57,6 +57,36 @@ TEST_CASE("css: elements meet the rules of their own names only") {
     CHECK(StepsOf(css, Repeat(u"<p class=c7>t", 1000)) <= 10'010);
 }
 
+TEST_CASE("css: rules of names that the page has not are passed over") {
+    std::u16string css;
+    for (int i = 0; i < 20'000; ++i) {
+        const std::u16string number = Utf8ToUtf16(std::to_string(i));
+        css += u".some-name-" + number + u" p{color:red}.c #name-" + number + u" b{color:red}";
+    }
+    const HtmlTree tree = ReadHtml(u"<!DOCTYPE html><p class=c>t");
+    AllocationCounter counter;
+    const CssSheet sheet = ReadCss(css);
+    CHECK(counter.Counts().count < 4 * sheet.rules.size());
+    AllocationCounter plainCounter;
+    StylePage(tree, {}, {});
+    const std::size_t without = plainCounter.Counts().allBytes;
+    AllocationCounter stylingCounter;
+    StylePage(tree, {&sheet, 1}, {});
+    CHECK(stylingCounter.Counts().allBytes < without + 50'000);
+}
+
+TEST_CASE("css: names of rules are those of the page in any case where that is in quirks mode") {
+    const auto left = [](const std::u16string& start) {
+        const HtmlTree tree = ReadHtml(start + u"<p class='Note x' id=First>t");
+        const CssSheet sheet = ReadCss(u".nOTE{margin-left:3px}#fIRST{margin-right:4px}");
+        const CssPageStyles styles = StylePage(tree, {&sheet, 1}, {});
+        const CssBoxStyle& box = *styles.Of(tree[tree.Body()].firstChild).box;
+        return box.margin[cssLeft].value + box.margin[cssRight].value;
+    };
+    CHECK(left(u"") == 7);
+    CHECK(left(u"<!DOCTYPE html>") == 0);
+}
+
 TEST_CASE("css: a page that asks for too much is not styled to its end") {
     // 20,000 rules for each of 20,000 elements.
     const std::u16string css = Repeat(u"*{margin-left:3px}", 20'000);
@@ -66,6 +96,16 @@ TEST_CASE("css: a page that asks for too much is not styled to its end") {
     CHECK(page.Box(u"first").margin[cssLeft] == CssLength::Pixels(3));
     CHECK(page.Box().margin[cssLeft] == CssLength::Pixels(0));
     CHECK(page.Box().display == CssDisplay::Block); // by the default sheet
+}
+
+// Rules with many declarations: their number is what takes the time.
+TEST_CASE("css: declarations count as what they cost") {
+    std::u16string body;
+    for (int i = 0; i < 400; ++i)
+        body += u"<p style='top:" + Utf8ToUtf16(std::to_string(i)) + u"px'>t";
+    const std::uint64_t one = StepsOf(Repeat(u"p{top:0}", 4'000), body),
+                        ten = StepsOf(Repeat(u"p{" + Repeat(u"top:0;", 10) + u"}", 4'000), body);
+    CHECK(ten > 2 * one);
 }
 
 // A search for "aa...ab" in "aa...a" compares all of the one at each place of the other.
