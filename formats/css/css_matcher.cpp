@@ -37,7 +37,8 @@ void CssMatcher::Open(HtmlNodeId element) {
     frames_.push_back(frame);
     const auto priority = [this](std::uint32_t rule) { return index_.Rule(rule).priority; };
     if (!std::ranges::is_sorted(rules_, {}, priority)) std::ranges::sort(rules_, {}, priority);
-    // A rule that holds is sorted, and its declarations are applied, which takes longer than a test.
+    // A rule that holds is sorted, and its declarations are applied, which takes longer than a
+    // test.
     constexpr std::uint64_t stepsOfRule = 6, stepsOfDeclaration = 2;
     for (const std::uint32_t rule : rules_)
         steps_ += stepsOfRule + stepsOfDeclaration * index_.Rule(rule).rule->declarationCount;

@@ -31,7 +31,7 @@ class CssPageNames {
     std::uint64_t HashOf(std::u16string_view name) const;
 
     const HtmlTree& tree_;
-    bool ignoreCase_; // ids and classes of pages in quirks mode
+    bool ignoreCase_;         // ids and classes of pages in quirks mode
     std::vector<Slot> slots_; // hashed; a slot's number is that of its name, and 1 more
     std::size_t count_ = 0;
 };
