@@ -9,7 +9,7 @@
 
 struct CssComputeContext {
     CssMedium medium;
-    float rootFontSize = 16;
+    float rootFontSize = 16, rootLineHeight = 0;
     bool isRoot = false;
     bool quirks = false; // of the page
     // Numbers of lists, equal ones for equal lists.

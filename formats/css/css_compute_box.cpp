@@ -140,7 +140,8 @@ float CssBorderWidth(float width) {
 
 CssBoxStyle ComputeCssBox(const CssCascade& cascade, const CssInheritedStyle& inherited,
                           const CssBoxStyle& parent, CssComputeContext& context) {
-    const CssPicker pick(cascade, inherited.fontSize, context);
+    const CssPicker pick(cascade, inherited.fontSize,
+                         CssLineHeightPixels(inherited.lineHeight, inherited.fontSize), context);
     CssBoxStyle box;
     box.rare = ComputeCssRare(cascade, pick, inherited, *parent.rare, context);
     ComputeDisplay(pick, parent, context, box);

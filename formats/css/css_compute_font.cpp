@@ -43,7 +43,8 @@ std::uint16_t WeightOf(const CssValue& value, std::uint16_t parent) {
 
 void ComputeCssFont(const CssCascade& cascade, const CssInheritedStyle& parent,
                     CssComputeContext& context, CssInheritedStyle& style) {
-    const CssPicker onParent(cascade, parent.fontSize, context);
+    const float line = CssLineHeightPixels(parent.lineHeight, parent.fontSize);
+    const CssPicker onParent(cascade, parent.fontSize, line, context);
     const CssCascaded& families = cascade[P::FontFamily];
     style.families = parent.families;
     style.monospace = parent.monospace;
@@ -62,7 +63,7 @@ void ComputeCssFont(const CssCascade& cascade, const CssInheritedStyle& parent,
         outer *= style.monospace ? monospaceFactor : 1 / monospaceFactor;
     // The root's own `rem` is the initial size.
     const CssLengthBase base{outer, context.isRoot ? context.medium.fontSize : context.rootFontSize,
-                             &context.medium};
+                             &context.medium, line, context.isRoot ? line : context.rootLineHeight};
     const float size = onParent.Pick(P::FontSize, outer, medium, [&](const CssValue& value) {
         if (value.kind == CssValue::Kind::Percent) return outer * value.number / 100;
         if (value.kind == CssValue::Kind::Sum) return onParent.LengthOf(value).Of(outer);

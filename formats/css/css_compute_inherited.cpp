@@ -38,18 +38,21 @@ CssInheritedStyle ComputeCssInherited(const CssCascade& cascade, const CssInheri
                                       CssComputeContext& context) {
     CssInheritedStyle style;
     ComputeCssFont(cascade, parent, context, style);
-    const CssPicker pick(cascade, style.fontSize, context);
-    ComputeColor(cascade, pick, parent, style);
-    const CssLength zero = CssLength::Pixels(0);
+    const CssPicker onParent(cascade, style.fontSize,
+                             CssLineHeightPixels(parent.lineHeight, parent.fontSize), context);
     style.lineHeight =
-        pick.Pick(P::LineHeight, parent.lineHeight, CssLength{}, [&](const CssValue& value) {
-            const CssLength length = pick.LengthOf(value);
+        onParent.Pick(P::LineHeight, parent.lineHeight, CssLength{}, [&](const CssValue& value) {
+            const CssLength length = onParent.LengthOf(value);
             const bool isShare =
                 length.kind == CssLength::Kind::Percent || length.kind == CssLength::Kind::Sum;
             if (!isShare) return length;
             // Children inherit the pixels.
             return CssLength::Pixels(std::max(0.0f, length.Of(style.fontSize)));
         });
+    const CssPicker pick(cascade, style.fontSize,
+                         CssLineHeightPixels(style.lineHeight, style.fontSize), context);
+    ComputeColor(cascade, pick, parent, style);
+    const CssLength zero = CssLength::Pixels(0);
     style.textIndent = pick.Length(P::TextIndent, parent.textIndent, zero);
     style.letterSpacing = pick.Pixels(P::LetterSpacing, parent.letterSpacing, 0);
     style.wordSpacing = pick.Pixels(P::WordSpacing, parent.wordSpacing, 0);

@@ -7,10 +7,13 @@
 
 class CssPicker {
   public:
-    CssPicker(const CssCascade& cascade, float fontSize, CssComputeContext& context)
+    // Lengths in lines are of the line height that is given.
+    CssPicker(const CssCascade& cascade, float fontSize, float lineHeight,
+              CssComputeContext& context)
         : cascade_(cascade),
           context_(context), base_{fontSize, context.isRoot ? fontSize : context.rootFontSize,
-                                   &context.medium} {}
+                                   &context.medium, lineHeight,
+                                   context.isRoot ? lineHeight : context.rootLineHeight} {}
 
     // The parent's value, the initial one, or what `convert` makes of the declared one.
     template <typename T, typename Convert>

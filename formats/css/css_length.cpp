@@ -17,6 +17,7 @@ constexpr UnitEntry units[] = {
     {u"px", CssUnit::Px, 1},          {u"em", CssUnit::Em, 1},
     {u"pt", CssUnit::Px, 96.0f / 72}, {u"rem", CssUnit::Rem, 1},
     {u"ex", CssUnit::Ex, 1},          {u"ch", CssUnit::Ch, 1},
+    {u"lh", CssUnit::Lh, 1},          {u"rlh", CssUnit::Rlh, 1},
     {u"in", CssUnit::Px, 96},         {u"cm", CssUnit::Px, 96 / 2.54f},
     {u"mm", CssUnit::Px, 96 / 25.4f}, {u"q", CssUnit::Px, 96 / 101.6f},
     {u"pc", CssUnit::Px, 16},         {u"vw", CssUnit::Vw, 1},
@@ -30,6 +31,7 @@ constexpr UnitEntry units[] = {
 
 // Of fonts whose measures are not known here; CSS gives half an em for both.
 constexpr float exOfEm = 0.5f, chOfEm = 0.5f;
+constexpr float normalLineHeight = 1.15f; // of those that most pages are shown in
 
 float OneOf(CssUnit unit, const CssLengthBase& base) {
     const float width = base.medium ? base.medium->viewportWidth / 100 : 0;
@@ -41,6 +43,8 @@ float OneOf(CssUnit unit, const CssLengthBase& base) {
     case CssUnit::Rem: return base.rootFontSize;
     case CssUnit::Ex: return base.fontSize * exOfEm;
     case CssUnit::Ch: return base.fontSize * chOfEm;
+    case CssUnit::Lh: return base.lineHeight;
+    case CssUnit::Rlh: return base.rootLineHeight;
     case CssUnit::Vw: return width;
     case CssUnit::Vh: return height;
     case CssUnit::Vmin: return std::min(width, height);
@@ -70,4 +74,12 @@ float ClampCssPixels(float pixels) {
 
 float CssPixels(const CssValue& length, const CssLengthBase& base) {
     return ClampCssPixels(length.number * OneOf(length.unit, base));
+}
+
+float CssLineHeightPixels(const CssLength& lineHeight, float fontSize) {
+    switch (lineHeight.kind) {
+    case CssLength::Kind::Number: return lineHeight.value * fontSize;
+    case CssLength::Kind::Pixels: return lineHeight.value;
+    default: return normalLineHeight * fontSize;
+    }
 }

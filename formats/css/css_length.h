@@ -2,6 +2,7 @@
 #pragma once
 
 #include "formats/css/css_reading.h"
+#include "formats/css/css_style.h"
 #include "formats/css/css_tokenizer.h"
 #include "formats/css/css_value.h"
 
@@ -14,7 +15,11 @@ std::optional<CssValue> CssLengthOf(const CssToken& token, bool quirks);
 struct CssLengthBase {
     float fontSize = 16, rootFontSize = 16;
     const CssMedium* medium = nullptr;
+    float lineHeight = 0, rootLineHeight = 0;
 };
+
+// Of a line height as it is computed; of `normal` what usual fonts have.
+float CssLineHeightPixels(const CssLength& lineHeight, float fontSize);
 
 float CssPixels(const CssValue& length, const CssLengthBase& base);
 float ClampCssPixels(float pixels);

@@ -34,12 +34,39 @@ class MathReader {
             Add(Step::Max); // min wins over max
             return max;
         }
+        if (name.IsFunction(u"round") || name.IsFunction(u"mod") || name.IsFunction(u"rem"))
+            return ReadRounding(name, arguments);
         std::optional<Type> type = ReadSum(arguments);
         const bool isMin = name.IsFunction(u"min");
         while (type && (isMin || name.IsFunction(u"max")) && !arguments.AtEnd()) {
             type = ReadNext(arguments, type);
             Add(isMin ? Step::Min : Step::Max);
         }
+        return type;
+    }
+
+    std::optional<Type> ReadRounding(const CssToken& name, CssTokenStream& arguments) {
+        Step step = name.IsFunction(u"mod")   ? Step::Mod
+                    : name.IsFunction(u"rem") ? Step::Rem
+                                              : Step::RoundNearest;
+        if (step == Step::RoundNearest && arguments.Peek().Is(Kind::Ident)) {
+            if (arguments.TakeIdent(u"up"))
+                step = Step::RoundUp;
+            else if (arguments.TakeIdent(u"down"))
+                step = Step::RoundDown;
+            else if (arguments.TakeIdent(u"to-zero"))
+                step = Step::RoundToZero;
+            else if (!arguments.TakeIdent(u"nearest"))
+                return std::nullopt;
+            if (!arguments.Take(Kind::Comma)) return std::nullopt;
+        }
+        auto type = ReadSum(arguments);
+        const bool isStepLeftOut = type == Type::Number && arguments.AtEnd();
+        if (isStepLeftOut && name.IsFunction(u"round"))
+            type = Push(CssValue::Number(1), Type::Number);
+        else
+            type = ReadNext(arguments, type);
+        Add(step);
         return type;
     }
 
@@ -119,12 +146,34 @@ Sum Product(const Sum& left, const Sum& right) {
     return left.isNumber ? right.Times(left.number) : left.Times(right.number);
 }
 
-Sum Smaller(const Sum& left, const Sum& right, const CssLengthBase& base, bool smaller) {
+// A percentage is of the window's width.
+float SizeOf(const Sum& sum, const CssLengthBase& base) {
     const float whole = base.medium ? base.medium->viewportWidth : 0;
-    const auto size = [&](const Sum& sum) {
-        return sum.number + sum.pixels + sum.percent * whole / 100;
-    };
-    return (size(left) <= size(right)) == smaller ? left : right;
+    return sum.number + sum.pixels + sum.percent * whole / 100;
+}
+
+Sum Smaller(const Sum& left, const Sum& right, const CssLengthBase& base, bool smaller) {
+    return (SizeOf(left, base) <= SizeOf(right, base)) == smaller ? left : right;
+}
+
+float Rounded(float value, float step, Step how) {
+    if (step == 0) return 0;
+    const float times = value / std::abs(step);
+    switch (how) {
+    case Step::RoundNearest: return std::floor(times + 0.5f) * std::abs(step);
+    case Step::RoundUp: return std::ceil(times) * std::abs(step);
+    case Step::RoundDown: return std::floor(times) * std::abs(step);
+    case Step::RoundToZero: return std::trunc(times) * std::abs(step);
+    case Step::Mod: return value - std::floor(value / step) * step;
+    default: return std::fmod(value, step);
+    }
+}
+
+Sum Rounded(const Sum& left, const Sum& right, const CssLengthBase& base, Step how) {
+    if (left.isNumber) return {0, 0, Rounded(left.number, right.number, how), true};
+    if (left.percent == 0 && right.percent == 0)
+        return {Rounded(left.pixels, right.pixels, how), 0, 0, false};
+    return {Rounded(SizeOf(left, base), SizeOf(right, base), how), 0, 0, false};
 }
 
 CssValue ValueOf(const Sum& sum) {
@@ -143,7 +192,8 @@ CssValue ValueOf(const Sum& sum) {
 
 bool IsCssMath(const CssToken& token) {
     return token.IsFunction(u"calc") || token.IsFunction(u"min") || token.IsFunction(u"max") ||
-           token.IsFunction(u"clamp") || token.IsFunction(u"-webkit-calc");
+           token.IsFunction(u"clamp") || token.IsFunction(u"round") || token.IsFunction(u"mod") ||
+           token.IsFunction(u"rem") || token.IsFunction(u"-webkit-calc");
 }
 
 std::optional<CssMathResult> ReadCssMath(CssTokenStream& tokens) {
@@ -167,13 +217,16 @@ CssValue EvaluateCssMath(const CssMath& math, const CssLengthBase& base, bool& c
         Sum& left = sums.back();
         const bool compares = step.kind == Step::Min || step.kind == Step::Max;
         comparesPercent |= compares && left.percent != right.percent;
+        comparesPercent |=
+            step.kind >= Step::RoundNearest && (left.percent != 0 || right.percent != 0);
         switch (step.kind) {
         case Step::Add: left = left.Plus(right); break;
         case Step::Subtract: left = left.Plus(right.Times(-1)); break;
         case Step::Multiply: left = Product(left, right); break;
         case Step::Divide: left = left.Times(right.number == 0 ? 0 : 1 / right.number); break;
         case Step::Min: left = Smaller(left, right, base, true); break;
-        default: left = Smaller(left, right, base, false); break;
+        case Step::Max: left = Smaller(left, right, base, false); break;
+        default: left = Rounded(left, right, base, step.kind); break;
         }
     }
     return ValueOf(sums.back());

@@ -1,4 +1,5 @@
-// calc(), min(), max() and clamp(): lengths, percentages and numbers that are reckoned up.
+// calc(), min(), max(), clamp(), round(), mod() and rem(): lengths, percentages and numbers that
+// are reckoned up.
 #pragma once
 
 #include "formats/css/css_length.h"
@@ -20,6 +21,6 @@ bool IsCssMath(const CssToken& token);
 std::optional<CssMathResult> ReadCssMath(CssTokenStream& tokens);
 
 // A number, a length, a percentage, or a sum of these two. `comparesPercent` becomes true where
-// the smaller or larger of a length and a percentage was asked for: it is told by the window's
+// a length and a percentage were compared, or a percentage rounded: it is told by the window's
 // width, as that of the box is not known yet.
 CssValue EvaluateCssMath(const CssMath& math, const CssLengthBase& base, bool& comparesPercent);

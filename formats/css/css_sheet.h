@@ -26,7 +26,22 @@ struct CssWrittenDeclaration {
 
 // A step of a sum: a value is put on a stack, or the two on top of it become one.
 struct CssMathStep {
-    enum class Kind : std::uint8_t { Value, Add, Subtract, Multiply, Divide, Min, Max };
+    enum class Kind : std::uint8_t {
+        Value,
+        Add,
+        Subtract,
+        Multiply,
+        Divide,
+        Min,
+        Max,
+        // The left one as a multiple of the right one; half of it goes up with RoundNearest.
+        RoundNearest,
+        RoundUp,
+        RoundDown,
+        RoundToZero,
+        Mod, // what is left of the division, with the sign of the right one
+        Rem  // likewise, with that of the left one
+    };
     Kind kind = Kind::Value;
     CssValue value;
 };

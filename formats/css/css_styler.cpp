@@ -1,6 +1,7 @@
 #include "formats/css/css_styler.h"
 
 #include "formats/css/css_default_sheet.h"
+#include "formats/css/css_length.h"
 #include "formats/css/css_limits.h"
 #include "formats/css/css_parser.h"
 
@@ -92,7 +93,11 @@ void CssStyler::StyleElement(HtmlNodeId element, std::uint32_t parent) {
     const std::uint32_t number =
         NumberOfKey(parent, CssPseudoElement::None, style ? style->Value() : std::u16string_view());
     page_.numbers_[element] = number;
-    if (context_.isRoot) context_.rootFontSize = page_.styles_[number].inherited->fontSize;
+    if (context_.isRoot) {
+        const CssInheritedStyle& root = *page_.styles_[number].inherited;
+        context_.rootFontSize = root.fontSize;
+        context_.rootLineHeight = CssLineHeightPixels(root.lineHeight, root.fontSize);
+    }
     context_.isRoot = false;
     if (page_.styles_[number].box->display == CssDisplay::None) return;
     hints_.declarations.clear();

@@ -23,7 +23,7 @@ constexpr CssColor cssTransparent{0, 0, 0, 0};
 
 // What a length is relative to. The absolute units are pixels once they are read.
 // QuirkyEm, of the default sheet alone, is an em that goes in some places of a page in quirks mode.
-enum class CssUnit : std::uint8_t { Px, Em, QuirkyEm, Rem, Ex, Ch, Vw, Vh, Vmin, Vmax };
+enum class CssUnit : std::uint8_t { Px, Em, QuirkyEm, Rem, Ex, Ch, Lh, Rlh, Vw, Vh, Vmin, Vmax };
 
 struct CssFontFamily {
     std::u16string name;

@@ -88,6 +88,37 @@ TEST_CASE("css: sums of lengths") {
     CHECK(PageOf(u"div{margin:0 calc(1px + 1px)}", u"<div id=x>").Box().margin[cssLeft] == Px(2));
 }
 
+TEST_CASE("css: lengths that are rounded") {
+    CHECK(Width(u"div{width:round(12px, 5px)}") == Px(10));
+    CHECK(Width(u"div{width:round(nearest, 12.5px, 5px)}") == Px(15));
+    CHECK(Width(u"div{width:round(up, 11px, 5px)}") == Px(15));
+    CHECK(Width(u"div{width:round(down, 14px, 5px)}") == Px(10));
+    CHECK(Width(u"div{width:calc(20px + round(to-zero, -14px, 5px))}") == Px(10));
+    CHECK(Width(u"div{width:mod(17px, 5px)}") == Px(2));
+    CHECK(Width(u"div{width:mod(-3px, 5px)}") == Px(2));
+    CHECK(Width(u"div{width:calc(10px + rem(-3px, 5px))}") == Px(7));
+    CHECK(Width(u"div{width:calc(round(2.6) * 1px)}") == Px(3));
+    CHECK(Width(u"div{width:round(33%, 100px)}") == Px(300)); // in a window of 800
+    CHECK(Width(u"div{width:round(7px, 0px)}") == Px(0));
+    for (const std::u16string_view wrong :
+         {u"round(7px)", u"round(sideways, 7px, 2px)", u"mod(7px)", u"rem(7px, 2)", u"round()",
+          u"mod(up, 7px, 2px)"})
+        CHECK(Width(std::u16string(u"div{width:5px;width:") + std::u16string(wrong) + u"}") ==
+              Px(5));
+}
+
+TEST_CASE("css: lengths in lines") {
+    CHECK(Width(u"div{font-size:10px;line-height:1.5;width:2lh}") == Px(30));
+    CHECK(Width(u":root{line-height:20px}div{line-height:3;width:2rlh}") == Px(40));
+    CHECK(Width(u":root{line-height:20px;width:1rlh}div{width:inherit}body{width:inherit}") ==
+          Px(20));
+    // A line height in lines is of those around.
+    CHECK(PageOf(u"body{line-height:20px}div{line-height:2lh}", u"<div id=x>").Text().lineHeight ==
+          Px(40));
+    CHECK(Width(u"div{font-size:10px;line-height:normal;width:2lh}") == Px(23));
+    CHECK(Width(u"div{font-size:10px;width:4ex}") == Px(20));
+}
+
 TEST_CASE("css: sums that make no sense") {
     for (const std::u16string_view wrong :
          {u"calc(1px + 2)", u"calc(1px * 2px)", u"calc(1 / 2px)", u"calc(1px 2px)", u"calc()",
