@@ -3,6 +3,7 @@
 #include "formats/css/css_limits.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -69,6 +70,7 @@ std::optional<CssValue> CssLengthOf(const CssToken& token, bool quirks) {
 }
 
 float ClampCssPixels(float pixels) {
+    if (std::isnan(pixels)) return 0; // none of a number without end
     return std::clamp(pixels, -maxCssPixels, maxCssPixels);
 }
 

@@ -178,6 +178,7 @@ Sum Rounded(const Sum& left, const Sum& right, const CssLengthBase& base, Step h
 
 CssValue ValueOf(const Sum& sum) {
     constexpr float max = 32'767;
+    if (std::isnan(sum.number + sum.pixels + sum.percent)) return CssValue::Pixels(0);
     if (sum.isNumber) return CssValue::Number(ClampCssPixels(sum.number));
     if (sum.percent == 0) return CssValue::Pixels(ClampCssPixels(sum.pixels));
     if (sum.pixels == 0) return CssValue::Percent(sum.percent);

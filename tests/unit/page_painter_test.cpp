@@ -166,3 +166,24 @@ TEST_CASE("page painter: a picture that cannot be shown has its text in its plac
     CHECK(framed.front().text == u"two");
     CHECK(Painted(u"<img alt='' width=60 height=40 style='display:block'>").empty());
 }
+
+TEST_CASE("page painter: a legend stands in the line of its fieldset's border") {
+    const std::u16string fieldset =
+        u"<fieldset style='margin:0;padding:0;border:2px solid #0000ff;background:#00ff00'>";
+    const std::u16string legend = u"<legend style='padding:0'>abc</legend>one</fieldset>";
+    const auto drawings = Painted(fieldset + legend);
+    CHECK(Fills(drawings, 0x00FF00) == std::vector<Rect>{{0, 7, 100, 27}});
+    CHECK(Fills(drawings, 0xFF0000) ==
+          std::vector<Rect>{
+              {0, 7, 2, 2}, {26, 7, 74, 2}, {0, 32, 100, 2}, {0, 7, 2, 27}, {98, 7, 2, 27}});
+    CHECK(PageSample(fieldset + legend).Lines(100) == "2,0 abc|2,16 one");
+    // In the middle, or no legend: there is text before it, it floats.
+    CHECK(PageSample(fieldset + u"<legend style='padding:0;margin:0 auto'>abc</legend>one")
+              .Lines(100) == "38,0 abc|2,16 one");
+    CHECK(PageSample(fieldset + u"one" + legend).Lines(100) == "2,2 one|2,34 one|2,18 abc");
+    CHECK(PageSample(fieldset + u"<legend style='padding:0;float:right'>abc</legend>one")
+              .Lines(100) == "2,2 one|74,2 abc");
+    // One that is lower than the border is in its middle.
+    CHECK(PageSample(u"<fieldset style='margin:0;padding:0;border:20px solid'>" + legend)
+              .Lines(100) == "20,2 abc|20,20 one");
+}

@@ -248,7 +248,7 @@ PageFragmentPtr BlockFlow::LayOutAlone(PageBoxId id, const BoxEdges& edges) {
 std::optional<InlineEdges> BlockFlow::RoomBesideFloats(PageBoxId id) {
     const PageBox& box = layouter_.Box(id);
     const CssBoxStyle& style = *box.style;
-    const bool isBlock = box.kind != PageBoxKind::Picture && style.flowRoot;
+    const bool isBlock = box.kind != PageBoxKind::Picture && (style.flowRoot || box.isFieldset);
     if ((!isBlock && box.kind != PageBoxKind::Table) || !style.width.IsAuto()) return {};
     const InlineEdges room = open_.back().room;
     const double bottom = floats_.ClearedTop(true, true, top_);

@@ -56,7 +56,7 @@ void FillBox(const BoxPaint& paint, const Rect& box, CssColor color) {
 }
 
 void PaintBorders(const BoxPaint& paint, const CssBoxStyle& style, const Rect& box,
-                  const CssSides<bool>& shown) {
+                  const CssSides<bool>& shown, int gapLeft, int gapRight) {
     const auto width = [&](CssSide side) {
         const float css = style.borderWidth[side];
         if (css <= 0 || !shown[side]) return 0;
@@ -68,7 +68,12 @@ void PaintBorders(const BoxPaint& paint, const CssBoxStyle& style, const Rect& b
     };
     const int top = width(cssTop), bottom = width(cssBottom);
     const int left = width(cssLeft), right = width(cssRight);
-    paintSide(cssTop, {box.left, box.top, box.width, top}, false);
+    if (gapLeft < gapRight) {
+        paintSide(cssTop, {box.left, box.top, gapLeft - box.left, top}, false);
+        paintSide(cssTop, {gapRight, box.top, Right(box) - gapRight, top}, false);
+    } else {
+        paintSide(cssTop, {box.left, box.top, box.width, top}, false);
+    }
     paintSide(cssBottom, {box.left, Bottom(box) - bottom, box.width, bottom}, false);
     paintSide(cssLeft, {box.left, box.top, left, box.height}, true);
     paintSide(cssRight, {Right(box) - right, box.top, right, box.height}, true);

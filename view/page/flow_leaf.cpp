@@ -3,6 +3,7 @@
 bool StandsAlone(const PageBox& box) {
     if (box.kind == PageBoxKind::Picture || box.kind == PageBoxKind::Table) return true;
     if (box.parent == noPageBox || box.isTooLong) return false; // the page, or as much of it
+    if (box.isFieldset || box.isLegend) return true;
     const CssBoxStyle& style = *box.style;
     const auto isSet = [](const CssLength& length) {
         return length.kind == CssLength::Kind::Pixels;

@@ -2,12 +2,21 @@
 
 #include "view/page/block_flow.h"
 #include "view/page/flex_layout.h"
+#include "view/page/flow_leaf.h"
 #include "view/page/grid_layout.h"
 #include "view/page/multi_columns.h"
 #include "view/page/ruby_layout.h"
 #include "view/page/table_layout.h"
 
 #include <algorithm>
+
+PageBoxId LegendOf(const PageBoxes& boxes, PageBoxId id) {
+    const PageBox& box = boxes[id];
+    if (!box.isFieldset) return noPageBox;
+    const bool isFlow = !IsFlexContainer(box) && !IsGridContainer(box) && !HasColumns(box);
+    const PageBoxId first = boxes.FirstChild(id);
+    return isFlow && boxes[first].isLegend && StandsAlone(boxes[first]) ? first : noPageBox;
+}
 
 double LayOutContent(PageLayouter& layouter, PageBoxId container, double width,
                      std::optional<InlineEdges> positioned, PageFragment& result) {
@@ -16,6 +25,8 @@ double LayOutContent(PageLayouter& layouter, PageBoxId container, double width,
     if (IsGridContainer(box)) return LayOutGrid(layouter, container, width, positioned, result);
     if (HasColumns(box)) return LayOutInColumns(layouter, container, width, positioned, result);
     BlockFlow flow(layouter, container, {0, width}, result, positioned);
+    const PageBoxId legend = LegendOf(layouter.Boxes(), container);
+    if (legend != noPageBox) flow.LeaveOut({legend});
     flow.LayOutContent();
     flow.Finish();
     return flow.Bottom();

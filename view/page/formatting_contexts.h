@@ -15,6 +15,8 @@ class PageLayouter;
 // With a content of this width, added to `result`. Answers the content's height.
 double LayOutContent(PageLayouter& layouter, PageBoxId container, double width,
                      std::optional<InlineEdges> positioned, PageFragment& result);
+// Of a fieldset, which is laid out apart, as its border has it; noPageBox without one.
+PageBoxId LegendOf(const PageBoxes& boxes, PageBoxId fieldset);
 // A table or a ruby.
 PageFragmentPtr LayOutAtomic(PageLayouter& layouter, PageBoxId box, double containing);
 // Of the content.

@@ -41,6 +41,8 @@ struct PageBox {
     bool isFirstLetter = false; // of Lines: they are a floating first letter of those around
     GeneratedPlace generatedPlace = GeneratedPlace::None; // a box of generated content
     bool isTooLong = false;                               // to be laid out by itself
+    // The first box in a fieldset is a legend in the line of its border, if it is a block.
+    bool isFieldset = false, isLegend = false;
     bool dropsQuirkyMargins = false; // a cell, or the page's body, in quirks mode
     // Lines or a table that is too long are several, one after the other: not the first of them;
     // of tables also not the last one.

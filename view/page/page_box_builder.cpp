@@ -41,6 +41,12 @@ class PageBoxBuilder : private BlockBuilder {
         if (StaysInFlow(node, *boxes_.Top().style)) boxes_.Top().isTooLong = true;
         if (tree_[node].Is(HtmlName::Body) && boxes_[rootPageBox].style->background.IsTransparent())
             boxes_.MakeTopCanvas();
+        if (kind == PageBoxKind::Block) {
+            boxes_.Top().isFieldset = tree_[node].Is(HtmlName::Fieldset);
+            boxes_.Top().isLegend = tree_[node].Is(HtmlName::Legend) &&
+                                    tree_[tree_[node].parent].Is(HtmlName::Fieldset) &&
+                                    !IsInLines(*boxes_.Top().style);
+        }
         boxes_.Top().dropsQuirkyMargins =
             tree_.Quirks() == HtmlQuirks::Full &&
             (kind == PageBoxKind::Cell || tree_[node].Is(HtmlName::Body));

@@ -73,7 +73,7 @@ PageFragmentPtr Stretched(const PageFragmentPtr& block, double height, double sh
     stretched->height = height;
     stretched->boxes = block->boxes;
     for (PlacedBox& placed : stretched->boxes)
-        placed.height = height;
+        placed.height = height - placed.top;
     for (PlacedPart part : block->parts) {
         part.top += shift;
         stretched->parts.push_back(std::move(part));

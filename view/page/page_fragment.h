@@ -17,6 +17,7 @@ struct PlacedBox {
     double left = 0, top = 0, width = 0, height = 0;
     bool beginsAbove = false, endsBelow = false; // of the fragment
     bool isColumnRule = false;                   // not the box, but a line between its columns
+    double gapLeft = 0, gapRight = 0; // of the border above, from `left` on: a legend stands there
 };
 
 struct PlacedPart {

@@ -46,6 +46,7 @@ PageFragmentPtr PageLayouter::LayOutBlock(PageBoxId id, double contentWidth, dou
     auto content = std::make_shared<PageFragment>();
     if (positioned) positioned = {positioned->left - left, positioned->right - left};
     double bottom = LayOutContent(*this, id, contentWidth, positioned, *content);
+    const PageBoxId legend = LegendOf(boxes_, id);
     content->width = contentWidth;
     if (HidesItsContent(*box.style) && !HasWords(*content)) {
         *content = {};
@@ -56,8 +57,36 @@ PageFragmentPtr PageLayouter::LayOutBlock(PageBoxId id, double contentWidth, dou
     fragment->height = insets.Top() + content->height + insets.Bottom();
     for (PlacedBox& placed : fragment->boxes)
         placed.height = fragment->height;
-    fragment->parts.push_back({left, insets.Top(), std::move(content)});
+    const double above = legend != noPageBox ? AddLegend(legend, left, contentWidth, *fragment) : 0;
+    fragment->parts.push_back({left, insets.Top() + above, std::move(content)});
     return fragment;
+}
+
+// Half above the line of the fieldset's border and half below, with a gap in that; by how much its
+// content is farther down.
+double PageLayouter::AddLegend(PageBoxId legend, double left, double contentWidth,
+                               PageFragment& fieldset) {
+    const CssBoxStyle& style = *boxes_[legend].style;
+    const PageBox& around = boxes_[boxes_[legend].parent];
+    PageFragmentPtr block = LayOutShrunk(legend, contentWidth);
+    const BoxEdges edges =
+        measure_.OfWidth(style, *around.text, {left, left + contentWidth},
+                         block->width - measure_.SideInsets(style, contentWidth));
+    const double border = around.style->borderWidth[cssTop] * measure_.Scale();
+    const double height = block->height;
+    const double lower = std::max(0.0, (height - border) / 2); // than the top of the legend
+    const double above =
+        std::max(0.0, height + measure_.Margin(style, cssBottom, contentWidth) - border);
+    fieldset.height += above;
+    for (PlacedBox& placed : fieldset.boxes) {
+        placed.top = lower;
+        placed.height = fieldset.height - lower;
+        placed.gapLeft = edges.border.left;
+        placed.gapRight = edges.border.left + block->width;
+    }
+    fieldset.parts.push_back(
+        {edges.border.left, std::max(0.0, (border - height) / 2), std::move(block)});
+    return above;
 }
 
 PageFragmentPtr PageLayouter::LayOutShrunk(PageBoxId id, double containing) {

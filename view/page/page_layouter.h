@@ -84,6 +84,7 @@ class PageLayouter {
 
   private:
     BoxEdges EdgesOfLong(PageBoxId id, const CssInheritedStyle& around, InlineEdges room);
+    double AddLegend(PageBoxId legend, double left, double contentWidth, PageFragment& fieldset);
     double IndentOf(PageBoxId lines, double containing) const;
     Size PictureContentSize(PageBoxId id, const CssBoxStyle& style, double containing);
     Size LimitPicture(const CssBoxStyle& style, double containing, double width,

@@ -46,7 +46,9 @@ class FragmentPainter {
         if (placed.isColumnRule) return PaintRule(*style.rare, box);
         if (paint_.backgrounds && placed.box != paint_.boxes.CanvasBox())
             FillBox(Boxes(), box, style.background);
-        PaintBorders(Boxes(), style, box, {!placed.beginsAbove, true, !placed.endsBelow, true});
+        PaintBorders(Boxes(), style, box, {!placed.beginsAbove, true, !placed.endsBelow, true},
+                     Rounded(left + placed.left + placed.gapLeft),
+                     Rounded(left + placed.left + placed.gapRight));
     }
 
     void PaintRule(const CssRareStyle& columns, const Rect& box) const {
