@@ -13,7 +13,7 @@ bool IsNewline(char16_t unit) {
 }
 
 bool IsNonPrintable(char16_t unit) {
-    return unit <= 8 || unit == 0xB || (unit >= 0xE && unit <= 0x1F) || unit == 0x7F;
+    return unit <= 8 || unit == 0xB || (unit >= 0xE && unit < u' ') || unit == 0x7F;
 }
 
 CssToken OfKind(Kind kind, std::u16string_view text = {}) {

@@ -83,6 +83,7 @@ TEST_CASE("css: text becomes tokens") {
         {u"f(a) url(b.png) url( 'c' )", "fn:f id:a ) _ url:b.png _ fn:url _ 'c' _ )"},
         {u"url( a b ) c", "bad-url _ id:c"},
         {u"url(a'b) c", "bad-url _ id:c"},
+        {u"url(a!b) url(a\x1F) c", "url:a!b _ bad-url _ id:c"},
         {u"url(a\\)b) url(", "url:a)b _ url:"},
         {u"URL(x)", "url:x"},
         {u"@media @-x @ 1", "@media _ @-x _ @ _ int:1"},

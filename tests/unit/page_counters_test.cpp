@@ -24,6 +24,11 @@ TEST_CASE("counters: chapters and their sections are numbered") {
           "0,0 I. a|0,16 1.1 b|0,32 1.2 c|0,48 II. d|0,64 2.1 e");
 }
 
+TEST_CASE("counters: a page ends before what is written after it") {
+    CHECK(Lines(u"p{counter-increment:c}p::before{content:counter(c) ' '}",
+                u"<p>a</p></body></html><!-- made by hand -->") == "0,0 1 a");
+}
+
 TEST_CASE("counters: lists in lists have a number for each") {
     CHECK(
         Lines(u"ol{counter-reset:i}li{counter-increment:i}li::before{content:counters(i,'.') ' '}",

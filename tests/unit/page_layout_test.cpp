@@ -172,6 +172,15 @@ TEST_CASE("page layout: a float at the beginning of a line stands beside it") {
           "0,0 one/|0,16 two|60,16 f");
 }
 
+TEST_CASE("page layout: a margin at the top of a box is above its background") {
+    PageSample page(u"<div style='background:red'><p style='margin:20px 0'>x</div>");
+    page.flow.SetWidth(400);
+    const PageFragment& fragment = *page.flow.LayOut(0);
+    REQUIRE(fragment.boxes.size() == 1);
+    CHECK(fragment.boxes[0].top == 20);
+    CHECK(fragment.boxes[0].height == 16);
+}
+
 TEST_CASE("page layout: a box that only clears floats has its parent as high as them") {
     PageSample page(u"<div style='background:red'><div style='float:left'>a<br>b</div>"
                     u"<div style='clear:both'></div></div><p>x");

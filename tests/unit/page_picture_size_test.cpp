@@ -39,6 +39,7 @@ TEST_CASE("picture size: limits keep the shape of a picture without a size") {
 TEST_CASE("picture size: a given side decides about the other one") {
     CHECK(Styled(u"width:100px") == "0,0 100x50");
     CHECK(Styled(u"height:50px") == "0,0 100x50");
+    CHECK(Styled(u"height:0").find("200x100") == std::string::npos);
     CHECK(Styled(u"height:200px;max-width:100%", 100) == "0,0 100x50");
     CHECK(Styled(u"width:60px;aspect-ratio:3/2") == "0,0 60x40");
     CHECK(Styled(u"width:60px;aspect-ratio:auto 3/2") == "0,0 60x30");

@@ -40,10 +40,10 @@ LetterSpan FindFirstLetter(std::u16string_view text) {
         ++span.start;
     span.end = AfterPunctuation(text, span.start);
     if (span.end < text.size() && !IsHtmlSpace(text[span.end])) {
-        span.end += IsHighSurrogate(text[span.end]) && span.end + 1 < text.size() ? 2 : 1;
-        while (span.end < text.size() && IsCombiningMark(text[span.end]))
-            ++span.end;
-        span.end = AfterPunctuation(text, span.end);
+        span.end += FirstCharacter(text.substr(span.end)) > 0xFFFF ? 2 : 1;
+        const auto next = std::find_if_not(text.begin() + std::ptrdiff_t(span.end), text.end(),
+                                           IsCombiningMark);
+        span.end = AfterPunctuation(text, std::size_t(next - text.begin()));
     }
     return span;
 }
