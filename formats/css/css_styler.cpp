@@ -154,7 +154,8 @@ void CssStyler::MakeKey(std::uint32_t parent, CssPseudoElement which,
         key_.append(reinterpret_cast<const char*>(names.data()), names.size() * sizeof names[0]);
     }
     key_ += ';';
-    key_.append(reinterpret_cast<const char*>(attribute.data()), attribute.size() * sizeof attribute[0]);
+    key_.append(reinterpret_cast<const char*>(attribute.data()),
+                attribute.size() * sizeof attribute[0]);
 }
 
 std::uint32_t CssStyler::NumberOfKey(std::uint32_t parent, CssPseudoElement which,

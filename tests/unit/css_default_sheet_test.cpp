@@ -220,10 +220,14 @@ TEST_CASE("css: HTML's own colours") {
         std::u16string_view text;
         CssColor color;
     };
-    const Row rows[] = {{u"#ff8000", {255, 128, 0}}, {u"ff8000", {255, 128, 0}},
-                        {u" Red ", {255, 0, 0}},     {u"#f80", {255, 136, 0}},
-                        {u"f80", {15, 8, 0}},        {u"x", {0, 0, 0}},
-                        {u"#", {0, 0, 0}},           {u"#1234567890ab", {0x12, 0x56, 0x90}},
+    const Row rows[] = {{u"#ff8000", {255, 128, 0}},
+                        {u"ff8000", {255, 128, 0}},
+                        {u" Red ", {255, 0, 0}},
+                        {u"#f80", {255, 136, 0}},
+                        {u"f80", {15, 8, 0}},
+                        {u"x", {0, 0, 0}},
+                        {u"#", {0, 0, 0}},
+                        {u"#1234567890ab", {0x12, 0x56, 0x90}},
                         {u"123456789123456789123456789", {0x23, 0x23, 0x23}}};
     for (const Row& row : rows)
         CHECK_MESSAGE(HtmlColor(row.text) == row.color, Utf16ToUtf8(row.text));

@@ -41,8 +41,8 @@ LetterSpan FindFirstLetter(std::u16string_view text) {
     span.end = AfterPunctuation(text, span.start);
     if (span.end < text.size() && !IsHtmlSpace(text[span.end])) {
         span.end += FirstCharacter(text.substr(span.end)) > 0xFFFF ? 2 : 1;
-        const auto next = std::find_if_not(text.begin() + std::ptrdiff_t(span.end), text.end(),
-                                           IsCombiningMark);
+        const auto next =
+            std::find_if_not(text.begin() + std::ptrdiff_t(span.end), text.end(), IsCombiningMark);
         span.end = AfterPunctuation(text, std::size_t(next - text.begin()));
     }
     return span;
