@@ -229,8 +229,8 @@ TEST_CASE("line layout: a box has its width, and lines may break beside it") {
             const std::u16string word = rightToLeft ? u"\u05D0\u05D1\u05D2" : u"abc";
             const double wordWidth = TextWidth(layout, word);
             const int box = int(2 * wordWidth);
-            ParagraphText paragraph =
-                LineParagraph(layout, (word + objectReplacement).append(word), unlimited, rightToLeft);
+            ParagraphText paragraph = LineParagraph(layout, (word + objectReplacement).append(word),
+                                                    unlimited, rightToLeft);
             paragraph.boxes = {{3, box}};
             auto lines = layout.BreakLines(paragraph);
             REQUIRE(lines->Count() == 1);
