@@ -145,6 +145,15 @@ TEST_CASE("flex: items stand on one baseline, or where one of them asks for") {
           "0,0 a/|0,16 b|8,16 two");
 }
 
+TEST_CASE("flex: margins of a column take what is left") {
+    const std::u16string column = u"<div class=f style='flex-direction:column;";
+    const std::u16string foot = u"'><p>one<p>two<p style='margin-top:auto'>foot</div>x";
+    CHECK(Lines(column + u"height:80px" + foot) == "0,0 one|0,16 two|0,64 foot|0,80 x");
+    CHECK(Lines(column + foot) == "0,0 one|0,16 two|0,32 foot|0,48 x");
+    CHECK(Lines(column + u"height:64px;justify-content:end'><p style='margin-bottom:auto'>one"
+                         u"<p style='margin-bottom:auto'>two</div>") == "0,0 one|0,32 two");
+}
+
 TEST_CASE("flex: rows from below to above, and columns") {
     const std::u16string reverse = u"<div class=f style='flex-wrap:wrap-reverse;width:40px'>";
     CHECK(Lines(reverse + u"<p>one<p>two</div>x") == "0,0 two|0,16 one|0,32 x");

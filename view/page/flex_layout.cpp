@@ -187,7 +187,9 @@ class FlexLayouter {
             lefts.push_back(LayOutInColumn(item));
             height += OuterHeight(item);
         }
-        const double free = std::max(0.0, GivenHeight() - height);
+        double free = std::max(0.0, GivenHeight() - height);
+        const double ofMargin = free / std::max(1, AutoMargins(items)); // they take it before all
+        if (AutoMargins(items) > 0) free = 0;
         const bool isUpwards = style_.rare->flexDirection == CssFlexDirection::ColumnReverse;
         const CssJustifyContent justify = style_.rare->justifyContent;
         const CssJustifyContent atBottom =
@@ -198,10 +200,22 @@ class FlexLayouter {
         const double first = top;
         for (std::size_t i = 0; i < items.size(); ++i) {
             const double outer = OuterHeight(items[i]);
+            const CssSides<CssLength>& margin = layouter_.Box(items[i].id).style->margin;
+            if (margin[cssTop].IsAuto()) top += ofMargin;
             Place(items[i], lefts[i], top);
+            if (margin[cssBottom].IsAuto()) top += ofMargin;
             top += outer + measure_.Length(style_.rare->rowGap, 0);
         }
         return std::max(first + height, GivenHeight());
+    }
+
+    // Above and below items.
+    int AutoMargins(const std::vector<Item>& items) const {
+        int count = 0;
+        for (const Item& item : items)
+            for (const CssSide side : {cssTop, cssBottom})
+                count += layouter_.Box(item.id).style->margin[side].IsAuto();
+        return count;
     }
 
     // Answers the left edge of its margin box.
