@@ -61,6 +61,7 @@ void ConnectWindow(MainForm& form) {
     events.onShown = [&form] {
         form.messages.windowShown = true;
         ShowWaitingMessages(form);
+        OpenWaitingBooks(form);
     };
     events.onResize = [&form] { fwMain_Resize(form); };
     events.onUnload = [&form] { Form_Unload(form); };

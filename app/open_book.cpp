@@ -8,6 +8,7 @@
 #include "books/other_view.h"
 #include "common/flag_scope.h"
 #include "common/text.h"
+#include "formats/foreign_format.h"
 
 #include <utility>
 
@@ -57,6 +58,18 @@ bool CorrectKind(MainForm& form, int index, RequestedKind asked, std::string_vie
     ChangeKind(form, index, kind);
     return true;
 }
+
+// Whether a book that the list does not hold may be added: of a file of another format the user is
+// asked, when the profile has been entered if that is being done.
+bool MayAdd(MainForm& form, const BookFile& file) {
+    const std::u16string format(ForeignFormat(file.start));
+    if (format.empty()) return true;
+    if (form.ProfileChanging) {
+        form.waitingBooks.push_back({file.path});
+        return false;
+    }
+    return ConfirmForeignFile(form.messages, file.path, format);
+}
 } // namespace
 
 ListedBook AddBook(MainForm& form, const std::u16string& path, RequestedKind kind) {
@@ -73,6 +86,7 @@ ListedBook AddBook(MainForm& form, const std::u16string& path, RequestedKind kin
         if (!CorrectKind(form, index, kind, file.start)) return {};
         return {index, std::move(file)};
     }
+    if (!MayAdd(form, file)) return {};
 
     SaveBookState(form, 0);
     const BookKind newKind = kind.value_or(KindOfBook(path, file.start));

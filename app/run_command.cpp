@@ -9,14 +9,6 @@
 #include <utility>
 
 namespace {
-// While a command waits for a dialog its user is at something else: what comes by a later start or
-// a drop is opened after it, all of it, as each was asked for.
-void OpenWaitingBooks(MainForm& form) {
-    if (form.handling) return;
-    for (const auto& paths : std::exchange(form.waitingBooks, {}))
-        RunCommand(form, [&] { rtMain_FilesDropped(form, paths); });
-}
-
 // A message needs memory, too: where there is none even for that, nothing is shown.
 void ReportFailure(MainForm& form, const char16_t* text) noexcept {
     try {
@@ -32,6 +24,14 @@ void HandlePageEvents(MainForm& form) {
         RunCommand(form, [&] { wbMain_DocumentComplete(form, *url); });
     if (std::exchange(form.page.zoomed, false)) RunCommand(form, [&] { wbMain_Zoomed(form); });
     if (std::exchange(form.page.gone, false)) RunCommand(form, [&] { wbMain_Gone(form); });
+}
+
+// While a command waits for a dialog its user is at something else: what comes by a later start or
+// a drop is opened after it, all of it, as each was asked for.
+void OpenWaitingBooks(MainForm& form) {
+    if (form.handling || !form.messages.windowShown) return; // without it nobody can be asked
+    for (const auto& paths : std::exchange(form.waitingBooks, {}))
+        RunCommand(form, [&] { rtMain_FilesDropped(form, paths); });
 }
 
 void OpenAfterCommand(MainForm& form, const std::vector<std::u16string>& paths) {

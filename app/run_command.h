@@ -13,6 +13,7 @@ void RunCommand(MainForm&, const std::function<void()>& command);
 
 // Now, or after the command that is running:
 void OpenAfterCommand(MainForm&, const std::vector<std::u16string>& paths);
+void OpenWaitingBooks(MainForm&);
 void ShowWaitingMessages(MainForm&);
 // What happened to the page while a command ran is handled when that is done: without it the book
 // would never be brought to its place.

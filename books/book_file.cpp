@@ -2,12 +2,13 @@
 
 #include "books/book_kind.h"
 #include "common/text.h"
+#include "formats/foreign_format.h"
 #include "formats/rtf/rtf_reader.h"
 
 #include <algorithm>
 
 namespace {
-constexpr std::size_t examinedBytes = 512; // of the start, to recognise the kind
+constexpr std::size_t examinedBytes = foreignFormatStart; // to recognise the kind
 
 // A text of this size or less is read into memory: there nobody changes it while it is shown.
 constexpr std::uint64_t maxInMemory = 8u << 20; // bytes

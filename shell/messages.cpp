@@ -39,3 +39,14 @@ bool ConfirmLoss(const Messages& messages, const std::u16string& whatWillBeLost)
     question.cancelIsDefault = true;
     return messages.dialogs.ShowMessage(question) == DialogResult::Ok;
 }
+
+bool ConfirmForeignFile(const Messages& messages, const std::u16string& path,
+                        const std::u16string& format) {
+    Message question = BookMessage(
+        messages, path + u"\r\nis " + format + u".\r\n\r\n" + messages.productTitle +
+                      u" reads plain text, rich text and HTML. It can only show this file as "
+                      u"signs without any meaning.\r\nDo you wish to see these?");
+    question.buttons = MessageButtons::OkCancel;
+    question.cancelIsDefault = true;
+    return messages.dialogs.ShowMessage(question) == DialogResult::Ok;
+}
