@@ -43,8 +43,9 @@ constexpr Signature signatures[] = {
     {4, "ftyp"sv, media, Certain::WithBinaryBytes},
     {8, "WAVEfmt "sv, media, Certain::WithBinaryBytes},
     {8, "AVI LIST"sv, media, Certain::WithBinaryBytes},
-    {0, "\x7F"
-        "ELF"sv,
+    {0,
+     "\x7F"
+     "ELF"sv,
      u"a program", Certain::WithBinaryBytes},
     {0, "SQLite format 3\0"sv, u"a database"},
 };
@@ -89,16 +90,15 @@ std::u16string_view ZipFormat(std::string_view start) {
     constexpr std::size_t nameLength = 26, name = 30; // offsets in the header of an entry
     if (start.starts_with("PK\5\6")) return archive;
     if (!start.starts_with("PK\3\4") || start.size() < name) return u"";
-    const std::string_view entry =
-        start.substr(name, LittleEndian(start.substr(nameLength), 2));
+    const std::string_view entry = start.substr(name, LittleEndian(start.substr(nameLength), 2));
     if (entry == "mimetype") {
         if (start.find("application/epub+zip") != start.npos) return u"an e-book in EPUB format";
         if (start.find("application/vnd.oasis.opendocument") != start.npos)
             return u"an OpenDocument file, such as ODT";
     }
     const auto begins = [entry](std::string_view folder) { return entry.starts_with(folder); };
-    constexpr std::string_view office[] = {"[Content_Types].xml", "_rels/", "docProps/",
-                                           "word/",               "xl/",    "ppt/"};
+    constexpr std::string_view office[] = {
+        "[Content_Types].xml", "_rels/", "docProps/", "word/", "xl/", "ppt/"};
     return std::ranges::any_of(office, begins) ? u"an Office document, such as DOCX" : archive;
 }
 
@@ -115,8 +115,8 @@ bool IsPdf(std::string_view start) {
            });
 }
 
-// "MZ" alone could be anybody's initials: the program's own header follows at the place named at 3C,
-// and before it a small program for DOS.
+// "MZ" alone could be anybody's initials: the program's own header follows at the place named at
+// 3C, and before it a small program for DOS.
 bool IsWindowsProgram(std::string_view start) {
     constexpr std::size_t placeOfHeader = 0x3C;
     if (!start.starts_with("MZ") || start.size() < placeOfHeader + 4) return false;

@@ -25,5 +25,6 @@ void ShowPlainMessage(const Messages&, MessageIcon, MessageTitle, const std::u16
 // Says what will be lost and asks whether to go on; Cancel is the default answer.
 bool ConfirmLoss(const Messages&, const std::u16string& whatWillBeLost);
 
-// Of a file that is no text but `format`: asks whether to show it all the same; Cancel is the default.
+// Of a file that is no text but `format`: asks whether to show it all the same; Cancel is the
+// default.
 bool ConfirmForeignFile(const Messages&, const std::u16string& path, const std::u16string& format);
