@@ -103,6 +103,7 @@ void ShowInHtmlView(MainForm& form, const BookRecord& record,
     html.SetEngine(LoadPageEngine(SettingsOf(form, record)));
     html.ExpectPlace(record.Number(Field::LastPos) > 0 || form.places.kept.position > 0 ||
                      form.places.selection);
+    html.ExpectBackColor(BackColorOf(record));
     html.Navigate(form.page.path, form.page.load);
     html.OfferEngineChange(html.HasBothEngines()); // not when the browser's could not be loaded
     html.FocusView();

@@ -129,6 +129,9 @@ class HtmlView {
     // initially so. Keys pressed while such a page loads go on from there. Any other page they move
     // at once, as far as it has come.
     virtual void ExpectPlace(bool) {}
+    // For the page navigated to next: what `SetBackColor` gives it after `onLoaded`. It may be
+    // drawn in that before, so that nobody sees it change its colour.
+    virtual void ExpectBackColor(Color) {}
     virtual void Clear() = 0; // no page; frees what the last one took. No event comes of it
 
     virtual void ScrollTo(int left, int top) = 0; // offsets of the body; as far as the page goes

@@ -43,6 +43,7 @@ class NoneHtmlView : public HtmlView {
     void SetEngine(PageEngine engine) override { wanted_ = engine; }
     void OfferEngineChange(bool offered) override { offersEngineChange = offered; }
     void ExpectPlace(bool expected) override { placeExpected = expected; }
+    void ExpectBackColor(Color color) override { backColorExpected = color; }
     void Navigate(const std::u16string& path, int page) override;
     void Clear() override;
     void ScrollTo(int left, int top) override;
@@ -92,6 +93,7 @@ class NoneHtmlView : public HtmlView {
     std::vector<std::pair<int, int>> scrolls; // left, top
     std::vector<std::u16string> printedTitles;
     bool offersEngineChange = false, placeExpected = true;
+    std::optional<Color> backColorExpected;
     int questions = 0, focused = 0, clears = 0;
     bool visible = false, closing = false;
     Rect bounds{0, 0, 640, 400};

@@ -50,6 +50,11 @@ void EitherHtmlView::ExpectPlace(bool expected) {
     own_->ExpectPlace(expected);
 }
 
+void EitherHtmlView::ExpectBackColor(Color color) {
+    browser_->ExpectBackColor(color);
+    own_->ExpectBackColor(color);
+}
+
 void EitherHtmlView::SetBounds(const Rect& bounds) {
     browser_->SetBounds(bounds);
     own_->SetBounds(bounds);

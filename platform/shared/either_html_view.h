@@ -14,6 +14,7 @@ class EitherHtmlView final : public HtmlView {
     void SetEngine(PageEngine engine) override { wanted_ = engine; }
     void OfferEngineChange(bool offered) override;
     void ExpectPlace(bool) override;
+    void ExpectBackColor(Color) override;
     void Clear() override { shown_->Clear(); }
     void ScrollTo(int left, int top) override { shown_->ScrollTo(left, top); }
     void ScrollDown(int pixels) override { shown_->ScrollDown(pixels); }

@@ -229,6 +229,7 @@ TEST_CASE("html layout: a page's own colours, and its text in another one") {
     OnEachBackEnd([&](PageTest& test) {
         for (const auto& sample : cases) {
             CAPTURE(sample.head);
+            test.view.ExpectBackColor(0x808080);
             test.Open(sample.body, sample.head);
             CHECK(test.view.OwnColors().text == sample.text);
             CHECK(test.view.OwnColors().background == sample.background);

@@ -321,5 +321,6 @@ TEST_CASE("html load: keys wait for a place, where a page is brought to one") {
         test.PutPage(u"/b/p.htm");
         REQUIRE(test.Start());
         CHECK(test.Page().placeExpected == row.expected);
+        CHECK(test.Page().backColorExpected == 0xFF0000); // as the record has it
     }
 }

@@ -69,6 +69,7 @@ void QtHtmlView::Navigate(const std::u16string& path, int page) {
     }
     panel_->HideNotice();
     engine_->ExpectPlace(placeExpected_);
+    if (backColorExpected_) engine_->ExpectBackColor(*backColorExpected_);
     engine_->Navigate(path, page);
     if (focused_) engine_->FocusView();
 }

@@ -19,6 +19,7 @@ class QtHtmlView final : public HtmlView {
     void Navigate(const std::u16string& path, int page) override;
     void OfferEngineChange(bool offered) override;
     void ExpectPlace(bool expected) override { placeExpected_ = expected; }
+    void ExpectBackColor(Color color) override { backColorExpected_ = color; }
     void Clear() override;
     void ScrollTo(int left, int top) override;
     void ScrollSpanToTop(const PageSpan&) override;
@@ -67,5 +68,6 @@ class QtHtmlView final : public HtmlView {
     int load_ = 0; // caller's number of the last load
     bool focused_ = false, offersEngineChange_ = false;
     bool placeExpected_ = true;
+    std::optional<Color> backColorExpected_;
     bool failed_ = false; // to load the engine
 };

@@ -2,6 +2,7 @@
 
 #include "common/colors.h"
 #include "common/utf.h"
+#include "platform/qt/base/qt_color.h"
 #include "platform/qt/base/qt_text.h"
 #include "platform/qt/html_view/engine/engine_profile.h"
 #include "platform/qt/html_view/engine/page_calls.h"
@@ -59,6 +60,7 @@ void EngineHtmlView::CreatePage() {
         pageScheme_.InstallIn(*profile_);
     }
     page_ = std::make_unique<ReaderPage>(profile_.get(), guard_);
+    if (backColorExpected_) page_->ExpectBackColor(ToQColor(*backColorExpected_));
     calls_ = std::make_unique<PageCalls>(*page_);
     monitor_ = std::make_unique<PageMonitor>(*page_);
     widget_ = std::make_unique<PageWidget>(page_.get(), parent_);

@@ -33,6 +33,7 @@ class EngineHtmlView final : public QObject, public EngineView {
     void Navigate(const std::u16string& path, int page) override;
     void OfferEngineChange(bool offered) override { offersEngineChange_ = offered; }
     void ExpectPlace(bool expected) override { placeExpected_ = expected; }
+    void ExpectBackColor(Color color) override { backColorExpected_ = color; }
     void Clear() override;
     void ScrollTo(int left, int top) override;
     void ScrollSpanToTop(const PageSpan&) override;
@@ -130,6 +131,7 @@ class EngineHtmlView final : public QObject, public EngineView {
     std::optional<PageTop> pendingJump_;
     int revision_ = 0; // number of commands so far
     bool placeExpected_ = true;
+    std::optional<Color> backColorExpected_;
     bool loadFinished_ = false, updateScheduled_ = false, visible_ = false, focused_ = false;
     bool offersEngineChange_ = false;
     bool closing_ = false; // no more queries

@@ -95,6 +95,12 @@ const reader = (() => {
     }
   }
 
+  // Colours the body until `setBackColor`.
+  const expectedBackColor = globalThis.norvasetBackColor;
+  function expectBackColor(expected) {
+    if (expectedBackColor) expectedBackColor.disabled = !expected;
+  }
+
   let ownTextColor = ""; // the body's, in its style attribute
   function ownColors() {
     ownTextColor = document.body.style.color;
@@ -103,8 +109,11 @@ const reader = (() => {
       return opacity > 0 && blue ? red << 16 | green << 8 | blue : null;
     };
     const background = element => number(getComputedStyle(element).backgroundColor);
-    return [number(getComputedStyle(document.body).color) ?? 0,
+    expectBackColor(false);
+    const colors = [number(getComputedStyle(document.body).color) ?? 0,
       background(document.body) ?? background(document.documentElement) ?? 0xffffff];
+    expectBackColor(true);
+    return colors;
   }
 
   // Also disables what keys or clicks would edit or open.
@@ -171,6 +180,7 @@ const reader = (() => {
   }
   function setBackColor(color) {
     document.body.style.backgroundColor = color;
+    expectBackColor(false);
     return state();
   }
 

@@ -2,7 +2,10 @@
 
 #include "platform/qt/html_view/engine/folder_guard.h"
 
+#include <QColor>
 #include <QWebEngineNewWindowRequest>
+#include <QWebEngineScript>
+#include <QWebEngineScriptCollection>
 
 #include <csignal>
 
@@ -12,6 +15,20 @@ ReaderPage::ReaderPage(QWebEngineProfile* profile, const FolderGuard& guard)
             [this](const QWebEngineNewWindowRequest& request) {
                 if (request.isUserInitiated() && onLink) onLink(request.requestedUrl());
             });
+}
+
+// The view itself has the colour before there is a document.
+void ReaderPage::ExpectBackColor(const QColor& color) {
+    setBackgroundColor(color);
+    QWebEngineScript script;
+    script.setInjectionPoint(QWebEngineScript::DocumentCreation);
+    script.setWorldId(QWebEngineScript::ApplicationWorld);
+    script.setSourceCode(
+        QStringLiteral("globalThis.norvasetBackColor = new CSSStyleSheet();"
+                       "norvasetBackColor.replaceSync('body {background-color: %1 !important}');"
+                       "document.adoptedStyleSheets = [norvasetBackColor];")
+            .arg(color.name()));
+    scripts().insert(script);
 }
 
 void ReaderPage::Load(const QUrl& book) {

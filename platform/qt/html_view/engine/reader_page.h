@@ -12,6 +12,9 @@ class ReaderPage : public QWebEnginePage {
   public:
     ReaderPage(QWebEngineProfile*, const FolderGuard&);
 
+    // The document loaded next is drawn on this from its first picture, until a script gives it its
+    // background.
+    void ExpectBackColor(const QColor&);
     void Load(const QUrl& book);
     // Kills the renderer process when the page is deleted: a hung one would outlive the page and
     // the program.
