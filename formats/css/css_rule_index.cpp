@@ -129,10 +129,7 @@ bool CssRuleIndex::AddCondition(const CssSheet& sheet, CssCondition condition) {
         if (condition.caseOf == CssCondition::Case::OfAttribute && HasCaselessValue(indexed.name))
             indexed.condition.caseOf = CssCondition::Case::Ignored;
     }
-    if (condition.kind == Kind::Language) {
-        usesLanguage_ = true;
-        indexed.value = sheet.texts[condition.value];
-    }
+    if (condition.kind == Kind::Language) indexed.value = sheet.texts[condition.value];
     if (condition.kind == Kind::Is || condition.kind == Kind::Not) {
         AddAlternatives(sheet, indexed);
         const bool isEmpty = indexed.condition.value == 0;

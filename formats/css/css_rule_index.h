@@ -85,7 +85,6 @@ class CssRuleIndex {
             .subspan(condition.condition.name, condition.condition.value);
     }
     std::size_t StepCount() const { return steps_; }
-    bool UsesLanguage() const { return usesLanguage_; }
 
   private:
     using Buckets = std::unordered_map<std::uint32_t, std::vector<CssCandidate>>;
@@ -111,7 +110,6 @@ class CssRuleIndex {
     CssOrigin origin_ = CssOrigin::UserAgent; // of the sheet that is being added
     std::uint64_t order_ = 0;
     std::uint32_t steps_ = 0;
-    bool usesLanguage_ = false;
 
   public:
     CssElementReader elements;
