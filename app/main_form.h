@@ -76,8 +76,8 @@ struct MainForm {
     WindowPlacement placement;
     int autosaveTick = 0; // seconds since the reading state was saved, 0 to 59
 
-    // Paths of later starts and drops that came while a command runs, those of each together; and of
-    // a book for the start about which the user is to be asked.
+    // Paths of later starts and drops that came while a command runs, those of each together; and
+    // of a book for the start about which the user is to be asked.
     std::vector<std::vector<std::u16string>> waitingBooks;
 
     bool ProfileSwitching = false; // a profile is being entered from the data file

@@ -69,9 +69,10 @@ TEST_CASE("foreign format: what is recognised") {
         {WindowsProgram("NE\5"), u"a program"},
         {"SQLite format 3\0"s, u"a database"},
     };
-    for (const auto& [bytes, format] : table) {
+    for (const auto& row : table) {
+        const std::string& bytes = row.first;
         CAPTURE(bytes);
-        CHECK(ForeignFormat(bytes) == format);
+        CHECK(ForeignFormat(bytes) == row.second);
         // Anything shorter is read without a look beyond its end.
         for (std::size_t size = 0; size < bytes.size(); ++size)
             ForeignFormat(std::string(bytes, 0, size));
