@@ -40,7 +40,7 @@ std::u16string HashOf(std::u16string_view key) {
 
 std::u16string BookSection(const History& history, const std::u16string& profile,
                            const std::u16string& recordKey) {
-    const std::u16string section = profile + u'\\' + recordKey;
+    std::u16string section = profile + u'\\' + recordKey;
     if (!SharesKeyInOtherCase(history.list, recordKey)) return section;
     return section + u'\\' + HashOf(recordKey);
 }

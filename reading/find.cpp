@@ -44,6 +44,7 @@ void RememberSearch(FindState& find) {
 
 std::u16string StoredSearches(const std::vector<std::u16string>& history) {
     std::vector<std::u16string> stored;
+    stored.reserve(history.size());
     for (const std::u16string& search : history)
         stored.push_back(StoredText(search, StoredBlanks::AsReferences));
     return Join(stored, u"|");

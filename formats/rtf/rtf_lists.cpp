@@ -132,9 +132,9 @@ const RtfListLevel* RtfLists::Level(std::int32_t number, std::int32_t level) con
 void RtfLists::Count(List& list, std::size_t level) {
     Numbers& numbers = numbers_[list.id];
     RtfListLevel& counted = list.levels[level];
-    const bool goesOn = numbers.hasBegun[level] && !std::exchange(counted.startsAnew, false);
+    const bool continues = numbers.hasBegun[level] && !std::exchange(counted.startsAnew, false);
     std::int32_t& last = numbers.last[level];
-    last = goesOn ? std::min(last + 1, maxRtfNumber) : counted.start;
+    last = continues ? std::min(last + 1, maxRtfNumber) : counted.start;
     numbers.hasBegun[level] = true;
     for (std::size_t below = level + 1; below < list.levels.size(); ++below)
         if (list.levels[below].restarts) numbers.hasBegun[below] = false;

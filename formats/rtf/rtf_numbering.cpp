@@ -70,9 +70,9 @@ std::u16string RtfNumbering::TextOfParagraph(std::size_t format, std::uint32_t p
     if (count_ == maxRtfNumberedParagraphs) return {};
     ++count_;
     const RtfNumberFormat& found = formats_[format - 1];
-    const bool goesOn =
+    const bool continues =
         lastFormat_ == format && lastEnd_ == paragraphStart && lastEnd_ > lastStart_;
-    lastNumber_ = goesOn && lastNumber_ < maxRtfNumber ? lastNumber_ + 1 : found.start;
+    lastNumber_ = continues && lastNumber_ < maxRtfNumber ? lastNumber_ + 1 : found.start;
     lastFormat_ = format;
     lastStart_ = lastEnd_ = paragraphStart;
     return NumberText(found, lastNumber_) + u'\t';

@@ -14,7 +14,8 @@ struct RtfNumberFormat {
     std::int32_t start = 1;
     std::u16string before, after; // the number; a bullet is before none
 
-    auto operator<=>(const RtfNumberFormat&) const = default;
+    auto
+    operator<=>(const RtfNumberFormat&) const = default; // NOLINT(modernize-use-nullptr): its 0
 };
 
 std::u16string NumberText(RtfNumberKind kind, std::int32_t number); // "" for a bullet

@@ -28,7 +28,7 @@ class StyleCursor {
 
 class RtfWriteTables {
   public:
-    RtfWriteTables(const Document& document, const DocumentStyles& styles, TextPos start,
+    RtfWriteTables(const Document& document, const DocumentStyles& used, TextPos start,
                    TextPos end);
     std::string FontTable() const;
     std::string ColorTable() const;

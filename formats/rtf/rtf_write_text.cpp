@@ -26,10 +26,10 @@ void RtfTextWriter::Write(TextPos start, TextPos end) {
     }
 }
 
-TextPos RtfTextWriter::ParagraphEnd(TextPos start, TextPos end) const {
-    const std::u16string_view text(document_.text.data(), static_cast<std::size_t>(end));
-    const std::size_t found = text.find_first_of(u"\n\a", static_cast<std::size_t>(start));
-    return found == text.npos ? end : static_cast<TextPos>(found);
+TextPos RtfTextWriter::ParagraphEnd(TextPos at, TextPos limit) const {
+    const std::u16string_view text(document_.text.data(), static_cast<std::size_t>(limit));
+    const std::size_t found = text.find_first_of(u"\n\a", static_cast<std::size_t>(at));
+    return found == text.npos ? limit : static_cast<TextPos>(found);
 }
 
 // Returns where the next one starts.

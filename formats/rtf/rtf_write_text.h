@@ -27,7 +27,7 @@ class RtfTextWriter {
     void CloseLink();
     void WriteRun(TextPos start, TextPos end);
     void WritePicture(const Picture& picture);
-    TextPos ParagraphEnd(TextPos start, TextPos end) const;
+    TextPos ParagraphEnd(TextPos at, TextPos limit) const;
 
     const Document& document_;
     const DocumentStyles& styles_;

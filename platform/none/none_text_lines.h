@@ -13,10 +13,10 @@ class NoneTextLines : public TextLines {
     const TextLine& Line(int index) const override { return At(index).line; }
 
     double CaretX(int line, TextPos position) const override;
-    TextPos PositionAt(int line, double x) const override;
-    TextPos CharacterAt(int line, double x) const override;
+    TextPos PositionAt(int index, double x) const override;
+    TextPos CharacterAt(int index, double x) const override;
     TextExtent CharacterExtent(int line, TextPos position) const override;
-    std::vector<TextExtent> Extents(int line, TextPos start, TextPos end) const override;
+    std::vector<TextExtent> Extents(int index, TextPos start, TextPos end) const override;
 
     TextPos NextPosition(TextPos position) const override;
     TextPos PreviousPosition(TextPos position) const override;
@@ -40,7 +40,7 @@ class NoneTextLines : public TextLines {
     std::size_t EndOfPlaces(int line) const;
     // Clusters that the caret can stand in front of, from left to right; the count at the text's
     // end.
-    std::vector<std::size_t> CaretPlaces(int line) const;
+    std::vector<std::size_t> CaretPlaces(int index) const;
     TextPos Beside(TextPos position, bool right) const;
     void DrawLeaders(NoneCanvas&, const NoneLine&, int left, int baseline, const LinePaint&) const;
     void FillBackgrounds(Canvas&, const NoneLine&, int left, int baseline, const Rect& clip) const;

@@ -8,9 +8,9 @@ namespace {
 
 class NoneUnderTest : public FilesUnderTest {
   public:
-    NoneUnderTest() { files_.AddFolder(Root()); }
+    NoneUnderTest() { files_.AddFolder(root_); }
     Files& Port() override { return files_; }
-    std::u16string Root() override { return u"/root"; }
+    std::u16string Root() override { return root_; }
     void MakeReadOnly(const std::u16string& file) override { files_.Find(file)->readOnly = true; }
     bool IsReadOnly(const std::u16string& file) override { return files_.Find(file)->readOnly; }
     std::vector<std::u16string> NamesIn(const std::u16string& folder) override {
@@ -18,6 +18,7 @@ class NoneUnderTest : public FilesUnderTest {
     }
 
   private:
+    std::u16string root_ = u"/root";
     NoneClock clock_;
     NoneFiles files_{clock_};
 };

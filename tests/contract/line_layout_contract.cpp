@@ -168,7 +168,9 @@ TEST_CASE("line layout: spaces at the end of a wrapped line have no width") {
             std::u16string word;
             bool rightToLeft;
         } const cases[] = {{u"several", false}, {u"\u05E9\u05DC\u05D5\u05DD\u05E9\u05DC", true}};
-        for (const auto& [word, rightToLeft] : cases) {
+        for (const auto& each : cases) {
+            const std::u16string& word = each.word;
+            const bool rightToLeft = each.rightToLeft;
             CAPTURE(rightToLeft);
             const double wordWidth = TextWidth(layout, word);
             const auto lines = layout.BreakLines(

@@ -255,10 +255,10 @@ TEST_CASE("line layout: words start after spaces") {
         } const cases[] = {
             {u"one two  three", false},
             {u"\u05D0\u05D1\u05D2 \u05D3\u05D4\u05D5  \u05D6\u05D7\u05D8\u05D9\u05DB", true}};
-        for (const auto& [text, rightToLeft] : cases) {
-            CAPTURE(rightToLeft);
+        for (const auto& each : cases) {
+            CAPTURE(each.rightToLeft);
             const auto lines =
-                layout.BreakLines(LineParagraph(layout, text, unlimited, rightToLeft));
+                layout.BreakLines(LineParagraph(layout, each.text, unlimited, each.rightToLeft));
             const TextPos starts[] = {0, 4, 9, 14};
             for (TextPos at = 0; at < 14; ++at) {
                 CAPTURE(at);

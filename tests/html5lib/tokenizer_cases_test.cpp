@@ -48,7 +48,7 @@ std::u16string TagLine(const std::u16string& kind, std::u16string_view name,
                        bool selfCloses) {
     std::u16string line = kind + u" " + std::u16string(name);
     for (const auto& [attribute, value] : attributes)
-        line += u" " + attribute + u"=[" + value + u"]";
+        line.append(u" ").append(attribute).append(u"=[").append(value).append(u"]");
     return line + (selfCloses ? u" /" : u"");
 }
 

@@ -61,7 +61,8 @@ TEST_CASE("css: rules of names that the page has not are passed over") {
     std::u16string css;
     for (int i = 0; i < 20'000; ++i) {
         const std::u16string number = Utf8ToUtf16(std::to_string(i));
-        css += u".some-name-" + number + u" p{color:red}.c #name-" + number + u" b{color:red}";
+        css.append(u".some-name-").append(number).append(u" p{color:red}");
+        css.append(u".c #name-").append(number).append(u" b{color:red}");
     }
     const HtmlTree tree = ReadHtml(u"<!DOCTYPE html><p class=c>t");
     AllocationCounter counter;

@@ -198,8 +198,8 @@ TEST_CASE("find places: War and Peace in three editions") {
     }
     for (const auto& [from, text] : editions)
         for (const auto& [to, other] : editions) {
-            CAPTURE(from);
-            CAPTURE(to);
+            const std::string pair = from + " to " + to;
+            CAPTURE(pair);
             if (from != to) CHECK(PlacesFound(text, other, 100) >= 95);
         }
 }

@@ -258,6 +258,6 @@ TEST_CASE("history: 10,000 commands of several people leave every list as it sho
         session.Step();
     }
     CHECK(session.done.size() == 12);
-    for (const auto& [command, times] : session.done)
-        CHECK_MESSAGE(times > 10, command);
+    for (const auto& done : session.done)
+        CHECK_MESSAGE(done.second > 10, done.first);
 }

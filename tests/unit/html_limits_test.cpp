@@ -184,7 +184,8 @@ TEST_CASE("html limits: names of elements and attributes that all differ") {
         std::u16string page;
         for (int i = 0; page.size() < units; ++i) {
             const std::u16string name = NumberText(i);
-            page += u"<x" + name + u" y" + name + u"></x" + name + u">";
+            page.append(u"<x").append(name).append(u" y").append(name);
+            page.append(u"></x").append(name).append(u">");
         }
         return page;
     });

@@ -149,10 +149,10 @@ bool AsksForSystem(const std::string& line) {
     if (start == line.npos || line[start] != '#') return false;
     if (line.find("#include") != line.npos)
         return line.find("windows.h") != line.npos || line.find("unistd.h") != line.npos;
-    for (const char* name : {"WIN32", "_WIN64", "_MSC_VER", "__MINGW", "__linux", "__unix",
-                             "__APPLE__", "Q_OS_", "__GNUC__", "__clang__"})
-        if (line.find(name) != line.npos) return true;
-    return false;
+    constexpr std::string_view macros[] = {"WIN32",    "_WIN64",   "_MSC_VER",  "__MINGW",
+                                           "__linux",  "__unix",   "__APPLE__", "Q_OS_",
+                                           "__GNUC__", "__clang__"};
+    return std::ranges::any_of(macros, [&](auto name) { return line.find(name) != line.npos; });
 }
 } // namespace
 

@@ -111,9 +111,10 @@ TEST_CASE("options: numbers that the program would not write") {
     for (const auto& c : cases) {
         CAPTURE(std::string(c.value));
         TestForm test;
-        const std::string value = c.value;
-        test.PutDataFile("[mProfileList]\r\n0=A\r\n[A]\r\nmOptionsTitle=" + value +
-                         "\r\nmOptionsFileColor=" + value + "\r\n");
+        std::string dataFile = "[mProfileList]\r\n0=A\r\n[A]\r\n";
+        dataFile.append("mOptionsTitle=").append(c.value).append("\r\n");
+        dataFile.append("mOptionsFileColor=").append(c.value).append("\r\n");
+        test.PutDataFile(dataFile);
         REQUIRE(test.Start());
         CHECK(CheckedItem(test.Menu().mOptionsTitle) == c.title);
         CHECK(test.Menu().mOptionsFileColor[0].checked == c.fileColors);

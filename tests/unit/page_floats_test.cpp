@@ -156,9 +156,9 @@ TEST_CASE("page heights: the block at a height") {
         double height;
         std::size_t block;
     } places[] = {{-5, 0}, {0, 0}, {9.5, 0}, {10, 2}, {39, 2}, {40, 3}, {129, 4}, {500, 4}};
-    for (const auto& [height, block] : places) {
-        CAPTURE(height);
-        CHECK(heights.BlockAt(height) == block);
+    for (const auto& place : places) {
+        CAPTURE(place.height);
+        CHECK(heights.BlockAt(place.height) == place.block);
     }
 }
 

@@ -106,8 +106,9 @@ TEST_CASE("page limits: a table in parts has the columns and rows that it has in
 TEST_CASE("page limits: a table in parts has room for columns of a few rows in the middle") {
     for (const std::u16string cell : {u"<td>third", u"<td colspan=2>third"}) {
         const std::u16string rows = Repeated(u"<tr><td>a<td>b", 60);
-        const std::string lines = Lines(
-            u"<table cellpadding=0>" + rows + u"<tr><td>a<td>b" + cell + rows + u"</table>", low);
+        std::u16string table = u"<table cellpadding=0>";
+        table.append(rows).append(u"<tr><td>a<td>b").append(cell).append(rows).append(u"</table>");
+        const std::string lines = Lines(table, low);
         CHECK(lines.find(" third|") != std::string::npos);
     }
 }

@@ -117,7 +117,8 @@ TEST_CASE("svg: what repeats itself without end is not drawn") {
     std::string bomb = "<g id='n0'><rect/></g>";
     for (int i = 1; i < 12; ++i) {
         const std::string use = "<use href='#n" + std::to_string(i - 1) + "'/>";
-        bomb += "<g id='n" + std::to_string(i) + "'>" + use + use + use + use + "</g>";
+        bomb.append("<g id='n").append(std::to_string(i)).append("'>");
+        bomb.append(use).append(use).append(use).append(use).append("</g>");
     }
     CHECK(SafeSvg(Drawing(bomb)).empty());
     CHECK(SafeSvg(Drawing("<g id='a'><use href='#a'/></g>")).empty());

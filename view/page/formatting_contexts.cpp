@@ -10,11 +10,11 @@
 
 #include <algorithm>
 
-PageBoxId LegendOf(const PageBoxes& boxes, PageBoxId id) {
-    const PageBox& box = boxes[id];
+PageBoxId LegendOf(const PageBoxes& boxes, PageBoxId fieldset) {
+    const PageBox& box = boxes[fieldset];
     if (!box.isFieldset) return noPageBox;
     const bool isFlow = !IsFlexContainer(box) && !IsGridContainer(box) && !HasColumns(box);
-    const PageBoxId first = boxes.FirstChild(id);
+    const PageBoxId first = boxes.FirstChild(fieldset);
     return isFlow && boxes[first].isLegend && StandsAlone(boxes[first]) ? first : noPageBox;
 }
 

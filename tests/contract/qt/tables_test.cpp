@@ -36,9 +36,9 @@ TEST_CASE("locale: the ANSI code page of a language") {
         {"zh_HK.UTF-8", 950},
         {"haw_US", 1252},
     };
-    for (const auto& [locale, codePage] : rows) {
-        CAPTURE(locale);
-        CHECK(AnsiCodePageOf(locale) == codePage);
+    for (const auto& row : rows) {
+        CAPTURE(row.first);
+        CHECK(AnsiCodePageOf(row.first) == row.second);
     }
 }
 

@@ -22,10 +22,10 @@ class StandInBrowser : public CObject {
     void TakeSite(IOleClientSite*);
     HRESULT Activate();
     void MakeWindows(HWND parent);
-    void Load(const std::wstring& url);
-    bool Announce(const std::wstring& url, IDispatch* target, bool sends); // true: allowed
-    void Fire(DISPID event, std::vector<VARIANT> arguments);               // in their order
-    IDispatch* Self() { return reinterpret_cast<IDispatch*>(&browser); }   // not counted
+    void Load(const std::wstring& address);
+    bool Announce(const std::wstring& address, IDispatch* target, bool sends); // true: allowed
+    void Fire(DISPID event, std::vector<VARIANT> arguments);                   // in their order
+    IDispatch* Self() { return reinterpret_cast<IDispatch*>(&browser); }       // not counted
     void ReplaceDocument(IDispatch* counted);
 
     IOleClientSite* site = nullptr;

@@ -57,7 +57,7 @@ Style::Style(StandIn& world)
 
 class Element : public CObject {
   public:
-    Element(StandIn& world, StandInContent& content, bool isBody);
+    Element(StandIn& world, StandInContent& shared, bool givenIsBody);
 
     StandInContent& content;
     bool isBody, scrolls;

@@ -9,7 +9,7 @@ namespace {
 
 class Range : public CObject {
   public:
-    Range(StandIn& world, StandInContent& content, int start, int end);
+    Range(StandIn& world, StandInContent& shared, int from, int to);
 
     StandInContent& content;
     int start, end;
@@ -64,7 +64,7 @@ bool Find(Range& range, const std::wstring& wanted, long flags) {
     return true;
 }
 
-std::string Call(const char* name, BSTR unit, long count) {
+std::string Call(const char* name, const wchar_t* unit, long count) {
     return std::string(name) + " " + Narrow(unit) + " " + std::to_string(count);
 }
 
@@ -128,7 +128,9 @@ void AddMoving(TableOf<IHTMLTxtRange>& table) {
             range.start = range.end = content.At(x + content.scrollLeft, y + content.scrollTop);
         });
     };
-    table.setEndPoint = [](IHTMLTxtRange* self, BSTR how, IHTMLTxtRange* other) -> HRESULT {
+    table.setEndPoint = [](IHTMLTxtRange* self,
+                           BSTR how, // NOLINT(readability-non-const-parameter): of the interface
+                           IHTMLTxtRange* other) -> HRESULT {
         return Of(self).World().Answer("range.setEndPoint " + Narrow(how),
                                        [&] { Of(self).start = Of(other).end; });
     };
@@ -142,8 +144,9 @@ void AddActing(TableOf<IHTMLTxtRange>& table) {
             range.content.selectionEnd = range.end;
         });
     };
-    table.findText = [](IHTMLTxtRange* self, BSTR what, long, long flags,
-                        VARIANT_BOOL* found) -> HRESULT {
+    table.findText = [](IHTMLTxtRange* self,
+                        BSTR what, // NOLINT(readability-non-const-parameter): of the interface
+                        long, long flags, VARIANT_BOOL* found) -> HRESULT {
         const std::string call =
             "range.findText " + Narrow(what) + " flags " + std::to_string(flags);
         return Of(self).World().Answer(call, [&] {
