@@ -24,12 +24,12 @@ bool IsSameText(const TextSource& text, const KeptPlaces& kept,
 }
 
 // False when it was given up: nothing has changed then.
-bool MovePlaces(MainForm& form, const TextSource& text, const std::function<bool()>& goesOn,
+bool MovePlaces(MainForm& form, const TextSource& text, const std::function<bool()>& shouldContinue,
                 const BookPlaces& places, BookRecord& record) {
     KeptPlaces& kept = form.places.kept;
     bool givenUp = false;
     const auto found = FindPlaces(text, kept.text->length, places.known, [&] {
-        givenUp = givenUp || !goesOn();
+        givenUp = givenUp || !shouldContinue();
         return !givenUp;
     });
     if (givenUp) return false;
@@ -66,11 +66,11 @@ void FollowText(MainForm& form, BookRecord& record, const std::optional<FileVers
     if (sameFile && kept.text->length == form.ports.textView->TextLength()) return;
     const BookPlaces places = PlacesIn(form, record);
     kept.SetFile(*file);
-    form.ports.textView->VisitText([&](const TextSource& text, const auto& goesOn) {
+    form.ports.textView->VisitText([&](const TextSource& text, const auto& shouldContinue) {
         if (IsSameText(text, kept, places.known)) return;
         if (!places.hasWords)
             ForgetTextPlaces(form);
-        else if (!MovePlaces(form, text, goesOn, places, record))
+        else if (!MovePlaces(form, text, shouldContinue, places, record))
             state.file.reset(); // what is kept stays for the next opening, which tries again
     });
     form.history.SetRecord(0, record);

@@ -109,9 +109,9 @@ class Sentences {
             ++after;
         if (after >= clusters_.size()) return at;
         if (KindAt(after) == Kind::Break) return after + 1;
-        const bool goesOn = KindAt(after) == Kind::Continuation || IsTerminator(KindAt(after)) ||
-                            (isDot && LowerFollows(after));
-        return goesOn ? at : after;
+        const bool continues = KindAt(after) == Kind::Continuation || IsTerminator(KindAt(after)) ||
+                               (isDot && LowerFollows(after));
+        return continues ? at : after;
     }
 
     // "3.14", "U.S."

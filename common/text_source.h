@@ -35,7 +35,7 @@ class TextSource {
     // The first place of `what` that begins at or after `start`. A long search asks now and then
     // whether it is to go on; the source may be used meanwhile, but not for another search.
     virtual TextPos FindWhile(std::u16string_view what, TextPos start, FindOptions,
-                              const std::function<bool()>& goesOn) const = 0;
+                              const std::function<bool()>& shouldContinue) const = 0;
     TextPos Find(std::u16string_view what, TextPos start, FindOptions options) const {
         return FindWhile(what, start, options, [] { return true; });
     }

@@ -75,9 +75,10 @@ class TextView {
     // was found by then when it is given up.
     virtual std::vector<Heading> Headings() const = 0;
     // Hands over the text loaded now, which stays as long as `visit` runs. One that takes long asks
-    // `goesOn` now and then: the window stays drawn meanwhile as during a search, and is given up
-    // by the same.
-    using TextVisitor = std::function<void(const TextSource&, const std::function<bool()>& goesOn)>;
+    // `shouldContinue` now and then: the window stays drawn meanwhile as during a search, and is
+    // given up by the same.
+    using TextVisitor =
+        std::function<void(const TextSource&, const std::function<bool()>& shouldContinue)>;
     virtual void VisitText(const TextVisitor& visit) const = 0;
     // The selection as RTF source, pure ASCII.
     virtual std::string SelectionAsRtf() const = 0;

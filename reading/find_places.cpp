@@ -48,8 +48,8 @@ class PlaceFinder {
         std::ranges::stable_sort(order_, {}, [&](std::size_t i) { return places_[i].position; });
     }
 
-    std::vector<FoundPlace> Find(const std::function<bool()>& goesOn) {
-        candidates_ = FindCandidates(text_, places_, goesOn);
+    std::vector<FoundPlace> Find(const std::function<bool()>& shouldContinue) {
+        candidates_ = FindCandidates(text_, places_, shouldContinue);
         for (std::size_t i = 0; i < places_.size(); ++i)
             FindByWordsAlone(i);
         DoubtOtherVerses();
@@ -214,6 +214,6 @@ class PlaceFinder {
 
 std::vector<FoundPlace> FindPlaces(const TextSource& text, TextPos oldLength,
                                    const std::vector<KnownPlace>& places,
-                                   const std::function<bool()>& goesOn) {
-    return PlaceFinder(text, oldLength, places).Find(goesOn);
+                                   const std::function<bool()>& shouldContinue) {
+    return PlaceFinder(text, oldLength, places).Find(shouldContinue);
 }

@@ -12,8 +12,8 @@ struct FoundPlace {
 };
 
 // As many as `places`, in their order. `oldLength` is that of the text that they are from. The
-// text is run through once, whatever the number of places; `goesOn` is asked meanwhile, and when it
-// says no, nothing is certain.
+// text is run through once, whatever the number of places; `shouldContinue` is asked meanwhile, and
+// when it says no, nothing is certain.
 std::vector<FoundPlace> FindPlaces(const TextSource& text, TextPos oldLength,
                                    const std::vector<KnownPlace>& places,
-                                   const std::function<bool()>& goesOn);
+                                   const std::function<bool()>& shouldContinue);

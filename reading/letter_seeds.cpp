@@ -50,7 +50,7 @@ void LetterSeeds::Note(std::uint32_t hash, std::int64_t letter, TextPos end,
 }
 
 std::vector<SeedHit> LetterSeeds::FindIn(const TextSource& text,
-                                         const std::function<bool()>& goesOn) {
+                                         const std::function<bool()>& shouldContinue) {
     MakeSlots();
     const LetterTable& table = LettersOfUnits();
     std::vector<SeedHit> hits;
@@ -60,7 +60,7 @@ std::vector<SeedHit> LetterSeeds::FindIn(const TextSource& text,
     TextPos nextQuestion = 0;
     for (TextPos at = 0; at < text.Length();) {
         if (at >= nextQuestion) {
-            if (!goesOn()) return {};
+            if (!shouldContinue()) return {};
             nextQuestion = at + unitsPerQuestion;
         }
         const TextPiece piece = text.PieceAt(at);

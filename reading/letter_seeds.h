@@ -25,8 +25,8 @@ class LetterSeeds {
 
     void Add(std::u16string_view letters, LetterSeed seed); // of that length
     // All places where they stand, but for seeds that are too frequent to tell anything. Now and
-    // then `goesOn` is asked; nothing when it says no.
-    std::vector<SeedHit> FindIn(const TextSource&, const std::function<bool()>& goesOn);
+    // then `shouldContinue` is asked; nothing when it says no.
+    std::vector<SeedHit> FindIn(const TextSource&, const std::function<bool()>& shouldContinue);
 
   private:
     struct Entry {

@@ -109,9 +109,9 @@ PlacePattern PatternOf(const PlaceWords& words) {
     return pattern;
 }
 
-std::vector<std::vector<PlaceCandidate>> FindCandidates(const TextSource& text,
-                                                        const std::vector<KnownPlace>& places,
-                                                        const std::function<bool()>& goesOn) {
+std::vector<std::vector<PlaceCandidate>>
+FindCandidates(const TextSource& text, const std::vector<KnownPlace>& places,
+               const std::function<bool()>& shouldContinue) {
     const std::size_t seedLength = SeedLength(text.Length());
     LetterSeeds seeds(seedLength);
     std::vector<PlacePattern> patterns;
@@ -121,7 +121,7 @@ std::vector<std::vector<PlaceCandidate>> FindCandidates(const TextSource& text,
         for (std::uint32_t at = 0; at + seedLength <= letters.size(); at += seedStep)
             seeds.Add(letters.substr(at, seedLength), {i, at});
     }
-    std::vector<SeedHit> hits = seeds.FindIn(text, goesOn);
+    std::vector<SeedHit> hits = seeds.FindIn(text, shouldContinue);
     std::ranges::stable_sort(hits, {}, [](const SeedHit& hit) {
         return std::pair(hit.seed.place, hit.letter - hit.seed.offset);
     });

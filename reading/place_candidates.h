@@ -20,10 +20,10 @@ struct PlaceCandidate {
     double nearDifference = 1; // the same of the side of the place that fits better
 };
 
-// The candidates of each place, the most similar ones first. Empty when `goesOn` said no.
-std::vector<std::vector<PlaceCandidate>> FindCandidates(const TextSource&,
-                                                        const std::vector<KnownPlace>&,
-                                                        const std::function<bool()>& goesOn);
+// The candidates of each place, the most similar ones first. Empty when `shouldContinue` said no.
+std::vector<std::vector<PlaceCandidate>>
+FindCandidates(const TextSource&, const std::vector<KnownPlace>&,
+               const std::function<bool()>& shouldContinue);
 
 // The candidate at a position at which the place is expected, give or take some letters.
 PlaceCandidate CandidateNear(const TextSource&, const KnownPlace&, const PlacePattern&,

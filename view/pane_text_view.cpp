@@ -80,8 +80,9 @@ TextPos PaneTextView::SelLength() const {
 }
 
 TextPos PaneTextView::FindWhile(std::u16string_view what, TextPos start, FindOptions options,
-                                const std::function<bool()>& goesOn) const {
-    return Pane().Source().FindWhile(what, std::clamp(start, 0, TextLength()), options, goesOn);
+                                const std::function<bool()>& shouldContinue) const {
+    return Pane().Source().FindWhile(what, std::clamp(start, 0, TextLength()), options,
+                                     shouldContinue);
 }
 
 std::string PaneTextView::SelectionAsRtf() const {

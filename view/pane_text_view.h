@@ -53,9 +53,10 @@ class PaneTextView : public TextView {
 
   protected:
     virtual TextPane& Pane() const = 0;
-    // What Find finds. `goesOn` is asked again and again and ends the search when it says no.
+    // What Find finds. `shouldContinue` is asked again and again and ends the search when it says
+    // no.
     TextPos FindWhile(std::u16string_view what, TextPos start, FindOptions options,
-                      const std::function<bool()>& goesOn) const;
+                      const std::function<bool()>& shouldContinue) const;
 
   private:
     void SetDocument(Document document, bool plain);

@@ -74,8 +74,8 @@ class TextPane : public ReadablePane {
     int Percent();                       // how far it is scrolled
     void ScrollToPercent(int percent);
     void ShowScrollLabel() override;
-    // All of them; `goesOn` is asked again and again and ends the search when it says no.
-    const std::vector<Heading>& Headings(const std::function<bool()>& goesOn);
+    // All of them; `shouldContinue` is asked again and again and ends the search when it says no.
+    const std::vector<Heading>& Headings(const std::function<bool()>& shouldContinue);
     void OnTimer(PaneTimer timer) override;
     void OnFocusChanged() override;
     void OnResized() override { UpdateLayoutSize(); }

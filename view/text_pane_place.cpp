@@ -45,8 +45,8 @@ void TextPane::FindMoreHeadings() {
     if (labelShown_) window_.Redraw();
 }
 
-const std::vector<Heading>& TextPane::Headings(const std::function<bool()>& goesOn) {
-    while (!headings_.IsComplete() && goesOn())
+const std::vector<Heading>& TextPane::Headings(const std::function<bool()>& shouldContinue) {
+    while (!headings_.IsComplete() && shouldContinue())
         headings_.Advance();
     return headings_.Found();
 }

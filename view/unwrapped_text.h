@@ -14,8 +14,8 @@ class UnwrappedText : public TextSource {
     TextPos Length() const override { return text_->Length(); }
     TextPiece PieceAt(TextPos position) const override;
     TextPos FindWhile(std::u16string_view what, TextPos start, FindOptions options,
-                      const std::function<bool()>& goesOn) const override {
-        return text_->FindWhile(what, start, options, goesOn);
+                      const std::function<bool()>& shouldContinue) const override {
+        return text_->FindWhile(what, start, options, shouldContinue);
     }
 
   private:

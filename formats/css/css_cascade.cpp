@@ -8,9 +8,9 @@ void CssCascade::Set(CssProperty property, const CssCascaded& value) {
 }
 
 void CssCascade::Apply(std::span<const CssDeclaration> declarations, const CssBlock& block,
-                       bool important) {
+                       CssImportance importance) {
     for (const CssDeclaration& declaration : declarations) {
-        if (declaration.important != important) continue;
+        if (declaration.important != (importance == CssImportance::Important)) continue;
         if (declaration.property == CssProperty::WithVariables) {
             const CssBlock& read = written_.Read(block.written[declaration.value.index]);
             ApplyAll(read.declarations, read);

@@ -19,13 +19,16 @@ class CssWrittenReader {
     virtual const CssBlock& Read(const CssWrittenDeclaration& declaration) = 0;
 };
 
+enum class CssImportance : std::uint8_t { Normal, Important };
+
 class CssCascade {
   public:
     explicit CssCascade(CssWrittenReader& written) : written_(written) {}
 
     // Declarations of one rule, from the weakest to the strongest; of these those that are
     // important, or those that are not.
-    void Apply(std::span<const CssDeclaration> declarations, const CssBlock& block, bool important);
+    void Apply(std::span<const CssDeclaration> declarations, const CssBlock& block,
+               CssImportance importance);
     // What is there now is what `revert` goes back to.
     void EndUserAgent() { userAgent_ = values_; }
 

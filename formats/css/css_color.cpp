@@ -54,7 +54,10 @@ float Degrees(const CssToken& token) {
 }
 
 // Three parts and an alpha, between commas or, as of late, blanks and a "/".
-std::optional<CssColor> FromFunction(CssTokenStream arguments, bool isHsl) {
+enum class Notation : std::uint8_t { Rgb, Hsl };
+
+std::optional<CssColor> FromFunction(CssTokenStream arguments, Notation notation) {
+    const bool isHsl = notation == Notation::Hsl;
     std::array<CssToken, 4> parts;
     std::size_t count = 0;
     while (!arguments.AtEnd()) {
@@ -99,9 +102,9 @@ std::optional<CssValue> ReadCssColor(CssTokenStream& tokens, bool quirks) {
     else if (token.Is(Kind::Ident))
         color = CssNamedColor(token.text);
     else if (token.IsFunction(u"rgb") || token.IsFunction(u"rgba"))
-        color = FromFunction(tokens.Arguments(), false);
+        color = FromFunction(tokens.Arguments(), Notation::Rgb);
     else if (token.IsFunction(u"hsl") || token.IsFunction(u"hsla"))
-        color = FromFunction(tokens.Arguments(), true);
+        color = FromFunction(tokens.Arguments(), Notation::Hsl);
     const bool maybeDigits =
         token.Is(Kind::Number) || token.Is(Kind::Dimension) || token.Is(Kind::Ident);
     if (!color && quirks && maybeDigits) color = WithoutSign(token);

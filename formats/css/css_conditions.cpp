@@ -10,32 +10,32 @@ namespace {
 
 using Kind = CssCondition::Kind;
 
-bool Equal(std::u16string_view a, std::u16string_view b, bool ignoreCase) {
-    return ignoreCase ? EqualsIgnoringAsciiCase(a, b) : a == b;
+bool Equal(std::u16string_view a, std::u16string_view b, CssCase letters) {
+    return letters == CssCase::Insensitive ? EqualsIgnoringAsciiCase(a, b) : a == b;
 }
 
-bool IsOrStarts(std::u16string_view text, std::u16string_view start, bool ignoreCase) {
-    if (!Equal(text.substr(0, start.size()), start, ignoreCase)) return false;
+bool IsOrStarts(std::u16string_view text, std::u16string_view start, CssCase letters) {
+    if (!Equal(text.substr(0, start.size()), start, letters)) return false;
     return text.size() == start.size() || text[start.size()] == u'-';
 }
 
-bool HasPart(std::u16string_view text, std::u16string_view part, bool ignoreCase) {
-    if (!ignoreCase) return text.find(part) != text.npos;
+bool HasPart(std::u16string_view text, std::u16string_view part, CssCase letters) {
+    if (letters == CssCase::Sensitive) return text.find(part) != text.npos;
     return CssLowerCase(text).find(CssLowerCase(part)) != text.npos;
 }
 
-bool Compare(Kind kind, std::u16string_view text, std::u16string_view value, bool ignoreCase) {
+bool Compare(Kind kind, std::u16string_view text, std::u16string_view value, CssCase letters) {
     // An empty value is in nothing, but it may be all of one.
     if (value.empty() && kind != Kind::AttributeIs && kind != Kind::AttributeDash) return false;
     switch (kind) {
-    case Kind::AttributeIs: return Equal(text, value, ignoreCase);
-    case Kind::AttributeWord: return HasCssWord(text, value, ignoreCase);
-    case Kind::AttributeDash: return IsOrStarts(text, value, ignoreCase);
-    case Kind::AttributeStart: return Equal(text.substr(0, value.size()), value, ignoreCase);
+    case Kind::AttributeIs: return Equal(text, value, letters);
+    case Kind::AttributeWord: return HasCssWord(text, value, letters);
+    case Kind::AttributeDash: return IsOrStarts(text, value, letters);
+    case Kind::AttributeStart: return Equal(text.substr(0, value.size()), value, letters);
     case Kind::AttributeEnd:
         return text.size() >= value.size() &&
-               Equal(text.substr(text.size() - value.size()), value, ignoreCase);
-    case Kind::AttributePart: return HasPart(text, value, ignoreCase);
+               Equal(text.substr(text.size() - value.size()), value, letters);
+    case Kind::AttributePart: return HasPart(text, value, letters);
     default: return false;
     }
 }
@@ -57,7 +57,8 @@ bool CssMatcher::AttributeHolds(const CssIndexedCondition& condition) {
         steps_ += text.size() * condition.value.size() / unitsOfStep;
     }
     return Compare(condition.condition.kind, text, condition.value,
-                   condition.condition.caseOf == CssCondition::Case::Ignored);
+                   condition.condition.caseOf == CssCondition::Case::Ignored ? CssCase::Insensitive
+                                                                             : CssCase::Sensitive);
 }
 
 bool CssMatcher::IsEmpty() {
@@ -92,7 +93,8 @@ bool CssMatcher::HoldsHere(const CssIndexedCondition& condition) {
     case Kind::Empty: return IsEmpty();
     case Kind::Link: return IsHtmlLink(*element_.node);
     case Kind::Language:
-        return !condition.value.empty() && IsOrStarts(element_.language, condition.value, true);
+        return !condition.value.empty() &&
+               IsOrStarts(element_.language, condition.value, CssCase::Insensitive);
     case Kind::Is: return std::ranges::any_of(index_.AlternativesOf(condition), holds);
     case Kind::Not: return std::ranges::none_of(index_.AlternativesOf(condition), holds);
     case Kind::Never: return false;

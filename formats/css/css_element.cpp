@@ -35,14 +35,15 @@ bool IsHtmlLink(const HtmlNode& node) {
     return (node.Is(HtmlName::A) || node.Is(HtmlName::Area)) && node.Attribute(HtmlName::Href);
 }
 
-bool HasCssWord(std::u16string_view text, std::u16string_view word, bool ignoreCase) {
+bool HasCssWord(std::u16string_view text, std::u16string_view word, CssCase letters) {
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t start = at;
         while (at < text.size() && !IsCssSpace(text[at]))
             ++at;
         const std::u16string_view one = text.substr(start, at - start);
-        if (!one.empty() && (ignoreCase ? EqualsIgnoringAsciiCase(one, word) : one == word))
-            return true;
+        const bool isWord =
+            letters == CssCase::Insensitive ? EqualsIgnoringAsciiCase(one, word) : one == word;
+        if (!one.empty() && isWord) return true;
         ++at;
     }
     return false;

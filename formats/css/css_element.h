@@ -30,5 +30,7 @@ class CssElementReader {
 };
 
 bool IsHtmlLink(const HtmlNode& node);
+// How values are compared; of ASCII letters only.
+enum class CssCase : std::uint8_t { Sensitive, Insensitive };
 // Whether one of the words of an attribute's value is this one.
-bool HasCssWord(std::u16string_view text, std::u16string_view word, bool ignoreCase);
+bool HasCssWord(std::u16string_view text, std::u16string_view word, CssCase letters);

@@ -11,26 +11,29 @@ constexpr CssKeyword breadths[] = {
 constexpr CssLonghand breadth{u"", CssProperty::GridTemplateColumns, cssLength | cssPercent,
                               breadths};
 
-std::optional<CssValue> ReadBreadth(CssShorthandReader& reader, bool takesShare) {
+// Those of what the other tracks leave, `fr`.
+enum class Fractions : std::uint8_t { Allowed, Wrong };
+
+std::optional<CssValue> ReadBreadth(CssShorthandReader& reader, Fractions fractions) {
     const CssToken& token = reader.tokens.Peek();
     if (token.Is(Kind::Dimension) && CssEqual(token.unit, u"fr")) {
-        if (!takesShare || token.number < 0) return std::nullopt;
+        if (fractions == Fractions::Wrong || token.number < 0) return std::nullopt;
         return CssValue::Number(reader.tokens.Next().number);
     }
     return ReadCssValue(breadth, reader.tokens, reader.reading, reader.block);
 }
 
 bool ReadMinMax(CssShorthandReader& reader, CssGridTrack& track) {
-    const auto min = ReadBreadth(reader, false);
+    const auto min = ReadBreadth(reader, Fractions::Wrong);
     if (!min || !reader.tokens.Take(Kind::Comma)) return false;
-    const auto max = ReadBreadth(reader, true);
+    const auto max = ReadBreadth(reader, Fractions::Allowed);
     if (!max || !reader.tokens.AtEnd()) return false;
     track = {*min, *max};
     return true;
 }
 
 bool ReadFitContent(CssShorthandReader& reader, CssGridTrack& track) {
-    const auto limit = ReadBreadth(reader, false);
+    const auto limit = ReadBreadth(reader, Fractions::Wrong);
     if (!limit || limit->kind == CssValue::Kind::Keyword || !reader.tokens.AtEnd()) return false;
     track = {CssValue::OfKeyword(0), *limit, true};
     return true;
@@ -97,7 +100,7 @@ bool ReadCssGridTrack(CssShorthandReader& reader, CssGridTrack& track) {
         CssShorthandReader within{arguments, reader.reading, reader.block};
         return isMinMax ? ReadMinMax(within, track) : ReadFitContent(within, track);
     }
-    const auto both = ReadBreadth(reader, true);
+    const auto both = ReadBreadth(reader, Fractions::Allowed);
     if (!both) return false;
     // What has a share is at least as wide as its content.
     const bool isShare = both->kind == CssValue::Kind::Number;

@@ -9,7 +9,7 @@
 #include <optional>
 
 // Nothing for what is none. A number without a unit is one when it is 0, or in quirks mode.
-std::optional<CssValue> CssLengthOf(const CssToken& token, bool quirks);
+std::optional<CssValue> CssLengthOf(const CssToken& token, bool quirks = false);
 
 // What relative lengths are relative to.
 struct CssLengthBase {

@@ -79,8 +79,8 @@ bool ReadCssTextDecoration(CssShorthandReader& reader, std::span<const CssProper
         else if (token.IsIdent(u"line-through"))
             lines |= cssLineThrough;
         else if (!token.IsIdent(u"none") && !token.IsIdent(u"blink") &&
-                 !IsOneOf(token, lineStyles) && !CssLengthOf(token, false)) {
-            if (!ReadCssColor(reader.tokens, false)) return false;
+                 !IsOneOf(token, lineStyles) && !CssLengthOf(token)) {
+            if (!ReadCssColor(reader.tokens)) return false;
             continue;
         }
         reader.tokens.Next();
@@ -96,7 +96,7 @@ bool ReadCssBackground(CssShorthandReader& reader, std::span<const CssProperty>)
     while (!reader.tokens.AtEnd()) {
         const CssToken& token = reader.tokens.Peek();
         std::u16string address;
-        if (const auto given = ReadCssColor(reader.tokens, false)) {
+        if (const auto given = ReadCssColor(reader.tokens)) {
             color = *given;
             continue;
         }

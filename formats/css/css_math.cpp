@@ -109,7 +109,7 @@ class MathReader {
             result_.hasPercent = true;
             return Push(CssValue::Percent(token.number), Type::Length);
         }
-        const auto length = CssLengthOf(token, false);
+        const auto length = CssLengthOf(token);
         return length ? Push(*length, Type::Length) : std::nullopt;
     }
 
@@ -152,8 +152,12 @@ float SizeOf(const Sum& sum, const CssLengthBase& base) {
     return sum.number + sum.pixels + sum.percent * whole / 100;
 }
 
-Sum Smaller(const Sum& left, const Sum& right, const CssLengthBase& base, bool smaller) {
-    return (SizeOf(left, base) <= SizeOf(right, base)) == smaller ? left : right;
+Sum Smaller(const Sum& left, const Sum& right, const CssLengthBase& base) {
+    return SizeOf(left, base) <= SizeOf(right, base) ? left : right;
+}
+
+Sum Larger(const Sum& left, const Sum& right, const CssLengthBase& base) {
+    return SizeOf(left, base) <= SizeOf(right, base) ? right : left;
 }
 
 float Rounded(float value, float step, Step how) {
@@ -225,8 +229,8 @@ CssValue EvaluateCssMath(const CssMath& math, const CssLengthBase& base, bool& c
         case Step::Subtract: left = left.Plus(right.Times(-1)); break;
         case Step::Multiply: left = Product(left, right); break;
         case Step::Divide: left = left.Times(right.number == 0 ? 0 : 1 / right.number); break;
-        case Step::Min: left = Smaller(left, right, base, true); break;
-        case Step::Max: left = Smaller(left, right, base, false); break;
+        case Step::Min: left = Smaller(left, right, base); break;
+        case Step::Max: left = Larger(left, right, base); break;
         default: left = Rounded(left, right, base, step.kind); break;
         }
     }

@@ -11,7 +11,7 @@ namespace {
 using Kind = CssToken::Kind;
 
 std::optional<float> PixelsOf(const CssToken& token, const CssMedium& medium) {
-    const std::optional<CssValue> value = CssLengthOf(token, false);
+    const std::optional<CssValue> value = CssLengthOf(token);
     if (!value) return std::nullopt;
     return CssPixels(*value, {medium.fontSize, medium.fontSize, &medium});
 }

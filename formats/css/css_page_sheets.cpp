@@ -16,8 +16,9 @@ bool IsSheet(const HtmlNode& node) {
     if (!type.empty() && !CssEqual(type.substr(0, 8), u"text/css")) return false;
     if (node.Is(HtmlName::Style)) return true;
     const std::u16string_view rel = Value(node, HtmlName::Rel);
-    return node.Is(HtmlName::Link) && HasCssWord(rel, u"stylesheet", true) &&
-           !HasCssWord(rel, u"alternate", true) && !Value(node, HtmlName::Href).empty();
+    return node.Is(HtmlName::Link) && HasCssWord(rel, u"stylesheet", CssCase::Insensitive) &&
+           !HasCssWord(rel, u"alternate", CssCase::Insensitive) &&
+           !Value(node, HtmlName::Href).empty();
 }
 
 } // namespace

@@ -26,8 +26,12 @@ class DeclarationParser {
 
   protected:
     enum class Stop : std::uint8_t { End, Semicolon, OpenCurly, CloseCurly };
+    // What ends a construct beside the "{" of its block.
+    struct Ends {
+        bool semicolon = false, closeCurly = false;
+    };
     // Tokens from `first` on up to what ends this construct, which is passed.
-    Stop Collect(CssToken first, bool semicolonEnds, bool curlyEnds);
+    Stop Collect(CssToken first, Ends ends);
     void SkipBlock();
 
     CssTokenizer tokens_;
@@ -62,17 +66,16 @@ class Parser : private DeclarationParser {
     bool importsEnded_ = false; // another rule has come
 };
 
-DeclarationParser::Stop DeclarationParser::Collect(CssToken first, bool semicolonEnds,
-                                                   bool curlyEnds) {
+DeclarationParser::Stop DeclarationParser::Collect(CssToken first, Ends ends) {
     construct_.clear();
     overflow_ = false;
     CssBrackets brackets;
     for (CssToken token = first;; token = tokens_.Next()) {
         if (token.Is(Kind::End)) return Stop::End;
         if (brackets.None()) {
-            if (token.Is(Kind::Semicolon) && semicolonEnds) return Stop::Semicolon;
+            if (token.Is(Kind::Semicolon) && ends.semicolon) return Stop::Semicolon;
             if (token.Is(Kind::OpenCurly)) return Stop::OpenCurly;
-            if (token.Is(Kind::CloseCurly) && curlyEnds) return Stop::CloseCurly;
+            if (token.Is(Kind::CloseCurly) && ends.closeCurly) return Stop::CloseCurly;
         }
         brackets.Pass(token);
         if (construct_.size() < maxCssTokens)
@@ -113,7 +116,7 @@ void Parser::ReadRules(int depth, bool applies) {
 bool Parser::ReadAtRule(const CssToken& keyword, int depth, bool applies) {
     const bool isImport = CssEqual(keyword.text, u"import") && depth == 0;
     const bool isCharset = CssEqual(keyword.text, u"charset");
-    const Stop stop = Collect(tokens_.Next(), true, depth > 0);
+    const Stop stop = Collect(tokens_.Next(), {.semicolon = true, .closeCurly = depth > 0});
     if (isImport && stop != Stop::OpenCurly) ReadImport();
     // Statements without a block may stand before an @import: @charset, @layer, and the unknown.
     if (!isCharset && stop == Stop::OpenCurly) importsEnded_ = true;
@@ -156,7 +159,7 @@ void Parser::ReadImport() {
 
 bool Parser::ReadRule(const CssToken& first, int depth, bool applies) {
     importsEnded_ = true;
-    const Stop stop = Collect(first, false, depth > 0);
+    const Stop stop = Collect(first, {.closeCurly = depth > 0});
     if (stop != Stop::OpenCurly) return stop != Stop::CloseCurly;
     const bool hasRoom = sheet_.rules.size() < maxCssRules;
     std::vector<CssSelector> selectors;
@@ -192,7 +195,7 @@ void DeclarationParser::ReadDeclarations() {
         const CssToken token = tokens_.Next();
         if (token.Is(Kind::Whitespace) || token.Is(Kind::Semicolon)) continue;
         if (token.Is(Kind::End)) return;
-        const Stop stop = Collect(token, true, true);
+        const Stop stop = Collect(token, {.semicolon = true, .closeCurly = true});
         // What has a block of its own is a rule within this one, or an at-rule; neither is known.
         if (stop == Stop::OpenCurly)
             SkipBlock();

@@ -170,12 +170,12 @@ std::uint32_t CssStyler::NumberOfKey(std::uint32_t parent, CssPseudoElement whic
     return number;
 }
 
-void CssStyler::ApplyRules(CssCascade& cascade, CssPseudoElement which, bool important,
+void CssStyler::ApplyRules(CssCascade& cascade, CssPseudoElement which, CssImportance importance,
                            CssOrigin origin) {
     for (const std::uint32_t number : matcher_.Rules()) {
         const CssIndexedRule& rule = index_.Rule(number);
         if (rule.pseudoElement != which || rule.Origin() != origin) continue;
-        cascade.Apply(DeclarationsOf(*rule.sheet, *rule.rule), rule.sheet->block, important);
+        cascade.Apply(DeclarationsOf(*rule.sheet, *rule.rule), rule.sheet->block, importance);
     }
 }
 
@@ -190,14 +190,14 @@ std::uint32_t CssStyler::Compute(std::uint32_t parent, CssPseudoElement which,
     variables_ = VariablesOf(which, own, outer.inherited->variables);
     read_.clear();
     CssCascade cascade(*this);
-    ApplyRules(cascade, which, false, CssOrigin::UserAgent);
+    ApplyRules(cascade, which, CssImportance::Normal, CssOrigin::UserAgent);
     cascade.EndUserAgent();
-    cascade.Apply(hints_.declarations, hints_, false);
-    ApplyRules(cascade, which, false, CssOrigin::Author);
-    cascade.Apply(own.declarations, own, false);
-    ApplyRules(cascade, which, true, CssOrigin::Author);
-    cascade.Apply(own.declarations, own, true);
-    ApplyRules(cascade, which, true, CssOrigin::UserAgent);
+    cascade.Apply(hints_.declarations, hints_, CssImportance::Normal);
+    ApplyRules(cascade, which, CssImportance::Normal, CssOrigin::Author);
+    cascade.Apply(own.declarations, own, CssImportance::Normal);
+    ApplyRules(cascade, which, CssImportance::Important, CssOrigin::Author);
+    cascade.Apply(own.declarations, own, CssImportance::Important);
+    ApplyRules(cascade, which, CssImportance::Important, CssOrigin::UserAgent);
     CssStyleParts parts = ComputeCssStyle(cascade, *outer.inherited, *outer.box, context_);
     parts.inherited.variables = variables_;
     return Add(parts);

@@ -32,8 +32,10 @@ class CssStyler : private CssWrittenReader {
     // In css_styler_variables.cpp: of an element, with those that it inherits.
     std::uint32_t VariablesOf(CssPseudoElement which, const CssBlock& own, std::uint32_t outer);
     void AddWritten(std::span<const CssDeclaration> declarations, const CssBlock& block,
-                    bool important, std::vector<const CssWrittenDeclaration*>& written) const;
-    void ApplyRules(CssCascade& cascade, CssPseudoElement which, bool important, CssOrigin origin);
+                    CssImportance importance,
+                    std::vector<const CssWrittenDeclaration*>& written) const;
+    void ApplyRules(CssCascade& cascade, CssPseudoElement which, CssImportance importance,
+                    CssOrigin origin);
     std::uint32_t Add(const CssStyleParts& parts);
 
     const HtmlTree& tree_;

@@ -16,9 +16,10 @@ std::size_t UnitsOf(const CssVariables& list) {
 } // namespace
 
 void CssStyler::AddWritten(std::span<const CssDeclaration> declarations, const CssBlock& block,
-                           bool important,
+                           CssImportance importance,
                            std::vector<const CssWrittenDeclaration*>& written) const {
     if (block.written.empty()) return; // as most sheets and style attributes are
+    const bool important = importance == CssImportance::Important;
     for (const CssDeclaration& declaration : declarations)
         if (declaration.property == CssProperty::Custom && declaration.important == important)
             written.push_back(&block.written[declaration.value.index]);
@@ -27,14 +28,14 @@ void CssStyler::AddWritten(std::span<const CssDeclaration> declarations, const C
 std::uint32_t CssStyler::VariablesOf(CssPseudoElement which, const CssBlock& own,
                                      std::uint32_t outer) {
     std::vector<const CssWrittenDeclaration*> written;
-    for (const bool important : {false, true}) {
+    for (const CssImportance importance : {CssImportance::Normal, CssImportance::Important}) {
         for (const std::uint32_t number : matcher_.Rules()) {
             const CssIndexedRule& rule = index_.Rule(number);
             if (rule.pseudoElement == which && rule.Origin() == CssOrigin::Author)
-                AddWritten(DeclarationsOf(*rule.sheet, *rule.rule), rule.sheet->block, important,
+                AddWritten(DeclarationsOf(*rule.sheet, *rule.rule), rule.sheet->block, importance,
                            written);
         }
-        AddWritten(own.declarations, own, important, written);
+        AddWritten(own.declarations, own, importance, written);
     }
     const bool isFull = variableUnits_ > maxCssVariableStore || matcher_.IsExhausted();
     if (written.empty() || isFull) return outer;

@@ -30,7 +30,7 @@ void AddHint(CssBlock& block, CssProperty property, const CssValue& value) {
     block.declarations.push_back({property, false, value});
 }
 
-std::optional<CssValue> HtmlDimension(std::u16string_view text, bool zeroIsNone) {
+std::optional<CssValue> HtmlDimension(std::u16string_view text, HtmlZero zero) {
     SkipSpace(text);
     if (text.starts_with(u'+')) text.remove_prefix(1);
     if (text.empty() || !IsAsciiDigit(text[0])) return std::nullopt;
@@ -39,16 +39,16 @@ std::optional<CssValue> HtmlDimension(std::u16string_view text, bool zeroIsNone)
         text.remove_prefix(1);
         value = TakeDigits(text, value, 0.1);
     }
-    if (value == 0 && zeroIsNone) return std::nullopt;
+    if (value == 0 && zero == HtmlZero::IsIgnored) return std::nullopt;
     const bool isPercent = text.starts_with(u'%');
     const auto number = static_cast<float>(value);
     return isPercent ? CssValue::Percent(number) : CssValue::Pixels(number);
 }
 
 void AddDimensionHint(CssBlock& block, CssProperty property, const HtmlAttribute* attribute,
-                      bool zeroIsNone) {
+                      HtmlZero zero) {
     if (!attribute) return;
-    if (const auto value = HtmlDimension(attribute->Value(), zeroIsNone))
+    if (const auto value = HtmlDimension(attribute->Value(), zero))
         AddHint(block, property, *value);
 }
 

@@ -14,11 +14,13 @@ void AddHint(CssBlock& block, CssProperty property, Enumeration keyword) {
 }
 constexpr std::uint16_t cssAutoKeyword = 0;
 
-// Pixels or percents; nothing for what is no number, or 0 where that means none.
-std::optional<CssValue> HtmlDimension(std::u16string_view text, bool zeroIsNone = false);
+// What 0 means: itself, or that the attribute is passed over.
+enum class HtmlZero : std::uint8_t { IsValid, IsIgnored };
+// Pixels or percents; nothing for what is no number.
+std::optional<CssValue> HtmlDimension(std::u16string_view text, HtmlZero zero = HtmlZero::IsValid);
 
 void AddDimensionHint(CssBlock& block, CssProperty property, const HtmlAttribute* attribute,
-                      bool zeroIsNone = false);
+                      HtmlZero zero = HtmlZero::IsValid);
 void AddColorHint(CssBlock& block, CssProperty property, const HtmlAttribute* attribute);
 void AddPixelsHint(CssBlock& block, CssProperty property, const HtmlAttribute* attribute);
 // On all four sides, the first of which is given.

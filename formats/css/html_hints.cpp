@@ -73,13 +73,14 @@ void HtmlHints::Read(HtmlNodeId element, CssBlock& block) const {
     case HtmlName::Thead:
     case HtmlName::Tfoot:
         AddColorHint(block, P::BackgroundColor, node.Attribute(HtmlName::Bgcolor));
-        AddDimensionHint(block, P::Height, node.Attribute(HtmlName::Height), true);
+        AddDimensionHint(block, P::Height, node.Attribute(HtmlName::Height), HtmlZero::IsIgnored);
         ReadTableAlign(node, block);
         ReadRowEdges(element, block);
         return ReadValign(node, block);
     case HtmlName::Col:
     case HtmlName::Colgroup:
-        return AddDimensionHint(block, P::Width, node.Attribute(HtmlName::Width), true);
+        return AddDimensionHint(block, P::Width, node.Attribute(HtmlName::Width),
+                                HtmlZero::IsIgnored);
     case HtmlName::Caption: return ReadCaptionAlign(node, block);
     case HtmlName::Hr: return ReadRuleHints(node, block);
     case HtmlName::Img:
@@ -117,8 +118,8 @@ void HtmlHints::ReadBody(const HtmlNode& node, CssBlock& block) const {
 
 void HtmlHints::ReadTable(const HtmlNode& node, CssBlock& block) const {
     AddColorHint(block, P::BackgroundColor, node.Attribute(HtmlName::Bgcolor));
-    AddDimensionHint(block, P::Width, node.Attribute(HtmlName::Width), true);
-    AddDimensionHint(block, P::Height, node.Attribute(HtmlName::Height), true);
+    AddDimensionHint(block, P::Width, node.Attribute(HtmlName::Width), HtmlZero::IsIgnored);
+    AddDimensionHint(block, P::Height, node.Attribute(HtmlName::Height), HtmlZero::IsIgnored);
     AddPixelsHint(block, P::BorderSpacingX, node.Attribute(HtmlName::Cellspacing));
     AddPixelsHint(block, P::BorderSpacingY, node.Attribute(HtmlName::Cellspacing));
     if (const HtmlAttribute* align = node.Attribute(HtmlName::Align)) {
@@ -152,8 +153,8 @@ void HtmlHints::ReadCell(HtmlNodeId element, CssBlock& block) const {
         ReadCellEdges(tree_[table], block);
     }
     AddColorHint(block, P::BackgroundColor, node.Attribute(HtmlName::Bgcolor));
-    AddDimensionHint(block, P::Width, node.Attribute(HtmlName::Width), true);
-    AddDimensionHint(block, P::Height, node.Attribute(HtmlName::Height), true);
+    AddDimensionHint(block, P::Width, node.Attribute(HtmlName::Width), HtmlZero::IsIgnored);
+    AddDimensionHint(block, P::Height, node.Attribute(HtmlName::Height), HtmlZero::IsIgnored);
     if (node.Attribute(HtmlName::Nowrap)) AddHint(block, P::WhiteSpace, CssWhiteSpace::NoWrap);
     ReadTableAlign(node, block);
     ReadValign(node, block);

@@ -84,9 +84,8 @@ const HtmlEntity* LongestName(std::u16string_view text) {
     for (std::size_t i = 1; i < text.size() && first != last; ++i) {
         const char16_t unit = text[i];
         if (last - first == 1) {
-            const bool goesOn = NameUnit(*first, i) == unit;
-            if (goesOn && NameLength(first) == i + 1) return first;
-            if (!goesOn) break;
+            if (NameUnit(*first, i) != unit) break;
+            if (NameLength(first) == i + 1) return first;
             continue;
         }
         first = std::partition_point(

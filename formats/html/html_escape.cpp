@@ -1,17 +1,21 @@
 #include "formats/html/html_escape.h"
 
+#include <cstdint>
+
 namespace {
-void Append(std::u16string& source, std::u16string_view text, bool inAttribute) {
+enum class Place : std::uint8_t { Text, Attribute };
+
+void Append(std::u16string& source, std::u16string_view text, Place place) {
     for (const char16_t unit : text) {
         if (unit == u'&')
             source += u"&amp;";
         else if (unit == u'\u00A0')
             source += u"&nbsp;";
-        else if (unit == u'<' && !inAttribute)
+        else if (unit == u'<' && place == Place::Text)
             source += u"&lt;";
-        else if (unit == u'>' && !inAttribute)
+        else if (unit == u'>' && place == Place::Text)
             source += u"&gt;";
-        else if (unit == u'"' && inAttribute)
+        else if (unit == u'"' && place == Place::Attribute)
             source += u"&quot;";
         else
             source += unit;
@@ -20,9 +24,9 @@ void Append(std::u16string& source, std::u16string_view text, bool inAttribute) 
 } // namespace
 
 void AppendHtmlText(std::u16string& source, std::u16string_view text) {
-    Append(source, text, false);
+    Append(source, text, Place::Text);
 }
 
 void AppendHtmlAttribute(std::u16string& source, std::u16string_view value) {
-    Append(source, value, true);
+    Append(source, value, Place::Attribute);
 }

@@ -85,6 +85,8 @@ bool IsSkipped(const HtmlNode& element) {
     }
 }
 
+enum class WhiteSpace : std::uint8_t { Collapsed, Preserved };
+
 // A break or a blank that is due is added only when more text follows.
 class Collector {
   public:
@@ -94,10 +96,12 @@ class Collector {
 
     void LineBreak(HtmlNodeId node) {
         if (due_ != u'\n') due_ = 0;
-        Add(node, u"\n", false);
+        Add(node, u"\n", WhiteSpace::Collapsed);
     }
 
-    void PreText(HtmlNodeId node, std::u16string_view units) { Add(node, units, true); }
+    void PreText(HtmlNodeId node, std::u16string_view units) {
+        Add(node, units, WhiteSpace::Preserved);
+    }
 
     void Text(HtmlNodeId node, std::u16string_view units) {
         const std::size_t first = HtmlSpaceLength(units);
@@ -106,7 +110,7 @@ class Collector {
         while (end > first && IsHtmlSpace(units[end - 1]))
             --end;
         if (end == first) return;
-        OpenPiece(node, false);
+        OpenPiece(node, WhiteSpace::Collapsed);
         AppendCollapsed(units.substr(first, end - first));
         ClosePiece();
         if (end < units.size()) due_ = u' ';
@@ -115,16 +119,17 @@ class Collector {
     HtmlCountedText result;
 
   private:
-    void Add(HtmlNodeId node, std::u16string_view units, bool isPre) {
-        OpenPiece(node, isPre);
+    void Add(HtmlNodeId node, std::u16string_view units, WhiteSpace whiteSpace) {
+        OpenPiece(node, whiteSpace);
         result.text += units;
         ClosePiece();
     }
 
-    void OpenPiece(HtmlNodeId node, bool isPre) {
+    void OpenPiece(HtmlNodeId node, WhiteSpace whiteSpace) {
         if (due_ != 0) result.text += due_;
         due_ = 0;
-        result.pieces.push_back({node, static_cast<TextPos>(result.text.size()), 0, isPre});
+        result.pieces.push_back({node, static_cast<TextPos>(result.text.size()), 0,
+                                 whiteSpace == WhiteSpace::Preserved});
     }
 
     void ClosePiece() {

@@ -61,9 +61,10 @@ bool MetaCanvas::AddCommand(MetaCommand::Kind kind, std::size_t index, double co
     return true;
 }
 
-void MetaCanvas::AddShape(const std::vector<MetaPoints>& contours, bool isClosed, MetaPaint paint) {
+void MetaCanvas::AddShape(const std::vector<MetaPoints>& contours, MetaContour end,
+                          MetaPaint paint) {
     MetaShape shape;
-    shape.isClosed = isClosed;
+    shape.isClosed = end == MetaContour::Closed;
     shape.isWinding = state_.isWinding;
     shape.hasPen = paint != MetaPaint::Fill && state_.pen.isVisible;
     shape.hasBrush = paint != MetaPaint::Stroke && state_.brush.isVisible;
@@ -89,14 +90,14 @@ void MetaCanvas::AddShape(const std::vector<MetaPoints>& contours, bool isClosed
         file_.shapes.push_back(std::move(shape));
 }
 
-void MetaCanvas::Shape(std::vector<MetaPoints> contours, bool isClosed) {
+void MetaCanvas::Shape(std::vector<MetaPoints> contours, MetaContour end) {
     if (!isInPath_)
-        return AddShape(contours, isClosed,
-                        isClosed ? MetaPaint::FillAndStroke : MetaPaint::Stroke);
+        return AddShape(contours, end,
+                        end == MetaContour::Closed ? MetaPaint::FillAndStroke : MetaPaint::Stroke);
     for (MetaPoints& contour : contours) {
         if (contour.empty() || contour.size() >= pointsLeft_) continue;
         pointsLeft_ -= contour.size() + 1;
-        if (isClosed) contour.push_back(contour.front());
+        if (end == MetaContour::Closed) contour.push_back(contour.front());
         path_.push_back(std::move(contour));
     }
 }
@@ -196,13 +197,13 @@ void MetaCanvas::Fill(const MetaBox& place, std::uint32_t rasterOperation) {
                    {place.right, place.top},
                    {place.right, place.bottom},
                    {place.left, place.bottom}}},
-                 true, MetaPaint::Fill);
+                 MetaContour::Closed, MetaPaint::Fill);
     state_.brush = brush;
 }
 
 void MetaCanvas::Pixel(MetaPoint place, Color color) {
     const MetaPen pen = state_.pen;
     state_.pen = {.color = color};
-    AddShape({{place, place}}, false, MetaPaint::Stroke);
+    AddShape({{place, place}}, MetaContour::Open, MetaPaint::Stroke);
     state_.pen = pen;
 }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <variant>
 
+enum class MetaContour : std::uint8_t { Open, Closed };
 struct MetaPen {
     bool isVisible = true, isDashed = false;
     double width = 0; // logical units
@@ -67,8 +68,10 @@ class MetaCanvas {
     void MoveTo(MetaPoint place);
     void LineTo(MetaPoint place) { LinesTo({place}); }
     void LinesTo(MetaPoints points); // from the current position
-    void Lines(std::vector<MetaPoints> contours) { Shape(std::move(contours), false); }
-    void Areas(std::vector<MetaPoints> contours) { Shape(std::move(contours), true); }
+    void Lines(std::vector<MetaPoints> contours) { Shape(std::move(contours), MetaContour::Open); }
+    void Areas(std::vector<MetaPoints> contours) {
+        Shape(std::move(contours), MetaContour::Closed);
+    }
     void Text(MetaPoint place, std::u16string text, double width);
     void Image(const MetaBox& place, MetaImage image, std::uint32_t rasterOperation);
     void Fill(const MetaBox& place, std::uint32_t rasterOperation); // PatBlt
@@ -92,8 +95,8 @@ class MetaCanvas {
     MetaPoint Placed(MetaPoint logical); // mapped, and counted for the bounds
     MetaPoint MappedVector(MetaPoint logical) const;
     double MappedHeight(double logical) const;
-    void Shape(std::vector<MetaPoints> contours, bool isClosed);
-    void AddShape(const std::vector<MetaPoints>& contours, bool isClosed, MetaPaint paint);
+    void Shape(std::vector<MetaPoints> contours, MetaContour end);
+    void AddShape(const std::vector<MetaPoints>& contours, MetaContour end, MetaPaint paint);
     double CoverOf(const MetaBox& box) const; // how much of the picture may be painted over
     bool AddCommand(MetaCommand::Kind kind, std::size_t index, double cover);
 

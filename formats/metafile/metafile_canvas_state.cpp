@@ -92,6 +92,6 @@ void MetaCanvas::CloseFigure() {
 void MetaCanvas::PaintPath(MetaPaint paint) {
     isInPath_ = false;
     std::erase_if(path_, [](const MetaPoints& contour) { return contour.size() < 2; });
-    if (!path_.empty()) AddShape(path_, false, paint);
+    if (!path_.empty()) AddShape(path_, MetaContour::Open, paint);
     path_.clear();
 }

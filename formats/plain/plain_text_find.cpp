@@ -5,7 +5,7 @@
 #include <algorithm>
 
 TextPos PlainTextSource::FindWhile(std::u16string_view what, TextPos start, FindOptions options,
-                                   const std::function<bool()>& goesOn) const {
+                                   const std::function<bool()>& shouldContinue) const {
     constexpr std::uint64_t bytesPerQuestion = 1 << 20;
     start = std::clamp(start, 0, Length());
     if (what.empty() || what.size() > static_cast<std::size_t>(Length() - start)) return notFound;
@@ -14,7 +14,7 @@ TextPos PlainTextSource::FindWhile(std::u16string_view what, TextPos start, Find
     std::uint64_t nextQuestion = 0;
     for (std::size_t piece = PieceWith(start); piece + 1 < marks_.size(); ++piece) {
         if (marks_[piece].byte >= nextQuestion) {
-            if (!goesOn()) return findGivenUp;
+            if (!shouldContinue()) return findGivenUp;
             nextQuestion = marks_[piece].byte + bytesPerQuestion;
         }
         if (const TextPos found = FindIn(piece, search, start, length); found >= 0) return found;

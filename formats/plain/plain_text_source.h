@@ -34,7 +34,7 @@ class PlainTextSource : public TextSource {
     TextPos Length() const override { return marks_.back().position; }
     TextPiece PieceAt(TextPos position) const override;
     TextPos FindWhile(std::u16string_view what, TextPos start, FindOptions options,
-                      const std::function<bool()>& goesOn) const override;
+                      const std::function<bool()>& shouldContinue) const override;
 
     // The byte of the file at which the character at a position begins, and back: the position of
     // the first character that begins at or after a byte. Both moved into the text.

@@ -139,13 +139,13 @@ TEST_CASE("text view: hands over its text") {
         const std::u16string text = u"One lamp.\nTwo lamps.\n";
         view.LoadPlainText(text);
         std::u16string seen;
-        bool goesOn = false;
+        bool shouldContinue = false;
         view.VisitText([&](const TextSource& source, const std::function<bool()>& asked) {
             seen = source.Range(0, source.Length());
-            goesOn = asked();
+            shouldContinue = asked();
         });
         CHECK(seen == text);
-        CHECK(goesOn);
+        CHECK(shouldContinue);
         view.LoadRichText("{\\rtf1 rich\\par text}", 1252);
         view.VisitText([&](const TextSource& source, const auto&) {
             seen = source.Range(0, source.Length());

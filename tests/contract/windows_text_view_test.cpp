@@ -366,10 +366,10 @@ class EndlessText : public TextSource {
     TextPos Length() const override { return static_cast<TextPos>(text_.size()); }
     TextPiece PieceAt(TextPos) const override { return {0, text_}; }
     TextPos FindWhile(std::u16string_view, TextPos, FindOptions,
-                      const std::function<bool()>& goesOn) const override {
+                      const std::function<bool()>& shouldContinue) const override {
         const ULONGLONG end = GetTickCount64() + 60'000;
         while (GetTickCount64() < end)
-            if (!goesOn()) return findGivenUp;
+            if (!shouldContinue()) return findGivenUp;
         return notFound;
     }
 

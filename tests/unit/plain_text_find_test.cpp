@@ -275,8 +275,8 @@ TEST_CASE("plain text find: is given up when it is told to") {
     const PlainTextSource source(Reader(bytes + "end"), 0, 1252);
     for (const std::u16string what : {u"end", u"\n\n\n"}) {
         int asked = 0;
-        const auto goesOn = [&asked] { return ++asked < 4; };
-        CHECK(source.FindWhile(what, 0, {}, goesOn) == findGivenUp);
+        const auto shouldContinue = [&asked] { return ++asked < 4; };
+        CHECK(source.FindWhile(what, 0, {}, shouldContinue) == findGivenUp);
         CHECK(asked == 4);
         const TextPos expected = what == u"end" ? source.Length() - 3 : notFound;
         CHECK(source.FindWhile(what, 0, {}, [] { return true; }) == expected);
@@ -286,8 +286,8 @@ TEST_CASE("plain text find: is given up when it is told to") {
 TEST_CASE("plain text find: asks once for each megabyte whether it goes on") {
     const PlainTextSource source(Reader(std::string(2u << 20, '.')), 0, 1252);
     int asked = 0;
-    const auto goesOn = [&asked] { return ++asked > 0; };
-    CHECK(source.FindWhile(u"x", 0, {}, goesOn) == notFound);
+    const auto shouldContinue = [&asked] { return ++asked > 0; };
+    CHECK(source.FindWhile(u"x", 0, {}, shouldContinue) == notFound);
     CHECK(asked == 2);
 }
 

@@ -145,8 +145,9 @@ constexpr std::size_t maxZonesAway = 64;
 constexpr double besideText = 1000;
 
 std::optional<CharacterPlace> PagePlaces::NearestLine(std::size_t zone, double x, double y,
-                                                      bool below) {
+                                                      LineChoice choice) {
     PageFlow& flow = shown_.Flow();
+    const bool below = choice == LineChoice::FromThere;
     std::optional<CharacterPlace> nearest;
     double minDistance = std::numeric_limits<double>::max();
     const auto lookInto = [&](std::size_t at, double offset) {

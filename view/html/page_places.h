@@ -27,7 +27,11 @@ struct PlacedBlock {
     double CaretX(std::size_t line, TextPos unit) const; // from the page's left edge
 };
 
-// A character in it.
+// Which line stands for a point. From there on: lines that end above it do not count while there
+// are others, nor what stands beside the text.
+enum class LineChoice : std::uint8_t { Nearest, FromThere };
+
+// A character in a block.
 struct CharacterPlace {
     PlacedBlock block;
     std::size_t line = 0;
@@ -50,9 +54,8 @@ class PagePlaces {
     TextPos PositionOf(const InlineContent& content, TextPos unit) const;
 
     // The line at a height of a zone that is nearest to a point, in that zone or its neighbours;
-    // nothing where there is no text some screens up and down. With `below` lines that end above
-    // the point do not count while there are others, nor what stands beside the text.
-    std::optional<CharacterPlace> NearestLine(std::size_t zone, double x, double y, bool below);
+    // nothing where there is no text some screens up and down.
+    std::optional<CharacterPlace> NearestLine(std::size_t zone, double x, double y, LineChoice);
     // The counted place for a caret in its line that is nearest to `x`, and the unit that is drawn
     // there.
     TextPos PositionInLine(const CharacterPlace& place, double x) const;

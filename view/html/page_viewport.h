@@ -17,9 +17,10 @@ struct PageViewport {
         return Places().PlaceOf(position);
     }
     // See PagePlaces::NearestLine.
-    std::optional<CharacterPlace> LineAt(Point point, bool below = false) const {
+    std::optional<CharacterPlace> LineAt(Point point,
+                                         LineChoice choice = LineChoice::Nearest) const {
         const PageScroller::Top at = scroller.At(point.y);
-        return Places().NearestLine(at.zone, point.x + scrollX, at.y, below);
+        return Places().NearestLine(at.zone, point.x + scrollX, at.y, choice);
     }
     // The first one that is read; nothing where there is no text near.
     std::optional<CharacterPlace> FirstLine() const;

@@ -78,7 +78,8 @@ TextPos ReadablePage::ReadingPageEnd(TextPos position) {
         below.zone + 1 == flow.ZoneCount() && below.y >= flow.LayOut(below.zone)->height;
     PagePlaces places = view->Places();
     const auto line =
-        isAfter ? std::nullopt : places.NearestLine(below.zone, place->x, below.y, true);
+        isAfter ? std::nullopt
+                : places.NearestLine(below.zone, place->x, below.y, LineChoice::FromThere);
     if (!line || line->LineBottom() <= below.y) return Source().Length();
     return std::max(places.PositionOf(line->block.Content(), line->unit),
                     ReadingLine(position).end);
@@ -91,7 +92,7 @@ TextPos ReadablePage::ReadingPageStart(TextPos position) {
     const PageScroller::Top top{place->block.zone, place->LineTop()};
     const PageScroller::Top above = view->scroller.Moved(top, -view->size.height);
     PagePlaces places = view->Places();
-    const auto line = places.NearestLine(above.zone, place->x, above.y, true);
+    const auto line = places.NearestLine(above.zone, place->x, above.y, LineChoice::FromThere);
     if (!line) return 0;
     const TextPos start = places.PositionOf(line->block.Content(), line->unit);
     const bool isCut = line->block.zone == above.zone && line->LineTop() < above.y;

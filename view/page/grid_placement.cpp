@@ -60,26 +60,26 @@ std::optional<std::size_t> LineOf(const Axis& axis, const CssGridEdge& edge, boo
 }
 
 // Without a start it is somewhere, so long.
-struct Wanted {
+struct RequestedSpan {
     std::optional<std::size_t> start;
     std::size_t length = 1;
 };
 
-Wanted WantedIn(const Axis& axis, const CssGridEdge& start, const CssGridEdge& end) {
+RequestedSpan RequestedSpanOn(const Axis& axis, const CssGridEdge& start, const CssGridEdge& end) {
     const auto first = LineOf(axis, start, false), last = LineOf(axis, end, true);
-    Wanted wanted;
+    RequestedSpan span;
     if (first && last) {
-        wanted.start = std::min(*first, *last);
-        wanted.length = std::max<std::size_t>(1, std::max(*first, *last) - *wanted.start);
-        return wanted;
+        span.start = std::min(*first, *last);
+        span.length = std::max<std::size_t>(1, std::max(*first, *last) - *span.start);
+        return span;
     }
-    wanted.length = std::size_t(std::max({1, start.span, end.span}));
-    if (first) wanted.start = first;
+    span.length = std::size_t(std::max({1, start.span, end.span}));
+    if (first) span.start = first;
     if (last) {
-        wanted.length = std::min(wanted.length, std::max<std::size_t>(1, *last));
-        wanted.start = *last - std::min(*last, wanted.length);
+        span.length = std::min(span.length, std::max<std::size_t>(1, *last));
+        span.start = *last - std::min(*last, span.length);
     }
-    return wanted;
+    return span;
 }
 
 // Goes from cell to cell along the tracks of one direction (`across`), and then to the next ones of
@@ -87,7 +87,7 @@ Wanted WantedIn(const Axis& axis, const CssGridEdge& start, const CssGridEdge& e
 class GridPlacer {
   public:
     struct Item {
-        Wanted across, along;
+        RequestedSpan across, along;
         GridSpan acrossAt, alongAt;
     };
 
@@ -178,8 +178,8 @@ GridPlacement PlaceGridItems(const CssRareStyle& grid, std::size_t columns, std:
     std::vector<GridPlacer::Item> placed;
     placed.reserve(items.size());
     for (const CssRareStyle* item : items) {
-        const Wanted x = WantedIn(across, item->columnStart, item->columnEnd);
-        const Wanted y = WantedIn(along, item->rowStart, item->rowEnd);
+        const RequestedSpan x = RequestedSpanOn(across, item->columnStart, item->columnEnd);
+        const RequestedSpan y = RequestedSpanOn(along, item->rowStart, item->rowEnd);
         placed.push_back(flowsInColumns ? GridPlacer::Item{y, x, {}, {}}
                                         : GridPlacer::Item{x, y, {}, {}});
     }

@@ -34,13 +34,13 @@ PageBox& LinesBuilder::Open(HtmlNodeId node) {
     if (!IsOpen()) {
         boxes_.Open(PageBoxKind::Lines, noHtmlNode);
         boxes_.Top().first = node;
-        boxes_.Top().continues = std::exchange(goesOn_, false);
+        boxes_.Top().continues = std::exchange(continues_, false);
     }
     return boxes_.Top();
 }
 
 void LinesBuilder::Close(HtmlNodeId after) {
-    goesOn_ = false;
+    continues_ = false;
     if (!IsOpen()) return;
     boxes_.Top().after = after;
     boxes_.Close();
@@ -51,7 +51,7 @@ void LinesBuilder::Divide(HtmlNodeId after, std::uint32_t unit) {
     if (!IsOpen()) return;
     boxes_.Top().afterUnit = unit;
     Close(after);
-    goesOn_ = true;
+    continues_ = true;
 }
 
 // Before what would make them too long.

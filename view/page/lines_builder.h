@@ -45,12 +45,12 @@ class LinesBuilder {
     std::size_t RoomFor(std::u16string_view text) const;
     void AddFirstLetter(HtmlNodeId id);
     void AddUnits(std::size_t units);
-    bool IsLong() const { return boxes_.Weight() > limits_.GoodLines(); }
+    bool IsLong() const { return boxes_.Weight() > limits_.PreferredLines(); }
 
     const HtmlTree& tree_;
     const CssPageStyles& styles_;
     const PageLimits& limits_;
     PageBoxStack& boxes_;
     HtmlNodeId letterOf_ = noHtmlNode;
-    bool goesOn_ = false; // the next lines are of those before
+    bool continues_ = false; // the next lines are of those before
 };

@@ -92,7 +92,7 @@ void LinesReader::ReadAll() {
         ReadFrom(lines_.first);
     }
     while (!open_.empty())
-        CloseDecoration(open_.back().element, false);
+        CloseDecoration(open_.back().element, InlineEdge::Elsewhere);
     if (tree_.IsVisualOrder()) AddControls(endOfOverride);
 }
 
@@ -162,7 +162,7 @@ bool LinesReader::Enter(HtmlNodeId id) {
         AddClear(styles_.Of(id).box->clear);
     }
     if (!tree_.IsVisualOrder()) AddControls(OpeningControls(styles_.Of(id)));
-    OpenDecoration(id, styles_.Of(id), true, PlaceOf(id));
+    OpenDecoration(id, styles_.Of(id), InlineEdge::Here, PlaceOf(id));
     AddSide(*styles_.Of(id).box, cssLeft);
     AddGenerated(styles_.Before(id), id, GeneratedPlace::Before);
     return true;
@@ -185,7 +185,7 @@ void LinesReader::Leave(HtmlNodeId element, HtmlNodeId next) {
         AddGenerated(styles_.After(element), element, GeneratedPlace::After);
         if (element == container_) return;
         AddSide(*styles_.Of(element).box, cssRight);
-        CloseDecoration(element, true);
+        CloseDecoration(element, InlineEdge::Here);
         if (!tree_.IsVisualOrder()) AddControls(ClosingControls(styles_.Of(element)));
     }
 }

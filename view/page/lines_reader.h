@@ -5,6 +5,9 @@
 #include "view/page/inline_writer.h"
 #include "view/page/page_layouter.h"
 
+// An edge of an inline box: on these lines, or on others of the block.
+enum class InlineEdge : std::uint8_t { Here, Elsewhere };
+
 class LinesReader {
   public:
     // The arguments must outlive this object.
@@ -30,8 +33,9 @@ class LinesReader {
     void AddClear(CssClear clear);
     void AddSide(const CssBoxStyle& style, CssSide side);
     void OpenAround(HtmlNodeId node);
-    void OpenDecoration(HtmlNodeId element, CssStyle style, bool begins, const TextPlace& place);
-    void CloseDecoration(HtmlNodeId element, bool ends);
+    void OpenDecoration(HtmlNodeId element, CssStyle style, InlineEdge start,
+                        const TextPlace& place);
+    void CloseDecoration(HtmlNodeId element, InlineEdge end);
     void AddBox();
     void AddRuby();
     bool IsRubyAt(HtmlNodeId id) const;

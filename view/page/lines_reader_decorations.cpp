@@ -32,23 +32,25 @@ void LinesReader::OpenAround(HtmlNodeId node) {
         around.push_back(node);
     for (auto element = around.rbegin(); element != around.rend(); ++element)
         if (tree_[*element].IsElement())
-            OpenDecoration(*element, styles_.Of(*element), false, PlaceOf(*element));
+            OpenDecoration(*element, styles_.Of(*element), InlineEdge::Elsewhere,
+                           PlaceOf(*element));
 }
 
-void LinesReader::OpenDecoration(HtmlNodeId element, CssStyle style, bool begins,
+void LinesReader::OpenDecoration(HtmlNodeId element, CssStyle style, InlineEdge start,
                                  const TextPlace& place) {
     if (!HasDecoration(style) || !lines_.hasText) return;
     const FontMetrics metrics = fonts_.Metrics(*style.inherited);
     auto& decorations = writer_.Content().decorations;
     open_.push_back({element, decorations.size()});
     decorations.push_back({writer_.Length(), writer_.Length(), style.box, metrics.ascent,
-                           metrics.descent, place.raise + place.shift, begins, false});
+                           metrics.descent, place.raise + place.shift, start == InlineEdge::Here,
+                           false});
 }
 
-void LinesReader::CloseDecoration(HtmlNodeId element, bool ends) {
+void LinesReader::CloseDecoration(HtmlNodeId element, InlineEdge end) {
     if (open_.empty() || open_.back().element != element) return;
     InlineDecoration& decoration = writer_.Content().decorations[open_.back().decoration];
     decoration.end = writer_.Length();
-    decoration.ends = ends;
+    decoration.ends = end == InlineEdge::Here;
     open_.pop_back();
 }

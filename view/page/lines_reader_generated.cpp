@@ -18,13 +18,13 @@ void LinesReader::AddFirstLetter(HtmlNodeId text, const PageFirstLetter& letter)
     const CssStyle style = styles_.FirstLetter(letter.block);
     const HtmlNode& node = tree_[text];
     const TextPlace place = PlaceWithin(node.parent, style);
-    OpenDecoration(noHtmlNode, style, true, place);
+    OpenDecoration(noHtmlNode, style, InlineEdge::Here, place);
     AddSide(*style.box, cssLeft);
     writer_.SetNode(text);
     writer_.AddText(node.Text().substr(0, letter.end), *style.inherited, place, letter.start);
     writer_.SetNode(noHtmlNode);
     AddSide(*style.box, cssRight);
-    CloseDecoration(noHtmlNode, true);
+    CloseDecoration(noHtmlNode, InlineEdge::Here);
 }
 
 // The marker of a list's item, if these are its first lines.
@@ -48,11 +48,11 @@ void LinesReader::AddGenerated(CssStyle style, HtmlNodeId element, GeneratedPlac
         return;
     }
     const TextPlace place = PlaceWithin(element, style);
-    OpenDecoration(noHtmlNode, style, true, place);
+    OpenDecoration(noHtmlNode, style, InlineEdge::Here, place);
     AddSide(*style.box, cssLeft);
     AddContent(style, element, generatedPlace, place);
     AddSide(*style.box, cssRight);
-    CloseDecoration(noHtmlNode, true);
+    CloseDecoration(noHtmlNode, InlineEdge::Here);
 }
 
 void LinesReader::AddContent(CssStyle style, HtmlNodeId element, GeneratedPlace generatedPlace,

@@ -7,7 +7,7 @@
 
 namespace {
 // What no style sheet shows.
-bool IsNeverRead(const HtmlNode& node) {
+bool IsNeverShown(const HtmlNode& node) {
     if (IsNotShown(node)) return true;
     switch (node.name) {
     case HtmlName::Head:
@@ -39,7 +39,7 @@ PageTextShares TextSharesOf(const HtmlTree& tree, const CssPageStyles& styles) {
     bool isPositioned = false; // up to `positionedEnd`
     HtmlNodeId positionedEnd = noHtmlNode;
     const auto next = [&](HtmlNodeId id) {
-        return tree[id].IsElement() && IsNeverRead(tree[id]) ? tree.NextAfter(id) : tree.Next(id);
+        return tree[id].IsElement() && IsNeverShown(tree[id]) ? tree.NextAfter(id) : tree.Next(id);
     };
     for (HtmlNodeId id = tree.RootElement(); id != noHtmlNode; id = next(id)) {
         const HtmlNode& node = tree[id];

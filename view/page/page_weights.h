@@ -22,7 +22,7 @@ struct PageLimits {
     // one is near, else after a space.
     PageWeight lines = 32 * 1024;
     // From there on it ends after the next line break, where that is not to be seen.
-    PageWeight GoodLines() const { return lines / 4 * 3; }
+    PageWeight PreferredLines() const { return lines / 4 * 3; }
     // Rows that are laid out together of a table that is too long. All have the same columns, whose
     // widths are those that some of the rows ask for. Such a table is divided where no cell spans
     // rows, or by force at four times the weight; captions, heads and feet stay where they are

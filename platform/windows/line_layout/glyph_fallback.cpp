@@ -45,8 +45,8 @@ std::vector<Stretch> Divide(WinFonts& fonts, const TextUnits& text, const GlyphR
             family = fonts.Fallback().FamilyFor(LackingCharacter(fonts, text, run, at, next),
                                                 run.font->Family());
         // Spaces stand in the font of the text before them, so that it is shaped as one.
-        const bool goesOn = !stretches.empty() && text.units[at].isSpace;
-        if (!stretches.empty() && (goesOn || stretches.back().family == family))
+        const bool continues = !stretches.empty() && text.units[at].isSpace;
+        if (!stretches.empty() && (continues || stretches.back().family == family))
             stretches.back().end = next;
         else
             stretches.push_back({at, next, std::move(family)});

@@ -17,8 +17,9 @@ std::vector<LevelRun> LevelRuns(const TextUnits& text, const ShapedText& shaped,
     const auto end = static_cast<std::size_t>(line.line.end);
     for (auto at = static_cast<std::size_t>(line.line.start); at < end; ++at) {
         // A character is not divided.
-        const bool goesOn = !runs.empty() && (!text.units[at].caret || text.units[at].inLigature);
-        const BYTE level = goesOn        ? runs.back().level
+        const bool continues =
+            !runs.empty() && (!text.units[at].caret || text.units[at].inLigature);
+        const BYTE level = continues     ? runs.back().level
                            : at < spaces ? text.units[at].level
                                          : text.baseLevel;
         if (runs.empty() || runs.back().level != level)

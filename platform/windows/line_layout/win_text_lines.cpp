@@ -123,9 +123,9 @@ std::vector<TextExtent> WinTextLines::Extents(int index, TextPos start, TextPos 
         if (first >= last) continue;
         const auto [left, right] = std::minmax({EdgeX(piece, first), EdgeX(piece, last)});
         if (left == right) continue;
-        const bool goesOn =
+        const bool continues =
             !extents.empty() && extents.back().right == left && rightToLeft == piece.rightToLeft;
-        if (goesOn)
+        if (continues)
             extents.back().right = right;
         else
             extents.push_back({static_cast<double>(left), static_cast<double>(right)});

@@ -59,7 +59,8 @@ class PaneHost : protected PaneWindow {
     bool HandleKey(int key);
     void HandleClick(POINT point, bool extend);
     void HandleRightClick(POINT onScreen);
-    void HandleWheel(int turn, bool sideways);
+    enum class WheelAxis : std::uint8_t { Vertical, Horizontal };
+    void HandleWheel(int turn, WheelAxis);
     void HandleVerticalScroll(int request);
     void HandleHorizontalScroll(int request);
     bool HandleSetCursor(LPARAM where) const;

@@ -111,10 +111,12 @@ bool PaneHost::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CAPTURECHANGED: pane_->EndDrag(); return true;
     case WM_MOUSEWHEEL:
         if (GET_KEYSTATE_WPARAM(wParam) & MK_CONTROL) return true; // the window's
-        HandleWheel(GET_WHEEL_DELTA_WPARAM(wParam), false);
+        HandleWheel(GET_WHEEL_DELTA_WPARAM(wParam), WheelAxis::Vertical);
         pane_->ShowScrollLabel();
         return true;
-    case WM_MOUSEHWHEEL: HandleWheel(GET_WHEEL_DELTA_WPARAM(wParam), true); return true;
+    case WM_MOUSEHWHEEL:
+        HandleWheel(GET_WHEEL_DELTA_WPARAM(wParam), WheelAxis::Horizontal);
+        return true;
     default: return false;
     }
 }
@@ -150,7 +152,8 @@ void PaneHost::RequestContextMenu() {
     if (onContextMenu) onContextMenu(point);
 }
 
-void PaneHost::HandleWheel(int turn, bool sideways) {
+void PaneHost::HandleWheel(int turn, WheelAxis axis) {
+    const bool sideways = axis == WheelAxis::Horizontal;
     const auto lines = sideways ? charactersPerNotch : LinesPerNotch();
     if (!lines) return pane_->ScrollPage(turn < 0);
     int& remainder = sideways ? sidewaysRemainder_ : wheelRemainder_;
