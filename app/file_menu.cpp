@@ -72,8 +72,8 @@ void mFileNonFound_Click(MainForm& form, int) {
 }
 
 void mFileRemoveList_Click(MainForm& form, int index) {
-    // Item 0 keeps its check mark, so the view goes on with the removed book, whose record stays in
-    // the data file until the list is next written.
+    // Item 0 keeps its check mark, so the view continues with the removed book, whose record stays
+    // in the data file until the list is next written.
     const bool shownRemoved = index == 0 && IsBookShown(form);
     RemoveHistoryItem(form.history, index);
     if (!shownRemoved) SaveHistoryList(form);

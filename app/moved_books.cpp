@@ -39,7 +39,7 @@ bool MayBeGone(const MainForm& form, int index, std::uint64_t size) {
     return !form.ports.files->FileExists(listed);
 }
 
-// Index 0 may be the book in the view, whose file has been moved: it is shown anew.
+// Index 0 may be the book in the view, whose file has been moved: it is shown again.
 void ApplyMove(MainForm& form, int index, const std::u16string& path) {
     IniBatch oneWrite(*form.dataFile);
     if (index == 0 && IsShownBookListed(form)) {

@@ -23,7 +23,7 @@ std::u16string NewRecord(const BookFile& file, BookKind kind) {
     return record.ToText();
 }
 
-// Gives history item `index` this kind and writes its record. The shown book is loaded anew when
+// Gives history item `index` this kind and writes its record. The shown book is loaded again when
 // its item is next clicked.
 void ChangeKind(MainForm& form, int index, BookKind kind) {
     IniBatch oneWrite(*form.dataFile);

@@ -4,5 +4,5 @@
 struct MainForm;
 
 // Shows the book in the other one, now and from now on; nothing where there is no other. The page
-// is loaded anew and goes to the words that are at its top.
+// is loaded again and goes to the words that are at its top.
 void ChangePageEngine(MainForm&);

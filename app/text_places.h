@@ -18,7 +18,7 @@ struct MainForm;
 void FollowText(MainForm&, BookRecord&, const std::optional<FileVersion>& file);
 
 // Nothing is known of the view's text any more, or it is shown by other characters from now on:
-// words are taken anew.
+// words are taken again.
 void ForgetTextPlaces(MainForm&);
 
 // Before the shown text is read again: caret and selection go along to its words. And afterwards.

@@ -79,7 +79,7 @@ void StoreDocument(MainForm& form) {
 void BringToPlace(MainForm& form, const PageTop& top) {
     HtmlView& html = *form.ports.htmlView;
     PaintPage(html, form.ports.textView->BackColor());
-    // Another size lays the page out anew: the place is one of the page in the record's size, and
+    // Another size lays the page out again: the place is one of the page in the record's size, and
     // keys pressed while it loaded come after it.
     const BookRecord record = IsShownBookListed(form) ? form.history.Record(0) : BookRecord();
     const int step = WithinZoomSteps(record.Number(Field::FontSize));

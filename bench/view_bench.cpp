@@ -133,7 +133,7 @@ void BenchFind(const std::filesystem::path& book) {
     const View view(book);
     const std::string bytes = ReadFile(book);
     TableHead("Finding a word that stands only at the end of 100 MB", "memmem over its bytes");
-    const std::string* volatile all = &bytes; // read anew, else the compiler searches once only
+    const std::string* volatile all = &bytes; // read again, else the compiler searches once only
     const void* volatile place = nullptr;
     const double memory =
         Time([&] { place = memmem(all->data(), all->size(), lastWord.data(), lastWord.size()); });

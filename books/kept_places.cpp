@@ -85,7 +85,7 @@ std::u16string TopText(const KeptTop& top) {
     return Join(parts, u",");
 }
 
-// The whole section anew, since a key can be taken out in no other way.
+// Rewrites the whole section, since a key can be taken out in no other way.
 void StoreMarks(const BookSettings& settings, PlacesOf view, const KeptPlaces& places) {
     const std::u16string start = KeyOf(view, markKey);
     const ListLines before = LoadSectionLines(settings.file, settings.section);

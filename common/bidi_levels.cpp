@@ -38,7 +38,7 @@ std::vector<std::vector<TextPos>> LevelRuns(const BidiText& bidi) {
     return runs;
 }
 
-// Joins each run that ends with the start of an isolate to the one that goes on after it (BD13).
+// Joins each run that ends with the start of an isolate to the one that continues after it (BD13).
 std::vector<std::vector<TextPos>> RunSequences(const BidiText& bidi) {
     std::vector<std::vector<TextPos>> sequences;
     std::vector<std::size_t> sequenceAfter(bidi.classes.size() + 1, 0); // by an isolate's end

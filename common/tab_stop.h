@@ -34,7 +34,7 @@ struct TabbedText {
 
 // The width of a tab at `pen` to a stop, in a line that ends at `lineEnd`. A stop beyond the line
 // is the line's end. Text that is too long for its side of the stop takes the gap, but for what is
-// to remain of it, then goes on to the other side.
+// to remain of it, then continues to the other side.
 double TabGap(const TabStop&, double pen, double lineEnd, const TabbedText&, double minGap);
 
 // How many units of the text after a decimal tab stand before the stop: a number's up to its

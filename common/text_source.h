@@ -12,7 +12,7 @@ struct FindOptions {
     bool wholeWord = false, matchCase = false;
 };
 
-// What a search answers when nothing is found, and when it was stopped.
+// What a search returns when nothing is found, and when it was stopped.
 constexpr TextPos notFound = -1, findGivenUp = -2;
 
 // A stretch of a text, as long as the source keeps at hand.

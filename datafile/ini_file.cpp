@@ -97,7 +97,7 @@ ListLines IniFile::MergeSection(std::u16string_view section, const ListLines& ba
     const std::u16string name(section);
     ListLines theirs = content_.SectionLines(name);
     ListLines merged = MergedList(base, lines, theirs, KeyOfLine);
-    // Merged anew where another program writes before this can be written.
+    // Merged again where another program writes before this can be written.
     Change(WriteMode::KeepTime,
            {name, u"", [name, merged, theirs = std::move(theirs)](ProfileFile& file) {
                 file.SetSection(name,

@@ -85,7 +85,7 @@ class IniFile {
     const ProfileFile::Decoder decoder_;
 
     ProfileFile content_;
-    std::optional<FileVersion> version_; // of what `content_` was read from; none: read anew
+    std::optional<FileVersion> version_; // of what `content_` was read from; none: read again
     std::optional<ReadStatus> status_;   // of the last read; none before the first
     bool unread_ = false;                // there is a file and it has never been read
 

@@ -1,4 +1,4 @@
-// The port of the help window: beside the main window, which goes on working meanwhile.
+// The port of the help window: beside the main window, which keeps working meanwhile.
 #pragma once
 
 #include "common/geometry.h"

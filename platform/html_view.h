@@ -90,7 +90,7 @@ constexpr int maxPageWait = 3000; // milliseconds
 // closes, and after the engine has gone (then they are the last ones known).
 // Questions may wait for the page, `maxPageWait` at most, and then answer their failure value.
 // While one waits, events keep coming; `PrepareToClose`, `onGone` and a second question (it fails)
-// end the wait at once. Without a body every question answers its failure value at once, and
+// end the wait at once. Without a body every call returns its failure value at once, and
 // so it does while the page is known to hang. That is said in the page's place; its values are
 // kept, and when it answers again it comes back and carries out what was ordered meanwhile.
 //
@@ -162,7 +162,7 @@ class HtmlView {
 
     virtual void ScrollToPercent(int percent) = 0; // 0 to 100
     // By the system's dialog, as the text view does it. A browser's engine prints by itself as the
-    // context menu's command does, says itself what went wrong, and answers `Cancelled`.
+    // context menu's command does, says itself what went wrong, and returns `Cancelled`.
     virtual PrintAnswer Print(const std::u16string& title) = 0;
 
     // Kept values of the page.
@@ -173,7 +173,7 @@ class HtmlView {
     virtual std::u16string Title() const = 0; // of the document, "" when it has none
     virtual PageColors OwnColors() const = 0; // before any order; black on white where not known
     // The body's vertical offset. After `ScrollTo` it is what was asked for until the page says how
-    // far it went, so that it never answers the place before. An estimate while what is above has
+    // far it went, so that it never returns the place before. An estimate while what is above has
     // not been measured.
     virtual int ScrollTop() const = 0;
     // With that place, of one moment. Until the page has gone where it was sent, what was asked
@@ -225,7 +225,7 @@ class HtmlView {
     // The size asked for last is settled.
     std::function<void()> onZoomed;
     // The engine has died, or the page with it; never called for a page given up. The next
-    // `Navigate` starts anew.
+    // `Navigate` starts again.
     std::function<void()> onGone;
     // The user chose a command of the view's context menu; nothing else happens but for printing. A
     // right click outside the selection first puts the caret there, as a press of the left button

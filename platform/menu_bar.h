@@ -16,7 +16,7 @@ class MenuBar {
     virtual ~MenuBar() = default;
 
     // Shows the top-level menus of the model, which outlives this object. The back end reads the
-    // items anew each time a menu opens; `Refresh` is for a change of the top level itself.
+    // items again each time a menu opens; `Refresh` is for a change of the top level itself.
     virtual void Attach(const std::vector<MenuArray*>& topLevel, MenuEvents) = 0;
     virtual void Refresh() = 0;
     // Opens a top-level menu at its title, as a click there does. It comes back at once; the menu

@@ -68,7 +68,7 @@ class TextView {
 
     // The first place of `what` that begins at or after `start`, and ends at or before the text's
     // end; `notFound` when there is none. Selects nothing. A view whose search can take long keeps
-    // the window drawn meanwhile and answers `findGivenUp` when the user presses Escape or closes
+    // the window drawn meanwhile and returns `findGivenUp` when the user presses Escape or closes
     // the window; other keys and the mouse do nothing then.
     virtual TextPos Find(std::u16string_view what, TextPos start, FindOptions) const = 0;
     // The chapter headings in the text's order, `maxHeadings` at most. A search like `Find`: what

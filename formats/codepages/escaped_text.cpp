@@ -126,7 +126,7 @@ class Reader {
 
     void ReadCharacter() {
         const Set set = out_ ? shifted_ : set_;
-        if (rest_[0] == '\n') set_ = Set::Ascii, out_ = false; // each line begins anew
+        if (rest_[0] == '\n') set_ = Set::Ascii, out_ = false; // each line begins again
         if (IsSingle(set) || !IsGraphic(rest_[0])) {
             AppendSingle(IsSingle(set) ? set : Set::Ascii, rest_[0], text_);
             Drop(1);

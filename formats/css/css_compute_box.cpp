@@ -194,7 +194,7 @@ CssStyleParts ComputeCssStyle(CssCascade& cascade, const CssInheritedStyle& pare
     CssTextAlign& align = parts.inherited.textAlign;
     if (isTable && align >= CssTextAlign::HtmlLeft && align <= CssTextAlign::HtmlCenter)
         align = CssTextAlign::Start;
-    // Nothing is cut off here: a line that its box would cut goes on in the next one instead of
+    // Nothing is cut off here: a line that its box would cut continues in the next one instead of
     // over what stands beside the box.
     if (parts.box.overflow == CssOverflow::Hidden && parts.box.display != CssDisplay::Inline &&
         parts.inherited.whiteSpace == CssWhiteSpace::NoWrap)

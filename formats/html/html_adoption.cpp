@@ -69,7 +69,7 @@ bool HtmlTreeBuilder::AdoptOnce(HtmlToken& token) {
 }
 
 // The formatting elements between: clones of them take the furthest block, each inside the next.
-// Answers the outermost. Those that are gone are taken out of `above`.
+// Returns the outermost. Those that are gone are taken out of `above`.
 HtmlNodeId HtmlTreeBuilder::MoveInner(std::vector<HtmlNodeId>& above, std::size_t furthest,
                                       std::size_t& bookmark) {
     constexpr int maxClones = 3; // the standard's

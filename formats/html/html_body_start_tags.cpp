@@ -1,5 +1,5 @@
 // Start tags "in body", by kind: blocks, list items, formatting, void elements. Each function
-// answers whether the tag was of its kind.
+// returns whether the tag was of its kind.
 #include "formats/html/html_element_kinds.h"
 #include "formats/html/html_tree_builder.h"
 #include "formats/html/html_units.h"

@@ -26,7 +26,7 @@ bool IsHtmlIntegrationPoint(const HtmlNode& node) {
                                    EqualsAsciiLower(encoding->Value(), u"application/xhtml+xml"));
 }
 
-// A tag that foreign content never has: the page goes on there.
+// A tag that foreign content never has: the page continues there.
 bool IsBreakout(const HtmlToken& token) {
     switch (token.name) {
     case B:

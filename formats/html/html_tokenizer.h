@@ -26,7 +26,7 @@ class HtmlTokenizer {
     void AllowCData(bool allowed) { allowsCData_ = allowed; }
 
   private:
-    // Each reads one token, or answers false when there is none in what it read.
+    // Each reads one token, or returns false when there is none in what it read.
     bool ReadText(); // html_text_tokens.cpp
     bool ReadData();
     bool ReadRcdata();

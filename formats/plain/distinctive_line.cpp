@@ -38,7 +38,7 @@ std::string_view FromWholeWord(std::string_view sample) {
     return blank == sample.npos ? std::string_view() : sample.substr(blank + 1);
 }
 
-// Until the call answers false.
+// Until the call returns false.
 bool ForEachStretch(std::string_view sample, const PlainTextForm& form,
                     const std::function<bool(std::string_view)>& call) {
     while (!sample.empty()) {

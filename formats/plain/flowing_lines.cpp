@@ -10,7 +10,7 @@ using Traits = std::vector<LineTraits>;
 
 constexpr int minLineLength = 50; // columns; narrower texts are lists and most verse
 // Columns that a line may be shorter than it could be: not every program filled lines alike. A line
-// that goes on in a small letter within a sentence was counted in bytes, perhaps.
+// that continues in a small letter within a sentence was counted in bytes, perhaps.
 constexpr int slack = 3, sentenceSlack = 5; // the second a share of the length: a fifth
 constexpr std::size_t minLinesForShare = 10;
 constexpr std::size_t minStanza = 3; // lines

@@ -12,6 +12,6 @@ constexpr std::size_t linesAround = 40;
 std::vector<std::u16string_view> LinesOf(std::u16string_view text); // without their ends
 
 // For each of the lines, which follow each other in the text and are without their ends, whether it
-// goes on in the next one. Not so, whatever their length: lines that are blank, indented, in
+// continues in the next one. Not so, whatever their length: lines that are blank, indented, in
 // capitals, items of a list, rows of a table or rules, and what ends in front of one; and verse.
 std::vector<bool> FlowingLines(std::span<const std::u16string_view> lines);

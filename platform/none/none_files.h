@@ -35,7 +35,7 @@ class NoneFiles : public Files {
 
     char16_t separator = u'/';
     bool failReplace = false;                         // every Replace fails, as on a full disk
-    std::map<std::u16string, ReadStatus> readFailure; // for these paths Read answers this
+    std::map<std::u16string, ReadStatus> readFailure; // for these paths Read returns this
     std::set<std::u16string> readOnlyFolders;         // nothing can be made or replaced in these
     std::set<std::u16string> publicFolders;           // made for everybody's temporary files
     std::set<std::u16string> othersFiles;             // of another user, who lets nobody write them

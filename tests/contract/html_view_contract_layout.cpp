@@ -1,4 +1,4 @@
-// What every HTML view must do with places when the page is laid out anew.
+// What every HTML view must do with places when the page is laid out again.
 #include "tests/contract/html_view_contract.h"
 
 #include <cmath>

@@ -139,7 +139,7 @@ TEST_CASE("line layout: text that is too long for a stop goes on beyond it") {
         const TextExtent gap = lines->CharacterExtent(0, 7);
         CHECK(IsWithin(gap.right - gap.left, TextWidth(layout, u" "), 2 * pixel));
         CHECK(lines->Line(0).width > stop + 10);
-        // What is long beyond the line goes on in the next one.
+        // What is long beyond the line continues in the next one.
         const auto wrapped = Broken(layout, {u"\t" + text.substr(8) + u" in a row of words"},
                                     {{stop, TabAlignment::Right}}, stop);
         REQUIRE(wrapped->Count() > 1);

@@ -43,7 +43,7 @@ class HelperRun {
     const std::wstring output_ = folder_.path + L"\\said";
 };
 
-// A helper that goes on until it is killed, at the latest with this object.
+// A helper that runs until it is killed, at the latest with this object.
 class HelperProcess {
   public:
     HelperProcess(const wchar_t* does, const std::wstring& argument) {

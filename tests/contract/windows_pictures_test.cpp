@@ -109,7 +109,7 @@ TEST_CASE("Windows pictures: drawn as large as the box, and nothing where they a
     WinPictures pictures;
     Surface surface;
     const Picture picture = PictureOf(redAndNothing, PictureFormat::Png);
-    for (const int width : {40, 20}) { // the second one anew
+    for (const int width : {40, 20}) { // the second one again
         surface.canvas.FillRect({0, 0, 64, 64}, white);
         CHECK(pictures.Draw(surface.canvas, picture, {10, 10, width, 20}));
         CHECK(surface.At(11, 11) == red);

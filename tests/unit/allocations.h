@@ -9,7 +9,7 @@ struct AllocationCounts {
     std::size_t count = 0;
 };
 
-// Counts from its beginning on; one at a time, as the peak is counted anew.
+// Counts from its beginning on; one at a time, as each resets the peak.
 class AllocationCounter {
   public:
     AllocationCounter();

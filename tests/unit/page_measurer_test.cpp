@@ -7,7 +7,7 @@
 using namespace std::chrono_literals;
 
 namespace {
-// Zones of 40 pixels, on a clock that goes on by a millisecond between two of them.
+// Zones of 40 pixels, on a clock that advances by a millisecond between two of them.
 struct Measured {
     PageSample page;
     FakePaneWindow window;

@@ -92,7 +92,7 @@ TEST_CASE("rtf numbering: at most so many, of such a length") {
 
 namespace {
 
-// Two levels of numbers, one of bullets and one without a text of its own; \ls2 begins anew.
+// Two levels of numbers, one of bullets and one without a text of its own; \ls2 starts over.
 const std::string lists =
     "{\\*\\listtable{\\list\\listtemplateid1\\listhybrid"
     "{\\listlevel\\levelnfc0\\levelnfcn0\\levelfollow0\\levelstartat1"

@@ -127,7 +127,7 @@ void Correct(NumberedText& text, std::mt19937& random) {
     }
 }
 
-// Whole passages written anew.
+// Whole passages rewritten.
 void Replace(NumberedText& text, std::mt19937& random) {
     for (int i = 1 + Below(random, 4); i > 0; --i) {
         const auto [start, end] = RandomRange(text, random, Below(random, text.size() / 12 + 1));

@@ -29,7 +29,7 @@ class PageTopKeeper {
     void OnNewScale();
 
     void BringToTop(const PageViewport& view, const PageTop& top);
-    // To be asked before the page is laid out anew, and brought back afterwards. Nothing at the
+    // To be asked before the page is laid out again, and brought back afterwards. Nothing at the
     // page's start: what is above the first line stays in view.
     std::optional<Anchor> AnchorOf(const PageViewport& view) const;
     void Restore(const PageViewport& view, const std::optional<Anchor>& anchor);

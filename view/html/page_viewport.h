@@ -3,7 +3,7 @@
 
 #include "view/html/page_scroller.h"
 
-// For one question: made anew whenever the page may have been laid out or scrolled.
+// For one question: made again whenever the page may have been laid out or scrolled.
 struct PageViewport {
     const LoadedPage& page;
     ShownPage& shown;

@@ -1,4 +1,4 @@
-// A page styled and laid out for a window: made anew for another resolution, zoom or colour, and
+// A page styled and laid out for a window: made again for another resolution, zoom or colour, and
 // for another size where its style sheets ask for that.
 #pragma once
 

@@ -189,7 +189,7 @@ void BlockFlow::Open(PageBoxId box) {
 }
 
 void BlockFlow::Close() {
-    // Those that are waiting are told from this block.
+    // Those that are waiting are placed relative to this block.
     if (layouter_.Box(open_.back().box).style->position != CssPosition::Static)
         PlaceFloats(top_ + margin_.Length());
     const OpenBlock block = open_.back();

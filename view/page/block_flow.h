@@ -1,4 +1,4 @@
-// The flow of blocks from above to below (CSS 2.1, 9.4.1): margins that meet, and floats.
+// The flow of blocks from top to bottom (CSS 2.1, 9.4.1): margins that meet, and floats.
 //
 // It can begin after any box that is not empty, because heights above it decide about nothing
 // below but floats.
@@ -49,7 +49,7 @@ class BlockFlow {
         FragmentMark from = {};       // what is within it
     };
 
-    // The padding box that a box out of the flow is told from.
+    // The padding box that a box out of the flow is placed relative to.
     struct PositionedRoom {
         InlineEdges sides;
         std::optional<double> top, height; // nothing: not known here

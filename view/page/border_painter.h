@@ -12,7 +12,7 @@ struct BoxPaint {
 };
 
 void FillBox(const BoxPaint& paint, const Rect& box, CssColor color);
-// Within the box, on the sides that are shown: a box that goes on elsewhere has none there.
+// Within the box, on the sides that are shown: a box that continues elsewhere has none there.
 // The upper one has a gap there, in pixels of the canvas.
 void PaintBorders(const BoxPaint& paint, const CssBoxStyle& style, const Rect& box,
                   const CssSides<bool>& shown = {true, true, true, true}, int gapLeft = 0,

@@ -123,7 +123,7 @@ class FlexLayouter {
         return isFromRight_ ? width_ - place.left - place.width : place.left;
     }
 
-    // Answers the height.
+    // Returns the height.
     double LayOutRow(std::vector<Item> items, double top, double minHeight) {
         const double gap = measure_.Length(style_.rare->columnGap, width_);
         const std::vector<FlexPlace> places =
@@ -218,7 +218,7 @@ class FlexLayouter {
         return count;
     }
 
-    // Answers the left edge of its margin box.
+    // Returns the left edge of its margin box.
     double LayOutInColumn(Item& item) {
         const PageBox& box = layouter_.Box(item.id);
         const BoxEdges edges = layouter_.EdgesInFlow(item.id, container_, {0, width_});

@@ -6,7 +6,7 @@
 #include "view/page/flex_sizes.h"
 #include "view/page/page_layouter.h"
 
-// With a content of this width; the items are added to `result`. Answers the content's height.
+// With a content of this width; the items are added to `result`. Returns the content's height.
 double LayOutFlex(PageLayouter& layouter, PageBoxId container, double width,
                   std::optional<InlineEdges> positioned, PageFragment& result);
 // The places of the items that stand in a row with this one, itself among them.

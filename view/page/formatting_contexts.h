@@ -12,7 +12,7 @@
 
 class PageLayouter;
 
-// With a content of this width, added to `result`. Answers the content's height.
+// With a content of this width, added to `result`. Returns the content's height.
 double LayOutContent(PageLayouter& layouter, PageBoxId container, double width,
                      std::optional<InlineEdges> positioned, PageFragment& result);
 // Of a fieldset, which is laid out apart, as its border has it; noPageBox without one.

@@ -9,7 +9,7 @@
 
 namespace {
 // Units that are broken in one go: systems take more than twice the time for twice the text. Fewer
-// beside floats, where each float breaks what follows anew: more only if a line has more.
+// beside floats, where each float breaks what follows again: more only if a line has more.
 constexpr TextPos maxAtOnce = 16 * 1024, minBesideFloats = 256, maxBesideFloats = 2048;
 // Units in which the first place to break is looked for; a longer word goes beside floats as it
 // comes.
@@ -93,7 +93,7 @@ class InlineLayouter {
 
     double Indent(TextPos lineStart) const { return lineStart == 0 ? content_.textIndent : 0; }
 
-    // False when the lines from this one on are to be broken anew.
+    // False when the lines from this one on are to be broken again.
     bool CanPlace(const InlinePiece& piece, int number, InlineEdges edges, double height) {
         const TextLine& line = piece.lines->Line(number);
         const TextPos end = piece.start + line.end;

@@ -28,7 +28,7 @@ class InlineWriter {
     // What the start or the end of an element takes in its line, in device pixels.
     void AddGap(int width, bool isStart);
     // The unit of a box that stands in the line, and no line breaks on a side where it is joined.
-    // Answers where the unit is.
+    // Returns where the unit is.
     TextPos AddObject(const CssInheritedStyle& block, HtmlNodeId node, bool joinsBefore,
                       bool joinsAfter);
     bool WrapsIn(const CssInheritedStyle& style) const;

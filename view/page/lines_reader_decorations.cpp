@@ -25,7 +25,7 @@ void LinesReader::AddSide(const CssBoxStyle& style, CssSide side) {
     if (width > 0) writer_.AddGap(width, side == cssLeft);
 }
 
-// The elements that the first of these lines goes on with.
+// The elements that the first of these lines continues with.
 void LinesReader::OpenAround(HtmlNodeId node) {
     std::vector<HtmlNodeId> around;
     while ((node = tree_[node].parent) != container_ && node != noHtmlNode)

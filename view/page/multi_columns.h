@@ -15,7 +15,7 @@ constexpr std::uint32_t maxUnitsInColumns = 16 * 1024;
 
 bool HasColumns(const PageBox& box);
 
-// With a content of this width, added to `result`. Answers the content's height.
+// With a content of this width, added to `result`. Returns the content's height.
 double LayOutInColumns(PageLayouter& layouter, PageBoxId container, double width,
                        std::optional<InlineEdges> positioned, PageFragment& result);
 // Of its content, where that of one column is known.

@@ -45,7 +45,7 @@ bool PageFlow::IsPlaced(Side& side) {
     return side.isPlaced.value_or(false);
 }
 
-// Those that are told from the same zone are tried beside its text first.
+// Those that are placed relative to the same zone are tried beside its text first.
 std::vector<PageBoxId> PageFlow::BoxesElsewhere(std::size_t zone) {
     std::vector<PageBoxId> boxes;
     for (Side& each : sides_) {

@@ -43,7 +43,7 @@ class PageFlow {
         PageFragmentPtr fragment;
     };
 
-    // A box that is told from an earlier zone than its own.
+    // A box that is placed relative to an earlier zone than its own.
     struct Side {
         SideBox side;
         std::size_t zone = 0, ownZone = 0;

@@ -60,7 +60,7 @@ class PageLayouter {
     PageFragmentPtr LayOutPositioned(PageBoxId id, double containing, double available);
     // With a content of this width.
     // Boxes out of the flow whose containing block is around this one stand between `positioned`,
-    // told from the left edge of the border; without it within the content.
+    // measured from the left edge of the border; without it within the content.
     PageFragmentPtr LayOutBlock(PageBoxId id, double contentWidth, double containing,
                                 std::optional<InlineEdges> positioned = {});
     PageFragmentPtr LayOutPicture(PageBoxId id, double containing);

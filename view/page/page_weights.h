@@ -18,7 +18,7 @@ struct PageLimits {
     // beyond it is an ordinary block of the flow; a table beyond it, see below. A table of four
     // columns has some 1,500 rows.
     PageWeight whole = 256 * 1024;
-    // Of the text of one paragraph. The text beyond goes on in a new line, after a line break if
+    // Of the text of one paragraph. The text beyond continues in a new line, after a line break if
     // one is near, else after a space.
     PageWeight lines = 32 * 1024;
     // From there on it ends after the next line break, where that is not to be seen.
@@ -29,7 +29,7 @@ struct PageLimits {
     // written. If a single row is too long, all cells are blocks one below the other.
     PageWeight rows = 64 * 1024;
 };
-// A float or a block in a line, in the weight of those lines: each breaks what follows anew.
+// A float or a block in a line, in the weight of those lines: each breaks what follows again.
 constexpr PageWeight boxInLinesWeight = 256;
 // A word with an annotation above it: two lines of their own, that nothing else waits for.
 constexpr PageWeight rubyWeight = 64;

@@ -24,7 +24,7 @@ bool HasHeight(const PageBox& leaf) {
     return leaf.kind == PageBoxKind::Lines ? leaf.hasText : StandsAlone(leaf);
 }
 
-// Beside boxes at the side, in the order of the boxes that these are told from.
+// Beside boxes at the side, in the order of the boxes that these are placed relative to.
 class TextBeside {
   public:
     explicit TextBeside(std::vector<SideBox> sides) : sides_(std::move(sides)) {

@@ -15,7 +15,7 @@ struct SideBox {
     Kind kind = Kind::Positioned;
     PageBoxId box = noPageBox;
     PageBoxId leaf = noPageBox;      // that it is written in, of the page's flow
-    PageBoxId container = noPageBox; // whose top it is told from; noPageBox for the page's
+    PageBoxId container = noPageBox; // whose top it is placed relative to; noPageBox for the page's
     int height = 0;                  // about so many lines
 };
 

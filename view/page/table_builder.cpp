@@ -182,7 +182,7 @@ void TableBuilder::BuildColumn(HtmlNodeId column) {
     boxes_.Close();
 }
 
-// Before a row: a table that is too long ends and goes on in another one.
+// Before a row: a table that is too long ends and continues in another one.
 void TableBuilder::Divide(PageWeight row) {
     if (!boxes_.IsInLongTable()) return;
     const PageWeight maxWeight = limits_.rows * (part_.rows >= part_.spannedUntil ? 1 : 4);

@@ -81,7 +81,7 @@ void BreakByAdvances(const ParagraphText& paragraph, const QTextLayout& text, QT
     if (!Shrink(line, width, style.maxInk)) ChangeWidth(line, line.naturalTextWidth());
 }
 
-// As long as it is not broken anew, a stretched line remains so, whatever the layout's alignment:
+// As long as it is not broken again, a stretched line remains so, whatever the layout's alignment:
 // with another one, the others of its paragraph remain as they are.
 void Stretch(QTextLayout& text, const QTextLine& line) {
     const QTextOption own = text.textOption();
