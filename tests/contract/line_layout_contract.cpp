@@ -173,8 +173,10 @@ TEST_CASE("line layout: spaces at the end of a wrapped line have no width") {
             const bool rightToLeft = each.rightToLeft;
             CAPTURE(rightToLeft);
             const double wordWidth = TextWidth(layout, word);
-            const auto lines = layout.BreakLines(
-                LineParagraph(layout, word + u"      " + word, int(wordWidth * 1.2), rightToLeft));
+            std::u16string words = word;
+            words.append(u"      ").append(word);
+            const auto lines =
+                layout.BreakLines(LineParagraph(layout, words, int(wordWidth * 1.2), rightToLeft));
             REQUIRE(lines->Count() == 2);
             const TextPos length = TextPos(word.size());
             CHECK(lines->Line(0).end == length + 6);

@@ -12,6 +12,7 @@ std::vector<FoundPlace> Found(const std::u16string& before, const std::u16string
                               const std::vector<TextPos>& places) {
     const StringText source(before);
     std::vector<KnownPlace> known;
+    known.reserve(places.size());
     for (const TextPos place : places)
         known.push_back({place, WordsAround(source, place)});
     return FindPlaces(StringText(after), source.Length(), known, [] { return true; });
@@ -198,7 +199,8 @@ TEST_CASE("find places: War and Peace in three editions") {
     }
     for (const auto& [from, text] : editions)
         for (const auto& [to, other] : editions) {
-            const std::string pair = from + " to " + to;
+            std::string pair = from;
+            pair.append(" to ").append(to);
             CAPTURE(pair);
             if (from != to) CHECK(PlacesFound(text, other, 100) >= 95);
         }

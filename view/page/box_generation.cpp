@@ -55,11 +55,6 @@ bool IsNotShown(const CssBoxStyle& style) {
     return IsOffPage(style) || (hides && (IsPoint(style.height) || IsPoint(style.maxHeight)));
 }
 
-bool HasOwnBox(CssStyle generated) {
-    return generated.box && generated.box->display != CssDisplay::Inline &&
-           generated.box->display != CssDisplay::Contents;
-}
-
 bool IsInLines(const CssBoxStyle& style) {
     return IsOutOfFlow(style) || style.floats != CssFloat::None ||
            style.display == CssDisplay::InlineBlock || style.display == CssDisplay::InlineTable;

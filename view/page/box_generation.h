@@ -10,6 +10,9 @@ bool IsNotShown(const HtmlNode& node);
 // By its style: not displayed, or cut off to a point that only screen readers come by.
 bool IsNotShown(const CssBoxStyle& style);
 // Whether what stands before or after what is in an element is a box, and no part of its lines.
-bool HasOwnBox(CssStyle generated);
+inline bool HasOwnBox(CssStyle generated) {
+    return generated.box && generated.box->display != CssDisplay::Inline &&
+           generated.box->display != CssDisplay::Contents;
+}
 // A float, a block in a line, or a box out of the flow.
 bool IsInLines(const CssBoxStyle& style);

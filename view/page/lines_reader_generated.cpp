@@ -10,6 +10,7 @@
 TextPlace LinesReader::PlaceWithin(HtmlNodeId element, CssStyle style) {
     TextPlace place = PlaceOf(element);
     AddOwnPlace(style, styles_.Of(element), fonts_, place);
+    // NOLINTNEXTLINE(clang-analyzer-core.NonNullParamChecker): what is generated has a style
     if (IsDrawn(style.box->background)) place.background = style.box->background.Bgr();
     return place;
 }
