@@ -97,22 +97,27 @@ const HtmlEntity* LongestName(std::u16string_view text) {
     return longest;
 }
 
-HtmlCharRef ReadName(std::u16string_view text, bool inAttribute) {
+HtmlCharRef ReadName(std::u16string_view text) {
     const HtmlEntity* const entity = LongestName(text.substr(1));
     if (entity == nullptr) return {};
-    const std::size_t length = 1 + NameLength(entity);
-    if (inAttribute && text[length - 1] != u';' && length < text.size() &&
-        (text[length] == u'=' || IsAsciiAlphanumeric(text[length])))
-        return {};
     return {.units = {entity->units[0], entity->units[1]},
             .unitCount = entity->units[1] == 0 ? 1u : 2u,
-            .length = length};
+            .length = 1 + NameLength(entity)};
 }
 
 } // namespace
 
-HtmlCharRef ReadHtmlCharRef(std::u16string_view text, bool inAttribute) {
+HtmlCharRef ReadHtmlCharRef(std::u16string_view text) {
     if (text.size() < 2) return {};
     if (text[1] == u'#') return ReadNumber(text);
-    return IsAsciiAlphanumeric(text[1]) ? ReadName(text, inAttribute) : HtmlCharRef();
+    return IsAsciiAlphanumeric(text[1]) ? ReadName(text) : HtmlCharRef();
+}
+
+HtmlCharRef ReadHtmlAttributeCharRef(std::u16string_view text) {
+    const HtmlCharRef ref = ReadHtmlCharRef(text);
+    const bool isOpenName = ref.length > 0 && text[1] != u'#' && text[ref.length - 1] != u';' &&
+                            ref.length < text.size();
+    const bool isParameter =
+        isOpenName && (text[ref.length] == u'=' || IsAsciiAlphanumeric(text[ref.length]));
+    return isParameter ? HtmlCharRef() : ref;
 }

@@ -10,6 +10,7 @@ struct HtmlCharRef {
     std::size_t length = 0;    // of its source, the "&" included
 };
 
-// Of the "&" that `text` begins with. In attributes a name without a semicolon before a letter, a
-// digit or "=" is none: "?a=1&copy=2".
-HtmlCharRef ReadHtmlCharRef(std::u16string_view text, bool inAttribute);
+// Of the "&" that `text` begins with.
+HtmlCharRef ReadHtmlCharRef(std::u16string_view text);
+// In attributes a name without a semicolon before a letter, a digit or "=" is none: "?a=1&copy=2".
+HtmlCharRef ReadHtmlAttributeCharRef(std::u16string_view text);

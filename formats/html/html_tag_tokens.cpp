@@ -94,7 +94,7 @@ std::u16string_view HtmlTokenizer::WithReferences(std::u16string_view value) {
     while (at != value.npos) {
         buffer_ += value.substr(0, at);
         value.remove_prefix(at);
-        const HtmlCharRef ref = ReadHtmlCharRef(value, true);
+        const HtmlCharRef ref = ReadHtmlAttributeCharRef(value);
         if (ref.unitCount == 0)
             buffer_ += u'&';
         else

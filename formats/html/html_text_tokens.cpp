@@ -65,7 +65,7 @@ bool HtmlTokenizer::ReadNulls(Nulls nulls) {
 
 // A "&" that begins no reference is text.
 bool HtmlTokenizer::ReadCharRef() {
-    const HtmlCharRef ref = ReadHtmlCharRef(source_.substr(at_), false);
+    const HtmlCharRef ref = ReadHtmlCharRef(source_.substr(at_));
     if (ref.unitCount == 0) return EmitText(at_ + 1);
     at_ += ref.length;
     token_.text = Keep({ref.units, ref.unitCount});

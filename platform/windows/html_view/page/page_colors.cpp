@@ -17,7 +17,7 @@ std::optional<Color> ColorIn(const ComPtr<IHTMLCSSStyleDeclaration>& style,
 } // namespace
 
 PageColors ColorsOf(const PageDocument& document) {
-    const auto body = document.ComputedStyle(true), root = document.ComputedStyle(false);
+    const auto body = document.BodyStyle(), root = document.RootStyle();
     auto background = ColorIn(body, &IHTMLCSSStyleDeclaration::get_backgroundColor);
     if (!background) background = ColorIn(root, &IHTMLCSSStyleDeclaration::get_backgroundColor);
     PageColors colors;

@@ -162,12 +162,20 @@ bool PageDocument::SetTextColor(std::optional<Color> color) {
     return style && SUCCEEDED(style->put_color(name.Get()));
 }
 
-// Null before version 9.
-ComPtr<IHTMLCSSStyleDeclaration> PageDocument::ComputedStyle(bool ofBody) const {
+ComPtr<IHTMLCSSStyleDeclaration> PageDocument::BodyStyle() const {
+    return ComputedStyleOf(body_);
+}
+
+ComPtr<IHTMLCSSStyleDeclaration> PageDocument::RootStyle() const {
+    return ComputedStyleOf(RootOf(document_.Get()));
+}
+
+ComPtr<IHTMLCSSStyleDeclaration>
+PageDocument::ComputedStyleOf(const ComPtr<IDispatch>& element) const {
     ComPtr<IHTMLWindow2> window;
     if (!body_ || FAILED(document_->get_parentWindow(&window))) return {};
     const auto modern = Query<IHTMLWindow7>(window);
-    const auto node = Query<IHTMLDOMNode>(ofBody ? body_ : RootOf(document_.Get()));
+    const auto node = Query<IHTMLDOMNode>(element);
     ComPtr<IHTMLCSSStyleDeclaration> style;
     if (!modern || !node || FAILED(modern->getComputedStyle(node.Get(), nullptr, &style)))
         return {};

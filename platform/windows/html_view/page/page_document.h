@@ -30,13 +30,16 @@ class PageDocument {
     bool ScrollTo(int left, int top);
     bool SetBackColor(Color);
     bool SetTextColor(std::optional<Color>); // none: the page's own
-    // Computed style of the body or of the root element; null without one.
-    ComPtr<IHTMLCSSStyleDeclaration> ComputedStyle(bool ofBody) const;
+    // As they are computed; null without one, and before version 9.
+    ComPtr<IHTMLCSSStyleDeclaration> BodyStyle() const;
+    ComPtr<IHTMLCSSStyleDeclaration> RootStyle() const;
 
     ComPtr<IHTMLTxtRange> WholeText() const;
     ComPtr<IHTMLTxtRange> SelectedText() const; // null when the selection is not text
 
   private:
+    ComPtr<IHTMLCSSStyleDeclaration> ComputedStyleOf(const ComPtr<IDispatch>& element) const;
+
     ComPtr<IHTMLDocument2> document_;
     ComPtr<IDispatch> body_;
     std::wstring originalTextColor_; // of the body's style attribute
