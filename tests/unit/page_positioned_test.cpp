@@ -25,6 +25,23 @@ TEST_CASE("page positioned: a side bar that is fixed to the window stands beside
           "0,0 head|0,16 one");
     CHECK(Lines(u"<div style='position:fixed;top:0;left:-60px;width:60px'>menu</div>one", 160) ==
           "0,0 menu|0,16 one");
+    // Without a width, between insets that leave it a side of the window.
+    const std::u16string between =
+        u"<div style='position:fixed;top:0;bottom:0;left:0;right:60%'>bar</div>";
+    CHECK(Lines(u"<div style='margin-left:40%'>one</div>" + between + u"two", 160) ==
+          "64,0 one|0,16 two|0,0 bar");
+}
+
+TEST_CASE("page positioned: padding without a background covers nothing") {
+    const auto menu = [](const std::u16string& style) {
+        return Lines(
+            u"<div style='position:relative;overflow:hidden'><p style='margin:20px 0 0'>head</p>"
+            u"<div style='position:absolute;top:0;padding:4px 0;" +
+                style + u"'>menu</div><p>one",
+            100);
+    };
+    CHECK(menu(u"") == "0,20 head|0,52 one|0,4 menu");
+    CHECK(menu(u"background:#eee") == "0,20 head|32,52 one|0,40 menu");
 }
 
 TEST_CASE("page positioned: what a page puts above itself covers nothing") {

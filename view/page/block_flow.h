@@ -85,6 +85,8 @@ class BlockFlow {
     std::optional<double> TopOf(const CssBoxStyle& style, const PositionedRoom& room,
                                 double boxHeight) const;
     bool IsAbovePage(const CssBoxStyle& style, const PositionedRoom& room, double boxHeight) const;
+    FloatRect SeenPart(const CssBoxStyle& style, FloatRect box, double containing) const;
+    FloatRect BelowWhatItCovers(const CssBoxStyle& style, FloatRect box, double containing) const;
     FloatRect PlaceOf(const CssBoxStyle& style, const PositionedRoom& room, const FloatRect& inText,
                       const InlineLayout& layout) const;
     bool IsClear(const InlineEdges& content, double height) const;

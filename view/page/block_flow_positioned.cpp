@@ -4,6 +4,7 @@
 #include "view/page/covered_area.h"
 #include "view/page/formatting_contexts.h"
 #include "view/page/item_layout.h"
+#include "view/page/page_background.h"
 
 #include <algorithm>
 
@@ -13,16 +14,17 @@ constexpr int maxSteps = 3;
 // Letter sizes that a box beside earlier text may stand lower than its style says.
 constexpr double maxLower = 12;
 
-FloatRect BelowWhatItCovers(FloatRect box, const PageFragment& fragment) {
+double TopBelowWhatItCovers(FloatRect area, const PageFragment& fragment) {
     for (int step = 0; step < maxSteps; ++step) {
-        const double bottom = CoveredBottom(fragment, box);
-        if (bottom <= box.top) return box;
-        box.top = bottom;
+        const double bottom = CoveredBottom(fragment, area);
+        if (bottom <= area.top) return area.top;
+        area.top = bottom;
     }
-    box.top = FreeTop(fragment, box);
-    return box;
+    return FreeTop(fragment, area);
 }
 
+// What insets on both sides leave is beside the text if they take as much of the window.
+constexpr float minInsets = 40; // per cent
 } // namespace
 
 bool IsFixedBeside(const CssBoxStyle& style) {
@@ -30,9 +32,35 @@ bool IsFixedBeside(const CssBoxStyle& style) {
         const CssLength& inset = style.inset[side];
         return inset.kind == CssLength::Kind::Sum || (!inset.IsAuto() && inset.value >= 0);
     };
-    return style.position == CssPosition::Fixed && !style.width.IsAuto() &&
-           !style.width.IsOfContent() && isSet(cssLeft) != isSet(cssRight) &&
-           HasVerticalInset(style);
+    const auto share = [&](CssSide side) {
+        const CssLength& inset = style.inset[side];
+        return inset.kind == CssLength::Kind::Percent ? inset.value : 0;
+    };
+    const bool left = isSet(cssLeft), right = isSet(cssRight);
+    const bool isNarrow = style.width.IsAuto()
+                              ? left && right && share(cssLeft) + share(cssRight) >= minInsets
+                              : left != right && !style.width.IsOfContent();
+    return style.position == CssPosition::Fixed && isNarrow && HasVerticalInset(style);
+}
+
+// Without its padding, through which what is behind it is seen if it has no background.
+FloatRect BlockFlow::SeenPart(const CssBoxStyle& style, FloatRect box, double containing) const {
+    const bool hasBorder =
+        std::ranges::any_of(style.borderWidth, [](float width) { return width > 0; });
+    if (hasBorder || IsDrawn(style.background)) return box;
+    const BoxMeasure& measure = layouter_.Measure();
+    const double top = measure.Length(style.padding[cssTop], containing);
+    box.top += top;
+    box.height =
+        std::max(0.0, box.height - top - measure.Length(style.padding[cssBottom], containing));
+    return box;
+}
+
+FloatRect BlockFlow::BelowWhatItCovers(const CssBoxStyle& style, FloatRect box,
+                                       double containing) const {
+    const FloatRect seen = SeenPart(style, box, containing);
+    if (CoveredBottom(result_, seen) > seen.top) box.top = TopBelowWhatItCovers(box, result_);
+    return box;
 }
 
 BlockFlow::PositionedRoom BlockFlow::RoomIn(std::size_t open) const {
@@ -100,8 +128,9 @@ FloatRect BlockFlow::PlaceOf(const CssBoxStyle& style, const PositionedRoom& roo
                              const FloatRect& inText, const InlineLayout& layout) const {
     FloatRect box = inText;
     box.top = std::max(0.0, TopOf(style, room, inText.height).value_or(inText.top));
-    return CoveredBottom(result_, box) > box.top || CoveredBottom(layout, box) > box.top ? inText
-                                                                                         : box;
+    const FloatRect seen = SeenPart(style, box, room.sides.Width());
+    const double bottom = std::max(CoveredBottom(result_, seen), CoveredBottom(layout, seen));
+    return bottom > seen.top ? inText : box;
 }
 
 PageFragmentPtr BlockFlow::LayOutPositioned(PageBoxId id, const InlineEdges& page) {
@@ -182,7 +211,8 @@ bool BlockFlow::PlaceBeside(const SideBox& side) {
     if (!place || place->left < 0 || place->top < 0 || place->top >= top_) return false;
     const FloatRect wanted{place->left, place->top, place->fragment->width,
                            place->fragment->height};
-    const FloatRect box = BelowWhatItCovers(wanted, result_);
+    const FloatRect box =
+        BelowWhatItCovers(*layouter_.Box(side.box).style, wanted, open_[open].room.Width());
     // Below a heading that takes more room than the page reckoned with, but not below its text.
     const double em = layouter_.Box(side.box).text->fontSize * layouter_.Measure().Scale();
     if (box.top - wanted.top > maxLower * em) return false;
@@ -217,7 +247,7 @@ double BlockFlow::AddPositioned(const LinesContent& content, const InlineLayout&
             box.left = std::min(0.0, room.left) - box.width;
         } else if (HasVerticalInset(style)) {
             box = PlaceOf(style, around, box, layout);
-            if (layout.lines.empty()) box = BelowWhatItCovers(box, result_);
+            if (layout.lines.empty()) box = BelowWhatItCovers(style, box, page.Width());
             if (box.Right() > room.left && box.left < room.right) {
                 floats_.Reserve(box, room);
                 positionedBottom_ = std::max(positionedBottom_, box.Bottom());
