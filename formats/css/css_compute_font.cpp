@@ -10,11 +10,21 @@ namespace {
 
 using P = CssProperty;
 
-// Of xx-small to xxx-large, where medium is 16 pixels: what browsers have.
-constexpr std::array<float, 8> absoluteSizes{9, 10, 13, 16, 18, 24, 32, 48};
-constexpr float mediumSize = 16, stepOfSize = 1.2f;
+// From xx-small to xxx-large, in pixels: what browsers have.
+using AbsoluteSizes = std::array<float, 8>;
+constexpr AbsoluteSizes absoluteSizes{9, 10, 13, 16, 18, 24, 32, 48};
 // The normal size of `monospace` is 13 pixels where that of other fonts is 16.
+constexpr AbsoluteSizes monospaceSizes{9, 10, 12, 13, 16, 20, 26, 39};
+constexpr AbsoluteSizes monospaceQuirksSizes{9, 9, 10, 13, 16, 20, 26, 40};
+constexpr float mediumSize = 16, stepOfSize = 1.2f;
 constexpr float monospaceFactor = 13.0f / 16;
+
+float AbsoluteSize(std::size_t keyword, bool monospace, const CssComputeContext& context) {
+    const AbsoluteSizes& sizes = !monospace       ? absoluteSizes
+                                 : context.quirks ? monospaceQuirksSizes
+                                                  : monospaceSizes;
+    return sizes[std::min(keyword, sizes.size() - 1)] * context.medium.fontSize / mediumSize;
+}
 
 bool IsMonospace(const CssFontFamilies& families) {
     return families.size() == 1 && families[0].generic && families[0].name == u"monospace";
@@ -73,7 +83,7 @@ void ComputeCssFont(const CssCascade& cascade, const CssInheritedStyle& parent,
         }
         if (value.keyword == cssSmaller) return outer / stepOfSize;
         if (value.keyword == cssLarger) return outer * stepOfSize;
-        return absoluteSizes[std::min<std::size_t>(value.keyword, 7)] * medium / mediumSize;
+        return AbsoluteSize(value.keyword, style.monospace, context);
     });
     style.fontSize = std::clamp(size, 0.0f, maxCssFontPixels);
     style.fixedFontSize =

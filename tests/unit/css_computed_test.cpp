@@ -95,6 +95,9 @@ TEST_CASE("css: sizes of fonts") {
         {u"font-size:99999px", 10000},
         {u"font-family:monospace", 20}, // of a size that was given in pixels
         {u"font-family:monospace;font-size:medium", 13},
+        {u"font-family:monospace;font-size:small", 12},
+        {u"font-family:monospace;font-size:x-small", 10},
+        {u"font-family:monospace;font-size:xxx-large", 39},
         {u"font-family:monospace;font-size:1em", 20},
         {u"font-family:monospace;font-size:20px", 20},
         {u"font-family:Courier, monospace", 20},
@@ -111,6 +114,10 @@ TEST_CASE("css: sizes of fonts") {
     CHECK(PageOf(u"html{font-size:10px}#x{width:2rem}", u"<div id=x>").Box().width.value == 20);
     CHECK(PageOf(u"html{font-size:2rem}", u"<div id=x>").Text().fontSize == 32);
     CHECK(PageOf(u"pre{font-family:serif}", u"<pre id=x>t").Text().fontSize == 16);
+    // Old pages count sizes of `monospace` otherwise, with <font> above all.
+    CHECK(PageOf(u"", u"<tt><font id=x size=2>t").Text().fontSize == 12);
+    CHECK(StyledPage(u"<tt><font id=x size=2>t").Text().fontSize == 10);
+    CHECK(StyledPage(u"<font id=x size=2>t").Text().fontSize == 13);
     CssMedium large;
     large.fontSize = 32;
     CHECK(PageOf(u"", u"<small id=x>t", large).Text().fontSize == doctest::Approx(32 / 1.2));
