@@ -114,6 +114,44 @@ TEST_CASE("column widths: a spanning cell widens the columns that have no width 
     CHECK(ColumnWidths(Table(3, {Cell(2, 10, 10), wider, wide}, 400)) == Widths{75, 75, 10});
 }
 
+TEST_CASE("column widths: the text of a spanning cell widens no columns of fixed width") {
+    CellWidth text = Cell(0, 30, 900);
+    text.span = 2;
+    const CellWidth left = Fixed(0, 10, 50, 80), right = Fixed(1, 20, 50, 60);
+    CHECK(ColumnWidths(Table(2, {left, right, text}, 400)) == Widths{80, 60});
+    CellWidth width = text;
+    width.fixed = 280;
+    CHECK(ColumnWidths(Table(2, {left, right, width}, 400)) == Widths{160, 120});
+    // Its longest word has room all the same.
+    CellWidth word = Cell(0, 280, 280);
+    word.span = 2;
+    CHECK(ColumnWidths(Table(2, {left, right, word}, 400)) == Widths{160, 120});
+    CHECK(ColumnWidths(Table(2, {left, text}, 400)) == Widths{80, 320});
+}
+
+TEST_CASE(
+    "column widths: the longest word of a spanning cell widens a column whose own text breaks") {
+    CellWidth word = Cell(0, 150, 150);
+    word.span = 2;
+    TableWidths table = Table(2, {Cell(0, 100, 100), Cell(1, 20, 300), word}, 400);
+    CHECK(ExtentOf(table).min == 150);
+    table.fixed = 150;
+    CHECK(ColumnWidths(table) == Widths{100, 50});
+}
+
+TEST_CASE("column widths: the percentage of a spanning cell goes to columns that have none") {
+    CellWidth half = Cell(0, 10, 10);
+    half.span = 2;
+    half.percentage = 60;
+    TableWidths table =
+        Table(3, {Percent(0, 5, 10, 20), Cell(1, 5, 10), Cell(2, 5, 10), half}, 200);
+    table.fixed = 200;
+    CHECK(ColumnWidths(table) == Widths{40, 80, 80});
+    half.percentage = 50;
+    table.cells = {Cell(0, 5, 10), Cell(1, 5, 30), Cell(2, 5, 10), half};
+    CHECK(ColumnWidths(table) == Widths{25, 75, 100});
+}
+
 TEST_CASE("column widths: a column of the whole width leaves no table narrower than its room") {
     CellWidth whole = Cell(1, 20, 100);
     whole.percentage = 100;

@@ -33,67 +33,6 @@ void AddCell(Column& column, const CellWidth& cell) {
     column.max = std::max(column.max, column.min);
 }
 
-// Which of the spanned columns a wide cell widens: those without a width of their own, if any.
-std::vector<Column*> Growing(Columns& columns, std::size_t from, std::size_t to) {
-    for (const bool any : {false, true}) {
-        std::vector<Column*> growing;
-        for (std::size_t i = from; i < to; ++i)
-            if (any || (!columns[i].fixed && columns[i].percentage == 0))
-                growing.push_back(&columns[i]);
-        if (!growing.empty()) return growing;
-    }
-    return {};
-}
-
-// Shares `extra` by the columns' greatest widths, or evenly if they have none.
-void Widen(const std::vector<Column*>& growing, double extra, double Column::*width) {
-    double total = 0;
-    for (const Column* column : growing)
-        total += column->max;
-    for (Column* column : growing)
-        column->*width +=
-            total > 0 ? extra * column->max / total : extra / static_cast<double>(growing.size());
-}
-
-void AddSpanningCell(Columns& columns, const CellWidth& cell, double spacing) {
-    const std::size_t from = cell.column;
-    const std::size_t to = std::min(columns.size(), from + cell.span);
-    const double between = spacing * static_cast<double>(to - from - 1);
-    const double max = std::max(cell.min, cell.fixed.value_or(cell.max));
-    const auto growing = Growing(columns, from, to);
-    const double extraMin =
-        cell.min - between - Sum(columns, from, to, [](const Column& c) { return c.min; });
-    const double extraMax =
-        max - between - Sum(columns, from, to, [](const Column& c) { return c.max; });
-    if (extraMin > 0) Widen(growing, extraMin, &Column::min);
-    if (extraMax > 0) Widen(growing, extraMax, &Column::max);
-    for (std::size_t i = from; i < to; ++i)
-        columns[i].max = std::max(columns[i].max, columns[i].min);
-}
-
-Columns Measured(const TableWidths& table) {
-    Columns columns(table.columns);
-    std::vector<const CellWidth*> spanning;
-    for (const CellWidth& cell : table.cells) {
-        if (cell.column >= columns.size()) continue;
-        if (cell.span <= 1)
-            AddCell(columns[cell.column], cell);
-        else
-            spanning.push_back(&cell);
-    }
-    // The narrower spans first, so that a wide one finds what they have widened.
-    std::stable_sort(spanning.begin(), spanning.end(),
-                     [](const CellWidth* a, const CellWidth* b) { return a->span < b->span; });
-    for (const CellWidth* cell : spanning)
-        AddSpanningCell(columns, *cell, table.spacing);
-    double percentages = 0; // together at most the whole table
-    for (Column& column : columns) {
-        column.percentage = std::clamp(column.percentage, 0.0, 100.0 - percentages);
-        percentages += column.percentage;
-    }
-    return columns;
-}
-
 double Spacing(const TableWidths& table) {
     return table.columns == 0 ? 0 : table.spacing * static_cast<double>(table.columns + 1);
 }
@@ -119,13 +58,22 @@ double MaxWidth(const Columns& columns) {
     return asked;
 }
 
-// What is left when every column has its greatest width goes to those without a width of their
-// own, else to those of fixed width, else to all.
-void ShareRest(std::vector<double>& widths, const Columns& columns, double rest) {
+// Whose width is shared, which decides who gets the rest when every column has its greatest width.
+enum class Sharing { OfTable, OfSpanningWidth, OfSpanningText };
+
+// The rest goes to columns without a width of their own, else to those of fixed width, else to
+// all. Empty ones get of a table only what no other wants. The text of a cell over several columns
+// widens none of fixed width, as the texts of the columns' own cells do not.
+void ShareRest(std::vector<double>& widths, const Columns& columns, double rest, Sharing sharing) {
+    const bool fixedToo = sharing != Sharing::OfSpanningText;
     const std::function<bool(const Column&)> groups[] = {
         [](const Column& c) { return !c.fixed && c.percentage == 0 && c.max > 0; },
-        [](const Column& c) { return c.fixed && c.percentage == 0; },
-        [](const Column& c) { return c.percentage > 0; }, [](const Column&) { return true; }};
+        [&](const Column& c) {
+            return !c.fixed && c.percentage == 0 && sharing != Sharing::OfTable;
+        },
+        [&](const Column& c) { return c.fixed && c.percentage == 0 && fixedToo; },
+        [](const Column& c) { return c.percentage > 0; },
+        [&](const Column& c) { return !c.fixed || fixedToo; }};
     for (const auto& isIn : groups) {
         double weights = 0;
         std::size_t count = 0;
@@ -140,7 +88,7 @@ void ShareRest(std::vector<double>& widths, const Columns& columns, double rest)
     }
 }
 
-std::vector<double> Distributed(const Columns& columns, double width) {
+std::vector<double> Distributed(const Columns& columns, double width, Sharing sharing) {
     const double minPercent = width / 100;
     const auto percent = [&](const Column& c) {
         return std::max(c.min, c.percentage * minPercent);
@@ -170,8 +118,67 @@ std::vector<double> Distributed(const Columns& columns, double width) {
     }
     for (std::size_t i = 0; i < columns.size(); ++i)
         widths[i] = (*below)(columns[i]);
-    ShareRest(widths, columns, width - sumBelow);
+    ShareRest(widths, columns, width - sumBelow, sharing);
     return widths;
+}
+
+// What a cell over several columns asks for as a percentage goes to those that ask for none, by
+// their greatest widths or evenly if they have none.
+void AddSpanningPercentage(Columns& columns, const CellWidth& cell) {
+    double rest = cell.percentage.value_or(0);
+    double weights = 0;
+    std::size_t count = 0;
+    for (const Column& column : columns) {
+        rest -= column.percentage;
+        if (column.percentage == 0) weights += column.max, ++count;
+    }
+    if (rest <= 0) return;
+    for (Column& column : columns)
+        if (column.percentage == 0)
+            column.percentage =
+                weights > 0 ? rest * column.max / weights : rest / static_cast<double>(count);
+}
+
+void AddSpanningCell(Columns& columns, const CellWidth& cell, double spacing) {
+    const auto from = columns.begin() + std::ptrdiff_t(cell.column);
+    const auto to =
+        columns.begin() + std::ptrdiff_t(std::min(columns.size(), cell.column + cell.span));
+    Columns spanned(from, to);
+    AddSpanningPercentage(spanned, cell);
+    const double between = spacing * static_cast<double>(spanned.size() - 1);
+    const double max = std::max(cell.min, cell.fixed.value_or(cell.max));
+    const auto mins =
+        Distributed(spanned, std::max(0.0, cell.min - between), Sharing::OfSpanningWidth);
+    for (std::size_t i = 0; i < spanned.size(); ++i)
+        spanned[i].min = std::max(spanned[i].min, mins[i]);
+    const auto maxs = Distributed(spanned, std::max(0.0, max - between),
+                                  cell.fixed ? Sharing::OfSpanningWidth : Sharing::OfSpanningText);
+    for (std::size_t i = 0; i < spanned.size(); ++i)
+        spanned[i].max = std::max({spanned[i].max, spanned[i].min, maxs[i]});
+    std::copy(spanned.begin(), spanned.end(), from);
+}
+
+Columns Measured(const TableWidths& table) {
+    Columns columns(table.columns);
+    std::vector<const CellWidth*> spanning;
+    for (const CellWidth& cell : table.cells) {
+        if (cell.column >= columns.size()) continue;
+        if (cell.span <= 1)
+            AddCell(columns[cell.column], cell);
+        else
+            spanning.push_back(&cell);
+    }
+    // The narrower spans first, so that a wide one finds what they have widened.
+    std::stable_sort(spanning.begin(), spanning.end(),
+                     [](const CellWidth* a, const CellWidth* b) { return a->span < b->span; });
+    for (const CellWidth* cell : spanning)
+        AddSpanningCell(columns, *cell, table.spacing);
+    double percentages = 0; // together at most the whole table
+    for (Column& column : columns) {
+        column.percentage = std::clamp(column.percentage, 0.0, 100.0 - percentages);
+        percentages += column.percentage;
+    }
+    return columns;
 }
 } // namespace
 
@@ -181,7 +188,7 @@ std::vector<double> ColumnWidths(const TableWidths& table) {
     const double min = Sum(columns, 0, columns.size(), [](const Column& c) { return c.min; });
     const double asked = table.fixed ? *table.fixed - spacing
                                      : std::min(MaxWidth(columns), table.available - spacing);
-    return Distributed(columns, std::max(min, asked));
+    return Distributed(columns, std::max(min, asked), Sharing::OfTable);
 }
 
 WidthExtent ExtentOf(const TableWidths& table) {
