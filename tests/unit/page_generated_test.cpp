@@ -67,6 +67,19 @@ TEST_CASE("generated: a block of its own stands above or below") {
     CHECK(Lines(block + u"<div class=r>one</div>two") == "0,0 one|0,26 two");
 }
 
+TEST_CASE("generated: a cell of its own stands beside the text of a table") {
+    const std::u16string cells =
+        u"<style>.t{display:table}.t::before{content:'(1)';display:table-cell;width:40px}"
+        u".e::after{content:'end';display:table-cell}.n::before{content:'';display:table}</style>";
+    CHECK(Lines(cells + u"<div class=t>one</div>two") == "0,0 (1)|40,0 one|0,16 two");
+    CHECK(Lines(cells + u"<div class='t e'><p style='margin:0'>one</div>two") ==
+          "0,0 (1)|40,0 one|64,0 end|0,16 two");
+    CHECK(Lines(cells + u"<div class='t e'></div>two") == "0,0 (1)|40,0 end|0,16 two");
+    CHECK(Lines(cells + u"<div class=t><div style='display:table-row'>one</div></div>two") ==
+          "0,0 (1)|0,16 one|0,32 two");
+    CHECK(Lines(cells + u"<div class='t n'>one</div>two") == "0,0 one|0,16 two");
+}
+
 TEST_CASE("generated: floats, and blocks in lines") {
     const std::u16string sheets =
         u"<style>.f::before{content:'1';float:right}.i::after{content:'2';display:inline-block;"

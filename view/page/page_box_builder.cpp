@@ -179,7 +179,8 @@ class PageBoxBuilder : private BlockBuilder {
     }
 
     // Before or after what is in an element; in lines that would begin with the node `at`.
-    void BuildGenerated(HtmlNodeId id, CssStyle style, GeneratedPlace place, HtmlNodeId at) {
+    void BuildGenerated(HtmlNodeId id, CssStyle style, GeneratedPlace place,
+                        HtmlNodeId at) override {
         if (!HasOwnBox(style)) {
             lines_.AddGenerated(style, at);
             return lines_.AddGeneratedPictures(style, id);

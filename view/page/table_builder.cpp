@@ -31,7 +31,7 @@ void TableBuilder::BuildTable(HtmlNodeId table, HtmlSiblings parts, HtmlNodeId a
     boxes_.Open(PageBoxKind::Table, table);
     if (boxes_.Top().text->borderCollapse == CssBorderCollapse::Collapse)
         collapsed_.push_back(boxes_.TopId());
-    BuildRows(parts, after);
+    BuildRows(table, parts, after);
     boxes_.Close();
     part_ = around;
 }
@@ -89,10 +89,30 @@ bool TableBuilder::IsShownPart(HtmlNodeId id) const {
     return node.IsElement() && styles_.Of(id).box->display != CssDisplay::None;
 }
 
-// Parts of a table or of a group of rows. Cells, and what does not belong there, stand in a row of
-// their own, as many as come together.
-void TableBuilder::BuildRows(HtmlSiblings parts, HtmlNodeId after) {
-    bool inRow = false;
+// What `content` puts into a table as a cell, such as the number of an item that is one.
+bool TableBuilder::IsShownCell(CssStyle generated) const {
+    return generated.box && generated.box->display == CssDisplay::TableCell &&
+           !IsOutOfFlow(*generated.box) && generated.box->floats == CssFloat::None &&
+           !styles_.Content(generated.box->content).empty();
+}
+
+void TableBuilder::BuildGeneratedCell(HtmlNodeId table, CssStyle style, GeneratedPlace place,
+                                      HtmlNodeId at) {
+    CloseCell(at);
+    if (boxes_.Top().kind != PageBoxKind::Row) boxes_.Open(PageBoxKind::Row, noHtmlNode);
+    boxes_.Open(PageBoxKind::Cell, noHtmlNode);
+    blocks_.BuildGenerated(table, style, place, at);
+    CloseCell(at);
+}
+
+// Parts of a table, or of a group of rows where that is noHtmlNode. Cells, and what does not belong
+// there, stand in a row of their own, as many as come together.
+void TableBuilder::BuildRows(HtmlNodeId table, HtmlSiblings parts, HtmlNodeId after) {
+    const bool isTable = table != noHtmlNode;
+    const CssStyle first = isTable ? styles_.Before(table) : CssStyle{};
+    const CssStyle last = isTable ? styles_.After(table) : CssStyle{};
+    bool inRow = IsShownCell(first);
+    if (inRow) BuildGeneratedCell(table, first, GeneratedPlace::Before, parts.first);
     ForEach(tree_, parts, [&](HtmlNodeId child) {
         if (!IsShownPart(child)) return;
         const CssDisplay display = DisplayOf(child);
@@ -108,7 +128,9 @@ void TableBuilder::BuildRows(HtmlSiblings parts, HtmlNodeId after) {
         else
             BuildCell(child);
     });
-    if (inRow) CloseRow(after);
+    const bool endsWithCell = IsShownCell(last);
+    if (endsWithCell) BuildGeneratedCell(table, last, GeneratedPlace::After, after);
+    if (inRow || endsWithCell) CloseRow(after);
 }
 
 void TableBuilder::BuildPart(HtmlNodeId id, CssDisplay display) {
@@ -121,7 +143,7 @@ void TableBuilder::BuildPart(HtmlNodeId id, CssDisplay display) {
     default: break;
     }
     boxes_.Open(PageBoxKind::RowGroup, id);
-    BuildRows({tree_[id].firstChild, noHtmlNode}, tree_.NextAfter(id));
+    BuildRows(noHtmlNode, {tree_[id].firstChild, noHtmlNode}, tree_.NextAfter(id));
     boxes_.Close();
 }
 

@@ -13,6 +13,9 @@ class BlockBuilder {
     virtual ~BlockBuilder() = default;
     virtual void BuildBlock(PageBoxKind kind, HtmlNodeId node) = 0;
     virtual void Visit(HtmlNodeId node) = 0; // as a part of what is open
+    // In lines that would begin with the node `at`.
+    virtual void BuildGenerated(HtmlNodeId node, CssStyle style, GeneratedPlace place,
+                                HtmlNodeId at) = 0;
 };
 
 struct TableParts {
@@ -46,7 +49,9 @@ class TableBuilder {
     bool IsShownPart(HtmlNodeId id) const;
     bool HasLongRow(HtmlNodeId parent) const;
     void BuildTable(HtmlNodeId table, HtmlSiblings parts, HtmlNodeId after);
-    void BuildRows(HtmlSiblings parts, HtmlNodeId after); // `after` is what follows them
+    void BuildRows(HtmlNodeId table, HtmlSiblings parts, HtmlNodeId after); // what follows them
+    bool IsShownCell(CssStyle generated) const;
+    void BuildGeneratedCell(HtmlNodeId table, CssStyle style, GeneratedPlace place, HtmlNodeId at);
     void BuildPart(HtmlNodeId id, CssDisplay display);
     void BuildRow(HtmlNodeId row);
     void BuildCell(HtmlNodeId id);
