@@ -15,7 +15,7 @@ const std::u16string four = u"<p>one<p>two<p>three<p>four";
 
 std::string Filled(const std::vector<ColumnChunk>& chunks, std::size_t columns) {
     std::string text;
-    for (const ColumnChunk& column : Balanced(chunks, columns).columns)
+    for (const ColumnChunk& column : Balanced(chunks, columns, 0).columns)
         text += std::to_string(int(column.top)) + "-" + std::to_string(int(column.bottom)) + " ";
     return text;
 }
@@ -58,6 +58,14 @@ TEST_CASE("columns: what is to stay together does") {
 TEST_CASE("columns: a heading across them") {
     CHECK(Columns(u"columns:2", u"<p>one<p>two<h2 style='column-span:all'>head</h2>" + four) ==
           "0,0 one|200,0 two|0,16 head|0,32 one|0,48 two|200,32 three|200,48 four|0,64 end");
+}
+
+TEST_CASE("columns: the first margin holds, those at later columns' tops do not") {
+    const std::u16string style = u"columns:2}p{margin:10px 0 !important";
+    CHECK(Columns(style, u"<p>one<p>two") == "0,10 one|200,0 two|0,31 end");
+    CHECK(Columns(style, u"<p>one") == "0,10 one|0,26 end");
+    CHECK(Columns(style, u"<p>one<h2 style='column-span:all'>head</h2><p>two<p>three") ==
+          "0,10 one|0,26 head|0,52 two|200,42 three|0,73 end");
 }
 
 TEST_CASE("columns: higher than a window there is one") {

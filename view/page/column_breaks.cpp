@@ -97,9 +97,11 @@ std::vector<ColumnChunk> ColumnChunksOf(const PageFragment& text, const PageBoxe
     return ChunkReader(boxes, container).Read(text);
 }
 
-// As low as they can be.
-ColumnBreaks Balanced(const std::vector<ColumnChunk>& chunks, std::size_t columns) {
-    double low = 0, high = 0;
+// As low as they can be, but with margins between and below the chunks no lower than their share.
+ColumnBreaks Balanced(const std::vector<ColumnChunk>& chunks, std::size_t columns,
+                      double textHeight) {
+    const double share = textHeight / double(columns);
+    double low = share, high = share;
     for (const ColumnChunk& chunk : chunks) {
         low = std::max(low, chunk.bottom - chunk.top);
         high = std::max(high, chunk.bottom - chunks.front().top);
@@ -109,6 +111,8 @@ ColumnBreaks Balanced(const std::vector<ColumnChunk>& chunks, std::size_t column
         const double middle = (low + high) / 2;
         (Filled(chunks, middle).columns.size() <= columns ? high : low) = middle;
     }
-    const ColumnBreaks lowest = Filled(chunks, low);
-    return lowest.columns.size() <= columns ? lowest : Filled(chunks, high);
+    ColumnBreaks breaks = Filled(chunks, low);
+    if (breaks.columns.size() > columns) breaks = Filled(chunks, high);
+    breaks.height = std::max(breaks.height, share);
+    return breaks;
 }

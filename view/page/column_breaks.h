@@ -18,4 +18,6 @@ struct ColumnBreaks {
 // From above to below; none overlap. In columns of the box `container`.
 std::vector<ColumnChunk> ColumnChunksOf(const PageFragment& text, const PageBoxes& boxes,
                                         PageBoxId container);
-ColumnBreaks Balanced(const std::vector<ColumnChunk>& chunks, std::size_t columns);
+// `textHeight` is that of the text with all its margins.
+ColumnBreaks Balanced(const std::vector<ColumnChunk>& chunks, std::size_t columns,
+                      double textHeight);

@@ -77,13 +77,14 @@ class ColumnLayouter {
         if (from == end && from != container_) return true;
         PageFragment text;
         const double height = Flow(from, end, columnWidth_, text);
-        const auto chunks = ColumnChunksOf(text, layouter_.Boxes(), container_);
+        auto chunks = ColumnChunksOf(text, layouter_.Boxes(), container_);
         if (count_ == 1 || chunks.empty()) {
             Add(std::move(text), result);
             top_ += height;
             return true;
         }
-        const ColumnBreaks breaks = Balanced(chunks, count_);
+        chunks.front().top = std::min(chunks.front().top, 0.0); // its margin holds
+        const ColumnBreaks breaks = Balanced(chunks, count_, height);
         if (breaks.height > maxColumnHeight * layouter_.Measure().Scale()) return false;
         breaks_ = &breaks.columns;
         MoveIntoColumns(text);
