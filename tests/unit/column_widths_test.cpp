@@ -69,9 +69,11 @@ TEST_CASE("column widths: a fixed width holds unless a word is wider") {
     TableWidths wide = Table(2, {Fixed(0, 10, 50, 80), Cell(1, 20, 100)}, 400);
     wide.fixed = 400;
     CHECK(ColumnWidths(wide) == Widths{80, 320});
-    // Rather than that a column without anything in it becomes wide.
+    // Rather than that a column without any cell of its own becomes wide.
     wide.cells.pop_back();
     CHECK(ColumnWidths(wide) == Widths{400, 0});
+    wide.cells.push_back(Cell(1, 0, 0));
+    CHECK(ColumnWidths(wide) == Widths{80, 320});
 }
 
 TEST_CASE("column widths: a percentage is of the table") {
@@ -150,6 +152,21 @@ TEST_CASE("column widths: the percentage of a spanning cell goes to columns that
     half.percentage = 50;
     table.cells = {Cell(0, 5, 10), Cell(1, 5, 30), Cell(2, 5, 10), half};
     CHECK(ColumnWidths(table) == Widths{25, 75, 100});
+}
+
+TEST_CASE(
+    "column widths: a spanning cell asks for what its columns would in a table of its width") {
+    CellWidth wide = Cell(0, 150, 150);
+    wide.span = 2;
+    // A fixed width counts as it is, not as its words.
+    CHECK(ColumnWidths(Table(2, {Fixed(0, 7, 50, 50), Cell(1, 8, 8), wide}, 400)) ==
+          Widths{50, 100});
+    CHECK(ColumnWidths(Table(2, {Percent(0, 7, 7, 20), Cell(1, 8, 8), wide}, 400)) ==
+          Widths{30, 120});
+    CHECK(ColumnWidths(Table(2, {Fixed(0, 7, 50, 50), Cell(1, 0, 0), wide}, 400)) ==
+          Widths{50, 100});
+    // Between words and lines each has its share of what it lacks, as in narrow tables.
+    CHECK(ColumnWidths(Table(2, {Cell(0, 20, 80), Cell(1, 60, 120), wide}, 0)) == Widths{55, 95});
 }
 
 TEST_CASE("column widths: a column of the whole width leaves no table narrower than its room") {

@@ -8,6 +8,7 @@ struct Column {
     double min = 0, max = 0;
     double percentage = 0; // 0 for none
     bool fixed = false;    // its max is what its style says
+    bool hasCell = false;  // of its own
 };
 using Columns = std::vector<Column>;
 using Measure = std::function<double(const Column&)>;
@@ -20,6 +21,7 @@ double Sum(const Columns& columns, std::size_t from, std::size_t to, const Measu
 }
 
 void AddCell(Column& column, const CellWidth& cell) {
+    column.hasCell = true;
     column.min = std::max(column.min, cell.min);
     if (cell.percentage) column.percentage = std::max(column.percentage, *cell.percentage);
     if (cell.fixed && !column.fixed) { // the texts of other cells do not widen it
@@ -62,14 +64,15 @@ double MaxWidth(const Columns& columns) {
 enum class Sharing { OfTable, OfSpanningWidth, OfSpanningText };
 
 // The rest goes to columns without a width of their own, else to those of fixed width, else to
-// all. Empty ones get of a table only what no other wants. The text of a cell over several columns
+// all. Those without a cell of their own get of a
+// table only what no other wants. The text of a cell over several columns
 // widens none of fixed width, as the texts of the columns' own cells do not.
 void ShareRest(std::vector<double>& widths, const Columns& columns, double rest, Sharing sharing) {
     const bool fixedToo = sharing != Sharing::OfSpanningText;
     const std::function<bool(const Column&)> groups[] = {
         [](const Column& c) { return !c.fixed && c.percentage == 0 && c.max > 0; },
         [&](const Column& c) {
-            return !c.fixed && c.percentage == 0 && sharing != Sharing::OfTable;
+            return !c.fixed && c.percentage == 0 && (c.hasCell || sharing != Sharing::OfTable);
         },
         [&](const Column& c) { return c.fixed && c.percentage == 0 && fixedToo; },
         [](const Column& c) { return c.percentage > 0; },
