@@ -60,6 +60,20 @@ TEST_CASE("page layout: limits of widths and heights") {
     CHECK(Lines(u"<img style='width:100px;max-width:25%' >a", 200) == "0,0 #a");
 }
 
+TEST_CASE("page layout: the shape of a box gives its height") {
+    const auto box = [](const std::u16string& style, const std::u16string& text = u"") {
+        return Lines(u"<div style='width:64px;" + style + u"'>" + text + u"</div>x");
+    };
+    CHECK(box(u"aspect-ratio:2/1") == "0,32 x");
+    CHECK(box(u"aspect-ratio:2;padding:8px") == "0,48 x");
+    CHECK(box(u"aspect-ratio:2;padding:8px;box-sizing:border-box") == "0,32 x");
+    CHECK(box(u"aspect-ratio:2;max-height:20px") == "0,20 x");
+    CHECK(box(u"aspect-ratio:2;height:10px") == "0,10 x");
+    CHECK(box(u"aspect-ratio:4", u"a<br>b") == "0,0 a/|0,16 b|0,32 x"); // no lower than its text
+    CHECK(Lines(u"<div style='display:flex;flex-direction:column'><div style='aspect-ratio:8'>"
+                u"</div>x</div>") == "0,50 x");
+}
+
 TEST_CASE("page layout: relative boxes keep their place for what is around") {
     CHECK(
         Lines(u"<p style='margin:0;position:relative;left:10%;top:-4px'>a<p style='margin:0'>b") ==

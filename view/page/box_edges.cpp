@@ -1,5 +1,8 @@
 #include "view/page/box_edges.h"
 
+#include "formats/css/css_limits.h"
+#include "formats/css/css_rare_style.h"
+
 #include <algorithm>
 
 namespace {
@@ -76,6 +79,17 @@ double BoxMeasure::LimitHeight(const CssBoxStyle& style, double height) const {
     if (style.minHeight.kind == CssLength::Kind::Pixels)
         height = std::max(height, ContentSize(style.minHeight, 0, insets, style));
     return height;
+}
+
+double BoxMeasure::HeightByShape(const CssBoxStyle& style, double containing,
+                                 double contentWidth) const {
+    const double ratio = style.rare->aspectRatio;
+    if (ratio <= 0) return 0;
+    const bool isOfBorders = style.boxSizing == CssBoxSizing::BorderBox;
+    const BoxInsets insets = Insets(style, containing);
+    const double width = contentWidth + (isOfBorders ? SideInsets(style, containing) : 0);
+    const double height = width / ratio - (isOfBorders ? insets.Top() + insets.Bottom() : 0);
+    return std::clamp(height, 0.0, maxCssPixels * scale_);
 }
 
 // Of two sides that say different things that of the start and the top holds; percentages of a

@@ -43,6 +43,8 @@ class BoxMeasure {
     // Likewise of the height, of which a percentage is `auto`.
     double GivenHeight(const CssBoxStyle& style) const;
     double LimitHeight(const CssBoxStyle& style, double height) const;
+    // The content's height by `aspect-ratio`, within no limits of the style; 0 without one.
+    double HeightByShape(const CssBoxStyle& style, double containing, double contentWidth) const;
 
     // By which a relative box is drawn away from its place.
     struct Shift {

@@ -1,5 +1,7 @@
 #include "view/page/flow_leaf.h"
 
+#include "formats/css/css_rare_style.h"
+
 bool StandsAlone(const PageBox& box) {
     if (box.kind == PageBoxKind::Picture || box.kind == PageBoxKind::Table) return true;
     if (box.parent == noPageBox || box.isTooLong) return false; // the page, or as much of it
@@ -9,7 +11,7 @@ bool StandsAlone(const PageBox& box) {
         return length.kind == CssLength::Kind::Pixels;
     };
     return style.flowRoot || isSet(style.height) || isSet(style.minHeight) ||
-           isSet(style.maxHeight);
+           isSet(style.maxHeight) || style.rare->aspectRatio > 0;
 }
 
 bool IsFlowLeaf(const PageBoxes& boxes, PageBoxId id) {

@@ -25,13 +25,15 @@ bool HidesItsContent(const CssBoxStyle& style) {
 
 // Of a block whose lines have this one. The height of a cell is its row's, in which its content is
 // placed.
-double PageLayouter::ContentHeight(const PageBox& box, const PageFragment& content,
-                                   double natural) const {
+double PageLayouter::ContentHeight(const PageBox& box, const PageFragment& content, double natural,
+                                   double containing) const {
     if (box.kind == PageBoxKind::Cell) return natural;
     const double given = measure_.GivenHeight(*box.style);
     // Nothing scrolls but the page as a whole, and nothing covers what follows: a height is the
     // least one for what can be seen. Books make room by more blank lines than the height has.
-    const double height = given >= 0 ? given : measure_.LimitHeight(*box.style, natural);
+    const double byShape = measure_.HeightByShape(*box.style, containing, content.width);
+    const double height =
+        given >= 0 ? given : measure_.LimitHeight(*box.style, std::max(natural, byShape));
     return height < natural ? std::max(height, VisibleBottom(content)) : height;
 }
 
@@ -53,7 +55,7 @@ PageFragmentPtr PageLayouter::LayOutBlock(PageBoxId id, double contentWidth, dou
         content->width = contentWidth;
         bottom = 0;
     }
-    content->height = ContentHeight(box, *content, bottom);
+    content->height = ContentHeight(box, *content, bottom, containing);
     fragment->height = insets.Top() + content->height + insets.Bottom();
     for (PlacedBox& placed : fragment->boxes)
         placed.height = fragment->height;

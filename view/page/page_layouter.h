@@ -95,7 +95,8 @@ class PageLayouter {
     void AddAlternative(PageBoxId id, double left, double top, Size size,
                         std::shared_ptr<const InlineContent> alternative, PageFragment& fragment);
     double WidthByContent(const CssLength& length, PageBoxId id, double room);
-    double ContentHeight(const PageBox& box, const PageFragment& content, double natural) const;
+    double ContentHeight(const PageBox& box, const PageFragment& content, double natural,
+                         double containing) const;
     double RaiseOf(const PageBox& box, const InlineContent& lines) const;
     PlacedPart PartOf(PageBoxId id, double containing); // at its place in its margins
     void ShiftRelative(PageBoxId id, double containing, PlacedPart& part) const;
