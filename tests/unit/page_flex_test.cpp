@@ -177,6 +177,24 @@ TEST_CASE("flex: items of a row are as high as it") {
     CHECK(boxes(u"align-self:center") == "0,8 24x16 24,0 8x32 ");
 }
 
+TEST_CASE("flex: what is in an item as high as its row shares that height") {
+    const auto row = [](const std::u16string& style, const std::u16string& items) {
+        return Lines(u"<div class=f><p>a<br>b<br>c<br>d</p><div class=f style='" + style + u"'>" +
+                     items + u"</div></div>");
+    };
+    const std::string tall = "0,0 a/|0,16 b/|0,32 c/|0,48 d|";
+    const std::u16string column = u"flex-direction:column";
+    CHECK(row(column, u"<p>one<p>two") == tall + "8,0 one|8,16 two");
+    CHECK(row(column, u"<p>one<p style='margin-top:auto'>two") == tall + "8,0 one|8,48 two");
+    CHECK(row(column, u"<p style='flex:1'>one<p>two") == tall + "8,0 one|8,48 two");
+    CHECK(row(column + u";justify-content:center", u"<p>one<p>two") == tall + "8,16 one|8,32 two");
+    CHECK(row(column + u";justify-content:flex-end", u"<p>one") == tall + "8,48 one");
+    CHECK(row(u"align-items:center", u"<p>one<p>x<br>y") == tall + "8,24 one|32,16 x/|32,32 y");
+    CHECK(row(u"align-items:flex-end", u"<p>one") == tall + "8,48 one");
+    CHECK(row(u"", u"<div class=f style='align-items:flex-end'><p>one</div>") == tall + "8,48 one");
+    CHECK(row(u"max-height:16px;" + column, u"<p style='margin-top:auto'>one") == tall + "8,0 one");
+}
+
 TEST_CASE("flex: a number of a line goes by the page around the container") {
     CHECK(Lines(u"<div class=f style='justify-content:center'><p>one<span style='position:absolute;"
                 u"right:10%'>5</span></div>") == "188,0 one|352,0 5");

@@ -54,16 +54,6 @@ double ItemLayout::Height(PageBoxId item, const PageFragment& fragment) const {
            measure.Margin(StyleOf(item), cssBottom, width_);
 }
 
-PageFragmentPtr ItemLayout::StretchedTo(PageBoxId item, PageFragmentPtr fragment,
-                                        double height) const {
-    const PageBoxKind kind = layouter_.Box(item).kind;
-    const CssBoxStyle& style = StyleOf(item);
-    const bool isBlock = kind == PageBoxKind::Block || kind == PageBoxKind::Lines;
-    if (!isBlock || !style.height.IsAuto() || !style.maxHeight.IsAuto()) return fragment;
-    if (style.margin[cssTop].IsAuto() || style.margin[cssBottom].IsAuto()) return fragment;
-    return Stretched(fragment, fragment->height + height - Height(item, *fragment));
-}
-
 void ItemLayout::Place(PageBoxId item, PageFragmentPtr fragment, double left, double top,
                        PageFragment& result) const {
     const CssBoxStyle& style = StyleOf(item);

@@ -28,6 +28,11 @@ class ItemLayout {
                PageFragment& result) const;
 
   private:
+    PageFragmentPtr Shared(const PageFragment& content, double free) const;
+    void ShareInRow(const std::vector<PageBoxId>& items, double free,
+                    std::vector<PlacedPart>& parts) const;
+    void ShareInColumn(const std::vector<PageBoxId>& items, double free,
+                       std::vector<PlacedPart>& parts) const;
     std::optional<InlineEdges> PositionedFrom(const PageBox& box, double left) const;
     const CssBoxStyle& StyleOf(PageBoxId id) const { return *layouter_.Box(id).style; }
 
