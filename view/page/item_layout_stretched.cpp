@@ -79,8 +79,8 @@ void ItemLayout::ShareInColumn(const std::vector<PageBoxId>& items, double free,
     const bool isTaken = autoMargins > 0 || growing > 0;
     const bool isAtEnd = !isTaken && style.justifyContent == CssJustifyContent::End;
     double lower = !isTaken && style.justifyContent == CssJustifyContent::Center ? free / 2
-                   : isAtEnd != isUpwards && !isTaken                           ? free
-                                                                                : 0;
+                   : isAtEnd != isUpwards && !isTaken                            ? free
+                                                                                 : 0;
     for (std::size_t i = 0; i < items.size(); ++i) {
         PlacedPart& part = parts[i];
         if (autoMargins > 0) lower += free * margins(items[i], cssTop) / autoMargins;
