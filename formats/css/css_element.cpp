@@ -36,15 +36,12 @@ bool IsHtmlLink(const HtmlNode& node) {
 }
 
 bool HasCssWord(std::u16string_view text, std::u16string_view word, CssCase letters) {
-    for (std::size_t at = 0; at < text.size();) {
-        const std::size_t start = at;
-        while (at < text.size() && !IsCssSpace(text[at]))
-            ++at;
-        const std::u16string_view one = text.substr(start, at - start);
-        const bool isWord =
-            letters == CssCase::Insensitive ? EqualsIgnoringAsciiCase(one, word) : one == word;
-        if (!one.empty() && isWord) return true;
-        ++at;
+    std::size_t at = 0;
+    std::u16string_view one = NextCssClass(text, at);
+    while (!one.empty()) {
+        if (letters == CssCase::Insensitive ? EqualsIgnoringAsciiCase(one, word) : one == word)
+            return true;
+        one = NextCssClass(text, at);
     }
     return false;
 }

@@ -1,5 +1,6 @@
 // Rules and declarations with their errors, media and imports: which rules a sheet has.
 #include "common/utf.h"
+#include "formats/css/css_limits.h"
 #include "formats/css/css_media.h"
 #include "formats/css/css_page_sheets.h"
 #include "formats/css/css_parser.h"
@@ -157,12 +158,11 @@ TEST_CASE("css: media queries") {
     CHECK(AskCssMedia(u"(orientation: landscape)", {}).dependsOnViewport);
     CHECK_FALSE(AskCssMedia(u"screen", {}).dependsOnViewport);
     CHECK(AskCssMedia(u"(orientation: portrait)", {100, 100}).applies);
-    const auto nested = [](int depth) {
-        return std::u16string(std::size_t(depth), u'(') + u"width" +
-               std::u16string(std::size_t(depth), u')');
+    const auto nested = [](std::size_t depth) {
+        return std::u16string(depth, u'(') + u"width" + std::u16string(depth, u')');
     };
-    CHECK(AskCssMedia(nested(5), {}).applies);
-    CHECK_FALSE(AskCssMedia(nested(1000), {}).applies);
+    CHECK(AskCssMedia(nested(1 + maxCssSelectorDepth), {}).applies);
+    CHECK_FALSE(AskCssMedia(nested(2 + maxCssSelectorDepth), {}).applies);
     CHECK(ReadCss(u"@media (min-width:1px){p{color:red}}").dependsOnViewport);
 }
 

@@ -77,6 +77,7 @@ TEST_CASE("css: text becomes tokens") {
         {u"\\31 23 \\26 B \\000026B", "id:123 _ id:&B _ id:&B"},
         {u"\\110000x \\d800 \\0 ", "id:\uFFFDx _ id:\uFFFD\uFFFD"},
         {u"\\31\r\n2 \\\U0001F600x", "id:12 _ id:\U0001F600x"},
+        {u"\\\uFFFFx \\\U00010000x", "id:\uFFFFx _ id:\U00010000x"},
         {u"\\", "id:\uFFFD"},
         {u"\\\n", "\\ _"},
         {u"'x\\", "'x'"},

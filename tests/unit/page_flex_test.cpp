@@ -154,6 +154,14 @@ TEST_CASE("flex: margins of a column take what is left") {
                          u"<p style='margin-bottom:auto'>two</div>") == "0,0 one|0,32 two");
 }
 
+TEST_CASE("flex: margins at the sides of a column's items take what is left beside them") {
+    const std::u16string item = u"<div class=f style='flex-direction:column'><p style='";
+    CHECK(Lines(item + u"margin-left:auto'>one</div>") == "376,0 one");
+    CHECK(Lines(item + u"margin:0 auto'>one</div>") == "188,0 one");
+    CHECK(Lines(item + u"margin-right:auto;align-self:end'>one</div>") == "0,0 one");
+    CHECK(Lines(item + u"margin:0 auto'>onelongword</div>", 80) == "0,0 onelongword");
+}
+
 TEST_CASE("flex: rows from below to above, and columns") {
     const std::u16string reverse = u"<div class=f style='flex-wrap:wrap-reverse;width:40px'>";
     CHECK(Lines(reverse + u"<p>one<p>two</div>x") == "0,0 two|0,16 one|0,32 x");

@@ -113,6 +113,8 @@ TEST_CASE("grid: areas and lines have names") {
     CHECK(Grid(lines, u"<p style='grid-column:text'>one<p style='grid-column:full'>two") ==
           "50,0 one|0,16 two");
     CHECK(Grid(u"grid-template-areas:'a b' 'b a'", u"<p style='grid-area:b'>x") == "0,0 x");
+    // Areas make columns by themselves.
+    CHECK(Grid(u"grid-template-areas:'a b'", u"<p>one<p>two") == "0,0 one|200,0 two");
     for (const auto* const noRectangle : {u"'a a' 'a b'", u"'a b' 'a a'", u"'a .' '. b' 'a .'"})
         CHECK(Grid(u"grid-template-areas:" + std::u16string(noRectangle),
                    u"<p style='grid-area:b'>x") == "0,0 x");
@@ -125,6 +127,8 @@ TEST_CASE("grid: nothing stands on anything else") {
     CHECK(Grid(u"grid-template-columns:300px 300px", u"<p>one<p>two") == "0,0 one|0,16 two");
     CHECK(Grid(u"grid-template-columns:1fr 1fr", u"<p>oneword<p>another", 100) ==
           "0,0 oneword|0,16 another");
+    // By a part of a pixel they may be wider.
+    CHECK(Grid(u"grid-template-columns:200.5px 200px", u"<p>one<p>two") == "0,0 one|200,0 two");
 }
 
 TEST_CASE("grid: rows are at least as high as they say, and as their items") {

@@ -240,6 +240,9 @@ TEST_CASE("page layout: margins and padding of what stands in a line") {
     CHECK(Lines(u"<span style='margin-left:16px'>aa</span> b", 40) == "0,0 #?aa|0,16 b");
     CHECK(Lines(u"aa <span style='padding:0 8px'>b</span> c", 56) == "0,0 aa #?b?#|0,16 c");
     CHECK(Lines(u"aa <span style='border:solid 8px'>bb</span>", 48) == "0,0 aa|0,16 #?bb?#");
+    CHECK(Lines(u"<span style='padding-left:1px'>aa</span>", 48) == "0,0 #?aa");
+    CHECK(Lines(u"<span style='border-left:1px solid'>aa</span>", 48) == "0,0 #?aa");
+    CHECK(Lines(u"<span style='margin-left:1px'>aa</span>", 48) == "0,0 #?aa");
 }
 
 TEST_CASE("page layout: percentages in a table within a cell make its column no wider") {

@@ -66,6 +66,16 @@ TEST_CASE("page painter: an element of two lines has its sides where it begins a
                                                          {56, 51, 1, 18}});
 }
 
+TEST_CASE("page painter: borders around a first letter, and around what content adds") {
+    const std::u16string border = u"{border:1px solid #00ff00}</style>";
+    const std::vector<Rect> around{{0, 0, 10, 1}, {0, 17, 10, 1}, {0, 0, 1, 18}, {9, 0, 1, 18}};
+    CHECK(Fills(Painted(u"<style>p{margin:0;padding-top:1px}p:first-letter" + border + u"<p>one"),
+                0x00FF00) == around);
+    CHECK(Fills(Painted(u"<style>p{margin:0;padding-top:1px}p:before{content:'1'}p:before" +
+                        border + u"<p>one"),
+                0x00FF00) == around);
+}
+
 TEST_CASE("page painter: backgrounds in lines, one on the other, raised with their text") {
     const auto drawings = Painted(u"<mark>a<b style='background:#ff0000'>b</b>c</mark>"
                                   u"<span style='visibility:hidden;background:#00ff00'>d</span>");

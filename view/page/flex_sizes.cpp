@@ -38,7 +38,6 @@ void Share(const std::vector<FlexSize>& items, double width, double gap, bool gr
         double weights = 0;
         for (std::size_t i = 0; i < items.size(); ++i)
             if (!fixed[i]) weights += weight(items[i]);
-        if (weights <= 0) return;
         // Weights below one in all leave a part of the room free.
         if (grows && weights < 1 && all * weights < free) free = all * weights;
         double change = 0;
