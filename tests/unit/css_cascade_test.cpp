@@ -80,6 +80,21 @@ TEST_CASE("css: what is inherited and what is not") {
     CHECK(page.Box(u"y").display == CssDisplay::InlineBlock);
 }
 
+TEST_CASE("css: every display is inherited as it is") {
+    for (const std::u16string_view display :
+         {u"inline", u"block", u"list-item", u"inline-block", u"table", u"inline-table",
+          u"table-row", u"table-cell", u"flex", u"inline-flex", u"grid", u"inline-grid"}) {
+        std::u16string css = u"div{float:none;display:";
+        css += display;
+        css += u"}#x{display:";
+        // Items of flex containers and grids are blocks.
+        css += display.ends_with(u"flex") || display.ends_with(u"grid") ? u"block" : display;
+        css += u"}#y{display:inherit}";
+        const StyledPage page = PageOf(css, u"<div><p id=x>a</p><p id=y>b</p></div>");
+        CHECK_MESSAGE(page.Box(u"y").display == page.Box(u"x").display, Utf16ToUtf8(display));
+    }
+}
+
 TEST_CASE("css: revert goes back to the default sheet") {
     const StyledPage page =
         PageOf(u"p{display:inline;margin:0}p{display:revert;margin:revert}", u"<p id=x>text");

@@ -72,6 +72,7 @@ TEST_CASE("page floats: text stands on the broader side of a box, and after one 
     CHECK(roomBeside(10, 20) == InlineEdges{20, 100});
     CHECK(roomBeside(80, 90) == InlineEdges{0, 80});
     CHECK(roomBeside(40, 60) == InlineEdges{60, 100});
+    CHECK(roomBeside(30, 30) == page);
 }
 
 TEST_CASE("page floats: clearing goes below those of a side") {

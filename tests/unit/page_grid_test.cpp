@@ -168,6 +168,13 @@ TEST_CASE("grid: one in a line is as wide as its columns") {
               .Lines(400) == "0,0 a#b|8,0 one|32,0 two");
 }
 
+TEST_CASE("grid: a cell around one is as wide as its longest word") {
+    CHECK(PageSample(u"<table cellpadding=0 cellspacing=0><td><div style='display:grid'><p "
+                     u"style='margin:0'>a longestword</div><td>one two three four five</table>")
+              .Lines(128) ==
+          "0,24 a|0,40 longestword|88,0 one|88,16 two|88,32 three|88,48 four|88,64 five");
+}
+
 TEST_CASE("grid: more tracks than any page has") {
     CHECK(Grid(u"grid-template-columns:repeat(1000000,1px)", u"<p>a<p>b").find('b') !=
           std::string::npos);

@@ -14,27 +14,21 @@ double WidthOf(const std::vector<FlexPlace>& places, double gap) {
     return width;
 }
 
-// The room taken while those that are not at their limit yet have their basis.
-double TakenWidth(const std::vector<FlexSize>& items, const std::vector<FlexPlace>& places,
-                  const std::vector<bool>& fixed, double gap) {
-    double width = gap * double(items.size() - 1);
-    for (std::size_t i = 0; i < items.size(); ++i)
-        width += fixed[i] ? places[i].width : items[i].basis;
-    return width;
-}
-
-// Shares what is left, or missing, between the items that are not at their limit yet. Of limits
-// that are met in a round only those on the side that changes the sum more are kept.
+// Shares what is left, or missing, between the items that are not at their limit yet: these begin
+// each round with their basis. Of limits that are met in a round only those on the side that
+// changes the sum more are kept.
 void Share(const std::vector<FlexSize>& items, double width, double gap, bool grows,
            std::vector<FlexPlace>& places) {
     const auto weight = [grows](const FlexSize& item) { return grows ? item.grow : item.shrink; };
     std::vector<bool> fixed(items.size());
-    for (std::size_t i = 0; i < items.size(); ++i)
+    for (std::size_t i = 0; i < items.size(); ++i) {
         fixed[i] = weight(items[i]) <= 0 || (grows ? items[i].basis > Hypothetical(items[i])
                                                    : items[i].basis < Hypothetical(items[i]));
-    const double all = width - TakenWidth(items, places, fixed, gap);
+        if (!fixed[i]) places[i].width = items[i].basis;
+    }
+    const double all = width - WidthOf(places, gap);
     for (std::size_t round = 0; round < items.size(); ++round) {
-        double free = width - TakenWidth(items, places, fixed, gap);
+        double free = width - WidthOf(places, gap);
         double weights = 0;
         for (std::size_t i = 0; i < items.size(); ++i)
             if (!fixed[i]) weights += weight(items[i]);
@@ -53,6 +47,7 @@ void Share(const std::vector<FlexSize>& items, double width, double gap, bool gr
             if (fixed[i]) continue;
             const double by = places[i].width - wanted[i];
             fixed[i] = change > 0 ? by > 0 : change < 0 ? by < 0 : true;
+            if (!fixed[i]) places[i].width = items[i].basis;
             limited = limited || fixed[i];
         }
         if (!limited) return;
