@@ -1,7 +1,7 @@
 #include "formats/css/css_element.h"
 
 #include "formats/css/css_limits.h"
-#include "formats/css/css_tokenizer.h"
+#include "formats/html/html_units.h"
 
 #include <algorithm>
 
