@@ -432,6 +432,19 @@ TEST_CASE("page layout: a table's share of a width is with its borders and besid
                 u"five six seven</table>") == "0,0 one two three four five|0,16 six seven");
 }
 
+TEST_CASE("page layout: what is positioned may stand in the padding of its box") {
+    const auto box = [](const std::u16string& style, const std::u16string& place) {
+        return Lines(u"<div style='position:relative;width:300px;padding:20px;" + style +
+                     u"'>text<b style='position:absolute;right:10px;" + place + u"'>7</b></div>");
+    };
+    CHECK(box(u"", u"top:2px") == "20,20 text|322,2 7");
+    CHECK(box(u"overflow:hidden", u"top:2px") == "20,20 text|322,2 7");
+    CHECK(box(u"overflow:hidden", u"top:-90px") == "20,20 text|322,0 7"); // but not above the page
+    CHECK(box(u"float:left", u"top:2px") == "20,20 text|322,2 7");
+    CHECK(box(u"display:flex", u"") == "20,20 text|322,20 7");
+    CHECK(box(u"display:flex", u"left:5px") == "20,20 text|5,20 7");
+}
+
 TEST_CASE("page layout: what is positioned goes by the nearest box that says so") {
     const std::u16string number = u"<b style='position:absolute;right:10px'>7</b>";
     CHECK(Lines(u"<p style='margin:0 100px'>one" + number) == "100,0 one|382,0 7");

@@ -127,7 +127,8 @@ bool BlockFlow::IsAbovePage(const CssBoxStyle& style, const PositionedRoom& room
 FloatRect BlockFlow::PlaceOf(const CssBoxStyle& style, const PositionedRoom& room,
                              const FloatRect& inText, const InlineLayout& layout) const {
     FloatRect box = inText;
-    box.top = std::max(0.0, TopOf(style, room, inText.height).value_or(inText.top));
+    const double highest = std::min(0.0, room.top.value_or(0)); // in its box's padding
+    box.top = std::max(highest, TopOf(style, room, inText.height).value_or(inText.top));
     const FloatRect seen = SeenPart(style, box, room.sides.Width());
     const double bottom = std::max(CoveredBottom(result_, seen), CoveredBottom(layout, seen));
     return bottom > seen.top ? inText : box;

@@ -37,9 +37,12 @@ PageFragmentPtr ItemLayout::LayOut(PageBoxId item, double left, double width) {
 }
 
 std::optional<InlineEdges> ItemLayout::PositionedFrom(const PageBox& box, double left) const {
-    left += layouter_.Measure().Margin(*box.style, cssLeft, width_);
-    if (StyleOf(container_).position != CssPosition::Static)
-        return InlineEdges{-left, width_ - left};
+    const BoxMeasure& measure = layouter_.Measure();
+    left += measure.Margin(*box.style, cssLeft, width_);
+    const CssBoxStyle& around = StyleOf(container_);
+    if (around.position != CssPosition::Static)
+        return InlineEdges{-left - measure.Length(around.padding[cssLeft], width_),
+                           width_ - left + measure.Length(around.padding[cssRight], width_)};
     if (!positioned_) return {};
     return InlineEdges{positioned_->left - left, positioned_->right - left};
 }
