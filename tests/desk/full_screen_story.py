@@ -72,6 +72,7 @@ class FullScreen(Story):
         self.program.start()
         self.program.wait_until_settled()
         self.wait_for_rectangle(self.window)
+        self.program.finish_keys()
         self.enter()
         self.program.close()
         self.assertEqual(self.stored(), before)
