@@ -301,6 +301,14 @@ TEST_CASE("page layout: markers of lists") {
         CHECK(ListMarker(type, number) == marker);
 }
 
+TEST_CASE("page layout: the end of an element after a break begins no line") {
+    const std::u16string item = u"<dd style='display:inline;margin:0'>"; // isolated in its line
+    CHECK(Lines(item + u"one<br></dd><p style='margin:0'>x") == "0,0 one/|0,16 x");
+    CHECK(Lines(u"<div>" + item + u"<b style='background:red'>one<br></b></dd></div>x") ==
+          "0,0 one/|0,16 x");
+    CHECK(Lines(u"<div>" + item + u"one<br></dd>two</div>x").ends_with("|0,32 x"));
+}
+
 TEST_CASE("page layout: a break at the end of a block begins no line") {
     CHECK(Lines(u"<div>one<br></div>two") == "0,0 one/|0,16 two");
     CHECK(Lines(u"<div>one<br><br></div>two") == "0,0 one/|0,16 /|0,32 two");

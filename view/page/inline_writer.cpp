@@ -9,6 +9,7 @@
 #include "view/page/text_case.h"
 #include "view/page/text_cut.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -197,8 +198,25 @@ void InlineWriter::RemoveTrailingSpace() {
         origins.pop_back();
 }
 
+// Ends of isolated elements after the last break, where they would be a line.
+void InlineWriter::RemoveControlsAfterBreak() {
+    const std::size_t last = Text().find_last_not_of(u"\u2069\u202C");
+    if (last == std::u16string::npos || Text()[last] != lineSeparator) return;
+    Text().erase(last + 1);
+    const TextPos length = Length();
+    std::erase_if(Content().origins,
+                  [&](const InlineOrigin& each) { return each.start >= length; });
+    for (InlineDecoration& each : Content().decorations) {
+        each.start = std::min(each.start, length);
+        each.end = std::min(each.end, length);
+    }
+    for (auto& each : Content().hidden)
+        each.end = std::min(each.end, length);
+}
+
 std::shared_ptr<InlineContent> InlineWriter::Finish() {
     RemoveTrailingSpace();
+    RemoveControlsAfterBreak();
     TruncateClusters(Text());
     return std::move(content_);
 }

@@ -46,6 +46,7 @@ class InlineWriter {
     void JoinWords(char16_t next);
     void Hide(TextPos start);
     void RemoveTrailingSpace();
+    void RemoveControlsAfterBreak();
 
     PageFonts& fonts_;
     std::shared_ptr<InlineContent> content_ = std::make_shared<InlineContent>();
