@@ -5,6 +5,7 @@ import subprocess
 from harness.wait import wait_for
 
 FROM = 38, 139  # pixels from the dialog's left and lower edges to "Pages from"
+MAX_STEPS = 20
 
 
 def is_whole(pdf):
@@ -29,12 +30,22 @@ class Printing:
         height = self.program.rectangle(self.dialog)[3]
         self.program.key("alt+o")  # more of the dialog
         wait_for(lambda: self.program.rectangle(self.dialog)[3] > height, "the options")
-        self.program.wait_until_idle()
-        left, top, _, height = self.program.rectangle(self.dialog)
+        left, top, _, height = self.settled_rectangle()
         self.program.click(left + FROM[0], top + height - FROM[1])
         for page in (first, last):
             self.program.key("Tab")
             self.screen.xdotool("type", "--delay", 0, str(page))
+
+    def settled_rectangle(self):
+        """The dialog grows in steps, between which nobody is busy."""
+        before = None
+        for _ in range(MAX_STEPS):
+            self.program.wait_until_idle()
+            rectangle = self.program.rectangle(self.dialog)
+            if rectangle == before:
+                return rectangle
+            before = rectangle
+        raise AssertionError(f"the dialog is still growing: {before}")
 
     def print(self):
         self.program.key("Return")
